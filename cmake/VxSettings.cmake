@@ -1,0 +1,48 @@
+# Settings that every target of the tree shares.
+option(VX_BUILD_TESTS "Build the test programs" ON)
+option(VX_BUILD_BENCHMARKS "Build the benchmarks" ON)
+option(VX_WERROR "Treat warnings as errors" ON)
+set(VX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+# The program, the libraries and the plug-in folder lie beside each other in the build tree as
+# they do when installed, so both are started the same way.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(VX_PLUGIN_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/vxstudio/plugins")
+set(VX_PLUGIN_INSTALL_DIR "${CMAKE_INSTALL_LIBDIR}/vxstudio/plugins")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
+endif()
+
+find_program(VX_CCACHE ccache)
+if(VX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${VX_CCACHE}")
+endif()
+
+add_library(vx_settings INTERFACE)
+target_compile_definitions(vx_settings INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)
+target_compile_options(vx_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
+  $<$<BOOL:${VX_WERROR}>:-Werror>
+  # Warnings name a source file from its last "\src\" on: give every file that root, whatever
+  # folder the tree was cloned into.
+  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=/src/)
+if(VX_SANITIZE)
+  target_compile_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=undefined)
+  target_link_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE})
+endif()
