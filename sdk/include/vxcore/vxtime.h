@@ -1,0 +1,17 @@
+#ifndef VXCORE_VXTIME_H
+#define VXCORE_VXTIME_H
+
+#include <QtCore/QMetaType>
+
+/// A point in time, or a span of it, in ticks; signed, 32 bits. 4800 ticks make a second, so every
+/// usual frame rate has a whole number of ticks per frame.
+using VxTime = qint32;
+
+/// Ticks per second.
+constexpr VxTime VxTicksPerSecond = 4800;
+
+/// The latest and the earliest time there is: bounds for "everything from here on".
+constexpr VxTime VxTimeMax = 2147483647;
+constexpr VxTime VxTimeMin = -VxTimeMax - 1;
+
+#endif
