@@ -1,0 +1,73 @@
+#ifndef VXCORE_VXACTION_H
+#define VXCORE_VXACTION_H
+
+#include <QtWidgets/QAction>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+/// A command of the application: one object a class, made by the action manager, that menus, tool
+/// bars, shortcuts and scripts trigger.
+///
+/// A plain action overrides executeAction(), a checkable one toggleAction(bool); QAction's own
+/// triggered(bool) calls the right one. A class that is checkable but exclusive by value (a choice
+/// among several) overrides executeAction() and answers false to isToggle().
+class VXCORE_EXPORT VxAction : public QAction
+{
+    Q_OBJECT
+    Q_PROPERTY(QString description READ getDescription)
+    Q_PROPERTY(QString defaultMenuPath READ getDefaultMenuPath)
+    Q_PROPERTY(QString actionGroup READ getActionGroup)
+    Q_PROPERTY(QString defaultAccel READ getDefaultAccel)
+public:
+    /// text: what a menu shows. description: one or two sentences for status line and help.
+    explicit VxAction(const QString &text, const QString &description = QString(),
+                      bool checkable = false);
+    ~VxAction() override;
+
+    QString getDescription() const;
+    void setDescription(const QString &description);
+
+    /// Called by the action manager after creation and again whenever a pane is created: reads the
+    /// state of whatever the action acts on. The base does nothing.
+    virtual void init();
+
+    /// Renews status tip, what's-this text and tool tip from text, description and shortcut.
+    virtual void updateInlineHelp();
+
+    /// The shortcut the action has unless the user chose another, in portable text form such as
+    /// "Ctrl+C"; empty for none.
+    virtual QString getDefaultAccel() const;
+    /// The tool bar the action stands in by default; empty for none.
+    virtual QString getDefaultToolBar() const;
+    /// The path of the main menu the action stands in by default, parts joined with "/", such as
+    /// "Animation"; empty for no menu.
+    virtual QString getDefaultMenuPath() const;
+    /// The group within that menu. "Class::" names a pane; a path of sub-menus starts with "/".
+    /// Actions of one group stand together; empty for no group of its own.
+    virtual QString getActionGroup() const;
+
+    /// True for an action whose effect goes to the clipboard of the pane that has the focus: it
+    /// asks before it takes a key press from a text field. False unless overridden.
+    virtual bool isClipboardAction() const;
+
+public Q_SLOTS:
+    /// Runs the action as a click would; does nothing while the action is disabled.
+    void trigger() { QAction::trigger(); }
+
+protected:
+    /// The effect of an action that is not a toggle. The base does nothing.
+    virtual void executeAction();
+    /// The effect of a toggle, after the check mark has changed to onOff. The base calls
+    /// executeAction().
+    virtual void toggleAction(bool onOff);
+    /// True when a trigger goes to toggleAction(); the base answers isCheckable().
+    virtual bool isToggle() const;
+
+private:
+    void handleTriggered(bool onOff);
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,74 @@
+#ifndef VXCORE_VXACTIONMGR_H
+#define VXCORE_VXACTIONMGR_H
+
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class QKeySequence;
+class QMenuBar;
+class QWidget;
+class VxAction;
+class VxPluginMgr;
+class VxSettings;
+
+/// Owns the one instance of each action class and its shortcut.
+///
+/// Actions are created once for the application, from the factories of every registered class
+/// that derives from VxAction. They are found by class name; menus refer to them that way, so a
+/// menu can name an action that no plug-in provides: it is left out.
+class VXCORE_EXPORT VxActionMgr : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxActionMgr(QObject *parent = nullptr);
+    ~VxActionMgr() override;
+
+    /// Creates an instance of every action class among the factories that has none yet, in the
+    /// order of the factories. Does not call init().
+    void createActions(const VxPluginMgr *plugins);
+
+    /// Takes over an action made elsewhere, under its class name. False (and the action is not
+    /// taken) when the class has an instance already.
+    bool addAction(VxAction *action);
+
+    /// Calls init() on every action, in order.
+    void initActions();
+
+    /// The action of a class, or null when there is none.
+    VxAction *findAction(const QString &className) const;
+    int getNumActions() const;
+    /// Null when index lies outside 0 .. getNumActions() - 1.
+    VxAction *getAction(int index) const;
+    QVector<VxAction *> getActions() const;
+
+    /// The shortcut in force; empty for none or for an unknown class.
+    QKeySequence getShortcut(const QString &className) const;
+    /// Gives an action a shortcut of the user's; an empty one takes it away. False for an unknown
+    /// class. A shortcut that another action has is taken from that action.
+    bool setShortcut(const QString &className, const QKeySequence &shortcut);
+    /// Back to the action's default shortcut.
+    void resetShortcut(const QString &className);
+    /// The class name of the action that has a shortcut, or an empty string.
+    QString findShortcut(const QKeySequence &shortcut) const;
+
+    /// Only shortcuts that differ from the defaults are stored.
+    void saveShortcuts(VxSettings *settings) const;
+    void restoreShortcuts(const VxSettings *settings);
+
+    /// Fills a menu bar with every action that has a menu path: menus by getDefaultMenuPath(),
+    /// sub-menus by the part of getActionGroup() behind a "/", separators between groups. Menus
+    /// that exist already (by title) are extended.
+    void populateMenuBar(QMenuBar *menuBar) const;
+
+Q_SIGNALS:
+    void actionAdded(VxAction *action);
+    void shortcutChanged(const QString &className);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

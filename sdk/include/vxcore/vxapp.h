@@ -1,0 +1,76 @@
+#ifndef VXCORE_VXAPP_H
+#define VXCORE_VXAPP_H
+
+#include <QtCore/QObject>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class QWidget;
+class VxMainWindow;
+class VxPluginMgr;
+class VxScene;
+class VxScriptEngine;
+class VxSettings;
+class VxStyle;
+class VxUndoStack;
+
+/// The application as a whole: the one object from which everything else is reached.
+///
+/// Exactly one exists while the program runs; it sets the global `vxApp` and, with the scene it
+/// owns, `vxScene`. It needs a QApplication. The main window is made by the program and registers
+/// itself here.
+class VXCORE_EXPORT VxApp : public QObject
+{
+    Q_OBJECT
+public:
+    VxApp();
+    ~VxApp() override;
+
+    /// The product's name, "VxStudio" unless the program set another. Static, because plug-ins
+    /// ask for it while they are being loaded.
+    static QString getAppName();
+    static void setAppName(const QString &name);
+
+    /// Never null; owned by this object.
+    VxScene *getScene() const;
+    VxUndoStack *getUndoStack() const;
+    VxSettings *getSettings() const;
+    VxPluginMgr *getPluginMgr() const;
+    VxScriptEngine *getScriptEngine() const;
+
+    /// The style in use; never null.
+    VxStyle *getStyle() const;
+    /// Takes over a style, makes it QApplication's and emits styleChanged(). The former style is
+    /// deleted. Null is ignored.
+    void setStyle(VxStyle *style);
+
+    /// The main window, or null while there is none.
+    VxMainWindow *getInterface() const;
+    void setInterface(VxMainWindow *window);
+    /// The widget to give to dialogs as their parent: the main window; may be null.
+    QWidget *getDialogParent() const;
+
+    /// True from the moment the program begins to shut down. Deferred work is skipped then.
+    bool isClosing() const;
+    /// True once starting() has been emitted.
+    bool isStarted() const;
+
+    /// Emits starting(), once: everything is loaded and the event loop is about to run.
+    void start();
+    /// Emits closing(), once, and makes isClosing() true.
+    void beginClosing();
+
+Q_SIGNALS:
+    void styleChanged(VxStyle *style);
+    void starting();
+    void closing();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/// The application object; null before it is made and after it is gone.
+extern VXCORE_EXPORT VxApp *vxApp;
+
+#endif

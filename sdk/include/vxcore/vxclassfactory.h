@@ -1,0 +1,59 @@
+#ifndef VXCORE_VXCLASSFACTORY_H
+#define VXCORE_VXCLASSFACTORY_H
+
+#include <QtCore/QObject>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxguid.h>
+
+class QScriptContext;
+class QScriptEngine;
+class QScriptValue;
+
+/// Makes instances of one class that a plug-in offers, for the host and for scripts.
+///
+/// A factory is a static object of the plug-in, one a class. The plug-in's record refers to it and
+/// the host calls it; whatever it creates belongs to the host.
+class VXCORE_EXPORT VxClassFactory
+{
+public:
+    /// The factory of the class that metaObject describes, under its fixed identifier. metaObject
+    /// is borrowed and must outlive the factory (static meta-objects do).
+    VxClassFactory(const QMetaObject *metaObject, const VxGuid &guid);
+    virtual ~VxClassFactory();
+
+    /// Creates an instance for a script. context holds the script's arguments; the base
+    /// implementation ignores them and forwards to createInstance() without arguments.
+    virtual QObject *createInstance(QScriptContext *context) const;
+
+    /// Creates an instance with the default constructor. The caller owns it. Null when the class
+    /// cannot be created.
+    virtual QObject *createInstance() const = 0;
+
+    /// A second way to the same: forwards to createInstance() unless overridden.
+    virtual QObject *createDefaultInstance() const;
+
+    /// Makes the class known to a script engine. The base implementation remembers the engine's
+    /// registration in the engine's list of host classes; subclasses add the constructor.
+    virtual void registerClass(QScriptEngine *engine) const;
+
+    /// The class name as the meta-object tells it, such as "VxTimePane".
+    QString className() const;
+    const QMetaObject *metaObject() const;
+    VxGuid guid() const;
+
+    /// Sets every key of the enumerations and flag sets of a class (and of its bases up to
+    /// QObject, which is left out) as a read-only number on a script object, under the key's name.
+    static void registerEnumsOnClass(QScriptEngine *engine, const QMetaObject *metaObject,
+                                     QScriptValue &object);
+
+    /// The names of the classes whose factories have registered with an engine, in that order.
+    static QStringList registeredClasses(const QScriptEngine *engine);
+
+private:
+    Q_DISABLE_COPY(VxClassFactory)
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,60 @@
+#ifndef VXCORE_VXPANE_H
+#define VXCORE_VXPANE_H
+
+#include <QtWidgets/QWidget>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class VxActionMenu;
+class VxSettings;
+
+/// Base of every pane: a widget with a title that the main window docks.
+///
+/// The pane's background is drawn by the style in up to three bands. A guide widget at the top or
+/// at the bottom tells where the header or footer band ends, so that a strip of controls outside
+/// of it gets the look of a header or footer.
+class VXCORE_EXPORT VxPane : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString title READ getTitle)
+public:
+    explicit VxPane(const QString &title, QWidget *parent = nullptr);
+    ~VxPane() override;
+
+    /// What the pane's tab or title bar shows.
+    QString getTitle() const;
+
+    /// The widget whose upper edge the header band reaches; null for no header band. Not owned.
+    void setBackgroundHeaderGuide(QWidget *guide);
+    QWidget *getBackgroundHeaderGuide() const;
+    /// The widget at whose lower edge the footer band begins; null for no footer band. Not owned.
+    void setBackgroundFooterGuide(QWidget *guide);
+    QWidget *getBackgroundFooterGuide() const;
+
+    /// Reads the pane's options from its part of the application's settings. Called once by the
+    /// pane manager after creation. The base does nothing.
+    virtual void restoreSettings(VxSettings *settings);
+    /// Writes them back; called when the application saves its settings. The base does nothing.
+    virtual void saveSettings(VxSettings *settings) const;
+
+    /// Fills the pane's options menu. Called each time the menu is about to be shown when the
+    /// version has changed since the last time, else once. The base does nothing.
+    virtual void buildOptionsMenu(VxActionMenu *menu);
+    /// A number to raise when buildOptionsMenu() builds something else than in the last release.
+    virtual int getOptionsMenuVersion() const;
+
+    /// Reloads those fields that show the scene's time. The base does nothing.
+    virtual void updateTimeFields();
+
+    /// The options menu, built on demand; owned by the pane.
+    VxActionMenu *getOptionsMenu();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

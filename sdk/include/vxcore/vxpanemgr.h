@@ -1,0 +1,59 @@
+#ifndef VXCORE_VXPANEMGR_H
+#define VXCORE_VXPANEMGR_H
+
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class VxPane;
+class VxPluginMgr;
+class VxSettings;
+
+/// Creates panes from the factories, one a class, and finds them by class name.
+///
+/// The manager makes a pane and hands it to whoever docks it (paneAdded); the widget that docks it
+/// owns it from then on, and the manager forgets a pane that is destroyed.
+class VXCORE_EXPORT VxPaneMgr : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxPaneMgr(QObject *parent = nullptr);
+    ~VxPaneMgr() override;
+
+    /// Creates every pane class of the factories that has no instance yet, in order.
+    void createPanes(const VxPluginMgr *plugins);
+    /// The pane of a class, created when it does not exist. Null when no factory makes it.
+    VxPane *findOrCreatePane(const QString &className);
+
+    /// Takes up a pane that was made elsewhere. It is not owned. False when its class has one.
+    bool addPane(VxPane *pane);
+
+    /// Destroys every pane that still lives, last one first.
+    void destroyPanes();
+
+    QVector<VxPane *> getPanes() const;
+
+    /// Settings below which each pane has a group under its class name; borrowed, may be null.
+    /// Set before panes are created: each new pane restores from its group.
+    void setSettings(VxSettings *settings);
+    /// Lets every pane write into its group.
+    void saveSettings() const;
+
+public Q_SLOTS:
+    /// The pane of a class such as "VxTimePane", or null when none was created.
+    VxPane *findPane(const QString &className) const;
+    /// Asks the main window to show a pane and bring it to the front.
+    void showPane(VxPane *pane);
+
+Q_SIGNALS:
+    void paneAdded(VxPane *pane);
+    void paneRemoved(const QString &className);
+    void showRequested(VxPane *pane);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

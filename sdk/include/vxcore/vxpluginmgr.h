@@ -1,0 +1,59 @@
+#ifndef VXCORE_VXPLUGINMGR_H
+#define VXCORE_VXPLUGINMGR_H
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class VxClassFactory;
+class VxPlugin;
+class QScriptEngine;
+
+/// Loads plug-in modules and keeps the list of all class factories, the host's own and those of
+/// plug-ins, by class name.
+///
+/// Modules are never unloaded: script values and registered types refer to their code.
+class VXCORE_EXPORT VxPluginMgr : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxPluginMgr(QObject *parent = nullptr);
+    ~VxPluginMgr() override;
+
+    /// Loads one module file. On failure nothing of it is kept and error (when given) says why:
+    /// not loadable, an entry point missing, or an SDK version that does not run in this host
+    /// (the text names both versions).
+    VxPlugin *loadPlugin(const QString &fileName, QString *error = nullptr);
+
+    /// Loads every module of a folder in the order of file names. Returns the number of modules
+    /// loaded; each failure adds a text to errors (when given) and does not stop the others.
+    int loadPlugins(const QString &folder, QStringList *errors = nullptr);
+
+    /// Takes up a record that is already in memory, as the loader does after its checks. The
+    /// record is borrowed. A class name that is already taken is refused with a warning; the
+    /// other classes of the record are kept.
+    void addPlugin(VxPlugin *plugin);
+
+    /// Adds a factory of the host's own. Borrowed. False when the class name is taken.
+    bool addClassFactory(VxClassFactory *factory);
+
+    QVector<VxPlugin *> getPlugins() const;
+    /// Every factory in the order of its adding.
+    QVector<VxClassFactory *> getClassFactories() const;
+    /// Null when no factory makes that class.
+    VxClassFactory *findClassFactory(const QString &className) const;
+
+    /// Registers every factory's class with a script engine, in order.
+    void registerClasses(QScriptEngine *engine) const;
+
+Q_SIGNALS:
+    void pluginAdded(VxPlugin *plugin);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,38 @@
+#ifndef VXCORE_VXVIEWPORTMGR_H
+#define VXCORE_VXVIEWPORTMGR_H
+
+#include <QtCore/QObject>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+/// The conventions of the viewports: which mouse button with which modifiers does what.
+///
+/// A button with modifiers makes an accelerator (a number); an accelerator leads to a view
+/// operation. Other views, such as the key graph, ask here so that the same press pans everywhere.
+class VXCORE_EXPORT VxViewportMgr : public QObject
+{
+    Q_OBJECT
+public:
+    /// View operations by number.
+    enum Operation { NoOperation = 0, Orbit = 1, Zoom = 2, Pan = 3, Frame = 4 };
+    Q_ENUM(Operation)
+
+    explicit VxViewportMgr(QObject *parent = nullptr);
+    ~VxViewportMgr() override;
+
+    /// The accelerator of a single button with keyboard modifiers; 0 for no button. Modifiers
+    /// other than Shift, Ctrl, Alt and Meta do not count.
+    int getMouseBtnAccelerator(Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
+
+    /// The operation of an accelerator, 0 when it has none. To begin with: the middle button
+    /// pans, with Ctrl zooms, with Shift orbits.
+    int getOperation(int accelerator) const;
+    /// Gives an accelerator another operation; NoOperation takes it away.
+    void setOperation(int accelerator, int operation);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif
