@@ -50,10 +50,6 @@ public:
     /// asks before it takes a key press from a text field. False unless overridden.
     virtual bool isClipboardAction() const;
 
-public Q_SLOTS:
-    /// Runs the action as a click would; does nothing while the action is disabled.
-    void trigger() { QAction::trigger(); }
-
 protected:
     /// The effect of an action that is not a toggle. The base does nothing.
     virtual void executeAction();

@@ -1,0 +1,28 @@
+#ifndef VXCORE_VXCHANGEBLOCK_H
+#define VXCORE_VXCHANGEBLOCK_H
+
+#include <vxcore/vxcoreglobal.h>
+
+class VxProperty;
+class VxTimeRange;
+
+/// Holds back change reports while it lives: each property that changed reports once, with the
+/// union of the changed times, when the outermost block ends, in the order of their first changes.
+///
+/// The changes themselves take effect at once. A property destroyed within the block reports
+/// nothing. What a report's receiver changes in turn is reported at once.
+class VXCORE_EXPORT VxChangeBlock
+{
+public:
+    VxChangeBlock();
+    ~VxChangeBlock();
+
+    /// True while any block lives.
+    static bool isActive();
+
+private:
+    VxChangeBlock(const VxChangeBlock &) = delete;
+    VxChangeBlock &operator=(const VxChangeBlock &) = delete;
+};
+
+#endif

@@ -1,0 +1,90 @@
+#ifndef VXCORE_VXFLOATPROPERTY_H
+#define VXCORE_VXFLOATPROPERTY_H
+
+#include <vxcore/vxkey.h>
+#include <vxcore/vxnumericproperty.h>
+
+/// A number in single precision with keys of every interpolation type.
+class VXCORE_EXPORT VxFloatProperty : public VxNumericProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(double defaultValue READ getDefaultValue)
+    Q_PROPERTY(double min READ getMin)
+    Q_PROPERTY(double max READ getMax)
+public:
+    /// The axis that a transform channel acts on; NoAxis for any other property.
+    enum Axis { NoAxis = 0, XAxis = 1, YAxis = 2, ZAxis = 3, AllAxes = 4 };
+    Q_ENUM(Axis)
+
+    explicit VxFloatProperty(const QString &name, float defaultValue = 0.0f);
+    ~VxFloatProperty() override;
+
+    Axis getAxis() const;
+    void setAxis(Axis axis);
+
+    float getDefaultValue() const;
+    /// Limits for editors; values set outside are limited only when clamped is true.
+    float getMin() const;
+    float getMax() const;
+    bool isClamped() const;
+    void setMinMax(float minimum, float maximum, bool clamped = false);
+    /// The step of editors, in the value's unit.
+    float getSensitivity() const;
+    void setSensitivity(float step);
+    /// The type of the first key that is made; Linear to begin with.
+    int getDefaultInterpolation() const;
+    void setDefaultInterpolation(int type);
+
+    float getValue() const;
+    float getValue(VxTime time) const;
+    /// The values at many ascending times, with a moving cursor.
+    void getValues(const VxTime *times, int count, float *values) const;
+    /// See setDoubleValue().
+    bool setValue(float value);
+    bool setValue(VxTime time, float value);
+    /// The value of a property without keys.
+    float getStoredValue() const;
+    bool setStoredValue(float value);
+
+    float getKeyValue(int index) const;
+    bool setKeyValue(int index, float value);
+    int getKeyInterpolationType(int index, float *tension = nullptr, float *continuity = nullptr,
+                                float *bias = nullptr) const override;
+    bool setKeyInterpolation(int index, int type, float tension = 0.0f, float continuity = 0.0f,
+                             float bias = 0.0f);
+    /// Makes or replaces the key at time.
+    bool setKey(VxTime time, float value, int type, float tension = 0.0f, float continuity = 0.0f,
+                float bias = 0.0f);
+
+    /// All keys as borrowed arrays, valid until the next change of the property's keys.
+    VxKeyColumns<float> getKeys() const;
+    /// Makes or replaces many keys in one merge; times ascending without doubles.
+    bool setKeys(const VxKeyColumns<float> &keys);
+    /// Puts keys in the place of all keys within range (ends included); those given outside of it
+    /// merge with what is there.
+    bool replaceKeys(const VxTimeRange &range, const VxKeyColumns<float> &keys);
+    /// Gives the keys at the given indexes (ascending) one interpolation in one pass.
+    bool setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape);
+    bool setKeyValues(const QVector<int> &indexes, const QVector<float> &values);
+
+    int getNumKeys() const override;
+    const VxTime *getKeyTimes() const override;
+    int deleteKeys(const VxTimeRange &range) override;
+    int deleteKeys(int first, int last) override;
+    int deleteKeys(const QVector<int> &indexes) override;
+    using VxNumericProperty::getDoubleValue;
+    using VxNumericProperty::setDoubleValue;
+    double getDoubleValue(VxTime time) const override;
+    double getKeyDoubleValue(int index) const override;
+    bool setDoubleValue(VxTime time, double value) override;
+    bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
+
+    /// Bytes that the keys take in memory, unused capacity included.
+    qint64 getKeyMemory() const;
+
+private:
+    class Private;
+    Private *priv() const;
+};
+
+#endif

@@ -1,0 +1,62 @@
+#ifndef VXCORE_VXNUMERICPROPERTY_H
+#define VXCORE_VXNUMERICPROPERTY_H
+
+#include <vxcore/vxproperty.h>
+
+/// A property whose value is a number: what can be keyed, linked and moved in time.
+///
+/// A link makes the value follow another property's. An open link replaces the value altogether:
+/// value = linked value * factor + offset. A terminal link adds to it: the property's own value
+/// and keys count, and linked value * factor + offset is added; a search for the source of the
+/// value ends there.
+class VXCORE_EXPORT VxNumericProperty : public VxProperty
+{
+    Q_OBJECT
+    Q_PROPERTY(double value READ getDoubleValue WRITE setDoubleValue)
+    Q_PROPERTY(bool linked READ isLinked)
+public:
+    ~VxNumericProperty() override;
+
+    bool canBeKeyed() const override;
+
+    bool isLinked() const;
+    bool isLinkTerminal() const;
+    VxNumericProperty *getLinkedProperty() const;
+    double getLinkFactor() const;
+    double getLinkOffset() const;
+    /// False, and nothing changes, when a circle would arise. Null removes the link. Not owned; a
+    /// link to a property that is destroyed is gone.
+    bool setLink(VxNumericProperty *property, bool terminal = false, double factor = 1.0,
+                 double offset = 0.0);
+
+    /// The value at a time, at the scene's time, and of a key (0 when there is no such key).
+    virtual double getDoubleValue(VxTime time) const = 0;
+    double getDoubleValue() const;
+    virtual double getKeyDoubleValue(int index) const = 0;
+
+    /// Sets the value at a time: while the scene animates and the property is animatable, makes
+    /// or replaces the key there (a replaced key keeps its interpolation, a new one takes that of
+    /// the key before it, else the property's default); otherwise changes the stored value, or,
+    /// where there are keys, the key at that time if there is one. An int property rounds to the
+    /// nearest. False when refused (locked, or neither key nor stored value applies).
+    virtual bool setDoubleValue(VxTime time, double value) = 0;
+    bool setDoubleValue(double value);
+
+    /// Moves keys to new times in one pass: newTimes[i] is for the key at indexes[i] (ascending,
+    /// no doubles). Keys that were not named and lie at a new time are replaced. Two named keys
+    /// must not get the same time. A moved key keeps value and interpolation. False when refused.
+    virtual bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
+    /// Moves all keys within range by offset ticks; the same rules. Times are limited to 32 bits.
+    bool shiftKeys(const VxTimeRange &range, VxTime offset);
+
+    /// True when the value is shown as a percentage (1.0 is shown as 100).
+    bool isPercentage() const;
+    void setPercentage(bool percentage);
+
+protected:
+    class Private;
+    VxNumericProperty(const QString &name, Private *priv);
+    Private *priv() const;
+};
+
+#endif

@@ -1,0 +1,137 @@
+#ifndef VXCORE_VXPROPERTY_H
+#define VXCORE_VXPROPERTY_H
+
+#include <QtCore/QObject>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxtimerange.h>
+
+class VxElement;
+
+/// One named value of an element: the base of all kinds of properties.
+///
+/// The key operations are here, so that rows and skips treat every property alike; a property that
+/// cannot have keys answers zero and refuses. Keys are counted from 0 in ascending order of time,
+/// and no two keys of a property lie at one time.
+///
+/// A property may stand for another (an alias) or be taken over by another (an overriding
+/// control). The property that really holds the keys is its key holder; every key operation on
+/// the one acts on the other, and a change of the holder is reported by both.
+class VXCORE_EXPORT VxProperty : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString name READ getName)
+    Q_PROPERTY(QString label READ getLabel WRITE setLabel)
+    Q_PROPERTY(QString path READ getPath)
+    Q_PROPERTY(bool hidden READ isHidden WRITE setHidden)
+    Q_PROPERTY(bool locked READ isLocked WRITE setLocked)
+    Q_PROPERTY(bool animatable READ isAnimatable WRITE setAnimatable)
+    Q_PROPERTY(bool alias READ isAlias)
+    Q_PROPERTY(int numKeys READ getNumKeys)
+public:
+    /// name: the identifier, unique within its element; also the object name. The label is the
+    /// same text until setLabel().
+    explicit VxProperty(const QString &name);
+    /// Emits propertyDeleted() first.
+    ~VxProperty() override;
+
+    QString getName() const;
+    QString getLabel() const;
+    void setLabel(const QString &label);
+
+    /// The group path: "/" and group names joined with "/", such as
+    /// "/General/Transforms/Translation". Empty for no group. Set by the element that takes the
+    /// property; change it only before that.
+    QString getPath() const;
+    void setPath(const QString &path);
+
+    /// The element that owns the property; null before it was added to one.
+    VxElement *getOwner() const;
+
+    /// Hidden by its author; hidden at present because of the state of something else. Either one
+    /// makes a property count as hidden.
+    bool isHidden() const;
+    void setHidden(bool hidden);
+    bool isDynamicallyHidden() const;
+    void setDynamicallyHidden(bool hidden);
+
+    /// A locked property refuses every change of its value and keys.
+    bool isLocked() const;
+    void setLocked(bool locked);
+    /// False for a property whose value never changes over time: it takes values but no keys.
+    bool isAnimatable() const;
+    void setAnimatable(bool animatable);
+
+    /// True when keys make sense here at all: a numeric, animatable property.
+    virtual bool canBeKeyed() const;
+    /// True for a property that animation editors leave out.
+    bool isExcluded() const;
+    void setExcluded(bool excluded);
+
+    /// Whether the property stands for another, and that property (null when it does not).
+    bool isAlias() const;
+    VxProperty *getAliasedProperty() const;
+    /// Makes the property an alias of another of the same kind; null makes it one of its own
+    /// again. False, and nothing changes, when the kinds differ or a circle would arise. Not
+    /// owned; an alias whose property is destroyed stands for itself again.
+    bool setAliasedProperty(VxProperty *property);
+
+    /// The control that has taken the property over, or null. Not owned; same rules as above.
+    VxProperty *getOverridingControl() const;
+    bool setOverridingControl(VxProperty *property);
+
+    /// The property whose keys this one shows: overriding controls and aliases followed, at most
+    /// 100 steps. Itself when there are none. Never null.
+    VxProperty *getKeyHolder() const;
+
+    Q_INVOKABLE virtual int getNumKeys() const;
+    /// The time of the key at index, in ticks; 0 when there is no such key.
+    Q_INVOKABLE VxTime getKeyTime(int index) const;
+    /// The index of the key at exactly time, or -1.
+    Q_INVOKABLE int findKey(VxTime time) const;
+    /// True when a key lies at exactly time; its index goes to index, when given.
+    bool hasKey(VxTime time, int *index = nullptr) const;
+    /// The times of all keys, ascending, as a plain array of getNumKeys() entries: borrowed, valid
+    /// until the next change of the property's keys. Null when there is no key.
+    virtual const VxTime *getKeyTimes() const;
+    /// The index of the first key at or after time; getNumKeys() when there is none.
+    int getFirstKeyFrom(VxTime time) const;
+
+    /// The interpolation type of a key (0 Linear, 1 Constant, 2 TCB) and its tension, continuity
+    /// and bias (0 unless it has some), when asked for. 0 when there is no such key.
+    virtual int getKeyInterpolationType(int index, float *tension = nullptr,
+                                        float *continuity = nullptr, float *bias = nullptr) const;
+
+    /// Removes every key whose time lies in the range, ends included. Returns how many.
+    virtual int deleteKeys(const VxTimeRange &range);
+    /// Removes the keys from first to last, both included. Indexes outside are cut off.
+    virtual int deleteKeys(int first, int last);
+    /// Removes the keys at the given indexes (ascending, no doubles) in one pass.
+    virtual int deleteKeys(const QVector<int> &indexes);
+    /// Removes every key.
+    Q_INVOKABLE int deleteAllKeys();
+
+Q_SIGNALS:
+    /// Keys or value changed. range spans the times of all keys that came, went, moved or changed,
+    /// both ends included; it is every time when a value without keys changed. Within a
+    /// VxChangeBlock it is sent once, for all changes together, at the block's end.
+    void valueChanged(const VxTimeRange &range);
+    /// The property is being destroyed: nothing but its address may be used.
+    void propertyDeleted(VxProperty *property);
+    /// Label, hidden, locked, animatable, alias or another trait changed.
+    void traitsChanged();
+
+protected:
+    class Private;
+    VxProperty(const QString &name, Private *priv);
+    Private *priv() const { return d.get(); }
+    friend class VxElement;
+    friend class VxChangeBlock;
+
+private:
+    std::unique_ptr<Private> d;
+};
+
+#endif

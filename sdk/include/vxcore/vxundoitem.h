@@ -1,0 +1,36 @@
+#ifndef VXCORE_VXUNDOITEM_H
+#define VXCORE_VXUNDOITEM_H
+
+#include <vxcore/vxcoreglobal.h>
+
+#include <QtCore/qglobal.h>
+
+/// One object's part of an undo entry: the state it had, to be exchanged with the state it has.
+///
+/// Undo and redo are the same step, swap(). An item finds its object through a guarded pointer:
+/// when the object is gone, swap() does nothing.
+class VXCORE_EXPORT VxUndoItem
+{
+public:
+    /// object and kind tell items of one hold apart; the object is not dereferenced.
+    VxUndoItem(const void *object, int kind) : m_object(object), m_kind(kind) {}
+    virtual ~VxUndoItem();
+
+    const void *object() const { return m_object; }
+    int kind() const { return m_kind; }
+
+    /// Exchanges the kept state with the present one.
+    virtual void swap() = 0;
+    /// Called once when the hold is accepted: gives up what did not change. Returns false when
+    /// nothing is left, and the item is dropped.
+    virtual bool finish() { return true; }
+    /// Bytes kept.
+    virtual qint64 memoryUsed() const { return 0; }
+
+private:
+    Q_DISABLE_COPY(VxUndoItem)
+    const void *m_object;
+    int m_kind;
+};
+
+#endif

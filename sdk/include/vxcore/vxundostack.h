@@ -1,0 +1,68 @@
+#ifndef VXCORE_VXUNDOSTACK_H
+#define VXCORE_VXUNDOSTACK_H
+
+#include <QtCore/QObject>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class QUndoStack;
+class VxUndoItem;
+
+/// The scene's history: a list of entries, each made by an accepted VxUndoStackHold.
+class VXCORE_EXPORT VxUndoStack : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int count READ count)
+    Q_PROPERTY(int index READ index)
+    Q_PROPERTY(bool clean READ isClean NOTIFY cleanChanged)
+public:
+    explicit VxUndoStack(QObject *parent = nullptr);
+    ~VxUndoStack() override;
+
+    /// For views of the history and for undo and redo actions. Owned by this object.
+    QUndoStack *qtStack() const;
+
+    bool isClean() const;
+
+    /// True while a hold is open, so that changes are recorded, and no undo or redo is running.
+    bool isRecording() const;
+    /// Adds an item to the open hold; deletes it when nothing is being recorded. Takes ownership.
+    void record(VxUndoItem *item);
+    /// The item that the open hold already has for an object and a kind, or null.
+    VxUndoItem *findItem(const void *object, int kind) const;
+
+    /// Bytes that all entries take, as far as their items tell.
+    qint64 memoryUsed() const;
+
+public Q_SLOTS:
+    /// Undoes or redoes one entry. Ignored while a hold is open. Each property reports once.
+    void undo();
+    void redo();
+    bool canUndo() const;
+    bool canRedo() const;
+    int count() const;
+    /// The number of entries done, out of count().
+    int index() const;
+    /// The text of an entry; empty when there is none.
+    QString text(int index) const;
+    QString undoText() const;
+    QString redoText() const;
+    void clear();
+    /// Makes the present state the one that counts as saved.
+    void setClean();
+    /// A bracket for scripts: like a hold from beginHold() to acceptHold() or cancelHold().
+    void beginHold();
+    void acceptHold(const QString &text);
+    void cancelHold();
+
+Q_SIGNALS:
+    void indexChanged(int index);
+    void cleanChanged(bool clean);
+
+private:
+    friend class VxUndoStackHold;
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

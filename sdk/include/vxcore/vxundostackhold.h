@@ -1,0 +1,35 @@
+#ifndef VXCORE_VXUNDOSTACKHOLD_H
+#define VXCORE_VXUNDOSTACKHOLD_H
+
+#include <QtCore/QString>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+/// Collects the scene changes made while it lives into one undo entry.
+///
+/// Holds may be nested: the outermost one alone makes an entry, under its own text; what the inner
+/// ones accept or cancel makes no difference. Nothing is recorded outside of any hold. Cancelling
+/// only forgets: changes already made stay, so whoever cancels has put them back.
+class VXCORE_EXPORT VxUndoStackHold
+{
+public:
+    VxUndoStackHold();
+    /// Drops the hold when it was neither accepted nor cancelled.
+    ~VxUndoStackHold();
+
+    /// Ends the hold and records everything since its beginning as one entry. A hold in which
+    /// nothing changed, or everything changed back, makes no entry.
+    void accept(const QString &text);
+    /// Ends the hold without an entry.
+    void cancel();
+    /// True until accept() or cancel().
+    bool isOpen() const;
+
+private:
+    VxUndoStackHold(const VxUndoStackHold &) = delete;
+    VxUndoStackHold &operator=(const VxUndoStackHold &) = delete;
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif
