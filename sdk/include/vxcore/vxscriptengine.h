@@ -10,7 +10,8 @@ class QScriptEngine;
 class QScriptValue;
 
 /// What went wrong in a script: where and why.
-struct VXCORE_EXPORT VxScriptError {
+struct VXCORE_EXPORT VxScriptError
+{
     QString fileName;
     int line = -1; ///< 1-based; -1 when unknown
     QString message;

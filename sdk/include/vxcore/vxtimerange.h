@@ -11,7 +11,11 @@ class VxTimeRange
 public:
     /// From 0 to 0.
     constexpr VxTimeRange() = default;
-    constexpr VxTimeRange(VxTime start, VxTime end) : m_start(start), m_end(end) {}
+    constexpr VxTimeRange(VxTime start, VxTime end)
+        : m_start(start)
+        , m_end(end)
+    {
+    }
 
     constexpr VxTime getStart() const { return m_start; }
     constexpr VxTime getEnd() const { return m_end; }

@@ -13,7 +13,11 @@ class VXCORE_EXPORT VxUndoItem
 {
 public:
     /// object and kind tell items of one hold apart; the object is not dereferenced.
-    VxUndoItem(const void *object, int kind) : m_object(object), m_kind(kind) {}
+    VxUndoItem(const void *object, int kind)
+        : m_object(object)
+        , m_kind(kind)
+    {
+    }
     virtual ~VxUndoItem();
 
     const void *object() const { return m_object; }

@@ -5,7 +5,8 @@
 #include <vxcore/vxcoreglobal.h>
 
 /// A version of four parts, compared from the first part to the last.
-struct VXCORE_EXPORT VxVersion {
+struct VXCORE_EXPORT VxVersion
+{
     quint16 major = 0;
     quint16 minor = 0;
     quint16 revision = 0;
@@ -14,7 +15,10 @@ struct VXCORE_EXPORT VxVersion {
     constexpr VxVersion() = default;
     constexpr VxVersion(quint16 majorPart, quint16 minorPart, quint16 revisionPart,
                         quint16 buildPart)
-        : major(majorPart), minor(minorPart), revision(revisionPart), build(buildPart)
+        : major(majorPart)
+        , minor(minorPart)
+        , revision(revisionPart)
+        , build(buildPart)
     {
     }
 

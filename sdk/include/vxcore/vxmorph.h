@@ -1,0 +1,30 @@
+#ifndef VXCORE_VXMORPH_H
+#define VXCORE_VXMORPH_H
+
+#include <vxcore/vxelement.h>
+
+class VxFloatProperty;
+class VxObject;
+
+/// A change of an object's shape, driven by one float property from 0 to 1 shown as a percentage.
+class VXCORE_EXPORT VxMorph : public VxElement
+{
+    Q_OBJECT
+public:
+    /// The value property is named like the morph and stands in the group path given.
+    explicit VxMorph(const QString &name, const QString &path = QStringLiteral("/Shape"));
+    ~VxMorph() override;
+
+    /// Never null; owned by the morph.
+    Q_INVOKABLE VxFloatProperty *getValueControl() const;
+    /// The object that the morph belongs to, or null.
+    Q_INVOKABLE VxObject *getObject() const;
+
+private:
+    friend class VxObject;
+    void setObject(VxObject *object);
+    class Private;
+    Private *priv() const;
+};
+
+#endif

@@ -1,0 +1,120 @@
+#ifndef VXCORE_VXNODE_H
+#define VXCORE_VXNODE_H
+
+#include <QtGui/QMatrix4x4>
+#include <QtGui/QVector3D>
+#include <vxcore/vxelement.h>
+#include <vxcore/vxtime.h>
+
+class QIcon;
+class VxFloatProperty;
+class VxObject;
+class VxScene;
+class VxSkeleton;
+
+/// A node of the scene: a place in the hierarchy with ten transform controls.
+///
+/// The controls are float properties in the groups "/General/Transforms/Translation",
+/// ".../Rotation" (degrees) and ".../Scale". A node owns its child nodes and its object. Nodes
+/// enter a scene with VxScene::addNode(); hierarchy, label and the like are recorded for undo
+/// while a hold is open.
+class VXCORE_EXPORT VxNode : public VxElement
+{
+    Q_OBJECT
+    Q_PROPERTY(bool selected READ isSelected WRITE select)
+    Q_PROPERTY(bool visible READ isVisible WRITE setVisible)
+    Q_PROPERTY(bool selectable READ isSelectable WRITE setSelectable)
+public:
+    /// The order in which the rotations about the axes are multiplied, from left to right: ZYX is
+    /// Rz * Ry * Rx, so a point is turned about X first. Motion files list channels this way.
+    enum RotationOrder { XYZ, XZY, YXZ, YZX, ZXY, ZYX };
+    Q_ENUM(RotationOrder)
+
+    explicit VxNode(const QString &name);
+    ~VxNode() override;
+
+    /// The scene the node is in, or null.
+    VxScene *getScene() const;
+
+    Q_INVOKABLE VxNode *getNodeParent() const;
+    Q_INVOKABLE int getNumNodeChildren() const;
+    /// Null when index lies outside 0 .. getNumNodeChildren() - 1.
+    Q_INVOKABLE VxNode *getNodeChild(int index) const;
+    /// Appends the children to a list; with recursive, each child is followed by its own.
+    void getNodeChildren(QVector<VxNode *> &list, bool recursive = false) const;
+    bool isAncestorOf(const VxNode *node) const;
+    /// The index among the siblings (the parent's children, or the scene's root nodes); -1
+    /// outside of both.
+    int getSiblingIndex() const;
+
+    /// Puts the node below another, or at the top level (null), before the sibling at index (-1:
+    /// last). False, and nothing changes, when the new parent is the node itself or below it or
+    /// in another scene. Emits parentChanged() when the parent differs.
+    bool setNodeParent(VxNode *parent, int index = -1);
+    /// Builds a hierarchy outside of a scene: takes ownership of a node that has no parent.
+    bool addNodeChild(VxNode *child);
+
+    /// The node's object or null; owned by the node. The former object is destroyed after
+    /// objectChanged().
+    Q_INVOKABLE VxObject *getObject() const;
+    void setObject(VxObject *object);
+
+    /// The nearest skeleton above a bone, the node itself for a skeleton, null for others.
+    Q_INVOKABLE virtual VxSkeleton *getSkeleton() const;
+
+    Q_INVOKABLE VxFloatProperty *getXPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getYPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getZPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getXRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getYRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getZRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getXScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getYScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getZScaleControl() const;
+
+    bool isSelected() const;
+    /// Selecting makes the node the primary selection. Selecting a node that is not selectable,
+    /// or in no scene, does nothing.
+    void select(bool onOff = true);
+    bool isSelectable() const;
+    void setSelectable(bool selectable);
+    bool isVisible() const;
+    void setVisible(bool visible);
+    /// True for a helper node that drives others by inverse kinematics.
+    bool isIkNode() const;
+    void setIkNode(bool ik);
+
+    RotationOrder getRotationOrder() const;
+    void setRotationOrder(RotationOrder order);
+    /// The place in the parent's space before translation, and where the node's bone or axis
+    /// ends, in the node's space.
+    QVector3D getOrigin() const;
+    void setOrigin(const QVector3D &origin);
+    QVector3D getEndPoint() const;
+    void setEndPoint(const QVector3D &endPoint);
+
+    /// The transform at a time relative to the parent: translate(origin + position) * rotation *
+    /// scale; and relative to the world.
+    QMatrix4x4 getLocalTransform(VxTime time) const;
+    QMatrix4x4 getWorldTransform(VxTime time) const;
+
+    /// The icon of the node's kind, from the application's style.
+    virtual QIcon getIcon() const;
+
+Q_SIGNALS:
+    /// The node now has another parent (null: top level).
+    void parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
+    void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);
+    void selectedChanged(bool selected);
+    void visibleChanged(bool visible);
+
+protected:
+    class Private;
+    VxNode(const QString &name, Private *priv);
+    QVector<VxElement *> groupedElements() const override;
+    Private *priv() const;
+    friend class VxScene;
+};
+
+#endif

@@ -1,0 +1,30 @@
+#ifndef VXCORE_VXNODELISTITERATOR_H
+#define VXCORE_VXNODELISTITERATOR_H
+
+#include <QtCore/QVector>
+#include <vxcore/vxcoreglobal.h>
+
+class VxNode;
+
+/// Steps through a list of nodes as it was when the iterator was made. Removing nodes while
+/// iterating is up to the caller.
+class VXCORE_EXPORT VxNodeListIterator
+{
+public:
+    explicit VxNodeListIterator(const QVector<VxNode *> &nodes)
+        : m_nodes(nodes)
+    {
+    }
+
+    bool hasNext() const { return m_index < m_nodes.size(); }
+    /// The next node; null at the end.
+    VxNode *next() { return hasNext() ? m_nodes.at(m_index++) : nullptr; }
+    void toFront() { m_index = 0; }
+    int count() const { return m_nodes.size(); }
+
+private:
+    QVector<VxNode *> m_nodes;
+    int m_index = 0;
+};
+
+#endif

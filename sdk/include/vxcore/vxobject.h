@@ -1,0 +1,35 @@
+#ifndef VXCORE_VXOBJECT_H
+#define VXCORE_VXOBJECT_H
+
+#include <vxcore/vxelement.h>
+
+class VxNode;
+
+/// What a node carries, such as a shape: an element with sub-elements, among them morphs.
+class VXCORE_EXPORT VxObject : public VxElement
+{
+    Q_OBJECT
+public:
+    explicit VxObject(const QString &name);
+    ~VxObject() override;
+
+    /// The node that carries the object, or null.
+    Q_INVOKABLE VxNode *getNode() const;
+
+    Q_INVOKABLE int getNumSubElements() const;
+    /// Null when index lies outside 0 .. getNumSubElements() - 1.
+    Q_INVOKABLE VxElement *getSubElement(int index) const;
+    /// Takes ownership and appends. Null and an element that has an owner are ignored.
+    void addSubElement(VxElement *element);
+
+protected:
+    QVector<VxElement *> groupedElements() const override;
+
+private:
+    friend class VxNode;
+    void setNode(VxNode *node);
+    class Private;
+    Private *priv() const;
+};
+
+#endif

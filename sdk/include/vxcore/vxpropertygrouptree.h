@@ -1,0 +1,58 @@
+#ifndef VXCORE_VXPROPERTYGROUPTREE_H
+#define VXCORE_VXPROPERTYGROUPTREE_H
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+
+class VxProperty;
+
+/// A named group of properties with groups below it. Groups and properties stand in the order in
+/// which they were first met.
+class VXCORE_EXPORT VxPropertyGroup
+{
+public:
+    ~VxPropertyGroup();
+
+    /// The last part of the path; empty for the root group.
+    QString getName() const;
+    /// "/" and the names from the top down; empty for the root group.
+    QString getPath() const;
+    int getNumChildren() const;
+    /// Owned by this group; null when there is no such child.
+    VxPropertyGroup *getChild(int index) const;
+    int getNumProperties() const;
+    VxProperty *getProperty(int index) const;
+
+private:
+    friend class VxPropertyGroupTree;
+    VxPropertyGroup();
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/// The properties of an element sorted into groups by their paths.
+class VXCORE_EXPORT VxPropertyGroupTree
+{
+public:
+    VxPropertyGroupTree();
+    ~VxPropertyGroupTree();
+
+    VxPropertyGroup *getRoot() const;
+    /// Sorts a property in by its path; empty parts are dropped.
+    void addProperty(VxProperty *property);
+    /// The group of a path, or null.
+    VxPropertyGroup *findGroup(const QString &path) const;
+
+    /// Every property in the tree's order: those of a group first, then those of the groups below
+    /// it, one after another.
+    QVector<VxProperty *> collectAllProperties() const;
+
+private:
+    Q_DISABLE_COPY(VxPropertyGroupTree)
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,139 @@
+#ifndef VXCORE_VXSCENE_H
+#define VXCORE_VXSCENE_H
+
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxnodelistiterator.h>
+#include <vxcore/vxtimerange.h>
+
+class VxNode;
+
+/// The scene: its nodes and their selection, and the owner of time, ranges and playback.
+///
+/// Time, step, ranges, and the coming and going of nodes are recorded for undo while a hold is
+/// open; selection, looping and playback are not.
+class VXCORE_EXPORT VxScene : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int time READ getTime WRITE setTime NOTIFY timeChanged)
+    Q_PROPERTY(int timeStep READ getTimeStep WRITE setTimeStep NOTIFY timeStepChanged)
+    Q_PROPERTY(bool playing READ isPlaying)
+    Q_PROPERTY(bool looping READ isLoopingEnabled WRITE loopPlayback NOTIFY loopPlaybackChanged)
+    Q_PROPERTY(bool animating READ isAnimating WRITE setAnimating)
+public:
+    /// Sets the global `vxScene` when there is none.
+    explicit VxScene(QObject *parent = nullptr);
+    ~VxScene() override;
+
+    /// The current time, in ticks. Not limited to any range.
+    VxTime getTime() const;
+    /// Ticks per frame, at least 1; 160 (30 frames a second) to begin with.
+    VxTime getTimeStep() const;
+    /// The play range, ends included; 0 to frame 30 to begin with.
+    VxTimeRange getPlayRange() const;
+    /// The animation range, ends included; 0 to frame 30 to begin with.
+    VxTimeRange getAnimRange() const;
+
+    /// True while setting the value of an animatable property makes keys; true to begin with.
+    bool isAnimating() const;
+
+    bool isPlaying() const;
+    bool isLoopingEnabled() const;
+
+    /// The node selected last, or null.
+    Q_INVOKABLE VxNode *getPrimarySelection() const;
+    /// Selects the node and makes it the primary selection; null leaves the others selected
+    /// without a primary one.
+    Q_INVOKABLE void setPrimarySelection(VxNode *node);
+
+    /// All nodes, each parent before its children, in the order of the hierarchy.
+    VxNodeListIterator nodeListIterator() const;
+    /// The selected nodes in the order in which they were selected.
+    VxNodeListIterator selectedNodeListIterator() const;
+    Q_INVOKABLE int getNumNodes() const;
+    Q_INVOKABLE int getNumSelectedNodes() const;
+    /// The nodes without a parent, in their order.
+    QVector<VxNode *> getRootNodes() const;
+    QVector<VxNode *> getNodes() const;
+    QVector<VxNode *> getSelectedNodes() const;
+    /// The first node of that name (or of that label), in hierarchy order; null when none has it.
+    Q_INVOKABLE VxNode *findNode(const QString &name) const;
+    Q_INVOKABLE VxNode *findNodeByLabel(const QString &label) const;
+
+    /// Takes a node with everything below it into the scene, as the last root node or, with a
+    /// parent, as its last child. Emits nodeAdded() for each of them, parents first. Ownership
+    /// passes to the scene. False when the node is null, is in a scene, or has a parent.
+    bool addNode(VxNode *node, VxNode *parent = nullptr);
+    /// Takes a node with everything below it out of the scene, after aboutToRemoveNode(). While a
+    /// hold is open the history keeps the nodes for undo; otherwise they are destroyed.
+    Q_INVOKABLE bool removeNode(VxNode *node);
+
+    /// Brackets a load: sceneLoadStarting() and sceneLoaded(). May be nested; only the outermost
+    /// pair counts. Playback is stopped.
+    void beginLoad();
+    void endLoad();
+    bool isLoading() const;
+    /// Removes all nodes, after sceneClearStarting(), resets time, step, ranges and looping, and
+    /// clears the history.
+    void clear();
+
+public Q_SLOTS:
+    void setTime(int time);
+    /// Values below 1 are taken as 1.
+    void setTimeStep(int ticksPerFrame);
+    /// An end before the start is taken as the start.
+    void setPlayRange(const VxTimeRange &range);
+    void setAnimRange(const VxTimeRange &range);
+    void setAnimating(bool animating);
+
+    /// Starts playback from the current time, or from the start of the play range when the time
+    /// lies outside of it or at its end. With dropFrames the time follows the clock and frames
+    /// are left out when painting is slow; without, every frame is shown, however long it takes,
+    /// but none sooner than its time. Without looping, playback ends at the end of the range.
+    void play(bool dropFrames = true);
+    void pause();
+    void loopPlayback(bool onOff);
+    /// Moves the time by a number of frames, forward or back, within the play range; a step
+    /// from outside of it goes to the nearer end. Does not stop playback.
+    void stepTime(int frames, bool forward);
+
+    /// Selects every selectable node, or none.
+    void selectAllNodes(bool onOff);
+
+Q_SIGNALS:
+    void timeChanged(VxTime time);
+    void timeStepChanged(VxTime step);
+    void playRangeChanged(const VxTimeRange &range);
+    void animRangeChanged(const VxTimeRange &range);
+    void playbackStarted();
+    void playbackFinished();
+    void loopPlaybackChanged(bool onOff);
+
+    void nodeAdded(VxNode *node);
+    /// node leaves with everything below it; only the top one is named.
+    void aboutToRemoveNode(VxNode *node);
+    void nodeRemoved(VxNode *node);
+    void nodeParentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
+    void nodeSelectionListChanged();
+    void primarySelectionChanged(VxNode *node);
+
+    void sceneLoadStarting();
+    void sceneLoaded();
+    void sceneClearStarting();
+    void sceneCleared();
+    /// Something that a view of the scene at the current time shows has changed. Sent at most
+    /// once per event loop turn.
+    void viewChanged();
+
+private:
+    friend class VxNode;
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/// The scene of the application; null before the application object is made and after it is gone.
+extern VXCORE_EXPORT VxScene *vxScene;
+
+#endif
