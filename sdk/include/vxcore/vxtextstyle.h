@@ -1,0 +1,40 @@
+#ifndef VXCORE_VXTEXTSTYLE_H
+#define VXCORE_VXTEXTSTYLE_H
+
+#include <QtGui/QColor>
+#include <QtGui/QFont>
+#include <QtGui/QFontMetrics>
+
+#include <vxcore/vxcoreglobal.h>
+
+/// How one kind of text is written: its colour and its font, with the font's measures at hand.
+/// A plain value: the measures are taken once, when the style is made, so that painting many
+/// labels does not look the font up for each of them.
+class VXCORE_EXPORT VxTextStyle
+{
+public:
+    /// An invalid colour and the application's font.
+    VxTextStyle();
+    VxTextStyle(const QColor &color, const QFont &font);
+
+    QColor getColor() const { return m_color; }
+    const QFont &getFont() const { return m_font; }
+    const QFontMetrics &getFontMetrics() const { return m_fontMetrics; }
+
+    /// Pixels from the top of a line to its baseline.
+    int getAscent() const { return m_fontMetrics.ascent(); }
+    /// Pixels of a whole line, ascent and descent.
+    int getHeight() const { return m_fontMetrics.height(); }
+    /// Pixels the text advances when it is written in one line.
+    int getWidth(const QString &text) const { return m_fontMetrics.horizontalAdvance(text); }
+
+    bool operator==(const VxTextStyle &other) const;
+    bool operator!=(const VxTextStyle &other) const { return !(*this == other); }
+
+private:
+    QColor m_color;
+    QFont m_font;
+    QFontMetrics m_fontMetrics;
+};
+
+#endif

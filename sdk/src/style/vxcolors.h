@@ -1,0 +1,27 @@
+#ifndef VXCOLORS_H
+#define VXCOLORS_H
+
+#include <QtGui/QColor>
+#include <QtGui/QPalette>
+
+#include <vxcore/vxstyle.h>
+
+// The colours of both schemes, in one place: the palettes, and the named colours beside them.
+namespace VxColors {
+
+QPalette palette(VxStyle::ColorScheme scheme);
+
+// Invalid when there is no colour of that name.
+QColor interfaceColor(VxStyle::ColorScheme scheme, const QString &name);
+QStringList interfaceColorNames();
+
+// The scheme whose colours stand out from the palette's base colour. What is painted follows the
+// palette it is painted with, so that a widget with a palette of its own stays readable.
+VxStyle::ColorScheme schemeFor(const QPalette &palette);
+
+// The colour between two others; amount 0 gives the first, 1 the second.
+QColor mix(const QColor &first, const QColor &second, qreal amount);
+
+} // namespace VxColors
+
+#endif

@@ -1,0 +1,10 @@
+#include "style/vxglyphs.h"
+
+VxGlyph vxFindGlyph(VxStyle::StandardIconId id)
+{
+    for (const auto family : {vxTransportGlyph, vxKeyGlyph, vxSceneGlyph, vxToolGlyph}) {
+        if (const VxGlyph glyph = family(id))
+            return glyph;
+    }
+    return nullptr;
+}

@@ -1,0 +1,99 @@
+#include "style/vxiconengine.h"
+
+#include <QtGui/QPainter>
+
+#include <algorithm>
+
+#include "style/vxcolors.h"
+#include "style/vxglyphs.h"
+
+namespace {
+
+VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode)
+{
+    const QPalette palette = VxColors::palette(scheme);
+    const QPalette::ColorGroup group =
+        mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    VxGlyphColors colors;
+    colors.ground = palette.color(QPalette::Button);
+    colors.ink = palette.color(group, mode == QIcon::Selected ? QPalette::HighlightedText
+                                                              : QPalette::ButtonText);
+    if (mode == QIcon::Disabled)
+        colors.ink = VxColors::mix(colors.ink, colors.ground, 0.25);
+    colors.soft = VxColors::mix(colors.ink, colors.ground, 0.5);
+    const bool plain = mode == QIcon::Disabled || mode == QIcon::Selected;
+    colors.accent =
+        plain ? colors.ink : VxColors::interfaceColor(scheme, QStringLiteral("Style_Play_Range"));
+    return colors;
+}
+
+// A picture of the glyph alone: parts may be cut out of it before it is laid over the ground.
+QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
+{
+    QPixmap picture(side, side);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.scale(side / 16.0, side / 16.0);
+    glyph(painter, colors);
+    return picture;
+}
+
+} // namespace
+
+VxIconEngine::VxIconEngine(const VxStyle *style, VxStyle::StandardIconId id)
+    : m_style(style)
+    , m_scheme(style->colorScheme())
+    , m_id(id)
+{
+}
+
+void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state)
+{
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+    if (picture.isNull())
+        return;
+    picture.setDevicePixelRatio(ratio);
+    painter->drawPixmap(rect.topLeft(), picture);
+}
+
+QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
+{
+    Q_UNUSED(state)
+    const VxGlyph glyph = vxFindGlyph(m_id);
+    if (glyph == nullptr || size.isEmpty())
+        return QPixmap();
+    const int side = std::min(size.width(), size.height());
+    const QPixmap picture = renderGlyph(glyph, side, glyphColors(scheme(), mode));
+    if (size == picture.size())
+        return picture;
+    QPixmap framed(size);
+    framed.fill(Qt::transparent);
+    QPainter painter(&framed);
+    painter.drawPixmap((size.width() - side) / 2, (size.height() - side) / 2, picture);
+    return framed;
+}
+
+QSize VxIconEngine::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)
+{
+    Q_UNUSED(mode)
+    Q_UNUSED(state)
+    return size;
+}
+
+QIconEngine *VxIconEngine::clone() const
+{
+    return new VxIconEngine(*this);
+}
+
+QString VxIconEngine::key() const
+{
+    return QStringLiteral("VxIconEngine");
+}
+
+VxStyle::ColorScheme VxIconEngine::scheme() const
+{
+    return m_style.isNull() ? m_scheme : m_style->colorScheme();
+}

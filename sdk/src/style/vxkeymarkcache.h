@@ -1,0 +1,44 @@
+#ifndef VXKEYMARKCACHE_H
+#define VXKEYMARKCACHE_H
+
+#include <QtCore/QPoint>
+#include <QtGui/QPixmap>
+
+#include <array>
+
+#include "style/vxkeymarkpainter.h"
+
+class QPainter;
+class QStyleOption;
+
+// The pictures of key marks that were drawn before. A view draws thousands of marks in one
+// repaint, and all of them share a handful of pictures, so finding one is an index into an array
+// by the look, then a comparison with the few sizes in which that look is in use; nothing is
+// hashed or allocated. A size too many pushes out the oldest of its look.
+class VxKeyMarkCache
+{
+public:
+    void draw(QPainter *painter, const QStyleOption *option);
+    const QPixmap &pixmap(const VxKeyMarkLook &look, const QSize &size, qreal devicePixelRatio);
+
+private:
+    struct Entry
+    {
+        QSize size;
+        qreal devicePixelRatio = 0;
+        QPixmap pixmap;
+    };
+    struct Slot
+    {
+        std::array<Entry, 4> entries;
+        int oldest = 0;
+    };
+
+    VxStyle::ColorScheme schemeFor(const QPalette &palette);
+
+    std::array<Slot, VxKeyMarkLook::LookCount> m_slots;
+    qint64 m_paletteKey = 0;
+    VxStyle::ColorScheme m_paletteScheme = VxStyle::ColorScheme::Dark;
+};
+
+#endif

@@ -1,0 +1,160 @@
+#include "style/vxkeymarkpainter.h"
+
+#include <QtCore/QtMath>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+#include "style/vxcolors.h"
+
+namespace {
+
+struct MarkColors
+{
+    QColor fill, outline;
+};
+
+MarkColors colorsOf(const VxKeyMarkLook &look)
+{
+    const auto named = [&look](const char *name) {
+        return VxColors::interfaceColor(look.scheme, QLatin1String(name));
+    };
+    MarkColors colors;
+    colors.fill = named(look.selected ? "Style_Key_Selected" : "Style_Key");
+    colors.outline = named(look.selected ? "Style_Key_Selected_Outline" : "Style_Key_Outline");
+    if (!look.enabled) {
+        const QColor ground = VxColors::palette(look.scheme).color(QPalette::Base);
+        colors.fill = VxColors::mix(colors.fill, ground, 0.55);
+        colors.outline = VxColors::mix(colors.outline, ground, 0.45);
+    }
+    return colors;
+}
+
+// The mark's square in device pixels.
+QRect markBox(const QSize &size, qreal ratio)
+{
+    const int side = std::min(size.width(), size.height());
+    const int left = (size.width() - side) / 2;
+    const int top = size.height() > size.width() ? size.height() - side : 0;
+    const int free = side % 2 == 0 && side > 2 ? 1 : 0;
+    const int deviceSide = std::max(1, qFloor((side - free) * ratio));
+    return QRect(qRound((left + free) * ratio), qRound((top + free) * ratio), deviceSide,
+                 deviceSide);
+}
+
+QPainterPath polygon(std::initializer_list<QPointF> points)
+{
+    QPainterPath path;
+    path.addPolygon(QPolygonF(QVector<QPointF>(points)));
+    path.closeSubpath();
+    return path;
+}
+
+QPainterPath diamond(const QRectF &box, qreal inset)
+{
+    const qreal reach = box.width() / 2 - inset * M_SQRT2;
+    const QPointF middle = box.center();
+    return polygon({middle - QPointF(0, reach), middle + QPointF(reach, 0),
+                    middle + QPointF(0, reach), middle - QPointF(reach, 0)});
+}
+
+// A bar with pointed ends, half as wide as high.
+QPainterPath aggregate(const QRectF &box, qreal unit, qreal inset)
+{
+    const qreal half = std::max<qreal>(1, qRound(box.width() * 0.26 / unit)) * unit +
+                       std::fmod(box.width(), 2 * unit) / 2 - inset;
+    const qreal reach = box.height() / 2 - inset * M_SQRT2;
+    const qreal shoulder = std::max<qreal>(0, reach - half);
+    const QPointF middle = box.center();
+    return polygon({middle + QPointF(0, -reach), middle + QPointF(half, -shoulder),
+                    middle + QPointF(half, shoulder), middle + QPointF(0, reach),
+                    middle + QPointF(-half, shoulder), middle + QPointF(-half, -shoulder)});
+}
+
+// A wedge that stands on the bottom edge and points up.
+QPainterPath plain(const QRectF &box, qreal inset)
+{
+    const qreal half = box.width() * 0.34 - inset * 1.3;
+    const QPointF foot(box.center().x(), box.bottom() - inset);
+    return polygon({foot + QPointF(-half, 0), foot + QPointF(half, 0),
+                    foot + QPointF(0, -(box.height() * 0.75 - inset * 2.6))});
+}
+
+QPainterPath square(const QRectF &box, qreal unit, qreal inset)
+{
+    const qreal margin = unit + inset;
+    QPainterPath path;
+    path.addRect(box.adjusted(margin, margin, -margin, -margin));
+    return path;
+}
+
+QPainterPath circle(const QRectF &box, qreal inset)
+{
+    QPainterPath path;
+    path.addEllipse(box.adjusted(inset, inset, -inset, -inset));
+    return path;
+}
+
+// unit is the width of one line; inset leaves the outline free.
+QPainterPath shapePath(VxKeyMarkLook::Shape shape, const QRectF &box, qreal unit, qreal inset)
+{
+    switch (shape) {
+    case VxKeyMarkLook::Diamond:
+        return diamond(box, inset);
+    case VxKeyMarkLook::Square:
+        return square(box, unit, inset);
+    case VxKeyMarkLook::Circle:
+        return circle(box, inset);
+    case VxKeyMarkLook::Aggregate:
+        return aggregate(box, unit, inset);
+    default:
+        return plain(box, inset);
+    }
+}
+
+VxKeyMarkLook::Shape shapeOf(QStyle::State state)
+{
+    if (state & QStyle::State_Children)
+        return VxKeyMarkLook::Aggregate;
+    if (state & QStyle::State_Editing)
+        return VxKeyMarkLook::Circle;
+    if (state & QStyle::State_Sunken)
+        return VxKeyMarkLook::Square;
+    if (state & QStyle::State_Raised)
+        return VxKeyMarkLook::Diamond;
+    return VxKeyMarkLook::Plain;
+}
+
+} // namespace
+
+VxKeyMarkLook VxKeyMarkLook::fromState(QStyle::State state, VxStyle::ColorScheme scheme)
+{
+    VxKeyMarkLook look;
+    look.shape = shapeOf(state);
+    look.selected = state & QStyle::State_Selected;
+    look.enabled = state & QStyle::State_Enabled;
+    look.scheme = scheme;
+    return look;
+}
+
+QPixmap vxRenderKeyMark(const VxKeyMarkLook &look, const QSize &size, qreal devicePixelRatio)
+{
+    if (size.isEmpty())
+        return QPixmap();
+    QPixmap pixmap(qMax(1, qRound(size.width() * devicePixelRatio)),
+                   qMax(1, qRound(size.height() * devicePixelRatio)));
+    pixmap.fill(Qt::transparent);
+    const QRectF box = markBox(size, devicePixelRatio);
+    const qreal unit = std::max(1, qFloor(devicePixelRatio + 0.25));
+    const MarkColors colors = colorsOf(look);
+
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(shapePath(look.shape, box, unit, 0), colors.outline);
+    painter.fillPath(shapePath(look.shape, box, unit, unit), colors.fill);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}

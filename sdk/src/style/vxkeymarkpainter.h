@@ -1,0 +1,36 @@
+#ifndef VXKEYMARKPAINTER_H
+#define VXKEYMARKPAINTER_H
+
+#include <QtGui/QPixmap>
+#include <QtWidgets/QStyle>
+
+#include <vxcore/vxstyle.h>
+
+// What tells one key mark's picture from another's, apart from its size.
+struct VxKeyMarkLook
+{
+    enum Shape : quint8 { Diamond, Square, Circle, Aggregate, Plain, ShapeCount };
+
+    Shape shape = Plain;
+    bool selected = false;
+    bool enabled = true;
+    VxStyle::ColorScheme scheme = VxStyle::ColorScheme::Dark;
+
+    static VxKeyMarkLook fromState(QStyle::State state, VxStyle::ColorScheme scheme);
+
+    // All looks are numbered from 0 to LookCount - 1.
+    static constexpr int LookCount = ShapeCount * 8;
+    int index() const
+    {
+        return ((shape * 2 + (selected ? 1 : 0)) * 2 + (enabled ? 1 : 0)) * 2 +
+               (scheme == VxStyle::ColorScheme::Dark ? 0 : 1);
+    }
+};
+
+// Draws one key mark into a picture of its own. The mark is fitted into the largest square that
+// lies in the middle, or at the bottom of a rectangle that is higher than wide; of a square with
+// an even side the first column and row stay free, so that the mark's middle lies in the column
+// of its frame's tick. Positions and line widths are whole device pixels.
+QPixmap vxRenderKeyMark(const VxKeyMarkLook &look, const QSize &size, qreal devicePixelRatio);
+
+#endif
