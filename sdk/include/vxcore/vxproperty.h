@@ -31,6 +31,8 @@ class VXCORE_EXPORT VxProperty : public QObject
     Q_PROPERTY(bool alias READ isAlias)
     Q_PROPERTY(int numKeys READ getNumKeys)
 public:
+    class Private;
+
     /// name: the identifier, unique within its element; also the object name. The label is the
     /// same text until setLabel().
     explicit VxProperty(const QString &name);
@@ -124,7 +126,6 @@ Q_SIGNALS:
     void traitsChanged();
 
 protected:
-    class Private;
     VxProperty(const QString &name, Private *priv);
     Private *priv() const { return d.get(); }
     friend class VxElement;

@@ -19,6 +19,10 @@ public:
     explicit VxUndoStack(QObject *parent = nullptr);
     ~VxUndoStack() override;
 
+    /// The stack that changes are recorded in: the first one that was made and still lives,
+    /// which is the application's. Null when there is none.
+    static VxUndoStack *current();
+
     /// For views of the history and for undo and redo actions. Owned by this object.
     QUndoStack *qtStack() const;
 
@@ -26,6 +30,8 @@ public:
 
     /// True while a hold is open, so that changes are recorded, and no undo or redo is running.
     bool isRecording() const;
+    /// True while an undo or redo is being carried out.
+    bool isApplying() const;
     /// Adds an item to the open hold; deletes it when nothing is being recorded. Takes ownership.
     void record(VxUndoItem *item);
     /// The item that the open hold already has for an object and a kind, or null.

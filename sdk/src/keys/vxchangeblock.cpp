@@ -1,0 +1,78 @@
+#include <vxcore/vxchangeblock.h>
+
+#include "keys/vxchangeblock_p.h"
+#include "keys/vxproperty_p.h"
+
+namespace {
+
+struct BlockState
+{
+    int depth = 0;
+    QVector<VxProperty *> changed; ///< null where a property was destroyed meanwhile
+};
+
+BlockState &state()
+{
+    static BlockState instance;
+    return instance;
+}
+
+} // namespace
+
+VxChangeBlock::VxChangeBlock()
+{
+    ++state().depth;
+}
+
+VxChangeBlock::~VxChangeBlock()
+{
+    if (--state().depth == 0)
+        VxPendingChanges::flush();
+}
+
+bool VxChangeBlock::isActive()
+{
+    return state().depth > 0;
+}
+
+namespace VxPendingChanges {
+
+void add(VxProperty::Private *property, const VxTimeRange &range)
+{
+    if (property->pendingList) {
+        property->pendingRange = property->pendingRange.united(range);
+        return;
+    }
+    property->pendingList = &state().changed;
+    property->pendingIndex = state().changed.size();
+    property->pendingRange = range;
+    state().changed.append(property->q);
+}
+
+void remove(VxProperty::Private *property)
+{
+    if (property->pendingList)
+        (*property->pendingList)[property->pendingIndex] = nullptr;
+    property->pendingList = nullptr;
+}
+
+void flush()
+{
+    // Receivers may change and destroy properties and end blocks of their own: the list is taken
+    // out first, and a property that is destroyed clears its place in whichever list holds it.
+    QVector<VxProperty *> list;
+    list.swap(state().changed);
+    for (VxProperty *property : qAsConst(list)) {
+        if (property)
+            VxProperty::Private::of(property)->pendingList = &list;
+    }
+    for (int i = 0; i < list.size(); ++i) {
+        if (!list.at(i))
+            continue;
+        VxProperty::Private *property = VxProperty::Private::of(list.at(i));
+        property->pendingList = nullptr;
+        property->emitChange(property->pendingRange);
+    }
+}
+
+} // namespace VxPendingChanges

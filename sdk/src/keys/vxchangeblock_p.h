@@ -1,0 +1,20 @@
+#ifndef VXCHANGEBLOCK_P_H
+#define VXCHANGEBLOCK_P_H
+
+#include <vxcore/vxchangeblock.h>
+
+#include "keys/vxproperty_p.h"
+
+/// The list of properties that changed within the open block.
+namespace VxPendingChanges {
+
+/// Remembers a change, once a property, widening its range.
+void add(VxProperty::Private *property, const VxTimeRange &range);
+/// Forgets a property that is being destroyed.
+void remove(VxProperty::Private *property);
+/// Sends every report and empties the list.
+void flush();
+
+} // namespace VxPendingChanges
+
+#endif

@@ -1,0 +1,232 @@
+#include "undo/vxundostack_p.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <algorithm>
+#include <vxcore/vxchangeblock.h>
+
+namespace {
+
+/// The living stacks, oldest first; more than one only in tests.
+QVector<VxUndoStack *> &stacks()
+{
+    static QVector<VxUndoStack *> list;
+    return list;
+}
+
+} // namespace
+
+VxUndoItem::~VxUndoItem() = default;
+
+VxUndoEntry::VxUndoEntry(const QString &text, VxUndoItems items, bool *applying)
+    : QUndoCommand(text)
+    , m_items(std::move(items))
+    , m_applying(applying)
+{
+}
+
+void VxUndoEntry::undo()
+{
+    const VxChangeBlock block;
+    *m_applying = true;
+    std::for_each(m_items.rbegin(), m_items.rend(), [](const auto &item) { item->swap(); });
+    *m_applying = false;
+}
+
+void VxUndoEntry::redo()
+{
+    if (m_inPlace) {
+        m_inPlace = false;
+        return;
+    }
+    const VxChangeBlock block;
+    *m_applying = true;
+    for (const auto &item : m_items)
+        item->swap();
+    *m_applying = false;
+}
+
+qint64 VxUndoEntry::memoryUsed() const
+{
+    qint64 bytes = 0;
+    for (const auto &item : m_items)
+        bytes += item->memoryUsed();
+    return bytes;
+}
+
+void VxUndoStack::Private::open(const VxUndoStackHold *hold)
+{
+    holds.push_back(hold);
+}
+
+void VxUndoStack::Private::close(const VxUndoStackHold *hold, const QString *text)
+{
+    const auto found = std::find(holds.begin(), holds.end(), hold);
+    if (found == holds.end())
+        return;
+    const bool outermost = found == holds.begin();
+    holds.erase(found);
+    if (!outermost)
+        return;
+
+    VxUndoItems finished;
+    finished.swap(items);
+    index.clear();
+    if (!text)
+        return;
+    finished.erase(std::remove_if(finished.begin(), finished.end(),
+                                  [](const auto &item) { return !item->finish(); }),
+                   finished.end());
+    if (!finished.empty())
+        stack->push(new VxUndoEntry(*text, std::move(finished), &applying));
+}
+
+VxUndoStack::VxUndoStack(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>())
+{
+    d->stack = new QUndoStack(this);
+    connect(d->stack, &QUndoStack::indexChanged, this, &VxUndoStack::indexChanged);
+    connect(d->stack, &QUndoStack::cleanChanged, this, &VxUndoStack::cleanChanged);
+    stacks().append(this);
+}
+
+VxUndoStack::~VxUndoStack()
+{
+    d->scriptHolds.clear();
+    stacks().removeOne(this);
+    // The entries refer to the private record, which goes before the toolkit's stack would.
+    d->stack->disconnect(this);
+    delete d->stack;
+}
+
+VxUndoStack *VxUndoStack::current()
+{
+    return stacks().isEmpty() ? nullptr : stacks().first();
+}
+
+QUndoStack *VxUndoStack::qtStack() const
+{
+    return d->stack;
+}
+
+bool VxUndoStack::isClean() const
+{
+    return d->stack->isClean();
+}
+
+bool VxUndoStack::isRecording() const
+{
+    return !d->holds.empty() && !d->applying;
+}
+
+bool VxUndoStack::isApplying() const
+{
+    return d->applying;
+}
+
+void VxUndoStack::record(VxUndoItem *item)
+{
+    std::unique_ptr<VxUndoItem> owned(item);
+    if (!item || !isRecording())
+        return;
+    d->index.insert({item->object(), item->kind()}, item);
+    d->items.push_back(std::move(owned));
+}
+
+VxUndoItem *VxUndoStack::findItem(const void *object, int kind) const
+{
+    return isRecording() ? d->index.value({object, kind}) : nullptr;
+}
+
+qint64 VxUndoStack::memoryUsed() const
+{
+    qint64 bytes = 0;
+    for (int i = 0; i < d->stack->count(); ++i)
+        bytes += static_cast<const VxUndoEntry *>(d->stack->command(i))->memoryUsed();
+    return bytes;
+}
+
+void VxUndoStack::undo()
+{
+    if (d->holds.empty())
+        d->stack->undo();
+}
+
+void VxUndoStack::redo()
+{
+    if (d->holds.empty())
+        d->stack->redo();
+}
+
+bool VxUndoStack::canUndo() const
+{
+    return d->stack->canUndo();
+}
+
+bool VxUndoStack::canRedo() const
+{
+    return d->stack->canRedo();
+}
+
+int VxUndoStack::count() const
+{
+    return d->stack->count();
+}
+
+int VxUndoStack::index() const
+{
+    return d->stack->index();
+}
+
+QString VxUndoStack::text(int index) const
+{
+    return d->stack->text(index);
+}
+
+QString VxUndoStack::undoText() const
+{
+    return d->stack->undoText();
+}
+
+QString VxUndoStack::redoText() const
+{
+    return d->stack->redoText();
+}
+
+void VxUndoStack::clear()
+{
+    d->stack->clear();
+}
+
+void VxUndoStack::setClean()
+{
+    d->stack->setClean();
+}
+
+void VxUndoStack::beginHold()
+{
+    d->scriptHolds.push_back(std::make_unique<VxUndoStackHold>());
+}
+
+void VxUndoStack::acceptHold(const QString &text)
+{
+    if (d->scriptHolds.empty()) {
+        qWarning("VxUndoStack::acceptHold(): no hold was begun");
+        return;
+    }
+    const auto hold = std::move(d->scriptHolds.back());
+    d->scriptHolds.pop_back();
+    hold->accept(text);
+}
+
+void VxUndoStack::cancelHold()
+{
+    if (d->scriptHolds.empty()) {
+        qWarning("VxUndoStack::cancelHold(): no hold was begun");
+        return;
+    }
+    const auto hold = std::move(d->scriptHolds.back());
+    d->scriptHolds.pop_back();
+    hold->cancel();
+}
