@@ -1,0 +1,139 @@
+#include "io/vxbvhdocument.h"
+
+#include <QCoreApplication>
+#include <cmath>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxBvhDocument", text);
+}
+
+bool fail(QString *message, const QString &text)
+{
+    if (message)
+        *message = text;
+    return false;
+}
+
+bool isBlank(QChar c)
+{
+    const ushort code = c.unicode();
+    return code == ' ' || (code >= '\t' && code <= '\r');
+}
+
+bool isFinite(const VxBvhOffset &offset)
+{
+    return std::isfinite(offset.x) && std::isfinite(offset.y) && std::isfinite(offset.z);
+}
+
+// A name must come back from a file as it went in: it takes the rest of its line, and a brace at
+// the end of that line opens the joint's block.
+bool isNameValid(const QString &name)
+{
+    if (name.isEmpty() || isBlank(name.front()) || isBlank(name.back()) || name.endsWith(u'{'))
+        return false;
+    for (const QChar c : name) {
+        if (c == u'\n' || c == u'\r' || c.isNull())
+            return false;
+    }
+    return name.isValidUtf16();
+}
+
+bool hasDuplicates(const std::vector<VxBvhChannel> &channels)
+{
+    unsigned seen = 0;
+    for (const VxBvhChannel channel : channels) {
+        const unsigned bit = 1u << static_cast<unsigned>(channel);
+        if (seen & bit)
+            return true;
+        seen |= bit;
+    }
+    return false;
+}
+
+bool isJointValid(const VxBvhJoint &joint, QString *message)
+{
+    if (!isNameValid(joint.name))
+        return fail(message, tr("A joint cannot be named \"%1\".").arg(joint.name));
+    if (hasDuplicates(joint.channels))
+        return fail(message, tr("Joint \"%1\" has a channel twice.").arg(joint.name));
+    bool finite = isFinite(joint.offset);
+    for (const VxBvhOffset &end : joint.endSites)
+        finite = finite && isFinite(end);
+    return finite ||
+           fail(message, tr("Joint \"%1\" has an offset that is not finite.").arg(joint.name));
+}
+
+} // namespace
+
+bool VxBvhJoint::operator==(const VxBvhJoint &other) const
+{
+    return name == other.name && parent == other.parent && offset == other.offset &&
+           channels == other.channels && endSites == other.endSites;
+}
+
+int VxBvhDocument::channelCount() const
+{
+    std::size_t count = 0;
+    for (const VxBvhJoint &joint : joints)
+        count += joint.channels.size();
+    return static_cast<int>(count);
+}
+
+const float *VxBvhDocument::channelValues(int channel) const
+{
+    if (frameCount <= 0)
+        return nullptr;
+    return values.data() + static_cast<std::size_t>(channel) * static_cast<std::size_t>(frameCount);
+}
+
+bool VxBvhDocument::isValid(QString *message) const
+{
+    return areJointsValid(message) && areValuesValid(message);
+}
+
+bool VxBvhDocument::areJointsValid(QString *message) const
+{
+    if (joints.empty())
+        return fail(message, tr("There is no joint."));
+    // The chain from the last joint up to its root: the only legal parents in pre-order.
+    std::vector<int> chain;
+    for (std::size_t i = 0; i < joints.size(); ++i) {
+        const VxBvhJoint &joint = joints[i];
+        while (!chain.empty() && chain.back() != joint.parent)
+            chain.pop_back();
+        if (chain.empty() && joint.parent != -1)
+            return fail(message, tr("Joint \"%1\" does not follow its parent.").arg(joint.name));
+        chain.push_back(static_cast<int>(i));
+        if (chain.size() > VxBvhMaxDepth)
+            return fail(message, tr("Joint \"%1\" is nested too deep.").arg(joint.name));
+        if (!isJointValid(joint, message))
+            return false;
+    }
+    return true;
+}
+
+bool VxBvhDocument::areValuesValid(QString *message) const
+{
+    if (!(frameTime > 0.0) || !std::isfinite(frameTime))
+        return fail(message, tr("The frame time must be above 0."));
+    if (frameCount < 0 || (frameCount > 0 && channelCount() == 0))
+        return fail(message, tr("Frames need channels."));
+    const auto expected =
+        static_cast<std::size_t>(channelCount()) * static_cast<std::size_t>(frameCount);
+    if (values.size() != expected)
+        return fail(message, tr("The number of values is not channels times frames."));
+    for (const float value : values) {
+        if (!std::isfinite(value))
+            return fail(message, tr("A value is not finite."));
+    }
+    return true;
+}
+
+bool VxBvhDocument::operator==(const VxBvhDocument &other) const
+{
+    return frameCount == other.frameCount && frameTime == other.frameTime &&
+           joints == other.joints && values == other.values;
+}

@@ -1,0 +1,91 @@
+#ifndef VXIO_VXBVHDOCUMENT_H
+#define VXIO_VXBVHDOCUMENT_H
+
+#include <QString>
+#include <vector>
+
+/// What one number of a motion frame drives. The file's spelling is "Xposition", "Zrotation" ...
+enum class VxBvhChannel : quint8 {
+    XPosition,
+    YPosition,
+    ZPosition,
+    XRotation,
+    YRotation,
+    ZRotation
+};
+
+constexpr int VxBvhChannelKinds = 6;
+
+/// Joints nested deeper than this are refused: no figure needs it, and what walks a scene may be
+/// recursive.
+constexpr std::size_t VxBvhMaxDepth = 512;
+
+inline bool vxBvhIsRotation(VxBvhChannel channel)
+{
+    return channel >= VxBvhChannel::XRotation;
+}
+
+/// 0 X, 1 Y, 2 Z.
+inline int vxBvhAxis(VxBvhChannel channel)
+{
+    return static_cast<int>(channel) % 3;
+}
+
+/// A joint's or an end site's place in its parent, in the file's unit of length.
+struct VxBvhOffset
+{
+    float x = 0.0f;
+    float y = 0.0f;
+    float z = 0.0f;
+
+    bool operator==(const VxBvhOffset &o) const { return x == o.x && y == o.y && z == o.z; }
+    bool operator!=(const VxBvhOffset &o) const { return !(*this == o); }
+};
+
+/// One ROOT or JOINT of the hierarchy. Names need not be unique.
+struct VxBvhJoint
+{
+    QString name;    ///< not empty, one line, no blanks at either end
+    int parent = -1; ///< index of the parent joint, -1 for a ROOT
+    VxBvhOffset offset;
+    std::vector<VxBvhChannel> channels; ///< in the file's order, each kind at most once
+    std::vector<VxBvhOffset> endSites;  ///< usually none or one
+
+    bool operator==(const VxBvhJoint &other) const;
+};
+
+/// The content of a BVH motion file, free of any scene.
+///
+/// Joints stand in the order of the file, which is the hierarchy in pre-order: a parent always
+/// comes before its children and a joint's descendants follow it without a gap. The values are
+/// one array in channel-major order, because that is how key tracks take them: the value of
+/// channel c at frame f is values[c * frameCount + f], channels counted over all joints in order.
+///
+/// A document with no frames is legal; it describes a rest pose.
+class VxBvhDocument
+{
+public:
+    std::vector<VxBvhJoint> joints;
+    int frameCount = 0;
+    double frameTime = 1.0 / 30.0; ///< seconds, above 0 and finite
+    std::vector<float> values;     ///< channelCount() * frameCount finite numbers
+
+    /// Channels of all joints together.
+    int channelCount() const;
+
+    /// The values of channel \a channel, frameCount of them; null when there are no frames.
+    const float *channelValues(int channel) const;
+
+    /// True when every statement above holds; otherwise false, with the first broken one in
+    /// \a message (may be null). Cost: one pass over the document.
+    bool isValid(QString *message = nullptr) const;
+
+    bool operator==(const VxBvhDocument &other) const;
+    bool operator!=(const VxBvhDocument &other) const { return !(*this == other); }
+
+private:
+    bool areJointsValid(QString *message) const;
+    bool areValuesValid(QString *message) const;
+};
+
+#endif

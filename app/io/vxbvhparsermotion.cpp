@@ -1,0 +1,201 @@
+// The motion block of a BVH file: its counts, and the values.
+
+#include "io/vxbvhparser.h"
+
+#include <QCoreApplication>
+#include <charconv>
+#include <limits>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxBvhReader", text);
+}
+
+// Rows of this many frames are turned into columns at a time: enough to write whole cache lines.
+constexpr int FramesPerBlock = 16;
+
+// Copies rows of \a channels values, one row a frame, into the channels' columns from \a frame on.
+void scatter(const std::vector<float> &rows, int channels, int frame, int count,
+             VxBvhDocument *document)
+{
+    const auto width = static_cast<std::size_t>(channels);
+    for (std::size_t c = 0; c < width; ++c) {
+        float *column =
+            document->values.data() + c * static_cast<std::size_t>(document->frameCount) + frame;
+        for (int f = 0; f < count; ++f)
+            column[f] = rows[static_cast<std::size_t>(f) * width + c];
+    }
+}
+
+} // namespace
+
+bool VxBvhParser::parseMotionHeader()
+{
+    return parseFrameCount() && parseFrameTime();
+}
+
+bool VxBvhParser::parseFrameCount()
+{
+    const Word word = m_tokens.next();
+    if (word.isEmpty())
+        return failAtEnd(tr("\"Frames:\" is missing: the file ends here."));
+    if (!word.is("frames"))
+        return fail(word.line, tr("\"Frames:\" expected, found %1.").arg(found(word)));
+    if (m_tokens.peek().is(":"))
+        m_tokens.next();
+    qint64 count = 0;
+    if (!parseCount(tr("The number of frames"), &count, &m_framesLine))
+        return false;
+    if (count > std::numeric_limits<int>::max())
+        return fail(m_framesLine, tr("%1 frames are too many.").arg(count));
+    m_document.frameCount = static_cast<int>(count);
+    return true;
+}
+
+bool VxBvhParser::parseFrameTime()
+{
+    const Word word = m_tokens.next();
+    const Word second = m_tokens.next();
+    if (word.isEmpty())
+        return failAtEnd(tr("\"Frame Time:\" is missing: the file ends here."));
+    if (!word.is("frame") || !second.is("time"))
+        return fail(word.line, tr("\"Frame Time:\" expected, found %1.").arg(found(word)));
+    if (m_tokens.peek().is(":"))
+        m_tokens.next();
+    const Word shown = m_tokens.peek();
+    const VxBvhTokenizer::NumberResult result = m_tokens.readDouble(&m_document.frameTime);
+    if (result != VxBvhTokenizer::NumberResult::Ok)
+        return failNumber(result, tr("The frame time"));
+    if (!(m_document.frameTime > 0.0))
+        return fail(shown.line, tr("The frame time must be above 0, not %1.").arg(shown.shown()));
+    return true;
+}
+
+// A whole number from 0 on, as large as it may be written: whether it makes sense is for the
+// caller, who knows what it counts.
+bool VxBvhParser::parseCount(const QString &what, qint64 *count, qint64 *line)
+{
+    const Word word = m_tokens.next();
+    *line = word.line;
+    if (word.isEmpty())
+        return failAtEnd(tr("%1 is missing: the file ends here.").arg(what));
+    const char *end = word.data + word.size;
+    const char *from = *word.data == '+' && word.size > 1 ? word.data + 1 : word.data;
+    const std::from_chars_result result = std::from_chars(from, end, *count);
+    if (result.ptr != end || result.ec == std::errc::invalid_argument)
+        return fail(word.line, tr("%1 must be a whole number, not %2.").arg(what, found(word)));
+    if (*word.data == '-' && word.size > 1 && (result.ec != std::errc() || *count < 0))
+        return fail(word.line, tr("%1 cannot be negative: %2.").arg(what, word.shown()));
+    if (result.ec != std::errc())
+        return fail(word.line, tr("%1 is far too large: %2.").arg(what, word.shown()));
+    return true;
+}
+
+// A value takes a digit and a blank at least. Nothing is allocated before this holds, so a claim
+// that is too large for the file costs nothing.
+bool VxBvhParser::checkRoom()
+{
+    const qint64 frames = m_document.frameCount;
+    if (frames > 0 && m_channelCount == 0)
+        return fail(m_framesLine,
+                    tr("%1 frames are announced, but no joint has a channel.").arg(frames));
+    const qint64 room = (m_tokens.remaining() + 1) / 2;
+    if (frames * m_channelCount <= room)
+        return true;
+    return fail(m_framesLine,
+                tr("%1 frames of %2 values are announced, but the rest of the file has "
+                   "room for %3 values at most.")
+                    .arg(frames)
+                    .arg(m_channelCount)
+                    .arg(room));
+}
+
+bool VxBvhParser::parseMotion()
+{
+    const int frameCount = m_document.frameCount;
+    const auto width = static_cast<std::size_t>(m_channelCount);
+    m_document.values.resize(width * static_cast<std::size_t>(frameCount));
+    std::vector<float> rows(width * FramesPerBlock);
+    for (int frame = 0; frame < frameCount; frame += FramesPerBlock) {
+        const int count = std::min(FramesPerBlock, frameCount - frame);
+        for (int f = 0; f < count; ++f) {
+            if (!parseFrame(frame + f, rows.data() + static_cast<std::size_t>(f) * width))
+                return false;
+        }
+        scatter(rows, m_channelCount, frame, count, &m_document);
+        if (!report())
+            return false;
+    }
+    return m_tokens.isAtEnd() || failTooMany();
+}
+
+bool VxBvhParser::parseFrame(int frame, float *row)
+{
+    for (int channel = 0; channel < m_channelCount; ++channel) {
+        const VxBvhTokenizer::NumberResult result = m_tokens.readFloat(row + channel);
+        if (result == VxBvhTokenizer::NumberResult::EndOfFile)
+            return failTooFew(frame, channel);
+        if (result != VxBvhTokenizer::NumberResult::Ok)
+            return failNumber(result, tr("Value %1 of frame %2").arg(channel + 1).arg(frame + 1));
+        noteRow(channel == 0, frame, m_tokens.line());
+    }
+    return true;
+}
+
+// A row starts where a frame starts, and nowhere else. Files that break every frame over lines
+// fail this in their first frame and tell nothing.
+void VxBvhParser::noteRow(bool startsFrame, int frame, qint64 line)
+{
+    const bool startsRow = line != m_valueLine;
+    if (startsRow != startsFrame && m_irregularLine < 0)
+        m_irregularLine = frame == 0 ? 0 : m_valueLine;
+    m_valueLine = line;
+}
+
+bool VxBvhParser::failTooFew(int frame, int channel)
+{
+    if (m_irregularLine > 0)
+        return fail(m_irregularLine, tr("This row does not hold the %1 values of one frame, and "
+                                        "values are missing at the end of the file.")
+                                         .arg(m_channelCount));
+    if (channel == 0)
+        return failAtEnd(tr("%1 frames are announced, but the file ends after %2.")
+                             .arg(m_document.frameCount)
+                             .arg(frame));
+    return failAtEnd(tr("The file ends within frame %1 of %2, after %3 of its %4 values.")
+                         .arg(frame + 1)
+                         .arg(m_document.frameCount)
+                         .arg(channel)
+                         .arg(m_channelCount));
+}
+
+bool VxBvhParser::failTooMany()
+{
+    const Word word = m_tokens.next();
+    if (m_irregularLine > 0)
+        return fail(m_irregularLine, tr("This row does not hold the %1 values of one frame, and "
+                                        "values are left over at the end of the file.")
+                                         .arg(m_channelCount));
+    return fail(word.line,
+                tr("There are more values than the %1 frames of %2 announced in line %3: "
+                   "found %4.")
+                    .arg(QString::number(m_document.frameCount), QString::number(m_channelCount),
+                         QString::number(m_framesLine), found(word)));
+}
+
+bool VxBvhParser::report()
+{
+    if (!m_progress)
+        return true;
+    const int percent =
+        static_cast<int>(m_tokens.position() * 100 / qMax<qint64>(1, m_tokens.size()));
+    if (percent == m_percent)
+        return true;
+    m_percent = percent;
+    if (m_progress(percent))
+        return true;
+    m_error.cancelled = true;
+    return fail(-1, tr("Reading was cancelled."));
+}

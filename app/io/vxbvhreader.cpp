@@ -1,0 +1,54 @@
+#include "io/vxbvhreader.h"
+
+#include "io/vxbvhparser.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <utility>
+
+class VxBvhReader::Private
+{
+public:
+    QString fileName;
+    VxFileProgress progress;
+};
+
+VxBvhReader::VxBvhReader(const QString &fileName)
+    : d(std::make_unique<Private>())
+{
+    d->fileName = fileName;
+}
+
+VxBvhReader::~VxBvhReader() = default;
+
+void VxBvhReader::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error)
+{
+    VxBvhParser parser(bytes, d->progress);
+    if (!parser.parse()) {
+        *error = parser.error();
+        error->file = d->fileName;
+        return false;
+    }
+    *out = std::move(parser.document());
+    return true;
+}
+
+bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
+{
+    QFile file(d->fileName);
+    const bool open = file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = open ? file.readAll() : QByteArray();
+    if (!open || file.error() != QFileDevice::NoError) {
+        *error = VxFileError();
+        error->file = d->fileName;
+        error->message = QCoreApplication::translate("VxBvhReader", "The file cannot be read: %1.")
+                             .arg(file.errorString());
+        return false;
+    }
+    return read(bytes, out, error);
+}

@@ -1,0 +1,138 @@
+#include "io/vxbvhtiming.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxBvhTiming", text);
+}
+
+// The value of the last decimal place with which the number must have been written.
+double lastPlace(double value)
+{
+    char text[1100]; // the smallest double has 1,076 decimals
+    const std::to_chars_result result =
+        std::to_chars(text, text + sizeof(text), value, std::chars_format::fixed);
+    const char *point = std::find(text, result.ptr, '.');
+    const auto decimals = point == result.ptr ? 0 : result.ptr - point - 1;
+    return std::pow(10.0, -static_cast<double>(decimals));
+}
+
+bool isNearly(double a, double b)
+{
+    return std::abs(a - b) <= 1e-9 * std::abs(b);
+}
+
+// The whole rate that is meant by a frame time, or 0 when there is none or it cannot be told. The
+// text may have been rounded or cut behind its last place. A short text allows several rates; then
+// the only one of whole ticks is meant.
+int wholeRate(double frameTime)
+{
+    const double nearest = std::round(1.0 / frameTime);
+    if (nearest >= 1.0 && isNearly(frameTime * nearest, 1.0))
+        return static_cast<int>(nearest);
+    const double place = lastPlace(frameTime);
+    const int first = std::max(1, static_cast<int>(1.0 / (frameTime + place)));
+    const int last = static_cast<int>(
+        std::min(1.0 / std::max(frameTime - place, 1e-4), static_cast<double>(VxTicksPerSecond)));
+    int found = 0;
+    int foundOfTicks = 0;
+    int candidates = 0;
+    int candidatesOfTicks = 0;
+    for (int rate = first; rate <= last; ++rate) {
+        const double over = 1.0 / rate - frameTime;
+        if (over < -place * 0.5 || over >= place)
+            continue;
+        ++candidates;
+        found = rate;
+        if (VxTicksPerSecond % rate == 0) {
+            ++candidatesOfTicks;
+            foundOfTicks = rate;
+        }
+    }
+    if (candidates == 1)
+        return found;
+    return candidatesOfTicks == 1 ? foundOfTicks : 0;
+}
+
+QString rateText(double rate)
+{
+    return QString::number(rate, 'g', 6);
+}
+
+} // namespace
+
+bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
+{
+    VxBvhTiming timing;
+    timing.m_frameCount = frameCount;
+    const double ticks = frameTime * VxTicksPerSecond;
+    const int rate = ticks > 0.5 ? wholeRate(frameTime) : 0;
+    timing.m_rate = rate > 0 ? rate : 1.0 / frameTime;
+    if (timing.m_rate > VxTicksPerSecond * (1.0 + 1e-9)) {
+        *message = tr("The motion has %1 frames per second; more than %2 cannot be told apart.")
+                       .arg(rateText(timing.m_rate))
+                       .arg(VxTicksPerSecond);
+        return false;
+    }
+    const double exactTicks = rate > 0 ? double(VxTicksPerSecond) / rate : ticks;
+    if (exactTicks * std::max(0, frameCount - 1) > double(VxTimeMax) - 1.0 ||
+        exactTicks > VxTimeMax) {
+        *message = tr("The motion is too long: %1 frames of %2 seconds.")
+                       .arg(frameCount)
+                       .arg(rateText(frameTime));
+        return false;
+    }
+    if (isNearly(std::round(exactTicks), exactTicks))
+        timing.m_ticks = static_cast<int>(std::round(exactTicks));
+    // A whole rate gets the step that the scene itself gives to it, which is cut, not rounded.
+    const VxTime step =
+        rate > 0 ? VxTicksPerSecond / rate : static_cast<VxTime>(std::lround(exactTicks));
+    timing.m_step = std::clamp<VxTime>(step, 1, VxTicksPerSecond);
+    *this = timing;
+    return true;
+}
+
+double VxBvhTiming::sceneRate() const
+{
+    return double(VxTicksPerSecond) / m_step;
+}
+
+VxTime VxBvhTiming::keyTime(int frame) const
+{
+    if (m_ticks > 0)
+        return frame * m_ticks;
+    return static_cast<VxTime>(std::llround(frame * double(VxTicksPerSecond) / m_rate));
+}
+
+VxTime VxBvhTiming::lastKeyTime() const
+{
+    return m_frameCount > 0 ? keyTime(m_frameCount - 1) : 0;
+}
+
+QVector<VxTime> VxBvhTiming::keyTimes() const
+{
+    QVector<VxTime> times(m_frameCount);
+    for (int frame = 0; frame < m_frameCount; ++frame)
+        times[frame] = keyTime(frame);
+    return times;
+}
+
+QString VxBvhTiming::sentence() const
+{
+    const QString source = tr("The motion has %1 frames at %2 frames per second.")
+                               .arg(QString::number(m_frameCount), rateText(m_rate));
+    if (isOnSceneFrames())
+        return source + QLatin1Char(' ') + tr("The scene runs at the same rate.");
+    const QString scene = tr("The scene runs at %1 frames per second (%2 ticks a frame);")
+                              .arg(rateText(sceneRate()), QString::number(m_step));
+    const QString keys = isExact()
+                             ? tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
+                             : tr("keys lie at the nearest tick and not all on whole frames.");
+    return source + QLatin1Char(' ') + scene + QLatin1Char(' ') + keys;
+}

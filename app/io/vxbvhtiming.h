@@ -1,0 +1,52 @@
+#ifndef VXIO_VXBVHTIMING_H
+#define VXIO_VXBVHTIMING_H
+
+#include <QString>
+#include <QVector>
+#include <vxcore/vxtime.h>
+
+/// How the frames of a motion file fall on the scene's ticks.
+///
+/// Motion files give the length of a frame as a decimal number, usually a rounded or cut one:
+/// ".0083333" means 120 frames per second. Where the text allows a whole rate, that rate is meant;
+/// where its frame is a whole number of ticks, every key lies exactly on a frame. Otherwise (29.97
+/// frames per second) keys go to the nearest tick of their true time, so that long takes do not
+/// drift, and the scene gets the nearest step.
+class VxBvhTiming
+{
+public:
+    /// Finds the timing of \a frameCount frames of \a frameTime seconds each. Returns false with
+    /// a sentence in \a message when frames are shorter than a tick or the last one lies beyond
+    /// the latest time a scene can hold. \a frameTime must be above 0 and finite.
+    bool set(double frameTime, int frameCount, QString *message);
+
+    int frameCount() const { return m_frameCount; }
+    /// Frames per second of the file: the whole rate that was meant, or 1 / frame time.
+    double sourceRate() const { return m_rate; }
+    /// Ticks per frame for the scene, 1 to 4800 (the scene counts whole frames per second).
+    VxTime step() const { return m_step; }
+    /// Frames per second of the scene at that step.
+    double sceneRate() const;
+    /// True when a frame of the file is a whole number of ticks.
+    bool isExact() const { return m_ticks > 0; }
+    /// True when each frame of the file is one frame of the scene.
+    bool isOnSceneFrames() const { return m_ticks == m_step; }
+
+    /// Time of frame \a frame, 0 to frameCount - 1; strictly increasing, 0 for the first.
+    VxTime keyTime(int frame) const;
+    /// Time of the last frame; 0 when there is none.
+    VxTime lastKeyTime() const;
+    QVector<VxTime> keyTimes() const;
+
+    /// One or two sentences for the user: the file's rate, the scene's rate, and whether the keys
+    /// lie on the scene's frames.
+    QString sentence() const;
+
+private:
+    int m_frameCount = 0;
+    int m_ticks = 0;      // of a frame where that is a whole number, else 0
+    double m_rate = 30.0; // frames per second
+    VxTime m_step = 160;
+};
+
+#endif

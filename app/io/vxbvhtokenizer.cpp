@@ -1,0 +1,180 @@
+#include "io/vxbvhtokenizer.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+bool isSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool isDelimiter(char c)
+{
+    return isSpace(c) || c == '{' || c == '}' || c == ':';
+}
+
+char lowered(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// A line ends at LF, and at a CR that no LF follows.
+bool endsLine(const char *at, const char *end)
+{
+    return *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
+}
+
+qint64 lineAt(const char *begin, const char *place, const char *end)
+{
+    qint64 line = 1;
+    for (const char *at = begin; at < place; ++at)
+        line += endsLine(at, end);
+    return line;
+}
+
+// Called for what does not fit T. A double decides whether the number is too small, which is a
+// zero or a denormal for our purpose, or too large.
+template <typename T>
+VxBvhTokenizer::NumberResult narrowed(const char *from, const char *to, T *out)
+{
+    double wide = 0.0;
+    const std::from_chars_result result = std::from_chars(from, to, wide);
+    if (result.ec != std::errc() || std::abs(wide) > 1.0)
+        return VxBvhTokenizer::NumberResult::OutOfRange;
+    *out = static_cast<T>(wide);
+    return VxBvhTokenizer::NumberResult::Ok;
+}
+
+} // namespace
+
+bool VxBvhTokenizer::Word::is(const char *lower) const
+{
+    int i = 0;
+    for (; i < size && lower[i]; ++i) {
+        if (lowered(data[i]) != lower[i])
+            return false;
+    }
+    return i == size && !lower[i];
+}
+
+QString VxBvhTokenizer::Word::shown() const
+{
+    constexpr int longest = 40;
+    QString text = QString::fromUtf8(data, qMin(size, longest));
+    for (QChar &c : text) {
+        if (!c.isPrint())
+            c = u'?';
+    }
+    return size > longest ? text + QStringLiteral("...") : text;
+}
+
+VxBvhTokenizer::VxBvhTokenizer(const QByteArray &bytes)
+    : m_begin(bytes.constData())
+    , m_at(m_begin)
+    , m_end(m_begin + bytes.size())
+{
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        m_at += 3;
+}
+
+void VxBvhTokenizer::skipBlanks()
+{
+    for (; m_at < m_end && isSpace(*m_at); ++m_at)
+        m_line += endsLine(m_at, m_end);
+}
+
+VxBvhTokenizer::Word VxBvhTokenizer::next()
+{
+    skipBlanks();
+    const char *start = m_at;
+    while (m_at < m_end && !isDelimiter(*m_at))
+        ++m_at;
+    if (m_at == start && m_at < m_end)
+        ++m_at; // a brace or a colon
+    return {start, static_cast<int>(m_at - start), m_line};
+}
+
+VxBvhTokenizer::Word VxBvhTokenizer::peek()
+{
+    skipBlanks();
+    const char *start = m_at;
+    const Word word = next();
+    m_at = start;
+    return word;
+}
+
+VxBvhTokenizer::Word VxBvhTokenizer::restOfLine()
+{
+    while (m_at < m_end && isSpace(*m_at) && *m_at != '\n' && *m_at != '\r')
+        ++m_at;
+    const char *start = m_at;
+    while (m_at < m_end && *m_at != '\n' && *m_at != '\r')
+        ++m_at;
+    const auto trim = [this, start] {
+        while (m_at > start && isSpace(m_at[-1]))
+            --m_at;
+    };
+    trim();
+    const char *brace = m_at > start && m_at[-1] == '{' ? --m_at : nullptr;
+    trim();
+    const Word word{start, static_cast<int>(m_at - start), m_line};
+    if (brace)
+        m_at = brace;
+    return word;
+}
+
+template <typename T> VxBvhTokenizer::NumberResult VxBvhTokenizer::readNumber(T *value)
+{
+    skipBlanks();
+    if (m_at == m_end)
+        return NumberResult::EndOfFile;
+    const char *from = m_at;
+    if (*from == '+' && m_end - from > 1 && from[1] != '-')
+        ++from;
+    const std::from_chars_result result = std::from_chars(from, m_end, *value);
+    if (result.ptr == from || (result.ptr < m_end && !isDelimiter(*result.ptr)))
+        return NumberResult::NotANumber;
+    if (result.ec == std::errc::result_out_of_range) {
+        const NumberResult outcome = narrowed(from, result.ptr, value);
+        if (outcome != NumberResult::Ok)
+            return outcome;
+    }
+    if (!std::isfinite(*value))
+        return NumberResult::NotFinite;
+    m_at = result.ptr;
+    return NumberResult::Ok;
+}
+
+VxBvhTokenizer::NumberResult VxBvhTokenizer::readFloat(float *value)
+{
+    return readNumber(value);
+}
+
+VxBvhTokenizer::NumberResult VxBvhTokenizer::readDouble(double *value)
+{
+    return readNumber(value);
+}
+
+qint64 VxBvhTokenizer::lastLine() const
+{
+    return m_begin == m_end ? 1 : lineAt(m_begin, m_end - 1, m_end);
+}
+
+bool VxBvhTokenizer::isAtEnd()
+{
+    skipBlanks();
+    return m_at == m_end;
+}
+
+qint64 VxBvhTokenizer::firstBinaryLine() const
+{
+    for (const char *at = m_begin; at < m_end; ++at) {
+        const auto code = static_cast<unsigned char>(*at);
+        if ((code < 0x20 && !isSpace(*at)) || code == 0x7F)
+            return lineAt(m_begin, at, m_end);
+    }
+    return -1;
+}

@@ -1,0 +1,145 @@
+#include "io/vxbvhwriter.h"
+
+#include <QCoreApplication>
+#include <QSaveFile>
+#include <charconv>
+
+namespace {
+
+const char *const channelNames[VxBvhChannelKinds] = {"Xposition", "Yposition", "Zposition",
+                                                     "Xrotation", "Yrotation", "Zrotation"};
+
+template <typename T> void appendNumber(QByteArray *out, T value)
+{
+    char text[64];
+    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value);
+    out->append(text, static_cast<int>(result.ptr - text));
+}
+
+void indent(QByteArray *out, int depth)
+{
+    out->append(depth, '\t');
+}
+
+void appendOffset(QByteArray *out, int depth, const VxBvhOffset &offset)
+{
+    indent(out, depth);
+    out->append("OFFSET ");
+    appendNumber(out, offset.x);
+    out->append(' ');
+    appendNumber(out, offset.y);
+    out->append(' ');
+    appendNumber(out, offset.z);
+    out->append('\n');
+}
+
+void appendEndSite(QByteArray *out, int depth, const VxBvhOffset &offset)
+{
+    indent(out, depth);
+    out->append("End Site\n");
+    indent(out, depth);
+    out->append("{\n");
+    appendOffset(out, depth + 1, offset);
+    indent(out, depth);
+    out->append("}\n");
+}
+
+// Everything of a joint but its children and its closing brace.
+void appendJoint(QByteArray *out, int depth, const VxBvhJoint &joint)
+{
+    indent(out, depth);
+    out->append(joint.parent < 0 ? "ROOT " : "JOINT ");
+    out->append(joint.name.toUtf8()).append('\n');
+    indent(out, depth);
+    out->append("{\n");
+    appendOffset(out, depth + 1, joint.offset);
+    if (!joint.channels.empty()) {
+        indent(out, depth + 1);
+        out->append("CHANNELS ").append(QByteArray::number(quint64(joint.channels.size())));
+        for (const VxBvhChannel channel : joint.channels)
+            out->append(' ').append(channelNames[static_cast<int>(channel)]);
+        out->append('\n');
+    }
+    for (const VxBvhOffset &end : joint.endSites)
+        appendEndSite(out, depth + 1, end);
+}
+
+void appendHierarchy(QByteArray *out, const std::vector<VxBvhJoint> &joints)
+{
+    out->append("HIERARCHY\n");
+    std::vector<int> open;
+    const auto closeDownTo = [out, &open](int parent) {
+        while (!open.empty() && open.back() != parent) {
+            open.pop_back();
+            indent(out, static_cast<int>(open.size()));
+            out->append("}\n");
+        }
+    };
+    for (std::size_t i = 0; i < joints.size(); ++i) {
+        closeDownTo(joints[i].parent);
+        appendJoint(out, static_cast<int>(open.size()), joints[i]);
+        open.push_back(static_cast<int>(i));
+    }
+    closeDownTo(-1);
+}
+
+void appendMotion(QByteArray *out, const VxBvhDocument &document)
+{
+    out->append("MOTION\nFrames: ").append(QByteArray::number(document.frameCount));
+    out->append("\nFrame Time: ");
+    appendNumber(out, document.frameTime);
+    out->append('\n');
+    const int channels = document.channelCount();
+    for (int frame = 0; frame < document.frameCount; ++frame) {
+        for (int channel = 0; channel < channels; ++channel) {
+            appendNumber(out, document.channelValues(channel)[frame]);
+            out->append(channel + 1 < channels ? ' ' : '\n');
+        }
+    }
+}
+
+bool fail(VxFileError *error, const QString &file, const QString &message)
+{
+    *error = VxFileError();
+    error->file = file;
+    error->message = message;
+    return false;
+}
+
+} // namespace
+
+bool VxBvhWriter::write(const VxBvhDocument &document, QByteArray *bytes, VxFileError *error)
+{
+    QString reason;
+    if (!document.isValid(&reason))
+        return fail(error, QString(), reason);
+    QByteArray text;
+    text.reserve(static_cast<int>(qMin<std::size_t>(document.values.size() * 10 + 4096, 1u << 30)));
+    appendHierarchy(&text, document.joints);
+    appendMotion(&text, document);
+    *bytes = text;
+    return true;
+}
+
+bool VxBvhWriter::writeFile(const VxBvhDocument &document, const QString &fileName,
+                            VxFileError *error)
+{
+    QByteArray text;
+    if (!write(document, &text, error)) {
+        error->file = fileName;
+        return false;
+    }
+    QSaveFile file(fileName);
+    // A failed commit may have forgotten the reason, so the first failure's text is kept.
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        return fail(error, fileName,
+                    QCoreApplication::translate("VxBvhWriter", "The file cannot be written: %1.")
+                        .arg(reason));
+    }
+    return file.commit() ||
+           fail(error, fileName,
+                QCoreApplication::translate("VxBvhWriter", "The file cannot be written: %1.")
+                    .arg(file.errorString()));
+}

@@ -1,0 +1,11 @@
+#ifndef VXIO_VXFILEPROGRESS_H
+#define VXIO_VXFILEPROGRESS_H
+
+#include <functional>
+
+/// Called now and then by a long file operation with 0 to 100 percent, ascending; returning false
+/// cancels the operation, which then fails with VxFileError::cancelled. An empty function means
+/// nobody watches.
+using VxFileProgress = std::function<bool(int percent)>;
+
+#endif
