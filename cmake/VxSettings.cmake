@@ -1,6 +1,7 @@
 # Settings that every target of the tree shares.
 option(VX_BUILD_TESTS "Build the test programs" ON)
 option(VX_BUILD_BENCHMARKS "Build the benchmarks" ON)
+option(VX_BUILD_FUZZERS "Build the fuzzing programs (needs clang)" OFF)
 option(VX_WERROR "Treat warnings as errors" ON)
 set(VX_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
