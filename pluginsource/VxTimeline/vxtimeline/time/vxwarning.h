@@ -1,0 +1,33 @@
+#ifndef VXWARNING_H
+#define VXWARNING_H
+
+#include <QtCore/QString>
+
+// Warnings that name the place in the source from which they come.
+//
+// A warning reads "path(line): message". The path begins at the last "\src\" of the file's name,
+// so that it tells the same wherever the tree was built; it is written with backslashes.
+
+// A place in the source: what VX_HERE fills in. Borrowed string literals.
+struct VxSourcePosition
+{
+    const char *file;     // as __FILE__ tells it
+    int line;             // 1-based
+    const char *function; // the whole signature, as Q_FUNC_INFO tells it
+};
+
+#define VX_HERE (VxSourcePosition{__FILE__, __LINE__, Q_FUNC_INFO})
+
+// The part of a file name from its last "\src\" on; all of it when there is none. Slashes count as
+// backslashes and become such.
+QString vxSourcePath(const QString &fileName);
+
+// "Class::method" of a signature such as "virtual void Class::method(bool) const".
+QString vxMethodName(const QString &signature);
+
+QString vxFormatWarning(const VxSourcePosition &position, const QString &message);
+
+// Sends the formatted warning through Qt's warning output.
+void vxWarning(const VxSourcePosition &position, const QString &message);
+
+#endif
