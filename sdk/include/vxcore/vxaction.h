@@ -10,7 +10,11 @@
 ///
 /// A plain action overrides executeAction(), a checkable one toggleAction(bool); QAction's own
 /// triggered(bool) calls the right one. A class that is checkable but exclusive by value (a choice
-/// among several) overrides executeAction() and answers false to isToggle().
+/// among several) overrides executeAction() and answers false to isToggle(). It runs after the
+/// check mark has been flipped: a choice made again arrives unchecked, and checks itself.
+///
+/// The object name is the class name. It is given when the action enters the action manager, or at
+/// the first init() or updateInlineHelp(): a constructor of a base does not know the class yet.
 class VXCORE_EXPORT VxAction : public QAction
 {
     Q_OBJECT
@@ -19,7 +23,8 @@ class VXCORE_EXPORT VxAction : public QAction
     Q_PROPERTY(QString actionGroup READ getActionGroup)
     Q_PROPERTY(QString defaultAccel READ getDefaultAccel)
 public:
-    /// text: what a menu shows. description: one or two sentences for status line and help.
+    /// text: what a menu shows; "&&" for "&". description: one or two sentences for status line and
+    /// help.
     explicit VxAction(const QString &text, const QString &description = QString(),
                       bool checkable = false);
     ~VxAction() override;
@@ -28,7 +33,7 @@ public:
     void setDescription(const QString &description);
 
     /// Called by the action manager after creation and again whenever a pane is created: reads the
-    /// state of whatever the action acts on. The base does nothing.
+    /// state of whatever the action acts on. The base only sees to the object name.
     virtual void init();
 
     /// Renews status tip, what's-this text and tool tip from text, description and shortcut.
@@ -61,6 +66,8 @@ protected:
 
 private:
     void handleTriggered(bool onOff);
+    void applyName();
+    void applyHelp();
 
     class Private;
     std::unique_ptr<Private> d;

@@ -2,13 +2,13 @@
 #define VXCORE_VXACTIONMGR_H
 
 #include <QtCore/QObject>
+#include <QtCore/QStringList>
 #include <QtCore/QVector>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
 class QKeySequence;
 class QMenuBar;
-class QWidget;
 class VxAction;
 class VxPluginMgr;
 class VxSettings;
@@ -29,7 +29,8 @@ public:
     /// order of the factories. Does not call init().
     void createActions(const VxPluginMgr *plugins);
 
-    /// Takes over an action made elsewhere, under its class name. False (and the action is not
+    /// Takes over an action made elsewhere, under its class name, and gives it its default
+    /// shortcut, unless an earlier action has that (a warning tells). False (and the action is not
     /// taken) when the class has an instance already.
     bool addAction(VxAction *action);
 
@@ -53,8 +54,11 @@ public:
     /// The class name of the action that has a shortcut, or an empty string.
     QString findShortcut(const QKeySequence &shortcut) const;
 
-    /// Only shortcuts that differ from the defaults are stored.
+    /// Stores, by class name, only the shortcuts that differ from the defaults; an empty text is
+    /// one that was taken away. Entries of classes that are not there today stay.
     void saveShortcuts(VxSettings *settings) const;
+    /// Sets what was stored and puts all others back to their defaults. A default that a stored
+    /// shortcut has taken is not given.
     void restoreShortcuts(const VxSettings *settings);
 
     /// Fills a menu bar with every action that has a menu path: menus by getDefaultMenuPath(),
@@ -67,6 +71,8 @@ Q_SIGNALS:
     void shortcutChanged(const QString &className);
 
 private:
+    void applyShortcuts(const QStringList &classNames);
+
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -2,6 +2,7 @@
 #define VXCORE_VXCLASSFACTORY_H
 
 #include <QtCore/QObject>
+#include <QtCore/QStringList>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxguid.h>
@@ -44,6 +45,8 @@ public:
 
     /// Sets every key of the enumerations and flag sets of a class (and of its bases up to
     /// QObject, which is left out) as a read-only number on a script object, under the key's name.
+    /// A key of the class hides the same key of a base. A key that is also the name of a property
+    /// of the class is left out.
     static void registerEnumsOnClass(QScriptEngine *engine, const QMetaObject *metaObject,
                                      QScriptValue &object);
 

@@ -15,8 +15,12 @@ class VXCORE_EXPORT VxMainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    /// Registers itself as the interface of the application object, if there is one.
+    /// Registers itself as the interface of the application object, if there is one, and lets the
+    /// panes keep their options in the group "Panes" of its settings. Whenever a pane is added,
+    /// all actions read their state anew.
     explicit VxMainWindow(QWidget *parent = nullptr);
+    /// Destroys the panes first, then withdraws from the application object. The action manager
+    /// and the others go last.
     ~VxMainWindow() override;
 
     /// Never null; owned by the window.
@@ -24,7 +28,7 @@ public:
     VxViewportMgr *getViewportMgr() const;
     VxActionMgr *getActionMgr() const;
 
-    /// Shows a sentence in the status line, for seconds * 1000 ms (0: until the next one).
+    /// Shows a sentence in the status line, for a number of milliseconds (0: until the next one).
     virtual void showStatusMessage(const QString &text, int milliseconds = 5000);
 
 private:

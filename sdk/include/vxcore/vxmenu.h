@@ -20,15 +20,15 @@ public:
     QAction *addAction(const QString &className, int index = -1);
     /// Adds a plain entry with an identifier that exec() returns.
     QAction *addItem(const QString &text, int id = -1);
-    /// Adds a sub-menu, owned by this menu.
+    /// Adds a sub-menu, owned by this menu. One that stays empty is not shown.
     VxMenu *addSubMenu(const QString &title);
     /// Adds a separator, unless the menu is empty or ends in one.
     void addSeparator();
-    /// True when there is no entry but separators.
+    /// True when there is no entry but separators and empty sub-menus.
     bool isEmpty() const;
 
     /// Shows the menu modally at a global position. Returns the identifier of the chosen plain
-    /// entry, or -1 for an action, a sub-menu's entry or none.
+    /// entry (of this menu or of one below it), or -1 for an action or none.
     int exec(const QPoint &globalPosition);
 
 private:

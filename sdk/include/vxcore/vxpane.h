@@ -37,8 +37,9 @@ public:
     /// Writes them back; called when the application saves its settings. The base does nothing.
     virtual void saveSettings(VxSettings *settings) const;
 
-    /// Fills the pane's options menu. Called each time the menu is about to be shown when the
-    /// version has changed since the last time, else once. The base does nothing.
+    /// Fills the pane's options menu. Called when the menu is asked for first; it is emptied and
+    /// this is called again whenever it is asked for, or about to be shown, with another version.
+    /// The base does nothing.
     virtual void buildOptionsMenu(VxActionMenu *menu);
     /// A number to raise when buildOptionsMenu() builds something else than in the last release.
     virtual int getOptionsMenuVersion() const;
@@ -49,10 +50,16 @@ public:
     /// The options menu, built on demand; owned by the pane.
     VxActionMenu *getOptionsMenu();
 
+    /// Follows the guides. An override must call it.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void updateOptionsMenu();
+    void watchGuides(QWidget *former, QWidget *present);
+
     class Private;
     std::unique_ptr<Private> d;
 };

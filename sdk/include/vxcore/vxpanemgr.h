@@ -13,7 +13,8 @@ class VxSettings;
 /// Creates panes from the factories, one a class, and finds them by class name.
 ///
 /// The manager makes a pane and hands it to whoever docks it (paneAdded); the widget that docks it
-/// owns it from then on, and the manager forgets a pane that is destroyed.
+/// owns it from then on, and the manager forgets a pane that is destroyed. What nobody docked goes
+/// with the manager.
 class VXCORE_EXPORT VxPaneMgr : public QObject
 {
     Q_OBJECT
@@ -23,10 +24,12 @@ public:
 
     /// Creates every pane class of the factories that has no instance yet, in order.
     void createPanes(const VxPluginMgr *plugins);
-    /// The pane of a class, created when it does not exist. Null when no factory makes it.
+    /// The pane of a class, created when it does not exist, by the factories given to
+    /// createPanes(), else by those of the application. Null when none makes it.
     VxPane *findOrCreatePane(const QString &className);
 
-    /// Takes up a pane that was made elsewhere. It is not owned. False when its class has one.
+    /// Takes up a pane that was made elsewhere: names it after its class unless it has an object
+    /// name, restores its settings and emits paneAdded(). False when its class has one.
     bool addPane(VxPane *pane);
 
     /// Destroys every pane that still lives, last one first.
@@ -52,6 +55,8 @@ Q_SIGNALS:
     void showRequested(VxPane *pane);
 
 private:
+    void forget(const VxPane *pane);
+
     class Private;
     std::unique_ptr<Private> d;
 };

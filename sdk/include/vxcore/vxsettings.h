@@ -37,7 +37,8 @@ public:
     QStringList getKeys() const;
 
     /// The sub-store of a name, made when it does not exist. Owned by this store and valid as
-    /// long as it.
+    /// long as it, also through clear() and load(). A sub-store without any value counts as none
+    /// for the two functions below, and is not written.
     VxSettings *getSettings(const QString &name);
     /// Null when there is none of that name.
     const VxSettings *findSettings(const QString &name) const;

@@ -20,8 +20,8 @@ public:
     explicit VxViewportMgr(QObject *parent = nullptr);
     ~VxViewportMgr() override;
 
-    /// The accelerator of a single button with keyboard modifiers; 0 for no button. Modifiers
-    /// other than Shift, Ctrl, Alt and Meta do not count.
+    /// The accelerator of a single button with keyboard modifiers; 0 for none or several buttons.
+    /// Modifiers other than Shift, Ctrl, Alt and Meta do not count.
     int getMouseBtnAccelerator(Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
 
     /// The operation of an accelerator, 0 when it has none. To begin with: the middle button

@@ -1,0 +1,213 @@
+#include <vxcore/vxactionmgr.h>
+
+#include "action/vxshortcuttable.h"
+#include "menu/vxmenubarfiller.h"
+
+#include <vxcore/vxaction.h>
+#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+QString classNameOf(const VxAction *action)
+{
+    return QString::fromLatin1(action->metaObject()->className());
+}
+
+/** Reads a shortcut's portable text; false for a text that is no shortcut. Empty is one. */
+bool readShortcut(const QString &text, QKeySequence &shortcut)
+{
+    shortcut = QKeySequence::fromString(text, QKeySequence::PortableText);
+    if (text.trimmed().isEmpty())
+        return true;
+    for (int i = 0; i < shortcut.count(); ++i) {
+        if ((shortcut[uint(i)] & ~int(Qt::KeyboardModifierMask)) == Qt::Key_unknown)
+            return false;
+    }
+    return !shortcut.isEmpty();
+}
+
+} // namespace
+
+class VxActionMgr::Private
+{
+public:
+    QVector<VxAction *> actions;
+    QHash<QString, VxAction *> actionsByName;
+    VxShortcutTable shortcuts;
+
+    void addShortcut(const QString &className, const VxAction *action)
+    {
+        const QString text = action->getDefaultAccel();
+        QKeySequence wanted;
+        if (!readShortcut(text, wanted)) {
+            qWarning("VxActionMgr: \"%s\", the default of %s, is not a shortcut",
+                     qUtf8Printable(text), qUtf8Printable(className));
+            wanted = QKeySequence();
+        }
+        QString holder;
+        if (!shortcuts.add(className, wanted, &holder))
+            qWarning("VxActionMgr: the shortcut %s of %s is taken by %s", qUtf8Printable(text),
+                     qUtf8Printable(className), qUtf8Printable(holder));
+    }
+
+    void applyShortcut(const QString &className) const
+    {
+        VxAction *action = actionsByName.value(className);
+        action->setShortcut(shortcuts.shortcut(className));
+        action->updateInlineHelp();
+    }
+
+    void forget(VxAction *action)
+    {
+        actions.removeOne(action);
+        // The class name can no longer be asked for: the action is down to its QObject part.
+        const QString className = actionsByName.key(action);
+        actionsByName.remove(className);
+        shortcuts.remove(className);
+    }
+};
+
+VxActionMgr::VxActionMgr(QObject *parent)
+    : QObject(parent)
+    , d(new Private)
+{
+}
+
+VxActionMgr::~VxActionMgr()
+{
+    // Here, and not by QObject, which would let them report to a manager that is gone.
+    const QVector<VxAction *> actions = d->actions;
+    qDeleteAll(actions.rbegin(), actions.rend());
+}
+
+void VxActionMgr::createActions(const VxPluginMgr *plugins)
+{
+    if (!plugins)
+        return;
+    for (const VxClassFactory *factory : plugins->getClassFactories()) {
+        if (!factory->metaObject()->inherits(&VxAction::staticMetaObject) ||
+            findAction(factory->className()))
+            continue;
+        QObject *object = factory->createInstance();
+        if (VxAction *action = qobject_cast<VxAction *>(object)) {
+            addAction(action);
+            continue;
+        }
+        qWarning("VxActionMgr: the factory of %s made no action",
+                 qUtf8Printable(factory->className()));
+        delete object;
+    }
+}
+
+bool VxActionMgr::addAction(VxAction *action)
+{
+    if (!action || findAction(classNameOf(action)))
+        return false;
+    const QString className = classNameOf(action);
+    action->setParent(this);
+    d->actions.append(action);
+    d->actionsByName.insert(className, action);
+    d->addShortcut(className, action);
+    d->applyShortcut(className);
+    connect(action, &QObject::destroyed, this, [this, action] { d->forget(action); });
+    Q_EMIT actionAdded(action);
+    return true;
+}
+
+void VxActionMgr::initActions()
+{
+    const QVector<VxAction *> actions = d->actions;
+    for (VxAction *action : actions)
+        action->init();
+}
+
+VxAction *VxActionMgr::findAction(const QString &className) const
+{
+    return d->actionsByName.value(className, nullptr);
+}
+
+int VxActionMgr::getNumActions() const
+{
+    return d->actions.size();
+}
+
+VxAction *VxActionMgr::getAction(int index) const
+{
+    return d->actions.value(index, nullptr);
+}
+
+QVector<VxAction *> VxActionMgr::getActions() const
+{
+    return d->actions;
+}
+
+QKeySequence VxActionMgr::getShortcut(const QString &className) const
+{
+    return d->shortcuts.shortcut(className);
+}
+
+bool VxActionMgr::setShortcut(const QString &className, const QKeySequence &shortcut)
+{
+    if (!findAction(className))
+        return false;
+    applyShortcuts(d->shortcuts.set(className, shortcut));
+    return true;
+}
+
+void VxActionMgr::resetShortcut(const QString &className)
+{
+    setShortcut(className, d->shortcuts.defaultShortcut(className));
+}
+
+QString VxActionMgr::findShortcut(const QKeySequence &shortcut) const
+{
+    return d->shortcuts.find(shortcut);
+}
+
+void VxActionMgr::saveShortcuts(VxSettings *settings) const
+{
+    if (!settings)
+        return;
+    const QHash<QString, QKeySequence> changes = d->shortcuts.changes();
+    // Entries of classes that no plug-in provides today stay for the day it is back.
+    for (auto it = d->actionsByName.begin(); it != d->actionsByName.end(); ++it) {
+        if (changes.contains(it.key()))
+            settings->setStringValue(it.key(),
+                                     changes.value(it.key()).toString(QKeySequence::PortableText));
+        else
+            settings->removeValue(it.key());
+    }
+}
+
+void VxActionMgr::restoreShortcuts(const VxSettings *settings)
+{
+    if (!settings)
+        return;
+    QHash<QString, QKeySequence> changes;
+    for (const QString &className : settings->getKeys()) {
+        const QString text = settings->getStringValue(className);
+        QKeySequence shortcut;
+        if (readShortcut(text, shortcut))
+            changes.insert(className, shortcut);
+        else
+            qWarning("VxActionMgr: \"%s\", stored for %s, is not a shortcut", qUtf8Printable(text),
+                     qUtf8Printable(className));
+    }
+    applyShortcuts(d->shortcuts.restore(changes));
+}
+
+void VxActionMgr::populateMenuBar(QMenuBar *menuBar) const
+{
+    if (menuBar)
+        VxMenuBarFiller(menuBar).addActions(d->actions);
+}
+
+void VxActionMgr::applyShortcuts(const QStringList &classNames)
+{
+    for (const QString &className : classNames)
+        d->applyShortcut(className);
+    for (const QString &className : classNames)
+        Q_EMIT shortcutChanged(className);
+}

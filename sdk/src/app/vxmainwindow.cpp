@@ -1,0 +1,56 @@
+#include <vxcore/vxmainwindow.h>
+
+#include <QtWidgets/QStatusBar>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxviewportmgr.h>
+
+class VxMainWindow::Private
+{
+public:
+    VxActionMgr *actionMgr;
+    VxViewportMgr *viewportMgr;
+    VxPaneMgr *paneMgr;
+};
+
+VxMainWindow::VxMainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , d(new Private{new VxActionMgr(this), new VxViewportMgr(this), new VxPaneMgr(this)})
+{
+    connect(d->paneMgr, &VxPaneMgr::paneAdded, d->actionMgr, &VxActionMgr::initActions);
+    if (!vxApp)
+        return;
+    d->paneMgr->setSettings(vxApp->getSettings()->getSettings(QStringLiteral("Panes")));
+    vxApp->setInterface(this);
+}
+
+VxMainWindow::~VxMainWindow()
+{
+    // Panes first, while everything they may ask for still answers.
+    d->paneMgr->destroyPanes();
+    if (vxApp && vxApp->getInterface() == this)
+        vxApp->setInterface(nullptr);
+}
+
+VxPaneMgr *VxMainWindow::getPaneMgr() const
+{
+    return d->paneMgr;
+}
+
+VxViewportMgr *VxMainWindow::getViewportMgr() const
+{
+    return d->viewportMgr;
+}
+
+VxActionMgr *VxMainWindow::getActionMgr() const
+{
+    return d->actionMgr;
+}
+
+void VxMainWindow::showStatusMessage(const QString &text, int milliseconds)
+{
+    statusBar()->showMessage(text, milliseconds);
+}

@@ -1,0 +1,117 @@
+#include "menu/vxmenubarfiller.h"
+
+#include "action/vxactiontext.h"
+
+#include <QtCore/QVariant>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <vxcore/vxaction.h>
+
+namespace {
+
+// A sub-menu's entry is no VxAction: it keeps the group it was sorted into as a property.
+constexpr char subMenuGroupProperty[] = "vxMenuGroup";
+
+QMenu *findMenu(const QWidget *parent, const QString &title)
+{
+    for (QAction *entry : parent->actions()) {
+        if (entry->menu() && VxActionText::withoutMnemonics(entry->text()) == title)
+            return entry->menu();
+    }
+    return nullptr;
+}
+
+/** The group an entry was sorted into; a null string for entries of others. */
+QString groupOf(const QAction *entry)
+{
+    if (const VxAction *action = qobject_cast<const VxAction *>(entry))
+        return VxMenuBarFiller::groupName(action->getActionGroup());
+    return entry->property(subMenuGroupProperty).toString();
+}
+
+/** The entry to insert before so that the group stays together; null to append. */
+QAction *endOfGroup(const QMenu *menu, const QString &group)
+{
+    const QList<QAction *> entries = menu->actions();
+    for (int i = entries.size() - 1; i >= 0; --i) {
+        const QString other = groupOf(entries.at(i));
+        if (!other.isNull() && other == group)
+            return entries.value(i + 1, nullptr);
+    }
+    return nullptr;
+}
+
+bool hasGroup(const QMenu *menu, const QString &group)
+{
+    for (const QAction *entry : menu->actions()) {
+        const QString other = groupOf(entry);
+        if (!other.isNull() && other == group)
+            return true;
+    }
+    return false;
+}
+
+void insertIntoGroup(QMenu *menu, QAction *entry, const QString &group)
+{
+    const bool known = hasGroup(menu, group);
+    if (!known && !menu->actions().isEmpty() && !menu->actions().constLast()->isSeparator())
+        menu->addSeparator();
+    menu->insertAction(known ? endOfGroup(menu, group) : nullptr, entry);
+}
+
+QMenu *subMenu(QMenu *menu, const QString &title, const QString &group)
+{
+    if (QMenu *existing = findMenu(menu, title))
+        return existing;
+    QMenu *made = new QMenu(title, menu);
+    made->menuAction()->setProperty(subMenuGroupProperty, group);
+    insertIntoGroup(menu, made->menuAction(), group);
+    return made;
+}
+
+} // namespace
+
+void VxMenuBarFiller::addActions(const QVector<VxAction *> &actions) const
+{
+    for (VxAction *action : actions) {
+        if (!pathParts(action->getDefaultMenuPath()).isEmpty())
+            addAction(action);
+    }
+}
+
+QStringList VxMenuBarFiller::pathParts(const QString &path)
+{
+    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+}
+
+QString VxMenuBarFiller::groupName(const QString &actionGroup)
+{
+    // Never null: a null string marks entries without any group.
+    const QString name = actionGroup.section(QLatin1Char('/'), 0, 0);
+    return name.isEmpty() ? QStringLiteral("") : name;
+}
+
+QString VxMenuBarFiller::groupPath(const QString &actionGroup)
+{
+    return actionGroup.section(QLatin1Char('/'), 1);
+}
+
+void VxMenuBarFiller::addAction(VxAction *action) const
+{
+    QStringList path = pathParts(action->getDefaultMenuPath());
+    QMenu *menu = barMenu(path.takeFirst());
+    for (const QString &title : qAsConst(path))
+        menu = subMenu(menu, title, QStringLiteral(""));
+    const QString group = groupName(action->getActionGroup());
+    for (const QString &title : pathParts(groupPath(action->getActionGroup())))
+        menu = subMenu(menu, title, group);
+    if (!menu->actions().contains(action))
+        insertIntoGroup(menu, action, group);
+}
+
+QMenu *VxMenuBarFiller::barMenu(const QString &title) const
+{
+    if (QMenu *existing = findMenu(m_menuBar, title))
+        return existing;
+    return m_menuBar->addMenu(title);
+}

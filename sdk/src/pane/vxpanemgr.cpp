@@ -1,0 +1,170 @@
+#include <vxcore/vxpanemgr.h>
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+struct PaneEntry
+{
+    QString className;
+    VxPane *pane;
+};
+
+QString classNameOf(const VxPane *pane)
+{
+    return QString::fromLatin1(pane->metaObject()->className());
+}
+
+} // namespace
+
+class VxPaneMgr::Private
+{
+public:
+    QVector<PaneEntry> entries;
+    QPointer<const VxPluginMgr> plugins;
+    VxSettings *settings = nullptr;
+    QStringList inCreation;
+
+    const VxPluginMgr *factorySource() const
+    {
+        if (plugins)
+            return plugins;
+        return vxApp ? vxApp->getPluginMgr() : nullptr;
+    }
+
+    VxPane *create(const VxClassFactory *factory);
+};
+
+VxPane *VxPaneMgr::Private::create(const VxClassFactory *factory)
+{
+    QObject *object = factory->createInstance();
+    VxPane *pane = qobject_cast<VxPane *>(object);
+    if (!pane) {
+        qWarning("VxPaneMgr: the factory of %s made no pane", qUtf8Printable(factory->className()));
+        delete object;
+    }
+    return pane;
+}
+
+VxPaneMgr::VxPaneMgr(QObject *parent)
+    : QObject(parent)
+    , d(new Private)
+{
+}
+
+VxPaneMgr::~VxPaneMgr()
+{
+    const QVector<PaneEntry> entries = d->entries;
+    for (const PaneEntry &entry : entries) {
+        disconnect(entry.pane, nullptr, this, nullptr);
+        if (!entry.pane->parent())
+            delete entry.pane;
+    }
+}
+
+void VxPaneMgr::createPanes(const VxPluginMgr *plugins)
+{
+    if (!plugins)
+        return;
+    d->plugins = plugins;
+    for (const VxClassFactory *factory : plugins->getClassFactories()) {
+        if (factory->metaObject()->inherits(&VxPane::staticMetaObject))
+            findOrCreatePane(factory->className());
+    }
+}
+
+VxPane *VxPaneMgr::findOrCreatePane(const QString &className)
+{
+    if (VxPane *pane = findPane(className))
+        return pane;
+    const VxPluginMgr *source = d->factorySource();
+    const VxClassFactory *factory = source ? source->findClassFactory(className) : nullptr;
+    if (!factory || !factory->metaObject()->inherits(&VxPane::staticMetaObject))
+        return nullptr;
+    // A pane that asks for itself while it is being constructed gets the answer "not yet".
+    if (d->inCreation.contains(className))
+        return nullptr;
+    d->inCreation.append(className);
+    VxPane *pane = d->create(factory);
+    d->inCreation.removeOne(className);
+    if (pane)
+        addPane(pane);
+    return pane;
+}
+
+bool VxPaneMgr::addPane(VxPane *pane)
+{
+    if (!pane || findPane(classNameOf(pane)))
+        return false;
+    const QString className = classNameOf(pane);
+    if (pane->objectName().isEmpty())
+        pane->setObjectName(className);
+    d->entries.append({className, pane});
+    connect(pane, &QObject::destroyed, this, [this, pane] { forget(pane); });
+    if (d->settings)
+        pane->restoreSettings(d->settings->getSettings(className));
+    Q_EMIT paneAdded(pane);
+    return true;
+}
+
+void VxPaneMgr::destroyPanes()
+{
+    // Each one forgets itself, so the list gets shorter; a pane may take another with it.
+    while (!d->entries.isEmpty())
+        delete d->entries.constLast().pane;
+}
+
+QVector<VxPane *> VxPaneMgr::getPanes() const
+{
+    QVector<VxPane *> panes;
+    panes.reserve(d->entries.size());
+    for (const PaneEntry &entry : qAsConst(d->entries))
+        panes.append(entry.pane);
+    return panes;
+}
+
+void VxPaneMgr::setSettings(VxSettings *settings)
+{
+    d->settings = settings;
+}
+
+void VxPaneMgr::saveSettings() const
+{
+    if (!d->settings)
+        return;
+    for (const PaneEntry &entry : qAsConst(d->entries))
+        entry.pane->saveSettings(d->settings->getSettings(entry.className));
+}
+
+VxPane *VxPaneMgr::findPane(const QString &className) const
+{
+    for (const PaneEntry &entry : qAsConst(d->entries)) {
+        if (entry.className == className)
+            return entry.pane;
+    }
+    return nullptr;
+}
+
+void VxPaneMgr::showPane(VxPane *pane)
+{
+    if (pane)
+        Q_EMIT showRequested(pane);
+}
+
+/** Only the address of the pane is used: it is down to its QObject part. */
+void VxPaneMgr::forget(const VxPane *pane)
+{
+    for (int i = 0; i < d->entries.size(); ++i) {
+        if (d->entries.at(i).pane != pane)
+            continue;
+        const QString className = d->entries.takeAt(i).className;
+        Q_EMIT paneRemoved(className);
+        return;
+    }
+}

@@ -1,0 +1,147 @@
+#include <vxcore/vxpluginmgr.h>
+
+#include "plugin/vxpluginmodule.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QHash>
+#include <QtCore/QLibrary>
+#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxplugin.h>
+
+class VxPluginMgr::Private
+{
+public:
+    QVector<VxPlugin *> plugins;
+    QVector<VxClassFactory *> factories;
+    QHash<QString, VxClassFactory *> factoriesByName;
+
+    const VxPlugin *findPlugin(const QString &name) const
+    {
+        for (const VxPlugin *plugin : plugins) {
+            if (plugin->getName() == name)
+                return plugin;
+        }
+        return nullptr;
+    }
+
+    /** Why a record cannot be taken up; empty when it can. */
+    QString objection(const VxPlugin *plugin) const
+    {
+        if (plugin->getName().isEmpty())
+            return VxPluginMgr::tr("its plug-in record has no name");
+        const VxPlugin *taken = findPlugin(plugin->getName());
+        if (!taken)
+            return QString();
+        return VxPluginMgr::tr("a plug-in of the name \"%1\" is already loaded (version %2)")
+            .arg(plugin->getName(), taken->getVersion().toString());
+    }
+
+    bool addFactory(VxClassFactory *factory)
+    {
+        const QString name = factory->className();
+        if (name.isEmpty() || factoriesByName.contains(name))
+            return false;
+        factories.append(factory);
+        factoriesByName.insert(name, factory);
+        return true;
+    }
+
+    void addFactories(const VxPlugin *plugin)
+    {
+        for (VxClassFactory *factory : plugin->getClassFactories()) {
+            if (!addFactory(factory))
+                qWarning("VxPluginMgr: the class \"%s\" of the plug-in \"%s\" is left out: its "
+                         "name is empty or taken",
+                         qUtf8Printable(factory->className()), qUtf8Printable(plugin->getName()));
+        }
+    }
+};
+
+VxPluginMgr::VxPluginMgr(QObject *parent)
+    : QObject(parent)
+    , d(new Private)
+{
+}
+
+VxPluginMgr::~VxPluginMgr() = default;
+
+VxPlugin *VxPluginMgr::loadPlugin(const QString &fileName, QString *error)
+{
+    VxPluginModule module(fileName);
+    VxPlugin *plugin = module.open();
+    QString problem = module.error();
+    if (plugin) {
+        const QString objection = d->objection(plugin);
+        if (!objection.isEmpty())
+            problem = tr("%1 is not taken up: %2.").arg(fileName, objection);
+    }
+    if (error)
+        *error = problem;
+    if (!problem.isEmpty())
+        return nullptr;
+    addPlugin(plugin);
+    return plugin;
+}
+
+int VxPluginMgr::loadPlugins(const QString &folder, QStringList *errors)
+{
+    const QDir dir(folder);
+    if (!dir.exists()) {
+        if (errors)
+            errors->append(tr("The plug-in folder %1 does not exist.").arg(folder));
+        return 0;
+    }
+    int loaded = 0;
+    for (const QString &name : dir.entryList(QDir::Files, QDir::Name)) {
+        if (!QLibrary::isLibrary(name))
+            continue;
+        QString error;
+        if (loadPlugin(dir.filePath(name), &error))
+            ++loaded;
+        else if (errors)
+            errors->append(error);
+    }
+    return loaded;
+}
+
+void VxPluginMgr::addPlugin(VxPlugin *plugin)
+{
+    if (!plugin) {
+        qWarning("VxPluginMgr: there is no plug-in record to add");
+        return;
+    }
+    const QString objection = d->objection(plugin);
+    if (!objection.isEmpty()) {
+        qWarning("VxPluginMgr: a plug-in is not taken up: %s", qUtf8Printable(objection));
+        return;
+    }
+    d->plugins.append(plugin);
+    d->addFactories(plugin);
+    Q_EMIT pluginAdded(plugin);
+}
+
+bool VxPluginMgr::addClassFactory(VxClassFactory *factory)
+{
+    return factory && d->addFactory(factory);
+}
+
+QVector<VxPlugin *> VxPluginMgr::getPlugins() const
+{
+    return d->plugins;
+}
+
+QVector<VxClassFactory *> VxPluginMgr::getClassFactories() const
+{
+    return d->factories;
+}
+
+VxClassFactory *VxPluginMgr::findClassFactory(const QString &className) const
+{
+    return d->factoriesByName.value(className, nullptr);
+}
+
+void VxPluginMgr::registerClasses(QScriptEngine *engine) const
+{
+    for (const VxClassFactory *factory : d->factories)
+        factory->registerClass(engine);
+}

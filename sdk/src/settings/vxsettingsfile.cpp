@@ -1,0 +1,137 @@
+#include "settings/vxsettingsfile.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QSaveFile>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+
+namespace {
+
+QString scratchFile(const QTemporaryDir &dir)
+{
+    return dir.filePath(QStringLiteral("settings.ini"));
+}
+
+// The toolkit takes both slashes as separators and drops empty names. A lone percent sign stands
+// for the empty name: encoding leaves none otherwise.
+QString encode(const QString &name)
+{
+    if (name.isEmpty())
+        return QStringLiteral("%");
+    QString text = name;
+    text.replace(QLatin1Char('%'), QLatin1String("%25"));
+    text.replace(QLatin1Char('/'), QLatin1String("%2F"));
+    text.replace(QLatin1Char('\\'), QLatin1String("%5C"));
+    return text;
+}
+
+QString decode(const QString &text)
+{
+    if (text == QLatin1String("%"))
+        return QString();
+    QString name = text;
+    name.replace(QLatin1String("%5C"), QLatin1String("\\"));
+    name.replace(QLatin1String("%2F"), QLatin1String("/"));
+    name.replace(QLatin1String("%25"), QLatin1String("%"));
+    return name;
+}
+
+/** A text with commas that nobody quoted is read as a list: put it together again. */
+QString textOf(const QVariant &value)
+{
+    return value.type() == QVariant::StringList ? value.toStringList().join(QLatin1String(", "))
+                                                : value.toString();
+}
+
+} // namespace
+
+QString VxSettingsFile::path(const QStringList &names)
+{
+    QStringList parts;
+    for (const QString &name : names)
+        parts.append(encode(name));
+    return parts.join(QLatin1Char('/'));
+}
+
+QStringList VxSettingsFile::names(const QString &path)
+{
+    QStringList names;
+    for (const QString &part : path.split(QLatin1Char('/')))
+        names.append(decode(part));
+    return names;
+}
+
+bool VxSettingsFile::read(Values &values)
+{
+    values.clear();
+    QFile file(m_fileName);
+    if (!file.exists())
+        return true;
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_error = tr("%1 cannot be read: %2").arg(m_fileName, file.errorString());
+        return false;
+    }
+    const QByteArray contents = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        m_error = tr("%1 cannot be read: %2").arg(m_fileName, file.errorString());
+        return false;
+    }
+    return parse(contents, values);
+}
+
+bool VxSettingsFile::write(const Values &values)
+{
+    QByteArray contents;
+    if (!format(values, contents))
+        return false;
+    QSaveFile file(m_fileName);
+    // The first failure's text: after a failed commit there may be none.
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() ||
+        !file.commit()) {
+        m_error = tr("%1 cannot be written: %2").arg(m_fileName, file.errorString());
+        return false;
+    }
+    return true;
+}
+
+bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
+{
+    const QTemporaryDir dir;
+    QFile scratch(scratchFile(dir));
+    if (!dir.isValid() || !scratch.open(QIODevice::WriteOnly) ||
+        scratch.write(contents) != contents.size() || !scratch.flush()) {
+        m_error = tr("%1 cannot be read: no temporary file can be written").arg(m_fileName);
+        return false;
+    }
+    scratch.close();
+    QSettings store(scratch.fileName(), QSettings::IniFormat);
+    store.setIniCodec("UTF-8");
+    const QStringList paths = store.allKeys();
+    if (store.status() != QSettings::NoError) {
+        m_error = tr("%1 is not an INI file, or is damaged").arg(m_fileName);
+        return false;
+    }
+    for (const QString &path : paths)
+        values.insert(path, textOf(store.value(path)));
+    return true;
+}
+
+bool VxSettingsFile::format(const Values &values, QByteArray &contents)
+{
+    const QTemporaryDir dir;
+    QSettings store(scratchFile(dir), QSettings::IniFormat);
+    store.setIniCodec("UTF-8");
+    for (auto it = values.begin(); it != values.end(); ++it)
+        store.setValue(it.key(), it.value());
+    store.sync();
+    QFile scratch(scratchFile(dir));
+    // Without any value no file is made.
+    const bool isComplete = dir.isValid() && store.status() == QSettings::NoError &&
+                            (values.isEmpty() || scratch.open(QIODevice::ReadOnly));
+    if (!isComplete) {
+        m_error = tr("%1 cannot be written: no temporary file can be written").arg(m_fileName);
+        return false;
+    }
+    contents = scratch.isOpen() ? scratch.readAll() : QByteArray();
+    return true;
+}

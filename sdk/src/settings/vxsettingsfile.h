@@ -1,0 +1,43 @@
+#ifndef VXSETTINGSFILE_H
+#define VXSETTINGSFILE_H
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMap>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+/// Reads and writes a flat list of paths and texts as an INI file.
+///
+/// A path is a list of names of any characters: those of the groups, then the key. The file as a
+/// whole is read before anything is parsed and written in one step, and it never goes through the
+/// toolkit's cache of files, which would miss a file rewritten within the clock's resolution.
+class VxSettingsFile
+{
+    Q_DECLARE_TR_FUNCTIONS(VxSettingsFile)
+public:
+    using Values = QMap<QString, QString>; // by path()
+
+    explicit VxSettingsFile(const QString &fileName)
+        : m_fileName(fileName)
+    {
+    }
+
+    /// Missing files have no values. False when the file cannot be read or parsed.
+    bool read(Values &values);
+    bool write(const Values &values);
+    QString error() const { return m_error; }
+
+    /** One text for a path, and back: names joined with "/", with what would be mistaken for a
+     *  separator written as a percent code. */
+    static QString path(const QStringList &names);
+    static QStringList names(const QString &path);
+
+private:
+    bool parse(const QByteArray &contents, Values &values);
+    bool format(const Values &values, QByteArray &contents);
+
+    QString m_fileName;
+    QString m_error;
+};
+
+#endif
