@@ -168,6 +168,8 @@ public:
 
     /// Colours of the application's palette over what the caller has set on purpose.
     void polish(QPalette &palette) override;
+    /// Gives the application the style's palette.
+    void polish(QApplication *application) override;
     using QProxyStyle::polish;
 
     QPalette standardPalette() const override;

@@ -46,7 +46,7 @@ QColor buttonGround(const QStyleOption *option)
     if (state & QStyle::State_On)
         return VxColors::mix(button, palette.color(QPalette::Highlight), hovered ? 0.85 : 0.65);
     if (hovered)
-        return VxColors::mix(button, text, 0.18);
+        return VxColors::mix(button, text, 0.13);
     return state & QStyle::State_Raised ? button : QColor();
 }
 
@@ -59,8 +59,6 @@ void VxBarPrimitives::drawPaneBackground(const QStyleOption *option, QPainter *p
 
 void VxBarPrimitives::drawBarBackground(const QStyleOption *option, QPainter *painter)
 {
-    if (option->rect.isEmpty())
-        return;
     const QPalette &palette = option->palette;
     fillRounded(painter, option->rect, palette.color(QPalette::Button));
     strokeRounded(
@@ -71,7 +69,7 @@ void VxBarPrimitives::drawBarBackground(const QStyleOption *option, QPainter *pa
 void VxBarPrimitives::drawBarButton(const QStyleOption *option, QPainter *painter)
 {
     const QColor ground = buttonGround(option);
-    if (!ground.isValid() || option->rect.isEmpty())
+    if (!ground.isValid())
         return;
     const QRectF rect = QRectF(option->rect).adjusted(1, 1, -1, -1);
     fillRounded(painter, rect, ground);

@@ -48,12 +48,12 @@ inline void polyline(QPainter &painter, std::initializer_list<QPointF> points)
     painter.drawPolyline(polygon(points));
 }
 
-// A shape with a gap around it in the colour of the ground, for parts over other parts.
+// A shape that lies over others, with a clear gap around it.
 inline void fillOver(QPainter &painter, const QPolygonF &shape, const QColor &color,
-                     const QColor &ground)
+                     qreal gap = 1.2)
 {
-    painter.setBrush(ground);
-    painter.setPen(QPen(ground, 2.5, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(Qt::black);
+    painter.setPen(QPen(Qt::black, 2 * gap, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     const QPainter::CompositionMode mode = painter.compositionMode();
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     painter.drawPolygon(shape);

@@ -8,10 +8,10 @@
 class QPainter;
 
 // The colours an icon is drawn in: ink for lines and bodies, accent for what is to be noticed,
-// soft for fillings, ground for what lies behind and separates overlapping parts.
+// soft for what stays in the background.
 struct VxGlyphColors
 {
-    QColor ink, accent, soft, ground;
+    QColor ink, accent, soft;
 };
 
 // Draws one icon on a field of 16 by 16 units. The painter comes with anti-aliasing on, without

@@ -9,25 +9,27 @@
 
 namespace {
 
-VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode)
+// What an icon lies on: the accent would be lost on the highlighted ground of a selected row or
+// a checked button, so everything is drawn in ink there.
+VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::State state)
 {
     const QPalette palette = VxColors::palette(scheme);
-    const QPalette::ColorGroup group =
-        mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    const bool selected = mode == QIcon::Selected;
+    const bool disabled = mode == QIcon::Disabled;
+    const QColor ground = palette.color(selected ? QPalette::Highlight : QPalette::Button);
     VxGlyphColors colors;
-    colors.ground = palette.color(QPalette::Button);
-    colors.ink = palette.color(group, mode == QIcon::Selected ? QPalette::HighlightedText
-                                                              : QPalette::ButtonText);
-    if (mode == QIcon::Disabled)
-        colors.ink = VxColors::mix(colors.ink, colors.ground, 0.25);
-    colors.soft = VxColors::mix(colors.ink, colors.ground, 0.5);
-    const bool plain = mode == QIcon::Disabled || mode == QIcon::Selected;
-    colors.accent =
-        plain ? colors.ink : VxColors::interfaceColor(scheme, QStringLiteral("Style_Play_Range"));
+    colors.ink = palette.color(disabled ? QPalette::Disabled : QPalette::Active,
+                               selected ? QPalette::HighlightedText : QPalette::ButtonText);
+    if (disabled)
+        colors.ink = VxColors::mix(colors.ink, ground, 0.25);
+    colors.soft = VxColors::mix(colors.ink, ground, 0.5);
+    colors.accent = selected || disabled || state == QIcon::On
+                        ? colors.ink
+                        : VxColors::interfaceColor(scheme, QStringLiteral("Style_Play_Range"));
     return colors;
 }
 
-// A picture of the glyph alone: parts may be cut out of it before it is laid over the ground.
+// A picture of the glyph alone, on which it can cut gaps without cutting into what lies below.
 QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
 {
     QPixmap picture(side, side);
@@ -61,12 +63,11 @@ void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
 
 QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
-    Q_UNUSED(state)
     const VxGlyph glyph = vxFindGlyph(m_id);
     if (glyph == nullptr || size.isEmpty())
         return QPixmap();
     const int side = std::min(size.width(), size.height());
-    const QPixmap picture = renderGlyph(glyph, side, glyphColors(scheme(), mode));
+    const QPixmap picture = renderGlyph(glyph, side, glyphColors(scheme(), mode, state));
     if (size == picture.size())
         return picture;
     QPixmap framed(size);

@@ -10,8 +10,7 @@ namespace {
 void deleteKeys(QPainter &painter, const VxGlyphColors &colors)
 {
     fill(painter, diamond(6, 7, 5.5), colors.ink);
-    fillOver(painter, polygon({{9, 11}, {15, 11}, {15, 13}, {9, 13}}), colors.accent,
-             colors.ground);
+    fillOver(painter, polygon({{9, 11}, {15, 11}, {15, 13}, {9, 13}}), colors.accent);
 }
 
 void createKeys(QPainter &painter, const VxGlyphColors &colors)
@@ -30,21 +29,24 @@ void createKeys(QPainter &painter, const VxGlyphColors &colors)
                       {9, 13},
                       {9, 11},
                       {11, 11}}),
-             colors.accent, colors.ground);
+             colors.accent);
 }
 
+// Two sheets, the one in front with a key on it.
 void copyKeys(QPainter &painter, const VxGlyphColors &colors)
 {
-    fill(painter, diamond(6, 6, 5), colors.soft);
-    fillOver(painter, diamond(10, 10, 5), colors.ink, colors.ground);
+    lines(painter, colors.soft, 1.5);
+    polyline(painter, {{3.5, 11.25}, {1.75, 11.25}, {1.75, 1.75}, {9.25, 1.75}, {9.25, 2.75}});
+    lines(painter, colors.ink, 1.5);
+    painter.drawRoundedRect(QRectF(4.75, 4.75, 9.5, 10), 1, 1);
+    fill(painter, diamond(9.5, 9.75, 3.2), colors.accent);
 }
 
 void pasteKeys(QPainter &painter, const VxGlyphColors &colors)
 {
     lines(painter, colors.ink, 1.5);
     painter.drawRoundedRect(QRectF(2.75, 3.25, 10.5, 11.5), 1.5, 1.5);
-    fillOver(painter, polygon({{5.5, 1.5}, {10.5, 1.5}, {10.5, 4.5}, {5.5, 4.5}}), colors.ink,
-             colors.ground);
+    fillOver(painter, polygon({{5.5, 1.5}, {10.5, 1.5}, {10.5, 4.5}, {5.5, 4.5}}), colors.ink);
     fill(painter, diamond(8, 9.7, 3.3), colors.accent);
 }
 
@@ -61,8 +63,8 @@ void keyGraph(QPainter &painter, const VxGlyphColors &colors)
     QPainterPath curve(QPointF(4, 11));
     curve.cubicTo(8, 11, 8, 4, 13, 4);
     painter.drawPath(curve);
-    fill(painter, diamond(4.5, 11, 2.6), colors.accent);
-    fill(painter, diamond(12.5, 4, 2.6), colors.accent);
+    fill(painter, diamond(4.5, 11, 2.2), colors.accent);
+    fill(painter, diamond(12.5, 4, 2.2), colors.accent);
 }
 
 // The three icons of the interpolation types end in the marks of their type.

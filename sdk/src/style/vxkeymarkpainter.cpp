@@ -54,7 +54,8 @@ QPainterPath polygon(std::initializer_list<QPointF> points)
 
 QPainterPath diamond(const QRectF &box, qreal inset)
 {
-    const qreal reach = box.width() / 2 - inset * M_SQRT2;
+    // A slanted line looks thicker than an upright one of the same width.
+    const qreal reach = box.width() / 2 - inset;
     const QPointF middle = box.center();
     return polygon({middle - QPointF(0, reach), middle + QPointF(reach, 0),
                     middle + QPointF(0, reach), middle - QPointF(reach, 0)});
@@ -82,9 +83,9 @@ QPainterPath plain(const QRectF &box, qreal inset)
                     foot + QPointF(0, -(box.height() * 0.75 - inset * 2.6))});
 }
 
-QPainterPath square(const QRectF &box, qreal unit, qreal inset)
+QPainterPath square(const QRectF &box, qreal inset)
 {
-    const qreal margin = unit + inset;
+    const qreal margin = std::round(box.width() * 0.12) + inset;
     QPainterPath path;
     path.addRect(box.adjusted(margin, margin, -margin, -margin));
     return path;
@@ -93,7 +94,8 @@ QPainterPath square(const QRectF &box, qreal unit, qreal inset)
 QPainterPath circle(const QRectF &box, qreal inset)
 {
     QPainterPath path;
-    path.addEllipse(box.adjusted(inset, inset, -inset, -inset));
+    const qreal margin = std::floor(box.width() / 13) + inset;
+    path.addEllipse(box.adjusted(margin, margin, -margin, -margin));
     return path;
 }
 
@@ -104,7 +106,7 @@ QPainterPath shapePath(VxKeyMarkLook::Shape shape, const QRectF &box, qreal unit
     case VxKeyMarkLook::Diamond:
         return diamond(box, inset);
     case VxKeyMarkLook::Square:
-        return square(box, unit, inset);
+        return square(box, inset);
     case VxKeyMarkLook::Circle:
         return circle(box, inset);
     case VxKeyMarkLook::Aggregate:

@@ -76,7 +76,7 @@ void aliasProperty(QPainter &painter, const VxGlyphColors &colors)
     painter.drawRoundedRect(QRectF(4, 1.5, 4, 9), 1.2, 1.2);
     fillOver(painter,
              polygon({{8, 11}, {11, 11}, {11, 8.8}, {15, 12}, {11, 15.2}, {11, 13}, {8, 13}}),
-             colors.accent, colors.ground);
+             colors.accent);
 }
 
 void visible(QPainter &painter, const VxGlyphColors &colors)

@@ -206,6 +206,13 @@ VxTextStyle VxStyle::textStyle(TextStyleId id) const
     }
 }
 
+// The desktop's palette would win over standardPalette() otherwise.
+void VxStyle::polish(QApplication *application)
+{
+    QProxyStyle::polish(application);
+    QApplication::setPalette(d->palette);
+}
+
 void VxStyle::polish(QPalette &palette)
 {
     palette = palette.resolve(d->palette);
@@ -236,9 +243,10 @@ void VxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option
     const quint32 id = static_cast<quint32>(element);
     if (id == PE_VxKeyMark)
         d->keyMarks.draw(painter, option);
-    else if (const DrawFunction draw = ownPrimitive(id))
-        draw(option, painter);
-    else
+    else if (const DrawFunction draw = ownPrimitive(id)) {
+        if (!option->rect.isEmpty())
+            draw(option, painter);
+    } else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 

@@ -14,6 +14,8 @@ namespace {
 
 // The pixels by which the flags of the range marks reach into the play range.
 constexpr int flagReach = 4;
+// Below this side there is no room for the playhead's point.
+constexpr int smallestPlayhead = 6;
 
 QColor named(const QStyleOption *option, const char *name)
 {
@@ -47,11 +49,16 @@ void drawRangeMark(const QStyleOption *option, QPainter *painter, bool start)
     const QColor color = named(option, "Style_Play_Range");
     const QRect line = lowerColumn(option, 0.54);
     painter->fillRect(line, color);
-    for (int step = 0; step < flagReach; ++step) {
-        const int height = flagReach - step;
-        const int x = start ? line.right() + 1 + step : line.left() - 1 - step;
-        painter->fillRect(QRect(x, line.bottom() + 1 - height, 1, height), color);
-    }
+    const qreal foot = line.bottom() + 1;
+    const qreal edge = start ? line.right() + 1 : line.left();
+    const qreal tip = edge + (start ? flagReach : -flagReach);
+    const QPointF flag[] = {{edge, foot - flagReach}, {tip, foot}, {edge, foot}};
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color);
+    painter->drawConvexPolygon(flag, 3);
+    painter->restore();
 }
 
 QPainterPath playheadShape(const QRectF &rect)
@@ -63,7 +70,9 @@ QPainterPath playheadShape(const QRectF &rect)
     const qreal half = std::max<qreal>(2, std::floor(side * 0.25)) + 0.5;
     const qreal top = rect.bottom() - std::floor(side * 0.6);
     const qreal shoulder = rect.bottom() - half - 0.5;
-    QPainterPath path(QPointF(middle, rect.bottom()));
+    // The point is one pixel wide, so that it is seen down to the last row.
+    QPainterPath path(QPointF(middle + 0.5, rect.bottom()));
+    path.lineTo(middle - 0.5, rect.bottom());
     path.lineTo(middle - half, shoulder);
     path.lineTo(middle - half, top + 2);
     path.quadTo(middle - half, top, middle - half + 2, top);
@@ -134,19 +143,18 @@ void VxTimelinePrimitives::drawRulerTick(const QStyleOption *option, QPainter *p
 void VxTimelinePrimitives::drawPlayhead(const QStyleOption *option, QPainter *painter)
 {
     const QRect &rect = option->rect;
-    if (rect.isEmpty())
-        return;
     const QColor color = named(option, "Style_Playhead");
-    const int stemHeight = rect.height() - std::min(rect.width(), rect.height()) * 6 / 10;
-    painter->fillRect(rect.left() + rect.width() / 2, rect.top(), 1, stemHeight, faded(color, 0.6));
+    const int side = std::min(rect.width(), rect.height());
+    if (side < smallestPlayhead)
+        return painter->fillRect(rect, color);
+    painter->fillRect(rect.left() + rect.width() / 2, rect.top(), 1, rect.height() - side * 6 / 10,
+                      faded(color, 0.6));
     fillWithOutline(painter, playheadShape(rect), color, named(option, "Style_Playhead_Outline"));
 }
 
 void VxTimelinePrimitives::drawCurrentTimeMarker(const QStyleOption *option, QPainter *painter)
 {
     const QRect &rect = option->rect;
-    if (rect.isEmpty())
-        return;
     const QColor color = named(option, "Style_Playhead");
     painter->fillRect(rect, faded(color, 0.16));
     painter->fillRect(rect.left() + rect.width() / 2, rect.top(), 1, rect.height(),
@@ -156,8 +164,6 @@ void VxTimelinePrimitives::drawCurrentTimeMarker(const QStyleOption *option, QPa
 void VxTimelinePrimitives::drawRangeHandle(const QStyleOption *option, QPainter *painter)
 {
     const QRectF box = QRectF(option->rect);
-    if (box.isEmpty())
-        return;
     const QPalette &palette = option->palette;
     const bool hovered = option->state & QStyle::State_MouseOver;
     const QColor ground = hovered ? palette.color(QPalette::Highlight)

@@ -80,16 +80,16 @@ void loopArrows(QPainter &painter, const QColor &color)
     fill(painter, polygon({{5.5, 8.3}, {1.4, 11.5}, {5.5, 14.7}}), color);
 }
 
+// The dot in the middle tells on from off where colours are not seen.
 void loopOn(QPainter &painter, const VxGlyphColors &colors)
 {
     loopArrows(painter, colors.accent);
+    dot(painter, 8, 8, 1.7, colors.accent);
 }
 
 void loopOff(QPainter &painter, const VxGlyphColors &colors)
 {
     loopArrows(painter, colors.soft);
-    fillOver(painter, polygon({{2.4, 14.6}, {1.4, 13.6}, {13.6, 1.4}, {14.6, 2.4}}), colors.ink,
-             colors.ground);
 }
 
 } // namespace
