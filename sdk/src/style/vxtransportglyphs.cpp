@@ -80,16 +80,17 @@ void loopArrows(QPainter &painter, const QColor &color)
     fill(painter, polygon({{5.5, 8.3}, {1.4, 11.5}, {5.5, 14.7}}), color);
 }
 
-// The dot in the middle tells on from off where colours are not seen.
 void loopOn(QPainter &painter, const VxGlyphColors &colors)
 {
     loopArrows(painter, colors.accent);
-    dot(painter, 8, 8, 1.7, colors.accent);
 }
 
+// Once, and then the end: another shape, so that on and off are told apart without colours.
 void loopOff(QPainter &painter, const VxGlyphColors &colors)
 {
-    loopArrows(painter, colors.soft);
+    fill(painter, QRectF(1, 7, 7, 2), colors.ink);
+    fill(painter, polygon({{7, 4}, {12, 8}, {7, 12}}), colors.ink);
+    fill(painter, QRectF(13, 3, 2, 10), colors.ink);
 }
 
 } // namespace
