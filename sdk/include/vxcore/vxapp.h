@@ -17,8 +17,10 @@ class VxUndoStack;
 /// The application as a whole: the one object from which everything else is reached.
 ///
 /// Exactly one exists while the program runs; it sets the global `vxApp` and, with the scene it
-/// owns, `vxScene`. It needs a QApplication. The main window is made by the program and registers
-/// itself here.
+/// owns, `vxScene`. It needs a QApplication, to which it gives its style. The main window is made
+/// by the program and registers itself here; it goes before this object does. At the end the script
+/// engine goes first, then what the history keeps, then the scene, then the history, the plug-in
+/// manager and the settings.
 class VXCORE_EXPORT VxApp : public QObject
 {
     Q_OBJECT
@@ -31,26 +33,29 @@ public:
     static QString getAppName();
     static void setAppName(const QString &name);
 
-    /// Never null; owned by this object.
+    /// Owned by this object; never null, except while it is being destroyed.
     VxScene *getScene() const;
     VxUndoStack *getUndoStack() const;
     VxSettings *getSettings() const;
+    /// It knows the host's own panes and actions from the beginning.
     VxPluginMgr *getPluginMgr() const;
+    /// Made at the first call, with everything registered; classes of plug-ins that are loaded
+    /// later are added by themselves.
     VxScriptEngine *getScriptEngine() const;
 
-    /// The style in use; never null.
+    /// The style in use, owned by QApplication; null only without a QApplication.
     VxStyle *getStyle() const;
-    /// Takes over a style, makes it QApplication's and emits styleChanged(). The former style is
-    /// deleted. Null is ignored.
+    /// Takes over a style, makes it QApplication's, with its palette, and emits styleChanged(). The
+    /// former style is deleted. Null and the style in use are ignored.
     void setStyle(VxStyle *style);
 
-    /// The main window, or null while there is none.
+    /// The main window, or null while there is none. Not owned.
     VxMainWindow *getInterface() const;
     void setInterface(VxMainWindow *window);
     /// The widget to give to dialogs as their parent: the main window; may be null.
     QWidget *getDialogParent() const;
 
-    /// True from the moment the program begins to shut down. Deferred work is skipped then.
+    /// True from the moment the program begins to shut down, at the latest when this object goes. Deferred work is skipped then.
     bool isClosing() const;
     /// True once starting() has been emitted.
     bool isStarted() const;

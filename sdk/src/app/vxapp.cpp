@@ -1,9 +1,15 @@
 #include <vxcore/vxapp.h>
 
+#include "plugin/vxhostclasses.h"
+
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
+#include <vxcore/vxclassfactory.h>
 #include <vxcore/vxmainwindow.h>
+#include <vxcore/vxplugin.h>
 #include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscriptengine.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
@@ -24,10 +30,14 @@ QString &appName()
 class VxApp::Private
 {
 public:
+    // Made in this order and destroyed in the opposite one: scripts refer to everything, nodes that
+    // leave the scene ask the history whether it is recording.
     std::unique_ptr<VxSettings> settings = std::make_unique<VxSettings>();
     std::unique_ptr<VxPluginMgr> pluginMgr = std::make_unique<VxPluginMgr>();
     std::unique_ptr<VxUndoStack> undoStack = std::make_unique<VxUndoStack>();
-    QPointer<VxStyle> style; // QApplication's
+    std::unique_ptr<VxScene> scene = std::make_unique<VxScene>();
+    std::unique_ptr<VxScriptEngine> scriptEngine; // made when it is asked for
+    QPointer<VxStyle> style;                      // QApplication's
     QPointer<VxMainWindow> interface;
     bool isClosing = false;
     bool isStarted = false;
@@ -40,6 +50,8 @@ VxApp::VxApp()
     else
         vxApp = this;
     d.reset(new Private);
+    for (VxClassFactory *factory : vxHostClassFactories())
+        d->pluginMgr->addClassFactory(factory);
     if (qobject_cast<QApplication *>(QCoreApplication::instance()))
         setStyle(new VxStyle);
 }
@@ -47,8 +59,12 @@ VxApp::VxApp()
 VxApp::~VxApp()
 {
     beginClosing();
-    // What the history kept goes while the scene it belongs to still lives.
+    // What follows may still ask this object for its parts, which are there until each is gone.
+    d->scriptEngine.reset();
+    // Removed nodes that the history kept go while the scene they belong to lives.
     d->undoStack->clear();
+    d->scene.reset();
+    d->undoStack.reset();
     if (vxApp == this)
         vxApp = nullptr;
 }
@@ -61,6 +77,11 @@ QString VxApp::getAppName()
 void VxApp::setAppName(const QString &name)
 {
     appName() = name;
+}
+
+VxScene *VxApp::getScene() const
+{
+    return d->scene.get();
 }
 
 VxUndoStack *VxApp::getUndoStack() const
@@ -76,6 +97,17 @@ VxSettings *VxApp::getSettings() const
 VxPluginMgr *VxApp::getPluginMgr() const
 {
     return d->pluginMgr.get();
+}
+
+VxScriptEngine *VxApp::getScriptEngine() const
+{
+    if (!d->scriptEngine && d->scene) {
+        d->scriptEngine = std::make_unique<VxScriptEngine>();
+        d->scriptEngine->registerHost();
+        connect(d->pluginMgr.get(), &VxPluginMgr::pluginAdded, d->scriptEngine.get(),
+                &VxScriptEngine::registerHost);
+    }
+    return d->scriptEngine.get();
 }
 
 VxStyle *VxApp::getStyle() const
