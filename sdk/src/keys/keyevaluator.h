@@ -1,0 +1,80 @@
+#ifndef KEYS_KEYEVALUATOR_H
+#define KEYS_KEYEVALUATOR_H
+
+#include "keys/keysegment.h"
+#include "keys/keytrack.h"
+
+/// The values of a track between its keys.
+///
+/// Playback and painting ask for times that lie close together, so each call takes the segment
+/// found last as `cursor`: any int, for instance 0 at first. It is only a hint: a cursor left over
+/// from before the keys changed costs a search and is never wrong. The evaluator itself holds
+/// nothing but the track, which must outlive it.
+///
+///     time     . | a . . b . . c | .
+///     value    a | a..b..b..c..c | c      before the first and after the last key its value holds
+///
+/// Arithmetic is double, the result single precision; at a key's own time it is the key's value.
+template <class V> class KeyEvaluator
+{
+public:
+    explicit KeyEvaluator(const KeyTrack<V> &track)
+        : m_keys(track.columns())
+    {
+    }
+
+    /// The value at `time` in ticks; `noKeys` when the track has no key.
+    V value(VxTime time, V noKeys, int &cursor) const
+    {
+        if (m_keys.count == 0)
+            return noKeys;
+        const int i = segment(time, cursor);
+        if (holds(i, time))
+            return m_keys.values[i < 0 ? 0 : i];
+        return V(curve(i).at(time));
+    }
+
+    /// The values at many times, best in ascending order; `out` has room for `count`. The same
+    /// values as asked for one by one.
+    void values(const VxTime *times, int count, V *out, V noKeys) const;
+
+    /// Index of the key at or before `time`, -1 before the first key.
+    int segment(VxTime time, int &cursor) const
+    {
+        // The remembered segment and the one after it, then a search.
+        const int i = cursor;
+        if (i >= 0 && i < m_keys.count && m_keys.times[i] <= time) {
+            if (i + 1 == m_keys.count || time < m_keys.times[i + 1])
+                return i;
+            if (i + 2 == m_keys.count || time < m_keys.times[i + 2])
+                return cursor = i + 1;
+        }
+        return cursor = search(time);
+    }
+
+private:
+    /// True when the value at `time` is that of key i (of the first key for -1) as it is.
+    bool holds(int i, VxTime time) const
+    {
+        return KeyTraits<V>::Steps || i < 0 || i + 1 == m_keys.count || m_keys.times[i] == time ||
+               m_keys.types[i] == VxKeyInterp::Constant;
+    }
+    CurveSegment curve(int i) const
+    {
+        if (m_keys.types[i] == VxKeyInterp::Tcb)
+            return smoothCurve(i);
+        return linearSegment(plainKey(i), plainKey(i + 1));
+    }
+    CurveKey plainKey(int i) const { return {double(m_keys.times[i]), double(m_keys.values[i])}; }
+
+    int search(VxTime time) const;
+    CurveSegment smoothCurve(int i) const;
+    CurveKey shapedKey(int i) const;
+
+    VxKeyColumns<V> m_keys;
+};
+
+extern template class VXCORE_EXPORT KeyEvaluator<float>;
+extern template class VXCORE_EXPORT KeyEvaluator<qint32>;
+
+#endif

@@ -1,0 +1,82 @@
+#ifndef KEYS_KEYSEGMENT_H
+#define KEYS_KEYSEGMENT_H
+
+/// A key as the curve formulas see it. Times are ticks; spans multiply beyond 32 bits, so all of it
+/// is double.
+struct CurveKey
+{
+    double time = 0;
+    double value = 0;
+    double tension = 0;
+    double continuity = 0;
+    double bias = 0;
+};
+
+/// The curve from one key to the next as a polynomial in s, which runs from 0 to 1 between them.
+struct CurveSegment
+{
+    double start = 0;      // time of the left key
+    double perTick = 0;    // 1 / span
+    double c0 = 0, c1 = 0; // value = c0 + c1 s + c2 s^2 + c3 s^3
+    double c2 = 0, c3 = 0;
+
+    double at(double time) const
+    {
+        const double s = (time - start) * perTick;
+        return c0 + s * (c1 + s * (c2 + s * c3));
+    }
+};
+
+/// The chord from one key to the next.
+struct CurveChord
+{
+    double rise = 0; // in value
+    double span = 0; // in ticks
+
+    CurveChord() = default;
+    CurveChord(const CurveKey &from, const CurveKey &to)
+        : rise(to.value - from.value)
+        , span(to.time - from.time)
+    {
+    }
+};
+
+/// The tangent a key gives to the segment on its left, for s of that segment. The factor in spans
+/// evens out unequal distances: without it the curve would overshoot on the shorter side.
+inline double incomingTangent(const CurveKey &key, const CurveChord &left, const CurveChord &right)
+{
+    const double shape = (1 - key.continuity) * (1 + key.bias) * left.rise +
+                         (1 + key.continuity) * (1 - key.bias) * right.rise;
+    return (1 - key.tension) / 2 * shape * (2 * left.span / (left.span + right.span));
+}
+
+/// The tangent a key gives to the segment on its right.
+inline double outgoingTangent(const CurveKey &key, const CurveChord &left, const CurveChord &right)
+{
+    const double shape = (1 + key.continuity) * (1 + key.bias) * left.rise +
+                         (1 - key.continuity) * (1 - key.bias) * right.rise;
+    return (1 - key.tension) / 2 * shape * (2 * right.span / (left.span + right.span));
+}
+
+inline CurveSegment linearSegment(const CurveKey &left, const CurveKey &right)
+{
+    return {left.time, 1 / (right.time - left.time), left.value, right.value - left.value, 0, 0};
+}
+
+/// The smooth segment from `left` to `right`. `before` and `after` are the keys beyond them, null
+/// at an end of the curve: the missing chord is then taken equal to the one there is.
+inline CurveSegment tcbSegment(const CurveKey *before, const CurveKey &left, const CurveKey &right,
+                               const CurveKey *after)
+{
+    const CurveChord chord(left, right);
+    const double out = outgoingTangent(left, before ? CurveChord(*before, left) : chord, chord);
+    const double in = incomingTangent(right, chord, after ? CurveChord(right, *after) : chord);
+    return {left.time,
+            1 / chord.span,
+            left.value,
+            out,
+            3 * chord.rise - 2 * out - in,
+            out + in - 2 * chord.rise};
+}
+
+#endif

@@ -1,0 +1,492 @@
+#include "keys/keytrack.h"
+
+#include "keys/keytrackwriter.h"
+
+#include <numeric>
+
+namespace {
+
+// Exchanges part of a column with a whole other one; the shorter side's surplus moves over.
+template <class T>
+void exchangeSpan(std::vector<T> &mine, size_t first, size_t last, std::vector<T> &other)
+{
+    const size_t taken = last - first;
+    const size_t common = std::min(taken, other.size());
+    const auto start = mine.begin() + first;
+    std::swap_ranges(start, start + common, other.begin());
+    if (taken > common) {
+        other.insert(other.end(), start + common, start + taken);
+        mine.erase(start + common, start + taken);
+    } else {
+        mine.insert(start + common, other.begin() + common, other.end());
+        other.resize(common);
+    }
+}
+
+template <class T> void eraseSpan(std::vector<T> &column, int first, int last)
+{
+    column.erase(column.begin() + first, column.begin() + last);
+}
+
+template <class T> bool sameBytes(const std::vector<T> &a, const std::vector<T> &b)
+{
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+}
+
+bool isSelection(const int *indexes, int indexCount, int keyCount)
+{
+    for (int k = 1; k < indexCount; ++k) {
+        if (indexes[k - 1] >= indexes[k])
+            return false;
+    }
+    return indexCount <= 0 || (indexes[0] >= 0 && indexes[indexCount - 1] < keyCount);
+}
+
+// The moved keys in the order of their new times, without those another moved key replaces.
+struct MovedKeys
+{
+    std::vector<int> source; // index before the move
+    std::vector<int> listed; // position in the caller's list
+    std::vector<VxTime> times;
+};
+
+MovedKeys orderedMove(const int *indexes, const VxTime *newTimes, int indexCount)
+{
+    std::vector<int> order(indexCount);
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [newTimes](int a, int b) { return newTimes[a] < newTimes[b]; });
+    MovedKeys moved;
+    for (int k = 0; k < indexCount; ++k) {
+        if (k + 1 < indexCount && newTimes[order[k]] == newTimes[order[k + 1]])
+            continue;
+        moved.source.push_back(indexes[order[k]]);
+        moved.listed.push_back(order[k]);
+        moved.times.push_back(newTimes[order[k]]);
+    }
+    return moved;
+}
+
+// The columns of a merge: keys that stay, and keys that come in at their new times.
+template <class V> struct Merge
+{
+    VxKeyColumns<V> staying;
+    int first = 0; // the stretch of staying keys that is merged
+    int last = 0;
+    const int *skipped = nullptr; // ascending indexes of staying keys to leave out
+    int skippedCount = 0;
+    VxKeyColumns<V> incoming;    // its times are the new ones
+    const int *source = nullptr; // where an incoming key's other columns are; null: same index
+};
+
+template <class V> void mergeStretch(const Merge<V> &merge, KeyTrackWriter<V> &writer)
+{
+    const VxKeyColumns<V> &in = merge.incoming;
+    int skip = 0;
+    int b = 0;
+    for (int a = merge.first; a < merge.last; ++a) {
+        if (skip < merge.skippedCount && merge.skipped[skip] == a) {
+            ++skip;
+            continue;
+        }
+        const VxTime time = merge.staying.times[a];
+        for (; b < in.count && in.times[b] < time; ++b)
+            writer.add(in, merge.source ? merge.source[b] : b, in.times[b]);
+        if (b == in.count || in.times[b] != time)
+            writer.add(merge.staying, a, time);
+    }
+    if (!merge.source) {
+        writer.addRun(in, b, in.count);
+        return;
+    }
+    for (; b < in.count; ++b)
+        writer.add(in, merge.source[b], in.times[b]);
+}
+
+} // namespace
+
+bool isStrictlyAscending(const VxTime *times, int count)
+{
+    for (int i = 1; i < count; ++i) {
+        if (times[i - 1] >= times[i])
+            return false;
+    }
+    return true;
+}
+
+qint64 limitedOffset(VxTime first, VxTime last, qint64 offset)
+{
+    return std::clamp(offset, qint64(VxTimeMin) - first, qint64(VxTimeMax) - last);
+}
+
+template <class V> VxKeyColumns<V> KeyTrack<V>::columns(int first, int last) const
+{
+    Columns result;
+    if (first >= last)
+        return result;
+    result.times = m_times.data() + first;
+    result.values = m_values.data() + first;
+    result.types = m_types.data() + first;
+    result.tcb = m_tcb.empty() ? nullptr : m_tcb.data() + first;
+    result.count = last - first;
+    return result;
+}
+
+template <class V> std::pair<int, int> KeyTrack<V>::indexRange(const VxTimeRange &range) const
+{
+    const int first = lowerBound(range.getStart());
+    return {first, std::max(first, upperBound(range.getEnd()))};
+}
+
+template <class V> int KeyTrack<V>::set(VxTime time, V value, const VxKeyShape &shape)
+{
+    const int i = lowerBound(time);
+    if (i == count() || m_times[i] != time)
+        openSlot(i, time);
+    m_values[i] = value;
+    m_types[i] = legalType<V>(shape.type);
+    writeTcb(i, shape.tcb);
+    return i;
+}
+
+template <class V> bool KeyTrack<V>::insertMany(const Columns &keys)
+{
+    if (!isStrictlyAscending(keys.times, keys.count))
+        return false;
+    if (keys.count <= 0)
+        return true;
+    Merge<V> merge;
+    merge.staying = columns();
+    merge.first = lowerBound(keys.times[0]);
+    merge.last = upperBound(keys.times[keys.count - 1]);
+    merge.incoming = keys;
+    KeyTrack stretch;
+    KeyTrackWriter<V> writer(stretch, size_t(merge.last - merge.first) + keys.count,
+                             keys.tcb || !m_tcb.empty());
+    mergeStretch(merge, writer);
+    writer.finish();
+    exchange(merge.first, merge.last, stretch);
+    return true;
+}
+
+template <class V> int KeyTrack<V>::removeRange(const VxTimeRange &range)
+{
+    const auto [first, last] = indexRange(range);
+    return removeIndexRange(first, last);
+}
+
+template <class V> int KeyTrack<V>::removeIndexRange(int first, int last)
+{
+    first = std::max(first, 0);
+    last = std::min(last, count());
+    if (first >= last)
+        return 0;
+    if (!m_tcb.empty()) {
+        m_shaped -= int(std::count_if(m_tcb.begin() + first, m_tcb.begin() + last, isShaped));
+        eraseSpan(m_tcb, first, last);
+    }
+    eraseSpan(m_times, first, last);
+    eraseSpan(m_values, first, last);
+    eraseSpan(m_types, first, last);
+    shrinkIfLoose();
+    return last - first;
+}
+
+template <class V> int KeyTrack<V>::removeIndexes(const int *indexes, int indexCount)
+{
+    if (!isSelection(indexes, indexCount, count()))
+        return -1;
+    if (indexCount <= 0)
+        return 0;
+    int to = indexes[0];
+    for (int k = 0; k < indexCount; ++k) {
+        const int next = k + 1 < indexCount ? indexes[k + 1] : count();
+        for (int from = indexes[k] + 1; from < next; ++from, ++to) {
+            m_times[to] = m_times[from];
+            m_values[to] = m_values[from];
+            m_types[to] = m_types[from];
+            if (!m_tcb.empty())
+                m_tcb[to] = m_tcb[from];
+        }
+    }
+    m_times.resize(to);
+    m_values.resize(to);
+    m_types.resize(to);
+    m_tcb.resize(m_tcb.empty() ? 0 : to);
+    countShaped();
+    shrinkIfLoose();
+    return indexCount;
+}
+
+template <class V>
+bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int indexCount,
+                           std::vector<int> *landed)
+{
+    if (!isSelection(indexes, indexCount, count()))
+        return false;
+    if (landed)
+        landed->assign(std::max(indexCount, 0), -1);
+    if (indexCount <= 0)
+        return true;
+
+    Merge<V> merge;
+    MovedKeys moved;
+    merge.incoming = columns();
+    merge.incoming.times = newTimes;
+    merge.incoming.count = indexCount;
+    merge.source = indexes;
+    if (!isStrictlyAscending(newTimes, indexCount)) {
+        moved = orderedMove(indexes, newTimes, indexCount);
+        merge.incoming.times = moved.times.data();
+        merge.incoming.count = int(moved.times.size());
+        merge.source = moved.source.data();
+    }
+    const VxTime *times = merge.incoming.times;
+    merge.staying = columns();
+    merge.first = std::min(indexes[0], lowerBound(times[0]));
+    merge.last = std::max(indexes[indexCount - 1] + 1, upperBound(times[merge.incoming.count - 1]));
+    merge.skipped = indexes;
+    merge.skippedCount = indexCount;
+
+    KeyTrack stretch;
+    KeyTrackWriter<V> writer(stretch, merge.last - merge.first, !m_tcb.empty());
+    mergeStretch(merge, writer);
+    writer.finish();
+    if (landed) {
+        int i = 0;
+        for (int b = 0; b < merge.incoming.count; ++b) {
+            while (stretch.m_times[i] != times[b])
+                ++i;
+            (*landed)[moved.listed.empty() ? b : moved.listed[b]] = merge.first + i;
+        }
+    }
+    exchange(merge.first, merge.last, stretch);
+    return true;
+}
+
+template <class V> qint64 KeyTrack<V>::shiftRange(int first, int last, qint64 offset)
+{
+    first = std::max(first, 0);
+    last = std::min(last, count());
+    if (first >= last)
+        return 0;
+    offset = limitedOffset(m_times[first], m_times[last - 1], offset);
+    const bool meetsLeft = first > 0 && m_times[first] + offset <= m_times[first - 1];
+    const bool meetsRight = last < count() && m_times[last - 1] + offset >= m_times[last];
+    // Unsigned, because the offset may be wider than a time; the sums are within range.
+    const quint32 step = quint32(offset);
+    const auto shifted = [step](VxTime time) { return VxTime(quint32(time) + step); };
+    if (!meetsLeft && !meetsRight) {
+        std::transform(m_times.begin() + first, m_times.begin() + last, m_times.begin() + first,
+                       shifted);
+        return offset;
+    }
+    std::vector<int> indexes(last - first);
+    std::vector<VxTime> newTimes(last - first);
+    std::iota(indexes.begin(), indexes.end(), first);
+    std::transform(m_times.begin() + first, m_times.begin() + last, newTimes.begin(), shifted);
+    moveKeys(indexes.data(), newTimes.data(), last - first);
+    return offset;
+}
+
+template <class V> void KeyTrack<V>::setValues(int first, const V *values, int valueCount)
+{
+    const int from = std::max(first, 0);
+    const int last = int(std::min<qint64>(qint64(first) + valueCount, count()));
+    if (from < last)
+        std::copy(values + (from - first), values + (last - first), m_values.begin() + from);
+}
+
+template <class V> int KeyTrack<V>::setType(int first, int last, quint8 type)
+{
+    first = std::max(first, 0);
+    last = std::min(last, count());
+    if (first >= last)
+        return 0;
+    const auto begin = m_types.begin() + first;
+    const auto end = m_types.begin() + last;
+    const int same = int(std::count(begin, end, legalType<V>(type)));
+    std::fill(begin, end, legalType<V>(type));
+    return last - first - same;
+}
+
+template <class V> int KeyTrack<V>::setType(const int *indexes, int indexCount, quint8 type)
+{
+    if (!isSelection(indexes, indexCount, count()))
+        return -1;
+    const quint8 legal = legalType<V>(type);
+    int changed = 0;
+    for (int k = 0; k < indexCount; ++k) {
+        changed += m_types[indexes[k]] != legal;
+        m_types[indexes[k]] = legal;
+    }
+    return changed;
+}
+
+template <class V> int KeyTrack<V>::setShape(int first, int last, const VxKeyShape &shape)
+{
+    const quint8 legal = legalType<V>(shape.type);
+    int changed = 0;
+    for (int i = std::max(first, 0); i < std::min(last, count()); ++i) {
+        const bool retyped = m_types[i] != legal;
+        m_types[i] = legal;
+        changed += writeTcb(i, shape.tcb) || retyped;
+    }
+    return changed;
+}
+
+template <class V>
+int KeyTrack<V>::setShape(const int *indexes, int indexCount, const VxKeyShape &shape)
+{
+    if (!isSelection(indexes, indexCount, count()))
+        return -1;
+    int changed = 0;
+    for (int k = 0; k < indexCount; ++k)
+        changed += setShape(indexes[k], indexes[k] + 1, shape);
+    return changed;
+}
+
+template <class V> KeyTrack<V> KeyTrack<V>::copyRange(const VxTimeRange &range) const
+{
+    const auto [first, last] = indexRange(range);
+    KeyTrack copy;
+    KeyTrackWriter<V> writer(copy, last - first, !m_tcb.empty());
+    writer.addRun(columns(), first, last);
+    writer.finish();
+    return copy;
+}
+
+template <class V> bool KeyTrack<V>::swapRange(const VxTimeRange &range, KeyTrack &other)
+{
+    if (!other.isEmpty() &&
+        !(range.contains(other.m_times.front()) && range.contains(other.m_times.back())))
+        return false;
+    const auto [first, last] = indexRange(range);
+    exchange(first, last, other);
+    return true;
+}
+
+template <class V>
+KeyTrack<V> KeyTrack<V>::replaceRange(const VxTimeRange &range, const Columns &keys, bool *accepted)
+{
+    KeyTrack given;
+    const bool done = given.insertMany(keys) && swapRange(range, given);
+    if (accepted)
+        *accepted = done;
+    return done ? given : KeyTrack();
+}
+
+template <class V> bool KeyTrack<V>::isSameKey(int i, const KeyTrack &other, int j) const
+{
+    const VxTcb mine = tcb(i);
+    const VxTcb others = other.tcb(j);
+    return m_times[i] == other.m_times[j] && m_types[i] == other.m_types[j] &&
+           std::memcmp(&m_values[i], &other.m_values[j], sizeof(V)) == 0 &&
+           std::memcmp(&mine, &others, sizeof mine) == 0;
+}
+
+template <class V> bool KeyTrack<V>::isIdentical(const KeyTrack &other) const
+{
+    return sameBytes(m_times, other.m_times) && sameBytes(m_values, other.m_values) &&
+           sameBytes(m_types, other.m_types) && sameBytes(m_tcb, other.m_tcb);
+}
+
+template <class V> void KeyTrack<V>::shrink()
+{
+    m_times.shrink_to_fit();
+    m_values.shrink_to_fit();
+    m_types.shrink_to_fit();
+    m_tcb.shrink_to_fit();
+}
+
+template <class V> size_t KeyTrack<V>::memoryBytes() const
+{
+    return m_times.capacity() * sizeof(VxTime) + m_values.capacity() * sizeof(V) +
+           m_types.capacity() * sizeof(quint8) + m_tcb.capacity() * sizeof(VxTcb);
+}
+
+// Grows by half where single keys are added, and just enough where many are added to few.
+template <class V> void KeyTrack<V>::growFor(size_t keyCount)
+{
+    if (keyCount <= m_times.capacity() && (m_tcb.empty() || keyCount <= m_tcb.capacity()))
+        return;
+    const size_t room = std::max(keyCount, m_times.size() + m_times.size() / 2);
+    m_times.reserve(room);
+    m_values.reserve(room);
+    m_types.reserve(room);
+    if (!m_tcb.empty())
+        m_tcb.reserve(room);
+}
+
+// Also lets the tension, continuity and bias column go when no key needs it any more.
+template <class V> void KeyTrack<V>::shrinkIfLoose()
+{
+    if (m_shaped == 0)
+        std::vector<VxTcb>().swap(m_tcb);
+    const size_t used = m_times.size();
+    const size_t room =
+        std::max({m_times.capacity(), m_values.capacity(), m_types.capacity(), m_tcb.capacity()});
+    if (room > used + used / 4 * 3)
+        shrink();
+}
+
+template <class V> void KeyTrack<V>::openSlot(int i, VxTime time)
+{
+    growFor(m_times.size() + 1);
+    m_times.insert(m_times.begin() + i, time);
+    m_values.insert(m_values.begin() + i, V());
+    m_types.insert(m_types.begin() + i, KeyTraits<V>::NewKeyType);
+    if (!m_tcb.empty())
+        m_tcb.insert(m_tcb.begin() + i, VxTcb());
+}
+
+// Returns whether the key became different.
+template <class V> bool KeyTrack<V>::writeTcb(int i, const VxTcb &tcb)
+{
+    const bool needed = isShaped(tcb) && !KeyTraits<V>::Steps;
+    if (m_tcb.empty() && !needed)
+        return false;
+    if (m_tcb.empty())
+        m_tcb.resize(m_times.size());
+    const bool changes = std::memcmp(&m_tcb[i], &tcb, sizeof tcb) != 0;
+    m_shaped += int(needed) - int(isShaped(m_tcb[i]));
+    m_tcb[i] = tcb;
+    if (m_shaped == 0)
+        std::vector<VxTcb>().swap(m_tcb);
+    return changes;
+}
+
+template <class V> void KeyTrack<V>::countShaped()
+{
+    m_shaped = int(std::count_if(m_tcb.begin(), m_tcb.end(), isShaped));
+    if (m_shaped == 0)
+        m_tcb.clear();
+}
+
+// The one place where a stretch of keys is put in place of another.
+template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &other)
+{
+    if (first == 0 && last == count()) {
+        std::swap(*this, other);
+        return;
+    }
+    const bool withTcb = !m_tcb.empty() || !other.m_tcb.empty();
+    if (withTcb) {
+        m_tcb.resize(m_times.size());
+        other.m_tcb.resize(other.m_times.size());
+    }
+    growFor(m_times.size() - size_t(last - first) + other.m_times.size());
+    exchangeSpan(m_times, first, last, other.m_times);
+    exchangeSpan(m_values, first, last, other.m_values);
+    exchangeSpan(m_types, first, last, other.m_types);
+    if (withTcb)
+        exchangeSpan(m_tcb, first, last, other.m_tcb);
+    countShaped();
+    other.countShaped();
+    shrinkIfLoose();
+    other.shrinkIfLoose();
+}
+
+template class KeyTrack<float>;
+template class KeyTrack<qint32>;

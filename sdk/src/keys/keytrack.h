@@ -1,0 +1,153 @@
+#ifndef KEYS_KEYTRACK_H
+#define KEYS_KEYTRACK_H
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxkey.h>
+#include <vxcore/vxtimerange.h>
+
+/// What the kinds of tracks differ in: integer keys step, so all of them are Constant.
+template <class V> struct KeyTraits
+{
+    static constexpr quint8 NewKeyType = VxKeyInterp::Linear;
+    static constexpr bool Steps = false;
+};
+template <> struct KeyTraits<qint32>
+{
+    static constexpr quint8 NewKeyType = VxKeyInterp::Constant;
+    static constexpr bool Steps = true;
+};
+
+/// The keys of one animated value, in time order, one array a column.
+///
+/// Columns of their own keep a key at nine bytes and let each operation be one pass over just what
+/// it needs: a search reads times, a change of type writes types. Tension, continuity and bias are
+/// stored only while a key has one that is not zero. Spare room is held below 7/9 of what is used,
+/// so that a track of more than a few keys never takes more than 16 bytes a key.
+///
+/// Times are strictly ascending, always. Indexes count from 0; index ranges are [first, last),
+/// the end excluded; time ranges include both ends, and one that runs backwards holds no key.
+/// Drawings show keys over time before and after: letters are keys, dots are free ticks.
+template <class V> class KeyTrack
+{
+public:
+    using Columns = VxKeyColumns<V>;
+
+    int count() const { return int(m_times.size()); }
+    bool isEmpty() const { return m_times.empty(); }
+    VxTime time(int i) const { return m_times[i]; }
+    V value(int i) const { return m_values[i]; }
+    quint8 type(int i) const { return m_types[i]; }
+    VxTcb tcb(int i) const { return m_tcb.empty() ? VxTcb() : m_tcb[i]; }
+    VxKeyShape shape(int i) const { return {m_types[i], tcb(i)}; }
+    /// The arrays themselves, valid until the next change; `tcb` is null while all are zero.
+    Columns columns() const { return columns(0, count()); }
+    Columns columns(int first, int last) const;
+
+    /// Index of the key at `time`, or -1.
+    int find(VxTime time) const
+    {
+        const int i = lowerBound(time);
+        return i < count() && m_times[i] == time ? i : -1;
+    }
+    /// Index of the first key at or after `time`; count() when there is none.
+    int lowerBound(VxTime time) const
+    {
+        return int(std::lower_bound(m_times.begin(), m_times.end(), time) - m_times.begin());
+    }
+    /// Index of the first key after `time`; count() when there is none.
+    int upperBound(VxTime time) const
+    {
+        return int(std::upper_bound(m_times.begin(), m_times.end(), time) - m_times.begin());
+    }
+    /// The index range of the keys within the time range; empty as (i, i).
+    std::pair<int, int> indexRange(const VxTimeRange &range) const;
+
+    /// Sets one key, in place of the one at its time if there is one. Returns its index.
+    ///     `a . b` set x at 1: `a x b`, set x at 2: `a . x`
+    int set(VxTime time, V value, const VxKeyShape &shape);
+    /// Sets many keys in one merge; keys at the same times are replaced. False, and nothing
+    /// changed, when the times are not strictly ascending.
+    ///     `a . b . c` insert `. x y . .`: `a x y . c`
+    bool insertMany(const Columns &keys);
+
+    /// Each returns the number of keys removed.
+    ///     `a b . c d` remove 1..3: `a . . . d`
+    int removeRange(const VxTimeRange &range);
+    int removeIndexRange(int first, int last);
+    ///     `a b c d` remove {0, 2}: `. b . d`
+    /// `indexes` strictly ascending; otherwise nothing is removed and the result is -1.
+    int removeIndexes(const int *indexes, int indexCount);
+    void clear() { *this = KeyTrack(); }
+
+    /// Moves keys to new times, `newTimes[k]` for the key at `indexes[k]`, all at once. A key not
+    /// moved that stands where one lands is replaced.
+    ///     `a b . c` move {a, b} by 2: `. . a b`
+    /// `indexes` strictly ascending, new times in any order; when two moved keys meet, the one
+    /// listed later stays. `landed`, if given, becomes the new index of each listed key, -1 for
+    /// one replaced. False, and nothing changed, for bad indexes.
+    bool moveKeys(const int *indexes, const VxTime *newTimes, int indexCount,
+                  std::vector<int> *landed = nullptr);
+    /// Moves the keys of an index range by `offset` ticks, with moveKeys' rule for what they meet.
+    /// An offset that would leave the range of times is cut short, the distances stay.
+    ///     `a b . . c` shift [0, 2) by 2: `. . a b c`
+    /// Returns the offset applied.
+    qint64 shiftRange(int first, int last, qint64 offset);
+    qint64 shiftAll(qint64 offset) { return shiftRange(0, count(), offset); }
+
+    /// Changing keys in place; times stay. Each but setValues returns the number of keys that
+    /// became different, -1 for bad indexes. Integer keys keep their shape.
+    void setValues(int first, const V *values, int valueCount);
+    int setType(int first, int last, quint8 type);
+    int setType(const int *indexes, int indexCount, quint8 type);
+    int setShape(int first, int last, const VxKeyShape &shape);
+    int setShape(const int *indexes, int indexCount, const VxKeyShape &shape);
+
+    /// The keys within the range as a track of their own.
+    KeyTrack copyRange(const VxTimeRange &range) const;
+    /// Exchanges the keys within the range with those of `other`, which must all lie within it.
+    ///     `a b . c` swap 1..2 with `. . x .`: `a . x c`, other: `. b . .`
+    /// False, and nothing changed, when a key of `other` lies outside the range.
+    bool swapRange(const VxTimeRange &range, KeyTrack &other);
+    /// Sets `keys` in place of those within the range and returns the latter. Keys outside the
+    /// range or out of order: nothing changes, `accepted`, if given, is false.
+    KeyTrack replaceRange(const VxTimeRange &range, const Columns &keys, bool *accepted = nullptr);
+
+    /// Bit for bit equality of keys, so that a value that is not a number equals itself and 0 does
+    /// not equal -0: what a restored track is held against.
+    bool isSameKey(int i, const KeyTrack &other, int j) const;
+    bool isIdentical(const KeyTrack &other) const;
+
+    /// Gives back spare room.
+    void shrink();
+    /// Bytes of the arrays, spare room included.
+    size_t memoryBytes() const;
+
+private:
+    template <class U> friend class KeyTrackWriter;
+
+    void growFor(size_t keyCount);
+    void shrinkIfLoose();
+    void openSlot(int i, VxTime time);
+    bool writeTcb(int i, const VxTcb &tcb);
+    void countShaped();
+    void exchange(int first, int last, KeyTrack &other);
+
+    std::vector<VxTime> m_times;
+    std::vector<V> m_values;
+    std::vector<quint8> m_types;
+    std::vector<VxTcb> m_tcb; // empty while m_shaped is 0
+    int m_shaped = 0;         // keys whose tension, continuity and bias are not all zero bits
+};
+
+/// True when every time is above the one before.
+VXCORE_EXPORT bool isStrictlyAscending(const VxTime *times, int count);
+/// The offset, cut short where times from `first` to `last` would leave the range of times.
+VXCORE_EXPORT qint64 limitedOffset(VxTime first, VxTime last, qint64 offset);
+
+extern template class VXCORE_EXPORT KeyTrack<float>;
+extern template class VXCORE_EXPORT KeyTrack<qint32>;
+
+#endif

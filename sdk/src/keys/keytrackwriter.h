@@ -1,0 +1,77 @@
+#ifndef KEYS_KEYTRACKWRITER_H
+#define KEYS_KEYTRACKWRITER_H
+
+#include "keys/keytrack.h"
+
+#include <cstring>
+
+inline bool isShaped(const VxTcb &tcb)
+{
+    const VxTcb none;
+    return std::memcmp(&tcb, &none, sizeof tcb) != 0;
+}
+
+/// The shape a key of this kind can have: unknown types become the type of new keys.
+template <class V> constexpr quint8 legalType(quint8 type)
+{
+    return KeyTraits<V>::Steps || type > VxKeyInterp::Tcb ? KeyTraits<V>::NewKeyType : type;
+}
+
+/// Fills a track from the front with keys of other tracks or of columns, for the passes that build
+/// a stretch anew. The most it will hold is known beforehand, so that the arrays are made once.
+template <class V> class KeyTrackWriter
+{
+public:
+    using Columns = VxKeyColumns<V>;
+
+    KeyTrackWriter(KeyTrack<V> &out, size_t most, bool withTcb)
+        : m_out(out)
+    {
+        out.m_times.resize(most);
+        out.m_values.resize(most);
+        out.m_types.resize(most);
+        out.m_tcb.resize(withTcb && !KeyTraits<V>::Steps ? most : 0);
+    }
+    int count() const { return m_count; }
+
+    void add(const Columns &from, int i, VxTime time)
+    {
+        m_out.m_times[m_count] = time;
+        m_out.m_values[m_count] = from.values[i];
+        m_out.m_types[m_count] =
+            from.types ? legalType<V>(from.types[i]) : KeyTraits<V>::NewKeyType;
+        if (!m_out.m_tcb.empty() && from.tcb)
+            m_out.m_tcb[m_count] = from.tcb[i];
+        ++m_count;
+    }
+    void addRun(const Columns &from, int first, int last)
+    {
+        if (first == last)
+            return;
+        std::copy(from.times + first, from.times + last, m_out.m_times.begin() + m_count);
+        std::copy(from.values + first, from.values + last, m_out.m_values.begin() + m_count);
+        const auto types = m_out.m_types.begin() + m_count;
+        if (from.types)
+            std::transform(from.types + first, from.types + last, types, legalType<V>);
+        else
+            std::fill_n(types, last - first, KeyTraits<V>::NewKeyType);
+        if (!m_out.m_tcb.empty() && from.tcb)
+            std::copy(from.tcb + first, from.tcb + last, m_out.m_tcb.begin() + m_count);
+        m_count += last - first;
+    }
+    void finish()
+    {
+        m_out.m_times.resize(m_count);
+        m_out.m_values.resize(m_count);
+        m_out.m_types.resize(m_count);
+        m_out.m_tcb.resize(m_out.m_tcb.empty() ? 0 : m_count);
+        m_out.countShaped();
+        m_out.shrinkIfLoose();
+    }
+
+private:
+    KeyTrack<V> &m_out;
+    int m_count = 0;
+};
+
+#endif
