@@ -1,0 +1,238 @@
+#include "keys/keystore.h"
+
+#include "undo/vxundovalueitem.h"
+
+#include <algorithm>
+
+/// The part of a hold that one property's keys make up.
+template <class V> class KeyUndoItem : public VxUndoItem
+{
+public:
+    KeyUndoItem(VxProperty *property, KeyStore<V> *store)
+        : VxUndoItem(property, VxUndoKeys), m_property(property), m_store(store)
+    {
+    }
+
+    void touch(const VxTimeRange &times) { m_delta.touch(m_store->track(), times); }
+
+    void swap() override
+    {
+        if (m_property)
+            m_store->swap(m_delta);
+    }
+
+    bool finish() override
+    {
+        if (m_property)
+            m_delta.trim(m_store->track());
+        return m_property && !m_delta.isEmpty();
+    }
+
+    qint64 memoryUsed() const override { return qint64(sizeof(*this) + m_delta.memoryBytes()); }
+
+private:
+    QPointer<VxProperty> m_property;
+    KeyStore<V> *m_store; // lives as long as the property
+    KeyDelta<V> m_delta;
+};
+
+/// The stored value's part of a hold.
+template <class V> class StoredValueUndoItem : public VxUndoItem
+{
+public:
+    StoredValueUndoItem(VxProperty *property, KeyStore<V> *store)
+        : VxUndoItem(property, VxUndoStoredValue), m_property(property), m_store(store),
+          m_value(store->stored())
+    {
+    }
+
+    void swap() override
+    {
+        if (!m_property)
+            return;
+        const V present = m_store->stored();
+        m_store->setStored(m_value);
+        m_value = present;
+    }
+
+    bool finish() override { return m_property && !(m_store->stored() == m_value); }
+    qint64 memoryUsed() const override { return qint64(sizeof(*this)); }
+
+private:
+    QPointer<VxProperty> m_property;
+    KeyStore<V> *m_store;
+    V m_value;
+};
+
+template <class V> void KeyStore<V>::touch(const VxTimeRange &times)
+{
+    VxUndoStack *stack = VxUndoStack::current();
+    if (!stack || !stack->isRecording())
+        return;
+    auto *item = static_cast<KeyUndoItem<V> *>(stack->findItem(m_property, VxUndoKeys));
+    if (!item) {
+        item = new KeyUndoItem<V>(m_property, this);
+        stack->record(item);
+    }
+    item->touch(times);
+}
+
+template <class V> void KeyStore<V>::report(const VxTimeRange &times)
+{
+    VxProperty::Private::of(m_property)->reportChange(times);
+}
+
+template <class V> VxTimeRange KeyStore<V>::spanOf(const QVector<int> &indexes) const
+{
+    return {m_track.time(indexes.first()), m_track.time(indexes.last())};
+}
+
+template <class V> bool KeyStore<V>::areIndexes(const QVector<int> &indexes) const
+{
+    return !indexes.isEmpty() && indexes.first() >= 0 && indexes.last() < m_track.count() &&
+           std::adjacent_find(indexes.begin(), indexes.end(), std::greater_equal<int>()) ==
+               indexes.end();
+}
+
+template <class V> bool KeyStore<V>::setStored(V value)
+{
+    if (m_stored == value)
+        return true;
+    VxUndoStack *stack = VxUndoStack::current();
+    if (stack && stack->isRecording() && !stack->findItem(m_property, VxUndoStoredValue))
+        stack->record(new StoredValueUndoItem<V>(m_property, this));
+    m_stored = value;
+    if (m_track.isEmpty())
+        report(VxTimeRange::all());
+    return true;
+}
+
+template <class V> void KeyStore<V>::set(VxTime time, V value, const VxKeyShape &shape)
+{
+    const int index = m_track.find(time);
+    if (index >= 0 && m_track.value(index) == value && m_track.shape(index) == shape)
+        return;
+    touch({time, time});
+    m_track.set(time, value, shape);
+    report({time, time});
+}
+
+template <class V> bool KeyStore<V>::insertMany(const VxKeyColumns<V> &keys)
+{
+    if (keys.count == 0)
+        return true;
+    if (!isStrictlyAscending(keys.times, keys.count))
+        return false;
+    const VxTimeRange span(keys.times[0], keys.times[keys.count - 1]);
+    touch(span);
+    m_track.insertMany(keys);
+    report(span);
+    return true;
+}
+
+template <class V> bool KeyStore<V>::replace(const VxTimeRange &range, const VxKeyColumns<V> &keys)
+{
+    if (!isStrictlyAscending(keys.times, keys.count))
+        return false;
+    const auto taken = m_track.indexRange(range);
+    if (taken.first == taken.second)
+        return insertMany(keys);
+    VxTimeRange span(m_track.time(taken.first), m_track.time(taken.second - 1));
+    if (keys.count > 0)
+        span = span.united({keys.times[0], keys.times[keys.count - 1]});
+    touch(span);
+    m_track.removeIndexRange(taken.first, taken.second);
+    m_track.insertMany(keys);
+    report(span);
+    return true;
+}
+
+template <class V> int KeyStore<V>::removeRange(const VxTimeRange &range)
+{
+    const auto taken = m_track.indexRange(range);
+    return removeIndexRange(taken.first, taken.second);
+}
+
+template <class V> int KeyStore<V>::removeIndexRange(int first, int last)
+{
+    first = std::max(first, 0);
+    last = std::min(last, m_track.count());
+    if (first >= last)
+        return 0;
+    const VxTimeRange span(m_track.time(first), m_track.time(last - 1));
+    touch(span);
+    m_track.removeIndexRange(first, last);
+    report(span);
+    return last - first;
+}
+
+template <class V> int KeyStore<V>::removeIndexes(const QVector<int> &indexes)
+{
+    if (!areIndexes(indexes))
+        return 0;
+    const VxTimeRange span = spanOf(indexes);
+    touch(span);
+    m_track.removeIndexes(indexes.constData(), indexes.size());
+    report(span);
+    return indexes.size();
+}
+
+template <class V>
+bool KeyStore<V>::move(const QVector<int> &indexes, const QVector<VxTime> &newTimes)
+{
+    if (indexes.isEmpty() && newTimes.isEmpty())
+        return true;
+    if (!areIndexes(indexes) || indexes.size() != newTimes.size())
+        return false;
+    QVector<VxTime> sorted = newTimes;
+    if (!isStrictlyAscending(sorted.constData(), sorted.size())) {
+        std::sort(sorted.begin(), sorted.end());
+        if (!isStrictlyAscending(sorted.constData(), sorted.size()))
+            return false;
+    }
+    const VxTimeRange span = spanOf(indexes).united({sorted.first(), sorted.last()});
+    touch(span);
+    m_track.moveKeys(indexes.constData(), newTimes.constData(), indexes.size());
+    report(span);
+    return true;
+}
+
+template <class V>
+bool KeyStore<V>::setShape(const QVector<int> &indexes, const VxKeyShape &shape)
+{
+    if (indexes.isEmpty())
+        return true;
+    if (!areIndexes(indexes))
+        return false;
+    const VxTimeRange span = spanOf(indexes);
+    touch(span);
+    if (m_track.setShape(indexes.constData(), indexes.size(), shape) > 0)
+        report(span);
+    return true;
+}
+
+template <class V> bool KeyStore<V>::setValues(const QVector<int> &indexes, const V *values)
+{
+    if (indexes.isEmpty())
+        return true;
+    if (!areIndexes(indexes))
+        return false;
+    const VxTimeRange span = spanOf(indexes);
+    touch(span);
+    for (int i = 0; i < indexes.size(); ++i)
+        m_track.setValues(indexes.at(i), values + i, 1);
+    report(span);
+    return true;
+}
+
+template <class V> void KeyStore<V>::swap(KeyDelta<V> &delta)
+{
+    if (delta.isEmpty())
+        return;
+    const VxTimeRange span = delta.range();
+    delta.swap(m_track);
+    report(span);
+}
+
+template class KeyStore<float>;
+template class KeyStore<qint32>;

@@ -1,0 +1,60 @@
+#ifndef KEYS_KEYSTORE_H
+#define KEYS_KEYSTORE_H
+
+#include "keys/keydelta.h"
+#include "keys/keyevaluator.h"
+#include "keys/keytrack.h"
+#include "keys/vxproperty_p.h"
+
+#include <QtCore/QPointer>
+#include <vxcore/vxundoitem.h>
+
+template <class V> class KeyUndoItem;
+
+/// The value of one property: its keys, and the value it has without any.
+///
+/// Every edit goes through here, because every edit does the same three things in the same order:
+/// hands the times it is about to touch to the open hold, changes the track in one pass, and
+/// reports the span of times that changed. An edit that changes nothing does none of them.
+template <class V> class KeyStore
+{
+public:
+    KeyStore(VxProperty *property, V value) : m_property(property), m_stored(value) {}
+
+    const KeyTrack<V> &track() const { return m_track; }
+    V stored() const { return m_stored; }
+    V value(VxTime time) const
+    {
+        return KeyEvaluator<V>(m_track).value(time, m_stored, m_cursor);
+    }
+
+    bool setStored(V value);
+    void set(VxTime time, V value, const VxKeyShape &shape);
+    bool insertMany(const VxKeyColumns<V> &keys);
+    bool replace(const VxTimeRange &range, const VxKeyColumns<V> &keys);
+    int removeRange(const VxTimeRange &range);
+    int removeIndexRange(int first, int last);
+    int removeIndexes(const QVector<int> &indexes);
+    bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes);
+    bool setShape(const QVector<int> &indexes, const VxKeyShape &shape);
+    bool setValues(const QVector<int> &indexes, const V *values);
+
+    /// Exchanges the keys of a span with those kept, without recording: undo and redo.
+    void swap(KeyDelta<V> &delta);
+
+private:
+    void touch(const VxTimeRange &times);
+    void report(const VxTimeRange &times);
+    VxTimeRange spanOf(const QVector<int> &indexes) const;
+    bool areIndexes(const QVector<int> &indexes) const;
+
+    VxProperty *m_property;
+    KeyTrack<V> m_track;
+    mutable int m_cursor = 0;
+    V m_stored;
+};
+
+extern template class KeyStore<float>;
+extern template class KeyStore<qint32>;
+
+#endif

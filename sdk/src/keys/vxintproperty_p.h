@@ -1,0 +1,32 @@
+#ifndef VXINTPROPERTY_P_H
+#define VXINTPROPERTY_P_H
+
+#include "keys/keystore.h"
+#include "keys/vxnumericproperty_p.h"
+
+#include <limits>
+#include <vxcore/vxintproperty.h>
+
+class VxIntProperty::Private : public VxNumericProperty::Private
+{
+public:
+    Private(VxProperty *property, int value)
+        : VxNumericProperty::Private(property)
+        , keys(property, value)
+        , defaultValue(value)
+    {
+    }
+
+    /// The keys shown: those of the key holder, which is of the same class.
+    KeyStore<qint32> &held();
+    int limited(int value) const;
+    bool setValue(VxTime time, int value);
+
+    KeyStore<qint32> keys;
+    int defaultValue;
+    int minimum = std::numeric_limits<int>::min();
+    int maximum = std::numeric_limits<int>::max();
+    bool clamped = false;
+};
+
+#endif

@@ -1,0 +1,159 @@
+#include "keys/vxnumericproperty_p.h"
+
+#include "undo/vxundovalueitem.h"
+
+#include <vxcore/vxscene.h>
+
+namespace {
+
+/// A link as one value, for undo.
+struct LinkState
+{
+    QPointer<VxNumericProperty> property;
+    bool terminal;
+    double factor;
+    double offset;
+
+    bool operator==(const LinkState &other) const
+    {
+        return property == other.property && terminal == other.terminal && factor == other.factor &&
+               offset == other.offset;
+    }
+};
+
+LinkState linkState(const VxNumericProperty *property)
+{
+    return {property->getLinkedProperty(), property->isLinkTerminal(), property->getLinkFactor(),
+            property->getLinkOffset()};
+}
+
+} // namespace
+
+double VxNumericProperty::Private::dependentValue(VxTime time, double ownValue) const
+{
+    const auto valueOf = [time](VxProperty *property) {
+        return static_cast<VxNumericProperty *>(property)->getDoubleValue(time);
+    };
+    if (overriding)
+        return valueOf(overriding.get());
+    if (aliased)
+        return valueOf(aliased.get());
+    if (!link)
+        return ownValue;
+    return (terminal ? ownValue : 0.0) + valueOf(link.get()) * factor + offset;
+}
+
+bool VxNumericProperty::Private::isEditable() const
+{
+    return !locked && !of(q->getKeyHolder())->locked;
+}
+
+bool VxNumericProperty::Private::makesKeys() const
+{
+    return animatable && (!vxScene || vxScene->isAnimating());
+}
+
+VxNumericProperty::VxNumericProperty(const QString &name, Private *priv)
+    : VxProperty(name, priv)
+{
+}
+
+VxNumericProperty::~VxNumericProperty() = default;
+
+VxNumericProperty::Private *VxNumericProperty::priv() const
+{
+    return static_cast<Private *>(VxProperty::priv());
+}
+
+bool VxNumericProperty::canBeKeyed() const
+{
+    return isAnimatable();
+}
+
+bool VxNumericProperty::isLinked() const
+{
+    return bool(priv()->link);
+}
+
+bool VxNumericProperty::isLinkTerminal() const
+{
+    return priv()->link && priv()->terminal;
+}
+
+VxNumericProperty *VxNumericProperty::getLinkedProperty() const
+{
+    return static_cast<VxNumericProperty *>(priv()->link.get());
+}
+
+double VxNumericProperty::getLinkFactor() const
+{
+    return priv()->factor;
+}
+
+double VxNumericProperty::getLinkOffset() const
+{
+    return priv()->offset;
+}
+
+bool VxNumericProperty::setLink(VxNumericProperty *property, bool terminal, double factor,
+                                double offset)
+{
+    const LinkState next{property, terminal, factor, offset};
+    if (linkState(this) == next)
+        return true;
+    if (property && priv()->isReachedFrom(property))
+        return false;
+    vxRecordValue<VxNumericProperty, LinkState>(
+        this, VxUndoLink, linkState, [](VxNumericProperty *p, const LinkState &state) {
+            p->setLink(state.property, state.terminal, state.factor, state.offset);
+        });
+    priv()->link.set(priv(), property);
+    priv()->terminal = terminal;
+    priv()->factor = factor;
+    priv()->offset = offset;
+    priv()->updateDependencies();
+    return true;
+}
+
+double VxNumericProperty::getDoubleValue() const
+{
+    return getDoubleValue(vxScene ? vxScene->getTime() : 0);
+}
+
+bool VxNumericProperty::setDoubleValue(double value)
+{
+    return setDoubleValue(vxScene ? vxScene->getTime() : 0, value);
+}
+
+bool VxNumericProperty::shiftKeys(const VxTimeRange &range, VxTime offset)
+{
+    const VxTime *times = getKeyTimes();
+    const int first = getFirstKeyFrom(range.getStart());
+    QVector<int> indexes;
+    QVector<VxTime> newTimes;
+    for (int i = first; i < getNumKeys() && times[i] <= range.getEnd(); ++i) {
+        indexes.append(i);
+        newTimes.append(times[i]);
+    }
+    if (indexes.isEmpty() || offset == 0)
+        return priv()->isEditable();
+    const qint64 lowest = qint64(VxTimeMin) - newTimes.first();
+    const qint64 highest = qint64(VxTimeMax) - newTimes.last();
+    const auto limited = static_cast<VxTime>(qBound(lowest, qint64(offset), highest));
+    for (VxTime &time : newTimes)
+        time += limited;
+    return moveKeys(indexes, newTimes);
+}
+
+bool VxNumericProperty::isPercentage() const
+{
+    return priv()->percentage;
+}
+
+void VxNumericProperty::setPercentage(bool percentage)
+{
+    if (priv()->percentage == percentage)
+        return;
+    priv()->percentage = percentage;
+    Q_EMIT traitsChanged();
+}

@@ -1,0 +1,30 @@
+#ifndef VXNUMERICPROPERTY_P_H
+#define VXNUMERICPROPERTY_P_H
+
+#include "keys/vxproperty_p.h"
+
+#include <vxcore/vxnumericproperty.h>
+
+class VxNumericProperty::Private : public VxProperty::Private
+{
+public:
+    using VxProperty::Private::Private;
+
+    VxProperty *linkedProperty() const override { return link.get(); }
+    /// True when an open link gives the value, so that the property has none of its own to set.
+    bool isDriven() const { return link && !terminal; }
+    /// The value by way of override, alias or link; ownValue is the property's own one.
+    double dependentValue(VxTime time, double ownValue) const;
+    /// False for a property that refuses changes: locked itself, or its key holder is.
+    bool isEditable() const;
+    /// True when setting a value at a time should make a key there.
+    bool makesKeys() const;
+
+    VxPropertyDependency link;
+    bool terminal = false;
+    double factor = 1.0;
+    double offset = 0.0;
+    bool percentage = false;
+};
+
+#endif
