@@ -54,6 +54,9 @@ public:
     /// The names of the global object's properties, sorted: for completion.
     QStringList globalNames() const;
 
+    /// With true, running programs let events through now and then, so that abort() can be
+    /// called; without (the default) they run to their end undisturbed.
+    void setStoppable(bool stoppable);
     /// Stops the running program at its next statement, with an error.
     void abort();
 

@@ -1,0 +1,90 @@
+#include "script/scriptarguments.h"
+#include "script/scriptbindings.h"
+
+#include <QtCore/QCoreApplication>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxversion.h>
+
+namespace {
+
+VxMainWindow *mainWindow()
+{
+    return vxApp ? vxApp->getInterface() : nullptr;
+}
+
+QScriptValue findPane(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "App.findPane()");
+    const QString name = arguments.text(0, "className");
+    if (arguments.failed())
+        return arguments.error();
+    const VxMainWindow *window = mainWindow();
+    return toScript(engine, window ? window->getPaneMgr()->findPane(name) : nullptr);
+}
+
+QScriptValue action(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "App.action()");
+    const QString name = arguments.text(0, "className");
+    if (arguments.failed())
+        return arguments.error();
+    const VxMainWindow *window = mainWindow();
+    return toScript(engine, window ? window->getActionMgr()->findAction(name) : nullptr);
+}
+
+QScriptValue actionNames(QScriptContext *, QScriptEngine *engine)
+{
+    QScriptValue names = engine->newArray();
+    const VxMainWindow *window = mainWindow();
+    for (int i = 0; window && i < window->getActionMgr()->getNumActions(); ++i) {
+        const VxAction *entry = window->getActionMgr()->getAction(i);
+        names.setProperty(quint32(i), QLatin1String(entry->metaObject()->className()));
+    }
+    return names;
+}
+
+/// Lets everything happen that waits for the event loop, such as deferred updates of panes.
+QScriptValue processEvents(QScriptContext *, QScriptEngine *engine)
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents();
+    return engine->undefinedValue();
+}
+
+QScriptValue status(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "App.status()");
+    const QString text = arguments.text(0, "text");
+    if (arguments.failed())
+        return arguments.error();
+    if (VxMainWindow *window = mainWindow())
+        window->showStatusMessage(text);
+    return engine->undefinedValue();
+}
+
+const ScriptFunction applicationFunctions[] = {
+    {"findPane", findPane, 1},           {"action", action, 1}, {"actionNames", actionNames, 0},
+    {"processEvents", processEvents, 0}, {"status", status, 1},
+};
+
+} // namespace
+
+void ScriptBindings::registerApplication(QScriptEngine *engine)
+{
+    QScriptValue application = engine->newObject();
+    installFunctions(engine, application, applicationFunctions);
+    application.setProperty(QStringLiteral("name"), VxApp::getAppName(), QScriptValue::ReadOnly);
+    application.setProperty(QStringLiteral("sdkVersion"), VxVersion::sdk().toString(),
+                            QScriptValue::ReadOnly);
+    QScriptValue global = engine->globalObject();
+    global.setProperty(QStringLiteral("App"), application);
+    global.setProperty(QStringLiteral("Scene"), toScript(engine, vxScene));
+    global.setProperty(QStringLiteral("Undo"), toScript(engine, VxUndoStack::current()));
+}

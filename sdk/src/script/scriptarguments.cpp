@@ -1,0 +1,128 @@
+#include "script/scriptarguments.h"
+
+#include <cmath>
+#include <limits>
+
+ScriptArguments::ScriptArguments(QScriptContext *context, const char *function)
+    : m_context(context)
+    , m_function(QLatin1String(function))
+{
+}
+
+int ScriptArguments::count() const
+{
+    return m_context->argumentCount();
+}
+
+bool ScriptArguments::has(int index) const
+{
+    return index < count() && !m_context->argument(index).isUndefined();
+}
+
+int ScriptArguments::integer(int index, const char *name)
+{
+    return toInteger(m_context->argument(index), index, name);
+}
+
+int ScriptArguments::integer(int index, const char *name, int defaultValue)
+{
+    return has(index) ? integer(index, name) : defaultValue;
+}
+
+double ScriptArguments::number(int index, const char *name)
+{
+    return toNumber(m_context->argument(index), index, name);
+}
+
+double ScriptArguments::number(int index, const char *name, double defaultValue)
+{
+    return has(index) ? number(index, name) : defaultValue;
+}
+
+bool ScriptArguments::boolean(int index, const char *name)
+{
+    const QScriptValue value = m_context->argument(index);
+    if (!value.isBool())
+        failArgument(index, name, "boolean");
+    return value.toBool();
+}
+
+QString ScriptArguments::text(int index, const char *name)
+{
+    const QScriptValue value = m_context->argument(index);
+    if (!value.isString())
+        failArgument(index, name, "string");
+    return value.toString();
+}
+
+QScriptValue ScriptArguments::array(int index, const char *name)
+{
+    const QScriptValue value = m_context->argument(index);
+    if (!value.isArray())
+        failArgument(index, name, "array");
+    return value;
+}
+
+QVector<int> ScriptArguments::integers(int index, const char *name)
+{
+    const QScriptValue values = array(index, name);
+    QVector<int> list;
+    if (failed())
+        return list;
+    const quint32 length = values.property(QStringLiteral("length")).toUInt32();
+    for (quint32 i = 0; i < length && !failed(); ++i)
+        list.append(toInteger(values.property(i), index, name));
+    return list;
+}
+
+void ScriptArguments::fail(const QString &message)
+{
+    if (!failed())
+        m_message = m_function + QLatin1Char(' ') + message;
+}
+
+QScriptValue ScriptArguments::error() const
+{
+    return m_context->throwError(QScriptContext::TypeError, m_message);
+}
+
+void ScriptArguments::failArgument(int index, const char *name, const char *expected)
+{
+    const QScriptValue value = m_context->argument(index);
+    const QString given = index < count() ? value.toString() : QStringLiteral("nothing");
+    fail(QStringLiteral("expects a %1 as argument %2 (%3), not %4")
+             .arg(QLatin1String(expected))
+             .arg(index + 1)
+             .arg(QLatin1String(name), given));
+}
+
+int ScriptArguments::toInteger(const QScriptValue &value, int index, const char *name)
+{
+    const double number = value.toNumber();
+    const bool whole = value.isNumber() && number == std::floor(number) &&
+                       number >= std::numeric_limits<int>::min() &&
+                       number <= std::numeric_limits<int>::max();
+    if (whole)
+        return static_cast<int>(number);
+    failArgument(index, name, "whole number");
+    return 0;
+}
+
+double ScriptArguments::toNumber(const QScriptValue &value, int index, const char *name)
+{
+    const double number = value.toNumber();
+    if (value.isNumber() && std::isfinite(number))
+        return number;
+    failArgument(index, name, "finite number");
+    return 0.0;
+}
+
+QScriptValue toScript(QScriptEngine *engine, QObject *object)
+{
+    if (!object)
+        return engine->nullValue();
+    return engine->newQObject(object, QScriptEngine::QtOwnership,
+                              QScriptEngine::PreferExistingWrapperObject |
+                                  QScriptEngine::ExcludeDeleteLater |
+                                  QScriptEngine::ExcludeChildObjects);
+}

@@ -1,0 +1,23 @@
+#ifndef SCRIPT_SCRIPTBINDINGS_H
+#define SCRIPT_SCRIPTBINDINGS_H
+
+class QScriptEngine;
+
+/// What scripts can do with host objects beyond their properties and slots. Each function sets
+/// the prototypes of one family of classes on an engine.
+namespace ScriptBindings {
+
+/// Conversions of times, ranges and pointers to host objects.
+void registerTypes(QScriptEngine *engine);
+/// Properties and their keys.
+void registerProperties(QScriptEngine *engine);
+/// Elements and nodes.
+void registerNodes(QScriptEngine *engine);
+/// The scene: nodes, ranges, building.
+void registerScene(QScriptEngine *engine);
+/// The application: panes and actions. Sets the globals Scene, App and Undo.
+void registerApplication(QScriptEngine *engine);
+
+} // namespace ScriptBindings
+
+#endif

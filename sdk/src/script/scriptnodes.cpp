@@ -1,0 +1,168 @@
+#include "script/scriptarguments.h"
+#include "script/scriptbindings.h"
+
+#include <vxcore/vxbone.h>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxpropertygrouptree.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxstringproperty.h>
+
+#include <memory>
+
+namespace {
+
+QScriptValue getProperties(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getProperties()");
+    auto *element = arguments.self<VxElement>();
+    if (arguments.failed())
+        return arguments.error();
+    return toScriptArray(engine, element->getPropertyGroups()->collectAllProperties());
+}
+
+/// Adds a new property of a kind to the element that the function is called on.
+template <class Property, class Value>
+QScriptValue addProperty(ScriptArguments &arguments, const Value &defaultValue)
+{
+    auto *element = arguments.self<VxElement>();
+    const QString name = arguments.text(0, "name");
+    const QString path = arguments.text(1, "path");
+    if (arguments.failed())
+        return arguments.error();
+    auto property = std::make_unique<Property>(name, defaultValue);
+    if (!element->addProperty(property.get(), path)) {
+        arguments.fail(QStringLiteral("finds the name \"%1\" taken").arg(name));
+        return arguments.error();
+    }
+    return toScript(arguments.engine(), property.release());
+}
+
+QScriptValue addFloatProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "addFloatProperty()");
+    return addProperty<VxFloatProperty>(
+        arguments, static_cast<float>(arguments.number(2, "defaultValue", 0.0)));
+}
+
+QScriptValue addIntProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "addIntProperty()");
+    return addProperty<VxIntProperty>(arguments, arguments.integer(2, "defaultValue", 0));
+}
+
+QScriptValue addBoolProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "addBoolProperty()");
+    return addProperty<VxBoolProperty>(arguments,
+                                       arguments.has(2) && arguments.boolean(2, "defaultValue"));
+}
+
+QScriptValue addStringProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "addStringProperty()");
+    return addProperty<VxStringProperty>(arguments,
+                                         arguments.has(2) ? arguments.text(2, "value") : QString());
+}
+
+QScriptValue getChildren(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getChildren()");
+    auto *node = arguments.self<VxNode>();
+    const bool recursive = arguments.has(0) && arguments.boolean(0, "recursive");
+    if (arguments.failed())
+        return arguments.error();
+    QVector<VxNode *> children;
+    node->getNodeChildren(children, recursive);
+    return toScriptArray(engine, children);
+}
+
+QScriptValue setParent(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setParent()");
+    auto *node = arguments.self<VxNode>();
+    const bool none = arguments.has(0) && context->argument(0).isNull();
+    auto *parent = none ? nullptr : arguments.object<VxNode>(0, "parent");
+    const int index = arguments.integer(1, "index", -1);
+    if (arguments.failed())
+        return arguments.error();
+    return node->setNodeParent(parent, index);
+}
+
+QScriptValue select(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "select()");
+    auto *node = arguments.self<VxNode>();
+    const bool onOff = !arguments.has(0) || arguments.boolean(0, "onOff");
+    if (arguments.failed())
+        return arguments.error();
+    node->select(onOff);
+    return engine->undefinedValue();
+}
+
+QScriptValue addObject(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "addObject()");
+    auto *node = arguments.self<VxNode>();
+    const QString name = arguments.text(0, "name");
+    if (arguments.failed())
+        return arguments.error();
+    auto *object = new VxObject(name);
+    node->setObject(object);
+    return toScript(engine, object);
+}
+
+QScriptValue addMorph(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "addMorph()");
+    auto *object = arguments.self<VxObject>();
+    const QString name = arguments.text(0, "name");
+    if (arguments.failed())
+        return arguments.error();
+    auto *morph = new VxMorph(name);
+    object->addSubElement(morph);
+    return toScript(engine, morph);
+}
+
+const ScriptFunction elementFunctions[] = {
+    {"getProperties", getProperties, 0},         {"addFloatProperty", addFloatProperty, 3},
+    {"addIntProperty", addIntProperty, 3},       {"addBoolProperty", addBoolProperty, 3},
+    {"addStringProperty", addStringProperty, 3},
+};
+
+const ScriptFunction nodeFunctions[] = {
+    {"getChildren", getChildren, 1},
+    {"setParent", setParent, 2},
+    {"select", select, 1},
+    {"addObject", addObject, 1},
+};
+
+const ScriptFunction objectFunctions[] = {
+    {"addMorph", addMorph, 1},
+};
+
+} // namespace
+
+void ScriptBindings::registerNodes(QScriptEngine *engine)
+{
+    QScriptValue element = engine->newObject();
+    installFunctions(engine, element, elementFunctions);
+    for (const int type : {qMetaTypeId<VxElement *>(), qMetaTypeId<VxMorph *>()})
+        engine->setDefaultPrototype(type, element);
+
+    QScriptValue node = engine->newObject();
+    node.setPrototype(element);
+    installFunctions(engine, node, nodeFunctions);
+    for (const int type :
+         {qMetaTypeId<VxNode *>(), qMetaTypeId<VxBone *>(), qMetaTypeId<VxSkeleton *>()})
+        engine->setDefaultPrototype(type, node);
+
+    QScriptValue object = engine->newObject();
+    object.setPrototype(element);
+    installFunctions(engine, object, objectFunctions);
+    engine->setDefaultPrototype(qMetaTypeId<VxObject *>(), object);
+}

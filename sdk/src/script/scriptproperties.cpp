@@ -1,0 +1,372 @@
+#include "script/scriptarguments.h"
+#include "script/scriptbindings.h"
+
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpropertyhelper.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstringproperty.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+VxTime now()
+{
+    return vxScene ? vxScene->getTime() : 0;
+}
+
+/// Keys gathered from a script array, in columns.
+struct KeyLists
+{
+    QVector<VxTime> times;
+    QVector<float> values;
+    QVector<quint8> types;
+    QVector<VxTcb> tcb;
+
+    VxKeyColumns<float> columns() const
+    {
+        return {times.constData(), values.constData(), types.constData(), tcb.constData(),
+                times.size()};
+    }
+};
+
+struct ScriptKey
+{
+    VxTime time;
+    double value;
+    int type;
+    VxTcb tcb;
+};
+
+/// One member of a key object; members other than time and value may be missing.
+double member(ScriptArguments &arguments, const QScriptValue &key, quint32 index, const char *name,
+              bool required)
+{
+    const QScriptValue value = key.property(QLatin1String(name));
+    if (!required && !value.isValid())
+        return 0.0;
+    if (!value.isNumber() || !std::isfinite(value.toNumber()))
+        arguments.fail(QStringLiteral("expects a finite number as %1 of key %2, not %3")
+                           .arg(QLatin1String(name))
+                           .arg(index)
+                           .arg(value.toString()));
+    return value.toNumber();
+}
+
+VxTime keyTime(ScriptArguments &arguments, const QScriptValue &key, quint32 index)
+{
+    const double time = member(arguments, key, index, "time", true);
+    if (!arguments.failed() && (time != std::floor(time) || std::abs(time) > VxTimeMax))
+        arguments.fail(
+            QStringLiteral("expects whole ticks as time of key %1, not %2").arg(index).arg(time));
+    return arguments.failed() ? 0 : static_cast<VxTime>(time);
+}
+
+int keyType(ScriptArguments &arguments, const QScriptValue &key, quint32 index)
+{
+    const double type = member(arguments, key, index, "type", false);
+    if (!arguments.failed() && type != 0.0 && type != 1.0 && type != 2.0)
+        arguments.fail(
+            QStringLiteral("expects 0, 1 or 2 as type of key %1, not %2").arg(index).arg(type));
+    return arguments.failed() ? 0 : static_cast<int>(type);
+}
+
+/// The keys of an argument, sorted by time; of several at one time the last one counts.
+QVector<ScriptKey> readKeys(ScriptArguments &arguments, int argument)
+{
+    const QScriptValue array = arguments.array(argument, "keys");
+    QVector<ScriptKey> keys;
+    const quint32 length =
+        arguments.failed() ? 0 : array.property(QStringLiteral("length")).toUInt32();
+    keys.reserve(static_cast<int>(length));
+    for (quint32 i = 0; i < length && !arguments.failed(); ++i) {
+        const QScriptValue key = array.property(i);
+        const auto shape = [&](const char *name) {
+            return static_cast<float>(member(arguments, key, i, name, false));
+        };
+        keys.append({keyTime(arguments, key, i),
+                     member(arguments, key, i, "value", true),
+                     keyType(arguments, key, i),
+                     {shape("tension"), shape("continuity"), shape("bias")}});
+    }
+    const auto earlier = [](const ScriptKey &a, const ScriptKey &b) { return a.time < b.time; };
+    std::stable_sort(keys.begin(), keys.end(), earlier);
+    // Keeping the last of equal times: walk backwards, keep the first met.
+    const auto same = [](const ScriptKey &a, const ScriptKey &b) { return a.time == b.time; };
+    keys.erase(keys.begin(), std::unique(keys.rbegin(), keys.rend(), same).base());
+    return keys;
+}
+
+KeyLists toLists(const QVector<ScriptKey> &keys)
+{
+    KeyLists lists;
+    for (const ScriptKey &key : keys) {
+        lists.times.append(key.time);
+        lists.values.append(static_cast<float>(key.value));
+        lists.types.append(static_cast<quint8>(key.type));
+        lists.tcb.append(key.tcb);
+    }
+    return lists;
+}
+
+QVector<qint32> toIntValues(const QVector<ScriptKey> &keys)
+{
+    QVector<qint32> values;
+    for (const ScriptKey &key : keys)
+        values.append(static_cast<qint32>(std::lround(key.value)));
+    return values;
+}
+
+QVector<VxTime> toTimes(const QVector<ScriptKey> &keys)
+{
+    QVector<VxTime> times;
+    for (const ScriptKey &key : keys)
+        times.append(key.time);
+    return times;
+}
+
+QScriptValue getKeys(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getKeys()");
+    auto *property = arguments.self<VxNumericProperty>();
+    if (arguments.failed())
+        return arguments.error();
+    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
+    for (int i = 0; i < property->getNumKeys(); ++i) {
+        float tension = 0, continuity = 0, bias = 0;
+        const int type = property->getKeyInterpolationType(i, &tension, &continuity, &bias);
+        QScriptValue key = engine->newObject();
+        key.setProperty(QStringLiteral("time"), property->getKeyTime(i));
+        key.setProperty(QStringLiteral("value"), property->getKeyDoubleValue(i));
+        key.setProperty(QStringLiteral("type"), type);
+        key.setProperty(QStringLiteral("tension"), qsreal(tension));
+        key.setProperty(QStringLiteral("continuity"), qsreal(continuity));
+        key.setProperty(QStringLiteral("bias"), qsreal(bias));
+        array.setProperty(quint32(i), key);
+    }
+    return array;
+}
+
+QScriptValue getKeyTimes(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getKeyTimes()");
+    auto *property = arguments.self<VxProperty>();
+    if (arguments.failed())
+        return arguments.error();
+    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
+    for (int i = 0; i < property->getNumKeys(); ++i)
+        array.setProperty(quint32(i), property->getKeyTimes()[i]);
+    return array;
+}
+
+QScriptValue getKeyValues(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getKeyValues()");
+    auto *property = arguments.self<VxNumericProperty>();
+    if (arguments.failed())
+        return arguments.error();
+    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
+    for (int i = 0; i < property->getNumKeys(); ++i)
+        array.setProperty(quint32(i), property->getKeyDoubleValue(i));
+    return array;
+}
+
+/// Puts keys into a property of either kind; range null merges, else replaces what lies within.
+bool putKeys(VxNumericProperty *property, const QVector<ScriptKey> &keys, const VxTimeRange *range)
+{
+    if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
+        const KeyLists lists = toLists(keys);
+        return range ? number->replaceKeys(*range, lists.columns())
+                     : number->setKeys(lists.columns());
+    }
+    auto *whole = qobject_cast<VxIntProperty *>(property);
+    const QVector<VxTime> times = toTimes(keys);
+    const QVector<qint32> values = toIntValues(keys);
+    const VxKeyColumns<qint32> columns{times.constData(), values.constData(), nullptr, nullptr,
+                                       times.size()};
+    return whole && (range ? whole->replaceKeys(*range, columns) : whole->setKeys(columns));
+}
+
+QScriptValue setKeys(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setKeys()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const QVector<ScriptKey> keys = readKeys(arguments, 0);
+    if (arguments.failed())
+        return arguments.error();
+    return putKeys(property, keys, nullptr);
+}
+
+QScriptValue replaceKeys(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "replaceKeys()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const int start = arguments.integer(0, "start");
+    const VxTimeRange range(start, arguments.integer(1, "end"));
+    const QVector<ScriptKey> keys = readKeys(arguments, 2);
+    if (arguments.failed())
+        return arguments.error();
+    return putKeys(property, keys, &range);
+}
+
+QScriptValue setKey(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setKey()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const ScriptKey key{arguments.integer(0, "time"),
+                        arguments.number(1, "value"),
+                        arguments.integer(2, "type", 0),
+                        {static_cast<float>(arguments.number(3, "tension", 0.0)),
+                         static_cast<float>(arguments.number(4, "continuity", 0.0)),
+                         static_cast<float>(arguments.number(5, "bias", 0.0))}};
+    if (!arguments.failed() && (key.type < 0 || key.type > 2))
+        arguments.fail(
+            QStringLiteral("expects 0, 1 or 2 as argument 3 (type), not %1").arg(key.type));
+    if (arguments.failed())
+        return arguments.error();
+    return putKeys(property, {key}, nullptr);
+}
+
+QScriptValue deleteKeys(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "deleteKeys()");
+    auto *property = arguments.self<VxProperty>();
+    const int start = arguments.integer(0, "start");
+    const int end = arguments.integer(1, "end", start);
+    if (arguments.failed())
+        return arguments.error();
+    return property->deleteKeys(VxTimeRange(start, end));
+}
+
+QScriptValue moveKeys(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "moveKeys()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const QVector<int> indexes = arguments.integers(0, "indexes");
+    const QVector<int> times = arguments.integers(1, "times");
+    if (arguments.failed())
+        return arguments.error();
+    return property->moveKeys(indexes, times);
+}
+
+QScriptValue setKeyInterpolation(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setKeyInterpolation()");
+    auto *property = arguments.self<VxFloatProperty>();
+    const int index = arguments.integer(0, "index");
+    const int type = arguments.integer(1, "type");
+    const auto tension = static_cast<float>(arguments.number(2, "tension", 0.0));
+    const auto continuity = static_cast<float>(arguments.number(3, "continuity", 0.0));
+    const auto bias = static_cast<float>(arguments.number(4, "bias", 0.0));
+    if (arguments.failed())
+        return arguments.error();
+    return property->setKeyInterpolation(index, type, tension, continuity, bias);
+}
+
+QScriptValue getValue(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "getValue()");
+    auto *property = arguments.self<VxProperty>();
+    const int time = arguments.integer(0, "time", now());
+    if (arguments.failed())
+        return arguments.error();
+    if (auto *text = qobject_cast<VxStringProperty *>(property))
+        return text->getValue();
+    auto *number = qobject_cast<VxNumericProperty *>(property);
+    return number ? QScriptValue(number->getDoubleValue(time)) : QScriptValue();
+}
+
+QScriptValue setValue(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setValue()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const double value = arguments.number(0, "value");
+    const int time = arguments.integer(1, "time", now());
+    if (arguments.failed())
+        return arguments.error();
+    return property->setDoubleValue(time, value);
+}
+
+QScriptValue setLink(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setLink()");
+    auto *property = arguments.self<VxNumericProperty>();
+    const bool none = arguments.has(0) && context->argument(0).isNull();
+    auto *target = none ? nullptr : arguments.object<VxNumericProperty>(0, "property");
+    const bool terminal = arguments.has(1) && arguments.boolean(1, "terminal");
+    const double factor = arguments.number(2, "factor", 1.0);
+    const double offset = arguments.number(3, "offset", 0.0);
+    if (arguments.failed())
+        return arguments.error();
+    return property->setLink(target, terminal, factor, offset);
+}
+
+QScriptValue setAlias(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setAlias()");
+    auto *property = arguments.self<VxProperty>();
+    const bool none = arguments.has(0) && context->argument(0).isNull();
+    auto *target = none ? nullptr : arguments.object<VxProperty>(0, "property");
+    if (arguments.failed())
+        return arguments.error();
+    return property->setAliasedProperty(target);
+}
+
+QScriptValue getAliasedProperty(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getAliasedProperty()");
+    auto *property = arguments.self<VxProperty>();
+    return arguments.failed() ? arguments.error()
+                              : toScript(engine, property->getAliasedProperty());
+}
+
+QScriptValue getOwner(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getOwner()");
+    auto *property = arguments.self<VxProperty>();
+    return arguments.failed() ? arguments.error() : toScript(engine, property->getOwner());
+}
+
+QScriptValue getNode(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "getNode()");
+    auto *property = arguments.self<VxProperty>();
+    return arguments.failed() ? arguments.error()
+                              : toScript(engine, VxPropertyHelper::getNode(property));
+}
+
+const ScriptFunction propertyFunctions[] = {
+    {"getKeys", getKeys, 0},
+    {"getKeyTimes", getKeyTimes, 0},
+    {"getKeyValues", getKeyValues, 0},
+    {"setKeys", setKeys, 1},
+    {"replaceKeys", replaceKeys, 3},
+    {"setKey", setKey, 6},
+    {"deleteKeys", deleteKeys, 2},
+    {"moveKeys", moveKeys, 2},
+    {"setKeyInterpolation", setKeyInterpolation, 5},
+    {"getValue", getValue, 1},
+    {"setValue", setValue, 2},
+    {"setLink", setLink, 4},
+    {"setAlias", setAlias, 1},
+    {"getAliasedProperty", getAliasedProperty, 0},
+    {"getOwner", getOwner, 0},
+    {"getNode", getNode, 0},
+};
+
+} // namespace
+
+void ScriptBindings::registerProperties(QScriptEngine *engine)
+{
+    QScriptValue prototype = engine->newObject();
+    installFunctions(engine, prototype, propertyFunctions);
+    for (const int type : {qMetaTypeId<VxProperty *>(), qMetaTypeId<VxFloatProperty *>(),
+                           qMetaTypeId<VxIntProperty *>(), qMetaTypeId<VxBoolProperty *>(),
+                           qMetaTypeId<VxStringProperty *>()})
+        engine->setDefaultPrototype(type, prototype);
+}

@@ -1,0 +1,150 @@
+#include <vxcore/vxscriptengine.h>
+
+#include "script/scriptbindings.h"
+
+#include <QtCore/QFile>
+#include <QtScript/QScriptEngine>
+#include <QtScript/QScriptValueIterator>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxpluginmgr.h>
+
+namespace {
+
+/// How often a running script lets events through, so that it can be stopped.
+constexpr int AbortInterval = 100;
+
+QScriptValue print(QScriptContext *context, QScriptEngine *engine, void *owner)
+{
+    QStringList words;
+    for (int i = 0; i < context->argumentCount(); ++i)
+        words.append(context->argument(i).toString());
+    Q_EMIT static_cast<VxScriptEngine *>(owner)->printed(words.join(QLatin1Char(' ')));
+    return engine->undefinedValue();
+}
+
+VxScriptError syntaxError(const QString &program, const QString &fileName, int firstLine)
+{
+    const QScriptSyntaxCheckResult check = QScriptEngine::checkSyntax(program);
+    if (check.state() == QScriptSyntaxCheckResult::Valid)
+        return {};
+    const QString message = check.errorMessage();
+    return {fileName, check.errorLineNumber() + firstLine - 1,
+            message.isEmpty() ? VxScriptEngine::tr("The program ends too early")
+                              : VxScriptEngine::tr("Syntax error: %1").arg(message)};
+}
+
+} // namespace
+
+QString VxScriptError::toString() const
+{
+    const QString file = fileName.isEmpty() ? VxScriptEngine::tr("script") : fileName;
+    return line > 0 ? QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(message)
+                    : QStringLiteral("%1: %2").arg(file, message);
+}
+
+class VxScriptEngine::Private
+{
+public:
+    QScriptEngine engine;
+    int depth = 0; // of evaluate(): a script may run an action that runs a script
+    bool aborted = false;
+};
+
+VxScriptEngine::VxScriptEngine(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>())
+{
+    QScriptEngine *engine = &d->engine;
+    QScriptValue global = engine->globalObject();
+    global.setProperty(QStringLiteral("print"), engine->newFunction(print, this));
+    ScriptBindings::registerTypes(engine);
+    ScriptBindings::registerProperties(engine);
+    ScriptBindings::registerNodes(engine);
+    ScriptBindings::registerScene(engine);
+    setArguments({});
+}
+
+VxScriptEngine::~VxScriptEngine() = default;
+
+QScriptEngine *VxScriptEngine::engine() const
+{
+    return &d->engine;
+}
+
+void VxScriptEngine::registerHost()
+{
+    ScriptBindings::registerApplication(&d->engine);
+    if (vxApp)
+        vxApp->getPluginMgr()->registerClasses(&d->engine);
+}
+
+QString VxScriptEngine::evaluate(const QString &program, const QString &fileName,
+                                 VxScriptError *error, int firstLine)
+{
+    VxScriptError failure = syntaxError(program, fileName, firstLine);
+    QString result;
+    if (failure.isNull()) {
+        ++d->depth;
+        d->aborted = false;
+        const QScriptValue value = d->engine.evaluate(program, fileName, firstLine);
+        --d->depth;
+        if (d->aborted) {
+            failure = {fileName, -1, tr("Stopped")};
+        } else if (d->engine.hasUncaughtException()) {
+            failure = {fileName, d->engine.uncaughtExceptionLineNumber(), value.toString()};
+        } else if (!value.isUndefined()) {
+            result = value.toString();
+        }
+        if (d->depth == 0)
+            d->engine.clearExceptions();
+    }
+    if (error)
+        *error = failure;
+    return result;
+}
+
+bool VxScriptEngine::runFile(const QString &fileName, VxScriptError *error)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = {fileName, -1, tr("Cannot be read: %1").arg(file.errorString())};
+        return false;
+    }
+    VxScriptError failure;
+    evaluate(QString::fromUtf8(file.readAll()), fileName, &failure);
+    if (error)
+        *error = failure;
+    return failure.isNull();
+}
+
+void VxScriptEngine::setArguments(const QStringList &arguments)
+{
+    d->engine.globalObject().setProperty(QStringLiteral("arguments"),
+                                         qScriptValueFromSequence(&d->engine, arguments));
+}
+
+QStringList VxScriptEngine::globalNames() const
+{
+    QStringList names;
+    QScriptValueIterator it(d->engine.globalObject());
+    while (it.hasNext()) {
+        it.next();
+        names.append(it.name());
+    }
+    names.sort();
+    return names;
+}
+
+void VxScriptEngine::setStoppable(bool stoppable)
+{
+    d->engine.setProcessEventsInterval(stoppable ? AbortInterval : -1);
+}
+
+void VxScriptEngine::abort()
+{
+    if (d->depth == 0)
+        return;
+    d->aborted = true;
+    d->engine.abortEvaluation();
+}
