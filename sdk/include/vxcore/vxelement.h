@@ -20,14 +20,20 @@ class VXCORE_EXPORT VxElement : public QObject
     Q_PROPERTY(QString label READ getLabel WRITE setLabel NOTIFY labelChanged)
     Q_PROPERTY(int numProperties READ getNumProperties)
 public:
+    class Private;
+
     /// name: the identifier, also the object name; the label is the same until setLabel().
     explicit VxElement(const QString &name);
     ~VxElement() override;
 
     QString getName() const;
     QString getLabel() const;
-    /// Recorded for undo while a hold is open.
+    /// Recorded for undo while a hold is open and the element is in a scene.
     void setLabel(const QString &label);
+
+    /// The element that this one belongs to: the node of an object, the object of a sub-element.
+    /// Null when it belongs to none, and for nodes.
+    VxElement *getOwnerElement() const;
 
     Q_INVOKABLE int getNumProperties() const;
     /// Null when index lies outside 0 .. getNumProperties() - 1.
@@ -36,10 +42,12 @@ public:
     Q_INVOKABLE VxProperty *findProperty(const QString &name) const;
 
     /// Takes ownership and appends. path is the group path, see VxProperty::getPath(). Returns
-    /// the property, or null when it has an owner or its name is taken (then it is not taken).
+    /// the property, or null, with a warning, when the property is null, has an owner or a name
+    /// that is taken: it then stays the caller's. Not recorded for undo.
     VxProperty *addProperty(VxProperty *property, const QString &path);
-    /// Removes a property and destroys it, after propertyRemoved(). False when it is not one of
-    /// the element's own.
+    /// Removes a property and destroys it, after propertyRemoved(). False, with a warning, when it
+    /// is not one of the element's own, or one that the element cannot be without, such as a
+    /// node's transform controls. Not recorded for undo.
     bool removeProperty(VxProperty *property);
 
     /// The properties of the element, and of what belongs to it, by group; see
@@ -52,19 +60,17 @@ Q_SIGNALS:
     void propertyAdded(VxProperty *property);
     /// property is still alive, but no longer the element's.
     void propertyRemoved(VxProperty *property);
-    /// The element is about to leave the scene, or to be destroyed.
+    /// The element is about to leave the scene, or to be destroyed without having left one.
     void aboutToBeRemoved();
 
 protected:
-    class Private;
     VxElement(const QString &name, Private *priv);
     Private *priv() const { return d.get(); }
     /// Further elements whose properties the group tree lists after the element's own.
     virtual QVector<VxElement *> groupedElements() const;
-    /// Forgets the group tree; call when groupedElements() changes or what they own.
+    /// Forgets the group tree, and those of the elements that this one belongs to. Call it when
+    /// groupedElements() changes; properties that come and go do it by themselves.
     void invalidatePropertyGroups();
-    friend class VxObject;
-    friend class VxScene;
 
 private:
     std::unique_ptr<Private> d;

@@ -21,8 +21,6 @@ public:
     Q_INVOKABLE VxObject *getObject() const;
 
 private:
-    friend class VxObject;
-    void setObject(VxObject *object);
     class Private;
     Private *priv() const;
 };

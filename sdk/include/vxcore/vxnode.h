@@ -16,8 +16,9 @@ class VxSkeleton;
 ///
 /// The controls are float properties in the groups "/General/Transforms/Translation",
 /// ".../Rotation" (degrees) and ".../Scale". A node owns its child nodes and its object. Nodes
-/// enter a scene with VxScene::addNode(); hierarchy, label and the like are recorded for undo
-/// while a hold is open.
+/// enter a scene with VxScene::addNode(). Within a scene and while a hold is open, changes of
+/// hierarchy, label, visibility, selectability, rotation order, origin and end point are recorded
+/// for undo; selection and object are not.
 class VXCORE_EXPORT VxNode : public VxElement
 {
     Q_OBJECT
@@ -25,6 +26,8 @@ class VXCORE_EXPORT VxNode : public VxElement
     Q_PROPERTY(bool visible READ isVisible WRITE setVisible)
     Q_PROPERTY(bool selectable READ isSelectable WRITE setSelectable)
 public:
+    class Private;
+
     /// The order in which the rotations about the axes are multiplied, from left to right: ZYX is
     /// Rz * Ry * Rx, so a point is turned about X first. Motion files list channels this way.
     enum RotationOrder { XYZ, XZY, YXZ, YZX, ZXY, ZYX };
@@ -47,15 +50,20 @@ public:
     /// outside of both.
     int getSiblingIndex() const;
 
-    /// Puts the node below another, or at the top level (null), before the sibling at index (-1:
-    /// last). False, and nothing changes, when the new parent is the node itself or below it or
-    /// in another scene. Emits parentChanged() when the parent differs.
+    /// Puts the node below another, or at the top level (null), so that it gets the given index
+    /// among its new siblings (-1, or one beyond the end: last). False, and nothing changes, when
+    /// the new parent is the node itself or below it, or only one of the two is in the scene.
+    /// Emits parentChanged() when the parent differs. Outside of a scene a node that was put at
+    /// the top level belongs to the caller.
     bool setNodeParent(VxNode *parent, int index = -1);
     /// Builds a hierarchy outside of a scene: takes ownership of a node that has no parent.
+    /// False, and the child stays the caller's, under the conditions of setNodeParent() or when
+    /// the child has a parent or either is in a scene.
     bool addNodeChild(VxNode *child);
 
-    /// The node's object or null; owned by the node. The former object is destroyed after
-    /// objectChanged().
+    /// The node's object or null; owned by the node. setObject() takes ownership; the former
+    /// object is destroyed after objectChanged(). An object of another node is refused with a
+    /// warning.
     Q_INVOKABLE VxObject *getObject() const;
     void setObject(VxObject *object);
 
@@ -77,6 +85,7 @@ public:
     /// Selecting makes the node the primary selection. Selecting a node that is not selectable,
     /// or in no scene, does nothing.
     void select(bool onOff = true);
+    /// A node that can no longer be selected is deselected.
     bool isSelectable() const;
     void setSelectable(bool selectable);
     bool isVisible() const;
@@ -95,7 +104,8 @@ public:
     void setEndPoint(const QVector3D &endPoint);
 
     /// The transform at a time relative to the parent: translate(origin + position) * rotation *
-    /// scale; and relative to the world.
+    /// scale, where each axis is scaled by the uniform scale times its own; and relative to the
+    /// world.
     QMatrix4x4 getLocalTransform(VxTime time) const;
     QMatrix4x4 getWorldTransform(VxTime time) const;
 
@@ -110,11 +120,9 @@ Q_SIGNALS:
     void visibleChanged(bool visible);
 
 protected:
-    class Private;
     VxNode(const QString &name, Private *priv);
     QVector<VxElement *> groupedElements() const override;
     Private *priv() const;
-    friend class VxScene;
 };
 
 #endif

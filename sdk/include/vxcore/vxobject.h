@@ -19,15 +19,14 @@ public:
     Q_INVOKABLE int getNumSubElements() const;
     /// Null when index lies outside 0 .. getNumSubElements() - 1.
     Q_INVOKABLE VxElement *getSubElement(int index) const;
-    /// Takes ownership and appends. Null and an element that has an owner are ignored.
-    void addSubElement(VxElement *element);
+    /// Takes ownership and appends. False, with a warning, when the element is null, a node,
+    /// belongs to another one, or is this object or one it belongs to.
+    bool addSubElement(VxElement *element);
 
 protected:
     QVector<VxElement *> groupedElements() const override;
 
 private:
-    friend class VxNode;
-    void setNode(VxNode *node);
     class Private;
     Private *priv() const;
 };

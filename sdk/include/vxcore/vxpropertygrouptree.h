@@ -23,10 +23,12 @@ public:
     /// Owned by this group; null when there is no such child.
     VxPropertyGroup *getChild(int index) const;
     int getNumProperties() const;
+    /// Not owned; null when there is no such property.
     VxProperty *getProperty(int index) const;
 
 private:
     friend class VxPropertyGroupTree;
+    Q_DISABLE_COPY(VxPropertyGroup)
     VxPropertyGroup();
     class Private;
     std::unique_ptr<Private> d;
@@ -42,7 +44,7 @@ public:
     VxPropertyGroup *getRoot() const;
     /// Sorts a property in by its path; empty parts are dropped.
     void addProperty(VxProperty *property);
-    /// The group of a path, or null.
+    /// The group of a path, empty parts dropped, or null; the root group for an empty path.
     VxPropertyGroup *findGroup(const QString &path) const;
 
     /// Every property in the tree's order: those of a group first, then those of the groups below
@@ -51,6 +53,7 @@ public:
 
 private:
     Q_DISABLE_COPY(VxPropertyGroupTree)
+    VxPropertyGroup *findOrAddChild(VxPropertyGroup *parent, const QString &name);
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -23,6 +23,8 @@ class VXCORE_EXPORT VxScene : public QObject
     Q_PROPERTY(bool looping READ isLoopingEnabled WRITE loopPlayback NOTIFY loopPlaybackChanged)
     Q_PROPERTY(bool animating READ isAnimating WRITE setAnimating)
 public:
+    class Private;
+
     /// Sets the global `vxScene` when there is none.
     explicit VxScene(QObject *parent = nullptr);
     ~VxScene() override;
@@ -42,7 +44,7 @@ public:
     bool isPlaying() const;
     bool isLoopingEnabled() const;
 
-    /// The node selected last, or null.
+    /// The node selected last, or null. When it is deselected the one selected before it follows.
     Q_INVOKABLE VxNode *getPrimarySelection() const;
     /// Selects the node and makes it the primary selection; null leaves the others selected
     /// without a primary one.
@@ -64,10 +66,13 @@ public:
 
     /// Takes a node with everything below it into the scene, as the last root node or, with a
     /// parent, as its last child. Emits nodeAdded() for each of them, parents first. Ownership
-    /// passes to the scene. False when the node is null, is in a scene, or has a parent.
+    /// passes to the scene. False, with a warning, when the node is null, is in a scene or has a
+    /// parent, or when the parent given is not in this scene; the node then stays the caller's.
     bool addNode(VxNode *node, VxNode *parent = nullptr);
-    /// Takes a node with everything below it out of the scene, after aboutToRemoveNode(). While a
-    /// hold is open the history keeps the nodes for undo; otherwise they are destroyed.
+    /// Takes a node with everything below it out of the scene: aboutToRemoveNode() while all is in
+    /// place, then what leaves is deselected, every element below sends aboutToBeRemoved(), and
+    /// when it is out nodeRemoved(). While a hold is open the history keeps the nodes for undo;
+    /// otherwise they are destroyed. False, with a warning, when the node is not in this scene.
     Q_INVOKABLE bool removeNode(VxNode *node);
 
     /// Brackets a load: sceneLoadStarting() and sceneLoaded(). May be nested; only the outermost
@@ -75,8 +80,9 @@ public:
     void beginLoad();
     void endLoad();
     bool isLoading() const;
-    /// Removes all nodes, after sceneClearStarting(), resets time, step, ranges and looping, and
-    /// clears the history.
+    /// Removes all nodes, after sceneClearStarting(), resets time, step, ranges, looping and
+    /// animating, and clears the history. Each root node is announced as in removeNode(). Emits
+    /// sceneCleared() at the end. Playback is stopped.
     void clear();
 
 public Q_SLOTS:
@@ -91,15 +97,20 @@ public Q_SLOTS:
     /// Starts playback from the current time, or from the start of the play range when the time
     /// lies outside of it or at its end. With dropFrames the time follows the clock and frames
     /// are left out when painting is slow; without, every frame is shown, however long it takes,
-    /// but none sooner than its time. Without looping, playback ends at the end of the range.
+    /// but none sooner than its time. Without looping, playback ends once the end of the range is
+    /// shown; with it, the end is shown for one frame before the start follows. A time set during
+    /// playback is where it goes on; a new step, range or looping counts at once. Ignored during
+    /// playback.
     void play(bool dropFrames = true);
+    /// Ends playback at the time that is shown. Ignored when nothing is played.
     void pause();
     void loopPlayback(bool onOff);
     /// Moves the time by a number of frames, forward or back, within the play range; a step
-    /// from outside of it goes to the nearer end. Does not stop playback.
+    /// from outside of it goes to the nearer end. Does not stop playback, which goes on from there.
     void stepTime(int frames, bool forward);
 
-    /// Selects every selectable node, or none.
+    /// Selects every selectable node, or none. Tells of it once. The primary selection stays when
+    /// there is one, else it is the last node.
     void selectAllNodes(bool onOff);
 
 Q_SIGNALS:
@@ -114,6 +125,7 @@ Q_SIGNALS:
     void nodeAdded(VxNode *node);
     /// node leaves with everything below it; only the top one is named.
     void aboutToRemoveNode(VxNode *node);
+    /// node, the top one again, is out of the scene and still alive.
     void nodeRemoved(VxNode *node);
     void nodeParentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
     void nodeSelectionListChanged();
@@ -128,8 +140,6 @@ Q_SIGNALS:
     void viewChanged();
 
 private:
-    friend class VxNode;
-    class Private;
     std::unique_ptr<Private> d;
 };
 

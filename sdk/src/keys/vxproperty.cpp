@@ -2,6 +2,7 @@
 
 #include "keys/vxchangeblock_p.h"
 #include "keys/vxproperty_p.h"
+#include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
 
 #include <QtCore/QSet>
@@ -87,6 +88,8 @@ VxProperty::VxProperty(const QString &name, Private *priv)
 
 VxProperty::~VxProperty()
 {
+    if (d->owner)
+        VxElement::Private::loseProperty(this);
     VxPendingChanges::remove(d.get());
     Q_EMIT propertyDeleted(this);
 }

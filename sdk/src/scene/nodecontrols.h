@@ -1,0 +1,41 @@
+#ifndef SCENE_NODECONTROLS_H
+#define SCENE_NODECONTROLS_H
+
+#include <QtGui/QMatrix4x4>
+#include <array>
+#include <vxcore/vxnode.h>
+
+class VxFloatProperty;
+
+/// The ten transform controls of a node, in the order in which they are made and listed.
+enum NodeControl {
+    XPosition,
+    YPosition,
+    ZPosition,
+    XRotation,
+    YRotation,
+    ZRotation,
+    UniformScale,
+    XScale,
+    YScale,
+    ZScale,
+    NodeControlCount
+};
+
+using NodeControls = std::array<VxFloatProperty *, NodeControlCount>;
+
+/// A new control with its name, label, axis and default value; the caller's.
+VxFloatProperty *makeNodeControl(NodeControl control);
+/// The group path that a control stands in.
+QString nodeControlPath(NodeControl control);
+
+/// The values of all controls at one time.
+using NodeControlValues = std::array<double, NodeControlCount>;
+
+/// The values at a time; a control that is gone counts as its default.
+NodeControlValues nodeControlValues(const NodeControls &controls, VxTime time);
+/// translate(origin + position) * rotation * scale.
+QMatrix4x4 nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,
+                         const QVector3D &origin);
+
+#endif

@@ -1,0 +1,255 @@
+#include "scene/scenenodes.h"
+
+#include "scene/sceneundo.h"
+#include "scene/vxnode_p.h"
+#include "scene/vxscene_p.h"
+#include <algorithm>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+using GuardedNodes = QVector<QPointer<VxNode>>;
+
+/// Receivers of signals may destroy nodes; lists that are walked while signals are sent are these.
+GuardedNodes guarded(const QVector<VxNode *> &nodes)
+{
+    GuardedNodes list;
+    list.reserve(nodes.size());
+    for (VxNode *node : nodes)
+        list.append(node);
+    return list;
+}
+
+QVector<VxNode *> nodesBelow(const QVector<VxNode *> &tops)
+{
+    QVector<VxNode *> nodes;
+    for (VxNode *top : tops)
+        VxNode::Private::collectNodes(top, nodes);
+    return nodes;
+}
+
+QVector<QPointer<VxElement>> elementsOf(VxNode *node)
+{
+    QVector<VxElement *> elements;
+    VxElement::Private::collect(node, elements);
+    QVector<QPointer<VxElement>> list;
+    for (VxElement *element : qAsConst(elements))
+        list.append(element);
+    return list;
+}
+
+} // namespace
+
+SceneNodes::~SceneNodes()
+{
+    const QVector<VxNode *> nodes = all();
+    for (VxNode *node : nodes) {
+        VxNode::Private::of(node)->scene = nullptr;
+        VxNode::Private::of(node)->selectionIndex = -1;
+    }
+    const QVector<VxNode *> roots = std::move(m_roots);
+    qDeleteAll(roots);
+}
+
+const QVector<VxNode *> &SceneNodes::all() const
+{
+    if (!m_allValid) {
+        m_all = nodesBelow(m_roots);
+        m_allValid = true;
+    }
+    return m_all;
+}
+
+int SceneNodes::indexIn(const QVector<VxNode *> &siblings, const VxNode *node)
+{
+    VxNode *found = const_cast<VxNode *>(node);
+    int &hint = VxNode::Private::of(found)->siblingHint;
+    if (siblings.value(hint) != node)
+        hint = siblings.indexOf(found);
+    return hint;
+}
+
+void SceneNodes::add(VxNode *node, VxNode *parent)
+{
+    if (NodePlaceItem *item = recordPlace(node))
+        item->setOwning(false);
+    insert(node, parent, -1);
+}
+
+void SceneNodes::remove(VxNode *node)
+{
+    const VxUndoStack *stack = VxUndoStack::current();
+    if (stack && stack->isRecording())
+        takeOut({node}, true);
+    else
+        qDeleteAll(takeOut({node}, false));
+}
+
+void SceneNodes::move(VxNode *node, VxNode *parent, int index)
+{
+    recordPlace(node);
+    relocate(node, parent, index);
+}
+
+QVector<VxNode *> SceneNodes::take(const QVector<VxNode *> &tops)
+{
+    return takeOut(tops, false);
+}
+
+NodePlace SceneNodes::placeOf(const VxNode *node) const
+{
+    NodePlace place;
+    place.inScene = node->getScene() == m_scene;
+    if (place.inScene) {
+        place.parent = node->getNodeParent();
+        place.atTop = !place.parent;
+        place.index = node->getSiblingIndex();
+    }
+    return place;
+}
+
+void SceneNodes::put(VxNode *node, const NodePlace &place)
+{
+    const bool isIn = node->getScene() == m_scene;
+    VxNode *parent = place.parent && place.parent->getScene() == m_scene ? place.parent : nullptr;
+    const int index = !parent && !place.atTop ? -1 : place.index;
+    if (!place.inScene && isIn)
+        take({node});
+    else if (place.inScene && isIn)
+        relocate(node, parent, index);
+    else if (place.inScene && !node->getScene() && !node->getNodeParent())
+        insert(node, parent, index);
+}
+
+QVector<VxNode *> &SceneNodes::siblingsBelow(VxNode *parent)
+{
+    return parent ? VxNode::Private::of(parent)->children : m_roots;
+}
+
+void SceneNodes::attach(VxNode *node, VxNode *parent, int index)
+{
+    QVector<VxNode *> &siblings = siblingsBelow(parent);
+    VxNode::Private *record = VxNode::Private::of(node);
+    record->parent = parent;
+    record->siblingHint = index < 0 || index > siblings.size() ? siblings.size() : index;
+    siblings.insert(record->siblingHint, node);
+    m_allValid = false;
+}
+
+void SceneNodes::detach(VxNode *node)
+{
+    VxNode::Private *record = VxNode::Private::of(node);
+    QVector<VxNode *> &siblings = siblingsBelow(record->parent);
+    siblings.removeAt(indexIn(siblings, node));
+    record->parent = nullptr;
+    m_allValid = false;
+}
+
+void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
+{
+    attach(node, parent, index);
+    const QVector<VxNode *> nodes = nodesBelow({node});
+    m_count += nodes.size();
+    for (VxNode *added : nodes) {
+        VxNode::Private::of(added)->scene = m_scene;
+        const auto elements = elementsOf(added);
+        for (VxElement *element : elements)
+            VxElement::Private::of(element)->removalAnnounced = false;
+    }
+    VxScene::Private::of(m_scene)->touchView();
+    const GuardedNodes announced = guarded(nodes);
+    for (VxNode *added : announced) {
+        if (added && added->getScene() == m_scene)
+            Q_EMIT m_scene->nodeAdded(added);
+    }
+}
+
+void SceneNodes::relocate(VxNode *node, VxNode *parent, int index)
+{
+    VxNode *oldParent = node->getNodeParent();
+    detach(node);
+    attach(node, parent, index);
+    VxScene::Private::of(m_scene)->touchView();
+    if (oldParent == parent)
+        return;
+    const QPointer<VxNode> guard(node);
+    Q_EMIT node->parentChanged(node, oldParent, parent);
+    if (guard)
+        Q_EMIT m_scene->nodeParentChanged(node, oldParent, parent);
+}
+
+void SceneNodes::announce(const QVector<VxNode *> &tops)
+{
+    const GuardedNodes announced = guarded(tops);
+    for (VxNode *top : announced) {
+        if (!top)
+            continue;
+        VxNode::Private::of(top)->leaving = true;
+        Q_EMIT m_scene->aboutToRemoveNode(top);
+    }
+    QVector<VxNode *> present;
+    for (VxNode *top : announced) {
+        if (top && top->getScene() == m_scene)
+            present.append(top);
+    }
+    const GuardedNodes leaving = guarded(nodesBelow(present));
+    VxScene::Private::of(m_scene)->selection.deselect(nodesBelow(present));
+    for (VxNode *node : leaving) {
+        const auto elements = node ? elementsOf(node) : QVector<QPointer<VxElement>>();
+        for (VxElement *element : elements) {
+            if (element)
+                VxElement::Private::of(element)->announceRemoval();
+        }
+    }
+}
+
+QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool recorded)
+{
+    const GuardedNodes wanted = guarded(tops);
+    announce(tops);
+    GuardedNodes taken;
+    // Backwards, because a place at the end of a long list is given up at no cost.
+    for (int i = wanted.size() - 1; i >= 0; --i) {
+        VxNode *top = wanted.at(i);
+        if (!top || top->getScene() != m_scene)
+            continue;
+        VxNode::Private::of(top)->leaving = false;
+        NodePlaceItem *item = recorded ? recordPlace(top) : nullptr;
+        if (item)
+            item->setOwning(true);
+        detach(top);
+        const QVector<VxNode *> nodes = nodesBelow({top});
+        m_count -= nodes.size();
+        for (VxNode *node : nodes)
+            VxNode::Private::of(node)->scene = nullptr;
+        taken.append(top);
+    }
+    std::reverse(taken.begin(), taken.end());
+    VxScene::Private::of(m_scene)->touchView();
+    QVector<VxNode *> alive;
+    for (VxNode *top : qAsConst(taken)) {
+        if (top)
+            Q_EMIT m_scene->nodeRemoved(top);
+    }
+    for (VxNode *top : qAsConst(taken)) {
+        if (top && !top->getScene() && !top->getNodeParent())
+            alive.append(top);
+    }
+    return alive;
+}
+
+NodePlaceItem *SceneNodes::recordPlace(VxNode *node)
+{
+    VxUndoStack *stack = VxUndoStack::current();
+    if (!stack || !stack->isRecording())
+        return nullptr;
+    const bool sameHold = m_lastItem && stack->findItem(m_lastNode, VxUndoNodePlace) == m_lastItem;
+    if (sameHold && m_lastNode == node)
+        return m_lastItem;
+    if (sameHold)
+        m_lastItem->setFollowed();
+    m_lastItem = new NodePlaceItem(m_scene, node, placeOf(node));
+    m_lastNode = node;
+    stack->record(m_lastItem);
+    return m_lastItem;
+}

@@ -1,0 +1,184 @@
+#include "scene/vxelement_p.h"
+
+#include "keys/vxproperty_p.h"
+#include "undo/vxundovalueitem.h"
+
+VxScene *VxElement::Private::findScene() const
+{
+    const Private *record = this;
+    while (record->owner)
+        record = of(record->owner);
+    return record->scene;
+}
+
+void VxElement::Private::invalidateGroups()
+{
+    for (Private *record = this; record; record = record->owner ? of(record->owner) : nullptr)
+        record->groups.reset();
+}
+
+void VxElement::Private::release(VxProperty *property)
+{
+    properties.removeOne(property);
+    byName.remove(property->getName());
+    VxProperty::Private::of(property)->owner = nullptr;
+    invalidateGroups();
+}
+
+void VxElement::Private::loseProperty(VxProperty *property)
+{
+    VxElement *element = property->getOwner();
+    Private *record = of(element);
+    record->propertyLost(property);
+    record->release(property);
+    Q_EMIT element->propertyRemoved(property);
+}
+
+void VxElement::Private::announceRemoval()
+{
+    if (removalAnnounced)
+        return;
+    removalAnnounced = true;
+    Q_EMIT q->aboutToBeRemoved();
+}
+
+void VxElement::Private::collect(VxElement *element, QVector<VxElement *> &list)
+{
+    list.append(element);
+    const QVector<VxElement *> grouped = element->groupedElements();
+    for (VxElement *below : grouped)
+        collect(below, list);
+}
+
+VxElement::VxElement(const QString &name)
+    : VxElement(name, new Private)
+{
+}
+
+VxElement::VxElement(const QString &name, Private *priv)
+    : d(priv)
+{
+    d->q = this;
+    d->name = name;
+    d->label = name;
+    setObjectName(name);
+}
+
+VxElement::~VxElement()
+{
+    d->announceRemoval();
+    if (d->owner)
+        Private::of(d->owner)->elementLost(this);
+    d->groups.reset();
+    d->byName.clear();
+    const QVector<VxProperty *> properties = std::move(d->properties);
+    d->properties.clear();
+    for (VxProperty *property : properties) {
+        VxProperty::Private::of(property)->owner = nullptr;
+        delete property;
+    }
+}
+
+QString VxElement::getName() const
+{
+    return d->name;
+}
+
+QString VxElement::getLabel() const
+{
+    return d->label;
+}
+
+void VxElement::setLabel(const QString &label)
+{
+    if (d->label == label)
+        return;
+    if (d->findScene()) {
+        vxRecordValue<VxElement, QString>(
+            this, VxUndoElementLabel, [](const VxElement *e) { return e->getLabel(); },
+            [](VxElement *e, const QString &value) { e->setLabel(value); });
+    }
+    d->label = label;
+    Q_EMIT labelChanged(label);
+}
+
+VxElement *VxElement::getOwnerElement() const
+{
+    return d->owner;
+}
+
+int VxElement::getNumProperties() const
+{
+    return d->properties.size();
+}
+
+VxProperty *VxElement::getProperty(int index) const
+{
+    return d->properties.value(index);
+}
+
+VxProperty *VxElement::findProperty(const QString &name) const
+{
+    return d->byName.value(name);
+}
+
+VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
+{
+    if (!property) {
+        qWarning("VxElement::addProperty(): no property for \"%s\"", qUtf8Printable(d->name));
+        return nullptr;
+    }
+    if (property->getOwner() || d->byName.contains(property->getName())) {
+        qWarning("VxElement::addProperty(): \"%s\" %s, so \"%s\" does not take it",
+                 qUtf8Printable(property->getName()),
+                 property->getOwner() ? "has an owner" : "is a name in use",
+                 qUtf8Printable(d->name));
+        return nullptr;
+    }
+    property->setPath(path);
+    property->setParent(this);
+    VxProperty::Private::of(property)->owner = this;
+    d->properties.append(property);
+    d->byName.insert(property->getName(), property);
+    d->invalidateGroups();
+    Q_EMIT propertyAdded(property);
+    return property;
+}
+
+bool VxElement::removeProperty(VxProperty *property)
+{
+    if (!property || property->getOwner() != this || d->isBuiltIn(property)) {
+        qWarning("VxElement::removeProperty(): \"%s\" is no property that can be removed from "
+                 "\"%s\"",
+                 property ? qUtf8Printable(property->getName()) : "null", qUtf8Printable(d->name));
+        return false;
+    }
+    d->release(property);
+    Q_EMIT propertyRemoved(property);
+    delete property;
+    return true;
+}
+
+VxPropertyGroupTree *VxElement::getPropertyGroups() const
+{
+    if (!d->groups) {
+        d->groups = std::make_unique<VxPropertyGroupTree>();
+        QVector<VxElement *> elements;
+        Private::collect(const_cast<VxElement *>(this), elements);
+        for (const VxElement *element : qAsConst(elements)) {
+            for (VxProperty *property : qAsConst(element->d->properties))
+                d->groups->addProperty(property);
+        }
+    }
+    return d->groups.get();
+}
+
+QVector<VxElement *> VxElement::groupedElements() const
+{
+    return {};
+}
+
+void VxElement::invalidatePropertyGroups()
+{
+    d->invalidateGroups();
+}

@@ -1,0 +1,70 @@
+#ifndef VXELEMENT_P_H
+#define VXELEMENT_P_H
+
+#include <QtCore/QHash>
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxelement.h>
+#include <vxcore/vxpropertygrouptree.h>
+
+class VxScene;
+
+/// The kinds of undo items that elements, nodes and the scene make.
+enum VxSceneUndoKind {
+    VxUndoElementLabel = 1,
+    VxUndoNodePlace,
+    VxUndoNodeVisible,
+    VxUndoNodeSelectable,
+    VxUndoNodeIk,
+    VxUndoNodeRotationOrder,
+    VxUndoNodeOrigin,
+    VxUndoNodeEndPoint,
+    VxUndoSceneTime,
+    VxUndoSceneTimeStep,
+    VxUndoScenePlayRange,
+    VxUndoSceneAnimRange
+};
+
+/// What every element keeps. The records of nodes and objects derive from it and hear through its
+/// virtual functions when something they own is destroyed behind their back.
+class VxElement::Private
+{
+public:
+    virtual ~Private() = default;
+
+    static Private *of(VxElement *element) { return element->d.get(); }
+    static const Private *of(const VxElement *element) { return element->d.get(); }
+
+    /// The scene that the element is in by way of its node, or null.
+    VxScene *findScene() const;
+    /// Forgets the group trees from here upwards.
+    void invalidateGroups();
+    /// Takes a property out of the list; it keeps living.
+    void release(VxProperty *property);
+    /// For a property that is destroyed while its element still has it.
+    static void loseProperty(VxProperty *property);
+    /// Sends aboutToBeRemoved(), once between two stays in a scene.
+    void announceRemoval();
+    /// The element and what it groups, each followed by its own.
+    static void collect(VxElement *element, QVector<VxElement *> &list);
+
+    /// True for a property that the element cannot be without.
+    virtual bool isBuiltIn(const VxProperty *) const { return false; }
+    /// A property is being destroyed by someone else.
+    virtual void propertyLost(VxProperty *) {}
+    /// An element that belongs to this one is being destroyed by someone else.
+    virtual void elementLost(VxElement *) {}
+
+    VxElement *q = nullptr;
+    QString name;
+    QString label;
+    QVector<VxProperty *> properties;
+    QHash<QString, VxProperty *> byName;
+    std::unique_ptr<VxPropertyGroupTree> groups;
+    VxElement *owner = nullptr;
+    /// Set for nodes only; the others find it by their owners.
+    VxScene *scene = nullptr;
+    bool removalAnnounced = false;
+};
+
+#endif

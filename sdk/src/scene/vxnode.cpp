@@ -1,0 +1,359 @@
+#include "scene/vxnode_p.h"
+
+#include "scene/scenenodes.h"
+#include "scene/vxscene_p.h"
+#include "undo/vxundovalueitem.h"
+#include <QtGui/QIcon>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxstyle.h>
+
+template <class Value>
+void VxNode::Private::record(int kind, Value (*get)(const VxNode *),
+                             void (*set)(VxNode *, const Value &))
+{
+    if (scene)
+        vxRecordValue<VxNode, Value>(self(), kind, get, set);
+}
+
+VxNode::VxNode(const QString &name)
+    : VxNode(name, new Private)
+{
+}
+
+VxNode::VxNode(const QString &name, Private *priv)
+    : VxElement(name, priv)
+{
+    for (int i = 0; i < NodeControlCount; ++i) {
+        const auto control = static_cast<NodeControl>(i);
+        priv->controls[size_t(i)] = makeNodeControl(control);
+        addProperty(priv->controls[size_t(i)], nodeControlPath(control));
+    }
+}
+
+VxNode::~VxNode()
+{
+    Private *record = priv();
+    if (record->scene)
+        VxScene::Private::of(record->scene)->nodes.take({this});
+    record->announceRemoval();
+    if (record->parent)
+        Private::of(record->parent)->children.removeOne(this);
+    // From the lowest up: each goes without nodes below it, however deep the hierarchy is.
+    QVector<VxNode *> below;
+    Private::collectNodes(this, below);
+    for (int i = below.size() - 1; i > 0; --i) {
+        Private *lower = Private::of(below.at(i));
+        lower->parent = nullptr;
+        lower->children.clear();
+        delete below.at(i);
+    }
+    record->children.clear();
+    if (VxObject *object = record->object) {
+        record->object = nullptr;
+        VxElement::Private::of(object)->owner = nullptr;
+        delete object;
+    }
+}
+
+VxNode::Private *VxNode::priv() const
+{
+    return static_cast<Private *>(VxElement::priv());
+}
+
+VxScene *VxNode::getScene() const
+{
+    return priv()->scene;
+}
+
+VxNode *VxNode::getNodeParent() const
+{
+    return priv()->parent;
+}
+
+int VxNode::getNumNodeChildren() const
+{
+    return priv()->children.size();
+}
+
+VxNode *VxNode::getNodeChild(int index) const
+{
+    return priv()->children.value(index);
+}
+
+void VxNode::getNodeChildren(QVector<VxNode *> &list, bool recursive) const
+{
+    if (!recursive) {
+        list += priv()->children;
+        return;
+    }
+    for (VxNode *child : qAsConst(priv()->children))
+        Private::collectNodes(child, list);
+}
+
+bool VxNode::isAncestorOf(const VxNode *node) const
+{
+    const VxNode *above = node ? node->getNodeParent() : nullptr;
+    while (above && above != this)
+        above = above->getNodeParent();
+    return above != nullptr;
+}
+
+int VxNode::getSiblingIndex() const
+{
+    const Private *record = priv();
+    if (record->parent)
+        return SceneNodes::indexIn(Private::of(record->parent)->children, this);
+    return record->scene
+               ? SceneNodes::indexIn(VxScene::Private::of(record->scene)->nodes.roots(), this)
+               : -1;
+}
+
+bool VxNode::setNodeParent(VxNode *parent, int index)
+{
+    if (parent && (parent == this || isAncestorOf(parent) || parent->getScene() != getScene()))
+        return false;
+    if (getScene())
+        VxScene::Private::of(getScene())->nodes.move(this, parent, index);
+    else
+        priv()->moveOutside(parent, index);
+    return true;
+}
+
+bool VxNode::addNodeChild(VxNode *child)
+{
+    if (!child || child->getNodeParent() || child->getScene() || getScene())
+        return false;
+    return child->setNodeParent(this);
+}
+
+VxObject *VxNode::getObject() const
+{
+    return priv()->object;
+}
+
+void VxNode::setObject(VxObject *object)
+{
+    VxObject *former = priv()->object;
+    if (object == former)
+        return;
+    if (object && object->getOwnerElement()) {
+        qWarning("VxNode::setObject(): \"%s\" belongs to \"%s\", so \"%s\" does not take it",
+                 qUtf8Printable(object->getName()),
+                 qUtf8Printable(object->getOwnerElement()->getName()), qUtf8Printable(getName()));
+        return;
+    }
+    if (former) {
+        VxElement::Private::of(former)->announceRemoval();
+        VxElement::Private::of(former)->owner = nullptr;
+        former->setParent(nullptr);
+    }
+    priv()->object = object;
+    if (object) {
+        object->setParent(this);
+        VxElement::Private::of(object)->owner = this;
+    }
+    invalidatePropertyGroups();
+    Q_EMIT objectChanged(this, former, object);
+    priv()->touchView();
+    delete former;
+}
+
+VxSkeleton *VxNode::getSkeleton() const
+{
+    return nullptr;
+}
+
+VxFloatProperty *VxNode::getXPosControl() const
+{
+    return priv()->controls[XPosition];
+}
+
+VxFloatProperty *VxNode::getYPosControl() const
+{
+    return priv()->controls[YPosition];
+}
+
+VxFloatProperty *VxNode::getZPosControl() const
+{
+    return priv()->controls[ZPosition];
+}
+
+VxFloatProperty *VxNode::getXRotControl() const
+{
+    return priv()->controls[XRotation];
+}
+
+VxFloatProperty *VxNode::getYRotControl() const
+{
+    return priv()->controls[YRotation];
+}
+
+VxFloatProperty *VxNode::getZRotControl() const
+{
+    return priv()->controls[ZRotation];
+}
+
+VxFloatProperty *VxNode::getScaleControl() const
+{
+    return priv()->controls[UniformScale];
+}
+
+VxFloatProperty *VxNode::getXScaleControl() const
+{
+    return priv()->controls[XScale];
+}
+
+VxFloatProperty *VxNode::getYScaleControl() const
+{
+    return priv()->controls[YScale];
+}
+
+VxFloatProperty *VxNode::getZScaleControl() const
+{
+    return priv()->controls[ZScale];
+}
+
+bool VxNode::isSelected() const
+{
+    return priv()->selectionIndex >= 0;
+}
+
+void VxNode::select(bool onOff)
+{
+    if (!getScene())
+        return;
+    SceneSelection &selection = VxScene::Private::of(getScene())->selection;
+    if (onOff)
+        selection.select(this);
+    else
+        selection.deselect({this});
+}
+
+bool VxNode::isSelectable() const
+{
+    return priv()->selectable;
+}
+
+void VxNode::setSelectable(bool selectable)
+{
+    if (priv()->selectable == selectable)
+        return;
+    priv()->record<bool>(
+        VxUndoNodeSelectable, [](const VxNode *n) { return n->isSelectable(); },
+        [](VxNode *n, const bool &value) { n->setSelectable(value); });
+    priv()->selectable = selectable;
+    if (!selectable)
+        select(false);
+}
+
+bool VxNode::isVisible() const
+{
+    return priv()->visible;
+}
+
+void VxNode::setVisible(bool visible)
+{
+    if (priv()->visible == visible)
+        return;
+    priv()->record<bool>(
+        VxUndoNodeVisible, [](const VxNode *n) { return n->isVisible(); },
+        [](VxNode *n, const bool &value) { n->setVisible(value); });
+    priv()->visible = visible;
+    Q_EMIT visibleChanged(visible);
+    priv()->touchView();
+}
+
+bool VxNode::isIkNode() const
+{
+    return priv()->ik;
+}
+
+void VxNode::setIkNode(bool ik)
+{
+    if (priv()->ik == ik)
+        return;
+    priv()->record<bool>(
+        VxUndoNodeIk, [](const VxNode *n) { return n->isIkNode(); },
+        [](VxNode *n, const bool &value) { n->setIkNode(value); });
+    priv()->ik = ik;
+    priv()->touchView();
+}
+
+VxNode::RotationOrder VxNode::getRotationOrder() const
+{
+    return priv()->rotationOrder;
+}
+
+void VxNode::setRotationOrder(RotationOrder order)
+{
+    if (order < XYZ || order > ZYX) {
+        qWarning("VxNode::setRotationOrder(): %d is no rotation order", int(order));
+        return;
+    }
+    if (priv()->rotationOrder == order)
+        return;
+    priv()->record<RotationOrder>(
+        VxUndoNodeRotationOrder, [](const VxNode *n) { return n->getRotationOrder(); },
+        [](VxNode *n, const RotationOrder &value) { n->setRotationOrder(value); });
+    priv()->rotationOrder = order;
+    priv()->touchView();
+}
+
+QVector3D VxNode::getOrigin() const
+{
+    return priv()->origin;
+}
+
+void VxNode::setOrigin(const QVector3D &origin)
+{
+    if (priv()->origin == origin)
+        return;
+    priv()->record<QVector3D>(
+        VxUndoNodeOrigin, [](const VxNode *n) { return n->getOrigin(); },
+        [](VxNode *n, const QVector3D &value) { n->setOrigin(value); });
+    priv()->origin = origin;
+    priv()->touchView();
+}
+
+QVector3D VxNode::getEndPoint() const
+{
+    return priv()->endPoint;
+}
+
+void VxNode::setEndPoint(const QVector3D &endPoint)
+{
+    if (priv()->endPoint == endPoint)
+        return;
+    priv()->record<QVector3D>(
+        VxUndoNodeEndPoint, [](const VxNode *n) { return n->getEndPoint(); },
+        [](VxNode *n, const QVector3D &value) { n->setEndPoint(value); });
+    priv()->endPoint = endPoint;
+    priv()->touchView();
+}
+
+QMatrix4x4 VxNode::getLocalTransform(VxTime time) const
+{
+    const Private *record = priv();
+    return nodeTransform(nodeControlValues(record->controls, time), record->rotationOrder,
+                         record->origin);
+}
+
+QMatrix4x4 VxNode::getWorldTransform(VxTime time) const
+{
+    QMatrix4x4 matrix = getLocalTransform(time);
+    for (const VxNode *above = getNodeParent(); above; above = above->getNodeParent())
+        matrix = above->getLocalTransform(time) * matrix;
+    return matrix;
+}
+
+QIcon VxNode::getIcon() const
+{
+    return vxApp ? vxApp->getStyle()->icon(VxStyle::SP_VxNode) : QIcon();
+}
+
+QVector<VxElement *> VxNode::groupedElements() const
+{
+    return priv()->object ? QVector<VxElement *>{priv()->object} : QVector<VxElement *>{};
+}

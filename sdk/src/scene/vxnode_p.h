@@ -1,0 +1,46 @@
+#ifndef VXNODE_P_H
+#define VXNODE_P_H
+
+#include "scene/nodecontrols.h"
+#include "scene/vxelement_p.h"
+
+class VxNode::Private : public VxElement::Private
+{
+public:
+    static Private *of(VxNode *node) { return node->priv(); }
+    static const Private *of(const VxNode *node) { return node->priv(); }
+
+    bool isBuiltIn(const VxProperty *property) const override;
+    void propertyLost(VxProperty *property) override;
+    void elementLost(VxElement *element) override;
+
+    VxNode *self() const { return static_cast<VxNode *>(q); }
+    /// Records a plain value for undo when the node is in a scene. kind is a VxSceneUndoKind.
+    template <class Value>
+    void record(int kind, Value (*get)(const VxNode *), void (*set)(VxNode *, const Value &));
+    /// Tells the scene that a picture of it is out of date.
+    void touchView();
+    /// The node with everything below it, each parent before its children.
+    static void collectNodes(VxNode *top, QVector<VxNode *> &list);
+    /// Moves the node within a hierarchy that is in no scene.
+    void moveOutside(VxNode *newParent, int index);
+
+    VxNode *parent = nullptr;
+    QVector<VxNode *> children;
+    VxObject *object = nullptr;
+    NodeControls controls = {};
+    RotationOrder rotationOrder = XYZ;
+    QVector3D origin;
+    QVector3D endPoint;
+    /// Where the node was last found among its siblings.
+    int siblingHint = 0;
+    /// The place in the selection's list, or -1 when not selected.
+    int selectionIndex = -1;
+    bool selectable = true;
+    bool visible = true;
+    bool ik = false;
+    /// Between the announcement of its removal and the removal.
+    bool leaving = false;
+};
+
+#endif

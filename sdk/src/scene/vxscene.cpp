@@ -1,0 +1,357 @@
+#include "scene/vxscene_p.h"
+
+#include "keys/vxproperty_p.h"
+#include "scene/vxnode_p.h"
+#include "undo/vxundovalueitem.h"
+#include <algorithm>
+
+VxScene *vxScene = nullptr;
+
+namespace {
+
+constexpr VxTime DefaultStep = VxTicksPerSecond / 30;
+constexpr VxTimeRange DefaultRange(0, 30 * DefaultStep);
+
+VxTime bounded(qint64 time)
+{
+    return static_cast<VxTime>(qBound<qint64>(VxTimeMin, time, VxTimeMax));
+}
+
+template <class Test> VxNode *findFirst(const QVector<VxNode *> &nodes, Test test)
+{
+    const auto found = std::find_if(nodes.begin(), nodes.end(), test);
+    return found != nodes.end() ? *found : nullptr;
+}
+
+} // namespace
+
+VxScene::Private::Private(VxScene *scene)
+    : q(scene)
+    , timeStep(DefaultStep)
+    , playRange(DefaultRange)
+    , animRange(DefaultRange)
+    , nodes(scene)
+    , selection(scene)
+    , playback(scene)
+{
+}
+
+void VxScene::Private::touchView()
+{
+    if (viewTouched)
+        return;
+    viewTouched = true;
+    const auto tell = [this] {
+        viewTouched = false;
+        Q_EMIT q->viewChanged();
+    };
+    QMetaObject::invokeMethod(q, tell, Qt::QueuedConnection);
+}
+
+void VxScene::Private::applyTime(VxTime newTime)
+{
+    if (time == newTime)
+        return;
+    time = newTime;
+    touchView();
+    Q_EMIT q->timeChanged(newTime);
+}
+
+void VxScene::Private::applyDefaults()
+{
+    applyTime(0);
+    q->setAnimating(true);
+    q->loopPlayback(false);
+    if (timeStep != DefaultStep) {
+        timeStep = DefaultStep;
+        Q_EMIT q->timeStepChanged(timeStep);
+    }
+    if (animRange != DefaultRange) {
+        animRange = DefaultRange;
+        Q_EMIT q->animRangeChanged(animRange);
+    }
+    if (playRange != DefaultRange) {
+        playRange = DefaultRange;
+        Q_EMIT q->playRangeChanged(playRange);
+    }
+}
+
+void VxScene::Private::handlePropertyChange(VxProperty *property)
+{
+    const VxElement *owner = property->getOwner();
+    VxScene *scene = owner ? VxElement::Private::of(owner)->findScene() : nullptr;
+    if (scene)
+        of(scene)->touchView();
+}
+
+VxTimeRange VxScene::Private::ordered(const VxTimeRange &range)
+{
+    return {range.getStart(), std::max(range.getStart(), range.getEnd())};
+}
+
+VxScene::VxScene(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
+    VxProperty::Private::changeHook = &Private::handlePropertyChange;
+    if (!vxScene)
+        vxScene = this;
+}
+
+VxScene::~VxScene()
+{
+    d->playback.pause();
+    qDeleteAll(d->nodes.take(d->nodes.roots()));
+    if (vxScene == this)
+        vxScene = nullptr;
+}
+
+VxTime VxScene::getTime() const
+{
+    return d->time;
+}
+
+VxTime VxScene::getTimeStep() const
+{
+    return d->timeStep;
+}
+
+VxTimeRange VxScene::getPlayRange() const
+{
+    return d->playRange;
+}
+
+VxTimeRange VxScene::getAnimRange() const
+{
+    return d->animRange;
+}
+
+bool VxScene::isAnimating() const
+{
+    return d->animating;
+}
+
+bool VxScene::isPlaying() const
+{
+    return d->playback.isPlaying();
+}
+
+bool VxScene::isLoopingEnabled() const
+{
+    return d->looping;
+}
+
+VxNode *VxScene::getPrimarySelection() const
+{
+    return d->selection.primary();
+}
+
+void VxScene::setPrimarySelection(VxNode *node)
+{
+    d->selection.setPrimary(node);
+}
+
+VxNodeListIterator VxScene::nodeListIterator() const
+{
+    return VxNodeListIterator(d->nodes.all());
+}
+
+VxNodeListIterator VxScene::selectedNodeListIterator() const
+{
+    return VxNodeListIterator(d->selection.nodes());
+}
+
+int VxScene::getNumNodes() const
+{
+    return d->nodes.count();
+}
+
+int VxScene::getNumSelectedNodes() const
+{
+    return d->selection.count();
+}
+
+QVector<VxNode *> VxScene::getRootNodes() const
+{
+    return d->nodes.roots();
+}
+
+QVector<VxNode *> VxScene::getNodes() const
+{
+    return d->nodes.all();
+}
+
+QVector<VxNode *> VxScene::getSelectedNodes() const
+{
+    return d->selection.nodes();
+}
+
+VxNode *VxScene::findNode(const QString &name) const
+{
+    return findFirst(d->nodes.all(), [&](const VxNode *node) { return node->getName() == name; });
+}
+
+VxNode *VxScene::findNodeByLabel(const QString &label) const
+{
+    return findFirst(d->nodes.all(), [&](const VxNode *node) { return node->getLabel() == label; });
+}
+
+bool VxScene::addNode(VxNode *node, VxNode *parent)
+{
+    if (!node || node->getScene() || node->getNodeParent()) {
+        qWarning("VxScene::addNode(): %s %s", node ? qUtf8Printable(node->getName()) : "null",
+                 !node              ? "is no node"
+                 : node->getScene() ? "is in a scene already"
+                                    : "has a parent");
+        return false;
+    }
+    if (parent && parent->getScene() != this) {
+        qWarning("VxScene::addNode(): the parent %s of %s is not in this scene",
+                 qUtf8Printable(parent->getName()), qUtf8Printable(node->getName()));
+        return false;
+    }
+    d->nodes.add(node, parent);
+    return true;
+}
+
+bool VxScene::removeNode(VxNode *node)
+{
+    if (!node || node->getScene() != this) {
+        qWarning("VxScene::removeNode(): %s is not in this scene",
+                 node ? qUtf8Printable(node->getName()) : "null");
+        return false;
+    }
+    // A receiver of aboutToRemoveNode() need not remove the node itself.
+    if (!VxNode::Private::of(node)->leaving)
+        d->nodes.remove(node);
+    return true;
+}
+
+void VxScene::beginLoad()
+{
+    if (d->loadDepth++ > 0)
+        return;
+    pause();
+    Q_EMIT sceneLoadStarting();
+}
+
+void VxScene::endLoad()
+{
+    if (d->loadDepth == 0) {
+        qWarning("VxScene::endLoad(): no load was begun");
+        return;
+    }
+    if (--d->loadDepth == 0)
+        Q_EMIT sceneLoaded();
+}
+
+bool VxScene::isLoading() const
+{
+    return d->loadDepth > 0;
+}
+
+void VxScene::clear()
+{
+    Q_EMIT sceneClearStarting();
+    pause();
+    qDeleteAll(d->nodes.take(d->nodes.roots()));
+    d->applyDefaults();
+    if (VxUndoStack *stack = VxUndoStack::current())
+        stack->clear();
+    Q_EMIT sceneCleared();
+}
+
+void VxScene::setTime(int time)
+{
+    if (d->time == time)
+        return;
+    vxRecordValue<VxScene, VxTime>(
+        this, VxUndoSceneTime, [](const VxScene *s) { return s->getTime(); },
+        [](VxScene *s, const VxTime &value) { s->setTime(value); });
+    // The playback is told first: receivers of the signal find it in the new state.
+    d->time = time;
+    d->playback.handleTimeSet();
+    d->touchView();
+    Q_EMIT timeChanged(time);
+}
+
+void VxScene::setTimeStep(int ticksPerFrame)
+{
+    const VxTime step = std::max(1, ticksPerFrame);
+    if (d->timeStep == step)
+        return;
+    vxRecordValue<VxScene, VxTime>(
+        this, VxUndoSceneTimeStep, [](const VxScene *s) { return s->getTimeStep(); },
+        [](VxScene *s, const VxTime &value) { s->setTimeStep(value); });
+    d->timeStep = step;
+    d->playback.handleSettingsChanged();
+    Q_EMIT timeStepChanged(step);
+}
+
+void VxScene::setPlayRange(const VxTimeRange &range)
+{
+    const VxTimeRange valid = Private::ordered(range);
+    if (d->playRange == valid)
+        return;
+    vxRecordValue<VxScene, VxTimeRange>(
+        this, VxUndoScenePlayRange, [](const VxScene *s) { return s->getPlayRange(); },
+        [](VxScene *s, const VxTimeRange &value) { s->setPlayRange(value); });
+    d->playRange = valid;
+    d->playback.handleSettingsChanged();
+    Q_EMIT playRangeChanged(valid);
+}
+
+void VxScene::setAnimRange(const VxTimeRange &range)
+{
+    const VxTimeRange valid = Private::ordered(range);
+    if (d->animRange == valid)
+        return;
+    vxRecordValue<VxScene, VxTimeRange>(
+        this, VxUndoSceneAnimRange, [](const VxScene *s) { return s->getAnimRange(); },
+        [](VxScene *s, const VxTimeRange &value) { s->setAnimRange(value); });
+    d->animRange = valid;
+    Q_EMIT animRangeChanged(valid);
+}
+
+void VxScene::setAnimating(bool animating)
+{
+    d->animating = animating;
+}
+
+void VxScene::play(bool dropFrames)
+{
+    d->playback.play(dropFrames);
+}
+
+void VxScene::pause()
+{
+    d->playback.pause();
+}
+
+void VxScene::loopPlayback(bool onOff)
+{
+    if (d->looping == onOff)
+        return;
+    d->looping = onOff;
+    d->playback.handleSettingsChanged();
+    Q_EMIT loopPlaybackChanged(onOff);
+}
+
+void VxScene::stepTime(int frames, bool forward)
+{
+    const VxTimeRange range = d->playRange;
+    if (!range.contains(d->time)) {
+        setTime(range.clamp(d->time));
+        return;
+    }
+    const qint64 offset = qint64(frames) * d->timeStep;
+    setTime(range.clamp(bounded(forward ? d->time + offset : d->time - offset)));
+}
+
+void VxScene::selectAllNodes(bool onOff)
+{
+    if (onOff)
+        d->selection.selectAll();
+    else
+        d->selection.deselectAll();
+}

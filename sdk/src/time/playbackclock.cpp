@@ -1,0 +1,123 @@
+#include "time/playbackclock.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 NanosecondsPerSecond = 1000000000;
+
+// Whole seconds are taken apart first, so that no product leaves 64 bits.
+qint64 ticksIn(qint64 nanoseconds)
+{
+    const qint64 rest = nanoseconds % NanosecondsPerSecond;
+    return nanoseconds / NanosecondsPerSecond * VxTicksPerSecond +
+           rest * VxTicksPerSecond / NanosecondsPerSecond;
+}
+
+/// The first nanosecond at which that many ticks are over.
+qint64 nanosecondsOf(qint64 ticks)
+{
+    const qint64 rest = ticks % VxTicksPerSecond * NanosecondsPerSecond;
+    return ticks / VxTicksPerSecond * NanosecondsPerSecond +
+           (rest + VxTicksPerSecond - 1) / VxTicksPerSecond;
+}
+
+/// The last multiple of step at or before time.
+qint64 frameAt(qint64 time, qint64 step)
+{
+    const qint64 rest = time % step;
+    return time - (rest < 0 ? rest + step : rest);
+}
+
+} // namespace
+
+void PlaybackClock::start(VxTime time, const PlaybackSettings &settings, qint64 now)
+{
+    m_settings = settings;
+    anchor(time, now);
+}
+
+void PlaybackClock::configure(const PlaybackSettings &settings)
+{
+    const VxTime shown = m_shown.time;
+    const qint64 since = m_anchorNow + nanosecondsOf(m_shown.begin);
+    m_settings = settings;
+    anchor(shown, since);
+}
+
+void PlaybackClock::setTime(VxTime time, qint64 now)
+{
+    anchor(time, now);
+}
+
+void PlaybackClock::anchor(VxTime time, qint64 now)
+{
+    const VxTimeRange &range = m_settings.range;
+    m_anchorNow = now;
+    m_anchorTime = range.clamp(time);
+    if (time > range.getEnd() && m_settings.looping)
+        m_anchorTime = range.getStart();
+    m_shown = stepAt(0);
+    m_pending = m_shown.time != time || m_shown.ended;
+}
+
+PlaybackFrame PlaybackClock::advance(qint64 now)
+{
+    if (m_pending) {
+        m_pending = false;
+        return {m_shown.time, m_shown.ended};
+    }
+    if (!m_settings.dropFrames)
+        advanceEveryFrame(now);
+    else
+        m_shown = stepAt(std::max(m_shown.begin, ticksIn(now - m_anchorNow)));
+    return {m_shown.time, m_shown.ended};
+}
+
+void PlaybackClock::advanceEveryFrame(qint64 now)
+{
+    const qint64 ticks = ticksIn(now - m_anchorNow);
+    if (m_shown.ended || ticks < m_shown.next)
+        return;
+    m_shown = stepAt(m_shown.next);
+    // A frame that should be over already starts a new count from now, else the following ones
+    // would be rushed through to catch up.
+    if (ticks >= m_shown.next && !m_shown.ended)
+        anchor(m_shown.time, now);
+}
+
+qint64 PlaybackClock::nextDue() const
+{
+    return m_anchorNow + (m_pending ? 0 : nanosecondsOf(m_shown.next));
+}
+
+PlaybackClock::Step PlaybackClock::stepAt(qint64 ticks) const
+{
+    const qint64 start = m_settings.range.getStart();
+    const qint64 length = m_settings.range.getEnd() - start;
+    const qint64 step = std::max(m_settings.step, 1);
+    // The end is shown for a step like any other frame before the next lap begins.
+    const qint64 lapLength = length + step;
+    const qint64 run = m_anchorTime - start + ticks;
+    if (!m_settings.looping && run >= length)
+        return {ticks, ticks + step, m_settings.range.getEnd(), true};
+
+    const qint64 lap = run / lapLength;
+    const qint64 lapBegin = lap * lapLength - (m_anchorTime - start);
+    const qint64 position = run % lapLength;
+    Step result;
+    if (position >= length) {
+        result = {lapBegin + length, lapBegin + lapLength, m_settings.range.getEnd(), false};
+    } else {
+        const qint64 frame = frameAt(start + position, step);
+        const qint64 time = std::max(frame, start);
+        result = {lapBegin + time - start, lapBegin + std::min(frame + step - start, length),
+                  static_cast<VxTime>(time), false};
+    }
+    if (result.begin < 0) {
+        // The anchor lies within a frame: it is shown itself until the next one.
+        result.begin = 0;
+        result.time = m_anchorTime;
+    }
+    return result;
+}
