@@ -12,7 +12,8 @@
  * last hears alone. A warning or critical message fails the test at once when it is sent on the
  * GUI thread, and at the guard's end when it is sent on another one, because the test framework
  * may only be told from the GUI thread. Everything that was not announced is still passed on to
- * the handler that was installed before, so the log stays complete.
+ * the handler that was installed before, so the log stays complete. Notices of the test platform
+ * about its own limits ("This plugin does not support ...") neither fail nor meet anything.
  *
  * Make it inside a test function, or in init() and destroy it in cleanup(): outside a running test
  * there is nothing to fail, and a broken promise then ends the program.

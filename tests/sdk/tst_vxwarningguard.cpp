@@ -44,6 +44,17 @@ private Q_SLOTS:
         qDebug("only talking");
         qInfo("only telling");
     }
+    void platformNoticesPass()
+    {
+        VxWarningGuard guard;
+        qWarning("This plugin does not support raise()");
+        QVERIFY(guard.messages().isEmpty());
+    }
+    void platformNoticesPassOnlyInFull()
+    {
+        VxWarningGuard guard;
+        qWarning("Error: This plugin does not support raise()");
+    }
     void announcedWarning()
     {
         VxWarningGuard guard;
@@ -136,6 +147,8 @@ void TestVxWarningGuard::outcome_data()
     QTest::newRow("unannouncedWarning") << false << "Unexpected warning: the roof leaks";
     QTest::newRow("unannouncedCritical") << false << "Unexpected warning: the roof is gone";
     QTest::newRow("debugAndInfoPass") << true << "only telling";
+    QTest::newRow("platformNoticesPass") << true << "This plugin does not support raise()";
+    QTest::newRow("platformNoticesPassOnlyInFull") << false << "Unexpected warning: Error: This";
     QTest::newRow("announcedWarning") << true << "";
     QTest::newRow("announcedOnceComesTwice") << false << "Unexpected warning: drip";
     QTest::newRow("exactTextIsNoPattern") << true << "";
