@@ -1,0 +1,23 @@
+#ifndef VXCORE_VXSTYLEDWIDGET_H
+#define VXCORE_VXSTYLEDWIDGET_H
+
+#include <QtWidgets/QWidget>
+
+#include <vxcore/vxcoreglobal.h>
+
+// A container whose background is drawn by the style, so that a style sheet can give it a
+// background, a border and a box by its object name. A plain subclass of QWidget would silently
+// show none of them. Without a style sheet it is as transparent as any QWidget.
+class VXCORE_EXPORT VxStyledWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VxStyledWidget(QWidget *parent = nullptr);
+    ~VxStyledWidget() override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+#endif

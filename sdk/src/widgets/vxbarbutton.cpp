@@ -1,0 +1,168 @@
+#include <vxcore/vxbarbutton.h>
+
+#include <QAction>
+#include <QHelpEvent>
+#include <QStylePainter>
+#include <QToolTip>
+
+#include "widgets/vxkitpaint.h"
+
+using namespace VxKitPaint;
+
+class VxBarButton::Private
+{
+public:
+    explicit Private(VxBarButton *owner)
+        : button(owner)
+    {
+    }
+
+    VxBarButton *const button;
+    QKeySequence shownShortcut;
+    Qt::Edges joinedEdges;
+
+    bool hovered() const { return button->isEnabled() && button->underMouse(); }
+
+    QKeySequence toldShortcut() const
+    {
+        if (!shownShortcut.isEmpty())
+            return shownShortcut;
+        const QAction *action = button->defaultAction();
+        if (action && !action->shortcut().isEmpty())
+            return action->shortcut();
+        // A mnemonic is a shortcut, too, but nothing to learn a command's keys from.
+        const QKeySequence own = button->shortcut();
+        return own == QKeySequence::mnemonic(button->text()) ? QKeySequence() : own;
+    }
+
+    // The primitive keeps off the edge and has round corners: where a neighbour adjoins it is made
+    // wider than the button, so that both end at the edge.
+    void paintGround(QPainter &painter) const
+    {
+        constexpr int beyond = 6;
+        const QRect rect = button->rect().adjusted(joinedEdges & Qt::LeftEdge ? -beyond : 0, 0,
+                                                   joinedEdges & Qt::RightEdge ? beyond : 0, 0);
+        QStyle::State state;
+        state.setFlag(QStyle::State_Sunken, button->isDown());
+        state.setFlag(QStyle::State_On, button->isChecked());
+        drawPrimitive(painter, button, VxStyle::PE_VxBarButton, rect, state);
+    }
+
+    void paintIcon(QPainter &painter) const
+    {
+        QIcon::Mode mode = QIcon::Disabled;
+        if (button->isEnabled())
+            mode = hovered() ? QIcon::Active : QIcon::Normal;
+        button->icon().paint(&painter, iconRect(), Qt::AlignCenter, mode,
+                             button->isChecked() ? QIcon::On : QIcon::Off);
+    }
+
+    QRect iconRect() const
+    {
+        const QSize size = button->iconSize().boundedTo(button->size());
+        return {(button->width() - size.width()) / 2, (button->height() - size.height()) / 2,
+                size.width(), size.height()};
+    }
+};
+
+VxBarButton::VxBarButton(QWidget *parent)
+    : VxBarButton(QIcon(), QString(), parent)
+{
+}
+
+VxBarButton::VxBarButton(const QIcon &icon, const QString &text, QWidget *parent)
+    : QToolButton(parent)
+    , d(std::make_unique<Private>(this))
+{
+    setAutoRaise(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    const int side = styleLength(this, VxStyle::PM_VxBarIconSize, 16);
+    setIconSize(QSize(side, side));
+    setIcon(icon);
+    setText(text);
+}
+
+VxBarButton::~VxBarButton() = default;
+
+void VxBarButton::setShownShortcut(const QKeySequence &shortcut)
+{
+    d->shownShortcut = shortcut;
+}
+
+QKeySequence VxBarButton::shownShortcut() const
+{
+    return d->shownShortcut;
+}
+
+QString VxBarButton::toolTipText() const
+{
+    QString told = toolTip();
+    if (told.isEmpty())
+        told = text().remove(QLatin1Char('&'));
+    const QKeySequence shortcut = d->toldShortcut();
+    if (told.isEmpty() || shortcut.isEmpty())
+        return told;
+    return tr("%1 (%2)", "name of a command and its shortcut")
+        .arg(told, shortcut.toString(QKeySequence::NativeText));
+}
+
+void VxBarButton::setJoinedEdges(Qt::Edges edges)
+{
+    if (d->joinedEdges == edges)
+        return;
+    d->joinedEdges = edges;
+    update();
+}
+
+Qt::Edges VxBarButton::joinedEdges() const
+{
+    return d->joinedEdges;
+}
+
+QSize VxBarButton::sizeHint() const
+{
+    ensurePolished();
+    const int margin = styleLength(this, VxStyle::PM_VxButtonMargin, 4);
+    const QSize contents = icon().isNull() && !text().isEmpty()
+                               ? fontMetrics().size(Qt::TextShowMnemonic, text())
+                               : iconSize();
+    return {contents.width() + 2 * margin,
+            std::max(contents.height() + 4, styleLength(this, VxStyle::PM_VxControlHeight, 22))};
+}
+
+QSize VxBarButton::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+bool VxBarButton::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QToolButton::event(event);
+    const QString told = toolTipText();
+    if (told.isEmpty()) {
+        event->ignore();
+        return true;
+    }
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), told, this);
+    return true;
+}
+
+void VxBarButton::paintEvent(QPaintEvent *event)
+{
+    // A style sheet that names this button draws it whole.
+    if (testAttribute(Qt::WA_StyleSheetTarget)) {
+        QToolButton::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    d->paintGround(painter);
+    if (!icon().isNull())
+        d->paintIcon(painter);
+    else
+        painter.drawItemText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
+                             text(), QPalette::ButtonText);
+    drawFocus(painter, this, rect().adjusted(2, 2, -2, -2));
+}
