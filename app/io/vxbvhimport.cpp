@@ -1,0 +1,134 @@
+#include "io/vxbvhimport.h"
+
+#include "io/vxbvhfigure.h"
+#include "io/vxbvhreader.h"
+#include "io/vxbvhtiming.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxundostackhold.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxBvhImport", text);
+}
+
+bool fail(VxFileError *error, const QString &file, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->file = file;
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+// A part of the whole progress, from percent `first` to percent `last`.
+VxFileProgress part(const VxFileProgress &whole, int first, int last)
+{
+    if (!whole)
+        return {};
+    return
+        [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
+}
+
+// Where reading ends and building begins, by the time that they take.
+constexpr int ReadPercent = 70;
+
+} // namespace
+
+class VxBvhImport::Private
+{
+public:
+    explicit Private(VxScene *s)
+        : scene(s)
+    {
+    }
+
+    bool build(const VxBvhDocument &document, const QString &fileName,
+               const VxFileProgress &buildProgress, VxFileError *error);
+    bool enterScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing);
+
+    VxScene *const scene;
+    VxFileProgress progress;
+    VxSkeleton *skeleton = nullptr;
+    QString summary;
+};
+
+bool VxBvhImport::Private::build(const VxBvhDocument &document, const QString &fileName,
+                                 const VxFileProgress &buildProgress, VxFileError *error)
+{
+    VxBvhTiming timing;
+    QString message;
+    if (!document.isValid(&message) ||
+        !timing.set(document.frameTime, document.frameCount, &message))
+        return fail(error, fileName, message);
+    QString name = QFileInfo(fileName).completeBaseName();
+    if (name.isEmpty())
+        name = tr("Motion");
+    std::unique_ptr<VxSkeleton> figure = vxBvhBuildFigure(document, timing, name, buildProgress);
+    if (!figure)
+        return fail(error, fileName, tr("The import was cancelled."), true);
+    if (!enterScene(std::move(figure), timing))
+        return fail(error, fileName, tr("The scene does not take the figure."));
+    summary = timing.sentence();
+    return true;
+}
+
+bool VxBvhImport::Private::enterScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing)
+{
+    VxUndoStackHold hold;
+    const VxChangeBlock block;
+    if (!scene->addNode(figure.get()))
+        return false;
+    skeleton = figure.release();
+    if (timing.frameCount() > 1) {
+        const VxTimeRange range(0, timing.lastKeyTime());
+        scene->setTimeStep(timing.step());
+        scene->setAnimRange(range);
+        scene->setPlayRange(range);
+    }
+    hold.accept(tr("Import %1").arg(skeleton->getLabel()));
+    return true;
+}
+
+VxBvhImport::VxBvhImport(VxScene *scene)
+    : d(std::make_unique<Private>(scene))
+{
+}
+
+VxBvhImport::~VxBvhImport() = default;
+
+void VxBvhImport::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+bool VxBvhImport::importFile(const QString &fileName, VxFileError *error)
+{
+    VxBvhReader reader(fileName);
+    reader.setProgress(part(d->progress, 0, ReadPercent));
+    VxBvhDocument document;
+    return reader.readFile(&document, error) &&
+           d->build(document, fileName, part(d->progress, ReadPercent, 100), error);
+}
+
+bool VxBvhImport::importDocument(const VxBvhDocument &document, const QString &fileName,
+                                 VxFileError *error)
+{
+    return d->build(document, fileName, d->progress, error);
+}
+
+VxSkeleton *VxBvhImport::getSkeleton() const
+{
+    return d->skeleton;
+}
+
+QString VxBvhImport::getSummary() const
+{
+    return d->summary;
+}
