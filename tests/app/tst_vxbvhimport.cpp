@@ -99,6 +99,7 @@ class TestVxBvhImport : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { qRegisterMetaType<VxNode *>(); } // for signal spies
     void init();
     void cleanup();
 
