@@ -80,8 +80,8 @@ void VxDividerBar::paintEvent(QPaintEvent *)
 
 void VxDividerBar::drawLine(QPainter &painter) const
 {
-    const bool lit = isEnabled() && (m_held || underMouse());
+    const bool lit = isEnabled() && underMouse();
     const QRect line =
         m_orientation == Qt::Vertical ? QRect(0, 1, width(), 1) : QRect(1, 0, 1, height());
-    painter.fillRect(line, palette().color(lit ? QPalette::Highlight : QPalette::Mid));
+    painter.fillRect(line, palette().color(lit ? QPalette::Highlight : QPalette::Dark));
 }

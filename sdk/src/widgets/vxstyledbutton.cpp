@@ -256,14 +256,11 @@ void VxStyledButton::paintEvent(QPaintEvent *)
     const VxButtonContents placed = d->contents();
     if (!placed.icon.isNull())
         d->paintIcon(painter, placed.icon);
-    if (!placed.text.isNull()) {
-        painter.setClipRect(placed.text);
+    if (!placed.text.isNull())
         painter.drawItemText(placed.text,
                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine |
                                  Qt::TextShowMnemonic,
                              palette(), isEnabled(), displayedText(), QPalette::ButtonText);
-        painter.setClipping(false);
-    }
     if (!placed.arrow.isNull())
         d->paintArrow(painter, placed.arrow);
 }
