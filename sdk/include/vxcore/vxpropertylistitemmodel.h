@@ -2,6 +2,7 @@
 #define VXCORE_VXPROPERTYLISTITEMMODEL_H
 
 #include <QtCore/QAbstractItemModel>
+#include <QtCore/QVector>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
