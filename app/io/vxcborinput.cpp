@@ -1,0 +1,178 @@
+#include "io/vxcborinput.h"
+
+#include <QCoreApplication>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+/// Maps and arrays nested deeper than this are refused: the format needs far less.
+constexpr int MaxDepth = 32;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxCborInput", text);
+}
+
+} // namespace
+
+VxCborInput::VxCborInput(const QByteArray &bytes)
+    : m_reader(bytes)
+    , m_size(bytes.size())
+{
+}
+
+bool VxCborInput::fail(const QString &message)
+{
+    if (!failed()) {
+        m_error.message = message;
+        m_error.offset = m_reader.currentOffset();
+    }
+    return false;
+}
+
+bool VxCborInput::expect(bool matches, const char *what)
+{
+    if (failed())
+        return false;
+    if (m_reader.lastError() != QCborError::NoError)
+        return fail(tr("The file is damaged or cut off: %1.").arg(m_reader.lastError().toString()));
+    return matches || fail(tr("Expected %1.").arg(tr(what)));
+}
+
+void VxCborInput::passOver()
+{
+    if (!m_reader.next(MaxDepth))
+        fail(tr("The file is damaged or cut off: %1.").arg(m_reader.lastError().toString()));
+}
+
+template <class Step> void VxCborInput::container(const Step &step)
+{
+    if (++m_depth > MaxDepth)
+        fail(tr("The file is nested too deeply."));
+    else if (expect(m_reader.enterContainer(), "a readable container")) {
+        while (!failed() && m_reader.hasNext())
+            step();
+        if (expect(m_reader.lastError() == QCborError::NoError, "a complete container"))
+            m_reader.leaveContainer();
+    }
+    --m_depth;
+}
+
+void VxCborInput::map(const std::function<bool(const QString &)> &member)
+{
+    if (!expect(m_reader.isMap(), "a map"))
+        return;
+    container([&] {
+        const QString name = text();
+        if (failed() || member(name))
+            return;
+        passOver();
+        if (!m_unknown.contains(name))
+            m_unknown.append(name);
+    });
+}
+
+void VxCborInput::array(const std::function<void()> &element)
+{
+    if (expect(m_reader.isArray(), "an array"))
+        container(element);
+}
+
+QString VxCborInput::text()
+{
+    if (!expect(m_reader.isString(), "a text"))
+        return {};
+    QString result;
+    auto chunk = m_reader.readString();
+    while (chunk.status == QCborStreamReader::Ok) {
+        result += chunk.data;
+        chunk = m_reader.readString();
+    }
+    expect(chunk.status == QCborStreamReader::EndOfString, "a complete text");
+    return result;
+}
+
+bool VxCborInput::boolean()
+{
+    if (!expect(m_reader.isBool(), "true or false"))
+        return false;
+    const bool value = m_reader.toBool();
+    m_reader.next();
+    return value;
+}
+
+qint64 VxCborInput::integer(qint64 lowest, qint64 highest)
+{
+    if (!expect(m_reader.isInteger(), "a whole number"))
+        return lowest;
+    const qint64 value = m_reader.toInteger();
+    if (value < lowest || value > highest) {
+        fail(tr("%1 lies outside of %2 to %3.").arg(value).arg(lowest).arg(highest));
+        return lowest;
+    }
+    m_reader.next();
+    return value;
+}
+
+int VxCborInput::int32()
+{
+    return static_cast<int>(
+        integer(std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+double VxCborInput::number()
+{
+    double value = 0.0;
+    if (m_reader.isInteger())
+        value = double(m_reader.toInteger());
+    else if (m_reader.isFloat())
+        value = double(m_reader.toFloat());
+    else if (m_reader.isDouble())
+        value = m_reader.toDouble();
+    else if (m_reader.isFloat16())
+        value = double(float(m_reader.toFloat16()));
+    else
+        expect(false, "a number");
+    if (!expect(std::isfinite(value), "a finite number"))
+        return 0.0;
+    m_reader.next();
+    return value;
+}
+
+void VxCborInput::numbers(double *values, int count)
+{
+    int index = 0;
+    array([&] {
+        const double value = number();
+        if (index < count)
+            values[index] = value;
+        ++index;
+    });
+    if (index != count)
+        fail(tr("Expected %1 numbers.").arg(count));
+}
+
+QByteArray VxCborInput::bytes(quint64 tag, int unit)
+{
+    if (!expect(m_reader.isTag() && quint64(m_reader.toTag()) == tag, "a typed array"))
+        return {};
+    m_reader.next();
+    if (!expect(m_reader.isByteArray(), "a typed array"))
+        return {};
+    const qint64 claimed = m_reader.isLengthKnown() ? qint64(m_reader.length()) : 0;
+    if (claimed < 0 || claimed > m_size - m_reader.currentOffset()) {
+        fail(tr("An array claims more bytes than the file holds."));
+        return {};
+    }
+    QByteArray result;
+    auto chunk = m_reader.readByteArray();
+    while (chunk.status == QCborStreamReader::Ok) {
+        result = result.isEmpty() ? chunk.data : result + chunk.data;
+        chunk = m_reader.readByteArray();
+    }
+    expect(chunk.status == QCborStreamReader::EndOfString, "a complete array");
+    if (result.size() % unit != 0)
+        fail(tr("An array has %1 bytes, which is no multiple of %2.").arg(result.size()).arg(unit));
+    return result;
+}

@@ -1,0 +1,26 @@
+#ifndef VXIO_VXSCENEFILE_H
+#define VXIO_VXSCENEFILE_H
+
+#include <QtGlobal>
+
+/// The names and numbers of the scene format that its reader and writer share.
+///
+/// A scene file is one CBOR map. Key times, values, types and shapes are typed byte arrays, so
+/// that millions of keys are read and written as a few blocks of memory. Nodes stand in the order
+/// of the hierarchy and name their parent by index; properties are numbered through the file in
+/// the order of their appearance, and aliases, overriding controls and links refer to those
+/// numbers. A reader passes over members that it does not know and reports them.
+namespace VxSceneFile {
+
+/// Raised when a file of the new kind cannot be understood by older readers.
+constexpr int Version = 1;
+constexpr char Format[] = "vxscene";
+
+/// Tags of typed arrays: unsigned bytes, signed 32-bit and single precision, little endian.
+constexpr quint64 TagUint8 = 64;
+constexpr quint64 TagInt32 = 78;
+constexpr quint64 TagFloat32 = 85;
+
+} // namespace VxSceneFile
+
+#endif

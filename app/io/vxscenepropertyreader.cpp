@@ -1,0 +1,281 @@
+#include "io/vxscenepropertyreader.h"
+
+#include "io/vxcborinput.h"
+#include "io/vxscenefile.h"
+
+#include <QCoreApplication>
+#include <limits>
+#include <memory>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxelement.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxstringproperty.h>
+
+namespace {
+
+constexpr qint64 IntMin = std::numeric_limits<int>::min();
+constexpr qint64 IntMax = std::numeric_limits<int>::max();
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxScenePropertyReader", text);
+}
+
+} // namespace
+
+/// One property as the file tells it.
+struct VxScenePropertyReader::Record
+{
+    QString name, kind, label, path, textValue;
+    bool hidden = false, dynamicallyHidden = false, locked = false, animatable = true;
+    bool excluded = false, percentage = false, clamped = false, hasLimits = false;
+    int axis = 0, interpolation = 0;
+    double value = 0, defaultValue = 0, sensitivity = 1;
+    double limits[2] = {0, 0};
+    QByteArray times, values, types, tcb;
+    QVector<Reference> references;
+
+    bool isFloat() const { return kind == QLatin1String("float"); }
+    bool isBool() const { return kind == QLatin1String("bool"); }
+    bool isInt() const { return kind == QLatin1String("int") || isBool(); }
+    bool isString() const { return kind == QLatin1String("string"); }
+    int numKeys() const { return times.size() / int(sizeof(VxTime)); }
+};
+
+void VxScenePropertyReader::read(VxElement *element)
+{
+    Record record;
+    m_input->map([&](const QString &name) {
+        return readMember(name, record) || readReference(name, record);
+    });
+    if (m_input->failed())
+        return;
+    if (!record.isFloat() && !record.isInt() && !record.isString())
+        m_input->fail(tr("The property \"%1\" has no known kind.").arg(record.name));
+    else
+        build(element, record);
+}
+
+bool VxScenePropertyReader::readMember(const QString &name, Record &record)
+{
+    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
+    if (is("name"))
+        record.name = m_input->text();
+    else if (is("kind"))
+        record.kind = m_input->text();
+    else if (is("label"))
+        record.label = m_input->text();
+    else if (is("path"))
+        record.path = m_input->text();
+    else if (is("hidden"))
+        record.hidden = m_input->boolean();
+    else if (is("dynamicallyHidden"))
+        record.dynamicallyHidden = m_input->boolean();
+    else if (is("locked"))
+        record.locked = m_input->boolean();
+    else if (is("animatable"))
+        record.animatable = m_input->boolean();
+    else if (is("excluded"))
+        record.excluded = m_input->boolean();
+    else if (is("percentage"))
+        record.percentage = m_input->boolean();
+    else if (is("clamped"))
+        record.clamped = m_input->boolean();
+    else if (is("axis"))
+        record.axis = int(m_input->integer(0, 4));
+    else if (is("interpolation"))
+        record.interpolation = int(m_input->integer(0, 2));
+    else if (is("sensitivity"))
+        record.sensitivity = m_input->number();
+    else if (is("default"))
+        record.defaultValue = m_input->number();
+    else if (is("value") && record.isString())
+        record.textValue = m_input->text();
+    else if (is("value"))
+        record.value = m_input->number();
+    else if (is("limits")) {
+        m_input->numbers(record.limits, 2);
+        record.hasLimits = true;
+    } else if (is("keys"))
+        readKeys(record);
+    else
+        return false;
+    return true;
+}
+
+bool VxScenePropertyReader::readReference(const QString &name, Record &record)
+{
+    Reference reference{nullptr, 0, 0, false, 1.0, 0.0};
+    if (name == QLatin1String("alias") || name == QLatin1String("override")) {
+        reference.kind = name.at(0).toLatin1();
+        reference.to = m_input->integer(0, IntMax);
+    } else if (name == QLatin1String("link")) {
+        reference.kind = 'l';
+        m_input->map([&](const QString &member) {
+            if (member == QLatin1String("to"))
+                reference.to = m_input->integer(0, IntMax);
+            else if (member == QLatin1String("terminal"))
+                reference.terminal = m_input->boolean();
+            else if (member == QLatin1String("factor"))
+                reference.factor = m_input->number();
+            else if (member == QLatin1String("offset"))
+                reference.offset = m_input->number();
+            else
+                return false;
+            return true;
+        });
+    } else {
+        return false;
+    }
+    record.references.append(reference);
+    return true;
+}
+
+void VxScenePropertyReader::readKeys(Record &record)
+{
+    const quint64 valueTag = record.isFloat() ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32;
+    m_input->map([&](const QString &name) {
+        if (name == QLatin1String("times"))
+            record.times = m_input->bytes(VxSceneFile::TagInt32, 4);
+        else if (name == QLatin1String("values"))
+            record.values = m_input->bytes(valueTag, 4);
+        else if (name == QLatin1String("types"))
+            record.types = m_input->bytes(VxSceneFile::TagUint8, 1);
+        else if (name == QLatin1String("tcb"))
+            record.tcb = m_input->bytes(VxSceneFile::TagFloat32, int(sizeof(VxTcb)));
+        else
+            return false;
+        return true;
+    });
+    const int count = record.numKeys();
+    const bool agree = record.values.size() == count * 4 &&
+                       (record.types.isEmpty() || record.types.size() == count) &&
+                       (record.tcb.isEmpty() || record.tcb.size() == count * int(sizeof(VxTcb)));
+    if (!agree)
+        m_input->fail(tr("The key arrays of \"%1\" differ in length.").arg(record.name));
+}
+
+VxProperty *VxScenePropertyReader::makeProperty(const Record &record) const
+{
+    if (record.isFloat())
+        return new VxFloatProperty(record.name, float(record.defaultValue));
+    if (record.isBool())
+        return new VxBoolProperty(record.name, record.defaultValue != 0.0);
+    if (record.isInt())
+        return new VxIntProperty(record.name,
+                                 int(qBound(double(IntMin), record.defaultValue, double(IntMax))));
+    return new VxStringProperty(record.name);
+}
+
+void VxScenePropertyReader::build(VxElement *element, const Record &record)
+{
+    VxProperty *property = element->findProperty(record.name);
+    if (!property) {
+        std::unique_ptr<VxProperty> made(makeProperty(record));
+        property = element->addProperty(made.get(), record.path);
+        if (property)
+            made.release();
+    }
+    const bool sameKind =
+        property && (record.isFloat()    ? qobject_cast<VxFloatProperty *>(property) != nullptr
+                     : record.isBool()   ? qobject_cast<VxBoolProperty *>(property) != nullptr
+                     : record.isString() ? qobject_cast<VxStringProperty *>(property) != nullptr
+                                         : qobject_cast<VxIntProperty *>(property) != nullptr);
+    if (!sameKind || m_seen.contains(property)) {
+        m_input->fail(tr("The property \"%1\" cannot be added to \"%2\".")
+                          .arg(record.name, element->getName()));
+        return;
+    }
+    applyValues(property, record);
+    applyTraits(property, record);
+    m_properties.append(property);
+    m_seen.insert(property);
+    if (record.locked)
+        m_locked.append(property);
+    for (Reference reference : record.references) {
+        reference.from = property;
+        m_references.append(reference);
+    }
+}
+
+void VxScenePropertyReader::applyTraits(VxProperty *property, const Record &record) const
+{
+    if (!record.label.isEmpty())
+        property->setLabel(record.label);
+    property->setHidden(record.hidden);
+    property->setDynamicallyHidden(record.dynamicallyHidden);
+    property->setAnimatable(record.animatable);
+    property->setExcluded(record.excluded);
+    if (auto *numeric = qobject_cast<VxNumericProperty *>(property))
+        numeric->setPercentage(record.percentage);
+    if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
+        number->setAxis(VxFloatProperty::Axis(record.axis));
+        number->setSensitivity(float(record.sensitivity));
+        number->setDefaultInterpolation(record.interpolation);
+        if (record.hasLimits)
+            number->setMinMax(float(record.limits[0]), float(record.limits[1]), record.clamped);
+    } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
+        const auto limit = [](double value) {
+            return int(qBound(double(IntMin), value, double(IntMax)));
+        };
+        if (record.hasLimits)
+            whole->setMinMax(limit(record.limits[0]), limit(record.limits[1]), record.clamped);
+    }
+}
+
+void VxScenePropertyReader::applyValues(VxProperty *property, const Record &record) const
+{
+    const auto *times = reinterpret_cast<const VxTime *>(record.times.constData());
+    const auto *types = record.types.isEmpty()
+                            ? nullptr
+                            : reinterpret_cast<const quint8 *>(record.types.constData());
+    const auto *tcb =
+        record.tcb.isEmpty() ? nullptr : reinterpret_cast<const VxTcb *>(record.tcb.constData());
+    const int count = record.numKeys();
+    bool accepted = true;
+    if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
+        number->setStoredValue(float(record.value));
+        const auto *values = reinterpret_cast<const float *>(record.values.constData());
+        accepted = number->setKeys({times, values, types, tcb, count});
+    } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
+        whole->setStoredValue(int(qBound(double(IntMin), record.value, double(IntMax))));
+        const auto *values = reinterpret_cast<const qint32 *>(record.values.constData());
+        accepted = whole->setKeys({times, values, nullptr, nullptr, count});
+    } else if (auto *string = qobject_cast<VxStringProperty *>(property)) {
+        string->setValue(record.textValue);
+    }
+    if (!accepted)
+        m_input->fail(tr("The keys of \"%1\" are not in order of time, or hold something that is "
+                         "no number.")
+                          .arg(record.name));
+}
+
+void VxScenePropertyReader::setReference(const Reference &reference)
+{
+    VxProperty *target =
+        reference.to < m_properties.size() ? m_properties.at(int(reference.to)) : nullptr;
+    auto *from = qobject_cast<VxNumericProperty *>(reference.from);
+    auto *to = qobject_cast<VxNumericProperty *>(target);
+    bool accepted = false;
+    if (target && reference.kind == 'a')
+        accepted = reference.from->setAliasedProperty(target);
+    else if (target && reference.kind == 'o')
+        accepted = reference.from->setOverridingControl(target);
+    else if (from && to)
+        accepted = from->setLink(to, reference.terminal, reference.factor, reference.offset);
+    if (!accepted)
+        m_input->fail(tr("The property \"%1\" refers to property %2, which it cannot.")
+                          .arg(reference.from->getName())
+                          .arg(reference.to));
+}
+
+void VxScenePropertyReader::resolve()
+{
+    for (const Reference &reference : qAsConst(m_references)) {
+        if (!m_input->failed())
+            setReference(reference);
+    }
+    for (VxProperty *property : qAsConst(m_locked))
+        property->setLocked(true);
+}

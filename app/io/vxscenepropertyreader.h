@@ -1,0 +1,57 @@
+#ifndef VXIO_VXSCENEPROPERTYREADER_H
+#define VXIO_VXSCENEPROPERTYREADER_H
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+class VxCborInput;
+class VxElement;
+class VxProperty;
+
+/// Reads the properties of a scene file into elements, and resolves what they refer to once all
+/// of them are there.
+class VxScenePropertyReader
+{
+public:
+    explicit VxScenePropertyReader(VxCborInput *input)
+        : m_input(input)
+    {
+    }
+
+    /// Reads the property map that stands here. An element's own control of that name takes the
+    /// contents; otherwise a property is added to it.
+    void read(VxElement *element);
+    /// Sets aliases, overriding controls and links, then locks what is locked.
+    void resolve();
+
+private:
+    struct Record;
+    struct Reference
+    {
+        VxProperty *from;
+        char kind; // a alias, o override, l link
+        qint64 to;
+        bool terminal;
+        double factor;
+        double offset;
+    };
+
+    bool readMember(const QString &name, Record &record);
+    bool readReference(const QString &name, Record &record);
+    void readKeys(Record &record);
+    void build(VxElement *element, const Record &record);
+    VxProperty *makeProperty(const Record &record) const;
+    void applyTraits(VxProperty *property, const Record &record) const;
+    void applyValues(VxProperty *property, const Record &record) const;
+    void setReference(const Reference &reference);
+
+    VxCborInput *m_input;
+    QVector<VxProperty *> m_properties; // by their number in the file
+    QSet<const VxProperty *> m_seen;    // a name may stand in an element once
+    QVector<Reference> m_references;
+    QVector<VxProperty *> m_locked;
+};
+
+#endif

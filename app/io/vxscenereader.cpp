@@ -1,0 +1,330 @@
+#include "io/vxscenereader.h"
+
+#include "io/vxcborinput.h"
+#include "io/vxscenefile.h"
+#include "io/vxscenepropertyreader.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QVector3D>
+#include <limits>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxSceneReader", text);
+}
+
+/// Builds the contents from one stream.
+class SceneBuilder
+{
+public:
+    SceneBuilder(const QByteArray &bytes, const VxFileProgress &progress)
+        : m_input(bytes)
+        , m_properties(&m_input)
+        , m_progress(progress)
+    {
+    }
+
+    bool build(VxSceneContents *contents, VxFileError *error);
+
+private:
+    /// A node as the file tells it. Its map may name the kind after its properties, so the kind
+    /// must come first; the writer sees to that and the reader insists.
+    struct NodeRecord
+    {
+        std::unique_ptr<VxNode> node;
+        int parent = -1;
+    };
+
+    bool readHeader(const QString &name, VxSceneContents *contents);
+    void readFormat();
+    VxTimeRange readRange();
+    void readNode();
+    bool readNodeMember(const QString &name, NodeRecord &record);
+    bool readElementMember(const QString &name, VxElement *element);
+    QVector3D readVector();
+    std::unique_ptr<VxNode> makeNode(const QString &kind, const QString &name);
+    void readObject(VxNode *node);
+    void readSubElement(VxObject *object);
+    void assemble(VxSceneContents *contents);
+
+    VxCborInput m_input;
+    VxScenePropertyReader m_properties;
+    const VxFileProgress &m_progress;
+    std::vector<NodeRecord> m_nodes;
+    bool m_hasFormat = false;
+    bool m_cancelled = false;
+};
+
+VxTimeRange SceneBuilder::readRange()
+{
+    double ends[2] = {0, 0};
+    m_input.numbers(ends, 2);
+    const auto time = [this](double value) {
+        if (value < double(VxTimeMin) || value > double(VxTimeMax))
+            m_input.fail(tr("A time range leaves the range of times."));
+        return m_input.failed() ? 0 : VxTime(value);
+    };
+    const VxTime start = time(ends[0]);
+    return {start, time(ends[1])};
+}
+
+void SceneBuilder::readFormat()
+{
+    if (m_input.text() != QLatin1String(VxSceneFile::Format))
+        m_input.fail(tr("This is no scene file."));
+    m_hasFormat = !m_input.failed();
+}
+
+bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
+{
+    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
+    if (is("format")) {
+        readFormat();
+        return true;
+    }
+    if (!m_hasFormat)
+        return m_input.fail(tr("This is no scene file."));
+    if (is("version")) {
+        const int version = m_input.int32();
+        if (version < 1 || version > VxSceneFile::Version)
+            m_input.fail(tr("The file has version %1 of the scene format; this program reads up to "
+                            "version %2.")
+                             .arg(version)
+                             .arg(VxSceneFile::Version));
+    } else if (is("ticksPerSecond"))
+        m_input.integer(VxTicksPerSecond, VxTicksPerSecond);
+    else if (is("numProperties"))
+        m_input.integer(0, std::numeric_limits<int>::max());
+    else if (is("time"))
+        contents->time = m_input.int32();
+    else if (is("timeStep"))
+        contents->timeStep = VxTime(m_input.integer(1, VxTimeMax));
+    else if (is("playRange"))
+        contents->playRange = readRange();
+    else if (is("animRange"))
+        contents->animRange = readRange();
+    else if (is("looping"))
+        contents->looping = m_input.boolean();
+    else if (is("nodes"))
+        m_input.array([this] { readNode(); });
+    else
+        return false;
+    return true;
+}
+
+QVector3D SceneBuilder::readVector()
+{
+    double values[3] = {0, 0, 0};
+    m_input.numbers(values, 3);
+    return {float(values[0]), float(values[1]), float(values[2])};
+}
+
+std::unique_ptr<VxNode> SceneBuilder::makeNode(const QString &kind, const QString &name)
+{
+    if (kind == QLatin1String("skeleton"))
+        return std::make_unique<VxSkeleton>(name);
+    if (kind == QLatin1String("bone"))
+        return std::make_unique<VxBone>(name);
+    if (kind == QLatin1String("node"))
+        return std::make_unique<VxNode>(name);
+    m_input.fail(tr("A node has the unknown kind \"%1\".").arg(kind));
+    return nullptr;
+}
+
+void SceneBuilder::readNode()
+{
+    if (m_progress && !m_progress(int(m_input.offset() * 100 / qMax(qint64(1), m_input.size())))) {
+        m_cancelled = true;
+        m_input.fail(tr("Cancelled."));
+        return;
+    }
+    NodeRecord record;
+    QString kind;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("kind")) {
+            kind = m_input.text();
+            return true;
+        }
+        if (name == QLatin1String("name")) {
+            record.node = makeNode(kind, m_input.text());
+            return true;
+        }
+        if (!record.node)
+            return m_input.fail(tr("A node begins without kind and name."));
+        return readNodeMember(name, record);
+    });
+    if (!m_input.failed() && !record.node)
+        m_input.fail(tr("A node has no name."));
+    if (!m_input.failed())
+        m_nodes.push_back(std::move(record));
+}
+
+bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
+{
+    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
+    VxNode *node = record.node.get();
+    if (is("parent"))
+        record.parent = int(m_input.integer(-1, qint64(m_nodes.size()) - 1));
+    else if (is("visible"))
+        node->setVisible(m_input.boolean());
+    else if (is("selectable"))
+        node->setSelectable(m_input.boolean());
+    else if (is("ik"))
+        node->setIkNode(m_input.boolean());
+    else if (is("rotationOrder"))
+        node->setRotationOrder(VxNode::RotationOrder(m_input.integer(0, VxNode::ZYX)));
+    else if (is("origin"))
+        node->setOrigin(readVector());
+    else if (is("endPoint"))
+        node->setEndPoint(readVector());
+    else if (is("object"))
+        readObject(node);
+    else
+        return readElementMember(name, node);
+    return true;
+}
+
+bool SceneBuilder::readElementMember(const QString &name, VxElement *element)
+{
+    if (name == QLatin1String("label"))
+        element->setLabel(m_input.text());
+    else if (name == QLatin1String("properties"))
+        m_input.array([&] { m_properties.read(element); });
+    else
+        return false;
+    return true;
+}
+
+void SceneBuilder::readObject(VxNode *node)
+{
+    VxObject *object = nullptr;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("name")) {
+            object = new VxObject(m_input.text());
+            node->setObject(object);
+            return true;
+        }
+        if (!object)
+            return m_input.fail(tr("An object begins without its name."));
+        if (name == QLatin1String("subElements")) {
+            m_input.array([&] { readSubElement(object); });
+            return true;
+        }
+        return readElementMember(name, object);
+    });
+}
+
+void SceneBuilder::readSubElement(VxObject *object)
+{
+    VxElement *element = nullptr;
+    bool morph = false;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("kind")) {
+            morph = m_input.text() == QLatin1String("morph");
+            return true;
+        }
+        if (name == QLatin1String("name")) {
+            const QString text = m_input.text();
+            element = morph ? new VxMorph(text) : new VxElement(text);
+            object->addSubElement(element);
+            return true;
+        }
+        if (!element)
+            return m_input.fail(tr("A sub-element begins without its name."));
+        return readElementMember(name, element);
+    });
+}
+
+void SceneBuilder::assemble(VxSceneContents *contents)
+{
+    // Parents stand before their children, so a node is still at hand as a plain pointer when its
+    // own children come, though it has been given to its parent.
+    std::vector<VxNode *> placed;
+    placed.reserve(m_nodes.size());
+    for (NodeRecord &record : m_nodes) {
+        placed.push_back(record.node.get());
+        if (record.parent < 0)
+            contents->rootNodes.push_back(std::move(record.node));
+        else
+            placed[size_t(record.parent)]->addNodeChild(record.node.release());
+    }
+}
+
+bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
+{
+    m_input.map([&](const QString &name) { return readHeader(name, contents); });
+    if (!m_input.failed() && !m_hasFormat)
+        m_input.fail(tr("This is no scene file."));
+    if (!m_input.failed())
+        m_properties.resolve();
+    if (m_input.failed()) {
+        *error = m_input.error();
+        error->cancelled = m_cancelled;
+        return false;
+    }
+    assemble(contents);
+    contents->unknownMembers = m_input.unknownMembers();
+    return true;
+}
+
+} // namespace
+
+VxSceneContents::VxSceneContents() = default;
+VxSceneContents::~VxSceneContents() = default;
+VxSceneContents::VxSceneContents(VxSceneContents &&) noexcept = default;
+VxSceneContents &VxSceneContents::operator=(VxSceneContents &&) noexcept = default;
+
+void VxSceneReader::setProgress(const VxFileProgress &progress)
+{
+    m_progress = progress;
+}
+
+bool VxSceneReader::read(const QByteArray &bytes, VxSceneContents *contents,
+                         VxFileError *error) const
+{
+    *error = VxFileError();
+    VxSceneContents built;
+    if (!SceneBuilder(bytes, m_progress).build(&built, error))
+        return false;
+    *contents = std::move(built);
+    return true;
+}
+
+bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
+                             VxFileError *error) const
+{
+    *error = VxFileError();
+    error->file = fileName;
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error->message = tr("Cannot be read: %1.").arg(file.errorString());
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    const bool done = read(bytes, contents, error);
+    error->file = fileName;
+    return done;
+}
+
+void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
+{
+    scene->beginLoad();
+    scene->clear();
+    scene->setTimeStep(contents.timeStep);
+    scene->setAnimRange(contents.animRange);
+    scene->setPlayRange(contents.playRange);
+    scene->setTime(contents.time);
+    scene->loopPlayback(contents.looping);
+    for (auto &node : contents.rootNodes)
+        scene->addNode(node.release());
+    contents.rootNodes.clear();
+    scene->endLoad();
+}

@@ -1,0 +1,53 @@
+#ifndef VXIO_VXSCENEREADER_H
+#define VXIO_VXSCENEREADER_H
+
+#include "io/vxfileerror.h"
+#include "io/vxfileprogress.h"
+
+#include <QStringList>
+#include <memory>
+#include <vector>
+#include <vxcore/vxtimerange.h>
+
+class VxNode;
+class VxScene;
+
+/// What a scene file holds, built completely but in no scene yet. Dropping it drops everything.
+struct VxSceneContents
+{
+    VxSceneContents();
+    ~VxSceneContents();
+    VxSceneContents(VxSceneContents &&) noexcept;
+    VxSceneContents &operator=(VxSceneContents &&) noexcept;
+
+    std::vector<std::unique_ptr<VxNode>> rootNodes; ///< each owns what is below it
+    VxTime time = 0;
+    VxTime timeStep = 160;
+    VxTimeRange playRange;
+    VxTimeRange animRange;
+    bool looping = false;
+    /// Members of the file that this version does not know, each name once.
+    QStringList unknownMembers;
+};
+
+/// Reads scene files. A file that is broken, too new or no scene at all gives one message with
+/// the offset at which reading stopped, and nothing is changed.
+class VxSceneReader
+{
+public:
+    /// Watches and cancels; 0 to 100.
+    void setProgress(const VxFileProgress &progress);
+
+    /// False with the reason in `error`, which must not be null.
+    bool readFile(const QString &fileName, VxSceneContents *contents, VxFileError *error) const;
+    bool read(const QByteArray &bytes, VxSceneContents *contents, VxFileError *error) const;
+
+    /// Replaces what a scene holds by contents that were read: clears it and hands over the
+    /// nodes, as one load.
+    static void install(VxSceneContents &&contents, VxScene *scene);
+
+private:
+    VxFileProgress m_progress;
+};
+
+#endif

@@ -1,0 +1,399 @@
+#include "io/vxscenewriter.h"
+
+#include "io/vxscenefile.h"
+
+#include <QCborStreamWriter>
+#include <QCoreApplication>
+#include <QHash>
+#include <QSaveFile>
+#include <QVector3D>
+#include <algorithm>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxstringproperty.h>
+
+namespace {
+
+/// One pass over the scene that writes as it goes. Properties are numbered beforehand, since a
+/// reference may point to one that comes later.
+class SceneStream
+{
+public:
+    SceneStream(const VxScene *scene, QIODevice *device)
+        : m_scene(scene)
+        , m_out(device)
+    {
+    }
+
+    /// False when the progress callback asked to stop.
+    bool write(const VxFileProgress &progress);
+
+private:
+    void number(VxElement *element);
+    void writeHeader();
+    void writeNode(VxNode *node, int parent);
+    void writeElement(VxElement *element);
+    void writeObject(VxObject *object);
+    void writeProperty(VxProperty *property);
+    void writeTraits(VxProperty *property);
+    void writeFloat(VxFloatProperty *property);
+    void writeInt(VxIntProperty *property);
+    void writeReferences(VxProperty *property);
+    template <class Property> void writeKeyArrays(Property *property);
+
+    void key(const char *name) { m_out.append(QLatin1String(name)); }
+    void text(const char *name, const QString &value);
+    void flag(const char *name, bool value, bool usual);
+    void integer(const char *name, qint64 value);
+    void range(const char *name, const VxTimeRange &value);
+    void vector(const char *name, const QVector3D &value);
+    void array(const char *name, quint64 tag, const void *data, qint64 bytes);
+
+    const VxScene *m_scene;
+    QCborStreamWriter m_out;
+    QHash<const VxProperty *, int> m_numbers;
+};
+
+void SceneStream::text(const char *name, const QString &value)
+{
+    key(name);
+    m_out.append(value);
+}
+
+void SceneStream::flag(const char *name, bool value, bool usual)
+{
+    if (value == usual)
+        return;
+    key(name);
+    m_out.append(value);
+}
+
+void SceneStream::integer(const char *name, qint64 value)
+{
+    key(name);
+    m_out.append(value);
+}
+
+void SceneStream::range(const char *name, const VxTimeRange &value)
+{
+    key(name);
+    m_out.startArray(2);
+    m_out.append(qint64(value.getStart()));
+    m_out.append(qint64(value.getEnd()));
+    m_out.endArray();
+}
+
+void SceneStream::vector(const char *name, const QVector3D &value)
+{
+    if (value.isNull())
+        return;
+    key(name);
+    m_out.startArray(3);
+    m_out.append(value.x());
+    m_out.append(value.y());
+    m_out.append(value.z());
+    m_out.endArray();
+}
+
+void SceneStream::array(const char *name, quint64 tag, const void *data, qint64 bytes)
+{
+    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the arrays are written as they lie in memory");
+    key(name);
+    m_out.append(QCborTag(tag));
+    m_out.appendByteString(static_cast<const char *>(data), bytes);
+}
+
+void SceneStream::number(VxElement *element)
+{
+    for (int i = 0; i < element->getNumProperties(); ++i)
+        m_numbers.insert(element->getProperty(i), m_numbers.size());
+}
+
+void SceneStream::writeHeader()
+{
+    text("format", QLatin1String(VxSceneFile::Format));
+    integer("version", VxSceneFile::Version);
+    integer("ticksPerSecond", VxTicksPerSecond);
+    integer("time", m_scene->getTime());
+    integer("timeStep", m_scene->getTimeStep());
+    range("playRange", m_scene->getPlayRange());
+    range("animRange", m_scene->getAnimRange());
+    flag("looping", m_scene->isLoopingEnabled(), false);
+}
+
+bool SceneStream::write(const VxFileProgress &progress)
+{
+    const QVector<VxNode *> nodes = m_scene->getNodes();
+    QHash<const VxNode *, int> places;
+    for (VxNode *node : nodes) {
+        places.insert(node, places.size());
+        number(node);
+        if (VxObject *object = node->getObject()) {
+            number(object);
+            for (int i = 0; i < object->getNumSubElements(); ++i)
+                number(object->getSubElement(i));
+        }
+    }
+    m_out.startMap();
+    writeHeader();
+    integer("numProperties", m_numbers.size());
+    key("nodes");
+    m_out.startArray(quint64(nodes.size()));
+    for (int i = 0; i < nodes.size(); ++i) {
+        if (progress && !progress(int(qint64(i) * 100 / nodes.size())))
+            return false;
+        writeNode(nodes.at(i), places.value(nodes.at(i)->getNodeParent(), -1));
+    }
+    m_out.endArray();
+    m_out.endMap();
+    return true;
+}
+
+void SceneStream::writeNode(VxNode *node, int parent)
+{
+    const char *kind = qobject_cast<VxSkeleton *>(node) ? "skeleton"
+                       : qobject_cast<VxBone *>(node)   ? "bone"
+                                                        : "node";
+    m_out.startMap();
+    text("kind", QLatin1String(kind));
+    text("name", node->getName());
+    integer("parent", parent);
+    flag("visible", node->isVisible(), true);
+    flag("selectable", node->isSelectable(), true);
+    flag("ik", node->isIkNode(), false);
+    integer("rotationOrder", node->getRotationOrder());
+    vector("origin", node->getOrigin());
+    vector("endPoint", node->getEndPoint());
+    writeElement(node);
+    if (VxObject *object = node->getObject()) {
+        key("object");
+        writeObject(object);
+    }
+    m_out.endMap();
+}
+
+void SceneStream::writeObject(VxObject *object)
+{
+    m_out.startMap();
+    text("name", object->getName());
+    writeElement(object);
+    key("subElements");
+    m_out.startArray(quint64(object->getNumSubElements()));
+    for (int i = 0; i < object->getNumSubElements(); ++i) {
+        VxElement *element = object->getSubElement(i);
+        m_out.startMap();
+        text("kind", qobject_cast<VxMorph *>(element) ? QStringLiteral("morph")
+                                                      : QStringLiteral("element"));
+        text("name", element->getName());
+        writeElement(element);
+        m_out.endMap();
+    }
+    m_out.endArray();
+    m_out.endMap();
+}
+
+void SceneStream::writeElement(VxElement *element)
+{
+    if (element->getLabel() != element->getName())
+        text("label", element->getLabel());
+    key("properties");
+    m_out.startArray(quint64(element->getNumProperties()));
+    for (int i = 0; i < element->getNumProperties(); ++i)
+        writeProperty(element->getProperty(i));
+    m_out.endArray();
+}
+
+void SceneStream::writeProperty(VxProperty *property)
+{
+    m_out.startMap();
+    text("name", property->getName());
+    writeTraits(property);
+    if (auto *number = qobject_cast<VxFloatProperty *>(property))
+        writeFloat(number);
+    else if (auto *whole = qobject_cast<VxIntProperty *>(property))
+        writeInt(whole);
+    else if (auto *string = qobject_cast<VxStringProperty *>(property))
+        text("value", string->getValue());
+    writeReferences(property);
+    m_out.endMap();
+}
+
+void SceneStream::writeTraits(VxProperty *property)
+{
+    const char *kind = qobject_cast<VxFloatProperty *>(property)  ? "float"
+                       : qobject_cast<VxBoolProperty *>(property) ? "bool"
+                       : qobject_cast<VxIntProperty *>(property)  ? "int"
+                                                                  : "string";
+    text("kind", QLatin1String(kind));
+    if (property->getLabel() != property->getName())
+        text("label", property->getLabel());
+    text("path", property->getPath());
+    flag("hidden", property->isHidden(), false);
+    flag("dynamicallyHidden", property->isDynamicallyHidden(), false);
+    flag("locked", property->isLocked(), false);
+    flag("animatable", property->isAnimatable(), true);
+    flag("excluded", property->isExcluded(), false);
+    if (auto *number = qobject_cast<VxNumericProperty *>(property))
+        flag("percentage", number->isPercentage(), false);
+}
+
+template <class Property> void SceneStream::writeKeyArrays(Property *property)
+{
+    const auto keys = property->getKeys();
+    const qint64 count = keys.count;
+    key("keys");
+    m_out.startMap();
+    array("times", VxSceneFile::TagInt32, keys.times, count * qint64(sizeof(VxTime)));
+    const bool isFloat = std::is_same<decltype(keys.values), const float *>::value;
+    array("values", isFloat ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32, keys.values,
+          count * 4);
+    const bool allLinear = !keys.types || std::all_of(keys.types, keys.types + count,
+                                                      [](quint8 type) { return type == 0; });
+    if (!allLinear)
+        array("types", VxSceneFile::TagUint8, keys.types, count);
+    if (keys.tcb)
+        array("tcb", VxSceneFile::TagFloat32, keys.tcb, count * qint64(sizeof(VxTcb)));
+    m_out.endMap();
+}
+
+void SceneStream::writeFloat(VxFloatProperty *property)
+{
+    integer("axis", property->getAxis());
+    key("limits");
+    m_out.startArray(2);
+    m_out.append(property->getMin());
+    m_out.append(property->getMax());
+    m_out.endArray();
+    flag("clamped", property->isClamped(), false);
+    key("sensitivity");
+    m_out.append(property->getSensitivity());
+    integer("interpolation", property->getDefaultInterpolation());
+    key("default");
+    m_out.append(property->getDefaultValue());
+    // An alias, or a property that is taken over, shows another one's value and keys.
+    if (property->getKeyHolder() != property)
+        return;
+    key("value");
+    m_out.append(property->getStoredValue());
+    if (property->getNumKeys() > 0)
+        writeKeyArrays(property);
+}
+
+void SceneStream::writeInt(VxIntProperty *property)
+{
+    key("limits");
+    m_out.startArray(2);
+    m_out.append(qint64(property->getMin()));
+    m_out.append(qint64(property->getMax()));
+    m_out.endArray();
+    flag("clamped", property->isClamped(), false);
+    integer("default", property->getDefaultValue());
+    if (property->getKeyHolder() != property)
+        return;
+    integer("value", property->getStoredValue());
+    if (property->getNumKeys() > 0)
+        writeKeyArrays(property);
+}
+
+void SceneStream::writeReferences(VxProperty *property)
+{
+    const auto reference = [this](const char *name, const VxProperty *target) {
+        if (target && m_numbers.contains(target))
+            integer(name, m_numbers.value(target));
+    };
+    reference("alias", property->getAliasedProperty());
+    reference("override", property->getOverridingControl());
+    auto *number = qobject_cast<VxNumericProperty *>(property);
+    if (!number || !number->isLinked() || !m_numbers.contains(number->getLinkedProperty()))
+        return;
+    key("link");
+    m_out.startMap();
+    integer("to", m_numbers.value(number->getLinkedProperty()));
+    flag("terminal", number->isLinkTerminal(), false);
+    key("factor");
+    m_out.append(number->getLinkFactor());
+    key("offset");
+    m_out.append(number->getLinkOffset());
+    m_out.endMap();
+}
+
+/// Notices when a device takes fewer bytes than it was given: the stream writer does not tell.
+class WatchedDevice : public QIODevice
+{
+public:
+    explicit WatchedDevice(QIODevice *target)
+        : m_target(target)
+    {
+        open(QIODevice::WriteOnly);
+    }
+    const QString &failure() const { return m_failure; }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        const qint64 written = m_target->write(data, size);
+        if (written != size && m_failure.isEmpty())
+            m_failure = m_target->errorString();
+        return size;
+    }
+
+private:
+    QIODevice *m_target;
+    QString m_failure;
+};
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxSceneWriter", text);
+}
+
+} // namespace
+
+VxSceneWriter::VxSceneWriter(const VxScene *scene)
+    : m_scene(scene)
+{
+}
+
+void VxSceneWriter::setProgress(const VxFileProgress &progress)
+{
+    m_progress = progress;
+}
+
+bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
+{
+    WatchedDevice watched(device);
+    const bool complete = SceneStream(m_scene, &watched).write(m_progress);
+    if (!complete) {
+        error->cancelled = true;
+        return false;
+    }
+    if (!watched.failure().isEmpty())
+        error->message = tr("Cannot be written: %1.").arg(watched.failure());
+    return watched.failure().isEmpty();
+}
+
+bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
+{
+    *error = VxFileError();
+    error->file = fileName;
+    QSaveFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly)) {
+        error->message = tr("Cannot be written: %1.").arg(file.errorString());
+        return false;
+    }
+    if (!write(&file, error)) {
+        file.cancelWriting();
+        return false;
+    }
+    if (file.commit())
+        return true;
+    error->message = tr("Cannot be written: %1.").arg(file.errorString());
+    return false;
+}

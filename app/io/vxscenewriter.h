@@ -1,0 +1,32 @@
+#ifndef VXIO_VXSCENEWRITER_H
+#define VXIO_VXSCENEWRITER_H
+
+#include "io/vxfileerror.h"
+#include "io/vxfileprogress.h"
+
+#include <QByteArray>
+
+class QIODevice;
+class VxScene;
+
+/// Writes a scene file. The same scene gives the same bytes each time.
+class VxSceneWriter
+{
+public:
+    explicit VxSceneWriter(const VxScene *scene);
+
+    /// Watches and cancels; 0 to 100.
+    void setProgress(const VxFileProgress &progress);
+
+    /// Writes the file in one step: until everything is written the former file stays as it is.
+    /// False with the reason in `error`, which must not be null.
+    bool writeFile(const QString &fileName, VxFileError *error) const;
+    /// Writes to an open device. False when cancelled or when the device refused bytes.
+    bool write(QIODevice *device, VxFileError *error) const;
+
+private:
+    const VxScene *m_scene;
+    VxFileProgress m_progress;
+};
+
+#endif
