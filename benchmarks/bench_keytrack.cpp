@@ -10,15 +10,15 @@
 #include <numeric>
 #include <random>
 
-namespace
-{
+namespace {
 
 constexpr int TrackCount = 1530;
 constexpr VxTime Frame = 160;
 
 enum Selection { EverySecond, AtRandom };
 
-struct Columns {
+struct Columns
+{
     std::vector<VxTime> times;
     std::vector<float> values;
     std::vector<quint8> types;
@@ -252,7 +252,7 @@ void moveHalf(benchmark::State &state)
     std::vector<int> landed;
     qint64 offset = 0;
     for (auto _ : state) {
-        offset = offset == 0 ? Frame * 5 / 2 : 0; // there and back
+        offset = offset == 0 ? Frame * 5 / 2 : 0; // there and back, beside the others
         for (auto &track : tracks) {
             const auto keys = track.columns();
             KeyMove move;
@@ -262,7 +262,7 @@ void moveHalf(benchmark::State &state)
             move.origins = origins.data();
             move.selectedCount = int(selected.size());
             move.offset = offset;
-            move.rule = KeyMoveRule::WaitBeside;
+            move.rule = state.range(2) ? KeyMoveRule::WaitBeside : KeyMoveRule::Replace;
             const auto times = planKeyMove(move);
             track.moveKeys(selected.data(), times.data(), int(times.size()), &landed);
         }
@@ -406,8 +406,8 @@ BENCHMARK(evaluateFrame)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(floorMove)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(moveHalf)
-    ->ArgNames({"keys", "random"})
-    ->ArgsProduct({{300, 3000}, {EverySecond, AtRandom}})
+    ->ArgNames({"keys", "random", "preview"})
+    ->ArgsProduct({{300, 3000}, {EverySecond, AtRandom}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(floorShift)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(shift)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);

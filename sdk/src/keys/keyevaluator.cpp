@@ -7,11 +7,11 @@ void KeyEvaluator<V>::values(const VxTime *times, int count, V *out, V noKeys) c
         std::fill_n(out, count, noKeys);
         return;
     }
-    int cursor = 0;
+    int i = -1;
     int known = -1; // the segment whose curve is at hand
     CurveSegment shape;
     for (int k = 0; k < count; ++k) {
-        const int i = segment(times[k], cursor);
+        i = searchOnward(times[k], i);
         if (holds(i, times[k])) {
             out[k] = m_keys.values[i < 0 ? 0 : i];
             continue;
@@ -30,6 +30,21 @@ template <class V> int KeyEvaluator<V>::search(VxTime time) const
     return int(std::upper_bound(m_keys.times, end, time) - m_keys.times) - 1;
 }
 
+// Painted times lie a few keys apart: looks ahead from the last segment in growing steps.
+template <class V> int KeyEvaluator<V>::searchOnward(VxTime time, int from) const
+{
+    if (from >= 0 && m_keys.times[from] > time)
+        return search(time);
+    int step = 1;
+    while (m_keys.count - from > step && m_keys.times[from + step] <= time) {
+        from += step;
+        step *= 2;
+    }
+    const VxTime *begin = m_keys.times + from + 1;
+    const VxTime *end = m_keys.times + std::min(from + step, m_keys.count);
+    return int(std::upper_bound(begin, std::max(begin, end), time) - m_keys.times) - 1;
+}
+
 template <class V> CurveSegment KeyEvaluator<V>::smoothCurve(int i) const
 {
     const bool first = i == 0;
@@ -44,7 +59,7 @@ template <class V> CurveSegment KeyEvaluator<V>::smoothCurve(int i) const
 template <class V> CurveKey KeyEvaluator<V>::shapedKey(int i) const
 {
     CurveKey key = plainKey(i);
-    if (m_keys.tcb && m_keys.types[i] == VxKeyInterp::Tcb) {
+    if (m_keys.tcb && type(i) == VxKeyInterp::Tcb) {
         key.tension = double(m_keys.tcb[i].tension);
         key.continuity = double(m_keys.tcb[i].continuity);
         key.bias = double(m_keys.tcb[i].bias);

@@ -1,5 +1,6 @@
 #include "keys/keytrack.h"
 
+#include "keys/keymovemerge.h"
 #include "keys/keytrackwriter.h"
 
 #include <numeric>
@@ -43,65 +44,21 @@ bool isSelection(const int *indexes, int indexCount, int keyCount)
     return indexCount <= 0 || (indexes[0] >= 0 && indexes[indexCount - 1] < keyCount);
 }
 
-// The moved keys in the order of their new times, without those another moved key replaces.
-struct MovedKeys
+// Keys from first to last (excluded) of one track, and others that come in and replace them at
+// equal times.
+template <class V>
+void mergeStretch(const VxKeyColumns<V> &staying, int first, int last,
+                  const VxKeyColumns<V> &incoming, KeyTrackWriter<V> &writer)
 {
-    std::vector<int> source; // index before the move
-    std::vector<int> listed; // position in the caller's list
-    std::vector<VxTime> times;
-};
-
-MovedKeys orderedMove(const int *indexes, const VxTime *newTimes, int indexCount)
-{
-    std::vector<int> order(indexCount);
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(),
-                     [newTimes](int a, int b) { return newTimes[a] < newTimes[b]; });
-    MovedKeys moved;
-    for (int k = 0; k < indexCount; ++k) {
-        if (k + 1 < indexCount && newTimes[order[k]] == newTimes[order[k + 1]])
-            continue;
-        moved.source.push_back(indexes[order[k]]);
-        moved.listed.push_back(order[k]);
-        moved.times.push_back(newTimes[order[k]]);
-    }
-    return moved;
-}
-
-// The columns of a merge: keys that stay, and keys that come in at their new times.
-template <class V> struct Merge
-{
-    VxKeyColumns<V> staying;
-    int first = 0; // the stretch of staying keys that is merged
-    int last = 0;
-    const int *skipped = nullptr; // ascending indexes of staying keys to leave out
-    int skippedCount = 0;
-    VxKeyColumns<V> incoming;    // its times are the new ones
-    const int *source = nullptr; // where an incoming key's other columns are; null: same index
-};
-
-template <class V> void mergeStretch(const Merge<V> &merge, KeyTrackWriter<V> &writer)
-{
-    const VxKeyColumns<V> &in = merge.incoming;
-    int skip = 0;
     int b = 0;
-    for (int a = merge.first; a < merge.last; ++a) {
-        if (skip < merge.skippedCount && merge.skipped[skip] == a) {
-            ++skip;
-            continue;
-        }
-        const VxTime time = merge.staying.times[a];
-        for (; b < in.count && in.times[b] < time; ++b)
-            writer.add(in, merge.source ? merge.source[b] : b, in.times[b]);
-        if (b == in.count || in.times[b] != time)
-            writer.add(merge.staying, a, time);
+    for (int a = first; a < last; ++a) {
+        const VxTime time = staying.times[a];
+        for (; b < incoming.count && incoming.times[b] < time; ++b)
+            writer.add(incoming, b);
+        if (b == incoming.count || incoming.times[b] != time)
+            writer.add(staying, a);
     }
-    if (!merge.source) {
-        writer.addRun(in, b, in.count);
-        return;
-    }
-    for (; b < in.count; ++b)
-        writer.add(in, merge.source[b], in.times[b]);
+    writer.addRun(incoming, b, incoming.count);
 }
 
 } // namespace
@@ -146,6 +103,7 @@ template <class V> int KeyTrack<V>::set(VxTime time, V value, const VxKeyShape &
         openSlot(i, time);
     m_values[i] = value;
     m_types[i] = legalType<V>(shape.type);
+    noteType(m_types[i]);
     writeTcb(i, shape.tcb);
     return i;
 }
@@ -156,17 +114,14 @@ template <class V> bool KeyTrack<V>::insertMany(const Columns &keys)
         return false;
     if (keys.count <= 0)
         return true;
-    Merge<V> merge;
-    merge.staying = columns();
-    merge.first = lowerBound(keys.times[0]);
-    merge.last = upperBound(keys.times[keys.count - 1]);
-    merge.incoming = keys;
+    const int first = lowerBound(keys.times[0]);
+    const int last = upperBound(keys.times[keys.count - 1]);
     KeyTrack stretch;
-    KeyTrackWriter<V> writer(stretch, size_t(merge.last - merge.first) + keys.count,
+    KeyTrackWriter<V> writer(stretch, size_t(last - first) + keys.count,
                              keys.tcb || !m_tcb.empty());
-    mergeStretch(merge, writer);
+    mergeStretch(columns(), first, last, keys, writer);
     writer.finish();
-    exchange(merge.first, merge.last, stretch);
+    exchange(first, last, stretch);
     return true;
 }
 
@@ -230,38 +185,20 @@ bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int index
     if (indexCount <= 0)
         return true;
 
-    Merge<V> merge;
     MovedKeys moved;
-    merge.incoming = columns();
-    merge.incoming.times = newTimes;
-    merge.incoming.count = indexCount;
-    merge.source = indexes;
-    if (!isStrictlyAscending(newTimes, indexCount)) {
-        moved = orderedMove(indexes, newTimes, indexCount);
-        merge.incoming.times = moved.times.data();
-        merge.incoming.count = int(moved.times.size());
-        merge.source = moved.source.data();
-    }
-    const VxTime *times = merge.incoming.times;
-    merge.staying = columns();
-    merge.first = std::min(indexes[0], lowerBound(times[0]));
-    merge.last = std::max(indexes[indexCount - 1] + 1, upperBound(times[merge.incoming.count - 1]));
-    merge.skipped = indexes;
-    merge.skippedCount = indexCount;
-
+    moved.setKeys(indexes, newTimes, indexCount);
+    const int first = std::min(indexes[0], lowerBound(moved.times[0]));
+    const int last =
+        std::max(indexes[indexCount - 1] + 1, upperBound(moved.times[moved.count - 1]));
+    const StayingKeys staying(m_times.data(), first, last, indexes, indexCount);
+    const MoveMerge merged(staying, moved);
     KeyTrack stretch;
-    KeyTrackWriter<V> writer(stretch, merge.last - merge.first, !m_tcb.empty());
-    mergeStretch(merge, writer);
+    KeyTrackWriter<V> writer(stretch, merged.times.size(), !m_tcb.empty());
+    writer.addPicked(columns(), merged.source, merged.times);
     writer.finish();
-    if (landed) {
-        int i = 0;
-        for (int b = 0; b < merge.incoming.count; ++b) {
-            while (stretch.m_times[i] != times[b])
-                ++i;
-            (*landed)[moved.listed.empty() ? b : moved.listed[b]] = merge.first + i;
-        }
-    }
-    exchange(merge.first, merge.last, stretch);
+    exchange(first, last, stretch);
+    for (int b = 0; landed && b < moved.count; ++b)
+        (*landed)[moved.listedAt(b)] = first + merged.landed[b];
     return true;
 }
 
@@ -308,6 +245,7 @@ template <class V> int KeyTrack<V>::setType(int first, int last, quint8 type)
     const auto end = m_types.begin() + last;
     const int same = int(std::count(begin, end, legalType<V>(type)));
     std::fill(begin, end, legalType<V>(type));
+    noteTypes();
     return last - first - same;
 }
 
@@ -321,6 +259,7 @@ template <class V> int KeyTrack<V>::setType(const int *indexes, int indexCount, 
         changed += m_types[indexes[k]] != legal;
         m_types[indexes[k]] = legal;
     }
+    noteTypes();
     return changed;
 }
 
@@ -331,6 +270,7 @@ template <class V> int KeyTrack<V>::setShape(int first, int last, const VxKeySha
     for (int i = std::max(first, 0); i < std::min(last, count()); ++i) {
         const bool retyped = m_types[i] != legal;
         m_types[i] = legal;
+        noteType(legal);
         changed += writeTcb(i, shape.tcb) || retyped;
     }
     return changed;
@@ -344,6 +284,7 @@ int KeyTrack<V>::setShape(const int *indexes, int indexCount, const VxKeyShape &
     int changed = 0;
     for (int k = 0; k < indexCount; ++k)
         changed += setShape(indexes[k], indexes[k] + 1, shape);
+    noteTypes();
     return changed;
 }
 
@@ -464,6 +405,27 @@ template <class V> void KeyTrack<V>::countShaped()
         m_tcb.clear();
 }
 
+// After one key was given a type.
+template <class V> void KeyTrack<V>::noteType(quint8 type)
+{
+    if (m_types.size() == 1)
+        m_uniformType = type;
+    else if (type != m_uniformType)
+        m_uniformType = MixedKeyTypes;
+}
+
+// After many were. All are equal when each equals the one before it.
+template <class V> void KeyTrack<V>::noteTypes()
+{
+    const quint8 *types = m_types.data();
+    if (m_types.empty())
+        m_uniformType = KeyTraits<V>::NewKeyType;
+    else if (std::memcmp(types, types + 1, m_types.size() - 1) == 0)
+        m_uniformType = types[0];
+    else
+        m_uniformType = MixedKeyTypes;
+}
+
 // The one place where a stretch of keys is put in place of another.
 template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &other)
 {
@@ -484,6 +446,8 @@ template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &oth
         exchangeSpan(m_tcb, first, last, other.m_tcb);
     countShaped();
     other.countShaped();
+    noteTypes();
+    other.noteTypes();
     shrinkIfLoose();
     other.shrinkIfLoose();
 }

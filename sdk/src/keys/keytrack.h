@@ -20,6 +20,9 @@ template <> struct KeyTraits<qint32>
     static constexpr bool Steps = true;
 };
 
+/// What KeyTrack::uniformType() says of a track whose keys differ in type.
+constexpr quint8 MixedKeyTypes = 255;
+
 /// The keys of one animated value, in time order, one array a column.
 ///
 /// Columns of their own keep a key at nine bytes and let each operation be one pass over just what
@@ -42,6 +45,8 @@ public:
     quint8 type(int i) const { return m_types[i]; }
     VxTcb tcb(int i) const { return m_tcb.empty() ? VxTcb() : m_tcb[i]; }
     VxKeyShape shape(int i) const { return {m_types[i], tcb(i)}; }
+    /// The type that all keys have, or MixedKeyTypes when they differ or may differ.
+    quint8 uniformType() const { return m_uniformType; }
     /// The arrays themselves, valid until the next change; `tcb` is null while all are zero.
     Columns columns() const { return columns(0, count()); }
     Columns columns(int first, int last) const;
@@ -133,6 +138,8 @@ private:
     void openSlot(int i, VxTime time);
     bool writeTcb(int i, const VxTcb &tcb);
     void countShaped();
+    void noteType(quint8 type);
+    void noteTypes();
     void exchange(int first, int last, KeyTrack &other);
 
     std::vector<VxTime> m_times;
@@ -140,6 +147,7 @@ private:
     std::vector<quint8> m_types;
     std::vector<VxTcb> m_tcb; // empty while m_shaped is 0
     int m_shaped = 0;         // keys whose tension, continuity and bias are not all zero bits
+    quint8 m_uniformType = KeyTraits<V>::NewKeyType;
 };
 
 /// True when every time is above the one before.

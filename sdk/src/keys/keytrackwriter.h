@@ -34,15 +34,26 @@ public:
     }
     int count() const { return m_count; }
 
-    void add(const Columns &from, int i, VxTime time)
+    void add(const Columns &from, int i)
     {
-        m_out.m_times[m_count] = time;
+        m_out.m_times[m_count] = from.times[i];
         m_out.m_values[m_count] = from.values[i];
         m_out.m_types[m_count] =
             from.types ? legalType<V>(from.types[i]) : KeyTraits<V>::NewKeyType;
         if (!m_out.m_tcb.empty() && from.tcb)
             m_out.m_tcb[m_count] = from.tcb[i];
         ++m_count;
+    }
+    // Keys of a track by their indexes, each with a new time.
+    void addPicked(const Columns &from, const std::vector<int> &indexes,
+                   const std::vector<VxTime> &times)
+    {
+        std::copy(times.begin(), times.end(), m_out.m_times.begin() + m_count);
+        pick(from.values, indexes, m_out.m_values);
+        pick(from.types, indexes, m_out.m_types);
+        if (from.tcb)
+            pick(from.tcb, indexes, m_out.m_tcb);
+        m_count += int(indexes.size());
     }
     void addRun(const Columns &from, int first, int last)
     {
@@ -66,10 +77,18 @@ public:
         m_out.m_types.resize(m_count);
         m_out.m_tcb.resize(m_out.m_tcb.empty() ? 0 : m_count);
         m_out.countShaped();
+        m_out.noteTypes();
         m_out.shrinkIfLoose();
     }
 
 private:
+    template <class T>
+    void pick(const T *from, const std::vector<int> &indexes, std::vector<T> &to) const
+    {
+        std::transform(indexes.begin(), indexes.end(), to.begin() + m_count,
+                       [from](int i) { return from[i]; });
+    }
+
     KeyTrack<V> &m_out;
     int m_count = 0;
 };
