@@ -27,9 +27,26 @@ public:
     void addArm(char side);
     void addFingers(char side);
 
-    std::vector<WalkBone> take() { return std::move(m_bones); }
+    /// The bones in pre-order, as motion files list them.
+    std::vector<WalkBone> take() const
+    {
+        std::vector<WalkBone> ordered;
+        appendBelow(-1, -1, &ordered);
+        return ordered;
+    }
 
 private:
+    void appendBelow(int parent, int newParent, std::vector<WalkBone> *ordered) const
+    {
+        for (size_t i = 0; i < m_bones.size(); ++i) {
+            if (m_bones[i].parent != parent)
+                continue;
+            ordered->push_back(m_bones[i]);
+            ordered->back().parent = newParent;
+            appendBelow(int(i), int(ordered->size()) - 1, ordered);
+        }
+    }
+
     std::vector<WalkBone> m_bones;
     QHash<QString, int> m_index;
 };
