@@ -4,11 +4,11 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
+#include <vxcore/vxcoreglobal.h>
 
 class QAction;
 class QMenu;
 class QMenuBar;
-class QWidget;
 class VxAction;
 
 /// Sorts actions into a menu bar by the paths and groups they name.
@@ -16,7 +16,7 @@ class VxAction;
 /// A menu is found by its title, whoever made it. Within a menu the entries of one group stand
 /// together, in the order in which they come, with separators between groups; an action that is
 /// there already stays where it is.
-class VxMenuBarFiller
+class VXCORE_EXPORT VxMenuBarFiller
 {
 public:
     explicit VxMenuBarFiller(QMenuBar *menuBar)

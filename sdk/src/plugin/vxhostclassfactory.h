@@ -5,7 +5,7 @@
 
 /// Base of the factories of the host's own classes: it gives scripts a constructor of the class's
 /// name. What a script constructs belongs to the host.
-class VxHostClassFactoryBase : public VxClassFactory
+class VXCORE_EXPORT VxHostClassFactoryBase : public VxClassFactory
 {
 public:
     using VxClassFactory::VxClassFactory;

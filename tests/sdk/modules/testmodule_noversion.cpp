@@ -1,0 +1,5 @@
+// A library that is no plug-in.
+extern "C" __attribute__((visibility("default"))) int somethingElse()
+{
+    return 1;
+}
