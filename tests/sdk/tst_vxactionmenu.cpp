@@ -9,9 +9,9 @@
 
 namespace {
 
-const QString alpha = QStringLiteral("AlphaAction");
-const QString beta = QStringLiteral("BetaAction");
-const QString gamma = QStringLiteral("GammaAction");
+const QString alphaClass = QStringLiteral("AlphaAction");
+const QString betaClass = QStringLiteral("BetaAction");
+const QString gammaClass = QStringLiteral("GammaAction");
 const QString unknown = QStringLiteral("UnknownAction");
 
 /** The description as text: "-" for a separator, "Title(...)" for a sub-menu. */
@@ -39,17 +39,17 @@ QString described(const VxActionMenu &menu)
 void build(VxActionMenu &menu)
 {
     VxActionMenu *options = menu.findOrCreateSubMenu(QStringLiteral("Options"), true);
-    options->insertAction(alpha);
+    options->insertAction(alphaClass);
     options->insertSeparator();
-    options->insertAction(beta);
+    options->insertAction(betaClass);
     options->insertSeparator();
     menu.insertSeparator();
-    menu.insertAction(beta);
+    menu.insertAction(betaClass);
     menu.insertSeparator();
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     menu.insertAction(unknown);
     menu.insertSeparator();
-    menu.insertAction(gamma);
+    menu.insertAction(gammaClass);
 }
 
 } // namespace
@@ -131,23 +131,23 @@ void tst_VxActionMenu::insertsAtAnIndex()
 {
     QFETCH(int, index);
     VxActionMenu menu;
-    menu.insertAction(alpha);
-    menu.insertAction(beta);
-    menu.insertAction(gamma, index);
+    menu.insertAction(alphaClass);
+    menu.insertAction(betaClass);
+    menu.insertAction(gammaClass, index);
     QTEST(described(menu), "expected");
 }
 
 void tst_VxActionMenu::anActionIsMovedNotDoubled()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
-    menu.insertAction(beta);
-    menu.insertAction(gamma);
-    menu.insertAction(gamma, 0);
+    menu.insertAction(alphaClass);
+    menu.insertAction(betaClass);
+    menu.insertAction(gammaClass);
+    menu.insertAction(gammaClass, 0);
     QCOMPARE(described(menu), QStringLiteral("Gamma Alpha Beta"));
-    menu.insertAction(gamma, 2);
+    menu.insertAction(gammaClass, 2);
     QCOMPARE(described(menu), QStringLiteral("Alpha Gamma Beta"));
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     QCOMPARE(described(menu), QStringLiteral("Alpha Gamma Beta"));
     menu.insertAction(QString());
     QCOMPARE(menu.getNumEntries(), 3);
@@ -156,8 +156,8 @@ void tst_VxActionMenu::anActionIsMovedNotDoubled()
 void tst_VxActionMenu::separatorsDoNotStandBesideEachOther()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
-    menu.insertAction(beta);
+    menu.insertAction(alphaClass);
+    menu.insertAction(betaClass);
     menu.insertSeparator(1);
     menu.insertSeparator(1);
     menu.insertSeparator(2);
@@ -193,20 +193,20 @@ void tst_VxActionMenu::buildingTwiceChangesNothing()
 void tst_VxActionMenu::rebuildingKeepsWhatOthersAppended()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     menu.insertSeparator();
-    menu.insertAction(beta);
-    menu.insertAction(gamma);
-    menu.insertAction(alpha);
+    menu.insertAction(betaClass);
+    menu.insertAction(gammaClass);
+    menu.insertAction(alphaClass);
     menu.insertSeparator();
-    menu.insertAction(beta);
+    menu.insertAction(betaClass);
     QCOMPARE(described(menu), QStringLiteral("Alpha - Beta Gamma"));
 }
 
 void tst_VxActionMenu::queriesOutsideAreEmpty()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     QVERIFY(menu.getEntryName(-1).isEmpty());
     QVERIFY(menu.getEntryName(1).isEmpty());
     QVERIFY(!menu.getSubMenu(0));
@@ -218,11 +218,11 @@ void tst_VxActionMenu::menuShowsOnlyWhatIsKnown()
 {
     VxActionMenu menu(QStringLiteral("Title"));
     menu.insertSeparator();
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     menu.insertSeparator();
     menu.insertAction(unknown);
     menu.insertSeparator();
-    menu.insertAction(beta);
+    menu.insertAction(betaClass);
     menu.insertSeparator();
     QCOMPARE(shownEntries(menu.getMenu()), QStringLiteral("Alpha - Beta"));
     QCOMPARE(menu.getMenu()->title(), QStringLiteral("Title"));
@@ -232,7 +232,7 @@ void tst_VxActionMenu::menuShowsOnlyWhatIsKnown()
 void tst_VxActionMenu::subMenusWithoutContentsAreLeftOut()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     menu.insertSeparator();
     VxActionMenu *sub = menu.findOrCreateSubMenu(QStringLiteral("Sub"));
     sub->insertAction(unknown);
@@ -244,10 +244,10 @@ void tst_VxActionMenu::subMenusWithoutContentsAreLeftOut()
 void tst_VxActionMenu::menuFollowsTheDescriptionWhenShown()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     QMenu *popup = menu.getMenu();
-    menu.insertAction(beta);
-    menu.findOrCreateSubMenu(QStringLiteral("Sub"))->insertAction(gamma);
+    menu.insertAction(betaClass);
+    menu.findOrCreateSubMenu(QStringLiteral("Sub"))->insertAction(gammaClass);
     QCOMPARE(shownEntries(popup), QStringLiteral("Alpha"));
     popup->popup(QPoint(10, 10));
     QTRY_VERIFY(popup->isVisible());
@@ -256,7 +256,7 @@ void tst_VxActionMenu::menuFollowsTheDescriptionWhenShown()
     popup->popup(QPoint(10, 10));
     QCOMPARE(shownEntries(popup), QStringLiteral("Alpha Beta Sub(Gamma)"));
     popup->close();
-    delete m_window->getActionMgr()->findAction(beta);
+    delete m_window->getActionMgr()->findAction(betaClass);
     popup->popup(QPoint(10, 10));
     QCOMPARE(shownEntries(popup), QStringLiteral("Alpha Sub(Gamma)"));
     popup->close();
@@ -265,14 +265,14 @@ void tst_VxActionMenu::menuFollowsTheDescriptionWhenShown()
 void tst_VxActionMenu::aboutToFillIsTheLastMoment()
 {
     VxActionMenu menu;
-    connect(&menu, &VxActionMenu::aboutToFill, &menu, [&menu] { menu.insertAction(beta); });
+    connect(&menu, &VxActionMenu::aboutToFill, &menu, [&menu] { menu.insertAction(betaClass); });
     QCOMPARE(shownEntries(menu.getMenu()), QStringLiteral("Beta"));
 }
 
 void tst_VxActionMenu::withoutMainWindowTheMenuIsEmpty()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     m_window.reset();
     QVERIFY(menu.getMenu()->isEmpty());
     m_app.reset();
@@ -309,7 +309,7 @@ void tst_VxActionMenu::copyingAgainLeavesNoSubMenusBehind()
 void tst_VxActionMenu::triggersTheAction()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     QTimer::singleShot(0, qApp, [] {
         QWidget *popup = QApplication::activePopupWidget();
         QVERIFY(popup);
@@ -326,7 +326,7 @@ void tst_VxActionMenu::setMenuTakesOver()
     QPointer<QMenu> former;
     {
         VxActionMenu menu;
-        menu.insertAction(alpha);
+        menu.insertAction(alphaClass);
         former = menu.getMenu();
         menu.setMenu(handedOver);
         QVERIFY(!former);
@@ -335,7 +335,7 @@ void tst_VxActionMenu::setMenuTakesOver()
         menu.setMenu(nullptr);
         menu.setMenu(handedOver);
         QCOMPARE(menu.getMenu(), handedOver.data());
-        menu.insertAction(beta);
+        menu.insertAction(betaClass);
         handedOver->popup(QPoint(10, 10));
         QCOMPARE(shownEntries(handedOver), QStringLiteral("Alpha Beta"));
         handedOver->close();
@@ -347,7 +347,7 @@ void tst_VxActionMenu::aHandedOverSubMenuIsUsed()
 {
     VxActionMenu menu;
     VxActionMenu *sub = menu.findOrCreateSubMenu(QStringLiteral("Sub"));
-    sub->insertAction(alpha);
+    sub->insertAction(alphaClass);
     QPointer<QMenu> special(new QMenu(QStringLiteral("Special")));
     sub->setMenu(special);
     QCOMPARE(menu.getMenu()->actions().constFirst()->menu(), special.data());
@@ -359,7 +359,7 @@ void tst_VxActionMenu::aHandedOverSubMenuIsUsed()
 void tst_VxActionMenu::aDestroyedMenuIsForgotten()
 {
     VxActionMenu menu;
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     delete menu.getMenu();
     QCOMPARE(shownEntries(menu.getMenu()), QStringLiteral("Alpha"));
 }
@@ -373,9 +373,10 @@ void tst_VxActionMenu::clearDestroysSubMenus()
     QVERIFY(!sub);
     QCOMPARE(menu.getNumEntries(), 0);
     menu.insertSeparator();
-    menu.insertAction(alpha);
+    menu.insertAction(alphaClass);
     QCOMPARE(described(menu), QStringLiteral("- Alpha"));
 }
 
 QTEST_MAIN(tst_VxActionMenu)
+#include "moc_vxmenuactions.cpp"
 #include "tst_vxactionmenu.moc"

@@ -11,9 +11,9 @@
 
 namespace {
 
-const QString alpha = QStringLiteral("AlphaAction");
-const QString beta = QStringLiteral("BetaAction");
-const QString gamma = QStringLiteral("GammaAction");
+const QString alphaClass = QStringLiteral("AlphaAction");
+const QString betaClass = QStringLiteral("BetaAction");
+const QString gammaClass = QStringLiteral("GammaAction");
 
 /** Calls the function as soon as a menu has been popped up, with that menu. */
 void whenShown(const std::function<void(QMenu *)> &function)
@@ -86,9 +86,9 @@ void tst_VxMenu::cleanup()
 void tst_VxMenu::addsActionsByClassName()
 {
     VxMenu menu(QStringLiteral("Title"));
-    QCOMPARE(menu.addAction(alpha), m_alpha);
-    menu.addAction(beta, -1);
-    menu.addAction(gamma, 1);
+    QCOMPARE(menu.addAction(alphaClass), m_alpha);
+    menu.addAction(betaClass, -1);
+    menu.addAction(gammaClass, 1);
     QCOMPARE(shownEntries(&menu), QStringLiteral("Alpha Gamma Beta"));
     QCOMPARE(menu.title(), QStringLiteral("Title"));
 }
@@ -105,14 +105,14 @@ void tst_VxMenu::withoutApplicationNothingIsKnown()
     m_window.reset();
     m_app.reset();
     VxMenu menu;
-    QVERIFY(!menu.addAction(alpha));
+    QVERIFY(!menu.addAction(alphaClass));
 }
 
 void tst_VxMenu::separatorsStandBetweenEntries()
 {
     VxMenu menu;
     menu.addSeparator();
-    menu.addAction(alpha);
+    menu.addAction(alphaClass);
     menu.addSeparator();
     menu.addSeparator();
     menu.addItem(QStringLiteral("Item"));
@@ -126,7 +126,7 @@ void tst_VxMenu::emptiness()
     VxMenu *sub = menu.addSubMenu(QStringLiteral("Sub"));
     menu.addSeparator();
     QVERIFY(menu.isEmpty());
-    sub->addSubMenu(QStringLiteral("Deeper"))->addAction(alpha);
+    sub->addSubMenu(QStringLiteral("Deeper"))->addAction(alphaClass);
     QVERIFY(!menu.isEmpty());
     VxMenu other;
     other.addItem(QStringLiteral("No Selection"));
@@ -138,7 +138,7 @@ void tst_VxMenu::execGivesTheItemsIdentifier()
     VxMenu menu;
     menu.addItem(QStringLiteral("One"), 1);
     menu.addItem(QStringLiteral("Seven"), 7);
-    menu.addAction(alpha);
+    menu.addAction(alphaClass);
     whenShown([](QMenu *shown) { clickEntry(shown, "Seven"); });
     QCOMPARE(menu.exec(QPoint(20, 20)), 7);
     QCOMPARE(m_alpha->numRuns, 0);
@@ -148,7 +148,7 @@ void tst_VxMenu::execTriggersAnAction()
 {
     VxMenu menu;
     menu.addItem(QStringLiteral("One"), 1);
-    menu.addAction(alpha);
+    menu.addAction(alphaClass);
     whenShown([](QMenu *shown) { clickEntry(shown, "Alpha"); });
     QCOMPARE(menu.exec(QPoint(20, 20)), -1);
     QCOMPARE(m_alpha->numRuns, 1);
@@ -189,8 +189,8 @@ void tst_VxMenu::emptySubMenusAreNotShown()
 {
     VxMenu menu;
     menu.addSubMenu(QStringLiteral("Empty"))->addAction(QStringLiteral("UnknownAction"));
-    menu.addSubMenu(QStringLiteral("Full"))->addAction(beta);
-    menu.addAction(alpha);
+    menu.addSubMenu(QStringLiteral("Full"))->addAction(betaClass);
+    menu.addAction(alphaClass);
     QString shown;
     whenShown([&shown](QMenu *popup) {
         shown = shownEntries(popup);
@@ -204,12 +204,13 @@ void tst_VxMenu::actionsOutliveTheMenu()
 {
     {
         VxMenu menu;
-        menu.addAction(alpha);
+        menu.addAction(alphaClass);
     }
-    QCOMPARE(m_window->getActionMgr()->findAction(alpha), m_alpha);
+    QCOMPARE(m_window->getActionMgr()->findAction(alphaClass), m_alpha);
     m_alpha->trigger();
     QCOMPARE(m_alpha->numRuns, 1);
 }
 
 QTEST_MAIN(tst_VxMenu)
+#include "moc_vxmenuactions.cpp"
 #include "tst_vxmenu.moc"

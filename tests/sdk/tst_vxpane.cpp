@@ -255,4 +255,5 @@ void tst_VxPane::plainPaneHasAnEmptyMenu()
 }
 
 QTEST_MAIN(tst_VxPane)
+#include "moc_vxmenuactions.cpp"
 #include "tst_vxpane.moc"

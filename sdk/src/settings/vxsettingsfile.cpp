@@ -120,7 +120,8 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
 {
     const QTemporaryDir dir;
     QSettings store(scratchFile(dir), QSettings::IniFormat);
-    store.setIniCodec("UTF-8");
+    // Without a codec everything beyond ASCII is escaped; with one, characters of two code units
+    // would be lost.
     for (auto it = values.begin(); it != values.end(); ++it)
         store.setValue(it.key(), it.value());
     store.sync();
