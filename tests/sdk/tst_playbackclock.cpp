@@ -240,8 +240,11 @@ void TestPlaybackClock::endOffTheFramesIsShown()
 {
     PlaybackClock clock;
     clock.start(0, {100, {0, 250}, false, true}, 0);
-    QCOMPARE(playByDueTimes(clock, 3), (QVector<VxTime>{100, 200, 250}));
-    QVERIFY(clock.advance(Second).ended);
+    QCOMPARE(playByDueTimes(clock, 2), (QVector<VxTime>{100, 200}));
+    QCOMPARE(clock.nextDue(), (250 * Second + 4799) / 4800);
+    const PlaybackFrame last = clock.advance(clock.nextDue());
+    QCOMPARE(last.time, 250);
+    QVERIFY(last.ended);
 }
 
 void TestPlaybackClock::startOutsideOfTheRange_data()

@@ -27,6 +27,7 @@ public:
 
     /// Sets the global `vxScene` when there is none.
     explicit VxScene(QObject *parent = nullptr);
+    /// Destroys the nodes. The scene sends no signals any more; elements and properties do.
     ~VxScene() override;
 
     /// The current time, in ticks. Not limited to any range.

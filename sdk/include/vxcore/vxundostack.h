@@ -53,6 +53,7 @@ public Q_SLOTS:
     QString text(int index) const;
     QString undoText() const;
     QString redoText() const;
+    /// Forgets every entry, and what an open hold has collected up to now.
     void clear();
     /// Makes the present state the one that counts as saved.
     void setClean();

@@ -1,5 +1,7 @@
 #include "scene/nodecontrols.h"
 
+#include "keys/vxproperty_p.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QtMath>
 #include <vxcore/vxfloatproperty.h>
@@ -70,7 +72,8 @@ VxFloatProperty *makeNodeControl(NodeControl control)
     const ControlInfo &info = Controls[control];
     auto *property =
         new VxFloatProperty(QString::fromLatin1(info.name), info.isScale ? 1.0f : 0.0f);
-    property->setLabel(QCoreApplication::translate("VxNode", info.label));
+    // Past the setter: an open hold would record a label for each control of each new node.
+    VxProperty::Private::of(property)->label = QCoreApplication::translate("VxNode", info.label);
     property->setAxis(info.axis);
     if (info.isScale) {
         property->setPercentage(true);

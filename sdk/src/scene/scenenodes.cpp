@@ -40,14 +40,16 @@ QVector<QPointer<VxElement>> elementsOf(VxNode *node)
 
 } // namespace
 
-SceneNodes::~SceneNodes()
+void SceneNodes::destroyAll()
 {
-    const QVector<VxNode *> nodes = all();
-    for (VxNode *node : nodes) {
+    for (VxNode *node : all()) {
         VxNode::Private::of(node)->scene = nullptr;
         VxNode::Private::of(node)->selectionIndex = -1;
     }
-    const QVector<VxNode *> roots = std::move(m_roots);
+    const QVector<VxNode *> roots = m_roots;
+    m_roots.clear();
+    m_all.clear();
+    m_count = 0;
     qDeleteAll(roots);
 }
 

@@ -21,8 +21,8 @@ public:
         : m_scene(scene)
     {
     }
-    /// Destroys the nodes, without the scene's signals.
-    ~SceneNodes();
+    /// For the end of the scene: no signal of the scene is sent, and the selection is not told.
+    void destroyAll();
 
     const QVector<VxNode *> &roots() const { return m_roots; }
     const QVector<VxNode *> &all() const;

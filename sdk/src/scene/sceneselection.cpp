@@ -61,6 +61,13 @@ void SceneSelection::deselectAll()
     deselect(nodes());
 }
 
+void SceneSelection::forget()
+{
+    m_list.clear();
+    m_gaps = 0;
+    m_primary = nullptr;
+}
+
 void SceneSelection::setPrimary(VxNode *node)
 {
     if (node) {

@@ -31,6 +31,8 @@ public:
     void deselect(const QVector<VxNode *> &nodes);
     void selectAll();
     void deselectAll();
+    /// For the end of the scene: without a word to anyone.
+    void forget();
     /// Null: nodes stay selected, none of them primary.
     void setPrimary(VxNode *node);
 

@@ -2,6 +2,26 @@
 
 #include "keys/vxproperty_p.h"
 #include "undo/vxundovalueitem.h"
+#include <vxcore/vxnode.h>
+#include <vxcore/vxobject.h>
+
+namespace {
+
+/// The classes that signals of elements name without knowing more of them than the name; scripts
+/// and queued connections need them as types.
+void registerTypes()
+{
+    static const bool done = [] {
+        qRegisterMetaType<VxProperty *>();
+        qRegisterMetaType<VxElement *>();
+        qRegisterMetaType<VxNode *>();
+        qRegisterMetaType<VxObject *>();
+        return true;
+    }();
+    Q_UNUSED(done)
+}
+
+} // namespace
 
 VxScene *VxElement::Private::findScene() const
 {
@@ -58,6 +78,7 @@ VxElement::VxElement(const QString &name)
 VxElement::VxElement(const QString &name, Private *priv)
     : d(priv)
 {
+    registerTypes();
     d->q = this;
     d->name = name;
     d->label = name;

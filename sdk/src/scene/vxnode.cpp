@@ -94,7 +94,9 @@ void VxNode::getNodeChildren(QVector<VxNode *> &list, bool recursive) const
 
 bool VxNode::isAncestorOf(const VxNode *node) const
 {
-    const VxNode *above = node ? node->getNodeParent() : nullptr;
+    // A node without children needs no walk up; long chains are built of such.
+    const bool canBe = node && !priv()->children.isEmpty();
+    const VxNode *above = canBe ? node->getNodeParent() : nullptr;
     while (above && above != this)
         above = above->getNodeParent();
     return above != nullptr;

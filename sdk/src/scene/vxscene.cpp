@@ -93,6 +93,7 @@ VxScene::VxScene(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>(this))
 {
+    qRegisterMetaType<VxTime>("VxTime");
     VxProperty::Private::changeHook = &Private::handlePropertyChange;
     if (!vxScene)
         vxScene = this;
@@ -100,8 +101,11 @@ VxScene::VxScene(QObject *parent)
 
 VxScene::~VxScene()
 {
+    // Receivers would find a scene that is half gone.
+    blockSignals(true);
     d->playback.pause();
-    qDeleteAll(d->nodes.take(d->nodes.roots()));
+    d->selection.forget();
+    d->nodes.destroyAll();
     if (vxScene == this)
         vxScene = nullptr;
 }

@@ -2,6 +2,7 @@
 #define TIME_PLAYBACKCLOCK_H
 
 #include <QtCore/qglobal.h>
+#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtimerange.h>
 
 /// What is played, and how.
@@ -26,7 +27,7 @@ struct PlaybackFrame
 /// shown. The anchor only moves when somebody intervenes or when playback of every frame falls
 /// behind, so nothing adds up over hours. Shown are the start of the range, the multiples of the
 /// step within it, and its end, each until the next; the end for a whole step when looping.
-class PlaybackClock
+class VXCORE_EXPORT PlaybackClock
 {
 public:
     /// Starts at a time that is on show from the nanosecond now on. A time before the range is

@@ -196,6 +196,8 @@ QString VxUndoStack::redoText() const
 
 void VxUndoStack::clear()
 {
+    d->index.clear();
+    d->items.clear();
     d->stack->clear();
 }
 
