@@ -97,8 +97,8 @@ void TestSceneBuilder::shapes()
         ++depth;
     QCOMPARE(depth, 6);
     QCOMPARE(tree->getAllBones().size(), 20);
-    QVERIFY(tree->getNumNodeChildren() > 1);
-    QVERIFY(tree->getNodeChild(0)->getNumNodeChildren() > 1);
+    QCOMPARE(tree->getNodeChild(0)->getNumNodeChildren(), 4);
+    QCOMPARE(tree->getNodeChild(0)->getNodeChild(1)->getNumNodeChildren(), 4);
     QCOMPARE(scene.findNode(QStringLiteral("t20"))->getSkeleton(), tree);
 }
 
