@@ -43,7 +43,7 @@ bool ScriptArguments::boolean(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isBool())
-        failArgument(index, name, "boolean");
+        failArgument(index, name, "true or false");
     return value.toBool();
 }
 
@@ -51,7 +51,7 @@ QString ScriptArguments::text(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isString())
-        failArgument(index, name, "string");
+        failArgument(index, name, "a text");
     return value.toString();
 }
 
@@ -59,7 +59,7 @@ QScriptValue ScriptArguments::array(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isArray())
-        failArgument(index, name, "array");
+        failArgument(index, name, "an array");
     return value;
 }
 
@@ -90,7 +90,7 @@ void ScriptArguments::failArgument(int index, const char *name, const char *expe
 {
     const QScriptValue value = m_context->argument(index);
     const QString given = index < count() ? value.toString() : QStringLiteral("nothing");
-    fail(QStringLiteral("expects a %1 as argument %2 (%3), not %4")
+    fail(QStringLiteral("expects %1 as argument %2 (%3), not %4")
              .arg(QLatin1String(expected))
              .arg(index + 1)
              .arg(QLatin1String(name), given));
@@ -104,7 +104,7 @@ int ScriptArguments::toInteger(const QScriptValue &value, int index, const char 
                        number <= std::numeric_limits<int>::max();
     if (whole)
         return static_cast<int>(number);
-    failArgument(index, name, "whole number");
+    failArgument(index, name, "a whole number");
     return 0;
 }
 
@@ -113,7 +113,7 @@ double ScriptArguments::toNumber(const QScriptValue &value, int index, const cha
     const double number = value.toNumber();
     if (value.isNumber() && std::isfinite(number))
         return number;
-    failArgument(index, name, "finite number");
+    failArgument(index, name, "a finite number");
     return 0.0;
 }
 

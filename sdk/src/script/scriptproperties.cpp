@@ -50,11 +50,12 @@ double member(ScriptArguments &arguments, const QScriptValue &key, quint32 index
     const QScriptValue value = key.property(QLatin1String(name));
     if (!required && !value.isValid())
         return 0.0;
+    const QString given = value.isValid() ? value.toString() : QStringLiteral("nothing");
     if (!value.isNumber() || !std::isfinite(value.toNumber()))
         arguments.fail(QStringLiteral("expects a finite number as %1 of key %2, not %3")
                            .arg(QLatin1String(name))
                            .arg(index)
-                           .arg(value.toString()));
+                           .arg(given));
     return value.toNumber();
 }
 

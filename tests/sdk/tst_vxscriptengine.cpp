@@ -1,0 +1,252 @@
+// The script engine: errors and where they are, printing, and what the manual's examples do.
+
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtScript/QScriptEngine>
+#include <QtTest/QtTest>
+#include <testing/vxwarningguard.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscriptengine.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+struct Example
+{
+    QString program;
+    QString output;
+    int line; ///< of the first line of the program, in the manual
+};
+
+/// Takes the pairs of a ```js and a ```text block out of a manual.
+QVector<Example> examplesOf(const QString &manual)
+{
+    QVector<Example> examples;
+    QString *block = nullptr;
+    QString ignored;
+    const QStringList lines = manual.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i) {
+        const QString &line = lines.at(i);
+        if (block && line == QLatin1String("```")) {
+            block = nullptr;
+        } else if (line == QLatin1String("```js")) {
+            examples.append({QString(), QString(), i + 2});
+            block = &examples.last().program;
+        } else if (line == QLatin1String("```text")) {
+            block = examples.isEmpty() ? &ignored : &examples.last().output;
+        } else if (block) {
+            *block += line + QLatin1Char('\n');
+        }
+    }
+    return examples;
+}
+
+} // namespace
+
+class TestScriptEngine : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void valueOfTheLastStatement();
+    void printJoinsItsArguments();
+    void errorsNameFileAndLine_data();
+    void errorsNameFileAndLine();
+    void missingFileIsAnErrorWithoutALine();
+    void argumentsAreSeen();
+    void globalNamesAreSorted();
+    void endlessLoopCanBeStopped();
+    void deletedObjectGivesAnError();
+    void wrapperNeverOwnsTheObject();
+    void scriptEditsAreUndoneLikeOthers();
+    void manualExamplesDoWhatTheManualSays();
+    void badArguments_data();
+    void badArguments();
+
+private:
+    std::unique_ptr<VxWarningGuard> m_guard;
+    std::unique_ptr<VxApp> m_app;
+    VxScriptEngine *m_engine = nullptr;
+    QStringList m_printed;
+};
+
+void TestScriptEngine::init()
+{
+    m_guard = std::make_unique<VxWarningGuard>();
+    m_app = std::make_unique<VxApp>();
+    m_engine = m_app->getScriptEngine();
+    m_engine->registerHost();
+    m_printed.clear();
+    connect(m_engine, &VxScriptEngine::printed, this,
+            [this](const QString &text) { m_printed.append(text); });
+}
+
+void TestScriptEngine::cleanup()
+{
+    m_app.reset();
+    m_guard.reset();
+}
+
+void TestScriptEngine::valueOfTheLastStatement()
+{
+    VxScriptError error;
+    QCOMPARE(m_engine->evaluate(QStringLiteral("1 + 2"), {}, &error), QStringLiteral("3"));
+    QVERIFY(error.isNull());
+    QCOMPARE(m_engine->evaluate(QStringLiteral("var a = 1;")), QString());
+}
+
+void TestScriptEngine::printJoinsItsArguments()
+{
+    m_engine->evaluate(QStringLiteral("print('a', 1, true); print()"));
+    QCOMPARE(m_printed, (QStringList{QStringLiteral("a 1 true"), QString()}));
+}
+
+void TestScriptEngine::errorsNameFileAndLine_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<int>("line");
+    QTest::newRow("syntax") << "var a = 1;\nvar b = ;\n" << 2;
+    QTest::newRow("unknown name") << "\n\nnobody.call();" << 3;
+    QTest::newRow("thrown by the program") << "\nthrow new Error('x');" << 2;
+    QTest::newRow("thrown by a native function") << "Scene.addNode(1);" << 1;
+}
+
+void TestScriptEngine::errorsNameFileAndLine()
+{
+    QFETCH(QString, program);
+    VxScriptError error;
+    m_engine->evaluate(program, QStringLiteral("test.js"), &error);
+    QVERIFY(!error.isNull());
+    QTEST(error.line, "line");
+    QVERIFY(error.toString().startsWith(QStringLiteral("test.js:%1: ").arg(error.line)));
+    QCOMPARE(m_engine->evaluate(QStringLiteral("2"), {}, &error), QStringLiteral("2"));
+    QVERIFY(error.isNull());
+}
+
+void TestScriptEngine::missingFileIsAnErrorWithoutALine()
+{
+    VxScriptError error;
+    QVERIFY(!m_engine->runFile(QStringLiteral("nowhere.js"), &error));
+    QVERIFY(error.toString().startsWith(QLatin1String("nowhere.js: Cannot be read")));
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("program.js")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("print('\xc3\xa4')");
+    file.close();
+    QVERIFY(m_engine->runFile(file.fileName(), &error));
+    QCOMPARE(m_printed, QStringList{QString(QChar(0xe4))});
+}
+
+void TestScriptEngine::argumentsAreSeen()
+{
+    m_engine->setArguments({QStringLiteral("one"), QStringLiteral("2")});
+    QCOMPARE(m_engine->evaluate(QStringLiteral("arguments.length + arguments[1]")),
+             QStringLiteral("22"));
+}
+
+void TestScriptEngine::globalNamesAreSorted()
+{
+    const QStringList names = m_engine->globalNames();
+    QStringList sorted = names;
+    sorted.sort();
+    QCOMPARE(names, sorted);
+    for (const char *name : {"App", "Scene", "Undo", "arguments", "print"})
+        QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void TestScriptEngine::endlessLoopCanBeStopped()
+{
+    m_engine->setStoppable(true);
+    QTimer::singleShot(50, m_engine, &VxScriptEngine::abort);
+    VxScriptError error;
+    m_engine->evaluate(QStringLiteral("while (true) {}"), QStringLiteral("loop.js"), &error);
+    QCOMPARE(error.toString(), QStringLiteral("loop.js: Stopped"));
+    QCOMPARE(m_engine->evaluate(QStringLiteral("1")), QStringLiteral("1"));
+}
+
+void TestScriptEngine::deletedObjectGivesAnError()
+{
+    VxScriptError error;
+    m_engine->evaluate(QStringLiteral("var n = Scene.addNode('n'); var p = n.getXPosControl();"
+                                      "Scene.removeNode(n); p.setKey(0, 1);"),
+                       QStringLiteral("t"), &error);
+    QVERIFY2(!error.isNull(), "a call on a property that is gone must fail");
+}
+
+void TestScriptEngine::wrapperNeverOwnsTheObject()
+{
+    m_engine->evaluate(QStringLiteral("Scene.addNode('n'); null"));
+    m_engine->engine()->collectGarbage();
+    QVERIFY(vxScene->findNode(QStringLiteral("n")));
+}
+
+void TestScriptEngine::scriptEditsAreUndoneLikeOthers()
+{
+    m_engine->evaluate(QStringLiteral("var n = Scene.addNode('n'); Undo.beginHold();"
+                                      "n.getXPosControl().setKeys([{time: 0, value: 1}]);"
+                                      "Undo.acceptHold('Keys')"));
+    QCOMPARE(m_app->getUndoStack()->count(), 1);
+    m_app->getUndoStack()->undo();
+    QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
+}
+
+void TestScriptEngine::manualExamplesDoWhatTheManualSays()
+{
+    const QString name = QStringLiteral(VX_SOURCE_DIR "/docs/scripting.md");
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QVector<Example> examples = examplesOf(QString::fromUtf8(file.readAll()));
+    QVERIFY(examples.size() >= 8);
+    for (const Example &example : examples) {
+        m_printed.clear();
+        VxScriptError error;
+        m_engine->evaluate(example.program, QStringLiteral("scripting.md"), &error, example.line);
+        QVERIFY2(error.isNull(), qPrintable(error.toString()));
+        QCOMPARE(m_printed.join(QLatin1Char('\n')) + QLatin1Char('\n'), example.output);
+    }
+}
+
+void TestScriptEngine::badArguments_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("text for a number") << "p.setKey('a', 1)"
+                                       << "setKey() expects a whole number";
+    QTest::newRow("fraction of a tick") << "p.setKey(0.5, 1)"
+                                        << "whole number";
+    QTest::newRow("not a number") << "p.setValue(NaN)"
+                                  << "finite number";
+    QTest::newRow("unknown interpolation") << "p.setKey(0, 1, 5)"
+                                           << "0, 1 or 2";
+    QTest::newRow("no array") << "p.setKeys(3)"
+                              << "expects an array";
+    QTest::newRow("array of numbers") << "p.setKeys([1, 2])"
+                                      << "time of key 0";
+    QTest::newRow("called on something else") << "p.setKeys.call(n, [])"
+                                              << "VxNumericProperty";
+    QTest::newRow("alias of a node") << "p.setAlias(n)"
+                                     << "VxProperty";
+    QTest::newRow("beyond 32 bits") << "p.deleteKeys(0, 1e12)"
+                                    << "whole number";
+}
+
+void TestScriptEngine::badArguments()
+{
+    QFETCH(QString, program);
+    QFETCH(QString, message);
+    VxScriptError error;
+    m_engine->evaluate(QStringLiteral("var n = Scene.addNode('n'); var p = n.getXPosControl();") +
+                           program,
+                       {}, &error);
+    QVERIFY2(error.message.contains(message), qPrintable(error.message));
+    QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
+}
+
+QTEST_MAIN(TestScriptEngine)
+#include "tst_vxscriptengine.moc"
