@@ -1,0 +1,132 @@
+#ifndef VXDOPESHEETVIEW_H
+#define VXDOPESHEETVIEW_H
+
+#include <QtCore/QItemSelection>
+#include <QtCore/QVector>
+#include <QtWidgets/QTreeView>
+#include <memory>
+#include <vxcore/vxproperty.h>
+#include <vxcore/vxtime.h>
+
+#include "vxtimeline/keys/vxkeymessage.h"
+
+class QSortFilterProxyModel;
+class VxDopeSheetItem;
+class VxKeyCommunication;
+class VxNode;
+
+// The dope sheet: names in column 0, and in column 1 a time line for each row with its keys.
+//
+// The view maps time to pixels through TimelineMetrics, as its header and delegates do. Which keys
+// are selected stands in the rows' items; the view changes it, and tells and hears of it over a
+// key message bus. It opens no undo hold for the key commands: whoever calls them does.
+//
+// The order and argument names of signals and slots are seen by scripts: keep them.
+class VxDopeSheetView : public QTreeView
+{
+    Q_OBJECT
+public:
+    enum Column { NameColumn = 0, KeysColumn = 1 };
+
+    explicit VxDopeSheetView(QWidget *parent);
+    ~VxDopeSheetView() override;
+
+    // The bus over which key selections travel; not owned, null for none.
+    void setKeyCommunication(VxKeyCommunication *bus);
+    VxKeyCommunication *getKeyCommunication() const;
+
+    // The proxy that the text filter drives; not owned, null for none.
+    void setFilterModel(QSortFilterProxyModel *filterModel);
+    QSortFilterProxyModel *getFilterModel() const;
+    // Shows the rows whose names match, and those that lead to them. "rx::" in front makes the
+    // text a regular expression that minds case, "rx::ci::" one that does not, "wc::" a wildcard
+    // pattern as it stands; any other text is searched for anywhere in the name, whatever its
+    // case. Empty shows every row. Does nothing without a proxy.
+    void applyFilterText(const QString &text);
+
+    // True while the view itself changes which nodes of the scene are selected.
+    bool isChangingSelection() const;
+    // Selects the rows of the nodes that are selected in the scene, beside those selected already.
+    void selectSceneSelection();
+    // Opens the rows above a node's and scrolls to it; nothing when the node has no row.
+    void ensureNodeVisible(VxNode *node);
+    // Renews what depends on the scope in which keys are made.
+    void updateKeyScopeDisplay();
+
+    // The item of a row of the view's model, whatever the column; null for none.
+    VxDopeSheetItem *getItem(const QModelIndex &index) const;
+    // The first row of a node in the view's model; invalid when it has none.
+    QModelIndex findNodeIndex(VxNode *node) const;
+    // The properties of the selected rows, each once, in the order of the rows.
+    QVector<VxProperty *> getSelectedProperties() const;
+
+    // The row that the context menu was opened on.
+    void setContextIndex(const QModelIndex &index);
+    QModelIndex getContextIndex() const;
+    bool hasContextItem() const;
+    bool hasItemSelection() const;
+    bool hasSelectedKeys() const;
+    bool hasCopiedKeys() const;
+
+    // Open or close the context item: itself; with all below; with those below that have (no)
+    // keys. Nothing without a context item.
+    void expandContextItem();
+    void expandFromContextItem();
+    void expandKeyedFromContextItem();
+    void collapseContextItem();
+    void collapseFromContextItem();
+    void collapseNonKeyedFromContextItem();
+
+    // True, and the value, when all selected TCB keys have it in common.
+    bool getCommonTension(float *tension) const;
+    bool getCommonContinuity(float *continuity) const;
+    bool getCommonBias(float *bias) const;
+
+    // Whether what is selected in the Parameters pane is followed.
+    void setMonitorParametersPane(bool onOff);
+    bool getMonitorParametersPane() const;
+
+Q_SIGNALS:
+    // The properties of the selected rows; add is false when they replace those told before.
+    void propertyHitListChanged(QVector<VxProperty *> propList, bool add);
+    // A change of the row selection has been carried over to the scene.
+    void itemSelectionChanged();
+    void keySelectionChanged();
+    void copyContextChanged(bool hasItems);
+
+public Q_SLOTS:
+    // Repaints rows and header.
+    void doUpdate();
+    void copyKeys();
+    void pasteKeys();
+    void deleteKeys();
+    void setInterpType(int type);
+    void setTCB(float t, float c, float b);
+    void skipToPreviousKey();
+    void skipToNextKey();
+    void clearSelectedKeys();
+    // Selects or deselects the keys of the rows from startIndex to endIndex, in the order in which
+    // they are shown; a closed last row stands for all that is below it. Times: startTime included,
+    // endTime not, except that equal ones mean the keys at just that time. An invalid startIndex
+    // means the context item, an invalid endIndex means startIndex.
+    void setKeySelection(bool yesNo, QModelIndex startIndex = QModelIndex(),
+                         QModelIndex endIndex = QModelIndex(), VxTime startTime = -1,
+                         VxTime endTime = VxTimeMax);
+    VxDopeSheetItem *searchNext();
+    VxDopeSheetItem *searchPrevious();
+    void timeChanged(VxTime time);
+    void timerKick();
+    void handleAppStarting();
+    void handleGraphChannelListChanged(QVector<VxProperty *> propList);
+    void handleKeyMessage(const VxKeyMessage &message);
+    void handleSelectionChanged(const QItemSelection &selected, const QItemSelection &deselected);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,45 @@
+#ifndef VXKEYCOMMUNICATION_H
+#define VXKEYCOMMUNICATION_H
+
+#include <QtCore/QObject>
+
+#include "vxtimeline/keys/vxkeymessage.h"
+
+// One end of the line over which the dope sheet and the key graph tell each other which keys are
+// selected.
+//
+// Each side owns an end; an end's `sent` is connected to the other's `private_received`. Delivery
+// is direct, so everything the other side answers arrives while the sender is still sending: the
+// sender mutes its end for that time, and its own message never comes back to it.
+class VxKeyCommunication : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxKeyCommunication(QObject *parent = nullptr);
+    ~VxKeyCommunication() override;
+
+    bool isMuted() const;
+    // Returns the previous value, for senders that put it back.
+    bool setMuted(bool muted);
+
+    // Sends a message with this end muted, and puts the muting back afterwards.
+    void send(const VxKeyMessage &message);
+
+    // Connects two ends both ways. Calling it again for the same pair makes no second connection.
+    static void connectEnds(VxKeyCommunication *one, VxKeyCommunication *other);
+
+Q_SIGNALS:
+    // A message from the other side, for this side's listeners.
+    void received(const VxKeyMessage &message);
+    // A message from this side, for the other side.
+    void sent(const VxKeyMessage &message);
+
+public Q_SLOTS:
+    // Passes a message on to this side's listeners; drops it while muted.
+    void private_received(const VxKeyMessage &message);
+
+private:
+    bool m_muted = false;
+};
+
+#endif

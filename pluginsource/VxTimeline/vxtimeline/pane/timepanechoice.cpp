@@ -1,0 +1,3 @@
+#include "vxtimeline/pane/timepanechoice.h"
+
+TimePaneChoice::~TimePaneChoice() = default;

@@ -1,0 +1,211 @@
+#ifndef VXTIMEPANE_H
+#define VXTIMEPANE_H
+
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxproperty.h>
+#include <vxcore/vxtime.h>
+
+class QAction;
+class QResizeEvent;
+class QShowEvent;
+class VxDopeSheetItem;
+class VxDopeSheetView;
+class VxKeyGraphView;
+class VxNode;
+
+// The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
+//
+// The pane is the place where these meet; each does its own work. What is here is the widget tree
+// and its view modes, the time fields and transport buttons, the key commands with their undo
+// texts, and the script interface. The sources follow these groups: timepanebuilder builds,
+// timepanelayout shows and hides, timepanetime, timepanekeys and timepanesettings hold the slots
+// of their subject.
+//
+// The order and argument names of signals and slots are seen by scripts: keep them.
+class VxTimePane : public VxPane
+{
+    Q_OBJECT
+public:
+    enum ControlsPosition { ControlsBottom = 0, ControlsTop = 1 };
+    Q_ENUM(ControlsPosition)
+
+    enum ViewMode { BasicView = 0, IntermediateView = 1, AdvancedView = 2 };
+    Q_ENUM(ViewMode)
+
+    enum PropertyType {
+        PropNone = 0,
+        PropTranslate = 0x1,
+        PropRotate = 0x2,
+        PropScale = 0x4,
+        PropOther = 0x8,
+        PropAlias = 0x10,
+        PropHidden = 0x20
+    };
+    Q_ENUM(PropertyType)
+    Q_DECLARE_FLAGS(PropertyTypes, PropertyType)
+    Q_FLAG(PropertyTypes)
+
+    enum KeyScope { ScopeObject = 0, ScopeNodeRecurse = 1, ScopeNode = 2, ScopeProperties = 3 };
+    Q_ENUM(KeyScope)
+
+    VxTimePane();
+    ~VxTimePane() override;
+
+    // Never null; owned by the pane.
+    VxDopeSheetView *getDopeSheetView() const;
+    VxKeyGraphView *getKeyGraphView() const;
+
+    // Takes an action into the list whose check marks the pane keeps. Not owned; an action leaves
+    // the list when it is destroyed. Null and an action that is in the list are ignored.
+    void registerAction(QAction *action);
+    QVector<QAction *> getRegisteredActions() const;
+
+    void restoreSettings(VxSettings *settings) override;
+    void saveSettings(VxSettings *settings) const override;
+    // Reloads those time fields from the scene that are marked as out of date.
+    void updateTimeFields() override;
+
+Q_SIGNALS:
+    void controlsPositionChanged(ControlsPosition position);
+    void viewModeChanged(ViewMode mode);
+    void monitorParametersPaneChanged(bool onOff);
+    void playAllFramesChanged(bool onOff);
+    void keyGraphOpenChanged(bool onOff);
+    void dopesheetPropertyListChanged(QVector<VxProperty *> propList, bool add);
+    void graphChannelListChanged(QVector<VxProperty *> propList);
+
+public Q_SLOTS:
+    void expandAll();
+    void collapseAll();
+    void buildOptionsMenu(VxActionMenu *menu) override;
+    int getOptionsMenuVersion() const override;
+    void setControlsPosition(ControlsPosition position);
+    ControlsPosition getControlsPosition() const;
+    void setViewMode(ViewMode viewMode);
+    ViewMode getViewMode() const;
+    void setMonitorParametersPane(bool yesNo);
+    bool getMonitorParametersPane() const;
+    void setPlayAllFrames(bool onOff);
+    bool getPlayAllFrames() const;
+    void setTotalFrames(int frames);
+    int getTotalFrames() const;
+    // The key graph opens and closes in the advanced view only.
+    void toggleKeyGraph();
+    void setKeyGraphOpen(bool onOff);
+    bool getKeyGraphOpen() const;
+    void setPlayRangeStart(int frame);
+    int getPlayRangeStart() const;
+    void setPlayRangeEnd(int frame);
+    int getPlayRangeEnd() const;
+    void setCurrentFrame(int frame);
+    int getCurrentFrame() const;
+    void setFramesPerSecond(int fps);
+    int getFramesPerSecond() const;
+    void setFilteredPropertyTypes(PropertyTypes propTypes);
+    PropertyTypes getFilteredPropertyTypes() const;
+    void toggleLoop();
+    void skipToPlayRangeStart();
+    void skipToPreviousKey();
+    void skipToPreviousFilteredKey();
+    void skipToPreviousFrame();
+    void togglePlayback();
+    void skipToNextFrame();
+    void skipToNextKey();
+    void skipToNextFilteredKey();
+    void skipToPlayRangeEnd();
+    void deleteKeys();
+    void deleteSelectedKeys();
+    void createKeys();
+    // Below 1 asks the user for the number.
+    void createFilteredKeys(int numKeys = 1);
+    void setFilteredKeyCreationScope(KeyScope keyScope);
+    KeyScope getFilteredKeyCreationScope() const;
+    void copySelectedKeys();
+    void pasteKeys();
+    // 0 Linear, 1 Constant, 2 TCB; anything else is refused with a warning.
+    void setInterpType(int interpType);
+    // The five of the text filter have no effect: they are kept for scripts that call them.
+    void setFilterText(QString text);
+    QString getFilterText() const;
+    int getNumFilteredMatches() const;
+    VxDopeSheetItem *searchDopesheetNext();
+    VxDopeSheetItem *searchDopesheetPrevious();
+    bool hasDopeSheetItemContext() const;
+    bool hasDopeSheetItemSelection() const;
+    bool hasSelectedKeys() const;
+    bool hasCopiedKeys() const;
+    void moveRootNodeToTop();
+    void moveRootNodeUp();
+    void moveRootNodeDown();
+    void moveRootNodeToBottom();
+    void refreshDopesheet();
+    void frameKeyGraph(bool onlySelected = false);
+
+protected:
+    bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private Q_SLOTS:
+    void unregisterAction(QObject *action);
+    void initModel();
+    void uninitModel();
+    void handleSceneLoadStarting();
+    void handleSceneLoaded();
+    void handleSceneClearStarting();
+    void addDopesheetNode(VxNode *node, bool addChildren);
+    void addDopesheetNode(VxNode *node);
+    void removeDopesheetNode(VxNode *node);
+    void updateTimeStep(VxTime step);
+    void handlePropertyTypesEdited();
+    void updateKeyInterpType();
+    void updateTCB();
+    void updateControls();
+    void updateSliders();
+    void updateKeyGraph();
+    void updateActionStates();
+    void handleDopesheetFilterChanged(QString filter);
+    void handleDopesheetFilterCleared();
+    void handleDopesheetHeaderSectionResized();
+    void handleDopesheetItemSelectionChanged();
+    void handleDopesheetKeySelectionChanged();
+    void handlePrimarySelectionChanged();
+    void ensurePrimarySceneNodeVisible();
+    void blockRefresh();
+    void unblockRefresh();
+    void handleTotalFramesChanged();
+    void handlePlayRangeStartChanged();
+    void handlePlayRangeEndChanged();
+    void handleCurrentFrameChanged();
+    void handleFramesPerSecondChanged();
+    void handleLoopClicked();
+    void handleSkipToPlayRangeStartClicked();
+    void handleSkipToPreviousKeyClicked();
+    void handleSkipToPreviousFrameClicked();
+    void handlePlayPauseClicked();
+    void handleSkipToNextFrameClicked();
+    void handleSkipToNextKeyClicked();
+    void handleSkipToPlayRangeEndClicked();
+    void handleDeleteKeysClicked();
+    void handleCreateKeysClicked();
+    void changeTime();
+    void changeTimeStep();
+    void updatePlayRange();
+    void updateAnimationRange();
+    void updateScenePlayRange();
+    void updatePlayButton();
+    void updateLoopButton(bool onOff);
+    void handleKeyGraphOpenChanged();
+    void doStyling();
+
+private:
+    friend class TimePaneBuilder;
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(VxTimePane::PropertyTypes)
+
+#endif
