@@ -201,6 +201,14 @@ private Q_SLOTS:
     void doStyling();
 
 private:
+    void resetPlayRangeStart();
+    void resetFramesPerSecond();
+    void skipToKey(VxTime found, const QString &undoText);
+    void makeFilteredKeys(int numKeys);
+    void fillDopesheet();
+    void syncDopesheetSelection();
+    void requestEnsureVisible();
+
     friend class TimePaneBuilder;
     class Private;
     std::unique_ptr<Private> d;

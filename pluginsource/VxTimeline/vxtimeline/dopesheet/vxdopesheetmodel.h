@@ -1,0 +1,81 @@
+#ifndef VXDOPESHEETMODEL_H
+#define VXDOPESHEETMODEL_H
+
+#include <QtCore/QAbstractItemModel>
+#include <QtCore/QVector>
+#include <memory>
+
+class VxDopeSheetItem;
+class VxNode;
+class VxObject;
+
+// The tree of rows behind the dope sheet as an item model of two columns, name and keys.
+//
+// The model follows the scene for the nodes it has been given: it makes a node's rows, moves them
+// when the node gets another parent, and takes them away. Which nodes those are is the pane's
+// decision. What property types are listed is settled when rows are made: another choice needs
+// another model.
+class VxDopeSheetModel : public QAbstractItemModel
+{
+    Q_OBJECT
+public:
+    enum Column { NameColumn = 0, KeysColumn = 1, NumColumns = 2 };
+
+    // propertyTypes: bits of DopeSheetPropertyTypes. keyCreationScope: a number of
+    // VxTimePane::KeyScope.
+    VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent);
+    ~VxDopeSheetModel() override;
+
+    int getPropertyTypes() const;
+    int getKeyCreationScope() const;
+    bool hasSelectedKeys() const;
+
+    // Above all rows; owned by the model.
+    VxDopeSheetItem *getRootItem() const;
+    // The item of an index, the root item for an invalid one.
+    VxDopeSheetItem *getItem(const QModelIndex &index) const;
+    // The row of a node; null when it has none.
+    VxDopeSheetItem *findItem(VxNode *node) const;
+    // Invalid for null and for the root item.
+    QModelIndex indexOf(const VxDopeSheetItem *item, int column = NameColumn) const;
+    // The nodes of the rows at the top level, in their order.
+    QVector<VxNode *> getTopLevelNodes() const;
+
+    // Change the place of a row at the top level; a node that has none there is ignored.
+    void moveRootRowToTop(VxNode *node);
+    void moveRootRowUp(VxNode *node);
+    void moveRootRowDown(VxNode *node);
+    void moveRootRowToBottom(VxNode *node);
+
+    using QObject::parent;
+    QModelIndex index(int row, int column,
+                      const QModelIndex &parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex &index) const override;
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    // Display and decoration for column 0; the VxDopeSheetItem * under Qt::UserRole for both.
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+public Q_SLOTS:
+    // Adds the rows of a node, after those of its ancestors that are missing, as the last ones of
+    // its parent; with addChildren those of the nodes below it too. Null and a node that has a
+    // row are ignored.
+    void addNode(VxNode *node, bool addChildren);
+    void addNode(VxNode *node);
+    void removeNode(VxNode *node);
+    void parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
+    void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);
+    // Tells the views that anything may have changed.
+    void keysChanged();
+
+private:
+    QVariant decoration(const VxDopeSheetItem *item) const;
+    void moveRootRow(int from, int to);
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,128 @@
+// The upper part of the pane: dope sheet, key graph and time range.
+
+#include "vxtimeline/pane/timepanebuilder.h"
+
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxstyledwidget.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
+
+TimePaneBuilder::TimePaneBuilder(VxTimePane *pane)
+    : m_pane(pane)
+    , d(pane->d.get())
+    , m_margin(vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin))
+    , m_controlHeight(vxApp->getStyle()->metric(VxStyle::PM_VxControlHeight))
+{
+}
+
+void TimePaneBuilder::buildTree()
+{
+    auto *layout = new QVBoxLayout(m_pane);
+    layout->setContentsMargins(m_margin, m_margin, m_margin, m_margin);
+    layout->setSpacing(0);
+    buildHeader();
+    buildNavColumn();
+    buildDopeSheet();
+    buildPlayhead();
+    buildKeyGraph();
+    buildDivider();
+    buildTimeRange();
+    buildMainControls();
+    layout->addWidget(d->divider, 1);
+    layout->addWidget(d->timeRange);
+    layout->addWidget(d->mainControls);
+    m_pane->setBackgroundFooterGuide(d->timeRange);
+}
+
+void TimePaneBuilder::buildHeader()
+{
+    d->header = new VxDopeSheetHeaderView(m_pane);
+    d->header->setObjectName(QStringLiteral("TimelineDopeSheetHeaderWgt"));
+    d->header->setFixedHeight(vxApp->getStyle()->metric(VxStyle::PM_VxDopeSheetHeaderHeight));
+}
+
+// The column lies over a header section that can be resized with the mouse at its edge: it lets
+// the mouse through.
+void TimePaneBuilder::buildNavColumn()
+{
+    d->navColumn = new VxStyledWidget(d->header);
+    d->navColumn->setObjectName(QStringLiteral("TimelineDopeSheetHeaderNavColumnWgt"));
+    d->navColumn->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto *layout = new QHBoxLayout(d->navColumn);
+    layout->setContentsMargins(m_margin, m_margin, m_margin, m_margin);
+    layout->setSpacing(m_margin);
+    layout->addWidget(makeLabel(QStringLiteral("TimelineDopeSheetHeaderNavColumnTitleLbl"),
+                                VxTimePane::tr("Name"), d->navColumn),
+                      1);
+}
+
+void TimePaneBuilder::buildDopeSheet()
+{
+    d->dopeSheetView = new VxDopeSheetView(m_pane);
+    d->dopeSheetView->setObjectName(QStringLiteral("TimelineDopeSheetTView"));
+    d->dopeSheetView->setHeader(d->header);
+    d->dopeSheetView->setKeyCommunication(d->keyCommunication);
+
+    // Rows report changes in the thousands; filtering them again each time would take longer than
+    // anything else. The pane filters anew when the text or the rows change.
+    d->filterModel = new VxDopeSheetFilterModel(m_pane);
+    d->filterModel->setRecursiveFilteringEnabled(true);
+    d->filterModel->setDynamicSortFilter(false);
+    d->filterModel->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    d->dopeSheetView->setFilterModel(d->filterModel);
+}
+
+void TimePaneBuilder::buildPlayhead()
+{
+    d->playhead = new VxPlayheadWgt(d->dopeSheetView);
+    d->playhead->setObjectName(QStringLiteral("TimelinePlayheadWgt"));
+    d->playhead->setHorizontalOffset(d->savedNameColumnWidth);
+}
+
+void TimePaneBuilder::buildKeyGraph()
+{
+    d->graphFrame = new QFrame(m_pane);
+    d->graphFrame->setObjectName(QStringLiteral("TimelineGraphFrm"));
+    d->graphFrame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    auto *layout = new QVBoxLayout(d->graphFrame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+
+    d->keyGraph = new VxKeyGraph(m_pane);
+    d->keyGraph->setKeyCommunication(d->keyCommunication);
+    d->keyGraphView = new VxKeyGraphView(d->graphFrame);
+    d->keyGraphView->setObjectName(QStringLiteral("TimelineKeyGraphView"));
+    d->keyGraphView->setKeyGraph(d->keyGraph);
+    layout->addWidget(d->keyGraphView);
+}
+
+void TimePaneBuilder::buildDivider()
+{
+    d->divider = new VxDynamicDividerWgt(d->dopeSheetView, d->graphFrame, m_pane, Qt::Vertical,
+                                         QStringLiteral("TimelineDopeSheetGraphDvdr"));
+    d->divider->setMargin(0);
+    d->divider->setSpacing(0);
+}
+
+void TimePaneBuilder::buildTimeRange()
+{
+    d->timeRange = makeGroup(QStringLiteral("TimelineTimeRangeWgt"), m_pane);
+    groupLayout(d->timeRange)->setSpacing(0);
+    d->timeRangeSlider = new VxTimeRangeSlider(d->timeRange);
+    d->timeRangeSlider->setObjectName(QStringLiteral("TimelineTimeRangeSldr"));
+    d->timeRangeSlider->setFixedHeight(m_controlHeight);
+    groupLayout(d->timeRange)->addWidget(d->timeRangeSlider, 1);
+}

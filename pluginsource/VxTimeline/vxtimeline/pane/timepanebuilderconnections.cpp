@@ -1,0 +1,132 @@
+// Who hears whom.
+
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QScrollBar>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxbarbutton.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanebuilder.h"
+#include "vxtimeline/pane/timepanefield.h"
+#include "vxtimeline/widgets/vxfiltermenu.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
+
+using Pane = VxTimePane;
+
+// The order counts where one signal has several receivers.
+void TimePaneBuilder::makeConnections()
+{
+    connectSceneTime();
+    connectSceneNodes();
+    connectDopeSheet();
+    connectSliders();
+    connectFields();
+    connectTransport();
+    connectKeyControls();
+    QObject::connect(vxApp, &VxApp::styleChanged, m_pane, &Pane::doStyling);
+    QObject::connect(m_pane, &Pane::keyGraphOpenChanged, m_pane, &Pane::handleKeyGraphOpenChanged);
+}
+
+void TimePaneBuilder::connectSceneTime()
+{
+    QObject::connect(vxScene, &VxScene::timeChanged, m_pane, &Pane::changeTime);
+    QObject::connect(vxScene, &VxScene::timeStepChanged, m_pane, &Pane::changeTimeStep);
+    QObject::connect(vxScene, &VxScene::timeStepChanged, m_pane, &Pane::updateTimeStep);
+    QObject::connect(vxScene, &VxScene::playRangeChanged, m_pane, &Pane::updatePlayRange);
+    QObject::connect(vxScene, &VxScene::animRangeChanged, m_pane, &Pane::updateAnimationRange);
+    QObject::connect(vxScene, &VxScene::playbackStarted, m_pane, &Pane::updatePlayButton);
+    QObject::connect(vxScene, &VxScene::playbackFinished, m_pane, &Pane::updatePlayButton);
+    QObject::connect(vxScene, &VxScene::loopPlaybackChanged, m_pane, &Pane::updateLoopButton);
+}
+
+void TimePaneBuilder::connectSceneNodes()
+{
+    QObject::connect(vxScene, &VxScene::nodeAdded, m_pane,
+                     QOverload<VxNode *>::of(&Pane::addDopesheetNode));
+    QObject::connect(vxScene, &VxScene::aboutToRemoveNode, m_pane, &Pane::removeDopesheetNode);
+    QObject::connect(vxScene, &VxScene::sceneLoadStarting, m_pane, &Pane::handleSceneLoadStarting);
+    QObject::connect(vxScene, &VxScene::sceneLoadStarting, m_pane, &Pane::blockRefresh);
+    QObject::connect(vxScene, &VxScene::sceneLoaded, m_pane, &Pane::handleSceneLoaded);
+    QObject::connect(vxScene, &VxScene::sceneLoaded, m_pane, &Pane::unblockRefresh);
+    QObject::connect(vxScene, &VxScene::sceneClearStarting, m_pane,
+                     &Pane::handleSceneClearStarting);
+    QObject::connect(vxScene, &VxScene::primarySelectionChanged, m_pane,
+                     &Pane::handlePrimarySelectionChanged);
+}
+
+void TimePaneBuilder::connectDopeSheet()
+{
+    QObject::connect(d->keyCommunication, &VxKeyCommunication::received, m_pane,
+                     &Pane::updateActionStates);
+    QObject::connect(d->dopeSheetView, &VxDopeSheetView::itemSelectionChanged, m_pane,
+                     &Pane::handleDopesheetItemSelectionChanged);
+    QObject::connect(d->dopeSheetView, &VxDopeSheetView::propertyHitListChanged, m_pane,
+                     &Pane::dopesheetPropertyListChanged);
+    QObject::connect(d->dopeSheetView, &VxDopeSheetView::keySelectionChanged, m_pane,
+                     &Pane::handleDopesheetKeySelectionChanged);
+    QObject::connect(d->header, &QHeaderView::sectionResized, m_pane,
+                     &Pane::handleDopesheetHeaderSectionResized);
+    QObject::connect(d->keyGraphView, &VxKeyGraphView::channelListChanged, m_pane,
+                     &Pane::graphChannelListChanged);
+}
+
+void TimePaneBuilder::connectSliders()
+{
+    const QScrollBar *rangeControl = d->timeRangeSlider->getScrollBar();
+    QObject::connect(rangeControl, &QScrollBar::valueChanged, m_pane, &Pane::updateScenePlayRange);
+    QObject::connect(rangeControl, &QScrollBar::valueChanged, d->playhead, &VxPlayheadWgt::slider);
+    QObject::connect(d->timeRangeSlider, &VxTimeRangeSlider::valueChanged, d->dopeSheetView,
+                     &VxDopeSheetView::doUpdate);
+}
+
+void TimePaneBuilder::connectField(TimePaneField *field, void (VxTimePane::*slot)()) const
+{
+    QObject::connect(field, QOverload<int>::of(&QSpinBox::valueChanged), m_pane, slot);
+    QObject::connect(field, &QSpinBox::editingFinished, m_pane, slot);
+}
+
+void TimePaneBuilder::connectFields()
+{
+    connectField(d->totalFrames, &Pane::handleTotalFramesChanged);
+    connectField(d->playStart, &Pane::handlePlayRangeStartChanged);
+    connectField(d->playEnd, &Pane::handlePlayRangeEndChanged);
+    connectField(d->currentFrame, &Pane::handleCurrentFrameChanged);
+    connectField(d->framesPerSecond, &Pane::handleFramesPerSecondChanged);
+    QObject::connect(d->filterMenu, &VxFilterMenu::filterChanged, m_pane,
+                     &Pane::handlePropertyTypesEdited);
+}
+
+void TimePaneBuilder::connectTransport()
+{
+    const auto clicked = &VxBarButton::clicked;
+    QObject::connect(d->loopButton, clicked, m_pane, &Pane::handleLoopClicked);
+    QObject::connect(d->skipToStartButton, clicked, m_pane,
+                     &Pane::handleSkipToPlayRangeStartClicked);
+    QObject::connect(d->previousKeyButton, clicked, m_pane, &Pane::handleSkipToPreviousKeyClicked);
+    QObject::connect(d->previousFrameButton, clicked, m_pane,
+                     &Pane::handleSkipToPreviousFrameClicked);
+    QObject::connect(d->playPauseButton, clicked, m_pane, &Pane::handlePlayPauseClicked);
+    QObject::connect(d->nextFrameButton, clicked, m_pane, &Pane::handleSkipToNextFrameClicked);
+    QObject::connect(d->nextKeyButton, clicked, m_pane, &Pane::handleSkipToNextKeyClicked);
+    QObject::connect(d->skipToEndButton, clicked, m_pane, &Pane::handleSkipToPlayRangeEndClicked);
+}
+
+void TimePaneBuilder::connectKeyControls()
+{
+    const auto clicked = &VxBarButton::clicked;
+    QObject::connect(d->keyGraphButton, clicked, m_pane, &Pane::toggleKeyGraph);
+    QObject::connect(d->deleteKeysButton, clicked, m_pane, &Pane::handleDeleteKeysClicked);
+    QObject::connect(d->createKeysButton, clicked, m_pane, &Pane::handleCreateKeysClicked);
+    QObject::connect(d->copyButton, clicked, m_pane, &Pane::copySelectedKeys);
+    QObject::connect(d->pasteButton, clicked, m_pane, &Pane::pasteKeys);
+    for (QDoubleSpinBox *field : {d->tension, d->continuity, d->bias}) {
+        QObject::connect(field, QOverload<double>::of(&QDoubleSpinBox::valueChanged), m_pane,
+                         &Pane::updateTCB);
+        QObject::connect(field, &QDoubleSpinBox::editingFinished, m_pane, &Pane::updateTCB);
+    }
+}

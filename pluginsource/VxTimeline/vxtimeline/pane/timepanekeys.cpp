@@ -1,0 +1,298 @@
+// The key commands: what they change stands in the dope sheet view and in the key room; here are
+// their holds and undo texts, and the filter and scope they obey.
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMessageBox>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxstyledbutton.h>
+#include <vxcore/vxundostackhold.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/keycreation.h"
+#include "vxtimeline/keys/nodeproperties.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/time/timelinesnap.h"
+#include "vxtimeline/time/vxwarning.h"
+#include "vxtimeline/widgets/vxfiltermenu.h"
+
+namespace {
+
+constexpr int MostKeys = 100000;
+
+template <typename Visit> void visitSelectedNodes(Visit visit)
+{
+    for (VxNode *node : vxScene->getSelectedNodes())
+        NodeProperties::visitAll(node, visit);
+}
+
+// The node at which keys are made for a selected one, and whether those below get some too.
+struct KeyTarget
+{
+    VxNode *node;
+    bool recurse;
+};
+
+KeyTarget keyTarget(VxNode *selected, VxTimePane::KeyScope scope)
+{
+    if (scope == VxTimePane::ScopeNodeRecurse)
+        return {selected, true};
+    if (scope != VxTimePane::ScopeObject)
+        return {selected, false};
+    if (qobject_cast<VxBone *>(selected) && selected->getSkeleton())
+        return {selected->getSkeleton(), true};
+    return {selected, qobject_cast<VxSkeleton *>(selected) != nullptr};
+}
+
+} // namespace
+
+void VxTimePane::createKeys()
+{
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        visitSelectedNodes(KeyCreation::keyCurrentValue);
+    }
+    hold.accept(tr("Create Keys"));
+    updateActionStates();
+}
+
+void VxTimePane::deleteKeys()
+{
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        const VxTimeRange now(vxScene->getTime(), vxScene->getTime());
+        visitSelectedNodes([now](VxProperty *property) { property->deleteKeys(now); });
+    }
+    hold.accept(tr("Delete Keys"));
+    updateKeyInterpType();
+    updateActionStates();
+}
+
+// The hold is opened only after the questions: while a dialog is open the scene may well change.
+void VxTimePane::createFilteredKeys(int numKeys)
+{
+    if (!vxScene->getPrimarySelection()) {
+        QMessageBox::warning(vxApp->getDialogParent(), tr("Selection Error"),
+                             tr("A node in the scene must be selected to continue."),
+                             QMessageBox::Ok);
+        return;
+    }
+    if (numKeys < 1) {
+        bool accepted = false;
+        numKeys = QInputDialog::getInt(vxApp->getDialogParent(), tr("Create # Keys"),
+                                       tr("Number of keys:"), 1, 1, MostKeys, 1, &accepted);
+        if (!accepted) {
+            updateActionStates();
+            return;
+        }
+    }
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        makeFilteredKeys(numKeys);
+    }
+    hold.accept(tr("Create Filtered Keys"));
+    updateActionStates();
+}
+
+// Keys of single properties are not spread over frames: however many are asked for, they are made
+// at the current time.
+void VxTimePane::makeFilteredKeys(int numKeys)
+{
+    VxNode *selected = vxScene->getPrimarySelection();
+    if (!selected)
+        return;
+    const VxTime now = vxScene->getTime();
+    const KeyScope scope = getFilteredKeyCreationScope();
+    if (scope == ScopeProperties) {
+        for (VxProperty *property : d->dopeSheetView->getSelectedProperties())
+            KeyCreation::setKeyFrom(property, now, now);
+        return;
+    }
+    const KeyTarget target = keyTarget(selected, scope);
+    const int types = int(getFilteredPropertyTypes());
+    const VxTime step = vxScene->getTimeStep();
+    for (int i = 0; i < numKeys; ++i)
+        KeyCreation::setNodeKeys(target.node, types, target.recurse, now,
+                                 TimelineSnap::limited(now + qint64(step) * i));
+}
+
+void VxTimePane::deleteSelectedKeys()
+{
+    VxUndoStackHold hold;
+    d->dopeSheetView->deleteKeys();
+    hold.accept(tr("Delete Selected Keys"));
+    updateKeyInterpType();
+    updateActionStates();
+}
+
+void VxTimePane::copySelectedKeys()
+{
+    d->dopeSheetView->copyKeys();
+    updateActionStates();
+}
+
+void VxTimePane::pasteKeys()
+{
+    VxUndoStackHold hold;
+    d->dopeSheetView->pasteKeys();
+    hold.accept(tr("Paste Keys"));
+    updateActionStates();
+}
+
+void VxTimePane::setInterpType(int interpType)
+{
+    const QStringList names = {tr("Linear"), tr("Constant"), tr("TCB")};
+    if (interpType < 0 || interpType >= names.size()) {
+        vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setInterpType()"));
+        return;
+    }
+    VxUndoStackHold hold;
+    d->dopeSheetView->setInterpType(interpType);
+    hold.accept(tr("Set Interpolation Type ") + names.at(interpType));
+    updateKeyInterpType();
+    updateActionStates();
+}
+
+void VxTimePane::updateKeyInterpType()
+{
+    const bool hasKeys = d->dopeSheetView->hasSelectedKeys();
+    for (QDoubleSpinBox *field : {d->tension, d->continuity, d->bias})
+        field->setEnabled(hasKeys);
+    if (!hasKeys)
+        return;
+    const QScopedValueRollback<bool> updating(d->tcbFieldsUpdating, true);
+    float value = 0.0f;
+    if (d->dopeSheetView->getCommonTension(&value))
+        d->tension->setValue(double(value));
+    if (d->dopeSheetView->getCommonContinuity(&value))
+        d->continuity->setValue(double(value));
+    if (d->dopeSheetView->getCommonBias(&value))
+        d->bias->setValue(double(value));
+}
+
+void VxTimePane::updateTCB()
+{
+    if (d->tcbFieldsUpdating)
+        return;
+    VxUndoStackHold hold;
+    d->dopeSheetView->setTCB(float(d->tension->value()), float(d->continuity->value()),
+                             float(d->bias->value()));
+    hold.accept(tr("Set TCB Parameters"));
+}
+
+void VxTimePane::handleCreateKeysClicked()
+{
+    const bool asks = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
+    createFilteredKeys(asks ? -1 : 1);
+}
+
+void VxTimePane::handleDeleteKeysClicked()
+{
+    deleteSelectedKeys();
+}
+
+void VxTimePane::handleDopesheetItemSelectionChanged()
+{
+    updateActionStates();
+}
+
+void VxTimePane::handleDopesheetKeySelectionChanged()
+{
+    updateKeyInterpType();
+    updateActionStates();
+}
+
+bool VxTimePane::hasSelectedKeys() const
+{
+    return d->dopeSheetModel && d->dopeSheetModel->hasSelectedKeys();
+}
+
+bool VxTimePane::hasCopiedKeys() const
+{
+    return d->dopeSheetView && d->dopeSheetView->hasCopiedKeys();
+}
+
+void VxTimePane::setFilteredPropertyTypes(PropertyTypes propTypes)
+{
+    d->wantedPropertyTypes = propTypes;
+    const int types = int(propTypes);
+    for (QAction *action : qAsConst(d->actions)) {
+        const TimePaneChoice *choice =
+            Private::choiceOf(action, TimePaneChoice::PropertyTypeFamily);
+        if (!choice)
+            continue;
+        const int value = choice->value();
+        Private::setChecked(action, (types & value) == value && (value != 0 || types == 0));
+    }
+    d->filterMenu->notifyFilterChanged();
+}
+
+VxTimePane::PropertyTypes VxTimePane::getFilteredPropertyTypes() const
+{
+    PropertyTypes types;
+    for (const QAction *action : qAsConst(d->actions)) {
+        const TimePaneChoice *choice =
+            Private::choiceOf(action, TimePaneChoice::PropertyTypeFamily);
+        if (choice && action->isChecked())
+            types |= PropertyType(choice->value());
+    }
+    return types;
+}
+
+void VxTimePane::handlePropertyTypesEdited()
+{
+    refreshDopesheet();
+    const struct
+    {
+        PropertyType type;
+        QString letter;
+    } letters[] = {{PropTranslate, tr("T")}, {PropRotate, tr("R")}, {PropScale, tr("S")},
+                   {PropOther, tr("O")},     {PropAlias, tr("A")},  {PropHidden, tr("H")}};
+    const PropertyTypes types = getFilteredPropertyTypes();
+    QString text;
+    for (const auto &entry : letters) {
+        if (types.testFlag(entry.type))
+            text += entry.letter;
+    }
+    d->propertyTypesButton->setText(text);
+}
+
+void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
+{
+    if (keyScope < ScopeObject || keyScope > ScopeProperties) {
+        vxWarning(
+            VX_HERE,
+            QStringLiteral("Invalid value passed to VxTimePane::setFilteredKeyCreationScope()"));
+        return;
+    }
+    if (keyScope == ScopeProperties && !d->isAdvanced())
+        keyScope = ScopeNode;
+    d->wantedKeyScope = keyScope;
+    d->checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
+    if (const QAction *action = d->checkedAction(TimePaneChoice::KeyScopeFamily))
+        d->keyScopeButton->setText(action->text());
+    d->dopeSheetView->updateKeyScopeDisplay();
+    handlePrimarySelectionChanged();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    d->dopeSheetView->doUpdate();
+}
+
+VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
+{
+    const QAction *action = d->checkedAction(TimePaneChoice::KeyScopeFamily);
+    const TimePaneChoice *choice =
+        action ? Private::choiceOf(action, TimePaneChoice::KeyScopeFamily) : nullptr;
+    return choice ? KeyScope(choice->value()) : ScopeNode;
+}

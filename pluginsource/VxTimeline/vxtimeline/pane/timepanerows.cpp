@@ -1,0 +1,251 @@
+// The dope sheet's rows: which nodes have one, and when rows are made anew.
+
+#include <QtCore/QItemSelectionModel>
+#include <algorithm>
+#include <utility>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+
+namespace {
+
+// A name column narrower than this is not worth remembering; pixels.
+constexpr int LeastSavedWidth = 25;
+
+// A helper node that cannot be selected is of no use in the sheet, unless it leads to one that is.
+bool belongsInSheet(const VxNode *node)
+{
+    if (node->isVisible() && (!node->isIkNode() || node->isSelectable()))
+        return true;
+    for (int i = 0; i < node->getNumNodeChildren(); ++i) {
+        if (belongsInSheet(node->getNodeChild(i)))
+            return true;
+    }
+    return false;
+}
+
+VxNode *topmostAncestor(VxNode *node)
+{
+    while (node && node->getNodeParent())
+        node = node->getNodeParent();
+    return node;
+}
+
+} // namespace
+
+// Views leave their former selection models alone.
+void VxTimePane::Private::showModel(QAbstractItemModel *model) const
+{
+    const QItemSelectionModel *ofView = dopeSheetView->selectionModel();
+    const QItemSelectionModel *ofHeader = header->selectionModel();
+    dopeSheetView->setModel(model);
+    header->setModel(model);
+    if (ofHeader != ofView)
+        delete ofHeader;
+    delete ofView;
+}
+
+void VxTimePane::initModel()
+{
+    if (d->dopeSheetModel)
+        return;
+    d->dopeSheetModel =
+        new VxDopeSheetModel(int(getFilteredPropertyTypes()), getFilteredKeyCreationScope(), this);
+    d->filterModel->setSourceModel(d->dopeSheetModel);
+    d->showModel(d->filterModel);
+    connect(d->dopeSheetView->selectionModel(), &QItemSelectionModel::selectionChanged,
+            d->dopeSheetView, &VxDopeSheetView::handleSelectionChanged);
+    connect(d->dopeSheetModel, &VxDopeSheetModel::dataChanged, d->dopeSheetView,
+            &VxDopeSheetView::doUpdate);
+    d->layoutDopeSheet();
+    d->followNameColumn();
+    updateSliders();
+}
+
+void VxTimePane::uninitModel()
+{
+    if (!d->dopeSheetModel)
+        return;
+    if (d->nameColumnWidth() > LeastSavedWidth)
+        d->savedNameColumnWidth = d->nameColumnWidth();
+    d->showModel(nullptr);
+    d->filterModel->setSourceModel(nullptr);
+    delete d->dopeSheetModel;
+    d->dopeSheetModel = nullptr;
+}
+
+void VxTimePane::fillDopesheet()
+{
+    const bool isEmpty = !d->dopeSheetView->model();
+    initModel();
+    if (!isEmpty)
+        return;
+    VxNodeListIterator nodes = vxScene->nodeListIterator();
+    while (nodes.hasNext())
+        addDopesheetNode(nodes.next(), false);
+}
+
+void VxTimePane::refreshDopesheet()
+{
+    if (!d->dopeSheetModel)
+        return;
+    const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
+    uninitModel();
+    initModel();
+    for (VxNode *node : nodes)
+        addDopesheetNode(node, true);
+    handlePrimarySelectionChanged();
+}
+
+void VxTimePane::addDopesheetNode(VxNode *node)
+{
+    addDopesheetNode(node, false);
+}
+
+void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
+{
+    if (!node || !d->dopeSheetModel)
+        return;
+    if (d->sceneLoadDepth > 0)
+        d->queuedNodes.append(node);
+    else if (belongsInSheet(node))
+        d->dopeSheetModel->addNode(node, addChildren);
+}
+
+void VxTimePane::removeDopesheetNode(VxNode *node)
+{
+    if (!node)
+        return;
+    const auto leaves = [node](const VxNode *queued) {
+        return queued == node || node->isAncestorOf(queued);
+    };
+    d->queuedNodes.erase(std::remove_if(d->queuedNodes.begin(), d->queuedNodes.end(), leaves),
+                         d->queuedNodes.end());
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->removeNode(node);
+}
+
+void VxTimePane::handleSceneLoadStarting()
+{
+    ++d->sceneLoadDepth;
+}
+
+void VxTimePane::handleSceneLoaded()
+{
+    if (d->sceneLoadDepth > 0)
+        --d->sceneLoadDepth;
+    if (d->sceneLoadDepth > 0)
+        return;
+    const QVector<VxNode *> nodes = std::exchange(d->queuedNodes, {});
+    for (VxNode *node : nodes)
+        addDopesheetNode(node, false);
+}
+
+void VxTimePane::handleSceneClearStarting()
+{
+    d->queuedNodes.clear();
+    if (!d->dopeSheetModel)
+        return;
+    uninitModel();
+    initModel();
+}
+
+void VxTimePane::moveRootNodeToTop()
+{
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->moveRootRowToTop(topmostAncestor(vxScene->getPrimarySelection()));
+}
+
+void VxTimePane::moveRootNodeUp()
+{
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->moveRootRowUp(topmostAncestor(vxScene->getPrimarySelection()));
+}
+
+void VxTimePane::moveRootNodeDown()
+{
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->moveRootRowDown(topmostAncestor(vxScene->getPrimarySelection()));
+}
+
+void VxTimePane::moveRootNodeToBottom()
+{
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->moveRootRowToBottom(topmostAncestor(vxScene->getPrimarySelection()));
+}
+
+void VxTimePane::expandAll()
+{
+    d->dopeSheetView->expandAll();
+}
+
+void VxTimePane::collapseAll()
+{
+    d->dopeSheetView->collapseAll();
+}
+
+bool VxTimePane::hasDopeSheetItemContext() const
+{
+    return d->dopeSheetView->hasContextItem();
+}
+
+bool VxTimePane::hasDopeSheetItemSelection() const
+{
+    return d->dopeSheetView->hasItemSelection();
+}
+
+void VxTimePane::setMonitorParametersPane(bool yesNo)
+{
+    if (yesNo == d->dopeSheetView->getMonitorParametersPane())
+        return;
+    d->dopeSheetView->setMonitorParametersPane(yesNo);
+    d->keyGraph->setMonitorParametersPane(yesNo);
+    Q_EMIT monitorParametersPaneChanged(yesNo);
+}
+
+bool VxTimePane::getMonitorParametersPane() const
+{
+    return d->dopeSheetView->getMonitorParametersPane();
+}
+
+void VxTimePane::handleDopesheetFilterChanged(QString filter)
+{
+    d->dopeSheetView->applyFilterText(filter);
+}
+
+void VxTimePane::handleDopesheetFilterCleared()
+{
+    d->dopeSheetView->applyFilterText(QString());
+}
+
+void VxTimePane::setFilterText(QString text)
+{
+    Q_UNUSED(text)
+}
+
+QString VxTimePane::getFilterText() const
+{
+    return QString();
+}
+
+int VxTimePane::getNumFilteredMatches() const
+{
+    return -1;
+}
+
+VxDopeSheetItem *VxTimePane::searchDopesheetNext()
+{
+    return nullptr;
+}
+
+VxDopeSheetItem *VxTimePane::searchDopesheetPrevious()
+{
+    return nullptr;
+}

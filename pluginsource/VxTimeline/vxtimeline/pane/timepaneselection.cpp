@@ -1,0 +1,69 @@
+// How the dope sheet's rows follow the scene's selection: once per turn of the event loop.
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QItemSelectionModel>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepaneevents.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+
+bool VxTimePane::Private::canPostEvents(const VxTimePane *pane) const
+{
+    return refreshBlockCount.loadRelaxed() < 1 && pane->isVisible() && vxApp && !vxApp->isClosing();
+}
+
+void VxTimePane::handlePrimarySelectionChanged()
+{
+    if (d->dopeSheetView && d->dopeSheetView->isChangingSelection())
+        return;
+    d->selectionRefreshPending = true;
+    if (d->selectionEventPosted || !d->canPostEvents(this))
+        return;
+    d->selectionEventPosted = true;
+    QCoreApplication::postEvent(this, new VxTimelineScenePrimarySelectionChangeEvent);
+}
+
+void VxTimePane::syncDopesheetSelection()
+{
+    d->selectionEventPosted = false;
+    d->selectionRefreshPending = false;
+    if (QItemSelectionModel *selection = d->dopeSheetView->selectionModel())
+        selection->clear();
+    d->dopeSheetView->selectSceneSelection();
+    d->dopeSheetView->doUpdate();
+    requestEnsureVisible();
+}
+
+void VxTimePane::requestEnsureVisible()
+{
+    d->ensureVisiblePending = true;
+    if (d->ensureVisiblePosted || !d->canPostEvents(this))
+        return;
+    d->ensureVisiblePosted = true;
+    QCoreApplication::postEvent(this, new VxTimelineDopesheetEnsureItemVisibleEvent);
+}
+
+void VxTimePane::ensurePrimarySceneNodeVisible()
+{
+    d->ensureVisiblePosted = false;
+    if (!vxApp || vxApp->isClosing())
+        return;
+    VxNode *node = vxScene->getPrimarySelection();
+    if (!node)
+        return;
+    d->ensureVisiblePending = false;
+    d->dopeSheetView->ensureNodeVisible(node);
+}
+
+void VxTimePane::blockRefresh()
+{
+    d->refreshBlockCount.ref();
+}
+
+void VxTimePane::unblockRefresh()
+{
+    if (!d->refreshBlockCount.deref() && d->selectionRefreshPending)
+        handlePrimarySelectionChanged();
+}

@@ -1,0 +1,186 @@
+#include "vxtimeline/pane/vxtimepane.h"
+
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QAction>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyledbutton.h>
+
+#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanebuilder.h"
+#include "vxtimeline/pane/timepaneevents.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+
+static_assert(int(VxTimePane::PropTranslate) == int(DopeSheetPropertyTypes::Translation) &&
+                  int(VxTimePane::PropRotate) == int(DopeSheetPropertyTypes::Rotation) &&
+                  int(VxTimePane::PropScale) == int(DopeSheetPropertyTypes::Scale) &&
+                  int(VxTimePane::PropOther) == int(DopeSheetPropertyTypes::Other) &&
+                  int(VxTimePane::PropAlias) == int(DopeSheetPropertyTypes::Alias) &&
+                  int(VxTimePane::PropHidden) == int(DopeSheetPropertyTypes::Hidden),
+              "the dope sheet's numbers of property types differ from the pane's");
+
+namespace {
+
+// The pane's own width check, before anyone knows how wide it will be; pixels.
+constexpr int FirstWidth = 100;
+// A name column narrower than this is as good as not there; pixels.
+constexpr int LeastNameColumnWidth = 25;
+
+} // namespace
+
+VxTimePane::VxTimePane()
+    : VxPane(tr("Timeline"))
+    , d(std::make_unique<Private>())
+{
+    d->keyCommunication = new VxKeyCommunication(this);
+    TimePaneBuilder builder(this);
+    builder.buildTree();
+    d->keyGraphOpen = true;
+    builder.buildMenus();
+    doStyling();
+    builder.makeConnections();
+    if (const VxMainWindow *window = vxApp->getInterface()) {
+        for (VxAction *action : window->getActionMgr()->getActions()) {
+            if (dynamic_cast<const TimePaneChoice *>(action))
+                registerAction(action);
+        }
+    }
+    VxTimePane::updateTimeFields();
+    d->checkWidth(this, FirstWidth);
+}
+
+VxTimePane::~VxTimePane() = default;
+
+VxDopeSheetView *VxTimePane::getDopeSheetView() const
+{
+    return d->dopeSheetView;
+}
+
+VxKeyGraphView *VxTimePane::getKeyGraphView() const
+{
+    return d->keyGraphView;
+}
+
+const TimePaneChoice *VxTimePane::Private::choiceOf(const QAction *action,
+                                                    TimePaneChoice::Family family)
+{
+    const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
+    return choice && choice->family() == family && action->isCheckable() ? choice : nullptr;
+}
+
+void VxTimePane::Private::setChecked(QAction *action, bool checked)
+{
+    const QSignalBlocker blocker(action);
+    action->setChecked(checked);
+}
+
+void VxTimePane::Private::checkOnly(TimePaneChoice::Family family, int value) const
+{
+    for (QAction *action : actions) {
+        if (const TimePaneChoice *choice = choiceOf(action, family))
+            setChecked(action, choice->value() == value);
+    }
+}
+
+QAction *VxTimePane::Private::checkedAction(TimePaneChoice::Family family) const
+{
+    for (QAction *action : actions) {
+        if (choiceOf(action, family) && action->isChecked())
+            return action;
+    }
+    return nullptr;
+}
+
+QVector<QAction *> VxTimePane::getRegisteredActions() const
+{
+    return d->actions;
+}
+
+// The pane's settings may be restored before the actions exist, so one that comes late is given
+// the mark it would have had.
+void VxTimePane::registerAction(QAction *action)
+{
+    if (!action || d->actions.contains(action))
+        return;
+    d->actions.append(action);
+    connect(action, &QObject::destroyed, this, &VxTimePane::unregisterAction);
+    d->actionStatesValid = false;
+    updateActionStates();
+    const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
+    if (!choice || !action->isCheckable())
+        return;
+    switch (choice->family()) {
+    case TimePaneChoice::ControlsPositionFamily:
+        Private::setChecked(action, choice->value() == d->controlsPosition);
+        break;
+    case TimePaneChoice::ViewModeFamily:
+        Private::setChecked(action, choice->value() == d->viewMode);
+        break;
+    case TimePaneChoice::KeyScopeFamily:
+        if (d->wantedKeyScope)
+            Private::setChecked(action, choice->value() == *d->wantedKeyScope);
+        if (action->isChecked())
+            d->keyScopeButton->setText(action->text());
+        break;
+    case TimePaneChoice::PropertyTypeFamily:
+        if (d->wantedPropertyTypes)
+            Private::setChecked(action, (int(*d->wantedPropertyTypes) & choice->value()) != 0);
+        if (action->isChecked())
+            handlePropertyTypesEdited();
+        break;
+    }
+}
+
+void VxTimePane::unregisterAction(QObject *action)
+{
+    // No more than its QObject part is left of it.
+    for (int i = d->actions.size() - 1; i >= 0; --i) {
+        if (static_cast<const QObject *>(d->actions.at(i)) == action)
+            d->actions.removeAt(i);
+    }
+}
+
+bool VxTimePane::event(QEvent *event)
+{
+    if (event->type() == VxTimelineScenePrimarySelectionChangeEvent::eventType()) {
+        syncDopesheetSelection();
+        return true;
+    }
+    if (event->type() == VxTimelineDopesheetEnsureItemVisibleEvent::eventType()) {
+        ensurePrimarySceneNodeVisible();
+        return true;
+    }
+    return VxPane::event(event);
+}
+
+void VxTimePane::showEvent(QShowEvent *event)
+{
+    updateTimeStep(vxScene->getTimeStep());
+    updateControls();
+    updateKeyGraph();
+    d->dopeSheetView->doUpdate();
+    fillDopesheet();
+    if (d->selectionRefreshPending)
+        handlePrimarySelectionChanged();
+
+    const auto widenNameColumn = [this] {
+        if (d->isAdvanced() && d->nameColumnWidth() < LeastNameColumnWidth)
+            d->dopeSheetView->setColumnWidth(VxDopeSheetView::NameColumn, d->savedNameColumnWidth);
+    };
+    widenNameColumn();
+    VxPane::showEvent(event);
+    widenNameColumn();
+}
+
+void VxTimePane::resizeEvent(QResizeEvent *event)
+{
+    VxPane::resizeEvent(event);
+    updateControls();
+    updateKeyGraph();
+    d->checkWidth(this, event->size().width());
+}

@@ -1,0 +1,82 @@
+#include "vxtimeline/time/timelinemetrics.h"
+
+#include "vxtimeline/time/timelinesnap.h"
+
+namespace {
+
+// What the fit keeps free at the right of the keys column, and the least it fills; pixels.
+constexpr int FreeEdge = 30;
+constexpr int LeastWidth = 5;
+// A second narrower than this (in pixels) counts as none.
+constexpr double LeastSecondWidth = 1e-11;
+
+qint32 wrappingProduct(qint32 a, qint32 b)
+{
+    return static_cast<qint32>(static_cast<quint32>(a) * static_cast<quint32>(b));
+}
+
+} // namespace
+
+TimelineMetrics &TimelineMetrics::shared()
+{
+    static TimelineMetrics metrics;
+    return metrics;
+}
+
+int TimelineMetrics::timeToX(VxTime time) const
+{
+    const qint32 scaled = wrappingProduct(wrappingProduct(time, fps), frameWidth) / divisor;
+    return TimelineSnap::truncated(scaled * zoom / 4800.0);
+}
+
+int TimelineMetrics::keysOrigin(VxTime playRangeStart) const
+{
+    const float margin = static_cast<float>(keyMargin) * 0.5f;
+    return TimelineSnap::truncated(margin - static_cast<float>(timeToX(playRangeStart)));
+}
+
+int TimelineMetrics::halfFrame() const
+{
+    return TimelineSnap::truncated(frameWidth * 0.5);
+}
+
+int TimelineMetrics::keyLeft(int cellX, VxTime time, VxTime playRangeStart) const
+{
+    return cellX + keysOrigin(playRangeStart) + timeToX(time);
+}
+
+int TimelineMetrics::keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const
+{
+    return keyLeft(cellX, time, playRangeStart) + halfFrame();
+}
+
+VxTime TimelineMetrics::xToTime(int distance) const
+{
+    if (distance == 0 || fps == 0 || zoom == 0.0 || frameWidth == 0)
+        return 0;
+    const qint32 scaled = wrappingProduct(wrappingProduct(distance, 4800) / fps, divisor);
+    return TimelineSnap::truncated(scaled / zoom / frameWidth);
+}
+
+VxTime TimelineMetrics::xToFrameTime(int distance, VxTime timeStep) const
+{
+    return distance == 0 ? 0 : TimelineSnap::toFrame(xToTime(distance), timeStep);
+}
+
+int TimelineMetrics::secondsCount(int width) const
+{
+    const double second = static_cast<double>(frameWidth) * 4800.0 * fps / divisor * zoom / 4800.0;
+    if (!(second > LeastSecondWidth))
+        return width;
+    return TimelineSnap::truncated(width / second) + 1;
+}
+
+bool TimelineMetrics::fit(int keysWidth, VxTime duration)
+{
+    const int width = keysWidth - FreeEdge;
+    if (width <= LeastWidth || fps == 0 || frameWidth == 0)
+        return false;
+    const double ticks = width * 4800.0;
+    zoom = (duration < 1 ? ticks : ticks / duration) / frameWidth / fps;
+    return true;
+}

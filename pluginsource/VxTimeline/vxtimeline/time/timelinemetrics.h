@@ -1,0 +1,60 @@
+#ifndef TIMELINEMETRICS_H
+#define TIMELINEMETRICS_H
+
+#include <vxcore/vxtime.h>
+#include <vxcore/vxtimerange.h>
+
+// The horizontal time scale, and every formula that leads from time to pixels and back.
+//
+// One record is shared by the dope sheet view, its header, its delegates and the playhead, so that
+// a mark, the tick below it and the click on it agree to the pixel; the pane alone writes it. A
+// plain value beside that: tests and tools make their own.
+//
+// Scaled products are formed in 32 bits and wrap; that is part of the mapping (far times come out
+// where they always have), and is done in unsigned numbers so that it is defined.
+class TimelineMetrics
+{
+public:
+    qint32 fps = 30;        // frames per second; below 1 for frames longer than a second
+    qint32 divisor = 1;     // of the time scale; never 0
+    double zoom = 1.0;      // horizontal scale
+    qint32 frameWidth = 10; // pixels of a frame at zoom 1; also the side of a key mark
+    qint32 keyMargin = 5;   // pixels; half of it lies left of the play range's start
+
+    // The record of this process.
+    static TimelineMetrics &shared();
+
+    // Pixels from time 0 to a time, truncated towards zero; negative for negative times.
+    //   x(t) = t * fps * frameWidth / divisor * zoom / 4800
+    int timeToX(VxTime time) const;
+
+    // Where time 0 lies in the keys column, in pixels from its left edge: the play range's start
+    // comes half a key margin right of the edge, times before it left of that.
+    int keysOrigin(VxTime playRangeStart) const;
+
+    // Half a key mark, in whole pixels: from a mark's left edge to its middle.
+    int halfFrame() const;
+
+    // The left edge of the mark of a key, in the coordinates in which cellX is the left edge of
+    // the keys column.
+    int keyLeft(int cellX, VxTime time, VxTime playRangeStart) const;
+    // The middle of that mark: where ticks and the line of the current time stand.
+    int keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const;
+
+    // The time at a distance in pixels from time 0, to the tick, truncated towards zero.
+    // 0 while fps, zoom or frame width is 0: there is no scale then.
+    VxTime xToTime(int distance) const;
+    // The same, rounded to whole frames of timeStep ticks.
+    VxTime xToFrameTime(int distance, VxTime timeStep) const;
+
+    // How many ticks of whole seconds fit into a width in pixels, the one at 0 included. The width
+    // itself when a second takes no room.
+    int secondsCount(int width) const;
+
+    // Chooses the zoom that spreads duration ticks over a column of keysWidth pixels, less a free
+    // edge. False, and nothing changes, when the column is too narrow to show anything or there is
+    // no scale. A duration below 1 leaves the duration out of the calculation.
+    bool fit(int keysWidth, VxTime duration);
+};
+
+#endif
