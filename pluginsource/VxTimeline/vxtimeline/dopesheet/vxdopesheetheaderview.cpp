@@ -1,5 +1,8 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleOptionHeader>
+
 class VxDopeSheetHeaderView::Private
 {
 };
@@ -9,6 +12,7 @@ VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
 {
     setMouseTracking(true);
     setStretchLastSection(true);
+    setMinimumSectionSize(0);
     connect(this, &QHeaderView::sectionResized, this, &VxDopeSheetHeaderView::handleSectionResized);
     connect(this, &QHeaderView::sectionMoved, this, &VxDopeSheetHeaderView::handleSectionMoved);
 }
@@ -44,4 +48,17 @@ void VxDopeSheetHeaderView::leaveEvent(QEvent *event)
 {
     QHeaderView::leaveEvent(event);
     updateViewport();
+}
+
+void VxDopeSheetHeaderView::paintSection(QPainter *painter, const QRect &rect,
+                                         int logicalIndex) const
+{
+    if (!rect.isValid())
+        return;
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.rect = rect;
+    option.section = logicalIndex;
+    option.position = logicalIndex == 0 ? QStyleOptionHeader::Beginning : QStyleOptionHeader::End;
+    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
 }

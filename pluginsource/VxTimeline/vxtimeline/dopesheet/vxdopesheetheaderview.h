@@ -22,6 +22,8 @@ public Q_SLOTS:
 
 protected:
     void leaveEvent(QEvent *event) override;
+    // The bevel alone: what a section says is laid over it or drawn as the ruler.
+    void paintSection(QPainter *painter, const QRect &rect, int logicalIndex) const override;
 
 private:
     class Private;

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxnode.h>
+#include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxstyle.h>

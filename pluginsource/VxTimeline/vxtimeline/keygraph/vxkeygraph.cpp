@@ -1,7 +1,9 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 
 #include <vxcore/vxapp.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 #include "vxtimeline/keys/vxkeycommunication.h"
 

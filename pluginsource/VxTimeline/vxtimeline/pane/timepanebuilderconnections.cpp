@@ -4,7 +4,9 @@
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbarbutton.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"

@@ -59,6 +59,9 @@ void VxTimePane::setViewMode(ViewMode viewMode)
     d->layoutKeyGraph();
     d->layoutControls();
     d->dopeSheetView->doItemsLayout();
+    // A pane in use must not force its window wider only to find that there is no room.
+    if (isVisible())
+        d->checkWidth(this, width());
     if (d->isAdvanced())
         updateKeyGraph();
     else if (getFilteredKeyCreationScope() == ScopeProperties)
@@ -107,7 +110,7 @@ void VxTimePane::Private::layoutControls()
         keyGraphBar->setVisible(isAdvanced());
         copyPasteBar->setVisible(isAdvanced());
     }
-    // The extras come back as one; the next change of the width decides whether they stay.
+    // The extras come back as one; the width check decides whether they stay.
     if (isAdvanced()) {
         setExtrasVisible(true);
         return;
@@ -123,6 +126,9 @@ void VxTimePane::Private::setExtrasVisible(bool visible)
     for (QWidget *extra : std::initializer_list<QWidget *>{
              rangeControls, propertyTypes, keyScopeButton, interpControls, interpTypeButton})
         extra->setVisible(visible);
+    // Without waiting for the event loop: the pane's least width may be asked for at once.
+    for (QWidget *group : {timeControls, keyControls, mainControls})
+        group->updateGeometry();
 }
 
 // One pixel either side keeps a width at the threshold from switching to and fro.

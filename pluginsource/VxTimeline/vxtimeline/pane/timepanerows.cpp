@@ -40,16 +40,19 @@ VxNode *topmostAncestor(VxNode *node)
 
 } // namespace
 
-// Views leave their former selection models alone.
+// Views leave their former selection models alone; and a header that is given the view's selection
+// model keeps the one it has made itself.
 void VxTimePane::Private::showModel(QAbstractItemModel *model) const
 {
-    const QItemSelectionModel *ofView = dopeSheetView->selectionModel();
-    const QItemSelectionModel *ofHeader = header->selectionModel();
     dopeSheetView->setModel(model);
     header->setModel(model);
-    if (ofHeader != ofView)
-        delete ofHeader;
-    delete ofView;
+    const QVector<const QItemSelectionModel *> inUse = {dopeSheetView->selectionModel(),
+                                                        header->selectionModel()};
+    for (const QItemSelectionModel *selection :
+         dopeSheetView->findChildren<QItemSelectionModel *>()) {
+        if (!inUse.contains(selection))
+            delete selection;
+    }
 }
 
 void VxTimePane::initModel()
@@ -90,6 +93,7 @@ void VxTimePane::fillDopesheet()
     VxNodeListIterator nodes = vxScene->nodeListIterator();
     while (nodes.hasNext())
         addDopesheetNode(nodes.next(), false);
+    d->filterAnew();
 }
 
 void VxTimePane::refreshDopesheet()
@@ -101,12 +105,22 @@ void VxTimePane::refreshDopesheet()
     initModel();
     for (VxNode *node : nodes)
         addDopesheetNode(node, true);
+    d->filterAnew();
     handlePrimarySelectionChanged();
+}
+
+// A row that matches makes rows above it appear that had been left out; the filter model notices
+// that only when it is asked.
+void VxTimePane::Private::filterAnew() const
+{
+    if (!filterModel->filterRegExp().isEmpty())
+        filterModel->invalidate();
 }
 
 void VxTimePane::addDopesheetNode(VxNode *node)
 {
     addDopesheetNode(node, false);
+    d->filterAnew();
 }
 
 void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
@@ -146,6 +160,7 @@ void VxTimePane::handleSceneLoaded()
     const QVector<VxNode *> nodes = std::exchange(d->queuedNodes, {});
     for (VxNode *node : nodes)
         addDopesheetNode(node, false);
+    d->filterAnew();
 }
 
 void VxTimePane::handleSceneClearStarting()

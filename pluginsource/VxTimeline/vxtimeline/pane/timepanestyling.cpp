@@ -125,10 +125,8 @@ void VxTimePane::Private::styleSizes() const
         button->setMaximumSize(BarButtonWidth, height);
         button->setIconSize(QSize(iconSize, iconSize));
     }
-    for (QDoubleSpinBox *field : {tension, continuity, bias}) {
-        field->setFixedHeight(height);
-        field->setMaximumWidth(FieldWidth);
-    }
+    for (QDoubleSpinBox *field : {tension, continuity, bias})
+        field->setFixedSize(qMin(field->maximumWidth(), FieldWidth), height);
     currentFrame->setMaximumSize(FieldWidth, height);
     framesPerSecond->setMaximumSize(FieldWidth, height);
 }

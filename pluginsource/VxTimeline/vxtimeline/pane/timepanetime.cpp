@@ -1,8 +1,8 @@
 // The time fields and the transport buttons.
 
+#include <QtWidgets/QScrollBar>
 #include <vxcore/vxbarbutton.h>
 #include <vxcore/vxnode.h>
-#include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostackhold.h>
 

@@ -26,6 +26,22 @@ static_assert(int(VxTimePane::PropTranslate) == int(DopeSheetPropertyTypes::Tran
 
 namespace {
 
+// Signals and slots name these types without their class, as scripts do.
+void registerMetaTypes()
+{
+    static const bool once = [] {
+        qRegisterMetaType<VxTimePane::ControlsPosition>("ControlsPosition");
+        qRegisterMetaType<VxTimePane::ViewMode>("ViewMode");
+        qRegisterMetaType<VxTimePane::PropertyType>("PropertyType");
+        qRegisterMetaType<VxTimePane::PropertyTypes>("PropertyTypes");
+        qRegisterMetaType<VxTimePane::KeyScope>("KeyScope");
+        qRegisterMetaType<VxTime>("VxTime");
+        qRegisterMetaType<QVector<VxProperty *>>();
+        return true;
+    }();
+    Q_UNUSED(once)
+}
+
 // The pane's own width check, before anyone knows how wide it will be; pixels.
 constexpr int FirstWidth = 100;
 // A name column narrower than this is as good as not there; pixels.
@@ -37,6 +53,7 @@ VxTimePane::VxTimePane()
     : VxPane(tr("Timeline"))
     , d(std::make_unique<Private>())
 {
+    registerMetaTypes();
     d->keyCommunication = new VxKeyCommunication(this);
     TimePaneBuilder builder(this);
     builder.buildTree();
@@ -51,6 +68,7 @@ VxTimePane::VxTimePane()
         }
     }
     VxTimePane::updateTimeFields();
+    d->setExtrasVisible(false);
     d->checkWidth(this, FirstWidth);
 }
 

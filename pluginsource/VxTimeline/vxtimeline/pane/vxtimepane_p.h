@@ -143,6 +143,8 @@ public:
     void placeControls(VxTimePane *pane) const;
     // Gives view and header a model; null for none.
     void showModel(QAbstractItemModel *model) const;
+    // Lets an active text filter take up rows that came.
+    void filterAnew() const;
     // Lets what depends on the name column's width follow it.
     void followNameColumn() const;
 
