@@ -104,6 +104,7 @@ private Q_SLOTS:
     void hostClassesHaveDistinctIdentifiers();
     void givesItsStyleToTheToolkit();
     void replacesTheStyle();
+    void styleBringsItsPaletteWhateverWasSet();
     void startsOnce();
     void closesOnce();
     void closesAtTheLatestAtTheEnd();
@@ -235,6 +236,16 @@ void tst_VxApp::replacesTheStyle()
     app.setStyle(nullptr);
     QCOMPARE(app.getStyle(), light);
     QCOMPARE(count, 1);
+}
+
+void tst_VxApp::styleBringsItsPaletteWhateverWasSet()
+{
+    VxApp app;
+    app.getStyle()->setColorScheme(VxStyle::ColorScheme::Light);
+    VxStyle *dark = new VxStyle(VxStyle::ColorScheme::Dark);
+    app.setStyle(dark);
+    QCOMPARE(QApplication::palette().color(QPalette::Window),
+             dark->standardPalette().color(QPalette::Window));
 }
 
 void tst_VxApp::startsOnce()

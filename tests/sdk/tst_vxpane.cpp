@@ -204,13 +204,15 @@ void tst_VxPane::repaintsWhenTheGuideMoves()
     pane.show();
     QVERIFY(QTest::qWaitForWindowExposed(&pane));
     QCoreApplication::processEvents();
+    // Below the rows that the guide leaves: nobody else asks for those.
     class PaintCounter : public QObject
     {
     public:
         int count = 0;
         bool eventFilter(QObject *, QEvent *event) override
         {
-            if (event->type() == QEvent::Paint)
+            if (event->type() == QEvent::Paint &&
+                static_cast<QPaintEvent *>(event)->region().contains(QPoint(50, 90)))
                 ++count;
             return false;
         }

@@ -120,8 +120,8 @@ void VxApp::setStyle(VxStyle *style)
     if (!style || style == d->style)
         return;
     d->style = style;
+    // It brings its palette along by polish().
     QApplication::setStyle(style);
-    QApplication::setPalette(style->standardPalette());
     Q_EMIT styleChanged(style);
 }
 
