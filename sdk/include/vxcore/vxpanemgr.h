@@ -22,7 +22,8 @@ public:
     explicit VxPaneMgr(QObject *parent = nullptr);
     ~VxPaneMgr() override;
 
-    /// Creates every pane class of the factories that has no instance yet, in order.
+    /// Creates every pane class of the factories that has no instance yet, in order. They
+    /// are announced (paneAdded) when all of them exist.
     void createPanes(const VxPluginMgr *plugins);
     /// The pane of a class, created when it does not exist, by the factories given to
     /// createPanes(), else by those of the application. Null when none makes it.
@@ -55,6 +56,8 @@ Q_SIGNALS:
     void showRequested(VxPane *pane);
 
 private:
+    VxPane *makePane(const QString &className);
+    void enterPane(VxPane *pane);
     void forget(const VxPane *pane);
 
     class Private;

@@ -73,9 +73,16 @@ void VxPaneMgr::createPanes(const VxPluginMgr *plugins)
     if (!plugins)
         return;
     d->plugins = plugins;
+    // Announced when all are there: whoever hears of one may ask for another.
+    QVector<QPointer<VxPane>> made;
     for (const VxClassFactory *factory : plugins->getClassFactories()) {
-        if (factory->metaObject()->inherits(&VxPane::staticMetaObject))
-            findOrCreatePane(factory->className());
+        if (factory->metaObject()->inherits(&VxPane::staticMetaObject) &&
+            !findPane(factory->className()))
+            made.append(makePane(factory->className()));
+    }
+    for (const QPointer<VxPane> &pane : qAsConst(made)) {
+        if (pane)
+            Q_EMIT paneAdded(pane);
     }
 }
 
@@ -83,6 +90,15 @@ VxPane *VxPaneMgr::findOrCreatePane(const QString &className)
 {
     if (VxPane *pane = findPane(className))
         return pane;
+    VxPane *pane = makePane(className);
+    if (pane)
+        Q_EMIT paneAdded(pane);
+    return pane;
+}
+
+/** A new pane, entered and restored but not announced; null when no factory makes it. */
+VxPane *VxPaneMgr::makePane(const QString &className)
+{
     const VxPluginMgr *source = d->factorySource();
     const VxClassFactory *factory = source ? source->findClassFactory(className) : nullptr;
     if (!factory || !factory->metaObject()->inherits(&VxPane::staticMetaObject))
@@ -94,7 +110,7 @@ VxPane *VxPaneMgr::findOrCreatePane(const QString &className)
     VxPane *pane = d->create(factory);
     d->inCreation.removeOne(className);
     if (pane)
-        addPane(pane);
+        enterPane(pane);
     return pane;
 }
 
@@ -102,6 +118,13 @@ bool VxPaneMgr::addPane(VxPane *pane)
 {
     if (!pane || findPane(classNameOf(pane)))
         return false;
+    enterPane(pane);
+    Q_EMIT paneAdded(pane);
+    return true;
+}
+
+void VxPaneMgr::enterPane(VxPane *pane)
+{
     const QString className = classNameOf(pane);
     if (pane->objectName().isEmpty())
         pane->setObjectName(className);
@@ -109,8 +132,6 @@ bool VxPaneMgr::addPane(VxPane *pane)
     connect(pane, &QObject::destroyed, this, [this, pane] { forget(pane); });
     if (d->settings)
         pane->restoreSettings(d->settings->getSettings(className));
-    Q_EMIT paneAdded(pane);
-    return true;
 }
 
 void VxPaneMgr::destroyPanes()
