@@ -1,0 +1,116 @@
+#include "io/vxfileformats.h"
+
+#include "io/vxbvhformat.h"
+#include "io/vxsceneformat.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxFileFormats", text);
+}
+
+QStringList patternsOf(const VxFileFormat &format)
+{
+    QStringList list;
+    for (const QString &suffix : format.suffixes)
+        list.append(QStringLiteral("*.") + suffix);
+    return list;
+}
+
+QString filter(const QString &name, const QStringList &list)
+{
+    return QStringLiteral("%1 (%2)").arg(name, list.join(QLatin1Char(' ')));
+}
+
+bool fail(const QString &fileName, const QString &message, VxFileError *error)
+{
+    *error = VxFileError();
+    error->file = fileName;
+    error->message = message;
+    return false;
+}
+
+} // namespace
+
+VxFileFormats VxFileFormats::standard()
+{
+    VxFileFormats formats;
+    formats.add(vxSceneFormat());
+    formats.add(vxBvhFormat());
+    return formats;
+}
+
+void VxFileFormats::add(const VxFileFormat &format)
+{
+    m_formats.append(format);
+}
+
+const VxFileFormat *VxFileFormats::find(const QString &fileName) const
+{
+    const QString suffix = QFileInfo(fileName).suffix().toLower();
+    const auto found =
+        std::find_if(m_formats.begin(), m_formats.end(),
+                     [&](const VxFileFormat &format) { return format.suffixes.contains(suffix); });
+    return found != m_formats.end() ? &*found : nullptr;
+}
+
+bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
+                         QString *summary, VxFileError *error) const
+{
+    if (const VxFileFormat *format = find(fileName))
+        return format->read(fileName, scene, progress, summary, error);
+    return fail(fileName,
+                tr("This kind of file is not known. Known are %1.")
+                    .arg(patterns(false).join(QStringLiteral(", "))),
+                error);
+}
+
+bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
+                          const VxFileProgress &progress, VxFileError *error) const
+{
+    if (canWrite(fileName))
+        return find(fileName)->write(fileName, scene, progress, error);
+    return fail(fileName,
+                tr("This kind of file cannot be written. What can be written is %1.")
+                    .arg(patterns(true).join(QStringLiteral(", "))),
+                error);
+}
+
+bool VxFileFormats::canWrite(const QString &fileName) const
+{
+    const VxFileFormat *format = find(fileName);
+    return format && format->write;
+}
+
+QStringList VxFileFormats::readFilters() const
+{
+    QStringList filters = {filter(tr("All scene files"), patterns(false))};
+    for (const VxFileFormat &format : m_formats)
+        filters.append(filter(format.name, patternsOf(format)));
+    return filters;
+}
+
+QStringList VxFileFormats::writeFilters() const
+{
+    QStringList filters;
+    for (const VxFileFormat &format : m_formats) {
+        if (format.write)
+            filters.append(filter(format.name, patternsOf(format)));
+    }
+    return filters;
+}
+
+QStringList VxFileFormats::patterns(bool writableOnly) const
+{
+    QStringList all;
+    for (const VxFileFormat &format : m_formats) {
+        if (format.write || !writableOnly)
+            all += patternsOf(format);
+    }
+    return all;
+}
