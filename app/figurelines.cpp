@@ -1,0 +1,88 @@
+#include "figurelines.h"
+
+#include <QMatrix4x4>
+#include <algorithm>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+struct Visit
+{
+    VxNode *node;
+    QMatrix4x4 parentWorld;
+    QVector3D parentAt;
+    VxNode *parentBone; // null when the parent is no visible bone
+};
+
+bool isBone(const VxNode *node)
+{
+    return qobject_cast<const VxBone *>(node) != nullptr;
+}
+
+bool hasBoneBelow(const VxNode *bone)
+{
+    for (int i = 0; i < bone->getNumNodeChildren(); ++i) {
+        if (isBone(bone->getNodeChild(i)))
+            return true;
+    }
+    return false;
+}
+
+void addNode(const Visit &visit, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
+{
+    VxNode *node = visit.node;
+    const bool bone = isBone(node);
+    if (bone && visit.parentBone)
+        lines->bones.append({visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
+    if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull())
+        lines->bones.append({at, world.map(node->getEndPoint()), node, node->isSelected()});
+    // A figure's own place is no joint of it; it shows when it has nothing else to show.
+    if (!qobject_cast<const VxSkeleton *>(node) || node->getNumNodeChildren() == 0)
+        lines->joints.append({at, node, node->isSelected()});
+}
+
+} // namespace
+
+FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
+{
+    FigureLines lines;
+    QVector<Visit> open;
+    const QVector<VxNode *> roots = scene.getRootNodes();
+    for (int i = roots.size() - 1; i >= 0; --i)
+        open.append({roots.at(i), QMatrix4x4(), QVector3D(), nullptr});
+    while (!open.isEmpty()) {
+        const Visit visit = open.takeLast();
+        VxNode *node = visit.node;
+        const QMatrix4x4 world = visit.parentWorld * node->getLocalTransform(time);
+        const QVector3D at = world.column(3).toVector3D();
+        if (node->isVisible())
+            addNode(visit, world, at, &lines);
+        VxNode *bone = node->isVisible() && isBone(node) ? node : nullptr;
+        for (int i = node->getNumNodeChildren() - 1; i >= 0; --i)
+            open.append({node->getNodeChild(i), world, at, bone});
+    }
+    return lines;
+}
+
+void PointBounds::add(const QVector3D &point)
+{
+    if (m_isEmpty) {
+        m_low = m_high = point;
+        m_isEmpty = false;
+        return;
+    }
+    for (int axis = 0; axis < 3; ++axis) {
+        m_low[axis] = std::min(m_low[axis], point[axis]);
+        m_high[axis] = std::max(m_high[axis], point[axis]);
+    }
+}
+
+void PointBounds::add(const FigureLines &figure)
+{
+    for (const FigureLines::Joint &joint : figure.joints)
+        add(joint.at);
+    for (const FigureLines::Bone &bone : figure.bones)
+        add(bone.to);
+}

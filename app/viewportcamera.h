@@ -1,0 +1,66 @@
+#ifndef VIEWPORTCAMERA_H
+#define VIEWPORTCAMERA_H
+
+#include <QLineF>
+#include <QPointF>
+#include <QSizeF>
+#include <QVector3D>
+#include <optional>
+
+/// A camera that circles a point: the mapping from the world to a view's pixels, and what the mouse
+/// does to it. A plain value without a window; y is up, the view's origin is its upper left corner.
+class ViewportCamera
+{
+public:
+    ViewportCamera();
+
+    /// Pixels of the view; sides below 1 count as 1.
+    void setViewSize(const QSizeF &size);
+    QSizeF viewSize() const { return m_size; }
+
+    QVector3D target() const { return m_target; }
+    /// From the target to the eye, above 0.
+    float distance() const { return m_distance; }
+    QVector3D eye() const;
+
+    /// Turns about the target as the mouse moves by pixels; never over the top.
+    void orbit(const QPointF &pixels);
+    /// Shifts the target so that what lies at its depth follows the mouse.
+    void pan(const QPointF &pixels);
+    /// Divides the distance by a factor above 0; others are ignored.
+    void zoom(double factor);
+    /// Keeps the direction and shows a sphere completely; a radius of 0 or less counts as 1.
+    void frame(const QVector3D &center, float radius);
+
+    /// The pixel of a point; nothing when it does not lie before the camera.
+    std::optional<QPointF> project(const QVector3D &point) const;
+    /// The part of a line that lies before the camera; nothing when there is none.
+    std::optional<QLineF> project(const QVector3D &from, const QVector3D &to) const;
+
+    /// World units that one pixel covers at the target's depth.
+    float unitsPerPixel() const;
+
+    friend bool operator==(const ViewportCamera &a, const ViewportCamera &b)
+    {
+        return a.m_size == b.m_size && a.m_target == b.m_target && a.m_distance == b.m_distance &&
+               a.m_yaw == b.m_yaw && a.m_pitch == b.m_pitch;
+    }
+    friend bool operator!=(const ViewportCamera &a, const ViewportCamera &b) { return !(a == b); }
+
+private:
+    QVector3D toView(const QVector3D &point) const;
+    QPointF toPixel(const QVector3D &viewPoint) const;
+    float nearDepth() const;
+    void updateAxes();
+
+    QSizeF m_size{100, 100};
+    QVector3D m_target{0, 1, 0};
+    float m_distance = 6;
+    float m_yaw = 35;   // degrees about the vertical axis; 0 looks along -z
+    float m_pitch = 18; // degrees above the ground
+    QVector3D m_right;  // the view's axes, from the two angles
+    QVector3D m_up;
+    QVector3D m_back;
+};
+
+#endif
