@@ -1,0 +1,218 @@
+#include "studio.h"
+
+#include "documentcontroller.h"
+#include "scenesummary.h"
+#include "studioclasses.h"
+#include "studiosettings.h"
+#include "studiowindow.h"
+#include "usermessages.h"
+#include "windowpicture.h"
+
+#include <QApplication>
+#include <QDir>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscriptengine.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxstyle.h>
+
+namespace {
+
+constexpr QSize PictureSize(1280, 800);
+
+QString key(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+/// A run that nobody watches must not depend on, or change, what a user has arranged.
+QString settingsFile(const CommandLine &commandLine)
+{
+    if (!commandLine.settingsFile.isEmpty() || commandLine.isBatch())
+        return commandLine.settingsFile;
+    return StudioSettings::defaultFileName();
+}
+
+} // namespace
+
+class Studio::Private
+{
+public:
+    explicit Private(const CommandLine &line)
+        : commandLine(line)
+        , messages(line.isBatch() ? UserMessages::Mode::Console : UserMessages::Mode::Window)
+        , settingsStore(settingsFile(line))
+    {
+    }
+
+    void loadSettings();
+    void saveSettings();
+    void loadPlugins();
+    void buildPanesAndActions();
+    void connectScripts();
+    bool openFile();
+    bool runScript();
+    bool writePicture();
+
+    const CommandLine commandLine;
+    UserMessages messages;
+    StudioSettings settingsStore;
+    std::unique_ptr<VxApp> app;
+    std::unique_ptr<StudioWindow> window;
+};
+
+void Studio::Private::loadSettings()
+{
+    VxSettings *settings = app->getSettings();
+    settingsStore.load(settings, messages);
+    const QString saved = settings->getStringValue(key("Palette"), key("dark"));
+    const QString palette = commandLine.palette.isEmpty() ? saved : commandLine.palette;
+    app->getStyle()->setColorScheme(palette == key("light") ? VxStyle::ColorScheme::Light
+                                                            : VxStyle::ColorScheme::Dark);
+}
+
+void Studio::Private::saveSettings()
+{
+    VxSettings *settings = app->getSettings();
+    const bool dark = app->getStyle()->colorScheme() == VxStyle::ColorScheme::Dark;
+    settings->setStringValue(key("Palette"), key(dark ? "dark" : "light"));
+    window->saveLayout(settings->getSettings(key("Window")));
+    window->getPaneMgr()->saveSettings();
+    window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
+    settingsStore.save(*settings, messages);
+}
+
+void Studio::Private::loadPlugins()
+{
+    // A folder that is named twice is loaded once.
+    QStringList folders;
+    for (const QString &folder : QStringList(defaultPluginFolder()) + commandLine.pluginPaths) {
+        const QString canonical = QDir(folder).canonicalPath();
+        const QString path = canonical.isEmpty() ? folder : canonical;
+        if (!folders.contains(path))
+            folders.append(path);
+    }
+    QStringList errors;
+    for (const QString &folder : qAsConst(folders))
+        app->getPluginMgr()->loadPlugins(folder, &errors);
+    for (const QString &error : qAsConst(errors))
+        messages.showNotice(error);
+}
+
+void Studio::Private::buildPanesAndActions()
+{
+    VxPluginMgr *plugins = app->getPluginMgr();
+    for (VxClassFactory *factory : studioClassFactories())
+        plugins->addClassFactory(factory);
+    window->getActionMgr()->createActions(plugins);
+    window->getPaneMgr()->createPanes(plugins);
+    window->getActionMgr()->initActions();
+    const VxSettings *settings = app->getSettings();
+    if (const VxSettings *shortcuts = settings->findSettings(key("Shortcuts")))
+        window->getActionMgr()->restoreShortcuts(shortcuts);
+    window->completeMenus();
+    window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
+}
+
+void Studio::Private::connectScripts()
+{
+    VxScriptEngine *scripts = app->getScriptEngine();
+    scripts->registerHost();
+    QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
+}
+
+bool Studio::Private::openFile()
+{
+    if (!commandLine.file.isEmpty()) {
+        if (!window->document()->open(commandLine.file))
+            return false;
+        if (commandLine.headless) {
+            UserMessages::print(QStringLiteral("%1: %2").arg(window->document()->displayName(),
+                                                             sceneSummary(*app->getScene())));
+            if (!window->document()->summary().isEmpty())
+                UserMessages::print(window->document()->summary());
+        }
+    }
+    VxScene *scene = app->getScene();
+    if (commandLine.frame)
+        scene->setTime(*commandLine.frame * scene->getTimeStep());
+    return true;
+}
+
+bool Studio::Private::runScript()
+{
+    if (commandLine.scriptFile.isEmpty())
+        return true;
+    VxScriptEngine *scripts = app->getScriptEngine();
+    scripts->setArguments(commandLine.scriptArguments);
+    VxScriptError error;
+    if (scripts->runFile(commandLine.scriptFile, &error))
+        return true;
+    UserMessages::printError(error.toString());
+    return false;
+}
+
+bool Studio::Private::writePicture()
+{
+    if (commandLine.screenshotFile.isEmpty())
+        return true;
+    QString error;
+    const QSize size = commandLine.size.isEmpty() ? PictureSize : commandLine.size;
+    if (writeWindowPicture(window.get(), size, commandLine.screenshotFile, &error))
+        return true;
+    messages.showError(error);
+    return false;
+}
+
+Studio::Studio(const CommandLine &commandLine)
+    : d(std::make_unique<Private>(commandLine))
+{
+    VxApp::setAppName(QStringLiteral("VxStudio"));
+    d->app = std::make_unique<VxApp>();
+    d->loadSettings();
+    d->window = std::make_unique<StudioWindow>(&d->messages);
+    d->messages.setWindow(d->window.get());
+    d->loadPlugins();
+    d->buildPanesAndActions();
+    d->connectScripts();
+    if (!commandLine.size.isEmpty())
+        d->window->resize(commandLine.size);
+    d->app->start();
+}
+
+Studio::~Studio()
+{
+    d->saveSettings();
+    d->app->beginClosing();
+    d->window.reset();
+    d->app.reset();
+}
+
+StudioWindow *Studio::window() const
+{
+    return d->window.get();
+}
+
+int Studio::run()
+{
+    const bool batch = d->commandLine.isBatch();
+    if (!batch)
+        d->window->show();
+    // A user may go on with another file; nobody goes on in a batch.
+    if (!d->openFile() && batch)
+        return CommandLine::Failure;
+    if (!d->runScript() || !d->writePicture())
+        return CommandLine::Failure;
+    return batch ? int(CommandLine::Success) : QApplication::exec();
+}
+
+QString Studio::defaultPluginFolder()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString installed = program.filePath(QStringLiteral("../" VX_PLUGIN_SUBDIR));
+    return QDir(installed).exists() ? installed
+                                    : program.filePath(QStringLiteral("../lib/vxstudio/plugins"));
+}

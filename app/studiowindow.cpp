@@ -1,0 +1,159 @@
+#include "studiowindow.h"
+
+#include "documentcontroller.h"
+#include "panedocks.h"
+#include "studiomenus.h"
+#include "usermessages.h"
+#include "viewportwidget.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStatusBar>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+constexpr QSize DefaultSize(1280, 800);
+constexpr int LayoutVersion = 1; // to raise when docks are arranged in another way
+
+} // namespace
+
+StudioWindow::StudioWindow(UserMessages *messages)
+    : m_messages(messages)
+    , m_document(new DocumentController(vxApp->getScene(), vxApp->getUndoStack(), messages, this))
+    , m_viewport(new ViewportWidget(vxApp->getScene(), getViewportMgr()))
+    , m_docks(new PaneDocks(this, getPaneMgr()))
+    , m_menus(new StudioMenus(this))
+{
+    setObjectName(QStringLiteral("StudioWindow"));
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
+    setCentralWidget(m_viewport);
+    resize(DefaultSize);
+    statusBar();
+    m_menus->addHistory(vxApp->getUndoStack());
+    connectMenus();
+    connect(m_document, &DocumentController::documentChanged, this, &StudioWindow::updateTitle);
+    connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
+    updateTitle();
+}
+
+StudioWindow::~StudioWindow() = default;
+
+void StudioWindow::connectMenus()
+{
+    connect(m_menus, &StudioMenus::newRequested, this, &StudioWindow::newDocument);
+    connect(m_menus, &StudioMenus::openRequested, this, &StudioWindow::openWithDialog);
+    connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
+    connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
+    connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
+    connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
+    connect(m_menus, &StudioMenus::defaultLayoutRequested, this, &StudioWindow::applyDefaultLayout);
+    connect(m_menus, &StudioMenus::paletteRequested, this,
+            [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
+}
+
+void StudioWindow::completeMenus()
+{
+    m_menus->addActionsAndPanes(*m_docks);
+}
+
+void StudioWindow::restoreLayout(const VxSettings &settings)
+{
+    const QByteArray geometry = settings.getBytesValue(QStringLiteral("Geometry"));
+    const QByteArray state = settings.getBytesValue(QStringLiteral("State"));
+    if (!geometry.isEmpty())
+        restoreGeometry(geometry);
+    m_wantsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
+}
+
+void StudioWindow::saveLayout(VxSettings *settings) const
+{
+    settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
+    settings->setBytesValue(QStringLiteral("State"), saveState(LayoutVersion));
+}
+
+void StudioWindow::applyDefaultLayout()
+{
+    m_docks->applyDefaultLayout();
+}
+
+void StudioWindow::openWithDialog()
+{
+    if (!mayDiscard())
+        return;
+    const QString folder = QFileInfo(m_document->fileName()).absolutePath();
+    const QString file = QFileDialog::getOpenFileName(
+        this, tr("Open"), folder, m_document->formats().readFilters().join(QLatin1String(";;")));
+    if (!file.isEmpty())
+        m_document->open(file);
+}
+
+void StudioWindow::newDocument()
+{
+    if (mayDiscard())
+        m_document->clear();
+}
+
+bool StudioWindow::save()
+{
+    return m_document->hasWritableFile() ? m_document->save(m_document->fileName())
+                                         : saveWithDialog();
+}
+
+bool StudioWindow::saveWithDialog()
+{
+    const QFileInfo present(m_document->fileName());
+    const QString name =
+        m_document->fileName().isEmpty() ? m_document->displayName() : present.completeBaseName();
+    QFileDialog dialog(this, tr("Save As"), present.absolutePath());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("vxscene"));
+    dialog.setNameFilters(m_document->formats().writeFilters());
+    dialog.selectFile(name + QStringLiteral(".vxscene"));
+    return dialog.exec() == QDialog::Accepted &&
+           m_document->save(dialog.selectedFiles().constFirst());
+}
+
+/** True when there is nothing to lose, or it is saved now, or the user agrees to lose it. */
+bool StudioWindow::mayDiscard()
+{
+    if (vxApp->getUndoStack()->isClean())
+        return true;
+    switch (m_messages->askToSave(m_document->displayName())) {
+    case UserMessages::Choice::Save:
+        return save();
+    case UserMessages::Choice::Discard:
+        return true;
+    case UserMessages::Choice::Cancel:
+        break;
+    }
+    return false;
+}
+
+void StudioWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(mayDiscard());
+}
+
+/** Dock sizes can be given only once the window has its own. */
+void StudioWindow::showEvent(QShowEvent *event)
+{
+    VxMainWindow::showEvent(event);
+    if (!m_wantsDefaultLayout)
+        return;
+    m_wantsDefaultLayout = false;
+    applyDefaultLayout();
+}
+
+void StudioWindow::updateTitle()
+{
+    setWindowTitle(
+        QStringLiteral("%1[*] - %2").arg(m_document->displayName(), VxApp::getAppName()));
+    setWindowModified(!vxApp->getUndoStack()->isClean());
+}

@@ -1,0 +1,63 @@
+#ifndef STUDIOWINDOW_H
+#define STUDIOWINDOW_H
+
+#include <vxcore/vxmainwindow.h>
+
+class DocumentController;
+class PaneDocks;
+class StudioMenus;
+class UserMessages;
+class ViewportWidget;
+class VxSettings;
+
+/// The program's main window: the viewport in the middle, panes docked around it, the menu bar and
+/// the status line. It puts its parts together and leaves the work to them.
+class StudioWindow : public VxMainWindow
+{
+    Q_OBJECT
+public:
+    /// The application object must exist. messages is borrowed and must outlive the window.
+    explicit StudioWindow(UserMessages *messages);
+    ~StudioWindow() override;
+
+    DocumentController *document() const { return m_document; }
+    ViewportWidget *viewport() const { return m_viewport; }
+    PaneDocks *docks() const { return m_docks; }
+
+    /// Fills the menu bar from the action manager and the docks. Once, when both are complete.
+    void completeMenus();
+
+    /// Size, place and docks as they were saved; the default layout when nothing was.
+    void restoreLayout(const VxSettings &settings);
+    void saveLayout(VxSettings *settings) const;
+    /// Every dock at its first place.
+    void applyDefaultLayout();
+
+public Q_SLOTS:
+    /// Asks for a file and opens it.
+    void openWithDialog();
+    /// Starts an empty scene, after asking.
+    void newDocument();
+    /// Writes the document into its file, or into one that it asks for. False when nothing was
+    /// written.
+    bool save();
+    bool saveWithDialog();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void connectMenus();
+    bool mayDiscard();
+    void updateTitle();
+
+    UserMessages *const m_messages;
+    DocumentController *m_document;
+    ViewportWidget *m_viewport;
+    PaneDocks *m_docks;
+    StudioMenus *m_menus;
+    bool m_wantsDefaultLayout = true;
+};
+
+#endif
