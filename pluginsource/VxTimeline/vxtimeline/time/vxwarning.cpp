@@ -7,7 +7,14 @@ QString vxSourcePath(const QString &fileName)
     QString path = fileName;
     path.replace(QLatin1Char('/'), QLatin1Char('\\'));
     const int root = path.lastIndexOf(QLatin1String("\\src\\"));
-    return root < 0 ? path : path.mid(root);
+    if (root >= 0)
+        return path.mid(root);
+    // A compiler cache hands files over relative to the build tree, past the mapping of the root.
+    const QString up = QStringLiteral("..\\");
+    int start = 0;
+    while (path.midRef(start).startsWith(up))
+        start += up.size();
+    return start == 0 ? path : QStringLiteral("\\src\\") + path.mid(start);
 }
 
 QString vxMethodName(const QString &signature)

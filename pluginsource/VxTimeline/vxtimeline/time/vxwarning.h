@@ -18,8 +18,9 @@ struct VxSourcePosition
 
 #define VX_HERE (VxSourcePosition{__FILE__, __LINE__, Q_FUNC_INFO})
 
-// The part of a file name from its last "\src\" on; all of it when there is none. Slashes count as
-// backslashes and become such.
+// The part of a file name from its last "\src\" on. Without one, a name that leads up from the
+// build tree ("../a/b.cpp") is taken as one below the source root, and any other is kept. Slashes
+// count as backslashes and become such.
 QString vxSourcePath(const QString &fileName);
 
 // "Class::method" of a signature such as "virtual void Class::method(bool) const".
