@@ -1,0 +1,97 @@
+#ifndef VXTIMEPANEEXPANDACTIONS_H
+#define VXTIMEPANEEXPANDACTIONS_H
+
+#include "vxtimelineactions/vxanimationaction.h"
+
+// The commands that open and close rows of the dope sheet: all of them, or those below the row on
+// which its context menu was opened.
+
+// Opens every row.
+class VxTimePaneExpandAllItemsAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneExpandAllItemsAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Opens the row.
+class VxTimePaneExpandItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneExpandItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Opens the row and all below it.
+class VxTimePaneExpandFromItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneExpandFromItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Opens the row and those below it that have keys.
+class VxTimePaneExpandKeyedFromItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneExpandKeyedFromItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Closes every row.
+class VxTimePaneCollapseAllItemsAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneCollapseAllItemsAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Closes the row.
+class VxTimePaneCollapseItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneCollapseItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Closes the row and all below it.
+class VxTimePaneCollapseFromItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneCollapseFromItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+// Closes those rows, from the row on, that have no keys.
+class VxTimePaneCollapseNonKeyedFromItemAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneCollapseNonKeyedFromItemAction();
+
+protected:
+    void executeAction() override;
+};
+
+#endif

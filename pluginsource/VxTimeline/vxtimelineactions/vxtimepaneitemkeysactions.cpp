@@ -1,0 +1,163 @@
+#include "vxtimelineactions/vxtimepaneitemkeysactions.h"
+
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QSet>
+#include <QtGui/QGuiApplication>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimeline/time/vxwarning.h"
+
+namespace {
+
+// The selected rows, each once and in the order in which they were selected, by their first column.
+QModelIndexList selectedRows(const VxDopeSheetView *view)
+{
+    QModelIndexList rows;
+    if (!view->selectionModel())
+        return rows;
+    QSet<QModelIndex> seen;
+    const QModelIndexList indexes = view->selectionModel()->selectedIndexes();
+    for (const QModelIndex &index : indexes) {
+        const QModelIndex row = index.siblingAtColumn(VxDopeSheetView::NameColumn);
+        if (!seen.contains(row)) {
+            seen.insert(row);
+            rows.append(row);
+        }
+    }
+    return rows;
+}
+
+// The view leaves out the end of a time span; a range takes in its last time.
+VxTime spanEnd(const VxTimeRange &range)
+{
+    return range.getEnd() == VxTimeMax ? VxTimeMax : range.getEnd() + 1;
+}
+
+VxTimeRange playRange()
+{
+    return vxScene ? vxScene->getPlayRange() : VxTimeRange();
+}
+
+} // namespace
+
+VxTimePaneItemKeysSelectionAction::VxTimePaneItemKeysSelectionAction(const QString &text,
+                                                                     const QString &description)
+    : VxAnimationAction(text, description)
+{
+}
+
+VxTimePaneItemKeysSelectionAction::~VxTimePaneItemKeysSelectionAction() = default;
+
+void VxTimePaneItemKeysSelectionAction::init()
+{
+    requireTimePaneForInit(VX_HERE);
+}
+
+QString VxTimePaneItemKeysSelectionAction::getActionGroup() const
+{
+    return QString();
+}
+
+void VxTimePaneItemKeysSelectionAction::executeAction()
+{
+    VxTimePane *pane = requireTimePane(VX_HERE);
+    if (!pane)
+        return;
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    const bool select = selectsKeys();
+    const bool add = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
+    if (select && !add)
+        view->clearSelectedKeys();
+    const VxTimeRange range = getKeyRange();
+    const QModelIndexList rows = selectedRows(view);
+    for (const QModelIndex &row : rows)
+        view->setKeySelection(select, row, row, range.getStart(), spanEnd(range));
+}
+
+VxTimePaneSelectItemPlayRangeKeysAction::VxTimePaneSelectItemPlayRangeKeysAction()
+    : VxTimePaneItemKeysSelectionAction(
+          tr("Select Item Keys (Filtered)"),
+          tr("Selects keys within the play range for the properties associated with the "
+             "currently selected item(s) in the navigation column of the Timeline pane "
+             "dopesheet view. If a selected item is collapsible and is currently collapsed, "
+             "all keys that are represented by the collapsed key will become selected."))
+{
+    completeConstruction();
+}
+
+bool VxTimePaneSelectItemPlayRangeKeysAction::selectsKeys() const
+{
+    return true;
+}
+
+VxTimeRange VxTimePaneSelectItemPlayRangeKeysAction::getKeyRange() const
+{
+    return playRange();
+}
+
+VxTimePaneSelectItemAnimRangeKeysAction::VxTimePaneSelectItemAnimRangeKeysAction()
+    : VxTimePaneItemKeysSelectionAction(
+          tr("Select All Item Keys (Filtered)"),
+          tr("Selects all keys in the entire animation range for the properties associated "
+             "with the currently selected item(s) in the navigation column of the Timeline "
+             "pane dopesheet view. If a selected item is collapsible and is currently "
+             "collapsed, all keys that are represented by the collapsed key will become "
+             "selected."))
+{
+    completeConstruction();
+}
+
+bool VxTimePaneSelectItemAnimRangeKeysAction::selectsKeys() const
+{
+    return true;
+}
+
+VxTimeRange VxTimePaneSelectItemAnimRangeKeysAction::getKeyRange() const
+{
+    return VxTimeRange::all();
+}
+
+VxTimePaneDeselectItemPlayRangeKeysAction::VxTimePaneDeselectItemPlayRangeKeysAction()
+    : VxTimePaneItemKeysSelectionAction(
+          tr("Deselect Item Keys (Filtered)"),
+          tr("Deselects keys within the play range for the properties associated with the "
+             "currently selected item(s) in the navigation column of the Timeline pane "
+             "dopesheet view. If a selected item is collapsible and is currently collapsed, "
+             "all keys that are represented by the collapsed key will become selected."))
+{
+    completeConstruction();
+}
+
+bool VxTimePaneDeselectItemPlayRangeKeysAction::selectsKeys() const
+{
+    return false;
+}
+
+VxTimeRange VxTimePaneDeselectItemPlayRangeKeysAction::getKeyRange() const
+{
+    return playRange();
+}
+
+VxTimePaneDeselectItemAnimRangeKeysAction::VxTimePaneDeselectItemAnimRangeKeysAction()
+    : VxTimePaneItemKeysSelectionAction(
+          tr("Deselect All Item Keys (Filtered)"),
+          tr("Deselects all keys in the entire animation range for the properties associated"
+             " with the currently selected item(s) in the navigation column of the Timeline "
+             "pane dopesheet view. If a selected item is collapsible and is currently "
+             "collapsed, all keys that are represented by the collapsed key will become "
+             "selected."))
+{
+    completeConstruction();
+}
+
+bool VxTimePaneDeselectItemAnimRangeKeysAction::selectsKeys() const
+{
+    return false;
+}
+
+VxTimeRange VxTimePaneDeselectItemAnimRangeKeysAction::getKeyRange() const
+{
+    return VxTimeRange::all();
+}

@@ -1,0 +1,45 @@
+#ifndef VXTIMEPANEOPTIONACTIONS_H
+#define VXTIMEPANEOPTIONACTIONS_H
+
+#include "vxtimelineactions/vxanimationaction.h"
+
+// The options of the pane that are on or off. Each shows the state that the pane has: it follows
+// the pane's signal, and takes its mark back when the pane refuses.
+
+// Opens or closes the key graph, which the pane does in the advanced view only.
+class VxTimePaneKeyGraphToggleAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneKeyGraphToggleAction();
+    void init() override;
+
+protected:
+    void toggleAction(bool onOff) override;
+};
+
+// Whether the selection in the Parameters pane is followed.
+class VxTimePaneMonitorParametersPaneAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePaneMonitorParametersPaneAction();
+    void init() override;
+
+protected:
+    void toggleAction(bool onOff) override;
+};
+
+// Whether playback shows every frame, however long it takes.
+class VxTimePanePlayAllFramesAction : public VxAnimationAction
+{
+    Q_OBJECT
+public:
+    VxTimePanePlayAllFramesAction();
+    void init() override;
+
+protected:
+    void toggleAction(bool onOff) override;
+};
+
+#endif
