@@ -1,0 +1,654 @@
+#include <QPointer>
+#include <QSignalSpy>
+#include <QtTest>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpaneaction.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxplugin.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxundostack.h>
+
+#include "actions_table.h"
+#include "testing/vxscenebuilder.h"
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepanechoice.h"
+#include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimelineactions/vxanimationaction.h"
+#include "vxtimelineplugin.h"
+
+namespace {
+
+std::unique_ptr<VxAction> createAction(const QString &className)
+{
+    const auto factories = getPluginDefinition()->getClassFactories();
+    for (const VxClassFactory *factory : factories) {
+        if (factory->className() == className)
+            return std::unique_ptr<VxAction>(qobject_cast<VxAction *>(factory->createInstance()));
+    }
+    return nullptr;
+}
+
+// The whole warning that an action gives when there is no pane.
+QRegularExpression missingPaneWarning(const char *method)
+{
+    return QRegularExpression(
+        QStringLiteral("^\\\\src\\\\pluginsource\\\\VxTimeline\\\\vxtimelineactions\\\\[a-z]+\\.cpp"
+                       "\\([1-9][0-9]*\\): No VxTimePane instance found in %1$")
+            .arg(QRegularExpression::escape(QString::fromLatin1(method))));
+}
+
+// A main window with a time pane and every action of the plug-in, as an application has them.
+class Stage
+{
+public:
+    VxMainWindow window;
+    VxTimePane *pane = nullptr;
+
+    Stage()
+    {
+        pane = new VxTimePane;
+        window.getPaneMgr()->addPane(pane);
+        window.setCentralWidget(pane);
+        for (const char *className : registeredClasses) {
+            if (QLatin1String(className) != QLatin1String("VxTimePane"))
+                window.getActionMgr()->addAction(
+                    createAction(QString::fromLatin1(className)).release());
+        }
+        window.getActionMgr()->initActions();
+    }
+
+    VxAction *action(const char *className) const
+    {
+        VxAction *found = window.getActionMgr()->findAction(QString::fromLatin1(className));
+        if (!found)
+            qFatal("no action %s", className);
+        return found;
+    }
+
+    void trigger(const char *className) const { action(className)->trigger(); }
+
+    // The classes of a family whose actions are checked.
+    QStringList checked(const char *base) const
+    {
+        QStringList names;
+        for (const ActionRow &row : actionRows) {
+            if (QLatin1String(row.base) == QLatin1String(base) &&
+                action(row.className)->isChecked())
+                names << QLatin1String(row.className);
+        }
+        return names;
+    }
+};
+
+void setCheckedSilently(QAction *action, bool checked)
+{
+    const QSignalBlocker blocker(action);
+    action->setChecked(checked);
+}
+
+} // namespace
+
+class TestVxTimelineActions : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+
+    void tableHoldsEveryAction();
+    void catalogue_data();
+    void catalogue();
+    void paneAction();
+    void shortcuts();
+
+    void triggerWithoutPane_data();
+    void triggerWithoutPane();
+    void initWithoutPane_data();
+    void initWithoutPane();
+    void mainWindowWithoutPane();
+    void paneIsFoundAndForgotten();
+    void everyActionRegistersWithThePane();
+    void initTwice();
+
+    void exclusiveChoice_data();
+    void exclusiveChoice();
+    void choosingWhatIsChosen_data();
+    void choosingWhatIsChosen();
+    void uncheckedChoiceOfTheCurrentValue();
+    void keyScopes();
+    void propertyTypeFlags();
+    void keyGraphFollowsThePane();
+    void monitorParametersPaneFollowsThePane();
+    void playAllFramesFollowsThePane();
+    void optionsReadThePaneAtInit();
+
+    void transport();
+    void looping();
+    void playback();
+    void keysOfSelectedNodes();
+    void filteredKeys();
+    void rowsBelowTheContextItem();
+    void allRows();
+    void rootNodeOrder();
+
+private:
+    static void addRows();
+
+    std::unique_ptr<VxApp> m_app;
+    std::unique_ptr<VxWarningGuard> m_guard;
+};
+
+void TestVxTimelineActions::initTestCase()
+{
+    m_app = std::make_unique<VxApp>();
+}
+
+void TestVxTimelineActions::cleanupTestCase()
+{
+    m_app.reset();
+}
+
+void TestVxTimelineActions::init()
+{
+    m_guard = std::make_unique<VxWarningGuard>();
+    vxScene->clear();
+}
+
+void TestVxTimelineActions::cleanup()
+{
+    m_guard.reset();
+}
+
+void TestVxTimelineActions::addRows()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const ActionRow &row : actionRows)
+        QTest::newRow(row.className) << index++;
+}
+
+void TestVxTimelineActions::tableHoldsEveryAction()
+{
+    QCOMPARE(int(std::size(actionRows)), 55);
+    QCOMPARE(int(std::size(registeredClasses)), 57);
+    for (size_t i = 0; i < std::size(actionRows); ++i)
+        QCOMPARE(actionRows[i].className, registeredClasses[i + 2]);
+}
+
+void TestVxTimelineActions::catalogue_data()
+{
+    addRows();
+}
+
+void TestVxTimelineActions::catalogue()
+{
+    QFETCH(int, index);
+    const ActionRow &row = actionRows[index];
+    const std::unique_ptr<VxAction> action = createAction(row.className);
+    QVERIFY(action);
+    QCOMPARE(action->metaObject()->className(), row.className);
+    QCOMPARE(action->objectName(), QString(row.className));
+    QCOMPARE(action->text(), QString(row.text));
+    QCOMPARE(action->getDescription(), QString(row.description));
+    QCOMPARE(action->statusTip(), QString(row.description));
+    QCOMPARE(action->isCheckable(), row.checkable);
+    QVERIFY(!action->isChecked());
+    QVERIFY(action->isEnabled());
+
+    QVERIFY(qobject_cast<VxAnimationAction *>(action.get()));
+    QVERIFY(action->inherits(row.base));
+    QCOMPARE(action->getDefaultMenuPath(), QString("Animation"));
+    QCOMPARE(action->getActionGroup(), QString(row.group));
+    QCOMPARE(action->isClipboardAction(),
+             QLatin1String(row.className) == QLatin1String("VxTimePaneCopySelectedKeysAction"));
+
+    const auto *choice = dynamic_cast<const TimePaneChoice *>(action.get());
+    QCOMPARE(choice != nullptr, row.value >= 0);
+    if (choice)
+        QCOMPARE(choice->value(), row.value);
+}
+
+void TestVxTimelineActions::paneAction()
+{
+    const std::unique_ptr<VxAction> action = createAction("VxTimePaneAction");
+    const auto *paneAction = qobject_cast<VxPaneAction *>(action.get());
+    QVERIFY(paneAction);
+    QCOMPARE(paneAction->objectName(), QString("VxTimePaneAction"));
+    QCOMPARE(paneAction->getPaneClassName(), QString("VxTimePane"));
+}
+
+// Two actions with one shortcut would leave both dead.
+void TestVxTimelineActions::shortcuts()
+{
+    QHash<QString, QString> taken;
+    for (const ActionRow &row : actionRows) {
+        const QString accel = createAction(row.className)->getDefaultAccel();
+        if (accel.isEmpty())
+            continue;
+        const QKeySequence sequence = QKeySequence::fromString(accel, QKeySequence::PortableText);
+        QCOMPARE(sequence.toString(QKeySequence::PortableText), accel);
+        QVERIFY2(!taken.contains(accel), qPrintable(accel + " of " + taken.value(accel)));
+        taken.insert(accel, row.className);
+    }
+    QCOMPARE(taken.value("Space"), QString("VxPlayToggleAction"));
+    QCOMPARE(taken.value("Del"), QString("VxTimePaneDeleteSelectedKeysAction"));
+}
+
+void TestVxTimelineActions::triggerWithoutPane_data()
+{
+    addRows();
+}
+
+void TestVxTimelineActions::triggerWithoutPane()
+{
+    QFETCH(int, index);
+    const ActionRow &row = actionRows[index];
+    const std::unique_ptr<VxAction> action = createAction(row.className);
+    m_guard->expect(missingPaneWarning(row.execute));
+    action->trigger();
+    QCOMPARE(m_guard->messages().size(), 1);
+}
+
+void TestVxTimelineActions::initWithoutPane_data()
+{
+    addRows();
+}
+
+void TestVxTimelineActions::initWithoutPane()
+{
+    QFETCH(int, index);
+    const ActionRow &row = actionRows[index];
+    const std::unique_ptr<VxAction> action = createAction(row.className);
+    m_guard->expect(missingPaneWarning(row.init));
+    action->init();
+    QCOMPARE(m_guard->messages().size(), 1);
+    QVERIFY(!action->isChecked());
+}
+
+void TestVxTimelineActions::mainWindowWithoutPane()
+{
+    VxMainWindow window;
+    QVERIFY(!VxAnimationAction::findTimePane());
+    m_guard->expect(missingPaneWarning("VxNextFrameAction::executeAction()"));
+    createAction("VxNextFrameAction")->trigger();
+}
+
+void TestVxTimelineActions::paneIsFoundAndForgotten()
+{
+    {
+        VxMainWindow window;
+        QVERIFY(!VxAnimationAction::findTimePane());
+        auto *pane = new VxTimePane;
+        window.getPaneMgr()->addPane(pane);
+        QCOMPARE(VxAnimationAction::findTimePane(), pane);
+        delete pane;
+        QVERIFY(!VxAnimationAction::findTimePane());
+        auto *second = new VxTimePane;
+        window.getPaneMgr()->addPane(second);
+        QCOMPARE(VxAnimationAction::findTimePane(), second);
+        window.getPaneMgr()->destroyPanes();
+    }
+    QVERIFY(!VxAnimationAction::findTimePane());
+}
+
+void TestVxTimelineActions::everyActionRegistersWithThePane()
+{
+    const Stage stage;
+    const QVector<QAction *> registered = stage.pane->getRegisteredActions();
+    for (const ActionRow &row : actionRows)
+        QCOMPARE(registered.count(stage.action(row.className)), 1);
+    QCOMPARE(registered.size(), int(std::size(actionRows)));
+}
+
+void TestVxTimelineActions::initTwice()
+{
+    Stage stage;
+    const QStringList scope = stage.checked("VxTimePaneSetKeyScopeAction");
+    const QStringList types = stage.checked("VxTimePaneSetPropertyTypeAction");
+    stage.window.getActionMgr()->initActions();
+    QCOMPARE(stage.pane->getRegisteredActions().size(), int(std::size(actionRows)));
+    QCOMPARE(stage.checked("VxTimePaneSetKeyScopeAction"), scope);
+    QCOMPARE(stage.checked("VxTimePaneSetPropertyTypeAction"), types);
+
+    // The signal is connected once.
+    QSignalSpy toggled(stage.action("VxTimePaneMonitorParametersPaneAction"), &QAction::toggled);
+    stage.pane->setMonitorParametersPane(!stage.pane->getMonitorParametersPane());
+    QCOMPARE(toggled.size(), 1);
+}
+
+void TestVxTimelineActions::exclusiveChoice_data()
+{
+    QTest::addColumn<QString>("base");
+    QTest::newRow("controls position") << "VxTimePaneControlsPositionAction";
+    QTest::newRow("view mode") << "VxTimePaneViewModeAction";
+}
+
+void TestVxTimelineActions::exclusiveChoice()
+{
+    QFETCH(QString, base);
+    const Stage stage;
+    const auto current = [&] {
+        return base == "VxTimePaneViewModeAction" ? int(stage.pane->getViewMode())
+                                                  : int(stage.pane->getControlsPosition());
+    };
+    int tried = 0;
+    for (const ActionRow &row : actionRows) {
+        if (base != row.base)
+            continue;
+        stage.trigger(row.className);
+        QCOMPARE(current(), row.value);
+        QCOMPARE(stage.checked(row.base), QStringList(row.className));
+        ++tried;
+    }
+    QVERIFY(tried >= 2);
+}
+
+void TestVxTimelineActions::choosingWhatIsChosen_data()
+{
+    QTest::addColumn<QString>("className");
+    QTest::newRow("controls position") << "VxTimePaneControlsTopAction";
+    QTest::newRow("view mode") << "VxTimePaneIntermediateViewAction";
+    QTest::newRow("key scope") << "VxTimePaneSetKeyScopeObjectAction";
+}
+
+void TestVxTimelineActions::choosingWhatIsChosen()
+{
+    QFETCH(QString, className);
+    const Stage stage;
+    VxAction *action = stage.action(qPrintable(className));
+    action->trigger();
+    QVERIFY(action->isChecked());
+    int changes = 0;
+    const auto count = [&changes] { ++changes; };
+    connect(stage.pane, &VxTimePane::viewModeChanged, this, count);
+    connect(stage.pane, &VxTimePane::controlsPositionChanged, this, count);
+    action->trigger();
+    QVERIFY(action->isChecked());
+    QCOMPARE(changes, 0);
+    for (const ActionRow &row : actionRows) {
+        if (className == row.className)
+            QCOMPARE(stage.checked(row.base), QStringList(className));
+    }
+}
+
+void TestVxTimelineActions::uncheckedChoiceOfTheCurrentValue()
+{
+    const Stage stage;
+    stage.trigger("VxTimePaneBasicViewAction");
+    QCOMPARE(stage.pane->getViewMode(), VxTimePane::BasicView);
+    VxAction *action = stage.action("VxTimePaneBasicViewAction");
+    setCheckedSilently(action, false);
+    int changes = 0;
+    connect(stage.pane, &VxTimePane::viewModeChanged, this, [&changes] { ++changes; });
+    action->trigger();
+    QVERIFY(action->isChecked());
+    QCOMPARE(stage.pane->getViewMode(), VxTimePane::BasicView);
+    QCOMPARE(changes, 0);
+}
+
+void TestVxTimelineActions::keyScopes()
+{
+    const Stage stage;
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    const char *const base = "VxTimePaneSetKeyScopeAction";
+    QCOMPARE(stage.checked(base), QStringList("VxTimePaneSetKeyScopeNodeAction"));
+    const char *const order[] = {
+        "VxTimePaneSetKeyScopePropertiesAction", "VxTimePaneSetKeyScopeObjectAction",
+        "VxTimePaneSetKeyScopeNodeAction", "VxTimePaneSetKeyScopeNodeRecurseAction"};
+    for (const char *className : order) {
+        stage.trigger(className);
+        QCOMPARE(stage.checked(base), QStringList(className));
+        const auto *choice = dynamic_cast<TimePaneChoice *>(stage.action(className));
+        QCOMPARE(int(stage.pane->getFilteredKeyCreationScope()), choice->value());
+    }
+}
+
+void TestVxTimelineActions::propertyTypeFlags()
+{
+    const Stage stage;
+    stage.pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropOther |
+                                         VxTimePane::PropHidden);
+    QVERIFY(stage.action("VxTimePaneSetPropertyTypeOtherAction")->isChecked());
+    stage.trigger("VxTimePaneSetPropertyTypeOtherAction");
+    QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), 0x21);
+    QVERIFY(!stage.action("VxTimePaneSetPropertyTypeOtherAction")->isChecked());
+    stage.trigger("VxTimePaneSetPropertyTypeAliasAction");
+    QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), 0x31);
+    QCOMPARE(stage.checked("VxTimePaneSetPropertyTypeAction"),
+             QStringList({"VxTimePaneSetPropertyTypeTranslationAction",
+                          "VxTimePaneSetPropertyTypeAliasAction",
+                          "VxTimePaneSetPropertyTypeHiddenAction"}));
+    int all = 0;
+    for (const ActionRow &row : actionRows) {
+        if (QLatin1String(row.base) != QLatin1String("VxTimePaneSetPropertyTypeAction"))
+            continue;
+        if (!stage.action(row.className)->isChecked())
+            stage.trigger(row.className);
+        all |= row.value;
+    }
+    QCOMPARE(all, 0x3f);
+    QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), all);
+}
+
+void TestVxTimelineActions::keyGraphFollowsThePane()
+{
+    const Stage stage;
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.pane->setKeyGraphOpen(true);
+    VxAction *action = stage.action("VxTimePaneKeyGraphToggleAction");
+    QVERIFY(action->isChecked());
+    action->trigger();
+    QVERIFY(!action->isChecked());
+    QVERIFY(!stage.pane->getKeyGraphOpen());
+    stage.pane->toggleKeyGraph();
+    QVERIFY(action->isChecked());
+
+    // Outside of the advanced view the pane refuses, and the check mark says so.
+    stage.trigger("VxTimePaneBasicViewAction");
+    action->trigger();
+    QVERIFY(stage.pane->getKeyGraphOpen());
+    QVERIFY(action->isChecked());
+}
+
+void TestVxTimelineActions::monitorParametersPaneFollowsThePane()
+{
+    const Stage stage;
+    VxAction *action = stage.action("VxTimePaneMonitorParametersPaneAction");
+    QVERIFY(!action->isChecked());
+    action->trigger();
+    QVERIFY(stage.pane->getMonitorParametersPane());
+    QVERIFY(action->isChecked());
+    stage.pane->setMonitorParametersPane(false);
+    QVERIFY(!action->isChecked());
+}
+
+void TestVxTimelineActions::playAllFramesFollowsThePane()
+{
+    const Stage stage;
+    VxAction *action = stage.action("VxTimePanePlayAllFramesAction");
+    QVERIFY(!action->isChecked());
+    action->trigger();
+    QVERIFY(stage.pane->getPlayAllFrames());
+    QVERIFY(action->isChecked());
+    stage.pane->setPlayAllFrames(false);
+    QVERIFY(!action->isChecked());
+}
+
+void TestVxTimelineActions::optionsReadThePaneAtInit()
+{
+    const Stage stage;
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.pane->setKeyGraphOpen(true);
+    stage.pane->setMonitorParametersPane(true);
+    stage.pane->setPlayAllFrames(true);
+    for (const char *className :
+         {"VxTimePaneKeyGraphToggleAction", "VxTimePaneMonitorParametersPaneAction",
+          "VxTimePanePlayAllFramesAction"}) {
+        const std::unique_ptr<VxAction> action = createAction(className);
+        QVERIFY(!action->isChecked());
+        action->init();
+        QVERIFY2(action->isChecked(), className);
+    }
+}
+
+void TestVxTimelineActions::transport()
+{
+    const Stage stage;
+    const int step = vxScene->getTimeStep();
+    vxScene->setAnimRange({0, 30 * step});
+    vxScene->setPlayRange({5 * step, 20 * step});
+    vxScene->setTime(10 * step);
+    stage.trigger("VxNextFrameAction");
+    QCOMPARE(vxScene->getTime(), 11 * step);
+    stage.trigger("VxPrevFrameAction");
+    QCOMPARE(vxScene->getTime(), 10 * step);
+    stage.trigger("VxSkipToPlayrangeStartAction");
+    QCOMPARE(vxScene->getTime(), 5 * step);
+    stage.trigger("VxSkipToPlayrangeEndAction");
+    QCOMPARE(vxScene->getTime(), 20 * step);
+}
+
+void TestVxTimelineActions::looping()
+{
+    const Stage stage;
+    const bool before = vxScene->isLoopingEnabled();
+    stage.trigger("VxLoopToggleAction");
+    QCOMPARE(vxScene->isLoopingEnabled(), !before);
+    stage.trigger("VxLoopToggleAction");
+    QCOMPARE(vxScene->isLoopingEnabled(), before);
+}
+
+void TestVxTimelineActions::playback()
+{
+    const Stage stage;
+    stage.trigger("VxPlayToggleAction");
+    QVERIFY(vxScene->isPlaying());
+    stage.trigger("VxPlayToggleAction");
+    QVERIFY(!vxScene->isPlaying());
+}
+
+void TestVxTimelineActions::keysOfSelectedNodes()
+{
+    const Stage stage;
+    VxSceneBuilder builder(vxScene);
+    VxNode *box = builder.addNode("box");
+    VxNode *other = builder.addNode("other");
+    vxScene->setPrimarySelection(box);
+    vxScene->setTime(320);
+    stage.trigger("VxAddKeysAction");
+    QCOMPARE(box->getXPosControl()->getNumKeys(), 1);
+    QCOMPARE(box->getXPosControl()->getKeyTime(0), 320);
+    QCOMPARE(other->getXPosControl()->getNumKeys(), 0);
+    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Create Keys"));
+
+    vxScene->setTime(480);
+    stage.trigger("VxDeleteKeysAction");
+    QCOMPARE(box->getXPosControl()->getNumKeys(), 1);
+    vxScene->setTime(320);
+    stage.trigger("VxDeleteKeysAction");
+    QCOMPARE(box->getXPosControl()->getNumKeys(), 0);
+    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Delete Keys"));
+}
+
+void TestVxTimelineActions::filteredKeys()
+{
+    const Stage stage;
+    VxSceneBuilder builder(vxScene);
+    VxNode *box = builder.addNode("box");
+    vxScene->setPrimarySelection(box);
+    stage.pane->setFilteredPropertyTypes(VxTimePane::PropRotate);
+    stage.trigger("VxTimePaneCreateKeysAction");
+    QCOMPARE(box->getXRotControl()->getNumKeys(), 1);
+    QCOMPARE(box->getXPosControl()->getNumKeys(), 0);
+    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Create Filtered Keys"));
+}
+
+void TestVxTimelineActions::rowsBelowTheContextItem()
+{
+    Stage stage;
+    VxSceneBuilder builder(vxScene);
+    VxSkeleton *figure = builder.addSkeleton("figure", 3, VxSceneBuilder::Shape::Chain);
+    builder.addSkeleton("bystander", 2);
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.window.resize(900, 500);
+    stage.window.show();
+    VxDopeSheetView *view = stage.pane->getDopeSheetView();
+    view->collapseAll();
+    const QModelIndex row = view->findNodeIndex(figure);
+    const QModelIndex below = view->findNodeIndex(figure->getNodeChild(0));
+    QVERIFY(row.isValid() && below.isValid());
+
+    // Nothing was clicked: nothing opens.
+    view->setContextIndex(QModelIndex());
+    stage.trigger("VxTimePaneExpandItemAction");
+    stage.trigger("VxTimePaneExpandFromItemAction");
+    QVERIFY(!view->isExpanded(row));
+
+    view->setContextIndex(row);
+    stage.trigger("VxTimePaneExpandItemAction");
+    QVERIFY(view->isExpanded(row) && !view->isExpanded(below));
+    stage.trigger("VxTimePaneExpandFromItemAction");
+    QVERIFY(view->isExpanded(row) && view->isExpanded(below));
+    stage.trigger("VxTimePaneCollapseItemAction");
+    QVERIFY(!view->isExpanded(row) && view->isExpanded(below));
+    stage.trigger("VxTimePaneCollapseFromItemAction");
+    QVERIFY(!view->isExpanded(row) && !view->isExpanded(below));
+}
+
+void TestVxTimelineActions::allRows()
+{
+    Stage stage;
+    VxSceneBuilder builder(vxScene);
+    VxSkeleton *first = builder.addSkeleton("first", 2);
+    VxSkeleton *second = builder.addSkeleton("second", 2);
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.window.show();
+    VxDopeSheetView *view = stage.pane->getDopeSheetView();
+    for (const bool open : {true, false, true}) {
+        stage.trigger(open ? "VxTimePaneExpandAllItemsAction" : "VxTimePaneCollapseAllItemsAction");
+        for (VxNode *node : {first->getNodeChild(0), second->getNodeChild(0)}) {
+            QCOMPARE(view->isExpanded(view->findNodeIndex(node->getNodeParent())), open);
+            QCOMPARE(view->isExpanded(view->findNodeIndex(node)), open);
+        }
+    }
+}
+
+void TestVxTimelineActions::rootNodeOrder()
+{
+    Stage stage;
+    VxSceneBuilder builder(vxScene);
+    for (const char *name : {"a", "b", "c", "d"})
+        builder.addNode(QString::fromLatin1(name));
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.window.show();
+    VxDopeSheetView *view = stage.pane->getDopeSheetView();
+    const auto order = [view] {
+        QString names;
+        for (int row = 0; row < view->model()->rowCount(); ++row)
+            names += view->model()->index(row, VxDopeSheetView::NameColumn).data().toString();
+        return names;
+    };
+    QCOMPARE(order(), QString("abcd"));
+    view->setCurrentIndex(view->findNodeIndex(vxScene->findNode("c")));
+    stage.trigger("VxTimePaneMoveRootNodeUpAction");
+    QCOMPARE(order(), QString("acbd"));
+    stage.trigger("VxTimePaneMoveRootNodeToBottomAction");
+    QCOMPARE(order(), QString("abdc"));
+    stage.trigger("VxTimePaneMoveRootNodeToTopAction");
+    QCOMPARE(order(), QString("cabd"));
+    stage.trigger("VxTimePaneMoveRootNodeDownAction");
+    QCOMPARE(order(), QString("acbd"));
+}
+
+QTEST_MAIN(TestVxTimelineActions)
+#include "tst_vxtimelineactions.moc"
