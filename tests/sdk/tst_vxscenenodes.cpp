@@ -620,12 +620,24 @@ void TestSceneNodes::manyNodesComeAndGoInLinearTime()
         m_scene->clear();
         return used;
     };
-    run(500);
-    // The best of three: others use the machine too. Quadratic cost would come to a ratio of 64.
-    const auto best = [&](int count) { return std::min({run(count), run(count), run(count)}); };
-    const double ratio = double(best(8000)) / double(best(1000));
-    qInfo("8000 nodes take %.1f times as long as 1000", ratio);
-    QVERIFY2(ratio < 40, qPrintable(QString::number(ratio)));
+    const auto floor = [](int count) {
+        QElapsedTimer timer;
+        timer.start();
+        QVector<VxNode *> nodes;
+        for (int i = 0; i < count; ++i)
+            nodes << new VxNode(QStringLiteral("n"));
+        qDeleteAll(nodes);
+        return timer.nsecsElapsed();
+    };
+    // How much more the scene's work grows than that of making and destroying the nodes, which
+    // caches and a busy machine slow down alike. Quadratic cost would come near to 8.
+    double least = 1e9;
+    for (int round = 0; round < 3; ++round) {
+        const double growth = double(run(8000)) / double(run(1000));
+        least = qMin(least, growth / (double(floor(8000)) / double(floor(1000))));
+    }
+    qInfo("8000 nodes take 8 * %.1f times as long as 1000", least);
+    QVERIFY2(least < 4, qPrintable(QString::number(least)));
 }
 
 QTEST_MAIN(TestSceneNodes)

@@ -124,14 +124,16 @@ void TestScenePlayback::droppingFollowsTheClock()
     QTRY_VERIFY(m_clock.nsecsElapsed() > 1500000000);
     m_scene->pause();
     QVERIFY(m_shown.size() > 10);
+    int late = 0;
     for (const Shown &shown : qAsConst(m_shown)) {
         const qint64 position = shown.at * 4800 / 1000000000 % (4800 + 160);
         const qint64 lag = (position - shown.time + 4960) % 4960;
         QCOMPARE(shown.time % 160, 0);
-        // The handler reads its clock a little after the playback read its own, and a busy
-        // machine may stop us in between; two frames are far less than any drift would bring.
-        QVERIFY2(lag < 320, qPrintable(QStringLiteral("%1 at %2").arg(shown.time).arg(position)));
+        late += lag >= 240;
     }
+    // The handler reads its clock a little after the playback read its own, and a busy machine may
+    // stop us in between, now and then; a drift or a lag would show in each frame.
+    QVERIFY2(late * 10 < m_shown.size(), qPrintable(QString::number(late)));
 }
 
 void TestScenePlayback::droppingCatchesUpWithASlowView()
@@ -144,7 +146,7 @@ void TestScenePlayback::droppingCatchesUpWithASlowView()
     QVERIFY(m_shown.size() <= 11);
     QCOMPARE(m_scene->getTime(), 4800);
     // A second, a slow view of the last frame, and what a busy machine takes.
-    QVERIFY2(used < 1800, qPrintable(QString::number(used)));
+    QVERIFY2(used < 3000, qPrintable(QString::number(used)));
 }
 
 void TestScenePlayback::everyFrameIsShown()
@@ -154,7 +156,7 @@ void TestScenePlayback::everyFrameIsShown()
     QCOMPARE(m_shown.size(), 30);
     for (int i = 0; i < m_shown.size(); ++i)
         QCOMPARE(m_shown.at(i).time, (i + 1) * 160);
-    QVERIFY(m_clock.elapsed() < 2000);
+    QVERIFY(m_clock.elapsed() < 4000);
 }
 
 void TestScenePlayback::everyFrameWaitsForASlowView()

@@ -1,0 +1,131 @@
+#include "figurelines.h"
+
+#include "testing/vxwarningguard.h"
+
+#include <QtTest>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+/// figure > hip (0,10,0) > { knee (-1,-4,0) ending at (0,-5,0), spine (0,3,0) without an end }
+struct Figure
+{
+    Figure()
+    {
+        hip->setOrigin({0, 10, 0});
+        knee->setOrigin({-1, -4, 0});
+        knee->setEndPoint({0, -5, 0});
+        spine->setOrigin({0, 3, 0});
+        root->addNodeChild(hip);
+        hip->addNodeChild(knee);
+        hip->addNodeChild(spine);
+        scene.addNode(root);
+    }
+
+    VxScene scene;
+    VxSkeleton *root = new VxSkeleton(QStringLiteral("figure"));
+    VxBone *hip = new VxBone(QStringLiteral("hip"));
+    VxBone *knee = new VxBone(QStringLiteral("knee"));
+    VxBone *spine = new VxBone(QStringLiteral("spine"));
+};
+
+} // namespace
+
+class tst_FigureLines : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_guard.reset(new VxWarningGuard); }
+    void cleanup() { m_guard.reset(); }
+
+    void bonesLeadToBonesAndToTheirEnds();
+    void theFigureFollowsTheTime();
+    void selectionIsMarked();
+    void hiddenNodesAreLeftOut();
+    void plainNodesAreJoints();
+    void bounds();
+
+private:
+    QScopedPointer<VxWarningGuard> m_guard;
+};
+
+void tst_FigureLines::bonesLeadToBonesAndToTheirEnds()
+{
+    const Figure figure;
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(lines.joints.size(), 3); // without the figure's own place
+    QCOMPARE(lines.joints.at(0).node, figure.hip);
+    QCOMPARE(lines.joints.at(0).at, QVector3D(0, 10, 0));
+    QCOMPARE(lines.bones.size(), 3);
+    QCOMPARE(lines.bones.at(0).node, figure.hip); // to the knee
+    QCOMPARE(lines.bones.at(0).from, QVector3D(0, 10, 0));
+    QCOMPARE(lines.bones.at(0).to, QVector3D(-1, 6, 0));
+    QCOMPARE(lines.bones.at(1).node, figure.knee); // to its end
+    QCOMPARE(lines.bones.at(1).to, QVector3D(-1, 1, 0));
+    QCOMPARE(lines.bones.at(2).node, figure.hip); // to the spine, which ends nowhere
+    QCOMPARE(lines.bones.at(2).to, QVector3D(0, 13, 0));
+}
+
+void tst_FigureLines::theFigureFollowsTheTime()
+{
+    Figure figure;
+    figure.hip->getXPosControl()->setKey(0, 0, 0);
+    figure.hip->getXPosControl()->setKey(100, 50, 0);
+    figure.scene.setTime(0); // the time asked for counts, not the scene's
+    const FigureLines lines = FigureLines::collect(figure.scene, 50);
+    QCOMPARE(lines.joints.at(0).at, QVector3D(25, 10, 0));
+    QCOMPARE(lines.bones.at(1).to, QVector3D(24, 1, 0));
+}
+
+void tst_FigureLines::selectionIsMarked()
+{
+    Figure figure;
+    figure.knee->select();
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QVERIFY(!lines.bones.at(0).selected);
+    QVERIFY(lines.bones.at(1).selected);
+    QVERIFY(!lines.joints.at(0).selected);
+    QVERIFY(lines.joints.at(1).selected);
+}
+
+void tst_FigureLines::hiddenNodesAreLeftOut()
+{
+    Figure figure;
+    figure.hip->setVisible(false);
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(lines.joints.size(), 2);
+    QCOMPARE(lines.bones.size(), 1); // the knee's own
+    QCOMPARE(lines.bones.at(0).node, figure.knee);
+    QCOMPARE(lines.bones.at(0).from, QVector3D(-1, 6, 0)); // still moved by what is hidden
+}
+
+void tst_FigureLines::plainNodesAreJoints()
+{
+    VxScene scene;
+    auto *node = new VxNode(QStringLiteral("light"));
+    node->setOrigin({1, 2, 3});
+    scene.addNode(node);
+    scene.addNode(new VxSkeleton(QStringLiteral("empty figure")));
+    const FigureLines lines = FigureLines::collect(scene, 0);
+    QVERIFY(lines.bones.isEmpty());
+    QCOMPARE(lines.joints.size(), 2);
+    QCOMPARE(lines.joints.at(0).at, QVector3D(1, 2, 3));
+}
+
+void tst_FigureLines::bounds()
+{
+    PointBounds bounds;
+    QVERIFY(bounds.isEmpty());
+    QCOMPARE(bounds.radius(), 0.0f);
+    const Figure figure;
+    bounds.add(FigureLines::collect(figure.scene, 0));
+    QVERIFY(!bounds.isEmpty());
+    QCOMPARE(bounds.center(), QVector3D(-0.5f, 7, 0)); // from y 1 to y 13
+    QVERIFY(bounds.radius() > 6 && bounds.radius() < 6.1f);
+}
+
+QTEST_MAIN(tst_FigureLines)
+#include "tst_figurelines.moc"

@@ -1,0 +1,449 @@
+#include "commandline.h"
+#include "documentcontroller.h"
+#include "panedock.h"
+#include "panedocks.h"
+#include "studio.h"
+#include "studiowindow.h"
+#include "testing/vxmousedriver.h"
+#include "testing/vxwarningguard.h"
+#include "viewportwidget.h"
+
+#include <QAbstractButton>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
+
+namespace {
+
+const QByteArray smallMotion =
+    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
+    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
+
+/// Answers the next message box, and keeps what it said.
+class BoxAnswer
+{
+public:
+    explicit BoxAnswer(QMessageBox::StandardButton button)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, button] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            m_timer.stop();
+            m_text = box->text();
+            box->button(button)->click();
+        });
+        m_timer.start(5);
+    }
+
+    QString text() const { return m_text; }
+
+private:
+    QTimer m_timer;
+    QString m_text;
+};
+
+} // namespace
+
+/// The whole window, with the module loaded from the plug-in folder.
+class tst_StudioWindow : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void everyPaneHasADock();
+    void defaultLayout();
+    void menus();
+    void dockTogglesAndPaneActions();
+    void optionsMenu();
+    void optionsButtonOpensTheMenu();
+    void closedDockIsShownOnRequest();
+    void openFile();
+    void brokenFileKeepsTheScene();
+    void titleShowsChanges();
+    void undoWaitsForOpenHolds();
+    void newAsksForChanges_data();
+    void newAsksForChanges();
+    void savesAndReopens();
+    void shortcutsWork();
+    void paletteMenu();
+    void layoutIsKept();
+    void viewportDrags();
+    void viewportFramesTheFigure();
+    void shutDownWhilePlaying();
+
+private:
+    void start(const QStringList &arguments = {});
+    QString write(const char *name, const QByteArray &bytes) const;
+    void makeChange() const;
+    QMenu *menu(const QString &title) const;
+    QAction *entry(const QString &menuTitle, const QString &text) const;
+    StudioWindow *window() const { return m_studio->window(); }
+
+    QScopedPointer<VxWarningGuard> m_guard;
+    QScopedPointer<QTemporaryDir> m_dir;
+    QScopedPointer<Studio> m_studio;
+};
+
+void tst_StudioWindow::init()
+{
+    m_guard.reset(new VxWarningGuard);
+    m_dir.reset(new QTemporaryDir);
+    start();
+}
+
+void tst_StudioWindow::cleanup()
+{
+    m_studio.reset();
+    m_dir.reset();
+    m_guard.reset();
+}
+
+void tst_StudioWindow::start(const QStringList &arguments)
+{
+    m_studio.reset();
+    const CommandLine line =
+        CommandLine::parse(QStringList{"vxstudio", "--settings", m_dir->filePath("settings.ini"),
+                                       "--plugin-path", VX_PLUGIN_DIR} +
+                           arguments);
+    QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
+    m_studio.reset(new Studio(line));
+    window()->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+}
+
+QString tst_StudioWindow::write(const char *name, const QByteArray &bytes) const
+{
+    QFile file(m_dir->filePath(QLatin1String(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", name);
+    return file.fileName();
+}
+
+/** One undo entry, "Change". */
+void tst_StudioWindow::makeChange() const
+{
+    VxUndoStackHold hold;
+    vxScene->setTimeStep(vxScene->getTimeStep() + 1);
+    hold.accept(QStringLiteral("Change"));
+}
+
+QMenu *tst_StudioWindow::menu(const QString &title) const
+{
+    for (const QAction *action : window()->menuBar()->actions()) {
+        if (action->text().remove('&') == title)
+            return action->menu();
+    }
+    return nullptr;
+}
+
+QAction *tst_StudioWindow::entry(const QString &menuTitle, const QString &text) const
+{
+    const QMenu *found = menu(menuTitle);
+    for (QAction *action : found ? found->actions() : QList<QAction *>()) {
+        if (action->text().remove('&') == text)
+            return action;
+    }
+    return nullptr;
+}
+
+void tst_StudioWindow::everyPaneHasADock()
+{
+    QCOMPARE(vxApp->getPluginMgr()->getPlugins().size(), 1);
+    const QVector<VxPane *> panes = window()->getPaneMgr()->getPanes();
+    QCOMPARE(window()->docks()->docks().size(), panes.size());
+    for (const char *name : {"VxTimePane", "VxScenePane", "VxParametersPane"}) {
+        const PaneDock *dock = window()->docks()->find(QLatin1String(name));
+        QVERIFY2(dock, name);
+        QCOMPARE(dock->objectName(), QStringLiteral("Dock") + QLatin1String(name));
+        QCOMPARE(dock->windowTitle(), dock->pane()->getTitle());
+        QVERIFY(dock->isVisible());
+    }
+    QCOMPARE(window()->docks()->find("VxTimePane")->windowTitle(), QString("Timeline"));
+}
+
+void tst_StudioWindow::defaultLayout()
+{
+    QCOMPARE(window()->size(), QSize(1280, 800));
+    const PaneDock *time = window()->docks()->find("VxTimePane");
+    const PaneDock *tree = window()->docks()->find("VxScenePane");
+    const PaneDock *parameters = window()->docks()->find("VxParametersPane");
+    QTRY_VERIFY(std::abs(tree->width() - 220) < 20);
+    QVERIFY(std::abs(parameters->width() - 260) < 20);
+    QVERIFY(std::abs(time->height() - 330) < 20);
+    QVERIFY(time->width() > 1250); // below everything
+    const QPoint middle =
+        window()->viewport()->mapTo(window(), window()->viewport()->rect().center());
+    QVERIFY(tree->geometry().right() < middle.x());
+    QVERIFY(parameters->x() > middle.x());
+    QVERIFY(time->y() > middle.y());
+}
+
+void tst_StudioWindow::menus()
+{
+    QStringList titles;
+    for (const QAction *action : window()->menuBar()->actions())
+        titles.append(action->text().remove('&'));
+    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Animation", "Window"}));
+    QVERIFY(!menu("Animation")->actions().isEmpty());
+    for (const char *text : {"New", "Open...", "Save", "Save As...", "Quit"})
+        QVERIFY2(entry("File", QLatin1String(text)), text);
+    // Every action with a menu path stands in some menu.
+    for (const VxAction *action : window()->getActionMgr()->getActions()) {
+        if (!action->getDefaultMenuPath().isEmpty())
+            QVERIFY2(action->associatedWidgets().size() > 1, qPrintable(action->objectName()));
+    }
+    // The 56 actions of the module and the host's own six.
+    QCOMPARE(window()->getActionMgr()->getNumActions(), 62);
+}
+
+void tst_StudioWindow::dockTogglesAndPaneActions()
+{
+    PaneDock *dock = window()->docks()->find("VxScenePane");
+    QAction *toggle = entry("Window", dock->windowTitle());
+    QCOMPARE(toggle, dock->toggleViewAction());
+    toggle->trigger();
+    QVERIFY(!dock->isVisible());
+    toggle->trigger();
+    QVERIFY(dock->isVisible());
+    QVERIFY(entry("Window", "Default Layout"));
+    const QAction *panes = entry("Window", "Panes");
+    QVERIFY(panes && panes->menu());
+    QCOMPARE(panes->menu()->actions().value(0)->text(), QString("Timeline"));
+}
+
+void tst_StudioWindow::optionsMenu()
+{
+    const PaneDock *time = window()->docks()->find("VxTimePane");
+    QVERIFY(time->findChild<QAbstractButton *>("PaneOptionsBtn"));
+    const PaneDock *tree = window()->docks()->find("VxScenePane");
+    QVERIFY(!tree->findChild<QAbstractButton *>("PaneOptionsBtn"));
+    QVERIFY(tree->findChild<QAbstractButton *>("PaneCloseBtn"));
+}
+
+void tst_StudioWindow::optionsButtonOpensTheMenu()
+{
+    const PaneDock *time = window()->docks()->find("VxTimePane");
+    auto *button = time->findChild<QAbstractButton *>("PaneOptionsBtn");
+    QVERIFY(button);
+    VxMouseDriver(button).click(button->rect().center());
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    auto *popup = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(popup);
+    QCOMPARE(popup->actions().value(0)->text(), QString("Preferences"));
+    QVERIFY(popup->actions().size() > 20);
+    popup->close();
+}
+
+void tst_StudioWindow::closedDockIsShownOnRequest()
+{
+    PaneDock *dock = window()->docks()->find("VxTimePane");
+    auto *button = dock->findChild<QAbstractButton *>("PaneCloseBtn");
+    VxMouseDriver(button).click(button->rect().center());
+    QTRY_VERIFY(!dock->isVisible());
+    window()->getActionMgr()->findAction("VxTimePaneAction")->trigger();
+    QTRY_VERIFY(dock->isVisible());
+}
+
+void tst_StudioWindow::openFile()
+{
+    QCOMPARE(window()->windowTitle(), QString("Untitled[*] - VxStudio"));
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    QCOMPARE(window()->windowTitle(), QString("walk.bvh[*] - VxStudio"));
+    QVERIFY(!window()->isWindowModified());
+    QCOMPARE(vxScene->getNumNodes(), 2);
+    QCOMPARE(vxApp->getUndoStack()->count(), 0);
+    // Source rate and scene rate.
+    QVERIFY2(window()->statusBar()->currentMessage().contains("40 frames per second"),
+             qPrintable(window()->statusBar()->currentMessage()));
+    makeChange();
+    QVERIFY(window()->document()->open(write("run.bvh", smallMotion)));
+    QCOMPARE(vxScene->getNumNodes(), 2);
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_StudioWindow::brokenFileKeepsTheScene()
+{
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    makeChange();
+    QByteArray broken = smallMotion;
+    broken.replace("2\n3\n", "2\nthree\n");
+    const QString file = write("broken.bvh", broken);
+    const BoxAnswer box(QMessageBox::Ok);
+    QVERIFY(!window()->document()->open(file));
+    QVERIFY2(box.text().contains("broken.bvh, line 16"), qPrintable(box.text()));
+    QCOMPARE(vxScene->getNumNodes(), 2);
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
+    QCOMPARE(window()->windowTitle(), QString("walk.bvh[*] - VxStudio"));
+    QVERIFY(window()->isWindowModified());
+}
+
+void tst_StudioWindow::titleShowsChanges()
+{
+    QVERIFY(!window()->isWindowModified());
+    makeChange();
+    QVERIFY(window()->isWindowModified());
+    QAction *undo = entry("Edit", "Undo Change");
+    QVERIFY(undo && undo->isEnabled());
+    undo->trigger();
+    QVERIFY(!window()->isWindowModified());
+    QVERIFY(!undo->isEnabled());
+    QAction *redo = entry("Edit", "Redo Change");
+    QVERIFY(redo);
+    redo->trigger();
+    QVERIFY(window()->isWindowModified());
+    vxApp->getUndoStack()->setClean();
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_StudioWindow::undoWaitsForOpenHolds()
+{
+    makeChange();
+    const VxTime step = vxScene->getTimeStep();
+    const VxUndoStackHold gesture;
+    entry("Edit", "Undo Change")->trigger();
+    QCOMPARE(vxScene->getTimeStep(), step);
+    QCOMPARE(vxApp->getUndoStack()->index(), 1);
+}
+
+void tst_StudioWindow::newAsksForChanges_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("discard") << int(QMessageBox::Discard) << true;
+    QTest::newRow("cancel") << int(QMessageBox::Cancel) << false;
+}
+
+void tst_StudioWindow::newAsksForChanges()
+{
+    QFETCH(int, answer);
+    QFETCH(bool, isNew);
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    makeChange();
+    const BoxAnswer box(static_cast<QMessageBox::StandardButton>(answer));
+    entry("File", "New")->trigger();
+    QVERIFY(box.text().contains("walk.bvh"));
+    QCOMPARE(vxScene->getNumNodes() == 0, isNew);
+    QCOMPARE(window()->windowTitle().startsWith("Untitled"), isNew);
+    vxApp->getUndoStack()->setClean();
+}
+
+void tst_StudioWindow::savesAndReopens()
+{
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    QVERIFY(!window()->document()->hasWritableFile()); // motion is only read
+    makeChange();
+    const VxTime step = vxScene->getTimeStep();
+    const QString file = m_dir->filePath("walk.vxscene");
+    QVERIFY(window()->document()->save(file));
+    QVERIFY(!window()->isWindowModified());
+    QCOMPARE(window()->windowTitle(), QString("walk.vxscene[*] - VxStudio"));
+    makeChange();
+    QVERIFY(window()->save()); // without a dialog now
+    window()->document()->clear();
+    QVERIFY(window()->document()->open(file));
+    QCOMPARE(vxScene->getTimeStep(), step + 1);
+    QCOMPARE(vxScene->getNumNodes(), 2);
+}
+
+void tst_StudioWindow::shortcutsWork()
+{
+    VxActionMgr *actions = window()->getActionMgr();
+    QVERIFY(actions->setShortcut("VxNextFrameAction", QKeySequence(Qt::Key_F9)));
+    window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window()));
+    window()->viewport()->setFocus();
+    const VxTime before = vxScene->getTime();
+    QTest::keyClick(window()->windowHandle(), Qt::Key_F9);
+    QCOMPARE(vxScene->getTime(), before + vxScene->getTimeStep());
+}
+
+void tst_StudioWindow::paletteMenu()
+{
+    QVERIFY(entry("View", "Dark Palette")->isChecked());
+    entry("View", "Light Palette")->trigger();
+    QVERIFY(vxApp->getStyle()->colorScheme() == VxStyle::ColorScheme::Light);
+    QVERIFY(entry("View", "Light Palette")->isChecked());
+    start();
+    QVERIFY(vxApp->getStyle()->colorScheme() == VxStyle::ColorScheme::Light); // kept
+    start({"--palette", "dark"});
+    QVERIFY(vxApp->getStyle()->colorScheme() == VxStyle::ColorScheme::Dark);
+}
+
+void tst_StudioWindow::layoutIsKept()
+{
+    window()->resize(1100, 700);
+    window()->docks()->find("VxParametersPane")->hide();
+    start();
+    QCOMPARE(window()->size(), QSize(1100, 700));
+    QVERIFY(!window()->docks()->find("VxParametersPane")->isVisible());
+    QVERIFY(window()->docks()->find("VxTimePane")->isVisible());
+    entry("Window", "Default Layout")->trigger();
+    QVERIFY(window()->docks()->find("VxParametersPane")->isVisible());
+}
+
+void tst_StudioWindow::viewportDrags()
+{
+    ViewportWidget *view = window()->viewport();
+    VxMouseDriver mouse(view);
+    const QPoint middle = view->rect().center();
+    const ViewportCamera first = view->camera();
+    mouse.drag(middle, middle + QPoint(40, 10));
+    QCOMPARE(view->camera().target(), first.target()); // left: orbit
+    QVERIFY(view->camera().eye() != first.eye());
+
+    const ViewportCamera second = view->camera();
+    mouse.drag(middle, middle + QPoint(40, 10), Qt::MiddleButton);
+    QVERIFY(view->camera().target() != second.target()); // middle: pan
+    QCOMPARE(view->camera().distance(), second.distance());
+
+    const ViewportCamera third = view->camera();
+    mouse.drag(middle, middle + QPoint(0, -40), Qt::MiddleButton, Qt::ControlModifier);
+    QVERIFY(view->camera().distance() < third.distance()); // Ctrl and middle: zoom
+    QCOMPARE(view->camera().target(), third.target());
+
+    const ViewportCamera fourth = view->camera();
+    mouse.moveTo(middle + QPoint(100, 0)); // no button, nothing happens
+    QVERIFY(view->camera() == fourth);
+}
+
+void tst_StudioWindow::viewportFramesTheFigure()
+{
+    QByteArray far = smallMotion;
+    far.replace("1\n2\n3\n", "1000\n1002\n1004\n");
+    QVERIFY(window()->document()->open(write("far.bvh", far)));
+    const auto point = window()->viewport()->camera().project(QVector3D(1000, 1, 0));
+    QVERIFY(point);
+    QVERIFY(QRectF(window()->viewport()->rect()).contains(*point));
+}
+
+void tst_StudioWindow::shutDownWhilePlaying()
+{
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    vxScene->loopPlayback(true);
+    vxScene->play();
+    const QSignalSpy moved(vxScene, &VxScene::timeChanged);
+    QTRY_VERIFY(moved.count() > 2);
+    m_studio.reset(); // no crash, no warning
+    QVERIFY(!vxApp);
+}
+
+QTEST_MAIN(tst_StudioWindow)
+#include "tst_studiowindow.moc"

@@ -1,0 +1,232 @@
+#include "viewportcamera.h"
+
+#include <QtTest>
+#include <cmath>
+
+namespace {
+
+constexpr double Near = 0.01; // pixels
+
+QVector3D backOf(const ViewportCamera &camera)
+{
+    return (camera.eye() - camera.target()).normalized();
+}
+
+QVector3D rightOf(const ViewportCamera &camera)
+{
+    return QVector3D::crossProduct(QVector3D(0, 1, 0), backOf(camera)).normalized();
+}
+
+QVector3D upOf(const ViewportCamera &camera)
+{
+    return QVector3D::crossProduct(backOf(camera), rightOf(camera));
+}
+
+bool isAt(const std::optional<QPointF> &point, const QPointF &wanted, double tolerance = Near)
+{
+    if (!point)
+        return false;
+    const QPointF off = *point - wanted;
+    return std::hypot(off.x(), off.y()) <= tolerance;
+}
+
+ViewportCamera cameraOf(const QSizeF &size)
+{
+    ViewportCamera camera;
+    camera.setViewSize(size);
+    return camera;
+}
+
+} // namespace
+
+class tst_ViewportCamera : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theTargetIsInTheMiddle();
+    void rightIsRightAndUpIsUp();
+    void onePixelAtTheTargetsDepth();
+    void fartherThingsLookSmaller();
+    void whatLiesBehindIsNotShown();
+    void aLineIsCutWhereItPassesTheEye();
+    void orbitKeepsTargetAndDistance();
+    void orbitNeverGoesOverTheTop();
+    void dragToTheRightTurnsTheFrontToTheRight();
+    void panTakesThePointAlong();
+    void zoom();
+    void zoomIgnoresNonsense_data();
+    void zoomIgnoresNonsense();
+    void aFramedSphereIsSeenWhole_data();
+    void aFramedSphereIsSeenWhole();
+    void aViewWithoutSize();
+};
+
+void tst_ViewportCamera::theTargetIsInTheMiddle()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
+}
+
+void tst_ViewportCamera::rightIsRightAndUpIsUp()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QPointF right = *camera.project(camera.target() + rightOf(camera));
+    QVERIFY(right.x() > 321);
+    QVERIFY(std::abs(right.y() - 200) < Near);
+    const QPointF up = *camera.project(camera.target() + QVector3D(0, 1, 0));
+    QVERIFY(up.y() < 199);
+    QVERIFY(std::abs(up.x() - 320) < Near);
+}
+
+void tst_ViewportCamera::onePixelAtTheTargetsDepth()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D point = camera.target() + rightOf(camera) * (100 * camera.unitsPerPixel()) -
+                            upOf(camera) * (50 * camera.unitsPerPixel());
+    QVERIFY(isAt(camera.project(point), {420, 250}));
+}
+
+void tst_ViewportCamera::fartherThingsLookSmaller()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D away = backOf(camera) * -camera.distance();
+    const QVector3D side = rightOf(camera);
+    const double here = camera.project(camera.target() + side)->x() - 320;
+    const double there = camera.project(camera.target() + away + side)->x() - 320;
+    QVERIFY(std::abs(there - here / 2) < Near); // at twice the depth
+}
+
+void tst_ViewportCamera::whatLiesBehindIsNotShown()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D behind = camera.eye() + backOf(camera);
+    QVERIFY(!camera.project(behind));
+    QVERIFY(!camera.project(camera.eye()));
+    QVERIFY(!camera.project(behind, behind + rightOf(camera)));
+}
+
+void tst_ViewportCamera::aLineIsCutWhereItPassesTheEye()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    // From the target past the eye, a little to its right.
+    const QVector3D behind = camera.eye() + backOf(camera) * 2 + rightOf(camera) * 0.1f;
+    const auto there = camera.project(camera.target(), behind);
+    const auto back = camera.project(behind, camera.target());
+    QVERIFY(there && back);
+    QVERIFY(isAt(there->p1(), {320, 200}));
+    QVERIFY(there->p2().x() > 320);
+    QVERIFY(std::isfinite(there->p2().x()));
+    QVERIFY(isAt(back->p2(), there->p1()));
+    QVERIFY(isAt(back->p1(), there->p2(), 1));
+}
+
+void tst_ViewportCamera::orbitKeepsTargetAndDistance()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const ViewportCamera before = camera;
+    camera.orbit({37, -12});
+    QVERIFY(camera != before);
+    QCOMPARE(camera.target(), before.target());
+    QVERIFY(std::abs((camera.eye() - camera.target()).length() - before.distance()) < 1e-4f);
+    camera.orbit({-37, 12});
+    QVERIFY((camera.eye() - before.eye()).length() < 1e-4f);
+}
+
+void tst_ViewportCamera::orbitNeverGoesOverTheTop()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.orbit({0, 10000});
+    QVERIFY(backOf(camera).y() > 0.99f);
+    QVERIFY(upOf(camera).y() > 0); // still upright
+    camera.orbit({0, -20000});
+    QVERIFY(backOf(camera).y() < -0.99f);
+    QVERIFY(upOf(camera).y() > 0);
+}
+
+void tst_ViewportCamera::dragToTheRightTurnsTheFrontToTheRight()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D front = camera.target() + backOf(camera); // between target and eye
+    camera.orbit({50, 0});
+    QVERIFY(camera.project(front)->x() > 321);
+}
+
+void tst_ViewportCamera::panTakesThePointAlong()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D held = camera.target() + upOf(camera) * 0.3f;
+    const QPointF before = *camera.project(held);
+    camera.pan({40, -25});
+    QVERIFY(isAt(camera.project(held), before + QPointF(40, -25)));
+}
+
+void tst_ViewportCamera::zoom()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const float before = camera.distance();
+    camera.zoom(2);
+    QCOMPARE(camera.distance(), before / 2);
+    camera.zoom(1e30);
+    QVERIFY(camera.distance() > 0);
+    camera.zoom(1e-30);
+    QVERIFY(std::isfinite(camera.distance()));
+    QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
+}
+
+void tst_ViewportCamera::zoomIgnoresNonsense_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("negative") << -2.0;
+    QTest::newRow("infinite") << double(INFINITY);
+    QTest::newRow("no number") << double(NAN);
+}
+
+void tst_ViewportCamera::zoomIgnoresNonsense()
+{
+    QFETCH(double, factor);
+    ViewportCamera camera;
+    const ViewportCamera before = camera;
+    camera.zoom(factor);
+    QVERIFY(camera == before);
+}
+
+void tst_ViewportCamera::aFramedSphereIsSeenWhole_data()
+{
+    QTest::addColumn<QSizeF>("size");
+    QTest::addColumn<float>("radius");
+    QTest::newRow("wide view") << QSizeF(900, 300) << 2.5f;
+    QTest::newRow("high view") << QSizeF(300, 900) << 2.5f;
+    QTest::newRow("tiny sphere") << QSizeF(400, 400) << 0.01f;
+    QTest::newRow("huge sphere") << QSizeF(400, 400) << 90000.0f;
+}
+
+void tst_ViewportCamera::aFramedSphereIsSeenWhole()
+{
+    QFETCH(QSizeF, size);
+    QFETCH(float, radius);
+    ViewportCamera camera = cameraOf(size);
+    const QVector3D center(10, -3, 7);
+    camera.frame(center, radius);
+    double reach = 0;
+    for (const QVector3D &way : {rightOf(camera), -rightOf(camera), upOf(camera), -upOf(camera)}) {
+        const auto point = camera.project(center + way * radius);
+        QVERIFY(point);
+        QVERIFY(QRectF(QPointF(0, 0), size).contains(*point));
+        reach =
+            std::max(reach, QLineF(QPointF(size.width() / 2, size.height() / 2), *point).length());
+    }
+    // It fills most of the shorter side.
+    QVERIFY(reach > 0.35 * std::min(size.width(), size.height()));
+}
+
+void tst_ViewportCamera::aViewWithoutSize()
+{
+    const ViewportCamera camera = cameraOf({0, 0});
+    const auto point = camera.project(camera.target() + QVector3D(1, 1, 1));
+    QVERIFY(point);
+    QVERIFY(std::isfinite(point->x()) && std::isfinite(point->y()));
+}
+
+QTEST_APPLESS_MAIN(tst_ViewportCamera)
+#include "tst_viewportcamera.moc"
