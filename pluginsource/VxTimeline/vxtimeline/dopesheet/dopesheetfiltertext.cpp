@@ -11,6 +11,28 @@ bool takePrefix(QString &text, const QString &prefix)
     return true;
 }
 
+// A wildcard pattern as an expression for the whole name: the filter model would be content with a
+// part of it. An opening bracket without a closing one stands for itself.
+QString wholeNameExpression(const QString &wildcard)
+{
+    QString expression;
+    for (int i = 0; i < wildcard.size(); ++i) {
+        const QChar c = wildcard.at(i);
+        const int setEnd = c == QLatin1Char('[') ? wildcard.indexOf(QLatin1Char(']'), i + 2) : -1;
+        if (setEnd >= 0) {
+            expression += wildcard.mid(i, setEnd - i + 1);
+            i = setEnd;
+        } else if (c == QLatin1Char('*')) {
+            expression += QLatin1String(".*");
+        } else if (c == QLatin1Char('?')) {
+            expression += QLatin1Char('.');
+        } else {
+            expression += QRegExp::escape(QString(c));
+        }
+    }
+    return QLatin1Char('^') + expression + QLatin1Char('$');
+}
+
 } // namespace
 
 QRegExp dopeSheetFilterPattern(const QString &text)
@@ -23,7 +45,7 @@ QRegExp dopeSheetFilterPattern(const QString &text)
         return QRegExp(rest, ignoresCase ? Qt::CaseInsensitive : Qt::CaseSensitive);
     }
     if (takePrefix(rest, QStringLiteral("wc::")))
-        return QRegExp(rest, Qt::CaseInsensitive, QRegExp::Wildcard);
+        return QRegExp(wholeNameExpression(rest), Qt::CaseInsensitive);
     return QRegExp(QLatin1Char('*') + rest + QLatin1Char('*'), Qt::CaseInsensitive,
                    QRegExp::Wildcard);
 }
