@@ -5,6 +5,7 @@
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxdynamicdividerwgt.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyledbutton.h>
@@ -72,7 +73,14 @@ VxTimePane::VxTimePane()
     d->checkWidth(this, FirstWidth);
 }
 
-VxTimePane::~VxTimePane() = default;
+// Widgets still tell of their sizes while they are hidden and destroyed; the record is gone by
+// then, so nobody listens any more. The views go first: they use models and bus to the end.
+VxTimePane::~VxTimePane()
+{
+    for (QObject *child : findChildren<QObject *>())
+        child->disconnect(this);
+    delete d->divider;
+}
 
 VxDopeSheetView *VxTimePane::getDopeSheetView() const
 {
