@@ -1,47 +1,14 @@
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 
-#include <QtCore/QPointer>
-#include <QtCore/QVector>
+#include <QtCore/QStringList>
 #include <algorithm>
 #include <utility>
+#include <vxcore/vxelement.h>
 #include <vxcore/vxnode.h>
-#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxproperty.h>
 
-namespace {
-
-constexpr int MostLinks = 100;
-
-// The property from which the value shown comes: aliases and open links followed. Null never comes
-// out; a chain that breaks off or is too long gives where it began.
-VxProperty *valueSource(VxProperty *property)
-{
-    VxProperty *start = property->getAliasedProperty();
-    if (!start)
-        start = property;
-    auto *source = qobject_cast<VxNumericProperty *>(start);
-    for (int i = 0; source && i < MostLinks && source->isLinked() && !source->isLinkTerminal(); ++i)
-        source = source->getLinkedProperty();
-    return source ? source : start;
-}
-
-} // namespace
-
-class VxDopeSheetItem::Private
-{
-public:
-    QString label;
-    int row = -1;
-    VxDopeSheetItem *parent = nullptr;
-    QVector<VxDopeSheetItem *> children;
-    VxNode *node = nullptr;
-    QPointer<VxProperty> property;
-
-    void renumber()
-    {
-        for (int i = 0; i < children.size(); ++i)
-            children.at(i)->d->row = i;
-    }
-};
+#include "vxtimeline/dopesheet/dopesheetvaluesource.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem_p.h"
 
 VxDopeSheetItem::VxDopeSheetItem()
     : d(std::make_unique<Private>())
@@ -69,6 +36,27 @@ void VxDopeSheetItem::setLabel(const QString &label)
     d->label = label;
 }
 
+// A property's path comes from itself, not from the rows above: those depend on what is listed.
+QString VxDopeSheetItem::path() const
+{
+    const VxDopeSheetItem *nodeRow = this;
+    while (nodeRow && !nodeRow->d->node)
+        nodeRow = nodeRow->d->parent;
+    QString path = nodeRow ? nodeRow->d->pathOfNode() : QString();
+    if (nodeRow == this)
+        return path;
+    if (!d->property) {
+        QString groups;
+        for (const VxDopeSheetItem *row = this; row != nodeRow; row = row->d->parent)
+            groups.prepend(QLatin1Char('/') + row->label());
+        return path + groups;
+    }
+    const VxElement *owner = d->property->getOwner();
+    if (owner && (!nodeRow || owner != nodeRow->d->node))
+        path += QLatin1Char('/') + owner->getName();
+    return path + d->property->getPath() + QLatin1Char('/') + d->property->getName();
+}
+
 VxNode *VxDopeSheetItem::node() const
 {
     return d->node;
@@ -77,6 +65,7 @@ VxNode *VxDopeSheetItem::node() const
 void VxDopeSheetItem::setNode(VxNode *node)
 {
     d->node = node;
+    d->forgetNodePaths();
 }
 
 VxProperty *VxDopeSheetItem::property() const
@@ -87,12 +76,26 @@ VxProperty *VxDopeSheetItem::property() const
 // A property that is its own source is listened to twice, as those that have another are.
 void VxDopeSheetItem::setProperty(VxProperty *property)
 {
+    for (const QMetaObject::Connection &connection : std::exchange(d->connections, {}))
+        disconnect(connection);
     d->property = property;
+    invalidateKeys();
     if (!property)
         return;
-    connect(property, &VxProperty::valueChanged, this, &VxDopeSheetItem::handleValueChanged);
-    connect(valueSource(property), &VxProperty::valueChanged, this,
-            &VxDopeSheetItem::handleValueChanged);
+    d->connections = {
+        connect(property, &VxProperty::valueChanged, this, &VxDopeSheetItem::handleValueChanged),
+        connect(dopeSheetValueSource(property), &VxProperty::valueChanged, this,
+                &VxDopeSheetItem::handleValueChanged),
+        connect(property, &VxProperty::propertyDeleted, this, &VxDopeSheetItem::loseProperty)};
+}
+
+// The guarded pointer is cleared by the last of the property's destructors; what is left of it by
+// now has no keys to ask for.
+void VxDopeSheetItem::loseProperty()
+{
+    setProperty(nullptr);
+    d->update();
+    Q_EMIT keysChanged();
 }
 
 VxDopeSheetItem *VxDopeSheetItem::parentItem() const
@@ -102,14 +105,20 @@ VxDopeSheetItem *VxDopeSheetItem::parentItem() const
 
 void VxDopeSheetItem::setParent(VxDopeSheetItem *newParent)
 {
-    if (d->parent) {
-        d->parent->d->children.removeAt(d->row);
-        d->parent->d->renumber();
+    if (VxDopeSheetItem *old = d->parent) {
+        old->d->children.removeAt(d->row);
+        old->d->renumber(d->row);
+        old->d->addSelected(-d->selectedBelow);
+        old->invalidateKeys();
     }
     d->parent = newParent;
     d->row = newParent ? newParent->d->children.size() : -1;
-    if (newParent)
-        newParent->d->children.append(this);
+    if (!newParent)
+        return;
+    d->forgetNodePaths();
+    newParent->d->children.append(this);
+    newParent->d->addSelected(d->selectedBelow);
+    newParent->invalidateKeys();
 }
 
 int VxDopeSheetItem::row() const
@@ -132,7 +141,7 @@ void VxDopeSheetItem::moveChild(int from, int to)
     if (!child(from) || !child(to))
         return;
     d->children.move(from, to);
-    d->renumber();
+    d->renumber(std::min(from, to));
 }
 
 void VxDopeSheetItem::swapChildren(int a, int b)
@@ -154,16 +163,21 @@ void VxDopeSheetItem::pruneEmpty()
     }
 }
 
-bool VxDopeSheetItem::hasKeys() const
+bool VxDopeSheetItem::isSuppressingKeyChanges() const
 {
-    if (d->property)
-        return d->property->getNumKeys() > 0;
-    return std::any_of(d->children.cbegin(), d->children.cend(),
-                       [](const VxDopeSheetItem *item) { return item->hasKeys(); });
+    return d->suppressesKeyChanges;
+}
+
+void VxDopeSheetItem::setSuppressKeyChanges(bool suppress)
+{
+    d->suppressesKeyChanges = suppress;
 }
 
 void VxDopeSheetItem::handleValueChanged(VxTimeRange range)
 {
     Q_UNUSED(range)
+    if (d->suppressesKeyChanges)
+        return;
+    invalidateKeys();
     Q_EMIT keysChanged();
 }

@@ -3,6 +3,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QVector>
 #include <memory>
 #include <vxcore/vxtimerange.h>
 
@@ -14,6 +15,11 @@ class VxProperty;
 // What kind a row is shows in what it has: a node row a node, a property row a property, a group
 // neither but a label. The rows make a tree of their own, apart from QObject's: an item owns its
 // children, and being destroyed leaves its parent.
+//
+// A row knows its keys and which of them are selected. A property row has those of its property, a
+// row above them one key for each time at which a row below has one, selected when it is in any of
+// them. They are gathered when they are first asked for and after a change, for this row and those
+// below alone. Arrays that are handed out are borrowed: valid until the next change.
 class VxDopeSheetItem : public QObject
 {
     Q_OBJECT
@@ -24,12 +30,16 @@ public:
     // The label given, else the property's, else the node's, else empty.
     QString label() const;
     void setLabel(const QString &label);
+    // The names of the nodes from the top down to the row's, then the group path and the name of
+    // the property, joined by "/": what names the row in another scene, or at another time.
+    QString path() const;
 
     // Null unless it is a node row. Not owned.
     VxNode *node() const;
     void setNode(VxNode *node);
     // Null unless it is a property row, and once the property is gone. Not owned.
     VxProperty *property() const;
+    // Listens to the property, and to the one that its value comes from.
     void setProperty(VxProperty *property);
 
     VxDopeSheetItem *parentItem() const;
@@ -50,6 +60,46 @@ public:
     // True when the row's property, or any below, has a key.
     bool hasKeys() const;
 
+    int keyCount() const;
+    // 0 and false when index lies outside 0 .. keyCount() - 1.
+    VxTime keyTime(int index) const;
+    bool isKeySelected(int index) const;
+    // keyCount() entries each; times in ticks, strictly ascending. Bit 0 of a flag: selected.
+    const VxTime *keyTimes() const;
+    const quint8 *keyFlags() const;
+    // The index of the first key at or after time; keyCount() when there is none.
+    int firstKeyFrom(VxTime time) const;
+    int selectedKeyCount() const;
+    // Without gathering the row's keys.
+    bool hasSelectedKeys() const;
+
+    // Selects or deselects the keys from start on and before end, or, when the two are the same,
+    // the key at just that time. Rows below keep their selection; a row that is not a property's
+    // therefore shows it again as soon as it is asked.
+    void setKeysSelected(bool select, VxTime start, VxTime end);
+    // The same for keys by index; indexes outside are ignored. Property rows only.
+    void setKeySelectedAt(const QVector<int> &indexes, bool select);
+    // Selects the keys of the property at the given times (ascending) and no others: after keys
+    // have been moved, because a selection stays by itself only where times do. Property rows only.
+    void selectOnlyKeysAt(const VxTime *times, int count);
+    // The indexes of the selected keys, ascending.
+    QVector<int> selectedKeyIndexes() const;
+
+    // Remembers the times of the selected keys, ascending: as many as savedTimeCount() tells, not
+    // one for each key. They stay until the next save, whatever becomes of the keys: moving all
+    // selected keys alike keeps their order, so the n-th saved time is that of the n-th of them.
+    void saveSelectedKeyTimes();
+    const VxTime *savedTimes() const;
+    int savedTimeCount() const;
+    // Removes the selected keys from the property; nothing happens on other rows.
+    void deleteSelectedKeys();
+
+    // The keys of this row and all above are gathered anew when they are next asked for.
+    void invalidateKeys();
+    // While set, changes of the property neither invalidate keys nor are they told.
+    bool isSuppressingKeyChanges() const;
+    void setSuppressKeyChanges(bool suppress);
+
 Q_SIGNALS:
     // The key times of this row, or which of them are selected, have changed.
     void keysChanged();
@@ -60,6 +110,7 @@ public Q_SLOTS:
     void handleValueChanged(VxTimeRange range);
 
 private:
+    void loseProperty();
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -1,6 +1,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 
 #include <QtCore/QMap>
+#include <QtCore/QTimer>
 #include <QtGui/QIcon>
 #include <utility>
 #include <vxcore/vxapp.h>
@@ -10,6 +11,7 @@
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxstyle.h>
 
+#include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 
 class VxDopeSheetModel::Private
@@ -19,6 +21,16 @@ public:
     QMap<VxNode *, VxDopeSheetItem *> rows;
     int propertyTypes = 0;
     int keyCreationScope = 2;
+    bool willTellNames = false;
+
+    // Takes the nodes of a row and of all below out of the table.
+    void forgetRows(const VxDopeSheetItem *item)
+    {
+        if (item->node())
+            rows.remove(item->node());
+        for (int i = 0; i < item->childCount(); ++i)
+            forgetRows(item->child(i));
+    }
 
     int topLevelRow(VxNode *node) const
     {
@@ -49,7 +61,7 @@ int VxDopeSheetModel::getKeyCreationScope() const
 
 bool VxDopeSheetModel::hasSelectedKeys() const
 {
-    return false;
+    return d->root.hasSelectedKeys();
 }
 
 VxDopeSheetItem *VxDopeSheetModel::getRootItem() const
@@ -161,10 +173,12 @@ QVariant VxDopeSheetModel::decoration(const VxDopeSheetItem *item) const
 
 QVariant VxDopeSheetModel::data(const QModelIndex &index, int role) const
 {
+    if (!index.isValid())
+        return QVariant();
     VxDopeSheetItem *item = getItem(index);
     if (role == Qt::UserRole && index.column() < NumColumns)
         return QVariant::fromValue(item);
-    if (index.column() > NameColumn)
+    if (index.column() != NameColumn)
         return QVariant();
     if (role == Qt::DisplayRole)
         return item->label();
@@ -207,7 +221,12 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
     auto *item = new VxDopeSheetItem;
     item->setNode(node);
     item->setParent(parentItem);
-    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::keysChanged);
+    addPropertyRows(node, item);
+    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::keysChanged,
+            Qt::UniqueConnection);
+    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::handleNameChanged,
+            Qt::UniqueConnection);
+    connect(node, &QObject::destroyed, this, &VxDopeSheetModel::forgetNode, Qt::UniqueConnection);
     connect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     d->rows.insert(node, item);
@@ -217,6 +236,21 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
         addNode(node->getNodeChild(i), true);
 }
 
+void VxDopeSheetModel::addPropertyRows(VxNode *node, VxDopeSheetItem *item)
+{
+    const auto rows = DopeSheetRowBuilder(node, item, d->propertyTypes).build();
+    for (const VxDopeSheetItem *row : rows) {
+        connect(row, &VxDopeSheetItem::keysChanged, this, &VxDopeSheetModel::keysChanged);
+        const VxProperty *property = row->property();
+        connect(property, &VxProperty::traitsChanged, this, &VxDopeSheetModel::keysChanged,
+                Qt::UniqueConnection);
+        connect(property, &VxProperty::traitsChanged, this, &VxDopeSheetModel::handleNameChanged,
+                Qt::UniqueConnection);
+    }
+}
+
+// The label's connection stays: a node that has no row any more may still be the subject of what a
+// view shows.
 // Children go first, so that no row ever stands for a node whose parent has none.
 void VxDopeSheetModel::removeNode(VxNode *node)
 {
@@ -232,6 +266,30 @@ void VxDopeSheetModel::removeNode(VxNode *node)
     disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     delete item;
     endRemoveRows();
+}
+
+void VxDopeSheetModel::forgetNode(QObject *node)
+{
+    VxDopeSheetItem *item = d->rows.value(static_cast<VxNode *>(node), nullptr);
+    if (!item)
+        return;
+    beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
+    d->forgetRows(item);
+    delete item;
+    endRemoveRows();
+}
+
+void VxDopeSheetModel::handleNameChanged()
+{
+    if (std::exchange(d->willTellNames, true))
+        return;
+    QTimer::singleShot(0, this, &VxDopeSheetModel::tellNamesChanged);
+}
+
+void VxDopeSheetModel::tellNamesChanged()
+{
+    d->willTellNames = false;
+    Q_EMIT namesChanged();
 }
 
 void VxDopeSheetModel::parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent)

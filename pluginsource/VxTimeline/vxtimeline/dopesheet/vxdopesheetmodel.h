@@ -15,6 +15,9 @@ class VxObject;
 // when the node gets another parent, and takes them away. Which nodes those are is the pane's
 // decision. What property types are listed is settled when rows are made: another choice needs
 // another model.
+//
+// Rows report changes of keys in the thousands, so every report is told in one way that costs no
+// more than the rows at the top level: views show all that is below anew.
 class VxDopeSheetModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -59,6 +62,11 @@ public:
                         int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
+Q_SIGNALS:
+    // Names of rows have changed: what searches them should do so again. Sent once for all names
+    // that changed in one turn of the event loop.
+    void namesChanged();
+
 public Q_SLOTS:
     // Adds the rows of a node, after those of its ancestors that are missing, as the last ones of
     // its parent; with addChildren those of the nodes below it too. Null and a node that has a
@@ -72,6 +80,11 @@ public Q_SLOTS:
     void keysChanged();
 
 private:
+    void handleNameChanged();
+    void tellNamesChanged();
+    // For a node that is gone without having been removed: only its address is used.
+    void forgetNode(QObject *node);
+    void addPropertyRows(VxNode *node, VxDopeSheetItem *item);
     QVariant decoration(const VxDopeSheetItem *item) const;
     void moveRootRow(int from, int to);
     class Private;

@@ -1,0 +1,136 @@
+#include "vxtimeline/dopesheet/dopesheetkeys.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+// Compared at once; entries.
+constexpr int BlockSize = 64;
+
+bool areEqual(const VxTime *a, const VxTime *b, int count)
+{
+    return count == 0 || std::memcmp(a, b, size_t(count) * sizeof(VxTime)) == 0;
+}
+
+// How many of the first entries are the same in both, up to most.
+int equalRun(const VxTime *a, const VxTime *b, int most)
+{
+    if (most == 0 || *a != *b)
+        return 0;
+    int run = 0;
+    while (run + BlockSize <= most && areEqual(a + run, b + run, BlockSize))
+        run += BlockSize;
+    while (run < most && a[run] == b[run])
+        ++run;
+    return run;
+}
+
+// Gives keys the flags that others have at the same times. Only few times differ as a rule, so the
+// stretches that agree are copied whole.
+void carryFlags(const DopeSheetKeys &from, DopeSheetKeys *to)
+{
+    const VxTime *old = from.times.constData();
+    const VxTime *fresh = to->times.constData();
+    const quint8 *oldFlags = from.flags.constData();
+    quint8 *flags = to->flags.data();
+    int i = 0;
+    int j = 0;
+    while (i < from.count() && j < to->count()) {
+        const int run = equalRun(old + i, fresh + j, std::min(from.count() - i, to->count() - j));
+        std::copy_n(oldFlags + i, run, flags + j);
+        i += run;
+        j += run;
+        if (i == from.count() || j == to->count())
+            break;
+        const bool oldIsEarlier = old[i] < fresh[j];
+        i += int(oldIsEarlier);
+        j += int(!oldIsEarlier);
+    }
+}
+
+} // namespace
+
+int DopeSheetKeys::firstFrom(VxTime time) const
+{
+    return int(std::lower_bound(times.cbegin(), times.cend(), time) - times.cbegin());
+}
+
+void DopeSheetKeys::takeTimes(const VxTime *fresh, int freshCount)
+{
+    if (freshCount == count() && areEqual(times.constData(), fresh, freshCount))
+        return;
+    const DopeSheetKeys old = *this;
+    times = QVector<VxTime>(freshCount);
+    std::copy_n(fresh, freshCount, times.data());
+    flags = QVector<quint8>(freshCount, 0);
+    selectedCount = 0;
+    if (old.selectedCount == 0)
+        return;
+    carryFlags(old, this);
+    selectedCount = countSelected(flags.constData(), freshCount);
+}
+
+int DopeSheetKeys::countSelected(const quint8 *flags, int flagCount)
+{
+    int selected = 0;
+    for (int i = 0; i < flagCount; ++i)
+        selected += flags[i] & Selected;
+    return selected;
+}
+
+void DopeSheetKeys::setSelected(bool select, VxTime start, VxTime end)
+{
+    const int first = firstFrom(start);
+    int last = first; // one beyond
+    if (start == end)
+        last += int(first < count() && times.at(first) == start);
+    else if (start < end)
+        last = firstFrom(end);
+    if (first == last || selectedCount == (select ? count() : 0))
+        return;
+    quint8 *begin = flags.data() + first;
+    quint8 *beyond = flags.data() + last;
+    selectedCount -= countSelected(begin, last - first);
+    std::fill(begin, beyond, select ? quint8(Selected) : quint8(0));
+    selectedCount += select ? last - first : 0;
+}
+
+void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
+{
+    quint8 *all = flags.data();
+    for (const int index : indexes) {
+        if (index < 0 || index >= count())
+            continue;
+        selectedCount += int(select) - int(all[index]);
+        all[index] = quint8(select);
+    }
+}
+
+void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCount)
+{
+    flags.fill(0);
+    selectedCount = 0;
+    quint8 *all = flags.data();
+    int i = 0;
+    for (int k = 0; k < selectedTimeCount && i < count(); ++k) {
+        while (i < count() && times.at(i) < selectedTimes[k])
+            ++i;
+        const bool isThere = i < count() && times.at(i) == selectedTimes[k];
+        if (!isThere || all[i])
+            continue;
+        all[i] = Selected;
+        ++selectedCount;
+    }
+}
+
+QVector<int> DopeSheetKeys::selectedIndexes() const
+{
+    QVector<int> indexes;
+    indexes.reserve(selectedCount);
+    for (int i = 0; i < count(); ++i) {
+        if (flags.at(i))
+            indexes.append(i);
+    }
+    return indexes;
+}

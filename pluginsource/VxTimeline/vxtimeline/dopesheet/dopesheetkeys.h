@@ -1,0 +1,45 @@
+#ifndef DOPESHEETKEYS_H
+#define DOPESHEETKEYS_H
+
+#include <QtCore/QVector>
+#include <vxcore/vxtime.h>
+
+// The keys that one row shows: their times, and which of them are selected.
+//
+// A plain value. Times and flags are arrays of their own, so that each pass reads no more than it
+// needs: five bytes a key, fewer where rows have the same times, because those share one array.
+// That also makes equal rows cheap to recognise: their arrays lie at one address.
+class DopeSheetKeys
+{
+public:
+    // Bits of a flag; all others are zero.
+    enum Flag : quint8 { Selected = 1 };
+
+    QVector<VxTime> times; // ticks, strictly ascending
+    QVector<quint8> flags; // one for each time
+    int selectedCount = 0; // how many flags have Selected
+
+    int count() const { return times.size(); }
+    // The index of the first key at or after time; count() when there is none.
+    int firstFrom(VxTime time) const;
+
+    // Puts other times (strictly ascending, not kept) in place of the present ones. A key stays
+    // selected when its time is among them.
+    void takeTimes(const VxTime *fresh, int freshCount);
+    // Selects or deselects the keys from start on and before end, or, when the two are the same,
+    // the key at just that time.
+    void setSelected(bool select, VxTime start, VxTime end);
+    // Selects or deselects the keys at the given indexes; those outside are ignored.
+    void setSelectedAt(const QVector<int> &indexes, bool select);
+    // Selects the keys at the given times (ascending) and no others.
+    void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
+    QVector<int> selectedIndexes() const;
+
+    static int countSelected(const quint8 *flags, int flagCount);
+};
+
+// The keys of several rows as those of one: each time once, selected when it is in any row.
+// Neighbouring rows with the same times share one array afterwards.
+DopeSheetKeys uniteKeys(DopeSheetKeys *const *rows, int rowCount);
+
+#endif

@@ -1,0 +1,271 @@
+// The union of several rows' keys.
+//
+// Channels of one motion mostly have the same key times, so those are looked for first: rows that
+// share their times only need their flags joined. Many rows with times of their own are marked in
+// a bitmap when their times lie densely; else neighbours are merged two by two.
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "vxtimeline/dopesheet/dopesheetkeys.h"
+
+namespace {
+
+// Two rows are merged faster than marked.
+constexpr size_t LeastBitmapRows = 3;
+// The bitmap is scanned whole; so many ticks a key cost less than the marking itself.
+constexpr qint64 MostTicksPerKey = 32;
+constexpr int WordBits = 64;
+// Entries compared at once, and those merged before equal stretches are looked for again.
+constexpr int BlockSize = 64;
+constexpr int StrideSize = 16;
+
+using Keys = std::vector<DopeSheetKeys>;
+
+// True when both have the same times; the second one then shares the first one's array.
+bool shareTimes(const DopeSheetKeys &a, DopeSheetKeys *b)
+{
+    if (a.times.constData() == b->times.constData())
+        return true;
+    if (a.count() != b->count() || std::memcmp(a.times.constData(), b->times.constData(),
+                                               size_t(a.count()) * sizeof(VxTime)) != 0)
+        return false;
+    b->times = a.times;
+    return true;
+}
+
+// Selects what is selected in a row of the same times.
+void joinFlags(DopeSheetKeys *into, const DopeSheetKeys &from)
+{
+    if (from.selectedCount == 0 || into->selectedCount == into->count())
+        return;
+    if (into->selectedCount == 0 || from.selectedCount == from.count()) {
+        into->flags = from.flags;
+        into->selectedCount = from.selectedCount;
+        return;
+    }
+    quint8 *to = into->flags.data();
+    const quint8 *other = from.flags.constData();
+    const int count = into->count();
+    for (int i = 0; i < count; ++i)
+        to[i] = quint8(to[i] | other[i]);
+    into->selectedCount = DopeSheetKeys::countSelected(to, count);
+}
+
+Keys equalNeighboursJoined(DopeSheetKeys *const *rows, int rowCount)
+{
+    Keys joined;
+    for (int i = 0; i < rowCount; ++i) {
+        if (rows[i]->count() == 0)
+            continue;
+        if (!joined.empty() && shareTimes(joined.back(), rows[i]))
+            joinFlags(&joined.back(), *rows[i]);
+        else
+            joined.push_back(*rows[i]);
+    }
+    return joined;
+}
+
+// The merge of two rows, into room for the keys of both.
+class Merge
+{
+public:
+    Merge(const DopeSheetKeys &a, const DopeSheetKeys &b)
+        : m_a(a)
+        , m_b(b)
+        , m_times(new VxTime[size_t(a.count()) + size_t(b.count())])
+        , m_flags(new quint8[size_t(a.count()) + size_t(b.count())])
+    {
+    }
+
+    DopeSheetKeys result()
+    {
+        while (m_i < m_a.count() && m_j < m_b.count()) {
+            takeEqual();
+            takeStride();
+        }
+        takeRest(m_a, m_i);
+        takeRest(m_b, m_j);
+        return packed();
+    }
+
+private:
+    // A stretch that is the same in both goes over as a whole.
+    void takeEqual()
+    {
+        const VxTime *a = m_a.times.constData() + m_i;
+        const VxTime *b = m_b.times.constData() + m_j;
+        const int most = std::min(m_a.count() - m_i, m_b.count() - m_j);
+        int run = 0;
+        while (run + BlockSize <= most &&
+               std::memcmp(a + run, b + run, BlockSize * sizeof(VxTime)) == 0)
+            run += BlockSize;
+        std::copy_n(a, run, m_times.get() + m_count);
+        const quint8 *ofA = m_a.flags.constData() + m_i;
+        const quint8 *ofB = m_b.flags.constData() + m_j;
+        quint8 *to = m_flags.get() + m_count;
+        for (int k = 0; k < run; ++k)
+            to[k] = quint8(ofA[k] | ofB[k]);
+        m_i += run;
+        m_j += run;
+        m_count += run;
+    }
+
+    // Some keys one by one, without branches: which row comes next is anyone's guess.
+    void takeStride()
+    {
+        const VxTime *a = m_a.times.constData();
+        const VxTime *b = m_b.times.constData();
+        const quint8 *ofA = m_a.flags.constData();
+        const quint8 *ofB = m_b.flags.constData();
+        for (int n = 0; n < StrideSize && m_i < m_a.count() && m_j < m_b.count(); ++n) {
+            const VxTime ta = a[m_i];
+            const VxTime tb = b[m_j];
+            const int takesA = int(ta <= tb);
+            const int takesB = int(tb <= ta);
+            m_times[size_t(m_count)] = takesA ? ta : tb;
+            m_flags[size_t(m_count)] = quint8((ofA[m_i] & -takesA) | (ofB[m_j] & -takesB));
+            m_i += takesA;
+            m_j += takesB;
+            ++m_count;
+        }
+    }
+
+    void takeRest(const DopeSheetKeys &keys, int from)
+    {
+        const int rest = keys.count() - from;
+        std::copy_n(keys.times.constData() + from, rest, m_times.get() + m_count);
+        std::copy_n(keys.flags.constData() + from, rest, m_flags.get() + m_count);
+        m_count += rest;
+    }
+
+    DopeSheetKeys packed() const
+    {
+        DopeSheetKeys keys;
+        keys.times = packedTimes();
+        keys.flags = QVector<quint8>(m_count);
+        std::copy_n(m_flags.get(), m_count, keys.flags.data());
+        keys.selectedCount = DopeSheetKeys::countSelected(m_flags.get(), m_count);
+        return keys;
+    }
+
+    // As many keys as one row has: that row has them all, and its times can be shared.
+    QVector<VxTime> packedTimes() const
+    {
+        if (m_count == m_a.count())
+            return m_a.times;
+        if (m_count == m_b.count())
+            return m_b.times;
+        QVector<VxTime> times(m_count);
+        std::copy_n(m_times.get(), m_count, times.data());
+        return times;
+    }
+
+    const DopeSheetKeys &m_a;
+    const DopeSheetKeys &m_b;
+    std::unique_ptr<VxTime[]> m_times;
+    std::unique_ptr<quint8[]> m_flags;
+    int m_i = 0;
+    int m_j = 0;
+    int m_count = 0;
+};
+
+Keys mergedByPairs(const Keys &rows)
+{
+    Keys merged;
+    for (size_t i = 0; i + 1 < rows.size(); i += 2)
+        merged.push_back(Merge(rows[i], rows[i + 1]).result());
+    if (rows.size() % 2 == 1)
+        merged.push_back(rows.back());
+    return merged;
+}
+
+// The times of several rows as bits over the ticks that they span.
+class Bitmap
+{
+public:
+    explicit Bitmap(const Keys &rows)
+        : m_first(rows.front().times.first())
+        , m_last(rows.front().times.last())
+    {
+        for (const DopeSheetKeys &keys : rows) {
+            m_first = std::min(m_first, keys.times.first());
+            m_last = std::max(m_last, keys.times.last());
+            m_keyCount += keys.count();
+        }
+    }
+
+    bool pays() const { return ticks() <= m_keyCount * MostTicksPerKey; }
+
+    DopeSheetKeys united(const Keys &rows)
+    {
+        m_present.assign(size_t(ticks() / WordBits + 1), 0);
+        m_selected.assign(m_present.size(), 0);
+        for (const DopeSheetKeys &keys : rows)
+            mark(keys);
+        return gathered();
+    }
+
+private:
+    qint64 ticks() const { return qint64(m_last) - m_first + 1; }
+
+    void mark(const DopeSheetKeys &keys)
+    {
+        for (const VxTime time : keys.times) {
+            const quint32 tick = quint32(time) - quint32(m_first);
+            m_present[tick / WordBits] |= quint64(1) << (tick % WordBits);
+        }
+        if (keys.selectedCount == 0)
+            return;
+        for (int i = 0; i < keys.count(); ++i) {
+            const quint32 tick = quint32(keys.times.at(i)) - quint32(m_first);
+            m_selected[tick / WordBits] |= quint64(keys.flags.at(i)) << (tick % WordBits);
+        }
+    }
+
+    DopeSheetKeys gathered() const
+    {
+        int count = 0;
+        for (const quint64 word : m_present)
+            count += __builtin_popcountll(word);
+        DopeSheetKeys keys;
+        keys.times = QVector<VxTime>(count);
+        keys.flags = QVector<quint8>(count);
+        VxTime *times = keys.times.data();
+        quint8 *flags = keys.flags.data();
+        for (size_t w = 0; w < m_present.size(); ++w) {
+            for (quint64 word = m_present[w]; word; word &= word - 1) {
+                const auto bit = quint32(__builtin_ctzll(word));
+                *times++ = VxTime(quint32(m_first) + quint32(w) * WordBits + bit);
+                *flags++ = quint8(m_selected[w] >> bit & 1);
+            }
+        }
+        keys.selectedCount = DopeSheetKeys::countSelected(keys.flags.constData(), count);
+        return keys;
+    }
+
+    VxTime m_first;
+    VxTime m_last;
+    qint64 m_keyCount = 0;
+    std::vector<quint64> m_present;
+    std::vector<quint64> m_selected;
+};
+
+} // namespace
+
+DopeSheetKeys uniteKeys(DopeSheetKeys *const *rows, int rowCount)
+{
+    Keys joined = equalNeighboursJoined(rows, rowCount);
+    if (joined.empty())
+        return {};
+    if (joined.size() >= LeastBitmapRows) {
+        Bitmap bitmap(joined);
+        if (bitmap.pays())
+            return bitmap.united(joined);
+    }
+    while (joined.size() > 1)
+        joined = mergedByPairs(joined);
+    return joined.front();
+}

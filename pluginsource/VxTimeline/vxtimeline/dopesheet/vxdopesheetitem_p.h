@@ -1,0 +1,54 @@
+#ifndef VXDOPESHEETITEM_P_H
+#define VXDOPESHEETITEM_P_H
+
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <vxcore/vxproperty.h>
+
+#include "vxtimeline/dopesheet/dopesheetkeys.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+
+// The state of a row. Rows of one tree reach into each other's, for the keys of those below.
+//
+// A row whose keys are valid has only such rows below it; so a change of a row goes up no further
+// than to the first one that is not valid already.
+class VxDopeSheetItem::Private
+{
+public:
+    QString label;
+    QString nodePath; // empty until asked for
+    int row = -1;
+    VxDopeSheetItem *parent = nullptr;
+    QVector<VxDopeSheetItem *> children;
+    VxNode *node = nullptr;
+    QPointer<VxProperty> property;
+    QVector<QMetaObject::Connection> connections;
+
+    bool suppressesKeyChanges = false;
+    bool isValid = false; // the keys are up to date
+    DopeSheetKeys keys;
+    QVector<VxTime> savedTimes;
+    // How many keys are selected in this row, if it is a property's, and in all such rows below,
+    // by what these last knew of their keys.
+    qint64 selectedBelow = 0;
+    // The child below which a selected key was last found.
+    int selectedHint = 0;
+
+    void renumber(int from);
+    void addSelected(qint64 difference);
+    // Makes the keys valid, those of the rows below first.
+    void update();
+    // For property rows. Makes the keys those that the property has, whatever it has told.
+    void updateFromProperty();
+    void updateForEdit();
+    bool findSelected();
+    // After a change of the selection: counts it, and makes the rows above show it.
+    void selectionEdited(int selectedBefore);
+
+    QString pathOfNode();
+    // For this row and all below, whose paths begin with it.
+    void forgetNodePaths();
+};
+
+#endif

@@ -1,0 +1,238 @@
+// The keys of a row: gathered, selected, deleted.
+
+#include <QtCore/QVarLengthArray>
+#include <algorithm>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxproperty.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem_p.h"
+
+void VxDopeSheetItem::Private::renumber(int from)
+{
+    for (int i = from; i < children.size(); ++i)
+        children.at(i)->d->row = i;
+}
+
+void VxDopeSheetItem::Private::addSelected(qint64 difference)
+{
+    if (difference == 0)
+        return;
+    selectedBelow += difference;
+    for (VxDopeSheetItem *item = parent; item; item = item->d->parent)
+        item->d->selectedBelow += difference;
+}
+
+void VxDopeSheetItem::Private::updateFromProperty()
+{
+    const int before = keys.selectedCount;
+    keys.takeTimes(property->getKeyTimes(), property->getNumKeys());
+    isValid = true;
+    addSelected(keys.selectedCount - before);
+}
+
+// Within a change block properties tell of their changes later.
+void VxDopeSheetItem::Private::updateForEdit()
+{
+    if (!isValid || VxChangeBlock::isActive())
+        updateFromProperty();
+}
+
+void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
+{
+    addSelected(keys.selectedCount - selectedBefore);
+    if (parent)
+        parent->invalidateKeys();
+}
+
+// What a row without property shows does not count as selected: the rows below have counted it.
+void VxDopeSheetItem::Private::update()
+{
+    if (isValid)
+        return;
+    if (property) {
+        updateFromProperty();
+        return;
+    }
+    QVarLengthArray<DopeSheetKeys *, 16> rows;
+    qint64 below = 0;
+    for (VxDopeSheetItem *item : children) {
+        item->d->update();
+        rows.append(&item->d->keys);
+        below += item->d->selectedBelow;
+    }
+    keys = uniteKeys(rows.constData(), rows.size());
+    isValid = true;
+    addSelected(below - selectedBelow);
+}
+
+// Rows whose properties have changed may have lost their selected keys: they are asked until one is
+// found that has not, and remembered.
+bool VxDopeSheetItem::Private::findSelected()
+{
+    if (selectedBelow == 0)
+        return false;
+    if (property || children.isEmpty()) {
+        update();
+        return selectedBelow != 0;
+    }
+    selectedHint = std::min(selectedHint, children.size() - 1);
+    if (children.at(selectedHint)->d->findSelected())
+        return true;
+    for (int i = 0; i < children.size() && selectedBelow != 0; ++i) {
+        if (!children.at(i)->d->findSelected())
+            continue;
+        selectedHint = i;
+        return true;
+    }
+    return false;
+}
+
+QString VxDopeSheetItem::Private::pathOfNode()
+{
+    if (!nodePath.isEmpty())
+        return nodePath;
+    VxDopeSheetItem *above = parent;
+    while (above && !above->d->node)
+        above = above->d->parent;
+    nodePath = (above ? above->d->pathOfNode() : QString()) + QLatin1Char('/') + node->getName();
+    return nodePath;
+}
+
+void VxDopeSheetItem::Private::forgetNodePaths()
+{
+    nodePath.clear();
+    for (VxDopeSheetItem *item : qAsConst(children))
+        item->d->forgetNodePaths();
+}
+
+bool VxDopeSheetItem::hasKeys() const
+{
+    if (d->property)
+        return d->property->getNumKeys() > 0;
+    return std::any_of(d->children.cbegin(), d->children.cend(),
+                       [](const VxDopeSheetItem *item) { return item->hasKeys(); });
+}
+
+int VxDopeSheetItem::keyCount() const
+{
+    d->update();
+    return d->keys.count();
+}
+
+VxTime VxDopeSheetItem::keyTime(int index) const
+{
+    d->update();
+    return d->keys.times.value(index, 0);
+}
+
+bool VxDopeSheetItem::isKeySelected(int index) const
+{
+    d->update();
+    return d->keys.flags.value(index, 0) & DopeSheetKeys::Selected;
+}
+
+const VxTime *VxDopeSheetItem::keyTimes() const
+{
+    d->update();
+    return d->keys.times.constData();
+}
+
+const quint8 *VxDopeSheetItem::keyFlags() const
+{
+    d->update();
+    return d->keys.flags.constData();
+}
+
+int VxDopeSheetItem::firstKeyFrom(VxTime time) const
+{
+    d->update();
+    return d->keys.firstFrom(time);
+}
+
+int VxDopeSheetItem::selectedKeyCount() const
+{
+    d->update();
+    return d->keys.selectedCount;
+}
+
+bool VxDopeSheetItem::hasSelectedKeys() const
+{
+    return d->findSelected();
+}
+
+// A row without property shows the selection of those below it, which stays: there is nothing to
+// keep.
+void VxDopeSheetItem::setKeysSelected(bool select, VxTime start, VxTime end)
+{
+    if (d->property) {
+        d->updateForEdit();
+        const int before = d->keys.selectedCount;
+        d->keys.setSelected(select, start, end);
+        d->selectionEdited(before);
+    }
+    Q_EMIT keysChanged();
+}
+
+void VxDopeSheetItem::setKeySelectedAt(const QVector<int> &indexes, bool select)
+{
+    if (!d->property)
+        return;
+    d->updateForEdit();
+    const int before = d->keys.selectedCount;
+    d->keys.setSelectedAt(indexes, select);
+    d->selectionEdited(before);
+    Q_EMIT keysChanged();
+}
+
+void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
+{
+    if (!d->property)
+        return;
+    d->updateFromProperty();
+    const int before = d->keys.selectedCount;
+    d->keys.selectOnly(times, count);
+    d->selectionEdited(before);
+    Q_EMIT keysChanged();
+}
+
+QVector<int> VxDopeSheetItem::selectedKeyIndexes() const
+{
+    d->update();
+    return d->keys.selectedIndexes();
+}
+
+void VxDopeSheetItem::saveSelectedKeyTimes()
+{
+    d->update();
+    d->savedTimes.clear();
+    d->savedTimes.reserve(d->keys.selectedCount);
+    for (const int index : d->keys.selectedIndexes())
+        d->savedTimes.append(d->keys.times.at(index));
+}
+
+const VxTime *VxDopeSheetItem::savedTimes() const
+{
+    return d->savedTimes.constData();
+}
+
+int VxDopeSheetItem::savedTimeCount() const
+{
+    return d->savedTimes.size();
+}
+
+void VxDopeSheetItem::deleteSelectedKeys()
+{
+    if (!d->property)
+        return;
+    d->updateFromProperty();
+    if (d->keys.selectedCount > 0)
+        d->property->deleteKeys(d->keys.selectedIndexes());
+}
+
+void VxDopeSheetItem::invalidateKeys()
+{
+    for (VxDopeSheetItem *item = this; item && item->d->isValid; item = item->d->parent)
+        item->d->isValid = false;
+}
