@@ -8,8 +8,8 @@
 
 class UserMessages;
 
-/// Shows how far a long file operation is, once it has taken half a second, and lets the user
-/// cancel it. On the console nothing is shown and nothing is cancelled.
+/// Shows how far a long file operation is, once it has taken half a second or will clearly take
+/// longer, and lets the user cancel it. On the console nothing is shown and nothing is cancelled.
 class LoadProgress
 {
 public:

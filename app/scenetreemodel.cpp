@@ -133,7 +133,7 @@ QVariant SceneTreeModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         return row->icon;
     case Qt::ToolTipRole:
-        return row->node->getName();
+        return row->node->getLabel();
     default:
         return QVariant();
     }

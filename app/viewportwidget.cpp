@@ -18,6 +18,7 @@ constexpr double WheelFactor = 1.15; // per notch
 constexpr double DragZoomPerPixel = 1.01;
 constexpr double JointSide = 5;
 constexpr double BoneWidth = 2;
+constexpr double OutlineWidth = 2; // of selected bones, at both sides together
 
 QColor color(const char *name, const QColor &fallback)
 {
@@ -185,22 +186,31 @@ void ViewportWidget::updateGround()
 void ViewportWidget::paintFigures(QPainter *painter, const FigureLines &figure) const
 {
     painter->setRenderHint(QPainter::Antialiasing);
-    const QColor plain = palette().color(QPalette::Text);
-    const QColor selected = color("Style_Key_Selected", palette().color(QPalette::Highlight));
-    // Selected ones last, on top of the others.
-    for (const bool pass : {false, true}) {
-        painter->setPen(QPen(pass ? selected : plain, BoneWidth));
-        for (const FigureLines::Bone &bone : figure.bones) {
-            const auto line = m_camera.project(bone.from, bone.to);
-            if (bone.selected == pass && line)
-                painter->drawLine(*line);
-        }
-        painter->setPen(QPen(pass ? selected : plain, JointSide, Qt::SolidLine, Qt::RoundCap));
-        for (const FigureLines::Joint &joint : figure.joints) {
-            const auto point = m_camera.project(joint.at);
-            if (joint.selected == pass && point)
-                painter->drawPoint(*point);
-        }
+    // Selected ones last, on top of the others, with an outline that shows on any ground.
+    paintPass(painter, figure, false, palette().color(QPalette::Text), 0);
+    paintPass(painter, figure, true,
+              color("Style_Key_Selected_Outline", palette().color(QPalette::HighlightedText)),
+              OutlineWidth);
+    paintPass(painter, figure, true,
+              color("Style_Key_Selected", palette().color(QPalette::Highlight)), 0);
+}
+
+void ViewportWidget::paintPass(QPainter *painter, const FigureLines &figure, bool selected,
+                               const QColor &ink, double extraWidth) const
+{
+    painter->setPen(QPen(ink, BoneWidth + extraWidth, Qt::SolidLine, Qt::RoundCap));
+    for (const FigureLines::Bone &bone : figure.bones) {
+        if (bone.selected != selected)
+            continue;
+        if (const auto line = m_camera.project(bone.from, bone.to))
+            painter->drawLine(*line);
+    }
+    painter->setPen(QPen(ink, JointSide + extraWidth, Qt::SolidLine, Qt::RoundCap));
+    for (const FigureLines::Joint &joint : figure.joints) {
+        if (joint.selected != selected)
+            continue;
+        if (const auto point = m_camera.project(joint.at))
+            painter->drawPoint(*point);
     }
 }
 

@@ -45,6 +45,8 @@ private:
     int operationOf(const QMouseEvent *event) const;
     void updateGround();
     void paintFigures(QPainter *painter, const FigureLines &figure) const;
+    void paintPass(QPainter *painter, const FigureLines &figure, bool selected, const QColor &ink,
+                   double extraWidth) const;
     void paintHint(QPainter *painter) const;
 
     VxScene *const m_scene;

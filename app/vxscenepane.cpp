@@ -5,7 +5,9 @@
 
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 
@@ -25,6 +27,7 @@ VxScenePane::VxScenePane()
     m_view->setUniformRowHeights(true);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setIndentation(vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
     m_view->setFrameShape(QFrame::NoFrame);
     new SceneSelectionLink(m_view, m_model, vxScene, m_view);
     connect(m_model, &QAbstractItemModel::modelReset, this, &VxScenePane::showFirstLevels);

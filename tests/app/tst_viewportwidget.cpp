@@ -1,0 +1,198 @@
+#include "viewportwidget.h"
+
+#include "figurelines.h"
+#include "testing/vxwarningguard.h"
+
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QWheelEvent>
+#include <QtTest>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxviewportmgr.h>
+
+/// The viewport over a figure of one upright bone, four units long.
+class tst_ViewportWidget : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void boneIsPaintedWhereTheCameraSeesIt();
+    void selectionChangesTheColour();
+    void timeMovesTheFigure();
+    void paletteChangesTheGround();
+    void emptySceneShowsAHint();
+    void wheelZooms();
+    void conventionsAreFollowed();
+    void aFrameOf170Bones();
+
+private:
+    QImage picture() const { return m_view->grab().toImage(); }
+    QPoint pixel(const QVector3D &point) const;
+    static int lightness(const QImage &image, const QPoint &at) { return qGray(image.pixel(at)); }
+
+    QScopedPointer<VxWarningGuard> m_guard;
+    QScopedPointer<VxApp> m_app;
+    QScopedPointer<VxViewportMgr> m_conventions;
+    QScopedPointer<ViewportWidget> m_view;
+    VxBone *m_bone = nullptr;
+};
+
+void tst_ViewportWidget::init()
+{
+    m_guard.reset(new VxWarningGuard);
+    m_app.reset(new VxApp);
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    m_bone = new VxBone(QStringLiteral("bone"));
+    m_bone->setEndPoint({0, 4, 0});
+    figure->addNodeChild(m_bone);
+    vxScene->addNode(figure);
+    m_conventions.reset(new VxViewportMgr);
+    m_view.reset(new ViewportWidget(vxScene, m_conventions.data()));
+    m_view->resize(400, 300);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.data()));
+    m_view->frameAll();
+}
+
+void tst_ViewportWidget::cleanup()
+{
+    m_view.reset();
+    m_conventions.reset();
+    m_app.reset();
+    m_guard.reset();
+}
+
+QPoint tst_ViewportWidget::pixel(const QVector3D &point) const
+{
+    return m_view->camera().project(point).value_or(QPointF(-1, -1)).toPoint();
+}
+
+void tst_ViewportWidget::boneIsPaintedWhereTheCameraSeesIt()
+{
+    const QImage image = picture();
+    for (const float height : {0.5f, 1.5f, 3.5f}) {
+        const QPoint at = pixel({0, height, 0});
+        QVERIFY(image.rect().contains(at));
+        QVERIFY(lightness(image, at) > 140);                 // light bones on a dark ground
+        QVERIFY(lightness(image, at + QPoint(12, 0)) < 120); // and nothing beside them
+        QVERIFY(lightness(image, at - QPoint(12, 0)) < 120);
+    }
+}
+
+void tst_ViewportWidget::selectionChangesTheColour()
+{
+    const QPoint at = pixel({0, 2, 0});
+    m_bone->select();
+    const QColor ink = m_app->getStyle()->getInterfaceColor(QStringLiteral("Style_Key_Selected"));
+    const QColor painted(picture().pixel(at));
+    QVERIFY(std::abs(painted.red() - ink.red()) < 30 && std::abs(painted.blue() - ink.blue()) < 30);
+}
+
+void tst_ViewportWidget::timeMovesTheFigure()
+{
+    m_bone->getXPosControl()->setKey(0, 0, 0);
+    m_bone->getXPosControl()->setKey(100, 1, 0);
+    const QPoint here = pixel({0, 2, 0});
+    const QPoint there = pixel({1, 2, 0});
+    QVERIFY(lightness(picture(), here) > 140 && lightness(picture(), there) < 120);
+    vxScene->setTime(100);
+    QVERIFY(lightness(picture(), here) < 120 && lightness(picture(), there) > 140);
+}
+
+void tst_ViewportWidget::paletteChangesTheGround()
+{
+    QVERIFY(lightness(picture(), {2, 2}) < 100);
+    m_app->getStyle()->setColorScheme(VxStyle::ColorScheme::Light);
+    QTRY_VERIFY(lightness(picture(), {2, 2}) > 180);
+}
+
+void tst_ViewportWidget::emptySceneShowsAHint()
+{
+    const QRect middle(100, 120, 200, 60);
+    vxScene->clear();
+    const QImage hint = picture().copy(middle);
+    vxScene->addNode(new VxSkeleton(QStringLiteral("out of sight")));
+    vxScene->getRootNodes().first()->setVisible(false);
+    QVERIFY(picture().copy(middle) != hint);
+}
+
+void tst_ViewportWidget::wheelZooms()
+{
+    const float before = m_view->camera().distance();
+    QWheelEvent up(QPointF(50, 50), QPointF(50, 50), QPoint(), QPoint(0, 120), Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(m_view.data(), &up);
+    QVERIFY(m_view->camera().distance() < before);
+    QVERIFY(up.isAccepted());
+}
+
+void tst_ViewportWidget::conventionsAreFollowed()
+{
+    m_conventions->setOperation(
+        m_conventions->getMouseBtnAccelerator(Qt::RightButton, Qt::NoModifier),
+        VxViewportMgr::Frame);
+    ViewportCamera away = m_view->camera();
+    const ViewportCamera framed = away;
+    away.zoom(0.2);
+    away.pan({500, 500});
+    m_view->setCamera(away);
+    QTest::mouseClick(m_view.data(), Qt::RightButton, Qt::NoModifier, {30, 30});
+    QVERIFY(m_view->camera() == framed);
+    QTest::mouseClick(m_view.data(), Qt::RightButton, Qt::ShiftModifier, {30, 30}); // means nothing
+    QVERIFY(m_view->camera() == framed);
+}
+
+void tst_ViewportWidget::aFrameOf170Bones()
+{
+    VxBone *last = m_bone;
+    for (int i = 0; i < 169; ++i) {
+        auto *bone = new VxBone(QStringLiteral("bone %1").arg(i));
+        bone->setOrigin({i % 2 ? 1.0f : -0.9f, 0.1f, 0});
+        bone->getXRotControl()->setKey(0, 0, 0);
+        bone->getXRotControl()->setKey(4800, 90, 0);
+        vxScene->addNode(bone, last);
+        last = bone;
+    }
+    m_view->resize(1280, 800);
+    m_view->frameAll();
+    QImage target(m_view->size(), QImage::Format_ARGB32_Premultiplied);
+    m_view->render(&target); // the ground is kept from here on
+    constexpr int Frames = 50;
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < Frames; ++i) {
+        vxScene->setTime(i * 90);
+        m_view->render(&target);
+    }
+    const double frame = timer.nsecsElapsed() / 1e6 / Frames;
+
+    // The floor: the same picture and the same lines, already projected.
+    QPixmap ground(m_view->size());
+    ground.fill(Qt::black);
+    const FigureLines lines = FigureLines::collect(*vxScene, 0);
+    QVector<QLineF> bones;
+    for (const FigureLines::Bone &bone : lines.bones)
+        bones.append(m_view->camera().project(bone.from, bone.to).value_or(QLineF()));
+    timer.restart();
+    for (int i = 0; i < Frames; ++i) {
+        QPainter painter(&target);
+        painter.drawPixmap(0, 0, ground);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLines(bones);
+    }
+    const double floor = timer.nsecsElapsed() / 1e6 / Frames;
+    qInfo("a frame of 170 bones at 1280 x 800: %.2f ms, the bare lines %.2f ms", frame, floor);
+    QVERIFY(frame < 6 * floor + 1);
+}
+
+QTEST_MAIN(tst_ViewportWidget)
+#include "tst_viewportwidget.moc"
