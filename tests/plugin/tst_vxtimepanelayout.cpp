@@ -1,0 +1,305 @@
+#include "timepanetestbase.h"
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QLayout>
+#include <vxcore/vxbuttonbar.h>
+#include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxstyle.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+
+namespace {
+
+// What a layout holds, item by item: "name/stretch", with "*" for a stretch and "_n" for a space.
+QStringList layoutItems(const QWidget *widget)
+{
+    const auto *box = qobject_cast<const QBoxLayout *>(widget->layout());
+    QStringList items;
+    for (int i = 0; i < box->count(); ++i) {
+        QLayoutItem *item = box->itemAt(i);
+        QString text = QStringLiteral("*");
+        if (item->widget())
+            text = item->widget()->objectName();
+        else if (item->sizeHint().width() > 0)
+            text = QStringLiteral("_%1").arg(item->sizeHint().width());
+        items += QStringLiteral("%1/%2").arg(text).arg(box->stretch(i));
+    }
+    return items;
+}
+
+} // namespace
+
+// View modes, the place of the controls, the key graph, and the width.
+class TestTimePaneLayout : public QObject, private TimePaneTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void settingTheSameModeTellsNothing();
+    void viewModes_data();
+    void viewModes();
+    void nameColumnComesBack();
+    void nameColumnOfANewPaneComesBack();
+    void leavingTheAdvancedViewLeavesThePropertiesScope();
+    void invalidChoicesAreRefused();
+    void keyGraphOpensInTheAdvancedViewOnly();
+    void keyGraphButtonOpensAndCloses();
+    void keyGraphStateSurvivesModes();
+    void controlsPosition();
+    void settingTheSamePositionTellsNothing();
+    void extrasFollowTheWidth();
+    void widthChangesNothingInOtherModes();
+};
+
+void TestTimePaneLayout::settingTheSameModeTellsNothing()
+{
+    const QSignalSpy changes(pane.get(), &VxTimePane::viewModeChanged);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QCOMPARE(changes.count(), 0);
+    pane->setViewMode(VxTimePane::BasicView);
+    pane->setViewMode(VxTimePane::BasicView);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().first().value<VxTimePane::ViewMode>(), VxTimePane::BasicView);
+}
+
+void TestTimePaneLayout::viewModes_data()
+{
+    QTest::addColumn<VxTimePane::ViewMode>("mode");
+    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<QStringList>("hidden");
+
+    const QStringList middle = {"TimelineTimeRangeSldr", "TimelineTimeControlsWgt",
+                                "TimelineKeyControlsWgt"};
+    const QStringList advanced = {"TimelinePropertyTypesWgt", "TimelineKeyGraphButtonBar",
+                                  "TimelineCopyPasteKeysButtonBar", "TimelineInterpControlsWgt",
+                                  "TimelineInterpTypeBtn"};
+    QTest::newRow("basic") << VxTimePane::BasicView << QStringList()
+                           << middle + QStringList({"TimelinePropertyTypesWgt",
+                                                    "TimelineInterpControlsWgt",
+                                                    "TimelineInterpTypeBtn"});
+    QTest::newRow("intermediate") << VxTimePane::IntermediateView << middle << advanced;
+    QTest::newRow("advanced") << VxTimePane::AdvancedView << middle + advanced << QStringList();
+}
+
+void TestTimePaneLayout::viewModes()
+{
+    QFETCH(VxTimePane::ViewMode, mode);
+    QFETCH(QStringList, shown);
+    QFETCH(QStringList, hidden);
+    showPane();
+    pane->setViewMode(VxTimePane::BasicView);
+    pane->setViewMode(VxTimePane::IntermediateView);
+    pane->setViewMode(mode);
+    for (const QString &name : qAsConst(shown))
+        QVERIFY2(!pane->findChild<QWidget *>(name)->isHidden(), qPrintable(name));
+    for (const QString &name : qAsConst(hidden))
+        QVERIFY2(pane->findChild<QWidget *>(name)->isHidden(), qPrintable(name));
+
+    const bool isAdvanced = mode == VxTimePane::AdvancedView;
+    const auto *bar = find<VxButtonBar>("TimelineButtonBar");
+    for (int item = 0; item <= 12; ++item) {
+        const bool always = QVector<int>({0, 1, 2, 3, 7, 11, 12}).contains(item);
+        QCOMPARE(bar->isItemShown(item), always || mode != VxTimePane::BasicView);
+    }
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    QCOMPARE(view->columnWidth(0), isAdvanced ? 250 : 0);
+    QCOMPARE(view->viewport()->maximumHeight(), isAdvanced ? 10000 : 0);
+    QCOMPARE(view->verticalScrollBarPolicy(),
+             isAdvanced ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    const auto *divider = find<VxDynamicDividerWgt>("TimelineDopeSheetGraphDvdr");
+    QCOMPARE(divider->isSecondWidgetHidden(), !isAdvanced);
+    QCOMPARE(divider->isBarHidden(), !isAdvanced);
+    QCOMPARE(find<QAbstractButton>("TimelineKeyGraphBtn")->isChecked(), isAdvanced);
+}
+
+void TestTimePaneLayout::nameColumnComesBack()
+{
+    showPane();
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    QCOMPARE(view->columnWidth(0), 250);
+    view->setColumnWidth(0, 333);
+    pane->setViewMode(VxTimePane::BasicView);
+    QCOMPARE(view->columnWidth(0), 0);
+    pane->setViewMode(VxTimePane::IntermediateView);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QCOMPARE(view->columnWidth(0), 333);
+    pane->refreshDopesheet();
+    QCOMPARE(view->columnWidth(0), 333);
+    const auto *column = find<QWidget>("TimelineDopeSheetHeaderNavColumnWgt");
+    QCOMPARE(column->geometry(), QRect(0, 0, 333, column->parentWidget()->height()));
+}
+
+void TestTimePaneLayout::nameColumnOfANewPaneComesBack()
+{
+    pane->setViewMode(VxTimePane::BasicView);
+    showPane();
+    QCOMPARE(pane->getDopeSheetView()->columnWidth(0), 0);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QCOMPARE(pane->getDopeSheetView()->columnWidth(0), 250);
+}
+
+void TestTimePaneLayout::leavingTheAdvancedViewLeavesThePropertiesScope()
+{
+    addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeProperties);
+    QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeProperties);
+    pane->setViewMode(VxTimePane::IntermediateView);
+    QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeNode);
+    QCOMPARE(checked(TimePaneChoice::KeyScopeFamily), QVector<int>({2}));
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeProperties);
+    QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeNode);
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeObject);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeObject);
+}
+
+void TestTimePaneLayout::invalidChoicesAreRefused()
+{
+    guard->expect(QRegularExpression("vxtimepane.*|timepane.*setViewMode"));
+    pane->setViewMode(VxTimePane::ViewMode(3));
+    QCOMPARE(pane->getViewMode(), VxTimePane::AdvancedView);
+    guard->expect(QRegularExpression("setControlsPosition"));
+    pane->setControlsPosition(VxTimePane::ControlsPosition(-1));
+    QCOMPARE(pane->getControlsPosition(), VxTimePane::ControlsBottom);
+    guard->expect(QRegularExpression("setFilteredKeyCreationScope"));
+    pane->setFilteredKeyCreationScope(VxTimePane::KeyScope(4));
+    QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeNode);
+}
+
+void TestTimePaneLayout::keyGraphOpensInTheAdvancedViewOnly()
+{
+    const QSignalSpy changes(pane.get(), &VxTimePane::keyGraphOpenChanged);
+    pane->setKeyGraphOpen(true);
+    QCOMPARE(changes.count(), 0);
+    pane->setKeyGraphOpen(false);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.last().first().toBool(), false);
+    QVERIFY(find<VxDynamicDividerWgt>("TimelineDopeSheetGraphDvdr")->isSecondWidgetHidden());
+
+    pane->setViewMode(VxTimePane::BasicView);
+    pane->setKeyGraphOpen(true);
+    pane->toggleKeyGraph();
+    QVERIFY(!pane->getKeyGraphOpen());
+    QCOMPARE(changes.count(), 1);
+}
+
+void TestTimePaneLayout::keyGraphButtonOpensAndCloses()
+{
+    showPane();
+    auto *button = find<QAbstractButton>("TimelineKeyGraphBtn");
+    const auto *graph = find<QWidget>("TimelineKeyGraphView");
+    QVERIFY(graph->isVisible());
+    VxMouseDriver mouse(button);
+    mouse.click(button->rect().center());
+    QVERIFY(!pane->getKeyGraphOpen());
+    QVERIFY(!button->isChecked());
+    QVERIFY(!graph->isVisible());
+    mouse.click(button->rect().center());
+    QVERIFY(pane->getKeyGraphOpen());
+    QVERIFY(button->isChecked());
+    QVERIFY(graph->isVisible());
+}
+
+void TestTimePaneLayout::keyGraphStateSurvivesModes()
+{
+    showPane();
+    pane->setKeyGraphOpen(false);
+    pane->setViewMode(VxTimePane::BasicView);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QVERIFY(!pane->getKeyGraphOpen());
+    QVERIFY(!find<QAbstractButton>("TimelineKeyGraphBtn")->isChecked());
+    QVERIFY(!find<QWidget>("TimelineKeyGraphView")->isVisible());
+}
+
+void TestTimePaneLayout::controlsPosition()
+{
+    const int m = vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin);
+    const QSignalSpy changes(pane.get(), &VxTimePane::controlsPositionChanged);
+    const auto *controls = find<QWidget>("TimelineMainControlsWgt");
+    QWidget *range = find<QWidget>("TimelineTimeRangeWgt");
+
+    pane->setControlsPosition(VxTimePane::ControlsTop);
+    QCOMPARE(layoutItems(pane.get()),
+             QStringList({"TimelineMainControlsWgt/0", "TimelineTimeRangeWgt/0",
+                          "TimelineDopeSheetGraphDvdr/1"}));
+    QCOMPARE(controls->layout()->contentsMargins(), QMargins(0, m, m, m));
+    QCOMPARE(pane->getBackgroundHeaderGuide(), range);
+    QVERIFY(!pane->getBackgroundFooterGuide());
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.last().first().value<VxTimePane::ControlsPosition>(), VxTimePane::ControlsTop);
+
+    pane->setControlsPosition(VxTimePane::ControlsBottom);
+    QCOMPARE(layoutItems(pane.get()),
+             QStringList({"TimelineDopeSheetGraphDvdr/1", "TimelineTimeRangeWgt/0",
+                          "TimelineMainControlsWgt/0"}));
+    QCOMPARE(controls->layout()->contentsMargins(), QMargins(m, m, m, 0));
+    QCOMPARE(pane->getBackgroundFooterGuide(), range);
+    QVERIFY(!pane->getBackgroundHeaderGuide());
+    QCOMPARE(changes.count(), 2);
+}
+
+void TestTimePaneLayout::settingTheSamePositionTellsNothing()
+{
+    const QSignalSpy changes(pane.get(), &VxTimePane::controlsPositionChanged);
+    pane->setControlsPosition(VxTimePane::ControlsBottom);
+    QCOMPARE(changes.count(), 0);
+}
+
+// The pane stands in a window that does not keep it from becoming too narrow.
+void TestTimePaneLayout::extrasFollowTheWidth()
+{
+    QWidget window;
+    window.resize(3000, 600);
+    VxTimePane *inside = pane.get();
+    inside->setParent(&window);
+    inside->resize(2500, 500);
+    window.show();
+    const QVector<QWidget *> extras = {
+        find<QWidget>("TimelineTimeRangeControlsWgt"), find<QWidget>("TimelinePropertyTypesWgt"),
+        find<QWidget>("TimelineKeyScopeBtn"), find<QWidget>("TimelineInterpControlsWgt"),
+        find<QWidget>("TimelineInterpTypeBtn")};
+    const auto shown = [&extras] {
+        int count = 0;
+        for (const QWidget *extra : extras)
+            count += extra->isVisible() ? 1 : 0;
+        return count;
+    };
+    const auto resizeTo = [inside](int width) {
+        inside->resize(width, 500);
+        QCoreApplication::processEvents();
+    };
+    pane.release(); // the window owns it
+    QCOMPARE(shown(), 5);
+    const int threshold = inside->minimumSizeHint().width() + 5;
+    resizeTo(threshold);
+    QCOMPARE(shown(), 5);
+    resizeTo(threshold - 1);
+    QCOMPARE(shown(), 0);
+    resizeTo(threshold + 1);
+    QCOMPARE(shown(), 0);
+    resizeTo(threshold + 2);
+    QCOMPARE(shown(), 5);
+
+    // A second pane in the process knows the width already, and begins without.
+    const VxTimePane second;
+    QVERIFY(second.findChild<QWidget *>(QStringLiteral("TimelineKeyScopeBtn"))->isHidden());
+}
+
+void TestTimePaneLayout::widthChangesNothingInOtherModes()
+{
+    showPane();
+    pane->setViewMode(VxTimePane::IntermediateView);
+    const auto *scope = find<QWidget>("TimelineKeyScopeBtn");
+    const bool wasHidden = scope->isHidden();
+    pane->resize(pane->minimumSizeHint().width(), 400);
+    QCoreApplication::processEvents();
+    QCOMPARE(scope->isHidden(), wasHidden);
+}
+
+QTEST_MAIN(TestTimePaneLayout)
+#include "tst_vxtimepanelayout.moc"

@@ -1,0 +1,312 @@
+#include "timepanetestbase.h"
+
+#include <vxcore/vxbone.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxskeleton.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepaneevents.h"
+
+namespace {
+
+// Counts the custom events that reach an object.
+class EventCounter : public QObject
+{
+public:
+    explicit EventCounter(QObject *watched) { watched->installEventFilter(this); }
+
+    int selectionChanges = 0;
+    int ensureVisibles = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == VxTimelineScenePrimarySelectionChangeEvent::eventType())
+            ++selectionChanges;
+        if (event->type() == VxTimelineDopesheetEnsureItemVisibleEvent::eventType())
+            ++ensureVisibles;
+        return false;
+    }
+};
+
+} // namespace
+
+// The dope sheet's rows and their selection, as far as the pane decides on them.
+class TestTimePaneRows : public QObject, private TimePaneTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void manySelectionsMakeOneEvent();
+    void hiddenPanePostsNothing();
+    void loadMakesOneEventAfterwards();
+    void closingApplicationPostsNothing();
+    void rowsFollowTheSelection();
+    void rowSelectionSelectsNodes();
+    void rowsOfTheScene();
+    void nodesThatComeDuringALoad();
+    void clearingTheSceneEmptiesTheSheet();
+    void helpersStayOut();
+    void rootRowsMove();
+    void textFilterShowsMatchesBelow();
+};
+
+void TestTimePaneRows::manySelectionsMakeOneEvent()
+{
+    showPane();
+    auto *a = new VxNode(QStringLiteral("a"));
+    auto *b = new VxNode(QStringLiteral("b"));
+    vxScene->addNode(a);
+    vxScene->addNode(b);
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    for (int i = 0; i < 10; ++i) {
+        a->select(i % 2 == 0);
+        b->select(i % 2 == 1);
+    }
+    QCOMPARE(counter.selectionChanges, 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+    QTRY_COMPARE(counter.ensureVisibles, 1);
+}
+
+void TestTimePaneRows::hiddenPanePostsNothing()
+{
+    const EventCounter counter(pane.get());
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    node->select(true);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 0);
+    showPane();
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    QVERIFY(view->selectionModel()->isSelected(view->findNodeIndex(node)));
+
+    pane->hide();
+    node->select(false);
+    node->select(true);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+    pane->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 2);
+}
+
+void TestTimePaneRows::loadMakesOneEventAfterwards()
+{
+    showPane();
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    vxScene->beginLoad();
+    for (int i = 0; i < 5; ++i) {
+        auto *node = new VxNode(QStringLiteral("n%1").arg(i));
+        vxScene->addNode(node);
+        node->select(true);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(counter.selectionChanges, 0);
+    vxScene->endLoad();
+    QCOMPARE(counter.selectionChanges, 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+}
+
+void TestTimePaneRows::closingApplicationPostsNothing()
+{
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    vxApp->beginClosing();
+    node->select(true);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 0);
+}
+
+void TestTimePaneRows::rowsFollowTheSelection()
+{
+    showPane();
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    auto *hip = new VxBone(QStringLiteral("hip"));
+    auto *thigh = new VxBone(QStringLiteral("thigh"));
+    hip->addNodeChild(thigh);
+    figure->addNodeChild(hip);
+    vxScene->addNode(figure);
+    thigh->select(true);
+    figure->select(true);
+    QCoreApplication::processEvents();
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
+
+    figure->select(false);
+    vxScene->setPrimarySelection(thigh);
+    QCoreApplication::processEvents();
+    const QModelIndexList rows = view->selectionModel()->selectedRows();
+    QCOMPARE(rows.size(), 1);
+    QCOMPARE(rows.first(), view->findNodeIndex(thigh));
+    QVERIFY(view->isExpanded(view->findNodeIndex(hip)));
+    QVERIFY(pane->hasDopeSheetItemSelection());
+}
+
+void TestTimePaneRows::rowSelectionSelectsNodes()
+{
+    showPane();
+    auto *a = new VxNode(QStringLiteral("a"));
+    auto *b = new VxNode(QStringLiteral("b"));
+    vxScene->addNode(a);
+    vxScene->addNode(b);
+    a->select(true);
+    QCoreApplication::processEvents();
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    const EventCounter counter(pane.get());
+    const QSignalSpy told(view, &VxDopeSheetView::itemSelectionChanged);
+    const QSignalSpy lists(pane.get(), &VxTimePane::dopesheetPropertyListChanged);
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(view->findNodeIndex(b)).center());
+    QVERIFY(b->isSelected());
+    QVERIFY(!a->isSelected());
+    QVERIFY(told.count() > 0);
+    QVERIFY(lists.count() > 0);
+    QVERIFY(!view->isChangingSelection());
+    QCoreApplication::processEvents();
+    // The view has changed the scene's selection itself, so nothing is left to follow.
+    QCOMPARE(counter.selectionChanges, 0);
+}
+
+void TestTimePaneRows::rowsOfTheScene()
+{
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    figure->addNodeChild(new VxBone(QStringLiteral("hip")));
+    vxScene->addNode(figure);
+    QVERIFY(!pane->getDopeSheetView()->model());
+    showPane();
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    QVERIFY(model);
+    QCOMPARE(model->rowCount(), 1);
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("figure"));
+    QCOMPARE(model->rowCount(model->index(0, 0)), 1);
+    auto *camera = new VxNode(QStringLiteral("camera"));
+    vxScene->addNode(camera);
+    QCOMPARE(model->rowCount(), 2);
+    vxScene->removeNode(figure);
+    QCOMPARE(model->rowCount(), 1);
+    camera->setLabel(QStringLiteral("Camera 1"));
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Camera 1"));
+}
+
+void TestTimePaneRows::nodesThatComeDuringALoad()
+{
+    showPane();
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    vxScene->beginLoad();
+    auto *gone = new VxNode(QStringLiteral("gone"));
+    gone->addNodeChild(new VxNode(QStringLiteral("gone too")));
+    vxScene->addNode(gone);
+    vxScene->addNode(new VxNode(QStringLiteral("stays")));
+    QCOMPARE(model->rowCount(), 0);
+    vxScene->removeNode(gone);
+    vxScene->endLoad();
+    QCOMPARE(model->rowCount(), 1);
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("stays"));
+}
+
+void TestTimePaneRows::clearingTheSceneEmptiesTheSheet()
+{
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    node->select(true);
+    QCoreApplication::processEvents();
+    vxScene->clear();
+    QCOMPARE(pane->getDopeSheetView()->model()->rowCount(), 0);
+    vxScene->addNode(new VxNode(QStringLiteral("b")));
+    QCOMPARE(pane->getDopeSheetView()->model()->rowCount(), 1);
+    // Former selection models do not pile up.
+    QCOMPARE(pane->getDopeSheetView()->findChildren<QItemSelectionModel *>().size(), 1);
+}
+
+void TestTimePaneRows::helpersStayOut()
+{
+    showPane();
+    auto *helper = new VxNode(QStringLiteral("helper"));
+    helper->setIkNode(true);
+    helper->setSelectable(false);
+    auto *hidden = new VxNode(QStringLiteral("hidden"));
+    hidden->setVisible(false);
+    auto *leading = new VxNode(QStringLiteral("leading"));
+    leading->setVisible(false);
+    leading->addNodeChild(new VxNode(QStringLiteral("shown")));
+    auto *handle = new VxNode(QStringLiteral("handle"));
+    handle->setIkNode(true);
+    for (VxNode *node : {helper, hidden, leading, handle})
+        vxScene->addNode(node);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    QVERIFY(!view->findNodeIndex(helper).isValid());
+    QVERIFY(!view->findNodeIndex(hidden).isValid());
+    QVERIFY(view->findNodeIndex(leading).isValid());
+    QVERIFY(view->findNodeIndex(handle).isValid());
+}
+
+void TestTimePaneRows::rootRowsMove()
+{
+    showPane();
+    QVector<VxNode *> nodes;
+    for (const char *name : {"a", "b", "c"}) {
+        nodes += new VxNode(QString::fromLatin1(name));
+        vxScene->addNode(nodes.last());
+    }
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    const auto order = [model] {
+        QString text;
+        for (int i = 0; i < model->rowCount(); ++i)
+            text += model->index(i, 0).data().toString();
+        return text;
+    };
+    pane->moveRootNodeToTop();
+    QCOMPARE(order(), QStringLiteral("abc"));
+    auto *child = new VxNode(QStringLiteral("child"));
+    vxScene->addNode(child, nodes.at(2));
+    child->select(true);
+    pane->moveRootNodeUp();
+    QCOMPARE(order(), QStringLiteral("acb"));
+    pane->moveRootNodeToTop();
+    QCOMPARE(order(), QStringLiteral("cab"));
+    pane->moveRootNodeUp();
+    QCOMPARE(order(), QStringLiteral("cab"));
+    pane->moveRootNodeDown();
+    QCOMPARE(order(), QStringLiteral("acb"));
+    pane->moveRootNodeToBottom();
+    QCOMPARE(order(), QStringLiteral("abc"));
+    pane->moveRootNodeDown();
+    QCOMPARE(order(), QStringLiteral("abc"));
+}
+
+void TestTimePaneRows::textFilterShowsMatchesBelow()
+{
+    showPane();
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    figure->addNodeChild(new VxBone(QStringLiteral("lHip")));
+    figure->addNodeChild(new VxBone(QStringLiteral("head")));
+    vxScene->addNode(figure);
+    vxScene->addNode(new VxNode(QStringLiteral("camera")));
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    QVERIFY(QMetaObject::invokeMethod(pane.get(), "handleDopesheetFilterChanged",
+                                      Q_ARG(QString, QStringLiteral("HIP"))));
+    QCOMPARE(model->rowCount(), 1);
+    QCOMPARE(model->rowCount(model->index(0, 0)), 1);
+    QCOMPARE(model->index(0, 0, model->index(0, 0)).data().toString(), QStringLiteral("lHip"));
+    pane->refreshDopesheet();
+    QCOMPARE(pane->getDopeSheetView()->model()->rowCount(), 1);
+    QVERIFY(QMetaObject::invokeMethod(pane.get(), "handleDopesheetFilterCleared"));
+    QCOMPARE(pane->getDopeSheetView()->model()->rowCount(), 2);
+}
+
+QTEST_MAIN(TestTimePaneRows)
+#include "tst_vxtimepanerows.moc"
