@@ -1,10 +1,35 @@
 #include "vxtimelinefactories.h"
 
+namespace {
+
+QScriptValue propertyTypesToScript(QScriptEngine *, const VxTimePane::PropertyTypes &types)
+{
+    return QScriptValue(static_cast<int>(types));
+}
+
+void propertyTypesFromScript(const QScriptValue &value, VxTimePane::PropertyTypes &types)
+{
+    types = VxTimePane::PropertyTypes(value.toInt32());
+}
+
+} // namespace
+
 // The identifiers are stored by hosts: one that was released stays with its class for good.
 
 VxTimePaneFactory::VxTimePaneFactory()
     : VxTimelineFactory("BA1C31B0-5BDA-4EE7-9146-A899EBD85115")
 {
+    // The name that the pane's slots have it under.
+    qRegisterMetaType<VxTimePane::PropertyTypes>("PropertyTypes");
+}
+
+// Without a conversion of their own an engine takes only such numbers for a set as are the value of
+// one of its flags.
+void VxTimePaneFactory::registerClass(QScriptEngine *engine) const
+{
+    VxTimelineFactory::registerClass(engine);
+    qScriptRegisterMetaType<VxTimePane::PropertyTypes>(engine, &propertyTypesToScript,
+                                                       &propertyTypesFromScript);
 }
 
 VxTimePaneActionFactory::VxTimePaneActionFactory()

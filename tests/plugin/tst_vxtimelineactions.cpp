@@ -140,6 +140,7 @@ private Q_SLOTS:
     void rowsBelowTheContextItem();
     void allRows();
     void rootNodeOrder();
+    void itemKeysOncePerSelectedRow();
 
 private:
     static void addRows();
@@ -648,6 +649,30 @@ void TestVxTimelineActions::rootNodeOrder()
     QCOMPARE(order(), QString("cabd"));
     stage.trigger("VxTimePaneMoveRootNodeDownAction");
     QCOMPARE(order(), QString("acbd"));
+}
+
+// A selected row has two selected cells; its keys are told of once.
+void TestVxTimelineActions::itemKeysOncePerSelectedRow()
+{
+    Stage stage;
+    VxSceneBuilder builder(vxScene);
+    for (const char *name : {"a", "b", "c"})
+        builder.addNode(QString::fromLatin1(name));
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.window.show();
+    VxDopeSheetView *view = stage.pane->getDopeSheetView();
+    view->selectionModel()->clear();
+    for (const char *name : {"a", "c"})
+        view->selectionModel()->select(view->findNodeIndex(vxScene->findNode(name)),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
+    QCOMPARE(view->selectionModel()->selectedIndexes().size(), 4);
+    for (const char *className : {"VxTimePaneDeselectItemPlayRangeKeysAction",
+                                  "VxTimePaneDeselectItemAnimRangeKeysAction"}) {
+        QSignalSpy changed(view, &VxDopeSheetView::keySelectionChanged);
+        stage.trigger(className);
+        QCOMPARE(changed.size(), 2);
+    }
 }
 
 QTEST_MAIN(TestVxTimelineActions)

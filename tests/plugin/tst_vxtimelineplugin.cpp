@@ -36,6 +36,7 @@ private Q_SLOTS:
     void constructorWithoutNew();
     void paneEnumerationsInScripts_data();
     void paneEnumerationsInScripts();
+    void paneFlagSetsInScripts();
     void valueWithoutObjectIsNull_data();
     void valueWithoutObjectIsNull();
     void pointerRoundTrip();
@@ -246,6 +247,32 @@ void TestVxTimelinePlugin::paneEnumerationsInScripts()
     QVERIFY2(read.isNumber(), qPrintable(read.toString()));
     QCOMPARE(read.toInt32(), value);
     QCOMPARE(m_engine->evaluate("VxTimePane." + key).toInt32(), value);
+}
+
+void TestVxTimelinePlugin::paneFlagSetsInScripts()
+{
+    const std::unique_ptr<QObject> object(
+        m_engine->evaluate("pane = new VxTimePane()").toQObject());
+    auto *pane = qobject_cast<VxTimePane *>(object.get());
+    std::vector<std::unique_ptr<QObject>> actions;
+    const auto all = factories();
+    for (const VxClassFactory *factory : all) {
+        if (factory->className().startsWith("VxTimePaneSetPropertyType")) {
+            actions.emplace_back(factory->createInstance());
+            pane->registerAction(qobject_cast<QAction *>(actions.back().get()));
+        }
+    }
+    QCOMPARE(int(actions.size()), 6);
+    const QString script("pane.setFilteredPropertyTypes(%1); pane.getFilteredPropertyTypes()");
+    const QPair<const char *, int> sets[] = {
+        {"pane.PropRotate | pane.PropHidden", 0x22}, {"pane.PropScale", 0x4}, {"0", 0}};
+    for (const auto &set : sets) {
+        const QScriptValue types = m_engine->evaluate(script.arg(QLatin1String(set.first)));
+        QVERIFY2(!m_engine->hasUncaughtException(), qPrintable(types.toString()));
+        QVERIFY(types.isNumber());
+        QCOMPARE(types.toInt32(), set.second);
+        QCOMPARE(int(pane->getFilteredPropertyTypes()), set.second);
+    }
 }
 
 void TestVxTimelinePlugin::valueWithoutObjectIsNull_data()
