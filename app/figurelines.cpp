@@ -1,7 +1,6 @@
 #include "figurelines.h"
 
 #include <QMatrix4x4>
-#include <algorithm>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
@@ -66,23 +65,13 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
     return lines;
 }
 
-void PointBounds::add(const QVector3D &point)
+QVector<QVector3D> FigureLines::points() const
 {
-    if (m_isEmpty) {
-        m_low = m_high = point;
-        m_isEmpty = false;
-        return;
-    }
-    for (int axis = 0; axis < 3; ++axis) {
-        m_low[axis] = std::min(m_low[axis], point[axis]);
-        m_high[axis] = std::max(m_high[axis], point[axis]);
-    }
-}
-
-void PointBounds::add(const FigureLines &figure)
-{
-    for (const FigureLines::Joint &joint : figure.joints)
-        add(joint.at);
-    for (const FigureLines::Bone &bone : figure.bones)
-        add(bone.to);
+    QVector<QVector3D> all;
+    all.reserve(joints.size() + bones.size());
+    for (const Joint &joint : joints)
+        all.append(joint.at);
+    for (const Bone &bone : bones)
+        all.append(bone.to);
+    return all;
 }

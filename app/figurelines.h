@@ -32,24 +32,9 @@ struct FigureLines
     /// Nodes that are not visible are left out; what hangs below them is not. A bone leads to each
     /// of its bones; one without any leads to its end point.
     static FigureLines collect(const VxScene &scene, VxTime time);
-};
 
-/// A box around points, to be looked at.
-class PointBounds
-{
-public:
-    void add(const QVector3D &point);
-    void add(const FigureLines &figure);
-
-    bool isEmpty() const { return m_isEmpty; }
-    QVector3D center() const { return (m_low + m_high) / 2; }
-    /// Half the diagonal; 0 for none or a single point.
-    float radius() const { return (m_high - m_low).length() / 2; }
-
-private:
-    QVector3D m_low;
-    QVector3D m_high;
-    bool m_isEmpty = true;
+    /// Every joint and the end of every bone.
+    QVector<QVector3D> points() const;
 };
 
 #endif

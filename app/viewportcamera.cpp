@@ -10,11 +10,24 @@ constexpr float DegreesPerPixel = 0.4f;
 constexpr float SteepestPitch = 89;
 constexpr float SmallestDistance = 1e-3f;
 constexpr float LargestDistance = 1e7f;
-constexpr float FrameMargin = 1.15f;
+constexpr float FramedPart = 0.85f; // of the view
 
 float radians(float degrees)
 {
     return degrees * float(M_PI) / 180;
+}
+
+QVector3D middleOf(const QVector<QVector3D> &points)
+{
+    QVector3D low = points.constFirst();
+    QVector3D high = low;
+    for (const QVector3D &point : points) {
+        for (int axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], point[axis]);
+            high[axis] = std::max(high[axis], point[axis]);
+        }
+    }
+    return (low + high) / 2;
 }
 
 } // namespace
@@ -54,12 +67,24 @@ void ViewportCamera::zoom(double factor)
         m_distance = std::clamp(m_distance / float(factor), SmallestDistance, LargestDistance);
 }
 
-void ViewportCamera::frame(const QVector3D &center, float radius)
+void ViewportCamera::frame(const QVector<QVector3D> &points)
 {
-    m_target = center;
-    const float shown = radius > 0 ? radius : 1;
-    m_distance = std::clamp(shown * FrameMargin / std::sin(radians(HalfFieldOfView)),
-                            SmallestDistance, LargestDistance);
+    if (points.isEmpty())
+        return;
+    m_target = middleOf(points);
+    const float side = float(std::min(m_size.width(), m_size.height()));
+    const float slope = std::tan(radians(HalfFieldOfView)) * FramedPart / side;
+    const float slopeX = slope * float(m_size.width());
+    const float slopeY = slope * float(m_size.height());
+    float needed = 0;
+    for (const QVector3D &point : points) {
+        const QVector3D offset = point - m_target;
+        const float x = std::abs(QVector3D::dotProduct(offset, m_right));
+        const float y = std::abs(QVector3D::dotProduct(offset, m_up));
+        const float nearer = QVector3D::dotProduct(offset, m_back);
+        needed = std::max(needed, std::max(x / slopeX, y / slopeY) + nearer);
+    }
+    m_distance = needed > 0 ? std::clamp(needed, SmallestDistance, LargestDistance) : FirstDistance;
 }
 
 std::optional<QPointF> ViewportCamera::project(const QVector3D &point) const

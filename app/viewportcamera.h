@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QSizeF>
 #include <QVector3D>
+#include <QVector>
 #include <optional>
 
 /// A camera that circles a point: the mapping from the world to a view's pixels, and what the mouse
@@ -29,8 +30,10 @@ public:
     void pan(const QPointF &pixels);
     /// Divides the distance by a factor above 0; others are ignored.
     void zoom(double factor);
-    /// Keeps the direction and shows a sphere completely; a radius of 0 or less counts as 1.
-    void frame(const QVector3D &center, float radius);
+    /// Keeps the direction and shows all points, as large as fits with a margin, the middle of
+    /// their box as the target. One place alone is looked at from the first distance; no point at
+    /// all leaves everything as it is.
+    void frame(const QVector<QVector3D> &points);
 
     /// The pixel of a point; nothing when it does not lie before the camera.
     std::optional<QPointF> project(const QVector3D &point) const;
@@ -48,6 +51,8 @@ public:
     friend bool operator!=(const ViewportCamera &a, const ViewportCamera &b) { return !(a == b); }
 
 private:
+    static constexpr float FirstDistance = 6;
+
     QVector3D toView(const QVector3D &point) const;
     QPointF toPixel(const QVector3D &viewPoint) const;
     float nearDepth() const;
@@ -55,7 +60,7 @@ private:
 
     QSizeF m_size{100, 100};
     QVector3D m_target{0, 1, 0};
-    float m_distance = 6;
+    float m_distance = FirstDistance;
     float m_yaw = 35;   // degrees about the vertical axis; 0 looks along -z
     float m_pitch = 18; // degrees above the ground
     QVector3D m_right;  // the view's axes, from the two angles

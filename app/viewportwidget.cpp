@@ -16,7 +16,7 @@ namespace {
 constexpr int FramedPoses = 9;
 constexpr double WheelFactor = 1.15; // per notch
 constexpr double DragZoomPerPixel = 1.01;
-constexpr double JointSide = 5;
+constexpr double JointSide = 4.5;
 constexpr double BoneWidth = 2;
 constexpr double OutlineWidth = 2; // of selected bones, at both sides together
 
@@ -75,14 +75,14 @@ QSize ViewportWidget::sizeHint() const
 
 void ViewportWidget::frameAll()
 {
-    PointBounds bounds;
+    QVector<QVector3D> points;
     const VxTimeRange range = m_scene->getPlayRange();
     for (int i = 0; i < FramedPoses; ++i) {
         const qint64 offset = qint64(range.getDuration()) * i / (FramedPoses - 1);
-        bounds.add(FigureLines::collect(*m_scene, VxTime(range.getStart() + offset)));
+        points += FigureLines::collect(*m_scene, VxTime(range.getStart() + offset)).points();
     }
     ViewportCamera camera = m_camera;
-    camera.frame(bounds.center(), bounds.radius());
+    camera.frame(points.isEmpty() ? QVector<QVector3D>{QVector3D()} : points);
     setCamera(camera);
 }
 

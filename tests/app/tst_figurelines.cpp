@@ -46,7 +46,7 @@ private Q_SLOTS:
     void selectionIsMarked();
     void hiddenNodesAreLeftOut();
     void plainNodesAreJoints();
-    void bounds();
+    void points();
 
 private:
     QScopedPointer<VxWarningGuard> m_guard;
@@ -115,16 +115,14 @@ void tst_FigureLines::plainNodesAreJoints()
     QCOMPARE(lines.joints.at(0).at, QVector3D(1, 2, 3));
 }
 
-void tst_FigureLines::bounds()
+void tst_FigureLines::points()
 {
-    PointBounds bounds;
-    QVERIFY(bounds.isEmpty());
-    QCOMPARE(bounds.radius(), 0.0f);
     const Figure figure;
-    bounds.add(FigureLines::collect(figure.scene, 0));
-    QVERIFY(!bounds.isEmpty());
-    QCOMPARE(bounds.center(), QVector3D(-0.5f, 7, 0)); // from y 1 to y 13
-    QVERIFY(bounds.radius() > 6 && bounds.radius() < 6.1f);
+    const QVector<QVector3D> points = FigureLines::collect(figure.scene, 0).points();
+    QCOMPARE(points.size(), 6);           // three joints, three ends
+    QVERIFY(points.contains({0, 10, 0})); // where the hip is
+    QVERIFY(points.contains({-1, 1, 0})); // where the knee ends
+    QVERIFY(FigureLines().points().isEmpty());
 }
 
 QTEST_MAIN(tst_FigureLines)

@@ -56,8 +56,9 @@ private Q_SLOTS:
     void zoom();
     void zoomIgnoresNonsense_data();
     void zoomIgnoresNonsense();
-    void aFramedSphereIsSeenWhole_data();
-    void aFramedSphereIsSeenWhole();
+    void framedPointsFillTheView_data();
+    void framedPointsFillTheView();
+    void framingLittle();
     void aViewWithoutSize();
 };
 
@@ -191,33 +192,50 @@ void tst_ViewportCamera::zoomIgnoresNonsense()
     QVERIFY(camera == before);
 }
 
-void tst_ViewportCamera::aFramedSphereIsSeenWhole_data()
+void tst_ViewportCamera::framedPointsFillTheView_data()
 {
     QTest::addColumn<QSizeF>("size");
-    QTest::addColumn<float>("radius");
-    QTest::newRow("wide view") << QSizeF(900, 300) << 2.5f;
-    QTest::newRow("high view") << QSizeF(300, 900) << 2.5f;
-    QTest::newRow("tiny sphere") << QSizeF(400, 400) << 0.01f;
-    QTest::newRow("huge sphere") << QSizeF(400, 400) << 90000.0f;
+    QTest::addColumn<QVector3D>("extent"); // of a box
+    QTest::newRow("wide view of a flat box") << QSizeF(900, 300) << QVector3D(5, 0.5f, 5);
+    QTest::newRow("high view of a flat box") << QSizeF(300, 900) << QVector3D(5, 0.5f, 5);
+    QTest::newRow("a tower") << QSizeF(900, 300) << QVector3D(1, 50, 1);
+    QTest::newRow("tiny") << QSizeF(400, 400) << QVector3D(0.01f, 0.01f, 0.02f);
+    QTest::newRow("huge") << QSizeF(400, 400) << QVector3D(90000, 1, 80000);
+    QTest::newRow("a line to the eye") << QSizeF(400, 400) << QVector3D(0, 0, 7);
 }
 
-void tst_ViewportCamera::aFramedSphereIsSeenWhole()
+void tst_ViewportCamera::framedPointsFillTheView()
 {
     QFETCH(QSizeF, size);
-    QFETCH(float, radius);
+    QFETCH(QVector3D, extent);
     ViewportCamera camera = cameraOf(size);
     const QVector3D center(10, -3, 7);
-    camera.frame(center, radius);
-    double reach = 0;
-    for (const QVector3D &way : {rightOf(camera), -rightOf(camera), upOf(camera), -upOf(camera)}) {
-        const auto point = camera.project(center + way * radius);
+    QVector<QVector3D> corners;
+    for (int i = 0; i < 8; ++i)
+        corners.append(center + extent * QVector3D(i & 1 ? 0.5f : -0.5f, i & 2 ? 0.5f : -0.5f,
+                                                   i & 4 ? 0.5f : -0.5f));
+    camera.frame(corners);
+    QCOMPARE(camera.target(), center);
+    double reach = 0; // 1 at the edge of the view
+    for (const QVector3D &corner : qAsConst(corners)) {
+        const auto point = camera.project(corner);
         QVERIFY(point);
-        QVERIFY(QRectF(QPointF(0, 0), size).contains(*point));
-        reach =
-            std::max(reach, QLineF(QPointF(size.width() / 2, size.height() / 2), *point).length());
+        reach = std::max({reach, std::abs(point->x() / size.width() * 2 - 1),
+                          std::abs(point->y() / size.height() * 2 - 1)});
     }
-    // It fills most of the shorter side.
-    QVERIFY(reach > 0.35 * std::min(size.width(), size.height()));
+    QVERIFY2(reach > 0.84 && reach < 0.86, qPrintable(QString::number(reach)));
+}
+
+void tst_ViewportCamera::framingLittle()
+{
+    ViewportCamera camera = cameraOf({400, 300});
+    const ViewportCamera before = camera;
+    camera.frame({});
+    QVERIFY(camera == before);
+    camera.zoom(3);
+    camera.frame({{5, 5, 5}, {5, 5, 5}});
+    QCOMPARE(camera.target(), QVector3D(5, 5, 5));
+    QCOMPARE(camera.distance(), before.distance());
 }
 
 void tst_ViewportCamera::aViewWithoutSize()
