@@ -5,6 +5,7 @@
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxclassfactory.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpanemgr.h>
@@ -26,7 +27,12 @@ QScriptValue findPane(QScriptContext *context, QScriptEngine *engine)
     if (arguments.failed())
         return arguments.error();
     const VxMainWindow *window = mainWindow();
-    return toScript(engine, window ? window->getPaneMgr()->findPane(name) : nullptr);
+    VxPane *pane = window ? window->getPaneMgr()->findPane(name) : nullptr;
+    QScriptValue value = toScript(engine, pane);
+    // The keys of the pane's enumerations, as on a pane that a script makes.
+    if (pane)
+        VxClassFactory::registerEnumsOnClass(engine, pane->metaObject(), value);
+    return value;
 }
 
 QScriptValue action(QScriptContext *context, QScriptEngine *engine)
