@@ -1,29 +1,95 @@
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
+#include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxstyleoption.h>
 
+#include "vxtimeline/time/timelineplayback.h"
 #include "vxtimeline/time/timelinesnap.h"
+#include "vxtimeline/widgets/timerangemath.h"
+
+using TimeRangeMath::Part;
+
+namespace {
+
+// The end of a saved range that holds nothing yet.
+constexpr VxTime NothingSaved = -1;
+
+// The play range that the next double click brings back; of this process.
+VxTimeRange &savedRange()
+{
+    static VxTimeRange range(NothingSaved, NothingSaved);
+    return range;
+}
+
+} // namespace
 
 class VxTimeRangeSlider::Private
 {
 public:
     QScrollBar *scrollBar = nullptr;
+    bool pressed = false;
+    // What lies under the mouse, and what the press has caught: one of three at most.
+    bool hoverBody = false;
+    bool dragBody = false;
+    bool hoverStart = false;
+    bool dragStart = false;
+    bool hoverEnd = false;
+    bool dragEnd = false;
+    QPoint pressPos;
+    VxTime startAtPress = 0;
+    VxTime endAtPress = 0;
+    QRect rangeRect; // as the last hit test saw it
+
+    void clearHover() { hoverBody = hoverStart = hoverEnd = false; }
+    void clearDrag() { dragBody = dragStart = dragEnd = false; }
+    Part hitTest(const QSize &bar, const QPoint &position);
+    Part draggedPart() const;
 };
+
+Part VxTimeRangeSlider::Private::hitTest(const QSize &bar, const QPoint &position)
+{
+    rangeRect = TimeRangeMath::rangeRect(bar, vxScene->getPlayRange(),
+                                         vxScene->getAnimRange().getDuration());
+    return TimeRangeMath::partAt(rangeRect, position);
+}
+
+Part VxTimeRangeSlider::Private::draggedPart() const
+{
+    if (dragBody)
+        return Part::Body;
+    if (dragStart)
+        return Part::StartHandle;
+    return dragEnd ? Part::EndHandle : Part::None;
+}
 
 VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     : QAbstractSlider(parent)
     , d(std::make_unique<Private>())
 {
     setMouseTracking(true);
+    // An opaque ground, so that nothing behind is painted again with each move of the mouse. The
+    // style takes the attribute for opaque painting from sliders.
+    setBackgroundRole(QPalette::Dark);
+    setForegroundRole(QPalette::ButtonText);
+    setAutoFillBackground(true);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     d->scrollBar = new QScrollBar(Qt::Horizontal, this);
     d->scrollBar->hide();
     layout->addWidget(d->scrollBar);
+
+    // The pane repaints the slider whenever its time scale changes, which it does not while the
+    // keys column is too narrow.
+    const auto repaint = [this] { update(); };
+    connect(vxScene, &VxScene::playRangeChanged, this, repaint);
+    connect(vxScene, &VxScene::animRangeChanged, this, repaint);
+    connect(vxScene, &VxScene::timeStepChanged, this, repaint);
 }
 
 VxTimeRangeSlider::~VxTimeRangeSlider() = default;
@@ -33,16 +99,118 @@ QScrollBar *VxTimeRangeSlider::getScrollBar() const
     return d->scrollBar;
 }
 
-QRect VxTimeRangeSlider::playRangeRect() const
+void VxTimeRangeSlider::updateCursor(bool overHandle, const QPoint &position)
 {
-    const VxTimeRange range = vxScene->getPlayRange();
+    if (overHandle)
+        setCursor(Qt::SplitHCursor);
+    else if (rect().contains(position))
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+}
+
+void VxTimeRangeSlider::hover(const QPoint &position)
+{
+    const Part part = d->hitTest(size(), position);
+    d->hoverBody = part == Part::Body;
+    d->hoverStart = part == Part::StartHandle;
+    d->hoverEnd = part == Part::EndHandle;
+    updateCursor(d->hoverStart || d->hoverEnd, position);
+    update();
+}
+
+// Always from what the range was at the press, so that a drag to and fro loses nothing.
+void VxTimeRangeSlider::drag(int x, bool isFinal)
+{
     const VxTime duration = vxScene->getAnimRange().getDuration();
-    if (duration == 0)
-        return QRect();
-    const double scale = double(width()) / duration;
-    const int x1 = TimelineSnap::truncated(range.getStart() * scale);
-    const int x2 = x1 + TimelineSnap::truncated(range.getDuration() * scale) - 1;
-    return QRect(QPoint(x1, 0), QPoint(x2, height() - 1));
+    const VxTime step = vxScene->getTimeStep();
+    VxTime distance = TimeRangeMath::dragDistance(duration, width(), x - d->pressPos.x());
+    if (isFinal)
+        distance = TimelineSnap::toFrame(distance, step);
+    const VxTimeRange atPress(d->startAtPress, d->endAtPress);
+    vxScene->setPlayRange(
+        TimeRangeMath::dragged(d->draggedPart(), atPress, distance, duration, step));
+    if (isFinal && !vxScene->isPlaying())
+        TimelinePlayback::setTime(TimelineSnap::toFrame(vxScene->getTime(), step));
+    update();
+}
+
+void VxTimeRangeSlider::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton) {
+        d->pressed = true;
+        d->pressPos = event->pos();
+        const Part part = d->hitTest(size(), event->pos());
+        d->dragBody = part == Part::Body;
+        d->dragStart = part == Part::StartHandle;
+        d->dragEnd = part == Part::EndHandle;
+        updateCursor(d->dragStart || d->dragEnd, event->pos());
+        const VxTimeRange range = vxScene->getPlayRange();
+        d->startAtPress = range.getStart();
+        d->endAtPress = range.getEnd();
+    }
+    update();
+}
+
+void VxTimeRangeSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton) {
+        if (d->pressed) {
+            updateCursor(d->hoverStart || d->hoverEnd, event->pos());
+            drag(event->x(), true);
+        }
+        d->pressed = false;
+        d->clearDrag();
+    }
+    update();
+}
+
+void VxTimeRangeSlider::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const VxTimeRange playRange = vxScene->getPlayRange();
+    const VxTimeRange animRange = vxScene->getAnimRange();
+    if (playRange != animRange) {
+        savedRange() = playRange;
+        vxScene->setPlayRange(animRange);
+    } else if (savedRange().getEnd() != NothingSaved) {
+        vxScene->setPlayRange(savedRange());
+    }
+    hover(event->pos());
+}
+
+void VxTimeRangeSlider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (d->pressed)
+        drag(event->x(), false);
+    else
+        hover(event->pos());
+}
+
+void VxTimeRangeSlider::enterEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+}
+
+void VxTimeRangeSlider::leaveEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+    d->clearHover();
+    d->clearDrag();
+    update();
+}
+
+void VxTimeRangeSlider::paintHandle(QPainter *painter, const QRect &rect, int which,
+                                    bool hovered) const
+{
+    VxStyleOptionCustom option(which);
+    option.initFrom(this);
+    option.rect = rect;
+    // A widget under the mouse counts as hovered as a whole; here only the part that is.
+    option.state.setFlag(QStyle::State_MouseOver, hovered);
+    style()->drawPrimitive(static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxRangeHandle),
+                           &option, painter, this);
 }
 
 void VxTimeRangeSlider::paintEvent(QPaintEvent *event)
@@ -50,10 +218,24 @@ void VxTimeRangeSlider::paintEvent(QPaintEvent *event)
     Q_UNUSED(event)
     QPainter painter(this);
     painter.fillRect(rect(), palette().dark());
-    const QRect range = playRangeRect();
-    if (range.isEmpty())
+    const VxTimeRange range = vxScene->getPlayRange();
+    const QRect stretch =
+        TimeRangeMath::rangeRect(size(), range, vxScene->getAnimRange().getDuration());
+    if (stretch.isEmpty())
         return;
-    painter.fillRect(range, palette().button());
-    painter.setPen(palette().dark().color());
-    painter.drawRect(range.adjusted(0, 0, -1, -1));
+    painter.fillRect(stretch, palette().button());
+
+    const VxTime step = vxScene->getTimeStep();
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString start = QString::number(TimeRangeMath::nearestFrame(range.getStart(), step));
+    const QString end = QString::number(TimeRangeMath::nearestFrame(range.getEnd(), step));
+    const TimeRangeMath::Picture picture =
+        TimeRangeMath::picture(stretch, metrics.horizontalAdvance(start),
+                               metrics.horizontalAdvance(end), metrics.height());
+    paintHandle(&painter, picture.startHandle, VxStyle::RangeStartHandle, d->hoverStart);
+    painter.drawText(picture.startLabel, Qt::AlignLeft, start);
+    paintHandle(&painter, picture.endHandle, VxStyle::RangeEndHandle, d->hoverEnd);
+    painter.drawText(picture.endLabel, Qt::AlignLeft, end);
+    painter.setPen(d->hoverBody ? palette().highlight().color() : palette().dark().color());
+    painter.drawRect(picture.outline);
 }

@@ -9,7 +9,9 @@ class QScrollBar;
 // A bar that stands for the whole animation range, with the play range as a stretch inside.
 //
 // It keeps no range of its own: what it shows is read from the scene at each paint, and what is
-// dragged is written straight to the scene, which tells everyone.
+// dragged is written straight to the scene, which tells everyone. The stretch moves the range,
+// the squares at its ends move one end; a double click shows the whole animation range, and the
+// next one brings the former range back. The value and range of the base class are not used.
 class VxTimeRangeSlider : public QAbstractSlider
 {
     Q_OBJECT
@@ -21,10 +23,19 @@ public:
     QScrollBar *getScrollBar() const;
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QRect playRangeRect() const;
+    void updateCursor(bool overHandle, const QPoint &position);
+    void hover(const QPoint &position);
+    void drag(int x, bool isFinal);
+    void paintHandle(QPainter *painter, const QRect &rect, int which, bool hovered) const;
     class Private;
     std::unique_ptr<Private> d;
 };
