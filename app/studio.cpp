@@ -68,6 +68,7 @@ void Studio::Private::loadSettings()
 {
     VxSettings *settings = app->getSettings();
     settingsStore.load(settings, messages);
+    StudioSettings::fillDefaults(settings);
     const QString saved = settings->getStringValue(key("Palette"), key("dark"));
     const QString palette = commandLine.palette.isEmpty() ? saved : commandLine.palette;
     app->getStyle()->setColorScheme(palette == key("light") ? VxStyle::ColorScheme::Light

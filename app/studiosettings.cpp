@@ -37,6 +37,19 @@ void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
     m_fileName.clear();
 }
 
+// A pane that finds nothing in its store starts plain; for the Timeline, somebody who opens the
+// program for the first time should see what it can do.
+void StudioSettings::fillDefaults(VxSettings *settings)
+{
+    VxSettings *pane =
+        settings->getSettings(QStringLiteral("Panes"))->getSettings(QStringLiteral("VxTimePane"));
+    if (!pane->getKeys().isEmpty())
+        return;
+    for (const char *name : {"AdvancedView", "GraphOpen", "PropTranslate", "PropRotate",
+                             "PropScale", "PropOther", "PropAlias"})
+        pane->setBoolValue(QLatin1String(name), true);
+}
+
 void StudioSettings::save(const VxSettings &settings, const UserMessages &messages) const
 {
     if (m_fileName.isEmpty())

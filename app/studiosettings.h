@@ -19,6 +19,8 @@ public:
     static QString defaultFileName();
 
     void load(VxSettings *settings, const UserMessages &messages);
+    /// What a first start shows: the panes' options where nobody has chosen any yet.
+    static void fillDefaults(VxSettings *settings);
     void save(const VxSettings &settings, const UserMessages &messages) const;
 
 private:

@@ -113,8 +113,12 @@ bool VxBvhImport::importFile(const QString &fileName, VxFileError *error)
     VxBvhReader reader(fileName);
     reader.setProgress(part(d->progress, 0, ReadPercent));
     VxBvhDocument document;
-    return reader.readFile(&document, error) &&
-           d->build(document, fileName, part(d->progress, ReadPercent, 100), error);
+    if (!reader.readFile(&document, error) ||
+        !d->build(document, fileName, part(d->progress, ReadPercent, 100), error))
+        return false;
+    if (!reader.getNote().isEmpty())
+        d->summary += QLatin1Char(' ') + reader.getNote();
+    return true;
 }
 
 bool VxBvhImport::importDocument(const VxBvhDocument &document, const QString &fileName,

@@ -23,6 +23,8 @@ public:
 
     VxBvhDocument &document() { return m_document; }
     const VxFileError &error() const { return m_error; }
+    /// Whole frames at the end that the file holds beyond those it announces.
+    qint64 surplusFrames() const { return m_surplusFrames; }
 
 private:
     using Word = VxBvhTokenizer::Word;
@@ -62,6 +64,7 @@ private:
     bool parseFrame(int frame, float *row);
     void noteRow(bool startsFrame, int frame, qint64 line);
     bool failTooFew(int frame, int channel);
+    bool leaveOutSurplusFrames();
     bool failTooMany();
     bool report();
 
@@ -71,6 +74,7 @@ private:
     const VxFileProgress &m_progress;
     std::vector<OpenJoint> m_open;
     int m_channelCount = 0;
+    qint64 m_surplusFrames = 0;
     qint64 m_framesLine = -1;
     qint64 m_valueLine = -1;     // line of the last motion value
     qint64 m_irregularLine = -1; // first row that is not one frame

@@ -128,7 +128,29 @@ bool VxBvhParser::parseMotion()
         if (!report())
             return false;
     }
-    return m_tokens.isAtEnd() || failTooMany();
+    return m_tokens.isAtEnd() || leaveOutSurplusFrames() || failTooMany();
+}
+
+// Some programs write a frame more than they announce. Rows of just one frame each leave no doubt
+// about what the file means, so such rows at the end are passed over and counted.
+bool VxBvhParser::leaveOutSurplusFrames()
+{
+    const VxBvhTokenizer before = m_tokens;
+    if (m_irregularLine >= 0 || m_tokens.peek().line == m_valueLine)
+        return false;
+    std::vector<float> row(static_cast<std::size_t>(m_channelCount));
+    qint64 frames = 0;
+    while (!m_tokens.isAtEnd()) {
+        for (float &value : row) {
+            if (m_tokens.readFloat(&value) != VxBvhTokenizer::NumberResult::Ok) {
+                m_tokens = before;
+                return false;
+            }
+        }
+        ++frames;
+    }
+    m_surplusFrames = frames;
+    return true;
 }
 
 bool VxBvhParser::parseFrame(int frame, float *row)

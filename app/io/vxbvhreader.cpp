@@ -11,6 +11,7 @@ class VxBvhReader::Private
 public:
     QString fileName;
     VxFileProgress progress;
+    QString note;
 };
 
 VxBvhReader::VxBvhReader(const QString &fileName)
@@ -35,7 +36,19 @@ bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError 
         return false;
     }
     *out = std::move(parser.document());
+    d->note.clear();
+    if (parser.surplusFrames() > 0)
+        d->note = QCoreApplication::translate("VxBvhReader",
+                                              "The file holds %1 more frame(s) than the %2 it "
+                                              "announces; they were left out.")
+                      .arg(parser.surplusFrames())
+                      .arg(out->frameCount);
     return true;
+}
+
+QString VxBvhReader::getNote() const
+{
+    return d->note;
 }
 
 bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)

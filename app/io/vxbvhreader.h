@@ -33,6 +33,10 @@ public:
     /// it was. Both pointers must not be null.
     bool read(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error);
 
+    /// What the user should know of the last file that was read, such as frames beyond those
+    /// announced, which are left out; empty when there is nothing.
+    QString getNote() const;
+
     /// Opens the file named at construction and reads it.
     bool readFile(VxBvhDocument *out, VxFileError *error);
 
