@@ -1,14 +1,37 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 
-#include <QtGui/QPainter>
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
 #include <QtWidgets/QStyleOptionHeader>
+#include <utility>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
+
+#include "vxtimeline/dopesheet/dopesheetclock.h"
+#include "vxtimeline/dopesheet/dopesheetruler.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/time/timelineplayback.h"
+
+namespace {
+
+constexpr int NameSection = VxDopeSheetView::NameColumn;
+constexpr int KeysSection = VxDopeSheetView::KeysColumn;
+
+} // namespace
 
 class VxDopeSheetHeaderView::Private
 {
+public:
+    bool markerDragged = false; // the time follows the mouse
+    bool basePressed = false;   // the base class has had the press and waits for its end
+    QPointer<VxDopeSheetItem> keySource;
 };
 
 VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
     : QHeaderView(Qt::Horizontal, parent)
+    , d(std::make_unique<Private>())
 {
     setMouseTracking(true);
     setStretchLastSection(true);
@@ -22,6 +45,23 @@ VxDopeSheetHeaderView::~VxDopeSheetHeaderView() = default;
 QSize VxDopeSheetHeaderView::sizeHint() const
 {
     return QHeaderView::sizeHint().expandedTo(minimumSize());
+}
+
+void VxDopeSheetHeaderView::setKeySource(VxDopeSheetItem *item)
+{
+    if (d->keySource)
+        disconnect(d->keySource, nullptr, this, nullptr);
+    d->keySource = item;
+    if (item) {
+        connect(item, &VxDopeSheetItem::keysChanged, this, &VxDopeSheetHeaderView::updateViewport);
+        connect(item, &QObject::destroyed, this, &VxDopeSheetHeaderView::updateViewport);
+    }
+    updateViewport();
+}
+
+VxDopeSheetItem *VxDopeSheetHeaderView::getKeySource() const
+{
+    return d->keySource;
 }
 
 void VxDopeSheetHeaderView::updateViewport()
@@ -50,15 +90,97 @@ void VxDopeSheetHeaderView::leaveEvent(QEvent *event)
     updateViewport();
 }
 
-void VxDopeSheetHeaderView::paintSection(QPainter *painter, const QRect &rect,
-                                         int logicalIndex) const
+DopeSheetRuler VxDopeSheetHeaderView::ruler() const
 {
-    if (!rect.isValid())
+    const DopeSheetClock clock = DopeSheetClock::ofScene();
+    return DopeSheetRuler(sectionViewportPosition(KeysSection), sectionSize(KeysSection),
+                          TimelineMetrics::shared(), clock.playRange, clock.step);
+}
+
+// The grip is as wide as the one that the base class resizes by.
+bool VxDopeSheetHeaderView::isOnGrip(int x, int section) const
+{
+    const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    return section < count() && isOnSectionGrip(x + offset(), sectionPosition(section),
+                                                sectionSize(section), grip, offset(), length());
+}
+
+bool VxDopeSheetHeaderView::isInKeysSection(int x) const
+{
+    return count() > KeysSection && logicalIndexAt(x) == KeysSection;
+}
+
+bool VxDopeSheetHeaderView::isOnMarker(int x) const
+{
+    const int width = vxApp->getStyle()->metric(VxStyle::PM_VxCurrentTimeMarkerWidth);
+    return count() > KeysSection && ruler().isOnMarker(x, vxScene->getTime(), width);
+}
+
+void VxDopeSheetHeaderView::showHoverCursor(int x)
+{
+    if (isInKeysSection(x) && !isOnGrip(x, KeysSection))
+        setCursor(isOnMarker(x) ? Qt::OpenHandCursor : Qt::PointingHandCursor);
+    else
+        unsetCursor();
+}
+
+void VxDopeSheetHeaderView::setTimeAt(int x) const
+{
+    TimelinePlayback::setTime(ruler().timeAt(x));
+}
+
+// A press beside the marker brings it under the mouse, so that from there on it is dragged too.
+void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
+{
+    const int x = event->pos().x();
+    if (event->button() != Qt::LeftButton) {
+        QHeaderView::mousePressEvent(event);
+    } else if (isOnGrip(x, KeysSection)) {
+        setCursor(Qt::SplitHCursor);
+        d->basePressed = true;
+        QHeaderView::mousePressEvent(event);
+    } else if (isOnMarker(x)) {
+        setCursor(Qt::ClosedHandCursor);
+        d->markerDragged = true;
+    } else if (isInKeysSection(x)) {
+        setTimeAt(x);
+        d->markerDragged = true;
+    } else {
+        d->basePressed = true;
+        QHeaderView::mousePressEvent(event);
+    }
+    updateViewport();
+}
+
+void VxDopeSheetHeaderView::mouseMoveEvent(QMouseEvent *event)
+{
+    const int x = event->pos().x();
+    if (d->markerDragged) {
+        setCursor(Qt::ClosedHandCursor);
+        setTimeAt(x);
+    } else if (d->basePressed) {
+        QHeaderView::mouseMoveEvent(event);
+    } else {
+        showHoverCursor(x);
+        if (!isInKeysSection(x) || isOnGrip(x, KeysSection))
+            QHeaderView::mouseMoveEvent(event);
+    }
+    updateViewport();
+}
+
+void VxDopeSheetHeaderView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const int x = event->pos().x();
+    if (event->button() != Qt::LeftButton) {
+        QHeaderView::mouseReleaseEvent(event);
         return;
-    QStyleOptionHeader option;
-    initStyleOption(&option);
-    option.rect = rect;
-    option.section = logicalIndex;
-    option.position = logicalIndex == 0 ? QStyleOptionHeader::Beginning : QStyleOptionHeader::End;
-    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+    }
+    d->markerDragged = false;
+    if (std::exchange(d->basePressed, false))
+        QHeaderView::mouseReleaseEvent(event);
+    if (isOnGrip(x, KeysSection))
+        setCursor(Qt::SplitHCursor);
+    else
+        showHoverCursor(x);
+    updateViewport();
 }

@@ -4,7 +4,13 @@
 #include <QtWidgets/QHeaderView>
 #include <memory>
 
+class DopeSheetRuler;
+class VxDopeSheetItem;
+
 // The dope sheet's header: a plain section over the names, and the time ruler over the keys.
+//
+// The ruler shows frame numbers, the play range and the current time on the scale of the rows
+// below, and is where the mouse sets the time. What stands where is DopeSheetRuler's.
 class VxDopeSheetHeaderView : public QHeaderView
 {
     Q_OBJECT
@@ -15,6 +21,10 @@ public:
     // Never smaller than the minimum size.
     QSize sizeHint() const override;
 
+    // The row whose keys are marked in the ruler; not owned, null for none.
+    void setKeySource(VxDopeSheetItem *item);
+    VxDopeSheetItem *getKeySource() const;
+
 public Q_SLOTS:
     void updateViewport();
     void handleSectionResized(int logicalIdx);
@@ -22,10 +32,24 @@ public Q_SLOTS:
 
 protected:
     void leaveEvent(QEvent *event) override;
-    // The bevel alone: what a section says is laid over it or drawn as the ruler.
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    // The bevel, and the ruler on it. The names' section stays empty: others lay their own over it.
     void paintSection(QPainter *painter, const QRect &rect, int logicalIndex) const override;
 
 private:
+    DopeSheetRuler ruler() const;
+    bool isOnGrip(int x, int section) const;
+    bool isInKeysSection(int x) const;
+    bool isOnMarker(int x) const;
+    // Cursor of a mouse that moves over the header without a press.
+    void showHoverCursor(int x);
+    void setTimeAt(int x) const;
+    void paintRuler(QPainter *painter, const QRect &rect) const;
+    void paintKeys(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
+    void paintMarker(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
+
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -1,12 +1,11 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
-#include <QtCore/QPersistentModelIndex>
-#include <QtCore/QSet>
 #include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QTimer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHeaderView>
-#include <utility>
+#include <QtWidgets/QRubberBand>
+#include <QtWidgets/QStyleOption>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
@@ -18,9 +17,9 @@
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
 namespace {
@@ -29,36 +28,21 @@ constexpr int TimerInterval = 100; // milliseconds
 
 } // namespace
 
-class VxDopeSheetView::Private
+const VxDopeSheetModel *VxDopeSheetView::Private::sourceModel() const
 {
-public:
-    VxKeyCommunication *bus = nullptr;
-    QSortFilterProxyModel *filterModel = nullptr;
-    Qt::KeyboardModifiers pressModifiers;
-    int timeLineX = 0;
-    QPersistentModelIndex contextIndex;
-    QSet<VxProperty *> graphProperties;
-    bool changingSelection = false;
-    bool inSelectionChanged = false;
-    bool monitorsParametersPane = false;
-
-    const VxDopeSheetModel *sourceModel(const VxDopeSheetView *view) const
-    {
-        const QAbstractItemModel *model =
-            filterModel ? filterModel->sourceModel() : view->QTreeView::model();
-        return qobject_cast<const VxDopeSheetModel *>(model);
-    }
-};
+    const QAbstractItemModel *model = filterModel ? filterModel->sourceModel() : view->model();
+    return qobject_cast<const VxDopeSheetModel *>(model);
+}
 
 VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     : QTreeView(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
     setObjectName(QStringLiteral("DopeSheetView"));
     setMouseTracking(true);
     setAnimated(false);
     setItemDelegateForColumn(NameColumn, new VxTimelineDopeSheetNameColumnDelegate(this));
-    setItemDelegateForColumn(KeysColumn, new VxTimelineDopeSheetKeysColumnDelegate(this));
+    setItemDelegateForColumn(KeysColumn, new VxTimelineDopeSheetRowKeysColumnDelegate(this));
     setIndentation(vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);
@@ -72,18 +56,27 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
 
 VxDopeSheetView::~VxDopeSheetView() = default;
 
-void VxDopeSheetView::setKeyCommunication(VxKeyCommunication *bus)
+void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
-    if (d->bus)
-        disconnect(d->bus, &VxKeyCommunication::received, this, &VxDopeSheetView::handleKeyMessage);
-    d->bus = bus;
-    if (d->bus)
-        connect(d->bus, &VxKeyCommunication::received, this, &VxDopeSheetView::handleKeyMessage);
+    if (model())
+        disconnect(model(), nullptr, this, SLOT(forgetItems()));
+    d->forgetItems();
+    QTreeView::setModel(newModel);
+    if (!newModel)
+        return;
+    const auto forget = &VxDopeSheetView::forgetItems;
+    connect(newModel, &QAbstractItemModel::rowsInserted, this, forget);
+    connect(newModel, &QAbstractItemModel::rowsAboutToBeRemoved, this, forget);
+    connect(newModel, &QAbstractItemModel::rowsRemoved, this, forget);
+    connect(newModel, &QAbstractItemModel::rowsMoved, this, forget);
+    connect(newModel, &QAbstractItemModel::layoutChanged, this, forget);
+    connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, forget);
+    connect(newModel, &QAbstractItemModel::modelReset, this, forget);
 }
 
-VxKeyCommunication *VxDopeSheetView::getKeyCommunication() const
+void VxDopeSheetView::forgetItems()
 {
-    return d->bus;
+    d->forgetItems();
 }
 
 void VxDopeSheetView::setFilterModel(QSortFilterProxyModel *filterModel)
@@ -100,24 +93,6 @@ void VxDopeSheetView::applyFilterText(const QString &text)
 {
     if (d->filterModel)
         d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
-}
-
-bool VxDopeSheetView::isChangingSelection() const
-{
-    return d->changingSelection;
-}
-
-void VxDopeSheetView::selectSceneSelection()
-{
-    if (!selectionModel())
-        return;
-    QItemSelection rows;
-    for (VxNode *node : vxScene->getSelectedNodes()) {
-        const QModelIndex index = findNodeIndex(node);
-        if (index.isValid())
-            rows.select(index, index);
-    }
-    selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)
@@ -141,39 +116,11 @@ VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
 
 QModelIndex VxDopeSheetView::findNodeIndex(VxNode *node) const
 {
-    const VxDopeSheetModel *rows = d->sourceModel(this);
+    const VxDopeSheetModel *rows = d->sourceModel();
     if (!rows)
         return QModelIndex();
     const QModelIndex index = rows->indexOf(rows->findItem(node));
     return d->filterModel ? d->filterModel->mapFromSource(index) : index;
-}
-
-QVector<VxProperty *> VxDopeSheetView::getSelectedProperties() const
-{
-    QVector<VxProperty *> properties;
-    if (!selectionModel())
-        return properties;
-    QSet<VxProperty *> seen;
-    for (const QModelIndex &index : selectionModel()->selectedRows(NameColumn)) {
-        const VxDopeSheetItem *item = getItem(index);
-        VxProperty *property = item ? item->property() : nullptr;
-        if (property && !seen.contains(property)) {
-            seen.insert(property);
-            properties.append(property);
-        }
-    }
-    return properties;
-}
-
-bool VxDopeSheetView::hasSelectedKeys() const
-{
-    const VxDopeSheetModel *rows = d->sourceModel(this);
-    return rows && rows->hasSelectedKeys();
-}
-
-bool VxDopeSheetView::hasItemSelection() const
-{
-    return selectionModel() && selectionModel()->hasSelection();
 }
 
 void VxDopeSheetView::setContextIndex(const QModelIndex &index)
@@ -217,14 +164,6 @@ VxDopeSheetItem *VxDopeSheetView::searchPrevious()
     return nullptr;
 }
 
-void VxDopeSheetView::timeChanged(VxTime time)
-{
-    const TimelineMetrics &metrics = TimelineMetrics::shared();
-    d->timeLineX =
-        metrics.keyMiddle(columnWidth(NameColumn), time, vxScene->getPlayRange().getStart());
-    viewport()->update();
-}
-
 // The pane's class is not known here, so its signal is named by its text.
 void VxDopeSheetView::handleAppStarting()
 {
@@ -241,44 +180,56 @@ void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propLi
     viewport()->update();
 }
 
-void VxDopeSheetView::handleSelectionChanged(const QItemSelection &selected,
-                                             const QItemSelection &deselected)
+void VxDopeSheetView::timeChanged(VxTime time)
 {
-    Q_UNUSED(deselected)
-    if (std::exchange(d->inSelectionChanged, true))
-        return;
-    const bool adds = d->pressModifiers.testFlag(Qt::ControlModifier);
-    d->changingSelection = true;
-    for (const QModelIndex &index : selected.indexes()) {
-        const VxDopeSheetItem *item = index.column() == NameColumn ? getItem(index) : nullptr;
-        VxNode *node = item ? item->node() : nullptr;
-        if (!node || node->isSelected())
-            continue;
-        if (!adds)
-            vxScene->selectAllNodes(false);
-        node->select(true);
-    }
-    d->changingSelection = false;
-    selectSceneSelection();
-    d->inSelectionChanged = false;
-    Q_EMIT itemSelectionChanged();
-    Q_EMIT propertyHitListChanged(getSelectedProperties(), false);
+    const int x = TimelineMetrics::shared().keyMiddle(columnWidth(NameColumn), time,
+                                                      vxScene->getPlayRange().getStart());
+    d->timeLine = QLine(x, 0, x, viewport()->height());
+    viewport()->update();
+}
+
+void VxDopeSheetView::timerKick()
+{
+    d->lastTimerKick = QTime::currentTime();
+}
+
+// The name column and the line of the current time show through where rows paint nothing.
+void VxDopeSheetView::Private::paintBehindRows(QPainter *painter) const
+{
+    const int nameWidth = view->columnWidth(NameColumn);
+    QStyleOption option;
+    option.initFrom(view);
+    option.rect = QRect(QPoint(0, 0), QPoint(nameWidth - 2, view->viewport()->height() - 1));
+    view->style()->drawPrimitive(
+        static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option, painter,
+        view);
+    const int x = TimelineMetrics::shared().keyMiddle(nameWidth, vxScene->getTime(),
+                                                      vxScene->getPlayRange().getStart());
+    painter->drawLine(x, 0, x, view->height());
+}
+
+void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
+{
+    QStyleOptionRubberBand option;
+    option.initFrom(view);
+    option.shape = QRubberBand::Rectangle;
+    option.opaque = false;
+    option.rect = QRect(
+        QPoint(qMin(pressPoint.x(), currentPoint.x()), qMin(pressPoint.y(), currentPoint.y())),
+        QPoint(qMax(pressPoint.x(), currentPoint.x()) - 1,
+               qMax(pressPoint.y(), currentPoint.y()) - 1));
+    view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
 }
 
 void VxDopeSheetView::paintEvent(QPaintEvent *event)
 {
-    const int nameWidth = columnWidth(NameColumn);
     {
         QPainter painter(viewport());
-        QStyleOption option;
-        option.initFrom(this);
-        option.rect = QRect(QPoint(0, 0), QPoint(nameWidth - 2, viewport()->height() - 1));
-        style()->drawPrimitive(
-            static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option,
-            &painter, this);
-        const int x = TimelineMetrics::shared().keyMiddle(nameWidth, vxScene->getTime(),
-                                                          vxScene->getPlayRange().getStart());
-        painter.drawLine(x, 0, x, height());
+        d->paintBehindRows(&painter);
     }
     QTreeView::paintEvent(event);
+    if (d->rubberBandActive && !d->keyDragActive) {
+        QPainter painter(viewport());
+        d->paintRubberBand(&painter);
+    }
 }

@@ -31,6 +31,8 @@ public:
     explicit VxDopeSheetView(QWidget *parent);
     ~VxDopeSheetView() override;
 
+    void setModel(QAbstractItemModel *model) override;
+
     // The bus over which key selections travel; not owned, null for none.
     void setKeyCommunication(VxKeyCommunication *bus);
     VxKeyCommunication *getKeyCommunication() const;
@@ -121,8 +123,13 @@ public Q_SLOTS:
     void handleKeyMessage(const VxKeyMessage &message);
     void handleSelectionChanged(const QItemSelection &selected, const QItemSelection &deselected);
 
+private Q_SLOTS:
+    void forgetItems();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     class Private;

@@ -1,5 +1,6 @@
 #include "vxtimeline/keys/vxkeycommunication.h"
 
+#include <QtCore/QMetaMethod>
 #include <utility>
 
 VxKeyCommunication::VxKeyCommunication(QObject *parent)
@@ -19,6 +20,12 @@ bool VxKeyCommunication::isMuted() const
 bool VxKeyCommunication::setMuted(bool muted)
 {
     return std::exchange(m_muted, muted);
+}
+
+bool VxKeyCommunication::isHeard() const
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&VxKeyCommunication::sent);
+    return isSignalConnected(signal);
 }
 
 void VxKeyCommunication::send(const VxKeyMessage &message)

@@ -22,6 +22,9 @@ public:
     // Returns the previous value, for senders that put it back.
     bool setMuted(bool muted);
 
+    // True when what is sent reaches somebody: a message that takes work need not be made
+    // otherwise.
+    bool isHeard() const;
     // Sends a message with this end muted, and puts the muting back afterwards.
     void send(const VxKeyMessage &message);
 

@@ -42,12 +42,12 @@ int TimelineMetrics::halfFrame() const
 
 int TimelineMetrics::keyLeft(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return cellX + keysOrigin(playRangeStart) + timeToX(time);
+    return TimelineSnap::limited(qint64(cellX) + keysOrigin(playRangeStart) + timeToX(time));
 }
 
 int TimelineMetrics::keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return keyLeft(cellX, time, playRangeStart) + halfFrame();
+    return TimelineSnap::limited(qint64(keyLeft(cellX, time, playRangeStart)) + halfFrame());
 }
 
 VxTime TimelineMetrics::xToTime(int distance) const

@@ -1,0 +1,34 @@
+#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
+
+#include <vxcore/vxfloatproperty.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+
+namespace {
+
+// Only float properties have keys of different types.
+void takeTypes(const VxProperty *property, DopeSheetRowKeys &keys)
+{
+    if (const auto *numbers = qobject_cast<const VxFloatProperty *>(property)) {
+        const VxKeyColumns<float> columns = numbers->getKeys();
+        keys.commonLook = DopeSheetRowKeys::Linear;
+        // While a drag shows keys in other places the row may have fewer or more of them.
+        if (columns.count == keys.count)
+            keys.types = columns.types;
+    } else {
+        keys.commonLook = static_cast<DopeSheetRowKeys::Look>(property->getKeyInterpolationType(0));
+    }
+}
+
+} // namespace
+
+DopeSheetRowKeys DopeSheetRowKeys::of(const VxDopeSheetItem *item)
+{
+    DopeSheetRowKeys keys;
+    keys.count = item->keyCount();
+    keys.times = item->keyTimes();
+    keys.flags = item->keyFlags();
+    if (const VxProperty *property = item->property())
+        takeTypes(property, keys);
+    return keys;
+}

@@ -1,0 +1,93 @@
+#ifndef TIMELINEVISIBLE_H
+#define TIMELINEVISIBLE_H
+
+#include <algorithm>
+#include <vxcore/vxtime.h>
+
+#include "vxtimeline/time/timelinemetrics.h"
+
+// Finding what is visible of things that stand along time, without looking at the rest.
+//
+// Positions ascend with time, so the first thing within a span of pixels is found by bisection,
+// and all that stand at one pixel are passed over together. Only where the scaled products wrap
+// around does the position jump back; the stretches between such places are taken in turn, so that
+// what comes out is what a loop over everything would find, in the same order.
+namespace TimelineVisible {
+
+// Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) at which something
+// stands: that is numbers from .. to - 1. position(i), for i in first .. end - 1, must ascend.
+template <typename Position, typename Visit>
+void visitAscending(qint64 first, qint64 end, int xMin, int xMax, Position position, Visit visit)
+{
+    // The first number in low .. high - 1 that does not stand left of x.
+    const auto firstFrom = [&position](qint64 low, qint64 high, qint64 x) {
+        while (low < high) {
+            const qint64 middle = low + (high - low) / 2;
+            if (position(middle) < x)
+                low = middle + 1;
+            else
+                high = middle;
+        }
+        return low;
+    };
+    for (qint64 from = firstFrom(first, end, xMin); from < end;) {
+        const int x = position(from);
+        if (x > xMax)
+            return;
+        qint64 stride = 1;
+        while (from + stride < end && position(from + stride) == x)
+            stride *= 2;
+        const qint64 to =
+            firstFrom(from + stride / 2 + 1, std::min(from + stride, end), x + qint64(1));
+        visit(from, to, x);
+        from = to;
+    }
+}
+
+// The last number that is reached from a number without the product of number and factor wrapping
+// around in 32 bits.
+inline qint64 lastBeforeWrap(qint64 number, qint64 factor)
+{
+    constexpr qint64 Half = qint64(1) << 31;
+    if (factor <= 0)
+        return VxTimeMax;
+    const qint64 product = number * factor + Half;
+    const qint64 turn = product >= 0 ? product / (2 * Half) : (product + 1) / (2 * Half) - 1;
+    const qint64 last = (turn + 1) * 2 * Half - Half - 1;
+    return last >= 0 ? last / factor : (last + 1) / factor - 1;
+}
+
+// The same for the keys at ascending times: visit(from, to, x) tells of keys from .. to - 1.
+template <typename Visit>
+void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, int xMin, int xMax,
+               Visit visit)
+{
+    const qint64 factor = qint64(metrics.fps) * metrics.frameWidth;
+    const auto position = [&metrics, times](qint64 i) { return metrics.timeToX(times[i]); };
+    for (int first = 0; first < count;) {
+        const qint64 last = lastBeforeWrap(times[first], factor);
+        const int end = int(std::upper_bound(times + first, times + count, last) - times);
+        visitAscending(first, end, xMin, xMax, position, visit);
+        first = end;
+    }
+}
+
+// The same for ticks at the times number * spacing, number being first .. last.
+template <typename Visit>
+void visitTicks(const TimelineMetrics &metrics, qint64 first, qint64 last, VxTime spacing, int xMin,
+                int xMax, Visit visit)
+{
+    const qint64 factor = qint64(metrics.fps) * metrics.frameWidth * spacing;
+    const auto position = [&metrics, spacing](qint64 i) {
+        return metrics.timeToX(static_cast<VxTime>(static_cast<quint32>(i * spacing)));
+    };
+    while (first <= last) {
+        const qint64 end = std::min(lastBeforeWrap(first, factor), last) + 1;
+        visitAscending(first, end, xMin, xMax, position, visit);
+        first = end;
+    }
+}
+
+} // namespace TimelineVisible
+
+#endif
