@@ -42,7 +42,7 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     setMouseTracking(true);
     setAnimated(false);
     setItemDelegateForColumn(NameColumn, new VxTimelineDopeSheetNameColumnDelegate(this));
-    setItemDelegateForColumn(KeysColumn, new VxTimelineDopeSheetRowKeysColumnDelegate(this));
+    setItemDelegateForColumn(KeysColumn, new VxTimelineDopeSheetKeysColumnDelegate(this));
     setIndentation(vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);

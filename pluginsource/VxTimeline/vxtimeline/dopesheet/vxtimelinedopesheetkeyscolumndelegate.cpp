@@ -79,16 +79,16 @@ void paintRow(QPainter *painter, const QRect &cell, const VxDopeSheetView *view,
 
 } // namespace
 
-VxTimelineDopeSheetRowKeysColumnDelegate::VxTimelineDopeSheetRowKeysColumnDelegate(QObject *parent)
+VxTimelineDopeSheetKeysColumnDelegate::VxTimelineDopeSheetKeysColumnDelegate(QObject *parent)
     : QStyledItemDelegate(parent)
 {
 }
 
-VxTimelineDopeSheetRowKeysColumnDelegate::~VxTimelineDopeSheetRowKeysColumnDelegate() = default;
+VxTimelineDopeSheetKeysColumnDelegate::~VxTimelineDopeSheetKeysColumnDelegate() = default;
 
-void VxTimelineDopeSheetRowKeysColumnDelegate::paint(QPainter *painter,
-                                                     const QStyleOptionViewItem &option,
-                                                     const QModelIndex &index) const
+void VxTimelineDopeSheetKeysColumnDelegate::paint(QPainter *painter,
+                                                  const QStyleOptionViewItem &option,
+                                                  const QModelIndex &index) const
 {
     const auto *view = qobject_cast<const VxDopeSheetView *>(parent());
     if (option.rect.width() < 1 || !view)

@@ -8,12 +8,12 @@
 // It keeps nothing and decides nothing about places: DopeSheetGeometry lists what is visible, and
 // this class gives it colours and the style's marks. Only a VxDopeSheetView as its parent makes it
 // paint.
-class VxTimelineDopeSheetRowKeysColumnDelegate : public QStyledItemDelegate
+class VxTimelineDopeSheetKeysColumnDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit VxTimelineDopeSheetRowKeysColumnDelegate(QObject *parent = nullptr);
-    ~VxTimelineDopeSheetRowKeysColumnDelegate() override;
+    explicit VxTimelineDopeSheetKeysColumnDelegate(QObject *parent = nullptr);
+    ~VxTimelineDopeSheetKeysColumnDelegate() override;
 
     // Rows that are open paint nothing: the rows below show their keys.
     void paint(QPainter *painter, const QStyleOptionViewItem &option,

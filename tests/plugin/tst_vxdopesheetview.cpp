@@ -1,0 +1,609 @@
+#include "dopesheettestbase.h"
+
+#include <QtWidgets/QScrollBar>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+
+using Times = QVector<VxTime>;
+using Indexes = QVector<qint32>;
+
+// The dope sheet view: the walk over its rows, key selection by program, what it says and hears on
+// the key bus, and how its rows and the scene's selection go together.
+class TestVxDopeSheetView : public QObject, private DopeSheetTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void construction();
+
+    void walkGoesInOrder();
+    void walkStopsAtTheEnd();
+    void closedEndTakesAllBelow();
+    void walkPastTheEnd();
+    void walkFromNowhere();
+
+    void spans_data();
+    void spans();
+    void deselect();
+    void closedNodeSelectsAllBelow();
+    void openNodeLeavesThoseBelow();
+    void rangeOfRows();
+    void noRowMeansTheContextRow();
+    void noRowAndNoContextRow();
+    void clearSelectedKeys();
+    void clearTellsEachRowOnce();
+
+    void commonTcb();
+    void commonTcbOfNothing();
+
+    void selectionIsSent();
+    void nodeRowsSendNothing();
+    void echoIsDropped();
+    void mutedBusStaysMuted();
+    void messageSelects();
+    void messageClearsFirst();
+    void messageOfUnknownPropertyChangesNothing();
+    void messageFindsRowsThatCame();
+    void messageDuringOwnSelectionIsIgnored();
+    void anotherBus();
+
+    void clickSelectsTheNode();
+    void ctrlClickAddsANode();
+    void shiftClickTakesARange();
+    void severalRowsByProgram();
+    void propertyRowsAreTold();
+    void sceneSelectionShows();
+
+    void paintsBehindRows();
+    void timeLineFollows();
+
+private:
+    // The labels of the rows that a walk visits, "Properties" and groups left out.
+    QStringList walked(const QModelIndex &start, const QModelIndex &end) const;
+    void select(const QModelIndex &row, VxTime start = -1, VxTime end = VxTimeMax)
+    {
+        view->setKeySelection(true, row, row, start, end);
+    }
+    QColor pixel(int x, int y) const { return view->viewport()->grab().toImage().pixelColor(x, y); }
+};
+
+void TestVxDopeSheetView::construction()
+{
+    QCOMPARE(view->objectName(), QStringLiteral("DopeSheetView"));
+    QVERIFY(view->hasMouseTracking());
+    QVERIFY(!view->isAnimated());
+    QVERIFY(view->uniformRowHeights());
+    QCOMPARE(view->selectionMode(), QAbstractItemView::ExtendedSelection);
+    QCOMPARE(view->selectionBehavior(), QAbstractItemView::SelectRows);
+    QCOMPARE(view->indentation(), vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
+    QVERIFY(!view->searchNext());
+    QVERIFY(!view->searchPrevious());
+    QVERIFY(!view->getKeyCommunication());
+}
+
+QStringList TestVxDopeSheetView::walked(const QModelIndex &start, const QModelIndex &end) const
+{
+    QStringList names;
+    DopeSheetWalk::between(
+        start, end, [this](const QModelIndex &row) { return view->isExpanded(row); },
+        [this, &names](const QModelIndex &row) {
+            const VxDopeSheetItem *item = model->getItem(row);
+            if (item->node() || item->property())
+                names += item->label().left(4);
+        });
+    return names;
+}
+
+void TestVxDopeSheetView::walkGoesInOrder()
+{
+    QCOMPARE(walked(rowOf(hip), QModelIndex()),
+             (QStringList{"hip", "X Tr", "Y Tr", "Z Tr", "leg", "X Tr", "Y Tr", "Z Tr", "arm",
+                          "X Tr", "Y Tr", "Z Tr", "ball", "X Tr", "Y Tr", "Z Tr"}));
+    QStringList all;
+    DopeSheetWalk::all(model.get(), [this, &all](const QModelIndex &row) {
+        QCOMPARE(row.column(), 0);
+        all += model->getItem(row)->label();
+    });
+    QCOMPARE(all.size(), 4 * 6);
+}
+
+void TestVxDopeSheetView::walkStopsAtTheEnd()
+{
+    QCOMPARE(walked(translationOf(hip, 1), translationOf(leg, 0)),
+             (QStringList{"Y Tr", "Z Tr", "leg", "X Tr"}));
+    view->expand(rowOf(arm));
+    QCOMPARE(walked(rowOf(leg), rowOf(arm)), (QStringList{"leg", "X Tr", "Y Tr", "Z Tr", "arm"}));
+    QCOMPARE(walked(rowOf(arm), rowOf(arm)), (QStringList{"arm"}));
+}
+
+void TestVxDopeSheetView::closedEndTakesAllBelow()
+{
+    QCOMPARE(walked(rowOf(leg), rowOf(leg)), (QStringList{"leg", "X Tr", "Y Tr", "Z Tr"}));
+    QCOMPARE(walked(rowOf(hip), rowOf(hip)).size(), 12);
+    // Whatever is open below a closed row is hidden with it.
+    view->expand(rowOf(leg));
+    QCOMPARE(walked(rowOf(hip), rowOf(hip)).size(), 12);
+    // The column does not matter.
+    QCOMPARE(walked(rowOf(leg).sibling(rowOf(leg).row(), 1), rowOf(leg)), (QStringList{"leg"}));
+}
+
+void TestVxDopeSheetView::walkPastTheEnd()
+{
+    QCOMPARE(walked(rowOf(ball), rowOf(leg)), (QStringList{"ball", "X Tr", "Y Tr", "Z Tr"}));
+}
+
+void TestVxDopeSheetView::walkFromNowhere()
+{
+    QCOMPARE(walked(QModelIndex(), QModelIndex()), QStringList());
+    QCOMPARE(walked(QModelIndex(), rowOf(leg)), QStringList());
+}
+
+void TestVxDopeSheetView::spans_data()
+{
+    QTest::addColumn<VxTime>("start");
+    QTest::addColumn<VxTime>("end");
+    QTest::addColumn<Times>("times");
+
+    QTest::newRow("one point in time") << 4800 << 4800 << Times{4800};
+    QTest::newRow("the end is left out") << 0 << 4800 << Times{0, 4799};
+    QTest::newRow("the start is included") << 4799 << 4801 << Times{4799, 4800};
+    QTest::newRow("no key at the point") << 4798 << 4798 << Times{};
+    QTest::newRow("everything from 0 on") << -1 << VxTimeMax << Times{0, 4799, 4800, 9600};
+    QTest::newRow("backwards") << 4800 << 0 << Times{};
+}
+
+void TestVxDopeSheetView::spans()
+{
+    QFETCH(VxTime, start);
+    QFETCH(VxTime, end);
+    addKeys(hip->getXPosControl(), {-160, 0, 4799, 4800, 9600});
+    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    const QModelIndex row = translationOf(hip, 0);
+    view->setKeySelection(true, row, row, start, end);
+    QTEST(selected(row), "times");
+    QCOMPARE(told.count(), 1);
+}
+
+void TestVxDopeSheetView::deselect()
+{
+    addKeys(hip->getXPosControl(), {0, 160, 320});
+    const QModelIndex row = translationOf(hip, 0);
+    view->setKeySelection(true, row);
+    QCOMPARE(selected(row), (Times{0, 160, 320}));
+    QVERIFY(view->hasSelectedKeys());
+    view->setKeySelection(false, row, row, 160);
+    QCOMPARE(selected(row), (Times{0}));
+    view->setKeySelection(false, row, row);
+    QCOMPARE(selected(row), Times{});
+    QVERIFY(!view->hasSelectedKeys());
+}
+
+void TestVxDopeSheetView::closedNodeSelectsAllBelow()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    addKeys(leg->getZPosControl(), {320});
+    addKeys(ball->getXPosControl(), {320});
+    select(rowOf(hip));
+    QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 160}));
+    QCOMPARE(selected(translationOf(leg, 2)), (Times{320}));
+    QCOMPARE(selected(rowOf(hip)), (Times{0, 160, 320}));
+    QCOMPARE(selected(translationOf(ball, 0)), Times{});
+}
+
+void TestVxDopeSheetView::openNodeLeavesThoseBelow()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    addKeys(leg->getZPosControl(), {320});
+    view->expand(rowOf(hip));
+    select(rowOf(hip));
+    QCOMPARE(selected(translationOf(hip, 0)), Times{});
+    QCOMPARE(selected(translationOf(leg, 2)), Times{});
+    QVERIFY(!view->hasSelectedKeys());
+}
+
+void TestVxDopeSheetView::rangeOfRows()
+{
+    for (VxNode *node : {hip, leg, arm, ball})
+        addKeys(node->getXPosControl(), {160});
+    view->expand(rowOf(hip));
+    view->setKeySelection(true, rowOf(leg), rowOf(arm));
+    QCOMPARE(selected(translationOf(hip, 0)), Times{});
+    QCOMPARE(selected(translationOf(leg, 0)), Times{160});
+    QCOMPARE(selected(translationOf(arm, 0)), Times{160});
+    QCOMPARE(selected(translationOf(ball, 0)), Times{});
+}
+
+void TestVxDopeSheetView::noRowMeansTheContextRow()
+{
+    addKeys(hip->getXPosControl(), {160});
+    view->setContextIndex(translationOf(hip, 0));
+    view->setKeySelection(true);
+    QCOMPARE(selected(translationOf(hip, 0)), Times{160});
+    // It is used up.
+    QVERIFY(!view->hasContextItem());
+    view->setKeySelection(false);
+    QCOMPARE(selected(translationOf(hip, 0)), Times{160});
+}
+
+void TestVxDopeSheetView::noRowAndNoContextRow()
+{
+    addKeys(hip->getXPosControl(), {160});
+    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    view->setKeySelection(true);
+    QCOMPARE(told.count(), 1);
+    QVERIFY(!view->hasSelectedKeys());
+}
+
+void TestVxDopeSheetView::clearSelectedKeys()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    addKeys(leg->getZPosControl(), {320});
+    addKeys(ball->getYPosControl(), {480});
+    for (VxNode *node : {hip, ball})
+        select(rowOf(node));
+    view->expand(rowOf(ball));
+    view->expand(groupOf(ball));
+    view->clearSelectedKeys();
+    QVERIFY(!view->hasSelectedKeys());
+    for (VxNode *node : {hip, leg, ball})
+        QCOMPARE(selected(rowOf(node)), Times{});
+}
+
+void TestVxDopeSheetView::clearTellsEachRowOnce()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    for (const bool open : {false, true}) {
+        if (open)
+            view->expandAll();
+        select(translationOf(hip, 0));
+        VxKeyCommunication bus;
+        view->setKeyCommunication(&bus);
+        QSignalSpy sent(&bus, &VxKeyCommunication::sent);
+        QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+        view->clearSelectedKeys();
+        QCOMPARE(told.count(), 4 * 6);
+        QCOMPARE(sent.count(), 4 * 3);
+        view->setKeyCommunication(nullptr);
+    }
+}
+
+void TestVxDopeSheetView::commonTcb()
+{
+    VxFloatProperty *x = hip->getXPosControl();
+    x->setKey(0, 1, VxKeyInterp::Tcb, 0.25f, 0.5f, 0.75f);
+    x->setKey(160, 1, VxKeyInterp::Linear);
+    x->setKey(320, 1, VxKeyInterp::Tcb, 0.25f, -0.5f, 0.75f);
+    leg->getYPosControl()->setKey(0, 1, VxKeyInterp::Tcb, 0.25f, 0.5f, 0);
+    const QModelIndex row = translationOf(hip, 0);
+
+    select(row, 160, 160);
+    float value = 9;
+    QVERIFY(!view->getCommonTension(&value));
+    QCOMPARE(value, 9.0f);
+
+    select(row, 0, 0);
+    QVERIFY(view->getCommonTension(&value));
+    QCOMPARE(value, 0.25f);
+    QVERIFY(view->getCommonContinuity(&value));
+    QCOMPARE(value, 0.5f);
+    QVERIFY(view->getCommonBias(&value));
+    QCOMPARE(value, 0.75f);
+
+    select(row, 0, 321);
+    QVERIFY(view->getCommonTension(&value));
+    QVERIFY(!view->getCommonContinuity(&value));
+    QVERIFY(view->getCommonBias(&value));
+    select(translationOf(leg, 1));
+    QVERIFY(view->getCommonTension(&value));
+    QVERIFY(!view->getCommonBias(nullptr));
+
+    // From nothing on it begins anew.
+    view->clearSelectedKeys();
+    select(translationOf(leg, 1));
+    QVERIFY(view->getCommonBias(&value));
+    QCOMPARE(value, 0.0f);
+}
+
+void TestVxDopeSheetView::commonTcbOfNothing()
+{
+    QVERIFY(!view->getCommonTension(nullptr));
+    QVERIFY(!view->getCommonContinuity(nullptr));
+    QVERIFY(!view->getCommonBias(nullptr));
+}
+
+void TestVxDopeSheetView::selectionIsSent()
+{
+    addKeys(hip->getXPosControl(), {0, 160, 320});
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    QSignalSpy sent(&bus, &VxKeyCommunication::sent);
+    bool wasMuted = false;
+    connect(&bus, &VxKeyCommunication::sent, &bus, [&] { wasMuted = bus.isMuted(); });
+    select(translationOf(hip, 0), 100, 400);
+    QCOMPARE(sent.count(), 1);
+    QVERIFY(wasMuted);
+    QVERIFY(!bus.isMuted());
+    const auto message = sent.at(0).at(0).value<VxKeyMessage>();
+    QVERIFY(!message.clearSelection);
+    QCOMPARE(message.selectedKeys.value(hip->getXPosControl()), (Indexes{1, 2}));
+    QCOMPARE(message.deselectedKeys.value(hip->getXPosControl()), (Indexes{0}));
+    QCOMPARE(message.selectedKeys.size(), 1);
+    QVERIFY(message.selectedTimes.isEmpty());
+    QVERIFY(message.deselectedTimes.isEmpty());
+}
+
+void TestVxDopeSheetView::nodeRowsSendNothing()
+{
+    addKeys(hip->getXPosControl(), {0});
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    QSignalSpy sent(&bus, &VxKeyCommunication::sent);
+    view->expand(rowOf(hip));
+    select(rowOf(hip));
+    QCOMPARE(sent.count(), 0);
+    view->collapse(rowOf(hip));
+    select(rowOf(hip));
+    QCOMPARE(sent.count(), 3 * 3);
+}
+
+// The other side answers everything it hears at once.
+void TestVxDopeSheetView::echoIsDropped()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    VxKeyCommunication bus, other;
+    VxKeyCommunication::connectEnds(&bus, &other);
+    view->setKeyCommunication(&bus);
+    connect(&other, &VxKeyCommunication::received, &other, [&] {
+        VxKeyMessage answer;
+        answer.clearSelection = true;
+        other.send(answer);
+    });
+    QSignalSpy heard(&other, &VxKeyCommunication::received);
+    QSignalSpy echoed(&bus, &VxKeyCommunication::received);
+    select(translationOf(hip, 0));
+    QCOMPARE(heard.count(), 1);
+    QCOMPARE(echoed.count(), 0);
+    QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 160}));
+}
+
+void TestVxDopeSheetView::mutedBusStaysMuted()
+{
+    addKeys(hip->getXPosControl(), {0});
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    QSignalSpy sent(&bus, &VxKeyCommunication::sent);
+    bus.setMuted(true);
+    select(translationOf(hip, 0));
+    QCOMPARE(sent.count(), 1);
+    QVERIFY(bus.isMuted());
+}
+
+void TestVxDopeSheetView::messageSelects()
+{
+    VxFloatProperty *x = hip->getXPosControl();
+    VxFloatProperty *y = hip->getYPosControl();
+    addKeys(x, {0, 160, 320});
+    addKeys(y, {0, 160});
+    select(translationOf(hip, 1));
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    VxKeyMessage message;
+    message.selectedKeys.insert(x, {0, 2});
+    message.deselectedKeys.insert(x, {1});
+    message.deselectedKeys.insert(y, {1, 7});
+    bus.private_received(message);
+    QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 320}));
+    QCOMPARE(selected(translationOf(hip, 1)), (Times{0}));
+    QCOMPARE(told.count(), 0);
+}
+
+void TestVxDopeSheetView::messageClearsFirst()
+{
+    VxFloatProperty *x = hip->getXPosControl();
+    addKeys(x, {-320, 0, 160});
+    addKeys(ball->getXPosControl(), {0});
+    view->setKeySelection(true, rowOf(hip), rowOf(ball), VxTimeMin, VxTimeMax);
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    VxKeyMessage message;
+    message.clearSelection = true;
+    message.selectedKeys.insert(x, {2});
+    bus.private_received(message);
+    QCOMPARE(selected(translationOf(hip, 0)), (Times{160}));
+    QCOMPARE(selected(rowOf(ball)), Times{});
+    message.selectedKeys.clear();
+    bus.private_received(message);
+    QVERIFY(!view->hasSelectedKeys());
+}
+
+void TestVxDopeSheetView::messageOfUnknownPropertyChangesNothing()
+{
+    addKeys(hip->getXPosControl(), {0});
+    select(translationOf(hip, 0));
+    VxKeyMessage message;
+    message.deselectedKeys.insert(hip->getXRotControl(), {0});
+    message.selectedKeys.insert(nullptr, {0});
+    view->handleKeyMessage(message);
+    QCOMPARE(selected(translationOf(hip, 0)), Times{0});
+}
+
+void TestVxDopeSheetView::messageFindsRowsThatCame()
+{
+    VxKeyMessage message;
+    view->handleKeyMessage(message);
+    message.selectedKeys.insert(hip->getXPosControl(), {0});
+    view->handleKeyMessage(message);
+
+    VxNode *foot = addNode("foot", leg);
+    addKeys(foot->getXPosControl(), {160});
+    model->addNode(foot);
+    message.selectedKeys.insert(foot->getXPosControl(), {0});
+    view->handleKeyMessage(message);
+    QCOMPARE(selected(translationOf(foot, 0)), Times{160});
+
+    model->removeNode(foot);
+    view->handleKeyMessage(message);
+    model->addNode(foot);
+    view->handleKeyMessage(message);
+    QCOMPARE(selected(translationOf(foot, 0)), Times{160});
+}
+
+void TestVxDopeSheetView::messageDuringOwnSelectionIsIgnored()
+{
+    addKeys(hip->getXPosControl(), {0, 160});
+    VxKeyCommunication bus;
+    view->setKeyCommunication(&bus);
+    int calls = 0;
+    connect(&bus, &VxKeyCommunication::sent, view.get(), [&] {
+        ++calls;
+        VxKeyMessage message;
+        message.clearSelection = true;
+        view->handleKeyMessage(message);
+    });
+    select(translationOf(hip, 0));
+    QCOMPARE(calls, 1);
+    QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 160}));
+}
+
+void TestVxDopeSheetView::anotherBus()
+{
+    addKeys(hip->getXPosControl(), {0});
+    VxKeyCommunication first, second;
+    view->setKeyCommunication(&first);
+    view->setKeyCommunication(&second);
+    QCOMPARE(view->getKeyCommunication(), &second);
+    VxKeyMessage message;
+    message.selectedKeys.insert(hip->getXPosControl(), {0});
+    first.private_received(message);
+    QVERIFY(!view->hasSelectedKeys());
+    second.private_received(message);
+    QVERIFY(view->hasSelectedKeys());
+    view->setKeyCommunication(nullptr);
+    message.deselectedKeys = message.selectedKeys;
+    message.selectedKeys.clear();
+    second.private_received(message);
+    QVERIFY(view->hasSelectedKeys());
+}
+
+void TestVxDopeSheetView::clickSelectsTheNode()
+{
+    showView();
+    view->expand(rowOf(hip));
+    VxMouseDriver mouse(view->viewport());
+    QSignalSpy told(view.get(), &VxDopeSheetView::itemSelectionChanged);
+    mouse.click(view->visualRect(rowOf(leg)).center());
+    QVERIFY(leg->isSelected());
+    QCOMPARE(told.count(), 1);
+    mouse.click(view->visualRect(rowOf(ball)).center());
+    QVERIFY(!leg->isSelected());
+    QVERIFY(ball->isSelected());
+    QCOMPARE(view->selectionModel()->selectedRows(), QModelIndexList{rowOf(ball)});
+}
+
+void TestVxDopeSheetView::ctrlClickAddsANode()
+{
+    showView();
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(hip)).center());
+    mouse.click(view->visualRect(rowOf(ball)).center(), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(vxScene->getSelectedNodes(), (QVector<VxNode *>{hip, ball}));
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
+}
+
+void TestVxDopeSheetView::shiftClickTakesARange()
+{
+    showView();
+    view->expand(rowOf(hip));
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(leg)).center());
+    mouse.click(view->visualRect(rowOf(ball)).center(), Qt::LeftButton, Qt::ShiftModifier);
+    QVERIFY(leg->isSelected());
+    QVERIFY(arm->isSelected());
+    QVERIFY(ball->isSelected());
+    QVERIFY(!hip->isSelected());
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 3);
+}
+
+// Without a press each row takes the place of the ones before it; the rows stay.
+void TestVxDopeSheetView::severalRowsByProgram()
+{
+    hip->select(true);
+    QItemSelection rows;
+    rows.select(rowOf(leg), rowOf(arm));
+    bool changing = false;
+    connect(vxScene, &VxScene::nodeSelectionListChanged, view.get(),
+            [&] { changing = view->isChangingSelection(); });
+    view->selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QVERIFY(changing);
+    QVERIFY(!view->isChangingSelection());
+    QCOMPARE(vxScene->getSelectedNodes(), (QVector<VxNode *>{arm}));
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
+}
+
+void TestVxDopeSheetView::propertyRowsAreTold()
+{
+    QSignalSpy told(view.get(), &VxDopeSheetView::propertyHitListChanged);
+    hip->select(true);
+    view->selectionModel()->select(translationOf(leg, 1),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.at(0).at(0).value<QVector<VxProperty *>>(),
+             (QVector<VxProperty *>{leg->getYPosControl()}));
+    QCOMPARE(told.at(0).at(1).toBool(), false);
+    // What the scene has selected shows beside it.
+    QVERIFY(view->selectionModel()->isSelected(rowOf(hip)));
+}
+
+void TestVxDopeSheetView::sceneSelectionShows()
+{
+    hip->select(true);
+    arm->select(true);
+    view->selectSceneSelection();
+    QVERIFY(view->selectionModel()->isSelected(rowOf(hip)));
+    QVERIFY(view->selectionModel()->isSelected(rowOf(arm)));
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
+    QVERIFY(hip->isSelected());
+}
+
+void TestVxDopeSheetView::paintsBehindRows()
+{
+    showView();
+    vxScene->setTime(1600);
+    // Below the two rows there is only what lies behind them.
+    const int y = view->viewport()->height() - 20;
+    VxMouseDriver(view->viewport()).moveTo(QPoint(600, y));
+    const QPalette palette = view->palette();
+    QCOMPARE(pixel(50, y), palette.color(QPalette::AlternateBase));
+    QCOMPARE(pixel(198, y), pixel(198, 20));
+    QCOMPARE(pixel(199, y), palette.color(QPalette::Base));
+    // 200 + 2 + 100 + 5.
+    QCOMPARE(pixel(307, y), palette.color(QPalette::Text));
+    QCOMPARE(pixel(306, y), palette.color(QPalette::Base));
+    QCOMPARE(pixel(308, y), palette.color(QPalette::Base));
+    // The rows let it through.
+    QCOMPARE(pixel(307, 1), palette.color(QPalette::Text));
+    QCOMPARE(pixel(150, 1), palette.color(QPalette::AlternateBase));
+}
+
+void TestVxDopeSheetView::timeLineFollows()
+{
+    showView();
+    const int y = view->viewport()->height() - 20;
+    vxScene->setPlayRange(VxTimeRange(480, 9600));
+    vxScene->setTime(480);
+    // Time 0 stands at 200 - 27.
+    QCOMPARE(pixel(208, y), view->palette().color(QPalette::Text));
+    vxScene->setTime(640);
+    QCOMPARE(pixel(208, y), view->palette().color(QPalette::Base));
+    QCOMPARE(pixel(218, y), view->palette().color(QPalette::Text));
+}
+
+QTEST_MAIN(TestVxDopeSheetView)
+#include "tst_vxdopesheetview.moc"
