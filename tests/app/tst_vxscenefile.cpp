@@ -293,14 +293,15 @@ void TestSceneFile::brokenFiles_data()
                                 << QStringLiteral("");
     QTest::newRow("another map") << QCborMap{{QStringLiteral("a"), 1}}.toCborValue().toCbor()
                                  << QStringLiteral("no scene file");
-    QTest::newRow("another format") << changed("format", QStringLiteral("other"))
-                                    << QStringLiteral("no scene file");
+    QTest::newRow("another format")
+        << changed("format", QStringLiteral("other")) << QStringLiteral("no scene file");
     QTest::newRow("newer version")
         << changed("version", 7) << QStringLiteral("version 7 of the scene format");
     QTest::newRow("other ticks") << changed("ticksPerSecond", 1000)
                                  << QStringLiteral("1000 lies outside");
     QTest::newRow("time step zero") << changed("timeStep", 0) << QStringLiteral("0 lies outside");
-    QTest::newRow("nodes are a number") << changed("nodes", 3) << QStringLiteral("Expected an array");
+    QTest::newRow("nodes are a number")
+        << changed("nodes", 3) << QStringLiteral("Expected an array");
     QTest::newRow("node of unknown kind")
         << changed("nodes", QCborArray{QCborMap{{QStringLiteral("kind"), QStringLiteral("car")},
                                                 {QStringLiteral("name"), QStringLiteral("x")}}})
@@ -310,12 +311,16 @@ void TestSceneFile::brokenFiles_data()
                                                 {QStringLiteral("name"), QStringLiteral("x")},
                                                 {QStringLiteral("parent"), 5}}})
         << QStringLiteral("5 lies outside");
-    QTest::newRow("range with one end") << changed("playRange", QCborArray{1})
-                                        << QStringLiteral("Expected 2 numbers");
+    QTest::newRow("range with one end")
+        << changed("playRange", QCborArray{1}) << QStringLiteral("Expected 2 numbers");
     QByteArray deep("\xa1\x61\x78", 3);
     deep += QByteArray(100000, '\x81');
-    QTest::newRow("deep nesting") << QByteArray("\xa2\x66" "format" "\x67" "vxscene" "\x61\x78")
-                                         + QByteArray(100000, '\x81')
+    QTest::newRow("deep nesting") << QByteArray("\xa2\x66"
+                                                "format"
+                                                "\x67"
+                                                "vxscene"
+                                                "\x61\x78") +
+                                         QByteArray(100000, '\x81')
                                   << QStringLiteral("damaged");
     QTest::newRow("deep nesting without a format") << deep << QStringLiteral("no scene file");
 }

@@ -107,9 +107,9 @@ void TestWalkSample::everyKindOfPropertyIsThere()
         }
     }
     QCOMPARE(interpolations, (QSet<int>{0, 1, 2}));
-    for (const char *kind : {"alias", "hidden", "locked", "terminal link", "open link",
-                             "percentage", "morph", "VxFloatProperty", "VxIntProperty",
-                             "VxBoolProperty", "VxStringProperty"})
+    for (const char *kind :
+         {"alias", "hidden", "locked", "terminal link", "open link", "percentage", "morph",
+          "VxFloatProperty", "VxIntProperty", "VxBoolProperty", "VxStringProperty"})
         QVERIFY2(found.contains(QLatin1String(kind)), kind);
 }
 

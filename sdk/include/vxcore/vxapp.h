@@ -55,7 +55,8 @@ public:
     /// The widget to give to dialogs as their parent: the main window; may be null.
     QWidget *getDialogParent() const;
 
-    /// True from the moment the program begins to shut down, at the latest when this object goes. Deferred work is skipped then.
+    /// True from the moment the program begins to shut down, at the latest when this object goes.
+    /// Deferred work is skipped then.
     bool isClosing() const;
     /// True once starting() has been emitted.
     bool isStarted() const;

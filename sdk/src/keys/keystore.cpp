@@ -9,7 +9,9 @@ template <class V> class KeyUndoItem : public VxUndoItem
 {
 public:
     KeyUndoItem(VxProperty *property, KeyStore<V> *store)
-        : VxUndoItem(property, VxUndoKeys), m_property(property), m_store(store)
+        : VxUndoItem(property, VxUndoKeys)
+        , m_property(property)
+        , m_store(store)
     {
     }
 
@@ -41,8 +43,10 @@ template <class V> class StoredValueUndoItem : public VxUndoItem
 {
 public:
     StoredValueUndoItem(VxProperty *property, KeyStore<V> *store)
-        : VxUndoItem(property, VxUndoStoredValue), m_property(property), m_store(store),
-          m_value(store->stored())
+        : VxUndoItem(property, VxUndoStoredValue)
+        , m_property(property)
+        , m_store(store)
+        , m_value(store->stored())
     {
     }
 
@@ -197,8 +201,7 @@ bool KeyStore<V>::move(const QVector<int> &indexes, const QVector<VxTime> &newTi
     return true;
 }
 
-template <class V>
-bool KeyStore<V>::setShape(const QVector<int> &indexes, const VxKeyShape &shape)
+template <class V> bool KeyStore<V>::setShape(const QVector<int> &indexes, const VxKeyShape &shape)
 {
     if (indexes.isEmpty())
         return true;

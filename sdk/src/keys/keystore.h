@@ -19,14 +19,15 @@ template <class V> class KeyUndoItem;
 template <class V> class KeyStore
 {
 public:
-    KeyStore(VxProperty *property, V value) : m_property(property), m_stored(value) {}
+    KeyStore(VxProperty *property, V value)
+        : m_property(property)
+        , m_stored(value)
+    {
+    }
 
     const KeyTrack<V> &track() const { return m_track; }
     V stored() const { return m_stored; }
-    V value(VxTime time) const
-    {
-        return KeyEvaluator<V>(m_track).value(time, m_stored, m_cursor);
-    }
+    V value(VxTime time) const { return KeyEvaluator<V>(m_track).value(time, m_stored, m_cursor); }
 
     bool setStored(V value);
     void set(VxTime time, V value, const VxKeyShape &shape);
