@@ -37,6 +37,8 @@ bool open(const QString &fileName, VxScene *scene, const VxFileProgress &progres
     const bool ok = import.importDocument(document, fileName, error);
     scene->endLoad();
     *summary = import.getSummary();
+    if (!reader.getNote().isEmpty())
+        *summary += QLatin1Char(' ') + reader.getNote();
     return ok;
 }
 

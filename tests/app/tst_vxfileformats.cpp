@@ -28,6 +28,7 @@ private Q_SLOTS:
     void formatIsFoundBySuffix();
     void unknownKindsNameTheKnownOnes();
     void motionReplacesTheScene();
+    void surplusFramesAreTold();
     void aPoseLeavesNothingOfTheSceneBefore();
     void brokenMotionKeepsTheScene();
     void cancelledMotionKeepsTheScene();
@@ -126,6 +127,15 @@ void tst_VxFileFormats::motionReplacesTheScene()
     QVERIFY2(m_summary.contains("40"), qPrintable(m_summary)); // frames per second
     QCOMPARE(started.count(), 1);
     QCOMPARE(ended.count(), 1);
+}
+
+void tst_VxFileFormats::surplusFramesAreTold()
+{
+    const QString file = write("long.bvh", smallMotion + "4\n5\n");
+    QVERIFY(m_formats.read(file, m_scene.data(), {}, &m_summary, &m_error));
+    QVERIFY2(m_summary.contains(QLatin1String("2 more frame(s) than the 3")),
+             qPrintable(m_summary));
+    QCOMPARE(m_scene->findNode(QStringLiteral("hip"))->getXPosControl()->getNumKeys(), 3);
 }
 
 void tst_VxFileFormats::aPoseLeavesNothingOfTheSceneBefore()
