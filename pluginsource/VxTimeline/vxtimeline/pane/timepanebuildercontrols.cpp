@@ -103,6 +103,7 @@ QWidget *TimePaneBuilder::buildTimeControls(QWidget *parent)
     d->framesPerSecond =
         new TimePaneField(QStringLiteral("TimelineFPSLEdit"), 1, MostFramesPerSecond, group);
     d->framesPerSecond->setLenient(true);
+    d->currentFrame->setPatient(true);
     d->totalFrames->setMaximumSize(d->totalFrames->maximumWidth(), m_controlHeight);
 
     QHBoxLayout *layout = groupLayout(group);
@@ -126,6 +127,7 @@ QWidget *TimePaneBuilder::buildRangeControls(QWidget *parent)
     d->playStart =
         new TimePaneField(QStringLiteral("TimelinePlayStartLEdit"), 0, MostFrames, group);
     d->playEnd = new TimePaneField(QStringLiteral("TimelinePlayEndLEdit"), 0, MostFrames, group);
+    d->playEnd->setPatient(true);
     d->playStart->setMaximumSize(d->playStart->maximumWidth(), m_controlHeight);
     d->playEnd->setMaximumSize(d->playEnd->maximumWidth(), m_controlHeight);
 

@@ -1,6 +1,7 @@
 #include "vxtimeline/pane/timepanefield.h"
 
 #include <QtCore/QSignalBlocker>
+#include <QtWidgets/QLineEdit>
 
 namespace {
 
@@ -16,6 +17,9 @@ TimePaneField::TimePaneField(const QString &name, int minimum, int maximum, QWid
     setAlignment(Qt::AlignCenter);
     setRange(minimum, maximum);
     setFixedWidth(FieldWidth);
+    setLocale(QLocale::c());
+    connect(lineEdit(), &QLineEdit::textEdited, this, &TimePaneField::handleTextEdited);
+    connect(this, &QSpinBox::editingFinished, this, &TimePaneField::showWithheld);
 }
 
 TimePaneField::~TimePaneField() = default;
@@ -25,10 +29,56 @@ void TimePaneField::setLenient(bool lenient)
     m_lenient = lenient;
 }
 
-void TimePaneField::showNumber(int number)
+void TimePaneField::setPatient(bool patient)
 {
+    m_patient = patient;
+}
+
+void TimePaneField::showNumber(int shown)
+{
+    m_standIn.reset();
+    m_withheld.reset();
+    if (m_patient && m_typing && number(shown) < shown) {
+        m_withheld = shown;
+        return;
+    }
     const QSignalBlocker blocker(this);
-    setValue(number);
+    setValue(shown);
+}
+
+void TimePaneField::showWithheld()
+{
+    if (m_withheld)
+        showNumber(*m_withheld);
+}
+
+void TimePaneField::showStandIn(int shown)
+{
+    showNumber(shown);
+    selectAll();
+    m_standIn = shown;
+}
+
+bool TimePaneField::showsStandIn() const
+{
+    return m_standIn == value();
+}
+
+// A spin box tells of a new value only, which a number out of range need not lead to.
+void TimePaneField::handleTextEdited()
+{
+    m_standIn.reset();
+    m_typing = m_inKeyPress;
+    const int typed = number(minimum() - 1);
+    if (m_lenient && (typed < minimum() || typed > maximum()))
+        Q_EMIT valueChanged(value());
+}
+
+void TimePaneField::keyPressEvent(QKeyEvent *event)
+{
+    m_inKeyPress = true;
+    QSpinBox::keyPressEvent(event);
+    m_inKeyPress = m_typing = false;
 }
 
 int TimePaneField::number(int fallback, bool *ok) const

@@ -2,12 +2,17 @@
 #define TIMEPANEFIELD_H
 
 #include <QtWidgets/QSpinBox>
+#include <optional>
 
 // A narrow number field of the pane's strip: a spin box without arrows.
 //
 // A field may be lenient: then a number that is out of range, and the empty text, can be typed and
 // are told like any other, because the pane has an answer of its own to them. A plain spin box
-// would not let the last digit in.
+// would not let the last digit in. Numbers are read and shown in the digits 0 to 9 everywhere.
+//
+// A field may be patient: the first digits of a number are a smaller one, and when the pane
+// answers to that with the least it allows, the field leaves the digits alone until the number is
+// finished. Else no number could be typed whose beginning is too small.
 class TimePaneField : public QSpinBox
 {
     Q_OBJECT
@@ -15,20 +20,35 @@ public:
     TimePaneField(const QString &name, int minimum, int maximum, QWidget *parent);
     ~TimePaneField() override;
 
-    // Not to begin with.
+    // Neither to begin with.
     void setLenient(bool lenient);
+    void setPatient(bool patient);
 
-    // Shows a number without telling anyone.
-    void showNumber(int number);
+    // Shows a number without telling anyone; a patient field may do so later.
+    void showNumber(int shown);
+    // The same for a number that nobody has asked for: it is selected, so that what is typed next
+    // replaces it.
+    void showStandIn(int shown);
+    // True while such a number is shown, untouched.
+    bool showsStandIn() const;
     // The text as a whole number in base 10, or the fallback when it is none.
     int number(int fallback, bool *ok = nullptr) const;
 
 protected:
     QValidator::State validate(QString &text, int &position) const override;
     int valueFromText(const QString &text) const override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void handleTextEdited();
+    void showWithheld();
+
     bool m_lenient = false;
+    bool m_patient = false;
+    bool m_inKeyPress = false;
+    bool m_typing = false; // the key press at hand has changed the text
+    std::optional<int> m_standIn;
+    std::optional<int> m_withheld;
 };
 
 #endif

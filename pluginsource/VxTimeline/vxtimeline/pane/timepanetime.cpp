@@ -154,14 +154,13 @@ int VxTimePane::getFramesPerSecond() const
     return d->framesPerSecond->number(1);
 }
 
-// The field goes to its lowest number, which is then selected: what is typed next replaces it. The
-// scene keeps its rate, and the next refresh shows it again.
+// The field goes to its lowest number; the scene keeps its rate, and the next refresh shows it
+// again.
 void VxTimePane::resetFramesPerSecond()
 {
     d->framesPerSecondDirty = true;
     updateTimeFields();
-    d->framesPerSecond->showNumber(1);
-    d->framesPerSecond->selectAll();
+    d->framesPerSecond->showStandIn(1);
     d->framesPerSecondDirty = true;
 }
 
@@ -198,8 +197,12 @@ void VxTimePane::handlePlayRangeEndChanged()
 {
     bool isNumber = false;
     const int frame = d->playEnd->number(0, &isNumber);
-    if (isNumber)
-        setPlayRangeEnd(frame);
+    if (!isNumber)
+        return;
+    setPlayRangeEnd(frame);
+    // An end that was held where it stands already is no change that the scene would tell of.
+    d->playRangeDirty = true;
+    updateTimeFields();
 }
 
 void VxTimePane::handleCurrentFrameChanged()
@@ -207,9 +210,11 @@ void VxTimePane::handleCurrentFrameChanged()
     setCurrentFrame(d->currentFrame->number(-1));
 }
 
+// A rate that only stands in for none must not become the scene's when the field is left.
 void VxTimePane::handleFramesPerSecondChanged()
 {
-    setFramesPerSecond(d->framesPerSecond->number(0));
+    if (!d->framesPerSecond->showsStandIn())
+        setFramesPerSecond(d->framesPerSecond->number(0));
 }
 
 void VxTimePane::changeTime()
