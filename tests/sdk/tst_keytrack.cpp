@@ -63,6 +63,7 @@ private Q_SLOTS:
     void setShapeKeepsOrDropsTheColumn();
     void changingTypeKeepsTheTcb();
     void uniformType();
+    void spacing();
     void setValuesIsClipped();
     void swapRange_data();
     void swapRange();
@@ -460,6 +461,32 @@ void tst_KeyTrack::uniformType()
     track.clear();
     track.set(1, 'x', {VxKeyInterp::Tcb, {}});
     QCOMPARE(track.uniformType(), quint8(VxKeyInterp::Tcb));
+}
+
+void tst_KeyTrack::spacing()
+{
+    auto track = KeyDrawing::track(". a . b . c . d");
+    KeyTrack<float> baked = track.copyRange({0, 9});
+    QCOMPARE(baked.spacing(), 2);
+    QCOMPARE(baked.spacedFrom(), 1);
+    QCOMPARE(baked.shiftAll(-4), qint64(-4));
+    QCOMPARE(baked.spacing(), 2);
+    QCOMPARE(baked.spacedFrom(), -3);
+    baked.shiftRange(3, 4, 1);
+    QCOMPARE(baked.spacing(), 0);
+    baked.removeIndexRange(3, 4);
+    QCOMPARE(baked.spacing(), 2);
+    baked.set(-2, 1.0f, {});
+    QCOMPARE(baked.spacing(), 0);
+    const int added[] = {1};
+    baked.removeIndexes(added, 1);
+    QCOMPARE(baked.spacing(), 2);
+    baked.removeIndexRange(0, 2);
+    QCOMPARE(baked.spacing(), 0);
+    KeyTrack<float> wide;
+    wide.set(VxTimeMin, 1.0f, {});
+    wide.set(VxTimeMax, 2.0f, {});
+    QCOMPARE(wide.copyRange(VxTimeRange::all()).spacing(), 0);
 }
 
 void tst_KeyTrack::setValuesIsClipped()

@@ -7,6 +7,19 @@
 
 namespace {
 
+// What the track says of its spacing holds: every key stands where the arithmetic finds it. Not
+// knowing a spacing is always right.
+template <class V> bool hasRightSpacing(const KeyTrack<V> &track)
+{
+    if (track.spacing() == 0)
+        return true;
+    for (int i = 0; i < track.count(); ++i) {
+        if (track.time(i) != track.spacedFrom() + qint64(i) * track.spacing())
+            return false;
+    }
+    return track.count() > 1;
+}
+
 // The same operations the plain way: an ordered map, one key after the other.
 template <class V> class NaiveTrack
 {
@@ -44,6 +57,8 @@ public:
     }
     bool matches(const KeyTrack<V> &track) const
     {
+        if (!hasRightSpacing(track))
+            return false;
         if (int(keys.size()) != track.count())
             return false;
         int i = 0;

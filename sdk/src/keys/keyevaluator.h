@@ -20,6 +20,8 @@ template <class V> class KeyEvaluator
 public:
     explicit KeyEvaluator(const KeyTrack<V> &track)
         : m_keys(track.columns())
+        , m_spacing(track.spacing())
+        , m_spacedFrom(track.spacedFrom())
         , m_uniformType(track.uniformType())
     {
     }
@@ -44,20 +46,31 @@ public:
     {
         // The remembered segment and the one after it, then a search.
         const int i = cursor;
-        if (i >= 0 && i < m_keys.count && m_keys.times[i] <= time) {
-            if (i + 1 == m_keys.count || time < m_keys.times[i + 1])
+        if (i >= 0 && i < m_keys.count && timeOf(i) <= time) {
+            if (i + 1 == m_keys.count || time < timeOf(i + 1))
                 return i;
-            if (i + 2 == m_keys.count || time < m_keys.times[i + 2])
+            if (i + 2 == m_keys.count || time < timeOf(i + 2))
                 return cursor = i + 1;
         }
-        return cursor = search(time);
+        return cursor = m_spacing > 0 ? spacedSegment(time) : search(time);
     }
 
 private:
+    // Keys at equal distances have times that need not be fetched: in a large scene most of the
+    // cost of a frame is memory that was not looked at for a while.
+    VxTime timeOf(int i) const
+    {
+        return m_spacing > 0 ? VxTime(m_spacedFrom + qint64(i) * m_spacing) : m_keys.times[i];
+    }
+    int spacedSegment(VxTime time) const
+    {
+        const qint64 distance = qint64(time) - m_spacedFrom;
+        return distance < 0 ? -1 : int(std::min<qint64>(distance / m_spacing, m_keys.count - 1));
+    }
     /// True when the value at `time` is that of key i (of the first key for -1) as it is.
     bool holds(int i, VxTime time) const
     {
-        return KeyTraits<V>::Steps || i < 0 || i + 1 == m_keys.count || m_keys.times[i] == time ||
+        return KeyTraits<V>::Steps || i < 0 || i + 1 == m_keys.count || timeOf(i) == time ||
                type(i) == VxKeyInterp::Constant;
     }
     // Mostly one for all keys: the types then need not be fetched, which is a third of the memory
@@ -72,7 +85,7 @@ private:
             return smoothCurve(i);
         return linearSegment(plainKey(i), plainKey(i + 1));
     }
-    CurveKey plainKey(int i) const { return {double(m_keys.times[i]), double(m_keys.values[i])}; }
+    CurveKey plainKey(int i) const { return {double(timeOf(i)), double(m_keys.values[i])}; }
 
     int search(VxTime time) const;
     int searchOnward(VxTime time, int from) const;
@@ -80,6 +93,8 @@ private:
     CurveKey shapedKey(int i) const;
 
     VxKeyColumns<V> m_keys;
+    VxTime m_spacing;
+    VxTime m_spacedFrom;
     quint8 m_uniformType;
 };
 

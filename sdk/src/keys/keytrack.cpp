@@ -144,6 +144,7 @@ template <class V> int KeyTrack<V>::removeIndexRange(int first, int last)
     eraseSpan(m_times, first, last);
     eraseSpan(m_values, first, last);
     eraseSpan(m_types, first, last);
+    noteSpacing();
     shrinkIfLoose();
     return last - first;
 }
@@ -170,6 +171,7 @@ template <class V> int KeyTrack<V>::removeIndexes(const int *indexes, int indexC
     m_types.resize(to);
     m_tcb.resize(m_tcb.empty() ? 0 : to);
     countShaped();
+    noteSpacing();
     shrinkIfLoose();
     return indexCount;
 }
@@ -217,6 +219,7 @@ template <class V> qint64 KeyTrack<V>::shiftRange(int first, int last, qint64 of
     if (!meetsLeft && !meetsRight) {
         std::transform(m_times.begin() + first, m_times.begin() + last, m_times.begin() + first,
                        shifted);
+        noteSpacing();
         return offset;
     }
     std::vector<int> indexes(last - first);
@@ -375,6 +378,7 @@ template <class V> void KeyTrack<V>::shrinkIfLoose()
 template <class V> void KeyTrack<V>::openSlot(int i, VxTime time)
 {
     growFor(m_times.size() + 1);
+    m_spacing = m_spacedFrom = 0;
     m_times.insert(m_times.begin() + i, time);
     m_values.insert(m_values.begin() + i, V());
     m_types.insert(m_types.begin() + i, KeyTraits<V>::NewKeyType);
@@ -426,6 +430,24 @@ template <class V> void KeyTrack<V>::noteTypes()
         m_uniformType = MixedKeyTypes;
 }
 
+// After many keys came, went or moved; a single new key just leaves the spacing unknown. Ends at
+// the first distance that differs.
+template <class V> void KeyTrack<V>::noteSpacing()
+{
+    m_spacing = m_spacedFrom = 0;
+    if (m_times.size() < 2)
+        return;
+    const qint64 distance = qint64(m_times[1]) - m_times[0];
+    for (size_t i = 2; i < m_times.size(); ++i) {
+        if (qint64(m_times[i]) - m_times[i - 1] != distance)
+            return;
+    }
+    if (distance > VxTimeMax)
+        return;
+    m_spacing = VxTime(distance);
+    m_spacedFrom = m_times[0];
+}
+
 // The one place where a stretch of keys is put in place of another.
 template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &other)
 {
@@ -448,6 +470,8 @@ template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &oth
     other.countShaped();
     noteTypes();
     other.noteTypes();
+    noteSpacing();
+    other.noteSpacing();
     shrinkIfLoose();
     other.shrinkIfLoose();
 }

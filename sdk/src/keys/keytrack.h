@@ -47,6 +47,11 @@ public:
     VxKeyShape shape(int i) const { return {m_types[i], tcb(i)}; }
     /// The type that all keys have, or MixedKeyTypes when they differ or may differ.
     quint8 uniformType() const { return m_uniformType; }
+    /// The ticks between any two neighbours where that is known to be the same throughout, as in
+    /// baked motion; else 0. Finding a time is arithmetic then, and reads no memory.
+    VxTime spacing() const { return m_spacing; }
+    /// The first key's time where the spacing is known; else 0.
+    VxTime spacedFrom() const { return m_spacedFrom; }
     /// The arrays themselves, valid until the next change; `tcb` is null while all are zero.
     Columns columns() const { return columns(0, count()); }
     Columns columns(int first, int last) const;
@@ -140,6 +145,7 @@ private:
     void countShaped();
     void noteType(quint8 type);
     void noteTypes();
+    void noteSpacing();
     void exchange(int first, int last, KeyTrack &other);
 
     std::vector<VxTime> m_times;
@@ -148,6 +154,8 @@ private:
     std::vector<VxTcb> m_tcb; // empty while m_shaped is 0
     int m_shaped = 0;         // keys whose tension, continuity and bias are not all zero bits
     quint8 m_uniformType = KeyTraits<V>::NewKeyType;
+    VxTime m_spacing = 0;
+    VxTime m_spacedFrom = 0;
 };
 
 /// True when every time is above the one before.

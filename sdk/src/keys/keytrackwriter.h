@@ -78,6 +78,7 @@ public:
         m_out.m_tcb.resize(m_out.m_tcb.empty() ? 0 : m_count);
         m_out.countShaped();
         m_out.noteTypes();
+        m_out.noteSpacing();
         m_out.shrinkIfLoose();
     }
 
