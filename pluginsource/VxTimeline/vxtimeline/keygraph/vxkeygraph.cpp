@@ -1,29 +1,154 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+#include <utility>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxparameterspane.h>
+#include <vxcore/vxpropertyhelper.h>
+#include <vxcore/vxpropertylistitemmodel.h>
+#include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
+#include <vxcore/vxsidenavpropertylistview.h>
 
+#include "vxtimeline/keygraph/vxfloatchannel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+
+namespace {
+
+VxPane *findPane(const char *className)
+{
+    const VxMainWindow *window = vxApp->getInterface();
+    return window ? window->getPaneMgr()->findPane(QLatin1String(className)) : nullptr;
+}
+
+} // namespace
 
 class VxKeyGraph::Private
 {
 public:
+    explicit Private(VxKeyGraph *graph)
+        : q(graph)
+    {
+    }
+
+    void addChannel(VxProperty *property);
+    void addNode(const VxPropertyListNode *node);
+    void clearChannels();
+    void clearAndAnnounce();
+    void announce();
+    void connectParametersPane();
+    void disconnectParametersPane();
+
+    VxKeyGraph *const q;
     QVector<VxKeyGraphChannel *> channels;
+    QSet<const VxProperty *> shown;               // the channels' properties
+    QVector<QMetaObject::Connection> connections; // those of all channels
+    QPointer<VxSideNavPropertyListView> parametersView;
+    QPointer<VxPane> dopesheetPane;
+    bool dopesheetConnected = false;
+    bool monitoring = false;
     VxKeyCommunication *keyBus = nullptr;
 };
 
+void VxKeyGraph::Private::addChannel(VxProperty *property)
+{
+    auto *floatProperty = qobject_cast<VxFloatProperty *>(property);
+    if (!floatProperty || shown.contains(property))
+        return;
+    shown.insert(property);
+    connections +=
+        connect(property, &VxProperty::propertyDeleted, q, &VxKeyGraph::handlePropertyDeleted);
+    connections += connect(property, &VxProperty::valueChanged, q, &VxKeyGraph::handleValueChanged);
+    VxProperty *holder = property->getKeyHolder();
+    if (holder != property)
+        connections +=
+            connect(holder, &VxProperty::valueChanged, q, &VxKeyGraph::handleValueChanged);
+    if (VxElement *owner = property->getOwner()) {
+        connections +=
+            connect(owner, &VxElement::propertyRemoved, q, &VxKeyGraph::handlePropertyDeleted);
+        if (VxPropertyHelper::getNode(property))
+            connections += connect(owner, &VxElement::aboutToBeRemoved, q,
+                                   &VxKeyGraph::handlePropertyAboutToBeRemoved);
+    }
+    channels.append(new VxFloatChannel(floatProperty, keyBus));
+}
+
+void VxKeyGraph::Private::addNode(const VxPropertyListNode *node)
+{
+    if (!node)
+        return;
+    for (VxProperty *property : node->getProperties())
+        addChannel(property);
+}
+
+// The list is taken out first: nobody who looks while channels are deleted finds them.
+void VxKeyGraph::Private::clearChannels()
+{
+    const QVector<VxKeyGraphChannel *> former = std::exchange(channels, {});
+    shown.clear();
+    for (const QMetaObject::Connection &connection : std::exchange(connections, {}))
+        QObject::disconnect(connection);
+    qDeleteAll(former);
+}
+
+void VxKeyGraph::Private::clearAndAnnounce()
+{
+    clearChannels();
+    announce();
+}
+
+void VxKeyGraph::Private::announce()
+{
+    Q_EMIT q->channelsChanged();
+    QVector<VxProperty *> properties;
+    properties.reserve(channels.size());
+    for (const VxKeyGraphChannel *channel : qAsConst(channels))
+        properties.append(channel->getProperty());
+    Q_EMIT q->channelListChanged(properties);
+}
+
+void VxKeyGraph::Private::connectParametersPane()
+{
+    if (!parametersView) {
+        const auto *pane = qobject_cast<VxParametersPane *>(findPane("VxParametersPane"));
+        parametersView = pane ? pane->getPropertyListView() : nullptr;
+    }
+    if (parametersView && parametersView->selectionModel())
+        connect(parametersView->selectionModel(), &QItemSelectionModel::selectionChanged, q,
+                &VxKeyGraph::handleSelectionChanged, Qt::UniqueConnection);
+}
+
+void VxKeyGraph::Private::disconnectParametersPane()
+{
+    if (parametersView && parametersView->selectionModel())
+        disconnect(parametersView->selectionModel(), &QItemSelectionModel::selectionChanged, q,
+                   &VxKeyGraph::handleSelectionChanged);
+    parametersView = nullptr;
+}
+
 VxKeyGraph::VxKeyGraph(QObject *parent)
     : QObject(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
     connect(vxScene, &VxScene::primarySelectionChanged, this,
             &VxKeyGraph::handlePrimarySelectionChanged);
     connect(vxApp, &VxApp::starting, this, &VxKeyGraph::handleAppStarting);
+    // The pane around a graph that is made late is not registered yet at this point.
+    if (vxApp->isStarted())
+        QMetaObject::invokeMethod(this, &VxKeyGraph::handleAppStarting, Qt::QueuedConnection);
 }
 
-VxKeyGraph::~VxKeyGraph() = default;
+VxKeyGraph::~VxKeyGraph()
+{
+    d->clearChannels();
+}
 
 void VxKeyGraph::setKeyCommunication(VxKeyCommunication *peer)
 {
@@ -32,6 +157,8 @@ void VxKeyGraph::setKeyCommunication(VxKeyCommunication *peer)
     if (peer)
         VxKeyCommunication::connectEnds(peer, d->keyBus);
     connect(d->keyBus, &VxKeyCommunication::received, this, &VxKeyGraph::handleKeyMessage);
+    for (VxKeyGraphChannel *channel : qAsConst(d->channels))
+        channel->setKeyCommunication(d->keyBus);
 }
 
 VxKeyCommunication *VxKeyGraph::getKeyCommunication() const
@@ -41,7 +168,38 @@ VxKeyCommunication *VxKeyGraph::getKeyCommunication() const
 
 void VxKeyGraph::setMonitorParametersPane(bool onOff)
 {
-    Q_UNUSED(onOff)
+    d->monitoring = onOff;
+    if (onOff)
+        d->connectParametersPane();
+    else
+        d->disconnectParametersPane();
+}
+
+bool VxKeyGraph::isMonitoringParametersPane() const
+{
+    return d->monitoring;
+}
+
+// By the signal's text: the pane's class lies beyond what the graph may know.
+void VxKeyGraph::connectDopesheet()
+{
+    if (d->dopesheetConnected)
+        return;
+    d->dopesheetPane = findPane("VxTimePane");
+    if (!d->dopesheetPane)
+        return;
+    d->dopesheetConnected =
+        connect(d->dopesheetPane, SIGNAL(dopesheetPropertyListChanged(QVector<VxProperty *>, bool)),
+                this, SLOT(handleDopesheetPropertyListChanged(QVector<VxProperty *>, bool)));
+}
+
+void VxKeyGraph::disconnectDopesheet()
+{
+    if (d->dopesheetPane)
+        disconnect(d->dopesheetPane, nullptr, this,
+                   SLOT(handleDopesheetPropertyListChanged(QVector<VxProperty *>, bool)));
+    d->dopesheetPane = nullptr;
+    d->dopesheetConnected = false;
 }
 
 QVector<VxKeyGraphChannel *> VxKeyGraph::getChannels() const
@@ -57,33 +215,69 @@ void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)
+    for (VxKeyGraphChannel *channel : qAsConst(d->channels))
+        channel->invalidateKeyCache();
     Q_EMIT channelsChanged();
 }
 
-void VxKeyGraph::handleAppStarting() {}
+void VxKeyGraph::handleAppStarting()
+{
+    connectDopesheet();
+    if (d->monitoring)
+        d->connectParametersPane();
+}
 
 void VxKeyGraph::handleCurrentRowChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    Q_UNUSED(current)
     Q_UNUSED(previous)
+    if (!d->parametersView)
+        return;
+    d->clearChannels();
+    const VxPropertyListItemModel *model = d->parametersView->getPropertyListModel();
+    if (model && current.isValid())
+        d->addNode(model->getPropertyListNode(current));
+    d->announce();
 }
 
-void VxKeyGraph::handleSelectionChanged() {}
+void VxKeyGraph::handleSelectionChanged()
+{
+    if (!d->parametersView)
+        return;
+    d->clearChannels();
+    const VxPropertyListItemModel *model = d->parametersView->getPropertyListModel();
+    const QItemSelectionModel *selection = d->parametersView->selectionModel();
+    for (int row = 0; model && selection && row < model->rowCount(); ++row) {
+        if (selection->isRowSelected(row, QModelIndex()))
+            d->addNode(model->getPropertyListNode(model->index(row, 0)));
+    }
+    d->announce();
+}
 
 void VxKeyGraph::handleDopesheetPropertyListChanged(QVector<VxProperty *> propList, bool add)
 {
-    Q_UNUSED(propList)
-    Q_UNUSED(add)
+    if (!d->dopesheetConnected)
+        return;
+    if (!add)
+        d->clearChannels();
+    for (VxProperty *property : qAsConst(propList))
+        d->addChannel(property);
+    d->announce();
 }
 
 void VxKeyGraph::handlePropertyDeleted(VxProperty *prop)
 {
     Q_UNUSED(prop)
+    d->clearAndAnnounce();
 }
 
-void VxKeyGraph::handlePropertyAboutToBeRemoved() {}
+void VxKeyGraph::handlePropertyAboutToBeRemoved()
+{
+    d->clearAndAnnounce();
+}
 
 void VxKeyGraph::handleKeyMessage(const VxKeyMessage &message)
 {
+    for (VxKeyGraphChannel *channel : qAsConst(d->channels))
+        channel->applyKeyMessage(message);
     Q_EMIT receivedKeyMessage(message);
 }

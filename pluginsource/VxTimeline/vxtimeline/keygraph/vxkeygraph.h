@@ -15,7 +15,9 @@ class VxNode;
 
 // Decides which properties the key graph shows: one channel for each.
 //
-// The list follows what is selected in the dope sheet and, when wanted, in the Parameters pane.
+// The list follows what is selected in the dope sheet and, when wanted, in the Parameters pane;
+// only float properties are taken, each once. Channels have no hold on their properties, so the
+// whole list goes as soon as one of the properties, or an element that owns one, is about to go.
 // The graph has an end of the key message bus and hands what it hears to its channels.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
@@ -30,8 +32,15 @@ public:
     void setKeyCommunication(VxKeyCommunication *peer);
     VxKeyCommunication *getKeyCommunication() const;
 
-    // Whether what is selected in the Parameters pane is shown too.
+    // Whether what is selected in the Parameters pane is shown, too. When that pane does not exist
+    // yet it is looked for again once the application starts.
     void setMonitorParametersPane(bool onOff);
+    bool isMonitoringParametersPane() const;
+
+    // Begins and ends to follow the dope sheet of the pane "VxTimePane". The first happens by
+    // itself when the application starts; until then lists from the dope sheet are ignored.
+    void connectDopesheet();
+    void disconnectDopesheet();
 
     // The channels in their order; owned by the graph.
     QVector<VxKeyGraphChannel *> getChannels() const;

@@ -1,0 +1,43 @@
+#ifndef KEYGRAPHCURVE_H
+#define KEYGRAPHCURVE_H
+
+#include <QtCore/QPointF>
+#include <QtCore/QVector>
+#include <vector>
+#include <vxcore/vxtime.h>
+
+#include "vxtimeline/keygraph/keygraphscale.h"
+
+class VxKeyGraphChannel;
+
+// A curve as the key graph paints it: a line through its values at every second pixel column. What
+// happens between keys is the property's own business and not known here.
+
+// The times of the columns 0, 2, 4 ... below width, ascending.
+std::vector<VxTime> keyGraphSampleTimes(const KeyGraphScale &scale, int width);
+
+// The points of values at times.
+QVector<QPointF> keyGraphCurvePoints(const std::vector<VxTime> &times,
+                                     const std::vector<double> &values, const KeyGraphScale &scale);
+
+// The values of some curves at the sample times, kept while neither keys nor the time axis nor the
+// width change: moving and zooming the value axis asks no property.
+class KeyGraphCurves
+{
+public:
+    // Forgets everything.
+    void invalidate();
+    // The points of a channel's curve. index: of the channel in its list.
+    QVector<QPointF> points(const VxKeyGraphChannel &channel, int index, const KeyGraphScale &scale,
+                            int width);
+
+private:
+    void prepare(const KeyGraphScale &scale, int width);
+
+    KeyGraphScale m_scale;
+    int m_width = -1;
+    std::vector<VxTime> m_times;
+    std::vector<std::vector<double>> m_values; // empty for a curve not asked for yet
+};
+
+#endif

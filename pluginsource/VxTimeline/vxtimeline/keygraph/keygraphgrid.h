@@ -1,0 +1,42 @@
+#ifndef KEYGRAPHGRID_H
+#define KEYGRAPHGRID_H
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <functional>
+#include <vxcore/vxtime.h>
+
+#include "vxtimeline/keygraph/keygraphscale.h"
+
+// The grid behind the curves: lines at round values and round frames, as lists to be painted.
+namespace KeyGraphGrid {
+
+// A line across the graph.
+struct Line
+{
+    double place = 0.0; // pixels: y of a value line, x of a frame line
+    bool major = false;
+    QString label; // of major lines; empty for others
+};
+
+// The smallest of 1, 2 and 5 times a power of ten that is not below smallest. 1 for what is not
+// above 0.
+double roundStep(double smallest);
+// Into how many parts minor lines divide such a step: 5, or 4 when it begins with a 2.
+int partsOf(double step);
+
+// A value as its line is labelled: as many decimals as the step has, no minus before zero.
+QString valueLabel(double value, double step);
+
+// The lines of the values visible in a height. Major ones lie at least spacing pixels apart.
+QVector<Line> valueLines(const KeyGraphScale &scale, int height, double spacing);
+
+// The lines of the frames visible in a width. Major ones lie so far apart that labels centred
+// on them keep gap pixels between each other; labelWidth measures a label in pixels. No lines for a
+// timeStep below 1.
+QVector<Line> frameLines(const KeyGraphScale &scale, int width, VxTime timeStep, double gap,
+                         const std::function<int(const QString &)> &labelWidth);
+
+} // namespace KeyGraphGrid
+
+#endif

@@ -1,0 +1,99 @@
+#include "vxtimeline/keygraph/keygraphkeys.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr int LookCount = 8; // a type of two bits, selected or not
+
+} // namespace
+
+int KeyGraphKeys::firstFrom(VxTime time) const
+{
+    return static_cast<int>(std::lower_bound(times, times + count, time) - times);
+}
+
+int KeyGraphKeys::endAt(VxTime time) const
+{
+    return static_cast<int>(std::upper_bound(times, times + count, time) - times);
+}
+
+KeyGraphBox KeyGraphBox::between(const KeyGraphScale &scale, const QPoint &a, const QPoint &b)
+{
+    const auto times = std::minmax({scale.time(a.x()), scale.time(b.x())});
+    const auto values = std::minmax({scale.value(a.y()), scale.value(b.y())});
+    return {times.first, times.second, values.first, values.second};
+}
+
+KeyGraphMarks::KeyGraphMarks(const QSize &size)
+    : m_size(size)
+    , m_seen(static_cast<std::size_t>(qMax(0, size.height()) + int(KeyGraphScale::MarkSide)) *
+             LookCount)
+{
+}
+
+// Keys come column by column, so it is enough to remember for each row when it was painted last.
+bool KeyGraphMarks::isNew(int top, int look)
+{
+    const int row = top + int(KeyGraphScale::MarkSide) - 1;
+    quint32 &seen = m_seen[static_cast<std::size_t>(row * LookCount + look)];
+    if (seen == m_column)
+        return false;
+    seen = m_column;
+    return true;
+}
+
+const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
+                                                     const VxKeyGraphKey *records,
+                                                     const KeyGraphScale &scale)
+{
+    m_marks.clear();
+    ++m_column;
+    const VxTimeRange times = scale.timesBetween(0, m_size.width());
+    const int end = keys.endAt(times.getEnd());
+    int left = std::numeric_limits<int>::min();
+    for (int i = keys.firstFrom(times.getStart()); i < end; ++i) {
+        const QRect rect = scale.markRectOf(keys.times[i], keys.value(i));
+        if (rect.right() < 0 || rect.left() >= m_size.width() || rect.bottom() < 0 ||
+            rect.top() >= m_size.height())
+            continue;
+        if (rect.left() != left) {
+            left = rect.left();
+            ++m_column;
+        }
+        const bool selected = records[i].selected;
+        if (isNew(rect.top(), (keys.types[i] & 3) * 2 + (selected ? 1 : 0)))
+            m_marks.push_back({rect.topLeft(), keys.types[i], selected});
+    }
+    return m_marks;
+}
+
+int keyGraphKeyAt(const KeyGraphKeys &keys, const KeyGraphScale &scale, const QPoint &position)
+{
+    const VxTimeRange times = scale.timesBetween(position.x(), position.x());
+    for (int i = keys.firstFrom(times.getStart());
+         i < keys.count && keys.times[i] <= times.getEnd(); ++i) {
+        if (scale.markRectOf(keys.times[i], keys.value(i)).contains(position))
+            return i;
+    }
+    return -1;
+}
+
+KeyGraphSpan::KeyGraphSpan()
+    : low(std::numeric_limits<double>::max())
+    , high(std::numeric_limits<double>::min())
+{
+}
+
+void KeyGraphSpan::add(const KeyGraphKeys &keys, const VxKeyGraphKey *records, bool onlySelected)
+{
+    for (int i = 0; i < keys.count; ++i) {
+        if (onlySelected && !records[i].selected)
+            continue;
+        const double value = keys.value(i);
+        low = qMin(low, value);
+        high = qMax(high, value);
+        found = true;
+    }
+}

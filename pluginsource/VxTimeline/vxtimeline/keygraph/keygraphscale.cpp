@@ -1,0 +1,102 @@
+#include "vxtimeline/keygraph/keygraphscale.h"
+
+#include <QtCore/qglobal.h>
+#include <cmath>
+
+#include "vxtimeline/time/timelinesnap.h"
+
+namespace {
+
+// Beyond these a scale shows nothing any more, and its inverse would be no number.
+constexpr double SmallestValuePerPixel = 1e-9;
+constexpr double LargestValuePerPixel = 1e9;
+constexpr double SmallestTicksPerPixel = 0.01;
+constexpr double LargestTicksPerPixel = 500000.0;
+constexpr double FarAway = 1e6; // pixels
+
+constexpr double PixelsPerDoubling = 200.0;
+constexpr double FrameMargin = 20.0;
+constexpr double SmallestFrameHeight = 40.0;
+
+double limitedValueScale(double scale)
+{
+    const double size = qBound(SmallestValuePerPixel, std::abs(scale), LargestValuePerPixel);
+    return scale < 0.0 ? -size : size;
+}
+
+double limitedTimeScale(double scale)
+{
+    return qBound(SmallestTicksPerPixel, scale, LargestTicksPerPixel);
+}
+
+// A corner that lies half a mark before a place, to the nearest pixel.
+int corner(double place)
+{
+    if (std::isnan(place))
+        return -int(FarAway);
+    const double exact = qBound(-FarAway, place, FarAway) - KeyGraphScale::MarkSide / 2.0;
+    return static_cast<int>(std::floor(exact + 0.5));
+}
+
+} // namespace
+
+VxTime KeyGraphScale::time(double pixelX) const
+{
+    return TimelineSnap::truncated(ticks(pixelX));
+}
+
+QRect KeyGraphScale::markRect(double x, double y)
+{
+    return QRect(corner(x), corner(y), int(MarkSide), int(MarkSide));
+}
+
+VxTimeRange KeyGraphScale::timesBetween(double left, double right) const
+{
+    return {TimelineSnap::truncated(std::floor(ticks(left - MarkReach))),
+            TimelineSnap::truncated(std::ceil(ticks(right + MarkReach)))};
+}
+
+void KeyGraphScale::frameValues(double low, double high, double height)
+{
+    if (high - low < 0.001) {
+        low -= 1.0;
+        high += 1.0;
+    }
+    double available = height - 2.0 * FrameMargin;
+    if (available < SmallestFrameHeight + 1.0)
+        available = SmallestFrameHeight;
+    valuePerPixel = (low - high) / available;
+    offsetY = originY - low / valuePerPixel - FrameMargin;
+}
+
+void KeyGraphScale::zoomValues(const KeyGraphScale &start, double deltaY)
+{
+    // The remembered scale counts as a part of the way; it is far below a pixel for most curves.
+    const double wanted = std::exp2(-(deltaY - start.valuePerPixel) / PixelsPerDoubling);
+    valuePerPixel = limitedValueScale(start.valuePerPixel * wanted);
+    const double factor = valuePerPixel / start.valuePerPixel;
+    offsetX = start.offsetX;
+    offsetY = start.offsetY / factor;
+}
+
+void KeyGraphScale::fitTimes(const VxTimeRange &range, double width, double margin)
+{
+    const double duration = double(range.getEnd()) - double(range.getStart());
+    const double available = qMax(1.0, width - 2.0 * margin);
+    ticksPerPixel = limitedTimeScale(qMax(1.0, duration) / available);
+    const double middle = double(range.getStart()) + duration * 0.5;
+    offsetX = width * 0.5 - originX - middle / ticksPerPixel;
+}
+
+void KeyGraphScale::centerTimes(double duration, double width)
+{
+    offsetX = width * 0.5 - duration / ticksPerPixel * 0.5;
+}
+
+void KeyGraphScale::zoomTimes(double amount, double pixelX)
+{
+    const double former = ticksPerPixel;
+    ticksPerPixel = limitedTimeScale(former * std::exp2(-amount / PixelsPerDoubling));
+    const double distance = pixelX - offsetX - originX;
+    offsetX = pixelX - originX - distance * (former / ticksPerPixel);
+}

@@ -1,0 +1,71 @@
+#ifndef KEYGRAPHSCALE_H
+#define KEYGRAPHSCALE_H
+
+#include <QtCore/QRect>
+#include <vxcore/vxtime.h>
+#include <vxcore/vxtimerange.h>
+
+// The two scales of the key graph, and every formula that leads from times and values to pixels
+// and back.
+//
+// A plain value: what is painted, what is hit and what is dragged are reckoned from one record.
+// Pixels are those of the widget, as real numbers; x grows with the time, and y falls while the
+// value grows because valuePerPixel is negative. The scales are never 0.
+class KeyGraphScale
+{
+public:
+    double ticksPerPixel = 10.0;  // above 0
+    double valuePerPixel = -0.02; // display units a pixel
+    double offsetX = 0.0;         // where time 0 and value 0 lie, in pixels from the origin
+    double offsetY = 0.0;
+    double originX = 0.0;
+    double originY = 0.0; // half the height, so that value 0 is in the middle to begin with
+
+    // The side of a key mark in pixels, and how far a mark can reach from its key.
+    static constexpr double MarkSide = 9.0;
+    static constexpr int MarkReach = 6;
+
+    double x(double time) const { return originX + offsetX + time / ticksPerPixel; }
+    double y(double value) const { return originY + offsetY + value / valuePerPixel; }
+    // Ticks at a pixel column, with a fraction; and to the tick, truncated towards zero and limited
+    // to 32 bits.
+    double ticks(double pixelX) const { return (pixelX - offsetX - originX) * ticksPerPixel; }
+    VxTime time(double pixelX) const;
+    double value(double pixelY) const { return (pixelY - offsetY - originY) * valuePerPixel; }
+
+    // The rectangle of the mark around a place: a MarkSide square, to the pixel.
+    static QRect markRect(double x, double y);
+    QRect markRectOf(VxTime time, double value) const { return markRect(x(time), y(value)); }
+
+    // All times whose marks can touch the pixel columns from left to right, both included.
+    VxTimeRange timesBetween(double left, double right) const;
+
+    // The values from low to high over a height, with 20 pixels free above and below. A span below
+    // 0.001 is widened by 1 each way; a height below 81 is taken as 80.
+    void frameValues(double low, double high, double height);
+
+    // The value axis of start zoomed by a way of the mouse in pixels: 200 pixels downwards halve
+    // valuePerPixel. The place of value 0 moves away from the origin as the scale grows.
+    void zoomValues(const KeyGraphScale &start, double deltaY);
+
+    // The whole range over a width, a margin in pixels free at both sides.
+    void fitTimes(const VxTimeRange &range, double width, double margin);
+    // A duration from time 0 on in the middle of a width.
+    void centerTimes(double duration, double width);
+    // The time axis zoomed about a pixel column; 200 make a factor of two, positive is nearer.
+    void zoomTimes(double amount, double pixelX);
+
+    friend bool operator==(const KeyGraphScale &a, const KeyGraphScale &b)
+    {
+        return a.hasTimesOf(b) && a.valuePerPixel == b.valuePerPixel &&
+               a.offsetY + a.originY == b.offsetY + b.originY;
+    }
+    // True when the time axes agree.
+    bool hasTimesOf(const KeyGraphScale &other) const
+    {
+        return ticksPerPixel == other.ticksPerPixel &&
+               offsetX + originX == other.offsetX + other.originX;
+    }
+};
+
+#endif

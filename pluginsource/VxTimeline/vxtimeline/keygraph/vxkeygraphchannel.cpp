@@ -1,0 +1,224 @@
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+
+#include "vxtimeline/keys/vxkeycommunication.h"
+
+class VxKeyGraphChannel::Private
+{
+public:
+    bool isKey(int index) const { return index >= 0 && index < keyCache.size(); }
+    void rebuild(const KeyGraphKeys &keys);
+    void setSelected(const QVector<qint32> &indexes, bool selected);
+
+    VxKeyCommunication *keyBus = nullptr;
+    bool cacheValid = false;
+    QVector<VxKeyGraphKey> keyCache;
+};
+
+// Both lists are in order of time, so one pass finds the former record of each key.
+void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
+{
+    QVector<VxKeyGraphKey> fresh(keys.count);
+    const VxKeyGraphKey *former = keyCache.constBegin();
+    const VxKeyGraphKey *const end = keyCache.constEnd();
+    VxKeyGraphKey *record = fresh.data();
+    for (int i = 0; i < keys.count; ++i, ++record) {
+        const VxTime time = keys.times[i];
+        while (former != end && former->time < time)
+            ++former;
+        if (former != end && former->time == time) {
+            *record = *former;
+            continue;
+        }
+        record->time = record->dragStartTime = time;
+        record->dragStartValue = keys.value(i);
+    }
+    keyCache.swap(fresh);
+    cacheValid = true;
+}
+
+void VxKeyGraphChannel::Private::setSelected(const QVector<qint32> &indexes, bool selected)
+{
+    for (const qint32 index : indexes) {
+        if (isKey(index))
+            keyCache[index].selected = selected;
+    }
+}
+
+VxKeyGraphChannel::VxKeyGraphChannel(VxKeyCommunication *keyBus)
+    : d(std::make_unique<Private>())
+{
+    d->keyBus = keyBus;
+}
+
+VxKeyGraphChannel::~VxKeyGraphChannel() = default;
+
+void VxKeyGraphChannel::setKeyCommunication(VxKeyCommunication *keyBus)
+{
+    d->keyBus = keyBus;
+}
+
+int VxKeyGraphChannel::getKeyInterpolation(int index, float *tension, float *continuity,
+                                           float *bias) const
+{
+    Q_UNUSED(index)
+    for (float *part : {tension, continuity, bias}) {
+        if (part)
+            *part = 0.0f;
+    }
+    return 0;
+}
+
+double VxKeyGraphChannel::getKeyTension(int) const
+{
+    return 0.0;
+}
+
+double VxKeyGraphChannel::getKeyContinuity(int) const
+{
+    return 0.0;
+}
+
+double VxKeyGraphChannel::getKeyBias(int) const
+{
+    return 0.0;
+}
+
+void VxKeyGraphChannel::setKeyInterpolation(int, int) {}
+
+void VxKeyGraphChannel::setKeyTension(int, double) {}
+
+void VxKeyGraphChannel::setKeyContinuity(int, double) {}
+
+void VxKeyGraphChannel::setKeyBias(int, double) {}
+
+void VxKeyGraphChannel::removeKey(int) {}
+
+void VxKeyGraphChannel::getValues(const VxTime *times, int count, double *values) const
+{
+    for (int i = 0; i < count; ++i)
+        values[i] = getValue(times[i]);
+}
+
+bool VxKeyGraphChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
+{
+    for (const KeyDragPlan::Move &move : moves)
+        setKey(move.index, move.time, move.value);
+    return !moves.isEmpty();
+}
+
+const QVector<VxKeyGraphKey> &VxKeyGraphChannel::getKeyCache() const
+{
+    if (!d->cacheValid || d->keyCache.size() != getNumKeys())
+        d->rebuild(getKeys());
+    return d->keyCache;
+}
+
+void VxKeyGraphChannel::setKeyCache(QVector<VxKeyGraphKey> keys)
+{
+    d->keyCache.swap(keys);
+    d->cacheValid = true;
+}
+
+bool VxKeyGraphChannel::isKeySelected(int index) const
+{
+    getKeyCache();
+    return d->isKey(index) && d->keyCache.at(index).selected;
+}
+
+void VxKeyGraphChannel::invalidateKeyCache()
+{
+    d->cacheValid = false;
+}
+
+void VxKeyGraphChannel::setKeySelected(int index, bool selected)
+{
+    selectKey(index, selected);
+    if (!d->keyBus || !d->isKey(index))
+        return;
+    VxKeyMessage message;
+    (selected ? message.selectedKeys : message.deselectedKeys)[getProperty()].append(index);
+    d->keyBus->send(message);
+}
+
+void VxKeyGraphChannel::selectKey(int index, bool selected)
+{
+    getKeyCache();
+    if (!d->isKey(index))
+        return;
+    VxKeyGraphKey &key = d->keyCache[index];
+    key.selected = selected;
+    key.dragStartTime = key.time;
+    key.dragStartValue = getKeyValue(index);
+}
+
+void VxKeyGraphChannel::deselectAllKeys()
+{
+    getKeyCache();
+    for (VxKeyGraphKey &key : d->keyCache)
+        key.selected = false;
+}
+
+void VxKeyGraphChannel::publishSelection() const
+{
+    if (!d->keyBus)
+        return;
+    const QVector<VxKeyGraphKey> &keys = getKeyCache();
+    QVector<qint32> selected;
+    for (int i = 0; i < keys.size(); ++i) {
+        if (keys.at(i).selected)
+            selected.append(i);
+    }
+    VxKeyMessage message;
+    message.selectedKeys.insert(getProperty(), selected);
+    d->keyBus->send(message);
+}
+
+void VxKeyGraphChannel::applyKeyMessage(const VxKeyMessage &message)
+{
+    getKeyCache();
+    if (message.clearSelection)
+        deselectAllKeys();
+    d->setSelected(message.selectedKeys.value(getProperty()), true);
+    d->setSelected(message.deselectedKeys.value(getProperty()), false);
+}
+
+void VxKeyGraphChannel::refreshDragStart()
+{
+    getKeyCache();
+    const KeyGraphKeys keys = getKeys();
+    for (int i = 0; i < d->keyCache.size(); ++i) {
+        VxKeyGraphKey &key = d->keyCache[i];
+        key.selectedAtPress = key.selected;
+        if (!key.selected)
+            continue;
+        key.dragStartTime = key.time;
+        key.dragStartValue = keys.value(i);
+    }
+}
+
+void VxKeyGraphChannel::selectInBox(const KeyGraphBox &box, bool selected)
+{
+    getKeyCache();
+    const KeyGraphKeys keys = getKeys();
+    QVector<qint32> changed[2];
+    for (int i = 0; i < d->keyCache.size(); ++i) {
+        VxKeyGraphKey &key = d->keyCache[i];
+        const bool inside = box.contains(key.time, keys.value(i));
+        const bool flag = inside ? selected : key.selectedAtPress;
+        if (key.selected != flag)
+            changed[flag].append(i);
+        key.selected = flag;
+        if (inside) {
+            key.dragStartTime = key.time;
+            key.dragStartValue = keys.value(i);
+        }
+    }
+    if (!d->keyBus)
+        return;
+    VxKeyMessage message;
+    if (!changed[true].isEmpty())
+        message.selectedKeys.insert(getProperty(), changed[true]);
+    if (!changed[false].isEmpty())
+        message.deselectedKeys.insert(getProperty(), changed[false]);
+    d->keyBus->send(message);
+}
