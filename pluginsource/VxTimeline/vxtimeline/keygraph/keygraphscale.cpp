@@ -21,7 +21,7 @@ constexpr double SmallestFrameHeight = 40.0;
 double limitedValueScale(double scale)
 {
     const double size = qBound(SmallestValuePerPixel, std::abs(scale), LargestValuePerPixel);
-    return scale < 0.0 ? -size : size;
+    return std::signbit(scale) ? -size : size;
 }
 
 double limitedTimeScale(double scale)

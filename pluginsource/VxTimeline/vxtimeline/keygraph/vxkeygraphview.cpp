@@ -1,21 +1,193 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
-#include <QtWidgets/QWidget>
+#include <QtGui/QResizeEvent>
+#include <QtGui/QWheelEvent>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmousebutton.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
+#include "vxtimeline/keygraph/keygraphkeys.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/time/timelinesnap.h"
 
-class VxKeyGraphView::Private
+namespace {
+
+constexpr double TimeMargin = 24.0; // pixels free beside the animation range
+
+// How many of the process's resizes still put the animation range into the middle: those while
+// the main window takes its shape.
+int &centeringResizes()
 {
-public:
-    VxKeyGraph *keyGraph = nullptr;
-    int leftBackgroundWidth = 0;
-    int rightBackgroundWidth = 0;
-};
+    static int left = 3;
+    return left;
+}
+
+} // namespace
+
+VxKeyGraphView::Private::Private(VxKeyGraphView *view)
+    : q(view)
+{
+}
+
+QVector<VxKeyGraphChannel *> VxKeyGraphView::Private::channels() const
+{
+    return keyGraph ? keyGraph->getChannels() : QVector<VxKeyGraphChannel *>();
+}
+
+void VxKeyGraphView::Private::followScene()
+{
+    const auto update = [this] { q->update(); };
+    QObject::connect(vxScene, &VxScene::timeChanged, q, update);
+    QObject::connect(vxScene, &VxScene::timeStepChanged, q, update);
+    QObject::connect(vxScene, &VxScene::playRangeChanged, q, update);
+    QObject::connect(vxScene, &VxScene::animRangeChanged, q, [this] {
+        if (!timesSetByUser)
+            fitTimes();
+    });
+    QObject::connect(vxScene, &VxScene::sceneCleared, q, [this] {
+        timesSetByUser = false;
+        fitTimes();
+    });
+}
+
+void VxKeyGraphView::Private::followGraph()
+{
+    QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, [this] { channelsChanged(); });
+    QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, &VxKeyGraphView::doUpdate);
+    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q, [this] { hit = Hit(); });
+    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q,
+                     &VxKeyGraphView::channelListChanged);
+    QObject::connect(keyGraph, &VxKeyGraph::receivedKeyMessage, q, [this] { repaint(); });
+}
+
+void VxKeyGraphView::Private::channelsChanged()
+{
+    curves.invalidate();
+    repaint();
+}
+
+void VxKeyGraphView::Private::repaint()
+{
+    layer = QPixmap();
+    q->update();
+}
+
+void VxKeyGraphView::Private::fitTimes()
+{
+    timesFitted = width > 0.0;
+    if (!timesFitted)
+        return;
+    scale.fitTimes(vxScene->getAnimRange(), width, TimeMargin);
+    repaint();
+}
+
+void VxKeyGraphView::Private::resize(const QSize &size)
+{
+    width = size.width();
+    height = size.height();
+    halfWidth = width * 0.5;
+    halfHeight = height * 0.5;
+    scale.originX = 0.0;
+    scale.originY = halfHeight;
+    if (!wasPainted)
+        timesFitted = false;
+    if (centeringResizes() > 0 && size.width() > 0) {
+        --centeringResizes();
+        if (!timesSetByUser)
+            fitTimes();
+        const VxTimeRange range = vxScene->getAnimRange();
+        scale.centerTimes(range.getDuration(), width);
+    }
+    placeButtons();
+    repaint();
+}
+
+void VxKeyGraphView::Private::wheelValues(int delta, bool pan, bool fine)
+{
+    if (pan) {
+        q->panStart();
+        q->panAdjust(QPoint(0, TimelineSnap::truncated(delta * (fine ? 0.1 : 0.5))));
+        return;
+    }
+    q->zoomStart();
+    q->zoomAdjust(QPoint(0, fine ? TimelineSnap::truncated(delta * 0.05) : delta));
+}
+
+void VxKeyGraphView::Private::wheelTimes(int delta, bool pan, bool fine, int x)
+{
+    timesSetByUser = true;
+    if (pan)
+        scale.offsetX += TimelineSnap::truncated(delta * (fine ? 0.1 : 0.5));
+    else
+        scale.zoomTimes(fine ? delta * 0.05 : delta, x);
+    repaint();
+}
+
+void VxKeyGraphView::Private::buildButtons()
+{
+    const auto makeButton = [this](const char *name, const QString &toolTip) {
+        auto *button = new VxMouseButton(q);
+        button->setObjectName(QLatin1String(name));
+        button->setToolTip(toolTip);
+        button->setAccessibleName(toolTip);
+        button->setCursor(Qt::ArrowCursor);
+        return button;
+    };
+    panButton = makeButton("KeyGraphPanBtn", VxKeyGraphView::tr("Drag to Pan the Values"));
+    zoomButton = makeButton("KeyGraphZoomBtn", VxKeyGraphView::tr("Drag to Zoom the Values"));
+    frameButton = makeButton("KeyGraphFrameBtn", VxKeyGraphView::tr("Frame the Keys"));
+    QObject::connect(panButton, &VxMouseButton::pressed, q, &VxKeyGraphView::panStart);
+    QObject::connect(panButton, &VxMouseButton::dragged, q, &VxKeyGraphView::panAdjust);
+    QObject::connect(zoomButton, &VxMouseButton::pressed, q, &VxKeyGraphView::zoomStart);
+    QObject::connect(zoomButton, &VxMouseButton::dragged, q, &VxKeyGraphView::zoomAdjust);
+    QObject::connect(frameButton, &VxMouseButton::clicked, q, [this] { q->frameKeys(); });
+}
+
+void VxKeyGraphView::Private::styleButtons()
+{
+    const VxStyle *style = vxApp->getStyle();
+    const int side = style->metric(VxStyle::PM_VxBarIconSize);
+    const qreal ratio = q->devicePixelRatioF();
+    const auto setPixmaps = [&](VxMouseButton *button, VxStyle::StandardIconId id) {
+        const auto picture = [&](QStyle::State state) {
+            return style->findStandardPixmapForState(id, state, QSize(side, side), ratio);
+        };
+        button->setPixmaps(picture(QStyle::State_Enabled),
+                           picture(QStyle::State_Enabled | QStyle::State_MouseOver),
+                           picture(QStyle::State_Enabled | QStyle::State_On));
+    };
+    setPixmaps(panButton, VxStyle::SP_VxGraphPan);
+    setPixmaps(zoomButton, VxStyle::SP_VxGraphZoom);
+    setPixmaps(frameButton, VxStyle::SP_VxGraphFrame);
+    placeButtons();
+}
+
+// In the upper right corner, side by side.
+void VxKeyGraphView::Private::placeButtons()
+{
+    const int gap = qMax(1, look.margin);
+    int right = q->width() - rightBackgroundWidth - gap;
+    for (VxMouseButton *button : {frameButton, zoomButton, panButton}) {
+        button->resize(button->sizeHint());
+        right -= button->width();
+        button->move(right, gap);
+        right -= gap;
+    }
+}
 
 VxKeyGraphView::VxKeyGraphView(QWidget *parent)
     : QWidget(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
+    setMouseTracking(true);
+    // The menu comes at the release, not when the platform finds it fit.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    d->buildButtons();
+    d->followScene();
+    doStyling();
 }
 
 VxKeyGraphView::~VxKeyGraphView() = default;
@@ -24,13 +196,11 @@ void VxKeyGraphView::setKeyGraph(VxKeyGraph *keyGraph)
 {
     if (d->keyGraph)
         d->keyGraph->disconnect(this);
+    d->hit = Private::Hit();
     d->keyGraph = keyGraph;
-    if (!d->keyGraph)
-        return;
-    connect(d->keyGraph, &VxKeyGraph::channelsChanged, this, &VxKeyGraphView::doUpdate);
-    connect(d->keyGraph, &VxKeyGraph::channelListChanged, this,
-            &VxKeyGraphView::channelListChanged);
-    connect(d->keyGraph, &VxKeyGraph::receivedKeyMessage, this, &VxKeyGraphView::doUpdate);
+    if (keyGraph)
+        d->followGraph();
+    d->channelsChanged();
 }
 
 VxKeyGraph *VxKeyGraphView::getKeyGraph() const
@@ -38,21 +208,33 @@ VxKeyGraph *VxKeyGraphView::getKeyGraph() const
     return d->keyGraph;
 }
 
+const KeyGraphScale &VxKeyGraphView::getScale() const
+{
+    return d->scale;
+}
+
 void VxKeyGraphView::frameKeys(bool onlySelected)
 {
-    Q_UNUSED(onlySelected)
+    KeyGraphSpan span;
+    for (const VxKeyGraphChannel *channel : d->channels())
+        span.add(channel->getKeys(), channel->getKeyCache().constData(), onlySelected);
+    if (!span.found)
+        return;
+    d->scale.frameValues(span.low, span.high, d->height);
+    d->repaint();
 }
 
 void VxKeyGraphView::setLeftBackgroundWidth(int width)
 {
     d->leftBackgroundWidth = width;
-    update();
+    d->repaint();
 }
 
 void VxKeyGraphView::setRightBackgroundWidth(int width)
 {
     d->rightBackgroundWidth = width;
-    update();
+    d->placeButtons();
+    d->repaint();
 }
 
 void VxKeyGraphView::doUpdate()
@@ -62,19 +244,63 @@ void VxKeyGraphView::doUpdate()
 
 void VxKeyGraphView::doStyling()
 {
-    update();
+    d->look = KeyGraphLook::of(this);
+    d->styleButtons();
+    d->repaint();
 }
 
-void VxKeyGraphView::panStart() {}
+void VxKeyGraphView::panStart()
+{
+    d->savedA = d->scale.offsetX;
+    d->savedB = d->scale.offsetY;
+}
 
 void VxKeyGraphView::panAdjust(QPoint delta)
 {
-    Q_UNUSED(delta)
+    d->scale.offsetY = d->savedB + delta.y();
+    d->repaint();
 }
 
-void VxKeyGraphView::zoomStart() {}
+void VxKeyGraphView::zoomStart()
+{
+    d->savedA = d->scale.ticksPerPixel;
+    d->savedB = d->scale.valuePerPixel;
+    d->zoomStartTransform = d->scale;
+}
 
 void VxKeyGraphView::zoomAdjust(QPoint delta)
 {
-    Q_UNUSED(delta)
+    d->scale.zoomValues(d->zoomStartTransform, delta.y());
+    d->repaint();
+}
+
+void VxKeyGraphView::changeEvent(QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::PaletteChange || type == QEvent::FontChange || type == QEvent::StyleChange)
+        doStyling();
+    QWidget::changeEvent(event);
+}
+
+void VxKeyGraphView::resizeEvent(QResizeEvent *event)
+{
+    d->resize(event->size());
+}
+
+// Together with Alt some platforms turn the wheel's direction; either one then counts.
+void VxKeyGraphView::wheelEvent(QWheelEvent *event)
+{
+    const QPoint delta = event->angleDelta();
+    const bool alt = event->modifiers() & Qt::AltModifier;
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    const bool fine = event->modifiers() & Qt::ControlModifier;
+    const bool sideways = delta.y() == 0 && delta.x() != 0;
+    const int amount = sideways ? delta.x() : delta.y();
+    if (shift)
+        d->wheelTimes(amount, alt, fine, event->position().toPoint().x());
+    else if (sideways && !alt)
+        d->wheelTimes(amount, true, fine, 0);
+    else
+        d->wheelValues(amount, alt, fine);
+    event->accept();
 }

@@ -7,12 +7,16 @@
 #include <memory>
 #include <vxcore/vxproperty.h>
 
+class KeyGraphScale;
 class VxKeyGraph;
 
-// Draws the channels of a key graph as curves over time, with a mark for each key.
+// Draws the channels of a key graph as curves over time, with a mark for each key, and lets keys be
+// selected and moved with the mouse.
 //
-// The view keeps scales and offsets of its two axes; which curves there are, their values and
-// their key selection are the key graph's.
+// The view keeps the scales and offsets of its two axes and the state of the gesture under way;
+// which curves there are, their values and their key selection are the key graph's. Labels,
+// curves and marks are painted into a picture that is kept while nothing about them changes, so
+// that a step of the time or a hover costs no more with many keys than with few.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxKeyGraphView : public QWidget
@@ -22,23 +26,43 @@ public:
     explicit VxKeyGraphView(QWidget *parent = nullptr);
     ~VxKeyGraphView() override;
 
-    // Not owned; null for none.
+    // Not owned; null for none. A graph that is destroyed counts as none.
     void setKeyGraph(VxKeyGraph *keyGraph);
     VxKeyGraph *getKeyGraph() const;
+
+    // The present scales, in the widget's pixels.
+    const KeyGraphScale &getScale() const;
 
 Q_SIGNALS:
     void channelListChanged(QVector<VxProperty *> propList);
 
 public Q_SLOTS:
+    // Shows the values of all keys, or of the selected ones; nothing changes when there are none.
     void frameKeys(bool onlySelected = false);
+    // The width in pixels of the part to the left of the curves' own, in which labels are written,
+    // and of the one to the right.
     void setLeftBackgroundWidth(int width);
     void setRightBackgroundWidth(int width);
     void doUpdate();
+    // Takes up the style's colours, fonts and measures anew.
     void doStyling();
+    // Panning and zooming of the value axis by a way of the mouse since the start, in pixels.
     void panStart();
     void panAdjust(QPoint delta);
     void zoomStart();
     void zoomAdjust(QPoint delta);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     class Private;

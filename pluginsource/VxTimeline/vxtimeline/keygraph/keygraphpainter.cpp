@@ -1,0 +1,216 @@
+#include "vxtimeline/keygraph/keygraphpainter.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QWidget>
+#include <cmath>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxstyleoption.h>
+
+#include "vxtimeline/keygraph/keygraphcurve.h"
+#include "vxtimeline/keygraph/keygraphgrid.h"
+#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+
+namespace {
+
+constexpr double ValueLineSpacing = 44.0; // pixels, at least
+constexpr double FrameLabelGap = 28.0;    // pixels between labels, at least
+
+QColor named(const char *name, const QColor &fallBack)
+{
+    const VxStyle *style = vxApp ? vxApp->getStyle() : nullptr;
+    const QColor color = style ? style->getInterfaceColor(QLatin1String(name)) : QColor();
+    return color.isValid() ? color : fallBack;
+}
+
+QColor halfTransparent(QColor color)
+{
+    color.setAlphaF(0.5);
+    return color;
+}
+
+// Pixel columns and rows for lines and fills, where a far place is just outside.
+int pixel(double place, int end)
+{
+    return static_cast<int>(qBound(-1.0, std::floor(place), double(end) + 1.0));
+}
+
+// The bits that tell a mark's kind, the same as those of the dope sheet's marks.
+QStyle::State markState(const KeyGraphMark &mark)
+{
+    static constexpr QStyle::StateFlag types[] = {QStyle::State_Raised, QStyle::State_Sunken,
+                                                  QStyle::State_Editing};
+    QStyle::State state;
+    if (mark.type < 3)
+        state |= types[mark.type];
+    if (mark.selected)
+        state |= QStyle::State_Selected;
+    return state;
+}
+
+class MarkPainter
+{
+public:
+    MarkPainter(QPainter *painter, const QWidget *widget)
+        : m_painter(painter)
+        , m_widget(widget)
+    {
+        m_option.initFrom(widget);
+        m_state = m_option.state & ~(QStyle::State_Raised | QStyle::State_Sunken |
+                                     QStyle::State_Editing | QStyle::State_Selected);
+    }
+
+    void paint(const KeyGraphMark &mark)
+    {
+        constexpr int side = int(KeyGraphScale::MarkSide);
+        m_option.rect = QRect(mark.corner, QSize(side, side));
+        m_option.state = m_state | markState(mark);
+        m_widget->style()->drawPrimitive(
+            static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxKeyMark), &m_option, m_painter,
+            m_widget);
+    }
+
+private:
+    QPainter *m_painter;
+    const QWidget *m_widget;
+    VxStyleOptionCustom m_option;
+    QStyle::State m_state;
+};
+
+} // namespace
+
+KeyGraphLook KeyGraphLook::of(const QWidget *widget)
+{
+    const QPalette palette = widget->palette();
+    KeyGraphLook look;
+    look.text = palette.color(widget->foregroundRole());
+    look.background = named("Style_Graph_Background", palette.color(QPalette::Base));
+    look.side = halfTransparent(palette.color(QPalette::Window));
+    look.outside = named("Style_Graph_Outside", halfTransparent(palette.color(QPalette::Shadow)));
+    look.grid = named("Style_Graph_Grid", palette.color(QPalette::Midlight));
+    look.majorGrid = named("Style_Graph_Grid_Major", palette.color(QPalette::Mid));
+    if (const VxStyle *style = vxApp ? vxApp->getStyle() : nullptr) {
+        look.label = style->textStyle(VxStyle::TS_GraphLabel);
+        look.axis = style->textStyle(VxStyle::TS_GraphAxis);
+    }
+    look.margin = widget->style()->pixelMetric(
+        static_cast<QStyle::PixelMetric>(VxStyle::PM_VxBaseMargin), nullptr, widget);
+    return look;
+}
+
+QColor KeyGraphLook::channelColor(const QColor &own, int number) const
+{
+    const QColor color = own.isValid() ? own : text;
+    const int factor = 185 - (3 * number) % 15;
+    return color.value() < 129 ? color.darker(factor) : color.lighter(factor);
+}
+
+KeyGraphPainter::KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale,
+                                 const KeyGraphLook &look, const KeyGraphStage &stage,
+                                 const QWidget *widget)
+    : m_painter(painter)
+    , m_scale(scale)
+    , m_look(look)
+    , m_stage(stage)
+    , m_widget(widget)
+{
+}
+
+void KeyGraphPainter::paintStage()
+{
+    m_painter->save();
+    paintGrounds();
+    paintValueGrid();
+    paintFrameGrid();
+    m_painter->restore();
+}
+
+void KeyGraphPainter::paintGrounds()
+{
+    const int width = m_stage.size.width();
+    const int height = m_stage.size.height();
+    m_painter->fillRect(QRect(QPoint(), m_stage.size), m_look.background);
+    m_painter->fillRect(QRect(0, 0, m_stage.leftWidth, height), m_look.side);
+    m_painter->fillRect(QRect(width - m_stage.rightWidth, 0, m_stage.rightWidth, height),
+                        m_look.side);
+    const int start = pixel(m_scale.x(m_stage.playRange.getStart()), width);
+    const int end = pixel(m_scale.x(m_stage.playRange.getEnd()), width) + 1;
+    m_painter->fillRect(QRect(0, 0, start, height), m_look.outside);
+    m_painter->fillRect(QRect(end, 0, width - end, height), m_look.outside);
+}
+
+void KeyGraphPainter::paintValueGrid()
+{
+    const int height = m_stage.size.height();
+    const int textHeight = m_look.axis.getHeight();
+    const int left = m_stage.leftWidth + m_look.margin;
+    m_painter->setFont(m_look.axis.getFont());
+    for (const KeyGraphGrid::Line &line :
+         KeyGraphGrid::valueLines(m_scale, height, ValueLineSpacing)) {
+        const int y = pixel(line.place, height);
+        m_painter->fillRect(QRect(0, y, m_stage.size.width(), 1),
+                            line.major ? m_look.majorGrid : m_look.grid);
+        // On top of its line; none where it would be cut off or meet the frame numbers.
+        if (line.label.isEmpty() || y < textHeight || y > height - textHeight)
+            continue;
+        m_painter->setPen(m_look.axis.getColor());
+        m_painter->drawText(left, y - m_look.axis.getFontMetrics().descent(), line.label);
+    }
+}
+
+void KeyGraphPainter::paintFrameGrid()
+{
+    const int width = m_stage.size.width();
+    const int height = m_stage.size.height();
+    const int baseline = height - m_look.axis.getFontMetrics().descent() - 1;
+    const auto labelWidth = [this](const QString &text) { return m_look.axis.getWidth(text); };
+    m_painter->setPen(m_look.axis.getColor());
+    m_painter->setFont(m_look.axis.getFont());
+    for (const KeyGraphGrid::Line &line :
+         KeyGraphGrid::frameLines(m_scale, width, m_stage.timeStep, FrameLabelGap, labelWidth)) {
+        const int x = pixel(line.place, width);
+        const int lineHeight = line.major ? height - m_look.axis.getHeight() : height;
+        m_painter->fillRect(QRect(x, 0, 1, lineHeight),
+                            line.major ? m_look.majorGrid : m_look.grid);
+        const int textWidth = line.label.isEmpty() ? 0 : labelWidth(line.label);
+        const int left = x - textWidth / 2;
+        if (textWidth > 0 && left >= m_stage.leftWidth &&
+            left + textWidth <= width - m_stage.rightWidth)
+            m_painter->drawText(left, baseline, line.label);
+    }
+}
+
+// Cosmetic and one pixel wide: any other pen makes noisy curves slower by orders of magnitude.
+void KeyGraphPainter::setChannelPen(const QColor &color)
+{
+    QPen pen(color, 1.0);
+    pen.setCosmetic(true);
+    m_painter->setPen(pen);
+}
+
+void KeyGraphPainter::paintChannels(const QVector<VxKeyGraphChannel *> &channels,
+                                    KeyGraphCurves &curves)
+{
+    const QFontMetrics &metrics = m_look.label.getFontMetrics();
+    MarkPainter markPainter(m_painter, m_widget);
+    KeyGraphMarks marks(m_stage.size);
+    m_painter->setFont(m_look.label.getFont());
+    int top = m_look.margin;
+    for (int n = 0; n < channels.size(); ++n) {
+        const VxKeyGraphChannel &channel = *channels.at(n);
+        setChannelPen(m_look.channelColor(channel.getColor(), n));
+        if (top < m_stage.size.height())
+            m_painter->drawText(
+                m_look.margin, top + metrics.ascent(),
+                metrics.elidedText(channel.getLabel(), Qt::ElideLeft, m_stage.leftWidth));
+        top += metrics.height() + m_look.margin;
+
+        m_painter->setRenderHint(QPainter::Antialiasing, true);
+        m_painter->drawPolyline(curves.points(channel, n, m_scale, m_stage.size.width()));
+        m_painter->setRenderHint(QPainter::Antialiasing, false);
+        const QVector<VxKeyGraphKey> &records = channel.getKeyCache();
+        for (const KeyGraphMark &mark : marks.find(channel.getKeys(), records.constData(), m_scale))
+            markPainter.paint(mark);
+    }
+}

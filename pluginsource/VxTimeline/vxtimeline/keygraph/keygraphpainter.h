@@ -1,0 +1,74 @@
+#ifndef KEYGRAPHPAINTER_H
+#define KEYGRAPHPAINTER_H
+
+#include <QtCore/QVector>
+#include <QtGui/QColor>
+#include <vxcore/vxtextstyle.h>
+#include <vxcore/vxtimerange.h>
+
+#include "vxtimeline/keygraph/keygraphscale.h"
+
+class KeyGraphCurves;
+class QPainter;
+class QWidget;
+class VxKeyGraphChannel;
+
+// Colours, fonts and measures of the key graph, read from the style once and kept.
+struct KeyGraphLook
+{
+    // Asks the application's style; a colour that it does not name comes from the widget's palette.
+    static KeyGraphLook of(const QWidget *widget);
+
+    // The colour of a channel's label and curve: its own, or text colour when that is invalid, made
+    // lighter or darker by its number, so that neighbours of one colour differ.
+    QColor channelColor(const QColor &own, int number) const;
+
+    QColor background;
+    QColor side; // left and right of the curves' own part
+    QColor outside;
+    QColor grid;
+    QColor majorGrid;
+    VxTextStyle label;
+    VxTextStyle axis;
+    QColor text;
+    int margin = 0; // pixels
+};
+
+// What the graph shows apart from its channels.
+struct KeyGraphStage
+{
+    QSize size;
+    int leftWidth = 0; // pixels of the parts left and right of the curves' own
+    int rightWidth = 0;
+    VxTimeRange playRange;
+    VxTime timeStep = 0; // ticks per frame
+};
+
+// Replays the key graph's lists of lines, points and marks. It keeps nothing and decides nothing
+// but the order of painting.
+class KeyGraphPainter
+{
+public:
+    // All borrowed for the painter's life. widget: whose style draws the key marks.
+    KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale, const KeyGraphLook &look,
+                    const KeyGraphStage &stage, const QWidget *widget);
+
+    // Background, the shade outside of the play range, grid and its labels.
+    void paintStage();
+    // Label, curve and key marks of each channel, in order.
+    void paintChannels(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
+
+private:
+    void paintGrounds();
+    void paintValueGrid();
+    void paintFrameGrid();
+    void setChannelPen(const QColor &color);
+
+    QPainter *m_painter;
+    const KeyGraphScale &m_scale;
+    const KeyGraphLook &m_look;
+    const KeyGraphStage &m_stage;
+    const QWidget *m_widget;
+};
+
+#endif

@@ -1,0 +1,115 @@
+#ifndef VXKEYGRAPHVIEW_P_H
+#define VXKEYGRAPHVIEW_P_H
+
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStringList>
+#include <QtGui/QPixmap>
+#include <vxcore/vxtimerange.h>
+#include <vxcore/vxundostackhold.h>
+
+#include "vxtimeline/keygraph/keygraphcurve.h"
+#include "vxtimeline/keygraph/keygraphpainter.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+
+class VxKeyGraph;
+class VxKeyGraphChannel;
+class VxKeyMessage;
+class VxMouseButton;
+
+// The state of the view. Its functions are spread over three sources: slots and scales, painting,
+// and the mouse.
+class VxKeyGraphView::Private
+{
+public:
+    // What a press began and the release ends.
+    enum MouseState { Idle, DragKeys, RubberBand, DragTime, ViewOperation };
+
+    // A key under the mouse. The channel is null for none, and once the channels have changed.
+    struct Hit
+    {
+        VxKeyGraphChannel *channel = nullptr;
+        int index = -1;
+        VxTime time = 0;
+        double value = 0.0; // display units
+    };
+
+    explicit Private(VxKeyGraphView *view);
+
+    // Slots and scales.
+    QVector<VxKeyGraphChannel *> channels() const;
+    void followScene();
+    void followGraph();
+    void channelsChanged();
+    // Repaints everything; update() alone keeps the picture of the channels.
+    void repaint();
+    void fitTimes();
+    void resize(const QSize &size);
+    void wheelValues(int delta, bool pan, bool fine);
+    void wheelTimes(int delta, bool pan, bool fine, int x);
+    void buildButtons();
+    void styleButtons();
+    void placeButtons();
+
+    // Painting.
+    KeyGraphStage stage() const;
+    void paint(QPainter *painter);
+    void paintTimeLine(QPainter *painter);
+    void paintRubberBand(QPainter *painter);
+    void updateLayer();
+    QStringList labels() const;
+
+    // The mouse.
+    Hit keyAt(const QPoint &position) const;
+    void beginGesture(QMouseEvent *event);
+    void endGesture();
+    void pressOnSpace(Qt::KeyboardModifiers modifiers);
+    void pressOnKey(Qt::KeyboardModifiers modifiers);
+    void send(const VxKeyMessage &message);
+    void hover();
+    void dragKeys(Qt::KeyboardModifiers modifiers);
+    void dragRubberBand(Qt::KeyboardModifiers modifiers);
+    void dragTime();
+    void showContextMenu(const QPoint &globalPosition);
+
+    VxKeyGraphView *const q;
+    QPointer<VxKeyGraph> keyGraph;
+    int leftBackgroundWidth = 0;
+    int rightBackgroundWidth = 0;
+    VxMouseButton *panButton = nullptr;
+    VxMouseButton *zoomButton = nullptr;
+    VxMouseButton *frameButton = nullptr;
+
+    KeyGraphScale scale;
+    double width = 0.0;
+    double height = 0.0;
+    double halfWidth = 0.0;
+    double halfHeight = 0.0;
+    double savedA = 0.0; // what panStart() or zoomStart() remembered
+    double savedB = 0.0;
+    KeyGraphScale zoomStartTransform;
+    bool timesFitted = false;    // the time axis shows the animation range over the present width
+    bool timesSetByUser = false; // and is not to be fitted any more
+    bool wasPainted = false;
+
+    KeyGraphLook look;
+    KeyGraphCurves curves;
+    QPixmap layer; // labels, curves and marks; null when it has to be painted anew
+    QStringList layerLabels;
+
+    int viewOperation = 0;
+    MouseState mouseState = Idle;
+    bool pressed = false;
+    QPoint pressPos;
+    QPoint currentPos;
+    QPoint previousPos;
+    Hit hit;
+    double savedOffsetX = 0.0;
+    double savedOffsetY = 0.0;
+    double timeLineGrab = 0.0; // from the mouse to the line of the current time, pixels
+    bool highlighted = false;  // the mouse is at that line
+    std::unique_ptr<VxUndoStackHold> hold;
+};
+
+#endif

@@ -1,0 +1,323 @@
+// What the mouse does in the key graph view.
+
+#include <QtGui/QMouseEvent>
+#include <cmath>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxmenu.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxviewportmgr.h>
+
+#include "vxtimeline/keygraph/keydragplan.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/timelinesnap.h"
+
+namespace {
+
+constexpr double TimeLineReach = 3.0; // pixels
+
+int viewOperationOf(const QMouseEvent *event)
+{
+    const VxMainWindow *window = vxApp->getInterface();
+    if (!window)
+        return VxViewportMgr::NoOperation;
+    const VxViewportMgr *manager = window->getViewportMgr();
+    return manager->getOperation(
+        manager->getMouseBtnAccelerator(event->button(), event->modifiers()));
+}
+
+// Where a way of the mouse puts the selected keys, in the order of their indexes, or from the last
+// to the first. In the direction of the way the foremost key goes first, and none runs into one
+// that has yet to move.
+QVector<KeyDragPlan::Move> movesOf(const QVector<VxKeyGraphKey> &keys, double deltaTicks,
+                                   double deltaValue, VxTime timeStep, bool fromLast)
+{
+    QVector<KeyDragPlan::Move> moves;
+    const int count = keys.size();
+    for (int i = 0; i < count; ++i) {
+        const int index = fromLast ? count - 1 - i : i;
+        const VxKeyGraphKey &key = keys.at(index);
+        if (key.selected)
+            moves.append({index, KeyDragPlan::draggedTime(key.dragStartTime, deltaTicks, timeStep),
+                          key.dragStartValue + deltaValue});
+    }
+    return moves;
+}
+
+void addActions(VxMenu *menu, const QVector<const char *> &classNames)
+{
+    for (const char *name : classNames) {
+        if (name)
+            menu->addAction(QLatin1String(name));
+        else
+            menu->addSeparator();
+    }
+}
+
+void addKeyActions(VxMenu *menu)
+{
+    addActions(menu,
+               {"VxTimePaneFrameGraphKeysAction", nullptr, "VxTimePaneCreateKeysAction", nullptr});
+    addActions(menu->addSubMenu(VxKeyGraphView::tr("Key Creation Scope")),
+               {"VxTimePaneSetKeyScopeObjectAction", "VxTimePaneSetKeyScopeNodeRecurseAction",
+                "VxTimePaneSetKeyScopeNodeAction", nullptr,
+                "VxTimePaneSetKeyScopePropertiesAction"});
+    addActions(menu, {nullptr, "VxTimePaneDeleteSelectedKeysAction", nullptr,
+                      "VxTimePaneCopySelectedKeysAction", "VxTimePanePasteKeysAction", nullptr});
+    addActions(menu->addSubMenu(VxKeyGraphView::tr("Set Key Interpolation")),
+               {"VxTimePaneSetInterpTcbAction", "VxTimePaneSetInterpLinearAction",
+                "VxTimePaneSetInterpConstantAction"});
+}
+
+} // namespace
+
+VxKeyGraphView::Private::Hit VxKeyGraphView::Private::keyAt(const QPoint &position) const
+{
+    for (VxKeyGraphChannel *channel : channels()) {
+        const KeyGraphKeys keys = channel->getKeys();
+        const int index = keyGraphKeyAt(keys, scale, position);
+        if (index >= 0)
+            return {channel, index, keys.times[index], keys.value(index)};
+    }
+    return {};
+}
+
+void VxKeyGraphView::Private::send(const VxKeyMessage &message)
+{
+    if (keyGraph && keyGraph->getKeyCommunication())
+        keyGraph->getKeyCommunication()->send(message);
+}
+
+void VxKeyGraphView::Private::beginGesture(QMouseEvent *event)
+{
+    pressed = true;
+    pressPos = currentPos = previousPos = event->pos();
+    q->grabMouse();
+    hit = keyAt(pressPos);
+    if (viewOperation != VxViewportMgr::NoOperation) {
+        mouseState = ViewOperation;
+        savedOffsetX = scale.offsetX;
+        savedOffsetY = scale.offsetY;
+    } else if (hit.channel) {
+        mouseState = DragKeys;
+        pressOnKey(event->modifiers());
+    } else if (highlighted) {
+        mouseState = DragTime;
+    } else {
+        mouseState = RubberBand;
+        pressOnSpace(event->modifiers());
+    }
+    repaint();
+}
+
+void VxKeyGraphView::Private::pressOnSpace(Qt::KeyboardModifiers modifiers)
+{
+    q->unsetCursor();
+    VxKeyMessage message;
+    message.clearSelection = !(modifiers & (Qt::ControlModifier | Qt::AltModifier));
+    for (VxKeyGraphChannel *channel : channels()) {
+        if (message.clearSelection)
+            channel->deselectAllKeys();
+        channel->refreshDragStart();
+    }
+    send(message);
+}
+
+void VxKeyGraphView::Private::pressOnKey(Qt::KeyboardModifiers modifiers)
+{
+    q->setCursor(Qt::PointingHandCursor);
+    const bool deselects = modifiers & Qt::AltModifier;
+    const bool wasSelected = hit.channel->isKeySelected(hit.index);
+    VxKeyMessage message;
+    if (deselects) {
+        hit.channel->selectKey(hit.index, false);
+        message.deselectedKeys[hit.channel->getProperty()].append(hit.index);
+    } else if (!wasSelected) {
+        message.clearSelection = !(modifiers & Qt::ControlModifier);
+        for (VxKeyGraphChannel *channel : channels()) {
+            if (message.clearSelection)
+                channel->deselectAllKeys();
+        }
+        hit.channel->selectKey(hit.index, true);
+        message.selectedKeys[hit.channel->getProperty()].append(hit.index);
+    }
+    for (VxKeyGraphChannel *channel : channels())
+        channel->refreshDragStart();
+    send(message);
+}
+
+// Also the end of a gesture that the view loses, such as by being hidden.
+void VxKeyGraphView::Private::endGesture()
+{
+    if (hold && mouseState == DragKeys)
+        hold->accept(VxKeyGraphView::tr("Move Keys"));
+    hold.reset();
+    if (pressed)
+        q->releaseMouse();
+    pressed = false;
+    mouseState = Idle;
+    highlighted = false;
+    q->unsetCursor();
+    repaint();
+}
+
+void VxKeyGraphView::Private::hover()
+{
+    if (keyAt(currentPos).channel) {
+        q->setCursor(Qt::PointingHandCursor);
+        return;
+    }
+    timeLineGrab = scale.x(vxScene->getTime()) - currentPos.x();
+    if (std::abs(timeLineGrab) < TimeLineReach) {
+        highlighted = true;
+        q->setCursor(Qt::SplitHCursor);
+    }
+}
+
+// All channels' changes are reported together; then each tells its selection, because the other
+// side knows keys by the times that they had.
+void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
+{
+    q->setCursor(Qt::PointingHandCursor);
+    QPointF way(currentPos - pressPos);
+    if (modifiers & Qt::ShiftModifier)
+        way = KeyDragPlan::oneAxis(way);
+    const VxTime timeStep = modifiers & Qt::ControlModifier ? 0 : vxScene->getTimeStep();
+    if (!hold)
+        hold = std::make_unique<VxUndoStackHold>();
+
+    const QVector<VxKeyGraphChannel *> list = channels();
+    QVector<VxKeyGraphChannel *> moved;
+    {
+        const VxChangeBlock block;
+        for (VxKeyGraphChannel *channel : list) {
+            if (channel->moveKeys(movesOf(channel->getKeyCache(), way.x() * scale.ticksPerPixel,
+                                          way.y() * scale.valuePerPixel, timeStep,
+                                          currentPos.x() >= previousPos.x())))
+                moved.append(channel);
+        }
+    }
+    if (channels() != list)
+        return;
+    for (const VxKeyGraphChannel *channel : qAsConst(moved))
+        channel->publishSelection();
+}
+
+void VxKeyGraphView::Private::dragRubberBand(Qt::KeyboardModifiers modifiers)
+{
+    const KeyGraphBox box = KeyGraphBox::between(scale, pressPos, currentPos);
+    for (VxKeyGraphChannel *channel : channels())
+        channel->selectInBox(box, !(modifiers & Qt::AltModifier));
+    repaint();
+}
+
+void VxKeyGraphView::Private::dragTime()
+{
+    const VxTime time = scale.time(currentPos.x() + timeLineGrab);
+    vxScene->setTime(
+        TimelineSnap::toFrame(vxScene->getPlayRange().clamp(time), vxScene->getTimeStep()));
+}
+
+void VxKeyGraphView::Private::showContextMenu(const QPoint &globalPosition)
+{
+    const QPointer<VxMenu> menu = new VxMenu(q);
+    if (!channels().isEmpty())
+        addKeyActions(menu);
+    if (menu->isEmpty())
+        menu->addItem(VxKeyGraphView::tr("No Selection"));
+    menu->exec(globalPosition);
+    delete menu.data();
+}
+
+void VxKeyGraphView::mousePressEvent(QMouseEvent *event)
+{
+    if (d->pressed)
+        return;
+    d->viewOperation = viewOperationOf(event);
+    if (d->viewOperation == VxViewportMgr::NoOperation && event->button() != Qt::LeftButton)
+        return;
+    d->beginGesture(event);
+}
+
+void VxKeyGraphView::mouseMoveEvent(QMouseEvent *event)
+{
+    d->previousPos = d->currentPos;
+    d->currentPos = event->pos();
+    const bool wasHighlighted = d->highlighted;
+    if (d->mouseState != Private::DragTime) {
+        d->highlighted = false;
+        unsetCursor();
+    }
+    switch (d->mouseState) {
+    case Private::Idle:
+        d->hover();
+        break;
+    case Private::DragKeys:
+        d->dragKeys(event->modifiers());
+        break;
+    case Private::RubberBand:
+        d->dragRubberBand(event->modifiers());
+        break;
+    case Private::DragTime:
+        d->dragTime();
+        break;
+    case Private::ViewOperation:
+        if (d->viewOperation == VxViewportMgr::Pan) {
+            d->scale.offsetY = d->savedOffsetY + (d->currentPos.y() - d->pressPos.y());
+            d->repaint();
+        }
+        break;
+    }
+    if (d->mouseState != Private::Idle || d->highlighted != wasHighlighted)
+        update();
+}
+
+void VxKeyGraphView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool viewOperation = d->mouseState == Private::ViewOperation;
+    if (event->button() == Qt::RightButton && !viewOperation) {
+        // The menu's own mouse events would hide the end of a drag.
+        if (d->pressed)
+            d->endGesture();
+        event->accept();
+        d->showContextMenu(event->globalPos());
+        return;
+    }
+    if (event->button() != Qt::LeftButton && !viewOperation)
+        return;
+    d->endGesture();
+}
+
+void VxKeyGraphView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    event->accept();
+    d->hit = d->keyAt(event->pos());
+    if (d->hit.channel) {
+        TimelinePlayback::setTime(d->scale.time(event->pos().x()));
+        return;
+    }
+    event->ignore();
+    QWidget::mouseDoubleClickEvent(event);
+}
+
+void VxKeyGraphView::leaveEvent(QEvent *event)
+{
+    if (!d->pressed && d->highlighted) {
+        d->highlighted = false;
+        unsetCursor();
+        update();
+    }
+    QWidget::leaveEvent(event);
+}
+
+void VxKeyGraphView::hideEvent(QHideEvent *event)
+{
+    if (d->pressed)
+        d->endGesture();
+    QWidget::hideEvent(event);
+}

@@ -1,0 +1,83 @@
+// What the key graph view shows.
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleOptionRubberBand>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/time/timelinesnap.h"
+
+KeyGraphStage VxKeyGraphView::Private::stage() const
+{
+    return {q->size(), leftBackgroundWidth, rightBackgroundWidth, vxScene->getPlayRange(),
+            vxScene->getTimeStep()};
+}
+
+QStringList VxKeyGraphView::Private::labels() const
+{
+    QStringList result;
+    for (const VxKeyGraphChannel *channel : channels())
+        result.append(channel->getLabel());
+    return result;
+}
+
+void VxKeyGraphView::Private::updateLayer()
+{
+    const qreal ratio = q->devicePixelRatioF();
+    const QSize size = (QSizeF(q->size()) * ratio).toSize();
+    const QStringList wanted = labels();
+    if (layer.size() == size && layer.devicePixelRatio() == ratio && layerLabels == wanted)
+        return;
+    layerLabels = wanted;
+    layer = QPixmap(size);
+    layer.setDevicePixelRatio(ratio);
+    layer.fill(Qt::transparent);
+    QPainter painter(&layer);
+    const KeyGraphStage shown = stage();
+    KeyGraphPainter(&painter, scale, look, shown, q).paintChannels(channels(), curves);
+}
+
+void VxKeyGraphView::Private::paintTimeLine(QPainter *painter)
+{
+    const int x = TimelineSnap::truncated(scale.x(vxScene->getTime()));
+    if (x < 0 || x >= q->width())
+        return;
+    painter->fillRect(QRect(x, 0, 1, q->height()), highlighted
+                                                       ? q->palette().color(QPalette::Highlight)
+                                                       : painter->pen().color());
+}
+
+void VxKeyGraphView::Private::paintRubberBand(QPainter *painter)
+{
+    QStyleOptionRubberBand option;
+    option.initFrom(q);
+    option.shape = QRubberBand::Rectangle;
+    option.opaque = false;
+    option.rect = QRect(pressPos, currentPos).normalized();
+    q->style()->drawControl(QStyle::CE_RubberBand, &option, painter, q);
+}
+
+void VxKeyGraphView::Private::paint(QPainter *painter)
+{
+    const KeyGraphStage shown = stage();
+    KeyGraphPainter(painter, scale, look, shown, q).paintStage();
+    paintTimeLine(painter);
+    updateLayer();
+    painter->drawPixmap(0, 0, layer);
+    if (mouseState == RubberBand)
+        paintRubberBand(painter);
+}
+
+void VxKeyGraphView::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    if (!d->keyGraph)
+        return;
+    if (!d->timesFitted && !d->timesSetByUser)
+        d->fitTimes();
+    d->wasPainted = true;
+    QPainter painter(this);
+    d->paint(&painter);
+}
