@@ -29,6 +29,7 @@ private Q_SLOTS:
     void savingWritesThePresentChoicesOnly();
     void settingsRoundTrip();
     void optionsMenu();
+    void optionsMenuIsAddedToWhatIsThere();
 
 private:
     QString describe(const VxActionMenu *menu) const;
@@ -315,6 +316,25 @@ void TestTimePaneSettings::optionsMenu()
         "VxClearKeysFigurePoseAction VxClearKeysFigureShapeAction - "
         "VxClearKeysSelectedItemsAction VxClearKeysPoseAction VxClearKeysShapeAction}");
     QCOMPARE(built, expected);
+    pane->buildOptionsMenu(&menu);
+    QCOMPARE(describe(&menu), built);
+}
+
+// Somebody else's preferences are no reason to leave out the pane's own.
+void TestTimePaneSettings::optionsMenuIsAddedToWhatIsThere()
+{
+    VxActionMenu menu;
+    menu.findOrCreateSubMenu(QStringLiteral("Preferences"))
+        ->insertAction(QStringLiteral("OtherAction"));
+    pane->buildOptionsMenu(&menu);
+    const QString built = describe(&menu);
+    QVERIFY2(built.startsWith(QStringLiteral("Preferences{OtherAction Controls Position{")),
+             qPrintable(built));
+    QCOMPARE(built.count(QStringLiteral("Preferences{")), 1);
+    QVERIFY2(built.contains(QStringLiteral("VxTimePanePlayAllFramesAction -} - VxLoopToggle")),
+             qPrintable(built));
+    QVERIFY2(built.endsWith(QStringLiteral("VxClearKeysPoseAction VxClearKeysShapeAction}")),
+             qPrintable(built));
     pane->buildOptionsMenu(&menu);
     QCOMPARE(describe(&menu), built);
 }

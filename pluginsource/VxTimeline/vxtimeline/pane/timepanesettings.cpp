@@ -188,10 +188,10 @@ int VxTimePane::getOptionsMenuVersion() const
     return OptionsMenuVersion;
 }
 
-// A menu that has the preferences has all the rest: it is not built a second time.
+// Entries and sub-menus that are there already are not made again.
 void VxTimePane::buildOptionsMenu(VxActionMenu *menu)
 {
-    if (!menu || menu->findOrCreateSubMenu(tr("Preferences"), false))
+    if (!menu)
         return;
     addPreferences(menu->findOrCreateSubMenu(tr("Preferences"), true));
     addCommands(menu);
