@@ -118,6 +118,7 @@ private Q_SLOTS:
     void mainWindowWithoutPane();
     void paneIsFoundAndForgotten();
     void everyActionRegistersWithThePane();
+    void aSecondPaneLeavesTheMarksAlone();
     void initTwice();
 
     void exclusiveChoice_data();
@@ -309,6 +310,25 @@ void TestVxTimelineActions::everyActionRegistersWithThePane()
     for (const ActionRow &row : actionRows)
         QCOMPARE(registered.count(stage.action(row.className)), 1);
     QCOMPARE(registered.size(), int(std::size(actionRows)));
+}
+
+// Scripts can make one beside the application's.
+void TestVxTimelineActions::aSecondPaneLeavesTheMarksAlone()
+{
+    const Stage stage;
+    stage.trigger("VxTimePaneBasicViewAction");
+    stage.trigger("VxTimePaneControlsTopAction");
+    VxTimePane second;
+    QCOMPARE(second.getViewMode(), VxTimePane::AdvancedView);
+    QCOMPARE(stage.checked("VxTimePaneViewModeAction"), QStringList("VxTimePaneBasicViewAction"));
+    QCOMPARE(stage.checked("VxTimePaneControlsPositionAction"),
+             QStringList("VxTimePaneControlsTopAction"));
+    second.setViewMode(VxTimePane::IntermediateView);
+    second.setFilteredKeyCreationScope(VxTimePane::ScopeObject);
+    stage.window.getActionMgr()->initActions();
+    QCOMPARE(stage.checked("VxTimePaneViewModeAction"), QStringList("VxTimePaneBasicViewAction"));
+    QCOMPARE(stage.checked("VxTimePaneSetKeyScopeAction"),
+             QStringList("VxTimePaneSetKeyScopeNodeAction"));
 }
 
 void TestVxTimelineActions::initTwice()

@@ -7,6 +7,7 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
 #include <vxcore/vxmainwindow.h>
+#include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyledbutton.h>
 
@@ -62,12 +63,7 @@ VxTimePane::VxTimePane()
     builder.buildMenus();
     doStyling();
     builder.makeConnections();
-    if (const VxMainWindow *window = vxApp->getInterface()) {
-        for (VxAction *action : window->getActionMgr()->getActions()) {
-            if (dynamic_cast<const TimePaneChoice *>(action))
-                registerAction(action);
-        }
-    }
+    registerChoices();
     VxTimePane::updateTimeFields();
     d->setExtrasVisible(false);
     d->checkWidth(this, FirstWidth);
@@ -120,6 +116,19 @@ QAction *VxTimePane::Private::checkedAction(TimePaneChoice::Family family) const
             return action;
     }
     return nullptr;
+}
+
+// The actions belong to the application's pane. One that a script makes beside it must not give
+// them its own state for check marks.
+void VxTimePane::registerChoices()
+{
+    const VxMainWindow *window = vxApp->getInterface();
+    if (!window || window->getPaneMgr()->findPane(QStringLiteral("VxTimePane")))
+        return;
+    for (VxAction *action : window->getActionMgr()->getActions()) {
+        if (dynamic_cast<const TimePaneChoice *>(action))
+            registerAction(action);
+    }
 }
 
 QVector<QAction *> VxTimePane::getRegisteredActions() const

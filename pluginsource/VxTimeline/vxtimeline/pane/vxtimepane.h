@@ -201,6 +201,7 @@ private Q_SLOTS:
     void doStyling();
 
 private:
+    void registerChoices();
     void resetPlayRangeStart();
     void resetFramesPerSecond();
     void skipToKey(VxTime found, const QString &undoText);
