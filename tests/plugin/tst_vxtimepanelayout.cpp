@@ -6,6 +6,7 @@
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxdynamicdividerwgt.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxstyledbutton.h>
 
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void controlsPosition();
     void settingTheSamePositionTellsNothing();
     void extrasFollowTheWidth();
+    void everythingFitsASmallScreen();
     void widthChangesNothingInOtherModes();
 };
 
@@ -288,6 +290,23 @@ void TestTimePaneLayout::extrasFollowTheWidth()
     // A second pane in the process knows the width already, and begins without.
     const VxTimePane second;
     QVERIFY(second.findChild<QWidget *>(QStringLiteral("TimelineKeyScopeBtn"))->isHidden());
+}
+
+// In the font that the application takes.
+void TestTimePaneLayout::everythingFitsASmallScreen()
+{
+    QFont font = QApplication::font();
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+    pane = std::make_unique<VxTimePane>();
+    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4, 8, 16, 32});
+    pane->setFilteredPropertyTypes(VxTimePane::PropertyTypes(63));
+    showPane(1272);
+    QCOMPARE(pane->width(), 1272);
+    QVERIFY(find<QWidget>("TimelineTimeRangeControlsWgt")->isVisible());
+    QVERIFY(find<QWidget>("TimelineInterpControlsWgt")->isVisible());
+    const auto *types = find<VxStyledButton>("TimelinePropertyTypesBtn");
+    QCOMPARE(types->displayedText(), QStringLiteral("TRSOAH"));
 }
 
 void TestTimePaneLayout::widthChangesNothingInOtherModes()

@@ -42,7 +42,7 @@ int ownMetric(quint32 id)
     case VxStyle::PM_VxButtonInset:
         return 16;
     case VxStyle::PM_VxButtonMargin:
-        return 4;
+        return 3;
     case VxStyle::PM_VxBarIconSize:
         return 16;
     case VxStyle::PM_VxDividerWidth:

@@ -124,7 +124,7 @@ Qt::Edges VxBarButton::joinedEdges() const
 QSize VxBarButton::sizeHint() const
 {
     ensurePolished();
-    const int margin = styleLength(this, VxStyle::PM_VxButtonMargin, 4);
+    const int margin = styleLength(this, VxStyle::PM_VxButtonMargin, 3);
     const QSize contents = icon().isNull() && !text().isEmpty()
                                ? fontMetrics().size(Qt::TextShowMnemonic, text())
                                : iconSize();

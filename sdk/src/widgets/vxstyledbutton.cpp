@@ -58,7 +58,7 @@ public:
     QRect contentsArea() const
     {
         const QStyleOptionButton option = frameOption();
-        const int margin = styleLength(button, VxStyle::PM_VxButtonMargin, 4) / 2;
+        const int margin = styleLength(button, VxStyle::PM_VxButtonMargin, 3) / 2;
         return button->style()
             ->subElementRect(QStyle::SE_PushButtonContents, &option, button)
             .adjusted(margin, 0, -margin, 0);
@@ -95,7 +95,7 @@ public:
         probe.rect = whole;
         const QRect inside =
             button->style()->subElementRect(QStyle::SE_PushButtonContents, &probe, button);
-        const int margins = 2 * (styleLength(button, VxStyle::PM_VxButtonMargin, 4) / 2);
+        const int margins = 2 * (styleLength(button, VxStyle::PM_VxButtonMargin, 3) / 2);
         const int line = std::max(button->fontMetrics().height(),
                                   button->icon().isNull() ? 0 : button->iconSize().height());
         const int height = std::max(line + whole.height() - inside.height() + 2,
