@@ -32,6 +32,8 @@ private Q_SLOTS:
     void secondsCount();
     void fit_data();
     void fit();
+    void scales_data();
+    void scales();
     void playRangeFillsTheFit();
     void snapping_data();
     void snapping();
@@ -241,6 +243,53 @@ void TestTimelineMetrics::fit()
     metrics.fps = 0;
     QVERIFY(!metrics.fit(width, duration));
     QCOMPARE(metrics.zoom, 7.0);
+}
+
+// zoom = room * 4800 / length / 10 / fps, where the room is the width less 30.
+void TestTimelineMetrics::scales_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("fps");
+    QTest::addColumn<VxTime>("length");
+    QTest::addColumn<double>("zoom");
+
+    const struct
+    {
+        int fps;
+        VxTime length;
+        double zoomOf300, zoomOf600, zoomOf1350;
+    } rows[] = {
+        {24, 4800, 1.25, 2.5, 5.625},     // a second
+        {24, 48000, 0.125, 0.25, 0.5625}, // ten
+        {24, 200, 30.0, 60.0, 135.0},     // a frame
+        {7, 4800, 4.285714285714286, 8.571428571428571, 19.285714285714285},
+        {7, 48000, 0.4285714285714286, 0.8571428571428571, 1.9285714285714286},
+        {7, 685, 30.031282586027114, 60.06256517205423, 135.14077163712200},
+        {1200, 4800, 0.025, 0.05, 0.1125},
+        {1200, 48000, 0.0025, 0.005, 0.01125},
+        {1200, 4, 30.0, 60.0, 135.0},
+    };
+    for (const auto &row : rows) {
+        const QByteArray name =
+            QByteArray::number(row.fps) + " a second, " + QByteArray::number(row.length) + " ticks";
+        QTest::newRow((name + ", 330 wide").constData())
+            << 330 << row.fps << row.length << row.zoomOf300;
+        QTest::newRow((name + ", 630 wide").constData())
+            << 630 << row.fps << row.length << row.zoomOf600;
+        QTest::newRow((name + ", 1380 wide").constData())
+            << 1380 << row.fps << row.length << row.zoomOf1350;
+    }
+}
+
+void TestTimelineMetrics::scales()
+{
+    QFETCH(int, width);
+    QFETCH(int, fps);
+    QFETCH(VxTime, length);
+    TimelineMetrics metrics;
+    metrics.fps = fps;
+    QVERIFY(metrics.fit(width, length));
+    QTEST(metrics.zoom, "zoom");
 }
 
 void TestTimelineMetrics::playRangeFillsTheFit()

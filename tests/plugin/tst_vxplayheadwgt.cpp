@@ -22,6 +22,8 @@ private Q_SLOTS:
 
     void sideIsTwiceTheMargin();
     void slotsInOrder();
+    void positions_data();
+    void positions();
     void followsTheTime();
     void followsThePlayRangesStart();
     void offsetsMoveItAtOnce();
@@ -72,6 +74,74 @@ void TestPlayhead::slotsInOrder()
                                    QStringLiteral("setVerticalOffset(int) offset"),
                                    QStringLiteral("updatePosition() "),
                                    QStringLiteral("handleTimeChanged(VxTime) time")}));
+}
+
+// With a = cut(margin / 2 - px(start)), the marker stands at cut(a + offset + px(time) - width /
+// 2).
+void TestPlayhead::positions_data()
+{
+    QTest::addColumn<int>("fps");
+    QTest::addColumn<double>("zoom");
+    QTest::addColumn<int>("frameWidth");
+    QTest::addColumn<int>("keyMargin");
+    QTest::addColumn<int>("offset");
+    QTest::addColumn<VxTime>("start");
+    QTest::addColumn<VxTime>("time");
+    QTest::addColumn<int>("x");
+
+    const auto row = [](const char *name, int fps, double zoom, int frameWidth, int keyMargin,
+                        int offset, VxTime start, VxTime time, int x) {
+        QTest::newRow(name) << fps << zoom << frameWidth << keyMargin << offset << start << time
+                            << x;
+    };
+    // px(0) = 0; cut(2.5) = 2; 2 + 250 - 5.
+    row("time 0", 30, 1.0, 10, 5, 250, 0, 0, 247);
+    // px(1600) = 1600 * 300 / 4800 = 100.
+    row("frame 10", 30, 1.0, 10, 5, 250, 0, 1600, 347);
+    // px(1600) = 50 at both; cut(2.5 - 50) = -47.
+    row("on the start of a range not at 0", 30, 0.5, 10, 5, 250, 1600, 1600, 248);
+    row("after the start of a range not at 0", 30, 0.5, 10, 5, 250, 1600, 3200, 298);
+    // -47 + 250 + px(800) = 25, - 5.
+    row("before the start", 30, 0.5, 10, 5, 250, 1600, 800, 223);
+    // px(3200) = 200, cut(2.5 - 200) = -197: left of the column, and of the parent.
+    row("far before the start", 30, 1.0, 10, 5, 100, 3200, 0, -102);
+    // px(-1000) = cut(-62.5) = -62.
+    row("before 0", 30, 1.0, 10, 5, 250, 0, -1000, 185);
+    // Range start -1000: cut(2.5 + 62) = 64.
+    row("a range that begins before 0", 30, 1.0, 10, 5, 250, -1000, 0, 309);
+    // Width 9: px(1600) = 90, half of it 4.5: cut(3 + 200 + 90 - 4.5).
+    row("an odd width", 30, 1.0, 9, 6, 200, 0, 1600, 288);
+    // The same left of 0: cut(3 + 0 - 90 - 4.5) = -91.
+    row("an odd width, cut towards 0", 30, 1.0, 9, 6, 0, 0, -1600, -91);
+    // 24 a second: px(2000) = 2000 * 240 * 1.7 / 4800 = 170; px(500) = 42.5, cut(4 - 42) = -38.
+    row("24 a second", 24, 1.7, 10, 8, 120, 500, 2000, 247);
+    // 1200 a second: px(6) = 6 * 1200 * 12 * 0.01 / 4800 = 0.18 and px(4000) = 120.
+    row("1200 a second", 1200, 0.01, 12, 7, 80, 6, 4000, 197);
+}
+
+void TestPlayhead::positions()
+{
+    QFETCH(int, fps);
+    QFETCH(double, zoom);
+    QFETCH(int, frameWidth);
+    QFETCH(int, keyMargin);
+    QFETCH(int, offset);
+    QFETCH(VxTime, start);
+    QFETCH(VxTime, time);
+    TimelineMetrics &metrics = TimelineMetrics::shared();
+    metrics.fps = fps;
+    metrics.zoom = zoom;
+    metrics.frameWidth = frameWidth;
+    metrics.keyMargin = keyMargin;
+    VxPlayheadWgt playhead;
+    vxScene->setPlayRange(VxTimeRange(start, 48000));
+    vxScene->setTime(time);
+    playhead.setHorizontalOffset(offset);
+    QTEST(playhead.x(), "x");
+    // From elsewhere, by the time alone.
+    vxScene->setTime(time + 160);
+    vxScene->setTime(time);
+    QTEST(playhead.x(), "x");
 }
 
 // Margin 5 gives 2.5 pixels, cut to 2; half a frame is 5 pixels: frame f stands at 10 f - 3.

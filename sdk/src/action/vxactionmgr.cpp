@@ -1,5 +1,6 @@
 #include <vxcore/vxactionmgr.h>
 
+#include "action/keyrepeatfilter.h"
 #include "action/vxshortcuttable.h"
 #include "menu/vxmenubarfiller.h"
 
@@ -73,6 +74,7 @@ VxActionMgr::VxActionMgr(QObject *parent)
     : QObject(parent)
     , d(new Private)
 {
+    new KeyRepeatFilter(this);
 }
 
 VxActionMgr::~VxActionMgr()
