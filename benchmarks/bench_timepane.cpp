@@ -114,6 +114,32 @@ void scrub(benchmark::State &state)
 }
 BENCHMARK(scrub)->Unit(benchmark::kMicrosecond);
 
+/// Every row selected: the view asks for each cell whether it is.
+void timeChangeAllSelected(benchmark::State &state)
+{
+    Fixture fixture;
+    vxScene->selectAllNodes(true);
+    fixture.pane().getDopeSheetView()->expandToDepth(3);
+    Fixture::settle();
+    changeTimes(state);
+}
+BENCHMARK(timeChangeAllSelected)->Unit(benchmark::kMicrosecond);
+
+/// The play range as a drag in the time range slider changes it; the time scale goes along.
+void rangeDrag(benchmark::State &state)
+{
+    Fixture fixture;
+    fixture.pane().getDopeSheetView()->expandToDepth(3);
+    Fixture::settle();
+    int offset = 0;
+    for (auto _ : state) {
+        offset = (offset + 37) % 8000;
+        vxScene->setPlayRange(VxTimeRange(offset, 40000));
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(rangeDrag)->Unit(benchmark::kMicrosecond);
+
 void skipFloor(benchmark::State &state)
 {
     const VxApp app;
