@@ -1,6 +1,8 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtTest>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
@@ -119,6 +121,7 @@ private Q_SLOTS:
     void paneIsFoundAndForgotten();
     void everyActionRegistersWithThePane();
     void aSecondPaneLeavesTheMarksAlone();
+    void animationMenu();
     void initTwice();
 
     void exclusiveChoice_data();
@@ -329,6 +332,71 @@ void TestVxTimelineActions::aSecondPaneLeavesTheMarksAlone()
     QCOMPARE(stage.checked("VxTimePaneViewModeAction"), QStringList("VxTimePaneBasicViewAction"));
     QCOMPARE(stage.checked("VxTimePaneSetKeyScopeAction"),
              QStringList("VxTimePaneSetKeyScopeNodeAction"));
+}
+
+void TestVxTimelineActions::animationMenu()
+{
+    const Stage stage;
+    QMenuBar menuBar;
+    stage.window.getActionMgr()->populateMenuBar(&menuBar);
+    const QMenu *menu = nullptr;
+    for (const QAction *entry : menuBar.actions()) {
+        if (entry->text() == QLatin1String("Animation"))
+            menu = entry->menu();
+    }
+    QVERIFY(menu);
+    QStringList entries;
+    for (const QAction *entry : menu->actions())
+        entries += entry->isSeparator() ? QStringLiteral("-") : entry->text();
+    const QStringList expected = {"Preferences",
+                                  "Set Key Interpolation",
+                                  "-",
+                                  "Select Item Keys (Filtered)",
+                                  "Select All Item Keys (Filtered)",
+                                  "Deselect Item Keys (Filtered)",
+                                  "Deselect All Item Keys (Filtered)",
+                                  "-",
+                                  "Play / Pause",
+                                  "Toggle Looping",
+                                  "Play All Frames",
+                                  "-",
+                                  "Step to Previous Frame",
+                                  "Step to Next Frame",
+                                  "Skip to Play Range Start",
+                                  "Skip to Play Range End",
+                                  "-",
+                                  "Skip to Previous Key (Filtered)",
+                                  "Skip to Next Key (Filtered)",
+                                  "Skip to Previous Key",
+                                  "Skip to Next Key",
+                                  "-",
+                                  "Create Keys (Filtered)",
+                                  "Delete Selected Keys",
+                                  "Copy Selected Key(s)",
+                                  "Paste Key(s)",
+                                  "Create Keys (Selected Nodes)",
+                                  "Delete Keys (Selected Nodes)",
+                                  "-",
+                                  "Expand All",
+                                  "Expand Item",
+                                  "Expand from Item",
+                                  "Expand Keyed from Item",
+                                  "-",
+                                  "Collapse All",
+                                  "Collapse Item",
+                                  "Collapse from Item",
+                                  "Collapse Non-Keyed from Item",
+                                  "-",
+                                  "Move Root Node to Top",
+                                  "Move Root Node Up",
+                                  "Move Root Node Down",
+                                  "Move Root Node to Bottom",
+                                  "-",
+                                  "Show Key Graph",
+                                  "Monitor Parameters Pane",
+                                  "Frame Keys",
+                                  "Refresh"};
+    QCOMPARE(entries, expected);
 }
 
 void TestVxTimelineActions::initTwice()

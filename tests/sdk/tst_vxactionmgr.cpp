@@ -64,6 +64,26 @@ public:
     QString getActionGroup() const override { return QStringLiteral("Clipboard"); }
 };
 
+/// An action that asks for a place among those of its group, and is named by it.
+class OrderedAction : public VxAction
+{
+public:
+    explicit OrderedAction(int order)
+        : VxAction(QString::number(order))
+        , m_order(order)
+    {
+    }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
+    QString getActionGroup() const override
+    {
+        return m_order < 0 ? QStringLiteral("/More") : QStringLiteral("Clipboard");
+    }
+    int getMenuOrder() const override { return m_order; }
+
+private:
+    int m_order;
+};
+
 class AbstractAction : public VxAction
 {
     Q_OBJECT
@@ -156,6 +176,7 @@ private Q_SLOTS:
     void groupParts();
     void fillsAMenuBar();
     void extendsExistingMenusOnce();
+    void menuOrderAndSections();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -425,6 +446,29 @@ void tst_VxActionMgr::extendsExistingMenusOnce()
     manager.populateMenuBar(&menuBar);
     QCOMPARE(shown(&menuBar), QStringLiteral("&Edit>"));
     QCOMPARE(shown(subMenu(&menuBar, "&Edit")), QStringLiteral("Undo - Copy"));
+}
+
+void tst_VxActionMgr::menuOrderAndSections()
+{
+    std::vector<std::unique_ptr<VxAction>> owned;
+    const auto ordered = [&owned](std::initializer_list<int> orders) {
+        QVector<VxAction *> actions;
+        for (const int order : orders) {
+            owned.push_back(std::make_unique<OrderedAction>(order));
+            actions.append(owned.back().get());
+        }
+        return actions;
+    };
+    QMenuBar menuBar;
+    QVector<VxAction *> actions = ordered({310, 201, 200, 305});
+    ClearAction other;
+    actions.prepend(&other);
+    VxMenuBarFiller(&menuBar).addActions(actions);
+    const QMenu *edit = subMenu(&menuBar, "Edit");
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310"));
+    // What comes later goes to the end of its group.
+    VxMenuBarFiller(&menuBar).addActions(ordered({-1, 399, 100}));
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310 - 100 - 399 - More>"));
 }
 
 QTEST_MAIN(tst_VxActionMgr)

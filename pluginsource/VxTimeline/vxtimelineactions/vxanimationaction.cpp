@@ -7,6 +7,7 @@
 
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/vxwarning.h"
+#include "vxtimelineactions/animationmenuorder.h"
 
 VxAnimationAction::VxAnimationAction(const QString &text, const QString &description,
                                      bool checkable)
@@ -29,6 +30,11 @@ QString VxAnimationAction::getDefaultMenuPath() const
 QString VxAnimationAction::getActionGroup() const
 {
     return QStringLiteral("VxTimePane::");
+}
+
+int VxAnimationAction::getMenuOrder() const
+{
+    return animationMenuOrder(metaObject()->className());
 }
 
 VxTimePane *VxAnimationAction::findTimePane()

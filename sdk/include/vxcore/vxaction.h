@@ -50,6 +50,10 @@ public:
     /// The group within that menu. "Class::" names a pane; a path of sub-menus starts with "/".
     /// Actions of one group stand together; empty for no group of its own.
     virtual QString getActionGroup() const;
+    /// The place among the entries that come into a menu together: lower ones first, equal ones in
+    /// the order of the actions. Within a group a separator stands between entries of different
+    /// hundreds. 0 unless overridden.
+    virtual int getMenuOrder() const;
 
     /// True for an action whose effect goes to the clipboard of the pane that has the focus: it
     /// asks before it takes a key press from a text field. False unless overridden.

@@ -62,6 +62,11 @@ QString VxAction::getActionGroup() const
     return QString();
 }
 
+int VxAction::getMenuOrder() const
+{
+    return 0;
+}
+
 bool VxAction::isClipboardAction() const
 {
     return false;

@@ -5,6 +5,7 @@
 #include <QtCore/QVariant>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
+#include <algorithm>
 #include <vxcore/vxaction.h>
 
 namespace {
@@ -29,34 +30,39 @@ QString groupOf(const QAction *entry)
     return entry->property(subMenuGroupProperty).toString();
 }
 
-/** The entry to insert before so that the group stays together; null to append. */
-QAction *endOfGroup(const QMenu *menu, const QString &group)
+/** The section of its group that an entry belongs to; sub-menus stand in the first. */
+int sectionOf(const QAction *entry)
+{
+    const VxAction *action = qobject_cast<const VxAction *>(entry);
+    return action ? action->getMenuOrder() / 100 : 0;
+}
+
+/** The place of the group's last entry in the menu; -1 when there is none. */
+int findLastOfGroup(const QMenu *menu, const QString &group)
 {
     const QList<QAction *> entries = menu->actions();
     for (int i = entries.size() - 1; i >= 0; --i) {
         const QString other = groupOf(entries.at(i));
         if (!other.isNull() && other == group)
-            return entries.value(i + 1, nullptr);
+            return i;
     }
-    return nullptr;
-}
-
-bool hasGroup(const QMenu *menu, const QString &group)
-{
-    for (const QAction *entry : menu->actions()) {
-        const QString other = groupOf(entry);
-        if (!other.isNull() && other == group)
-            return true;
-    }
-    return false;
+    return -1;
 }
 
 void insertIntoGroup(QMenu *menu, QAction *entry, const QString &group)
 {
-    const bool known = hasGroup(menu, group);
-    if (!known && !menu->actions().isEmpty() && !menu->actions().constLast()->isSeparator())
-        menu->addSeparator();
-    menu->insertAction(known ? endOfGroup(menu, group) : nullptr, entry);
+    const QList<QAction *> entries = menu->actions();
+    const int last = findLastOfGroup(menu, group);
+    if (last < 0) {
+        if (!entries.isEmpty() && !entries.constLast()->isSeparator())
+            menu->addSeparator();
+        menu->addAction(entry);
+        return;
+    }
+    QAction *next = entries.value(last + 1, nullptr);
+    if (sectionOf(entries.at(last)) != sectionOf(entry))
+        menu->insertSeparator(next);
+    menu->insertAction(next, entry);
 }
 
 QMenu *subMenu(QMenu *menu, const QString &title, const QString &group)
@@ -73,7 +79,11 @@ QMenu *subMenu(QMenu *menu, const QString &title, const QString &group)
 
 void VxMenuBarFiller::addActions(const QVector<VxAction *> &actions) const
 {
-    for (VxAction *action : actions) {
+    QVector<VxAction *> ordered = actions;
+    std::stable_sort(ordered.begin(), ordered.end(), [](const VxAction *a, const VxAction *b) {
+        return a->getMenuOrder() < b->getMenuOrder();
+    });
+    for (VxAction *action : qAsConst(ordered)) {
         if (!pathParts(action->getDefaultMenuPath()).isEmpty())
             addAction(action);
     }

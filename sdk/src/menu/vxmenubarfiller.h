@@ -14,8 +14,8 @@ class VxAction;
 /// Sorts actions into a menu bar by the paths and groups they name.
 ///
 /// A menu is found by its title, whoever made it. Within a menu the entries of one group stand
-/// together, in the order in which they come, with separators between groups; an action that is
-/// there already stays where it is.
+/// together, by the order they ask for, with separators between groups and between the sections of
+/// a group; an action that is there already stays where it is.
 class VXCORE_EXPORT VxMenuBarFiller
 {
 public:

@@ -1,0 +1,73 @@
+#include "vxtimelineactions/animationmenuorder.h"
+
+#include <QtCore/QByteArray>
+
+namespace {
+
+// From top to bottom; null ends a section.
+const char *const entries[] = {
+    "VxTimePaneSelectItemPlayRangeKeysAction",
+    "VxTimePaneSelectItemAnimRangeKeysAction",
+    "VxTimePaneDeselectItemPlayRangeKeysAction",
+    "VxTimePaneDeselectItemAnimRangeKeysAction",
+    nullptr,
+    "VxPlayToggleAction",
+    "VxLoopToggleAction",
+    "VxTimePanePlayAllFramesAction",
+    nullptr,
+    "VxPrevFrameAction",
+    "VxNextFrameAction",
+    "VxSkipToPlayrangeStartAction",
+    "VxSkipToPlayrangeEndAction",
+    nullptr,
+    "VxTimePanePrevKeyAction",
+    "VxTimePaneNextKeyAction",
+    "VxSkipToPrevKeyAction",
+    "VxSkipToNextKeyAction",
+    nullptr,
+    "VxTimePaneCreateKeysAction",
+    "VxTimePaneDeleteSelectedKeysAction",
+    "VxTimePaneCopySelectedKeysAction",
+    "VxTimePanePasteKeysAction",
+    "VxAddKeysAction",
+    "VxDeleteKeysAction",
+    nullptr,
+    "VxTimePaneExpandAllItemsAction",
+    "VxTimePaneExpandItemAction",
+    "VxTimePaneExpandFromItemAction",
+    "VxTimePaneExpandKeyedFromItemAction",
+    nullptr,
+    "VxTimePaneCollapseAllItemsAction",
+    "VxTimePaneCollapseItemAction",
+    "VxTimePaneCollapseFromItemAction",
+    "VxTimePaneCollapseNonKeyedFromItemAction",
+    nullptr,
+    "VxTimePaneMoveRootNodeToTopAction",
+    "VxTimePaneMoveRootNodeUpAction",
+    "VxTimePaneMoveRootNodeDownAction",
+    "VxTimePaneMoveRootNodeToBottomAction",
+    nullptr,
+    "VxTimePaneKeyGraphToggleAction",
+    "VxTimePaneMonitorParametersPaneAction",
+    "VxTimePaneFrameGraphKeysAction",
+    "VxTimePaneRefreshDopesheetAction",
+};
+
+} // namespace
+
+int animationMenuOrder(const char *className)
+{
+    int section = 1;
+    int place = 0;
+    for (const char *entry : entries) {
+        if (!entry) {
+            ++section;
+            place = 0;
+            continue;
+        }
+        if (qstrcmp(entry, className) == 0)
+            return 100 * section + place;
+        ++place;
+    }
+    return 0;
+}
