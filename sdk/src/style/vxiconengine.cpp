@@ -1,6 +1,7 @@
 #include "style/vxiconengine.h"
 
 #include <QtGui/QPainter>
+#include <QtGui/QPixmapCache>
 
 #include <algorithm>
 
@@ -42,6 +43,19 @@ QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
     return picture;
 }
 
+// The picture in the middle of a larger one.
+QPixmap framed(const QPixmap &picture, const QSize &size)
+{
+    if (size == picture.size())
+        return picture;
+    QPixmap result(size);
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    painter.drawPixmap((size.width() - picture.width()) / 2, (size.height() - picture.height()) / 2,
+                       picture);
+    return result;
+}
+
 } // namespace
 
 VxIconEngine::VxIconEngine(const VxStyle *style, VxStyle::StandardIconId id)
@@ -61,20 +75,26 @@ void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
     painter->drawPixmap(rect.topLeft(), picture);
 }
 
+// Views paint the same few icons in row after row, time after time.
 QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     const VxGlyph glyph = vxFindGlyph(m_id);
     if (glyph == nullptr || size.isEmpty())
         return QPixmap();
-    const int side = std::min(size.width(), size.height());
-    const QPixmap picture = renderGlyph(glyph, side, glyphColors(scheme(), mode, state));
-    if (size == picture.size())
+    const QString cacheKey = QStringLiteral("VxIcon %1 %2 %3 %4 %5x%6")
+                                 .arg(quint32(m_id), 0, 16)
+                                 .arg(int(scheme()))
+                                 .arg(int(mode))
+                                 .arg(int(state))
+                                 .arg(size.width())
+                                 .arg(size.height());
+    QPixmap picture;
+    if (QPixmapCache::find(cacheKey, &picture))
         return picture;
-    QPixmap framed(size);
-    framed.fill(Qt::transparent);
-    QPainter painter(&framed);
-    painter.drawPixmap((size.width() - side) / 2, (size.height() - side) / 2, picture);
-    return framed;
+    const int side = std::min(size.width(), size.height());
+    picture = framed(renderGlyph(glyph, side, glyphColors(scheme(), mode, state)), size);
+    QPixmapCache::insert(cacheKey, picture);
+    return picture;
 }
 
 QSize VxIconEngine::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)
