@@ -1,7 +1,9 @@
 // The rows that are selected, and the nodes of the scene that are.
 
 #include <QtCore/QScopedValueRollback>
+#include <algorithm>
 #include <utility>
+#include <vector>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
@@ -37,6 +39,37 @@ void selectMissing(const QVector<VxNode *> &nodes)
     }
 }
 
+// A row as its parent's child, in an order in which neighbours come together.
+struct ChildRow
+{
+    QModelIndex parent;
+    QModelIndex index;
+
+    bool follows(const ChildRow &other) const
+    {
+        return parent == other.parent && index.row() == other.index.row() + 1;
+    }
+    friend bool operator<(const ChildRow &a, const ChildRow &b)
+    {
+        return a.parent == b.parent ? a.index.row() < b.index.row() : a.parent < b.parent;
+    }
+};
+
+// Rows as a selection of as few ranges as they make: each question whether a row is selected, and
+// painting asks several for every row, walks through all ranges.
+QItemSelection selectionOf(std::vector<ChildRow> rows)
+{
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection;
+    for (std::size_t i = 0; i < rows.size();) {
+        const std::size_t first = i++;
+        while (i < rows.size() && rows[i].follows(rows[i - 1]))
+            ++i;
+        selection.select(rows[first].index, rows[i - 1].index);
+    }
+    return selection;
+}
+
 } // namespace
 
 bool VxDopeSheetView::isChangingSelection() const
@@ -48,13 +81,14 @@ void VxDopeSheetView::selectSceneSelection()
 {
     if (!selectionModel())
         return;
-    QItemSelection rows;
+    std::vector<ChildRow> rows;
     for (VxNode *node : vxScene->getSelectedNodes()) {
         const QModelIndex index = findNodeIndex(node);
         if (index.isValid())
-            rows.select(index, index);
+            rows.push_back({index.parent(), index});
     }
-    selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    selectionModel()->select(selectionOf(std::move(rows)),
+                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 bool VxDopeSheetView::hasItemSelection() const
