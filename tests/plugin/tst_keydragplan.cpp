@@ -60,23 +60,23 @@ void TestKeyDragPlan::oneAxisKeepsTheLonger()
 void TestKeyDragPlan::times_data()
 {
     QTest::addColumn<int>("start");
-    QTest::addColumn<double>("ticks");
+    QTest::addColumn<int>("ticks");
     QTest::addColumn<int>("step");
     QTest::addColumn<int>("time");
-    QTest::newRow("without snapping") << 100 << 17.9 << 0 << 117;
-    QTest::newRow("backwards, truncated") << 100 << -17.9 << 0 << 83;
-    QTest::newRow("below half a frame") << 0 << 79.9 << 160 << 0;
-    QTest::newRow("half a frame") << 0 << 80.0 << 160 << 160;
-    QTest::newRow("half a frame before zero") << 0 << -80.0 << 160 << -160;
-    QTest::newRow("less before zero") << 0 << -79.0 << 160 << 0;
-    QTest::newRow("off the frames comes onto one") << 70 << 20.0 << 160 << 160;
-    QTest::newRow("beyond all times") << 100 << 1e30 << 0 << int(VxTimeMax);
+    QTest::newRow("without snapping") << 100 << 17 << 0 << 117;
+    QTest::newRow("backwards") << 100 << -17 << 0 << 83;
+    QTest::newRow("below half a frame") << 0 << 79 << 160 << 0;
+    QTest::newRow("half a frame") << 0 << 80 << 160 << 160;
+    QTest::newRow("half a frame before zero") << 0 << -80 << 160 << -160;
+    QTest::newRow("less before zero") << 0 << -79 << 160 << 0;
+    QTest::newRow("off the frames comes onto one") << 70 << 20 << 160 << 160;
+    QTest::newRow("beyond all times") << 100 << int(VxTimeMax) << 0 << int(VxTimeMax);
 }
 
 void TestKeyDragPlan::times()
 {
     QFETCH(int, start);
-    QFETCH(double, ticks);
+    QFETCH(int, ticks);
     QFETCH(int, step);
     QTEST(draggedTime(start, ticks, step), "time");
 }

@@ -95,11 +95,10 @@ QPointF oneAxis(const QPointF &delta)
     return QPointF(delta.x(), 0.0);
 }
 
-VxTime draggedTime(VxTime start, double deltaTicks, VxTime timeStep)
+VxTime draggedTime(VxTime start, VxTime delta, VxTime timeStep)
 {
-    const VxTime time =
-        TimelineSnap::limited(qint64(start) + qint64(TimelineSnap::truncated(deltaTicks)));
-    return TimelineSnap::toFrame(time, timeStep);
+    const VxTime time = TimelineSnap::limited(qint64(start) + delta);
+    return timeStep > 0 ? TimelineSnap::toFrame(time, timeStep) : time;
 }
 
 VxTime freeTime(const VxTime *times, int count, int index, VxTime target)

@@ -20,9 +20,9 @@ struct Move
 // The way of the mouse, or only its longer half; two halves of one length keep the horizontal one.
 QPointF oneAxis(const QPointF &delta);
 
-// The time of a key that began at start after a way of deltaTicks, to a whole frame when
-// timeStep is not 0 (halves away from zero).
-VxTime draggedTime(VxTime start, double deltaTicks, VxTime timeStep);
+// The time of a key that began at start after a way of delta ticks, limited to 32 bits, and to a
+// whole frame when timeStep is not 0 (halves away from zero).
+VxTime draggedTime(VxTime start, VxTime delta, VxTime timeStep);
 
 // The nearest free time from target back to where key index is now, which counts as free:
 //     key at `a`, target where `c` is:   a . b c   ->   . . b c with a just before c

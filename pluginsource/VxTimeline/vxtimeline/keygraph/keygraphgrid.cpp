@@ -7,7 +7,7 @@ namespace KeyGraphGrid {
 namespace {
 
 constexpr double SmallestMinorSpacing = 12.0; // pixels
-constexpr double LargestLineNumber = 1e15;   // beyond it neighbours are no longer told apart
+constexpr double LargestLineNumber = 1e15;    // beyond it neighbours are no longer told apart
 
 // The first digit of a round step, 1, 2 or 5.
 int leadingDigit(double step)

@@ -1,11 +1,14 @@
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
+#include <algorithm>
+
 #include "vxtimeline/keys/vxkeycommunication.h"
 
 class VxKeyGraphChannel::Private
 {
 public:
     bool isKey(int index) const { return index >= 0 && index < keyCache.size(); }
+    bool hasTimesOf(const KeyGraphKeys &keys) const;
     void rebuild(const KeyGraphKeys &keys);
     void setSelected(const QVector<qint32> &indexes, bool selected);
 
@@ -14,9 +17,20 @@ public:
     QVector<VxKeyGraphKey> keyCache;
 };
 
-// Both lists are in order of time, so one pass finds the former record of each key.
+bool VxKeyGraphChannel::Private::hasTimesOf(const KeyGraphKeys &keys) const
+{
+    return keyCache.size() == keys.count &&
+           std::equal(keyCache.constBegin(), keyCache.constEnd(), keys.times,
+                      [](const VxKeyGraphKey &key, VxTime time) { return key.time == time; });
+}
+
+// Both lists are in order of time, so one pass finds the former record of each key. Mostly only
+// values changed, or the channel has moved the keys itself.
 void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
 {
+    cacheValid = true;
+    if (hasTimesOf(keys))
+        return;
     QVector<VxKeyGraphKey> fresh(keys.count);
     const VxKeyGraphKey *former = keyCache.constBegin();
     const VxKeyGraphKey *const end = keyCache.constEnd();
@@ -33,7 +47,6 @@ void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
         record->dragStartValue = keys.value(i);
     }
     keyCache.swap(fresh);
-    cacheValid = true;
 }
 
 void VxKeyGraphChannel::Private::setSelected(const QVector<qint32> &indexes, bool selected)

@@ -1,6 +1,7 @@
 // What the mouse does in the key graph view.
 
 #include <QtGui/QMouseEvent>
+#include <algorithm>
 #include <cmath>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxchangeblock.h>
@@ -34,16 +35,18 @@ int viewOperationOf(const QMouseEvent *event)
 // Where a way of the mouse puts the selected keys, in the order of their indexes, or from the last
 // to the first. In the direction of the way the foremost key goes first, and none runs into one
 // that has yet to move.
-QVector<KeyDragPlan::Move> movesOf(const QVector<VxKeyGraphKey> &keys, double deltaTicks,
+QVector<KeyDragPlan::Move> movesOf(const QVector<VxKeyGraphKey> &keys, VxTime deltaTime,
                                    double deltaValue, VxTime timeStep, bool fromLast)
 {
     QVector<KeyDragPlan::Move> moves;
     const int count = keys.size();
+    moves.reserve(static_cast<int>(
+        std::count_if(keys.cbegin(), keys.cend(), [](const auto &key) { return key.selected; })));
     for (int i = 0; i < count; ++i) {
         const int index = fromLast ? count - 1 - i : i;
         const VxKeyGraphKey &key = keys.at(index);
         if (key.selected)
-            moves.append({index, KeyDragPlan::draggedTime(key.dragStartTime, deltaTicks, timeStep),
+            moves.append({index, KeyDragPlan::draggedTime(key.dragStartTime, deltaTime, timeStep),
                           key.dragStartValue + deltaValue});
     }
     return moves;
@@ -187,6 +190,9 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     QPointF way(currentPos - pressPos);
     if (modifiers & Qt::ShiftModifier)
         way = KeyDragPlan::oneAxis(way);
+    const VxTime deltaTime = TimelineSnap::truncated(way.x() * scale.ticksPerPixel);
+    const double deltaValue = way.y() * scale.valuePerPixel;
+    const bool fromLast = currentPos.x() >= previousPos.x();
     const VxTime timeStep = modifiers & Qt::ControlModifier ? 0 : vxScene->getTimeStep();
     if (!hold)
         hold = std::make_unique<VxUndoStackHold>();
@@ -196,9 +202,8 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     {
         const VxChangeBlock block;
         for (VxKeyGraphChannel *channel : list) {
-            if (channel->moveKeys(movesOf(channel->getKeyCache(), way.x() * scale.ticksPerPixel,
-                                          way.y() * scale.valuePerPixel, timeStep,
-                                          currentPos.x() >= previousPos.x())))
+            if (channel->moveKeys(
+                    movesOf(channel->getKeyCache(), deltaTime, deltaValue, timeStep, fromLast)))
                 moved.append(channel);
         }
     }
