@@ -11,6 +11,15 @@ using namespace KeyDragPlan;
 
 namespace {
 
+std::vector<VxTime> placed(const std::vector<VxTime> &keys, std::vector<Move> moves)
+{
+    placeKeys(keys.data(), int(keys.size()), moves.data(), int(moves.size()));
+    std::vector<VxTime> times;
+    for (const Move &move : moves)
+        times.push_back(move.time);
+    return times;
+}
+
 // Moves one key after the other, searching all keys each time: what placeKeys() must agree with.
 std::vector<VxTime> placeOneByOne(std::vector<VxTime> times, const std::vector<Move> &moves)
 {
@@ -101,7 +110,7 @@ void TestKeyDragPlan::places()
     std::vector<Move> moves;
     for (int i = int(keys.size()) - 1; i >= 0; --i)
         moves.push_back({i, targets[keys.size() - 1 - std::size_t(i)], 0.0});
-    QCOMPARE(placeKeys(keys.data(), int(keys.size()), moves.data(), int(moves.size())), places);
+    QCOMPARE(placed(keys, moves), places);
 }
 
 void TestKeyDragPlan::agreesWithOneByOne()
@@ -121,8 +130,7 @@ void TestKeyDragPlan::agreesWithOneByOne()
         }
         if (random.bounded(2))
             std::reverse(moves.begin(), moves.end());
-        QCOMPARE(placeKeys(keys.data(), int(keys.size()), moves.data(), int(moves.size())),
-                 placeOneByOne(keys, moves));
+        QCOMPARE(placed(keys, moves), placeOneByOne(keys, moves));
     }
 }
 
@@ -180,11 +188,11 @@ void TestKeyDragPlan::manyMovesAreOneByOne()
 
 void TestKeyDragPlan::farEndsDoNotOverflow()
 {
-    const VxTime keys[] = {VxTimeMin, 0, VxTimeMax};
-    const Move later[] = {{1, VxTimeMax, 0.0}, {0, VxTimeMax, 0.0}};
-    QCOMPARE(placeKeys(keys, 3, later, 2), (std::vector<VxTime>{VxTimeMax - 1, VxTimeMax - 2}));
-    const Move earlier[] = {{1, VxTimeMin, 0.0}, {2, VxTimeMin, 0.0}};
-    QCOMPARE(placeKeys(keys, 3, earlier, 2), (std::vector<VxTime>{VxTimeMin + 1, VxTimeMin + 2}));
+    const std::vector<VxTime> keys = {VxTimeMin, 0, VxTimeMax};
+    const std::vector<Move> later = {{1, VxTimeMax, 0.0}, {0, VxTimeMax, 0.0}};
+    QCOMPARE(placed(keys, later), (std::vector<VxTime>{VxTimeMax - 1, VxTimeMax - 2}));
+    const std::vector<Move> earlier = {{1, VxTimeMin, 0.0}, {2, VxTimeMin, 0.0}};
+    QCOMPARE(placed(keys, earlier), (std::vector<VxTime>{VxTimeMin + 1, VxTimeMin + 2}));
 }
 
 QTEST_MAIN(TestKeyDragPlan)

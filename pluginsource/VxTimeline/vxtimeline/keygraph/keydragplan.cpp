@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "vxtimeline/time/timelinesnap.h"
 
@@ -86,6 +87,45 @@ VxTime place(TakenTimes &taken, std::size_t index, VxTime target)
     return target;
 }
 
+// True when every key moves the way that the order of moves goes, and no two want one time: none
+// can then meet another moved key.
+bool runAhead(const VxTime *times, const Move *moves, int moveCount, bool descending)
+{
+    bool ahead = true;
+    for (int i = 0; i < moveCount; ++i) {
+        const VxTime own = times[moves[i].index];
+        const VxTime time = moves[i].time;
+        ahead &= descending ? time >= own : time <= own;
+        if (i > 0)
+            ahead &= descending ? time < moves[i - 1].time : time > moves[i - 1].time;
+    }
+    return ahead;
+}
+
+// True when a move leads to the time of a key that is not moved. The moves' times rise or fall
+// with their order.
+bool meetUnmoved(const VxTime *times, int count, const Move *moves, int moveCount, bool descending)
+{
+    if (moveCount == count)
+        return false;
+    int reached = 0; // moves whose own key was passed
+    int behind = 0;  // moves whose target was passed
+    for (int i = 0; i < count; ++i) {
+        const int index = descending ? count - 1 - i : i;
+        if (reached < moveCount && moves[reached].index == index) {
+            ++reached;
+            continue;
+        }
+        const VxTime time = times[index];
+        while (behind < moveCount &&
+               (descending ? moves[behind].time > time : moves[behind].time < time))
+            ++behind;
+        if (behind < moveCount && moves[behind].time == time)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 QPointF oneAxis(const QPointF &delta)
@@ -115,20 +155,21 @@ VxTime freeTime(const VxTime *times, int count, int index, VxTime target)
     return target;
 }
 
-std::vector<VxTime> placeKeys(const VxTime *times, int count, const Move *moves, int moveCount)
+void placeKeys(const VxTime *times, int count, Move *moves, int moveCount)
 {
     const bool descending = moveCount > 1 && moves[0].index > moves[moveCount - 1].index;
+    if (runAhead(times, moves, moveCount, descending) &&
+        !meetUnmoved(times, count, moves, moveCount, descending))
+        return;
     TakenTimes taken(descending ? mirrored(times, count)
                                 : std::vector<VxTime>(times, times + count),
                      static_cast<std::size_t>(moveCount));
-    std::vector<VxTime> result(static_cast<std::size_t>(moveCount));
     for (int i = 0; i < moveCount; ++i) {
         const int index = descending ? count - 1 - moves[i].index : moves[i].index;
         const VxTime target = descending ? ~moves[i].time : moves[i].time;
         const VxTime time = place(taken, static_cast<std::size_t>(index), target);
-        result[static_cast<std::size_t>(i)] = descending ? ~time : time;
+        moves[i].time = descending ? ~time : time;
     }
-    return result;
 }
 
 } // namespace KeyDragPlan

@@ -2,7 +2,6 @@
 #define KEYDRAGPLAN_H
 
 #include <QtCore/QPointF>
-#include <vector>
 #include <vxcore/vxtime.h>
 
 // Where dragged keys go, as plain functions. A drag is reckoned from where it began, never from
@@ -28,10 +27,10 @@ VxTime draggedTime(VxTime start, VxTime delta, VxTime timeStep);
 //     key at `a`, target where `c` is:   a . b c   ->   . . b c with a just before c
 VxTime freeTime(const VxTime *times, int count, int index, VxTime target);
 
-// The times at which keys come to lie when they are moved one after the other, each as in
-// freeTime(). moves: indexes ascending or descending, no doubles; each names the key that it had
-// before the first move. A key already at its time stays there. Result: one time a move.
-std::vector<VxTime> placeKeys(const VxTime *times, int count, const Move *moves, int moveCount);
+// Puts into each move the time at which its key comes to lie when the keys are moved one after the
+// other, each as in freeTime(). moves: indexes ascending or descending, no doubles; each names the
+// key that had the index before the first move. A key already at its time stays there.
+void placeKeys(const VxTime *times, int count, Move *moves, int moveCount);
 
 } // namespace KeyDragPlan
 

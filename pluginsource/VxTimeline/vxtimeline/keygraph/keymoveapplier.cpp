@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {
@@ -61,84 +62,77 @@ float KeyMoveApplier::narrowed(double value)
     return static_cast<float>(value);
 }
 
-bool KeyMoveApplier::apply(const QVector<KeyDragPlan::Move> &moves,
-                           const QVector<VxKeyGraphKey> &records)
+bool KeyMoveApplier::apply(QVector<KeyDragPlan::Move> moves, const QVector<VxKeyGraphKey> &records)
 {
-    std::vector<Placed> placed = place(moves);
-    if (placed.empty() || m_property->isLocked() || !m_property->canBeKeyed())
+    toStoredValues(moves);
+    if (moves.isEmpty() || m_property->isLocked() || !m_property->canBeKeyed())
         return false;
-    const auto byTime = [](const Placed &a, const Placed &b) { return a.time < b.time; };
-    if (placed.front().index > placed.back().index)
-        std::reverse(placed.begin(), placed.end());
     const VxTime *times = m_property->getKeyTimes();
-    const bool inPlace = std::all_of(placed.begin(), placed.end(), [times](const Placed &key) {
-        return key.time == times[key.index];
+    KeyDragPlan::placeKeys(times, m_property->getNumKeys(), moves.data(), moves.size());
+    if (moves.first().index > moves.last().index)
+        std::reverse(moves.begin(), moves.end());
+    const bool inPlace = std::all_of(moves.cbegin(), moves.cend(), [times](const auto &move) {
+        return move.time == times[move.index];
     });
     if (inPlace)
-        return setValues(placed, records);
-    if (!std::is_sorted(placed.begin(), placed.end(), byTime))
-        std::sort(placed.begin(), placed.end(), byTime);
-    return replaceSpan(placed, records);
+        return setValues(moves, records);
+    const auto byTime = [](const auto &a, const auto &b) { return a.time < b.time; };
+    if (!std::is_sorted(moves.cbegin(), moves.cend(), byTime))
+        std::sort(moves.begin(), moves.end(), byTime);
+    return replaceSpan(moves, records);
 }
 
-std::vector<KeyMoveApplier::Placed>
-KeyMoveApplier::place(const QVector<KeyDragPlan::Move> &moves) const
+// Values as the property will keep them, without the moves that it could not take.
+void KeyMoveApplier::toStoredValues(Moves &moves) const
 {
     const int count = m_property->getNumKeys();
-    std::vector<KeyDragPlan::Move> possible;
-    possible.reserve(static_cast<std::size_t>(moves.size()));
-    for (const KeyDragPlan::Move &move : moves) {
-        if (move.index >= 0 && move.index < count &&
-            std::isfinite(narrowed(move.value / m_displayScale)))
-            possible.push_back(move);
-    }
-    const std::vector<VxTime> times = KeyDragPlan::placeKeys(
-        m_property->getKeyTimes(), count, possible.data(), static_cast<int>(possible.size()));
     const bool clamped = m_property->isClamped();
-    std::vector<Placed> placed;
-    placed.reserve(times.size());
-    for (std::size_t i = 0; i < times.size(); ++i) {
-        float value = narrowed(possible[i].value / m_displayScale);
-        if (clamped)
-            value = qBound(m_property->getMin(), value, m_property->getMax());
-        placed.push_back({times[i], possible[i].index, value});
-    }
-    return placed;
-}
-
-bool KeyMoveApplier::setValues(const std::vector<Placed> &placed,
-                               const QVector<VxKeyGraphKey> &records)
-{
-    QVector<int> indexes;
-    QVector<float> values;
-    indexes.reserve(static_cast<int>(placed.size()));
-    values.reserve(static_cast<int>(placed.size()));
-    const float *former = m_property->getKeys().values;
-    for (const Placed &key : placed) {
-        // Equal numbers of different sign are told apart by no one.
-        if (former[key.index] == key.value)
+    const double lowest = double(m_property->getMin());
+    const double highest = double(m_property->getMax());
+    auto kept = moves.begin();
+    for (const KeyDragPlan::Move &move : qAsConst(moves)) {
+        const float value = narrowed(move.value / m_displayScale);
+        if (move.index < 0 || move.index >= count || !std::isfinite(value))
             continue;
-        indexes.append(key.index);
-        values.append(key.value);
+        *kept = move;
+        kept->value = clamped ? qBound(lowest, double(value), highest) : double(value);
+        ++kept;
     }
-    m_records = records;
-    return !indexes.isEmpty() && m_property->setKeyValues(indexes, values);
+    moves.erase(kept, moves.end());
 }
 
-bool KeyMoveApplier::replaceSpan(const std::vector<Placed> &placed,
-                                 const QVector<VxKeyGraphKey> &records)
+bool KeyMoveApplier::setValues(const Moves &moves, const QVector<VxKeyGraphKey> &records)
+{
+    QVector<int> indexes(moves.size());
+    QVector<float> values(moves.size());
+    const float *former = m_property->getKeys().values;
+    int changed = 0;
+    for (const KeyDragPlan::Move &move : moves) {
+        indexes[changed] = move.index;
+        values[changed] = static_cast<float>(move.value);
+        // Zeros of different sign are told apart by no one.
+        if (former[move.index] != values.at(changed))
+            ++changed;
+    }
+    indexes.resize(changed);
+    values.resize(changed);
+    m_records = records;
+    return changed > 0 && m_property->setKeyValues(indexes, values);
+}
+
+bool KeyMoveApplier::replaceSpan(const Moves &placed, const QVector<VxKeyGraphKey> &records)
 {
     const VxKeyColumns<float> keys = m_property->getKeys();
-    std::vector<quint8> moves(static_cast<std::size_t>(keys.count), 0);
+    std::vector<quint8> moved(static_cast<std::size_t>(keys.count), 0);
     int first = keys.count;
     int last = 0;
-    for (const Placed &key : placed) {
-        moves[static_cast<std::size_t>(key.index)] = 1;
+    for (const KeyDragPlan::Move &key : placed) {
+        moved[static_cast<std::size_t>(key.index)] = 1;
         first = qMin(first, key.index);
         last = qMax(last, key.index);
     }
-    const VxTimeRange span(qMin(keys.times[first], placed.front().time),
-                           qMax(keys.times[last], placed.back().time));
+    const VxTimeRange span(qMin(keys.times[first], placed.first().time),
+                           qMax(keys.times[last], placed.last().time));
     first = static_cast<int>(
         std::lower_bound(keys.times, keys.times + keys.count, span.getStart()) - keys.times);
     last = static_cast<int>(std::upper_bound(keys.times, keys.times + keys.count, span.getEnd()) -
@@ -147,22 +141,22 @@ bool KeyMoveApplier::replaceSpan(const std::vector<Placed> &placed,
     SpanColumns columns(keys, last - first);
     m_records = records;
     VxKeyGraphKey *record = m_records.data() + first;
-    auto next = placed.begin();
+    auto next = placed.cbegin();
     const auto addPlaced = [&] {
-        columns.add(next->index, next->time, next->value);
+        columns.add(next->index, next->time, static_cast<float>(next->value));
         *record = records.at(next->index);
         (record++)->time = next->time;
         ++next;
     };
     for (int i = first; i < last; ++i) {
-        if (moves[static_cast<std::size_t>(i)])
+        if (moved[static_cast<std::size_t>(i)])
             continue;
-        while (next != placed.end() && next->time < keys.times[i])
+        while (next != placed.cend() && next->time < keys.times[i])
             addPlaced();
         columns.add(i, keys.times[i], keys.values[i]);
         *record++ = records.at(i);
     }
-    while (next != placed.end())
+    while (next != placed.cend())
         addPlaced();
     return m_property->replaceKeys(span, columns.columns());
 }

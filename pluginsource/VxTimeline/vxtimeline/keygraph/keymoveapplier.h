@@ -2,7 +2,6 @@
 #define KEYMOVEAPPLIER_H
 
 #include <QtCore/QVector>
-#include <vector>
 
 #include "vxtimeline/keygraph/keydragplan.h"
 #include "vxtimeline/keygraph/keygraphkeys.h"
@@ -26,22 +25,16 @@ public:
     // moves: as for KeyDragPlan::placeKeys(). A move whose value is no number that the property
     // can hold is left out. records: one a key. False when nothing was to be done or the property
     // refused; it is unchanged then.
-    bool apply(const QVector<KeyDragPlan::Move> &moves, const QVector<VxKeyGraphKey> &records);
+    bool apply(QVector<KeyDragPlan::Move> moves, const QVector<VxKeyGraphKey> &records);
     // The records in the keys' new order, after apply() returned true.
     QVector<VxKeyGraphKey> takeRecords() { return std::move(m_records); }
 
 private:
-    // A moved key at its new place.
-    struct Placed
-    {
-        VxTime time;
-        int index; // before the move
-        float value;
-    };
+    using Moves = QVector<KeyDragPlan::Move>;
 
-    std::vector<Placed> place(const QVector<KeyDragPlan::Move> &moves) const;
-    bool setValues(const std::vector<Placed> &placed, const QVector<VxKeyGraphKey> &records);
-    bool replaceSpan(const std::vector<Placed> &placed, const QVector<VxKeyGraphKey> &records);
+    void toStoredValues(Moves &moves) const;
+    bool setValues(const Moves &moves, const QVector<VxKeyGraphKey> &records);
+    bool replaceSpan(const Moves &moves, const QVector<VxKeyGraphKey> &records);
 
     VxFloatProperty *m_property;
     double m_displayScale;

@@ -177,6 +177,7 @@ void VxKeyGraphChannel::publishSelection() const
         return;
     const QVector<VxKeyGraphKey> &keys = getKeyCache();
     QVector<qint32> selected;
+    selected.reserve(keys.size());
     for (int i = 0; i < keys.size(); ++i) {
         if (keys.at(i).selected)
             selected.append(i);
