@@ -1,6 +1,31 @@
 #include "vxtimelinefactories.h"
 
+#include <QtCore/QMetaEnum>
+
 namespace {
+
+// What a script gets for a value of one of the pane's choices compares equal to the value's key.
+template <typename Enum> QScriptValue enumToScript(QScriptEngine *, const Enum &value)
+{
+    return QScriptValue(static_cast<int>(value));
+}
+
+// A whole number is taken as it is and a text as the name of a key. Anything else becomes -1, which
+// is no value of any choice: the slots refuse it.
+template <typename Enum> void enumFromScript(const QScriptValue &value, Enum &result)
+{
+    int number = -1;
+    if (value.isString())
+        number = QMetaEnum::fromType<Enum>().keyToValue(qPrintable(value.toString()));
+    else if (value.isNumber() && value.toNumber() == value.toInteger())
+        number = value.toInt32();
+    result = static_cast<Enum>(number);
+}
+
+template <typename Enum> void registerEnum(QScriptEngine *engine)
+{
+    qScriptRegisterMetaType<Enum>(engine, &enumToScript<Enum>, &enumFromScript<Enum>);
+}
 
 QScriptValue propertyTypesToScript(QScriptEngine *, const VxTimePane::PropertyTypes &types)
 {
@@ -23,11 +48,14 @@ VxTimePaneFactory::VxTimePaneFactory()
     qRegisterMetaType<VxTimePane::PropertyTypes>("PropertyTypes");
 }
 
-// Without a conversion of their own an engine takes only such numbers for a set as are the value of
-// one of its flags.
+// Without a conversion of their own an engine hands out values of enumerations as objects that
+// equal no number, and takes only such numbers for a set as are the value of one of its flags.
 void VxTimePaneFactory::registerClass(QScriptEngine *engine) const
 {
     VxTimelineFactory::registerClass(engine);
+    registerEnum<VxTimePane::ControlsPosition>(engine);
+    registerEnum<VxTimePane::ViewMode>(engine);
+    registerEnum<VxTimePane::KeyScope>(engine);
     qScriptRegisterMetaType<VxTimePane::PropertyTypes>(engine, &propertyTypesToScript,
                                                        &propertyTypesFromScript);
 }

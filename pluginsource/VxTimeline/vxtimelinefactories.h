@@ -21,7 +21,8 @@
 // actions, in the order in which the plug-in offers them. All that they differ in is the class and
 // its identifier.
 
-// Beyond what all do, lets scripts pass and get sets of property types as numbers.
+// Beyond what all do, lets scripts pass and get the pane's choices and sets of property types as
+// numbers.
 class VxTimePaneFactory : public VxTimelineFactory<VxTimePane>
 {
 public:

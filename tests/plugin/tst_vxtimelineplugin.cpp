@@ -37,6 +37,10 @@ private Q_SLOTS:
     void paneEnumerationsInScripts_data();
     void paneEnumerationsInScripts();
     void paneFlagSetsInScripts();
+    void paneChoicesInScripts_data();
+    void paneChoicesInScripts();
+    void invalidPaneChoicesInScripts_data();
+    void invalidPaneChoicesInScripts();
     void valueWithoutObjectIsNull_data();
     void valueWithoutObjectIsNull();
     void pointerRoundTrip();
@@ -273,6 +277,57 @@ void TestVxTimelinePlugin::paneFlagSetsInScripts()
         QCOMPARE(types.toInt32(), set.second);
         QCOMPARE(int(pane->getFilteredPropertyTypes()), set.second);
     }
+}
+
+void TestVxTimelinePlugin::paneChoicesInScripts_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::newRow("a new pane's view mode") << "pane.getViewMode() === pane.AdvancedView";
+    QTest::newRow("key of the object") << "pane.setViewMode(pane.IntermediateView);"
+                                          "pane.getViewMode() === pane.IntermediateView";
+    QTest::newRow("key of the class") << "pane.setViewMode(VxTimePane.BasicView);"
+                                         "pane.getViewMode() == VxTimePane.BasicView";
+    QTest::newRow("name of a key") << "pane.setViewMode('BasicView'); pane.getViewMode() === 0";
+    QTest::newRow("controls position") << "pane.setControlsPosition(pane.ControlsTop);"
+                                          "pane.getControlsPosition() === pane.ControlsTop";
+    QTest::newRow("key scope") << "pane.getFilteredKeyCreationScope() === pane.ScopeNode";
+    QTest::newRow("what a signal carries")
+        << "told = null; pane.viewModeChanged.connect(function(mode) { told = mode; });"
+           "pane.setViewMode(pane.BasicView); told === pane.BasicView";
+}
+
+void TestVxTimelinePlugin::paneChoicesInScripts()
+{
+    QFETCH(QString, script);
+    const std::unique_ptr<QObject> object(
+        m_engine->evaluate("pane = new VxTimePane()").toQObject());
+    const QScriptValue result = m_engine->evaluate(script);
+    QVERIFY2(!m_engine->hasUncaughtException(), qPrintable(result.toString()));
+    QVERIFY(result.isBool());
+    QVERIFY(result.toBool());
+}
+
+void TestVxTimelinePlugin::invalidPaneChoicesInScripts_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("beyond the last") << "3";
+    QTest::newRow("below the first") << "-1";
+    QTest::newRow("broken number") << "0.5";
+    QTest::newRow("name of no key") << "'Basic'";
+    QTest::newRow("nothing") << "undefined";
+    QTest::newRow("null") << "null";
+    QTest::newRow("object") << "({})";
+    QTest::newRow("not a number") << "NaN";
+}
+
+void TestVxTimelinePlugin::invalidPaneChoicesInScripts()
+{
+    QFETCH(QString, value);
+    const std::unique_ptr<QObject> object(
+        m_engine->evaluate("pane = new VxTimePane()").toQObject());
+    m_guard->expect(QRegularExpression("Invalid value passed to VxTimePane::setViewMode"));
+    m_engine->evaluate(QStringLiteral("pane.setViewMode(%1)").arg(value));
+    QCOMPARE(qobject_cast<VxTimePane *>(object.get())->getViewMode(), VxTimePane::AdvancedView);
 }
 
 void TestVxTimelinePlugin::valueWithoutObjectIsNull_data()
