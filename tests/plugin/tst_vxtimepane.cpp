@@ -65,6 +65,9 @@ private Q_SLOTS:
     void transportItems();
     void buttonSizes();
     void stylesChange();
+    void interpolationIconFollowsThePalette();
+    void tabOrder();
+    void fieldsHaveNames();
 };
 
 void TestTimePane::enumerations()
@@ -508,6 +511,70 @@ void TestTimePane::stylesChange()
     const QImage light = button->icon().pixmap(16, 16).toImage();
     QVERIFY(!dark.isNull());
     QVERIFY(dark != light);
+}
+
+void TestTimePane::interpolationIconFollowsThePalette()
+{
+    showPane();
+    const auto *button = find<VxStyledButton>("TimelineInterpTypeBtn");
+    // The colour of a key of the mark, which is painted without smoothing.
+    const auto color = [button](QIcon::Mode mode) {
+        return button->icon().pixmap(QSize(16, 16), mode).toImage().pixelColor(2, 12);
+    };
+    for (const auto scheme : {VxStyle::ColorScheme::Light, VxStyle::ColorScheme::Dark}) {
+        vxApp->getStyle()->setColorScheme(scheme);
+        QCoreApplication::processEvents();
+        QCOMPARE(color(QIcon::Normal), pane->palette().color(QPalette::ButtonText));
+        QCOMPARE(color(QIcon::Disabled), pane->palette().color(QPalette::Mid));
+    }
+}
+
+// From left to right, as the controls stand.
+void TestTimePane::tabOrder()
+{
+    QStringList names;
+    for (const QWidget *widget = pane->nextInFocusChain(); widget != pane.get();
+         widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() & Qt::TabFocus &&
+            find<QWidget>("TimelineMainControlsWgt")->isAncestorOf(widget) &&
+            !widget->objectName().startsWith(QStringLiteral("qt_")))
+            names += widget->objectName();
+    }
+    QCOMPARE(names, QStringList({"TimelineTotalFramesLEdit",
+                                 "TimelinePlayStartLEdit",
+                                 "TimelinePlayEndLEdit",
+                                 "TimelineCurrentFrameLEdit",
+                                 "TimelineFPSLEdit",
+                                 "TimelinePropertyTypesBtn",
+                                 "TimelineLoopBtn",
+                                 "TimelineSkipToStartBtn",
+                                 "TimelinePrevKeyBtn",
+                                 "TimelinePrevFrameBtn",
+                                 "TimelinePlayPauseBtn",
+                                 "TimelineNextFrameBtn",
+                                 "TimelineNextKeyBtn",
+                                 "TimelineSkipToEndBtn",
+                                 "TimelineKeyGraphBtn",
+                                 "TimelineDeleteKeysBtn",
+                                 "TimelineCreateKeysBtn",
+                                 "TimelineKeyScopeBtn",
+                                 "TimelineCopySelectedKeysBtn",
+                                 "TimelinePasteCopiedKeysBtn",
+                                 "TimelineInterpTypeBtn",
+                                 "TimelineInterpTensionSBox",
+                                 "TimelineInterpContinuitySBox",
+                                 "TimelineInterpBiasSBox"}));
+}
+
+// A screen reader tells a field by its own name or by its label's.
+void TestTimePane::fieldsHaveNames()
+{
+    QSet<const QWidget *> labelled;
+    for (const QLabel *label : pane->findChildren<QLabel *>())
+        labelled.insert(label->buddy());
+    for (const QAbstractSpinBox *field : pane->findChildren<QAbstractSpinBox *>())
+        QVERIFY2(labelled.contains(field) || !field->accessibleName().isEmpty(),
+                 qPrintable(field->objectName()));
 }
 
 QTEST_MAIN(TestTimePane)

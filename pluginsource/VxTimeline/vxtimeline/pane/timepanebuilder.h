@@ -39,6 +39,7 @@ private:
     VxButtonBar *buildAddDeleteBar(QWidget *parent);
     VxButtonBar *buildCopyPasteBar(QWidget *parent);
     QWidget *buildInterpControls(QWidget *parent);
+    void orderTabs() const;
 
     void buildPropertyTypesMenu();
     void buildKeyScopeMenu();
@@ -56,6 +57,9 @@ private:
     QWidget *makeGroup(const QString &name, QWidget *parent) const;
     QHBoxLayout *groupLayout(const QWidget *group) const;
     QLabel *makeLabel(const QString &name, const QString &text, QWidget *parent) const;
+    // A control with its label before it, which gives it its name for screen readers.
+    void addLabelled(QHBoxLayout *layout, const QString &name, const QString &text,
+                     QWidget *control) const;
     VxBarButton *addBarButton(VxButtonBar *bar, int index, const QString &name,
                               const QString &toolTip) const;
     VxStyledButton *makeMenuButton(const QString &name, QWidget *parent) const;

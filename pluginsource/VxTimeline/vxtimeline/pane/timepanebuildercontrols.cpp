@@ -44,6 +44,15 @@ QLabel *TimePaneBuilder::makeLabel(const QString &name, const QString &text, QWi
     return label;
 }
 
+void TimePaneBuilder::addLabelled(QHBoxLayout *layout, const QString &name, const QString &text,
+                                  QWidget *control) const
+{
+    QLabel *label = makeLabel(name, text, control->parentWidget());
+    label->setBuddy(control);
+    layout->addWidget(label);
+    layout->addWidget(control);
+}
+
 VxBarButton *TimePaneBuilder::addBarButton(VxButtonBar *bar, int index, const QString &name,
                                            const QString &toolTip) const
 {
@@ -91,6 +100,26 @@ void TimePaneBuilder::buildMainControls()
     layout->addWidget(buildKeyControls(d->mainControls), 2);
     layout->addStretch(1);
     layout->addWidget(buildInterpControls(d->mainControls), 2);
+    orderTabs();
+}
+
+// From left to right; by itself the order would be that in which the controls are made.
+void TimePaneBuilder::orderTabs() const
+{
+    QWidget *const controls[] = {d->totalFrames,       d->playStart,
+                                 d->playEnd,           d->currentFrame,
+                                 d->framesPerSecond,   d->propertyTypesButton,
+                                 d->loopButton,        d->skipToStartButton,
+                                 d->previousKeyButton, d->previousFrameButton,
+                                 d->playPauseButton,   d->nextFrameButton,
+                                 d->nextKeyButton,     d->skipToEndButton,
+                                 d->keyGraphButton,    d->deleteKeysButton,
+                                 d->createKeysButton,  d->keyScopeButton,
+                                 d->copyButton,        d->pasteButton,
+                                 d->interpTypeButton,  d->tension,
+                                 d->continuity,        d->bias};
+    for (std::size_t i = 1; i < std::size(controls); ++i)
+        QWidget::setTabOrder(controls[i - 1], controls[i]);
 }
 
 QWidget *TimePaneBuilder::buildTimeControls(QWidget *parent)
@@ -107,15 +136,13 @@ QWidget *TimePaneBuilder::buildTimeControls(QWidget *parent)
     d->totalFrames->setMaximumSize(d->totalFrames->maximumWidth(), m_controlHeight);
 
     QHBoxLayout *layout = groupLayout(group);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineTotalLbl"), VxTimePane::tr("Total:"), group));
-    layout->addWidget(d->totalFrames);
+    addLabelled(layout, QStringLiteral("TimelineTotalLbl"), VxTimePane::tr("Total:"),
+                d->totalFrames);
     layout->addWidget(buildRangeControls(group));
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineCurrentLbl"), VxTimePane::tr("Current:"), group));
-    layout->addWidget(d->currentFrame);
-    layout->addWidget(makeLabel(QStringLiteral("TimelineFPSLbl"), VxTimePane::tr("FPS:"), group));
-    layout->addWidget(d->framesPerSecond);
+    addLabelled(layout, QStringLiteral("TimelineCurrentLbl"), VxTimePane::tr("Current:"),
+                d->currentFrame);
+    addLabelled(layout, QStringLiteral("TimelineFPSLbl"), VxTimePane::tr("FPS:"),
+                d->framesPerSecond);
     layout->addStretch(1);
     return group;
 }
@@ -128,13 +155,13 @@ QWidget *TimePaneBuilder::buildRangeControls(QWidget *parent)
         new TimePaneField(QStringLiteral("TimelinePlayStartLEdit"), 0, MostFrames, group);
     d->playEnd = new TimePaneField(QStringLiteral("TimelinePlayEndLEdit"), 0, MostFrames, group);
     d->playEnd->setPatient(true);
+    d->playStart->setAccessibleName(VxTimePane::tr("Play Range Start"));
+    d->playEnd->setAccessibleName(VxTimePane::tr("Play Range End"));
     d->playStart->setMaximumSize(d->playStart->maximumWidth(), m_controlHeight);
     d->playEnd->setMaximumSize(d->playEnd->maximumWidth(), m_controlHeight);
 
     QHBoxLayout *layout = groupLayout(group);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineRangeLbl"), VxTimePane::tr("Range:"), group));
-    layout->addWidget(d->playStart);
+    addLabelled(layout, QStringLiteral("TimelineRangeLbl"), VxTimePane::tr("Range:"), d->playStart);
     layout->addWidget(d->playEnd);
     return group;
 }
@@ -146,9 +173,8 @@ QWidget *TimePaneBuilder::buildPropertyTypes(QWidget *parent)
     d->propertyTypesButton = makeMenuButton(QStringLiteral("TimelinePropertyTypesBtn"), group);
     QHBoxLayout *layout = groupLayout(group);
     layout->addStretch(1);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelinePropertyTypesLbl"), VxTimePane::tr("Types :"), group));
-    layout->addWidget(d->propertyTypesButton);
+    addLabelled(layout, QStringLiteral("TimelinePropertyTypesLbl"), VxTimePane::tr("Types :"),
+                d->propertyTypesButton);
     layout->addStretch(1);
     return group;
 }
@@ -245,15 +271,11 @@ QWidget *TimePaneBuilder::buildInterpControls(QWidget *parent)
     layout->addStretch(1);
     layout->addWidget(d->interpTypeButton);
     layout->addSpacing(2 * m_margin);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineInterpTensionLbl"), VxTimePane::tr("T:"), group));
-    layout->addWidget(d->tension);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineInterpContinuityLbl"), VxTimePane::tr("C:"), group));
-    layout->addWidget(d->continuity);
-    layout->addWidget(
-        makeLabel(QStringLiteral("TimelineInterpBiasLbl"), VxTimePane::tr("B:"), group));
-    layout->addWidget(d->bias);
+    addLabelled(layout, QStringLiteral("TimelineInterpTensionLbl"), VxTimePane::tr("T:"),
+                d->tension);
+    addLabelled(layout, QStringLiteral("TimelineInterpContinuityLbl"), VxTimePane::tr("C:"),
+                d->continuity);
+    addLabelled(layout, QStringLiteral("TimelineInterpBiasLbl"), VxTimePane::tr("B:"), d->bias);
     layout->addStretch(1);
     return group;
 }

@@ -190,6 +190,9 @@ bool VxTimePane::event(QEvent *event)
         ensurePrimarySceneNodeVisible();
         return true;
     }
+    // The style tells of its colours before the widgets have them.
+    if (event->type() == QEvent::PaletteChange && d->interpTypeButton)
+        d->styleInterpolation(palette());
     return VxPane::event(event);
 }
 
