@@ -140,6 +140,7 @@ void KeyGraphPainter::paintGrounds()
     m_painter->fillRect(QRect(end, 0, width - end, height), m_look.outside);
 }
 
+// Lines of no width are one device pixel wide at any scale, so that all look alike.
 void KeyGraphPainter::paintValueGrid()
 {
     const int height = m_stage.size.height();
@@ -149,8 +150,8 @@ void KeyGraphPainter::paintValueGrid()
     for (const KeyGraphGrid::Line &line :
          KeyGraphGrid::valueLines(m_scale, height, ValueLineSpacing)) {
         const int y = pixel(line.place, height);
-        m_painter->fillRect(QRect(0, y, m_stage.size.width(), 1),
-                            line.major ? m_look.majorGrid : m_look.grid);
+        m_painter->setPen(QPen(line.major ? m_look.majorGrid : m_look.grid, 0.0));
+        m_painter->drawLine(0, y, m_stage.size.width(), y);
         // On top of its line; none where it would be cut off or meet the frame numbers.
         if (line.label.isEmpty() || y < textHeight || y > height - textHeight)
             continue;
@@ -165,19 +166,20 @@ void KeyGraphPainter::paintFrameGrid()
     const int height = m_stage.size.height();
     const int baseline = height - m_look.axis.getFontMetrics().descent() - 1;
     const auto labelWidth = [this](const QString &text) { return m_look.axis.getWidth(text); };
-    m_painter->setPen(m_look.axis.getColor());
     m_painter->setFont(m_look.axis.getFont());
     for (const KeyGraphGrid::Line &line :
          KeyGraphGrid::frameLines(m_scale, width, m_stage.timeStep, FrameLabelGap, labelWidth)) {
         const int x = pixel(line.place, width);
         const int lineHeight = line.major ? height - m_look.axis.getHeight() : height;
-        m_painter->fillRect(QRect(x, 0, 1, lineHeight),
-                            line.major ? m_look.majorGrid : m_look.grid);
+        m_painter->setPen(QPen(line.major ? m_look.majorGrid : m_look.grid, 0.0));
+        m_painter->drawLine(x, 0, x, lineHeight);
         const int textWidth = line.label.isEmpty() ? 0 : labelWidth(line.label);
         const int left = x - textWidth / 2;
-        if (textWidth > 0 && left >= m_stage.leftWidth &&
-            left + textWidth <= width - m_stage.rightWidth)
-            m_painter->drawText(left, baseline, line.label);
+        if (textWidth == 0 || left < m_stage.leftWidth ||
+            left + textWidth > width - m_stage.rightWidth)
+            continue;
+        m_painter->setPen(m_look.axis.getColor());
+        m_painter->drawText(left, baseline, line.label);
     }
 }
 
