@@ -1,0 +1,213 @@
+#include "timepanetestbase.h"
+
+#include <QtCore/QSortFilterProxyModel>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpanemgr.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+
+// The key graph in the pane, beside the dope sheet: both show the same keys, selected alike.
+class TestKeyGraphInDopeSheet : public QObject, private TimePaneTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void showsTheSelectedRows();
+    void selectingInTheGraph();
+    void selectingInTheDopeSheet();
+    void draggingInTheGraph();
+    void draggingPastAnotherKey();
+    void nodesGone();
+
+private:
+    QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
+    QVector<int> selectedInRow() const;
+    QVector<int> selectedInGraph() const;
+    QPoint placeOfKey(int index) const;
+    void clickRow();
+
+    std::unique_ptr<VxMainWindow> m_window;
+    VxNode *m_node = nullptr;
+    VxFloatProperty *m_property = nullptr;
+    VxDopeSheetView *m_sheet = nullptr;
+    VxKeyGraphView *m_view = nullptr;
+    VxKeyGraph *m_graph = nullptr;
+};
+
+void TestKeyGraphInDopeSheet::init()
+{
+    setUp();
+    m_window = std::make_unique<VxMainWindow>();
+    m_window->getPaneMgr()->addPane(pane.get());
+    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4, 8, 16, 32});
+    pane->setFilteredPropertyTypes(VxTimePane::PropTranslate);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    vxApp->start();
+    vxScene->setPlayRange(VxTimeRange(0, 160 * 60));
+    vxScene->setAnimRange(VxTimeRange(0, 160 * 60));
+    vxScene->setTime(160 * 55);
+    m_node = new VxNode(QStringLiteral("Hip"));
+    vxScene->addNode(m_node);
+    m_property = m_node->getYPosControl();
+    for (int i = 0; i < 4; ++i)
+        m_property->setKey(160 * (10 + 10 * i), float(i), VxKeyInterp::Linear);
+    showPane(1400, 700);
+    m_sheet = pane->findChild<VxDopeSheetView *>();
+    m_view = pane->findChild<VxKeyGraphView *>();
+    m_graph = pane->findChild<VxKeyGraph *>();
+    m_sheet->expandAll();
+    clickRow();
+    m_view->frameKeys();
+}
+
+void TestKeyGraphInDopeSheet::cleanup()
+{
+    tearDown();
+    m_window.reset();
+}
+
+QModelIndex TestKeyGraphInDopeSheet::rowOf(const VxProperty *property,
+                                           const QModelIndex &parent) const
+{
+    const QAbstractItemModel *model = m_sheet->model();
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        const VxDopeSheetItem *item = m_sheet->getItem(index);
+        if (item && item->property() == property)
+            return index;
+        const QModelIndex below = rowOf(property, index);
+        if (below.isValid())
+            return below;
+    }
+    return QModelIndex();
+}
+
+QVector<int> TestKeyGraphInDopeSheet::selectedInRow() const
+{
+    return m_sheet->getItem(rowOf(m_property))->selectedKeyIndexes();
+}
+
+QVector<int> TestKeyGraphInDopeSheet::selectedInGraph() const
+{
+    QVector<int> indexes;
+    const VxKeyGraphChannel *channel = m_graph->getChannels().value(0);
+    for (int i = 0; channel && i < channel->getNumKeys(); ++i) {
+        if (channel->isKeySelected(i))
+            indexes += i;
+    }
+    return indexes;
+}
+
+QPoint TestKeyGraphInDopeSheet::placeOfKey(int index) const
+{
+    const KeyGraphScale &scale = m_view->getScale();
+    return QPoint(qRound(scale.x(m_property->getKeyTime(index))),
+                  qRound(scale.y(double(m_property->getKeyValue(index)))));
+}
+
+void TestKeyGraphInDopeSheet::clickRow()
+{
+    const QModelIndex row = rowOf(m_property);
+    QVERIFY(row.isValid());
+    m_sheet->selectionModel()->select(row, QItemSelectionModel::ClearAndSelect |
+                                               QItemSelectionModel::Rows);
+    QTRY_COMPARE(m_graph->getChannels().size(), 1);
+}
+
+void TestKeyGraphInDopeSheet::showsTheSelectedRows()
+{
+    QCOMPARE(m_graph->getChannels().at(0)->getProperty(), m_property);
+    QSignalSpy lists(pane.get(), &VxTimePane::graphChannelListChanged);
+    m_sheet->clearSelection();
+    QTRY_COMPARE(m_graph->getChannels().size(), 0);
+    QCOMPARE(lists.size(), 1);
+}
+
+void TestKeyGraphInDopeSheet::selectingInTheGraph()
+{
+    VxMouseDriver mouse(m_view);
+    mouse.click(placeOfKey(2));
+    QCOMPARE(selectedInRow(), QVector<int>{2});
+    mouse.click(placeOfKey(0), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selectedInRow(), QVector<int>({0, 2}));
+    mouse.click(placeOfKey(2), Qt::LeftButton, Qt::AltModifier);
+    QCOMPARE(selectedInRow(), QVector<int>{0});
+    mouse.drag(placeOfKey(1) - QPoint(20, -20), placeOfKey(2) + QPoint(20, -20));
+    QCOMPARE(selectedInRow(), QVector<int>({1, 2}));
+    QCOMPARE(selectedInGraph(), QVector<int>({1, 2}));
+    mouse.click(placeOfKey(0) + QPoint(0, -80));
+    QCOMPARE(selectedInRow(), QVector<int>());
+}
+
+void TestKeyGraphInDopeSheet::selectingInTheDopeSheet()
+{
+    const QModelIndex row = rowOf(m_property);
+    m_sheet->setKeySelection(true, row, row, 160 * 20, 160 * 31);
+    QCOMPARE(selectedInRow(), QVector<int>({1, 2}));
+    QCOMPARE(selectedInGraph(), QVector<int>({1, 2}));
+    m_sheet->clearSelectedKeys();
+    QCOMPARE(selectedInGraph(), QVector<int>());
+}
+
+// Value and time together; the keys stay selected on both sides, step by step.
+void TestKeyGraphInDopeSheet::draggingInTheGraph()
+{
+    VxMouseDriver mouse(m_view);
+    mouse.click(placeOfKey(1));
+    mouse.click(placeOfKey(2), Qt::LeftButton, Qt::ControlModifier);
+    const QPoint start = placeOfKey(2);
+    mouse.press(start);
+    for (const int dx : {15, 45, 100, 30}) {
+        mouse.moveTo(start + QPoint(dx, -10));
+        QCOMPARE(selectedInRow(), QVector<int>({1, 2}));
+        QCOMPARE(selectedInGraph(), QVector<int>({1, 2}));
+    }
+    mouse.release(start + QPoint(30, -10));
+    QVERIFY(m_property->getKeyTime(2) > 160 * 30);
+    QCOMPARE(undoTexts(), QStringList{"Move Keys"});
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(m_property->getKeyTime(2), 160 * 30);
+    QCOMPARE(selectedInRow(), selectedInGraph());
+}
+
+void TestKeyGraphInDopeSheet::draggingPastAnotherKey()
+{
+    VxMouseDriver mouse(m_view);
+    const QPoint start = placeOfKey(0);
+    mouse.press(start);
+    const int wayPast = placeOfKey(2).x() - start.x() + 40;
+    mouse.moveTo(start + QPoint(wayPast, 0));
+    QCOMPARE(selectedInRow(), QVector<int>{2});
+    QCOMPARE(selectedInGraph(), QVector<int>{2});
+    mouse.moveTo(start);
+    QCOMPARE(selectedInRow(), QVector<int>{0});
+    mouse.release(start);
+    QCOMPARE(undoTexts(), QStringList());
+}
+
+void TestKeyGraphInDopeSheet::nodesGone()
+{
+    VxMouseDriver mouse(m_view);
+    const QPoint start = placeOfKey(0);
+    mouse.press(start);
+    mouse.moveTo(start + QPoint(30, 0));
+    vxScene->removeNode(m_node);
+    mouse.moveTo(start + QPoint(60, 0));
+    mouse.release(start);
+    QCOMPARE(m_graph->getChannels().size(), 0);
+    m_view->grab();
+}
+
+QTEST_MAIN(TestKeyGraphInDopeSheet)
+#include "tst_keygraphindopesheet.moc"
