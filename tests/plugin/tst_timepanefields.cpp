@@ -21,6 +21,8 @@ private Q_SLOTS:
     void whatIsThereAlready_data();
     void whatIsThereAlready();
     void leavingAddsNothing();
+    void leavingKeepsWhatTheFieldsCannotShow_data();
+    void leavingKeepsWhatTheFieldsCannotShow();
     void endIsClampedWhileItIsTyped();
     void currentFrameIsClampedWhileItIsTyped();
     void endsShareTheirRange();
@@ -181,6 +183,41 @@ void TestTimePaneFields::leavingAddsNothing()
     QCOMPARE(vxScene->getTimeStep(), 160);
     QCOMPARE(vxScene->getAnimRange(), VxTimeRange(0, 4800));
     QCOMPARE(vxScene->getPlayRange(), VxTimeRange(0, 4800));
+}
+
+void TestTimePaneFields::leavingKeepsWhatTheFieldsCannotShow_data()
+{
+    QTest::addColumn<VxTime>("step");
+    QTest::addColumn<VxTime>("start");
+    QTest::addColumn<VxTime>("now");
+    QTest::addColumn<VxTime>("end");
+    QTest::newRow("between frames") << 160 << 100 << 1001 << 4799;
+    QTest::newRow("below frame 0") << 160 << -1600 << -800 << 4800;
+    QTest::newRow("more frames than a field shows") << 4 << 0 << 4000100 << 8000200;
+    QTest::newRow("a rate that is cut") << 685 << 0 << 685 << 6850;
+}
+
+void TestTimePaneFields::leavingKeepsWhatTheFieldsCannotShow()
+{
+    QFETCH(VxTime, step);
+    QFETCH(VxTime, start);
+    QFETCH(VxTime, now);
+    QFETCH(VxTime, end);
+    const VxTimeRange range(start, end);
+    vxScene->setTimeStep(step);
+    vxScene->setAnimRange(range);
+    vxScene->setPlayRange(range);
+    vxScene->setTime(now);
+    for (const char *name : {Total, PlayStart, PlayEnd, Current, Rate}) {
+        enter(name);
+        pressEnter(name);
+        leave(name);
+    }
+    QCOMPARE(vxScene->getTimeStep(), step);
+    QCOMPARE(vxScene->getAnimRange(), range);
+    QCOMPARE(vxScene->getPlayRange(), range);
+    QCOMPARE(vxScene->getTime(), now);
+    QCOMPARE(entries(), 0);
 }
 
 // The range never ends before its start, but the digits stay until the number is finished.

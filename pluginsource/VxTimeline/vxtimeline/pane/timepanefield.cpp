@@ -36,7 +36,7 @@ void TimePaneField::setPatient(bool patient)
 
 void TimePaneField::showNumber(int shown)
 {
-    m_standIn.reset();
+    m_shown.reset();
     m_withheld.reset();
     if (m_patient && m_typing && number(shown) < shown) {
         m_withheld = shown;
@@ -44,6 +44,7 @@ void TimePaneField::showNumber(int shown)
     }
     const QSignalBlocker blocker(this);
     setValue(shown);
+    m_shown = value();
 }
 
 void TimePaneField::showWithheld()
@@ -56,18 +57,17 @@ void TimePaneField::showStandIn(int shown)
 {
     showNumber(shown);
     selectAll();
-    m_standIn = shown;
 }
 
-bool TimePaneField::showsStandIn() const
+bool TimePaneField::isUntouched() const
 {
-    return m_standIn == value();
+    return m_shown == value();
 }
 
 // A spin box tells of a new value only, which a number out of range need not lead to.
 void TimePaneField::handleTextEdited()
 {
-    m_standIn.reset();
+    m_shown.reset();
     m_typing = m_inKeyPress;
     const int typed = number(minimum() - 1);
     if (m_lenient && (typed < minimum() || typed > maximum()))

@@ -13,6 +13,9 @@
 // A field may be patient: the first digits of a number are a smaller one, and when the pane
 // answers to that with the least it allows, the field leaves the digits alone until the number is
 // finished. Else no number could be typed whose beginning is too small.
+//
+// What a field shows may be less than what there is: frames are cut, and a field has limits. So a
+// number that was shown and not touched is nothing to act upon when the field is left.
 class TimePaneField : public QSpinBox
 {
     Q_OBJECT
@@ -29,8 +32,8 @@ public:
     // The same for a number that nobody has asked for: it is selected, so that what is typed next
     // replaces it.
     void showStandIn(int shown);
-    // True while such a number is shown, untouched.
-    bool showsStandIn() const;
+    // True while the number that was shown last stands there and nobody has typed or stepped.
+    bool isUntouched() const;
     // The text as a whole number in base 10, or the fallback when it is none.
     int number(int fallback, bool *ok = nullptr) const;
 
@@ -47,7 +50,7 @@ private:
     bool m_patient = false;
     bool m_inKeyPress = false;
     bool m_typing = false; // the key press at hand has changed the text
-    std::optional<int> m_standIn;
+    std::optional<int> m_shown;
     std::optional<int> m_withheld;
 };
 

@@ -177,6 +177,8 @@ bool VxTimePane::getPlayAllFrames() const
 
 void VxTimePane::handleTotalFramesChanged()
 {
+    if (d->totalFrames->isUntouched())
+        return;
     const int frames = d->totalFrames->number(0);
     if (frames >= 1)
         setTotalFrames(frames);
@@ -186,6 +188,8 @@ void VxTimePane::handleTotalFramesChanged()
 
 void VxTimePane::handlePlayRangeStartChanged()
 {
+    if (d->playStart->isUntouched())
+        return;
     const int frame = d->playStart->number(-1);
     if (frame >= 0)
         setPlayRangeStart(frame);
@@ -197,7 +201,7 @@ void VxTimePane::handlePlayRangeEndChanged()
 {
     bool isNumber = false;
     const int frame = d->playEnd->number(0, &isNumber);
-    if (!isNumber)
+    if (!isNumber || d->playEnd->isUntouched())
         return;
     setPlayRangeEnd(frame);
     // An end that was held where it stands already is no change that the scene would tell of.
@@ -207,13 +211,13 @@ void VxTimePane::handlePlayRangeEndChanged()
 
 void VxTimePane::handleCurrentFrameChanged()
 {
-    setCurrentFrame(d->currentFrame->number(-1));
+    if (!d->currentFrame->isUntouched())
+        setCurrentFrame(d->currentFrame->number(-1));
 }
 
-// A rate that only stands in for none must not become the scene's when the field is left.
 void VxTimePane::handleFramesPerSecondChanged()
 {
-    if (!d->framesPerSecond->showsStandIn())
+    if (!d->framesPerSecond->isUntouched())
         setFramesPerSecond(d->framesPerSecond->number(0));
 }
 
