@@ -15,6 +15,7 @@
 #include <vxcore/vxstyle.h>
 
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
+#include "vxtimeline/dopesheet/dopesheetopenrows.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
@@ -91,8 +92,23 @@ QSortFilterProxyModel *VxDopeSheetView::getFilterModel() const
 
 void VxDopeSheetView::applyFilterText(const QString &text)
 {
-    if (d->filterModel)
-        d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
+    if (!d->filterModel)
+        return;
+    const DopeSheetOpenRows openRows(this);
+    openRows.closeAll();
+    d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
+    // Until then opening a row only notes it.
+    scheduleDelayedItemsLayout();
+    openRows.openAgain();
+}
+
+void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                  const QVector<int> &roles)
+{
+    Q_UNUSED(topLeft)
+    Q_UNUSED(bottomRight)
+    Q_UNUSED(roles)
+    viewport()->update();
 }
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)
