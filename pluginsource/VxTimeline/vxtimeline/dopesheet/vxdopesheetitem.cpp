@@ -47,8 +47,10 @@ QString VxDopeSheetItem::path() const
         return path;
     if (!d->property) {
         QString groups;
-        for (const VxDopeSheetItem *row = this; row != nodeRow; row = row->d->parent)
-            groups.prepend(QLatin1Char('/') + row->label());
+        for (const VxDopeSheetItem *row = this; row != nodeRow; row = row->d->parent) {
+            if (!row->d->label.isEmpty())
+                groups.prepend(QLatin1Char('/') + row->d->label);
+        }
         return path + groups;
     }
     const VxElement *owner = d->property->getOwner();

@@ -154,6 +154,11 @@ int VxDopeSheetModel::columnCount(const QModelIndex &parent) const
     return NumColumns;
 }
 
+bool VxDopeSheetModel::hasChildren(const QModelIndex &parent) const
+{
+    return parent.column() <= NameColumn && rowCount(parent) > 0;
+}
+
 QVariant VxDopeSheetModel::decoration(const VxDopeSheetItem *item) const
 {
     const VxStyle *style = vxApp->getStyle();
@@ -196,7 +201,8 @@ QVariant VxDopeSheetModel::headerData(int section, Qt::Orientation orientation, 
 
 Qt::ItemFlags VxDopeSheetModel::flags(const QModelIndex &index) const
 {
-    Q_UNUSED(index)
+    if (!index.isValid())
+        return Qt::NoItemFlags;
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 }
 
@@ -231,6 +237,7 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     d->rows.insert(node, item);
     endInsertRows();
+    handleNameChanged();
 
     for (int i = 0; addChildren && i < node->getNumNodeChildren(); ++i)
         addNode(node->getNodeChild(i), true);
@@ -266,6 +273,7 @@ void VxDopeSheetModel::removeNode(VxNode *node)
     disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     delete item;
     endRemoveRows();
+    handleNameChanged();
 }
 
 void VxDopeSheetModel::forgetNode(QObject *node)
@@ -277,6 +285,7 @@ void VxDopeSheetModel::forgetNode(QObject *node)
     d->forgetRows(item);
     delete item;
     endRemoveRows();
+    handleNameChanged();
 }
 
 void VxDopeSheetModel::handleNameChanged()
@@ -306,6 +315,7 @@ void VxDopeSheetModel::parentChanged(VxNode *node, VxNode *oldParent, VxNode *ne
         return;
     item->setParent(destination);
     endMoveRows();
+    handleNameChanged();
 }
 
 // The rows show the node's own properties; a node may get another object at any time.

@@ -54,8 +54,12 @@ public:
     QModelIndex index(int row, int column,
                       const QModelIndex &parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex &index) const override;
+    // The same for all columns of a row.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    // What is below a row is found from its first column: a view that followed the other column,
+    // too, would meet the same rows twice.
+    bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
     // Display and decoration for column 0; the VxDopeSheetItem * under Qt::UserRole for both.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
@@ -63,8 +67,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    // Names of rows have changed: what searches them should do so again. Sent once for all names
-    // that changed in one turn of the event loop.
+    // Rows came, went or moved, or have other names: what searches names should do so again. Sent
+    // once for all that happens in one turn of the event loop.
     void namesChanged();
 
 public Q_SLOTS:

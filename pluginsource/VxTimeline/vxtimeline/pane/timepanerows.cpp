@@ -67,6 +67,7 @@ void VxTimePane::initModel()
             d->dopeSheetView, &VxDopeSheetView::handleSelectionChanged);
     connect(d->dopeSheetModel, &VxDopeSheetModel::dataChanged, d->dopeSheetView,
             &VxDopeSheetView::doUpdate);
+    connect(d->dopeSheetModel, &VxDopeSheetModel::namesChanged, this, [this] { d->filterAnew(); });
     d->layoutDopeSheet();
     d->followNameColumn();
     updateSliders();
@@ -110,7 +111,8 @@ void VxTimePane::refreshDopesheet()
 }
 
 // A row that matches makes rows above it appear that had been left out; the filter model notices
-// that only when it is asked.
+// that only when it is asked. Rows that come, go or are renamed one by one are asked for together,
+// when the model tells of it.
 void VxTimePane::Private::filterAnew() const
 {
     if (!filterModel->filterRegExp().isEmpty())
@@ -120,7 +122,6 @@ void VxTimePane::Private::filterAnew() const
 void VxTimePane::addDopesheetNode(VxNode *node)
 {
     addDopesheetNode(node, false);
-    d->filterAnew();
 }
 
 void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)

@@ -1,0 +1,558 @@
+#include "dopesheetrowstestbase.h"
+
+#include <QtTest/QAbstractItemModelTester>
+
+#include <QtCore/QIdentityProxyModel>
+#include <QtGui/QIcon>
+#include <QtWidgets/QTreeView>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+
+using Tester = QAbstractItemModelTester;
+
+namespace {
+
+// The model as it is, but for one thing: a row has its children below both of its columns, which
+// the tester takes for a mistake.
+class FirstColumnOnly : public QIdentityProxyModel
+{
+public:
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override
+    {
+        return parent.column() > 0 ? 0 : QIdentityProxyModel::rowCount(parent);
+    }
+};
+
+} // namespace
+
+// The model alone and, through all that happens, behind the filter and under an open view.
+class TestDopeSheetModel : public QObject, private DopeSheetRowsTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void columnsAndHeaders();
+    void itemsOfIndexes();
+    void decorations();
+    void everyIndexIsSelectableOnly();
+
+    void ancestorsComeFirst();
+    void childrenComeWhenAsked();
+    void addedTwice();
+    void typesAreTheLowByte();
+    void propertyRowsStandFirst();
+
+    void removal();
+    void removalOfUnknownNodes();
+    void deletedNodesLeaveNothing();
+    void deletedWithoutRemoval();
+    void removedAndAddedAgain();
+
+    void reparenting();
+    void reparentingToTheTop();
+    void reparentingBelowANodeNotShown();
+    void undoneReparenting();
+
+    void rootMoves_data();
+    void rootMoves();
+    void onlyTopLevelRowsMove();
+
+    void changesAreToldForTheTopLevel();
+    void anEmptyModelTellsNothing();
+    void labelsAreToldAlsoAfterRemoval();
+    void namesAreToldOnce();
+    void objectsChange();
+    void selectedKeys();
+
+private:
+    VxNode *node(const char *name, VxNode *parent = nullptr)
+    {
+        return builder->addNode(QString::fromLatin1(name), parent);
+    }
+    // The labels of the node rows below an item.
+    static QStringList nodesBelow(const VxDopeSheetItem *item);
+    QStringList nodesAtTop() const { return nodesBelow(m_model->getRootItem()); }
+
+    std::unique_ptr<VxDopeSheetModel> m_model;
+    std::unique_ptr<VxDopeSheetFilterModel> m_filter;
+    std::unique_ptr<QTreeView> m_view;
+    FirstColumnOnly m_firstColumn;
+    std::unique_ptr<Tester> m_tester;
+    std::unique_ptr<Tester> m_filterTester;
+};
+
+void TestDopeSheetModel::init()
+{
+    setUp();
+    m_model = std::make_unique<VxDopeSheetModel>(int(TransformTypes), 2, nullptr);
+    m_filter = std::make_unique<VxDopeSheetFilterModel>();
+    m_filter->setRecursiveFilteringEnabled(true);
+    m_filter->setDynamicSortFilter(false);
+    m_filter->setSourceModel(m_model.get());
+    m_view = std::make_unique<QTreeView>();
+    m_view->setModel(m_filter.get());
+    m_view->show();
+    m_firstColumn.setSourceModel(m_model.get());
+    m_tester = std::make_unique<Tester>(&m_firstColumn, Tester::FailureReportingMode::QtTest);
+    m_filterTester = std::make_unique<Tester>(m_filter.get(), Tester::FailureReportingMode::QtTest);
+}
+
+void TestDopeSheetModel::cleanup()
+{
+    m_filterTester.reset();
+    m_tester.reset();
+    m_firstColumn.setSourceModel(nullptr);
+    m_view.reset();
+    m_filter.reset();
+    m_model.reset();
+    tearDown();
+}
+
+QStringList TestDopeSheetModel::nodesBelow(const VxDopeSheetItem *item)
+{
+    QStringList labels;
+    for (int i = 0; i < item->childCount(); ++i) {
+        if (item->child(i)->node())
+            labels += item->child(i)->label();
+    }
+    return labels;
+}
+
+void TestDopeSheetModel::columnsAndHeaders()
+{
+    QCOMPARE(m_model->columnCount(), 2);
+    QCOMPARE(m_model->rowCount(), 0);
+    QCOMPARE(m_model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Name"));
+    QCOMPARE(m_model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Keys"));
+    QVERIFY(!m_model->headerData(2, Qt::Horizontal).isValid());
+    QVERIFY(!m_model->headerData(1, Qt::Vertical).isValid());
+    QVERIFY(!m_model->headerData(1, Qt::Horizontal, Qt::DecorationRole).isValid());
+}
+
+void TestDopeSheetModel::itemsOfIndexes()
+{
+    VxNode *hip = node("hip");
+    m_model->addNode(hip);
+    VxDopeSheetItem *item = m_model->findItem(hip);
+    for (int column = 0; column < 2; ++column) {
+        const QModelIndex index = m_model->index(0, column);
+        QCOMPARE(index.data(Qt::UserRole).value<VxDopeSheetItem *>(), item);
+        QCOMPARE(m_model->rowCount(index), 1);
+        QCOMPARE(m_model->columnCount(index), 2);
+        QCOMPARE(m_model->hasChildren(index), column == 0);
+        const QModelIndex child = m_model->index(0, column, index);
+        QCOMPARE(child.parent(), m_model->index(0, 0));
+    }
+    QCOMPARE(m_model->index(0, 0).data().toString(), QStringLiteral("hip"));
+    QVERIFY(!m_model->index(0, 1).data().isValid());
+    QVERIFY(!m_model->index(0, 0).data(Qt::ToolTipRole).isValid());
+    QVERIFY(!m_model->data(QModelIndex()).isValid());
+    QVERIFY(!m_model->index(1, 0).isValid());
+    QVERIFY(!m_model->index(-1, 0).isValid());
+    QVERIFY(!m_model->indexOf(nullptr).isValid());
+    QVERIFY(!m_model->indexOf(m_model->getRootItem()).isValid());
+    QCOMPARE(m_model->indexOf(item, 1), m_model->index(0, 1));
+}
+
+void TestDopeSheetModel::decorations()
+{
+    VxNode *hip = node("hip");
+    const VxMorph *morph = builder->addMorphs(hip, 1).first();
+    const auto special = builder->addSpecialProperties(hip);
+    VxDopeSheetModel model(0xff, 2, nullptr);
+    model.addNode(hip);
+    VxDopeSheetItem *item = model.findItem(hip);
+    const auto iconOf = [&model](const VxDopeSheetItem *row) {
+        return model.indexOf(row).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+    };
+    const auto icon = [](quint32 id) {
+        return vxApp->getStyle()->icon(VxStyle::StandardIconId(id)).pixmap(16).toImage();
+    };
+    QVERIFY(model.indexOf(item).data(Qt::DecorationRole).isValid());
+    QVERIFY(!model.indexOf(item, 1).data(Qt::DecorationRole).isValid());
+    QVERIFY(!model.indexOf(item->child(0)).data(Qt::DecorationRole).isValid());
+    QCOMPARE(iconOf(item->child(0)->child(0)), icon(0xF00000D3));
+    QCOMPARE(iconOf(rowOf(item, hip->getXPosControl())), icon(0xF00000D4));
+    QCOMPARE(iconOf(rowOf(item, morph->getValueControl())), icon(0xF00000D5));
+    QCOMPARE(iconOf(rowOf(item, special.alias)), icon(0xF00000D7));
+}
+
+void TestDopeSheetModel::everyIndexIsSelectableOnly()
+{
+    m_model->addNode(node("hip"));
+    const Qt::ItemFlags expected = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    QCOMPARE(m_model->index(0, 0).flags(), expected);
+    QCOMPARE(m_model->index(0, 1, m_model->index(0, 0)).flags(), expected);
+    QCOMPARE(int(m_model->flags(QModelIndex())), 0);
+}
+
+void TestDopeSheetModel::ancestorsComeFirst()
+{
+    VxNode *top = node("top");
+    VxNode *middle = node("middle", top);
+    VxNode *low = node("low", middle);
+    node("sibling", middle);
+    QStringList added;
+    connect(m_model.get(), &QAbstractItemModel::rowsInserted, this,
+            [this, &added](const QModelIndex &parent, int first) {
+                added += m_model->index(first, 0, parent).data().toString();
+            });
+    m_model->addNode(low);
+    QCOMPARE(added,
+             QStringList({QStringLiteral("top"), QStringLiteral("middle"), QStringLiteral("low")}));
+    QCOMPARE(nodesBelow(m_model->findItem(middle)), QStringList{QStringLiteral("low")});
+    m_model->addNode(nullptr);
+    m_model->addNode(nullptr, true);
+    QCOMPARE(added.size(), 3);
+}
+
+void TestDopeSheetModel::childrenComeWhenAsked()
+{
+    VxNode *top = node("top");
+    VxNode *a = node("a", top);
+    node("a1", a);
+    node("b", top);
+    m_model->addNode(top);
+    QCOMPARE(nodesBelow(m_model->findItem(top)), QStringList());
+    m_model->removeNode(top);
+    m_model->addNode(top, true);
+    QCOMPARE(nodesBelow(m_model->findItem(top)),
+             QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+    QCOMPARE(nodesBelow(m_model->findItem(a)), QStringList{QStringLiteral("a1")});
+}
+
+void TestDopeSheetModel::addedTwice()
+{
+    VxNode *top = node("top");
+    m_model->addNode(top);
+    VxNode *child = node("child", top);
+    m_model->addNode(top, true);
+    QCOMPARE(m_model->rowCount(), 1);
+    QVERIFY(!m_model->findItem(child));
+}
+
+void TestDopeSheetModel::typesAreTheLowByte()
+{
+    const VxDopeSheetModel model(0x12345603, 3, nullptr);
+    QCOMPARE(model.getPropertyTypes(), 3);
+    QCOMPARE(model.getKeyCreationScope(), 3);
+}
+
+void TestDopeSheetModel::propertyRowsStandFirst()
+{
+    VxNode *top = node("top");
+    node("child", top);
+    m_model->addNode(top, true);
+    const VxDopeSheetItem *item = m_model->findItem(top);
+    QCOMPARE(item->childCount(), 2);
+    QCOMPARE(item->child(0)->label(), QStringLiteral("Properties"));
+    VxDopeSheetModel bare(0, 2, nullptr);
+    bare.addNode(top, true);
+    QCOMPARE(bare.findItem(top)->childCount(), 1);
+}
+
+void TestDopeSheetModel::removal()
+{
+    VxNode *top = node("top");
+    VxNode *child = node("child", top);
+    VxNode *other = node("other");
+    m_model->addNode(top, true);
+    m_model->addNode(other);
+    QStringList removed;
+    connect(m_model.get(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this, &removed](const QModelIndex &parent, int first) {
+                removed += m_model->index(first, 0, parent).data().toString();
+            });
+    m_model->removeNode(top);
+    QCOMPARE(removed, QStringList({QStringLiteral("child"), QStringLiteral("top")}));
+    QCOMPARE(nodesAtTop(), QStringList{QStringLiteral("other")});
+    QCOMPARE(m_model->findItem(other)->row(), 0);
+    QVERIFY(!m_model->findItem(child));
+    // It is followed no longer.
+    QVERIFY(top->setNodeParent(other));
+    QVERIFY(!m_model->findItem(top));
+}
+
+void TestDopeSheetModel::removalOfUnknownNodes()
+{
+    VxNode *top = node("top");
+    m_model->removeNode(top);
+    m_model->addNode(node("other"));
+    m_model->removeNode(top);
+    m_model->removeNode(nullptr);
+    QCOMPARE(m_model->rowCount(), 1);
+}
+
+void TestDopeSheetModel::deletedNodesLeaveNothing()
+{
+    connect(vxScene, &VxScene::aboutToRemoveNode, m_model.get(), &VxDopeSheetModel::removeNode);
+    VxNode *top = node("top");
+    VxNode *child = node("child", top);
+    setKeys(child->getXPosControl(), {10, 20});
+    m_model->addNode(top, true);
+    m_view->expandAll();
+    m_view->selectAll();
+    VxDopeSheetItem *row = rowOf(m_model->getRootItem(), child->getXPosControl());
+    row->setKeysSelected(true, 0, 100);
+    QVERIFY(m_model->hasSelectedKeys());
+    vxScene->removeNode(child);
+    QVERIFY(!m_model->hasSelectedKeys());
+    QCOMPARE(m_model->findItem(top)->keyCount(), 0);
+    vxScene->removeNode(top);
+    QCOMPARE(m_model->rowCount(), 0);
+    QCOMPARE(m_filter->rowCount(), 0);
+    QVERIFY(!m_view->selectionModel()->hasSelection());
+    m_view->grab();
+}
+
+void TestDopeSheetModel::deletedWithoutRemoval()
+{
+    auto top = std::make_unique<VxNode>(QStringLiteral("top"));
+    auto *child = new VxNode(QStringLiteral("child"));
+    top->addNodeChild(child);
+    setKeys(child->getXPosControl(), {10});
+    m_model->addNode(top.get(), true);
+    m_view->expandAll();
+    m_view->selectAll();
+    rowOf(m_model->getRootItem(), child->getXPosControl())->setKeysSelected(true, 10, 10);
+    QVERIFY(m_model->hasSelectedKeys());
+    top.reset();
+    QCOMPARE(m_model->rowCount(), 0);
+    QVERIFY(!m_model->hasSelectedKeys());
+    QVERIFY(m_model->getTopLevelNodes().isEmpty());
+    m_view->grab();
+}
+
+void TestDopeSheetModel::removedAndAddedAgain()
+{
+    VxNode *top = node("top");
+    for (int i = 0; i < 3; ++i) {
+        m_model->addNode(top);
+        m_model->removeNode(top);
+    }
+    m_model->addNode(top);
+    const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    top->setLabel(QStringLiteral("other"));
+    QCOMPARE(changes.count(), 1);
+}
+
+void TestDopeSheetModel::reparenting()
+{
+    VxNode *a = node("a");
+    VxNode *b = node("b");
+    VxNode *child = node("child", a);
+    VxNode *low = node("low", child);
+    setKeys(low->getXPosControl(), {10});
+    m_model->addNode(a, true);
+    m_model->addNode(b, true);
+    m_view->expandAll();
+    const QSignalSpy moves(m_model.get(), &QAbstractItemModel::rowsMoved);
+    QCOMPARE(m_model->findItem(a)->keyCount(), 1);
+    QCOMPARE(m_model->findItem(b)->keyCount(), 0);
+    QVERIFY(child->setNodeParent(b));
+    QCOMPARE(moves.count(), 1);
+    QCOMPARE(nodesBelow(m_model->findItem(a)), QStringList());
+    QCOMPARE(nodesBelow(m_model->findItem(b)), QStringList{QStringLiteral("child")});
+    QCOMPARE(nodesBelow(m_model->findItem(child)), QStringList{QStringLiteral("low")});
+    QCOMPARE(m_model->findItem(a)->keyCount(), 0);
+    QCOMPARE(m_model->findItem(b)->keyCount(), 1);
+}
+
+void TestDopeSheetModel::reparentingToTheTop()
+{
+    VxNode *a = node("a");
+    VxNode *child = node("child", a);
+    m_model->addNode(a, true);
+    m_model->addNode(node("b"));
+    QVERIFY(child->setNodeParent(nullptr, 0));
+    QCOMPARE(nodesAtTop(),
+             QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("child")}));
+}
+
+void TestDopeSheetModel::reparentingBelowANodeNotShown()
+{
+    VxNode *a = node("a");
+    VxNode *unseen = node("unseen");
+    node("its child", unseen);
+    m_model->addNode(a);
+    QVERIFY(a->setNodeParent(unseen));
+    QCOMPARE(nodesAtTop(), QStringList{QStringLiteral("unseen")});
+    QCOMPARE(nodesBelow(m_model->findItem(unseen)), QStringList{QStringLiteral("a")});
+}
+
+void TestDopeSheetModel::undoneReparenting()
+{
+    VxNode *a = node("a");
+    VxNode *b = node("b");
+    m_model->addNode(a);
+    m_model->addNode(b);
+    {
+        VxUndoStackHold hold;
+        QVERIFY(b->setNodeParent(a));
+        hold.accept(QStringLiteral("Parent"));
+    }
+    QCOMPARE(nodesAtTop(), QStringList{QStringLiteral("a")});
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(nodesAtTop(), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+}
+
+void TestDopeSheetModel::rootMoves_data()
+{
+    QTest::addColumn<QString>("move");
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("order");
+    // The rows that the signal names: start, end, destination. Empty when nothing moves.
+    QTest::addColumn<QVector<int>>("rows");
+    using Rows = QVector<int>;
+    const auto row = [](const char *move, const char *node, const char *order, const Rows &rows) {
+        QTest::addRow("%s %s", node, move) << QString::fromLatin1(move) << QString::fromLatin1(node)
+                                           << QString::fromLatin1(order) << rows;
+    };
+    row("to top", "c", "cabd", {2, 2, 0});
+    row("to top", "a", "abcd", {});
+    row("up", "c", "acbd", {2, 2, 1});
+    row("up", "a", "abcd", {});
+    row("down", "b", "acbd", {2, 2, 1});
+    row("down", "d", "abcd", {});
+    row("to bottom", "b", "acdb", {1, 1, 4});
+    row("to bottom", "d", "abcd", {});
+}
+
+void TestDopeSheetModel::rootMoves()
+{
+    QFETCH(QString, move);
+    QFETCH(QString, node);
+    QFETCH(QString, order);
+    QFETCH(QVector<int>, rows);
+    QMap<QString, VxNode *> nodes;
+    for (const char *name : {"a", "b", "c", "d"}) {
+        nodes[QString::fromLatin1(name)] = this->node(name);
+        m_model->addNode(nodes[QString::fromLatin1(name)]);
+    }
+    QVector<int> told;
+    connect(m_model.get(), &QAbstractItemModel::rowsMoved, this,
+            [&told](const QModelIndex &from, int start, int end, const QModelIndex &to, int row) {
+                QVERIFY(!from.isValid() && !to.isValid());
+                told << start << end << row;
+            });
+    const std::map<QString, void (VxDopeSheetModel::*)(VxNode *)> moves{
+        {QStringLiteral("to top"), &VxDopeSheetModel::moveRootRowToTop},
+        {QStringLiteral("up"), &VxDopeSheetModel::moveRootRowUp},
+        {QStringLiteral("down"), &VxDopeSheetModel::moveRootRowDown},
+        {QStringLiteral("to bottom"), &VxDopeSheetModel::moveRootRowToBottom},
+    };
+    (m_model.get()->*moves.at(move))(nodes.value(node));
+    QCOMPARE(nodesAtTop().join(QString()), order);
+    QCOMPARE(told, rows);
+    QCOMPARE(labelsAt(m_filter.get()).join(QString()), order);
+}
+
+void TestDopeSheetModel::onlyTopLevelRowsMove()
+{
+    VxNode *a = node("a");
+    VxNode *low = node("low", a);
+    m_model->addNode(node("first"));
+    m_model->addNode(a, true);
+    const QSignalSpy moves(m_model.get(), &QAbstractItemModel::rowsMoved);
+    for (VxNode *unmoved : {low, node("unseen"), static_cast<VxNode *>(nullptr)}) {
+        m_model->moveRootRowToTop(unmoved);
+        m_model->moveRootRowUp(unmoved);
+        m_model->moveRootRowDown(unmoved);
+        m_model->moveRootRowToBottom(unmoved);
+    }
+    QCOMPARE(moves.count(), 0);
+}
+
+void TestDopeSheetModel::changesAreToldForTheTopLevel()
+{
+    VxNode *a = node("a");
+    m_model->addNode(a);
+    m_model->addNode(node("b"));
+    const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    setKeys(a->getXPosControl(), {10});
+    QCOMPARE(changes.count(), 2);
+    for (const auto &arguments : changes) {
+        QCOMPARE(arguments.at(0).toModelIndex(), m_model->index(0, 0));
+        QCOMPARE(arguments.at(1).toModelIndex(), m_model->index(1, 1));
+    }
+}
+
+void TestDopeSheetModel::anEmptyModelTellsNothing()
+{
+    const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    m_model->keysChanged();
+    QCOMPARE(changes.count(), 0);
+}
+
+void TestDopeSheetModel::labelsAreToldAlsoAfterRemoval()
+{
+    VxNode *a = node("a");
+    m_model->addNode(a);
+    m_model->addNode(node("b"));
+    const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    a->setLabel(QStringLiteral("c"));
+    QCOMPARE(changes.count(), 1);
+    m_model->removeNode(a);
+    a->setLabel(QStringLiteral("d"));
+    QCOMPARE(changes.count(), 2);
+}
+
+void TestDopeSheetModel::namesAreToldOnce()
+{
+    VxNode *a = node("a");
+    m_model->addNode(a);
+    QSignalSpy names(m_model.get(), &VxDopeSheetModel::namesChanged);
+    QCoreApplication::processEvents();
+    names.clear();
+    for (int i = 0; i < 10; ++i)
+        a->setLabel(QString::number(i));
+    a->getXPosControl()->setLabel(QStringLiteral("Sideways"));
+    QCOMPARE(names.count(), 0);
+    QTRY_COMPARE(names.count(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(names.count(), 1);
+    a->getXPosControl()->setLabel(QStringLiteral("Along"));
+    QTRY_COMPARE(names.count(), 2);
+}
+
+// The rows of a node stay as they were built; those of properties that are gone are empty.
+void TestDopeSheetModel::objectsChange()
+{
+    VxNode *a = node("a");
+    VxMorph *morph = builder->addMorphs(a, 1).first();
+    VxDopeSheetModel model(0xff, 2, nullptr);
+    model.addNode(a);
+    VxDopeSheetItem *row = rowOf(model.getRootItem(), morph->getValueControl());
+    QVERIFY(row);
+    setKeys(morph->getValueControl(), {10});
+    row->setKeysSelected(true, 10, 10);
+    QVERIFY(model.hasSelectedKeys());
+    a->setObject(nullptr);
+    QVERIFY(!row->property());
+    QVERIFY(!model.hasSelectedKeys());
+    QCOMPARE(model.findItem(a)->keyCount(), 0);
+}
+
+void TestDopeSheetModel::selectedKeys()
+{
+    VxNode *a = node("a");
+    setKeys(a->getXPosControl(), {10});
+    m_model->addNode(a);
+    QVERIFY(!m_model->hasSelectedKeys());
+    VxDopeSheetItem *row = rowOf(m_model->getRootItem(), a->getXPosControl());
+    row->setKeysSelected(true, 10, 10);
+    QVERIFY(m_model->hasSelectedKeys());
+    m_model->removeNode(a);
+    QVERIFY(!m_model->hasSelectedKeys());
+}
+
+QTEST_MAIN(TestDopeSheetModel)
+#include "tst_vxdopesheetmodel.moc"
