@@ -44,7 +44,10 @@ private Q_SLOTS:
     void manySelectionsMakeOneEvent();
     void hiddenPanePostsNothing();
     void loadMakesOneEventAfterwards();
+    void blocksNest();
     void closingApplicationPostsNothing();
+    void hidingLeavesTheRestForLater();
+    void paneGoesBeforeItsEvents();
     void rowsFollowTheSelection();
     void rowSelectionSelectsNodes();
     void rowsOfTheScene();
@@ -128,6 +131,80 @@ void TestTimePaneRows::closingApplicationPostsNothing()
     node->select(true);
     QCoreApplication::processEvents();
     QCOMPARE(counter.selectionChanges, 0);
+}
+
+void TestTimePaneRows::blocksNest()
+{
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    const auto call = [this](const char *slot) {
+        QVERIFY(QMetaObject::invokeMethod(pane.get(), slot));
+        QCoreApplication::processEvents();
+    };
+    call("blockRefresh");
+    call("blockRefresh");
+    node->select(true);
+    node->select(false);
+    call("unblockRefresh");
+    QCOMPARE(counter.selectionChanges, 0);
+    call("unblockRefresh");
+    QCOMPARE(counter.selectionChanges, 1);
+    // Nothing has changed since.
+    call("blockRefresh");
+    call("unblockRefresh");
+    QCOMPARE(counter.selectionChanges, 1);
+}
+
+// The event is on its way when the pane is hidden.
+void TestTimePaneRows::hidingLeavesTheRestForLater()
+{
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    node->select(true);
+    pane->hide();
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+    QCOMPARE(counter.ensureVisibles, 0);
+    node->select(false);
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 1);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    pane->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(counter.selectionChanges, 2);
+    QVERIFY(!view->selectionModel()->hasSelection());
+}
+
+// Another pane lives on, and the scene goes on changing.
+void TestTimePaneRows::paneGoesBeforeItsEvents()
+{
+    VxTimePane other;
+    other.resize(800, 300);
+    other.show();
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    QCoreApplication::processEvents();
+    vxScene->loopPlayback(true);
+    vxScene->play();
+    node->select(true);
+    pane.reset();
+    QCoreApplication::processEvents();
+    vxScene->setTime(320);
+    vxScene->setTimeStep(200);
+    vxScene->pause();
+    QCOMPARE(other.getCurrentFrame(), 1);
+    QCOMPARE(other.getFramesPerSecond(), 24);
+    QVERIFY(other.hasDopeSheetItemSelection());
+    vxScene->removeNode(node);
+    vxScene->clear();
+    QVERIFY(!other.hasDopeSheetItemSelection());
 }
 
 void TestTimePaneRows::rowsFollowTheSelection()
