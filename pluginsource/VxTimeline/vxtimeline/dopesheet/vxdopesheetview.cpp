@@ -1,7 +1,9 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QTimer>
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QRubberBand>
@@ -25,6 +27,8 @@
 
 namespace {
 
+// How far the line of the current time reaches to each side; pixels.
+constexpr int TimeLineReach = 2;
 constexpr int TimerInterval = 100; // milliseconds
 
 } // namespace
@@ -196,12 +200,31 @@ void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propLi
     viewport()->update();
 }
 
+int VxDopeSheetView::Private::currentTimeX() const
+{
+    return TimelineMetrics::shared().keyMiddle(view->columnWidth(NameColumn), vxScene->getTime(),
+                                               vxScene->getPlayRange().getStart());
+}
+
+void VxDopeSheetView::Private::updateTimeLine(int x) const
+{
+    view->viewport()->update(x - TimeLineReach, 0, 2 * TimeLineReach + 1,
+                             view->viewport()->height());
+}
+
+// In playback this comes many times a second: only what the line leaves and enters is painted.
 void VxDopeSheetView::timeChanged(VxTime time)
 {
-    const int x = TimelineMetrics::shared().keyMiddle(columnWidth(NameColumn), time,
-                                                      vxScene->getPlayRange().getStart());
+    Q_UNUSED(time)
+    const int x = d->currentTimeX();
     d->timeLine = QLine(x, 0, x, viewport()->height());
-    viewport()->update();
+    d->updateTimeLine(d->paintedTimeX);
+    d->updateTimeLine(x);
+}
+
+bool VxDopeSheetView::isToBePainted(const QRect &rect) const
+{
+    return d->paintedRegion.isEmpty() || d->paintedRegion.intersects(rect);
 }
 
 void VxDopeSheetView::timerKick()
@@ -210,7 +233,7 @@ void VxDopeSheetView::timerKick()
 }
 
 // The name column and the line of the current time show through where rows paint nothing.
-void VxDopeSheetView::Private::paintBehindRows(QPainter *painter) const
+void VxDopeSheetView::Private::paintBehindRows(QPainter *painter)
 {
     const int nameWidth = view->columnWidth(NameColumn);
     QStyleOption option;
@@ -219,9 +242,8 @@ void VxDopeSheetView::Private::paintBehindRows(QPainter *painter) const
     view->style()->drawPrimitive(
         static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option, painter,
         view);
-    const int x = TimelineMetrics::shared().keyMiddle(nameWidth, vxScene->getTime(),
-                                                      vxScene->getPlayRange().getStart());
-    painter->drawLine(x, 0, x, view->height());
+    paintedTimeX = currentTimeX();
+    painter->drawLine(paintedTimeX, 0, paintedTimeX, view->height());
 }
 
 void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
@@ -239,6 +261,7 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
 
 void VxDopeSheetView::paintEvent(QPaintEvent *event)
 {
+    const QScopedValueRollback<QRegion> painting(d->paintedRegion, event->region());
     {
         QPainter painter(viewport());
         d->paintBehindRows(&painter);

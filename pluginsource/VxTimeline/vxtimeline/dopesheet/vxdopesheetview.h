@@ -55,6 +55,10 @@ public:
     // Renews what depends on the scope in which keys are made.
     void updateKeyScopeDisplay();
 
+    // For delegates: false when nothing within rect is asked for by the paint event that is going
+    // on. True outside of paint events.
+    bool isToBePainted(const QRect &rect) const;
+
     // The item of a row of the view's model, whatever the column; null for none.
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
     // The first row of a node in the view's model; invalid when it has none.

@@ -7,6 +7,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QSet>
 #include <QtCore/QTime>
+#include <QtGui/QRegion>
 #include <functional>
 #include <vector>
 
@@ -48,6 +49,9 @@ public:
     QPoint pressPoint; // of the rubber band, as the next one; in the viewport
     QPoint currentPoint;
     QLine timeLine; // of the current time, in the viewport
+    // Where that line was painted last, and what is being painted, both in the viewport.
+    int paintedTimeX = 0;
+    QRegion paintedRegion;
     QTime lastTimerKick;
 
     // The span of times of the selection that is being applied.
@@ -90,7 +94,10 @@ public:
     void clearSelectedKeysFrom(const QModelIndex &index, bool isCleared);
     // Carries newly selected rows over to the scene, as the last press's modifiers say.
     void selectNodes(const QItemSelection &selected) const;
-    void paintBehindRows(QPainter *painter) const;
+    int currentTimeX() const;
+    // Repaints what the line of the current time covers at x, the ticks in the rows included.
+    void updateTimeLine(int x) const;
+    void paintBehindRows(QPainter *painter);
     void paintRubberBand(QPainter *painter) const;
 
 private:

@@ -21,10 +21,13 @@ QPalette interfacePalette(const QWidget *view)
     return window ? window->palette() : view->palette();
 }
 
-void fill(QPainter *painter, const std::vector<QRect> &rects, const QColor &color)
+void fill(QPainter *painter, const VxDopeSheetView *view, const std::vector<QRect> &rects,
+          const QColor &color)
 {
-    for (const QRect &rect : rects)
-        painter->fillRect(rect, color);
+    for (const QRect &rect : rects) {
+        if (view->isToBePainted(rect))
+            painter->fillRect(rect, color);
+    }
 }
 
 QStyle::State markState(quint8 state)
@@ -39,7 +42,7 @@ QStyle::State markState(quint8 state)
 
 // The host's style is asked directly: a style sheet of the application, which would look up its
 // rules for every single mark, has nothing to say about them.
-void paintMarks(QPainter *painter, const QWidget *view, const DopeSheetGeometry &geometry,
+void paintMarks(QPainter *painter, const VxDopeSheetView *view, const DopeSheetGeometry &geometry,
                 const std::vector<DopeSheetMark> &marks)
 {
     const QStyle *style = vxApp && vxApp->getStyle() ? vxApp->getStyle() : view->style();
@@ -48,6 +51,8 @@ void paintMarks(QPainter *painter, const QWidget *view, const DopeSheetGeometry 
     const QStyle::State viewState = option.state;
     for (const DopeSheetMark &mark : marks) {
         option.rect = geometry.markRect(mark.left);
+        if (!view->isToBePainted(option.rect))
+            continue;
         option.state = viewState | markState(mark.state);
         style->drawPrimitive(static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxKeyMark), &option,
                              painter, view);
@@ -70,8 +75,8 @@ void paintRow(QPainter *painter, const QRect &cell, const VxDopeSheetView *view,
         keys.count > 0 ? qMax(clock.duration, keys.times[keys.count - 1]) : clock.duration;
 
     painter->fillRect(geometry.baseline(end), lineColor);
-    fill(painter, geometry.secondTicks(end), lineColor);
-    fill(painter, geometry.frameTicks(clock.duration, clock.step), lineColor);
+    fill(painter, view, geometry.secondTicks(end), lineColor);
+    fill(painter, view, geometry.frameTicks(clock.duration, clock.step), lineColor);
     paintMarks(painter, view, geometry, geometry.marks(keys));
     if (!hasKeyAt(item, clock.current))
         painter->fillRect(geometry.timeTick(clock.current), Qt::white);

@@ -6,12 +6,24 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+
 VxTimelineDopeSheetNameColumnDelegate::VxTimelineDopeSheetNameColumnDelegate(QObject *parent)
     : QStyledItemDelegate(parent)
 {
 }
 
 VxTimelineDopeSheetNameColumnDelegate::~VxTimelineDopeSheetNameColumnDelegate() = default;
+
+// The tree paints whole rows, also when only the line of the current time has moved in them.
+void VxTimelineDopeSheetNameColumnDelegate::paint(QPainter *painter,
+                                                  const QStyleOptionViewItem &option,
+                                                  const QModelIndex &index) const
+{
+    const auto *view = qobject_cast<const VxDopeSheetView *>(parent());
+    if (!view || view->isToBePainted(option.rect))
+        QStyledItemDelegate::paint(painter, option, index);
+}
 
 QSize VxTimelineDopeSheetNameColumnDelegate::sizeHint(const QStyleOptionViewItem &option,
                                                       const QModelIndex &index) const

@@ -12,6 +12,8 @@ public:
     explicit VxTimelineDopeSheetNameColumnDelegate(QObject *parent = nullptr);
     ~VxTimelineDopeSheetNameColumnDelegate() override;
 
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
