@@ -29,6 +29,7 @@ private Q_SLOTS:
     void disconnectedAgain();
     void listsReplaceOrAdd();
     void noChannelTwice();
+    void selectionOutlivesARebuild();
     void othersThanFloatsAreIgnored();
     void changesInvalidateAllChannels();
     void changesOfTheKeyHolderArrive();
@@ -157,6 +158,22 @@ void TestKeyGraph::noChannelTwice()
     m_graph->handleDopesheetPropertyListChanged({x(), x(), y()}, false);
     m_graph->handleDopesheetPropertyListChanged({y()}, true);
     QCOMPARE(shown(), QVector<VxProperty *>({x(), y()}));
+}
+
+// Another row selected beside: the keys of the first one stay selected, here as in the dope sheet.
+void TestKeyGraph::selectionOutlivesARebuild()
+{
+    vxApp->start();
+    makeKeys(x(), "a.b.c");
+    makeKeys(y(), "a.b.c");
+    m_graph->handleDopesheetPropertyListChanged({x()}, false);
+    select(*m_graph->getChannels().at(0), {0, 2});
+    m_graph->handleDopesheetPropertyListChanged({y(), x()}, false);
+    QCOMPARE(selectedOf(*m_graph->getChannels().at(0)), QVector<int>());
+    QCOMPARE(selectedOf(*m_graph->getChannels().at(1)), QVector<int>({0, 2}));
+    m_graph->handleDopesheetPropertyListChanged({y()}, false);
+    m_graph->handleDopesheetPropertyListChanged({x()}, false);
+    QCOMPARE(selectedOf(*m_graph->getChannels().at(0)), QVector<int>());
 }
 
 void TestKeyGraph::othersThanFloatsAreIgnored()

@@ -1,5 +1,6 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
@@ -42,6 +43,8 @@ public:
     void addNode(const VxPropertyListNode *node);
     void clearChannels();
     void clearAndAnnounce();
+    void beginRebuild();
+    void endRebuild();
     void announce();
     void connectParametersPane();
     void disconnectParametersPane();
@@ -50,6 +53,8 @@ public:
     QVector<VxKeyGraphChannel *> channels;
     QSet<const VxProperty *> shown;               // the channels' properties
     QVector<QMetaObject::Connection> connections; // those of all channels
+    // During a rebuild: the keys of the channels from before, with their selection.
+    QHash<const VxProperty *, QVector<VxKeyGraphKey>> formerKeys;
     QPointer<VxSideNavPropertyListView> parametersView;
     QPointer<VxPane> dopesheetPane;
     bool dopesheetConnected = false;
@@ -78,6 +83,7 @@ void VxKeyGraph::Private::addChannel(VxProperty *property)
                                    &VxKeyGraph::handlePropertyAboutToBeRemoved);
     }
     channels.append(new VxFloatChannel(floatProperty, keyBus));
+    channels.last()->restoreKeyCache(formerKeys.value(property));
 }
 
 void VxKeyGraph::Private::addNode(const VxPropertyListNode *node)
@@ -101,6 +107,20 @@ void VxKeyGraph::Private::clearChannels()
 void VxKeyGraph::Private::clearAndAnnounce()
 {
     clearChannels();
+    announce();
+}
+
+// A property that is shown before and after keeps its selection: the dope sheet keeps it, too.
+void VxKeyGraph::Private::beginRebuild()
+{
+    for (const VxKeyGraphChannel *channel : qAsConst(channels))
+        formerKeys.insert(channel->getProperty(), channel->getKeyCache());
+    clearChannels();
+}
+
+void VxKeyGraph::Private::endRebuild()
+{
+    formerKeys.clear();
     announce();
 }
 
@@ -232,25 +252,25 @@ void VxKeyGraph::handleCurrentRowChanged(const QModelIndex &current, const QMode
     Q_UNUSED(previous)
     if (!d->parametersView)
         return;
-    d->clearChannels();
+    d->beginRebuild();
     const VxPropertyListItemModel *model = d->parametersView->getPropertyListModel();
     if (model && current.isValid())
         d->addNode(model->getPropertyListNode(current));
-    d->announce();
+    d->endRebuild();
 }
 
 void VxKeyGraph::handleSelectionChanged()
 {
     if (!d->parametersView)
         return;
-    d->clearChannels();
+    d->beginRebuild();
     const VxPropertyListItemModel *model = d->parametersView->getPropertyListModel();
     const QItemSelectionModel *selection = d->parametersView->selectionModel();
     for (int row = 0; model && selection && row < model->rowCount(); ++row) {
         if (selection->isRowSelected(row, QModelIndex()))
             d->addNode(model->getPropertyListNode(model->index(row, 0)));
     }
-    d->announce();
+    d->endRebuild();
 }
 
 void VxKeyGraph::handleDopesheetPropertyListChanged(QVector<VxProperty *> propList, bool add)
@@ -258,10 +278,10 @@ void VxKeyGraph::handleDopesheetPropertyListChanged(QVector<VxProperty *> propLi
     if (!d->dopesheetConnected)
         return;
     if (!add)
-        d->clearChannels();
+        d->beginRebuild();
     for (VxProperty *property : qAsConst(propList))
         d->addChannel(property);
-    d->announce();
+    d->endRebuild();
 }
 
 void VxKeyGraph::handlePropertyDeleted(VxProperty *prop)

@@ -143,6 +143,12 @@ void VxKeyGraphChannel::invalidateKeyCache()
     d->cacheValid = false;
 }
 
+void VxKeyGraphChannel::restoreKeyCache(const QVector<VxKeyGraphKey> &keys)
+{
+    d->keyCache = keys;
+    d->cacheValid = false;
+}
+
 void VxKeyGraphChannel::setKeySelected(int index, bool selected)
 {
     selectKey(index, selected);

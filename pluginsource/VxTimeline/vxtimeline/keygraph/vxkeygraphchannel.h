@@ -74,6 +74,9 @@ public:
     bool isKeySelected(int index) const;
     // To be called when the property's keys changed.
     void invalidateKeyCache();
+    // Takes over the records that another channel of the property had, as far as its keys are
+    // still there. Empty for none.
+    void restoreKeyCache(const QVector<VxKeyGraphKey> &keys);
 
     // Selects or deselects a key, makes its present place the start of a drag, and tells of it.
     void setKeySelected(int index, bool selected);
