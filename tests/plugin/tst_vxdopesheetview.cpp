@@ -62,6 +62,8 @@ private Q_SLOTS:
 
     void paintsBehindRows();
     void timeLineFollows();
+    void keysWidthKnowsTheSizeToCome();
+    void changesOfKeysAreRepainted();
 
 private:
     // The labels of the rows that a walk visits, "Properties" and groups left out.
@@ -603,6 +605,31 @@ void TestVxDopeSheetView::timeLineFollows()
     vxScene->setTime(640);
     QCOMPARE(pixel(208, y), view->palette().color(QPalette::Base));
     QCOMPARE(pixel(218, y), view->palette().color(QPalette::Text));
+}
+
+// A scroll bar comes: the width has to be right when the header tells of it.
+void TestVxDopeSheetView::keysWidthKnowsTheSizeToCome()
+{
+    showView(900, 120);
+    QVector<int> told;
+    connect(header, &QHeaderView::sectionResized, view.get(),
+            [&] { told += view->getKeysWidth(); });
+    view->expandAll();
+    QTRY_VERIFY(view->verticalScrollBar()->isVisible());
+    QVERIFY(!told.isEmpty());
+    QCOMPARE(told.last(), view->columnWidth(VxDopeSheetView::KeysColumn));
+    QCOMPARE(told.last(), view->viewport()->width() - 200);
+    header->setStretchLastSection(false);
+    header->resizeSection(1, 123);
+    QCOMPARE(view->getKeysWidth(), 123);
+}
+
+void TestVxDopeSheetView::changesOfKeysAreRepainted()
+{
+    showView();
+    const QImage before = view->viewport()->grab().toImage();
+    addKeys(leg->getXPosControl(), {1600});
+    QTRY_VERIFY(view->viewport()->grab().toImage() != before);
 }
 
 QTEST_MAIN(TestVxDopeSheetView)

@@ -79,6 +79,14 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
     connect(newModel, &QAbstractItemModel::modelReset, this, forget);
 }
 
+// The tree view would look at every open row again, for each row of keys that reports a change. The
+// rows have one height, and whether they have others below is told when those come and go.
+void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                  const QVector<int> &roles)
+{
+    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+}
+
 void VxDopeSheetView::forgetItems()
 {
     d->forgetItems();
@@ -92,6 +100,14 @@ void VxDopeSheetView::setFilterModel(QSortFilterProxyModel *filterModel)
 QSortFilterProxyModel *VxDopeSheetView::getFilterModel() const
 {
     return d->filterModel;
+}
+
+int VxDopeSheetView::getKeysWidth() const
+{
+    const QHeaderView *sections = header();
+    if (sections->count() <= KeysColumn || !sections->stretchLastSection())
+        return columnWidth(KeysColumn);
+    return sections->viewport()->width() - columnWidth(NameColumn);
 }
 
 void VxDopeSheetView::applyFilterText(const QString &text)

@@ -32,6 +32,10 @@ public:
     ~VxDopeSheetView() override;
 
     void setModel(QAbstractItemModel *model) override;
+    // The model says that something has changed, not where: everything is painted anew, and
+    // nothing else is done.
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles = QVector<int>()) override;
 
     // The bus over which key selections travel; not owned, null for none.
     void setKeyCommunication(VxKeyCommunication *bus);
@@ -45,6 +49,10 @@ public:
     // pattern as it stands; any other text is searched for anywhere in the name, whatever its
     // case. Empty shows every row. Does nothing without a proxy.
     void applyFilterText(const QString &text);
+
+    // The width that the keys column has, or gets as soon as the header has shared out its own: a
+    // header reports that a stretched section changes before it takes its new size.
+    int getKeysWidth() const;
 
     // True while the view itself changes which nodes of the scene are selected.
     bool isChangingSelection() const;

@@ -275,7 +275,7 @@ void VxTimePane::updateControls()
 
 void VxTimePane::updateSliders()
 {
-    const int keysWidth = d->dopeSheetView->columnWidth(VxDopeSheetView::KeysColumn);
+    const int keysWidth = d->dopeSheetView->getKeysWidth();
     if (!TimelineMetrics::shared().fit(keysWidth, vxScene->getPlayRange().getDuration()))
         return;
     d->playhead->setHorizontalOffset(d->nameColumnWidth());

@@ -25,8 +25,7 @@ TimelineMetrics &TimelineMetrics::shared()
 
 int TimelineMetrics::timeToX(VxTime time) const
 {
-    const qint32 scaled = wrappingProduct(wrappingProduct(time, fps), frameWidth) / divisor;
-    return TimelineSnap::truncated(scaled * zoom / 4800.0);
+    return TimelinePositions(*this)(time);
 }
 
 int TimelineMetrics::keysOrigin(VxTime playRangeStart) const

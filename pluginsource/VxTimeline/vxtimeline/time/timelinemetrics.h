@@ -4,6 +4,8 @@
 #include <vxcore/vxtime.h>
 #include <vxcore/vxtimerange.h>
 
+#include "vxtimeline/time/timelinesnap.h"
+
 // The horizontal time scale, and every formula that leads from time to pixels and back.
 //
 // One record is shared by the dope sheet view, its header, its delegates and the playhead, so that
@@ -55,6 +57,34 @@ public:
     // edge. False, and nothing changes, when the column is too narrow to show anything or there is
     // no scale. A duration below 1 leaves the duration out of the calculation.
     bool fit(int keysWidth, VxTime duration);
+};
+
+// TimelineMetrics::timeToX() for many times of one scale: a function object without state that
+// changes, small enough to be copied into loops.
+class TimelinePositions
+{
+public:
+    explicit TimelinePositions(const TimelineMetrics &metrics)
+        : m_factor(static_cast<quint32>(metrics.fps) * static_cast<quint32>(metrics.frameWidth))
+        , m_divisor(metrics.divisor)
+        , m_zoom(metrics.zoom)
+    {
+    }
+
+    int operator()(VxTime time) const
+    {
+        qint32 scaled = static_cast<qint32>(static_cast<quint32>(time) * m_factor);
+        if (m_divisor != 1)
+            scaled /= m_divisor;
+        const double x = scaled * m_zoom / VxTicksPerSecond;
+        const bool fits = x > double(VxTimeMin) && x < double(VxTimeMax);
+        return fits ? static_cast<int>(x) : TimelineSnap::truncated(x);
+    }
+
+private:
+    quint32 m_factor;
+    qint32 m_divisor;
+    double m_zoom;
 };
 
 #endif

@@ -14,33 +14,56 @@
 // what comes out is what a loop over everything would find, in the same order.
 namespace TimelineVisible {
 
+// The first number in low .. high - 1 that does not stand left of x; high when all do.
+template <typename Position>
+qint64 firstFrom(qint64 low, qint64 high, qint64 x, const Position &position)
+{
+    while (low < high) {
+        const qint64 middle = low + (high - low) / 2;
+        if (position(middle) < x)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+// The first number after from that stands right of x, where from stands; end when there is none.
+// Its position goes to nextX. The next few are looked at one by one, as there are seldom more.
+template <typename Position>
+qint64 firstAfter(qint64 from, qint64 end, int x, const Position &position, int *nextX)
+{
+    constexpr qint64 Few = 8;
+    const qint64 near = std::min(from + Few, end);
+    qint64 to = from + 1;
+    for (; to < near; ++to) {
+        *nextX = position(to);
+        if (*nextX != x)
+            return to;
+    }
+    qint64 stride = 1;
+    while (to + stride < end && position(to + stride) == x)
+        stride *= 2;
+    to = firstFrom(to, std::min(to + stride, end), x + qint64(1), position);
+    if (to < end)
+        *nextX = position(to);
+    return to;
+}
+
 // Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) at which something
 // stands: that is numbers from .. to - 1. position(i), for i in first .. end - 1, must ascend.
 template <typename Position, typename Visit>
-void visitAscending(qint64 first, qint64 end, int xMin, int xMax, Position position, Visit visit)
+void visitAscending(qint64 first, qint64 end, int xMin, int xMax, const Position &position,
+                    const Visit &visit)
 {
-    // The first number in low .. high - 1 that does not stand left of x.
-    const auto firstFrom = [&position](qint64 low, qint64 high, qint64 x) {
-        while (low < high) {
-            const qint64 middle = low + (high - low) / 2;
-            if (position(middle) < x)
-                low = middle + 1;
-            else
-                high = middle;
-        }
-        return low;
-    };
-    for (qint64 from = firstFrom(first, end, xMin); from < end;) {
-        const int x = position(from);
-        if (x > xMax)
-            return;
-        qint64 stride = 1;
-        while (from + stride < end && position(from + stride) == x)
-            stride *= 2;
-        const qint64 to =
-            firstFrom(from + stride / 2 + 1, std::min(from + stride, end), x + qint64(1));
+    qint64 from = firstFrom(first, end, xMin, position);
+    int x = from < end ? position(from) : 0;
+    while (from < end && x <= xMax) {
+        int nextX = x;
+        const qint64 to = firstAfter(from, end, x, position, &nextX);
         visit(from, to, x);
         from = to;
+        x = nextX;
     }
 }
 
@@ -60,10 +83,11 @@ inline qint64 lastBeforeWrap(qint64 number, qint64 factor)
 // The same for the keys at ascending times: visit(from, to, x) tells of keys from .. to - 1.
 template <typename Visit>
 void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, int xMin, int xMax,
-               Visit visit)
+               const Visit &visit)
 {
     const qint64 factor = qint64(metrics.fps) * metrics.frameWidth;
-    const auto position = [&metrics, times](qint64 i) { return metrics.timeToX(times[i]); };
+    const TimelinePositions toX(metrics);
+    const auto position = [toX, times](qint64 i) { return toX(times[i]); };
     for (int first = 0; first < count;) {
         const qint64 last = lastBeforeWrap(times[first], factor);
         const int end = int(std::upper_bound(times + first, times + count, last) - times);
@@ -75,11 +99,12 @@ void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, i
 // The same for ticks at the times number * spacing, number being first .. last.
 template <typename Visit>
 void visitTicks(const TimelineMetrics &metrics, qint64 first, qint64 last, VxTime spacing, int xMin,
-                int xMax, Visit visit)
+                int xMax, const Visit &visit)
 {
     const qint64 factor = qint64(metrics.fps) * metrics.frameWidth * spacing;
-    const auto position = [&metrics, spacing](qint64 i) {
-        return metrics.timeToX(static_cast<VxTime>(static_cast<quint32>(i * spacing)));
+    const TimelinePositions toX(metrics);
+    const auto position = [toX, spacing](qint64 i) {
+        return toX(static_cast<VxTime>(static_cast<quint32>(i * spacing)));
     };
     while (first <= last) {
         const qint64 end = std::min(lastBeforeWrap(first, factor), last) + 1;
