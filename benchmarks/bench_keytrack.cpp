@@ -4,11 +4,11 @@
 
 #include "keys/keydelta.h"
 #include "keys/keyevaluator.h"
-#include "keys/keymove.h"
 
 #include <benchmark/benchmark.h>
 #include <numeric>
 #include <random>
+#include <vxcore/vxkeymove.h>
 
 namespace {
 
@@ -255,15 +255,15 @@ void moveHalf(benchmark::State &state)
         offset = offset == 0 ? Frame * 5 / 2 : 0; // there and back, beside the others
         for (auto &track : tracks) {
             const auto keys = track.columns();
-            KeyMove move;
+            VxKeyMove move;
             move.times = keys.times;
             move.count = keys.count;
             move.selected = selected.data();
             move.origins = origins.data();
             move.selectedCount = int(selected.size());
             move.offset = offset;
-            move.rule = state.range(2) ? KeyMoveRule::WaitBeside : KeyMoveRule::Replace;
-            const auto times = planKeyMove(move);
+            move.rule = state.range(2) ? VxKeyMoveRule::WaitBeside : VxKeyMoveRule::Replace;
+            const auto times = vxPlanKeyMove(move);
             track.moveKeys(selected.data(), times.data(), int(times.size()), &landed);
         }
         selected = landed;

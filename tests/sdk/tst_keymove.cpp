@@ -1,19 +1,19 @@
 #include "keydrawing.h"
-#include "keys/keymove.h"
 #include "testing/vxwarningguard.h"
 
 #include <QtTest>
 #include <random>
 #include <set>
+#include <vxcore/vxkeymove.h>
 
 namespace {
 
 using Indexes = QVector<int>;
 
 std::vector<VxTime> plan(const KeyTrack<float> &track, const std::vector<int> &selected,
-                         const std::vector<VxTime> &origins, qint64 offset, KeyMoveRule rule)
+                         const std::vector<VxTime> &origins, qint64 offset, VxKeyMoveRule rule)
 {
-    KeyMove move;
+    VxKeyMove move;
     const auto keys = track.columns();
     move.times = keys.times;
     move.count = keys.count;
@@ -22,7 +22,7 @@ std::vector<VxTime> plan(const KeyTrack<float> &track, const std::vector<int> &s
     move.selectedCount = int(selected.size());
     move.offset = offset;
     move.rule = rule;
-    return planKeyMove(move);
+    return vxPlanKeyMove(move);
 }
 
 std::vector<VxTime> timesOf(const KeyTrack<float> &track, const std::vector<int> &selected)
@@ -125,13 +125,13 @@ void tst_KeyMove::rules()
     const auto origins = timesOf(start, indexes);
 
     auto preview = start;
-    auto times = plan(start, indexes, origins, offset, KeyMoveRule::WaitBeside);
+    auto times = plan(start, indexes, origins, offset, VxKeyMoveRule::WaitBeside);
     QVERIFY(preview.moveKeys(indexes.data(), times.data(), int(indexes.size())));
     QCOMPARE(preview.count(), start.count());
     QTEST(KeyDrawing::text(preview, KeyDrawing::length(before)), "waiting");
 
     auto dropped = start;
-    times = plan(start, indexes, origins, offset, KeyMoveRule::Replace);
+    times = plan(start, indexes, origins, offset, VxKeyMoveRule::Replace);
     QVERIFY(dropped.moveKeys(indexes.data(), times.data(), int(indexes.size())));
     QTEST(KeyDrawing::text(dropped, KeyDrawing::length(before)), "replacing");
 }
@@ -145,8 +145,8 @@ void tst_KeyMove::aDragNeverAddsUp()
     std::vector<int> selected = {0, 2};
     const auto origins = timesOf(track, selected);
     for (const int offset : {1, 2, 3, 4, 5, 7, 3, -6, -1, 2, 0}) {
-        const auto times = plan(track, selected, origins, offset, KeyMoveRule::WaitBeside);
-        const auto direct = plan(start, {0, 2}, origins, offset, KeyMoveRule::WaitBeside);
+        const auto times = plan(track, selected, origins, offset, VxKeyMoveRule::WaitBeside);
+        const auto direct = plan(start, {0, 2}, origins, offset, VxKeyMoveRule::WaitBeside);
         QCOMPARE(times, direct);
         std::vector<int> landed;
         QVERIFY(track.moveKeys(selected.data(), times.data(), 2, &landed));
@@ -159,8 +159,8 @@ void tst_KeyMove::aDragNeverAddsUp()
 void tst_KeyMove::nothingSelected()
 {
     const auto track = KeyDrawing::track("a b");
-    QVERIFY(plan(track, {}, {}, 5, KeyMoveRule::WaitBeside).empty());
-    QVERIFY(plan(KeyTrack<float>(), {}, {}, 5, KeyMoveRule::Replace).empty());
+    QVERIFY(plan(track, {}, {}, 5, VxKeyMoveRule::WaitBeside).empty());
+    QVERIFY(plan(KeyTrack<float>(), {}, {}, 5, VxKeyMoveRule::Replace).empty());
 }
 
 void tst_KeyMove::stopsAtTheEndOfTime()
@@ -168,7 +168,7 @@ void tst_KeyMove::stopsAtTheEndOfTime()
     const auto track = KeyDrawing::track("a . b . c");
     const std::vector<int> selected = {0, 1};
     const auto origins = timesOf(track, selected);
-    for (const auto rule : {KeyMoveRule::WaitBeside, KeyMoveRule::Replace}) {
+    for (const auto rule : {VxKeyMoveRule::WaitBeside, VxKeyMoveRule::Replace}) {
         const std::vector<VxTime> latest = {VxTimeMax - 2, VxTimeMax};
         QCOMPARE(plan(track, selected, origins, qint64(1) << 50, rule), latest);
         const std::vector<VxTime> earliest = {VxTimeMin, VxTimeMin + 2};
@@ -181,8 +181,8 @@ void tst_KeyMove::noPlaceToWait()
     // A key was put where the dragged one came from, at the very beginning of time.
     const auto track = KeyDrawing::track<float>(QStringLiteral("x y . a"), VxTimeMin);
     const std::vector<VxTime> origin = {VxTimeMin};
-    QVERIFY(plan(track, {2}, origin, 1, KeyMoveRule::WaitBeside).empty());
-    QCOMPARE(plan(track, {2}, origin, 2, KeyMoveRule::WaitBeside).front(), VxTimeMin + 2);
+    QVERIFY(plan(track, {2}, origin, 1, VxKeyMoveRule::WaitBeside).empty());
+    QCOMPARE(plan(track, {2}, origin, 2, VxKeyMoveRule::WaitBeside).front(), VxTimeMin + 2);
 }
 
 void tst_KeyMove::againstTheWordedRule()
@@ -202,7 +202,7 @@ void tst_KeyMove::againstTheWordedRule()
         }
         const auto origins = timesOf(track, selected);
         const int offset = number(-20, 20);
-        const auto planned = plan(track, selected, origins, offset, KeyMoveRule::WaitBeside);
+        const auto planned = plan(track, selected, origins, offset, VxKeyMoveRule::WaitBeside);
         QCOMPARE(planned, naiveWaiting(track, selected, origins, offset));
         auto moved = track;
         QVERIFY(moved.moveKeys(selected.data(), planned.data(), int(planned.size())));

@@ -65,6 +65,8 @@ public:
     bool replaceKeys(const VxTimeRange &range, const VxKeyColumns<float> &keys);
     /// Gives the keys at the given indexes (ascending) one interpolation in one pass.
     bool setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape);
+    /// Gives them one type; each keeps its tension, continuity and bias.
+    bool setKeyTypes(const QVector<int> &indexes, int type);
     bool setKeyValues(const QVector<int> &indexes, const QVector<float> &values);
 
     int getNumKeys() const override;

@@ -1,4 +1,4 @@
-#include "keys/keymove.h"
+#include <vxcore/vxkeymove.h>
 
 #include "keys/keytrack.h"
 
@@ -12,7 +12,7 @@ class WaitingPlaces
 {
 public:
     // `farthest` is the time wanted by the moved key that is placed first.
-    WaitingPlaces(const KeyMove &move, int back, VxTime farthest)
+    WaitingPlaces(const VxKeyMove &move, int back, VxTime farthest)
         : m_move(move)
         , m_back(back)
     {
@@ -55,7 +55,7 @@ private:
         return true;
     }
 
-    const KeyMove &m_move;
+    const VxKeyMove &m_move;
     const int m_back;
     int m_key = 0;
     int m_selected = 0;
@@ -63,7 +63,7 @@ private:
 
 } // namespace
 
-std::vector<VxTime> planKeyMove(const KeyMove &move)
+std::vector<VxTime> vxPlanKeyMove(const VxKeyMove &move)
 {
     const int moved = move.selectedCount;
     if (moved <= 0)
@@ -75,7 +75,7 @@ std::vector<VxTime> planKeyMove(const KeyMove &move)
     WaitingPlaces places(move, back, VxTime(move.origins[first] + offset));
     for (int k = first; k >= 0 && k < moved; k += back) {
         qint64 time = move.origins[k] + offset;
-        if (move.rule == KeyMoveRule::WaitBeside) {
+        if (move.rule == VxKeyMoveRule::WaitBeside) {
             const qint64 beside = k == first ? time : qint64(planned[k - back]) + back;
             time = places.place(back < 0 ? std::min(time, beside) : std::max(time, beside));
         }

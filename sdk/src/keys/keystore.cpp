@@ -214,6 +214,19 @@ template <class V> bool KeyStore<V>::setShape(const QVector<int> &indexes, const
     return true;
 }
 
+template <class V> bool KeyStore<V>::setType(const QVector<int> &indexes, quint8 type)
+{
+    if (indexes.isEmpty())
+        return true;
+    if (!areIndexes(indexes))
+        return false;
+    const VxTimeRange span = spanOf(indexes);
+    touch(span);
+    if (m_track.setType(indexes.constData(), indexes.size(), type) > 0)
+        report(span);
+    return true;
+}
+
 template <class V> bool KeyStore<V>::setValues(const QVector<int> &indexes, const V *values)
 {
     if (indexes.isEmpty())

@@ -38,6 +38,7 @@ public:
     int removeIndexes(const QVector<int> &indexes);
     bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes);
     bool setShape(const QVector<int> &indexes, const VxKeyShape &shape);
+    bool setType(const QVector<int> &indexes, quint8 type);
     bool setValues(const QVector<int> &indexes, const V *values);
 
     /// Exchanges the keys of a span with those kept, without recording: undo and redo.

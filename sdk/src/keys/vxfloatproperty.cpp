@@ -280,6 +280,12 @@ bool VxFloatProperty::setKeyInterpolations(const QVector<int> &indexes, const Vx
            priv()->isEditable() && priv()->held().setShape(indexes, shape);
 }
 
+bool VxFloatProperty::setKeyTypes(const QVector<int> &indexes, int type)
+{
+    return isShape(type, 0.0f, 0.0f, 0.0f) && priv()->isEditable() &&
+           priv()->held().setType(indexes, static_cast<quint8>(type));
+}
+
 bool VxFloatProperty::setKeyValues(const QVector<int> &indexes, const QVector<float> &values)
 {
     if (indexes.size() != values.size() || !areFinite(values.constData(), values.size()) ||

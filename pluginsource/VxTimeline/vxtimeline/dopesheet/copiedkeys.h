@@ -1,0 +1,56 @@
+#ifndef COPIEDKEYS_H
+#define COPIEDKEYS_H
+
+#include <QtCore/QHash>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <vector>
+#include <vxcore/vxkey.h>
+#include <vxcore/vxtime.h>
+
+class VxProperty;
+
+// Copied keys, row by row, ready to be pasted into rows of the same names at another time.
+//
+// A plain value that knows nothing of the properties it came from: they may be gone when it is
+// pasted. Keys are kept in columns, as properties take and give them.
+class CopiedKeys
+{
+public:
+    // The keys copied from one row.
+    struct Entry
+    {
+        QString path; // names the row, see VxDopeSheetItem::path()
+        std::vector<VxTime> times;
+        std::vector<double> values;
+        std::vector<quint8> types;
+        std::vector<VxTcb> tcb; // empty when all are zero
+    };
+
+    void clear() { *this = CopiedKeys(); }
+    bool isEmpty() const { return m_entries.empty(); }
+    // Of all keys; VxTimeMax when there are none.
+    VxTime earliest() const { return m_earliest; }
+
+    // Copies the keys at the given indexes (ascending). Properties that are neither float nor int
+    // properties, and empty lists, add nothing.
+    void add(const QString &path, const VxProperty *property, const QVector<int> &indexes);
+    // The entry first copied from a row of that path; null when there is none.
+    const Entry *find(const QString &path) const;
+    // Sets the entry's keys on a float or int property, so that the earliest of all copied keys
+    // comes to lie at a time; distances stay. False when the property is of another kind, or
+    // refuses.
+    bool paste(const Entry &entry, VxProperty *property, VxTime at) const;
+
+    // The whole number that an int property takes for a value: whole values as they are, others
+    // plus just under one half without their fraction: 2.5 is 2, 2.6 is 3.
+    static qint32 rounded(double value);
+
+private:
+    std::vector<Entry> m_entries;
+    QHash<QString, int> m_byPath; // the first entry of each path
+    VxTime m_earliest = VxTimeMax;
+    VxTime m_latest = VxTimeMin;
+};
+
+#endif

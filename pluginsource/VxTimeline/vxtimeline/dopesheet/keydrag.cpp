@@ -1,0 +1,187 @@
+#include "vxtimeline/dopesheet/keydrag.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <algorithm>
+#include <vector>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxnumericproperty.h>
+
+#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+
+namespace {
+
+// The keys of one property.
+struct Moved
+{
+    QPointer<VxNumericProperty> property;
+    QVector<VxTime> origins;
+    QVector<VxTime> placed; // where they stand now, key by key
+    std::vector<QPointer<VxDopeSheetItem>> rows;
+
+    QVector<int> locate();
+    bool moveTo(qint64 offset, VxKeyMoveRule rule);
+    void showIn(VxDopeSheetItem *row) const;
+};
+
+// Finds the keys by where they were put last. Those that are not there any more are given up.
+QVector<int> Moved::locate()
+{
+    QVector<int> indexes;
+    indexes.reserve(placed.size());
+    const VxTime *times = property->getKeyTimes();
+    const int count = property->getNumKeys();
+    int key = placed.isEmpty() ? count : property->getFirstKeyFrom(placed.first());
+    int kept = 0;
+    for (int i = 0; i < placed.size(); ++i) {
+        while (key < count && times[key] < placed.at(i))
+            ++key;
+        if (key == count || times[key] != placed.at(i))
+            continue;
+        indexes.append(key);
+        origins[kept] = origins.at(i);
+        placed[kept] = placed.at(i);
+        ++kept;
+    }
+    origins.resize(kept);
+    placed.resize(kept);
+    return indexes;
+}
+
+bool Moved::moveTo(qint64 offset, VxKeyMoveRule rule)
+{
+    const int before = placed.size();
+    const QVector<int> indexes = locate();
+    if (indexes.isEmpty())
+        return before == 0;
+    VxKeyMove move;
+    move.times = property->getKeyTimes();
+    move.count = property->getNumKeys();
+    move.selected = indexes.constData();
+    move.origins = origins.constData();
+    move.selectedCount = indexes.size();
+    move.offset = offset;
+    move.rule = rule;
+    const std::vector<VxTime> planned = vxPlanKeyMove(move);
+    if (planned.empty())
+        return false;
+    const QVector<VxTime> times(planned.cbegin(), planned.cend());
+    if (times != placed && !property->moveKeys(indexes, times))
+        return false;
+    placed = times;
+    return indexes.size() == before;
+}
+
+// A row may have had only some of the keys selected.
+void Moved::showIn(VxDopeSheetItem *row) const
+{
+    const VxTime *saved = row->savedTimes();
+    const int count = row->savedTimeCount();
+    if (count == origins.size() && std::equal(origins.cbegin(), origins.cend(), saved)) {
+        row->selectOnlyKeysAt(placed.constData(), placed.size());
+        return;
+    }
+    QVector<VxTime> times;
+    times.reserve(count);
+    int key = 0;
+    for (int i = 0; i < count; ++i) {
+        while (key < origins.size() && origins.at(key) < saved[i])
+            ++key;
+        if (key < origins.size() && origins.at(key) == saved[i])
+            times.append(placed.at(key));
+    }
+    row->selectOnlyKeysAt(times.constData(), times.size());
+}
+
+} // namespace
+
+class KeyDrag::Private
+{
+public:
+    std::vector<Moved> properties;
+    std::vector<QPointer<VxDopeSheetItem>> rows;
+    VxTime earliest = VxTimeMax;
+    VxTime latest = -1;
+
+    void suppressKeyChanges(bool suppress) const
+    {
+        for (const auto &row : rows) {
+            if (row)
+                row->setSuppressKeyChanges(suppress);
+        }
+    }
+};
+
+KeyDrag::KeyDrag()
+    : d(std::make_unique<Private>())
+{
+}
+
+KeyDrag::~KeyDrag() = default;
+
+void KeyDrag::add(const SelectedKeys &keys)
+{
+    auto *property = qobject_cast<VxNumericProperty *>(keys.property);
+    if (!property)
+        return;
+    Moved moved;
+    moved.property = property;
+    const VxTime *times = property->getKeyTimes();
+    moved.origins.reserve(keys.indexes.size());
+    for (const int index : keys.indexes)
+        moved.origins.append(times[index]);
+    moved.placed = moved.origins;
+    for (VxDopeSheetItem *row : keys.rows) {
+        row->saveSelectedKeyTimes();
+        moved.rows.emplace_back(row);
+        d->rows.emplace_back(row);
+    }
+    d->earliest = std::min(d->earliest, moved.origins.first());
+    d->latest = std::max(d->latest, moved.origins.last());
+    d->properties.push_back(std::move(moved));
+}
+
+VxTime KeyDrag::earliest() const
+{
+    return d->earliest;
+}
+
+VxTime KeyDrag::latest() const
+{
+    return d->latest;
+}
+
+// The rows take the new times over within the block, before anybody hears of them, and listen to
+// their properties again only when everything has been told.
+bool KeyDrag::moveTo(qint64 offset, VxKeyMoveRule rule)
+{
+    bool complete = true;
+    d->suppressKeyChanges(true);
+    {
+        VxChangeBlock block;
+        for (Moved &moved : d->properties) {
+            if (!moved.property) {
+                complete = false;
+                continue;
+            }
+            complete = moved.moveTo(offset, rule) && complete;
+            for (const auto &row : moved.rows) {
+                if (row)
+                    moved.showIn(row);
+            }
+        }
+    }
+    d->suppressKeyChanges(false);
+    return complete;
+}
+
+int KeyDrag::rowCount() const
+{
+    return int(d->rows.size());
+}
+
+VxDopeSheetItem *KeyDrag::rowAt(int index) const
+{
+    return d->rows[std::size_t(index)];
+}
