@@ -59,7 +59,10 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     timer->start(TimerInterval);
 }
 
-VxDopeSheetView::~VxDopeSheetView() = default;
+VxDopeSheetView::~VxDopeSheetView()
+{
+    d->putKeysBack();
+}
 
 void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
@@ -245,7 +248,7 @@ bool VxDopeSheetView::isToBePainted(const QRect &rect) const
 
 void VxDopeSheetView::timerKick()
 {
-    d->lastTimerKick = QTime::currentTime();
+    d->pace.tick(d->clock.elapsed());
 }
 
 // The name column and the line of the current time show through where rows paint nothing.

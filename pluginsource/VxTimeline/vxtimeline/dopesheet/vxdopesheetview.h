@@ -111,11 +111,17 @@ Q_SIGNALS:
 public Q_SLOTS:
     // Repaints rows and header.
     void doUpdate();
+    // Copies the selected keys in place of what was copied before.
     void copyKeys();
+    // Sets the copied keys on the rows of the same paths, the earliest one at the current time.
     void pasteKeys();
     void deleteKeys();
+    // Of the selected keys of float properties; their tension, continuity and bias stay.
     void setInterpType(int type);
+    // Of those selected keys that are TCB keys; the others have no use for it.
     void setTCB(float t, float c, float b);
+    // Go to the nearest key that is more than half a frame away: of the primary node's row, or,
+    // when it has none, of all rows.
     void skipToPreviousKey();
     void skipToNextKey();
     void clearSelectedKeys();
@@ -144,7 +150,12 @@ private Q_SLOTS:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    // Escape puts back what is being dragged.
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     class Private;

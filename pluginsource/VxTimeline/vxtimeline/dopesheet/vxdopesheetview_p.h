@@ -1,17 +1,23 @@
 #ifndef VXDOPESHEETVIEW_P_H
 #define VXDOPESHEETVIEW_P_H
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QHash>
 #include <QtCore/QLine>
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPoint>
 #include <QtCore/QSet>
-#include <QtCore/QTime>
 #include <QtGui/QRegion>
 #include <functional>
 #include <vector>
+#include <vxcore/vxundostackhold.h>
 
+#include "vxtimeline/dopesheet/copiedkeys.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/dopesheet/keydragmath.h"
+#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 class QSortFilterProxyModel;
@@ -24,6 +30,7 @@ public:
     explicit Private(VxDopeSheetView *dopeSheetView)
         : view(dopeSheetView)
     {
+        clock.start();
     }
 
     // What is done to the item of a row on a walk.
@@ -44,15 +51,26 @@ public:
     QSortFilterProxyModel *filterModel = nullptr;
 
     Qt::KeyboardModifiers pressModifiers; // at the last press of the left button
+    // The gesture of the left button in the keys column: a band, unless it can drag keys.
     bool rubberBandActive = false;
     bool keyDragActive = false;
     QPoint pressPoint; // of the rubber band, as the next one; in the viewport
     QPoint currentPoint;
+    QRect bandRect;                 // as it was last painted
+    QPersistentModelIndex pressRow; // with a key under the mouse; invalid when there was none
+    VxTime hitTime = 0;             // of that key
+
+    // The keys of a drag that can begin, and the hold that is open once it has begun.
+    std::unique_ptr<KeyDrag> drag;
+    std::unique_ptr<VxUndoStackHold> dragHold;
+    bool dragShown = false; // keys have been put somewhere else
+    QElapsedTimer clock;
+    KeyDragMath::Pace pace;
+    CopiedKeys copied;
     QLine timeLine; // of the current time, in the viewport
     // Where that line was painted last, and what is being painted, both in the viewport.
     int paintedTimeX = 0;
     QRegion paintedRegion;
-    QTime lastTimerKick;
 
     // The span of times of the selection that is being applied.
     VxTime spanStart = -1;
@@ -91,6 +109,53 @@ public:
     // Called when rows have come, gone or are about to go.
     void forgetItems();
 
+    // Calls visit(VxDopeSheetItem *) for the properties' rows that have selected keys, whether they
+    // are shown or lie in closed rows.
+    template <typename Visit>
+    void visitSelected(const Visit &visit, const QModelIndex &parent = QModelIndex()) const;
+    std::vector<SelectedKeys> collectSelected() const;
+    // Finds out what the selected TCB keys have in common.
+    void updateCommonTcb();
+    void deselectAll();
+    void sendClear() const;
+    void sendSelected() const;
+
+    // What the mouse is over.
+    struct RowHit
+    {
+        QModelIndex row; // invalid when it is over none
+        KeyDragMath::Hit kind = KeyDragMath::Hit::Nothing;
+        VxTime time = 0; // of the key
+    };
+    RowHit hitAt(const QPoint &position) const;
+    KeyDragMath::Scale dragScale() const;
+    void hover(const QPoint &position);
+
+    // The gesture of the left button, from the press to the release.
+    void beginGesture(const QPoint &position);
+    void selectPressed(const RowHit &hit, const KeyDragMath::PressEffect &effect);
+    void continueGesture(const QPoint &position);
+    void growBand();
+    void finishGesture(const QPoint &position);
+    void abandonGesture();
+    void selectClicked(const KeyDragMath::ReleaseEffect &effect);
+    void selectBand(const KeyDragMath::ReleaseEffect &effect);
+    void selectRows(const QModelIndex &start, const QModelIndex &end, bool select);
+    void selectNodeOf(const QModelIndex &row, bool adds) const;
+    void openContextMenu(const QPoint &position);
+
+    void prepareDrag();
+    VxTime dragOffset() const;
+    void showDrag();
+    void dropKeys();
+    void putKeysBack();
+
+    // Of the primary node's row when it has one, else of all rows: the key nearest to the current
+    // time, and to limit when there is none.
+    VxTime keyBefore(VxTime limit) const;
+    VxTime keyAfter(VxTime limit) const;
+    QVector<const VxDopeSheetItem *> skipRows() const;
+
     void clearSelectedKeysFrom(const QModelIndex &index, bool isCleared);
     // Carries newly selected rows over to the scene, as the last press's modifiers say.
     void selectNodes(const QItemSelection &selected) const;
@@ -106,5 +171,23 @@ private:
     bool m_itemsIndexed = false;
     QHash<VxProperty *, QVector<VxDopeSheetItem *>> m_items;
 };
+
+// A row that has no selected key below it is not looked into.
+template <typename Visit>
+void VxDopeSheetView::Private::visitSelected(const Visit &visit, const QModelIndex &parent) const
+{
+    const QAbstractItemModel *model = view->model();
+    const int rows = model ? model->rowCount(parent) : 0;
+    for (int row = 0; row < rows; ++row) {
+        const QModelIndex index = model->index(row, NameColumn, parent);
+        VxDopeSheetItem *item = view->getItem(index);
+        if (!item || !item->hasSelectedKeys())
+            continue;
+        if (item->property())
+            visit(item);
+        else
+            visitSelected(visit, index);
+    }
+}
 
 #endif

@@ -1,33 +1,175 @@
-// The key commands of the dope sheet view.
+// The key commands of the dope sheet view. While keys are being dragged they wait for the drop:
+// the keys' places are not final until then.
 
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/timelinesnap.h"
+#include "vxtimeline/time/vxwarning.h"
+
+namespace {
+
+// Those of the given keys that are TCB keys.
+QVector<int> tcbKeys(const VxFloatProperty *property, const QVector<int> &indexes)
+{
+    const VxKeyColumns<float> keys = property->getKeys();
+    QVector<int> found;
+    for (const int index : indexes) {
+        if (keys.types[index] == VxKeyInterp::Tcb)
+            found.append(index);
+    }
+    return found;
+}
+
+} // namespace
+
+std::vector<SelectedKeys> VxDopeSheetView::Private::collectSelected() const
+{
+    SelectedKeysCollector collector;
+    visitSelected([&collector](VxDopeSheetItem *item) { collector.add(item); });
+    return collector.keys();
+}
+
+void VxDopeSheetView::Private::updateCommonTcb()
+{
+    commonTcb = CommonTcb();
+    resetSelectedBounds();
+    visitSelected([this](const VxDopeSheetItem *item) { noteSelectedKeys(item); });
+}
 
 bool VxDopeSheetView::hasCopiedKeys() const
 {
-    return false;
+    return !d->copied.isEmpty();
 }
 
 void VxDopeSheetView::copyKeys()
 {
+    d->copied.clear();
+    for (const SelectedKeys &keys : d->collectSelected())
+        d->copied.add(keys.rows.first()->path(), keys.property, keys.indexes);
     Q_EMIT copyContextChanged(hasCopiedKeys());
 }
 
-void VxDopeSheetView::pasteKeys() {}
+void VxDopeSheetView::pasteKeys()
+{
+    if (d->dragHold || !hasCopiedKeys())
+        return;
+    const VxTime now = vxScene->getTime();
+    {
+        VxChangeBlock block;
+        d->walkAll([this, now](VxDopeSheetItem *item) {
+            const CopiedKeys::Entry *entry =
+                item->property() ? d->copied.find(item->path()) : nullptr;
+            if (!entry)
+                return;
+            d->copied.paste(*entry, item->property(), now);
+            item->invalidateKeys();
+        });
+    }
+    d->updateCommonTcb();
+}
 
-void VxDopeSheetView::deleteKeys() {}
+void VxDopeSheetView::deleteKeys()
+{
+    if (d->dragHold)
+        return;
+    {
+        VxChangeBlock block;
+        for (const SelectedKeys &keys : d->collectSelected())
+            keys.property->deleteKeys(keys.indexes);
+    }
+    d->updateCommonTcb();
+}
 
 void VxDopeSheetView::setInterpType(int type)
 {
-    Q_UNUSED(type)
+    if (type < VxKeyInterp::Linear || type > VxKeyInterp::Tcb) {
+        vxWarning(VX_HERE,
+                  QStringLiteral("Invalid value passed to VxDopeSheetView::setInterpType()"));
+        return;
+    }
+    if (d->dragHold)
+        return;
+    {
+        VxChangeBlock block;
+        for (const SelectedKeys &keys : d->collectSelected()) {
+            if (auto *property = qobject_cast<VxFloatProperty *>(keys.property))
+                property->setKeyTypes(keys.indexes, type);
+        }
+    }
+    d->updateCommonTcb();
 }
 
 void VxDopeSheetView::setTCB(float t, float c, float b)
 {
-    Q_UNUSED(t)
-    Q_UNUSED(c)
-    Q_UNUSED(b)
+    if (d->dragHold)
+        return;
+    VxKeyShape shape;
+    shape.type = VxKeyInterp::Tcb;
+    shape.tcb = {t, c, b};
+    {
+        VxChangeBlock block;
+        for (const SelectedKeys &keys : d->collectSelected()) {
+            if (auto *property = qobject_cast<VxFloatProperty *>(keys.property))
+                property->setKeyInterpolations(tcbKeys(property, keys.indexes), shape);
+        }
+    }
+    d->updateCommonTcb();
 }
 
-void VxDopeSheetView::skipToPreviousKey() {}
+// A row shows the keys of all below it, so those at the top know of every key.
+QVector<const VxDopeSheetItem *> VxDopeSheetView::Private::skipRows() const
+{
+    VxNode *primary = vxScene->getPrimarySelection();
+    const QModelIndex row = primary ? view->findNodeIndex(primary) : QModelIndex();
+    if (row.isValid())
+        return {view->getItem(row)};
+    QVector<const VxDopeSheetItem *> items;
+    const int rows = view->model() ? view->model()->rowCount() : 0;
+    for (int i = 0; i < rows; ++i) {
+        if (const VxDopeSheetItem *item = view->getItem(view->model()->index(i, NameColumn)))
+            items.append(item);
+    }
+    return items;
+}
 
-void VxDopeSheetView::skipToNextKey() {}
+VxTime VxDopeSheetView::Private::keyBefore(VxTime limit) const
+{
+    const VxTime now =
+        TimelineSnap::limited(qint64(vxScene->getTime()) - vxScene->getTimeStep() / 2);
+    for (const VxDopeSheetItem *item : skipRows()) {
+        const int index = item->firstKeyFrom(now) - 1;
+        if (index >= 0)
+            limit = qMax(limit, item->keyTime(index));
+    }
+    return limit;
+}
+
+VxTime VxDopeSheetView::Private::keyAfter(VxTime limit) const
+{
+    const VxTime now =
+        TimelineSnap::limited(qint64(vxScene->getTime()) + vxScene->getTimeStep() / 2 + 1);
+    for (const VxDopeSheetItem *item : skipRows()) {
+        const int index = item->firstKeyFrom(now);
+        if (index < item->keyCount())
+            limit = qMin(limit, item->keyTime(index));
+    }
+    return limit;
+}
+
+void VxDopeSheetView::skipToPreviousKey()
+{
+    const VxTime time = d->keyBefore(-1);
+    if (time != -1)
+        TimelinePlayback::setTime(time);
+}
+
+void VxDopeSheetView::skipToNextKey()
+{
+    const VxTime time = d->keyAfter(VxTimeMax);
+    if (time != VxTimeMax)
+        TimelinePlayback::setTime(time);
+}
