@@ -82,8 +82,8 @@ QRect bandRect(const QPoint &press, const QPoint &current)
 
 BandSpan bandSpan(const Scale &scale, const QPoint &press, const QPoint &release, int height)
 {
-    const auto x = std::minmax(press.x(), release.x());
-    const auto y = std::minmax(press.y(), release.y());
+    const auto x = std::minmax({press.x(), release.x()});
+    const auto y = std::minmax({press.y(), release.y()});
     const auto within = [height](int position) {
         return std::max(0, std::min(position, height - 1));
     };
