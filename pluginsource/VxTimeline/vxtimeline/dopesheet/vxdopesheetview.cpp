@@ -87,7 +87,10 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                   const QVector<int> &roles)
 {
-    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    Q_UNUSED(topLeft)
+    Q_UNUSED(bottomRight)
+    Q_UNUSED(roles)
+    viewport()->update();
 }
 
 void VxDopeSheetView::forgetItems()
@@ -123,15 +126,6 @@ void VxDopeSheetView::applyFilterText(const QString &text)
     // Until then opening a row only notes it.
     scheduleDelayedItemsLayout();
     openRows.openAgain();
-}
-
-void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                                  const QVector<int> &roles)
-{
-    Q_UNUSED(topLeft)
-    Q_UNUSED(bottomRight)
-    Q_UNUSED(roles)
-    viewport()->update();
 }
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)

@@ -136,9 +136,6 @@ public Q_SLOTS:
     VxDopeSheetItem *searchPrevious();
     void timeChanged(VxTime time);
     void timerKick();
-    // Repaints. Rows report changes of keys in the thousands; none changes a row's height.
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                     const QVector<int> &roles = QVector<int>()) override;
     void handleAppStarting();
     void handleGraphChannelListChanged(QVector<VxProperty *> propList);
     void handleKeyMessage(const VxKeyMessage &message);
