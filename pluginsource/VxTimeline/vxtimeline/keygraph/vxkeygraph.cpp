@@ -55,6 +55,7 @@ public:
     QVector<QMetaObject::Connection> connections; // those of all channels
     // During a rebuild: the keys of the channels from before, with their selection.
     QHash<const VxProperty *, QVector<VxKeyGraphKey>> formerKeys;
+    const std::shared_ptr<quint32> keyRevision = std::make_shared<quint32>(0);
     QPointer<VxSideNavPropertyListView> parametersView;
     QPointer<VxPane> dopesheetPane;
     bool dopesheetConnected = false;
@@ -83,6 +84,7 @@ void VxKeyGraph::Private::addChannel(VxProperty *property)
                                    &VxKeyGraph::handlePropertyAboutToBeRemoved);
     }
     channels.append(new VxFloatChannel(floatProperty, keyBus));
+    channels.last()->setKeyRevision(keyRevision);
     channels.last()->restoreKeyCache(formerKeys.value(property));
 }
 
@@ -235,8 +237,7 @@ void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)
-    for (VxKeyGraphChannel *channel : qAsConst(d->channels))
-        channel->invalidateKeyCache();
+    ++*d->keyRevision; // makes every channel's cache invalid
     Q_EMIT channelsChanged();
 }
 

@@ -1,6 +1,7 @@
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "vxtimeline/keys/vxkeycommunication.h"
 
@@ -8,12 +9,20 @@ class VxKeyGraphChannel::Private
 {
 public:
     bool isKey(int index) const { return index >= 0 && index < keyCache.size(); }
+    bool isValid() const { return cacheValid && (!revision || *revision == cachedRevision); }
+    void setValid()
+    {
+        cacheValid = true;
+        cachedRevision = revision ? *revision : 0;
+    }
     bool hasTimesOf(const KeyGraphKeys &keys) const;
     void rebuild(const KeyGraphKeys &keys);
     void setSelected(const QVector<qint32> &indexes, bool selected);
 
     VxKeyCommunication *keyBus = nullptr;
     bool cacheValid = false;
+    quint32 cachedRevision = 0;
+    std::shared_ptr<const quint32> revision; // null for none
     QVector<VxKeyGraphKey> keyCache;
 };
 
@@ -28,7 +37,7 @@ bool VxKeyGraphChannel::Private::hasTimesOf(const KeyGraphKeys &keys) const
 // values changed, or the channel has moved the keys itself.
 void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
 {
-    cacheValid = true;
+    setValid();
     if (hasTimesOf(keys))
         return;
     QVector<VxKeyGraphKey> fresh(keys.count);
@@ -121,7 +130,7 @@ bool VxKeyGraphChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
 
 const QVector<VxKeyGraphKey> &VxKeyGraphChannel::getKeyCache() const
 {
-    if (!d->cacheValid || d->keyCache.size() != getNumKeys())
+    if (!d->isValid() || d->keyCache.size() != getNumKeys())
         d->rebuild(getKeys());
     return d->keyCache;
 }
@@ -129,7 +138,7 @@ const QVector<VxKeyGraphKey> &VxKeyGraphChannel::getKeyCache() const
 void VxKeyGraphChannel::setKeyCache(QVector<VxKeyGraphKey> keys)
 {
     d->keyCache.swap(keys);
-    d->cacheValid = true;
+    d->setValid();
 }
 
 bool VxKeyGraphChannel::isKeySelected(int index) const
@@ -140,6 +149,12 @@ bool VxKeyGraphChannel::isKeySelected(int index) const
 
 void VxKeyGraphChannel::invalidateKeyCache()
 {
+    d->cacheValid = false;
+}
+
+void VxKeyGraphChannel::setKeyRevision(std::shared_ptr<const quint32> revision)
+{
+    d->revision = std::move(revision);
     d->cacheValid = false;
 }
 

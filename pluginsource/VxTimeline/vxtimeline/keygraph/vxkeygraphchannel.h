@@ -74,6 +74,9 @@ public:
     bool isKeySelected(int index) const;
     // To be called when the property's keys changed.
     void invalidateKeyCache();
+    // A number that many channels watch: whenever it differs from what it was, the keys of all of
+    // them may have changed. It spares a walk over the channels for each of as many changes.
+    void setKeyRevision(std::shared_ptr<const quint32> revision);
     // Takes over the records that another channel of the property had, as far as its keys are
     // still there. Empty for none.
     void restoreKeyCache(const QVector<VxKeyGraphKey> &keys);

@@ -15,11 +15,15 @@ KeyGraphStage VxKeyGraphView::Private::stage() const
             vxScene->getTimeStep()};
 }
 
+// As many as there is room for.
 QStringList VxKeyGraphView::Private::labels() const
 {
+    const QVector<VxKeyGraphChannel *> list = channels();
+    const int lineHeight = qMax(1, look.label.getHeight() + look.margin);
+    const int count = qMin(list.size(), q->height() / lineHeight + 1);
     QStringList result;
-    for (const VxKeyGraphChannel *channel : channels())
-        result.append(channel->getLabel());
+    for (int i = 0; i < count; ++i)
+        result.append(list.at(i)->getLabel());
     return result;
 }
 
