@@ -55,6 +55,7 @@ private Q_SLOTS:
     void settingTheSamePositionTellsNothing();
     void extrasFollowTheWidth();
     void everythingFitsASmallScreen();
+    void extrasStayAwayWhenTheViewChangesBehindATab();
     void widthChangesNothingInOtherModes();
 };
 
@@ -290,6 +291,27 @@ void TestTimePaneLayout::extrasFollowTheWidth()
     // A second pane in the process knows the width already, and begins without.
     const VxTimePane second;
     QVERIFY(second.findChild<QWidget *>(QStringLiteral("TimelineKeyScopeBtn"))->isHidden());
+}
+
+// A pane that comes back with the width it had is not resized.
+void TestTimePaneLayout::extrasStayAwayWhenTheViewChangesBehindATab()
+{
+    QWidget window;
+    window.resize(1000, 600);
+    VxTimePane *inside = pane.release(); // the window owns it
+    inside->setParent(&window);
+    inside->resize(900, 500);
+    inside->setViewMode(VxTimePane::BasicView);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    inside->hide();
+    inside->setViewMode(VxTimePane::AdvancedView);
+    inside->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(inside->width(), 900);
+    QVERIFY(inside->findChild<QWidget *>(QStringLiteral("TimelineKeyControlsWgt"))->isVisible());
+    for (const char *name : {"TimelineKeyScopeBtn", "TimelineInterpControlsWgt"})
+        QVERIFY2(!inside->findChild<QWidget *>(QLatin1String(name))->isVisible(), name);
 }
 
 // In the font that the application takes.

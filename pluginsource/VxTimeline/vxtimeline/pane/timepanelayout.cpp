@@ -59,8 +59,9 @@ void VxTimePane::setViewMode(ViewMode viewMode)
     d->layoutKeyGraph();
     d->layoutControls();
     d->dopeSheetView->doItemsLayout();
-    // A pane in use must not force its window wider only to find that there is no room.
-    if (isVisible())
+    // A pane in use must not force its window wider only to find that there is no room. One that
+    // was never shown has no width yet.
+    if (testAttribute(Qt::WA_WState_Created))
         d->checkWidth(this, width());
     if (d->isAdvanced())
         updateKeyGraph();
