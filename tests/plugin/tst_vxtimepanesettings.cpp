@@ -27,6 +27,8 @@ private Q_SLOTS:
     void emptyStoreRestoresDefaults();
     void staleKeysAreReadInOrder();
     void savingWritesThePresentChoicesOnly();
+    void savingEachChoice_data();
+    void savingEachChoice();
     void settingsRoundTrip();
     void optionsMenu();
     void optionsMenuIsAddedToWhatIsThere();
@@ -250,6 +252,51 @@ void TestTimePaneSettings::savingWritesThePresentChoicesOnly()
     QVERIFY(settings.getBoolValue(QStringLiteral("AdvancedView")));
     QVERIFY(settings.getBoolValue(QStringLiteral("PropOther")));
     QVERIFY(!settings.getBoolValue(QStringLiteral("PropAlias"), true));
+}
+
+void TestTimePaneSettings::savingEachChoice_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<int>("scope");
+    QTest::addColumn<QStringList>("written");
+    QTest::newRow("basic") << 0 << 0 << 0
+                           << QStringList({"BasicView", "ControlsBottom", "ScopeObject"});
+    QTest::newRow("intermediate") << 1 << 1 << 1
+                                  << QStringList(
+                                         {"ControlsTop", "IntermediateView", "ScopeNodeRecurse"});
+    QTest::newRow("advanced") << 2 << 0 << 2
+                              << QStringList({"AdvancedView", "ControlsBottom", "ScopeNode"});
+    QTest::newRow("properties") << 2 << 1 << 3
+                                << QStringList({"AdvancedView", "ControlsTop", "ScopeProperties"});
+    QTest::newRow("no properties outside of the advanced view")
+        << 0 << 0 << 3 << QStringList({"BasicView", "ControlsBottom", "ScopeNode"});
+}
+
+// What is false in the store, or true from another time, stays.
+void TestTimePaneSettings::savingEachChoice()
+{
+    QFETCH(int, mode);
+    QFETCH(int, position);
+    QFETCH(int, scope);
+    QFETCH(QStringList, written);
+    addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
+    pane->setViewMode(VxTimePane::ViewMode(mode));
+    pane->setControlsPosition(VxTimePane::ControlsPosition(position));
+    pane->setFilteredKeyCreationScope(VxTimePane::KeyScope(scope));
+    const QStringList choices = {"AdvancedView",     "BasicView",        "ControlsBottom",
+                                 "ControlsTop",      "IntermediateView", "ScopeNode",
+                                 "ScopeNodeRecurse", "ScopeObject",      "ScopeProperties"};
+    for (const bool before : {false, true}) {
+        VxSettings settings;
+        for (const QString &key : choices)
+            settings.setBoolValue(key, before);
+        pane->saveSettings(&settings);
+        for (const QString &key : choices) {
+            QVERIFY2(settings.getBoolValue(key) == (before || written.contains(key)),
+                     qPrintable(key));
+        }
+    }
 }
 
 void TestTimePaneSettings::settingsRoundTrip()
