@@ -366,8 +366,11 @@ void TestKeyGraphMouse::menuWithoutChannels()
 void TestKeyGraphMouse::menuEntries()
 {
     for (const VxClassFactory *factory : getPluginDefinition()->getClassFactories()) {
-        if (auto *action = qobject_cast<VxAction *>(factory->createInstance()))
+        QObject *instance = factory->createInstance();
+        if (auto *action = qobject_cast<VxAction *>(instance))
             window->getActionMgr()->addAction(action);
+        else
+            delete instance; // the pane itself
     }
     const auto text = [this](const char *name) {
         const VxAction *action = window->getActionMgr()->findAction(QLatin1String(name));
