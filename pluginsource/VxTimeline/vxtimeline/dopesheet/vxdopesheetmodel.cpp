@@ -18,7 +18,8 @@ class VxDopeSheetModel::Private
 {
 public:
     VxDopeSheetItem root;
-    QMap<VxNode *, VxDopeSheetItem *> rows;
+    // By the node as an object: one that is being destroyed is no node any more.
+    QMap<const QObject *, VxDopeSheetItem *> rows;
     int propertyTypes = 0;
     int keyCreationScope = 2;
     bool willTellNames = false;
@@ -278,7 +279,7 @@ void VxDopeSheetModel::removeNode(VxNode *node)
 
 void VxDopeSheetModel::forgetNode(QObject *node)
 {
-    VxDopeSheetItem *item = d->rows.value(static_cast<VxNode *>(node), nullptr);
+    VxDopeSheetItem *item = d->rows.value(node, nullptr);
     if (!item)
         return;
     beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
