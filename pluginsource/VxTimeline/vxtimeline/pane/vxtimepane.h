@@ -28,13 +28,14 @@ class VxTimePane : public VxPane
 {
     Q_OBJECT
 public:
-    enum ControlsPosition { ControlsBottom = 0, ControlsTop = 1 };
+    // Of a type of their own, so that a number from outside can be held and refused.
+    enum ControlsPosition : int { ControlsBottom = 0, ControlsTop = 1 };
     Q_ENUM(ControlsPosition)
 
-    enum ViewMode { BasicView = 0, IntermediateView = 1, AdvancedView = 2 };
+    enum ViewMode : int { BasicView = 0, IntermediateView = 1, AdvancedView = 2 };
     Q_ENUM(ViewMode)
 
-    enum PropertyType {
+    enum PropertyType : int {
         PropNone = 0,
         PropTranslate = 0x1,
         PropRotate = 0x2,
@@ -47,7 +48,12 @@ public:
     Q_DECLARE_FLAGS(PropertyTypes, PropertyType)
     Q_FLAG(PropertyTypes)
 
-    enum KeyScope { ScopeObject = 0, ScopeNodeRecurse = 1, ScopeNode = 2, ScopeProperties = 3 };
+    enum KeyScope : int {
+        ScopeObject = 0,
+        ScopeNodeRecurse = 1,
+        ScopeNode = 2,
+        ScopeProperties = 3
+    };
     Q_ENUM(KeyScope)
 
     VxTimePane();
