@@ -140,7 +140,13 @@ void KeyGraphPainter::paintGrounds()
     m_painter->fillRect(QRect(end, 0, width - end, height), m_look.outside);
 }
 
-// Lines of no width are one device pixel wide at any scale, so that all look alike.
+// One device pixel at any scale, so that all lines of the grid look alike. They are filled, not
+// drawn: a pen goes pixel by pixel.
+qreal KeyGraphPainter::lineWidth() const
+{
+    return 1.0 / m_painter->device()->devicePixelRatioF();
+}
+
 void KeyGraphPainter::paintValueGrid()
 {
     const int height = m_stage.size.height();
@@ -150,8 +156,8 @@ void KeyGraphPainter::paintValueGrid()
     for (const KeyGraphGrid::Line &line :
          KeyGraphGrid::valueLines(m_scale, height, ValueLineSpacing)) {
         const int y = pixel(line.place, height);
-        m_painter->setPen(QPen(line.major ? m_look.majorGrid : m_look.grid, 0.0));
-        m_painter->drawLine(0, y, m_stage.size.width(), y);
+        m_painter->fillRect(QRectF(0, y, m_stage.size.width(), lineWidth()),
+                            line.major ? m_look.majorGrid : m_look.grid);
         // On top of its line; none where it would be cut off or meet the frame numbers.
         if (line.label.isEmpty() || y < textHeight || y > height - textHeight)
             continue;
@@ -171,8 +177,8 @@ void KeyGraphPainter::paintFrameGrid()
          KeyGraphGrid::frameLines(m_scale, width, m_stage.timeStep, FrameLabelGap, labelWidth)) {
         const int x = pixel(line.place, width);
         const int lineHeight = line.major ? height - m_look.axis.getHeight() : height;
-        m_painter->setPen(QPen(line.major ? m_look.majorGrid : m_look.grid, 0.0));
-        m_painter->drawLine(x, 0, x, lineHeight);
+        m_painter->fillRect(QRectF(x, 0, lineWidth(), lineHeight),
+                            line.major ? m_look.majorGrid : m_look.grid);
         const int textWidth = line.label.isEmpty() ? 0 : labelWidth(line.label);
         const int left = x - textWidth / 2;
         if (textWidth == 0 || left < m_stage.leftWidth ||

@@ -62,6 +62,7 @@ private:
     void paintGrounds();
     void paintValueGrid();
     void paintFrameGrid();
+    qreal lineWidth() const;
     void setChannelPen(const QColor &color);
 
     QPainter *m_painter;
