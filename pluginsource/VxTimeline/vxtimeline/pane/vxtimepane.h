@@ -28,7 +28,7 @@ class VxTimePane : public VxPane
 {
     Q_OBJECT
 public:
-    // Of a type of their own, so that a number from outside can be held and refused.
+    // An int beneath, so that a number from outside can be held and refused.
     enum ControlsPosition : int { ControlsBottom = 0, ControlsTop = 1 };
     Q_ENUM(ControlsPosition)
 
