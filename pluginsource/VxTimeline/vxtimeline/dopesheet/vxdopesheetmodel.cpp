@@ -282,8 +282,10 @@ void VxDopeSheetModel::forgetNode(QObject *node)
     VxDopeSheetItem *item = d->rows.value(node, nullptr);
     if (!item)
         return;
-    beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
+    // Whoever is told that the row goes may still ask for its name.
     d->forgetRows(item);
+    item->setNode(nullptr);
+    beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
     delete item;
     endRemoveRows();
     handleNameChanged();
