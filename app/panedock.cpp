@@ -1,5 +1,6 @@
 #include "panedock.h"
 
+#include "panesearchfield.h"
 #include "titlebarbutton.h"
 
 #include <QHBoxLayout>
@@ -57,6 +58,8 @@ QWidget *PaneDock::makeTitleBar()
     auto *title = new QLabel(windowTitle());
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     layout->addWidget(title, 1);
+    if (PaneSearchField::canSearch(pane()))
+        layout->addWidget(new PaneSearchField(pane()));
 
     if (pane()->getOptionsMenu()->getNumEntries() > 0) {
         const TitleBarButton *options = addButton(TitleBarButton::Glyph::Options, "PaneOptionsBtn",
