@@ -29,7 +29,11 @@ PaneSearchField::PaneSearchField(VxPane *pane, QWidget *parent)
     setAccessibleName(tr("Search rows"));
     setToolTip(tr("Shows only rows whose name contains the text. rx:: in front makes it a regular "
                   "expression (rx::ci:: ignores case), wc:: a wildcard pattern."));
-    setClearButtonEnabled(true);
+    // Not the toolkit's clear button: its fading outlives a field that is destroyed meanwhile.
+    m_clear = addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
+    m_clear->setToolTip(tr("Show all rows"));
+    m_clear->setVisible(false);
+    connect(m_clear, &QAction::triggered, this, &QLineEdit::clear);
     if (vxApp && vxApp->getStyle())
         addAction(vxApp->getStyle()->icon(VxStyle::SP_VxSearch), LeadingPosition);
     connect(this, &QLineEdit::textChanged, this, &PaneSearchField::apply);
@@ -71,4 +75,5 @@ void PaneSearchField::showState()
         colours.setColor(QPalette::Text, general.color(QPalette::HighlightedText));
     }
     setPalette(colours);
+    m_clear->setVisible(isActive());
 }

@@ -33,6 +33,7 @@ private:
     void showState();
 
     VxPane *m_pane;
+    QAction *m_clear = nullptr;
 };
 
 #endif

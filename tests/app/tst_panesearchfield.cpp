@@ -5,6 +5,7 @@
 
 #include "panedock.h"
 
+#include <QAction>
 #include <QMainWindow>
 #include <QtTest/QtTest>
 #include <testing/vxwarningguard.h>
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void typedTextGoesToThePane();
     void escapeClearsThenGivesTheFocusBack();
     void anActiveSearchIsSeen();
+    void theButtonClears();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -116,6 +118,20 @@ void TestPaneSearchField::anActiveSearchIsSeen()
     QVERIFY(field.palette().color(QPalette::Base) != usual);
     field.clear();
     QCOMPARE(field.palette().color(QPalette::Base), usual);
+}
+
+void TestPaneSearchField::theButtonClears()
+{
+    SearchedPane pane;
+    PaneSearchField field(&pane, &pane);
+    QAction *clear = field.actions().first();
+    QVERIFY(!clear->isVisible());
+    field.setText(QStringLiteral("hip"));
+    QVERIFY(clear->isVisible());
+    clear->trigger();
+    QVERIFY(!field.isActive());
+    QVERIFY(!clear->isVisible());
+    QCOMPARE(pane.told.last(), QStringLiteral("cleared"));
 }
 
 QTEST_MAIN(TestPaneSearchField)
