@@ -12,16 +12,27 @@
 
 namespace {
 
-// The nodes of the rows named by indexes of the names' column, in their order.
-QVector<VxNode *> nodesOf(const VxDopeSheetView *view, const QModelIndexList &indexes)
+// Calls visit(index) for each row of a selection. The selection model's own lists of rows ask it
+// again for every row whether that is selected, which goes through all ranges each time.
+template <typename Visit> void visitRows(const QItemSelection &selection, const Visit &visit)
+{
+    for (const QItemSelectionRange &range : selection) {
+        if (!range.isValid() || range.left() > VxDopeSheetView::NameColumn)
+            continue;
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            visit(range.model()->index(row, VxDopeSheetView::NameColumn, range.parent()));
+    }
+}
+
+// The nodes of a selection's rows, in their order.
+QVector<VxNode *> nodesOf(const VxDopeSheetView *view, const QItemSelection &selection)
 {
     QVector<VxNode *> nodes;
-    for (const QModelIndex &index : indexes) {
-        const VxDopeSheetItem *item =
-            index.column() == VxDopeSheetView::NameColumn ? view->getItem(index) : nullptr;
+    visitRows(selection, [view, &nodes](const QModelIndex &index) {
+        const VxDopeSheetItem *item = view->getItem(index);
         if (item && item->node())
             nodes.append(item->node());
-    }
+    });
     return nodes;
 }
 
@@ -102,14 +113,14 @@ QVector<VxProperty *> VxDopeSheetView::getSelectedProperties() const
     if (!selectionModel())
         return properties;
     QSet<VxProperty *> seen;
-    for (const QModelIndex &index : selectionModel()->selectedRows(NameColumn)) {
+    visitRows(selectionModel()->selection(), [this, &properties, &seen](const QModelIndex &index) {
         const VxDopeSheetItem *item = getItem(index);
         VxProperty *property = item ? item->property() : nullptr;
         if (property && !seen.contains(property)) {
             seen.insert(property);
             properties.append(property);
         }
-    }
+    });
     return properties;
 }
 
@@ -118,7 +129,7 @@ QVector<VxProperty *> VxDopeSheetView::getSelectedProperties() const
 // scene then selects what the rows say.
 void VxDopeSheetView::Private::selectNodes(const QItemSelection &selected) const
 {
-    const QVector<VxNode *> nodes = nodesOf(view, selected.indexes());
+    const QVector<VxNode *> nodes = nodesOf(view, selected);
     if (areAllSelected(nodes))
         return;
     if (pressModifiers.testFlag(Qt::ControlModifier)) {
@@ -127,7 +138,7 @@ void VxDopeSheetView::Private::selectNodes(const QItemSelection &selected) const
     }
     vxScene->selectAllNodes(false);
     if (pressModifiers.testFlag(Qt::ShiftModifier))
-        selectMissing(nodesOf(view, view->selectionModel()->selectedRows(NameColumn)));
+        selectMissing(nodesOf(view, view->selectionModel()->selection()));
     else
         nodes.last()->select(true);
 }
