@@ -168,6 +168,7 @@ private Q_SLOTS:
     void warnsOfADefaultThatIsNoShortcut();
     void changesShortcuts();
     void resetsAShortcut();
+    void resetsAllShortcuts();
     void savesOnlyDifferences();
     void keepsEntriesOfAbsentClasses();
     void restoresTheSavedState();
@@ -313,6 +314,26 @@ void tst_VxActionMgr::changesShortcuts()
     QVERIFY(manager.setShortcut(playClass, keys("Ctrl+C")));
     QCOMPARE(changed.size(), 2);
     QVERIFY(!manager.setShortcut(QStringLiteral("Unknown"), keys("F1")));
+}
+
+void tst_VxActionMgr::resetsAllShortcuts()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
+    manager.resetAllShortcuts();
+    QCOMPARE(changed.size(), 0);
+    manager.setShortcut(playClass, keys("Ctrl+C"));
+    QCOMPARE(manager.getDefaultShortcut(copyClass), keys("Ctrl+C"));
+    QVERIFY(manager.getDefaultShortcut(playClass).isEmpty());
+    QVERIFY(manager.getDefaultShortcut(QStringLiteral("Unknown")).isEmpty());
+    changed.clear();
+    manager.resetAllShortcuts();
+    QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
+    QVERIFY(manager.getShortcut(playClass).isEmpty());
+    QCOMPARE(manager.findAction(playClass)->shortcut(), QKeySequence());
+    QCOMPARE(changed.size(), 2);
 }
 
 void tst_VxActionMgr::resetsAShortcut()

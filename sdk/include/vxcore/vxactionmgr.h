@@ -15,6 +15,12 @@ class VxSettings;
 
 /// Owns the one instance of each action class and its shortcut.
 ///
+/// A shortcut that is a plain key (an arrow, the space bar, a letter) stays with the widget that
+/// has the focus where that needs it: text fields keep what edits, lists and sliders what moves in
+/// them. A view along a time axis sets its property "vxTimeAxis" to true, and leaves Left, Right,
+/// Home and End to the shortcuts. Of two actions with one shortcut, which only actions made
+/// elsewhere can be, the one of the widget nearest to the focus runs.
+///
 /// Actions are created once for the application, from the factories of every registered class
 /// that derives from VxAction. They are found by class name; menus refer to them that way, so a
 /// menu can name an action that no plug-in provides: it is left out.
@@ -46,11 +52,16 @@ public:
 
     /// The shortcut in force; empty for none or for an unknown class.
     QKeySequence getShortcut(const QString &className) const;
+    /// The one that resetShortcut() gives back; empty for none, for an unknown class and for a
+    /// default that an earlier action had already.
+    QKeySequence getDefaultShortcut(const QString &className) const;
     /// Gives an action a shortcut of the user's; an empty one takes it away. False for an unknown
     /// class. A shortcut that another action has is taken from that action.
     bool setShortcut(const QString &className, const QKeySequence &shortcut);
     /// Back to the action's default shortcut.
     void resetShortcut(const QString &className);
+    /// All actions back to their defaults.
+    void resetAllShortcuts();
     /// The class name of the action that has a shortcut, or an empty string.
     QString findShortcut(const QKeySequence &shortcut) const;
 

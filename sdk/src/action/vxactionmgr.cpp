@@ -1,5 +1,6 @@
 #include <vxcore/vxactionmgr.h>
 
+#include "action/focuskeys.h"
 #include "action/keyrepeatfilter.h"
 #include "action/vxshortcuttable.h"
 #include "menu/vxmenubarfiller.h"
@@ -75,6 +76,7 @@ VxActionMgr::VxActionMgr(QObject *parent)
     , d(new Private)
 {
     new KeyRepeatFilter(this);
+    new FocusKeyFilter(this);
 }
 
 VxActionMgr::~VxActionMgr()
@@ -150,6 +152,11 @@ QKeySequence VxActionMgr::getShortcut(const QString &className) const
     return d->shortcuts.shortcut(className);
 }
 
+QKeySequence VxActionMgr::getDefaultShortcut(const QString &className) const
+{
+    return d->shortcuts.defaultShortcut(className);
+}
+
 bool VxActionMgr::setShortcut(const QString &className, const QKeySequence &shortcut)
 {
     if (!findAction(className))
@@ -161,6 +168,11 @@ bool VxActionMgr::setShortcut(const QString &className, const QKeySequence &shor
 void VxActionMgr::resetShortcut(const QString &className)
 {
     setShortcut(className, d->shortcuts.defaultShortcut(className));
+}
+
+void VxActionMgr::resetAllShortcuts()
+{
+    applyShortcuts(d->shortcuts.restore({}));
 }
 
 QString VxActionMgr::findShortcut(const QKeySequence &shortcut) const
