@@ -245,8 +245,21 @@ void TestVxTimelineActions::shortcuts()
         QVERIFY2(!taken.contains(accel), qPrintable(accel + " of " + taken.value(accel)));
         taken.insert(accel, row.className);
     }
-    QCOMPARE(taken.value("Space"), QString("VxPlayToggleAction"));
-    QCOMPARE(taken.value("Del"), QString("VxTimePaneDeleteSelectedKeysAction"));
+    const QHash<QString, QString> expected = {
+        {"Space", "VxPlayToggleAction"},
+        {"Left", "VxPrevFrameAction"},
+        {"Right", "VxNextFrameAction"},
+        {"Home", "VxSkipToPlayrangeStartAction"},
+        {"End", "VxSkipToPlayrangeEndAction"},
+        {"Ctrl+Left", "VxTimePanePrevKeyAction"},
+        {"Ctrl+Right", "VxTimePaneNextKeyAction"},
+        {"K", "VxTimePaneCreateKeysAction"},
+        {"Del", "VxTimePaneDeleteSelectedKeysAction"},
+        {"Ctrl+C", "VxTimePaneCopySelectedKeysAction"},
+        {"Ctrl+V", "VxTimePanePasteKeysAction"},
+        {"F", "VxTimePaneFrameGraphKeysAction"},
+    };
+    QCOMPARE(taken, expected);
 }
 
 void TestVxTimelineActions::triggerWithoutPane_data()

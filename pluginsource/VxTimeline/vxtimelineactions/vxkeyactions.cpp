@@ -43,6 +43,11 @@ VxTimePaneCreateKeysAction::VxTimePaneCreateKeysAction()
     completeConstruction();
 }
 
+QString VxTimePaneCreateKeysAction::getDefaultAccel() const
+{
+    return QStringLiteral("K");
+}
+
 void VxTimePaneCreateKeysAction::executeAction()
 {
     if (VxTimePane *pane = requireTimePane(VX_HERE))

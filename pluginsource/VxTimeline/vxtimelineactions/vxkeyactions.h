@@ -33,6 +33,7 @@ class VxTimePaneCreateKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCreateKeysAction();
+    QString getDefaultAccel() const override;
 
 protected:
     void executeAction() override;

@@ -42,7 +42,7 @@ VxSkipToPlayrangeStartAction::VxSkipToPlayrangeStartAction()
 
 QString VxSkipToPlayrangeStartAction::getDefaultAccel() const
 {
-    return QStringLiteral("Ctrl+Home");
+    return QStringLiteral("Home");
 }
 
 void VxSkipToPlayrangeStartAction::executeAction()
@@ -60,7 +60,7 @@ VxSkipToPlayrangeEndAction::VxSkipToPlayrangeEndAction()
 
 QString VxSkipToPlayrangeEndAction::getDefaultAccel() const
 {
-    return QStringLiteral("Ctrl+End");
+    return QStringLiteral("End");
 }
 
 void VxSkipToPlayrangeEndAction::executeAction()
@@ -78,7 +78,7 @@ VxPrevFrameAction::VxPrevFrameAction()
 
 QString VxPrevFrameAction::getDefaultAccel() const
 {
-    return QStringLiteral(",");
+    return QStringLiteral("Left");
 }
 
 void VxPrevFrameAction::executeAction()
@@ -96,7 +96,7 @@ VxNextFrameAction::VxNextFrameAction()
 
 QString VxNextFrameAction::getDefaultAccel() const
 {
-    return QStringLiteral(".");
+    return QStringLiteral("Right");
 }
 
 void VxNextFrameAction::executeAction()

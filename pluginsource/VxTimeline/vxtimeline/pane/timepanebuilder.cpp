@@ -75,6 +75,8 @@ void TimePaneBuilder::buildDopeSheet()
     d->dopeSheetView->setObjectName(QStringLiteral("TimelineDopeSheetTView"));
     d->dopeSheetView->setHeader(d->header);
     d->dopeSheetView->setKeyCommunication(d->keyCommunication);
+    // Left, Right, Home and End step through time here, too; rows are opened with + and -.
+    d->dopeSheetView->setProperty("vxTimeAxis", true);
 
     // Rows report changes in the thousands; filtering them again each time would take longer than
     // anything else. The pane filters anew when the text or the rows change.

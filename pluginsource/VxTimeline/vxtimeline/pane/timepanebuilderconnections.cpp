@@ -13,6 +13,7 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanebuilder.h"
+#include "vxtimeline/pane/timepanebuttonhelp.h"
 #include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
@@ -30,6 +31,7 @@ void TimePaneBuilder::makeConnections()
     connectFields();
     connectTransport();
     connectKeyControls();
+    TimePaneButtonHelp::attach(m_pane);
     QObject::connect(vxApp, &VxApp::styleChanged, m_pane, &Pane::doStyling);
     QObject::connect(m_pane, &Pane::keyGraphOpenChanged, m_pane, &Pane::handleKeyGraphOpenChanged);
 }

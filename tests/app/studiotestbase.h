@@ -1,0 +1,118 @@
+#ifndef STUDIOTESTBASE_H
+#define STUDIOTESTBASE_H
+
+#include <QtTest>
+
+#include "commandline.h"
+#include "documentcontroller.h"
+#include "panedock.h"
+#include "panedocks.h"
+#include "studio.h"
+#include "studiowindow.h"
+#include "testing/vxwarningguard.h"
+#include "viewportwidget.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <memory>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
+
+// The whole program, with the real module and settings of its own, made anew for each test
+// function. start() again is a second run that finds what the first has saved.
+class StudioTest
+{
+protected:
+    void setUp()
+    {
+        guard = std::make_unique<VxWarningGuard>();
+        folder = std::make_unique<QTemporaryDir>();
+    }
+
+    void tearDown()
+    {
+        studio.reset();
+        folder.reset();
+        guard.reset();
+    }
+
+    void start(const QStringList &arguments = {})
+    {
+        studio.reset();
+        const CommandLine line = CommandLine::parse(
+            QStringList{"vxstudio", "--settings", folder->filePath("settings.ini"), "--plugin-path",
+                        QStringLiteral(VX_PLUGIN_DIR)} +
+            arguments);
+        if (line.action != CommandLine::Action::Run)
+            qFatal("%s", qPrintable(line.errorText));
+        studio = std::make_unique<Studio>(line);
+        window()->show();
+        window()->activateWindow();
+        if (!QTest::qWaitForWindowActive(window()))
+            qFatal("the window does not become active");
+    }
+
+    // The walking figure, clean and at frame 0.
+    void openSample() const
+    {
+        if (!window()->document()->open(QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")))
+            qFatal("the sample cannot be opened");
+        vxScene->setTime(0);
+    }
+
+    StudioWindow *window() const { return studio->window(); }
+    VxActionMgr *actions() const { return window()->getActionMgr(); }
+
+    VxAction *action(const char *className) const
+    {
+        VxAction *found = actions()->findAction(QLatin1String(className));
+        if (!found)
+            qFatal("no action %s", className);
+        return found;
+    }
+
+    VxPane *timePane() const { return window()->getPaneMgr()->findPane("VxTimePane"); }
+
+    template <class Widget> Widget *inTimePane(const char *name) const
+    {
+        auto *found = timePane()->findChild<Widget *>(QLatin1String(name));
+        if (!found)
+            qFatal("no widget %s", name);
+        return found;
+    }
+
+    // The entry of a menu of the menu bar; null when there is none.
+    QAction *entry(const QString &menu, const QString &text) const
+    {
+        for (const QAction *bar : window()->menuBar()->actions()) {
+            if (bar->text().remove('&') != menu)
+                continue;
+            for (QAction *found : bar->menu()->actions()) {
+                if (found->text().remove('&') == text)
+                    return found;
+            }
+        }
+        return nullptr;
+    }
+
+    void type(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QTest::keyClick(window()->windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    }
+
+    static int frame() { return vxScene->getTime() / vxScene->getTimeStep(); }
+
+    std::unique_ptr<VxWarningGuard> guard;
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<Studio> studio;
+};
+
+#endif
