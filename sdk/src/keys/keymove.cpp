@@ -1,5 +1,6 @@
 #include <vxcore/vxkeymove.h>
 
+#include "keys/keypasses.h"
 #include "keys/keytrack.h"
 
 #include <algorithm>
@@ -61,6 +62,30 @@ private:
     int m_selected = 0;
 };
 
+// True when no key can have to wait: either none ever does, or, where neighbours are moved, no
+// other key lies where they go.
+bool nobodyWaits(const VxKeyMove &move, qint64 offset)
+{
+    if (move.rule == VxKeyMoveRule::Replace)
+        return true;
+    if (!areNeighbours(move.selected, move.selectedCount))
+        return false;
+    const int before = move.selected[0] - 1;
+    const int after = move.selected[move.selectedCount - 1] + 1;
+    return (before < 0 || move.times[before] < move.origins[0] + offset) &&
+           (after >= move.count ||
+            move.times[after] > move.origins[move.selectedCount - 1] + offset);
+}
+
+// Unsigned, because the offset may be wider than a time; the sums are within range.
+std::vector<VxTime> shifted(const VxTime *origins, int count, qint64 offset)
+{
+    std::vector<VxTime> times(origins, origins + count);
+    for (VxTime &time : times)
+        time = VxTime(quint32(time) + quint32(offset));
+    return times;
+}
+
 } // namespace
 
 std::vector<VxTime> vxPlanKeyMove(const VxKeyMove &move)
@@ -68,17 +93,17 @@ std::vector<VxTime> vxPlanKeyMove(const VxKeyMove &move)
     const int moved = move.selectedCount;
     if (moved <= 0)
         return {};
-    std::vector<VxTime> planned(moved);
     const qint64 offset = limitedOffset(move.origins[0], move.origins[moved - 1], move.offset);
+    if (nobodyWaits(move, offset))
+        return shifted(move.origins, moved, offset);
+    std::vector<VxTime> planned(moved);
     const int back = offset < 0 ? 1 : -1;
     const int first = back < 0 ? moved - 1 : 0;
     WaitingPlaces places(move, back, VxTime(move.origins[first] + offset));
     for (int k = first; k >= 0 && k < moved; k += back) {
         qint64 time = move.origins[k] + offset;
-        if (move.rule == VxKeyMoveRule::WaitBeside) {
-            const qint64 beside = k == first ? time : qint64(planned[k - back]) + back;
-            time = places.place(back < 0 ? std::min(time, beside) : std::max(time, beside));
-        }
+        const qint64 beside = k == first ? time : qint64(planned[k - back]) + back;
+        time = places.place(back < 0 ? std::min(time, beside) : std::max(time, beside));
         if (time < VxTimeMin || time > VxTimeMax)
             return {};
         planned[k] = VxTime(time);

@@ -94,8 +94,7 @@ template <class V> VxTimeRange KeyStore<V>::spanOf(const QVector<int> &indexes) 
 template <class V> bool KeyStore<V>::areIndexes(const QVector<int> &indexes) const
 {
     return !indexes.isEmpty() && indexes.first() >= 0 && indexes.last() < m_track.count() &&
-           std::adjacent_find(indexes.begin(), indexes.end(), std::greater_equal<int>()) ==
-               indexes.end();
+           isStrictlyAscending(indexes.constData(), indexes.size());
 }
 
 template <class V> bool KeyStore<V>::setStored(V value)

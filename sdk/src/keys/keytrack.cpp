@@ -1,6 +1,7 @@
 #include "keys/keytrack.h"
 
 #include "keys/keymovemerge.h"
+#include "keys/keypasses.h"
 #include "keys/keytrackwriter.h"
 
 #include <numeric>
@@ -37,11 +38,8 @@ template <class T> bool sameBytes(const std::vector<T> &a, const std::vector<T> 
 
 bool isSelection(const int *indexes, int indexCount, int keyCount)
 {
-    for (int k = 1; k < indexCount; ++k) {
-        if (indexes[k - 1] >= indexes[k])
-            return false;
-    }
-    return indexCount <= 0 || (indexes[0] >= 0 && indexes[indexCount - 1] < keyCount);
+    return isStrictlyAscending(indexes, indexCount) &&
+           (indexCount <= 0 || (indexes[0] >= 0 && indexes[indexCount - 1] < keyCount));
 }
 
 // Keys from first to last (excluded) of one track, and others that come in and replace them at
@@ -62,15 +60,6 @@ void mergeStretch(const VxKeyColumns<V> &staying, int first, int last,
 }
 
 } // namespace
-
-bool isStrictlyAscending(const VxTime *times, int count)
-{
-    for (int i = 1; i < count; ++i) {
-        if (times[i - 1] >= times[i])
-            return false;
-    }
-    return true;
-}
 
 qint64 limitedOffset(VxTime first, VxTime last, qint64 offset)
 {
@@ -155,6 +144,8 @@ template <class V> int KeyTrack<V>::removeIndexes(const int *indexes, int indexC
         return -1;
     if (indexCount <= 0)
         return 0;
+    if (areNeighbours(indexes, indexCount))
+        return removeIndexRange(indexes[0], indexes[indexCount - 1] + 1);
     int to = indexes[0];
     for (int k = 0; k < indexCount; ++k) {
         const int next = k + 1 < indexCount ? indexes[k + 1] : count();
@@ -186,6 +177,12 @@ bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int index
         landed->assign(std::max(indexCount, 0), -1);
     if (indexCount <= 0)
         return true;
+    if (keepsOrder(m_times.data(), count(), indexes, newTimes, indexCount)) {
+        setTimes(indexes, newTimes, indexCount);
+        if (landed)
+            landed->assign(indexes, indexes + indexCount);
+        return true;
+    }
 
     MovedKeys moved;
     moved.setKeys(indexes, newTimes, indexCount);
@@ -202,6 +199,19 @@ bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int index
     for (int b = 0; landed && b < moved.count; ++b)
         (*landed)[moved.listedAt(b)] = first + merged.landed[b];
     return true;
+}
+
+// For keys that stay in their order.
+template <class V>
+void KeyTrack<V>::setTimes(const int *indexes, const VxTime *newTimes, int indexCount)
+{
+    if (areNeighbours(indexes, indexCount)) {
+        std::copy_n(newTimes, indexCount, m_times.begin() + indexes[0]);
+    } else {
+        for (int k = 0; k < indexCount; ++k)
+            m_times[indexes[k]] = newTimes[k];
+    }
+    noteSpacing();
 }
 
 template <class V> qint64 KeyTrack<V>::shiftRange(int first, int last, qint64 offset)
@@ -256,6 +266,8 @@ template <class V> int KeyTrack<V>::setType(const int *indexes, int indexCount, 
 {
     if (!isSelection(indexes, indexCount, count()))
         return -1;
+    if (indexCount > 0 && areNeighbours(indexes, indexCount))
+        return setType(indexes[0], indexes[indexCount - 1] + 1, type);
     const quint8 legal = legalType<V>(type);
     int changed = 0;
     for (int k = 0; k < indexCount; ++k) {
@@ -430,22 +442,17 @@ template <class V> void KeyTrack<V>::noteTypes()
         m_uniformType = MixedKeyTypes;
 }
 
-// After many keys came, went or moved; a single new key just leaves the spacing unknown. Ends at
-// the first distance that differs.
+// After many keys came, went or moved; a single new key just leaves the spacing unknown.
 template <class V> void KeyTrack<V>::noteSpacing()
 {
-    m_spacing = m_spacedFrom = 0;
-    if (m_times.size() < 2)
-        return;
-    const qint64 distance = qint64(m_times[1]) - m_times[0];
-    for (size_t i = 2; i < m_times.size(); ++i) {
-        if (qint64(m_times[i]) - m_times[i - 1] != distance)
-            return;
-    }
-    if (distance > VxTimeMax)
-        return;
-    m_spacing = VxTime(distance);
-    m_spacedFrom = m_times[0];
+    m_spacing = evenSpacing(m_times.data(), count());
+    m_spacedFrom = m_spacing == 0 ? 0 : m_times[0];
+}
+
+// True when all keys of both are known to have one type; exchanging keys leaves that so.
+template <class V> bool KeyTrack<V>::isOfOneTypeWith(const KeyTrack &other) const
+{
+    return m_uniformType != MixedKeyTypes && m_uniformType == other.m_uniformType;
 }
 
 // The one place where a stretch of keys is put in place of another.
@@ -455,6 +462,7 @@ template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &oth
         std::swap(*this, other);
         return;
     }
+    const bool sameTypes = isOfOneTypeWith(other);
     const bool withTcb = !m_tcb.empty() || !other.m_tcb.empty();
     if (withTcb) {
         m_tcb.resize(m_times.size());
@@ -468,8 +476,10 @@ template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &oth
         exchangeSpan(m_tcb, first, last, other.m_tcb);
     countShaped();
     other.countShaped();
-    noteTypes();
-    other.noteTypes();
+    if (!sameTypes) {
+        noteTypes();
+        other.noteTypes();
+    }
     noteSpacing();
     other.noteSpacing();
     shrinkIfLoose();

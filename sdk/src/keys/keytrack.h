@@ -141,11 +141,13 @@ private:
     void growFor(size_t keyCount);
     void shrinkIfLoose();
     void openSlot(int i, VxTime time);
+    void setTimes(const int *indexes, const VxTime *newTimes, int indexCount);
     bool writeTcb(int i, const VxTcb &tcb);
     void countShaped();
     void noteType(quint8 type);
     void noteTypes();
     void noteSpacing();
+    bool isOfOneTypeWith(const KeyTrack &other) const;
     void exchange(int first, int last, KeyTrack &other);
 
     std::vector<VxTime> m_times;

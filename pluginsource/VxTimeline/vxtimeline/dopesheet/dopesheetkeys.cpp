@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 
 namespace {
 
@@ -107,16 +108,36 @@ void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
     }
 }
 
+void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
+                                       const VxTime *selectedTimes, int selectedTimeCount)
+{
+    if (freshCount != count() || !areEqual(times.constData(), fresh, freshCount)) {
+        if (freshCount != count() || !times.isDetached())
+            times = QVector<VxTime>(freshCount);
+        std::copy_n(fresh, freshCount, times.data());
+    }
+    selectOnly(selectedTimes, selectedTimeCount);
+}
+
+// Mostly neighbours, of which none is missing.
 void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCount)
 {
-    flags.fill(0);
+    flags.fill(0, count());
     selectedCount = 0;
+    if (selectedTimeCount == 0)
+        return;
     quint8 *all = flags.data();
-    int i = 0;
+    const VxTime *own = times.constData();
+    int i = firstFrom(*selectedTimes);
+    if (selectedTimeCount <= count() - i && areEqual(own + i, selectedTimes, selectedTimeCount)) {
+        std::fill_n(all + i, selectedTimeCount, quint8(Selected));
+        selectedCount = selectedTimeCount;
+        return;
+    }
     for (int k = 0; k < selectedTimeCount && i < count(); ++k) {
-        while (i < count() && times.at(i) < selectedTimes[k])
+        while (i < count() && own[i] < selectedTimes[k])
             ++i;
-        const bool isThere = i < count() && times.at(i) == selectedTimes[k];
+        const bool isThere = i < count() && own[i] == selectedTimes[k];
         if (!isThere || all[i])
             continue;
         all[i] = Selected;
@@ -126,11 +147,16 @@ void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCoun
 
 QVector<int> DopeSheetKeys::selectedIndexes() const
 {
-    QVector<int> indexes;
-    indexes.reserve(selectedCount);
-    for (int i = 0; i < count(); ++i) {
-        if (flags.at(i))
-            indexes.append(i);
+    QVector<int> indexes(selectedCount);
+    int *to = indexes.data();
+    if (selectedCount == count()) {
+        std::iota(indexes.begin(), indexes.end(), 0);
+        return indexes;
+    }
+    const quint8 *all = flags.constData();
+    for (int i = 0, found = 0; found < selectedCount; ++i) {
+        to[found] = i;
+        found += all[i] & Selected;
     }
     return indexes;
 }

@@ -31,11 +31,16 @@ public:
     void setSelected(bool select, VxTime start, VxTime end);
     // Selects or deselects the keys at the given indexes; those outside are ignored.
     void setSelectedAt(const QVector<int> &indexes, bool select);
-    // Selects the keys at the given times (ascending) and no others.
-    void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
+    // Puts other times in place, too, but selects the keys at the given times (ascending) and no
+    // others.
+    void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
+                            int selectedTimeCount);
     QVector<int> selectedIndexes() const;
 
     static int countSelected(const quint8 *flags, int flagCount);
+
+private:
+    void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
 };
 
 // The keys of several rows as those of one: each time once, selected when it is in any row.

@@ -18,17 +18,34 @@ struct Moved
     QPointer<VxNumericProperty> property;
     QVector<VxTime> origins;
     QVector<VxTime> placed; // where they stand now, key by key
+    QVector<int> indexes;   // where they were found last
     std::vector<QPointer<VxDopeSheetItem>> rows;
 
-    QVector<int> locate();
+    bool areWhereFound() const;
+    void locate();
     bool moveTo(qint64 offset, VxKeyMoveRule rule);
     void showIn(VxDopeSheetItem *row) const;
 };
 
-// Finds the keys by where they were put last. Those that are not there any more are given up.
-QVector<int> Moved::locate()
+// Most steps leave the keys in their order.
+bool Moved::areWhereFound() const
 {
-    QVector<int> indexes;
+    if (indexes.size() != placed.size() || placed.isEmpty() ||
+        indexes.last() >= property->getNumKeys())
+        return false;
+    const VxTime *times = property->getKeyTimes();
+    if (indexes.last() - indexes.first() == indexes.size() - 1)
+        return std::equal(placed.cbegin(), placed.cend(), times + indexes.first());
+    return std::equal(placed.cbegin(), placed.cend(), indexes.cbegin(),
+                      [times](VxTime time, int index) { return times[index] == time; });
+}
+
+// Finds the keys by where they were put last. Those that are not there any more are given up.
+void Moved::locate()
+{
+    if (areWhereFound())
+        return;
+    indexes.resize(0);
     indexes.reserve(placed.size());
     const VxTime *times = property->getKeyTimes();
     const int count = property->getNumKeys();
@@ -46,13 +63,12 @@ QVector<int> Moved::locate()
     }
     origins.resize(kept);
     placed.resize(kept);
-    return indexes;
 }
 
 bool Moved::moveTo(qint64 offset, VxKeyMoveRule rule)
 {
     const int before = placed.size();
-    const QVector<int> indexes = locate();
+    locate();
     if (indexes.isEmpty())
         return before == 0;
     VxKeyMove move;
@@ -127,6 +143,7 @@ void KeyDrag::add(const SelectedKeys &keys)
         return;
     Moved moved;
     moved.property = property;
+    moved.indexes = keys.indexes;
     const VxTime *times = property->getKeyTimes();
     moved.origins.reserve(keys.indexes.size());
     for (const int index : keys.indexes)

@@ -190,9 +190,9 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
 {
     if (!d->property)
         return;
-    d->updateFromProperty();
     const int before = d->keys.selectedCount;
-    d->keys.selectOnly(times, count);
+    d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), times, count);
+    d->isValid = true;
     d->selectionEdited(before);
     Q_EMIT keysChanged();
 }

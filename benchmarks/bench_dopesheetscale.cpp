@@ -1,0 +1,522 @@
+// Editing by hand where there is much to edit: 1,530 channels of 3,000 keys, 4.6 million in all,
+// each with a row of its own, every command with an undo entry.
+//
+// Each line names what is done, its milliseconds (processor time, the best of several), those of a
+// plain loop over arrays of the same size in the same run, how many times that loop it takes, and
+// the most it may take. Arguments: parts of names; only lines that have one of them are measured.
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <testing/vxscenebuilder.h>
+#include <vector>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
+
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/keycreation.h"
+#include "vxtimeline/time/timelinemetrics.h"
+
+namespace {
+
+constexpr int Channels = 1530;
+constexpr int KeysAChannel = 3000;
+constexpr int Keys = Channels * KeysAChannel;
+constexpr VxTime Step = 160;
+constexpr VxTime End = 2 * KeysAChannel * Step;
+constexpr int AllTypes = 63;
+constexpr int Repeats = 5;
+constexpr int NameWidth = 200;
+
+using Action = std::function<void()>;
+
+double processorMilliseconds()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
+}
+
+// What the best of several runs takes; prepare is not counted.
+double best(const Action &prepare, const Action &action)
+{
+    double least = 1e9;
+    for (int i = 0; i < Repeats; ++i) {
+        prepare();
+        const double start = processorMilliseconds();
+        action();
+        least = std::min(least, processorMilliseconds() - start);
+    }
+    return least;
+}
+
+void check(bool ok, const char *what)
+{
+    if (!ok)
+        qFatal("%s", what);
+}
+
+// The lines, as they are measured.
+class Table
+{
+public:
+    explicit Table(QStringList wanted)
+        : m_wanted(std::move(wanted))
+    {
+        std::printf("%-34s %9s %9s %8s %9s\n", "", "ms", "loop", "ratio", "most");
+    }
+
+    bool wants(const char *name) const
+    {
+        return m_wanted.isEmpty() ||
+               std::any_of(m_wanted.cbegin(), m_wanted.cend(), [name](const QString &part) {
+                   return QLatin1String(name).contains(part);
+               });
+    }
+    // most: 0 for a line that is only told.
+    void add(const char *name, double milliseconds, double loop, double most)
+    {
+        std::printf("%-34s %9.3f %9.4f %8.1f", name, milliseconds, loop, milliseconds / loop);
+        if (most > 0)
+            std::printf(" %9.2f%s", most, milliseconds <= most ? "" : "  over");
+        std::printf("\n");
+        std::fflush(stdout);
+    }
+    void measure(const char *name, double loop, double most, const Action &prepare,
+                 const Action &action)
+    {
+        if (wants(name))
+            add(name, best(prepare, action), loop, most);
+    }
+
+private:
+    QStringList m_wanted;
+};
+
+// What plain loops take that go over as many arrays of the same size.
+struct Loops
+{
+    double flags;  // every flag written
+    double times;  // every time changed
+    double copies; // time, value and type of every key copied into arrays made for that
+    double types;  // every type written
+    double single; // one key of one array
+};
+
+struct Column
+{
+    std::vector<VxTime> times = std::vector<VxTime>(KeysAChannel, 7);
+    std::vector<float> values = std::vector<float>(KeysAChannel, 1.5f);
+    std::vector<quint8> types = std::vector<quint8>(KeysAChannel, 0);
+};
+
+template <typename T> void keep(const T &value)
+{
+    asm volatile("" : : "r,m"(value) : "memory");
+}
+
+Loops measureLoops()
+{
+    std::vector<Column> columns(Channels);
+    std::vector<Column> copy;
+    quint8 written = 0;
+    const auto nothing = [] {};
+    const auto write = [&columns, &written] {
+        ++written;
+        for (Column &column : columns) {
+            std::fill(column.types.begin(), column.types.end(), written);
+            keep(column.types.data());
+        }
+    };
+    const auto shift = [&columns, &written] {
+        for (Column &column : columns) {
+            for (VxTime &time : column.times)
+                time += written;
+            keep(column.times.data());
+        }
+    };
+    Loops loops = {};
+    loops.flags = loops.types = best(nothing, write);
+    loops.times = best(nothing, shift);
+    loops.copies = best([&copy] { copy = std::vector<Column>(); },
+                        [&copy, &columns] {
+                            copy.reserve(columns.size());
+                            for (const Column &column : columns)
+                                copy.push_back(column);
+                            keep(copy.data());
+                        });
+    loops.single = best(nothing, [&columns] {
+        columns.front().times[7] += 1;
+        keep(columns.front().times.data());
+    });
+    return loops;
+}
+
+// The view with its rows, all closed.
+class Sheet
+{
+public:
+    Sheet()
+        : model(AllTypes, 2, nullptr)
+        , filter(nullptr)
+        , view(nullptr)
+    {
+        VxSceneBuilder builder(vxScene);
+        figure = builder.addSkeleton(QStringLiteral("figure"), Channels / 9);
+        QVector<VxNode *> bones;
+        figure->getNodeChildren(bones, true);
+        builder.keyChannels(bones, KeysAChannel, Step);
+        vxScene->setAnimRange(VxTimeRange(0, End));
+        vxScene->setPlayRange(VxTimeRange(0, End));
+        model.addNode(figure, true);
+        filter.setSourceModel(&model);
+        view.setFilterModel(&filter);
+        view.setModel(&filter);
+        view.setColumnWidth(0, NameWidth);
+        view.resize(1400, 800);
+        TimelineMetrics::shared().zoom = 0.02;
+        view.show();
+        QCoreApplication::processEvents();
+        firstChannel = channelOf(model.getRootItem());
+        selectAll();
+        check(collected() == Keys, "the scene has other keys than it should");
+        deselect();
+    }
+
+    void selectAll()
+    {
+        const QModelIndex top = filter.index(0, 0);
+        view.setKeySelection(true, top, top);
+    }
+    void selectHalf()
+    {
+        const QModelIndex top = filter.index(0, 0);
+        view.setKeySelection(true, top, top, KeysAChannel / 2 * Step);
+    }
+    void deselect()
+    {
+        const QModelIndex top = filter.index(0, 0);
+        view.setKeySelection(false, top, top, VxTimeMin);
+    }
+    void selectOne()
+    {
+        deselect();
+        firstChannel->setKeysSelected(true, Step, Step);
+    }
+    std::vector<SelectedKeys> selected() const
+    {
+        SelectedKeysCollector collector;
+        gather(model.getRootItem(), &collector);
+        return collector.keys();
+    }
+    qint64 collected() const
+    {
+        qint64 count = 0;
+        for (const SelectedKeys &keys : selected())
+            count += keys.indexes.size();
+        return count;
+    }
+    // What the user sees of it.
+    void settle()
+    {
+        view.viewport()->repaint();
+        QCoreApplication::processEvents();
+    }
+    int topRowY() const { return view.visualRect(filter.index(0, 0)).center().y(); }
+    // Opens what it takes to see the first channel.
+    int channelRowY()
+    {
+        const QModelIndex row = filter.mapFromSource(model.indexOf(firstChannel));
+        view.scrollTo(row);
+        return view.visualRect(row).center().y();
+    }
+    int xOf(VxTime time) const { return TimelineMetrics::shared().keyLeft(NameWidth, time, 0) + 2; }
+
+    VxApp app;
+    VxNode *figure = nullptr;
+    VxDopeSheetModel model;
+    VxDopeSheetFilterModel filter;
+    VxDopeSheetView view;
+    VxDopeSheetItem *firstChannel = nullptr;
+
+private:
+    static VxDopeSheetItem *channelOf(VxDopeSheetItem *item)
+    {
+        if (item->property() && item->hasKeys())
+            return item;
+        for (int i = 0; i < item->childCount(); ++i) {
+            if (VxDopeSheetItem *found = channelOf(item->child(i)))
+                return found;
+        }
+        return nullptr;
+    }
+    static void gather(VxDopeSheetItem *item, SelectedKeysCollector *collector)
+    {
+        collector->add(item);
+        for (int i = 0; i < item->childCount(); ++i)
+            gather(item->child(i), collector);
+    }
+};
+
+// Hands mouse events to the view and waits for nothing: painting is another matter.
+class Hand
+{
+public:
+    explicit Hand(QWidget *widget)
+        : m_widget(widget)
+    {
+    }
+    void press(const QPoint &at) const { send(QEvent::MouseButtonPress, at); }
+    void moveTo(const QPoint &at) const { send(QEvent::MouseMove, at); }
+    void release(const QPoint &at) const { send(QEvent::MouseButtonRelease, at); }
+
+private:
+    void send(QEvent::Type type, const QPoint &at) const
+    {
+        const bool moves = type == QEvent::MouseMove;
+        const bool releases = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, at, m_widget->mapToGlobal(at),
+                          moves ? Qt::NoButton : Qt::LeftButton,
+                          releases ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_widget, &event);
+    }
+
+    QWidget *m_widget;
+};
+
+// An edit and its way back and forth, each held against the most that the edit may take.
+class Edit
+{
+public:
+    Edit(Table &table, Sheet &sheet)
+        : m_table(table)
+        , m_sheet(sheet)
+    {
+    }
+
+    void measure(const char *name, double loop, double most, const Action &prepare,
+                 const Action &action)
+    {
+        if (!m_table.wants(name))
+            return;
+        VxUndoStack *stack = vxApp->getUndoStack();
+        double edit = 1e9;
+        double undo = 1e9;
+        double redo = 1e9;
+        double picture = 1e9;
+        for (int i = 0; i < Repeats; ++i) {
+            stack->clear();
+            prepare();
+            m_sheet.settle();
+            const auto timed = [](double *least, const Action &step) {
+                const double start = processorMilliseconds();
+                step();
+                *least = std::min(*least, processorMilliseconds() - start);
+            };
+            timed(&edit, action);
+            check(stack->count() == 1, "nothing changed");
+            m_entryBytes = stack->memoryUsed();
+            m_sheet.settle();
+            timed(&undo, [stack] { stack->undo(); });
+            timed(&picture, [this] { m_sheet.settle(); });
+            timed(&redo, [stack] { stack->redo(); });
+            m_sheet.settle();
+            stack->undo();
+            m_sheet.settle();
+        }
+        stack->clear();
+        m_table.add(name, edit, loop, most);
+        m_table.add("  undo", undo, loop, std::max(edit, 0.2));
+        m_table.add("  redo", redo, loop, std::max(edit, 0.2));
+        m_table.add("  the picture after that", picture, loop, 0);
+    }
+    // Of the last edit.
+    qint64 entryBytes() const { return m_entryBytes; }
+
+private:
+    Table &m_table;
+    Sheet &m_sheet;
+    qint64 m_entryBytes = 0;
+};
+
+void held(const Action &command)
+{
+    VxUndoStackHold hold;
+    command();
+    hold.accept(QStringLiteral("command"));
+}
+
+void measureSelection(Table &table, Sheet &sheet, const Loops &loops)
+{
+    table.measure(
+        "select all", loops.flags, 14, [&sheet] { sheet.deselect(); },
+        [&sheet] { sheet.selectAll(); });
+    const int y = sheet.topRowY();
+    const Hand hand(sheet.view.viewport());
+    const QPoint from(sheet.xOf(KeysAChannel / 2 * Step), y + 200);
+    table.measure(
+        "band over half", loops.flags, 14,
+        [&] {
+            sheet.deselect();
+            hand.press(from);
+            hand.moveTo(QPoint(1390, y));
+            sheet.settle();
+        },
+        [&] { hand.release(QPoint(1390, y)); });
+    sheet.deselect();
+}
+
+void measureDrag(Table &table, Sheet &sheet, const Loops &loops)
+{
+    const auto preview = [&](const char *name, double loop, double most) {
+        if (!table.wants(name))
+            return;
+        KeyDrag drag;
+        for (const SelectedKeys &keys : sheet.selected())
+            drag.add(keys);
+        VxUndoStackHold hold;
+        VxTime offset = Step;
+        drag.moveTo(offset, VxKeyMoveRule::WaitBeside);
+        const auto settled = [&sheet] { sheet.settle(); };
+        table.measure(name, loop, most, settled, [&] {
+            offset += Step;
+            drag.moveTo(offset, VxKeyMoveRule::WaitBeside);
+        });
+        drag.moveTo(0, VxKeyMoveRule::WaitBeside);
+        hold.cancel();
+    };
+    sheet.selectAll();
+    preview("preview of all", loops.times, 60);
+    sheet.deselect();
+    sheet.selectHalf();
+    preview("preview of half", loops.times, 60);
+    sheet.selectOne();
+    preview("preview of one key", loops.single, 0.2);
+    sheet.deselect();
+}
+
+void measureDrops(Table &table, Sheet &sheet, Edit &edit, const Loops &loops)
+{
+    const int y = sheet.topRowY();
+    const Hand hand(sheet.view.viewport());
+    const QPoint from(sheet.xOf(0), y);
+    const auto press = [&] {
+        hand.press(from);
+        hand.moveTo(from + QPoint(30, 0));
+    };
+    const auto release = [&] { hand.release(from + QPoint(60, 0)); };
+    edit.measure(
+        "drop of all", loops.copies, 100,
+        [&] {
+            sheet.deselect();
+            sheet.selectAll();
+            press();
+        },
+        release);
+    if (table.wants("drop of all"))
+        std::printf("%-34s %9.2f\n", "  bytes a key in its entry",
+                    double(edit.entryBytes()) / Keys);
+    sheet.deselect();
+    const QPoint one(sheet.xOf(1500 * Step), sheet.channelRowY());
+    sheet.settle();
+    edit.measure(
+        "drop of one key", loops.single, 0.2,
+        [&] {
+            sheet.deselect();
+            hand.press(one);
+            hand.moveTo(one + QPoint(30, 0));
+        },
+        [&] { hand.release(one + QPoint(60, 0)); });
+    if (table.wants("drop of one key"))
+        check(sheet.collected() == 1, "another number of keys was dragged");
+    sheet.view.collapseAll();
+    sheet.settle();
+}
+
+void measureCommands(Table &table, Sheet &sheet, Edit &edit, const Loops &loops)
+{
+    const auto all = [&sheet] {
+        sheet.deselect();
+        sheet.selectAll();
+    };
+    const auto half = [&sheet] {
+        sheet.deselect();
+        sheet.selectHalf();
+    };
+    const auto one = [&sheet] { sheet.selectOne(); };
+    const auto deleteKeys = [&sheet] { held([&sheet] { sheet.view.deleteKeys(); }); };
+    edit.measure("delete all", loops.copies, 60, all, deleteKeys);
+    edit.measure("delete half", loops.copies, 60, half, deleteKeys);
+    edit.measure("delete one key", loops.single, 0.2, one, deleteKeys);
+
+    table.measure("copy all", loops.copies, 60, all, [&sheet] { sheet.view.copyKeys(); });
+    const auto paste = [&sheet] { held([&sheet] { sheet.view.pasteKeys(); }); };
+    const auto copyAll = [&] {
+        all();
+        sheet.view.copyKeys();
+        vxScene->setTime(KeysAChannel * Step);
+    };
+    edit.measure("paste all", loops.copies, 150, copyAll, paste);
+    vxScene->setTime(0);
+
+    const auto retype = [&sheet] {
+        held([&sheet] { sheet.view.setInterpType(VxKeyInterp::Constant); });
+    };
+    edit.measure("set interpolation of all", loops.copies, 40, all, retype);
+    edit.measure("set interpolation of one key", loops.single, 0.2, one, retype);
+    sheet.deselect();
+
+    edit.measure(
+        "new key on every channel", loops.copies, 8,
+        [] { vxScene->setTime(KeysAChannel / 2 * Step + 70); },
+        [&sheet] {
+            held([&sheet] {
+                const VxChangeBlock block;
+                const VxTime now = vxScene->getTime();
+                KeyCreation::setNodeKeys(sheet.figure, AllTypes, true, now, now);
+            });
+        });
+}
+
+void measureSkips(Table &table, Sheet &sheet, const Loops &loops)
+{
+    const auto prepare = [&sheet] {
+        vxScene->setTime(KeysAChannel / 2 * Step);
+        sheet.settle();
+    };
+    table.measure("next key", loops.single, 0.2, prepare, [&sheet] { sheet.view.skipToNextKey(); });
+    table.measure("previous key", loops.single, 0.2, prepare,
+                  [&sheet] { sheet.view.skipToPreviousKey(); });
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    Table table(QCoreApplication::arguments().mid(1));
+    const Loops loops = measureLoops();
+    Sheet sheet;
+    Edit edit(table, sheet);
+    measureSelection(table, sheet, loops);
+    measureDrag(table, sheet, loops);
+    measureDrops(table, sheet, edit, loops);
+    measureCommands(table, sheet, edit, loops);
+    measureSkips(table, sheet, loops);
+    return 0;
+}
