@@ -153,6 +153,18 @@ void TestFilterMenu::patterns_data()
                                   << "rhip" << true;
     QTest::newRow("wildcard set without end") << "wc::[lr"
                                               << "[lr" << true;
+    QTest::newRow("wildcard set with a backslash") << "wc::[\\]x"
+                                                   << "\\x" << true;
+    QTest::newRow("wildcard set with a closing bracket") << "wc::[^]a]"
+                                                         << "]" << false;
+    QTest::newRow("wildcard set with a closing bracket, others") << "wc::[^]a]"
+                                                                 << "b" << true;
+    QTest::newRow("bracket not closed yet") << "p[l"
+                                            << "HIP[left]" << true;
+    QTest::newRow("bracket not closed yet, not there") << "p[l"
+                                                       << "hip" << false;
+    QTest::newRow("typed set") << "[lr]hip"
+                               << "the rHip bone" << true;
     QTest::newRow("wildcard with a point") << "wc::a.b"
                                            << "axb" << false;
     QTest::newRow("ci alone is text") << "ci::hip"

@@ -11,6 +11,14 @@ bool takePrefix(QString &text, const QString &prefix)
     return true;
 }
 
+// Where the set of characters that begins at an opening bracket ends; -1 when the bracket is never
+// closed. A closing bracket that stands first in a set belongs to it.
+int endOfSet(const QString &wildcard, int begin)
+{
+    const bool isInverted = wildcard.midRef(begin + 1).startsWith(QLatin1Char('^'));
+    return wildcard.indexOf(QLatin1Char(']'), begin + (isInverted ? 3 : 2));
+}
+
 // A wildcard pattern as an expression for the whole name: the filter model would be content with a
 // part of it. An opening bracket without a closing one stands for itself.
 QString wholeNameExpression(const QString &wildcard)
@@ -18,9 +26,10 @@ QString wholeNameExpression(const QString &wildcard)
     QString expression;
     for (int i = 0; i < wildcard.size(); ++i) {
         const QChar c = wildcard.at(i);
-        const int setEnd = c == QLatin1Char('[') ? wildcard.indexOf(QLatin1Char(']'), i + 2) : -1;
+        const int setEnd = c == QLatin1Char('[') ? endOfSet(wildcard, i) : -1;
         if (setEnd >= 0) {
-            expression += wildcard.mid(i, setEnd - i + 1);
+            QString set = wildcard.mid(i, setEnd - i + 1);
+            expression += set.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
             i = setEnd;
         } else if (c == QLatin1Char('*')) {
             expression += QLatin1String(".*");
@@ -46,6 +55,9 @@ QRegExp dopeSheetFilterPattern(const QString &text)
     }
     if (takePrefix(rest, QStringLiteral("wc::")))
         return QRegExp(wholeNameExpression(rest), Qt::CaseInsensitive);
-    return QRegExp(QLatin1Char('*') + rest + QLatin1Char('*'), Qt::CaseInsensitive,
-                   QRegExp::Wildcard);
+    const QString anywhere = QLatin1Char('*') + rest + QLatin1Char('*');
+    const QRegExp pattern(anywhere, Qt::CaseInsensitive, QRegExp::Wildcard);
+    // A bracket that is not closed, or not yet, would let no name through.
+    return pattern.isValid() ? pattern
+                             : QRegExp(wholeNameExpression(anywhere), Qt::CaseInsensitive);
 }
