@@ -1,6 +1,7 @@
 #include "timepanetestbase.h"
 
 #include <QtCore/QSortFilterProxyModel>
+#include <functional>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
@@ -13,6 +14,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 
 // The key graph in the pane, beside the dope sheet: both show the same keys, selected alike.
 class TestKeyGraphInDopeSheet : public QObject, private TimePaneTest
@@ -29,6 +31,9 @@ private Q_SLOTS:
     void draggingInTheGraph();
     void draggingPastAnotherKey();
     void nodesGone();
+    void rowsMadeAnew();
+    void clearingReachesRowsLeftOut();
+    void namedKeysOfRowsLeftOut();
 
 private:
     QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
@@ -207,6 +212,79 @@ void TestKeyGraphInDopeSheet::nodesGone()
     mouse.release(start);
     QCOMPARE(m_graph->getChannels().size(), 0);
     m_view->grab();
+}
+
+// Rows that are made anew have no selected keys; the graph shows no others.
+void TestKeyGraphInDopeSheet::rowsMadeAnew()
+{
+    VxMouseDriver mouse(m_view);
+    mouse.click(placeOfKey(1));
+    QCOMPARE(selectedInRow(), QVector<int>{1});
+    m_property->setKeyInterpolation(1, VxKeyInterp::Tcb, 0.5f, 0.0f, 0.0f);
+    m_sheet->setKeySelection(true, rowOf(m_property), rowOf(m_property));
+    QVERIFY(m_sheet->getCommonTension(nullptr));
+    pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropRotate);
+    QCoreApplication::processEvents();
+    QCOMPARE(selectedInRow(), QVector<int>());
+    QCOMPARE(selectedInGraph(), QVector<int>());
+    QVERIFY(!m_sheet->getCommonTension(nullptr));
+    clickRow();
+    QCOMPARE(selectedInRow(), selectedInGraph());
+}
+
+// What the text filter leaves out still has its keys selected, and is cleared with the rest.
+void TestKeyGraphInDopeSheet::clearingReachesRowsLeftOut()
+{
+    auto *knee = new VxNode(QStringLiteral("Knee"));
+    vxScene->addNode(knee);
+    VxKeyMessage message;
+    message.clearSelection = true;
+    const std::function<void()> ways[] = {
+        [this, message] { m_graph->getKeyCommunication()->send(message); },
+        [this] { m_sheet->clearSelectedKeys(); },
+        [this, knee] {
+            const QRect row = m_sheet->visualRect(m_sheet->findNodeIndex(knee));
+            VxMouseDriver(m_sheet->viewport())
+                .click(QPoint(m_sheet->columnWidth(0) + 5, row.center().y()));
+        }};
+    for (const auto &clear : ways) {
+        const QModelIndex row = rowOf(m_property);
+        m_sheet->setKeySelection(true, row, row, 160 * 20, 160 * 31);
+        m_sheet->applyFilterText(QStringLiteral("knee"));
+        QVERIFY(!rowOf(m_property).isValid());
+        QVERIFY(pane->hasSelectedKeys());
+        clear();
+        QVERIFY(!pane->hasSelectedKeys());
+        m_sheet->applyFilterText(QString());
+        QCOMPARE(selectedInRow(), QVector<int>());
+    }
+}
+
+void TestKeyGraphInDopeSheet::namedKeysOfRowsLeftOut()
+{
+    m_sheet->applyFilterText(QStringLiteral("nothing of the kind"));
+    VxKeyMessage message;
+    message.selectedKeys[m_property] = {1, 3};
+    m_graph->getKeyCommunication()->send(message);
+    m_sheet->applyFilterText(QString());
+    QCOMPARE(selectedInRow(), QVector<int>({1, 3}));
+    // A row that comes while it is left out, and goes.
+    m_sheet->applyFilterText(QStringLiteral("nothing of the kind"));
+    auto *other = new VxNode(QStringLiteral("Knee"));
+    vxScene->addNode(other);
+    VxFloatProperty *property = other->getYPosControl();
+    property->setKey(160, 1.0f, VxKeyInterp::Linear);
+    message = VxKeyMessage();
+    message.selectedKeys[property] = {0};
+    m_graph->getKeyCommunication()->send(message);
+    m_sheet->applyFilterText(QString());
+    QCOMPARE(m_sheet->getItem(rowOf(property))->selectedKeyIndexes(), QVector<int>{0});
+    m_sheet->applyFilterText(QStringLiteral("nothing of the kind"));
+    message.selectedKeys.clear();
+    message.deselectedKeys[property] = {0};
+    vxScene->removeNode(other);
+    m_graph->getKeyCommunication()->send(message);
+    QVERIFY(pane->hasSelectedKeys());
 }
 
 QTEST_MAIN(TestKeyGraphInDopeSheet)

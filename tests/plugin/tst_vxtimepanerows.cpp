@@ -52,6 +52,7 @@ private Q_SLOTS:
     void rowSelectionSelectsNodes();
     void rowsOfTheScene();
     void nodesThatComeDuringALoad();
+    void rowsMadeAnewDuringALoad();
     void clearingTheSceneEmptiesTheSheet();
     void helpersStayOut();
     void rootRowsMove();
@@ -292,6 +293,23 @@ void TestTimePaneRows::nodesThatComeDuringALoad()
     vxScene->endLoad();
     QCOMPARE(model->rowCount(), 1);
     QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("stays"));
+}
+
+void TestTimePaneRows::rowsMadeAnewDuringALoad()
+{
+    showPane();
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    auto *hip = new VxBone(QStringLiteral("hip"));
+    figure->addNodeChild(hip);
+    vxScene->addNode(figure);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    vxScene->beginLoad();
+    pane->refreshDopesheet();
+    auto *camera = new VxNode(QStringLiteral("camera"));
+    vxScene->addNode(camera);
+    vxScene->endLoad();
+    for (VxNode *node : {static_cast<VxNode *>(figure), static_cast<VxNode *>(hip), camera})
+        QVERIFY(view->findNodeIndex(node).isValid());
 }
 
 void TestTimePaneRows::clearingTheSceneEmptiesTheSheet()

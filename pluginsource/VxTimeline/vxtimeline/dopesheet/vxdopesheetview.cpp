@@ -66,20 +66,10 @@ VxDopeSheetView::~VxDopeSheetView()
 
 void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
-    if (model())
-        disconnect(model(), nullptr, this, SLOT(forgetItems()));
     d->forgetItems();
+    d->commonTcb = Private::CommonTcb();
+    d->resetSelectedBounds();
     QTreeView::setModel(newModel);
-    if (!newModel)
-        return;
-    const auto forget = &VxDopeSheetView::forgetItems;
-    connect(newModel, &QAbstractItemModel::rowsInserted, this, forget);
-    connect(newModel, &QAbstractItemModel::rowsAboutToBeRemoved, this, forget);
-    connect(newModel, &QAbstractItemModel::rowsRemoved, this, forget);
-    connect(newModel, &QAbstractItemModel::rowsMoved, this, forget);
-    connect(newModel, &QAbstractItemModel::layoutChanged, this, forget);
-    connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, forget);
-    connect(newModel, &QAbstractItemModel::modelReset, this, forget);
 }
 
 // The tree view would look at every open row again, for each row of keys that reports a change. The

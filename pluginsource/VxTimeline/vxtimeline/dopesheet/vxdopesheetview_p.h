@@ -6,6 +6,7 @@
 #include <QtCore/QLine>
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPoint>
+#include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QRegion>
 #include <functional>
@@ -104,7 +105,7 @@ public:
     void applyMessage(VxDopeSheetItem *item) const;
     void applyToNamed();
 
-    // The items of the view's rows that show a property, usually one.
+    // The items that show a property, usually one, whether the filter shows them or not.
     const QVector<VxDopeSheetItem *> &itemsOf(VxProperty *property);
     // Called when rows have come, gone or are about to go.
     void forgetItems();
@@ -113,9 +114,13 @@ public:
     // are shown or lie in closed rows.
     template <typename Visit>
     void visitSelected(const Visit &visit, const QModelIndex &parent = QModelIndex()) const;
+    // The same for all rows that there are, also those that the filter leaves out: what is cleared
+    // is cleared everywhere.
+    void visitSelectedItems(const RowOperation &visit) const;
     std::vector<SelectedKeys> collectSelected() const;
     // Finds out what the selected TCB keys have in common.
     void updateCommonTcb();
+    void deselectItems() const;
     void deselectAll();
     void sendClear() const;
     void sendSelected() const;
@@ -168,7 +173,7 @@ public:
 private:
     void indexItems();
 
-    bool m_itemsIndexed = false;
+    QPointer<const VxDopeSheetModel> m_indexedModel; // null when m_items is to be made anew
     QHash<VxProperty *, QVector<VxDopeSheetItem *>> m_items;
 };
 

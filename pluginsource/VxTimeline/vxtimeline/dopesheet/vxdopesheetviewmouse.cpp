@@ -45,8 +45,7 @@ VxDopeSheetView::Private::RowHit VxDopeSheetView::Private::hitAt(const QPoint &p
 
 void VxDopeSheetView::Private::deselectAll()
 {
-    visitSelected(
-        [](VxDopeSheetItem *item) { item->setKeysSelected(false, VxTimeMin, VxTimeMax); });
+    deselectItems();
     Q_EMIT view->keySelectionChanged();
 }
 

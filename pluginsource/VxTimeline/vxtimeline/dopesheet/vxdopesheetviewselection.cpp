@@ -44,6 +44,29 @@ QVector<qint32> indexesOf(const DopeSheetRowKeys &keys, bool selected)
     return indexes;
 }
 
+// A row that has no selected key below it is not looked into.
+template <typename Visit> void visitSelectedBelow(const VxDopeSheetItem *item, const Visit &visit)
+{
+    for (int i = 0; i < item->childCount(); ++i) {
+        VxDopeSheetItem *child = item->child(i);
+        if (!child->hasSelectedKeys())
+            continue;
+        if (child->property())
+            visit(child);
+        else
+            visitSelectedBelow(child, visit);
+    }
+}
+
+// Calls visit(item) for the items of all properties' rows.
+template <typename Visit> void visitProperties(VxDopeSheetItem *item, const Visit &visit)
+{
+    if (item->property())
+        visit(item);
+    for (int i = 0; i < item->childCount(); ++i)
+        visitProperties(item->child(i), visit);
+}
+
 } // namespace
 
 void VxDopeSheetView::Private::CommonTcb::add(float t, float c, float b)
@@ -75,6 +98,18 @@ void VxDopeSheetView::Private::walkAll(const RowOperation &operation)
         if (VxDopeSheetItem *item = view->getItem(row))
             operation(item);
     });
+}
+
+void VxDopeSheetView::Private::visitSelectedItems(const RowOperation &visit) const
+{
+    if (const VxDopeSheetModel *rows = sourceModel())
+        visitSelectedBelow(rows->getRootItem(), visit);
+}
+
+void VxDopeSheetView::Private::deselectItems() const
+{
+    visitSelectedItems(
+        [](VxDopeSheetItem *item) { item->setKeysSelected(false, VxTimeMin, VxTimeMax); });
 }
 
 void VxDopeSheetView::Private::resetSelectedBounds()
@@ -192,11 +227,15 @@ void VxDopeSheetView::Private::clearSelectedKeysFrom(const QModelIndex &index, b
         clearSelectedKeysFrom(model->index(row, NameColumn, index), isClearedBelow);
 }
 
+// The rows that the filter leaves out come last, without a report of their own.
 void VxDopeSheetView::clearSelectedKeys()
 {
     const int rows = model() ? model()->rowCount() : 0;
     for (int row = 0; row < rows; ++row)
         d->clearSelectedKeysFrom(model()->index(row, NameColumn), false);
+    d->spanStart = -1;
+    d->spanEnd = VxTimeMax;
+    d->visitSelectedItems([this](VxDopeSheetItem *item) { d->selectKeys(item, false); });
     viewport()->update();
 }
 
@@ -217,24 +256,27 @@ VxKeyCommunication *VxDopeSheetView::getKeyCommunication() const
 void VxDopeSheetView::Private::forgetItems()
 {
     m_items.clear();
-    m_itemsIndexed = false;
+    m_indexedModel = nullptr;
 }
 
 void VxDopeSheetView::Private::indexItems()
 {
     m_items.clear();
-    DopeSheetWalk::all(view->model(), [this](const QModelIndex &row) {
-        VxDopeSheetItem *item = view->getItem(row);
-        if (item && item->property())
-            m_items[item->property()].append(item);
-    });
-    m_itemsIndexed = true;
+    m_indexedModel = sourceModel();
+    if (!m_indexedModel)
+        return;
+    visitProperties(m_indexedModel->getRootItem(),
+                    [this](VxDopeSheetItem *item) { m_items[item->property()].append(item); });
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved,
+                              &QAbstractItemModel::rowsAboutToBeRemoved})
+        connect(m_indexedModel.data(), signal, view, &VxDopeSheetView::forgetItems,
+                Qt::UniqueConnection);
 }
 
 const QVector<VxDopeSheetItem *> &VxDopeSheetView::Private::itemsOf(VxProperty *property)
 {
     static const QVector<VxDopeSheetItem *> none;
-    if (!m_itemsIndexed)
+    if (!m_indexedModel || m_indexedModel != sourceModel())
         indexItems();
     const auto found = m_items.constFind(property);
     return found == m_items.cend() ? none : found.value();
@@ -245,8 +287,6 @@ void VxDopeSheetView::Private::applyMessage(VxDopeSheetItem *item) const
     VxProperty *property = item->property();
     if (!property)
         return;
-    if (message.clearSelection && item->hasSelectedKeys())
-        item->setKeysSelected(false, VxTimeMin, VxTimeMax);
     const auto selected = message.selectedKeys.constFind(property);
     if (selected != message.selectedKeys.cend())
         item->setKeySelectedAt(selected.value(), true);
@@ -272,18 +312,18 @@ void VxDopeSheetView::Private::applyToNamed()
     }
 }
 
-// The key graph tells of every key it changes, so a message that leaves other rows alone goes to
-// the rows of its own properties only.
+// The key graph tells of every key it changes, so a message goes to the rows of its own properties
+// only, after those that it clears.
 void VxDopeSheetView::handleKeyMessage(const VxKeyMessage &message)
 {
     if (d->rowOperation)
         return;
     d->message = message;
-    const auto apply = [this](VxDopeSheetItem *item) { d->applyMessage(item); };
-    if (message.clearSelection) {
-        d->walkAll(apply);
-    } else {
-        const QScopedValueRollback<Private::RowOperation> running(d->rowOperation, apply);
+    {
+        const QScopedValueRollback<Private::RowOperation> running(
+            d->rowOperation, [this](VxDopeSheetItem *item) { d->applyMessage(item); });
+        if (message.clearSelection)
+            d->deselectItems();
         d->applyToNamed();
     }
     d->message = VxKeyMessage();

@@ -12,6 +12,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 
 namespace {
@@ -79,10 +80,22 @@ void VxTimePane::uninitModel()
         return;
     if (d->nameColumnWidth() > LeastSavedWidth)
         d->savedNameColumnWidth = d->nameColumnWidth();
+    const bool hadSelectedKeys = hasSelectedKeys();
     d->showModel(nullptr);
     d->filterModel->setSourceModel(nullptr);
     delete d->dopeSheetModel;
     d->dopeSheetModel = nullptr;
+    if (hadSelectedKeys)
+        handleKeySelectionLost();
+}
+
+// The selection of keys goes with the rows; the key graph and the controls are to follow.
+void VxTimePane::handleKeySelectionLost()
+{
+    VxKeyMessage message;
+    message.clearSelection = true;
+    d->keyCommunication->send(message);
+    handleDopesheetKeySelectionChanged();
 }
 
 void VxTimePane::fillDopesheet()
@@ -104,8 +117,11 @@ void VxTimePane::refreshDopesheet()
     const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
     uninitModel();
     initModel();
-    for (VxNode *node : nodes)
-        addDopesheetNode(node, true);
+    // These had rows, so they do not wait for the end of a load.
+    for (VxNode *node : nodes) {
+        if (belongsInSheet(node))
+            d->dopeSheetModel->addNode(node, true);
+    }
     d->filterAnew();
     handlePrimarySelectionChanged();
 }

@@ -213,6 +213,7 @@ private:
     void skipToKey(VxTime found, const QString &undoText);
     void makeFilteredKeys(int numKeys);
     void fillDopesheet();
+    void handleKeySelectionLost();
     void syncDopesheetSelection();
     void requestEnsureVisible();
 
