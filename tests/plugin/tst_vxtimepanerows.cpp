@@ -49,6 +49,7 @@ private Q_SLOTS:
     void hidingLeavesTheRestForLater();
     void paneGoesBeforeItsEvents();
     void rowsFollowTheSelection();
+    void rowsFollowWhenThePrimaryStays();
     void rowSelectionSelectsNodes();
     void rowsOfTheScene();
     void nodesThatComeDuringALoad();
@@ -231,6 +232,24 @@ void TestTimePaneRows::rowsFollowTheSelection()
     QCOMPARE(rows.first(), view->findNodeIndex(thigh));
     QVERIFY(view->isExpanded(view->findNodeIndex(hip)));
     QVERIFY(pane->hasDopeSheetItemSelection());
+}
+
+void TestTimePaneRows::rowsFollowWhenThePrimaryStays()
+{
+    showPane();
+    auto *a = new VxNode(QStringLiteral("a"));
+    auto *b = new VxNode(QStringLiteral("b"));
+    vxScene->addNode(a);
+    vxScene->addNode(b);
+    a->select(true);
+    b->select(true);
+    QCoreApplication::processEvents();
+    const QItemSelectionModel *rows = pane->getDopeSheetView()->selectionModel();
+    QCOMPARE(rows->selectedRows().size(), 2);
+    a->select(false);
+    QCoreApplication::processEvents();
+    QCOMPARE(vxScene->getPrimarySelection(), b);
+    QCOMPARE(rows->selectedRows(), QModelIndexList{pane->getDopeSheetView()->findNodeIndex(b)});
 }
 
 void TestTimePaneRows::rowSelectionSelectsNodes()

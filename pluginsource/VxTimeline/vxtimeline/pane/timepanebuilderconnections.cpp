@@ -61,6 +61,9 @@ void TimePaneBuilder::connectSceneNodes()
                      &Pane::handleSceneClearStarting);
     QObject::connect(vxScene, &VxScene::primarySelectionChanged, m_pane,
                      &Pane::handlePrimarySelectionChanged);
+    // Nodes can join and leave the selection while the primary one stays.
+    QObject::connect(vxScene, &VxScene::nodeSelectionListChanged, m_pane,
+                     &Pane::handlePrimarySelectionChanged);
 }
 
 void TimePaneBuilder::connectDopeSheet()
