@@ -150,6 +150,17 @@ void timeChangeAllSelected(benchmark::State &state)
 }
 BENCHMARK(timeChangeAllSelected)->Unit(benchmark::kMicrosecond);
 
+/// Every row open and selected, which makes a range for each parent.
+void timeChangeAllRowsSelected(benchmark::State &state)
+{
+    Fixture fixture;
+    fixture.pane().getDopeSheetView()->expandAll();
+    fixture.pane().getDopeSheetView()->selectAll();
+    Fixture::settle();
+    changeTimes(state);
+}
+BENCHMARK(timeChangeAllRowsSelected)->Unit(benchmark::kMicrosecond);
+
 /// The play range as a drag in the time range slider changes it; the time scale goes along.
 void rangeDrag(benchmark::State &state)
 {

@@ -1,5 +1,6 @@
 #include "dopesheettestbase.h"
 
+#include <QtGui/QScreen>
 #include <QtWidgets/QScrollBar>
 
 #include "testing/vxmousedriver.h"
@@ -59,9 +60,12 @@ private Q_SLOTS:
     void severalRowsByProgram();
     void propertyRowsAreTold();
     void sceneSelectionShows();
+    void everyRowAtOnce();
 
     void paintsBehindRows();
     void timeLineFollows();
+    void timeLineLeavesNoTrace_data();
+    void timeLineLeavesNoTrace();
     void keysWidthKnowsTheSizeToCome();
     void changesOfKeysAreRepainted();
 
@@ -574,6 +578,30 @@ void TestVxDopeSheetView::sceneSelectionShows()
     QVERIFY(hip->isSelected());
 }
 
+void TestVxDopeSheetView::everyRowAtOnce()
+{
+    view->expandAll();
+    QSignalSpy hit(view.get(), &VxDopeSheetView::propertyHitListChanged);
+    QSignalSpy told(view.get(), &VxDopeSheetView::itemSelectionChanged);
+    view->selectAll();
+    int rows = 0;
+    DopeSheetWalk::all(model.get(), [&](const QModelIndex &row) {
+        ++rows;
+        QVERIFY(view->isRowSelected(row));
+        QVERIFY(view->selectionModel()->isSelected(row));
+        QVERIFY(view->selectionModel()->isSelected(row.sibling(row.row(), 1)));
+    });
+    QCOMPARE(rows, 4 * 6);
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(hit.count(), 1);
+    QCOMPARE(hit.at(0).at(0).value<QVector<VxProperty *>>().size(), 4 * 3);
+    // Without a press that says otherwise the last node takes the place of those before it.
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{ball});
+    view->clearSelection();
+    QVERIFY(!view->isRowSelected(rowOf(leg)));
+    QVERIFY(view->isRowSelected(rowOf(ball))); // as the scene says
+}
+
 void TestVxDopeSheetView::paintsBehindRows()
 {
     showView();
@@ -605,6 +633,45 @@ void TestVxDopeSheetView::timeLineFollows()
     vxScene->setTime(640);
     QCOMPARE(pixel(208, y), view->palette().color(QPalette::Base));
     QCOMPARE(pixel(218, y), view->palette().color(QPalette::Text));
+}
+
+void TestVxDopeSheetView::timeLineLeavesNoTrace_data()
+{
+    QTest::addColumn<bool>("all");
+    QTest::newRow("two rows selected") << false;
+    QTest::newRow("every row selected") << true;
+}
+
+// The line's way through the rows paints only what it must: what stands on the screen then is what
+// painting everything shows.
+void TestVxDopeSheetView::timeLineLeavesNoTrace()
+{
+    QFETCH(bool, all);
+    addKeys(hip->getXPosControl(), {0, 1600, 1760});
+    addKeys(leg->getYPosControl(), {800, 1600}, VxKeyInterp::Tcb);
+    showView();
+    view->expandAll();
+    view->collapse(rowOf(arm));
+    select(translationOf(leg, 1), 800, 801);
+    if (all) {
+        view->selectAll();
+    } else {
+        hip->select(true);
+        arm->select(true);
+        view->selectSceneSelection();
+    }
+    view->setFocus();
+    VxMouseDriver(view->viewport()).moveTo(QPoint(400, 100));
+    const auto shown = [this] {
+        QCoreApplication::processEvents();
+        return view->screen()->grabWindow(view->winId()).toImage();
+    };
+    for (const VxTime time : {1600, 1601, 0, 9600, 800, 1760, 480}) {
+        vxScene->setTime(time);
+        const QImage partly = shown();
+        view->viewport()->update();
+        QCOMPARE(partly, shown());
+    }
 }
 
 // A scroll bar comes: the width has to be right when the header tells of it.

@@ -18,6 +18,7 @@
 
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/dopesheetopenrows.h"
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
@@ -66,10 +67,17 @@ VxDopeSheetView::~VxDopeSheetView()
 
 void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
+    if (newModel == model())
+        return;
     d->forgetItems();
     d->commonTcb = Private::CommonTcb();
     d->resetSelectedBounds();
     QTreeView::setModel(newModel);
+    if (!newModel)
+        return;
+    const std::unique_ptr<QItemSelectionModel> plain(selectionModel());
+    setSelectionModel(new DopeSheetSelectionModel(newModel, this));
+    connect(newModel, &QObject::destroyed, selectionModel(), &QObject::deleteLater);
 }
 
 // The tree view would look at every open row again, for each row of keys that reports a change. The
@@ -260,6 +268,25 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
         QPoint(qMax(pressPoint.x(), currentPoint.x()) - 1,
                qMax(pressPoint.y(), currentPoint.y()) - 1));
     view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
+}
+
+// Names and branches take most of the time, and have nothing to do with the current time. What the
+// tree view draws of the other column is the row's panel, without selection, and the cell.
+void VxDopeSheetView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const
+{
+    const auto cellOf = [this, &option](int column) {
+        return QRect(columnViewportPosition(column), option.rect.y(), columnWidth(column),
+                     option.rect.height());
+    };
+    if (isToBePainted(cellOf(NameColumn))) {
+        QTreeView::drawRow(painter, option, index);
+        return;
+    }
+    QStyleOptionViewItem keys = option;
+    keys.rect = cellOf(KeysColumn);
+    style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &keys, painter, this);
+    itemDelegateForColumn(KeysColumn)->paint(painter, keys, index.sibling(index.row(), KeysColumn));
 }
 
 void VxDopeSheetView::paintEvent(QPaintEvent *event)

@@ -54,6 +54,8 @@ public:
     // header reports that a stretched section changes before it takes its new size.
     int getKeysWidth() const;
 
+    // Whether a row is selected, whatever the column of the index.
+    bool isRowSelected(const QModelIndex &index) const;
     // True while the view itself changes which nodes of the scene are selected.
     bool isChangingSelection() const;
     // Selects the rows of the nodes that are selected in the scene, beside those selected already.
@@ -146,6 +148,8 @@ private Q_SLOTS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
+                 const QModelIndex &index) const override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

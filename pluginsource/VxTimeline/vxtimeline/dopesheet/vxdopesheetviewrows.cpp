@@ -7,6 +7,7 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 
@@ -83,11 +84,19 @@ QItemSelection selectionOf(std::vector<ChildRow> rows)
 
 } // namespace
 
+bool VxDopeSheetView::isRowSelected(const QModelIndex &index) const
+{
+    const auto *rows = qobject_cast<const DopeSheetSelectionModel *>(selectionModel());
+    return rows && rows->isRowSelected(index);
+}
+
 bool VxDopeSheetView::isChangingSelection() const
 {
     return d->changingSelection;
 }
 
+// Rows that are selected already are left out: adding a range to a selection is compared with each
+// of those in it.
 void VxDopeSheetView::selectSceneSelection()
 {
     if (!selectionModel())
@@ -95,9 +104,11 @@ void VxDopeSheetView::selectSceneSelection()
     std::vector<ChildRow> rows;
     for (VxNode *node : vxScene->getSelectedNodes()) {
         const QModelIndex index = findNodeIndex(node);
-        if (index.isValid())
+        if (index.isValid() && !isRowSelected(index))
             rows.push_back({index.parent(), index});
     }
+    if (rows.empty())
+        return;
     selectionModel()->select(selectionOf(std::move(rows)),
                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }

@@ -105,7 +105,7 @@ void VxTimelineDopeSheetKeysColumnDelegate::paint(QPainter *painter,
     if (view->isExpanded(row) && index.model()->hasChildren(row))
         return;
 
-    const bool selected = view->selectionModel() && view->selectionModel()->isSelected(row);
+    const bool selected = view->isRowSelected(row);
     const QPalette palette = interfacePalette(view);
     if (selected) {
         QColor color = palette.color(QPalette::Highlight);

@@ -1,0 +1,118 @@
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// Neighbouring rows of one parent.
+struct RowSpan
+{
+    QModelIndex parent;
+    int top = 0;
+    int bottom = 0;
+
+    friend bool operator<(const RowSpan &a, const RowSpan &b)
+    {
+        return a.parent == b.parent ? a.top < b.top : a.parent < b.parent;
+    }
+    bool meets(const RowSpan &next) const { return parent == next.parent && bottom >= next.top; }
+};
+
+using RowSpans = std::vector<RowSpan>;
+
+RowSpans spansOf(const QItemSelection &selection)
+{
+    RowSpans spans;
+    spans.reserve(size_t(selection.size()));
+    for (const QItemSelectionRange &range : selection) {
+        if (range.isValid())
+            spans.push_back({range.parent(), range.top(), range.bottom()});
+    }
+    return spans;
+}
+
+bool haveNothingInCommon(RowSpans spans)
+{
+    std::sort(spans.begin(), spans.end());
+    const auto meet = [](const RowSpan &a, const RowSpan &b) { return a.meets(b); };
+    return std::adjacent_find(spans.begin(), spans.end(), meet) == spans.end();
+}
+
+QItemSelection wholeRows(const QAbstractItemModel *model, const RowSpans &spans)
+{
+    QItemSelection rows;
+    rows.reserve(int(spans.size()));
+    for (const RowSpan &span : spans) {
+        const int last = model->columnCount(span.parent) - 1;
+        rows.append(QItemSelectionRange(model->index(span.top, 0, span.parent),
+                                        model->index(span.bottom, last, span.parent)));
+    }
+    return rows;
+}
+
+} // namespace
+
+class DopeSheetSelectionModel::Private
+{
+public:
+    // In order; made when they are asked for, from whatever is selected then.
+    RowSpans spans;
+    bool isValid = false;
+
+    void update(const QItemSelection &selection)
+    {
+        spans.clear();
+        for (const QItemSelectionRange &range : selection) {
+            if (range.isValid() && range.left() == 0)
+                spans.push_back({range.parent(), range.top(), range.bottom()});
+        }
+        std::sort(spans.begin(), spans.end());
+        isValid = true;
+    }
+};
+
+DopeSheetSelectionModel::DopeSheetSelectionModel(QAbstractItemModel *model, QObject *parent)
+    : QItemSelectionModel(model, parent)
+    , d(std::make_unique<Private>())
+{
+    const auto forget = &DopeSheetSelectionModel::forgetRows;
+    connect(this, &QItemSelectionModel::selectionChanged, this, forget);
+    connect(model, &QAbstractItemModel::rowsInserted, this, forget);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, forget);
+    connect(model, &QAbstractItemModel::rowsMoved, this, forget);
+    connect(model, &QAbstractItemModel::layoutChanged, this, forget);
+    connect(model, &QAbstractItemModel::modelReset, this, forget);
+}
+
+DopeSheetSelectionModel::~DopeSheetSelectionModel() = default;
+
+void DopeSheetSelectionModel::forgetRows()
+{
+    d->isValid = false;
+}
+
+bool DopeSheetSelectionModel::isRowSelected(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.model() != model())
+        return false;
+    if (!d->isValid)
+        d->update(selection());
+    const RowSpan row{index.parent(), index.row(), index.row()};
+    const auto after = std::upper_bound(d->spans.cbegin(), d->spans.cend(), row);
+    return after != d->spans.cbegin() && std::prev(after)->meets(row);
+}
+
+// Whoever hears of the change may ask for rows before this is told of it.
+void DopeSheetSelectionModel::select(const QItemSelection &selection, SelectionFlags command)
+{
+    forgetRows();
+    if (command & Rows && selection.size() > 1) {
+        const RowSpans spans = spansOf(selection);
+        if (haveNothingInCommon(spans)) {
+            QItemSelectionModel::select(wholeRows(model(), spans), command & ~SelectionFlags(Rows));
+            return;
+        }
+    }
+    QItemSelectionModel::select(selection, command);
+}
