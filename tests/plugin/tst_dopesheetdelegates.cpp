@@ -3,7 +3,9 @@
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QStandardItemModel>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QToolTip>
+#include <QtWidgets/QTreeView>
 #include <random>
 #include <set>
 #include <vxcore/vxmainwindow.h>
@@ -79,6 +81,7 @@ private Q_SLOTS:
     void timeTick_data();
     void timeTick();
     void selectedRow();
+    void coloursOfTheWindow();
     void lineEndsWithTheLastKey();
     void oneFrame();
 
@@ -90,6 +93,10 @@ private Q_SLOTS:
     void longNameHasAToolTip();
     void markupInNamesIsShown();
     void fittingNameHasNone();
+    void nameThatJustFits();
+    void fittingNameTakesAnotherAway();
+    void toolTipStandsAtTheMouse();
+    void namesThatAreNoText();
     void otherHelpGoesToTheBaseClass();
 
 private:
@@ -369,6 +376,22 @@ void TestDopeSheetDelegates::selectedRow()
         QCOMPARE(image.pixelColor(x, 10), palette.color(QPalette::HighlightedText));
 }
 
+// The view may have a palette of its own; the rows look like the rest of the interface.
+void TestDopeSheetDelegates::coloursOfTheWindow()
+{
+    VxMainWindow window;
+    QPalette palette = window.palette();
+    palette.setColor(QPalette::Dark, Qt::magenta);
+    palette.setColor(QPalette::HighlightedText, Qt::cyan);
+    window.setPalette(palette);
+    QPalette own = view->palette();
+    own.setColor(QPalette::Dark, Qt::gray);
+    view->setPalette(own);
+    QCOMPARE(paint(row).pixelColor(212, 10), QColor(Qt::magenta));
+    view->selectionModel()->select(row, QItemSelectionModel::Select);
+    QCOMPARE(paint(row).pixelColor(212, 10), QColor(Qt::cyan));
+}
+
 void TestDopeSheetDelegates::lineEndsWithTheLastKey()
 {
     vxScene->setAnimRange(VxTimeRange(0, 1600));
@@ -463,6 +486,81 @@ void TestDopeSheetDelegates::fittingNameHasNone()
     showView();
     QVERIFY(askForToolTip(rowOf(hip)));
     QVERIFY(QToolTip::text().isEmpty());
+}
+
+void TestDopeSheetDelegates::nameThatJustFits()
+{
+    showView();
+    const QModelIndex name = rowOf(hip);
+    QStyleOptionViewItem option;
+    option.initFrom(view.get());
+    option.font = view->font();
+    const int needed =
+        view->itemDelegateForColumn(VxDopeSheetView::NameColumn)->sizeHint(option, name).width();
+    const int indent =
+        view->columnWidth(VxDopeSheetView::NameColumn) - view->visualRect(name).width();
+    view->setColumnWidth(VxDopeSheetView::NameColumn, indent + needed);
+    QVERIFY(askForToolTip(name));
+    QVERIFY(QToolTip::text().isEmpty());
+    view->setColumnWidth(VxDopeSheetView::NameColumn, indent + needed - 1);
+    QVERIFY(askForToolTip(name));
+    QCOMPARE(QToolTip::text(), hip->getLabel());
+}
+
+void TestDopeSheetDelegates::fittingNameTakesAnotherAway()
+{
+    showView();
+    QToolTip::showText(view->mapToGlobal(QPoint(10, 10)), QStringLiteral("another"), view.get());
+    QVERIFY(QToolTip::isVisible());
+    QVERIFY(askForToolTip(rowOf(hip)));
+    QTRY_VERIFY(!QToolTip::isVisible());
+}
+
+void TestDopeSheetDelegates::toolTipStandsAtTheMouse()
+{
+    showView();
+    hip->setLabel(QStringLiteral("A name that does not fit into a hundred pixels"));
+    view->setColumnWidth(VxDopeSheetView::NameColumn, 100);
+    QVERIFY(askForToolTip(rowOf(hip)));
+    const QPoint mouse = view->viewport()->mapToGlobal(view->visualRect(rowOf(hip)).center());
+    for (const QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->windowFlags().testFlag(Qt::ToolTip)) {
+            QVERIFY((widget->pos() - mouse).manhattanLength() < 60);
+            return;
+        }
+    }
+    QFAIL("there is no tool tip");
+}
+
+// What the model says of such a cell is shown, as it is of a name that fits.
+void TestDopeSheetDelegates::namesThatAreNoText()
+{
+    QStandardItemModel names(2, 1);
+    names.setData(names.index(0, 0), QPixmap(400, 20), Qt::DisplayRole);
+    names.setData(names.index(0, 0), QStringLiteral("a picture"), Qt::ToolTipRole);
+    names.setData(names.index(1, 0), QStringLiteral("i"), Qt::DisplayRole);
+    names.setData(names.index(1, 0), QStringLiteral("a letter"), Qt::ToolTipRole);
+    QTreeView other;
+    auto *delegate = new VxTimelineDopeSheetNameColumnDelegate(&other);
+    other.setItemDelegate(delegate);
+    other.setModel(&names);
+    other.header()->setStretchLastSection(false);
+    other.header()->setMinimumSectionSize(1);
+    const auto ask = [&](int line, int width) {
+        other.setColumnWidth(0, width);
+        QHelpEvent event(QEvent::ToolTip, QPoint(), QPoint(50, 50));
+        QStyleOptionViewItem option;
+        option.initFrom(&other);
+        option.decorationSize = QSize(400, 20);
+        return delegate->helpEvent(&event, &other, option, names.index(line, 0));
+    };
+    other.show();
+    QVERIFY(ask(0, 1));
+    QCOMPARE(QToolTip::text(), QStringLiteral("a picture"));
+    QVERIFY(ask(1, 200));
+    QCOMPARE(QToolTip::text(), QStringLiteral("a letter"));
+    QVERIFY(ask(1, 1));
+    QCOMPARE(QToolTip::text(), QStringLiteral("i"));
 }
 
 void TestDopeSheetDelegates::otherHelpGoesToTheBaseClass()

@@ -52,6 +52,7 @@ void TestRulerSteps::steps_data()
     QTest::newRow("a part of a pixel does not count") << 9.99f << 10 << 5 << 10;
     QTest::newRow("3 pixels") << 3.0f << 10 << 5 << 10;
     QTest::newRow("2 pixels, five frames just enough") << 2.0f << 10 << 5 << 10;
+    QTest::newRow("1.4 pixels, five frames just enough") << 1.4f << 7 << 5 << 10;
     QTest::newRow("1.9 pixels") << 1.9f << 10 << 10 << 50;
     QTest::newRow("1 pixel") << 1.0f << 10 << 10 << 50;
     QTest::newRow("0.5 pixels") << 0.5f << 10 << 50 << 100;

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void farTimesWrap();
     void keysOrigin_data();
     void keysOrigin();
+    void keysOriginFarAway();
     void markAndMiddle();
     void xToTime_data();
     void xToTime();
@@ -108,6 +109,16 @@ void TestTimelineMetrics::keysOrigin()
     TimelineMetrics metrics;
     metrics.keyMargin = margin;
     QTEST(metrics.keysOrigin(start), "origin");
+}
+
+// Reckoned in single numbers, of which beyond 2^24 only every second is a whole one.
+void TestTimelineMetrics::keysOriginFarAway()
+{
+    TimelineMetrics metrics;
+    metrics.zoom = 48.0;
+    metrics.keyMargin = 6;
+    QCOMPARE(metrics.timeToX(5592407), 16777221);
+    QCOMPARE(metrics.keysOrigin(5592407), -16777216);
 }
 
 void TestTimelineMetrics::markAndMiddle()

@@ -211,9 +211,9 @@ void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propLi
     viewport()->update();
 }
 
-int VxDopeSheetView::Private::currentTimeX() const
+int VxDopeSheetView::Private::timeX(VxTime time) const
 {
-    return TimelineMetrics::shared().keyMiddle(view->columnWidth(NameColumn), vxScene->getTime(),
+    return TimelineMetrics::shared().keyMiddle(view->columnWidth(NameColumn), time,
                                                vxScene->getPlayRange().getStart());
 }
 
@@ -226,8 +226,7 @@ void VxDopeSheetView::Private::updateTimeLine(int x) const
 // In playback this comes many times a second: only what the line leaves and enters is painted.
 void VxDopeSheetView::timeChanged(VxTime time)
 {
-    Q_UNUSED(time)
-    const int x = d->currentTimeX();
+    const int x = d->timeX(time);
     d->timeLine = QLine(x, 0, x, viewport()->height());
     d->updateTimeLine(d->paintedTimeX);
     d->updateTimeLine(x);
@@ -253,7 +252,7 @@ void VxDopeSheetView::Private::paintBehindRows(QPainter *painter)
     view->style()->drawPrimitive(
         static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option, painter,
         view);
-    paintedTimeX = currentTimeX();
+    paintedTimeX = timeX(vxScene->getTime());
     painter->drawLine(paintedTimeX, 0, paintedTimeX, view->height());
 }
 

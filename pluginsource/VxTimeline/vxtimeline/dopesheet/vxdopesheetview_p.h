@@ -164,7 +164,8 @@ public:
     void clearSelectedKeysFrom(const QModelIndex &index, bool isCleared);
     // Carries newly selected rows over to the scene, as the last press's modifiers say.
     void selectNodes(const QItemSelection &selected) const;
-    int currentTimeX() const;
+    // Where the line of a time stands, in the viewport.
+    int timeX(VxTime time) const;
     // Repaints what the line of the current time covers at x, the ticks in the rows included.
     void updateTimeLine(int x) const;
     void paintBehindRows(QPainter *painter);

@@ -13,10 +13,11 @@ constexpr int WidestTick = 100000000;
 
 } // namespace
 
+// The products are single numbers as the width is: so five frames of 1.4 pixels are seven pixels.
 Steps steps(float frameWidth, int leastSpacing)
 {
     const auto isTooNarrow = [frameWidth, leastSpacing](int frames) {
-        return TimelineSnap::truncated(double(frameWidth) * frames) < leastSpacing;
+        return TimelineSnap::truncated(frameWidth * static_cast<float>(frames)) < leastSpacing;
     };
     Steps found{1, 5};
     if (!isTooNarrow(1))
