@@ -181,6 +181,9 @@ Studio::Studio(const CommandLine &commandLine)
     d->connectScripts();
     if (!commandLine.size.isEmpty())
         d->window->resize(commandLine.size);
+    // At once, not at the end only: they are work that a crash should not cost.
+    QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
+                     [this] { d->saveSettings(); });
     d->app->start();
 }
 

@@ -78,6 +78,8 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
     connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
     m_editMenu->addActions({undo, redo});
+    m_editMenu->addSeparator();
+    m_editMenu->addAction(tr("&Keyboard Shortcuts..."), this, &StudioMenus::shortcutsRequested);
 }
 
 void StudioMenus::addActionsAndPanes(const PaneDocks &docks)

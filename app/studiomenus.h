@@ -30,6 +30,7 @@ Q_SIGNALS:
     void quitRequested();
     void frameAllRequested();
     void defaultLayoutRequested();
+    void shortcutsRequested();
     void paletteRequested(VxStyle::ColorScheme scheme);
 
 private:

@@ -2,6 +2,8 @@
 
 #include "documentcontroller.h"
 #include "panedocks.h"
+#include "shortcutcatalogue.h"
+#include "shortcutdialog.h"
 #include "studiomenus.h"
 #include "usermessages.h"
 #include "viewportwidget.h"
@@ -10,7 +12,9 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMenuBar>
 #include <QStatusBar>
+#include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxundostack.h>
@@ -54,6 +58,7 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
     connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
     connect(m_menus, &StudioMenus::defaultLayoutRequested, this, &StudioWindow::applyDefaultLayout);
+    connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::editShortcuts);
     connect(m_menus, &StudioMenus::paletteRequested, this,
             [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
 }
@@ -118,6 +123,15 @@ bool StudioWindow::saveWithDialog()
     dialog.selectFile(name + QStringLiteral(".vxscene"));
     return dialog.exec() == QDialog::Accepted &&
            m_document->save(dialog.selectedFiles().constFirst());
+}
+
+void StudioWindow::editShortcuts()
+{
+    ShortcutDialog dialog(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    ShortcutCatalogue::apply(dialog.list(), getActionMgr());
+    Q_EMIT shortcutsEdited();
 }
 
 /** True when there is nothing to lose, or it is saved now, or the user agrees to lose it. */

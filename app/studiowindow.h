@@ -42,6 +42,11 @@ public Q_SLOTS:
     /// written.
     bool save();
     bool saveWithDialog();
+    /// Lets the user change the shortcuts of the actions.
+    void editShortcuts();
+
+Q_SIGNALS:
+    void shortcutsEdited();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
