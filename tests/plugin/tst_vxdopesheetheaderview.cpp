@@ -131,7 +131,7 @@ void TestVxDopeSheetHeaderView::paintsNumbers()
 // Of what comes before the play range nothing reaches over the names.
 void TestVxDopeSheetHeaderView::marksStayOverTheKeys()
 {
-    addKeys(hip->getXPosControl(), {0, 1600});
+    addKeys(hip->getXPosControl(), {0, 1600, 2400});
     vxScene->setTime(1440);
     vxScene->setPlayRange(VxTimeRange(1760, 9600));
     const QImage before = picture();

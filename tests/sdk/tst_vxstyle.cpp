@@ -209,6 +209,8 @@ private Q_SLOTS:
     void keyMarksStaySharpBetweenDevicePixels();
     void keyMarksInEmptyRectanglesDrawNothing();
     void keyMarksInHighRectanglesStandAtTheBottom();
+    void timeOnlyMarksAreLow();
+    void linesInRowsCanBeSeen();
     void keyMarksWithAViewsStateKeepTheirShape();
 
     void rangeHandlesTellSideAndHover_data() { addSchemes(); }
@@ -587,7 +589,7 @@ void tst_VxStyle::keyMarksStaySharpBetweenDevicePixels()
                 return picture;
             };
             const QImage onPixel = mark(2, 2);
-            QVERIFY(onPixel.width() > 4);
+            QVERIFY(onPixel.width() > 3 && onPixel.height() > 4);
             QCOMPARE(mark(3, 2), onPixel);
             QCOMPARE(mark(2, 3), onPixel);
             QCOMPARE(mark(3, 3), onPixel);
@@ -617,6 +619,35 @@ void tst_VxStyle::keyMarksInHighRectanglesStandAtTheBottom()
                                QStyle::State_Enabled | QStyle::State_Raised);
     QVERIFY(extent(image).top() >= 2 + 18);
     QCOMPARE(extent(image).bottom(), 29);
+}
+
+// In a ruler: a slim band that leaves the numbers above it free.
+void tst_VxStyle::timeOnlyMarksAreLow()
+{
+    const VxStyle style;
+    for (const int height : {20, 28, 40}) {
+        const QImage image =
+            drawn(style, VxStyle::PE_VxKeyMark, QRect(2, 2, 10, height), QStyle::State_Enabled);
+        QCOMPARE(extent(image), QRect(2 + 4, height + 2 - 4, 3, 4));
+    }
+}
+
+void tst_VxStyle::linesInRowsCanBeSeen()
+{
+    // Relative luminance and contrast as they are reckoned for text.
+    const auto linear = [](qreal c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const auto luminance = [linear](const QColor &color) {
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    for (const auto scheme : {Scheme::Dark, Scheme::Light}) {
+        const QPalette palette = VxStyle(scheme).standardPalette();
+        const qreal line = luminance(palette.color(QPalette::Dark)) + 0.05;
+        const qreal ground = luminance(palette.color(QPalette::Base)) + 0.05;
+        QVERIFY(qMax(line, ground) / qMin(line, ground) > 2.2);
+    }
 }
 
 void tst_VxStyle::keyMarksWithAViewsStateKeepTheirShape()

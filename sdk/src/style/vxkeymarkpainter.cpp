@@ -74,13 +74,18 @@ QPainterPath aggregate(const QRectF &box, qreal unit, qreal inset)
                     middle + QPointF(-half, shoulder), middle + QPointF(-half, -shoulder)});
 }
 
-// A wedge that stands on the bottom edge and points up.
-QPainterPath plain(const QRectF &box, qreal inset)
+// A low bar on the bottom edge, in whole device pixels and without an outline: in a ruler many
+// stand side by side, and what is written above them has to stay free. A selected one is twice as
+// high.
+QPainterPath plain(const QRectF &box, qreal unit, bool selected)
 {
-    const qreal half = box.width() * 0.34 - inset * 1.3;
-    const QPointF foot(box.center().x(), box.bottom() - inset);
-    return polygon({foot + QPointF(-half, 0), foot + QPointF(half, 0),
-                    foot + QPointF(0, -(box.height() * 0.75 - inset * 2.6))});
+    const qreal width = std::max<qreal>(1, qRound(box.width() * 0.3 / unit)) * unit;
+    const qreal part = selected ? 0.8 : 0.4;
+    const qreal height = std::max<qreal>(1, qRound(box.height() * part / unit)) * unit;
+    QPainterPath path;
+    path.addRect(box.left() + std::floor((box.width() - width) / 2), box.bottom() - height, width,
+                 height);
+    return path;
 }
 
 QPainterPath square(const QRectF &box, qreal inset)
@@ -100,9 +105,9 @@ QPainterPath circle(const QRectF &box, qreal inset)
 }
 
 // unit is the width of one line; inset leaves the outline free.
-QPainterPath shapePath(VxKeyMarkLook::Shape shape, const QRectF &box, qreal unit, qreal inset)
+QPainterPath shapePath(const VxKeyMarkLook &look, const QRectF &box, qreal unit, qreal inset)
 {
-    switch (shape) {
+    switch (look.shape) {
     case VxKeyMarkLook::Diamond:
         return diamond(box, inset);
     case VxKeyMarkLook::Square:
@@ -112,7 +117,7 @@ QPainterPath shapePath(VxKeyMarkLook::Shape shape, const QRectF &box, qreal unit
     case VxKeyMarkLook::Aggregate:
         return aggregate(box, unit, inset);
     default:
-        return plain(box, inset);
+        return plain(box, unit, look.selected);
     }
 }
 
@@ -154,8 +159,8 @@ QPixmap vxRenderKeyMark(const VxKeyMarkLook &look, const QSize &size, qreal devi
 
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(shapePath(look.shape, box, unit, 0), colors.outline);
-    painter.fillPath(shapePath(look.shape, box, unit, unit), colors.fill);
+    painter.fillPath(shapePath(look, box, unit, 0), colors.outline);
+    painter.fillPath(shapePath(look, box, unit, unit), colors.fill);
     painter.end();
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;

@@ -1,6 +1,5 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 
-#include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QStyleOptionHeader>
 #include <utility>
@@ -10,6 +9,7 @@
 
 #include "vxtimeline/dopesheet/dopesheetclock.h"
 #include "vxtimeline/dopesheet/dopesheetruler.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/time/timelineplayback.h"
@@ -20,14 +20,6 @@ constexpr int NameSection = VxDopeSheetView::NameColumn;
 constexpr int KeysSection = VxDopeSheetView::KeysColumn;
 
 } // namespace
-
-class VxDopeSheetHeaderView::Private
-{
-public:
-    bool markerDragged = false; // the time follows the mouse
-    bool basePressed = false;   // the base class has had the press and waits for its end
-    QPointer<VxDopeSheetItem> keySource;
-};
 
 VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
     : QHeaderView(Qt::Horizontal, parent)
@@ -49,6 +41,8 @@ QSize VxDopeSheetHeaderView::sizeHint() const
 
 void VxDopeSheetHeaderView::setKeySource(VxDopeSheetItem *item)
 {
+    if (item == d->keySource)
+        return;
     if (d->keySource)
         disconnect(d->keySource, nullptr, this, nullptr);
     d->keySource = item;

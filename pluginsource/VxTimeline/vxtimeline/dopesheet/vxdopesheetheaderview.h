@@ -32,6 +32,7 @@ public Q_SLOTS:
 
 protected:
     void leaveEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -46,7 +47,11 @@ private:
     // Cursor of a mouse that moves over the header without a press.
     void showHoverCursor(int x);
     void setTimeAt(int x) const;
+    // False when nothing within rect is asked for by the paint event that is going on.
+    bool isToBePainted(const QRect &rect) const;
     void paintRuler(QPainter *painter, const QRect &rect) const;
+    void paintMarks(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
+    void paintLabels(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
     void paintKeys(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
     void paintMarker(QPainter *painter, const DopeSheetRuler &ruler, const QRect &rect) const;
 

@@ -1,5 +1,7 @@
 // The picture of the dope sheet's header.
 
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOptionHeader>
 #include <vxcore/vxapp.h>
@@ -7,43 +9,44 @@
 #include <vxcore/vxstyle.h>
 
 #include "vxtimeline/dopesheet/dopesheetruler.h"
-#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 namespace {
+
+// How far the style's marks may reach out of the columns they are given; pixels.
+constexpr int MarkReach = 8;
 
 QStyle::PrimitiveElement primitive(VxStyle::PrimitiveId id)
 {
     return static_cast<QStyle::PrimitiveElement>(id);
 }
 
-void paintMarks(QPainter *painter, const QWidget *header, const QRect &section,
-                const std::vector<DopeSheetRulerMark> &marks)
+int rulerFlags(const QWidget *header)
 {
-    const VxStyle *style = vxApp->getStyle();
-    const int width = style->metric(VxStyle::PM_VxRulerTickWidth);
-    VxStyleOptionCustom option;
-    option.initFrom(header);
-    for (const DopeSheetRulerMark &mark : marks) {
-        option.rect = QRect(mark.x, section.top(), width, section.height());
-        option.value = mark.value;
-        style->drawPrimitive(primitive(VxStyle::PE_VxRulerTick), &option, painter, header);
-    }
+    return vxApp->getStyle()->styleHint(static_cast<QStyle::StyleHint>(VxStyle::SH_VxRulerFlags),
+                                        nullptr, header);
 }
 
-void paintLabels(QPainter *painter, const QRect &section,
-                 const std::vector<DopeSheetRulerLabel> &labels)
+int labelSpacing()
 {
-    const VxTextStyle text = vxApp->getStyle()->textStyle(VxStyle::TS_Ruler);
-    painter->setPen(text.getColor());
-    painter->setFont(text.getFont());
-    for (const DopeSheetRulerLabel &label : labels)
-        painter->drawText(label.middle - text.getWidth(label.text) / 2,
-                          section.top() + text.getAscent(), label.text);
+    return vxApp->getStyle()->metric(VxStyle::PM_VxRulerLabelSpacing);
 }
 
 } // namespace
+
+// The playhead moves over the header in playback: only what it leaves and enters is painted.
+void VxDopeSheetHeaderView::paintEvent(QPaintEvent *event)
+{
+    const QScopedValueRollback<QRegion> painting(d->paintedRegion, event->region());
+    QHeaderView::paintEvent(event);
+}
+
+bool VxDopeSheetHeaderView::isToBePainted(const QRect &rect) const
+{
+    return d->paintedRegion.isEmpty() || d->paintedRegion.intersects(rect);
+}
 
 void VxDopeSheetHeaderView::paintSection(QPainter *painter, const QRect &rect,
                                          int logicalIndex) const
@@ -65,18 +68,43 @@ void VxDopeSheetHeaderView::paintSection(QPainter *painter, const QRect &rect,
 // may, as it is centred over the edge.
 void VxDopeSheetHeaderView::paintRuler(QPainter *painter, const QRect &rect) const
 {
-    const VxStyle *style = vxApp->getStyle();
-    const int flags =
-        style->styleHint(static_cast<QStyle::StyleHint>(VxStyle::SH_VxRulerFlags), nullptr, this);
-    const int spacing = style->metric(VxStyle::PM_VxRulerLabelSpacing);
     const DopeSheetRuler scale = ruler();
     painter->save();
-    paintLabels(painter, rect, scale.labels(flags, spacing));
+    paintLabels(painter, scale, rect);
     painter->setClipRect(rect, Qt::IntersectClip);
-    paintMarks(painter, this, rect, scale.marks(flags, spacing));
+    paintMarks(painter, scale, rect);
     paintKeys(painter, scale, rect);
     paintMarker(painter, scale, rect);
     painter->restore();
+}
+
+void VxDopeSheetHeaderView::paintLabels(QPainter *painter, const DopeSheetRuler &ruler,
+                                        const QRect &rect) const
+{
+    const VxTextStyle text = vxApp->getStyle()->textStyle(VxStyle::TS_Ruler);
+    painter->setPen(text.getColor());
+    painter->setFont(text.getFont());
+    for (const DopeSheetRulerLabel &label : ruler.labels(rulerFlags(this), labelSpacing())) {
+        const int width = text.getWidth(label.text);
+        const int left = label.middle - width / 2;
+        if (isToBePainted(QRect(left, rect.top(), width, rect.height())))
+            painter->drawText(left, rect.top() + text.getAscent(), label.text);
+    }
+}
+
+void VxDopeSheetHeaderView::paintMarks(QPainter *painter, const DopeSheetRuler &ruler,
+                                       const QRect &rect) const
+{
+    const VxStyle *style = vxApp->getStyle();
+    const int width = style->metric(VxStyle::PM_VxRulerTickWidth);
+    VxStyleOptionCustom option;
+    option.initFrom(this);
+    for (const DopeSheetRulerMark &mark : ruler.marks(rulerFlags(this), labelSpacing())) {
+        option.rect = QRect(mark.x, rect.top(), width, rect.height());
+        option.value = mark.value;
+        if (isToBePainted(option.rect.adjusted(-MarkReach, 0, MarkReach, 0)))
+            style->drawPrimitive(primitive(VxStyle::PE_VxRulerTick), &option, painter, this);
+    }
 }
 
 void VxDopeSheetHeaderView::paintKeys(QPainter *painter, const DopeSheetRuler &ruler,
@@ -90,7 +118,9 @@ void VxDopeSheetHeaderView::paintKeys(QPainter *painter, const DopeSheetRuler &r
     option.initFrom(this);
     for (const int left : ruler.keyMarks(source->keyTimes(), source->keyCount())) {
         option.rect = QRect(left, rect.top(), width, rect.height());
-        vxApp->getStyle()->drawPrimitive(primitive(VxStyle::PE_VxKeyMark), &option, painter, this);
+        if (isToBePainted(option.rect))
+            vxApp->getStyle()->drawPrimitive(primitive(VxStyle::PE_VxKeyMark), &option, painter,
+                                             this);
     }
 }
 

@@ -68,7 +68,11 @@ void VxTimePane::initModel()
             d->dopeSheetView, &VxDopeSheetView::handleSelectionChanged);
     connect(d->dopeSheetModel, &VxDopeSheetModel::dataChanged, d->dopeSheetView,
             &VxDopeSheetView::doUpdate);
-    connect(d->dopeSheetModel, &VxDopeSheetModel::namesChanged, this, [this] { d->filterAnew(); });
+    connect(d->dopeSheetModel, &VxDopeSheetModel::namesChanged, this, [this] {
+        d->filterAnew();
+        d->followKeySource();
+    });
+    d->followKeySource();
     d->layoutDopeSheet();
     d->followNameColumn();
     updateSliders();

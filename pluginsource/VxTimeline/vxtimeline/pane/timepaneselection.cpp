@@ -5,6 +5,8 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepaneevents.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
@@ -14,8 +16,21 @@ bool VxTimePane::Private::canPostEvents(const VxTimePane *pane) const
     return refreshBlockCount.loadRelaxed() < 1 && pane->isVisible() && vxApp && !vxApp->isClosing();
 }
 
+// The ruler marks the keys of what is being worked on; of everything when that is nothing.
+void VxTimePane::Private::followKeySource() const
+{
+    VxDopeSheetItem *source = nullptr;
+    if (dopeSheetModel) {
+        source = dopeSheetModel->findItem(vxScene->getPrimarySelection());
+        if (!source)
+            source = dopeSheetModel->getRootItem();
+    }
+    header->setKeySource(source);
+}
+
 void VxTimePane::handlePrimarySelectionChanged()
 {
+    d->followKeySource();
     if (d->dopeSheetView && d->dopeSheetView->isChangingSelection())
         return;
     d->selectionRefreshPending = true;

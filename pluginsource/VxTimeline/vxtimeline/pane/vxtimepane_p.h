@@ -145,6 +145,8 @@ public:
     void showModel(QAbstractItemModel *model) const;
     // Lets an active text filter take up rows that came.
     void filterAnew() const;
+    // Lets the header mark the keys of the primary selection's row, or of all rows.
+    void followKeySource() const;
     // Lets what depends on the name column's width follow it.
     void followNameColumn() const;
 

@@ -1,0 +1,20 @@
+#ifndef VXDOPESHEETHEADERVIEW_P_H
+#define VXDOPESHEETHEADERVIEW_P_H
+
+#include <QtCore/QPointer>
+#include <QtGui/QRegion>
+
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+
+// All state of the header.
+class VxDopeSheetHeaderView::Private
+{
+public:
+    bool markerDragged = false; // the time follows the mouse
+    bool basePressed = false;   // the base class has had the press and waits for its end
+    QPointer<VxDopeSheetItem> keySource;
+    QRegion paintedRegion; // by the paint event that is going on; empty outside of one
+};
+
+#endif
