@@ -32,6 +32,8 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption({name("screenshot"),
                        tr("Write a picture of the window and leave the program."),
                        name("OUT.png")});
+    parser->addOption(
+        {name("list-actions"), tr("Print a page about all actions and leave the program.")});
     parser->addOption({name("size"), tr("Size of the window, in pixels."), name("WxH")});
     parser->addOption({name("frame"), tr("Frame to show."), name("N")});
     parser->addOption({name("palette"), tr("Colours: dark or light."), name("NAME")});
@@ -98,7 +100,8 @@ void readFiles(const QStringList &files, CommandLine *line)
 
 void readOptions(const QCommandLineParser &parser, CommandLine *line)
 {
-    line->headless = parser.isSet(name("headless"));
+    line->listActions = parser.isSet(name("list-actions"));
+    line->headless = parser.isSet(name("headless")) || line->listActions;
     line->scriptFile = parser.value(name("script"));
     line->screenshotFile = parser.value(name("screenshot"));
     line->settingsFile = parser.value(name("settings"));

@@ -36,13 +36,14 @@ public:
     static QString versionText();
 
     /// True when nothing is shown on a display and nobody is there to answer a question.
-    bool isBatch() const { return headless || !screenshotFile.isEmpty(); }
+    bool isBatch() const { return headless || listActions || !screenshotFile.isEmpty(); }
 
     Action action = Action::Run;
     QString errorText;
 
     QString file; ///< to open; empty for none
     bool headless = false;
+    bool listActions = false; ///< print the page of all actions, and nothing else
     QString scriptFile;
     QStringList scriptArguments;
     QString screenshotFile;

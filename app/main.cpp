@@ -33,11 +33,21 @@ void choosePlatform(const CommandLine &line)
         qputenv("QT_FONT_DPI", "96");
 }
 
-/// The offscreen platform knows no desktop and takes a large font for its default.
-void chooseFont()
+QtMessageHandler generalHandler = nullptr;
+
+void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        generalHandler(type, context, text);
+}
+
+/// The offscreen platform knows no desktop, takes a large font for its default, and tells at every
+/// window what it cannot do with it.
+void settleOffscreen()
 {
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))
         return;
+    generalHandler = qInstallMessageHandler(passOnMessage);
     QFont font = QApplication::font();
     font.setPointSize(10);
     QApplication::setFont(font);
@@ -72,7 +82,7 @@ int main(int argc, char **argv)
     const CommandLine line = CommandLine::parse(QCoreApplication::arguments());
     if (line.action != CommandLine::Action::Run)
         return explain(line);
-    chooseFont();
+    settleOffscreen();
     Studio studio(line);
     return studio.run();
 }

@@ -1,5 +1,6 @@
 #include "studio.h"
 
+#include "actionlist.h"
 #include "documentcontroller.h"
 #include "scenesummary.h"
 #include "studioclasses.h"
@@ -10,6 +11,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenuBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpanemgr.h>
@@ -55,6 +57,7 @@ public:
     void connectScripts();
     bool openFile();
     bool runScript();
+    void showUnseen();
     bool writePicture();
 
     const CommandLine commandLine;
@@ -147,6 +150,8 @@ bool Studio::Private::runScript()
 {
     if (commandLine.scriptFile.isEmpty())
         return true;
+    if (commandLine.isBatch())
+        showUnseen();
     VxScriptEngine *scripts = app->getScriptEngine();
     scripts->setArguments(commandLine.scriptArguments);
     VxScriptError error;
@@ -156,10 +161,20 @@ bool Studio::Private::runScript()
     return false;
 }
 
+/** Panes fill themselves when they are shown: so a script finds them as a user does. */
+void Studio::Private::showUnseen()
+{
+    window->setAttribute(Qt::WA_DontShowOnScreen);
+    window->show();
+    QCoreApplication::processEvents();
+}
+
 bool Studio::Private::writePicture()
 {
     if (commandLine.screenshotFile.isEmpty())
         return true;
+    window->hide();
+    window->setAttribute(Qt::WA_DontShowOnScreen, false);
     QString error;
     const QSize size = commandLine.size.isEmpty() ? PictureSize : commandLine.size;
     if (writeWindowPicture(window.get(), size, commandLine.screenshotFile, &error))
@@ -202,6 +217,10 @@ StudioWindow *Studio::window() const
 
 int Studio::run()
 {
+    if (d->commandLine.listActions) {
+        UserMessages::print(actionListPage(*d->window->menuBar(), *d->window->getActionMgr()));
+        return CommandLine::Success;
+    }
     const bool batch = d->commandLine.isBatch();
     if (!batch)
         d->window->show();

@@ -128,6 +128,9 @@ void tst_CommandLine::whatStandsBehindTheDashes()
 void tst_CommandLine::nobodyWatchesABatch()
 {
     QVERIFY(parse({"--headless"}).isBatch());
+    QVERIFY(parse({"--list-actions"}).isBatch());
+    QVERIFY(parse({"--list-actions"}).headless && parse({"--list-actions"}).listActions);
+    QVERIFY(!parse({"--headless"}).listActions);
     QVERIFY(parse({"--screenshot", "a.png"}).isBatch());
     QVERIFY(!parse({"--script", "a.js"}).isBatch());
 }

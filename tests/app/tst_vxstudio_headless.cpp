@@ -49,8 +49,12 @@ private Q_SLOTS:
     void settingsAreKept();
     void brokenSettingsAreLeftAlone();
     void usersOwnSettingsAreLeftAlone();
+    void listsActions();
+    void timelineSample();
+    void scriptFindsThePanesFilled();
 
 private:
+    static QString sourceFile(const char *name);
     Result run(const QStringList &arguments);
     QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
     QString write(const char *name, const QByteArray &bytes) const;
@@ -318,6 +322,57 @@ void tst_VxStudioHeadless::usersOwnSettingsAreLeftAlone()
 {
     QCOMPARE(run({"--headless", "--palette", "light"}).code, 0);
     QVERIFY(!QDir(path("config")).exists());
+}
+
+QString tst_VxStudioHeadless::sourceFile(const char *name)
+{
+    QFile file(QStringLiteral(VX_SOURCE_DIR "/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", name);
+    return QString::fromUtf8(file.readAll());
+}
+
+void tst_VxStudioHeadless::listsActions()
+{
+    const Result result = run({"--list-actions"});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QVERIFY(result.output.count("App.action(") >= 56);
+    QVERIFY2(result.output == sourceFile("docs/actions.md"),
+             "docs/actions.md is out of date: vxstudio --list-actions > docs/actions.md");
+    // Whatever the user has chosen, the page tells the defaults.
+    const QString settings =
+        write("settings.ini", "[Shortcuts]\nVxPlayToggleAction=F9\nVxNextFrameAction=\n");
+    QCOMPARE(run({"--list-actions", "--settings", settings}).output, result.output);
+}
+
+void tst_VxStudioHeadless::timelineSample()
+{
+    const Result result =
+        run({"--headless", "--script", QStringLiteral(VX_SOURCE_DIR "/samples/timeline.js"),
+             QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output.split('\n'), sourceFile("samples/timeline.txt").split('\n'));
+}
+
+// Rows are made when the pane is shown, which nobody does in a run without a window.
+void tst_VxStudioHeadless::scriptFindsThePanesFilled()
+{
+    const QString script =
+        write("a.js", "var pane = App.findPane('VxTimePane');\n"
+                      "Scene.setPrimarySelection(Scene.findNode('hip')); App.processEvents();\n"
+                      "App.action('VxTimePaneSelectItemAnimRangeKeysAction').trigger();\n"
+                      "print(pane.visible, pane.hasDopeSheetItemSelection(), "
+                      "pane.hasSelectedKeys());\n");
+    const QString motion = write("walk.bvh", smallMotion);
+    for (const QStringList &picture : {QStringList(), QStringList{"--screenshot", path("a.png")}}) {
+        const Result result = run(QStringList{"--headless", "--script", script, motion} + picture);
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.errors, QString());
+        QVERIFY2(result.output.endsWith("\ntrue true true\n"), qPrintable(result.output));
+    }
+    QVERIFY(!QImage(path("a.png")).isNull());
 }
 
 QTEST_GUILESS_MAIN(tst_VxStudioHeadless)
