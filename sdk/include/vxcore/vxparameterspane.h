@@ -5,8 +5,9 @@
 
 class VxSideNavPropertyListView;
 
-/// The pane "Parameters": the properties of the primary selection with their values at the
-/// current time, to be edited.
+/// The pane "Parameters": the properties of the selected nodes with their values at the current
+/// time, to be edited. The primary selection decides which properties are listed and whose values
+/// are shown; what is changed is changed in all selected nodes.
 class VXCORE_EXPORT VxParametersPane : public VxPane
 {
     Q_OBJECT
@@ -16,6 +17,9 @@ public:
 
     /// Never null; owned by the pane.
     VxSideNavPropertyListView *getPropertyListView() const;
+
+    void restoreSettings(VxSettings *settings) override;
+    void saveSettings(VxSettings *settings) const override;
 
 private:
     class Private;

@@ -10,14 +10,30 @@ class VxNode;
 class VxProperty;
 class VxPropertyListNode;
 
-/// The properties of a node as a flat list with two columns: label and value at the scene's time.
-/// Hidden properties are left out. It follows the scene's time, the properties' changes and their
-/// coming and going.
+/// The properties of one or several nodes as a list with three columns: label, value at the
+/// scene's time, and the state of the keys there.
+///
+/// The list is flat: the heading of a group is a row like the others, followed by the group's
+/// properties, so that whoever goes through the rows meets everything. The first node decides
+/// which rows there are; a row also stands for the properties of the same name, group and kind of
+/// the others. Hidden properties are left out. The model follows the scene's time, the properties'
+/// changes and their coming and going.
 class VXCORE_EXPORT VxPropertyListItemModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    enum Column { LabelColumn, ValueColumn, NumColumns };
+    enum Column { LabelColumn, ValueColumn, KeyColumn, NumColumns };
+
+    /// Beyond the toolkit's roles. KeyStateRole: a KeyState, of every column.
+    enum Role { KeyStateRole = Qt::UserRole + 1 };
+
+    enum KeyState {
+        NotKeyable, ///< takes no keys at all, or the row is a heading
+        NoKeys,
+        Keyed, ///< some of the row's properties have keys, but not all of them one at the time
+        OnKey  ///< each of the row's properties has a key at exactly the scene's time
+    };
+    Q_ENUM(KeyState)
 
     explicit VxPropertyListItemModel(QObject *parent = nullptr);
     ~VxPropertyListItemModel() override;
@@ -25,16 +41,23 @@ public:
     /// The node whose properties are listed; null for none. Not owned.
     VxNode *getNode() const;
     void setNode(VxNode *node);
+    /// The same for several nodes, the one that decides first. None of them twice.
+    QVector<VxNode *> getNodes() const;
+    void setNodes(const QVector<VxNode *> &nodes);
 
     /// The list node of a row, or null for an invalid index. Owned by the model; ref() it to keep
     /// it.
     VxPropertyListNode *getPropertyListNode(const QModelIndex &index) const;
     /// The index (label column) of a property's row; invalid when it is not listed.
     QModelIndex findProperty(const VxProperty *property) const;
+    bool isHeading(const QModelIndex &index) const;
+    /// The group path of a heading or a property; empty for an invalid index.
+    QString getGroupPath(const QModelIndex &index) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    /// Takes the text of a value as it is shown, for all of the row's properties: one undo entry.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;

@@ -7,18 +7,23 @@
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxrefcounteditem.h>
 
-/// One row of a property list: the properties it stands for (one, or the same property of several
-/// selected nodes). Shared by reference count; the model holds one reference.
+/// One row of a property list: the properties it stands for. These are one property, the same
+/// property of several selected nodes, or, for the heading of a group, all that are listed below
+/// it. Shared by reference count; the model holds one reference.
 class VXCORE_EXPORT VxPropertyListNode : public VxRefCountedItem
 {
 public:
-    explicit VxPropertyListNode(const QVector<VxProperty *> &properties);
+    /// heading: the group's name for a heading; empty for any other row.
+    explicit VxPropertyListNode(const QVector<VxProperty *> &properties,
+                                const QString &heading = QString());
 
+    bool isHeading() const;
     int getNumProperties() const;
     /// Null when there is no such property, or it has been destroyed.
     VxProperty *getProperty(int index) const;
     /// The properties that still live.
     QVector<VxProperty *> getProperties() const;
+    /// The heading, or the label of the first property.
     QString getLabel() const;
 
 protected:
@@ -26,6 +31,7 @@ protected:
 
 private:
     QVector<QPointer<VxProperty>> m_properties;
+    QString m_heading;
 };
 
 #endif

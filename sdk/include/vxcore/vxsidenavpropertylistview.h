@@ -2,12 +2,19 @@
 #define VXCORE_VXSIDENAVPROPERTYLISTVIEW_H
 
 #include <QtWidgets/QTreeView>
+#include <memory>
 #include <vxcore/vxcoreglobal.h>
 
 class VxPropertyListItemModel;
 
-/// The property list of the Parameters pane: one row a property, rows selectable one by one or
-/// several at once.
+/// The property list of the Parameters pane: one row a property below the headings of the groups,
+/// rows selectable one by one or several at once.
+///
+/// A value is changed by dragging it sideways (Ctrl: ten times as far, Shift: a tenth), by a click
+/// and typing or stepping, or, a switch, by a click; a click on the key mark sets or deletes the
+/// key. Each of these is one undo entry. Groups are closed by hiding rows, so that the rows stay a
+/// flat list for everybody else. Selection, scroll position and closed groups are kept by name when
+/// the list is made anew, such as for another node.
 class VXCORE_EXPORT VxSideNavPropertyListView : public QTreeView
 {
     Q_OBJECT
@@ -17,6 +24,31 @@ public:
 
     /// The view's model when it is a property list; null otherwise.
     VxPropertyListItemModel *getPropertyListModel() const;
+    void setModel(QAbstractItemModel *model) override;
+
+    /// Whether the properties of a group (not those of groups below it) are hidden from view.
+    bool isGroupCollapsed(const QString &path) const;
+    void setGroupCollapsed(const QString &path, bool collapsed);
+    /// The paths of the groups that are closed, also of those that are not listed at present.
+    QStringList getCollapsedGroups() const;
+    void setCollapsedGroups(const QStringList &paths);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+protected Q_SLOTS:
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 #endif

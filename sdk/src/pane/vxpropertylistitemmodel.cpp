@@ -1,5 +1,8 @@
 #include <vxcore/vxpropertylistitemmodel.h>
 
+#include "pane/vxpropertyhints.h"
+#include "pane/vxpropertykeys.h"
+#include "pane/vxpropertylistrows.h"
 #include "pane/vxpropertyvalue.h"
 
 #include <QtCore/QHash>
@@ -9,7 +12,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
-#include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostackhold.h>
@@ -38,54 +40,96 @@ public:
     {
     }
 
+    void update();
     void rebuild();
-    void connectElement(VxElement *element);
+    void watch();
+    void watchNode(VxNode *node);
+    void watchElement(VxElement *element);
+    void watchProperty(VxProperty *property);
     void disconnectAll();
-    void refreshValue(const VxProperty *property);
-    VxProperty *propertyAt(const QModelIndex &index) const;
+    void refresh(int first, int last, int firstColumn);
+    void refreshProperty(const VxProperty *property);
+    /// The properties of a row that is no heading; the first decides what is shown.
+    QVector<VxProperty *> propertiesAt(const QModelIndex &index) const;
+    QVariant headingData(int row, int role) const;
 
     VxPropertyListItemModel *q;
-    QPointer<VxNode> node;
-    std::vector<ListNode> rows;
+    QVector<QPointer<VxNode>> nodes;
+    QVector<VxPropertyListRow> rows;
+    std::vector<ListNode> listNodes; // one a row
     QHash<const VxProperty *, int> rowOf;
     QVector<QMetaObject::Connection> connections;
-    QTimer rebuildTimer; // several properties may come or go in one turn of the event loop
+    QTimer updateTimer; // several properties may come, go or change in one turn of the event loop
 };
+
+/// Makes the rows anew when there are others now; else only shows the present ones again, so that
+/// a lock or a label costs nobody the selection or an open editor.
+void VxPropertyListItemModel::Private::update()
+{
+    updateTimer.stop();
+    if (vxPropertyListRows(q->getNodes()) != rows) {
+        rebuild();
+        return;
+    }
+    disconnectAll();
+    watch();
+    refresh(0, rows.size() - 1, LabelColumn);
+}
 
 void VxPropertyListItemModel::Private::rebuild()
 {
-    rebuildTimer.stop();
+    updateTimer.stop();
     q->beginResetModel();
     disconnectAll();
-    rows.clear();
+    listNodes.clear();
     rowOf.clear();
-    if (node) {
-        connectElement(node);
-        if (VxObject *object = node->getObject()) {
-            connectElement(object);
-            for (int i = 0; i < object->getNumSubElements(); ++i)
-                connectElement(object->getSubElement(i));
-        }
-        connections << connect(node, &VxNode::objectChanged, q, [this] { rebuildTimer.start(); });
-        for (VxProperty *property : node->getPropertyGroups()->collectAllProperties()) {
-            connections << connect(property, &VxProperty::traitsChanged, q,
-                                   [this] { rebuildTimer.start(); });
-            if (property->isHidden() || property->isDynamicallyHidden())
-                continue;
-            rowOf.insert(property, int(rows.size()));
-            rows.emplace_back(new VxPropertyListNode({property}));
-            connections << connect(property, &VxProperty::valueChanged, q,
-                                   [this, property] { refreshValue(property); });
+    rows = vxPropertyListRows(q->getNodes());
+    for (int row = 0; row < rows.size(); ++row) {
+        const VxPropertyListRow &each = rows.at(row);
+        listNodes.emplace_back(new VxPropertyListNode(each.properties, each.heading));
+        for (const VxProperty *property : each.properties) {
+            if (each.heading.isEmpty())
+                rowOf.insert(property, row);
         }
     }
+    watch();
     q->endResetModel();
 }
 
-void VxPropertyListItemModel::Private::connectElement(VxElement *element)
+void VxPropertyListItemModel::Private::watch()
 {
-    connections << connect(element, &VxElement::propertyAdded, q, [this] { rebuildTimer.start(); });
+    const QVector<VxNode *> living = q->getNodes();
+    for (VxNode *node : living)
+        watchNode(node);
+}
+
+void VxPropertyListItemModel::Private::watchNode(VxNode *node)
+{
+    watchElement(node);
+    connections << connect(node, &VxNode::objectChanged, q, [this] { updateTimer.start(); });
+    if (VxObject *object = node->getObject()) {
+        watchElement(object);
+        for (int i = 0; i < object->getNumSubElements(); ++i)
+            watchElement(object->getSubElement(i));
+    }
+}
+
+void VxPropertyListItemModel::Private::watchElement(VxElement *element)
+{
+    connections << connect(element, &VxElement::propertyAdded, q, [this] { updateTimer.start(); });
     // The property goes at once: a row must not outlive it.
     connections << connect(element, &VxElement::propertyRemoved, q, [this] { rebuild(); });
+    for (int i = 0; i < element->getNumProperties(); ++i)
+        watchProperty(element->getProperty(i));
+}
+
+void VxPropertyListItemModel::Private::watchProperty(VxProperty *property)
+{
+    connections << connect(property, &VxProperty::traitsChanged, q,
+                           [this] { updateTimer.start(); });
+    if (rowOf.contains(property))
+        connections << connect(property, &VxProperty::valueChanged, q,
+                               [this, property] { refreshProperty(property); });
 }
 
 void VxPropertyListItemModel::Private::disconnectAll()
@@ -95,57 +139,90 @@ void VxPropertyListItemModel::Private::disconnectAll()
     connections.clear();
 }
 
-void VxPropertyListItemModel::Private::refreshValue(const VxProperty *property)
+void VxPropertyListItemModel::Private::refresh(int first, int last, int firstColumn)
 {
-    const QModelIndex label = q->findProperty(property);
-    if (label.isValid())
-        Q_EMIT q->dataChanged(label, label.sibling(label.row(), ValueColumn));
+    if (first >= 0 && first <= last)
+        Q_EMIT q->dataChanged(q->index(first, firstColumn), q->index(last, KeyColumn));
 }
 
-VxProperty *VxPropertyListItemModel::Private::propertyAt(const QModelIndex &index) const
+void VxPropertyListItemModel::Private::refreshProperty(const VxProperty *property)
+{
+    const int row = rowOf.value(property, -1);
+    refresh(row, row, LabelColumn);
+}
+
+QVector<VxProperty *> VxPropertyListItemModel::Private::propertiesAt(const QModelIndex &index) const
 {
     const VxPropertyListNode *listNode = q->getPropertyListNode(index);
-    return listNode ? listNode->getProperty(0) : nullptr;
+    return listNode && !listNode->isHeading() ? listNode->getProperties() : QVector<VxProperty *>();
+}
+
+QVariant VxPropertyListItemModel::Private::headingData(int row, int role) const
+{
+    if (role == Qt::DisplayRole)
+        return rows.at(row).heading;
+    if (role == Qt::ToolTipRole)
+        return rows.at(row).path;
+    return role == KeyStateRole ? QVariant(NotKeyable) : QVariant();
 }
 
 VxPropertyListItemModel::VxPropertyListItemModel(QObject *parent)
     : QAbstractTableModel(parent)
     , d(std::make_unique<Private>(this))
 {
-    d->rebuildTimer.setSingleShot(true);
-    d->rebuildTimer.setInterval(0);
-    connect(&d->rebuildTimer, &QTimer::timeout, this, [this] { d->rebuild(); });
-    if (vxScene) {
-        connect(vxScene, &VxScene::timeChanged, this, [this] {
-            if (rowCount() > 0)
-                Q_EMIT dataChanged(index(0, ValueColumn), index(rowCount() - 1, ValueColumn));
-        });
-    }
+    d->updateTimer.setSingleShot(true);
+    d->updateTimer.setInterval(0);
+    connect(&d->updateTimer, &QTimer::timeout, this, [this] { d->update(); });
+    if (vxScene)
+        connect(vxScene, &VxScene::timeChanged, this,
+                [this] { d->refresh(0, rowCount() - 1, ValueColumn); });
 }
 
 VxPropertyListItemModel::~VxPropertyListItemModel() = default;
 
 VxNode *VxPropertyListItemModel::getNode() const
 {
-    return d->node;
+    return getNodes().value(0);
 }
 
 void VxPropertyListItemModel::setNode(VxNode *node)
 {
-    if (d->node == node)
+    setNodes(node ? QVector<VxNode *>{node} : QVector<VxNode *>());
+}
+
+QVector<VxNode *> VxPropertyListItemModel::getNodes() const
+{
+    QVector<VxNode *> living;
+    for (const QPointer<VxNode> &node : qAsConst(d->nodes)) {
+        if (node)
+            living.append(node);
+    }
+    return living;
+}
+
+void VxPropertyListItemModel::setNodes(const QVector<VxNode *> &nodes)
+{
+    const QVector<VxNode *> former = getNodes();
+    if (former == nodes)
         return;
-    if (d->node)
-        d->node->disconnect(this);
-    d->node = node;
-    if (node)
-        connect(node, &VxElement::aboutToBeRemoved, this, [this] { setNode(nullptr); });
+    for (VxNode *node : former)
+        node->disconnect(this);
+    d->nodes.clear();
+    for (VxNode *node : nodes) {
+        d->nodes.append(node);
+        connect(node, &VxElement::aboutToBeRemoved, this, [this, node] {
+            QVector<VxNode *> rest = getNodes();
+            rest.removeOne(node);
+            setNodes(rest);
+        });
+    }
     d->rebuild();
 }
 
 VxPropertyListNode *VxPropertyListItemModel::getPropertyListNode(const QModelIndex &index) const
 {
     const bool known = index.isValid() && index.model() == this && index.row() < rowCount();
-    return known ? d->rows[size_t(index.row())].get() : nullptr;
+    return known ? d->listNodes[size_t(index.row())].get() : nullptr;
 }
 
 QModelIndex VxPropertyListItemModel::findProperty(const VxProperty *property) const
@@ -154,9 +231,20 @@ QModelIndex VxPropertyListItemModel::findProperty(const VxProperty *property) co
     return found != d->rowOf.constEnd() ? index(*found, LabelColumn) : QModelIndex();
 }
 
+bool VxPropertyListItemModel::isHeading(const QModelIndex &index) const
+{
+    const VxPropertyListNode *listNode = getPropertyListNode(index);
+    return listNode && listNode->isHeading();
+}
+
+QString VxPropertyListItemModel::getGroupPath(const QModelIndex &index) const
+{
+    return getPropertyListNode(index) ? d->rows.at(index.row()).path : QString();
+}
+
 int VxPropertyListItemModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(d->rows.size());
+    return parent.isValid() ? 0 : d->rows.size();
 }
 
 int VxPropertyListItemModel::columnCount(const QModelIndex &parent) const
@@ -166,16 +254,22 @@ int VxPropertyListItemModel::columnCount(const QModelIndex &parent) const
 
 QVariant VxPropertyListItemModel::data(const QModelIndex &index, int role) const
 {
-    const VxProperty *property = d->propertyAt(index);
-    if (!property)
+    if (isHeading(index))
+        return d->headingData(index.row(), role);
+    const QVector<VxProperty *> properties = d->propertiesAt(index);
+    if (properties.isEmpty())
         return {};
+    const VxProperty *property = properties.first();
+    const bool isKey = index.column() == KeyColumn;
+    if (role == KeyStateRole)
+        return VxPropertyKeys::state(properties, now());
     if (role == Qt::ToolTipRole)
-        return property->getPath().isEmpty()
-                   ? property->getLabel()
-                   : property->getPath() + QLatin1Char('/') + property->getLabel();
+        return isKey ? VxPropertyHints::keyHint(VxPropertyKeys::state(properties, now()),
+                                                VxPropertyValue::isEditable(property))
+                     : VxPropertyHints::propertyHint(properties);
     if (role == Qt::TextAlignmentRole && index.column() == ValueColumn)
         return int(Qt::AlignRight | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole && role != Qt::EditRole)
+    if (isKey || (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
     return index.column() == LabelColumn ? property->getLabel()
                                          : VxPropertyValue::text(property, now());
@@ -183,29 +277,34 @@ QVariant VxPropertyListItemModel::data(const QModelIndex &index, int role) const
 
 bool VxPropertyListItemModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    VxProperty *property = d->propertyAt(index);
-    if (!property || role != Qt::EditRole || index.column() != ValueColumn)
+    const QVector<VxProperty *> properties = d->propertiesAt(index);
+    if (properties.isEmpty() || role != Qt::EditRole || index.column() != ValueColumn)
         return false;
     VxUndoStackHold hold;
-    if (!VxPropertyValue::setText(property, now(), value.toString()))
-        return false;
-    hold.accept(tr("Set %1").arg(property->getLabel()));
-    return true;
+    bool accepted = true;
+    for (VxProperty *property : properties)
+        accepted &= VxPropertyValue::setText(property, now(), value.toString());
+    hold.accept(tr("Set %1").arg(properties.first()->getLabel()));
+    return accepted;
 }
 
 QVariant VxPropertyListItemModel::headerData(int section, Qt::Orientation orientation,
                                              int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section == KeyColumn)
         return {};
     return section == LabelColumn ? tr("Property") : tr("Value");
 }
 
 Qt::ItemFlags VxPropertyListItemModel::flags(const QModelIndex &index) const
 {
-    const VxProperty *property = d->propertyAt(index);
-    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-    if (property && index.column() == ValueColumn && !property->isLocked())
-        flags |= Qt::ItemIsEditable;
-    return property ? flags : Qt::NoItemFlags;
+    const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (isHeading(index))
+        return flags;
+    const QVector<VxProperty *> properties = d->propertiesAt(index);
+    if (properties.isEmpty())
+        return Qt::NoItemFlags;
+    const bool editable =
+        index.column() == ValueColumn && VxPropertyValue::isEditable(properties.first());
+    return editable ? flags | Qt::ItemIsEditable : flags;
 }

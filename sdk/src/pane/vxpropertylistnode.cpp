@@ -1,6 +1,8 @@
 #include <vxcore/vxpropertylistnode.h>
 
-VxPropertyListNode::VxPropertyListNode(const QVector<VxProperty *> &properties)
+VxPropertyListNode::VxPropertyListNode(const QVector<VxProperty *> &properties,
+                                       const QString &heading)
+    : m_heading(heading)
 {
     m_properties.reserve(properties.size());
     for (VxProperty *property : properties)
@@ -8,6 +10,11 @@ VxPropertyListNode::VxPropertyListNode(const QVector<VxProperty *> &properties)
 }
 
 VxPropertyListNode::~VxPropertyListNode() = default;
+
+bool VxPropertyListNode::isHeading() const
+{
+    return !m_heading.isEmpty();
+}
 
 int VxPropertyListNode::getNumProperties() const
 {
@@ -31,6 +38,8 @@ QVector<VxProperty *> VxPropertyListNode::getProperties() const
 
 QString VxPropertyListNode::getLabel() const
 {
+    if (isHeading())
+        return m_heading;
     const VxProperty *first = getProperty(0);
     return first ? first->getLabel() : QString();
 }

@@ -1,0 +1,144 @@
+#include "pane/vxpropertydelegate.h"
+
+#include "pane/vxpropertypainter.h"
+#include "pane/vxpropertyspinbox.h"
+#include "pane/vxpropertyvalue.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxpropertylistnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxsidenavpropertylistview.h>
+#include <vxcore/vxstyle.h>
+
+namespace {
+
+constexpr int RowHeight = 22;
+constexpr int TextMargin = 6; // above and below the text together
+
+const VxPropertyListItemModel *modelOf(const QModelIndex &index)
+{
+    return qobject_cast<const VxPropertyListItemModel *>(index.model());
+}
+
+QVector<VxProperty *> propertiesOf(const QModelIndex &index)
+{
+    const VxPropertyListItemModel *model = modelOf(index);
+    const VxPropertyListNode *listNode = model ? model->getPropertyListNode(index) : nullptr;
+    return listNode && !listNode->isHeading() ? listNode->getProperties() : QVector<VxProperty *>();
+}
+
+void paintCell(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+               const VxProperty *property)
+{
+    switch (index.column()) {
+    case VxPropertyListItemModel::LabelColumn:
+        VxPropertyPainter::paintLabel(painter, option, property);
+        break;
+    case VxPropertyListItemModel::ValueColumn:
+        if (const auto *flag = qobject_cast<const VxBoolProperty *>(property))
+            VxPropertyPainter::paintSwitch(painter, option,
+                                           flag->getBoolValue(vxScene ? vxScene->getTime() : 0),
+                                           VxPropertyValue::isEditable(property));
+        else
+            VxPropertyPainter::paintValue(painter, option, property, index.data().toString());
+        break;
+    default:
+        VxPropertyPainter::paintKeyMark(
+            painter, option,
+            VxPropertyListItemModel::KeyState(
+                index.data(VxPropertyListItemModel::KeyStateRole).toInt()),
+            VxPropertyValue::isEditable(property));
+    }
+}
+
+} // namespace
+
+VxPropertyDelegate::VxPropertyDelegate(QObject *parent)
+    : QStyledItemDelegate(parent)
+{
+}
+
+void VxPropertyDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                               const QModelIndex &index) const
+{
+    const VxPropertyListItemModel *model = modelOf(index);
+    if (!model)
+        return;
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+    if (model->isHeading(index)) {
+        const auto *view = qobject_cast<const VxSideNavPropertyListView *>(option.widget);
+        VxPropertyPainter::paintHeading(painter, option, index.data().toString(),
+                                        view && view->isGroupCollapsed(model->getGroupPath(index)));
+        return;
+    }
+    const QVector<VxProperty *> properties = propertiesOf(index);
+    if (!properties.isEmpty())
+        paintCell(painter, option, index, properties.first());
+}
+
+QSize VxPropertyDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
+{
+    return {QStyledItemDelegate::sizeHint(option, index).width(),
+            qMax(RowHeight, option.fontMetrics.height() + TextMargin)};
+}
+
+QWidget *VxPropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                                          const QModelIndex &index) const
+{
+    const QVector<VxProperty *> properties = propertiesOf(index);
+    if (qobject_cast<VxBoolProperty *>(properties.value(0)))
+        return nullptr; // switched by a click
+    if (!qobject_cast<VxNumericProperty *>(properties.value(0)))
+        return QStyledItemDelegate::createEditor(parent, option, index);
+    auto *field = new VxPropertySpinBox(properties, parent);
+    connect(index.model(), &QAbstractItemModel::dataChanged, field, &VxPropertySpinBox::showValue);
+    return field;
+}
+
+void VxPropertyDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (auto *field = qobject_cast<VxPropertySpinBox *>(editor))
+        field->showValue();
+    else
+        QStyledItemDelegate::setEditorData(editor, index);
+}
+
+void VxPropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                      const QModelIndex &index) const
+{
+    if (auto *field = qobject_cast<VxPropertySpinBox *>(editor))
+        field->commit();
+    else if (model->data(index).toString() != editor->property("text").toString())
+        QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+void VxPropertyDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                              const QModelIndex &index) const
+{
+    Q_UNUSED(index)
+    editor->setGeometry(option.rect);
+}
+
+bool VxPropertyDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *field = qobject_cast<VxPropertySpinBox *>(watched);
+    if (!field)
+        return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+        field->putBack();
+    if (event->type() == QEvent::ShortcutOverride && !field->isTyped()) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            field->finishSteps();
+            event->ignore();
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
+}

@@ -1,0 +1,32 @@
+#ifndef PANE_VXPROPERTYDELEGATE_H
+#define PANE_VXPROPERTYDELEGATE_H
+
+#include <QtWidgets/QStyledItemDelegate>
+
+/// Paints the rows of a property list and makes the fields in which values are edited.
+///
+/// The look is the painter's; this class knows the rows and the hands: Escape takes back what is
+/// not set yet, and undo is the program's and not the field's while nothing is typed.
+class VxPropertyDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    explicit VxPropertyDelegate(QObject *parent);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
+#endif

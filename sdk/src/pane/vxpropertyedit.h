@@ -1,0 +1,45 @@
+#ifndef PANE_VXPROPERTYEDIT_H
+#define PANE_VXPROPERTYEDIT_H
+
+#include <QtCore/QVector>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxtime.h>
+
+class VxProperty;
+
+/// One gesture of a hand on the values of some properties, from the press of a button to its
+/// release, or from the first click on an arrow to the last: one undo entry in the end, or none
+/// when it is put back.
+///
+/// It holds the undo history open while it lives, so it must not outlive the gesture. Each change
+/// is counted from the values there were at the beginning and never from the last change. Playback
+/// is paused, and the time stays the one of the beginning, else a drag would leave a trail of keys.
+class VXCORE_EXPORT VxPropertyEdit
+{
+public:
+    /// Numbers and switches are edited; other properties, and null, are passed over.
+    VxPropertyEdit(const QVector<VxProperty *> &properties, VxTime time);
+    /// Finishes what is neither finished nor put back.
+    ~VxPropertyEdit();
+    VxPropertyEdit(const VxPropertyEdit &) = delete;
+    VxPropertyEdit &operator=(const VxPropertyEdit &) = delete;
+
+    /// Gives every property the same value, in the unit in which it is shown, within its limits.
+    /// False when one of them refused.
+    bool setValue(double value);
+    /// Moves every property by an amount of its own steps from the value it had at the beginning,
+    /// or got from setValue() since. False when one of them refused.
+    bool offsetBy(double steps);
+
+    /// Ends the gesture with an undo entry; with none when nothing changed.
+    void finish();
+    /// Ends the gesture with every key and value as it was at the beginning.
+    void putBack();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,34 @@
+#ifndef PANE_VXPROPERTYKEYS_H
+#define PANE_VXPROPERTYKEYS_H
+
+#include <QtCore/QVector>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxpropertylistitemmodel.h>
+#include <vxcore/vxtime.h>
+
+/// The commands of a property list on the keys of some properties. Each is one undo entry, or none
+/// when it changes nothing; locked properties are passed over.
+namespace VxPropertyKeys {
+
+using Properties = QVector<VxProperty *>;
+
+VXCORE_EXPORT VxPropertyListItemModel::KeyState state(const Properties &properties, VxTime time);
+
+/// Makes a key with the present value where there is none at the time.
+VXCORE_EXPORT void setKeys(const Properties &properties, VxTime time);
+/// Removes the keys at exactly the time.
+VXCORE_EXPORT void deleteKeys(const Properties &properties, VxTime time);
+VXCORE_EXPORT void deleteAllKeys(const Properties &properties);
+/// Removes the keys when each property has one at the time, else makes those that are missing.
+VXCORE_EXPORT void toggleKeys(const Properties &properties, VxTime time);
+/// Gives every number its default value at the time.
+VXCORE_EXPORT void reset(const Properties &properties, VxTime time);
+
+/// The time of the nearest key before or after a time, of all properties together. False when
+/// there is none.
+VXCORE_EXPORT bool findKeyBeside(const Properties &properties, VxTime time, bool after,
+                                 VxTime *found);
+
+} // namespace VxPropertyKeys
+
+#endif

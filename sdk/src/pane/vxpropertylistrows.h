@@ -1,0 +1,28 @@
+#ifndef PANE_VXPROPERTYLISTROWS_H
+#define PANE_VXPROPERTYLISTROWS_H
+
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <vxcore/vxcoreglobal.h>
+
+class VxNode;
+class VxProperty;
+
+/// A row of a property list: a property, the first of those that it stands for, or a heading.
+struct VxPropertyListRow
+{
+    QString heading; ///< empty for a property
+    QString path;    ///< of the group
+    QVector<VxProperty *> properties;
+
+    bool operator==(const VxPropertyListRow &other) const
+    {
+        return heading == other.heading && path == other.path && properties == other.properties;
+    }
+};
+
+/// The rows for some nodes, the one that decides first; no rows without nodes. A group whose name
+/// another group has too is headed by its parent's name as well.
+VXCORE_EXPORT QVector<VxPropertyListRow> vxPropertyListRows(const QVector<VxNode *> &nodes);
+
+#endif
