@@ -17,7 +17,6 @@
 #include <vxcore/vxstyle.h>
 
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
-#include "vxtimeline/dopesheet/dopesheetopenrows.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
@@ -118,12 +117,19 @@ void VxDopeSheetView::applyFilterText(const QString &text)
 {
     if (!d->filterModel)
         return;
-    const DopeSheetOpenRows openRows(this);
-    openRows.closeAll();
-    d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
-    // Until then opening a row only notes it.
-    scheduleDelayedItemsLayout();
-    openRows.openAgain();
+    const QVector<VxProperty *> before = getSelectedProperties();
+    {
+        const QScopedValueRollback<bool> restoring(d->inSelectionChanged, true);
+        d->rowMemory.note(!d->filterModel->filterRegExp().isEmpty());
+        d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
+        // Until then opening a row only notes it.
+        scheduleDelayedItemsLayout();
+        d->rowMemory.restore(!text.isEmpty());
+        selectSceneSelection();
+    }
+    const QVector<VxProperty *> after = getSelectedProperties();
+    if (after != before)
+        Q_EMIT propertyHitListChanged(after, false);
 }
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)
@@ -145,13 +151,19 @@ VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
     return index.sibling(index.row(), KeysColumn).data(Qt::UserRole).value<VxDopeSheetItem *>();
 }
 
-QModelIndex VxDopeSheetView::findNodeIndex(VxNode *node) const
+QModelIndex VxDopeSheetView::findIndex(const VxDopeSheetItem *item) const
 {
     const VxDopeSheetModel *rows = d->sourceModel();
     if (!rows)
         return QModelIndex();
-    const QModelIndex index = rows->indexOf(rows->findItem(node));
+    const QModelIndex index = rows->indexOf(item);
     return d->filterModel ? d->filterModel->mapFromSource(index) : index;
+}
+
+QModelIndex VxDopeSheetView::findNodeIndex(VxNode *node) const
+{
+    const VxDopeSheetModel *rows = d->sourceModel();
+    return rows ? findIndex(rows->findItem(node)) : QModelIndex();
 }
 
 void VxDopeSheetView::setContextIndex(const QModelIndex &index)

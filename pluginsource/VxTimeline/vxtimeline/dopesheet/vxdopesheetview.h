@@ -47,7 +47,8 @@ public:
     // Shows the rows whose names match, and those that lead to them. "rx::" in front makes the
     // text a regular expression that minds case, "rx::ci::" one that does not, "wc::" a wildcard
     // pattern as it stands; any other text is searched for anywhere in the name, whatever its
-    // case. Empty shows every row. Does nothing without a proxy.
+    // case. Empty shows every row. Does nothing without a proxy. Rows that come back are open and
+    // selected as they were, and the scene's selection stays.
     void applyFilterText(const QString &text);
 
     // The width that the keys column has, or gets as soon as the header has shared out its own: a
@@ -71,6 +72,9 @@ public:
 
     // The item of a row of the view's model, whatever the column; null for none.
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
+    // The row of an item of the source model in the view's model, which may have left it out;
+    // invalid then, and for null.
+    QModelIndex findIndex(const VxDopeSheetItem *item) const;
     // The first row of a node in the view's model; invalid when it has none.
     QModelIndex findNodeIndex(VxNode *node) const;
     // The properties of the selected rows, each once, in the order of the rows.

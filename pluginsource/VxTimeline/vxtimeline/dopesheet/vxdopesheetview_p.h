@@ -14,6 +14,7 @@
 #include <vxcore/vxundostackhold.h>
 
 #include "vxtimeline/dopesheet/copiedkeys.h"
+#include "vxtimeline/dopesheet/dopesheetrowmemory.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/keydrag.h"
 #include "vxtimeline/dopesheet/keydragmath.h"
@@ -30,6 +31,7 @@ class VxDopeSheetView::Private
 public:
     explicit Private(VxDopeSheetView *dopeSheetView)
         : view(dopeSheetView)
+        , rowMemory(dopeSheetView)
     {
         clock.start();
     }
@@ -50,6 +52,7 @@ public:
     VxDopeSheetView *view;
     VxKeyCommunication *bus = nullptr;
     QSortFilterProxyModel *filterModel = nullptr;
+    DopeSheetRowMemory rowMemory; // over changes of the text filter
 
     Qt::KeyboardModifiers pressModifiers; // at the last press of the left button
     // The gesture of the left button in the keys column: a band, unless it can drag keys.

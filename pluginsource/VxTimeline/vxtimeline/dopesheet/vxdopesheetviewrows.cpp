@@ -7,23 +7,14 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
+#include "vxtimeline/dopesheet/dopesheetrowranges.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 
 namespace {
 
-// Calls visit(index) for each row of a selection. The selection model's own lists of rows ask it
-// again for every row whether that is selected, which goes through all ranges each time.
-template <typename Visit> void visitRows(const QItemSelection &selection, const Visit &visit)
-{
-    for (const QItemSelectionRange &range : selection) {
-        if (!range.isValid() || range.left() > VxDopeSheetView::NameColumn)
-            continue;
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            visit(range.model()->index(row, VxDopeSheetView::NameColumn, range.parent()));
-    }
-}
+using DopeSheetRowRanges::visitRows;
 
 // The nodes of a selection's rows, in their order.
 QVector<VxNode *> nodesOf(const VxDopeSheetView *view, const QItemSelection &selection)
@@ -51,37 +42,6 @@ void selectMissing(const QVector<VxNode *> &nodes)
     }
 }
 
-// A row as its parent's child, in an order in which neighbours come together.
-struct ChildRow
-{
-    QModelIndex parent;
-    QModelIndex index;
-
-    bool follows(const ChildRow &other) const
-    {
-        return parent == other.parent && index.row() == other.index.row() + 1;
-    }
-    friend bool operator<(const ChildRow &a, const ChildRow &b)
-    {
-        return a.parent == b.parent ? a.index.row() < b.index.row() : a.parent < b.parent;
-    }
-};
-
-// Rows as a selection of as few ranges as they make: each question whether a row is selected, and
-// painting asks several for every row, walks through all ranges.
-QItemSelection selectionOf(std::vector<ChildRow> rows)
-{
-    std::sort(rows.begin(), rows.end());
-    QItemSelection selection;
-    for (std::size_t i = 0; i < rows.size();) {
-        const std::size_t first = i++;
-        while (i < rows.size() && rows[i].follows(rows[i - 1]))
-            ++i;
-        selection.select(rows[first].index, rows[i - 1].index);
-    }
-    return selection;
-}
-
 } // namespace
 
 bool VxDopeSheetView::isRowSelected(const QModelIndex &index) const
@@ -101,15 +61,15 @@ void VxDopeSheetView::selectSceneSelection()
 {
     if (!selectionModel())
         return;
-    std::vector<ChildRow> rows;
+    std::vector<QModelIndex> rows;
     for (VxNode *node : vxScene->getSelectedNodes()) {
         const QModelIndex index = findNodeIndex(node);
         if (index.isValid() && !isRowSelected(index))
-            rows.push_back({index.parent(), index});
+            rows.push_back(index);
     }
     if (rows.empty())
         return;
-    selectionModel()->select(selectionOf(std::move(rows)),
+    selectionModel()->select(DopeSheetRowRanges::selectionOf(rows),
                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
