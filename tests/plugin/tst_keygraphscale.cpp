@@ -1,6 +1,8 @@
 #include <QtTest>
 
+#include <algorithm>
 #include <limits>
+#include <random>
 
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
@@ -62,6 +64,7 @@ private Q_SLOTS:
     void framing();
     void framingOfLowWidgets();
     void framingOfFlatKeys();
+    void framingOfNearlyFlatKeys();
     void framingBelowZero();
     void zoomingTakesTheRememberedScaleOff();
     void zoomingEndsSomewhere();
@@ -78,6 +81,7 @@ private Q_SLOTS:
     void hitsAgreeWithAFullSearch();
     void marksOutsideAreLeftOut();
     void marksAtOnePlaceAreDrawnOnce();
+    void marksKeepTheirOrder();
     void boxes();
 
 private:
@@ -175,6 +179,16 @@ void TestKeyGraphScale::framingOfFlatKeys()
     QCOMPARE(scale.valuePerPixel, -0.02);
     QCOMPARE(scale.y(5.0), 70.0);
     QCOMPARE(scale.y(4.0), 120.0);
+}
+
+// From a thousandth on the values count as different.
+void TestKeyGraphScale::framingOfNearlyFlatKeys()
+{
+    KeyGraphScale scale;
+    scale.frameValues(0.0, 0.0009, 140.0);
+    QCOMPARE(scale.valuePerPixel, -2.0009 / 100.0);
+    scale.frameValues(0.0, 0.001, 140.0);
+    QCOMPARE(scale.valuePerPixel, -0.001 / 100.0);
 }
 
 // Keys below zero are shown up to zero.
@@ -374,6 +388,29 @@ void TestKeyGraphScale::marksAtOnePlaceAreDrawnOnce()
     }
     // A second curve at the same place has its own marks.
     QCOMPARE(marks.find(curve.keys(), curve.records.data(), scale).size(), std::size_t(5));
+}
+
+// What lies on top is the last key's mark, as when every key were painted.
+void TestKeyGraphScale::marksKeepTheirOrder()
+{
+    std::mt19937 random(3);
+    for (int round = 0; round < 200; ++round) {
+        Curve curve;
+        for (int i = 0; i < 60; ++i)
+            curve.add(i * 9, float(random() % 3), quint8(random() % 3), random() % 2);
+        KeyGraphScale scale = plainScale();
+        scale.ticksPerPixel = 50.0;
+        std::vector<KeyGraphMark> wanted;
+        for (std::size_t i = curve.times.size(); i-- > 0;) {
+            const KeyGraphMark mark{
+                scale.markRectOf(curve.times[i], double(curve.values[i])).topLeft(), curve.types[i],
+                curve.records[i].selected};
+            if (std::find(wanted.begin(), wanted.end(), mark) == wanted.end())
+                wanted.insert(wanted.begin(), mark);
+        }
+        KeyGraphMarks marks(QSize(400, 300));
+        QVERIFY(marks.find(curve.keys(), curve.records.data(), scale) == wanted);
+    }
 }
 
 void TestKeyGraphScale::boxes()

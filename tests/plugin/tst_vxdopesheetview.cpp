@@ -35,12 +35,14 @@ private Q_SLOTS:
     void closedNodeSelectsAllBelow();
     void openNodeLeavesThoseBelow();
     void rangeOfRows();
+    void oneRowMeansNoFurther();
     void noRowMeansTheContextRow();
     void noRowAndNoContextRow();
     void clearSelectedKeys();
     void clearTellsEachRowOnce();
 
     void commonTcb();
+    void commonTcbOfThree();
     void commonTcbOfNothing();
 
     void selectionIsSent();
@@ -225,6 +227,18 @@ void TestVxDopeSheetView::rangeOfRows()
     QCOMPARE(selected(translationOf(ball, 0)), Times{});
 }
 
+void TestVxDopeSheetView::oneRowMeansNoFurther()
+{
+    for (VxNode *node : {hip, leg, ball})
+        addKeys(node->getXPosControl(), {160});
+    addKeys(hip->getYPosControl(), {160});
+    view->setKeySelection(true, translationOf(hip, 0));
+    QCOMPARE(selected(translationOf(hip, 0)), Times{160});
+    QCOMPARE(selected(translationOf(hip, 1)), Times{});
+    QCOMPARE(selected(translationOf(leg, 0)), Times{});
+    QCOMPARE(selected(translationOf(ball, 0)), Times{});
+}
+
 void TestVxDopeSheetView::noRowMeansTheContextRow()
 {
     addKeys(hip->getXPosControl(), {160});
@@ -314,6 +328,19 @@ void TestVxDopeSheetView::commonTcb()
     select(translationOf(leg, 1));
     QVERIFY(view->getCommonBias(&value));
     QCOMPARE(value, 0.0f);
+}
+
+// Two that agree again do not make up for one between them that differs.
+void TestVxDopeSheetView::commonTcbOfThree()
+{
+    VxFloatProperty *x = hip->getXPosControl();
+    x->setKey(0, 1, VxKeyInterp::Tcb, 0.25f, 0.5f, 0.75f);
+    x->setKey(160, 1, VxKeyInterp::Tcb, -0.25f, -0.5f, -0.75f);
+    x->setKey(320, 1, VxKeyInterp::Tcb, 0.25f, 0.5f, 0.75f);
+    select(translationOf(hip, 0));
+    QVERIFY(!view->getCommonTension(nullptr));
+    QVERIFY(!view->getCommonContinuity(nullptr));
+    QVERIFY(!view->getCommonBias(nullptr));
 }
 
 void TestVxDopeSheetView::commonTcbOfNothing()
@@ -556,10 +583,16 @@ void TestVxDopeSheetView::severalRowsByProgram()
 void TestVxDopeSheetView::propertyRowsAreTold()
 {
     QSignalSpy told(view.get(), &VxDopeSheetView::propertyHitListChanged);
+    int rowsTold = 0;
+    connect(view.get(), &VxDopeSheetView::itemSelectionChanged, view.get(), [&] {
+        ++rowsTold;
+        QCOMPARE(told.count(), 0);
+    });
     hip->select(true);
     view->selectionModel()->select(translationOf(leg, 1),
                                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
     QCOMPARE(told.count(), 1);
+    QCOMPARE(rowsTold, 1);
     QCOMPARE(told.at(0).at(0).value<QVector<VxProperty *>>(),
              (QVector<VxProperty *>{leg->getYPosControl()}));
     QCOMPARE(told.at(0).at(1).toBool(), false);

@@ -37,10 +37,15 @@ private Q_SLOTS:
     void lockedKeysStay();
     void selectionFollowsKeysThroughARebuild();
     void keysPassedKeepTheirSelection();
+    void aSelectedNeighbourStaysSelected_data();
+    void aSelectedNeighbourStaysSelected();
 
+    void selectingRemembersThePresentValue();
+    void refreshLeavesKeysThatAreNotSelected();
     void selectingTellsTheOtherSide();
     void publishing();
     void applyingNeverTells();
+    void deselectingComesLast();
     void applyingIgnoresKeysThatAreNone();
     void boxGivesBackWhatItTook();
     void boxToldOnce();
@@ -148,6 +153,9 @@ void TestFloatChannel::interpolationPartsAreKeptApart()
     QCOMPARE(bias, 0.75f);
     channel.setKeyInterpolation(0, VxKeyInterp::Constant);
     QCOMPARE(channel.getKeyInterpolation(0), 1);
+    QCOMPARE(channel.getKeyTension(0), 0.25);
+    QCOMPARE(channel.getKeyContinuity(0), 0.5);
+    QCOMPARE(channel.getKeyBias(0), 0.75);
     channel.setKeyTension(0, -1.0);
     channel.setKeyContinuity(0, -0.1);
     channel.setKeyBias(0, 0.125);
@@ -318,6 +326,59 @@ void TestFloatChannel::keysPassedKeepTheirSelection()
     QCOMPARE(selectedOf(channel), QVector<int>({1, 3}));
 }
 
+void TestFloatChannel::aSelectedNeighbourStaysSelected_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("time");
+    QTest::addColumn<int>("neighbour"); // before
+    QTest::addColumn<QVector<int>>("selected");
+    QTest::newRow("moved later") << 1 << 400 << 2 << QVector<int>({1, 2});
+    QTest::newRow("moved earlier") << 2 << 80 << 1 << QVector<int>({1, 2});
+}
+
+// The key that is passed is told of, too, and as what it is.
+void TestFloatChannel::aSelectedNeighbourStaysSelected()
+{
+    QFETCH(int, index);
+    QFETCH(int, time);
+    QFETCH(int, neighbour);
+    VxKeyCommunication bus;
+    listen(&bus);
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abcd");
+    VxFloatChannel channel(property, &bus);
+    select(channel, {index, neighbour});
+    channel.setKey(index, time, 0.0);
+    QTEST(selectedOf(channel), "selected");
+    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages.at(0).selectedKeys.value(property), QVector<qint32>{neighbour});
+    QCOMPARE(messages.at(1).selectedKeys.value(property), QVector<qint32>{index});
+}
+
+void TestFloatChannel::selectingRemembersThePresentValue()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "ab");
+    VxFloatChannel channel(property, nullptr);
+    channel.getKeyCache();
+    channel.setKeyValue(1, 12.0);
+    channel.selectKey(1, true);
+    QCOMPARE(channel.getKeyCache().at(1).dragStartTime, 160);
+    QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 12.0);
+}
+
+void TestFloatChannel::refreshLeavesKeysThatAreNotSelected()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "ab");
+    VxFloatChannel channel(property, nullptr);
+    select(channel, {0});
+    channel.setKeyValue(0, 12.0);
+    channel.setKeyValue(1, 13.0);
+    channel.refreshDragStart();
+    QCOMPARE(channel.getKeyCache().at(0).dragStartValue, 12.0);
+    QVERIFY(channel.getKeyCache().at(0).selectedAtPress);
+    QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 1.0);
+    QVERIFY(!channel.getKeyCache().at(1).selectedAtPress);
+}
+
 void TestFloatChannel::selectingTellsTheOtherSide()
 {
     VxKeyCommunication bus;
@@ -367,6 +428,17 @@ void TestFloatChannel::applyingNeverTells()
     channel.applyKeyMessage(message);
     QCOMPARE(selectedOf(channel), QVector<int>{3});
     QCOMPARE(messages.size(), 0);
+}
+
+void TestFloatChannel::deselectingComesLast()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
+    VxFloatChannel channel(property, nullptr);
+    VxKeyMessage message;
+    message.selectedKeys[property] = {0, 1};
+    message.deselectedKeys[property] = {1};
+    channel.applyKeyMessage(message);
+    QCOMPARE(selectedOf(channel), QVector<int>{0});
 }
 
 void TestFloatChannel::applyingIgnoresKeysThatAreNone()

@@ -44,6 +44,8 @@ bool KeyGraphMarks::isNew(int top, int look)
     return true;
 }
 
+// From the last key to the first: of marks that look alike at one place the last one stays, so that
+// it still covers what others have painted there before it.
 const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
                                                      const VxKeyGraphKey *records,
                                                      const KeyGraphScale &scale)
@@ -51,9 +53,9 @@ const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
     m_marks.clear();
     ++m_column;
     const VxTimeRange times = scale.timesBetween(0, m_size.width());
-    const int end = keys.endAt(times.getEnd());
+    const int first = keys.firstFrom(times.getStart());
     int left = std::numeric_limits<int>::min();
-    for (int i = keys.firstFrom(times.getStart()); i < end; ++i) {
+    for (int i = keys.endAt(times.getEnd()) - 1; i >= first; --i) {
         const QRect rect = scale.markRectOf(keys.times[i], keys.value(i));
         if (rect.right() < 0 || rect.left() >= m_size.width() || rect.bottom() < 0 ||
             rect.top() >= m_size.height())
@@ -66,6 +68,7 @@ const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
         if (isNew(rect.top(), (keys.types[i] & 3) * 2 + (selected ? 1 : 0)))
             m_marks.push_back({rect.topLeft(), keys.types[i], selected});
     }
+    std::reverse(m_marks.begin(), m_marks.end());
     return m_marks;
 }
 

@@ -66,8 +66,9 @@ struct KeyGraphMark
     }
 };
 
-// Finds the marks of a curve that are to be painted: those that touch the area, each place and
-// look once. Keeps its memory from curve to curve; one is used for a whole repaint.
+// Finds the marks of a curve that are to be painted, in the order of its keys: those that touch the
+// area, each place and look once, where the last of them would be. Keeps its memory from curve to
+// curve; one is used for a whole repaint.
 class KeyGraphMarks
 {
 public:
