@@ -159,6 +159,8 @@ void TestDopeSheetHeaderPaint::ticksLikeALoop()
         const VxTime end = start + any(0, 1) * any(1000, 4000) + any(1000, 200000);
         vxScene->setAnimRange(VxTimeRange(qMin(start, 0), end));
         vxScene->setPlayRange(VxTimeRange(start, end));
+        TimelineMetrics::shared().fps = 4800 / vxScene->getTimeStep();
+        QVERIFY(TimelineMetrics::shared().fit(header->sectionSize(1), end - start));
         style->ticks.clear();
         picture();
         const auto wanted = wantedTicks();
