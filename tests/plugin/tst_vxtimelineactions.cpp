@@ -1,42 +1,18 @@
+#include "actionstage.h"
+
 #include <QPointer>
 #include <QSignalSpy>
-#include <QtTest>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
-#include <vxcore/vxaction.h>
-#include <vxcore/vxactionmgr.h>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxclassfactory.h>
 #include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpaneaction.h>
-#include <vxcore/vxpanemgr.h>
-#include <vxcore/vxplugin.h>
-#include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
-#include <vxcore/vxundostack.h>
 
-#include "actions_table.h"
-#include "testing/vxscenebuilder.h"
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepanechoice.h"
-#include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimelineactions/vxanimationaction.h"
-#include "vxtimelineplugin.h"
 
 namespace {
-
-std::unique_ptr<VxAction> createAction(const QString &className)
-{
-    const auto factories = getPluginDefinition()->getClassFactories();
-    for (const VxClassFactory *factory : factories) {
-        if (factory->className() == className)
-            return std::unique_ptr<VxAction>(qobject_cast<VxAction *>(factory->createInstance()));
-    }
-    return nullptr;
-}
 
 // The whole warning that an action gives when there is no pane.
 QRegularExpression missingPaneWarning(const char *method)
@@ -46,49 +22,6 @@ QRegularExpression missingPaneWarning(const char *method)
                        "\\([1-9][0-9]*\\): No VxTimePane instance found in %1$")
             .arg(QRegularExpression::escape(QString::fromLatin1(method))));
 }
-
-// A main window with a time pane and every action of the plug-in, as an application has them.
-class Stage
-{
-public:
-    VxMainWindow window;
-    VxTimePane *pane = nullptr;
-
-    Stage()
-    {
-        pane = new VxTimePane;
-        window.getPaneMgr()->addPane(pane);
-        window.setCentralWidget(pane);
-        for (const char *className : registeredClasses) {
-            if (QLatin1String(className) != QLatin1String("VxTimePane"))
-                window.getActionMgr()->addAction(
-                    createAction(QString::fromLatin1(className)).release());
-        }
-        window.getActionMgr()->initActions();
-    }
-
-    VxAction *action(const char *className) const
-    {
-        VxAction *found = window.getActionMgr()->findAction(QString::fromLatin1(className));
-        if (!found)
-            qFatal("no action %s", className);
-        return found;
-    }
-
-    void trigger(const char *className) const { action(className)->trigger(); }
-
-    // The classes of a family whose actions are checked.
-    QStringList checked(const char *base) const
-    {
-        QStringList names;
-        for (const ActionRow &row : actionRows) {
-            if (QLatin1String(row.base) == QLatin1String(base) &&
-                action(row.className)->isChecked())
-                names << QLatin1String(row.className);
-        }
-        return names;
-    }
-};
 
 void setCheckedSilently(QAction *action, bool checked)
 {
@@ -135,16 +68,6 @@ private Q_SLOTS:
     void monitorParametersPaneFollowsThePane();
     void playAllFramesFollowsThePane();
     void optionsReadThePaneAtInit();
-
-    void transport();
-    void looping();
-    void playback();
-    void keysOfSelectedNodes();
-    void filteredKeys();
-    void rowsBelowTheContextItem();
-    void allRows();
-    void rootNodeOrder();
-    void itemKeysOncePerSelectedRow();
 
 private:
     static void addRows();
@@ -600,179 +523,6 @@ void TestVxTimelineActions::optionsReadThePaneAtInit()
         QVERIFY(!action->isChecked());
         action->init();
         QVERIFY2(action->isChecked(), className);
-    }
-}
-
-void TestVxTimelineActions::transport()
-{
-    const Stage stage;
-    const int step = vxScene->getTimeStep();
-    vxScene->setAnimRange({0, 30 * step});
-    vxScene->setPlayRange({5 * step, 20 * step});
-    vxScene->setTime(10 * step);
-    stage.trigger("VxNextFrameAction");
-    QCOMPARE(vxScene->getTime(), 11 * step);
-    stage.trigger("VxPrevFrameAction");
-    QCOMPARE(vxScene->getTime(), 10 * step);
-    stage.trigger("VxSkipToPlayrangeStartAction");
-    QCOMPARE(vxScene->getTime(), 5 * step);
-    stage.trigger("VxSkipToPlayrangeEndAction");
-    QCOMPARE(vxScene->getTime(), 20 * step);
-}
-
-void TestVxTimelineActions::looping()
-{
-    const Stage stage;
-    const bool before = vxScene->isLoopingEnabled();
-    stage.trigger("VxLoopToggleAction");
-    QCOMPARE(vxScene->isLoopingEnabled(), !before);
-    stage.trigger("VxLoopToggleAction");
-    QCOMPARE(vxScene->isLoopingEnabled(), before);
-}
-
-void TestVxTimelineActions::playback()
-{
-    const Stage stage;
-    stage.trigger("VxPlayToggleAction");
-    QVERIFY(vxScene->isPlaying());
-    stage.trigger("VxPlayToggleAction");
-    QVERIFY(!vxScene->isPlaying());
-}
-
-void TestVxTimelineActions::keysOfSelectedNodes()
-{
-    const Stage stage;
-    VxSceneBuilder builder(vxScene);
-    VxNode *box = builder.addNode("box");
-    VxNode *other = builder.addNode("other");
-    vxScene->setPrimarySelection(box);
-    vxScene->setTime(320);
-    stage.trigger("VxAddKeysAction");
-    QCOMPARE(box->getXPosControl()->getNumKeys(), 1);
-    QCOMPARE(box->getXPosControl()->getKeyTime(0), 320);
-    QCOMPARE(other->getXPosControl()->getNumKeys(), 0);
-    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Create Keys"));
-
-    vxScene->setTime(480);
-    stage.trigger("VxDeleteKeysAction");
-    QCOMPARE(box->getXPosControl()->getNumKeys(), 1);
-    vxScene->setTime(320);
-    stage.trigger("VxDeleteKeysAction");
-    QCOMPARE(box->getXPosControl()->getNumKeys(), 0);
-    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Delete Keys"));
-}
-
-void TestVxTimelineActions::filteredKeys()
-{
-    const Stage stage;
-    VxSceneBuilder builder(vxScene);
-    VxNode *box = builder.addNode("box");
-    vxScene->setPrimarySelection(box);
-    stage.pane->setFilteredPropertyTypes(VxTimePane::PropRotate);
-    stage.trigger("VxTimePaneCreateKeysAction");
-    QCOMPARE(box->getXRotControl()->getNumKeys(), 1);
-    QCOMPARE(box->getXPosControl()->getNumKeys(), 0);
-    QCOMPARE(m_app->getUndoStack()->undoText(), QString("Create Filtered Keys"));
-}
-
-void TestVxTimelineActions::rowsBelowTheContextItem()
-{
-    Stage stage;
-    VxSceneBuilder builder(vxScene);
-    VxSkeleton *figure = builder.addSkeleton("figure", 3, VxSceneBuilder::Shape::Chain);
-    builder.addSkeleton("bystander", 2);
-    stage.trigger("VxTimePaneAdvancedViewAction");
-    stage.window.resize(900, 500);
-    stage.window.show();
-    VxDopeSheetView *view = stage.pane->getDopeSheetView();
-    view->collapseAll();
-    const QModelIndex row = view->findNodeIndex(figure);
-    const QModelIndex below = view->findNodeIndex(figure->getNodeChild(0));
-    QVERIFY(row.isValid() && below.isValid());
-
-    // Nothing was clicked: nothing opens.
-    view->setContextIndex(QModelIndex());
-    stage.trigger("VxTimePaneExpandItemAction");
-    stage.trigger("VxTimePaneExpandFromItemAction");
-    QVERIFY(!view->isExpanded(row));
-
-    view->setContextIndex(row);
-    stage.trigger("VxTimePaneExpandItemAction");
-    QVERIFY(view->isExpanded(row) && !view->isExpanded(below));
-    stage.trigger("VxTimePaneExpandFromItemAction");
-    QVERIFY(view->isExpanded(row) && view->isExpanded(below));
-    stage.trigger("VxTimePaneCollapseItemAction");
-    QVERIFY(!view->isExpanded(row) && view->isExpanded(below));
-    stage.trigger("VxTimePaneCollapseFromItemAction");
-    QVERIFY(!view->isExpanded(row) && !view->isExpanded(below));
-}
-
-void TestVxTimelineActions::allRows()
-{
-    Stage stage;
-    VxSceneBuilder builder(vxScene);
-    VxSkeleton *first = builder.addSkeleton("first", 2);
-    VxSkeleton *second = builder.addSkeleton("second", 2);
-    stage.trigger("VxTimePaneAdvancedViewAction");
-    stage.window.show();
-    VxDopeSheetView *view = stage.pane->getDopeSheetView();
-    for (const bool open : {true, false, true}) {
-        stage.trigger(open ? "VxTimePaneExpandAllItemsAction" : "VxTimePaneCollapseAllItemsAction");
-        for (VxNode *node : {first->getNodeChild(0), second->getNodeChild(0)}) {
-            QCOMPARE(view->isExpanded(view->findNodeIndex(node->getNodeParent())), open);
-            QCOMPARE(view->isExpanded(view->findNodeIndex(node)), open);
-        }
-    }
-}
-
-void TestVxTimelineActions::rootNodeOrder()
-{
-    Stage stage;
-    VxSceneBuilder builder(vxScene);
-    for (const char *name : {"a", "b", "c", "d"})
-        builder.addNode(QString::fromLatin1(name));
-    stage.trigger("VxTimePaneAdvancedViewAction");
-    stage.window.show();
-    VxDopeSheetView *view = stage.pane->getDopeSheetView();
-    const auto order = [view] {
-        QString names;
-        for (int row = 0; row < view->model()->rowCount(); ++row)
-            names += view->model()->index(row, VxDopeSheetView::NameColumn).data().toString();
-        return names;
-    };
-    QCOMPARE(order(), QString("abcd"));
-    view->setCurrentIndex(view->findNodeIndex(vxScene->findNode("c")));
-    stage.trigger("VxTimePaneMoveRootNodeUpAction");
-    QCOMPARE(order(), QString("acbd"));
-    stage.trigger("VxTimePaneMoveRootNodeToBottomAction");
-    QCOMPARE(order(), QString("abdc"));
-    stage.trigger("VxTimePaneMoveRootNodeToTopAction");
-    QCOMPARE(order(), QString("cabd"));
-    stage.trigger("VxTimePaneMoveRootNodeDownAction");
-    QCOMPARE(order(), QString("acbd"));
-}
-
-// A selected row has two selected cells; its keys are told of once.
-void TestVxTimelineActions::itemKeysOncePerSelectedRow()
-{
-    Stage stage;
-    VxSceneBuilder builder(vxScene);
-    for (const char *name : {"a", "b", "c"})
-        builder.addNode(QString::fromLatin1(name));
-    stage.trigger("VxTimePaneAdvancedViewAction");
-    stage.window.show();
-    VxDopeSheetView *view = stage.pane->getDopeSheetView();
-    view->selectionModel()->clear();
-    for (const char *name : {"a", "c"})
-        view->selectionModel()->select(view->findNodeIndex(vxScene->findNode(name)),
-                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
-    QCOMPARE(view->selectionModel()->selectedIndexes().size(), 4);
-    for (const char *className : {"VxTimePaneDeselectItemPlayRangeKeysAction",
-                                  "VxTimePaneDeselectItemAnimRangeKeysAction"}) {
-        QSignalSpy changed(view, &VxDopeSheetView::keySelectionChanged);
-        stage.trigger(className);
-        QCOMPARE(changed.size(), 2);
     }
 }
 
