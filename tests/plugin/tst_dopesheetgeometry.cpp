@@ -295,10 +295,15 @@ void TestDopeSheetGeometry::marksAtTheCellsEdges()
 
 void TestDopeSheetGeometry::marksNeedTheirHeight()
 {
-    const TimelineMetrics metrics;
+    TimelineMetrics metrics;
     QCOMPARE(DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(Keys({0}).view()).size(),
              size_t(1));
     QVERIFY(DopeSheetGeometry(QRect(0, 0, 100, 9), metrics, 0).marks(Keys({0}).view()).empty());
+    // One that begins with the cell and ends a pixel below it.
+    metrics.frameWidth = 11;
+    QVERIFY(DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(Keys({0}).view()).empty());
+    QCOMPARE(DopeSheetGeometry(QRect(0, 0, 100, 11), metrics, 0).marks(Keys({0}).view()).size(),
+             size_t(1));
 }
 
 // Of marks that look the same at one place one is enough; which one is painted last counts.

@@ -222,8 +222,10 @@ void TestKeyGraphScale::zoomingTakesTheRememberedScaleOff()
     QCOMPARE(scale.offsetY, 50.0 / factor);
     QCOMPARE(scale.offsetX, 100.0);
     QCOMPARE(scale.ticksPerPixel, 10.0);
-    // Reckoned from the start, not from the last step.
+    // Reckoned from the start, not from the last step, and to the start's place in time.
+    scale.offsetX = 7.0;
     scale.zoomValues(start, -0.5);
+    QCOMPARE(scale.offsetX, 100.0);
     QCOMPARE(scale.valuePerPixel, -0.5);
     QCOMPARE(scale.offsetY, 50.0);
 }

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void markAndMiddle();
     void xToTime_data();
     void xToTime();
+    void xToTimeOfUnevenFrames();
     void xToTimeWithoutScale();
     void xToFrameTime_data();
     void xToFrameTime();
@@ -156,6 +157,15 @@ void TestTimelineMetrics::xToTime()
     TimelineMetrics metrics;
     metrics.zoom = zoom;
     QTEST(metrics.xToTime(x), "time");
+}
+
+// Pixels are multiplied before they are divided; the fraction of a frame's ticks is cut off once.
+void TestTimelineMetrics::xToTimeOfUnevenFrames()
+{
+    TimelineMetrics metrics;
+    metrics.fps = 7;
+    QCOMPARE(metrics.xToTime(100), 6857);
+    QCOMPARE(metrics.xToTime(-100), -6857);
 }
 
 void TestTimelineMetrics::xToTimeWithoutScale()
