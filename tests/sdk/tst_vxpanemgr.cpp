@@ -246,7 +246,13 @@ void tst_VxPaneMgr::savesIntoTheGroups()
     manager.setSettings(&settings);
     manager.createPanes(m_plugins.get());
     static_cast<NotesPane *>(manager.findPane(notes))->open = true;
+    settings.getSettings(notes)->setBoolValue(QStringLiteral("Closed"), true);
+    settings.getSettings(QStringLiteral("OtherPane"))->setIntValue(QStringLiteral("Width"), 7);
     manager.saveSettings();
+    // What the pane no longer writes does not come back beside what it does write.
+    QCOMPARE(settings.getSettings(notes)->getKeys(), QStringList("Open"));
+    QCOMPARE(settings.getSettings(QStringLiteral("OtherPane"))->getKeys(), QStringList("Width"));
+    settings.getSettings(QStringLiteral("OtherPane"))->clear();
     QVERIFY(settings.getSettings(notes)->getBoolValue(QStringLiteral("Open")));
     QCOMPARE(settings.getSettingsNames(), QStringList{notes});
 }

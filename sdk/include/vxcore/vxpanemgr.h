@@ -41,7 +41,8 @@ public:
     /// Settings below which each pane has a group under its class name; borrowed, may be null.
     /// Set before panes are created: each new pane restores from its group.
     void setSettings(VxSettings *settings);
-    /// Lets every pane write into its group.
+    /// Lets every pane write into its group, which is emptied before: what a pane does not write is
+    /// gone. Groups of panes that do not exist today stay.
     void saveSettings() const;
 
 public Q_SLOTS:

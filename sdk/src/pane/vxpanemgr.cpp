@@ -159,8 +159,13 @@ void VxPaneMgr::saveSettings() const
 {
     if (!d->settings)
         return;
-    for (const PaneEntry &entry : qAsConst(d->entries))
-        entry.pane->saveSettings(d->settings->getSettings(entry.className));
+    for (const PaneEntry &entry : qAsConst(d->entries)) {
+        VxSettings *group = d->settings->getSettings(entry.className);
+        // A pane may write only what holds, such as the one of several choices that was made. What
+        // held in an earlier session would come back beside it.
+        group->clear();
+        entry.pane->saveSettings(group);
+    }
 }
 
 VxPane *VxPaneMgr::findPane(const QString &className) const
