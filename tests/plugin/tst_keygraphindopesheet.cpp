@@ -223,11 +223,14 @@ void TestKeyGraphInDopeSheet::rowsMadeAnew()
     m_property->setKeyInterpolation(1, VxKeyInterp::Tcb, 0.5f, 0.0f, 0.0f);
     m_sheet->setKeySelection(true, rowOf(m_property), rowOf(m_property));
     QVERIFY(m_sheet->getCommonTension(nullptr));
+    const auto *tension = find<QWidget>("TimelineInterpTensionSBox");
+    QVERIFY(tension->isEnabled());
     pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropRotate);
     QCoreApplication::processEvents();
     QCOMPARE(selectedInRow(), QVector<int>());
     QCOMPARE(selectedInGraph(), QVector<int>());
     QVERIFY(!m_sheet->getCommonTension(nullptr));
+    QVERIFY(!tension->isEnabled());
     clickRow();
     QCOMPARE(selectedInRow(), selectedInGraph());
 }

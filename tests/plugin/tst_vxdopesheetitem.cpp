@@ -420,6 +420,12 @@ void TestDopeSheetItem::deletesWhatIsSelectedWithinAChangeBlock()
     m_rowX->deleteSelectedKeys();
     QCOMPARE(m_x->getNumKeys(), 1);
     QCOMPARE(m_x->getKeyTime(0), 10);
+    // Selected before, and at another place in the list by now.
+    m_rowX->setKeysSelected(true, 10, 10);
+    setKeys(m_x, {5});
+    m_rowX->deleteSelectedKeys();
+    QCOMPARE(m_x->getNumKeys(), 1);
+    QCOMPARE(m_x->getKeyTime(0), 5);
 }
 
 void TestDopeSheetItem::groupsDeleteNothing()

@@ -153,6 +153,8 @@ void TestDopeSheetModel::itemsOfIndexes()
     }
     QCOMPARE(m_model->index(0, 0).data().toString(), QStringLiteral("hip"));
     QVERIFY(!m_model->index(0, 1).data().isValid());
+    QVERIFY(m_model->index(0, 2).isValid());
+    QVERIFY(!m_model->index(0, 2).data(Qt::UserRole).isValid());
     QVERIFY(!m_model->index(0, 0).data(Qt::ToolTipRole).isValid());
     QVERIFY(!m_model->data(QModelIndex()).isValid());
     QVERIFY(!m_model->index(1, 0).isValid());
@@ -324,7 +326,14 @@ void TestDopeSheetModel::deletedWithoutRemoval()
     m_view->selectAll();
     rowOf(m_model->getRootItem(), child->getXPosControl())->setKeysSelected(true, 10, 10);
     QVERIFY(m_model->hasSelectedKeys());
+    // Whoever asks for the name of a row that goes meets no node that is gone.
+    QStringList names;
+    connect(m_model.get(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this, &names](const QModelIndex &parent, int first) {
+                names += m_model->index(first, 0, parent).data().toString();
+            });
     top.reset();
+    QCOMPARE(names, QStringList({QString(), QString()}));
     QCOMPARE(m_model->rowCount(), 0);
     QVERIFY(!m_model->hasSelectedKeys());
     QVERIFY(m_model->getTopLevelNodes().isEmpty());

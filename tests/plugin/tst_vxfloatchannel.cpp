@@ -405,6 +405,8 @@ void TestFloatChannel::publishing()
     channel.publishSelection();
     QCOMPARE(messages.size(), 1);
     QCOMPARE(messages.at(0).selectedKeys.value(property), QVector<qint32>({0, 2, 3}));
+    QVERIFY(!messages.at(0).clearSelection);
+    QVERIFY(messages.at(0).deselectedKeys.isEmpty());
     QVERIFY(messages.at(0).selectedTimes.isEmpty() && messages.at(0).deselectedTimes.isEmpty());
 }
 

@@ -1,10 +1,15 @@
 #include "timepanetestbase.h"
 
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QSortFilterProxyModel>
+#include <QtWidgets/QHeaderView>
 #include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxskeleton.h>
 
 #include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepaneevents.h"
 
@@ -26,6 +31,22 @@ protected:
             ++selectionChanges;
         if (event->type() == VxTimelineDopesheetEnsureItemVisibleEvent::eventType())
             ++ensureVisibles;
+        return false;
+    }
+};
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *watched) { watched->installEventFilter(this); }
+
+    int paints = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        paints += int(event->type() == QEvent::Paint);
         return false;
     }
 };
@@ -53,7 +74,12 @@ private Q_SLOTS:
     void rowSelectionSelectsNodes();
     void rowsOfTheScene();
     void nodesThatComeDuringALoad();
+    void loadsNest();
+    void clearingDuringALoad();
+    void rowsMadeAnew();
     void rowsMadeAnewDuringALoad();
+    void modelsKnowTheKeyScope();
+    void changedKeysAreShown();
     void clearingTheSceneEmptiesTheSheet();
     void helpersStayOut();
     void rootRowsMove();
@@ -312,6 +338,99 @@ void TestTimePaneRows::nodesThatComeDuringALoad()
     vxScene->endLoad();
     QCOMPARE(model->rowCount(), 1);
     QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("stays"));
+}
+
+void TestTimePaneRows::loadsNest()
+{
+    showPane();
+    const auto call = [this](const char *slot) {
+        QVERIFY(QMetaObject::invokeMethod(pane.get(), slot));
+    };
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    call("handleSceneLoadStarting");
+    call("handleSceneLoadStarting");
+    vxScene->addNode(new VxNode(QStringLiteral("a")));
+    call("handleSceneLoaded");
+    QCOMPARE(model->rowCount(), 0);
+    call("handleSceneLoaded");
+    QCOMPARE(model->rowCount(), 1);
+    call("handleSceneLoaded");
+    vxScene->addNode(new VxNode(QStringLiteral("b")));
+    QCOMPARE(model->rowCount(), 2);
+}
+
+// What waits for the end of the load is gone by then.
+void TestTimePaneRows::clearingDuringALoad()
+{
+    showPane();
+    vxScene->beginLoad();
+    vxScene->addNode(new VxNode(QStringLiteral("a")));
+    vxScene->clear();
+    vxScene->addNode(new VxNode(QStringLiteral("b")));
+    vxScene->endLoad();
+    const QAbstractItemModel *model = pane->getDopeSheetView()->model();
+    QCOMPARE(model->rowCount(), 1);
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("b"));
+}
+
+void TestTimePaneRows::rowsMadeAnew()
+{
+    showPane();
+    auto *figure = new VxSkeleton(QStringLiteral("figure"));
+    figure->addNodeChild(new VxBone(QStringLiteral("hip")));
+    auto *camera = new VxNode(QStringLiteral("camera"));
+    vxScene->addNode(figure);
+    vxScene->addNode(camera);
+    figure->select(true);
+    QCoreApplication::processEvents();
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    view->setColumnWidth(VxDopeSheetView::NameColumn, 180);
+    // Only now is it asked again which nodes belong in the sheet.
+    camera->setVisible(false);
+    QVERIFY(view->findNodeIndex(camera).isValid());
+    pane->refreshDopesheet();
+    QVERIFY(!view->findNodeIndex(camera).isValid());
+    QVERIFY(view->findNodeIndex(figure->getNodeChild(0)).isValid());
+    QCOMPARE(view->columnWidth(VxDopeSheetView::NameColumn), 180);
+    QVERIFY(!pane->hasDopeSheetItemSelection());
+    QCoreApplication::processEvents();
+    QVERIFY(view->selectionModel()->isSelected(view->findNodeIndex(figure)));
+}
+
+void TestTimePaneRows::modelsKnowTheKeyScope()
+{
+    const auto scope = [this] {
+        const QSortFilterProxyModel *filter = pane->getDopeSheetView()->getFilterModel();
+        return qobject_cast<VxDopeSheetModel *>(filter->sourceModel())->getKeyCreationScope();
+    };
+    showPane();
+    QCOMPARE(scope(), 2);
+    addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeNodeRecurse);
+    pane->refreshDopesheet();
+    QCOMPARE(scope(), 1);
+}
+
+void TestTimePaneRows::changedKeysAreShown()
+{
+    addChoices(TimePaneChoice::PropertyTypeFamily, {1});
+    actions.front()->setChecked(true);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    PaintCounter rows(view->viewport());
+    PaintCounter ruler(view->header()->viewport());
+    const auto isCalm = [&rows, &ruler] {
+        rows.paints = ruler.paints = 0;
+        QCoreApplication::processEvents();
+        return rows.paints + ruler.paints == 0;
+    };
+    QTRY_VERIFY(isCalm());
+    node->getXPosControl()->setKey(160, 1.0f, VxKeyInterp::Linear);
+    QTRY_VERIFY(rows.paints > 0);
+    QTRY_VERIFY(ruler.paints > 0);
 }
 
 void TestTimePaneRows::rowsMadeAnewDuringALoad()
