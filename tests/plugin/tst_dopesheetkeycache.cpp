@@ -24,6 +24,8 @@ DopeSheetKeys keysOf(const Marks &marks)
         keys.flags.append(quint8(selected));
         keys.selectedCount += int(selected);
     }
+    if (keys.selectedCount == 0)
+        keys.flags.clear();
     return keys;
 }
 
@@ -31,13 +33,13 @@ Marks marksOf(const DopeSheetKeys &keys)
 {
     Marks marks;
     for (int i = 0; i < keys.count(); ++i)
-        marks[keys.times.at(i)] = keys.flags.at(i) != 0;
+        marks[keys.times.at(i)] = keys.allFlags()[i] != 0;
     return marks;
 }
 
 bool isSound(const DopeSheetKeys &keys)
 {
-    return keys.flags.size() == keys.count() &&
+    return keys.flags.size() == (keys.selectedCount > 0 ? keys.count() : 0) &&
            std::is_sorted(keys.times.cbegin(), keys.times.cend(), std::less_equal<>()) &&
            keys.selectedCount == std::count(keys.flags.cbegin(), keys.flags.cend(), quint8(1));
 }

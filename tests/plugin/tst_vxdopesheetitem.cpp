@@ -1,5 +1,6 @@
 #include "dopesheetrowstestbase.h"
 
+#include <random>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxmorph.h>
 
@@ -35,6 +36,8 @@ private Q_SLOTS:
     void selectingOnlyMovedKeys();
     void selectionStaysByTime();
     void unionsShowEachTimeOnce();
+    void unionsOverGroups();
+    void anyRowAtAnyTime();
     void selectingAUnionSelectsNothing();
     void binarySearch();
     void badIndexes();
@@ -348,6 +351,95 @@ void TestDopeSheetItem::unionsShowEachTimeOnce()
     QCOMPARE(selectedTimes(*m_root), Times({10, 20}));
     QVERIFY(!m_rowY->hasSelectedKeys());
     QVERIFY(m_root->hasKeys());
+}
+
+// A group that has not been asked for its keys is passed over; one that has been is not.
+void TestDopeSheetItem::unionsOverGroups()
+{
+    for (const bool askGroup : {false, true}) {
+        m_y->deleteKeys(VxTimeRange(0, 480));
+        makeTree({0, 160}, {160, 320});
+        if (askGroup)
+            QCOMPARE(keyTimes(*m_group), (Times{0, 160, 320}));
+        QCOMPARE(keyTimes(*m_root), (Times{0, 160, 320}));
+        m_rowX->setKeysSelected(true, 160, 160);
+        QCOMPARE(selectedTimes(*m_root), Times{160});
+        QCOMPARE(selectedTimes(*m_group), Times{160});
+        setKeys(m_y, {480});
+        if (!askGroup)
+            QCOMPARE(keyTimes(*m_group), (Times{0, 160, 320, 480}));
+        QCOMPARE(keyTimes(*m_root), (Times{0, 160, 320, 480}));
+        QVERIFY(m_root->hasSelectedKeys());
+        m_rowX->setKeysSelected(false, 0, 1000);
+        QVERIFY(!m_root->hasSelectedKeys());
+        QCOMPARE(selectedTimes(*m_group), Times{});
+    }
+}
+
+namespace {
+
+// The keys of a row worked out the plain way.
+QMap<VxTime, bool> keysBelow(const VxDopeSheetItem *item)
+{
+    QMap<VxTime, bool> keys;
+    if (item->property()) {
+        for (int i = 0; i < item->keyCount(); ++i)
+            keys[item->keyTime(i)] = item->isKeySelected(i);
+    }
+    for (int i = 0; i < item->childCount(); ++i) {
+        const QMap<VxTime, bool> below = keysBelow(item->child(i));
+        for (auto key = below.cbegin(); key != below.cend(); ++key)
+            keys[key.key()] |= key.value();
+    }
+    return keys;
+}
+
+void collect(VxDopeSheetItem *item, QVector<VxDopeSheetItem *> *all)
+{
+    all->append(item);
+    for (int i = 0; i < item->childCount(); ++i)
+        collect(item->child(i), all);
+}
+
+} // namespace
+
+// Rows are asked in no order, after changes anywhere.
+void TestDopeSheetItem::anyRowAtAnyTime()
+{
+    VxNode *arm = builder->addNode(QStringLiteral("arm"), m_node);
+    builder->addSpecialProperties(m_node);
+    VxDopeSheetModel model(0xff, 2, nullptr);
+    model.addNode(m_node, true);
+    QVector<VxDopeSheetItem *> rows;
+    collect(model.getRootItem(), &rows);
+    QVector<VxFloatProperty *> channels;
+    for (VxNode *node : {m_node, arm}) {
+        channels += {node->getXPosControl(), node->getYPosControl(), node->getXRotControl(),
+                     node->getScaleControl()};
+    }
+    std::mt19937 random(3);
+    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
+    for (int step = 0; step < 3000; ++step) {
+        VxFloatProperty *channel = channels.at(below(channels.size()));
+        const VxTime time = 160 * below(12);
+        switch (below(4)) {
+        case 0:
+            channel->setKey(time, 1.0f, VxKeyInterp::Linear);
+            break;
+        case 1:
+            channel->deleteKeys(VxTimeRange(time, time));
+            break;
+        case 2:
+            rowOf(model.getRootItem(), channel)->setKeysSelected(below(2), time, time + 320);
+            break;
+        default:
+            VxDopeSheetItem *row = rows.at(below(rows.size()));
+            const QMap<VxTime, bool> expected = keysBelow(row);
+            QCOMPARE(keyTimes(*row), expected.keys().toVector());
+            QCOMPARE(selectedTimes(*row), expected.keys(true).toVector());
+            QCOMPARE(row->hasSelectedKeys(), !expected.keys(true).isEmpty());
+        }
+    }
 }
 
 void TestDopeSheetItem::selectingAUnionSelectsNothing()

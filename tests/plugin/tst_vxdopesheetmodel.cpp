@@ -70,6 +70,7 @@ private Q_SLOTS:
     void labelsAreToldAlsoAfterRemoval();
     void namesAreToldOnce();
     void objectsChange();
+    void objectsThatAreNotListed();
     void selectedKeys();
 
 private:
@@ -532,22 +533,62 @@ void TestDopeSheetModel::namesAreToldOnce()
     QTRY_COMPARE(names.count(), 2);
 }
 
-// The rows of a node stay as they were built; those of properties that are gone are empty.
+// The rows of an object's properties come and go with it; the node's own stay as they are.
 void TestDopeSheetModel::objectsChange()
 {
     VxNode *a = node("a");
+    VxNode *below = node("below", a);
     VxMorph *morph = builder->addMorphs(a, 1).first();
     VxDopeSheetModel model(0xff, 2, nullptr);
-    model.addNode(a);
-    VxDopeSheetItem *row = rowOf(model.getRootItem(), morph->getValueControl());
-    QVERIFY(row);
+    FirstColumnOnly firstColumn;
+    firstColumn.setSourceModel(&model);
+    const Tester tester(&firstColumn, Tester::FailureReportingMode::QtTest);
+    model.addNode(a, true);
+    const QStringList with = labelsBelow(model.getRootItem());
+    QVERIFY(rowOf(model.getRootItem(), morph->getValueControl()));
     setKeys(morph->getValueControl(), {10});
-    row->setKeysSelected(true, 10, 10);
-    QVERIFY(model.hasSelectedKeys());
+    setKeys(a->getYPosControl(), {20, 30});
+    setKeys(below->getYPosControl(), {40});
+    rowOf(model.getRootItem(), morph->getValueControl())->setKeysSelected(true, 10, 10);
+    rowOf(model.getRootItem(), a->getYPosControl())->setKeysSelected(true, 30, 30);
+    QCOMPARE(keyTimes(*model.findItem(a)), (QVector<VxTime>{10, 20, 30, 40}));
+
     a->setObject(nullptr);
-    QVERIFY(!row->property());
-    QVERIFY(!model.hasSelectedKeys());
-    QCOMPARE(model.findItem(a)->keyCount(), 0);
+    const QStringList without = labelsBelow(model.getRootItem());
+    QVERIFY(without.size() < with.size());
+    QCOMPARE(keyTimes(*model.findItem(a)), (QVector<VxTime>{20, 30, 40}));
+    QCOMPARE(selectedTimes(*model.findItem(a)), QVector<VxTime>{30});
+    QCOMPARE(model.findItem(a)->child(0)->label(), QStringLiteral("Properties"));
+    QCOMPARE(model.findItem(a)->child(1), model.findItem(below));
+
+    auto *object = new VxObject(QStringLiteral("other"));
+    auto *other = new VxMorph(QStringLiteral("Morph 1"));
+    object->addSubElement(other);
+    setKeys(other->getValueControl(), {15});
+    QSignalSpy changed(&model, &VxDopeSheetModel::dataChanged);
+    a->setObject(object);
+    QVERIFY(changed.count() > 0);
+    QCOMPARE(labelsBelow(model.getRootItem()), with);
+    QCOMPARE(keyTimes(*model.findItem(a)), (QVector<VxTime>{15, 20, 30, 40}));
+    QCOMPARE(selectedTimes(*model.findItem(a)), QVector<VxTime>{30});
+    // The new rows are heard of, and renaming counts.
+    setKeys(other->getValueControl(), {16});
+    QCOMPARE(model.findItem(a)->keyCount(), 5);
+
+    model.removeNode(a);
+    a->setObject(nullptr);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+// Where only transforms are listed an object makes no difference.
+void TestDopeSheetModel::objectsThatAreNotListed()
+{
+    VxNode *a = node("a");
+    m_model->addNode(a);
+    QSignalSpy removed(m_model.get(), &VxDopeSheetModel::rowsRemoved);
+    builder->addMorphs(a, 2);
+    a->setObject(nullptr);
+    QCOMPARE(removed.count(), 0);
 }
 
 void TestDopeSheetModel::selectedKeys()

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <numeric>
+#include <vector>
 
 namespace {
 
 // Compared at once; entries.
 constexpr int BlockSize = 64;
+// Flags; enough for most rows at once.
+constexpr int LeastRoom = 4096;
 
 bool areEqual(const VxTime *a, const VxTime *b, int count)
 {
@@ -29,12 +33,11 @@ int equalRun(const VxTime *a, const VxTime *b, int most)
 
 // Gives keys the flags that others have at the same times. Only few times differ as a rule, so the
 // stretches that agree are copied whole.
-void carryFlags(const DopeSheetKeys &from, DopeSheetKeys *to)
+void carryFlags(const DopeSheetKeys &from, quint8 *flags, const DopeSheetKeys *to)
 {
     const VxTime *old = from.times.constData();
     const VxTime *fresh = to->times.constData();
     const quint8 *oldFlags = from.flags.constData();
-    quint8 *flags = to->flags.data();
     int i = 0;
     int j = 0;
     while (i < from.count() && j < to->count()) {
@@ -64,12 +67,38 @@ void DopeSheetKeys::takeTimes(const VxTime *fresh, int freshCount)
     const DopeSheetKeys old = *this;
     times = QVector<VxTime>(freshCount);
     std::copy_n(fresh, freshCount, times.data());
-    flags = QVector<quint8>(freshCount, 0);
+    flags.clear();
     selectedCount = 0;
     if (old.selectedCount == 0)
         return;
-    carryFlags(old, this);
+    carryFlags(old, flagsToWrite(), this);
     selectedCount = countSelected(flags.constData(), freshCount);
+    dropFlagsOfNone();
+}
+
+// Rooms that have become too small are kept: rows may still read them.
+const quint8 *DopeSheetKeys::noFlags(int flagCount)
+{
+    static std::vector<std::unique_ptr<quint8[]>> rooms;
+    static int size = 0;
+    if (flagCount > size || rooms.empty()) {
+        size = std::max(flagCount, std::max(2 * size, LeastRoom));
+        rooms.push_back(std::make_unique<quint8[]>(size_t(size)));
+    }
+    return rooms.back().get();
+}
+
+quint8 *DopeSheetKeys::flagsToWrite()
+{
+    if (flags.isEmpty())
+        flags = QVector<quint8>(count(), 0);
+    return flags.data();
+}
+
+void DopeSheetKeys::dropFlagsOfNone()
+{
+    if (selectedCount == 0)
+        flags.clear();
 }
 
 int DopeSheetKeys::countSelected(const quint8 *flags, int flagCount)
@@ -90,22 +119,24 @@ void DopeSheetKeys::setSelected(bool select, VxTime start, VxTime end)
         last = firstFrom(end);
     if (first == last || selectedCount == (select ? count() : 0))
         return;
-    quint8 *begin = flags.data() + first;
-    quint8 *beyond = flags.data() + last;
+    quint8 *begin = flagsToWrite() + first;
+    quint8 *beyond = begin + (last - first);
     selectedCount -= countSelected(begin, last - first);
     std::fill(begin, beyond, select ? quint8(Selected) : quint8(0));
     selectedCount += select ? last - first : 0;
+    dropFlagsOfNone();
 }
 
 void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
 {
-    quint8 *all = flags.data();
+    quint8 *all = flagsToWrite();
     for (const int index : indexes) {
         if (index < 0 || index >= count())
             continue;
         selectedCount += int(select) - int(all[index]);
         all[index] = quint8(select);
     }
+    dropFlagsOfNone();
 }
 
 void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
@@ -122,10 +153,12 @@ void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
 // Mostly neighbours, of which none is missing.
 void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCount)
 {
-    flags.fill(0, count());
     selectedCount = 0;
-    if (selectedTimeCount == 0)
+    if (selectedTimeCount == 0) {
+        flags.clear();
         return;
+    }
+    flags.fill(0, count());
     quint8 *all = flags.data();
     const VxTime *own = times.constData();
     int i = firstFrom(*selectedTimes);
@@ -143,6 +176,7 @@ void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCoun
         all[i] = Selected;
         ++selectedCount;
     }
+    dropFlagsOfNone();
 }
 
 QVector<int> DopeSheetKeys::selectedIndexes() const

@@ -7,8 +7,9 @@
 // The keys that one row shows: their times, and which of them are selected.
 //
 // A plain value. Times and flags are arrays of their own, so that each pass reads no more than it
-// needs: five bytes a key, fewer where rows have the same times, because those share one array.
-// That also makes equal rows cheap to recognise: their arrays lie at one address.
+// needs: four bytes a key and one more in a row with selected keys, fewer where rows have the same
+// times, because those share one array. That also makes equal rows cheap to recognise: their arrays
+// lie at one address.
 class DopeSheetKeys
 {
 public:
@@ -16,10 +17,16 @@ public:
     enum Flag : quint8 { Selected = 1 };
 
     QVector<VxTime> times; // ticks, strictly ascending
-    QVector<quint8> flags; // one for each time
+    QVector<quint8> flags; // one for each time; empty while no key is selected
     int selectedCount = 0; // how many flags have Selected
 
     int count() const { return times.size(); }
+    // One for each time in any case. Borrowed: valid until the next change.
+    const quint8 *allFlags() const
+    {
+        return flags.isEmpty() ? noFlags(count()) : flags.constData();
+    }
+    bool isSelected(int index) const { return flags.value(index, 0) & Selected; }
     // The index of the first key at or after time; count() when there is none.
     int firstFrom(VxTime time) const;
 
@@ -38,8 +45,12 @@ public:
     QVector<int> selectedIndexes() const;
 
     static int countSelected(const quint8 *flags, int flagCount);
+    // As many flags of keys that are not selected; they stay for good.
+    static const quint8 *noFlags(int flagCount);
 
 private:
+    quint8 *flagsToWrite();
+    void dropFlagsOfNone();
     void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
 };
 

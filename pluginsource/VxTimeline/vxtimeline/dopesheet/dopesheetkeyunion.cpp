@@ -75,6 +75,8 @@ public:
     Merge(const DopeSheetKeys &a, const DopeSheetKeys &b)
         : m_a(a)
         , m_b(b)
+        , m_flagsOfA(a.allFlags())
+        , m_flagsOfB(b.allFlags())
         , m_times(new VxTime[size_t(a.count()) + size_t(b.count())])
         , m_flags(new quint8[size_t(a.count()) + size_t(b.count())])
     {
@@ -103,8 +105,8 @@ private:
                std::memcmp(a + run, b + run, BlockSize * sizeof(VxTime)) == 0)
             run += BlockSize;
         std::copy_n(a, run, m_times.get() + m_count);
-        const quint8 *ofA = m_a.flags.constData() + m_i;
-        const quint8 *ofB = m_b.flags.constData() + m_j;
+        const quint8 *ofA = m_flagsOfA + m_i;
+        const quint8 *ofB = m_flagsOfB + m_j;
         quint8 *to = m_flags.get() + m_count;
         for (int k = 0; k < run; ++k)
             to[k] = quint8(ofA[k] | ofB[k]);
@@ -118,8 +120,8 @@ private:
     {
         const VxTime *a = m_a.times.constData();
         const VxTime *b = m_b.times.constData();
-        const quint8 *ofA = m_a.flags.constData();
-        const quint8 *ofB = m_b.flags.constData();
+        const quint8 *ofA = m_flagsOfA;
+        const quint8 *ofB = m_flagsOfB;
         for (int n = 0; n < StrideSize && m_i < m_a.count() && m_j < m_b.count(); ++n) {
             const VxTime ta = a[m_i];
             const VxTime tb = b[m_j];
@@ -137,7 +139,7 @@ private:
     {
         const int rest = keys.count() - from;
         std::copy_n(keys.times.constData() + from, rest, m_times.get() + m_count);
-        std::copy_n(keys.flags.constData() + from, rest, m_flags.get() + m_count);
+        std::copy_n(keys.allFlags() + from, rest, m_flags.get() + m_count);
         m_count += rest;
     }
 
@@ -145,9 +147,11 @@ private:
     {
         DopeSheetKeys keys;
         keys.times = packedTimes();
+        keys.selectedCount = DopeSheetKeys::countSelected(m_flags.get(), m_count);
+        if (keys.selectedCount == 0)
+            return keys;
         keys.flags = QVector<quint8>(m_count);
         std::copy_n(m_flags.get(), m_count, keys.flags.data());
-        keys.selectedCount = DopeSheetKeys::countSelected(m_flags.get(), m_count);
         return keys;
     }
 
@@ -165,6 +169,8 @@ private:
 
     const DopeSheetKeys &m_a;
     const DopeSheetKeys &m_b;
+    const quint8 *m_flagsOfA;
+    const quint8 *m_flagsOfB;
     std::unique_ptr<VxTime[]> m_times;
     std::unique_ptr<quint8[]> m_flags;
     int m_i = 0;
@@ -203,9 +209,14 @@ public:
     {
         m_present.assign(size_t(ticks() / WordBits + 1), 0);
         m_selected.assign(m_present.size(), 0);
-        for (const DopeSheetKeys &keys : rows)
+        for (const DopeSheetKeys &keys : rows) {
             mark(keys);
-        return gathered();
+            m_anySelected = m_anySelected || keys.selectedCount > 0;
+        }
+        DopeSheetKeys keys = gathered();
+        if (m_anySelected)
+            gatherFlags(&keys);
+        return keys;
     }
 
 private:
@@ -232,23 +243,31 @@ private:
             count += __builtin_popcountll(word);
         DopeSheetKeys keys;
         keys.times = QVector<VxTime>(count);
-        keys.flags = QVector<quint8>(count);
         VxTime *times = keys.times.data();
-        quint8 *flags = keys.flags.data();
         for (size_t w = 0; w < m_present.size(); ++w) {
             for (quint64 word = m_present[w]; word; word &= word - 1) {
                 const auto bit = quint32(__builtin_ctzll(word));
                 *times++ = VxTime(quint32(m_first) + quint32(w) * WordBits + bit);
-                *flags++ = quint8(m_selected[w] >> bit & 1);
             }
         }
-        keys.selectedCount = DopeSheetKeys::countSelected(keys.flags.constData(), count);
         return keys;
+    }
+
+    void gatherFlags(DopeSheetKeys *keys) const
+    {
+        keys->flags = QVector<quint8>(keys->count());
+        quint8 *flags = keys->flags.data();
+        for (size_t w = 0; w < m_present.size(); ++w) {
+            for (quint64 word = m_present[w]; word; word &= word - 1)
+                *flags++ = quint8(m_selected[w] >> quint32(__builtin_ctzll(word)) & 1);
+        }
+        keys->selectedCount = DopeSheetKeys::countSelected(keys->flags.constData(), keys->count());
     }
 
     VxTime m_first;
     VxTime m_last;
     qint64 m_keyCount = 0;
+    bool m_anySelected = false;
     std::vector<quint64> m_present;
     std::vector<quint64> m_selected;
 };

@@ -3,6 +3,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QString>
+#include <QtCore/QVarLengthArray>
 #include <QtCore/QVector>
 #include <vxcore/vxproperty.h>
 
@@ -11,8 +12,10 @@
 
 // The state of a row. Rows of one tree reach into each other's, for the keys of those below.
 //
-// A row whose keys are valid has only such rows below it; so a change of a row goes up no further
-// than to the first one that is not valid already.
+// A row that is valid has only such rows below it; so a change of a row goes up no further than to
+// the first one that is not valid already. Rows of properties and nodes that are valid have their
+// keys. Rows of groups have them only once they have been asked themselves; the rows above pass
+// them over.
 class VxDopeSheetItem::Private
 {
 public:
@@ -26,7 +29,8 @@ public:
     QVector<QMetaObject::Connection> connections;
 
     bool suppressesKeyChanges = false;
-    bool isValid = false; // the keys are up to date
+    bool isValid = false; // nothing has changed since the keys were gathered, here or from above
+    bool isKept = false;  // keys are those that were gathered
     DopeSheetKeys keys;
     QVector<VxTime> savedTimes;
     // How many keys are selected in this row, if it is a property's, and in all such rows below,
@@ -35,10 +39,21 @@ public:
     // The child below which a selected key was last found.
     int selectedHint = 0;
 
+    // The keys of rows below.
+    using KeysOfRows = QVarLengthArray<DopeSheetKeys *, 32>;
+
+    bool isGroup() const { return !property && !node; }
     void renumber(int from);
     void addSelected(qint64 difference);
     // Makes the keys valid, those of the rows below first.
     void update();
+    // Appends the keys of the rows below, made valid, that together are this row's.
+    void gather(KeysOfRows *rows);
+    void dropKeys()
+    {
+        keys = DopeSheetKeys();
+        isKept = false;
+    }
     // For property rows. Makes the keys those that the property has, whatever it has told.
     void updateFromProperty();
     void updateForEdit();

@@ -1,6 +1,5 @@
 // The keys of a row: gathered, selected, deleted.
 
-#include <QtCore/QVarLengthArray>
 #include <algorithm>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnode.h>
@@ -28,7 +27,7 @@ void VxDopeSheetItem::Private::updateFromProperty()
 {
     const int before = keys.selectedCount;
     keys.takeTimes(property->getKeyTimes(), property->getNumKeys());
-    isValid = true;
+    isValid = isKept = true;
     addSelected(keys.selectedCount - before);
 }
 
@@ -49,20 +48,33 @@ void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
 // What a row without property shows does not count as selected: the rows below have counted it.
 void VxDopeSheetItem::Private::update()
 {
-    if (isValid)
+    if (isValid && isKept)
         return;
     if (property) {
         updateFromProperty();
         return;
     }
-    QVarLengthArray<DopeSheetKeys *, 16> rows;
-    qint64 below = 0;
-    for (VxDopeSheetItem *item : children) {
-        item->d->update();
-        rows.append(&item->d->keys);
-        below += item->d->selectedBelow;
-    }
+    KeysOfRows rows;
+    gather(&rows);
     keys = uniteKeys(rows.constData(), rows.size());
+    isKept = true;
+}
+
+// Groups pass on what lies below them: keeping the same keys at each level of a node's groups would
+// take more room than the keys themselves.
+void VxDopeSheetItem::Private::gather(KeysOfRows *rows)
+{
+    qint64 below = 0;
+    for (VxDopeSheetItem *item : qAsConst(children)) {
+        Private *child = item->d.get();
+        if (child->isGroup() && !(child->isValid && child->isKept)) {
+            child->gather(rows);
+        } else {
+            child->update();
+            rows->append(&child->keys);
+        }
+        below += child->selectedBelow;
+    }
     isValid = true;
     addSelected(below - selectedBelow);
 }
@@ -130,7 +142,7 @@ VxTime VxDopeSheetItem::keyTime(int index) const
 bool VxDopeSheetItem::isKeySelected(int index) const
 {
     d->update();
-    return d->keys.flags.value(index, 0) & DopeSheetKeys::Selected;
+    return d->keys.isSelected(index);
 }
 
 const VxTime *VxDopeSheetItem::keyTimes() const
@@ -142,7 +154,7 @@ const VxTime *VxDopeSheetItem::keyTimes() const
 const quint8 *VxDopeSheetItem::keyFlags() const
 {
     d->update();
-    return d->keys.flags.constData();
+    return d->keys.allFlags();
 }
 
 int VxDopeSheetItem::firstKeyFrom(VxTime time) const
@@ -192,7 +204,7 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
         return;
     const int before = d->keys.selectedCount;
     d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), times, count);
-    d->isValid = true;
+    d->isValid = d->isKept = true;
     d->selectionEdited(before);
     Q_EMIT keysChanged();
 }
@@ -233,6 +245,9 @@ void VxDopeSheetItem::deleteSelectedKeys()
 
 void VxDopeSheetItem::invalidateKeys()
 {
-    for (VxDopeSheetItem *item = this; item && item->d->isValid; item = item->d->parent)
+    for (VxDopeSheetItem *item = this; item && item->d->isValid; item = item->d->parent) {
         item->d->isValid = false;
+        if (item->d->isGroup())
+            item->d->dropKeys();
+    }
 }

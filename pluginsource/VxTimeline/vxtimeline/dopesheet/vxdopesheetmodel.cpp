@@ -1,16 +1,21 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QMap>
 #include <QtCore/QTimer>
 #include <QtGui/QIcon>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
+#include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxstyle.h>
 
+#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 
@@ -39,6 +44,44 @@ public:
         return item && item->parentItem() == &root ? item->row() : -1;
     }
 };
+
+namespace {
+
+using SelectedTimes = QHash<const VxProperty *, QVector<VxTime>>;
+
+bool hasProperties(const VxObject *object)
+{
+    return object && !object->getPropertyGroups()->collectAllProperties().isEmpty();
+}
+
+// The row above a node's properties; null when it has none.
+VxDopeSheetItem *propertiesRowOf(const VxDopeSheetItem *nodeRow)
+{
+    VxDopeSheetItem *first = nodeRow->child(0);
+    return first && !first->node() ? first : nullptr;
+}
+
+void collectSelectedTimes(VxDopeSheetItem *item, SelectedTimes *selected)
+{
+    if (item->property() && item->hasSelectedKeys()) {
+        item->saveSelectedKeyTimes();
+        QVector<VxTime> &times = (*selected)[item->property()];
+        std::copy_n(item->savedTimes(), item->savedTimeCount(), std::back_inserter(times));
+    }
+    for (int i = 0; i < item->childCount(); ++i)
+        collectSelectedTimes(item->child(i), selected);
+}
+
+void selectTimes(VxDopeSheetItem *item, const SelectedTimes &selected)
+{
+    const auto found = selected.constFind(item->property());
+    if (item->property() && found != selected.cend())
+        item->selectOnlyKeysAt(found->constData(), found->size());
+    for (int i = 0; i < item->childCount(); ++i)
+        selectTimes(item->child(i), selected);
+}
+
+} // namespace
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)
@@ -236,6 +279,7 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
     connect(node, &QObject::destroyed, this, &VxDopeSheetModel::forgetNode, Qt::UniqueConnection);
     connect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
+    connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::renewPropertyRows);
     d->rows.insert(node, item);
     endInsertRows();
     handleNameChanged();
@@ -272,6 +316,7 @@ void VxDopeSheetModel::removeNode(VxNode *node)
     beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
     disconnect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
     disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
+    disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::renewPropertyRows);
     delete item;
     endRemoveRows();
     handleNameChanged();
@@ -321,12 +366,41 @@ void VxDopeSheetModel::parentChanged(VxNode *node, VxNode *oldParent, VxNode *ne
     handleNameChanged();
 }
 
-// The rows show the node's own properties; a node may get another object at any time.
+// What the rows show of a node's object is followed by renewPropertyRows().
 void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject)
 {
     Q_UNUSED(node)
     Q_UNUSED(oldObject)
     Q_UNUSED(newObject)
+}
+
+// The former object is still there while this is told, but its properties are not the node's any
+// more. Keys of the node's own properties stay selected.
+void VxDopeSheetModel::renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject)
+{
+    VxDopeSheetItem *item = findItem(node);
+    if (!item || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
+        (!hasProperties(oldObject) && !hasProperties(newObject)))
+        return;
+    SelectedTimes selected;
+    VxDopeSheetItem *former = propertiesRowOf(item);
+    if (former) {
+        collectSelectedTimes(former, &selected);
+        beginRemoveRows(indexOf(item), former->row(), former->row());
+        delete former;
+        endRemoveRows();
+    }
+    VxDopeSheetItem holder;
+    addPropertyRows(node, &holder);
+    if (VxDopeSheetItem *fresh = holder.child(0)) {
+        selectTimes(fresh, selected);
+        beginInsertRows(indexOf(item), 0, 0);
+        fresh->setParent(item);
+        item->moveChild(fresh->row(), 0);
+        endInsertRows();
+    }
+    handleNameChanged();
+    keysChanged();
 }
 
 void VxDopeSheetModel::keysChanged()

@@ -89,6 +89,7 @@ private:
     // For a node that is gone without having been removed: only its address is used.
     void forgetNode(QObject *node);
     void addPropertyRows(VxNode *node, VxDopeSheetItem *item);
+    void renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject);
     QVariant decoration(const VxDopeSheetItem *item) const;
     void moveRootRow(int from, int to);
     class Private;
