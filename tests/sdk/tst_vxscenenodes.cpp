@@ -34,6 +34,8 @@ private Q_SLOTS:
     void nodeDestroyedOnItsOwnLeavesTheScene();
     void sceneTakesItsNodesAlong();
     void nodesMoveWithinTheScene();
+    void orderIsTold_data();
+    void orderIsTold();
     void nodesDoNotMoveBetweenScenes();
     void additionIsUndone();
     void removalIsUndone();
@@ -334,6 +336,68 @@ void TestSceneNodes::nodesMoveWithinTheScene()
     QVERIFY(!find(QStringLiteral("a"))->setNodeParent(find(QStringLiteral("d"))));
     QCOMPARE(m_scene->getNumNodes(), 5);
     QCOMPARE(m_scene->getNodes().first(), c);
+}
+
+void TestSceneNodes::orderIsTold_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("parent");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("drawing");
+    QTest::addColumn<bool>("told");
+    QTest::newRow("to the front of its siblings") << "d"
+                                                  << "a" << 0 << "a(d b(c)) e" << true;
+    QTest::newRow("to where it is") << "d"
+                                    << "a" << 1 << "a(b(c) d) e" << false;
+    QTest::newRow("to the end, where it is") << "d"
+                                             << "a" << -1 << "a(b(c) d) e" << false;
+    QTest::newRow("from the front to the end") << "b"
+                                               << "a" << -1 << "a(d b(c)) e" << true;
+    QTest::newRow("as the last one below another") << "e"
+                                                   << "b" << -1 << "a(b(c e) d)" << false;
+    QTest::newRow("as the first one below another") << "e"
+                                                    << "b" << 0 << "a(b(e c) d)" << true;
+    QTest::newRow("to the front of the top level") << "c"
+                                                   << "" << 0 << "c a(b d) e" << true;
+    QTest::newRow("among the top level") << "e"
+                                         << "" << 0 << "e a(b(c) d)" << true;
+}
+
+void TestSceneNodes::orderIsTold()
+{
+    QFETCH(QString, node);
+    QFETCH(QString, parent);
+    QFETCH(int, index);
+    QFETCH(QString, drawing);
+    QFETCH(bool, told);
+    buildSample();
+    QStringList heard;
+    connect(m_scene.get(), &VxScene::nodeParentChanged, this, [&] { heard << "parent"; });
+    connect(m_scene.get(), &VxScene::nodeAdded, this, [&] { heard << "added"; });
+    connect(m_scene.get(), &VxScene::nodeOrderChanged, this,
+            [&](const VxNode *moved) { heard << "order " + moved->getName(); });
+    const bool changesParent = find(node)->getNodeParent() != find(parent);
+    VxUndoStackHold hold;
+    QVERIFY(find(node)->setNodeParent(find(parent), index));
+    hold.accept(QStringLiteral("Move"));
+    QCOMPARE(drawn(), drawing);
+    QStringList expected;
+    if (changesParent)
+        expected << "parent";
+    if (told)
+        expected << "order " + node;
+    QCOMPARE(heard, expected);
+    // A node that comes back among others is told of, too.
+    heard.clear();
+    VxUndoStackHold removal;
+    m_scene->removeNode(find(node));
+    removal.accept(QStringLiteral("Remove"));
+    m_stack->undo();
+    QCOMPARE(drawn(), drawing);
+    const VxNode *above = find(node)->getNodeParent();
+    const int siblings = above ? above->getNumNodeChildren() : m_scene->getRootNodes().size();
+    QCOMPARE(heard.contains("order " + node), find(node)->getSiblingIndex() != siblings - 1);
+    QCOMPARE(heard.first(), QString("added"));
 }
 
 void TestSceneNodes::nodesDoNotMoveBetweenScenes()

@@ -65,6 +65,8 @@ private Q_SLOTS:
     void itemsAreUndoneInReverseOrder();
     void memoryFollowsTheKeysThatChanged();
     void cleanStateFollowsTheIndex();
+    void stepsAndEntriesAreTold();
+    void theIndexIsSet();
     void scriptBracket();
     void randomEditsUndoToTheStartAndRedoToTheEnd();
 
@@ -335,6 +337,54 @@ void TestUndoStack::cleanStateFollowsTheIndex()
     stack.undo();
     QVERIFY(stack.isClean());
     QCOMPARE(clean.count(), 2);
+}
+
+void TestUndoStack::stepsAndEntriesAreTold()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    QStringList heard;
+    connect(&stack, &VxUndoStack::entryAdded, this, [&](const QString &text) {
+        heard << QStringLiteral("+%1 at %2").arg(text).arg(stack.index());
+    });
+    connect(&stack, &VxUndoStack::stepped, this,
+            [&](int from, int to) { heard << QStringLiteral("%1>%2").arg(from).arg(to); });
+    for (int i = 1; i <= 3; ++i) {
+        VxUndoStackHold hold;
+        x.setKey(i, 1.0f, 0);
+        hold.accept(QString::number(i));
+    }
+    VxUndoStackHold empty;
+    empty.accept(QStringLiteral("nothing"));
+    stack.undo();
+    stack.setIndex(0);
+    stack.undo(); // nothing left
+    stack.redo();
+    stack.setIndex(3);
+    stack.redo();
+    QCOMPARE(heard, QStringList({"+1 at 1", "+2 at 2", "+3 at 3", "3>2", "2>0", "0>1", "1>3"}));
+}
+
+void TestUndoStack::theIndexIsSet()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    for (int i = 1; i <= 4; ++i) {
+        VxUndoStackHold hold;
+        x.setKey(i, 1.0f, 0);
+        hold.accept(QString::number(i));
+    }
+    const QSignalSpy changed(&x, &VxProperty::valueChanged);
+    stack.setIndex(1);
+    QCOMPARE(stack.index(), 1);
+    QCOMPARE(x.getNumKeys(), 1);
+    QCOMPARE(changed.count(), 1); // once for all entries
+    stack.setIndex(5);
+    stack.setIndex(-1);
+    QCOMPARE(stack.index(), 1);
+    const VxUndoStackHold gesture;
+    stack.setIndex(4);
+    QCOMPARE(stack.index(), 1);
 }
 
 void TestUndoStack::scriptBracket()

@@ -43,11 +43,13 @@ public:
 
     /// Takes ownership and appends. path is the group path, see VxProperty::getPath(). Returns
     /// the property, or null, with a warning, when the property is null, has an owner or a name
-    /// that is taken: it then stays the caller's. Not recorded for undo.
+    /// that is taken: it then stays the caller's. Recorded for undo while a hold is open and the
+    /// element is in a scene.
     VxProperty *addProperty(VxProperty *property, const QString &path);
-    /// Removes a property and destroys it, after propertyRemoved(). False, with a warning, when it
-    /// is not one of the element's own, or one that the element cannot be without, such as a
-    /// node's transform controls. Not recorded for undo.
+    /// Removes a property, after propertyRemoved(): while a hold is open and the element is in a
+    /// scene the history keeps it, with its keys, for undo; otherwise it is destroyed. False, with
+    /// a warning, when it is not one of the element's own, or one that the element cannot be
+    /// without, such as a node's transform controls.
     bool removeProperty(VxProperty *property);
 
     /// The properties of the element, and of what belongs to it, by group; see

@@ -17,8 +17,8 @@ class VxSkeleton;
 /// The controls are float properties in the groups "/General/Transforms/Translation",
 /// ".../Rotation" (degrees) and ".../Scale". A node owns its child nodes and its object. Nodes
 /// enter a scene with VxScene::addNode(). Within a scene and while a hold is open, changes of
-/// hierarchy, label, visibility, selectability, rotation order, origin and end point are recorded
-/// for undo; selection and object are not.
+/// hierarchy, object, label, visibility, selectability, rotation order, origin and end point are
+/// recorded for undo; the selection is not.
 class VXCORE_EXPORT VxNode : public VxElement
 {
     Q_OBJECT
@@ -61,9 +61,9 @@ public:
     /// the child has a parent or either is in a scene.
     bool addNodeChild(VxNode *child);
 
-    /// The node's object or null; owned by the node. setObject() takes ownership; the former
-    /// object is destroyed after objectChanged(). An object of another node is refused with a
-    /// warning.
+    /// The node's object or null; owned by the node. setObject() takes ownership. After
+    /// objectChanged() the former object is destroyed, or kept by the history when the change is
+    /// recorded. An object of another node is refused with a warning.
     Q_INVOKABLE VxObject *getObject() const;
     void setObject(VxObject *object);
 

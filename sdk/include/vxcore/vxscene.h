@@ -129,6 +129,14 @@ Q_SIGNALS:
     /// node, the top one again, is out of the scene and still alive.
     void nodeRemoved(VxNode *node);
     void nodeParentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
+    /// node was moved among its siblings, or was put before some of them when it came into the
+    /// scene or below another parent; then it follows nodeAdded() or nodeParentChanged(). A view
+    /// that appends what comes puts the node to its place now.
+    void nodeOrderChanged(VxNode *node);
+    void nodeVisibleChanged(VxNode *node, bool visible);
+    /// Properties of the node, of its object or of what belongs to that one came or went. Those
+    /// that went are no longer anyone's, but may still be alive: the history keeps some.
+    void nodePropertiesChanged(VxNode *node);
     void nodeSelectionListChanged();
     void primarySelectionChanged(VxNode *node);
 

@@ -53,6 +53,9 @@ public Q_SLOTS:
     QString text(int index) const;
     QString undoText() const;
     QString redoText() const;
+    /// Undoes or redoes as many entries as it takes for index() to be the given one; a number
+    /// outside of 0 .. count() is ignored, as is every call while a hold is open.
+    void setIndex(int index);
     /// Forgets every entry, and what an open hold has collected up to now.
     void clear();
     /// Makes the present state the one that counts as saved.
@@ -64,6 +67,10 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void indexChanged(int index);
+    /// A hold has become an entry; it is the last one now.
+    void entryAdded(const QString &text);
+    /// Undo or redo has gone from one index to another, lower or higher one.
+    void stepped(int from, int to);
     void cleanChanged(bool clean);
 
 private:

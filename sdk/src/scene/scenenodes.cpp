@@ -164,20 +164,33 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
         if (added && added->getScene() == m_scene)
             Q_EMIT m_scene->nodeAdded(added);
     }
+    tellOrder(announced.first());
+}
+
+/** The order of a node that stands last among its siblings is known from its coming. */
+void SceneNodes::tellOrder(const QPointer<VxNode> &node)
+{
+    if (node && node->getScene() == m_scene && siblingsBelow(node->getNodeParent()).last() != node)
+        Q_EMIT m_scene->nodeOrderChanged(node);
 }
 
 void SceneNodes::relocate(VxNode *node, VxNode *parent, int index)
 {
     VxNode *oldParent = node->getNodeParent();
+    const int oldIndex = node->getSiblingIndex();
     detach(node);
     attach(node, parent, index);
     VxScene::Private::of(m_scene)->touchView();
-    if (oldParent == parent)
+    if (oldParent == parent) {
+        if (node->getSiblingIndex() != oldIndex)
+            Q_EMIT m_scene->nodeOrderChanged(node);
         return;
+    }
     const QPointer<VxNode> guard(node);
     Q_EMIT node->parentChanged(node, oldParent, parent);
     if (guard)
         Q_EMIT m_scene->nodeParentChanged(node, oldParent, parent);
+    tellOrder(guard);
 }
 
 void SceneNodes::announce(const QVector<VxNode *> &tops)

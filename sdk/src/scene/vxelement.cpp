@@ -1,9 +1,11 @@
 #include "scene/vxelement_p.h"
 
 #include "keys/vxproperty_p.h"
+#include "scene/elementundo.h"
 #include "undo/vxundovalueitem.h"
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 
@@ -31,6 +33,14 @@ VxScene *VxElement::Private::findScene() const
     return record->scene;
 }
 
+VxNode *VxElement::Private::findNode() const
+{
+    const Private *record = this;
+    while (record->owner)
+        record = of(record->owner);
+    return qobject_cast<VxNode *>(record->q);
+}
+
 void VxElement::Private::invalidateGroups()
 {
     for (Private *record = this; record; record = record->owner ? of(record->owner) : nullptr)
@@ -45,6 +55,31 @@ void VxElement::Private::release(VxProperty *property)
     invalidateGroups();
 }
 
+void VxElement::Private::take(VxProperty *property)
+{
+    property->setParent(nullptr);
+    release(property);
+    Q_EMIT q->propertyRemoved(property);
+    tellPropertiesChanged();
+}
+
+void VxElement::Private::insert(VxProperty *property, int index)
+{
+    property->setParent(q);
+    VxProperty::Private::of(property)->owner = q;
+    properties.insert(qMin(index, properties.size()), property);
+    byName.insert(property->getName(), property);
+    invalidateGroups();
+    Q_EMIT q->propertyAdded(property);
+    tellPropertiesChanged();
+}
+
+void VxElement::Private::tellPropertiesChanged() const
+{
+    if (VxScene *inScene = findScene())
+        Q_EMIT inScene->nodePropertiesChanged(findNode());
+}
+
 void VxElement::Private::loseProperty(VxProperty *property)
 {
     VxElement *element = property->getOwner();
@@ -52,6 +87,20 @@ void VxElement::Private::loseProperty(VxProperty *property)
     record->propertyLost(property);
     record->release(property);
     Q_EMIT element->propertyRemoved(property);
+    record->tellPropertiesChanged();
+}
+
+void VxElement::Private::announceRemovalOfAll()
+{
+    QVector<VxElement *> elements;
+    collect(q, elements);
+    QVector<QPointer<VxElement>> guarded;
+    for (VxElement *element : qAsConst(elements))
+        guarded.append(element);
+    for (VxElement *element : qAsConst(guarded)) {
+        if (element)
+            of(element)->announceRemoval();
+    }
 }
 
 void VxElement::Private::announceRemoval()
@@ -157,12 +206,9 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
         return nullptr;
     }
     property->setPath(path);
-    property->setParent(this);
-    VxProperty::Private::of(property)->owner = this;
-    d->properties.append(property);
-    d->byName.insert(property->getName(), property);
-    d->invalidateGroups();
-    Q_EMIT propertyAdded(property);
+    if (ElementPropertyItem *item = recordPropertyPlace(this, property, -1))
+        item->setOwning(false);
+    d->insert(property, d->properties.size());
     return property;
 }
 
@@ -174,9 +220,13 @@ bool VxElement::removeProperty(VxProperty *property)
                  property ? qUtf8Printable(property->getName()) : "null", qUtf8Printable(d->name));
         return false;
     }
-    d->release(property);
-    Q_EMIT propertyRemoved(property);
-    delete property;
+    ElementPropertyItem *item =
+        recordPropertyPlace(this, property, d->properties.indexOf(property));
+    if (item)
+        item->setOwning(true);
+    d->take(property);
+    if (!item)
+        delete property;
     return true;
 }
 

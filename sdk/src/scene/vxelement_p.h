@@ -7,12 +7,15 @@
 #include <vxcore/vxelement.h>
 #include <vxcore/vxpropertygrouptree.h>
 
+class VxNode;
 class VxScene;
 
 /// The kinds of undo items that elements, nodes and the scene make.
 enum VxSceneUndoKind {
     VxUndoElementLabel = 1,
+    VxUndoElementProperties,
     VxUndoNodePlace,
+    VxUndoNodeObject,
     VxUndoNodeVisible,
     VxUndoNodeSelectable,
     VxUndoNodeIk,
@@ -39,12 +42,22 @@ public:
     VxScene *findScene() const;
     /// Forgets the group trees from here upwards.
     void invalidateGroups();
+    /// The node that the element is, or belongs to; null outside of nodes.
+    VxNode *findNode() const;
     /// Takes a property out of the list; it keeps living.
     void release(VxProperty *property);
+    /// Takes a property out, or puts one that has no owner at a place in the list (one beyond the
+    /// end: last), and tells of it.
+    void take(VxProperty *property);
+    void insert(VxProperty *property, int index);
+    /// Tells the scene, if there is one, that the node's properties came or went.
+    void tellPropertiesChanged() const;
     /// For a property that is destroyed while its element still has it.
     static void loseProperty(VxProperty *property);
     /// Sends aboutToBeRemoved(), once between two stays in a scene.
     void announceRemoval();
+    /// The same for the element and all that it groups.
+    void announceRemovalOfAll();
     /// The element and what it groups, each followed by its own.
     static void collect(VxElement *element, QVector<VxElement *> &list);
 

@@ -1,5 +1,6 @@
 #include "scene/vxnode_p.h"
 
+#include "scene/elementundo.h"
 #include "scene/scenenodes.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
@@ -146,20 +147,11 @@ void VxNode::setObject(VxObject *object)
                  qUtf8Printable(object->getOwnerElement()->getName()), qUtf8Printable(getName()));
         return;
     }
-    if (former) {
-        VxElement::Private::of(former)->announceRemoval();
-        VxElement::Private::of(former)->owner = nullptr;
-        former->setParent(nullptr);
-    }
-    priv()->object = object;
-    if (object) {
-        object->setParent(this);
-        VxElement::Private::of(object)->owner = this;
-    }
-    invalidatePropertyGroups();
-    Q_EMIT objectChanged(this, former, object);
-    priv()->touchView();
-    delete former;
+    // An object that the hold itself has brought is of no use to the history.
+    const NodeObjectItem *item = recordObject(this);
+    priv()->exchangeObject(object);
+    if (!item || item->kept() != former)
+        delete former;
 }
 
 VxSkeleton *VxNode::getSkeleton() const
@@ -264,6 +256,8 @@ void VxNode::setVisible(bool visible)
         [](VxNode *n, const bool &value) { n->setVisible(value); });
     priv()->visible = visible;
     Q_EMIT visibleChanged(visible);
+    if (VxScene *scene = getScene())
+        Q_EMIT scene->nodeVisibleChanged(this, visible);
     priv()->touchView();
 }
 

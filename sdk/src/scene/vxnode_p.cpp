@@ -23,12 +23,37 @@ void VxNode::Private::elementLost(VxElement *element)
     if (element == object)
         object = nullptr;
     invalidateGroups();
+    tellPropertiesChanged();
 }
 
 void VxNode::Private::touchView()
 {
     if (scene)
         VxScene::Private::of(scene)->touchView();
+}
+
+VxObject *VxNode::Private::exchangeObject(VxObject *newObject)
+{
+    VxObject *former = object;
+    if (former) {
+        VxElement::Private::of(former)->announceRemovalOfAll();
+        VxElement::Private::of(former)->owner = nullptr;
+        former->setParent(nullptr);
+    }
+    object = newObject;
+    if (newObject) {
+        newObject->setParent(q);
+        VxElement::Private::of(newObject)->owner = q;
+        QVector<VxElement *> elements;
+        collect(newObject, elements);
+        for (VxElement *element : qAsConst(elements))
+            VxElement::Private::of(element)->removalAnnounced = false;
+    }
+    invalidateGroups();
+    Q_EMIT self()->objectChanged(self(), former, newObject);
+    tellPropertiesChanged();
+    touchView();
+    return former;
 }
 
 void VxNode::Private::collectNodes(VxNode *top, QVector<VxNode *> &list)

@@ -20,6 +20,9 @@ public:
     void record(int kind, Value (*get)(const VxNode *), void (*set)(VxNode *, const Value &));
     /// Tells the scene that a picture of it is out of date.
     void touchView();
+    /// Puts another object, which no element has, or null in the place of the present one, and
+    /// tells of it. Returns the former one, which belongs to nobody then.
+    VxObject *exchangeObject(VxObject *object);
     /// The node with everything below it, each parent before its children.
     static void collectNodes(VxNode *top, QVector<VxNode *> &list);
     /// Moves the node within a hierarchy that is in no scene.

@@ -10,6 +10,7 @@ public:
     {
         subElements.removeOne(element);
         invalidateGroups();
+        tellPropertiesChanged();
     }
 
     QVector<VxElement *> subElements;
@@ -68,6 +69,7 @@ bool VxObject::addSubElement(VxElement *element)
     VxElement::Private::of(element)->owner = this;
     priv()->subElements.append(element);
     invalidatePropertyGroups();
+    priv()->tellPropertiesChanged();
     return true;
 }
 

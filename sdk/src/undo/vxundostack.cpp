@@ -77,14 +77,29 @@ void VxUndoStack::Private::close(const VxUndoStackHold *hold, const QString *tex
     finished.erase(std::remove_if(finished.begin(), finished.end(),
                                   [](const auto &item) { return !item->finish(); }),
                    finished.end());
-    if (!finished.empty())
-        stack->push(new VxUndoEntry(*text, std::move(finished), &applying));
+    if (finished.empty())
+        return;
+    stack->push(new VxUndoEntry(*text, std::move(finished), &applying));
+    Q_EMIT q->entryAdded(*text);
+}
+
+void VxUndoStack::Private::step(int to)
+{
+    const int from = stack->index();
+    if (!holds.empty() || applying || to == from || to < 0 || to > stack->count())
+        return;
+    {
+        const VxChangeBlock block;
+        stack->setIndex(to);
+    }
+    Q_EMIT q->stepped(from, stack->index());
 }
 
 VxUndoStack::VxUndoStack(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>())
 {
+    d->q = this;
     d->stack = new QUndoStack(this);
     connect(d->stack, &QUndoStack::indexChanged, this, &VxUndoStack::indexChanged);
     connect(d->stack, &QUndoStack::cleanChanged, this, &VxUndoStack::cleanChanged);
@@ -149,14 +164,17 @@ qint64 VxUndoStack::memoryUsed() const
 
 void VxUndoStack::undo()
 {
-    if (d->holds.empty())
-        d->stack->undo();
+    d->step(d->stack->index() - 1);
 }
 
 void VxUndoStack::redo()
 {
-    if (d->holds.empty())
-        d->stack->redo();
+    d->step(d->stack->index() + 1);
+}
+
+void VxUndoStack::setIndex(int index)
+{
+    d->step(index);
 }
 
 bool VxUndoStack::canUndo() const

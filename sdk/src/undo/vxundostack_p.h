@@ -37,7 +37,10 @@ public:
     /// Ends a hold. When it is the outermost one, its items leave: into an entry when text is
     /// given, else into nothing.
     void close(const VxUndoStackHold *hold, const QString *text);
+    /// Lets the toolkit's stack go to an index and tells of it.
+    void step(int to);
 
+    VxUndoStack *q = nullptr;
     QUndoStack *stack = nullptr;
     /// The open holds in the order of their opening; the first one is the outermost.
     std::vector<const VxUndoStackHold *> holds;

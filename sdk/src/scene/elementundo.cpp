@@ -1,0 +1,134 @@
+#include "scene/elementundo.h"
+
+#include "scene/vxelement_p.h"
+#include "scene/vxnode_p.h"
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+bool isRecording(VxElement *element)
+{
+    const VxUndoStack *stack = VxUndoStack::current();
+    return stack && stack->isRecording() && VxElement::Private::of(element)->findScene();
+}
+
+qint64 propertyMemory(const VxProperty *property)
+{
+    const auto *number = qobject_cast<const VxFloatProperty *>(property);
+    return qint64(sizeof(VxFloatProperty)) + (number ? number->getKeyMemory() : 0);
+}
+
+} // namespace
+
+ElementPropertyItem::ElementPropertyItem(VxElement *element, VxProperty *property, int index)
+    : VxUndoItem(element, VxUndoElementProperties)
+    , m_element(element)
+    , m_property(property)
+    , m_index(index)
+{
+}
+
+ElementPropertyItem::~ElementPropertyItem()
+{
+    if (m_owning && m_property && !m_property->getOwner())
+        delete m_property;
+}
+
+int ElementPropertyItem::place() const
+{
+    return VxElement::Private::of(m_element)->properties.indexOf(m_property);
+}
+
+void ElementPropertyItem::swap()
+{
+    if (!m_element || !m_property)
+        return;
+    const int present = place();
+    VxElement::Private *record = VxElement::Private::of(m_element);
+    if (present >= 0)
+        record->take(m_property);
+    if (m_index >= 0)
+        record->insert(m_property, m_index);
+    m_index = present;
+    m_owning = !m_property->getOwner();
+}
+
+bool ElementPropertyItem::finish()
+{
+    return m_element && m_property && (m_followed || place() != m_index);
+}
+
+qint64 ElementPropertyItem::memoryUsed() const
+{
+    const bool keeps = m_owning && m_property && !m_property->getOwner();
+    return qint64(sizeof(*this)) + (keeps ? propertyMemory(m_property) : 0);
+}
+
+NodeObjectItem::NodeObjectItem(VxNode *node)
+    : VxUndoItem(node, VxUndoNodeObject)
+    , m_node(node)
+    , m_kept(node->getObject())
+{
+}
+
+NodeObjectItem::~NodeObjectItem()
+{
+    if (m_kept && !m_kept->getOwnerElement())
+        delete m_kept;
+}
+
+void NodeObjectItem::swap()
+{
+    if (m_node)
+        m_kept = VxNode::Private::of(m_node)->exchangeObject(m_kept);
+}
+
+bool NodeObjectItem::finish()
+{
+    return m_node && m_node->getObject() != m_kept;
+}
+
+qint64 NodeObjectItem::memoryUsed() const
+{
+    qint64 bytes = qint64(sizeof(*this));
+    if (!m_kept || m_kept->getOwnerElement())
+        return bytes;
+    QVector<VxElement *> elements;
+    VxElement::Private::collect(m_kept, elements);
+    for (const VxElement *element : qAsConst(elements)) {
+        bytes += qint64(sizeof(VxObject));
+        for (int i = 0; i < element->getNumProperties(); ++i)
+            bytes += propertyMemory(element->getProperty(i));
+    }
+    return bytes;
+}
+
+ElementPropertyItem *recordPropertyPlace(VxElement *element, VxProperty *property, int index)
+{
+    if (!isRecording(element))
+        return nullptr;
+    VxUndoStack *stack = VxUndoStack::current();
+    auto *last =
+        static_cast<ElementPropertyItem *>(stack->findItem(element, VxUndoElementProperties));
+    if (last && last->property() == property)
+        return last;
+    if (last)
+        last->setFollowed();
+    auto *item = new ElementPropertyItem(element, property, index);
+    stack->record(item);
+    return item;
+}
+
+NodeObjectItem *recordObject(VxNode *node)
+{
+    if (!isRecording(node))
+        return nullptr;
+    VxUndoStack *stack = VxUndoStack::current();
+    if (VxUndoItem *known = stack->findItem(node, VxUndoNodeObject))
+        return static_cast<NodeObjectItem *>(known);
+    auto *item = new NodeObjectItem(node);
+    stack->record(item);
+    return item;
+}
