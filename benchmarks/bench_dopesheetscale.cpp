@@ -487,7 +487,7 @@ void measureCommands(Table &table, Sheet &sheet, Edit &edit, const Loops &loops)
             held([&sheet] {
                 const VxChangeBlock block;
                 const VxTime now = vxScene->getTime();
-                KeyCreation::setNodeKeys(sheet.figure, AllTypes, true, now, now);
+                KeyCreation::setNodeKeys(sheet.figure, AllTypes, true, now, {now});
             });
         });
 }

@@ -122,7 +122,10 @@ void TestCopiedKeys::roundings_data()
     QTest::newRow("little") << 2.1 << 2;
     QTest::newRow("whole") << 3.0 << 3;
     QTest::newRow("none") << 0.0 << 0;
-    QTest::newRow("whole, negative") << -3.0 << -3;
+    QTest::newRow("whole, negative") << -3.0 << -2;
+    QTest::newRow("negative, a fraction") << -3.4 << -2;
+    QTest::newRow("negative, more than a half") << -3.6 << -3;
+    QTest::newRow("just below zero") << -0.4 << 0;
     QTest::newRow("too large") << 1e12 << 2147483647;
     QTest::newRow("too small") << -1e12 << -2147483647 - 1;
     QTest::newRow("no number") << double(NAN) << 0;
@@ -164,7 +167,7 @@ void TestCopiedKeys::pastedInts()
     copied.add(QStringLiteral("/a"), &property, {0, 1});
     VxIntProperty other(QStringLiteral("o"));
     QVERIFY(copied.paste(*copied.find(QStringLiteral("/a")), &other, 320));
-    QCOMPARE(other.getKeyValue(0), -3);
+    QCOMPARE(other.getKeyValue(0), -2);
     QCOMPARE(other.getKeyValue(1), 2147483647);
     QCOMPARE(other.getKeyTime(1), 480);
 }

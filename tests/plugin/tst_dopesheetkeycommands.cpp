@@ -181,7 +181,7 @@ void TestDopeSheetKeyCommands::pasteOfInts()
     vxScene->setTime(1600);
     view->pasteKeys();
     QCOMPARE(keyTimes(count), Times({0, 160, 1600, 1760}));
-    QCOMPARE(count->getKeyValue(2), -4);
+    QCOMPARE(count->getKeyValue(2), -3); // rounded, as any value
     QCOMPARE(count->getKeyValue(3), 9);
     QCOMPARE(keyTimes(lamp), Times({160, 1760}));
     QCOMPARE(lamp->getKeyValue(1), 1);

@@ -194,7 +194,7 @@ void TestTimePaneKeys::newKeysTakeInterpolationFromTheTime()
     VxFloatProperty *property = node->getXPosControl();
     property->setKey(0, 5.0f, 1);
     property->setKey(1600, 2.0f, 2, 0.5f, -0.25f, 1.0f);
-    KeyCreation::setKeyFrom(property, 1600, 1760);
+    KeyCreation::setKeysFrom(property, 1600, {1760});
     float tension = 0.0f;
     float continuity = 0.0f;
     float bias = 0.0f;
@@ -202,7 +202,7 @@ void TestTimePaneKeys::newKeysTakeInterpolationFromTheTime()
     QCOMPARE(QVector<float>({tension, continuity, bias}), QVector<float>({0.5f, -0.25f, 1.0f}));
     QCOMPARE(property->getKeyValue(2), 2.0f);
     // No key at the source: as the one before the target.
-    KeyCreation::setKeyFrom(property, 800, 800);
+    KeyCreation::setKeysFrom(property, 800, {800});
     QCOMPARE(property->getKeyInterpolationType(1), 1);
     QCOMPARE(property->getKeyValue(1), 5.0f);
 }

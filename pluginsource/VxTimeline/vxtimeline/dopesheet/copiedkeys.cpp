@@ -1,7 +1,6 @@
 #include "vxtimeline/dopesheet/copiedkeys.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 
@@ -9,7 +8,8 @@
 
 namespace {
 
-// Deliberately not one half, so that halves go down.
+// Deliberately not one half, so that halves go down. One rule for all numbers, whole ones and those
+// below zero too.
 constexpr double RoundingShare = 0.49999;
 
 template <typename Value>
@@ -117,6 +117,5 @@ bool CopiedKeys::paste(const Entry &entry, VxProperty *property, VxTime at) cons
 
 qint32 CopiedKeys::rounded(double value)
 {
-    const bool isWhole = value == std::trunc(value);
-    return TimelineSnap::truncated(isWhole ? value : value + RoundingShare);
+    return TimelineSnap::truncated(value + RoundingShare);
 }

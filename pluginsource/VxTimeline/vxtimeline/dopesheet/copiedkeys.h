@@ -42,8 +42,9 @@ public:
     // refuses.
     bool paste(const Entry &entry, VxProperty *property, VxTime at) const;
 
-    // The whole number that an int property takes for a value: whole values as they are, others
-    // plus just under one half without their fraction: 2.5 is 2, 2.6 is 3.
+    // The whole number that an int property takes for a value: the value plus just under one half,
+    // without its fraction: 2.5 is 2, 2.6 is 3. The fraction is dropped towards zero, so that below
+    // zero numbers come out one higher: -3 is -2, and so is -3.4.
     static qint32 rounded(double value);
 
 private:

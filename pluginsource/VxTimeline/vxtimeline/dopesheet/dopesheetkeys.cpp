@@ -194,3 +194,18 @@ QVector<int> DopeSheetKeys::selectedIndexes() const
     }
     return indexes;
 }
+
+QVector<VxTime> DopeSheetKeys::selectedTimes() const
+{
+    if (selectedCount == count())
+        return times;
+    QVector<VxTime> selected(selectedCount);
+    VxTime *to = selected.data();
+    const VxTime *own = times.constData();
+    const quint8 *all = flags.constData();
+    for (int i = 0, found = 0; found < selectedCount; ++i) {
+        to[found] = own[i];
+        found += all[i] & Selected;
+    }
+    return selected;
+}

@@ -43,6 +43,7 @@ public:
     void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
                             int selectedTimeCount);
     QVector<int> selectedIndexes() const;
+    QVector<VxTime> selectedTimes() const;
 
     static int countSelected(const quint8 *flags, int flagCount);
     // As many flags of keys that are not selected; they stay for good.

@@ -145,9 +145,9 @@ void KeyDrag::add(const SelectedKeys &keys)
     moved.property = property;
     moved.indexes = keys.indexes;
     const VxTime *times = property->getKeyTimes();
-    moved.origins.reserve(keys.indexes.size());
-    for (const int index : keys.indexes)
-        moved.origins.append(times[index]);
+    moved.origins.resize(keys.indexes.size());
+    std::transform(keys.indexes.cbegin(), keys.indexes.cend(), moved.origins.begin(),
+                   [times](int index) { return times[index]; });
     moved.placed = moved.origins;
     for (VxDopeSheetItem *row : keys.rows) {
         row->saveSelectedKeyTimes();

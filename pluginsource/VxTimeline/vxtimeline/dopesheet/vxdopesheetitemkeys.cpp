@@ -218,10 +218,7 @@ QVector<int> VxDopeSheetItem::selectedKeyIndexes() const
 void VxDopeSheetItem::saveSelectedKeyTimes()
 {
     d->update();
-    d->savedTimes.clear();
-    d->savedTimes.reserve(d->keys.selectedCount);
-    for (const int index : d->keys.selectedIndexes())
-        d->savedTimes.append(d->keys.times.at(index));
+    d->savedTimes = d->keys.selectedTimes();
 }
 
 const VxTime *VxDopeSheetItem::savedTimes() const

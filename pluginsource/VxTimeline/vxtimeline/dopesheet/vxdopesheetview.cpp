@@ -15,6 +15,7 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxundostack.h>
 
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
@@ -30,6 +31,8 @@ namespace {
 // How far the line of the current time reaches to each side; pixels.
 constexpr int TimeLineReach = 2;
 constexpr int TimerInterval = 100; // milliseconds
+// The band lies over the keys that it is to take in.
+constexpr double RubberBandOpacity = 0.5;
 
 } // namespace
 
@@ -54,6 +57,8 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     setSelectionBehavior(SelectRows);
     connect(vxScene, &VxScene::timeChanged, this, &VxDopeSheetView::timeChanged);
     connect(vxApp, &VxApp::starting, this, &VxDopeSheetView::handleAppStarting);
+    connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, this,
+            [this] { d->updateCommonTcb(); });
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VxDopeSheetView::timerKick);
     timer->start(TimerInterval);
@@ -278,6 +283,7 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
         QPoint(qMin(pressPoint.x(), currentPoint.x()), qMin(pressPoint.y(), currentPoint.y())),
         QPoint(qMax(pressPoint.x(), currentPoint.x()) - 1,
                qMax(pressPoint.y(), currentPoint.y()) - 1));
+    painter->setOpacity(RubberBandOpacity);
     view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
 }
 

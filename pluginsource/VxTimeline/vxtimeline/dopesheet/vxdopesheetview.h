@@ -87,6 +87,9 @@ public:
     bool hasItemSelection() const;
     bool hasSelectedKeys() const;
     bool hasCopiedKeys() const;
+    // Does what pasteKeys() does. False when no row has taken any key: none has been copied, the
+    // rows they came from are not listed, or all of them refuse.
+    bool pasteCopiedKeys();
 
     // Open or close the context item: itself; with all below; with those below that have (no)
     // keys. Nothing without a context item.

@@ -11,9 +11,11 @@
 #include <QtGui/QRegion>
 #include <functional>
 #include <vector>
+#include <vxcore/vxkey.h>
 #include <vxcore/vxundostackhold.h>
 
 #include "vxtimeline/dopesheet/copiedkeys.h"
+#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
 #include "vxtimeline/dopesheet/dopesheetrowmemory.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/keydrag.h"
@@ -43,10 +45,12 @@ public:
     struct CommonTcb
     {
         bool seen = false; // any TCB key
-        float tension = 0, continuity = 0, bias = 0;
+        VxTcb common;
         bool tensionEqual = false, continuityEqual = false, biasEqual = false;
 
-        void add(float t, float c, float b);
+        void add(const VxTcb &tcb);
+        // True when no further key can make a difference.
+        bool isSettled() const { return seen && !tensionEqual && !continuityEqual && !biasEqual; }
     };
 
     VxDopeSheetView *view;
@@ -103,6 +107,7 @@ public:
     // The key selection of one row, and what is told of it.
     void selectKeys(VxDopeSheetItem *item, bool select);
     void noteSelectedKeys(const VxDopeSheetItem *item);
+    void noteTcb(const DopeSheetRowKeys &keys, const VxTcb *tcb, int first, int last);
     void sendSelection(const VxDopeSheetItem *item) const;
     void resetSelectedBounds();
     void applyMessage(VxDopeSheetItem *item) const;

@@ -55,21 +55,28 @@ void VxDopeSheetView::copyKeys()
 
 void VxDopeSheetView::pasteKeys()
 {
+    pasteCopiedKeys();
+}
+
+bool VxDopeSheetView::pasteCopiedKeys()
+{
     if (d->dragHold || !hasCopiedKeys())
-        return;
+        return false;
     const VxTime now = vxScene->getTime();
+    bool pasted = false;
     {
         VxChangeBlock block;
-        d->walkAll([this, now](VxDopeSheetItem *item) {
+        d->walkAll([this, now, &pasted](VxDopeSheetItem *item) {
             const CopiedKeys::Entry *entry =
                 item->property() ? d->copied.find(item->path()) : nullptr;
             if (!entry)
                 return;
-            d->copied.paste(*entry, item->property(), now);
+            pasted = d->copied.paste(*entry, item->property(), now) || pasted;
             item->invalidateKeys();
         });
     }
     d->updateCommonTcb();
+    return pasted;
 }
 
 void VxDopeSheetView::deleteKeys()

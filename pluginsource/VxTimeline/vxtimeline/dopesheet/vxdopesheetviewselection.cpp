@@ -2,6 +2,7 @@
 
 #include <QtCore/QScopedValueRollback>
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 #include <vxcore/vxfloatproperty.h>
 
@@ -69,15 +70,15 @@ template <typename Visit> void visitProperties(VxDopeSheetItem *item, const Visi
 
 } // namespace
 
-void VxDopeSheetView::Private::CommonTcb::add(float t, float c, float b)
+void VxDopeSheetView::Private::CommonTcb::add(const VxTcb &tcb)
 {
     if (!seen) {
-        *this = {true, t, c, b, true, true, true};
+        *this = {true, tcb, true, true, true};
         return;
     }
-    tensionEqual = tensionEqual && t == tension;
-    continuityEqual = continuityEqual && c == continuity;
-    biasEqual = biasEqual && b == bias;
+    tensionEqual = tensionEqual && tcb.tension == common.tension;
+    continuityEqual = continuityEqual && tcb.continuity == common.continuity;
+    biasEqual = biasEqual && tcb.bias == common.bias;
 }
 
 void VxDopeSheetView::Private::walk(const QModelIndex &start, const QModelIndex &end,
@@ -133,12 +134,25 @@ void VxDopeSheetView::Private::noteSelectedKeys(const VxDopeSheetItem *item)
     latestSelected = qMax(latestSelected, keys.times[last]);
 
     const auto *property = qobject_cast<const VxFloatProperty *>(item->property());
-    for (int i = first; property && keys.types && i <= last; ++i) {
-        if (keys.types[i] != DopeSheetRowKeys::Tcb || !isSelected(keys.flags[i]))
+    if (property && keys.types)
+        noteTcb(keys, property->getKeys().tcb, first, last);
+}
+
+// Without an array all keys have the same.
+void VxDopeSheetView::Private::noteTcb(const DopeSheetRowKeys &keys, const VxTcb *tcb, int first,
+                                       int last)
+{
+    for (int i = first; i <= last && !commonTcb.isSettled(); ++i) {
+        const void *found =
+            std::memchr(keys.types + i, DopeSheetRowKeys::Tcb, size_t(last - i + 1));
+        if (!found)
+            return;
+        i = int(static_cast<const quint8 *>(found) - keys.types);
+        if (!isSelected(keys.flags[i]))
             continue;
-        float tension = 0, continuity = 0, bias = 0;
-        property->getKeyInterpolationType(i, &tension, &continuity, &bias);
-        commonTcb.add(tension, continuity, bias);
+        commonTcb.add(tcb ? tcb[i] : VxTcb());
+        if (!tcb)
+            return;
     }
 }
 
@@ -175,18 +189,19 @@ bool VxDopeSheetView::hasSelectedKeys() const
 
 bool VxDopeSheetView::getCommonTension(float *tension) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.tensionEqual, d->commonTcb.tension, tension);
+    return getCommon(d->commonTcb.seen, d->commonTcb.tensionEqual, d->commonTcb.common.tension,
+                     tension);
 }
 
 bool VxDopeSheetView::getCommonContinuity(float *continuity) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.continuityEqual, d->commonTcb.continuity,
-                     continuity);
+    return getCommon(d->commonTcb.seen, d->commonTcb.continuityEqual,
+                     d->commonTcb.common.continuity, continuity);
 }
 
 bool VxDopeSheetView::getCommonBias(float *bias) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.biasEqual, d->commonTcb.bias, bias);
+    return getCommon(d->commonTcb.seen, d->commonTcb.biasEqual, d->commonTcb.common.bias, bias);
 }
 
 // While nothing is selected there is nothing to have anything in common with.

@@ -53,18 +53,65 @@ int neededBits(const VxProperty *property, const VxNode *node)
     return needed;
 }
 
-void setFloatKey(VxFloatProperty *property, VxTime source, VxTime target)
+VxKeyShape shapeOf(const VxFloatProperty *property, int key)
+{
+    VxKeyShape shape;
+    shape.type = static_cast<quint8>(property->getKeyInterpolationType(
+        key, &shape.tcb.tension, &shape.tcb.continuity, &shape.tcb.bias));
+    return shape;
+}
+
+// The shape of a new key that gets its value from another time.
+VxKeyShape shapeFor(const VxFloatProperty *property, VxTime source, VxTime target)
 {
     int model = property->findKey(source);
     if (model < 0)
         model = property->getFirstKeyFrom(target) - 1;
-    float tension = 0.0f;
-    float continuity = 0.0f;
-    float bias = 0.0f;
-    const int type = model < 0
-                         ? property->getDefaultInterpolation()
-                         : property->getKeyInterpolationType(model, &tension, &continuity, &bias);
-    property->setKey(target, property->getValue(source), type, tension, continuity, bias);
+    if (model >= 0)
+        return shapeOf(property, model);
+    return {static_cast<quint8>(property->getDefaultInterpolation()), {}};
+}
+
+// Keys like the one at the first target, which may have had to limit its value.
+void repeatFloatKey(VxFloatProperty *property, const QVector<VxTime> &targets)
+{
+    const int model = property->findKey(targets.first());
+    if (model < 0)
+        return;
+    const VxKeyShape shape = shapeOf(property, model);
+    const QVector<float> values(targets.size() - 1, property->getKeyValue(model));
+    const QVector<quint8> types(values.size(), shape.type);
+    const QVector<VxTcb> tcb(shape.tcb == VxTcb() ? 0 : values.size(), shape.tcb);
+    VxKeyColumns<float> keys;
+    keys.times = targets.constData() + 1;
+    keys.values = values.constData();
+    keys.types = types.constData();
+    keys.tcb = tcb.isEmpty() ? nullptr : tcb.constData();
+    keys.count = values.size();
+    property->setKeys(keys);
+}
+
+void setFloatKeys(VxFloatProperty *property, VxTime source, const QVector<VxTime> &targets)
+{
+    const VxKeyShape shape = shapeFor(property, source, targets.first());
+    const bool taken = property->setKey(targets.first(), property->getValue(source), shape.type,
+                                        shape.tcb.tension, shape.tcb.continuity, shape.tcb.bias);
+    if (taken && targets.size() > 1)
+        repeatFloatKey(property, targets);
+}
+
+void setIntKeys(VxIntProperty *property, VxTime source, const QVector<VxTime> &targets)
+{
+    const bool taken = property->setKey(targets.first(), property->getValue(source));
+    const int model = property->findKey(targets.first());
+    if (!taken || model < 0 || targets.size() == 1)
+        return;
+    const QVector<qint32> values(targets.size() - 1, property->getKeyValue(model));
+    VxKeyColumns<qint32> keys;
+    keys.times = targets.constData() + 1;
+    keys.values = values.constData();
+    keys.count = values.size();
+    property->setKeys(keys);
 }
 
 } // namespace
@@ -78,22 +125,26 @@ bool isWanted(const VxProperty *property, const VxNode *node, int propertyTypes)
     return (propertyTypes & needed) == needed;
 }
 
-void setKeyFrom(VxProperty *property, VxTime source, VxTime target)
+// One by one, many keys would make room in the same arrays again and again.
+void setKeysFrom(VxProperty *property, VxTime source, const QVector<VxTime> &targets)
 {
+    if (targets.isEmpty())
+        return;
     if (auto *number = qobject_cast<VxFloatProperty *>(property))
-        setFloatKey(number, source, target);
+        setFloatKeys(number, source, targets);
     else if (auto *whole = qobject_cast<VxIntProperty *>(property))
-        whole->setKey(target, whole->getValue(source));
+        setIntKeys(whole, source, targets);
 }
 
-void setNodeKeys(const VxNode *node, int propertyTypes, bool recurse, VxTime source, VxTime target)
+void setNodeKeys(const VxNode *node, int propertyTypes, bool recurse, VxTime source,
+                 const QVector<VxTime> &targets)
 {
     for (VxProperty *property : node->getPropertyGroups()->collectAllProperties()) {
         if (isWanted(property, node, propertyTypes))
-            setKeyFrom(property, source, target);
+            setKeysFrom(property, source, targets);
     }
     for (int i = 0; recurse && i < node->getNumNodeChildren(); ++i)
-        setNodeKeys(node->getNodeChild(i), propertyTypes, true, source, target);
+        setNodeKeys(node->getNodeChild(i), propertyTypes, true, source, targets);
 }
 
 void keyCurrentValue(VxProperty *property)

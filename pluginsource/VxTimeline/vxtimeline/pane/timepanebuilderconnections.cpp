@@ -7,6 +7,7 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxundostack.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
@@ -125,6 +126,8 @@ void TimePaneBuilder::connectTransport()
 
 void TimePaneBuilder::connectKeyControls()
 {
+    QObject::connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, m_pane,
+                     &Pane::handleUndoIndexChanged);
     const auto clicked = &VxBarButton::clicked;
     QObject::connect(d->keyGraphButton, clicked, m_pane, &Pane::toggleKeyGraph);
     QObject::connect(d->deleteKeysButton, clicked, m_pane, &Pane::handleDeleteKeysClicked);

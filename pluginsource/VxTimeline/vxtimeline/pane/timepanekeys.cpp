@@ -2,15 +2,14 @@
 // their holds and undo texts, and the filter and scope they obey.
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QScopedValueRollback>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxchangeblock.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstyledbutton.h>
@@ -21,7 +20,6 @@
 #include "vxtimeline/keys/keycreation.h"
 #include "vxtimeline/keys/nodeproperties.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
-#include "vxtimeline/time/timelinesnap.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 
@@ -53,7 +51,24 @@ KeyTarget keyTarget(VxNode *selected, VxTimePane::KeyScope scope)
     return {selected, qobject_cast<VxSkeleton *>(selected) != nullptr};
 }
 
+// The times of a number of frames from one on; fewer where time ends.
+QVector<VxTime> frameTimes(VxTime first, int count)
+{
+    const qint64 step = vxScene->getTimeStep();
+    QVector<VxTime> times;
+    times.reserve(count);
+    for (qint64 time = first; times.size() < count && time <= VxTimeMax; time += step)
+        times.append(VxTime(time));
+    return times;
+}
+
 } // namespace
+
+void VxTimePane::Private::tell(const QString &text) const
+{
+    if (VxMainWindow *window = vxApp->getInterface())
+        window->showStatusMessage(text);
+}
 
 void VxTimePane::createKeys()
 {
@@ -117,15 +132,12 @@ void VxTimePane::makeFilteredKeys(int numKeys)
     const KeyScope scope = getFilteredKeyCreationScope();
     if (scope == ScopeProperties) {
         for (VxProperty *property : d->dopeSheetView->getSelectedProperties())
-            KeyCreation::setKeyFrom(property, now, now);
+            KeyCreation::setKeysFrom(property, now, {now});
         return;
     }
     const KeyTarget target = keyTarget(selected, scope);
-    const int types = int(getFilteredPropertyTypes());
-    const VxTime step = vxScene->getTimeStep();
-    for (int i = 0; i < numKeys; ++i)
-        KeyCreation::setNodeKeys(target.node, types, target.recurse, now,
-                                 TimelineSnap::limited(now + qint64(step) * i));
+    KeyCreation::setNodeKeys(target.node, int(getFilteredPropertyTypes()), target.recurse, now,
+                             frameTimes(now, numKeys));
 }
 
 void VxTimePane::deleteSelectedKeys()
@@ -140,14 +152,20 @@ void VxTimePane::deleteSelectedKeys()
 void VxTimePane::copySelectedKeys()
 {
     d->dopeSheetView->copyKeys();
+    if (!hasCopiedKeys())
+        d->tell(tr("No keys are selected that could be copied."));
     updateActionStates();
 }
 
 void VxTimePane::pasteKeys()
 {
     VxUndoStackHold hold;
-    d->dopeSheetView->pasteKeys();
+    const bool pasted = d->dopeSheetView->pasteCopiedKeys();
     hold.accept(tr("Paste Keys"));
+    if (!hasCopiedKeys())
+        d->tell(tr("No keys have been copied."));
+    else if (!pasted)
+        d->tell(tr("None of the rows can take the copied keys."));
     updateActionStates();
 }
 
@@ -163,33 +181,6 @@ void VxTimePane::setInterpType(int interpType)
     hold.accept(tr("Set Interpolation Type ") + names.at(interpType));
     updateKeyInterpType();
     updateActionStates();
-}
-
-void VxTimePane::updateKeyInterpType()
-{
-    const bool hasKeys = d->dopeSheetView->hasSelectedKeys();
-    for (QDoubleSpinBox *field : {d->tension, d->continuity, d->bias})
-        field->setEnabled(hasKeys);
-    if (!hasKeys)
-        return;
-    const QScopedValueRollback<bool> updating(d->tcbFieldsUpdating, true);
-    float value = 0.0f;
-    if (d->dopeSheetView->getCommonTension(&value))
-        d->tension->setValue(double(value));
-    if (d->dopeSheetView->getCommonContinuity(&value))
-        d->continuity->setValue(double(value));
-    if (d->dopeSheetView->getCommonBias(&value))
-        d->bias->setValue(double(value));
-}
-
-void VxTimePane::updateTCB()
-{
-    if (d->tcbFieldsUpdating)
-        return;
-    VxUndoStackHold hold;
-    d->dopeSheetView->setTCB(float(d->tension->value()), float(d->continuity->value()),
-                             float(d->bias->value()));
-    hold.accept(tr("Set TCB Parameters"));
 }
 
 void VxTimePane::handleCreateKeysClicked()

@@ -212,6 +212,7 @@ private:
     void resetFramesPerSecond();
     void skipToKey(VxTime found, const QString &undoText);
     void makeFilteredKeys(int numKeys);
+    void handleUndoIndexChanged();
     void fillDopesheet();
     void handleKeySelectionLost();
     void syncDopesheetSelection();

@@ -77,6 +77,22 @@ public:
     QDoubleSpinBox *continuity = nullptr;
     QDoubleSpinBox *bias = nullptr;
 
+    // What a field for one of these was last given, and the number that stands for.
+    struct TcbField
+    {
+        QDoubleSpinBox *const &box;
+        double shown = 0;
+        float exact = 0;
+
+        void show(std::optional<float> value);
+        bool isEdited() const;
+        // The number that the field stands for now.
+        float entered();
+    };
+    TcbField tensionField = {tension};
+    TcbField continuityField = {continuity};
+    TcbField biasField = {bias};
+
     QIcon loopOnIcon;
     QIcon loopOffIcon;
     QIcon playIcon;
@@ -126,6 +142,9 @@ public:
     void checkOnly(TimePaneChoice::Family family, int value) const;
     // The first action of a family that is checked; null when none is.
     QAction *checkedAction(TimePaneChoice::Family family) const;
+
+    // Says in the window's status line why a command did nothing.
+    void tell(const QString &text) const;
 
     int nameColumnWidth() const;
     bool isAdvanced() const { return viewMode == AdvancedView; }
