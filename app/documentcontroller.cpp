@@ -9,12 +9,13 @@
 #include <vxcore/vxundostack.h>
 
 DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
-                                       const UserMessages *messages, QObject *parent)
+                                       const UserMessages *messages, QObject *parent,
+                                       const VxFileFormats &formats)
     : QObject(parent)
     , m_scene(scene)
     , m_undoStack(undoStack)
     , m_messages(messages)
-    , m_formats(VxFileFormats::standard())
+    , m_formats(formats)
 {
 }
 

@@ -21,7 +21,8 @@ class DocumentController : public QObject
 public:
     /// All are borrowed and must outlive the controller.
     DocumentController(VxScene *scene, VxUndoStack *undoStack, const UserMessages *messages,
-                       QObject *parent = nullptr);
+                       QObject *parent = nullptr,
+                       const VxFileFormats &formats = VxFileFormats::standard());
 
     /// Opens a file in place of the scene, without asking for changes that are not saved. False
     /// when it could not be read or the user cancelled.

@@ -2,6 +2,7 @@
 
 #include "actionlist.h"
 #include "documentcontroller.h"
+#include "recentfiles.h"
 #include "scenesummary.h"
 #include "studioclasses.h"
 #include "studiosettings.h"
@@ -84,6 +85,7 @@ void Studio::Private::saveSettings()
     const bool dark = app->getStyle()->colorScheme() == VxStyle::ColorScheme::Dark;
     settings->setStringValue(key("Palette"), key(dark ? "dark" : "light"));
     window->saveLayout(settings->getSettings(key("Window")));
+    window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
     window->getPaneMgr()->saveSettings();
     window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
     settingsStore.save(*settings, messages);
@@ -119,6 +121,8 @@ void Studio::Private::buildPanesAndActions()
         window->getActionMgr()->restoreShortcuts(shortcuts);
     window->completeMenus();
     window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
+    if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
+        window->recentFiles()->restore(*recent);
 }
 
 void Studio::Private::connectScripts()
@@ -198,6 +202,8 @@ Studio::Studio(const CommandLine &commandLine)
         d->window->resize(commandLine.size);
     // At once, not at the end only: they are work that a crash should not cost.
     QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
+                     [this] { d->saveSettings(); });
+    QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
                      [this] { d->saveSettings(); });
     d->app->start();
 }

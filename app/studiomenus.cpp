@@ -2,6 +2,7 @@
 
 #include "panedock.h"
 #include "panedocks.h"
+#include "recentfilesmenu.h"
 #include "studiowindow.h"
 
 #include <QActionGroup>
@@ -24,16 +25,35 @@ StudioMenus::StudioMenus(StudioWindow *window)
 void StudioMenus::buildFileMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&File"));
+    m_fileMenu = menu;
     menu->addAction(tr("&New"), this, &StudioMenus::newRequested, QKeySequence::New);
     menu->addAction(tr("&Open..."), this, &StudioMenus::openRequested, QKeySequence::Open);
-    menu->addSeparator();
+    QAction *below = menu->addSeparator();
+    below->setObjectName(QStringLiteral("BelowOpenSeparator"));
     menu->addAction(tr("&Save"), this, &StudioMenus::saveRequested, QKeySequence::Save);
     menu->addAction(tr("Save &As..."), this, &StudioMenus::saveAsRequested,
                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    m_revert = menu->addAction(tr("Re&vert"), this, &StudioMenus::revertRequested);
+    m_revert->setEnabled(false);
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("&Quit"), this, &StudioMenus::quitRequested);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
+}
+
+void StudioMenus::addRecentFiles(RecentFiles *files)
+{
+    auto *recent = new RecentFilesMenu(tr("Open &Recent"), files, m_fileMenu);
+    connect(recent, &RecentFilesMenu::openRequested, this, &StudioMenus::recentFileRequested);
+    for (QAction *entry : m_fileMenu->actions()) {
+        if (entry->objectName() == QLatin1String("BelowOpenSeparator"))
+            m_fileMenu->insertMenu(entry, recent);
+    }
+}
+
+void StudioMenus::setRevertEnabled(bool enabled)
+{
+    m_revert->setEnabled(enabled);
 }
 
 void StudioMenus::buildViewMenu()

@@ -7,6 +7,7 @@
 class PaneDocks;
 class QAction;
 class QMenu;
+class RecentFiles;
 class StudioWindow;
 class VxUndoStack;
 
@@ -17,6 +18,9 @@ class StudioMenus : public QObject
 public:
     explicit StudioMenus(StudioWindow *window);
 
+    /// The sub-menu of files opened last, below "Open...".
+    void addRecentFiles(RecentFiles *files);
+    void setRevertEnabled(bool enabled);
     /// Undo and redo of a history, with the entries' texts.
     void addHistory(VxUndoStack *undoStack);
     /// Adds the actions of the action manager and the docks. Once, when all of them exist.
@@ -25,6 +29,8 @@ public:
 Q_SIGNALS:
     void newRequested();
     void openRequested();
+    void recentFileRequested(const QString &fileName);
+    void revertRequested();
     void saveRequested();
     void saveAsRequested();
     void quitRequested();
@@ -40,6 +46,8 @@ private:
     QMenu *findMenu(const QString &title) const;
 
     StudioWindow *const m_window;
+    QMenu *m_fileMenu = nullptr;
+    QAction *m_revert = nullptr;
     QMenu *m_editMenu = nullptr;
     QMenu *m_windowMenu = nullptr;
 };

@@ -1,7 +1,9 @@
 #include "studiowindow.h"
 
 #include "documentcontroller.h"
+#include "droppedfile.h"
 #include "panedocks.h"
+#include "recentfiles.h"
 #include "shortcutcatalogue.h"
 #include "shortcutdialog.h"
 #include "studiomenus.h"
@@ -10,10 +12,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTimer>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxsettings.h>
@@ -31,6 +35,7 @@ StudioWindow::StudioWindow(UserMessages *messages)
     , m_document(new DocumentController(vxApp->getScene(), vxApp->getUndoStack(), messages, this))
     , m_viewport(new ViewportWidget(vxApp->getScene(), getViewportMgr()))
     , m_docks(new PaneDocks(this, getPaneMgr()))
+    , m_recentFiles(new RecentFiles(this))
     , m_menus(new StudioMenus(this))
 {
     setObjectName(QStringLiteral("StudioWindow"));
@@ -38,11 +43,14 @@ StudioWindow::StudioWindow(UserMessages *messages)
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     setCentralWidget(m_viewport);
+    setAcceptDrops(true);
     resize(DefaultSize);
     statusBar();
+    m_menus->addRecentFiles(m_recentFiles);
     m_menus->addHistory(vxApp->getUndoStack());
     connectMenus();
-    connect(m_document, &DocumentController::documentChanged, this, &StudioWindow::updateTitle);
+    connect(m_document, &DocumentController::documentChanged, this,
+            &StudioWindow::handleDocumentChanged);
     connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
     updateTitle();
 }
@@ -53,6 +61,8 @@ void StudioWindow::connectMenus()
 {
     connect(m_menus, &StudioMenus::newRequested, this, &StudioWindow::newDocument);
     connect(m_menus, &StudioMenus::openRequested, this, &StudioWindow::openWithDialog);
+    connect(m_menus, &StudioMenus::recentFileRequested, this, &StudioWindow::openAfterAsking);
+    connect(m_menus, &StudioMenus::revertRequested, this, &StudioWindow::revert);
     connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
     connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
@@ -92,11 +102,32 @@ void StudioWindow::openWithDialog()
 {
     if (!mayDiscard())
         return;
-    const QString folder = QFileInfo(m_document->fileName()).absolutePath();
-    const QString file = QFileDialog::getOpenFileName(
-        this, tr("Open"), folder, m_document->formats().readFilters().join(QLatin1String(";;")));
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Open"), startFolder(),
+                                     m_document->formats().readFilters().join(QLatin1String(";;")));
     if (!file.isEmpty())
         m_document->open(file);
+}
+
+void StudioWindow::openAfterAsking(const QString &fileName)
+{
+    if (mayDiscard())
+        m_document->open(fileName);
+}
+
+void StudioWindow::revert()
+{
+    const QString file = m_document->fileName();
+    if (!file.isEmpty() &&
+        (vxApp->getUndoStack()->isClean() || m_messages->askToRevert(m_document->displayName())))
+        m_document->open(file);
+}
+
+/** Where file dialogs begin: beside the document, else beside the file used last. */
+QString StudioWindow::startFolder() const
+{
+    return m_document->fileName().isEmpty() ? m_recentFiles->latestFolder()
+                                            : QFileInfo(m_document->fileName()).absolutePath();
 }
 
 void StudioWindow::newDocument()
@@ -116,7 +147,7 @@ bool StudioWindow::saveWithDialog()
     const QFileInfo present(m_document->fileName());
     const QString name =
         m_document->fileName().isEmpty() ? m_document->displayName() : present.completeBaseName();
-    QFileDialog dialog(this, tr("Save As"), present.absolutePath());
+    QFileDialog dialog(this, tr("Save As"), startFolder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("vxscene"));
     dialog.setNameFilters(m_document->formats().writeFilters());
@@ -165,9 +196,35 @@ void StudioWindow::showEvent(QShowEvent *event)
     applyDefaultLayout();
 }
 
+void StudioWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedFile(event->mimeData(), m_document->formats()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void StudioWindow::dropEvent(QDropEvent *event)
+{
+    const QString file = droppedFile(event->mimeData(), m_document->formats());
+    if (file.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // A question in here would keep the program waiting from which the file was dragged.
+    QTimer::singleShot(0, this, [this, file] { openAfterAsking(file); });
+}
+
+void StudioWindow::handleDocumentChanged()
+{
+    // Nobody works in a batch: it leaves no traces in the user's list.
+    if (!m_messages->isConsole())
+        m_recentFiles->add(m_document->fileName());
+    updateTitle();
+}
+
 void StudioWindow::updateTitle()
 {
     setWindowTitle(
         QStringLiteral("%1[*] - %2").arg(m_document->displayName(), VxApp::getAppName()));
-    setWindowModified(!vxApp->getUndoStack()->isClean());
+    const bool modified = !vxApp->getUndoStack()->isClean();
+    setWindowModified(modified);
+    m_menus->setRevertEnabled(modified && !m_document->fileName().isEmpty());
 }

@@ -5,6 +5,7 @@
 
 class DocumentController;
 class PaneDocks;
+class RecentFiles;
 class StudioMenus;
 class UserMessages;
 class ViewportWidget;
@@ -23,6 +24,7 @@ public:
     DocumentController *document() const { return m_document; }
     ViewportWidget *viewport() const { return m_viewport; }
     PaneDocks *docks() const { return m_docks; }
+    RecentFiles *recentFiles() const { return m_recentFiles; }
 
     /// Fills the menu bar from the action manager and the docks. Once, when both are complete.
     void completeMenus();
@@ -36,6 +38,10 @@ public:
 public Q_SLOTS:
     /// Asks for a file and opens it.
     void openWithDialog();
+    /// Opens a file, after asking what becomes of changes that are not saved.
+    void openAfterAsking(const QString &fileName);
+    /// Opens the document's file again, after asking whether the changes may be lost.
+    void revert();
     /// Starts an empty scene, after asking.
     void newDocument();
     /// Writes the document into its file, or into one that it asks for. False when nothing was
@@ -51,16 +57,22 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    /// A file that is dropped on the window is opened.
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void connectMenus();
     bool mayDiscard();
+    void handleDocumentChanged();
     void updateTitle();
+    QString startFolder() const;
 
     UserMessages *const m_messages;
     DocumentController *m_document;
     ViewportWidget *m_viewport;
     PaneDocks *m_docks;
+    RecentFiles *m_recentFiles;
     StudioMenus *m_menus;
     bool m_wantsDefaultLayout = true;
 };

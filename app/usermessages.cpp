@@ -74,6 +74,19 @@ UserMessages::Choice UserMessages::askToSave(const QString &documentName) const
     }
 }
 
+bool UserMessages::askToRevert(const QString &documentName) const
+{
+    if (isConsole())
+        return true;
+    const QString text = QCoreApplication::translate(
+                             "UserMessages", "Go back to the saved \"%1\"? All changes since "
+                                             "then are lost, and cannot be redone.")
+                             .arg(documentName);
+    return QMessageBox::question(m_window, VxApp::getAppName(), text,
+                                 QMessageBox::Discard | QMessageBox::Cancel,
+                                 QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
 void UserMessages::print(const QString &text)
 {
     writeLine(stdout, text);

@@ -32,6 +32,9 @@ public:
     /// Asks what becomes of changes that are not saved; they are discarded without anybody to ask.
     Choice askToSave(const QString &documentName) const;
 
+    /// Asks whether the changes since the last save may be lost; nobody to ask agrees.
+    bool askToRevert(const QString &documentName) const;
+
     /// Whole lines to standard output or standard error, passed on at once.
     static void print(const QString &text);
     static void printError(const QString &text);

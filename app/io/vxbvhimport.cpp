@@ -51,9 +51,11 @@ public:
 
     bool build(const VxBvhDocument &document, const QString &fileName,
                const VxFileProgress &buildProgress, VxFileError *error);
+    bool replaceScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing);
     bool enterScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing);
 
     VxScene *const scene;
+    bool replaces = false;
     VxFileProgress progress;
     VxSkeleton *skeleton = nullptr;
     QString summary;
@@ -73,10 +75,23 @@ bool VxBvhImport::Private::build(const VxBvhDocument &document, const QString &f
     std::unique_ptr<VxSkeleton> figure = vxBvhBuildFigure(document, timing, name, buildProgress);
     if (!figure)
         return fail(error, fileName, tr("The import was cancelled."), true);
-    if (!enterScene(std::move(figure), timing))
+    const bool entered =
+        replaces ? replaceScene(std::move(figure), timing) : enterScene(std::move(figure), timing);
+    if (!entered)
         return fail(error, fileName, tr("The scene does not take the figure."));
     summary = timing.sentence();
     return true;
+}
+
+/** Only now, when nothing can go wrong or be cancelled any more, is the scene cleared. */
+bool VxBvhImport::Private::replaceScene(std::unique_ptr<VxSkeleton> figure,
+                                        const VxBvhTiming &timing)
+{
+    scene->beginLoad();
+    scene->clear();
+    const bool entered = enterScene(std::move(figure), timing);
+    scene->endLoad();
+    return entered;
 }
 
 bool VxBvhImport::Private::enterScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing)
@@ -106,6 +121,11 @@ VxBvhImport::~VxBvhImport() = default;
 void VxBvhImport::setProgress(const VxFileProgress &progress)
 {
     d->progress = progress;
+}
+
+void VxBvhImport::setReplacesScene(bool replaces)
+{
+    d->replaces = replaces;
 }
 
 bool VxBvhImport::importFile(const QString &fileName, VxFileError *error)

@@ -28,6 +28,10 @@ public:
     /// Watches and cancels; 0 to 100 over reading and building.
     void setProgress(const VxFileProgress &progress);
 
+    /// Whether the figure takes the place of everything in the scene, history included, as one
+    /// load, instead of coming to what is there. False to begin with.
+    void setReplacesScene(bool replaces);
+
     /// Reads the file and adds its figure, named after the file. False with the reason in
     /// `error`, which must not be null.
     bool importFile(const QString &fileName, VxFileError *error);

@@ -113,6 +113,8 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         contents->animRange = readRange();
     else if (is("looping"))
         contents->looping = m_input.boolean();
+    else if (is("animating"))
+        contents->animating = m_input.boolean();
     else if (is("nodes"))
         m_input.array([this] { readNode(); });
     else
@@ -323,6 +325,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->setPlayRange(contents.playRange);
     scene->setTime(contents.time);
     scene->loopPlayback(contents.looping);
+    scene->setAnimating(contents.animating);
     for (auto &node : contents.rootNodes)
         scene->addNode(node.release());
     contents.rootNodes.clear();

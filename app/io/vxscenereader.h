@@ -26,6 +26,7 @@ struct VxSceneContents
     VxTimeRange playRange;
     VxTimeRange animRange;
     bool looping = false;
+    bool animating = true;
     /// Members of the file that this version does not know, each name once.
     QStringList unknownMembers;
 };

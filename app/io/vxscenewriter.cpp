@@ -125,6 +125,7 @@ void SceneStream::writeHeader()
     range("playRange", m_scene->getPlayRange());
     range("animRange", m_scene->getAnimRange());
     flag("looping", m_scene->isLoopingEnabled(), false);
+    flag("animating", m_scene->isAnimating(), true);
 }
 
 bool SceneStream::write(const VxFileProgress &progress)

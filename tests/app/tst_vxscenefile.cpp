@@ -105,6 +105,7 @@ void TestSceneFile::everyTraitComesBack()
     scene.setPlayRange({400, 4000});
     scene.setTime(600);
     scene.loopPlayback(true);
+    scene.setAnimating(false);
     auto *node = new VxNode(QStringLiteral("n"));
     node->setLabel(QStringLiteral("Ünïcode label"));
     node->setVisible(false);
@@ -137,6 +138,7 @@ void TestSceneFile::everyTraitComesBack()
     QCOMPARE(copy.getPlayRange(), VxTimeRange(400, 4000));
     QCOMPARE(copy.getTime(), 600);
     QVERIFY(copy.isLoopingEnabled());
+    QVERIFY(!copy.isAnimating());
     VxNode *read = copy.findNode(QStringLiteral("n"));
     QVERIFY(read);
     QCOMPARE(read->getLabel(), QStringLiteral("Ünïcode label"));

@@ -140,7 +140,7 @@ void TestPlaybackRun::keepsTheClocksTime()
 int main(int argc, char **argv)
 {
     // A run that is asked to be long must not be ended as one that hangs.
-    const int limit = int(runMinutes() * 60000) + 300000;
+    const int limit = int(2 * runMinutes() * 60000) + 300000;
     qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(limit));
     QCoreApplication application(argc, argv);
     TestPlaybackRun test;

@@ -1,0 +1,13 @@
+#ifndef DROPPEDFILE_H
+#define DROPPEDFILE_H
+
+#include <QString>
+
+class QMimeData;
+class VxFileFormats;
+
+/// The file that can be opened out of what is dragged over the window: a single local file of a
+/// kind that is known. Empty for anything else.
+QString droppedFile(const QMimeData *data, const VxFileFormats &formats);
+
+#endif
