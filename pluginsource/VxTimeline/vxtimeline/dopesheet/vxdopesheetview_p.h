@@ -87,6 +87,7 @@ public:
     VxTime earliestSelected = VxTimeMax;
     VxTime latestSelected = -1;
     CommonTcb commonTcb;
+    bool commonTcbStale = false; // found out anew when it is asked for
 
     RowOperation rowOperation; // of the walk that is going on; empty while there is none
     VxKeyMessage message;      // what that operation applies, when it applies one
@@ -128,6 +129,7 @@ public:
     std::vector<SelectedKeys> collectSelected() const;
     // Finds out what the selected TCB keys have in common.
     void updateCommonTcb();
+    const CommonTcb &currentCommonTcb();
     void deselectItems() const;
     void deselectAll();
     void sendClear() const;

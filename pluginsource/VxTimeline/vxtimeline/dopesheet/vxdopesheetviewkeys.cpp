@@ -36,8 +36,16 @@ std::vector<SelectedKeys> VxDopeSheetView::Private::collectSelected() const
 void VxDopeSheetView::Private::updateCommonTcb()
 {
     commonTcb = CommonTcb();
+    commonTcbStale = false;
     resetSelectedBounds();
     visitSelected([this](const VxDopeSheetItem *item) { noteSelectedKeys(item); });
+}
+
+const VxDopeSheetView::Private::CommonTcb &VxDopeSheetView::Private::currentCommonTcb()
+{
+    if (commonTcbStale)
+        updateCommonTcb();
+    return commonTcb;
 }
 
 bool VxDopeSheetView::hasCopiedKeys() const

@@ -189,19 +189,20 @@ bool VxDopeSheetView::hasSelectedKeys() const
 
 bool VxDopeSheetView::getCommonTension(float *tension) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.tensionEqual, d->commonTcb.common.tension,
-                     tension);
+    const Private::CommonTcb &found = d->currentCommonTcb();
+    return getCommon(found.seen, found.tensionEqual, found.common.tension, tension);
 }
 
 bool VxDopeSheetView::getCommonContinuity(float *continuity) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.continuityEqual,
-                     d->commonTcb.common.continuity, continuity);
+    const Private::CommonTcb &found = d->currentCommonTcb();
+    return getCommon(found.seen, found.continuityEqual, found.common.continuity, continuity);
 }
 
 bool VxDopeSheetView::getCommonBias(float *bias) const
 {
-    return getCommon(d->commonTcb.seen, d->commonTcb.biasEqual, d->commonTcb.common.bias, bias);
+    const Private::CommonTcb &found = d->currentCommonTcb();
+    return getCommon(found.seen, found.biasEqual, found.common.bias, bias);
 }
 
 // While nothing is selected there is nothing to have anything in common with.
@@ -328,7 +329,8 @@ void VxDopeSheetView::Private::applyToNamed()
 }
 
 // The key graph tells of every key it changes, so a message goes to the rows of its own properties
-// only, after those that it clears.
+// only, after those that it clears. What the keys have in common is left for when it is asked for:
+// a drag in the graph tells of all of its keys at every move of the mouse.
 void VxDopeSheetView::handleKeyMessage(const VxKeyMessage &message)
 {
     if (d->rowOperation)
@@ -342,5 +344,6 @@ void VxDopeSheetView::handleKeyMessage(const VxKeyMessage &message)
         d->applyToNamed();
     }
     d->message = VxKeyMessage();
+    d->commonTcbStale = true;
     viewport()->update();
 }

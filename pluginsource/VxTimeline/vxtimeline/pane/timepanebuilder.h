@@ -47,6 +47,7 @@ private:
 
     void connectSceneTime();
     void connectSceneNodes();
+    void connectKeysOfGraph();
     void connectDopeSheet();
     void connectSliders();
     void connectFields();

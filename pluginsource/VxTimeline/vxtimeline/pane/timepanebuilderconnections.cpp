@@ -1,5 +1,6 @@
 // Who hears whom.
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxapp.h>
@@ -27,6 +28,7 @@ void TimePaneBuilder::makeConnections()
 {
     connectSceneTime();
     connectSceneNodes();
+    connectKeysOfGraph();
     connectDopeSheet();
     connectSliders();
     connectFields();
@@ -67,10 +69,23 @@ void TimePaneBuilder::connectSceneNodes()
                      &Pane::handlePrimarySelectionChanged);
 }
 
-void TimePaneBuilder::connectDopeSheet()
+// A drag in the graph tells of its keys at every move of the mouse, and each time all of them would
+// have to be asked: the fields follow when it rests.
+void TimePaneBuilder::connectKeysOfGraph()
 {
+    constexpr int Rest = 50; // milliseconds
+    auto *resting = new QTimer(m_pane);
+    resting->setSingleShot(true);
+    resting->setInterval(Rest);
+    QObject::connect(resting, &QTimer::timeout, m_pane, &Pane::updateKeyInterpType);
     QObject::connect(d->keyCommunication, &VxKeyCommunication::received, m_pane,
                      &Pane::updateActionStates);
+    QObject::connect(d->keyCommunication, &VxKeyCommunication::received, resting,
+                     QOverload<>::of(&QTimer::start));
+}
+
+void TimePaneBuilder::connectDopeSheet()
+{
     QObject::connect(d->dopeSheetView, &VxDopeSheetView::itemSelectionChanged, m_pane,
                      &Pane::handleDopesheetItemSelectionChanged);
     QObject::connect(d->dopeSheetView, &VxDopeSheetView::propertyHitListChanged, m_pane,
