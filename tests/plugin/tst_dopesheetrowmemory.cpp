@@ -233,6 +233,17 @@ void TestDopeSheetRowMemory::newSelectionCounts()
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{leg});
     QVERIFY(!view->isRowSelected(rowOf(arms[2])));
     QVERIFY(view->isRowSelected(rowOf(leg)));
+    // As many rows as before, but another one.
+    filter("arm");
+    mouse.click(view->visualRect(rowOf(arms[4])).center());
+    filter("arm 4");
+    mouse.click(view->visualRect(rowOf(arms[4])).center());
+    filter("arm");
+    mouse.click(view->visualRect(rowOf(arms[5])).center());
+    filter("");
+    QVERIFY(!view->isRowSelected(rowOf(arms[4])));
+    QVERIFY(view->isRowSelected(rowOf(arms[5])));
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[5]});
 }
 
 void TestDopeSheetRowMemory::sceneSelectionMadeMeanwhile()
@@ -253,6 +264,8 @@ void TestDopeSheetRowMemory::currentRowComesBack()
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
     filter("arm 2");
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
+    filter("leg");
+    QVERIFY(!rowOf(arms[2]).isValid());
     filter("");
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
 }

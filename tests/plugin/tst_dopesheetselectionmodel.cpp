@@ -94,6 +94,7 @@ private Q_SLOTS:
     void cellsStayCells();
     void rowsComeAndGo();
     void tellsBothSides();
+    void silentReset();
     void asManyRangesAsParents();
     void randomSession();
     void workGrowsWithTheRanges();
@@ -211,6 +212,14 @@ void TestDopeSheetSelectionModel::tellsBothSides()
     other.select(child({3, 1}), child({3, 2}));
     ours->select(other, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     QCOMPARE(heard, 1);
+}
+
+void TestDopeSheetSelectionModel::silentReset()
+{
+    ours->select(child({1, 1}), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QVERIFY(ours->isRowSelected(child({1, 1})));
+    ours->reset();
+    QVERIFY(!ours->isRowSelected(child({1, 1})));
 }
 
 void TestDopeSheetSelectionModel::asManyRangesAsParents()

@@ -34,11 +34,13 @@ private Q_SLOTS:
     void nodeWithoutRow();
     void rowThatComesLater();
     void rowThatGoes();
+    void rowTakenOutOfTheSheet();
     void anotherModel();
     void clearedScene();
     void hiddenPane();
     void marksStandAtTheKeys();
     void playheadLeavesNoTrace();
+    void columnsPaintedOneByOne();
 
 private:
     static VxNode *addNode(const char *name)
@@ -149,6 +151,20 @@ void TestTimePaneKeySource::rowThatGoes()
     QTRY_VERIFY(isEverything());
 }
 
+// The node stays, and stays selected.
+void TestTimePaneKeySource::rowTakenOutOfTheSheet()
+{
+    showPane();
+    a->select(true);
+    const auto call = [this](const char *slot) {
+        QVERIFY(QMetaObject::invokeMethod(pane.get(), slot, Q_ARG(VxNode *, a)));
+    };
+    call("removeDopesheetNode");
+    QTRY_VERIFY(isEverything());
+    call("addDopesheetNode");
+    QTRY_COMPARE(sourceNode(), a);
+}
+
 void TestTimePaneKeySource::anotherModel()
 {
     showPane();
@@ -167,8 +183,7 @@ void TestTimePaneKeySource::clearedScene()
     showPane();
     a->select(true);
     vxScene->clear();
-    ruler();
-    QTRY_VERIFY(isEverything());
+    QVERIFY(isEverything());
     QCOMPARE(header->getKeySource()->keyCount(), 0);
 }
 
@@ -231,6 +246,37 @@ void TestTimePaneKeySource::playheadLeavesNoTrace()
         const QImage partly = shown();
         header->viewport()->update();
         QCOMPARE(partly, shown());
+    }
+}
+
+// Numbers, ticks and flags reach over more columns than one; each has its part of them.
+void TestTimePaneKeySource::columnsPaintedOneByOne()
+{
+    showPane(700, 300);
+    vxScene->setAnimRange(VxTimeRange(0, 100 * 160));
+    vxScene->setPlayRange(VxTimeRange(3 * 160, 90 * 160));
+    vxScene->setTime(160 * 40);
+    a->getXPosControl()->setKey(160 * 12, 1, VxKeyInterp::Linear);
+    a->select(true);
+    QCoreApplication::processEvents();
+    const QImage whole = pane->screen()->grabWindow(pane->winId()).toImage();
+    QWidget *viewport = header->viewport();
+    for (int x = header->sectionSize(0) - 20; x < viewport->width(); ++x) {
+        viewport->update(x, 0, 1, viewport->height());
+        QCoreApplication::processEvents();
+    }
+    const QImage after = pane->screen()->grabWindow(pane->winId()).toImage();
+    // Half transparent edges that are laid over other ones may be rounded otherwise.
+    constexpr int Rounding = 2;
+    for (int y = 0; y < after.height(); ++y) {
+        for (int x = 0; x < after.width(); ++x) {
+            const QColor one = after.pixelColor(x, y);
+            const QColor other = whole.pixelColor(x, y);
+            QVERIFY2(qAbs(one.red() - other.red()) <= Rounding &&
+                         qAbs(one.green() - other.green()) <= Rounding &&
+                         qAbs(one.blue() - other.blue()) <= Rounding,
+                     qPrintable(QStringLiteral("at %1, %2").arg(x).arg(y)));
+        }
     }
 }
 

@@ -40,11 +40,12 @@ DopeSheetRowMemory::DopeSheetRowMemory(VxDopeSheetView *view)
 
 void DopeSheetRowMemory::note(bool isFiltered)
 {
-    m_current = m_view->getItem(m_view->currentIndex());
     m_top = m_view->getItem(m_view->indexAt(QPoint(0, 0)));
     if (!isFiltered)
         m_unfilteredTop = m_top;
     noteSelectedRows();
+    if (m_selectionIsNew || !m_current)
+        m_current = m_view->getItem(m_view->currentIndex());
     noteOpenRows();
     m_view->collapseAll();
 }
