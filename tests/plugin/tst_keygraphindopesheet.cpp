@@ -32,6 +32,8 @@ private Q_SLOTS:
     void draggingPastAnotherKey();
     void nodesGone();
     void rowsMadeAnew();
+    void rowsGoDuringADrag_data();
+    void rowsGoDuringADrag();
     void clearingReachesRowsLeftOut();
     void namedKeysOfRowsLeftOut();
 
@@ -39,6 +41,7 @@ private:
     QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
     QVector<int> selectedInRow() const;
     QVector<int> selectedInGraph() const;
+    QVector<VxTime> timesOfKeys() const;
     QPoint placeOfKey(int index) const;
     void clickRow();
 
@@ -112,6 +115,14 @@ QVector<int> TestKeyGraphInDopeSheet::selectedInGraph() const
             indexes += i;
     }
     return indexes;
+}
+
+QVector<VxTime> TestKeyGraphInDopeSheet::timesOfKeys() const
+{
+    QVector<VxTime> times;
+    for (int i = 0; i < m_property->getNumKeys(); ++i)
+        times += m_property->getKeyTime(i);
+    return times;
 }
 
 QPoint TestKeyGraphInDopeSheet::placeOfKey(int index) const
@@ -233,6 +244,48 @@ void TestKeyGraphInDopeSheet::rowsMadeAnew()
     QVERIFY(!tension->isEnabled());
     clickRow();
     QCOMPARE(selectedInRow(), selectedInGraph());
+}
+
+void TestKeyGraphInDopeSheet::rowsGoDuringADrag_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::newRow("made anew") << QStringLiteral("refresh");
+    QTest::newRow("left out") << QStringLiteral("filter");
+    QTest::newRow("with the scene") << QStringLiteral("clear");
+}
+
+// The keys under the mouse lose their rows, or go themselves, before the button is let go.
+void TestKeyGraphInDopeSheet::rowsGoDuringADrag()
+{
+    QFETCH(QString, what);
+    const QVector<VxTime> before = timesOfKeys();
+    const int x = TimelineMetrics::shared().keyMiddle(m_sheet->columnWidth(0), before.at(1),
+                                                      vxScene->getPlayRange().getStart());
+    const QPoint start(x, m_sheet->visualRect(rowOf(m_property)).center().y());
+    VxMouseDriver mouse(m_sheet->viewport());
+    mouse.press(start);
+    QCOMPARE(selectedInRow(), QVector<int>{1});
+    mouse.moveTo(start + QPoint(40, 0));
+    if (what == QLatin1String("refresh"))
+        pane->refreshDopesheet();
+    else if (what == QLatin1String("filter"))
+        m_sheet->applyFilterText(QStringLiteral("nothing of the kind"));
+    else
+        vxScene->clear();
+    QCoreApplication::processEvents();
+    mouse.moveTo(start + QPoint(60, 0));
+    mouse.release(start + QPoint(60, 0));
+    pane->grab();
+    if (what == QLatin1String("clear")) {
+        QVERIFY(!pane->hasSelectedKeys());
+        return;
+    }
+    QCOMPARE(timesOfKeys().size(), before.size());
+    for (const int kept : {0, 3})
+        QCOMPARE(timesOfKeys().at(kept), before.at(kept));
+    while (vxApp->getUndoStack()->canUndo())
+        vxApp->getUndoStack()->undo();
+    QCOMPARE(timesOfKeys(), before);
 }
 
 // What the text filter leaves out still has its keys selected, and is cleared with the rest.
