@@ -61,6 +61,12 @@ private Q_SLOTS:
     void missingFileIsAnErrorWithoutALine();
     void argumentsAreSeen();
     void globalNamesAreSorted();
+    void membersBehindADot_data();
+    void membersBehindADot();
+    void membersRunNothing();
+    void incompletePrograms_data();
+    void incompletePrograms();
+    void runningIsKnown();
     void endlessLoopCanBeStopped();
     void deletedObjectGivesAnError();
     void wrapperNeverOwnsTheObject();
@@ -158,6 +164,104 @@ void TestScriptEngine::globalNamesAreSorted()
     QCOMPARE(names, sorted);
     for (const char *name : {"App", "Scene", "Undo", "arguments", "print"})
         QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void TestScriptEngine::membersBehindADot_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<bool>("found");
+    QTest::newRow("slot of an object") << "Scene"
+                                       << "stepTime" << true;
+    QTest::newRow("property of an object") << "Scene"
+                                           << "timeStep" << true;
+    QTest::newRow("function of its prototype") << "Scene"
+                                               << "addBone" << true;
+    QTest::newRow("node in a variable") << "arm"
+                                        << "label" << true;
+    QTest::newRow("function of the prototype's prototype") << "arm"
+                                                           << "addFloatProperty" << true;
+    QTest::newRow("element of an array") << "list[0]"
+                                         << "getXRotControl" << true;
+    QTest::newRow("member of a member") << "list[1].inner"
+                                        << "deep" << true;
+    QTest::newRow("index out of range") << "list[7]"
+                                        << "deep" << false;
+    QTest::newRow("indexes are no names") << "list"
+                                          << "0" << false;
+    QTest::newRow("built-in object") << "Math"
+                                     << "sqrt" << true;
+    QTest::newRow("text") << "name"
+                          << "length" << false;
+    QTest::newRow("unknown name") << "nobody"
+                                  << "label" << false;
+    QTest::newRow("nothing") << ""
+                             << "Scene" << false;
+    QTest::newRow("call") << "Scene.getNodes()"
+                          << "length" << false;
+    QTest::newRow("two dots") << "Scene..time"
+                              << "label" << false;
+    QTest::newRow("number") << "12"
+                            << "label" << false;
+}
+
+void TestScriptEngine::membersBehindADot()
+{
+    QFETCH(QString, expression);
+    QFETCH(QString, member);
+    m_engine->evaluate(QStringLiteral("var arm = Scene.addBone('arm'); var name = 'text';"
+                                      "var list = [arm, { inner: { deep: 1 } }];"));
+    const QStringList names = m_engine->memberNames(expression);
+    QTEST(names.contains(member), "found");
+    QStringList sorted = names;
+    sorted.sort();
+    sorted.removeDuplicates();
+    QCOMPARE(names, sorted);
+}
+
+void TestScriptEngine::membersRunNothing()
+{
+    m_engine->evaluate(QStringLiteral("var calls = 0; function f() { ++calls; return Scene; }"));
+    QVERIFY(m_engine->memberNames(QStringLiteral("f()")).isEmpty());
+    QVERIFY(m_engine->memberNames(QStringLiteral("f")).contains(QStringLiteral("apply")));
+    QCOMPARE(m_engine->evaluate(QStringLiteral("calls")), QStringLiteral("0"));
+    // A node that is gone has nothing to offer, and leaves no error behind.
+    m_engine->evaluate(QStringLiteral("var gone = Scene.addNode('x'); Scene.removeNode(gone);"));
+    m_engine->memberNames(QStringLiteral("gone.label"));
+    VxScriptError error;
+    QCOMPARE(m_engine->evaluate(QStringLiteral("2"), {}, &error), QStringLiteral("2"));
+    QVERIFY(error.isNull());
+}
+
+void TestScriptEngine::incompletePrograms_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<bool>("complete");
+    QTest::newRow("nothing") << "" << true;
+    QTest::newRow("statement") << "var a = 1" << true;
+    QTest::newRow("open brace") << "function f() {" << false;
+    QTest::newRow("open bracket") << "print(1," << false;
+    QTest::newRow("open assignment") << "a = " << false;
+    QTest::newRow("open list over two lines") << "var a = [1,\n2" << false;
+    QTest::newRow("wrong at its end") << "var a b" << true;
+    QTest::newRow("closed again") << "function f() {\n}" << true;
+    QTest::newRow("wrong, and no more text makes it right") << "var = 3" << true;
+}
+
+void TestScriptEngine::incompletePrograms()
+{
+    QFETCH(QString, program);
+    QTEST(VxScriptEngine::isComplete(program), "complete");
+}
+
+void TestScriptEngine::runningIsKnown()
+{
+    QVERIFY(!m_engine->isRunning());
+    bool seen = false;
+    connect(m_engine, &VxScriptEngine::printed, this, [&] { seen = m_engine->isRunning(); });
+    m_engine->evaluate(QStringLiteral("print('now')"));
+    QVERIFY(seen);
+    QVERIFY(!m_engine->isRunning());
 }
 
 void TestScriptEngine::endlessLoopCanBeStopped()

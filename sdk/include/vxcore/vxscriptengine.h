@@ -54,6 +54,16 @@ public:
     /// The names of the global object's properties, sorted: for completion.
     QStringList globalNames() const;
 
+    /// The names that can follow a dot behind an expression of names and indexes joined by dots
+    /// and brackets, such as `Scene` or `nodes[0].label`, sorted: for completion. Nothing but
+    /// properties is read on the way; empty when the expression is another, or leads to nothing.
+    QStringList memberNames(const QString &expression) const;
+
+    /// False when a program is right so far but ends too early, such as one with an open brace.
+    static bool isComplete(const QString &program);
+    /// True while a program runs.
+    bool isRunning() const;
+
     /// With true, running programs let events through now and then, so that abort() can be
     /// called; without (the default) they run to their end undisturbed.
     void setStoppable(bool stoppable);

@@ -1,6 +1,7 @@
 #include <vxcore/vxscriptengine.h>
 
 #include "script/scriptbindings.h"
+#include "script/scriptmembers.h"
 
 #include <QtCore/QFile>
 #include <QtScript/QScriptEngine>
@@ -134,6 +135,32 @@ QStringList VxScriptEngine::globalNames() const
     }
     names.sort();
     return names;
+}
+
+QStringList VxScriptEngine::memberNames(const QString &expression) const
+{
+    const QScriptValue value = ScriptMembers::resolve(d->engine.globalObject(), expression);
+    // Reading a property of an object that is gone is an error of nobody's program.
+    if (d->depth == 0)
+        d->engine.clearExceptions();
+    return value.isObject() ? ScriptMembers::names(value) : QStringList();
+}
+
+bool VxScriptEngine::isComplete(const QString &program)
+{
+    const QScriptSyntaxCheckResult check = QScriptEngine::checkSyntax(program);
+    if (check.state() != QScriptSyntaxCheckResult::Error)
+        return check.state() == QScriptSyntaxCheckResult::Valid;
+    // The checker calls some programs wrong that only end too early: what is wrong with them moves
+    // along when something follows that is right nowhere.
+    const QString longer = program + QStringLiteral("\n@");
+    return QScriptEngine::checkSyntax(longer).errorLineNumber() <=
+           program.count(QLatin1Char('\n')) + 1;
+}
+
+bool VxScriptEngine::isRunning() const
+{
+    return d->depth > 0;
 }
 
 void VxScriptEngine::setStoppable(bool stoppable)
