@@ -1,87 +1,15 @@
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
 
-#include <QtCore/QHash>
-#include <QtCore/QMap>
 #include <QtCore/QTimer>
 #include <QtGui/QIcon>
-#include <algorithm>
-#include <iterator>
 #include <utility>
 #include <vxcore/vxapp.h>
-#include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
-#include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-
-class VxDopeSheetModel::Private
-{
-public:
-    VxDopeSheetItem root;
-    // By the node as an object: one that is being destroyed is no node any more.
-    QMap<const QObject *, VxDopeSheetItem *> rows;
-    int propertyTypes = 0;
-    int keyCreationScope = 2;
-    bool willTellNames = false;
-
-    // Takes the nodes of a row and of all below out of the table.
-    void forgetRows(const VxDopeSheetItem *item)
-    {
-        if (item->node())
-            rows.remove(item->node());
-        for (int i = 0; i < item->childCount(); ++i)
-            forgetRows(item->child(i));
-    }
-
-    int topLevelRow(VxNode *node) const
-    {
-        const VxDopeSheetItem *item = rows.value(node, nullptr);
-        return item && item->parentItem() == &root ? item->row() : -1;
-    }
-};
-
-namespace {
-
-using SelectedTimes = QHash<const VxProperty *, QVector<VxTime>>;
-
-bool hasProperties(const VxObject *object)
-{
-    return object && !object->getPropertyGroups()->collectAllProperties().isEmpty();
-}
-
-// The row above a node's properties; null when it has none.
-VxDopeSheetItem *propertiesRowOf(const VxDopeSheetItem *nodeRow)
-{
-    VxDopeSheetItem *first = nodeRow->child(0);
-    return first && !first->node() ? first : nullptr;
-}
-
-void collectSelectedTimes(VxDopeSheetItem *item, SelectedTimes *selected)
-{
-    if (item->property() && item->hasSelectedKeys()) {
-        item->saveSelectedKeyTimes();
-        QVector<VxTime> &times = (*selected)[item->property()];
-        std::copy_n(item->savedTimes(), item->savedTimeCount(), std::back_inserter(times));
-    }
-    for (int i = 0; i < item->childCount(); ++i)
-        collectSelectedTimes(item->child(i), selected);
-}
-
-void selectTimes(VxDopeSheetItem *item, const SelectedTimes &selected)
-{
-    const auto found = selected.constFind(item->property());
-    if (item->property() && found != selected.cend())
-        item->selectOnlyKeysAt(found->constData(), found->size());
-    for (int i = 0; i < item->childCount(); ++i)
-        selectTimes(item->child(i), selected);
-}
-
-} // namespace
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)
@@ -372,35 +300,6 @@ void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject
     Q_UNUSED(node)
     Q_UNUSED(oldObject)
     Q_UNUSED(newObject)
-}
-
-// The former object is still there while this is told, but its properties are not the node's any
-// more. Keys of the node's own properties stay selected.
-void VxDopeSheetModel::renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject)
-{
-    VxDopeSheetItem *item = findItem(node);
-    if (!item || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
-        (!hasProperties(oldObject) && !hasProperties(newObject)))
-        return;
-    SelectedTimes selected;
-    VxDopeSheetItem *former = propertiesRowOf(item);
-    if (former) {
-        collectSelectedTimes(former, &selected);
-        beginRemoveRows(indexOf(item), former->row(), former->row());
-        delete former;
-        endRemoveRows();
-    }
-    VxDopeSheetItem holder;
-    addPropertyRows(node, &holder);
-    if (VxDopeSheetItem *fresh = holder.child(0)) {
-        selectTimes(fresh, selected);
-        beginInsertRows(indexOf(item), 0, 0);
-        fresh->setParent(item);
-        item->moveChild(fresh->row(), 0);
-        endInsertRows();
-    }
-    handleNameChanged();
-    keysChanged();
 }
 
 void VxDopeSheetModel::keysChanged()

@@ -80,6 +80,11 @@ public Q_SLOTS:
     void removeNode(VxNode *node);
     void parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
     void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);
+    // Puts a node's row behind that of the nearest sibling before it in the scene that has one.
+    void followOrder(VxNode *node);
+    // Properties of a node came or went. Rows of those that went are gone at once; what came gets
+    // its rows in the next turn of the event loop. Rows of all others stay.
+    void propertiesChanged(VxNode *node);
     // Tells the views that anything may have changed.
     void keysChanged();
 
@@ -92,6 +97,12 @@ private:
     void renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject);
     QVariant decoration(const VxDopeSheetItem *item) const;
     void moveRootRow(int from, int to);
+    void moveRow(VxDopeSheetItem *item, int destination);
+    void removeRow(VxDopeSheetItem *item);
+    void insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item);
+    void updateWaitingRows();
+    void updatePropertyRows(VxNode *node, VxDopeSheetItem *item);
+    void mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *wanted);
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -20,10 +20,15 @@ namespace {
 // A name column narrower than this is not worth remembering; pixels.
 constexpr int LeastSavedWidth = 25;
 
+bool belongsByItself(const VxNode *node)
+{
+    return node->isVisible() && (!node->isIkNode() || node->isSelectable());
+}
+
 // A helper node that cannot be selected is of no use in the sheet, unless it leads to one that is.
 bool belongsInSheet(const VxNode *node)
 {
-    if (node->isVisible() && (!node->isIkNode() || node->isSelectable()))
+    if (belongsByItself(node))
         return true;
     for (int i = 0; i < node->getNumNodeChildren(); ++i) {
         if (belongsInSheet(node->getNodeChild(i)))
@@ -73,9 +78,33 @@ void VxTimePane::initModel()
         d->followKeySource();
     });
     d->followKeySource();
+    followSceneChanges();
     d->layoutDopeSheet();
     d->followNameColumn();
     updateSliders();
+}
+
+void VxTimePane::followSceneChanges()
+{
+    VxDopeSheetModel *model = d->dopeSheetModel;
+    connect(vxScene, &VxScene::nodeOrderChanged, model, &VxDopeSheetModel::followOrder);
+    connect(vxScene, &VxScene::nodePropertiesChanged, model, &VxDopeSheetModel::propertiesChanged);
+    connect(vxScene, &VxScene::nodeParentChanged, model,
+            [this](VxNode *, VxNode *, VxNode *newParent) { d->placeRowsAbove(newParent); });
+    // A node that is hidden keeps its row; one that had none because it was hidden gets one.
+    connect(vxScene, &VxScene::nodeVisibleChanged, model, [this](VxNode *node, bool visible) {
+        if (!visible || d->sceneLoadDepth > 0 || d->dopeSheetModel->findItem(node))
+            return;
+        addDopesheetNode(node, false);
+        d->dopeSheetModel->followOrder(node);
+    });
+}
+
+// Only such rows can have come as rows above another, to the end of theirs.
+void VxTimePane::Private::placeRowsAbove(VxNode *node) const
+{
+    for (; node && !belongsByItself(node); node = node->getNodeParent())
+        dopeSheetModel->followOrder(node);
 }
 
 void VxTimePane::uninitModel()
@@ -151,7 +180,16 @@ void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
     if (d->sceneLoadDepth > 0)
         d->queuedNodes.append(node);
     else if (belongsInSheet(node))
-        d->dopeSheetModel->addNode(node, addChildren);
+        d->addRows(node, addChildren);
+}
+
+void VxTimePane::Private::addRows(VxNode *node, bool addChildren) const
+{
+    VxNode *above = node->getNodeParent();
+    const bool isAboveNew = above && !dopeSheetModel->findItem(above);
+    dopeSheetModel->addNode(node, addChildren);
+    if (isAboveNew)
+        placeRowsAbove(above);
 }
 
 void VxTimePane::removeDopesheetNode(VxNode *node)

@@ -207,6 +207,7 @@ private Q_SLOTS:
     void doStyling();
 
 private:
+    void followSceneChanges();
     void registerChoices();
     void resetPlayRangeStart();
     void resetFramesPerSecond();

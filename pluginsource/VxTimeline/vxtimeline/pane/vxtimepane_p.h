@@ -162,6 +162,11 @@ public:
     void placeControls(VxTimePane *pane) const;
     // Gives view and header a model; null for none.
     void showModel(QAbstractItemModel *model) const;
+    // Adds a node's rows; those above that are missing go where the scene has them.
+    void addRows(VxNode *node, bool addChildren) const;
+    // Puts the rows of a node and those above it that are there for the sake of others only to
+    // their places.
+    void placeRowsAbove(VxNode *node) const;
     // Lets an active text filter take up rows that came.
     void filterAnew() const;
     // Lets the header mark the keys of the primary selection's row, or of all rows.

@@ -1,0 +1,196 @@
+// How the model follows what the scene tells of nodes that have rows already: their order, and
+// properties that come and go.
+
+#include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QTimer>
+#include <utility>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxproperty.h>
+#include <vxcore/vxpropertygrouptree.h>
+#include <vxcore/vxpropertyhelper.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
+
+namespace {
+
+VxNode *siblingAt(const VxNode *node, int index)
+{
+    const VxNode *above = node->getNodeParent();
+    return above ? above->getNodeChild(index) : node->getScene()->getRootNodes().value(index);
+}
+
+bool hasProperties(const VxObject *object)
+{
+    return object && !object->getPropertyGroups()->collectAllProperties().isEmpty();
+}
+
+// The row that holds the property rows; null for a node without any.
+VxDopeSheetItem *propertiesRow(const VxDopeSheetItem *nodeRow)
+{
+    VxDopeSheetItem *first = nodeRow->child(0);
+    return first && !first->node() ? first : nullptr;
+}
+
+// What a row stands for among its siblings.
+using RowKey = QPair<const VxProperty *, QString>;
+
+RowKey keyOf(const VxDopeSheetItem *item)
+{
+    const VxProperty *property = item->property();
+    return {property, property ? QString() : item->label()};
+}
+
+QHash<RowKey, VxDopeSheetItem *> childrenByKey(const VxDopeSheetItem *item)
+{
+    QHash<RowKey, VxDopeSheetItem *> children;
+    for (int i = 0; i < item->childCount(); ++i)
+        children.insert(keyOf(item->child(i)), item->child(i));
+    return children;
+}
+
+void collectStrayRows(VxDopeSheetItem *item, const VxNode *node, QVector<VxDopeSheetItem *> *stray)
+{
+    for (int i = 0; i < item->childCount(); ++i)
+        collectStrayRows(item->child(i), node, stray);
+    if (item->property() && VxPropertyHelper::getNode(item->property()) != node)
+        stray->append(item);
+}
+
+} // namespace
+
+// Only the nearest sibling before it counts: rows at the top level may have been put into another
+// order by hand, and nodes that have no row are left out.
+void VxDopeSheetModel::followOrder(VxNode *node)
+{
+    VxDopeSheetItem *item = findItem(node);
+    if (!item || !node->getScene())
+        return;
+    VxDopeSheetItem *above = item->parentItem();
+    int place = above->node() && propertiesRow(above) ? 1 : 0;
+    for (int i = node->getSiblingIndex() - 1; i >= 0; --i) {
+        const VxDopeSheetItem *before = findItem(siblingAt(node, i));
+        if (before && before->parentItem() == above) {
+            place = before->row() + 1;
+            break;
+        }
+    }
+    moveRow(item, place);
+}
+
+// destination: the place among the siblings as they stand before the move.
+void VxDopeSheetModel::moveRow(VxDopeSheetItem *item, int destination)
+{
+    VxDopeSheetItem *above = item->parentItem();
+    const int from = item->row();
+    if (!beginMoveRows(indexOf(above), from, from, indexOf(above), destination))
+        return;
+    above->moveChild(from, destination > from ? destination - 1 : destination);
+    endMoveRows();
+}
+
+// The former object is still there while this is told, but its properties are not the node's any
+// more.
+void VxDopeSheetModel::renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject)
+{
+    VxDopeSheetItem *item = findItem(node);
+    if (!item || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
+        (!hasProperties(oldObject) && !hasProperties(newObject)))
+        return;
+    updatePropertyRows(node, item);
+    keysChanged();
+}
+
+void VxDopeSheetModel::propertiesChanged(VxNode *node)
+{
+    VxDopeSheetItem *item = findItem(node);
+    VxDopeSheetItem *properties = item ? propertiesRow(item) : nullptr;
+    if (!item)
+        return;
+    // A row must not lead to a property that has left: the history may keep it alive.
+    QVector<VxDopeSheetItem *> stray;
+    if (properties)
+        collectStrayRows(properties, node, &stray);
+    for (VxDopeSheetItem *row : qAsConst(stray))
+        removeRow(row);
+    if (d->nodesToUpdate.isEmpty())
+        QTimer::singleShot(0, this, &VxDopeSheetModel::updateWaitingRows);
+    if (d->nodesToUpdate.isEmpty() || d->nodesToUpdate.last() != node)
+        d->nodesToUpdate.append(node);
+}
+
+// With the groups above that nothing is left in.
+void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
+{
+    VxDopeSheetItem *above = item->parentItem();
+    while (above && !above->node() && above->parentItem() && above->childCount() == 1) {
+        item = above;
+        above = item->parentItem();
+    }
+    beginRemoveRows(indexOf(above), item->row(), item->row());
+    delete item;
+    endRemoveRows();
+    handleNameChanged();
+}
+
+void VxDopeSheetModel::updateWaitingRows()
+{
+    const QVector<QPointer<VxNode>> nodes = std::exchange(d->nodesToUpdate, {});
+    for (VxNode *node : nodes) {
+        if (VxDopeSheetItem *item = node ? findItem(node) : nullptr)
+            updatePropertyRows(node, item);
+    }
+}
+
+// The rows that are wanted are made aside; those that are there already stay, with their selection
+// and what a view knows of them.
+void VxDopeSheetModel::updatePropertyRows(VxNode *node, VxDopeSheetItem *item)
+{
+    VxDopeSheetItem wantedNodeRow;
+    addPropertyRows(node, &wantedNodeRow);
+    VxDopeSheetItem *wanted = wantedNodeRow.child(0);
+    VxDopeSheetItem *present = propertiesRow(item);
+    if (wanted && present)
+        mergeRows(present, wanted);
+    else if (wanted)
+        insertRow(item, 0, wanted);
+    else if (present)
+        removeRow(present);
+}
+
+void VxDopeSheetModel::insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item)
+{
+    beginInsertRows(indexOf(above), row, row);
+    item->setParent(above);
+    above->moveChild(item->row(), row);
+    endInsertRows();
+    handleNameChanged();
+}
+
+void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *wanted)
+{
+    const auto wantedRows = childrenByKey(wanted);
+    for (int i = present->childCount() - 1; i >= 0; --i) {
+        if (!wantedRows.contains(keyOf(present->child(i)))) {
+            beginRemoveRows(indexOf(present), i, i);
+            delete present->child(i);
+            endRemoveRows();
+            handleNameChanged();
+        }
+    }
+    const auto presentRows = childrenByKey(present);
+    QVector<VxDopeSheetItem *> order;
+    for (int i = 0; i < wanted->childCount(); ++i)
+        order.append(wanted->child(i));
+    for (int i = 0; i < order.size(); ++i) {
+        VxDopeSheetItem *known = presentRows.value(keyOf(order.at(i)), nullptr);
+        if (!known) {
+            insertRow(present, i, order.at(i));
+            continue;
+        }
+        moveRow(known, i);
+        mergeRows(known, order.at(i));
+    }
+}
