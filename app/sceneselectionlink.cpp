@@ -43,10 +43,10 @@ void SceneSelectionLink::handleViewSelection(const QItemSelection &selected,
     if (m_isShowing || (vxApp && vxApp->isClosing()))
         return;
     const QScopedValueRollback<bool> sending(m_isSending, true);
-    for (const QModelIndex &index : deselected.indexes())
-        m_model->nodeAt(index)->select(false);
-    for (const QModelIndex &index : selected.indexes())
-        m_model->nodeAt(index)->select(true);
+    for (VxNode *node : m_model->nodesAt(deselected.indexes()))
+        node->select(false);
+    for (VxNode *node : m_model->nodesAt(selected.indexes()))
+        node->select(true);
     handleViewCurrent(m_view->currentIndex());
     // A node that cannot be selected must not look as if it were.
     m_primaryMoved = false;
@@ -67,7 +67,7 @@ void SceneSelectionLink::showSceneSelection()
 {
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     QItemSelectionModel *rows = m_view->selectionModel();
-    rows->select(sceneSelection(), QItemSelectionModel::ClearAndSelect);
+    rows->select(sceneSelection(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (!m_primaryMoved)
         return;
     m_primaryMoved = false;

@@ -1,12 +1,47 @@
 #include "scenetreemodel.h"
 
+#include "sceneedits.h"
+
+#include <QGuiApplication>
 #include <QHash>
 #include <QIcon>
+#include <QMimeData>
+#include <QPalette>
+#include <QPointer>
 #include <vector>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
 namespace {
+
+/// Nodes on their way to another place. They are this process's own, so they travel as they are.
+class DraggedNodes : public QMimeData
+{
+    Q_OBJECT
+public:
+    explicit DraggedNodes(const QVector<VxNode *> &nodes)
+    {
+        for (VxNode *node : nodes)
+            m_nodes.append(node);
+        setData(mimeType(), QByteArray());
+    }
+
+    static QString mimeType() { return QStringLiteral("application/x-vxscene-nodes"); }
+
+    /// Those that are in the scene still.
+    QVector<VxNode *> nodes(const VxScene *scene) const
+    {
+        QVector<VxNode *> list;
+        for (VxNode *node : m_nodes) {
+            if (node && node->getScene() == scene)
+                list.append(node);
+        }
+        return list;
+    }
+
+private:
+    QVector<QPointer<VxNode>> m_nodes;
+};
 
 struct Row
 {
@@ -36,10 +71,11 @@ public:
 
     Row *rowOf(const VxNode *node) { return node ? rows.value(node) : &root; }
 
-    /// Where a node belongs among the rows that are there already.
-    static int place(const VxNode *node, const Row *parent)
+    /// Where a node belongs among the rows that are there already, of which it may be one.
+    static int place(const VxNode *node, const Row *parent, bool isIn = false)
     {
-        return qBound(0, node->getSiblingIndex(), int(parent->children.size()));
+        const int others = int(parent->children.size()) - (isIn ? 1 : 0);
+        return qBound(0, node->getSiblingIndex(), others);
     }
 
     Row *insert(SceneTreeModel *q, VxNode *node, Row *parent, int at)
@@ -51,7 +87,7 @@ public:
         row->icon = node->getIcon();
         parent->children.insert(parent->children.begin() + at, std::move(owned));
         rows.insert(node, row);
-        QObject::connect(node, &VxElement::labelChanged, q, [q, node] { q->refreshLabel(node); });
+        QObject::connect(node, &VxElement::labelChanged, q, [q, node] { q->refresh(node); });
         return row;
     }
 
@@ -71,7 +107,11 @@ SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
     connect(scene, &VxScene::nodeAdded, this, &SceneTreeModel::addNode);
     connect(scene, &VxScene::aboutToRemoveNode, this, &SceneTreeModel::removeNode);
     connect(scene, &VxScene::nodeParentChanged, this,
-            [this](VxNode *node, VxNode *, VxNode *newParent) { moveNode(node, newParent); });
+            [this](VxNode *node, VxNode *, VxNode *newParent) { moveRow(node, newParent); });
+    connect(scene, &VxScene::nodeOrderChanged, this,
+            [this](VxNode *node) { moveRow(node, node->getNodeParent()); });
+    connect(scene, &VxScene::nodeVisibleChanged, this,
+            [this](const VxNode *node) { refresh(node); });
     connect(scene, &VxScene::sceneLoaded, this, &SceneTreeModel::rebuild);
     connect(scene, &VxScene::sceneClearStarting, this, &SceneTreeModel::dropAll);
     rebuild();
@@ -96,7 +136,8 @@ QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex &parent
 {
     const Row *above =
         parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
-    if (column != 0 || row < 0 || row >= int(above->children.size()))
+    if (parent.column() > 0 || column < 0 || column >= NumColumns || row < 0 ||
+        row >= int(above->children.size()))
         return QModelIndex();
     return createIndex(row, column, above->children[size_t(row)].get());
 }
@@ -114,12 +155,23 @@ int SceneTreeModel::rowCount(const QModelIndex &parent) const
 {
     const Row *above =
         parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
-    return int(above->children.size());
+    return parent.column() > 0 ? 0 : int(above->children.size());
 }
 
 int SceneTreeModel::columnCount(const QModelIndex &) const
 {
-    return 1;
+    return NumColumns;
+}
+
+QVector<VxNode *> SceneTreeModel::nodesAt(const QModelIndexList &indexes) const
+{
+    QVector<VxNode *> nodes;
+    for (const QModelIndex &index : indexes) {
+        VxNode *node = index.column() == NameColumn ? nodeAt(index) : nullptr;
+        if (node)
+            nodes.append(node);
+    }
+    return nodes;
 }
 
 QVariant SceneTreeModel::data(const QModelIndex &index, int role) const
@@ -127,16 +179,94 @@ QVariant SceneTreeModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return QVariant();
     const Row *row = static_cast<const Row *>(index.internalPointer());
+    return index.column() == EyeColumn ? eyeData(row->node, role)
+                                       : nameData(row->node, row->icon, role);
+}
+
+QVariant SceneTreeModel::nameData(const VxNode *node, const QIcon &icon, int role)
+{
     switch (role) {
     case Qt::DisplayRole:
-        return row->node->getLabel();
-    case Qt::DecorationRole:
-        return row->icon;
+    case Qt::EditRole:
     case Qt::ToolTipRole:
-        return row->node->getLabel();
+        return node->getLabel();
+    case Qt::DecorationRole:
+        return icon;
+    case Qt::ForegroundRole:
+        return node->isVisible()
+                   ? QVariant()
+                   : QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     default:
         return QVariant();
     }
+}
+
+QVariant SceneTreeModel::eyeData(const VxNode *node, int role)
+{
+    switch (role) {
+    case Qt::CheckStateRole:
+        return node->isVisible() ? Qt::Checked : Qt::Unchecked;
+    case Qt::ToolTipRole:
+        return node->isVisible() ? tr("Visible: click to hide") : tr("Hidden: click to show");
+    case Qt::AccessibleTextRole:
+        return node->isVisible() ? tr("visible") : tr("hidden");
+    default:
+        return QVariant();
+    }
+}
+
+bool SceneTreeModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    VxNode *node = nodeAt(index);
+    if (!node)
+        return false;
+    if (index.column() == NameColumn && role == Qt::EditRole)
+        return SceneEdits::rename(node, value.toString());
+    if (index.column() == EyeColumn && role == Qt::CheckStateRole)
+        return SceneEdits::setVisible({node}, value.toInt() == Qt::Checked);
+    return false;
+}
+
+Qt::ItemFlags SceneTreeModel::flags(const QModelIndex &index) const
+{
+    // What is dropped beside all rows goes to the top level.
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled;
+    const Qt::ItemFlags all =
+        Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
+    return all | (index.column() == EyeColumn ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
+}
+
+Qt::DropActions SceneTreeModel::supportedDropActions() const
+{
+    return Qt::MoveAction;
+}
+
+QStringList SceneTreeModel::mimeTypes() const
+{
+    return {DraggedNodes::mimeType()};
+}
+
+QMimeData *SceneTreeModel::mimeData(const QModelIndexList &indexes) const
+{
+    return new DraggedNodes(nodesAt(indexes));
+}
+
+bool SceneTreeModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int, int,
+                                     const QModelIndex &parent) const
+{
+    const auto *dragged = qobject_cast<const DraggedNodes *>(data);
+    return dragged && action == Qt::MoveAction &&
+           SceneEdits::canMove(dragged->nodes(d->scene), nodeAt(parent));
+}
+
+bool SceneTreeModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent)
+{
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    const auto *dragged = qobject_cast<const DraggedNodes *>(data);
+    return SceneEdits::move(d->scene, dragged->nodes(d->scene), nodeAt(parent), row);
 }
 
 void SceneTreeModel::rebuild()
@@ -186,26 +316,34 @@ void SceneTreeModel::removeNode(VxNode *node)
     endRemoveRows();
 }
 
-void SceneTreeModel::moveNode(VxNode *node, VxNode *newParent)
+void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
 {
     Row *row = d->rows.value(node);
     Row *target = d->rowOf(newParent);
-    if (!row || !target || row->parent == target)
+    if (!row || !target)
         return;
     Row *source = row->parent;
     const int from = source->childIndex(row);
-    const int to = Private::place(node, target);
+    int to = Private::place(node, target, source == target);
+    // Views are told the place before the row is taken out.
+    if (source == target && to > from)
+        ++to;
     if (!beginMoveRows(indexOf(source->node), from, from, indexOf(target->node), to))
         return;
     std::unique_ptr<Row> owned = std::move(source->children[size_t(from)]);
     source->children.erase(source->children.begin() + from);
     row->parent = target;
+    if (source == target && to > from)
+        --to;
     target->children.insert(target->children.begin() + to, std::move(owned));
     endMoveRows();
 }
 
-void SceneTreeModel::refreshLabel(const VxNode *node)
+void SceneTreeModel::refresh(const VxNode *node)
 {
     const QModelIndex index = indexOf(node);
-    Q_EMIT dataChanged(index, index, {Qt::DisplayRole});
+    if (index.isValid())
+        Q_EMIT dataChanged(index, index.siblingAtColumn(EyeColumn));
 }
+
+#include "scenetreemodel.moc"

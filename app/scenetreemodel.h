@@ -2,12 +2,18 @@
 #define SCENETREEMODEL_H
 
 #include <QAbstractItemModel>
+#include <QVector>
 #include <memory>
 
+class QIcon;
 class VxNode;
 class VxScene;
 
-/// The scene's nodes as a tree of one column, with their icons.
+/// The scene's nodes as a tree: names with icons, and beside each an eye that tells whether the
+/// node is visible.
+///
+/// Names can be edited, eyes checked, and rows dragged to another place; each goes to the scene as
+/// one entry of its history, and comes back as the scene tells of it.
 ///
 /// The model keeps a small tree of its own beside the scene's: a row can then be taken away while
 /// the scene is already rearranging its nodes, and a node's row is found without a walk. While a
@@ -16,6 +22,8 @@ class SceneTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
+    enum Column { NameColumn, EyeColumn, NumColumns };
+
     /// The scene must outlive the model.
     explicit SceneTreeModel(VxScene *scene, QObject *parent = nullptr);
     ~SceneTreeModel() override;
@@ -24,20 +32,37 @@ public:
     VxNode *nodeAt(const QModelIndex &index) const;
     /// Invalid for a node that the model does not show.
     QModelIndex indexOf(const VxNode *node) const;
+    /// The nodes of the rows of a list, each once, in the list's order.
+    QVector<VxNode *> nodesAt(const QModelIndexList &indexes) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
+    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden. Eyes: check
+    /// state and tool tip.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    Qt::DropActions supportedDropActions() const override;
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
+    /// row -1: behind the last row below the parent.
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
 
 private:
+    static QVariant nameData(const VxNode *node, const QIcon &icon, int role);
+    static QVariant eyeData(const VxNode *node, int role);
     void rebuild();
     void dropAll();
     void addNode(VxNode *node);
     void removeNode(VxNode *node);
-    void moveNode(VxNode *node, VxNode *newParent);
-    void refreshLabel(const VxNode *node);
+    void refresh(const VxNode *node);
+    void moveRow(VxNode *node, VxNode *newParent);
 
     class Private;
     std::unique_ptr<Private> d;

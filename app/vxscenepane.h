@@ -3,10 +3,12 @@
 
 #include <vxcore/vxpane.h>
 
-class QTreeView;
+class SceneTreeFilter;
 class SceneTreeModel;
+class SceneTreeView;
+class SearchField;
 
-/// The pane "Scene": the tree of all nodes, with the scene's selection.
+/// The pane "Scene": the tree of all nodes, with the scene's selection, and a field to search it.
 class VxScenePane : public VxPane
 {
     Q_OBJECT
@@ -14,15 +16,25 @@ public:
     VxScenePane();
     ~VxScenePane() override;
 
-    /// Both never null; owned by the pane.
-    QTreeView *getTreeView() const { return m_view; }
+    /// All never null; owned by the pane.
+    SceneTreeView *getTreeView() const { return m_view; }
     SceneTreeModel *getModel() const { return m_model; }
+    SearchField *getSearchField() const { return m_search; }
+
+protected:
+    /// Down in the field goes to the tree, Return selects what was found.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void buildSearch();
     void showFirstLevels();
+    void showFound();
+    void selectFound();
 
-    QTreeView *m_view;
     SceneTreeModel *m_model;
+    SceneTreeView *m_view;
+    SceneTreeFilter *m_filter;
+    SearchField *m_search;
 };
 
 #endif

@@ -1,4 +1,5 @@
 #include "scenetreemodel.h"
+#include "scenetreeview.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxwarningguard.h"
 #include "vxscenepane.h"
@@ -218,7 +219,7 @@ void tst_ScenePane::theSceneSelectsInTheView()
     m_left->select();
     m_light->select();
     QTRY_VERIFY(isSelected(m_left) && isSelected(m_light));
-    QCOMPARE(m_pane->getTreeView()->selectionModel()->selectedIndexes().size(), 2);
+    QCOMPARE(m_pane->getTreeView()->selectionModel()->selectedRows().size(), 2);
     vxScene->selectAllNodes(false);
     QTRY_VERIFY(!m_pane->getTreeView()->selectionModel()->hasSelection());
 }
@@ -295,7 +296,7 @@ void tst_ScenePane::manyNodesAreQuick()
     };
     const double withPane = build();
     const double selectWithPane = selectOneByOne();
-    QCOMPARE(m_pane->getTreeView()->selectionModel()->selectedIndexes().size(), 1705);
+    QCOMPARE(m_pane->getTreeView()->selectionModel()->selectedRows().size(), 1705);
     m_pane.reset();
     vxScene->clear();
     const double alone = build();
