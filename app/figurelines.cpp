@@ -29,16 +29,27 @@ bool hasBoneBelow(const VxNode *bone)
     return false;
 }
 
+FigureLines::Axes axesOf(VxNode *node, const QMatrix4x4 &world, const QVector3D &at)
+{
+    FigureLines::Axes axes{at, {}, node, node->isSelected()};
+    for (int i = 0; i < 3; ++i)
+        axes.directions[size_t(i)] = world.column(i).toVector3D().normalized();
+    return axes;
+}
+
 void addNode(const Visit &visit, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
 {
     VxNode *node = visit.node;
     const bool bone = isBone(node);
+    const bool figure = qobject_cast<const VxSkeleton *>(node) != nullptr;
+    if ((!bone && !figure) || node == node->getScene()->getPrimarySelection())
+        lines->axes.append(axesOf(node, world, at));
     if (bone && visit.parentBone)
         lines->bones.append({visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
     if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull())
         lines->bones.append({at, world.map(node->getEndPoint()), node, node->isSelected()});
     // A figure's own place is no joint of it; it shows when it has nothing else to show.
-    if (!qobject_cast<const VxSkeleton *>(node) || node->getNumNodeChildren() == 0)
+    if (!figure || node->getNumNodeChildren() == 0)
         lines->joints.append({at, node, node->isSelected()});
 }
 
@@ -63,6 +74,26 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
             open.append({node->getNodeChild(i), world, at, bone});
     }
     return lines;
+}
+
+QVector<QVector3D> FigureLines::selectedPoints() const
+{
+    // A selected node stands for all that hangs on it: who frames a figure wants to see its bones.
+    const auto counts = [](const VxNode *node) {
+        while (node && !node->isSelected())
+            node = node->getNodeParent();
+        return node != nullptr;
+    };
+    QVector<QVector3D> chosen;
+    for (const Joint &joint : joints) {
+        if (counts(joint.node))
+            chosen.append(joint.at);
+    }
+    for (const Bone &bone : bones) {
+        if (counts(bone.node))
+            chosen.append(bone.to);
+    }
+    return chosen;
 }
 
 QVector<QVector3D> FigureLines::points() const

@@ -3,13 +3,14 @@
 
 #include <QVector3D>
 #include <QVector>
+#include <array>
 #include <vxcore/vxtime.h>
 
 class VxNode;
 class VxScene;
 
-/// What a viewport draws of the scene at one time: bones as lines and nodes as points, in world
-/// space. Plain data, made in one pass over the nodes.
+/// What a viewport draws of the scene at one time: bones as lines, joints as points and plain nodes
+/// as axes, in world space. Plain data, made in one pass over the nodes.
 struct FigureLines
 {
     struct Bone
@@ -26,15 +27,27 @@ struct FigureLines
         bool selected;
     };
 
+    struct Axes
+    {
+        QVector3D at;
+        std::array<QVector3D, 3> directions; ///< of X, Y and Z; each of length 1, or 0
+        VxNode *node;
+        bool selected;
+    };
+
     QVector<Bone> bones;
     QVector<Joint> joints;
+    QVector<Axes> axes;
 
     /// Nodes that are not visible are left out; what hangs below them is not. A bone leads to each
-    /// of its bones; one without any leads to its end point.
+    /// of its bones; one without any leads to its end point. A node that is neither bone nor figure
+    /// has axes, and so has the primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);
 
     /// Every joint and the end of every bone.
     QVector<QVector3D> points() const;
+    /// The same of those nodes alone that are selected, or below one that is.
+    QVector<QVector3D> selectedPoints() const;
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include "panedocks.h"
 #include "recentfilesmenu.h"
 #include "studiowindow.h"
+#include "viewportwidget.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
@@ -61,6 +62,7 @@ void StudioMenus::buildViewMenu()
     QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
     menu->addAction(tr("&Frame All"), this, &StudioMenus::frameAllRequested,
                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+    menu->addAction(m_window->viewport()->frameSelectionAction());
     menu->addSeparator();
     addPaletteChoice(menu);
 }

@@ -11,6 +11,7 @@ constexpr float SteepestPitch = 89;
 constexpr float SmallestDistance = 1e-3f;
 constexpr float LargestDistance = 1e7f;
 constexpr float FramedPart = 0.85f; // of the view
+constexpr float AxisPixels = 30;
 
 float radians(float degrees)
 {
@@ -113,6 +114,16 @@ float ViewportCamera::unitsPerPixel() const
 {
     const float side = float(std::min(m_size.width(), m_size.height()));
     return 2 * m_distance * std::tan(radians(HalfFieldOfView)) / side;
+}
+
+float ViewportCamera::depth(const QVector3D &point) const
+{
+    return toView(point).z();
+}
+
+float ViewportCamera::axisLength() const
+{
+    return AxisPixels * unitsPerPixel();
 }
 
 /** x to the right, y up, z the depth before the eye. */

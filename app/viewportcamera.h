@@ -40,8 +40,12 @@ public:
     /// The part of a line that lies before the camera; nothing when there is none.
     std::optional<QLineF> project(const QVector3D &from, const QVector3D &to) const;
 
+    /// How far a point lies before the eye, along the view's direction; below 0 behind it.
+    float depth(const QVector3D &point) const;
     /// World units that one pixel covers at the target's depth.
     float unitsPerPixel() const;
+    /// World units of the axes that show a node: the same part of the view at any distance.
+    float axisLength() const;
 
     friend bool operator==(const ViewportCamera &a, const ViewportCamera &b)
     {

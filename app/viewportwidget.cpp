@@ -1,45 +1,41 @@
 #include "viewportwidget.h"
 
 #include "figurelines.h"
+#include "figurepainter.h"
 #include "groundgrid.h"
 
-#include <QMouseEvent>
+#include <QAction>
+#include <QEvent>
 #include <QPainter>
-#include <cmath>
-#include <vxcore/vxapp.h>
+#include <algorithm>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
-#include <vxcore/vxviewportmgr.h>
 
 namespace {
 
 constexpr int FramedPoses = 9;
-constexpr double WheelFactor = 1.15; // per notch
-constexpr double DragZoomPerPixel = 1.01;
-constexpr double JointSide = 4.5;
-constexpr double BoneWidth = 2;
-constexpr double OutlineWidth = 2; // of selected bones, at both sides together
-
-QColor color(const char *name, const QColor &fallback)
-{
-    const VxStyle *style = vxApp ? vxApp->getStyle() : nullptr;
-    const QColor found = style ? style->getInterfaceColor(QLatin1String(name)) : QColor();
-    return found.isValid() ? found : fallback;
-}
+// A joint alone is framed with this part of the view's distance around it.
+constexpr float LoneJointReach = 0.12f;
 
 QColor groundColor(GroundLine::Role role, const QPalette &palette)
 {
     switch (role) {
     case GroundLine::Minor:
-        return color("Style_Graph_Grid", palette.color(QPalette::Mid));
+        return viewportColor("Style_Graph_Grid", palette.color(QPalette::Mid));
     case GroundLine::Major:
-        return color("Style_Graph_Grid_Major", palette.color(QPalette::Dark));
+        return viewportColor("Style_Graph_Grid_Major", palette.color(QPalette::Dark));
     case GroundLine::XAxis:
-        return color("Style_X_Axis", Qt::red);
+        return viewportColor("Style_X_Axis", Qt::red);
     case GroundLine::ZAxis:
-        return color("Style_Z_Axis", Qt::blue);
+        return viewportColor("Style_Z_Axis", Qt::blue);
     }
     return QColor();
+}
+
+bool areOnePlace(const QVector<QVector3D> &points)
+{
+    return std::all_of(points.cbegin(), points.cend(), [&points](const QVector3D &point) {
+        return (point - points.first()).isNull();
+    });
 }
 
 } // namespace
@@ -48,11 +44,17 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     : QWidget(parent)
     , m_scene(scene)
     , m_conventions(conventions)
+    , m_frameSelection(new QAction(tr("Frame &Selection"), this))
 {
     setObjectName(QStringLiteral("Viewport"));
     setMinimumSize(120, 80);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    m_frameSelection->setShortcut(Qt::Key_F);
+    m_frameSelection->setShortcutContext(Qt::WidgetShortcut);
+    addAction(m_frameSelection);
+    connect(m_frameSelection, &QAction::triggered, this, &ViewportWidget::frameSelection);
     const auto repaint = [this] { update(); };
     connect(scene, &VxScene::viewChanged, this, repaint);
     connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
@@ -86,6 +88,23 @@ void ViewportWidget::frameAll()
     setCamera(camera);
 }
 
+void ViewportWidget::frameSelection()
+{
+    QVector<QVector3D> points = FigureLines::collect(*m_scene, m_scene->getTime()).selectedPoints();
+    if (points.isEmpty()) {
+        frameAll();
+        return;
+    }
+    if (areOnePlace(points)) {
+        const float reach = m_camera.distance() * LoneJointReach;
+        const QVector3D corner(reach, reach, reach);
+        points = {points.first() - corner, points.first() + corner};
+    }
+    ViewportCamera camera = m_camera;
+    camera.frame(points);
+    setCamera(camera);
+}
+
 void ViewportWidget::paintEvent(QPaintEvent *)
 {
     if (m_ground.isNull() || !qFuzzyCompare(m_ground.devicePixelRatio(), devicePixelRatioF()))
@@ -95,7 +114,8 @@ void ViewportWidget::paintEvent(QPaintEvent *)
     if (m_scene->getNumNodes() == 0)
         paintHint(&painter);
     else
-        paintFigures(&painter, FigureLines::collect(*m_scene, m_scene->getTime()));
+        FigurePainter(&painter, m_camera, palette())
+            .paint(FigureLines::collect(*m_scene, m_scene->getTime()), m_hovered);
 }
 
 void ViewportWidget::resizeEvent(QResizeEvent *)
@@ -113,66 +133,11 @@ void ViewportWidget::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
-void ViewportWidget::mousePressEvent(QMouseEvent *event)
-{
-    if (m_dragButton != Qt::NoButton)
-        return;
-    const int operation = operationOf(event);
-    if (operation == VxViewportMgr::Frame) {
-        frameAll();
-        return;
-    }
-    if (operation == VxViewportMgr::NoOperation)
-        return;
-    m_dragButton = event->button();
-    m_dragOperation = operation;
-    m_dragAt = event->pos();
-}
-
-void ViewportWidget::mouseMoveEvent(QMouseEvent *event)
-{
-    if (m_dragButton == Qt::NoButton)
-        return;
-    const QPoint moved = event->pos() - m_dragAt;
-    m_dragAt = event->pos();
-    ViewportCamera camera = m_camera;
-    if (m_dragOperation == VxViewportMgr::Pan)
-        camera.pan(moved);
-    else if (m_dragOperation == VxViewportMgr::Zoom)
-        camera.zoom(std::pow(DragZoomPerPixel, -moved.y()));
-    else
-        camera.orbit(moved);
-    setCamera(camera);
-}
-
-void ViewportWidget::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == m_dragButton)
-        m_dragButton = Qt::NoButton;
-}
-
-void ViewportWidget::wheelEvent(QWheelEvent *event)
-{
-    ViewportCamera camera = m_camera;
-    camera.zoom(std::pow(WheelFactor, event->angleDelta().y() / 120.0));
-    setCamera(camera);
-    event->accept();
-}
-
-int ViewportWidget::operationOf(const QMouseEvent *event) const
-{
-    const int operation = m_conventions->getOperation(
-        m_conventions->getMouseBtnAccelerator(event->button(), event->modifiers()));
-    if (operation == VxViewportMgr::NoOperation && event->button() == Qt::LeftButton)
-        return VxViewportMgr::Orbit;
-    return operation;
-}
-
 void ViewportWidget::updateGround()
 {
     m_ground = QPixmap(size() * devicePixelRatioF());
     m_ground.setDevicePixelRatio(devicePixelRatioF());
-    m_ground.fill(color("Style_Graph_Background", palette().color(QPalette::Base)));
+    m_ground.fill(viewportColor("Style_Graph_Background", palette().color(QPalette::Base)));
     QPainter painter(&m_ground);
     painter.setRenderHint(QPainter::Antialiasing);
     const float step = groundGridStep(m_camera.distance());
@@ -180,37 +145,6 @@ void ViewportWidget::updateGround()
         painter.setPen(QPen(groundColor(line.role, palette()), 1));
         if (const auto shown = m_camera.project(line.from, line.to))
             painter.drawLine(*shown);
-    }
-}
-
-void ViewportWidget::paintFigures(QPainter *painter, const FigureLines &figure) const
-{
-    painter->setRenderHint(QPainter::Antialiasing);
-    // Selected ones last, on top of the others, with an outline that shows on any ground.
-    paintPass(painter, figure, false, palette().color(QPalette::Text), 0);
-    paintPass(painter, figure, true,
-              color("Style_Key_Selected_Outline", palette().color(QPalette::HighlightedText)),
-              OutlineWidth);
-    paintPass(painter, figure, true,
-              color("Style_Key_Selected", palette().color(QPalette::Highlight)), 0);
-}
-
-void ViewportWidget::paintPass(QPainter *painter, const FigureLines &figure, bool selected,
-                               const QColor &ink, double extraWidth) const
-{
-    painter->setPen(QPen(ink, BoneWidth + extraWidth, Qt::SolidLine, Qt::RoundCap));
-    for (const FigureLines::Bone &bone : figure.bones) {
-        if (bone.selected != selected)
-            continue;
-        if (const auto line = m_camera.project(bone.from, bone.to))
-            painter->drawLine(*line);
-    }
-    painter->setPen(QPen(ink, JointSide + extraWidth, Qt::SolidLine, Qt::RoundCap));
-    for (const FigureLines::Joint &joint : figure.joints) {
-        if (joint.selected != selected)
-            continue;
-        if (const auto point = m_camera.project(joint.at))
-            painter->drawPoint(*point);
     }
 }
 
