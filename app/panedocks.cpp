@@ -8,20 +8,24 @@
 
 namespace {
 
-/// Where a pane stands at first and how wide (at a side) or high (at the bottom), in pixels.
+/// Where a pane stands at first, how wide (at a side) or high (at the bottom), in pixels, and
+/// behind which other one's tab.
 struct Place
 {
     const char *paneClass;
     Qt::DockWidgetArea area;
     int extent;
+    const char *behind; // null for a place of its own
 };
 
 constexpr Place Places[] = {
-    {"VxScenePane", Qt::LeftDockWidgetArea, 220},
-    {"VxParametersPane", Qt::RightDockWidgetArea, 260},
-    {"VxTimePane", Qt::BottomDockWidgetArea, 330},
+    {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
+    {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
+    {"VxHistoryPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
+    {"VxTimePane", Qt::BottomDockWidgetArea, 355, nullptr},
+    {"VxConsolePane", Qt::BottomDockWidgetArea, 355, "VxTimePane"},
 };
-constexpr Place OtherPlace = {"", Qt::RightDockWidgetArea, 260};
+constexpr Place OtherPlace = {"", Qt::RightDockWidgetArea, 260, nullptr};
 
 const Place &placeOf(const PaneDock *dock)
 {
@@ -69,9 +73,26 @@ void PaneDocks::applyDefaultLayout()
         m_window->addDockWidget(place.area, dock);
         dock->setFloating(false);
         dock->show();
-        m_window->resizeDocks({dock}, {place.extent},
-                              place.area == Qt::BottomDockWidgetArea ? Qt::Vertical
-                                                                     : Qt::Horizontal);
+    }
+    tabifyDocks();
+    for (PaneDock *dock : docks()) {
+        const Place &place = placeOf(dock);
+        const bool isBottom = place.area == Qt::BottomDockWidgetArea;
+        if (!place.behind)
+            m_window->resizeDocks({dock}, {place.extent}, isBottom ? Qt::Vertical : Qt::Horizontal);
+    }
+}
+
+/** Panes with a place of their own are in front afterwards. */
+void PaneDocks::tabifyDocks()
+{
+    for (PaneDock *dock : docks()) {
+        const char *behind = placeOf(dock).behind;
+        PaneDock *front = behind ? find(QLatin1String(behind)) : nullptr;
+        if (!front)
+            continue;
+        m_window->tabifyDockWidget(front, dock);
+        front->raise();
     }
 }
 

@@ -31,6 +31,7 @@ Q_SIGNALS:
 private:
     void addPane(VxPane *pane);
     void showPane(VxPane *pane);
+    void tabifyDocks();
 
     QMainWindow *const m_window;
 };

@@ -1,5 +1,7 @@
 #include "studioclasses.h"
 
+#include "vxconsolepane.h"
+#include "vxhistorypane.h"
 #include "vxscenepane.h"
 
 #include <vxcore/vxclassfactory.h>
@@ -24,5 +26,7 @@ public:
 QVector<VxClassFactory *> studioClassFactories()
 {
     static PaneFactory<VxScenePane> scenePane("3F0C2E52-9C4B-4C0B-8D2C-0B5E7B1B6B11");
-    return {&scenePane};
+    static PaneFactory<VxHistoryPane> historyPane("6B0D9D0E-2A57-4C7B-9B1E-52C0A3E4F7D2");
+    static PaneFactory<VxConsolePane> consolePane("B41F7C35-8E0A-4D96-A6B3-9D2E1F60C8A4");
+    return {&scenePane, &historyPane, &consolePane};
 }

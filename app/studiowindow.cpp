@@ -2,6 +2,7 @@
 
 #include "documentcontroller.h"
 #include "droppedfile.h"
+#include "historystatus.h"
 #include "panedocks.h"
 #include "recentfiles.h"
 #include "shortcutcatalogue.h"
@@ -26,7 +27,7 @@
 namespace {
 
 constexpr QSize DefaultSize(1280, 800);
-constexpr int LayoutVersion = 1; // to raise when docks are arranged in another way
+constexpr int LayoutVersion = 2; // to raise when docks are arranged in another way
 
 } // namespace
 
@@ -48,6 +49,7 @@ StudioWindow::StudioWindow(UserMessages *messages)
     statusBar();
     m_menus->addRecentFiles(m_recentFiles);
     m_menus->addHistory(vxApp->getUndoStack());
+    new HistoryStatus(vxApp->getUndoStack(), messages, this);
     connectMenus();
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);

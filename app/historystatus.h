@@ -1,0 +1,22 @@
+#ifndef HISTORYSTATUS_H
+#define HISTORYSTATUS_H
+
+#include <QObject>
+
+class UserMessages;
+class VxUndoStack;
+
+/// Says in the status line what the last command did, and what undo and redo went back or forth
+/// over.
+class HistoryStatus : public QObject
+{
+    Q_OBJECT
+public:
+    /// Both are borrowed and must outlive the object.
+    HistoryStatus(VxUndoStack *history, const UserMessages *messages, QObject *parent);
+
+    /// The sentence for a step from one index of a history to another.
+    static QString sentence(const VxUndoStack &history, int from, int to);
+};
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef VXHISTORYPANE_H
+#define VXHISTORYPANE_H
+
+#include <vxcore/vxpane.h>
+
+class HistoryModel;
+class QListView;
+
+/// The pane "Undo History": the states that the scene has gone through, the present one selected.
+/// A click on a state, or the arrow keys, go there.
+class VxHistoryPane : public VxPane
+{
+    Q_OBJECT
+public:
+    VxHistoryPane();
+    ~VxHistoryPane() override;
+
+    /// Both never null; owned by the pane.
+    QListView *getListView() const { return m_view; }
+    HistoryModel *getModel() const { return m_model; }
+
+private:
+    void goTo(const QModelIndex &state);
+    void showPresent();
+
+    HistoryModel *m_model;
+    QListView *m_view;
+    bool m_isShowing = false; // the history's state is being put into the view
+};
+
+#endif
