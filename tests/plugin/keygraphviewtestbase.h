@@ -3,6 +3,7 @@
 
 #include "keygraphtestbase.h"
 
+#include <QtGui/QPaintEngine>
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyleOption>
 #include <vxcore/vxmainwindow.h>
@@ -44,6 +45,91 @@ public:
 
     mutable QVector<Mark> marks;
     mutable QVector<QRect> bands;
+};
+
+// Notes the texts that are painted on it, and where.
+class TextRecorder : public QPaintDevice
+{
+public:
+    struct Text
+    {
+        QString text;
+        QRectF rect;
+    };
+
+    explicit TextRecorder(const QSize &size)
+        : m_size(size)
+        , m_engine(this)
+    {
+    }
+    QPaintEngine *paintEngine() const override { return &m_engine; }
+
+    QVector<Text> texts;
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmWidth:
+            return m_size.width();
+        case PdmHeight:
+            return m_size.height();
+        case PdmWidthMM:
+            return m_size.width() / 4;
+        case PdmHeightMM:
+            return m_size.height() / 4;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return int(devicePixelRatioFScale());
+        case PdmNumColors:
+            return 1 << 24;
+        case PdmDepth:
+            return 32;
+        default: // dots per inch
+            return 96;
+        }
+    }
+
+private:
+    class Engine : public QPaintEngine
+    {
+    public:
+        explicit Engine(TextRecorder *recorder)
+            : QPaintEngine(AllFeatures)
+            , m_recorder(recorder)
+        {
+        }
+        bool begin(QPaintDevice *) override { return true; }
+        bool end() override { return true; }
+        Type type() const override { return User; }
+        void updateState(const QPaintEngineState &now) override
+        {
+            if (now.state() & DirtyTransform)
+                m_offset = QPointF(now.transform().dx(), now.transform().dy());
+        }
+        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+        void drawImage(const QRectF &, const QImage &, const QRectF &,
+                       Qt::ImageConversionFlags) override
+        {
+        }
+        void drawPath(const QPainterPath &) override {}
+        void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+        void drawTextItem(const QPointF &place, const QTextItem &item) override
+        {
+            const QPointF corner = place + m_offset - QPointF(0, item.ascent());
+            m_recorder->texts.append(
+                {item.text(),
+                 QRectF(corner, QSizeF(item.width(), item.ascent() + item.descent()))});
+        }
+
+    private:
+        TextRecorder *m_recorder;
+        QPointF m_offset;
+    };
+
+    QSize m_size;
+    mutable Engine m_engine;
 };
 
 // A key graph view in a window, 800 by 300 pixels: a frame is ten pixels wide, time 0 lies at 24,

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void showsTheSelectedRows();
     void selectingInTheGraph();
     void selectingInTheDopeSheet();
+    void shownWithSelectedKeys();
+    void shownTogetherWithOthers();
     void draggingInTheGraph();
     void draggingPastAnotherKey();
     void nodesGone();
@@ -44,6 +46,7 @@ private:
     QVector<VxTime> timesOfKeys() const;
     QPoint placeOfKey(int index) const;
     void clickRow();
+    void clickRows(const QVector<VxProperty *> &properties);
 
     std::unique_ptr<VxMainWindow> m_window;
     VxNode *m_node = nullptr;
@@ -141,6 +144,16 @@ void TestKeyGraphInDopeSheet::clickRow()
     QTRY_COMPARE(m_graph->getChannels().size(), 1);
 }
 
+void TestKeyGraphInDopeSheet::clickRows(const QVector<VxProperty *> &properties)
+{
+    QItemSelection rows;
+    for (const VxProperty *property : properties)
+        rows.select(rowOf(property), rowOf(property));
+    m_sheet->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect |
+                                                QItemSelectionModel::Rows);
+    QTRY_COMPARE(m_graph->getChannels().size(), properties.size());
+}
+
 void TestKeyGraphInDopeSheet::showsTheSelectedRows()
 {
     QCOMPARE(m_graph->getChannels().at(0)->getProperty(), m_property);
@@ -174,6 +187,39 @@ void TestKeyGraphInDopeSheet::selectingInTheDopeSheet()
     QCOMPARE(selectedInGraph(), QVector<int>({1, 2}));
     m_sheet->clearSelectedKeys();
     QCOMPARE(selectedInGraph(), QVector<int>());
+}
+
+// Keys selected while the graph does not show them.
+void TestKeyGraphInDopeSheet::shownWithSelectedKeys()
+{
+    m_sheet->clearSelection();
+    QTRY_COMPARE(m_graph->getChannels().size(), 0);
+    const QModelIndex row = rowOf(m_property);
+    m_sheet->setKeySelection(true, row, row, 160 * 20, 160 * 31);
+    clickRow();
+    QCOMPARE(selectedInGraph(), QVector<int>({1, 2}));
+    QCOMPARE(selectedInRow(), QVector<int>({1, 2}));
+}
+
+// What both sides have selected of a property stays when another one joins it.
+void TestKeyGraphInDopeSheet::shownTogetherWithOthers()
+{
+    VxFloatProperty *other = m_node->getZPosControl();
+    other->setKey(160 * 5, 1.0f, VxKeyInterp::Linear);
+    other->setKey(160 * 7, 1.0f, VxKeyInterp::Linear);
+    const QModelIndex otherRow = rowOf(other);
+    m_sheet->setKeySelection(true, otherRow, otherRow, 160 * 7, 160 * 7);
+    VxMouseDriver(m_view).click(placeOfKey(3), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selectedInRow(), QVector<int>{3});
+    QSignalSpy told(m_sheet->getKeyCommunication(), &VxKeyCommunication::sent);
+    clickRows({m_property, other});
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(selectedInGraph(), QVector<int>{3});
+    QVERIFY(!m_graph->getChannels().at(1)->isKeySelected(0));
+    QVERIFY(m_graph->getChannels().at(1)->isKeySelected(1));
+    clickRows({other});
+    QCOMPARE(told.size(), 1);
+    QVERIFY(m_graph->getChannels().at(0)->isKeySelected(1));
 }
 
 // Value and time together; the keys stay selected on both sides, step by step.

@@ -135,7 +135,7 @@ void TestKeyGraphScale::marksAreNinePixels_data()
     QTest::newRow("on a pixel") << QPointF(10, 10) << QPoint(6, 6);
     QTest::newRow("between pixels") << QPointF(10.5, 10.49) << QPoint(6, 6);
     QTest::newRow("left of the widget") << QPointF(-3, -3.6) << QPoint(-7, -8);
-    QTest::newRow("far away") << QPointF(1e12, -1e12) << QPoint(999996, -1000004);
+    QTest::newRow("far away") << QPointF(1e12, -1e12) << QPoint(1000000, -1000000);
     const double none = std::numeric_limits<double>::quiet_NaN();
     QTest::newRow("no number") << QPointF(0, none) << QPoint(-4, -1000000);
 }
@@ -245,7 +245,7 @@ void TestKeyGraphScale::zoomingEndsSomewhere()
 void TestKeyGraphScale::fittingTimes()
 {
     KeyGraphScale scale = plainScale();
-    scale.fitTimes(VxTimeRange(1000, 9000), 900.0, 50.0);
+    scale.fitTimes(VxTimeRange(1000, 9000), 50.0, 850.0);
     QCOMPARE(scale.x(1000), 50.0);
     QCOMPARE(scale.x(9000), 850.0);
     scale.centerTimes(2000.0, 900.0);
@@ -256,10 +256,10 @@ void TestKeyGraphScale::fittingTimes()
 void TestKeyGraphScale::fittingAnEmptyRange()
 {
     KeyGraphScale scale;
-    scale.fitTimes(VxTimeRange(480, 480), 10.0, 50.0);
+    scale.fitTimes(VxTimeRange(480, 480), 8.0, 2.0);
     QVERIFY(scale.ticksPerPixel > 0.0);
     QCOMPARE(scale.x(480), 5.0);
-    scale.fitTimes(VxTimeRange(VxTimeMin, VxTimeMax), 1000.0, 0.0);
+    scale.fitTimes(VxTimeRange(VxTimeMin, VxTimeMax), 0.0, 1000.0);
     QVERIFY(std::isfinite(scale.offsetX));
 }
 

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void colourIsTheAxis_data();
     void colourIsTheAxis();
     void percentageIsAHundredfold();
+    void units();
     void valuesAreNarrowed();
     void valuesThatDoNotFitAreRefused();
     void interpolationPartsAreKeptApart();
@@ -116,6 +117,20 @@ void TestFloatChannel::percentageIsAHundredfold()
     QCOMPARE(property->getKeyValue(0), 1.0f);
     QVERIFY(channel.moveKeys({{0, 640, 60.0}}));
     QCOMPARE(property->getKeyValue(0), 0.6f);
+}
+
+void TestFloatChannel::units()
+{
+    VxFloatProperty *smile = addProperty(QStringLiteral("Smile"));
+    QCOMPARE(VxFloatChannel(smile, nullptr).getUnit(), QString());
+    smile->setPercentage(true);
+    QCOMPARE(VxFloatChannel(smile, nullptr).getUnit(), QStringLiteral("%"));
+    QCOMPARE(VxFloatChannel(node->getXPosControl(), nullptr).getUnit(), QString());
+    for (VxFloatProperty *turn :
+         {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()})
+        QCOMPARE(VxFloatChannel(turn, nullptr).getUnit(), QString(QChar(0xb0)));
+    VxFloatProperty alone(QStringLiteral("Alone"));
+    QCOMPARE(VxFloatChannel(&alone, nullptr).getUnit(), QString());
 }
 
 void TestFloatChannel::valuesAreNarrowed()

@@ -16,6 +16,8 @@ private Q_SLOTS:
     void controlDragDoesNotSnap();
     void shiftDragKeepsOneAxis_data();
     void shiftDragKeepsOneAxis();
+    void keysBesideFrames_data();
+    void keysBesideFrames();
     void dragOntoAnotherKey();
     void dragPastAnotherKey();
     void dragOfNeighbours();
@@ -109,6 +111,36 @@ void TestKeyGraphDrag::shiftDragKeepsOneAxis()
     m_mouse->drag(placeOfKey(x(), 1), placeOfKey(x(), 1) + way, Qt::LeftButton, Qt::ShiftModifier);
     QCOMPARE(frames(x()), QVector<int>({2, frame, 12}));
     QCOMPARE(x()->getKeyValue(1), value);
+}
+
+void TestKeyGraphDrag::keysBesideFrames_data()
+{
+    QTest::addColumn<QPoint>("way");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("time");
+    const Qt::KeyboardModifiers none;
+    QTest::newRow("sideways") << QPoint(10, 0) << none << 1120;
+    QTest::newRow("up, without being bound to it") << QPoint(0, -20) << none << 960;
+    QTest::newRow("with Ctrl") << QPoint(0, -20) << Qt::KeyboardModifiers(Qt::ControlModifier)
+                               << 900;
+    QTest::newRow("bound to the values")
+        << QPoint(3, -20) << Qt::KeyboardModifiers(Qt::ShiftModifier) << 900;
+    QTest::newRow("bound to the times")
+        << QPoint(10, -3) << Qt::KeyboardModifiers(Qt::ShiftModifier) << 1120;
+}
+
+// A drag over the values alone does not touch the times, on frames or not.
+void TestKeyGraphDrag::keysBesideFrames()
+{
+    QFETCH(QPoint, way);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    x()->setKey(900, 5.0f, VxKeyInterp::Linear);
+    showProperties({x()});
+    const QPoint start = placeOfKey(x(), 0);
+    m_mouse->press(start);
+    m_mouse->moveTo(start + way, modifiers);
+    m_mouse->release(start + way);
+    QTEST(int(x()->getKeyTime(0)), "time");
 }
 
 void TestKeyGraphDrag::dragOntoAnotherKey()

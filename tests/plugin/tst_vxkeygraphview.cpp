@@ -31,6 +31,8 @@ private Q_SLOTS:
     void firstViewShowsTheAnimationRange();
     void refitsWhenTheAnimationRangeChanges();
     void resizingKeepsTheTimeScale();
+    void theRangeKeepsClearOfTheSides();
+    void sidesWithoutRoomBetweenThem();
 
     void framing();
     void framingOnlySelected();
@@ -45,6 +47,7 @@ private Q_SLOTS:
     void wheelOverTimes();
     void buttonsArePresent();
     void buttonsDrive();
+    void buttonsFollowThePixelRatio();
 
     void marksCarryTheirState();
     void marksOfPercentages();
@@ -52,6 +55,9 @@ private Q_SLOTS:
     void colours_data();
     void colours();
     void labelsStayInTheirColumn();
+    void gridLabelsNameTheUnit();
+    void gridLabelsNeverOverlap_data();
+    void gridLabelsNeverOverlap();
     void timeLine();
     void timeStepsPaintNoKeys();
     void changesPaintKeys();
@@ -62,6 +68,8 @@ private:
     void turnWheel(const QPoint &delta, Qt::KeyboardModifiers modifiers,
                    const QPoint &position = QPoint(300, 100));
     QImage picture() { return view->grab().toImage(); }
+    // The grid's labels.
+    QVector<TextRecorder::Text> gridLabels();
 };
 
 void TestKeyGraphView::turnWheel(const QPoint &delta, Qt::KeyboardModifiers modifiers,
@@ -191,6 +199,34 @@ void TestKeyGraphView::resizingKeepsTheTimeScale()
     QCoreApplication::processEvents();
     QVERIFY(view->getScale().hasTimesOf(former));
     QCOMPARE(view->getScale().originY, 200.0);
+}
+
+// Before it is shown, and when it is resized while the window takes its shape or the range changes
+// after that.
+void TestKeyGraphView::theRangeKeepsClearOfTheSides()
+{
+    view->setLeftBackgroundWidth(200);
+    view->setRightBackgroundWidth(60);
+    view->resize(1000, 300);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    picture();
+    QCOMPARE(view->getScale().x(0), 224.0);
+    QCOMPARE(view->getScale().x(752 * 16), 1000.0 - 84.0);
+    vxScene->setAnimRange(VxTimeRange(1600, 20000));
+    QCOMPARE(view->getScale().x(1600), 224.0);
+    QCOMPARE(view->getScale().x(20000), 916.0);
+}
+
+void TestKeyGraphView::sidesWithoutRoomBetweenThem()
+{
+    view->setLeftBackgroundWidth(500);
+    view->resize(600, 300);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    picture();
+    QCOMPARE(view->getScale().x(0), 24.0);
+    QCOMPARE(view->getScale().x(752 * 16), 576.0);
 }
 
 void TestKeyGraphView::framing()
@@ -368,6 +404,37 @@ void TestKeyGraphView::buttonsDrive()
     QCOMPARE(view->getScale().y(11.0), 20.0);
 }
 
+// A window that is moved to another screen.
+void TestKeyGraphView::buttonsFollowThePixelRatio()
+{
+    class ScaledView : public VxKeyGraphView
+    {
+    public:
+        qreal ratio = 1.0;
+
+    protected:
+        int metric(PaintDeviceMetric metric) const override
+        {
+            if (metric == PdmDevicePixelRatio)
+                return int(ratio);
+            if (metric == PdmDevicePixelRatioScaled)
+                return int(ratio * devicePixelRatioFScale());
+            return VxKeyGraphView::metric(metric);
+        }
+    };
+    ScaledView scaled;
+    scaled.setKeyGraph(graph.get());
+    scaled.resize(400, 200);
+    const auto *button = scaled.findChild<VxMouseButton *>(QStringLiteral("KeyGraphPanBtn"));
+    scaled.grab();
+    QCOMPARE(button->normalPixmap().devicePixelRatioF(), 1.0);
+    const QSize size = button->size();
+    scaled.ratio = 2.0;
+    scaled.grab();
+    QCOMPARE(button->normalPixmap().devicePixelRatioF(), 2.0);
+    QCOMPARE(button->size(), size);
+}
+
 void TestKeyGraphView::marksCarryTheirState()
 {
     RecordingStyle style;
@@ -481,6 +548,82 @@ void TestKeyGraphView::labelsStayInTheirColumn()
     QCOMPARE(coloured(110, 500), 0);
     view->setLeftBackgroundWidth(400);
     QVERIFY(coloured(110, 400) > 50);
+}
+
+QVector<TextRecorder::Text> TestKeyGraphView::gridLabels()
+{
+    TextRecorder recorder(view->size());
+    view->render(&recorder, QPoint(), QRegion(), QWidget::RenderFlags());
+    return recorder.texts;
+}
+
+void TestKeyGraphView::gridLabelsNameTheUnit()
+{
+    showView();
+    const auto ends = [this](const QString &unit) {
+        int count = 0;
+        for (const TextRecorder::Text &label : gridLabels())
+            count += label.text.endsWith(unit) ? 1 : 0;
+        return count;
+    };
+    const QString degrees(QChar(0xb0));
+    VxFloatProperty *smile = addProperty(QStringLiteral("Smile"));
+    smile->setPercentage(true);
+    const auto show = [this](const QVector<VxProperty *> &properties) {
+        graph->handleDopesheetPropertyListChanged(properties, false);
+    };
+    show({node->getXRotControl(), node->getZRotControl()});
+    QVERIFY(ends(degrees) >= 3);
+    show({node->getXRotControl(), x()});
+    QCOMPARE(ends(degrees), 0);
+    show({smile});
+    QVERIFY(ends(QStringLiteral("%")) >= 3);
+    show({smile, node->getXRotControl()});
+    QCOMPARE(ends(QStringLiteral("%")), 0);
+    show({});
+    QCOMPARE(ends(degrees) + ends(QStringLiteral("%")), 0);
+    show({smile});
+    QVERIFY(ends(QStringLiteral("%")) >= 3);
+    view->setKeyGraph(nullptr);
+    view->setKeyGraph(graph.get());
+    QVERIFY(ends(QStringLiteral("%")) >= 3);
+}
+
+void TestKeyGraphView::gridLabelsNeverOverlap_data()
+{
+    QTest::addColumn<int>("leftWidth");
+    QTest::addColumn<int>("height");
+    QTest::newRow("without sides") << 0 << 300;
+    QTest::newRow("with a name column") << 220 << 300;
+    QTest::newRow("low") << 220 << 60;
+    QTest::newRow("hardly there") << 0 << 20;
+}
+
+// However the axes are zoomed and panned.
+void TestKeyGraphView::gridLabelsNeverOverlap()
+{
+    QFETCH(int, leftWidth);
+    QFETCH(int, height);
+    view->setLeftBackgroundWidth(leftWidth);
+    showView();
+    view->resize(800, height);
+    QCoreApplication::processEvents();
+    showProperties({node->getXRotControl()});
+    int most = 0;
+    for (int i = 0; i < 60; ++i) {
+        turnWheel(QPoint(0, i % 20 < 10 ? 90 : -85), i % 3 ? Qt::ShiftModifier : Qt::NoModifier);
+        turnWheel(QPoint(0, i * 37 % 400 - 200),
+                  i % 2 ? Qt::AltModifier : Qt::AltModifier | Qt::ShiftModifier);
+        const QVector<TextRecorder::Text> labels = gridLabels();
+        most = qMax(most, labels.size());
+        for (int a = 0; a < labels.size(); ++a) {
+            QVERIFY2(labels.at(a).rect.left() >= leftWidth - 1, qPrintable(labels.at(a).text));
+            for (int b = a + 1; b < labels.size(); ++b)
+                QVERIFY2(!labels.at(a).rect.adjusted(1, 1, -1, -1).intersects(labels.at(b).rect),
+                         qPrintable(labels.at(a).text + ' ' + labels.at(b).text));
+        }
+    }
+    QVERIFY2(most >= (height < 50 ? 1 : 3), qPrintable(QString::number(most)));
 }
 
 void TestKeyGraphView::timeLine()

@@ -224,7 +224,9 @@ void VxDopeSheetView::handleAppStarting()
 
 void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propList)
 {
+    const QSet<VxProperty *> former = d->graphProperties;
     d->graphProperties = QSet<VxProperty *>(propList.cbegin(), propList.cend());
+    d->sendSelectionOf(d->graphProperties - former);
     viewport()->update();
 }
 

@@ -110,6 +110,8 @@ public:
     void noteSelectedKeys(const VxDopeSheetItem *item);
     void noteTcb(const DopeSheetRowKeys &keys, const VxTcb *tcb, int first, int last);
     void sendSelection(const VxDopeSheetItem *item) const;
+    // What is selected of properties that the other side begins to show.
+    void sendSelectionOf(const QSet<VxProperty *> &properties);
     void resetSelectedBounds();
     void applyMessage(VxDopeSheetItem *item) const;
     void applyToNamed();

@@ -171,6 +171,21 @@ void VxDopeSheetView::Private::sendSelection(const VxDopeSheetItem *item) const
     bus->send(told);
 }
 
+void VxDopeSheetView::Private::sendSelectionOf(const QSet<VxProperty *> &properties)
+{
+    if (!bus || !bus->isHeard())
+        return;
+    VxKeyMessage told;
+    for (VxProperty *property : properties) {
+        for (const VxDopeSheetItem *item : itemsOf(property)) {
+            if (item->hasSelectedKeys())
+                told.selectedKeys[property] += item->selectedKeyIndexes();
+        }
+    }
+    if (!told.selectedKeys.isEmpty())
+        bus->send(told);
+}
+
 void VxDopeSheetView::Private::selectKeys(VxDopeSheetItem *item, bool select)
 {
     item->setKeysSelected(select, spanStart, spanEnd);

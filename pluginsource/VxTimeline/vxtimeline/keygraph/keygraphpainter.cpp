@@ -5,12 +5,8 @@
 #include <cmath>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
-#include <vxcore/vxstyleoption.h>
 
-#include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphgrid.h"
-#include "vxtimeline/keygraph/keygraphkeys.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 namespace {
 
@@ -35,48 +31,6 @@ int pixel(double place, int end)
 {
     return static_cast<int>(qBound(-1.0, std::floor(place), double(end) + 1.0));
 }
-
-// The bits that tell a mark's kind, the same as those of the dope sheet's marks.
-QStyle::State markState(const KeyGraphMark &mark)
-{
-    static constexpr QStyle::StateFlag types[] = {QStyle::State_Raised, QStyle::State_Sunken,
-                                                  QStyle::State_Editing};
-    QStyle::State state;
-    if (mark.type < 3)
-        state |= types[mark.type];
-    if (mark.selected)
-        state |= QStyle::State_Selected;
-    return state;
-}
-
-class MarkPainter
-{
-public:
-    MarkPainter(QPainter *painter, const QWidget *widget)
-        : m_painter(painter)
-        , m_widget(widget)
-    {
-        m_option.initFrom(widget);
-        m_state = m_option.state & ~(QStyle::State_Raised | QStyle::State_Sunken |
-                                     QStyle::State_Editing | QStyle::State_Selected);
-    }
-
-    void paint(const KeyGraphMark &mark)
-    {
-        constexpr int side = int(KeyGraphScale::MarkSide);
-        m_option.rect = QRect(mark.corner, QSize(side, side));
-        m_option.state = m_state | markState(mark);
-        m_widget->style()->drawPrimitive(
-            static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxKeyMark), &m_option, m_painter,
-            m_widget);
-    }
-
-private:
-    QPainter *m_painter;
-    const QWidget *m_widget;
-    VxStyleOptionCustom m_option;
-    QStyle::State m_state;
-};
 
 } // namespace
 
@@ -107,13 +61,11 @@ QColor KeyGraphLook::channelColor(const QColor &own, int number) const
 }
 
 KeyGraphPainter::KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale,
-                                 const KeyGraphLook &look, const KeyGraphStage &stage,
-                                 const QWidget *widget)
+                                 const KeyGraphLook &look, const KeyGraphStage &stage)
     : m_painter(painter)
     , m_scale(scale)
     , m_look(look)
     , m_stage(stage)
-    , m_widget(widget)
 {
 }
 
@@ -153,8 +105,8 @@ void KeyGraphPainter::paintValueGrid()
     const int textHeight = m_look.axis.getHeight();
     const int left = m_stage.leftWidth + m_look.margin;
     m_painter->setFont(m_look.axis.getFont());
-    for (const KeyGraphGrid::Line &line :
-         KeyGraphGrid::valueLines(m_scale, height, ValueLineSpacing)) {
+    const double spacing = qMax(ValueLineSpacing, 2.0 * textHeight);
+    for (const KeyGraphGrid::Line &line : KeyGraphGrid::valueLines(m_scale, height, spacing)) {
         const int y = pixel(line.place, height);
         m_painter->fillRect(QRectF(0, y, m_stage.size.width(), lineWidth()),
                             line.major ? m_look.majorGrid : m_look.grid);
@@ -162,7 +114,8 @@ void KeyGraphPainter::paintValueGrid()
         if (line.label.isEmpty() || y < textHeight || y > height - textHeight)
             continue;
         m_painter->setPen(m_look.axis.getColor());
-        m_painter->drawText(left, y - m_look.axis.getFontMetrics().descent(), line.label);
+        m_painter->drawText(left, y - m_look.axis.getFontMetrics().descent(),
+                            line.label + m_stage.valueUnit);
     }
 }
 
@@ -186,39 +139,5 @@ void KeyGraphPainter::paintFrameGrid()
             continue;
         m_painter->setPen(m_look.axis.getColor());
         m_painter->drawText(left, baseline, line.label);
-    }
-}
-
-// Cosmetic and one pixel wide: any other pen makes noisy curves slower by orders of magnitude.
-void KeyGraphPainter::setChannelPen(const QColor &color)
-{
-    QPen pen(color, 1.0);
-    pen.setCosmetic(true);
-    m_painter->setPen(pen);
-}
-
-void KeyGraphPainter::paintChannels(const QVector<VxKeyGraphChannel *> &channels,
-                                    KeyGraphCurves &curves)
-{
-    const QFontMetrics &metrics = m_look.label.getFontMetrics();
-    MarkPainter markPainter(m_painter, m_widget);
-    KeyGraphMarks marks(m_stage.size);
-    m_painter->setFont(m_look.label.getFont());
-    int top = m_look.margin;
-    for (int n = 0; n < channels.size(); ++n) {
-        const VxKeyGraphChannel &channel = *channels.at(n);
-        setChannelPen(m_look.channelColor(channel.getColor(), n));
-        if (top < m_stage.size.height())
-            m_painter->drawText(
-                m_look.margin, top + metrics.ascent(),
-                metrics.elidedText(channel.getLabel(), Qt::ElideLeft, m_stage.leftWidth));
-        top += metrics.height() + m_look.margin;
-
-        m_painter->setRenderHint(QPainter::Antialiasing, true);
-        m_painter->drawPolyline(curves.points(channel, n, m_scale, m_stage.size.width()));
-        m_painter->setRenderHint(QPainter::Antialiasing, false);
-        const QVector<VxKeyGraphKey> &records = channel.getKeyCache();
-        for (const KeyGraphMark &mark : marks.find(channel.getKeys(), records.constData(), m_scale))
-            markPainter.paint(mark);
     }
 }

@@ -1,17 +1,16 @@
 #ifndef KEYGRAPHPAINTER_H
 #define KEYGRAPHPAINTER_H
 
-#include <QtCore/QVector>
+#include <QtCore/QSize>
+#include <QtCore/QString>
 #include <QtGui/QColor>
 #include <vxcore/vxtextstyle.h>
 #include <vxcore/vxtimerange.h>
 
 #include "vxtimeline/keygraph/keygraphscale.h"
 
-class KeyGraphCurves;
 class QPainter;
 class QWidget;
-class VxKeyGraphChannel;
 
 // Colours, fonts and measures of the key graph, read from the style once and kept.
 struct KeyGraphLook
@@ -42,34 +41,31 @@ struct KeyGraphStage
     int rightWidth = 0;
     VxTimeRange playRange;
     VxTime timeStep = 0; // ticks per frame
+    QString valueUnit;   // of all channels, such as "%"; empty when they differ or have none
 };
 
-// Replays the key graph's lists of lines, points and marks. It keeps nothing and decides nothing
-// but the order of painting.
+// Paints what lies behind the channels of a key graph, from lists of lines with their labels. It
+// keeps nothing and decides nothing but the order of painting.
 class KeyGraphPainter
 {
 public:
-    // All borrowed for the painter's life. widget: whose style draws the key marks.
+    // All borrowed for the painter's life.
     KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale, const KeyGraphLook &look,
-                    const KeyGraphStage &stage, const QWidget *widget);
+                    const KeyGraphStage &stage);
 
     // Background, the shade outside of the play range, grid and its labels.
     void paintStage();
-    // Label, curve and key marks of each channel, in order.
-    void paintChannels(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
 
 private:
     void paintGrounds();
     void paintValueGrid();
     void paintFrameGrid();
     qreal lineWidth() const;
-    void setChannelPen(const QColor &color);
 
     QPainter *m_painter;
     const KeyGraphScale &m_scale;
     const KeyGraphLook &m_look;
     const KeyGraphStage &m_stage;
-    const QWidget *m_widget;
 };
 
 #endif

@@ -12,7 +12,6 @@ constexpr double SmallestValuePerPixel = 1e-9;
 constexpr double LargestValuePerPixel = 1e9;
 constexpr double SmallestTicksPerPixel = 0.01;
 constexpr double LargestTicksPerPixel = 500000.0;
-constexpr double FarAway = 1e6; // pixels
 
 constexpr double PixelsPerDoubling = 200.0;
 constexpr double FrameMargin = 20.0;
@@ -29,25 +28,11 @@ double limitedTimeScale(double scale)
     return qBound(SmallestTicksPerPixel, scale, LargestTicksPerPixel);
 }
 
-// A corner that lies half a mark before a place, to the nearest pixel.
-int corner(double place)
-{
-    if (std::isnan(place))
-        return -int(FarAway);
-    const double exact = qBound(-FarAway, place, FarAway) - KeyGraphScale::MarkSide / 2.0;
-    return static_cast<int>(std::floor(exact + 0.5));
-}
-
 } // namespace
 
 VxTime KeyGraphScale::time(double pixelX) const
 {
     return TimelineSnap::truncated(ticks(pixelX));
-}
-
-QRect KeyGraphScale::markRect(double x, double y)
-{
-    return QRect(corner(x), corner(y), int(MarkSide), int(MarkSide));
 }
 
 VxTimeRange KeyGraphScale::timesBetween(double left, double right) const
@@ -79,13 +64,12 @@ void KeyGraphScale::zoomValues(const KeyGraphScale &start, double deltaY)
     offsetY = start.offsetY / factor;
 }
 
-void KeyGraphScale::fitTimes(const VxTimeRange &range, double width, double margin)
+void KeyGraphScale::fitTimes(const VxTimeRange &range, double left, double right)
 {
     const double duration = double(range.getEnd()) - double(range.getStart());
-    const double available = qMax(1.0, width - 2.0 * margin);
-    ticksPerPixel = limitedTimeScale(qMax(1.0, duration) / available);
+    ticksPerPixel = limitedTimeScale(qMax(1.0, duration) / qMax(1.0, right - left));
     const double middle = double(range.getStart()) + duration * 0.5;
-    offsetX = width * 0.5 - originX - middle / ticksPerPixel;
+    offsetX = (left + right) * 0.5 - originX - middle / ticksPerPixel;
 }
 
 void KeyGraphScale::centerTimes(double duration, double width)

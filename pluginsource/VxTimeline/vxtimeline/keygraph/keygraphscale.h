@@ -34,7 +34,10 @@ public:
     double value(double pixelY) const { return (pixelY - offsetY - originY) * valuePerPixel; }
 
     // The rectangle of the mark around a place: a MarkSide square, to the pixel.
-    static QRect markRect(double x, double y);
+    static QRect markRect(double x, double y)
+    {
+        return QRect(markCorner(x), markCorner(y), int(MarkSide), int(MarkSide));
+    }
     QRect markRectOf(VxTime time, double value) const { return markRect(x(time), y(value)); }
 
     // All times whose marks can touch the pixel columns from left to right, both included.
@@ -48,8 +51,8 @@ public:
     // valuePerPixel. The place of value 0 moves away from the origin as the scale grows.
     void zoomValues(const KeyGraphScale &start, double deltaY);
 
-    // The whole range over a width, a margin in pixels free at both sides.
-    void fitTimes(const VxTimeRange &range, double width, double margin);
+    // The whole range between two pixel columns.
+    void fitTimes(const VxTimeRange &range, double left, double right);
     // A duration from time 0 on in the middle of a width.
     void centerTimes(double duration, double width);
     // The time axis zoomed about a pixel column; 200 make a factor of two, positive is nearer.
@@ -65,6 +68,19 @@ public:
     {
         return ticksPerPixel == other.ticksPerPixel &&
                offsetX + originX == other.offsetX + other.originX;
+    }
+
+private:
+    // Half a mark before a place, to the nearest pixel; far away for what is no number. Without a
+    // call, because it is asked twice for every key that is painted.
+    static int markCorner(double place)
+    {
+        constexpr double far = 1e6;
+        const double exact = place - (MarkSide - 1.0) / 2.0;
+        if (!(exact > -far && exact < far))
+            return exact >= far ? int(far) : -int(far);
+        const int truncated = static_cast<int>(exact);
+        return exact < truncated ? truncated - 1 : truncated;
     }
 };
 

@@ -10,6 +10,17 @@
 
 #include "vxtimeline/keygraph/keymoveapplier.h"
 
+namespace {
+
+bool isRotation(const VxProperty *property)
+{
+    const VxNode *node = VxPropertyHelper::getNode(property);
+    return node && (property == node->getXRotControl() || property == node->getYRotControl() ||
+                    property == node->getZRotControl());
+}
+
+} // namespace
+
 class VxFloatChannel::Private
 {
 public:
@@ -246,4 +257,11 @@ bool VxFloatChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
         return false;
     setKeyCache(applier.takeRecords());
     return true;
+}
+
+QString VxFloatChannel::getUnit() const
+{
+    if (d->property->isPercentage())
+        return QStringLiteral("%");
+    return isRotation(d->property) ? QString(QChar(0x00b0)) : QString();
 }

@@ -42,6 +42,8 @@ public:
     KeyGraphKeys getKeys() const override;
     void getValues(const VxTime *times, int count, double *values) const override;
     bool moveKeys(const QVector<KeyDragPlan::Move> &moves) override;
+    // Per cent, or degrees for a node's rotation.
+    QString getUnit() const override;
 
 private:
     class Private;

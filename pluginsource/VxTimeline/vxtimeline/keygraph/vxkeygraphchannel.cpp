@@ -128,6 +128,11 @@ bool VxKeyGraphChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
     return !moves.isEmpty();
 }
 
+QString VxKeyGraphChannel::getUnit() const
+{
+    return QString();
+}
+
 const QVector<VxKeyGraphKey> &VxKeyGraphChannel::getKeyCache() const
 {
     if (!d->isValid() || d->keyCache.size() != getNumKeys())

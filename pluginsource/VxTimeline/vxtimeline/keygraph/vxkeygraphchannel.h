@@ -66,6 +66,8 @@ public:
     // Moves many keys, each as setKey() does and in the given order, without telling of the
     // selection: whoever moves many keys publishes it once at the end. True when something changed.
     virtual bool moveKeys(const QVector<KeyDragPlan::Move> &moves);
+    // The sign of the unit in which values are shown, such as "%"; empty for none.
+    virtual QString getUnit() const;
 
     virtual ~VxKeyGraphChannel();
 

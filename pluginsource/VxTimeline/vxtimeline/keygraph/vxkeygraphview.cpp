@@ -2,6 +2,7 @@
 
 #include <QtGui/QResizeEvent>
 #include <QtGui/QWheelEvent>
+#include <algorithm>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmousebutton.h>
 #include <vxcore/vxscene.h>
@@ -15,7 +16,8 @@
 
 namespace {
 
-constexpr double TimeMargin = 24.0; // pixels free beside the animation range
+constexpr double TimeMargin = 24.0;      // pixels free beside the animation range
+constexpr double LeastTimeWidth = 100.0; // pixels that it takes at least, where there are as many
 
 // How many of the process's resizes still put the animation range into the middle: those while
 // the main window takes its shape.
@@ -57,7 +59,7 @@ void VxKeyGraphView::Private::followGraph()
 {
     QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, [this] { channelsChanged(); });
     QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, &VxKeyGraphView::doUpdate);
-    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q, [this] { hit = Hit(); });
+    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q, [this] { takeUpChannelList(); });
     QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q,
                      &VxKeyGraphView::channelListChanged);
     QObject::connect(keyGraph, &VxKeyGraph::receivedKeyMessage, q, [this] { repaint(); });
@@ -71,16 +73,42 @@ void VxKeyGraphView::Private::channelsChanged()
 
 void VxKeyGraphView::Private::repaint()
 {
-    layer = QPixmap();
+    layerValid = false;
     q->update();
+}
+
+// Values have a unit when it is that of every channel.
+void VxKeyGraphView::Private::takeUpChannelList()
+{
+    hit = Hit();
+    valueUnit.clear();
+    const QVector<VxKeyGraphChannel *> list = channels();
+    if (list.isEmpty())
+        return;
+    const QString unit = list.first()->getUnit();
+    const auto hasUnit = [&unit](const auto *channel) { return channel->getUnit() == unit; };
+    if (std::all_of(list.cbegin(), list.cend(), hasUnit))
+        valueUnit = unit;
 }
 
 void VxKeyGraphView::Private::fitTimes()
 {
+    fitTimesBetween(leftBackgroundWidth, rightBackgroundWidth);
+}
+
+// Parts at the sides that leave hardly any room are not minded.
+void VxKeyGraphView::Private::fitTimesBetween(int leftWidth, int rightWidth)
+{
     timesFitted = width > 0.0;
     if (!timesFitted)
         return;
-    scale.fitTimes(vxScene->getAnimRange(), width, TimeMargin);
+    double left = leftWidth + TimeMargin;
+    double right = width - rightWidth - TimeMargin;
+    if (right - left < LeastTimeWidth) {
+        left = TimeMargin;
+        right = qMax(left + 1.0, width - TimeMargin);
+    }
+    scale.fitTimes(vxScene->getAnimRange(), left, right);
     repaint();
 }
 
@@ -92,15 +120,18 @@ void VxKeyGraphView::Private::resize(const QSize &size)
     halfHeight = height * 0.5;
     scale.originX = 0.0;
     scale.originY = halfHeight;
-    if (!wasPainted)
-        timesFitted = false;
     if (centeringResizes() > 0 && size.width() > 0) {
         --centeringResizes();
+        // In the middle of the widget the range keeps clear of the wider part on both sides.
+        const int sides = qMax(leftBackgroundWidth, rightBackgroundWidth);
         if (!timesSetByUser)
-            fitTimes();
+            fitTimesBetween(sides, sides);
         const VxTimeRange range = vxScene->getAnimRange();
         scale.centerTimes(range.getDuration(), width);
     }
+    // The first view that is seen is fitted to the size that the widget has then.
+    if (!wasPainted)
+        timesFitted = false;
     placeButtons();
     repaint();
 }
@@ -150,7 +181,7 @@ void VxKeyGraphView::Private::styleButtons()
 {
     const VxStyle *style = vxApp->getStyle();
     const int side = style->metric(VxStyle::PM_VxBarIconSize);
-    const qreal ratio = q->devicePixelRatioF();
+    const qreal ratio = buttonRatio = q->devicePixelRatioF();
     const auto setPixmaps = [&](VxMouseButton *button, VxStyle::StandardIconId id) {
         const auto picture = [&](QStyle::State state) {
             return style->findStandardPixmapForState(id, state, QSize(side, side), ratio);
@@ -196,10 +227,10 @@ void VxKeyGraphView::setKeyGraph(VxKeyGraph *keyGraph)
 {
     if (d->keyGraph)
         d->keyGraph->disconnect(this);
-    d->hit = Private::Hit();
     d->keyGraph = keyGraph;
     if (keyGraph)
         d->followGraph();
+    d->takeUpChannelList();
     d->channelsChanged();
 }
 

@@ -5,7 +5,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QStringList>
-#include <QtGui/QPixmap>
+#include <QtGui/QImage>
 #include <vxcore/vxtimerange.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -44,7 +44,10 @@ public:
     void channelsChanged();
     // Repaints everything; update() alone keeps the picture of the channels.
     void repaint();
+    // Shows the animation range between the parts at both sides.
     void fitTimes();
+    void fitTimesBetween(int leftWidth, int rightWidth);
+    void takeUpChannelList();
     void resize(const QSize &size);
     void wheelValues(int delta, bool pan, bool fine);
     void wheelTimes(int delta, bool pan, bool fine, int x);
@@ -80,6 +83,8 @@ public:
     VxMouseButton *panButton = nullptr;
     VxMouseButton *zoomButton = nullptr;
     VxMouseButton *frameButton = nullptr;
+    qreal buttonRatio = 0.0; // device pixel ratio that the buttons' pictures were made for
+    QString valueUnit;       // of all channels
 
     KeyGraphScale scale;
     double width = 0.0;
@@ -95,7 +100,8 @@ public:
 
     KeyGraphLook look;
     KeyGraphCurves curves;
-    QPixmap layer; // labels, curves and marks; null when it has to be painted anew
+    QImage layer; // labels, curves and marks
+    bool layerValid = false;
     QStringList layerLabels;
 
     int viewOperation = 0;

@@ -183,7 +183,8 @@ void VxKeyGraphView::Private::hover()
 }
 
 // All channels' changes are reported together; then each tells its selection, because the other
-// side knows keys by the times that they had.
+// side knows keys by the times that they had. A drag that was bound to the values leaves keys
+// beside the frames where they are.
 void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
 {
     q->setCursor(Qt::PointingHandCursor);
@@ -193,7 +194,9 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     const VxTime deltaTime = TimelineSnap::truncated(way.x() * scale.ticksPerPixel);
     const double deltaValue = way.y() * scale.valuePerPixel;
     const bool fromLast = currentPos.x() >= previousPos.x();
-    const VxTime timeStep = modifiers & Qt::ControlModifier ? 0 : vxScene->getTimeStep();
+    const bool keepsTimes = (modifiers & Qt::ShiftModifier) && way.x() == 0.0;
+    const bool snaps = !(modifiers & Qt::ControlModifier) && !keepsTimes;
+    const VxTime timeStep = snaps ? vxScene->getTimeStep() : 0;
     if (!hold)
         hold = std::make_unique<VxUndoStackHold>();
 

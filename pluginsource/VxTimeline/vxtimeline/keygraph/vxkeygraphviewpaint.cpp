@@ -4,6 +4,7 @@
 #include <QtWidgets/QStyleOptionRubberBand>
 #include <vxcore/vxscene.h>
 
+#include "vxtimeline/keygraph/keygraphchannelpainter.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview_p.h"
@@ -11,8 +12,12 @@
 
 KeyGraphStage VxKeyGraphView::Private::stage() const
 {
-    return {q->size(), leftBackgroundWidth, rightBackgroundWidth, vxScene->getPlayRange(),
-            vxScene->getTimeStep()};
+    return {q->size(),
+            leftBackgroundWidth,
+            rightBackgroundWidth,
+            vxScene->getPlayRange(),
+            vxScene->getTimeStep(),
+            valueUnit};
 }
 
 // As many as there is room for.
@@ -32,15 +37,17 @@ void VxKeyGraphView::Private::updateLayer()
     const qreal ratio = q->devicePixelRatioF();
     const QSize size = (QSizeF(q->size()) * ratio).toSize();
     const QStringList wanted = labels();
-    if (layer.size() == size && layer.devicePixelRatio() == ratio && layerLabels == wanted)
+    const bool fits = layer.size() == size && layer.devicePixelRatio() == ratio;
+    if (layerValid && fits && layerLabels == wanted)
         return;
-    layerLabels = wanted;
-    layer = QPixmap(size);
+    if (!fits)
+        layer = QImage(size, QImage::Format_ARGB32_Premultiplied);
     layer.setDevicePixelRatio(ratio);
     layer.fill(Qt::transparent);
-    QPainter painter(&layer);
+    layerLabels = wanted;
+    layerValid = true;
     const KeyGraphStage shown = stage();
-    KeyGraphPainter(&painter, scale, look, shown, q).paintChannels(channels(), curves);
+    KeyGraphChannelPainter(&layer, scale, look, shown, q).paint(channels(), curves);
 }
 
 void VxKeyGraphView::Private::paintTimeLine(QPainter *painter)
@@ -66,10 +73,10 @@ void VxKeyGraphView::Private::paintRubberBand(QPainter *painter)
 void VxKeyGraphView::Private::paint(QPainter *painter)
 {
     const KeyGraphStage shown = stage();
-    KeyGraphPainter(painter, scale, look, shown, q).paintStage();
+    KeyGraphPainter(painter, scale, look, shown).paintStage();
     paintTimeLine(painter);
     updateLayer();
-    painter->drawPixmap(0, 0, layer);
+    painter->drawImage(0, 0, layer);
     if (mouseState == RubberBand)
         paintRubberBand(painter);
 }
@@ -81,6 +88,8 @@ void VxKeyGraphView::paintEvent(QPaintEvent *event)
         return;
     if (!d->timesFitted && !d->timesSetByUser)
         d->fitTimes();
+    if (d->buttonRatio != devicePixelRatioF())
+        d->styleButtons();
     d->wasPainted = true;
     QPainter painter(this);
     d->paint(&painter);

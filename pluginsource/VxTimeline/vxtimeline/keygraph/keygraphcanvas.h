@@ -1,0 +1,59 @@
+#ifndef KEYGRAPHCANVAS_H
+#define KEYGRAPHCANVAS_H
+
+#include <QtCore/QPoint>
+#include <QtCore/QSize>
+#include <vector>
+
+#include "vxtimeline/keygraph/keygraphpixels.h"
+
+// A small picture that is put in many places, with a bit for each of its pixels that is not empty.
+class KeyGraphStamp
+{
+public:
+    // So that a row's bits fit into a word at any place.
+    static constexpr int MaxSide = 32;
+
+    // picture: premultiplied, no side longer than MaxSide.
+    explicit KeyGraphStamp(const QImage &picture);
+
+    int height() const { return m_height; }
+    quint32 filled(int row) const { return m_filled[static_cast<std::size_t>(row)]; }
+    const QRgb *line(int row) const { return &m_pixels[static_cast<std::size_t>(row * m_width)]; }
+
+private:
+    int m_width;
+    int m_height;
+    std::vector<QRgb> m_pixels; // row by row
+    std::vector<quint32> m_filled;
+};
+
+// A picture that is painted from the topmost thing to the lowest, each under what is there.
+//
+// A pixel is closed as soon as hardly anything shines through it any more. Closed pixels are kept
+// as bits, so that what lies wholly under others is passed over at the cost of a few words.
+// Everything outside of the picture counts as closed.
+class KeyGraphCanvas
+{
+public:
+    // pixels: borrowed, of a picture of this size.
+    KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size);
+
+    // Puts a stamp under what is there. It must touch the picture.
+    void put(const KeyGraphStamp &stamp, const QPoint &corner);
+    // True when every pixel of an area is closed, its last column and row included. An area that
+    // is more than 64 pixels wide counts as open.
+    bool hides(int left, int top, int right, int bottom) const;
+
+private:
+    std::size_t wordAt(int column, int row) const;
+
+    KeyGraphPixels m_pixels;
+    QSize m_size;
+    std::size_t m_rows; // with the margins
+    // One strip of 64 pixel columns after the other, a word for each row: what a stamp touches
+    // lies side by side.
+    std::vector<quint64> m_closed;
+};
+
+#endif

@@ -1,0 +1,107 @@
+#include "vxtimeline/keygraph/keygraphchannelpainter.h"
+
+#include "vxtimeline/keygraph/keygraphcrowd.h"
+#include "vxtimeline/keygraph/keygraphcurve.h"
+#include "vxtimeline/keygraph/keygraphpainter.h"
+#include "vxtimeline/keygraph/keygraphpen.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+
+namespace {
+
+constexpr int Crowd = 4000; // keys on screen, from which on it pays to ask what is seen
+
+} // namespace
+
+KeyGraphChannelPainter::KeyGraphChannelPainter(QImage *picture, const KeyGraphScale &scale,
+                                               const KeyGraphLook &look, const KeyGraphStage &stage,
+                                               const QWidget *widget)
+    : m_picture(picture)
+    , m_scale(scale)
+    , m_look(look)
+    , m_stage(stage)
+    , m_ratio(picture->devicePixelRatioF())
+    , m_markPainter(widget)
+    , m_marks(stage.size)
+{
+}
+
+void KeyGraphChannelPainter::paint(const QVector<VxKeyGraphChannel *> &channels,
+                                   KeyGraphCurves &curves)
+{
+    if (KeyGraphCrowd::canShow(m_ratio) && keysOnScreen(channels) >= Crowd)
+        paintCrowd(channels, curves);
+    else
+        paintEach(channels, curves);
+}
+
+int KeyGraphChannelPainter::keysOnScreen(const QVector<VxKeyGraphChannel *> &channels) const
+{
+    const VxTimeRange times = m_scale.timesBetween(0, m_stage.size.width());
+    int count = 0;
+    for (const VxKeyGraphChannel *channel : channels) {
+        const KeyGraphKeys keys = channel->getKeys();
+        count += keys.endAt(times.getEnd()) - keys.firstFrom(times.getStart());
+    }
+    return count;
+}
+
+const std::vector<KeyGraphMark> &KeyGraphChannelPainter::marksOf(const VxKeyGraphChannel &channel)
+{
+    const QVector<VxKeyGraphKey> &records = channel.getKeyCache();
+    return m_marks.find(channel.getKeys(), records.constData(), m_scale);
+}
+
+void KeyGraphChannelPainter::paintLabel(const VxKeyGraphChannel &channel, int number,
+                                        QPainter::CompositionMode mode)
+{
+    const QFontMetrics &metrics = m_look.label.getFontMetrics();
+    const int top = m_look.margin + number * (metrics.height() + m_look.margin);
+    if (top >= m_stage.size.height())
+        return;
+    QPainter painter(m_picture);
+    painter.setCompositionMode(mode);
+    painter.setPen(colorOf(channel, number));
+    painter.setFont(m_look.label.getFont());
+    painter.drawText(m_look.margin, top + metrics.ascent(),
+                     metrics.elidedText(channel.getLabel(), Qt::ElideLeft, m_stage.leftWidth));
+}
+
+QColor KeyGraphChannelPainter::colorOf(const VxKeyGraphChannel &channel, int number) const
+{
+    return m_look.channelColor(channel.getColor(), number);
+}
+
+void KeyGraphChannelPainter::paintMarks(const VxKeyGraphChannel &channel)
+{
+    QPainter painter(m_picture);
+    for (const KeyGraphMark &mark : marksOf(channel))
+        m_markPainter.paint(&painter, mark);
+}
+
+void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &channels,
+                                       KeyGraphCurves &curves)
+{
+    const KeyGraphPixels pixels = KeyGraphPixels::of(m_picture);
+    KeyGraphPen pen(pixels, m_picture->size(), m_ratio, KeyGraphPen::Over);
+    for (int n = 0; n < channels.size(); ++n) {
+        const VxKeyGraphChannel &channel = *channels.at(n);
+        paintLabel(channel, n, QPainter::CompositionMode_SourceOver);
+        const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());
+        pen.draw(points.constData(), points.size(), m_ratio, colorOf(channel, n));
+        paintMarks(channel);
+    }
+}
+
+// The other way round, from what lies on top down to what it covers.
+void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &channels,
+                                        KeyGraphCurves &curves)
+{
+    KeyGraphCrowd crowd(m_picture, &m_markPainter);
+    for (int n = channels.size() - 1; n >= 0; --n) {
+        const VxKeyGraphChannel &channel = *channels.at(n);
+        crowd.paintMarks(marksOf(channel));
+        crowd.paintCurve(curves.points(channel, n, m_scale, m_stage.size.width()),
+                         colorOf(channel, n));
+        paintLabel(channel, n, QPainter::CompositionMode_DestinationOver);
+    }
+}

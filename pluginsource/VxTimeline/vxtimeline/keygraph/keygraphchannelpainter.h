@@ -1,0 +1,52 @@
+#ifndef KEYGRAPHCHANNELPAINTER_H
+#define KEYGRAPHCHANNELPAINTER_H
+
+#include <QtCore/QVector>
+#include <QtGui/QPainter>
+
+#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/keygraphmarkpainter.h"
+
+class KeyGraphCurves;
+class KeyGraphScale;
+class QColor;
+class QImage;
+class QWidget;
+class VxKeyGraphChannel;
+struct KeyGraphLook;
+struct KeyGraphStage;
+
+// Paints the labels, curves and key marks of channels into a picture, channel upon channel.
+//
+// A graph of an ordinary number of keys is painted mark by mark through the style. Beyond that
+// number most marks are hidden, and a KeyGraphCrowd paints what is seen; the picture is the same.
+class KeyGraphChannelPainter
+{
+public:
+    // All borrowed for the painter's life. picture: premultiplied, of the stage's size at some
+    // device pixel ratio, transparent. widget: whose style draws the key marks.
+    KeyGraphChannelPainter(QImage *picture, const KeyGraphScale &scale, const KeyGraphLook &look,
+                           const KeyGraphStage &stage, const QWidget *widget);
+
+    void paint(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
+    // The two ways of painting.
+    void paintEach(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
+    void paintCrowd(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
+
+private:
+    int keysOnScreen(const QVector<VxKeyGraphChannel *> &channels) const;
+    const std::vector<KeyGraphMark> &marksOf(const VxKeyGraphChannel &channel);
+    QColor colorOf(const VxKeyGraphChannel &channel, int number) const;
+    void paintLabel(const VxKeyGraphChannel &channel, int number, QPainter::CompositionMode mode);
+    void paintMarks(const VxKeyGraphChannel &channel);
+
+    QImage *m_picture;
+    const KeyGraphScale &m_scale;
+    const KeyGraphLook &m_look;
+    const KeyGraphStage &m_stage;
+    qreal m_ratio; // of the picture's pixels to the widget's
+    KeyGraphMarkPainter m_markPainter;
+    KeyGraphMarks m_marks;
+};
+
+#endif

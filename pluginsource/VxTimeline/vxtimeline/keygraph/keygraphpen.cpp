@@ -1,0 +1,156 @@
+#include "vxtimeline/keygraph/keygraphpen.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Straight = 0.02; // pixels beside a line that count as on it
+
+int floored(double place)
+{
+    const int truncated = static_cast<int>(place);
+    return place < truncated ? truncated - 1 : truncated;
+}
+
+// How much of the unit from number on lies between low and high.
+double overlap(double low, double high, int number)
+{
+    return qMin(high, number + 1.0) - qMax(low, double(number));
+}
+
+// The last point up to which the line from a point is straight. The direction is that of the first
+// piece, so that slight bends cannot add up.
+int endOfStraight(const QPointF *points, int start, int count)
+{
+    int end = start + 1;
+    const QPointF piece = points[end] - points[start];
+    while (end + 1 < count) {
+        const QPointF way = points[end + 1] - points[start];
+        if (!(std::abs(way.y() * piece.x() - way.x() * piece.y()) <= Straight * piece.x()))
+            break;
+        ++end;
+    }
+    return end;
+}
+
+} // namespace
+
+KeyGraphPen::KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width,
+                         Place place)
+    : m_picture(picture)
+    , m_width(qMax(0, size.width()))
+    , m_height(qMax(0, size.height()))
+    , m_halfLine(width * 0.5)
+    , m_place(place)
+    , m_covered(std::size_t(m_width) * std::size_t(m_height), 0)
+    , m_rows(std::size_t(m_width), Rows{m_height, -1})
+{
+}
+
+// A piece ends square, in the direction in which it is counted out.
+QRectF KeyGraphPen::areaOf(const QPointF &from, const QPointF &to, double ratio) const
+{
+    const double left = (from.x() + 0.5) * ratio;
+    const double right = (to.x() + 0.5) * ratio;
+    const double top = (qMin(from.y(), to.y()) + 0.5) * ratio;
+    const double bottom = (qMax(from.y(), to.y()) + 0.5) * ratio;
+    constexpr double root = 1.4143; // a line of 45 degrees is that much thicker
+    const double reach = m_halfLine * root;
+    if (bottom - top > right - left)
+        return QRectF(QPointF(left - reach, top), QPointF(right + reach, bottom));
+    return QRectF(QPointF(left, top - reach), QPointF(right, bottom + reach));
+}
+
+void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QColor &color)
+{
+    const QRgb pixel = qPremultiply(color.rgba());
+    const auto place = [ratio](const QPointF &point) {
+        return (point + QPointF(0.5, 0.5)) * ratio;
+    };
+    if (count < 2)
+        return;
+    // Beside its points the line covers no more than its width.
+    const double width = 2.0 * m_halfLine;
+    m_firstOpen = qMax(0, floored(place(points[0]).x() - width));
+    for (int i = 0; i + 1 < count;) {
+        const int end = endOfStraight(points, i, count);
+        const QPointF from = place(points[i]);
+        const QPointF to = place(points[end]);
+        addPiece({from.x(), from.y(), to.x(), to.y()});
+        finish(floored(to.x() - width), pixel);
+        i = end;
+    }
+    finish(floored(place(points[count - 1]).x() + width) + 1, pixel);
+}
+
+void KeyGraphPen::addPiece(const Piece &piece)
+{
+    if (std::abs(piece.y2 - piece.y1) > piece.x2 - piece.x1)
+        addSteep(piece);
+    else if (piece.x2 > piece.x1)
+        addFlat(piece);
+}
+
+// Column by column, where the line is as high as it is thick.
+void KeyGraphPen::addFlat(const Piece &piece)
+{
+    const double slope = (piece.y2 - piece.y1) / (piece.x2 - piece.x1);
+    const double reach = m_halfLine * std::sqrt(1.0 + slope * slope);
+    const int end = qMin(m_width - 1, floored(piece.x2));
+    for (int x = qMax(0, floored(piece.x1)); x <= end; ++x) {
+        const double from = qMax(piece.x1, double(x));
+        const double to = qMin(piece.x2, x + 1.0);
+        const double y = piece.y1 + slope * ((from + to) * 0.5 - piece.x1);
+        if (!(y > -reach && y < m_height + reach))
+            continue;
+        const int bottom = qMin(m_height - 1, floored(y + reach));
+        for (int row = qMax(0, floored(y - reach)); row <= bottom; ++row)
+            cover(x, row, overlap(y - reach, y + reach, row) * (to - from));
+    }
+}
+
+// Row by row, where the line is as wide as it is thick.
+void KeyGraphPen::addSteep(const Piece &piece)
+{
+    const double slope = (piece.x2 - piece.x1) / (piece.y2 - piece.y1);
+    const double reach = m_halfLine * std::sqrt(1.0 + slope * slope);
+    const double top = qMax(0.0, qMin(piece.y1, piece.y2));
+    const double bottom = qMin(double(m_height), qMax(piece.y1, piece.y2));
+    for (int row = floored(top); row < bottom; ++row) {
+        const double from = qMax(top, double(row));
+        const double to = qMin(bottom, row + 1.0);
+        const double x = piece.x1 + slope * ((from + to) * 0.5 - piece.y1);
+        const int right = qMin(m_width - 1, floored(x + reach));
+        for (int column = qMax(0, floored(x - reach)); column <= right; ++column)
+            cover(column, row, overlap(x - reach, x + reach, column) * (to - from));
+    }
+}
+
+void KeyGraphPen::cover(int number, int row, double part)
+{
+    quint8 &covered = column(number)[row];
+    covered = static_cast<quint8>(qMin(255, covered + static_cast<int>(part * 255.0 + 0.5)));
+    Rows &rows = m_rows[std::size_t(number)];
+    rows.top = qMin(rows.top, row);
+    rows.bottom = qMax(rows.bottom, row);
+}
+
+void KeyGraphPen::finish(int endColumn, QRgb color)
+{
+    const int end = qMin(endColumn, m_width);
+    for (; m_firstOpen < end; ++m_firstOpen) {
+        Rows &rows = m_rows[std::size_t(m_firstOpen)];
+        quint8 *const covered = column(m_firstOpen);
+        QRgb *pixel = m_picture.line(qMax(0, rows.top)) + m_firstOpen;
+        for (int row = rows.top; row <= rows.bottom; ++row, pixel += m_picture.stride) {
+            if (covered[row] == 0)
+                continue;
+            const QRgb own = KeyGraphPixels::multiplied(color, covered[row]);
+            *pixel = m_place == Over ? KeyGraphPixels::over(own, *pixel)
+                                     : KeyGraphPixels::over(*pixel, own);
+            covered[row] = 0;
+        }
+        rows = {m_height, -1};
+    }
+}

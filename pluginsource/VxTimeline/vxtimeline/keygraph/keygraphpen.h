@@ -1,0 +1,62 @@
+#ifndef KEYGRAPHPEN_H
+#define KEYGRAPHPEN_H
+
+#include <QtCore/QPointF>
+#include <QtCore/QRectF>
+#include <QtCore/QSize>
+#include <QtGui/QColor>
+#include <vector>
+
+#include "vxtimeline/keygraph/keygraphpixels.h"
+
+// Draws smooth lines that run from left to right into a picture.
+//
+// Curves of keys on every frame are tens of thousands of pieces of two pixels, and a painter costs
+// more for the beginning and end of each than for what is between. Here each piece adds the part of
+// every pixel that it covers to a column of its own memory, and a column that the line has left
+// is put into the picture: joints are seamless, and the line is where its points are.
+class KeyGraphPen
+{
+public:
+    enum Place { Over, Under }; // where lines go, seen from what is there
+
+    // picture: borrowed; size: its pixels; width: of the line in these pixels.
+    KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width, Place place);
+
+    // Draws through two or more points of ascending x. ratio: the picture's pixels for 1 of the
+    // points' unit. A point's place is the middle of the pixel with its number, as with marks.
+    void draw(const QPointF *points, int count, double ratio, const QColor &color);
+
+    // Everything that the piece between two points can touch, in the picture's pixels.
+    QRectF areaOf(const QPointF &from, const QPointF &to, double ratio) const;
+
+private:
+    struct Piece
+    {
+        double x1, y1, x2, y2;
+    };
+    // The rows of a column that have been touched; top > bottom for none.
+    struct Rows
+    {
+        int top;
+        int bottom;
+    };
+
+    void addPiece(const Piece &piece);
+    void addFlat(const Piece &piece);
+    void addSteep(const Piece &piece);
+    void cover(int column, int row, double part);
+    void finish(int endColumn, QRgb color);
+    quint8 *column(int number) { return &m_covered[std::size_t(number) * std::size_t(m_height)]; }
+
+    KeyGraphPixels m_picture;
+    int m_width;
+    int m_height;
+    double m_halfLine;
+    Place m_place;
+    int m_firstOpen = 0;           // of the columns that are not in the picture yet
+    std::vector<quint8> m_covered; // column by column, of 255
+    std::vector<Rows> m_rows;      // of each column
+};
+
+#endif
