@@ -8,6 +8,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <vxcore/vxmorph.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -117,6 +118,7 @@ private:
     void rename();
     void moveAtTop();
     void changeKeys();
+    void changeObject();
     void sendMessage();
     void changeView();
     void changeFilter();
@@ -155,8 +157,8 @@ void TestDopeSheetModelRandom::init()
     setUp();
     m_plain = PlainSheet();
     m_pattern = QRegExp();
-    m_model =
-        std::make_unique<VxDopeSheetModel>(int(DopeSheetPropertyTypes::Translation), 2, nullptr);
+    QFETCH(int, types);
+    m_model = std::make_unique<VxDopeSheetModel>(types, 2, nullptr);
     m_filter = std::make_unique<VxDopeSheetFilterModel>();
     m_filter->setRecursiveFilteringEnabled(true);
     m_filter->setDynamicSortFilter(false);
@@ -293,6 +295,23 @@ void TestDopeSheetModelRandom::changeKeys()
         row->setKeysSelected(below(2) == 0, VxTime(below(20)), VxTime(below(40)));
 }
 
+// The rows of a node's object come and go with it; where only transform controls are listed there
+// are none.
+void TestDopeSheetModelRandom::changeObject()
+{
+    VxNode *node = anyNode();
+    if (!node)
+        return;
+    if (node->getObject() && below(2) == 0) {
+        node->setObject(nullptr);
+        return;
+    }
+    for (const VxMorph *morph : builder->addMorphs(node, 1 + below(2)))
+        setKeys(morph->getValueControl(), {VxTime(below(20))});
+    if (VxDopeSheetItem *row = rowOf(m_model->getRootItem(), node->getXPosControl()))
+        row->setKeysSelected(true, 0, 10);
+}
+
 // As the key graph does, for a row that may be shown, left out or not there at all.
 void TestDopeSheetModelRandom::sendMessage()
 {
@@ -365,7 +384,7 @@ void TestDopeSheetModelRandom::step()
     else if (kind < 15)
         changeKeys();
     else if (kind < 16)
-        sendMessage();
+        (below(2) == 0) ? changeObject() : sendMessage();
     else if (kind < 18)
         changeView();
     else if (kind < 19)
@@ -480,8 +499,13 @@ void TestDopeSheetModelRandom::followRows()
 void TestDopeSheetModelRandom::sessions_data()
 {
     QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 6; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
+    QTest::addColumn<int>("types");
+    const int translation = DopeSheetPropertyTypes::Translation;
+    for (quint32 seed = 1; seed <= 4; ++seed) {
+        QTest::addRow("translations, seed %u", seed) << seed << translation;
+        QTest::addRow("others, too, seed %u", seed)
+            << seed << (translation | DopeSheetPropertyTypes::Other);
+    }
 }
 
 void TestDopeSheetModelRandom::sessions()
