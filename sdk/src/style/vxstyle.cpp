@@ -5,6 +5,7 @@
 #include <QtWidgets/QStyleFactory>
 
 #include "style/vxbarprimitives.h"
+#include "style/vxcheckprimitive.h"
 #include "style/vxcolors.h"
 #include "style/vxglyphs.h"
 #include "style/vxiconengine.h"
@@ -87,6 +88,8 @@ DrawFunction ownPrimitive(quint32 id)
         return VxBarPrimitives::drawBarButton;
     case VxStyle::PE_VxBarSeparator:
         return VxBarPrimitives::drawBarSeparator;
+    case QStyle::PE_IndicatorCheckBox:
+        return vxDrawCheckBox;
     case VxStyle::PE_VxDownArrow:
         return VxBarPrimitives::drawDownArrow;
     case VxStyle::PE_VxDividerBar:
@@ -234,6 +237,9 @@ int VxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget
 {
     if (static_cast<quint32>(hint) == SH_VxRulerFlags)
         return RulerAll;
+    // Its light edge makes disabled text hard to read on a dark ground.
+    if (hint == SH_EtchDisabledText)
+        return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 
