@@ -1,13 +1,16 @@
 #include "shortcutmodel.h"
 
 #include <QFont>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QSize>
 
 namespace {
 
 // What an index keeps: 0 for a group, else the group's number and one.
 constexpr quintptr GroupId = 0;
+constexpr int RowPadding = 6; // pixels
 
 QBrush faded()
 {
@@ -93,6 +96,8 @@ QVariant ShortcutModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
+    if (role == Qt::SizeHintRole)
+        return QSize(0, QFontMetrics(QGuiApplication::font()).height() + RowPadding);
     if (index.internalId() == GroupId)
         return groupData(m_groups.at(index.row()), index.column(), role);
     const Group &group = m_groups.at(int(index.internalId()) - 1);

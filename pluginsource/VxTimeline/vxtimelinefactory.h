@@ -24,12 +24,13 @@ public:
 
     void registerClass(QScriptEngine *engine) const override;
 
+    // What `new Class()` runs; factory is the VxScriptableFactory. Without one it gives undefined.
+    static QScriptValue constructor(QScriptContext *context, QScriptEngine *engine, void *factory);
+
 private:
     // Teaches the engine to convert the class's pointer type.
     virtual void registerPointerType(QScriptEngine *engine) const = 0;
     QScriptValue construct(QScriptContext *context, QScriptEngine *engine) const;
-    // What `new Class()` runs; factory is the VxScriptableFactory, or null.
-    static QScriptValue constructor(QScriptContext *context, QScriptEngine *engine, void *factory);
 
     int m_ownership = 0;
 };

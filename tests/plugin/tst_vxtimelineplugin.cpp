@@ -34,6 +34,7 @@ private Q_SLOTS:
     void everyClassIsAScriptConstructor();
     void scriptObjectIsTheHosts();
     void constructorWithoutNew();
+    void constructorWithoutFactory();
     void paneEnumerationsInScripts_data();
     void paneEnumerationsInScripts();
     void paneFlagSetsInScripts();
@@ -218,6 +219,12 @@ void TestVxTimelinePlugin::constructorWithoutNew()
     const std::unique_ptr<QObject> object(made.toQObject());
     QVERIFY(qobject_cast<VxNextFrameAction *>(object.get()));
     QVERIFY(!m_engine->globalObject().isQObject());
+}
+
+void TestVxTimelinePlugin::constructorWithoutFactory()
+{
+    QScriptValue function = m_engine->newFunction(&VxScriptableFactory::constructor, nullptr);
+    QVERIFY(function.call().isUndefined());
 }
 
 void TestVxTimelinePlugin::paneEnumerationsInScripts_data()

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void statesDiffer_data() { addSchemes(); }
     void statesDiffer();
     void staysInItsRectangle();
-    void disabledTextHasNoEdge();
+    void plainTexts();
 
 private:
     static void addSchemes();
@@ -103,10 +103,11 @@ void TestVxCheckPrimitive::staysInItsRectangle()
     }
 }
 
-void TestVxCheckPrimitive::disabledTextHasNoEdge()
+void TestVxCheckPrimitive::plainTexts()
 {
     const VxStyle style;
     QCOMPARE(style.styleHint(QStyle::SH_EtchDisabledText), 0);
+    QCOMPARE(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
 }
 
 QTEST_MAIN(TestVxCheckPrimitive)

@@ -240,6 +240,9 @@ int VxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget
     // Its light edge makes disabled text hard to read on a dark ground.
     if (hint == SH_EtchDisabledText)
         return 0;
+    // The desktop's coloured signs fit neither palette.
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 
