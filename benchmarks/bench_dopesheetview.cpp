@@ -4,6 +4,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
 #include <benchmark/benchmark.h>
 #include <memory>
 #include <vxcore/vxapp.h>
@@ -333,6 +334,52 @@ void allRowsSelected(benchmark::State &state)
     }
 }
 
+// Every row of the sheet opened; then a page further, to rows that have never been shown.
+void allRowsOpened(benchmark::State &state)
+{
+    Pane pane;
+    for (auto _ : state) {
+        pane.view->expandAll();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        pane.view->collapseAll();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void nextPage(benchmark::State &state)
+{
+    Pane pane;
+    pane.view->expandAll();
+    QCoreApplication::processEvents();
+    QScrollBar *bar = pane.view->verticalScrollBar();
+    for (auto _ : state) {
+        bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        QCoreApplication::processEvents();
+    }
+    if (bar->value() == bar->maximum())
+        state.SkipWithError("the sheet has no more pages");
+}
+
+// A frame of playback with all rows open: and what it leads to in the pane.
+void frameOfPlayback(benchmark::State &state)
+{
+    Pane pane;
+    if (state.range(0))
+        pane.view->expandAll();
+    QCoreApplication::processEvents();
+    int frame = 0;
+    for (auto _ : state) {
+        frame = (frame + 1) % 300;
+        vxScene->setTime(frame * 160);
+        QCoreApplication::processEvents();
+    }
+}
+
+BENCHMARK(allRowsOpened)->Unit(benchmark::kMillisecond);
+BENCHMARK(nextPage)->Iterations(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(frameOfPlayback)->ArgName("open")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(rowsDrawnStraight)->ArgName("zoom")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(rowsPainted)->ArgName("zoom")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(viewRepainted)->ArgName("zoom")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);

@@ -220,6 +220,7 @@ private Q_SLOTS:
     void referenceInDouble();
     void referenceInSingle();
     void randomAgainstSlowCurve();
+    void evenKeysToTheLastBit();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -342,6 +343,37 @@ void tst_KeyEvaluator::anyCursorGivesTheSame()
             int cursor = start;
             QVERIFY(evaluator.value(time, 0, cursor) == value);
             QCOMPARE(cursor, track.upperBound(time) - 1);
+        }
+    }
+}
+
+// Keys at equal distances without shapes of their own take a shorter way to the same curve.
+void tst_KeyEvaluator::evenKeysToTheLastBit()
+{
+    std::mt19937 random(11);
+    for (const int count : {2, 3, 50}) {
+        std::vector<VxTime> times;
+        std::vector<float> values;
+        const std::vector<quint8> types(size_t(count), VxKeyInterp::Tcb);
+        for (int i = 0; i < count; ++i) {
+            times.push_back(-1000 + 160 * i);
+            values.push_back(float(int(random() % 20000) - 10000) / 7);
+        }
+        KeyTrack<float> track;
+        QVERIFY(track.insertMany({times.data(), values.data(), types.data(), nullptr, count}));
+        QCOMPARE(track.spacing(), 160);
+        const auto key = [&track](int i) {
+            return CurveKey{double(track.time(i)), double(track.value(i)), 0, 0, 0};
+        };
+        for (int i = 0; i + 1 < count; ++i) {
+            const CurveKey before = i > 0 ? key(i - 1) : CurveKey();
+            const CurveKey after = i + 2 < count ? key(i + 2) : CurveKey();
+            const CurveSegment curve = tcbSegment(i > 0 ? &before : nullptr, key(i), key(i + 1),
+                                                  i + 2 < count ? &after : nullptr);
+            for (int tick = 1; tick < 160; tick += 3) {
+                const VxTime time = track.time(i) + tick;
+                QVERIFY(valueAt(track, time) == float(curve.at(time)));
+            }
         }
     }
 }

@@ -63,6 +63,23 @@ inline CurveSegment linearSegment(const CurveKey &left, const CurveKey &right)
     return {left.time, 1 / (right.time - left.time), left.value, right.value - left.value, 0, 0};
 }
 
+/// The tangent on either side of a key without tension, continuity and bias, between two chords of
+/// the same span: what the formulas above come to, to the last bit.
+inline double evenTangent(double leftRise, double rightRise)
+{
+    return 0.5 * (leftRise + rightRise);
+}
+
+/// The smooth segment through four such keys, given their values; one that is missing beyond an end
+/// of the curve counts as lying on the prolonged chord.
+inline CurveSegment evenSegment(double start, double span, double chord, double value,
+                                double chordBefore, double chordAfter)
+{
+    const double out = evenTangent(chordBefore, chord);
+    const double in = evenTangent(chord, chordAfter);
+    return {start, 1 / span, value, out, 3 * chord - 2 * out - in, out + in - 2 * chord};
+}
+
 /// The smooth segment from `left` to `right`. `before` and `after` are the keys beyond them, null
 /// at an end of the curve: the missing chord is then taken equal to the one there is.
 inline CurveSegment tcbSegment(const CurveKey *before, const CurveKey &left, const CurveKey &right,
