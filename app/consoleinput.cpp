@@ -148,10 +148,10 @@ bool ConsoleInput::handleTab(const QKeyEvent *event)
 void ConsoleInput::submit()
 {
     const QString program = toPlainText();
+    clear();
     if (program.trimmed().isEmpty())
         return;
     m_history.add(program);
-    clear();
     Q_EMIT submitted(program);
 }
 

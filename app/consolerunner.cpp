@@ -1,8 +1,10 @@
 #include "consolerunner.h"
 
-#include <QGuiApplication>
+#include <QEvent>
+#include <QPointer>
 #include <QRegularExpression>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -22,8 +24,6 @@ ConsoleRunner::ConsoleRunner(VxScriptEngine *engine, QObject *parent)
     : QObject(parent)
     , m_engine(engine)
 {
-    // A program must not outlive the window that shows what it does.
-    connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &ConsoleRunner::stop);
     connect(vxApp, &VxApp::closing, this, &ConsoleRunner::stop);
 }
 
@@ -38,6 +38,10 @@ bool ConsoleRunner::run(const QString &program)
         return false;
     m_isRunning = true;
     Q_EMIT started();
+    // A program must not outlive the window that shows what it does.
+    const QPointer<VxMainWindow> window = vxApp->getInterface();
+    if (window)
+        window->installEventFilter(this);
     VxScriptError error;
     QString result;
     m_engine->setStoppable(true);
@@ -50,6 +54,8 @@ bool ConsoleRunner::run(const QString &program)
         hold.accept(entryText(program));
     }
     m_engine->setStoppable(false);
+    if (window)
+        window->removeEventFilter(this);
     m_isRunning = false;
     if (error.isNull())
         Q_EMIT succeeded(result);
@@ -57,6 +63,14 @@ bool ConsoleRunner::run(const QString &program)
         Q_EMIT failed(error);
     Q_EMIT finished();
     return true;
+}
+
+bool ConsoleRunner::eventFilter(QObject *watched, QEvent *event)
+{
+    // The window system hides a window that is minimized, too.
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        stop();
+    return QObject::eventFilter(watched, event);
 }
 
 void ConsoleRunner::stop()

@@ -26,6 +26,9 @@ public:
     /// The text of a program's entry in the history.
     static QString entryText(const QString &program);
 
+    /// Ends the program when the main window is closed.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     void started();
     /// Exactly one of these two, before finished(); result is empty when there is none.

@@ -80,9 +80,8 @@ QStringList scriptCompletions(const VxScriptEngine &engine, const ScriptWord &wo
         for (const char *keyword : Keywords)
             names.append(QLatin1String(keyword));
     }
-    const bool exact = word.prefix != word.prefix.toLower();
-    const auto fits = [&](const QString &name) {
-        return name.startsWith(word.prefix, exact ? Qt::CaseSensitive : Qt::CaseInsensitive);
+    const auto fits = [&word](const QString &name) {
+        return name.startsWith(word.prefix, Qt::CaseInsensitive);
     };
     names.erase(std::remove_if(names.begin(), names.end(),
                                [&fits](const QString &name) { return !fits(name); }),

@@ -18,7 +18,7 @@ struct ScriptWord
 };
 
 /// What the word can become, sorted: members of its owner, or global names and the language's own
-/// words. Capital letters count only where the prefix has some.
+/// words. Capital letters in the prefix make no difference.
 QStringList scriptCompletions(const VxScriptEngine &engine, const ScriptWord &word);
 
 #endif
