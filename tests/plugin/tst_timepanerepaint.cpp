@@ -45,7 +45,12 @@ private:
             .toImage()
             .convertToFormat(QImage::Format_RGB32);
     }
-    QImage painted() const { return pane->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    // Given its graph anew, the key graph forgets all that it has kept.
+    QImage painted() const
+    {
+        m_graph->setKeyGraph(m_graph->getKeyGraph());
+        return pane->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
     static void settle()
     {
         for (int i = 0; i < 4; ++i)
