@@ -62,6 +62,8 @@ private:
 
     int any(int low, int high) { return std::uniform_int_distribution<>(low, high)(m_random); }
     QModelIndex anyRow();
+    // A selected one, whose curve the key graph shows, as often as any other.
+    QModelIndex anyRowOfKeys();
     VxFloatProperty *anyProperty();
     QString step();
     QString stepOfScene();
@@ -159,6 +161,12 @@ QModelIndex TestTimePaneRepaint::anyRow()
     return row;
 }
 
+QModelIndex TestTimePaneRepaint::anyRowOfKeys()
+{
+    const QModelIndexList rows = m_sheet->selectionModel()->selectedRows();
+    return rows.isEmpty() || any(0, 1) ? anyRow() : rows.at(any(0, rows.size() - 1));
+}
+
 VxFloatProperty *TestTimePaneRepaint::anyProperty()
 {
     VxNode *node = m_nodes.at(any(0, m_nodes.size() - 1));
@@ -199,7 +207,7 @@ QString TestTimePaneRepaint::stepOfRows()
         m_sheet->setExpanded(anyRow(), any(0, 2) > 0);
         return QStringLiteral("row opened or closed");
     case 1:
-        m_sheet->setKeySelection(any(0, 2) > 0, anyRow(), QModelIndex(), 160 * any(0, 30),
+        m_sheet->setKeySelection(any(0, 2) > 0, anyRowOfKeys(), QModelIndex(), 160 * any(0, 30),
                                  160 * any(30, 70));
         return QStringLiteral("keys selected");
     case 2:
@@ -285,6 +293,13 @@ void TestTimePaneRepaint::randomSteps()
                                             : VxStyle::ColorScheme::Dark);
     pane->setKeyGraphOpen(true);
     m_sheet->expandAll();
+    for (QModelIndex row = m_sheet->model()->index(0, 0); row.isValid();
+         row = m_sheet->indexBelow(row)) {
+        if (m_sheet->getItem(row)->property() == m_nodes.first()->getYPosControl())
+            m_sheet->selectionModel()->select(row, QItemSelectionModel::Select |
+                                                       QItemSelectionModel::Rows);
+    }
+    m_graph->frameKeys();
     settle();
     for (int i = 0; i < count; ++i) {
         const QString done = step();
