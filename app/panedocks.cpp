@@ -9,7 +9,7 @@
 namespace {
 
 /// Where a pane stands at first, how wide (at a side) or high (at the bottom), in pixels, and
-/// behind which other one's tab.
+/// behind which other one's tab. A large window gives it a share of its own size instead.
 struct Place
 {
     const char *paneClass;
@@ -34,6 +34,13 @@ const Place &placeOf(const PaneDock *dock)
             return place;
     }
     return OtherPlace;
+}
+
+int firstExtent(const Place &place, const QSize &window)
+{
+    const bool isBottom = place.area == Qt::BottomDockWidgetArea;
+    const int share = isBottom ? window.height() * 2 / 5 : window.width() / 8;
+    return qMax(place.extent, share);
 }
 
 } // namespace
@@ -79,7 +86,8 @@ void PaneDocks::applyDefaultLayout()
         const Place &place = placeOf(dock);
         const bool isBottom = place.area == Qt::BottomDockWidgetArea;
         if (!place.behind)
-            m_window->resizeDocks({dock}, {place.extent}, isBottom ? Qt::Vertical : Qt::Horizontal);
+            m_window->resizeDocks({dock}, {firstExtent(place, m_window->size())},
+                                  isBottom ? Qt::Vertical : Qt::Horizontal);
     }
 }
 

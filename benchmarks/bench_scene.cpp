@@ -11,6 +11,8 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <testing/vxscenebuilder.h>
@@ -45,6 +47,14 @@ QVector<VxFloatProperty *> keyedChannels(const VxScene &scene)
         }
     }
     return channels;
+}
+
+qint64 keyCount(Size size)
+{
+    qint64 keys = 0;
+    for (const VxFloatProperty *channel : keyedChannels(scene(size)))
+        keys += channel->getNumKeys();
+    return keys;
 }
 
 QByteArray sceneBytes(const VxScene &scene)
@@ -148,8 +158,45 @@ void openScene(benchmark::State &state, Size size)
 void saveScene(benchmark::State &state, Size size)
 {
     const VxScene &measured = scene(size);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(sceneBytes(measured).size());
+    int bytes = 0;
+    for (auto _ : state) {
+        bytes = sceneBytes(measured).size();
+        benchmark::DoNotOptimize(bytes);
+    }
+    state.counters["file_bytes"] = bytes;
+    state.counters["bytes_per_key"] = double(bytes) / double(keyCount(size));
+}
+
+/// As the program does it: into a file that takes the former one's place when it is complete, and
+/// out of one.
+void saveFile(benchmark::State &state, Size size)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("scene.vxscene"));
+    const VxScene &measured = scene(size);
+    VxFileError error;
+    for (auto _ : state) {
+        if (!VxSceneWriter(&measured).writeFile(name, &error))
+            state.SkipWithError(qPrintable(error.text()));
+    }
+    state.counters["file_bytes"] = double(QFileInfo(name).size());
+}
+
+void openFile(benchmark::State &state, Size size)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("scene.vxscene"));
+    VxFileError error;
+    if (!VxSceneWriter(&scene(size)).writeFile(name, &error))
+        state.SkipWithError(qPrintable(error.text()));
+    for (auto _ : state) {
+        VxScene target;
+        VxSceneContents contents;
+        if (!VxSceneReader().readFile(name, &contents, &error))
+            state.SkipWithError(qPrintable(error.text()));
+        VxSceneReader::install(std::move(contents), &target);
+        benchmark::DoNotOptimize(target.getNumNodes());
+    }
 }
 
 /// The floor of opening and saving: the file's bytes copied once.
@@ -189,9 +236,13 @@ BENCHMARK_CAPTURE(evaluateFloor, M, Size::M)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(evaluateFrame, W, Size::W)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(openScene, S, Size::S)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(saveScene, S, Size::S)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openFile, S, Size::S)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(saveFile, S, Size::S)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(copyFloor, S, Size::S)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(openScene, M, Size::M)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(saveScene, M, Size::M)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openFile, M, Size::M)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(saveFile, M, Size::M)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(copyFloor, M, Size::M)->Unit(benchmark::kMillisecond);
 BENCHMARK(openMotion)->Unit(benchmark::kMillisecond);
 

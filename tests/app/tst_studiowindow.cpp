@@ -70,6 +70,7 @@ private Q_SLOTS:
 
     void everyPaneHasADock();
     void defaultLayout();
+    void defaultLayoutOfALargeWindow();
     void menus();
     void dockTogglesAndPaneActions();
     void optionsMenu();
@@ -194,6 +195,23 @@ void tst_StudioWindow::defaultLayout()
     QVERIFY(tree->geometry().right() < middle.x());
     QVERIFY(parameters->x() > middle.x());
     QVERIFY(time->y() > middle.y());
+}
+
+void tst_StudioWindow::defaultLayoutOfALargeWindow()
+{
+    m_studio.reset();
+    QVERIFY(QFile::remove(m_dir->filePath("settings.ini"))); // the first start of all
+    start({"--size", "2560x1440"});
+    QCOMPARE(window()->size(), QSize(2560, 1440));
+    const auto dock = [this](const char *name) {
+        return window()->docks()->find(QLatin1String(name));
+    };
+    // Two fifths, of which the tabs below take some.
+    const auto height = [&] { return dock("VxTimePane")->height(); };
+    QTRY_VERIFY2(height() > 530 && height() < 590, qPrintable(QString::number(height())));
+    QVERIFY(std::abs(dock("VxScenePane")->width() - 320) < 20);
+    QVERIFY(std::abs(dock("VxParametersPane")->width() - 320) < 20);
+    QVERIFY(window()->viewport()->height() > 700);
 }
 
 void tst_StudioWindow::menus()

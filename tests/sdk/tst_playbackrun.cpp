@@ -18,14 +18,20 @@ struct Shown
     qint64 at;
 };
 
-/// How far behind the clock a frame came, in frames: 0 when it is shown the moment it is due.
-double framesLate(const Shown &shown, VxTime step, VxTime lap)
+/// How far behind the clock each frame came, in frames: 0 when it is shown the moment it is due.
+std::vector<double> framesLate(const QVector<Shown> &shown, VxTime step, VxTime lap)
 {
-    const long double run = static_cast<long double>(shown.at) * VxTicksPerSecond / Second;
-    long double late = std::fmod(run, static_cast<long double>(lap)) - shown.time;
-    if (late < -lap / 2.0L) // shown just before the turn, read just after it
-        late += lap;
-    return double(late / step);
+    std::vector<double> late;
+    qint64 laps = 0;
+    VxTime before = 0;
+    for (const Shown &each : shown) {
+        laps += each.time < before;
+        before = each.time;
+        const long double due = static_cast<long double>(laps) * lap + each.time;
+        const long double run = static_cast<long double>(each.at) * VxTicksPerSecond / Second;
+        late.push_back(double((run - due) / step));
+    }
+    return late;
 }
 
 double median(std::vector<double> values)
@@ -104,15 +110,11 @@ void TestPlaybackRun::keepsTheClocksTime()
     const QVector<Shown> shown = play(fps, dropFrames, lastFrame);
     QVERIFY(shown.size() > fps);
 
-    std::vector<double> late;
+    const std::vector<double> late = framesLate(shown, step, (lastFrame + 1) * step);
     int skipped = 0;
-    double stops = 0; // frames' time that was lost at once
     for (int i = 0; i < shown.size(); ++i) {
-        late.push_back(framesLate(shown.at(i), step, (lastFrame + 1) * step));
         QCOMPARE(shown.at(i).time % step, 0);
-        QVERIFY2(late.back() >= 0, "shown before its time");
-        if (i > 0 && late.back() - late.at(size_t(i - 1)) > 1)
-            stops += late.back() - late.at(size_t(i - 1));
+        QVERIFY2(late.at(size_t(i)) >= 0, "shown before its time");
         const VxTime before = i > 0 ? shown.at(i - 1).time : 0;
         skipped += shown.at(i).time != (before / step + 1) % (lastFrame + 1) * step;
     }
@@ -121,20 +123,20 @@ void TestPlaybackRun::keepsTheClocksTime()
     const double last = median({late.end() - tenth, late.end()});
     const auto overdue = std::count_if(late.begin(), late.end(), [](double f) { return f > 1; });
     std::printf("%s: %d frames in %.1f s, %d skipped, %d over one frame late, median lateness at "
-                "first %.4f and at last %.4f frames, worst %.4f, %.4f frames lost in stops\n",
+                "first %.4f and at last %.4f frames, worst %.4f\n",
                 QTest::currentDataTag(), shown.size(), double(shown.last().at) / 1e9, skipped,
-                int(overdue), first, last, *std::max_element(late.begin(), late.end()), stops);
+                int(overdue), first, last, *std::max_element(late.begin(), late.end()));
 
-    if (dropFrames) {
+    if (!dropFrames)
+        QCOMPARE(skipped, 0);
+    // Without dropping, time that a busy machine takes is not made up for by rushing: only a run in
+    // which every frame came in time can tell of a drift.
+    if (dropFrames || overdue == 0) {
         QVERIFY2(last < 1, qPrintable(QString::number(last)));
         QVERIFY2(qAbs(last - first) < 1, qPrintable(QString::number(last - first)));
-        QVERIFY2(overdue * 10 < int(late.size()), qPrintable(QString::number(overdue)));
-    } else {
-        // What a stop of the whole machine costs is not made up for by rushing, but it is all
-        // that is lost.
-        QCOMPARE(skipped, 0);
-        QVERIFY2(last - first < stops + 1, qPrintable(QString::number(last - first - stops)));
     }
+    if (dropFrames)
+        QVERIFY2(overdue * 10 < int(late.size()), qPrintable(QString::number(overdue)));
 }
 
 int main(int argc, char **argv)
