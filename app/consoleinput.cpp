@@ -54,6 +54,8 @@ QSize ConsoleInput::minimumSizeHint() const
 
 void ConsoleInput::updateHeight()
 {
+    const bool fits = document()->blockCount() <= MostLines;
+    setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     setFixedHeight(sizeHint().height());
 }
 

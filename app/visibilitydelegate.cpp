@@ -36,7 +36,11 @@ void VisibilityDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     eye.moveCenter(option.rect.center());
     const bool open = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     const QIcon icon = vxApp->getStyle()->icon(VxStyle::SP_VxVisible);
-    icon.paint(painter, eye, Qt::AlignCenter, open ? QIcon::Normal : QIcon::Disabled);
+    const bool selected = option.state & QStyle::State_Selected;
+    icon.paint(painter, eye, Qt::AlignCenter,
+               !open      ? QIcon::Disabled
+               : selected ? QIcon::Selected
+                          : QIcon::Normal);
     if (open)
         return;
     painter->save();

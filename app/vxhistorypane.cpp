@@ -14,12 +14,18 @@
 namespace {
 
 constexpr int Margin = 6;
+constexpr int RowGap = 4; // between the lines of two states
 
 /// Writes a word behind the state that is saved.
 class StateDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RowGap);
+    }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override
@@ -29,14 +35,27 @@ public:
             return;
         const bool selected = option.state & QStyle::State_Selected;
         painter->save();
-        painter->setPen(option.palette.color(
-            QPalette::Disabled, selected ? QPalette::HighlightedText : QPalette::Text));
-        if (selected)
-            painter->setPen(option.palette.color(QPalette::HighlightedText));
+        painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
+                                 : option.palette.color(QPalette::Disabled, QPalette::Text));
         painter->drawText(option.rect.adjusted(0, 0, -Margin, 0), Qt::AlignRight | Qt::AlignVCenter,
-                          VxHistoryPane::tr("saved"));
+                          word());
         painter->restore();
     }
+
+protected:
+    /// The text leaves room for the word.
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!index.data(HistoryModel::CleanRole).toBool())
+            return;
+        const QFontMetrics &metrics = option->fontMetrics;
+        const int room = option->rect.width() - metrics.horizontalAdvance(word()) - 4 * Margin;
+        option->text = metrics.elidedText(option->text, Qt::ElideRight, qMax(0, room));
+    }
+
+private:
+    static QString word() { return VxHistoryPane::tr("saved"); }
 };
 
 } // namespace
