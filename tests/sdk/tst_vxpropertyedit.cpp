@@ -207,6 +207,7 @@ void TestPropertyEdit::putBack()
     QFETCH(bool, keyed);
     QFETCH(bool, keyHere);
     QFETCH(bool, animating);
+    x()->setPercentage(!keyed); // shown as another number than it is
     x()->setStoredValue(0.1f);
     if (keyed) {
         x()->setKey(0, 1.3f, 2, 0.5f, 0.25f, -0.5f);
