@@ -102,6 +102,15 @@ class TestEditingSession : public QObject, private StudioTest
 {
     Q_OBJECT
 
+public:
+    // A test function may not take longer than that, unless it is told to.
+    static void initMain()
+    {
+        const qint64 asked = qEnvironmentVariableIntValue("VX_SESSION_SECONDS");
+        if (asked > 0 && !qEnvironmentVariableIsSet("QTEST_FUNCTION_TIMEOUT"))
+            qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number((asked + 300) * 1000));
+    }
+
 private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }

@@ -6,6 +6,8 @@
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/dopesheet/selectedkeys.h"
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 
 using Times = QVector<VxTime>;
@@ -47,6 +49,8 @@ private Q_SLOTS:
     void deleteInBothRows();
     void deleteLeavesLockedKeys();
     void oneReportAProperty();
+    void dragOfBothRowsKeepsTheirSelections();
+    void dragGoesOnWithoutKeysThatVanish();
 
     void interpolation();
     void interpolationKeepsShapes();
@@ -275,6 +279,46 @@ void TestDopeSheetKeyCommands::oneReportAProperty()
     QCOMPARE(told.count(), 1);
 }
 
+// Each row has one of the keys selected; both move, and each row still shows its own.
+void TestDopeSheetKeyCommands::dragOfBothRowsKeepsTheirSelections()
+{
+    addKeys(x(), {5000});
+    select(x(), 1000, 1000);
+    select(alias, 2000, 2000);
+    SelectedKeysCollector collector;
+    collector.add(model->getItem(rowOfProperty(x())));
+    collector.add(model->getItem(rowOfProperty(alias)));
+    KeyDrag drag;
+    for (const SelectedKeys &keys : collector.keys())
+        drag.add(keys);
+    for (const qint64 offset : {500, 3500, -200}) {
+        QVERIFY(drag.moveTo(offset, VxKeyMoveRule::WaitBeside));
+        QCOMPARE(selected(rowOfProperty(x())), Times({VxTime(1000 + offset)}));
+        QCOMPARE(selected(rowOfProperty(alias)), Times({VxTime(2000 + offset)}));
+    }
+    QCOMPARE(keyTimes(x()), Times({800, 1800, 5000}));
+}
+
+// Others take a dragged key away and put another beside its place: that one is not dragged.
+void TestDopeSheetKeyCommands::dragGoesOnWithoutKeysThatVanish()
+{
+    addKeys(x(), {3000, 9000});
+    select(x(), 1000, 3001);
+    SelectedKeysCollector collector;
+    collector.add(model->getItem(rowOfProperty(x())));
+    KeyDrag drag;
+    drag.add(collector.keys().front());
+    QVERIFY(drag.moveTo(100, VxKeyMoveRule::WaitBeside));
+    QCOMPARE(keyTimes(x()), Times({1100, 2100, 3100, 9000}));
+    x()->deleteKeys(1, 1);
+    addKeys(x(), {2105});
+    QVERIFY(!drag.moveTo(200, VxKeyMoveRule::WaitBeside));
+    QCOMPARE(keyTimes(x()), Times({1200, 2105, 3200, 9000}));
+    QCOMPARE(selected(rowOfProperty(x())), Times({1200, 3200}));
+    QVERIFY(drag.moveTo(0, VxKeyMoveRule::WaitBeside));
+    QCOMPARE(keyTimes(x()), Times({1000, 2105, 3000, 9000}));
+}
+
 void TestDopeSheetKeyCommands::interpolation()
 {
     addKeys(x(), {3000});
@@ -364,6 +408,8 @@ void TestDopeSheetKeyCommands::tcbIsReadBack()
     QVERIFY(!view->getCommonTension(&value));
     view->setInterpType(VxKeyInterp::Tcb);
     QVERIFY(!view->getCommonTension(&value)); // the first key has none
+    view->setTCB(0.75f, 0.25f, 1.0f);
+    QVERIFY(view->getCommonBias(&value));
     view->deleteKeys();
     QVERIFY(!view->getCommonBias(&value));
 }

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void interpolationThatIsSoAlready();
     void fieldsShowWhatKeysHaveInCommon_data();
     void fieldsShowWhatKeysHaveInCommon();
+    void fieldsLeaveOutKeysBetween();
     void fieldsFollowTheInterpolation();
     void showingChangesNoKey();
     void typingATension();
@@ -271,6 +272,20 @@ void TestTimePaneKeyCommands::fieldsShowWhatKeysHaveInCommon()
     clickKey(x(), 0);
     QCOMPARE(shown(), first);
     QCOMPARE(undoTexts(), QStringList());
+}
+
+// A key that is not selected has no say, wherever it lies.
+void TestTimePaneKeyCommands::fieldsLeaveOutKeysBetween()
+{
+    x()->setKeyInterpolation(0, VxKeyInterp::Tcb, 0.5f, 0.5f, 0.5f);
+    x()->setKeyInterpolation(1, VxKeyInterp::Tcb, -1.0f, -1.0f, -1.0f);
+    x()->setKeyInterpolation(2, VxKeyInterp::Tcb, 0.5f, 0.5f, 0.5f);
+    clickKey(x(), 0);
+    clickKey(x(), 3200, Qt::ControlModifier);
+    QCOMPARE(tension()->value(), 0.5);
+    float common = 0;
+    QVERIFY(view()->getCommonTension(&common));
+    QCOMPARE(common, 0.5f);
 }
 
 void TestTimePaneKeyCommands::fieldsFollowTheInterpolation()
