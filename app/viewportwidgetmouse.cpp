@@ -107,6 +107,8 @@ void ViewportWidget::selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifie
         m_scene->selectAllNodes(false);
     if (node)
         node->select(!(modifiers & Qt::ControlModifier) || !node->isSelected());
+    // What the click has done is seen at once; the next move shows what lies under the mouse.
+    setHovered(nullptr);
 }
 
 void ViewportWidget::setHovered(VxNode *node)

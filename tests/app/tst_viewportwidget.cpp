@@ -247,7 +247,10 @@ void tst_ViewportWidget::theNodeUnderTheMouseIsShown()
     mouse.moveTo({5, 5});
     QVERIFY(!m_view->hoveredNode());
     QVERIFY(picture() == before);
-    mouse.moveTo(pixel({0, 2, 0}));
+    mouse.click(pixel({0, 2, 0}));
+    QVERIFY(!m_view->hoveredNode()); // so that the selection is seen
+    mouse.moveTo(pixel({0, 2, 0}) + QPoint(1, 0));
+    QCOMPARE(m_view->hoveredNode(), m_bone);
     vxScene->removeNode(m_bone); // nothing is left to point to
     QVERIFY(!m_view->hoveredNode());
     picture();
