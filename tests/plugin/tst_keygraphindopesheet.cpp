@@ -319,16 +319,15 @@ void TestKeyGraphInDopeSheet::rowsGoDuringADrag()
     else
         vxScene->clear();
     QCoreApplication::processEvents();
-    mouse.moveTo(start + QPoint(60, 0));
-    mouse.release(start + QPoint(60, 0));
+    mouse.moveTo(start + QPoint(3000, 0));
+    mouse.release(start + QPoint(3000, 0));
     pane->grab();
     if (what == QLatin1String("clear")) {
         QVERIFY(!pane->hasSelectedKeys());
         return;
     }
-    QCOMPARE(timesOfKeys().size(), before.size());
-    for (const int kept : {0, 3})
-        QCOMPARE(timesOfKeys().at(kept), before.at(kept));
+    // As far as the range goes, and no further.
+    QCOMPARE(timesOfKeys(), QVector<VxTime>({160 * 10, 160 * 30, 160 * 40, 160 * 60}));
     while (vxApp->getUndoStack()->canUndo())
         vxApp->getUndoStack()->undo();
     QCOMPARE(timesOfKeys(), before);

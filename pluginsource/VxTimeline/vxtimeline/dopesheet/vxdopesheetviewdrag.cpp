@@ -28,13 +28,14 @@ void VxDopeSheetView::Private::prepareDrag()
     pace.begin(clock.elapsed());
 }
 
+// The keys that are being dragged count, whatever becomes of their rows and of the selection.
 VxTime VxDopeSheetView::Private::dragOffset() const
 {
     const bool snaps = !pressModifiers.testFlag(Qt::ControlModifier);
     const qint64 offset =
         KeyDragMath::rawOffset(dragScale(), pressPoint.x(), currentPoint.x(), hitTime, snaps);
     return KeyDragMath::limitedOffset(
-        offset, {earliestSelected, latestSelected, DopeSheetClock::ofScene().duration});
+        offset, {drag->earliest(), drag->latest(), DopeSheetClock::ofScene().duration});
 }
 
 // Shows the keys where they would land now, if it is time for that.
@@ -60,8 +61,8 @@ void VxDopeSheetView::Private::dropKeys()
         dragHold = std::make_unique<VxUndoStackHold>();
     drag->moveTo(offset, VxKeyMoveRule::Replace);
     drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
-    earliestSelected += offset;
-    latestSelected += offset;
+    earliestSelected = drag->earliest() + offset;
+    latestSelected = drag->latest() + offset;
     dragHold->accept(tr("Move Keys"));
     dragHold.reset();
     drag.reset();
