@@ -237,8 +237,8 @@ void TestDopeSheetDelegates::likeALoop()
         const QImage painted = paint(index);
         const QImage expected = loop(index, false);
         if (painted != expected) {
-            painted.save(QStringLiteral("painted.png"));
-            expected.save(QStringLiteral("expected.png"));
+            painted.save(QDir::temp().filePath(QStringLiteral("dopesheet-painted.png")));
+            expected.save(QDir::temp().filePath(QStringLiteral("dopesheet-expected.png")));
             QFAIL(qPrintable(QStringLiteral("round %1").arg(round)));
         }
     }

@@ -185,6 +185,10 @@ void TestTimePaneKeySource::clearedScene()
     vxScene->clear();
     QVERIFY(isEverything());
     QCOMPARE(header->getKeySource()->keyCount(), 0);
+    // With nothing selected nothing else tells that the rows are other ones.
+    addNode("again");
+    vxScene->clear();
+    QVERIFY(isEverything());
 }
 
 void TestTimePaneKeySource::hiddenPane()
