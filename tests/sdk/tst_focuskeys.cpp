@@ -104,6 +104,7 @@ private Q_SLOTS:
     void sliderSlides();
     void clickedButtonLeavesTheSpaceBar();
     void tabbedButtonKeepsTheSpaceBar();
+    void focusThatComesBackIsAsItWas();
     void nothingSpecialHasTheFocus();
     void nearestOfTwoCommands();
     void disabledNearCommand();
@@ -366,6 +367,26 @@ void TestFocusKeys::tabbedButtonKeepsTheSpaceBar()
     type(Qt::Key_Space);
     QVERIFY(box->isChecked());
     QCOMPARE(space->runs, 0);
+}
+
+// From a menu or another window: who was tabbed to still is, who was clicked was not.
+void TestFocusKeys::focusThatComesBackIsAsItWas()
+{
+    const CountingAction *space = addShortcut(QKeySequence(Qt::Key_Space));
+    auto *box = addFocused<QCheckBox>();
+    for (const Qt::FocusReason back : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+        for (const bool tabbed : {true, false}) {
+            const int runs = space->runs;
+            const bool checked = box->isChecked();
+            QFocusEvent first(QEvent::FocusIn, tabbed ? Qt::TabFocusReason : Qt::MouseFocusReason);
+            QCoreApplication::sendEvent(box, &first);
+            QFocusEvent again(QEvent::FocusIn, back);
+            QCoreApplication::sendEvent(box, &again);
+            type(Qt::Key_Space);
+            QCOMPARE(box->isChecked(), checked != tabbed);
+            QCOMPARE(space->runs, runs + (tabbed ? 0 : 1));
+        }
+    }
 }
 
 void TestFocusKeys::nothingSpecialHasTheFocus()
