@@ -97,9 +97,6 @@ ShortcutList ShortcutCatalogue::collect(const QMenuBar &menuBar, const VxActionM
 void ShortcutCatalogue::apply(const ShortcutList &list, VxActionMgr *actions)
 {
     const QHash<QString, QKeySequence> changes = list.changes();
-    // All free first: commands may have changed places.
-    for (auto change = changes.begin(); change != changes.end(); ++change)
-        actions->setShortcut(change.key(), QKeySequence());
     for (auto change = changes.begin(); change != changes.end(); ++change)
         actions->setShortcut(change.key(), change.value());
 }

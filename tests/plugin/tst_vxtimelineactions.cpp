@@ -64,6 +64,7 @@ private Q_SLOTS:
     void uncheckedChoiceOfTheCurrentValue();
     void keyScopes();
     void propertyTypeFlags();
+    void propertyTypeOfAnActionOfItsOwn();
     void keyGraphFollowsThePane();
     void monitorParametersPaneFollowsThePane();
     void playAllFramesFollowsThePane();
@@ -463,6 +464,21 @@ void TestVxTimelineActions::propertyTypeFlags()
     }
     QCOMPARE(all, 0x3f);
     QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), all);
+}
+
+// One that a script makes: its own check mark does not count for the pane, what it sets does.
+void TestVxTimelineActions::propertyTypeOfAnActionOfItsOwn()
+{
+    const Stage stage;
+    stage.pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropOther);
+    const std::unique_ptr<VxAction> own = createAction("VxTimePaneSetPropertyTypeOtherAction");
+    setCheckedSilently(own.get(), true);
+    own->trigger();
+    QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), 0x1);
+    QVERIFY(!stage.action("VxTimePaneSetPropertyTypeOtherAction")->isChecked());
+    own->trigger();
+    QCOMPARE(int(stage.pane->getFilteredPropertyTypes()), 0x9);
+    QVERIFY(stage.action("VxTimePaneSetPropertyTypeOtherAction")->isChecked());
 }
 
 void TestVxTimelineActions::keyGraphFollowsThePane()
