@@ -195,6 +195,9 @@ void tst_SceneEdits::moving_data()
     QTest::newRow("two of one parent") << "e b"
                                        << "a" << 2 << "a(d b(c) e) f g"
                                        << "Reorder 2 Nodes";
+    QTest::newRow("two of one parent to its end") << "b d"
+                                                  << "a" << -1 << "a(e b(c) d) f g"
+                                                  << "Reorder 2 Nodes";
     QTest::newRow("from several places") << "g c e"
                                          << "a" << 1 << "a(b c e g d) f"
                                          << "Reparent 3 Nodes";
