@@ -150,6 +150,9 @@ void tst_ShortcutDialog::listsEveryCommand()
         for (int i = 0; i < m_dialog->list().count(); ++i) {
             const ShortcutCommand &command = m_dialog->list().at(i);
             QVERIFY(!command.text.isEmpty() && !command.group.isEmpty());
+            // Two commands with one key would leave both dead.
+            const int other = m_dialog->list().holderOf(command.current, i);
+            QVERIFY2(other < 0, qPrintable(command.text));
             if (command.isFixed())
                 continue;
             QVERIFY2(!listed.contains(command.className), qPrintable(command.className));
