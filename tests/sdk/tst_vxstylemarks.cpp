@@ -282,6 +282,13 @@ void tst_VxStyleMarks::rangeHandlesTellSideAndHover()
     QVERIFY(differingPixels(blackAndWhite(start.copy(rect)),
                             blackAndWhite(end.copy(rect).mirrored(true, false))) <= 4);
     QVERIFY(rect.contains(extent(start)));
+    // Its edge stands out from what lies around and within it.
+    const int middle = rect.center().y();
+    const int edge = start.pixelColor(rect.left(), middle).lightness();
+    const int inside = start.pixelColor(rect.left() + 2, middle).lightness();
+    const int around = style.standardPalette().color(QPalette::Dark).lightness();
+    QVERIFY(qAbs(edge - inside) > 30);
+    QVERIFY(qAbs(edge - around) > 20);
 }
 
 void tst_VxStyleMarks::rulerTicksDiffer()

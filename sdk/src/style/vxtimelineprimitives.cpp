@@ -172,8 +172,11 @@ void VxTimelinePrimitives::drawRangeHandle(const QStyleOption *option, QPainter 
     const QColor ink = palette.color(hovered ? QPalette::HighlightedText : QPalette::ButtonText);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    QPainterPath body;
-    body.addRoundedRect(box, 2, 2);
+    // The slider's own ground may be as light as the handle.
+    QPainterPath edge, body;
+    edge.addRoundedRect(box, 2, 2);
+    body.addRoundedRect(box.adjusted(1, 1, -1, -1), 1, 1);
+    painter->fillPath(edge, VxColors::mix(ground, ink, 0.45));
     painter->fillPath(body, ground);
     const bool start = valueOf(option, VxStyle::RangeStartHandle) != VxStyle::RangeEndHandle;
     painter->fillPath(handleArrow(box, start), ink);
