@@ -20,6 +20,13 @@ QString plainText(QString text)
     return text;
 }
 
+/// A command of one widget shares its key with one of the window: who has the focus decides.
+bool isLocal(const QAction *entry)
+{
+    return entry->shortcutContext() == Qt::WidgetShortcut ||
+           entry->shortcutContext() == Qt::WidgetWithChildrenShortcut;
+}
+
 class Collector
 {
 public:
@@ -65,6 +72,8 @@ void Collector::addEntry(const QAction *entry, const QString &group)
         addAction(action, group);
         return;
     }
+    if (isLocal(entry))
+        return;
     for (const QKeySequence &shortcut : entry->shortcuts())
         m_list.add({QString(), group, plainText(entry->text()), QString(), shortcut, shortcut});
 }

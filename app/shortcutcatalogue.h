@@ -11,7 +11,7 @@ namespace ShortcutCatalogue {
 
 /// Every command of the menu bar, in its order, and behind them those of the action manager that
 /// stand in no menu. An entry that is no action of the manager is listed only when it has a
-/// shortcut, because that shortcut is taken, and cannot be changed.
+/// shortcut of the whole window, because that shortcut is taken, and cannot be changed.
 ShortcutList collect(const QMenuBar &menuBar, const VxActionMgr &actions);
 
 /// Gives the actions what was changed in the list.

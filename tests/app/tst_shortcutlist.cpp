@@ -196,6 +196,9 @@ void tst_ShortcutList::collectsMenus()
     QMenu *file = bar.addMenu("&File");
     file->addAction("&Save")->setShortcut(keys("Ctrl+S"));
     file->addAction("Without a shortcut");
+    QAction *local = file->addAction("Of one widget");
+    local->setShortcut(keys("Ctrl+1"));
+    local->setShortcutContext(Qt::WidgetShortcut);
     QMenu *animation = bar.addMenu("Animation");
     QMenu *inner = animation->addMenu("More && Better");
     inner->addAction(second);
