@@ -419,6 +419,15 @@ void measureDrops(Table &table, Sheet &sheet, Edit &edit, const Loops &loops)
         hand.moveTo(from + QPoint(30, 0));
     };
     const auto release = [&] { hand.release(from + QPoint(60, 0)); };
+    table.measure(
+        "press on all", loops.times, 0,
+        [&] {
+            sheet.deselect();
+            sheet.selectAll();
+            sheet.settle();
+        },
+        press);
+    hand.release(from);
     edit.measure(
         "drop of all", loops.copies, 100,
         [&] {
