@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QToolTip>
 #include <QTreeView>
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void fieldsKeepTheirKeys();
     void searchFieldKeepsItsKeys();
     void sceneTreeKeepsItsArrows();
+    void oneKeyOfTwoCommands();
     void toolTipsNameTheShortcut();
 };
 
@@ -183,6 +185,25 @@ void tst_TimeKeys::sceneTreeKeepsItsArrows()
     type(Qt::Key_Space);
     QVERIFY(vxScene->isPlaying());
     type(Qt::Key_Space);
+}
+
+// F frames what the focus is in: the viewport has a command of its own under it.
+void tst_TimeKeys::oneKeyOfTwoCommands()
+{
+    QAction *selection = entry("View", "Frame Selection");
+    QVERIFY(selection &&
+            selection->shortcut() == action("VxTimePaneFrameGraphKeysAction")->shortcut());
+    vxScene->setPrimarySelection(vxScene->getNodes().constFirst());
+    QSignalSpy inViewport(selection, &QAction::triggered);
+    QSignalSpy inGraph(action("VxTimePaneFrameGraphKeysAction"), &QAction::triggered);
+    window()->viewport()->setFocus(Qt::MouseFocusReason);
+    type(Qt::Key_F);
+    QCOMPARE(inViewport.size(), 1);
+    QCOMPARE(inGraph.size(), 0);
+    inTimePane<QWidget>("TimelineDopeSheetTView")->setFocus(Qt::MouseFocusReason);
+    type(Qt::Key_F);
+    QCOMPARE(inViewport.size(), 1);
+    QCOMPARE(inGraph.size(), 1);
 }
 
 void tst_TimeKeys::toolTipsNameTheShortcut()
