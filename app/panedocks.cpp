@@ -75,13 +75,20 @@ PaneDock *PaneDocks::find(const QString &paneClassName) const
 
 void PaneDocks::applyDefaultLayout()
 {
+    // All are taken out first: panes that share a place must at no time stand side by side, where
+    // they would make the window wider for good.
+    for (PaneDock *dock : docks())
+        m_window->removeDockWidget(dock);
     for (PaneDock *dock : docks()) {
-        const Place &place = placeOf(dock);
-        m_window->addDockWidget(place.area, dock);
+        if (!frontOf(dock))
+            m_window->addDockWidget(placeOf(dock).area, dock);
+    }
+    tabifyDocks();
+    for (PaneDock *dock : docks()) {
         dock->setFloating(false);
         dock->show();
     }
-    tabifyDocks();
+    raiseFronts();
     for (PaneDock *dock : docks()) {
         const Place &place = placeOf(dock);
         const bool isBottom = place.area == Qt::BottomDockWidgetArea;
@@ -91,16 +98,26 @@ void PaneDocks::applyDefaultLayout()
     }
 }
 
-/** Panes with a place of their own are in front afterwards. */
+/** The dock behind whose tab another one stands at first; null for a place of its own. */
+PaneDock *PaneDocks::frontOf(const PaneDock *dock) const
+{
+    const char *behind = placeOf(dock).behind;
+    return behind ? find(QLatin1String(behind)) : nullptr;
+}
+
 void PaneDocks::tabifyDocks()
 {
     for (PaneDock *dock : docks()) {
-        const char *behind = placeOf(dock).behind;
-        PaneDock *front = behind ? find(QLatin1String(behind)) : nullptr;
-        if (!front)
-            continue;
-        m_window->tabifyDockWidget(front, dock);
-        front->raise();
+        if (PaneDock *front = frontOf(dock))
+            m_window->tabifyDockWidget(front, dock);
+    }
+}
+
+void PaneDocks::raiseFronts()
+{
+    for (PaneDock *dock : docks()) {
+        if (PaneDock *front = frontOf(dock))
+            front->raise();
     }
 }
 
@@ -110,6 +127,9 @@ void PaneDocks::addPane(VxPane *pane)
     // A pane that comes late goes where it stood before, when the window remembers it.
     if (!m_window->restoreDockWidget(dock))
         m_window->addDockWidget(placeOf(dock).area, dock);
+    // Before the window is seen nobody has arranged anything yet.
+    if (!m_window->isVisible())
+        tabifyDocks();
     Q_EMIT dockAdded(dock);
 }
 

@@ -31,7 +31,9 @@ Q_SIGNALS:
 private:
     void addPane(VxPane *pane);
     void showPane(VxPane *pane);
+    PaneDock *frontOf(const PaneDock *dock) const;
     void tabifyDocks();
+    void raiseFronts();
 
     QMainWindow *const m_window;
 };

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void everyPaneHasADock();
     void defaultLayout();
     void defaultLayoutOfALargeWindow();
+    void panesOfOnePlaceNeverStandSideBySide();
     void menus();
     void dockTogglesAndPaneActions();
     void optionsMenu();
@@ -212,6 +213,28 @@ void tst_StudioWindow::defaultLayoutOfALargeWindow()
     QVERIFY(std::abs(dock("VxScenePane")->width() - 320) < 20);
     QVERIFY(std::abs(dock("VxParametersPane")->width() - 320) < 20);
     QVERIFY(window()->viewport()->height() > 700);
+}
+
+/// Two of them beside each other would make a first window wider than it should be, for good.
+void tst_StudioWindow::panesOfOnePlaceNeverStandSideBySide()
+{
+    m_studio.reset();
+    QVERIFY(QFile::remove(m_dir->filePath("settings.ini")));
+    m_studio.reset(
+        new Studio(CommandLine::parse({"vxstudio", "--settings", m_dir->filePath("settings.ini"),
+                                       "--plugin-path", VX_PLUGIN_DIR})));
+    PaneDock *time = window()->docks()->find("VxTimePane");
+    PaneDock *console = window()->docks()->find("VxConsolePane");
+    QVERIFY(window()->tabifiedDockWidgets(time).contains(console)); // before it is shown
+    window()->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+    QCOMPARE(window()->size(), QSize(1280, 800));
+    window()->applyDefaultLayout();
+    QCoreApplication::processEvents();
+    QVERIFY(window()->tabifiedDockWidgets(time).contains(console));
+    QVERIFY(!time->visibleRegion().isEmpty());
+    QVERIFY(console->visibleRegion().isEmpty());
+    QCOMPARE(window()->size(), QSize(1280, 800));
 }
 
 void tst_StudioWindow::menus()
