@@ -24,6 +24,8 @@ private Q_SLOTS:
     void keyMarksStaySharpBetweenDevicePixels();
     void keyMarksInEmptyRectanglesDrawNothing();
     void keyMarksInHighRectanglesStandAtTheBottom();
+    void crowdedKeyMarksStayBright_data() { addSchemesAndRatios(); }
+    void crowdedKeyMarksStayBright();
     void timeOnlyMarksAreLow();
     void linesInRowsCanBeSeen();
     void keyMarksWithAViewsStateKeepTheirShape();
@@ -224,6 +226,38 @@ void tst_VxStyleMarks::keyMarksInHighRectanglesStandAtTheBottom()
 }
 
 // In a ruler: a slim band that leaves the numbers above it free.
+// Keys on every pixel, as baked motion has them: the bar they make shows whether they are selected,
+// and is no part of the ground.
+void tst_VxStyleMarks::crowdedKeyMarksStayBright()
+{
+    QFETCH(Scheme, scheme);
+    QFETCH(qreal, ratio);
+    const VxStyle style(scheme);
+    VxStyleOptionCustom option;
+    option.palette = style.standardPalette();
+    const QColor ground = option.palette.color(QPalette::Base);
+    for (const NamedState &type : keyTypes) {
+        if (type.state == QStyle::State_None)
+            continue; // marks without an outline
+        QVector<QColor> bars;
+        for (const QStyle::State extra : {QStyle::State_None, QStyle::State_Selected}) {
+            QImage image((QSizeF(60, 20) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(ratio);
+            image.fill(ground);
+            QPainter painter(&image);
+            option.state = QStyle::State_Enabled | type.state | extra;
+            for (int x = 0; x <= 48; ++x) {
+                option.rect = QRect(x, 5, 10, 10);
+                style.drawPrimitive(element(VxStyle::PE_VxKeyMark), &option, &painter);
+            }
+            painter.end();
+            bars.append(image.pixelColor((QPointF(30, 10.5) * ratio).toPoint()));
+        }
+        QVERIFY2(std::abs(qGray(bars.at(0).rgb()) - qGray(ground.rgb())) > 60, type.name);
+        QVERIFY2(std::abs(bars.at(1).hsvSaturation() - bars.at(0).hsvSaturation()) > 60, type.name);
+    }
+}
+
 void tst_VxStyleMarks::timeOnlyMarksAreLow()
 {
     const VxStyle style;

@@ -11,9 +11,12 @@
 
 namespace {
 
+// shade is the outline's on the left side. Where keys stand closer than a mark is wide, each mark
+// covers all but the left side of the one before: what is left of them has to look like keys, and
+// selected ones like selected keys, and not like one dark bar.
 struct MarkColors
 {
-    QColor fill, outline;
+    QColor fill, outline, shade;
 };
 
 MarkColors colorsOf(const VxKeyMarkLook &look)
@@ -29,6 +32,7 @@ MarkColors colorsOf(const VxKeyMarkLook &look)
         colors.fill = VxColors::mix(colors.fill, ground, 0.55);
         colors.outline = VxColors::mix(colors.outline, ground, 0.45);
     }
+    colors.shade = VxColors::mix(colors.outline, colors.fill, 0.85);
     return colors;
 }
 
@@ -159,7 +163,11 @@ QPixmap vxRenderKeyMark(const VxKeyMarkLook &look, const QSize &size, qreal devi
 
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(shapePath(look, box, unit, 0), colors.outline);
+    const QPainterPath outline = shapePath(look, box, unit, 0);
+    painter.fillPath(outline, colors.outline);
+    painter.setClipRect(QRectF(0, 0, QRectF(box).center().x(), pixmap.height()));
+    painter.fillPath(outline, colors.shade);
+    painter.setClipping(false);
     painter.fillPath(shapePath(look, box, unit, unit), colors.fill);
     painter.end();
     pixmap.setDevicePixelRatio(devicePixelRatio);
