@@ -120,7 +120,8 @@ void VxKeyGraphView::Private::resize(const QSize &size)
     halfHeight = height * 0.5;
     scale.originX = 0.0;
     scale.originY = halfHeight;
-    if (centeringResizes() > 0 && size.width() > 0) {
+    const bool centres = centeringResizes() > 0 && size.width() > 0;
+    if (centres) {
         --centeringResizes();
         // In the middle of the widget the range keeps clear of the wider part on both sides.
         const int sides = qMax(leftBackgroundWidth, rightBackgroundWidth);
@@ -129,8 +130,9 @@ void VxKeyGraphView::Private::resize(const QSize &size)
         const VxTimeRange range = vxScene->getAnimRange();
         scale.centerTimes(range.getDuration(), width);
     }
-    // The first view that is seen is fitted to the size that the widget has then.
-    if (!wasPainted)
+    // The first view that is seen is fitted to the size that the widget has then. What was centred
+    // after that, by a window that opens in steps, is fitted again where it would jump.
+    if (!wasPainted || centres)
         timesFitted = false;
     placeButtons();
     repaint();
