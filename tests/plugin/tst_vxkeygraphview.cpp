@@ -422,17 +422,27 @@ void TestKeyGraphView::buttonsFollowThePixelRatio()
             return VxKeyGraphView::metric(metric);
         }
     };
+    RecordingStyle style;
     ScaledView scaled;
+    scaled.setStyle(&style);
     scaled.setKeyGraph(graph.get());
     scaled.resize(400, 200);
+    scaled.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&scaled));
+    graph->handleDopesheetPropertyListChanged({makeKeys(x(), "abc")}, false);
     const auto *button = scaled.findChild<VxMouseButton *>(QStringLiteral("KeyGraphPanBtn"));
     scaled.grab();
     QCOMPARE(button->normalPixmap().devicePixelRatioF(), 1.0);
     const QSize size = button->size();
+    style.marks.clear();
+    scaled.grab();
+    QCOMPARE(style.marks.size(), 0);
     scaled.ratio = 2.0;
     scaled.grab();
+    QCOMPARE(style.marks.size(), 3);
     QCOMPARE(button->normalPixmap().devicePixelRatioF(), 2.0);
     QCOMPARE(button->size(), size);
+    scaled.setStyle(nullptr);
 }
 
 void TestKeyGraphView::marksCarryTheirState()
