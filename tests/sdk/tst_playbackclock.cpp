@@ -1,6 +1,7 @@
 #include "testing/vxwarningguard.h"
 #include "time/playbackclock.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
 namespace {
@@ -18,6 +19,12 @@ long double expectedPosition(VxTime from, const PlaybackSettings &settings, qint
         from - settings.range.getStart() + static_cast<long double>(elapsed) * 4800 / Second;
     return settings.looping ? std::fmod(run, lap) + settings.range.getStart()
                             : run + settings.range.getStart();
+}
+
+/// The first nanosecond at which that many ticks are over.
+qint64 dueAfter(qint64 ticks)
+{
+    return ticks / 4800 * Second + (ticks % 4800 * Second + 4799) / 4800;
 }
 
 /// Plays by waiting for exactly what the clock asks for.
@@ -48,7 +55,13 @@ private Q_SLOTS:
     void hoursOfEveryFrameDoNotDrift_data() { rates(); }
     void hoursOfEveryFrameDoNotDrift();
     void lateTicksDropFrames();
-    void lateTicksDoNotRushEveryFrame();
+    void longStallsDoNotRushEveryFrame();
+    void delaysOfEveryFrameAreMadeUp_data() { rates(); }
+    void delaysOfEveryFrameAreMadeUp();
+    void everyFrameKeepsUpThroughRandomDelays_data() { rates(); }
+    void everyFrameKeepsUpThroughRandomDelays();
+    void halfASecondIsMadeUpAndNoMore();
+    void delaysAreMadeUpAcrossAChangeOfTheRange();
     void slightDelaysDoNotSlowEveryFrameDown();
     void oneFrameRange();
     void endsOnceTheEndIsShown();
@@ -121,7 +134,7 @@ void TestPlaybackClock::nothingIsShownBeforeItsTime()
         for (qint64 frame = 1; frame <= 100; ++frame) {
             const qint64 due = clock.nextDue();
             // A tick is not a whole number of nanoseconds; the due time is the first one after.
-            QCOMPARE(due, (frame * step * Second + 4799) / 4800);
+            QCOMPARE(due, dueAfter(frame * step));
             QCOMPARE(clock.advance(due - 1).time, VxTime((frame - 1) % 10) * step);
             QCOMPARE(clock.advance(due).time, VxTime(frame % 10) * step);
         }
@@ -163,8 +176,7 @@ void TestPlaybackClock::hoursOfEveryFrameDoNotDrift()
             QCOMPARE(shown, VxTime(frames % 31) * step);
     }
     // The frame to come is due where an unbroken count has it.
-    QCOMPARE(due, qint64(((frames + 1) * step) / 4800 * Second) +
-                      (((frames + 1) * step) % 4800 * Second + 4799) / 4800);
+    QCOMPARE(due, dueAfter((frames + 1) * step));
 }
 
 void TestPlaybackClock::lateTicksDropFrames()
@@ -176,15 +188,15 @@ void TestPlaybackClock::lateTicksDropFrames()
     QCOMPARE(clock.advance(Second + Second / 2).time, 7200 - 4900);
 }
 
-void TestPlaybackClock::lateTicksDoNotRushEveryFrame()
+void TestPlaybackClock::longStallsDoNotRushEveryFrame()
 {
     PlaybackClock clock;
     clock.start(0, {100, {0, 4800}, true, false}, 0);
     const qint64 frame = 100 * Second / 4800;
     qint64 now = 0;
-    // Ten frames' time for each: one frame a tick, and each has its full time afterwards.
+    // A second for each: one frame a tick, and each has its full time afterwards.
     for (VxTime shown = 100; shown <= 1000; shown += 100) {
-        now += 10 * frame;
+        now += Second;
         QCOMPARE(clock.advance(now).time, shown);
         QCOMPARE(clock.advance(now + frame / 2).time, shown);
         QVERIFY(clock.nextDue() - now >= frame);
@@ -194,6 +206,95 @@ void TestPlaybackClock::lateTicksDoNotRushEveryFrame()
     for (VxTime shown = 1100; shown <= 2000; shown += 100)
         QCOMPARE(clock.advance(clock.nextDue()).time, shown);
     QVERIFY(clock.nextDue() - since >= 10 * frame);
+}
+
+void TestPlaybackClock::delaysOfEveryFrameAreMadeUp()
+{
+    QFETCH(int, fps);
+    const VxTime step = VxTicksPerSecond / fps;
+    const qint64 delay = std::min<qint64>(5 * dueAfter(step), Second / 2 - 1000);
+    PlaybackClock clock;
+    clock.start(0, {step, {0, 99 * step}, true, false}, 0);
+    qint64 now = clock.nextDue() + delay;
+    QCOMPARE(clock.advance(now).time, step);
+    qint64 frame = 1;
+    // Each frame is shown, none for less than a quarter of its time, and twice as many as were
+    // missed are enough.
+    while (clock.nextDue() > dueAfter((frame + 1) * step)) {
+        const qint64 due = clock.nextDue();
+        QVERIFY2(due - now >= dueAfter(step) / 4, qPrintable(QString::number(due - now)));
+        QCOMPARE(clock.advance(due - 1).time, VxTime(frame % 100) * step);
+        QCOMPARE(clock.advance(due).time, VxTime(++frame % 100) * step);
+        now = due;
+        QVERIFY(frame <= 12);
+    }
+    QVERIFY(frame > 1 || delay <= dueAfter(step) / 4 * 3);
+    // From then on each has its whole time again.
+    QCOMPARE(clock.nextDue(), dueAfter((frame + 1) * step));
+    clock.advance(clock.nextDue());
+    QCOMPARE(clock.nextDue(), dueAfter((frame + 2) * step));
+}
+
+void TestPlaybackClock::everyFrameKeepsUpThroughRandomDelays()
+{
+    QFETCH(int, fps);
+    const VxTime step = VxTicksPerSecond / fps;
+    PlaybackClock clock;
+    clock.start(0, {step, {0, 99 * step}, true, false}, 0);
+    // A busy machine: most frames are a little late, one of fifty by up to a tenth of a second;
+    // then a quiet one.
+    QRandomGenerator random(quint32(fps) + 17);
+    qint64 now = 0;
+    for (qint64 frame = 1; frame <= 50000; ++frame) {
+        const bool stall = frame < 49000 && random.bounded(50) == 0;
+        now = std::max(now, clock.nextDue()) + random.bounded(stall ? int(Second / 10) : 1000);
+        const VxTime shown = clock.advance(now).time;
+        if (shown != VxTime(frame % 100) * step)
+            QCOMPARE(shown, VxTime(frame % 100) * step);
+        if (now < dueAfter(frame * step))
+            QFAIL("shown before its time");
+    }
+    // Slow rates lose nothing; faster than the machine, what adds up to half a second is let go.
+    if (fps <= 48)
+        QCOMPARE(clock.nextDue(), dueAfter(50001 * step));
+    else
+        QVERIFY(clock.nextDue() > dueAfter(50001 * step));
+}
+
+void TestPlaybackClock::halfASecondIsMadeUpAndNoMore()
+{
+    const qint64 due = dueAfter(160);
+    PlaybackClock within;
+    within.start(0, {160, {0, 48000}, true, false}, 0);
+    QCOMPARE(within.advance(due + Second / 2).time, 160);
+    QCOMPARE(within.nextDue(), due + Second / 2 + due / 2);
+    PlaybackClock beyond;
+    beyond.start(0, {160, {0, 48000}, true, false}, 0);
+    QCOMPARE(beyond.advance(due + Second / 2 + 1).time, 160);
+    QCOMPARE(beyond.nextDue(), due + Second / 2 + 1 + due);
+    PlaybackClock atTheEnd;
+    atTheEnd.start(0, {160, {0, 160}, false, false}, 0);
+    const PlaybackFrame last = atTheEnd.advance(Hour);
+    QCOMPARE(last.time, 160);
+    QVERIFY(last.ended);
+}
+
+void TestPlaybackClock::delaysAreMadeUpAcrossAChangeOfTheRange()
+{
+    PlaybackClock clock;
+    clock.start(0, {160, {0, 48000}, true, false}, 0);
+    const qint64 frame = dueAfter(160);
+    const qint64 now = frame + 3 * frame;
+    QCOMPARE(clock.advance(now).time, 160);
+    // Half a frame is left to it, whoever changes the range meanwhile.
+    clock.configure({160, {0, 4800}, true, false});
+    QCOMPARE(clock.nextDue(), now + frame / 2);
+    QCOMPARE(clock.advance(clock.nextDue()).time, 320);
+    QCOMPARE(clock.nextDue(), now + frame / 2 + frame / 2);
+    for (int i = 0; i < 8; ++i)
+        clock.advance(clock.nextDue());
+    // In time again, but for the nanoseconds that round the first frame's time up.
+    QVERIFY(qAbs(clock.nextDue() - dueAfter(11 * 160)) <= 1);
 }
 
 void TestPlaybackClock::slightDelaysDoNotSlowEveryFrameDown()

@@ -6,6 +6,10 @@ namespace {
 
 constexpr qint64 NanosecondsPerSecond = 1000000000;
 
+// A longer delay than this is not made up when every frame is shown: rushing through so much would
+// look worse than the pause that everybody saw.
+constexpr qint64 LongestCatchUp = NanosecondsPerSecond / 2;
+
 // Whole seconds are taken apart first, so that no product leaves 64 bits.
 qint64 ticksIn(qint64 nanoseconds)
 {
@@ -41,8 +45,10 @@ void PlaybackClock::configure(const PlaybackSettings &settings)
 {
     const VxTime shown = m_shown.time;
     const qint64 since = m_anchorNow + nanosecondsOf(m_shown.begin);
+    const qint64 notBefore = m_notBefore;
     m_settings = settings;
     anchor(shown, since);
+    m_notBefore = std::max(since, notBefore);
 }
 
 void PlaybackClock::setTime(VxTime time, qint64 now)
@@ -54,6 +60,7 @@ void PlaybackClock::anchor(VxTime time, qint64 now)
 {
     const VxTimeRange &range = m_settings.range;
     m_anchorNow = now;
+    m_notBefore = now;
     m_anchorTime = range.clamp(time);
     if (time > range.getEnd() && m_settings.looping)
         m_anchorTime = range.getStart();
@@ -76,19 +83,27 @@ PlaybackFrame PlaybackClock::advance(qint64 now)
 
 void PlaybackClock::advanceEveryFrame(qint64 now)
 {
-    const qint64 ticks = ticksIn(now - m_anchorNow);
-    if (m_shown.ended || ticks < m_shown.next)
+    if (m_shown.ended || now < nextDue())
         return;
     m_shown = stepAt(m_shown.next);
-    // A frame that should be over already starts a new count from now, else the following ones
-    // would be rushed through to catch up.
-    if (ticks >= m_shown.next && !m_shown.ended)
-        anchor(m_shown.time, now);
+    if (now - (m_anchorNow + nanosecondsOf(m_shown.begin)) > LongestCatchUp) {
+        if (!m_shown.ended)
+            anchor(m_shown.time, now);
+        return;
+    }
+    // Less than a frame behind, the next one may come in time; a timer that is always late by part
+    // of a frame must not add up.
+    const qint64 length = nanosecondsOf(m_shown.next - m_shown.begin);
+    const bool overdue = now >= m_anchorNow + nanosecondsOf(m_shown.next);
+    m_notBefore = now + (overdue ? length / 2 : length / 4);
 }
 
 qint64 PlaybackClock::nextDue() const
 {
-    return m_anchorNow + (m_pending ? 0 : nanosecondsOf(m_shown.next));
+    if (m_pending)
+        return m_anchorNow;
+    const qint64 due = m_anchorNow + nanosecondsOf(m_shown.next);
+    return m_settings.dropFrames ? due : std::max(due, m_notBefore);
 }
 
 PlaybackClock::Step PlaybackClock::stepAt(qint64 ticks) const

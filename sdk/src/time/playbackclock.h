@@ -24,9 +24,12 @@ struct PlaybackFrame
 /// Tells which time is to be shown when, from the nanoseconds of a clock that the caller reads.
 ///
 /// Everything is counted in whole ticks from an anchor: a time, and the nanosecond at which it was
-/// shown. The anchor only moves when somebody intervenes or when playback of every frame falls
-/// behind, so nothing adds up over hours. Shown are the start of the range, the multiples of the
+/// shown. So nothing adds up over hours. Shown are the start of the range, the multiples of the
 /// step within it, and its end, each until the next; the end for a whole step when looping.
+///
+/// Where every frame is shown and one came late, the following ones are shown for half of their
+/// time until the clock is reached again. The anchor moves when somebody intervenes, and when
+/// playback of every frame is more than half a second behind: that is let go.
 class VXCORE_EXPORT PlaybackClock
 {
 public:
@@ -62,6 +65,8 @@ private:
     PlaybackSettings m_settings;
     VxTime m_anchorTime = 0;
     qint64 m_anchorNow = 0;
+    /// Until when the frame on show is not taken away, where every frame is shown.
+    qint64 m_notBefore = 0;
     Step m_shown;
     /// The anchor's frame differs from the time it was made with and was not handed out yet.
     bool m_pending = false;
