@@ -4,7 +4,10 @@ VxGuid VxGuid::fromString(const QString &text)
 {
     VxGuid guid;
     guid.m_uuid = QUuid::fromString(text);
-    return guid;
+    // The toolkit takes no notice of what stands behind the digits, nor of a brace left open.
+    const bool isWhole = text.compare(guid.m_uuid.toString(), Qt::CaseInsensitive) == 0 ||
+                         text.compare(guid.toString(), Qt::CaseInsensitive) == 0;
+    return isWhole ? guid : VxGuid();
 }
 
 QString VxGuid::toString() const
