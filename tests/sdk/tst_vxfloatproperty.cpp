@@ -34,6 +34,8 @@ private Q_SLOTS:
     void lockedRefusesEverything();
     void clampedLimitsWhatIsSet();
     void aliasSharesTheKeysOfItsProperty();
+    void aliasKeepsTheLimitsOfItsProperty();
+    void aliasMakesNoKeysWhereItsPropertyTakesNone();
     void aliasMayNotCloseACircle();
     void aliasOfADestroyedPropertyStandsForItself();
     void overridingControlComesBeforeAnAlias();
@@ -272,6 +274,61 @@ void TestFloatProperty::aliasSharesTheKeysOfItsProperty()
     QVERIFY(!alias.setValue(0, 1.0f));
     QVERIFY(alias.setAliasedProperty(nullptr));
     QCOMPARE(alias.getKeyHolder(), &alias);
+}
+
+void TestFloatProperty::aliasKeepsTheLimitsOfItsProperty()
+{
+    VxFloatProperty source(QStringLiteral("Source")), alias(QStringLiteral("Alias"));
+    source.setMinMax(0.0f, 1.0f, true);
+    alias.setMinMax(0.0f, 0.5f, true);
+    QVERIFY(alias.setAliasedProperty(&source));
+    QVERIFY(alias.setStoredValue(5.0f));
+    QCOMPARE(source.getStoredValue(), 1.0f);
+    QVERIFY(alias.setKey(0, 5.0f, VxKeyInterp::Linear));
+    QCOMPARE(source.getKeyValue(0), 1.0f);
+    QVERIFY(alias.setKeyValue(0, -5.0f));
+    QCOMPARE(source.getKeyValue(0), 0.0f);
+    QVERIFY(alias.setValue(0, 5.0f));
+    QCOMPARE(source.getKeyValue(0), 1.0f);
+
+    VxIntProperty whole(QStringLiteral("Whole")), other(QStringLiteral("Other"));
+    whole.setMinMax(0, 3, true);
+    QVERIFY(other.setAliasedProperty(&whole));
+    QVERIFY(other.setStoredValue(9));
+    QCOMPARE(whole.getStoredValue(), 3);
+    QVERIFY(other.setKey(0, 9));
+    QCOMPARE(whole.getKeyValue(0), 3);
+    QVERIFY(other.setKeyValue(0, -9));
+    QCOMPARE(whole.getKeyValue(0), 0);
+}
+
+void TestFloatProperty::aliasMakesNoKeysWhereItsPropertyTakesNone()
+{
+    const VxTime time = 0;
+    const float value = 1.0f;
+    const int number = 1;
+    const VxKeyColumns<float> keys{&time, &value, nullptr, nullptr, 1};
+    const VxKeyColumns<qint32> numbers{&time, &number, nullptr, nullptr, 1};
+    VxFloatProperty source(QStringLiteral("Source")), alias(QStringLiteral("Alias"));
+    QVERIFY(alias.setAliasedProperty(&source));
+    VxIntProperty whole(QStringLiteral("Whole")), other(QStringLiteral("Other"));
+    QVERIFY(other.setAliasedProperty(&whole));
+    const QVector<VxProperty *> refusing = {&source, &whole, &alias, &other};
+    for (int i = 0; i < refusing.size(); i += 2) {
+        refusing.at(i)->setAnimatable(false);
+        refusing.at(i + 1)->setAnimatable(false);
+        QVERIFY(!alias.setKey(0, 1.0f, VxKeyInterp::Linear));
+        QVERIFY(!alias.setKeys(keys));
+        QVERIFY(!alias.replaceKeys(VxTimeRange::all(), keys));
+        QVERIFY(!other.setKey(0, 1));
+        QVERIFY(!other.setKeys(numbers));
+        QVERIFY(!other.replaceKeys(VxTimeRange::all(), numbers));
+        refusing.at(i)->setAnimatable(true);
+        refusing.at(i + 1)->setAnimatable(true);
+    }
+    QCOMPARE(source.getNumKeys() + whole.getNumKeys(), 0);
+    QVERIFY(alias.setKeys(keys));
+    QVERIFY(other.setKeys(numbers));
 }
 
 void TestFloatProperty::aliasMayNotCloseACircle()

@@ -50,13 +50,13 @@ public:
     {
     }
 
-    /// The keys shown: those of the key holder, which is of the same class.
-    KeyStore<float> &held()
+    /// The record of the key holder, which is of the same class: its keys are shown, and it limits
+    /// what is set. An alias's own limits are those of its editors.
+    Private *holder()
     {
-        if (isPlain)
-            return keys;
-        return static_cast<VxFloatProperty *>(q->getKeyHolder())->priv()->keys;
+        return isPlain ? this : static_cast<VxFloatProperty *>(q->getKeyHolder())->priv();
     }
+    KeyStore<float> &held() { return holder()->keys; }
 
     float limited(float value) const { return clamped ? qBound(minimum, value, maximum) : value; }
 
@@ -212,7 +212,7 @@ float VxFloatProperty::getStoredValue() const
 bool VxFloatProperty::setStoredValue(float value)
 {
     return std::isfinite(value) && priv()->isEditable() &&
-           priv()->held().setStored(priv()->limited(value));
+           priv()->held().setStored(priv()->holder()->limited(value));
 }
 
 float VxFloatProperty::getKeyValue(int index) const
@@ -251,10 +251,10 @@ bool VxFloatProperty::setKeyInterpolation(int index, int type, float tension, fl
 bool VxFloatProperty::setKey(VxTime time, float value, int type, float tension, float continuity,
                              float bias)
 {
-    if (!std::isfinite(value) || !isShape(type, tension, continuity, bias) ||
-        !priv()->isEditable() || !canBeKeyed())
+    if (!std::isfinite(value) || !isShape(type, tension, continuity, bias) || !priv()->takesKeys())
         return false;
-    priv()->held().set(time, priv()->limited(value), makeShape(type, tension, continuity, bias));
+    priv()->held().set(time, priv()->holder()->limited(value),
+                       makeShape(type, tension, continuity, bias));
     return true;
 }
 
@@ -265,13 +265,12 @@ VxKeyColumns<float> VxFloatProperty::getKeys() const
 
 bool VxFloatProperty::setKeys(const VxKeyColumns<float> &keys)
 {
-    return areKeys(keys) && priv()->isEditable() && canBeKeyed() && priv()->held().insertMany(keys);
+    return areKeys(keys) && priv()->takesKeys() && priv()->held().insertMany(keys);
 }
 
 bool VxFloatProperty::replaceKeys(const VxTimeRange &range, const VxKeyColumns<float> &keys)
 {
-    return areKeys(keys) && priv()->isEditable() && canBeKeyed() &&
-           priv()->held().replace(range, keys);
+    return areKeys(keys) && priv()->takesKeys() && priv()->held().replace(range, keys);
 }
 
 bool VxFloatProperty::setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape)
@@ -291,9 +290,10 @@ bool VxFloatProperty::setKeyValues(const QVector<int> &indexes, const QVector<fl
     if (indexes.size() != values.size() || !areFinite(values.constData(), values.size()) ||
         !priv()->isEditable())
         return false;
+    const Private *holder = priv()->holder();
     QVector<float> limited = values;
     for (float &value : limited)
-        value = priv()->limited(value);
+        value = holder->limited(value);
     return priv()->held().setValues(indexes, limited.constData());
 }
 

@@ -21,11 +21,14 @@ int toInt(double value)
 
 } // namespace
 
+VxIntProperty::Private *VxIntProperty::Private::holder()
+{
+    return isPlain ? this : static_cast<VxIntProperty *>(q->getKeyHolder())->priv();
+}
+
 KeyStore<qint32> &VxIntProperty::Private::held()
 {
-    if (isPlain)
-        return keys;
-    return static_cast<VxIntProperty *>(q->getKeyHolder())->priv()->keys;
+    return holder()->keys;
 }
 
 int VxIntProperty::Private::limited(int value) const
@@ -122,7 +125,7 @@ int VxIntProperty::getStoredValue() const
 
 bool VxIntProperty::setStoredValue(int value)
 {
-    return priv()->isEditable() && priv()->held().setStored(priv()->limited(value));
+    return priv()->isEditable() && priv()->held().setStored(priv()->holder()->limited(value));
 }
 
 int VxIntProperty::getKeyValue(int index) const
@@ -133,7 +136,7 @@ int VxIntProperty::getKeyValue(int index) const
 
 bool VxIntProperty::setKeyValue(int index, int value)
 {
-    const qint32 limited = priv()->limited(value);
+    const qint32 limited = priv()->holder()->limited(value);
     return priv()->isEditable() && priv()->held().setValues({index}, &limited);
 }
 
@@ -146,9 +149,9 @@ int VxIntProperty::getKeyInterpolationType(int index, float *tension, float *con
 
 bool VxIntProperty::setKey(VxTime time, int value)
 {
-    if (!priv()->isEditable() || !canBeKeyed())
+    if (!priv()->takesKeys())
         return false;
-    priv()->held().set(time, priv()->limited(value), StepShape);
+    priv()->held().set(time, priv()->holder()->limited(value), StepShape);
     return true;
 }
 
@@ -162,13 +165,13 @@ VxKeyColumns<qint32> VxIntProperty::getKeys() const
 
 bool VxIntProperty::setKeys(const VxKeyColumns<qint32> &keys)
 {
-    return priv()->isEditable() && canBeKeyed() &&
+    return priv()->takesKeys() &&
            priv()->held().insertMany({keys.times, keys.values, nullptr, nullptr, keys.count});
 }
 
 bool VxIntProperty::replaceKeys(const VxTimeRange &range, const VxKeyColumns<qint32> &keys)
 {
-    return priv()->isEditable() && canBeKeyed() &&
+    return priv()->takesKeys() &&
            priv()->held().replace(range, {keys.times, keys.values, nullptr, nullptr, keys.count});
 }
 

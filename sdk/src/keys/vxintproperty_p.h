@@ -17,7 +17,9 @@ public:
     {
     }
 
-    /// The keys shown: those of the key holder, which is of the same class.
+    /// The record of the key holder, which is of the same class: its keys are shown, and it limits
+    /// what is set. An alias's own limits are those of its editors.
+    Private *holder();
     KeyStore<qint32> &held();
     int limited(int value) const;
     bool setValue(VxTime time, int value);

@@ -48,6 +48,11 @@ bool VxNumericProperty::Private::isEditable() const
     return !locked && !of(q->getKeyHolder())->locked;
 }
 
+bool VxNumericProperty::Private::takesKeys() const
+{
+    return isEditable() && animatable && of(q->getKeyHolder())->animatable;
+}
+
 bool VxNumericProperty::Private::makesKeys() const
 {
     return animatable && (!vxScene || vxScene->isAnimating());

@@ -17,6 +17,9 @@ public:
     double dependentValue(VxTime time, double ownValue) const;
     /// False for a property that refuses changes: locked itself, or its key holder is.
     bool isEditable() const;
+    /// True when keys can be made here: neither this property nor its key holder refuses changes
+    /// or keys.
+    bool takesKeys() const;
     /// True when setting a value at a time should make a key there.
     bool makesKeys() const;
 
