@@ -53,6 +53,8 @@ VxTimePaneFactory::VxTimePaneFactory()
 void VxTimePaneFactory::registerClass(QScriptEngine *engine) const
 {
     VxTimelineFactory::registerClass(engine);
+    if (!engine)
+        return;
     registerEnum<VxTimePane::ControlsPosition>(engine);
     registerEnum<VxTimePane::ViewMode>(engine);
     registerEnum<VxTimePane::KeyScope>(engine);

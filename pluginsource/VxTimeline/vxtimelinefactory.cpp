@@ -21,7 +21,9 @@ void VxScriptableFactory::setOwnership(int ownership)
 
 void VxScriptableFactory::registerClass(QScriptEngine *engine) const
 {
-    VxClassFactory::registerClass(engine);
+    VxClassFactory::registerClass(engine); // tells when there is no engine
+    if (!engine)
+        return;
     registerPointerType(engine);
     // The engine hands the pointer back to the constructor function, which only reads.
     void *self = const_cast<VxScriptableFactory *>(this);

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void valueWithoutObjectIsNull();
     void pointerRoundTrip();
     void registeringTwice();
+    void registeringWithoutEngineWarns();
 
 private:
     static QVector<VxClassFactory *> factories();
@@ -380,6 +381,15 @@ void TestVxTimelinePlugin::registeringTwice()
     const QScriptValue made = m_engine->evaluate("new VxNextFrameAction()");
     const std::unique_ptr<QObject> object(made.toQObject());
     QVERIFY(qobject_cast<VxNextFrameAction *>(object.get()));
+}
+
+void TestVxTimelinePlugin::registeringWithoutEngineWarns()
+{
+    for (const char *className : {"VxTimePane", "VxNextFrameAction"}) {
+        m_guard->expect(
+            QRegularExpression(QLatin1String(className) + QStringLiteral(" cannot be registered")));
+        factoryOf(className)->registerClass(nullptr);
+    }
 }
 
 QTEST_MAIN(TestVxTimelinePlugin)
