@@ -18,12 +18,18 @@ struct Place
     const char *behind; // null for a place of its own
 };
 
+// High enough for ten rows of the dope sheet above the curves of the key graph.
+constexpr int BottomExtent = 456;
+// What the bottom takes of a window's height: more than that of a large one, less of a small one.
+constexpr double LeastBottomShare = 0.45;
+constexpr double LargestBottomShare = 0.57;
+
 constexpr Place Places[] = {
     {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
     {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
     {"VxHistoryPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
-    {"VxTimePane", Qt::BottomDockWidgetArea, 355, nullptr},
-    {"VxConsolePane", Qt::BottomDockWidgetArea, 355, "VxTimePane"},
+    {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
+    {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
 };
 constexpr Place OtherPlace = {"", Qt::RightDockWidgetArea, 260, nullptr};
 
@@ -38,9 +44,10 @@ const Place &placeOf(const PaneDock *dock)
 
 int firstExtent(const Place &place, const QSize &window)
 {
-    const bool isBottom = place.area == Qt::BottomDockWidgetArea;
-    const int share = isBottom ? window.height() * 2 / 5 : window.width() / 8;
-    return qMax(place.extent, share);
+    if (place.area != Qt::BottomDockWidgetArea)
+        return qMax(place.extent, window.width() / 8);
+    return qBound(int(window.height() * LeastBottomShare), place.extent,
+                  int(window.height() * LargestBottomShare));
 }
 
 } // namespace

@@ -17,6 +17,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <vxcore/vxactionmgr.h>
@@ -27,7 +28,15 @@
 namespace {
 
 constexpr QSize DefaultSize(1280, 800);
+constexpr QSize FrameRoom(16, 48); // what a desktop puts around a window, pixels
+constexpr double LargeScreenShare = 0.8;
 constexpr int LayoutVersion = 2; // to raise when docks are arranged in another way
+
+/** The offscreen platform's screen has no size that means anything. */
+bool hasRealScreen()
+{
+    return QGuiApplication::platformName() != QLatin1String("offscreen");
+}
 
 } // namespace
 
@@ -80,12 +89,21 @@ void StudioWindow::completeMenus()
     m_menus->addActionsAndPanes(*m_docks);
 }
 
+QSize StudioWindow::firstSize(const QSize &available)
+{
+    return (available * LargeScreenShare)
+        .expandedTo(DefaultSize)
+        .boundedTo((available - FrameRoom).expandedTo(QSize(1, 1)));
+}
+
 void StudioWindow::restoreLayout(const VxSettings &settings)
 {
     const QByteArray geometry = settings.getBytesValue(QStringLiteral("Geometry"));
     const QByteArray state = settings.getBytesValue(QStringLiteral("State"));
     if (!geometry.isEmpty())
         restoreGeometry(geometry);
+    else if (hasRealScreen())
+        resize(firstSize(screen()->availableSize()));
     m_wantsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
 }
 

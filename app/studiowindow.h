@@ -29,6 +29,9 @@ public:
     /// Fills the menu bar from the action manager and the docks. Once, when both are complete.
     void completeMenus();
 
+    /// The size of a window that nobody has sized yet, on a screen with that much room: a good part
+    /// of a large screen, and never more than there is of a small one. Pixels.
+    static QSize firstSize(const QSize &available);
     /// Size, place and docks as they were saved; the default layout when nothing was.
     void restoreLayout(const VxSettings &settings);
     void saveLayout(VxSettings *settings) const;

@@ -15,6 +15,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QtTest>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
@@ -71,6 +72,10 @@ private Q_SLOTS:
     void everyPaneHasADock();
     void defaultLayout();
     void defaultLayoutOfALargeWindow();
+    void firstLayoutHasRoomToWork();
+    void bottomOfASmallWindow();
+    void firstSize_data();
+    void firstSize();
     void panesOfOnePlaceNeverStandSideBySide();
     void menus();
     void dockTogglesAndPaneActions();
@@ -189,7 +194,7 @@ void tst_StudioWindow::defaultLayout()
     const PaneDock *parameters = window()->docks()->find("VxParametersPane");
     QTRY_VERIFY(std::abs(tree->width() - 220) < 20);
     QVERIFY(std::abs(parameters->width() - 260) < 20);
-    QVERIFY(std::abs(time->height() - 330) < 20);
+    QVERIFY(std::abs(time->height() - 430) < 20);
     QVERIFY(time->width() > 1250); // below everything
     const QPoint middle =
         window()->viewport()->mapTo(window(), window()->viewport()->rect().center());
@@ -207,12 +212,55 @@ void tst_StudioWindow::defaultLayoutOfALargeWindow()
     const auto dock = [this](const char *name) {
         return window()->docks()->find(QLatin1String(name));
     };
-    // Two fifths, of which the tabs below take some.
+    // Not quite half, of which the tabs below take some.
     const auto height = [&] { return dock("VxTimePane")->height(); };
-    QTRY_VERIFY2(height() > 530 && height() < 590, qPrintable(QString::number(height())));
+    QTRY_VERIFY2(height() > 600 && height() < 650, qPrintable(QString::number(height())));
     QVERIFY(std::abs(dock("VxScenePane")->width() - 320) < 20);
     QVERIFY(std::abs(dock("VxParametersPane")->width() - 320) < 20);
     QVERIFY(window()->viewport()->height() > 700);
+}
+
+/// The sheet, the curves and the figure are all of use in a window of the first size.
+void tst_StudioWindow::firstLayoutHasRoomToWork()
+{
+    const auto *sheet = window()->findChild<QTreeView *>("TimelineDopeSheetTView");
+    const auto *graph = window()->findChild<QWidget *>("TimelineKeyGraphView");
+    QVERIFY(sheet && graph);
+    QVERIFY(window()->document()->open(write("walk.bvh", smallMotion)));
+    QTRY_VERIFY(sheet->model() && sheet->model()->rowCount() > 0);
+    const int row = sheet->visualRect(sheet->model()->index(0, 0)).height();
+    QVERIFY(row > 0);
+    QTRY_VERIFY2(sheet->viewport()->height() >= 10 * row,
+                 qPrintable(QString::number(sheet->viewport()->height())));
+    QVERIFY2(graph->height() >= 90, qPrintable(QString::number(graph->height())));
+    QVERIFY(window()->viewport()->height() >= 280);
+}
+
+void tst_StudioWindow::bottomOfASmallWindow()
+{
+    m_studio.reset();
+    QVERIFY(QFile::remove(m_dir->filePath("settings.ini")));
+    start({"--size", "1100x640"});
+    QTRY_VERIFY(window()->docks()->find("VxTimePane")->height() > 300);
+    QVERIFY2(window()->viewport()->height() > 180,
+             qPrintable(QString::number(window()->viewport()->height())));
+}
+
+void tst_StudioWindow::firstSize_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QSize>("window");
+    QTest::newRow("of 4:3 and small") << QSize(1024, 768) << QSize(1008, 720);
+    QTest::newRow("of a laptop") << QSize(1366, 768) << QSize(1280, 720);
+    QTest::newRow("common") << QSize(1920, 1080) << QSize(1536, 864);
+    QTest::newRow("large") << QSize(2560, 1440) << QSize(2048, 1152);
+    QTest::newRow("none") << QSize(0, 0) << QSize(1, 1);
+}
+
+void tst_StudioWindow::firstSize()
+{
+    QFETCH(QSize, screen);
+    QTEST(StudioWindow::firstSize(screen), "window");
 }
 
 /// Two of them beside each other would make a first window wider than it should be, for good.

@@ -20,6 +20,13 @@
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
+namespace {
+
+// Rows are worked in all the time, curves now and then: the dope sheet begins with the larger part.
+constexpr double FirstDopeSheetShare = 0.69;
+
+} // namespace
+
 TimePaneBuilder::TimePaneBuilder(VxTimePane *pane)
     : m_pane(pane)
     , d(pane->d.get())
@@ -115,6 +122,7 @@ void TimePaneBuilder::buildDivider()
 {
     d->divider = new VxDynamicDividerWgt(d->dopeSheetView, d->graphFrame, m_pane, Qt::Vertical,
                                          QStringLiteral("TimelineDopeSheetGraphDvdr"));
+    d->divider->setRatio(FirstDopeSheetShare);
     d->divider->setMargin(0);
     d->divider->setSpacing(0);
 }
