@@ -48,15 +48,16 @@ QString actionListPage(const QMenuBar &menuBar, const VxActionMgr &actions)
     QString group;
     for (int i = 0; i < list.count(); ++i) {
         const ShortcutCommand &command = list.at(i);
-        if (command.isFixed())
-            continue;
+        const VxAction *action = actions.findAction(command.className);
+        if (!action)
+            continue; // a command of the window alone, of no use to a script
         if (command.group != group) {
             group = command.group;
             page += QStringLiteral("\n\n## %1\n\n| command | shortcut | script | what it does |\n"
                                    "| --- | --- | --- | --- |")
                         .arg(QString(group).replace(QChar(0x203a), QLatin1Char('>')));
         }
-        page += row(command, *actions.findAction(command.className));
+        page += row(command, *action);
     }
     return page;
 }

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
+#include <vxcore/vxsettings.h>
 
 namespace {
 
@@ -18,6 +19,20 @@ QString plainText(QString text)
     while (text.endsWith(QLatin1Char('.')) || text.endsWith(QChar(0x2026)))
         text.chop(1);
     return text;
+}
+
+/// What a list calls a command. The text of an entry may change, as that of undo does with what is
+/// undone; its tool tip is made from the text where the entry has none of its own.
+QString titleOf(const QAction *command)
+{
+    return plainText(qobject_cast<const VxAction *>(command) ? command->text()
+                                                             : command->toolTip());
+}
+
+QString descriptionOf(const QAction *command)
+{
+    const auto *action = qobject_cast<const VxAction *>(command);
+    return action ? action->getDescription() : command->statusTip();
 }
 
 /// A command of one widget shares its key with one of the window: who has the focus decides.
@@ -41,7 +56,7 @@ public:
 
 private:
     void addEntry(const QAction *entry, const QString &group);
-    void addAction(const VxAction *action, const QString &group);
+    void addCommand(const QString &name, const QAction *command, const QString &group);
 
     const VxActionMgr &m_actions;
     ShortcutList m_list;
@@ -67,9 +82,9 @@ void Collector::addEntry(const QAction *entry, const QString &group)
     if (m_seen.contains(entry))
         return;
     m_seen.insert(entry);
-    const auto *action = qobject_cast<const VxAction *>(entry);
-    if (action && m_actions.findAction(action->objectName()) == action) {
-        addAction(action, group);
+    const QString name = m_actions.getCommandName(entry);
+    if (!name.isEmpty()) {
+        addCommand(name, entry, group);
         return;
     }
     if (isLocal(entry))
@@ -78,18 +93,18 @@ void Collector::addEntry(const QAction *entry, const QString &group)
         m_list.add({QString(), group, plainText(entry->text()), QString(), shortcut, shortcut});
 }
 
-void Collector::addAction(const VxAction *action, const QString &group)
+void Collector::addCommand(const QString &name, const QAction *command, const QString &group)
 {
-    const QString className = action->objectName();
-    m_list.add({className, group, plainText(action->text()), action->getDescription(),
-                m_actions.getDefaultShortcut(className), m_actions.getShortcut(className)});
+    m_list.add({name, group, titleOf(command), descriptionOf(command),
+                m_actions.getDefaultShortcut(name), m_actions.getShortcut(name)});
 }
 
 void Collector::addOthers()
 {
     for (const VxAction *action : m_actions.getActions()) {
         if (!m_seen.contains(action))
-            addAction(action, QCoreApplication::translate("ShortcutCatalogue", "Other"));
+            addCommand(m_actions.getCommandName(action), action,
+                       QCoreApplication::translate("ShortcutCatalogue", "Other"));
     }
 }
 
@@ -108,4 +123,24 @@ void ShortcutCatalogue::apply(const ShortcutList &list, VxActionMgr *actions)
     const QHash<QString, QKeySequence> changes = list.changes();
     for (auto change = changes.begin(); change != changes.end(); ++change)
         actions->setShortcut(change.key(), change.value());
+}
+
+QString ShortcutCatalogue::refusalText(const QStringList &refused, const VxSettings &stored,
+                                       const VxActionMgr &actions)
+{
+    QStringList sentences;
+    for (const QString &name : refused) {
+        const auto shortcut =
+            QKeySequence::fromString(stored.getStringValue(name), QKeySequence::PortableText);
+        const QAction *holder = actions.findCommand(actions.findShortcut(shortcut));
+        const QAction *loser = actions.findCommand(name);
+        if (holder && loser)
+            sentences.append(
+                QCoreApplication::translate("ShortcutCatalogue",
+                                            "The shortcut %1 that the settings give to \"%2\" "
+                                            "stays with \"%3\".")
+                    .arg(shortcut.toString(QKeySequence::NativeText), titleOf(loser),
+                         titleOf(holder)));
+    }
+    return sentences.join(QLatin1Char(' '));
 }

@@ -9,7 +9,7 @@
 /// A command as the shortcut editor lists it.
 struct ShortcutCommand
 {
-    QString className; ///< of the action; empty for a command whose shortcut cannot be changed
+    QString className; ///< or name of a command; empty when the shortcut cannot be changed
     QString group;     ///< where it stands in the menus, to be shown
     QString text;      ///< without mnemonics and trailing dots
     QString description;

@@ -4,6 +4,7 @@
 #include "documentcontroller.h"
 #include "recentfiles.h"
 #include "scenesummary.h"
+#include "shortcutcatalogue.h"
 #include "studioclasses.h"
 #include "studiosettings.h"
 #include "studiowindow.h"
@@ -55,6 +56,7 @@ public:
     void saveSettings();
     void loadPlugins();
     void buildPanesAndActions();
+    void restoreShortcuts();
     void connectScripts();
     bool openFile();
     bool runScript();
@@ -117,12 +119,23 @@ void Studio::Private::buildPanesAndActions()
     window->getPaneMgr()->createPanes(plugins);
     window->getActionMgr()->initActions();
     const VxSettings *settings = app->getSettings();
-    if (const VxSettings *shortcuts = settings->findSettings(key("Shortcuts")))
-        window->getActionMgr()->restoreShortcuts(shortcuts);
+    restoreShortcuts();
     window->completeMenus();
     window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
     if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
         window->recentFiles()->restore(*recent);
+}
+
+/** What a file that was written by hand gives to two commands is told, not left to be dead keys. */
+void Studio::Private::restoreShortcuts()
+{
+    const VxSettings *stored = app->getSettings()->findSettings(key("Shortcuts"));
+    if (!stored)
+        return;
+    VxActionMgr *actions = window->getActionMgr();
+    const QStringList refused = actions->restoreShortcuts(stored);
+    if (!refused.isEmpty())
+        messages.showNotice(ShortcutCatalogue::refusalText(refused, *stored, *actions));
 }
 
 void Studio::Private::connectScripts()

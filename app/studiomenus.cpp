@@ -1,5 +1,7 @@
 #include "studiomenus.h"
 
+#include "menumnemonics.h"
+#include "menutypeahead.h"
 #include "panedock.h"
 #include "panedocks.h"
 #include "recentfilesmenu.h"
@@ -18,27 +20,66 @@ StudioMenus::StudioMenus(StudioWindow *window)
     : QObject(window)
     , m_window(window)
 {
+    new MenuTypeAhead(this);
     buildFileMenu();
     m_editMenu = window->menuBar()->addMenu(tr("&Edit"));
     buildViewMenu();
+    buildHelpMenu();
+    m_defaultLayout = new QAction(this);
+    adopt(m_defaultLayout, {"StudioDefaultLayout", tr("Default &Layout"),
+                            tr("Puts every pane where it stood at first.")});
+    connect(m_defaultLayout, &QAction::triggered, this, &StudioMenus::defaultLayoutRequested);
+}
+
+template <typename Slot> QAction *StudioMenus::addEntry(QMenu *menu, const Entry &entry, Slot slot)
+{
+    auto *action = new QAction(menu);
+    adopt(action, entry);
+    connect(action, &QAction::triggered, this, slot);
+    menu->addAction(action);
+    return action;
+}
+
+/** Gives an action its words and its shortcut, which is the user's from then on. */
+void StudioMenus::adopt(QAction *action, const Entry &entry)
+{
+    action->setObjectName(QLatin1String(entry.name));
+    if (!entry.text.isEmpty())
+        action->setText(entry.text);
+    action->setStatusTip(entry.help);
+    action->setShortcut(entry.shortcut);
+    m_window->getActionMgr()->addCommand(action->objectName(), action);
 }
 
 void StudioMenus::buildFileMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&File"));
     m_fileMenu = menu;
-    menu->addAction(tr("&New"), this, &StudioMenus::newRequested, QKeySequence::New);
-    menu->addAction(tr("&Open..."), this, &StudioMenus::openRequested, QKeySequence::Open);
+    addEntry(menu, {"StudioNew", tr("&New"), tr("Begins with an empty scene."), QKeySequence::New},
+             &StudioMenus::newRequested);
+    addEntry(
+        menu,
+        {"StudioOpen", tr("&Open..."), tr("Opens a scene or motion file."), QKeySequence::Open},
+        &StudioMenus::openRequested);
     QAction *below = menu->addSeparator();
     below->setObjectName(QStringLiteral("BelowOpenSeparator"));
-    menu->addAction(tr("&Save"), this, &StudioMenus::saveRequested, QKeySequence::Save);
-    menu->addAction(tr("Save &As..."), this, &StudioMenus::saveAsRequested,
-                    QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    m_revert = menu->addAction(tr("Re&vert"), this, &StudioMenus::revertRequested);
+    addEntry(menu,
+             {"StudioSave", tr("&Save"), tr("Writes the scene into its file."), QKeySequence::Save},
+             &StudioMenus::saveRequested);
+    addEntry(menu,
+             {"StudioSaveAs", tr("Save &As..."), tr("Writes the scene into another file."),
+              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+             &StudioMenus::saveAsRequested);
+    m_revert = addEntry(menu,
+                        {"StudioRevert", tr("Re&vert"),
+                         tr("Opens the file again, without the changes since it was saved.")},
+                        &StudioMenus::revertRequested);
     m_revert->setEnabled(false);
     menu->addSeparator();
-    QAction *quit = menu->addAction(tr("&Quit"), this, &StudioMenus::quitRequested);
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    QAction *quit = addEntry(
+        menu,
+        {"StudioQuit", tr("&Quit"), tr("Leaves the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        &StudioMenus::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 }
 
@@ -60,9 +101,13 @@ void StudioMenus::setRevertEnabled(bool enabled)
 void StudioMenus::buildViewMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
-    menu->addAction(tr("&Frame All"), this, &StudioMenus::frameAllRequested,
-                    QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
-    menu->addAction(m_window->viewport()->frameSelectionAction());
+    addEntry(menu,
+             {"StudioFrameAll", tr("&Frame All"), tr("Shows the whole scene in the viewport."),
+              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+             &StudioMenus::frameAllRequested);
+    QAction *frameSelection = m_window->viewport()->frameSelectionAction();
+    frameSelection->setStatusTip(tr("Brings the selected nodes into view in the viewport."));
+    menu->addAction(frameSelection);
     menu->addSeparator();
     addPaletteChoice(menu);
 }
@@ -71,9 +116,9 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
 {
     VxStyle *style = vxApp->getStyle();
     auto *group = new QActionGroup(this);
-    const auto add = [&](const QString &text, VxStyle::ColorScheme scheme) {
+    const auto add = [&](const Entry &entry, VxStyle::ColorScheme scheme) {
         QAction *action =
-            menu->addAction(text, this, [this, scheme] { Q_EMIT paletteRequested(scheme); });
+            addEntry(menu, entry, [this, scheme] { Q_EMIT paletteRequested(scheme); });
         action->setCheckable(true);
         group->addAction(action);
         const auto show = [action, style, scheme] {
@@ -82,8 +127,25 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
         connect(style, &VxStyle::colorSchemeChanged, action, show);
         show();
     };
-    add(tr("&Dark Palette"), VxStyle::ColorScheme::Dark);
-    add(tr("&Light Palette"), VxStyle::ColorScheme::Light);
+    add({"StudioDarkPalette", tr("&Dark Palette"), tr("Light text on dark grounds.")},
+        VxStyle::ColorScheme::Dark);
+    add({"StudioLightPalette", tr("&Light Palette"), tr("Dark text on light grounds.")},
+        VxStyle::ColorScheme::Light);
+}
+
+/** Made with the others, because its shortcuts are; put in last. */
+void StudioMenus::buildHelpMenu()
+{
+    m_helpMenu = new QMenu(tr("&Help"), m_window->menuBar());
+    addEntry(m_helpMenu,
+             {"StudioKeyOverview", tr("&Keys and Mouse"),
+              tr("Shows on a page what the keys and the mouse do."), QKeySequence(Qt::Key_F1)},
+             &StudioMenus::keyOverviewRequested);
+    m_helpMenu->addSeparator();
+    addEntry(m_helpMenu,
+             {"StudioAbout", tr("&About %1").arg(VxApp::getAppName()),
+              tr("Tells the version of the program and its plug-ins.")},
+             &StudioMenus::aboutRequested);
 }
 
 void StudioMenus::addHistory(VxUndoStack *undoStack)
@@ -91,8 +153,11 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     QUndoStack *stack = undoStack->qtStack();
     QAction *undo = stack->createUndoAction(this, tr("&Undo"));
     QAction *redo = stack->createRedoAction(this, tr("&Redo"));
-    undo->setShortcut(QKeySequence::Undo);
-    redo->setShortcut(QKeySequence::Redo);
+    undo->setToolTip(tr("Undo"));
+    redo->setToolTip(tr("Redo"));
+    adopt(undo, {"StudioUndo", QString(), tr("Takes the last change back."), QKeySequence::Undo});
+    adopt(redo, {"StudioRedo", QString(), tr("Makes the change again that was taken back."),
+                 QKeySequence::Redo});
     // Text and state come from the toolkit's stack; the trigger goes through the host's, which
     // waits while a gesture is under way.
     disconnect(undo, nullptr, stack, nullptr);
@@ -101,7 +166,10 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
     m_editMenu->addActions({undo, redo});
     m_editMenu->addSeparator();
-    m_editMenu->addAction(tr("&Keyboard Shortcuts..."), this, &StudioMenus::shortcutsRequested);
+    addEntry(m_editMenu,
+             {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
+              tr("Shows the keys of all commands, and changes them.")},
+             &StudioMenus::shortcutsRequested);
 }
 
 void StudioMenus::addActionsAndPanes(const PaneDocks &docks)
@@ -113,7 +181,16 @@ void StudioMenus::addActionsAndPanes(const PaneDocks &docks)
     for (VxAction *action : actions->getActions())
         m_window->addAction(action);
 
+    buildWindowMenu(docks);
+    bar->addMenu(m_helpMenu);
+    MenuMnemonics::add(bar);
+    MenuMnemonics::add(m_windowMenu);
+}
+
+void StudioMenus::buildWindowMenu(const PaneDocks &docks)
+{
     // Last in the bar, wherever the actions have put it.
+    QMenuBar *bar = m_window->menuBar();
     m_windowMenu = findMenu(tr("Window"));
     if (!m_windowMenu)
         m_windowMenu = new QMenu(tr("Window"), bar);
@@ -123,10 +200,8 @@ void StudioMenus::addActionsAndPanes(const PaneDocks &docks)
     QAction *first = m_windowMenu->actions().value(0);
     for (const PaneDock *dock : docks.docks())
         m_windowMenu->insertAction(first, dock->toggleViewAction());
-    auto *layout = new QAction(tr("Default Layout"), this);
-    connect(layout, &QAction::triggered, this, &StudioMenus::defaultLayoutRequested);
     m_windowMenu->insertSeparator(first);
-    m_windowMenu->insertAction(first, layout);
+    m_windowMenu->insertAction(first, m_defaultLayout);
     if (first)
         m_windowMenu->insertSeparator(first);
     connect(&docks, &PaneDocks::dockAdded, this, [this](const PaneDock *dock) {

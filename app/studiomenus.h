@@ -1,6 +1,7 @@
 #ifndef STUDIOMENUS_H
 #define STUDIOMENUS_H
 
+#include <QKeySequence>
 #include <QObject>
 #include <vxcore/vxstyle.h>
 
@@ -12,6 +13,9 @@ class StudioWindow;
 class VxUndoStack;
 
 /// The menu bar: what the program itself offers, and between it the menus of all actions.
+///
+/// Each entry of the program's own has a name under which the action manager keeps its shortcut, so
+/// that the user can change it like that of any action.
 class StudioMenus : public QObject
 {
     Q_OBJECT
@@ -38,10 +42,25 @@ Q_SIGNALS:
     void defaultLayoutRequested();
     void shortcutsRequested();
     void paletteRequested(VxStyle::ColorScheme scheme);
+    void keyOverviewRequested();
+    void aboutRequested();
 
 private:
+    /// The part of an entry that a menu shows and a list of shortcuts tells.
+    struct Entry
+    {
+        const char *name; ///< kept in the settings: not to be changed
+        QString text;
+        QString help; ///< a sentence for the status line
+        QKeySequence shortcut = {};
+    };
+    template <typename Slot> QAction *addEntry(QMenu *menu, const Entry &entry, Slot slot);
+    void adopt(QAction *action, const Entry &entry);
+
     void buildFileMenu();
     void buildViewMenu();
+    void buildHelpMenu();
+    void buildWindowMenu(const PaneDocks &docks);
     void addPaletteChoice(QMenu *menu);
     QMenu *findMenu(const QString &title) const;
 
@@ -50,6 +69,8 @@ private:
     QAction *m_revert = nullptr;
     QMenu *m_editMenu = nullptr;
     QMenu *m_windowMenu = nullptr;
+    QMenu *m_helpMenu = nullptr;
+    QAction *m_defaultLayout = nullptr;
 };
 
 #endif

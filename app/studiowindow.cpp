@@ -1,8 +1,10 @@
 #include "studiowindow.h"
 
+#include "aboutbox.h"
 #include "documentcontroller.h"
 #include "droppedfile.h"
 #include "historystatus.h"
+#include "keyoverviewdialog.h"
 #include "panedocks.h"
 #include "recentfiles.h"
 #include "shortcutcatalogue.h"
@@ -78,10 +80,16 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
     connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
-    connect(m_menus, &StudioMenus::defaultLayoutRequested, this, &StudioWindow::applyDefaultLayout);
+    connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
+        applyDefaultLayout();
+        m_messages->showStatus(tr("All panes stand where they stood at first."));
+    });
     connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::editShortcuts);
     connect(m_menus, &StudioMenus::paletteRequested, this,
             [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
+    connect(m_menus, &StudioMenus::keyOverviewRequested, this, &StudioWindow::showKeyOverview);
+    connect(m_menus, &StudioMenus::aboutRequested, this,
+            [this] { showAboutBox(this, *vxApp->getPluginMgr()); });
 }
 
 void StudioWindow::completeMenus()
@@ -182,7 +190,22 @@ void StudioWindow::editShortcuts()
     if (dialog.exec() != QDialog::Accepted)
         return;
     ShortcutCatalogue::apply(dialog.list(), getActionMgr());
+    if (m_keyOverview)
+        m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
     Q_EMIT shortcutsEdited();
+}
+
+void StudioWindow::showKeyOverview()
+{
+    if (!m_keyOverview) {
+        m_keyOverview = new KeyOverviewDialog(this);
+        connect(m_keyOverview, &KeyOverviewDialog::changeRequested, this,
+                &StudioWindow::editShortcuts);
+    }
+    m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
+    m_keyOverview->show();
+    m_keyOverview->raise();
+    m_keyOverview->activateWindow();
 }
 
 /** True when there is nothing to lose, or it is saved now, or the user agrees to lose it. */

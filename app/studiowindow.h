@@ -4,6 +4,7 @@
 #include <vxcore/vxmainwindow.h>
 
 class DocumentController;
+class KeyOverviewDialog;
 class PaneDocks;
 class RecentFiles;
 class StudioMenus;
@@ -53,6 +54,8 @@ public Q_SLOTS:
     bool saveWithDialog();
     /// Lets the user change the shortcuts of the actions.
     void editShortcuts();
+    /// Shows what the keys and the mouse do, and does not wait.
+    void showKeyOverview();
 
 Q_SIGNALS:
     void shortcutsEdited();
@@ -77,6 +80,7 @@ private:
     PaneDocks *m_docks;
     RecentFiles *m_recentFiles;
     StudioMenus *m_menus;
+    KeyOverviewDialog *m_keyOverview = nullptr; // null until it is asked for
     bool m_wantsDefaultLayout = true;
 };
 

@@ -12,6 +12,7 @@
 #include <memory>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
+#include <vxcore/vxsettings.h>
 
 namespace {
 
@@ -102,6 +103,7 @@ private Q_SLOTS:
     void changesAgainstTheBeginning();
     void collectsMenus();
     void appliesSwappedShortcuts();
+    void refusals();
     void model();
     void modelTellsOfChanges();
     void search_data();
@@ -206,6 +208,12 @@ void tst_ShortcutList::collectsMenus()
     animation->addAction(first);
     QMenu *again = bar.addMenu("Again");
     again->addAction(first);
+    QAction *undo = file->addAction("&Undo Move Keys");
+    undo->setToolTip("Undo");
+    undo->setStatusTip("Takes back.");
+    undo->setShortcut(keys("Ctrl+Z"));
+    actions.addCommand("UndoCommand", undo);
+    actions.addCommand("OpenCommand", file->addAction("&Open..."));
 
     const ShortcutList list = ShortcutCatalogue::collect(bar, actions);
     QStringList rows;
@@ -216,6 +224,8 @@ void tst_ShortcutList::collectsMenus()
                     .join('|');
     }
     QCOMPARE(rows, QStringList({"|File|Save||Ctrl+S|Ctrl+S",
+                                "UndoCommand|File|Undo|Takes back.|Ctrl+Z|Ctrl+Z",
+                                "OpenCommand|File|Open|||",
                                 "FirstAction|Animation|First|What it does.|Ctrl+1|Ctrl+1",
                                 QString::fromUtf8("SecondAction|Animation › More & Better|Second|"
                                                   "What it does.|Ctrl+2|F2"),
@@ -237,6 +247,22 @@ void tst_ShortcutList::appliesSwappedShortcuts()
     QSignalSpy changed(&actions, &VxActionMgr::shortcutChanged);
     ShortcutCatalogue::apply(ShortcutCatalogue::collect(bar, actions), &actions);
     QCOMPARE(changed.size(), 0);
+}
+
+void tst_ShortcutList::refusals()
+{
+    VxActionMgr actions;
+    QAction save("&Save");
+    save.setShortcut(keys("Ctrl+S"));
+    actions.addCommand("SaveCommand", &save);
+    actions.addAction(new FirstAction);
+    VxSettings stored;
+    stored.setStringValue("FirstAction", "Ctrl+S");
+    QCOMPARE(ShortcutCatalogue::refusalText({}, stored, actions), QString());
+    const QStringList refused = actions.restoreShortcuts(&stored);
+    QCOMPARE(ShortcutCatalogue::refusalText(refused, stored, actions),
+             QString("The shortcut Ctrl+S that the settings give to \"First\" stays with "
+                     "\"Save\"."));
 }
 
 void tst_ShortcutList::model()

@@ -7,13 +7,15 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
+class QAction;
 class QKeySequence;
 class QMenuBar;
 class VxAction;
 class VxPluginMgr;
 class VxSettings;
 
-/// Owns the one instance of each action class and its shortcut.
+/// Owns the one instance of each action class and its shortcut, and keeps the shortcuts of the
+/// application's own commands among them: a key belongs to one of all.
 ///
 /// A shortcut that is a plain key (an arrow, the space bar, a letter) stays with the widget that
 /// has the focus where that needs it: text fields keep what edits, lists and sliders what moves in
@@ -40,6 +42,13 @@ public:
     /// taken) when the class has an instance already.
     bool addAction(VxAction *action);
 
+    /// Lets a command that is no VxAction, such as an entry of the application's own menus, have a
+    /// shortcut that the user can change, under a name that must not change either. The shortcut it
+    /// has now is its default, unless an earlier one has that (a warning tells). The command stays
+    /// its owner's. False, and nothing happens, for null, an empty name, and a name or command that
+    /// is known already.
+    bool addCommand(const QString &name, QAction *command);
+
     /// Calls init() on every action, in order.
     void initActions();
 
@@ -49,6 +58,13 @@ public:
     /// Null when index lies outside 0 .. getNumActions() - 1.
     VxAction *getAction(int index) const;
     QVector<VxAction *> getActions() const;
+
+    /// The action of a class or the command of a name; null when there is neither.
+    QAction *findCommand(const QString &name) const;
+    /// The name under which an action or a command has its shortcut; empty for any other.
+    QString getCommandName(const QAction *command) const;
+
+    // Below, the name of a command stands wherever a class name does.
 
     /// The shortcut in force; empty for none or for an unknown class.
     QKeySequence getShortcut(const QString &className) const;
@@ -69,8 +85,10 @@ public:
     /// one that was taken away. Entries of classes that are not there today stay.
     void saveShortcuts(VxSettings *settings) const;
     /// Sets what was stored and puts all others back to their defaults. A default that a stored
-    /// shortcut has taken is not given.
-    void restoreShortcuts(const VxSettings *settings);
+    /// shortcut has taken is not given, but a command (see addCommand()) of which nothing is stored
+    /// keeps its own. Returns the class names whose stored shortcut went to another one so, or to
+    /// an earlier one with the same stored; they are sorted.
+    QStringList restoreShortcuts(const VxSettings *settings);
 
     /// Fills a menu bar with every action that has a menu path: menus by getDefaultMenuPath(),
     /// sub-menus by the part of getActionGroup() behind a "/", separators between groups. Menus

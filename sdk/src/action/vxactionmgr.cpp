@@ -37,7 +37,27 @@ class VxActionMgr::Private
 public:
     QVector<VxAction *> actions;
     QHash<QString, VxAction *> actionsByName;
+    QHash<QString, QAction *> commandsByName;
     VxShortcutTable shortcuts;
+
+    QAction *find(const QString &name) const
+    {
+        VxAction *action = actionsByName.value(name);
+        return action ? action : commandsByName.value(name);
+    }
+
+    /** Whether a name's shortcut is the default of a command that has not been given another. */
+    bool isKeptByCommand(const QString &name, const QHash<QString, QKeySequence> &changes) const
+    {
+        const QKeySequence wanted = changes.value(name);
+        for (auto it = commandsByName.begin(); !wanted.isEmpty() && it != commandsByName.end();
+             ++it) {
+            if (it.key() != name && !changes.contains(it.key()) &&
+                shortcuts.defaultShortcut(it.key()) == wanted)
+                return true;
+        }
+        return false;
+    }
 
     void addShortcut(const QString &className, const VxAction *action)
     {
@@ -56,9 +76,9 @@ public:
 
     void applyShortcut(const QString &className) const
     {
-        VxAction *action = actionsByName.value(className);
-        action->setShortcut(shortcuts.shortcut(className));
-        action->updateInlineHelp();
+        find(className)->setShortcut(shortcuts.shortcut(className));
+        if (VxAction *action = actionsByName.value(className))
+            action->updateInlineHelp();
     }
 
     void forget(VxAction *action)
@@ -68,6 +88,12 @@ public:
         const QString className = actionsByName.key(action);
         actionsByName.remove(className);
         shortcuts.remove(className);
+    }
+
+    void forgetCommand(const QString &name)
+    {
+        commandsByName.remove(name);
+        shortcuts.remove(name);
     }
 };
 
@@ -120,6 +146,21 @@ bool VxActionMgr::addAction(VxAction *action)
     return true;
 }
 
+bool VxActionMgr::addCommand(const QString &name, QAction *command)
+{
+    if (!command || name.isEmpty() || findCommand(name) || !getCommandName(command).isEmpty())
+        return false;
+    QString holder;
+    if (!d->shortcuts.add(name, command->shortcut(), &holder))
+        qWarning("VxActionMgr: the shortcut %s of %s is taken by %s",
+                 qUtf8Printable(command->shortcut().toString(QKeySequence::PortableText)),
+                 qUtf8Printable(name), qUtf8Printable(holder));
+    d->commandsByName.insert(name, command);
+    d->applyShortcut(name);
+    connect(command, &QObject::destroyed, this, [this, name] { d->forgetCommand(name); });
+    return true;
+}
+
 void VxActionMgr::initActions()
 {
     const QVector<VxAction *> actions = d->actions;
@@ -147,6 +188,22 @@ QVector<VxAction *> VxActionMgr::getActions() const
     return d->actions;
 }
 
+QAction *VxActionMgr::findCommand(const QString &name) const
+{
+    return d->find(name);
+}
+
+QString VxActionMgr::getCommandName(const QAction *command) const
+{
+    if (!command)
+        return QString();
+    if (const auto *action = qobject_cast<const VxAction *>(command)) {
+        const QString className = classNameOf(action);
+        return findAction(className) == action ? className : QString();
+    }
+    return d->commandsByName.key(const_cast<QAction *>(command));
+}
+
 QKeySequence VxActionMgr::getShortcut(const QString &className) const
 {
     return d->shortcuts.shortcut(className);
@@ -159,7 +216,7 @@ QKeySequence VxActionMgr::getDefaultShortcut(const QString &className) const
 
 bool VxActionMgr::setShortcut(const QString &className, const QKeySequence &shortcut)
 {
-    if (!findAction(className))
+    if (!findCommand(className))
         return false;
     applyShortcuts(d->shortcuts.set(className, shortcut));
     return true;
@@ -186,19 +243,20 @@ void VxActionMgr::saveShortcuts(VxSettings *settings) const
         return;
     const QHash<QString, QKeySequence> changes = d->shortcuts.changes();
     // Entries of classes that no plug-in provides today stay for the day it is back.
-    for (auto it = d->actionsByName.begin(); it != d->actionsByName.end(); ++it) {
-        if (changes.contains(it.key()))
-            settings->setStringValue(it.key(),
-                                     changes.value(it.key()).toString(QKeySequence::PortableText));
+    const QStringList names = d->actionsByName.keys() + d->commandsByName.keys();
+    for (const QString &name : names) {
+        if (changes.contains(name))
+            settings->setStringValue(name,
+                                     changes.value(name).toString(QKeySequence::PortableText));
         else
-            settings->removeValue(it.key());
+            settings->removeValue(name);
     }
 }
 
-void VxActionMgr::restoreShortcuts(const VxSettings *settings)
+QStringList VxActionMgr::restoreShortcuts(const VxSettings *settings)
 {
     if (!settings)
-        return;
+        return {};
     QHash<QString, QKeySequence> changes;
     for (const QString &className : settings->getKeys()) {
         const QString text = settings->getStringValue(className);
@@ -209,7 +267,21 @@ void VxActionMgr::restoreShortcuts(const VxSettings *settings)
             qWarning("VxActionMgr: \"%s\", stored for %s, is not a shortcut", qUtf8Printable(text),
                      qUtf8Printable(className));
     }
-    applyShortcuts(d->shortcuts.restore(changes));
+    QStringList refused;
+    for (auto it = changes.begin(); it != changes.end(); ++it) {
+        if (findCommand(it.key()) && d->isKeptByCommand(it.key(), changes))
+            refused.append(it.key());
+    }
+    QHash<QString, QKeySequence> granted = changes;
+    for (const QString &name : qAsConst(refused))
+        granted.remove(name);
+    applyShortcuts(d->shortcuts.restore(granted));
+    for (auto it = granted.begin(); it != granted.end(); ++it) {
+        if (findCommand(it.key()) && getShortcut(it.key()) != it.value())
+            refused.append(it.key());
+    }
+    refused.sort();
+    return refused;
 }
 
 void VxActionMgr::populateMenuBar(QMenuBar *menuBar) const
