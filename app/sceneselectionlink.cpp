@@ -11,16 +11,11 @@
 
 SceneSelectionLink::SceneSelectionLink(QTreeView *view, SceneTreeModel *model, VxScene *scene,
                                        QObject *parent)
-    : QObject(parent)
-    , m_view(view)
-    , m_model(model)
-    , m_scene(scene)
+    : SceneTreeCompanion(view, model, scene, parent)
 {
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &SceneSelectionLink::showSceneSelection);
     const auto later = [this] {
         if (!m_isSending)
-            m_timer.start(0);
+            catchUpLater();
     };
     connect(scene, &VxScene::nodeSelectionListChanged, this, later);
     connect(model, &QAbstractItemModel::modelReset, this, later);
@@ -50,7 +45,7 @@ void SceneSelectionLink::handleViewSelection(const QItemSelection &selected,
     handleViewCurrent(m_view->currentIndex());
     // A node that cannot be selected must not look as if it were.
     m_primaryMoved = false;
-    m_timer.start(0);
+    catchUpLater();
 }
 
 void SceneSelectionLink::handleViewCurrent(const QModelIndex &current)

@@ -1,19 +1,15 @@
 #ifndef SCENESELECTIONLINK_H
 #define SCENESELECTIONLINK_H
 
-#include <QObject>
-#include <QTimer>
+#include "scenetreecompanion.h"
 
 class QItemSelection;
-class QTreeView;
-class SceneTreeModel;
-class VxScene;
 
 /// Keeps the rows selected in a tree view and the nodes selected in the scene the same.
 ///
 /// The view's changes go to the scene at once. The scene's changes go to the view once per event
 /// loop turn, so that a script that selects a thousand nodes one by one costs one pass.
-class SceneSelectionLink : public QObject
+class SceneSelectionLink : public SceneTreeCompanion
 {
     Q_OBJECT
 public:
@@ -23,13 +19,10 @@ public:
 private:
     void handleViewSelection(const QItemSelection &selected, const QItemSelection &deselected);
     void handleViewCurrent(const QModelIndex &current);
+    void catchUp() override { showSceneSelection(); }
     void showSceneSelection();
     QItemSelection sceneSelection() const;
 
-    QTreeView *const m_view;
-    SceneTreeModel *const m_model;
-    VxScene *const m_scene;
-    QTimer m_timer;
     bool m_isShowing = false; // the scene's state is being put into the view
     bool m_isSending = false; // the view's state is being put into the scene
     bool m_primaryMoved = true;

@@ -9,16 +9,11 @@
 
 SceneTreeFilter::SceneTreeFilter(QTreeView *view, SceneTreeModel *model, VxScene *scene,
                                  QObject *parent)
-    : QObject(parent)
-    , m_view(view)
-    , m_model(model)
-    , m_scene(scene)
+    : SceneTreeCompanion(view, model, scene, parent)
 {
-    m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, &SceneTreeFilter::apply);
     const auto later = [this] {
         if (!m_text.isEmpty())
-            m_timer.start(0);
+            catchUpLater();
     };
     connect(model, &QAbstractItemModel::dataChanged, this, later);
     connect(model, &QAbstractItemModel::rowsInserted, this, later);
@@ -42,7 +37,7 @@ void SceneTreeFilter::setText(const QString &text)
 
 void SceneTreeFilter::apply()
 {
-    m_timer.stop();
+    stopWaiting();
     m_matches.clear();
     QSet<const VxNode *> shown;
     const QVector<VxNode *> nodes = m_scene->getNodes();

@@ -1,20 +1,17 @@
 #ifndef SCENETREEFILTER_H
 #define SCENETREEFILTER_H
 
-#include <QObject>
-#include <QTimer>
+#include "scenetreecompanion.h"
+
 #include <QVector>
 
-class QTreeView;
-class SceneTreeModel;
 class VxNode;
-class VxScene;
 
 /// Shows only those rows of the scene's tree whose name contains a text, and the rows above them.
 ///
 /// Rows are hidden in the view and stay in the model, so that the selection is not touched by a
 /// search. Nodes that come, move or are renamed are looked at once per turn of the event loop.
-class SceneTreeFilter : public QObject
+class SceneTreeFilter : public SceneTreeCompanion
 {
     Q_OBJECT
 public:
@@ -30,12 +27,9 @@ Q_SIGNALS:
     void matchesChanged();
 
 private:
+    void catchUp() override { apply(); }
     void apply();
 
-    QTreeView *const m_view;
-    SceneTreeModel *const m_model;
-    VxScene *const m_scene;
-    QTimer m_timer;
     QString m_text;
     QVector<VxNode *> m_matches;
     bool m_hasHidden = false;
