@@ -47,6 +47,10 @@ private Q_SLOTS:
     void theObjectOfBeforePutBackMakesNoEntry();
     void aRemovedObjectOfADestroyedNode();
     void elementsOfAnObjectAreToldTwice();
+    void aSubElementIsUndone();
+    void subElementsOfANewObject();
+    void theHistoryDestroysSubElementsItKeeps();
+    void aSubElementDestroyedByOthers();
     void theSceneTellsOfEveryChange();
     void randomEditsAreUndoneExactly();
 
@@ -276,6 +280,95 @@ void TestElementUndo::elementsOfAnObjectAreToldTwice()
     QCOMPARE(told.count(), 2);
 }
 
+void TestElementUndo::aSubElementIsUndone()
+{
+    auto *object = new VxObject(QStringLiteral("shape"));
+    m_node->setObject(object);
+    object->addSubElement(new VxMorph(QStringLiteral("first")));
+    auto *smile = new VxMorph(QStringLiteral("smile"));
+    auto *frown = new VxMorph(QStringLiteral("frown"));
+    asEntry("Add Morphs", [&] {
+        object->addSubElement(smile);
+        object->addSubElement(frown);
+    });
+    smile->getValueControl()->setKey(160, 1, 0);
+    QCOMPARE(m_stack->count(), 1);
+    const QSignalSpy left(smile, &VxElement::aboutToBeRemoved);
+    QSignalSpy told(m_scene.get(), &VxScene::nodePropertiesChanged);
+    m_stack->undo();
+    QCOMPARE(object->getNumSubElements(), 1);
+    QCOMPARE(left.count(), 1);
+    QVERIFY(!smile->getOwnerElement() && !smile->parent());
+    QVERIFY(
+        !m_node->getPropertyGroups()->collectAllProperties().contains(smile->getValueControl()));
+    QVERIFY(told.count() > 0);
+    QVERIFY(m_stack->memoryUsed() > qint64(sizeof(VxMorph)));
+    told.clear();
+    m_stack->redo();
+    QCOMPARE(object->getNumSubElements(), 3);
+    QCOMPARE(object->getSubElement(1), smile);
+    QCOMPARE(object->getSubElement(2), frown);
+    QCOMPARE(smile->getOwnerElement(), object);
+    QCOMPARE(smile->getValueControl()->getNumKeys(), 1);
+    QVERIFY(m_node->getPropertyGroups()->collectAllProperties().contains(smile->getValueControl()));
+    QVERIFY(told.count() > 0);
+    m_stack->undo();
+    QCOMPARE(left.count(), 2);
+}
+
+void TestElementUndo::subElementsOfANewObject()
+{
+    auto *object = new VxObject(QStringLiteral("shape"));
+    asEntry("Add Shape", [&] {
+        object->addSubElement(new VxMorph(QStringLiteral("outside")));
+        m_node->setObject(object);
+        object->addSubElement(new VxMorph(QStringLiteral("inside")));
+    });
+    for (int i = 0; i < 2; ++i) {
+        m_stack->undo();
+        QVERIFY(!m_node->getObject());
+        m_stack->redo();
+        QCOMPARE(m_node->getObject(), object);
+        QCOMPARE(object->getNumSubElements(), 2);
+        QCOMPARE(object->getSubElement(1)->getName(), QString("inside"));
+    }
+}
+
+void TestElementUndo::theHistoryDestroysSubElementsItKeeps()
+{
+    auto *object = new VxObject(QStringLiteral("shape"));
+    m_node->setObject(object);
+    const QPointer<VxMorph> kept(new VxMorph(QStringLiteral("smile")));
+    asEntry("Add Morph", [&] { object->addSubElement(kept); });
+    m_stack->clear();
+    QVERIFY(kept); // it is the object's
+    const QPointer<VxMorph> dropped(new VxMorph(QStringLiteral("frown")));
+    asEntry("Add Morph", [&] { object->addSubElement(dropped); });
+    m_stack->undo();
+    QVERIFY(dropped);
+    m_stack->clear();
+    QVERIFY(!dropped);
+}
+
+void TestElementUndo::aSubElementDestroyedByOthers()
+{
+    auto *object = new VxObject(QStringLiteral("shape"));
+    m_node->setObject(object);
+    auto *morph = new VxMorph(QStringLiteral("smile"));
+    asEntry("Add Morph", [&] { object->addSubElement(morph); });
+    delete morph;
+    m_stack->undo(); // finds nobody
+    m_stack->redo();
+    QCOMPARE(object->getNumSubElements(), 0);
+    // One that came and went within the same hold leaves no entry.
+    asEntry("Nothing", [&] {
+        auto *passing = new VxMorph(QStringLiteral("passing"));
+        object->addSubElement(passing);
+        delete passing;
+    });
+    QCOMPARE(m_stack->count(), 1);
+}
+
 void TestElementUndo::theSceneTellsOfEveryChange()
 {
     QSignalSpy told(m_scene.get(), &VxScene::nodePropertiesChanged);
@@ -313,7 +406,11 @@ void TestElementUndo::randomEditsAreUndoneExactly()
     };
     const auto drawn = [this] {
         const VxObject *object = m_node->getObject();
-        return names().join(' ') + '|' + (object ? object->getName() : QString());
+        QStringList elements;
+        for (int i = 0; object && i < object->getNumSubElements(); ++i)
+            elements << object->getSubElement(i)->getName();
+        return names().join(' ') + '|' + (object ? object->getName() : QString()) + '|' +
+               elements.join(' ');
     };
     QStringList states{drawn()};
     int made = 0;
@@ -322,13 +419,15 @@ void TestElementUndo::randomEditsAreUndoneExactly()
         asEntry("Edit", [&] {
             for (int j = below(4); j >= 0; --j) {
                 const int extra = m_node->getNumProperties() - Controls;
-                const int kind = below(4);
+                const int kind = below(5);
                 if (kind == 0 && extra > 0)
                     m_node->removeProperty(m_node->getProperty(Controls + below(extra)));
                 else if (kind == 1)
                     m_node->setObject(new VxObject(QString::number(++made)));
                 else if (kind == 2)
                     m_node->setObject(nullptr);
+                else if (kind == 3 && m_node->getObject())
+                    m_node->getObject()->addSubElement(new VxMorph(QString::number(++made)));
                 else
                     add(qPrintable(QString::number(++made)));
             }

@@ -20,7 +20,8 @@ public:
     /// Null when index lies outside 0 .. getNumSubElements() - 1.
     Q_INVOKABLE VxElement *getSubElement(int index) const;
     /// Takes ownership and appends. False, with a warning, when the element is null, a node,
-    /// belongs to another one, or is this object or one it belongs to.
+    /// belongs to another one, or is this object or one it belongs to. Recorded for undo while a
+    /// hold is open and the object is in a scene.
     bool addSubElement(VxElement *element);
 
 protected:

@@ -20,6 +20,20 @@ qint64 propertyMemory(const VxProperty *property)
     return qint64(sizeof(VxFloatProperty)) + (number ? number->getKeyMemory() : 0);
 }
 
+/// The memory of an element that no scene has, with all that belongs to it.
+qint64 elementMemory(VxElement *top)
+{
+    qint64 bytes = 0;
+    QVector<VxElement *> elements;
+    VxElement::Private::collect(top, elements);
+    for (const VxElement *element : qAsConst(elements)) {
+        bytes += qint64(sizeof(VxObject));
+        for (int i = 0; i < element->getNumProperties(); ++i)
+            bytes += propertyMemory(element->getProperty(i));
+    }
+    return bytes;
+}
+
 } // namespace
 
 ElementPropertyItem::ElementPropertyItem(VxElement *element, VxProperty *property, int index)
@@ -92,17 +106,47 @@ bool NodeObjectItem::finish()
 
 qint64 NodeObjectItem::memoryUsed() const
 {
-    qint64 bytes = qint64(sizeof(*this));
-    if (!m_kept || m_kept->getOwnerElement())
-        return bytes;
-    QVector<VxElement *> elements;
-    VxElement::Private::collect(m_kept, elements);
-    for (const VxElement *element : qAsConst(elements)) {
-        bytes += qint64(sizeof(VxObject));
-        for (int i = 0; i < element->getNumProperties(); ++i)
-            bytes += propertyMemory(element->getProperty(i));
-    }
-    return bytes;
+    const bool keeps = m_kept && !m_kept->getOwnerElement();
+    return qint64(sizeof(*this)) + (keeps ? elementMemory(m_kept) : 0);
+}
+
+SubElementItem::SubElementItem(VxObject *object, VxElement *element, int index)
+    : VxUndoItem(element, VxUndoObjectSubElements)
+    , m_object(object)
+    , m_element(element)
+    , m_index(index)
+{
+}
+
+SubElementItem::~SubElementItem()
+{
+    if (m_element && !m_element->getOwnerElement())
+        delete m_element;
+}
+
+void SubElementItem::swap()
+{
+    if (!m_object || !m_element)
+        return;
+    VxElement::Private *record = VxElement::Private::of(m_object);
+    const int present = record->placeOfElement(m_element);
+    if (present >= 0)
+        record->takeElement(m_element);
+    if (m_index >= 0)
+        record->insertElement(m_element, m_index);
+    m_index = present;
+}
+
+bool SubElementItem::finish()
+{
+    return m_object && m_element &&
+           VxElement::Private::of(m_object)->placeOfElement(m_element) != m_index;
+}
+
+qint64 SubElementItem::memoryUsed() const
+{
+    const bool keeps = m_element && !m_element->getOwnerElement();
+    return qint64(sizeof(*this)) + (keeps ? elementMemory(m_element) : 0);
 }
 
 ElementPropertyItem *recordPropertyPlace(VxElement *element, VxProperty *property, int index)
@@ -131,4 +175,10 @@ NodeObjectItem *recordObject(VxNode *node)
     auto *item = new NodeObjectItem(node);
     stack->record(item);
     return item;
+}
+
+void recordNewSubElement(VxObject *object, VxElement *element)
+{
+    if (isRecording(object))
+        VxUndoStack::current()->record(new SubElementItem(object, element, -1));
 }

@@ -59,10 +59,31 @@ private:
     QPointer<VxObject> m_kept;
 };
 
+/// The undo item of a sub-element that came to an object: exchanges its place among the others with
+/// none, and owns it while it is out.
+class SubElementItem : public VxUndoItem
+{
+public:
+    /// To be called before the change. index: the present place, -1 for an element that is out.
+    SubElementItem(VxObject *object, VxElement *element, int index);
+    ~SubElementItem() override;
+
+    void swap() override;
+    bool finish() override;
+    qint64 memoryUsed() const override;
+
+private:
+    QPointer<VxObject> m_object;
+    QPointer<VxElement> m_element;
+    int m_index;
+};
+
 /// Records that a property is about to come or go; index as in ElementPropertyItem. Null when
 /// nothing is recorded, because no hold is open or the element is in no scene.
 ElementPropertyItem *recordPropertyPlace(VxElement *element, VxProperty *property, int index);
 /// The open hold's item of a node's object, made when there is none; null as above.
 NodeObjectItem *recordObject(VxNode *node);
+/// Records that an element is about to come to an object, when something is recorded.
+void recordNewSubElement(VxObject *object, VxElement *element);
 
 #endif

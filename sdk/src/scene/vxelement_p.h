@@ -16,6 +16,7 @@ enum VxSceneUndoKind {
     VxUndoElementProperties,
     VxUndoNodePlace,
     VxUndoNodeObject,
+    VxUndoObjectSubElements,
     VxUndoNodeVisible,
     VxUndoNodeSelectable,
     VxUndoNodeIk,
@@ -67,6 +68,11 @@ public:
     virtual void propertyLost(VxProperty *) {}
     /// An element that belongs to this one is being destroyed by someone else.
     virtual void elementLost(VxElement *) {}
+    /// Of an object: the place of one of its sub-elements (-1 for another), taking one out, which
+    /// then belongs to nobody, and putting in one that nobody has; both tell of it.
+    virtual int placeOfElement(const VxElement *) const { return -1; }
+    virtual void takeElement(VxElement *) {}
+    virtual void insertElement(VxElement *, int) {}
 
     VxElement *q = nullptr;
     QString name;

@@ -1,5 +1,6 @@
 #include <vxcore/vxobject.h>
 
+#include "scene/elementundo.h"
 #include "scene/vxelement_p.h"
 #include <vxcore/vxnode.h>
 
@@ -12,9 +13,38 @@ public:
         invalidateGroups();
         tellPropertiesChanged();
     }
+    int placeOfElement(const VxElement *element) const override
+    {
+        return subElements.indexOf(const_cast<VxElement *>(element));
+    }
+    void takeElement(VxElement *element) override;
+    void insertElement(VxElement *element, int index) override;
 
     QVector<VxElement *> subElements;
 };
+
+void VxObject::Private::takeElement(VxElement *element)
+{
+    of(element)->announceRemovalOfAll();
+    of(element)->owner = nullptr;
+    element->setParent(nullptr);
+    subElements.removeOne(element);
+    invalidateGroups();
+    tellPropertiesChanged();
+}
+
+void VxObject::Private::insertElement(VxElement *element, int index)
+{
+    element->setParent(q);
+    of(element)->owner = q;
+    subElements.insert(qMin(index, subElements.size()), element);
+    QVector<VxElement *> elements;
+    collect(element, elements);
+    for (VxElement *inserted : qAsConst(elements))
+        of(inserted)->removalAnnounced = false;
+    invalidateGroups();
+    tellPropertiesChanged();
+}
 
 VxObject::VxObject(const QString &name)
     : VxElement(name, new Private)
@@ -65,11 +95,8 @@ bool VxObject::addSubElement(VxElement *element)
                  element ? qUtf8Printable(element->getName()) : "null");
         return false;
     }
-    element->setParent(this);
-    VxElement::Private::of(element)->owner = this;
-    priv()->subElements.append(element);
-    invalidatePropertyGroups();
-    priv()->tellPropertiesChanged();
+    recordNewSubElement(this, element);
+    priv()->insertElement(element, priv()->subElements.size());
     return true;
 }
 
