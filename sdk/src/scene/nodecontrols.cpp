@@ -1,9 +1,9 @@
 #include "scene/nodecontrols.h"
 
 #include "keys/vxproperty_p.h"
+#include "scene/rotationangles.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QtMath>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {
@@ -37,34 +37,6 @@ constexpr ControlInfo Controls[NodeControlCount] = {
     {"ZScale", QT_TRANSLATE_NOOP("VxNode", "Z Scale"), Scale, VxFloatProperty::ZAxis, true},
 };
 
-/// The axes of each rotation order, as they are multiplied from left to right.
-constexpr int Orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
-
-/// A rotation matrix, columns first: column[i] is where axis i goes.
-struct Rotation3
-{
-    double column[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-
-    /// Multiplies by a rotation about one axis from the right: only the two columns of the other
-    /// axes mix.
-    void turn(int axis, double degrees)
-    {
-        if (degrees == 0)
-            return;
-        const double angle = qDegreesToRadians(degrees);
-        const double cosine = std::cos(angle);
-        const double sine = std::sin(angle);
-        double *first = column[(axis + 1) % 3];
-        double *second = column[(axis + 2) % 3];
-        for (int row = 0; row < 3; ++row) {
-            const double a = first[row];
-            const double b = second[row];
-            first[row] = a * cosine + b * sine;
-            second[row] = b * cosine - a * sine;
-        }
-    }
-};
-
 } // namespace
 
 VxFloatProperty *makeNodeControl(NodeControl control)
@@ -82,6 +54,11 @@ VxFloatProperty *makeNodeControl(NodeControl control)
     return property;
 }
 
+double nodeControlDefault(NodeControl control)
+{
+    return Controls[control].isScale ? 1.0 : 0.0;
+}
+
 QString nodeControlPath(NodeControl control)
 {
     return QString::fromLatin1(Controls[control].group);
@@ -91,27 +68,23 @@ NodeControlValues nodeControlValues(const NodeControls &controls, VxTime time)
 {
     NodeControlValues values;
     for (size_t i = 0; i < controls.size(); ++i) {
-        const double missing = Controls[i].isScale ? 1.0 : 0.0;
-        values[i] = controls[i] ? double(controls[i]->getValue(time)) : missing;
+        values[i] = controls[i] ? double(controls[i]->getValue(time))
+                                : nodeControlDefault(static_cast<NodeControl>(i));
     }
     return values;
 }
 
-QMatrix4x4 nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,
-                         const QVector3D &origin)
+AffineTransform nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,
+                              const QVector3D &origin)
 {
-    Rotation3 rotation;
-    for (const int axis : Orders[order])
-        rotation.turn(axis, values[size_t(XRotation + axis)]);
-
-    QMatrix4x4 matrix;
+    AffineTransform transform;
+    for (const int axis : rotationAxes(order))
+        transform.turn(axis, values[size_t(XRotation + axis)]);
     for (int axis = 0; axis < 3; ++axis) {
         const double scale = values[UniformScale] * values[size_t(XScale + axis)];
-        for (int row = 0; row < 3; ++row)
-            matrix(row, axis) = float(rotation.column[axis][row] * scale);
-        matrix(axis, 3) = float(double(origin[axis]) + values[size_t(XPosition + axis)]);
+        for (double &element : transform.column[axis])
+            element *= scale;
+        transform.column[3][axis] = double(origin[axis]) + values[size_t(XPosition + axis)];
     }
-    // Writing elements leaves the matrix flagged as a general one; let it find the cheaper kinds.
-    matrix.optimize();
-    return matrix;
+    return transform;
 }

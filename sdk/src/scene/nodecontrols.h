@@ -1,7 +1,7 @@
 #ifndef SCENE_NODECONTROLS_H
 #define SCENE_NODECONTROLS_H
 
-#include <QtGui/QMatrix4x4>
+#include "scene/affinetransform.h"
 #include <array>
 #include <vxcore/vxnode.h>
 
@@ -26,6 +26,8 @@ using NodeControls = std::array<VxFloatProperty *, NodeControlCount>;
 
 /// A new control with its name, label, axis and default value; the caller's.
 VxFloatProperty *makeNodeControl(NodeControl control);
+/// The value that a control begins with, and that counts where it is gone.
+double nodeControlDefault(NodeControl control);
 /// The group path that a control stands in.
 QString nodeControlPath(NodeControl control);
 
@@ -35,7 +37,7 @@ using NodeControlValues = std::array<double, NodeControlCount>;
 /// The values at a time; a control that is gone counts as its default.
 NodeControlValues nodeControlValues(const NodeControls &controls, VxTime time);
 /// translate(origin + position) * rotation * scale.
-QMatrix4x4 nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,
-                         const QVector3D &origin);
+AffineTransform nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,
+                              const QVector3D &origin);
 
 #endif

@@ -333,7 +333,8 @@ QMatrix4x4 VxNode::getLocalTransform(VxTime time) const
 {
     const Private *record = priv();
     return nodeTransform(nodeControlValues(record->controls, time), record->rotationOrder,
-                         record->origin);
+                         record->origin)
+        .toMatrix();
 }
 
 QMatrix4x4 VxNode::getWorldTransform(VxTime time) const

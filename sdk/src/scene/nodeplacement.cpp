@@ -1,0 +1,43 @@
+#include "scene/nodeplacement.h"
+
+namespace {
+
+/// The node's transform without its own size, so that one that is flat has axes, too.
+AffineTransform unscaled(NodeControlValues values, VxNode::RotationOrder order,
+                         const QVector3D &origin)
+{
+    for (const NodeControl scale : {UniformScale, XScale, YScale, ZScale})
+        values[scale] = 1;
+    return nodeTransform(values, order, origin);
+}
+
+} // namespace
+
+RotationAngles anglesOf(const NodeControlValues &values)
+{
+    return {values[XRotation], values[YRotation], values[ZRotation]};
+}
+
+PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder order,
+                         const QVector3D &origin, const AffineTransform &relation,
+                         const RotationAngles &near, StretchTarget target)
+{
+    PlacedValues placed{values, true};
+    const AffineTransform wanted = relation * unscaled(values, order, origin);
+    for (int axis = 0; axis < 3; ++axis)
+        placed.values[size_t(XPosition + axis)] = wanted.column[3][axis] - double(origin[axis]);
+    const std::optional<TurnAndStretch> split = splitTurn(wanted);
+    if (!split) {
+        placed.turned = false;
+        return placed;
+    }
+    const RotationAngles angles = rotationAngles(split->turn, order, near);
+    for (size_t axis = 0; axis < 3; ++axis) {
+        placed.values[XRotation + axis] = angles[axis];
+        if (target == StretchTarget::Axes)
+            placed.values[XScale + axis] *= split->factors[axis];
+    }
+    if (target == StretchTarget::Uniform)
+        placed.values[UniformScale] *= split->factors[0];
+    return placed;
+}

@@ -1,0 +1,238 @@
+#include "scene/placekeeper.h"
+
+#include "scene/vxnode_p.h"
+#include <QtCore/QVector>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+
+namespace {
+
+// Differences that come from computing alone, relative to the numbers that went in.
+constexpr double Noise = 1e-9;
+constexpr double AngleNoise = 1e-7; // degrees
+// What single precision leaves of a place that was written and is read again.
+constexpr double PlaceTolerance = 1e-5;
+
+bool isSingle(double value)
+{
+    return std::isfinite(value) && std::abs(value) <= double(std::numeric_limits<float>::max());
+}
+
+bool isRotation(NodeControl control)
+{
+    return control >= XRotation && control <= ZRotation;
+}
+
+double largest(const double column[3])
+{
+    return std::max({std::abs(column[0]), std::abs(column[1]), std::abs(column[2])});
+}
+
+} // namespace
+
+PlaceKeeper::PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now)
+    : m_node(node)
+    , m_controls(VxNode::Private::of(node)->controls)
+    , m_times(controlKeyTimes(m_controls))
+{
+    const auto place = std::lower_bound(m_times.begin(), m_times.end(), now);
+    m_now = size_t(place - m_times.begin());
+    m_nowIsKey = place != m_times.end() && *place == now;
+    if (!m_nowIsKey)
+        m_times.insert(place, now);
+    if (!sampleRelations(oldParent, newParent))
+        m_relations.clear();
+}
+
+/** At a time when the new parent has no size its space as it is next to that time is taken. */
+bool PlaceKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newParent)
+{
+    const VxNode *common = commonAncestor(oldParent, newParent);
+    const std::vector<AffineTransform> from = transformsUpTo(oldParent, common, m_times);
+    const std::vector<AffineTransform> to = transformsUpTo(newParent, common, m_times);
+    std::vector<bool> known(m_times.size());
+    m_relations.resize(m_times.size());
+    for (size_t i = 0; i < m_times.size(); ++i) {
+        const std::optional<AffineTransform> inverse = to[i].inverted();
+        known[i] = inverse.has_value();
+        if (inverse)
+            m_relations[i] = *inverse * from[i];
+    }
+    if (!known[m_now])
+        return false;
+    // From the time asked for, where the relation is known, to either end.
+    for (size_t i = m_now + 1; i < m_times.size(); ++i) {
+        if (!known[i])
+            m_relations[i] = m_relations[i - 1];
+    }
+    for (size_t i = m_now; i-- > 0;) {
+        if (!known[i])
+            m_relations[i] = m_relations[i + 1];
+    }
+    return true;
+}
+
+bool PlaceKeeper::solve()
+{
+    const bool conformal =
+        std::all_of(m_relations.begin(), m_relations.end(),
+                    [](const AffineTransform &relation) { return relation.isConformal(); });
+    const StretchTarget target = conformal ? StretchTarget::Uniform : StretchTarget::Axes;
+    const NodeSamples samples(m_node, m_times);
+    for (size_t i = 0; i < m_times.size(); ++i) {
+        m_old.push_back(samples.at(i));
+        const NodeControlValues &old = m_old.back();
+        RotationAngles near = anglesOf(old);
+        // Each turn goes on from the last one as far as the node turned before.
+        for (size_t axis = 0; i > 0 && axis < 3; ++axis)
+            near[axis] += m_new[i - 1][XRotation + axis] - m_old[i - 1][XRotation + axis];
+        const QVector3D origin = m_node->getOrigin();
+        m_new.push_back(
+            placeValues(old, m_node->getRotationOrder(), origin, m_relations[i], near, target)
+                .values);
+        if (!std::all_of(m_new.back().begin(), m_new.back().end(), isSingle))
+            return false;
+        m_reach = std::max({m_reach, largest(m_relations[i].column[3]), largest(old.data()),
+                            largest(m_new.back().data()), double(origin.length())});
+    }
+    return true;
+}
+
+bool PlaceKeeper::keep()
+{
+    if (m_relations.empty() || !solve())
+        return false;
+    const VxChangeBlock block;
+    // Of three angles, two are of no use without the third.
+    const NodeControl groups[][2] = {
+        {XPosition, ZPosition}, {XRotation, ZRotation}, {UniformScale, ZScale}};
+    for (const auto &group : groups) {
+        if (!isAvailable(group[0], group[1]))
+            continue;
+        for (int control = group[0]; control <= group[1]; ++control)
+            write(static_cast<NodeControl>(control));
+    }
+    return isInPlace();
+}
+
+bool PlaceKeeper::isAvailable(NodeControl first, NodeControl last) const
+{
+    return std::all_of(m_controls.begin() + first, m_controls.begin() + last + 1,
+                       [](const VxFloatProperty *control) {
+                           return control && !control->isLocked() && !control->isLinked() &&
+                                  control->getKeyHolder() == control;
+                       });
+}
+
+double PlaceKeeper::tolerance(NodeControl control) const
+{
+    if (isRotation(control))
+        return AngleNoise;
+    if (control <= ZPosition)
+        return Noise * m_reach;
+    double size = 0;
+    for (const NodeControlValues &values : m_old)
+        size = std::max(size, std::abs(values[control]));
+    return Noise * size;
+}
+
+void PlaceKeeper::write(NodeControl control)
+{
+    VxFloatProperty *property = m_controls[control];
+    const double noise = tolerance(control);
+    const auto difference = [&](size_t i) { return m_new[i][control] - m_old[i][control]; };
+    bool changes = false;
+    bool shifts = true; // by the same everywhere
+    bool moves = false;
+    for (size_t i = 0; i < m_times.size(); ++i) {
+        changes = changes || std::abs(difference(i)) > noise;
+        shifts = shifts && std::abs(difference(i) - difference(0)) <= noise;
+        moves = moves || std::abs(m_new[i][control] - m_new[0][control]) > noise;
+    }
+    if (!changes)
+        return;
+    const int count = property->getNumKeys();
+    if (count == 0 && (!moves || !property->canBeKeyed())) {
+        property->setStoredValue(float(m_new[m_now][control]));
+    } else if (count > 0 && shifts) {
+        QVector<int> indexes(count);
+        QVector<float> values(count);
+        for (int i = 0; i < count; ++i) {
+            indexes[i] = i;
+            values[i] = float(double(property->getKeyValue(i)) + difference(0));
+        }
+        property->setKeyValues(indexes, values);
+    } else {
+        writeKeys(control);
+        pinNow(control);
+    }
+}
+
+/** Keys at all the times; new ones among old ones have the shape of the one before them. */
+void PlaceKeeper::writeKeys(NodeControl control)
+{
+    VxFloatProperty *property = m_controls[control];
+    const VxKeyColumns<float> old = property->getKeys();
+    VxKeyShape shape;
+    shape.type = quint8(property->getDefaultInterpolation());
+    std::vector<VxTime> times;
+    std::vector<float> values;
+    std::vector<quint8> types;
+    std::vector<VxTcb> tcb;
+    int next = 0;
+    for (size_t i = 0; i < m_times.size(); ++i) {
+        if (next < old.count && old.times[next] == m_times[i]) {
+            shape.type = old.types ? old.types[next] : quint8(VxKeyInterp::Linear);
+            shape.tcb = old.tcb ? old.tcb[next] : VxTcb();
+            ++next;
+        } else if (i == m_now && !m_nowIsKey) {
+            continue;
+        }
+        times.push_back(m_times[i]);
+        values.push_back(float(m_new[i][control]));
+        types.push_back(shape.type);
+        tcb.push_back(shape.tcb);
+    }
+    // Where no key has any, none shall take room for them.
+    const VxTcb *shapes = old.tcb ? tcb.data() : nullptr;
+    property->setKeys({times.data(), values.data(), types.data(), shapes, int(times.size())});
+}
+
+void PlaceKeeper::pinNow(NodeControl control)
+{
+    VxFloatProperty *property = m_controls[control];
+    const double wanted = m_new[m_now][control];
+    const VxTime now = m_times[m_now];
+    const double scale = isRotation(control) ? 1 : std::max(m_reach, std::abs(wanted));
+    if (std::abs(double(property->getValue(now)) - wanted) <= PlaceTolerance * 0.1 * scale)
+        return;
+    const int before = property->getFirstKeyFrom(now) - 1;
+    float shape[3] = {0, 0, 0};
+    const int type =
+        before < 0 ? property->getDefaultInterpolation()
+                   : property->getKeyInterpolationType(before, &shape[0], &shape[1], &shape[2]);
+    property->setKey(now, float(wanted), type, shape[0], shape[1], shape[2]);
+}
+
+bool PlaceKeeper::isInPlace() const
+{
+    const VxNode::RotationOrder order = m_node->getRotationOrder();
+    const QVector3D origin = m_node->getOrigin();
+    const AffineTransform wanted = m_relations[m_now] * nodeTransform(m_old[m_now], order, origin);
+    const AffineTransform present =
+        nodeTransform(nodeControlValues(m_controls, m_times[m_now]), order, origin);
+    double size = 0;
+    for (int i = 0; i < 3; ++i)
+        size = std::max(size, largest(wanted.column[i]));
+    for (int i = 0; i < 4; ++i) {
+        const double most = PlaceTolerance * (i < 3 ? size : m_reach);
+        for (int row = 0; row < 3; ++row) {
+            if (!(std::abs(wanted.column[i][row] - present.column[i][row]) <= most))
+                return false;
+        }
+    }
+    return true;
+}

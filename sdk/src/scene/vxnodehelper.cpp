@@ -1,0 +1,27 @@
+#include <vxcore/vxnodehelper.h>
+
+#include "scene/placekeeper.h"
+#include <vxcore/vxnode.h>
+
+bool VxNodeHelper::isShown(const VxNode *node)
+{
+    while (node && node->isVisible())
+        node = node->getNodeParent();
+    return !node;
+}
+
+VxNode *VxNodeHelper::getHiddenAncestor(const VxNode *node)
+{
+    VxNode *hidden = nullptr;
+    for (VxNode *above = node->getNodeParent(); above; above = above->getNodeParent()) {
+        if (!above->isVisible())
+            hidden = above;
+    }
+    return hidden;
+}
+
+bool VxNodeHelper::keepWorldPlace(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
+                                  VxTime time)
+{
+    return oldParent == newParent || PlaceKeeper(node, oldParent, newParent, time).keep();
+}
