@@ -12,7 +12,7 @@ struct Visit
     VxNode *node;
     QMatrix4x4 parentWorld;
     QVector3D parentAt;
-    VxNode *parentBone; // null when the parent is no visible bone
+    VxNode *parentBone; // null when the parent is no bone
 };
 
 bool isBone(const VxNode *node)
@@ -37,15 +37,12 @@ FigureLines::Axes axesOf(VxNode *node, const QMatrix4x4 &world, const QVector3D 
     return axes;
 }
 
-void addNode(const Visit &visit, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
+void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
 {
-    VxNode *node = visit.node;
     const bool bone = isBone(node);
     const bool figure = qobject_cast<const VxSkeleton *>(node) != nullptr;
     if ((!bone && !figure) || node == node->getScene()->getPrimarySelection())
         lines->axes.append(axesOf(node, world, at));
-    if (bone && visit.parentBone)
-        lines->bones.append({visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
     if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull())
         lines->bones.append({at, world.map(node->getEndPoint()), node, node->isSelected()});
     // A figure's own place is no joint of it; it shows when it has nothing else to show.
@@ -67,9 +64,14 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
         VxNode *node = visit.node;
         const QMatrix4x4 world = visit.parentWorld * node->getLocalTransform(time);
         const QVector3D at = world.column(3).toVector3D();
-        if (node->isVisible())
-            addNode(visit, world, at, &lines);
-        VxNode *bone = node->isVisible() && isBone(node) ? node : nullptr;
+        // The line to a bone is its parent's, and is there without the bone.
+        if (visit.parentBone && isBone(node))
+            lines.bones.append(
+                {visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
+        if (!node->isVisible())
+            continue;
+        addNode(node, world, at, &lines);
+        VxNode *bone = isBone(node) ? node : nullptr;
         for (int i = node->getNumNodeChildren() - 1; i >= 0; --i)
             open.append({node->getNodeChild(i), world, at, bone});
     }

@@ -39,9 +39,9 @@ struct FigureLines
     QVector<Joint> joints;
     QVector<Axes> axes;
 
-    /// Nodes that are not visible are left out; what hangs below them is not. A bone leads to each
-    /// of its bones; one without any leads to its end point. A node that is neither bone nor figure
-    /// has axes, and so has the primary selection.
+    /// Nodes that are not visible are left out with all that hangs below them. A bone leads to each
+    /// of its bones, visible or not; one without any leads to its end point. A node that is neither
+    /// bone nor figure has axes, and so has the primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);
 
     /// Every joint and the end of every bone.

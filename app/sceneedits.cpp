@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnode.h>
+#include <vxcore/vxnodehelper.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -25,6 +26,19 @@ QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
     QVector<VxNode *> children;
     parent->getNodeChildren(children);
     return children;
+}
+
+/// Puts nodes below a parent in their order, from a place on that is counted among its other
+/// children.
+void place(const QVector<VxNode *> &nodes, VxNode *parent, int first)
+{
+    // Those that stand there already go to the end first.
+    for (VxNode *node : nodes) {
+        if (node->getNodeParent() == parent)
+            node->setNodeParent(parent);
+    }
+    for (int i = 0; i < nodes.size(); ++i)
+        nodes.at(i)->setNodeParent(parent, first + i);
 }
 
 } // namespace
@@ -82,7 +96,8 @@ bool SceneEdits::canMove(const QVector<VxNode *> &nodes, const VxNode *parent)
     });
 }
 
-bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index)
+bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
+                      Kept kept, QVector<VxNode *> *displaced)
 {
     const QVector<VxNode *> moved = topmost(scene, nodes);
     if (moved.isEmpty() || !canMove(moved, parent))
@@ -94,7 +109,7 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
     const QVector<VxNode *> before = childrenOf(scene, parent);
     const int end = index < 0 ? before.size() : std::min(index, before.size());
     const QSet<VxNode *> moving(moved.cbegin(), moved.cend());
-    const int place = int(std::count_if(before.cbegin(), before.cbegin() + end,
+    const int first = int(std::count_if(before.cbegin(), before.cbegin() + end,
                                         [&](VxNode *node) { return !moving.contains(node); }));
     VxUndoStackHold hold;
     const QString text = isReorder
@@ -102,14 +117,15 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
                                        QT_TRANSLATE_NOOP("SceneEdits", "Reorder %1 Nodes"))
                              : textFor(moved, QT_TRANSLATE_NOOP("SceneEdits", "Reparent \"%1\""),
                                        QT_TRANSLATE_NOOP("SceneEdits", "Reparent %1 Nodes"));
-    // Those that stand below the parent already go to its end first, so that places can be counted
-    // among the others alone.
+    const VxChangeBlock block;
     for (VxNode *node : moved) {
-        if (node->getNodeParent() == parent)
-            node->setNodeParent(parent);
+        const bool stays =
+            kept == Kept::Values ||
+            VxNodeHelper::keepWorldPlace(node, node->getNodeParent(), parent, scene->getTime());
+        if (!stays && displaced)
+            displaced->append(node);
     }
-    for (int i = 0; i < moved.size(); ++i)
-        moved.at(i)->setNodeParent(parent, place + i);
+    place(moved, parent, first);
     const bool changed = !isReorder || childrenOf(scene, parent) != before;
     if (changed)
         hold.accept(text);

@@ -20,10 +20,17 @@ bool remove(VxScene *scene, const QVector<VxNode *> &nodes);
 
 bool setVisible(const QVector<VxNode *> &nodes, bool visible);
 
+/// What a node keeps when it gets another parent: its place in the world at the scene's time and
+/// at its keys, which get other values for it, or the values of its controls, with which it jumps
+/// to where they lead below the new parent.
+enum class Kept { WorldPlace, Values };
+
 /// Puts the nodes, in the order of the hierarchy, below a parent (null: the top level), before the
 /// child that is at `index` now; -1, or one beyond the end: behind the last one. Nodes below
-/// another one of the list go along with it.
-bool move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index);
+/// another one of the list go along with it. Those that could not keep their places, see
+/// VxNodeHelper::keepWorldPlace(), are appended to `displaced`.
+bool move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
+          Kept kept = Kept::WorldPlace, QVector<VxNode *> *displaced = nullptr);
 /// False when the parent is one of the nodes or below one.
 bool canMove(const QVector<VxNode *> &nodes, const VxNode *parent);
 

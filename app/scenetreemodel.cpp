@@ -1,7 +1,5 @@
 #include "scenetreemodel.h"
 
-#include "sceneedits.h"
-
 #include <QGuiApplication>
 #include <QHash>
 #include <QIcon>
@@ -10,6 +8,7 @@
 #include <QPointer>
 #include <vector>
 #include <vxcore/vxnode.h>
+#include <vxcore/vxnodehelper.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -68,6 +67,7 @@ public:
     VxScene *scene;
     Row root;
     QHash<const VxNode *, Row *> rows;
+    SceneEdits::Kept dropKeeps = SceneEdits::Kept::WorldPlace;
 
     Row *rowOf(const VxNode *node) { return node ? rows.value(node) : &root; }
 
@@ -102,7 +102,7 @@ public:
 
 SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
     : QAbstractItemModel(parent)
-    , d(new Private{scene, {}, {}})
+    , d(new Private{scene, {}, {}, SceneEdits::Kept::WorldPlace})
 {
     connect(scene, &VxScene::nodeAdded, this, &SceneTreeModel::addNode);
     connect(scene, &VxScene::aboutToRemoveNode, this, &SceneTreeModel::removeNode);
@@ -111,7 +111,7 @@ SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
     connect(scene, &VxScene::nodeOrderChanged, this,
             [this](VxNode *node) { moveRow(node, node->getNodeParent()); });
     connect(scene, &VxScene::nodeVisibleChanged, this,
-            [this](const VxNode *node) { refresh(node); });
+            [this](const VxNode *node) { refreshVisibility(node); });
     connect(scene, &VxScene::sceneLoaded, this, &SceneTreeModel::rebuild);
     connect(scene, &VxScene::sceneClearStarting, this, &SceneTreeModel::dropAll);
     rebuild();
@@ -193,7 +193,7 @@ QVariant SceneTreeModel::nameData(const VxNode *node, const QIcon &icon, int rol
     case Qt::DecorationRole:
         return icon;
     case Qt::ForegroundRole:
-        return node->isVisible()
+        return VxNodeHelper::isShown(node)
                    ? QVariant()
                    : QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     default:
@@ -201,15 +201,29 @@ QVariant SceneTreeModel::nameData(const VxNode *node, const QIcon &icon, int rol
     }
 }
 
+QString SceneTreeModel::eyeTip(const VxNode *node)
+{
+    const VxNode *above = VxNodeHelper::getHiddenAncestor(node);
+    const QString tip =
+        node->isVisible() ? tr("Visible: click to hide") : tr("Hidden: click to show");
+    return above ? tip + QLatin1Char('\n') +
+                       tr("Not seen, because \"%1\" is hidden").arg(above->getLabel())
+                 : tip;
+}
+
 QVariant SceneTreeModel::eyeData(const VxNode *node, int role)
 {
     switch (role) {
     case Qt::CheckStateRole:
         return node->isVisible() ? Qt::Checked : Qt::Unchecked;
+    case ShownRole:
+        return VxNodeHelper::isShown(node);
     case Qt::ToolTipRole:
-        return node->isVisible() ? tr("Visible: click to hide") : tr("Hidden: click to show");
+        return eyeTip(node);
     case Qt::AccessibleTextRole:
-        return node->isVisible() ? tr("visible") : tr("hidden");
+        return !node->isVisible()            ? tr("hidden")
+               : VxNodeHelper::isShown(node) ? tr("visible")
+                                             : tr("visible, within a hidden node");
     default:
         return QVariant();
     }
@@ -266,7 +280,17 @@ bool SceneTreeModel::dropMimeData(const QMimeData *data, Qt::DropAction action, 
     if (!canDropMimeData(data, action, row, column, parent))
         return false;
     const auto *dragged = qobject_cast<const DraggedNodes *>(data);
-    return SceneEdits::move(d->scene, dragged->nodes(d->scene), nodeAt(parent), row);
+    QVector<VxNode *> left;
+    const bool done = SceneEdits::move(d->scene, dragged->nodes(d->scene), nodeAt(parent), row,
+                                       d->dropKeeps, &left);
+    if (done && !left.isEmpty())
+        Q_EMIT displaced(left);
+    return done;
+}
+
+void SceneTreeModel::setDropKeeps(SceneEdits::Kept kept)
+{
+    d->dropKeeps = kept;
 }
 
 void SceneTreeModel::rebuild()
@@ -344,6 +368,28 @@ void SceneTreeModel::refresh(const VxNode *node)
     const QModelIndex index = indexOf(node);
     if (index.isValid())
         Q_EMIT dataChanged(index, index.siblingAtColumn(EyeColumn));
+}
+
+/** Whether a node is shown changes for those that hang on it, down to those hidden by themselves.
+ */
+void SceneTreeModel::refreshVisibility(const VxNode *node)
+{
+    refresh(node);
+    const VxNode *above = node->getNodeParent();
+    if (above && !VxNodeHelper::isShown(above))
+        return;
+    QModelIndexList open{indexOf(node)};
+    while (!open.isEmpty()) {
+        const QModelIndex parent = open.takeLast();
+        const int count = parent.isValid() ? rowCount(parent) : 0;
+        if (count > 0)
+            Q_EMIT dataChanged(index(0, NameColumn, parent), index(count - 1, EyeColumn, parent));
+        for (int i = 0; i < count; ++i) {
+            const QModelIndex child = index(i, NameColumn, parent);
+            if (nodeAt(child)->isVisible())
+                open.append(child);
+        }
+    }
 }
 
 #include "scenetreemodel.moc"

@@ -1,6 +1,8 @@
 #ifndef SCENETREEMODEL_H
 #define SCENETREEMODEL_H
 
+#include "sceneedits.h"
+
 #include <QAbstractItemModel>
 #include <QVector>
 #include <memory>
@@ -23,6 +25,8 @@ class SceneTreeModel : public QAbstractItemModel
     Q_OBJECT
 public:
     enum Column { NameColumn, EyeColumn, NumColumns };
+    /// Of an eye: whether views show the node, because all above it is visible, too.
+    enum Role { ShownRole = Qt::UserRole };
 
     /// The scene must outlive the model.
     explicit SceneTreeModel(VxScene *scene, QObject *parent = nullptr);
@@ -39,8 +43,8 @@ public:
     QModelIndex parent(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
-    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden. Eyes: check
-    /// state and tool tip.
+    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden, or lie below
+    /// one that is. Eyes: check state for the node alone, ShownRole and tool tip.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -50,18 +54,26 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
+    /// What nodes keep that are dropped from now on; their places in the world to begin with.
+    void setDropKeeps(SceneEdits::Kept kept);
     /// row -1: behind the last row below the parent.
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
 
+Q_SIGNALS:
+    /// The nodes were dropped but could not keep their places in the world.
+    void displaced(const QVector<VxNode *> &nodes);
+
 private:
     static QVariant nameData(const VxNode *node, const QIcon &icon, int role);
+    static QString eyeTip(const VxNode *node);
     static QVariant eyeData(const VxNode *node, int role);
     void rebuild();
     void dropAll();
     void addNode(VxNode *node);
     void removeNode(VxNode *node);
     void refresh(const VxNode *node);
+    void refreshVisibility(const VxNode *node);
     void moveRow(VxNode *node, VxNode *newParent);
 
     class Private;

@@ -5,9 +5,12 @@
 #include "visibilitydelegate.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QMenu>
+#include <QStatusTipEvent>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -20,6 +23,13 @@ bool isOwnKey(const QKeyEvent *event)
     return plain && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2);
 }
 
+/// Shows a hint in the window's status line; an empty one takes it away.
+void showHint(QWidget *widget, const QString &text)
+{
+    QStatusTipEvent hint(text);
+    QCoreApplication::sendEvent(widget, &hint);
+}
+
 } // namespace
 
 SceneTreeView::SceneTreeView(SceneTreeModel *model, VxScene *scene, QWidget *parent)
@@ -28,6 +38,7 @@ SceneTreeView::SceneTreeView(SceneTreeModel *model, VxScene *scene, QWidget *par
     , m_scene(scene)
 {
     setModel(model);
+    connect(model, &SceneTreeModel::displaced, this, &SceneTreeView::tellDisplaced);
     setUniformRowHeights(true);
     setFrameShape(QFrame::NoFrame);
     setIndentation(vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
@@ -174,4 +185,38 @@ void SceneTreeView::pressEye(const QModelIndex &eye)
     const QVector<VxNode *> nodes =
         selectionModel()->isSelected(name) ? selectedNodes() : m_model->nodesAt({name});
     SceneEdits::setVisible(nodes, eye.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+}
+
+void SceneTreeView::dragEnterEvent(QDragEnterEvent *event)
+{
+    QTreeView::dragEnterEvent(event);
+    if (event->isAccepted())
+        showHint(this, tr("Drop to move. The place in the world is kept; with Shift, the values."));
+}
+
+void SceneTreeView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    showHint(this, QString());
+    QTreeView::dragLeaveEvent(event);
+}
+
+void SceneTreeView::dropEvent(QDropEvent *event)
+{
+    showHint(this, QString());
+    const bool keepsValues = event->keyboardModifiers() & Qt::ShiftModifier;
+    m_model->setDropKeeps(keepsValues ? SceneEdits::Kept::Values : SceneEdits::Kept::WorldPlace);
+    QTreeView::dropEvent(event);
+}
+
+void SceneTreeView::tellDisplaced(const QVector<VxNode *> &nodes)
+{
+    VxMainWindow *window = vxApp->getInterface();
+    if (!window)
+        return;
+    const QString text =
+        nodes.size() == 1
+            ? tr("\"%1\" could not keep its place: its new parent cannot hold it as it was.")
+                  .arg(nodes.first()->getLabel())
+            : tr("%1 nodes could not keep their places below their new parent.").arg(nodes.size());
+    window->showStatusMessage(text);
 }

@@ -11,7 +11,8 @@ class VxScene;
 
 /// The tree of the scene's nodes as a user edits it: F2 or a double click renames, Delete removes,
 /// rows are dragged below others or between them, and a press on an eye shows or hides the node, or
-/// all selected ones when it is one of these, and selects nothing.
+/// all selected ones when it is one of these, and selects nothing. What is dragged keeps its place
+/// in the world; with Shift held at the drop it keeps its values.
 class SceneTreeView : public QTreeView
 {
     Q_OBJECT
@@ -41,9 +42,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void pressEye(const QModelIndex &eye);
+    void tellDisplaced(const QVector<VxNode *> &nodes);
 
     SceneTreeModel *const m_model;
     VxScene *const m_scene;

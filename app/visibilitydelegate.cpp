@@ -1,5 +1,7 @@
 #include "visibilitydelegate.h"
 
+#include "scenetreemodel.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QPainter>
@@ -35,10 +37,11 @@ void VisibilityDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     QRect eye(0, 0, EyeSide, EyeSide);
     eye.moveCenter(option.rect.center());
     const bool open = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    const bool shown = index.data(SceneTreeModel::ShownRole).toBool();
     const QIcon icon = vxApp->getStyle()->icon(VxStyle::SP_VxVisible);
     const bool selected = option.state & QStyle::State_Selected;
     icon.paint(painter, eye, Qt::AlignCenter,
-               !open      ? QIcon::Disabled
+               !shown     ? QIcon::Disabled
                : selected ? QIcon::Selected
                           : QIcon::Normal);
     if (open)

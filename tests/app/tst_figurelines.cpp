@@ -45,6 +45,7 @@ private Q_SLOTS:
     void theFigureFollowsTheTime();
     void selectionIsMarked();
     void hiddenNodesAreLeftOut();
+    void hidingHidesWhatIsBelow();
     void plainNodesAreJoints();
     void points();
 
@@ -94,12 +95,29 @@ void tst_FigureLines::selectionIsMarked()
 void tst_FigureLines::hiddenNodesAreLeftOut()
 {
     Figure figure;
-    figure.hip->setVisible(false);
+    figure.knee->setVisible(false);
     const FigureLines lines = FigureLines::collect(figure.scene, 0);
     QCOMPARE(lines.joints.size(), 2);
-    QCOMPARE(lines.bones.size(), 1); // the knee's own
-    QCOMPARE(lines.bones.at(0).node, figure.knee);
-    QCOMPARE(lines.bones.at(0).from, QVector3D(-1, 6, 0)); // still moved by what is hidden
+    QCOMPARE(lines.bones.size(), 2); // the hip's to both, without the knee's own
+    QCOMPARE(lines.bones.at(0).node, figure.hip);
+    QCOMPARE(lines.bones.at(0).to, QVector3D(-1, 6, 0));
+    QCOMPARE(lines.bones.at(1).node, figure.hip);
+}
+
+void tst_FigureLines::hidingHidesWhatIsBelow()
+{
+    Figure figure;
+    figure.knee->select(); // the primary selection has axes, where it is shown
+    auto *grip = new VxNode(QStringLiteral("grip"));
+    figure.scene.addNode(grip, figure.knee);
+    const FigureLines before = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(before.axes.size(), 2);
+    figure.hip->setVisible(false);
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QVERIFY(lines.joints.isEmpty() && lines.bones.isEmpty() && lines.axes.isEmpty());
+    QVERIFY(figure.knee->isVisible());
+    figure.hip->setVisible(true);
+    QCOMPARE(FigureLines::collect(figure.scene, 0).points(), before.points());
 }
 
 void tst_FigureLines::plainNodesAreJoints()

@@ -1,8 +1,10 @@
+#include "figurelines.h"
 #include "sceneedits.h"
 
 #include "testing/vxwarningguard.h"
 
 #include <QtTest>
+#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
@@ -21,6 +23,10 @@ private Q_SLOTS:
     void removing();
     void moving_data();
     void moving();
+    void movedNodesStayInPlace();
+    void movedNodesKeepTheirValues();
+    void thoseThatCannotStayAreNamed();
+    void picturesBeforeAndAfter();
     void visibility();
     void topmostNodes();
 
@@ -237,6 +243,90 @@ void tst_SceneEdits::moving()
     QCOMPARE(drawn(), before);
     m_stack->redo();
     QCOMPARE(drawn(), after);
+}
+
+void tst_SceneEdits::movedNodesStayInPlace()
+{
+    for (VxNode *node : nodes("a c f")) {
+        node->getXPosControl()->setStoredValue(float(node->getLabel().at(0).unicode()));
+        node->getYRotControl()->setStoredValue(30);
+    }
+    VxNode *c = nodes("c").first();
+    VxNode *g = nodes("g").first();
+    g->getXPosControl()->setKey(0, 5, 0);
+    g->getXPosControl()->setKey(160, 9, 0);
+    m_scene->setTime(160);
+    const QMatrix4x4 before[] = {c->getWorldTransform(160), g->getWorldTransform(160),
+                                 g->getWorldTransform(0)};
+    const auto isInPlace = [&] {
+        return qFuzzyCompare(before[0], c->getWorldTransform(160)) &&
+               qFuzzyCompare(before[1], g->getWorldTransform(160)) &&
+               qFuzzyCompare(before[2], g->getWorldTransform(0));
+    };
+    QVector<VxNode *> displaced;
+    QVERIFY(SceneEdits::move(m_scene.data(), nodes("c g"), nodes("f").first(), -1,
+                             SceneEdits::Kept::WorldPlace, &displaced));
+    QCOMPARE(drawn(), QString("a(b d e) f(c g)"));
+    QVERIFY(isInPlace());
+    QVERIFY(displaced.isEmpty());
+    QVERIFY(g->getXPosControl()->getKeyValue(0) != 5);
+    QCOMPARE(m_stack->count(), 1);
+    m_stack->undo();
+    QVERIFY(isInPlace());
+    QCOMPARE(g->getXPosControl()->getKeyValue(0), 5.0f);
+    QCOMPARE(g->getZPosControl()->getNumKeys(), 0);
+    m_stack->redo();
+    QVERIFY(isInPlace());
+}
+
+void tst_SceneEdits::movedNodesKeepTheirValues()
+{
+    nodes("f").first()->getXPosControl()->setStoredValue(40);
+    VxNode *g = nodes("g").first();
+    g->getXPosControl()->setStoredValue(2);
+    QVERIFY(
+        SceneEdits::move(m_scene.data(), {g}, nodes("f").first(), -1, SceneEdits::Kept::Values));
+    QCOMPARE(g->getXPosControl()->getStoredValue(), 2.0f);
+    QCOMPARE(g->getWorldTransform(0).column(3).x(), 42.0f);
+}
+
+void tst_SceneEdits::thoseThatCannotStayAreNamed()
+{
+    nodes("f").first()->getScaleControl()->setStoredValue(0);
+    QVector<VxNode *> displaced;
+    QVERIFY(SceneEdits::move(m_scene.data(), nodes("g c"), nodes("f").first(), -1,
+                             SceneEdits::Kept::WorldPlace, &displaced));
+    QCOMPARE(displaced, nodes("c g"));
+    QCOMPARE(nodes("g").first()->getScaleControl()->getStoredValue(), 1.0f);
+}
+
+/** What a viewport draws of the nodes that moved is where it was before. */
+void tst_SceneEdits::picturesBeforeAndAfter()
+{
+    for (VxNode *node : m_scene->getNodes()) {
+        node->setOrigin({1, 2, float(node->getLabel().size())});
+        node->getZRotControl()->setStoredValue(25);
+        node->getXRotControl()->setKey(0, -40, 0);
+        node->getXRotControl()->setKey(1600, 80, 0);
+    }
+    m_scene->setTime(480);
+    const auto places = [this] {
+        QMap<QString, FigureLines::Axes> byName;
+        for (const FigureLines::Axes &axes : FigureLines::collect(*m_scene, 480).axes)
+            byName.insert(axes.node->getName(), axes);
+        return byName;
+    };
+    const auto before = places();
+    QCOMPARE(before.size(), 7);
+    QVERIFY(SceneEdits::move(m_scene.data(), nodes("b f"), nodes("e").first(), 0));
+    QCOMPARE(drawn(), QString("a(d e(b(c) f)) g"));
+    const auto after = places();
+    for (const QString &name : before.keys()) {
+        QVERIFY2((after[name].at - before[name].at).length() < 1e-4f, qPrintable(name));
+        for (size_t i = 0; i < 3; ++i)
+            QVERIFY2((after[name].directions[i] - before[name].directions[i]).length() < 1e-4f,
+                     qPrintable(name));
+    }
 }
 
 void tst_SceneEdits::visibility()

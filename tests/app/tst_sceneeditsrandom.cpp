@@ -21,11 +21,13 @@ QString stateOf(const VxNode *node)
 {
     QStringList parts{node->getName(), node->getLabel(), node->isVisible() ? "v" : "h"};
     for (const VxProperty *property : node->getPropertyGroups()->collectAllProperties()) {
-        if (property->getNumKeys() == 0 && property->getPath().contains("Transforms"))
-            continue;
-        parts << property->getName();
+        const auto *number = qobject_cast<const VxFloatProperty *>(property);
+        parts << property->getName() << QString::number(double(number->getStoredValue()), 'g', 9);
         for (int i = 0; i < property->getNumKeys(); ++i)
-            parts << QString::number(property->getKeyTime(i));
+            parts << QStringLiteral("%1:%2/%3")
+                         .arg(property->getKeyTime(i))
+                         .arg(double(number->getKeyValue(i)), 0, 'g', 9)
+                         .arg(property->getKeyInterpolationType(i));
     }
     parts << (node->getObject() ? node->getObject()->getName() : QString()) << "(";
     for (int i = 0; i < node->getNumNodeChildren(); ++i)
@@ -135,7 +137,8 @@ void tst_SceneEditsRandom::edit()
     } else if (kind == 2) {
         SceneEdits::remove(vxScene, anyNodes());
     } else if (kind < 5) {
-        SceneEdits::move(vxScene, anyNodes(), below(4) ? anyNode() : nullptr, below(6) - 1);
+        SceneEdits::move(vxScene, anyNodes(), below(4) ? anyNode() : nullptr, below(6) - 1,
+                         below(3) ? SceneEdits::Kept::WorldPlace : SceneEdits::Kept::Values);
     } else if (kind == 5) {
         SceneEdits::setVisible(anyNodes(), below(2));
     } else {
@@ -146,8 +149,15 @@ void tst_SceneEditsRandom::edit()
 void tst_SceneEditsRandom::editNode(VxNode *node)
 {
     VxUndoStackHold hold;
-    const int kind = below(6);
-    if (kind == 0) {
+    const int kind = below(9);
+    if (kind == 6) {
+        if (VxObject *object = node->getObject())
+            object->addSubElement(new VxMorph(QStringLiteral("m%1").arg(++m_made)));
+    } else if (kind == 7) {
+        const auto all = node->getPropertyGroups()->collectAllProperties();
+        auto *control = qobject_cast<VxFloatProperty *>(all.at(below(10)));
+        control->setStoredValue(float(below(400) - 200) / 20);
+    } else if (kind == 0) {
         node->setLabel(QStringLiteral("%1 %2").arg(node->getName()).arg(below(100)));
     } else if (kind == 1) {
         auto *object = new VxObject(QStringLiteral("o%1").arg(++m_made));
@@ -166,7 +176,7 @@ void tst_SceneEditsRandom::editNode(VxNode *node)
         if (kind == 4 && removable)
             node->removeProperty(property);
         else
-            property->setKey(below(20) * 160, 1, 0);
+            property->setKey(below(20) * 160, float(below(90)), below(3));
     }
     hold.accept("Edit");
 }

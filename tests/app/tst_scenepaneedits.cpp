@@ -11,9 +11,12 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QtTest>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostack.h>
@@ -38,12 +41,16 @@ private Q_SLOTS:
     void theEyeOfASelectedNodeCountsForAll();
     void theEyeSelectsNothing();
     void hiddenNamesAreDimmed();
+    void eyesBelowAHiddenNodeAreDimmed();
     void contextMenu();
     void dragOntoANode();
     void dragBetweenNodes();
     void dragToTheTopLevel();
     void dragBelowItselfIsRefused();
     void severalAreDraggedInOneEntry();
+    void draggedNodesStayInPlace();
+    void withShiftTheyKeepTheirValues();
+    void dropsThatCannotKeepThePlaceAreToldOf();
     void orderFollowsTheScene();
     void searchShowsMatchesAndWhatIsAbove();
     void searchFollowsTheScene();
@@ -56,7 +63,8 @@ private:
     QPoint middle(const VxNode *node) const { return view()->visualRect(index(node)).center(); }
     QPoint eye(const VxNode *node) const;
     void click(const QPoint &at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    void drag(const QPoint &from, const QPoint &to) const;
+    void drag(const QPoint &from, const QPoint &to,
+              Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     QLineEdit *editor() const { return view()->viewport()->findChild<QLineEdit *>(); }
     QString drawn() const;
     static QString drawn(const QAbstractItemModel *model, const QModelIndex &above);
@@ -123,7 +131,8 @@ void tst_ScenePaneEdits::click(const QPoint &at, Qt::KeyboardModifiers modifiers
 
 /** The test platform knows no drags between windows: the mouse takes hold of the row, and what the
  *  window system would send on the way is sent from here. */
-void tst_ScenePaneEdits::drag(const QPoint &from, const QPoint &to) const
+void tst_ScenePaneEdits::drag(const QPoint &from, const QPoint &to,
+                              Qt::KeyboardModifiers modifiers) const
 {
     VxMouseDriver mouse(view()->viewport());
     mouse.press(from);
@@ -137,15 +146,13 @@ void tst_ScenePaneEdits::drag(const QPoint &from, const QPoint &to) const
         return event.isAccepted();
     };
     const auto move = [&](QEvent::Type type) {
-        QDragMoveEvent event(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, Qt::NoModifier,
-                             type);
+        QDragMoveEvent event(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, modifiers, type);
         event.ignore();
         return send(event);
     };
-    QVERIFY(
-        send(QDragEnterEvent(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, Qt::NoModifier)));
+    QVERIFY(send(QDragEnterEvent(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, modifiers)));
     if (move(QEvent::DragMove))
-        send(QDropEvent(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, Qt::NoModifier));
+        send(QDropEvent(to, Qt::MoveAction, dragged.data(), Qt::LeftButton, modifiers));
     else
         send(QDragLeaveEvent());
 }
@@ -307,6 +314,39 @@ void tst_ScenePaneEdits::hiddenNamesAreDimmed()
     QVERIFY(view()->grab().toImage() != before);
 }
 
+void tst_ScenePaneEdits::eyesBelowAHiddenNodeAreDimmed()
+{
+    const auto eyeOf = [this](const VxNode *node) {
+        return index(node).siblingAtColumn(SceneTreeModel::EyeColumn);
+    };
+    const QRect row = view()->visualRect(eyeOf(m_left));
+    const QImage open = view()->viewport()->grab(row).toImage();
+    QSignalSpy changed(m_pane->getModel(), &QAbstractItemModel::dataChanged);
+    click(eye(m_figure));
+    QVERIFY(m_left->isVisible() && m_hip->isVisible());
+    QCOMPARE(eyeOf(m_left).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QVERIFY(!eyeOf(m_left).data(SceneTreeModel::ShownRole).toBool());
+    QVERIFY(eyeOf(m_light).data(SceneTreeModel::ShownRole).toBool());
+    QVERIFY(index(m_left).data(Qt::ForegroundRole).isValid());
+    QVERIFY(eyeOf(m_left).data(Qt::ToolTipRole).toString().contains("\"figure\" is hidden"));
+    QVERIFY(!eyeOf(m_figure).data(Qt::ToolTipRole).toString().contains("because"));
+    QCOMPARE(changed.count(), 3); // the figure, the hip, and both legs at once
+    const QImage dimmed = view()->viewport()->grab(row).toImage();
+    QVERIFY(dimmed != open);
+    click(eye(m_left)); // struck out now, and not told to those beside it
+    QVERIFY(view()->viewport()->grab(row).toImage() != dimmed);
+    QCOMPARE(changed.count(), 4);
+    // Where something is hidden by itself, what is below it does not hear of those above.
+    changed.clear();
+    m_hip->setVisible(false);
+    m_figure->setVisible(true);
+    QCOMPARE(changed.count(), 3); // the hip alone, the figure, and the hip below it
+    QVERIFY(!eyeOf(m_right).data(SceneTreeModel::ShownRole).toBool());
+    m_hip->setVisible(true);
+    QVERIFY(eyeOf(m_right).data(SceneTreeModel::ShownRole).toBool());
+    QVERIFY(!eyeOf(m_left).data(SceneTreeModel::ShownRole).toBool());
+}
+
 void tst_ScenePaneEdits::contextMenu()
 {
     click(middle(m_hip));
@@ -386,6 +426,40 @@ void tst_ScenePaneEdits::severalAreDraggedInOneEntry()
     QCOMPARE(vxScene->getNumSelectedNodes(), 2); // still
     history()->undo();
     QCOMPARE(drawn(), QString("figure(hip(left right)) light camera"));
+}
+
+void tst_ScenePaneEdits::draggedNodesStayInPlace()
+{
+    m_hip->setOrigin({0, 10, 0});
+    m_hip->getZRotControl()->setStoredValue(90);
+    m_light->setOrigin({3, 0, 0});
+    const QMatrix4x4 before = m_light->getWorldTransform(0);
+    drag(middle(m_light), middle(m_hip));
+    QCOMPARE(drawn(), QString("figure(hip(left right light)) camera"));
+    QVERIFY(qFuzzyCompare(m_light->getWorldTransform(0), before));
+    QCOMPARE(history()->count(), 1);
+    history()->undo();
+    QVERIFY(qFuzzyCompare(m_light->getWorldTransform(0), before));
+    QCOMPARE(m_light->getXPosControl()->getStoredValue(), 0.0f);
+}
+
+void tst_ScenePaneEdits::withShiftTheyKeepTheirValues()
+{
+    m_hip->setOrigin({0, 10, 0});
+    drag(middle(m_light), middle(m_hip), Qt::ShiftModifier);
+    QCOMPARE(drawn(), QString("figure(hip(left right light)) camera"));
+    QCOMPARE(m_light->getWorldTransform(0).column(3).toVector3D(), QVector3D(0, 10, 0));
+    // The next drag keeps the place again.
+    drag(middle(m_camera), middle(m_hip));
+    QCOMPARE(m_camera->getWorldTransform(0).column(3).toVector3D(), QVector3D());
+}
+
+void tst_ScenePaneEdits::dropsThatCannotKeepThePlaceAreToldOf()
+{
+    VxMainWindow window;
+    m_hip->getScaleControl()->setStoredValue(0);
+    drag(middle(m_light), middle(m_hip));
+    QVERIFY(window.statusBar()->currentMessage().contains("\"light\""));
 }
 
 void tst_ScenePaneEdits::orderFollowsTheScene()
