@@ -117,6 +117,9 @@ void StudioWindow::restoreLayout(const VxSettings &settings)
 
 void StudioWindow::saveLayout(VxSettings *settings) const
 {
+    // A window that was never shown has no layout yet; what its docks say would hide the timeline.
+    if (m_wantsDefaultLayout)
+        return;
     settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
     settings->setBytesValue(QStringLiteral("State"), saveState(LayoutVersion));
 }

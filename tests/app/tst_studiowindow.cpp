@@ -92,6 +92,7 @@ private Q_SLOTS:
     void shortcutsWork();
     void paletteMenu();
     void layoutIsKept();
+    void windowNeverShownKeepsNoLayout();
     void viewportDrags();
     void viewportFramesTheFigure();
     void shutDownWhilePlaying();
@@ -486,6 +487,25 @@ void tst_StudioWindow::layoutIsKept()
     QVERIFY(window()->docks()->find("VxTimePane")->isVisible());
     entry("Window", "Default Layout")->trigger();
     QVERIFY(window()->docks()->find("VxParametersPane")->isVisible());
+}
+
+void tst_StudioWindow::windowNeverShownKeepsNoLayout()
+{
+    // A first run whose file cannot be opened ends before there is a window.
+    m_studio.reset();
+    const QString settings = m_dir->filePath("other.ini");
+    const QStringList arguments{"vxstudio", "--settings", settings, "--plugin-path", VX_PLUGIN_DIR};
+    {
+        const Studio unseen(CommandLine::parse(arguments));
+    }
+    QVERIFY(QFileInfo::exists(settings));
+    start({"--settings", settings});
+    const QByteArray first = window()->saveState();
+    m_dir->remove();
+    m_dir.reset(new QTemporaryDir);
+    start();
+    QCOMPARE(first, window()->saveState());
+    QVERIFY(!window()->docks()->find("VxTimePane")->visibleRegion().isEmpty());
 }
 
 void tst_StudioWindow::viewportDrags()

@@ -8,6 +8,7 @@
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxstyledbutton.h>
 
+#include "vxtimeline/pane/fieldtextfit.h"
 #include "vxtimeline/pane/timepanebuilder.h"
 #include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
@@ -83,6 +84,7 @@ QDoubleSpinBox *TimePaneBuilder::makeTcbField(const QString &name, QWidget *pare
     field->setSingleStep(0.1);
     field->setRange(-TcbLimit, TcbLimit);
     field->setEnabled(false);
+    new FieldTextFit(field);
     return field;
 }
 

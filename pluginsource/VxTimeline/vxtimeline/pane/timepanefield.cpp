@@ -1,5 +1,7 @@
 #include "vxtimeline/pane/timepanefield.h"
 
+#include "vxtimeline/pane/fieldtextfit.h"
+
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QLineEdit>
 
@@ -18,6 +20,7 @@ TimePaneField::TimePaneField(const QString &name, int minimum, int maximum, QWid
     setRange(minimum, maximum);
     setFixedWidth(FieldWidth);
     setLocale(QLocale::c());
+    new FieldTextFit(this);
     connect(lineEdit(), &QLineEdit::textEdited, this, &TimePaneField::handleTextEdited);
     connect(this, &QSpinBox::editingFinished, this, &TimePaneField::showWithheld);
 }
