@@ -1,5 +1,6 @@
 #include "vxscenepane.h"
 
+#include "emptyhint.h"
 #include "sceneselectionlink.h"
 #include "scenetreefilter.h"
 #include "scenetreemodel.h"
@@ -26,13 +27,18 @@ VxScenePane::VxScenePane()
     , m_view(new SceneTreeView(m_model, vxScene, this))
     , m_filter(new SceneTreeFilter(m_view, m_model, vxScene, m_view))
     , m_search(new SearchField(tr("Search nodes"), this))
+    , m_hint(new EmptyHint(m_view))
 {
     m_view->setObjectName(QStringLiteral("SceneTView"));
     setFocusProxy(m_view);
     new SceneSelectionLink(m_view, m_model, vxScene, m_view);
     connect(m_model, &QAbstractItemModel::modelReset, this, &VxScenePane::showFirstLevels);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &VxScenePane::updateHint);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &VxScenePane::updateHint);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &VxScenePane::updateHint);
     showFirstLevels();
     buildSearch();
+    updateHint();
 
     auto *layout = new QVBoxLayout(this);
     const int gap = vxApp->getStyle()->metric(VxStyle::PM_VxBaseMargin);
@@ -56,6 +62,7 @@ void VxScenePane::buildSearch()
     connect(m_search, &QLineEdit::textChanged, m_filter, &SceneTreeFilter::setText);
     connect(m_search, &SearchField::left, this, [this] { m_view->setFocus(); });
     connect(m_filter, &SceneTreeFilter::matchesChanged, this, &VxScenePane::showFound);
+    connect(m_filter, &SceneTreeFilter::matchesChanged, this, &VxScenePane::updateHint);
 }
 
 bool VxScenePane::eventFilter(QObject *watched, QEvent *event)
@@ -85,6 +92,16 @@ void VxScenePane::showFound()
         m_view->scrollTo(m_model->indexOf(m_filter->matches().first()));
     else if (!m_search->isActive() && m_view->currentIndex().isValid())
         m_view->scrollTo(m_view->currentIndex());
+}
+
+void VxScenePane::updateHint()
+{
+    if (m_model->rowCount() == 0)
+        m_hint->tell(tr("The scene has no nodes."));
+    else if (m_search->isActive() && m_filter->matches().isEmpty())
+        m_hint->tell(tr("No node has the text in its name."));
+    else
+        m_hint->tell(QString());
 }
 
 void VxScenePane::selectFound()

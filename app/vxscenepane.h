@@ -3,6 +3,7 @@
 
 #include <vxcore/vxpane.h>
 
+class EmptyHint;
 class SceneTreeFilter;
 class SceneTreeModel;
 class SceneTreeView;
@@ -29,12 +30,14 @@ private:
     void buildSearch();
     void showFirstLevels();
     void showFound();
+    void updateHint();
     void selectFound();
 
     SceneTreeModel *m_model;
     SceneTreeView *m_view;
     SceneTreeFilter *m_filter;
     SearchField *m_search;
+    EmptyHint *m_hint;
 };
 
 #endif

@@ -1,5 +1,7 @@
+#include "emptyhint.h"
 #include "scenetreemodel.h"
 #include "scenetreeview.h"
+#include "searchfield.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxwarningguard.h"
 #include "vxscenepane.h"
@@ -39,6 +41,7 @@ private Q_SLOTS:
     void nothingIsSentBack();
     void unselectableNodesDoNotLookSelected();
     void removingTheSelectedNode();
+    void emptyTreeExplainsItself();
     void manyNodesAreQuick();
 
 private:
@@ -269,6 +272,29 @@ void tst_ScenePane::removingTheSelectedNode()
     QVERIFY(vxScene->getSelectedNodes().isEmpty());
     QVERIFY(!m_pane->getTreeView()->selectionModel()->hasSelection());
     QVERIFY(!vxScene->getPrimarySelection());
+}
+
+/// A tree without rows says why.
+void tst_ScenePane::emptyTreeExplainsItself()
+{
+    const auto *hint = m_pane->findChild<EmptyHint *>();
+    QVERIFY(hint && !hint->isVisible());
+    m_pane->getSearchField()->setText("nobody");
+    QVERIFY(hint->isVisible());
+    QCOMPARE(hint->text(), QString("No node has the text in its name."));
+    QCOMPARE(hint->width(), m_pane->getTreeView()->viewport()->width());
+    m_pane->resize(320, 400);
+    QTRY_COMPARE(hint->width(), m_pane->getTreeView()->viewport()->width());
+    m_pane->getSearchField()->setText("hip");
+    QVERIFY(!hint->isVisible());
+    m_pane->getSearchField()->clear();
+    vxScene->removeNode(m_figure);
+    QVERIFY(!hint->isVisible());
+    vxScene->removeNode(m_light);
+    QVERIFY(hint->isVisible());
+    QCOMPARE(hint->text(), QString("The scene has no nodes."));
+    add("again");
+    QVERIFY(!hint->isVisible());
 }
 
 void tst_ScenePane::manyNodesAreQuick()

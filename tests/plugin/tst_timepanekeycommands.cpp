@@ -85,6 +85,7 @@ private Q_SLOTS:
     void framesBeyondTheEndOfTime();
 
     void buttonsCopyPasteDelete();
+    void copyingIsTold();
     void nothingToCopy();
     void nothingToPaste();
     void noRowToPasteInto();
@@ -552,12 +553,20 @@ void TestTimePaneKeyCommands::buttonsCopyPasteDelete()
     QCOMPARE(keyTimes(x()), Times({0, 1600, 3200}));
 }
 
-void TestTimePaneKeyCommands::nothingToCopy()
+void TestTimePaneKeyCommands::copyingIsTold()
 {
     TalkativeWindow window;
     clickKey(x(), 1600);
     pane->copySelectedKeys();
-    QCOMPARE(window.told, QStringList());
+    QCOMPARE(window.told, QStringList("1 key is copied."));
+    clickKey(x(), 3200, Qt::ControlModifier);
+    pane->copySelectedKeys();
+    QCOMPARE(window.told.last(), QString("2 keys are copied."));
+}
+
+void TestTimePaneKeyCommands::nothingToCopy()
+{
+    TalkativeWindow window;
     view()->clearSelectedKeys();
     pane->copySelectedKeys();
     QCOMPARE(window.told, QStringList("No keys are selected that could be copied."));
@@ -579,6 +588,7 @@ void TestTimePaneKeyCommands::noRowToPasteInto()
     TalkativeWindow window;
     clickKey(x(), 1600);
     pane->copySelectedKeys();
+    window.told.clear();
     setTypes(VxTimePane::PropRotate);
     vxScene->setTime(4800);
     pane->pasteKeys();

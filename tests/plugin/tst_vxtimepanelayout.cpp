@@ -2,14 +2,18 @@
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
 
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 namespace {
 
@@ -57,6 +61,8 @@ private Q_SLOTS:
     void everythingFitsASmallScreen();
     void extrasStayAwayWhenTheViewChangesBehindATab();
     void widthChangesNothingInOtherModes();
+    void graphWithoutCurvesSaysHowToGetSome();
+    void emptySheetSaysWhatIsListed();
 };
 
 void TestTimePaneLayout::settingTheSameModeTellsNothing()
@@ -329,6 +335,49 @@ void TestTimePaneLayout::everythingFitsASmallScreen()
     QVERIFY(find<QWidget>("TimelineInterpControlsWgt")->isVisible());
     const auto *types = find<VxStyledButton>("TimelinePropertyTypesBtn");
     QCOMPARE(types->displayedText(), QStringLiteral("TRSOAH"));
+}
+
+void TestTimePaneLayout::graphWithoutCurvesSaysHowToGetSome()
+{
+    showPane();
+    auto *view = find<VxKeyGraphView>("TimelineKeyGraphView");
+    const auto *hint = find<QLabel>("TimelineKeyGraphHintLbl");
+    QVERIFY(hint->isVisible());
+    const auto isInTheMiddle = [hint, view] {
+        const QPoint way = hint->geometry().center() - view->rect().center();
+        return way.manhattanLength() <= 2;
+    };
+    QVERIFY(isInTheMiddle());
+    pane->resize(1300, 450);
+    QTRY_VERIFY(isInTheMiddle());
+    const VxFloatProperty property(QStringLiteral("p"));
+    Q_EMIT view->channelListChanged({const_cast<VxFloatProperty *>(&property)});
+    QVERIFY(!hint->isVisible());
+    Q_EMIT view->channelListChanged({});
+    QVERIFY(hint->isVisible());
+    // A press goes to the graph.
+    QCOMPARE(view->childAt(hint->geometry().center()), nullptr);
+}
+
+// The picture below the first rows, where nothing is painted but the time's line at the left.
+void TestTimePaneLayout::emptySheetSaysWhatIsListed()
+{
+    showPane();
+    const auto *view = find<VxDopeSheetView>("TimelineDopeSheetTView");
+    const auto coloursInTheMiddle = [view] {
+        const QImage picture = view->viewport()->grab().toImage();
+        QSet<QRgb> colours;
+        for (int y = picture.height() / 2 - 10; y < picture.height() / 2 + 10; ++y) {
+            for (int x = picture.width() / 3; x < picture.width() * 2 / 3; ++x)
+                colours.insert(picture.pixel(x, y));
+        }
+        return colours.size();
+    };
+    QVERIFY(view->viewport()->height() > 120);
+    QVERIFY(coloursInTheMiddle() > 1);
+    vxScene->addNode(new VxNode(QStringLiteral("ball")));
+    QTRY_COMPARE(view->model()->rowCount(), 1);
+    QCOMPARE(coloursInTheMiddle(), 1);
 }
 
 void TestTimePaneLayout::widthChangesNothingInOtherModes()

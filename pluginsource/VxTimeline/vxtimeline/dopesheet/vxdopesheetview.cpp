@@ -289,6 +289,17 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
     view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
 }
 
+// An empty sheet says why it is empty.
+void VxDopeSheetView::Private::paintHint(QPainter *painter) const
+{
+    const auto *filter = qobject_cast<const QAbstractProxyModel *>(view->model());
+    const bool hasRows = filter && filter->sourceModel() && filter->sourceModel()->rowCount() > 0;
+    painter->setPen(view->palette().color(QPalette::Disabled, QPalette::Text));
+    painter->drawText(view->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                      hasRows ? tr("No row has the text that is searched for.")
+                              : tr("The nodes of the scene and their keys are listed here."));
+}
+
 // Names and branches take most of the time, and have nothing to do with the current time. What the
 // tree view draws of the other column is the row's panel, without selection, and the cell.
 void VxDopeSheetView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
@@ -316,6 +327,10 @@ void VxDopeSheetView::paintEvent(QPaintEvent *event)
         d->paintBehindRows(&painter);
     }
     QTreeView::paintEvent(event);
+    if (model() && model()->rowCount() == 0) {
+        QPainter painter(viewport());
+        d->paintHint(&painter);
+    }
     if (d->rubberBandActive && !d->keyDragActive) {
         QPainter painter(viewport());
         d->paintRubberBand(&painter);

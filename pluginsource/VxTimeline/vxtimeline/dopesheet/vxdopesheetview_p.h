@@ -182,6 +182,7 @@ public:
     void updateTimeLine(int x) const;
     void paintBehindRows(QPainter *painter);
     void paintRubberBand(QPainter *painter) const;
+    void paintHint(QPainter *painter) const;
 
 private:
     void indexItems();

@@ -53,6 +53,11 @@ bool VxDopeSheetView::hasCopiedKeys() const
     return !d->copied.isEmpty();
 }
 
+int VxDopeSheetView::numCopiedKeys() const
+{
+    return d->copied.keyCount();
+}
+
 void VxDopeSheetView::copyKeys()
 {
     d->copied.clear();

@@ -17,6 +17,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanegraphhint.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
@@ -116,6 +117,7 @@ void TimePaneBuilder::buildKeyGraph()
     d->keyGraphView->setObjectName(QStringLiteral("TimelineKeyGraphView"));
     d->keyGraphView->setKeyGraph(d->keyGraph);
     layout->addWidget(d->keyGraphView);
+    new TimePaneGraphHint(d->keyGraphView);
 }
 
 void TimePaneBuilder::buildDivider()

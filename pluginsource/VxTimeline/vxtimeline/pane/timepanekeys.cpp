@@ -152,8 +152,11 @@ void VxTimePane::deleteSelectedKeys()
 void VxTimePane::copySelectedKeys()
 {
     d->dopeSheetView->copyKeys();
-    if (!hasCopiedKeys())
+    const int count = d->dopeSheetView->numCopiedKeys();
+    if (count == 0)
         d->tell(tr("No keys are selected that could be copied."));
+    else
+        d->tell(count == 1 ? tr("1 key is copied.") : tr("%1 keys are copied.").arg(count));
     updateActionStates();
 }
 
