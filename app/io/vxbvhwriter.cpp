@@ -1,8 +1,10 @@
 #include "io/vxbvhwriter.h"
 
+#include "io/vxsafefile.h"
+
 #include <QCoreApplication>
-#include <QSaveFile>
 #include <charconv>
+#include <functional>
 
 namespace {
 
@@ -83,7 +85,12 @@ void appendHierarchy(QByteArray *out, const std::vector<VxBvhJoint> &joints)
     closeDownTo(-1);
 }
 
-void appendMotion(QByteArray *out, const VxBvhDocument &document)
+/// Where the text goes in pieces; false ends the writing.
+using TextSink = std::function<bool(QByteArray *text, int percent)>;
+
+constexpr int PieceBytes = 1 << 20;
+
+bool appendMotion(QByteArray *out, const VxBvhDocument &document, const TextSink &sink)
 {
     out->append("MOTION\nFrames: ").append(QByteArray::number(document.frameCount));
     out->append("\nFrame Time: ");
@@ -95,7 +102,11 @@ void appendMotion(QByteArray *out, const VxBvhDocument &document)
             appendNumber(out, document.channelValues(channel)[frame]);
             out->append(channel + 1 < channels ? ' ' : '\n');
         }
+        if (out->size() >= PieceBytes &&
+            !sink(out, static_cast<int>(qint64(frame) * 100 / document.frameCount)))
+            return false;
     }
+    return true;
 }
 
 bool fail(VxFileError *error, const QString &file, const QString &message)
@@ -103,6 +114,13 @@ bool fail(VxFileError *error, const QString &file, const QString &message)
     *error = VxFileError();
     error->file = file;
     error->message = message;
+    return false;
+}
+
+bool failCancelled(VxFileError *error, const QString &file)
+{
+    fail(error, file, QCoreApplication::translate("VxBvhWriter", "The writing was cancelled."));
+    error->cancelled = true;
     return false;
 }
 
@@ -114,32 +132,36 @@ bool VxBvhWriter::write(const VxBvhDocument &document, QByteArray *bytes, VxFile
     if (!document.isValid(&reason))
         return fail(error, QString(), reason);
     QByteArray text;
-    text.reserve(static_cast<int>(qMin<std::size_t>(document.values.size() * 10 + 4096, 1u << 30)));
     appendHierarchy(&text, document.joints);
-    appendMotion(&text, document);
+    appendMotion(&text, document, [](QByteArray *, int) { return true; });
     *bytes = text;
     return true;
 }
 
 bool VxBvhWriter::writeFile(const VxBvhDocument &document, const QString &fileName,
-                            VxFileError *error)
+                            VxFileError *error, const VxFileProgress &progress)
 {
+    QString reason;
+    if (!document.isValid(&reason))
+        return fail(error, fileName, reason);
+    VxSafeFile file(fileName);
+    bool cancelled = false;
+    const TextSink sink = [&](QByteArray *text, int percent) {
+        file.write(*text);
+        text->resize(0);
+        cancelled = progress && !progress(percent);
+        return !cancelled && file.failure().isEmpty();
+    };
     QByteArray text;
-    if (!write(document, &text, error)) {
-        error->file = fileName;
-        return false;
+    if (file.start()) {
+        appendHierarchy(&text, document.joints);
+        if (appendMotion(&text, document, sink))
+            file.write(text);
     }
-    QSaveFile file(fileName);
-    // A failed commit may have forgotten the reason, so the first failure's text is kept.
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
-        const QString reason = file.errorString();
-        file.cancelWriting();
-        return fail(error, fileName,
-                    QCoreApplication::translate("VxBvhWriter", "The file cannot be written: %1.")
-                        .arg(reason));
-    }
-    return file.commit() ||
+    if (cancelled)
+        return failCancelled(error, fileName);
+    return (file.failure().isEmpty() && file.commit()) ||
            fail(error, fileName,
                 QCoreApplication::translate("VxBvhWriter", "The file cannot be written: %1.")
-                    .arg(file.errorString()));
+                    .arg(file.failure()));
 }

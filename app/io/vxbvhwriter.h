@@ -3,6 +3,7 @@
 
 #include "io/vxbvhdocument.h"
 #include "io/vxfileerror.h"
+#include "io/vxfileprogress.h"
 
 #include <QByteArray>
 
@@ -15,9 +16,9 @@ public:
     /// VxBvhDocument::isValid) is not written: false, with the reason in \a error.
     static bool write(const VxBvhDocument &document, QByteArray *bytes, VxFileError *error);
 
-    /// Writes to a file, which is replaced only when everything went well.
+    /// Writes to a file, which is replaced only when everything went well. The progress may cancel.
     static bool writeFile(const VxBvhDocument &document, const QString &fileName,
-                          VxFileError *error);
+                          VxFileError *error, const VxFileProgress &progress = {});
 };
 
 #endif

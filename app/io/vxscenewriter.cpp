@@ -1,11 +1,11 @@
 #include "io/vxscenewriter.h"
 
+#include "io/vxsafefile.h"
 #include "io/vxscenefile.h"
 
 #include <QCborStreamWriter>
 #include <QCoreApplication>
 #include <QHash>
-#include <QSaveFile>
 #include <QVector3D>
 #include <algorithm>
 #include <vxcore/vxbone.h>
@@ -384,17 +384,11 @@ bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
 {
     *error = VxFileError();
     error->file = fileName;
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly)) {
-        error->message = tr("Cannot be written: %1.").arg(file.errorString());
+    VxSafeFile file(fileName);
+    if (file.start() && !write(&file, error) && error->cancelled)
         return false;
-    }
-    if (!write(&file, error)) {
-        file.cancelWriting();
-        return false;
-    }
-    if (file.commit())
+    if (file.failure().isEmpty() && file.commit())
         return true;
-    error->message = tr("Cannot be written: %1.").arg(file.errorString());
+    error->message = tr("Cannot be written: %1.").arg(file.failure());
     return false;
 }

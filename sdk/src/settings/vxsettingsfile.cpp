@@ -85,9 +85,10 @@ bool VxSettingsFile::write(const Values &values)
     if (!format(values, contents))
         return false;
     QSaveFile file(m_fileName);
-    // The first failure's text: after a failed commit there may be none.
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() ||
-        !file.commit()) {
+    // Without a buffer: what one cannot get rid of on closing would be committed as it is, torn.
+    // And the first failure's text: after a failed commit there may be none.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        file.write(contents) != contents.size() || !file.commit()) {
         m_error = tr("%1 cannot be written: %2").arg(m_fileName, file.errorString());
         return false;
     }
@@ -134,5 +135,12 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
         return false;
     }
     contents = scratch.isOpen() ? scratch.readAll() : QByteArray();
-    return true;
+    // On a full disk the toolkit takes a torn file for a whole one: then the last line has no end,
+    // or lines are missing.
+    Values complete;
+    if (values.isEmpty() ||
+        (contents.endsWith('\n') && parse(contents, complete) && complete.size() == values.size()))
+        return true;
+    m_error = tr("%1 cannot be written: the disk for temporary files is full").arg(m_fileName);
+    return false;
 }

@@ -1,0 +1,93 @@
+#include "io/vxsafefile.h"
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <unistd.h>
+#endif
+
+namespace {
+
+constexpr int BufferBytes = 256 * 1024;
+
+} // namespace
+
+VxSafeFile::VxSafeFile(const QString &fileName)
+    : m_file(fileName)
+{
+}
+
+VxSafeFile::~VxSafeFile() = default;
+
+bool VxSafeFile::start()
+{
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return fail(m_file.errorString());
+    m_buffer.reserve(BufferBytes);
+    return open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+bool VxSafeFile::commit()
+{
+    const bool complete = passOnBuffer() && synchronize();
+    close();
+    if (!complete) {
+        m_file.cancelWriting();
+        return false;
+    }
+    return m_file.commit() || fail(m_file.errorString());
+}
+
+qint64 VxSafeFile::readData(char *, qint64)
+{
+    return -1;
+}
+
+qint64 VxSafeFile::writeData(const char *data, qint64 size)
+{
+    if (!m_failure.isEmpty())
+        return -1;
+    if (m_buffer.size() + size > BufferBytes && !passOnBuffer())
+        return -1;
+    if (size > BufferBytes)
+        return passOn(data, size) ? size : -1;
+    m_buffer.append(data, int(size));
+    return size;
+}
+
+bool VxSafeFile::passOnBuffer()
+{
+    const bool done = passOn(m_buffer.constData(), m_buffer.size());
+    m_buffer.resize(0); // keeps its memory
+    return done;
+}
+
+/** What fits is taken without a word; only the next try tells why the rest did not. */
+bool VxSafeFile::passOn(const char *data, qint64 size)
+{
+    qint64 done = 0;
+    while (m_failure.isEmpty() && done < size) {
+        const qint64 taken = m_file.write(data + done, size - done);
+        if (taken <= 0)
+            return fail(m_file.errorString());
+        done += taken;
+    }
+    return m_failure.isEmpty();
+}
+
+/** A disk that is reached over a network may refuse only now what it has seemed to take. */
+bool VxSafeFile::synchronize()
+{
+#ifdef Q_OS_UNIX
+    // Some kinds of files cannot be synchronized at all; that is no failure.
+    if (::fsync(m_file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
+        return fail(qt_error_string(errno));
+#endif
+    return true;
+}
+
+bool VxSafeFile::fail(const QString &reason)
+{
+    m_failure = reason;
+    setErrorString(reason);
+    return false;
+}
