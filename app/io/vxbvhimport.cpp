@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QSet>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
@@ -36,6 +37,22 @@ VxFileProgress part(const VxFileProgress &whole, int first, int last)
         [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
 }
 
+/// The name, or the first of "name 2", "name 3" ... that no node has for its name or label.
+QString unusedName(const VxScene &scene, const QString &name)
+{
+    QSet<QString> used;
+    VxNodeListIterator nodes = scene.nodeListIterator();
+    while (nodes.hasNext()) {
+        const VxNode *node = nodes.next();
+        used.insert(node->getName());
+        used.insert(node->getLabel());
+    }
+    QString unused = name;
+    for (int number = 2; used.contains(unused); ++number)
+        unused = tr("%1 %2").arg(name, QString::number(number));
+    return unused;
+}
+
 // Where reading ends and building begins, by the time that they take.
 constexpr int ReadPercent = 70;
 
@@ -53,6 +70,8 @@ public:
                const VxFileProgress &buildProgress, VxFileError *error);
     bool replaceScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing);
     bool enterScene(std::unique_ptr<VxSkeleton> figure, const VxBvhTiming &timing);
+    void takeTime(const VxBvhTiming &timing);
+    void makeRoom(const VxBvhTiming &timing);
 
     VxScene *const scene;
     bool replaces = false;
@@ -72,6 +91,9 @@ bool VxBvhImport::Private::build(const VxBvhDocument &document, const QString &f
     QString name = QFileInfo(fileName).completeBaseName();
     if (name.isEmpty())
         name = tr("Motion");
+    if (!replaces)
+        name = unusedName(*scene, name);
+    const bool isBeside = !replaces && scene->getNumNodes() > 0;
     std::unique_ptr<VxSkeleton> figure = vxBvhBuildFigure(document, timing, name, buildProgress);
     if (!figure)
         return fail(error, fileName, tr("The import was cancelled."), true);
@@ -79,7 +101,7 @@ bool VxBvhImport::Private::build(const VxBvhDocument &document, const QString &f
         replaces ? replaceScene(std::move(figure), timing) : enterScene(std::move(figure), timing);
     if (!entered)
         return fail(error, fileName, tr("The scene does not take the figure."));
-    summary = timing.sentence();
+    summary = isBeside ? timing.sentenceBeside(scene->getTimeStep()) : timing.sentence();
     return true;
 }
 
@@ -98,17 +120,37 @@ bool VxBvhImport::Private::enterScene(std::unique_ptr<VxSkeleton> figure, const 
 {
     VxUndoStackHold hold;
     const VxChangeBlock block;
+    const bool isFirst = scene->getNumNodes() == 0;
     if (!scene->addNode(figure.get()))
         return false;
     skeleton = figure.release();
     if (timing.frameCount() > 1) {
-        const VxTimeRange range(0, timing.lastKeyTime());
-        scene->setTimeStep(timing.step());
-        scene->setAnimRange(range);
-        scene->setPlayRange(range);
+        if (isFirst)
+            takeTime(timing);
+        else
+            makeRoom(timing);
     }
     hold.accept(tr("Import %1").arg(skeleton->getLabel()));
     return true;
+}
+
+void VxBvhImport::Private::takeTime(const VxBvhTiming &timing)
+{
+    const VxTimeRange range(0, timing.lastKeyTime());
+    scene->setTimeStep(timing.step());
+    scene->setAnimRange(range);
+    scene->setPlayRange(range);
+}
+
+/** What is there keeps its rate. A play range that somebody has narrowed is left alone. */
+void VxBvhImport::Private::makeRoom(const VxBvhTiming &timing)
+{
+    const VxTimeRange former = scene->getAnimRange();
+    const VxTimeRange range = former.united({0, timing.lastKeyTime()});
+    const bool playsAll = scene->getPlayRange() == former;
+    scene->setAnimRange(range);
+    if (playsAll)
+        scene->setPlayRange(range);
 }
 
 VxBvhImport::VxBvhImport(VxScene *scene)

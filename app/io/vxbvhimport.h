@@ -13,9 +13,10 @@ class VxSkeleton;
 /// Brings BVH motion files into a scene, each as a figure of its own.
 ///
 /// The figure is read and built completely before the scene hears of it; a broken file or a
-/// cancelled import therefore leaves the scene as it was. What then changes in the scene (the
-/// figure, the time step, both ranges) is one undo entry. A motion of fewer than two frames is a
-/// pose: it leaves step and ranges alone.
+/// cancelled import therefore leaves the scene as it was. What then changes in the scene is one
+/// undo entry. A scene without nodes takes the motion's rate and length. One that has some keeps
+/// its rate, and its ranges only grow: the keys lie at their true times. A motion of fewer than two
+/// frames is a pose: it leaves step and ranges alone.
 class VxBvhImport
 {
 public:
@@ -32,8 +33,8 @@ public:
     /// load, instead of coming to what is there. False to begin with.
     void setReplacesScene(bool replaces);
 
-    /// Reads the file and adds its figure, named after the file. False with the reason in
-    /// `error`, which must not be null.
+    /// Reads the file and adds its figure, named after the file, with a number where a node of
+    /// that name is there already. False with the reason in `error`, which must not be null.
     bool importFile(const QString &fileName, VxFileError *error);
     /// The same for a document that was read already; it must be valid. The name serves for the
     /// figure and for messages.

@@ -123,10 +123,15 @@ QVector<VxTime> VxBvhTiming::keyTimes() const
     return times;
 }
 
+QString VxBvhTiming::sourceSentence() const
+{
+    return tr("The motion has %1 frames at %2 frames per second.")
+        .arg(QString::number(m_frameCount), rateText(m_rate));
+}
+
 QString VxBvhTiming::sentence() const
 {
-    const QString source = tr("The motion has %1 frames at %2 frames per second.")
-                               .arg(QString::number(m_frameCount), rateText(m_rate));
+    const QString source = sourceSentence();
     if (isOnSceneFrames())
         return source + QLatin1Char(' ') + tr("The scene runs at the same rate.");
     const QString scene = tr("The scene runs at %1 frames per second (%2 ticks a frame);")
@@ -135,4 +140,14 @@ QString VxBvhTiming::sentence() const
                              ? tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
                              : tr("keys lie at the nearest tick and not all on whole frames.");
     return source + QLatin1Char(' ') + scene + QLatin1Char(' ') + keys;
+}
+
+QString VxBvhTiming::sentenceBeside(VxTime sceneStep) const
+{
+    const QString rate = rateText(double(VxTicksPerSecond) / sceneStep);
+    const bool isOnFrames = m_ticks > 0 && m_ticks % sceneStep == 0;
+    const QString scene =
+        isOnFrames ? tr("The scene stays at %1 frames per second.")
+                   : tr("The scene stays at %1 frames per second; not all keys lie on its frames.");
+    return sourceSentence() + QLatin1Char(' ') + scene.arg(rate);
 }

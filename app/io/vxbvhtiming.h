@@ -41,8 +41,12 @@ public:
     /// One or two sentences for the user: the file's rate, the scene's rate, and whether the keys
     /// lie on the scene's frames.
     QString sentence() const;
+    /// The same where the scene keeps its own rate of \a sceneStep ticks a frame.
+    QString sentenceBeside(VxTime sceneStep) const;
 
 private:
+    QString sourceSentence() const;
+
     int m_frameCount = 0;
     int m_ticks = 0;      // of a frame where that is a whole number, else 0
     double m_rate = 30.0; // frames per second

@@ -88,7 +88,7 @@ void appendHierarchy(QByteArray *out, const std::vector<VxBvhJoint> &joints)
 /// Where the text goes in pieces; false ends the writing.
 using TextSink = std::function<bool(QByteArray *text, int percent)>;
 
-constexpr int PieceBytes = 1 << 20;
+constexpr int PieceBytes = 1 << 16;
 
 bool appendMotion(QByteArray *out, const VxBvhDocument &document, const TextSink &sink)
 {

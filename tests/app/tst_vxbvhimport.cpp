@@ -116,6 +116,10 @@ private Q_SLOTS:
     void realFileComesInWhole();
     void undoAndRedo();
     void secondImportAddsAFigure();
+    void namesOfFiguresDiffer();
+    void besideOthersTheSceneKeepsItsTime_data();
+    void besideOthersTheSceneKeepsItsTime();
+    void undoOfAnImportBesideOthers();
     void failureLeavesTheScene_data();
     void failureLeavesTheScene();
     void cancelLeavesTheScene_data();
@@ -359,6 +363,78 @@ void TestVxBvhImport::secondImportAddsAFigure()
     import(branched);
     QCOMPARE(m_scene->getRootNodes().size(), 2);
     QCOMPARE(m_scene->getNumNodes(), 12);
+}
+
+void TestVxBvhImport::namesOfFiguresDiffer()
+{
+    m_scene->addNode(new VxNode(QStringLiteral("walk 3")));
+    auto *renamed = new VxNode(QStringLiteral("prop"));
+    renamed->setLabel(QStringLiteral("walk"));
+    m_scene->addNode(renamed);
+    QStringList names;
+    for (int i = 0; i < 3; ++i) {
+        import(branched);
+        names.append(m_scene->getRootNodes().last()->getName());
+    }
+    QCOMPARE(names, QStringList({"walk 2", "walk 4", "walk 5"}));
+}
+
+void TestVxBvhImport::besideOthersTheSceneKeepsItsTime_data()
+{
+    QTest::addColumn<VxTimeRange>("anim");
+    QTest::addColumn<VxTimeRange>("play");
+    QTest::addColumn<VxTimeRange>("newAnim");
+    QTest::addColumn<VxTimeRange>("newPlay");
+    // The motion lasts from 0 to 320.
+    QTest::newRow("a longer scene") << VxTimeRange(-400, 4000) << VxTimeRange(-400, 4000)
+                                    << VxTimeRange(-400, 4000) << VxTimeRange(-400, 4000);
+    QTest::newRow("a shorter scene")
+        << VxTimeRange(0, 200) << VxTimeRange(0, 200) << VxTimeRange(0, 320) << VxTimeRange(0, 320);
+    QTest::newRow("a scene that begins later") << VxTimeRange(200, 800) << VxTimeRange(200, 800)
+                                               << VxTimeRange(0, 800) << VxTimeRange(0, 800);
+    QTest::newRow("a play range of its own")
+        << VxTimeRange(0, 200) << VxTimeRange(0, 100) << VxTimeRange(0, 320) << VxTimeRange(0, 100);
+}
+
+void TestVxBvhImport::besideOthersTheSceneKeepsItsTime()
+{
+    QFETCH(VxTimeRange, anim);
+    QFETCH(VxTimeRange, play);
+    QFETCH(VxTimeRange, newAnim);
+    QFETCH(VxTimeRange, newPlay);
+    m_scene->addNode(new VxNode(QStringLiteral("there")));
+    m_scene->setTimeStep(200);
+    m_scene->setAnimRange(anim);
+    m_scene->setPlayRange(play);
+    m_scene->setTime(120);
+    VxFileError error;
+    VxBvhImport importer(m_scene.get());
+    QVERIFY(importer.importDocument(documentOf(branched), QStringLiteral("walk.bvh"), &error));
+    QCOMPARE(m_scene->getTimeStep(), 200);
+    QCOMPARE(m_scene->getTime(), 120);
+    QCOMPARE(m_scene->getAnimRange(), newAnim);
+    QCOMPARE(m_scene->getPlayRange(), newPlay);
+    QCOMPARE(keysOf(bone("hip")->getXPosControl()).times, (QVector<VxTime>{0, 160, 320}));
+    QVERIFY2(importer.getSummary().contains("stays at 24 frames per second; not all keys"),
+             qPrintable(importer.getSummary()));
+}
+
+void TestVxBvhImport::undoOfAnImportBesideOthers()
+{
+    m_scene->addNode(new VxNode(QStringLiteral("there")));
+    m_scene->setAnimRange({0, 200});
+    m_scene->setPlayRange({0, 200});
+    const QVector<int> before = stateOf(*m_scene);
+    import(branched);
+    const QVector<int> after = stateOf(*m_scene);
+    QVERIFY(before != after);
+    QCOMPARE(m_undo->count(), 1);
+    for (int round = 0; round < 2; ++round) {
+        m_undo->undo();
+        QCOMPARE(stateOf(*m_scene), before);
+        m_undo->redo();
+        QCOMPARE(stateOf(*m_scene), after);
+    }
 }
 
 void TestVxBvhImport::failureLeavesTheScene_data()

@@ -1,0 +1,133 @@
+#include "io/vxbvhexport.h"
+
+#include "io/vxbvhsampler.h"
+#include "io/vxbvhwriter.h"
+
+#include <QCoreApplication>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+// Beyond it memory would run short sooner than a motion makes sense: 400 MB.
+constexpr qint64 MaxValues = 100 * 1000 * 1000;
+// Where sampling ends and writing begins, by the time that they take.
+constexpr int SamplePercent = 40;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxBvhExport", text);
+}
+
+bool fail(VxFileError *error, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+VxFileProgress part(const VxFileProgress &whole, int first, int last)
+{
+    if (!whole)
+        return {};
+    return
+        [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
+}
+
+} // namespace
+
+class VxBvhExport::Private
+{
+public:
+    qint64 numFrames() const { return (qint64(range.getEnd()) - range.getStart()) / step + 1; }
+    bool checkSize(VxFileError *error) const;
+    QVector<VxTime> times() const;
+    void tell(const VxBvhDocument &document, int workedOut);
+
+    const VxSkeleton *skeleton = nullptr;
+    VxTimeRange range;
+    VxTime step = 1;
+    VxFileProgress progress;
+    QString summary;
+};
+
+bool VxBvhExport::Private::checkSize(VxFileError *error) const
+{
+    const int bones = skeleton->getAllBones().size();
+    if (bones == 0)
+        return fail(error, tr("\"%1\" has no bones that could move.").arg(skeleton->getLabel()));
+    // Six channels a bone at most.
+    if (numFrames() * bones * 6 > MaxValues)
+        return fail(error, tr("The motion is too long: %1 frames of %2 bones. A shorter animation "
+                              "range has fewer.")
+                               .arg(QString::number(numFrames()), QString::number(bones)));
+    return true;
+}
+
+QVector<VxTime> VxBvhExport::Private::times() const
+{
+    const auto count = int(numFrames());
+    QVector<VxTime> list(count);
+    for (int frame = 0; frame < count; ++frame)
+        list[frame] = VxTime(range.getStart() + qint64(frame) * step);
+    return list;
+}
+
+void VxBvhExport::Private::tell(const VxBvhDocument &document, int workedOut)
+{
+    summary = tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
+                  .arg(skeleton->getLabel(), QString::number(document.frameCount),
+                       QString::number(double(VxTicksPerSecond) / step, 'g', 6));
+    if (workedOut > 0)
+        summary += QLatin1Char(' ') +
+                   tr("What such a file does not know, like scales, is worked into positions and "
+                      "rotations of %1 bone(s).")
+                       .arg(workedOut);
+}
+
+VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)
+    : d(std::make_unique<Private>())
+{
+    d->skeleton = skeleton;
+    d->range = range;
+    d->step = qMax(1, step);
+}
+
+VxBvhExport::~VxBvhExport() = default;
+
+void VxBvhExport::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
+{
+    if (!d->checkSize(error))
+        return false;
+    const VxBvhSampler sampler(d->skeleton, d->times());
+    VxBvhDocument sampled;
+    sampled.joints = sampler.joints();
+    sampled.frameCount = int(d->numFrames());
+    sampled.frameTime = double(d->step) / VxTicksPerSecond;
+    if (!sampler.sample(&sampled.values, part(d->progress, 0, SamplePercent)))
+        return fail(error, tr("The export was cancelled."), true);
+    d->tell(sampled, sampler.numWorkedOut());
+    *document = std::move(sampled);
+    return true;
+}
+
+bool VxBvhExport::exportFile(const QString &fileName, VxFileError *error)
+{
+    VxBvhDocument document;
+    if (sample(&document, error))
+        return VxBvhWriter::writeFile(document, fileName, error,
+                                      part(d->progress, SamplePercent, 100));
+    error->file = fileName;
+    return false;
+}
+
+QString VxBvhExport::getSummary() const
+{
+    return d->summary;
+}

@@ -1,0 +1,389 @@
+#include "io/vxbvhsampler.h"
+
+#include "io/vxeulerangles.h"
+
+#include <QHash>
+#include <QMatrix4x4>
+#include <algorithm>
+#include <cmath>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+using Controls = std::array<const VxFloatProperty *, 3>;
+
+Controls positions(const VxNode *node)
+{
+    return {node->getXPosControl(), node->getYPosControl(), node->getZPosControl()};
+}
+
+Controls rotations(const VxNode *node)
+{
+    return {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()};
+}
+
+VxBvhOffset offsetOf(const QVector3D &v)
+{
+    return {v.x(), v.y(), v.z()};
+}
+
+/// What a motion file takes for a name: one line that is not empty and opens no block.
+QString jointName(const QString &label)
+{
+    QString name = label.simplified();
+    while (name.endsWith(QLatin1Char('{')))
+        name = name.chopped(1).trimmed();
+    name.remove(QChar(0));
+    return name.isEmpty() ? QStringLiteral("joint") : name;
+}
+
+/// The turn of a matrix without what scales it.
+VxRotation turnOf(const QMatrix4x4 &matrix)
+{
+    std::array<std::array<double, 3>, 3> axes{};
+    const auto dot = [](const std::array<double, 3> &a, const std::array<double, 3> &b) {
+        return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+    };
+    const auto makeUnit = [&dot](std::array<double, 3> &axis, std::size_t i) {
+        const double length = std::sqrt(dot(axis, axis));
+        for (double &part : axis)
+            part = length > 0.0 ? part / length : 0.0;
+        if (!(length > 0.0))
+            axis[i] = 1.0;
+    };
+    for (std::size_t column = 0; column < 2; ++column) {
+        for (std::size_t row = 0; row < 3; ++row)
+            axes[column][row] = double(matrix(int(row), int(column)));
+    }
+    makeUnit(axes[0], 0);
+    const double overlap = dot(axes[0], axes[1]);
+    for (std::size_t row = 0; row < 3; ++row)
+        axes[1][row] -= overlap * axes[0][row];
+    makeUnit(axes[1], 1);
+    for (std::size_t i = 0; i < 3; ++i)
+        axes[2][i] = axes[0][(i + 1) % 3] * axes[1][(i + 2) % 3] -
+                     axes[0][(i + 2) % 3] * axes[1][(i + 1) % 3];
+    VxRotation turn{};
+    for (std::size_t row = 0; row < 3; ++row)
+        turn[row] = {axes[0][row], axes[1][row], axes[2][row]};
+    return turn;
+}
+
+/// A joint in the world: where it is and how it is turned.
+struct Frame
+{
+    std::array<double, 3> place{};
+    VxRotation turn{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+
+    std::array<double, 3> toLocal(const std::array<double, 3> &point) const
+    {
+        std::array<double, 3> local{};
+        for (std::size_t i = 0; i < 3; ++i) {
+            for (std::size_t row = 0; row < 3; ++row)
+                local[i] += turn[row][i] * (point[row] - place[row]);
+        }
+        return local;
+    }
+
+    VxRotation toLocal(const VxRotation &other) const
+    {
+        VxRotation local{};
+        for (std::size_t i = 0; i < 3; ++i) {
+            for (std::size_t j = 0; j < 3; ++j) {
+                for (std::size_t row = 0; row < 3; ++row)
+                    local[i][j] += turn[row][i] * other[row][j];
+            }
+        }
+        return local;
+    }
+};
+
+std::array<double, 3> pointOf(const QVector3D &v)
+{
+    return {double(v.x()), double(v.y()), double(v.z())};
+}
+
+} // namespace
+
+class VxBvhSampler::Private
+{
+public:
+    struct Joint
+    {
+        const VxBone *bone = nullptr;
+        int parent = -1;
+        bool isDirect = false;   // copied control by control
+        bool isUnscaled = false; // nothing scales it, nor does it scale what is below
+        bool moves = false;      // has position channels
+        bool isLeaf = true;
+    };
+
+    bool isAlways(const VxFloatProperty *control, float value) const;
+    bool isUnscaled(const VxNode *node) const;
+    bool standsStill(const VxNode *node) const;
+    int jointAbove(const VxNode *node) const;
+    void addJoint(const VxBone *bone);
+
+    std::vector<QMatrix4x4> worlds(VxTime time) const;
+    QMatrix4x4 worldOf(const VxNode *node, VxTime time,
+                       const std::vector<QMatrix4x4> &worlds) const;
+    void setOffset(const Joint &joint, std::size_t index, const std::vector<QMatrix4x4> &first,
+                   VxBvhJoint *out) const;
+    Frame frameOf(int joint, const std::vector<QMatrix4x4> &worlds) const;
+    void copy(const Joint &joint, float *values) const;
+    bool workOut(std::vector<float> *values, const VxFileProgress &progress) const;
+    std::vector<std::size_t> firstChannels() const;
+
+    QVector<VxTime> times;
+    const VxSkeleton *skeleton = nullptr;
+    std::vector<Joint> joints;
+    QHash<const VxNode *, int> indexes;
+    bool isSkeletonStill = false;
+    bool isSkeletonUnscaled = false;
+};
+
+bool VxBvhSampler::Private::isAlways(const VxFloatProperty *control, float value) const
+{
+    QVector<float> values(times.size());
+    control->getValues(times.constData(), times.size(), values.data());
+    return std::all_of(values.cbegin(), values.cend(),
+                       [value](float other) { return other == value; });
+}
+
+bool VxBvhSampler::Private::isUnscaled(const VxNode *node) const
+{
+    return isAlways(node->getScaleControl(), 1.0f) && isAlways(node->getXScaleControl(), 1.0f) &&
+           isAlways(node->getYScaleControl(), 1.0f) && isAlways(node->getZScaleControl(), 1.0f);
+}
+
+bool VxBvhSampler::Private::standsStill(const VxNode *node) const
+{
+    bool still = node->getOrigin().isNull();
+    for (const Controls &controls : {positions(node), rotations(node)}) {
+        for (const VxFloatProperty *control : controls)
+            still = still && isAlways(control, 0.0f);
+    }
+    return still;
+}
+
+int VxBvhSampler::Private::jointAbove(const VxNode *node) const
+{
+    for (const VxNode *above = node->getNodeParent(); above; above = above->getNodeParent()) {
+        const auto found = indexes.constFind(above);
+        if (found != indexes.constEnd())
+            return *found;
+    }
+    return -1;
+}
+
+void VxBvhSampler::Private::addJoint(const VxBone *bone)
+{
+    Joint joint;
+    joint.bone = bone;
+    joint.parent = jointAbove(bone);
+    const VxNode *above = bone->getNodeParent();
+    const bool isRoot = joint.parent < 0;
+    const bool isBelowUnscaled =
+        isRoot ? isSkeletonUnscaled : joints[std::size_t(joint.parent)].isUnscaled;
+    const bool isRightBelow = isRoot ? above == skeleton && isSkeletonStill
+                                     : above == joints[std::size_t(joint.parent)].bone;
+    joint.isDirect = isRightBelow && isBelowUnscaled;
+    joint.isUnscaled = isBelowUnscaled && isUnscaled(bone);
+    // What lies between two bones may scale, too.
+    for (; above != skeleton && !indexes.contains(above); above = above->getNodeParent())
+        joint.isUnscaled = joint.isUnscaled && isUnscaled(above);
+    joint.moves = isRoot || !joint.isDirect;
+    for (const VxFloatProperty *control : positions(bone)) {
+        const float first = control->getValue(times.constFirst());
+        joint.moves = joint.moves || control->getNumKeys() > 0 || !isAlways(control, first);
+    }
+    if (!isRoot)
+        joints[std::size_t(joint.parent)].isLeaf = false;
+    indexes.insert(bone, int(joints.size()));
+    joints.push_back(joint);
+}
+
+QMatrix4x4 VxBvhSampler::Private::worldOf(const VxNode *node, VxTime time,
+                                          const std::vector<QMatrix4x4> &done) const
+{
+    if (!node)
+        return {};
+    const auto found = indexes.constFind(node);
+    if (found != indexes.constEnd() && std::size_t(*found) < done.size())
+        return done[std::size_t(*found)];
+    return worldOf(node->getNodeParent(), time, done) * node->getLocalTransform(time);
+}
+
+std::vector<QMatrix4x4> VxBvhSampler::Private::worlds(VxTime time) const
+{
+    std::vector<QMatrix4x4> done;
+    done.reserve(joints.size());
+    for (const Joint &joint : joints)
+        done.push_back(worldOf(joint.bone, time, done));
+    return done;
+}
+
+Frame VxBvhSampler::Private::frameOf(int joint, const std::vector<QMatrix4x4> &all) const
+{
+    if (joint < 0)
+        return {};
+    const QMatrix4x4 &world = all[std::size_t(joint)];
+    return {pointOf(world.column(3).toVector3D()), turnOf(world)};
+}
+
+void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
+                                      const std::vector<QMatrix4x4> &first, VxBvhJoint *out) const
+{
+    if (joint.isDirect) {
+        QVector3D offset = joint.bone->getOrigin();
+        const Controls controls = positions(joint.bone);
+        for (int axis = 0; axis < 3; ++axis) {
+            const VxFloatProperty *control = controls[std::size_t(axis)];
+            offset[axis] += control->getNumKeys() > 0 ? control->getStoredValue()
+                                                      : control->getValue(times.constFirst());
+        }
+        out->offset = offsetOf(offset);
+    } else {
+        const auto local = frameOf(joint.parent, first).toLocal(frameOf(int(index), first).place);
+        out->offset = {float(local[0]), float(local[1]), float(local[2])};
+    }
+    if (!joint.isLeaf)
+        return;
+    QVector3D end = joint.bone->getEndPoint();
+    if (!joint.isUnscaled) {
+        const auto local = frameOf(int(index), first).toLocal(pointOf(first[index].map(end)));
+        end = {float(local[0]), float(local[1]), float(local[2])};
+    }
+    out->endSites.push_back(offsetOf(end));
+}
+
+void VxBvhSampler::Private::copy(const Joint &joint, float *values) const
+{
+    const int count = times.size();
+    if (joint.moves) {
+        const QVector3D origin = joint.bone->getOrigin();
+        const Controls controls = positions(joint.bone);
+        for (int axis = 0; axis < 3; ++axis, values += count) {
+            controls[std::size_t(axis)]->getValues(times.constData(), count, values);
+            std::transform(values, values + count, values,
+                           [part = origin[axis]](float value) { return part + value; });
+        }
+    }
+    const Controls controls = rotations(joint.bone);
+    for (const int axis : vxRotationAxes(joint.bone->getRotationOrder())) {
+        controls[std::size_t(axis)]->getValues(times.constData(), count, values);
+        values += count;
+    }
+}
+
+std::vector<std::size_t> VxBvhSampler::Private::firstChannels() const
+{
+    std::vector<std::size_t> first;
+    std::size_t channels = 0;
+    for (const Joint &joint : joints) {
+        first.push_back(channels);
+        channels += joint.moves ? 6 : 3;
+    }
+    return first;
+}
+
+bool VxBvhSampler::Private::workOut(std::vector<float> *values,
+                                    const VxFileProgress &progress) const
+{
+    const std::vector<std::size_t> first = firstChannels();
+    const auto count = std::size_t(times.size());
+    std::vector<std::array<double, 3>> before(joints.size());
+    for (std::size_t t = 0; t < count; ++t) {
+        if (progress && t % 16 == 0 && !progress(int(t * 100 / count)))
+            return false;
+        const std::vector<QMatrix4x4> all = worlds(times.at(int(t)));
+        for (std::size_t i = 0; i < joints.size(); ++i) {
+            const Joint &joint = joints[i];
+            if (joint.isDirect)
+                continue;
+            const Frame parent = frameOf(joint.parent, all);
+            const Frame own = frameOf(int(i), all);
+            const auto order = joint.bone->getRotationOrder();
+            before[i] = vxEulerAngles(parent.toLocal(own.turn), order, before[i]);
+            const std::array<double, 3> place = parent.toLocal(own.place);
+            const std::array<int, 3> axes = vxRotationAxes(order);
+            for (std::size_t part = 0; part < 3; ++part) {
+                (*values)[(first[i] + part) * count + t] = float(place[part]);
+                (*values)[(first[i] + 3 + part) * count + t] =
+                    float(before[i][std::size_t(axes[part])]);
+            }
+        }
+    }
+    return true;
+}
+
+VxBvhSampler::VxBvhSampler(const VxSkeleton *skeleton, const QVector<VxTime> &times)
+    : d(std::make_unique<Private>())
+{
+    d->times = times;
+    d->skeleton = skeleton;
+    d->isSkeletonStill = d->isSkeletonUnscaled = true;
+    for (const VxNode *node = skeleton; node; node = node->getNodeParent()) {
+        d->isSkeletonUnscaled = d->isSkeletonUnscaled && d->isUnscaled(node);
+        d->isSkeletonStill = d->isSkeletonStill && d->standsStill(node);
+    }
+    for (const VxBone *bone : skeleton->getAllBones())
+        d->addJoint(bone);
+}
+
+VxBvhSampler::~VxBvhSampler() = default;
+
+std::vector<VxBvhJoint> VxBvhSampler::joints() const
+{
+    const std::vector<QMatrix4x4> first = d->worlds(d->times.constFirst());
+    std::vector<VxBvhJoint> list;
+    list.reserve(d->joints.size());
+    for (std::size_t i = 0; i < d->joints.size(); ++i) {
+        const Private::Joint &joint = d->joints[i];
+        VxBvhJoint out;
+        out.name = jointName(joint.bone->getLabel());
+        out.parent = joint.parent;
+        d->setOffset(joint, i, first, &out);
+        if (joint.moves)
+            out.channels = {VxBvhChannel::XPosition, VxBvhChannel::YPosition,
+                            VxBvhChannel::ZPosition};
+        for (const int axis : vxRotationAxes(joint.bone->getRotationOrder()))
+            out.channels.push_back(static_cast<VxBvhChannel>(int(VxBvhChannel::XRotation) + axis));
+        list.push_back(out);
+    }
+    return list;
+}
+
+bool VxBvhSampler::sample(std::vector<float> *values, const VxFileProgress &progress) const
+{
+    const std::vector<std::size_t> first = d->firstChannels();
+    const auto count = std::size_t(d->times.size());
+    std::size_t channels = 0;
+    for (const Private::Joint &joint : d->joints)
+        channels += joint.moves ? 6 : 3;
+    values->assign(channels * count, 0.0f);
+    const int direct = int(d->joints.size()) - numWorkedOut();
+    // Copying is nothing beside working out.
+    const int copyPercent = numWorkedOut() == 0 ? 100 : 10;
+    int copied = 0;
+    for (std::size_t i = 0; i < d->joints.size(); ++i) {
+        if (!d->joints[i].isDirect)
+            continue;
+        if (progress && !progress(copied++ * copyPercent / direct))
+            return false;
+        d->copy(d->joints[i], values->data() + first[i] * count);
+    }
+    if (numWorkedOut() == 0)
+        return true;
+    return d->workOut(values, [&progress, copyPercent](int percent) {
+        return !progress || progress(copyPercent + percent * (100 - copyPercent) / 100);
+    });
+}
+
+int VxBvhSampler::numWorkedOut() const
+{
+    return int(std::count_if(d->joints.cbegin(), d->joints.cend(),
+                             [](const Private::Joint &joint) { return !joint.isDirect; }));
+}
