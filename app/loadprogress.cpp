@@ -3,6 +3,7 @@
 #include "usermessages.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QProgressDialog>
 #include <vxcore/vxmainwindow.h>
 
@@ -24,7 +25,12 @@ LoadProgress::LoadProgress(const UserMessages &messages, const QString &label)
     if (messages.isConsole())
         return;
     d->dialog = std::make_unique<QProgressDialog>(
-        label, QCoreApplication::translate("LoadProgress", "Cancel"), 0, 100, messages.window());
+        QString(), QCoreApplication::translate("LoadProgress", "Cancel"), 0, 100,
+        messages.window());
+    auto *text = new QLabel(label);
+    text->setTextFormat(Qt::PlainText); // a file's name is no markup
+    text->setAlignment(Qt::AlignCenter);
+    d->dialog->setLabel(text);
     // Modal, so that nothing but the cancel button takes input while events are processed.
     d->dialog->setWindowModality(Qt::ApplicationModal);
     d->dialog->setMinimumDuration(PatienceMilliseconds);

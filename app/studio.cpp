@@ -3,6 +3,7 @@
 #include "actionlist.h"
 #include "documentcontroller.h"
 #include "recentfiles.h"
+#include "recoverycontroller.h"
 #include "scenesummary.h"
 #include "shortcutcatalogue.h"
 #include "studioclasses.h"
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
@@ -38,6 +40,17 @@ QString settingsFile(const CommandLine &commandLine)
     if (!commandLine.settingsFile.isEmpty() || commandLine.isBatch())
         return commandLine.settingsFile;
     return StudioSettings::defaultFileName();
+}
+
+/// Beside the settings, so that runs with other settings have other copies. A run that nobody
+/// watches keeps none and asks nothing.
+QString recoveryFolder(const CommandLine &commandLine)
+{
+    const QString settings = settingsFile(commandLine);
+    if (settings.isEmpty() || commandLine.isBatch())
+        return {};
+    const QFileInfo file(settings);
+    return QDir(file.absolutePath()).filePath(file.completeBaseName() + key("-recovery"));
 }
 
 } // namespace
@@ -88,6 +101,8 @@ void Studio::Private::saveSettings()
     settings->setStringValue(key("Palette"), key(dark ? "dark" : "light"));
     window->saveLayout(settings->getSettings(key("Window")));
     window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
+    settings->getSettings(key("Recovery"))
+        ->setIntValue(key("Minutes"), window->recovery()->autoSave()->minutes());
     window->getPaneMgr()->saveSettings();
     window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
     settingsStore.save(*settings, messages);
@@ -124,6 +139,10 @@ void Studio::Private::buildPanesAndActions()
     window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
     if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
         window->recentFiles()->restore(*recent);
+    if (const VxSettings *recovery = settings->findSettings(key("Recovery"))) {
+        window->recovery()->autoSave()->setMinutes(
+            recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
+    }
 }
 
 /** What a file that was written by hand gives to two commands is told, not left to be dead keys. */
@@ -206,7 +225,7 @@ Studio::Studio(const CommandLine &commandLine)
     VxApp::setAppName(QStringLiteral("VxStudio"));
     d->app = std::make_unique<VxApp>();
     d->loadSettings();
-    d->window = std::make_unique<StudioWindow>(&d->messages);
+    d->window = std::make_unique<StudioWindow>(&d->messages, recoveryFolder(commandLine));
     d->messages.setWindow(d->window.get());
     d->loadPlugins();
     d->buildPanesAndActions();
@@ -217,6 +236,8 @@ Studio::Studio(const CommandLine &commandLine)
     QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
                      [this] { d->saveSettings(); });
     QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
+                     [this] { d->saveSettings(); });
+    QObject::connect(d->window->recovery()->autoSave(), &AutoSave::minutesChanged, d->window.get(),
                      [this] { d->saveSettings(); });
     d->app->start();
 }
@@ -248,7 +269,12 @@ int Studio::run()
         return CommandLine::Failure;
     if (!d->runScript() || !d->writePicture())
         return CommandLine::Failure;
-    return batch ? int(CommandLine::Success) : QApplication::exec();
+    if (batch)
+        return CommandLine::Success;
+    // Who starts a script wants that done; the question waits in the menu.
+    if (d->commandLine.scriptFile.isEmpty())
+        d->window->recovery()->offer();
+    return QApplication::exec();
 }
 
 QString Studio::defaultPluginFolder()

@@ -5,6 +5,7 @@
 #include "panedock.h"
 #include "panedocks.h"
 #include "recentfilesmenu.h"
+#include "recoverymenu.h"
 #include "studiowindow.h"
 #include "viewportwidget.h"
 
@@ -76,6 +77,16 @@ void StudioMenus::buildFileMenu()
                         &StudioMenus::revertRequested);
     m_revert->setEnabled(false);
     menu->addSeparator();
+    addEntry(menu,
+             {"StudioImportMotion", tr("&Import Motion..."),
+              tr("Adds the figure of a motion file to the scene.")},
+             &StudioMenus::importRequested);
+    addEntry(menu,
+             {"StudioExportMotion", tr("&Export Motion..."),
+              tr("Writes the motion of a figure into a file.")},
+             &StudioMenus::exportRequested);
+    menu->addSeparator();
+    menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(
         menu,
         {"StudioQuit", tr("&Quit"), tr("Leaves the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
@@ -87,9 +98,21 @@ void StudioMenus::addRecentFiles(RecentFiles *files)
 {
     auto *recent = new RecentFilesMenu(tr("Open &Recent"), files, m_fileMenu);
     connect(recent, &RecentFilesMenu::openRequested, this, &StudioMenus::recentFileRequested);
+    insertIntoFileMenu(QStringLiteral("BelowOpenSeparator"), recent);
+}
+
+void StudioMenus::addRecovery(AutoSave *autoSave)
+{
+    auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, m_fileMenu);
+    connect(recovery, &RecoveryMenu::recoverRequested, this, &StudioMenus::recoverRequested);
+    insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
+}
+
+void StudioMenus::insertIntoFileMenu(const QString &beforeName, QMenu *menu)
+{
     for (QAction *entry : m_fileMenu->actions()) {
-        if (entry->objectName() == QLatin1String("BelowOpenSeparator"))
-            m_fileMenu->insertMenu(entry, recent);
+        if (entry->objectName() == beforeName)
+            m_fileMenu->insertMenu(entry, menu);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <vxcore/vxstyle.h>
 
+class AutoSave;
 class PaneDocks;
 class QAction;
 class QMenu;
@@ -24,6 +25,8 @@ public:
 
     /// The sub-menu of files opened last, below "Open...".
     void addRecentFiles(RecentFiles *files);
+    /// The sub-menu of recovery copies, before "Quit".
+    void addRecovery(AutoSave *autoSave);
     void setRevertEnabled(bool enabled);
     /// Undo and redo of a history, with the entries' texts.
     void addHistory(VxUndoStack *undoStack);
@@ -37,6 +40,9 @@ Q_SIGNALS:
     void revertRequested();
     void saveRequested();
     void saveAsRequested();
+    void importRequested();
+    void exportRequested();
+    void recoverRequested();
     void quitRequested();
     void frameAllRequested();
     void defaultLayoutRequested();
@@ -63,6 +69,7 @@ private:
     void buildWindowMenu(const PaneDocks &docks);
     void addPaletteChoice(QMenu *menu);
     QMenu *findMenu(const QString &title) const;
+    void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
 
     StudioWindow *const m_window;
     QMenu *m_fileMenu = nullptr;

@@ -5,8 +5,11 @@
 #include "droppedfile.h"
 #include "historystatus.h"
 #include "keyoverviewdialog.h"
+#include "motioncommands.h"
 #include "panedocks.h"
 #include "recentfiles.h"
+#include "recoverycontroller.h"
+#include "savefiledialog.h"
 #include "shortcutcatalogue.h"
 #include "shortcutdialog.h"
 #include "studiomenus.h"
@@ -24,6 +27,7 @@
 #include <QTimer>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxundostack.h>
 
@@ -42,12 +46,15 @@ bool hasRealScreen()
 
 } // namespace
 
-StudioWindow::StudioWindow(UserMessages *messages)
+StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder)
     : m_messages(messages)
     , m_document(new DocumentController(vxApp->getScene(), vxApp->getUndoStack(), messages, this))
     , m_viewport(new ViewportWidget(vxApp->getScene(), getViewportMgr()))
     , m_docks(new PaneDocks(this, getPaneMgr()))
     , m_recentFiles(new RecentFiles(this))
+    , m_recovery(new RecoveryController(recoveryFolder, m_document, vxApp->getScene(),
+                                        vxApp->getUndoStack(), messages, this))
+    , m_motion(new MotionCommands(m_document, messages, vxApp->getScene(), this))
     , m_menus(new StudioMenus(this))
 {
     setObjectName(QStringLiteral("StudioWindow"));
@@ -59,8 +66,10 @@ StudioWindow::StudioWindow(UserMessages *messages)
     resize(DefaultSize);
     statusBar();
     m_menus->addRecentFiles(m_recentFiles);
+    m_menus->addRecovery(m_recovery->autoSave());
     m_menus->addHistory(vxApp->getUndoStack());
     new HistoryStatus(vxApp->getUndoStack(), messages, this);
+    m_recovery->setMayReplace([this] { return mayDiscard(); });
     connectMenus();
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);
@@ -78,6 +87,10 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::revertRequested, this, &StudioWindow::revert);
     connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
     connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
+    connect(m_menus, &StudioMenus::importRequested, this, &StudioWindow::importMotion);
+    connect(m_menus, &StudioMenus::exportRequested, this, &StudioWindow::exportMotion);
+    connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
+            &RecoveryController::offerOnDemand);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
     connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
     connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
@@ -178,13 +191,21 @@ bool StudioWindow::saveWithDialog()
     const QFileInfo present(m_document->fileName());
     const QString name =
         m_document->fileName().isEmpty() ? m_document->displayName() : present.completeBaseName();
-    QFileDialog dialog(this, tr("Save As"), startFolder());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("vxscene"));
-    dialog.setNameFilters(m_document->formats().writeFilters());
-    dialog.selectFile(name + QStringLiteral(".vxscene"));
-    return dialog.exec() == QDialog::Accepted &&
-           m_document->save(dialog.selectedFiles().constFirst());
+    SaveFileDialog dialog(tr("Save As"), m_messages, this);
+    dialog.setStart(startFolder(), name);
+    dialog.setKind(QStringLiteral("vxscene"), m_document->formats().writeFilters());
+    const QString file = dialog.ask();
+    return !file.isEmpty() && m_document->save(file);
+}
+
+void StudioWindow::importMotion()
+{
+    m_motion->importWithDialog(startFolder());
+}
+
+void StudioWindow::exportMotion()
+{
+    m_motion->exportWithDialog(startFolder());
 }
 
 void StudioWindow::editShortcuts()
@@ -230,6 +251,9 @@ bool StudioWindow::mayDiscard()
 void StudioWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(mayDiscard());
+    // Saved, or given up by somebody who was asked; a program that ends in any other way keeps it.
+    if (event->isAccepted())
+        m_recovery->autoSave()->dropCopy();
 }
 
 /** Dock sizes can be given only once the window has its own. */
@@ -255,7 +279,18 @@ void StudioWindow::dropEvent(QDropEvent *event)
         return;
     event->acceptProposedAction();
     // A question in here would keep the program waiting from which the file was dragged.
-    QTimer::singleShot(0, this, [this, file] { openAfterAsking(file); });
+    QTimer::singleShot(0, this, [this, file] { takeDroppedFile(file); });
+}
+
+void StudioWindow::takeDroppedFile(const QString &fileName)
+{
+    auto arrival = UserMessages::Arrival::Open;
+    if (vxApp->getScene()->getNumNodes() > 0 && m_document->formats().isMotion(fileName))
+        arrival = m_messages->askHowToOpen(QFileInfo(fileName).fileName());
+    if (arrival == UserMessages::Arrival::Open)
+        openAfterAsking(fileName);
+    else if (arrival == UserMessages::Arrival::Import)
+        m_document->importMotion(fileName);
 }
 
 void StudioWindow::handleDocumentChanged()
@@ -268,8 +303,10 @@ void StudioWindow::handleDocumentChanged()
 
 void StudioWindow::updateTitle()
 {
-    setWindowTitle(
-        QStringLiteral("%1[*] - %2").arg(m_document->displayName(), VxApp::getAppName()));
+    // Doubled, the placeholder for the mark stands for itself.
+    const QString name =
+        m_document->displayName().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, VxApp::getAppName()));
     const bool modified = !vxApp->getUndoStack()->isClean();
     setWindowModified(modified);
     m_menus->setRevertEnabled(modified && !m_document->fileName().isEmpty());

@@ -5,8 +5,10 @@
 
 class DocumentController;
 class KeyOverviewDialog;
+class MotionCommands;
 class PaneDocks;
 class RecentFiles;
+class RecoveryController;
 class StudioMenus;
 class UserMessages;
 class ViewportWidget;
@@ -19,13 +21,15 @@ class StudioWindow : public VxMainWindow
     Q_OBJECT
 public:
     /// The application object must exist. messages is borrowed and must outlive the window.
-    explicit StudioWindow(UserMessages *messages);
+    /// recoveryFolder: see RecoveryController.
+    explicit StudioWindow(UserMessages *messages, const QString &recoveryFolder = QString());
     ~StudioWindow() override;
 
     DocumentController *document() const { return m_document; }
     ViewportWidget *viewport() const { return m_viewport; }
     PaneDocks *docks() const { return m_docks; }
     RecentFiles *recentFiles() const { return m_recentFiles; }
+    RecoveryController *recovery() const { return m_recovery; }
 
     /// Fills the menu bar from the action manager and the docks. Once, when both are complete.
     void completeMenus();
@@ -52,6 +56,10 @@ public Q_SLOTS:
     /// written.
     bool save();
     bool saveWithDialog();
+    /// Asks for a motion file and adds its figure to the scene.
+    void importMotion();
+    /// Asks for a file and writes the motion of a figure.
+    void exportMotion();
     /// Lets the user change the shortcuts of the actions.
     void editShortcuts();
     /// Shows what the keys and the mouse do, and does not wait.
@@ -63,13 +71,14 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    /// A file that is dropped on the window is opened.
+    /// A file that is dropped on the window is opened; a motion may come to the scene instead.
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     void connectMenus();
     bool mayDiscard();
+    void takeDroppedFile(const QString &fileName);
     void handleDocumentChanged();
     void updateTitle();
     QString startFolder() const;
@@ -79,6 +88,8 @@ private:
     ViewportWidget *m_viewport;
     PaneDocks *m_docks;
     RecentFiles *m_recentFiles;
+    RecoveryController *m_recovery;
+    MotionCommands *m_motion;
     StudioMenus *m_menus;
     KeyOverviewDialog *m_keyOverview = nullptr; // null until it is asked for
     bool m_wantsDefaultLayout = true;

@@ -8,7 +8,7 @@ class VxMainWindow;
 
 /// The one place where the program speaks to its user: in message boxes and the status line where
 /// somebody looks at a window, on standard output and standard error where not. Nothing waits for
-/// an answer in the second case.
+/// an answer in the second case. Texts are shown as they are: a file's name is no markup.
 class UserMessages
 {
 public:
@@ -35,11 +35,23 @@ public:
     /// Asks whether the changes since the last save may be lost; nobody to ask agrees.
     bool askToRevert(const QString &documentName) const;
 
+    /// Asks whether what somebody else has written into the document's file may be replaced;
+    /// nobody to ask agrees.
+    bool askToOverwrite(const QString &documentName) const;
+    /// Asks whether a file may be replaced that was not chosen under its full name.
+    bool askToReplace(const QString &fileName) const;
+
+    enum class Arrival { Open, Import, Cancel };
+    /// Asks whether a motion takes the place of the scene or comes to it.
+    Arrival askHowToOpen(const QString &motionName) const;
+
     /// Whole lines to standard output or standard error, passed on at once.
     static void print(const QString &text);
     static void printError(const QString &text);
 
 private:
+    int ask(int icon, const QString &text, int buttons, int defaultButton) const;
+
     Mode m_mode;
     QPointer<VxMainWindow> m_window;
 };

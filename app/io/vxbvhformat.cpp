@@ -25,5 +25,6 @@ VxFileFormat vxBvhFormat()
     return {QCoreApplication::translate("VxFileFormats", "BVH motion"),
             {QStringLiteral("bvh")},
             open,
-            {}};
+            {},
+            true};
 }

@@ -62,6 +62,10 @@ const VxFileFormat *VxFileFormats::find(const QString &fileName) const
 bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
                          QString *summary, VxFileError *error) const
 {
+    const QFileInfo file(fileName);
+    // A pipe would keep the program waiting for ever.
+    if (file.exists() && !file.isFile())
+        return fail(fileName, tr("This is no file that could be read."), error);
     if (const VxFileFormat *format = find(fileName))
         return format->read(fileName, scene, progress, summary, error);
     return fail(fileName,
@@ -85,6 +89,22 @@ bool VxFileFormats::canWrite(const QString &fileName) const
 {
     const VxFileFormat *format = find(fileName);
     return format && format->write;
+}
+
+bool VxFileFormats::isMotion(const QString &fileName) const
+{
+    const VxFileFormat *format = find(fileName);
+    return format && format->isMotion;
+}
+
+QStringList VxFileFormats::motionFilters() const
+{
+    QStringList filters;
+    for (const VxFileFormat &format : m_formats) {
+        if (format.isMotion)
+            filters.append(filter(format.name, patternsOf(format)));
+    }
+    return filters;
 }
 
 QStringList VxFileFormats::readFilters() const

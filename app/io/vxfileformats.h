@@ -26,7 +26,8 @@ struct VxFileFormat
     QString name;         ///< for the user, such as "BVH motion"
     QStringList suffixes; ///< lower case, without a dot
     Reader read;
-    Writer write; ///< empty for a format that is only read
+    Writer write;          ///< empty for a format that is only read
+    bool isMotion = false; ///< a figure's motion, which can come to a scene that is open
 };
 
 /// The kinds of files that the program can open or save, found by the suffix of a file's name.
@@ -52,9 +53,13 @@ public:
                VxFileError *error) const;
     /// True when the file's name has the suffix of a format that can be written.
     bool canWrite(const QString &fileName) const;
+    /// True when it has the suffix of a motion's format.
+    bool isMotion(const QString &fileName) const;
 
     /// For a file dialog that opens: all formats together, then each alone.
     QStringList readFilters() const;
+    /// For a file dialog that imports: each format of a motion.
+    QStringList motionFilters() const;
     /// For a file dialog that saves: each format that can be written.
     QStringList writeFilters() const;
 

@@ -306,11 +306,12 @@ bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
     *error = VxFileError();
     error->file = fileName;
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const bool open = file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = open ? file.readAll() : QByteArray();
+    if (!open || file.error() != QFileDevice::NoError) {
         error->message = tr("Cannot be read: %1.").arg(file.errorString());
         return false;
     }
-    const QByteArray bytes = file.readAll();
     const bool done = read(bytes, contents, error);
     error->file = fileName;
     return done;

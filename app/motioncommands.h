@@ -1,0 +1,35 @@
+#ifndef MOTIONCOMMANDS_H
+#define MOTIONCOMMANDS_H
+
+#include <QObject>
+
+class DocumentController;
+class UserMessages;
+class VxScene;
+class VxSkeleton;
+
+/// Import and export of motion as the File menu offers them: asks for what is not known and hands
+/// the work to the document.
+class MotionCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /// All are borrowed and must outlive the object.
+    MotionCommands(DocumentController *document, const UserMessages *messages, VxScene *scene,
+                   QObject *parent);
+
+    /// Asks for a motion file, beginning in a folder, and adds its figure to the scene.
+    void importWithDialog(const QString &folder);
+    /// Asks for a file, and for the figure where neither the selection nor their number tells
+    /// which one is meant. False when nothing was written.
+    bool exportWithDialog(const QString &folder);
+
+private:
+    VxSkeleton *chooseFigure() const;
+
+    DocumentController *const m_document;
+    const UserMessages *const m_messages;
+    VxScene *const m_scene;
+};
+
+#endif
