@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr QSize FirstSize(640, 300); // pixels
-constexpr int NameWidth = 200;       // pixels
+constexpr QSize FirstSize(740, 300); // pixels
+constexpr int NameWidth = 280;       // pixels
 
 enum Column { NameColumn, TimeColumn, FolderColumn, NumColumns };
 

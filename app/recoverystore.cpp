@@ -25,15 +25,16 @@ QString tr(const char *text)
 
 using Lock = std::unique_ptr<QLockFile>;
 
-/// A lock of a program that had this one's number, before the machine or its container began
-/// anew: the number alone looks as if the program still lived.
-bool isFormerSelf(const QLockFile &lock)
+/// A lock that only looks as if a program held it: of one that died before it had signed it, or
+/// of one that had this one's number, before the machine or its container began anew.
+bool isOfNobody(const QLockFile &lock)
 {
     qint64 pid = 0;
     QString host;
     QString program;
-    return lock.getLockInfo(&pid, &host, &program) && pid == QCoreApplication::applicationPid() &&
-           host == QSysInfo::machineHostName();
+    if (!lock.getLockInfo(&pid, &host, &program))
+        return true;
+    return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
 }
 
 } // namespace
@@ -77,7 +78,8 @@ Lock RecoveryStore::Private::tryLock(const QString &id) const
     Lock lock = makeLock(id);
     if (lock->tryLock(0))
         return lock;
-    if (lock->error() == QLockFile::LockFailedError && isFormerSelf(*lock) &&
+    // Removing asks the system, which knows of a program that does hold it.
+    if (lock->error() == QLockFile::LockFailedError && isOfNobody(*lock) &&
         lock->removeStaleLockFile() && lock->tryLock(0))
         return lock;
     return nullptr;
@@ -143,11 +145,17 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
     return copy;
 }
 
-/** The scene first: what is left of a copy without it is swept away another time. */
+/** The scene first: what is left of a copy without it is swept away another time. All but the lock,
+ *  also the beginning of a scene that its writer could not end. */
 void RecoveryStore::Private::remove(const QString &id) const
 {
     QFile::remove(scene(id));
-    QFile::remove(record(id));
+    const QStringList pattern{QLatin1String(ScenePrefix) + id + QStringLiteral(".*")};
+    const auto files = QDir(folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &file : files) {
+        if (file.suffix() != QLatin1String("lock"))
+            QFile::remove(file.filePath());
+    }
 }
 
 RecoveryStore::RecoveryStore(const QString &folder)
