@@ -1,13 +1,16 @@
 #include "recoverymenu.h"
 
 #include "autosave.h"
+#include "menumnemonics.h"
 
 #include <QActionGroup>
 #include <algorithm>
 
-RecoveryMenu::RecoveryMenu(const QString &title, AutoSave *autoSave, QWidget *parent)
+RecoveryMenu::RecoveryMenu(const QString &title, AutoSave *autoSave, QAction *recover,
+                           QWidget *parent)
     : QMenu(title, parent)
     , m_autoSave(autoSave)
+    , m_recover(recover)
 {
     setObjectName(QStringLiteral("RecoveryMenu"));
     connect(autoSave, &AutoSave::minutesChanged, this, &RecoveryMenu::fill);
@@ -28,7 +31,8 @@ void RecoveryMenu::fill()
         addChoice(minutes);
     addChoice(0);
     addSeparator();
-    addAction(tr("&Recover Documents..."), this, &RecoveryMenu::recoverRequested);
+    addAction(m_recover);
+    MenuMnemonics::add(this);
 }
 
 void RecoveryMenu::addChoice(int minutes)

@@ -12,17 +12,16 @@ class RecoveryMenu : public QMenu
 {
     Q_OBJECT
 public:
-    /// The choice is shown and changed in autoSave, which is borrowed and must outlive the menu.
-    RecoveryMenu(const QString &title, AutoSave *autoSave, QWidget *parent);
-
-Q_SIGNALS:
-    void recoverRequested();
+    /// The choice is shown and changed in autoSave; recover is the last entry. Both are borrowed
+    /// and must outlive the menu.
+    RecoveryMenu(const QString &title, AutoSave *autoSave, QAction *recover, QWidget *parent);
 
 private:
     void fill();
     void addChoice(int minutes);
 
     AutoSave *const m_autoSave;
+    QAction *const m_recover;
     QActionGroup *m_group = nullptr;
 };
 

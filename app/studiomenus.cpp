@@ -103,8 +103,11 @@ void StudioMenus::addRecentFiles(RecentFiles *files)
 
 void StudioMenus::addRecovery(AutoSave *autoSave)
 {
-    auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, m_fileMenu);
-    connect(recovery, &RecoveryMenu::recoverRequested, this, &StudioMenus::recoverRequested);
+    auto *recover = new QAction(this);
+    adopt(recover, {"StudioRecover", tr("&Recover Documents..."),
+                    tr("Shows the copies of documents that were not saved in an earlier run.")});
+    connect(recover, &QAction::triggered, this, &StudioMenus::recoverRequested);
+    auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, recover, m_fileMenu);
     insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
 }
 
