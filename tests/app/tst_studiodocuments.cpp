@@ -1,6 +1,7 @@
 // Documents as a user meets them: menus, dialogs, questions and files that are dropped.
 
 #include "commandline.h"
+#include "dialoganswers.h"
 #include "documentcontroller.h"
 #include "io/vxscenereader.h"
 #include "recentfiles.h"
@@ -11,18 +12,12 @@
 #include "testing/vxwarningguard.h"
 
 #include <QAbstractSpinBox>
-#include <QDialogButtonBox>
 #include <QDropEvent>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
-#include <functional>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
@@ -41,59 +36,6 @@ const QByteArray smallMotion =
     "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
 
 const char realFolder[] = "/usr/share/assimp/models/BVH/";
-
-/// Answers the next modal dialog of a kind: what is given is called until it says that it is done.
-template <class Dialog> class DialogAnswer
-{
-public:
-    explicit DialogAnswer(const std::function<bool(Dialog *)> &answer)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, answer] {
-            auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-            // Whatever the dialog does then may turn the event loop.
-            m_timer.stop();
-            if (!dialog || !answer(dialog))
-                m_timer.start(5);
-            else
-                m_met = true;
-        });
-        m_timer.start(5);
-    }
-
-    bool met() const { return m_met; }
-
-private:
-    QTimer m_timer;
-    bool m_met = false;
-};
-
-std::function<bool(QMessageBox *)> pressButton(QMessageBox::StandardButton button)
-{
-    return [button](QMessageBox *box) {
-        box->button(button)->click();
-        return true;
-    };
-}
-
-/// Types a file's name into the dialog and presses its button once the dialog lets it.
-std::function<bool(QFileDialog *)> typeName(const QString &name)
-{
-    return [name](QFileDialog *dialog) {
-        auto *field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        if (field->text() != name) {
-            field->setFocus();
-            field->selectAll();
-            QTest::keyClicks(field, name); // typed, so that what is selected in the list goes
-        }
-        auto *box = dialog->findChild<QDialogButtonBox *>();
-        const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
-        QPushButton *button = box->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
-        if (!button->isEnabled())
-            return false; // the folder is still being listed
-        button->click();
-        return true;
-    };
-}
 
 } // namespace
 
