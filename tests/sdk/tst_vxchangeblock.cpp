@@ -1,11 +1,26 @@
 // Change reports: at once outside of a block, once a property at the end of one.
 
 #include <QtTest/QtTest>
+#include <functional>
 #include <testing/vxwarningguard.h>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
 
 namespace {
+
+using Edit = std::function<bool(VxFloatProperty &)>;
+
+/// A key at each of two times.
+VxKeyColumns<float> twoKeys(VxTime first, VxTime second)
+{
+    static VxTime times[2];
+    static const float values[2] = {8.0f, 9.0f};
+    times[0] = first;
+    times[1] = second;
+    return {times, values, nullptr, nullptr, 2};
+}
 
 QVector<VxTimeRange> ranges(const QSignalSpy &spy)
 {
@@ -16,6 +31,8 @@ QVector<VxTimeRange> ranges(const QSignalSpy &spy)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Edit)
 
 class TestChangeBlock : public QObject
 {
@@ -33,6 +50,8 @@ private Q_SLOTS:
     void receiverMayChangeAPropertyThatIsStillToReport();
     void receiverMayUseABlockOfItsOwn();
     void unchangedKeyReportsNothing();
+    void eachEditReportsItsSpan_data();
+    void eachEditReportsItsSpan();
     void manyPropertiesStayLinear();
 
 private:
@@ -162,6 +181,72 @@ void TestChangeBlock::unchangedKeyReportsNothing()
     QVERIFY(x.setKeyInterpolation(0, 2, 0.5f));
     QCOMPARE(x.deleteKeys(VxTimeRange(1, 1000)), 0);
     QCOMPARE(spy.count(), 0);
+}
+
+void TestChangeBlock::eachEditReportsItsSpan_data()
+{
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QVector<VxTimeRange>>("told");
+    const auto row = [](const char *name, const QVector<VxTimeRange> &told, const Edit &edit) {
+        QTest::newRow(name) << edit << told;
+    };
+    using P = VxFloatProperty;
+    row("a new key", {{250, 250}}, [](P &x) { return x.setKey(250, 5.0f, 0); });
+    row("the value it has", {}, [](P &x) { return x.setKey(200, 2.0f, 0); });
+    row("several keys", {{150, 350}}, [](P &x) { return x.setKeys(twoKeys(150, 350)); });
+    row("keys within a range for those in it", {{100, 300}}, [](P &x) {
+        return x.replaceKeys({50, 350}, twoKeys(150, 250));
+    });
+    row("keys outside of a range for those in it", {{100, 500}}, [](P &x) {
+        return x.replaceKeys({50, 250}, twoKeys(150, 500));
+    });
+    row("keys for none", {{450, 500}}, [](P &x) {
+        return x.replaceKeys({350, 390}, twoKeys(450, 500));
+    });
+    row("no keys in a range", {{200, 300}}, [](P &x) {
+        return x.replaceKeys({150, 350}, VxKeyColumns<float>());
+    });
+    row("keys of a range go", {{200, 300}},
+        [](P &x) { return x.deleteKeys(VxTimeRange(150, 399)) == 2; });
+    row("keys of a range without any", {},
+        [](P &x) { return x.deleteKeys(VxTimeRange(150, 199)) == 0; });
+    row("keys from one to another go", {{100, 200}}, [](P &x) { return x.deleteKeys(-5, 1) == 2; });
+    row("some keys go", {{100, 300}}, [](P &x) { return x.deleteKeys(QVector<int>{0, 2}) == 2; });
+    row("keys move away", {{200, 500}}, [](P &x) { return x.moveKeys({1, 2}, {350, 500}); });
+    row("a key moves back", {{50, 400}}, [](P &x) { return x.moveKeys({3}, {50}); });
+    row("keys change places", {{100, 400}}, [](P &x) { return x.moveKeys({0, 3}, {400, 100}); });
+    row("another shape", {{200, 400}}, [](P &x) {
+        return x.setKeyInterpolations({1, 3}, {VxKeyInterp::Tcb, {}});
+    });
+    row("the shape they have", {}, [](P &x) { return x.setKeyInterpolations({1, 3}, {}); });
+    row("another type", {{100, 200}}, [](P &x) { return x.setKeyTypes({0, 1}, 1); });
+    row("the type they have", {}, [](P &x) { return x.setKeyTypes({0, 1}, 0); });
+    row("other values", {{100, 300}}, [](P &x) { return x.setKeyValues({0, 2}, {7.0f, 8.0f}); });
+    row("a stored value beside keys", {}, [](P &x) { return x.setStoredValue(9.0f); });
+}
+
+void TestChangeBlock::eachEditReportsItsSpan()
+{
+    QFETCH(Edit, edit);
+    QFETCH(QVector<VxTimeRange>, told);
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    for (int i = 1; i <= 4; ++i)
+        x.setKey(i * 100, float(i), VxKeyInterp::Linear);
+    QSignalSpy spy(&x, &VxProperty::valueChanged);
+    VxUndoStackHold hold;
+    QVERIFY(edit(x));
+    hold.accept(QStringLiteral("Edit"));
+    QCOMPARE(ranges(spy), told);
+
+    // Undone, it is told where keys differ, which is no more than was told before.
+    spy.clear();
+    stack.undo();
+    QVERIFY(spy.count() <= told.size());
+    for (const VxTimeRange &range : ranges(spy)) {
+        QVERIFY(range.getStart() >= told.first().getStart());
+        QVERIFY(range.getEnd() <= told.first().getEnd());
+    }
 }
 
 void TestChangeBlock::manyPropertiesStayLinear()

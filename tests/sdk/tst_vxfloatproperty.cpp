@@ -3,6 +3,7 @@
 
 #include <QtTest/QtTest>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <testing/vxwarningguard.h>
 #include <vxcore/vxboolproperty.h>
@@ -12,6 +13,9 @@
 #include <vxcore/vxstringproperty.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
+
+using Change = std::function<void(VxFloatProperty &)>;
+Q_DECLARE_METATYPE(Change)
 
 class TestFloatProperty : public QObject
 {
@@ -33,6 +37,8 @@ private Q_SLOTS:
     void badArgumentsAreRefused();
     void lockedRefusesEverything();
     void clampedLimitsWhatIsSet();
+    void traitsAreToldWhenTheyChange_data();
+    void traitsAreToldWhenTheyChange();
     void aliasSharesTheKeysOfItsProperty();
     void aliasKeepsTheLimitsOfItsProperty();
     void aliasMakesNoKeysWhereItsPropertyTakesNone();
@@ -254,6 +260,30 @@ void TestFloatProperty::clampedLimitsWhatIsSet()
     QCOMPARE(x.getValue(0), 1.0f);
     x.setKeyValue(0, -3.0f);
     QCOMPARE(x.getValue(0), 0.0f);
+}
+
+void TestFloatProperty::traitsAreToldWhenTheyChange_data()
+{
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
+    row("label", [](VxFloatProperty &x) { x.setLabel(QStringLiteral("Y")); });
+    row("hidden", [](VxFloatProperty &x) { x.setHidden(true); });
+    row("hidden at present", [](VxFloatProperty &x) { x.setDynamicallyHidden(true); });
+    row("locked", [](VxFloatProperty &x) { x.setLocked(true); });
+    row("not animatable", [](VxFloatProperty &x) { x.setAnimatable(false); });
+    row("excluded", [](VxFloatProperty &x) { x.setExcluded(true); });
+    row("percentage", [](VxFloatProperty &x) { x.setPercentage(true); });
+}
+
+void TestFloatProperty::traitsAreToldWhenTheyChange()
+{
+    QFETCH(Change, change);
+    VxFloatProperty x(QStringLiteral("X"));
+    QSignalSpy told(&x, &VxProperty::traitsChanged);
+    change(x);
+    QCOMPARE(told.count(), 1);
+    change(x);
+    QCOMPARE(told.count(), 1);
 }
 
 void TestFloatProperty::aliasSharesTheKeysOfItsProperty()

@@ -189,7 +189,9 @@ void tst_VxMenu::emptySubMenusAreNotShown()
 {
     VxMenu menu;
     menu.addSubMenu(QStringLiteral("Empty"))->addAction(QStringLiteral("UnknownAction"));
-    menu.addSubMenu(QStringLiteral("Full"))->addAction(betaClass);
+    VxMenu *full = menu.addSubMenu(QStringLiteral("Full"));
+    full->addSubMenu(QStringLiteral("Empty, too"));
+    full->addAction(betaClass);
     menu.addAction(alphaClass);
     QString shown;
     whenShown([&shown](QMenu *popup) {

@@ -138,6 +138,8 @@ void TestScene::stepping_data()
     QTest::newRow("from before the start") << 0 << 1 << false << 320;
     QTest::newRow("from after the end, forward") << 9600 << 1 << true << 1600;
     QTest::newRow("from after the end, back") << 9600 << 1 << false << 1600;
+    QTest::newRow("from just before the start, on") << 310 << 1 << true << 320;
+    QTest::newRow("from just after the end, back") << 1610 << 1 << false << 1600;
     QTest::newRow("very far") << 480 << 2147483647 << true << 1600;
     QTest::newRow("very far back") << 480 << 2147483647 << false << 320;
 }

@@ -40,6 +40,27 @@ private:
     QStringList *m_log;
 };
 
+/// Asks the history, while it is undoing, whether it would record.
+class AskingItem : public VxUndoItem
+{
+public:
+    AskingItem(const VxUndoStack *stack, bool *answer)
+        : VxUndoItem(stack, 1)
+        , m_stack(stack)
+        , m_answer(answer)
+    {
+    }
+    void swap() override
+    {
+        const VxUndoStackHold hold;
+        *m_answer = m_stack->isRecording();
+    }
+
+private:
+    const VxUndoStack *m_stack;
+    bool *m_answer;
+};
+
 } // namespace
 
 class TestUndoStack : public QObject
@@ -60,7 +81,9 @@ private Q_SLOTS:
     void innerHoldFlowsIntoTheOuter();
     void outerHoldThatEndsFirstTakesWhatCameBefore();
     void undoIsIgnoredWhileAHoldIsOpen();
+    void nothingIsRecordedWhileUndoing();
     void entriesOfADestroyedPropertyDoNothing();
+    void propertyThatComesWhereAnotherWas();
     void keysOutsideTheSpanSurviveUndo();
     void itemsAreUndoneInReverseOrder();
     void memoryFollowsTheKeysThatChanged();
@@ -155,6 +178,8 @@ void TestUndoStack::changesThatCancelOutMakeNoEntry()
     x.moveKeys({0}, {100});
     x.setLabel(QStringLiteral("Y"));
     x.setLabel(QStringLiteral("X"));
+    x.setStoredValue(7.0f);
+    x.setStoredValue(0.0f);
     hold.accept(QStringLiteral("There and back"));
     QCOMPARE(stack.count(), 0);
 }
@@ -249,6 +274,23 @@ void TestUndoStack::undoIsIgnoredWhileAHoldIsOpen()
     QCOMPARE(x.getNumKeys(), 0);
 }
 
+void TestUndoStack::nothingIsRecordedWhileUndoing()
+{
+    VxUndoStack stack;
+    bool recorded = true;
+    {
+        VxUndoStackHold hold;
+        stack.record(new AskingItem(&stack, &recorded));
+        hold.accept(QStringLiteral("Ask"));
+    }
+    stack.undo();
+    QVERIFY(!recorded);
+    recorded = true;
+    stack.redo();
+    QVERIFY(!recorded);
+    QCOMPARE(stack.count(), 1);
+}
+
 void TestUndoStack::entriesOfADestroyedPropertyDoNothing()
 {
     VxUndoStack stack;
@@ -265,6 +307,35 @@ void TestUndoStack::entriesOfADestroyedPropertyDoNothing()
     QCOMPARE(y.getNumKeys(), 0);
     stack.redo();
     QCOMPARE(y.getNumKeys(), 1);
+}
+
+// Memory is used again: what the hold knows of a property that is gone is not that of the next one.
+void TestUndoStack::propertyThatComesWhereAnotherWas()
+{
+    VxUndoStack stack;
+    alignas(VxFloatProperty) unsigned char room[sizeof(VxFloatProperty)];
+    static_assert(sizeof(VxIntProperty) <= sizeof room, "a whole number needs no more room");
+    VxUndoStackHold hold;
+    auto *number = new (room) VxFloatProperty(QStringLiteral("Number"));
+    number->setKey(0, 1.0f, VxKeyInterp::Linear);
+    number->setStoredValue(2.0f);
+    number->setLabel(QStringLiteral("Renamed"));
+    number->~VxFloatProperty();
+    auto *whole = new (room) VxIntProperty(QStringLiteral("Whole"));
+    whole->setKey(160, 5);
+    whole->setStoredValue(6);
+    whole->setLabel(QStringLiteral("Changed"));
+    hold.accept(QStringLiteral("Replace"));
+    QCOMPARE(stack.count(), 1);
+    stack.undo();
+    QCOMPARE(whole->getNumKeys(), 0);
+    QCOMPARE(whole->getStoredValue(), 0);
+    QCOMPARE(whole->getLabel(), QStringLiteral("Whole"));
+    stack.redo();
+    QCOMPARE(whole->getKeyValue(0), 5);
+    QCOMPARE(whole->getStoredValue(), 6);
+    QCOMPARE(whole->getLabel(), QStringLiteral("Changed"));
+    whole->~VxIntProperty();
 }
 
 void TestUndoStack::keysOutsideTheSpanSurviveUndo()

@@ -15,6 +15,7 @@ public:
     {
     }
 
+    bool isAlive() const { return m_property; }
     void touch(const VxTimeRange &times) { m_delta.touch(m_store->track(), times); }
 
     void swap() override
@@ -50,6 +51,8 @@ public:
     {
     }
 
+    bool isAlive() const { return m_property; }
+
     void swap() override
     {
         if (!m_property)
@@ -73,7 +76,7 @@ template <class V> void KeyStore<V>::touch(const VxTimeRange &times)
     VxUndoStack *stack = VxUndoStack::current();
     if (!stack || !stack->isRecording())
         return;
-    auto *item = static_cast<KeyUndoItem<V> *>(stack->findItem(m_property, VxUndoKeys));
+    auto *item = vxFindLivingItem<KeyUndoItem<V>>(stack, m_property, VxUndoKeys);
     if (!item) {
         item = new KeyUndoItem<V>(m_property, this);
         stack->record(item);
@@ -102,8 +105,10 @@ template <class V> bool KeyStore<V>::setStored(V value)
     if (m_stored == value)
         return true;
     VxUndoStack *stack = VxUndoStack::current();
-    if (stack && stack->isRecording() && !stack->findItem(m_property, VxUndoStoredValue))
-        stack->record(new StoredValueUndoItem<V>(m_property, this));
+    using Item = StoredValueUndoItem<V>;
+    if (stack && stack->isRecording() &&
+        !vxFindLivingItem<Item>(stack, m_property, VxUndoStoredValue))
+        stack->record(new Item(m_property, this));
     m_stored = value;
     if (m_track.isEmpty())
         report(VxTimeRange::all());

@@ -22,6 +22,8 @@ public:
     {
     }
 
+    bool isAlive() const { return m_object; }
+
     void swap() override
     {
         if (!m_object)
@@ -41,15 +43,24 @@ private:
     Value m_value;
 };
 
+/// The item that the open hold has for an object, or null. Of an object that was destroyed within
+/// the hold an item is left behind: it is not that of the next one at the same address.
+template <class Item> Item *vxFindLivingItem(const VxUndoStack *stack, const void *object, int kind)
+{
+    auto *item = dynamic_cast<Item *>(stack->findItem(object, kind));
+    return item && item->isAlive() ? item : nullptr;
+}
+
 /// Records the present value, before a change, unless the open hold has it already. Call it with
 /// captureless lambdas: get(const Object *) and set(Object *, const Value &).
 template <class Object, class Value>
 void vxRecordValue(Object *object, int kind, Value (*get)(const Object *),
                    void (*set)(Object *, const Value &))
 {
+    using Item = VxUndoValueItem<Object, Value>;
     VxUndoStack *stack = VxUndoStack::current();
-    if (stack && stack->isRecording() && !stack->findItem(object, kind))
-        stack->record(new VxUndoValueItem<Object, Value>(object, kind, get, set));
+    if (stack && stack->isRecording() && !vxFindLivingItem<Item>(stack, object, kind))
+        stack->record(new Item(object, kind, get, set));
 }
 
 #endif
