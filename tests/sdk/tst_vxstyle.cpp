@@ -1,5 +1,7 @@
 #include "vxstylepictures.h"
 
+#include <QStandardItemModel>
+
 class tst_VxStyle : public QObject
 {
     Q_OBJECT
@@ -26,6 +28,9 @@ private Q_SLOTS:
     void iconsPaintAtTheDeviceSize();
     void iconsInWideRectanglesStayInTheMiddle();
     void unknownIconsAreNull();
+    void signsOfMessageBoxesAreSharp();
+    void arrowOfASelectedRowIsSeen_data() { addSchemes(); }
+    void arrowOfASelectedRowIsSeen();
     void pixmapForStateTellsStatesApart();
 
     void nameColumnFillsItsRectangle();
@@ -236,6 +241,60 @@ void tst_VxStyle::unknownIconsAreNull()
         style.findStandardPixmapForState(VxStyle::SP_VxPlay, QStyle::State_Enabled, {}).isNull());
     QVERIFY(!style.standardIcon(static_cast<QStyle::StandardPixmap>(VxStyle::SP_VxBone)).isNull());
     QVERIFY(!style.standardIcon(QStyle::SP_DirIcon).isNull());
+}
+
+/// The toolkit has them as small pictures, which would be stretched.
+void tst_VxStyle::signsOfMessageBoxesAreSharp()
+{
+    const VxStyle style;
+    QVector<QImage> seen;
+    for (const QStyle::StandardPixmap sign :
+         {QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxQuestion,
+          QStyle::SP_MessageBoxWarning, QStyle::SP_MessageBoxCritical}) {
+        const QImage picture = style.standardIcon(sign).pixmap(96).toImage();
+        QCOMPARE(picture.size(), QSize(96, 96));
+        QVERIFY(!seen.contains(picture));
+        // More than one colour, and some of it next to the edge.
+        std::set<QRgb> solid;
+        for (int y = 0; y < 96; ++y) {
+            for (int x = 0; x < 96; ++x) {
+                if (qAlpha(picture.pixel(x, y)) == 255)
+                    solid.insert(picture.pixel(x, y));
+            }
+        }
+        QVERIFY(solid.size() > 1);
+        QVERIFY(qAlpha(picture.pixel(48, 84)) > 0);
+        seen.append(picture);
+    }
+}
+
+/// An arrow on the ground of a selected row must not be lost on it.
+void tst_VxStyle::arrowOfASelectedRowIsSeen()
+{
+    QFETCH(Scheme, scheme);
+    VxStyle style(scheme);
+    QStandardItemModel model;
+    auto *figure = new QStandardItem(QStringLiteral("figure"));
+    figure->appendRow(new QStandardItem(QStringLiteral("hip")));
+    model.appendRow(figure);
+    QTreeView view;
+    view.setStyle(&style);
+    view.setPalette(style.standardPalette());
+    view.setModel(&model);
+    view.setHeaderHidden(true);
+    view.resize(200, 80);
+    const QRect row = view.visualRect(model.index(0, 0));
+    const QRect branch(0, row.y() + 2, row.x() - 1, row.height() - 4);
+    view.setCurrentIndex(model.index(0, 0));
+    const QImage picture = view.viewport()->grab(branch).toImage();
+    int lightest = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            lightest = qMax(lightest, qGray(picture.pixel(x, y)));
+    }
+    // Lighter than its ground, as the name beside it is.
+    const int ground = qGray(style.standardPalette().color(QPalette::Highlight).rgb());
+    QVERIFY2(lightest > ground + 50, qPrintable(QString::number(lightest - ground)));
 }
 
 void tst_VxStyle::pixmapForStateTellsStatesApart()

@@ -2,7 +2,8 @@
 
 VxGlyph vxFindGlyph(VxStyle::StandardIconId id)
 {
-    for (const auto family : {vxTransportGlyph, vxKeyGlyph, vxSceneGlyph, vxToolGlyph}) {
+    for (const auto family :
+         {vxTransportGlyph, vxKeyGlyph, vxSceneGlyph, vxToolGlyph, vxMessageGlyph}) {
         if (const VxGlyph glyph = family(id))
             return glyph;
     }

@@ -23,6 +23,9 @@ VxGlyph vxTransportGlyph(VxStyle::StandardIconId id);
 VxGlyph vxKeyGlyph(VxStyle::StandardIconId id);
 VxGlyph vxSceneGlyph(VxStyle::StandardIconId id);
 VxGlyph vxToolGlyph(VxStyle::StandardIconId id);
+// The toolkit's own signs of message boxes, by the toolkit's numbers: it has them as small pictures
+// only, which are blurred on fine screens.
+VxGlyph vxMessageGlyph(VxStyle::StandardIconId id);
 
 // Looks in all families; null when no icon has that number.
 VxGlyph vxFindGlyph(VxStyle::StandardIconId id);

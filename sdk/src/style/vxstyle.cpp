@@ -3,6 +3,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QTreeView>
 
 #include "style/vxbarprimitives.h"
 #include "style/vxcheckprimitive.h"
@@ -107,6 +108,16 @@ DrawFunction ownPrimitive(quint32 id)
     default:
         return nullptr;
     }
+}
+
+// Views do not tell for an arrow whether its row is selected.
+bool isBeforeSelectedRow(const QStyleOption &arrow, const QWidget *widget)
+{
+    const auto *view = qobject_cast<const QTreeView *>(widget);
+    if (!view || !view->selectionModel() || !(arrow.state & QStyle::State_Children))
+        return false;
+    return view->selectionModel()->isSelected(
+        view->indexAt(arrow.rect.center()).siblingAtColumn(0));
 }
 
 // The application's font, smaller by a number of steps, but never too small to read.
@@ -255,6 +266,12 @@ void VxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option
     else if (const DrawFunction draw = ownPrimitive(id)) {
         if (!option->rect.isEmpty())
             draw(option, painter);
+    } else if (element == PE_IndicatorBranch && isBeforeSelectedRow(*option, widget)) {
+        // The arrow before a selected row lies on the selection's ground.
+        QStyleOption onGround(*option);
+        onGround.palette.setColor(QPalette::WindowText,
+                                  option->palette.color(QPalette::HighlightedText));
+        QProxyStyle::drawPrimitive(element, &onGround, painter, widget);
     } else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
