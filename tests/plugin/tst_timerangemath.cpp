@@ -197,6 +197,8 @@ void TestTimeRangeMath::dragged_data()
     row("end to a step after the start", Part::EndHandle, middle, -1440, {1600, 1760});
     row("end before the start", Part::EndHandle, middle, -1441, {1600, 1760});
     row("end far before the start", Part::EndHandle, middle, VxTimeMin, {1600, 1760});
+    row("end of a range shorter than a step", Part::EndHandle, {400, 500}, 0, {400, 560});
+    row("end of it, drawn away", Part::EndHandle, {400, 500}, 1, {400, 501});
     row("end that lies beyond, right", Part::EndHandle, beyond, 1, {0, 4800});
     row("end that lies beyond, at rest", Part::EndHandle, beyond, 0, beyond);
 }
@@ -263,6 +265,12 @@ void TestTimeRangeMath::picture()
     QCOMPARE(picture.endHandle, QRect(QPoint(392, 1), QPoint(409, 18)));
     QCOMPARE(picture.startLabel, QRect(QPoint(226, 2), QPoint(257, 18)));
     QCOMPARE(picture.endLabel, QRect(QPoint(370, 2), QPoint(390, 18)));
+    // Smaller letters stand in the middle, larger ones as far above as below.
+    for (const auto &[height, top] : {std::pair(8, 6), std::pair(24, -2)}) {
+        const auto other = TimeRangeMath::picture(QRect(206, 0, 206, 20), 14, 21, height);
+        QCOMPARE(other.startLabel.top(), top);
+        QCOMPARE(other.endLabel.top(), top);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestTimeRangeMath)

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void isNotKeptInside();
     void wrapsAsTheScaleDoes();
     void clicksGoThrough();
+    void clicksReachWhatLiesBeneath();
     void paintsThroughTheStyle();
 
 private:
@@ -217,6 +218,23 @@ void TestPlayhead::clicksGoThrough()
     VxMouseDriver(&button).click(middle);
     QCOMPARE(clicks, 1);
     QCOMPARE(vxScene->getTime(), 0);
+}
+
+// A widget that leaves its mouse events alone only hands them up to its parent.
+void TestPlayhead::clicksReachWhatLiesBeneath()
+{
+    QWidget sheet;
+    sheet.resize(200, 60);
+    QPushButton ruler(&sheet);
+    ruler.resize(sheet.size());
+    VxPlayheadWgt playhead(&sheet);
+    playhead.setHorizontalOffset(50);
+    sheet.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&sheet));
+    int clicks = 0;
+    connect(&ruler, &QPushButton::clicked, this, [&clicks] { ++clicks; });
+    VxMouseDriver(&sheet).click(playhead.geometry().center());
+    QCOMPARE(clicks, 1);
 }
 
 void TestPlayhead::paintsThroughTheStyle()

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void itemKeysOncePerSelectedRow();
     void itemKeys_data();
     void itemKeys();
+    void actionsCanBeUsedWhenThereIsSomethingToDo();
     void itemKeysWithCtrl_data();
     void itemKeysWithCtrl();
     void itemKeysOfAClosedRow();
@@ -346,6 +347,36 @@ void TestVxTimelineCommands::itemKeys()
     QCOMPARE(stage.pane->hasSelectedKeys(), !(first + second).isEmpty());
     QCOMPARE(stage.action("VxTimePaneDeleteSelectedKeysAction")->isEnabled(),
              !(first + second).isEmpty());
+}
+
+void TestVxTimelineCommands::actionsCanBeUsedWhenThereIsSomethingToDo()
+{
+    Stage stage;
+    addKeyedNodes(stage);
+    const auto enabled = [&stage] {
+        QStringList names;
+        for (const char *name : {"Copy", "Delete"}) {
+            const QString className = QStringLiteral("VxTimePane%1SelectedKeysAction").arg(name);
+            if (stage.action(qPrintable(className))->isEnabled())
+                names += QString::fromLatin1(name);
+        }
+        if (stage.action("VxTimePanePasteKeysAction")->isEnabled())
+            names += QStringLiteral("Paste");
+        return names.join(' ');
+    };
+    const bool copiedBefore = stage.pane->hasCopiedKeys();
+    QCOMPARE(enabled(), QString(copiedBefore ? "Paste" : ""));
+    selectKeys(stage, m_first, 0, 30);
+    stage.trigger("VxTimePaneCopySelectedKeysAction");
+    QCOMPARE(enabled(), QStringLiteral("Copy Delete Paste"));
+    stage.trigger("VxTimePaneDeleteSelectedKeysAction");
+    QCOMPARE(enabled(), QStringLiteral("Paste"));
+    vxApp->getUndoStack()->undo();
+
+    selectKeys(stage, m_first, 0, 30);
+    QCOMPARE(enabled(), QStringLiteral("Copy Delete Paste"));
+    stage.pane->refreshDopesheet();
+    QCOMPARE(enabled(), QStringLiteral("Paste"));
 }
 
 void TestVxTimelineCommands::itemKeysWithCtrl_data()

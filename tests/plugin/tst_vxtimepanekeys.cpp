@@ -45,6 +45,8 @@ private Q_SLOTS:
     void threeKeysOnThreeFrames();
     void scopeNodeRecurse();
     void scopeObjectTakesTheFigure();
+    void scopeObjectOfABoneWithoutAFigure();
+    void controlsWithoutAnAxisNeedNoType();
     void scopePropertiesWithoutRows();
     void noSelectionIsAnError();
     void ctrlClickAsksForTheNumber();
@@ -274,6 +276,31 @@ void TestTimePaneKeys::scopeObjectTakesTheFigure()
     pane->createFilteredKeys();
     QCOMPARE(camera->getXPosControl()->getNumKeys(), 1);
     QCOMPARE(lens->getXPosControl()->getNumKeys(), 0);
+}
+
+void TestTimePaneKeys::scopeObjectOfABoneWithoutAFigure()
+{
+    auto *bone = new VxBone(QStringLiteral("stick"));
+    auto *below = new VxBone(QStringLiteral("twig"));
+    bone->addNodeChild(below);
+    vxScene->addNode(bone);
+    setTypes(VxTimePane::PropTranslate);
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeObject);
+    bone->select(true);
+    pane->createFilteredKeys();
+    QCOMPARE(bone->getXPosControl()->getNumKeys(), 1);
+    QCOMPARE(below->getXPosControl()->getNumKeys(), 0);
+}
+
+void TestTimePaneKeys::controlsWithoutAnAxisNeedNoType()
+{
+    VxNode *node = addNode("a");
+    node->getXPosControl()->setAxis(VxFloatProperty::NoAxis);
+    node->select(true);
+    setTypes(VxTimePane::PropRotate);
+    pane->createFilteredKeys();
+    QCOMPARE(node->getXPosControl()->getNumKeys(), 1);
+    QCOMPARE(node->getYPosControl()->getNumKeys(), 0);
 }
 
 void TestTimePaneKeys::scopePropertiesWithoutRows()

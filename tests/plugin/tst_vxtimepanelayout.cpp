@@ -50,6 +50,9 @@ private Q_SLOTS:
     void viewModes();
     void nameColumnComesBack();
     void nameColumnOfANewPaneComesBack();
+    void nameColumnOfOtherModesIsNotKept();
+    void nameColumnTooNarrowForANameIsWidened();
+    void graphStandsRightOfTheNameColumn();
     void leavingTheAdvancedViewLeavesThePropertiesScope();
     void invalidChoicesAreRefused();
     void keyGraphOpensInTheAdvancedViewOnly();
@@ -150,6 +153,46 @@ void TestTimePaneLayout::nameColumnOfANewPaneComesBack()
     QCOMPARE(pane->getDopeSheetView()->columnWidth(0), 0);
     pane->setViewMode(VxTimePane::AdvancedView);
     QCOMPARE(pane->getDopeSheetView()->columnWidth(0), 250);
+}
+
+void TestTimePaneLayout::nameColumnOfOtherModesIsNotKept()
+{
+    showPane();
+    pane->setViewMode(VxTimePane::BasicView);
+    pane->getDopeSheetView()->setColumnWidth(0, 60);
+    pane->setViewMode(VxTimePane::IntermediateView);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    QCOMPARE(pane->getDopeSheetView()->columnWidth(0), 250);
+}
+
+void TestTimePaneLayout::nameColumnTooNarrowForANameIsWidened()
+{
+    showPane();
+    VxDopeSheetView *view = pane->getDopeSheetView();
+    for (const bool widened : {true, false}) {
+        pane->hide();
+        view->setColumnWidth(0, widened ? 24 : 25);
+        pane->show();
+        QCOMPARE(view->columnWidth(0), widened ? 250 : 25);
+    }
+}
+
+// Below the names the graph has a ground of its own.
+void TestTimePaneLayout::graphStandsRightOfTheNameColumn()
+{
+    showPane();
+    const auto hasEdgeAt = [this](int x) {
+        const QImage image = pane->getKeyGraphView()->grab().toImage();
+        int differing = 0;
+        for (int y = 0; y < image.height(); ++y)
+            differing += int(image.pixel(x - 1, y) != image.pixel(x, y));
+        return differing > image.height() / 2;
+    };
+    QVERIFY(hasEdgeAt(250));
+    QVERIFY(!hasEdgeAt(333));
+    pane->getDopeSheetView()->setColumnWidth(0, 333);
+    QVERIFY(hasEdgeAt(333));
+    QVERIFY(!hasEdgeAt(250));
 }
 
 void TestTimePaneLayout::leavingTheAdvancedViewLeavesThePropertiesScope()

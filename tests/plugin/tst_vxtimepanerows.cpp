@@ -3,6 +3,7 @@
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QSortFilterProxyModel>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
@@ -67,6 +68,8 @@ private Q_SLOTS:
     void loadMakesOneEventAfterwards();
     void blocksNest();
     void closingApplicationPostsNothing();
+    void closingApplicationScrollsNoMore();
+    void keyScopeSelectsTheRowsAnew();
     void hidingLeavesTheRestForLater();
     void paneGoesBeforeItsEvents();
     void rowsFollowTheSelection();
@@ -159,6 +162,35 @@ void TestTimePaneRows::closingApplicationPostsNothing()
     node->select(true);
     QCoreApplication::processEvents();
     QCOMPARE(counter.selectionChanges, 0);
+}
+
+void TestTimePaneRows::closingApplicationScrollsNoMore()
+{
+    showPane();
+    for (int i = 0; i < 60; ++i)
+        vxScene->addNode(new VxNode(QStringLiteral("n%1").arg(i)));
+    vxScene->getRootNodes().last()->select(true);
+    const QScrollBar *bar = pane->getDopeSheetView()->verticalScrollBar();
+    QTRY_VERIFY(bar->value() > 0);
+    pane->getDopeSheetView()->scrollToTop();
+    vxApp->beginClosing();
+    QVERIFY(QMetaObject::invokeMethod(pane.get(), "ensurePrimarySceneNodeVisible"));
+    QCOMPARE(bar->value(), 0);
+}
+
+// By the time the scope is set, not some turns of the event loop later.
+void TestTimePaneRows::keyScopeSelectsTheRowsAnew()
+{
+    showPane();
+    auto *node = new VxNode(QStringLiteral("a"));
+    vxScene->addNode(node);
+    node->select(true);
+    QCoreApplication::processEvents();
+    const EventCounter counter(pane.get());
+    pane->setFilteredKeyCreationScope(VxTimePane::ScopeObject);
+    QCOMPARE(counter.selectionChanges, 1);
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    QVERIFY(view->selectionModel()->isSelected(view->findNodeIndex(node)));
 }
 
 void TestTimePaneRows::blocksNest()

@@ -1,6 +1,7 @@
 #include "timepanetestbase.h"
 
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QToolButton>
 #include <vxcore/vxfloatproperty.h>
@@ -30,6 +31,9 @@ private Q_SLOTS:
     void playRangeEnd();
     void currentFrame();
     void framesPerSecond();
+    void refusedNumbersBringTheFieldsBack();
+    void refreshLeavesOtherFieldsAlone();
+    void emptyFieldsGiveNumbers();
     void undoBringsTheFieldsBack();
 
     void typedTotal();
@@ -57,12 +61,20 @@ private Q_SLOTS:
     void filteredSkipWithoutKeys();
 
     void scaleFollowsRateAndRange();
+    void scaleOfASceneThatWasThereFirst();
+    void scaleFollowsTheNameColumn();
     void narrowColumnKeepsTheScale();
     void sliderSetsThePlayRange();
     void setTimeHelper();
 
 private:
     QSpinBox *field(const char *name) const { return find<QSpinBox>(name); }
+    // Writes into a field without anyone's notice.
+    void scribble(const char *name, int number) const
+    {
+        const QSignalBlocker blocker(field(name));
+        field(name)->setValue(number);
+    }
     // Clicks into a field, selects what is there and types, ending with Enter.
     void type(const char *name, const QString &text, bool enter = true);
     void click(const char *button);
@@ -196,6 +208,55 @@ void TestTimePaneTime::framesPerSecond()
     pane->setFramesPerSecond(0);
     QCOMPARE(vxScene->getTimeStep(), 4);
     QCOMPARE(undoTexts(), QStringList({"Set FPS", "Set FPS", "Set FPS"}));
+}
+
+void TestTimePaneTime::refusedNumbersBringTheFieldsBack()
+{
+    scribble("TimelineTotalFramesLEdit", 77);
+    pane->setTotalFrames(0);
+    QCOMPARE(field("TimelineTotalFramesLEdit")->value(), 31);
+
+    // Where the scene has nothing to change it does not tell, either.
+    vxScene->setPlayRange(VxTimeRange(4800, 4800));
+    scribble("TimelinePlayStartLEdit", 50);
+    pane->setPlayRangeStart(50);
+    QCOMPARE(field("TimelinePlayStartLEdit")->value(), 30);
+    vxScene->setTime(4800);
+    for (const int frame : {99, 2}) {
+        scribble("TimelineCurrentFrameLEdit", frame);
+        pane->setCurrentFrame(frame);
+        QCOMPARE(field("TimelineCurrentFrameLEdit")->value(), 30);
+    }
+}
+
+void TestTimePaneTime::refreshLeavesOtherFieldsAlone()
+{
+    scribble("TimelinePlayStartLEdit", 7);
+    scribble("TimelineTotalFramesLEdit", 8);
+    vxScene->setTime(480);
+    QCOMPARE(pane->getCurrentFrame(), 3);
+    QCOMPARE(pane->getPlayRangeStart(), 7);
+    vxScene->setPlayRange(VxTimeRange(160, 4800));
+    QCOMPARE(pane->getPlayRangeStart(), 1);
+    QCOMPARE(pane->getTotalFrames(), 8);
+}
+
+void TestTimePaneTime::emptyFieldsGiveNumbers()
+{
+    vxScene->setTime(480);
+    vxScene->setPlayRange(VxTimeRange(160, 4800));
+    for (const char *name :
+         {"TimelineTotalFramesLEdit", "TimelinePlayStartLEdit", "TimelinePlayEndLEdit",
+          "TimelineCurrentFrameLEdit", "TimelineFPSLEdit"}) {
+        auto *line = field(name)->findChild<QLineEdit *>();
+        const QSignalBlocker blocker(line);
+        line->setText(QString());
+    }
+    QCOMPARE(pane->getTotalFrames(), 0);
+    QCOMPARE(pane->getPlayRangeStart(), 0);
+    QCOMPARE(pane->getPlayRangeEnd(), 0);
+    QCOMPARE(pane->getCurrentFrame(), 0);
+    QCOMPARE(pane->getFramesPerSecond(), 1);
 }
 
 void TestTimePaneTime::undoBringsTheFieldsBack()
@@ -502,6 +563,31 @@ void TestTimePaneTime::scaleFollowsRateAndRange()
     QCOMPARE(playhead->x(), expected);
 }
 
+void TestTimePaneTime::scaleOfASceneThatWasThereFirst()
+{
+    pane.reset();
+    vxScene->setTimeStep(200);
+    pane = std::make_unique<VxTimePane>();
+    showPane();
+    QCOMPARE(TimelineMetrics::shared().fps, 24);
+    QCOMPARE(pane->getFramesPerSecond(), 24);
+}
+
+void TestTimePaneTime::scaleFollowsTheNameColumn()
+{
+    showPane();
+    const VxDopeSheetView *view = pane->getDopeSheetView();
+    const TimelineMetrics &metrics = TimelineMetrics::shared();
+    const auto *playhead = find<VxPlayheadWgt>("TimelinePlayheadWgt");
+    for (const int nameWidth : {400, 180}) {
+        view->header()->resizeSection(0, nameWidth);
+        QCOMPARE(view->columnWidth(0), nameWidth);
+        const int end = metrics.timeToX(vxScene->getPlayRange().getEnd());
+        QVERIFY(qAbs(end - (view->columnWidth(1) - 30)) <= 1);
+        QCOMPARE(playhead->x(), metrics.keyLeft(nameWidth, 0, 0) - metrics.frameWidth / 2);
+    }
+}
+
 void TestTimePaneTime::narrowColumnKeepsTheScale()
 {
     showPane();
@@ -537,6 +623,13 @@ void TestTimePaneTime::setTimeHelper()
     QCOMPARE(vxScene->getTime(), 320);
     TimelinePlayback::setTime(VxTimeMax);
     QCOMPARE(vxScene->getTime(), 3200);
+    // Below 0 what is left of a frame is dropped after half a frame was added.
+    vxScene->setPlayRange(VxTimeRange(-3200, 3200));
+    TimelinePlayback::setTime(-100);
+    QCOMPARE(vxScene->getTime(), 0);
+    TimelinePlayback::setTime(-250);
+    QCOMPARE(vxScene->getTime(), -160);
+    vxScene->setPlayRange(VxTimeRange(320, 3200));
 
     vxScene->loopPlayback(true);
     vxScene->play();

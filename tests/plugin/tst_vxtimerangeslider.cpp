@@ -101,7 +101,9 @@ private Q_SLOTS:
     void nothingForTheHistory();
 
     void cursors();
+    void cursorAfterADoubleClick();
     void hoverShowsOnThePart();
+    void leavingPaintsAnew();
     void paintsInItsOrder();
     void emptyAnimation();
     void repaintsOnlyItself();
@@ -411,6 +413,30 @@ void TestTimeRangeSlider::cursors()
     m_mouse->press(QPoint(100, 10));
     m_mouse->release(QPoint(100, 200));
     QVERIFY(!m_slider->testAttribute(Qt::WA_SetCursor));
+}
+
+// The mouse stands still, what lies beneath does not.
+void TestTimeRangeSlider::cursorAfterADoubleClick()
+{
+    m_mouse->moveTo(QPoint(5, 10));
+    QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);
+    m_mouse->doubleClick(QPoint(5, 10));
+    compareRange(0, 4800);
+    QCOMPARE(m_slider->cursor().shape(), Qt::SplitHCursor);
+    m_mouse->doubleClick(QPoint(5, 10));
+    compareRange(1600, 3200);
+    QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);
+}
+
+void TestTimeRangeSlider::leavingPaintsAnew()
+{
+    m_mouse->moveTo(QPoint(210, 10));
+    QCoreApplication::processEvents();
+    PaintCount paints;
+    m_slider->installEventFilter(&paints);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(m_slider, &leave);
+    QTRY_VERIFY(paints.count > 0);
 }
 
 void TestTimeRangeSlider::hoverShowsOnThePart()
