@@ -14,6 +14,7 @@ namespace {
 
 constexpr int MillisecondsPerMinute = 60 * 1000;
 constexpr int RetryMilliseconds = 500;
+constexpr int ProgressMilliseconds = 15;
 
 } // namespace
 
@@ -29,6 +30,7 @@ AutoSave::AutoSave(DocumentController *document, VxScene *scene, VxUndoStack *hi
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &AutoSave::handleTimeout);
+    connect(&m_progress, &QTimer::timeout, this, &AutoSave::handleProgress);
     connect(history, &VxUndoStack::indexChanged, this, &AutoSave::handleHistoryMoved);
     connect(history, &VxUndoStack::cleanChanged, this, &AutoSave::handleCleanChanged);
 }
@@ -57,6 +59,7 @@ void AutoSave::setInterval(int milliseconds)
 void AutoSave::dropCopy()
 {
     m_timer.stop();
+    m_progress.stop();
     m_store->removeOwn();
 }
 
@@ -86,13 +89,14 @@ void AutoSave::handleTimeout()
     if (mustWait())
         m_timer.start(std::min(RetryMilliseconds, m_interval));
     else
-        write();
+        begin();
 }
 
 bool AutoSave::mustWait()
 {
-    if (m_history->isRecording() || m_history->isApplying() || m_document->isBusy() ||
-        m_scene->isLoading() || QGuiApplication::mouseButtons() != Qt::NoButton)
+    if (m_store->isWriting() || m_history->isRecording() || m_history->isApplying() ||
+        m_document->isBusy() || m_scene->isLoading() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton)
         return true;
     if (!m_scene->isPlaying() || m_playingWait >= m_interval)
         return false;
@@ -100,17 +104,34 @@ bool AutoSave::mustWait()
     return true;
 }
 
-void AutoSave::write()
+void AutoSave::begin()
 {
     VxFileError error;
-    if (m_store->write(*m_scene, m_document->fileName(), m_document->displayName(), &error)) {
+    if (m_store->beginWrite(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+        m_progress.start(ProgressMilliseconds);
+    else
+        fail(error.text());
+}
+
+void AutoSave::handleProgress()
+{
+    if (m_store->isWriting())
+        return;
+    m_progress.stop();
+    VxFileError error;
+    if (m_store->endWrite(&error)) {
         m_hasFailed = false;
         Q_EMIT written();
-        return;
+    } else {
+        fail(error.text());
     }
+}
+
+void AutoSave::fail(const QString &reason)
+{
     // Once is enough: it will hardly be better in some minutes.
     if (!m_hasFailed)
-        m_messages->showNotice(tr("No recovery copy could be made: %1").arg(error.text()));
+        m_messages->showNotice(tr("No recovery copy could be made: %1").arg(reason));
     m_hasFailed = true;
     m_timer.start(m_interval);
 }

@@ -49,7 +49,9 @@ private:
     void handleCleanChanged(bool clean);
     void handleTimeout();
     bool mustWait();
-    void write();
+    void begin();
+    void handleProgress();
+    void fail(const QString &reason);
 
     DocumentController *const m_document;
     VxScene *const m_scene;
@@ -57,6 +59,7 @@ private:
     RecoveryStore *const m_store;
     const UserMessages *const m_messages;
     QTimer m_timer;
+    QTimer m_progress; // asks whether the disk has taken the copy
     int m_minutes = DefaultMinutes;
     int m_interval;        // milliseconds
     int m_playingWait = 0; // milliseconds for which playback has been waited for

@@ -1,13 +1,17 @@
 #include "recoverystore.h"
 
+#include "io/vxsafefile.h"
 #include "io/vxscenewriter.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QUuid>
 #include <algorithm>
+#include <chrono>
+#include <future>
 #include <map>
 #include <vxcore/vxsettings.h>
 
@@ -37,6 +41,15 @@ bool isOfNobody(const QLockFile &lock)
     return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
 }
 
+/// In another thread. Returns the reason of a failure, else an empty text.
+QString writeFile(const QString &name, const QByteArray &bytes)
+{
+    VxSafeFile file(name);
+    if (file.start() && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return file.failure();
+}
+
 } // namespace
 
 class RecoveryStore::Private
@@ -52,6 +65,8 @@ public:
     Lock tryLock(const QString &id) const;
 
     bool begin(VxFileError *error);
+    bool serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error);
+    void waitForWriting();
     bool writeRecord(const QString &documentFile, const QString &title, VxFileError *error);
     QStringList ids() const;
     RecoveryCopy read(const QString &id) const;
@@ -62,6 +77,8 @@ public:
     Lock ownLock;
     QString recordedFile;
     QString recordedTitle;
+    std::future<QString> writing; // gives the reason of a failure
+    int lastSize = 0;             // bytes
     std::map<QString, Lock> claims;
 };
 
@@ -119,6 +136,23 @@ bool RecoveryStore::Private::writeRecord(const QString &documentFile, const QStr
     return true;
 }
 
+bool RecoveryStore::Private::serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error)
+{
+    *error = VxFileError();
+    bytes->reserve(lastSize + lastSize / 8);
+    QBuffer buffer(bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const bool done = VxSceneWriter(&scene).write(&buffer, error);
+    lastSize = bytes->size();
+    return done;
+}
+
+void RecoveryStore::Private::waitForWriting()
+{
+    if (writing.valid())
+        writing.wait();
+}
+
 /** Of everything that is there, in whatever state. */
 QStringList RecoveryStore::Private::ids() const
 {
@@ -164,7 +198,10 @@ RecoveryStore::RecoveryStore(const QString &folder)
     d->folder = folder;
 }
 
-RecoveryStore::~RecoveryStore() = default;
+RecoveryStore::~RecoveryStore()
+{
+    d->waitForWriting();
+}
 
 bool RecoveryStore::isEnabled() const
 {
@@ -176,13 +213,36 @@ QString RecoveryStore::folder() const
     return d->folder;
 }
 
+bool RecoveryStore::beginWrite(const VxScene &scene, const QString &documentFile,
+                               const QString &title, VxFileError *error)
+{
+    d->waitForWriting();
+    QByteArray bytes;
+    if (!isEnabled() || !d->begin(error) || !d->writeRecord(documentFile, title, error) ||
+        !d->serialize(scene, &bytes, error))
+        return false;
+    d->writing = std::async(std::launch::async, writeFile, d->scene(d->ownId), bytes);
+    return true;
+}
+
+bool RecoveryStore::isWriting() const
+{
+    return d->writing.valid() &&
+           d->writing.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+bool RecoveryStore::endWrite(VxFileError *error)
+{
+    *error = VxFileError();
+    error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
+    error->message = d->writing.valid() ? d->writing.get() : tr("Nothing was begun.");
+    return error->message.isEmpty();
+}
+
 bool RecoveryStore::write(const VxScene &scene, const QString &documentFile, const QString &title,
                           VxFileError *error)
 {
-    if (!isEnabled())
-        return false;
-    return d->begin(error) && d->writeRecord(documentFile, title, error) &&
-           VxSceneWriter(&scene).writeFile(d->scene(d->ownId), error);
+    return beginWrite(scene, documentFile, title, error) && endWrite(error);
 }
 
 bool RecoveryStore::hasOwn() const
@@ -192,6 +252,7 @@ bool RecoveryStore::hasOwn() const
 
 void RecoveryStore::removeOwn()
 {
+    d->waitForWriting();
     if (!d->ownLock)
         return;
     d->remove(d->ownId);

@@ -38,8 +38,17 @@ public:
     bool isEnabled() const;
     QString folder() const;
 
-    /// Puts a copy of the document in the place of this program's own. False with the reason in
-    /// `error`, which must not be null; the former copy is as it was.
+    /// Begins to put a copy of the document in the place of this program's own. The scene is taken
+    /// as it is now; the disk is another thread's business, so that nobody waits for it. False
+    /// with the reason in `error`, which must not be null.
+    bool beginWrite(const VxScene &scene, const QString &documentFile, const QString &title,
+                    VxFileError *error);
+    /// True from beginWrite() until the copy is on the disk or has failed.
+    bool isWriting() const;
+    /// Waits for the end of what was begun. False with the reason when it failed; the former copy
+    /// is as it was then.
+    bool endWrite(VxFileError *error);
+    /// Both in one.
     bool write(const VxScene &scene, const QString &documentFile, const QString &title,
                VxFileError *error);
     /// True when this program has a copy of its document.

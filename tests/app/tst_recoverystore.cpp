@@ -10,9 +10,11 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <random>
+#include <sys/resource.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -100,6 +102,9 @@ private Q_SLOTS:
     void withoutRecord();
     void lockOfAFormerLife();
     void remainsAreSwept();
+    void theSceneIsTakenAsItIs();
+    void removingWaitsForTheDisk();
+    void aFullDiskKeepsTheFormerCopy();
     void foldersThatTakeNothing_data();
     void foldersThatTakeNothing();
     void withoutFolderNothingIsKept();
@@ -390,6 +395,66 @@ void tst_RecoveryStore::remainsAreSwept()
     const QStringList left = files();
     QCOMPARE(left.size(), 3); // the copy, its record and what is not ours
     QVERIFY(left.contains("notes.txt"));
+}
+
+/// What changes once writing has begun belongs to the next copy.
+void tst_RecoveryStore::theSceneIsTakenAsItIs()
+{
+    RecoveryStore store(folder());
+    VxFileError error;
+    m_scene->setTime(480);
+    QVERIFY(!store.isWriting());
+    QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error));
+    m_scene->setTime(1600);
+    m_scene->clear();
+    QVERIFY2(store.endWrite(&error), qPrintable(error.text()));
+    QVERIFY(!store.isWriting());
+    QVERIFY(!store.endWrite(&error)); // ends once
+    VxSceneContents contents;
+    const QString name = folder() + '/' + files().filter(".vxscene").constFirst();
+    QVERIFY(VxSceneReader().readFile(name, &contents, &error));
+    QCOMPARE(contents.time, 480);
+    QVERIFY(!contents.rootNodes.empty());
+}
+
+void tst_RecoveryStore::removingWaitsForTheDisk()
+{
+    RecoveryStore store(folder());
+    VxFileError error;
+    for (int i = 0; i < 20; ++i) {
+        QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error));
+        store.removeOwn();
+        QVERIFY2(files().isEmpty(), qPrintable(files().join(' ')));
+    }
+    QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error));
+    QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error)); // the second waits, too
+    QVERIFY(store.endWrite(&error));
+    QVERIFY(store.hasOwn());
+}
+
+void tst_RecoveryStore::aFullDiskKeepsTheFormerCopy()
+{
+    RecoveryStore store(folder());
+    QVERIFY(write(&store));
+    const QString name = folder() + '/' + files().filter(".vxscene").constFirst();
+    const qint64 size = QFileInfo(name).size();
+    m_scene->setTime(1600);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{rlim_t(size) / 2, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    VxFileError error;
+    const bool done = store.write(*m_scene, "/somewhere/walk.vxscene", "walk.vxscene", &error);
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(!done);
+    QVERIFY2(error.text().startsWith(name), qPrintable(error.text()));
+    QVERIFY2(error.text().contains("File too large"), qPrintable(error.text()));
+    VxSceneContents contents;
+    QVERIFY(VxSceneReader().readFile(name, &contents, &error));
+    QCOMPARE(contents.time, 0);
+    QCOMPARE(files().size(), 3);
 }
 
 void tst_RecoveryStore::foldersThatTakeNothing_data()

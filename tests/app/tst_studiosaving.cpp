@@ -58,7 +58,7 @@ private Q_SLOTS:
     void aSavePointThatIsGone();
     void savingInAGesture_data();
     void savingInAGesture();
-    void savingWhileAKeyIsDragged();
+    void savingWhileSomethingIsDragged();
     void saveAsIntoTheOpenFile();
     void aFolderThatIsGone();
     void aFileThatIsGone();
@@ -183,7 +183,7 @@ void tst_StudioSaving::savingInAGesture()
 }
 
 /// The same with a hand: Ctrl+S in the middle of a value that is dragged.
-void tst_StudioSaving::savingWhileAKeyIsDragged()
+void tst_StudioSaving::savingWhileSomethingIsDragged()
 {
     const QString file = saved();
     VxUndoStackHold hold; // as a drag of any kind holds it
@@ -194,6 +194,8 @@ void tst_StudioSaving::savingWhileAKeyIsDragged()
     mouse.release({5, 5});
     hold.accept("Drag");
     QCOMPARE(stepIn(file), VxTime(200));
+    QVERIFY(window()->isWindowModified());
+    history()->undo();
     QVERIFY(window()->isWindowModified());
 }
 
