@@ -37,10 +37,11 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption({name("size"), tr("Size of the window, in pixels."), name("WxH")});
     parser->addOption({name("frame"), tr("Frame to show."), name("N")});
     parser->addOption({name("palette"), tr("Colours: dark or light."), name("NAME")});
-    parser->addOption({name("settings"),
-                       tr("Keep the settings in this file. Without it, --headless and --screenshot "
-                          "neither read nor write any."),
-                       name("FILE.ini")});
+    parser->addOption(
+        {name("settings"),
+         tr("Keep the settings in this file, and recovery copies in a folder beside it. "
+            "Without it, --headless and --screenshot neither read nor write any."),
+         name("FILE.ini")});
     parser->addOption(
         {name("plugin-path"), tr("A further folder of plug-ins; may be repeated."), name("DIR")});
     parser->addOption({{name("v"), name("version")}, tr("Show the version.")});
