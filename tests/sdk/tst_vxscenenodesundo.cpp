@@ -18,6 +18,7 @@ private Q_SLOTS:
     void movingThereAndBackMakesNoEntry();
     void interleavedMovesAreUndoneExactly();
     void randomEditsAreUndoneExactly();
+    void nodeThatComesWhereAnotherWas();
     void historyOwnsWhatItRemoved();
     void cancelledRemovalDestroys();
     void changesOutsideOfASceneAreNotRecorded();
@@ -188,6 +189,24 @@ void TestSceneNodesUndo::randomEditsAreUndoneExactly()
             QCOMPARE(drawn(), states.at(i));
         }
     }
+}
+
+// Memory is used again: the place of a node that is gone is not that of the next one.
+void TestSceneNodesUndo::nodeThatComesWhereAnotherWas()
+{
+    add(QStringLiteral("a"));
+    void *room = ::operator new(sizeof(VxNode));
+    VxUndoStackHold hold;
+    auto *first = new (room) VxNode(QStringLiteral("first"));
+    m_scene->addNode(first);
+    first->setLabel(QStringLiteral("First"));
+    first->~VxNode();
+    auto *second = new (room) VxNode(QStringLiteral("second"));
+    m_scene->addNode(second);
+    second->setLabel(QStringLiteral("Second"));
+    hold.accept(QStringLiteral("Replace"));
+    QCOMPARE(second->getLabel(), QStringLiteral("Second"));
+    checkUndo(QStringLiteral("a"), QStringLiteral("a second"));
 }
 
 void TestSceneNodesUndo::historyOwnsWhatItRemoved()

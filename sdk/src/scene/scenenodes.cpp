@@ -259,7 +259,8 @@ NodePlaceItem *SceneNodes::recordPlace(VxNode *node)
     if (!stack || !stack->isRecording())
         return nullptr;
     const bool sameHold = m_lastItem && stack->findItem(m_lastNode, VxUndoNodePlace) == m_lastItem;
-    if (sameHold && m_lastNode == node)
+    // A node that was destroyed leaves its item behind, and the next one may get its address.
+    if (sameHold && m_lastNode == node && m_lastItem->isAlive())
         return m_lastItem;
     if (sameHold)
         m_lastItem->setFollowed();

@@ -38,6 +38,7 @@ public:
     bool finish() override;
     qint64 memoryUsed() const override;
 
+    bool isAlive() const { return m_node; }
     /// Another node's item follows in the same hold.
     void setFollowed() { m_followed = true; }
     void setOwning(bool owning) { m_owning = owning; }
