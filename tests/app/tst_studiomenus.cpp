@@ -186,11 +186,13 @@ void tst_StudioMenus::typesInAMenu()
     typing.start();
     QTest::keyClicks(animation, "cre");
     QCOMPARE(active(), QString("Create Keys (Filtered)"));
+    QAction *created = animation->activeAction();
     QTRY_VERIFY(typing.elapsed() > 1100); // the word is over
-    QTest::keyClick(animation, 'e');
-    QCOMPARE(active(), QString("Expand All"));
-    QTest::keyClick(animation, 'e');
-    QCOMPARE(active(), QString("Expand Item"));
+    animation->setActiveAction(created); // wherever the mouse is
+    QTest::keyClick(animation, 's');
+    QCOMPARE(active(), QString("Show Key Graph"));
+    QTest::keyClick(animation, 's');
+    QCOMPARE(active(), QString("Set Key Interpolation"));
     animation->close();
 }
 

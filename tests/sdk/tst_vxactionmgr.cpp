@@ -79,6 +79,10 @@ public:
         return m_order < 0 ? QStringLiteral("/More") : QStringLiteral("Clipboard");
     }
     int getMenuOrder() const override { return m_order; }
+    QString getMenuFolder() const override
+    {
+        return m_order / 100 == 5 ? QStringLiteral("Folder") : QString();
+    }
 
 private:
     int m_order;
@@ -665,6 +669,12 @@ void tst_VxActionMgr::menuOrderAndSections()
     // What comes later goes to the end of its group.
     VxMenuBarFiller(&menuBar).addActions(ordered({-1, 399, 100}));
     QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310 - 100 - 399 - More>"));
+    // A folder stands at the place of what it holds, and is made once.
+    VxMenuBarFiller(&menuBar).addActions(ordered({600, 501, 500, 400}));
+    VxMenuBarFiller(&menuBar).addActions(ordered({502}));
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310 - 100 - 399 - 400 - Folder> - "
+                                         "600 - More>"));
+    QCOMPARE(shown(subMenu(edit, "Folder")), QStringLiteral("500 501 502"));
 }
 
 QTEST_MAIN(tst_VxActionMgr)

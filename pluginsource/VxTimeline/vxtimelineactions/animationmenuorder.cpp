@@ -1,8 +1,23 @@
 #include "vxtimelineactions/animationmenuorder.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QCoreApplication>
 
 namespace {
+
+// Sections with a sub-menu of their own, by number; neighbours of one title share theirs.
+struct Folder
+{
+    int section;
+    const char *title;
+};
+
+const Folder folders[] = {
+    {1, QT_TRANSLATE_NOOP("AnimationMenu", "Select Keys")},
+    {6, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
+    {7, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
+    {8, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
+};
 
 // From top to bottom; null ends a section.
 const char *const entries[] = {
@@ -70,4 +85,14 @@ int animationMenuOrder(const char *className)
         ++place;
     }
     return 0;
+}
+
+QString animationMenuFolder(const char *className)
+{
+    const int section = animationMenuOrder(className) / 100;
+    for (const Folder &folder : folders) {
+        if (folder.section == section)
+            return QCoreApplication::translate("AnimationMenu", folder.title);
+    }
+    return QString();
 }

@@ -37,6 +37,11 @@ int VxAnimationAction::getMenuOrder() const
     return animationMenuOrder(metaObject()->className());
 }
 
+QString VxAnimationAction::getMenuFolder() const
+{
+    return animationMenuFolder(metaObject()->className());
+}
+
 VxTimePane *VxAnimationAction::findTimePane()
 {
     // Guarded, so that a pane that was destroyed is searched for anew.

@@ -23,6 +23,7 @@ public:
     QString getDefaultMenuPath() const override;
     QString getActionGroup() const override;
     int getMenuOrder() const override;
+    QString getMenuFolder() const override;
 
     // The one time pane of the main window's pane manager, or null. A pane once found is kept as
     // long as it lives.

@@ -54,6 +54,10 @@ public:
     /// the order of the actions. Within a group a separator stands between entries of different
     /// hundreds. 0 unless overridden.
     virtual int getMenuOrder() const;
+    /// The title of a sub-menu at the action's place, in which it stands together with those of the
+    /// same title and group; empty (unless overridden) for the menu itself. Keeps a long menu
+    /// short.
+    virtual QString getMenuFolder() const;
 
     /// True for an action whose effect goes to the clipboard of the pane that has the focus: it
     /// asks before it takes a key press from a text field. False unless overridden.

@@ -91,8 +91,8 @@ public:
     QStringList restoreShortcuts(const VxSettings *settings);
 
     /// Fills a menu bar with every action that has a menu path: menus by getDefaultMenuPath(),
-    /// sub-menus by the part of getActionGroup() behind a "/", separators between groups. Menus
-    /// that exist already (by title) are extended.
+    /// sub-menus by the part of getActionGroup() behind a "/" and by getMenuFolder(), separators
+    /// between groups. Menus that exist already (by title) are extended.
     void populateMenuBar(QMenuBar *menuBar) const;
 
 Q_SIGNALS:

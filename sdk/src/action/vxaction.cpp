@@ -67,6 +67,11 @@ int VxAction::getMenuOrder() const
     return 0;
 }
 
+QString VxAction::getMenuFolder() const
+{
+    return QString();
+}
+
 bool VxAction::isClipboardAction() const
 {
     return false;

@@ -10,8 +10,10 @@
 
 namespace {
 
-// A sub-menu's entry is no VxAction: it keeps the group it was sorted into as a property.
+// A sub-menu's entry is no VxAction: it keeps the group and the section it was sorted into as
+// properties.
 constexpr char subMenuGroupProperty[] = "vxMenuGroup";
+constexpr char subMenuSectionProperty[] = "vxMenuSection";
 
 QMenu *findMenu(const QWidget *parent, const QString &title)
 {
@@ -30,11 +32,16 @@ QString groupOf(const QAction *entry)
     return entry->property(subMenuGroupProperty).toString();
 }
 
-/** The section of its group that an entry belongs to; sub-menus stand in the first. */
+int sectionOf(const VxAction *action)
+{
+    return action->getMenuOrder() / 100;
+}
+
+/** The section of its group that an entry belongs to; sub-menus of paths stand in the first. */
 int sectionOf(const QAction *entry)
 {
     const VxAction *action = qobject_cast<const VxAction *>(entry);
-    return action ? action->getMenuOrder() / 100 : 0;
+    return action ? sectionOf(action) : entry->property(subMenuSectionProperty).toInt();
 }
 
 /** The place of the group's last entry in the menu; -1 when there is none. */
@@ -65,12 +72,13 @@ void insertIntoGroup(QMenu *menu, QAction *entry, const QString &group)
     menu->insertAction(next, entry);
 }
 
-QMenu *subMenu(QMenu *menu, const QString &title, const QString &group)
+QMenu *subMenu(QMenu *menu, const QString &title, const QString &group, int section = 0)
 {
     if (QMenu *existing = findMenu(menu, title))
         return existing;
     QMenu *made = new QMenu(title, menu);
     made->menuAction()->setProperty(subMenuGroupProperty, group);
+    made->menuAction()->setProperty(subMenuSectionProperty, section);
     insertIntoGroup(menu, made->menuAction(), group);
     return made;
 }
@@ -115,6 +123,8 @@ void VxMenuBarFiller::addAction(VxAction *action) const
     const QString group = groupName(action->getActionGroup());
     for (const QString &title : pathParts(groupPath(action->getActionGroup())))
         menu = subMenu(menu, title, group);
+    if (!action->getMenuFolder().isEmpty())
+        menu = subMenu(menu, action->getMenuFolder(), group, sectionOf(action));
     if (!menu->actions().contains(action))
         insertIntoGroup(menu, action, group);
 }
