@@ -7,6 +7,7 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QLabel>
 #include <QWheelEvent>
 #include <QtTest>
 #include <memory>
@@ -37,6 +38,8 @@ protected:
     QModelIndex cell(const VxProperty *property, int column) const;
     QPoint middle(const VxProperty *property, int column) const;
     QAbstractSpinBox *field() const;
+    QString notice() const;
+    void type(const VxProperty *property, const QString &text, int end = Qt::Key_Return);
     void click(const VxProperty *property, int column = Model::ValueColumn);
     void drag(const VxProperty *property, int pixels, Qt::KeyboardModifiers = Qt::NoModifier);
     void wheel(QWidget *target, int steps) const;
@@ -88,6 +91,22 @@ inline QPoint ParametersPaneTestBase::middle(const VxProperty *property, int col
 inline QAbstractSpinBox *ParametersPaneTestBase::field() const
 {
     return view()->findChild<QAbstractSpinBox *>(QStringLiteral("PropertyValueSpinBox"));
+}
+
+/// What the pane says below the list; empty when it says nothing.
+inline QString ParametersPaneTestBase::notice() const
+{
+    const auto *label = m_pane->findChild<QLabel *>(QStringLiteral("ParametersNoticeLbl"));
+    return label->isVisible() ? label->text() : QString();
+}
+
+/// Clicks on a value, types and ends it with a key.
+inline void ParametersPaneTestBase::type(const VxProperty *property, const QString &text, int end)
+{
+    click(property);
+    QTRY_VERIFY(field() && field()->hasFocus());
+    QTest::keyClicks(field(), text);
+    QTest::keyClick(field(), Qt::Key(end));
 }
 
 inline void ParametersPaneTestBase::click(const VxProperty *property, int column)

@@ -286,10 +286,13 @@ void TestPropertyEdit::keyStates()
     x()->setKey(0, 1.0f, 0);
     QCOMPARE(VxPropertyKeys::state({x()}, 0), Model::OnKey);
     QCOMPARE(VxPropertyKeys::state({x()}, 1), Model::Keyed);
-    QCOMPARE(VxPropertyKeys::state({x(), y()}, 0), Model::Keyed);
+    QCOMPARE(VxPropertyKeys::state({x(), y()}, 0), Model::MixedKeys);
+    QCOMPARE(VxPropertyKeys::state({y(), x()}, 1), Model::MixedKeys);
     y()->setKey(0, 1.0f, 0);
     QCOMPARE(VxPropertyKeys::state({x(), y()}, 0), Model::OnKey);
+    QCOMPARE(VxPropertyKeys::state({x(), y()}, 1), Model::Keyed);
     x()->setAnimatable(false);
+    QCOMPARE(VxPropertyKeys::state({x(), y()}, 0), Model::OnKey); // of the one that takes keys
     QCOMPARE(VxPropertyKeys::state({x()}, 0), Model::NotKeyable);
 }
 

@@ -224,7 +224,10 @@ void TestPropertyListItemModel::aNodeThatLeavesIsForgotten()
     m_scene->removeNode(m_other);
     QCOMPARE(m_model->getNodes(), QVector<VxNode *>{m_node});
     const VxPropertyListNode *row = m_model->getPropertyListNode(m_model->index(1, 0));
-    QCOMPARE(row->getNumProperties(), 1);
+    QCOMPARE(row->getProperties(), QVector<VxProperty *>{m_node->getXPosControl()});
+    QSignalSpy reset(m_model.get(), &Model::modelReset);
+    QTRY_COMPARE(reset.count(), 1);
+    QCOMPARE(m_model->getPropertyListNode(m_model->index(1, 0))->getNumProperties(), 1);
     m_scene->clear();
     QCOMPARE(m_model->rowCount(), 0);
     QVERIFY(!m_model->getNode());

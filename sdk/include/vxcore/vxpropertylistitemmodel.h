@@ -16,22 +16,26 @@ class VxPropertyListNode;
 /// The list is flat: the heading of a group is a row like the others, followed by the group's
 /// properties, so that whoever goes through the rows meets everything. The first node decides
 /// which rows there are; a row also stands for the properties of the same name, group and kind of
-/// the others. Hidden properties are left out. The model follows the scene's time, the properties'
-/// changes and their coming and going.
+/// the others. Hidden properties are left out. The model follows the scene's time and the
+/// properties' changes at once, and their coming and going when the event loop is next at rest:
+/// until then a row goes without the property that left.
 class VXCORE_EXPORT VxPropertyListItemModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
     enum Column { LabelColumn, ValueColumn, KeyColumn, NumColumns };
 
-    /// Beyond the toolkit's roles. KeyStateRole: a KeyState, of every column.
-    enum Role { KeyStateRole = Qt::UserRole + 1 };
+    /// Beyond the toolkit's roles, of every column. KeyStateRole: a KeyState. MixedRole: true when
+    /// the row stands for several properties with different values; the value's text is then a
+    /// word that says so, and empty for editing.
+    enum Role { KeyStateRole = Qt::UserRole + 1, MixedRole };
 
     enum KeyState {
         NotKeyable, ///< takes no keys at all, or the row is a heading
         NoKeys,
-        Keyed, ///< some of the row's properties have keys, but not all of them one at the time
-        OnKey  ///< each of the row's properties has a key at exactly the scene's time
+        Keyed,    ///< each of the row's properties has keys, but none at the scene's time
+        OnKey,    ///< each of the row's properties has a key at exactly the scene's time
+        MixedKeys ///< the row's properties differ in this
     };
     Q_ENUM(KeyState)
 

@@ -18,10 +18,11 @@ public:
                                 const QString &heading = QString());
 
     bool isHeading() const;
+    /// With those that are no longer there.
     int getNumProperties() const;
-    /// Null when there is no such property, or it has been destroyed.
+    /// Null when there is no such property, or it has been destroyed or has left the list.
     VxProperty *getProperty(int index) const;
-    /// The properties that still live.
+    /// The properties that are still there.
     QVector<VxProperty *> getProperties() const;
     /// The heading, or the label of the first property.
     QString getLabel() const;
@@ -30,6 +31,9 @@ protected:
     ~VxPropertyListNode() override;
 
 private:
+    friend class VxPropertyListItemModel;
+    void forget(int index);
+
     QVector<QPointer<VxProperty>> m_properties;
     QString m_heading;
 };

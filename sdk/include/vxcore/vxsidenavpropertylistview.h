@@ -10,11 +10,13 @@ class VxPropertyListItemModel;
 /// The property list of the Parameters pane: one row a property below the headings of the groups,
 /// rows selectable one by one or several at once.
 ///
-/// A value is changed by dragging it sideways (Ctrl: ten times as far, Shift: a tenth), by a click
-/// and typing or stepping, or, a switch, by a click; a click on the key mark sets or deletes the
-/// key. Each of these is one undo entry. Groups are closed by hiding rows, so that the rows stay a
-/// flat list for everybody else. Selection, scroll position and closed groups are kept by name when
-/// the list is made anew, such as for another node.
+/// A value is changed by dragging it sideways (Ctrl: ten times as far, Shift: a tenth; Escape puts
+/// it back), by a click and typing or stepping, or, a switch, by a click; a click on the key mark
+/// sets or deletes the key. Each of these is one undo entry. Where a row stands for several
+/// properties, typing gives all of them the value, while dragging and stepping move each from where
+/// it is. Copy and paste take values as text. Groups are closed by hiding rows, so that the rows
+/// stay a flat list for everybody else. Selection, scroll position and closed groups are kept by
+/// name when the list is made anew, such as for another node.
 class VXCORE_EXPORT VxSideNavPropertyListView : public QTreeView
 {
     Q_OBJECT
@@ -33,7 +35,18 @@ public:
     QStringList getCollapsedGroups() const;
     void setCollapsedGroups(const QStringList &paths);
 
+    /// The width in pixels that was chosen for the values' column; 0 while none was, and the list
+    /// divides its width itself. In a narrow list the column may be narrower than that.
+    int getValueWidth() const;
+    void setValueWidth(int width);
+
+Q_SIGNALS:
+    /// Something could not be done as it was meant, in words; empty when the user goes on.
+    void noticed(const QString &text);
+
 protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -1,7 +1,7 @@
 #include <vxcore/vxparameterspane.h>
 
 #include <QtCore/QTimer>
-#include <QtWidgets/QHeaderView>
+#include <QtGui/QAccessible>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 #include <vxcore/vxnode.h>
@@ -14,6 +14,7 @@ namespace {
 
 constexpr QLatin1String CollapsedKey("CollapsedGroups");
 constexpr QLatin1String WidthKey("ValueWidth");
+constexpr int NoticeMilliseconds = 10000;
 
 } // namespace
 
@@ -23,10 +24,13 @@ public:
     void showPrimary();
     void showSelection();
     void showTitle();
+    void showNotice(const QString &text);
 
     QLabel *title = nullptr;
     VxSideNavPropertyListView *view = nullptr;
     VxPropertyListItemModel *model = nullptr;
+    QLabel *notice = nullptr; // below the list, so that no row moves
+    QTimer noticeTimer;
     QMetaObject::Connection labelConnection;
     QTimer selectionTimer; // nodes may be selected one by one, by the hundred
 };
@@ -68,6 +72,18 @@ void VxParametersPane::Private::showTitle()
     title->setText(text);
 }
 
+void VxParametersPane::Private::showNotice(const QString &text)
+{
+    notice->setText(text);
+    notice->setVisible(!text.isEmpty());
+    noticeTimer.stop();
+    if (text.isEmpty())
+        return;
+    noticeTimer.start();
+    QAccessibleEvent told(notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
+}
+
 VxParametersPane::VxParametersPane()
     : VxPane(tr("Parameters"))
     , d(std::make_unique<Private>())
@@ -79,13 +95,25 @@ VxParametersPane::VxParametersPane()
     d->model = new VxPropertyListItemModel(this);
     d->view = new VxSideNavPropertyListView;
     d->view->setModel(d->model);
+    d->notice = new QLabel;
+    d->notice->setObjectName(QStringLiteral("ParametersNoticeLbl"));
+    d->notice->setTextFormat(Qt::PlainText);
+    d->notice->setWordWrap(true);
+    d->notice->hide();
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addWidget(d->title);
     layout->addWidget(d->view, 1);
+    layout->addWidget(d->notice);
 
+    d->noticeTimer.setSingleShot(true);
+    d->noticeTimer.setInterval(NoticeMilliseconds);
+    connect(&d->noticeTimer, &QTimer::timeout, this, [this] { d->showNotice(QString()); });
+    connect(d->view, &VxSideNavPropertyListView::noticed, this,
+            [this](const QString &text) { d->showNotice(text); });
+    connect(d->model, &QAbstractItemModel::modelReset, this, [this] { d->showNotice(QString()); });
     d->selectionTimer.setSingleShot(true);
     d->selectionTimer.setInterval(0);
     connect(&d->selectionTimer, &QTimer::timeout, this, [this] { d->showSelection(); });
@@ -107,14 +135,11 @@ VxSideNavPropertyListView *VxParametersPane::getPropertyListView() const
 void VxParametersPane::restoreSettings(VxSettings *settings)
 {
     d->view->setCollapsedGroups(settings->getStringListValue(CollapsedKey));
-    const int width = settings->getIntValue(WidthKey);
-    if (width > 0)
-        d->view->header()->resizeSection(VxPropertyListItemModel::ValueColumn, width);
+    d->view->setValueWidth(settings->getIntValue(WidthKey));
 }
 
 void VxParametersPane::saveSettings(VxSettings *settings) const
 {
     settings->setStringListValue(CollapsedKey, d->view->getCollapsedGroups());
-    settings->setIntValue(WidthKey,
-                          d->view->header()->sectionSize(VxPropertyListItemModel::ValueColumn));
+    settings->setIntValue(WidthKey, d->view->getValueWidth());
 }

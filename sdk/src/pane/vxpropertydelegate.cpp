@@ -1,12 +1,14 @@
 #include "pane/vxpropertydelegate.h"
 
 #include "pane/vxpropertypainter.h"
+#include "pane/vxpropertyrow.h"
 #include "pane/vxpropertyspinbox.h"
 #include "pane/vxpropertyvalue.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
@@ -30,6 +32,29 @@ QVector<VxProperty *> propertiesOf(const QModelIndex &index)
     return listNode && !listNode->isHeading() ? listNode->getProperties() : QVector<VxProperty *>();
 }
 
+bool isMixed(const QModelIndex &index)
+{
+    return index.data(VxPropertyListItemModel::MixedRole).toBool();
+}
+
+void paintValue(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+                const VxProperty *property)
+{
+    using Switch = VxPropertyPainter::Switch;
+    const bool mixed = isMixed(index);
+    const auto *flag = qobject_cast<const VxBoolProperty *>(property);
+    if (!flag) {
+        VxPropertyPainter::paintValue(painter, option, property, index.data().toString(), mixed);
+        return;
+    }
+    const bool on = flag->getBoolValue(vxScene ? vxScene->getTime() : 0);
+    VxPropertyPainter::paintSwitch(painter, option,
+                                   mixed ? Switch::Mixed
+                                   : on  ? Switch::On
+                                         : Switch::Off,
+                                   VxPropertyValue::isEditable(property));
+}
+
 void paintCell(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
                const VxProperty *property)
 {
@@ -38,12 +63,7 @@ void paintCell(QPainter *painter, const QStyleOptionViewItem &option, const QMod
         VxPropertyPainter::paintLabel(painter, option, property);
         break;
     case VxPropertyListItemModel::ValueColumn:
-        if (const auto *flag = qobject_cast<const VxBoolProperty *>(property))
-            VxPropertyPainter::paintSwitch(painter, option,
-                                           flag->getBoolValue(vxScene ? vxScene->getTime() : 0),
-                                           VxPropertyValue::isEditable(property));
-        else
-            VxPropertyPainter::paintValue(painter, option, property, index.data().toString());
+        paintValue(painter, option, index, property);
         break;
     default:
         VxPropertyPainter::paintKeyMark(
@@ -52,6 +72,13 @@ void paintCell(QPainter *painter, const QStyleOptionViewItem &option, const QMod
                 index.data(VxPropertyListItemModel::KeyStateRole).toInt()),
             VxPropertyValue::isEditable(property));
     }
+}
+
+/// Keys that take what was typed and leave the field.
+bool commits(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab ||
+           key == Qt::Key_Backtab;
 }
 
 } // namespace
@@ -75,9 +102,8 @@ void VxPropertyDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
                                         view && view->isGroupCollapsed(model->getGroupPath(index)));
         return;
     }
-    const QVector<VxProperty *> properties = propertiesOf(index);
-    if (!properties.isEmpty())
-        paintCell(painter, option, index, properties.first());
+    if (const VxProperty *property = VxPropertyRow::leading(model->getPropertyListNode(index)))
+        paintCell(painter, option, index, property);
 }
 
 QSize VxPropertyDelegate::sizeHint(const QStyleOptionViewItem &option,
@@ -90,20 +116,27 @@ QSize VxPropertyDelegate::sizeHint(const QStyleOptionViewItem &option,
 QWidget *VxPropertyDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                           const QModelIndex &index) const
 {
+    Q_UNUSED(option)
     const QVector<VxProperty *> properties = propertiesOf(index);
     if (qobject_cast<VxBoolProperty *>(properties.value(0)))
         return nullptr; // switched by a click
-    if (!qobject_cast<VxNumericProperty *>(properties.value(0)))
-        return QStyledItemDelegate::createEditor(parent, option, index);
+    if (!qobject_cast<VxNumericProperty *>(properties.value(0))) {
+        auto *line = new QLineEdit(parent);
+        line->setFrame(false);
+        line->setPlaceholderText(isMixed(index) ? index.data().toString() : QString());
+        return line;
+    }
     auto *field = new VxPropertySpinBox(properties, parent);
-    connect(index.model(), &QAbstractItemModel::dataChanged, field, &VxPropertySpinBox::showValue);
+    connect(field, &VxPropertySpinBox::noticed, this, &VxPropertyDelegate::noticed);
+    connect(index.model(), &QAbstractItemModel::dataChanged, field,
+            &VxPropertySpinBox::showValueSoon);
     return field;
 }
 
 void VxPropertyDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     if (auto *field = qobject_cast<VxPropertySpinBox *>(editor))
-        field->showValue();
+        field->showValueSoon();
     else
         QStyledItemDelegate::setEditorData(editor, index);
 }
@@ -113,7 +146,7 @@ void VxPropertyDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
 {
     if (auto *field = qobject_cast<VxPropertySpinBox *>(editor))
         field->commit();
-    else if (model->data(index).toString() != editor->property("text").toString())
+    else if (model->data(index, Qt::EditRole).toString() != editor->property("text").toString())
         QStyledItemDelegate::setModelData(editor, model, index);
 }
 
@@ -129,9 +162,13 @@ bool VxPropertyDelegate::eventFilter(QObject *watched, QEvent *event)
     auto *field = qobject_cast<VxPropertySpinBox *>(watched);
     if (!field)
         return QStyledItemDelegate::eventFilter(watched, event);
-    if (event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
-        field->putBack();
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Escape)
+            field->putBack();
+        if (commits(key) && field->complain())
+            return true;
+    }
     if (event->type() == QEvent::ShortcutOverride && !field->isTyped()) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {

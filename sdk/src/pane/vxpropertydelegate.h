@@ -6,7 +6,8 @@
 /// Paints the rows of a property list and makes the fields in which values are edited.
 ///
 /// The look is the painter's; this class knows the rows and the hands: Escape takes back what is
-/// not set yet, and undo is the program's and not the field's while nothing is typed.
+/// not set yet, a field whose text is no value stays open until it is mended or left, and undo is
+/// the program's and not the field's while nothing is typed.
 class VxPropertyDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -24,6 +25,10 @@ public:
                       const QModelIndex &index) const override;
     void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const override;
+
+Q_SIGNALS:
+    /// Something could not be done as it was meant, in words.
+    void noticed(const QString &text);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

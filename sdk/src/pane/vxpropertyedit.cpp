@@ -1,5 +1,7 @@
 #include "pane/vxpropertyedit.h"
 
+#include "pane/vxpropertyhints.h"
+#include "pane/vxpropertyinput.h"
 #include "pane/vxpropertyvalue.h"
 
 #include <QtCore/QCoreApplication>
@@ -51,22 +53,42 @@ Former remember(VxNumericProperty *property, VxTime time)
 class VxPropertyEdit::Private
 {
 public:
-    QString text() const;
+    template <class Target> bool change(const Target &target);
     void restore();
 
     VxTime time = 0;
+    QString label; // of the first property, which may be gone at the end
     std::vector<Former> former;
+    int refused = 0; // in the last change
+    int locked = 0;
+    QString limit;
     VxUndoStackHold hold;
 };
 
-QString VxPropertyEdit::Private::text() const
+/** Gives each property the value that target(former) tells, as shown. */
+template <class Target> bool VxPropertyEdit::Private::change(const Target &target)
 {
-    for (const Former &each : former) {
-        if (each.property)
-            return QCoreApplication::translate("VxPropertyEdit", "Set %1")
-                .arg(each.property->getLabel());
+    const VxChangeBlock block;
+    refused = 0;
+    locked = 0;
+    limit.clear();
+    for (Former &each : former) {
+        if (!each.property)
+            continue;
+        const double value = target(each);
+        switch (VxPropertyValue::setShownValue(each.property, time, value)) {
+        case VxPropertyValue::Set:
+            break;
+        case VxPropertyValue::Limited:
+            if (limit.isEmpty())
+                limit = VxPropertyHints::limits(each.property, value);
+            break;
+        default:
+            ++refused;
+            locked += !VxPropertyValue::isEditable(each.property);
+        }
     }
-    return {};
+    return refused == 0;
 }
 
 void VxPropertyEdit::Private::restore()
@@ -94,6 +116,8 @@ VxPropertyEdit::VxPropertyEdit(const QVector<VxProperty *> &properties, VxTime t
         if (auto *number = qobject_cast<VxNumericProperty *>(property))
             d->former.push_back(remember(number, time));
     }
+    if (!d->former.empty())
+        d->label = d->former.front().property->getLabel();
 }
 
 VxPropertyEdit::~VxPropertyEdit()
@@ -103,33 +127,40 @@ VxPropertyEdit::~VxPropertyEdit()
 
 bool VxPropertyEdit::setValue(double value)
 {
-    const VxChangeBlock block;
-    bool accepted = true;
-    for (Former &each : d->former) {
-        if (!each.property)
-            continue;
-        accepted &= VxPropertyValue::setShownValue(each.property, d->time, value);
-        each.base = value;
-    }
-    return accepted;
+    return apply({VxPropertyInput::Value, value});
+}
+
+bool VxPropertyEdit::apply(const VxPropertyInput &input)
+{
+    if (input.kind == VxPropertyInput::Empty || input.kind == VxPropertyInput::Unreadable)
+        return true;
+    return d->change([&input](Former &each) {
+        each.base = input.appliedTo(each.base);
+        return each.base;
+    });
 }
 
 bool VxPropertyEdit::offsetBy(double steps)
 {
-    const VxChangeBlock block;
-    bool accepted = true;
-    for (const Former &each : d->former) {
-        if (each.property)
-            accepted &= VxPropertyValue::setShownValue(
-                each.property, d->time, each.base + steps * VxPropertyValue::step(each.property));
-    }
-    return accepted;
+    return d->change([steps](const Former &each) {
+        return each.base + steps * VxPropertyValue::step(each.property);
+    });
+}
+
+QString VxPropertyEdit::refusal() const
+{
+    return VxPropertyHints::refusal(d->label, d->refused, d->locked, int(d->former.size()));
+}
+
+QString VxPropertyEdit::limit() const
+{
+    return d->limit;
 }
 
 void VxPropertyEdit::finish()
 {
     if (d->hold.isOpen())
-        d->hold.accept(d->text());
+        d->hold.accept(QCoreApplication::translate("VxPropertyEdit", "Set %1").arg(d->label));
 }
 
 void VxPropertyEdit::putBack()

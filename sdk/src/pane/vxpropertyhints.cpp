@@ -15,6 +15,12 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxPropertyHints", text);
 }
 
+QString shown(const VxNumericProperty *property, double value)
+{
+    const QString digits = VxPropertyValue::numberText(value, 4);
+    return property->isPercentage() ? digits + QLatin1Char('%') : digits;
+}
+
 /// With its node, where there is one.
 QString fullName(const VxProperty *property)
 {
@@ -49,6 +55,9 @@ QString VxPropertyHints::keyHint(VxPropertyListItemModel::KeyState state, bool e
                         : tr("Keyed, but not at this time.");
     case VxPropertyListItemModel::OnKey:
         return editable ? tr("On a key. Click to delete it.") : tr("On a key.");
+    case VxPropertyListItemModel::MixedKeys:
+        return editable ? tr("Keyed in some of the nodes. Click to set the missing keys here.")
+                        : tr("Keyed in some of the nodes.");
     case VxPropertyListItemModel::NotKeyable:
         break;
     }
@@ -70,4 +79,55 @@ QString VxPropertyHints::propertyHint(const QVector<VxProperty *> &properties)
     if (properties.size() > 1)
         lines.append(tr("Changes are made to %1 nodes.").arg(properties.size()));
     return lines.join(QLatin1Char('\n'));
+}
+
+QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTime time)
+{
+    const auto *first = qobject_cast<const VxNumericProperty *>(properties.value(0));
+    if (!first)
+        return {};
+    double lowest = VxPropertyValue::shownValue(first, time), highest = lowest;
+    for (const VxProperty *property : properties) {
+        if (const auto *number = qobject_cast<const VxNumericProperty *>(property)) {
+            const double value = VxPropertyValue::shownValue(number, time);
+            lowest = qMin(lowest, value);
+            highest = qMax(highest, value);
+        }
+    }
+    if (lowest < highest)
+        return tr("Values from %1 to %2").arg(shown(first, lowest), shown(first, highest));
+    const QString full = VxPropertyValue::fullText(first, time);
+    return full == VxPropertyValue::text(first, time) ? QString() : tr("Value %1").arg(full);
+}
+
+QString VxPropertyHints::refusal(const QString &label, int refused, int locked, int count)
+{
+    if (refused <= 0)
+        return {};
+    if (locked > 0 && locked < count)
+        return tr("%1 was not changed in %2 of %3 nodes, where it is locked or follows another "
+                  "value.")
+            .arg(label)
+            .arg(locked)
+            .arg(count);
+    if (locked > 0)
+        return tr("%1 cannot be changed: it is locked or follows another value.").arg(label);
+    return tr("%1 cannot be set: there is no key at this time, and setting values makes none at "
+              "present.")
+        .arg(label);
+}
+
+QString VxPropertyHints::limits(const VxNumericProperty *property, double value)
+{
+    const double lowest = VxPropertyValue::lowest(property);
+    const double highest = VxPropertyValue::highest(property);
+    if (value >= lowest && value <= highest)
+        return tr("%1 takes whole numbers. The nearest one was set.").arg(property->getLabel());
+    return tr("%1 takes values from %2 to %3. The nearest one was set.")
+        .arg(property->getLabel(), shown(property, lowest), shown(property, highest));
+}
+
+QString VxPropertyHints::unreadable(const QString &text)
+{
+    return tr("\u201c%1\u201d is no value.").arg(text);
 }

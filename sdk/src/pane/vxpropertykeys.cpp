@@ -72,21 +72,31 @@ void runCommand(const VxPropertyKeys::Properties &properties, const QString &tex
 
 } // namespace
 
+VxPropertyListItemModel::KeyState VxPropertyKeys::state(const VxProperty *property, VxTime time)
+{
+    if (!property || !property->canBeKeyed())
+        return VxPropertyListItemModel::NotKeyable;
+    if (property->hasKey(time))
+        return VxPropertyListItemModel::OnKey;
+    return property->getNumKeys() > 0 ? VxPropertyListItemModel::Keyed
+                                      : VxPropertyListItemModel::NoKeys;
+}
+
+VxPropertyListItemModel::KeyState VxPropertyKeys::together(VxPropertyListItemModel::KeyState one,
+                                                           VxPropertyListItemModel::KeyState other)
+{
+    if (one == VxPropertyListItemModel::NotKeyable)
+        return other;
+    const bool same = one == other || other == VxPropertyListItemModel::NotKeyable;
+    return same ? one : VxPropertyListItemModel::MixedKeys;
+}
+
 VxPropertyListItemModel::KeyState VxPropertyKeys::state(const Properties &properties, VxTime time)
 {
-    bool keyable = false, keyed = false, everywhere = true;
-    for (const VxProperty *property : properties) {
-        if (!property || !property->canBeKeyed())
-            continue;
-        keyable = true;
-        keyed |= property->getNumKeys() > 0;
-        everywhere &= property->hasKey(time);
-    }
-    if (!keyable)
-        return VxPropertyListItemModel::NotKeyable;
-    if (!keyed)
-        return VxPropertyListItemModel::NoKeys;
-    return everywhere ? VxPropertyListItemModel::OnKey : VxPropertyListItemModel::Keyed;
+    VxPropertyListItemModel::KeyState all = VxPropertyListItemModel::NotKeyable;
+    for (const VxProperty *property : properties)
+        all = together(all, state(property, time));
+    return all;
 }
 
 void VxPropertyKeys::setKeys(const Properties &properties, VxTime time)

@@ -12,7 +12,12 @@ namespace VxPropertyKeys {
 
 using Properties = QVector<VxProperty *>;
 
+/// MixedKeys when the states of those that take keys differ.
 VXCORE_EXPORT VxPropertyListItemModel::KeyState state(const Properties &properties, VxTime time);
+VXCORE_EXPORT VxPropertyListItemModel::KeyState state(const VxProperty *property, VxTime time);
+/// The state of a row that has one state so far and another property with a second one.
+VXCORE_EXPORT VxPropertyListItemModel::KeyState together(VxPropertyListItemModel::KeyState one,
+                                                         VxPropertyListItemModel::KeyState other);
 
 /// Makes a key with the present value where there is none at the time.
 VXCORE_EXPORT void setKeys(const Properties &properties, VxTime time);

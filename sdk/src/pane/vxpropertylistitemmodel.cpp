@@ -3,12 +3,14 @@
 #include "pane/vxpropertyhints.h"
 #include "pane/vxpropertykeys.h"
 #include "pane/vxpropertylistrows.h"
+#include "pane/vxpropertyrow.h"
 #include "pane/vxpropertyvalue.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <vector>
+#include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
@@ -24,6 +26,16 @@ struct Unref
     void operator()(VxPropertyListNode *node) const { node->unref(); }
 };
 using ListNode = std::unique_ptr<VxPropertyListNode, Unref>;
+
+/// Where a property is: its row and its place in it, and the same for the group's heading, which
+/// there may be none of.
+struct Place
+{
+    int row = -1;
+    int index = 0;
+    int heading = -1;
+    int headingIndex = 0;
+};
 
 VxTime now()
 {
@@ -49,16 +61,23 @@ public:
     void disconnectAll();
     void refresh(int first, int last, int firstColumn);
     void refreshProperty(const VxProperty *property);
+    void loseProperty(const VxProperty *property);
+    void loseNode(VxNode *node);
+    void findPlaces();
     /// The properties of a row that is no heading; the first decides what is shown.
     QVector<VxProperty *> propertiesAt(const QModelIndex &index) const;
     QVariant headingData(int row, int role) const;
+    QVariant labelData(const VxPropertyListNode *row, int role) const;
+    QVariant valueData(const VxPropertyListNode *row, int role) const;
+    QVariant keyData(const VxPropertyListNode *row, int role) const;
 
     VxPropertyListItemModel *q;
     QVector<QPointer<VxNode>> nodes;
     QVector<VxPropertyListRow> rows;
     std::vector<ListNode> listNodes; // one a row
-    QHash<const VxProperty *, int> rowOf;
+    QHash<const VxProperty *, Place> places;
     QVector<QMetaObject::Connection> connections;
+    bool lost = false;  // whether a listed property has gone since the rows were made
     QTimer updateTimer; // several properties may come, go or change in one turn of the event loop
 };
 
@@ -67,7 +86,8 @@ public:
 void VxPropertyListItemModel::Private::update()
 {
     updateTimer.stop();
-    if (vxPropertyListRows(q->getNodes()) != rows) {
+    // Addresses tell nothing once a property is gone: the next one may have the same.
+    if (lost || vxPropertyListRows(q->getNodes()) != rows) {
         rebuild();
         return;
     }
@@ -82,18 +102,31 @@ void VxPropertyListItemModel::Private::rebuild()
     q->beginResetModel();
     disconnectAll();
     listNodes.clear();
-    rowOf.clear();
+    lost = false;
     rows = vxPropertyListRows(q->getNodes());
-    for (int row = 0; row < rows.size(); ++row) {
-        const VxPropertyListRow &each = rows.at(row);
-        listNodes.emplace_back(new VxPropertyListNode(each.properties, each.heading));
-        for (const VxProperty *property : each.properties) {
-            if (each.heading.isEmpty())
-                rowOf.insert(property, row);
-        }
-    }
+    for (const VxPropertyListRow &row : qAsConst(rows))
+        listNodes.emplace_back(new VxPropertyListNode(row.properties, row.heading));
+    findPlaces();
     watch();
     q->endResetModel();
+}
+
+void VxPropertyListItemModel::Private::findPlaces()
+{
+    places.clear();
+    int heading = -1, headingIndex = 0;
+    for (int row = 0; row < rows.size(); ++row) {
+        const VxPropertyListRow &each = rows.at(row);
+        if (!each.heading.isEmpty()) {
+            heading = row;
+            headingIndex = 0;
+            continue;
+        }
+        const bool headed = heading >= 0 && rows.at(heading).path == each.path;
+        for (int i = 0; i < each.properties.size(); ++i)
+            places.insert(each.properties.at(i),
+                          {row, i, headed ? heading : -1, headed ? headingIndex++ : 0});
+    }
 }
 
 void VxPropertyListItemModel::Private::watch()
@@ -117,8 +150,8 @@ void VxPropertyListItemModel::Private::watchNode(VxNode *node)
 void VxPropertyListItemModel::Private::watchElement(VxElement *element)
 {
     connections << connect(element, &VxElement::propertyAdded, q, [this] { updateTimer.start(); });
-    // The property goes at once: a row must not outlive it.
-    connections << connect(element, &VxElement::propertyRemoved, q, [this] { rebuild(); });
+    connections << connect(element, &VxElement::propertyRemoved, q,
+                           [this](const VxProperty *property) { loseProperty(property); });
     for (int i = 0; i < element->getNumProperties(); ++i)
         watchProperty(element->getProperty(i));
 }
@@ -127,7 +160,7 @@ void VxPropertyListItemModel::Private::watchProperty(VxProperty *property)
 {
     connections << connect(property, &VxProperty::traitsChanged, q,
                            [this] { updateTimer.start(); });
-    if (rowOf.contains(property))
+    if (places.contains(property))
         connections << connect(property, &VxProperty::valueChanged, q,
                                [this, property] { refreshProperty(property); });
 }
@@ -147,8 +180,42 @@ void VxPropertyListItemModel::Private::refresh(int first, int last, int firstCol
 
 void VxPropertyListItemModel::Private::refreshProperty(const VxProperty *property)
 {
-    const int row = rowOf.value(property, -1);
+    const int row = places.value(property).row;
     refresh(row, row, LabelColumn);
+}
+
+/** Its row goes without it until the rows are made anew: thousands may leave one by one. */
+void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
+{
+    updateTimer.start();
+    const auto found = places.constFind(property);
+    if (found == places.constEnd())
+        return;
+    const Place place = *found;
+    places.erase(found);
+    lost = true;
+    listNodes[size_t(place.row)]->forget(place.index);
+    if (place.heading >= 0)
+        listNodes[size_t(place.heading)]->forget(place.headingIndex);
+    refresh(place.row, place.row, LabelColumn);
+}
+
+void VxPropertyListItemModel::Private::loseNode(VxNode *node)
+{
+    const auto loseAllOf = [this](const VxElement *element) {
+        for (int i = 0; i < element->getNumProperties(); ++i)
+            loseProperty(element->getProperty(i));
+    };
+    node->disconnect(q);
+    nodes.removeAll(node);
+    loseAllOf(node);
+    if (const VxObject *object = node->getObject()) {
+        loseAllOf(object);
+        for (int i = 0; i < object->getNumSubElements(); ++i)
+            loseAllOf(object->getSubElement(i));
+    }
+    if (nodes.isEmpty())
+        rebuild();
 }
 
 QVector<VxProperty *> VxPropertyListItemModel::Private::propertiesAt(const QModelIndex &index) const
@@ -164,6 +231,51 @@ QVariant VxPropertyListItemModel::Private::headingData(int row, int role) const
     if (role == Qt::ToolTipRole)
         return rows.at(row).path;
     return role == KeyStateRole ? QVariant(NotKeyable) : QVariant();
+}
+
+QVariant VxPropertyListItemModel::Private::labelData(const VxPropertyListNode *row, int role) const
+{
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
+        return row->getLabel();
+    return role == Qt::ToolTipRole ? VxPropertyHints::propertyHint(row->getProperties())
+                                   : QVariant();
+}
+
+QVariant VxPropertyListItemModel::Private::valueData(const VxPropertyListNode *row, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return VxPropertyRow::isMixed(row, now())
+                   ? tr("Mixed")
+                   : VxPropertyValue::text(VxPropertyRow::leading(row), now());
+    case Qt::EditRole:
+        return VxPropertyRow::isMixed(row, now())
+                   ? QString()
+                   : VxPropertyValue::text(VxPropertyRow::leading(row), now());
+    case Qt::ToolTipRole: {
+        const QVector<VxProperty *> properties = row->getProperties();
+        const QString value = VxPropertyHints::valueHint(properties, now());
+        const QString hint = VxPropertyHints::propertyHint(properties);
+        return value.isEmpty() ? hint : hint + QLatin1Char('\n') + value;
+    }
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    case Qt::AccessibleTextRole:
+        return VxPropertyRow::spokenValue(row, now());
+    default:
+        return {};
+    }
+}
+
+QVariant VxPropertyListItemModel::Private::keyData(const VxPropertyListNode *row, int role) const
+{
+    if (role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)
+        return {};
+    const KeyState state = VxPropertyRow::keyState(row, now());
+    if (role == Qt::AccessibleTextRole)
+        return VxPropertyRow::spokenKeyState(state);
+    return VxPropertyHints::keyHint(state,
+                                    VxPropertyValue::isEditable(VxPropertyRow::leading(row)));
 }
 
 VxPropertyListItemModel::VxPropertyListItemModel(QObject *parent)
@@ -210,11 +322,7 @@ void VxPropertyListItemModel::setNodes(const QVector<VxNode *> &nodes)
     d->nodes.clear();
     for (VxNode *node : nodes) {
         d->nodes.append(node);
-        connect(node, &VxElement::aboutToBeRemoved, this, [this, node] {
-            QVector<VxNode *> rest = getNodes();
-            rest.removeOne(node);
-            setNodes(rest);
-        });
+        connect(node, &VxElement::aboutToBeRemoved, this, [this, node] { d->loseNode(node); });
     }
     d->rebuild();
 }
@@ -227,8 +335,8 @@ VxPropertyListNode *VxPropertyListItemModel::getPropertyListNode(const QModelInd
 
 QModelIndex VxPropertyListItemModel::findProperty(const VxProperty *property) const
 {
-    const auto found = d->rowOf.constFind(property);
-    return found != d->rowOf.constEnd() ? index(*found, LabelColumn) : QModelIndex();
+    const auto found = d->places.constFind(property);
+    return found != d->places.constEnd() ? index(found->row, LabelColumn) : QModelIndex();
 }
 
 bool VxPropertyListItemModel::isHeading(const QModelIndex &index) const
@@ -256,23 +364,21 @@ QVariant VxPropertyListItemModel::data(const QModelIndex &index, int role) const
 {
     if (isHeading(index))
         return d->headingData(index.row(), role);
-    const QVector<VxProperty *> properties = d->propertiesAt(index);
-    if (properties.isEmpty())
+    const VxPropertyListNode *row = getPropertyListNode(index);
+    if (!VxPropertyRow::leading(row))
         return {};
-    const VxProperty *property = properties.first();
-    const bool isKey = index.column() == KeyColumn;
     if (role == KeyStateRole)
-        return VxPropertyKeys::state(properties, now());
-    if (role == Qt::ToolTipRole)
-        return isKey ? VxPropertyHints::keyHint(VxPropertyKeys::state(properties, now()),
-                                                VxPropertyValue::isEditable(property))
-                     : VxPropertyHints::propertyHint(properties);
-    if (role == Qt::TextAlignmentRole && index.column() == ValueColumn)
-        return int(Qt::AlignRight | Qt::AlignVCenter);
-    if (isKey || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return {};
-    return index.column() == LabelColumn ? property->getLabel()
-                                         : VxPropertyValue::text(property, now());
+        return VxPropertyRow::keyState(row, now());
+    if (role == MixedRole)
+        return VxPropertyRow::isMixed(row, now());
+    switch (index.column()) {
+    case LabelColumn:
+        return d->labelData(row, role);
+    case ValueColumn:
+        return d->valueData(row, role);
+    default:
+        return d->keyData(row, role);
+    }
 }
 
 bool VxPropertyListItemModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -282,8 +388,12 @@ bool VxPropertyListItemModel::setData(const QModelIndex &index, const QVariant &
         return false;
     VxUndoStackHold hold;
     bool accepted = true;
-    for (VxProperty *property : properties)
-        accepted &= VxPropertyValue::setText(property, now(), value.toString());
+    {
+        const VxChangeBlock block;
+        for (VxProperty *property : properties)
+            accepted &= VxPropertyValue::setText(property, now(), value.toString()) <=
+                        VxPropertyValue::Limited;
+    }
     hold.accept(tr("Set %1").arg(properties.first()->getLabel()));
     return accepted;
 }
@@ -301,10 +411,9 @@ Qt::ItemFlags VxPropertyListItemModel::flags(const QModelIndex &index) const
     const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     if (isHeading(index))
         return flags;
-    const QVector<VxProperty *> properties = d->propertiesAt(index);
-    if (properties.isEmpty())
+    const VxProperty *property = VxPropertyRow::leading(getPropertyListNode(index));
+    if (!property)
         return Qt::NoItemFlags;
-    const bool editable =
-        index.column() == ValueColumn && VxPropertyValue::isEditable(properties.first());
+    const bool editable = index.column() == ValueColumn && VxPropertyValue::isEditable(property);
     return editable ? flags | Qt::ItemIsEditable : flags;
 }

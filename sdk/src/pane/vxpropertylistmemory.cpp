@@ -27,21 +27,31 @@ void VxPropertyListMemory::remember(const VxSideNavPropertyListView *view)
     m_hasCurrent = selection->currentIndex().isValid();
     if (m_hasCurrent)
         m_current = nameOf(view, selection->currentIndex().row());
-    m_scroll = view->verticalScrollBar()->value();
+    const int scroll = view->verticalScrollBar()->value();
+    // A short list in between does not lose the place in a long one.
+    if (scroll != m_shown)
+        m_scroll = scroll;
 }
 
-void VxPropertyListMemory::restore(VxSideNavPropertyListView *view) const
+void VxPropertyListMemory::restore(VxSideNavPropertyListView *view)
 {
     const VxPropertyListItemModel *model = view->getPropertyListModel();
     QItemSelection selection;
     QModelIndex current;
-    for (int row = 0; row < model->rowCount(); ++row) {
-        const RowName name = nameOf(view, row);
-        const QModelIndex index = model->index(row, 0);
-        if (m_selected.contains(name))
-            selection.select(index, index.sibling(row, model->columnCount() - 1));
-        if (m_hasCurrent && name == m_current)
-            current = index;
+    int first = -1; // of rows in a row: what asks a selection for each row goes through its ranges
+    for (int row = 0; row <= model->rowCount(); ++row) {
+        const bool listed = row < model->rowCount();
+        const RowName name = listed ? nameOf(view, row) : RowName();
+        const bool selected = listed && m_selected.contains(name);
+        if (selected && first < 0)
+            first = row;
+        if (!selected && first >= 0) {
+            selection.select(model->index(first, 0),
+                             model->index(row - 1, model->columnCount() - 1));
+            first = -1;
+        }
+        if (listed && m_hasCurrent && name == m_current)
+            current = model->index(row, 0);
     }
     QItemSelectionModel *target = view->selectionModel();
     if (current.isValid())
@@ -50,4 +60,5 @@ void VxPropertyListMemory::restore(VxSideNavPropertyListView *view) const
         target->select(selection, QItemSelectionModel::Select);
     view->doItemsLayout();
     view->verticalScrollBar()->setValue(m_scroll);
+    m_shown = view->verticalScrollBar()->value();
 }

@@ -15,7 +15,7 @@ public:
     /// Takes note of selection, current row and scroll position.
     void remember(const VxSideNavPropertyListView *view);
     /// Selects what is there of it, in one change of the selection.
-    void restore(VxSideNavPropertyListView *view) const;
+    void restore(VxSideNavPropertyListView *view);
 
 private:
     /// Group path and property name; no name for a heading.
@@ -25,7 +25,8 @@ private:
     QSet<RowName> m_selected;
     RowName m_current;
     bool m_hasCurrent = false;
-    int m_scroll = 0;
+    int m_scroll = 0; // that was wanted
+    int m_shown = 0;  // what of it the list was long enough for
 };
 
 #endif

@@ -26,14 +26,20 @@ VxProperty *VxPropertyListNode::getProperty(int index) const
     return index >= 0 && index < m_properties.size() ? m_properties.at(index).data() : nullptr;
 }
 
+void VxPropertyListNode::forget(int index)
+{
+    m_properties[index] = nullptr;
+}
+
 QVector<VxProperty *> VxPropertyListNode::getProperties() const
 {
-    QVector<VxProperty *> living;
-    for (const QPointer<VxProperty> &property : m_properties) {
-        if (property)
-            living.append(property);
+    QVector<VxProperty *> present;
+    present.reserve(m_properties.size());
+    for (int i = 0; i < m_properties.size(); ++i) {
+        if (VxProperty *property = getProperty(i))
+            present.append(property);
     }
-    return living;
+    return present;
 }
 
 QString VxPropertyListNode::getLabel() const

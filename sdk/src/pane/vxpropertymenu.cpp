@@ -1,15 +1,14 @@
 #include "pane/vxpropertymenu.h"
 
+#include "pane/vxpropertyclipboard.h"
 #include "pane/vxpropertykeys.h"
 #include "pane/vxpropertyvalue.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <algorithm>
-#include <vxcore/vxchangeblock.h>
-#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxproperty.h>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -18,28 +17,17 @@ VxTime now()
     return vxScene ? vxScene->getTime() : 0;
 }
 
-void pasteValue(const QVector<VxProperty *> &properties, const QString &text)
-{
-    VxUndoStackHold hold;
-    {
-        const VxChangeBlock block;
-        for (VxProperty *property : properties) {
-            if (VxPropertyValue::isEditable(property))
-                VxPropertyValue::setText(property, now(), text);
-        }
-    }
-    hold.accept(VxPropertyMenu::tr("Paste Value"));
-}
-
 } // namespace
 
-VxPropertyMenu::VxPropertyMenu(const QVector<VxProperty *> &properties, QWidget *parent)
+VxPropertyMenu::VxPropertyMenu(const QVector<QVector<VxProperty *>> &rows, QWidget *parent)
     : QMenu(parent)
-    , m_properties(properties)
+    , m_rows(rows)
 {
+    for (const QVector<VxProperty *> &row : rows)
+        m_properties += row;
     setObjectName(QStringLiteral("PropertyMenu"));
     const bool editable =
-        std::any_of(properties.begin(), properties.end(), VxPropertyValue::isEditable);
+        std::any_of(m_properties.begin(), m_properties.end(), VxPropertyValue::isEditable);
     addKeyCommands(editable);
     addSeparator();
     addSkips();
@@ -50,13 +38,14 @@ VxPropertyMenu::VxPropertyMenu(const QVector<VxProperty *> &properties, QWidget 
 void VxPropertyMenu::addKeyCommands(bool editable)
 {
     const VxPropertyListItemModel::KeyState state = VxPropertyKeys::state(m_properties, now());
-    const bool keyed =
-        state == VxPropertyListItemModel::Keyed || state == VxPropertyListItemModel::OnKey;
+    const bool keyable = state != VxPropertyListItemModel::NotKeyable;
+    const bool keyed = std::any_of(m_properties.begin(), m_properties.end(),
+                                   [](const VxProperty *p) { return p->getNumKeys() > 0; });
     const bool keyHere = std::any_of(m_properties.begin(), m_properties.end(),
                                      [](const VxProperty *p) { return p->hasKey(now()); });
-    addAction(tr("Set Key"), this, [this] { VxPropertyKeys::setKeys(m_properties, now()); })
-        ->setEnabled(editable && (state == VxPropertyListItemModel::NoKeys ||
-                                  state == VxPropertyListItemModel::Keyed));
+    addAction(tr("Set Key"), this, [this] {
+        VxPropertyKeys::setKeys(m_properties, now());
+    })->setEnabled(editable && keyable && state != VxPropertyListItemModel::OnKey);
     addAction(tr("Delete Key"), this, [this] {
         VxPropertyKeys::deleteKeys(m_properties, now());
     })->setEnabled(editable && keyHere);
@@ -86,14 +75,20 @@ void VxPropertyMenu::addSkip(const QString &text, bool after)
 
 void VxPropertyMenu::addValueCommands(bool editable)
 {
-    VxProperty *first = m_properties.value(0);
-    addAction(tr("Copy Value"), this, [first] {
-        QGuiApplication::clipboard()->setText(VxPropertyValue::text(first, now()));
-    })->setEnabled(first != nullptr);
+    QAction *copy = addAction(tr("Copy Value"), this, [this] {
+        QGuiApplication::clipboard()->setText(VxPropertyClipboard::text(m_rows, now()));
+    });
+    copy->setShortcut(QKeySequence::Copy);
     const QString text = QGuiApplication::clipboard()->text();
-    addAction(tr("Paste Value"), this, [this, text] {
-        pasteValue(m_properties, text);
-    })->setEnabled(editable && !text.isEmpty());
+    QAction *paste = addAction(tr("Paste Value"), this, [this, text] {
+        const QString trouble = VxPropertyClipboard::paste(m_rows, now(), text);
+        if (!trouble.isEmpty())
+            Q_EMIT noticed(trouble);
+    });
+    paste->setShortcut(QKeySequence::Paste);
+    paste->setEnabled(editable && !text.isEmpty());
+    for (QAction *shown : {copy, paste})
+        shown->setShortcutContext(Qt::WidgetShortcut); // the list takes the keys; told here
     addAction(tr("Reset to Default"), this, [this] {
         VxPropertyKeys::reset(m_properties, now());
     })->setEnabled(editable);

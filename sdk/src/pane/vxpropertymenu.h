@@ -6,13 +6,17 @@
 
 class VxProperty;
 
-/// The context menu of a property list: commands on the keys and values of some properties. What
-/// makes no sense for them at the scene's time is disabled.
+/// The context menu of a property list: commands on the keys and values of some rows, each of which
+/// stands for some properties. What makes no sense for them at the scene's time is disabled.
 class VxPropertyMenu : public QMenu
 {
     Q_OBJECT
 public:
-    explicit VxPropertyMenu(const QVector<VxProperty *> &properties, QWidget *parent = nullptr);
+    explicit VxPropertyMenu(const QVector<QVector<VxProperty *>> &rows, QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    /// Something could not be done as it was meant, in words.
+    void noticed(const QString &text);
 
 private:
     void addKeyCommands(bool editable);
@@ -20,7 +24,8 @@ private:
     void addSkip(const QString &text, bool after);
     void addValueCommands(bool editable);
 
-    QVector<VxProperty *> m_properties;
+    QVector<QVector<VxProperty *>> m_rows;
+    QVector<VxProperty *> m_properties; // of all rows
 };
 
 #endif

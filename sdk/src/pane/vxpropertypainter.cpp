@@ -18,6 +18,7 @@ constexpr qreal MarkReach = 4.5; // half a key mark's diagonal
 constexpr QSize Padlock(9, 10);
 
 constexpr qreal FrameStrength = 0.3; // of a field's frame, between its ground and the text
+constexpr qreal WordStrength = 0.7;  // of a word that stands for a value, likewise
 constexpr int SwitchSide = 13;
 
 QColor mix(const QColor &a, const QColor &b, qreal share)
@@ -107,6 +108,15 @@ QPainterPath diamond(const QPointF &middle, qreal reach)
     return path;
 }
 
+QPainterPath leftHalf(const QPointF &middle, qreal reach)
+{
+    QPainterPath path(middle - QPointF(0, reach));
+    path.lineTo(middle + QPointF(0, reach));
+    path.lineTo(middle - QPointF(reach, 0));
+    path.closeSubpath();
+    return path;
+}
+
 } // namespace
 
 QRect VxPropertyPainter::arrowRect(const QRect &row)
@@ -166,7 +176,7 @@ void VxPropertyPainter::paintLabel(QPainter *painter, const QStyleOptionViewItem
 }
 
 void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem &option,
-                                   const VxProperty *property, const QString &text)
+                                   const VxProperty *property, const QString &text, bool word)
 {
     painter->save();
     const bool enabled = VxPropertyValue::isEditable(property);
@@ -188,27 +198,34 @@ void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem
         room.setLeft(place.right() + Margin);
     }
     painter->setPen(color);
+    if (word) {
+        QFont font = option.font;
+        font.setItalic(true);
+        painter->setFont(font);
+        painter->setPen(mix(option.palette.color(QPalette::Base), color, WordStrength));
+    }
     const bool number = qobject_cast<const VxNumericProperty *>(property) != nullptr;
     drawText(painter, room, text, number ? Qt::AlignRight : Qt::AlignLeft);
     painter->restore();
 }
 
-void VxPropertyPainter::paintSwitch(QPainter *painter, const QStyleOptionViewItem &option, bool on,
-                                    bool enabled)
+void VxPropertyPainter::paintSwitch(QPainter *painter, const QStyleOptionViewItem &option,
+                                    Switch state, bool enabled)
 {
     painter->save();
     const QRect field = fieldRect(option.rect);
     const QRect box(field.right() - SwitchSide - Margin + 1, field.center().y() - SwitchSide / 2,
                     SwitchSide, SwitchSide);
     drawField(painter, option, box, enabled);
-    if (on) {
-        QStyleOptionViewItem plain = option;
-        plain.state &= ~QStyle::State_Selected;
-        const QPolygonF check({QPointF(3, 6.5), QPointF(5.5, 9.5), QPointF(10, 3.5)});
-        painter->setPen(
-            QPen(textColor(plain, enabled), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter->drawPolyline(check.translated(box.topLeft()));
-    }
+    QPolygonF mark;
+    if (state == Switch::On)
+        mark << QPointF(3, 6.5) << QPointF(5.5, 9.5) << QPointF(10, 3.5);
+    else if (state == Switch::Mixed)
+        mark << QPointF(3.5, 6.5) << QPointF(9.5, 6.5);
+    QStyleOptionViewItem plain = option;
+    plain.state &= ~QStyle::State_Selected;
+    painter->setPen(QPen(textColor(plain, enabled), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(mark.translated(box.topLeft()));
     painter->restore();
 }
 
@@ -228,8 +245,10 @@ void VxPropertyPainter::paintKeyMark(QPainter *painter, const QStyleOptionViewIt
         const bool hovered = enabled && option.state & QStyle::State_MouseOver;
         painter->setPen(Qt::NoPen);
         painter->setBrush(plain);
-        painter->drawEllipse(middle, hovered ? 2.5 : 1.5, hovered ? 2.5 : 1.5);
-    } else if (state == VxPropertyListItemModel::Keyed) {
+        painter->drawEllipse(middle, hovered ? 2.5 : 1.75, hovered ? 2.5 : 1.75);
+    } else if (state != VxPropertyListItemModel::OnKey) {
+        if (state == VxPropertyListItemModel::MixedKeys)
+            painter->fillPath(leftHalf(middle, MarkReach), plain);
         painter->setPen(QPen(plain, 1.2));
         painter->drawPath(diamond(middle, MarkReach));
     } else {

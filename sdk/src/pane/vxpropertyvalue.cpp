@@ -1,7 +1,9 @@
 #include "pane/vxpropertyvalue.h"
 
+#include "pane/vxpropertyinput.h"
+
 #include <QtCore/QCoreApplication>
-#include <QtCore/QLocale>
+#include <charconv>
 #include <cmath>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
@@ -11,6 +13,8 @@
 namespace {
 
 constexpr int ShownDecimals = 4;
+constexpr int FloatDigits = 9; // tell any two floats apart
+constexpr double ManyDigits = 1e12;
 /// Limits are narrow when fewer steps than this lie between them.
 constexpr double FewSteps = 20;
 
@@ -24,23 +28,45 @@ QString off()
     return QCoreApplication::translate("VxPropertyValue", "Off");
 }
 
-bool setSwitch(VxBoolProperty *property, VxTime time, const QString &text)
+VxPropertyValue::Result setSwitch(VxBoolProperty *property, VxTime time, const QString &text)
 {
     const bool yes = text.compare(on(), Qt::CaseInsensitive) == 0 || text == QLatin1String("1");
     const bool no = text.compare(off(), Qt::CaseInsensitive) == 0 || text == QLatin1String("0");
-    return (yes || no) && property->setValue(time, yes ? 1 : 0);
+    if (!yes && !no)
+        return VxPropertyValue::Unreadable;
+    return property->setValue(time, yes ? 1 : 0) ? VxPropertyValue::Set : VxPropertyValue::Refused;
+}
+
+/// The shortest decimal number that is read as the same float.
+double shortest(float value)
+{
+    char text[32];
+    const auto written = std::to_chars(text, text + sizeof text, value);
+    double result = double(value);
+    std::from_chars(text, written.ptr, result);
+    return result;
+}
+
+QString withSign(const VxNumericProperty *number, const QString &digits)
+{
+    return number->isPercentage() ? digits + QLatin1Char('%') : digits;
 }
 
 } // namespace
 
 QString VxPropertyValue::numberText(double value, int decimals)
 {
+    if (std::abs(value) >= ManyDigits)
+        return QString::number(value, 'g', FloatDigits - 1);
     QString text = QString::number(value, 'f', decimals);
     while (text.contains(QLatin1Char('.')) && text.endsWith(QLatin1Char('0')))
         text.chop(1);
     if (text.endsWith(QLatin1Char('.')))
         text.chop(1);
-    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+    const bool zero = text == QLatin1String("0") || text == QLatin1String("-0");
+    if (zero && value != 0)
+        return QString::number(value, 'g', 2);
+    return zero ? QStringLiteral("0") : text;
 }
 
 QString VxPropertyValue::text(const VxProperty *property, VxTime time)
@@ -50,27 +76,33 @@ QString VxPropertyValue::text(const VxProperty *property, VxTime time)
     if (const auto *flag = qobject_cast<const VxBoolProperty *>(property))
         return flag->getBoolValue(time) ? on() : off();
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
-    if (!number)
-        return {};
-    const QString digits = numberText(shownValue(number, time), ShownDecimals);
-    return number->isPercentage() ? digits + QLatin1Char('%') : digits;
+    return number ? withSign(number, numberText(shownValue(number, time), ShownDecimals))
+                  : QString();
 }
 
-bool VxPropertyValue::setText(VxProperty *property, VxTime time, const QString &text)
+QString VxPropertyValue::fullText(const VxProperty *property, VxTime time)
+{
+    const auto *number = qobject_cast<const VxFloatProperty *>(property);
+    if (!number)
+        return text(property, time);
+    const double value = shownValue(number, time) + 0.0; // no negative zero
+    return withSign(number, QString::number(value, 'g', FloatDigits));
+}
+
+VxPropertyValue::Result VxPropertyValue::setText(VxProperty *property, VxTime time,
+                                                 const QString &text)
 {
     if (auto *string = qobject_cast<VxStringProperty *>(property))
-        return string->setValue(text);
-    QString digits = text.trimmed();
+        return string->setValue(text) ? Set : Refused;
     if (auto *flag = qobject_cast<VxBoolProperty *>(property))
-        return setSwitch(flag, time, digits);
+        return setSwitch(flag, time, text.trimmed());
     auto *number = qobject_cast<VxNumericProperty *>(property);
-    if (!number)
-        return false;
-    if (number->isPercentage() && digits.endsWith(QLatin1Char('%')))
-        digits.chop(1);
-    bool valid = false;
-    const double value = QLocale::c().toDouble(digits.trimmed(), &valid);
-    return valid && setShownValue(number, time, value);
+    const VxPropertyInput input = VxPropertyInput::read(text);
+    const bool readable =
+        input.kind != VxPropertyInput::Empty && input.kind != VxPropertyInput::Unreadable;
+    if (!number || !readable || (text.contains(QLatin1Char('%')) && !number->isPercentage()))
+        return Unreadable;
+    return setShownValue(number, time, input.appliedTo(shownValue(number, time)));
 }
 
 bool VxPropertyValue::isEditable(const VxProperty *property)
@@ -114,19 +146,36 @@ double VxPropertyValue::step(const VxNumericProperty *property)
 
 double VxPropertyValue::shownValue(const VxNumericProperty *property, VxTime time)
 {
-    return property->getDoubleValue(time) * scale(property);
+    const double value = property->getDoubleValue(time);
+    const bool isFloat = qobject_cast<const VxFloatProperty *>(property) != nullptr;
+    return (isFloat ? shortest(float(value)) : value) * scale(property);
 }
 
-bool VxPropertyValue::setShownValue(VxNumericProperty *property, VxTime time, double value)
+bool VxPropertyValue::isSame(const VxProperty *one, const VxProperty *other, VxTime time)
 {
-    if (!std::isfinite(value))
-        return false;
-    const double limited = qBound(lowest(property), value, highest(property)) / scale(property);
-    if (!isEditable(property) || !property->setDoubleValue(time, limited))
-        return false;
+    const auto *number = qobject_cast<const VxNumericProperty *>(one);
+    const auto *another = qobject_cast<const VxNumericProperty *>(other);
+    if (number && another)
+        return number->getDoubleValue(time) == another->getDoubleValue(time);
+    return text(one, time) == text(other, time);
+}
+
+VxPropertyValue::Result VxPropertyValue::setShownValue(VxNumericProperty *property, VxTime time,
+                                                       double value)
+{
+    if (std::isnan(value) || !isEditable(property))
+        return Refused;
+    const double inside = qBound(lowest(property), value, highest(property));
+    const double limited = inside / scale(property);
+    if (!property->setDoubleValue(time, limited))
+        return Refused;
     const auto *holder = qobject_cast<const VxNumericProperty *>(property->getKeyHolder());
-    if (!holder || !holder->isLinkTerminal())
-        return true;
-    const double added = property->getDoubleValue(time) - limited;
-    return property->setDoubleValue(time, limited - added);
+    if (holder && holder->isLinkTerminal()) {
+        const double added = property->getDoubleValue(time) - limited;
+        if (!property->setDoubleValue(time, limited - added))
+            return Refused;
+    }
+    const bool whole = qobject_cast<const VxIntProperty *>(property) != nullptr;
+    const bool taken = inside == value && (!whole || limited == std::round(limited));
+    return taken ? Set : Limited;
 }

@@ -12,15 +12,25 @@ class VxProperty;
 /// shown, which is a hundredth for a percentage.
 namespace VxPropertyValue {
 
-/// The value at a time as an editor shows it: a percentage property times 100 with a percent
-/// sign, a switch as a word, other numbers with up to four decimals.
+enum Result {
+    Set,
+    Limited,    ///< the nearest value was set that the property takes
+    Unreadable, ///< the text is no value of the property's kind; nothing was set
+    Refused     ///< locked, or neither a key nor a value of its own to set
+};
+
+/// The value at a time as a list shows it: a percentage property times 100 with a percent sign, a
+/// switch as a word, other numbers with up to four decimals.
 VXCORE_EXPORT QString text(const VxProperty *property, VxTime time);
+/// The same with every digit that the number has.
+VXCORE_EXPORT QString fullText(const VxProperty *property, VxTime time);
 
-/// Reads a text of that form (the percent sign may be missing) and sets the value at a time.
-/// False when the text is no value of the property's kind, or the property refuses it.
-VXCORE_EXPORT bool setText(VxProperty *property, VxTime time, const QString &text);
+/// Reads a text of that form (the percent sign may be missing; numbers may be arithmetic) and sets
+/// the value at a time.
+VXCORE_EXPORT Result setText(VxProperty *property, VxTime time, const QString &text);
 
-/// A number with up to `decimals` decimals, without trailing zeros.
+/// A number with up to `decimals` decimals, without trailing zeros; in powers of ten where it would
+/// read as zero and is not, or has more digits than can be told apart.
 VXCORE_EXPORT QString numberText(double value, int decimals);
 
 /// False when the value can be changed by nobody at present: locked, by itself or where its keys
@@ -35,10 +45,12 @@ VXCORE_EXPORT double lowest(const VxNumericProperty *property);
 VXCORE_EXPORT double highest(const VxNumericProperty *property);
 VXCORE_EXPORT double step(const VxNumericProperty *property);
 
+/// A float property's value is the shortest number that means it: 0.1 and not 0.10000000149.
 VXCORE_EXPORT double shownValue(const VxNumericProperty *property, VxTime time);
+/// True when the value at a time of one property is that of another.
+VXCORE_EXPORT bool isSame(const VxProperty *one, const VxProperty *other, VxTime time);
 /// Makes a value the one that is shown, within the limits. What a link adds is taken off first.
-/// False when the property refuses.
-VXCORE_EXPORT bool setShownValue(VxNumericProperty *property, VxTime time, double value);
+VXCORE_EXPORT Result setShownValue(VxNumericProperty *property, VxTime time, double value);
 
 } // namespace VxPropertyValue
 

@@ -1,18 +1,20 @@
 #include <vxcore/vxsidenavpropertylistview.h>
 
+#include "pane/vxpropertyclipboard.h"
 #include "pane/vxpropertydelegate.h"
-#include "pane/vxpropertyedit.h"
+#include "pane/vxpropertydrag.h"
 #include "pane/vxpropertykeys.h"
 #include "pane/vxpropertylistmemory.h"
 #include "pane/vxpropertymenu.h"
 #include "pane/vxpropertypainter.h"
-#include "pane/vxpropertyscrub.h"
 
 #include <QtCore/QSet>
+#include <QtGui/QClipboard>
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
 #include <algorithm>
+#include <vector>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxpropertylistnode.h>
@@ -20,8 +22,12 @@
 
 namespace {
 
-constexpr int ValueWidth = 92;
 constexpr int KeyWidth = 22;
+// Of the values' column, while nobody has chosen another one.
+constexpr qreal ValueShare = 0.38;
+constexpr int NarrowestValue = 64;
+constexpr int WidestValue = 160;
+constexpr qreal LargestShare = 0.6; // of a column that was chosen in a wider list
 
 VxTime now()
 {
@@ -38,30 +44,43 @@ public:
     {
     }
 
-    QVector<VxProperty *> propertiesOf(const QModelIndex &index) const;
-    QVector<VxProperty *> targetsOf(const QModelIndex &index) const;
+    using Properties = QVector<VxProperty *>;
+
+    Properties propertiesOf(const QModelIndex &index) const;
+    std::vector<bool> chosenRows(const QModelIndex &index) const;
+    QVector<Properties> rowsOf(const QModelIndex &index) const;
+    Properties targetsOf(const QModelIndex &index) const;
     bool isNumber(const QModelIndex &index) const;
     bool isSwitch(const QModelIndex &index) const;
     bool isEditable(const QModelIndex &index) const;
     QModelIndex valueBeside(const QModelIndex &index, int direction) const;
     QRect rowRect(const QModelIndex &index) const;
 
+    void showHeadings();
     void showRows();
-    void forgetGesture();
+    void fitColumns();
+    void endGesture();
     bool pressCell(const QModelIndex &index, const QPoint &place);
     void dragTo(const QMouseEvent *event);
+    void pressLate();
     void activate(const QModelIndex &value);
+    void flip(const QModelIndex &value);
     bool typeInto(const QModelIndex &value, QKeyEvent *event);
     bool openOrClose(const QModelIndex &index, int key);
+    bool takeText(const QKeyEvent *event);
     void showCursor(const QPoint &place);
 
     VxSideNavPropertyListView *q;
     QSet<QString> collapsed;
     VxPropertyListMemory memory;
+    int valueWidth = 0; // as chosen
+    bool fitting = false;
+
     QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
     QPoint pressPlace;
-    std::unique_ptr<VxPropertyEdit> edit; // while a value is dragged
-    VxPropertyScrub scrub;
+    std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift, unless it becomes a drag
+    std::unique_ptr<VxPropertyDrag> drag;
+    bool spent = false; // the drag is over, but the button still held
 };
 
 QVector<VxProperty *>
@@ -72,22 +91,50 @@ VxSideNavPropertyListView::Private::propertiesOf(const QModelIndex &index) const
     return listNode ? listNode->getProperties() : QVector<VxProperty *>();
 }
 
-/** What a command on a row is about: all selected rows, when it is one of them. */
+/** Which rows a command on one is about: all selected ones when it is one of them. A heading stands
+ *  for the rows of its group. */
+std::vector<bool> VxSideNavPropertyListView::Private::chosenRows(const QModelIndex &index) const
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    std::vector<bool> chosen(size_t(model ? model->rowCount() : 0), false);
+    if (!model || !index.isValid())
+        return chosen;
+    chosen[size_t(index.row())] = true;
+    if (q->selectionModel()->isRowSelected(index.row(), QModelIndex())) {
+        const QItemSelection selection = q->selectionModel()->selection();
+        for (const QItemSelectionRange &range : selection)
+            std::fill(chosen.begin() + range.top(), chosen.begin() + range.bottom() + 1, true);
+    }
+    bool group = false;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        const bool own = chosen[size_t(row)];
+        const bool heading = model->isHeading(model->index(row, 0));
+        group = heading ? own : group;
+        chosen[size_t(row)] = !heading && (own || group);
+    }
+    return chosen;
+}
+
+QVector<QVector<VxProperty *>>
+VxSideNavPropertyListView::Private::rowsOf(const QModelIndex &index) const
+{
+    const std::vector<bool> chosen = chosenRows(index);
+    QVector<Properties> rows;
+    for (size_t row = 0; row < chosen.size(); ++row) {
+        const Properties properties =
+            chosen[row] ? propertiesOf(index.sibling(int(row), 0)) : Properties();
+        if (!properties.isEmpty())
+            rows.append(properties);
+    }
+    return rows;
+}
+
 QVector<VxProperty *> VxSideNavPropertyListView::Private::targetsOf(const QModelIndex &index) const
 {
-    if (!q->selectionModel() || !q->selectionModel()->isRowSelected(index.row(), QModelIndex()))
-        return propertiesOf(index);
-    QVector<VxProperty *> targets;
-    QSet<VxProperty *> known;
-    for (int row = 0; row < index.model()->rowCount(); ++row) {
-        if (!q->selectionModel()->isRowSelected(row, QModelIndex()))
-            continue;
-        for (VxProperty *property : propertiesOf(index.sibling(row, 0))) {
-            if (!known.contains(property))
-                targets.append(property);
-            known.insert(property);
-        }
-    }
+    Properties targets;
+    const QVector<Properties> rows = rowsOf(index);
+    for (const Properties &row : rows)
+        targets += row;
     return targets;
 }
 
@@ -127,21 +174,45 @@ QRect VxSideNavPropertyListView::Private::rowRect(const QModelIndex &index) cons
     return {0, cell.top(), q->viewport()->width(), cell.height()};
 }
 
+/** Once for new rows, and before any is hidden: each call lays out anew what is not. */
+void VxSideNavPropertyListView::Private::showHeadings()
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        if (model->isHeading(model->index(row, 0)))
+            q->setFirstColumnSpanned(row, QModelIndex(), true);
+    }
+}
+
 void VxSideNavPropertyListView::Private::showRows()
 {
     const VxPropertyListItemModel *model = q->getPropertyListModel();
     for (int row = 0; model && row < model->rowCount(); ++row) {
         const QModelIndex index = model->index(row, 0);
         const bool heading = model->isHeading(index);
-        q->setFirstColumnSpanned(row, QModelIndex(), heading);
         q->setRowHidden(row, QModelIndex(),
                         !heading && collapsed.contains(model->getGroupPath(index)));
     }
 }
 
-void VxSideNavPropertyListView::Private::forgetGesture()
+void VxSideNavPropertyListView::Private::fitColumns()
 {
-    edit.reset(); // with its undo entry
+    if (!q->getPropertyListModel())
+        return;
+    const int room = q->viewport()->width() - KeyWidth;
+    const int own = qBound(NarrowestValue, qRound(room * ValueShare), WidestValue);
+    const int chosen = qMin(valueWidth, qMax(NarrowestValue, qRound(room * LargestShare)));
+    fitting = true;
+    q->header()->resizeSection(VxPropertyListItemModel::ValueColumn, valueWidth > 0 ? chosen : own);
+    fitting = false;
+}
+
+/** With its undo entry; what follows until the button is released means nothing. */
+void VxSideNavPropertyListView::Private::endGesture()
+{
+    spent = spent || drag || selecting;
+    drag.reset();
+    selecting.reset();
     pressed = QModelIndex();
 }
 
@@ -171,25 +242,46 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
 
 void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
 {
-    if (!edit && isNumber(pressed) &&
+    if (!drag && isNumber(pressed) &&
         qAbs(event->x() - pressPlace.x()) >= QApplication::startDragDistance()) {
-        edit = std::make_unique<VxPropertyEdit>(propertiesOf(pressed), now());
-        scrub = VxPropertyScrub(event->x());
+        selecting.reset();
+        drag = std::make_unique<VxPropertyDrag>(propertiesOf(pressed), now(), event->globalPos());
     }
-    if (edit)
-        edit->offsetBy(scrub.moveTo(event->x(), event->modifiers()));
+    if (!drag)
+        return;
+    drag->moveTo(event->globalPos(), event->modifiers());
+    const QString refusal = drag->refusal();
+    if (!refusal.isEmpty())
+        Q_EMIT q->noticed(refusal);
+}
+
+/** The press with Ctrl or Shift was no drag, so it is one that selects. */
+void VxSideNavPropertyListView::Private::pressLate()
+{
+    const std::unique_ptr<QMouseEvent> press = std::move(selecting);
+    pressed = QModelIndex();
+    if (press)
+        q->QTreeView::mousePressEvent(press.get());
 }
 
 /** What a click on a value does. */
 void VxSideNavPropertyListView::Private::activate(const QModelIndex &value)
 {
-    if (isSwitch(value)) {
-        const auto *flag = qobject_cast<VxBoolProperty *>(propertiesOf(value).value(0));
-        q->model()->setData(value,
-                            flag->getBoolValue(now()) ? QStringLiteral("0") : QStringLiteral("1"));
-    } else if (isEditable(value)) {
+    if (isSwitch(value))
+        flip(value);
+    else if (isEditable(value))
         q->edit(value);
-    }
+}
+
+/** Switches that differ are switched on first. */
+void VxSideNavPropertyListView::Private::flip(const QModelIndex &value)
+{
+    const Properties properties = propertiesOf(value);
+    const auto *flag = qobject_cast<const VxBoolProperty *>(properties.value(0));
+    const bool mixed = value.data(VxPropertyListItemModel::MixedRole).toBool();
+    VxPropertyEdit edit(properties, now());
+    if (!edit.setValue(mixed || !flag->getBoolValue(now()) ? 1 : 0))
+        Q_EMIT q->noticed(edit.refusal());
 }
 
 /** Begins to type with the key's own text. */
@@ -197,7 +289,7 @@ bool VxSideNavPropertyListView::Private::typeInto(const QModelIndex &value, QKey
 {
     const QString text = event->text();
     const bool begins =
-        text.size() == 1 && (text.at(0).isDigit() || QStringLiteral("+-.,").contains(text));
+        text.size() == 1 && (text.at(0).isDigit() || QStringLiteral("+-.,*/(").contains(text));
     if (!begins || !isNumber(value) || event->modifiers() & Qt::ControlModifier)
         return false;
     q->edit(value);
@@ -209,9 +301,30 @@ bool VxSideNavPropertyListView::Private::typeInto(const QModelIndex &value, QKey
 bool VxSideNavPropertyListView::Private::openOrClose(const QModelIndex &index, int key)
 {
     const VxPropertyListItemModel *model = q->getPropertyListModel();
-    if (!model || !model->isHeading(index) || (key != Qt::Key_Left && key != Qt::Key_Right))
+    if (!model || !model->isHeading(index))
         return false;
-    q->setGroupCollapsed(model->getGroupPath(index), key == Qt::Key_Left);
+    const QString path = model->getGroupPath(index);
+    const bool toggles = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!toggles && key != Qt::Key_Left && key != Qt::Key_Right)
+        return false;
+    q->setGroupCollapsed(path, toggles ? !q->isGroupCollapsed(path) : key == Qt::Key_Left);
+    return true;
+}
+
+/** Copies or pastes, when that is what the key stands for. */
+bool VxSideNavPropertyListView::Private::takeText(const QKeyEvent *event)
+{
+    const bool copies = event->matches(QKeySequence::Copy);
+    if (!copies && !event->matches(QKeySequence::Paste))
+        return false;
+    const QVector<Properties> rows = rowsOf(q->currentIndex());
+    if (rows.isEmpty())
+        return true;
+    if (copies)
+        QGuiApplication::clipboard()->setText(VxPropertyClipboard::text(rows, now()));
+    else
+        Q_EMIT q->noticed(
+            VxPropertyClipboard::paste(rows, now(), QGuiApplication::clipboard()->text()));
     return true;
 }
 
@@ -238,7 +351,13 @@ VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMouseTracking(true);
-    setItemDelegate(new VxPropertyDelegate(this));
+    auto *delegate = new VxPropertyDelegate(this);
+    setItemDelegate(delegate);
+    connect(delegate, &VxPropertyDelegate::noticed, this, &VxSideNavPropertyListView::noticed);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
+        if (section == VxPropertyListItemModel::ValueColumn && !d->fitting)
+            d->valueWidth = width;
+    });
 }
 
 VxSideNavPropertyListView::~VxSideNavPropertyListView() = default;
@@ -259,18 +378,20 @@ void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
     header()->setSectionResizeMode(VxPropertyListItemModel::LabelColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(VxPropertyListItemModel::KeyColumn, QHeaderView::Fixed);
     header()->setMinimumSectionSize(KeyWidth);
-    header()->resizeSection(VxPropertyListItemModel::ValueColumn, ValueWidth);
     header()->resizeSection(VxPropertyListItemModel::KeyColumn, KeyWidth);
+    d->fitColumns();
     connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
-        d->forgetGesture();
+        d->endGesture();
         d->memory.remember(this);
         // Listeners hear that the former rows are no longer selected: a reset would not tell.
         clearSelection();
     });
     connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
+        d->showHeadings();
         d->showRows();
         d->memory.restore(this);
     });
+    d->showHeadings();
     d->showRows();
 }
 
@@ -303,18 +424,64 @@ void VxSideNavPropertyListView::setCollapsedGroups(const QStringList &paths)
     viewport()->update();
 }
 
+int VxSideNavPropertyListView::getValueWidth() const
+{
+    return d->valueWidth;
+}
+
+void VxSideNavPropertyListView::setValueWidth(int width)
+{
+    d->valueWidth = qMax(0, width);
+    d->fitColumns();
+}
+
+/** Keys that mean something here, whatever they mean elsewhere. */
+bool VxSideNavPropertyListView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool taken =
+            d->drag ? key->key() == Qt::Key_Escape
+                    : currentIndex().isValid() &&
+                          (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste));
+        if (taken && state() != EditingState) {
+            event->accept();
+            return true;
+        }
+    }
+    return QTreeView::event(event);
+}
+
+void VxSideNavPropertyListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    d->fitColumns();
+}
+
 void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
 {
-    d->forgetGesture();
-    const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (!plain || !d->pressCell(indexAt(event->pos()), event->pos()))
+    d->endGesture();
+    d->spent = false;
+    Q_EMIT noticed(QString());
+    const QModelIndex index = indexAt(event->pos());
+    const bool left = event->button() == Qt::LeftButton;
+    if (left && event->modifiers() == Qt::NoModifier) {
+        if (!d->pressCell(index, event->pos()))
+            QTreeView::mousePressEvent(event);
+    } else if (left && d->isNumber(index)) {
+        d->pressed = index;
+        d->pressPlace = event->pos();
+        d->selecting = std::make_unique<QMouseEvent>(*event);
+    } else {
         QTreeView::mousePressEvent(event);
+    }
 }
 
 void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (d->pressed.isValid() && event->buttons() & Qt::LeftButton) {
-        d->dragTo(event);
+    if (event->buttons() & Qt::LeftButton && (d->pressed.isValid() || d->spent)) {
+        if (d->pressed.isValid())
+            d->dragTo(event);
         return;
     }
     QTreeView::mouseMoveEvent(event);
@@ -323,8 +490,11 @@ void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
 
 void VxSideNavPropertyListView::mouseReleaseEvent(QMouseEvent *event)
 {
-    const QModelIndex clicked = d->edit ? QModelIndex() : QModelIndex(d->pressed);
-    d->forgetGesture();
+    if (event->button() == Qt::LeftButton && d->selecting)
+        d->pressLate();
+    const QModelIndex clicked = d->drag ? QModelIndex() : QModelIndex(d->pressed);
+    d->endGesture();
+    d->spent = d->spent && event->buttons() & Qt::LeftButton;
     QTreeView::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && clicked.isValid() &&
         visualRect(clicked).contains(event->pos()))
@@ -348,11 +518,12 @@ void VxSideNavPropertyListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
 {
-    const QModelIndex row = currentIndex();
-    const QModelIndex value = row.sibling(row.row(), VxPropertyListItemModel::ValueColumn);
-    if (event->key() == Qt::Key_Escape && d->edit) {
-        d->edit->putBack();
-        d->forgetGesture();
+    // While a value is dragged, no other key may begin something else with it.
+    if (d->drag) {
+        if (event->key() == Qt::Key_Escape) {
+            d->drag->putBack();
+            d->endGesture();
+        }
         return;
     }
     // What the open field leaves is not meant for the list.
@@ -360,36 +531,40 @@ void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
         QTreeView::keyPressEvent(event);
         return;
     }
+    const QModelIndex row = currentIndex();
+    const QModelIndex value = row.sibling(row.row(), VxPropertyListItemModel::ValueColumn);
     const bool begins = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
                         event->key() == Qt::Key_F2;
     if (begins && d->isEditable(value))
         d->activate(value);
-    else if (!d->typeInto(value, event) && !d->openOrClose(row, event->key()))
+    else if (!d->takeText(event) && !d->typeInto(value, event) &&
+             !d->openOrClose(row, event->key()))
         QTreeView::keyPressEvent(event);
 }
 
 void VxSideNavPropertyListView::focusOutEvent(QFocusEvent *event)
 {
     if (event->reason() == Qt::ActiveWindowFocusReason)
-        d->forgetGesture();
+        d->endGesture();
     QTreeView::focusOutEvent(event);
 }
 
 void VxSideNavPropertyListView::hideEvent(QHideEvent *event)
 {
-    d->forgetGesture();
+    d->endGesture();
     QTreeView::hideEvent(event);
 }
 
 void VxSideNavPropertyListView::contextMenuEvent(QContextMenuEvent *event)
 {
+    d->endGesture();
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
-    const QVector<VxProperty *> targets =
-        index.isValid() ? d->targetsOf(index) : QVector<VxProperty *>();
-    if (targets.isEmpty())
+    const auto rows = d->rowsOf(index);
+    if (rows.isEmpty())
         return;
-    auto *menu = new VxPropertyMenu(targets, this);
+    auto *menu = new VxPropertyMenu(rows, this);
+    connect(menu, &VxPropertyMenu::noticed, this, &VxSideNavPropertyListView::noticed);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
                       : event->globalPos());

@@ -1,0 +1,72 @@
+#include "pane/vxpropertyrow.h"
+
+#include "pane/vxpropertykeys.h"
+#include "pane/vxpropertyvalue.h"
+
+#include <QtCore/QCoreApplication>
+#include <vxcore/vxpropertylistnode.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxPropertyRow", text);
+}
+
+} // namespace
+
+const VxProperty *VxPropertyRow::leading(const VxPropertyListNode *row)
+{
+    for (int i = 0; row && !row->isHeading() && i < row->getNumProperties(); ++i) {
+        if (const VxProperty *property = row->getProperty(i))
+            return property;
+    }
+    return nullptr;
+}
+
+bool VxPropertyRow::isMixed(const VxPropertyListNode *row, VxTime time)
+{
+    const VxProperty *first = leading(row);
+    if (!first)
+        return false;
+    for (int i = 1; i < row->getNumProperties(); ++i) {
+        const VxProperty *other = row->getProperty(i);
+        if (other && other != first && !VxPropertyValue::isSame(first, other, time))
+            return true;
+    }
+    return false;
+}
+
+VxPropertyListItemModel::KeyState VxPropertyRow::keyState(const VxPropertyListNode *row,
+                                                          VxTime time)
+{
+    VxPropertyListItemModel::KeyState all = VxPropertyListItemModel::NotKeyable;
+    for (int i = 0; row && !row->isHeading() && i < row->getNumProperties(); ++i) {
+        all = VxPropertyKeys::together(all, VxPropertyKeys::state(row->getProperty(i), time));
+        if (all == VxPropertyListItemModel::MixedKeys)
+            break;
+    }
+    return all;
+}
+
+QString VxPropertyRow::spokenValue(const VxPropertyListNode *row, VxTime time)
+{
+    return isMixed(row, time) ? tr("Mixed values") : VxPropertyValue::text(leading(row), time);
+}
+
+QString VxPropertyRow::spokenKeyState(VxPropertyListItemModel::KeyState state)
+{
+    switch (state) {
+    case VxPropertyListItemModel::NoKeys:
+        return tr("No keys");
+    case VxPropertyListItemModel::Keyed:
+        return tr("Keyed");
+    case VxPropertyListItemModel::OnKey:
+        return tr("On a key");
+    case VxPropertyListItemModel::MixedKeys:
+        return tr("Mixed keys");
+    case VxPropertyListItemModel::NotKeyable:
+        break;
+    }
+    return {};
+}
