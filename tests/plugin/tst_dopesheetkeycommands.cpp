@@ -43,6 +43,8 @@ private Q_SLOTS:
     void pasteOfNothing();
     void pasteOntoARowMadeAnew();
     void copiesStayUntilTheNext();
+    void copiesOfBothRowsFindEither_data();
+    void copiesOfBothRowsFindEither();
 
     void deleteOnce();
     void deleteInAnAlias();
@@ -219,6 +221,32 @@ void TestDopeSheetKeyCommands::copiesStayUntilTheNext()
     view->pasteKeys();
     QCOMPARE(keyTimes(x()), Times({160, 1160, 4800, 5800}));
     QVERIFY(view->hasCopiedKeys());
+}
+
+// A property and its alias are two rows: what was copied from both can be pasted into either.
+void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither_data()
+{
+    QTest::addColumn<int>("types");
+    QTest::newRow("both") << allTypes;
+    QTest::newRow("the property alone") << (allTypes & ~DopeSheetPropertyTypes::Alias);
+    QTest::newRow("the alias alone") << (allTypes & ~DopeSheetPropertyTypes::Translation);
+}
+
+void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither()
+{
+    QFETCH(int, types);
+    select(x());
+    select(alias);
+    view->copyKeys();
+    view->setModel(nullptr);
+    model = std::make_unique<VxDopeSheetModel>(types, 2, nullptr);
+    model->addNode(hip, true);
+    view->setModel(model.get());
+    QCOMPARE(rowOfProperty(x()).isValid(), (types & DopeSheetPropertyTypes::Translation) != 0);
+    QCOMPARE(rowOfProperty(alias).isValid(), (types & DopeSheetPropertyTypes::Alias) != 0);
+    vxScene->setTime(4800);
+    view->pasteKeys();
+    QCOMPARE(keyTimes(x()), Times({1000, 2000, 4800, 5800}));
 }
 
 void TestDopeSheetKeyCommands::deleteOnce()

@@ -105,6 +105,7 @@ private Q_SLOTS:
     void hoverShowsOnThePart();
     void leavingPaintsAnew();
     void paintsInItsOrder();
+    void rangeOfOneMoment();
     void emptyAnimation();
     void repaintsOnlyItself();
     void followsTheScene();
@@ -508,6 +509,16 @@ void TestTimeRangeSlider::paintsInItsOrder()
     QVERIFY(hasText(220, 219 + width));
     QVERIFY(!hasText(220 + width, 378 - width));
     QVERIFY(hasText(379 - width, 378));
+}
+
+// A range without a length has handles all the same: it can be seen where it lies.
+void TestTimeRangeSlider::rangeOfOneMoment()
+{
+    vxScene->setPlayRange(VxTimeRange(2400, 2400));
+    const QVector<HandleNotes::Handle> drawn = handles();
+    QCOMPARE(drawn.size(), 2);
+    QCOMPARE(drawn.at(0).rect, QRect(301, 1, 18, 18));
+    QCOMPARE(drawn.at(1).rect, QRect(280, 1, 18, 18));
 }
 
 void TestTimeRangeSlider::emptyAnimation()

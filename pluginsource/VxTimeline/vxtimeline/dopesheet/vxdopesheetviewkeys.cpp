@@ -58,11 +58,14 @@ int VxDopeSheetView::numCopiedKeys() const
     return d->copied.keyCount();
 }
 
+// Row by row: a property and its alias are copied both, since only one of them may be listed when
+// the keys are pasted.
 void VxDopeSheetView::copyKeys()
 {
     d->copied.clear();
-    for (const SelectedKeys &keys : d->collectSelected())
-        d->copied.add(keys.rows.first()->path(), keys.property, keys.indexes);
+    d->visitSelected([this](const VxDopeSheetItem *item) {
+        d->copied.add(item->path(), item->property(), item->selectedKeyIndexes());
+    });
     Q_EMIT copyContextChanged(hasCopiedKeys());
 }
 

@@ -221,7 +221,7 @@ void VxTimeRangeSlider::paintEvent(QPaintEvent *event)
     const VxTimeRange range = vxScene->getPlayRange();
     const QRect stretch =
         TimeRangeMath::rangeRect(size(), range, vxScene->getAnimRange().getDuration());
-    if (stretch.isEmpty())
+    if (stretch.isNull())
         return;
     painter.fillRect(stretch, palette().button());
 
