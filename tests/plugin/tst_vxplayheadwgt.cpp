@@ -1,6 +1,8 @@
 #include <QtTest>
 
+#include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyleOption>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -11,6 +13,32 @@
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 
 #include <memory>
+
+namespace {
+
+// Notes what is drawn, and draws nothing.
+class DrawnPrimitives : public QProxyStyle
+{
+public:
+    struct Primitive
+    {
+        quint32 element;
+        int type;
+        QRect rect;
+        QColor ground; // of the option's palette
+    };
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *,
+                       const QWidget *) const override
+    {
+        drawn.append({quint32(element), option->type, option->rect,
+                      option->palette.color(QPalette::Window)});
+    }
+
+    mutable QVector<Primitive> drawn;
+};
+
+} // namespace
 
 class TestPlayhead : public QObject
 {
@@ -33,6 +61,7 @@ private Q_SLOTS:
     void clicksGoThrough();
     void clicksReachWhatLiesBeneath();
     void paintsThroughTheStyle();
+    void asksForOneMark();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -218,6 +247,8 @@ void TestPlayhead::clicksGoThrough()
     VxMouseDriver(&button).click(middle);
     QCOMPARE(clicks, 1);
     QCOMPARE(vxScene->getTime(), 0);
+    // Not by way of the marker: hovering and cursors are those of what lies beneath, too.
+    QVERIFY(!button.childAt(middle));
 }
 
 // A widget that leaves its mouse events alone only hands them up to its parent.
@@ -246,6 +277,24 @@ void TestPlayhead::paintsThroughTheStyle()
     QImage empty(image.size(), image.format());
     empty.fill(Qt::transparent);
     QVERIFY(image != empty);
+}
+
+void TestPlayhead::asksForOneMark()
+{
+    DrawnPrimitives style;
+    VxPlayheadWgt playhead;
+    playhead.setStyle(&style);
+    QPalette palette = playhead.palette();
+    palette.setColor(QPalette::Window, Qt::magenta);
+    playhead.setPalette(palette);
+    QImage image(playhead.size(), QImage::Format_ARGB32_Premultiplied);
+    playhead.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    QCOMPARE(style.drawn.size(), 1);
+    const DrawnPrimitives::Primitive &mark = style.drawn.first();
+    QCOMPARE(mark.element, quint32(0x0F0000AB));
+    QCOMPARE(mark.type, int(QStyleOption::SO_Default));
+    QCOMPARE(mark.rect, QRect(QPoint(), playhead.size()));
+    QCOMPARE(mark.ground, QColor(Qt::magenta));
 }
 
 QTEST_MAIN(TestPlayhead)

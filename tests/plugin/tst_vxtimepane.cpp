@@ -65,6 +65,7 @@ private Q_SLOTS:
     void transportItems();
     void buttonSizes();
     void stylesChange();
+    void scaleTakesTheStylesSizes();
     void interpolationIconFollowsThePalette();
     void tabOrder();
     void fieldsHaveNames();
@@ -511,6 +512,23 @@ void TestTimePane::stylesChange()
     const QImage light = button->icon().pixmap(16, 16).toImage();
     QVERIFY(!dark.isNull());
     QVERIFY(dark != light);
+}
+
+void TestTimePane::scaleTakesTheStylesSizes()
+{
+    showPane();
+    TimelineMetrics &metrics = TimelineMetrics::shared();
+    auto *playhead = find<QWidget>("TimelinePlayheadWgt");
+    const QPoint place = playhead->pos();
+    const QSize size = playhead->size();
+    metrics.frameWidth = 3;
+    metrics.keyMargin = 77;
+    playhead->move(0, 0);
+    Q_EMIT vxApp->styleChanged(vxApp->getStyle());
+    QCOMPARE(metrics.frameWidth, vxApp->getStyle()->metric(VxStyle::PM_VxTimelineFrameWidth));
+    QCOMPARE(metrics.keyMargin, vxApp->getStyle()->metric(VxStyle::PM_VxTimelineKeyMargin));
+    QCOMPARE(playhead->pos(), place);
+    QCOMPARE(playhead->size(), size);
 }
 
 void TestTimePane::interpolationIconFollowsThePalette()

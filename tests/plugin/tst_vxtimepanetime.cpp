@@ -63,6 +63,7 @@ private Q_SLOTS:
     void scaleFollowsRateAndRange();
     void scaleOfASceneThatWasThereFirst();
     void scaleFollowsTheNameColumn();
+    void playheadFollowsTheRangeControl();
     void narrowColumnKeepsTheScale();
     void sliderSetsThePlayRange();
     void setTimeHelper();
@@ -586,6 +587,23 @@ void TestTimePaneTime::scaleFollowsTheNameColumn()
         QVERIFY(qAbs(end - (view->columnWidth(1) - 30)) <= 1);
         QCOMPARE(playhead->x(), metrics.keyLeft(nameWidth, 0, 0) - metrics.frameWidth / 2);
     }
+}
+
+void TestTimePaneTime::playheadFollowsTheRangeControl()
+{
+    showPane();
+    auto *playhead = find<VxPlayheadWgt>("TimelinePlayheadWgt");
+    QScrollBar *control = find<VxTimeRangeSlider>("TimelineTimeRangeSldr")->getScrollBar();
+    const QPoint place = playhead->pos();
+    playhead->move(0, 0);
+    // The play range stays as it is; only the control tells.
+    control->setRange(0, 29);
+    vxScene->setPlayRange(VxTimeRange(160, 30 * 160));
+    playhead->move(0, 0);
+    control->setValue(1);
+    QCOMPARE(vxScene->getPlayRange(), VxTimeRange(160, 30 * 160));
+    QVERIFY(playhead->pos() != QPoint(0, 0));
+    QCOMPARE(playhead->y(), place.y());
 }
 
 void TestTimePaneTime::narrowColumnKeepsTheScale()

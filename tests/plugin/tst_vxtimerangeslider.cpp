@@ -1,5 +1,6 @@
 #include <QtTest>
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QScrollBar>
@@ -102,9 +103,12 @@ private Q_SLOTS:
 
     void cursors();
     void cursorAfterADoubleClick();
+    void cursorOfARangeThatCame();
     void hoverShowsOnThePart();
     void leavingPaintsAnew();
     void paintsInItsOrder();
+    void labels_data();
+    void labels();
     void rangeOfOneMoment();
     void emptyAnimation();
     void repaintsOnlyItself();
@@ -190,6 +194,14 @@ void TestTimeRangeSlider::doubleClickShowsAllAndGoesBack()
     compareRange(0, 4800);
     VxMouseDriver(&other).doubleClick(body());
     compareRange(1600, 3200);
+    // One end is enough to differ.
+    for (const VxTimeRange &range : {VxTimeRange(1600, 4800), VxTimeRange(0, 3200)}) {
+        vxScene->setPlayRange(range);
+        m_mouse->doubleClick(body());
+        compareRange(0, 4800);
+        m_mouse->doubleClick(body());
+        compareRange(range.getStart(), range.getEnd());
+    }
 }
 
 void TestTimeRangeSlider::doubleClickOfAnotherButton()
@@ -416,6 +428,20 @@ void TestTimeRangeSlider::cursors()
     QVERIFY(!m_slider->testAttribute(Qt::WA_SetCursor));
 }
 
+// The range changes while the mouse rests: the press tells what is there by then, the release what
+// was hovered.
+void TestTimeRangeSlider::cursorOfARangeThatCame()
+{
+    m_mouse->moveTo(body());
+    QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);
+    vxScene->setPlayRange(VxTimeRange(2400, 4000));
+    QTest::mousePress(m_slider, Qt::LeftButton, Qt::NoModifier, body());
+    QCOMPARE(m_slider->cursor().shape(), Qt::SplitHCursor);
+    QTest::mouseRelease(m_slider, Qt::LeftButton, Qt::NoModifier, body());
+    QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);
+    compareRange(2400, 4000);
+}
+
 // The mouse stands still, what lies beneath does not.
 void TestTimeRangeSlider::cursorAfterADoubleClick()
 {
@@ -424,6 +450,9 @@ void TestTimeRangeSlider::cursorAfterADoubleClick()
     m_mouse->doubleClick(QPoint(5, 10));
     compareRange(0, 4800);
     QCOMPARE(m_slider->cursor().shape(), Qt::SplitHCursor);
+    const QVector<HandleNotes::Handle> drawn = handles();
+    QVERIFY(drawn.at(0).hovered);
+    QVERIFY(!drawn.at(1).hovered);
     m_mouse->doubleClick(QPoint(5, 10));
     compareRange(1600, 3200);
     QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);
@@ -509,6 +538,55 @@ void TestTimeRangeSlider::paintsInItsOrder()
     QVERIFY(hasText(220, 219 + width));
     QVERIFY(!hasText(220 + width, 378 - width));
     QVERIFY(hasText(379 - width, 378));
+}
+
+void TestTimeRangeSlider::labels_data()
+{
+    QTest::addColumn<VxTime>("start");
+    QTest::addColumn<VxTime>("end");
+    QTest::addColumn<QString>("startText");
+    QTest::addColumn<QString>("endText");
+
+    QTest::newRow("whole frames") << 1600 << 3200 << "10"
+                                  << "20";
+    QTest::newRow("just below the half") << 1679 << 3279 << "10"
+                                         << "20";
+    QTest::newRow("the half") << 1680 << 3280 << "11"
+                              << "21";
+    QTest::newRow("different lengths") << 160 << 4800 << "1"
+                                       << "30";
+}
+
+// The numbers beside the handles, by the text's own picture.
+void TestTimeRangeSlider::labels()
+{
+    QFETCH(VxTime, start);
+    QFETCH(VxTime, end);
+    QFETCH(QString, startText);
+    QFETCH(QString, endText);
+    vxScene->setPlayRange(VxTimeRange(start, end));
+    const QVector<HandleNotes::Handle> drawn = handles();
+    QImage image(m_slider->size(), QImage::Format_ARGB32_Premultiplied);
+    m_slider->render(&image);
+
+    const QFontMetrics metrics = m_slider->fontMetrics();
+    const int top = 1 + (18 - metrics.height()) / 2;
+    const auto look = [&](const QString &text, int left) {
+        const QSize size(metrics.horizontalAdvance(text), 19 - top);
+        QImage expected(m_slider->size(), QImage::Format_ARGB32_Premultiplied);
+        expected.fill(m_slider->palette().button().color());
+        const QRect place(QPoint(left, top), size);
+        QPainter painter(&expected);
+        painter.setFont(m_slider->font());
+        painter.setPen(m_slider->palette().buttonText().color());
+        painter.drawText(place, Qt::AlignLeft, text);
+        painter.end();
+        // Above and below lie the lines of the border.
+        const QRect inside = place.intersected(QRect(0, 1, m_slider->width(), 17));
+        return image.copy(inside) == expected.copy(inside);
+    };
+    QVERIFY(look(startText, drawn.at(0).rect.right() + 2));
+    QVERIFY(look(endText, drawn.at(1).rect.left() - 1 - metrics.horizontalAdvance(endText)));
 }
 
 // A range without a length has handles all the same: it can be seen where it lies.
