@@ -60,6 +60,7 @@ private Q_SLOTS:
     void interpolationRefusesNonsense();
     void tcb();
     void tcbIsReadBack();
+    void tcbIsReadBackAfterPasting();
 
     void skipsAmongAllRows();
     void skipsOfThePrimaryNode();
@@ -442,6 +443,27 @@ void TestDopeSheetKeyCommands::tcbIsReadBack()
     QVERIFY(!view->getCommonBias(&value));
 }
 
+// What is pasted over a selected key is what that key has from then on.
+void TestDopeSheetKeyCommands::tcbIsReadBackAfterPasting()
+{
+    x()->setKey(1000, 1.0f, VxKeyInterp::Tcb, 0.5f, 0.25f, -1.0f);
+    x()->setKey(2000, 1.0f, VxKeyInterp::Tcb, 0.0f, 0.0f, 0.0f);
+    select(x(), 1000, 1000);
+    view->copyKeys();
+    view->clearSelectedKeys();
+    select(x(), 2000, 2000);
+    float value = 9.0f;
+    QVERIFY(view->getCommonTension(&value));
+    QCOMPARE(value, 0.0f);
+    vxScene->setTime(2000);
+    view->pasteKeys();
+    QCOMPARE(selected(rowOfProperty(x())), Times({2000}));
+    QVERIFY(view->getCommonTension(&value));
+    QCOMPARE(value, 0.5f);
+    QVERIFY(view->getCommonBias(&value));
+    QCOMPARE(value, -1.0f);
+}
+
 void TestDopeSheetKeyCommands::skipsAmongAllRows()
 {
     addKeys(ball->getXPosControl(), {480, 3200});
@@ -495,6 +517,11 @@ void TestDopeSheetKeyCommands::skipIgnoresHalfAFrame()
     vxScene->setTime(1600);
     view->skipToPreviousKey();
     QCOMPARE(vxScene->getTime(), 1440);
+    ball->getXPosControl()->deleteKeys(VxTimeRange(1681, 1681));
+    addKeys(ball->getXPosControl(), {3200});
+    vxScene->setTime(1600);
+    view->skipToNextKey();
+    QCOMPARE(vxScene->getTime(), 3200);
 }
 
 void TestDopeSheetKeyCommands::skipStaysInThePlayRange()

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void cleanup();
 
     void clickSelectsOneKey();
+    void reportsOfAClick_data();
+    void reportsOfAClick();
     void clickAtTheEdgesOfAMark();
     void clickBesideTheKeysSelectsNone();
     void ctrlClickAdds();
@@ -146,6 +148,36 @@ void TestDopeSheetMouse::clickSelectsOneKey()
     QCOMPARE(selected(hipX()), Times());
     QCOMPARE(selected(translationOf(ball, 0)), Times({1600}));
     QCOMPARE(undoCount(), 0);
+}
+
+void TestDopeSheetMouse::reportsOfAClick_data()
+{
+    QTest::addColumn<VxTime>("time");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("atPress");
+    QTest::addColumn<int>("atRelease");
+
+    // Whatever is deselected before is told of on its own.
+    QTest::newRow("a selected key") << 3200 << int(Qt::NoModifier) << 1 << 2;
+    QTest::newRow("another key") << 1600 << int(Qt::NoModifier) << 2 << 2;
+    QTest::newRow("beside the keys") << 2400 << int(Qt::NoModifier) << 0 << 2;
+    QTest::newRow("another key with Ctrl") << 1600 << int(Qt::ControlModifier) << 1 << 1;
+    QTest::newRow("a selected key with Alt") << 3200 << int(Qt::AltModifier) << 1 << 1;
+    QTest::newRow("beside the keys with Ctrl") << 2400 << int(Qt::ControlModifier) << 0 << 1;
+}
+
+void TestDopeSheetMouse::reportsOfAClick()
+{
+    QFETCH(VxTime, time);
+    QFETCH(int, modifiers);
+    select(hipX(), 3200, 3200);
+    const QSignalSpy changes(view.get(), &VxDopeSheetView::keySelectionChanged);
+    VxMouseDriver hand = mouse();
+    hand.press(at(hipX(), time), Qt::LeftButton, Qt::KeyboardModifiers(modifiers));
+    QTEST(changes.count(), "atPress");
+    const int before = changes.count();
+    hand.release(at(hipX(), time), Qt::LeftButton, Qt::KeyboardModifiers(modifiers));
+    QTEST(changes.count() - before, "atRelease");
 }
 
 // A mark is ten pixels wide and both its edges count.
@@ -429,6 +461,7 @@ void TestDopeSheetMouse::commandsWaitForTheDrop()
     view->deleteKeys();
     view->setInterpType(1);
     view->copyKeys();
+    vxScene->setTime(800);
     view->pasteKeys();
     QVERIFY(view->hasCopiedKeys());
     QCOMPARE(hip->getXPosControl()->getNumKeys(), 4);
@@ -590,6 +623,13 @@ void TestDopeSheetMouse::cursors()
     hand.moveTo(at(hipX(), 1600));
     QCOMPARE(shape(), Qt::ArrowCursor);
     hand.release(at(hipX(), 2400));
+    // Nothing lies right of the columns.
+    header->setStretchLastSection(false);
+    view->setColumnWidth(VxDopeSheetView::KeysColumn, 400);
+    hand.moveTo(at(hipX(), 1600));
+    QCOMPARE(shape(), Qt::PointingHandCursor);
+    hand.moveTo(QPoint(700, view->visualRect(hipX()).center().y()));
+    QCOMPARE(shape(), Qt::ArrowCursor);
 }
 
 void TestDopeSheetMouse::doubleClickSetsTheTime()
@@ -667,6 +707,9 @@ void TestDopeSheetMouse::theGraphHears()
     click(hipX(), 0);
     QCOMPARE(indexes(hip->getXPosControl()), QSet<int>({0}));
     QCOMPARE(indexes(ball->getXPosControl()), QSet<int>());
+    drag(at(translationOf(hip, 1), 1600), 30);
+    QCOMPARE(indexes(hip->getYPosControl()), QSet<int>({0}));
+    QCOMPARE(indexes(hip->getXPosControl()), QSet<int>());
     QVERIFY(!ours.isMuted());
     view->setKeyCommunication(nullptr);
 }

@@ -138,6 +138,7 @@ void TestKeyDragMath::limits_data()
     QTest::newRow("the last key comes to the end") << qint64(9600) << 0 << 500 << 9100;
     QTest::newRow("exactly to the end") << qint64(9100) << 0 << 500 << 9100;
     QTest::newRow("nothing asked") << qint64(0) << 0 << 500 << 0;
+    QTest::newRow("nothing asked, before 0") << qint64(0) << -400 << 500 << 400;
     QTest::newRow("beyond the end, further on") << qint64(160) << 0 << 10000 << -400;
     QTest::newRow("beyond the end, back") << qint64(-160) << 200 << 10000 << -160;
     QTest::newRow("before 0, further back") << qint64(-160) << -400 << 500 << 400;

@@ -1,5 +1,6 @@
 #include "actionstage.h"
 
+#include <QItemSelectionModel>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QtWidgets/QMenu>
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void initWithoutPane();
     void mainWindowWithoutPane();
     void paneIsFoundAndForgotten();
+    void paneThatIsKnownIsNotSearchedFor();
     void everyActionRegistersWithThePane();
     void aSecondPaneLeavesTheMarksAlone();
     void animationMenu();
@@ -62,6 +64,7 @@ private Q_SLOTS:
     void choosingWhatIsChosen_data();
     void choosingWhatIsChosen();
     void uncheckedChoiceOfTheCurrentValue();
+    void scopeThatIsSetStays();
     void keyScopes();
     void propertyTypeFlags();
     void propertyTypeOfAnActionOfItsOwn();
@@ -243,6 +246,16 @@ void TestVxTimelineActions::paneIsFoundAndForgotten()
     QVERIFY(!VxAnimationAction::findTimePane());
 }
 
+void TestVxTimelineActions::paneThatIsKnownIsNotSearchedFor()
+{
+    const Stage stage;
+    QCOMPARE(VxAnimationAction::findTimePane(), stage.pane);
+    const VxMainWindow window;
+    QCOMPARE(vxApp->getInterface(), &window);
+    QVERIFY(!window.getPaneMgr()->findPane("VxTimePane"));
+    QCOMPARE(VxAnimationAction::findTimePane(), stage.pane);
+}
+
 void TestVxTimelineActions::everyActionRegistersWithThePane()
 {
     const Stage stage;
@@ -421,6 +434,28 @@ void TestVxTimelineActions::uncheckedChoiceOfTheCurrentValue()
     QVERIFY(action->isChecked());
     QCOMPARE(stage.pane->getViewMode(), VxTimePane::BasicView);
     QCOMPARE(changes, 0);
+}
+
+// Setting a scope selects the rows anew; what is set already is not set again.
+void TestVxTimelineActions::scopeThatIsSetStays()
+{
+    Stage stage;
+    vxScene->addNode(new VxNode("a"));
+    vxScene->selectAllNodes(true);
+    stage.trigger("VxTimePaneAdvancedViewAction");
+    stage.trigger("VxTimePaneSetKeyScopeNodeAction");
+    stage.window.resize(900, 500);
+    stage.window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
+    QItemSelectionModel *rows = stage.pane->getDopeSheetView()->selectionModel();
+    QTRY_COMPARE(rows->selectedRows().size(), 1);
+    rows->reset();
+    stage.trigger("VxTimePaneSetKeyScopeNodeAction");
+    QCoreApplication::processEvents();
+    QCOMPARE(rows->selectedRows().size(), 0);
+    QVERIFY(stage.action("VxTimePaneSetKeyScopeNodeAction")->isChecked());
+    stage.trigger("VxTimePaneSetKeyScopeObjectAction");
+    QCOMPARE(rows->selectedRows().size(), 1);
 }
 
 void TestVxTimelineActions::keyScopes()

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void itemKeysOfAnOpenRow();
     void itemKeysWithoutRows();
     void itemKeysOfARangeOfOneFrame();
+    void itemKeysBeyondTheAnimation();
 
     void commandsGoToTheNextPane();
 
@@ -478,6 +479,21 @@ void TestVxTimelineCommands::itemKeysOfARangeOfOneFrame()
 }
 
 // The pane is remembered once it was found, but not beyond its life.
+// "All" means all, also keys that the animation range leaves out.
+void TestVxTimelineCommands::itemKeysBeyondTheAnimation()
+{
+    Stage stage;
+    addKeyedNodes(stage);
+    const VxTime step = vxScene->getTimeStep();
+    for (const int frame : {-3, 40})
+        m_first->getXRotControl()->setKey(frame * step, 1.0f, 0);
+    selectRow(stage, m_first);
+    stage.trigger("VxTimePaneSelectItemAnimRangeKeysAction");
+    QCOMPARE(selectedFrames(stage, m_first), QString("-3 0 5 10 15 40"));
+    stage.trigger("VxTimePaneDeselectItemAnimRangeKeysAction");
+    QCOMPARE(selectedFrames(stage, m_first), QString());
+}
+
 void TestVxTimelineCommands::commandsGoToTheNextPane()
 {
     Stage stage;

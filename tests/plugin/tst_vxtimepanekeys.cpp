@@ -40,6 +40,7 @@ private Q_SLOTS:
     void wantedProperties();
     void aliasesNeedTheirBits();
     void lockedAndStillPropertiesAreLeftOut();
+    void controlsOfOthersNeedNoBit();
     void newKeysTakeInterpolationFromTheTime();
     void intKeys();
     void threeKeysOnThreeFrames();
@@ -188,6 +189,18 @@ void TestTimePaneKeys::lockedAndStillPropertiesAreLeftOut()
     property->setLocked(false);
     property->setAnimatable(false);
     QVERIFY(!KeyCreation::isWanted(property, node, 63));
+}
+
+// A control that acts on no axis is no part of a transform, and a control only of its own node.
+void TestTimePaneKeys::controlsOfOthersNeedNoBit()
+{
+    VxNode *node = addNode("a");
+    const VxNode *other = addNode("b");
+    VxFloatProperty *property = node->getXPosControl();
+    QVERIFY(!KeyCreation::isWanted(property, node, VxTimePane::PropNone));
+    QVERIFY(KeyCreation::isWanted(property, other, VxTimePane::PropNone));
+    property->setAxis(VxFloatProperty::NoAxis);
+    QVERIFY(KeyCreation::isWanted(property, node, VxTimePane::PropNone));
 }
 
 void TestTimePaneKeys::newKeysTakeInterpolationFromTheTime()

@@ -75,7 +75,6 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
         return;
     d->forgetItems();
     d->commonTcb = Private::CommonTcb();
-    d->resetSelectedBounds();
     QTreeView::setModel(newModel);
     if (!newModel)
         return;

@@ -83,9 +83,6 @@ public:
     // The span of times of the selection that is being applied.
     VxTime spanStart = -1;
     VxTime spanEnd = VxTimeMax;
-    // The bounds of the selected keys that have been met; earliest > latest when there were none.
-    VxTime earliestSelected = VxTimeMax;
-    VxTime latestSelected = -1;
     CommonTcb commonTcb;
     bool commonTcbStale = false; // found out anew when it is asked for
 
@@ -112,7 +109,6 @@ public:
     void sendSelection(const VxDopeSheetItem *item) const;
     // What is selected of properties that the other side begins to show.
     void sendSelectionOf(const QSet<VxProperty *> &properties);
-    void resetSelectedBounds();
     void applyMessage(VxDopeSheetItem *item) const;
     void applyToNamed();
 

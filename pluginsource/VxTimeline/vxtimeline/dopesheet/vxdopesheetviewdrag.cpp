@@ -23,8 +23,6 @@ void VxDopeSheetView::Private::prepareDrag()
     dragShown = false;
     for (const SelectedKeys &keys : collectSelected())
         drag->add(keys);
-    earliestSelected = drag->earliest();
-    latestSelected = drag->latest();
     pace.begin(clock.elapsed());
 }
 
@@ -61,8 +59,6 @@ void VxDopeSheetView::Private::dropKeys()
         dragHold = std::make_unique<VxUndoStackHold>();
     drag->moveTo(offset, VxKeyMoveRule::Replace);
     drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
-    earliestSelected = drag->earliest() + offset;
-    latestSelected = drag->latest() + offset;
     dragHold->accept(tr("Move Keys"));
     dragHold.reset();
     drag.reset();

@@ -37,7 +37,6 @@ void VxDopeSheetView::Private::updateCommonTcb()
 {
     commonTcb = CommonTcb();
     commonTcbStale = false;
-    resetSelectedBounds();
     visitSelected([this](const VxDopeSheetItem *item) { noteSelectedKeys(item); });
 }
 

@@ -113,16 +113,13 @@ void VxDopeSheetView::Private::deselectItems() const
         [](VxDopeSheetItem *item) { item->setKeysSelected(false, VxTimeMin, VxTimeMax); });
 }
 
-void VxDopeSheetView::Private::resetSelectedBounds()
-{
-    earliestSelected = VxTimeMax;
-    latestSelected = -1;
-}
-
-// What the selected keys of a row add to the bounds, and to what TCB keys have in common.
+// What the selected keys of a row add to what TCB keys have in common.
 void VxDopeSheetView::Private::noteSelectedKeys(const VxDopeSheetItem *item)
 {
+    const auto *property = qobject_cast<const VxFloatProperty *>(item->property());
     const DopeSheetRowKeys keys = DopeSheetRowKeys::of(item);
+    if (!property || !keys.types)
+        return;
     const quint8 *end = keys.flags + keys.count;
     const auto first = int(std::find_if(keys.flags, end, isSelected) - keys.flags);
     if (first == keys.count)
@@ -130,12 +127,7 @@ void VxDopeSheetView::Private::noteSelectedKeys(const VxDopeSheetItem *item)
     int last = keys.count - 1;
     while (!isSelected(keys.flags[last]))
         --last;
-    earliestSelected = qMin(earliestSelected, keys.times[first]);
-    latestSelected = qMax(latestSelected, keys.times[last]);
-
-    const auto *property = qobject_cast<const VxFloatProperty *>(item->property());
-    if (property && keys.types)
-        noteTcb(keys, property->getKeys().tcb, first, last);
+    noteTcb(keys, property->getKeys().tcb, first, last);
 }
 
 // Without an array all keys have the same.
@@ -232,10 +224,8 @@ void VxDopeSheetView::setKeySelection(bool yesNo, QModelIndex startIndex, QModel
         endIndex = startIndex;
     d->spanStart = startTime;
     d->spanEnd = endTime;
-    if (yesNo && !hasSelectedKeys()) {
+    if (yesNo && !hasSelectedKeys())
         d->commonTcb = Private::CommonTcb();
-        d->resetSelectedBounds();
-    }
     d->walk(startIndex, endIndex,
             [this, yesNo](VxDopeSheetItem *item) { d->selectKeys(item, yesNo); });
     Q_EMIT keySelectionChanged();
