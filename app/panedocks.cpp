@@ -42,11 +42,18 @@ const Place &placeOf(const PaneDock *dock)
     return OtherPlace;
 }
 
-int firstExtent(const Place &place, const QSize &window)
+bool isAcross(Qt::DockWidgetArea area)
 {
-    if (place.area != Qt::BottomDockWidgetArea)
-        return qMax(place.extent, window.width() / 8);
-    return qBound(int(window.height() * LeastBottomShare), place.extent,
+    return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea;
+}
+
+/** How wide or high the dock is at first in an area, which need not be its own. */
+int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window)
+{
+    const bool isMoved = isAcross(area) != isAcross(place.area);
+    if (!isAcross(area))
+        return qMax(isMoved ? OtherPlace.extent : place.extent, window.width() / 8);
+    return qBound(int(window.height() * LeastBottomShare), isMoved ? BottomExtent : place.extent,
                   int(window.height() * LargestBottomShare));
 }
 
@@ -96,12 +103,17 @@ void PaneDocks::applyDefaultLayout()
         dock->show();
     }
     raiseFronts();
+    applyDefaultSizes();
+}
+
+void PaneDocks::applyDefaultSizes()
+{
     for (PaneDock *dock : docks()) {
-        const Place &place = placeOf(dock);
-        const bool isBottom = place.area == Qt::BottomDockWidgetArea;
-        if (!place.behind)
-            m_window->resizeDocks({dock}, {firstExtent(place, m_window->size())},
-                                  isBottom ? Qt::Vertical : Qt::Horizontal);
+        const Qt::DockWidgetArea area = m_window->dockWidgetArea(dock);
+        if (dock->isFloating() || dock->isHidden() || area == Qt::NoDockWidgetArea)
+            continue;
+        m_window->resizeDocks({dock}, {firstExtent(placeOf(dock), area, m_window->size())},
+                              isAcross(area) ? Qt::Vertical : Qt::Horizontal);
     }
 }
 

@@ -24,6 +24,9 @@ public:
 
     /// Gives every dock its place and size. The window must have its size by then.
     void applyDefaultLayout();
+    /// Leaves every dock where it is, and gives those that are not floating the size that a dock
+    /// has there at first.
+    void applyDefaultSizes();
 
 Q_SIGNALS:
     void dockAdded(PaneDock *dock);

@@ -25,6 +25,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+#include <cmath>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
@@ -36,7 +37,8 @@ namespace {
 constexpr QSize DefaultSize(1280, 800);
 constexpr QSize FrameRoom(16, 48); // what a desktop puts around a window, pixels
 constexpr double LargeScreenShare = 0.8;
-constexpr int LayoutVersion = 2; // to raise when docks are arranged in another way
+constexpr double LikeSizes = 0.1; // windows that differ by less take the same layout
+constexpr int LayoutVersion = 2;  // to raise when docks are arranged in another way
 
 /** The offscreen platform's screen has no size that means anything. */
 bool hasRealScreen()
@@ -121,11 +123,23 @@ void StudioWindow::restoreLayout(const VxSettings &settings)
 {
     const QByteArray geometry = settings.getBytesValue(QStringLiteral("Geometry"));
     const QByteArray state = settings.getBytesValue(QStringLiteral("State"));
-    if (!geometry.isEmpty())
-        restoreGeometry(geometry);
-    else if (hasRealScreen())
+    if ((geometry.isEmpty() || !restoreGeometry(geometry)) && hasRealScreen())
         resize(firstSize(screen()->availableSize()));
     m_wantsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
+    m_layoutSize = QSize(settings.getIntValue(QStringLiteral("Width"), 0),
+                         settings.getIntValue(QStringLiteral("Height"), 0));
+}
+
+/** Whether the docks have the sizes of a window that was much larger or smaller. */
+bool StudioWindow::hasSizesOfAnother() const
+{
+    // A window that is about to fill the screen does not have its size yet.
+    if (m_layoutSize.isEmpty() || isMaximized() || isFullScreen())
+        return false;
+    const auto differs = [](int one, int other) {
+        return std::abs(one - other) > qMax(one, other) * LikeSizes;
+    };
+    return differs(width(), m_layoutSize.width()) || differs(height(), m_layoutSize.height());
 }
 
 void StudioWindow::saveLayout(VxSettings *settings) const
@@ -135,6 +149,8 @@ void StudioWindow::saveLayout(VxSettings *settings) const
         return;
     settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
     settings->setBytesValue(QStringLiteral("State"), saveState(LayoutVersion));
+    settings->setIntValue(QStringLiteral("Width"), width());
+    settings->setIntValue(QStringLiteral("Height"), height());
 }
 
 void StudioWindow::applyDefaultLayout()
@@ -260,10 +276,12 @@ void StudioWindow::closeEvent(QCloseEvent *event)
 void StudioWindow::showEvent(QShowEvent *event)
 {
     VxMainWindow::showEvent(event);
-    if (!m_wantsDefaultLayout)
-        return;
+    if (m_wantsDefaultLayout)
+        applyDefaultLayout();
+    else if (hasSizesOfAnother())
+        m_docks->applyDefaultSizes();
     m_wantsDefaultLayout = false;
-    applyDefaultLayout();
+    m_layoutSize = QSize();
 }
 
 void StudioWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -76,6 +76,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    bool hasSizesOfAnother() const;
     void connectMenus();
     bool mayDiscard();
     void takeDroppedFile(const QString &fileName);
@@ -93,6 +94,7 @@ private:
     StudioMenus *m_menus;
     KeyOverviewDialog *m_keyOverview = nullptr; // null until it is asked for
     bool m_wantsDefaultLayout = true;
+    QSize m_layoutSize; // of the window whose docks were restored; empty once that was looked at
 };
 
 #endif

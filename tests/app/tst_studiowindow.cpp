@@ -92,6 +92,8 @@ private Q_SLOTS:
     void shortcutsWork();
     void paletteMenu();
     void layoutIsKept();
+    void layoutOfAnotherSize();
+    void layoutOfLikeSizes();
     void windowNeverShownKeepsNoLayout();
     void viewportDrags();
     void viewportFramesTheFigure();
@@ -506,6 +508,32 @@ void tst_StudioWindow::windowNeverShownKeepsNoLayout()
     start();
     QCOMPARE(first, window()->saveState());
     QVERIFY(!window()->docks()->find("VxTimePane")->visibleRegion().isEmpty());
+}
+
+/// What was arranged on a large screen leaves the figure no room on a small one.
+void tst_StudioWindow::layoutOfAnotherSize()
+{
+    start({"--size", "2560x1440"});
+    PaneDock *time = window()->docks()->find("VxTimePane");
+    window()->resizeDocks({time}, {900}, Qt::Vertical);
+    window()->docks()->find("VxHistoryPane")->hide();
+    start({"--size", "1280x800"});
+    QCOMPARE(window()->size(), QSize(1280, 800));
+    QTRY_VERIFY2(window()->viewport()->height() > 250,
+                 qPrintable(QString::number(window()->viewport()->height())));
+    QVERIFY(!window()->docks()->find("VxHistoryPane")->isVisible()); // arranged as it was
+}
+
+void tst_StudioWindow::layoutOfLikeSizes()
+{
+    window()->resizeDocks({window()->docks()->find("VxTimePane")}, {300}, Qt::Vertical);
+    QCoreApplication::processEvents();
+    const int height = window()->docks()->find("VxTimePane")->height();
+    QVERIFY(height < 350);
+    start({"--size", "1240x780"});
+    QCoreApplication::processEvents();
+    QVERIFY2(std::abs(window()->docks()->find("VxTimePane")->height() - height) < 30,
+             qPrintable(QString::number(window()->docks()->find("VxTimePane")->height())));
 }
 
 void tst_StudioWindow::viewportDrags()
