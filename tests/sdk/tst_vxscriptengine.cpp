@@ -12,6 +12,7 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -71,6 +72,8 @@ private Q_SLOTS:
     void deletedObjectGivesAnError();
     void wrapperNeverOwnsTheObject();
     void scriptEditsAreUndoneLikeOthers();
+    void holdsEndWithTheProgram_data();
+    void holdsEndWithTheProgram();
     void manualExamplesDoWhatTheManualSays();
     void badArguments_data();
     void badArguments();
@@ -298,6 +301,39 @@ void TestScriptEngine::scriptEditsAreUndoneLikeOthers()
     QCOMPARE(m_app->getUndoStack()->count(), 1);
     m_app->getUndoStack()->undo();
     QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
+}
+
+void TestScriptEngine::holdsEndWithTheProgram_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::newRow("forgotten") << "";
+    QTest::newRow("an error") << "throw new Error('broken');";
+    QTest::newRow("one in another") << "Undo.beginHold();";
+}
+
+/// Otherwise what is done by hand afterwards could not be undone, nor would it count as a change.
+void TestScriptEngine::holdsEndWithTheProgram()
+{
+    QFETCH(QString, end);
+    m_engine->evaluate(QStringLiteral("Undo.beginHold(); Scene.addNode('n');") + end);
+    VxUndoStack *stack = m_app->getUndoStack();
+    QVERIFY(!stack->isRecording());
+    QCOMPARE(stack->count(), 1);
+    QCOMPARE(stack->undoText(), QStringLiteral("Script"));
+    {
+        VxUndoStackHold hold;
+        vxScene->setTimeStep(99);
+        hold.accept(QStringLiteral("By hand"));
+    }
+    QCOMPARE(stack->count(), 2);
+    stack->setIndex(0);
+    QVERIFY(!vxScene->findNode(QStringLiteral("n")));
+    // A hold from outside is left to whoever opened it.
+    VxUndoStackHold outer;
+    m_engine->evaluate(QStringLiteral("Scene.addNode('m')"));
+    QVERIFY(stack->isRecording());
+    outer.accept(QStringLiteral("Outer"));
+    QCOMPARE(stack->undoText(), QStringLiteral("Outer"));
 }
 
 void TestScriptEngine::manualExamplesDoWhatTheManualSays()

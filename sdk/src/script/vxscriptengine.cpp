@@ -4,10 +4,12 @@
 #include "script/scriptmembers.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QPointer>
 #include <QtScript/QScriptEngine>
 #include <QtScript/QScriptValueIterator>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxundostack.h>
 
 namespace {
 
@@ -33,6 +35,32 @@ VxScriptError syntaxError(const QString &program, const QString &fileName, int f
             message.isEmpty() ? VxScriptEngine::tr("The program ends too early")
                               : VxScriptEngine::tr("Syntax error: %1").arg(message)};
 }
+
+/// A program that ends by an error, or forgets it, leaves its hold open: nothing that is done by
+/// hand afterwards would become an entry, nor mark the scene as changed.
+class HoldCloser
+{
+public:
+    HoldCloser()
+        : m_stack(VxUndoStack::current())
+        , m_isOther(m_stack && m_stack->isRecording())
+    {
+    }
+    ~HoldCloser()
+    {
+        for (int i = 0; i < MostHolds && isOpen(); ++i)
+            m_stack->acceptHold(VxScriptEngine::tr("Script"));
+    }
+    HoldCloser(const HoldCloser &) = delete;
+    HoldCloser &operator=(const HoldCloser &) = delete;
+
+private:
+    static constexpr int MostHolds = 20; // one in another
+    bool isOpen() const { return m_stack && !m_isOther && m_stack->isRecording(); }
+
+    const QPointer<VxUndoStack> m_stack;
+    const bool m_isOther;
+};
 
 } // namespace
 
@@ -85,6 +113,7 @@ QString VxScriptEngine::evaluate(const QString &program, const QString &fileName
     VxScriptError failure = syntaxError(program, fileName, firstLine);
     QString result;
     if (failure.isNull()) {
+        const HoldCloser holds;
         ++d->depth;
         d->aborted = false;
         const QScriptValue value = d->engine.evaluate(program, fileName, firstLine);
