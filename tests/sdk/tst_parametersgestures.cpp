@@ -3,6 +3,7 @@
 
 #include "parameterspanetestbase.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QCursor>
 #include <QHeaderView>
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void allDigitsAreShownInTheField();
     void enterOpensAndClosesGroups();
     void severalRowsAreCopiedAndPasted();
+    void theListCopiesBeforeTheProgramDoes();
     void pastingWhatDoesNotFitSaysSo();
     void aShortListInBetweenKeepsThePlace();
     void columnsFitTheWidth();
@@ -457,6 +459,26 @@ void TestParametersGestures::severalRowsAreCopiedAndPasted()
     QCOMPARE(stack()->count(), 1);
     QCOMPARE(stack()->undoText(), QString("Paste Value"));
     QCOMPARE(notice(), QString());
+}
+
+/// The program may have a command of its own under the same key.
+void TestParametersGestures::theListCopiesBeforeTheProgramDoes()
+{
+    QAction other;
+    other.setShortcut(QKeySequence::Copy);
+    int triggered = 0;
+    connect(&other, &QAction::triggered, this, [&triggered] { ++triggered; });
+    m_pane->addAction(&other);
+    QGuiApplication::clipboard()->clear();
+    x()->setStoredValue(3.5f);
+    click(x(), Model::LabelColumn);
+    press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("3.5"));
+    QCOMPARE(triggered, 0);
+    vxScene->selectAllNodes(false); // nothing to copy from
+    QCoreApplication::processEvents();
+    press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(triggered, 1);
 }
 
 void TestParametersGestures::pastingWhatDoesNotFitSaysSo()

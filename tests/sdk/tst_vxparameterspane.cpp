@@ -18,6 +18,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void showsThePrimarySelection();
+    void aLongNameMakesNothingWider();
     void severalNodesAreNamedAndChanged();
     void manyNodesSelectedOneByOne();
     void theKeyMarkSetsAndDeletes();
@@ -53,6 +54,16 @@ void TestParametersPane::showsThePrimarySelection()
     QCOMPARE(model()->rowCount(), 0);
     m_bones.at(1)->select();
     QCOMPARE(model()->getNode(), m_bones.at(1));
+}
+
+void TestParametersPane::aLongNameMakesNothingWider()
+{
+    const int before = m_pane->minimumSizeHint().width();
+    QVERIFY(before < 150);
+    hip()->setLabel(QString(300, QLatin1Char('m')));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_pane->minimumSizeHint().width(), before);
+    QCOMPARE(m_pane->width(), 280);
 }
 
 void TestParametersPane::severalNodesAreNamedAndChanged()

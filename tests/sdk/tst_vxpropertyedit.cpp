@@ -29,6 +29,9 @@ private Q_SLOTS:
     void offsetsCountFromTheBeginning();
     void severalPropertiesMoveTogether();
     void limitsHold();
+    void stepsGoOnFromALimit();
+    void linkedToOneAnother_data();
+    void linkedToOneAnother();
     void percentagesAreEditedAsShown();
     void whatALinkAddsIsTakenOff();
     void putBack_data();
@@ -162,6 +165,52 @@ void TestPropertyEdit::limitsHold()
     QCOMPARE(x()->getValue(0), 2.0f);
     edit.setValue(-50);
     QCOMPARE(x()->getValue(0), -2.0f);
+}
+
+void TestPropertyEdit::stepsGoOnFromALimit()
+{
+    x()->setMinMax(-50.0f, 50.0f);
+    VxPropertyEdit edit({x()}, 0);
+    edit.setValue(77);
+    QVERIFY(!edit.limit().isEmpty());
+    edit.offsetBy(-1);
+    QCOMPARE(x()->getValue(0), 49.0f);
+    QVERIFY(edit.limit().isEmpty());
+}
+
+void TestPropertyEdit::linkedToOneAnother_data()
+{
+    QTest::addColumn<bool>("sourceFirst");
+    QTest::newRow("the source comes first") << true;
+    QTest::newRow("the source comes last") << false;
+}
+
+/// Values that are added up, all of them in the same gesture: each moves by the same amount.
+void TestPropertyEdit::linkedToOneAnother()
+{
+    QFETCH(bool, sourceFirst);
+    VxFloatProperty *z = m_node->getZPosControl();
+    x()->setStoredValue(1.0f);
+    y()->setStoredValue(10.0f);
+    z->setStoredValue(100.0f);
+    QVERIFY(y()->setLink(x(), true));
+    QVERIFY(z->setLink(y(), true));
+    QCOMPARE(z->getValue(0), 111.0f);
+    {
+        VxPropertyEdit edit(sourceFirst ? QVector<VxProperty *>{x(), y(), z}
+                                        : QVector<VxProperty *>{z, y(), x()},
+                            0);
+        edit.offsetBy(3);
+        edit.offsetBy(5);
+        QCOMPARE(x()->getValue(0), 6.0f);
+        QCOMPARE(y()->getValue(0), 16.0f);
+        QCOMPARE(z->getValue(0), 116.0f);
+        edit.setValue(7);
+        QCOMPARE(x()->getValue(0) + y()->getValue(0) + z->getValue(0), 21.0f);
+    }
+    m_stack->undo();
+    QCOMPARE(z->getValue(0), 111.0f);
+    QCOMPARE(x()->getNumKeys() + y()->getNumKeys() + z->getNumKeys(), 0);
 }
 
 void TestPropertyEdit::percentagesAreEditedAsShown()

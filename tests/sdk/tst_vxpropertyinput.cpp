@@ -17,6 +17,8 @@ private Q_SLOTS:
     void deepNestingIsNoValue();
     void textsOfNumbers_data();
     void textsOfNumbers();
+    void numbersInNarrowPlaces_data();
+    void numbersInNarrowPlaces();
     void floatsAreShownAsTheyAreMeant();
     void everyFloatSurvivesItsText();
     void whatIsSetIsTold();
@@ -107,6 +109,31 @@ void TestPropertyInput::textsOfNumbers()
 {
     QFETCH(double, value);
     QTEST(VxPropertyValue::numberText(value, 4), "text");
+}
+
+void TestPropertyInput::numbersInNarrowPlaces_data()
+{
+    QTest::addColumn<float>("value");
+    QTest::addColumn<int>("room"); // in letters
+    QTest::addColumn<QString>("text");
+    QTest::newRow("room for all") << 123456.79f << 9 << "123456.79";
+    QTest::newRow("one decimal less") << 123456.79f << 8 << "123456.8";
+    QTest::newRow("no decimal") << 123456.79f << 7 << "123457";
+    QTest::newRow("no room for the whole number") << 123456.79f << 5 << "1e+05";
+    QTest::newRow("rather too long than wrong") << 123456.79f << 2 << "1e+05";
+    QTest::newRow("negative") << -0.26f << 4 << "-0.3";
+    QTest::newRow("small but not zero") << 0.001234f << 5 << "0.001";
+}
+
+void TestPropertyInput::numbersInNarrowPlaces()
+{
+    QFETCH(float, value);
+    QFETCH(int, room);
+    VxFloatProperty property(QStringLiteral("p"));
+    property.setStoredValue(value);
+    QTEST(VxPropertyValue::narrowText(&property, 0,
+                                      [room](const QString &text) { return text.size() <= room; }),
+          "text");
 }
 
 void TestPropertyInput::floatsAreShownAsTheyAreMeant()

@@ -2,7 +2,9 @@
 
 #include <QtCore/QTimer>
 #include <QtGui/QAccessible>
+#include <QtGui/QPainter>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QVBoxLayout>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertylistitemmodel.h>
@@ -15,6 +17,24 @@ namespace {
 constexpr QLatin1String CollapsedKey("CollapsedGroups");
 constexpr QLatin1String WidthKey("ValueWidth");
 constexpr int NoticeMilliseconds = 10000;
+
+/// A title of one line that never makes the pane wider: names of nodes may be as long as they like.
+class TitleLabel : public QLabel
+{
+public:
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        Q_UNUSED(event)
+        QPainter painter(this);
+        const QRect room = contentsRect();
+        style()->drawItemText(
+            &painter, room, int(Qt::AlignLeft | Qt::AlignVCenter), palette(), isEnabled(),
+            fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()), foregroundRole());
+    }
+};
 
 } // namespace
 
@@ -70,6 +90,7 @@ void VxParametersPane::Private::showTitle()
     if (others > 0)
         text = VxParametersPane::tr("%1 and %n more", nullptr, others).arg(text);
     title->setText(text);
+    title->setToolTip(text.toHtmlEscaped());
 }
 
 void VxParametersPane::Private::showNotice(const QString &text)
@@ -88,7 +109,7 @@ VxParametersPane::VxParametersPane()
     : VxPane(tr("Parameters"))
     , d(std::make_unique<Private>())
 {
-    d->title = new QLabel;
+    d->title = new TitleLabel;
     d->title->setObjectName(QStringLiteral("ParametersTitleLbl"));
     d->title->setTextInteractionFlags(Qt::NoTextInteraction);
     d->title->setTextFormat(Qt::PlainText);

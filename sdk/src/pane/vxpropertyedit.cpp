@@ -6,6 +6,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
+#include <functional>
 #include <vector>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
@@ -14,6 +15,15 @@
 #include <vxcore/vxundostackhold.h>
 
 namespace {
+
+/// Links may go through several of the edited properties, and must not go on forever.
+constexpr int MostPasses = 8;
+
+bool isAddedTo(const VxNumericProperty *property)
+{
+    const auto *holder = qobject_cast<const VxNumericProperty *>(property->getKeyHolder());
+    return holder && holder->isLinkTerminal();
+}
 
 /// A property as it was when the gesture began.
 struct Former
@@ -53,7 +63,11 @@ Former remember(VxNumericProperty *property, VxTime time)
 class VxPropertyEdit::Private
 {
 public:
-    template <class Target> bool change(const Target &target);
+    using Target = std::function<double(const Former &)>;
+
+    bool change(const Target &target);
+    void set(Former &each, double value);
+    bool settle(const Target &target);
     void restore();
 
     VxTime time = 0;
@@ -66,29 +80,48 @@ public:
 };
 
 /** Gives each property the value that target(former) tells, as shown. */
-template <class Target> bool VxPropertyEdit::Private::change(const Target &target)
+bool VxPropertyEdit::Private::change(const Target &target)
 {
     const VxChangeBlock block;
     refused = 0;
     locked = 0;
     limit.clear();
     for (Former &each : former) {
-        if (!each.property)
-            continue;
-        const double value = target(each);
-        switch (VxPropertyValue::setShownValue(each.property, time, value)) {
-        case VxPropertyValue::Set:
-            break;
-        case VxPropertyValue::Limited:
-            if (limit.isEmpty())
-                limit = VxPropertyHints::limits(each.property, value);
-            break;
-        default:
-            ++refused;
-            locked += !VxPropertyValue::isEditable(each.property);
-        }
+        if (each.property)
+            set(each, target(each));
+    }
+    for (int pass = 1; pass < MostPasses && !settle(target); ++pass) {
     }
     return refused == 0;
+}
+
+void VxPropertyEdit::Private::set(Former &each, double value)
+{
+    switch (VxPropertyValue::setShownValue(each.property, time, value)) {
+    case VxPropertyValue::Set:
+        break;
+    case VxPropertyValue::Limited:
+        if (limit.isEmpty())
+            limit = VxPropertyHints::limits(each.property, value);
+        break;
+    default:
+        ++refused;
+        locked += !VxPropertyValue::isEditable(each.property);
+    }
+}
+
+/** What a link adds may have changed after the value was set. True when nothing had. */
+bool VxPropertyEdit::Private::settle(const Target &target)
+{
+    bool settled = true;
+    for (Former &each : former) {
+        if (!each.property || !isAddedTo(each.property))
+            continue;
+        const double before = VxPropertyValue::shownValue(each.property, time);
+        VxPropertyValue::setShownValue(each.property, time, target(each));
+        settled &= before == VxPropertyValue::shownValue(each.property, time);
+    }
+    return settled;
 }
 
 void VxPropertyEdit::Private::restore()
@@ -134,10 +167,13 @@ bool VxPropertyEdit::apply(const VxPropertyInput &input)
 {
     if (input.kind == VxPropertyInput::Empty || input.kind == VxPropertyInput::Unreadable)
         return true;
-    return d->change([&input](Former &each) {
-        each.base = input.appliedTo(each.base);
-        return each.base;
-    });
+    const bool accepted =
+        d->change([&input](const Former &each) { return input.appliedTo(each.base); });
+    for (Former &each : d->former) {
+        if (each.property) // steps go on from what has become of it
+            each.base = VxPropertyValue::shownValue(each.property, d->time);
+    }
+    return accepted;
 }
 
 bool VxPropertyEdit::offsetBy(double steps)

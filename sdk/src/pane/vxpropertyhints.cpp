@@ -96,8 +96,7 @@ QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTi
     }
     if (lowest < highest)
         return tr("Values from %1 to %2").arg(shown(first, lowest), shown(first, highest));
-    const QString full = VxPropertyValue::fullText(first, time);
-    return full == VxPropertyValue::text(first, time) ? QString() : tr("Value %1").arg(full);
+    return tr("Value %1").arg(VxPropertyValue::fullText(first, time));
 }
 
 QString VxPropertyHints::refusal(const QString &label, int refused, int locked, int count)

@@ -15,8 +15,8 @@ namespace VxPropertyHints {
 QString keyHint(VxPropertyListItemModel::KeyState state, bool editable);
 /// Group and label, and below it what is special about the property. Not for an empty list.
 QString propertyHint(const QVector<VxProperty *> &properties);
-/// What a field is too narrow to tell of the values at a time: every digit, or between which ones
-/// they lie. Empty when it tells everything.
+/// What a field may be too narrow to tell of the values at a time: every digit, or between which
+/// ones they lie. Empty for what is no number.
 QString valueHint(const QVector<VxProperty *> &properties, VxTime time);
 
 /// Why values were not set: `refused` out of `count`, of which `locked` are locked or follow

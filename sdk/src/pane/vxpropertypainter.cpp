@@ -7,6 +7,7 @@
 #include <QtWidgets/QApplication>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxpropertyhelper.h>
+#include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
 namespace {
@@ -204,8 +205,14 @@ void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem
         painter->setFont(font);
         painter->setPen(mix(option.palette.color(QPalette::Base), color, WordStrength));
     }
-    const bool number = qobject_cast<const VxNumericProperty *>(property) != nullptr;
-    drawText(painter, room, text, number ? Qt::AlignRight : Qt::AlignLeft);
+    const auto *number = qobject_cast<const VxNumericProperty *>(property);
+    const auto fits = [&](const QString &shown) {
+        return painter->fontMetrics().horizontalAdvance(shown) <= room.width();
+    };
+    const bool cut = number && !word && !fits(text);
+    const VxTime time = vxScene ? vxScene->getTime() : 0;
+    drawText(painter, room, cut ? VxPropertyValue::narrowText(number, time, fits) : text,
+             number ? Qt::AlignRight : Qt::AlignLeft);
     painter->restore();
 }
 

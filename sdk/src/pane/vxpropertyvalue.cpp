@@ -80,6 +80,24 @@ QString VxPropertyValue::text(const VxProperty *property, VxTime time)
                   : QString();
 }
 
+QString VxPropertyValue::narrowText(const VxNumericProperty *property, VxTime time,
+                                    const std::function<bool(const QString &)> &fits)
+{
+    const double value = shownValue(property, time);
+    for (int decimals = ShownDecimals; decimals >= 0; --decimals) {
+        const QString text = withSign(property, numberText(value, decimals));
+        if (fits(text))
+            return text;
+    }
+    QString text;
+    for (int digits = ShownDecimals; digits > 0; --digits) {
+        text = withSign(property, QString::number(value, 'g', digits));
+        if (fits(text))
+            break;
+    }
+    return text;
+}
+
 QString VxPropertyValue::fullText(const VxProperty *property, VxTime time)
 {
     const auto *number = qobject_cast<const VxFloatProperty *>(property);

@@ -2,6 +2,7 @@
 #define PANE_VXPROPERTYVALUE_H
 
 #include <QtCore/QString>
+#include <functional>
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
@@ -22,6 +23,10 @@ enum Result {
 /// The value at a time as a list shows it: a percentage property times 100 with a percent sign, a
 /// switch as a word, other numbers with up to four decimals.
 VXCORE_EXPORT QString text(const VxProperty *property, VxTime time);
+/// The same for a place that is too narrow for it: as many digits as fit, and never a part of them
+/// that would read as another number. The shortest text when none fits.
+VXCORE_EXPORT QString narrowText(const VxNumericProperty *property, VxTime time,
+                                 const std::function<bool(const QString &)> &fits);
 /// The same with every digit that the number has.
 VXCORE_EXPORT QString fullText(const VxProperty *property, VxTime time);
 
