@@ -1,6 +1,7 @@
 #include "timepanetestbase.h"
 
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void widthChangesNothingInOtherModes();
     void graphWithoutCurvesSaysHowToGetSome();
     void emptySheetSaysWhatIsListed();
+    void controlsExplainThemselves();
 };
 
 void TestTimePaneLayout::settingTheSameModeTellsNothing()
@@ -400,6 +402,25 @@ void TestTimePaneLayout::graphWithoutCurvesSaysHowToGetSome()
     QVERIFY(hint->isVisible());
     // A press goes to the graph.
     QCOMPARE(view->childAt(hint->geometry().center()), nullptr);
+}
+
+/// A control whose label is a letter or a word, or that has none, explains itself.
+void TestTimePaneLayout::controlsExplainThemselves()
+{
+    QSet<QString> texts;
+    int count = 0;
+    const auto check = [&](const QWidget *control) {
+        QVERIFY2(!control->toolTip().isEmpty(), qPrintable(control->objectName()));
+        texts.insert(control->toolTip());
+        ++count;
+    };
+    for (const QAbstractSpinBox *field : pane->findChildren<QAbstractSpinBox *>())
+        check(field);
+    for (const QAbstractButton *button : pane->findChildren<QAbstractButton *>())
+        check(button);
+    check(find<QWidget>("TimelineTimeRangeSldr"));
+    QVERIFY(count > 20);
+    QCOMPARE(texts.size(), count); // each its own
 }
 
 // The picture below the first rows, where nothing is painted but the time's line at the left.

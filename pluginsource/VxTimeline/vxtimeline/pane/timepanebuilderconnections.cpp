@@ -16,6 +16,7 @@
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanebuilder.h"
 #include "vxtimeline/pane/timepanebuttonhelp.h"
+#include "vxtimeline/pane/timepanefieldhelp.h"
 #include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
@@ -35,6 +36,7 @@ void TimePaneBuilder::makeConnections()
     connectTransport();
     connectKeyControls();
     TimePaneButtonHelp::attach(m_pane);
+    addTimePaneFieldHelp(m_pane);
     QObject::connect(vxApp, &VxApp::styleChanged, m_pane, &Pane::doStyling);
     QObject::connect(m_pane, &Pane::keyGraphOpenChanged, m_pane, &Pane::handleKeyGraphOpenChanged);
 }
