@@ -1,6 +1,7 @@
 #include "figurelines.h"
 
 #include <QMatrix4x4>
+#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
@@ -14,6 +15,15 @@ struct Visit
     QVector3D parentAt;
     VxNode *parentBone; // null when the parent is no bone
 };
+
+// Places farther away cannot be computed with: their squares leave single precision.
+constexpr float Farthest = 1e18f;
+
+bool isPlace(const QVector3D &at)
+{
+    return std::abs(at.x()) < Farthest && std::abs(at.y()) < Farthest &&
+           std::abs(at.z()) < Farthest;
+}
 
 bool isBone(const VxNode *node)
 {
@@ -32,8 +42,10 @@ bool hasBoneBelow(const VxNode *bone)
 FigureLines::Axes axesOf(VxNode *node, const QMatrix4x4 &world, const QVector3D &at)
 {
     FigureLines::Axes axes{at, {}, node, node->isSelected()};
-    for (int i = 0; i < 3; ++i)
-        axes.directions[size_t(i)] = world.column(i).toVector3D().normalized();
+    for (int i = 0; i < 3; ++i) {
+        const QVector3D direction = world.column(i).toVector3D();
+        axes.directions[size_t(i)] = isPlace(direction) ? direction.normalized() : QVector3D();
+    }
     return axes;
 }
 
@@ -43,8 +55,9 @@ void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureL
     const bool figure = qobject_cast<const VxSkeleton *>(node) != nullptr;
     if ((!bone && !figure) || node == node->getScene()->getPrimarySelection())
         lines->axes.append(axesOf(node, world, at));
-    if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull())
-        lines->bones.append({at, world.map(node->getEndPoint()), node, node->isSelected()});
+    const QVector3D end = world.map(node->getEndPoint());
+    if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull() && isPlace(end))
+        lines->bones.append({at, end, node, node->isSelected()});
     // A figure's own place is no joint of it; it shows when it has nothing else to show.
     if (!figure || node->getNumNodeChildren() == 0)
         lines->joints.append({at, node, node->isSelected()});
@@ -64,6 +77,8 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
         VxNode *node = visit.node;
         const QMatrix4x4 world = visit.parentWorld * node->getLocalTransform(time);
         const QVector3D at = world.column(3).toVector3D();
+        if (!isPlace(at))
+            continue;
         // The line to a bone is its parent's, and is there without the bone.
         if (visit.parentBone && isBone(node))
             lines.bones.append(

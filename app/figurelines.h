@@ -39,7 +39,8 @@ struct FigureLines
     QVector<Joint> joints;
     QVector<Axes> axes;
 
-    /// Nodes that are not visible are left out with all that hangs below them. A bone leads to each
+    /// Nodes that are not visible are left out with all that hangs below them; so are
+    /// places that are no numbers, or too far away for single precision. A bone leads to each
     /// of its bones, visible or not; one without any leads to its end point. A node that is neither
     /// bone nor figure has axes, and so has the primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);

@@ -1,5 +1,8 @@
 #include "viewportcamera.h"
 
+#include "pointbox.h"
+
+#include <QRectF>
 #include <algorithm>
 #include <cmath>
 
@@ -8,8 +11,10 @@ namespace {
 constexpr float HalfFieldOfView = 20; // degrees, over the shorter side of the view
 constexpr float DegreesPerPixel = 0.4f;
 constexpr float SteepestPitch = 89;
-constexpr float SmallestDistance = 1e-3f;
-constexpr float LargestDistance = 1e7f;
+// Figures come in any unit of length, from kilometres to microns.
+constexpr float SmallestDistance = 1e-6f;
+constexpr float LargestDistance = 1e18f;
+constexpr double Surroundings = 64; // pixels around the view in which lines are drawn, too
 constexpr float FramedPart = 0.85f; // of the view
 constexpr float AxisPixels = 30;
 
@@ -18,17 +23,33 @@ float radians(float degrees)
     return degrees * float(M_PI) / 180;
 }
 
-QVector3D middleOf(const QVector<QVector3D> &points)
+/// Cuts off what lies before `low` or beyond `high` in one coordinate, that runs from `from` by
+/// `step`; first and last are the parts of the line that are left.
+void cut(double from, double step, double low, double high, double *first, double *last)
 {
-    QVector3D low = points.constFirst();
-    QVector3D high = low;
-    for (const QVector3D &point : points) {
-        for (int axis = 0; axis < 3; ++axis) {
-            low[axis] = std::min(low[axis], point[axis]);
-            high[axis] = std::max(high[axis], point[axis]);
-        }
+    if (step == 0) {
+        if (from < low || from > high)
+            *last = -1;
+        return;
     }
-    return (low + high) / 2;
+    const double a = (low - from) / step;
+    const double b = (high - from) / step;
+    *first = std::max(*first, std::min(a, b));
+    *last = std::min(*last, std::max(a, b));
+}
+
+/// The part of a line within a box; nothing when there is none. A painter would take long for what
+/// reaches far beyond its picture.
+std::optional<QLineF> within(const QLineF &line, const QRectF &box)
+{
+    double first = 0;
+    double last = 1;
+    cut(line.x1(), line.dx(), box.left(), box.right(), &first, &last);
+    cut(line.y1(), line.dy(), box.top(), box.bottom(), &first, &last);
+    if (first > last)
+        return std::nullopt;
+    return QLineF(first > 0 ? line.pointAt(first) : line.p1(),
+                  last < 1 ? line.pointAt(last) : line.p2());
 }
 
 } // namespace
@@ -64,15 +85,26 @@ void ViewportCamera::pan(const QPointF &pixels)
 
 void ViewportCamera::zoom(double factor)
 {
-    if (factor > 0 && std::isfinite(factor))
-        m_distance = std::clamp(m_distance / float(factor), SmallestDistance, LargestDistance);
+    zoom(factor, QPointF(m_size.width(), m_size.height()) / 2);
+}
+
+void ViewportCamera::zoom(double factor, const QPointF &pixel)
+{
+    if (!(factor > 0) || !std::isfinite(factor))
+        return;
+    const QPointF offset = pixel - QPointF(m_size.width(), m_size.height()) / 2;
+    const float before = unitsPerPixel();
+    m_distance = float(
+        std::clamp(double(m_distance) / factor, double(SmallestDistance), double(LargestDistance)));
+    const float gained = before - unitsPerPixel();
+    m_target += (m_right * float(offset.x()) - m_up * float(offset.y())) * gained;
 }
 
 void ViewportCamera::frame(const QVector<QVector3D> &points)
 {
     if (points.isEmpty())
         return;
-    m_target = middleOf(points);
+    m_target = PointBox(points).middle();
     const float side = float(std::min(m_size.width(), m_size.height()));
     const float slope = std::tan(radians(HalfFieldOfView)) * FramedPart / side;
     const float slopeX = slope * float(m_size.width());
@@ -107,7 +139,9 @@ std::optional<QLineF> ViewportCamera::project(const QVector3D &from, const QVect
         a += (b - a) * ((nearest - a.z()) / (b.z() - a.z()));
     else if (b.z() < nearest)
         b += (a - b) * ((nearest - b.z()) / (a.z() - b.z()));
-    return QLineF(toPixel(a), toPixel(b));
+    const QRectF view(QPointF(), m_size);
+    return within(QLineF(toPixel(a), toPixel(b)),
+                  view.adjusted(-Surroundings, -Surroundings, Surroundings, Surroundings));
 }
 
 float ViewportCamera::unitsPerPixel() const

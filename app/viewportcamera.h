@@ -28,8 +28,10 @@ public:
     void orbit(const QPointF &pixels);
     /// Shifts the target so that what lies at its depth follows the mouse.
     void pan(const QPointF &pixels);
-    /// Divides the distance by a factor above 0; others are ignored.
+    /// Divides the distance by a factor above 0; others are ignored. What lies at a pixel, at the
+    /// target's depth, stays there; without a pixel that is the target.
     void zoom(double factor);
+    void zoom(double factor, const QPointF &pixel);
     /// Keeps the direction and shows all points, as large as fits with a margin, the middle of
     /// their box as the target. One place alone is looked at from the first distance; no point at
     /// all leaves everything as it is.
@@ -37,7 +39,8 @@ public:
 
     /// The pixel of a point; nothing when it does not lie before the camera.
     std::optional<QPointF> project(const QVector3D &point) const;
-    /// The part of a line that lies before the camera; nothing when there is none.
+    /// The part of a line that lies before the camera and within the view, or close to it; nothing
+    /// when there is none.
     std::optional<QLineF> project(const QVector3D &from, const QVector3D &to) const;
 
     /// How far a point lies before the eye, along the view's direction; below 0 behind it.

@@ -3,18 +3,18 @@
 #include "figurelines.h"
 #include "figurepainter.h"
 #include "groundgrid.h"
+#include "pointbox.h"
 
 #include <QAction>
 #include <QEvent>
 #include <QPainter>
-#include <algorithm>
 #include <vxcore/vxscene.h>
 
 namespace {
 
 constexpr int FramedPoses = 9;
-// A joint alone is framed with this part of the view's distance around it.
-constexpr float LoneJointReach = 0.12f;
+// A joint alone is framed with this part of the scene's size around it.
+constexpr float LoneJointReach = 0.05f;
 
 QColor groundColor(GroundLine::Role role, const QPalette &palette)
 {
@@ -29,13 +29,6 @@ QColor groundColor(GroundLine::Role role, const QPalette &palette)
         return viewportColor("Style_Z_Axis", Qt::blue);
     }
     return QColor();
-}
-
-bool areOnePlace(const QVector<QVector3D> &points)
-{
-    return std::all_of(points.cbegin(), points.cend(), [&points](const QVector3D &point) {
-        return (point - points.first()).isNull();
-    });
 }
 
 } // namespace
@@ -90,13 +83,14 @@ void ViewportWidget::frameAll()
 
 void ViewportWidget::frameSelection()
 {
-    QVector<QVector3D> points = FigureLines::collect(*m_scene, m_scene->getTime()).selectedPoints();
+    const FigureLines lines = FigureLines::collect(*m_scene, m_scene->getTime());
+    QVector<QVector3D> points = lines.selectedPoints();
     if (points.isEmpty()) {
         frameAll();
         return;
     }
-    if (areOnePlace(points)) {
-        const float reach = m_camera.distance() * LoneJointReach;
+    if (PointBox(points).size() == 0) {
+        const float reach = PointBox(lines.points()).size() * LoneJointReach;
         const QVector3D corner(reach, reach, reach);
         points = {points.first() - corner, points.first() + corner};
     }

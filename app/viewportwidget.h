@@ -16,7 +16,8 @@ class VxViewportMgr;
 /// over a ground grid.
 ///
 /// The mouse does what the viewport conventions say; without an operation of its own the left
-/// button orbits when it is dragged and selects when it is clicked, and the wheel zooms. The grid
+/// button orbits when it is dragged and selects when it is clicked, and the wheel zooms about what
+/// lies under the mouse. The grid
 /// depends on the camera only and is kept as a picture, so that playback paints the figures alone.
 class ViewportWidget : public QWidget
 {
@@ -42,7 +43,7 @@ public Q_SLOTS:
     /// Shows everything that moves within the play range; the world's origin in an empty scene.
     void frameAll();
     /// Shows the selected nodes and what hangs on them as they are now; everything when nothing is
-    /// selected.
+    /// selected. One joint alone is shown with some of what is around it.
     void frameSelection();
 
 protected:

@@ -73,7 +73,7 @@ void ViewportWidget::leaveEvent(QEvent *event)
 void ViewportWidget::wheelEvent(QWheelEvent *event)
 {
     ViewportCamera camera = m_camera;
-    camera.zoom(std::pow(WheelFactor, event->angleDelta().y() / 120.0));
+    camera.zoom(std::pow(WheelFactor, event->angleDelta().y() / 120.0), event->position());
     setCamera(camera);
     event->accept();
 }

@@ -3,6 +3,7 @@
 #include "testing/vxwarningguard.h"
 
 #include <QtTest>
+#include <limits>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxscene.h>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void hiddenNodesAreLeftOut();
     void hidingHidesWhatIsBelow();
     void plainNodesAreJoints();
+    void placesThatAreNoNumbersAreLeftOut();
     void points();
 
 private:
@@ -131,6 +133,28 @@ void tst_FigureLines::plainNodesAreJoints()
     QVERIFY(lines.bones.isEmpty());
     QCOMPARE(lines.joints.size(), 2);
     QCOMPARE(lines.joints.at(0).at, QVector3D(1, 2, 3));
+}
+
+void tst_FigureLines::placesThatAreNoNumbersAreLeftOut()
+{
+    Figure figure;
+    // Its place is a number still; that of its end is none.
+    figure.knee->getScaleControl()->setStoredValue(std::numeric_limits<float>::max());
+    QCOMPARE(FigureLines::collect(figure.scene, 0).bones.size(), 2);
+    figure.hip->setOrigin({0, std::numeric_limits<float>::quiet_NaN(), 0});
+    QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
+    figure.hip->setOrigin({0, std::numeric_limits<float>::infinity(), 0});
+    QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
+    figure.hip->setOrigin({0, 1e30f, 0});
+    QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
+    figure.hip->setOrigin({0, 1e10f, 0});
+    QCOMPARE(FigureLines::collect(figure.scene, 0).joints.size(), 3);
+    auto *node = new VxNode(QStringLiteral("endless"));
+    node->getScaleControl()->setStoredValue(std::numeric_limits<float>::max());
+    figure.scene.addNode(node);
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(lines.axes.size(), 1);
+    QCOMPARE(lines.axes.first().directions[0], QVector3D());
 }
 
 void tst_FigureLines::points()

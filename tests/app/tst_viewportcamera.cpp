@@ -54,6 +54,8 @@ private Q_SLOTS:
     void dragToTheRightTurnsTheFrontToTheRight();
     void panTakesThePointAlong();
     void zoom();
+    void zoomKeepsWhatIsUnderTheMouse();
+    void linesAreCutNearTheView();
     void zoomIgnoresNonsense_data();
     void zoomIgnoresNonsense();
     void framedPointsFillTheView_data();
@@ -172,6 +174,51 @@ void tst_ViewportCamera::zoom()
     camera.zoom(1e-30);
     QVERIFY(std::isfinite(camera.distance()));
     QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
+}
+
+void tst_ViewportCamera::zoomKeepsWhatIsUnderTheMouse()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QPointF pixel(500, 90);
+    const QPointF offset = pixel - QPointF(320, 200);
+    const QVector3D under = camera.target() +
+                            rightOf(camera) * (float(offset.x()) * camera.unitsPerPixel()) -
+                            upOf(camera) * (float(offset.y()) * camera.unitsPerPixel());
+    const ViewportCamera before = camera;
+    QVERIFY(isAt(camera.project(under), pixel));
+    for (const double factor : {1.15, 3.0, 0.2}) {
+        camera.zoom(factor, pixel);
+        QVERIFY(isAt(camera.project(under), pixel, 0.05));
+    }
+    camera.zoom(1 / (1.15 * 3.0 * 0.2), pixel);
+    QVERIFY((camera.target() - before.target()).length() < 1e-4f); // there and back
+    camera = before;
+    camera.zoom(2, {320, 200});
+    QCOMPARE(camera.target(), before.target());
+}
+
+void tst_ViewportCamera::linesAreCutNearTheView()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D right = rightOf(camera);
+    const QRectF around(-70, -70, 780, 540);
+    // From the middle very far to the right: on the same line, but no farther than needed.
+    const auto line = camera.project(camera.target(), camera.target() + right * 1e9f);
+    QVERIFY(line);
+    QVERIFY(isAt(line->p1(), {320, 200}));
+    QVERIFY(around.contains(line->p2()) && line->p2().x() > 640);
+    QVERIFY(std::abs(line->p2().y() - 200) < Near);
+    // From one side to the other, and past the view.
+    const auto across =
+        camera.project(camera.target() - right * 1e9f, camera.target() + right * 1e9f);
+    QVERIFY(across && across->p1().x() < 0 && across->p2().x() > 640);
+    const QVector3D above = upOf(camera) * 1e3f;
+    QVERIFY(!camera.project(camera.target() - right + above, camera.target() + right + above));
+    const QVector3D beside = right * 1e3f;
+    QVERIFY(!camera.project(camera.target() + beside, camera.target() + beside * 2));
+    // What lies within is left alone.
+    const auto whole = camera.project(camera.target(), camera.target() + right * 0.1f);
+    QVERIFY(whole && isAt(camera.project(camera.target() + right * 0.1f), whole->p2()));
 }
 
 void tst_ViewportCamera::zoomIgnoresNonsense_data()

@@ -39,7 +39,11 @@ private Q_SLOTS:
     void aDragSelectsNothing();
     void theNodeUnderTheMouseIsShown();
     void theSelectionIsFramed();
+    void framingAgainChangesNothing();
+    void figuresOfAnySize_data();
+    void figuresOfAnySize();
     void hiddenNodesAreNotPainted();
+    void hiddenFiguresAreNotPaintedOrHit();
     void aFrameOf170Bones();
 
 private:
@@ -138,10 +142,12 @@ void tst_ViewportWidget::emptySceneShowsAHint()
 void tst_ViewportWidget::wheelZooms()
 {
     const float before = m_view->camera().distance();
+    const QVector3D target = m_view->camera().target();
     QWheelEvent up(QPointF(50, 50), QPointF(50, 50), QPoint(), QPoint(0, 120), Qt::NoButton,
                    Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(m_view.data(), &up);
     QVERIFY(m_view->camera().distance() < before);
+    QVERIFY(m_view->camera().target() != target); // about the mouse
     QVERIFY(up.isAccepted());
 }
 
@@ -271,6 +277,52 @@ void tst_ViewportWidget::theSelectionIsFramed()
     vxScene->selectAllNodes(false);
     QTest::keyClick(m_view->windowHandle(), Qt::Key_F);
     QVERIFY(m_view->camera().target().x() > 20); // all of it
+}
+
+void tst_ViewportWidget::framingAgainChangesNothing()
+{
+    addNode("light", {3, 1, 0})->select();
+    m_view->frameSelection();
+    const ViewportCamera once = m_view->camera();
+    QVERIFY((once.target() - QVector3D(3, 1, 0)).length() < 1e-4f);
+    QVERIFY(once.distance() < 3); // closer than all of the scene
+    for (int i = 0; i < 5; ++i)
+        m_view->frameSelection();
+    QVERIFY(m_view->camera() == once);
+}
+
+void tst_ViewportWidget::figuresOfAnySize_data()
+{
+    QTest::addColumn<float>("scale");
+    QTest::newRow("microns") << 1e-4f;
+    QTest::newRow("metres") << 1.f;
+    QTest::newRow("centimetres") << 100.f;
+    QTest::newRow("a hundred times too large") << 1e4f;
+    QTest::newRow("as large as a planet") << 1e9f;
+}
+
+void tst_ViewportWidget::figuresOfAnySize()
+{
+    QFETCH(float, scale);
+    vxScene->getRootNodes().first()->getScaleControl()->setStoredValue(scale);
+    m_view->frameAll();
+    QCOMPARE(m_view->nodeAt(pixel({0, 2 * scale, 0})), m_bone);
+    // The bone fills the view as it did; only the grid has another step.
+    const QPoint top = pixel({0, 4 * scale, 0});
+    const QPoint foot = pixel({0, 0, 0});
+    QVERIFY(foot.y() - top.y() > 150 && top.y() > 0 && foot.y() < m_view->height());
+    QVERIFY(lightness(picture(), pixel({0, 2 * scale, 0})) > 140);
+}
+
+void tst_ViewportWidget::hiddenFiguresAreNotPaintedOrHit()
+{
+    const QPoint at = pixel({0, 2, 0});
+    vxScene->getRootNodes().first()->setVisible(false);
+    QTRY_VERIFY(lightness(picture(), at) < 120);
+    QVERIFY(!m_view->nodeAt(at));
+    VxMouseDriver(m_view.data()).click(at);
+    QCOMPARE(vxScene->getNumSelectedNodes(), 0);
+    QVERIFY(m_bone->isVisible());
 }
 
 void tst_ViewportWidget::hiddenNodesAreNotPainted()
