@@ -215,7 +215,8 @@ void SceneTreeView::tellDisplaced(const QVector<VxNode *> &nodes)
         return;
     const QString text =
         nodes.size() == 1
-            ? tr("\"%1\" could not keep its place: its new parent cannot hold it as it was.")
+            ? tr("\"%1\" is not where it was: values that are locked or linked, or a scale above "
+                 "it, do not let it stay.")
                   .arg(nodes.first()->getLabel())
             : tr("%1 nodes could not keep their places below their new parent.").arg(nodes.size());
     window->showStatusMessage(text);

@@ -95,6 +95,7 @@ private Q_SLOTS:
     void fromAParentOfNoSizeThePlaceIsKept();
     void noNumbers();
     void lockedAndLinkedControlsStay();
+    void aLockedScaleIsMadeUpForByTheAxes();
     void undoIsExact();
     void anyTwoPlaces();
 
@@ -450,9 +451,23 @@ void tst_VxNodeHelper::lockedAndLinkedControlsStay()
     m_ball->getXPosControl()->setLink(driver->getXPosControl());
     const QString driven = valuesOf(driver);
     const float own = m_ball->getXPosControl()->getStoredValue();
+    const QVector3D place = m_ball->getWorldTransform(0).column(3).toVector3D();
     QVERIFY(!move(nullptr));
     QCOMPARE(m_ball->getXPosControl()->getStoredValue(), own);
+    const QVector3D after = m_ball->getWorldTransform(0).column(3).toVector3D();
+    QVERIFY(qAbs(after.y() - place.y()) < 1e-4f && qAbs(after.z() - place.z()) < 1e-4f);
     QCOMPARE(valuesOf(driver), driven);
+}
+
+void tst_VxNodeHelper::aLockedScaleIsMadeUpForByTheAxes()
+{
+    m_arm->getScaleControl()->setStoredValue(4);
+    m_ball->getScaleControl()->setLocked(true);
+    const QMatrix4x4 before = m_ball->getWorldTransform(0);
+    QVERIFY(move(m_hand));
+    QVERIFY(difference(before, m_ball->getWorldTransform(0)) < Same);
+    QCOMPARE(m_ball->getScaleControl()->getStoredValue(), 1.0f);
+    QCOMPARE(m_ball->getYScaleControl()->getStoredValue(), 0.25f);
 }
 
 void tst_VxNodeHelper::undoIsExact()

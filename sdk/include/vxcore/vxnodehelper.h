@@ -25,9 +25,9 @@ VXCORE_EXPORT VxNode *getHiddenAncestor(const VxNode *node);
 /// values. Between keys the way may differ from before.
 ///
 /// Returns false when the node is not where it was at the given time: a skew that rotation and
-/// scale cannot express is lost; controls that are locked, linked or overridden stay as they are,
-/// with the others of their kind; and below a parent of no size, or with values that are no
-/// numbers, nothing is changed at all. Recorded for undo while a hold is open.
+/// scale cannot express is lost; controls that are locked, linked or overridden stay as they are
+/// (of the rotation all three, when one of them does); and below a parent of no size, or with
+/// values that are no numbers, nothing is changed at all. Recorded for undo while a hold is open.
 VXCORE_EXPORT bool keepWorldPlace(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
                                   VxTime time);
 

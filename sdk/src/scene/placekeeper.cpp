@@ -80,7 +80,8 @@ bool PlaceKeeper::solve()
     const bool conformal =
         std::all_of(m_relations.begin(), m_relations.end(),
                     [](const AffineTransform &relation) { return relation.isConformal(); });
-    const StretchTarget target = conformal ? StretchTarget::Uniform : StretchTarget::Axes;
+    const StretchTarget target =
+        conformal && isAvailable(UniformScale) ? StretchTarget::Uniform : StretchTarget::Axes;
     const NodeSamples samples(m_node, m_times);
     for (size_t i = 0; i < m_times.size(); ++i) {
         m_old.push_back(samples.at(i));
@@ -106,25 +107,25 @@ bool PlaceKeeper::keep()
     if (m_relations.empty() || !solve())
         return false;
     const VxChangeBlock block;
-    // Of three angles, two are of no use without the third.
-    const NodeControl groups[][2] = {
-        {XPosition, ZPosition}, {XRotation, ZRotation}, {UniformScale, ZScale}};
-    for (const auto &group : groups) {
-        if (!isAvailable(group[0], group[1]))
-            continue;
-        for (int control = group[0]; control <= group[1]; ++control)
-            write(static_cast<NodeControl>(control));
+    for (int i = 0; i < NodeControlCount; ++i) {
+        const auto control = static_cast<NodeControl>(i);
+        if (isAvailable(control))
+            write(control);
     }
     return isInPlace();
 }
 
-bool PlaceKeeper::isAvailable(NodeControl first, NodeControl last) const
+/** A place along one axis is better than none; of three angles, two are of no use. */
+bool PlaceKeeper::isAvailable(NodeControl control) const
 {
-    return std::all_of(m_controls.begin() + first, m_controls.begin() + last + 1,
-                       [](const VxFloatProperty *control) {
-                           return control && !control->isLocked() && !control->isLinked() &&
-                                  control->getKeyHolder() == control;
-                       });
+    const auto isFree = [](const VxFloatProperty *property) {
+        return property && !property->isLocked() && !property->isLinked() &&
+               property->getKeyHolder() == property;
+    };
+    if (isRotation(control))
+        return std::all_of(m_controls.begin() + XRotation, m_controls.begin() + ZRotation + 1,
+                           isFree);
+    return isFree(m_controls[control]);
 }
 
 double PlaceKeeper::tolerance(NodeControl control) const

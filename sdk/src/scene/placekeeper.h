@@ -27,7 +27,7 @@ public:
 private:
     bool sampleRelations(const VxNode *oldParent, const VxNode *newParent);
     bool solve();
-    bool isAvailable(NodeControl first, NodeControl last) const;
+    bool isAvailable(NodeControl control) const;
     void write(NodeControl control);
     void writeKeys(NodeControl control);
     /// Makes a key at the time where the curve between two keys does not lead past the right value.
