@@ -206,6 +206,9 @@ void SceneTreeView::dropEvent(QDropEvent *event)
     const bool keepsValues = event->keyboardModifiers() & Qt::ShiftModifier;
     m_model->setDropKeeps(keepsValues ? SceneEdits::Kept::Values : SceneEdits::Kept::WorldPlace);
     QTreeView::dropEvent(event);
+    // A parent that is closed would hide what was dropped there.
+    if (currentIndex().isValid())
+        scrollTo(currentIndex());
 }
 
 void SceneTreeView::tellDisplaced(const QVector<VxNode *> &nodes)

@@ -75,6 +75,7 @@ private:
     QVector<VxNode *> anyNodes();
     void edit();
     void editNode(VxNode *node);
+    void moveNodes(const QVector<VxNode *> &nodes, VxNode *parent, int index);
     void checkViews();
     QString sheetNodes(const QModelIndex &above, QString *error) const;
     void checkProperties(const QModelIndex &row, const VxNode *node, QString *error) const;
@@ -86,6 +87,7 @@ private:
     QAbstractItemModel *m_sheet = nullptr;
     SceneTreeModel *m_tree = nullptr;
     int m_made = 0;
+    int m_kept = 0; // nodes that stayed in place below another one
 };
 
 void tst_SceneEditsRandom::init()
@@ -101,6 +103,7 @@ void tst_SceneEditsRandom::init()
     m_tree =
         qobject_cast<VxScenePane *>(window()->getPaneMgr()->findPane("VxScenePane"))->getModel();
     m_made = 0;
+    m_kept = 0;
 }
 
 void tst_SceneEditsRandom::cleanup()
@@ -137,12 +140,37 @@ void tst_SceneEditsRandom::edit()
     } else if (kind == 2) {
         SceneEdits::remove(vxScene, anyNodes());
     } else if (kind < 5) {
-        SceneEdits::move(vxScene, anyNodes(), below(4) ? anyNode() : nullptr, below(6) - 1,
-                         below(3) ? SceneEdits::Kept::WorldPlace : SceneEdits::Kept::Values);
+        moveNodes(anyNodes(), below(4) ? anyNode() : nullptr, below(6) - 1);
     } else if (kind == 5) {
         SceneEdits::setVisible(anyNodes(), below(2));
     } else {
         editNode(anyNode());
+    }
+}
+
+/** Places in the world are kept by all that are not named as displaced, when they shall be. */
+void tst_SceneEditsRandom::moveNodes(const QVector<VxNode *> &nodes, VxNode *parent, int index)
+{
+    const VxTime now = vxScene->getTime();
+    const QVector<VxNode *> tops = SceneEdits::topmost(vxScene, nodes);
+    QVector<QMatrix4x4> before;
+    for (const VxNode *node : tops)
+        before << node->getWorldTransform(now);
+    const auto kept = below(3) ? SceneEdits::Kept::WorldPlace : SceneEdits::Kept::Values;
+    QVector<VxNode *> displaced;
+    SceneEdits::move(vxScene, nodes, parent, index, kept, &displaced);
+    for (int i = 0; i < tops.size(); ++i) {
+        const QMatrix4x4 after = tops.at(i)->getWorldTransform(now);
+        float most = 0;
+        float size = 1;
+        for (int j = 0; j < 16; ++j) {
+            QVERIFY(qIsFinite(after.constData()[j]));
+            size = qMax(size, qAbs(before.at(i).constData()[j]));
+            most = qMax(most, qAbs(after.constData()[j] - before.at(i).constData()[j]));
+        }
+        const bool stays = kept == SceneEdits::Kept::WorldPlace && !displaced.contains(tops.at(i));
+        QVERIFY2(!stays || most <= 1e-3f * size, qPrintable(tops.at(i)->getLabel()));
+        m_kept += stays && tops.at(i)->getNodeParent() ? 1 : 0;
     }
 }
 
@@ -304,6 +332,7 @@ void tst_SceneEditsRandom::viewsAgreeWithTheScene()
     }
     const int end = history->count();
     QVERIFY(end > 5);
+    QVERIFY(m_kept > 20);
     history->setIndex(end);
     while (history->canUndo()) {
         history->undo();

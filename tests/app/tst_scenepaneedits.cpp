@@ -51,6 +51,7 @@ private Q_SLOTS:
     void draggedNodesStayInPlace();
     void withShiftTheyKeepTheirValues();
     void dropsThatCannotKeepThePlaceAreToldOf();
+    void whatWasDroppedIsSeen();
     void orderFollowsTheScene();
     void searchShowsMatchesAndWhatIsAbove();
     void searchFollowsTheScene();
@@ -460,6 +461,13 @@ void tst_ScenePaneEdits::dropsThatCannotKeepThePlaceAreToldOf()
     m_hip->getScaleControl()->setStoredValue(0);
     drag(middle(m_light), middle(m_hip));
     QVERIFY(window.statusBar()->currentMessage().contains("\"light\""));
+}
+
+void tst_ScenePaneEdits::whatWasDroppedIsSeen()
+{
+    view()->collapse(index(m_hip));
+    drag(middle(m_light), middle(m_hip));
+    QCOMPARE(shown(), QString("figure hip left right light camera"));
 }
 
 void tst_ScenePaneEdits::orderFollowsTheScene()

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void scriptEditsAreUndoneLikeOthers();
     void holdsEndWithTheProgram_data();
     void holdsEndWithTheProgram();
+    void anotherParentWithAndWithoutThePlace();
     void manualExamplesDoWhatTheManualSays();
     void badArguments_data();
     void badArguments();
@@ -334,6 +335,22 @@ void TestScriptEngine::holdsEndWithTheProgram()
     QVERIFY(stack->isRecording());
     outer.accept(QStringLiteral("Outer"));
     QCOMPARE(stack->undoText(), QStringLiteral("Outer"));
+}
+
+void TestScriptEngine::anotherParentWithAndWithoutThePlace()
+{
+    m_engine->evaluate(QStringLiteral("var a = Scene.addNode('a'), b = Scene.addNode('b');"));
+    const VxNode *a = vxScene->findNode(QStringLiteral("a"));
+    const VxNode *b = vxScene->findNode(QStringLiteral("b"));
+    a->getXPosControl()->setStoredValue(3);
+    QCOMPARE(m_engine->evaluate(QStringLiteral("b.setParent(a)")), QString("true"));
+    QCOMPARE(b->getXPosControl()->getStoredValue(), 0.0f);
+    QCOMPARE(m_engine->evaluate(QStringLiteral("b.setParent(null, -1, true)")), QString("true"));
+    QCOMPARE(b->getXPosControl()->getStoredValue(), 3.0f);
+    QCOMPARE(m_engine->evaluate(QStringLiteral("b.setParent(b, -1, true)")), QString("false"));
+    a->getScaleControl()->setStoredValue(0);
+    QCOMPARE(m_engine->evaluate(QStringLiteral("b.setParent(a, -1, true)")), QString("false"));
+    QCOMPARE(b->getNodeParent(), a); // moved all the same
 }
 
 void TestScriptEngine::manualExamplesDoWhatTheManualSays()

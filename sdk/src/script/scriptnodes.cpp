@@ -6,6 +6,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxmorph.h>
+#include <vxcore/vxnodehelper.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxscene.h>
@@ -88,9 +89,14 @@ QScriptValue setParent(QScriptContext *context, QScriptEngine *)
     const bool none = arguments.has(0) && context->argument(0).isNull();
     auto *parent = none ? nullptr : arguments.object<VxNode>(0, "parent");
     const int index = arguments.integer(1, "index", -1);
+    const bool keepPlace = arguments.has(2) && arguments.boolean(2, "keepPlace");
     if (arguments.failed())
         return arguments.error();
-    return node->setNodeParent(parent, index);
+    const VxNode *oldParent = node->getNodeParent();
+    if (!node->setNodeParent(parent, index))
+        return false;
+    const VxTime now = vxScene ? vxScene->getTime() : 0;
+    return !keepPlace || VxNodeHelper::keepWorldPlace(node, oldParent, parent, now);
 }
 
 QScriptValue select(QScriptContext *context, QScriptEngine *engine)
@@ -136,7 +142,7 @@ const ScriptFunction elementFunctions[] = {
 
 const ScriptFunction nodeFunctions[] = {
     {"getChildren", getChildren, 1},
-    {"setParent", setParent, 2},
+    {"setParent", setParent, 3},
     {"select", select, 1},
     {"addObject", addObject, 1},
 };
