@@ -214,11 +214,19 @@ void TestKeyGraphCrowd::areas()
     const KeyGraphStamp stamp(drawn({QString(32, '#')}));
     for (const int x : {0, 32, 64})
         canvas.put(stamp, QPoint(x, 5));
-    QVERIFY(canvas.hides(0, 5, 63, 5));
-    QVERIFY(canvas.hides(32, 5, 95, 5));
-    QVERIFY(!canvas.hides(33, 5, 96, 5));
-    QVERIFY2(!canvas.hides(0, 5, 64, 5), "more than a word");
-    QVERIFY(!canvas.hides(0, 5, 63, 6));
+    for (int left = 0; left <= 64; ++left)
+        QVERIFY(canvas.hides(left, 5, left + 31, 5));
+    QVERIFY(!canvas.hides(65, 5, 96, 5));
+    QVERIFY(canvas.hides(65, 5, 95, 5));
+    QVERIFY2(!canvas.hides(0, 5, 32, 5), "wider than a stamp");
+    QVERIFY(!canvas.hides(0, 5, 31, 6));
+    QVERIFY(!canvas.hides(0, 4, 31, 5));
+    // Closed by two stamps, each with a part of the area.
+    canvas.put(stamp, QPoint(168, 8));
+    canvas.put(stamp, QPoint(136, 8));
+    QVERIFY(canvas.hides(140, 8, 171, 8));
+    QVERIFY(!canvas.hides(135, 8, 166, 8));
+    QVERIFY(canvas.hides(190, 8, 230, 8));
 }
 
 QImage TestKeyGraphCrowd::lineThrough(const QVector<QPointF> &points, double width)

@@ -11,12 +11,19 @@ namespace {
 constexpr int ClosedAlpha = 250;
 
 constexpr int WordBits = 64;
+constexpr int StripStep = KeyGraphStamp::MaxSide;  // columns from one strip to the next
+constexpr int StripsBefore = 2;                    // begin to the left of the picture
 constexpr int MarginRows = KeyGraphStamp::MaxSide; // above and below the picture, all closed
 
-// The bits from a place within a word on, the last ones from the next word.
-quint64 bitsFrom(quint64 word, quint64 next, int shift)
+// The columns of a strip that lie outside of a picture of this width, as bits.
+quint64 outsideOf(int firstColumn, int width)
 {
-    return word >> shift | (next << 1) << (WordBits - 1 - shift);
+    quint64 outside = 0;
+    for (int bit = 0; bit < WordBits; ++bit) {
+        const int column = firstColumn + bit;
+        outside |= quint64(column < 0 || column >= width) << bit;
+    }
+    return outside;
 }
 
 // Puts pixels that have their bit set under those of a line. Tells which are closed then.
@@ -25,8 +32,8 @@ quint32 putUnder(const QRgb *from, QRgb *to, quint32 bits)
     quint32 closed = 0;
     for (; bits != 0; bits &= bits - 1) {
         const auto column = qCountTrailingZeroBits(bits);
-        QRgb &pixel = to[column];
-        pixel = KeyGraphPixels::over(pixel, from[column]);
+        const QRgb pixel = KeyGraphPixels::over(to[column], from[column]);
+        to[column] = pixel;
         closed |= quint32(qAlpha(pixel) >= ClosedAlpha) << column;
     }
     return closed;
@@ -46,52 +53,57 @@ KeyGraphStamp::KeyGraphStamp(const QImage &picture)
         m_filled.push_back(filled);
         m_pixels.insert(m_pixels.end(), line, line + m_width);
     }
+    m_filled.push_back(0); // rows are asked for in pairs
 }
 
 KeyGraphCanvas::KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size)
     : m_pixels(pixels)
     , m_size(size.expandedTo(QSize(0, 0)))
     , m_rows(static_cast<std::size_t>(m_size.height() + 2 * MarginRows))
-    , m_closed(static_cast<std::size_t>((m_size.width() + WordBits - 1) / WordBits + 2) * m_rows,
-               ~quint64(0))
 {
-    for (int x = 0; x < m_size.width(); x += WordBits) {
-        const int left = m_size.width() - x;
-        const quint64 outside = left >= WordBits ? 0 : ~quint64(0) << left;
-        std::fill_n(m_closed.begin() + std::ptrdiff_t(wordAt(x, 0)), m_size.height(), outside);
+    // The last column lies in two strips, and a stamp that begins there reaches into the next one.
+    const int strips = StripsBefore + (m_size.width() + StripStep - 1) / StripStep + 1;
+    m_closed.assign(static_cast<std::size_t>(strips) * m_rows, ~quint64(0));
+    for (int strip = 0; strip < strips; ++strip) {
+        const int firstColumn = (strip - StripsBefore) * StripStep;
+        const auto first = m_closed.begin() + std::ptrdiff_t(strip) * std::ptrdiff_t(m_rows);
+        std::fill_n(first + MarginRows, m_size.height(), outsideOf(firstColumn, m_size.width()));
     }
 }
 
-// One strip lies to the left of the picture, and at least one to the right.
-std::size_t KeyGraphCanvas::wordAt(int column, int row) const
+// Of the two strips that a column lies in, the one that goes on for MaxSide columns from there.
+KeyGraphCanvas::Place KeyGraphCanvas::placeOf(int column, int row) const
 {
-    return static_cast<std::size_t>((column + WordBits) / WordBits) * m_rows +
-           static_cast<std::size_t>(row + MarginRows);
+    const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
+    const std::size_t strip = fromFirst / StripStep;
+    return {strip * m_rows + static_cast<std::size_t>(row + MarginRows),
+            static_cast<int>(fromFirst % StripStep)};
 }
 
 void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)
 {
-    Q_ASSERT(corner.x() > -WordBits && corner.x() < m_size.width());
+    Q_ASSERT(corner.x() > -StripStep && corner.x() < m_size.width());
     Q_ASSERT(corner.y() > -MarginRows && corner.y() < m_size.height());
-    quint64 *const left = &m_closed[wordAt(corner.x(), corner.y())];
-    quint64 *const right = left + m_rows;
-    const int shift = (corner.x() + WordBits) % WordBits;
+    const Place place = placeOf(corner.x(), corner.y());
+    quint64 *const words = &m_closed[place.word];
     const int height = stamp.height();
-    quint32 open[KeyGraphStamp::MaxSide];
-    quint32 any = 0;
-    for (int row = 0; row < height; ++row) {
-        open[row] = stamp.filled(row) & ~quint32(bitsFrom(left[row], right[row], shift));
-        any |= open[row];
+    const quint32 *const filled = stamp.filled();
+    quint64 any = 0;
+    for (int row = 0; row < height; row += 2) {
+        any |= quint64(filled[row]) << place.bit & ~words[row];
+        any |= quint64(filled[row + 1]) << place.bit & ~words[row + 1];
     }
     if (any == 0)
         return;
     QRgb *line = m_pixels.line(corner.y()) + corner.x();
     for (int row = 0; row < height; ++row, line += m_pixels.stride) {
-        if (open[row] == 0)
+        const quint32 open = filled[row] & ~static_cast<quint32>(words[row] >> place.bit);
+        if (open == 0)
             continue;
-        const quint64 closing = putUnder(stamp.line(row), line, open[row]);
-        left[row] |= closing << shift;
-        right[row] |= (closing >> 1) >> (WordBits - 1 - shift);
+        const quint64 closing = quint64(putUnder(stamp.line(row), line, open)) << place.bit;
+        words[row] |= closing;
+        words[row - std::ptrdiff_t(m_rows)] |= closing << StripStep;
+        words[row + std::ptrdiff_t(m_rows)] |= closing >> StripStep;
     }
 }
 
@@ -103,14 +115,13 @@ bool KeyGraphCanvas::hides(int left, int top, int right, int bottom) const
     const int height = qMin(bottom + 1, m_size.height()) - top;
     if (width <= 0 || height <= 0)
         return true;
-    if (width > WordBits)
+    if (width > KeyGraphStamp::MaxSide)
         return false;
-    const int shift = left % WordBits;
-    const quint64 wanted = ~quint64(0) >> (WordBits - width);
-    const quint64 *const word = &m_closed[wordAt(left, top)];
-    const quint64 *const next = word + m_rows;
+    const Place place = placeOf(left, top);
+    const quint64 wanted = ~quint64(0) >> (WordBits - width) << place.bit;
+    const quint64 *const words = &m_closed[place.word];
     for (int row = 0; row < height; ++row) {
-        if (wanted & ~bitsFrom(word[row], next[row], shift))
+        if (wanted & ~words[row])
             return false;
     }
     return true;

@@ -18,7 +18,8 @@ public:
     explicit KeyGraphStamp(const QImage &picture);
 
     int height() const { return m_height; }
-    quint32 filled(int row) const { return m_filled[static_cast<std::size_t>(row)]; }
+    // A word for each row.
+    const quint32 *filled() const { return m_filled.data(); }
     const QRgb *line(int row) const { return &m_pixels[static_cast<std::size_t>(row * m_width)]; }
 
 private:
@@ -42,17 +43,24 @@ public:
     // Puts a stamp under what is there. It must touch the picture.
     void put(const KeyGraphStamp &stamp, const QPoint &corner);
     // True when every pixel of an area is closed, its last column and row included. An area that
-    // is more than 64 pixels wide counts as open.
+    // is wider than a stamp can be counts as open.
     bool hides(int left, int top, int right, int bottom) const;
 
 private:
-    std::size_t wordAt(int column, int row) const;
+    // A bit of the words below, which stands for a pixel.
+    struct Place
+    {
+        std::size_t word;
+        int bit;
+    };
+    Place placeOf(int column, int row) const;
 
     KeyGraphPixels m_pixels;
     QSize m_size;
     std::size_t m_rows; // with the margins
     // One strip of 64 pixel columns after the other, a word for each row: what a stamp touches
-    // lies side by side.
+    // lies side by side. Each strip shares its halves with its neighbours, so that a stamp at any
+    // place lies wholly within one.
     std::vector<quint64> m_closed;
 };
 

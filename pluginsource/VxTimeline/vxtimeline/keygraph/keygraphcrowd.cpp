@@ -67,7 +67,8 @@ void KeyGraphCrowd::paintCurve(const QVector<QPointF> &points, const QColor &col
     for (int i = 1; i < points.size(); ++i) {
         if (!hides(points.at(i - 1), points.at(i)))
             continue;
-        draw(i - 1);
+        if (first < i - 1)
+            draw(i - 1);
         first = i;
     }
     draw(points.size() - 1);

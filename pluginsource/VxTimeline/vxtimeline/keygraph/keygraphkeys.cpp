@@ -33,41 +33,40 @@ KeyGraphMarks::KeyGraphMarks(const QSize &size)
 {
 }
 
-// Keys come column by column, so it is enough to remember for each row when it was painted last.
-bool KeyGraphMarks::isNew(int top, int look)
-{
-    const int row = top + int(KeyGraphScale::MarkSide) - 1;
-    quint32 &seen = m_seen[static_cast<std::size_t>(row * LookCount + look)];
-    if (seen == m_column)
-        return false;
-    seen = m_column;
-    return true;
-}
-
 // From the last key to the first: of marks that look alike at one place the last one stays, so that
-// it still covers what others have painted there before it.
+// it still covers what others have painted there before it. Keys come column by column, so it is
+// enough to remember for each row when it was painted last. Each key writes its mark where the next
+// one is to stand, which then moves on or not: no branch has to be foreseen.
 const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
                                                      const VxKeyGraphKey *records,
                                                      const KeyGraphScale &scale)
 {
-    m_marks.clear();
-    ++m_column;
+    constexpr int side = int(KeyGraphScale::MarkSide);
     const VxTimeRange times = scale.timesBetween(0, m_size.width());
     const int first = keys.firstFrom(times.getStart());
+    const int end = keys.endAt(times.getEnd());
+    m_marks.resize(static_cast<std::size_t>(qMax(0, end - first)));
+    const QSize size = m_size;
+    quint32 column = m_column + 1;
     int left = std::numeric_limits<int>::min();
-    for (int i = keys.endAt(times.getEnd()) - 1; i >= first; --i) {
-        const QRect rect = scale.markRectOf(keys.times[i], keys.value(i));
-        if (rect.right() < 0 || rect.left() >= m_size.width() || rect.bottom() < 0 ||
-            rect.top() >= m_size.height())
+    KeyGraphMark *next = m_marks.data();
+    for (int i = end - 1; i >= first; --i) {
+        const QPoint corner = scale.markRectOf(keys.times[i], keys.value(i)).topLeft();
+        if (corner.x() <= -side || corner.x() >= size.width() || corner.y() <= -side ||
+            corner.y() >= size.height())
             continue;
-        if (rect.left() != left) {
-            left = rect.left();
-            ++m_column;
-        }
+        column += corner.x() == left ? 0 : 1;
+        left = corner.x();
         const bool selected = records[i].selected;
-        if (isNew(rect.top(), (keys.types[i] & 3) * 2 + (selected ? 1 : 0)))
-            m_marks.push_back({rect.topLeft(), keys.types[i], selected});
+        const int row = corner.y() + side - 1;
+        const int look = (keys.types[i] & 3) * 2 + (selected ? 1 : 0);
+        quint32 &seen = m_seen[static_cast<std::size_t>(row * LookCount + look)];
+        *next = {corner, keys.types[i], selected};
+        next += seen == column ? 0 : 1;
+        seen = column;
     }
+    m_column = column;
+    m_marks.resize(static_cast<std::size_t>(next - m_marks.data()));
     std::reverse(m_marks.begin(), m_marks.end());
     return m_marks;
 }

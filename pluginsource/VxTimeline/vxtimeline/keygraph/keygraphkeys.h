@@ -79,8 +79,6 @@ public:
                                           const KeyGraphScale &scale);
 
 private:
-    bool isNew(int top, int look);
-
     QSize m_size;
     std::vector<quint32> m_seen; // the column in which a row and look was painted last
     quint32 m_column = 0;

@@ -48,28 +48,14 @@ KeyGraphPen::KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, doubl
 {
 }
 
-// A piece ends square, in the direction in which it is counted out.
-QRectF KeyGraphPen::areaOf(const QPointF &from, const QPointF &to, double ratio) const
-{
-    const double left = (from.x() + 0.5) * ratio;
-    const double right = (to.x() + 0.5) * ratio;
-    const double top = (qMin(from.y(), to.y()) + 0.5) * ratio;
-    const double bottom = (qMax(from.y(), to.y()) + 0.5) * ratio;
-    constexpr double root = 1.4143; // a line of 45 degrees is that much thicker
-    const double reach = m_halfLine * root;
-    if (bottom - top > right - left)
-        return QRectF(QPointF(left - reach, top), QPointF(right + reach, bottom));
-    return QRectF(QPointF(left, top - reach), QPointF(right, bottom + reach));
-}
-
 void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QColor &color)
 {
+    if (count < 2)
+        return;
     const QRgb pixel = qPremultiply(color.rgba());
     const auto place = [ratio](const QPointF &point) {
         return (point + QPointF(0.5, 0.5)) * ratio;
     };
-    if (count < 2)
-        return;
     // Beside its points the line covers no more than its width.
     const double width = 2.0 * m_halfLine;
     m_firstOpen = qMax(0, floored(place(points[0]).x() - width));

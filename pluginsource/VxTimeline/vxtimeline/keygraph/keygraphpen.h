@@ -59,4 +59,20 @@ private:
     std::vector<Rows> m_rows;      // of each column
 };
 
+// A piece ends square, in the direction in which it is counted out. Without a call, because it is
+// asked for every piece of every curve.
+inline QRectF KeyGraphPen::areaOf(const QPointF &from, const QPointF &to, double ratio) const
+{
+    const double left = (from.x() + 0.5) * ratio;
+    const double right = (to.x() + 0.5) * ratio;
+    const double top = (qMin(from.y(), to.y()) + 0.5) * ratio;
+    const double bottom = (qMax(from.y(), to.y()) + 0.5) * ratio;
+    constexpr double root = 1.4143; // a line of 45 degrees is that much thicker
+    const double reach = m_halfLine * root;
+    const bool steep = bottom - top > right - left;
+    const double beside = steep ? reach : 0.0;
+    const double above = reach - beside;
+    return QRectF(QPointF(left - beside, top - above), QPointF(right + beside, bottom + above));
+}
+
 #endif
