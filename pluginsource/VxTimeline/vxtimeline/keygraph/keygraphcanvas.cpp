@@ -45,15 +45,20 @@ KeyGraphStamp::KeyGraphStamp(const QImage &picture)
     : m_width(qMin(MaxSide, picture.width()))
     , m_height(qMin(MaxSide, picture.height()))
 {
+    std::vector<quint64> filled;
     for (int y = 0; y < m_height; ++y) {
         const auto *line = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
-        quint32 filled = 0;
+        quint64 bits = 0;
         for (int x = 0; x < m_width; ++x)
-            filled |= quint32(qAlpha(line[x]) > 0) << x;
-        m_filled.push_back(filled);
+            bits |= quint64(qAlpha(line[x]) > 0) << x;
+        filled.push_back(bits);
         m_pixels.insert(m_pixels.end(), line, line + m_width);
     }
-    m_filled.push_back(0); // rows are asked for in pairs
+    filled.push_back(0);
+    for (int firstBit = 0; firstBit < MaxSide; ++firstBit) {
+        for (const quint64 bits : filled)
+            m_filled.push_back(bits << firstBit);
+    }
 }
 
 KeyGraphCanvas::KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size)
@@ -87,20 +92,21 @@ void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)
     const Place place = placeOf(corner.x(), corner.y());
     quint64 *const words = &m_closed[place.word];
     const int height = stamp.height();
-    const quint32 *const filled = stamp.filled();
+    const quint64 *const filled = stamp.filled(place.bit);
     quint64 any = 0;
-    for (int row = 0; row < height; row += 2) {
-        any |= quint64(filled[row]) << place.bit & ~words[row];
-        any |= quint64(filled[row + 1]) << place.bit & ~words[row + 1];
-    }
+    for (int row = 0; row < height; row += 2) // the last one may be the row without a bit
+        any |= (filled[row] & ~words[row]) | (filled[row + 1] & ~words[row + 1]);
     if (any == 0)
         return;
     QRgb *line = m_pixels.line(corner.y()) + corner.x();
-    for (int row = 0; row < height; ++row, line += m_pixels.stride) {
-        const quint32 open = filled[row] & ~static_cast<quint32>(words[row] >> place.bit);
+    const QRgb *from = stamp.line(0);
+    for (int row = 0; row < height; ++row, line += m_pixels.stride, from += stamp.width()) {
+        const auto open = static_cast<quint32>((filled[row] & ~words[row]) >> place.bit);
         if (open == 0)
             continue;
-        const quint64 closing = quint64(putUnder(stamp.line(row), line, open)) << place.bit;
+        const quint64 closing = quint64(putUnder(from, line, open)) << place.bit;
+        if (closing == 0)
+            continue;
         words[row] |= closing;
         words[row - std::ptrdiff_t(m_rows)] |= closing << StripStep;
         words[row + std::ptrdiff_t(m_rows)] |= closing >> StripStep;

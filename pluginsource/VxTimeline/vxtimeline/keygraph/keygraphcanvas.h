@@ -17,16 +17,20 @@ public:
     // picture: premultiplied, no side longer than MaxSide.
     explicit KeyGraphStamp(const QImage &picture);
 
+    int width() const { return m_width; }
     int height() const { return m_height; }
-    // A word for each row.
-    const quint32 *filled() const { return m_filled.data(); }
+    // A word for each row and one without a bit, for a stamp that begins at a bit of its words.
+    const quint64 *filled(int firstBit) const
+    {
+        return &m_filled[static_cast<std::size_t>(firstBit * (m_height + 1))];
+    }
     const QRgb *line(int row) const { return &m_pixels[static_cast<std::size_t>(row * m_width)]; }
 
 private:
     int m_width;
     int m_height;
-    std::vector<QRgb> m_pixels; // row by row
-    std::vector<quint32> m_filled;
+    std::vector<QRgb> m_pixels;    // row by row
+    std::vector<quint64> m_filled; // for every first bit one after the other
 };
 
 // A picture that is painted from the topmost thing to the lowest, each under what is there.

@@ -4,6 +4,7 @@
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphpainter.h"
 #include "vxtimeline/keygraph/keygraphpen.h"
+#include "vxtimeline/keygraph/keygraphruns.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 namespace {
@@ -71,10 +72,10 @@ QColor KeyGraphChannelPainter::colorOf(const VxKeyGraphChannel &channel, int num
     return m_look.channelColor(channel.getColor(), number);
 }
 
-void KeyGraphChannelPainter::paintMarks(const VxKeyGraphChannel &channel)
+void KeyGraphChannelPainter::paintMarks(const std::vector<KeyGraphMark> &marks)
 {
     QPainter painter(m_picture);
-    for (const KeyGraphMark &mark : marksOf(channel))
+    for (const KeyGraphMark &mark : marks)
         m_markPainter.paint(&painter, mark);
 }
 
@@ -85,10 +86,14 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
     KeyGraphPen pen(pixels, m_picture->size(), m_ratio, KeyGraphPen::Over);
     for (int n = 0; n < channels.size(); ++n) {
         const VxKeyGraphChannel &channel = *channels.at(n);
+        const QColor color = colorOf(channel, n);
         paintLabel(channel, n, QPainter::CompositionMode_SourceOver);
         const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());
-        pen.draw(points.constData(), points.size(), m_ratio, colorOf(channel, n));
-        paintMarks(channel);
+        pen.draw(points.constData(), points.size(), m_ratio, color);
+        const std::vector<KeyGraphMark> &marks = marksOf(channel);
+        paintMarks(marks);
+        for (const KeyGraphRun &run : keyGraphHiddenRuns(marks, points))
+            pen.draw(points.constData() + run.first, run.last - run.first + 1, m_ratio, color);
     }
 }
 
@@ -99,9 +104,9 @@ void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &chan
     KeyGraphCrowd crowd(m_picture, &m_markPainter);
     for (int n = channels.size() - 1; n >= 0; --n) {
         const VxKeyGraphChannel &channel = *channels.at(n);
-        crowd.paintMarks(marksOf(channel));
-        crowd.paintCurve(curves.points(channel, n, m_scale, m_stage.size.width()),
-                         colorOf(channel, n));
+        const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());
+        const std::vector<KeyGraphMark> &marks = marksOf(channel);
+        crowd.paintChannel(points, marks, keyGraphHiddenRuns(marks, points), colorOf(channel, n));
         paintLabel(channel, n, QPainter::CompositionMode_DestinationOver);
     }
 }

@@ -38,7 +38,7 @@ private:
     const std::vector<KeyGraphMark> &marksOf(const VxKeyGraphChannel &channel);
     QColor colorOf(const VxKeyGraphChannel &channel, int number) const;
     void paintLabel(const VxKeyGraphChannel &channel, int number, QPainter::CompositionMode mode);
-    void paintMarks(const VxKeyGraphChannel &channel);
+    void paintMarks(const std::vector<KeyGraphMark> &marks);
 
     QImage *m_picture;
     const KeyGraphScale &m_scale;

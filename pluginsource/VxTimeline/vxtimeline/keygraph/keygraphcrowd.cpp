@@ -12,10 +12,11 @@ int rounded(qreal place)
     return place < 0.0 ? -static_cast<int>(0.5 - place) : static_cast<int>(place + 0.5);
 }
 
+// Of places that are no farther away than a curve goes.
 int floored(qreal place)
 {
-    const int truncated = static_cast<int>(place);
-    return place < truncated ? truncated - 1 : truncated;
+    constexpr int shift = 1 << 28;
+    return static_cast<int>(place + shift) - shift;
 }
 
 } // namespace
@@ -42,6 +43,17 @@ const KeyGraphStamp &KeyGraphCrowd::stamp(const KeyGraphMark &mark)
     return *made;
 }
 
+void KeyGraphCrowd::paintChannel(const QVector<QPointF> &points,
+                                 const std::vector<KeyGraphMark> &marks,
+                                 const std::vector<KeyGraphRun> &runs, const QColor &color)
+{
+    m_hidden.assign(static_cast<std::size_t>(points.size()), 0);
+    for (const KeyGraphRun &run : runs)
+        paintRun(points, run, color);
+    paintMarks(marks);
+    paintRun(points, {0, points.size() - 1}, color);
+}
+
 // On whole pixels, where the style puts its pictures, too.
 void KeyGraphCrowd::paintMarks(const std::vector<KeyGraphMark> &marks)
 {
@@ -50,26 +62,32 @@ void KeyGraphCrowd::paintMarks(const std::vector<KeyGraphMark> &marks)
                                           rounded(mark->corner.y() * m_ratio)));
 }
 
-bool KeyGraphCrowd::hides(const QPointF &from, const QPointF &to) const
+// piece: the number of the point where it ends.
+bool KeyGraphCrowd::isHidden(const QVector<QPointF> &points, int piece)
 {
-    const QRectF area = m_pen.areaOf(from, to, m_ratio);
-    return m_canvas.hides(floored(area.left()), floored(area.top()), floored(area.right()),
-                          floored(area.bottom()));
+    quint8 &hidden = m_hidden[static_cast<std::size_t>(piece)];
+    if (hidden)
+        return true;
+    const QRectF area = m_pen.areaOf(points.at(piece - 1), points.at(piece), m_ratio);
+    hidden = m_canvas.hides(floored(area.left()), floored(area.top()), floored(area.right()),
+                            floored(area.bottom()));
+    return hidden;
 }
 
 // Neighbouring pieces that are seen stay one line.
-void KeyGraphCrowd::paintCurve(const QVector<QPointF> &points, const QColor &color)
+void KeyGraphCrowd::paintRun(const QVector<QPointF> &points, const KeyGraphRun &run,
+                             const QColor &color)
 {
-    int first = 0;
+    int first = run.first;
     const auto draw = [this, &points, &color, &first](int last) {
         m_pen.draw(points.constData() + first, last - first + 1, m_ratio, color);
     };
-    for (int i = 1; i < points.size(); ++i) {
-        if (!hides(points.at(i - 1), points.at(i)))
+    for (int i = run.first + 1; i <= run.last; ++i) {
+        if (!isHidden(points, i))
             continue;
         if (first < i - 1)
             draw(i - 1);
         first = i;
     }
-    draw(points.size() - 1);
+    draw(run.last);
 }

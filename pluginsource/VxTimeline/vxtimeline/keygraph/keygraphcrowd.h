@@ -10,6 +10,7 @@
 #include "vxtimeline/keygraph/keygraphcanvas.h"
 #include "vxtimeline/keygraph/keygraphkeys.h"
 #include "vxtimeline/keygraph/keygraphpen.h"
+#include "vxtimeline/keygraph/keygraphruns.h"
 
 class KeyGraphMarkPainter;
 
@@ -27,14 +28,16 @@ public:
     // False when a mark of this device pixel ratio is too large for a stamp.
     static bool canShow(qreal ratio);
 
-    // The marks of a channel, in the order in which they lie over each other.
-    void paintMarks(const std::vector<KeyGraphMark> &marks);
-    // points: in the widget's pixels, from left to right.
-    void paintCurve(const QVector<QPointF> &points, const QColor &color);
+    // A channel: runs of its curve, below them its marks in the order in which they lie over each
+    // other, below these its whole curve. points: in the widget's pixels, from left to right.
+    void paintChannel(const QVector<QPointF> &points, const std::vector<KeyGraphMark> &marks,
+                      const std::vector<KeyGraphRun> &runs, const QColor &color);
 
 private:
     const KeyGraphStamp &stamp(const KeyGraphMark &mark);
-    bool hides(const QPointF &from, const QPointF &to) const;
+    void paintMarks(const std::vector<KeyGraphMark> &marks);
+    void paintRun(const QVector<QPointF> &points, const KeyGraphRun &run, const QColor &color);
+    bool isHidden(const QVector<QPointF> &points, int piece);
 
     static constexpr int LookCount = 8; // a type of two bits, selected or not
 
@@ -43,6 +46,8 @@ private:
     KeyGraphCanvas m_canvas;
     KeyGraphPen m_pen;
     std::array<std::optional<KeyGraphStamp>, LookCount> m_stamps;
+    // Of the pieces of the present curve, those that were found to be hidden: they stay so.
+    std::vector<quint8> m_hidden;
 };
 
 #endif

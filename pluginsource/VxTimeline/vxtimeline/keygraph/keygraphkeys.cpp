@@ -61,7 +61,9 @@ const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
         const int row = corner.y() + side - 1;
         const int look = (keys.types[i] & 3) * 2 + (selected ? 1 : 0);
         quint32 &seen = m_seen[static_cast<std::size_t>(row * LookCount + look)];
-        *next = {corner, keys.types[i], selected};
+        next->corner = corner;
+        next->type = keys.types[i];
+        next->selected = selected;
         next += seen == column ? 0 : 1;
         seen = column;
     }

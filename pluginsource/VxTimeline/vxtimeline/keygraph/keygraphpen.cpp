@@ -19,6 +19,12 @@ double overlap(double low, double high, int number)
     return qMin(high, number + 1.0) - qMax(low, double(number));
 }
 
+// Adds a part of a pixel to what is covered of it.
+void cover(quint8 &covered, double part)
+{
+    covered = static_cast<quint8>(qMin(255, covered + static_cast<int>(part * 255.0 + 0.5)));
+}
+
 // The last point up to which the line from a point is straight. The direction is that of the first
 // piece, so that slight bends cannot add up.
 int endOfStraight(const QPointF *points, int start, int count)
@@ -90,9 +96,12 @@ void KeyGraphPen::addFlat(const Piece &piece)
         const double y = piece.y1 + slope * ((from + to) * 0.5 - piece.x1);
         if (!(y > -reach && y < m_height + reach))
             continue;
+        const int top = qMax(0, floored(y - reach));
         const int bottom = qMin(m_height - 1, floored(y + reach));
-        for (int row = qMax(0, floored(y - reach)); row <= bottom; ++row)
-            cover(x, row, overlap(y - reach, y + reach, row) * (to - from));
+        quint8 *const covered = column(x);
+        for (int row = top; row <= bottom; ++row)
+            cover(covered[row], overlap(y - reach, y + reach, row) * (to - from));
+        touch(x, top, bottom);
     }
 }
 
@@ -108,18 +117,18 @@ void KeyGraphPen::addSteep(const Piece &piece)
         const double to = qMin(bottom, row + 1.0);
         const double x = piece.x1 + slope * ((from + to) * 0.5 - piece.y1);
         const int right = qMin(m_width - 1, floored(x + reach));
-        for (int column = qMax(0, floored(x - reach)); column <= right; ++column)
-            cover(column, row, overlap(x - reach, x + reach, column) * (to - from));
+        for (int number = qMax(0, floored(x - reach)); number <= right; ++number) {
+            cover(column(number)[row], overlap(x - reach, x + reach, number) * (to - from));
+            touch(number, row, row);
+        }
     }
 }
 
-void KeyGraphPen::cover(int number, int row, double part)
+void KeyGraphPen::touch(int number, int top, int bottom)
 {
-    quint8 &covered = column(number)[row];
-    covered = static_cast<quint8>(qMin(255, covered + static_cast<int>(part * 255.0 + 0.5)));
     Rows &rows = m_rows[std::size_t(number)];
-    rows.top = qMin(rows.top, row);
-    rows.bottom = qMax(rows.bottom, row);
+    rows.top = qMin(rows.top, top);
+    rows.bottom = qMax(rows.bottom, bottom);
 }
 
 void KeyGraphPen::finish(int endColumn, QRgb color)
@@ -130,12 +139,14 @@ void KeyGraphPen::finish(int endColumn, QRgb color)
         quint8 *const covered = column(m_firstOpen);
         QRgb *pixel = m_picture.line(qMax(0, rows.top)) + m_firstOpen;
         for (int row = rows.top; row <= rows.bottom; ++row, pixel += m_picture.stride) {
-            if (covered[row] == 0)
+            const quint8 part = covered[row];
+            covered[row] = 0;
+            // What is nothing, or under something opaque, is not worth its arithmetic.
+            if (part == 0 || (m_place == Under && qAlpha(*pixel) == 255))
                 continue;
-            const QRgb own = KeyGraphPixels::multiplied(color, covered[row]);
+            const QRgb own = KeyGraphPixels::multiplied(color, part);
             *pixel = m_place == Over ? KeyGraphPixels::over(own, *pixel)
                                      : KeyGraphPixels::over(*pixel, own);
-            covered[row] = 0;
         }
         rows = {m_height, -1};
     }

@@ -45,7 +45,7 @@ private:
     void addPiece(const Piece &piece);
     void addFlat(const Piece &piece);
     void addSteep(const Piece &piece);
-    void cover(int column, int row, double part);
+    void touch(int column, int top, int bottom);
     void finish(int endColumn, QRgb color);
     quint8 *column(int number) { return &m_covered[std::size_t(number) * std::size_t(m_height)]; }
 

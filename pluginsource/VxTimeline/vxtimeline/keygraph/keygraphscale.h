@@ -76,11 +76,10 @@ private:
     static int markCorner(double place)
     {
         constexpr double far = 1e6;
+        constexpr int shift = 1 << 21; // so that what is cut off is a part of a positive number
         const double exact = place - (MarkSide - 1.0) / 2.0;
-        if (!(exact > -far && exact < far))
-            return exact >= far ? int(far) : -int(far);
-        const int truncated = static_cast<int>(exact);
-        return exact < truncated ? truncated - 1 : truncated;
+        const double above = exact > -far ? exact : -far;
+        return static_cast<int>((above < far ? above : far) + shift) - shift;
     }
 };
 
