@@ -233,7 +233,7 @@ QImage TestKeyGraphCrowd::lineThrough(const QVector<QPointF> &points, double wid
 {
     QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
-    KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), width, KeyGraphPen::Over);
+    KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), width);
     pen.draw(points.constData(), points.size(), 1.0, Qt::white);
     return picture;
 }
@@ -322,7 +322,7 @@ void TestKeyGraphCrowd::linesStayWithinTheirArea()
             std::swap(from, to);
         QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
-        KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), 1.5, KeyGraphPen::Over);
+        KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), 1.5);
         const QPointF points[] = {from, to};
         pen.draw(points, 2, 1.0, Qt::white);
         const QRectF area = pen.areaOf(from, to, 1.0);
@@ -358,7 +358,7 @@ void TestKeyGraphCrowd::slightBowsStayWhereTheyAre()
     const auto bow = [](double x) { return 5.0 + 1.2e-5 * x * x; };
     for (int x = 0; x < 2000; x += 2)
         points += QPointF(x, bow(x));
-    KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), 1.0, KeyGraphPen::Over);
+    KeyGraphPen pen(KeyGraphPixels::of(&picture), picture.size(), 1.0);
     pen.draw(points.constData(), points.size(), 1.0, Qt::white);
     for (int x = 2; x < 1995; ++x) {
         double sum = 0;

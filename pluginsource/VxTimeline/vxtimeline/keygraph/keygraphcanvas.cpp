@@ -10,16 +10,11 @@ namespace {
 // another one.
 constexpr int ClosedAlpha = 250;
 
-constexpr int WordBits = 64;
-constexpr int StripStep = KeyGraphStamp::MaxSide;  // columns from one strip to the next
-constexpr int StripsBefore = 2;                    // begin to the left of the picture
-constexpr int MarginRows = KeyGraphStamp::MaxSide; // above and below the picture, all closed
-
 // The columns of a strip that lie outside of a picture of this width, as bits.
 quint64 outsideOf(int firstColumn, int width)
 {
     quint64 outside = 0;
-    for (int bit = 0; bit < WordBits; ++bit) {
+    for (int bit = 0; bit < 64; ++bit) {
         const int column = firstColumn + bit;
         outside |= quint64(column < 0 || column >= width) << bit;
     }
@@ -74,15 +69,6 @@ KeyGraphCanvas::KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size)
         const auto first = m_closed.begin() + std::ptrdiff_t(strip) * std::ptrdiff_t(m_rows);
         std::fill_n(first + MarginRows, m_size.height(), outsideOf(firstColumn, m_size.width()));
     }
-}
-
-// Of the two strips that a column lies in, the one that goes on for MaxSide columns from there.
-KeyGraphCanvas::Place KeyGraphCanvas::placeOf(int column, int row) const
-{
-    const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
-    const std::size_t strip = fromFirst / StripStep;
-    return {strip * m_rows + static_cast<std::size_t>(row + MarginRows),
-            static_cast<int>(fromFirst % StripStep)};
 }
 
 void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)

@@ -49,6 +49,13 @@ public:
     // True when every pixel of an area is closed, its last column and row included. An area that
     // is wider than a stamp can be counts as open.
     bool hides(int left, int top, int right, int bottom) const;
+    // The same of columns of one row, all within the picture and no more than a stamp has.
+    bool hidesInRow(int left, int right, int row) const
+    {
+        const Place place = placeOf(left, row);
+        const quint64 wanted = ~quint64(0) >> (WordBits - 1 - (right - left)) << place.bit;
+        return (wanted & ~m_closed[place.word]) == 0;
+    }
 
 private:
     // A bit of the words below, which stands for a pixel.
@@ -57,7 +64,19 @@ private:
         std::size_t word;
         int bit;
     };
-    Place placeOf(int column, int row) const;
+    // Of the two strips that a column lies in, the one that goes on for MaxSide columns from there.
+    Place placeOf(int column, int row) const
+    {
+        const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
+        const std::size_t strip = fromFirst / StripStep;
+        return {strip * m_rows + static_cast<std::size_t>(row + MarginRows),
+                static_cast<int>(fromFirst % StripStep)};
+    }
+
+    static constexpr int WordBits = 64;
+    static constexpr int StripStep = KeyGraphStamp::MaxSide;  // columns from one strip to the next
+    static constexpr int StripsBefore = 2;                    // begin to the left of the picture
+    static constexpr int MarginRows = KeyGraphStamp::MaxSide; // above and below it, all closed
 
     KeyGraphPixels m_pixels;
     QSize m_size;

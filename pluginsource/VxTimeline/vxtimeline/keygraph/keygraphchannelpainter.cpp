@@ -83,7 +83,7 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
                                        KeyGraphCurves &curves)
 {
     const KeyGraphPixels pixels = KeyGraphPixels::of(m_picture);
-    KeyGraphPen pen(pixels, m_picture->size(), m_ratio, KeyGraphPen::Over);
+    KeyGraphPen pen(pixels, m_picture->size(), m_ratio);
     for (int n = 0; n < channels.size(); ++n) {
         const VxKeyGraphChannel &channel = *channels.at(n);
         const QColor color = colorOf(channel, n);

@@ -25,7 +25,7 @@ KeyGraphCrowd::KeyGraphCrowd(QImage *picture, KeyGraphMarkPainter *markPainter)
     : m_ratio(picture->devicePixelRatioF())
     , m_markPainter(markPainter)
     , m_canvas(KeyGraphPixels::of(picture), picture->size())
-    , m_pen(KeyGraphPixels::of(picture), picture->size(), m_ratio, KeyGraphPen::Under)
+    , m_pen(KeyGraphPixels::of(picture), picture->size(), m_ratio, &m_canvas)
 {
 }
 
@@ -38,9 +38,17 @@ const KeyGraphStamp &KeyGraphCrowd::stamp(const KeyGraphMark &mark)
 {
     const int look = (mark.type & 3) * 2 + (mark.selected ? 1 : 0);
     std::optional<KeyGraphStamp> &made = m_stamps[static_cast<std::size_t>(look)];
-    if (!made)
+    if (Q_UNLIKELY(!made))
         made.emplace(m_markPainter->picture(mark.type, mark.selected, m_ratio));
     return *made;
+}
+
+// On whole pixels, where the style puts its pictures, too.
+QPoint KeyGraphCrowd::placeOf(const KeyGraphMark &mark) const
+{
+    if (m_ratio == 1.0)
+        return mark.corner;
+    return QPoint(rounded(mark.corner.x() * m_ratio), rounded(mark.corner.y() * m_ratio));
 }
 
 void KeyGraphCrowd::paintChannel(const QVector<QPointF> &points,
@@ -54,12 +62,10 @@ void KeyGraphCrowd::paintChannel(const QVector<QPointF> &points,
     paintRun(points, {0, points.size() - 1}, color);
 }
 
-// On whole pixels, where the style puts its pictures, too.
 void KeyGraphCrowd::paintMarks(const std::vector<KeyGraphMark> &marks)
 {
     for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
-        m_canvas.put(stamp(*mark), QPoint(rounded(mark->corner.x() * m_ratio),
-                                          rounded(mark->corner.y() * m_ratio)));
+        m_canvas.put(stamp(*mark), placeOf(*mark));
 }
 
 // piece: the number of the point where it ends.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "vxtimeline/keygraph/keygraphcanvas.h"
+
 namespace {
 
 constexpr double Straight = 0.02; // pixels beside a line that count as on it
@@ -43,12 +45,12 @@ int endOfStraight(const QPointF *points, int start, int count)
 } // namespace
 
 KeyGraphPen::KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width,
-                         Place place)
+                         const KeyGraphCanvas *canvas)
     : m_picture(picture)
     , m_width(qMax(0, size.width()))
     , m_height(qMax(0, size.height()))
     , m_halfLine(width * 0.5)
-    , m_place(place)
+    , m_canvas(canvas)
     , m_covered(std::size_t(m_width) * std::size_t(m_height), 0)
     , m_rows(std::size_t(m_width), Rows{m_height, -1})
 {
@@ -116,8 +118,11 @@ void KeyGraphPen::addSteep(const Piece &piece)
         const double from = qMax(top, double(row));
         const double to = qMin(bottom, row + 1.0);
         const double x = piece.x1 + slope * ((from + to) * 0.5 - piece.y1);
+        const int left = qMax(0, floored(x - reach));
         const int right = qMin(m_width - 1, floored(x + reach));
-        for (int number = qMax(0, floored(x - reach)); number <= right; ++number) {
+        if (left > right || (m_canvas && m_canvas->hidesInRow(left, right, row)))
+            continue;
+        for (int number = left; number <= right; ++number) {
             cover(column(number)[row], overlap(x - reach, x + reach, number) * (to - from));
             touch(number, row, row);
         }
@@ -142,11 +147,11 @@ void KeyGraphPen::finish(int endColumn, QRgb color)
             const quint8 part = covered[row];
             covered[row] = 0;
             // What is nothing, or under something opaque, is not worth its arithmetic.
-            if (part == 0 || (m_place == Under && qAlpha(*pixel) == 255))
+            if (part == 0 || (m_canvas && qAlpha(*pixel) == 255))
                 continue;
             const QRgb own = KeyGraphPixels::multiplied(color, part);
-            *pixel = m_place == Over ? KeyGraphPixels::over(own, *pixel)
-                                     : KeyGraphPixels::over(*pixel, own);
+            *pixel =
+                m_canvas ? KeyGraphPixels::over(*pixel, own) : KeyGraphPixels::over(own, *pixel);
         }
         rows = {m_height, -1};
     }

@@ -9,6 +9,8 @@
 
 #include "vxtimeline/keygraph/keygraphpixels.h"
 
+class KeyGraphCanvas;
+
 // Draws smooth lines that run from left to right into a picture.
 //
 // Curves of keys on every frame are tens of thousands of pieces of two pixels, and a painter costs
@@ -18,10 +20,10 @@
 class KeyGraphPen
 {
 public:
-    enum Place { Over, Under }; // where lines go, seen from what is there
-
-    // picture: borrowed; size: its pixels; width: of the line in these pixels.
-    KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width, Place place);
+    // Draws over what is there, or under it when a canvas tells what is hidden. picture: borrowed;
+    // size: its pixels; width: of the line in these pixels; canvas: of the picture, borrowed.
+    KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width,
+                const KeyGraphCanvas *canvas = nullptr);
 
     // Draws through two or more points of ascending x. ratio: the picture's pixels for 1 of the
     // points' unit. A point's place is the middle of the pixel with its number, as with marks.
@@ -53,7 +55,7 @@ private:
     int m_width;
     int m_height;
     double m_halfLine;
-    Place m_place;
+    const KeyGraphCanvas *m_canvas;
     int m_firstOpen = 0;           // of the columns that are not in the picture yet
     std::vector<quint8> m_covered; // column by column, of 255
     std::vector<Rows> m_rows;      // of each column
