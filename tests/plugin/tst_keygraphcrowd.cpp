@@ -78,6 +78,8 @@ private Q_SLOTS:
     void linesCoverTheirPixels_data();
     void linesCoverTheirPixels();
     void jointsAreSeamless();
+    void longLinesStayWhole_data();
+    void longLinesStayWhole();
     void linesStayWithinTheirArea();
     void linesFarOutside();
     void slightBowsStayWhereTheyAre();
@@ -309,6 +311,53 @@ void TestKeyGraphCrowd::jointsAreSeamless()
         }
         QVERIFY2(largest < 30, qPrintable(QStringLiteral("%1: %2").arg(slope).arg(largest)));
     }
+}
+
+void TestKeyGraphCrowd::longLinesStayWhole_data()
+{
+    QTest::addColumn<QVector<QPointF>>("points");
+    const auto row = [](const char *name, const QVector<QPointF> &points) {
+        QTest::newRow(name) << points;
+    };
+    row("flat", {{-20, 30.3}, {420, 170.8}});
+    row("falling at 45 degrees", {{10, 5}, {380, 375.1}});
+    row("rising at 45 degrees", {{10, 375.1}, {380, 5}});
+    row("steep, across many columns", {{50, 390}, {350, 10}});
+    row("out of the picture and back", {{0, 100}, {40, -500}, {300, -500}, {390, 200}});
+    row("there and back", {{0, 200}, {100, 390}, {101, 10}, {390, 200}});
+}
+
+// However many columns they cross: a line in one looks as the same line in short pieces.
+void TestKeyGraphCrowd::longLinesStayWhole()
+{
+    QFETCH(QVector<QPointF>, points);
+    QImage whole(400, 400, QImage::Format_ARGB32_Premultiplied);
+    whole.fill(Qt::transparent);
+    QImage pieces = whole;
+    KeyGraphPen(KeyGraphPixels::of(&whole), whole.size(), 1.0)
+        .draw(points.constData(), points.size(), 1.0, Qt::white);
+    // Each piece by a pen of its own, a little over its ends.
+    int painted = 0;
+    for (int i = 1; i < points.size(); ++i) {
+        const QPointF way = points.at(i) - points.at(i - 1);
+        const int count = qMax(1, int(way.x() / 7.0));
+        for (int k = 0; k < count; ++k) {
+            const QPointF ends[] = {points.at(i - 1) + way * k / count,
+                                    points.at(i - 1) + way * (k + 1) / count};
+            KeyGraphPen(KeyGraphPixels::of(&pieces), pieces.size(), 1.0)
+                .draw(ends, 2, 1.0, Qt::white);
+        }
+    }
+    for (int y = 0; y < 400; ++y) {
+        for (int x = 0; x < 400; ++x) {
+            const int alpha = qAlpha(whole.pixel(x, y));
+            painted += alpha > 0 ? 1 : 0;
+            // Where two pieces meet in a pixel, they are put over each other.
+            QVERIFY2(qAbs(alpha - qAlpha(pieces.pixel(x, y))) < 80,
+                     qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
+        }
+    }
+    QVERIFY2(painted > 300, qPrintable(QString::number(painted)));
 }
 
 void TestKeyGraphCrowd::linesStayWithinTheirArea()

@@ -80,13 +80,14 @@ void TestKeyGraphRuns::runs_data()
     row("one mark", {20}, {});
     row("on every column", columnsFrom(10, 50, 1), {{7, 27}});
     row("half over each other", columnsFrom(10, 50, 4), {{7, 27}});
-    row("a pixel more apart", columnsFrom(10, 50, 5), {});
+    row("just touching", columnsFrom(10, 50, 8), {{7, 27}});
+    row("a pixel more apart", columnsFrom(10, 55, 9), {});
     row("as wide as two marks", columnsFrom(10, 28, 3), {{7, 16}});
     row("a pixel less wide", columnsFrom(10, 27, 1), {});
     row("two runs", columnsFrom(0, 20, 2) + columnsFrom(40, 60, 2), {{2, 12}, {22, 32}});
-    row("two runs, just apart", columnsFrom(0, 20, 2) + columnsFrom(25, 45, 2),
-        {{2, 12}, {15, 24}});
-    row("two runs that touch", columnsFrom(0, 20, 2) + columnsFrom(24, 44, 2), {{2, 24}});
+    row("two runs, just apart", columnsFrom(0, 20, 2) + columnsFrom(29, 49, 2),
+        {{2, 12}, {17, 26}});
+    row("two runs that touch", columnsFrom(0, 20, 2) + columnsFrom(28, 48, 2), {{2, 26}});
     row("a few before a run", Columns{0, 2, 4} + columnsFrom(30, 50, 2), {{17, 27}});
     row("a few after a run", columnsFrom(30, 50, 2) + Columns{70, 71}, {{17, 27}});
     row("several on one column", Columns{10, 10, 10} + columnsFrom(10, 50, 4), {{7, 27}});
@@ -123,6 +124,7 @@ void TestKeyGraphRuns::aBandShowsItsCurve_data()
     QTest::addColumn<bool>("curveOnTop");
     QTest::newRow("a key on each frame, one by one") << 1 << false << true;
     QTest::newRow("a key on each frame, in a crowd") << 1 << true << true;
+    QTest::newRow("keys that touch") << 8 << false << true;
     QTest::newRow("keys apart, one by one") << 10 << false << false;
     QTest::newRow("keys apart, in a crowd") << 10 << true << false;
 }
@@ -161,7 +163,7 @@ void TestKeyGraphRuns::aBandShowsItsCurve()
     QWidget widget;
     const QRgb color = KeyGraphLook::of(&widget).channelColor(channel->getColor(), 0).rgb();
     // Right on keys, where nothing of a curve under marks is seen.
-    for (const int x : {20, 100, 180}) {
+    for (const int x : {40, 80, 160}) {
         QCOMPARE(picture.pixel(x, 50) == color, curveOnTop);
         QCOMPARE(qAlpha(picture.pixel(x, 50)), 255);
         QVERIFY(picture.pixel(x, 47) != color);

@@ -49,10 +49,10 @@ KeyGraphPen::KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, doubl
     : m_picture(picture)
     , m_width(qMax(0, size.width()))
     , m_height(qMax(0, size.height()))
-    , m_halfLine(width * 0.5)
+    , m_lineWidth(width)
     , m_canvas(canvas)
-    , m_covered(std::size_t(m_width) * std::size_t(m_height), 0)
-    , m_rows(std::size_t(m_width), Rows{m_height, -1})
+    , m_covered(std::size_t(OpenColumns) * std::size_t(m_height), 0)
+    , m_rows(std::size_t(OpenColumns), Rows{m_height, -1})
 {
 }
 
@@ -60,22 +60,20 @@ void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QCo
 {
     if (count < 2)
         return;
-    const QRgb pixel = qPremultiply(color.rgba());
+    m_color = qPremultiply(color.rgba());
     const auto place = [ratio](const QPointF &point) {
         return (point + QPointF(0.5, 0.5)) * ratio;
     };
     // Beside its points the line covers no more than its width.
-    const double width = 2.0 * m_halfLine;
-    m_firstOpen = qMax(0, floored(place(points[0]).x() - width));
+    m_firstOpen = qMax(0, floored(place(points[0]).x() - m_lineWidth));
     for (int i = 0; i + 1 < count;) {
         const int end = endOfStraight(points, i, count);
         const QPointF from = place(points[i]);
         const QPointF to = place(points[end]);
         addPiece({from.x(), from.y(), to.x(), to.y()});
-        finish(floored(to.x() - width), pixel);
         i = end;
     }
-    finish(floored(place(points[count - 1]).x() + width) + 1, pixel);
+    finish(floored(place(points[count - 1]).x() + m_lineWidth) + 1);
 }
 
 void KeyGraphPen::addPiece(const Piece &piece)
@@ -90,7 +88,7 @@ void KeyGraphPen::addPiece(const Piece &piece)
 void KeyGraphPen::addFlat(const Piece &piece)
 {
     const double slope = (piece.y2 - piece.y1) / (piece.x2 - piece.x1);
-    const double reach = m_halfLine * std::sqrt(1.0 + slope * slope);
+    const double reach = m_lineWidth * 0.5 * std::sqrt(1.0 + slope * slope);
     const int end = qMin(m_width - 1, floored(piece.x2));
     for (int x = qMax(0, floored(piece.x1)); x <= end; ++x) {
         const double from = qMax(piece.x1, double(x));
@@ -98,6 +96,7 @@ void KeyGraphPen::addFlat(const Piece &piece)
         const double y = piece.y1 + slope * ((from + to) * 0.5 - piece.x1);
         if (!(y > -reach && y < m_height + reach))
             continue;
+        leave(from);
         const int top = qMax(0, floored(y - reach));
         const int bottom = qMin(m_height - 1, floored(y + reach));
         quint8 *const covered = column(x);
@@ -107,14 +106,18 @@ void KeyGraphPen::addFlat(const Piece &piece)
     }
 }
 
-// Row by row, where the line is as wide as it is thick.
+// Row by row, where the line is as wide as it is thick; upwards where that leads to the right.
 void KeyGraphPen::addSteep(const Piece &piece)
 {
     const double slope = (piece.x2 - piece.x1) / (piece.y2 - piece.y1);
-    const double reach = m_halfLine * std::sqrt(1.0 + slope * slope);
+    const double reach = m_lineWidth * 0.5 * std::sqrt(1.0 + slope * slope);
     const double top = qMax(0.0, qMin(piece.y1, piece.y2));
     const double bottom = qMin(double(m_height), qMax(piece.y1, piece.y2));
-    for (int row = floored(top); row < bottom; ++row) {
+    const int first = floored(top);
+    const int count = static_cast<int>(std::ceil(bottom)) - first;
+    const bool down = piece.y2 > piece.y1;
+    for (int i = 0; i < count; ++i) {
+        const int row = down ? first + i : first + count - 1 - i;
         const double from = qMax(top, double(row));
         const double to = qMin(bottom, row + 1.0);
         const double x = piece.x1 + slope * ((from + to) * 0.5 - piece.y1);
@@ -122,6 +125,7 @@ void KeyGraphPen::addSteep(const Piece &piece)
         const int right = qMin(m_width - 1, floored(x + reach));
         if (left > right || (m_canvas && m_canvas->hidesInRow(left, right, row)))
             continue;
+        leave(x);
         for (int number = left; number <= right; ++number) {
             cover(column(number)[row], overlap(x - reach, x + reach, number) * (to - from));
             touch(number, row, row);
@@ -131,16 +135,16 @@ void KeyGraphPen::addSteep(const Piece &piece)
 
 void KeyGraphPen::touch(int number, int top, int bottom)
 {
-    Rows &rows = m_rows[std::size_t(number)];
+    Rows &rows = rowsOf(number);
     rows.top = qMin(rows.top, top);
     rows.bottom = qMax(rows.bottom, bottom);
 }
 
-void KeyGraphPen::finish(int endColumn, QRgb color)
+void KeyGraphPen::finish(int endColumn)
 {
     const int end = qMin(endColumn, m_width);
     for (; m_firstOpen < end; ++m_firstOpen) {
-        Rows &rows = m_rows[std::size_t(m_firstOpen)];
+        Rows &rows = rowsOf(m_firstOpen);
         quint8 *const covered = column(m_firstOpen);
         QRgb *pixel = m_picture.line(qMax(0, rows.top)) + m_firstOpen;
         for (int row = rows.top; row <= rows.bottom; ++row, pixel += m_picture.stride) {
@@ -149,7 +153,7 @@ void KeyGraphPen::finish(int endColumn, QRgb color)
             // What is nothing, or under something opaque, is not worth its arithmetic.
             if (part == 0 || (m_canvas && qAlpha(*pixel) == 255))
                 continue;
-            const QRgb own = KeyGraphPixels::multiplied(color, part);
+            const QRgb own = KeyGraphPixels::multiplied(m_color, part);
             *pixel =
                 m_canvas ? KeyGraphPixels::over(*pixel, own) : KeyGraphPixels::over(own, *pixel);
         }

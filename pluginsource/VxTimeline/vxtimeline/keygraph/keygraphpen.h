@@ -16,7 +16,8 @@ class KeyGraphCanvas;
 // Curves of keys on every frame are tens of thousands of pieces of two pixels, and a painter costs
 // more for the beginning and end of each than for what is between. Here each piece adds the part of
 // every pixel that it covers to a column of its own memory, and a column that the line has left
-// is put into the picture: joints are seamless, and the line is where its points are.
+// is put into the picture: joints are seamless, and the line is where its points are. The memory
+// goes round: a few columns are open at a time, and these stay near at hand.
 class KeyGraphPen
 {
 public:
@@ -48,17 +49,31 @@ private:
     void addFlat(const Piece &piece);
     void addSteep(const Piece &piece);
     void touch(int column, int top, int bottom);
-    void finish(int endColumn, QRgb color);
-    quint8 *column(int number) { return &m_covered[std::size_t(number) * std::size_t(m_height)]; }
+    // All that is to come lies to the right of a place, or no farther to its left than the line is
+    // wide: puts what cannot change any more into the picture.
+    void leave(double x)
+    {
+        if (x - m_lineWidth >= m_firstOpen + 1)
+            finish(static_cast<int>(x - m_lineWidth));
+    }
+    void finish(int endColumn);
+    quint8 *column(int number)
+    {
+        return &m_covered[std::size_t(number % OpenColumns) * std::size_t(m_height)];
+    }
+    Rows &rowsOf(int number) { return m_rows[std::size_t(number % OpenColumns)]; }
+
+    static constexpr int OpenColumns = 64;
 
     KeyGraphPixels m_picture;
     int m_width;
     int m_height;
-    double m_halfLine;
+    double m_lineWidth;
     const KeyGraphCanvas *m_canvas;
+    QRgb m_color = 0;              // of the present line, premultiplied
     int m_firstOpen = 0;           // of the columns that are not in the picture yet
-    std::vector<quint8> m_covered; // column by column, of 255
-    std::vector<Rows> m_rows;      // of each column
+    std::vector<quint8> m_covered; // open column by open column, of 255
+    std::vector<Rows> m_rows;      // of each open column
 };
 
 // A piece ends square, in the direction in which it is counted out. Without a call, because it is
@@ -70,7 +85,7 @@ inline QRectF KeyGraphPen::areaOf(const QPointF &from, const QPointF &to, double
     const double top = (qMin(from.y(), to.y()) + 0.5) * ratio;
     const double bottom = (qMax(from.y(), to.y()) + 0.5) * ratio;
     constexpr double root = 1.4143; // a line of 45 degrees is that much thicker
-    const double reach = m_halfLine * root;
+    const double reach = m_lineWidth * 0.5 * root;
     const bool steep = bottom - top > right - left;
     const double beside = steep ? reach : 0.0;
     const double above = reach - beside;

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int LargestGap = int(KeyGraphScale::MarkSide) / 2; // pixels between two marks of a run
+constexpr int LargestGap = int(KeyGraphScale::MarkSide) - 1; // pixels from mark to mark of a run
 constexpr int SmallestWidth = 2 * int(KeyGraphScale::MarkSide);
 constexpr int HalfMark = int(KeyGraphScale::MarkSide) / 2; // from a mark's corner to its key
 

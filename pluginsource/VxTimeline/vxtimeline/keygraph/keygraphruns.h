@@ -22,7 +22,7 @@ struct KeyGraphRun
 // The parts of a curve that its own marks hide, from left to right.
 //
 // Keys on every frame of a long motion make a band of marks in which no colour tells whose it is.
-// There the curve is drawn once more on top of its marks. Marks that stand apart, even a few that
+// There the curve is drawn once more on top of its marks. Marks that stand apart, and a few that
 // touch, stay as they are.
 //
 // marks, points: of one channel, by ascending x, in pixels.
