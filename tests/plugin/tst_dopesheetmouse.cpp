@@ -1,35 +1,17 @@
-#include "dopesheettestbase.h"
+#include "dopesheetmousetestbase.h"
 
 #include <QtTest/QSignalSpy>
-#include <vxcore/vxundostack.h>
-#include <vxcore/vxundostackhold.h>
 
-#include "testing/vxmousedriver.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/time/timelineplayback.h"
 
-using Times = QVector<VxTime>;
-
-namespace {
-
-Times keyTimes(const VxProperty *property)
-{
-    return property->getNumKeys() == 0
-               ? Times()
-               : Times(property->getKeyTimes(), property->getKeyTimes() + property->getNumKeys());
-}
-
-} // namespace
-
-// The mouse over the dope sheet, with real events: hip's X has keys on the frames 0, 10, 20 and 59
-// of 60, its Y on 10, ball's X on 10. All rows are open; a frame takes ten pixels.
-class TestDopeSheetMouse : public QObject, private DopeSheetTest
+// The mouse over the dope sheet, with real events: presses, bands, cursors and double clicks.
+class TestDopeSheetMouse : public QObject, private DopeSheetMouseTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUpMouse(); }
+    void cleanup() { tearDownMouse(); }
 
     void clickSelectsOneKey();
     void reportsOfAClick_data();
@@ -44,24 +26,6 @@ private Q_SLOTS:
     void clickSelectsTheNode();
     void ctrlClickAddsTheNode();
 
-    void dragMovesTheSelectedKeys();
-    void dragOfAnUnselectedKeyMovesItAlone();
-    void dragIsTwoPixelsWide();
-    void dragSnapsTheKeyThatWasHit();
-    void ctrlDragsToTheTick();
-    void dragStopsAtTime0();
-    void dragStopsAtTheEnd();
-    void dragToWhereItBegan();
-    void dragReplacesAtTheDrop();
-    void previewsKeepWhatIsInTheWay();
-    void previewIsTakenBackByAClick();
-    void escapePutsBack();
-    void commandsWaitForTheDrop();
-    void lockedKeysStay();
-    void otherWindowEndsTheDrag();
-    void viewThatGoesPutsBack();
-    void rowsThatVanishInADrag();
-
     void bandSelects();
     void bandUpwardsAndBackwards();
     void bandAddsAndTakesAway();
@@ -75,65 +39,7 @@ private Q_SLOTS:
     void namesSelectRows();
     void otherButtonsDoNothing();
     void theGraphHears();
-
-private:
-    int keyX(VxTime time) const
-    {
-        return TimelineMetrics::shared().keyLeft(view->columnWidth(0), time, 0) + 4;
-    }
-    QPoint at(const QModelIndex &row, VxTime time) const
-    {
-        return QPoint(keyX(time), view->visualRect(row).center().y());
-    }
-    QModelIndex hipX() const { return translationOf(hip, 0); }
-    VxMouseDriver mouse() const { return VxMouseDriver(view->viewport()); }
-    void click(const QModelIndex &row, VxTime time,
-               Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        mouse().click(at(row, time), Qt::LeftButton, modifiers);
-    }
-    // Selects by program, so that drags begin with a known selection.
-    void select(const QModelIndex &row, VxTime start, VxTime end)
-    {
-        view->setKeySelection(true, row, row, start, end);
-    }
-    void drag(const QPoint &from, int dx, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        VxMouseDriver hand = mouse();
-        hand.press(from, Qt::LeftButton, modifiers);
-        hand.moveTo(from + QPoint(dx / 2, 0), modifiers);
-        hand.moveTo(from + QPoint(dx, 0), modifiers);
-        hand.release(from + QPoint(dx, 0), Qt::LeftButton, modifiers);
-    }
-    // Keeps the mouse at a place, but for the hand's trembling, until what is dragged shows there.
-    void waitForPreview(VxMouseDriver &hand, const QPoint &position, const Times &expected)
-    {
-        int up = 0;
-        const auto isShown = [&] {
-            up = 1 - up;
-            hand.moveTo(position - QPoint(0, up));
-            return keyTimes(hip->getXPosControl()) == expected;
-        };
-        QTRY_VERIFY(isShown());
-    }
-    static int undoCount() { return vxApp->getUndoStack()->count(); }
 };
-
-void TestDopeSheetMouse::init()
-{
-    setUp();
-    addKeys(hip->getXPosControl(), {0, 1600, 3200, 9440});
-    addKeys(hip->getYPosControl(), {1600});
-    addKeys(ball->getXPosControl(), {1600});
-    view->expandAll();
-    showView(1000, 700);
-}
-
-void TestDopeSheetMouse::cleanup()
-{
-    TimelinePlayback::setPlaysAllFrames(false);
-    tearDown();
-}
 
 void TestDopeSheetMouse::clickSelectsOneKey()
 {
@@ -275,257 +181,6 @@ void TestDopeSheetMouse::ctrlClickAddsTheNode()
     click(hipX(), 1600, Qt::ControlModifier);
     QVERIFY(hip->isSelected());
     QVERIFY(ball->isSelected());
-}
-
-void TestDopeSheetMouse::dragMovesTheSelectedKeys()
-{
-    hip->getXPosControl()->setKey(1600, 5.0f, VxKeyInterp::Tcb, 0.5f, 0.25f, -1.0f);
-    select(hipX(), 1600, 3201);
-    select(translationOf(ball, 0), -1, VxTimeMax);
-    drag(at(hipX(), 3200), 40);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 2240, 3840, 9440}));
-    QCOMPARE(keyTimes(ball->getXPosControl()), Times({2240}));
-    QCOMPARE(keyTimes(hip->getYPosControl()), Times({1600}));
-    float tension = 0;
-    float continuity = 0;
-    float bias = 0;
-    QCOMPARE(hip->getXPosControl()->getKeyValue(1), 5.0f);
-    QCOMPARE(hip->getXPosControl()->getKeyInterpolationType(1, &tension, &continuity, &bias), 2);
-    QCOMPARE(QVector<float>({tension, continuity, bias}), QVector<float>({0.5f, 0.25f, -1.0f}));
-    // What was selected still is, the rows above show it, and it can be dragged again.
-    QCOMPARE(selected(hipX()), Times({2240, 3840}));
-    QCOMPARE(selected(translationOf(ball, 0)), Times({2240}));
-    QCOMPARE(selected(rowOf(ball)), Times({2240}));
-    QCOMPARE(vxApp->getUndoStack()->undoText(), QStringLiteral("Move Keys"));
-    drag(at(hipX(), 2240), -20);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1920, 3520, 9440}));
-    QCOMPARE(undoCount(), 2);
-
-    vxApp->getUndoStack()->undo();
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(keyTimes(ball->getXPosControl()), Times({1600}));
-    vxApp->getUndoStack()->redo();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 2240, 3840, 9440}));
-}
-
-void TestDopeSheetMouse::dragOfAnUnselectedKeyMovesItAlone()
-{
-    select(translationOf(ball, 0), -1, VxTimeMax);
-    drag(at(hipX(), 1600), 30);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 2080, 3200, 9440}));
-    QCOMPARE(keyTimes(ball->getXPosControl()), Times({1600}));
-}
-
-void TestDopeSheetMouse::dragIsTwoPixelsWide()
-{
-    select(hipX(), -1, VxTimeMax);
-    const QPoint edge = at(hipX(), 1600) - QPoint(4, 0);
-    drag(edge, 2);
-    QCOMPARE(undoCount(), 0);
-    QCOMPARE(selected(hipX()), Times({1600})); // a click
-    select(hipX(), -1, VxTimeMax);
-    drag(edge, 3);
-    QCOMPARE(undoCount(), 0);                                 // less than half a frame
-    QCOMPARE(selected(hipX()), Times({0, 1600, 3200, 9440})); // but a drag
-}
-
-void TestDopeSheetMouse::dragSnapsTheKeyThatWasHit()
-{
-    addKeys(hip->getXPosControl(), {5000, 5100});
-    select(hipX(), 5000, 5101);
-    drag(at(hipX(), 5000), 10);
-    const Times now = keyTimes(hip->getXPosControl());
-    QCOMPARE(now.at(3) % 160, 0);
-    QCOMPARE(now.at(4) - now.at(3), 100);
-}
-
-void TestDopeSheetMouse::ctrlDragsToTheTick()
-{
-    select(hipX(), 3200, 3200);
-    drag(at(hipX(), 3200), 7, Qt::ControlModifier);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200 + 7 * 16, 9440}));
-}
-
-void TestDopeSheetMouse::dragStopsAtTime0()
-{
-    select(hipX(), 0, 1601);
-    drag(at(hipX(), 1600), -50);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(undoCount(), 0);
-    select(translationOf(hip, 1), -1, VxTimeMax);
-    view->setKeySelection(false, hipX(), hipX(), 0, 0);
-    drag(at(hipX(), 1600), -300);
-    QCOMPARE(keyTimes(hip->getYPosControl()), Times({0}));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 3200, 9440}));
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-}
-
-void TestDopeSheetMouse::dragStopsAtTheEnd()
-{
-    select(hipX(), 3200, VxTimeMax);
-    drag(at(hipX(), 3200), 200);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3360, 9600}));
-    drag(at(hipX(), 3360), 100);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3360, 9600}));
-    QCOMPARE(undoCount(), 1);
-}
-
-void TestDopeSheetMouse::dragToWhereItBegan()
-{
-    select(hipX(), 1600, 3201);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(50, 0), Times({0, 2400, 4000, 9440}));
-    hand.release(from + QPoint(0, 5));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({1600, 3200}));
-    QCOMPARE(undoCount(), 0);
-    QVERIFY(!vxApp->getUndoStack()->isRecording());
-}
-
-void TestDopeSheetMouse::dragReplacesAtTheDrop()
-{
-    hip->getXPosControl()->setKey(1600, 7.0f, VxKeyInterp::Constant);
-    select(hipX(), 1600, 1600);
-    drag(at(hipX(), 1600), 100);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 3200, 9440}));
-    QCOMPARE(hip->getXPosControl()->getKeyValue(1), 7.0f);
-    QCOMPARE(selected(hipX()), Times({3200}));
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(hip->getXPosControl()->getKeyValue(1), 7.0f);
-    QCOMPARE(hip->getXPosControl()->getKeyValue(2), 1.0f);
-}
-
-void TestDopeSheetMouse::previewsKeepWhatIsInTheWay()
-{
-    select(hipX(), 1600, 1600);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(100, 0), Times({0, 3199, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({3199}));
-    QVERIFY(!view->hasCopiedKeys());
-    waitForPreview(hand, from + QPoint(150, 0), Times({0, 3200, 4000, 9440}));
-    QCOMPARE(selected(hipX()), Times({4000}));
-    hand.release(from + QPoint(150, 0));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 3200, 4000, 9440}));
-    QCOMPARE(undoCount(), 1);
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-}
-
-// Away and back again within the distance of a click.
-void TestDopeSheetMouse::previewIsTakenBackByAClick()
-{
-    select(hipX(), 1600, 3201);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(50, 0), Times({0, 2400, 4000, 9440}));
-    hand.release(from + QPoint(1, 1));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({1600}));
-    QCOMPARE(undoCount(), 0);
-    QVERIFY(!vxApp->getUndoStack()->isRecording());
-}
-
-void TestDopeSheetMouse::escapePutsBack()
-{
-    select(hipX(), 1600, 3201);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(100, 0), Times({0, 3200, 4800, 9440}));
-    QTest::keyClick(view.get(), Qt::Key_Escape);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({1600, 3200}));
-    hand.moveTo(from + QPoint(120, 0));
-    hand.release(from + QPoint(120, 0));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({1600, 3200}));
-    QCOMPARE(undoCount(), 0);
-    QVERIFY(!vxApp->getUndoStack()->isRecording());
-}
-
-void TestDopeSheetMouse::commandsWaitForTheDrop()
-{
-    select(hipX(), 1600, 1600);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    hand.moveTo(from + QPoint(50, 0));
-    view->deleteKeys();
-    view->setInterpType(1);
-    view->copyKeys();
-    vxScene->setTime(800);
-    view->pasteKeys();
-    QVERIFY(view->hasCopiedKeys());
-    QCOMPARE(hip->getXPosControl()->getNumKeys(), 4);
-    QCOMPARE(hip->getXPosControl()->getKeyInterpolationType(1), 0);
-    hand.release(from + QPoint(50, 0));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 2400, 3200, 9440}));
-    view->deleteKeys();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 3200, 9440}));
-}
-
-void TestDopeSheetMouse::lockedKeysStay()
-{
-    select(hipX(), 1600, 1600);
-    select(translationOf(ball, 0), 1600, 1600);
-    hip->getXPosControl()->setLocked(true);
-    drag(at(hipX(), 1600), 50);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QCOMPARE(selected(hipX()), Times({1600}));
-    QCOMPARE(keyTimes(ball->getXPosControl()), Times({2400}));
-    QCOMPARE(undoCount(), 1);
-}
-
-void TestDopeSheetMouse::otherWindowEndsTheDrag()
-{
-    select(hipX(), 1600, 1600);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(50, 0), Times({0, 2400, 3200, 9440}));
-    QFocusEvent leave(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
-    QCoreApplication::sendEvent(view.get(), &leave);
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QVERIFY(!vxApp->getUndoStack()->isRecording());
-    hand.release(from);
-    click(hipX(), 3200);
-    QCOMPARE(selected(hipX()), Times({3200}));
-}
-
-void TestDopeSheetMouse::viewThatGoesPutsBack()
-{
-    select(hipX(), 1600, 1600);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(50, 0), Times({0, 2400, 3200, 9440}));
-    view.reset();
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 1600, 3200, 9440}));
-    QVERIFY(!vxApp->getUndoStack()->isRecording());
-}
-
-void TestDopeSheetMouse::rowsThatVanishInADrag()
-{
-    select(hipX(), 1600, 1600);
-    select(translationOf(ball, 0), 1600, 1600);
-    VxMouseDriver hand = mouse();
-    const QPoint from = at(hipX(), 1600);
-    hand.press(from);
-    waitForPreview(hand, from + QPoint(50, 0), Times({0, 2400, 3200, 9440}));
-    model->removeNode(ball);
-    vxScene->removeNode(leg);
-    hand.moveTo(from + QPoint(60, 0));
-    hand.release(from + QPoint(60, 0));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({0, 2560, 3200, 9440}));
-    QCOMPARE(keyTimes(ball->getXPosControl()), Times({2560}));
 }
 
 void TestDopeSheetMouse::bandSelects()

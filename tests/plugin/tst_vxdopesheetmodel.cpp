@@ -1,43 +1,20 @@
-#include "dopesheetrowstestbase.h"
+#include "dopesheetmodeltestbase.h"
 
-#include <QtTest/QAbstractItemModelTester>
-
-#include <QtCore/QIdentityProxyModel>
 #include <QtGui/QIcon>
-#include <QtWidgets/QTreeView>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-
-using Tester = QAbstractItemModelTester;
-
-namespace {
-
-// The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester takes for a mistake.
-class FirstColumnOnly : public QIdentityProxyModel
-{
-public:
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.column() > 0 ? 0 : QIdentityProxyModel::rowCount(parent);
-    }
-};
-
-} // namespace
-
-// The model alone and, through all that happens, behind the filter and under an open view.
-class TestDopeSheetModel : public QObject, private DopeSheetRowsTest
+// The rows of the model, and what it tells of them.
+class TestDopeSheetModel : public QObject, private DopeSheetModelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUpModel(); }
+    void cleanup() { tearDownModel(); }
 
     void columnsAndHeaders();
     void itemsOfIndexes();
@@ -56,15 +33,6 @@ private Q_SLOTS:
     void deletedWithoutRemoval();
     void removedAndAddedAgain();
 
-    void reparenting();
-    void reparentingToTheTop();
-    void reparentingBelowANodeNotShown();
-    void undoneReparenting();
-
-    void rootMoves_data();
-    void rootMoves();
-    void onlyTopLevelRowsMove();
-
     void changesAreToldForTheTopLevel();
     void anEmptyModelTellsNothing();
     void labelsAreToldAlsoAfterRemoval();
@@ -72,60 +40,7 @@ private Q_SLOTS:
     void objectsChange();
     void objectsThatAreNotListed();
     void selectedKeys();
-
-private:
-    VxNode *node(const char *name, VxNode *parent = nullptr)
-    {
-        return builder->addNode(QString::fromLatin1(name), parent);
-    }
-    // The labels of the node rows below an item.
-    static QStringList nodesBelow(const VxDopeSheetItem *item);
-    QStringList nodesAtTop() const { return nodesBelow(m_model->getRootItem()); }
-
-    std::unique_ptr<VxDopeSheetModel> m_model;
-    std::unique_ptr<VxDopeSheetFilterModel> m_filter;
-    std::unique_ptr<QTreeView> m_view;
-    FirstColumnOnly m_firstColumn;
-    std::unique_ptr<Tester> m_tester;
-    std::unique_ptr<Tester> m_filterTester;
 };
-
-void TestDopeSheetModel::init()
-{
-    setUp();
-    m_model = std::make_unique<VxDopeSheetModel>(int(TransformTypes), 2, nullptr);
-    m_filter = std::make_unique<VxDopeSheetFilterModel>();
-    m_filter->setRecursiveFilteringEnabled(true);
-    m_filter->setDynamicSortFilter(false);
-    m_filter->setSourceModel(m_model.get());
-    m_view = std::make_unique<QTreeView>();
-    m_view->setModel(m_filter.get());
-    m_view->show();
-    m_firstColumn.setSourceModel(m_model.get());
-    m_tester = std::make_unique<Tester>(&m_firstColumn, Tester::FailureReportingMode::QtTest);
-    m_filterTester = std::make_unique<Tester>(m_filter.get(), Tester::FailureReportingMode::QtTest);
-}
-
-void TestDopeSheetModel::cleanup()
-{
-    m_filterTester.reset();
-    m_tester.reset();
-    m_firstColumn.setSourceModel(nullptr);
-    m_view.reset();
-    m_filter.reset();
-    m_model.reset();
-    tearDown();
-}
-
-QStringList TestDopeSheetModel::nodesBelow(const VxDopeSheetItem *item)
-{
-    QStringList labels;
-    for (int i = 0; i < item->childCount(); ++i) {
-        if (item->child(i)->node())
-            labels += item->child(i)->label();
-    }
-    return labels;
-}
 
 void TestDopeSheetModel::columnsAndHeaders()
 {
@@ -352,133 +267,6 @@ void TestDopeSheetModel::removedAndAddedAgain()
     const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
     top->setLabel(QStringLiteral("other"));
     QCOMPARE(changes.count(), 1);
-}
-
-void TestDopeSheetModel::reparenting()
-{
-    VxNode *a = node("a");
-    VxNode *b = node("b");
-    VxNode *child = node("child", a);
-    VxNode *low = node("low", child);
-    setKeys(low->getXPosControl(), {10});
-    m_model->addNode(a, true);
-    m_model->addNode(b, true);
-    m_view->expandAll();
-    const QSignalSpy moves(m_model.get(), &QAbstractItemModel::rowsMoved);
-    QCOMPARE(m_model->findItem(a)->keyCount(), 1);
-    QCOMPARE(m_model->findItem(b)->keyCount(), 0);
-    QVERIFY(child->setNodeParent(b));
-    QCOMPARE(moves.count(), 1);
-    QCOMPARE(nodesBelow(m_model->findItem(a)), QStringList());
-    QCOMPARE(nodesBelow(m_model->findItem(b)), QStringList{QStringLiteral("child")});
-    QCOMPARE(nodesBelow(m_model->findItem(child)), QStringList{QStringLiteral("low")});
-    QCOMPARE(m_model->findItem(a)->keyCount(), 0);
-    QCOMPARE(m_model->findItem(b)->keyCount(), 1);
-}
-
-void TestDopeSheetModel::reparentingToTheTop()
-{
-    VxNode *a = node("a");
-    VxNode *child = node("child", a);
-    m_model->addNode(a, true);
-    m_model->addNode(node("b"));
-    QVERIFY(child->setNodeParent(nullptr, 0));
-    QCOMPARE(nodesAtTop(),
-             QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("child")}));
-}
-
-void TestDopeSheetModel::reparentingBelowANodeNotShown()
-{
-    VxNode *a = node("a");
-    VxNode *unseen = node("unseen");
-    node("its child", unseen);
-    m_model->addNode(a);
-    QVERIFY(a->setNodeParent(unseen));
-    QCOMPARE(nodesAtTop(), QStringList{QStringLiteral("unseen")});
-    QCOMPARE(nodesBelow(m_model->findItem(unseen)), QStringList{QStringLiteral("a")});
-}
-
-void TestDopeSheetModel::undoneReparenting()
-{
-    VxNode *a = node("a");
-    VxNode *b = node("b");
-    m_model->addNode(a);
-    m_model->addNode(b);
-    {
-        VxUndoStackHold hold;
-        QVERIFY(b->setNodeParent(a));
-        hold.accept(QStringLiteral("Parent"));
-    }
-    QCOMPARE(nodesAtTop(), QStringList{QStringLiteral("a")});
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(nodesAtTop(), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
-}
-
-void TestDopeSheetModel::rootMoves_data()
-{
-    QTest::addColumn<QString>("move");
-    QTest::addColumn<QString>("node");
-    QTest::addColumn<QString>("order");
-    // The rows that the signal names: start, end, destination. Empty when nothing moves.
-    QTest::addColumn<QVector<int>>("rows");
-    using Rows = QVector<int>;
-    const auto row = [](const char *move, const char *node, const char *order, const Rows &rows) {
-        QTest::addRow("%s %s", node, move) << QString::fromLatin1(move) << QString::fromLatin1(node)
-                                           << QString::fromLatin1(order) << rows;
-    };
-    row("to top", "c", "cabd", {2, 2, 0});
-    row("to top", "a", "abcd", {});
-    row("up", "c", "acbd", {2, 2, 1});
-    row("up", "a", "abcd", {});
-    row("down", "b", "acbd", {2, 2, 1});
-    row("down", "d", "abcd", {});
-    row("to bottom", "b", "acdb", {1, 1, 4});
-    row("to bottom", "d", "abcd", {});
-}
-
-void TestDopeSheetModel::rootMoves()
-{
-    QFETCH(QString, move);
-    QFETCH(QString, node);
-    QFETCH(QString, order);
-    QFETCH(QVector<int>, rows);
-    QMap<QString, VxNode *> nodes;
-    for (const char *name : {"a", "b", "c", "d"}) {
-        nodes[QString::fromLatin1(name)] = this->node(name);
-        m_model->addNode(nodes[QString::fromLatin1(name)]);
-    }
-    QVector<int> told;
-    connect(m_model.get(), &QAbstractItemModel::rowsMoved, this,
-            [&told](const QModelIndex &from, int start, int end, const QModelIndex &to, int row) {
-                QVERIFY(!from.isValid() && !to.isValid());
-                told << start << end << row;
-            });
-    const std::map<QString, void (VxDopeSheetModel::*)(VxNode *)> moves{
-        {QStringLiteral("to top"), &VxDopeSheetModel::moveRootRowToTop},
-        {QStringLiteral("up"), &VxDopeSheetModel::moveRootRowUp},
-        {QStringLiteral("down"), &VxDopeSheetModel::moveRootRowDown},
-        {QStringLiteral("to bottom"), &VxDopeSheetModel::moveRootRowToBottom},
-    };
-    (m_model.get()->*moves.at(move))(nodes.value(node));
-    QCOMPARE(nodesAtTop().join(QString()), order);
-    QCOMPARE(told, rows);
-    QCOMPARE(labelsAt(m_filter.get()).join(QString()), order);
-}
-
-void TestDopeSheetModel::onlyTopLevelRowsMove()
-{
-    VxNode *a = node("a");
-    VxNode *low = node("low", a);
-    m_model->addNode(node("first"));
-    m_model->addNode(a, true);
-    const QSignalSpy moves(m_model.get(), &QAbstractItemModel::rowsMoved);
-    for (VxNode *unmoved : {low, node("unseen"), static_cast<VxNode *>(nullptr)}) {
-        m_model->moveRootRowToTop(unmoved);
-        m_model->moveRootRowUp(unmoved);
-        m_model->moveRootRowDown(unmoved);
-        m_model->moveRootRowToBottom(unmoved);
-    }
-    QCOMPARE(moves.count(), 0);
 }
 
 void TestDopeSheetModel::changesAreToldForTheTopLevel()
