@@ -4,6 +4,7 @@
 #include "keygraphtestbase.h"
 
 #include <QtGui/QPaintEngine>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyleOption>
 #include <vxcore/vxmainwindow.h>
@@ -45,6 +46,21 @@ public:
 
     mutable QVector<Mark> marks;
     mutable QVector<QRect> bands;
+};
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
 };
 
 // Notes the texts that are painted on it, and where.
@@ -184,6 +200,16 @@ protected:
         graph->handleDopesheetPropertyListChanged(properties, false);
         QCoreApplication::processEvents();
     }
+
+    void turnWheel(const QPoint &delta, Qt::KeyboardModifiers modifiers,
+                   const QPoint &position = QPoint(300, 100))
+    {
+        QWheelEvent event(position, view->mapToGlobal(position), QPoint(), delta, Qt::NoButton,
+                          modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view.get(), &event);
+        QVERIFY(event.isAccepted());
+    }
+    QImage picture() { return view->grab().toImage(); }
 
     VxFloatProperty *x() const { return node->getXPosControl(); }
     VxFloatProperty *y() const { return node->getYPosControl(); }

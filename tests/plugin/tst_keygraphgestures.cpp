@@ -21,10 +21,14 @@ private Q_SLOTS:
     void neighboursKeepTheirDistance_data();
     void neighboursKeepTheirDistance();
     void aPressAloneHoldsNothing();
+    void channelsThatGoInADrag();
 
     void timeIsCutBeforeItIsRounded();
     void timeKeepsItsDistanceFromTheMouse();
     void theLineIsPlainAfterItsDrag();
+    void theLineStaysMarkedBeyondTheEdge();
+    void theLineIsPlainOnceKeysMove();
+    void hoveringRepaintsTheLineAlone();
 
     void panningWithTheRightButtonOpensNoMenu();
 
@@ -103,6 +107,22 @@ void TestKeyGraphGestures::aPressAloneHoldsNothing()
     QCOMPARE(undoTexts(), QStringList());
 }
 
+// Somebody who hears of the change shows other curves. Nothing is told of those that are gone.
+void TestKeyGraphGestures::channelsThatGoInADrag()
+{
+    showProperties({makeKeys(x(), "..a..b")});
+    m_mouse->press(placeOfKey(x(), 1));
+    connect(x(), &VxProperty::valueChanged, view.get(),
+            [this] { graph->handleDopesheetPropertyListChanged({}, false); });
+    messages.clear();
+    m_mouse->moveTo(placeOf(8, 12.0));
+    QVERIFY(graph->getChannels().isEmpty());
+    QVERIFY(messages.isEmpty());
+    m_mouse->release(placeOf(8, 12.0));
+    QCOMPARE(x()->getKeyTime(1), 160 * 8);
+    QCOMPARE(undoTexts(), QStringList(QStringLiteral("Move Keys")));
+}
+
 // The play range ends between frames 70 and 71, nearer to the latter.
 void TestKeyGraphGestures::timeIsCutBeforeItIsRounded()
 {
@@ -143,6 +163,54 @@ void TestKeyGraphGestures::theLineIsPlainAfterItsDrag()
     send(QEvent::MouseMove, line + QPoint(-100, 0));
     QCOMPARE(vxScene->getTime(), 160 * 60);
     send(QEvent::MouseButtonRelease, line);
+}
+
+void TestKeyGraphGestures::theLineStaysMarkedBeyondTheEdge()
+{
+    const QColor marked = view->palette().color(QPalette::Highlight);
+    const QPoint line = placeOf(60, 0);
+    m_mouse->moveTo(line);
+    m_mouse->press(line);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(view.get(), &leave);
+    QCOMPARE(picture().pixelColor(line.x(), 100), marked);
+    QCOMPARE(view->cursor().shape(), Qt::SplitHCursor);
+    m_mouse->release(line);
+    QCOMPARE(picture().pixelColor(line.x(), 100), lineColor());
+}
+
+// A press on a key right after the line was hovered.
+void TestKeyGraphGestures::theLineIsPlainOnceKeysMove()
+{
+    showProperties({makeKeys(x(), "..a..b")});
+    const QPoint line = placeOf(60, 0);
+    m_mouse->moveTo(line);
+    QCOMPARE(picture().pixelColor(line.x(), 100), view->palette().color(QPalette::Highlight));
+    const QPoint key = placeOfKey(x(), 1);
+    send(QEvent::MouseButtonPress, key);
+    send(QEvent::MouseMove, key + QPoint(0, 10));
+    QCOMPARE(picture().pixelColor(line.x(), 100), lineColor());
+    send(QEvent::MouseButtonRelease, key + QPoint(0, 10));
+}
+
+// Without the picture of a grab, which paints in any case.
+void TestKeyGraphGestures::hoveringRepaintsTheLineAlone()
+{
+    PaintCounter paints(view.get());
+    const auto paintsAt = [this, &paints](const QPoint &place) {
+        QCoreApplication::processEvents();
+        paints.count = 0;
+        m_mouse->moveTo(place);
+        QCoreApplication::processEvents();
+        return paints.count;
+    };
+    const QPoint line = placeOf(60, 0);
+    paintsAt(line - QPoint(40, 0));
+    QCOMPARE(paintsAt(line - QPoint(30, 0)), 0);
+    QVERIFY(paintsAt(line) > 0);
+    QCOMPARE(paintsAt(line + QPoint(1, 0)), 0);
+    QVERIFY(paintsAt(line + QPoint(30, 0)) > 0);
+    QCOMPARE(paintsAt(line + QPoint(40, 0)), 0);
 }
 
 void TestKeyGraphGestures::panningWithTheRightButtonOpensNoMenu()

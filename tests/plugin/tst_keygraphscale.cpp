@@ -167,6 +167,8 @@ void TestKeyGraphScale::framingOfLowWidgets()
     QCOMPARE(scale.valuePerPixel, -1.0);
     scale.frameValues(0.0, 41.0, 81.0);
     QCOMPARE(scale.valuePerPixel, -1.0);
+    scale.frameValues(0.0, 40.0, 80.5);
+    QCOMPARE(scale.valuePerPixel, -1.0);
     scale.frameValues(0.0, 40.0, 10.0);
     QCOMPARE(scale.valuePerPixel, -1.0);
 }

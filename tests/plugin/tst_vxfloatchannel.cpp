@@ -49,6 +49,7 @@ private Q_SLOTS:
     void deselectingComesLast();
     void applyingIgnoresKeysThatAreNone();
     void boxGivesBackWhatItTook();
+    void boxTakesUpTheDragStart();
     void boxToldOnce();
 };
 
@@ -484,6 +485,22 @@ void TestFloatChannel::boxGivesBackWhatItTook()
     QCOMPARE(selectedOf(channel), QVector<int>());
     channel.selectInBox({9000, 10000, 0.0, 100.0}, false);
     QCOMPARE(selectedOf(channel), QVector<int>({0, 4}));
+}
+
+// Whatever the box does to a key, a drag goes on from where the key is now.
+void TestFloatChannel::boxTakesUpTheDragStart()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abcd");
+    VxFloatChannel channel(property, nullptr);
+    QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 1.0);
+    for (int i = 0; i < 4; ++i)
+        channel.setKeyValue(i, 20.0 + i);
+    channel.selectInBox({160, 160, 0.0, 100.0}, true);
+    channel.selectInBox({320, 320, 0.0, 100.0}, false);
+    QCOMPARE(channel.getKeyCache().at(0).dragStartValue, 0.0);
+    QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 21.0);
+    QCOMPARE(channel.getKeyCache().at(2).dragStartValue, 22.0);
+    QCOMPARE(channel.getKeyCache().at(3).dragStartValue, 3.0);
 }
 
 void TestFloatChannel::boxToldOnce()

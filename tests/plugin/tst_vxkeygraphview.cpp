@@ -1,13 +1,9 @@
 #include "keygraphviewtestbase.h"
 
 #include <QtCore/QMetaMethod>
-#include <QtGui/QWheelEvent>
 #include <vxcore/vxmousebutton.h>
 
-#include "vxtimeline/keygraph/keygraphpainter.h"
-
 #include <cmath>
-#include <limits>
 
 using namespace KeyDrawing;
 
@@ -48,38 +44,7 @@ private Q_SLOTS:
     void buttonsArePresent();
     void buttonsDrive();
     void buttonsFollowThePixelRatio();
-
-    void marksCarryTheirState();
-    void marksOfPercentages();
-    void curvesRunThroughTheirKeys();
-    void colours_data();
-    void colours();
-    void labelsStayInTheirColumn();
-    void gridLabelsNameTheUnit();
-    void gridLabelsNeverOverlap_data();
-    void gridLabelsNeverOverlap();
-    void timeLine();
-    void timeStepsPaintNoKeys();
-    void changesPaintKeys();
-    void outsideOfThePlayRangeIsShaded();
-    void colourSchemesDiffer();
-
-private:
-    void turnWheel(const QPoint &delta, Qt::KeyboardModifiers modifiers,
-                   const QPoint &position = QPoint(300, 100));
-    QImage picture() { return view->grab().toImage(); }
-    // The grid's labels.
-    QVector<TextRecorder::Text> gridLabels();
 };
-
-void TestKeyGraphView::turnWheel(const QPoint &delta, Qt::KeyboardModifiers modifiers,
-                                 const QPoint &position)
-{
-    QWheelEvent event(position, view->mapToGlobal(position), QPoint(), delta, Qt::NoButton,
-                      modifiers, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(view.get(), &event);
-    QVERIFY(event.isAccepted());
-}
 
 void TestKeyGraphView::onlyTheFirstThreeResizesCenter()
 {
@@ -361,6 +326,10 @@ void TestKeyGraphView::wheelOverTimes()
     QCOMPARE(view->getScale().ticks(300), former.ticks(300));
     turnWheel(QPoint(0, -200), Qt::ShiftModifier, QPoint(300, 100));
     QCOMPARE(view->getScale().offsetX, former.offsetX);
+    turnWheel(QPoint(0, 400), Qt::ShiftModifier | Qt::ControlModifier, QPoint(300, 100));
+    QCOMPARE(view->getScale().ticksPerPixel, former.ticksPerPixel * std::exp2(-20.0 / 200.0));
+    turnWheel(QPoint(0, -400), Qt::ShiftModifier | Qt::ControlModifier, QPoint(300, 100));
+    QCOMPARE(view->getScale().ticks(300), former.ticks(300));
     turnWheel(QPoint(120, 0), Qt::NoModifier);
     QCOMPARE(view->getScale().offsetX, former.offsetX + 60);
     turnWheel(QPoint(0, -120), Qt::ShiftModifier | Qt::AltModifier);
@@ -443,288 +412,6 @@ void TestKeyGraphView::buttonsFollowThePixelRatio()
     QCOMPARE(button->normalPixmap().devicePixelRatioF(), 2.0);
     QCOMPARE(button->size(), size);
     scaled.setStyle(nullptr);
-}
-
-void TestKeyGraphView::marksCarryTheirState()
-{
-    RecordingStyle style;
-    view->setStyle(&style);
-    showView();
-    x()->setKey(0, 10.0f, VxKeyInterp::Linear);
-    x()->setKey(1600, 10.0f, VxKeyInterp::Constant);
-    x()->setKey(3200, 10.0f, VxKeyInterp::Tcb);
-    x()->setKey(160000, 10.0f, VxKeyInterp::Linear); // far to the right
-    showProperties({x()});
-    select(channel(0), {1});
-    view->doStyling();
-    style.marks.clear();
-    picture();
-    QCOMPARE(style.marks.size(), 3);
-    const quint32 kinds[] = {0x2, 0x4 | 0x8000, 0x400000};
-    for (int i = 0; i < 3; ++i) {
-        const RecordingStyle::Mark &mark = style.marks.at(i);
-        QCOMPARE(mark.rect, QRect(placeOf(i * 10, 10.0) - QPoint(4, 4), QSize(9, 9)));
-        QCOMPARE(quint32(mark.state) & (0x8000u | 0x2u | 0x4u | 0x400000u), kinds[i]);
-        QCOMPARE(mark.type, 0xF00);
-    }
-    view->setStyle(nullptr);
-}
-
-void TestKeyGraphView::marksOfPercentages()
-{
-    RecordingStyle style;
-    view->setStyle(&style);
-    showView();
-    VxFloatProperty *smile = addProperty(QStringLiteral("Smile"));
-    smile->setPercentage(true);
-    smile->setKey(160, 0.125f, VxKeyInterp::Linear);
-    showProperties({smile});
-    style.marks.clear();
-    view->doStyling();
-    picture();
-    QCOMPARE(style.marks.size(), 1);
-    QCOMPARE(style.marks.at(0).rect.center(), placeOf(1, 12.5));
-    view->setStyle(nullptr);
-}
-
-void TestKeyGraphView::curvesRunThroughTheirKeys()
-{
-    showView();
-    y()->setKey(0, 5.0f, VxKeyInterp::Linear);
-    y()->setKey(160 * 20, 25.0f, VxKeyInterp::Constant);
-    y()->setKey(160 * 40, 10.0f, VxKeyInterp::Linear);
-    showProperties({y()});
-    const QImage image = picture();
-    const QColor color = KeyGraphLook::of(view.get()).channelColor(channel(0).getColor(), 0);
-    const auto isCurve = [&](int frame, double value) {
-        const QPoint place = placeOf(frame, value);
-        for (int dy = -1; dy <= 1; ++dy) {
-            const QColor seen = image.pixelColor(place + QPoint(0, dy));
-            if (qAbs(seen.hue() - color.hue()) < 12 && seen.saturation() > 90)
-                return true;
-        }
-        return false;
-    };
-    QVERIFY(isCurve(10, 15.0));
-    QVERIFY(isCurve(5, 10.0));
-    QVERIFY(isCurve(30, 25.0));
-    QVERIFY(isCurve(55, 10.0));
-    QVERIFY(!isCurve(10, 20.0));
-    QVERIFY(!isCurve(30, 17.0));
-}
-
-void TestKeyGraphView::colours_data()
-{
-    QTest::addColumn<QColor>("own");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QColor>("shown");
-    const QColor dark(100, 20, 20);
-    const QColor light(200, 30, 30);
-    QTest::newRow("dark, first") << dark << 0 << dark.darker(185);
-    QTest::newRow("dark, second") << dark << 1 << dark.darker(182);
-    QTest::newRow("light, fifth") << light << 4 << light.lighter(173);
-    QTest::newRow("the sixth is as the first") << light << 5 << light.lighter(185);
-    QTest::newRow("just dark") << QColor(128, 0, 0) << 0 << QColor(128, 0, 0).darker(185);
-    QTest::newRow("just light") << QColor(129, 0, 0) << 0 << QColor(129, 0, 0).lighter(185);
-    QTest::newRow("none of its own") << QColor() << 0 << QColor(10, 90, 10).darker(185);
-}
-
-void TestKeyGraphView::colours()
-{
-    QFETCH(QColor, own);
-    QFETCH(int, number);
-    KeyGraphLook look;
-    look.text = QColor(10, 90, 10);
-    QTEST(look.channelColor(own, number), "shown");
-}
-
-void TestKeyGraphView::labelsStayInTheirColumn()
-{
-    showView();
-    node->setLabel(QStringLiteral("A Node With Quite A Long Name Indeed"));
-    showProperties({x()});
-    const QRect area(0, 0, 500, 20);
-    const auto coloured = [&](int left, int right) {
-        const QImage image = picture();
-        int count = 0;
-        for (int px = left; px < right; ++px) {
-            for (int py = area.top(); py < area.bottom(); ++py)
-                count += image.pixelColor(px, py).saturation() > 110 ? 1 : 0;
-        }
-        return count;
-    };
-    view->setLeftBackgroundWidth(100);
-    QVERIFY(coloured(0, 100) > 50);
-    QCOMPARE(coloured(110, 500), 0);
-    view->setLeftBackgroundWidth(400);
-    QVERIFY(coloured(110, 400) > 50);
-}
-
-QVector<TextRecorder::Text> TestKeyGraphView::gridLabels()
-{
-    TextRecorder recorder(view->size());
-    view->render(&recorder, QPoint(), QRegion(), QWidget::RenderFlags());
-    return recorder.texts;
-}
-
-void TestKeyGraphView::gridLabelsNameTheUnit()
-{
-    showView();
-    const auto ends = [this](const QString &unit) {
-        int count = 0;
-        for (const TextRecorder::Text &label : gridLabels())
-            count += label.text.endsWith(unit) ? 1 : 0;
-        return count;
-    };
-    const QString degrees(QChar(0xb0));
-    VxFloatProperty *smile = addProperty(QStringLiteral("Smile"));
-    smile->setPercentage(true);
-    const auto show = [this](const QVector<VxProperty *> &properties) {
-        graph->handleDopesheetPropertyListChanged(properties, false);
-    };
-    show({node->getXRotControl(), node->getZRotControl()});
-    QVERIFY(ends(degrees) >= 3);
-    show({node->getXRotControl(), x()});
-    QCOMPARE(ends(degrees), 0);
-    show({smile});
-    QVERIFY(ends(QStringLiteral("%")) >= 3);
-    show({smile, node->getXRotControl()});
-    QCOMPARE(ends(QStringLiteral("%")), 0);
-    show({});
-    QCOMPARE(ends(degrees) + ends(QStringLiteral("%")), 0);
-    show({smile});
-    QVERIFY(ends(QStringLiteral("%")) >= 3);
-    view->setKeyGraph(nullptr);
-    view->setKeyGraph(graph.get());
-    QVERIFY(ends(QStringLiteral("%")) >= 3);
-}
-
-void TestKeyGraphView::gridLabelsNeverOverlap_data()
-{
-    QTest::addColumn<int>("leftWidth");
-    QTest::addColumn<int>("height");
-    QTest::newRow("without sides") << 0 << 300;
-    QTest::newRow("with a name column") << 220 << 300;
-    QTest::newRow("low") << 220 << 60;
-    QTest::newRow("hardly there") << 0 << 20;
-}
-
-// However the axes are zoomed and panned.
-void TestKeyGraphView::gridLabelsNeverOverlap()
-{
-    QFETCH(int, leftWidth);
-    QFETCH(int, height);
-    view->setLeftBackgroundWidth(leftWidth);
-    showView();
-    view->resize(800, height);
-    QCoreApplication::processEvents();
-    showProperties({node->getXRotControl()});
-    int most = 0;
-    for (int i = 0; i < 60; ++i) {
-        turnWheel(QPoint(0, i % 20 < 10 ? 90 : -85), i % 3 ? Qt::ShiftModifier : Qt::NoModifier);
-        turnWheel(QPoint(0, i * 37 % 400 - 200),
-                  i % 2 ? Qt::AltModifier : Qt::AltModifier | Qt::ShiftModifier);
-        const QVector<TextRecorder::Text> labels = gridLabels();
-        most = qMax(most, labels.size());
-        for (int a = 0; a < labels.size(); ++a) {
-            QVERIFY2(labels.at(a).rect.left() >= leftWidth - 1, qPrintable(labels.at(a).text));
-            for (int b = a + 1; b < labels.size(); ++b)
-                QVERIFY2(!labels.at(a).rect.adjusted(1, 1, -1, -1).intersects(labels.at(b).rect),
-                         qPrintable(labels.at(a).text + ' ' + labels.at(b).text));
-        }
-    }
-    QVERIFY2(most >= (height < 50 ? 1 : 3), qPrintable(QString::number(most)));
-}
-
-void TestKeyGraphView::timeLine()
-{
-    showView();
-    vxScene->setTime(160 * 33);
-    const int line = placeOf(33, 0).x();
-    const QColor text = view->palette().color(view->foregroundRole());
-    QCOMPARE(picture().pixelColor(line, 100), text);
-    vxScene->setTime(160 * 34);
-    QVERIFY(picture().pixelColor(line, 100) != text);
-    QCOMPARE(picture().pixelColor(line + 10, 3), text);
-    VxMouseDriver mouse(view.get());
-    mouse.moveTo(QPoint(line + 12, 100));
-    QCOMPARE(picture().pixelColor(line + 10, 100), view->palette().color(QPalette::Highlight));
-    QCOMPARE(view->cursor().shape(), Qt::SplitHCursor);
-    mouse.moveTo(QPoint(line + 13, 100));
-    QCOMPARE(picture().pixelColor(line + 10, 100), text);
-    QVERIFY(view->cursor().shape() != Qt::SplitHCursor);
-}
-
-void TestKeyGraphView::timeStepsPaintNoKeys()
-{
-    RecordingStyle style;
-    view->setStyle(&style);
-    showView();
-    showProperties({makeKeys(x(), "abcdefghijk")});
-    picture();
-    style.marks.clear();
-    vxScene->setTime(160 * 7);
-    picture();
-    view->doUpdate();
-    picture();
-    QCOMPARE(style.marks.size(), 0);
-    view->setStyle(nullptr);
-}
-
-void TestKeyGraphView::changesPaintKeys()
-{
-    RecordingStyle style;
-    view->setStyle(&style);
-    showView();
-    showProperties({makeKeys(x(), "abc")});
-    const auto countMarks = [&] {
-        style.marks.clear();
-        picture();
-        return style.marks.size();
-    };
-    countMarks();
-    QCOMPARE(countMarks(), 0);
-    makeKeys(x(), "....d");
-    QCOMPARE(countMarks(), 4);
-    VxKeyMessage message;
-    message.selectedKeys[x()] = {2};
-    peer->send(message);
-    QCOMPARE(countMarks(), 4);
-    QCOMPARE(countMarks(), 0);
-    view->panStart();
-    view->panAdjust(QPoint(0, 5));
-    QCOMPARE(countMarks(), 4);
-    node->setLabel(QStringLiteral("Another Name"));
-    QCOMPARE(countMarks(), 4);
-    view->setStyle(nullptr);
-}
-
-void TestKeyGraphView::outsideOfThePlayRangeIsShaded()
-{
-    showView();
-    vxScene->setPlayRange(VxTimeRange(160 * 10, 160 * 20));
-    const QImage image = picture();
-    const auto lightness = [&](int frame) {
-        double sum = 0;
-        for (int px = 1; px < 9; ++px)
-            sum += image.pixelColor(placeOf(frame, 0) + QPoint(px, -35)).lightnessF();
-        return sum;
-    };
-    QVERIFY(lightness(5) < lightness(15));
-    QVERIFY(lightness(25) < lightness(15));
-}
-
-void TestKeyGraphView::colourSchemesDiffer()
-{
-    showView();
-    showProperties({makeKeys(x(), "a..b")});
-    const QImage dark = picture();
-    const auto *button = view->findChild<VxMouseButton *>(QStringLiteral("KeyGraphPanBtn"));
-    const QImage darkButton = button->normalPixmap().toImage();
-    vxApp->getStyle()->setColorScheme(VxStyle::ColorScheme::Light);
-    QCoreApplication::processEvents();
-    QVERIFY(picture().pixelColor(500, 10).lightnessF() > dark.pixelColor(500, 10).lightnessF());
-    QVERIFY(button->normalPixmap().toImage() != darkButton);
 }
 
 QTEST_MAIN(TestKeyGraphView)
