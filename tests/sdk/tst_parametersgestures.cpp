@@ -41,6 +41,9 @@ private Q_SLOTS:
     void unreadableTextKeepsTheFieldOpen();
     void unreadableTextThatIsLeftSaysSo();
     void foreignLettersAreRefusedWithAWord();
+    void aPressElsewhereKeepsTheWord();
+    void theKeyMarkAfterTypingKeepsTheKey();
+    void aNodeIsRemovedWhileAValueIsTyped();
     void allDigitsAreShownInTheField();
     void enterOpensAndClosesGroups();
     void severalRowsAreCopiedAndPasted();
@@ -415,6 +418,57 @@ void TestParametersGestures::foreignLettersAreRefusedWithAWord()
     QTest::keyClicks(field(), "4x");
     QCOMPARE(field()->text(), QString("4"));
     QVERIFY(!notice().isEmpty());
+}
+
+void TestParametersGestures::aPressElsewhereKeepsTheWord()
+{
+    x()->setMinMax(0.0f, 1.0f);
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    click(hip()->getZPosControl(), Model::LabelColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 1.0f);
+    QVERIFY2(notice().contains("from 0 to 1"), qPrintable(notice()));
+    click(hip()->getZPosControl(), Model::LabelColumn);
+    QCOMPARE(notice(), QString());
+}
+
+/// The press ends the typing, which makes the key, before it means the mark.
+void TestParametersGestures::theKeyMarkAfterTypingKeepsTheKey()
+{
+    vxScene->setTime(160);
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    click(x(), Model::KeyColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getNumKeys(), 1);
+    QCOMPARE(x()->getKeyValue(0), 5.0f);
+    click(x(), Model::KeyColumn);
+    QCOMPARE(x()->getNumKeys(), 0);
+    // The mark of another row means what it always does.
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "6");
+    click(hip()->getYPosControl(), Model::KeyColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getNumKeys(), 1);
+    QCOMPARE(hip()->getYPosControl()->getNumKeys(), 1);
+}
+
+void TestParametersGestures::aNodeIsRemovedWhileAValueIsTyped()
+{
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    vxScene->removeNode(hip());
+    if (field())
+        QTest::keyClick(field(), Qt::Key_Return);
+    QTRY_VERIFY(!field());
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(stack()->count(), 0);
+    QCOMPARE(model()->rowCount(), 0);
 }
 
 void TestParametersGestures::allDigitsAreShownInTheField()

@@ -57,6 +57,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 protected Q_SLOTS:
+    void commitData(QWidget *editor) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:

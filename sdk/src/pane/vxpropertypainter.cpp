@@ -203,7 +203,8 @@ void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem
         QFont font = option.font;
         font.setItalic(true);
         painter->setFont(font);
-        painter->setPen(mix(option.palette.color(QPalette::Base), color, WordStrength));
+        painter->setPen(
+            mix(option.palette.color(QPalette::Base), color, enabled ? WordStrength : 1.0));
     }
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
     const auto fits = [&](const QString &shown) {

@@ -1,5 +1,6 @@
 #include <vxcore/vxsidenavpropertylistview.h>
 
+#include "pane/vxpropertychoice.h"
 #include "pane/vxpropertyclipboard.h"
 #include "pane/vxpropertydelegate.h"
 #include "pane/vxpropertydrag.h"
@@ -13,11 +14,8 @@
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
-#include <algorithm>
-#include <vector>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxpropertylistitemmodel.h>
-#include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -44,10 +42,9 @@ public:
     {
     }
 
-    using Properties = QVector<VxProperty *>;
+    using Properties = VxPropertyChoice::Properties;
 
     Properties propertiesOf(const QModelIndex &index) const;
-    std::vector<bool> chosenRows(const QModelIndex &index) const;
     QVector<Properties> rowsOf(const QModelIndex &index) const;
     Properties targetsOf(const QModelIndex &index) const;
     bool isNumber(const QModelIndex &index) const;
@@ -81,52 +78,22 @@ public:
     std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift, unless it becomes a drag
     std::unique_ptr<VxPropertyDrag> drag;
     bool spent = false; // the drag is over, but the button still held
+
+    // A press first ends the typing in another place, and then has its own meaning.
+    QPersistentModelIndex keyedByPress; // a row that got its key by what was typed
+    bool toldByPress = false;           // whether there was something to be said about it
 };
 
 QVector<VxProperty *>
 VxSideNavPropertyListView::Private::propertiesOf(const QModelIndex &index) const
 {
-    const VxPropertyListItemModel *model = q->getPropertyListModel();
-    const VxPropertyListNode *listNode = model ? model->getPropertyListNode(index) : nullptr;
-    return listNode ? listNode->getProperties() : QVector<VxProperty *>();
-}
-
-/** Which rows a command on one is about: all selected ones when it is one of them. A heading stands
- *  for the rows of its group. */
-std::vector<bool> VxSideNavPropertyListView::Private::chosenRows(const QModelIndex &index) const
-{
-    const VxPropertyListItemModel *model = q->getPropertyListModel();
-    std::vector<bool> chosen(size_t(model ? model->rowCount() : 0), false);
-    if (!model || !index.isValid())
-        return chosen;
-    chosen[size_t(index.row())] = true;
-    if (q->selectionModel()->isRowSelected(index.row(), QModelIndex())) {
-        const QItemSelection selection = q->selectionModel()->selection();
-        for (const QItemSelectionRange &range : selection)
-            std::fill(chosen.begin() + range.top(), chosen.begin() + range.bottom() + 1, true);
-    }
-    bool group = false;
-    for (int row = 0; row < model->rowCount(); ++row) {
-        const bool own = chosen[size_t(row)];
-        const bool heading = model->isHeading(model->index(row, 0));
-        group = heading ? own : group;
-        chosen[size_t(row)] = !heading && (own || group);
-    }
-    return chosen;
+    return VxPropertyChoice::propertiesOf(q->getPropertyListModel(), index);
 }
 
 QVector<QVector<VxProperty *>>
 VxSideNavPropertyListView::Private::rowsOf(const QModelIndex &index) const
 {
-    const std::vector<bool> chosen = chosenRows(index);
-    QVector<Properties> rows;
-    for (size_t row = 0; row < chosen.size(); ++row) {
-        const Properties properties =
-            chosen[row] ? propertiesOf(index.sibling(int(row), 0)) : Properties();
-        if (!properties.isEmpty())
-            rows.append(properties);
-    }
-    return rows;
+    return VxPropertyChoice::rowsOf(q->getPropertyListModel(), q->selectionModel(), index);
 }
 
 QVector<VxProperty *> VxSideNavPropertyListView::Private::targetsOf(const QModelIndex &index) const
@@ -230,7 +197,9 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
         return true;
     }
     if (index.column() == VxPropertyListItemModel::KeyColumn) {
-        VxPropertyKeys::toggleKeys(targetsOf(index), now());
+        // Whoever types and clicks the mark wants the key that is there by now.
+        if (index.row() != keyedByPress.row())
+            VxPropertyKeys::toggleKeys(targetsOf(index), now());
         return true;
     }
     if (isEditable(index)) {
@@ -353,7 +322,10 @@ VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
     setMouseTracking(true);
     auto *delegate = new VxPropertyDelegate(this);
     setItemDelegate(delegate);
-    connect(delegate, &VxPropertyDelegate::noticed, this, &VxSideNavPropertyListView::noticed);
+    connect(delegate, &VxPropertyDelegate::noticed, this, [this](const QString &text) {
+        d->toldByPress = QGuiApplication::mouseButtons() != Qt::NoButton;
+        Q_EMIT noticed(text);
+    });
     connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         if (section == VxPropertyListItemModel::ValueColumn && !d->fitting)
             d->valueWidth = width;
@@ -462,7 +434,9 @@ void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
 {
     d->endGesture();
     d->spent = false;
-    Q_EMIT noticed(QString());
+    if (!d->toldByPress)
+        Q_EMIT noticed(QString());
+    d->toldByPress = false;
     const QModelIndex index = indexAt(event->pos());
     const bool left = event->button() == Qt::LeftButton;
     if (left && event->modifiers() == Qt::NoModifier) {
@@ -475,6 +449,7 @@ void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
     } else {
         QTreeView::mousePressEvent(event);
     }
+    d->keyedByPress = QModelIndex();
 }
 
 void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
@@ -568,6 +543,19 @@ void VxSideNavPropertyListView::contextMenuEvent(QContextMenuEvent *event)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
                       : event->globalPos());
+}
+
+void VxSideNavPropertyListView::commitData(QWidget *editor)
+{
+    const QPersistentModelIndex index = currentIndex();
+    const auto isOnKey = [&index] {
+        return index.data(VxPropertyListItemModel::KeyStateRole).toInt() ==
+               VxPropertyListItemModel::OnKey;
+    };
+    const bool before = isOnKey();
+    QTreeView::commitData(editor);
+    const bool pressing = QGuiApplication::mouseButtons() != Qt::NoButton;
+    d->keyedByPress = pressing && !before && isOnKey() ? index : QPersistentModelIndex();
 }
 
 /** Tab goes to the next field, over headings, switches and closed groups. */
