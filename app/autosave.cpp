@@ -63,6 +63,18 @@ void AutoSave::dropCopy()
     m_store->removeOwn();
 }
 
+void AutoSave::writeNow()
+{
+    if (m_interval == 0 || !m_store->isEnabled() || m_scene->isLoading())
+        return;
+    // An open hold has changes that the history does not know of yet.
+    if (m_history->isClean() && !m_history->isRecording())
+        return;
+    VxFileError error;
+    if (!m_store->write(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+        fail(error.text());
+}
+
 void AutoSave::takeCopy()
 {
     m_timer.stop();

@@ -36,6 +36,8 @@ public:
 
     /// Forgets the changes up to now and removes the copy: the user has given them up.
     void dropCopy();
+    /// Makes a copy of what there is, at once and whatever is under way: the program must end.
+    void writeNow();
     /// The copy that the document was made from is its copy now.
     void takeCopy();
 

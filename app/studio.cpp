@@ -2,6 +2,7 @@
 
 #include "actionlist.h"
 #include "documentcontroller.h"
+#include "endsignals.h"
 #include "recentfiles.h"
 #include "recoverycontroller.h"
 #include "scenesummary.h"
@@ -28,6 +29,7 @@
 namespace {
 
 constexpr QSize PictureSize(1280, 800);
+constexpr int SignalExit = 128; // what a shell adds to a signal's number
 
 QString key(const char *name)
 {
@@ -75,6 +77,7 @@ public:
     bool runScript();
     void showUnseen();
     bool writePicture();
+    int exec();
 
     const CommandLine commandLine;
     UserMessages messages;
@@ -219,6 +222,17 @@ bool Studio::Private::writePicture()
     return false;
 }
 
+/** Nobody can be asked when the machine shuts down or the terminal goes. */
+int Studio::Private::exec()
+{
+    EndSignals requests;
+    QObject::connect(&requests, &EndSignals::received, window.get(), [this](int number) {
+        window->recovery()->autoSave()->writeNow();
+        QCoreApplication::exit(SignalExit + number);
+    });
+    return QApplication::exec();
+}
+
 Studio::Studio(const CommandLine &commandLine)
     : d(std::make_unique<Private>(commandLine))
 {
@@ -274,7 +288,7 @@ int Studio::run()
     // Who starts a script wants that done; the question waits in the menu.
     if (d->commandLine.scriptFile.isEmpty())
         d->window->recovery()->offer();
-    return QApplication::exec();
+    return d->exec();
 }
 
 QString Studio::defaultPluginFolder()

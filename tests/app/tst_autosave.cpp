@@ -73,6 +73,7 @@ private Q_SLOTS:
     void canBeTurnedOff();
     void minutesAreKeptInRange();
     void failureIsToldOnce();
+    void atTheEndItIsWrittenAtOnce();
     void saysWhatItIsACopyOf();
 
 private:
@@ -361,6 +362,29 @@ void tst_AutoSave::failureIsToldOnce()
     QVERIFY(inTheWay.remove());
     QVERIFY(m_written->wait());
     QVERIFY(hasCopy());
+}
+
+void tst_AutoSave::atTheEndItIsWrittenAtOnce()
+{
+    m_save->setInterval(60000);
+    m_save->writeNow();
+    QVERIFY(!hasCopy()); // nothing to lose
+    change();
+    m_save->writeNow();
+    QCOMPARE(copiedStep(), m_scene->getTimeStep());
+    m_history->undo();
+    QVERIFY(!hasCopy());
+    {
+        VxUndoStackHold hold; // in the middle of the first change
+        m_scene->setTimeStep(999);
+        m_save->writeNow();
+        QCOMPARE(copiedStep(), 999);
+    }
+    m_save->dropCopy();
+    m_save->setInterval(0);
+    change();
+    m_save->writeNow();
+    QVERIFY(!hasCopy());
 }
 
 void tst_AutoSave::saysWhatItIsACopyOf()

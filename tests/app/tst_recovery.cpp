@@ -1,5 +1,6 @@
 // A program that dies in the middle of the work, and the one that is started after it.
 
+#include "endsignals.h"
 #include "io/vxscenereader.h"
 #include "recoverycontroller.h"
 #include "recoverydialog.h"
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTreeWidget>
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <vxcore/vxfloatproperty.h>
@@ -56,6 +58,23 @@ int work(const QString &settings, const QString &file, float value)
     }
     changeValue(value);
     return QApplication::exec();
+}
+
+/// The same, as main() runs it, with copies so seldom that none is made before it ends.
+int workUntilTold(const QString &settings, const QString &file, float value)
+{
+    const CommandLine line = CommandLine::parse(
+        {"vxstudio", "--settings", settings, "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)});
+    Studio studio(line);
+    QTimer::singleShot(0, studio.window(), [&] {
+        if (!studio.window()->document()->open(file))
+            QApplication::exit(1);
+        if (value > 0.0f)
+            changeValue(value);
+        std::puts("changed");
+        std::fflush(stdout);
+    });
+    return studio.run();
 }
 
 class Worker
@@ -142,6 +161,9 @@ private Q_SLOTS:
     void anEndWithoutAnswerKeepsTheCopy();
     void startOfTheProgramAsks();
     void scriptsAreNotAsked();
+    void requestsToEndLeaveACopy_data();
+    void requestsToEndLeaveACopy();
+    void ignoredRequestsStayIgnored();
     void theMenuSetsTheTime();
     void picture();
 
@@ -484,6 +506,57 @@ void tst_Recovery::scriptsAreNotAsked()
     QCOMPARE(recoveryFiles().size(), 3); // and left alone
 }
 
+void tst_Recovery::requestsToEndLeaveACopy_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<bool>("changed");
+    QTest::newRow("shut down") << SIGTERM << true;
+    QTest::newRow("shut down, nothing changed") << SIGTERM << false;
+    QTest::newRow("terminal closed") << SIGHUP << true;
+    QTest::newRow("interrupted") << SIGINT << true;
+}
+
+void tst_Recovery::requestsToEndLeaveACopy()
+{
+    QFETCH(int, number);
+    QFETCH(bool, changed);
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(),
+                  {"--work-until-told", settings(), copySample(), changed ? "44.5" : "0"});
+    QByteArray said;
+    while (!said.contains("changed")) {
+        QVERIFY(process.waitForReadyRead(30000));
+        said += process.readAllStandardOutput();
+    }
+    QVERIFY(recoveryFiles().isEmpty());
+    QVERIFY(::kill(pid_t(process.processId()), number) == 0);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 128 + number);
+    QVERIFY(QFile::exists(settings())); // it ended in order
+    start();
+    QCOMPARE(recovery()->offer(), changed);
+    if (!changed)
+        return;
+    press("RecoverButton");
+    QCOMPARE(changedValue(), 44.5f);
+}
+
+void tst_Recovery::ignoredRequestsStayIgnored()
+{
+    const auto former = std::signal(SIGHUP, SIG_IGN);
+    {
+        const EndSignals requests;
+        QSignalSpy received(&requests, &EndSignals::received);
+        std::raise(SIGHUP);
+        QVERIFY(!received.wait(100));
+        std::raise(SIGTERM);
+        QVERIFY(received.wait());
+        QCOMPARE(received.constFirst().constFirst().toInt(), SIGTERM);
+    }
+    QVERIFY(std::signal(SIGHUP, former) == SIG_IGN);
+}
+
 void tst_Recovery::theMenuSetsTheTime()
 {
     start();
@@ -543,6 +616,8 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == QLatin1String("--work"))
         return work(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
+    if (arguments.value(1) == QLatin1String("--work-until-told"))
+        return workUntilTold(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
     tst_Recovery test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -1,0 +1,31 @@
+#ifndef ENDSIGNALS_H
+#define ENDSIGNALS_H
+
+#include <QObject>
+#include <memory>
+
+/// Tells of the system's requests to end: the machine shuts down, the terminal is closed or
+/// interrupted. While it lives they do not end the program at once, but the second of the same kind
+/// does, so that a program that hangs can still be ended. Requests that were ignored before stay
+/// ignored.
+class EndSignals : public QObject
+{
+    Q_OBJECT
+public:
+    /// One at a time.
+    explicit EndSignals(QObject *parent = nullptr);
+    /// The requests do again what they did before.
+    ~EndSignals() override;
+
+Q_SIGNALS:
+    /// From the event loop; number: the system's, such as SIGTERM.
+    void received(int number);
+
+private:
+    void read();
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif
