@@ -82,7 +82,6 @@ private Q_SLOTS:
     void rowsMadeAnew();
     void rowsMadeAnewDuringALoad();
     void modelsKnowTheKeyScope();
-    void scopesSelectTheRowsAnew();
     void changedKeysAreShown();
     void clearingTheSceneEmptiesTheSheet();
     void helpersStayOut();
@@ -442,27 +441,6 @@ void TestTimePaneRows::modelsKnowTheKeyScope()
     pane->setFilteredKeyCreationScope(VxTimePane::ScopeNodeRecurse);
     pane->refreshDopesheet();
     QCOMPARE(scope(), 1);
-}
-
-// When the scope has been set the rows are selected already, not some time later.
-void TestTimePaneRows::scopesSelectTheRowsAnew()
-{
-    showPane();
-    addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
-    auto *node = new VxNode(QStringLiteral("a"));
-    vxScene->addNode(node);
-    node->select(true);
-    QCoreApplication::processEvents();
-    const VxDopeSheetView *view = pane->getDopeSheetView();
-    const QModelIndexList rows = {view->findNodeIndex(node)};
-    QCOMPARE(view->selectionModel()->selectedRows(), rows);
-    const EventCounter counter(pane.get());
-    for (int scope = 0; scope < 4; ++scope) {
-        view->selectionModel()->reset();
-        pane->setFilteredKeyCreationScope(VxTimePane::KeyScope(scope));
-        QCOMPARE(counter.selectionChanges, scope + 1);
-        QCOMPARE(view->selectionModel()->selectedRows(), rows);
-    }
 }
 
 void TestTimePaneRows::changedKeysAreShown()
