@@ -50,6 +50,7 @@ private Q_SLOTS:
 
     void hit_data();
     void hit();
+    void hitAmongKeysOfOnePlace();
     void hitPrefersNothing();
 
 private:
@@ -475,6 +476,16 @@ void TestDopeSheetGeometry::hit()
     const DopeSheetHit found = DopeSheetGeometry(cell, TimelineMetrics(), 0).hit(keys.view(), x);
     QTEST(found.first, "first");
     QTEST(found.firstSelected, "firstSelected");
+}
+
+// Three ticks make no pixel: the keys lie on each other, and the selected one counts all the same.
+void TestDopeSheetGeometry::hitAmongKeysOfOnePlace()
+{
+    Keys keys({1600, 1601, 1602});
+    keys.flags[2] = DopeSheetRowKeys::Selected;
+    const DopeSheetHit found = DopeSheetGeometry(cell, TimelineMetrics(), 0).hit(keys.view(), 205);
+    QCOMPARE(found.first, 0);
+    QCOMPARE(found.firstSelected, 2);
 }
 
 void TestDopeSheetGeometry::hitPrefersNothing()

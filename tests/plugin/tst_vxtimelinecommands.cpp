@@ -361,6 +361,11 @@ void TestVxTimelineCommands::actionsCanBeUsedWhenThereIsSomethingToDo()
             if (stage.action(qPrintable(className))->isEnabled())
                 names += QString::fromLatin1(name);
         }
+        for (const char *name : {"Tcb", "Linear", "Constant"}) {
+            const QString className = QStringLiteral("VxTimePaneSetInterp%1Action").arg(name);
+            if (stage.action(qPrintable(className))->isEnabled())
+                names += QString::fromLatin1(name);
+        }
         if (stage.action("VxTimePanePasteKeysAction")->isEnabled())
             names += QStringLiteral("Paste");
         return names.join(' ');
@@ -369,13 +374,13 @@ void TestVxTimelineCommands::actionsCanBeUsedWhenThereIsSomethingToDo()
     QCOMPARE(enabled(), QString(copiedBefore ? "Paste" : ""));
     selectKeys(stage, m_first, 0, 30);
     stage.trigger("VxTimePaneCopySelectedKeysAction");
-    QCOMPARE(enabled(), QStringLiteral("Copy Delete Paste"));
+    QCOMPARE(enabled(), QStringLiteral("Copy Delete Tcb Linear Constant Paste"));
     stage.trigger("VxTimePaneDeleteSelectedKeysAction");
     QCOMPARE(enabled(), QStringLiteral("Paste"));
     vxApp->getUndoStack()->undo();
 
     selectKeys(stage, m_first, 0, 30);
-    QCOMPARE(enabled(), QStringLiteral("Copy Delete Paste"));
+    QCOMPARE(enabled(), QStringLiteral("Copy Delete Tcb Linear Constant Paste"));
     stage.pane->refreshDopesheet();
     QCOMPARE(enabled(), QStringLiteral("Paste"));
 }
