@@ -46,6 +46,7 @@ private Q_SLOTS:
     void aNodeIsRemovedWhileAValueIsTyped();
     void allDigitsAreShownInTheField();
     void enterOpensAndClosesGroups();
+    void theMenuKeySetsAKey();
     void severalRowsAreCopiedAndPasted();
     void theListCopiesBeforeTheProgramDoes();
     void pastingWhatDoesNotFitSaysSo();
@@ -492,6 +493,24 @@ void TestParametersGestures::enterOpensAndClosesGroups()
     QVERIFY(view()->isGroupCollapsed(x()->getPath()));
     QTest::keyClick(view(), Qt::Key_Enter);
     QVERIFY(!view()->isGroupCollapsed(x()->getPath()));
+}
+
+void TestParametersGestures::theMenuKeySetsAKey()
+{
+    view()->setFocus();
+    view()->setCurrentIndex(cell(x(), 0));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, port()->rect().center());
+    QApplication::sendEvent(view(), &event);
+    QWidget *menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    const QRect row = view()->visualRect(cell(x(), 0));
+    QVERIFY(qAbs(menu->pos().y() - port()->mapToGlobal(row.bottomLeft()).y()) < 5);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+    QVERIFY(x()->hasKey(0));
+    QCOMPARE(stack()->undoText(), QString("Set Key"));
 }
 
 void TestParametersGestures::severalRowsAreCopiedAndPasted()

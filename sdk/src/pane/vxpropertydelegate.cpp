@@ -41,13 +41,17 @@ void paintValue(QPainter *painter, const QStyleOptionViewItem &option, const QMo
                 const VxProperty *property)
 {
     using Switch = VxPropertyPainter::Switch;
+    // Asked once: it may take a look at a thousand properties.
     const bool mixed = isMixed(index);
+    const VxTime time = vxScene ? vxScene->getTime() : 0;
     const auto *flag = qobject_cast<const VxBoolProperty *>(property);
     if (!flag) {
-        VxPropertyPainter::paintValue(painter, option, property, index.data().toString(), mixed);
+        VxPropertyPainter::paintValue(
+            painter, option, property,
+            mixed ? index.data().toString() : VxPropertyValue::text(property, time), mixed);
         return;
     }
-    const bool on = flag->getBoolValue(vxScene ? vxScene->getTime() : 0);
+    const bool on = flag->getBoolValue(time);
     VxPropertyPainter::paintSwitch(painter, option,
                                    mixed ? Switch::Mixed
                                    : on  ? Switch::On

@@ -4,6 +4,7 @@
 #include "pane/vxpropertyvalue.h"
 
 #include <QtCore/QCoreApplication>
+#include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxpropertylistnode.h>
 
 namespace {
@@ -27,11 +28,17 @@ const VxProperty *VxPropertyRow::leading(const VxPropertyListNode *row)
 bool VxPropertyRow::isMixed(const VxPropertyListNode *row, VxTime time)
 {
     const VxProperty *first = leading(row);
-    if (!first)
+    if (!first || row->getNumProperties() < 2)
         return false;
+    const auto *number = qobject_cast<const VxNumericProperty *>(first);
+    const double value = number ? number->getDoubleValue(time) : 0;
     for (int i = 1; i < row->getNumProperties(); ++i) {
         const VxProperty *other = row->getProperty(i);
-        if (other && other != first && !VxPropertyValue::isSame(first, other, time))
+        const auto *otherNumber = qobject_cast<const VxNumericProperty *>(other);
+        const bool same = number && otherNumber
+                              ? otherNumber->getDoubleValue(time) == value
+                              : !other || VxPropertyValue::isSame(first, other, time);
+        if (!same)
             return true;
     }
     return false;
