@@ -231,6 +231,10 @@ void TestTimePaneFields::endIsClampedWhileItIsTyped()
     QTest::keyClicks(field(PlayEnd), QStringLiteral("5"));
     QCOMPARE(vxScene->getPlayRange(), VxTimeRange(1600, 4000));
     QCOMPARE(entries(), 2);
+    // What was not shown in between is not shown any more.
+    pressEnter(PlayEnd);
+    QCOMPARE(textOf(PlayEnd), QStringLiteral("25"));
+    QCOMPARE(vxScene->getPlayRange(), VxTimeRange(1600, 4000));
 
     type(PlayEnd, QStringLiteral("2"));
     pressEnter(PlayEnd);

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void buttonSizes();
     void stylesChange();
     void scaleTakesTheStylesSizes();
+    void wideMarksKeepTheRangeInTheColumn();
     void interpolationIconFollowsThePalette();
     void tabOrder();
     void fieldsHaveNames();
@@ -529,6 +530,28 @@ void TestTimePane::scaleTakesTheStylesSizes()
     QCOMPARE(metrics.keyMargin, vxApp->getStyle()->metric(VxStyle::PM_VxTimelineKeyMargin));
     QCOMPARE(playhead->pos(), place);
     QCOMPARE(playhead->size(), size);
+}
+
+void TestTimePane::wideMarksKeepTheRangeInTheColumn()
+{
+    // Everything as it is, but for the side of a mark.
+    class WideStyle : public VxStyle
+    {
+    public:
+        int pixelMetric(PixelMetric which, const QStyleOption *option,
+                        const QWidget *widget) const override
+        {
+            const bool isSide = quint32(which) == PM_VxTimelineFrameWidth;
+            return isSide ? 24 : VxStyle::pixelMetric(which, option, widget);
+        }
+    };
+    showPane();
+    const TimelineMetrics &metrics = TimelineMetrics::shared();
+    const int end = metrics.timeToX(vxScene->getPlayRange().getEnd());
+    QVERIFY(end > 100);
+    vxApp->setStyle(new WideStyle);
+    QCOMPARE(metrics.frameWidth, 24);
+    QVERIFY(qAbs(metrics.timeToX(vxScene->getPlayRange().getEnd()) - end) <= 1);
 }
 
 void TestTimePane::interpolationIconFollowsThePalette()

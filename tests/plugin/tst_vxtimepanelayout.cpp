@@ -3,6 +3,7 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
 #include <vxcore/vxbuttonbar.h>
@@ -146,6 +147,8 @@ void TestTimePaneLayout::nameColumnComesBack()
     QCOMPARE(view->columnWidth(0), 333);
     const auto *column = find<QWidget>("TimelineDopeSheetHeaderNavColumnWgt");
     QCOMPARE(column->geometry(), QRect(0, 0, 333, column->parentWidget()->height()));
+    // It covers the grip of the section below.
+    QCOMPARE(column->parentWidget()->childAt(331, 5), view->header()->viewport());
 }
 
 void TestTimePaneLayout::nameColumnOfANewPaneComesBack()

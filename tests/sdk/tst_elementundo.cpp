@@ -382,7 +382,9 @@ void TestElementUndo::theSceneTellsOfEveryChange()
     check("a property comes");
     m_node->removeProperty(property);
     check("a property goes");
-    delete add("lost");
+    property = add("lost");
+    check("another property comes");
+    delete property;
     check("a property is destroyed");
     auto *object = new VxObject(QStringLiteral("shape"));
     m_node->setObject(object);

@@ -138,6 +138,9 @@ void tst_VxAction::helpIsMadeOfTextAndDescription()
     QCOMPARE(action.statusTip(), QStringLiteral("Does <it>."));
     QCOMPARE(action.toolTip(), QStringLiteral("Do It..."));
     QCOMPARE(action.whatsThis(), QStringLiteral("<b>Do It...</b><br>Does &lt;it&gt;."));
+    action.setText(QStringLiteral("A < B"));
+    action.updateInlineHelp();
+    QCOMPARE(action.whatsThis(), QStringLiteral("<b>A &lt; B</b><br>Does &lt;it&gt;."));
     action.setDescription(QStringLiteral("Other."));
     QCOMPARE(action.statusTip(), QStringLiteral("Other."));
     QCOMPARE(action.getDescription(), QStringLiteral("Other."));

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void removalOfForeignNodesIsRefused();
     void receiversMayInterfereWithRemoval();
     void receiversMayRemoveAddedNodes();
+    void nodesTakenOutByAReceiverAreNotAnnounced();
     void nodeDestroyedOnItsOwnLeavesTheScene();
     void sceneTakesItsNodesAlong();
     void nodesMoveWithinTheScene();
@@ -195,6 +196,25 @@ void TestSceneNodes::receiversMayRemoveAddedNodes()
     QVERIFY(m_scene->addNode(top));
     QCOMPARE(m_scene->getNumNodes(), 0);
     QCOMPARE(added.count(), 1);
+}
+
+// The history keeps them alive, but they are not in the scene any more.
+void TestSceneNodes::nodesTakenOutByAReceiverAreNotAnnounced()
+{
+    auto *top = new VxNode(QStringLiteral("top"));
+    auto *below = new VxNode(QStringLiteral("below"));
+    top->addNodeChild(below);
+    QVector<VxNode *> announced;
+    connect(m_scene.get(), &VxScene::nodeAdded, this, [&](VxNode *node) {
+        announced.append(node);
+        if (node == top)
+            m_scene->removeNode(below);
+    });
+    VxUndoStackHold hold;
+    m_scene->addNode(top);
+    hold.accept(QStringLiteral("Add"));
+    QCOMPARE(announced, QVector<VxNode *>{top});
+    QCOMPARE(drawn(), QStringLiteral("top"));
 }
 
 void TestSceneNodes::nodeDestroyedOnItsOwnLeavesTheScene()

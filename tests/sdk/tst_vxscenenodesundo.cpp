@@ -11,6 +11,7 @@ private Q_SLOTS:
 
     void additionIsUndone();
     void removalIsUndone();
+    void whatCameBackCanGoAgain();
     void movesAreUndone();
     void traitsAreUndone();
     void severalChangesInOneHold();
@@ -54,6 +55,24 @@ void TestSceneNodesUndo::removalIsUndone()
     m_stack->undo();
     QCOMPARE(find(QStringLiteral("c")), c);
     QCOMPARE(c->getXPosControl()->getNumKeys(), 1);
+}
+
+void TestSceneNodesUndo::whatCameBackCanGoAgain()
+{
+    buildSample();
+    VxNode *b = find(QStringLiteral("b"));
+    const QSignalSpy leaves(find(QStringLiteral("c")), &VxElement::aboutToBeRemoved);
+    for (int round = 1; round <= 2; ++round) {
+        VxUndoStackHold hold;
+        QVERIFY(m_scene->removeNode(b));
+        hold.accept(QStringLiteral("Remove"));
+        QCOMPARE(drawn(), QStringLiteral("a(d) e"));
+        QCOMPARE(leaves.count(), round);
+        m_stack->undo();
+        QCOMPARE(drawn(), QStringLiteral("a(b(c) d) e"));
+    }
+    QVERIFY(m_scene->removeNode(b));
+    QCOMPARE(drawn(), QStringLiteral("a(d) e"));
 }
 
 void TestSceneNodesUndo::movesAreUndone()
