@@ -2,6 +2,7 @@
 
 #include "sceneedits.h"
 #include "scenetreemodel.h"
+#include "treeindentation.h"
 #include "visibilitydelegate.h"
 
 #include <QContextMenuEvent>
@@ -56,6 +57,7 @@ SceneTreeView::SceneTreeView(SceneTreeModel *model, VxScene *scene, QWidget *par
     header()->setSectionResizeMode(SceneTreeModel::NameColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(SceneTreeModel::EyeColumn, QHeaderView::Fixed);
     header()->resizeSection(SceneTreeModel::EyeColumn, VisibilityDelegate::columnWidth());
+    new TreeIndentation(this);
 }
 
 QVector<VxNode *> SceneTreeView::selectedNodes() const
