@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxstringproperty.h>
 
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void typingAChangeChangesEach();
     void steppingMovesEach();
     void draggingMovesEach();
+    void aDragTellsHowFar();
     void limitsDoNotLoseTheDistance();
     void leavingAMixedFieldChangesNothing();
     void oneLockedAmongThem();
@@ -169,6 +171,21 @@ void TestParametersMixed::draggingMovesEach()
     vxApp->getUndoStack()->undo();
     for (int i = 0; i < 3; ++i)
         QCOMPARE(xOf(i)->getNumKeys(), 0);
+}
+
+/// The field cannot, while its values differ.
+void TestParametersMixed::aDragTellsHowFar()
+{
+    const QPoint from = middle(xOf(0), Model::ValueColumn);
+    VxMouseDriver mouse(port());
+    mouse.press(from);
+    mouse.moveTo(from + QPoint(20, 0));
+    mouse.moveTo(from + QPoint(70, 0));
+    QCOMPARE(QToolTip::text(), QString("+25"));
+    mouse.moveTo(from + QPoint(10, 0));
+    QCOMPARE(QToolTip::text(), QString("-5"));
+    mouse.release(from + QPoint(10, 0));
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void TestParametersMixed::limitsDoNotLoseTheDistance()

@@ -26,7 +26,8 @@ VxPropertyDrag::VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime t
 
 void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
 {
-    m_edit.offsetBy(m_scrub.moveTo(m_hand.follow(place.x()), modifiers));
+    m_steps = m_scrub.moveTo(m_hand.follow(place.x()), modifiers);
+    m_edit.offsetBy(m_steps);
     int target = 0;
     if (m_hand.wantsJump(&target))
         QCursor::setPos(target, place.y());
@@ -35,6 +36,11 @@ void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers
 void VxPropertyDrag::putBack()
 {
     m_edit.putBack();
+}
+
+double VxPropertyDrag::steps() const
+{
+    return m_steps;
 }
 
 QString VxPropertyDrag::refusal() const

@@ -18,6 +18,8 @@ public:
     void moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers);
     /// Ends the drag with every value as it was.
     void putBack();
+    /// How many steps of theirs the values have been moved.
+    double steps() const;
     /// Why some values did not follow; empty when all did.
     QString refusal() const;
 
@@ -25,6 +27,7 @@ private:
     VxEndlessHand m_hand;
     VxPropertyScrub m_scrub;
     VxPropertyEdit m_edit;
+    double m_steps = 0;
 };
 
 #endif

@@ -99,6 +99,12 @@ QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTi
     return tr("Value %1").arg(VxPropertyValue::fullText(first, time));
 }
 
+QString VxPropertyHints::offset(const VxNumericProperty *property, double steps)
+{
+    const QString text = shown(property, steps * VxPropertyValue::step(property));
+    return steps > 0 ? QLatin1Char('+') + text : text;
+}
+
 QString VxPropertyHints::refusal(const QString &label, int refused, int locked, int count)
 {
     if (refused <= 0)

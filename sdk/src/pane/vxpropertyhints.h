@@ -19,6 +19,9 @@ QString propertyHint(const QVector<VxProperty *> &properties);
 /// ones they lie. Empty for what is no number.
 QString valueHint(const QVector<VxProperty *> &properties, VxTime time);
 
+/// By how much values that differ are being dragged, in the first one's steps: with its sign.
+QString offset(const VxNumericProperty *property, double steps);
+
 /// Why values were not set: `refused` out of `count`, of which `locked` are locked or follow
 /// another value. Empty when none was refused.
 QString refusal(const QString &label, int refused, int locked, int count);

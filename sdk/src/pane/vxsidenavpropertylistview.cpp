@@ -4,6 +4,7 @@
 #include "pane/vxpropertyclipboard.h"
 #include "pane/vxpropertydelegate.h"
 #include "pane/vxpropertydrag.h"
+#include "pane/vxpropertyhints.h"
 #include "pane/vxpropertykeys.h"
 #include "pane/vxpropertylistmemory.h"
 #include "pane/vxpropertymenu.h"
@@ -14,6 +15,7 @@
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QToolTip>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxscene.h>
@@ -177,6 +179,8 @@ void VxSideNavPropertyListView::Private::fitColumns()
 /** With its undo entry; what follows until the button is released means nothing. */
 void VxSideNavPropertyListView::Private::endGesture()
 {
+    if (drag)
+        QToolTip::hideText();
     spent = spent || drag || selecting;
     drag.reset();
     selecting.reset();
@@ -219,6 +223,9 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
     if (!drag)
         return;
     drag->moveTo(event->globalPos(), event->modifiers());
+    const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
+    if (first && pressed.data(VxPropertyListItemModel::MixedRole).toBool())
+        QToolTip::showText(event->globalPos(), VxPropertyHints::offset(first, drag->steps()), q);
     const QString refusal = drag->refusal();
     if (!refusal.isEmpty())
         Q_EMIT q->noticed(refusal);
