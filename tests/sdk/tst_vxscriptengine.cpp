@@ -7,7 +7,9 @@
 #include <QtTest/QtTest>
 #include <testing/vxwarningguard.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscriptengine.h>
@@ -72,6 +74,8 @@ private Q_SLOTS:
     void deletedObjectGivesAnError();
     void wrapperNeverOwnsTheObject();
     void scriptEditsAreUndoneLikeOthers();
+    void keysOfScriptsKeepTheLimits_data();
+    void keysOfScriptsKeepTheLimits();
     void holdsEndWithTheProgram_data();
     void holdsEndWithTheProgram();
     void anotherParentWithAndWithoutThePlace();
@@ -302,6 +306,44 @@ void TestScriptEngine::scriptEditsAreUndoneLikeOthers()
     QCOMPARE(m_app->getUndoStack()->count(), 1);
     m_app->getUndoStack()->undo();
     QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
+}
+
+void TestScriptEngine::keysOfScriptsKeepTheLimits_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<double>("value");
+    QTest::newRow("a number") << "get('Number').setKey(0, 5)" << 1.0;
+    QTest::newRow("a number, far below") << "get('Number').setKey(0, -1e12)" << -2.0;
+    QTest::newRow("several numbers") << "get('Number').setKeys([{time: 0, value: 5}])" << 1.0;
+    QTest::newRow("in place of others")
+        << "get('Number').replaceKeys(-9, 9, [{time: 0, value: 5}])" << 1.0;
+    QTest::newRow("another name of the number") << "get('Alias').setKey(0, 5)" << 1.0;
+    QTest::newRow("a switch") << "get('Switch').setKey(0, 7)" << 1.0;
+    QTest::newRow("a whole number, free") << "get('Whole').setKey(0, -1e12)" << -2147483648.0;
+    QTest::newRow("a whole number, free, above") << "get('Whole').setKey(0, 1e12)" << 2147483647.0;
+    QTest::newRow("a whole number to be rounded") << "get('Whole').setKey(0, 2.5)" << 3.0;
+}
+
+void TestScriptEngine::keysOfScriptsKeepTheLimits()
+{
+    QFETCH(QString, program);
+    auto *node = new VxNode(QStringLiteral("n"));
+    vxScene->addNode(node);
+    auto *number = new VxFloatProperty(QStringLiteral("Number"));
+    number->setMinMax(-2.0f, 1.0f, true);
+    auto *alias = new VxFloatProperty(QStringLiteral("Alias"));
+    alias->setAliasedProperty(number);
+    for (VxProperty *property :
+         QVector<VxProperty *>{number, alias, new VxBoolProperty(QStringLiteral("Switch")),
+                               new VxIntProperty(QStringLiteral("Whole"))})
+        node->addProperty(property, QString());
+    const QString get =
+        QStringLiteral("function get(name) { property = Scene.findNode('n').findProperty(name); "
+                       "return property; } ");
+    VxScriptError error;
+    m_engine->evaluate(get + program, QString(), &error);
+    QVERIFY2(error.isNull(), qPrintable(error.toString()));
+    QTEST(m_engine->evaluate(QStringLiteral("property.getKeyValues()[0]")).toDouble(), "value");
 }
 
 void TestScriptEngine::holdsEndWithTheProgram_data()

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -119,8 +120,21 @@ QVector<qint32> toIntValues(const QVector<ScriptKey> &keys)
 {
     QVector<qint32> values;
     for (const ScriptKey &key : keys)
-        values.append(static_cast<qint32>(std::lround(key.value)));
+        values.append(static_cast<qint32>(
+            std::lround(qBound(double(std::numeric_limits<qint32>::min()), key.value,
+                               double(std::numeric_limits<qint32>::max())))));
     return values;
+}
+
+/// Limits values as the property limits each one that is set by itself.
+template <class Property, class Value>
+void limitValues(const Property *property, QVector<Value> &values)
+{
+    const auto *holder = static_cast<const Property *>(property->getKeyHolder());
+    if (!holder->isClamped())
+        return;
+    for (Value &value : values)
+        value = qBound(holder->getMin(), value, holder->getMax());
 }
 
 QVector<VxTime> toTimes(const QVector<ScriptKey> &keys)
@@ -181,16 +195,20 @@ QScriptValue getKeyValues(QScriptContext *context, QScriptEngine *engine)
 bool putKeys(VxNumericProperty *property, const QVector<ScriptKey> &keys, const VxTimeRange *range)
 {
     if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
-        const KeyLists lists = toLists(keys);
+        KeyLists lists = toLists(keys);
+        limitValues(number, lists.values);
         return range ? number->replaceKeys(*range, lists.columns())
                      : number->setKeys(lists.columns());
     }
     auto *whole = qobject_cast<VxIntProperty *>(property);
+    if (!whole)
+        return false;
     const QVector<VxTime> times = toTimes(keys);
-    const QVector<qint32> values = toIntValues(keys);
+    QVector<qint32> values = toIntValues(keys);
+    limitValues(whole, values);
     const VxKeyColumns<qint32> columns{times.constData(), values.constData(), nullptr, nullptr,
                                        times.size()};
-    return whole && (range ? whole->replaceKeys(*range, columns) : whole->setKeys(columns));
+    return range ? whole->replaceKeys(*range, columns) : whole->setKeys(columns);
 }
 
 QScriptValue setKeys(QScriptContext *context, QScriptEngine *)
