@@ -18,7 +18,6 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void nothing();
-    void countsTheKeysOfAllRows();
     void floatKeys();
     void intKeys();
     void earliestOfAllRows();
@@ -50,20 +49,6 @@ void TestCopiedKeys::nothing()
     copied.add(QStringLiteral("/t"), &text, {0});
     copied.add(QStringLiteral("/n"), nullptr, {0});
     QVERIFY(copied.isEmpty());
-    QCOMPARE(copied.keyCount(), 0);
-}
-
-void TestCopiedKeys::countsTheKeysOfAllRows()
-{
-    VxFloatProperty property(QStringLiteral("p"));
-    for (const VxTime time : {100, 200, 300})
-        property.setKey(time, 1.0f, 0);
-    CopiedKeys copied;
-    copied.add(QStringLiteral("/a"), &property, {0, 2});
-    copied.add(QStringLiteral("/b"), &property, {1});
-    QCOMPARE(copied.keyCount(), 3);
-    copied.clear();
-    QCOMPARE(copied.keyCount(), 0);
 }
 
 void TestCopiedKeys::floatKeys()

@@ -239,6 +239,7 @@ void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither()
     select(x());
     select(alias);
     view->copyKeys();
+    QCOMPARE(view->numCopiedKeys(), 2);
     view->setModel(nullptr);
     model = std::make_unique<VxDopeSheetModel>(types, 2, nullptr);
     model->addNode(hip, true);

@@ -78,14 +78,6 @@ bool pasteInts(const CopiedKeys::Entry &entry, VxIntProperty *property,
 
 } // namespace
 
-int CopiedKeys::keyCount() const
-{
-    std::size_t count = 0;
-    for (const Entry &entry : m_entries)
-        count += entry.times.size();
-    return int(count);
-}
-
 void CopiedKeys::add(const QString &path, const VxProperty *property, const QVector<int> &indexes)
 {
     if (indexes.isEmpty())

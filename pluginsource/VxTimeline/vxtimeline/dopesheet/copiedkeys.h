@@ -29,8 +29,6 @@ public:
 
     void clear() { *this = CopiedKeys(); }
     bool isEmpty() const { return m_entries.empty(); }
-    // Of all rows.
-    int keyCount() const;
     // Of all keys; VxTimeMax when there are none.
     VxTime earliest() const { return m_earliest; }
 

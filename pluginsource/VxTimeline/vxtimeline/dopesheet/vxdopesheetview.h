@@ -87,6 +87,7 @@ public:
     bool hasItemSelection() const;
     bool hasSelectedKeys() const;
     bool hasCopiedKeys() const;
+    // A key that was selected in several rows counts once.
     int numCopiedKeys() const;
     // Does what pasteKeys() does. False when no row has taken any key: none has been copied, the
     // rows they came from are not listed, or all of them refuse.

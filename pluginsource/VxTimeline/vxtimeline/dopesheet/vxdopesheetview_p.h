@@ -75,6 +75,7 @@ public:
     QElapsedTimer clock;
     KeyDragMath::Pace pace;
     CopiedKeys copied;
+    int copiedCount = 0;
     QLine timeLine; // of the current time, in the viewport
     // Where that line was painted last, and what is being painted, both in the viewport.
     int paintedTimeX = 0;

@@ -54,7 +54,7 @@ bool VxDopeSheetView::hasCopiedKeys() const
 
 int VxDopeSheetView::numCopiedKeys() const
 {
-    return d->copied.keyCount();
+    return d->copiedCount;
 }
 
 // Row by row: a property and its alias are copied both, since only one of them may be listed when
@@ -62,9 +62,12 @@ int VxDopeSheetView::numCopiedKeys() const
 void VxDopeSheetView::copyKeys()
 {
     d->copied.clear();
-    d->visitSelected([this](const VxDopeSheetItem *item) {
-        d->copied.add(item->path(), item->property(), item->selectedKeyIndexes());
-    });
+    d->copiedCount = 0;
+    for (const SelectedKeys &keys : d->collectSelected()) {
+        for (const VxDopeSheetItem *item : keys.rows)
+            d->copied.add(item->path(), item->property(), item->selectedKeyIndexes());
+        d->copiedCount += keys.indexes.size();
+    }
     Q_EMIT copyContextChanged(hasCopiedKeys());
 }
 
