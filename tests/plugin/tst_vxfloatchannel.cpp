@@ -25,6 +25,7 @@ private Q_SLOTS:
     void units();
     void valuesAreNarrowed();
     void valuesThatDoNotFitAreRefused();
+    void oneThatDoesNotFitHoldsNobodyUp();
     void interpolationPartsAreKeptApart();
     void keysAreRemoved();
     void manyValuesAtOnce();
@@ -155,6 +156,19 @@ void TestFloatChannel::valuesThatDoNotFitAreRefused()
         QCOMPARE(timesOf(property), QVector<int>({160, 480}));
         QCOMPARE(property->getKeyValue(0), 1.0f);
     }
+}
+
+// Of keys that are moved together, only the one that does not fit stays.
+void TestFloatChannel::oneThatDoesNotFitHoldsNobodyUp()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
+    VxFloatChannel channel(property, nullptr);
+    QVERIFY(channel.moveKeys({{0, 0, 5.0}, {1, 160, 1e39}, {2, 320, 7.0}}));
+    QCOMPARE(property->getKeyValue(0), 5.0f);
+    QCOMPARE(property->getKeyValue(1), 1.0f);
+    QCOMPARE(property->getKeyValue(2), 7.0f);
+    QVERIFY(channel.moveKeys({{2, 480, 8.0}, {1, 320, -1e39}, {0, 160, 6.0}}));
+    QCOMPARE(timesOf(property), QVector<int>({159, 160, 480}));
 }
 
 void TestFloatChannel::interpolationPartsAreKeptApart()

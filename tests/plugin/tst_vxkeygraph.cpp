@@ -8,6 +8,7 @@
 #include <vxcore/vxparameterspane.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxsidenavpropertylistview.h>
+#include <vxcore/vxundostackhold.h>
 
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/pane/vxtimepane.h"
@@ -227,6 +228,7 @@ void TestKeyGraph::propertyGone_data()
     QTest::newRow("the object with the property is replaced") << 4;
     QTest::newRow("the scene is cleared") << 5;
     QTest::newRow("a property without owner is destroyed") << 6;
+    QTest::newRow("the node leaves the scene and can come back") << 7;
 }
 
 void TestKeyGraph::propertyGone()
@@ -264,8 +266,14 @@ void TestKeyGraph::propertyGone()
     case 5:
         vxScene->clear();
         break;
-    default:
+    case 6:
         stray.reset();
+        break;
+    default: {
+        VxUndoStackHold hold;
+        vxScene->removeNode(node);
+        hold.accept(QStringLiteral("Remove Node"));
+    }
     }
     QVERIFY(shown().isEmpty());
     QVERIFY(lists.size() > 0);
