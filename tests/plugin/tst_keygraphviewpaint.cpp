@@ -18,6 +18,7 @@ private Q_SLOTS:
     void marksCarryTheirState();
     void marksOfPercentages();
     void curvesRunThroughTheirKeys();
+    void curvesFollowTheView();
     void colours_data();
     void colours();
     void labelsStayInTheirColumn();
@@ -107,6 +108,28 @@ void TestKeyGraphViewPaint::curvesRunThroughTheirKeys()
     QVERIFY(isCurve(55, 10.0));
     QVERIFY(!isCurve(10, 20.0));
     QVERIFY(!isCurve(30, 17.0));
+}
+
+// Sampled anew: a picture after a change of the view is the one that a fresh view would have.
+void TestKeyGraphViewPaint::curvesFollowTheView()
+{
+    showView();
+    showProperties({makeKeys(x(), "a.....b...c....d.e...........f..........g...........h")});
+    picture();
+    const auto isFresh = [this] {
+        const QImage shown = picture();
+        graph->handleValueChanged(VxTimeRange::all());
+        return shown == picture();
+    };
+    turnWheel(QPoint(-300, 0), Qt::NoModifier);
+    QVERIFY(isFresh());
+    turnWheel(QPoint(0, 160), Qt::ShiftModifier);
+    QVERIFY(isFresh());
+    turnWheel(QPoint(0, 130), Qt::NoModifier);
+    QVERIFY(isFresh());
+    view->resize(900, 300);
+    QCoreApplication::processEvents();
+    QVERIFY(isFresh());
 }
 
 void TestKeyGraphViewPaint::colours_data()
