@@ -36,6 +36,7 @@ private Q_SLOTS:
     void movedKeysKeepTheirShape();
     void movedKeysTakeTheirStartAlong();
     void movesThatChangeTheOrderAreTold();
+    void movesMayCross();
     void lockedKeysStay();
     void selectionFollowsKeysThroughARebuild();
     void keysPassedKeepTheirSelection();
@@ -317,6 +318,20 @@ void TestFloatChannel::movesThatChangeTheOrderAreTold()
     QCOMPARE(messages.at(0).selectedKeys.value(property), QVector<qint32>{1});
     QCOMPARE(messages.at(1).deselectedKeys.value(property), QVector<qint32>{0});
     QVERIFY(!messages.at(0).clearSelection);
+}
+
+// Keys that pass each other, each with what belongs to it.
+void TestFloatChannel::movesMayCross()
+{
+    VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
+    VxFloatChannel channel(property, nullptr);
+    select(channel, {0});
+    QVERIFY(channel.moveKeys({{0, 800, 10.0}, {1, 480, 11.0}}));
+    QCOMPARE(timesOf(property), QVector<int>({320, 480, 800}));
+    QCOMPARE(property->getKeyValue(0), 2.0f);
+    QCOMPARE(property->getKeyValue(1), 11.0f);
+    QCOMPARE(property->getKeyValue(2), 10.0f);
+    QCOMPARE(selectedOf(channel), QVector<int>({2}));
 }
 
 void TestFloatChannel::lockedKeysStay()
