@@ -132,6 +132,15 @@ void TestKeyGraphViewPaint::curvesFollowTheView()
     view->resize(900, 300);
     QCoreApplication::processEvents();
     QVERIFY(isFresh());
+    // Behind its last key a curve goes on to the edge.
+    const QImage image = picture();
+    const int row = qRound(view->getScale().y(double(x()->getKeyValue(8))));
+    for (const int column : {700, 890}) {
+        int saturation = 0;
+        for (int dy = -1; dy <= 1; ++dy)
+            saturation = qMax(saturation, image.pixelColor(column, row + dy).saturation());
+        QVERIFY2(saturation > 90, qPrintable(QString::number(column)));
+    }
 }
 
 void TestKeyGraphViewPaint::colours_data()
