@@ -140,36 +140,55 @@ double PlaceKeeper::tolerance(NodeControl control) const
     return Noise * size;
 }
 
+PlaceKeeper::Change PlaceKeeper::changeOf(NodeControl control) const
+{
+    const double noise = tolerance(control);
+    const double shift = m_new[0][control] - m_old[0][control];
+    bool same = true;
+    bool shifted = true;
+    bool still = true;
+    for (size_t i = 0; i < m_times.size(); ++i) {
+        const double difference = m_new[i][control] - m_old[i][control];
+        same = same && std::abs(difference) <= noise;
+        shifted = shifted && std::abs(difference - shift) <= noise;
+        still = still && std::abs(m_new[i][control] - m_new[0][control]) <= noise;
+    }
+    if (same)
+        return Change::None;
+    if (m_controls[control]->getNumKeys() > 0)
+        return shifted ? Change::Shift : Change::Keys;
+    return still || !m_controls[control]->canBeKeyed() ? Change::StoredValue : Change::Keys;
+}
+
 void PlaceKeeper::write(NodeControl control)
 {
-    VxFloatProperty *property = m_controls[control];
-    const double noise = tolerance(control);
-    const auto difference = [&](size_t i) { return m_new[i][control] - m_old[i][control]; };
-    bool changes = false;
-    bool shifts = true; // by the same everywhere
-    bool moves = false;
-    for (size_t i = 0; i < m_times.size(); ++i) {
-        changes = changes || std::abs(difference(i)) > noise;
-        shifts = shifts && std::abs(difference(i) - difference(0)) <= noise;
-        moves = moves || std::abs(m_new[i][control] - m_new[0][control]) > noise;
-    }
-    if (!changes)
-        return;
-    const int count = property->getNumKeys();
-    if (count == 0 && (!moves || !property->canBeKeyed())) {
-        property->setStoredValue(float(m_new[m_now][control]));
-    } else if (count > 0 && shifts) {
-        QVector<int> indexes(count);
-        QVector<float> values(count);
-        for (int i = 0; i < count; ++i) {
-            indexes[i] = i;
-            values[i] = float(double(property->getKeyValue(i)) + difference(0));
-        }
-        property->setKeyValues(indexes, values);
-    } else {
+    switch (changeOf(control)) {
+    case Change::None:
+        break;
+    case Change::StoredValue:
+        m_controls[control]->setStoredValue(float(m_new[m_now][control]));
+        break;
+    case Change::Shift:
+        shiftKeys(control);
+        break;
+    case Change::Keys:
         writeKeys(control);
         pinNow(control);
+        break;
     }
+}
+
+void PlaceKeeper::shiftKeys(NodeControl control)
+{
+    VxFloatProperty *property = m_controls[control];
+    const double shift = m_new[0][control] - m_old[0][control];
+    QVector<int> indexes(property->getNumKeys());
+    QVector<float> values(indexes.size());
+    for (int i = 0; i < indexes.size(); ++i) {
+        indexes[i] = i;
+        values[i] = float(double(property->getKeyValue(i)) + shift);
+    }
+    property->setKeyValues(indexes, values);
 }
 
 /** Keys at all the times; new ones among old ones have the shape of the one before them. */

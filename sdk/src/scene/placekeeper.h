@@ -25,10 +25,16 @@ public:
     bool keep();
 
 private:
+    /// What a control has to do: nothing, take another value, or give its keys the same difference,
+    /// or all the times keys with values of their own.
+    enum class Change { None, StoredValue, Shift, Keys };
+
     bool sampleRelations(const VxNode *oldParent, const VxNode *newParent);
     bool solve();
     bool isAvailable(NodeControl control) const;
+    Change changeOf(NodeControl control) const;
     void write(NodeControl control);
+    void shiftKeys(NodeControl control);
     void writeKeys(NodeControl control);
     /// Makes a key at the time where the curve between two keys does not lead past the right value.
     void pinNow(NodeControl control);
