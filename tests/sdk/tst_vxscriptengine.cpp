@@ -425,6 +425,9 @@ void TestScriptEngine::badArguments_data()
                                            << "0, 1 or 2";
     QTest::newRow("no array") << "p.setKeys(3)"
                               << "expects an array";
+    QTest::newRow("an array that says it is huge")
+        << "var a = []; a.length = 2000000000; p.setKeys(a)"
+        << "setKeys() expects a finite number as time of key 0, not nothing";
     QTest::newRow("array of numbers") << "p.setKeys([1, 2])"
                                       << "time of key 0";
     QTest::newRow("called on something else") << "p.setKeys.call(n, [])"

@@ -85,7 +85,6 @@ QVector<ScriptKey> readKeys(ScriptArguments &arguments, int argument)
     QVector<ScriptKey> keys;
     const quint32 length =
         arguments.failed() ? 0 : array.property(QStringLiteral("length")).toUInt32();
-    keys.reserve(static_cast<int>(length));
     for (quint32 i = 0; i < length && !arguments.failed(); ++i) {
         const QScriptValue key = array.property(i);
         const auto shape = [&](const char *name) {
