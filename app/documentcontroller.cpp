@@ -19,6 +19,11 @@ QString nameOf(const QString &path)
     return QFileInfo(path).fileName();
 }
 
+QString titleOf(const QString &path)
+{
+    return path.isEmpty() ? DocumentController::tr("Untitled") : nameOf(path);
+}
+
 } // namespace
 
 DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
@@ -105,7 +110,7 @@ bool DocumentController::recover(const QString &copy, const QString &fileName, V
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     QString summary;
-    LoadProgress progress(*m_messages, tr("Recovering %1...").arg(nameOf(fileName)));
+    LoadProgress progress(*m_messages, tr("Recovering %1...").arg(titleOf(fileName)));
     if (!m_formats.read(copy, m_scene, progress.function(), &summary, error))
         return false;
     setDocument(fileName, summary);
@@ -164,7 +169,7 @@ bool DocumentController::report(const VxFileError &error, const QString &cancell
 
 QString DocumentController::displayName() const
 {
-    return m_fileName.isEmpty() ? tr("Untitled") : nameOf(m_fileName);
+    return titleOf(m_fileName);
 }
 
 bool DocumentController::hasWritableFile() const

@@ -44,10 +44,7 @@ bool RecoveryController::offer()
     m_dialog = new RecoveryDialog(copies, m_messages->window());
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &RecoveryDialog::recoverRequested, this, &RecoveryController::recover);
-    connect(m_dialog, &RecoveryDialog::discardRequested, this, [this](const QString &id) {
-        m_store.discard(id);
-        m_dialog->removeCopy(id);
-    });
+    connect(m_dialog, &RecoveryDialog::discardRequested, this, &RecoveryController::discard);
     connect(m_dialog, &QDialog::finished, this, [this] { m_store.release(); });
     // Not run: a start goes on whether anybody answers or not.
     m_dialog->open();
@@ -71,6 +68,15 @@ void RecoveryController::recover(const RecoveryCopy &copy)
     } else if (!error.cancelled) {
         handleBroken(copy, error);
     }
+}
+
+void RecoveryController::discard(const RecoveryCopy &copy)
+{
+    if (!m_messages->askToDeleteCopy(copy.title))
+        return;
+    m_store.discard(copy.id);
+    if (m_dialog)
+        m_dialog->removeCopy(copy.id);
 }
 
 void RecoveryController::handleBroken(const RecoveryCopy &copy, const VxFileError &error)

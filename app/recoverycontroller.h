@@ -38,6 +38,7 @@ public:
 
 private:
     void recover(const RecoveryCopy &copy);
+    void discard(const RecoveryCopy &copy);
     void handleBroken(const RecoveryCopy &copy, const VxFileError &error);
 
     DocumentController *const m_document;

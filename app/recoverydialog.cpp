@@ -62,15 +62,14 @@ void RecoveryDialog::buildList()
 void RecoveryDialog::addRow(const RecoveryCopy &copy)
 {
     auto *row = new QTreeWidgetItem(m_list);
-    const QString title = copy.title.isEmpty() ? tr("Untitled") : copy.title;
     const QString folder =
         copy.documentFile.isEmpty()
             ? tr("not saved yet")
             : QDir::toNativeSeparators(QFileInfo(copy.documentFile).absolutePath());
-    row->setText(NameColumn, title);
+    row->setText(NameColumn, copy.title);
     row->setText(TimeColumn, QLocale().toString(copy.time, QLocale::ShortFormat));
     row->setText(FolderColumn, folder);
-    row->setToolTip(NameColumn, title);
+    row->setToolTip(NameColumn, copy.title);
     row->setToolTip(FolderColumn, folder);
     row->setToolTip(TimeColumn, QLocale().toString(copy.time, QLocale::LongFormat));
 }
@@ -116,7 +115,7 @@ void RecoveryDialog::discardCurrent()
 {
     const int index = currentIndex();
     if (index >= 0)
-        Q_EMIT discardRequested(m_copies.at(index).id);
+        Q_EMIT discardRequested(RecoveryCopy(m_copies.at(index)));
 }
 
 void RecoveryDialog::removeCopy(const QString &id)

@@ -23,7 +23,7 @@ Q_SIGNALS:
     /// The dialog has closed.
     void recoverRequested(const RecoveryCopy &copy);
     /// The dialog stays.
-    void discardRequested(const QString &id);
+    void discardRequested(const RecoveryCopy &copy);
 
 private:
     void buildList();

@@ -175,7 +175,7 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
     // Without a record it is a document that was never saved.
     record.load(this->record(id));
     copy.documentFile = record.getStringValue(FileKey);
-    copy.title = record.getStringValue(TitleKey);
+    copy.title = record.getStringValue(TitleKey, tr("Untitled"));
     return copy;
 }
 

@@ -121,6 +121,18 @@ bool UserMessages::askToReplace(const QString &fileName) const
            QMessageBox::Yes;
 }
 
+bool UserMessages::askToDeleteCopy(const QString &documentName) const
+{
+    if (isConsole())
+        return false;
+    const QString text =
+        tr("Delete the copy of \"%1\"? What was not saved is lost then, and cannot "
+           "be brought back.")
+            .arg(documentName);
+    return ask(QMessageBox::Warning, text, QMessageBox::Discard | QMessageBox::Cancel,
+               QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
 UserMessages::Arrival UserMessages::askHowToOpen(const QString &motionName) const
 {
     if (isConsole())

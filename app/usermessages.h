@@ -41,6 +41,9 @@ public:
     /// Asks whether a file may be replaced that was not chosen under its full name.
     bool askToReplace(const QString &fileName) const;
 
+    /// Asks whether the copy of a document that was not saved may be deleted.
+    bool askToDeleteCopy(const QString &documentName) const;
+
     enum class Arrival { Open, Import, Cancel };
     /// Asks whether a motion takes the place of the scene or comes to it.
     Arrival askHowToOpen(const QString &motionName) const;

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <utility>
 
 class VxBvhReader::Private
@@ -53,6 +54,14 @@ QString VxBvhReader::getNote() const
 
 bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
 {
+    const QFileInfo info(d->fileName);
+    if (info.exists() && !info.isFile()) {
+        *error = VxFileError();
+        error->file = d->fileName;
+        error->message =
+            QCoreApplication::translate("VxBvhReader", "This is no file that could be read.");
+        return false;
+    }
     QFile file(d->fileName);
     const bool open = file.open(QIODevice::ReadOnly);
     const QByteArray bytes = open ? file.readAll() : QByteArray();

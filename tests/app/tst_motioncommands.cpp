@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QStatusBar>
+#include <sys/stat.h>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxskeleton.h>
@@ -348,6 +349,12 @@ void tst_MotionCommands::importOfABrokenFile()
     QCOMPARE(vxScene->getNumNodes(), nodes);
     QCOMPARE(history()->count(), 0);
     QVERIFY(!window()->isWindowModified());
+    // Reading a pipe would wait for ever.
+    const QString pipe = folder->filePath("pipe.bvh");
+    QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+    const DialogAnswer<QMessageBox> refused(readAndPress(&text, QMessageBox::Ok));
+    QVERIFY(!window()->document()->importMotion(pipe));
+    QVERIFY2(text.startsWith(pipe) && text.contains("no file"), qPrintable(text));
     // Nothing is chosen: nothing happens.
     const DialogAnswer<QFileDialog> none(escape<QFileDialog>());
     entry("File", "Import Motion...")->trigger();

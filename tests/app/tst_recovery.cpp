@@ -299,6 +299,15 @@ void tst_Recovery::discardIsForEver()
     Worker(settings(), file, 1.0f).kill();
     start();
     QVERIFY(recovery()->offer());
+    {
+        const BoxAnswer answer(QMessageBox::Cancel);
+        press("DiscardButton");
+        QVERIFY2(answer.text().contains("Delete the copy of \"walk.vxscene\"?"),
+                 qPrintable(answer.text()));
+    }
+    QVERIFY(dialog() && dialog()->isVisible());
+    QCOMPARE(recoveryFiles().size(), 3);
+    const BoxAnswer answer(QMessageBox::Discard);
     press("DiscardButton");
     QTRY_VERIFY(!dialog());
     QVERIFY(recoveryFiles().isEmpty());
@@ -316,6 +325,7 @@ void tst_Recovery::oneOfSeveral()
     auto *list = dialog()->findChild<QTreeWidget *>();
     QCOMPARE(list->topLevelItemCount(), 3);
     list->setCurrentItem(list->findItems("two.vxscene", Qt::MatchExactly).constFirst());
+    const BoxAnswer answer(QMessageBox::Discard);
     press("DiscardButton");
     QCOMPARE(list->topLevelItemCount(), 2);
     list->setCurrentItem(list->findItems("one.vxscene", Qt::MatchExactly).constFirst());

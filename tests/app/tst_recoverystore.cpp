@@ -359,7 +359,7 @@ void tst_RecoveryStore::withoutRecord()
     const QVector<RecoveryCopy> copies = store.claim();
     QCOMPARE(copies.size(), 1);
     QVERIFY(copies.at(0).documentFile.isEmpty());
-    QVERIFY(copies.at(0).title.isEmpty());
+    QCOMPARE(copies.at(0).title, QString("Untitled"));
 }
 
 /// In a container programs get the same numbers again: such a lock is nobody's.
