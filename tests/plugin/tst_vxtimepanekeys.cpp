@@ -44,6 +44,7 @@ private Q_SLOTS:
     void newKeysTakeInterpolationFromTheTime();
     void intKeys();
     void threeKeysOnThreeFrames();
+    void moreKeysThanThereIsTime();
     void scopeNodeRecurse();
     void scopeObjectTakesTheFigure();
     void scopeObjectOfABoneWithoutAFigure();
@@ -250,6 +251,17 @@ void TestTimePaneKeys::threeKeysOnThreeFrames()
     QCOMPARE(undoTexts(), QStringList("Create Filtered Keys"));
     vxApp->getUndoStack()->undo();
     QCOMPARE(keyTimes(property), QVector<VxTime>({0, 3200}));
+}
+
+void TestTimePaneKeys::moreKeysThanThereIsTime()
+{
+    VxNode *node = addNode("a");
+    node->select(true);
+    setTypes(VxTimePane::PropTranslate);
+    vxScene->setTime(VxTimeMax - 400);
+    pane->createFilteredKeys(2000000000);
+    QCOMPARE(keyTimes(node->getXPosControl()),
+             QVector<VxTime>({VxTimeMax - 400, VxTimeMax - 240, VxTimeMax - 80}));
 }
 
 void TestTimePaneKeys::scopeNodeRecurse()

@@ -55,10 +55,10 @@ KeyTarget keyTarget(VxNode *selected, VxTimePane::KeyScope scope)
 QVector<VxTime> frameTimes(VxTime first, int count)
 {
     const qint64 step = vxScene->getTimeStep();
-    QVector<VxTime> times;
-    times.reserve(count);
-    for (qint64 time = first; times.size() < count && time <= VxTimeMax; time += step)
-        times.append(VxTime(time));
+    const qint64 left = (qint64(VxTimeMax) - first) / step + 1;
+    QVector<VxTime> times(static_cast<int>(qMin(left, qint64(count))));
+    for (int i = 0; i < times.size(); ++i)
+        times[i] = VxTime(first + i * step);
     return times;
 }
 
