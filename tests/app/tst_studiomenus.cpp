@@ -188,7 +188,7 @@ void tst_StudioMenus::typesInAMenu()
     QCOMPARE(active(), QString("Create Keys (Filtered)"));
     QAction *created = animation->activeAction();
     QTRY_VERIFY(typing.elapsed() > 1100); // the word is over
-    animation->setActiveAction(created); // wherever the mouse is
+    animation->setActiveAction(created);  // wherever the mouse is
     QTest::keyClick(animation, 's');
     QCOMPARE(active(), QString("Show Key Graph"));
     QTest::keyClick(animation, 's');
