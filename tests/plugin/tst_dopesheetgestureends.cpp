@@ -82,6 +82,7 @@ private Q_SLOTS:
     void modifiersEndWithTheGesture();
     void shrinkingBandLeavesNothing();
     void bandTakesTheHandAway();
+    void escapeDropsABand();
     void dragShowsTheHandUnasked();
 
 private:
@@ -245,6 +246,20 @@ void TestDopeSheetGestureEnds::bandTakesTheHandAway()
     hand.moveTo(from + QPoint(30, 30), Qt::AltModifier);
     QCOMPARE(cursor(), Qt::ArrowCursor);
     hand.release(from + QPoint(30, 30), Qt::LeftButton, Qt::AltModifier);
+}
+
+// The keys that were selected before still are, those in the band are not.
+void TestDopeSheetGestureEnds::escapeDropsABand()
+{
+    view->setKeySelection(true, hipX(), hipX(), 1600, 1600);
+    VxMouseDriver hand = mouse();
+    hand.press(at(hipX(), 2400));
+    hand.moveTo(at(hipX(), 4000));
+    QTest::keyClick(view.get(), Qt::Key_Escape);
+    hand.moveTo(at(hipX(), 4100));
+    hand.release(at(hipX(), 4100));
+    QCOMPARE(selected(hipX()), Times({1600}));
+    QVERIFY(!hip->isSelected());
 }
 
 void TestDopeSheetGestureEnds::dragShowsTheHandUnasked()
