@@ -22,6 +22,10 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxScenePropertyReader", text);
 }
 
+/// Groups within groups beyond this are refused: each keeps its whole path, so what a damaged file
+/// claims could take any amount of memory.
+constexpr int MaxGroupDepth = 1000;
+
 } // namespace
 
 /// One property as the file tells it.
@@ -53,6 +57,9 @@ void VxScenePropertyReader::read(VxElement *element)
         return;
     if (!record.isFloat() && !record.isInt() && !record.isString())
         m_input->fail(tr("The property \"%1\" has no known kind.").arg(record.name));
+    else if (record.path.count(QLatin1Char('/')) > MaxGroupDepth)
+        m_input->fail(
+            tr("The groups of the property \"%1\" are nested too deeply.").arg(record.name));
     else
         build(element, record);
 }

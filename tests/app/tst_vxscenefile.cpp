@@ -75,6 +75,7 @@ private Q_SLOTS:
     void brokenFiles_data();
     void brokenFiles();
     void keysOutOfOrderAreRefused();
+    void groupsNestedTooDeeplyAreRefused();
     void cutOffAnywhereIsRefused();
     void mutatedFilesNeverCrash();
     void readingCanBeCancelled();
@@ -338,6 +339,25 @@ void TestSceneFile::brokenFiles()
     QVERIFY2(error.message.contains(message), qPrintable(error.text()));
     QVERIFY(error.offset >= 0);
     QVERIFY(scene.findNode(QStringLiteral("kept")));
+}
+
+void TestSceneFile::groupsNestedTooDeeplyAreRefused()
+{
+    for (const int depth : {900, 1100}) {
+        VxScene scene;
+        auto *node = new VxNode(QStringLiteral("n"));
+        scene.addNode(node);
+        const QString path = QStringLiteral("/g").repeated(depth);
+        QVERIFY(node->addProperty(new VxFloatProperty(QStringLiteral("deep")), path));
+        VxScene copy;
+        VxFileError error;
+        QCOMPARE(load(bytesOf(scene), &copy, &error), depth < 1000);
+        if (depth < 1000)
+            QCOMPARE(copy.findNode("n")->findProperty("deep")->getPath(), path);
+        else
+            QVERIFY2(error.message.contains("\"deep\" are nested too deeply"),
+                     qPrintable(error.text()));
+    }
 }
 
 void TestSceneFile::keysOutOfOrderAreRefused()
