@@ -133,6 +133,16 @@ void TestTimelineMetrics::markAndMiddle()
     QCOMPARE(metrics.keyLeft(250, 800, 320), 250 + metrics.keysOrigin(320) + 50);
     QCOMPARE(metrics.keyLeft(250, 800, 320), 283);
     QCOMPARE(metrics.keyMiddle(250, 800, 320), 288);
+
+    // However far away: widths can be added to it.
+    metrics.zoom = 1e9;
+    const int far = 1 << 29;
+    for (const int cellX : {-1000, 0, 1000}) {
+        QCOMPARE(metrics.keyLeft(cellX, 47999, 0), far);
+        QCOMPARE(metrics.keyMiddle(cellX, 47999, 0), far);
+        QCOMPARE(metrics.keyLeft(cellX, -47999, 0), -far);
+        QVERIFY(metrics.keyMiddle(cellX, -47999, 0) < -far + 10);
+    }
 }
 
 void TestTimelineMetrics::xToTime_data()

@@ -8,9 +8,6 @@
 
 namespace {
 
-// What lies further away than this is not seen; keeping to it leaves room for sums. Pixels.
-constexpr int FarAway = 1 << 30;
-
 TimelineRuler::Steps stepsFor(int width, int keyMargin, int frameCount, int leastSpacing)
 {
     const float line = static_cast<float>(width - keyMargin);
@@ -34,7 +31,7 @@ DopeSheetRuler::DopeSheetRuler(int left, int width, const TimelineMetrics &metri
 
 int DopeSheetRuler::middleOf(VxTime time) const
 {
-    return qBound(-FarAway, m_metrics.keyMiddle(m_left, time, m_playRange.getStart()), FarAway);
+    return m_metrics.keyMiddle(m_left, time, m_playRange.getStart());
 }
 
 int DopeSheetRuler::middleOfFrame(int frame) const

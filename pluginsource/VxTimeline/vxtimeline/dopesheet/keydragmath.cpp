@@ -19,14 +19,19 @@ bool isPlain(Qt::KeyboardModifiers modifiers)
 
 } // namespace
 
+int Scale::distance(int x) const
+{
+    return TimelineSnap::limited(qint64(x) - keysLeft - metrics.keysOrigin(playStart));
+}
+
 VxTime Scale::timeAt(int x) const
 {
-    return metrics.xToTime(x - keysLeft - metrics.keysOrigin(playStart));
+    return metrics.xToTime(distance(x));
 }
 
 VxTime Scale::frameTimeAt(int x) const
 {
-    return metrics.xToFrameTime(x - keysLeft - metrics.keysOrigin(playStart), step);
+    return metrics.xToFrameTime(distance(x), step);
 }
 
 qint64 rawOffset(const Scale &scale, int pressX, int x, VxTime hitTime, bool snaps)

@@ -22,6 +22,9 @@ struct Scale
     // The time at x to the tick, and at the nearest whole frame.
     VxTime timeAt(int x) const;
     VxTime frameTimeAt(int x) const;
+
+private:
+    int distance(int x) const; // from time 0, in pixels
 };
 
 // The ticks from the press to x, however far that leads. Snapped, the key that was hit lands on a

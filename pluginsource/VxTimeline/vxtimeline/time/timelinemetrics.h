@@ -38,7 +38,7 @@ public:
     int halfFrame() const;
 
     // The left edge of the mark of a key, in the coordinates in which cellX is the left edge of
-    // the keys column.
+    // the keys column. Beyond 2^29 pixels either way all marks are at one place.
     int keyLeft(int cellX, VxTime time, VxTime playRangeStart) const;
     // The middle of that mark: where ticks and the line of the current time stand.
     int keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const;
