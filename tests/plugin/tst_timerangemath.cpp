@@ -66,7 +66,7 @@ void TestTimeRangeMath::rangeRect_data()
         << QSize(480, 20) << VxTimeRange(-155, 800) << 4800 << -15 << 79;
     QTest::newRow("one point in time") << bar << VxTimeRange(1600, 1600) << 4800 << 206 << 205;
     QTest::newRow("beyond what pixels can tell")
-        << bar << VxTimeRange(VxTimeMax - 1, VxTimeMax) << 1 << VxTimeMax << VxTimeMax;
+        << bar << VxTimeRange(VxTimeMax - 1, VxTimeMax) << 1 << (1 << 29) << (1 << 29);
 }
 
 void TestTimeRangeMath::rangeRect()
