@@ -9,7 +9,15 @@
 
 namespace {
 
-constexpr int Crowd = 4000; // keys on screen, from which on it pays to ask what is seen
+constexpr int Crowd = 4000;    // keys on screen, from which on it pays to ask what is seen
+constexpr int ManyCurves = 24; // no colour tells one of more from the others
+
+// What of a curve is drawn once more on top of its marks.
+std::vector<KeyGraphRun> runsOnTop(const std::vector<KeyGraphMark> &marks,
+                                   const QVector<QPointF> &points, int curves)
+{
+    return curves > ManyCurves ? std::vector<KeyGraphRun>() : keyGraphHiddenRuns(marks, points);
+}
 
 } // namespace
 
@@ -92,7 +100,7 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
         pen.draw(points.constData(), points.size(), m_ratio, color);
         const std::vector<KeyGraphMark> &marks = marksOf(channel);
         paintMarks(marks);
-        for (const KeyGraphRun &run : keyGraphHiddenRuns(marks, points))
+        for (const KeyGraphRun &run : runsOnTop(marks, points, channels.size()))
             pen.draw(points.constData() + run.first, run.last - run.first + 1, m_ratio, color);
     }
 }
@@ -106,7 +114,8 @@ void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &chan
         const VxKeyGraphChannel &channel = *channels.at(n);
         const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());
         const std::vector<KeyGraphMark> &marks = marksOf(channel);
-        crowd.paintChannel(points, marks, keyGraphHiddenRuns(marks, points), colorOf(channel, n));
+        crowd.paintChannel(points, marks, runsOnTop(marks, points, channels.size()),
+                           colorOf(channel, n));
         paintLabel(channel, n, QPainter::CompositionMode_DestinationOver);
     }
 }
