@@ -27,14 +27,6 @@ bool fail(VxFileError *error, const QString &message, bool cancelled = false)
     return false;
 }
 
-VxFileProgress part(const VxFileProgress &whole, int first, int last)
-{
-    if (!whole)
-        return {};
-    return
-        [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
-}
-
 } // namespace
 
 class VxBvhExport::Private
@@ -110,7 +102,7 @@ bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
     sampled.joints = sampler.joints();
     sampled.frameCount = int(d->numFrames());
     sampled.frameTime = double(d->step) / VxTicksPerSecond;
-    if (!sampler.sample(&sampled.values, part(d->progress, 0, SamplePercent)))
+    if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
         return fail(error, tr("The export was cancelled."), true);
     d->tell(sampled, sampler.numWorkedOut());
     *document = std::move(sampled);
@@ -122,7 +114,7 @@ bool VxBvhExport::exportFile(const QString &fileName, VxFileError *error)
     VxBvhDocument document;
     if (sample(&document, error))
         return VxBvhWriter::writeFile(document, fileName, error,
-                                      part(d->progress, SamplePercent, 100));
+                                      partOfProgress(d->progress, SamplePercent, 100));
     error->file = fileName;
     return false;
 }

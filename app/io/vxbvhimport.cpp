@@ -28,15 +28,6 @@ bool fail(VxFileError *error, const QString &file, const QString &message, bool 
     return false;
 }
 
-// A part of the whole progress, from percent `first` to percent `last`.
-VxFileProgress part(const VxFileProgress &whole, int first, int last)
-{
-    if (!whole)
-        return {};
-    return
-        [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
-}
-
 /// The name, or the first of "name 2", "name 3" ... that no node has for its name or label.
 QString unusedName(const VxScene &scene, const QString &name)
 {
@@ -173,10 +164,10 @@ void VxBvhImport::setReplacesScene(bool replaces)
 bool VxBvhImport::importFile(const QString &fileName, VxFileError *error)
 {
     VxBvhReader reader(fileName);
-    reader.setProgress(part(d->progress, 0, ReadPercent));
+    reader.setProgress(partOfProgress(d->progress, 0, ReadPercent));
     VxBvhDocument document;
     if (!reader.readFile(&document, error) ||
-        !d->build(document, fileName, part(d->progress, ReadPercent, 100), error))
+        !d->build(document, fileName, partOfProgress(d->progress, ReadPercent, 100), error))
         return false;
     if (!reader.getNote().isEmpty())
         d->summary += QLatin1Char(' ') + reader.getNote();

@@ -8,4 +8,13 @@
 /// nobody watches.
 using VxFileProgress = std::function<bool(int percent)>;
 
+/// The progress of one step of a whole, from percent first to percent last.
+inline VxFileProgress partOfProgress(const VxFileProgress &whole, int first, int last)
+{
+    if (!whole)
+        return {};
+    return
+        [whole, first, last](int percent) { return whole(first + percent * (last - first) / 100); };
+}
+
 #endif

@@ -1,5 +1,6 @@
 // A program that dies in the middle of the work, and the one that is started after it.
 
+#include "boxanswer.h"
 #include "endsignals.h"
 #include "io/vxscenereader.h"
 #include "recoverycontroller.h"
@@ -105,29 +106,6 @@ public:
 private:
     QProcess m_process;
     QByteArray m_said;
-};
-
-/// Answers the next message box and keeps what it said.
-class BoxAnswer
-{
-public:
-    explicit BoxAnswer(QMessageBox::StandardButton button)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, button] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            m_timer.stop();
-            m_text = box->text();
-            box->button(button)->click();
-        });
-        m_timer.start(5);
-    }
-    QString text() const { return m_text; }
-
-private:
-    QTimer m_timer;
-    QString m_text;
 };
 
 } // namespace

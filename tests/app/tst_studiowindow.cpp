@@ -1,3 +1,4 @@
+#include "boxanswer.h"
 #include "commandline.h"
 #include "documentcontroller.h"
 #include "panedock.h"
@@ -34,30 +35,6 @@ namespace {
 const QByteArray smallMotion =
     "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
     "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
-
-/// Answers the next message box, and keeps what it said.
-class BoxAnswer
-{
-public:
-    explicit BoxAnswer(QMessageBox::StandardButton button)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, button] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            m_timer.stop();
-            m_text = box->text();
-            box->button(button)->click();
-        });
-        m_timer.start(5);
-    }
-
-    QString text() const { return m_text; }
-
-private:
-    QTimer m_timer;
-    QString m_text;
-};
 
 } // namespace
 

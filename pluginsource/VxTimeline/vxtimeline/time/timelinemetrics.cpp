@@ -10,14 +10,6 @@ constexpr int LeastWidth = 5;
 // A second narrower than this (in pixels) counts as none.
 constexpr double LeastSecondWidth = 1e-11;
 
-// Places further away than this are all as far: whoever adds a width to one must not leave 32 bits.
-constexpr qint64 FarAway = 1 << 29;
-
-int nearby(qint64 place)
-{
-    return static_cast<int>(qBound(-FarAway, place, FarAway));
-}
-
 qint32 wrappingProduct(qint32 a, qint32 b)
 {
     return static_cast<qint32>(static_cast<quint32>(a) * static_cast<quint32>(b));
@@ -49,12 +41,12 @@ int TimelineMetrics::halfFrame() const
 
 int TimelineMetrics::keyLeft(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return nearby(qint64(cellX) + keysOrigin(playRangeStart) + timeToX(time));
+    return TimelineSnap::place(qint64(cellX) + keysOrigin(playRangeStart) + timeToX(time));
 }
 
 int TimelineMetrics::keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return nearby(qint64(keyLeft(cellX, time, playRangeStart)) + halfFrame());
+    return TimelineSnap::place(qint64(keyLeft(cellX, time, playRangeStart)) + halfFrame());
 }
 
 VxTime TimelineMetrics::xToTime(int distance) const

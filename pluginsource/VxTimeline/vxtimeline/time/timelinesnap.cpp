@@ -17,6 +17,12 @@ VxTime limited(qint64 ticks)
     return static_cast<VxTime>(qBound(qint64(VxTimeMin), ticks, qint64(VxTimeMax)));
 }
 
+int place(qint64 pixels)
+{
+    constexpr qint64 FarAway = 1 << 29;
+    return static_cast<int>(qBound(-FarAway, pixels, FarAway));
+}
+
 VxTime toFrame(VxTime time, VxTime timeStep)
 {
     if (timeStep < 1)

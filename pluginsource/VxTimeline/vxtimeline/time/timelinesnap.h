@@ -10,6 +10,9 @@ namespace TimelineSnap {
 int truncated(double value);
 // A wide count of ticks limited to what a time can hold.
 VxTime limited(qint64 ticks);
+// A place in pixels limited to 2^29 either way, where nothing is seen any more: whoever adds a
+// width to it does not leave 32 bits.
+int place(qint64 pixels);
 
 // The nearest whole frame; halves go away from zero:
 //   step 160:  79 -> 0,  80 -> 160,  -79 -> 0,  -80 -> -160

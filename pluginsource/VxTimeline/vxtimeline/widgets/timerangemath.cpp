@@ -16,13 +16,6 @@ qint64 bodyDistance(qint64 start, qint64 end, qint64 distance, qint64 animDurati
     return distance;
 }
 
-// Places further away than this are all as far: whoever adds a width to one must not leave 32 bits.
-int nearby(qint64 x)
-{
-    constexpr qint64 FarAway = 1 << 29;
-    return static_cast<int>(qBound(-FarAway, x, FarAway));
-}
-
 qint64 startDistance(qint64 start, qint64 end, qint64 distance, VxTime timeStep)
 {
     if (distance < 0 && start + distance < 0)
@@ -50,7 +43,8 @@ QRect rangeRect(const QSize &bar, const VxTimeRange &playRange, VxTime animDurat
     const double scale = double(bar.width()) / double(animDuration);
     const qint64 x1 = TimelineSnap::truncated(double(playRange.getStart()) * scale);
     const qint64 length = TimelineSnap::truncated(double(playRange.getDuration()) * scale);
-    return QRect(QPoint(nearby(x1), 0), QPoint(nearby(x1 + length - 1), bar.height() - 1));
+    return QRect(QPoint(TimelineSnap::place(x1), 0),
+                 QPoint(TimelineSnap::place(x1 + length - 1), bar.height() - 1));
 }
 
 Part partAt(const QRect &rangeRect, const QPoint &point)
