@@ -30,7 +30,9 @@ endif()
 
 find_program(VX_CCACHE ccache)
 if(VX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${VX_CCACHE}")
+  # Precompiled headers are cached as well when their time stamps are left aside.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime "${VX_CCACHE}")
 endif()
 
 add_library(vx_settings INTERFACE)
@@ -47,3 +49,11 @@ if(VX_SANITIZE)
     -fno-sanitize-recover=undefined)
   target_link_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE})
 endif()
+
+# The toolkit's headers are parsed once per target instead of once per file.
+option(VX_PRECOMPILE "Precompile the toolkit's headers" ON)
+function(vx_precompile target)
+  if(VX_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN} "${CMAKE_SOURCE_DIR}/cmake/precompiled.h")
+  endif()
+endfunction()

@@ -11,23 +11,25 @@ function(vx_collect_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
-# One test program for one unit, named after its file, run by CTest on the offscreen platform.
-function(vx_add_test source)
-  get_filename_component(name "${source}" NAME_WE)
-  add_executable(${name} "${source}")
-  target_link_libraries(${name} PRIVATE vx_settings vxcore_testing Qt5::Test ${ARGN})
-  target_compile_definitions(${name} PRIVATE
+# One test program made of several units (tst_*.cpp). Each unit is a test of CTest, run in a process
+# of its own on the offscreen platform through a hard link that bears the unit's name.
+function(vx_add_tests program units)
+  add_executable(${program} ${units})
+  target_link_libraries(${program} PRIVATE vx_settings vxcore_testing Qt5::Test ${ARGN})
+  target_compile_definitions(${program} PRIVATE
     VX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VX_BINARY_DIR="${CMAKE_BINARY_DIR}"
     VX_PLUGIN_DIR="${VX_PLUGIN_OUTPUT_DIRECTORY}")
-  set_target_properties(${name} PROPERTIES
-    RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
-endfunction()
-
-# A test whose program needs an environment or a helper program of its own still goes through
-# vx_add_test; this adds what it must wait for at build time.
-function(vx_test_needs name)
-  add_dependencies(${name} ${ARGN})
+  set(folder "${CMAKE_BINARY_DIR}/tests")
+  set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${folder}")
+  vx_precompile(${program} <QtTest/QtTest>)
+  foreach(unit IN LISTS units)
+    get_filename_component(name "${unit}" NAME_WE)
+    add_custom_command(TARGET ${program} POST_BUILD
+      COMMAND "${CMAKE_COMMAND}" -E rm -f "${folder}/${name}"
+      COMMAND "${CMAKE_COMMAND}" -E create_hardlink $<TARGET_FILE:${program}> "${folder}/${name}")
+    add_custom_target(${name} DEPENDS ${program})
+    add_test(NAME ${name} COMMAND "${folder}/${name}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FONT_DPI=96;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+  endforeach()
 endfunction()

@@ -3,14 +3,14 @@
 
 #include <QtTest>
 
-#include "commandline.h"
-#include "documentcontroller.h"
-#include "panedock.h"
-#include "panedocks.h"
-#include "studio.h"
-#include "studiowindow.h"
+#include "document/documentcontroller.h"
+#include "shell/commandline.h"
+#include "shell/panedock.h"
+#include "shell/panedocks.h"
+#include "shell/studio.h"
+#include "shell/studiowindow.h"
 #include "testing/vxwarningguard.h"
-#include "viewportwidget.h"
+#include "viewport/viewportwidget.h"
 
 #include <QAction>
 #include <QMenu>

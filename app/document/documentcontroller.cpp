@@ -1,0 +1,189 @@
+#include "document/documentcontroller.h"
+
+#include "document/loadprogress.h"
+#include "io/vxbvhexport.h"
+#include "io/vxbvhimport.h"
+#include "widgets/usermessages.h"
+
+#include <QFileInfo>
+#include <QScopedValueRollback>
+#include <QUndoStack>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+QString nameOf(const QString &path)
+{
+    return QFileInfo(path).fileName();
+}
+
+QString titleOf(const QString &path)
+{
+    return path.isEmpty() ? DocumentController::tr("Untitled") : nameOf(path);
+}
+
+} // namespace
+
+DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
+                                       const UserMessages *messages, QObject *parent,
+                                       const VxFileFormats &formats)
+    : QObject(parent)
+    , m_scene(scene)
+    , m_undoStack(undoStack)
+    , m_messages(messages)
+    , m_formats(formats)
+{
+}
+
+bool DocumentController::open(const QString &fileName)
+{
+    // Events are processed while the progress is shown: a second file must wait for its turn.
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    m_scene->pause();
+    QString summary;
+    VxFileError error;
+    LoadProgress progress(*m_messages, tr("Opening %1...").arg(nameOf(fileName)));
+    if (!m_formats.read(fileName, m_scene, progress.function(), &summary, &error))
+        return report(error, tr("Opening was cancelled."));
+    setDocument(QFileInfo(fileName).absoluteFilePath(), summary);
+    m_messages->showStatus(summary.isEmpty() ? tr("%1 is open.").arg(displayName()) : summary);
+    return true;
+}
+
+bool DocumentController::save(const QString &fileName)
+{
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    if (!mayOverwrite(fileName))
+        return false;
+    m_scene->pause();
+    VxFileError error;
+    LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
+    if (!m_formats.write(fileName, m_scene, progress.function(), &error))
+        return report(error, tr("Saving was cancelled."));
+    m_fileName = QFileInfo(fileName).absoluteFilePath();
+    m_stamp = FileStamp::of(m_fileName);
+    markSaved();
+    Q_EMIT documentChanged();
+    m_messages->showStatus(tr("%1 is saved.").arg(displayName()));
+    return true;
+}
+
+/** What a gesture has changed so far is in the file but may yet be taken back. */
+void DocumentController::markSaved()
+{
+    if (m_undoStack->isRecording())
+        m_undoStack->qtStack()->resetClean();
+    else
+        m_undoStack->setClean();
+}
+
+bool DocumentController::mayOverwrite(const QString &fileName) const
+{
+    const FileStamp present = FileStamp::of(fileName);
+    const bool isOwn = QFileInfo(fileName).absoluteFilePath() == m_fileName;
+    return !isOwn || !present.exists() || present == m_stamp ||
+           m_messages->askToOverwrite(displayName());
+}
+
+void DocumentController::clear()
+{
+    if (m_isBusy)
+        return;
+    m_scene->beginLoad();
+    m_scene->clear();
+    m_scene->endLoad();
+    setDocument(QString(), QString());
+}
+
+bool DocumentController::recover(const QString &copy, const QString &fileName, VxFileError *error)
+{
+    *error = VxFileError();
+    error->cancelled = m_isBusy;
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    m_scene->pause();
+    QString summary;
+    LoadProgress progress(*m_messages, tr("Recovering %1...").arg(titleOf(fileName)));
+    if (!m_formats.read(copy, m_scene, progress.function(), &summary, error))
+        return false;
+    setDocument(fileName, summary);
+    // What was saved after the copy was made is not what the copy was made from.
+    const FileStamp copied = FileStamp::of(copy);
+    if (m_stamp.exists() && m_stamp.modified > copied.modified)
+        m_stamp = copied;
+    m_undoStack->qtStack()->resetClean();
+    m_messages->showStatus(tr("%1 is recovered, and not saved yet.").arg(displayName()));
+    return true;
+}
+
+bool DocumentController::importMotion(const QString &fileName)
+{
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    m_scene->pause();
+    VxFileError error;
+    LoadProgress progress(*m_messages, tr("Importing %1...").arg(nameOf(fileName)));
+    VxBvhImport import(m_scene);
+    import.setProgress(progress.function());
+    if (!import.importFile(fileName, &error))
+        return report(error, tr("The import was cancelled."));
+    m_scene->selectAllNodes(false);
+    import.getSkeleton()->select();
+    m_messages->showStatus(import.getSummary());
+    return true;
+}
+
+bool DocumentController::exportMotion(const VxSkeleton *figure, const QString &fileName)
+{
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    m_scene->pause();
+    VxFileError error;
+    LoadProgress progress(*m_messages, tr("Exporting %1...").arg(nameOf(fileName)));
+    VxBvhExport out(figure, m_scene->getAnimRange(), m_scene->getTimeStep());
+    out.setProgress(progress.function());
+    if (!out.exportFile(fileName, &error))
+        return report(error, tr("The export was cancelled."));
+    m_messages->showStatus(tr("%1 is written. %2").arg(nameOf(fileName), out.getSummary()));
+    return true;
+}
+
+/** Always false, for those who failed. */
+bool DocumentController::report(const VxFileError &error, const QString &cancelled) const
+{
+    if (error.cancelled)
+        m_messages->showStatus(cancelled);
+    else
+        m_messages->showError(error.text());
+    return false;
+}
+
+QString DocumentController::displayName() const
+{
+    return titleOf(m_fileName);
+}
+
+bool DocumentController::hasWritableFile() const
+{
+    return !m_fileName.isEmpty() && m_formats.canWrite(m_fileName);
+}
+
+void DocumentController::setDocument(const QString &fileName, const QString &summary)
+{
+    // The opening itself is nothing that one could undo, and the file as opened counts as saved.
+    m_undoStack->clear();
+    m_undoStack->setClean();
+    m_fileName = fileName;
+    m_stamp = fileName.isEmpty() ? FileStamp() : FileStamp::of(fileName);
+    m_summary = summary;
+    Q_EMIT documentChanged();
+}

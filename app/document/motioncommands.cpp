@@ -1,0 +1,60 @@
+#include "document/motioncommands.h"
+
+#include "document/documentcontroller.h"
+#include "document/figurechoice.h"
+#include "document/savefiledialog.h"
+#include "widgets/usermessages.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxskeleton.h>
+
+MotionCommands::MotionCommands(DocumentController *document, const UserMessages *messages,
+                               VxScene *scene, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_messages(messages)
+    , m_scene(scene)
+{
+}
+
+void MotionCommands::importWithDialog(const QString &folder)
+{
+    const QString file = QFileDialog::getOpenFileName(
+        m_messages->window(), tr("Import Motion"), folder,
+        m_document->formats().motionFilters().join(QLatin1String(";;")));
+    if (!file.isEmpty())
+        m_document->importMotion(file);
+}
+
+bool MotionCommands::exportWithDialog(const QString &folder)
+{
+    const VxSkeleton *figure = chooseFigure();
+    if (!figure)
+        return false;
+    SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
+    dialog.setStart(folder, figure->getLabel());
+    dialog.setKind(QStringLiteral("bvh"), m_document->formats().motionFilters());
+    const QString file = dialog.ask();
+    return !file.isEmpty() && m_document->exportMotion(figure, file);
+}
+
+/** Null when there is none, or the user chose none. */
+VxSkeleton *MotionCommands::chooseFigure() const
+{
+    if (VxSkeleton *figure = FigureChoice::meant(*m_scene))
+        return figure;
+    const QVector<VxSkeleton *> figures = FigureChoice::figures(*m_scene);
+    if (figures.isEmpty()) {
+        m_messages->showError(
+            tr("There is no motion to export: the scene has no figure with a skeleton."));
+        return nullptr;
+    }
+    const QStringList names = FigureChoice::names(figures);
+    bool chosen = false;
+    const QString name =
+        QInputDialog::getItem(m_messages->window(), tr("Export Motion"),
+                              tr("Figure whose motion is exported:"), names, 0, false, &chosen);
+    return chosen ? figures.value(names.indexOf(name)) : nullptr;
+}

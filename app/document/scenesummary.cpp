@@ -1,0 +1,54 @@
+#include "document/scenesummary.h"
+
+#include <QCoreApplication>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxproperty.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+void countElement(const VxElement *element, SceneCounts *counts)
+{
+    for (int i = 0; i < element->getNumProperties(); ++i) {
+        const VxProperty *property = element->getProperty(i);
+        if (property->getKeyHolder() != property || property->getNumKeys() == 0)
+            continue;
+        ++counts->keyedProperties;
+        counts->keys += property->getNumKeys();
+    }
+    const VxObject *object = qobject_cast<const VxObject *>(element);
+    for (int i = 0; object && i < object->getNumSubElements(); ++i)
+        countElement(object->getSubElement(i), counts);
+}
+
+} // namespace
+
+SceneCounts SceneCounts::of(const VxScene &scene)
+{
+    SceneCounts counts;
+    VxNodeListIterator nodes = scene.nodeListIterator();
+    while (nodes.hasNext()) {
+        const VxNode *node = nodes.next();
+        ++counts.nodes;
+        countElement(node, &counts);
+        if (const VxObject *object = node->getObject())
+            countElement(object, &counts);
+    }
+    return counts;
+}
+
+QString sceneSummary(const VxScene &scene)
+{
+    const SceneCounts counts = SceneCounts::of(scene);
+    const VxTime step = scene.getTimeStep();
+    return QCoreApplication::translate("SceneSummary",
+                                       "%1 nodes, %2 keyed properties, %3 keys, frames %4 to %5 at "
+                                       "%6 frames per second")
+        .arg(counts.nodes)
+        .arg(counts.keyedProperties)
+        .arg(counts.keys)
+        .arg(scene.getAnimRange().getStart() / step)
+        .arg(scene.getAnimRange().getEnd() / step)
+        .arg(double(VxTicksPerSecond) / step);
+}

@@ -1,0 +1,149 @@
+#include "recovery/autosave.h"
+
+#include "document/documentcontroller.h"
+#include "recovery/recoverystore.h"
+#include "widgets/usermessages.h"
+
+#include <QGuiApplication>
+#include <QUndoStack>
+#include <algorithm>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+constexpr int MillisecondsPerMinute = 60 * 1000;
+constexpr int RetryMilliseconds = 500;
+constexpr int ProgressMilliseconds = 15;
+
+} // namespace
+
+AutoSave::AutoSave(DocumentController *document, VxScene *scene, VxUndoStack *history,
+                   RecoveryStore *store, const UserMessages *messages, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_scene(scene)
+    , m_history(history)
+    , m_store(store)
+    , m_messages(messages)
+    , m_interval(DefaultMinutes * MillisecondsPerMinute)
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &AutoSave::handleTimeout);
+    connect(&m_progress, &QTimer::timeout, this, &AutoSave::handleProgress);
+    connect(history, &VxUndoStack::indexChanged, this, &AutoSave::handleHistoryMoved);
+    connect(history, &VxUndoStack::cleanChanged, this, &AutoSave::handleCleanChanged);
+}
+
+void AutoSave::setMinutes(int minutes)
+{
+    const int valid = std::clamp(minutes, 0, 24 * 60);
+    if (valid == m_minutes)
+        return;
+    m_minutes = valid;
+    setInterval(valid * MillisecondsPerMinute);
+    Q_EMIT minutesChanged(valid);
+}
+
+void AutoSave::setInterval(int milliseconds)
+{
+    m_interval = milliseconds;
+    if (m_interval == 0)
+        dropCopy();
+    else if (m_timer.isActive())
+        m_timer.start(m_interval);
+    else if (!m_store->hasOwn())
+        handleHistoryMoved(); // there may be changes from the time when it was off
+}
+
+void AutoSave::dropCopy()
+{
+    m_timer.stop();
+    m_progress.stop();
+    m_store->removeOwn();
+}
+
+void AutoSave::writeNow()
+{
+    if (m_interval == 0 || !m_store->isEnabled() || m_scene->isLoading())
+        return;
+    // An open hold has changes that the history does not know of yet.
+    if (m_history->isClean() && !m_history->isRecording())
+        return;
+    VxFileError error;
+    if (!m_store->write(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+        fail(error.text());
+}
+
+void AutoSave::takeCopy()
+{
+    m_timer.stop();
+}
+
+void AutoSave::handleHistoryMoved()
+{
+    if (m_interval > 0 && m_store->isEnabled() && !m_history->isClean() && !m_timer.isActive()) {
+        m_playingWait = 0;
+        m_timer.start(m_interval);
+    }
+}
+
+void AutoSave::handleCleanChanged(bool clean)
+{
+    if (clean)
+        dropCopy();
+    else
+        handleHistoryMoved();
+}
+
+void AutoSave::handleTimeout()
+{
+    if (mustWait())
+        m_timer.start(std::min(RetryMilliseconds, m_interval));
+    else
+        begin();
+}
+
+bool AutoSave::mustWait()
+{
+    if (m_store->isWriting() || m_history->isRecording() || m_history->isApplying() ||
+        m_document->isBusy() || m_scene->isLoading() ||
+        QGuiApplication::mouseButtons() != Qt::NoButton)
+        return true;
+    if (!m_scene->isPlaying() || m_playingWait >= m_interval)
+        return false;
+    m_playingWait += std::min(RetryMilliseconds, m_interval);
+    return true;
+}
+
+void AutoSave::begin()
+{
+    VxFileError error;
+    if (m_store->beginWrite(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+        m_progress.start(ProgressMilliseconds);
+    else
+        fail(error.text());
+}
+
+void AutoSave::handleProgress()
+{
+    if (m_store->isWriting())
+        return;
+    m_progress.stop();
+    VxFileError error;
+    if (m_store->endWrite(&error)) {
+        m_hasFailed = false;
+        Q_EMIT written();
+    } else {
+        fail(error.text());
+    }
+}
+
+void AutoSave::fail(const QString &reason)
+{
+    // Once is enough: it will hardly be better in some minutes.
+    if (!m_hasFailed)
+        m_messages->showNotice(tr("No recovery copy could be made: %1").arg(reason));
+    m_hasFailed = true;
+    m_timer.start(m_interval);
+}

@@ -1,0 +1,87 @@
+#include "recovery/recoverycontroller.h"
+
+#include "document/documentcontroller.h"
+#include "recovery/recoverydialog.h"
+#include "widgets/usermessages.h"
+
+#include <QDir>
+#include <vxcore/vxmainwindow.h>
+
+RecoveryController::RecoveryController(const QString &folder, DocumentController *document,
+                                       VxScene *scene, VxUndoStack *history,
+                                       const UserMessages *messages, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_messages(messages)
+    , m_store(folder)
+    , m_autoSave(document, scene, history, &m_store, messages)
+    , m_mayReplace([] { return true; })
+{
+}
+
+RecoveryController::~RecoveryController()
+{
+    delete m_dialog;
+}
+
+void RecoveryController::setMayReplace(const MayReplace &mayReplace)
+{
+    m_mayReplace = mayReplace;
+}
+
+RecoveryDialog *RecoveryController::dialog() const
+{
+    return m_dialog;
+}
+
+bool RecoveryController::offer()
+{
+    if (m_dialog)
+        return true;
+    const QVector<RecoveryCopy> copies = m_store.claim();
+    if (copies.isEmpty())
+        return false;
+    m_dialog = new RecoveryDialog(copies, m_messages->window());
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_dialog, &RecoveryDialog::recoverRequested, this, &RecoveryController::recover);
+    connect(m_dialog, &RecoveryDialog::discardRequested, this, &RecoveryController::discard);
+    connect(m_dialog, &QDialog::finished, this, [this] { m_store.release(); });
+    // Not run: a start goes on whether anybody answers or not.
+    m_dialog->open();
+    return true;
+}
+
+void RecoveryController::offerOnDemand()
+{
+    if (!offer())
+        m_messages->showStatus(tr("There is no document to recover."));
+}
+
+void RecoveryController::recover(const RecoveryCopy &copy)
+{
+    if (!m_mayReplace())
+        return;
+    VxFileError error;
+    if (m_document->recover(copy.sceneFile, copy.documentFile, &error)) {
+        m_store.adopt(copy.id);
+        m_autoSave.takeCopy();
+    } else if (!error.cancelled) {
+        handleBroken(copy, error);
+    }
+}
+
+void RecoveryController::discard(const RecoveryCopy &copy)
+{
+    if (!m_messages->askToDeleteCopy(copy.title))
+        return;
+    m_store.discard(copy.id);
+    if (m_dialog)
+        m_dialog->removeCopy(copy.id);
+}
+
+void RecoveryController::handleBroken(const RecoveryCopy &copy, const VxFileError &error)
+{
+    const QString kept = QDir::toNativeSeparators(m_store.setAside(copy.id));
+    m_messages->showError(tr("The copy of \"%1\" cannot be read: %2\n\nIt is kept as %3.")
+                              .arg(copy.title, error.text(), kept));
+}

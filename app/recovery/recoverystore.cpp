@@ -1,0 +1,324 @@
+#include "recovery/recoverystore.h"
+
+#include "io/vxsafefile.h"
+#include "io/vxscenewriter.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QUuid>
+#include <algorithm>
+#include <chrono>
+#include <future>
+#include <map>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+constexpr char ScenePrefix[] = "copy-";
+constexpr char BrokenPrefix[] = "broken-";
+constexpr QLatin1String FileKey("File");
+constexpr QLatin1String TitleKey("Title");
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("RecoveryStore", text);
+}
+
+using Lock = std::unique_ptr<QLockFile>;
+
+/// A lock that only looks as if a program held it: of one that died before it had signed it, or
+/// of one that had this one's number, before the machine or its container began anew.
+bool isOfNobody(const QLockFile &lock)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    if (!lock.getLockInfo(&pid, &host, &program))
+        return true;
+    return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
+}
+
+/// In another thread. Returns the reason of a failure, else an empty text.
+QString writeFile(const QString &name, const QByteArray &bytes)
+{
+    VxSafeFile file(name);
+    if (file.start() && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return file.failure();
+}
+
+} // namespace
+
+class RecoveryStore::Private
+{
+public:
+    QString path(const QString &id, const char *suffix) const
+    {
+        return QDir(folder).filePath(QLatin1String(ScenePrefix) + id + QLatin1String(suffix));
+    }
+    QString scene(const QString &id) const { return path(id, ".vxscene"); }
+    QString record(const QString &id) const { return path(id, ".ini"); }
+    Lock makeLock(const QString &id) const;
+    Lock tryLock(const QString &id) const;
+
+    bool begin(VxFileError *error);
+    bool serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error);
+    void waitForWriting();
+    bool writeRecord(const QString &documentFile, const QString &title, VxFileError *error);
+    QStringList ids() const;
+    RecoveryCopy read(const QString &id) const;
+    void remove(const QString &id) const;
+
+    QString folder;
+    QString ownId;
+    Lock ownLock;
+    QString recordedFile;
+    QString recordedTitle;
+    std::future<QString> writing; // gives the reason of a failure
+    int lastSize = 0;             // bytes
+    std::map<QString, Lock> claims;
+};
+
+Lock RecoveryStore::Private::makeLock(const QString &id) const
+{
+    Lock lock = std::make_unique<QLockFile>(path(id, ".lock"));
+    lock->setStaleLockTime(0); // a program may live for days
+    return lock;
+}
+
+/** Null when somebody has it. */
+Lock RecoveryStore::Private::tryLock(const QString &id) const
+{
+    Lock lock = makeLock(id);
+    if (lock->tryLock(0))
+        return lock;
+    // Removing asks the system, which knows of a program that does hold it.
+    if (lock->error() == QLockFile::LockFailedError && isOfNobody(*lock) &&
+        lock->removeStaleLockFile() && lock->tryLock(0))
+        return lock;
+    return nullptr;
+}
+
+bool RecoveryStore::Private::begin(VxFileError *error)
+{
+    if (ownLock)
+        return true;
+    const QString id = QUuid::createUuid().toString(QUuid::Id128);
+    Lock lock = makeLock(id);
+    if (!QDir().mkpath(folder) || !lock->tryLock(0)) {
+        *error = VxFileError();
+        error->file = folder;
+        error->message = tr("The folder takes no files.");
+        return false;
+    }
+    ownId = id;
+    ownLock = std::move(lock);
+    recordedFile = recordedTitle = QString();
+    return true;
+}
+
+bool RecoveryStore::Private::writeRecord(const QString &documentFile, const QString &title,
+                                         VxFileError *error)
+{
+    if (!recordedTitle.isNull() && documentFile == recordedFile && title == recordedTitle)
+        return true;
+    VxSettings record;
+    record.setStringValue(FileKey, documentFile);
+    record.setStringValue(TitleKey, title);
+    *error = VxFileError();
+    if (!record.save(this->record(ownId), &error->message))
+        return false;
+    recordedFile = documentFile;
+    recordedTitle = title;
+    return true;
+}
+
+bool RecoveryStore::Private::serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error)
+{
+    *error = VxFileError();
+    bytes->reserve(lastSize + lastSize / 8);
+    QBuffer buffer(bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const bool done = VxSceneWriter(&scene).write(&buffer, error);
+    lastSize = bytes->size();
+    return done;
+}
+
+void RecoveryStore::Private::waitForWriting()
+{
+    if (writing.valid())
+        writing.wait();
+}
+
+/** Of everything that is there, in whatever state. */
+QStringList RecoveryStore::Private::ids() const
+{
+    QStringList list;
+    const QStringList pattern{QLatin1String(ScenePrefix) + QLatin1Char('*')};
+    const auto files = QDir(folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &file : files)
+        list.append(file.baseName().mid(int(sizeof(ScenePrefix)) - 1));
+    list.removeDuplicates();
+    return list;
+}
+
+RecoveryCopy RecoveryStore::Private::read(const QString &id) const
+{
+    RecoveryCopy copy;
+    copy.id = id;
+    copy.sceneFile = QFileInfo(scene(id)).absoluteFilePath();
+    copy.time = QFileInfo(scene(id)).lastModified();
+    VxSettings record;
+    // Without a record it is a document that was never saved.
+    record.load(this->record(id));
+    copy.documentFile = record.getStringValue(FileKey);
+    copy.title = record.getStringValue(TitleKey, tr("Untitled"));
+    return copy;
+}
+
+/** The scene first: what is left of a copy without it is swept away another time. All but the lock,
+ *  also the beginning of a scene that its writer could not end. */
+void RecoveryStore::Private::remove(const QString &id) const
+{
+    QFile::remove(scene(id));
+    const QStringList pattern{QLatin1String(ScenePrefix) + id + QStringLiteral(".*")};
+    const auto files = QDir(folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
+    for (const QFileInfo &file : files) {
+        if (file.suffix() != QLatin1String("lock"))
+            QFile::remove(file.filePath());
+    }
+}
+
+RecoveryStore::RecoveryStore(const QString &folder)
+    : d(std::make_unique<Private>())
+{
+    d->folder = folder;
+}
+
+RecoveryStore::~RecoveryStore()
+{
+    d->waitForWriting();
+}
+
+bool RecoveryStore::isEnabled() const
+{
+    return !d->folder.isEmpty();
+}
+
+QString RecoveryStore::folder() const
+{
+    return d->folder;
+}
+
+bool RecoveryStore::beginWrite(const VxScene &scene, const QString &documentFile,
+                               const QString &title, VxFileError *error)
+{
+    d->waitForWriting();
+    QByteArray bytes;
+    if (!isEnabled() || !d->begin(error) || !d->writeRecord(documentFile, title, error) ||
+        !d->serialize(scene, &bytes, error))
+        return false;
+    d->writing = std::async(std::launch::async, writeFile, d->scene(d->ownId), bytes);
+    return true;
+}
+
+bool RecoveryStore::isWriting() const
+{
+    return d->writing.valid() &&
+           d->writing.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+bool RecoveryStore::endWrite(VxFileError *error)
+{
+    *error = VxFileError();
+    error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
+    error->message = d->writing.valid() ? d->writing.get() : tr("Nothing was begun.");
+    return error->message.isEmpty();
+}
+
+bool RecoveryStore::write(const VxScene &scene, const QString &documentFile, const QString &title,
+                          VxFileError *error)
+{
+    return beginWrite(scene, documentFile, title, error) && endWrite(error);
+}
+
+bool RecoveryStore::hasOwn() const
+{
+    return d->ownLock && QFile::exists(d->scene(d->ownId));
+}
+
+void RecoveryStore::removeOwn()
+{
+    d->waitForWriting();
+    if (!d->ownLock)
+        return;
+    d->remove(d->ownId);
+    d->ownLock.reset();
+    d->ownId.clear();
+}
+
+QVector<RecoveryCopy> RecoveryStore::claim()
+{
+    QVector<RecoveryCopy> copies;
+    if (!isEnabled())
+        return copies;
+    for (const QString &id : d->ids()) {
+        if (id == d->ownId)
+            continue;
+        Lock &lock = d->claims[id];
+        if (!lock)
+            lock = d->tryLock(id);
+        if (lock && QFile::exists(d->scene(id)))
+            copies.append(d->read(id));
+        else if (lock)
+            discard(id);
+    }
+    std::sort(copies.begin(), copies.end(),
+              [](const RecoveryCopy &a, const RecoveryCopy &b) { return a.time > b.time; });
+    return copies;
+}
+
+void RecoveryStore::release()
+{
+    d->claims.clear();
+}
+
+void RecoveryStore::adopt(const QString &id)
+{
+    const auto claim = d->claims.find(id);
+    if (claim == d->claims.end() || !claim->second)
+        return;
+    removeOwn();
+    d->ownId = id;
+    d->ownLock = std::move(claim->second);
+    d->claims.erase(claim);
+    const RecoveryCopy copy = d->read(id);
+    d->recordedFile = copy.documentFile;
+    d->recordedTitle = copy.title;
+}
+
+void RecoveryStore::discard(const QString &id)
+{
+    const auto claim = d->claims.find(id);
+    if (claim == d->claims.end() || !claim->second)
+        return;
+    d->remove(id);
+    d->claims.erase(claim);
+}
+
+QString RecoveryStore::setAside(const QString &id)
+{
+    const auto claim = d->claims.find(id);
+    const QString former = d->scene(id);
+    if (claim == d->claims.end() || !claim->second)
+        return former;
+    const QString name =
+        QDir(d->folder).filePath(QLatin1String(BrokenPrefix) + id + QStringLiteral(".vxscene"));
+    if (!QFile::rename(former, name))
+        return former;
+    discard(id);
+    return name;
+}

@@ -1,0 +1,149 @@
+#include "scenetree/sceneedits.h"
+
+#include <QCoreApplication>
+#include <QSet>
+#include <algorithm>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxnodehelper.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostackhold.h>
+
+namespace {
+
+/// "Hide "hip"" or "Hide 3 Nodes": one is the pattern for a name, many that for a number.
+QString textFor(const QVector<VxNode *> &nodes, const char *one, const char *many)
+{
+    if (nodes.size() == 1)
+        return QCoreApplication::translate("SceneEdits", one).arg(nodes.first()->getLabel());
+    return QCoreApplication::translate("SceneEdits", many).arg(nodes.size());
+}
+
+QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
+{
+    if (!parent)
+        return scene->getRootNodes();
+    QVector<VxNode *> children;
+    parent->getNodeChildren(children);
+    return children;
+}
+
+/// Puts nodes below a parent in their order, from a place on that is counted among its other
+/// children.
+void place(const QVector<VxNode *> &nodes, VxNode *parent, int first)
+{
+    // Those that stand there already go to the end first.
+    for (VxNode *node : nodes) {
+        if (node->getNodeParent() == parent)
+            node->setNodeParent(parent);
+    }
+    for (int i = 0; i < nodes.size(); ++i)
+        nodes.at(i)->setNodeParent(parent, first + i);
+}
+
+} // namespace
+
+bool SceneEdits::rename(VxNode *node, const QString &label)
+{
+    const QString wanted = label.trimmed();
+    if (wanted.isEmpty() || wanted == node->getLabel())
+        return false;
+    const QString text =
+        QCoreApplication::translate("SceneEdits", "Rename \"%1\"").arg(node->getLabel());
+    VxUndoStackHold hold;
+    node->setLabel(wanted);
+    hold.accept(text);
+    return true;
+}
+
+bool SceneEdits::remove(VxScene *scene, const QVector<VxNode *> &nodes)
+{
+    const QVector<VxNode *> tops = topmost(scene, nodes);
+    if (tops.isEmpty())
+        return false;
+    const QString text = textFor(tops, QT_TRANSLATE_NOOP("SceneEdits", "Delete \"%1\""),
+                                 QT_TRANSLATE_NOOP("SceneEdits", "Delete %1 Nodes"));
+    VxUndoStackHold hold;
+    const VxChangeBlock block;
+    // Backwards: a place at the end of many siblings is given up at no cost.
+    for (int i = tops.size() - 1; i >= 0; --i)
+        scene->removeNode(tops.at(i));
+    hold.accept(text);
+    return true;
+}
+
+bool SceneEdits::setVisible(const QVector<VxNode *> &nodes, bool visible)
+{
+    QVector<VxNode *> changed;
+    std::copy_if(nodes.cbegin(), nodes.cend(), std::back_inserter(changed),
+                 [visible](const VxNode *node) { return node->isVisible() != visible; });
+    if (changed.isEmpty())
+        return false;
+    VxUndoStackHold hold;
+    for (VxNode *node : qAsConst(changed))
+        node->setVisible(visible);
+    hold.accept(visible ? textFor(changed, QT_TRANSLATE_NOOP("SceneEdits", "Show \"%1\""),
+                                  QT_TRANSLATE_NOOP("SceneEdits", "Show %1 Nodes"))
+                        : textFor(changed, QT_TRANSLATE_NOOP("SceneEdits", "Hide \"%1\""),
+                                  QT_TRANSLATE_NOOP("SceneEdits", "Hide %1 Nodes")));
+    return true;
+}
+
+bool SceneEdits::canMove(const QVector<VxNode *> &nodes, const VxNode *parent)
+{
+    return std::none_of(nodes.cbegin(), nodes.cend(), [parent](const VxNode *node) {
+        return node == parent || node->isAncestorOf(parent);
+    });
+}
+
+bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
+                      Kept kept, QVector<VxNode *> *displaced)
+{
+    const QVector<VxNode *> moved = topmost(scene, nodes);
+    if (moved.isEmpty() || !canMove(moved, parent))
+        return false;
+    const bool isReorder = std::all_of(moved.cbegin(), moved.cend(), [parent](const VxNode *node) {
+        return node->getNodeParent() == parent;
+    });
+    // The order that is wanted, from the children as they are: the moved ones leave it first.
+    const QVector<VxNode *> before = childrenOf(scene, parent);
+    const int end = index < 0 ? before.size() : std::min(index, before.size());
+    const QSet<VxNode *> moving(moved.cbegin(), moved.cend());
+    const int first = int(std::count_if(before.cbegin(), before.cbegin() + end,
+                                        [&](VxNode *node) { return !moving.contains(node); }));
+    VxUndoStackHold hold;
+    const QString text = isReorder
+                             ? textFor(moved, QT_TRANSLATE_NOOP("SceneEdits", "Reorder \"%1\""),
+                                       QT_TRANSLATE_NOOP("SceneEdits", "Reorder %1 Nodes"))
+                             : textFor(moved, QT_TRANSLATE_NOOP("SceneEdits", "Reparent \"%1\""),
+                                       QT_TRANSLATE_NOOP("SceneEdits", "Reparent %1 Nodes"));
+    const VxChangeBlock block;
+    for (VxNode *node : moved) {
+        const bool stays =
+            kept == Kept::Values ||
+            VxNodeHelper::keepWorldPlace(node, node->getNodeParent(), parent, scene->getTime());
+        if (!stays && displaced)
+            displaced->append(node);
+    }
+    place(moved, parent, first);
+    const bool changed = !isReorder || childrenOf(scene, parent) != before;
+    if (changed)
+        hold.accept(text);
+    return changed;
+}
+
+QVector<VxNode *> SceneEdits::topmost(const VxScene *scene, const QVector<VxNode *> &nodes)
+{
+    const QSet<VxNode *> wanted(nodes.cbegin(), nodes.cend());
+    QSet<const VxNode *> covered; // in the list, or below a node that is
+    QVector<VxNode *> tops;
+    for (VxNode *node : scene->getNodes()) {
+        const bool isBelow = covered.contains(node->getNodeParent());
+        if (!isBelow && !wanted.contains(node))
+            continue;
+        covered.insert(node);
+        if (!isBelow)
+            tops.append(node);
+    }
+    return tops;
+}

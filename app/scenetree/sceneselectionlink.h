@@ -1,0 +1,31 @@
+#ifndef SCENESELECTIONLINK_H
+#define SCENESELECTIONLINK_H
+
+#include "scenetree/scenetreecompanion.h"
+
+class QItemSelection;
+
+/// Keeps the rows selected in a tree view and the nodes selected in the scene the same.
+///
+/// The view's changes go to the scene at once. The scene's changes go to the view once per event
+/// loop turn, so that a script that selects a thousand nodes one by one costs one pass.
+class SceneSelectionLink : public SceneTreeCompanion
+{
+    Q_OBJECT
+public:
+    /// All are borrowed. The view must have the model set; the parent should be the view.
+    SceneSelectionLink(QTreeView *view, SceneTreeModel *model, VxScene *scene, QObject *parent);
+
+private:
+    void handleViewSelection(const QItemSelection &selected, const QItemSelection &deselected);
+    void handleViewCurrent(const QModelIndex &current);
+    void catchUp() override { showSceneSelection(); }
+    void showSceneSelection();
+    QItemSelection sceneSelection() const;
+
+    bool m_isShowing = false; // the scene's state is being put into the view
+    bool m_isSending = false; // the view's state is being put into the scene
+    bool m_primaryMoved = true;
+};
+
+#endif

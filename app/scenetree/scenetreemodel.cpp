@@ -1,0 +1,395 @@
+#include "scenetree/scenetreemodel.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QIcon>
+#include <QMimeData>
+#include <QPalette>
+#include <QPointer>
+#include <vector>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxnodehelper.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+/// Nodes on their way to another place. They are this process's own, so they travel as they are.
+class DraggedNodes : public QMimeData
+{
+    Q_OBJECT
+public:
+    explicit DraggedNodes(const QVector<VxNode *> &nodes)
+    {
+        for (VxNode *node : nodes)
+            m_nodes.append(node);
+        setData(mimeType(), QByteArray());
+    }
+
+    static QString mimeType() { return QStringLiteral("application/x-vxscene-nodes"); }
+
+    /// Those that are in the scene still.
+    QVector<VxNode *> nodes(const VxScene *scene) const
+    {
+        QVector<VxNode *> list;
+        for (VxNode *node : m_nodes) {
+            if (node && node->getScene() == scene)
+                list.append(node);
+        }
+        return list;
+    }
+
+private:
+    QVector<QPointer<VxNode>> m_nodes;
+};
+
+struct Row
+{
+    VxNode *node = nullptr; // null for the invisible root
+    Row *parent = nullptr;
+    QIcon icon;
+    std::vector<std::unique_ptr<Row>> children;
+
+    int childIndex(const Row *child) const
+    {
+        for (size_t i = 0; i < children.size(); ++i) {
+            if (children[i].get() == child)
+                return int(i);
+        }
+        return -1;
+    }
+};
+
+} // namespace
+
+class SceneTreeModel::Private
+{
+public:
+    VxScene *scene;
+    Row root;
+    QHash<const VxNode *, Row *> rows;
+    SceneEdits::Kept dropKeeps = SceneEdits::Kept::WorldPlace;
+
+    Row *rowOf(const VxNode *node) { return node ? rows.value(node) : &root; }
+
+    /// Where a node belongs among the rows that are there already, of which it may be one.
+    static int place(const VxNode *node, const Row *parent, bool isIn = false)
+    {
+        const int others = int(parent->children.size()) - (isIn ? 1 : 0);
+        return qBound(0, node->getSiblingIndex(), others);
+    }
+
+    Row *insert(SceneTreeModel *q, VxNode *node, Row *parent, int at)
+    {
+        auto owned = std::make_unique<Row>();
+        Row *row = owned.get();
+        row->node = node;
+        row->parent = parent;
+        row->icon = node->getIcon();
+        parent->children.insert(parent->children.begin() + at, std::move(owned));
+        rows.insert(node, row);
+        QObject::connect(node, &VxElement::labelChanged, q, [q, node] { q->refresh(node); });
+        return row;
+    }
+
+    void forget(SceneTreeModel *q, const Row *row)
+    {
+        for (const auto &child : row->children)
+            forget(q, child.get());
+        QObject::disconnect(row->node, nullptr, q, nullptr);
+        rows.remove(row->node);
+    }
+};
+
+SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
+    : QAbstractItemModel(parent)
+    , d(new Private{scene, {}, {}, SceneEdits::Kept::WorldPlace})
+{
+    connect(scene, &VxScene::nodeAdded, this, &SceneTreeModel::addNode);
+    connect(scene, &VxScene::aboutToRemoveNode, this, &SceneTreeModel::removeNode);
+    connect(scene, &VxScene::nodeParentChanged, this,
+            [this](VxNode *node, VxNode *, VxNode *newParent) { moveRow(node, newParent); });
+    connect(scene, &VxScene::nodeOrderChanged, this,
+            [this](VxNode *node) { moveRow(node, node->getNodeParent()); });
+    connect(scene, &VxScene::nodeVisibleChanged, this,
+            [this](const VxNode *node) { refreshVisibility(node); });
+    connect(scene, &VxScene::sceneLoaded, this, &SceneTreeModel::rebuild);
+    connect(scene, &VxScene::sceneClearStarting, this, &SceneTreeModel::dropAll);
+    rebuild();
+}
+
+SceneTreeModel::~SceneTreeModel() = default;
+
+VxNode *SceneTreeModel::nodeAt(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.model() != this)
+        return nullptr;
+    return static_cast<const Row *>(index.internalPointer())->node;
+}
+
+QModelIndex SceneTreeModel::indexOf(const VxNode *node) const
+{
+    Row *row = node ? d->rows.value(node) : nullptr;
+    return row ? createIndex(row->parent->childIndex(row), 0, row) : QModelIndex();
+}
+
+QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex &parent) const
+{
+    const Row *above =
+        parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
+    if (parent.column() > 0 || column < 0 || column >= NumColumns || row < 0 ||
+        row >= int(above->children.size()))
+        return QModelIndex();
+    return createIndex(row, column, above->children[size_t(row)].get());
+}
+
+QModelIndex SceneTreeModel::parent(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return QModelIndex();
+    Row *above = static_cast<const Row *>(index.internalPointer())->parent;
+    return above == &d->root ? QModelIndex()
+                             : createIndex(above->parent->childIndex(above), 0, above);
+}
+
+int SceneTreeModel::rowCount(const QModelIndex &parent) const
+{
+    const Row *above =
+        parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
+    return parent.column() > 0 ? 0 : int(above->children.size());
+}
+
+int SceneTreeModel::columnCount(const QModelIndex &) const
+{
+    return NumColumns;
+}
+
+QVector<VxNode *> SceneTreeModel::nodesAt(const QModelIndexList &indexes) const
+{
+    QVector<VxNode *> nodes;
+    for (const QModelIndex &index : indexes) {
+        VxNode *node = index.column() == NameColumn ? nodeAt(index) : nullptr;
+        if (node)
+            nodes.append(node);
+    }
+    return nodes;
+}
+
+QVariant SceneTreeModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    const Row *row = static_cast<const Row *>(index.internalPointer());
+    return index.column() == EyeColumn ? eyeData(row->node, role)
+                                       : nameData(row->node, row->icon, role);
+}
+
+QVariant SceneTreeModel::nameData(const VxNode *node, const QIcon &icon, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+    case Qt::ToolTipRole:
+        return node->getLabel();
+    case Qt::DecorationRole:
+        return icon;
+    case Qt::ForegroundRole:
+        return VxNodeHelper::isShown(node)
+                   ? QVariant()
+                   : QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    default:
+        return QVariant();
+    }
+}
+
+QString SceneTreeModel::eyeTip(const VxNode *node)
+{
+    const VxNode *above = VxNodeHelper::getHiddenAncestor(node);
+    const QString tip =
+        node->isVisible() ? tr("Visible: click to hide") : tr("Hidden: click to show");
+    return above ? tip + QLatin1Char('\n') +
+                       tr("Not seen, because \"%1\" is hidden").arg(above->getLabel())
+                 : tip;
+}
+
+QVariant SceneTreeModel::eyeData(const VxNode *node, int role)
+{
+    switch (role) {
+    case Qt::CheckStateRole:
+        return node->isVisible() ? Qt::Checked : Qt::Unchecked;
+    case ShownRole:
+        return VxNodeHelper::isShown(node);
+    case Qt::ToolTipRole:
+        return eyeTip(node);
+    case Qt::AccessibleTextRole:
+        return !node->isVisible()            ? tr("hidden")
+               : VxNodeHelper::isShown(node) ? tr("visible")
+                                             : tr("visible, within a hidden node");
+    default:
+        return QVariant();
+    }
+}
+
+bool SceneTreeModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    VxNode *node = nodeAt(index);
+    if (!node)
+        return false;
+    if (index.column() == NameColumn && role == Qt::EditRole)
+        return SceneEdits::rename(node, value.toString());
+    if (index.column() == EyeColumn && role == Qt::CheckStateRole)
+        return SceneEdits::setVisible({node}, value.toInt() == Qt::Checked);
+    return false;
+}
+
+Qt::ItemFlags SceneTreeModel::flags(const QModelIndex &index) const
+{
+    // What is dropped beside all rows goes to the top level.
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled;
+    const Qt::ItemFlags all =
+        Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
+    return all | (index.column() == EyeColumn ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
+}
+
+Qt::DropActions SceneTreeModel::supportedDropActions() const
+{
+    return Qt::MoveAction;
+}
+
+QStringList SceneTreeModel::mimeTypes() const
+{
+    return {DraggedNodes::mimeType()};
+}
+
+QMimeData *SceneTreeModel::mimeData(const QModelIndexList &indexes) const
+{
+    return new DraggedNodes(nodesAt(indexes));
+}
+
+bool SceneTreeModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int, int,
+                                     const QModelIndex &parent) const
+{
+    const auto *dragged = qobject_cast<const DraggedNodes *>(data);
+    return dragged && action == Qt::MoveAction &&
+           SceneEdits::canMove(dragged->nodes(d->scene), nodeAt(parent));
+}
+
+bool SceneTreeModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent)
+{
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    const auto *dragged = qobject_cast<const DraggedNodes *>(data);
+    QVector<VxNode *> left;
+    const bool done = SceneEdits::move(d->scene, dragged->nodes(d->scene), nodeAt(parent), row,
+                                       d->dropKeeps, &left);
+    if (done && !left.isEmpty())
+        Q_EMIT displaced(left);
+    return done;
+}
+
+void SceneTreeModel::setDropKeeps(SceneEdits::Kept kept)
+{
+    d->dropKeeps = kept;
+}
+
+void SceneTreeModel::rebuild()
+{
+    beginResetModel();
+    for (const auto &child : d->root.children)
+        d->forget(this, child.get());
+    d->root.children.clear();
+    // Parents come before their children, siblings in their order.
+    for (VxNode *node : d->scene->getNodes()) {
+        Row *parent = d->rowOf(node->getNodeParent());
+        d->insert(this, node, parent, int(parent->children.size()));
+    }
+    endResetModel();
+}
+
+void SceneTreeModel::dropAll()
+{
+    beginResetModel();
+    for (const auto &child : d->root.children)
+        d->forget(this, child.get());
+    d->root.children.clear();
+    endResetModel();
+}
+
+void SceneTreeModel::addNode(VxNode *node)
+{
+    Row *parent = d->rowOf(node->getNodeParent());
+    if (d->scene->isLoading() || !parent || d->rows.contains(node))
+        return;
+    const int at = Private::place(node, parent);
+    beginInsertRows(indexOf(parent->node), at, at);
+    d->insert(this, node, parent, at);
+    endInsertRows();
+}
+
+void SceneTreeModel::removeNode(VxNode *node)
+{
+    Row *row = d->rows.value(node);
+    if (!row)
+        return;
+    Row *parent = row->parent;
+    const int at = parent->childIndex(row);
+    beginRemoveRows(indexOf(parent->node), at, at);
+    d->forget(this, row);
+    parent->children.erase(parent->children.begin() + at);
+    endRemoveRows();
+}
+
+void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
+{
+    Row *row = d->rows.value(node);
+    Row *target = d->rowOf(newParent);
+    if (!row || !target)
+        return;
+    Row *source = row->parent;
+    const int from = source->childIndex(row);
+    int to = Private::place(node, target, source == target);
+    // Views are told the place before the row is taken out.
+    if (source == target && to > from)
+        ++to;
+    if (!beginMoveRows(indexOf(source->node), from, from, indexOf(target->node), to))
+        return;
+    std::unique_ptr<Row> owned = std::move(source->children[size_t(from)]);
+    source->children.erase(source->children.begin() + from);
+    row->parent = target;
+    if (source == target && to > from)
+        --to;
+    target->children.insert(target->children.begin() + to, std::move(owned));
+    endMoveRows();
+}
+
+void SceneTreeModel::refresh(const VxNode *node)
+{
+    const QModelIndex index = indexOf(node);
+    if (index.isValid())
+        Q_EMIT dataChanged(index, index.siblingAtColumn(EyeColumn));
+}
+
+/** Whether a node is shown changes for those that hang on it, down to those hidden by themselves.
+ */
+void SceneTreeModel::refreshVisibility(const VxNode *node)
+{
+    refresh(node);
+    const VxNode *above = node->getNodeParent();
+    if (above && !VxNodeHelper::isShown(above))
+        return;
+    QModelIndexList open{indexOf(node)};
+    while (!open.isEmpty()) {
+        const QModelIndex parent = open.takeLast();
+        const int count = parent.isValid() ? rowCount(parent) : 0;
+        if (count > 0)
+            Q_EMIT dataChanged(index(0, NameColumn, parent), index(count - 1, EyeColumn, parent));
+        for (int i = 0; i < count; ++i) {
+            const QModelIndex child = index(i, NameColumn, parent);
+            if (nodeAt(child)->isVisible())
+                open.append(child);
+        }
+    }
+}
+
+#include "scenetreemodel.moc"

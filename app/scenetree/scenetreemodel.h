@@ -1,0 +1,83 @@
+#ifndef SCENETREEMODEL_H
+#define SCENETREEMODEL_H
+
+#include "scenetree/sceneedits.h"
+
+#include <QAbstractItemModel>
+#include <QVector>
+#include <memory>
+
+class QIcon;
+class VxNode;
+class VxScene;
+
+/// The scene's nodes as a tree: names with icons, and beside each an eye that tells whether the
+/// node is visible.
+///
+/// Names can be edited, eyes checked, and rows dragged to another place; each goes to the scene as
+/// one entry of its history, and comes back as the scene tells of it.
+///
+/// The model keeps a small tree of its own beside the scene's: a row can then be taken away while
+/// the scene is already rearranging its nodes, and a node's row is found without a walk. While a
+/// scene is being loaded it holds still and is made anew at the end.
+class SceneTreeModel : public QAbstractItemModel
+{
+    Q_OBJECT
+public:
+    enum Column { NameColumn, EyeColumn, NumColumns };
+    /// Of an eye: whether views show the node, because all above it is visible, too.
+    enum Role { ShownRole = Qt::UserRole };
+
+    /// The scene must outlive the model.
+    explicit SceneTreeModel(VxScene *scene, QObject *parent = nullptr);
+    ~SceneTreeModel() override;
+
+    /// Null for an index that is none of this model.
+    VxNode *nodeAt(const QModelIndex &index) const;
+    /// Invalid for a node that the model does not show.
+    QModelIndex indexOf(const VxNode *node) const;
+    /// The nodes of the rows of a list, each once, in the list's order.
+    QVector<VxNode *> nodesAt(const QModelIndexList &indexes) const;
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &index) const override;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden, or lie below
+    /// one that is. Eyes: check state for the node alone, ShownRole and tool tip.
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+    Qt::DropActions supportedDropActions() const override;
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
+    /// What nodes keep that are dropped from now on; their places in the world to begin with.
+    void setDropKeeps(SceneEdits::Kept kept);
+    /// row -1: behind the last row below the parent.
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
+
+Q_SIGNALS:
+    /// The nodes were dropped but could not keep their places in the world.
+    void displaced(const QVector<VxNode *> &nodes);
+
+private:
+    static QVariant nameData(const VxNode *node, const QIcon &icon, int role);
+    static QString eyeTip(const VxNode *node);
+    static QVariant eyeData(const VxNode *node, int role);
+    void rebuild();
+    void dropAll();
+    void addNode(VxNode *node);
+    void removeNode(VxNode *node);
+    void refresh(const VxNode *node);
+    void refreshVisibility(const VxNode *node);
+    void moveRow(VxNode *node, VxNode *newParent);
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,168 @@
+#include "shell/commandline.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxversion.h>
+
+namespace {
+
+constexpr int SmallestSide = 64;
+constexpr int LargestSide = 16384;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+QString name(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
+/// The options, in the order in which the help lists them.
+void addOptions(QCommandLineParser *parser)
+{
+    parser->addOption({name("headless"), tr("Work without a display and without any dialog.")});
+    parser->addOption({name("script"),
+                       tr("Run a script once the file is open. What stands behind \"--\" are the "
+                          "script's arguments."),
+                       name("FILE.js")});
+    parser->addOption({name("screenshot"),
+                       tr("Write a picture of the window and leave the program."),
+                       name("OUT.png")});
+    parser->addOption(
+        {name("list-actions"), tr("Print a page about all actions and leave the program.")});
+    parser->addOption({name("size"), tr("Size of the window, in pixels."), name("WxH")});
+    parser->addOption({name("frame"), tr("Frame to show."), name("N")});
+    parser->addOption({name("palette"), tr("Colours: dark or light."), name("NAME")});
+    parser->addOption(
+        {name("settings"),
+         tr("Keep the settings in this file, and recovery copies in a folder beside it. "
+            "Without it, --headless and --screenshot neither read nor write any."),
+         name("FILE.ini")});
+    parser->addOption(
+        {name("plugin-path"), tr("A further folder of plug-ins; may be repeated."), name("DIR")});
+    parser->addOption({{name("v"), name("version")}, tr("Show the version.")});
+    parser->addOption({{name("h"), name("help")}, tr("Show this help.")});
+    parser->addPositionalArgument(name("FILE"), tr("The scene or motion file to open."),
+                                  name("[FILE] [-- ARGUMENTS]"));
+}
+
+void fail(CommandLine *line, const QString &text)
+{
+    if (line->action == CommandLine::Action::Fail)
+        return;
+    line->action = CommandLine::Action::Fail;
+    line->errorText = text;
+}
+
+QSize parseSize(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("\\A(\\d{1,5})x(\\d{1,5})\\z"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    const auto fits = [](int side) { return side >= SmallestSide && side <= LargestSide; };
+    return fits(size.width()) && fits(size.height()) ? size : QSize();
+}
+
+void readSize(const QString &text, CommandLine *line)
+{
+    line->size = parseSize(text);
+    if (line->size.isEmpty())
+        fail(line, tr("The size \"%1\" is not of the form 1280x800, with sides of %2 to %3.")
+                       .arg(text)
+                       .arg(SmallestSide)
+                       .arg(LargestSide));
+}
+
+void readFrame(const QString &text, CommandLine *line)
+{
+    bool ok = false;
+    line->frame = text.toInt(&ok);
+    if (!ok)
+        fail(line, tr("The frame \"%1\" is not a whole number.").arg(text));
+}
+
+void readPalette(const QString &text, CommandLine *line)
+{
+    line->palette = text;
+    if (text != name("dark") && text != name("light"))
+        fail(line, tr("There is no palette \"%1\": it is dark or light.").arg(text));
+}
+
+void readFiles(const QStringList &files, CommandLine *line)
+{
+    if (files.size() > 1)
+        fail(line, tr("Only one file can be opened, but there is also \"%1\".").arg(files.at(1)));
+    line->file = files.value(0);
+}
+
+void readOptions(const QCommandLineParser &parser, CommandLine *line)
+{
+    line->listActions = parser.isSet(name("list-actions"));
+    line->headless = parser.isSet(name("headless")) || line->listActions;
+    line->scriptFile = parser.value(name("script"));
+    line->screenshotFile = parser.value(name("screenshot"));
+    line->settingsFile = parser.value(name("settings"));
+    line->pluginPaths = parser.values(name("plugin-path"));
+    for (const char *option : {"script", "screenshot", "settings", "plugin-path"}) {
+        if (parser.isSet(name(option)) && parser.values(name(option)).contains(QString()))
+            fail(line, tr("The option --%1 wants a name.").arg(name(option)));
+    }
+    if (parser.isSet(name("size")))
+        readSize(parser.value(name("size")), line);
+    if (parser.isSet(name("frame")))
+        readFrame(parser.value(name("frame")), line);
+    if (parser.isSet(name("palette")))
+        readPalette(parser.value(name("palette")), line);
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList &arguments)
+{
+    CommandLine line;
+    const int split = arguments.indexOf(name("--"));
+    const QStringList own = arguments.mid(0, split);
+    const QStringList rest = split < 0 ? QStringList() : arguments.mid(split + 1);
+
+    QCommandLineParser parser;
+    addOptions(&parser);
+    const bool understood = parser.parse(own);
+    if (parser.isSet(name("help")))
+        line.action = Action::ShowHelp;
+    else if (parser.isSet(name("version")))
+        line.action = Action::ShowVersion;
+    else if (!understood)
+        fail(&line, parser.errorText());
+    if (line.action != Action::Run)
+        return line;
+
+    readOptions(parser, &line);
+    if (line.scriptFile.isEmpty()) {
+        readFiles(parser.positionalArguments() + rest, &line);
+    } else {
+        readFiles(parser.positionalArguments(), &line);
+        line.scriptArguments = rest;
+    }
+    return line;
+}
+
+QString CommandLine::helpText()
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    parser.setApplicationDescription(tr("Composes and animates scenes."));
+    return parser.helpText() + tr("\nExit codes:\n"
+                                  "  0  everything went well\n"
+                                  "  1  a file, a script or a picture went wrong\n"
+                                  "  2  the command line is wrong\n");
+}
+
+QString CommandLine::versionText()
+{
+    return tr("%1 %2 (host library %3)\n")
+        .arg(VxApp::getAppName(), name(VX_STUDIO_VERSION), VxVersion::sdk().toString());
+}

@@ -1,0 +1,88 @@
+#include "shell/commandline.h"
+#include "shell/studio.h"
+#include "widgets/usermessages.h"
+
+#include <QApplication>
+#include <QFont>
+#include <cstdio>
+
+namespace {
+
+QStringList rawArguments(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+/// Has to happen before there is an application object. A platform that the user names wins.
+void choosePlatform(const CommandLine &line)
+{
+    const bool showsWindow = line.action == CommandLine::Action::Run && !line.headless;
+    const bool offscreen = line.headless || (!showsWindow && !hasDisplay());
+    if (offscreen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The offscreen screen has no size in millimetres that fonts could be measured by.
+    if (line.headless && !qEnvironmentVariableIsSet("QT_FONT_DPI"))
+        qputenv("QT_FONT_DPI", "96");
+}
+
+QtMessageHandler generalHandler = nullptr;
+
+void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        generalHandler(type, context, text);
+}
+
+/// The offscreen platform knows no desktop, takes a large font for its default, and tells at every
+/// window what it cannot do with it.
+void settleOffscreen()
+{
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        return;
+    generalHandler = qInstallMessageHandler(passOnMessage);
+    QFont font = QApplication::font();
+    font.setPointSize(10);
+    QApplication::setFont(font);
+}
+
+int explain(const CommandLine &line)
+{
+    switch (line.action) {
+    case CommandLine::Action::ShowHelp:
+        std::fputs(qPrintable(CommandLine::helpText()), stdout);
+        return CommandLine::Success;
+    case CommandLine::Action::ShowVersion:
+        std::fputs(qPrintable(CommandLine::versionText()), stdout);
+        return CommandLine::Success;
+    default:
+        UserMessages::printError(QStringLiteral("vxstudio: ") + line.errorText);
+        return CommandLine::BadUsage;
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    choosePlatform(CommandLine::parse(rawArguments(argc, argv)));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("VxStudio"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VX_STUDIO_VERSION));
+
+    const CommandLine line = CommandLine::parse(QCoreApplication::arguments());
+    if (line.action != CommandLine::Action::Run)
+        return explain(line);
+    settleOffscreen();
+    Studio studio(line);
+    return studio.run();
+}

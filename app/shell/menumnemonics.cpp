@@ -1,0 +1,68 @@
+#include "shell/menumnemonics.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QWidget>
+#include <vxcore/vxaction.h>
+
+namespace {
+
+/** The letter behind a text's mark, lower case; null without a mark. */
+QChar mnemonicOf(const QString &text)
+{
+    const QKeySequence sequence = QKeySequence::mnemonic(text);
+    return sequence.isEmpty() ? QChar() : QChar(sequence[0] & 0xffff).toLower();
+}
+
+bool isFree(const QString &text, int place, const QString &taken)
+{
+    return text.at(place).isLetterOrNumber() && !taken.contains(text.at(place).toLower());
+}
+
+bool beginsWord(const QString &text, int place)
+{
+    return place == 0 || !text.at(place - 1).isLetterOrNumber();
+}
+
+/** Where a mark may stand; -1 for nowhere. */
+int findPlace(const QString &text, const QString &taken)
+{
+    int found = -1;
+    for (int i = text.size() - 1; i >= 0; --i) {
+        const bool better = found < 0 || beginsWord(text, i) || !beginsWord(text, found);
+        if (isFree(text, i, taken) && better)
+            found = i;
+    }
+    return found;
+}
+
+} // namespace
+
+QString MenuMnemonics::marked(const QString &text, QString *taken)
+{
+    QString result = text;
+    if (mnemonicOf(text).isNull()) {
+        const int place = findPlace(text, *taken);
+        if (place < 0)
+            return text;
+        result.insert(place, QLatin1Char('&'));
+    }
+    taken->append(mnemonicOf(result));
+    return result;
+}
+
+void MenuMnemonics::add(QWidget *menu)
+{
+    QString taken;
+    // Marks that were chosen come first.
+    for (const QAction *entry : menu->actions()) {
+        const QChar letter = mnemonicOf(entry->text());
+        if (!letter.isNull())
+            taken.append(letter);
+    }
+    for (QAction *entry : menu->actions()) {
+        const bool isOwn = !qobject_cast<VxAction *>(entry) && !entry->isSeparator();
+        if (isOwn && mnemonicOf(entry->text()).isNull())
+            entry->setText(marked(entry->text(), &taken));
+    }
+}

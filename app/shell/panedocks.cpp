@@ -1,0 +1,164 @@
+#include "shell/panedocks.h"
+
+#include "shell/panedock.h"
+
+#include <QMainWindow>
+#include <vxcore/vxpane.h>
+#include <vxcore/vxpanemgr.h>
+
+namespace {
+
+/// Where a pane stands at first, how wide (at a side) or high (at the bottom), in pixels, and
+/// behind which other one's tab. A large window gives it a share of its own size instead.
+struct Place
+{
+    const char *paneClass;
+    Qt::DockWidgetArea area;
+    int extent;
+    const char *behind; // null for a place of its own
+};
+
+// High enough for ten rows of the dope sheet above the curves of the key graph.
+constexpr int BottomExtent = 456;
+// What the bottom takes of a window's height: more than that of a large one, less of a small one.
+constexpr double LeastBottomShare = 0.45;
+constexpr double LargestBottomShare = 0.57;
+
+constexpr Place Places[] = {
+    {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
+    {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
+    {"VxHistoryPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
+    {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
+    {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
+};
+constexpr Place OtherPlace = {"", Qt::RightDockWidgetArea, 260, nullptr};
+
+const Place &placeOf(const PaneDock *dock)
+{
+    for (const Place &place : Places) {
+        if (dock->paneClassName() == QLatin1String(place.paneClass))
+            return place;
+    }
+    return OtherPlace;
+}
+
+bool isAcross(Qt::DockWidgetArea area)
+{
+    return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea;
+}
+
+/** How wide or high the dock is at first in an area, which need not be its own. */
+int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window)
+{
+    const bool isMoved = isAcross(area) != isAcross(place.area);
+    if (!isAcross(area))
+        return qMax(isMoved ? OtherPlace.extent : place.extent, window.width() / 8);
+    return qBound(int(window.height() * LeastBottomShare), isMoved ? BottomExtent : place.extent,
+                  int(window.height() * LargestBottomShare));
+}
+
+} // namespace
+
+PaneDocks::PaneDocks(QMainWindow *window, VxPaneMgr *panes)
+    : QObject(window)
+    , m_window(window)
+{
+    connect(panes, &VxPaneMgr::paneAdded, this, &PaneDocks::addPane);
+    connect(panes, &VxPaneMgr::showRequested, this, &PaneDocks::showPane);
+}
+
+QVector<PaneDock *> PaneDocks::docks() const
+{
+    QVector<PaneDock *> list;
+    for (PaneDock *dock :
+         m_window->findChildren<PaneDock *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (dock->pane())
+            list.append(dock);
+    }
+    return list;
+}
+
+PaneDock *PaneDocks::find(const QString &paneClassName) const
+{
+    for (PaneDock *dock : docks()) {
+        if (dock->paneClassName() == paneClassName)
+            return dock;
+    }
+    return nullptr;
+}
+
+void PaneDocks::applyDefaultLayout()
+{
+    // All are taken out first: panes that share a place must at no time stand side by side, where
+    // they would make the window wider for good.
+    for (PaneDock *dock : docks())
+        m_window->removeDockWidget(dock);
+    for (PaneDock *dock : docks()) {
+        if (!frontOf(dock))
+            m_window->addDockWidget(placeOf(dock).area, dock);
+    }
+    tabifyDocks();
+    for (PaneDock *dock : docks()) {
+        dock->setFloating(false);
+        dock->show();
+    }
+    raiseFronts();
+    applyDefaultSizes();
+}
+
+void PaneDocks::applyDefaultSizes()
+{
+    for (PaneDock *dock : docks()) {
+        const Qt::DockWidgetArea area = m_window->dockWidgetArea(dock);
+        if (dock->isFloating() || dock->isHidden() || area == Qt::NoDockWidgetArea)
+            continue;
+        m_window->resizeDocks({dock}, {firstExtent(placeOf(dock), area, m_window->size())},
+                              isAcross(area) ? Qt::Vertical : Qt::Horizontal);
+    }
+}
+
+/** The dock behind whose tab another one stands at first; null for a place of its own. */
+PaneDock *PaneDocks::frontOf(const PaneDock *dock) const
+{
+    const char *behind = placeOf(dock).behind;
+    return behind ? find(QLatin1String(behind)) : nullptr;
+}
+
+void PaneDocks::tabifyDocks()
+{
+    for (PaneDock *dock : docks()) {
+        if (PaneDock *front = frontOf(dock))
+            m_window->tabifyDockWidget(front, dock);
+    }
+}
+
+void PaneDocks::raiseFronts()
+{
+    for (PaneDock *dock : docks()) {
+        if (PaneDock *front = frontOf(dock))
+            front->raise();
+    }
+}
+
+void PaneDocks::addPane(VxPane *pane)
+{
+    auto *dock = new PaneDock(pane, m_window);
+    // A pane that comes late goes where it stood before, when the window remembers it.
+    if (!m_window->restoreDockWidget(dock))
+        m_window->addDockWidget(placeOf(dock).area, dock);
+    // Before the window is seen nobody has arranged anything yet.
+    if (!m_window->isVisible())
+        tabifyDocks();
+    Q_EMIT dockAdded(dock);
+}
+
+void PaneDocks::showPane(VxPane *pane)
+{
+    for (PaneDock *dock : docks()) {
+        if (dock->pane() != pane)
+            continue;
+        dock->show();
+        dock->raise();
+        pane->setFocus(Qt::OtherFocusReason);
+    }
+}

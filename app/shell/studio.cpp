@@ -1,0 +1,300 @@
+#include "shell/studio.h"
+
+#include "document/documentcontroller.h"
+#include "document/recentfiles.h"
+#include "document/scenesummary.h"
+#include "recovery/recoverycontroller.h"
+#include "shell/actionlist.h"
+#include "shell/endsignals.h"
+#include "shell/studioclasses.h"
+#include "shell/studiosettings.h"
+#include "shell/studiowindow.h"
+#include "shell/windowpicture.h"
+#include "shortcuts/shortcutcatalogue.h"
+#include "widgets/usermessages.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscriptengine.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxstyle.h>
+
+namespace {
+
+constexpr QSize PictureSize(1280, 800);
+constexpr int SignalExit = 128; // what a shell adds to a signal's number
+
+QString key(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+/// A run that nobody watches must not depend on, or change, what a user has arranged.
+QString settingsFile(const CommandLine &commandLine)
+{
+    if (!commandLine.settingsFile.isEmpty() || commandLine.isBatch())
+        return commandLine.settingsFile;
+    return StudioSettings::defaultFileName();
+}
+
+/// Beside the settings, so that runs with other settings have other copies. A run that nobody
+/// watches keeps none and asks nothing.
+QString recoveryFolder(const CommandLine &commandLine)
+{
+    const QString settings = settingsFile(commandLine);
+    if (settings.isEmpty() || commandLine.isBatch())
+        return {};
+    const QFileInfo file(settings);
+    return QDir(file.absolutePath()).filePath(file.completeBaseName() + key("-recovery"));
+}
+
+} // namespace
+
+class Studio::Private
+{
+public:
+    explicit Private(const CommandLine &line)
+        : commandLine(line)
+        , messages(line.isBatch() ? UserMessages::Mode::Console : UserMessages::Mode::Window)
+        , settingsStore(settingsFile(line))
+    {
+    }
+
+    void loadSettings();
+    void saveSettings();
+    void loadPlugins();
+    void buildPanesAndActions();
+    void restoreShortcuts();
+    void connectScripts();
+    bool openFile();
+    bool runScript();
+    void showUnseen();
+    bool writePicture();
+    int exec();
+
+    const CommandLine commandLine;
+    UserMessages messages;
+    StudioSettings settingsStore;
+    std::unique_ptr<VxApp> app;
+    std::unique_ptr<StudioWindow> window;
+};
+
+void Studio::Private::loadSettings()
+{
+    VxSettings *settings = app->getSettings();
+    settingsStore.load(settings, messages);
+    StudioSettings::fillDefaults(settings);
+    const QString saved = settings->getStringValue(key("Palette"), key("dark"));
+    const QString palette = commandLine.palette.isEmpty() ? saved : commandLine.palette;
+    app->getStyle()->setColorScheme(palette == key("light") ? VxStyle::ColorScheme::Light
+                                                            : VxStyle::ColorScheme::Dark);
+}
+
+void Studio::Private::saveSettings()
+{
+    VxSettings *settings = app->getSettings();
+    const bool dark = app->getStyle()->colorScheme() == VxStyle::ColorScheme::Dark;
+    settings->setStringValue(key("Palette"), key(dark ? "dark" : "light"));
+    window->saveLayout(settings->getSettings(key("Window")));
+    window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
+    settings->getSettings(key("Recovery"))
+        ->setIntValue(key("Minutes"), window->recovery()->autoSave()->minutes());
+    window->getPaneMgr()->saveSettings();
+    window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
+    settingsStore.save(*settings, messages);
+}
+
+void Studio::Private::loadPlugins()
+{
+    // A folder that is named twice is loaded once.
+    QStringList folders;
+    for (const QString &folder : QStringList(defaultPluginFolder()) + commandLine.pluginPaths) {
+        const QString canonical = QDir(folder).canonicalPath();
+        const QString path = canonical.isEmpty() ? folder : canonical;
+        if (!folders.contains(path))
+            folders.append(path);
+    }
+    QStringList errors;
+    for (const QString &folder : qAsConst(folders))
+        app->getPluginMgr()->loadPlugins(folder, &errors);
+    for (const QString &error : qAsConst(errors))
+        messages.showNotice(error);
+}
+
+void Studio::Private::buildPanesAndActions()
+{
+    VxPluginMgr *plugins = app->getPluginMgr();
+    for (VxClassFactory *factory : studioClassFactories())
+        plugins->addClassFactory(factory);
+    window->getActionMgr()->createActions(plugins);
+    window->getPaneMgr()->createPanes(plugins);
+    window->getActionMgr()->initActions();
+    const VxSettings *settings = app->getSettings();
+    restoreShortcuts();
+    window->completeMenus();
+    window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
+    if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
+        window->recentFiles()->restore(*recent);
+    if (const VxSettings *recovery = settings->findSettings(key("Recovery"))) {
+        window->recovery()->autoSave()->setMinutes(
+            recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
+    }
+}
+
+/** What a file that was written by hand gives to two commands is told, not left to be dead keys. */
+void Studio::Private::restoreShortcuts()
+{
+    const VxSettings *stored = app->getSettings()->findSettings(key("Shortcuts"));
+    if (!stored)
+        return;
+    VxActionMgr *actions = window->getActionMgr();
+    const QStringList refused = actions->restoreShortcuts(stored);
+    if (!refused.isEmpty())
+        messages.showNotice(ShortcutCatalogue::refusalText(refused, *stored, *actions));
+}
+
+void Studio::Private::connectScripts()
+{
+    VxScriptEngine *scripts = app->getScriptEngine();
+    scripts->registerHost();
+    QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
+}
+
+bool Studio::Private::openFile()
+{
+    if (!commandLine.file.isEmpty()) {
+        if (!window->document()->open(commandLine.file))
+            return false;
+        if (commandLine.headless) {
+            UserMessages::print(QStringLiteral("%1: %2").arg(window->document()->displayName(),
+                                                             sceneSummary(*app->getScene())));
+            if (!window->document()->summary().isEmpty())
+                UserMessages::print(window->document()->summary());
+        }
+    }
+    VxScene *scene = app->getScene();
+    if (commandLine.frame)
+        scene->setTime(*commandLine.frame * scene->getTimeStep());
+    return true;
+}
+
+bool Studio::Private::runScript()
+{
+    if (commandLine.scriptFile.isEmpty())
+        return true;
+    if (commandLine.isBatch())
+        showUnseen();
+    VxScriptEngine *scripts = app->getScriptEngine();
+    scripts->setArguments(commandLine.scriptArguments);
+    VxScriptError error;
+    if (scripts->runFile(commandLine.scriptFile, &error))
+        return true;
+    UserMessages::printError(error.toString());
+    return false;
+}
+
+/** Panes fill themselves when they are shown: so a script finds them as a user does. */
+void Studio::Private::showUnseen()
+{
+    window->setAttribute(Qt::WA_DontShowOnScreen);
+    window->show();
+    QCoreApplication::processEvents();
+}
+
+bool Studio::Private::writePicture()
+{
+    if (commandLine.screenshotFile.isEmpty())
+        return true;
+    window->hide();
+    window->setAttribute(Qt::WA_DontShowOnScreen, false);
+    QString error;
+    const QSize size = commandLine.size.isEmpty() ? PictureSize : commandLine.size;
+    if (writeWindowPicture(window.get(), size, commandLine.screenshotFile, &error))
+        return true;
+    messages.showError(error);
+    return false;
+}
+
+/** Nobody can be asked when the machine shuts down or the terminal goes. */
+int Studio::Private::exec()
+{
+    EndSignals requests;
+    QObject::connect(&requests, &EndSignals::received, window.get(), [this](int number) {
+        window->recovery()->autoSave()->writeNow();
+        QCoreApplication::exit(SignalExit + number);
+    });
+    return QApplication::exec();
+}
+
+Studio::Studio(const CommandLine &commandLine)
+    : d(std::make_unique<Private>(commandLine))
+{
+    VxApp::setAppName(QStringLiteral("VxStudio"));
+    d->app = std::make_unique<VxApp>();
+    d->loadSettings();
+    d->window = std::make_unique<StudioWindow>(&d->messages, recoveryFolder(commandLine));
+    d->messages.setWindow(d->window.get());
+    d->loadPlugins();
+    d->buildPanesAndActions();
+    d->connectScripts();
+    if (!commandLine.size.isEmpty())
+        d->window->resize(commandLine.size);
+    // At once, not at the end only: they are work that a crash should not cost.
+    QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
+                     [this] { d->saveSettings(); });
+    QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
+                     [this] { d->saveSettings(); });
+    QObject::connect(d->window->recovery()->autoSave(), &AutoSave::minutesChanged, d->window.get(),
+                     [this] { d->saveSettings(); });
+    d->app->start();
+}
+
+Studio::~Studio()
+{
+    d->saveSettings();
+    d->app->beginClosing();
+    d->window.reset();
+    d->app.reset();
+}
+
+StudioWindow *Studio::window() const
+{
+    return d->window.get();
+}
+
+int Studio::run()
+{
+    if (d->commandLine.listActions) {
+        UserMessages::print(actionListPage(*d->window->menuBar(), *d->window->getActionMgr()));
+        return CommandLine::Success;
+    }
+    const bool batch = d->commandLine.isBatch();
+    if (!batch)
+        d->window->show();
+    // A user may go on with another file; nobody goes on in a batch.
+    if (!d->openFile() && batch)
+        return CommandLine::Failure;
+    if (!d->runScript() || !d->writePicture())
+        return CommandLine::Failure;
+    if (batch)
+        return CommandLine::Success;
+    // Who starts a script wants that done; the question waits in the menu.
+    if (d->commandLine.scriptFile.isEmpty())
+        d->window->recovery()->offer();
+    return d->exec();
+}
+
+QString Studio::defaultPluginFolder()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString installed = program.filePath(QStringLiteral("../" VX_PLUGIN_SUBDIR));
+    return QDir(installed).exists() ? installed
+                                    : program.filePath(QStringLiteral("../lib/vxstudio/plugins"));
+}

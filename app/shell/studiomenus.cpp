@@ -1,0 +1,245 @@
+#include "shell/studiomenus.h"
+
+#include "document/recentfilesmenu.h"
+#include "recovery/recoverymenu.h"
+#include "shell/menumnemonics.h"
+#include "shell/menutypeahead.h"
+#include "shell/panedock.h"
+#include "shell/panedocks.h"
+#include "shell/studiowindow.h"
+#include "viewport/viewportwidget.h"
+
+#include <QActionGroup>
+#include <QMenuBar>
+#include <QUndoStack>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxundostack.h>
+
+StudioMenus::StudioMenus(StudioWindow *window)
+    : QObject(window)
+    , m_window(window)
+{
+    new MenuTypeAhead(this);
+    buildFileMenu();
+    m_editMenu = window->menuBar()->addMenu(tr("&Edit"));
+    buildViewMenu();
+    buildHelpMenu();
+    m_defaultLayout = new QAction(this);
+    adopt(m_defaultLayout, {"StudioDefaultLayout", tr("Default &Layout"),
+                            tr("Puts every pane where it stood at first.")});
+    connect(m_defaultLayout, &QAction::triggered, this, &StudioMenus::defaultLayoutRequested);
+}
+
+template <typename Slot> QAction *StudioMenus::addEntry(QMenu *menu, const Entry &entry, Slot slot)
+{
+    auto *action = new QAction(menu);
+    adopt(action, entry);
+    connect(action, &QAction::triggered, this, slot);
+    menu->addAction(action);
+    return action;
+}
+
+/** Gives an action its words and its shortcut, which is the user's from then on. */
+void StudioMenus::adopt(QAction *action, const Entry &entry)
+{
+    action->setObjectName(QLatin1String(entry.name));
+    if (!entry.text.isEmpty())
+        action->setText(entry.text);
+    action->setStatusTip(entry.help);
+    action->setShortcut(entry.shortcut);
+    m_window->getActionMgr()->addCommand(action->objectName(), action);
+}
+
+void StudioMenus::buildFileMenu()
+{
+    QMenu *menu = m_window->menuBar()->addMenu(tr("&File"));
+    m_fileMenu = menu;
+    addEntry(menu, {"StudioNew", tr("&New"), tr("Begins with an empty scene."), QKeySequence::New},
+             &StudioMenus::newRequested);
+    addEntry(
+        menu,
+        {"StudioOpen", tr("&Open..."), tr("Opens a scene or motion file."), QKeySequence::Open},
+        &StudioMenus::openRequested);
+    QAction *below = menu->addSeparator();
+    below->setObjectName(QStringLiteral("BelowOpenSeparator"));
+    addEntry(menu,
+             {"StudioSave", tr("&Save"), tr("Writes the scene into its file."), QKeySequence::Save},
+             &StudioMenus::saveRequested);
+    addEntry(menu,
+             {"StudioSaveAs", tr("Save &As..."), tr("Writes the scene into another file."),
+              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+             &StudioMenus::saveAsRequested);
+    m_revert = addEntry(menu,
+                        {"StudioRevert", tr("Re&vert"),
+                         tr("Opens the file again, without the changes since it was saved.")},
+                        &StudioMenus::revertRequested);
+    m_revert->setEnabled(false);
+    menu->addSeparator();
+    addEntry(menu,
+             {"StudioImportMotion", tr("&Import Motion..."),
+              tr("Adds the figure of a motion file to the scene.")},
+             &StudioMenus::importRequested);
+    addEntry(menu,
+             {"StudioExportMotion", tr("&Export Motion..."),
+              tr("Writes the motion of a figure into a file.")},
+             &StudioMenus::exportRequested);
+    menu->addSeparator();
+    menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
+    QAction *quit = addEntry(
+        menu,
+        {"StudioQuit", tr("&Quit"), tr("Leaves the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        &StudioMenus::quitRequested);
+    quit->setMenuRole(QAction::QuitRole);
+}
+
+void StudioMenus::addRecentFiles(RecentFiles *files)
+{
+    auto *recent = new RecentFilesMenu(tr("Open &Recent"), files, m_fileMenu);
+    connect(recent, &RecentFilesMenu::openRequested, this, &StudioMenus::recentFileRequested);
+    insertIntoFileMenu(QStringLiteral("BelowOpenSeparator"), recent);
+}
+
+void StudioMenus::addRecovery(AutoSave *autoSave)
+{
+    auto *recover = new QAction(this);
+    adopt(recover, {"StudioRecover", tr("&Recover Documents..."),
+                    tr("Shows the copies of documents that were not saved in an earlier run.")});
+    connect(recover, &QAction::triggered, this, &StudioMenus::recoverRequested);
+    auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, recover, m_fileMenu);
+    insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
+}
+
+void StudioMenus::insertIntoFileMenu(const QString &beforeName, QMenu *menu)
+{
+    for (QAction *entry : m_fileMenu->actions()) {
+        if (entry->objectName() == beforeName)
+            m_fileMenu->insertMenu(entry, menu);
+    }
+}
+
+void StudioMenus::setRevertEnabled(bool enabled)
+{
+    m_revert->setEnabled(enabled);
+}
+
+void StudioMenus::buildViewMenu()
+{
+    QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
+    addEntry(menu,
+             {"StudioFrameAll", tr("&Frame All"), tr("Shows the whole scene in the viewport."),
+              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+             &StudioMenus::frameAllRequested);
+    QAction *frameSelection = m_window->viewport()->frameSelectionAction();
+    frameSelection->setStatusTip(tr("Brings the selected nodes into view in the viewport."));
+    menu->addAction(frameSelection);
+    menu->addSeparator();
+    addPaletteChoice(menu);
+}
+
+void StudioMenus::addPaletteChoice(QMenu *menu)
+{
+    VxStyle *style = vxApp->getStyle();
+    auto *group = new QActionGroup(this);
+    const auto add = [&](const Entry &entry, VxStyle::ColorScheme scheme) {
+        QAction *action =
+            addEntry(menu, entry, [this, scheme] { Q_EMIT paletteRequested(scheme); });
+        action->setCheckable(true);
+        group->addAction(action);
+        const auto show = [action, style, scheme] {
+            action->setChecked(style->colorScheme() == scheme);
+        };
+        connect(style, &VxStyle::colorSchemeChanged, action, show);
+        show();
+    };
+    add({"StudioDarkPalette", tr("&Dark Palette"), tr("Light text on dark grounds.")},
+        VxStyle::ColorScheme::Dark);
+    add({"StudioLightPalette", tr("&Light Palette"), tr("Dark text on light grounds.")},
+        VxStyle::ColorScheme::Light);
+}
+
+/** Made with the others, because its shortcuts are; put in last. */
+void StudioMenus::buildHelpMenu()
+{
+    m_helpMenu = new QMenu(tr("&Help"), m_window->menuBar());
+    addEntry(m_helpMenu,
+             {"StudioKeyOverview", tr("&Keys and Mouse"),
+              tr("Shows on a page what the keys and the mouse do."), QKeySequence(Qt::Key_F1)},
+             &StudioMenus::keyOverviewRequested);
+    m_helpMenu->addSeparator();
+    addEntry(m_helpMenu,
+             {"StudioAbout", tr("&About %1").arg(VxApp::getAppName()),
+              tr("Tells the version of the program and its plug-ins.")},
+             &StudioMenus::aboutRequested);
+}
+
+void StudioMenus::addHistory(VxUndoStack *undoStack)
+{
+    QUndoStack *stack = undoStack->qtStack();
+    QAction *undo = stack->createUndoAction(this, tr("&Undo"));
+    QAction *redo = stack->createRedoAction(this, tr("&Redo"));
+    undo->setToolTip(tr("Undo"));
+    redo->setToolTip(tr("Redo"));
+    adopt(undo, {"StudioUndo", QString(), tr("Takes the last change back."), QKeySequence::Undo});
+    adopt(redo, {"StudioRedo", QString(), tr("Makes the change again that was taken back."),
+                 QKeySequence::Redo});
+    // Text and state come from the toolkit's stack; the trigger goes through the host's, which
+    // waits while a gesture is under way.
+    disconnect(undo, nullptr, stack, nullptr);
+    disconnect(redo, nullptr, stack, nullptr);
+    connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
+    connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
+    m_editMenu->addActions({undo, redo});
+    m_editMenu->addSeparator();
+    addEntry(m_editMenu,
+             {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
+              tr("Shows the keys of all commands, and changes them.")},
+             &StudioMenus::shortcutsRequested);
+}
+
+void StudioMenus::addActionsAndPanes(const PaneDocks &docks)
+{
+    QMenuBar *bar = m_window->menuBar();
+    const VxActionMgr *actions = m_window->getActionMgr();
+    actions->populateMenuBar(bar);
+    // In the window too, so that shortcuts of actions without a menu work.
+    for (VxAction *action : actions->getActions())
+        m_window->addAction(action);
+
+    buildWindowMenu(docks);
+    bar->addMenu(m_helpMenu);
+    MenuMnemonics::add(bar);
+    MenuMnemonics::add(m_windowMenu);
+}
+
+void StudioMenus::buildWindowMenu(const PaneDocks &docks)
+{
+    // Last in the bar, wherever the actions have put it.
+    QMenuBar *bar = m_window->menuBar();
+    m_windowMenu = findMenu(tr("Window"));
+    if (!m_windowMenu)
+        m_windowMenu = new QMenu(tr("Window"), bar);
+    bar->removeAction(m_windowMenu->menuAction());
+    bar->addMenu(m_windowMenu);
+
+    QAction *first = m_windowMenu->actions().value(0);
+    for (const PaneDock *dock : docks.docks())
+        m_windowMenu->insertAction(first, dock->toggleViewAction());
+    m_windowMenu->insertSeparator(first);
+    m_windowMenu->insertAction(first, m_defaultLayout);
+    if (first)
+        m_windowMenu->insertSeparator(first);
+    connect(&docks, &PaneDocks::dockAdded, this, [this](const PaneDock *dock) {
+        m_windowMenu->insertAction(m_windowMenu->actions().value(0), dock->toggleViewAction());
+    });
+}
+
+QMenu *StudioMenus::findMenu(const QString &title) const
+{
+    for (const QAction *entry : m_window->menuBar()->actions()) {
+        if (entry->menu() && entry->text().remove(QLatin1Char('&')) == title)
+            return entry->menu();
+    }
+    return nullptr;
+}

@@ -1,0 +1,64 @@
+#include "shell/studiosettings.h"
+
+#include "widgets/usermessages.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("StudioSettings", text);
+}
+
+} // namespace
+
+StudioSettings::StudioSettings(const QString &fileName)
+    : m_fileName(fileName)
+{
+}
+
+QString StudioSettings::defaultFileName()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
+        .filePath(QStringLiteral("vxstudio.ini"));
+}
+
+void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
+{
+    QString error;
+    if (m_fileName.isEmpty() || settings->load(m_fileName, &error))
+        return;
+    messages.showNotice(tr("The settings are not used and not saved: %1").arg(error));
+    m_fileName.clear();
+}
+
+// A pane that finds nothing in its store starts plain; for the Timeline, somebody who opens the
+// program for the first time should see what it can do.
+void StudioSettings::fillDefaults(VxSettings *settings)
+{
+    VxSettings *pane =
+        settings->getSettings(QStringLiteral("Panes"))->getSettings(QStringLiteral("VxTimePane"));
+    if (!pane->getKeys().isEmpty())
+        return;
+    for (const char *name : {"AdvancedView", "GraphOpen", "PropTranslate", "PropRotate",
+                             "PropScale", "PropOther", "PropAlias"})
+        pane->setBoolValue(QLatin1String(name), true);
+}
+
+void StudioSettings::save(const VxSettings &settings, const UserMessages &messages) const
+{
+    if (m_fileName.isEmpty())
+        return;
+    QString error;
+    const QString folder = QFileInfo(m_fileName).absolutePath();
+    if (!QDir().mkpath(folder))
+        error = tr("the folder %1 cannot be made").arg(folder);
+    else if (settings.save(m_fileName, &error))
+        return;
+    messages.showNotice(tr("The settings are not saved: %1").arg(error));
+}

@@ -1,0 +1,331 @@
+#include "shell/studiowindow.h"
+
+#include "document/documentcontroller.h"
+#include "document/droppedfile.h"
+#include "document/motioncommands.h"
+#include "document/recentfiles.h"
+#include "document/savefiledialog.h"
+#include "recovery/recoverycontroller.h"
+#include "shell/aboutbox.h"
+#include "shell/historystatus.h"
+#include "shell/keyoverviewdialog.h"
+#include "shell/panedocks.h"
+#include "shell/studiomenus.h"
+#include "shortcuts/shortcutcatalogue.h"
+#include "shortcuts/shortcutdialog.h"
+#include "viewport/viewportwidget.h"
+#include "widgets/usermessages.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <cmath>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+constexpr QSize DefaultSize(1280, 800);
+constexpr QSize FrameRoom(16, 48); // what a desktop puts around a window, pixels
+constexpr double LargeScreenShare = 0.8;
+constexpr double LikeSizes = 0.1; // windows that differ by less take the same layout
+constexpr int LayoutVersion = 2;  // to raise when docks are arranged in another way
+
+/** The offscreen platform's screen has no size that means anything. */
+bool hasRealScreen()
+{
+    return QGuiApplication::platformName() != QLatin1String("offscreen");
+}
+
+} // namespace
+
+StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder)
+    : m_messages(messages)
+    , m_document(new DocumentController(vxApp->getScene(), vxApp->getUndoStack(), messages, this))
+    , m_viewport(new ViewportWidget(vxApp->getScene(), getViewportMgr()))
+    , m_docks(new PaneDocks(this, getPaneMgr()))
+    , m_recentFiles(new RecentFiles(this))
+    , m_recovery(new RecoveryController(recoveryFolder, m_document, vxApp->getScene(),
+                                        vxApp->getUndoStack(), messages, this))
+    , m_motion(new MotionCommands(m_document, messages, vxApp->getScene(), this))
+    , m_menus(new StudioMenus(this))
+{
+    setObjectName(QStringLiteral("StudioWindow"));
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
+    setCentralWidget(m_viewport);
+    setAcceptDrops(true);
+    resize(DefaultSize);
+    statusBar();
+    m_menus->addRecentFiles(m_recentFiles);
+    m_menus->addRecovery(m_recovery->autoSave());
+    m_menus->addHistory(vxApp->getUndoStack());
+    new HistoryStatus(vxApp->getUndoStack(), messages, this);
+    m_recovery->setMayReplace([this] { return mayDiscard(); });
+    connectMenus();
+    connect(m_document, &DocumentController::documentChanged, this,
+            &StudioWindow::handleDocumentChanged);
+    connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
+    updateTitle();
+}
+
+StudioWindow::~StudioWindow() = default;
+
+void StudioWindow::connectMenus()
+{
+    connect(m_menus, &StudioMenus::newRequested, this, &StudioWindow::newDocument);
+    connect(m_menus, &StudioMenus::openRequested, this, &StudioWindow::openWithDialog);
+    connect(m_menus, &StudioMenus::recentFileRequested, this, &StudioWindow::openAfterAsking);
+    connect(m_menus, &StudioMenus::revertRequested, this, &StudioWindow::revert);
+    connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
+    connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
+    connect(m_menus, &StudioMenus::importRequested, this, &StudioWindow::importMotion);
+    connect(m_menus, &StudioMenus::exportRequested, this, &StudioWindow::exportMotion);
+    connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
+            &RecoveryController::offerOnDemand);
+    connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
+    connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
+    connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
+        applyDefaultLayout();
+        m_messages->showStatus(tr("All panes stand where they stood at first."));
+    });
+    connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::editShortcuts);
+    connect(m_menus, &StudioMenus::paletteRequested, this,
+            [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
+    connect(m_menus, &StudioMenus::keyOverviewRequested, this, &StudioWindow::showKeyOverview);
+    connect(m_menus, &StudioMenus::aboutRequested, this,
+            [this] { showAboutBox(this, *vxApp->getPluginMgr()); });
+}
+
+void StudioWindow::completeMenus()
+{
+    m_menus->addActionsAndPanes(*m_docks);
+}
+
+QSize StudioWindow::firstSize(const QSize &available)
+{
+    return (available * LargeScreenShare)
+        .expandedTo(DefaultSize)
+        .boundedTo((available - FrameRoom).expandedTo(QSize(1, 1)));
+}
+
+void StudioWindow::restoreLayout(const VxSettings &settings)
+{
+    const QByteArray geometry = settings.getBytesValue(QStringLiteral("Geometry"));
+    const QByteArray state = settings.getBytesValue(QStringLiteral("State"));
+    if ((geometry.isEmpty() || !restoreGeometry(geometry)) && hasRealScreen())
+        resize(firstSize(screen()->availableSize()));
+    m_wantsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
+    m_layoutSize = QSize(settings.getIntValue(QStringLiteral("Width"), 0),
+                         settings.getIntValue(QStringLiteral("Height"), 0));
+}
+
+/** Whether the docks have the sizes of a window that was much larger or smaller. */
+bool StudioWindow::hasSizesOfAnother() const
+{
+    // A window that is about to fill the screen does not have its size yet.
+    if (m_layoutSize.isEmpty() || isMaximized() || isFullScreen())
+        return false;
+    const auto differs = [](int one, int other) {
+        return std::abs(one - other) > qMax(one, other) * LikeSizes;
+    };
+    return differs(width(), m_layoutSize.width()) || differs(height(), m_layoutSize.height());
+}
+
+void StudioWindow::saveLayout(VxSettings *settings) const
+{
+    // A window that was never shown has no layout yet; what its docks say would hide the timeline.
+    if (m_wantsDefaultLayout)
+        return;
+    settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
+    settings->setBytesValue(QStringLiteral("State"), saveState(LayoutVersion));
+    settings->setIntValue(QStringLiteral("Width"), width());
+    settings->setIntValue(QStringLiteral("Height"), height());
+}
+
+void StudioWindow::applyDefaultLayout()
+{
+    m_docks->applyDefaultLayout();
+}
+
+void StudioWindow::openWithDialog()
+{
+    if (!mayDiscard())
+        return;
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Open"), startFolder(),
+                                     m_document->formats().readFilters().join(QLatin1String(";;")));
+    if (!file.isEmpty())
+        m_document->open(file);
+}
+
+void StudioWindow::openAfterAsking(const QString &fileName)
+{
+    if (mayDiscard())
+        m_document->open(fileName);
+}
+
+void StudioWindow::revert()
+{
+    const QString file = m_document->fileName();
+    if (!file.isEmpty() &&
+        (vxApp->getUndoStack()->isClean() || m_messages->askToRevert(m_document->displayName())))
+        m_document->open(file);
+}
+
+/** Where file dialogs begin: beside the document, else beside the file used last. */
+QString StudioWindow::startFolder() const
+{
+    return m_document->fileName().isEmpty() ? m_recentFiles->latestFolder()
+                                            : QFileInfo(m_document->fileName()).absolutePath();
+}
+
+void StudioWindow::newDocument()
+{
+    if (mayDiscard())
+        m_document->clear();
+}
+
+bool StudioWindow::save()
+{
+    return m_document->hasWritableFile() ? m_document->save(m_document->fileName())
+                                         : saveWithDialog();
+}
+
+bool StudioWindow::saveWithDialog()
+{
+    const QFileInfo present(m_document->fileName());
+    const QString name =
+        m_document->fileName().isEmpty() ? m_document->displayName() : present.completeBaseName();
+    SaveFileDialog dialog(tr("Save As"), m_messages, this);
+    dialog.setStart(startFolder(), name);
+    dialog.setKind(QStringLiteral("vxscene"), m_document->formats().writeFilters());
+    const QString file = dialog.ask();
+    return !file.isEmpty() && m_document->save(file);
+}
+
+void StudioWindow::importMotion()
+{
+    m_motion->importWithDialog(startFolder());
+}
+
+void StudioWindow::exportMotion()
+{
+    m_motion->exportWithDialog(startFolder());
+}
+
+void StudioWindow::editShortcuts()
+{
+    ShortcutDialog dialog(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    ShortcutCatalogue::apply(dialog.list(), getActionMgr());
+    if (m_keyOverview)
+        m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
+    Q_EMIT shortcutsEdited();
+}
+
+void StudioWindow::showKeyOverview()
+{
+    if (!m_keyOverview) {
+        m_keyOverview = new KeyOverviewDialog(this);
+        connect(m_keyOverview, &KeyOverviewDialog::changeRequested, this,
+                &StudioWindow::editShortcuts);
+    }
+    m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
+    m_keyOverview->show();
+    m_keyOverview->raise();
+    m_keyOverview->activateWindow();
+}
+
+/** True when there is nothing to lose, or it is saved now, or the user agrees to lose it. */
+bool StudioWindow::mayDiscard()
+{
+    if (vxApp->getUndoStack()->isClean())
+        return true;
+    switch (m_messages->askToSave(m_document->displayName())) {
+    case UserMessages::Choice::Save:
+        return save();
+    case UserMessages::Choice::Discard:
+        return true;
+    case UserMessages::Choice::Cancel:
+        break;
+    }
+    return false;
+}
+
+void StudioWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(mayDiscard());
+    // Saved, or given up by somebody who was asked; a program that ends in any other way keeps it.
+    if (event->isAccepted())
+        m_recovery->autoSave()->dropCopy();
+}
+
+/** Dock sizes can be given only once the window has its own. */
+void StudioWindow::showEvent(QShowEvent *event)
+{
+    VxMainWindow::showEvent(event);
+    if (m_wantsDefaultLayout)
+        applyDefaultLayout();
+    else if (hasSizesOfAnother())
+        m_docks->applyDefaultSizes();
+    m_wantsDefaultLayout = false;
+    m_layoutSize = QSize();
+}
+
+void StudioWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!droppedFile(event->mimeData(), m_document->formats()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void StudioWindow::dropEvent(QDropEvent *event)
+{
+    const QString file = droppedFile(event->mimeData(), m_document->formats());
+    if (file.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // A question in here would keep the program waiting from which the file was dragged.
+    QTimer::singleShot(0, this, [this, file] { takeDroppedFile(file); });
+}
+
+void StudioWindow::takeDroppedFile(const QString &fileName)
+{
+    auto arrival = UserMessages::Arrival::Open;
+    if (vxApp->getScene()->getNumNodes() > 0 && m_document->formats().isMotion(fileName))
+        arrival = m_messages->askHowToOpen(QFileInfo(fileName).fileName());
+    if (arrival == UserMessages::Arrival::Open)
+        openAfterAsking(fileName);
+    else if (arrival == UserMessages::Arrival::Import)
+        m_document->importMotion(fileName);
+}
+
+void StudioWindow::handleDocumentChanged()
+{
+    // Nobody works in a batch: it leaves no traces in the user's list.
+    if (!m_messages->isConsole())
+        m_recentFiles->add(m_document->fileName());
+    updateTitle();
+}
+
+void StudioWindow::updateTitle()
+{
+    // Doubled, the placeholder for the mark stands for itself.
+    const QString name =
+        m_document->displayName().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, VxApp::getAppName()));
+    const bool modified = !vxApp->getUndoStack()->isClean();
+    setWindowModified(modified);
+    m_menus->setRevertEnabled(modified && !m_document->fileName().isEmpty());
+}

@@ -1,0 +1,84 @@
+#include "shell/windowpicture.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QImageWriter>
+#include <QPixmap>
+#include <QThread>
+#include <QWidget>
+#include <QWindow>
+
+namespace {
+
+constexpr int LongestWait = 3000; // milliseconds
+constexpr int QuietTime = 150;    // longer than the panes' own timers
+constexpr int Pause = 5;
+
+/// Notices every event that changes what a window shows.
+class ChangeWatcher : public QObject
+{
+public:
+    ChangeWatcher() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool takeChanged()
+    {
+        const bool changed = m_changed;
+        m_changed = false;
+        return changed;
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::LayoutRequest:
+        case QEvent::Resize:
+        case QEvent::Show:
+        case QEvent::Paint:
+            m_changed = true;
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+
+private:
+    bool m_changed = false;
+};
+
+/** Quiet is when the window is on its screen and nothing has changed for a while. */
+void waitUntilQuiet(const QWidget *window)
+{
+    ChangeWatcher watcher;
+    QElapsedTimer total;
+    QElapsedTimer quiet;
+    total.start();
+    quiet.start();
+    while (total.elapsed() < LongestWait) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const bool exposed = window->windowHandle() && window->windowHandle()->isExposed();
+        if (watcher.takeChanged() || !exposed)
+            quiet.restart();
+        else if (quiet.elapsed() >= QuietTime)
+            return;
+        QThread::msleep(Pause);
+    }
+}
+
+} // namespace
+
+bool writeWindowPicture(QWidget *window, const QSize &size, const QString &fileName, QString *error)
+{
+    window->setMinimumSize(size);
+    window->resize(size);
+    window->show();
+    waitUntilQuiet(window);
+    QImageWriter writer(fileName, "png");
+    if (writer.write(window->grab().toImage()))
+        return true;
+    *error = QCoreApplication::translate("WindowPicture", "The picture %1 cannot be written: %2")
+                 .arg(fileName, writer.errorString());
+    return false;
+}

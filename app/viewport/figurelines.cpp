@@ -1,0 +1,125 @@
+#include "viewport/figurelines.h"
+
+#include <QMatrix4x4>
+#include <cmath>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+struct Visit
+{
+    VxNode *node;
+    QMatrix4x4 parentWorld;
+    QVector3D parentAt;
+    VxNode *parentBone; // null when the parent is no bone
+};
+
+// Places farther away cannot be computed with: their squares leave single precision.
+constexpr float Farthest = 1e18f;
+
+bool isPlace(const QVector3D &at)
+{
+    return std::abs(at.x()) < Farthest && std::abs(at.y()) < Farthest &&
+           std::abs(at.z()) < Farthest;
+}
+
+bool isBone(const VxNode *node)
+{
+    return qobject_cast<const VxBone *>(node) != nullptr;
+}
+
+bool hasBoneBelow(const VxNode *bone)
+{
+    for (int i = 0; i < bone->getNumNodeChildren(); ++i) {
+        if (isBone(bone->getNodeChild(i)))
+            return true;
+    }
+    return false;
+}
+
+FigureLines::Axes axesOf(VxNode *node, const QMatrix4x4 &world, const QVector3D &at)
+{
+    FigureLines::Axes axes{at, {}, node, node->isSelected()};
+    for (int i = 0; i < 3; ++i) {
+        const QVector3D direction = world.column(i).toVector3D();
+        axes.directions[size_t(i)] = isPlace(direction) ? direction.normalized() : QVector3D();
+    }
+    return axes;
+}
+
+void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
+{
+    const bool bone = isBone(node);
+    const bool figure = qobject_cast<const VxSkeleton *>(node) != nullptr;
+    if ((!bone && !figure) || node == node->getScene()->getPrimarySelection())
+        lines->axes.append(axesOf(node, world, at));
+    const QVector3D end = world.map(node->getEndPoint());
+    if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull() && isPlace(end))
+        lines->bones.append({at, end, node, node->isSelected()});
+    // A figure's own place is no joint of it; it shows when it has nothing else to show.
+    if (!figure || node->getNumNodeChildren() == 0)
+        lines->joints.append({at, node, node->isSelected()});
+}
+
+} // namespace
+
+FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
+{
+    FigureLines lines;
+    QVector<Visit> open;
+    const QVector<VxNode *> roots = scene.getRootNodes();
+    for (int i = roots.size() - 1; i >= 0; --i)
+        open.append({roots.at(i), QMatrix4x4(), QVector3D(), nullptr});
+    while (!open.isEmpty()) {
+        const Visit visit = open.takeLast();
+        VxNode *node = visit.node;
+        const QMatrix4x4 world = visit.parentWorld * node->getLocalTransform(time);
+        const QVector3D at = world.column(3).toVector3D();
+        if (!isPlace(at))
+            continue;
+        // The line to a bone is its parent's, and is there without the bone.
+        if (visit.parentBone && isBone(node))
+            lines.bones.append(
+                {visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
+        if (!node->isVisible())
+            continue;
+        addNode(node, world, at, &lines);
+        VxNode *bone = isBone(node) ? node : nullptr;
+        for (int i = node->getNumNodeChildren() - 1; i >= 0; --i)
+            open.append({node->getNodeChild(i), world, at, bone});
+    }
+    return lines;
+}
+
+QVector<QVector3D> FigureLines::selectedPoints() const
+{
+    // A selected node stands for all that hangs on it: who frames a figure wants to see its bones.
+    const auto counts = [](const VxNode *node) {
+        while (node && !node->isSelected())
+            node = node->getNodeParent();
+        return node != nullptr;
+    };
+    QVector<QVector3D> chosen;
+    for (const Joint &joint : joints) {
+        if (counts(joint.node))
+            chosen.append(joint.at);
+    }
+    for (const Bone &bone : bones) {
+        if (counts(bone.node))
+            chosen.append(bone.to);
+    }
+    return chosen;
+}
+
+QVector<QVector3D> FigureLines::points() const
+{
+    QVector<QVector3D> all;
+    all.reserve(joints.size() + bones.size());
+    for (const Joint &joint : joints)
+        all.append(joint.at);
+    for (const Bone &bone : bones)
+        all.append(bone.to);
+    return all;
+}

@@ -1,0 +1,190 @@
+#include "viewport/viewportcamera.h"
+
+#include "viewport/pointbox.h"
+
+#include <QRectF>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float HalfFieldOfView = 20; // degrees, over the shorter side of the view
+constexpr float DegreesPerPixel = 0.4f;
+constexpr float SteepestPitch = 89;
+// Figures come in any unit of length, from kilometres to microns.
+constexpr float SmallestDistance = 1e-6f;
+constexpr float LargestDistance = 1e18f;
+constexpr double Surroundings = 64; // pixels around the view in which lines are drawn, too
+constexpr float FramedPart = 0.85f; // of the view
+constexpr float AxisPixels = 30;
+
+float radians(float degrees)
+{
+    return degrees * float(M_PI) / 180;
+}
+
+/// Cuts off what lies before `low` or beyond `high` in one coordinate, that runs from `from` by
+/// `step`; first and last are the parts of the line that are left.
+void cut(double from, double step, double low, double high, double *first, double *last)
+{
+    if (step == 0) {
+        if (from < low || from > high)
+            *last = -1;
+        return;
+    }
+    const double a = (low - from) / step;
+    const double b = (high - from) / step;
+    *first = std::max(*first, std::min(a, b));
+    *last = std::min(*last, std::max(a, b));
+}
+
+/// The part of a line within a box; nothing when there is none. A painter would take long for what
+/// reaches far beyond its picture.
+std::optional<QLineF> within(const QLineF &line, const QRectF &box)
+{
+    double first = 0;
+    double last = 1;
+    cut(line.x1(), line.dx(), box.left(), box.right(), &first, &last);
+    cut(line.y1(), line.dy(), box.top(), box.bottom(), &first, &last);
+    if (first > last)
+        return std::nullopt;
+    return QLineF(first > 0 ? line.pointAt(first) : line.p1(),
+                  last < 1 ? line.pointAt(last) : line.p2());
+}
+
+} // namespace
+
+ViewportCamera::ViewportCamera()
+{
+    updateAxes();
+}
+
+void ViewportCamera::setViewSize(const QSizeF &size)
+{
+    m_size = QSizeF(std::max(1.0, size.width()), std::max(1.0, size.height()));
+}
+
+QVector3D ViewportCamera::eye() const
+{
+    return m_target + m_back * m_distance;
+}
+
+void ViewportCamera::orbit(const QPointF &pixels)
+{
+    m_yaw = std::fmod(m_yaw - float(pixels.x()) * DegreesPerPixel, 360.0f);
+    m_pitch =
+        std::clamp(m_pitch + float(pixels.y()) * DegreesPerPixel, -SteepestPitch, SteepestPitch);
+    updateAxes();
+}
+
+void ViewportCamera::pan(const QPointF &pixels)
+{
+    const float units = unitsPerPixel();
+    m_target += m_up * (float(pixels.y()) * units) - m_right * (float(pixels.x()) * units);
+}
+
+void ViewportCamera::zoom(double factor)
+{
+    zoom(factor, QPointF(m_size.width(), m_size.height()) / 2);
+}
+
+void ViewportCamera::zoom(double factor, const QPointF &pixel)
+{
+    if (!(factor > 0) || !std::isfinite(factor))
+        return;
+    const QPointF offset = pixel - QPointF(m_size.width(), m_size.height()) / 2;
+    const float before = unitsPerPixel();
+    m_distance = float(
+        std::clamp(double(m_distance) / factor, double(SmallestDistance), double(LargestDistance)));
+    const float gained = before - unitsPerPixel();
+    m_target += (m_right * float(offset.x()) - m_up * float(offset.y())) * gained;
+}
+
+void ViewportCamera::frame(const QVector<QVector3D> &points)
+{
+    if (points.isEmpty())
+        return;
+    m_target = PointBox(points).middle();
+    const float side = float(std::min(m_size.width(), m_size.height()));
+    const float slope = std::tan(radians(HalfFieldOfView)) * FramedPart / side;
+    const float slopeX = slope * float(m_size.width());
+    const float slopeY = slope * float(m_size.height());
+    float needed = 0;
+    for (const QVector3D &point : points) {
+        const QVector3D offset = point - m_target;
+        const float x = std::abs(QVector3D::dotProduct(offset, m_right));
+        const float y = std::abs(QVector3D::dotProduct(offset, m_up));
+        const float nearer = QVector3D::dotProduct(offset, m_back);
+        needed = std::max(needed, std::max(x / slopeX, y / slopeY) + nearer);
+    }
+    m_distance = needed > 0 ? std::clamp(needed, SmallestDistance, LargestDistance) : FirstDistance;
+}
+
+std::optional<QPointF> ViewportCamera::project(const QVector3D &point) const
+{
+    const QVector3D inView = toView(point);
+    if (inView.z() < nearDepth())
+        return std::nullopt;
+    return toPixel(inView);
+}
+
+std::optional<QLineF> ViewportCamera::project(const QVector3D &from, const QVector3D &to) const
+{
+    QVector3D a = toView(from);
+    QVector3D b = toView(to);
+    const float nearest = nearDepth();
+    if (a.z() < nearest && b.z() < nearest)
+        return std::nullopt;
+    if (a.z() < nearest)
+        a += (b - a) * ((nearest - a.z()) / (b.z() - a.z()));
+    else if (b.z() < nearest)
+        b += (a - b) * ((nearest - b.z()) / (a.z() - b.z()));
+    const QRectF view(QPointF(), m_size);
+    return within(QLineF(toPixel(a), toPixel(b)),
+                  view.adjusted(-Surroundings, -Surroundings, Surroundings, Surroundings));
+}
+
+float ViewportCamera::unitsPerPixel() const
+{
+    const float side = float(std::min(m_size.width(), m_size.height()));
+    return 2 * m_distance * std::tan(radians(HalfFieldOfView)) / side;
+}
+
+float ViewportCamera::depth(const QVector3D &point) const
+{
+    return toView(point).z();
+}
+
+float ViewportCamera::axisLength() const
+{
+    return AxisPixels * unitsPerPixel();
+}
+
+/** x to the right, y up, z the depth before the eye. */
+QVector3D ViewportCamera::toView(const QVector3D &point) const
+{
+    const QVector3D offset = point - m_target;
+    return {QVector3D::dotProduct(offset, m_right), QVector3D::dotProduct(offset, m_up),
+            m_distance - QVector3D::dotProduct(offset, m_back)};
+}
+
+QPointF ViewportCamera::toPixel(const QVector3D &viewPoint) const
+{
+    const double pixelsPerUnit = double(m_distance) / double(unitsPerPixel() * viewPoint.z());
+    return {m_size.width() / 2 + double(viewPoint.x()) * pixelsPerUnit,
+            m_size.height() / 2 - double(viewPoint.y()) * pixelsPerUnit};
+}
+
+float ViewportCamera::nearDepth() const
+{
+    return m_distance / 1000;
+}
+
+void ViewportCamera::updateAxes()
+{
+    const float yaw = radians(m_yaw);
+    const float pitch = radians(m_pitch);
+    m_right = {std::cos(yaw), 0, -std::sin(yaw)};
+    m_back = {std::sin(yaw) * std::cos(pitch), std::sin(pitch), std::cos(yaw) * std::cos(pitch)};
+    m_up = QVector3D::crossProduct(m_back, m_right);
+}

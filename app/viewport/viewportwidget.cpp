@@ -1,0 +1,150 @@
+#include "viewport/viewportwidget.h"
+
+#include "viewport/figurelines.h"
+#include "viewport/figurepainter.h"
+#include "viewport/groundgrid.h"
+#include "viewport/pointbox.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QPainter>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+constexpr int FramedPoses = 9;
+// A joint alone is framed with this part of the scene's size around it.
+constexpr float LoneJointReach = 0.05f;
+
+QColor groundColor(GroundLine::Role role, const QPalette &palette)
+{
+    switch (role) {
+    case GroundLine::Minor:
+        return viewportColor("Style_Graph_Grid", palette.color(QPalette::Mid));
+    case GroundLine::Major:
+        return viewportColor("Style_Graph_Grid_Major", palette.color(QPalette::Dark));
+    case GroundLine::XAxis:
+        return viewportColor("Style_X_Axis", Qt::red);
+    case GroundLine::ZAxis:
+        return viewportColor("Style_Z_Axis", Qt::blue);
+    }
+    return QColor();
+}
+
+} // namespace
+
+ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions, QWidget *parent)
+    : QWidget(parent)
+    , m_scene(scene)
+    , m_conventions(conventions)
+    , m_frameSelection(new QAction(tr("Frame &Selection"), this))
+{
+    setObjectName(QStringLiteral("Viewport"));
+    setMinimumSize(120, 80);
+    setFocusPolicy(Qt::ClickFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    m_frameSelection->setShortcut(Qt::Key_F);
+    m_frameSelection->setShortcutContext(Qt::WidgetShortcut);
+    addAction(m_frameSelection);
+    connect(m_frameSelection, &QAction::triggered, this, &ViewportWidget::frameSelection);
+    const auto repaint = [this] { update(); };
+    connect(scene, &VxScene::viewChanged, this, repaint);
+    connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
+    connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::frameAll);
+}
+
+void ViewportWidget::setCamera(const ViewportCamera &camera)
+{
+    if (camera == m_camera)
+        return;
+    m_camera = camera;
+    m_ground = QPixmap();
+    update();
+}
+
+QSize ViewportWidget::sizeHint() const
+{
+    return {640, 400};
+}
+
+void ViewportWidget::frameAll()
+{
+    QVector<QVector3D> points;
+    const VxTimeRange range = m_scene->getPlayRange();
+    for (int i = 0; i < FramedPoses; ++i) {
+        const qint64 offset = qint64(range.getDuration()) * i / (FramedPoses - 1);
+        points += FigureLines::collect(*m_scene, VxTime(range.getStart() + offset)).points();
+    }
+    ViewportCamera camera = m_camera;
+    camera.frame(points.isEmpty() ? QVector<QVector3D>{QVector3D()} : points);
+    setCamera(camera);
+}
+
+void ViewportWidget::frameSelection()
+{
+    const FigureLines lines = FigureLines::collect(*m_scene, m_scene->getTime());
+    QVector<QVector3D> points = lines.selectedPoints();
+    if (points.isEmpty()) {
+        frameAll();
+        return;
+    }
+    if (PointBox(points).size() == 0) {
+        const float reach = PointBox(lines.points()).size() * LoneJointReach;
+        const QVector3D corner(reach, reach, reach);
+        points = {points.first() - corner, points.first() + corner};
+    }
+    ViewportCamera camera = m_camera;
+    camera.frame(points);
+    setCamera(camera);
+}
+
+void ViewportWidget::paintEvent(QPaintEvent *)
+{
+    if (m_ground.isNull() || !qFuzzyCompare(m_ground.devicePixelRatio(), devicePixelRatioF()))
+        updateGround();
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_ground);
+    if (m_scene->getNumNodes() == 0)
+        paintHint(&painter);
+    else
+        FigurePainter(&painter, m_camera, palette())
+            .paint(FigureLines::collect(*m_scene, m_scene->getTime()), m_hovered);
+}
+
+void ViewportWidget::resizeEvent(QResizeEvent *)
+{
+    m_camera.setViewSize(size());
+    m_ground = QPixmap();
+}
+
+void ViewportWidget::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+        m_ground = QPixmap();
+        update();
+    }
+    QWidget::changeEvent(event);
+}
+
+void ViewportWidget::updateGround()
+{
+    m_ground = QPixmap(size() * devicePixelRatioF());
+    m_ground.setDevicePixelRatio(devicePixelRatioF());
+    m_ground.fill(viewportColor("Style_Graph_Background", palette().color(QPalette::Base)));
+    QPainter painter(&m_ground);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const float step = groundGridStep(m_camera.distance());
+    for (const GroundLine &line : groundGrid(m_camera.target(), step)) {
+        painter.setPen(QPen(groundColor(line.role, palette()), 1));
+        if (const auto shown = m_camera.project(line.from, line.to))
+            painter.drawLine(*shown);
+    }
+}
+
+void ViewportWidget::paintHint(QPainter *painter) const
+{
+    painter->setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter->drawText(rect(), Qt::AlignCenter,
+                      tr("The scene is empty.\nOpen a file with File > Open."));
+}

@@ -1,0 +1,80 @@
+#ifndef VIEWPORTWIDGET_H
+#define VIEWPORTWIDGET_H
+
+#include "viewport/viewportcamera.h"
+
+#include <QPixmap>
+#include <QPoint>
+#include <QPointer>
+#include <QWidget>
+#include <vxcore/vxnode.h>
+
+class VxScene;
+class VxViewportMgr;
+
+/// The view of the scene at the current time: figures as lines and joints, other nodes as axes,
+/// over a ground grid.
+///
+/// The mouse does what the viewport conventions say; without an operation of its own the left
+/// button orbits when it is dragged and selects when it is clicked, and the wheel zooms about what
+/// lies under the mouse. The grid
+/// depends on the camera only and is kept as a picture, so that playback paints the figures alone.
+class ViewportWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    /// Both are borrowed and must outlive the widget.
+    ViewportWidget(VxScene *scene, const VxViewportMgr *conventions, QWidget *parent = nullptr);
+
+    const ViewportCamera &camera() const { return m_camera; }
+    void setCamera(const ViewportCamera &camera);
+
+    /// What a click at a pixel would select; null for nothing.
+    VxNode *nodeAt(const QPoint &pixel) const;
+    /// The node that is shown as lying under the mouse, or null.
+    VxNode *hoveredNode() const { return m_hovered; }
+
+    /// For menus; F frames the selection while the view has the focus.
+    QAction *frameSelectionAction() const { return m_frameSelection; }
+
+    QSize sizeHint() const override;
+
+public Q_SLOTS:
+    /// Shows everything that moves within the play range; the world's origin in an empty scene.
+    void frameAll();
+    /// Shows the selected nodes and what hangs on them as they are now; everything when nothing is
+    /// selected. One joint alone is shown with some of what is around it.
+    void frameSelection();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    int operationOf(const QMouseEvent *event) const;
+    void dragCamera(const QPoint &to);
+    void selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifiers);
+    void setHovered(VxNode *node);
+    void updateGround();
+    void paintHint(QPainter *painter) const;
+
+    VxScene *const m_scene;
+    const VxViewportMgr *const m_conventions;
+    QAction *m_frameSelection;
+    ViewportCamera m_camera;
+    QPixmap m_ground; // null when it has to be painted anew
+    QPointer<VxNode> m_hovered;
+    Qt::MouseButton m_dragButton = Qt::NoButton;
+    Qt::KeyboardModifiers m_pressModifiers;
+    int m_dragOperation = 0;
+    bool m_isClick = false; // pressed, and not dragged yet
+    QPoint m_dragAt;
+};
+
+#endif

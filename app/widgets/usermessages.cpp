@@ -1,0 +1,165 @@
+#include "widgets/usermessages.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <cstdio>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+
+namespace {
+
+constexpr int NoticeMilliseconds = 15000;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("UserMessages", text);
+}
+
+void writeLine(std::FILE *file, const QString &text)
+{
+    const QByteArray bytes = text.toLocal8Bit() + '\n';
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
+    std::fflush(file);
+}
+
+} // namespace
+
+UserMessages::UserMessages(Mode mode)
+    : m_mode(mode)
+{
+}
+
+void UserMessages::setWindow(VxMainWindow *window)
+{
+    m_window = window;
+}
+
+VxMainWindow *UserMessages::window() const
+{
+    return m_window;
+}
+
+void UserMessages::showError(const QString &text) const
+{
+    if (isConsole())
+        printError(text);
+    else
+        ask(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void UserMessages::showNotice(const QString &text) const
+{
+    printError(text);
+    if (!isConsole() && m_window)
+        m_window->showStatusMessage(text, NoticeMilliseconds);
+}
+
+void UserMessages::showStatus(const QString &text) const
+{
+    if (m_window)
+        m_window->showStatusMessage(text, NoticeMilliseconds);
+}
+
+/** Waits for the button that is pressed. */
+int UserMessages::ask(int icon, const QString &text, int buttons, int defaultButton) const
+{
+    QMessageBox box(static_cast<QMessageBox::Icon>(icon), VxApp::getAppName(), text,
+                    static_cast<QMessageBox::StandardButtons>(buttons), m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(static_cast<QMessageBox::StandardButton>(defaultButton));
+    return box.exec();
+}
+
+UserMessages::Choice UserMessages::askToSave(const QString &documentName) const
+{
+    if (isConsole())
+        return Choice::Discard;
+    const QString text = tr("\"%1\" has changes that are not saved. Save them?").arg(documentName);
+    switch (ask(QMessageBox::Question, text,
+                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                QMessageBox::Save)) {
+    case QMessageBox::Save:
+        return Choice::Save;
+    case QMessageBox::Discard:
+        return Choice::Discard;
+    default:
+        return Choice::Cancel;
+    }
+}
+
+bool UserMessages::askToRevert(const QString &documentName) const
+{
+    if (isConsole())
+        return true;
+    const QString text = tr("Go back to the saved \"%1\"? All changes since then are lost, and "
+                            "cannot be redone.")
+                             .arg(documentName);
+    return ask(QMessageBox::Question, text, QMessageBox::Discard | QMessageBox::Cancel,
+               QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
+bool UserMessages::askToOverwrite(const QString &documentName) const
+{
+    if (isConsole())
+        return true;
+    const QString text = tr("\"%1\" was changed by another program since it was opened or saved "
+                            "here. Saving replaces what is in the file now.")
+                             .arg(documentName);
+    return ask(QMessageBox::Warning, text, QMessageBox::Save | QMessageBox::Cancel,
+               QMessageBox::Cancel) == QMessageBox::Save;
+}
+
+bool UserMessages::askToReplace(const QString &fileName) const
+{
+    if (isConsole())
+        return true;
+    const QString text =
+        tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(fileName).fileName());
+    return ask(QMessageBox::Warning, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
+}
+
+bool UserMessages::askToDeleteCopy(const QString &documentName) const
+{
+    if (isConsole())
+        return false;
+    const QString text =
+        tr("Delete the copy of \"%1\"? What was not saved is lost then, and cannot "
+           "be brought back.")
+            .arg(documentName);
+    return ask(QMessageBox::Warning, text, QMessageBox::Discard | QMessageBox::Cancel,
+               QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
+UserMessages::Arrival UserMessages::askHowToOpen(const QString &motionName) const
+{
+    if (isConsole())
+        return Arrival::Open;
+    QMessageBox box(
+        QMessageBox::Question, VxApp::getAppName(),
+        tr("Import the motion \"%1\" into this scene, or open it in place of the scene?")
+            .arg(motionName),
+        QMessageBox::Cancel, m_window);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *importing = box.addButton(tr("&Import"), QMessageBox::AcceptRole);
+    importing->setObjectName(QStringLiteral("ImportButton"));
+    QPushButton *opening = box.addButton(tr("&Open"), QMessageBox::AcceptRole);
+    opening->setObjectName(QStringLiteral("OpenButton"));
+    box.setDefaultButton(importing);
+    box.exec();
+    return box.clickedButton() == importing ? Arrival::Import
+           : box.clickedButton() == opening ? Arrival::Open
+                                            : Arrival::Cancel;
+}
+
+void UserMessages::print(const QString &text)
+{
+    writeLine(stdout, text);
+}
+
+void UserMessages::printError(const QString &text)
+{
+    writeLine(stderr, text);
+}

@@ -1,0 +1,43 @@
+#include "parameters/vxendlesshand.h"
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int Aside = 2;          // from the edge, else the pointer would be sent back at once
+constexpr int SmallestRoom = 100; // on less there is no telling jumps from moves
+
+} // namespace
+
+VxEndlessHand::VxEndlessHand(int left, int right)
+    : m_left(left)
+    , m_right(right)
+{
+}
+
+int VxEndlessHand::follow(int x)
+{
+    const int width = m_right - m_left;
+    // No hand crosses half of a screen from one move to the next.
+    if (m_jumping && std::abs(x - m_last) > width / 2 && std::abs(x - m_target) < width / 4) {
+        m_shift += m_last - m_target;
+        m_jumping = false;
+    }
+    // Back from the edge: the pointer was not sent away.
+    if (m_jumping && x > m_left + width / 4 && x < m_right - width / 4)
+        m_jumping = false;
+    m_last = x;
+    m_any = true;
+    return x + m_shift;
+}
+
+bool VxEndlessHand::wantsJump(int *target)
+{
+    const bool atRight = m_last >= m_right;
+    if (!m_any || m_jumping || m_right - m_left < SmallestRoom || (!atRight && m_last > m_left))
+        return false;
+    m_target = atRight ? m_left + Aside : m_right - Aside;
+    m_jumping = true;
+    *target = m_target;
+    return true;
+}

@@ -1,0 +1,49 @@
+#include "parameters/vxpropertydrag.h"
+
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+
+namespace {
+
+QRect screenAround(const QPoint &place)
+{
+    const QScreen *screen = QGuiApplication::screenAt(place);
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    return screen ? screen->geometry() : QRect();
+}
+
+} // namespace
+
+VxPropertyDrag::VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time,
+                               const QPoint &place)
+    : m_hand(screenAround(place).left(), screenAround(place).right())
+    , m_scrub(m_hand.follow(place.x()))
+    , m_edit(properties, time)
+{
+}
+
+void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
+{
+    m_steps = m_scrub.moveTo(m_hand.follow(place.x()), modifiers);
+    m_edit.offsetBy(m_steps);
+    int target = 0;
+    if (m_hand.wantsJump(&target))
+        QCursor::setPos(target, place.y());
+}
+
+void VxPropertyDrag::putBack()
+{
+    m_edit.putBack();
+}
+
+double VxPropertyDrag::steps() const
+{
+    return m_steps;
+}
+
+QString VxPropertyDrag::refusal() const
+{
+    return m_edit.refusal();
+}

@@ -1,0 +1,138 @@
+#include "parameters/vxpropertyhints.h"
+
+#include "parameters/vxpropertyvalue.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxpropertyhelper.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxPropertyHints", text);
+}
+
+QString shown(const VxNumericProperty *property, double value)
+{
+    const QString digits = VxPropertyValue::numberText(value, 4);
+    return property->isPercentage() ? digits + QLatin1Char('%') : digits;
+}
+
+/// With its node, where there is one.
+QString fullName(const VxProperty *property)
+{
+    const VxNode *node = VxPropertyHelper::getNode(property);
+    return node ? QStringLiteral("%1: %2").arg(node->getLabel(), property->getLabel())
+                : property->getLabel();
+}
+
+void addRelations(const VxProperty *property, QStringList *lines)
+{
+    if (const VxProperty *target = property->getAliasedProperty())
+        lines->append(tr("Alias of %1").arg(fullName(target)));
+    if (const VxProperty *control = property->getOverridingControl())
+        lines->append(tr("Controlled by %1").arg(fullName(control)));
+    const auto *number = qobject_cast<const VxNumericProperty *>(property);
+    if (!number || !number->isLinked())
+        return;
+    const QString source = fullName(number->getLinkedProperty());
+    lines->append(number->isLinkTerminal() ? tr("%1 is added").arg(source)
+                                           : tr("Follows %1").arg(source));
+}
+
+} // namespace
+
+QString VxPropertyHints::keyHint(VxPropertyListItemModel::KeyState state, bool editable)
+{
+    switch (state) {
+    case VxPropertyListItemModel::NoKeys:
+        return editable ? tr("No keys. Click to set one here.") : tr("No keys.");
+    case VxPropertyListItemModel::Keyed:
+        return editable ? tr("Keyed, but not at this time. Click to set a key here.")
+                        : tr("Keyed, but not at this time.");
+    case VxPropertyListItemModel::OnKey:
+        return editable ? tr("On a key. Click to delete it.") : tr("On a key.");
+    case VxPropertyListItemModel::MixedKeys:
+        return editable ? tr("Keyed in some of the nodes. Click to set the missing keys here.")
+                        : tr("Keyed in some of the nodes.");
+    case VxPropertyListItemModel::NotKeyable:
+        break;
+    }
+    return {};
+}
+
+QString VxPropertyHints::propertyHint(const QVector<VxProperty *> &properties)
+{
+    const VxProperty *property = properties.first();
+    QStringList lines = {property->getPath().isEmpty()
+                             ? property->getLabel()
+                             : property->getPath() + QLatin1Char('/') + property->getLabel()};
+    addRelations(property, &lines);
+    if (property->isLocked() || property->getKeyHolder()->isLocked())
+        lines.append(tr("Locked"));
+    const auto *number = qobject_cast<const VxNumericProperty *>(property);
+    if (number && !number->isAnimatable())
+        lines.append(tr("Takes no keys"));
+    if (properties.size() > 1)
+        lines.append(tr("Changes are made to %1 nodes.").arg(properties.size()));
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTime time)
+{
+    const auto *first = qobject_cast<const VxNumericProperty *>(properties.value(0));
+    if (!first)
+        return {};
+    double lowest = VxPropertyValue::shownValue(first, time), highest = lowest;
+    for (const VxProperty *property : properties) {
+        if (const auto *number = qobject_cast<const VxNumericProperty *>(property)) {
+            const double value = VxPropertyValue::shownValue(number, time);
+            lowest = qMin(lowest, value);
+            highest = qMax(highest, value);
+        }
+    }
+    if (lowest < highest)
+        return tr("Values from %1 to %2").arg(shown(first, lowest), shown(first, highest));
+    return tr("Value %1").arg(VxPropertyValue::fullText(first, time));
+}
+
+QString VxPropertyHints::offset(const VxNumericProperty *property, double steps)
+{
+    const QString text = shown(property, steps * VxPropertyValue::step(property));
+    return steps > 0 ? QLatin1Char('+') + text : text;
+}
+
+QString VxPropertyHints::refusal(const QString &label, int refused, int locked, int count)
+{
+    if (refused <= 0)
+        return {};
+    if (locked > 0 && locked < count)
+        return tr("%1 was not changed in %2 of %3 nodes, where it is locked or follows another "
+                  "value.")
+            .arg(label)
+            .arg(locked)
+            .arg(count);
+    if (locked > 0)
+        return tr("%1 cannot be changed: it is locked or follows another value.").arg(label);
+    return tr("%1 cannot be set: there is no key at this time, and setting values makes none at "
+              "present.")
+        .arg(label);
+}
+
+QString VxPropertyHints::limits(const VxNumericProperty *property, double value)
+{
+    const double lowest = VxPropertyValue::lowest(property);
+    const double highest = VxPropertyValue::highest(property);
+    if (value >= lowest && value <= highest)
+        return tr("%1 takes whole numbers. The nearest one was set.").arg(property->getLabel());
+    return tr("%1 takes values from %2 to %3. The nearest one was set.")
+        .arg(property->getLabel(), shown(property, lowest), shown(property, highest));
+}
+
+QString VxPropertyHints::unreadable(const QString &text)
+{
+    return tr("\u201c%1\u201d is no value.").arg(text);
+}

@@ -1,0 +1,64 @@
+#include "parameters/vxpropertylistmemory.h"
+
+#include <QtWidgets/QScrollBar>
+#include <vxcore/vxpropertylistitemmodel.h>
+#include <vxcore/vxpropertylistnode.h>
+#include <vxcore/vxsidenavpropertylistview.h>
+
+VxPropertyListMemory::RowName VxPropertyListMemory::nameOf(const VxSideNavPropertyListView *view,
+                                                           int row)
+{
+    const VxPropertyListItemModel *model = view->getPropertyListModel();
+    const QModelIndex index = model->index(row, 0);
+    const VxPropertyListNode *listNode = model->getPropertyListNode(index);
+    const VxProperty *property = listNode->isHeading() ? nullptr : listNode->getProperty(0);
+    return {model->getGroupPath(index), property ? property->getName() : QString()};
+}
+
+void VxPropertyListMemory::remember(const VxSideNavPropertyListView *view)
+{
+    const QItemSelectionModel *selection = view->selectionModel();
+    // An empty list, such as between two nodes, has nothing to tell.
+    if (!selection || view->getPropertyListModel()->rowCount() == 0)
+        return;
+    m_selected.clear();
+    for (const QModelIndex &index : selection->selectedRows())
+        m_selected.insert(nameOf(view, index.row()));
+    m_hasCurrent = selection->currentIndex().isValid();
+    if (m_hasCurrent)
+        m_current = nameOf(view, selection->currentIndex().row());
+    const int scroll = view->verticalScrollBar()->value();
+    // A short list in between does not lose the place in a long one.
+    if (scroll != m_shown)
+        m_scroll = scroll;
+}
+
+void VxPropertyListMemory::restore(VxSideNavPropertyListView *view)
+{
+    const VxPropertyListItemModel *model = view->getPropertyListModel();
+    QItemSelection selection;
+    QModelIndex current;
+    int first = -1; // of rows in a row: what asks a selection for each row goes through its ranges
+    for (int row = 0; row <= model->rowCount(); ++row) {
+        const bool listed = row < model->rowCount();
+        const RowName name = listed ? nameOf(view, row) : RowName();
+        const bool selected = listed && m_selected.contains(name);
+        if (selected && first < 0)
+            first = row;
+        if (!selected && first >= 0) {
+            selection.select(model->index(first, 0),
+                             model->index(row - 1, model->columnCount() - 1));
+            first = -1;
+        }
+        if (listed && m_hasCurrent && name == m_current)
+            current = model->index(row, 0);
+    }
+    QItemSelectionModel *target = view->selectionModel();
+    if (current.isValid())
+        target->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    if (!selection.isEmpty())
+        target->select(selection, QItemSelectionModel::Select);
+    view->doItemsLayout();
+    view->verticalScrollBar()->setValue(m_scroll);
+    m_shown = view->verticalScrollBar()->value();
+}

@@ -1,0 +1,212 @@
+#include "parameters/vxpropertyspinbox.h"
+
+#include "parameters/vxpropertyedit.h"
+#include "parameters/vxpropertyhints.h"
+#include "parameters/vxpropertyinput.h"
+#include "parameters/vxpropertyvalue.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QLineEdit>
+#include <algorithm>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+constexpr int RestMilliseconds = 500;
+constexpr int LongestText = 500;
+constexpr double FineStep = 0.1;
+
+VxTime now()
+{
+    return vxScene ? vxScene->getTime() : 0;
+}
+
+bool differ(const QVector<VxProperty *> &properties)
+{
+    return std::any_of(properties.begin(), properties.end(), [&](const VxProperty *each) {
+        return !VxPropertyValue::isSame(properties.first(), each, now());
+    });
+}
+
+} // namespace
+
+VxPropertySpinBox::VxPropertySpinBox(const QVector<VxProperty *> &properties, QWidget *parent)
+    : QAbstractSpinBox(parent)
+{
+    for (VxProperty *property : properties)
+        m_properties.append(property);
+    setObjectName(QStringLiteral("PropertyValueSpinBox"));
+    setFrame(false);
+    setAlignment(Qt::AlignRight);
+    setAutoFillBackground(true);
+    lineEdit()->setMaxLength(LongestText);
+    if (const auto *number = qobject_cast<VxNumericProperty *>(properties.first())) {
+        m_percentage = number->isPercentage();
+        setAccessibleName(number->getLabel());
+    }
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(RestMilliseconds);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });
+    connect(lineEdit(), &QLineEdit::inputRejected, this,
+            [this] { Q_EMIT noticed(tr("Only numbers and + - * / ( ) can be typed here.")); });
+    connect(&m_rest, &QTimer::timeout, this, &VxPropertySpinBox::finishSteps);
+    m_soon.setSingleShot(true);
+    m_soon.setInterval(0);
+    connect(&m_soon, &QTimer::timeout, this, &VxPropertySpinBox::showValue);
+    showValue();
+    selectAll(); // what is typed first takes its place
+}
+
+VxPropertySpinBox::~VxPropertySpinBox() = default;
+
+QVector<VxProperty *> VxPropertySpinBox::living() const
+{
+    QVector<VxProperty *> list;
+    for (const QPointer<VxProperty> &property : m_properties) {
+        if (property)
+            list.append(property);
+    }
+    return list;
+}
+
+bool VxPropertySpinBox::isTyped() const
+{
+    return m_typed;
+}
+
+bool VxPropertySpinBox::complain()
+{
+    if (!m_typed || VxPropertyInput::read(text()).kind != VxPropertyInput::Unreadable)
+        return false;
+    Q_EMIT noticed(VxPropertyHints::unreadable(text()));
+    return true;
+}
+
+void VxPropertySpinBox::showValue()
+{
+    const QVector<VxProperty *> properties = living();
+    if (properties.isEmpty() || m_typed)
+        return;
+    const bool mixed = differ(properties);
+    const QString shown = mixed ? QString() : VxPropertyValue::fullText(properties.first(), now());
+    lineEdit()->setPlaceholderText(mixed ? tr("Mixed") : QString());
+    if (lineEdit()->text() == shown)
+        return;
+    const bool selected = lineEdit()->hasSelectedText();
+    lineEdit()->setText(shown);
+    if (selected)
+        selectAll();
+}
+
+void VxPropertySpinBox::showValueSoon()
+{
+    m_soon.start();
+}
+
+void VxPropertySpinBox::begin()
+{
+    if (!m_edit) {
+        m_edit = std::make_unique<VxPropertyEdit>(living(), now());
+        m_steps = 0;
+    }
+}
+
+/** A limit is worth a word for what was typed; steps are seen to stop there. */
+void VxPropertySpinBox::tell(bool typed)
+{
+    const QString trouble = m_edit->refusal();
+    if (!trouble.isEmpty() || (typed && !m_edit->limit().isEmpty()))
+        Q_EMIT noticed(trouble.isEmpty() ? m_edit->limit() : trouble);
+}
+
+void VxPropertySpinBox::apply(const VxPropertyInput &input)
+{
+    begin();
+    m_edit->apply(input);
+    m_steps = 0;
+    m_typed = false;
+    tell(true);
+}
+
+void VxPropertySpinBox::step(double steps)
+{
+    if (complain())
+        return;
+    if (m_typed)
+        apply(VxPropertyInput::read(text()));
+    begin();
+    m_steps += steps;
+    m_edit->offsetBy(m_steps);
+    showValue();
+    selectAll();
+    m_rest.start();
+    tell(false);
+}
+
+void VxPropertySpinBox::stepBy(int steps)
+{
+    step(steps);
+}
+
+void VxPropertySpinBox::commit()
+{
+    finishSteps();
+    if (m_typed && !complain()) {
+        const VxPropertyInput input = VxPropertyInput::read(text());
+        if (input.kind != VxPropertyInput::Empty)
+            apply(input);
+        finishSteps();
+    }
+    m_typed = false;
+    showValue();
+}
+
+void VxPropertySpinBox::finishSteps()
+{
+    m_rest.stop();
+    m_edit.reset();
+}
+
+void VxPropertySpinBox::putBack()
+{
+    m_rest.stop();
+    m_typed = false;
+    if (m_edit)
+        m_edit->putBack();
+    m_edit.reset();
+}
+
+QValidator::State VxPropertySpinBox::validate(QString &input, int &position) const
+{
+    Q_UNUSED(position)
+    QString allowed = QStringLiteral("0123456789.,eE+-*/()= ");
+    if (m_percentage)
+        allowed += QLatin1Char('%');
+    const bool foreign = std::any_of(input.begin(), input.end(),
+                                     [&](const QChar letter) { return !allowed.contains(letter); });
+    return foreign ? QValidator::Invalid : QValidator::Acceptable;
+}
+
+QAbstractSpinBox::StepEnabled VxPropertySpinBox::stepEnabled() const
+{
+    return StepUpEnabled | StepDownEnabled;
+}
+
+void VxPropertySpinBox::keyPressEvent(QKeyEvent *event)
+{
+    const int direction = event->key() == Qt::Key_Up ? 1 : event->key() == Qt::Key_Down ? -1 : 0;
+    if (direction != 0 && event->modifiers() & Qt::ShiftModifier)
+        step(direction * FineStep);
+    else
+        QAbstractSpinBox::keyPressEvent(event);
+}
+
+void VxPropertySpinBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QAbstractSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}

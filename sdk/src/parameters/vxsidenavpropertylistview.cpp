@@ -1,0 +1,583 @@
+#include <vxcore/vxsidenavpropertylistview.h>
+
+#include "parameters/vxpropertychoice.h"
+#include "parameters/vxpropertyclipboard.h"
+#include "parameters/vxpropertydelegate.h"
+#include "parameters/vxpropertydrag.h"
+#include "parameters/vxpropertyhints.h"
+#include "parameters/vxpropertykeys.h"
+#include "parameters/vxpropertylistmemory.h"
+#include "parameters/vxpropertymenu.h"
+#include "parameters/vxpropertypainter.h"
+
+#include <QtCore/QSet>
+#include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QToolTip>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxpropertylistitemmodel.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+constexpr int KeyWidth = 22;
+// Of the values' column, while nobody has chosen another one.
+constexpr qreal ValueShare = 0.38;
+constexpr int NarrowestValue = 64;
+constexpr int WidestValue = 160;
+constexpr qreal LargestShare = 0.6; // of a column that was chosen in a wider list
+
+VxTime now()
+{
+    return vxScene ? vxScene->getTime() : 0;
+}
+
+} // namespace
+
+class VxSideNavPropertyListView::Private
+{
+public:
+    explicit Private(VxSideNavPropertyListView *view)
+        : q(view)
+    {
+    }
+
+    using Properties = VxPropertyChoice::Properties;
+
+    Properties propertiesOf(const QModelIndex &index) const;
+    QVector<Properties> rowsOf(const QModelIndex &index) const;
+    Properties targetsOf(const QModelIndex &index) const;
+    bool isNumber(const QModelIndex &index) const;
+    bool isSwitch(const QModelIndex &index) const;
+    bool isEditable(const QModelIndex &index) const;
+    QModelIndex valueBeside(const QModelIndex &index, int direction) const;
+    QRect rowRect(const QModelIndex &index) const;
+
+    void showHeadings();
+    void showRows();
+    void fitColumns();
+    void endGesture();
+    bool pressCell(const QModelIndex &index, const QPoint &place);
+    void dragTo(const QMouseEvent *event);
+    void pressLate();
+    void activate(const QModelIndex &value);
+    void flip(const QModelIndex &value);
+    bool typeInto(const QModelIndex &value, QKeyEvent *event);
+    bool openOrClose(const QModelIndex &index, int key);
+    bool takeText(const QKeyEvent *event);
+    void showCursor(const QPoint &place);
+
+    VxSideNavPropertyListView *q;
+    QSet<QString> collapsed;
+    VxPropertyListMemory memory;
+    int valueWidth = 0; // as chosen
+    bool fitting = false;
+
+    QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
+    QPoint pressPlace;
+    std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift, unless it becomes a drag
+    std::unique_ptr<VxPropertyDrag> drag;
+    bool spent = false; // the drag is over, but the button still held
+
+    // A press first ends the typing in another place, and then has its own meaning.
+    QPersistentModelIndex keyedByPress; // a row that got its key by what was typed
+    bool toldByPress = false;           // whether there was something to be said about it
+};
+
+QVector<VxProperty *>
+VxSideNavPropertyListView::Private::propertiesOf(const QModelIndex &index) const
+{
+    return VxPropertyChoice::propertiesOf(q->getPropertyListModel(), index);
+}
+
+QVector<QVector<VxProperty *>>
+VxSideNavPropertyListView::Private::rowsOf(const QModelIndex &index) const
+{
+    return VxPropertyChoice::rowsOf(q->getPropertyListModel(), q->selectionModel(), index);
+}
+
+QVector<VxProperty *> VxSideNavPropertyListView::Private::targetsOf(const QModelIndex &index) const
+{
+    Properties targets;
+    const QVector<Properties> rows = rowsOf(index);
+    for (const Properties &row : rows)
+        targets += row;
+    return targets;
+}
+
+bool VxSideNavPropertyListView::Private::isNumber(const QModelIndex &index) const
+{
+    return isEditable(index) && !isSwitch(index) &&
+           qobject_cast<VxNumericProperty *>(propertiesOf(index).value(0));
+}
+
+bool VxSideNavPropertyListView::Private::isSwitch(const QModelIndex &index) const
+{
+    return isEditable(index) && qobject_cast<VxBoolProperty *>(propertiesOf(index).value(0));
+}
+
+bool VxSideNavPropertyListView::Private::isEditable(const QModelIndex &index) const
+{
+    return index.column() == VxPropertyListItemModel::ValueColumn &&
+           index.flags() & Qt::ItemIsEditable;
+}
+
+/** The next field that can be typed into, from a row downwards (1) or upwards (-1). */
+QModelIndex VxSideNavPropertyListView::Private::valueBeside(const QModelIndex &index,
+                                                            int direction) const
+{
+    for (int row = index.row() + direction; row >= 0 && row < index.model()->rowCount();
+         row += direction) {
+        const QModelIndex value = index.sibling(row, VxPropertyListItemModel::ValueColumn);
+        if (isEditable(value) && !isSwitch(value) && !q->isRowHidden(row, QModelIndex()))
+            return value;
+    }
+    return {};
+}
+
+QRect VxSideNavPropertyListView::Private::rowRect(const QModelIndex &index) const
+{
+    const QRect cell = q->visualRect(index.sibling(index.row(), 0));
+    return {0, cell.top(), q->viewport()->width(), cell.height()};
+}
+
+/** Once for new rows, and before any is hidden: each call lays out anew what is not. */
+void VxSideNavPropertyListView::Private::showHeadings()
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        if (model->isHeading(model->index(row, 0)))
+            q->setFirstColumnSpanned(row, QModelIndex(), true);
+    }
+}
+
+void VxSideNavPropertyListView::Private::showRows()
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        const QModelIndex index = model->index(row, 0);
+        const bool heading = model->isHeading(index);
+        q->setRowHidden(row, QModelIndex(),
+                        !heading && collapsed.contains(model->getGroupPath(index)));
+    }
+}
+
+void VxSideNavPropertyListView::Private::fitColumns()
+{
+    if (!q->getPropertyListModel())
+        return;
+    const int room = q->viewport()->width() - KeyWidth;
+    const int own = qBound(NarrowestValue, qRound(room * ValueShare), WidestValue);
+    const int chosen = qMin(valueWidth, qMax(NarrowestValue, qRound(room * LargestShare)));
+    fitting = true;
+    q->header()->resizeSection(VxPropertyListItemModel::ValueColumn, valueWidth > 0 ? chosen : own);
+    fitting = false;
+}
+
+/** With its undo entry; what follows until the button is released means nothing. */
+void VxSideNavPropertyListView::Private::endGesture()
+{
+    if (drag)
+        QToolTip::hideText();
+    spent = spent || drag || selecting;
+    drag.reset();
+    selecting.reset();
+    pressed = QModelIndex();
+}
+
+/** True when the press was a command of its own and means nothing to the selection. */
+bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, const QPoint &place)
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    if (!model || !index.isValid())
+        return false;
+    if (model->isHeading(index)) {
+        if (!VxPropertyPainter::arrowRect(rowRect(index)).contains(place))
+            return false;
+        const QString path = model->getGroupPath(index);
+        q->setGroupCollapsed(path, !q->isGroupCollapsed(path));
+        return true;
+    }
+    if (index.column() == VxPropertyListItemModel::KeyColumn) {
+        // Whoever types and clicks the mark wants the key that is there by now.
+        if (index.row() != keyedByPress.row())
+            VxPropertyKeys::toggleKeys(targetsOf(index), now());
+        return true;
+    }
+    if (isEditable(index)) {
+        pressed = index;
+        pressPlace = place;
+    }
+    return false;
+}
+
+void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
+{
+    if (!drag && isNumber(pressed) &&
+        qAbs(event->x() - pressPlace.x()) >= QApplication::startDragDistance()) {
+        selecting.reset();
+        drag = std::make_unique<VxPropertyDrag>(propertiesOf(pressed), now(), event->globalPos());
+    }
+    if (!drag)
+        return;
+    drag->moveTo(event->globalPos(), event->modifiers());
+    const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
+    if (first && pressed.data(VxPropertyListItemModel::MixedRole).toBool())
+        QToolTip::showText(event->globalPos(), VxPropertyHints::offset(first, drag->steps()), q);
+    const QString refusal = drag->refusal();
+    if (!refusal.isEmpty())
+        Q_EMIT q->noticed(refusal);
+}
+
+/** The press with Ctrl or Shift was no drag, so it is one that selects. */
+void VxSideNavPropertyListView::Private::pressLate()
+{
+    const std::unique_ptr<QMouseEvent> press = std::move(selecting);
+    pressed = QModelIndex();
+    if (press)
+        q->QTreeView::mousePressEvent(press.get());
+}
+
+/** What a click on a value does. */
+void VxSideNavPropertyListView::Private::activate(const QModelIndex &value)
+{
+    if (isSwitch(value))
+        flip(value);
+    else if (isEditable(value))
+        q->edit(value);
+}
+
+/** Switches that differ are switched on first. */
+void VxSideNavPropertyListView::Private::flip(const QModelIndex &value)
+{
+    const Properties properties = propertiesOf(value);
+    const auto *flag = qobject_cast<const VxBoolProperty *>(properties.value(0));
+    const bool mixed = value.data(VxPropertyListItemModel::MixedRole).toBool();
+    VxPropertyEdit edit(properties, now());
+    if (!edit.setValue(mixed || !flag->getBoolValue(now()) ? 1 : 0))
+        Q_EMIT q->noticed(edit.refusal());
+}
+
+/** Begins to type with the key's own text. */
+bool VxSideNavPropertyListView::Private::typeInto(const QModelIndex &value, QKeyEvent *event)
+{
+    const QString text = event->text();
+    const bool begins =
+        text.size() == 1 && (text.at(0).isDigit() || QStringLiteral("+-.,*/(").contains(text));
+    if (!begins || !isNumber(value) || event->modifiers() & Qt::ControlModifier)
+        return false;
+    q->edit(value);
+    if (QWidget *field = QApplication::focusWidget())
+        QApplication::sendEvent(field, event);
+    return true;
+}
+
+bool VxSideNavPropertyListView::Private::openOrClose(const QModelIndex &index, int key)
+{
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    if (!model || !model->isHeading(index))
+        return false;
+    const QString path = model->getGroupPath(index);
+    const bool toggles = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!toggles && key != Qt::Key_Left && key != Qt::Key_Right)
+        return false;
+    q->setGroupCollapsed(path, toggles ? !q->isGroupCollapsed(path) : key == Qt::Key_Left);
+    return true;
+}
+
+/** Copies or pastes, when that is what the key stands for. */
+bool VxSideNavPropertyListView::Private::takeText(const QKeyEvent *event)
+{
+    const bool copies = event->matches(QKeySequence::Copy);
+    if (!copies && !event->matches(QKeySequence::Paste))
+        return false;
+    const QVector<Properties> rows = rowsOf(q->currentIndex());
+    if (rows.isEmpty())
+        return true;
+    if (copies)
+        QGuiApplication::clipboard()->setText(VxPropertyClipboard::text(rows, now()));
+    else
+        Q_EMIT q->noticed(
+            VxPropertyClipboard::paste(rows, now(), QGuiApplication::clipboard()->text()));
+    return true;
+}
+
+void VxSideNavPropertyListView::Private::showCursor(const QPoint &place)
+{
+    if (isNumber(q->indexAt(place)))
+        q->viewport()->setCursor(Qt::SizeHorCursor);
+    else
+        q->viewport()->unsetCursor();
+}
+
+VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
+    : QTreeView(parent)
+    , d(std::make_unique<Private>(this))
+{
+    setObjectName(QStringLiteral("ParametersPropertyList"));
+    setRootIsDecorated(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setFrameShape(QFrame::NoFrame);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMouseTracking(true);
+    auto *delegate = new VxPropertyDelegate(this);
+    setItemDelegate(delegate);
+    connect(delegate, &VxPropertyDelegate::noticed, this, [this](const QString &text) {
+        d->toldByPress = QGuiApplication::mouseButtons() != Qt::NoButton;
+        Q_EMIT noticed(text);
+    });
+    connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
+        if (section == VxPropertyListItemModel::ValueColumn && !d->fitting)
+            d->valueWidth = width;
+    });
+}
+
+VxSideNavPropertyListView::~VxSideNavPropertyListView() = default;
+
+VxPropertyListItemModel *VxSideNavPropertyListView::getPropertyListModel() const
+{
+    return qobject_cast<VxPropertyListItemModel *>(model());
+}
+
+void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
+{
+    if (model())
+        model()->disconnect(this);
+    QTreeView::setModel(newModel);
+    if (!getPropertyListModel())
+        return;
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(VxPropertyListItemModel::LabelColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(VxPropertyListItemModel::KeyColumn, QHeaderView::Fixed);
+    header()->setMinimumSectionSize(KeyWidth);
+    header()->resizeSection(VxPropertyListItemModel::KeyColumn, KeyWidth);
+    d->fitColumns();
+    connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        d->endGesture();
+        d->memory.remember(this);
+        // Listeners hear that the former rows are no longer selected: a reset would not tell.
+        clearSelection();
+    });
+    connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
+        d->showHeadings();
+        d->showRows();
+        d->memory.restore(this);
+    });
+    d->showHeadings();
+    d->showRows();
+}
+
+bool VxSideNavPropertyListView::isGroupCollapsed(const QString &path) const
+{
+    return d->collapsed.contains(path);
+}
+
+void VxSideNavPropertyListView::setGroupCollapsed(const QString &path, bool collapsed)
+{
+    if (collapsed)
+        d->collapsed.insert(path);
+    else
+        d->collapsed.remove(path);
+    d->showRows();
+    viewport()->update(); // the heading's arrow
+}
+
+QStringList VxSideNavPropertyListView::getCollapsedGroups() const
+{
+    QStringList paths = d->collapsed.values();
+    paths.sort();
+    return paths;
+}
+
+void VxSideNavPropertyListView::setCollapsedGroups(const QStringList &paths)
+{
+    d->collapsed = QSet<QString>(paths.begin(), paths.end());
+    d->showRows();
+    viewport()->update();
+}
+
+int VxSideNavPropertyListView::getValueWidth() const
+{
+    return d->valueWidth;
+}
+
+void VxSideNavPropertyListView::setValueWidth(int width)
+{
+    d->valueWidth = qMax(0, width);
+    d->fitColumns();
+}
+
+/** Keys that mean something here, whatever they mean elsewhere. */
+bool VxSideNavPropertyListView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool taken =
+            d->drag ? key->key() == Qt::Key_Escape
+                    : currentIndex().isValid() &&
+                          (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste));
+        if (taken && state() != EditingState) {
+            event->accept();
+            return true;
+        }
+    }
+    return QTreeView::event(event);
+}
+
+void VxSideNavPropertyListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    d->fitColumns();
+}
+
+void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
+{
+    d->endGesture();
+    d->spent = false;
+    if (!d->toldByPress)
+        Q_EMIT noticed(QString());
+    d->toldByPress = false;
+    const QModelIndex index = indexAt(event->pos());
+    const bool left = event->button() == Qt::LeftButton;
+    if (left && event->modifiers() == Qt::NoModifier) {
+        if (!d->pressCell(index, event->pos()))
+            QTreeView::mousePressEvent(event);
+    } else if (left && d->isNumber(index)) {
+        d->pressed = index;
+        d->pressPlace = event->pos();
+        d->selecting = std::make_unique<QMouseEvent>(*event);
+    } else {
+        QTreeView::mousePressEvent(event);
+    }
+    d->keyedByPress = QModelIndex();
+}
+
+void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() & Qt::LeftButton && (d->pressed.isValid() || d->spent)) {
+        if (d->pressed.isValid())
+            d->dragTo(event);
+        return;
+    }
+    QTreeView::mouseMoveEvent(event);
+    d->showCursor(event->pos());
+}
+
+void VxSideNavPropertyListView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && d->selecting)
+        d->pressLate();
+    const QModelIndex clicked = d->drag ? QModelIndex() : QModelIndex(d->pressed);
+    d->endGesture();
+    d->spent = d->spent && event->buttons() & Qt::LeftButton;
+    QTreeView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && clicked.isValid() &&
+        visualRect(clicked).contains(event->pos()))
+        d->activate(clicked);
+}
+
+/** The second press of a double click means what the first one did, except on a heading's text. */
+void VxSideNavPropertyListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    const VxPropertyListItemModel *list = getPropertyListModel();
+    const bool onText = list && list->isHeading(index) &&
+                        !VxPropertyPainter::arrowRect(d->rowRect(index)).contains(event->pos());
+    if (onText) {
+        const QString path = list->getGroupPath(index);
+        setGroupCollapsed(path, !isGroupCollapsed(path));
+    } else {
+        mousePressEvent(event);
+    }
+}
+
+void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
+{
+    // While a value is dragged, no other key may begin something else with it.
+    if (d->drag) {
+        if (event->key() == Qt::Key_Escape) {
+            d->drag->putBack();
+            d->endGesture();
+        }
+        return;
+    }
+    // What the open field leaves is not meant for the list.
+    if (state() == EditingState) {
+        QTreeView::keyPressEvent(event);
+        return;
+    }
+    const QModelIndex row = currentIndex();
+    const QModelIndex value = row.sibling(row.row(), VxPropertyListItemModel::ValueColumn);
+    const bool begins = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                        event->key() == Qt::Key_F2;
+    if (begins && d->isEditable(value))
+        d->activate(value);
+    else if (!d->takeText(event) && !d->typeInto(value, event) &&
+             !d->openOrClose(row, event->key()))
+        QTreeView::keyPressEvent(event);
+}
+
+void VxSideNavPropertyListView::focusOutEvent(QFocusEvent *event)
+{
+    if (event->reason() == Qt::ActiveWindowFocusReason)
+        d->endGesture();
+    QTreeView::focusOutEvent(event);
+}
+
+void VxSideNavPropertyListView::hideEvent(QHideEvent *event)
+{
+    d->endGesture();
+    QTreeView::hideEvent(event);
+}
+
+void VxSideNavPropertyListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    d->endGesture();
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    const auto rows = d->rowsOf(index);
+    if (rows.isEmpty())
+        return;
+    auto *menu = new VxPropertyMenu(rows, this);
+    connect(menu, &VxPropertyMenu::noticed, this, &VxSideNavPropertyListView::noticed);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
+                      : event->globalPos());
+}
+
+void VxSideNavPropertyListView::commitData(QWidget *editor)
+{
+    const QPersistentModelIndex index = currentIndex();
+    const auto isOnKey = [&index] {
+        return index.data(VxPropertyListItemModel::KeyStateRole).toInt() ==
+               VxPropertyListItemModel::OnKey;
+    };
+    const bool before = isOnKey();
+    QTreeView::commitData(editor);
+    const bool pressing = QGuiApplication::mouseButtons() != Qt::NoButton;
+    d->keyedByPress = pressing && !before && isOnKey() ? index : QPersistentModelIndex();
+}
+
+/** Tab goes to the next field, over headings, switches and closed groups. */
+void VxSideNavPropertyListView::closeEditor(QWidget *editor,
+                                            QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool forward = hint == QAbstractItemDelegate::EditNextItem;
+    if (!forward && hint != QAbstractItemDelegate::EditPreviousItem) {
+        QTreeView::closeEditor(editor, hint);
+        return;
+    }
+    const QModelIndex next = d->valueBeside(currentIndex(), forward ? 1 : -1);
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (next.isValid()) {
+        setCurrentIndex(next);
+        edit(next);
+    }
+}

@@ -1,0 +1,417 @@
+// Motion in and out of a scene, by menu, dialog and drop.
+
+#include "dialoganswers.h"
+#include "document/figurechoice.h"
+#include "io/vxbvhimport.h"
+#include "studiotestbase.h"
+#include "testing/vxscenebuilder.h"
+#include "testing/vxtestmain.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QInputDialog>
+#include <QMimeData>
+#include <QProgressDialog>
+#include <QStatusBar>
+#include <sys/stat.h>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+const QByteArray smallMotion =
+    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
+    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
+
+} // namespace
+
+class tst_MotionCommands : public QObject, public StudioTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        setUp();
+        start();
+    }
+    void cleanup()
+    {
+        vxApp->getUndoStack()->setClean();
+        tearDown();
+    }
+
+    void theFigureMeant();
+    void exportedMotionComesBack();
+    void exportOfASelectedFigure();
+    void exportAsksWhichFigure_data();
+    void exportAsksWhichFigure();
+    void exportWithoutFigure();
+    void exportFailuresAreTold_data();
+    void exportFailuresAreTold();
+    void exportCanBeCancelled();
+    void namesWithDotsGetTheSuffix();
+    void importIsOneEntry();
+    void importCanBeUndoneWholly();
+    void importOfABrokenFile();
+    void importIntoAnEmptyScene();
+    void droppedMotion_data();
+    void droppedMotion();
+
+private:
+    QString write(const char *name, const QByteArray &bytes) const
+    {
+        QFile file(folder->filePath(QLatin1String(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", name);
+        return file.fileName();
+    }
+    void importByMenu(const QString &file) const
+    {
+        const DialogAnswer<QFileDialog> answer(typeName(file));
+        entry("File", "Import Motion...")->trigger();
+        QVERIFY(answer.met());
+    }
+    bool drop(const QString &file) const;
+    int dopeSheetRows() const
+    {
+        return inTimePane<QAbstractItemView>("TimelineDopeSheetTView")->model()->rowCount();
+    }
+    static VxUndoStack *history() { return vxApp->getUndoStack(); }
+};
+
+bool tst_MotionCommands::drop(const QString &file) const
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint place = window()->rect().center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window(), &enter);
+    QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window(), &event);
+    return event.isAccepted();
+}
+
+void tst_MotionCommands::theFigureMeant()
+{
+    QVERIFY(!FigureChoice::meant(*vxScene));
+    VxSceneBuilder builder(vxScene);
+    VxSkeleton *one = builder.addSkeleton("figure", 3);
+    QCOMPARE(FigureChoice::meant(*vxScene), one);
+    VxSkeleton *two = builder.addSkeleton("figure", 3);
+    two->setLabel("figure");
+    VxNode *prop = builder.addNode("prop", two->getAllBones().at(2));
+    VxNode *light = builder.addNode("light");
+    QVERIFY(!FigureChoice::meant(*vxScene));
+    one->getAllBones().at(1)->select();
+    QCOMPARE(FigureChoice::meant(*vxScene), one);
+    prop->select();
+    QCOMPARE(FigureChoice::meant(*vxScene), two);
+    light->select();
+    QVERIFY(!FigureChoice::meant(*vxScene));
+    QCOMPARE(FigureChoice::names(FigureChoice::figures(*vxScene)),
+             QStringList({"figure", "figure (2)"}));
+}
+
+void tst_MotionCommands::exportedMotionComesBack()
+{
+    openSample();
+    const QString file = folder->filePath("out.bvh");
+    {
+        const DialogAnswer<QFileDialog> answer(typeName(file));
+        entry("File", "Export Motion...")->trigger();
+        QVERIFY(answer.met());
+    }
+    QVERIFY(QFile::exists(file));
+    QVERIFY2(window()->statusBar()->currentMessage().contains("out.bvh is written."),
+             qPrintable(window()->statusBar()->currentMessage()));
+    QVERIFY(!window()->isWindowModified());
+    const VxSkeleton *figure = FigureChoice::meant(*vxScene);
+    VxScene other;
+    VxBvhImport import(&other);
+    VxFileError error;
+    QVERIFY2(import.importFile(file, &error), qPrintable(error.text()));
+    const auto before = figure->getAllBones();
+    const auto after = import.getSkeleton()->getAllBones();
+    QCOMPARE(after.size(), before.size());
+    for (int i = 0; i < before.size(); ++i) {
+        for (VxTime time = 0; time <= vxScene->getAnimRange().getEnd();
+             time += vxScene->getTimeStep()) {
+            const QMatrix4x4 a = before.at(i)->getWorldTransform(time);
+            const QMatrix4x4 b = after.at(i)->getWorldTransform(time);
+            for (int part = 0; part < 16; ++part)
+                QVERIFY(std::abs(a.constData()[part] - b.constData()[part]) < 1e-4f);
+        }
+    }
+}
+
+void tst_MotionCommands::exportOfASelectedFigure()
+{
+    VxSceneBuilder builder(vxScene);
+    builder.addSkeleton("one", 2);
+    builder.addSkeleton("two", 5)->getAllBones().at(3)->select();
+    const QString file = folder->filePath("two.bvh");
+    const DialogAnswer<QFileDialog> answer([&](QFileDialog *dialog) {
+        // The figure's name is what is offered.
+        const QString offered = dialog->findChild<QLineEdit *>("fileNameEdit")->text();
+        return offered == "two.bvh" && typeName(file)(dialog);
+    });
+    entry("File", "Export Motion...")->trigger();
+    QVERIFY(answer.met());
+    VxScene other;
+    VxBvhImport import(&other);
+    VxFileError error;
+    QVERIFY(import.importFile(file, &error));
+    QCOMPARE(import.getSkeleton()->getAllBones().size(), 5);
+}
+
+void tst_MotionCommands::exportAsksWhichFigure_data()
+{
+    QTest::addColumn<bool>("answers");
+    QTest::newRow("the second") << true;
+    QTest::newRow("none") << false;
+}
+
+void tst_MotionCommands::exportAsksWhichFigure()
+{
+    QFETCH(bool, answers);
+    VxSceneBuilder builder(vxScene);
+    builder.addSkeleton("walk", 2);
+    builder.addSkeleton("walk", 4);
+    const QString file = folder->filePath("second.bvh");
+    const DialogAnswer<QInputDialog> which([answers](QInputDialog *dialog) {
+        auto *box = dialog->findChild<QComboBox *>();
+        if (box->count() != 2 || !answers) {
+            dialog->reject();
+            return true;
+        }
+        box->setCurrentIndex(1);
+        dialog->accept();
+        return true;
+    });
+    const DialogAnswer<QFileDialog> where(typeName(file));
+    entry("File", "Export Motion...")->trigger();
+    QVERIFY(which.met());
+    QCOMPARE(where.met(), answers);
+    QCOMPARE(QFile::exists(file), answers);
+    if (!answers)
+        return;
+    VxScene other;
+    VxBvhImport import(&other);
+    VxFileError error;
+    QVERIFY(import.importFile(file, &error));
+    QCOMPARE(import.getSkeleton()->getAllBones().size(), 4);
+}
+
+void tst_MotionCommands::exportWithoutFigure()
+{
+    VxSceneBuilder(vxScene).addNode("light");
+    QString text;
+    const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
+    entry("File", "Export Motion...")->trigger();
+    QVERIFY(answer.met());
+    QVERIFY2(text.contains("no figure"), qPrintable(text));
+}
+
+void tst_MotionCommands::exportFailuresAreTold_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("bones");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("a place that takes nothing") << "/proc/out.bvh" << 2 << "cannot be written";
+    QTest::newRow("a figure without bones") << "out.bvh" << 0 << "no bones";
+}
+
+void tst_MotionCommands::exportFailuresAreTold()
+{
+    QFETCH(QString, file);
+    QFETCH(int, bones);
+    QFETCH(QString, reason);
+    if (bones > 0)
+        VxSceneBuilder(vxScene).addSkeleton("figure", bones);
+    else
+        vxScene->addNode(new VxSkeleton("figure"));
+    const QString name = QDir(folder->path()).absoluteFilePath(file);
+    QString text;
+    const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
+    QVERIFY(!window()->document()->exportMotion(FigureChoice::meant(*vxScene), name));
+    QVERIFY(answer.met());
+    QVERIFY2(text.startsWith(name) && text.contains(reason), qPrintable(text));
+}
+
+void tst_MotionCommands::exportCanBeCancelled()
+{
+    VxSceneBuilder builder(vxScene);
+    VxSkeleton *figure = builder.addSkeleton("figure", 170);
+    figure->getScaleControl()->setStoredValue(2.0f); // so that it takes a while
+    vxScene->setAnimRange({0, 160 * 4000});
+    const QString name = write("out.bvh", "former");
+    const DialogAnswer<QProgressDialog> answer([](QProgressDialog *dialog) {
+        if (dialog->value() < 5)
+            return false;
+        dialog->findChild<QPushButton *>()->click();
+        return true;
+    });
+    QVERIFY(!window()->document()->exportMotion(figure, name));
+    QVERIFY(answer.met());
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("former"));
+    QCOMPARE(window()->statusBar()->currentMessage(), QString("The export was cancelled."));
+}
+
+void tst_MotionCommands::namesWithDotsGetTheSuffix()
+{
+    openSample();
+    const QString typed = folder->filePath("take 1.5");
+    for (const bool replace : {false, true}) {
+        if (!replace) {
+            const DialogAnswer<QFileDialog> answer(typeName(typed));
+            entry("File", "Export Motion...")->trigger();
+            QVERIFY(answer.met());
+            QVERIFY(QFile::exists(typed + ".bvh"));
+            QVERIFY(!QFile::exists(typed));
+        } else {
+            // Now there is such a file: the question comes though the name was typed without it.
+            write("take 1.5.bvh", "former");
+            QString text;
+            const DialogAnswer<QMessageBox> question(readAndPress(&text, QMessageBox::Yes));
+            const DialogAnswer<QFileDialog> answer(typeName(typed));
+            entry("File", "Export Motion...")->trigger();
+            QVERIFY2(text.contains("take 1.5.bvh already exists"), qPrintable(text));
+            QVERIFY(QFileInfo(typed + ".bvh").size() > 1000);
+        }
+    }
+}
+
+void tst_MotionCommands::importIsOneEntry()
+{
+    openSample();
+    const int nodes = vxScene->getNumNodes();
+    const VxTimeRange range = vxScene->getAnimRange();
+    importByMenu(write("walk.bvh", smallMotion));
+    QCOMPARE(vxScene->getNumNodes(), nodes + 2);
+    QCOMPARE(history()->count(), 1);
+    QCOMPARE(history()->undoText(), QString("Import walk"));
+    QVERIFY(window()->isWindowModified());
+    QCOMPARE(window()->document()->displayName(), QString("walk.vxscene"));
+    QCOMPARE(vxScene->getAnimRange(), range);
+    QCOMPARE(vxScene->getTimeStep(), VxTime(160));
+    const VxNode *figure = vxScene->getPrimarySelection();
+    QVERIFY(figure && figure->getName() == "walk");
+    QCOMPARE(vxScene->getNumSelectedNodes(), 1);
+    // Once more: another name.
+    importByMenu(folder->filePath("walk.bvh"));
+    QCOMPARE(vxScene->getPrimarySelection()->getName(), QString("walk 2"));
+    QCOMPARE(history()->count(), 2);
+}
+
+void tst_MotionCommands::importCanBeUndoneWholly()
+{
+    openSample();
+    const QString before = folder->filePath("before.vxscene");
+    QVERIFY(window()->document()->save(before));
+    const int rows = dopeSheetRows();
+    importByMenu(VX_SOURCE_DIR "/samples/walk.bvh");
+    QTRY_VERIFY(dopeSheetRows() != rows);
+    const int nodes = vxScene->getNumNodes();
+    const QString after = folder->filePath("after.vxscene");
+    QVERIFY(window()->document()->save(after));
+    const auto contents = [](const QString &name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QVERIFY(contents(before) != contents(after));
+    for (int round = 0; round < 3; ++round) {
+        entry("Edit", "Undo Import walk")->trigger();
+        QVERIFY(window()->isWindowModified());
+        QVERIFY(window()->document()->save(folder->filePath("again.vxscene")));
+        QVERIFY(contents(folder->filePath("again.vxscene")) == contents(before));
+        entry("Edit", "Redo Import walk")->trigger();
+        QVERIFY(window()->isWindowModified());
+        QCOMPARE(vxScene->getNumNodes(), nodes);
+        QVERIFY(window()->document()->save(folder->filePath("again.vxscene")));
+        QVERIFY(contents(folder->filePath("again.vxscene")) == contents(after));
+        QVERIFY(!window()->isWindowModified());
+    }
+}
+
+void tst_MotionCommands::importOfABrokenFile()
+{
+    openSample();
+    const int nodes = vxScene->getNumNodes();
+    const QString file = write("bad.bvh", QByteArray(smallMotion).replace("\n2\n", "\nx\n"));
+    QString text;
+    const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
+    importByMenu(file);
+    QVERIFY(answer.met());
+    QVERIFY2(text.contains("bad.bvh, line 15"), qPrintable(text));
+    QCOMPARE(vxScene->getNumNodes(), nodes);
+    QCOMPARE(history()->count(), 0);
+    QVERIFY(!window()->isWindowModified());
+    // Reading a pipe would wait for ever.
+    const QString pipe = folder->filePath("pipe.bvh");
+    QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+    const DialogAnswer<QMessageBox> refused(readAndPress(&text, QMessageBox::Ok));
+    QVERIFY(!window()->document()->importMotion(pipe));
+    QVERIFY2(text.startsWith(pipe) && text.contains("no file"), qPrintable(text));
+    // Nothing is chosen: nothing happens.
+    const DialogAnswer<QFileDialog> none(escape<QFileDialog>());
+    entry("File", "Import Motion...")->trigger();
+    QVERIFY(none.met());
+    QCOMPARE(vxScene->getNumNodes(), nodes);
+}
+
+/// Unlike a file that is opened it makes a document that was never saved.
+void tst_MotionCommands::importIntoAnEmptyScene()
+{
+    importByMenu(write("walk.bvh", smallMotion));
+    QCOMPARE(vxScene->getNumNodes(), 2);
+    QCOMPARE(vxScene->getTimeStep(), VxTime(120));
+    QCOMPARE(window()->document()->displayName(), QString("Untitled"));
+    QVERIFY(window()->isWindowModified());
+    entry("Edit", "Undo Import walk")->trigger();
+    QCOMPARE(vxScene->getNumNodes(), 0);
+    QCOMPARE(vxScene->getTimeStep(), VxTime(160));
+    QVERIFY(!window()->isWindowModified());
+}
+
+void tst_MotionCommands::droppedMotion_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::newRow("is imported") << "ImportButton";
+    QTest::newRow("is opened") << "OpenButton";
+    QTest::newRow("is not wanted") << "";
+}
+
+void tst_MotionCommands::droppedMotion()
+{
+    QFETCH(QString, button);
+    openSample();
+    const int nodes = vxScene->getNumNodes();
+    const QString sample = window()->document()->fileName();
+    const QString motion = write("walk.bvh", smallMotion);
+    QString preferred;
+    const DialogAnswer<QMessageBox> answer([&](QMessageBox *box) {
+        preferred = box->defaultButton()->objectName();
+        QAbstractButton *wanted = button.isEmpty() ? box->button(QMessageBox::Cancel)
+                                                   : box->findChild<QPushButton *>(button);
+        wanted->click();
+        return true;
+    });
+    QVERIFY(drop(motion));
+    QTRY_VERIFY(answer.met());
+    QCOMPARE(preferred, QString("ImportButton"));
+    if (button == "OpenButton") {
+        QTRY_COMPARE(window()->document()->fileName(), motion);
+        QCOMPARE(vxScene->getNumNodes(), 2);
+    } else {
+        QTRY_COMPARE(vxScene->getNumNodes(), nodes + (button.isEmpty() ? 0 : 2));
+        QCOMPARE(window()->document()->fileName(), sample);
+        QCOMPARE(history()->count(), button.isEmpty() ? 0 : 1);
+    }
+}
+
+VX_TEST_MAIN(tst_MotionCommands)
+#include "tst_motioncommands.moc"

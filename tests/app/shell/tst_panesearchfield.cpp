@@ -1,0 +1,139 @@
+// The search field of a pane's title bar: which panes have one, what it tells them, how it shows
+// that a search is in force.
+
+#include "shell/panesearchfield.h"
+#include "testing/vxtestmain.h"
+
+#include "shell/panedock.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QtTest/QtTest>
+#include <testing/vxwarningguard.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxpane.h>
+
+namespace {
+
+class PlainPane : public VxPane
+{
+    Q_OBJECT
+public:
+    PlainPane()
+        : VxPane(QStringLiteral("Plain"))
+    {
+    }
+};
+
+class SearchedPane : public VxPane
+{
+    Q_OBJECT
+public:
+    SearchedPane()
+        : VxPane(QStringLiteral("Searched"))
+    {
+        setFocusPolicy(Qt::StrongFocus);
+    }
+    QStringList told;
+
+private Q_SLOTS:
+    void handleDopesheetFilterChanged(const QString &filter) { told.append(filter); }
+    void handleDopesheetFilterCleared() { told.append(QStringLiteral("cleared")); }
+};
+
+} // namespace
+
+class TestPaneSearchField : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void onlyPanesWithTheSlotsHaveAField();
+    void typedTextGoesToThePane();
+    void escapeClearsThenGivesTheFocusBack();
+    void anActiveSearchIsSeen();
+    void theButtonClears();
+
+private:
+    std::unique_ptr<VxWarningGuard> m_guard;
+    std::unique_ptr<VxApp> m_app;
+};
+
+void TestPaneSearchField::init()
+{
+    m_guard = std::make_unique<VxWarningGuard>();
+    m_app = std::make_unique<VxApp>();
+}
+
+void TestPaneSearchField::cleanup()
+{
+    m_app.reset();
+    m_guard.reset();
+}
+
+void TestPaneSearchField::onlyPanesWithTheSlotsHaveAField()
+{
+    QMainWindow window;
+    auto *plain = new PaneDock(new PlainPane, &window);
+    auto *searched = new PaneDock(new SearchedPane, &window);
+    QVERIFY(!plain->findChild<PaneSearchField *>());
+    QVERIFY(searched->findChild<PaneSearchField *>());
+}
+
+void TestPaneSearchField::typedTextGoesToThePane()
+{
+    SearchedPane pane;
+    PaneSearchField field(&pane);
+    QTest::keyClicks(&field, QStringLiteral("hip"));
+    QCOMPARE(pane.told.join(QLatin1Char(' ')), QStringLiteral("h hi hip"));
+    pane.told.clear();
+    field.clear();
+    QCOMPARE(pane.told, QStringList{QStringLiteral("cleared")});
+}
+
+void TestPaneSearchField::escapeClearsThenGivesTheFocusBack()
+{
+    SearchedPane pane;
+    auto *field = new PaneSearchField(&pane, &pane);
+    pane.show();
+    QVERIFY(QTest::qWaitForWindowActive(&pane));
+    field->setFocus();
+    QTRY_VERIFY(field->hasFocus());
+    QTest::keyClicks(field, QStringLiteral("a"));
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(!field->isActive());
+    QVERIFY(field->hasFocus());
+    QTest::keyClick(field, Qt::Key_Escape);
+    QTRY_VERIFY(pane.hasFocus());
+}
+
+void TestPaneSearchField::anActiveSearchIsSeen()
+{
+    SearchedPane pane;
+    PaneSearchField field(&pane, &pane);
+    const QColor usual = field.palette().color(QPalette::Base);
+    field.setText(QStringLiteral("hip"));
+    QCOMPARE(field.palette().color(QPalette::Base), pane.palette().color(QPalette::Highlight));
+    QVERIFY(field.palette().color(QPalette::Base) != usual);
+    field.clear();
+    QCOMPARE(field.palette().color(QPalette::Base), usual);
+}
+
+void TestPaneSearchField::theButtonClears()
+{
+    SearchedPane pane;
+    PaneSearchField field(&pane, &pane);
+    QAction *clear = field.actions().first();
+    QVERIFY(!clear->isVisible());
+    field.setText(QStringLiteral("hip"));
+    QVERIFY(clear->isVisible());
+    clear->trigger();
+    QVERIFY(!field.isActive());
+    QVERIFY(!clear->isVisible());
+    QCOMPARE(pane.told.last(), QStringLiteral("cleared"));
+}
+
+VX_TEST_MAIN(TestPaneSearchField)
+#include "tst_panesearchfield.moc"

@@ -1,0 +1,381 @@
+#include "testing/vxtestmain.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+struct Result
+{
+    int code = -1;
+    QString output;
+    QString errors;
+};
+
+const QByteArray smallMotion =
+    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
+    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
+
+} // namespace
+
+/// Runs the program as it was built, from outside and without a display.
+class tst_VxStudioHeadless : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_dir.reset(new QTemporaryDir); }
+    void cleanup() { m_dir.reset(); }
+
+    void version();
+    void help();
+    void wrongCommandLine_data();
+    void wrongCommandLine();
+    void loadsAndReports();
+    void brokenFile();
+    void missingFile();
+    void unknownKindOfFile();
+    void scriptPrintsItsArguments();
+    void scriptSeesTheFileAndTheFrame();
+    void scriptError();
+    void scriptWithBrokenSyntax();
+    void missingScript();
+    void screenshotHasTheSize_data();
+    void screenshotHasTheSize();
+    void screenshotShowsTheScript();
+    void screenshotThatCannotBeWritten();
+    void palettesDiffer();
+    void missingPluginFolder();
+    void brokenPlugin();
+    void settingsAreKept();
+    void brokenSettingsAreLeftAlone();
+    void usersOwnSettingsAreLeftAlone();
+    void listsActions();
+    void timelineSample();
+    void scriptFindsThePanesFilled();
+
+private:
+    static QString sourceFile(const char *name);
+    Result run(const QStringList &arguments);
+    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
+    QString write(const char *name, const QByteArray &bytes) const;
+    QByteArray read(const char *name) const;
+    static QString programPath() { return QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"); }
+
+    QScopedPointer<QTemporaryDir> m_dir;
+};
+
+Result tst_VxStudioHeadless::run(const QStringList &arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_FONT_DPI"})
+        environment.remove(QLatin1String(name));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path("config"));
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_dir->path());
+    process.setProcessEnvironment(environment);
+    process.start(programPath(), arguments);
+    Result result;
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        process.waitForFinished();
+        return result;
+    }
+    if (process.exitStatus() == QProcess::NormalExit)
+        result.code = process.exitCode();
+    result.output = QString::fromLocal8Bit(process.readAllStandardOutput());
+    result.errors = QString::fromLocal8Bit(process.readAllStandardError());
+    return result;
+}
+
+QString tst_VxStudioHeadless::write(const char *name, const QByteArray &bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", name);
+    return file.fileName();
+}
+
+QByteArray tst_VxStudioHeadless::read(const char *name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void tst_VxStudioHeadless::version()
+{
+    const Result result = run({"--version"});
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.output.startsWith("VxStudio ") && result.output.contains("4.22.0.7"),
+             qPrintable(result.output));
+    QCOMPARE(result.errors, QString());
+}
+
+void tst_VxStudioHeadless::help()
+{
+    const Result result = run({"--help"});
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.output.contains("--screenshot"));
+    QVERIFY(result.output.contains("Exit codes"));
+    QCOMPARE(result.errors, QString());
+}
+
+void tst_VxStudioHeadless::wrongCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("unknown option") << QStringList{"--headless", "--sideways"} << "sideways";
+    QTest::newRow("unknown option without --headless") << QStringList{"--sideways"} << "sideways";
+    QTest::newRow("bad size") << QStringList{"--headless", "--size", "big"} << "big";
+    QTest::newRow("two files") << QStringList{"--headless", "a.bvh", "b.bvh"} << "b.bvh";
+}
+
+void tst_VxStudioHeadless::wrongCommandLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    const Result result = run(arguments);
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.output, QString());
+    QVERIFY2(result.errors.contains(named), qPrintable(result.errors));
+    QCOMPARE(result.errors.count('\n'), 1);
+}
+
+void tst_VxStudioHeadless::loadsAndReports()
+{
+    const Result result = run({"--headless", write("walk.bvh", smallMotion)});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    const QStringList lines = result.output.split('\n');
+    QCOMPARE(lines.at(0),
+             QString("walk.bvh: 2 nodes, 1 keyed properties, 3 keys, frames 0 to 2 at 40 frames "
+                     "per second"));
+    QVERIFY2(lines.at(1).contains("40"), qPrintable(result.output));
+}
+
+void tst_VxStudioHeadless::brokenFile()
+{
+    QByteArray broken = smallMotion;
+    broken.replace("2\n3\n", "2\nthree\n");
+    const Result result = run({"--headless", write("broken.bvh", broken)});
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.errors.contains("broken.bvh, line 16: "), qPrintable(result.errors));
+    QCOMPARE(result.output, QString());
+}
+
+void tst_VxStudioHeadless::missingFile()
+{
+    const Result result = run({"--headless", path("nowhere.bvh")});
+    QCOMPARE(result.code, 1);
+    QVERIFY(result.errors.contains("nowhere.bvh"));
+}
+
+void tst_VxStudioHeadless::unknownKindOfFile()
+{
+    const Result result = run({"--headless", write("walk.txt", smallMotion)});
+    QCOMPARE(result.code, 1);
+    QVERIFY(result.errors.contains("walk.txt"));
+    QVERIFY(result.errors.contains("*.bvh"));
+}
+
+void tst_VxStudioHeadless::scriptPrintsItsArguments()
+{
+    const QString script = write("a.js", "for (var i = 0; i < arguments.length; ++i)\n"
+                                         "    print(i + ' ' + arguments[i]);\n"
+                                         "print('\\u00e4');\n");
+    const Result result = run({"--headless", "--script", script, "--", "one", "--two", "a b"});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output, QString::fromUtf8("0 one\n1 --two\n2 a b\nä\n"));
+    QCOMPARE(result.errors, QString());
+}
+
+void tst_VxStudioHeadless::scriptSeesTheFileAndTheFrame()
+{
+    const QString script = write("a.js", "print(Scene.getNumNodes() + ' ' + Scene.time);\n");
+    const QString motion = write("walk.bvh", smallMotion);
+    const Result result = run({"--headless", "--script", script, "--frame", "2", motion});
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.output.endsWith("\n2 240\n"), qPrintable(result.output));
+}
+
+void tst_VxStudioHeadless::scriptError()
+{
+    const QString script = write("bad.js", "print('first');\n\nnoSuchThing();\nprint('last');\n");
+    const Result result = run({"--headless", "--script", script});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString("first\n"));
+    QVERIFY2(result.errors.contains("bad.js:3: ") && result.errors.contains("noSuchThing"),
+             qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::scriptWithBrokenSyntax()
+{
+    const Result result =
+        run({"--headless", "--script", write("bad.js", "print('never');\nif (\n")});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QVERIFY2(QRegularExpression("bad\\.js:[23]: ").match(result.errors).hasMatch(),
+             qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::missingScript()
+{
+    const Result result = run({"--headless", "--script", path("nowhere.js")});
+    QCOMPARE(result.code, 1);
+    QVERIFY(result.errors.contains("nowhere.js"));
+}
+
+void tst_VxStudioHeadless::screenshotHasTheSize_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("usual size") << QStringList() << QSize(1280, 800);
+    QTest::newRow("small") << QStringList{"--size", "640x480"} << QSize(640, 480);
+    QTest::newRow("smaller than its contents")
+        << QStringList{"--size", "200x150"} << QSize(200, 150);
+    QTest::newRow("large") << QStringList{"--size", "2560x1440"} << QSize(2560, 1440);
+}
+
+void tst_VxStudioHeadless::screenshotHasTheSize()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QSize, size);
+    const QString file = path("picture.png");
+    const Result result =
+        run(QStringList{"--headless", "--screenshot", file, write("walk.bvh", smallMotion)} +
+            arguments);
+    QVERIFY2(result.code == 0, qPrintable(result.errors));
+    const QImage picture(file, "png");
+    QCOMPARE(picture.size(), size);
+}
+
+void tst_VxStudioHeadless::screenshotShowsTheScript()
+{
+    const QString motion = write("walk.bvh", smallMotion);
+    const QString script = write("a.js", "Scene.setPrimarySelection(Scene.findNode('hip'));\n");
+    QCOMPARE(run({"--headless", "--screenshot", path("plain.png"), motion}).code, 0);
+    QCOMPARE(run({"--headless", "--screenshot", path("again.png"), motion}).code, 0);
+    QCOMPARE(
+        run({"--headless", "--script", script, "--screenshot", path("script.png"), motion}).code,
+        0);
+    QVERIFY(QImage(path("plain.png")) == QImage(path("again.png")));
+    QVERIFY(QImage(path("plain.png")) != QImage(path("script.png")));
+}
+
+void tst_VxStudioHeadless::screenshotThatCannotBeWritten()
+{
+    const QString file = path("no/such/folder/picture.png");
+    const Result result = run({"--headless", "--screenshot", file});
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.errors.contains(file), qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::palettesDiffer()
+{
+    const auto cornerLightness = [this](const char *palette) {
+        const QString file = path(palette) + QStringLiteral(".png");
+        run({"--headless", "--screenshot", file, "--palette", QLatin1String(palette)});
+        const QImage picture(file);
+        return picture.isNull() ? -1 : qGray(picture.pixel(picture.width() - 3, 3));
+    };
+    const int dark = cornerLightness("dark");
+    QVERIFY(dark >= 0 && dark < 100);
+    QVERIFY(cornerLightness("light") > 150);
+}
+
+void tst_VxStudioHeadless::missingPluginFolder()
+{
+    const Result result = run({"--headless", "--plugin-path", path("nowhere")});
+    QCOMPARE(result.code, 0); // the program goes on
+    QVERIFY2(result.errors.contains(path("nowhere")), qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::brokenPlugin()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("plugins")));
+    write("plugins/broken.so", "no library");
+    const Result result = run({"--headless", "--plugin-path", path("plugins")});
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.errors.contains("broken.so"), qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::settingsAreKept()
+{
+    const QString file = path("sub/settings.ini");
+    QCOMPARE(run({"--headless", "--settings", file, "--palette", "light"}).code, 0);
+    QVERIFY(read("sub/settings.ini").contains("light"));
+    QCOMPARE(run({"--headless", "--settings", file, "--screenshot", path("a.png")}).code, 0);
+    const QImage picture(path("a.png"));
+    QVERIFY(qGray(picture.pixel(picture.width() - 3, 3)) > 150);
+}
+
+void tst_VxStudioHeadless::brokenSettingsAreLeftAlone()
+{
+    const QByteArray broken("[Panes\nno settings");
+    const QString file = write("settings.ini", broken);
+    const Result result = run({"--headless", "--settings", file});
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.errors.contains("settings.ini"), qPrintable(result.errors));
+    QCOMPARE(read("settings.ini"), broken);
+}
+
+void tst_VxStudioHeadless::usersOwnSettingsAreLeftAlone()
+{
+    QCOMPARE(run({"--headless", "--palette", "light"}).code, 0);
+    QVERIFY(!QDir(path("config")).exists());
+}
+
+QString tst_VxStudioHeadless::sourceFile(const char *name)
+{
+    QFile file(QStringLiteral(VX_SOURCE_DIR "/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", name);
+    return QString::fromUtf8(file.readAll());
+}
+
+void tst_VxStudioHeadless::listsActions()
+{
+    const Result result = run({"--list-actions"});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QVERIFY(result.output.count("App.action(") >= 56);
+    QVERIFY2(result.output == sourceFile("docs/actions.md"),
+             "docs/actions.md is out of date: vxstudio --list-actions > docs/actions.md");
+    // Whatever the user has chosen, the page tells the defaults.
+    const QString settings =
+        write("settings.ini", "[Shortcuts]\nVxPlayToggleAction=F9\nVxNextFrameAction=\n");
+    QCOMPARE(run({"--list-actions", "--settings", settings}).output, result.output);
+}
+
+void tst_VxStudioHeadless::timelineSample()
+{
+    const Result result =
+        run({"--headless", "--script", QStringLiteral(VX_SOURCE_DIR "/samples/timeline.js"),
+             QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output.split('\n'), sourceFile("samples/timeline.txt").split('\n'));
+}
+
+// Rows are made when the pane is shown, which nobody does in a run without a window.
+void tst_VxStudioHeadless::scriptFindsThePanesFilled()
+{
+    const QString script =
+        write("a.js", "var pane = App.findPane('VxTimePane');\n"
+                      "Scene.setPrimarySelection(Scene.findNode('hip')); App.processEvents();\n"
+                      "App.action('VxTimePaneSelectItemAnimRangeKeysAction').trigger();\n"
+                      "print(pane.visible, pane.hasDopeSheetItemSelection(), "
+                      "pane.hasSelectedKeys());\n");
+    const QString motion = write("walk.bvh", smallMotion);
+    for (const QStringList &picture : {QStringList(), QStringList{"--screenshot", path("a.png")}}) {
+        const Result result = run(QStringList{"--headless", "--script", script, motion} + picture);
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.errors, QString());
+        QVERIFY2(result.output.endsWith("\ntrue true true\n"), qPrintable(result.output));
+    }
+    QVERIFY(!QImage(path("a.png")).isNull());
+}
+
+VX_TEST_GUILESS_MAIN(tst_VxStudioHeadless)
+#include "tst_vxstudio_headless.moc"

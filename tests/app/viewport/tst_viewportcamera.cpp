@@ -1,0 +1,298 @@
+#include "testing/vxtestmain.h"
+#include "viewport/viewportcamera.h"
+
+#include <QtTest>
+#include <cmath>
+
+namespace {
+
+constexpr double Near = 0.01; // pixels
+
+QVector3D backOf(const ViewportCamera &camera)
+{
+    return (camera.eye() - camera.target()).normalized();
+}
+
+QVector3D rightOf(const ViewportCamera &camera)
+{
+    return QVector3D::crossProduct(QVector3D(0, 1, 0), backOf(camera)).normalized();
+}
+
+QVector3D upOf(const ViewportCamera &camera)
+{
+    return QVector3D::crossProduct(backOf(camera), rightOf(camera));
+}
+
+bool isAt(const std::optional<QPointF> &point, const QPointF &wanted, double tolerance = Near)
+{
+    if (!point)
+        return false;
+    const QPointF off = *point - wanted;
+    return std::hypot(off.x(), off.y()) <= tolerance;
+}
+
+ViewportCamera cameraOf(const QSizeF &size)
+{
+    ViewportCamera camera;
+    camera.setViewSize(size);
+    return camera;
+}
+
+} // namespace
+
+class tst_ViewportCamera : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theTargetIsInTheMiddle();
+    void rightIsRightAndUpIsUp();
+    void onePixelAtTheTargetsDepth();
+    void fartherThingsLookSmaller();
+    void whatLiesBehindIsNotShown();
+    void aLineIsCutWhereItPassesTheEye();
+    void orbitKeepsTargetAndDistance();
+    void orbitNeverGoesOverTheTop();
+    void dragToTheRightTurnsTheFrontToTheRight();
+    void panTakesThePointAlong();
+    void zoom();
+    void zoomKeepsWhatIsUnderTheMouse();
+    void linesAreCutNearTheView();
+    void zoomIgnoresNonsense_data();
+    void zoomIgnoresNonsense();
+    void framedPointsFillTheView_data();
+    void framedPointsFillTheView();
+    void framingLittle();
+    void aViewWithoutSize();
+};
+
+void tst_ViewportCamera::theTargetIsInTheMiddle()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
+}
+
+void tst_ViewportCamera::rightIsRightAndUpIsUp()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QPointF right = *camera.project(camera.target() + rightOf(camera));
+    QVERIFY(right.x() > 321);
+    QVERIFY(std::abs(right.y() - 200) < Near);
+    const QPointF up = *camera.project(camera.target() + QVector3D(0, 1, 0));
+    QVERIFY(up.y() < 199);
+    QVERIFY(std::abs(up.x() - 320) < Near);
+}
+
+void tst_ViewportCamera::onePixelAtTheTargetsDepth()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D point = camera.target() + rightOf(camera) * (100 * camera.unitsPerPixel()) -
+                            upOf(camera) * (50 * camera.unitsPerPixel());
+    QVERIFY(isAt(camera.project(point), {420, 250}));
+}
+
+void tst_ViewportCamera::fartherThingsLookSmaller()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D away = backOf(camera) * -camera.distance();
+    const QVector3D side = rightOf(camera);
+    const double here = camera.project(camera.target() + side)->x() - 320;
+    const double there = camera.project(camera.target() + away + side)->x() - 320;
+    QVERIFY(std::abs(there - here / 2) < Near); // at twice the depth
+}
+
+void tst_ViewportCamera::whatLiesBehindIsNotShown()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D behind = camera.eye() + backOf(camera);
+    QVERIFY(!camera.project(behind));
+    QVERIFY(!camera.project(camera.eye()));
+    QVERIFY(!camera.project(behind, behind + rightOf(camera)));
+}
+
+void tst_ViewportCamera::aLineIsCutWhereItPassesTheEye()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    // From the target past the eye, a little to its right.
+    const QVector3D behind = camera.eye() + backOf(camera) * 2 + rightOf(camera) * 0.1f;
+    const auto there = camera.project(camera.target(), behind);
+    const auto back = camera.project(behind, camera.target());
+    QVERIFY(there && back);
+    QVERIFY(isAt(there->p1(), {320, 200}));
+    QVERIFY(there->p2().x() > 320);
+    QVERIFY(std::isfinite(there->p2().x()));
+    QVERIFY(isAt(back->p2(), there->p1()));
+    QVERIFY(isAt(back->p1(), there->p2(), 1));
+}
+
+void tst_ViewportCamera::orbitKeepsTargetAndDistance()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const ViewportCamera before = camera;
+    camera.orbit({37, -12});
+    QVERIFY(camera != before);
+    QCOMPARE(camera.target(), before.target());
+    QVERIFY(std::abs((camera.eye() - camera.target()).length() - before.distance()) < 1e-4f);
+    camera.orbit({-37, 12});
+    QVERIFY((camera.eye() - before.eye()).length() < 1e-4f);
+}
+
+void tst_ViewportCamera::orbitNeverGoesOverTheTop()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.orbit({0, 10000});
+    QVERIFY(backOf(camera).y() > 0.99f);
+    QVERIFY(upOf(camera).y() > 0); // still upright
+    camera.orbit({0, -20000});
+    QVERIFY(backOf(camera).y() < -0.99f);
+    QVERIFY(upOf(camera).y() > 0);
+}
+
+void tst_ViewportCamera::dragToTheRightTurnsTheFrontToTheRight()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D front = camera.target() + backOf(camera); // between target and eye
+    camera.orbit({50, 0});
+    QVERIFY(camera.project(front)->x() > 321);
+}
+
+void tst_ViewportCamera::panTakesThePointAlong()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D held = camera.target() + upOf(camera) * 0.3f;
+    const QPointF before = *camera.project(held);
+    camera.pan({40, -25});
+    QVERIFY(isAt(camera.project(held), before + QPointF(40, -25)));
+}
+
+void tst_ViewportCamera::zoom()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const float before = camera.distance();
+    camera.zoom(2);
+    QCOMPARE(camera.distance(), before / 2);
+    camera.zoom(1e30);
+    QVERIFY(camera.distance() > 0);
+    camera.zoom(1e-30);
+    QVERIFY(std::isfinite(camera.distance()));
+    QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
+}
+
+void tst_ViewportCamera::zoomKeepsWhatIsUnderTheMouse()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QPointF pixel(500, 90);
+    const QPointF offset = pixel - QPointF(320, 200);
+    const QVector3D under = camera.target() +
+                            rightOf(camera) * (float(offset.x()) * camera.unitsPerPixel()) -
+                            upOf(camera) * (float(offset.y()) * camera.unitsPerPixel());
+    const ViewportCamera before = camera;
+    QVERIFY(isAt(camera.project(under), pixel));
+    for (const double factor : {1.15, 3.0, 0.2}) {
+        camera.zoom(factor, pixel);
+        QVERIFY(isAt(camera.project(under), pixel, 0.05));
+    }
+    camera.zoom(1 / (1.15 * 3.0 * 0.2), pixel);
+    QVERIFY((camera.target() - before.target()).length() < 1e-4f); // there and back
+    camera = before;
+    camera.zoom(2, {320, 200});
+    QCOMPARE(camera.target(), before.target());
+}
+
+void tst_ViewportCamera::linesAreCutNearTheView()
+{
+    const ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D right = rightOf(camera);
+    const QRectF around(-70, -70, 780, 540);
+    // From the middle very far to the right: on the same line, but no farther than needed.
+    const auto line = camera.project(camera.target(), camera.target() + right * 1e9f);
+    QVERIFY(line);
+    QVERIFY(isAt(line->p1(), {320, 200}));
+    QVERIFY(around.contains(line->p2()) && line->p2().x() > 640);
+    QVERIFY(std::abs(line->p2().y() - 200) < Near);
+    // From one side to the other, and past the view.
+    const auto across =
+        camera.project(camera.target() - right * 1e9f, camera.target() + right * 1e9f);
+    QVERIFY(across && across->p1().x() < 0 && across->p2().x() > 640);
+    const QVector3D above = upOf(camera) * 1e3f;
+    QVERIFY(!camera.project(camera.target() - right + above, camera.target() + right + above));
+    const QVector3D beside = right * 1e3f;
+    QVERIFY(!camera.project(camera.target() + beside, camera.target() + beside * 2));
+    // What lies within is left alone.
+    const auto whole = camera.project(camera.target(), camera.target() + right * 0.1f);
+    QVERIFY(whole && isAt(camera.project(camera.target() + right * 0.1f), whole->p2()));
+}
+
+void tst_ViewportCamera::zoomIgnoresNonsense_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("negative") << -2.0;
+    QTest::newRow("infinite") << double(INFINITY);
+    QTest::newRow("no number") << double(NAN);
+}
+
+void tst_ViewportCamera::zoomIgnoresNonsense()
+{
+    QFETCH(double, factor);
+    ViewportCamera camera;
+    const ViewportCamera before = camera;
+    camera.zoom(factor);
+    QVERIFY(camera == before);
+}
+
+void tst_ViewportCamera::framedPointsFillTheView_data()
+{
+    QTest::addColumn<QSizeF>("size");
+    QTest::addColumn<QVector3D>("extent"); // of a box
+    QTest::newRow("wide view of a flat box") << QSizeF(900, 300) << QVector3D(5, 0.5f, 5);
+    QTest::newRow("high view of a flat box") << QSizeF(300, 900) << QVector3D(5, 0.5f, 5);
+    QTest::newRow("a tower") << QSizeF(900, 300) << QVector3D(1, 50, 1);
+    QTest::newRow("tiny") << QSizeF(400, 400) << QVector3D(0.01f, 0.01f, 0.02f);
+    QTest::newRow("huge") << QSizeF(400, 400) << QVector3D(90000, 1, 80000);
+    QTest::newRow("a line to the eye") << QSizeF(400, 400) << QVector3D(0, 0, 7);
+}
+
+void tst_ViewportCamera::framedPointsFillTheView()
+{
+    QFETCH(QSizeF, size);
+    QFETCH(QVector3D, extent);
+    ViewportCamera camera = cameraOf(size);
+    const QVector3D center(10, -3, 7);
+    QVector<QVector3D> corners;
+    for (int i = 0; i < 8; ++i)
+        corners.append(center + extent * QVector3D(i & 1 ? 0.5f : -0.5f, i & 2 ? 0.5f : -0.5f,
+                                                   i & 4 ? 0.5f : -0.5f));
+    camera.frame(corners);
+    QCOMPARE(camera.target(), center);
+    double reach = 0; // 1 at the edge of the view
+    for (const QVector3D &corner : qAsConst(corners)) {
+        const auto point = camera.project(corner);
+        QVERIFY(point);
+        reach = std::max({reach, std::abs(point->x() / size.width() * 2 - 1),
+                          std::abs(point->y() / size.height() * 2 - 1)});
+    }
+    QVERIFY2(reach > 0.84 && reach < 0.86, qPrintable(QString::number(reach)));
+}
+
+void tst_ViewportCamera::framingLittle()
+{
+    ViewportCamera camera = cameraOf({400, 300});
+    const ViewportCamera before = camera;
+    camera.frame({});
+    QVERIFY(camera == before);
+    camera.zoom(3);
+    camera.frame({{5, 5, 5}, {5, 5, 5}});
+    QCOMPARE(camera.target(), QVector3D(5, 5, 5));
+    QCOMPARE(camera.distance(), before.distance());
+}
+
+void tst_ViewportCamera::aViewWithoutSize()
+{
+    const ViewportCamera camera = cameraOf({0, 0});
+    const auto point = camera.project(camera.target() + QVector3D(1, 1, 1));
+    QVERIFY(point);
+    QVERIFY(std::isfinite(point->x()) && std::isfinite(point->y()));
+}
+
+VX_TEST_APPLESS_MAIN(tst_ViewportCamera)
+#include "tst_viewportcamera.moc"

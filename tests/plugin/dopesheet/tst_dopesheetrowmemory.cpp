@@ -1,0 +1,292 @@
+#include "testing/vxtestmain.h"
+#include "timepanetestbase.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtWidgets/QScrollBar>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+
+// What the view keeps while the text filter leaves rows out: a figure "arm 0" .. "arm 29" and one
+// node "leg", each with rows for nine properties.
+class TestDopeSheetRowMemory : public QObject, private TimePaneTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { tearDown(); }
+
+    void openRowsComeBack();
+    void closedByHandStaysClosed();
+    void openedWhileFiltered();
+    void openRowsOverSeveralTexts();
+    void rowThatIsGone();
+    void scrollComesBack();
+    void whatWasFoundIsShown();
+    void topRowStaysAtTheTop();
+    void sceneSelectionStays();
+    void selectedPropertiesComeBack();
+    void newSelectionCounts();
+    void sceneSelectionMadeMeanwhile();
+    void currentRowComesBack();
+    void graphIsToldOfShownRows();
+
+private:
+    void filter(const char *text)
+    {
+        view->applyFilterText(QString::fromLatin1(text));
+        QCoreApplication::processEvents();
+    }
+    QModelIndex rowOf(VxNode *node) const { return view->findNodeIndex(node); }
+    QModelIndex propertyRow(const VxNode *node, const VxProperty *property) const;
+    bool isOpen(VxNode *node) const { return view->isExpanded(rowOf(node)); }
+    const VxNode *topNode() const
+    {
+        const VxDopeSheetItem *item = view->getItem(view->indexAt(QPoint(0, 0)));
+        return item ? item->node() : nullptr;
+    }
+    QStringList openRows() const;
+
+    VxDopeSheetView *view = nullptr;
+    QVector<VxNode *> arms;
+    VxNode *leg = nullptr;
+};
+
+void TestDopeSheetRowMemory::init()
+{
+    setUp();
+    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4});
+    for (const auto &action : actions)
+        action->setChecked(true);
+    arms.clear();
+    for (int i = 0; i < 30; ++i) {
+        arms.append(new VxNode(QStringLiteral("arm %1").arg(i)));
+        vxScene->addNode(arms.last());
+    }
+    leg = new VxNode(QStringLiteral("leg"));
+    vxScene->addNode(leg);
+    showPane(1200, 400);
+    view = pane->getDopeSheetView();
+    QCoreApplication::processEvents();
+}
+
+QModelIndex TestDopeSheetRowMemory::propertyRow(const VxNode *node,
+                                                const VxProperty *property) const
+{
+    QModelIndex found;
+    DopeSheetWalk::below(view->findNodeIndex(const_cast<VxNode *>(node)),
+                         [&](const QModelIndex &row) {
+                             if (view->getItem(row)->property() == property)
+                                 found = row;
+                         });
+    return found;
+}
+
+QStringList TestDopeSheetRowMemory::openRows() const
+{
+    QStringList names;
+    DopeSheetWalk::all(view->model(), [&](const QModelIndex &row) {
+        if (view->isExpanded(row) && view->model()->hasChildren(row))
+            names += view->getItem(row)->path();
+    });
+    return names;
+}
+
+void TestDopeSheetRowMemory::openRowsComeBack()
+{
+    view->expandRecursively(rowOf(arms[3]));
+    view->expand(rowOf(arms[7]));
+    const QStringList before = openRows();
+    QVERIFY(before.size() > 4);
+    filter("leg");
+    QCOMPARE(openRows(), QStringList());
+    filter("");
+    QCOMPARE(openRows(), before);
+    // Below a match only what matches stays, and so nothing to be opened.
+    filter("arm 3");
+    QVERIFY(rowOf(arms[3]).isValid());
+    QVERIFY(!rowOf(arms[7]).isValid());
+    filter("");
+    QCOMPARE(openRows(), before);
+}
+
+void TestDopeSheetRowMemory::closedByHandStaysClosed()
+{
+    view->expandRecursively(rowOf(arms[3]));
+    view->expandRecursively(rowOf(arms[4]));
+    filter("X Rot");
+    QVERIFY(isOpen(arms[3]));
+    QVERIFY(!isOpen(leg));
+    view->collapse(rowOf(arms[3]));
+    filter("");
+    QVERIFY(!isOpen(arms[3]));
+    QVERIFY(isOpen(arms[4]));
+}
+
+void TestDopeSheetRowMemory::openedWhileFiltered()
+{
+    filter("X Rot");
+    view->expand(rowOf(leg));
+    filter("");
+    QCOMPARE(openRows(), QStringList{QStringLiteral("/leg")});
+}
+
+void TestDopeSheetRowMemory::openRowsOverSeveralTexts()
+{
+    view->expandRecursively(rowOf(arms[3]));
+    const QStringList before = openRows();
+    for (const char *text : {"l", "le", "leg", "nothing", "X Rot", "arm", ""})
+        filter(text);
+    QCOMPARE(openRows(), before);
+}
+
+void TestDopeSheetRowMemory::rowThatIsGone()
+{
+    view->expandAll();
+    arms[0]->select(true);
+    filter("leg");
+    delete arms[0];
+    delete arms[5];
+    filter("");
+    QVERIFY(!rowOf(arms[1]).isValid() || isOpen(arms[1]));
+    QVERIFY(isOpen(leg));
+    QVERIFY(vxScene->getSelectedNodes().isEmpty());
+}
+
+void TestDopeSheetRowMemory::scrollComesBack()
+{
+    view->scrollTo(rowOf(arms[12]), QAbstractItemView::PositionAtTop);
+    QCOMPARE(topNode(), arms[12]);
+    const int value = view->verticalScrollBar()->value();
+    QVERIFY(value > 0);
+    filter("l");
+    filter("leg");
+    QCOMPARE(topNode(), leg);
+    filter("");
+    QCOMPARE(topNode(), arms[12]);
+    QCOMPARE(view->verticalScrollBar()->value(), value);
+}
+
+void TestDopeSheetRowMemory::whatWasFoundIsShown()
+{
+    filter("arm 28");
+    VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[28])).center());
+    QVERIFY(arms[28]->isSelected());
+    filter("");
+    const QRect row = view->visualRect(rowOf(arms[28]));
+    QVERIFY(view->viewport()->rect().contains(row.center()));
+    QVERIFY(arms[28]->isSelected());
+}
+
+void TestDopeSheetRowMemory::topRowStaysAtTheTop()
+{
+    filter("arm");
+    view->scrollTo(rowOf(arms[15]), QAbstractItemView::PositionAtTop);
+    filter("ar");
+    QCOMPARE(topNode(), arms[15]);
+}
+
+void TestDopeSheetRowMemory::sceneSelectionStays()
+{
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(arms[2])).center());
+    mouse.click(view->visualRect(rowOf(arms[4])).center(), Qt::LeftButton, Qt::ControlModifier);
+    const QVector<VxNode *> selected{arms[2], arms[4]};
+    QCOMPARE(vxScene->getSelectedNodes(), selected);
+    for (const char *text : {"leg", "arm 4", "nothing", "arm 2", ""}) {
+        filter(text);
+        QCOMPARE(vxScene->getSelectedNodes(), selected);
+        QCOMPARE(view->isRowSelected(rowOf(arms[2])), rowOf(arms[2]).isValid());
+        QCOMPARE(view->isRowSelected(rowOf(arms[4])), rowOf(arms[4]).isValid());
+        QVERIFY(!view->isRowSelected(rowOf(leg)));
+    }
+}
+
+void TestDopeSheetRowMemory::selectedPropertiesComeBack()
+{
+    const VxProperty *turn = arms[1]->getXRotControl();
+    view->expandRecursively(rowOf(arms[1]));
+    view->selectionModel()->select(propertyRow(arms[1], turn),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    filter("leg");
+    QCOMPARE(view->getSelectedProperties().size(), 0);
+    filter("X Rot");
+    QVERIFY(view->isRowSelected(propertyRow(arms[1], turn)));
+    filter("");
+    QVERIFY(view->isRowSelected(propertyRow(arms[1], turn)));
+    QCOMPARE(view->getSelectedProperties().size(), 1);
+}
+
+// Something else selected takes the place of what is left out.
+void TestDopeSheetRowMemory::newSelectionCounts()
+{
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(arms[2])).center());
+    filter("leg");
+    mouse.click(view->visualRect(rowOf(leg)).center());
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{leg});
+    filter("");
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{leg});
+    QVERIFY(!view->isRowSelected(rowOf(arms[2])));
+    QVERIFY(view->isRowSelected(rowOf(leg)));
+    // As many rows as before, but another one.
+    filter("arm");
+    mouse.click(view->visualRect(rowOf(arms[4])).center());
+    filter("arm 4");
+    mouse.click(view->visualRect(rowOf(arms[4])).center());
+    filter("arm");
+    mouse.click(view->visualRect(rowOf(arms[5])).center());
+    filter("");
+    QVERIFY(!view->isRowSelected(rowOf(arms[4])));
+    QVERIFY(view->isRowSelected(rowOf(arms[5])));
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[5]});
+}
+
+void TestDopeSheetRowMemory::sceneSelectionMadeMeanwhile()
+{
+    filter("leg");
+    arms[20]->select(true);
+    QCoreApplication::processEvents();
+    filter("");
+    QVERIFY(view->isRowSelected(rowOf(arms[20])));
+    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[20]});
+}
+
+void TestDopeSheetRowMemory::currentRowComesBack()
+{
+    VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[2])).center());
+    QCOMPARE(view->currentIndex(), rowOf(arms[2]));
+    filter("arm");
+    QCOMPARE(view->currentIndex(), rowOf(arms[2]));
+    filter("arm 2");
+    QCOMPARE(view->currentIndex(), rowOf(arms[2]));
+    filter("leg");
+    QVERIFY(!rowOf(arms[2]).isValid());
+    filter("");
+    QCOMPARE(view->currentIndex(), rowOf(arms[2]));
+}
+
+void TestDopeSheetRowMemory::graphIsToldOfShownRows()
+{
+    const VxProperty *turn = arms[1]->getXRotControl();
+    view->expandRecursively(rowOf(arms[1]));
+    view->selectionModel()->select(propertyRow(arms[1], turn),
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    QSignalSpy told(view, &VxDopeSheetView::propertyHitListChanged);
+    filter("leg");
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.at(0).at(0).value<QVector<VxProperty *>>().size(), 0);
+    filter("le");
+    QCOMPARE(told.count(), 1);
+    filter("");
+    QCOMPARE(told.count(), 2);
+    QCOMPARE(told.at(1).at(0).value<QVector<VxProperty *>>().size(), 1);
+}
+
+VX_TEST_MAIN(TestDopeSheetRowMemory)
+#include "tst_dopesheetrowmemory.moc"

@@ -1,0 +1,195 @@
+#include "dopesheettestbase.h"
+#include "testing/vxtestmain.h"
+
+#include <vector>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxpanemgr.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
+namespace {
+
+// A style that notes what the view asks it to draw, in order.
+class ViewStyle : public VxStyle
+{
+public:
+    enum What { NameColumn, KeyMark, Band };
+    struct Drawn
+    {
+        What what;
+        QRect rect;
+    };
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element == static_cast<PrimitiveElement>(PE_VxTimelineNameColumn))
+            drawn.push_back({NameColumn, option->rect});
+        else if (element == static_cast<PrimitiveElement>(PE_VxKeyMark))
+            drawn.push_back({KeyMark, option->rect});
+        VxStyle::drawPrimitive(element, option, painter, widget);
+    }
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        if (element == CE_RubberBand)
+            drawn.push_back({Band, option->rect});
+        VxStyle::drawControl(element, option, painter, widget);
+    }
+
+    std::vector<QRect> rectsOf(What what) const
+    {
+        std::vector<QRect> rects;
+        for (const Drawn &thing : drawn) {
+            if (thing.what == what)
+                rects.push_back(thing.rect);
+        }
+        return rects;
+    }
+
+    mutable std::vector<Drawn> drawn;
+};
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget)
+    {
+        QCoreApplication::processEvents();
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+    int count = 0;
+};
+
+} // namespace
+
+// What the dope sheet view asks its style to draw, and when it is painted anew.
+class TestDopeSheetViewPaint : public QObject, private DopeSheetTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        setUp();
+        style = new ViewStyle;
+        app->setStyle(style);
+        addKeys(hip->getXPosControl(), {1600});
+        showView();
+    }
+    void cleanup() { tearDown(); }
+
+    void nameColumnFirst();
+    void bandLast_data();
+    void bandLast();
+    void noBandWhileKeysAreDragged();
+
+    void selectionRepaints();
+    void messageRepaints();
+    void updateRepaintsTheHeader();
+    void graphChannelsRepaint();
+
+private:
+    ViewStyle *style = nullptr; // the application's
+};
+
+void TestDopeSheetViewPaint::nameColumnFirst()
+{
+    style->drawn.clear();
+    view->viewport()->grab();
+    QCOMPARE(int(style->rectsOf(ViewStyle::NameColumn).size()), 1);
+    QCOMPARE(int(style->drawn.front().what), int(ViewStyle::NameColumn));
+    QCOMPARE(style->drawn.front().rect,
+             QRect(QPoint(0, 0), QPoint(198, view->viewport()->height() - 1)));
+    QCOMPARE(style->rectsOf(ViewStyle::KeyMark), std::vector<QRect>{QRect(302, 5, 10, 10)});
+    QVERIFY(style->rectsOf(ViewStyle::Band).empty());
+}
+
+void TestDopeSheetViewPaint::bandLast_data()
+{
+    QTest::addColumn<QPoint>("to");
+    QTest::newRow("to the right and down") << QPoint(520, 340);
+    QTest::newRow("to the left and up") << QPoint(380, 260);
+    QTest::newRow("to the right and up") << QPoint(520, 260);
+}
+
+// From the smaller to the larger position, the last column and row left out.
+void TestDopeSheetViewPaint::bandLast()
+{
+    QFETCH(QPoint, to);
+    const QPoint from(400, 300);
+    VxMouseDriver mouse(view->viewport());
+    mouse.press(from);
+    mouse.moveTo(to);
+    style->drawn.clear();
+    view->viewport()->grab();
+    const QRect wanted(QPoint(qMin(from.x(), to.x()), qMin(from.y(), to.y())),
+                       QPoint(qMax(from.x(), to.x()) - 1, qMax(from.y(), to.y()) - 1));
+    QCOMPARE(style->rectsOf(ViewStyle::Band), std::vector<QRect>{wanted});
+    QCOMPARE(int(style->drawn.back().what), int(ViewStyle::Band));
+    mouse.release(to);
+    style->drawn.clear();
+    view->viewport()->grab();
+    QVERIFY(style->rectsOf(ViewStyle::Band).empty());
+}
+
+void TestDopeSheetViewPaint::noBandWhileKeysAreDragged()
+{
+    VxMouseDriver mouse(view->viewport());
+    mouse.press(QPoint(307, 10));
+    mouse.moveTo(QPoint(407, 30));
+    style->drawn.clear();
+    view->viewport()->grab();
+    QVERIFY(style->rectsOf(ViewStyle::Band).empty());
+    mouse.release(QPoint(307, 10));
+}
+
+void TestDopeSheetViewPaint::selectionRepaints()
+{
+    PaintCounter rows(view->viewport());
+    view->setKeySelection(true);
+    QTRY_VERIFY(rows.count > 0);
+}
+
+void TestDopeSheetViewPaint::messageRepaints()
+{
+    PaintCounter rows(view->viewport());
+    view->handleKeyMessage(VxKeyMessage());
+    QTRY_VERIFY(rows.count > 0);
+}
+
+void TestDopeSheetViewPaint::updateRepaintsTheHeader()
+{
+    PaintCounter rows(view->viewport());
+    PaintCounter ruler(header->viewport());
+    view->doUpdate();
+    QTRY_VERIFY(rows.count > 0);
+    QTRY_VERIFY(ruler.count > 0);
+}
+
+// From the start of the application on.
+void TestDopeSheetViewPaint::graphChannelsRepaint()
+{
+    VxMainWindow window;
+    auto *pane = new VxTimePane;
+    window.getPaneMgr()->addPane(pane);
+    PaintCounter rows(view->viewport());
+    Q_EMIT pane->graphChannelListChanged({hip->getXPosControl()});
+    QCoreApplication::processEvents();
+    QCOMPARE(rows.count, 0);
+    vxApp->start();
+    QCoreApplication::processEvents();
+    rows.count = 0;
+    Q_EMIT pane->graphChannelListChanged({hip->getXPosControl()});
+    QTRY_VERIFY(rows.count > 0);
+}
+
+VX_TEST_MAIN(TestDopeSheetViewPaint)
+#include "tst_dopesheetviewpaint.moc"

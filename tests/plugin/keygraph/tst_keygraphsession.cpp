@@ -1,0 +1,429 @@
+#include "testing/vxtestmain.h"
+#include "timepanetestbase.h"
+
+#include <cstring>
+#include <random>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpanemgr.h>
+
+#include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+
+namespace {
+
+constexpr VxTime Step = 160;
+constexpr VxTime Duration = Step * 60;
+constexpr int TestCount = 300;
+
+// VX_RANDOM_GESTURES: another number of gestures than the one of an ordinary run.
+int gestureCount()
+{
+    bool isNumber = false;
+    const int count = qEnvironmentVariableIntValue("VX_RANDOM_GESTURES", &isNumber);
+    return isNumber ? count : TestCount;
+}
+
+struct Key
+{
+    VxTime time;
+    float value;
+    int type;
+    VxTcb tcb;
+
+    friend bool operator==(const Key &a, const Key &b)
+    {
+        return a.time == b.time && std::memcmp(&a.value, &b.value, sizeof a.value) == 0 &&
+               a.type == b.type && a.tcb == b.tcb;
+    }
+};
+
+} // namespace
+
+// A long session of random gestures in the dope sheet and the key graph of one pane. After each
+// of them both show the same keys, selected alike, and in the end everything can be undone and
+// redone.
+//
+// The graph's operation that moves a single key past others gives the flags of the two ends alone
+// to the other side. No gesture uses it: a drag tells the whole selection, so that nothing is left
+// apart here.
+class TestKeyGraphSession : public QObject, private TimePaneTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void randomGestures();
+
+private:
+    using Scene = std::vector<std::vector<Key>>;
+
+    int below(int limit) { return int(random() % unsigned(limit)); }
+    Qt::KeyboardModifiers someModifiers();
+    QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
+    void showSome();
+    Scene scene() const;
+
+    QPoint somewhere(const QWidget *widget);
+    QPoint someKeyInGraph();
+    QPoint someKeyInSheet();
+    void click(QWidget *widget, const QPoint &place);
+    void drag(QWidget *widget, const QPoint &from, Qt::KeyboardModifiers modifiers,
+              int reach = 100);
+    void gestureInGraph();
+    void gestureInSheet();
+    void command();
+    void gesture();
+
+    void check();
+    void checkSelection(const VxKeyGraphChannel *channel);
+
+    std::mt19937 random{9};
+    std::unique_ptr<VxMainWindow> window;
+    QVector<VxFloatProperty *> properties;
+    VxDopeSheetView *sheet = nullptr;
+    VxKeyGraphView *view = nullptr;
+    VxKeyGraph *graph = nullptr;
+    QString last; // what was done, for messages
+    int selectedSeen = 0;
+};
+
+void TestKeyGraphSession::init()
+{
+    setUp();
+    window = std::make_unique<VxMainWindow>();
+    window->getPaneMgr()->addPane(pane.get());
+    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4, 8, 16, 32});
+    pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropRotate);
+    pane->setViewMode(VxTimePane::AdvancedView);
+    vxApp->start();
+    vxScene->setPlayRange(VxTimeRange(0, Duration));
+    vxScene->setAnimRange(VxTimeRange(0, Duration));
+    for (const char *name : {"Hip", "Knee"}) {
+        auto *node = new VxNode(QLatin1String(name));
+        vxScene->addNode(node);
+        properties += {node->getXPosControl(), node->getZRotControl()};
+    }
+    for (VxFloatProperty *property : qAsConst(properties)) {
+        for (int i = 0; i < 8; ++i)
+            property->setKey(below(12) * Step * 5 + below(3) * 40, float(below(20)), below(3),
+                             float(below(3)) - 1.0f, 0.0f, 0.5f);
+    }
+    showPane(1000, 620);
+    sheet = pane->findChild<VxDopeSheetView *>();
+    view = pane->findChild<VxKeyGraphView *>();
+    graph = pane->findChild<VxKeyGraph *>();
+    sheet->expandAll();
+    showSome();
+    view->frameKeys();
+}
+
+void TestKeyGraphSession::cleanup()
+{
+    properties.clear();
+    tearDown();
+    window.reset();
+}
+
+QModelIndex TestKeyGraphSession::rowOf(const VxProperty *property, const QModelIndex &parent) const
+{
+    const QAbstractItemModel *model = sheet->model();
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        const VxDopeSheetItem *item = sheet->getItem(index);
+        if (item && item->property() == property)
+            return index;
+        const QModelIndex under = rowOf(property, index);
+        if (under.isValid())
+            return under;
+    }
+    return QModelIndex();
+}
+
+Qt::KeyboardModifiers TestKeyGraphSession::someModifiers()
+{
+    switch (below(8)) {
+    case 0:
+    case 1:
+        return Qt::ControlModifier;
+    case 2:
+        return Qt::AltModifier;
+    case 3:
+        return Qt::ShiftModifier;
+    default:
+        return Qt::NoModifier;
+    }
+}
+
+// Other rows are selected, and so the graph shows other curves.
+void TestKeyGraphSession::showSome()
+{
+    last = QStringLiteral("other rows");
+    QItemSelection rows;
+    for (const VxFloatProperty *property : qAsConst(properties)) {
+        if (below(3) != 0)
+            rows.select(rowOf(property), rowOf(property));
+    }
+    sheet->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect |
+                                              QItemSelectionModel::Rows);
+}
+
+TestKeyGraphSession::Scene TestKeyGraphSession::scene() const
+{
+    Scene all;
+    for (const VxFloatProperty *property : properties) {
+        all.emplace_back();
+        for (int i = 0; i < property->getNumKeys(); ++i) {
+            Key key{property->getKeyTime(i), property->getKeyValue(i), 0, {}};
+            key.type = property->getKeyInterpolationType(i, &key.tcb.tension, &key.tcb.continuity,
+                                                         &key.tcb.bias);
+            all.back().push_back(key);
+        }
+    }
+    return all;
+}
+
+QPoint TestKeyGraphSession::somewhere(const QWidget *widget)
+{
+    // Mostly where keys are.
+    const int names = widget == sheet->viewport() && below(8) != 0 ? sheet->columnWidth(0) : 0;
+    return QPoint(names + below(widget->width() - names), below(widget->height()));
+}
+
+// Anywhere when there is none.
+QPoint TestKeyGraphSession::someKeyInGraph()
+{
+    const QVector<VxKeyGraphChannel *> channels = graph->getChannels();
+    if (channels.isEmpty())
+        return somewhere(view);
+    const VxKeyGraphChannel *channel = channels.at(below(channels.size()));
+    if (channel->getNumKeys() == 0)
+        return somewhere(view);
+    const int index = below(channel->getNumKeys());
+    const QPoint place(qRound(view->getScale().x(channel->getKeyTime(index))),
+                       qRound(view->getScale().y(channel->getKeyValue(index))));
+    return view->rect().contains(place) ? place : somewhere(view);
+}
+
+QPoint TestKeyGraphSession::someKeyInSheet()
+{
+    const VxFloatProperty *property = properties.at(below(properties.size()));
+    const QRect row = sheet->visualRect(rowOf(property));
+    if (property->getNumKeys() == 0 || !sheet->viewport()->rect().intersects(row))
+        return somewhere(sheet->viewport());
+    const VxTime time = property->getKeyTime(below(property->getNumKeys()));
+    const int x = TimelineMetrics::shared().keyMiddle(sheet->columnWidth(0), time,
+                                                      vxScene->getPlayRange().getStart());
+    return QPoint(x, row.center().y());
+}
+
+void TestKeyGraphSession::click(QWidget *widget, const QPoint &place)
+{
+    VxMouseDriver(widget).click(place, Qt::LeftButton, someModifiers());
+}
+
+void TestKeyGraphSession::drag(QWidget *widget, const QPoint &from, Qt::KeyboardModifiers modifiers,
+                               int reach)
+{
+    VxMouseDriver mouse(widget);
+    mouse.press(from, Qt::LeftButton, modifiers);
+    QPoint to = from;
+    for (int steps = 1 + below(3); steps > 0; --steps) {
+        to = from + QPoint(below(2 * reach) - reach, below(reach) - reach / 2);
+        mouse.moveTo(to, below(3) == 0 ? someModifiers() : modifiers);
+    }
+    mouse.release(to, Qt::LeftButton, modifiers);
+}
+
+void TestKeyGraphSession::gestureInGraph()
+{
+    last = QStringLiteral("graph");
+    switch (below(8)) {
+    case 0:
+        click(view, somewhere(view));
+        break;
+    case 1:
+    case 2:
+        click(view, someKeyInGraph());
+        break;
+    case 3:
+        drag(view, somewhere(view), someModifiers(), 500);
+        break;
+    case 4:
+        VxMouseDriver(view).doubleClick(someKeyInGraph());
+        break;
+    case 5:
+        if (below(2) == 0)
+            VxMouseDriver(view).drag(somewhere(view), somewhere(view), Qt::MiddleButton);
+        else
+            view->frameKeys(below(2) == 0);
+        break;
+    default:
+        drag(view, someKeyInGraph(), someModifiers());
+        break;
+    }
+}
+
+void TestKeyGraphSession::gestureInSheet()
+{
+    last = QStringLiteral("sheet");
+    switch (below(6)) {
+    case 0:
+        click(sheet->viewport(), somewhere(sheet->viewport()));
+        break;
+    case 1:
+    case 2:
+        click(sheet->viewport(), someKeyInSheet());
+        break;
+    case 3:
+        drag(sheet->viewport(), somewhere(sheet->viewport()), someModifiers(), 500);
+        break;
+    default:
+        drag(sheet->viewport(), someKeyInSheet(), someModifiers());
+        break;
+    }
+}
+
+void TestKeyGraphSession::command()
+{
+    VxUndoStack *stack = vxApp->getUndoStack();
+    switch (below(16)) {
+    case 0:
+        last = QStringLiteral("delete");
+        if (below(3) == 0)
+            pane->deleteSelectedKeys();
+        break;
+    case 1:
+        last = QStringLiteral("copy");
+        pane->copySelectedKeys();
+        break;
+    case 2:
+        last = QStringLiteral("paste");
+        pane->pasteKeys();
+        break;
+    case 3:
+        last = QStringLiteral("type");
+        pane->setInterpType(below(3));
+        break;
+    case 4:
+        last = QStringLiteral("clear");
+        sheet->clearSelectedKeys();
+        break;
+    case 5:
+        showSome();
+        break;
+    case 6:
+        vxScene->setTime(below(60) * Step);
+        break;
+    case 7:
+    case 8:
+        last = QStringLiteral("undo");
+        for (int i = below(4); i >= 0; --i)
+            stack->undo();
+        break;
+    case 9:
+        last = QStringLiteral("redo");
+        for (int i = below(4); i >= 0; --i)
+            stack->redo();
+        break;
+    default:
+        last = QStringLiteral("select");
+        const QModelIndex row = rowOf(properties.at(below(properties.size())));
+        const VxTime start = below(60) * Step;
+        sheet->setKeySelection(below(3) != 0, row, row, start, start + below(20) * Step);
+        break;
+    }
+}
+
+void TestKeyGraphSession::gesture()
+{
+    if (graph->getChannels().isEmpty() && below(2) == 0)
+        showSome();
+    switch (below(5)) {
+    case 0:
+    case 1:
+        gestureInGraph();
+        break;
+    case 2:
+    case 3:
+        gestureInSheet();
+        break;
+    default:
+        command();
+        break;
+    }
+    QCoreApplication::processEvents();
+}
+
+void TestKeyGraphSession::checkSelection(const VxKeyGraphChannel *channel)
+{
+    const VxDopeSheetItem *item = sheet->getItem(rowOf(channel->getProperty()));
+    QVERIFY(item);
+    QVector<int> inGraph;
+    for (int i = 0; i < channel->getNumKeys(); ++i) {
+        if (channel->isKeySelected(i))
+            inGraph += i;
+    }
+    QCOMPARE(inGraph, item->selectedKeyIndexes());
+    selectedSeen += inGraph.size();
+}
+
+void TestKeyGraphSession::check()
+{
+    for (const VxFloatProperty *property : qAsConst(properties)) {
+        const VxDopeSheetItem *item = sheet->getItem(rowOf(property));
+        QVERIFY(item);
+        QCOMPARE(item->keyCount(), property->getNumKeys());
+        for (int i = 0; i < property->getNumKeys(); ++i) {
+            QVERIFY(i == 0 || property->getKeyTime(i - 1) < property->getKeyTime(i));
+            QCOMPARE(item->keyTime(i), property->getKeyTime(i));
+        }
+    }
+    for (const VxKeyGraphChannel *channel : graph->getChannels())
+        checkSelection(channel);
+    QVERIFY(!QWidget::mouseGrabber());
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
+}
+
+void TestKeyGraphSession::randomGestures()
+{
+    VxUndoStack *stack = vxApp->getUndoStack();
+    stack->clear();
+    const Scene start = scene();
+    check();
+    const int count = gestureCount();
+    int edits = 0;
+    Scene former = start;
+    for (int i = 0; i < count; ++i) {
+        gesture();
+        check();
+        Scene now = scene();
+        edits += now == former ? 0 : 1;
+        former.swap(now);
+        if (QTest::currentTestFailed())
+            QFAIL(qPrintable(QStringLiteral("after gesture %1, %2").arg(i).arg(last)));
+    }
+    const Scene end = scene();
+    const int done = stack->index();
+    while (stack->index() > 0)
+        stack->undo();
+    QVERIFY(scene() == start);
+    check();
+    while (stack->index() < done)
+        stack->redo();
+    QVERIFY(scene() == end);
+    check();
+    QVERIFY2(selectedSeen > count / 4, qPrintable(QString::number(selectedSeen)));
+    QVERIFY2(edits > count / 20, qPrintable(QString::number(edits)));
+}
+
+VX_TEST_MAIN(TestKeyGraphSession)
+#include "tst_keygraphsession.moc"

@@ -1,0 +1,682 @@
+#include "menu/vxmenubarfiller.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+
+#include <QtTest>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxsettings.h>
+
+class CopyAction : public VxAction
+{
+    Q_OBJECT
+public:
+    CopyAction()
+        : VxAction(QStringLiteral("Copy"))
+    {
+    }
+    QString getDefaultAccel() const override { return QStringLiteral("Ctrl+C"); }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
+    QString getActionGroup() const override { return QStringLiteral("Clipboard"); }
+    void init() override { ++numInits; }
+    int numInits = 0;
+};
+
+/// Wants the shortcut that CopyAction has.
+class ClearAction : public VxAction
+{
+    Q_OBJECT
+public:
+    ClearAction()
+        : VxAction(QStringLiteral("Clear"))
+    {
+    }
+    QString getDefaultAccel() const override { return QStringLiteral("Ctrl+C"); }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
+    QString getActionGroup() const override { return QStringLiteral("Other"); }
+};
+
+class PlayAction : public VxAction
+{
+    Q_OBJECT
+public:
+    PlayAction()
+        : VxAction(QStringLiteral("Play"))
+    {
+    }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Animation"); }
+    QString getActionGroup() const override { return QStringLiteral("Pane::/Time/Playback"); }
+};
+
+class PasteAction : public VxAction
+{
+    Q_OBJECT
+public:
+    PasteAction()
+        : VxAction(QStringLiteral("Paste"))
+    {
+    }
+    QString getDefaultAccel() const override { return QStringLiteral("NoSuchKey"); }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
+    QString getActionGroup() const override { return QStringLiteral("Clipboard"); }
+};
+
+/// An action that asks for a place among those of its group, and is named by it.
+class OrderedAction : public VxAction
+{
+public:
+    explicit OrderedAction(int order)
+        : VxAction(QString::number(order))
+        , m_order(order)
+    {
+    }
+    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
+    QString getActionGroup() const override
+    {
+        return m_order < 0 ? QStringLiteral("/More") : QStringLiteral("Clipboard");
+    }
+    int getMenuOrder() const override { return m_order; }
+    QString getMenuFolder() const override
+    {
+        return m_order / 100 == 5 ? QStringLiteral("Folder") : QString();
+    }
+
+private:
+    int m_order;
+};
+
+class AbstractAction : public VxAction
+{
+    Q_OBJECT
+public:
+    AbstractAction()
+        : VxAction(QString())
+    {
+    }
+};
+
+namespace {
+
+template <class T> class Factory : public VxClassFactory
+{
+public:
+    Factory()
+        : VxClassFactory(&T::staticMetaObject, VxGuid())
+    {
+    }
+    using VxClassFactory::createInstance;
+    QObject *createInstance() const override { return new T; }
+};
+
+class FailingFactory : public VxClassFactory
+{
+public:
+    FailingFactory()
+        : VxClassFactory(&AbstractAction::staticMetaObject, VxGuid())
+    {
+    }
+    using VxClassFactory::createInstance;
+    QObject *createInstance() const override { return nullptr; }
+};
+
+const QString copyClass = QStringLiteral("CopyAction");
+const QString playClass = QStringLiteral("PlayAction");
+
+QKeySequence keys(const char *text)
+{
+    return QKeySequence::fromString(QString::fromLatin1(text), QKeySequence::PortableText);
+}
+
+/** The menu's entries as text: "-" for a separator, "Title>" for a sub-menu. */
+QString shown(const QWidget *menu)
+{
+    QStringList entries;
+    for (const QAction *entry : menu->actions()) {
+        if (entry->isSeparator())
+            entries.append(QStringLiteral("-"));
+        else
+            entries.append(entry->text() + (entry->menu() ? QStringLiteral(">") : QString()));
+    }
+    return entries.join(QLatin1Char(' '));
+}
+
+QMenu *subMenu(const QWidget *menu, const char *title)
+{
+    for (const QAction *entry : menu->actions()) {
+        if (entry->menu() && entry->text() == QLatin1String(title))
+            return entry->menu();
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_VxActionMgr : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { qRegisterMetaType<VxAction *>(); }
+    void init() { m_guard.reset(new VxWarningGuard); }
+    void cleanup() { m_guard.reset(); }
+    void createsOneOfEachActionClass();
+    void goesOnWhenAFactoryFails();
+    void refusesASecondActionOfAClass();
+    void namesAndOwnsActions();
+    void initsEveryActionInOrder();
+    void forgetsADeletedAction();
+    void givesDefaultShortcuts();
+    void warnsOfTwoEqualDefaults();
+    void warnsOfADefaultThatIsNoShortcut();
+    void changesShortcuts();
+    void resetsAShortcut();
+    void resetsAllShortcuts();
+    void savesOnlyDifferences();
+    void keepsEntriesOfAbsentClasses();
+    void restoresTheSavedState();
+    void warnsOfAStoredTextThatIsNoShortcut();
+    void takesCommands();
+    void commandsShareTheKeys();
+    void commandWantsATakenKey();
+    void forgetsADeletedCommand();
+    void savesAndRestoresCommands();
+    void storedKeysOfCommands_data();
+    void storedKeysOfCommands();
+    void groupParts_data();
+    void groupParts();
+    void fillsAMenuBar();
+    void extendsExistingMenusOnce();
+    void menuOrderAndSections();
+
+private:
+    std::unique_ptr<VxWarningGuard> m_guard;
+};
+
+void tst_VxActionMgr::createsOneOfEachActionClass()
+{
+    Factory<CopyAction> copy;
+    Factory<QTimer> timer;
+    Factory<PlayAction> play;
+    VxPluginMgr plugins;
+    plugins.addClassFactory(&copy);
+    plugins.addClassFactory(&timer);
+    plugins.addClassFactory(&play);
+    VxActionMgr manager;
+    QSignalSpy added(&manager, &VxActionMgr::actionAdded);
+    manager.createActions(&plugins);
+    manager.createActions(&plugins);
+    manager.createActions(nullptr);
+    QCOMPARE(manager.getNumActions(), 2);
+    QCOMPARE(added.size(), 2);
+    QVERIFY(qobject_cast<CopyAction *>(manager.getAction(0)));
+    QVERIFY(qobject_cast<PlayAction *>(manager.getAction(1)));
+    QVERIFY(!manager.getAction(2));
+    QVERIFY(!manager.getAction(-1));
+    QCOMPARE(manager.findAction(playClass), manager.getAction(1));
+    QVERIFY(!manager.findAction(QStringLiteral("QTimer")));
+    QCOMPARE(static_cast<CopyAction *>(manager.getAction(0))->numInits, 0);
+}
+
+void tst_VxActionMgr::goesOnWhenAFactoryFails()
+{
+    FailingFactory failing;
+    Factory<PlayAction> play;
+    VxPluginMgr plugins;
+    plugins.addClassFactory(&failing);
+    plugins.addClassFactory(&play);
+    VxActionMgr manager;
+    m_guard->expect(QRegularExpression(QStringLiteral("AbstractAction made no action")));
+    manager.createActions(&plugins);
+    QCOMPARE(manager.getNumActions(), 1);
+}
+
+void tst_VxActionMgr::refusesASecondActionOfAClass()
+{
+    VxActionMgr manager;
+    QVERIFY(manager.addAction(new CopyAction));
+    const std::unique_ptr<CopyAction> second(new CopyAction);
+    QVERIFY(!manager.addAction(second.get()));
+    QVERIFY(!second->parent());
+    QVERIFY(!manager.addAction(nullptr));
+}
+
+void tst_VxActionMgr::namesAndOwnsActions()
+{
+    QPointer<CopyAction> action(new CopyAction);
+    {
+        VxActionMgr manager;
+        manager.addAction(action);
+        QCOMPARE(action->objectName(), copyClass);
+    }
+    QVERIFY(!action);
+}
+
+void tst_VxActionMgr::initsEveryActionInOrder()
+{
+    VxActionMgr manager;
+    CopyAction *action = new CopyAction;
+    manager.addAction(action);
+    manager.initActions();
+    manager.initActions();
+    QCOMPARE(action->numInits, 2);
+}
+
+void tst_VxActionMgr::forgetsADeletedAction()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    delete manager.findAction(copyClass);
+    QCOMPARE(manager.getNumActions(), 0);
+    QVERIFY(!manager.findAction(copyClass));
+    QVERIFY(manager.findShortcut(keys("Ctrl+C")).isEmpty());
+    QVERIFY(manager.addAction(new CopyAction));
+}
+
+void tst_VxActionMgr::givesDefaultShortcuts()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    const VxAction *copy = manager.findAction(copyClass);
+    QCOMPARE(copy->shortcut(), keys("Ctrl+C"));
+    QCOMPARE(copy->shortcutContext(), Qt::WindowShortcut);
+    QCOMPARE(copy->toolTip(), QStringLiteral("Copy (Ctrl+C)"));
+    QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
+    QVERIFY(manager.getShortcut(playClass).isEmpty());
+    QVERIFY(manager.getShortcut(QStringLiteral("Unknown")).isEmpty());
+    QCOMPARE(manager.findShortcut(keys("Ctrl+C")), copyClass);
+}
+
+void tst_VxActionMgr::warnsOfTwoEqualDefaults()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    m_guard->expect(
+        QRegularExpression(QStringLiteral("Ctrl\\+C of ClearAction is taken by CopyAction")));
+    manager.addAction(new ClearAction);
+    QVERIFY(manager.findAction(QStringLiteral("ClearAction"))->shortcut().isEmpty());
+    QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
+}
+
+void tst_VxActionMgr::warnsOfADefaultThatIsNoShortcut()
+{
+    VxActionMgr manager;
+    m_guard->expect(
+        QRegularExpression(QStringLiteral("\"NoSuchKey\", the default of PasteAction")));
+    manager.addAction(new PasteAction);
+    QVERIFY(manager.getShortcut(QStringLiteral("PasteAction")).isEmpty());
+}
+
+void tst_VxActionMgr::changesShortcuts()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
+    QVERIFY(manager.setShortcut(playClass, keys("Ctrl+C")));
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(changed.at(0).at(0).toString(), copyClass);
+    QCOMPARE(changed.at(1).at(0).toString(), playClass);
+    QVERIFY(manager.findAction(copyClass)->shortcut().isEmpty());
+    QCOMPARE(manager.findAction(copyClass)->toolTip(), QStringLiteral("Copy"));
+    QCOMPARE(manager.findAction(playClass)->toolTip(), QStringLiteral("Play (Ctrl+C)"));
+    QVERIFY(manager.setShortcut(playClass, keys("Ctrl+C")));
+    QCOMPARE(changed.size(), 2);
+    QVERIFY(!manager.setShortcut(QStringLiteral("Unknown"), keys("F1")));
+}
+
+void tst_VxActionMgr::resetsAllShortcuts()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
+    manager.resetAllShortcuts();
+    QCOMPARE(changed.size(), 0);
+    manager.setShortcut(playClass, keys("Ctrl+C"));
+    QCOMPARE(manager.getDefaultShortcut(copyClass), keys("Ctrl+C"));
+    QVERIFY(manager.getDefaultShortcut(playClass).isEmpty());
+    QVERIFY(manager.getDefaultShortcut(QStringLiteral("Unknown")).isEmpty());
+    changed.clear();
+    manager.resetAllShortcuts();
+    QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
+    QVERIFY(manager.getShortcut(playClass).isEmpty());
+    QCOMPARE(manager.findAction(playClass)->shortcut(), QKeySequence());
+    QCOMPARE(changed.size(), 2);
+}
+
+void tst_VxActionMgr::resetsAShortcut()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    manager.setShortcut(playClass, keys("Ctrl+C"));
+    manager.resetShortcut(copyClass);
+    QCOMPARE(manager.findShortcut(keys("Ctrl+C")), copyClass);
+    QVERIFY(manager.getShortcut(playClass).isEmpty());
+    manager.resetShortcut(QStringLiteral("Unknown"));
+}
+
+void tst_VxActionMgr::savesOnlyDifferences()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    VxSettings settings;
+    manager.saveShortcuts(&settings);
+    QVERIFY(settings.getKeys().isEmpty());
+    manager.setShortcut(playClass, keys("Ctrl+C"));
+    manager.saveShortcuts(&settings);
+    QCOMPARE(settings.getKeys(), (QStringList{copyClass, playClass}));
+    QVERIFY(settings.getStringValue(copyClass, QStringLiteral("default")).isEmpty());
+    QCOMPARE(settings.getStringValue(playClass), QStringLiteral("Ctrl+C"));
+    manager.resetShortcut(copyClass);
+    manager.saveShortcuts(&settings);
+    QVERIFY(settings.getKeys().isEmpty());
+    manager.saveShortcuts(nullptr);
+}
+
+void tst_VxActionMgr::keepsEntriesOfAbsentClasses()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    VxSettings settings;
+    settings.setStringValue(QStringLiteral("AbsentAction"), QStringLiteral("F9"));
+    manager.restoreShortcuts(&settings);
+    manager.saveShortcuts(&settings);
+    QCOMPARE(settings.getStringValue(QStringLiteral("AbsentAction")), QStringLiteral("F9"));
+}
+
+void tst_VxActionMgr::restoresTheSavedState()
+{
+    VxSettings settings;
+    {
+        VxActionMgr manager;
+        manager.addAction(new CopyAction);
+        manager.addAction(new PlayAction);
+        manager.setShortcut(playClass, keys("Ctrl+C"));
+        manager.saveShortcuts(&settings);
+    }
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
+    manager.restoreShortcuts(&settings);
+    QCOMPARE(changed.size(), 2);
+    QVERIFY(manager.findAction(copyClass)->shortcut().isEmpty());
+    QCOMPARE(manager.findAction(playClass)->shortcut(), keys("Ctrl+C"));
+    manager.restoreShortcuts(nullptr);
+    QCOMPARE(manager.findAction(playClass)->shortcut(), keys("Ctrl+C"));
+}
+
+void tst_VxActionMgr::warnsOfAStoredTextThatIsNoShortcut()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    VxSettings settings;
+    settings.setStringValue(copyClass, QStringLiteral("Ctrl+NoSuchKey"));
+    m_guard->expect(QRegularExpression(QStringLiteral("stored for CopyAction")));
+    manager.restoreShortcuts(&settings);
+    QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
+}
+
+void tst_VxActionMgr::takesCommands()
+{
+    VxActionMgr manager;
+    QAction save;
+    save.setShortcut(keys("Ctrl+S"));
+    QAction plain;
+    QVERIFY(!manager.addCommand(QStringLiteral("Save"), nullptr));
+    QVERIFY(!manager.addCommand(QString(), &save));
+    QVERIFY(manager.addCommand(QStringLiteral("Save"), &save));
+    QVERIFY(!manager.addCommand(QStringLiteral("Save"), &plain));
+    QVERIFY(!manager.addCommand(QStringLiteral("Again"), &save));
+    QVERIFY(manager.addCommand(QStringLiteral("Plain"), &plain));
+    manager.addAction(new CopyAction);
+    QVERIFY(!manager.addCommand(copyClass, &plain));
+
+    QCOMPARE(manager.findCommand(QStringLiteral("Save")), &save);
+    QCOMPARE(manager.findCommand(copyClass), manager.findAction(copyClass));
+    QVERIFY(!manager.findCommand(QStringLiteral("Nobody")));
+    QVERIFY(!manager.findAction(QStringLiteral("Save"))); // no action
+    QCOMPARE(manager.getNumActions(), 1);
+    QCOMPARE(manager.getCommandName(&save), QStringLiteral("Save"));
+    QCOMPARE(manager.getCommandName(manager.findAction(copyClass)), copyClass);
+    const QAction stranger;
+    QCOMPARE(manager.getCommandName(&stranger), QString());
+    QCOMPARE(manager.getCommandName(nullptr), QString());
+    const CopyAction unknown; // of a known class
+    QCOMPARE(manager.getCommandName(&unknown), QString());
+}
+
+void tst_VxActionMgr::commandsShareTheKeys()
+{
+    VxActionMgr manager;
+    QAction save;
+    save.setShortcut(keys("Ctrl+S"));
+    manager.addCommand(QStringLiteral("Save"), &save);
+    manager.addAction(new CopyAction);
+    QCOMPARE(manager.getDefaultShortcut(QStringLiteral("Save")), keys("Ctrl+S"));
+    QCOMPARE(manager.findShortcut(keys("Ctrl+S")), QStringLiteral("Save"));
+    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
+    QVERIFY(manager.setShortcut(copyClass, keys("Ctrl+S")));
+    QCOMPARE(changed.size(), 2);
+    QVERIFY(save.shortcut().isEmpty());
+    QVERIFY(manager.setShortcut(QStringLiteral("Save"), keys("F7")));
+    QCOMPARE(save.shortcut(), keys("F7"));
+    manager.resetAllShortcuts();
+    QCOMPARE(save.shortcut(), keys("Ctrl+S"));
+    QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
+}
+
+void tst_VxActionMgr::commandWantsATakenKey()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    QAction late;
+    late.setShortcut(keys("Ctrl+C"));
+    m_guard->expect(QRegularExpression(QStringLiteral("Ctrl\\+C of Late is taken by CopyAction")));
+    QVERIFY(manager.addCommand(QStringLiteral("Late"), &late));
+    QVERIFY(late.shortcut().isEmpty());
+}
+
+void tst_VxActionMgr::forgetsADeletedCommand()
+{
+    VxActionMgr manager;
+    auto *save = new QAction;
+    save->setShortcut(keys("Ctrl+S"));
+    manager.addCommand(QStringLiteral("Save"), save);
+    delete save;
+    QVERIFY(!manager.findCommand(QStringLiteral("Save")));
+    QCOMPARE(manager.findShortcut(keys("Ctrl+S")), QString());
+    QVERIFY(!manager.setShortcut(QStringLiteral("Save"), keys("F7")));
+    manager.resetAllShortcuts();
+}
+
+void tst_VxActionMgr::savesAndRestoresCommands()
+{
+    VxSettings settings;
+    for (const bool isSecondRun : {false, true}) {
+        VxActionMgr manager;
+        QAction save;
+        save.setShortcut(keys("Ctrl+S"));
+        manager.addCommand(QStringLiteral("Save"), &save);
+        manager.addAction(new CopyAction);
+        if (isSecondRun) {
+            QCOMPARE(manager.restoreShortcuts(&settings), QStringList());
+            QVERIFY(save.shortcut().isEmpty());
+            QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+S"));
+            manager.resetAllShortcuts();
+        } else {
+            manager.setShortcut(copyClass, keys("Ctrl+S"));
+        }
+        manager.saveShortcuts(&settings);
+    }
+    QCOMPARE(settings.getKeys(), QStringList());
+}
+
+void tst_VxActionMgr::storedKeysOfCommands_data()
+{
+    QTest::addColumn<QString>("copy"); // "-" for nothing stored
+    QTest::addColumn<QString>("play");
+    QTest::addColumn<QString>("save");
+    QTest::addColumn<QString>("inForce"); // of Copy, Play and Save
+    QTest::addColumn<QStringList>("refused");
+    const QStringList none;
+    QTest::newRow("nothing") << "-"
+                             << "-"
+                             << "-"
+                             << "Ctrl+C||Ctrl+S" << none;
+    QTest::newRow("a free key") << "F5"
+                                << "-"
+                                << "-"
+                                << "F5||Ctrl+S" << none;
+    QTest::newRow("a command's key") << "Ctrl+S"
+                                     << "-"
+                                     << "-"
+                                     << "Ctrl+C||Ctrl+S" << QStringList{copyClass};
+    QTest::newRow("a key that the command gave up") << "Ctrl+S"
+                                                    << "-"
+                                                    << ""
+                                                    << "Ctrl+S||" << none;
+    QTest::newRow("a key exchanged with the command") << "Ctrl+S"
+                                                      << "-"
+                                                      << "Ctrl+C"
+                                                      << "Ctrl+S||Ctrl+C" << none;
+    QTest::newRow("an action's key") << "-"
+                                     << "Ctrl+C"
+                                     << "-"
+                                     << "|Ctrl+C|Ctrl+S" << none;
+    QTest::newRow("one key twice") << "F5"
+                                   << "F5"
+                                   << "-"
+                                   << "F5||Ctrl+S" << QStringList{playClass};
+    QTest::newRow("the command's key twice")
+        << "Ctrl+S"
+        << "Ctrl+S"
+        << "-"
+        << "Ctrl+C||Ctrl+S" << QStringList{copyClass, playClass};
+}
+
+// What only a file that was written by hand can hold must not leave a key dead.
+void tst_VxActionMgr::storedKeysOfCommands()
+{
+    QFETCH(QString, copy);
+    QFETCH(QString, play);
+    QFETCH(QString, save);
+    QFETCH(QString, inForce);
+    QFETCH(QStringList, refused);
+    VxActionMgr manager;
+    QAction command;
+    command.setShortcut(keys("Ctrl+S"));
+    manager.addCommand(QStringLiteral("Save"), &command);
+    manager.addAction(new CopyAction);
+    manager.addAction(new PlayAction);
+    VxSettings settings;
+    const auto store = [&settings](const QString &name, const QString &text) {
+        if (text != QLatin1String("-"))
+            settings.setStringValue(name, text);
+    };
+    store(copyClass, copy);
+    store(playClass, play);
+    store(QStringLiteral("Save"), save);
+    settings.setStringValue(QStringLiteral("AbsentAction"), QStringLiteral("Ctrl+S"));
+    QCOMPARE(manager.restoreShortcuts(&settings), refused);
+    QStringList found;
+    for (const QString &name : {copyClass, playClass, QStringLiteral("Save")})
+        found.append(manager.findCommand(name)->shortcut().toString(QKeySequence::PortableText));
+    QCOMPARE(found.join(QLatin1Char('|')), inForce);
+}
+
+void tst_VxActionMgr::groupParts_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "";
+    QTest::newRow("a pane") << "Pane::"
+                            << "Pane::"
+                            << "";
+    QTest::newRow("a path") << "/Preferences/View Mode"
+                            << ""
+                            << "Preferences/View Mode";
+    QTest::newRow("both") << "Pane::/Preferences"
+                          << "Pane::"
+                          << "Preferences";
+}
+
+void tst_VxActionMgr::groupParts()
+{
+    QFETCH(QString, group);
+    QTEST(VxMenuBarFiller::groupName(group), "name");
+    QTEST(VxMenuBarFiller::groupPath(group), "path");
+}
+
+void tst_VxActionMgr::fillsAMenuBar()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    m_guard->expect(QRegularExpression(QStringLiteral("taken by CopyAction")));
+    manager.addAction(new ClearAction);
+    manager.addAction(new PlayAction);
+    m_guard->expect(QRegularExpression(QStringLiteral("NoSuchKey")));
+    manager.addAction(new PasteAction);
+    manager.addAction(new AbstractAction);
+    QMenuBar menuBar;
+    manager.populateMenuBar(&menuBar);
+    QCOMPARE(shown(&menuBar), QStringLiteral("Edit> Animation>"));
+    QCOMPARE(shown(subMenu(&menuBar, "Edit")), QStringLiteral("Copy Paste - Clear"));
+    const QMenu *animation = subMenu(&menuBar, "Animation");
+    QCOMPARE(shown(animation), QStringLiteral("Time>"));
+    QCOMPARE(shown(subMenu(subMenu(animation, "Time"), "Playback")), QStringLiteral("Play"));
+    manager.populateMenuBar(nullptr);
+}
+
+void tst_VxActionMgr::extendsExistingMenusOnce()
+{
+    VxActionMgr manager;
+    manager.addAction(new CopyAction);
+    QMenuBar menuBar;
+    menuBar.addMenu(QStringLiteral("&Edit"))->addAction(QStringLiteral("Undo"));
+    manager.populateMenuBar(&menuBar);
+    manager.populateMenuBar(&menuBar);
+    QCOMPARE(shown(&menuBar), QStringLiteral("&Edit>"));
+    QCOMPARE(shown(subMenu(&menuBar, "&Edit")), QStringLiteral("Undo - Copy"));
+}
+
+void tst_VxActionMgr::menuOrderAndSections()
+{
+    std::vector<std::unique_ptr<VxAction>> owned;
+    const auto ordered = [&owned](std::initializer_list<int> orders) {
+        QVector<VxAction *> actions;
+        for (const int order : orders) {
+            owned.push_back(std::make_unique<OrderedAction>(order));
+            actions.append(owned.back().get());
+        }
+        return actions;
+    };
+    QMenuBar menuBar;
+    QVector<VxAction *> actions = ordered({310, 201, 200, 305});
+    ClearAction other;
+    actions.prepend(&other);
+    VxMenuBarFiller(&menuBar).addActions(actions);
+    const QMenu *edit = subMenu(&menuBar, "Edit");
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310"));
+    // What comes later goes to the end of its group.
+    VxMenuBarFiller(&menuBar).addActions(ordered({-1, 399, 100}));
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310 - 100 - 399 - More>"));
+    // A folder stands at the place of what it holds, and is made once.
+    VxMenuBarFiller(&menuBar).addActions(ordered({600, 501, 500, 400}));
+    VxMenuBarFiller(&menuBar).addActions(ordered({502}));
+    QCOMPARE(shown(edit), QStringLiteral("Clear - 200 201 - 305 310 - 100 - 399 - 400 - Folder> - "
+                                         "600 - More>"));
+    QCOMPARE(shown(subMenu(edit, "Folder")), QStringLiteral("500 501 502"));
+}
+
+VX_TEST_MAIN(tst_VxActionMgr)
+#include "tst_vxactionmgr.moc"

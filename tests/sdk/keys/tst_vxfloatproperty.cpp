@@ -1,0 +1,586 @@
+// Float and int properties: values, keys, and what stands between a property and its keys
+// (aliases, overriding controls, links, locks).
+
+#include "testing/vxtestmain.h"
+
+#include <QtTest/QtTest>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <testing/vxwarningguard.h>
+#include <vxcore/vxboolproperty.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstringproperty.h>
+#include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
+
+using Change = std::function<void(VxFloatProperty &)>;
+Q_DECLARE_METATYPE(Change)
+
+class TestFloatProperty : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_guard = std::make_unique<VxWarningGuard>(); }
+    void cleanup() { m_guard.reset(); }
+
+    void storedValueHoldsWithoutKeys();
+    void settingAValueMakesAKeyAtTheCurrentTime();
+    void newKeyTakesTheShapeOfTheKeyBefore();
+    void replacedKeyKeepsItsShape();
+    void withoutAnimatingOnlyKeysThereAreChanged();
+    void notAnimatableTakesValuesButNoKeys();
+    void keysInTimeOrder();
+    void deleteKeysWithinARange_data();
+    void deleteKeysWithinARange();
+    void deleteKeysByIndex();
+    void badArgumentsAreRefused();
+    void lockedRefusesEverything();
+    void clampedLimitsWhatIsSet();
+    void traitsAreToldWhenTheyChange_data();
+    void traitsAreToldWhenTheyChange();
+    void aliasSharesTheKeysOfItsProperty();
+    void aliasKeepsTheLimitsOfItsProperty();
+    void aliasMakesNoKeysWhereItsPropertyTakesNone();
+    void aliasMayNotCloseACircle();
+    void aliasOfADestroyedPropertyStandsForItself();
+    void overridingControlComesBeforeAnAlias();
+    void openLinkReplacesTheValue();
+    void terminalLinkAddsToTheValue();
+    void dependentPropertiesReportChanges();
+    void aliasAndLinkAreUndone();
+    void longChainOfAliasesEndsAfterAHundredSteps();
+    void shiftKeysStopsAtTheEndsOfTime();
+    void intKeysAlwaysHold();
+    void intValuesRoundToTheNearest();
+    void boolIsZeroOrOne();
+    void stringHasNoKeys();
+    void manyValuesEqualSingleOnes();
+    void keyMemoryIsSmall();
+
+private:
+    std::unique_ptr<VxWarningGuard> m_guard;
+};
+
+void TestFloatProperty::storedValueHoldsWithoutKeys()
+{
+    VxFloatProperty x(QStringLiteral("X"), 2.5f);
+    QCOMPARE(x.getValue(VxTimeMin), 2.5f);
+    QCOMPARE(x.getValue(VxTimeMax), 2.5f);
+    QSignalSpy spy(&x, &VxProperty::valueChanged);
+    QVERIFY(x.setStoredValue(4.0f));
+    QCOMPARE(x.getValue(0), 4.0f);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.first().first().value<VxTimeRange>(), VxTimeRange::all());
+    QCOMPARE(x.getDefaultValue(), 2.5f);
+    QCOMPARE(x.getKeyTimes(), nullptr);
+    QCOMPARE(x.getFirstKeyFrom(0), 0);
+}
+
+void TestFloatProperty::settingAValueMakesAKeyAtTheCurrentTime()
+{
+    VxScene scene;
+    scene.setTime(480);
+    VxFloatProperty x(QStringLiteral("X"));
+    QVERIFY(x.setValue(7.0f));
+    QCOMPARE(x.getNumKeys(), 1);
+    QCOMPARE(x.getKeyTime(0), 480);
+    QCOMPARE(x.getKeyInterpolationType(0), 0);
+    QVERIFY(x.setValue(8.0f));
+    QCOMPARE(x.getNumKeys(), 1);
+    QCOMPARE(x.getValue(), 8.0f);
+}
+
+void TestFloatProperty::newKeyTakesTheShapeOfTheKeyBefore()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setDefaultInterpolation(1);
+    x.setValue(100, 1.0f);
+    QCOMPARE(x.getKeyInterpolationType(0), 1);
+    x.setKey(200, 2.0f, 2, 0.5f, 0.25f, -0.5f);
+    x.setValue(300, 3.0f);
+    float t = 0, c = 0, b = 0;
+    QCOMPARE(x.getKeyInterpolationType(2, &t, &c, &b), 2);
+    QCOMPARE(t, 0.5f);
+    QCOMPARE(c, 0.25f);
+    QCOMPARE(b, -0.5f);
+    x.setValue(50, 0.0f);
+    QCOMPARE(x.getKeyInterpolationType(0), 1);
+}
+
+void TestFloatProperty::replacedKeyKeepsItsShape()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setKey(200, 2.0f, 2, 0.5f);
+    x.setValue(200, 9.0f);
+    float t = 0;
+    QCOMPARE(x.getKeyInterpolationType(0, &t), 2);
+    QCOMPARE(t, 0.5f);
+    QCOMPARE(x.getKeyValue(0), 9.0f);
+}
+
+void TestFloatProperty::withoutAnimatingOnlyKeysThereAreChanged()
+{
+    VxScene scene;
+    scene.setAnimating(false);
+    VxFloatProperty x(QStringLiteral("X"));
+    QVERIFY(x.setValue(5.0f));
+    QCOMPARE(x.getNumKeys(), 0);
+    QCOMPARE(x.getStoredValue(), 5.0f);
+    x.setKey(160, 1.0f, 0);
+    QVERIFY(x.setValue(160, 2.0f));
+    QVERIFY(!x.setValue(320, 3.0f));
+    QCOMPARE(x.getNumKeys(), 1);
+    QCOMPARE(x.getKeyValue(0), 2.0f);
+}
+
+void TestFloatProperty::notAnimatableTakesValuesButNoKeys()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setAnimatable(false);
+    QVERIFY(!x.canBeKeyed());
+    QVERIFY(x.setValue(100, 5.0f));
+    QCOMPARE(x.getNumKeys(), 0);
+    QVERIFY(!x.setKey(100, 5.0f, 0));
+}
+
+void TestFloatProperty::keysInTimeOrder()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    for (const VxTime time : {300, -100, 0, VxTimeMax, 200, VxTimeMin})
+        x.setKey(time, 1.0f, 0);
+    QVector<VxTime> times(x.getKeyTimes(), x.getKeyTimes() + x.getNumKeys());
+    QCOMPARE(times, (QVector<VxTime>{VxTimeMin, -100, 0, 200, 300, VxTimeMax}));
+    QCOMPARE(x.findKey(200), 3);
+    QCOMPARE(x.findKey(201), -1);
+    QCOMPARE(x.getFirstKeyFrom(201), 4);
+    int index = -1;
+    QVERIFY(x.hasKey(300, &index));
+    QCOMPARE(index, 4);
+    QVERIFY(!x.hasKey(301, &index));
+    QCOMPARE(index, 4);
+    QCOMPARE(x.getKeyTime(-1), 0);
+    QCOMPARE(x.getKeyTime(6), 0);
+    QCOMPARE(x.getKeyValue(6), 0.0f);
+    QCOMPARE(x.getKeyInterpolationType(6), 0);
+}
+
+void TestFloatProperty::deleteKeysWithinARange_data()
+{
+    QTest::addColumn<VxTimeRange>("range");
+    QTest::addColumn<int>("deleted");
+    QTest::newRow("both ends count") << VxTimeRange(100, 300) << 3;
+    QTest::newRow("one point in time") << VxTimeRange(200, 200) << 1;
+    QTest::newRow("between keys") << VxTimeRange(101, 199) << 0;
+    QTest::newRow("end before start") << VxTimeRange(300, 100) << 0;
+    QTest::newRow("everything") << VxTimeRange::all() << 4;
+}
+
+void TestFloatProperty::deleteKeysWithinARange()
+{
+    QFETCH(VxTimeRange, range);
+    VxFloatProperty x(QStringLiteral("X"));
+    for (const VxTime time : {100, 200, 300, 400})
+        x.setKey(time, 1.0f, 0);
+    QTEST(x.deleteKeys(range), "deleted");
+    QFETCH(int, deleted);
+    QCOMPARE(x.getNumKeys(), 4 - deleted);
+}
+
+void TestFloatProperty::deleteKeysByIndex()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    for (const VxTime time : {100, 200, 300, 400, 500})
+        x.setKey(time, 1.0f, 0);
+    QCOMPARE(x.deleteKeys(QVector<int>{0, 2}), 2);
+    QCOMPARE(x.getKeyTime(0), 200);
+    QCOMPARE(x.deleteKeys(2, 99), 1);
+    QCOMPARE(x.deleteKeys(-5, 0), 1);
+    QCOMPARE(x.getNumKeys(), 1);
+    QCOMPARE(x.deleteKeys(1, 0), 0);
+    QCOMPARE(x.deleteAllKeys(), 1);
+    QCOMPARE(x.deleteAllKeys(), 0);
+}
+
+void TestFloatProperty::badArgumentsAreRefused()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float infinite = std::numeric_limits<float>::infinity();
+    QVERIFY(!x.setValue(0, nan));
+    QVERIFY(!x.setKey(0, infinite, 0));
+    QVERIFY(!x.setKey(0, 1.0f, 3));
+    QVERIFY(!x.setKey(0, 1.0f, -1));
+    QVERIFY(!x.setKey(0, 1.0f, 2, nan));
+    QVERIFY(!x.setStoredValue(nan));
+    const VxTime backwards[] = {100, 50};
+    const VxTime twice[] = {100, 100};
+    const float values[] = {1.0f, 2.0f};
+    QVERIFY(!x.setKeys({backwards, values, nullptr, nullptr, 2}));
+    QVERIFY(!x.setKeys({twice, values, nullptr, nullptr, 2}));
+    x.setKey(0, 1.0f, 0);
+    x.setKey(10, 1.0f, 0);
+    QVERIFY(!x.moveKeys({0, 1}, {5, 5}));
+    QVERIFY(!x.moveKeys({1, 0}, {5, 6}));
+    QVERIFY(!x.moveKeys({0}, {5, 6}));
+    QVERIFY(!x.moveKeys({2}, {5}));
+    QVERIFY(!x.setKeyValue(2, 1.0f));
+    QVERIFY(!x.setKeyInterpolation(0, 7));
+    QCOMPARE(x.deleteKeys(QVector<int>{1, 0}), 0);
+    QCOMPARE(x.getNumKeys(), 2);
+}
+
+void TestFloatProperty::lockedRefusesEverything()
+{
+    VxFloatProperty x(QStringLiteral("X"), 1.0f);
+    x.setKey(0, 1.0f, 0);
+    x.setLocked(true);
+    QSignalSpy spy(&x, &VxProperty::valueChanged);
+    QVERIFY(!x.setValue(0, 2.0f));
+    QVERIFY(!x.setStoredValue(2.0f));
+    QVERIFY(!x.setKey(10, 2.0f, 0));
+    QVERIFY(!x.setKeyValue(0, 2.0f));
+    QVERIFY(!x.setKeyInterpolation(0, 2));
+    QVERIFY(!x.moveKeys({0}, {10}));
+    QVERIFY(!x.shiftKeys(VxTimeRange::all(), 10));
+    QCOMPARE(x.deleteAllKeys(), 0);
+    QCOMPARE(spy.count(), 0);
+    QCOMPARE(x.getNumKeys(), 1);
+}
+
+void TestFloatProperty::clampedLimitsWhatIsSet()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setMinMax(0.0f, 1.0f, false);
+    x.setValue(0, 5.0f);
+    QCOMPARE(x.getValue(0), 5.0f);
+    x.setMinMax(1.0f, 0.0f, true);
+    QCOMPARE(x.getMax(), 1.0f);
+    x.setValue(0, 5.0f);
+    QCOMPARE(x.getValue(0), 1.0f);
+    x.setKeyValue(0, -3.0f);
+    QCOMPARE(x.getValue(0), 0.0f);
+}
+
+void TestFloatProperty::traitsAreToldWhenTheyChange_data()
+{
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
+    row("label", [](VxFloatProperty &x) { x.setLabel(QStringLiteral("Y")); });
+    row("hidden", [](VxFloatProperty &x) { x.setHidden(true); });
+    row("hidden at present", [](VxFloatProperty &x) { x.setDynamicallyHidden(true); });
+    row("locked", [](VxFloatProperty &x) { x.setLocked(true); });
+    row("not animatable", [](VxFloatProperty &x) { x.setAnimatable(false); });
+    row("excluded", [](VxFloatProperty &x) { x.setExcluded(true); });
+    row("percentage", [](VxFloatProperty &x) { x.setPercentage(true); });
+}
+
+void TestFloatProperty::traitsAreToldWhenTheyChange()
+{
+    QFETCH(Change, change);
+    VxFloatProperty x(QStringLiteral("X"));
+    QSignalSpy told(&x, &VxProperty::traitsChanged);
+    change(x);
+    QCOMPARE(told.count(), 1);
+    change(x);
+    QCOMPARE(told.count(), 1);
+}
+
+void TestFloatProperty::aliasSharesTheKeysOfItsProperty()
+{
+    VxFloatProperty source(QStringLiteral("Source")), alias(QStringLiteral("Alias"));
+    source.setKey(100, 4.0f, 0);
+    QVERIFY(alias.setAliasedProperty(&source));
+    QVERIFY(alias.isAlias());
+    QCOMPARE(alias.getAliasedProperty(), &source);
+    QCOMPARE(alias.getKeyHolder(), &source);
+    QCOMPARE(alias.getNumKeys(), 1);
+    QCOMPARE(alias.getValue(100), 4.0f);
+    QVERIFY(alias.setValue(200, 6.0f));
+    QCOMPARE(source.getNumKeys(), 2);
+    QCOMPARE(alias.deleteAllKeys(), 2);
+    QCOMPARE(source.getNumKeys(), 0);
+    source.setLocked(true);
+    QVERIFY(!alias.setValue(0, 1.0f));
+    QVERIFY(alias.setAliasedProperty(nullptr));
+    QCOMPARE(alias.getKeyHolder(), &alias);
+}
+
+void TestFloatProperty::aliasKeepsTheLimitsOfItsProperty()
+{
+    VxFloatProperty source(QStringLiteral("Source")), alias(QStringLiteral("Alias"));
+    source.setMinMax(0.0f, 1.0f, true);
+    alias.setMinMax(0.0f, 0.5f, true);
+    QVERIFY(alias.setAliasedProperty(&source));
+    QVERIFY(alias.setStoredValue(5.0f));
+    QCOMPARE(source.getStoredValue(), 1.0f);
+    QVERIFY(alias.setKey(0, 5.0f, VxKeyInterp::Linear));
+    QCOMPARE(source.getKeyValue(0), 1.0f);
+    QVERIFY(alias.setKeyValue(0, -5.0f));
+    QCOMPARE(source.getKeyValue(0), 0.0f);
+    QVERIFY(alias.setValue(0, 5.0f));
+    QCOMPARE(source.getKeyValue(0), 1.0f);
+
+    VxIntProperty whole(QStringLiteral("Whole")), other(QStringLiteral("Other"));
+    whole.setMinMax(0, 3, true);
+    QVERIFY(other.setAliasedProperty(&whole));
+    QVERIFY(other.setStoredValue(9));
+    QCOMPARE(whole.getStoredValue(), 3);
+    QVERIFY(other.setKey(0, 9));
+    QCOMPARE(whole.getKeyValue(0), 3);
+    QVERIFY(other.setKeyValue(0, -9));
+    QCOMPARE(whole.getKeyValue(0), 0);
+}
+
+void TestFloatProperty::aliasMakesNoKeysWhereItsPropertyTakesNone()
+{
+    const VxTime time = 0;
+    const float value = 1.0f;
+    const int number = 1;
+    const VxKeyColumns<float> keys{&time, &value, nullptr, nullptr, 1};
+    const VxKeyColumns<qint32> numbers{&time, &number, nullptr, nullptr, 1};
+    VxFloatProperty source(QStringLiteral("Source")), alias(QStringLiteral("Alias"));
+    QVERIFY(alias.setAliasedProperty(&source));
+    VxIntProperty whole(QStringLiteral("Whole")), other(QStringLiteral("Other"));
+    QVERIFY(other.setAliasedProperty(&whole));
+    const QVector<VxProperty *> refusing = {&source, &whole, &alias, &other};
+    for (int i = 0; i < refusing.size(); i += 2) {
+        refusing.at(i)->setAnimatable(false);
+        refusing.at(i + 1)->setAnimatable(false);
+        QVERIFY(!alias.setKey(0, 1.0f, VxKeyInterp::Linear));
+        QVERIFY(!alias.setKeys(keys));
+        QVERIFY(!alias.replaceKeys(VxTimeRange::all(), keys));
+        QVERIFY(!other.setKey(0, 1));
+        QVERIFY(!other.setKeys(numbers));
+        QVERIFY(!other.replaceKeys(VxTimeRange::all(), numbers));
+        refusing.at(i)->setAnimatable(true);
+        refusing.at(i + 1)->setAnimatable(true);
+    }
+    QCOMPARE(source.getNumKeys() + whole.getNumKeys(), 0);
+    QVERIFY(alias.setKeys(keys));
+    QVERIFY(other.setKeys(numbers));
+}
+
+void TestFloatProperty::aliasMayNotCloseACircle()
+{
+    VxFloatProperty a(QStringLiteral("A")), b(QStringLiteral("B")), c(QStringLiteral("C"));
+    VxIntProperty n(QStringLiteral("N"));
+    QVERIFY(!a.setAliasedProperty(&a));
+    QVERIFY(!a.setAliasedProperty(&n));
+    QVERIFY(a.setAliasedProperty(&b));
+    QVERIFY(b.setLink(&c));
+    QVERIFY(!c.setAliasedProperty(&a));
+    QVERIFY(!c.setOverridingControl(&b));
+    QVERIFY(!c.setLink(&a));
+    QVERIFY(!c.isAlias());
+    QVERIFY(!c.isLinked());
+}
+
+void TestFloatProperty::aliasOfADestroyedPropertyStandsForItself()
+{
+    VxFloatProperty alias(QStringLiteral("Alias"), 3.0f);
+    {
+        VxFloatProperty source(QStringLiteral("Source"), 9.0f);
+        alias.setAliasedProperty(&source);
+        QCOMPARE(alias.getValue(0), 9.0f);
+    }
+    QVERIFY(!alias.isAlias());
+    QCOMPARE(alias.getValue(0), 3.0f);
+    QVERIFY(alias.setValue(0, 1.0f));
+    QCOMPARE(alias.getNumKeys(), 1);
+}
+
+void TestFloatProperty::overridingControlComesBeforeAnAlias()
+{
+    VxFloatProperty x(QStringLiteral("X"), 1.0f), source(QStringLiteral("S"), 2.0f),
+        control(QStringLiteral("C"), 3.0f);
+    x.setAliasedProperty(&source);
+    x.setOverridingControl(&control);
+    QCOMPARE(x.getValue(0), 3.0f);
+    QCOMPARE(x.getKeyHolder(), &control);
+    x.setOverridingControl(nullptr);
+    QCOMPARE(x.getValue(0), 2.0f);
+}
+
+void TestFloatProperty::openLinkReplacesTheValue()
+{
+    VxFloatProperty x(QStringLiteral("X"), 1.0f), driver(QStringLiteral("D"));
+    driver.setKey(0, 0.0f, 0);
+    driver.setKey(100, 10.0f, 0);
+    QVERIFY(x.setLink(&driver, false, 2.0, 0.5));
+    QCOMPARE(x.getValue(50), 10.5f);
+    QCOMPARE(x.getLinkedProperty(), &driver);
+    QVERIFY(!x.isLinkTerminal());
+    QVERIFY(!x.setValue(50, 3.0f));
+    QCOMPARE(x.getNumKeys(), 0);
+    float values[3] = {};
+    const VxTime times[] = {0, 50, 100};
+    x.getValues(times, 3, values);
+    QCOMPARE(values[0], 0.5f);
+    QCOMPARE(values[2], 20.5f);
+    QVERIFY(x.setLink(nullptr));
+    QCOMPARE(x.getValue(50), 1.0f);
+}
+
+void TestFloatProperty::terminalLinkAddsToTheValue()
+{
+    VxFloatProperty x(QStringLiteral("X"), 1.0f), driver(QStringLiteral("D"), 10.0f);
+    QVERIFY(x.setLink(&driver, true, 0.5));
+    QVERIFY(x.isLinkTerminal());
+    QCOMPARE(x.getValue(0), 6.0f);
+    QVERIFY(x.setValue(0, 3.0f));
+    QCOMPARE(x.getValue(0), 8.0f);
+    QCOMPARE(x.getKeyValue(0), 3.0f);
+}
+
+void TestFloatProperty::dependentPropertiesReportChanges()
+{
+    VxFloatProperty source(QStringLiteral("S")), alias(QStringLiteral("A")),
+        linked(QStringLiteral("L"));
+    alias.setAliasedProperty(&source);
+    linked.setLink(&alias);
+    QSignalSpy aliasSpy(&alias, &VxProperty::valueChanged);
+    QSignalSpy linkedSpy(&linked, &VxProperty::valueChanged);
+    source.setKey(320, 1.0f, 0);
+    QCOMPARE(aliasSpy.count(), 1);
+    QCOMPARE(linkedSpy.count(), 1);
+    QCOMPARE(linkedSpy.first().first().value<VxTimeRange>(), VxTimeRange(320, 320));
+    linked.setLink(nullptr);
+    linkedSpy.clear();
+    source.setKey(480, 1.0f, 0);
+    QCOMPARE(linkedSpy.count(), 0);
+}
+
+void TestFloatProperty::aliasAndLinkAreUndone()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X")), y(QStringLiteral("Y"));
+    VxUndoStackHold hold;
+    x.setAliasedProperty(&y);
+    hold.accept(QStringLiteral("Alias"));
+    VxUndoStackHold second;
+    x.setAliasedProperty(nullptr);
+    x.setLink(&y, true, 2.0, 1.0);
+    second.accept(QStringLiteral("Link"));
+    stack.undo();
+    QVERIFY(x.isAlias());
+    QVERIFY(!x.isLinked());
+    stack.undo();
+    QVERIFY(!x.isAlias());
+    stack.redo();
+    stack.redo();
+    QVERIFY(!x.isAlias());
+    QVERIFY(x.isLinkTerminal());
+    QCOMPARE(x.getLinkFactor(), 2.0);
+    QCOMPARE(x.getLinkOffset(), 1.0);
+}
+
+void TestFloatProperty::longChainOfAliasesEndsAfterAHundredSteps()
+{
+    std::vector<std::unique_ptr<VxFloatProperty>> chain;
+    for (int i = 0; i < 150; ++i) {
+        chain.push_back(std::make_unique<VxFloatProperty>(QString::number(i)));
+        if (i > 0)
+            QVERIFY(chain[size_t(i)]->setAliasedProperty(chain[size_t(i) - 1].get()));
+    }
+    QCOMPARE(chain[100]->getKeyHolder(), chain[0].get());
+    QCOMPARE(chain[149]->getKeyHolder(), chain[49].get());
+    while (!chain.empty())
+        chain.pop_back();
+}
+
+void TestFloatProperty::shiftKeysStopsAtTheEndsOfTime()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setKey(0, 1.0f, 0);
+    x.setKey(VxTimeMax - 5, 2.0f, 0);
+    QVERIFY(x.shiftKeys(VxTimeRange::all(), 100));
+    QCOMPARE(x.getKeyTime(0), 5);
+    QCOMPARE(x.getKeyTime(1), VxTimeMax);
+    QVERIFY(x.shiftKeys(VxTimeRange(0, 10), -5));
+    QCOMPARE(x.getKeyTime(0), 0);
+}
+
+void TestFloatProperty::intKeysAlwaysHold()
+{
+    VxIntProperty n(QStringLiteral("N"), 5);
+    n.setKey(0, 1);
+    n.setKey(100, 3);
+    QCOMPARE(n.getValue(-1), 1);
+    QCOMPARE(n.getValue(99), 1);
+    QCOMPARE(n.getValue(100), 3);
+    float tension = 1.0f;
+    QCOMPARE(n.getKeyInterpolationType(0, &tension), 1);
+    QCOMPARE(tension, 0.0f);
+    QCOMPARE(n.getKeys().types, nullptr);
+}
+
+void TestFloatProperty::intValuesRoundToTheNearest()
+{
+    VxIntProperty n(QStringLiteral("N"));
+    QVERIFY(n.setDoubleValue(0, 2.5));
+    QCOMPARE(n.getValue(0), 3);
+    QVERIFY(n.setDoubleValue(0, -2.5));
+    QCOMPARE(n.getValue(0), -3);
+    QVERIFY(n.setDoubleValue(0, 1e12));
+    QCOMPARE(n.getValue(0), std::numeric_limits<int>::max());
+    QVERIFY(!n.setDoubleValue(0, std::nan("")));
+}
+
+void TestFloatProperty::boolIsZeroOrOne()
+{
+    VxBoolProperty b(QStringLiteral("B"), true);
+    QCOMPARE(b.getValue(0), 1);
+    b.setValue(0, 5);
+    QCOMPARE(b.getValue(0), 1);
+    b.setValue(0, -5);
+    QVERIFY(!b.getBoolValue(0));
+}
+
+void TestFloatProperty::stringHasNoKeys()
+{
+    VxUndoStack stack;
+    VxStringProperty s(QStringLiteral("S"), QStringLiteral("one"));
+    QVERIFY(!s.canBeKeyed());
+    QCOMPARE(s.getNumKeys(), 0);
+    QCOMPARE(s.deleteKeys(VxTimeRange::all()), 0);
+    VxUndoStackHold hold;
+    QVERIFY(s.setValue(QStringLiteral("two")));
+    hold.accept(QStringLiteral("Note"));
+    stack.undo();
+    QCOMPARE(s.getValue(), QStringLiteral("one"));
+    s.setLocked(true);
+    QVERIFY(!s.setValue(QStringLiteral("three")));
+}
+
+void TestFloatProperty::manyValuesEqualSingleOnes()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setKey(0, 0.0f, 2);
+    x.setKey(100, 10.0f, 0);
+    x.setKey(150, -4.0f, 1);
+    x.setKey(400, 2.0f, 2);
+    QVector<VxTime> times;
+    for (VxTime time = -50; time < 500; time += 3)
+        times.append(time);
+    QVector<float> values(times.size());
+    x.getValues(times.constData(), times.size(), values.data());
+    for (int i = 0; i < times.size(); ++i)
+        QCOMPARE(values.at(i), x.getValue(times.at(i)));
+}
+
+void TestFloatProperty::keyMemoryIsSmall()
+{
+    VxFloatProperty x(QStringLiteral("X"));
+    QVector<VxTime> times;
+    for (int i = 0; i < 3000; ++i)
+        times.append(i * 160);
+    const QVector<float> values(times.size(), 1.0f);
+    QVERIFY(x.setKeys({times.constData(), values.constData(), nullptr, nullptr, times.size()}));
+    QVERIFY2(x.getKeyMemory() <= 3000 * 16, qPrintable(QString::number(x.getKeyMemory())));
+}
+
+VX_TEST_MAIN(TestFloatProperty)
+#include "tst_vxfloatproperty.moc"

@@ -1,0 +1,622 @@
+// Gestures in the Parameters pane that meet something on the way: the edge of the screen, a key, a
+// command of somebody else.
+
+#include "parameterspanetestbase.h"
+#include "testing/vxtestmain.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCursor>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QScrollBar>
+#include <vxcore/vxundostackhold.h>
+
+class TestParametersGestures : public ParametersPaneTestBase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void aDragGoesOnBeyondTheScreen();
+    void escapePutsBackExactly_data();
+    void escapePutsBackExactly();
+    void movesAfterEscapeMeanNothing();
+    void otherKeysMeanNothingInADrag();
+    void modifiersMayComeFirst();
+    void aClickWithAModifierSelects();
+    void anUndoInADragWaits();
+    void aNodeIsRemovedInADrag();
+    void aPropertyIsRemovedInADrag();
+    void playbackInADrag();
+    void thePaneIsHiddenInADrag();
+    void theFocusIsLostInADrag();
+    void anotherNodeIsSelectedInADrag();
+    void theOtherButtonInADrag();
+    void aDragThatIsRefusedSaysWhy();
+
+    void valuesBeyondTheLimitsAreCutOffWithAWord();
+    void unreadableTextKeepsTheFieldOpen();
+    void unreadableTextThatIsLeftSaysSo();
+    void foreignLettersAreRefusedWithAWord();
+    void aPressElsewhereKeepsTheWord();
+    void theKeyMarkAfterTypingKeepsTheKey();
+    void aNodeIsRemovedWhileAValueIsTyped();
+    void allDigitsAreShownInTheField();
+    void enterOpensAndClosesGroups();
+    void theMenuKeySetsAKey();
+    void severalRowsAreCopiedAndPasted();
+    void theListCopiesBeforeTheProgramDoes();
+    void pastingWhatDoesNotFitSaysSo();
+    void aShortListInBetweenKeepsThePlace();
+    void columnsFitTheWidth();
+
+private:
+    struct Begun
+    {
+        VxMouseDriver mouse;
+        QPoint from;
+        void to(int pixels, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+        {
+            mouse.moveTo(from + QPoint(20 + pixels, 0), modifiers);
+        }
+        void end(int pixels) { mouse.release(from + QPoint(20 + pixels, 0)); }
+    };
+    Begun begin(const VxProperty *property);
+    VxUndoStack *stack() const { return vxApp->getUndoStack(); }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), modifiers);
+    }
+};
+
+/// Pressed and moved as far as it takes to be a drag.
+TestParametersGestures::Begun TestParametersGestures::begin(const VxProperty *property)
+{
+    Begun begun = {VxMouseDriver(port()), middle(property, Model::ValueColumn)};
+    begun.mouse.press(begun.from);
+    begun.to(0);
+    return begun;
+}
+
+void TestParametersGestures::aDragGoesOnBeyondTheScreen()
+{
+    const QRect screen = m_pane->screen()->geometry();
+    const QPoint from = port()->mapToGlobal(middle(x(), Model::ValueColumn));
+    const auto place = [this](const QPoint &global) { return port()->mapFromGlobal(global); };
+    VxMouseDriver mouse(port());
+    mouse.press(place(from));
+    mouse.moveTo(place(from + QPoint(20, 0)));
+    const QPoint edge(screen.right(), from.y());
+    mouse.moveTo(place(edge));
+    const int travelled = edge.x() - from.x() - 20;
+    QCOMPARE(x()->getValue(), float(travelled / 2));
+    // The pointer was sent to the other side, and the hand goes on from there.
+    const QPoint other = QCursor::pos();
+    QVERIFY2(other.x() < screen.left() + 10, qPrintable(QString::number(other.x())));
+    QCOMPARE(other.y(), from.y());
+    mouse.moveTo(place(other));
+    QCOMPARE(x()->getValue(), float(travelled / 2));
+    mouse.moveTo(place(other + QPoint(100, 0)));
+    QCOMPARE(x()->getValue(), float((travelled + 100) / 2));
+    mouse.release(place(other + QPoint(100, 0)));
+    QCOMPARE(stack()->count(), 1);
+    stack()->undo();
+    QCOMPARE(x()->getNumKeys(), 0);
+}
+
+void TestParametersGestures::escapePutsBackExactly_data()
+{
+    QTest::addColumn<int>("keyed"); // bits: keys around, a key here
+    QTest::addColumn<bool>("animating");
+    QTest::newRow("no keys, a key would come") << 0 << true;
+    QTest::newRow("no keys, the value itself changes") << 0 << false;
+    QTest::newRow("between keys") << 1 << true;
+    QTest::newRow("on a key") << 3 << true;
+    QTest::newRow("on a key that alone can change") << 3 << false;
+}
+
+void TestParametersGestures::escapePutsBackExactly()
+{
+    QFETCH(int, keyed);
+    QFETCH(bool, animating);
+    vxScene->setTime(480);
+    x()->setStoredValue(0.1f);
+    if (keyed & 1) {
+        x()->setKey(0, 1.3f, 2, 0.5f, 0.25f, -0.5f);
+        x()->setKey(960, 2.7f, 0);
+    }
+    if (keyed & 2)
+        x()->setKey(480, 9.1f, 2, 0.1f, 0.2f, 0.3f);
+    vxScene->setAnimating(animating);
+    const int keys = x()->getNumKeys();
+    const float value = x()->getValue(480);
+    Begun hand = begin(x());
+    hand.to(81);
+    hand.to(-30);
+    hand.to(57);
+    QVERIFY(x()->getValue(480) != value);
+    press(Qt::Key_Escape);
+    hand.end(60);
+    QCOMPARE(x()->getNumKeys(), keys);
+    QVERIFY(x()->getValue(480) == value); // to the last bit
+    QVERIFY(x()->getStoredValue() == 0.1f);
+    if (keyed & 2) {
+        float tension = 0, continuity = 0, bias = 0;
+        QCOMPARE(x()->getKeyInterpolationType(1, &tension, &continuity, &bias), 2);
+        QVERIFY(tension == 0.1f && continuity == 0.2f && bias == 0.3f);
+    }
+    QCOMPARE(stack()->count(), 0);
+    QVERIFY(!stack()->isRecording());
+}
+
+void TestParametersGestures::movesAfterEscapeMeanNothing()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    press(Qt::Key_Escape);
+    hand.mouse.moveTo(middle(hip()->getXRotControl(), Model::ValueColumn));
+    hand.mouse.moveTo(middle(hip()->getZRotControl(), Model::ValueColumn));
+    QCOMPARE(view()->selectionModel()->selectedRows().size(), 1); // no rows are swept over
+    hand.mouse.release(middle(hip()->getZRotControl(), Model::ValueColumn));
+    QVERIFY(!field());
+    QCOMPARE(stack()->count(), 0);
+    // The next one works.
+    drag(x(), 40);
+    QCOMPARE(x()->getValue(), 20.0f);
+}
+
+void TestParametersGestures::otherKeysMeanNothingInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    for (const int key : {Qt::Key_5, Qt::Key_Return, Qt::Key_Down, Qt::Key_F2, Qt::Key_Tab})
+        QTest::keyClick(view(), Qt::Key(key));
+    QVERIFY(!field());
+    hand.to(60);
+    hand.end(60);
+    QCOMPARE(x()->getValue(), 30.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::modifiersMayComeFirst()
+{
+    const QPoint from = middle(x(), Model::ValueColumn);
+    click(hip()->getYRotControl(), Model::LabelColumn);
+    VxMouseDriver mouse(port());
+    for (const Qt::KeyboardModifier modifier : {Qt::ShiftModifier, Qt::ControlModifier}) {
+        mouse.press(from, Qt::LeftButton, modifier);
+        mouse.moveTo(from + QPoint(20, 0), modifier);
+        mouse.moveTo(from + QPoint(40, 0), modifier);
+        mouse.release(from + QPoint(40, 0), Qt::LeftButton, modifier);
+    }
+    QCOMPARE(x()->getValue(), 101.0f);
+    QCOMPARE(stack()->count(), 2);
+    QCOMPARE(view()->selectionModel()->selectedRows().size(), 1); // not selected by it
+}
+
+void TestParametersGestures::aClickWithAModifierSelects()
+{
+    VxMouseDriver mouse(port());
+    mouse.click(middle(x(), Model::LabelColumn));
+    mouse.click(middle(hip()->getZPosControl(), Model::ValueColumn), Qt::LeftButton,
+                Qt::ShiftModifier);
+    QCOMPARE(view()->selectionModel()->selectedRows().size(), 3);
+    mouse.click(middle(hip()->getYPosControl(), Model::ValueColumn), Qt::LeftButton,
+                Qt::ControlModifier);
+    QCOMPARE(view()->selectionModel()->selectedRows().size(), 2);
+    QVERIFY(!field());
+    QCOMPARE(stack()->count(), 0);
+}
+
+void TestParametersGestures::anUndoInADragWaits()
+{
+    drag(hip()->getYPosControl(), 40);
+    Begun hand = begin(x());
+    hand.to(40);
+    stack()->undo();
+    stack()->redo();
+    stack()->setIndex(0);
+    QCOMPARE(hip()->getYPosControl()->getValue(), 20.0f);
+    QCOMPARE(x()->getValue(), 20.0f);
+    hand.to(60);
+    hand.end(60);
+    QCOMPARE(x()->getValue(), 30.0f);
+    QCOMPARE(stack()->count(), 2);
+    stack()->undo();
+    stack()->undo();
+    QCOMPARE(x()->getNumKeys() + hip()->getYPosControl()->getNumKeys(), 0);
+    stack()->setIndex(2);
+    QCOMPARE(x()->getValue(), 30.0f);
+}
+
+void TestParametersGestures::aNodeIsRemovedInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    VxNode *removed = hip();
+    {
+        VxUndoStackHold hold;
+        vxScene->removeNode(removed);
+        hold.accept(QStringLiteral("Remove Node"));
+    }
+    hand.to(60);
+    hand.end(60);
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(vxScene->getNumNodes(), 2);
+    for (int i = 0; i < stack()->count(); ++i)
+        QVERIFY2(!stack()->text(i).isEmpty(), qPrintable(QString::number(i)));
+    const int entries = stack()->count();
+    while (stack()->index() > 0)
+        stack()->undo();
+    QCOMPARE(vxScene->getNumNodes(), 3);
+    QCOMPARE(x()->getNumKeys(), 0);
+    stack()->setIndex(entries);
+    QCOMPARE(vxScene->getNumNodes(), 2);
+}
+
+void TestParametersGestures::aPropertyIsRemovedInADrag()
+{
+    auto *extra = new VxFloatProperty(QStringLiteral("extra"));
+    hip()->addProperty(extra, QStringLiteral("/G"));
+    QTRY_VERIFY(cell(extra, 0).isValid());
+    Begun hand = begin(extra);
+    hand.to(40);
+    hip()->removeProperty(extra);
+    hand.to(60);
+    hand.end(60);
+    QVERIFY(!stack()->isRecording());
+    QCoreApplication::processEvents();
+    drag(x(), 40);
+    QCOMPARE(x()->getValue(), 20.0f);
+}
+
+void TestParametersGestures::playbackInADrag()
+{
+    vxScene->setPlayRange({0, 48000});
+    vxScene->play();
+    Begun hand = begin(x());
+    QVERIFY(!vxScene->isPlaying()); // else it would leave a trail
+    const VxTime begun = vxScene->getTime();
+    hand.to(40);
+    vxScene->play();
+    vxScene->setTime(begun + 1600);
+    hand.to(60);
+    hand.end(60);
+    vxScene->pause();
+    QCOMPARE(x()->getNumKeys(), 1);
+    QCOMPARE(x()->getKeyTime(0), begun);
+    QCOMPARE(x()->getKeyValue(0), 30.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::thePaneIsHiddenInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    m_pane->hide();
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(stack()->count(), 1);
+    m_pane->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pane.get()));
+    hand.to(80);
+    hand.end(80);
+    QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::theFocusIsLostInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    QLineEdit other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(!stack()->isRecording());
+    hand.to(80);
+    hand.end(80);
+    QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::anotherNodeIsSelectedInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    m_bones.at(1)->select();
+    QCoreApplication::processEvents();
+    hand.to(80);
+    hand.end(80);
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(m_bones.at(1)->getXPosControl()->getNumKeys(), 0);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::theOtherButtonInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    hand.mouse.press(hand.from + QPoint(60, 0), Qt::RightButton);
+    QVERIFY(!stack()->isRecording());
+    if (QWidget *menu = QApplication::activePopupWidget())
+        menu->close();
+    hand.mouse.release(hand.from + QPoint(60, 0), Qt::RightButton);
+    hand.end(80);
+    QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::aDragThatIsRefusedSaysWhy()
+{
+    x()->setKey(160, 1.0f, 0);
+    vxScene->setAnimating(false);
+    drag(x(), 40);
+    QCOMPARE(x()->getNumKeys(), 1);
+    QVERIFY2(notice().startsWith("X Translate cannot be set: there is no key at this time"),
+             qPrintable(notice()));
+    QCOMPARE(stack()->count(), 0);
+}
+
+void TestParametersGestures::valuesBeyondTheLimitsAreCutOffWithAWord()
+{
+    x()->setMinMax(-50.0f, 50.0f);
+    type(x(), "77");
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 50.0f);
+    QCOMPARE(notice(),
+             QString("X Translate takes values from -50 to 50. The nearest one was set."));
+    type(x(), "20");
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(notice(), QString());
+    hip()->getScaleControl()->setMinMax(0.0f, 2.0f);
+    type(hip()->getScaleControl(), "-10%");
+    QTRY_VERIFY(!field());
+    QCOMPARE(hip()->getScaleControl()->getValue(), 0.0f);
+    QCOMPARE(notice(), QString("Scale takes values from 0% to 200%. The nearest one was set."));
+}
+
+void TestParametersGestures::unreadableTextKeepsTheFieldOpen()
+{
+    for (const int key : {Qt::Key_Return, Qt::Key_Tab}) {
+        type(x(), "3*", key);
+        QCoreApplication::processEvents();
+        QVERIFY(field());
+        QCOMPARE(field()->text(), QString("3*"));
+        QVERIFY2(notice().contains("3*"), qPrintable(notice()));
+        QTest::keyClick(field(), Qt::Key_Escape);
+        QTRY_VERIFY(!field());
+    }
+    type(x(), "3*");
+    QTest::keyClicks(field(), "4");
+    QTest::keyClick(field(), Qt::Key_Return);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 12.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+void TestParametersGestures::unreadableTextThatIsLeftSaysSo()
+{
+    x()->setStoredValue(4.0f);
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "(3");
+    field()->clearFocus();
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 4.0f);
+    QCOMPARE(stack()->count(), 0);
+    QVERIFY2(notice().contains("(3"), qPrintable(notice()));
+}
+
+void TestParametersGestures::foreignLettersAreRefusedWithAWord()
+{
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "4x");
+    QCOMPARE(field()->text(), QString("4"));
+    QVERIFY(!notice().isEmpty());
+}
+
+void TestParametersGestures::aPressElsewhereKeepsTheWord()
+{
+    x()->setMinMax(0.0f, 1.0f);
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    click(hip()->getZPosControl(), Model::LabelColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getValue(), 1.0f);
+    QVERIFY2(notice().contains("from 0 to 1"), qPrintable(notice()));
+    click(hip()->getZPosControl(), Model::LabelColumn);
+    QCOMPARE(notice(), QString());
+}
+
+/// The press ends the typing, which makes the key, before it means the mark.
+void TestParametersGestures::theKeyMarkAfterTypingKeepsTheKey()
+{
+    vxScene->setTime(160);
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    click(x(), Model::KeyColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getNumKeys(), 1);
+    QCOMPARE(x()->getKeyValue(0), 5.0f);
+    click(x(), Model::KeyColumn);
+    QCOMPARE(x()->getNumKeys(), 0);
+    // The mark of another row means what it always does.
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "6");
+    click(hip()->getYPosControl(), Model::KeyColumn);
+    QTRY_VERIFY(!field());
+    QCOMPARE(x()->getNumKeys(), 1);
+    QCOMPARE(hip()->getYPosControl()->getNumKeys(), 1);
+}
+
+void TestParametersGestures::aNodeIsRemovedWhileAValueIsTyped()
+{
+    click(x());
+    QTRY_VERIFY(field());
+    QTest::keyClicks(field(), "5");
+    vxScene->removeNode(hip());
+    if (field())
+        QTest::keyClick(field(), Qt::Key_Return);
+    QTRY_VERIFY(!field());
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(stack()->count(), 0);
+    QCOMPARE(model()->rowCount(), 0);
+}
+
+void TestParametersGestures::allDigitsAreShownInTheField()
+{
+    x()->setStoredValue(0.12345679f);
+    QCOMPARE(cell(x(), Model::ValueColumn).data().toString(), QString("0.1235"));
+    QVERIFY(cell(x(), Model::ValueColumn).data(Qt::ToolTipRole).toString().contains("0.12345679"));
+    click(x());
+    QTRY_VERIFY(field());
+    QCOMPARE(field()->text(), QString("0.12345679"));
+    x()->setStoredValue(0.00001f);
+    QCOMPARE(cell(x(), Model::ValueColumn).data().toString(), QString("1e-05"));
+}
+
+void TestParametersGestures::enterOpensAndClosesGroups()
+{
+    const QModelIndex heading = model()->index(cell(x(), 0).row() - 1, 0);
+    view()->setFocus();
+    view()->setCurrentIndex(heading);
+    QTest::keyClick(view(), Qt::Key_Return);
+    QVERIFY(view()->isGroupCollapsed(x()->getPath()));
+    QTest::keyClick(view(), Qt::Key_Enter);
+    QVERIFY(!view()->isGroupCollapsed(x()->getPath()));
+}
+
+void TestParametersGestures::theMenuKeySetsAKey()
+{
+    view()->setFocus();
+    view()->setCurrentIndex(cell(x(), 0));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, port()->rect().center());
+    QApplication::sendEvent(view(), &event);
+    QWidget *menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    const QRect row = view()->visualRect(cell(x(), 0));
+    QVERIFY(qAbs(menu->pos().y() - port()->mapToGlobal(row.bottomLeft()).y()) < 5);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+    QVERIFY(x()->hasKey(0));
+    QCOMPARE(stack()->undoText(), QString("Set Key"));
+}
+
+void TestParametersGestures::severalRowsAreCopiedAndPasted()
+{
+    x()->setStoredValue(0.12345679f);
+    hip()->getYPosControl()->setStoredValue(-2.0f);
+    VxMouseDriver mouse(port());
+    // A heading stands for its group.
+    mouse.click(view()->visualRect(model()->index(cell(x(), 0).row() - 1, 0)).center());
+    QTest::keyClick(view(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("0.12345679\n-2\n0"));
+    mouse.click(middle(hip()->getXRotControl(), Model::LabelColumn));
+    mouse.click(middle(hip()->getZRotControl(), Model::LabelColumn), Qt::LeftButton,
+                Qt::ShiftModifier);
+    QTest::keyClick(view(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(hip()->getXRotControl()->getValue(), 0.12345679f);
+    QCOMPARE(hip()->getYRotControl()->getValue(), -2.0f);
+    QCOMPARE(hip()->getZRotControl()->getValue(), 0.0f);
+    QCOMPARE(stack()->count(), 1);
+    QCOMPARE(stack()->undoText(), QString("Paste Value"));
+    QCOMPARE(notice(), QString());
+}
+
+/// The program may have a command of its own under the same key.
+void TestParametersGestures::theListCopiesBeforeTheProgramDoes()
+{
+    QAction other;
+    other.setShortcut(QKeySequence::Copy);
+    int triggered = 0;
+    connect(&other, &QAction::triggered, this, [&triggered] { ++triggered; });
+    m_pane->addAction(&other);
+    QGuiApplication::clipboard()->clear();
+    x()->setStoredValue(3.5f);
+    click(x(), Model::LabelColumn);
+    press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("3.5"));
+    QCOMPARE(triggered, 0);
+    vxScene->selectAllNodes(false); // nothing to copy from
+    QCoreApplication::processEvents();
+    press(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(triggered, 1);
+}
+
+void TestParametersGestures::pastingWhatDoesNotFitSaysSo()
+{
+    click(x(), Model::LabelColumn);
+    QGuiApplication::clipboard()->setText("wide");
+    QTest::keyClick(view(), Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(notice().contains("wide"), qPrintable(notice()));
+    QGuiApplication::clipboard()->setText("1\n2\n");
+    QTest::keyClick(view(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(notice(), QString("2 values cannot be pasted into 1 rows."));
+    QCOMPARE(x()->getNumKeys(), 0);
+    QCOMPARE(stack()->count(), 0);
+    x()->setMinMax(0.0f, 1.0f);
+    QGuiApplication::clipboard()->setText("3\r\n");
+    QTest::keyClick(view(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(x()->getValue(), 1.0f);
+    QVERIFY2(notice().contains("from 0 to 1"), qPrintable(notice()));
+}
+
+void TestParametersGestures::aShortListInBetweenKeepsThePlace()
+{
+    m_pane->resize(280, 320);
+    QCoreApplication::processEvents();
+    QScrollBar *bar = view()->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    const int place = bar->value();
+    QVERIFY(place > 50);
+    vxScene->selectAllNodes(false);
+    m_bones.at(1)->select();
+    QCoreApplication::processEvents();
+    QVERIFY(bar->value() < place); // without the special properties
+    vxScene->selectAllNodes(false);
+    hip()->select();
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), place);
+}
+
+void TestParametersGestures::columnsFitTheWidth()
+{
+    const auto width = [this](int column) { return view()->header()->sectionSize(column); };
+    for (const int pane : {200, 280, 400, 900}) {
+        m_pane->resize(pane, 500);
+        QCoreApplication::processEvents();
+        QCOMPARE(width(0) + width(1) + width(2), port()->width());
+        QVERIFY(width(Model::ValueColumn) >= 64 && width(Model::ValueColumn) <= 160);
+        QVERIFY(width(Model::LabelColumn) >= width(Model::ValueColumn));
+    }
+    QCOMPARE(view()->getValueWidth(), 0); // nobody has chosen
+    view()->header()->resizeSection(Model::ValueColumn, 300);
+    QCOMPARE(view()->getValueWidth(), 300);
+    m_pane->resize(200, 500);
+    QCoreApplication::processEvents();
+    QVERIFY(width(Model::ValueColumn) < 120);
+    m_pane->resize(900, 500);
+    QCoreApplication::processEvents();
+    QCOMPARE(width(Model::ValueColumn), 300);
+}
+
+static int runTests(int argc, char **argv)
+{
+    return runParametersTest<TestParametersGestures>(argc, argv);
+}
+
+VX_TEST_UNIT(&runTests)
+
+#include "tst_parametersgestures.moc"
