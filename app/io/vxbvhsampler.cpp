@@ -1,7 +1,5 @@
 #include "io/vxbvhsampler.h"
 
-#include "io/vxeulerangles.h"
-
 #include <QHash>
 #include <QMatrix4x4>
 #include <algorithm>
@@ -87,17 +85,7 @@ struct Frame
         return local;
     }
 
-    VxRotation toLocal(const VxRotation &other) const
-    {
-        VxRotation local{};
-        for (std::size_t i = 0; i < 3; ++i) {
-            for (std::size_t j = 0; j < 3; ++j) {
-                for (std::size_t row = 0; row < 3; ++row)
-                    local[i][j] += turn[row][i] * other[row][j];
-            }
-        }
-        return local;
-    }
+    VxRotation toLocal(const VxRotation &other) const { return vxTransposed(turn) * other; }
 };
 
 std::array<double, 3> pointOf(const QVector3D &v)
@@ -272,7 +260,7 @@ void VxBvhSampler::Private::copy(const Joint &joint, float *values) const
         }
     }
     const Controls controls = rotations(joint.bone);
-    for (const int axis : vxRotationAxes(joint.bone->getRotationOrder())) {
+    for (const int axis : vxRotationAxes(vxRotationOrder(joint.bone->getRotationOrder()))) {
         controls[std::size_t(axis)]->getValues(times.constData(), count, values);
         values += count;
     }
@@ -305,7 +293,7 @@ bool VxBvhSampler::Private::workOut(std::vector<float> *values,
                 continue;
             const Frame parent = frameOf(joint.parent, all);
             const Frame own = frameOf(int(i), all);
-            const auto order = joint.bone->getRotationOrder();
+            const VxRotationOrder order = vxRotationOrder(joint.bone->getRotationOrder());
             before[i] = vxEulerAngles(parent.toLocal(own.turn), order, before[i]);
             const std::array<double, 3> place = parent.toLocal(own.place);
             const std::array<int, 3> axes = vxRotationAxes(order);
@@ -349,7 +337,7 @@ std::vector<VxBvhJoint> VxBvhSampler::joints() const
         if (joint.moves)
             out.channels = {VxBvhChannel::XPosition, VxBvhChannel::YPosition,
                             VxBvhChannel::ZPosition};
-        for (const int axis : vxRotationAxes(joint.bone->getRotationOrder()))
+        for (const int axis : vxRotationAxes(vxRotationOrder(joint.bone->getRotationOrder())))
             out.channels.push_back(static_cast<VxBvhChannel>(int(VxBvhChannel::XRotation) + axis));
         list.push_back(out);
     }

@@ -4,6 +4,7 @@
 #include <QtGui/QMatrix4x4>
 #include <QtGui/QVector3D>
 #include <vxcore/vxelement.h>
+#include <vxcore/vxeuler.h>
 #include <vxcore/vxtime.h>
 
 class QIcon;
@@ -124,5 +125,11 @@ protected:
     QVector<VxElement *> groupedElements() const override;
     Private *priv() const;
 };
+
+/// A node's rotation order for the functions of vxeuler.h.
+inline VxRotationOrder vxRotationOrder(VxNode::RotationOrder order)
+{
+    return static_cast<VxRotationOrder>(order);
+}
 
 #endif

@@ -101,6 +101,14 @@ bool AffineTransform::isConformal() const
     return determinant(*this) > 0;
 }
 
+VxRotation AffineTransform::axes() const
+{
+    VxRotation axes{};
+    for (std::size_t row = 0; row < 3; ++row)
+        axes[row] = {column[0][row], column[1][row], column[2][row]};
+    return axes;
+}
+
 QMatrix4x4 AffineTransform::toMatrix() const
 {
     QMatrix4x4 matrix;

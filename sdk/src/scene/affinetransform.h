@@ -4,6 +4,7 @@
 #include <QtGui/QMatrix4x4>
 #include <optional>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxeuler.h>
 
 /// A transform of space in double precision: three columns that tell where the axes go, and a
 /// fourth for the place of the origin.
@@ -25,6 +26,8 @@ struct VXCORE_EXPORT AffineTransform
     /// True when shapes are kept: a turn, a move and one factor above 0 for all axes.
     bool isConformal() const;
 
+    /// The axes alone; a rotation where they are at right angles and of length 1.
+    VxRotation axes() const;
     QMatrix4x4 toMatrix() const;
 };
 

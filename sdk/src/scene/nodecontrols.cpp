@@ -1,7 +1,6 @@
 #include "scene/nodecontrols.h"
 
 #include "keys/vxproperty_p.h"
-#include "scene/rotationangles.h"
 
 #include <QtCore/QCoreApplication>
 #include <vxcore/vxfloatproperty.h>
@@ -78,7 +77,7 @@ AffineTransform nodeTransform(const NodeControlValues &values, VxNode::RotationO
                               const QVector3D &origin)
 {
     AffineTransform transform;
-    for (const int axis : rotationAxes(order))
+    for (const int axis : vxRotationAxes(vxRotationOrder(order)))
         transform.turn(axis, values[size_t(XRotation + axis)]);
     for (int axis = 0; axis < 3; ++axis) {
         const double scale = values[UniformScale] * values[size_t(XScale + axis)];

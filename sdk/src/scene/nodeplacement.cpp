@@ -13,14 +13,14 @@ AffineTransform unscaled(NodeControlValues values, VxNode::RotationOrder order,
 
 } // namespace
 
-RotationAngles anglesOf(const NodeControlValues &values)
+VxEuler anglesOf(const NodeControlValues &values)
 {
     return {values[XRotation], values[YRotation], values[ZRotation]};
 }
 
 PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder order,
                          const QVector3D &origin, const AffineTransform &relation,
-                         const RotationAngles &near, StretchTarget target)
+                         const VxEuler &near, StretchTarget target)
 {
     PlacedValues placed{values, true};
     const AffineTransform wanted = relation * unscaled(values, order, origin);
@@ -31,7 +31,7 @@ PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder 
         placed.turned = false;
         return placed;
     }
-    const RotationAngles angles = rotationAngles(split->turn, order, near);
+    const VxEuler angles = vxEulerAngles(split->turn.axes(), vxRotationOrder(order), near);
     for (size_t axis = 0; axis < 3; ++axis) {
         placed.values[XRotation + axis] = angles[axis];
         if (target == StretchTarget::Axes)

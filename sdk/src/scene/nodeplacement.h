@@ -2,7 +2,6 @@
 #define SCENE_NODEPLACEMENT_H
 
 #include "scene/nodecontrols.h"
-#include "scene/rotationangles.h"
 
 /// Where a change of the scale goes: to the control of all axes, or to those of each.
 enum class StretchTarget { Uniform, Axes };
@@ -20,8 +19,8 @@ struct PlacedValues
 /// express is lost. A node of no size keeps it.
 PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder order,
                          const QVector3D &origin, const AffineTransform &relation,
-                         const RotationAngles &near, StretchTarget target);
+                         const VxEuler &near, StretchTarget target);
 
-RotationAngles anglesOf(const NodeControlValues &values);
+VxEuler anglesOf(const NodeControlValues &values);
 
 #endif

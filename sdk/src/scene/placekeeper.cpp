@@ -86,7 +86,7 @@ bool PlaceKeeper::solve()
     for (size_t i = 0; i < m_times.size(); ++i) {
         m_old.push_back(samples.at(i));
         const NodeControlValues &old = m_old.back();
-        RotationAngles near = anglesOf(old);
+        VxEuler near = anglesOf(old);
         // Each turn goes on from the last one as far as the node turned before.
         for (size_t axis = 0; i > 0 && axis < 3; ++axis)
             near[axis] += m_new[i - 1][XRotation + axis] - m_old[i - 1][XRotation + axis];
