@@ -27,7 +27,7 @@ ConsoleInput::ConsoleInput(VxScriptEngine *engine, QWidget *parent)
     , m_completer(new QCompleter(this))
 {
     setObjectName(QStringLiteral("ConsoleInput"));
-    setPlaceholderText(tr("Type a program; Return runs it, Tab completes"));
+    setPlaceholderText(tr("Type a script; Return runs it, Tab completes names"));
     setLineWrapMode(NoWrap);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_completer->setWidget(this);

@@ -31,8 +31,8 @@ VxConsolePane::VxConsolePane()
     , m_output(new ConsoleOutput(this))
     , m_input(new ConsoleInput(vxApp->getScriptEngine(), this))
     , m_runner(new ConsoleRunner(vxApp->getScriptEngine(), this))
-    , m_stop(makeButton("ConsoleStopBtn", tr("Stop"), tr("End the running program (Escape)")))
-    , m_clear(makeButton("ConsoleClearBtn", tr("Clear"), tr("Empty the output")))
+    , m_stop(makeButton("ConsoleStopBtn", tr("Stop"), tr("Stop the running script (Escape)")))
+    , m_clear(makeButton("ConsoleClearBtn", tr("Clear"), tr("Clear the output")))
 {
     const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     for (QWidget *text : {static_cast<QWidget *>(m_output), static_cast<QWidget *>(m_input)}) {
@@ -90,7 +90,7 @@ void VxConsolePane::run(const QString &program)
 {
     m_output->add(ConsoleOutput::Kind::Program, withPrompts(program));
     if (!m_runner->run(program))
-        m_output->add(ConsoleOutput::Kind::Error, tr("Another program is still running."));
+        m_output->add(ConsoleOutput::Kind::Error, tr("Another script is still running."));
     m_output->flush();
 }
 

@@ -50,7 +50,7 @@ bool DocumentController::open(const QString &fileName)
     if (!m_formats.read(fileName, m_scene, progress.function(), &summary, &error))
         return report(error, tr("Opening was cancelled."));
     setDocument(QFileInfo(fileName).absoluteFilePath(), summary);
-    m_messages->showStatus(summary.isEmpty() ? tr("%1 is open.").arg(displayName()) : summary);
+    m_messages->showStatus(summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : summary);
     return true;
 }
 
@@ -70,7 +70,7 @@ bool DocumentController::save(const QString &fileName)
     m_stamp = FileStamp::of(m_fileName);
     markSaved();
     Q_EMIT documentChanged();
-    m_messages->showStatus(tr("%1 is saved.").arg(displayName()));
+    m_messages->showStatus(tr("Saved %1.").arg(displayName()));
     return true;
 }
 
@@ -119,7 +119,7 @@ bool DocumentController::recover(const QString &copy, const QString &fileName, V
     if (m_stamp.exists() && m_stamp.modified > copied.modified)
         m_stamp = copied;
     m_undoStack->qtStack()->resetClean();
-    m_messages->showStatus(tr("%1 is recovered, and not saved yet.").arg(displayName()));
+    m_messages->showStatus(tr("Recovered %1. It has not been saved yet.").arg(displayName()));
     return true;
 }
 
@@ -153,7 +153,7 @@ bool DocumentController::exportMotion(const VxSkeleton *figure, const QString &f
     out.setProgress(progress.function());
     if (!out.exportFile(fileName, &error))
         return report(error, tr("The export was cancelled."));
-    m_messages->showStatus(tr("%1 is written. %2").arg(nameOf(fileName), out.getSummary()));
+    m_messages->showStatus(tr("Exported %1. %2").arg(nameOf(fileName), out.getSummary()));
     return true;
 }
 

@@ -47,14 +47,12 @@ VxSkeleton *MotionCommands::chooseFigure() const
         return figure;
     const QVector<VxSkeleton *> figures = FigureChoice::figures(*m_scene);
     if (figures.isEmpty()) {
-        m_messages->showError(
-            tr("There is no motion to export: the scene has no figure with a skeleton."));
+        m_messages->showError(tr("Nothing to export: the scene has no figure with a skeleton."));
         return nullptr;
     }
     const QStringList names = FigureChoice::names(figures);
     bool chosen = false;
-    const QString name =
-        QInputDialog::getItem(m_messages->window(), tr("Export Motion"),
-                              tr("Figure whose motion is exported:"), names, 0, false, &chosen);
+    const QString name = QInputDialog::getItem(m_messages->window(), tr("Export Motion"),
+                                               tr("Figure to export:"), names, 0, false, &chosen);
     return chosen ? figures.value(names.indexOf(name)) : nullptr;
 }

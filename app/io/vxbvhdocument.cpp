@@ -58,7 +58,7 @@ bool isJointValid(const VxBvhJoint &joint, QString *message)
     if (!isNameValid(joint.name))
         return fail(message, tr("A joint cannot be named \"%1\".").arg(joint.name));
     if (hasDuplicates(joint.channels))
-        return fail(message, tr("Joint \"%1\" has a channel twice.").arg(joint.name));
+        return fail(message, tr("Joint \"%1\" has a duplicate channel.").arg(joint.name));
     bool finite = isFinite(joint.offset);
     for (const VxBvhOffset &end : joint.endSites)
         finite = finite && isFinite(end);
@@ -97,7 +97,7 @@ bool VxBvhDocument::isValid(QString *message) const
 bool VxBvhDocument::areJointsValid(QString *message) const
 {
     if (joints.empty())
-        return fail(message, tr("There is no joint."));
+        return fail(message, tr("The skeleton has no joints."));
     // The chain from the last joint up to its root: the only legal parents in pre-order.
     std::vector<int> chain;
     for (std::size_t i = 0; i < joints.size(); ++i) {
@@ -105,10 +105,12 @@ bool VxBvhDocument::areJointsValid(QString *message) const
         while (!chain.empty() && chain.back() != joint.parent)
             chain.pop_back();
         if (chain.empty() && joint.parent != -1)
-            return fail(message, tr("Joint \"%1\" does not follow its parent.").arg(joint.name));
+            return fail(
+                message,
+                tr("Joint \"%1\" is not below its parent in the list of joints.").arg(joint.name));
         chain.push_back(static_cast<int>(i));
         if (chain.size() > VxBvhMaxDepth)
-            return fail(message, tr("Joint \"%1\" is nested too deep.").arg(joint.name));
+            return fail(message, tr("Joint \"%1\" is nested too deeply.").arg(joint.name));
         if (!isJointValid(joint, message))
             return false;
     }
@@ -118,13 +120,13 @@ bool VxBvhDocument::areJointsValid(QString *message) const
 bool VxBvhDocument::areValuesValid(QString *message) const
 {
     if (!(frameTime > 0.0) || !std::isfinite(frameTime))
-        return fail(message, tr("The frame time must be above 0."));
+        return fail(message, tr("The frame time must be greater than 0."));
     if (frameCount < 0 || (frameCount > 0 && channelCount() == 0))
-        return fail(message, tr("Frames need channels."));
+        return fail(message, tr("The motion has frames but no channels."));
     const auto expected =
         static_cast<std::size_t>(channelCount()) * static_cast<std::size_t>(frameCount);
     if (values.size() != expected)
-        return fail(message, tr("The number of values is not channels times frames."));
+        return fail(message, tr("The number of values does not equal channels times frames."));
     for (const float value : values) {
         if (!std::isfinite(value))
             return fail(message, tr("A value is not finite."));

@@ -48,12 +48,12 @@ bool VxBvhExport::Private::checkSize(VxFileError *error) const
 {
     const int bones = skeleton->getAllBones().size();
     if (bones == 0)
-        return fail(error, tr("\"%1\" has no bones that could move.").arg(skeleton->getLabel()));
+        return fail(error, tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
     // Six channels a bone at most.
     if (numFrames() * bones * 6 > MaxValues)
-        return fail(error, tr("The motion is too long: %1 frames of %2 bones. A shorter animation "
-                              "range has fewer.")
-                               .arg(QString::number(numFrames()), QString::number(bones)));
+        return fail(
+            error, tr("The motion is too long: %1 frames of %2 bones. Shorten the animation range.")
+                       .arg(QString::number(numFrames()), QString::number(bones)));
     return true;
 }
 
@@ -72,10 +72,10 @@ void VxBvhExport::Private::tell(const VxBvhDocument &document, int workedOut)
                   .arg(skeleton->getLabel(), QString::number(document.frameCount),
                        QString::number(double(VxTicksPerSecond) / step, 'g', 6));
     if (workedOut > 0)
-        summary += QLatin1Char(' ') +
-                   tr("What such a file does not know, like scales, is worked into positions and "
-                      "rotations of %1 bone(s).")
-                       .arg(workedOut);
+        summary +=
+            QLatin1Char(' ') + tr("Scales and other values that the format does not support were "
+                                  "converted to positions and rotations for %1 bone(s).")
+                                   .arg(workedOut);
 }
 
 VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)

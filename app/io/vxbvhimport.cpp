@@ -91,7 +91,7 @@ bool VxBvhImport::Private::build(const VxBvhDocument &document, const QString &f
     const bool entered =
         replaces ? replaceScene(std::move(figure), timing) : enterScene(std::move(figure), timing);
     if (!entered)
-        return fail(error, fileName, tr("The scene does not take the figure."));
+        return fail(error, fileName, tr("The figure could not be added to the scene."));
     summary = isBeside ? timing.sentenceBeside(scene->getTimeStep()) : timing.sentence();
     return true;
 }

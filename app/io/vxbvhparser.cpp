@@ -119,7 +119,7 @@ bool VxBvhParser::parseTopLevel(const Word &word, bool *done)
     if (word.isEmpty())
         return failAtEnd(tr("\"MOTION\" is missing: the file ends here."));
     if (word.is("}"))
-        return fail(word.line, tr("There is a \"}\" without a \"{\"."));
+        return fail(word.line, tr("Unmatched \"}\"."));
     if (!word.is("motion"))
         return fail(word.line, tr("\"ROOT\" or \"MOTION\" expected, found %1.").arg(found(word)));
     *done = true;
@@ -156,7 +156,8 @@ bool VxBvhParser::parseInJoint(const Word &word)
 bool VxBvhParser::openJoint(const Word &keyword, int parent)
 {
     if (m_open.size() >= VxBvhMaxDepth)
-        return fail(keyword.line, tr("Joints are nested deeper than %1.").arg(VxBvhMaxDepth));
+        return fail(keyword.line,
+                    tr("Joints are nested more than %1 levels deep.").arg(VxBvhMaxDepth));
     VxBvhJoint joint;
     const Word name = m_tokens.restOfLine();
     joint.name = nameText(name);
@@ -164,7 +165,7 @@ bool VxBvhParser::openJoint(const Word &keyword, int parent)
     if (joint.name.isEmpty())
         return fail(keyword.line, tr("A joint has no name."));
     if (joint.name.endsWith(u'{'))
-        return fail(keyword.line, tr("There is a \"{\" too many."));
+        return fail(keyword.line, tr("Unexpected \"{\"."));
     const int index = static_cast<int>(m_document.joints.size());
     const QString where = tr("joint \"%1\"").arg(joint.name);
     m_document.joints.push_back(std::move(joint));
@@ -205,16 +206,15 @@ bool VxBvhParser::parseChannels(OpenJoint *open, qint64 line)
         return fail(line, tr("Joint \"%1\" has a second \"CHANNELS\".").arg(joint.name));
     // The order of the values in a frame is the order of the CHANNELS in the file.
     if (static_cast<std::size_t>(open->index) + 1 < m_document.joints.size())
-        return fail(
-            line,
-            tr("\"CHANNELS\" of joint \"%1\" must stand before its children.").arg(joint.name));
+        return fail(line,
+                    tr("\"CHANNELS\" of joint \"%1\" must precede its children.").arg(joint.name));
     open->hasChannels = true;
     qint64 count = 0;
     qint64 countLine = line;
     if (!parseCount(tr("The number of channels"), &count, &countLine))
         return false;
     if (count > VxBvhChannelKinds)
-        return fail(countLine, tr("Joint \"%1\" cannot have %2 channels; there are %3 kinds.")
+        return fail(countLine, tr("Joint \"%1\" cannot have %2 channels; the maximum is %3.")
                                    .arg(joint.name, QString::number(count),
                                         QString::number(VxBvhChannelKinds)));
     return parseChannelNames(&joint, count);
@@ -229,12 +229,12 @@ bool VxBvhParser::parseChannelNames(VxBvhJoint *joint, qint64 count)
             return failAtEnd(
                 tr("A channel of joint \"%1\" is missing: the file ends here.").arg(joint->name));
         if (!channelOf(word, &channel))
-            return fail(word.line, tr("A channel of joint \"%1\" expected (%2 are announced), "
-                                      "found %3.")
-                                       .arg(joint->name, QString::number(count), found(word)));
+            return fail(word.line,
+                        tr("A channel of joint \"%1\" expected (%2 are declared), found %3.")
+                            .arg(joint->name, QString::number(count), found(word)));
         if (std::count(joint->channels.begin(), joint->channels.end(), channel))
             return fail(word.line,
-                        tr("Joint \"%1\" has the channel %2 twice.").arg(joint->name, found(word)));
+                        tr("Joint \"%1\" lists channel %2 twice.").arg(joint->name, found(word)));
         joint->channels.push_back(channel);
     }
     return true;

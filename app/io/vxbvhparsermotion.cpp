@@ -49,7 +49,7 @@ bool VxBvhParser::parseFrameCount()
     if (!parseCount(tr("The number of frames"), &count, &m_framesLine))
         return false;
     if (count > std::numeric_limits<int>::max())
-        return fail(m_framesLine, tr("%1 frames are too many.").arg(count));
+        return fail(m_framesLine, tr("Too many frames: %1.").arg(count));
     m_document.frameCount = static_cast<int>(count);
     return true;
 }
@@ -69,7 +69,8 @@ bool VxBvhParser::parseFrameTime()
     if (result != VxBvhTokenizer::NumberResult::Ok)
         return failNumber(result, tr("The frame time"));
     if (!(m_document.frameTime > 0.0))
-        return fail(shown.line, tr("The frame time must be above 0, not %1.").arg(shown.shown()));
+        return fail(shown.line,
+                    tr("The frame time must be greater than 0, not %1.").arg(shown.shown()));
     return true;
 }
 
@@ -89,7 +90,7 @@ bool VxBvhParser::parseCount(const QString &what, qint64 *count, qint64 *line)
     if (*word.data == '-' && word.size > 1 && (result.ec != std::errc() || *count < 0))
         return fail(word.line, tr("%1 cannot be negative: %2.").arg(what, word.shown()));
     if (result.ec != std::errc())
-        return fail(word.line, tr("%1 is far too large: %2.").arg(what, word.shown()));
+        return fail(word.line, tr("%1 is too large: %2.").arg(what, word.shown()));
     return true;
 }
 
@@ -100,16 +101,15 @@ bool VxBvhParser::checkRoom()
     const qint64 frames = m_document.frameCount;
     if (frames > 0 && m_channelCount == 0)
         return fail(m_framesLine,
-                    tr("%1 frames are announced, but no joint has a channel.").arg(frames));
+                    tr("%1 frames are declared, but no joint has a channel.").arg(frames));
     const qint64 room = (m_tokens.remaining() + 1) / 2;
     if (frames * m_channelCount <= room)
         return true;
-    return fail(m_framesLine,
-                tr("%1 frames of %2 values are announced, but the rest of the file has "
-                   "room for %3 values at most.")
-                    .arg(frames)
-                    .arg(m_channelCount)
-                    .arg(room));
+    return fail(m_framesLine, tr("%1 frames of %2 values are declared, but the rest of the file "
+                                 "can hold at most %3 values.")
+                                  .arg(frames)
+                                  .arg(m_channelCount)
+                                  .arg(room));
 }
 
 bool VxBvhParser::parseMotion()
@@ -179,11 +179,11 @@ void VxBvhParser::noteRow(bool startsFrame, int frame, qint64 line)
 bool VxBvhParser::failTooFew(int frame, int channel)
 {
     if (m_irregularLine > 0)
-        return fail(m_irregularLine, tr("This row does not hold the %1 values of one frame, and "
+        return fail(m_irregularLine, tr("This row does not have the %1 values of one frame, and "
                                         "values are missing at the end of the file.")
                                          .arg(m_channelCount));
     if (channel == 0)
-        return failAtEnd(tr("%1 frames are announced, but the file ends after %2.")
+        return failAtEnd(tr("%1 frames are declared, but the file ends after %2.")
                              .arg(m_document.frameCount)
                              .arg(frame));
     return failAtEnd(tr("The file ends within frame %1 of %2, after %3 of its %4 values.")
@@ -197,12 +197,11 @@ bool VxBvhParser::failTooMany()
 {
     const Word word = m_tokens.next();
     if (m_irregularLine > 0)
-        return fail(m_irregularLine, tr("This row does not hold the %1 values of one frame, and "
-                                        "values are left over at the end of the file.")
+        return fail(m_irregularLine, tr("This row does not have the %1 values of one frame, and "
+                                        "the end of the file has extra values.")
                                          .arg(m_channelCount));
     return fail(word.line,
-                tr("There are more values than the %1 frames of %2 announced in line %3: "
-                   "found %4.")
+                tr("There are more values than the %1 frames of %2 declared in line %3: found %4.")
                     .arg(QString::number(m_document.frameCount), QString::number(m_channelCount),
                          QString::number(m_framesLine), found(word)));
 }

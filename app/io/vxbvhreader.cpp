@@ -40,8 +40,8 @@ bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError 
     d->note.clear();
     if (parser.surplusFrames() > 0)
         d->note = QCoreApplication::translate("VxBvhReader",
-                                              "The file holds %1 more frame(s) than the %2 it "
-                                              "announces; they were left out.")
+                                              "The file has %1 more frame(s) than the %2 it "
+                                              "declares; the extra frames were ignored.")
                       .arg(parser.surplusFrames())
                       .arg(out->frameCount);
     return true;
@@ -58,8 +58,7 @@ bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
     if (info.exists() && !info.isFile()) {
         *error = VxFileError();
         error->file = d->fileName;
-        error->message =
-            QCoreApplication::translate("VxBvhReader", "This is no file that could be read.");
+        error->message = QCoreApplication::translate("VxBvhReader", "Not a regular file.");
         return false;
     }
     QFile file(d->fileName);

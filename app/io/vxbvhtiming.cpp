@@ -75,7 +75,7 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     const int rate = ticks > 0.5 ? wholeRate(frameTime) : 0;
     timing.m_rate = rate > 0 ? rate : 1.0 / frameTime;
     if (timing.m_rate > VxTicksPerSecond * (1.0 + 1e-9)) {
-        *message = tr("The motion has %1 frames per second; more than %2 cannot be told apart.")
+        *message = tr("The motion has %1 frames per second; at most %2 are supported.")
                        .arg(rateText(timing.m_rate))
                        .arg(VxTicksPerSecond);
         return false;
@@ -133,12 +133,12 @@ QString VxBvhTiming::sentence() const
 {
     const QString source = sourceSentence();
     if (isOnSceneFrames())
-        return source + QLatin1Char(' ') + tr("The scene runs at the same rate.");
-    const QString scene = tr("The scene runs at %1 frames per second (%2 ticks a frame);")
+        return source + QLatin1Char(' ') + tr("The scene has the same frame rate.");
+    const QString scene = tr("The scene has %1 frames per second (%2 ticks per frame);")
                               .arg(rateText(sceneRate()), QString::number(m_step));
-    const QString keys = isExact()
-                             ? tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
-                             : tr("keys lie at the nearest tick and not all on whole frames.");
+    const QString keys =
+        isExact() ? tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
+                  : tr("keys are placed at the nearest tick, so some are between frames.");
     return source + QLatin1Char(' ') + scene + QLatin1Char(' ') + keys;
 }
 
@@ -147,7 +147,7 @@ QString VxBvhTiming::sentenceBeside(VxTime sceneStep) const
     const QString rate = rateText(double(VxTicksPerSecond) / sceneStep);
     const bool isOnFrames = m_ticks > 0 && m_ticks % sceneStep == 0;
     const QString scene =
-        isOnFrames ? tr("The scene stays at %1 frames per second.")
-                   : tr("The scene stays at %1 frames per second; not all keys lie on its frames.");
+        isOnFrames ? tr("The scene keeps its %1 frames per second.")
+                   : tr("The scene keeps its %1 frames per second; some keys are between frames.");
     return sourceSentence() + QLatin1Char(' ') + scene.arg(rate);
 }

@@ -119,7 +119,7 @@ bool fail(VxFileError *error, const QString &file, const QString &message)
 
 bool failCancelled(VxFileError *error, const QString &file)
 {
-    fail(error, file, QCoreApplication::translate("VxBvhWriter", "The writing was cancelled."));
+    fail(error, file, QCoreApplication::translate("VxBvhWriter", "Writing was cancelled."));
     error->cancelled = true;
     return false;
 }

@@ -81,7 +81,7 @@ void VxCborInput::array(const std::function<void()> &element)
 
 QString VxCborInput::text()
 {
-    if (!expect(m_reader.isString(), "a text"))
+    if (!expect(m_reader.isString(), "a text string"))
         return {};
     QString result;
     auto chunk = m_reader.readString();
@@ -89,7 +89,7 @@ QString VxCborInput::text()
         result += chunk.data;
         chunk = m_reader.readString();
     }
-    expect(chunk.status == QCborStreamReader::EndOfString, "a complete text");
+    expect(chunk.status == QCborStreamReader::EndOfString, "a complete text string");
     return result;
 }
 
@@ -108,7 +108,7 @@ qint64 VxCborInput::integer(qint64 lowest, qint64 highest)
         return lowest;
     const qint64 value = m_reader.toInteger();
     if (value < lowest || value > highest) {
-        fail(tr("%1 lies outside of %2 to %3.").arg(value).arg(lowest).arg(highest));
+        fail(tr("%1 is out of range (%2 to %3).").arg(value).arg(lowest).arg(highest));
         return lowest;
     }
     m_reader.next();
@@ -162,7 +162,7 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
         return {};
     const qint64 claimed = m_reader.isLengthKnown() ? qint64(m_reader.length()) : 0;
     if (claimed < 0 || claimed > m_size - m_reader.currentOffset()) {
-        fail(tr("An array claims more bytes than the file holds."));
+        fail(tr("An array declares more bytes than the file contains."));
         return {};
     }
     QByteArray result;
@@ -173,6 +173,8 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
     }
     expect(chunk.status == QCborStreamReader::EndOfString, "a complete array");
     if (result.size() % unit != 0)
-        fail(tr("An array has %1 bytes, which is no multiple of %2.").arg(result.size()).arg(unit));
+        fail(tr("An array has %1 bytes, which is not a multiple of %2.")
+                 .arg(result.size())
+                 .arg(unit));
     return result;
 }

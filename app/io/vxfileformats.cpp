@@ -27,6 +27,12 @@ QString filter(const QString &name, const QStringList &list)
     return QStringLiteral("%1 (%2)").arg(name, list.join(QLatin1Char(' ')));
 }
 
+/// "*.xyz" for "walk.xyz"; the whole name of a file without a suffix.
+QString typeOf(const QFileInfo &file)
+{
+    return file.suffix().isEmpty() ? file.fileName() : QStringLiteral("*.") + file.suffix();
+}
+
 bool fail(const QString &fileName, const QString &message, VxFileError *error)
 {
     *error = VxFileError();
@@ -65,12 +71,12 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
     const QFileInfo file(fileName);
     // A pipe would keep the program waiting for ever.
     if (file.exists() && !file.isFile())
-        return fail(fileName, tr("This is no file that could be read."), error);
+        return fail(fileName, tr("Not a regular file."), error);
     if (const VxFileFormat *format = find(fileName))
         return format->read(fileName, scene, progress, summary, error);
     return fail(fileName,
-                tr("This kind of file is not known. Known are %1.")
-                    .arg(patterns(false).join(QStringLiteral(", "))),
+                tr("Unsupported file type: %1. Supported: %2")
+                    .arg(typeOf(file), patterns(false).join(QStringLiteral(", "))),
                 error);
 }
 
@@ -80,8 +86,8 @@ bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
     if (canWrite(fileName))
         return find(fileName)->write(fileName, scene, progress, error);
     return fail(fileName,
-                tr("This kind of file cannot be written. What can be written is %1.")
-                    .arg(patterns(true).join(QStringLiteral(", "))),
+                tr("Cannot save this file type: %1. Supported: %2")
+                    .arg(typeOf(QFileInfo(fileName)), patterns(true).join(QStringLiteral(", "))),
                 error);
 }
 

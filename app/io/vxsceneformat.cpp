@@ -24,8 +24,9 @@ bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progres
     const QStringList unknown = contents.unknownMembers;
     VxSceneReader::install(std::move(contents), scene);
     if (!unknown.isEmpty())
-        *summary = tr("The file holds what this version does not know and leaves out: %1.")
-                       .arg(unknown.join(QStringLiteral(", ")));
+        *summary =
+            tr("The file contains data that this version does not support; it was ignored: %1.")
+                .arg(unknown.join(QStringLiteral(", ")));
     return true;
 }
 

@@ -56,7 +56,7 @@ void VxScenePropertyReader::read(VxElement *element)
     if (m_input->failed())
         return;
     if (!record.isFloat() && !record.isInt() && !record.isString())
-        m_input->fail(tr("The property \"%1\" has no known kind.").arg(record.name));
+        m_input->fail(tr("The property \"%1\" has an unknown kind.").arg(record.name));
     else if (record.path.count(QLatin1Char('/')) > MaxGroupDepth)
         m_input->fail(
             tr("The groups of the property \"%1\" are nested too deeply.").arg(record.name));
@@ -253,8 +253,8 @@ void VxScenePropertyReader::applyValues(VxProperty *property, const Record &reco
         string->setValue(record.textValue);
     }
     if (!accepted)
-        m_input->fail(tr("The keys of \"%1\" are not in order of time, or hold something that is "
-                         "no number.")
+        m_input->fail(tr("The keys of \"%1\" are not in time order, or have a value that is not a "
+                         "finite number.")
                           .arg(record.name));
 }
 
@@ -272,7 +272,7 @@ void VxScenePropertyReader::setReference(const Reference &reference)
     else if (from && to)
         accepted = from->setLink(to, reference.terminal, reference.factor, reference.offset);
     if (!accepted)
-        m_input->fail(tr("The property \"%1\" refers to property %2, which it cannot.")
+        m_input->fail(tr("The property \"%1\" has an invalid reference to property %2.")
                           .arg(reference.from->getName())
                           .arg(reference.to));
 }

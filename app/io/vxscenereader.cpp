@@ -69,7 +69,7 @@ VxTimeRange SceneBuilder::readRange()
     m_input.numbers(ends, 2);
     const auto time = [this](double value) {
         if (value < double(VxTimeMin) || value > double(VxTimeMax))
-            m_input.fail(tr("A time range leaves the range of times."));
+            m_input.fail(tr("A time range exceeds the supported times."));
         return m_input.failed() ? 0 : VxTime(value);
     };
     const VxTime start = time(ends[0]);
@@ -79,7 +79,7 @@ VxTimeRange SceneBuilder::readRange()
 void SceneBuilder::readFormat()
 {
     if (m_input.text() != QLatin1String(VxSceneFile::Format))
-        m_input.fail(tr("This is no scene file."));
+        m_input.fail(tr("This is not a scene file."));
     m_hasFormat = !m_input.failed();
 }
 
@@ -91,12 +91,12 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         return true;
     }
     if (!m_hasFormat)
-        return m_input.fail(tr("This is no scene file."));
+        return m_input.fail(tr("This is not a scene file."));
     if (is("version")) {
         const int version = m_input.int32();
         if (version < 1 || version > VxSceneFile::Version)
-            m_input.fail(tr("The file has version %1 of the scene format; this program reads up to "
-                            "version %2.")
+            m_input.fail(tr("The file uses version %1 of the scene format; this program reads "
+                            "versions up to %2.")
                              .arg(version)
                              .arg(VxSceneFile::Version));
     } else if (is("ticksPerSecond"))
@@ -137,7 +137,7 @@ std::unique_ptr<VxNode> SceneBuilder::makeNode(const QString &kind, const QStrin
         return std::make_unique<VxBone>(name);
     if (kind == QLatin1String("node"))
         return std::make_unique<VxNode>(name);
-    m_input.fail(tr("A node has the unknown kind \"%1\".").arg(kind));
+    m_input.fail(tr("A node has an unknown kind: \"%1\".").arg(kind));
     return nullptr;
 }
 
@@ -160,7 +160,7 @@ void SceneBuilder::readNode()
             return true;
         }
         if (!record.node)
-            return m_input.fail(tr("A node begins without kind and name."));
+            return m_input.fail(tr("A node does not begin with its kind and name."));
         return readNodeMember(name, record);
     });
     if (!m_input.failed() && !record.node)
@@ -215,7 +215,7 @@ void SceneBuilder::readObject(VxNode *node)
             return true;
         }
         if (!object)
-            return m_input.fail(tr("An object begins without its name."));
+            return m_input.fail(tr("An object does not begin with its name."));
         if (name == QLatin1String("subElements")) {
             m_input.array([&] { readSubElement(object); });
             return true;
@@ -240,7 +240,7 @@ void SceneBuilder::readSubElement(VxObject *object)
             return true;
         }
         if (!element)
-            return m_input.fail(tr("A sub-element begins without its name."));
+            return m_input.fail(tr("A sub-element does not begin with its name."));
         return readElementMember(name, element);
     });
 }
@@ -264,7 +264,7 @@ bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
 {
     m_input.map([&](const QString &name) { return readHeader(name, contents); });
     if (!m_input.failed() && !m_hasFormat)
-        m_input.fail(tr("This is no scene file."));
+        m_input.fail(tr("This is not a scene file."));
     if (!m_input.failed())
         m_properties.resolve();
     if (m_input.failed()) {
@@ -309,7 +309,7 @@ bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
     const bool open = file.open(QIODevice::ReadOnly);
     const QByteArray bytes = open ? file.readAll() : QByteArray();
     if (!open || file.error() != QFileDevice::NoError) {
-        error->message = tr("Cannot be read: %1.").arg(file.errorString());
+        error->message = tr("The file cannot be read: %1.").arg(file.errorString());
         return false;
     }
     const bool done = read(bytes, contents, error);

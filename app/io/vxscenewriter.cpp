@@ -376,7 +376,7 @@ bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
         return false;
     }
     if (!watched.failure().isEmpty())
-        error->message = tr("Cannot be written: %1.").arg(watched.failure());
+        error->message = tr("The file cannot be written: %1.").arg(watched.failure());
     return watched.failure().isEmpty();
 }
 
@@ -389,6 +389,6 @@ bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
         return false;
     if (file.failure().isEmpty() && file.commit())
         return true;
-    error->message = tr("Cannot be written: %1.").arg(file.failure());
+    error->message = tr("The file cannot be written: %1.").arg(file.failure());
     return false;
 }

@@ -143,7 +143,7 @@ void AutoSave::fail(const QString &reason)
 {
     // Once is enough: it will hardly be better in some minutes.
     if (!m_hasFailed)
-        m_messages->showNotice(tr("No recovery copy could be made: %1").arg(reason));
+        m_messages->showNotice(tr("Cannot make a recovery copy: %1").arg(reason));
     m_hasFailed = true;
     m_timer.start(m_interval);
 }

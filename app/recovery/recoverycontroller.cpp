@@ -54,7 +54,7 @@ bool RecoveryController::offer()
 void RecoveryController::offerOnDemand()
 {
     if (!offer())
-        m_messages->showStatus(tr("There is no document to recover."));
+        m_messages->showStatus(tr("There are no documents to recover."));
 }
 
 void RecoveryController::recover(const RecoveryCopy &copy)
@@ -82,6 +82,6 @@ void RecoveryController::discard(const RecoveryCopy &copy)
 void RecoveryController::handleBroken(const RecoveryCopy &copy, const VxFileError &error)
 {
     const QString kept = QDir::toNativeSeparators(m_store.setAside(copy.id));
-    m_messages->showError(tr("The copy of \"%1\" cannot be read: %2\n\nIt is kept as %3.")
+    m_messages->showError(tr("The copy of \"%1\" cannot be read: %2\n\nThe copy is kept as %3.")
                               .arg(copy.title, error.text(), kept));
 }

@@ -29,8 +29,8 @@ RecoveryDialog::RecoveryDialog(const QVector<RecoveryCopy> &copies, QWidget *par
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(10);
-    auto *text = new QLabel(tr("The program ended before these documents were saved. Copies of "
-                               "them were kept, as they were at the times below."));
+    auto *text = new QLabel(tr("The program ended before these documents were saved. Recovery "
+                               "copies were made at the times shown below."));
     text->setWordWrap(true);
     layout->addWidget(text);
     buildList();
@@ -79,15 +79,15 @@ void RecoveryDialog::buildButtons()
     auto *box = new QDialogButtonBox;
     m_recover = box->addButton(tr("&Recover"), QDialogButtonBox::ActionRole);
     m_recover->setObjectName(QStringLiteral("RecoverButton"));
-    m_recover->setToolTip(tr("Open the copy; it can then be saved in place of the document"));
+    m_recover->setToolTip(tr("Opens the copy; saving it replaces the document"));
     m_recover->setDefault(true);
     m_discard = box->addButton(tr("&Discard"), QDialogButtonBox::ActionRole);
     m_discard->setObjectName(QStringLiteral("DiscardButton"));
-    m_discard->setToolTip(tr("Delete the copy; the document itself stays as it was saved last"));
+    m_discard->setToolTip(tr("Deletes the copy; the document itself stays as last saved"));
     m_discard->setAutoDefault(false);
     QPushButton *later = box->addButton(tr("&Later"), QDialogButtonBox::RejectRole);
     later->setObjectName(QStringLiteral("LaterButton"));
-    later->setToolTip(tr("Keep all copies and ask again at the next start"));
+    later->setToolTip(tr("Keeps all copies and asks again at the next start"));
     later->setAutoDefault(false);
     connect(m_recover, &QPushButton::clicked, this, &RecoveryDialog::recoverCurrent);
     connect(m_discard, &QPushButton::clicked, this, &RecoveryDialog::discardCurrent);

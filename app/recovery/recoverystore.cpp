@@ -111,7 +111,7 @@ bool RecoveryStore::Private::begin(VxFileError *error)
     if (!QDir().mkpath(folder) || !lock->tryLock(0)) {
         *error = VxFileError();
         error->file = folder;
-        error->message = tr("The folder takes no files.");
+        error->message = tr("Cannot write to the folder.");
         return false;
     }
     ownId = id;
@@ -235,7 +235,8 @@ bool RecoveryStore::endWrite(VxFileError *error)
 {
     *error = VxFileError();
     error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
-    error->message = d->writing.valid() ? d->writing.get() : tr("Nothing was begun.");
+    error->message =
+        d->writing.valid() ? d->writing.get() : tr("No recovery copy has been started.");
     return error->message.isEmpty();
 }
 

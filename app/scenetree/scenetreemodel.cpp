@@ -207,7 +207,7 @@ QString SceneTreeModel::eyeTip(const VxNode *node)
     const QString tip =
         node->isVisible() ? tr("Visible: click to hide") : tr("Hidden: click to show");
     return above ? tip + QLatin1Char('\n') +
-                       tr("Not seen, because \"%1\" is hidden").arg(above->getLabel())
+                       tr("Not visible because \"%1\" is hidden").arg(above->getLabel())
                  : tip;
 }
 
@@ -223,7 +223,7 @@ QVariant SceneTreeModel::eyeData(const VxNode *node, int role)
     case Qt::AccessibleTextRole:
         return !node->isVisible()            ? tr("hidden")
                : VxNodeHelper::isShown(node) ? tr("visible")
-                                             : tr("visible, within a hidden node");
+                                             : tr("visible, but inside a hidden node");
     default:
         return QVariant();
     }

@@ -193,7 +193,8 @@ void SceneTreeView::dragEnterEvent(QDragEnterEvent *event)
 {
     QTreeView::dragEnterEvent(event);
     if (event->isAccepted())
-        showHint(this, tr("Drop to move. The place in the world is kept; with Shift, the values."));
+        showHint(this,
+                 tr("Drop to reparent. Keeps the world position; with Shift, keeps the values."));
 }
 
 void SceneTreeView::dragLeaveEvent(QDragLeaveEvent *event)
@@ -220,9 +221,10 @@ void SceneTreeView::tellDisplaced(const QVector<VxNode *> &nodes)
         return;
     const QString text =
         nodes.size() == 1
-            ? tr("\"%1\" is not where it was: values that are locked or linked, or a scale above "
-                 "it, do not let it stay.")
+            ? tr("\"%1\" could not keep its world position: values are locked or linked, or a "
+                 "parent is scaled.")
                   .arg(nodes.first()->getLabel())
-            : tr("%1 nodes could not keep their places below their new parent.").arg(nodes.size());
+            : tr("%1 nodes could not keep their world positions below their new parent.")
+                  .arg(nodes.size());
     window->showStatusMessage(text);
 }

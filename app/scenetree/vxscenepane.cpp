@@ -56,8 +56,8 @@ VxScenePane::~VxScenePane() = default;
 void VxScenePane::buildSearch()
 {
     m_search->setObjectName(QStringLiteral("SceneSearchField"));
-    m_search->setToolTip(tr("Shows only nodes whose name contains the text, and those above them. "
-                            "Return selects what was found."));
+    m_search->setToolTip(tr("Shows only nodes whose names contain the text, with the nodes above "
+                            "them. Return selects the matches."));
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, m_filter, &SceneTreeFilter::setText);
     connect(m_search, &SearchField::left, this, [this] { m_view->setFocus(); });
@@ -99,7 +99,7 @@ void VxScenePane::updateHint()
     if (m_model->rowCount() == 0)
         m_hint->tell(tr("The scene has no nodes."));
     else if (m_search->isActive() && m_filter->matches().isEmpty())
-        m_hint->tell(tr("No node has the text in its name."));
+        m_hint->tell(tr("No node name contains the search text."));
     else
         m_hint->tell(QString());
 }

@@ -31,7 +31,7 @@ QString aboutText(const VxPluginMgr &plugins)
         tr("Host library %1, Qt %2").arg(VxVersion::sdk().toString(), QLatin1String(qVersion())));
     const QVector<VxPlugin *> loaded = plugins.getPlugins();
     if (loaded.isEmpty())
-        return text + paragraph(tr("No plug-in is loaded."));
+        return text + paragraph(tr("No plug-ins are loaded."));
     for (const VxPlugin *plugin : loaded)
         text += paragraph(
             tr("%1 %2: %3")

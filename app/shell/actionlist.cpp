@@ -11,14 +11,13 @@ namespace {
 const char introduction[] =
     "# Actions\n"
     "\n"
-    "Every action of the program and its plug-ins, by the menu in which it stands. This page is\n"
-    "what `vxstudio --list-actions` prints.\n"
+    "Every action of the program and its plug-ins, grouped by menu. `vxstudio --list-actions`\n"
+    "prints this page.\n"
     "\n"
-    "The shortcuts are those that a fresh installation has; *Edit > Keyboard Shortcuts* changes\n"
-    "them. A plain key such as an arrow stays with a text field, list or slider that has the "
-    "focus.\n"
-    "An action with a check mark has its state in `checked`; triggering flips it, or, where it is\n"
-    "one of several, chooses it.";
+    "The shortcuts are the defaults; *Edit > Keyboard Shortcuts* changes them. A plain key such\n"
+    "as an arrow is handled by a text field, list or slider that has the focus. An action with a\n"
+    "check mark has its state in `checked`; triggering toggles it, or, in a group of which one is\n"
+    "checked, checks it.";
 
 QString cell(QString text)
 {

@@ -24,27 +24,25 @@ QString name(const char *text)
 /// The options, in the order in which the help lists them.
 void addOptions(QCommandLineParser *parser)
 {
-    parser->addOption({name("headless"), tr("Work without a display and without any dialog.")});
+    parser->addOption({name("headless"), tr("Run without a display and without dialogs.")});
     parser->addOption({name("script"),
-                       tr("Run a script once the file is open. What stands behind \"--\" are the "
-                          "script's arguments."),
+                       tr("Run a script after the file is opened. Arguments after \"--\" are "
+                          "passed to the script."),
                        name("FILE.js")});
-    parser->addOption({name("screenshot"),
-                       tr("Write a picture of the window and leave the program."),
-                       name("OUT.png")});
     parser->addOption(
-        {name("list-actions"), tr("Print a page about all actions and leave the program.")});
-    parser->addOption({name("size"), tr("Size of the window, in pixels."), name("WxH")});
+        {name("screenshot"), tr("Save a picture of the window and exit."), name("OUT.png")});
+    parser->addOption({name("list-actions"), tr("Print a page about all actions and exit.")});
+    parser->addOption({name("size"), tr("Window size in pixels."), name("WxH")});
     parser->addOption({name("frame"), tr("Frame to show."), name("N")});
-    parser->addOption({name("palette"), tr("Colours: dark or light."), name("NAME")});
+    parser->addOption({name("palette"), tr("Palette: dark or light."), name("NAME")});
     parser->addOption(
         {name("settings"),
-         tr("Keep the settings in this file, and recovery copies in a folder beside it. "
-            "Without it, --headless and --screenshot neither read nor write any."),
+         tr("Store the settings in this file, and recovery copies in a folder next to it. Without "
+            "this option, --headless and --screenshot neither read nor write settings."),
          name("FILE.ini")});
     parser->addOption(
-        {name("plugin-path"), tr("A further folder of plug-ins; may be repeated."), name("DIR")});
-    parser->addOption({{name("v"), name("version")}, tr("Show the version.")});
+        {name("plugin-path"), tr("Additional plug-in folder; may be repeated."), name("DIR")});
+    parser->addOption({{name("v"), name("version")}, tr("Show version information.")});
     parser->addOption({{name("h"), name("help")}, tr("Show this help.")});
     parser->addPositionalArgument(name("FILE"), tr("The scene or motion file to open."),
                                   name("[FILE] [-- ARGUMENTS]"));
@@ -71,10 +69,11 @@ void readSize(const QString &text, CommandLine *line)
 {
     line->size = parseSize(text);
     if (line->size.isEmpty())
-        fail(line, tr("The size \"%1\" is not of the form 1280x800, with sides of %2 to %3.")
-                       .arg(text)
-                       .arg(SmallestSide)
-                       .arg(LargestSide));
+        fail(line,
+             tr("Invalid size \"%1\": expected WIDTHxHEIGHT such as 1280x800, each from %2 to %3.")
+                 .arg(text)
+                 .arg(SmallestSide)
+                 .arg(LargestSide));
 }
 
 void readFrame(const QString &text, CommandLine *line)
@@ -82,20 +81,20 @@ void readFrame(const QString &text, CommandLine *line)
     bool ok = false;
     line->frame = text.toInt(&ok);
     if (!ok)
-        fail(line, tr("The frame \"%1\" is not a whole number.").arg(text));
+        fail(line, tr("Invalid frame \"%1\": expected a whole number.").arg(text));
 }
 
 void readPalette(const QString &text, CommandLine *line)
 {
     line->palette = text;
     if (text != name("dark") && text != name("light"))
-        fail(line, tr("There is no palette \"%1\": it is dark or light.").arg(text));
+        fail(line, tr("Unknown palette \"%1\": expected dark or light.").arg(text));
 }
 
 void readFiles(const QStringList &files, CommandLine *line)
 {
     if (files.size() > 1)
-        fail(line, tr("Only one file can be opened, but there is also \"%1\".").arg(files.at(1)));
+        fail(line, tr("Only one file can be opened; unexpected argument \"%1\".").arg(files.at(1)));
     line->file = files.value(0);
 }
 
@@ -109,7 +108,7 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
     line->pluginPaths = parser.values(name("plugin-path"));
     for (const char *option : {"script", "screenshot", "settings", "plugin-path"}) {
         if (parser.isSet(name(option)) && parser.values(name(option)).contains(QString()))
-            fail(line, tr("The option --%1 wants a name.").arg(name(option)));
+            fail(line, tr("Option --%1 requires a name.").arg(name(option)));
     }
     if (parser.isSet(name("size")))
         readSize(parser.value(name("size")), line);
@@ -156,9 +155,9 @@ QString CommandLine::helpText()
     addOptions(&parser);
     parser.setApplicationDescription(tr("Composes and animates scenes."));
     return parser.helpText() + tr("\nExit codes:\n"
-                                  "  0  everything went well\n"
-                                  "  1  a file, a script or a picture went wrong\n"
-                                  "  2  the command line is wrong\n");
+                                  "  0  success\n"
+                                  "  1  a file, a script or a picture failed\n"
+                                  "  2  invalid command line\n");
 }
 
 QString CommandLine::versionText()

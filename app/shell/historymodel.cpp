@@ -38,7 +38,7 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
     case CleanRole:
         return isClean;
     case Qt::ToolTipRole:
-        return isClean ? tr("The state that is saved") : QVariant();
+        return isClean ? tr("The saved state") : QVariant();
     case Qt::ForegroundRole:
         return row > presentRow()
                    ? QApplication::palette().brush(QPalette::Disabled, QPalette::Text)

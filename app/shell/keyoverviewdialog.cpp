@@ -20,13 +20,13 @@ KeyOverviewDialog::KeyOverviewDialog(QWidget *parent)
     , m_page(new QTextBrowser)
 {
     setObjectName(QStringLiteral("KeyOverviewDialog"));
-    setWindowTitle(tr("Keys and Mouse"));
+    setWindowTitle(tr("Keyboard and Mouse"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_page->setObjectName(QStringLiteral("KeyOverviewPage"));
     m_page->setAccessibleName(windowTitle());
     m_page->document()->setDocumentMargin(PageMargin);
     auto *box = new QDialogButtonBox(QDialogButtonBox::Close);
-    QPushButton *change = box->addButton(tr("Change &Keys..."), QDialogButtonBox::ActionRole);
+    QPushButton *change = box->addButton(tr("Change &Shortcuts..."), QDialogButtonBox::ActionRole);
     change->setAutoDefault(false);
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(10);

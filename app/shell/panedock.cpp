@@ -62,8 +62,8 @@ QWidget *PaneDock::makeTitleBar()
         layout->addWidget(new PaneSearchField(pane()));
 
     if (pane()->getOptionsMenu()->getNumEntries() > 0) {
-        const TitleBarButton *options = addButton(TitleBarButton::Glyph::Options, "PaneOptionsBtn",
-                                                  tr("Options of this pane"), layout);
+        const TitleBarButton *options =
+            addButton(TitleBarButton::Glyph::Options, "PaneOptionsBtn", tr("Pane options"), layout);
         connect(options, &QAbstractButton::clicked, this,
                 [this, options] { showOptionsMenu(options); });
     }

@@ -21,8 +21,8 @@ PaneSearchField::PaneSearchField(VxPane *pane, QWidget *parent)
     , m_pane(pane)
 {
     setObjectName(QStringLiteral("PaneSearchField"));
-    setToolTip(tr("Shows only rows whose name contains the text. rx:: in front makes it a regular "
-                  "expression (rx::ci:: ignores case), wc:: a wildcard pattern."));
+    setToolTip(tr("Shows only rows whose names contain the text. Prefix rx:: for a regular "
+                  "expression (rx::ci:: ignores case) or wc:: for a wildcard pattern."));
     connect(this, &QLineEdit::textChanged, this, &PaneSearchField::apply);
     connect(this, &SearchField::left, pane, [pane] { pane->setFocus(Qt::OtherFocusReason); });
 }

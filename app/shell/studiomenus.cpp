@@ -27,8 +27,8 @@ StudioMenus::StudioMenus(StudioWindow *window)
     buildViewMenu();
     buildHelpMenu();
     m_defaultLayout = new QAction(this);
-    adopt(m_defaultLayout, {"StudioDefaultLayout", tr("Default &Layout"),
-                            tr("Puts every pane where it stood at first.")});
+    adopt(m_defaultLayout,
+          {"StudioDefaultLayout", tr("Default &Layout"), tr("Restores the default pane layout.")});
     connect(m_defaultLayout, &QAction::triggered, this, &StudioMenus::defaultLayoutRequested);
 }
 
@@ -56,7 +56,7 @@ void StudioMenus::buildFileMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&File"));
     m_fileMenu = menu;
-    addEntry(menu, {"StudioNew", tr("&New"), tr("Begins with an empty scene."), QKeySequence::New},
+    addEntry(menu, {"StudioNew", tr("&New"), tr("Creates an empty scene."), QKeySequence::New},
              &StudioMenus::newRequested);
     addEntry(
         menu,
@@ -65,15 +65,15 @@ void StudioMenus::buildFileMenu()
     QAction *below = menu->addSeparator();
     below->setObjectName(QStringLiteral("BelowOpenSeparator"));
     addEntry(menu,
-             {"StudioSave", tr("&Save"), tr("Writes the scene into its file."), QKeySequence::Save},
+             {"StudioSave", tr("&Save"), tr("Saves the scene to its file."), QKeySequence::Save},
              &StudioMenus::saveRequested);
     addEntry(menu,
-             {"StudioSaveAs", tr("Save &As..."), tr("Writes the scene into another file."),
+             {"StudioSaveAs", tr("Save &As..."), tr("Saves the scene to another file."),
               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
              &StudioMenus::saveAsRequested);
     m_revert = addEntry(menu,
                         {"StudioRevert", tr("Re&vert"),
-                         tr("Opens the file again, without the changes since it was saved.")},
+                         tr("Opens the file again and discards all unsaved changes.")},
                         &StudioMenus::revertRequested);
     m_revert->setEnabled(false);
     menu->addSeparator();
@@ -83,13 +83,13 @@ void StudioMenus::buildFileMenu()
              &StudioMenus::importRequested);
     addEntry(menu,
              {"StudioExportMotion", tr("&Export Motion..."),
-              tr("Writes the motion of a figure into a file.")},
+              tr("Saves the motion of a figure to a file.")},
              &StudioMenus::exportRequested);
     menu->addSeparator();
     menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(
         menu,
-        {"StudioQuit", tr("&Quit"), tr("Leaves the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
         &StudioMenus::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 }
@@ -105,7 +105,7 @@ void StudioMenus::addRecovery(AutoSave *autoSave)
 {
     auto *recover = new QAction(this);
     adopt(recover, {"StudioRecover", tr("&Recover Documents..."),
-                    tr("Shows the copies of documents that were not saved in an earlier run.")});
+                    tr("Shows recovery copies of unsaved documents from earlier sessions.")});
     connect(recover, &QAction::triggered, this, &StudioMenus::recoverRequested);
     auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, recover, m_fileMenu);
     insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
@@ -128,11 +128,11 @@ void StudioMenus::buildViewMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
     addEntry(menu,
-             {"StudioFrameAll", tr("&Frame All"), tr("Shows the whole scene in the viewport."),
+             {"StudioFrameAll", tr("&Frame All"), tr("Frames the whole scene in the viewport."),
               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
              &StudioMenus::frameAllRequested);
     QAction *frameSelection = m_window->viewport()->frameSelectionAction();
-    frameSelection->setStatusTip(tr("Brings the selected nodes into view in the viewport."));
+    frameSelection->setStatusTip(tr("Frames the selected nodes in the viewport."));
     menu->addAction(frameSelection);
     menu->addSeparator();
     addPaletteChoice(menu);
@@ -153,9 +153,9 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
         connect(style, &VxStyle::colorSchemeChanged, action, show);
         show();
     };
-    add({"StudioDarkPalette", tr("&Dark Palette"), tr("Light text on dark grounds.")},
+    add({"StudioDarkPalette", tr("&Dark Palette"), tr("Light text on a dark background.")},
         VxStyle::ColorScheme::Dark);
-    add({"StudioLightPalette", tr("&Light Palette"), tr("Dark text on light grounds.")},
+    add({"StudioLightPalette", tr("&Light Palette"), tr("Dark text on a light background.")},
         VxStyle::ColorScheme::Light);
 }
 
@@ -164,13 +164,13 @@ void StudioMenus::buildHelpMenu()
 {
     m_helpMenu = new QMenu(tr("&Help"), m_window->menuBar());
     addEntry(m_helpMenu,
-             {"StudioKeyOverview", tr("&Keys and Mouse"),
-              tr("Shows on a page what the keys and the mouse do."), QKeySequence(Qt::Key_F1)},
+             {"StudioKeyOverview", tr("&Keyboard and Mouse"),
+              tr("Shows help for the keyboard and the mouse."), QKeySequence(Qt::Key_F1)},
              &StudioMenus::keyOverviewRequested);
     m_helpMenu->addSeparator();
     addEntry(m_helpMenu,
              {"StudioAbout", tr("&About %1").arg(VxApp::getAppName()),
-              tr("Tells the version of the program and its plug-ins.")},
+              tr("Shows version information for the program and its plug-ins.")},
              &StudioMenus::aboutRequested);
 }
 
@@ -181,9 +181,9 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     QAction *redo = stack->createRedoAction(this, tr("&Redo"));
     undo->setToolTip(tr("Undo"));
     redo->setToolTip(tr("Redo"));
-    adopt(undo, {"StudioUndo", QString(), tr("Takes the last change back."), QKeySequence::Undo});
-    adopt(redo, {"StudioRedo", QString(), tr("Makes the change again that was taken back."),
-                 QKeySequence::Redo});
+    adopt(undo, {"StudioUndo", QString(), tr("Undoes the last change."), QKeySequence::Undo});
+    adopt(redo,
+          {"StudioRedo", QString(), tr("Redoes the last undone change."), QKeySequence::Redo});
     // Text and state come from the toolkit's stack; the trigger goes through the host's, which
     // waits while a gesture is under way.
     disconnect(undo, nullptr, stack, nullptr);
@@ -194,7 +194,7 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     m_editMenu->addSeparator();
     addEntry(m_editMenu,
              {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
-              tr("Shows the keys of all commands, and changes them.")},
+              tr("Shows and changes the shortcuts of all commands.")},
              &StudioMenus::shortcutsRequested);
 }
 

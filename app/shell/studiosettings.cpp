@@ -33,7 +33,7 @@ void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
     QString error;
     if (m_fileName.isEmpty() || settings->load(m_fileName, &error))
         return;
-    messages.showNotice(tr("The settings are not used and not saved: %1").arg(error));
+    messages.showNotice(tr("The settings will not be used or saved: %1").arg(error));
     m_fileName.clear();
 }
 
@@ -57,8 +57,8 @@ void StudioSettings::save(const VxSettings &settings, const UserMessages &messag
     QString error;
     const QString folder = QFileInfo(m_fileName).absolutePath();
     if (!QDir().mkpath(folder))
-        error = tr("the folder %1 cannot be made").arg(folder);
+        error = tr("cannot create the folder %1").arg(folder);
     else if (settings.save(m_fileName, &error))
         return;
-    messages.showNotice(tr("The settings are not saved: %1").arg(error));
+    messages.showNotice(tr("The settings could not be saved: %1").arg(error));
 }

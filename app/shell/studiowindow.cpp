@@ -97,7 +97,7 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
     connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
         applyDefaultLayout();
-        m_messages->showStatus(tr("All panes stand where they stood at first."));
+        m_messages->showStatus(tr("The default pane layout has been restored."));
     });
     connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::editShortcuts);
     connect(m_menus, &StudioMenus::paletteRequested, this,

@@ -78,7 +78,7 @@ bool writeWindowPicture(QWidget *window, const QSize &size, const QString &fileN
     QImageWriter writer(fileName, "png");
     if (writer.write(window->grab().toImage()))
         return true;
-    *error = QCoreApplication::translate("WindowPicture", "The picture %1 cannot be written: %2")
+    *error = QCoreApplication::translate("WindowPicture", "Cannot write the picture %1: %2")
                  .arg(fileName, writer.errorString());
     return false;
 }

@@ -135,12 +135,11 @@ QString ShortcutCatalogue::refusalText(const QStringList &refused, const VxSetti
         const QAction *holder = actions.findCommand(actions.findShortcut(shortcut));
         const QAction *loser = actions.findCommand(name);
         if (holder && loser)
-            sentences.append(
-                QCoreApplication::translate("ShortcutCatalogue",
-                                            "The shortcut %1 that the settings give to \"%2\" "
-                                            "stays with \"%3\".")
-                    .arg(shortcut.toString(QKeySequence::NativeText), titleOf(loser),
-                         titleOf(holder)));
+            sentences.append(QCoreApplication::translate(
+                                 "ShortcutCatalogue",
+                                 "The shortcut %1 stored for \"%2\" is already assigned to \"%3\".")
+                                 .arg(shortcut.toString(QKeySequence::NativeText), titleOf(loser),
+                                      titleOf(holder)));
     }
     return sentences.join(QLatin1Char(' '));
 }

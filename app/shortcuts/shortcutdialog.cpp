@@ -118,7 +118,7 @@ QWidget *ShortcutDialog::buildTree()
     connect(m_tree, &QTreeView::doubleClicked, this, &ShortcutDialog::beginCapture);
     m_tree->installEventFilter(this);
 
-    m_nothingFound = new QLabel(tr("No command is found."), m_tree);
+    m_nothingFound = new QLabel(tr("No matching commands."), m_tree);
     m_nothingFound->setObjectName(QStringLiteral("ShortcutNothingFound"));
     m_nothingFound->setEnabled(false);
     m_nothingFound->setContentsMargins(12, 40, 12, 12);
@@ -172,7 +172,7 @@ QLayout *ShortcutDialog::buildConflictLine()
     m_conflict = makeText("ShortcutConflict");
     m_conflict->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     reserveLines(m_conflict, 2);
-    m_takeOver = makeButton("ShortcutTakeOverBtn", tr("&Take Over"));
+    m_takeOver = makeButton("ShortcutTakeOverBtn", tr("&Reassign"));
     m_warning = new QLabel;
     m_warning->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(WarningSize));
     for (QWidget *widget : {static_cast<QWidget *>(m_warning), static_cast<QWidget *>(m_takeOver)})
@@ -188,7 +188,7 @@ QWidget *ShortcutDialog::buildButtons()
 {
     auto *box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     m_resetAll = makeButton("ShortcutResetAllBtn", tr("Reset &All"));
-    m_resetAll->setToolTip(tr("Gives every command the shortcut it came with."));
+    m_resetAll->setToolTip(tr("Restores the default shortcuts of all commands."));
     box->addButton(m_resetAll, QDialogButtonBox::ResetRole);
     connect(m_resetAll, &QPushButton::clicked, m_model, &ShortcutModel::resetAll);
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -224,9 +224,8 @@ void ShortcutDialog::showCurrent()
     m_field->setEnabled(!shown.isFixed());
     m_clear->setEnabled(!shown.isFixed() && !shown.current.isEmpty());
     m_reset->setEnabled(isCommand && !list().isStandard(command));
-    m_reset->setToolTip(shown.standard.isEmpty()
-                            ? tr("This command comes without a shortcut.")
-                            : tr("This command comes with %1.").arg(native(shown.standard)));
+    m_reset->setToolTip(shown.standard.isEmpty() ? tr("Default: none")
+                                                 : tr("Default: %1").arg(native(shown.standard)));
     m_resetAll->setEnabled(!list().areStandard());
 }
 
@@ -247,14 +246,14 @@ void ShortcutDialog::explainConflict(const QKeySequence &shortcut)
 {
     const ShortcutCommand &holder = list().at(list().holderOf(shortcut, current()));
     const QString whose =
-        tr("%1 belongs to \"%2\" (%3).").arg(native(shortcut), holder.text, holder.group);
+        tr("%1 is assigned to \"%2\" (%3).").arg(native(shortcut), holder.text, holder.group);
     m_warning->show();
     if (holder.isFixed()) {
-        m_conflict->setText(whose + QLatin1Char(' ') + tr("It cannot be taken from there."));
+        m_conflict->setText(whose + QLatin1Char(' ') + tr("It cannot be reassigned."));
         return;
     }
     m_conflict->setText(whose + QLatin1Char(' ') +
-                        tr("Taken over, it leaves that command without a shortcut."));
+                        tr("Reassigning it leaves that command without a shortcut."));
     m_wanted = shortcut;
     m_takeOver->show();
 }

@@ -76,7 +76,7 @@ UserMessages::Choice UserMessages::askToSave(const QString &documentName) const
 {
     if (isConsole())
         return Choice::Discard;
-    const QString text = tr("\"%1\" has changes that are not saved. Save them?").arg(documentName);
+    const QString text = tr("\"%1\" has unsaved changes. Save them?").arg(documentName);
     switch (ask(QMessageBox::Question, text,
                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
                 QMessageBox::Save)) {
@@ -93,8 +93,8 @@ bool UserMessages::askToRevert(const QString &documentName) const
 {
     if (isConsole())
         return true;
-    const QString text = tr("Go back to the saved \"%1\"? All changes since then are lost, and "
-                            "cannot be redone.")
+    const QString text = tr("Revert \"%1\" to its saved version? All unsaved changes will be lost "
+                            "and cannot be redone.")
                              .arg(documentName);
     return ask(QMessageBox::Question, text, QMessageBox::Discard | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Discard;
@@ -105,7 +105,7 @@ bool UserMessages::askToOverwrite(const QString &documentName) const
     if (isConsole())
         return true;
     const QString text = tr("\"%1\" was changed by another program since it was opened or saved "
-                            "here. Saving replaces what is in the file now.")
+                            "here. Saving overwrites those changes.")
                              .arg(documentName);
     return ask(QMessageBox::Warning, text, QMessageBox::Save | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Save;
@@ -126,8 +126,7 @@ bool UserMessages::askToDeleteCopy(const QString &documentName) const
     if (isConsole())
         return false;
     const QString text =
-        tr("Delete the copy of \"%1\"? What was not saved is lost then, and cannot "
-           "be brought back.")
+        tr("Delete the recovery copy of \"%1\"? Its unsaved changes will be lost permanently.")
             .arg(documentName);
     return ask(QMessageBox::Warning, text, QMessageBox::Discard | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Discard;
@@ -137,11 +136,10 @@ UserMessages::Arrival UserMessages::askHowToOpen(const QString &motionName) cons
 {
     if (isConsole())
         return Arrival::Open;
-    QMessageBox box(
-        QMessageBox::Question, VxApp::getAppName(),
-        tr("Import the motion \"%1\" into this scene, or open it in place of the scene?")
-            .arg(motionName),
-        QMessageBox::Cancel, m_window);
+    QMessageBox box(QMessageBox::Question, VxApp::getAppName(),
+                    tr("Import the motion \"%1\" into this scene, or replace the scene with it?")
+                        .arg(motionName),
+                    QMessageBox::Cancel, m_window);
     box.setTextFormat(Qt::PlainText);
     QPushButton *importing = box.addButton(tr("&Import"), QMessageBox::AcceptRole);
     importing->setObjectName(QStringLiteral("ImportButton"));

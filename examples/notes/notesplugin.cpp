@@ -26,8 +26,7 @@ VxPlugin *definition()
     static Factory<NotesPane> pane("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F01");
     static Factory<NotesStampAction> stamp("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F02");
     static VxPlugin plugin(QStringLiteral("Notes"), QStringLiteral("VxTimeline Developers"),
-                           QStringLiteral("A pane for notes: an example of a plug-in."), 1, 0, 0,
-                           0);
+                           QStringLiteral("A pane for notes: an example plug-in."), 1, 0, 0, 0);
     plugin.addClassFactory(&pane);
     plugin.addClassFactory(&stamp);
     return &plugin;

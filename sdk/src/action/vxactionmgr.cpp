@@ -64,14 +64,14 @@ public:
         const QString text = action->getDefaultAccel();
         QKeySequence wanted;
         if (!readShortcut(text, wanted)) {
-            qWarning("VxActionMgr: \"%s\", the default of %s, is not a shortcut",
+            qWarning("VxActionMgr: the default shortcut \"%s\" of %s is not valid",
                      qUtf8Printable(text), qUtf8Printable(className));
             wanted = QKeySequence();
         }
         QString holder;
         if (!shortcuts.add(className, wanted, &holder))
-            qWarning("VxActionMgr: the shortcut %s of %s is taken by %s", qUtf8Printable(text),
-                     qUtf8Printable(className), qUtf8Printable(holder));
+            qWarning("VxActionMgr: the shortcut %s of %s is already assigned to %s",
+                     qUtf8Printable(text), qUtf8Printable(className), qUtf8Printable(holder));
     }
 
     void applyShortcut(const QString &className) const
@@ -125,7 +125,7 @@ void VxActionMgr::createActions(const VxPluginMgr *plugins)
             addAction(action);
             continue;
         }
-        qWarning("VxActionMgr: the factory of %s made no action",
+        qWarning("VxActionMgr: the factory of %s created no action",
                  qUtf8Printable(factory->className()));
         delete object;
     }
@@ -152,7 +152,7 @@ bool VxActionMgr::addCommand(const QString &name, QAction *command)
         return false;
     QString holder;
     if (!d->shortcuts.add(name, command->shortcut(), &holder))
-        qWarning("VxActionMgr: the shortcut %s of %s is taken by %s",
+        qWarning("VxActionMgr: the shortcut %s of %s is already assigned to %s",
                  qUtf8Printable(command->shortcut().toString(QKeySequence::PortableText)),
                  qUtf8Printable(name), qUtf8Printable(holder));
     d->commandsByName.insert(name, command);
@@ -264,8 +264,8 @@ QStringList VxActionMgr::restoreShortcuts(const VxSettings *settings)
         if (readShortcut(text, shortcut))
             changes.insert(className, shortcut);
         else
-            qWarning("VxActionMgr: \"%s\", stored for %s, is not a shortcut", qUtf8Printable(text),
-                     qUtf8Printable(className));
+            qWarning("VxActionMgr: the stored shortcut \"%s\" of %s is not valid",
+                     qUtf8Printable(text), qUtf8Printable(className));
     }
     QStringList refused;
     for (auto it = changes.begin(); it != changes.end(); ++it) {

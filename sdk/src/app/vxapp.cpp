@@ -46,7 +46,7 @@ public:
 VxApp::VxApp()
 {
     if (vxApp)
-        qWarning("VxApp: there is an application object already; it stays the current one");
+        qWarning("VxApp: an application object already exists; it remains the current one");
     else
         vxApp = this;
     d.reset(new Private);

@@ -46,7 +46,8 @@ VxPane *VxPaneMgr::Private::create(const VxClassFactory *factory)
     QObject *object = factory->createInstance();
     VxPane *pane = qobject_cast<VxPane *>(object);
     if (!pane) {
-        qWarning("VxPaneMgr: the factory of %s made no pane", qUtf8Printable(factory->className()));
+        qWarning("VxPaneMgr: the factory of %s created no pane",
+                 qUtf8Printable(factory->className()));
         delete object;
     }
     return pane;

@@ -39,7 +39,7 @@ void addRelations(const VxProperty *property, QStringList *lines)
     if (!number || !number->isLinked())
         return;
     const QString source = fullName(number->getLinkedProperty());
-    lines->append(number->isLinkTerminal() ? tr("%1 is added").arg(source)
+    lines->append(number->isLinkTerminal() ? tr("Adds %1").arg(source)
                                            : tr("Follows %1").arg(source));
 }
 
@@ -56,8 +56,8 @@ QString VxPropertyHints::keyHint(VxPropertyListItemModel::KeyState state, bool e
     case VxPropertyListItemModel::OnKey:
         return editable ? tr("On a key. Click to delete it.") : tr("On a key.");
     case VxPropertyListItemModel::MixedKeys:
-        return editable ? tr("Keyed in some of the nodes. Click to set the missing keys here.")
-                        : tr("Keyed in some of the nodes.");
+        return editable ? tr("Keyed on some of the nodes. Click to set the missing keys here.")
+                        : tr("Keyed on some of the nodes.");
     case VxPropertyListItemModel::NotKeyable:
         break;
     }
@@ -75,9 +75,9 @@ QString VxPropertyHints::propertyHint(const QVector<VxProperty *> &properties)
         lines.append(tr("Locked"));
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
     if (number && !number->isAnimatable())
-        lines.append(tr("Takes no keys"));
+        lines.append(tr("Cannot be keyed"));
     if (properties.size() > 1)
-        lines.append(tr("Changes are made to %1 nodes.").arg(properties.size()));
+        lines.append(tr("Changes apply to %1 nodes.").arg(properties.size()));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -110,15 +110,15 @@ QString VxPropertyHints::refusal(const QString &label, int refused, int locked, 
     if (refused <= 0)
         return {};
     if (locked > 0 && locked < count)
-        return tr("%1 was not changed in %2 of %3 nodes, where it is locked or follows another "
+        return tr("%1 was not changed on %2 of %3 nodes, where it is locked or follows another "
                   "value.")
             .arg(label)
             .arg(locked)
             .arg(count);
     if (locked > 0)
         return tr("%1 cannot be changed: it is locked or follows another value.").arg(label);
-    return tr("%1 cannot be set: there is no key at this time, and setting values makes none at "
-              "present.")
+    return tr("%1 cannot be set: it has no key at this time, and creating keys automatically is "
+              "off.")
         .arg(label);
 }
 
@@ -127,12 +127,12 @@ QString VxPropertyHints::limits(const VxNumericProperty *property, double value)
     const double lowest = VxPropertyValue::lowest(property);
     const double highest = VxPropertyValue::highest(property);
     if (value >= lowest && value <= highest)
-        return tr("%1 takes whole numbers. The nearest one was set.").arg(property->getLabel());
-    return tr("%1 takes values from %2 to %3. The nearest one was set.")
+        return tr("%1 must be a whole number. The nearest one was set.").arg(property->getLabel());
+    return tr("%1 must be from %2 to %3. The nearest value was set.")
         .arg(property->getLabel(), shown(property, lowest), shown(property, highest));
 }
 
 QString VxPropertyHints::unreadable(const QString &text)
 {
-    return tr("\u201c%1\u201d is no value.").arg(text);
+    return tr("\u201c%1\u201d is not a valid value.").arg(text);
 }

@@ -50,7 +50,7 @@ VxPropertySpinBox::VxPropertySpinBox(const QVector<VxProperty *> &properties, QW
     m_rest.setInterval(RestMilliseconds);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });
     connect(lineEdit(), &QLineEdit::inputRejected, this,
-            [this] { Q_EMIT noticed(tr("Only numbers and + - * / ( ) can be typed here.")); });
+            [this] { Q_EMIT noticed(tr("Only numbers and + - * / ( ) are allowed.")); });
     connect(&m_rest, &QTimer::timeout, this, &VxPropertySpinBox::finishSteps);
     m_soon.setSingleShot(true);
     m_soon.setInterval(0);

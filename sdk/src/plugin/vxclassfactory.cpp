@@ -85,7 +85,7 @@ void VxClassFactory::registerEnumsOnClass(QScriptEngine *engine, const QMetaObje
                                           QScriptValue &object)
 {
     if (!engine || !metaObject || !object.isObject()) {
-        qWarning("VxClassFactory: enumerations of %s need a script engine and an object",
+        qWarning("VxClassFactory: enumerations of %s require a script engine and an object",
                  metaObject ? metaObject->className() : "no class");
         return;
     }

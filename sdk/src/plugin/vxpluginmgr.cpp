@@ -32,7 +32,7 @@ public:
         const VxPlugin *taken = findPlugin(plugin->getName());
         if (!taken)
             return QString();
-        return VxPluginMgr::tr("a plug-in of the name \"%1\" is already loaded (version %2)")
+        return VxPluginMgr::tr("a plug-in named \"%1\" is already loaded (version %2)")
             .arg(plugin->getName(), taken->getVersion().toString());
     }
 
@@ -50,8 +50,8 @@ public:
     {
         for (VxClassFactory *factory : plugin->getClassFactories()) {
             if (!addFactory(factory))
-                qWarning("VxPluginMgr: the class \"%s\" of the plug-in \"%s\" is left out: its "
-                         "name is empty or taken",
+                qWarning("VxPluginMgr: class \"%s\" of plug-in \"%s\" ignored: its name is empty "
+                         "or already registered",
                          qUtf8Printable(factory->className()), qUtf8Printable(plugin->getName()));
         }
     }
@@ -73,7 +73,7 @@ VxPlugin *VxPluginMgr::loadPlugin(const QString &fileName, QString *error)
     if (plugin) {
         const QString objection = d->objection(plugin);
         if (!objection.isEmpty())
-            problem = tr("%1 is not taken up: %2.").arg(fileName, objection);
+            problem = tr("%1 was not loaded: %2.").arg(fileName, objection);
     }
     if (error)
         *error = problem;
@@ -107,12 +107,12 @@ int VxPluginMgr::loadPlugins(const QString &folder, QStringList *errors)
 void VxPluginMgr::addPlugin(VxPlugin *plugin)
 {
     if (!plugin) {
-        qWarning("VxPluginMgr: there is no plug-in record to add");
+        qWarning("VxPluginMgr: no plug-in record to add");
         return;
     }
     const QString objection = d->objection(plugin);
     if (!objection.isEmpty()) {
-        qWarning("VxPluginMgr: a plug-in is not taken up: %s", qUtf8Printable(objection));
+        qWarning("VxPluginMgr: plug-in not loaded: %s", qUtf8Printable(objection));
         return;
     }
     d->plugins.append(plugin);

@@ -22,7 +22,7 @@ VxPlugin *VxPluginModule::open()
     }
     VxPlugin *plugin = reinterpret_cast<VxPlugin *(*)()>(definition)();
     if (!plugin)
-        m_error = tr("%1 handed out no plug-in record.").arg(m_fileName);
+        m_error = tr("%1 returned no plug-in record.").arg(m_fileName);
     return plugin;
 }
 
@@ -49,8 +49,8 @@ bool VxPluginModule::checkVersion()
     const VxVersion version = reinterpret_cast<VxVersion (*)()>(entry)();
     if (version.runsIn(VxVersion::sdk()))
         return true;
-    m_error = tr("%1 was built for SDK version %2, which does not run in this host with SDK "
-                 "version %3.")
+    m_error = tr("%1 was built for SDK version %2, which is not compatible with SDK version %3 of "
+                 "this program.")
                   .arg(m_fileName, version.toString(), VxVersion::sdk().toString());
     return false;
 }

@@ -199,9 +199,9 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
         return nullptr;
     }
     if (property->getOwner() || d->byName.contains(property->getName())) {
-        qWarning("VxElement::addProperty(): \"%s\" %s, so \"%s\" does not take it",
+        qWarning("VxElement::addProperty(): \"%s\" %s and cannot be added to \"%s\"",
                  qUtf8Printable(property->getName()),
-                 property->getOwner() ? "has an owner" : "is a name in use",
+                 property->getOwner() ? "has an owner" : "has a name in use",
                  qUtf8Printable(d->name));
         return nullptr;
     }
@@ -215,8 +215,7 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
 bool VxElement::removeProperty(VxProperty *property)
 {
     if (!property || property->getOwner() != this || d->isBuiltIn(property)) {
-        qWarning("VxElement::removeProperty(): \"%s\" is no property that can be removed from "
-                 "\"%s\"",
+        qWarning("VxElement::removeProperty(): \"%s\" cannot be removed from \"%s\"",
                  property ? qUtf8Printable(property->getName()) : "null", qUtf8Printable(d->name));
         return false;
     }

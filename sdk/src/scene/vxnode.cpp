@@ -142,7 +142,7 @@ void VxNode::setObject(VxObject *object)
     if (object == former)
         return;
     if (object && object->getOwnerElement()) {
-        qWarning("VxNode::setObject(): \"%s\" belongs to \"%s\", so \"%s\" does not take it",
+        qWarning("VxNode::setObject(): \"%s\" belongs to \"%s\" and cannot be added to \"%s\"",
                  qUtf8Printable(object->getName()),
                  qUtf8Printable(object->getOwnerElement()->getName()), qUtf8Printable(getName()));
         return;
@@ -285,7 +285,7 @@ VxNode::RotationOrder VxNode::getRotationOrder() const
 void VxNode::setRotationOrder(RotationOrder order)
 {
     if (order < XYZ || order > ZYX) {
-        qWarning("VxNode::setRotationOrder(): %d is no rotation order", int(order));
+        qWarning("VxNode::setRotationOrder(): %d is not a rotation order", int(order));
         return;
     }
     if (priv()->rotationOrder == order)

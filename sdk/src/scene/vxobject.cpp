@@ -91,7 +91,7 @@ bool VxObject::addSubElement(VxElement *element)
     for (const VxElement *above = this; above && !refused; above = above->getOwnerElement())
         refused = above == element;
     if (refused) {
-        qWarning("VxObject::addSubElement(): \"%s\" does not take %s", qUtf8Printable(getName()),
+        qWarning("VxObject::addSubElement(): \"%s\" cannot own %s", qUtf8Printable(getName()),
                  element ? qUtf8Printable(element->getName()) : "null");
         return false;
     }

@@ -204,8 +204,8 @@ bool VxScene::addNode(VxNode *node, VxNode *parent)
 {
     if (!node || node->getScene() || node->getNodeParent()) {
         qWarning("VxScene::addNode(): %s %s", node ? qUtf8Printable(node->getName()) : "null",
-                 !node              ? "is no node"
-                 : node->getScene() ? "is in a scene already"
+                 !node              ? "is not a node"
+                 : node->getScene() ? "is already in a scene"
                                     : "has a parent");
         return false;
     }
@@ -242,7 +242,7 @@ void VxScene::beginLoad()
 void VxScene::endLoad()
 {
     if (d->loadDepth == 0) {
-        qWarning("VxScene::endLoad(): no load was begun");
+        qWarning("VxScene::endLoad(): no load is open");
         return;
     }
     if (--d->loadDepth == 0)

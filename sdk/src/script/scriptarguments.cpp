@@ -51,7 +51,7 @@ QString ScriptArguments::text(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isString())
-        failArgument(index, name, "a text");
+        failArgument(index, name, "a string");
     return value.toString();
 }
 

@@ -35,7 +35,7 @@ public:
     {
         auto *object = qobject_cast<Class *>(m_context->thisObject().toQObject());
         if (!object)
-            fail(QStringLiteral("is called on something that is no %1, or no longer exists")
+            fail(QStringLiteral("is called on an object that is not a %1 or no longer exists")
                      .arg(QLatin1String(Class::staticMetaObject.className())));
         return object;
     }

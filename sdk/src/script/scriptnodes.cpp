@@ -37,7 +37,7 @@ QScriptValue addProperty(ScriptArguments &arguments, const Value &defaultValue)
         return arguments.error();
     auto property = std::make_unique<Property>(name, defaultValue);
     if (!element->addProperty(property.get(), path)) {
-        arguments.fail(QStringLiteral("finds the name \"%1\" taken").arg(name));
+        arguments.fail(QStringLiteral("cannot use the name \"%1\": it is in use").arg(name));
         return arguments.error();
     }
     return toScript(arguments.engine(), property.release());

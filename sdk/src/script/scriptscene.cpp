@@ -41,7 +41,7 @@ template <class Node> QScriptValue addNode(ScriptArguments &arguments)
         return arguments.error();
     auto node = std::make_unique<Node>(name);
     if (!scene->addNode(node.get(), parent)) {
-        arguments.fail(QStringLiteral("cannot add below a node that is not in the scene"));
+        arguments.fail(QStringLiteral("cannot add a node below one that is not in the scene"));
         return arguments.error();
     }
     return toScript(arguments.engine(), node.release());

@@ -32,7 +32,7 @@ VxScriptError syntaxError(const QString &program, const QString &fileName, int f
         return {};
     const QString message = check.errorMessage();
     return {fileName, check.errorLineNumber() + firstLine - 1,
-            message.isEmpty() ? VxScriptEngine::tr("The program ends too early")
+            message.isEmpty() ? VxScriptEngine::tr("Syntax error: unexpected end of the script")
                               : VxScriptEngine::tr("Syntax error: %1").arg(message)};
 }
 
@@ -138,7 +138,7 @@ bool VxScriptEngine::runFile(const QString &fileName, VxScriptError *error)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         if (error)
-            *error = {fileName, -1, tr("Cannot be read: %1").arg(file.errorString())};
+            *error = {fileName, -1, tr("The file cannot be read: %1").arg(file.errorString())};
         return false;
     }
     VxScriptError failure;

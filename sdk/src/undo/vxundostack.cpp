@@ -232,7 +232,7 @@ void VxUndoStack::beginHold()
 void VxUndoStack::acceptHold(const QString &text)
 {
     if (d->scriptHolds.empty()) {
-        qWarning("VxUndoStack::acceptHold(): no hold was begun");
+        qWarning("VxUndoStack::acceptHold(): no hold is open");
         return;
     }
     const auto hold = std::move(d->scriptHolds.back());
@@ -243,7 +243,7 @@ void VxUndoStack::acceptHold(const QString &text)
 void VxUndoStack::cancelHold()
 {
     if (d->scriptHolds.empty()) {
-        qWarning("VxUndoStack::cancelHold(): no hold was begun");
+        qWarning("VxUndoStack::cancelHold(): no hold is open");
         return;
     }
     const auto hold = std::move(d->scriptHolds.back());

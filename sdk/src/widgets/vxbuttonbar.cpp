@@ -99,9 +99,9 @@ public:
         if (!widget)
             reason = "there is no widget to add";
         else if (items.count(index) > 0)
-            reason = "the index is taken";
+            reason = "the index is in use";
         else if (contains(widget))
-            reason = "the widget is in the bar already";
+            reason = "the widget is already in the bar";
         if (reason)
             qWarning("VxButtonBar \"%s\": nothing added at index %d: %s",
                      qUtf8Printable(bar->objectName()), index, reason);

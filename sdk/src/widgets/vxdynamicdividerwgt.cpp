@@ -246,7 +246,7 @@ bool VxDynamicDividerWgt::isBarHidden() const
 void VxDynamicDividerWgt::setRatio(double ratio)
 {
     if (std::isnan(ratio)) {
-        qWarning("VxDynamicDividerWgt \"%s\": a ratio that is no number was ignored",
+        qWarning("VxDynamicDividerWgt \"%s\": a ratio that is not a number was ignored",
                  qUtf8Printable(objectName()));
         return;
     }

@@ -124,7 +124,7 @@ void tst_MotionCommands::exportedMotionComesBack()
         QVERIFY(answer.met());
     }
     QVERIFY(QFile::exists(file));
-    QVERIFY2(window()->statusBar()->currentMessage().contains("out.bvh is written."),
+    QVERIFY2(window()->statusBar()->currentMessage().contains("Exported out.bvh."),
              qPrintable(window()->statusBar()->currentMessage()));
     QVERIFY(!window()->isWindowModified());
     const VxSkeleton *figure = FigureChoice::meant(*vxScene);
@@ -355,7 +355,7 @@ void tst_MotionCommands::importOfABrokenFile()
     QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
     const DialogAnswer<QMessageBox> refused(readAndPress(&text, QMessageBox::Ok));
     QVERIFY(!window()->document()->importMotion(pipe));
-    QVERIFY2(text.startsWith(pipe) && text.contains("no file"), qPrintable(text));
+    QVERIFY2(text.startsWith(pipe) && text.contains("regular file"), qPrintable(text));
     // Nothing is chosen: nothing happens.
     const DialogAnswer<QFileDialog> none(escape<QFileDialog>());
     entry("File", "Import Motion...")->trigger();

@@ -292,7 +292,7 @@ void tst_StudioDocuments::brokenAndNewerScenesKeepTheDocument_data()
     QTest::newRow("newer") << QByteArray("gversion\x01") << QByteArray("gversion\x09")
                            << "version 9 of the scene format";
     QTest::newRow("another format")
-        << QByteArray("vxscene") << QByteArray("vxother") << "no scene file";
+        << QByteArray("vxscene") << QByteArray("vxother") << "not a scene file";
 }
 
 void tst_StudioDocuments::brokenAndNewerScenesKeepTheDocument()

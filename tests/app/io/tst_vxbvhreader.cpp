@@ -181,13 +181,12 @@ void TestVxBvhReader::refuses_data()
         "\"Frame Time:\"");
     row("name missing", replaced("ROOT hip", "ROOT"), 2, "no name");
     row("brace in the place of the name", replaced("ROOT hip\n{", "ROOT {"), 2, "no name");
-    row("two opening braces", replaced("ROOT hip\n{", "ROOT hip {{"), 2, "\"{\" too many");
+    row("two opening braces", replaced("ROOT hip\n{", "ROOT hip {{"), 2, "Unexpected \"{\"");
     row("no opening brace", replaced("{\n", "\n"), 4,
         "\"{\" of joint \"hip\" expected, found \"OFFSET\"");
     row("no closing brace", replaced("}\nMOTION", "\nMOTION"), 8,
         "Joint \"hip\" (line 2) is not closed with \"}\": found \"MOTION\"");
-    row("a closing brace too many", replaced("}\nMOTION", "}\n}\nMOTION"), 8,
-        "\"}\" without a \"{\"");
+    row("a closing brace too many", replaced("}\nMOTION", "}\n}\nMOTION"), 8, "Unmatched \"}\"");
     row("end within a joint", smallHead.left(smallHead.indexOf("  CHANNELS")), 4, "Joint \"hip\"");
     row("ROOT within a joint", replaced("End Site", "ROOT b"), 6, "not closed");
     row("unknown word in a joint", replaced("CHANNELS 3", "CHANELS 3"), 5, "found \"CHANELS\"");
@@ -203,8 +202,9 @@ void TestVxBvhReader::refuses_data()
         "second \"CHANNELS\"");
     row("CHANNELS after a child",
         "HIERARCHY\nROOT a {\nOFFSET 0 0 0\nJOINT b {\nOFFSET 0 0 0\n}\nCHANNELS 0\n}", 7,
-        "before its children");
-    row("a channel twice", replaced("Xrotation", "Zrotation"), 5, "channel \"Zrotation\" twice");
+        "precede its children");
+    row("a duplicate channel", replaced("Xrotation", "Zrotation"), 5,
+        "channel \"Zrotation\" twice");
     row("unknown channel", replaced("Xrotation", "Xscale"), 5, "found \"Xscale\"");
     row("fewer channels than announced", replaced("CHANNELS 3", "CHANNELS 4"), 6, "found \"End\"");
     row("more channels than announced", replaced("CHANNELS 3", "CHANNELS 2"), 5,
@@ -213,7 +213,7 @@ void TestVxBvhReader::refuses_data()
         "cannot have 1000000 channels");
     row("channels negative", replaced("CHANNELS 3", "CHANNELS -3"), 5, "cannot be negative: -3");
     row("channels beyond 64 bits", replaced("CHANNELS 3", "CHANNELS 99999999999999999999"), 5,
-        "far too large");
+        "too large");
     row("channels not a number", replaced("CHANNELS 3", "CHANNELS three"), 5,
         "whole number, not \"three\"");
     row("End without Site", replaced("End Site", "End Effector"), 6, "\"End Site\" expected");
@@ -228,9 +228,9 @@ void TestVxBvhReader::refuses_data()
     row("frames missing", replaced("Frames: 2", "Frames:"), 10, "whole number, not \"Frame\"");
     row("frames beyond 31 bits", replaced("Frames: 2", "Frames: 3000000000"), 9, "too many");
     row("frames beyond 64 bits", replaced("Frames: 2", "Frames: 99999999999999999999"), 9,
-        "far too large");
+        "too large");
     row("more frames than the bytes can hold", replaced("Frames: 2", "Frames: 2000000000"), 9,
-        "2000000000 frames of 3 values are announced");
+        "2000000000 frames of 3 values are declared");
     row("frames without channels", replaced("  CHANNELS 3 Zrotation Xrotation Yrotation\n", ""), 8,
         "no joint has a channel");
     row("frame time zero", replaced(".0083333", "0"), 10, "must be above 0, not 0");
@@ -260,7 +260,7 @@ void TestVxBvhReader::refuses_data()
     row("last value missing", replaced("4 5 6", "4 5"), 12,
         "within frame 2 of 2, after 2 of its 3");
     row("last row missing", replaced("1 2 3\n4 5 6", "1.000 2.000 3.000"), 11,
-        "2 frames are announced, but the file ends after 1");
+        "2 frames are declared, but the file ends after 1");
     row("a value missing in the middle", replaced("Frames: 2", "Frames: 4") + "7 8\n9 9 9\n", 13,
         "does not hold the 3 values of one frame");
     row("a value too many in the middle",
@@ -268,9 +268,9 @@ void TestVxBvhReader::refuses_data()
         "does not hold the 3 values of one frame");
     row("a value too many in the last row", replaced("4 5 6", "4 5 6 7"), 12, "found \"7\"");
     row("half a row too many", smallFile + "7 8\n", 13,
-        "more values than the 2 frames of 3 announced in line 9: found \"7\"");
+        "more values than the 2 frames of 3 declared in line 9: found \"7\"");
     row("two frames too many, the last one broken", smallFile + "7 8 9\n1 x 3\n", 13,
-        "more values than the 2 frames of 3 announced in line 9: found \"7\"");
+        "more values than the 2 frames of 3 declared in line 9: found \"7\"");
     row("a frame too many in the last row", replaced("4 5 6", "4 5 6 7 8 9"), 12, "found \"7\"");
     row("text after the motion", smallFile + "\nthe end", 14, "found \"the\"");
     row("NUL bytes", smallFile + QByteArray(4, '\0'), 13, "not a text file");
@@ -450,8 +450,8 @@ void TestVxBvhReader::realFileWithARowTooMany()
     VxBvhReader reader;
     QVERIFY2(reader.read(bytes, &document, &error), qPrintable(error.text()));
     QCOMPARE(document.frameCount, 3069);
-    QCOMPARE(reader.getNote(), QStringLiteral("The file holds 1 more frame(s) than the 3069 it "
-                                              "announces; they were left out."));
+    QCOMPARE(reader.getNote(), QStringLiteral("The file has 1 more frame(s) than the 3069 it "
+                                              "declares; the extra frames were ignored."));
     bytes.replace("3069", "3070");
     QVERIFY(reader.read(bytes, &document, &error));
     QCOMPARE(document.frameCount, 3070);
@@ -513,7 +513,7 @@ void TestVxBvhReader::writerRefuses_data()
     for (const char *what :
          {"no joint", "name with a line end", "name that ends with a brace",
           "name with a blank at its end", "empty name", "parent behind the joint",
-          "a channel twice", "a value not finite", "an offset not finite", "a value missing",
+          "a duplicate channel", "a value not finite", "an offset not finite", "a value missing",
           "frame time zero", "frames without channels"})
         QTest::newRow(what) << QString::fromUtf8(what);
 }
@@ -530,7 +530,7 @@ void TestVxBvhReader::writerRefuses()
         {"name with a blank at its end", [](VxBvhDocument &d) { d.joints[0].name = "a "; }},
         {"empty name", [](VxBvhDocument &d) { d.joints[0].name.clear(); }},
         {"parent behind the joint", [](VxBvhDocument &d) { d.joints[0].parent = 1; }},
-        {"a channel twice",
+        {"a duplicate channel",
          [](VxBvhDocument &d) { d.joints[0].channels[0] = d.joints[0].channels[1]; }},
         {"a value not finite", [=](VxBvhDocument &d) { d.values[3] = infinite; }},
         {"an offset not finite", [=](VxBvhDocument &d) { d.joints[0].endSites[0].x = infinite; }},

@@ -195,17 +195,17 @@ void TestVxBvhTiming::sentences_data()
 {
     QTest::addColumn<double>("frameTime");
     QTest::addColumn<QString>("sentence");
-    QTest::newRow("same rate") << .0083333
-                               << "The motion has 100 frames at 120 frames per second. The scene "
-                                  "runs at the same rate.";
+    QTest::newRow("same rate")
+        << .0083333
+        << "The motion has 100 frames at 120 frames per second. The scene has the same frame rate.";
     QTest::newRow("nearest rate") << .0333667
                                   << "The motion has 100 frames at 29.97 frames per second. The "
-                                     "scene runs at 30 frames per second (160 ticks a frame); keys "
-                                     "lie at the nearest tick and not all on whole frames.";
-    QTest::newRow("slow") << 2.0
-                          << "The motion has 100 frames at 0.5 frames per second. The scene runs "
-                             "at 1 frames per second (4800 ticks a frame); each frame of the "
-                             "motion is 9600 ticks long.";
+                                     "scene has 30 frames per second (160 ticks per frame); keys "
+                                     "are placed at the nearest tick, so some are between frames.";
+    QTest::newRow("slow")
+        << 2.0
+        << "The motion has 100 frames at 0.5 frames per second. The scene has 1 frames per second "
+           "(4800 ticks per frame); each frame of the motion is 9600 ticks long.";
 }
 
 void TestVxBvhTiming::sentences()

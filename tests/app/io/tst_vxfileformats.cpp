@@ -186,7 +186,7 @@ void tst_VxFileFormats::aSceneIsWrittenAndReadBack()
 
 void tst_VxFileFormats::brokenSceneKeepsTheScene()
 {
-    QVERIFY(!m_formats.read(write("broken.vxscene", "no scene"), m_scene.data(), {}, &m_summary,
+    QVERIFY(!m_formats.read(write("broken.vxscene", "not a scene"), m_scene.data(), {}, &m_summary,
                             &m_error));
     QVERIFY(m_error.text().contains("broken.vxscene"));
     QVERIFY(m_scene->findNode(QStringLiteral("before")));

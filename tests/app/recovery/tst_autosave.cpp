@@ -355,7 +355,7 @@ void tst_AutoSave::failureIsToldOnce()
     inTheWay.close();
     change();
     QTRY_COMPARE(m_window->texts.size(), 1);
-    QVERIFY2(m_window->texts.at(0).contains("No recovery copy could be made: " +
+    QVERIFY2(m_window->texts.at(0).contains("Cannot make a recovery copy: " +
                                             m_dir->filePath("recovery")),
              qPrintable(m_window->texts.at(0)));
     QVERIFY(!m_written->wait(Interval * 4)); // tries again, quietly

@@ -281,7 +281,7 @@ void tst_Recovery::discardIsForEver()
     {
         const BoxAnswer answer(QMessageBox::Cancel);
         press("DiscardButton");
-        QVERIFY2(answer.text().contains("Delete the copy of \"walk.vxscene\"?"),
+        QVERIFY2(answer.text().contains("Delete the recovery copy of \"walk.vxscene\"?"),
                  qPrintable(answer.text()));
     }
     QVERIFY(dialog() && dialog()->isVisible());
@@ -402,7 +402,7 @@ void tst_Recovery::presentWorkIsNotLost()
     QVERIFY(recovery()->offer());
     const BoxAnswer answer(static_cast<QMessageBox::StandardButton>(button));
     press("RecoverButton");
-    QVERIFY2(answer.text().contains("changes that are not saved"), qPrintable(answer.text()));
+    QVERIFY2(answer.text().contains("unsaved changes"), qPrintable(answer.text()));
     const bool recovered = button == QMessageBox::Discard;
     QCOMPARE(changedValue(), recovered ? 1.0f : 77.0f);
     QTRY_VERIFY(!dialog());

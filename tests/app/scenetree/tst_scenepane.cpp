@@ -282,7 +282,7 @@ void tst_ScenePane::emptyTreeExplainsItself()
     QVERIFY(hint && !hint->isVisible());
     m_pane->getSearchField()->setText("nobody");
     QVERIFY(hint->isVisible());
-    QCOMPARE(hint->text(), QString("No node has the text in its name."));
+    QCOMPARE(hint->text(), QString("No node name contains the search text."));
     QCOMPARE(hint->width(), m_pane->getTreeView()->viewport()->width());
     m_pane->resize(320, 400);
     QTRY_COMPARE(hint->width(), m_pane->getTreeView()->viewport()->width());

@@ -209,7 +209,7 @@ void tst_ShortcutDialog::takesOverAfterAWord()
         press(Qt::Key_Space);
         const auto *conflict = part<QLabel>("ShortcutConflict");
         QCOMPARE(conflict->text(),
-                 QString("Space belongs to \"Play / Pause\" (Animation). Taken over, it leaves "
+                 QString("Space is assigned to \"Play / Pause\" (Animation). Reassigning it leaves "
                          "that command without a shortcut."));
         QCOMPARE(shown("VxLoopToggleAction"), QString());
         QCOMPARE(shown("VxPlayToggleAction"), QString("Space"));
@@ -232,13 +232,13 @@ void tst_ShortcutDialog::windowCommandsHaveKeysToo()
         part<QLineEdit>("ShortcutField")->setFocus();
         press(Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(part<QLabel>("ShortcutConflict")->text(),
-                 QString("Ctrl+S belongs to \"Save\" (File). Taken over, it leaves that command "
-                         "without a shortcut."));
+                 QString("Ctrl+S is assigned to \"Save\" (File). Reassigning it leaves that "
+                         "command without a shortcut."));
         click(part<QPushButton>("ShortcutTakeOverBtn"));
         QCOMPARE(shown("StudioSave"), QString());
         choose("StudioLightPalette");
         QCOMPARE(part<QLabel>("ShortcutDescription")->text(),
-                 QString("Dark text on light grounds."));
+                 QString("Dark text on a light background."));
         part<QLineEdit>("ShortcutField")->setFocus();
         press(Qt::Key_L, Qt::ControlModifier);
         clickButton(QDialogButtonBox::Ok);
@@ -267,9 +267,10 @@ void tst_ShortcutDialog::storedKeyOfAWindowCommand()
     start();
     QCOMPARE(actions()->findCommand("StudioSave")->shortcut(), QKeySequence("Ctrl+S"));
     QVERIFY(actions()->findAction("VxLoopToggleAction")->shortcut().isEmpty());
-    QCOMPARE(window()->statusBar()->currentMessage(),
-             QString("The shortcut Ctrl+S that the settings give to \"Toggle Looping\" stays with "
-                     "\"Save\"."));
+    QCOMPARE(
+        window()->statusBar()->currentMessage(),
+        QString(
+            "The shortcut Ctrl+S stored for \"Toggle Looping\" is already assigned to \"Save\"."));
     start(); // told once
     QVERIFY(window()->statusBar()->currentMessage().isEmpty());
 }
@@ -282,8 +283,7 @@ void tst_ShortcutDialog::clearsAndResetsOne()
         click(part<QPushButton>("ShortcutClearBtn"));
         QCOMPARE(shown("VxPlayToggleAction"), QString());
         QVERIFY(!part<QPushButton>("ShortcutClearBtn")->isEnabled());
-        QCOMPARE(part<QPushButton>("ShortcutResetBtn")->toolTip(),
-                 QString("This command comes with Space."));
+        QCOMPARE(part<QPushButton>("ShortcutResetBtn")->toolTip(), QString("Default: Space"));
         click(part<QPushButton>("ShortcutResetBtn"));
         QCOMPARE(shown("VxPlayToggleAction"), QString("Space"));
         QVERIFY(!part<QPushButton>("ShortcutResetAllBtn")->isEnabled());

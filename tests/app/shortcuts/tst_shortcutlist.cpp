@@ -262,8 +262,7 @@ void tst_ShortcutList::refusals()
     QCOMPARE(ShortcutCatalogue::refusalText({}, stored, actions), QString());
     const QStringList refused = actions.restoreShortcuts(&stored);
     QCOMPARE(ShortcutCatalogue::refusalText(refused, stored, actions),
-             QString("The shortcut Ctrl+S that the settings give to \"First\" stays with "
-                     "\"Save\"."));
+             QString("The shortcut Ctrl+S stored for \"First\" is already assigned to \"Save\"."));
 }
 
 void tst_ShortcutList::model()

@@ -559,10 +559,10 @@ void TestTimePaneKeyCommands::copyingIsTold()
     TalkativeWindow window;
     clickKey(x(), 1600);
     pane->copySelectedKeys();
-    QCOMPARE(window.told, QStringList("1 key is copied."));
+    QCOMPARE(window.told, QStringList("Copied 1 key."));
     clickKey(x(), 3200, Qt::ControlModifier);
     pane->copySelectedKeys();
-    QCOMPARE(window.told.last(), QString("2 keys are copied."));
+    QCOMPARE(window.told.last(), QString("Copied 2 keys."));
 }
 
 void TestTimePaneKeyCommands::nothingToCopy()
@@ -570,7 +570,7 @@ void TestTimePaneKeyCommands::nothingToCopy()
     TalkativeWindow window;
     view()->clearSelectedKeys();
     pane->copySelectedKeys();
-    QCOMPARE(window.told, QStringList("No keys are selected that could be copied."));
+    QCOMPARE(window.told, QStringList("No keys are selected."));
     QCOMPARE(undoTexts(), QStringList());
 }
 
@@ -593,7 +593,7 @@ void TestTimePaneKeyCommands::noRowToPasteInto()
     setTypes(VxTimePane::PropRotate);
     vxScene->setTime(4800);
     pane->pasteKeys();
-    QCOMPARE(window.told, QStringList("None of the rows can take the copied keys."));
+    QCOMPARE(window.told, QStringList("No row matches the copied keys."));
     setTypes(VxTimePane::PropTranslate);
     x()->setLocked(true);
     pane->pasteKeys();

@@ -228,7 +228,7 @@ void tst_VxActionMgr::goesOnWhenAFactoryFails()
     plugins.addClassFactory(&failing);
     plugins.addClassFactory(&play);
     VxActionMgr manager;
-    m_guard->expect(QRegularExpression(QStringLiteral("AbstractAction made no action")));
+    m_guard->expect(QRegularExpression(QStringLiteral("AbstractAction created no action")));
     manager.createActions(&plugins);
     QCOMPARE(manager.getNumActions(), 1);
 }
@@ -294,8 +294,8 @@ void tst_VxActionMgr::warnsOfTwoEqualDefaults()
 {
     VxActionMgr manager;
     manager.addAction(new CopyAction);
-    m_guard->expect(
-        QRegularExpression(QStringLiteral("Ctrl\\+C of ClearAction is taken by CopyAction")));
+    m_guard->expect(QRegularExpression(
+        QStringLiteral("Ctrl\\+C of ClearAction is already assigned to CopyAction")));
     manager.addAction(new ClearAction);
     QVERIFY(manager.findAction(QStringLiteral("ClearAction"))->shortcut().isEmpty());
     QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
@@ -305,7 +305,7 @@ void tst_VxActionMgr::warnsOfADefaultThatIsNoShortcut()
 {
     VxActionMgr manager;
     m_guard->expect(
-        QRegularExpression(QStringLiteral("\"NoSuchKey\", the default of PasteAction")));
+        QRegularExpression(QStringLiteral("default shortcut \"NoSuchKey\" of PasteAction")));
     manager.addAction(new PasteAction);
     QVERIFY(manager.getShortcut(QStringLiteral("PasteAction")).isEmpty());
 }
@@ -418,7 +418,8 @@ void tst_VxActionMgr::warnsOfAStoredTextThatIsNoShortcut()
     manager.addAction(new CopyAction);
     VxSettings settings;
     settings.setStringValue(copyClass, QStringLiteral("Ctrl+NoSuchKey"));
-    m_guard->expect(QRegularExpression(QStringLiteral("stored for CopyAction")));
+    m_guard->expect(
+        QRegularExpression(QStringLiteral("stored shortcut \"Ctrl\\+NoSuchKey\" of CopyAction")));
     manager.restoreShortcuts(&settings);
     QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
 }
@@ -478,7 +479,8 @@ void tst_VxActionMgr::commandWantsATakenKey()
     manager.addAction(new CopyAction);
     QAction late;
     late.setShortcut(keys("Ctrl+C"));
-    m_guard->expect(QRegularExpression(QStringLiteral("Ctrl\\+C of Late is taken by CopyAction")));
+    m_guard->expect(
+        QRegularExpression(QStringLiteral("Ctrl\\+C of Late is already assigned to CopyAction")));
     QVERIFY(manager.addCommand(QStringLiteral("Late"), &late));
     QVERIFY(late.shortcut().isEmpty());
 }

@@ -192,7 +192,7 @@ void tst_VxPaneMgr::goesOnWhenAFactoryFails()
     plugins.addClassFactory(&failing);
     plugins.addClassFactory(&m_notes);
     VxPaneMgr manager;
-    m_guard->expect(QRegularExpression(QStringLiteral("CurvesPane made no pane")));
+    m_guard->expect(QRegularExpression(QStringLiteral("CurvesPane created no pane")));
     manager.createPanes(&plugins);
     QCOMPARE(manager.getPanes().size(), 1);
 }

@@ -368,8 +368,7 @@ void TestParametersGestures::valuesBeyondTheLimitsAreCutOffWithAWord()
     type(x(), "77");
     QTRY_VERIFY(!field());
     QCOMPARE(x()->getValue(), 50.0f);
-    QCOMPARE(notice(),
-             QString("X Translate takes values from -50 to 50. The nearest one was set."));
+    QCOMPARE(notice(), QString("X Translate must be from -50 to 50. The nearest value was set."));
     type(x(), "20");
     QTRY_VERIFY(!field());
     QCOMPARE(x()->getValue(), 20.0f);
@@ -378,7 +377,7 @@ void TestParametersGestures::valuesBeyondTheLimitsAreCutOffWithAWord()
     type(hip()->getScaleControl(), "-10%");
     QTRY_VERIFY(!field());
     QCOMPARE(hip()->getScaleControl()->getValue(), 0.0f);
-    QCOMPARE(notice(), QString("Scale takes values from 0% to 200%. The nearest one was set."));
+    QCOMPARE(notice(), QString("Scale must be from 0% to 200%. The nearest value was set."));
 }
 
 void TestParametersGestures::unreadableTextKeepsTheFieldOpen()

@@ -234,7 +234,7 @@ void TestParametersMixed::oneLockedAmongThem()
     QCOMPARE(xOf(0)->getValue(), 5.0f);
     QCOMPARE(xOf(1)->getValue(), 20.0f);
     QCOMPARE(xOf(2)->getValue(), 5.0f);
-    QCOMPARE(notice(), QString("X Translate was not changed in 1 of 3 nodes, where it is locked or "
+    QCOMPARE(notice(), QString("X Translate was not changed on 1 of 3 nodes, where it is locked or "
                                "follows another value."));
     click(xOf(0), Model::LabelColumn);
     QCOMPARE(notice(), QString()); // until the user goes on

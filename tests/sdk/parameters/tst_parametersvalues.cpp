@@ -195,7 +195,7 @@ void TestParametersValues::wholeNumbersAreRounded()
     QTest::keyClick(field(), Qt::Key_Return);
     QTRY_VERIFY(!field());
     QCOMPARE(whole->getValue(), 3);
-    QCOMPARE(notice(), QString("Integer takes whole numbers. The nearest one was set."));
+    QCOMPARE(notice(), QString("Integer must be a whole number. The nearest one was set."));
     drag(whole, 400);
     QCOMPARE(whole->getValue(), 50);
     drag(whole, -12);

@@ -266,7 +266,7 @@ void TestPropertyListItemModel::hints()
     QVERIFY(hint(special.linked).contains("Follows node: Y Translate"));
     QVERIFY(hint(special.terminal).contains("node: Y Translate is added"));
     QVERIFY(hint(special.locked).contains("Locked"));
-    QVERIFY(hint(special.unanimated).contains("Takes no keys"));
+    QVERIFY(hint(special.unanimated).contains("Cannot be keyed"));
     QVERIFY(hint(special.integer).startsWith("/Special/Integer"));
     const QModelIndex key = cell(m_node->getXPosControl(), Model::KeyColumn);
     QVERIFY(key.data(Qt::ToolTipRole).toString().startsWith("No keys"));

@@ -177,7 +177,8 @@ void tst_VxClassFactory::badArgumentsForEnumsWarn()
 {
     QScriptEngine engine;
     QScriptValue number(7);
-    m_guard->expect(QRegularExpression(QStringLiteral("Drum need a script engine and an object")));
+    m_guard->expect(
+        QRegularExpression(QStringLiteral("Drum require a script engine and an object")));
     VxClassFactory::registerEnumsOnClass(&engine, &Drum::staticMetaObject, number);
     QScriptValue object = engine.newObject();
     m_guard->expect(QRegularExpression(QStringLiteral("enumerations of no class")));

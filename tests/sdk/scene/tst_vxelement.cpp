@@ -87,11 +87,11 @@ void TestElement::refusedPropertiesStayTheCallers()
 
     expectWarning("no property for \"e\"");
     QVERIFY(!element.addProperty(nullptr, QString()));
-    expectWarning("\"x\" has an owner, so \"e\" does not take it");
+    expectWarning("\"x\" has an owner and cannot be added to \"e\"");
     QVERIFY(!element.addProperty(owned, QString()));
     QCOMPARE(owned->getOwner(), &other);
     VxFloatProperty sameName(QStringLiteral("x"));
-    expectWarning("\"x\" is a name in use, so \"e\" does not take it");
+    expectWarning("\"x\" has a name in use and cannot be added to \"e\"");
     QVERIFY(!element.addProperty(&sameName, QStringLiteral("/Path")));
     QVERIFY(!sameName.getOwner());
     QCOMPARE(sameName.getPath(), QString());
@@ -124,9 +124,9 @@ void TestElement::builtInPropertiesCannotBeRemoved()
 {
     VxNode node(QStringLiteral("n"));
     VxMorph morph(QStringLiteral("smile"));
-    expectWarning("\"XTranslate\" is no property that can be removed from \"n\"");
+    expectWarning("\"XTranslate\" cannot be removed from \"n\"");
     QVERIFY(!node.removeProperty(node.getXPosControl()));
-    expectWarning("\"smile\" is no property that can be removed");
+    expectWarning("\"smile\" cannot be removed");
     QVERIFY(!morph.removeProperty(morph.getValueControl()));
     QVERIFY(morph.getValueControl());
     // Whoever destroys one all the same leaves a node that still has a place.
@@ -216,19 +216,19 @@ void TestElement::subElementsHaveOneOwner()
     QCOMPARE(morph->getObject(), &object);
     QCOMPARE(morph->getOwnerElement(), &object);
 
-    expectWarning("\"other\" does not take smile");
+    expectWarning("\"other\" cannot own smile");
     QVERIFY(!other.addSubElement(morph));
-    expectWarning("\"other\" does not take null");
+    expectWarning("\"other\" cannot own null");
     QVERIFY(!other.addSubElement(nullptr));
-    expectWarning("\"other\" does not take other");
+    expectWarning("\"other\" cannot own other");
     QVERIFY(!other.addSubElement(&other));
     VxNode node(QStringLiteral("n"));
-    expectWarning("\"other\" does not take n");
+    expectWarning("\"other\" cannot own n");
     QVERIFY(!other.addSubElement(&node));
 
     auto *inner = new VxObject(QStringLiteral("inner"));
     QVERIFY(object.addSubElement(inner));
-    expectWarning("\"inner\" does not take shape");
+    expectWarning("\"inner\" cannot own shape");
     QVERIFY(!inner->addSubElement(&object));
 }
 
@@ -273,7 +273,7 @@ void TestElement::objectOfAnotherNodeIsRefused()
     VxNode other(QStringLiteral("other"));
     auto *object = new VxObject(QStringLiteral("shape"));
     node.setObject(object);
-    expectWarning("\"shape\" belongs to \"n\", so \"other\" does not take it");
+    expectWarning("\"shape\" belongs to \"n\" and cannot be added to \"other\"");
     other.setObject(object);
     QVERIFY(!other.getObject());
     QCOMPARE(node.getObject(), object);

@@ -251,7 +251,7 @@ void TestNode::traits()
 void TestNode::wrongRotationOrder()
 {
     VxNode node(QStringLiteral("n"));
-    m_guard->expect(QRegularExpression(QStringLiteral("6 is no rotation order")));
+    m_guard->expect(QRegularExpression(QStringLiteral("6 is not a rotation order")));
     node.setRotationOrder(static_cast<VxNode::RotationOrder>(6));
     QCOMPARE(node.getRotationOrder(), VxNode::XYZ);
 }

@@ -235,7 +235,7 @@ void TestScene::loadsAreNested()
 void TestScene::endOfALoadThatWasNotBegun()
 {
     QSignalSpy loaded(m_scene.get(), &VxScene::sceneLoaded);
-    m_guard->expect("VxScene::endLoad(): no load was begun");
+    m_guard->expect("VxScene::endLoad(): no load is open");
     m_scene->endLoad();
     QCOMPARE(loaded.count(), 0);
     m_scene->beginLoad();

@@ -90,9 +90,9 @@ void TestSceneNodes::nodesAreFound()
 void TestSceneNodes::refusedNodesStayTheCallers()
 {
     buildSample();
-    m_guard->expect("VxScene::addNode(): null is no node");
+    m_guard->expect("VxScene::addNode(): null is not a node");
     QVERIFY(!m_scene->addNode(nullptr));
-    m_guard->expect("VxScene::addNode(): a is in a scene already");
+    m_guard->expect("VxScene::addNode(): a is already in a scene");
     QVERIFY(!m_scene->addNode(find(QStringLiteral("a"))));
     VxNode outside(QStringLiteral("outside"));
     auto *child = new VxNode(QStringLiteral("child"));

@@ -149,7 +149,7 @@ void TestScriptEngine::missingFileIsAnErrorWithoutALine()
 {
     VxScriptError error;
     QVERIFY(!m_engine->runFile(QStringLiteral("nowhere.js"), &error));
-    QVERIFY(error.toString().startsWith(QLatin1String("nowhere.js: Cannot be read")));
+    QVERIFY(error.toString().startsWith(QLatin1String("nowhere.js: The file cannot be read")));
     const QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("program.js")));
     QVERIFY(file.open(QIODevice::WriteOnly));

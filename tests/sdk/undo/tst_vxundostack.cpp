@@ -468,9 +468,9 @@ void TestUndoStack::scriptBracket()
     x.setKey(0, 1.0f, 0);
     stack.acceptHold(QStringLiteral("Script"));
     QCOMPARE(stack.text(0), QStringLiteral("Script"));
-    m_guard->expect("VxUndoStack::acceptHold(): no hold was begun");
+    m_guard->expect("VxUndoStack::acceptHold(): no hold is open");
     stack.acceptHold(QStringLiteral("Nothing"));
-    m_guard->expect("VxUndoStack::cancelHold(): no hold was begun");
+    m_guard->expect("VxUndoStack::cancelHold(): no hold is open");
     stack.cancelHold();
 }
 

@@ -222,10 +222,10 @@ void TestVxButtonBar::takenIndexIsRefused()
 {
     VxBarButton *first = add(3);
     VxBarButton other;
-    m_guard->expect("VxButtonBar \"TestBar\": nothing added at index 3: the index is taken");
+    m_guard->expect("VxButtonBar \"TestBar\": nothing added at index 3: the index is in use");
     m_bar->addWidget(&other, 3);
     QVERIFY(!other.parentWidget());
-    m_guard->expect("VxButtonBar \"TestBar\": nothing added at index 3: the index is taken");
+    m_guard->expect("VxButtonBar \"TestBar\": nothing added at index 3: the index is in use");
     m_bar->addSeparator(VxButtonBar::LineSeparator, 3);
     QCOMPARE(m_bar->widget(3), first);
     QCOMPARE(m_bar->findChildren<QWidget *>().size(), 1);
@@ -237,7 +237,7 @@ void TestVxButtonBar::nullAndDoubleWidgetsAreRefused()
     m_guard->expect("VxButtonBar \"TestBar\": nothing added at index 4: there is no widget to add");
     m_bar->addWidget(nullptr, 4);
     m_guard->expect(
-        "VxButtonBar \"TestBar\": nothing added at index 5: the widget is in the bar already");
+        "VxButtonBar \"TestBar\": nothing added at index 5: the widget is already in the bar");
     m_bar->addWidget(first, 5);
     QVERIFY(!m_bar->widget(4) && !m_bar->widget(5));
     QCOMPARE(m_bar->widget(3), first);

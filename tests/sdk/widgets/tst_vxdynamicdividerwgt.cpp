@@ -322,7 +322,7 @@ void TestVxDynamicDividerWgt::ratioOutsideIsClampedOrRefused()
     QCOMPARE(m_divider->ratio(), 1.0);
     m_divider->setRatio(-0.1);
     QCOMPARE(m_divider->ratio(), 0.0);
-    m_guard->expect("VxDynamicDividerWgt \"TestDvdr\": a ratio that is no number was ignored");
+    m_guard->expect("VxDynamicDividerWgt \"TestDvdr\": a ratio that is not a number was ignored");
     m_divider->setRatio(std::numeric_limits<double>::quiet_NaN());
     QCOMPARE(m_divider->ratio(), 0.0);
 }

@@ -295,8 +295,8 @@ void VxDopeSheetView::Private::paintHint(QPainter *painter) const
     const bool hasRows = filter && filter->sourceModel() && filter->sourceModel()->rowCount() > 0;
     painter->setPen(view->palette().color(QPalette::Disabled, QPalette::Text));
     painter->drawText(view->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                      hasRows ? tr("No row has the text that is searched for.")
-                              : tr("The nodes of the scene and their keys are listed here."));
+                      hasRows ? tr("No rows match the search text.")
+                              : tr("The scene has no nodes with rows to show."));
 }
 
 // Names and branches take most of the time, and have nothing to do with the current time. What the

@@ -13,17 +13,19 @@ const struct
     {"TimelineTotalFramesLEdit",
      QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Length of the animation in frames")},
     {"TimelinePlayStartLEdit",
-     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "First frame that is played")},
-    {"TimelinePlayEndLEdit", QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Last frame that is played")},
+     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "First frame of the play range")},
+    {"TimelinePlayEndLEdit",
+     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Last frame of the play range")},
     {"TimelineCurrentFrameLEdit",
-     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Frame that is shown, and on which keys are made")},
+     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Current frame, at which keys are created")},
     {"TimelineFPSLEdit", QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Frames per second")},
     {"TimelinePropertyTypesBtn",
-     QT_TRANSLATE_NOOP("TimePaneFieldHelp",
-                       "Types of properties that have rows: Translation, Rotation, Scale, Other, "
-                       "Alias, Hidden")},
+     QT_TRANSLATE_NOOP(
+         "TimePaneFieldHelp",
+         "Property types shown as rows: Translation, Rotation, Scale, Other, Alias, Hidden")},
     {"TimelineKeyScopeBtn",
-     QT_TRANSLATE_NOOP("TimePaneFieldHelp", "What keys are created for at the current frame")},
+     QT_TRANSLATE_NOOP("TimePaneFieldHelp",
+                       "Scope in which keys are created at the current frame")},
     {"TimelineInterpTensionSBox",
      QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Tension of the selected TCB keys")},
     {"TimelineInterpContinuitySBox",
@@ -32,8 +34,8 @@ const struct
      QT_TRANSLATE_NOOP("TimePaneFieldHelp", "Bias of the selected TCB keys")},
     {"TimelineTimeRangeSldr",
      QT_TRANSLATE_NOOP("TimePaneFieldHelp",
-                       "Range that is played. Drag it or its ends; a double click plays all, or "
-                       "the range that was there before.")},
+                       "Play range. Drag it or its ends; double click switches between the whole "
+                       "animation and the previous range.")},
 };
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
 TimePaneGraphHint::TimePaneGraphHint(VxKeyGraphView *view)
-    : QLabel(tr("Select rows of properties to see their curves."), view)
+    : QLabel(tr("Select property rows to see their curves."), view)
 {
     setObjectName(QStringLiteral("TimelineKeyGraphHintLbl"));
     setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -154,9 +154,9 @@ void VxTimePane::copySelectedKeys()
     d->dopeSheetView->copyKeys();
     const int count = d->dopeSheetView->numCopiedKeys();
     if (count == 0)
-        d->tell(tr("No keys are selected that could be copied."));
+        d->tell(tr("No keys are selected."));
     else
-        d->tell(count == 1 ? tr("1 key is copied.") : tr("%1 keys are copied.").arg(count));
+        d->tell(count == 1 ? tr("Copied 1 key.") : tr("Copied %1 keys.").arg(count));
     updateActionStates();
 }
 
@@ -168,7 +168,7 @@ void VxTimePane::pasteKeys()
     if (!hasCopiedKeys())
         d->tell(tr("No keys have been copied."));
     else if (!pasted)
-        d->tell(tr("None of the rows can take the copied keys."));
+        d->tell(tr("No row matches the copied keys."));
     updateActionStates();
 }
 
