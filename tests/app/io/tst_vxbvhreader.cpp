@@ -233,8 +233,8 @@ void TestVxBvhReader::refuses_data()
         "2000000000 frames of 3 values are declared");
     row("frames without channels", replaced("  CHANNELS 3 Zrotation Xrotation Yrotation\n", ""), 8,
         "no joint has a channel");
-    row("frame time zero", replaced(".0083333", "0"), 10, "must be above 0, not 0");
-    row("frame time negative", replaced(".0083333", "-.01"), 10, "must be above 0, not -.01");
+    row("frame time zero", replaced(".0083333", "0"), 10, "must be greater than 0, not 0");
+    row("frame time negative", replaced(".0083333", "-.01"), 10, "must be greater than 0, not -.01");
     row("frame time infinite", replaced(".0083333", "inf"), 10, "finite, not \"inf\"");
     row("frame time out of range", replaced(".0083333", "1e400"), 10, "out of range");
     row("frame time a word", replaced(".0083333", "fast"), 10, "must be a number, not \"fast\"");
@@ -262,10 +262,10 @@ void TestVxBvhReader::refuses_data()
     row("last row missing", replaced("1 2 3\n4 5 6", "1.000 2.000 3.000"), 11,
         "2 frames are declared, but the file ends after 1");
     row("a value missing in the middle", replaced("Frames: 2", "Frames: 4") + "7 8\n9 9 9\n", 13,
-        "does not hold the 3 values of one frame");
+        "does not have the 3 values of one frame");
     row("a value too many in the middle",
         replaced("Frames: 2", "Frames: 3").replace("4 5 6\n", "4 5 6 7\n7 8 9\n"), 12,
-        "does not hold the 3 values of one frame");
+        "does not have the 3 values of one frame");
     row("a value too many in the last row", replaced("4 5 6", "4 5 6 7"), 12, "found \"7\"");
     row("half a row too many", smallFile + "7 8\n", 13,
         "more values than the 2 frames of 3 declared in line 9: found \"7\"");

@@ -623,7 +623,7 @@ void tst_VxActionMgr::fillsAMenuBar()
 {
     VxActionMgr manager;
     manager.addAction(new CopyAction);
-    m_guard->expect(QRegularExpression(QStringLiteral("taken by CopyAction")));
+    m_guard->expect(QRegularExpression(QStringLiteral("assigned to CopyAction")));
     manager.addAction(new ClearAction);
     manager.addAction(new PlayAction);
     m_guard->expect(QRegularExpression(QStringLiteral("NoSuchKey")));

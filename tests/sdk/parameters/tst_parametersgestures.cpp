@@ -357,7 +357,7 @@ void TestParametersGestures::aDragThatIsRefusedSaysWhy()
     vxScene->setAnimating(false);
     drag(x(), 40);
     QCOMPARE(x()->getNumKeys(), 1);
-    QVERIFY2(notice().startsWith("X Translate cannot be set: there is no key at this time"),
+    QVERIFY2(notice().startsWith("X Translate cannot be set: it has no key at this time"),
              qPrintable(notice()));
     QCOMPARE(stack()->count(), 0);
 }

@@ -264,7 +264,7 @@ void TestPropertyListItemModel::hints()
     QVERIFY2(hint(special.alias).contains("Alias of node: X Translate"),
              qPrintable(hint(special.alias)));
     QVERIFY(hint(special.linked).contains("Follows node: Y Translate"));
-    QVERIFY(hint(special.terminal).contains("node: Y Translate is added"));
+    QVERIFY(hint(special.terminal).contains("Adds node: Y Translate"));
     QVERIFY(hint(special.locked).contains("Locked"));
     QVERIFY(hint(special.unanimated).contains("Cannot be keyed"));
     QVERIFY(hint(special.integer).startsWith("/Special/Integer"));

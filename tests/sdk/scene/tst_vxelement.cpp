@@ -116,7 +116,7 @@ void TestElement::removedPropertyIsAnnouncedThenDestroyed()
     QCOMPARE(story, (QStringList{QStringLiteral("removed"), QStringLiteral("deleted")}));
     QVERIFY(!guard);
     QVERIFY(!element.findProperty(QStringLiteral("x")));
-    expectWarning("no property that can be removed from \"e\"");
+    expectWarning("cannot be removed from \"e\"");
     QVERIFY(!element.removeProperty(nullptr));
 }
 
