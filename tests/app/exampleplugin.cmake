@@ -1,14 +1,7 @@
 # Installs the libraries into an empty folder, builds the example plug-in against them as a
 # stranger would, and lets the installed program load it and run a script.
 #   cmake -DBUILD=... -DSOURCE=... -DWORK=... -P exampleplugin.cmake
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
-                  ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "${ARGN} failed (${result}):\n${output}")
-  endif()
-  set(output "${output}" PARENT_SCOPE)
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/runstep.cmake")
 
 file(REMOVE_RECURSE "${WORK}")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")

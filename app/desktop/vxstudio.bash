@@ -1,0 +1,21 @@
+# Completion of vxstudio's options and files.
+_vxstudio()
+{
+    local cur prev words cword
+    _init_completion || return
+    case $prev in
+        --script) _filedir js; return ;;
+        --screenshot) _filedir png; return ;;
+        --settings) _filedir ini; return ;;
+        --plugin-path) _filedir -d; return ;;
+        --palette) COMPREPLY=($(compgen -W 'dark light' -- "$cur")); return ;;
+        --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
+        --frame) return ;;
+    esac
+    if [[ $cur == -* ]]; then
+        COMPREPLY=($(compgen -W "$(vxstudio --help 2>/dev/null |
+            grep -oE '^ +(-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+')" -- "$cur"))
+        return
+    fi
+    _filedir '@(vxscene|bvh)'
+} && complete -F _vxstudio vxstudio
