@@ -11,17 +11,34 @@ function(vx_collect_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
+# What every test program is compiled with.
+function(vx_test_settings target)
+  target_link_libraries(${target} PRIVATE vx_settings vxcore_testing Qt5::Test ${ARGN})
+  target_compile_definitions(${target} PRIVATE
+    VX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VX_BINARY_DIR="${CMAKE_BINARY_DIR}"
+    VX_PLUGIN_DIR="${VX_PLUGIN_OUTPUT_DIRECTORY}")
+endfunction()
+
+# A target that only owns the precompiled headers of all test programs that link the same libraries.
+# It is compiled as a program is, because compilers refuse headers made with other settings.
+function(vx_precompile_tests target)
+  if(VX_PRECOMPILE)
+    file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp" CONTENT "")
+    add_library(${target} OBJECT "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp")
+    vx_test_settings(${target} ${ARGN})
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE OFF)
+    target_compile_options(${target} PRIVATE -fPIE)
+    vx_precompile(${target} <QtTest/QtTest>)
+  endif()
+endfunction()
+
 # One test program made of several units (tst_*.cpp). Each unit is a test of CTest, run in a process
 # of its own on the offscreen platform through a hard link that bears the unit's name.
 function(vx_add_tests program units)
   add_executable(${program} ${units})
-  target_link_libraries(${program} PRIVATE vx_settings vxcore_testing Qt5::Test ${ARGN})
-  target_compile_definitions(${program} PRIVATE
-    VX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VX_BINARY_DIR="${CMAKE_BINARY_DIR}"
-    VX_PLUGIN_DIR="${VX_PLUGIN_OUTPUT_DIRECTORY}")
+  vx_test_settings(${program} ${ARGN})
   set(folder "${CMAKE_BINARY_DIR}/tests")
   set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${folder}")
-  vx_precompile(${program} <QtTest/QtTest>)
   foreach(unit IN LISTS units)
     get_filename_component(name "${unit}" NAME_WE)
     add_custom_command(TARGET ${program} POST_BUILD
