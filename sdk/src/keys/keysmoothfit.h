@@ -1,0 +1,29 @@
+#ifndef KEYS_KEYSMOOTHFIT_H
+#define KEYS_KEYSMOOTHFIT_H
+
+#include "keys/keysamples.h"
+
+/// Few smooth segments for dense samples: each is the cubic of least squares between two samples,
+/// with tangents of its own at both ends.
+class KeySmoothFit
+{
+public:
+    /// The samples are borrowed; error is 0 or above.
+    KeySmoothFit(const KeySamples &samples, double error);
+
+    /// True when one segment from sample i to sample j is within the error.
+    bool reaches(int i, int j) const;
+    /// A chain with keys at the given samples (ascending, the first and the last among them).
+    TcbChain chain(const std::vector<int> &kept) const;
+
+private:
+    std::size_t channels() const { return std::size_t(m_samples.channels()); }
+    TcbChain::Knot knot(int i) const;
+    void solve(int i, int j, TcbChain::Knot *left, TcbChain::Knot *right) const;
+    bool isWithin(int i, int j, const TcbChain::Knot &left, const TcbChain::Knot &right) const;
+
+    const KeySamples &m_samples;
+    double m_error;
+};
+
+#endif
