@@ -1,13 +1,13 @@
 #include "parameters/vxpropertyclipboard.h"
 
 #include "parameters/vxpropertyhints.h"
-#include "parameters/vxpropertyinput.h"
 #include "parameters/vxpropertyvalue.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxtypedinput.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
@@ -36,7 +36,7 @@ QString pasteInto(const VxPropertyClipboard::Row &row, VxTime time, const QStrin
             return VxPropertyHints::unreadable(line);
         if (result == VxPropertyValue::Limited && trouble.isEmpty())
             trouble = VxPropertyHints::limits(static_cast<VxNumericProperty *>(property),
-                                              VxPropertyInput::read(line).amount);
+                                              VxTypedInput::read(line).amount);
         refused += result == VxPropertyValue::Refused;
         locked += !VxPropertyValue::isEditable(property);
     }

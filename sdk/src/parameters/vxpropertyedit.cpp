@@ -1,7 +1,6 @@
 #include "parameters/vxpropertyedit.h"
 
 #include "parameters/vxpropertyhints.h"
-#include "parameters/vxpropertyinput.h"
 #include "parameters/vxpropertyvalue.h"
 
 #include <QtCore/QCoreApplication>
@@ -12,6 +11,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxtypedinput.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
@@ -160,12 +160,12 @@ VxPropertyEdit::~VxPropertyEdit()
 
 bool VxPropertyEdit::setValue(double value)
 {
-    return apply({VxPropertyInput::Value, value});
+    return apply({VxTypedInput::Value, value});
 }
 
-bool VxPropertyEdit::apply(const VxPropertyInput &input)
+bool VxPropertyEdit::apply(const VxTypedInput &input)
 {
-    if (input.kind == VxPropertyInput::Empty || input.kind == VxPropertyInput::Unreadable)
+    if (input.kind == VxTypedInput::Empty || input.kind == VxTypedInput::Unreadable)
         return true;
     const bool accepted =
         d->change([&input](const Former &each) { return input.appliedTo(each.base); });

@@ -8,7 +8,7 @@
 #include <vxcore/vxtime.h>
 
 class VxProperty;
-struct VxPropertyInput;
+struct VxTypedInput;
 
 /// One gesture of a hand on the values of some properties, from the press of a button to its
 /// release, or from the first click on an arrow to the last: one undo entry in the end, or none
@@ -33,7 +33,7 @@ public:
     bool setValue(double value);
     /// Does to every property what was typed; nothing when that is no value. False when one of
     /// them refused.
-    bool apply(const VxPropertyInput &input);
+    bool apply(const VxTypedInput &input);
     /// Moves every property by an amount of its own steps from the value it had at the beginning,
     /// or got from setValue() or apply() since. False when one of them refused.
     bool offsetBy(double steps);

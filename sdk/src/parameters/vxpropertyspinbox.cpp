@@ -2,7 +2,6 @@
 
 #include "parameters/vxpropertyedit.h"
 #include "parameters/vxpropertyhints.h"
-#include "parameters/vxpropertyinput.h"
 #include "parameters/vxpropertyvalue.h"
 
 #include <QtGui/QKeyEvent>
@@ -11,6 +10,7 @@
 #include <algorithm>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxtypedinput.h>
 
 namespace {
 
@@ -78,7 +78,7 @@ bool VxPropertySpinBox::isTyped() const
 
 bool VxPropertySpinBox::complain()
 {
-    if (!m_typed || VxPropertyInput::read(text()).kind != VxPropertyInput::Unreadable)
+    if (!m_typed || VxTypedInput::read(text()).kind != VxTypedInput::Unreadable)
         return false;
     Q_EMIT noticed(VxPropertyHints::unreadable(text()));
     return true;
@@ -121,7 +121,7 @@ void VxPropertySpinBox::tell(bool typed)
         Q_EMIT noticed(trouble.isEmpty() ? m_edit->limit() : trouble);
 }
 
-void VxPropertySpinBox::apply(const VxPropertyInput &input)
+void VxPropertySpinBox::apply(const VxTypedInput &input)
 {
     begin();
     m_edit->apply(input);
@@ -135,7 +135,7 @@ void VxPropertySpinBox::step(double steps)
     if (complain())
         return;
     if (m_typed)
-        apply(VxPropertyInput::read(text()));
+        apply(VxTypedInput::read(text()));
     begin();
     m_steps += steps;
     m_edit->offsetBy(m_steps);
@@ -154,8 +154,8 @@ void VxPropertySpinBox::commit()
 {
     finishSteps();
     if (m_typed && !complain()) {
-        const VxPropertyInput input = VxPropertyInput::read(text());
-        if (input.kind != VxPropertyInput::Empty)
+        const VxTypedInput input = VxTypedInput::read(text());
+        if (input.kind != VxTypedInput::Empty)
             apply(input);
         finishSteps();
     }

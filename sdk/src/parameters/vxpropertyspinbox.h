@@ -9,7 +9,7 @@
 
 class VxProperty;
 class VxPropertyEdit;
-struct VxPropertyInput;
+struct VxTypedInput;
 
 /// The field in which a number of a property list is typed or stepped.
 ///
@@ -60,7 +60,7 @@ private:
     QVector<VxProperty *> living() const;
     void begin();
     void step(double steps);
-    void apply(const VxPropertyInput &input);
+    void apply(const VxTypedInput &input);
     void tell(bool typed);
 
     QVector<QPointer<VxProperty>> m_properties;

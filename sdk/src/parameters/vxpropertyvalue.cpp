@@ -1,7 +1,5 @@
 #include "parameters/vxpropertyvalue.h"
 
-#include "parameters/vxpropertyinput.h"
-
 #include <QtCore/QCoreApplication>
 #include <charconv>
 #include <cmath>
@@ -9,6 +7,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxstringproperty.h>
+#include <vxcore/vxtypedinput.h>
 
 namespace {
 
@@ -115,9 +114,9 @@ VxPropertyValue::Result VxPropertyValue::setText(VxProperty *property, VxTime ti
     if (auto *flag = qobject_cast<VxBoolProperty *>(property))
         return setSwitch(flag, time, text.trimmed());
     auto *number = qobject_cast<VxNumericProperty *>(property);
-    const VxPropertyInput input = VxPropertyInput::read(text);
+    const VxTypedInput input = VxTypedInput::read(text);
     const bool readable =
-        input.kind != VxPropertyInput::Empty && input.kind != VxPropertyInput::Unreadable;
+        input.kind != VxTypedInput::Empty && input.kind != VxTypedInput::Unreadable;
     if (!number || !readable || (text.contains(QLatin1Char('%')) && !number->isPercentage()))
         return Unreadable;
     return setShownValue(number, time, input.appliedTo(shownValue(number, time)));

@@ -1,7 +1,6 @@
-// What is typed into a value's field: arithmetic, and changes of the present value.
+// Texts of values in the parameters pane, and the endless drag on them.
 
 #include "parameters/vxendlesshand.h"
-#include "parameters/vxpropertyinput.h"
 #include "parameters/vxpropertyvalue.h"
 #include "testing/vxtestmain.h"
 
@@ -13,9 +12,6 @@ class TestPropertyInput : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void reading_data();
-    void reading();
-    void deepNestingIsNoValue();
     void textsOfNumbers_data();
     void textsOfNumbers();
     void numbersInNarrowPlaces_data();
@@ -27,70 +23,6 @@ private Q_SLOTS:
     void movesBeforeTheJumpCount();
     void aPointerThatStaysEndsAtTheEdge();
 };
-
-void TestPropertyInput::reading_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<double>("of8"); // what comes of a present value of 8
-    const int value = VxPropertyInput::Value, bad = VxPropertyInput::Unreadable;
-    QTest::newRow("a number") << "12.5" << value << 12.5;
-    QTest::newRow("a comma") << "-1,5" << value << -1.5;
-    QTest::newRow("no digit before the point") << ".5" << value << 0.5;
-    QTest::newRow("no digit behind the point") << "3." << value << 3.0;
-    QTest::newRow("a power of ten") << "2.5e-3" << value << 0.0025;
-    QTest::newRow("blanks") << "  1 + 2 " << value << 3.0;
-    QTest::newRow("products first") << "2+3*4-6/2" << value << 11.0;
-    QTest::newRow("from the left") << "24/4/2-1-1" << value << 1.0;
-    QTest::newRow("parentheses") << "(2+3)*(1-(4))" << value << -15.0;
-    QTest::newRow("signs in a row") << "3--2" << value << 5.0;
-    QTest::newRow("a sign before a parenthesis") << "-(2+1)" << value << -3.0;
-    QTest::newRow("a percent sign") << "75 %" << value << 75.0;
-    QTest::newRow("added") << "+=5" << int(VxPropertyInput::Offset) << 13.0;
-    QTest::newRow("taken off") << "-=2*3" << int(VxPropertyInput::Offset) << 2.0;
-    QTest::newRow("multiplied") << "*=1/4" << int(VxPropertyInput::Factor) << 2.0;
-    QTest::newRow("divided") << "/=16" << int(VxPropertyInput::Factor) << 0.5;
-    QTest::newRow("nothing") << "" << int(VxPropertyInput::Empty) << 8.0;
-    QTest::newRow("only blanks") << " \t" << int(VxPropertyInput::Empty) << 8.0;
-    QTest::newRow("an operator too many") << "3*" << bad << 8.0;
-    QTest::newRow("an open parenthesis") << "(3" << bad << 8.0;
-    QTest::newRow("a closed one") << "3)" << bad << 8.0;
-    QTest::newRow("empty parentheses") << "()" << bad << 8.0;
-    QTest::newRow("two numbers") << "3(4)" << bad << 8.0;
-    QTest::newRow("two points") << "1.2.3" << bad << 8.0;
-    QTest::newRow("only a sign") << "-" << bad << 8.0;
-    QTest::newRow("only a percent sign") << "%" << bad << 8.0;
-    QTest::newRow("nothing to add") << "+=" << bad << 8.0;
-    QTest::newRow("divided by zero") << "1/0" << bad << 8.0;
-    QTest::newRow("changed by a division by zero") << "/=0" << bad << 8.0;
-    QTest::newRow("too large for any number") << "1e400" << bad << 8.0;
-    QTest::newRow("a word") << "inf" << bad << 8.0;
-    QTest::newRow("another one") << "nan" << bad << 8.0;
-    QTest::newRow("a unit") << "3 cm" << bad << 8.0;
-    QTest::newRow("letters beyond ASCII") << QString::fromUtf8("3\u00b0") << bad << 8.0;
-    QTest::newRow("equals") << "=5" << bad << 8.0;
-}
-
-void TestPropertyInput::reading()
-{
-    QFETCH(QString, text);
-    QFETCH(int, kind);
-    QFETCH(double, of8);
-    const VxPropertyInput input = VxPropertyInput::read(text);
-    QCOMPARE(int(input.kind), kind);
-    QCOMPARE(input.appliedTo(8.0), of8);
-}
-
-void TestPropertyInput::deepNestingIsNoValue()
-{
-    const auto nested = [](int depth) {
-        return VxPropertyInput::read(QString(depth, '(') + '1' + QString(depth, ')')).kind;
-    };
-    QCOMPARE(nested(50), VxPropertyInput::Value);
-    QCOMPARE(nested(51), VxPropertyInput::Unreadable);
-    QCOMPARE(nested(200000), VxPropertyInput::Unreadable);
-    QCOMPARE(VxPropertyInput::read(QString(200001, '-') + '1').amount, -1.0);
-}
 
 void TestPropertyInput::textsOfNumbers_data()
 {

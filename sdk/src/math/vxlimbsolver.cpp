@@ -1,0 +1,122 @@
+#include <vxcore/vxlimbsolver.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double DegreesPerRadian = 57.295779513082320877;
+// Sine of the bend below which a limb has no plane of its own.
+constexpr double Straight = 1e-6;
+// Part of the limb's length within which a target counts as reached.
+constexpr double Reached = 1e-9;
+
+VxVector difference(const VxVector &a, const VxVector &b)
+{
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
+VxVector sum(const VxVector &a, const VxVector &b)
+{
+    return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};
+}
+
+double dot(const VxVector &a, const VxVector &b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+VxVector cross(const VxVector &a, const VxVector &b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+double length(const VxVector &a)
+{
+    return std::sqrt(dot(a, a));
+}
+
+/// Any vector at right angles.
+VxVector perpendicular(const VxVector &a)
+{
+    const bool isAlongX = std::abs(a[0]) > 0.9 * length(a);
+    return cross(a, isAlongX ? VxVector{0, 1, 0} : VxVector{1, 0, 0});
+}
+
+/// The axis of a positive bend from the upper to the lower segment.
+VxVector axisOfBend(const VxVector &upper, const VxVector &lower, const VxVector &bendAxis)
+{
+    const VxVector axis = cross(upper, lower);
+    if (length(axis) > Straight * length(upper) * length(lower))
+        return axis;
+    // The given axis without its part along the limb.
+    const double along = dot(bendAxis, upper) / dot(upper, upper);
+    const VxVector given =
+        difference(bendAxis, {upper[0] * along, upper[1] * along, upper[2] * along});
+    return length(given) > Straight * length(bendAxis) ? given : perpendicular(upper);
+}
+
+/// The angle between the segments' directions, 0 for a straight limb, that gives the limb a length.
+double bendForReach(double upper, double lower, double reach)
+{
+    const double cosine = (reach * reach - upper * upper - lower * lower) / (2 * upper * lower);
+    return std::acos(std::clamp(cosine, -1.0, 1.0)) * DegreesPerRadian;
+}
+
+double angleBetween(const VxVector &a, const VxVector &b)
+{
+    return std::atan2(length(cross(a, b)), dot(a, b)) * DegreesPerRadian;
+}
+
+} // namespace
+
+VxVector vxRotated(const VxQuaternion &q, const VxVector &v)
+{
+    const VxVector axis = {q.x, q.y, q.z};
+    const VxVector t = cross(axis, v);
+    const VxVector u = cross(axis, t);
+    return {v[0] + 2 * (q.w * t[0] + u[0]), v[1] + 2 * (q.w * t[1] + u[1]),
+            v[2] + 2 * (q.w * t[2] + u[2])};
+}
+
+VxQuaternion vxRotationAbout(const VxVector &axis, double degrees)
+{
+    const double size = length(axis);
+    if (!(size > 0))
+        return {};
+    const double half = degrees / DegreesPerRadian / 2;
+    const double part = std::sin(half) / size;
+    return {std::cos(half), axis[0] * part, axis[1] * part, axis[2] * part};
+}
+
+VxQuaternion vxRotationBetween(const VxVector &from, const VxVector &to)
+{
+    if (!(length(from) > 0) || !(length(to) > 0))
+        return {};
+    const VxVector axis = cross(from, to);
+    const bool isOpposite = length(axis) < 1e-12 * length(from) * length(to) && dot(from, to) < 0;
+    return vxRotationAbout(isOpposite ? perpendicular(from) : axis, angleBetween(from, to));
+}
+
+VxLimbSolution vxSolveLimb(const VxLimb &limb, const VxVector &target, const VxVector &bendAxis)
+{
+    VxLimbSolution solution;
+    solution.limb = limb;
+    const VxVector upper = difference(limb.middle, limb.root);
+    const VxVector lower = difference(limb.end, limb.middle);
+    const VxVector aim = difference(target, limb.root);
+    const double upperLength = length(upper);
+    const double lowerLength = length(lower);
+    if (upperLength > 0 && lowerLength > 0) {
+        const double bend = bendForReach(upperLength, lowerLength, length(aim));
+        solution.lower =
+            vxRotationAbout(axisOfBend(upper, lower, bendAxis), bend - angleBetween(upper, lower));
+    }
+    const VxVector bent = sum(upper, vxRotated(solution.lower, lower));
+    solution.upper = vxRotationBetween(bent, aim);
+    solution.limb.middle = sum(limb.root, vxRotated(solution.upper, upper));
+    solution.limb.end = sum(limb.root, vxRotated(solution.upper, bent));
+    solution.reached =
+        length(difference(solution.limb.end, target)) <= Reached * (upperLength + lowerLength);
+    return solution;
+}
