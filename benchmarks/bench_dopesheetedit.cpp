@@ -172,11 +172,11 @@ void dragStep(benchmark::State &state)
     VxTime offset = 0;
     for (auto _ : state) {
         offset = offset % 16000 + Step;
-        drag.moveTo(offset, VxKeyMoveRule::WaitBeside);
+        drag.moveTo(offset, VxCollision::WaitBeside);
         if (state.range(0))
             sheet.settle();
     }
-    drag.moveTo(0, VxKeyMoveRule::WaitBeside);
+    drag.moveTo(0, VxCollision::WaitBeside);
     hold.cancel();
     reportKeys(state);
 }

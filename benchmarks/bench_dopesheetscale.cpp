@@ -390,13 +390,13 @@ void measureDrag(Table &table, Sheet &sheet, const Loops &loops)
             drag.add(keys);
         VxUndoStackHold hold;
         VxTime offset = Step;
-        drag.moveTo(offset, VxKeyMoveRule::WaitBeside);
+        drag.moveTo(offset, VxCollision::WaitBeside);
         const auto settled = [&sheet] { sheet.settle(); };
         table.measure(name, loop, most, settled, [&] {
             offset += Step;
-            drag.moveTo(offset, VxKeyMoveRule::WaitBeside);
+            drag.moveTo(offset, VxCollision::WaitBeside);
         });
-        drag.moveTo(0, VxKeyMoveRule::WaitBeside);
+        drag.moveTo(0, VxCollision::WaitBeside);
         hold.cancel();
     };
     sheet.selectAll();

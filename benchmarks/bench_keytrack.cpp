@@ -8,7 +8,7 @@
 #include <benchmark/benchmark.h>
 #include <numeric>
 #include <random>
-#include <vxcore/vxkeymove.h>
+#include <vxcore/vxkeyedit.h>
 
 namespace {
 
@@ -255,15 +255,11 @@ void moveHalf(benchmark::State &state)
         offset = offset == 0 ? Frame * 5 / 2 : 0; // there and back, beside the others
         for (auto &track : tracks) {
             const auto keys = track.columns();
-            VxKeyMove move;
-            move.times = keys.times;
-            move.count = keys.count;
-            move.selected = selected.data();
-            move.origins = origins.data();
-            move.selectedCount = int(selected.size());
-            move.offset = offset;
-            move.rule = state.range(2) ? VxKeyMoveRule::WaitBeside : VxKeyMoveRule::Replace;
-            const auto times = vxPlanKeyMove(move);
+            const auto targets = vxShiftedKeyTimes(origins.data(), int(origins.size()), offset);
+            const auto times = vxPlanKeyTimes(
+                keys.times, keys.count,
+                {selected.data(), targets.data(), int(selected.size()), origins.data()},
+                state.range(2) ? VxCollision::WaitBeside : VxCollision::Replace);
             track.moveKeys(selected.data(), times.data(), int(times.size()), &landed);
         }
         selected = landed;

@@ -6,6 +6,7 @@
 #include <vxcore/vxcoreglobal.h>
 
 class QWidget;
+class VxKeySelection;
 class VxMainWindow;
 class VxPluginMgr;
 class VxScene;
@@ -36,6 +37,7 @@ public:
     /// Owned by this object; never null, except while it is being destroyed.
     VxScene *getScene() const;
     VxUndoStack *getUndoStack() const;
+    VxKeySelection *getKeySelection() const;
     VxSettings *getSettings() const;
     /// It knows the host's own panes and actions from the beginning.
     VxPluginMgr *getPluginMgr() const;

@@ -19,6 +19,10 @@ public:
 
     /// True while any block lives.
     static bool isActive();
+    /// True while a property changed whose report has not been sent yet: within a block after the
+    /// first change, and at its end until the last report is out. Whatever was worked out from keys
+    /// and is kept until a report must not be trusted meanwhile; compare VxProperty::keyRevision().
+    static bool hasUnsentReports();
 
 private:
     VxChangeBlock(const VxChangeBlock &) = delete;

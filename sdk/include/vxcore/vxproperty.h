@@ -88,6 +88,12 @@ public:
     /// 100 steps. Itself when there are none. Never null.
     VxProperty *getKeyHolder() const;
 
+    /// A number that differs after every change of the keys (times, values, shapes), within a
+    /// VxChangeBlock too, and after a change of the key holder; never 0. A cache of keys is current
+    /// while it equals the number from when the cache was made. Not bounded by one property: the
+    /// numbers of different key holders never are the same.
+    quint64 keyRevision() const;
+
     Q_INVOKABLE virtual int getNumKeys() const;
     /// The time of the key at index, in ticks; 0 when there is no such key.
     Q_INVOKABLE VxTime getKeyTime(int index) const;

@@ -25,6 +25,9 @@ public:
 
     /// Exchanges the kept state with the present one.
     virtual void swap() = 0;
+    /// Called after swap(), when all items of the entry have been exchanged and before any change
+    /// is reported: for state that refers to that of other items, such as a selection.
+    virtual void settle() {}
     /// Called once when the hold is accepted: gives up what did not change. Returns false when
     /// nothing is left, and the item is dropped.
     virtual bool finish() { return true; }

@@ -9,7 +9,7 @@
 ///
 /// Holds may be nested: the outermost one alone makes an entry, under its own text; what the inner
 /// ones accept or cancel makes no difference. Nothing is recorded outside of any hold. Cancelling
-/// only forgets: changes already made stay, so whoever cancels has put them back.
+/// only forgets, changes already made stay; rollBack() puts them back.
 class VXCORE_EXPORT VxUndoStackHold
 {
 public:
@@ -20,9 +20,13 @@ public:
     /// Ends the hold and records everything since its beginning as one entry. A hold in which
     /// nothing changed, or everything changed back, makes no entry.
     void accept(const QString &text);
-    /// Ends the hold without an entry.
+    /// Ends the hold without an entry; what was changed stays.
     void cancel();
-    /// True until accept() or cancel().
+    /// Ends the hold without an entry and puts back everything that was changed since its
+    /// beginning: how a gesture is dropped. False within another hold, whose changes cannot be
+    /// told from these: then it only ends, as with cancel().
+    bool rollBack();
+    /// True until accept(), cancel() or rollBack().
     bool isOpen() const;
 
 private:

@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <vxcore/vxclassfactory.h>
+#include <vxcore/vxkeyselection.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxplugin.h>
 #include <vxcore/vxpluginmgr.h>
@@ -34,6 +35,7 @@ public:
     // leave the scene ask the history whether it is recording.
     std::unique_ptr<VxSettings> settings = std::make_unique<VxSettings>();
     std::unique_ptr<VxPluginMgr> pluginMgr = std::make_unique<VxPluginMgr>();
+    std::unique_ptr<VxKeySelection> keySelection = std::make_unique<VxKeySelection>();
     std::unique_ptr<VxUndoStack> undoStack = std::make_unique<VxUndoStack>();
     std::unique_ptr<VxScene> scene = std::make_unique<VxScene>();
     std::unique_ptr<VxScriptEngine> scriptEngine; // made when it is asked for
@@ -87,6 +89,11 @@ VxScene *VxApp::getScene() const
 VxUndoStack *VxApp::getUndoStack() const
 {
     return d->undoStack.get();
+}
+
+VxKeySelection *VxApp::getKeySelection() const
+{
+    return d->keySelection.get();
 }
 
 VxSettings *VxApp::getSettings() const

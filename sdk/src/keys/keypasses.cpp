@@ -57,7 +57,7 @@ bool keepsOrder(const VxTime *times, int count, const int *indexes, const VxTime
         const int i = indexes[k];
         return i + 1 == count || newTimes[k] < times[i + 1];
     };
-    if (areNeighbours(indexes, indexCount))
+    if (areContiguous(indexes, indexCount))
         return followsOthers(0) && leadsOthers(indexCount - 1);
     for (int k = 0; k < indexCount; ++k) {
         const bool previousMoves = k > 0 && indexes[k - 1] + 1 == indexes[k];

@@ -9,7 +9,7 @@
 /// See also isStrictlyAscending() in keytrack.h.
 
 /// True when ascending indexes (at least one) have no gap.
-inline bool areNeighbours(const int *indexes, int indexCount)
+inline bool areContiguous(const int *indexes, int indexCount)
 {
     return indexes[indexCount - 1] - indexes[0] == indexCount - 1;
 }

@@ -3,6 +3,7 @@
 #include "undo/vxundovalueitem.h"
 
 #include <algorithm>
+#include <vxcore/vxkeyselection.h>
 
 /// The part of a hold that one property's keys make up.
 template <class V> class KeyUndoItem : public VxUndoItem
@@ -12,6 +13,7 @@ public:
         : VxUndoItem(property, VxUndoKeys)
         , m_property(property)
         , m_store(store)
+        , m_selected(selectedKeys())
     {
     }
 
@@ -20,23 +22,47 @@ public:
 
     void swap() override
     {
-        if (m_property)
-            m_store->swap(m_delta);
+        if (!m_property)
+            return;
+        m_store->swap(m_delta);
+        m_selected.swap(m_othersSelected);
+    }
+
+    // Where neither side has a selected key, keys that were selected since stay so.
+    void settle() override
+    {
+        VxKeySelection *selection = VxKeySelection::current();
+        if (m_property && selection && !(m_selected.empty() && m_othersSelected.empty()))
+            selection->setForHolders({{m_property, m_othersSelected, 0}});
     }
 
     bool finish() override
     {
-        if (m_property)
+        if (m_property) {
             m_delta.trim(m_store->track());
+            m_othersSelected = selectedKeys();
+        }
         return m_property && !m_delta.isEmpty();
     }
 
-    qint64 memoryUsed() const override { return qint64(sizeof(*this) + m_delta.memoryBytes()); }
+    qint64 memoryUsed() const override
+    {
+        return qint64(sizeof(*this) + m_delta.memoryBytes() +
+                      (m_selected.capacity() + m_othersSelected.capacity()) * sizeof(VxKeySpan));
+    }
 
 private:
+    std::vector<VxKeySpan> selectedKeys() const
+    {
+        const VxKeySelection *selection = VxKeySelection::current();
+        return selection ? selection->spansOf(m_property) : std::vector<VxKeySpan>();
+    }
+
     QPointer<VxProperty> m_property;
     KeyStore<V> *m_store; // lives as long as the property
     KeyDelta<V> m_delta;
+    std::vector<VxKeySpan> m_selected;       // of the keys that m_delta keeps
+    std::vector<VxKeySpan> m_othersSelected; // of those that are there
 };
 
 /// The stored value's part of a hold.
@@ -86,7 +112,9 @@ template <class V> void KeyStore<V>::touch(const VxTimeRange &times)
 
 template <class V> void KeyStore<V>::report(const VxTimeRange &times)
 {
-    VxProperty::Private::of(m_property)->reportChange(times);
+    VxProperty::Private *property = VxProperty::Private::of(m_property);
+    property->bumpKeyRevision();
+    property->reportChange(times);
 }
 
 template <class V> VxTimeRange KeyStore<V>::spanOf(const QVector<int> &indexes) const
@@ -111,7 +139,7 @@ template <class V> bool KeyStore<V>::setStored(V value)
         stack->record(new Item(m_property, this));
     m_stored = value;
     if (m_track.isEmpty())
-        report(VxTimeRange::all());
+        VxProperty::Private::of(m_property)->reportChange(VxTimeRange::all());
     return true;
 }
 

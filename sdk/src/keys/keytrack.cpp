@@ -144,7 +144,7 @@ template <class V> int KeyTrack<V>::removeIndexes(const int *indexes, int indexC
         return -1;
     if (indexCount <= 0)
         return 0;
-    if (areNeighbours(indexes, indexCount))
+    if (areContiguous(indexes, indexCount))
         return removeIndexRange(indexes[0], indexes[indexCount - 1] + 1);
     int to = indexes[0];
     for (int k = 0; k < indexCount; ++k) {
@@ -205,7 +205,7 @@ bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int index
 template <class V>
 void KeyTrack<V>::setTimes(const int *indexes, const VxTime *newTimes, int indexCount)
 {
-    if (areNeighbours(indexes, indexCount)) {
+    if (areContiguous(indexes, indexCount)) {
         std::copy_n(newTimes, indexCount, m_times.begin() + indexes[0]);
     } else {
         for (int k = 0; k < indexCount; ++k)
@@ -266,7 +266,7 @@ template <class V> int KeyTrack<V>::setType(const int *indexes, int indexCount, 
 {
     if (!isSelection(indexes, indexCount, count()))
         return -1;
-    if (indexCount > 0 && areNeighbours(indexes, indexCount))
+    if (indexCount > 0 && areContiguous(indexes, indexCount))
         return setType(indexes[0], indexes[indexCount - 1] + 1, type);
     const quint8 legal = legalType<V>(type);
     int changed = 0;

@@ -3,12 +3,16 @@
 #include "keys/vxchangeblock_p.h"
 #include "keys/vxproperty_p.h"
 
+#include <utility>
+
 namespace {
 
 struct BlockState
 {
     int depth = 0;
     QVector<VxProperty *> changed; ///< null where a property was destroyed meanwhile
+    QVector<std::function<void()>> followUps;
+    int unsent = 0; ///< reports that are being sent, or wait for those before them
 };
 
 BlockState &state()
@@ -35,6 +39,11 @@ bool VxChangeBlock::isActive()
     return state().depth > 0;
 }
 
+bool VxChangeBlock::hasUnsentReports()
+{
+    return state().unsent > 0 || !state().changed.isEmpty();
+}
+
 namespace VxPendingChanges {
 
 void add(VxProperty::Private *property, const VxTimeRange &range)
@@ -56,6 +65,13 @@ void remove(VxProperty::Private *property)
     property->pendingList = nullptr;
 }
 
+void send(VxProperty::Private *property, const VxTimeRange &range)
+{
+    ++state().unsent;
+    property->emitChange(range);
+    --state().unsent;
+}
+
 void flush()
 {
     // Receivers may change and destroy properties and end blocks of their own: the list is taken
@@ -66,13 +82,22 @@ void flush()
         if (property)
             VxProperty::Private::of(property)->pendingList = &list;
     }
+    state().unsent += list.size();
     for (int i = 0; i < list.size(); ++i) {
-        if (!list.at(i))
-            continue;
-        VxProperty::Private *property = VxProperty::Private::of(list.at(i));
-        property->pendingList = nullptr;
-        property->emitChange(property->pendingRange);
+        if (list.at(i)) {
+            VxProperty::Private *property = VxProperty::Private::of(list.at(i));
+            property->pendingList = nullptr;
+            property->emitChange(property->pendingRange);
+        }
+        --state().unsent;
     }
+    for (const auto &followUp : std::exchange(state().followUps, {}))
+        followUp();
+}
+
+void runAfterReports(std::function<void()> function)
+{
+    state().followUps.append(std::move(function));
 }
 
 } // namespace VxPendingChanges

@@ -5,15 +5,21 @@
 
 #include "keys/vxproperty_p.h"
 
+#include <functional>
+
 /// The list of properties that changed within the open block.
 namespace VxPendingChanges {
 
 /// Remembers a change, once a property, widening its range.
 void add(VxProperty::Private *property, const VxTimeRange &range);
+/// Sends a report at once.
+void send(VxProperty::Private *property, const VxTimeRange &range);
 /// Forgets a property that is being destroyed.
 void remove(VxProperty::Private *property);
-/// Sends every report and empties the list.
+/// Sends every report and empties the list, then runs what is to follow.
 void flush();
+/// Calls a function once, when the open block has ended and its reports are sent.
+void runAfterReports(std::function<void()> function);
 
 } // namespace VxPendingChanges
 

@@ -17,12 +17,20 @@ constexpr int MaxChain = 100;
 
 void (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
 
+// One counter for all properties: no two of them ever have the same revision, so that one number
+// also shows that a property got another key holder.
+void VxProperty::Private::bumpKeyRevision()
+{
+    static quint64 latest = 0;
+    keyRevision = ++latest;
+}
+
 void VxProperty::Private::reportChange(const VxTimeRange &range)
 {
     if (VxChangeBlock::isActive())
         VxPendingChanges::add(this, range);
     else
-        emitChange(range);
+        VxPendingChanges::send(this, range);
 }
 
 void VxProperty::Private::emitChange(const VxTimeRange &range)
@@ -267,6 +275,11 @@ VxProperty *VxProperty::getKeyHolder() const
         holder = next;
     }
     return const_cast<VxProperty *>(holder);
+}
+
+quint64 VxProperty::keyRevision() const
+{
+    return Private::of(d->isPlain ? this : getKeyHolder())->keyRevision;
 }
 
 int VxProperty::getNumKeys() const

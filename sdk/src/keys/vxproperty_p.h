@@ -42,13 +42,16 @@ public:
     explicit Private(VxProperty *property)
         : q(property)
     {
+        bumpKeyRevision();
     }
     virtual ~Private() = default;
 
     static Private *of(VxProperty *property) { return property->d.get(); }
     static const Private *of(const VxProperty *property) { return property->d.get(); }
 
-    /// Tells the world that keys or value changed: at once, or at the end of the open block.
+    /// Gives the keys a new revision; after each change of them.
+    void bumpKeyRevision();
+    /// Reports a change of keys or value: at once, or at the end of the open block.
     void reportChange(const VxTimeRange &range);
     void emitChange(const VxTimeRange &range);
     /// Recomputes isPlain after an alias, an override or a link came or went, and tells of it.
@@ -63,6 +66,7 @@ public:
     QString label;
     QString path;
     VxElement *owner = nullptr;
+    quint64 keyRevision;
     VxPropertyDependency aliased;
     VxPropertyDependency overriding;
     bool hidden = false;

@@ -6,6 +6,7 @@
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxclassfactory.h>
+#include <vxcore/vxkeyselection.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpanemgr.h>
@@ -88,6 +89,9 @@ void ScriptBindings::registerApplication(QScriptEngine *engine)
     installFunctions(engine, application, applicationFunctions);
     application.setProperty(QStringLiteral("name"), VxApp::getAppName(), QScriptValue::ReadOnly);
     application.setProperty(QStringLiteral("sdkVersion"), VxVersion::sdk().toString(),
+                            QScriptValue::ReadOnly);
+    application.setProperty(QStringLiteral("keySelection"),
+                            ScriptBindings::makeKeySelection(engine, VxKeySelection::current()),
                             QScriptValue::ReadOnly);
     QScriptValue global = engine->globalObject();
     global.setProperty(QStringLiteral("App"), application);

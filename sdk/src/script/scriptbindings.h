@@ -2,6 +2,8 @@
 #define SCRIPT_SCRIPTBINDINGS_H
 
 class QScriptEngine;
+class QScriptValue;
+class VxKeySelection;
 
 /// What scripts can do with host objects beyond their properties and slots. Each function sets
 /// the prototypes of one family of classes on an engine.
@@ -15,6 +17,8 @@ void registerProperties(QScriptEngine *engine);
 void registerNodes(QScriptEngine *engine);
 /// The scene: nodes, ranges, building.
 void registerScene(QScriptEngine *engine);
+/// The selected keys, with entries() and set().
+QScriptValue makeKeySelection(QScriptEngine *engine, VxKeySelection *selection);
 /// The application: panes and actions. Sets the globals Scene, App and Undo.
 void registerApplication(QScriptEngine *engine);
 

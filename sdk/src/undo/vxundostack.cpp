@@ -3,6 +3,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <algorithm>
+#include <utility>
 #include <vxcore/vxchangeblock.h>
 
 namespace {
@@ -18,6 +19,20 @@ QVector<VxUndoStack *> &stacks()
 
 VxUndoItem::~VxUndoItem() = default;
 
+void vxSwapItems(const VxUndoItems &items, bool undo, bool *applying)
+{
+    const auto swap = [](const auto &item) { item->swap(); };
+    const VxChangeBlock block;
+    *applying = true;
+    if (undo)
+        std::for_each(items.rbegin(), items.rend(), swap);
+    else
+        std::for_each(items.begin(), items.end(), swap);
+    for (const auto &item : items)
+        item->settle();
+    *applying = false;
+}
+
 VxUndoEntry::VxUndoEntry(const QString &text, VxUndoItems items, bool *applying)
     : QUndoCommand(text)
     , m_items(std::move(items))
@@ -27,10 +42,7 @@ VxUndoEntry::VxUndoEntry(const QString &text, VxUndoItems items, bool *applying)
 
 void VxUndoEntry::undo()
 {
-    const VxChangeBlock block;
-    *m_applying = true;
-    std::for_each(m_items.rbegin(), m_items.rend(), [](const auto &item) { item->swap(); });
-    *m_applying = false;
+    vxSwapItems(m_items, true, m_applying);
 }
 
 void VxUndoEntry::redo()
@@ -39,11 +51,7 @@ void VxUndoEntry::redo()
         m_inPlace = false;
         return;
     }
-    const VxChangeBlock block;
-    *m_applying = true;
-    for (const auto &item : m_items)
-        item->swap();
-    *m_applying = false;
+    vxSwapItems(m_items, false, m_applying);
 }
 
 qint64 VxUndoEntry::memoryUsed() const
@@ -81,6 +89,18 @@ void VxUndoStack::Private::close(const VxUndoStackHold *hold, const QString *tex
         return;
     stack->push(new VxUndoEntry(*text, std::move(finished), &applying));
     Q_EMIT q->entryAdded(*text);
+}
+
+bool VxUndoStack::Private::rollBack(const VxUndoStackHold *hold)
+{
+    if (holds.empty() || holds.front() != hold) {
+        close(hold, nullptr);
+        return false;
+    }
+    holds.erase(holds.begin());
+    index.clear();
+    vxSwapItems(std::exchange(items, {}), true, &applying);
+    return true;
 }
 
 void VxUndoStack::Private::step(int to)

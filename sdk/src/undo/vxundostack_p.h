@@ -12,6 +12,9 @@
 
 using VxUndoItems = std::vector<std::unique_ptr<VxUndoItem>>;
 
+/// Exchanges the kept states of items with the present ones; undo runs from the last to the first.
+void vxSwapItems(const VxUndoItems &items, bool undo, bool *applying);
+
 /// One entry of the history: the items of an accepted hold. The toolkit's stack runs redo() when
 /// an entry is pushed; the changes are in place by then, so that first call does nothing.
 class VxUndoEntry : public QUndoCommand
@@ -37,7 +40,9 @@ public:
     /// Ends a hold. When it is the outermost one, its items leave: into an entry when text is
     /// given, else into nothing.
     void close(const VxUndoStackHold *hold, const QString *text);
-    /// Lets the toolkit's stack go to an index and tells of it.
+    /// Ends a hold and puts back what its items keep. False, and just ended, unless outermost.
+    bool rollBack(const VxUndoStackHold *hold);
+    /// Moves the toolkit's stack to an index and reports it.
     void step(int to);
 
     VxUndoStack *q = nullptr;

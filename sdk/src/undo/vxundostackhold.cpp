@@ -43,6 +43,14 @@ void VxUndoStackHold::cancel()
         d->stack->d->close(this, nullptr);
 }
 
+bool VxUndoStackHold::rollBack()
+{
+    if (!d->open)
+        return false;
+    d->open = false;
+    return d->stack && d->stack->d->rollBack(this);
+}
+
 bool VxUndoStackHold::isOpen() const
 {
     return d->open;

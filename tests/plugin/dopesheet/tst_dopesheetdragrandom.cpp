@@ -269,14 +269,14 @@ void TestDopeSheetDragRandom::dragOnce(int number)
 
     VxUndoStackHold hold;
     for (int previews = below(4); previews > 0; --previews) {
-        QVERIFY(drag.moveTo(limited(below(4000) - 2000), VxKeyMoveRule::WaitBeside));
+        QVERIFY(drag.moveTo(limited(below(4000) - 2000), VxCollision::WaitBeside));
         checkUnselectedUntouched(before);
         checkRows("preview");
     }
     const bool goesBack = below(4) == 0;
     const qint64 offset = goesBack ? 0 : limited((below(60) - 30) * (below(2) == 0 ? 160 : 1));
     if (offset == 0) { // the end of a drag that leads nowhere, and of one that is given up
-        QVERIFY(drag.moveTo(0, VxKeyMoveRule::WaitBeside));
+        QVERIFY(drag.moveTo(0, VxCollision::WaitBeside));
         QVERIFY2(scene() == before, qPrintable(QString::number(number)));
         QVERIFY(selectedTimes() == selection);
         checkRows("put back");
@@ -284,7 +284,7 @@ void TestDopeSheetDragRandom::dragOnce(int number)
         QCOMPARE(vxApp->getUndoStack()->count(), 0);
         return;
     }
-    QVERIFY(drag.moveTo(offset, VxKeyMoveRule::Replace));
+    QVERIFY(drag.moveTo(offset, VxCollision::Replace));
     hold.accept(QStringLiteral("Move Keys"));
     const Scene after = dropped(before, offset);
     QVERIFY2(scene() == after, qPrintable(QString::number(number)));

@@ -323,7 +323,7 @@ void TestDopeSheetKeyCommands::dragOfBothRowsKeepsTheirSelections()
     for (const SelectedKeys &keys : collector.keys())
         drag.add(keys);
     for (const qint64 offset : {500, 3500, -200}) {
-        QVERIFY(drag.moveTo(offset, VxKeyMoveRule::WaitBeside));
+        QVERIFY(drag.moveTo(offset, VxCollision::WaitBeside));
         QCOMPARE(selected(rowOfProperty(x())), Times({VxTime(1000 + offset)}));
         QCOMPARE(selected(rowOfProperty(alias)), Times({VxTime(2000 + offset)}));
     }
@@ -339,14 +339,14 @@ void TestDopeSheetKeyCommands::dragGoesOnWithoutKeysThatVanish()
     collector.add(model->getItem(rowOfProperty(x())));
     KeyDrag drag;
     drag.add(collector.keys().front());
-    QVERIFY(drag.moveTo(100, VxKeyMoveRule::WaitBeside));
+    QVERIFY(drag.moveTo(100, VxCollision::WaitBeside));
     QCOMPARE(keyTimes(x()), Times({1100, 2100, 3100, 9000}));
     x()->deleteKeys(1, 1);
     addKeys(x(), {2105});
-    QVERIFY(!drag.moveTo(200, VxKeyMoveRule::WaitBeside));
+    QVERIFY(!drag.moveTo(200, VxCollision::WaitBeside));
     QCOMPARE(keyTimes(x()), Times({1200, 2105, 3200, 9000}));
     QCOMPARE(selected(rowOfProperty(x())), Times({1200, 3200}));
-    QVERIFY(drag.moveTo(0, VxKeyMoveRule::WaitBeside));
+    QVERIFY(drag.moveTo(0, VxCollision::WaitBeside));
     QCOMPARE(keyTimes(x()), Times({1000, 2105, 3000, 9000}));
 }
 

@@ -23,7 +23,7 @@ struct Moved
 
     bool areWhereFound() const;
     void locate();
-    bool moveTo(qint64 offset, VxKeyMoveRule rule);
+    bool moveTo(qint64 offset, VxCollision rule);
     void showIn(VxDopeSheetItem *row) const;
 };
 
@@ -65,21 +65,17 @@ void Moved::locate()
     placed.resize(kept);
 }
 
-bool Moved::moveTo(qint64 offset, VxKeyMoveRule rule)
+bool Moved::moveTo(qint64 offset, VxCollision rule)
 {
     const int before = placed.size();
     locate();
     if (indexes.isEmpty())
         return before == 0;
-    VxKeyMove move;
-    move.times = property->getKeyTimes();
-    move.count = property->getNumKeys();
-    move.selected = indexes.constData();
-    move.origins = origins.constData();
-    move.selectedCount = indexes.size();
-    move.offset = offset;
-    move.rule = rule;
-    const std::vector<VxTime> planned = vxPlanKeyMove(move);
+    const std::vector<VxTime> targets =
+        vxShiftedKeyTimes(origins.constData(), origins.size(), offset);
+    const std::vector<VxTime> planned = vxPlanKeyTimes(
+        property->getKeyTimes(), property->getNumKeys(),
+        {indexes.constData(), targets.data(), indexes.size(), origins.constData()}, rule);
     if (planned.empty())
         return false;
     const QVector<VxTime> times(planned.cbegin(), planned.cend());
@@ -171,7 +167,7 @@ VxTime KeyDrag::latest() const
 
 // The rows take the new times over within the block, before anybody hears of them, and listen to
 // their properties again only when everything has been told.
-bool KeyDrag::moveTo(qint64 offset, VxKeyMoveRule rule)
+bool KeyDrag::moveTo(qint64 offset, VxCollision rule)
 {
     bool complete = true;
     d->suppressKeyChanges(true);

@@ -2,7 +2,7 @@
 #define KEYDRAG_H
 
 #include <memory>
-#include <vxcore/vxkeymove.h>
+#include <vxcore/vxkeyedit.h>
 #include <vxcore/vxtime.h>
 
 class VxDopeSheetItem;
@@ -28,7 +28,7 @@ public:
 
     // Puts every key offset ticks from where it began, each property in one pass and with one
     // report. False when a property refused, or keys were lost: these are where they were.
-    bool moveTo(qint64 offset, VxKeyMoveRule rule);
+    bool moveTo(qint64 offset, VxCollision rule);
 
     // Calls visit(VxDopeSheetItem *) for each row that is still there.
     template <typename Visit> void visitRows(const Visit &visit) const

@@ -44,7 +44,7 @@ void VxDopeSheetView::Private::showDrag()
     if (!pace.isDue(clock.elapsed()))
         return;
     dragShown = true;
-    drag->moveTo(dragOffset(), VxKeyMoveRule::WaitBeside);
+    drag->moveTo(dragOffset(), VxCollision::WaitBeside);
     drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
 }
 
@@ -57,7 +57,7 @@ void VxDopeSheetView::Private::dropKeys()
     }
     if (!dragHold)
         dragHold = std::make_unique<VxUndoStackHold>();
-    drag->moveTo(offset, VxKeyMoveRule::Replace);
+    drag->moveTo(offset, VxCollision::Replace);
     drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
     dragHold->accept(tr("Move Keys"));
     dragHold.reset();
@@ -68,7 +68,7 @@ void VxDopeSheetView::Private::dropKeys()
 // others took it away meanwhile, there is a change, which is kept so that it can be undone.
 void VxDopeSheetView::Private::putKeysBack()
 {
-    const bool complete = !dragShown || !drag || drag->moveTo(0, VxKeyMoveRule::WaitBeside);
+    const bool complete = !dragShown || !drag || drag->moveTo(0, VxCollision::WaitBeside);
     if (dragHold && complete)
         dragHold->cancel();
     else if (dragHold)

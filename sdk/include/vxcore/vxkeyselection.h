@@ -1,0 +1,84 @@
+#ifndef VXCORE_VXKEYSELECTION_H
+#define VXCORE_VXKEYSELECTION_H
+
+#include <QtCore/QObject>
+#include <QtCore/QVariant>
+#include <memory>
+#include <vector>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxkeyspan.h>
+
+class VxProperty;
+
+/// The selected keys of one property.
+struct VxKeySelectionEntry
+{
+    /// The property that holds the keys (VxProperty::getKeyHolder()), never an alias.
+    VxProperty *holder = nullptr;
+    /// Indexes of the selected keys: ascending, not empty, with a gap between any two.
+    std::vector<VxKeySpan> spans;
+    /// The holder's key revision that the indexes belong to. An entry given to set() is left out
+    /// when the holder has another one by now; 0: the indexes are those of the present keys.
+    quint64 revision = 0;
+};
+using VxKeySelectionEntries = std::vector<VxKeySelectionEntry>;
+
+/// Where selected keys are kept: the panes that show keys. Registered with VxKeySelection.
+class VXCORE_EXPORT VxKeySelectionSource
+{
+public:
+    virtual ~VxKeySelectionSource();
+
+    /// What is selected, one entry a key holder; a key counts that is selected in any view.
+    virtual VxKeySelectionEntries entries() const = 0;
+    /// The selected keys of one key holder.
+    virtual std::vector<VxKeySpan> spansOf(VxProperty *holder) const = 0;
+    /// Selects exactly these keys of the entries' holders, in every view that shows them; the keys
+    /// of others are deselected when `clearsOthers` is true, else they stay as they are.
+    virtual void set(const VxKeySelectionEntries &entries, bool clearsOthers) = 0;
+};
+
+/// The selected keys of the application, as one selection whatever panes they are shown in; see
+/// VxApp::getKeySelection(), `App.keySelection` in scripts.
+///
+/// A view on what the panes hold: it keeps nothing itself. Without a pane that shows keys nothing
+/// is selected, and nothing can be.
+class VXCORE_EXPORT VxKeySelection : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxKeySelection(QObject *parent = nullptr);
+    ~VxKeySelection() override;
+
+    /// The application's; null while there is none.
+    static VxKeySelection *current();
+
+    /// Adds and removes a source. Not owned; the one added last is asked.
+    void addSource(VxKeySelectionSource *source);
+    void removeSource(VxKeySelectionSource *source);
+    /// To be called by the source after each change of what is selected; cheap.
+    void notifyChanged();
+
+    /// One entry a key holder in which a key is selected, in the order of the views.
+    VxKeySelectionEntries entries() const;
+    /// The selected keys of one key holder.
+    std::vector<VxKeySpan> spansOf(VxProperty *holder) const;
+    /// Selects these keys and no others, also those of rows that are closed or filtered out.
+    void set(const VxKeySelectionEntries &entries);
+    /// Selects exactly these keys of the entries' holders and leaves the keys of others as they
+    /// are; an entry without spans deselects its holder's keys.
+    void setForHolders(const VxKeySelectionEntries &entries);
+    /// Deselects every key.
+    Q_INVOKABLE void clear();
+
+Q_SIGNALS:
+    /// The selection changed, or the keys that are selected. Sent once for all changes of a
+    /// VxChangeBlock, or else of a turn of the event loop; at once after set() and clear().
+    void changed();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

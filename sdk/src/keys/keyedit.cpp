@@ -1,0 +1,117 @@
+#include <vxcore/vxkeyedit.h>
+
+#include "keys/keycollision.h"
+#include "keys/keymovemerge.h"
+#include "keys/keytrack.h"
+
+#include <algorithm>
+
+namespace {
+
+template <class T> std::vector<T> picked(const T *from, const std::vector<int> &indexes)
+{
+    std::vector<T> values(indexes.size());
+    std::transform(indexes.begin(), indexes.end(), values.begin(),
+                   [from](int i) { return from[i]; });
+    return values;
+}
+
+// Ascending indexes as spans, each counted from `offset` on.
+std::vector<VxKeySpan> spansOf(const std::vector<int> &indexes, int offset)
+{
+    std::vector<VxKeySpan> spans;
+    for (const int index : indexes) {
+        if (spans.empty() || spans.back().last != index + offset)
+            spans.push_back({index + offset, index + offset});
+        ++spans.back().last;
+    }
+    return spans;
+}
+
+std::vector<VxTime> presentTimes(const VxTime *times, const int *source, int count)
+{
+    std::vector<VxTime> present(static_cast<std::size_t>(count));
+    std::transform(source, source + count, present.begin(), [times](int i) { return times[i]; });
+    return present;
+}
+
+} // namespace
+
+// Unsigned, because the offset may be wider than a time; the sums are within range.
+std::vector<VxTime> vxShiftedKeyTimes(const VxTime *origins, int count, qint64 offset)
+{
+    if (count <= 0)
+        return {};
+    const auto limited = quint32(limitedOffset(origins[0], origins[count - 1], offset));
+    std::vector<VxTime> times(origins, origins + count);
+    for (VxTime &time : times)
+        time = VxTime(quint32(time) + limited);
+    return times;
+}
+
+std::vector<VxTime> vxPlanKeyTimes(const VxTime *times, int count, const VxKeyMoves &moves,
+                                   VxCollision rule)
+{
+    if (moves.count <= 0)
+        return {};
+    switch (rule) {
+    case VxCollision::WaitBeside:
+        return planWaitingTimes(times, count, moves);
+    case VxCollision::Nudge:
+        return planNudgedTimes(times, count, moves);
+    case VxCollision::Replace:
+        break;
+    }
+    return std::vector<VxTime>(moves.targets, moves.targets + moves.count);
+}
+
+template <class V>
+VxKeyResult<V> vxPlanKeyEdit(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &edit,
+                             VxCollision rule)
+{
+    VxKeyResult<V> result;
+    if (edit.count <= 0)
+        return result;
+    std::vector<VxTime> times;
+    if (edit.times)
+        times = vxPlanKeyTimes(keys.times, keys.count,
+                               {edit.source, edit.times, edit.count, edit.origins}, rule);
+    else
+        times = presentTimes(keys.times, edit.source, edit.count);
+    if (times.empty())
+        return result;
+
+    MovedKeys moved;
+    moved.setKeys(edit.source, times.data(), edit.count);
+    const auto outermost = std::minmax_element(edit.source, edit.source + edit.count);
+    const VxTime start = moved.times[0];
+    const VxTime end = moved.times[moved.count - 1];
+    result.span = VxTimeRange(std::min(keys.times[*outermost.first], start),
+                              std::max(keys.times[*outermost.second], end));
+    const VxTime *const timesEnd = keys.times + keys.count;
+    const auto first =
+        int(std::lower_bound(keys.times, timesEnd, result.span.getStart()) - keys.times);
+    const auto last =
+        int(std::upper_bound(keys.times, timesEnd, result.span.getEnd()) - keys.times);
+    const StayingKeys staying(keys.times, first, last, edit.source, edit.count);
+    MoveMerge merge(staying, moved);
+
+    result.keys.values = picked(keys.values, merge.source);
+    for (int k = 0; edit.values && k < moved.count; ++k)
+        result.keys.values[std::size_t(merge.landed[std::size_t(k)])] =
+            edit.values[moved.listedAt(k)];
+    if (keys.types)
+        result.keys.types = picked(keys.types, merge.source);
+    if (keys.tcb)
+        result.keys.tcb = picked(keys.tcb, merge.source);
+    result.selected = spansOf(merge.landed, first);
+    result.merged = last - first - int(merge.times.size());
+    result.keys.times = std::move(merge.times);
+    result.source = std::move(merge.source);
+    return result;
+}
+
+template VxKeyResult<float> vxPlanKeyEdit<float>(const VxKeyColumns<float> &,
+                                                 const VxKeyEdit<float> &, VxCollision);
+template VxKeyResult<qint32> vxPlanKeyEdit<qint32>(const VxKeyColumns<qint32> &,
+                                                   const VxKeyEdit<qint32> &, VxCollision);

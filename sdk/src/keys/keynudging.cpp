@@ -1,0 +1,172 @@
+// The rule of keys that move one after the other and stop a tick before the key in their way.
+
+#include "keys/keycollision.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// The times that are taken while keys move in ascending order: keys that did not move yet, and
+// those that did. Questions come with rising times, nearly always, so the place in the unmoved keys
+// is kept from one to the next, and moved keys are added at the end.
+class TakenTimes
+{
+public:
+    TakenTimes(std::vector<VxTime> times, int moveCount)
+        : m_times(std::move(times))
+        , m_gone(m_times.size(), 0)
+    {
+        m_placed.reserve(std::size_t(moveCount));
+    }
+
+    // Moves key `index` to the target, or to the nearest free tick from there back to where it is.
+    VxTime move(int index, VxTime target)
+    {
+        const VxTime own = m_times[std::size_t(index)];
+        if (target == own)
+            return own;
+        m_gone[std::size_t(index)] = 1;
+        const VxTime time = target > own ? free<-1>(target, own) : free<1>(target, own);
+        add(time);
+        if (time != own && m_runLow <= own && own <= m_runHigh)
+            forgetRun();
+        return time;
+    }
+
+private:
+    // Ticks that were found taken on the last walk are not looked at again: many keys with one
+    // target queue up in linear time.
+    template <int Back> VxTime free(VxTime target, VxTime own)
+    {
+        if (m_runLow <= target && target <= m_runHigh) {
+            if (m_runLow <= own && own <= m_runHigh)
+                return own;
+            target = Back < 0 ? m_runLow : m_runHigh;
+        } else {
+            m_runLow = m_runHigh = target;
+            if (!contains(target)) {
+                return target;
+            }
+        }
+        do
+            target += Back;
+        while (target != own && contains(target));
+        (Back < 0 ? m_runLow : m_runHigh) = target;
+        return target;
+    }
+
+    bool contains(VxTime time)
+    {
+        seek(time);
+        if (m_place < m_times.size() && m_times[m_place] == time && !m_gone[m_place])
+            return true;
+        return !m_placed.empty() && time <= m_placed.back() &&
+               std::binary_search(m_placed.begin(), m_placed.end(), time);
+    }
+
+    void add(VxTime time)
+    {
+        if (m_placed.empty() || time > m_placed.back())
+            m_placed.push_back(time);
+        else
+            m_placed.insert(std::lower_bound(m_placed.begin(), m_placed.end(), time), time);
+    }
+
+    // To the first of the unmoved keys at or after time.
+    void seek(VxTime time)
+    {
+        for (int steps = 0; steps < 16; ++steps) {
+            if (m_place > 0 && m_times[m_place - 1] >= time)
+                --m_place;
+            else if (m_place < m_times.size() && m_times[m_place] < time)
+                ++m_place;
+            else
+                return;
+        }
+        const auto found = std::lower_bound(m_times.begin(), m_times.end(), time);
+        m_place = std::size_t(found - m_times.begin());
+    }
+
+    void forgetRun()
+    {
+        m_runLow = VxTimeMax;
+        m_runHigh = VxTimeMin;
+    }
+
+    std::vector<VxTime> m_times;
+    std::vector<unsigned char> m_gone;
+    std::vector<VxTime> m_placed;
+    std::size_t m_place = 0;
+    VxTime m_runLow = VxTimeMax; // both included; empty while low is above high
+    VxTime m_runHigh = VxTimeMin;
+};
+
+// The same times seen from the other end: ~t falls where t rises and cannot overflow.
+std::vector<VxTime> mirrored(const VxTime *times, int count)
+{
+    std::vector<VxTime> result(static_cast<std::size_t>(count));
+    std::transform(std::make_reverse_iterator(times + count), std::make_reverse_iterator(times),
+                   result.begin(), [](VxTime time) { return ~time; });
+    return result;
+}
+
+// True when every key moves in the direction in which the list runs, and no two want one time: none
+// can then meet another moved key.
+bool runAhead(const VxTime *times, const VxKeyMoves &moves, bool descending)
+{
+    bool ahead = true;
+    for (int k = 0; k < moves.count; ++k) {
+        const VxTime own = times[moves.source[k]];
+        const VxTime time = moves.targets[k];
+        ahead &= descending ? time >= own : time <= own;
+        if (k > 0)
+            ahead &= descending ? time < moves.targets[k - 1] : time > moves.targets[k - 1];
+    }
+    return ahead;
+}
+
+// True when a target is the time of a key that is not moved. The targets rise or fall with the
+// list.
+bool meetUnmoved(const VxTime *times, int count, const VxKeyMoves &moves, bool descending)
+{
+    if (moves.count == count)
+        return false;
+    int reached = 0; // moves whose own key was passed
+    int behind = 0;  // moves whose target was passed
+    for (int i = 0; i < count; ++i) {
+        const int index = descending ? count - 1 - i : i;
+        if (reached < moves.count && moves.source[reached] == index) {
+            ++reached;
+            continue;
+        }
+        const VxTime time = times[index];
+        while (behind < moves.count &&
+               (descending ? moves.targets[behind] > time : moves.targets[behind] < time))
+            ++behind;
+        if (behind < moves.count && moves.targets[behind] == time)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+std::vector<VxTime> planNudgedTimes(const VxTime *times, int count, const VxKeyMoves &moves)
+{
+    std::vector<VxTime> planned(moves.targets, moves.targets + moves.count);
+    const bool descending = moves.count > 1 && moves.source[0] > moves.source[moves.count - 1];
+    if (runAhead(times, moves, descending) && !meetUnmoved(times, count, moves, descending))
+        return planned;
+    TakenTimes taken(descending ? mirrored(times, count)
+                                : std::vector<VxTime>(times, times + count),
+                     moves.count);
+    for (int k = 0; k < moves.count; ++k) {
+        VxTime &time = planned[std::size_t(k)];
+        if (descending)
+            time = ~taken.move(count - 1 - moves.source[k], ~time);
+        else
+            time = taken.move(moves.source[k], time);
+    }
+    return planned;
+}

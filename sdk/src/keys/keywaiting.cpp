@@ -1,0 +1,160 @@
+// The rule of keys that wait beside keys which are not edited.
+
+#include "keys/keycollision.h"
+
+#include "keys/keypasses.h"
+#include "keys/keytrack.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+// Times that are taken: ascending, without the keys that are lifted out (ascending indexes).
+struct TakenTimes
+{
+    const VxTime *times = nullptr;
+    int count = 0;
+    const int *lifted = nullptr;
+    int liftedCount = 0;
+};
+
+// Walks the taken times once, in step with keys that are placed one behind the other.
+class WaitingPlaces
+{
+public:
+    // back: -1 where keys wait at earlier times, 1 at later ones; `farthest` is the target of the
+    // key that is placed first.
+    WaitingPlaces(const TakenTimes &taken, int back, VxTime farthest)
+        : m_taken(taken)
+        , m_back(back)
+    {
+        const VxTime *end = taken.times + taken.count;
+        const int *liftedEnd = taken.lifted + taken.liftedCount;
+        if (back < 0) {
+            m_key = int(std::upper_bound(taken.times, end, farthest) - taken.times) - 1;
+            m_lifted = int(std::upper_bound(taken.lifted, liftedEnd, m_key) - taken.lifted) - 1;
+        } else {
+            m_key = int(std::lower_bound(taken.times, end, farthest) - taken.times);
+            m_lifted = int(std::lower_bound(taken.lifted, liftedEnd, m_key) - taken.lifted);
+        }
+    }
+
+    // The free tick nearest to `wanted` on the way back.
+    qint64 place(qint64 wanted)
+    {
+        while (m_key >= 0 && m_key < m_taken.count) {
+            const qint64 time = m_taken.times[m_key];
+            const qint64 ahead = (wanted - time) * m_back; // above 0: the key is still further on
+            const bool lifted = isLifted();
+            if (!lifted && ahead < 0)
+                break;
+            if (!lifted && ahead == 0)
+                wanted += m_back;
+            m_key += m_back;
+        }
+        return wanted;
+    }
+
+private:
+    // Lifted indexes are walked along with the keys.
+    bool isLifted()
+    {
+        if (m_lifted < 0 || m_lifted >= m_taken.liftedCount || m_taken.lifted[m_lifted] != m_key)
+            return false;
+        m_lifted += m_back;
+        return true;
+    }
+
+    const TakenTimes &m_taken;
+    const int m_back;
+    int m_key = 0;
+    int m_lifted = 0;
+};
+
+// Keys that wait in one direction, by their positions in the list: the key farthest from its origin
+// side first, so that none meets one that has yet to be placed.
+bool placeGroup(const TakenTimes &taken, const VxTime *targets, const std::vector<int> &group,
+                int back, std::vector<VxTime> *planned)
+{
+    if (group.empty())
+        return true;
+    WaitingPlaces places(taken, back, targets[group.front()]);
+    qint64 beside = targets[group.front()];
+    for (const int k : group) {
+        const qint64 wanted =
+            back < 0 ? std::min<qint64>(targets[k], beside) : std::max<qint64>(targets[k], beside);
+        const qint64 time = places.place(wanted);
+        if (time < VxTimeMin || time > VxTimeMax)
+            return false;
+        (*planned)[std::size_t(k)] = VxTime(time);
+        beside = time + back;
+    }
+    return true;
+}
+
+// Keys that stay, and keys that were placed: ascending.
+std::vector<VxTime> takenBy(const TakenTimes &taken, const std::vector<int> &group,
+                            const std::vector<VxTime> &planned)
+{
+    std::vector<VxTime> times;
+    times.reserve(std::size_t(taken.count));
+    for (int i = 0, next = 0; i < taken.count; ++i) {
+        if (next < taken.liftedCount && taken.lifted[next] == i)
+            ++next;
+        else
+            times.push_back(taken.times[i]);
+    }
+    const auto middle = std::ptrdiff_t(times.size());
+    for (const int k : group)
+        times.push_back(planned[std::size_t(k)]);
+    std::sort(times.begin() + middle, times.end());
+    std::inplace_merge(times.begin(), times.begin() + middle, times.end());
+    return times;
+}
+
+// True when no key can have to wait, because neighbours move and nothing else lies at their
+// targets.
+bool hasNoCollisions(const VxTime *times, int count, const VxKeyMoves &moves)
+{
+    if (!areContiguous(moves.source, moves.count) ||
+        !isStrictlyAscending(moves.targets, moves.count))
+        return false;
+    const int before = moves.source[0] - 1;
+    const int after = moves.source[moves.count - 1] + 1;
+    return (before < 0 || times[before] < moves.targets[0]) &&
+           (after >= count || times[after] > moves.targets[moves.count - 1]);
+}
+
+} // namespace
+
+std::vector<VxTime> planWaitingTimes(const VxTime *times, int count, const VxKeyMoves &moves)
+{
+    std::vector<VxTime> planned(moves.targets, moves.targets + moves.count);
+    if (hasNoCollisions(times, count, moves))
+        return planned;
+    std::vector<int> forward;
+    std::vector<int> backward;
+    for (int k = 0; k < moves.count; ++k) {
+        const VxTime origin = moves.origins ? moves.origins[k] : times[moves.source[k]];
+        (moves.targets[k] < origin ? backward : forward).push_back(k);
+    }
+    const auto byTarget = [&moves](int a, int b) { return moves.targets[a] < moves.targets[b]; };
+    for (std::vector<int> *group : {&forward, &backward}) {
+        if (!std::is_sorted(group->begin(), group->end(), byTarget))
+            std::stable_sort(group->begin(), group->end(), byTarget);
+    }
+    std::reverse(forward.begin(), forward.end());
+
+    const TakenTimes taken{times, count, moves.source, moves.count};
+    if (!placeGroup(taken, moves.targets, forward, -1, &planned))
+        return {};
+    if (backward.empty())
+        return planned;
+    if (forward.empty())
+        return placeGroup(taken, moves.targets, backward, 1, &planned) ? planned
+                                                                       : std::vector<VxTime>();
+    const std::vector<VxTime> both = takenBy(taken, forward, planned);
+    const TakenTimes rest{both.data(), int(both.size()), nullptr, 0};
+    return placeGroup(rest, moves.targets, backward, 1, &planned) ? planned : std::vector<VxTime>();
+}
