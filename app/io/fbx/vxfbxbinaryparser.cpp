@@ -1,0 +1,217 @@
+#include "io/fbx/vxfbxbinaryparser.h"
+
+#include <QCoreApplication>
+#include <QtEndian>
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr char magic[] = "Kaydara FBX Binary  ";
+constexpr qint64 headerSize = 27;
+constexpr qint64 arrayHeadSize = 12;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxFbxBinaryParser", text);
+}
+
+} // namespace
+
+bool VxFbxBinaryParser::accepts(const QByteArray &bytes)
+{
+    return bytes.startsWith(magic);
+}
+
+VxFbxBinaryParser::VxFbxBinaryParser(const QByteArray &bytes, const VxFileProgress &progress)
+    : m_records(bytes, false)
+    , m_progress(progress)
+    , m_bytes(m_records.bytes().constData())
+    , m_size(bytes.size())
+{
+}
+
+bool VxFbxBinaryParser::fail(qint64 offset, const QString &message)
+{
+    m_error = m_records.errorAt(static_cast<qint32>(std::min(offset, m_size)), message);
+    return false;
+}
+
+bool VxFbxBinaryParser::report()
+{
+    const int percent = static_cast<int>(m_at * 100 / std::max<qint64>(1, m_size));
+    if (!m_progress || percent == m_percent)
+        return true;
+    m_percent = percent;
+    m_error.cancelled = !m_progress(percent);
+    return !m_error.cancelled;
+}
+
+bool VxFbxBinaryParser::parse()
+{
+    if (!parseHeader())
+        return false;
+    m_open.push_back({0, m_size});
+    while (!m_open.empty()) {
+        if (!report() || !parseNext())
+            return false;
+    }
+    return true;
+}
+
+bool VxFbxBinaryParser::parseHeader()
+{
+    if (m_size < headerSize)
+        return fail(m_size, tr("The file ends within its header."));
+    if (m_bytes[22] != 0)
+        return fail(22, tr("The byte order of this file is not supported."));
+    m_version = qFromLittleEndian<quint32>(m_bytes + 23);
+    m_wordSize = m_version >= 7500 ? 8 : 4;
+    m_at = headerSize;
+    return true;
+}
+
+quint64 VxFbxBinaryParser::readCount()
+{
+    const char *at = m_bytes + m_at;
+    m_at += m_wordSize;
+    return m_wordSize == 8 ? qFromLittleEndian<quint64>(at) : qFromLittleEndian<quint32>(at);
+}
+
+// Reads one record at the present place, or closes those that end here.
+bool VxFbxBinaryParser::parseNext()
+{
+    const Open open = m_open.back();
+    if (m_at == open.end && m_open.size() > 1) {
+        m_open.pop_back();
+        return true;
+    }
+    const qint64 start = m_at;
+    Head head{};
+    if (!parseHead(&head, open.end))
+        return false;
+    if (head.end != 0)
+        return parseRecord(head, start, open.end);
+    // A null record closes the children of the record around it.
+    if (head.valueCount != 0 || head.valueBytes != 0 || head.nameSize != 0)
+        return fail(start, tr("A record has no end."));
+    if (m_open.size() > 1 && m_at != open.end)
+        return fail(
+            m_at, tr("Bytes are left after the last record of \"%1\".")
+                      .arg(QString::fromUtf8(m_records.name(open.index).data(),
+                                             static_cast<int>(m_records.name(open.index).size()))));
+    m_open.pop_back();
+    return true;
+}
+
+bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
+{
+    if (limit - m_at < 3 * m_wordSize + 1)
+        return fail(limit, limit == m_size ? tr("The file ends within a record.")
+                                           : tr("A record ends before the records inside it."));
+    head->end = readCount();
+    head->valueCount = readCount();
+    head->valueBytes = readCount();
+    head->nameSize = static_cast<quint8>(m_bytes[m_at++]);
+    return true;
+}
+
+bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit)
+{
+    if (head.end > static_cast<quint64>(limit))
+        return fail(start, limit == m_size ? tr("A record ends beyond the end of the file.")
+                                           : tr("A record ends beyond the record around it."));
+    const auto end = static_cast<qint64>(head.end);
+    if (end < m_at + head.nameSize)
+        return fail(start, tr("A record ends before it begins."));
+    const qint64 left = end - m_at - head.nameSize;
+    if (head.valueBytes > static_cast<quint64>(left))
+        return fail(start, tr("The values of a record are larger than the record."));
+    if (head.valueCount > head.valueBytes / 2)
+        return fail(start, tr("A record announces more values than it has bytes for."));
+    if (m_open.size() > VxFbxRecords::MaxDepth)
+        return fail(start,
+                    tr("More than %1 records lie inside each other.").arg(VxFbxRecords::MaxDepth));
+    const VxFbxRecords::Index index = m_records.addRecord(
+        m_open.back().index, static_cast<qint32>(m_at), static_cast<qint32>(head.nameSize));
+    if (index == VxFbxRecords::None)
+        return fail(start, tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
+    m_at += head.nameSize;
+    if (!parseValues(head))
+        return false;
+    if (m_at < end)
+        m_open.push_back({index, end});
+    return true;
+}
+
+bool VxFbxBinaryParser::parseValues(const Head &head)
+{
+    const qint64 limit = m_at + static_cast<qint64>(head.valueBytes);
+    for (quint64 i = 0; i < head.valueCount; ++i) {
+        if (!parseValue(limit))
+            return false;
+    }
+    if (m_at != limit)
+        return fail(m_at, tr("The values of a record are shorter than announced."));
+    return true;
+}
+
+bool VxFbxBinaryParser::parseValue(qint64 limit)
+{
+    const qint64 start = m_at;
+    if (m_at >= limit)
+        return fail(start, tr("A value lies beyond the values of its record."));
+    const char code = m_bytes[m_at++];
+    qint64 size = 0;
+    if (!valueSize(code, limit, &size))
+        return false;
+    if (size > limit - m_at)
+        return fail(start, tr("A value lies beyond the values of its record."));
+    if (!m_records.addValue({code, static_cast<qint32>(m_at), static_cast<qint32>(size)}))
+        return fail(start, tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
+    m_at += size;
+    return true;
+}
+
+// The bytes after the type letter; for strings the count itself is passed over.
+bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
+{
+    switch (code) {
+    case 'C':
+    case 'B':
+    case 'Z':
+        *size = 1;
+        return true;
+    case 'Y':
+        *size = 2;
+        return true;
+    case 'I':
+    case 'F':
+        *size = 4;
+        return true;
+    case 'L':
+    case 'D':
+        *size = 8;
+        return true;
+    case 'S':
+    case 'R':
+        if (limit - m_at < 4)
+            return fail(m_at, tr("A value lies beyond the values of its record."));
+        *size = qFromLittleEndian<quint32>(m_bytes + m_at);
+        m_at += 4;
+        return true;
+    case 'f':
+    case 'd':
+    case 'i':
+    case 'l':
+    case 'b':
+    case 'c':
+        if (limit - m_at < arrayHeadSize)
+            return fail(m_at, tr("A value lies beyond the values of its record."));
+        *size = arrayHeadSize + qFromLittleEndian<quint32>(m_bytes + m_at + 8);
+        return true;
+    default:
+        return fail(m_at - 1, tr("A value has the unknown type %1.")
+                                  .arg(static_cast<int>(static_cast<quint8>(code))));
+    }
+}

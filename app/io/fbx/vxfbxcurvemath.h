@@ -1,0 +1,51 @@
+#ifndef VXIO_VXFBXCURVEMATH_H
+#define VXIO_VXFBXCURVEMATH_H
+
+#include "io/motion/vximportedmotion.h"
+
+#include <functional>
+
+/// Value and slope of a curve at a time, both from one side: where a step or a corner is, the two
+/// sides differ.
+struct VxCurveSample
+{
+    double value = 0.0;
+    double slope = 0.0; ///< per second
+};
+enum class VxCurveSide { Left, Right };
+
+/// The end values hold outside of the keys. The curve has keys, none of a Tcb segment.
+VxCurveSample vxSampleCurve(const VxMotionCurve &curve, double time, VxCurveSide side);
+
+/// Replaces every value by factor * value + offset.
+void vxScaleCurve(VxMotionCurve *curve, double factor, double offset = 0.0);
+
+/// offset + the sum of factor * curve.
+struct VxCurveSum
+{
+    struct Term
+    {
+        double factor;
+        const VxMotionCurve *curve; ///< borrowed
+    };
+    double offset = 0.0;
+    std::vector<Term> terms;
+
+    /// The sum as one curve; empty when there are no terms. With one term the keys stay as they
+    /// are. With several there is a key wherever one of them has one, and the segments are exact
+    /// unless handles are weighted: these become cubic segments within `tolerance` of the true
+    /// value, with more keys where needed.
+    VxMotionCurve toCurve(double tolerance) const;
+};
+
+/// A function of time, sampled into keys: cubic segments between the times in `breaks` (ascending),
+/// halved until they differ from the function by at most `tolerance`. Between breaks the function
+/// is smooth; at breaks its sides may differ. maxKeys: no further halving beyond so many.
+VxMotionCurve vxSampledCurve(const std::vector<double> &breaks,
+                             const std::function<double(double, VxCurveSide)> &function,
+                             double tolerance, std::size_t maxKeys);
+
+/// The union of the curves' key times.
+std::vector<double> vxKeyTimes(const std::vector<const VxMotionCurve *> &curves);
+
+#endif

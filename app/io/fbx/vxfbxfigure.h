@@ -1,0 +1,83 @@
+#ifndef VXIO_VXFBXFIGURE_H
+#define VXIO_VXFBXFIGURE_H
+
+#include "io/fbx/vxfbxblend.h"
+#include "io/fbx/vxfbxrotation.h"
+
+/// What one animation does to a node: its own values, before pivots and the like.
+struct VxFbxModelTracks
+{
+    VxFbxTrack translation;
+    VxFbxTrack rotation;
+    VxFbxTrack scale;
+};
+/// One animation: tracks of every model, in their order.
+using VxFbxClipTracks = std::vector<VxFbxModelTracks>;
+
+/// Turns the nodes of an FBX file into nodes that have a translation, an orientation, a rotation
+/// and a scale, and their tracks into channels, without a change of any key's time.
+///
+/// Most nodes become one node. A node gets helper nodes below it where its curves could not be kept
+/// otherwise: for pivots about which it moves, for a rotation behind its own, and for a scale that
+/// its children do not inherit as a plain product.
+class VxFbxFigure
+{
+public:
+    /// Both are borrowed; every clip has tracks for every model.
+    VxFbxFigure(const std::vector<VxFbxModel> &models, std::vector<VxFbxClipTracks> *clips);
+
+    /// Appends the nodes to a motion that has none. False when there are too many.
+    bool addNodes(VxImportedMotion *motion);
+    /// Appends the channels of a clip. To be called once a clip, which loses its tracks.
+    void addChannels(std::size_t clip, VxMotionClip *out);
+
+    /// The node of a model's translation and rotation, in the motion.
+    int nodeOf(std::size_t model) const { return m_plans[model].node; }
+    /// Models with helper nodes for pivots or rotations, and for scales.
+    int pivotCount() const { return m_pivotCount; }
+    int scaleCount() const { return m_scaleCount; }
+
+private:
+    using Vector = VxFbxModel::Vector;
+
+    struct Plan
+    {
+        bool movesRotation = false; // has other values than at rest
+        bool movesScale = false;
+        bool scaleIsOne = false;
+        bool scaleIsUniform = false;  // including what it inherits
+        bool isApart = false;         // takes no plain product of its parent's scale
+        bool keepsScaleApart = false; // a child is apart
+        bool hasForm = false;
+        VxFbxRotationForm form;
+        Vector origin{}; // added to the translation
+        VxEuler fixed{}; // angles where the rotation does not move
+        int node = -1;
+        int scaleNode = -1;
+        int inner = -1; // children that are apart are below this one
+        int last = -1;  // the others below this one
+    };
+
+    void studyTracks(std::size_t model);
+    bool isUniform(std::size_t model) const;
+    void findApart(std::size_t model);
+    Vector restTranslation(std::size_t model) const;
+    VxMotionNode mainNode(std::size_t model, const VxRotation &pre, const VxRotation &post);
+    bool addModel(std::size_t model, VxImportedMotion *motion);
+    void addHelpers(std::size_t model, const Vector &offset, const VxRotation &post,
+                    VxImportedMotion *motion);
+    void addRotation(std::size_t model, VxFbxTrack *track, VxMotionClip *out) const;
+    void addChannel(int node, VxMotionTarget target, VxFbxChannel *channel, double rest,
+                    VxMotionClip *out) const;
+    void scaleTracks(VxFbxClipTracks *tracks) const;
+
+    const std::vector<VxFbxModel> &m_models;
+    std::vector<VxFbxClipTracks> &m_clips;
+    std::vector<Plan> m_plans;
+    std::vector<Vector> m_restScales;  // with what is inherited where apart
+    std::vector<Vector> m_restFactors; // what is inherited
+    int m_pivotCount = 0;
+    int m_scaleCount = 0;
+};
+
+#endif

@@ -1,0 +1,96 @@
+#include "io/fbx/vxfbxreader.h"
+
+#include "io/fbx/vxfbxaxes.h"
+#include "io/fbx/vxfbxbinaryparser.h"
+#include "io/fbx/vxfbxscene.h"
+#include "io/fbx/vxfbxtextparser.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 firstVersion = 7000;
+constexpr qint64 lastVersion = 7999;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxFbxReader", text);
+}
+
+QString versionText(qint64 version)
+{
+    return QStringLiteral("%1.%2").arg(version / 1000).arg(version % 1000 / 100);
+}
+
+bool checkVersion(const VxFbxRecords &records, qint64 version, qint32 offset, VxFileError *error)
+{
+    if (version >= firstVersion && version <= lastVersion)
+        return true;
+    *error = records.errorAt(
+        offset,
+        tr("FBX version %1 is not supported. Supported: 7.0 to 7.9.").arg(versionText(version)));
+    return false;
+}
+
+bool parseBinary(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRecords *records,
+                 qint64 *version, VxFileError *error)
+{
+    constexpr qint32 versionOffset = 23;
+    VxFbxBinaryParser parser(bytes, progress);
+    const bool isParsed = parser.parse();
+    *version = parser.version();
+    if (*version != 0 && !checkVersion(parser.records(), *version, versionOffset, error))
+        return false;
+    *error = parser.error();
+    *records = parser.records();
+    return isParsed;
+}
+
+bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRecords *records,
+               qint64 *version, VxFileError *error)
+{
+    VxFbxTextParser parser(bytes, progress);
+    const bool isParsed = parser.parse();
+    const VxFbxRecords &parsed = parser.records();
+    const auto record = parsed.find({"FBXHeaderExtension", "FBXVersion"});
+    // The version is in the first record; one that is not there may be in a damaged part.
+    if (parsed.integer(parsed.value(record, 0), version)) {
+        if (!checkVersion(parsed, *version, parsed.offset(record), error))
+            return false;
+    } else if (isParsed) {
+        *error = parsed.errorAt(0, tr("This is not an FBX file: it has no version."));
+        return false;
+    }
+    *error = parser.error();
+    *records = parsed;
+    return isParsed;
+}
+
+} // namespace
+
+bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress, VxImportedMotion *motion,
+               VxFileError *error)
+{
+    const bool isBinary = VxFbxBinaryParser::accepts(bytes);
+    const auto parse = isBinary ? parseBinary : parseText;
+    VxFbxRecords records;
+    qint64 version = 0;
+    if (!parse(bytes, partOfProgress(progress, 0, 50), &records, &version, error))
+        return false;
+    VxImportedMotion result;
+    result.facts.format = isBinary ? tr("FBX %1 (binary)").arg(versionText(version))
+                                   : tr("FBX %1 (text)").arg(versionText(version));
+    VxFbxScene scene(records, version);
+    if (!scene.read(partOfProgress(progress, 50, 95), &result, error))
+        return false;
+    if (vxFbxConvertAxes(scene.settings().axes, &result))
+        result.facts.notes.append(tr("The file's axes were exchanged: Y is up now."));
+    QString message;
+    if (!result.isValid(&message)) {
+        *error = records.errorAt(0, message);
+        return false;
+    }
+    *motion = std::move(result);
+    return !progress || progress(100) || (error->cancelled = true, false);
+}

@@ -1,0 +1,209 @@
+#include "io/fbx/vxfbxrecords.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+QString withoutEntities(QString text)
+{
+    if (!text.contains(u'&'))
+        return text;
+    text.replace(QLatin1String("&quot;"), QLatin1String("\""));
+    text.replace(QLatin1String("&cr;"), QLatin1String("\r"));
+    return text.replace(QLatin1String("&lf;"), QLatin1String("\n"));
+}
+
+} // namespace
+
+bool VxFbxValue::isArray() const
+{
+    return std::string_view("fdilbcA").find(code) != std::string_view::npos;
+}
+
+bool vxFbxTextNumber(std::string_view token, double *out)
+{
+    if (!token.empty() && token.front() == '+')
+        token.remove_prefix(1);
+    const char *end = token.data() + token.size();
+    const std::from_chars_result result = std::from_chars(token.data(), end, *out);
+    const auto rest = std::string_view(result.ptr, static_cast<std::size_t>(end - result.ptr));
+    if (result.ptr == token.data())
+        return false;
+    if (rest.empty()) {
+        if (result.ec == std::errc::result_out_of_range) {
+            // Too small is zero; too large has a positive exponent or many digits.
+            const bool tiny = token.find("e-") != std::string_view::npos ||
+                              token.find("E-") != std::string_view::npos;
+            *out = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        }
+        return true;
+    }
+    const double limit = std::numeric_limits<double>::infinity();
+    if (rest.substr(0, 4) == "#INF")
+        *out = token.front() == '-' ? -limit : limit;
+    else if (rest.front() == '#')
+        *out = std::numeric_limits<double>::quiet_NaN();
+    else
+        return std::isnan(*out) && rest.front() == '('; // "nan(ind)" and its like
+    return true;
+}
+
+VxFbxRecords::VxFbxRecords(const QByteArray &bytes, bool isText)
+    : m_bytes(bytes)
+    , m_isText(isText)
+    , m_records{{0, 0, None, None, None, 0, 0}}
+{
+}
+
+VxFbxRecords::Index VxFbxRecords::addRecord(Index parent, qint32 nameOffset, qint32 nameSize)
+{
+    if (m_records.size() >= MaxRecords)
+        return None;
+    const auto index = static_cast<Index>(m_records.size());
+    const auto firstValue = static_cast<Index>(m_values.size());
+    m_records.push_back({nameOffset, nameSize, None, None, None, firstValue, 0});
+    Record &owner = m_records[parent];
+    if (owner.lastChild == None)
+        owner.firstChild = index;
+    else
+        m_records[owner.lastChild].nextSibling = index;
+    owner.lastChild = index;
+    return index;
+}
+
+bool VxFbxRecords::addValue(const VxFbxValue &value)
+{
+    if (m_values.size() >= MaxValues)
+        return false;
+    m_values.push_back(value);
+    ++m_records.back().valueCount;
+    return true;
+}
+
+VxFbxRecords::Index VxFbxRecords::child(Index record, std::string_view wanted) const
+{
+    if (record == None)
+        return None;
+    Index at = firstChild(record);
+    while (at != None && name(at) != wanted)
+        at = nextSibling(at);
+    return at;
+}
+
+VxFbxRecords::Index VxFbxRecords::find(std::initializer_list<std::string_view> path) const
+{
+    Index at = m_records.empty() ? None : 0;
+    for (const std::string_view part : path)
+        at = child(at, part);
+    return at;
+}
+
+std::string_view VxFbxRecords::name(Index record) const
+{
+    const Record &it = m_records[record];
+    return {m_bytes.constData() + it.name, static_cast<std::size_t>(it.nameSize)};
+}
+
+const VxFbxValue *VxFbxRecords::value(Index record, int index) const
+{
+    if (record == None || index < 0 || index >= valueCount(record))
+        return nullptr;
+    return &m_values[m_records[record].firstValue + static_cast<Index>(index)];
+}
+
+std::string_view VxFbxRecords::characters(const VxFbxValue *value) const
+{
+    if (!value || (value->code != VxFbxValue::String && value->code != VxFbxValue::Word))
+        return {};
+    return {m_bytes.constData() + value->offset, static_cast<std::size_t>(value->size)};
+}
+
+QString VxFbxRecords::text(const VxFbxValue *value) const
+{
+    const std::string_view bytes = characters(value);
+    const QString text = QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
+    return m_isText ? withoutEntities(text) : text;
+}
+
+// One number in both forms; whole numbers keep all their 64 bits.
+bool VxFbxRecords::scalar(const VxFbxValue &value, qint64 *whole, double *real, bool *isWhole) const
+{
+    const char *at = m_bytes.constData() + value.offset;
+    *isWhole = true;
+    switch (value.code) {
+    case 'C':
+    case 'B':
+    case 'Z':
+        *whole = static_cast<quint8>(*at);
+        break;
+    case 'Y':
+        *whole = qFromLittleEndian<qint16>(at);
+        break;
+    case 'I':
+        *whole = qFromLittleEndian<qint32>(at);
+        break;
+    case 'L':
+        *whole = qFromLittleEndian<qint64>(at);
+        break;
+    case 'F':
+        *isWhole = false;
+        *real = static_cast<double>(qFromLittleEndian<float>(at));
+        return true;
+    case 'D':
+        *isWhole = false;
+        *real = qFromLittleEndian<double>(at);
+        return true;
+    case VxFbxValue::Number: {
+        const std::from_chars_result result = std::from_chars(at, at + value.size, *whole);
+        if (result.ec == std::errc() && result.ptr == at + value.size)
+            break;
+        *isWhole = false;
+        return vxFbxTextNumber({at, static_cast<std::size_t>(value.size)}, real);
+    }
+    default:
+        return false;
+    }
+    *real = static_cast<double>(*whole);
+    return true;
+}
+
+bool VxFbxRecords::number(const VxFbxValue *value, double *out) const
+{
+    qint64 whole = 0;
+    bool isWhole = false;
+    return value && scalar(*value, &whole, out, &isWhole);
+}
+
+bool VxFbxRecords::integer(const VxFbxValue *value, qint64 *out) const
+{
+    double real = 0.0;
+    bool isWhole = false;
+    if (!value || !scalar(*value, out, &real, &isWhole))
+        return false;
+    if (isWhole)
+        return true;
+    if (!(std::abs(real) < 9.0e18) || std::floor(real) != real)
+        return false;
+    *out = static_cast<qint64>(real);
+    return true;
+}
+
+VxFileError VxFbxRecords::errorAt(qint32 offset, const QString &message) const
+{
+    VxFileError error;
+    error.message = message;
+    if (!m_isText) {
+        error.offset = offset;
+        return error;
+    }
+    const char *end = m_bytes.constData() + m_bytes.size();
+    const char *place = m_bytes.constData() + std::min(offset, m_bytes.size());
+    error.line = 1;
+    for (const char *at = m_bytes.constData(); at < place; ++at)
+        error.line += *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
+    return error;
+}

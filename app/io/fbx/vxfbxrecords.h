@@ -1,0 +1,109 @@
+#ifndef VXIO_VXFBXRECORDS_H
+#define VXIO_VXFBXRECORDS_H
+
+#include "io/vxfileerror.h"
+
+#include <QByteArray>
+#include <string_view>
+#include <vector>
+
+/// One value of a record: where its bytes are, not what they say. Values are decoded when somebody
+/// asks for them, so that meshes and pictures cost nothing.
+struct VxFbxValue
+{
+    /// What the bytes are. Binary files use their own type letters (C B Z Y I L F D S R, and
+    /// f d i l b c for arrays); of text files these are left.
+    enum Text : char {
+        String = 'S', ///< between the quotation marks, or a binary string
+        Number = 'N',
+        Word = 'W',      ///< letters without quotation marks
+        NumberList = 'A' ///< from after the '*' of "*N { a: ... " to before the closing brace
+    };
+
+    char code = Word;
+    qint32 offset = 0; ///< of the first byte, after the type letter
+    qint32 size = 0;   ///< bytes; for a binary array with its head of twelve bytes
+
+    bool isArray() const;
+};
+
+/// The records of an FBX document, binary or text, as a tree over the file's bytes.
+///
+/// Record 0 is the document itself; its children are the sections. Children keep the file's
+/// order. A name or a value is a piece of the bytes, which the tree keeps alive.
+class VxFbxRecords
+{
+public:
+    using Index = quint32;
+    static constexpr Index None = 0xFFFFFFFFu;
+
+    static constexpr int MaxDepth = 64;                  ///< records inside each other
+    static constexpr Index MaxRecords = 4 * 1000 * 1000; ///< of a file
+    static constexpr Index MaxValues = 8 * 1000 * 1000;  ///< of a file, an array counts once
+
+    VxFbxRecords() = default;
+    VxFbxRecords(const QByteArray &bytes, bool isText);
+
+    const QByteArray &bytes() const { return m_bytes; }
+    bool isText() const { return m_isText; }
+
+    // Building; for the parsers.
+
+    /// Adds a record as the last child. None when there are too many records.
+    Index addRecord(Index parent, qint32 nameOffset, qint32 nameSize);
+    /// Adds a value to the record added last. False when there are too many values.
+    bool addValue(const VxFbxValue &value);
+
+    // Reading. The names given must be exact; FBX has regard to case.
+
+    Index firstChild(Index record) const { return m_records[record].firstChild; }
+    /// The next child of the same parent, or None.
+    Index nextSibling(Index record) const { return m_records[record].nextSibling; }
+    /// The first child of that name, or None. `record` may be None.
+    Index child(Index record, std::string_view name) const;
+    /// The record below the document at the end of a path such as {"Documents", "Document"}.
+    Index find(std::initializer_list<std::string_view> path) const;
+    std::string_view name(Index record) const;
+    /// The offset of the record's name in the file.
+    qint32 offset(Index record) const { return m_records[record].name; }
+
+    int valueCount(Index record) const { return static_cast<int>(m_records[record].valueCount); }
+    /// Null when there is no such value or the record is None.
+    const VxFbxValue *value(Index record, int index) const;
+    /// The bytes of a string or word; empty for anything else.
+    std::string_view characters(const VxFbxValue *value) const;
+    /// A string for the user: UTF-8, the entities of text files replaced.
+    QString text(const VxFbxValue *value) const;
+    /// A number of any type, a bool as 0 or 1; false when it is none. May be NaN or infinite.
+    bool number(const VxFbxValue *value, double *out) const;
+    /// A whole number; false also for a fraction or one that does not fit.
+    bool integer(const VxFbxValue *value, qint64 *out) const;
+
+    /// An error at a place of the file: byte offset of a binary file, line of a text file.
+    VxFileError errorAt(qint32 offset, const QString &message) const;
+
+private:
+    struct Record
+    {
+        qint32 name;
+        qint32 nameSize;
+        Index firstChild;
+        Index lastChild;
+        Index nextSibling;
+        Index firstValue;
+        Index valueCount;
+    };
+
+    bool scalar(const VxFbxValue &value, qint64 *whole, double *real, bool *isWhole) const;
+
+    QByteArray m_bytes;
+    bool m_isText = false;
+    std::vector<Record> m_records;
+    std::vector<VxFbxValue> m_values;
+};
+
+/// Reads a number of a text file: decimal, or one of the spellings of infinity and not-a-number
+/// ("1.#INF", "-1.#IND", "inf", "nan(ind)"). False when it is none.
+bool vxFbxTextNumber(std::string_view token, double *out);
+
+#endif

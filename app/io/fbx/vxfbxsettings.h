@@ -1,0 +1,35 @@
+#ifndef VXIO_VXFBXSETTINGS_H
+#define VXIO_VXFBXSETTINGS_H
+
+#include "io/fbx/vxfbxrecords.h"
+
+#include <array>
+
+/// What an FBX document says about all of its objects.
+struct VxFbxSettings
+{
+    /// An axis of the scene, as the file's own axis and the sign with which it counts.
+    struct Axis
+    {
+        int axis; ///< 0 X, 1 Y, 2 Z
+        int sign; ///< 1 or -1
+
+        bool operator==(const Axis &o) const { return axis == o.axis && sign == o.sign; }
+    };
+
+    /// The program that saved the file last, else the one that made it; may be empty.
+    QString writer;
+    double ticksPerSecond = 46186158000.0; ///< of key times
+    double rate = 30.0;                    ///< frames per second
+    /// The file's axes that point to the right, up, and to the front.
+    std::array<Axis, 3> axes{{{0, 1}, {1, 1}, {2, 1}}};
+    double metresPerUnit = 0.01;
+    qint64 spanStart = 0; ///< ticks; the scene's time span, equal to the end when there is none
+    qint64 spanEnd = 0;
+};
+
+/// Reads the settings of a document. What is missing or senseless gets the format's default, the
+/// latter with a sentence in `notes`.
+VxFbxSettings vxFbxReadSettings(const VxFbxRecords &records, QStringList *notes);
+
+#endif

@@ -1,0 +1,179 @@
+#include "io/fbx/vxfbxtextparser.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+bool isSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+bool isWordByte(char c)
+{
+    return static_cast<unsigned char>(c) > ' ' && !std::strchr(",{}\";:", c) && c != '\x7F';
+}
+
+bool beginsNumber(const char *at, const char *end)
+{
+    if (end - at > 1 && (*at == '-' || *at == '+'))
+        ++at;
+    return (*at >= '0' && *at <= '9') || *at == '.' ||
+           (end - at >= 3 && (std::equal(at, at + 3, "inf") || std::equal(at, at + 3, "nan")));
+}
+
+const char *find(const char *from, const char *end, char wanted)
+{
+    const void *found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));
+    return found ? static_cast<const char *>(found) : end;
+}
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxFbxTextParser", text);
+}
+
+} // namespace
+
+VxFbxTextParser::VxFbxTextParser(const QByteArray &bytes, const VxFileProgress &progress)
+    : m_records(bytes, true)
+    , m_progress(progress)
+    , m_begin(m_records.bytes().constData())
+    , m_at(m_begin)
+    , m_end(m_begin + bytes.size())
+{
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        m_at += 3;
+}
+
+bool VxFbxTextParser::fail(const char *place, const QString &message)
+{
+    m_error = m_records.errorAt(static_cast<qint32>(place - m_begin), message);
+    return false;
+}
+
+bool VxFbxTextParser::report()
+{
+    const int percent =
+        static_cast<int>((m_at - m_begin) * 100 / std::max<qint64>(1, m_end - m_begin));
+    if (!m_progress || percent == m_percent)
+        return true;
+    m_percent = percent;
+    m_error.cancelled = !m_progress(percent);
+    return !m_error.cancelled;
+}
+
+void VxFbxTextParser::skipBlanks()
+{
+    while (m_at < m_end) {
+        if (*m_at == ';')
+            m_at = std::find_if(m_at, m_end, [](char c) { return c == '\n' || c == '\r'; });
+        else if (isSpace(*m_at))
+            ++m_at;
+        else
+            return;
+    }
+}
+
+bool VxFbxTextParser::parse()
+{
+    for (skipBlanks(); m_at < m_end; skipBlanks()) {
+        if (!report() || !parseNext())
+            return false;
+    }
+    if (m_open.size() == 1)
+        return true;
+    const std::string_view name = m_records.name(m_open.back());
+    return fail(m_end, tr("The file ends inside the record \"%1\".")
+                           .arg(QString::fromUtf8(name.data(), static_cast<int>(name.size()))));
+}
+
+bool VxFbxTextParser::parseNext()
+{
+    const char *start = m_at;
+    switch (*m_at) {
+    case '{':
+        if (m_last == VxFbxRecords::None)
+            return fail(start, tr("A brace opens without a record before it."));
+        if (m_open.size() > VxFbxRecords::MaxDepth)
+            return fail(
+                start,
+                tr("More than %1 records lie inside each other.").arg(VxFbxRecords::MaxDepth));
+        m_open.push_back(m_last);
+        m_last = VxFbxRecords::None;
+        ++m_at;
+        return true;
+    case '}':
+        return closeRecord();
+    case ',':
+        ++m_at;
+        return m_last != VxFbxRecords::None || fail(start, tr("A comma has no value before it."));
+    case '"':
+        return parseString();
+    case '*':
+        return parseArray(start);
+    default:
+        break;
+    }
+    while (m_at < m_end && isWordByte(*m_at))
+        ++m_at;
+    if (m_at < m_end && *m_at == ':' && m_at > start)
+        return openRecord(start, m_at++ - start);
+    if (m_at == start)
+        return fail(start, tr("This is not the text of an FBX file."));
+    return addValue(beginsNumber(start, m_at) ? VxFbxValue::Number : VxFbxValue::Word, start, m_at);
+}
+
+bool VxFbxTextParser::openRecord(const char *name, qint64 size)
+{
+    m_last = m_records.addRecord(m_open.back(), static_cast<qint32>(name - m_begin),
+                                 static_cast<qint32>(size));
+    return m_last != VxFbxRecords::None ||
+           fail(name, tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
+}
+
+bool VxFbxTextParser::closeRecord()
+{
+    if (m_open.size() == 1)
+        return fail(m_at, tr("A brace closes without a record to close."));
+    m_open.pop_back();
+    m_last = VxFbxRecords::None;
+    ++m_at;
+    return true;
+}
+
+bool VxFbxTextParser::parseString()
+{
+    const char *from = m_at + 1;
+    const char *to = find(from, m_end, '"');
+    if (to == m_end)
+        return fail(m_at, tr("A string has no end."));
+    m_at = to + 1;
+    return addValue(VxFbxValue::String, from, to);
+}
+
+// "*3 { a: 1,2,3 }", from the star to the brace.
+bool VxFbxTextParser::parseArray(const char *star)
+{
+    const char *open = star + 1;
+    while (open < m_end && (isSpace(*open) || (*open >= '0' && *open <= '9')))
+        ++open;
+    if (open == m_end || *open != '{')
+        return fail(star, tr("An array has no brace after its size."));
+    const char *close = find(open, m_end, '}');
+    if (close == m_end)
+        return fail(star, tr("An array has no end."));
+    m_at = close + 1;
+    return addValue(VxFbxValue::NumberList, star + 1, close);
+}
+
+bool VxFbxTextParser::addValue(char code, const char *from, const char *to)
+{
+    if (m_last == VxFbxRecords::None)
+        return fail(from, tr("A value has no record before it."));
+    return m_records.addValue(
+               {code, static_cast<qint32>(from - m_begin), static_cast<qint32>(to - from)}) ||
+           fail(from, tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
+}
