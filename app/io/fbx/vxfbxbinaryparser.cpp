@@ -63,8 +63,10 @@ bool VxFbxBinaryParser::parseHeader()
 {
     if (m_size < headerSize)
         return fail(m_size, tr("The file ends within its header."));
-    if (m_bytes[22] != 0)
-        return fail(22, tr("The byte order of this file is not supported."));
+    if (m_bytes[20] != 0 || m_bytes[21] != 0x1A || (m_bytes[22] != 0 && m_bytes[22] != 1))
+        return fail(20, tr("The header is damaged."));
+    if (m_bytes[22] == 1)
+        return fail(22, tr("Numbers with their highest byte first are not supported."));
     m_version = qFromLittleEndian<quint32>(m_bytes + 23);
     m_wordSize = m_version >= 7500 ? 8 : 4;
     m_at = headerSize;
