@@ -27,6 +27,7 @@ set(CPACK_COMPONENT_VXSTUDIO_DEPENDS libvxcore4)
 
 set(CPACK_DEBIAN_LIBVXCORE4_PACKAGE_NAME libvxcore4)
 set(CPACK_DEBIAN_LIBVXCORE4_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_LIBVXCORE4_PACKAGE_CONTROL_EXTRA "${CMAKE_SOURCE_DIR}/cmake/debian/triggers")
 set(CPACK_COMPONENT_LIBVXCORE4_DESCRIPTION "host library of VxStudio and its plug-ins
 Scene, keys, undo, panes, actions and scripts for plug-ins of VxStudio.")
 

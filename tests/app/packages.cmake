@@ -23,7 +23,7 @@ file(WRITE "${root}/var/lib/dpkg/status" "")
 set(dpkg dpkg --root=${root} --force-depends --force-not-root --force-script-chrootless)
 run(${dpkg} --install ${packages})
 
-file(GLOB_RECURSE library "${root}/usr/lib/*/libvxcore.so.4")
+file(GLOB library "${root}/usr/lib/libvxcore.so.4" "${root}/usr/lib/*/libvxcore.so.4")
 get_filename_component(libraries "${library}" DIRECTORY)
 set(ENV{LD_LIBRARY_PATH} "${libraries}")
 run("${root}/usr/bin/vxstudio" --version)
