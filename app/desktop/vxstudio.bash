@@ -14,7 +14,7 @@ _vxstudio()
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(vxstudio --help 2>/dev/null |
-            grep -oE '^ +(-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+')" -- "$cur"))
+            grep -oE '^  (-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+')" -- "$cur"))
         return
     fi
     _filedir '@(vxscene|bvh)'
