@@ -1,0 +1,42 @@
+#ifndef VXCORE_VXMIRRORNAMES_H
+#define VXCORE_VXMIRRORNAMES_H
+
+#include <QtCore/QPair>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+#include <vxcore/vxcoreglobal.h>
+
+/// Pairs of names of the left and the right side, such as LeftFoot and RightFoot.
+///
+/// A pair has two patterns with one star each, which is the part that both names share: Left* and
+/// Right*, *_L and *_R. A pattern fits only whole words: the text of a prefix that ends in a small
+/// letter is not followed by another one ("Left*" fits LeftFoot, not Leftover; "l*" fits lFoot, not
+/// leg), the capital that begins a suffix does not follow a capital. A name space in front of the
+/// last colon is not touched.
+class VXCORE_EXPORT VxMirrorNames
+{
+public:
+    using Pair = QPair<QString, QString>;
+
+    /// The pairs in use everywhere: Left and Right (also left and right) at the beginning and at
+    /// the end, L_ _L .L and l, each with its counterpart.
+    static QVector<Pair> defaultPairs();
+
+    explicit VxMirrorNames(const QVector<Pair> &pairs = defaultPairs());
+
+    /// The name of the other side; empty for a name that belongs to none. The first pair that fits
+    /// counts.
+    QString mirrored(const QString &name) const;
+
+    QVector<Pair> getPairs() const;
+
+    /// For a person to edit: "Left*/Right*, *_L/*_R". Reading gives no pairs, and the part that was
+    /// not understood in `error`, unless each part has two different patterns with one star each.
+    QString toText() const;
+    static QVector<Pair> pairsFromText(const QString &text, QString *error = nullptr);
+
+private:
+    QVector<Pair> m_pairs;
+};
+
+#endif
