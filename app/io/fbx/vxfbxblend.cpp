@@ -8,8 +8,6 @@ namespace {
 
 constexpr double degreeTolerance = 0.01;
 constexpr double relativeTolerance = 1e-4;
-// Sampled keys of one animation; beyond it no segment is halved any more.
-constexpr std::size_t maxSampledKeys = 300 * 1000;
 
 // Keeps the sign, as scales below 0 mirror.
 double power(double base, double exponent)
@@ -129,7 +127,7 @@ VxFbxChannel vxFbxProduct(const VxFbxChannel &a, const VxFbxChannel &b)
     const auto product = [&](double time, VxCurveSide side) {
         return sampleChannel(a, time, side) * sampleChannel(b, time, side);
     };
-    return {0.0, vxSampledCurve(times, product, tolerance, 2 * times.size() + 10000)};
+    return {0.0, vxSampledCurve(times, product, tolerance)};
 }
 
 VxFbxBlend::VxFbxBlend(const VxFbxStack &stack, const VxFbxObjects &objects, VxFbxCurves &curves)
@@ -317,8 +315,6 @@ void VxFbxBlend::sampleInto(const VxFbxTarget &target, const Vector &rest,
         const auto function = [&](double time, VxCurveSide side) {
             return sample(target, rest, order, time, side)[axis];
         };
-        const std::size_t room = maxSampledKeys - std::min(maxSampledKeys, m_sampledKeys);
-        (*track)[axis].curve = vxSampledCurve(times, function, tolerance, times.size() + room);
-        m_sampledKeys += (*track)[axis].curve.times.size();
+        (*track)[axis].curve = vxSampledCurve(times, function, tolerance);
     }
 }

@@ -75,7 +75,6 @@ private:
     std::vector<VxMotionCurve> m_weights; // one a layer
     std::vector<Part> m_parts;            // of the target being read
     qint64 m_keyCount = 0;
-    std::size_t m_sampledKeys = 0;
     int m_sampledCount = 0;
     int m_extrapolatedCount = 0;
 };

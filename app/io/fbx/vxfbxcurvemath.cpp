@@ -209,8 +209,9 @@ std::vector<double> vxKeyTimes(const std::vector<const VxMotionCurve *> &curves)
 }
 
 VxMotionCurve vxSampledCurve(const std::vector<double> &breaks, const Function &function,
-                             double tolerance, std::size_t maxKeys)
+                             double tolerance)
 {
+    const std::size_t maxKeys = 5 * breaks.size() + 200;
     CurveWriter writer;
     std::vector<double> open; // ends of the pieces to the right of the present one
     for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
@@ -263,8 +264,7 @@ VxMotionCurve VxCurveSum::toCurve(double tolerance) const
     };
     if (hasWeights)
         return vxSampledCurve(
-            times, [&sum](double t, VxCurveSide side) { return sum(t, side).value; }, tolerance,
-            4 * times.size() + 100000);
+            times, [&sum](double t, VxCurveSide side) { return sum(t, side).value; }, tolerance);
     CurveWriter writer;
     for (std::size_t i = 0; i + 1 < times.size(); ++i) {
         Piece piece{times[i], times[i + 1], sum(times[i], VxCurveSide::Right),

@@ -40,10 +40,11 @@ struct VxCurveSum
 
 /// A function of time, sampled into keys: cubic segments between the times in `breaks` (ascending),
 /// halved until they differ from the function by at most `tolerance`. Between breaks the function
-/// is smooth; at breaks its sides may differ. maxKeys: no further halving beyond so many.
+/// is smooth; at breaks its sides may differ. A function that would need more than five keys a
+/// break and 200 more becomes coarser than the tolerance.
 VxMotionCurve vxSampledCurve(const std::vector<double> &breaks,
                              const std::function<double(double, VxCurveSide)> &function,
-                             double tolerance, std::size_t maxKeys);
+                             double tolerance);
 
 /// The union of the curves' key times.
 std::vector<double> vxKeyTimes(const std::vector<const VxMotionCurve *> &curves);
