@@ -28,6 +28,7 @@ constexpr Place Places[] = {
     {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
     {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
     {"VxHistoryPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
+    {"VxKeyToolsPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
     {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
     {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
 };

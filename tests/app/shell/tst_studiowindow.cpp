@@ -154,7 +154,7 @@ QAction *tst_StudioWindow::entry(const QString &menuTitle, const QString &text) 
 
 void tst_StudioWindow::everyPaneHasADock()
 {
-    QCOMPARE(vxApp->getPluginMgr()->getPlugins().size(), 1);
+    QCOMPARE(vxApp->getPluginMgr()->getPlugins().size(), 2);
     const QVector<VxPane *> panes = window()->getPaneMgr()->getPanes();
     QCOMPARE(window()->docks()->docks().size(), panes.size());
     for (const char *name : {"VxTimePane", "VxScenePane", "VxParametersPane"}) {
@@ -271,7 +271,7 @@ void tst_StudioWindow::menus()
     QStringList titles;
     for (const QAction *action : window()->menuBar()->actions())
         titles.append(action->text().remove('&'));
-    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Animation", "Window", "Help"}));
+    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Animation", "Keys", "Window", "Help"}));
     QVERIFY(!menu("Animation")->actions().isEmpty());
     for (const char *text : {"New", "Open...", "Save", "Save As...", "Quit"})
         QVERIFY2(entry("File", QLatin1String(text)), text);
@@ -280,8 +280,8 @@ void tst_StudioWindow::menus()
         if (!action->getDefaultMenuPath().isEmpty())
             QVERIFY2(action->associatedWidgets().size() > 1, qPrintable(action->objectName()));
     }
-    // The 56 actions of the module and the host's own six.
-    QCOMPARE(window()->getActionMgr()->getNumActions(), 62);
+    // The 56 actions of the Timeline, the 30 key tools and the host's own six.
+    QCOMPARE(window()->getActionMgr()->getNumActions(), 92);
 }
 
 void tst_StudioWindow::dockTogglesAndPaneActions()

@@ -1,0 +1,328 @@
+#include "keytools/keytool.h"
+#include "keytools/rotationtracks.h"
+
+#include <QtCore/QCoreApplication>
+#include <algorithm>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyfilter.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KeyTools", text);
+}
+
+VxKeyInterp::Type keyType(int choice)
+{
+    return static_cast<VxKeyInterp::Type>(choice);
+}
+
+// More samples than this in one stretch of keys are a mistyped time: steps get longer.
+constexpr qint64 MaxSamples = 100000;
+
+/// The step between samples, at least a tick, that keeps their number within bounds.
+qint64 boundedStep(qint64 step, VxTime first, VxTime last)
+{
+    return std::max({step, qint64(1), (qint64(last) - first) / MaxSamples});
+}
+
+VxTime boundedStep(const VxFloatProperty &property, const VxKeySpan &span)
+{
+    return VxTime(boundedStep(vxScene->getTimeStep(), property.getKeyTime(span.first),
+                              property.getKeyTime(span.last - 1)));
+}
+
+/// Filters the values of each channel's keys; their times stay.
+template <class Filter> void filterValues(KeyToolRun *run, const Filter &filter)
+{
+    run->edit([&filter](KeySeries *keys) {
+        const std::vector<float> values(keys->values.begin(), keys->values.end());
+        const std::vector<float> result = filter(keys->times.data(), values.data(), keys->count());
+        for (std::size_t i = 0; i < result.size(); ++i) {
+            if (result[i] != values[i])
+                keys->values[i] = double(result[i]);
+        }
+    });
+}
+
+KeyToolResult eulerFilter(const KeyToolArguments &)
+{
+    KeyToolRun run;
+    std::vector<std::size_t> others;
+    int incomplete = 0;
+    int changed = 0;
+    const auto rotations = RotationTracks::find(run.targets(), &others, &incomplete);
+    for (const RotationTracks &rotation : rotations) {
+        std::array<std::vector<float>, 3> angles;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            const KeyTarget &track = run.targets().tracks[rotation.tracks[axis]];
+            for (const int i : track.indexes())
+                angles[axis].push_back(float(track.property->getKeyDoubleValue(i)));
+        }
+        changed += vxFilterEuler({angles[0].data(), angles[1].data(), angles[2].data()},
+                                 int(angles[0].size()), rotation.order);
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            run.edit(rotation.tracks[axis], [&](KeySeries *keys) {
+                keys->values.assign(angles[axis].begin(), angles[axis].end());
+            });
+        }
+    }
+    run.addNote(tr("; %1 keys changed on %2 rotations").arg(changed).arg(int(rotations.size())));
+    if (incomplete > 0)
+        run.addNote(tr("; %1 rotations left out, whose three angles do not have the same keys")
+                        .arg(incomplete));
+    return run.finish(tr("Euler Filter"));
+}
+
+KeyToolResult smoothGaussian(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double sigma = arguments.amount("width") / VxTicksPerSecond;
+    filterValues(&run, [sigma](const VxTime *times, const float *values, int count) {
+        return vxSmoothGaussian(times, values, count, sigma);
+    });
+    return run.finish(tr("Smooth (Gaussian)"));
+}
+
+KeyToolResult smoothButterworth(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double cutoff = arguments.amount("cutoff");
+    filterValues(&run, [cutoff](const VxTime *times, const float *values, int count) {
+        return vxSmoothButterworth(times, values, count, cutoff);
+    });
+    return run.finish(tr("Smooth (Butterworth)"));
+}
+
+KeyToolResult removeSpikes(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double window = arguments.amount("window") / VxTicksPerSecond;
+    const double threshold = arguments.amount("threshold");
+    int spikes = 0;
+    filterValues(&run, [&](const VxTime *times, const float *values, int count) {
+        int removed = 0;
+        auto result = vxRemoveSpikes(times, values, count, window, threshold, &removed);
+        spikes += removed;
+        return result;
+    });
+    run.addNote(tr("; %1 spikes").arg(spikes));
+    return run.finish(tr("Remove Spikes"));
+}
+
+/// What a stretch of keys is measured by: its keys and, between them, every frame, unless all is
+/// linear.
+struct Samples
+{
+    Samples(const VxFloatProperty &property, const VxKeySpan &span)
+    {
+        const VxKeyColumns<float> keys = columnsOf(property, span);
+        const bool isLinear =
+            !keys.types || std::all_of(keys.types, keys.types + keys.count,
+                                       [](quint8 type) { return type == VxKeyInterp::Linear; });
+        times.assign(keys.times, keys.times + keys.count);
+        if (!isLinear)
+            addFrames(VxTimeRange(times.front(), times.back()));
+        values.resize(times.size());
+        property.getValues(times.data(), int(times.size()), values.data());
+    }
+
+    std::vector<VxTime> times;
+    std::vector<float> values;
+
+private:
+    void addFrames(const VxTimeRange &range)
+    {
+        const qint64 step = boundedStep(vxScene->getTimeStep(), range.getStart(), range.getEnd());
+        for (qint64 t = range.getStart() + step; t < range.getEnd(); t += step)
+            times.push_back(VxTime(t));
+        std::sort(times.begin(), times.end());
+        times.erase(std::unique(times.begin(), times.end()), times.end());
+    }
+};
+
+void reduceRotation(KeyToolRun *run, const RotationTracks &rotation, VxKeyInterp::Type type,
+                    double error)
+{
+    std::array<std::vector<VxFittedKeys>, 3> results;
+    const KeyTargets &targets = run->targets();
+    const auto property = [&](std::size_t axis) {
+        return static_cast<VxFloatProperty *>(targets.tracks[rotation.tracks[axis]].property);
+    };
+    for (std::size_t i = 0; i < targets.tracks[rotation.tracks[0]].spans.size(); ++i) {
+        std::array<VxKeyColumns<float>, 3> keys;
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            keys[axis] = columnsOf(*property(axis), targets.tracks[rotation.tracks[axis]].spans[i]);
+        const VxRotationSamples samples = {keys[0].times,
+                                           {keys[0].values, keys[1].values, keys[2].values},
+                                           keys[0].count,
+                                           rotation.order};
+        auto reduced = vxReduceRotation(samples, type, error);
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            results[axis].push_back(std::move(reduced[axis]));
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        std::size_t next = 0;
+        run->replace(
+            rotation.tracks[axis],
+            [&](const VxFloatProperty &, const VxKeySpan &) -> std::optional<VxFittedKeys> {
+                return std::move(results[axis][next++]);
+            });
+    }
+}
+
+bool isLinear(const KeyTargets &targets, const RotationTracks &rotation)
+{
+    return std::all_of(rotation.tracks.begin(), rotation.tracks.end(), [&](std::size_t track) {
+        const KeyTarget &target = targets.tracks[track];
+        const auto indexes = target.indexes();
+        return std::all_of(indexes.begin(), indexes.end(), [&target](int i) {
+            return target.property->getKeyInterpolationType(i) == VxKeyInterp::Linear;
+        });
+    });
+}
+
+KeyToolResult reduce(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double error = arguments.amount("error");
+    const VxKeyInterp::Type type =
+        arguments.choice("type") == 0 ? VxKeyInterp::Linear : VxKeyInterp::Tcb;
+    std::vector<std::size_t> others;
+    int incomplete = 0;
+    for (const RotationTracks &rotation :
+         RotationTracks::find(run.targets(), &others, &incomplete)) {
+        if (isLinear(run.targets(), rotation))
+            reduceRotation(&run, rotation, type, error);
+        else
+            others.insert(others.end(), rotation.tracks.begin(), rotation.tracks.end());
+    }
+    for (const std::size_t track : others) {
+        run.replace(track,
+                    [&](const VxFloatProperty &property,
+                        const VxKeySpan &span) -> std::optional<VxFittedKeys> {
+                        if (property.isLinked())
+                            return std::nullopt;
+                        const Samples samples(property, span);
+                        return vxReduceKeys(samples.times.data(), samples.values.data(),
+                                            int(samples.times.size()), type, error);
+                    });
+    }
+    return run.finish(tr("Reduce Keys"), true);
+}
+
+KeyToolResult removeFlat(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double tolerance = arguments.amount("tolerance");
+    for (std::size_t track = 0; track < run.targets().tracks.size(); ++track) {
+        const KeyTarget &target = run.targets().tracks[track];
+        const auto *property = qobject_cast<VxFloatProperty *>(target.property);
+        if (!property)
+            continue;
+        std::vector<int> removed;
+        for (const VxKeySpan &span : target.spans) {
+            for (const int i : vxFlatKeys(columnsOf(*property, span), tolerance))
+                removed.push_back(span.first + i);
+        }
+        if (!removed.empty())
+            run.remove(track, removed);
+    }
+    return run.finish(tr("Remove Flat Keys"), true);
+}
+
+KeyToolResult bake(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const VxTime step = arguments.ticks("step");
+    run.replace([&run, step](const VxFloatProperty &property,
+                             const VxKeySpan &span) -> std::optional<VxFittedKeys> {
+        // A link adds to the keys: what is evaluated is not what they alone give.
+        if (property.isLinked())
+            return std::nullopt;
+        VxFittedKeys keys;
+        const VxTime first = property.getKeyTime(span.first);
+        const VxTime last = property.getKeyTime(span.last - 1);
+        const qint64 distance = boundedStep(step, first, last);
+        if (distance > std::max<VxTime>(1, step)) {
+            run.addNote(tr("; a stretch is too long to be baked"));
+            return std::nullopt;
+        }
+        for (qint64 t = first; t < last; t += distance)
+            keys.times.push_back(VxTime(t));
+        keys.times.push_back(last);
+        keys.values.resize(keys.times.size());
+        property.getValues(keys.times.data(), int(keys.times.size()), keys.values.data());
+        keys.types.assign(keys.times.size(), VxKeyInterp::Linear);
+        return keys;
+    });
+    return run.finish(tr("Bake Keys"), true);
+}
+
+KeyToolResult convert(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const VxKeyInterp::Type type = keyType(arguments.choice("type"));
+    run.replace([&](const VxFloatProperty &property, const VxKeySpan &span) {
+        return std::optional<VxFittedKeys>(vxConvertKeys(columnsOf(property, span), type,
+                                                         boundedStep(property, span),
+                                                         arguments.amount("error")));
+    });
+    return run.finish(tr("Convert Keys"), true);
+}
+
+} // namespace
+
+QVector<KeyTool> cleaningTools()
+{
+    using P = KeyToolParameter;
+    const QStringList types = {tr("Linear"), tr("Constant"), tr("TCB")};
+    const P error = {"error", tr("Error (unit or degrees)"), P::Number, "0.1", {}, 0};
+    return {
+        {"eulerFilter",
+         tr("Euler Filter"),
+         tr("Replaces the angles of rotations by the equal ones nearest to the key before."),
+         {},
+         &eulerFilter},
+        {"smoothGaussian",
+         tr("Smooth (Gaussian)"),
+         tr("Averages values by a Gaussian of a width in time."),
+         {{"width", tr("Width (frames)"), P::Time, "2", {}, 0}},
+         &smoothGaussian},
+        {"smoothButterworth",
+         tr("Smooth (Butterworth)"),
+         tr("Removes what is faster than a frequency, without delay."),
+         {{"cutoff", tr("Cut-off (Hz)"), P::Number, "6", {}, 0}},
+         &smoothButterworth},
+        {"removeSpikes",
+         tr("Remove Spikes"),
+         tr("Replaces values that are far from the median around them."),
+         {{"window", tr("Window (frames)"), P::Time, "7", {}, 0},
+          {"threshold", tr("Threshold"), P::Number, "5", {}, 0}},
+         &removeSpikes},
+        {"reduce",
+         tr("Reduce Keys"),
+         tr("Leaves as few keys as an error allows; the three angles of a rotation together, by "
+            "the "
+            "angle of rotation."),
+         {error, {"type", tr("To"), P::Choice, types[0], {types[0], types[2]}}},
+         &reduce},
+        {"removeFlat",
+         tr("Remove Flat Keys"),
+         tr("Removes keys within level stretches, which change nothing."),
+         {{"tolerance", tr("Tolerance"), P::Number, "0", {}, 0}},
+         &removeFlat},
+        {"bake",
+         tr("Bake Keys"),
+         tr("Puts a linear key on every nth frame."),
+         {{"step", tr("Every (frames)"), P::Time, "1", {}, 0}},
+         &bake},
+        {"convert",
+         tr("Convert Keys"),
+         tr("Gives keys another interpolation type and keeps the curve within an error."),
+         {{"type", tr("To"), P::Choice, types[2], types}, error},
+         &convert},
+    };
+}

@@ -1,0 +1,169 @@
+#include "keytools/keytargets.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QSet>
+#include <numeric>
+#include <vxcore/vxelement.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxpropertygrouptree.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+/// Collects properties, each key holder once.
+class TargetCollector
+{
+public:
+    explicit TargetCollector(KeyTargets *targets)
+        : m_targets(targets)
+    {
+    }
+
+    void add(VxProperty *property, std::vector<VxKeySpan> spans)
+    {
+        auto *numeric = qobject_cast<VxNumericProperty *>(property);
+        if (!numeric || spans.empty() || m_known.contains(property))
+            return;
+        m_known.insert(property);
+        if (numeric->isLocked() || (numeric->isLinked() && !numeric->isLinkTerminal())) {
+            ++m_targets->skipped;
+            return;
+        }
+        m_targets->tracks.push_back({numeric, std::move(spans)});
+    }
+
+    void addNodes(const QVector<VxNode *> &nodes, const VxTimeRange &range)
+    {
+        for (const VxNode *node : nodes)
+            addGroup(node->getPropertyGroups()->getRoot(), range);
+    }
+
+private:
+    void addGroup(const VxPropertyGroup *group, const VxTimeRange &range)
+    {
+        for (int i = 0; i < group->getNumProperties(); ++i)
+            addKeys(group->getProperty(i), range);
+        for (int i = 0; i < group->getNumChildren(); ++i)
+            addGroup(group->getChild(i), range);
+    }
+
+    void addKeys(VxProperty *property, const VxTimeRange &range)
+    {
+        VxProperty *holder = property->getKeyHolder();
+        if (!property->canBeKeyed() || property->isHidden() || property->isExcluded())
+            return;
+        const int first = holder->getFirstKeyFrom(range.getStart());
+        const int last = range.getEnd() == VxTimeMax ? holder->getNumKeys()
+                                                     : holder->getFirstKeyFrom(range.getEnd() + 1);
+        if (first < last)
+            add(holder, {{first, last}});
+    }
+
+    KeyTargets *m_targets;
+    QSet<const VxProperty *> m_known;
+};
+
+VxKeySelectionEntries selectedKeys()
+{
+    const VxKeySelection *selection = VxKeySelection::current();
+    return selection ? selection->entries() : VxKeySelectionEntries();
+}
+
+} // namespace
+
+std::vector<int> KeyTarget::indexes() const
+{
+    std::vector<int> all;
+    all.reserve(std::size_t(numKeys()));
+    for (const VxKeySpan &span : spans) {
+        for (int i = span.first; i < span.last; ++i)
+            all.push_back(i);
+    }
+    for (int i = 0; i < numLaterKeys(); ++i)
+        all.push_back(spans.back().last + i);
+    return all;
+}
+
+int KeyTarget::numLaterKeys() const
+{
+    return withLaterKeys ? property->getNumKeys() - spans.back().last : 0;
+}
+
+int KeyTarget::numKeys() const
+{
+    return std::accumulate(spans.begin(), spans.end(), 0, [](int sum, const VxKeySpan &span) {
+        return sum + span.last - span.first;
+    });
+}
+
+KeyTargets KeyTargets::current()
+{
+    KeyTargets targets;
+    TargetCollector collector(&targets);
+    for (const VxKeySelectionEntry &entry : selectedKeys()) {
+        targets.isSelection = true;
+        collector.add(entry.holder, entry.spans);
+    }
+    if (!targets.isSelection && vxScene)
+        collector.addNodes(vxScene->getSelectedNodes(), vxScene->getPlayRange());
+    return targets;
+}
+
+KeyTargets KeyTargets::candidates()
+{
+    KeyTargets targets;
+    TargetCollector collector(&targets);
+    for (const VxKeySelectionEntry &entry : selectedKeys())
+        collector.add(entry.holder, {{0, entry.holder->getNumKeys()}});
+    if (vxScene)
+        collector.addNodes(vxScene->getSelectedNodes(), VxTimeRange::all());
+    return targets;
+}
+
+KeyTargets KeyTargets::scene()
+{
+    KeyTargets targets;
+    if (vxScene)
+        TargetCollector(&targets).addNodes(vxScene->getNodes(), VxTimeRange::all());
+    return targets;
+}
+
+VxTimeRange KeyTargets::range() const
+{
+    VxTimeRange range;
+    bool isFirst = true;
+    for (const KeyTarget &track : tracks) {
+        const VxTimeRange own(track.property->getKeyTime(track.spans.front().first),
+                              track.property->getKeyTime(track.spans.back().last - 1));
+        range = isFirst ? own : range.united(own);
+        isFirst = false;
+    }
+    return range;
+}
+
+int KeyTargets::numKeys() const
+{
+    return std::accumulate(tracks.begin(), tracks.end(), 0,
+                           [](int sum, const KeyTarget &track) { return sum + track.numKeys(); });
+}
+
+QString KeyTargets::description() const
+{
+    const QString text =
+        QCoreApplication::translate("KeyTools", isSelection ? "%1 selected %2 on %3 %4"
+                                                            : "%1 %2 of the selected nodes in the "
+                                                              "play range, on %3 %4");
+    const int keys = numKeys();
+    const auto channels = int(tracks.size());
+    QString result = text.arg(keys)
+                         .arg(keys == 1 ? QCoreApplication::translate("KeyTools", "key")
+                                        : QCoreApplication::translate("KeyTools", "keys"))
+                         .arg(channels)
+                         .arg(channels == 1 ? QCoreApplication::translate("KeyTools", "channel")
+                                            : QCoreApplication::translate("KeyTools", "channels"));
+    if (skipped > 0)
+        result +=
+            QCoreApplication::translate("KeyTools", " (%1 locked or linked left out)").arg(skipped);
+    return result;
+}

@@ -1,0 +1,50 @@
+#ifndef KEYTOOLS_KEYTARGETS_H
+#define KEYTOOLS_KEYTARGETS_H
+
+#include <QtCore/QString>
+#include <vector>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxtimerange.h>
+
+class VxNumericProperty;
+
+/// Keys of one property that a tool works on.
+struct KeyTarget
+{
+    VxNumericProperty *property = nullptr; ///< a key holder
+    std::vector<VxKeySpan> spans;          ///< ascending, with gaps between them
+    /// The keys behind the last span are edited too, without being selected.
+    bool withLaterKeys = false;
+
+    /// The indexes of all keys that are edited, ascending.
+    std::vector<int> indexes() const;
+    int numKeys() const; ///< in the spans
+    int numLaterKeys() const;
+};
+
+/// What a tool works on: the selected keys or, where none is selected, the keys of the selected
+/// nodes in the play range. Keys of locked properties and of those that an open link replaces are
+/// left out.
+struct KeyTargets
+{
+    static KeyTargets current();
+    /// All keys of the properties that current() takes keys of, and of those without selected keys
+    /// too where nodes are selected: what selection tools choose from.
+    static KeyTargets candidates();
+
+    /// All keys of the scene.
+    static KeyTargets scene();
+
+    int numKeys() const;
+    /// From the first to the last key; from 0 to 0 without keys.
+    VxTimeRange range() const;
+    bool isEmpty() const { return tracks.empty(); }
+    /// Such as "12 selected keys of 3 channels", for the status line.
+    QString description() const;
+
+    std::vector<KeyTarget> tracks; ///< each key holder once, none without keys
+    bool isSelection = false;
+    int skipped = 0; ///< properties that refuse changes
+};
+
+#endif

@@ -1,0 +1,74 @@
+#ifndef KEYTOOLS_KEYTOOL_H
+#define KEYTOOLS_KEYTOOL_H
+
+#include "keytools/keytoolrun.h"
+#include <QtCore/QMap>
+#include <QtCore/QStringList>
+#include <QtCore/QVariant>
+#include <QtCore/QVector>
+#include <vxcore/vxtypedinput.h>
+
+/// A parameter of a tool: a field of the pane, a member of the object that a script passes.
+struct KeyToolParameter
+{
+    enum Kind {
+        Time,       ///< a time or a span: typed frames, timecode and so on; ticks for scripts
+        TimeChange, ///< a time, or a change of one, such as +10 or 150%
+        Number,     ///< a number
+        Change,     ///< a value, or a change of one
+        Choice      ///< one of a list; scripts pass its name or its index
+    };
+    QString name;  ///< for scripts
+    QString label; ///< for the pane, with its unit
+    Kind kind = Number;
+    QString defaultText; ///< what is typed, in frames for times
+    QStringList choices = {};
+    double least = -1e30; ///< the smallest amount that is accepted
+};
+
+/// The values of a tool's parameters.
+class KeyToolArguments
+{
+public:
+    const VxTypedInput &input(const QString &name) const;
+    /// The amount of a time (in ticks), a number, or the index of a choice.
+    double amount(const QString &name) const { return input(name).amount; }
+    VxTime ticks(const QString &name) const { return wholeTick(amount(name)); }
+    int choice(const QString &name) const { return int(amount(name)); }
+
+    void set(const QString &name, const VxTypedInput &value) { m_values.insert(name, value); }
+
+private:
+    QMap<QString, VxTypedInput> m_values;
+};
+
+/// A tool: what an action, the pane and a script function run.
+struct KeyTool
+{
+    using Run = KeyToolResult (*)(const KeyToolArguments &arguments);
+
+    QString name;        ///< of the script function, such as "retime"
+    QString label;       ///< of menu and pane, such as "Retime"
+    QString description; ///< a sentence for status line and help
+    QVector<KeyToolParameter> parameters;
+    Run run = nullptr;
+
+    /// Every tool, in the order of the menu.
+    static const QVector<KeyTool> &all();
+    /// Null when there is none of that name.
+    static const KeyTool *find(const QString &name);
+
+    /// Runs the tool with arguments by name: texts as typed, or numbers, which are values (times in
+    /// ticks); those that are missing have their defaults. A name or value that is not understood
+    /// is an error: nothing is changed and the result's message says which one.
+    KeyToolResult runWith(const QVariantMap &values) const;
+};
+
+/// The tools by kind; each list is a part of KeyTool::all().
+QVector<KeyTool> selectionTools();
+QVector<KeyTool> timeTools();
+QVector<KeyTool> valueTools();
+QVector<KeyTool> cleaningTools();
+QVector<KeyTool> poseTools();
+
+#endif

@@ -1,0 +1,86 @@
+#ifndef KEYTOOLS_KEYTOOLRUN_H
+#define KEYTOOLS_KEYTOOLRUN_H
+
+#include "keytools/keyseries.h"
+#include "keytools/keytargets.h"
+#include <QtCore/QString>
+#include <functional>
+#include <optional>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxcurvefit.h>
+#include <vxcore/vxundostackhold.h>
+
+class VxFloatProperty;
+class VxNode;
+
+/// What a tool did, for the status line and for scripts.
+struct KeyToolResult
+{
+    bool done = false;            ///< false: nothing was changed, and `message` says why
+    bool isArgumentError = false; ///< a parameter was not understood
+    QString message;
+    int keys = 0;     ///< keys the tool worked on
+    int channels = 0; ///< their properties
+    int after = 0;    ///< keys in their place afterwards
+    int merged = 0;   ///< keys that are gone because another took their time
+    double error = 0; ///< the largest distance from the former curve, of tools that measure it
+};
+
+/// One use of a tool on keys: resolves the targets, edits them within one hold and one change
+/// block, selects the edited keys where keys had been selected, and makes one undo entry.
+///
+///     KeyToolRun run;
+///     run.edit([](KeySeries *keys) { moveTimes(keys, 160); });
+///     return run.finish(tr("Move Keys"));
+class KeyToolRun
+{
+public:
+    /// On the current targets, or on given ones.
+    KeyToolRun();
+    explicit KeyToolRun(KeyTargets targets);
+    ~KeyToolRun();
+
+    const KeyTargets &targets() const { return m_targets; }
+
+    /// Edits times and values of the keys of each property.
+    void edit(const std::function<void(KeySeries *)> &edit);
+    void edit(std::size_t track, const std::function<void(KeySeries *)> &edit);
+    /// Puts other keys in the place of each stretch of keys of float properties; none leaves the
+    /// stretch as it is. Other properties are left out.
+    using Replacement = std::function<std::optional<VxFittedKeys>(const VxFloatProperty &property,
+                                                                  const VxKeySpan &span)>;
+    void replace(const Replacement &replacement);
+    void replace(std::size_t track, const Replacement &replacement);
+    /// Hands out copies of the keys and puts what they have become in their place, or, with
+    /// `keepsFormer`, beside them. The same collision rule as in edit().
+    using Rewrite = std::function<void(VxFittedKeys *keys)>;
+    void rewrite(std::size_t track, const Rewrite &rewrite, bool keepsFormer = false);
+    /// Removes keys, ascending indexes.
+    void remove(std::size_t track, const std::vector<int> &indexes);
+
+    /// Makes all present keys of a track its target, after keys have been removed from it.
+    void retarget(std::size_t track);
+
+    /// Text appended to the message, such as what was left out.
+    void addNote(const QString &note) { m_note += note; }
+    void measure(double error);
+
+    /// Ends the run: `action` is the undo entry's text and begins the message, which with
+    /// `showsCounts` has the number of keys before and after and the largest error.
+    KeyToolResult finish(const QString &action, bool showsCounts = false);
+
+private:
+    void select(std::size_t track, std::vector<VxKeySpan> spans);
+
+    KeyTargets m_targets;
+    std::vector<std::vector<VxKeySpan>> m_selected; ///< by track, after the edit
+    KeyToolResult m_result;
+    QString m_note;
+    std::unique_ptr<VxUndoStackHold> m_hold;
+    std::unique_ptr<VxChangeBlock> m_block;
+};
+
+/// The keys of a stretch of a float property as borrowed arrays.
+VxKeyColumns<float> columnsOf(const VxFloatProperty &property, const VxKeySpan &span);
+
+#endif

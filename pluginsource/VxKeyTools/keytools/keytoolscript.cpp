@@ -1,0 +1,51 @@
+#include "keytools/keytoolscript.h"
+
+#include "keytools/keytool.h"
+
+#include <QtScript/QScriptContext>
+
+namespace {
+
+QScriptValue resultObject(QScriptEngine *engine, const KeyToolResult &result)
+{
+    QScriptValue object = engine->newObject();
+    object.setProperty(QStringLiteral("done"), result.done);
+    object.setProperty(QStringLiteral("message"), result.message);
+    object.setProperty(QStringLiteral("keys"), result.keys);
+    object.setProperty(QStringLiteral("channels"), result.channels);
+    object.setProperty(QStringLiteral("after"), result.after);
+    object.setProperty(QStringLiteral("merged"), result.merged);
+    object.setProperty(QStringLiteral("error"), result.error);
+    return object;
+}
+
+QScriptValue runTool(QScriptContext *context, QScriptEngine *engine)
+{
+    const KeyTool &tool = KeyTool::all()[context->callee().data().toInt32()];
+    QVariantMap arguments;
+    if (context->argumentCount() > 0) {
+        if (!context->argument(0).isObject())
+            return context->throwError(
+                QStringLiteral("KeyTools.%1: the argument is an object with the parameters")
+                    .arg(tool.name));
+        arguments = context->argument(0).toVariant().toMap();
+    }
+    const KeyToolResult result = tool.runWith(arguments);
+    if (result.isArgumentError)
+        return context->throwError(
+            QStringLiteral("KeyTools.%1: %2").arg(tool.name, result.message));
+    return resultObject(engine, result);
+}
+
+} // namespace
+
+void registerKeyToolScript(QScriptEngine *engine)
+{
+    QScriptValue tools = engine->newObject();
+    for (int i = 0; i < KeyTool::all().size(); ++i) {
+        QScriptValue function = engine->newFunction(&runTool, 1);
+        function.setData(i);
+        tools.setProperty(KeyTool::all()[i].name, function);
+    }
+    engine->globalObject().setProperty(QStringLiteral("KeyTools"), tools);
+}

@@ -1,0 +1,11 @@
+#ifndef KEYTOOLS_KEYTOOLSCRIPT_H
+#define KEYTOOLS_KEYTOOLSCRIPT_H
+
+#include <QtScript/QScriptEngine>
+
+/// The script object `KeyTools`: a function a tool, named as it, which takes an object with the
+/// tool's parameters and returns one with `done`, `message`, `keys`, `channels`, `after`, `merged`
+/// and `error`. An argument that is not understood is a script error.
+void registerKeyToolScript(QScriptEngine *engine);
+
+#endif

@@ -1,0 +1,76 @@
+#include "keytools/keytool.h"
+#include "keytools/limbpin.h"
+
+#include <QtCore/QCoreApplication>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KeyTools", text);
+}
+
+// More frames than this in one span are a mistyped number.
+constexpr qint64 MaxFrames = 1000000;
+
+KeyToolResult shown(KeyToolResult result)
+{
+    if (vxApp->getInterface())
+        vxApp->getInterface()->showStatusMessage(result.message);
+    return result;
+}
+
+KeyToolResult pin(const KeyToolArguments &arguments)
+{
+    KeyToolResult result;
+    const VxTimeRange span(arguments.ticks("start"), arguments.ticks("end"));
+    const VxTime falloff = arguments.ticks("falloff");
+    const VxTime step = vxScene->getTimeStep();
+    LimbPin limb(vxScene->getPrimarySelection());
+    QString obstacle = limb.obstacle();
+    if (obstacle.isEmpty() && span.getEnd() < span.getStart())
+        obstacle = tr("the end lies before the start");
+    else if (obstacle.isEmpty() &&
+             (qint64(span.getEnd()) - span.getStart() + 2 * qint64(falloff)) / step > MaxFrames)
+        obstacle = tr("the span has too many frames");
+    if (!obstacle.isEmpty()) {
+        result.message = tr("Pin Joint: %1").arg(obstacle);
+        return shown(result);
+    }
+    VxUndoStackHold hold;
+    {
+        const VxChangeBlock block;
+        limb.solve(span, falloff, step, span.clamp(vxScene->getTime()));
+        limb.write();
+    }
+    hold.accept(tr("Pin Joint"));
+    result.done = true;
+    result.channels = 9;
+    result.error = limb.largestError();
+    result.message = tr("Pin Joint: %1, largest distance %2 % of the limb")
+                         .arg(vxScene->getPrimarySelection()->getLabel())
+                         .arg(result.error * 100, 0, 'g', 3);
+    if (limb.framesOutOfReach() > 0)
+        result.message += tr("; out of reach on %1 frames").arg(limb.framesOutOfReach());
+    return shown(result);
+}
+
+} // namespace
+
+QVector<KeyTool> poseTools()
+{
+    using P = KeyToolParameter;
+    return {
+        {"pin",
+         tr("Pin Joint"),
+         tr("Keeps the primary selected joint at its place by rotating the two bones above it."),
+         {{"start", tr("Start (frame)"), P::Time, "0"},
+          {"end", tr("End (frame)"), P::Time, "30"},
+          {"falloff", tr("Falloff (frames)"), P::Time, "5", {}, 0}},
+         &pin},
+    };
+}

@@ -1,0 +1,185 @@
+#include "keytools/keytool.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QHash>
+#include <algorithm>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KeyTools", text);
+}
+
+/// Selects exactly those keys, of the candidates, for which `takes` is true; its arguments are the
+/// property, the key's index and whether the key is selected now.
+template <class Takes> KeyToolResult selectKeys(const QString &label, const Takes &takes)
+{
+    KeyToolResult result;
+    VxKeySelection *selection = VxKeySelection::current();
+    const KeyTargets candidates = KeyTargets::candidates();
+    VxKeySelectionEntries entries;
+    for (const KeyTarget &track : candidates.tracks) {
+        VxKeySelectionEntry entry;
+        entry.holder = track.property;
+        const std::vector<VxKeySpan> former =
+            selection ? selection->spansOf(track.property) : std::vector<VxKeySpan>();
+        std::size_t span = 0;
+        for (int i = 0; i < track.property->getNumKeys(); ++i) {
+            while (span < former.size() && former[span].last <= i)
+                ++span;
+            const bool isSelected = span < former.size() && former[span].first <= i;
+            if (!takes(*track.property, i, isSelected))
+                continue;
+            ++result.keys;
+            if (!entry.spans.empty() && entry.spans.back().last == i)
+                ++entry.spans.back().last;
+            else
+                entry.spans.push_back({i, i + 1});
+        }
+        if (!entry.spans.empty())
+            entries.push_back(std::move(entry));
+    }
+    result.channels = int(entries.size());
+    result.after = result.keys;
+    result.done = selection && !candidates.isEmpty();
+    if (result.done)
+        selection->set(entries);
+    result.message =
+        result.done
+            ? tr("%1: %2 selected on %3 channels").arg(label).arg(result.keys).arg(result.channels)
+            : tr("%1: select keys, or nodes with keys").arg(label);
+    if (vxApp->getInterface())
+        vxApp->getInterface()->showStatusMessage(result.message);
+    return result;
+}
+
+KeyToolResult selectTimes(const KeyToolArguments &arguments)
+{
+    const VxTime start = arguments.ticks("start");
+    const VxTime end = arguments.ticks("end");
+    return selectKeys(tr("Select Frames"), [=](const VxProperty &property, int i, bool) {
+        const VxTime time = property.getKeyTime(i);
+        return time >= start && time <= end;
+    });
+}
+
+KeyToolResult selectBefore(const KeyToolArguments &)
+{
+    return selectKeys(tr("Select Before Playhead"), [](const VxProperty &property, int i, bool) {
+        return property.getKeyTime(i) < vxScene->getTime();
+    });
+}
+
+KeyToolResult selectAfter(const KeyToolArguments &)
+{
+    return selectKeys(tr("Select After Playhead"), [](const VxProperty &property, int i, bool) {
+        return property.getKeyTime(i) > vxScene->getTime();
+    });
+}
+
+KeyToolResult selectSameFrames(const KeyToolArguments &)
+{
+    std::vector<VxTime> times;
+    for (const KeyTarget &track : KeyTargets::current().tracks) {
+        for (const int i : track.indexes())
+            times.push_back(track.property->getKeyTime(i));
+    }
+    std::sort(times.begin(), times.end());
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    return selectKeys(tr("Select Same Frames"), [&](const VxProperty &property, int i, bool) {
+        return std::binary_search(times.begin(), times.end(), property.getKeyTime(i));
+    });
+}
+
+/// Of the selected keys of a channel, or of all where none is, the first, the n-th after it ...
+KeyToolResult selectEvery(const KeyToolArguments &arguments)
+{
+    const int n = std::max(1, arguments.choice("n"));
+    const bool thins = KeyTargets::current().isSelection;
+    QHash<const VxProperty *, int> counts;
+    return selectKeys(tr("Select Every Nth"),
+                      [&](const VxProperty &property, int, bool isSelected) {
+                          if (thins && !isSelected)
+                              return false;
+                          return counts[&property]++ % n == 0;
+                      });
+}
+
+KeyToolResult selectInverse(const KeyToolArguments &)
+{
+    return selectKeys(tr("Invert Selection"),
+                      [](const VxProperty &, int, bool isSelected) { return !isSelected; });
+}
+
+KeyToolResult selectType(const KeyToolArguments &arguments)
+{
+    const int type = arguments.choice("type");
+    return selectKeys(tr("Select by Type"), [type](const VxProperty &property, int i, bool) {
+        return property.getKeyInterpolationType(i) == type;
+    });
+}
+
+KeyToolResult selectValues(const KeyToolArguments &arguments)
+{
+    const double least = arguments.amount("min");
+    const double most = arguments.amount("max");
+    return selectKeys(tr("Select by Value"), [=](const VxNumericProperty &property, int i, bool) {
+        const double value = property.getKeyDoubleValue(i);
+        return value >= least && value <= most;
+    });
+}
+
+} // namespace
+
+QVector<KeyTool> selectionTools()
+{
+    using P = KeyToolParameter;
+    const QStringList types = {tr("Linear"), tr("Constant"), tr("TCB")};
+    return {
+        {"selectFrames",
+         tr("Select Frames"),
+         tr("Selects the keys from one frame to another, both included."),
+         {{"start", tr("Start (frame)"), P::Time, "0"}, {"end", tr("End (frame)"), P::Time, "30"}},
+         &selectTimes},
+        {"selectBefore",
+         tr("Select Before Playhead"),
+         tr("Selects the keys before the playhead."),
+         {},
+         &selectBefore},
+        {"selectAfter",
+         tr("Select After Playhead"),
+         tr("Selects the keys after the playhead."),
+         {},
+         &selectAfter},
+        {"selectSameFrames",
+         tr("Select Same Frames"),
+         tr("Selects every key on the frames of the selected keys."),
+         {},
+         &selectSameFrames},
+        {"selectEvery",
+         tr("Select Every Nth"),
+         tr("Keeps every nth of the selected keys of each channel selected."),
+         {{"n", tr("n"), P::Number, "2", {}, 1}},
+         &selectEvery},
+        {"selectInverse",
+         tr("Invert Selection"),
+         tr("Selects the keys that are not selected, and no others."),
+         {},
+         &selectInverse},
+        {"selectType",
+         tr("Select by Type"),
+         tr("Selects the keys of one interpolation type."),
+         {{"type", tr("Type"), P::Choice, types[0], types}},
+         &selectType},
+        {"selectValues",
+         tr("Select by Value"),
+         tr("Selects the keys whose value lies in a range, both ends included."),
+         {{"min", tr("Minimum"), P::Number, "0"}, {"max", tr("Maximum"), P::Number, "0"}},
+         &selectValues},
+    };
+}

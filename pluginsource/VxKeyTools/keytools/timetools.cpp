@@ -1,0 +1,247 @@
+#include "keytools/keytool.h"
+
+#include <QtCore/QCoreApplication>
+#include <algorithm>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KeyTools", text);
+}
+
+KeyToolResult refused(const QString &message)
+{
+    KeyToolResult result;
+    result.message = message;
+    if (vxApp->getInterface())
+        vxApp->getInterface()->showStatusMessage(message);
+    return result;
+}
+
+/// The current targets; with ripple also the later keys of their channels.
+KeyTargets rippleTargets(const KeyToolArguments &arguments)
+{
+    KeyTargets targets = KeyTargets::current();
+    for (KeyTarget &track : targets.tracks)
+        track.withLaterKeys = arguments.choice("ripple") != 0;
+    return targets;
+}
+
+/// Maps the time from first to last on another one; keys after last keep their distance from it.
+void mapTimes(KeySeries *keys, const VxTimeRange &from, double start, double end)
+{
+    const double span = double(from.getEnd()) - from.getStart();
+    const double factor = span > 0 ? (end - start) / span : 1;
+    for (VxTime &time : keys->times) {
+        const double beyond = double(time) - from.getEnd();
+        time = wholeTick(beyond > 0 ? end + beyond
+                                    : start + (double(time) - from.getStart()) * factor);
+    }
+}
+
+KeyToolResult move(const KeyToolArguments &arguments)
+{
+    KeyToolRun run(rippleTargets(arguments));
+    run.edit([&](KeySeries *keys) { moveTimes(keys, arguments.amount("by")); });
+    return run.finish(tr("Move Keys"));
+}
+
+double pivotTime(int choice, const VxTimeRange &range)
+{
+    switch (choice) {
+    case 1:
+        return range.getStart();
+    case 2:
+        return range.getEnd();
+    case 3:
+        return (double(range.getStart()) + range.getEnd()) / 2;
+    default:
+        return vxScene->getTime();
+    }
+}
+
+KeyToolResult scale(const KeyToolArguments &arguments)
+{
+    const VxTypedInput factor = arguments.input("factor");
+    if (factor.kind == VxTypedInput::Offset)
+        return refused(tr("Scale Times: the factor is a number or a percentage"));
+    KeyToolRun run;
+    const double pivot = pivotTime(arguments.choice("pivot"), run.targets().range());
+    run.edit([&](KeySeries *keys) { scaleTimes(keys, factor.amount, pivot); });
+    return run.finish(tr("Scale Times"));
+}
+
+KeyToolResult retime(const KeyToolArguments &arguments)
+{
+    const KeyTargets targets = rippleTargets(arguments);
+    const VxTimeRange range = targets.range();
+    const VxTypedInput startInput = arguments.input("start");
+    const VxTypedInput endInput = arguments.input("end");
+    const double span = double(range.getEnd()) - range.getStart();
+    const double start = startInput.appliedTo(range.getStart());
+    const double end = endInput.kind == VxTypedInput::Factor ? start + span * endInput.amount
+                                                             : endInput.appliedTo(range.getEnd());
+    if (startInput.kind == VxTypedInput::Factor)
+        return refused(tr("Retime: the start is a time or an offset"));
+    if (end < start)
+        return refused(tr("Retime: the end lies before the start"));
+    KeyToolRun run(targets);
+    run.edit([&](KeySeries *keys) { mapTimes(keys, range, start, end); });
+    return run.finish(tr("Retime Keys"));
+}
+
+KeyTargets frameTargets(const KeyToolArguments &arguments)
+{
+    return arguments.choice("scope") == 1 ? KeyTargets::scene() : KeyTargets::candidates();
+}
+
+KeyToolResult insertFrames(const KeyToolArguments &arguments)
+{
+    KeyToolRun run(frameTargets(arguments));
+    run.edit(
+        [&](KeySeries *keys) { insertTime(keys, vxScene->getTime(), arguments.ticks("count")); });
+    return run.finish(tr("Insert Frames"));
+}
+
+KeyToolResult removeFrames(const KeyToolArguments &arguments)
+{
+    KeyToolRun run(frameTargets(arguments));
+    const VxTime time = vxScene->getTime();
+    const VxTime count = arguments.ticks("count");
+    for (std::size_t track = 0; track < run.targets().tracks.size(); ++track) {
+        VxNumericProperty *property = run.targets().tracks[track].property;
+        const int first = property->getFirstKeyFrom(time);
+        const int last = property->getFirstKeyFrom(wholeTick(double(time) + count));
+        if (first < last)
+            property->deleteKeys(first, last - 1);
+        // The keys left are all keys again.
+        run.retarget(track);
+        run.edit(track, [&](KeySeries *keys) { removeTime(keys, time, count); });
+    }
+    return run.finish(tr("Remove Frames"));
+}
+
+KeyToolResult snap(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const VxTime step = std::max<VxTime>(1, arguments.ticks("step"));
+    run.edit([step](KeySeries *keys) { snapTimes(keys, step); });
+    return run.finish(tr("Snap Keys"));
+}
+
+KeyToolResult space(const KeyToolArguments &)
+{
+    KeyToolRun run;
+    run.edit([](KeySeries *keys) { spaceTimes(keys); });
+    return run.finish(tr("Space Keys Evenly"));
+}
+
+/// A segment has the type of its left key: backwards that is the key on its right. A tangent that
+/// ran towards the previous key runs towards the next one, which is the bias with the other sign. A
+/// smooth segment beside a linear or constant one is shaped by another key than before.
+void reverseKeys(VxFittedKeys *keys, const VxTimeRange &range)
+{
+    const std::vector<quint8> types = keys->types;
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        keys->times[i] = wholeTick(double(range.getStart()) + range.getEnd() - keys->times[i]);
+        keys->types[i] = i > 0 ? types[i - 1] : types.back();
+        keys->tcb[i].bias = -keys->tcb[i].bias;
+    }
+}
+
+KeyToolResult reverse(const KeyToolArguments &)
+{
+    KeyToolRun run;
+    const VxTimeRange range = run.targets().range();
+    for (std::size_t track = 0; track < run.targets().tracks.size(); ++track) {
+        const bool hasTypes =
+            qobject_cast<VxFloatProperty *>(run.targets().tracks[track].property) != nullptr;
+        if (hasTypes)
+            run.rewrite(track, [&](VxFittedKeys *keys) { reverseKeys(keys, range); });
+        else
+            run.edit(track, [&](KeySeries *keys) {
+                scaleTimes(keys, -1, (double(range.getStart()) + range.getEnd()) / 2);
+            });
+    }
+    return run.finish(tr("Reverse Keys"));
+}
+
+KeyToolResult duplicate(const KeyToolArguments &arguments)
+{
+    KeyToolRun run;
+    const double by = arguments.amount("by");
+    for (std::size_t track = 0; track < run.targets().tracks.size(); ++track) {
+        run.rewrite(
+            track,
+            [by](VxFittedKeys *keys) {
+                for (VxTime &time : keys->times)
+                    time = wholeTick(time + by);
+            },
+            true);
+    }
+    return run.finish(tr("Duplicate Keys"));
+}
+
+} // namespace
+
+QVector<KeyTool> timeTools()
+{
+    using P = KeyToolParameter;
+    const P ripple = {
+        "ripple", tr("Ripple"), P::Choice, tr("None"), {tr("None"), tr("Later keys of the rows")}};
+    const P scope = {
+        "scope", tr("Rows"), P::Choice, tr("Selected"), {tr("Selected"), tr("All of the scene")}};
+    const P by = {"by", tr("By (frames)"), P::Time, "10"};
+    return {
+        {"move", tr("Move"), tr("Moves keys by a number of frames."), {by, ripple}, &move},
+        {"scaleTimes",
+         tr("Scale Times"),
+         tr("Scales the distances of keys from a pivot."),
+         {{"factor", tr("Factor"), P::Change, "150%"},
+          {"pivot",
+           tr("About"),
+           P::Choice,
+           tr("Playhead"),
+           {tr("Playhead"), tr("Start"), tr("End"), tr("Middle")}}},
+         &scale},
+        {"retime",
+         tr("Retime"),
+         tr("Moves and scales keys to a start and an end."),
+         {{"start", tr("Start (frame or +offset)"), P::TimeChange, "+0"},
+          {"end", tr("End (frame, +offset or percent)"), P::TimeChange, "+0"},
+          ripple},
+         &retime},
+        {"insertFrames",
+         tr("Insert Frames"),
+         tr("Moves the keys at and after the playhead later."),
+         {{"count", tr("Frames"), P::Time, "1", {}, 0}, scope},
+         &insertFrames},
+        {"removeFrames",
+         tr("Remove Frames"),
+         tr("Deletes the frames from the playhead on, with their keys, and moves later keys."),
+         {{"count", tr("Frames"), P::Time, "1", {}, 0}, scope},
+         &removeFrames},
+        {"snap",
+         tr("Snap to Frames"),
+         tr("Moves keys to the nearest frames."),
+         {{"step", tr("Every (frames)"), P::Time, "1", {}, 0}},
+         &snap},
+        {"spaceEvenly",
+         tr("Space Evenly"),
+         tr("Gives the keys of each channel equal distances."),
+         {},
+         &space},
+        {"reverse", tr("Reverse"), tr("Reverses the order of keys in time."), {}, &reverse},
+        {"duplicate",
+         tr("Duplicate"),
+         tr("Copies keys by a number of frames and selects the copies."),
+         {by},
+         &duplicate},
+    };
+}

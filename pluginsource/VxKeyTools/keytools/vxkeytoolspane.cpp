@@ -1,0 +1,209 @@
+#include "keytools/vxkeytoolspane.h"
+
+#include "keytools/keytool.h"
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxsettings.h>
+
+class VxKeyToolsPane::Private
+{
+public:
+    const KeyTool &tool() const { return KeyTool::all()[tools->currentIndex()]; }
+    QString text(const KeyToolParameter &parameter) const;
+    QString settingName(const KeyToolParameter &parameter) const
+    {
+        return tool().name + QLatin1Char('.') + parameter.name;
+    }
+
+    QComboBox *tools = nullptr;
+    QWidget *form = nullptr;
+    QLabel *description = nullptr;
+    QLabel *targets = nullptr;
+    QLabel *result = nullptr;
+    QMap<QString, QWidget *> fields; ///< by parameter
+    QMap<QString, QString> typed;    ///< by tool and parameter
+    QTimer targetsTimer;
+};
+
+QString VxKeyToolsPane::Private::text(const KeyToolParameter &parameter) const
+{
+    QWidget *field = fields.value(parameter.name);
+    if (const auto *choice = qobject_cast<QComboBox *>(field))
+        return choice->currentText();
+    const auto *line = qobject_cast<QLineEdit *>(field);
+    return line ? line->text() : QString();
+}
+
+VxKeyToolsPane::VxKeyToolsPane()
+    : VxPane(tr("Key Tools"))
+    , d(std::make_unique<Private>())
+{
+    d->tools = new QComboBox;
+    d->tools->setObjectName(QStringLiteral("tools"));
+    for (const KeyTool &tool : KeyTool::all())
+        d->tools->addItem(tool.label);
+    const auto makeLabel = [](const char *name) {
+        auto *label = new QLabel;
+        label->setObjectName(QString::fromLatin1(name));
+        label->setWordWrap(true);
+        return label;
+    };
+    d->description = makeLabel("description");
+    d->targets = makeLabel("targets");
+    d->result = makeLabel("result");
+    auto *button = new QPushButton(tr("Apply"));
+    button->setObjectName(QStringLiteral("apply"));
+    // In a small window the fields scroll instead of taking the room of other panes.
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    auto *outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(area);
+    auto *contents = new QWidget;
+    auto *layout = new QVBoxLayout(contents);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->addWidget(d->tools);
+    layout->addWidget(d->description);
+    d->form = new QWidget;
+    layout->addWidget(d->form);
+    layout->addWidget(d->targets);
+    layout->addWidget(button);
+    layout->addWidget(d->result);
+    layout->addStretch();
+    area->setWidget(contents);
+    connect(d->tools, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &VxKeyToolsPane::showTool);
+    connect(button, &QPushButton::clicked, this, &VxKeyToolsPane::apply);
+    // Counting keys costs a pass: once a turn of the event loop, and only while the pane is seen.
+    d->targetsTimer.setSingleShot(true);
+    connect(&d->targetsTimer, &QTimer::timeout, this, &VxKeyToolsPane::showTargets);
+    const auto changed = [this] { d->targetsTimer.start(0); };
+    if (const VxKeySelection *selection = VxKeySelection::current())
+        connect(selection, &VxKeySelection::changed, this, changed);
+    if (vxScene) {
+        connect(vxScene, &VxScene::nodeSelectionListChanged, this, changed);
+        connect(vxScene, &VxScene::playRangeChanged, this, changed);
+        connect(vxScene, &VxScene::viewChanged, this, changed);
+    }
+    showTool();
+}
+
+VxKeyToolsPane::~VxKeyToolsPane() = default;
+
+QString VxKeyToolsPane::getTool() const
+{
+    return d->tool().name;
+}
+
+void VxKeyToolsPane::restoreSettings(VxSettings *settings)
+{
+    for (const KeyTool &tool : KeyTool::all()) {
+        for (const KeyToolParameter &parameter : tool.parameters) {
+            const QString name = tool.name + QLatin1Char('.') + parameter.name;
+            const QString text = settings->getStringValue(name);
+            if (!text.isEmpty())
+                d->typed.insert(name, text);
+        }
+    }
+    // The fields show what was stored; those on screen are not kept over it.
+    d->fields.clear();
+    showTool();
+    setTool(settings->getStringValue(QStringLiteral("Tool")));
+}
+
+void VxKeyToolsPane::saveSettings(VxSettings *settings) const
+{
+    const_cast<VxKeyToolsPane *>(this)->keepFields();
+    for (auto it = d->typed.cbegin(); it != d->typed.cend(); ++it)
+        settings->setStringValue(it.key(), it.value());
+    settings->setStringValue(QStringLiteral("Tool"), getTool());
+}
+
+void VxKeyToolsPane::keepFields()
+{
+    for (const KeyTool &tool : KeyTool::all()) {
+        for (const KeyToolParameter &parameter : tool.parameters) {
+            const QString key = tool.name + QLatin1Char('.') + parameter.name;
+            for (QWidget *field : qAsConst(d->fields)) {
+                if (field->objectName() == key)
+                    d->typed.insert(key, d->text(parameter));
+            }
+        }
+    }
+}
+
+void VxKeyToolsPane::setTool(const QString &name)
+{
+    const KeyTool *tool = KeyTool::find(name);
+    if (!tool)
+        return;
+    d->tools->setCurrentIndex(int(tool - KeyTool::all().constData()));
+    if (!tool->parameters.isEmpty())
+        d->fields.value(tool->parameters.first().name)->setFocus();
+}
+
+bool VxKeyToolsPane::setField(const QString &parameter, const QString &text)
+{
+    QWidget *field = d->fields.value(parameter);
+    if (auto *choice = qobject_cast<QComboBox *>(field))
+        choice->setCurrentText(text);
+    else if (auto *line = qobject_cast<QLineEdit *>(field))
+        line->setText(text);
+    return field != nullptr;
+}
+
+void VxKeyToolsPane::showTool()
+{
+    keepFields();
+    d->fields.clear();
+    delete d->form->layout();
+    qDeleteAll(d->form->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    auto *layout = new QFormLayout(d->form);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const KeyToolParameter &parameter : d->tool().parameters) {
+        const QString text = d->typed.value(d->settingName(parameter), parameter.defaultText);
+        QWidget *field = nullptr;
+        if (parameter.kind == KeyToolParameter::Choice) {
+            auto *choice = new QComboBox;
+            choice->addItems(parameter.choices);
+            choice->setCurrentText(text);
+            field = choice;
+        } else {
+            auto *line = new QLineEdit(text);
+            connect(line, &QLineEdit::returnPressed, this, &VxKeyToolsPane::apply);
+            field = line;
+        }
+        field->setObjectName(d->settingName(parameter));
+        layout->addRow(parameter.label, field);
+        d->fields.insert(parameter.name, field);
+    }
+    d->description->setText(d->tool().description);
+    d->result->clear();
+    showTargets();
+}
+
+void VxKeyToolsPane::showTargets()
+{
+    d->targets->setText(tr("Works on %1.").arg(KeyTargets::current().description()));
+}
+
+bool VxKeyToolsPane::apply()
+{
+    QVariantMap arguments;
+    for (const KeyToolParameter &parameter : d->tool().parameters)
+        arguments.insert(parameter.name, d->text(parameter));
+    const KeyToolResult result = d->tool().runWith(arguments);
+    d->result->setText(result.message);
+    showTargets();
+    return result.done;
+}

@@ -1,0 +1,42 @@
+#ifndef KEYTOOLS_VXKEYTOOLSPANE_H
+#define KEYTOOLS_VXKEYTOOLSPANE_H
+
+#include <memory>
+#include <vxcore/vxpane.h>
+
+/// A pane with the key tools: the list of tools, fields for the parameters of the chosen one, what
+/// it will work on, and what it did. Return in a field, or the button, runs the tool.
+class VxKeyToolsPane : public VxPane
+{
+    Q_OBJECT
+    Q_PROPERTY(QString tool READ getTool WRITE setTool)
+public:
+    VxKeyToolsPane();
+    ~VxKeyToolsPane() override;
+
+    /// The name of the chosen tool, such as "retime".
+    QString getTool() const;
+
+    /// The fields keep what was typed last, tool by tool.
+    void restoreSettings(VxSettings *settings) override;
+    void saveSettings(VxSettings *settings) const override;
+
+public Q_SLOTS:
+    /// Chooses a tool by its name and puts the cursor into its first field; other names are
+    /// ignored.
+    void setTool(const QString &name);
+    /// Writes a field as if it were typed. False when the tool has no such parameter.
+    bool setField(const QString &parameter, const QString &text);
+    /// Runs the tool with what the fields hold. False when it changed nothing.
+    bool apply();
+
+private:
+    void showTool();
+    void showTargets();
+    void keepFields();
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,653 @@
+#include "keytoolstage.h"
+
+#include "keytools/limbpin.h"
+#include "keytools/vxkeytoolspane.h"
+#include "testing/vxscenebuilder.h"
+#include "testing/vxtestmain.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <cmath>
+#include <random>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxsettings.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+constexpr double Pi = 3.14159265358979323846;
+
+/// Everything about a scene's keys, to compare it byte for byte.
+QByteArray snapshot()
+{
+    QByteArray bytes;
+    const auto append = [&bytes](const auto *data, int count) {
+        bytes.append(reinterpret_cast<const char *>(data), count * int(sizeof *data));
+    };
+    for (const VxNode *node : vxScene->getNodes()) {
+        for (int i = 0; i < node->getNumProperties(); ++i) {
+            const auto *number = qobject_cast<VxFloatProperty *>(node->getProperty(i));
+            const auto *whole = qobject_cast<VxIntProperty *>(node->getProperty(i));
+            bytes.append('|');
+            if (number) {
+                const VxKeyColumns<float> keys = number->getKeys();
+                append(keys.times, keys.count);
+                append(keys.values, keys.count);
+                for (int k = 0; k < keys.count; ++k) {
+                    float shape[3];
+                    bytes.append(
+                        char(number->getKeyInterpolationType(k, &shape[0], &shape[1], &shape[2])));
+                    append(shape, 3);
+                }
+            } else if (whole) {
+                append(whole->getKeys().times, whole->getKeys().count);
+                append(whole->getKeys().values, whole->getKeys().count);
+            }
+        }
+    }
+    return bytes;
+}
+
+/// Sorted, no two at one time, finite.
+bool areKeysSound()
+{
+    for (const VxNode *node : vxScene->getNodes()) {
+        for (int i = 0; i < node->getNumProperties(); ++i) {
+            const auto *property = qobject_cast<VxNumericProperty *>(node->getProperty(i));
+            for (int k = 0; property && k < property->getNumKeys(); ++k) {
+                if (!std::isfinite(property->getKeyDoubleValue(k)) ||
+                    (k > 0 && property->getKeyTime(k - 1) >= property->getKeyTime(k)))
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+/// A leg whose hip wanders and whose joints swing, keyed on every fifth frame.
+struct Leg
+{
+    Leg()
+        : hip(new VxBone("hip"))
+        , knee(new VxBone("knee"))
+        , foot(new VxBone("foot"))
+    {
+        auto *figure = new VxSkeleton("figure");
+        vxScene->addNode(figure);
+        vxScene->addNode(hip, figure);
+        vxScene->addNode(knee, hip);
+        vxScene->addNode(foot, knee);
+        hip->setOrigin({0, 90, 0});
+        knee->setOrigin({0, -42, 0});
+        foot->setOrigin({0, -40, 0});
+        for (int frame = 0; frame <= 60; frame += 5) {
+            const VxTime t = frame * KeyToolStage::Frame;
+            hip->getZPosControl()->setKey(t, frame * 0.5F, VxKeyInterp::Tcb);
+            hip->getXRotControl()->setKey(t, float(-15 + 10 * std::sin(frame / 9.0)),
+                                          VxKeyInterp::Tcb);
+            knee->getXRotControl()->setKey(t, float(40 + 15 * std::sin(frame / 7.0)),
+                                           VxKeyInterp::Tcb);
+            foot->getYRotControl()->setKey(t, float(10 * std::sin(frame / 5.0)), VxKeyInterp::Tcb);
+        }
+    }
+    QVector3D place(VxTime time) const
+    {
+        return foot->getWorldTransform(time).column(3).toVector3D();
+    }
+    VxBone *hip;
+    VxBone *knee;
+    VxBone *foot;
+};
+
+} // namespace
+
+/// The tools by drawings of the keys before and after, through their script functions.
+class tst_KeyTools : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void drawings_data();
+    void drawings();
+    void rowsOfNodes_data();
+    void rowsOfNodes();
+    void messagesNameTheTargets();
+    void refusals_data();
+    void refusals();
+
+    void snapping();
+    void reversedCurvesRunBackwards();
+    void limitedAndWholeValues();
+    void lockedAndLinkedAreLeftOut();
+    void offsetHasAFalloff();
+    void eulerFilterKeepsRotations();
+    void smoothingRemovesJitter();
+    void spikesAreRemoved();
+    void rotationsAreReducedTogether();
+    void conversionKeepsTheCurve();
+    void pinnedFootStays();
+
+    void paneRunsWhatIsTyped();
+    void paneKeepsItsFields();
+
+    void randomToolsUndoAndRedo_data();
+    void randomToolsUndoAndRedo();
+};
+
+void tst_KeyTools::drawings_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("after");
+    const auto row = [](const char *name, const char *before, const char *call, const char *after) {
+        QTest::newRow(name) << before << call << after;
+    };
+    row("move", "A B . . c", "move({by: '2'})", ". . A B c");
+    row("move onto another key", "A B . c", "move({by: 2 * 160})", ". . A B");
+    row("move back", ". . A b", "move({by: '-1'})", ". A . b");
+    row("move by seconds", "A . . . . b", "move({by: '0.1s'})", ". . . A . b");
+    row("move with ripple", "A B . c . d", "move({by: '1', ripple: 1})", ". A B . c . d");
+    row("scale about the start", "A B C . .", "scaleTimes({factor: '200%', pivot: 'Start'})",
+        "A . B . C");
+    row("scale about the middle", ". A . B . C .", "scaleTimes({factor: '50%', pivot: 'Middle'})",
+        ". . A B C . .");
+    row("scale to nothing", "A B C", "scaleTimes({factor: 0, pivot: 'Start'})", "C . .");
+    row("scale backwards", "A B . C", "scaleTimes({factor: -1, pivot: 'Middle'})", "C . B A");
+    row("retime to an end", "A B C . .", "retime({end: 4 * 160})", "A . B . C");
+    row("retime by frames", "A B C . .", "retime({end: '+2'})", "A . B . C");
+    row("retime by percent", "A B C . .", "retime({end: '200%'})", "A . B . C");
+    row("retime to a start", ". . A . B", "retime({start: '=0'})", "A . . . B");
+    row("retime with ripple", "A . B c . d", "retime({end: '+2', ripple: 1})", "A . . . B c . d");
+    row("space evenly", "A B . . C", "spaceEvenly()", "A . B . C");
+    row("reverse", "A B . C", "reverse()", "C . B A");
+    row("reverse some", "A b . C", "reverse()", "C b . A");
+    row("duplicate", "A B . .", "duplicate({by: '2'})", "a b A B");
+    row("duplicate onto the originals", "A B .", "duplicate({by: '1'})", "a A B");
+    row("set values", "A b C", "setValues({value: '+2'})", "C b E");
+    row("mirror values", "A b C", "mirrorValues({pivot: 'Mean'})", "C b A");
+    row("scale values", "A b C E", "scaleValues({factor: '0%', pivot: 'Mean'})", "C b C C");
+    row("remove flat keys", "A A A A B", "removeFlat()", "A . . A B");
+    row("bake", "A . C . E", "bake({step: '1'})", "A B C D E");
+    row("reduce", "A B C D C B", "reduce({error: 0.1})", "A . . D . B");
+    row("reduce what is selected", "a b C D E f", "reduce({error: 0.1})", "a b C . E f");
+    row("select frames", "A b c d", "selectFrames({start: '1', end: '2'})", "a B C d");
+    row("select before the playhead", "A b c d e", "selectBefore()", "A B C d e");
+    row("select after the playhead", "A b c d e", "selectAfter()", "a b c d E");
+    row("select every second", "A B C D e", "selectEvery({n: 2})", "A b C d e");
+    row("invert the selection", "A b c D", "selectInverse()", "a B C d");
+    row("select by type", "a B c", "selectType({type: 'Linear'})", "A B C");
+    row("select by value", "A b c d", "selectValues({min: 98, max: 99})", "a B C d");
+}
+
+void tst_KeyTools::drawings()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, call);
+    QFETCH(QString, after);
+    KeyToolStage stage;
+    vxScene->setTime(3 * KeyToolStage::Frame);
+    stage.draw(before);
+    const QByteArray start = snapshot();
+    QCOMPARE(stage.run("KeyTools." + call + ".done"), QString("true"));
+    const int frames = after.split(' ').size();
+    QCOMPARE(stage.drawing(frames), after);
+    const bool isEdit = !call.startsWith("select");
+    if (!isEdit)
+        return;
+    const QByteArray end = snapshot();
+    VxUndoStack::current()->undo();
+    QCOMPARE(snapshot(), start);
+    VxUndoStack::current()->redo();
+    QCOMPARE(snapshot(), end);
+}
+
+void tst_KeyTools::rowsOfNodes_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("insert frames") << "a b c d"
+                                   << "insertFrames({count: '2'})"
+                                   << "a b . . c d";
+    QTest::newRow("remove frames") << "a b c d e"
+                                   << "removeFrames({count: '2'})"
+                                   << "a b e . .";
+    QTest::newRow("the keys of the node in the play range") << "a b c . . f"
+                                                            << "move({by: '1'})"
+                                                            << ". a b c . f";
+}
+
+/// Without selected keys the tools work on the selected node; the playhead is on frame 2.
+void tst_KeyTools::rowsOfNodes()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, call);
+    QFETCH(QString, after);
+    KeyToolStage stage;
+    vxScene->setTime(2 * KeyToolStage::Frame);
+    vxScene->setPlayRange({0, 4 * KeyToolStage::Frame});
+    stage.draw(before);
+    stage.node->select();
+    QCOMPARE(stage.run("KeyTools." + call + ".done"), QString("true"));
+    QCOMPARE(stage.drawing(after.split(' ').size()), after);
+    // Another node is not touched, unless the whole scene is asked for.
+    auto *other = new VxNode("other");
+    vxScene->addNode(other);
+    stage.draw(other->getXPosControl(), before);
+    stage.run("KeyTools." + call);
+    QCOMPARE(stage.drawing(other->getXPosControl(), before.split(' ').size()), before);
+    if (call.startsWith("insert")) {
+        stage.run("KeyTools.insertFrames({count: '2', scope: 1})");
+        QCOMPARE(stage.drawing(other->getXPosControl(), 6), after);
+    }
+}
+
+void tst_KeyTools::messagesNameTheTargets()
+{
+    KeyToolStage stage;
+    stage.draw("A B . c");
+    QCOMPARE(stage.run("KeyTools.move({by: '2'}).message"),
+             QString("Move Keys: 2 selected keys on 1 channel; 1 replaced by others"));
+    stage.app.getKeySelection()->clear();
+    stage.node->select();
+    QCOMPARE(stage.run("KeyTools.move({by: '2'}).message"),
+             QString("Move Keys: 2 keys of the selected nodes in the play range, on 1 channel"));
+    stage.node->select(false);
+    QCOMPARE(stage.run("var r = KeyTools.move({by: '2'}); r.done + ' ' + r.message"),
+             QString("false Move Keys: select keys, or nodes with keys in the play range"));
+}
+
+void tst_KeyTools::refusals_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("no number") << "move({by: 'ten'})"
+                               << "KeyTools.move: Move: \"ten\" cannot be used for By (frames)";
+    QTest::newRow("not finite")
+        << "setValues({value: NaN})"
+        << "KeyTools.setValues: Set Values: \"nan\" cannot be used for Value";
+    QTest::newRow("too small") << "reduce({error: -1})"
+                               << "KeyTools.reduce: Reduce Keys: \"-1\" cannot be used for Error "
+                                  "(unit or degrees)";
+    QTest::newRow("not among the choices")
+        << "convert({type: 'Bezier'})"
+        << "KeyTools.convert: Convert Keys: \"Bezier\" cannot be used for To";
+    QTest::newRow("an unknown parameter") << "move({to: 3})"
+                                          << "KeyTools.move: Move has no parameter to";
+    QTest::newRow("no object") << "move(3)"
+                               << "KeyTools.move: the argument is an object with the parameters";
+    QTest::newRow("an end before the start") << "retime({start: 320, end: 160}).message"
+                                             << "Retime: the end lies before the start";
+    QTest::newRow("an offset for a factor")
+        << "scaleTimes({factor: '+2'}).message"
+        << "Scale Times: the factor is a number or a percentage";
+    QTest::newRow("no limb") << "pin().message"
+                             << "Pin Joint: select a joint with two joints above it";
+}
+
+void tst_KeyTools::refusals()
+{
+    QFETCH(QString, call);
+    QFETCH(QString, message);
+    KeyToolStage stage;
+    stage.draw("A B C");
+    const QByteArray start = snapshot();
+    QVERIFY2(stage.run("KeyTools." + call).contains(message),
+             qPrintable(stage.run("KeyTools." + call)));
+    QCOMPARE(snapshot(), start);
+    VxUndoStack::current()->undo();
+    QCOMPARE(snapshot(), start);
+}
+
+void tst_KeyTools::snapping()
+{
+    KeyToolStage stage;
+    stage.channel->setKey(-70, 1, VxKeyInterp::Tcb, 0.5F);
+    stage.channel->setKey(90, 2, VxKeyInterp::Linear);
+    stage.channel->setKey(390, 3, VxKeyInterp::Linear);
+    stage.channel->setKey(410, 4, VxKeyInterp::Linear);
+    stage.app.getKeySelection()->set({{stage.channel, {{0, 4}}, 0}});
+    // 390 and 410 go to frames 2 and 3; a half goes up.
+    QCOMPARE(stage.run("KeyTools.snap().merged"), QString("0"));
+    QCOMPARE(stage.run("Scene.findNode('node').getXPosControl().getKeyTimes().join()"),
+             QString("0,160,320,480"));
+    float tension = 0;
+    QCOMPARE(stage.channel->getKeyInterpolationType(0, &tension), int(VxKeyInterp::Tcb));
+    QCOMPARE(tension, 0.5F);
+    QCOMPARE(stage.run("KeyTools.snap({step: '4'}).merged"), QString("2"));
+}
+
+/// A smooth curve reversed has the mirrored value at every tick, by unequal key distances too.
+void tst_KeyTools::reversedCurvesRunBackwards()
+{
+    KeyToolStage stage;
+    const VxTime times[] = {0, 160, 480, 1600, 1700};
+    for (int i = 0; i < 5; ++i)
+        stage.channel->setKey(times[i], float(i * i % 7) * 10, VxKeyInterp::Tcb, 0.3F, 0.2F, 0.6F);
+    std::vector<float> before;
+    for (VxTime t = 0; t <= 1700; ++t)
+        before.push_back(stage.channel->getValue(t));
+    stage.app.getKeySelection()->set({{stage.channel, {{0, 5}}, 0}});
+    stage.run("KeyTools.reverse()");
+    for (VxTime t = 0; t <= 1700; ++t)
+        QVERIFY2(std::abs(stage.channel->getValue(1700 - t) - before[std::size_t(t)]) < 1e-3F,
+                 qPrintable(QString::number(t)));
+}
+
+void tst_KeyTools::limitedAndWholeValues()
+{
+    KeyToolStage stage;
+    auto *limited = new VxFloatProperty("limited");
+    limited->setMinMax(0, 10, true);
+    auto *whole = new VxIntProperty("whole");
+    stage.node->addProperty(limited, "/Special");
+    stage.node->addProperty(whole, "/Special");
+    for (int i = 0; i < 3; ++i) {
+        limited->setKey(i * 160, float(i * 4), VxKeyInterp::Linear);
+        whole->setKey(i * 160, i * 3);
+    }
+    stage.node->select();
+    stage.run("KeyTools.setValues({value: '*1.5'})");
+    QCOMPARE(limited->getKeyValue(2), 10.0F);
+    QCOMPARE(limited->getKeyValue(1), 6.0F);
+    QCOMPARE(whole->getKeyValue(1), 5); // 4.5, rounded
+    QCOMPARE(whole->getKeyValue(2), 9);
+    stage.run("KeyTools.move({by: '3'})");
+    QCOMPARE(whole->getKeyTime(0), 480);
+    stage.run("KeyTools.setValues({value: '=1e30'})");
+    QCOMPARE(whole->getKeyValue(0), 2147483647);
+}
+
+void tst_KeyTools::lockedAndLinkedAreLeftOut()
+{
+    KeyToolStage stage;
+    VxSceneBuilder builder(vxScene);
+    builder.keyChannels({stage.node}, 5);
+    const auto special = builder.addSpecialProperties(stage.node);
+    stage.node->select();
+    const QVector<int> before = [&] {
+        QVector<int> times;
+        for (int i = 0; i < special.locked->getNumKeys(); ++i)
+            times << special.locked->getKeyTime(i);
+        return times;
+    }();
+    const QString message = stage.run("KeyTools.move({by: '1'}).message");
+    QVERIFY2(message.contains("locked or linked left out"), qPrintable(message));
+    for (int i = 0; i < special.locked->getNumKeys(); ++i)
+        QCOMPARE(special.locked->getKeyTime(i), before[i]);
+    // The alias and its property have the same keys, which moved once.
+    QCOMPARE(stage.channel->getKeyTime(0), 160);
+}
+
+void tst_KeyTools::offsetHasAFalloff()
+{
+    KeyToolStage stage;
+    for (int frame = 0; frame <= 40; ++frame)
+        stage.channel->setKey(frame * 160, 0, VxKeyInterp::Linear);
+    stage.node->select();
+    stage.run("KeyTools.offset({amount: 8, start: '15', end: '20', falloff: '10'})");
+    QCOMPARE(stage.channel->getValue(4 * 160), 0.0F);
+    QCOMPARE(stage.channel->getValue(5 * 160), 0.0F);
+    QVERIFY(std::abs(stage.channel->getValue(10 * 160) - 4) < 1e-4F);
+    QCOMPARE(stage.channel->getValue(15 * 160), 8.0F);
+    QCOMPARE(stage.channel->getValue(20 * 160), 8.0F);
+    QVERIFY(std::abs(stage.channel->getValue(25 * 160) - 4) < 1e-4F);
+    QCOMPARE(stage.channel->getValue(30 * 160), 0.0F);
+    QCOMPARE(stage.channel->getNumKeys(), 41);
+}
+
+void tst_KeyTools::eulerFilterKeepsRotations()
+{
+    KeyToolStage stage;
+    stage.node->setRotationOrder(VxNode::ZXY);
+    const auto order = VxRotationOrder::ZXY;
+    VxFloatProperty *const controls[] = {stage.node->getXRotControl(), stage.node->getYRotControl(),
+                                         stage.node->getZRotControl()};
+    std::vector<QMatrix4x4> before;
+    for (int frame = 0; frame <= 40; ++frame) {
+        const VxEuler smooth = {frame * 7.0, 3, 170 + frame * 2.0};
+        const VxEuler own = vxEulerAngles(vxRotation(smooth, order), order);
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            controls[axis]->setKey(frame * 160, float(own[axis]), VxKeyInterp::Linear);
+    }
+    for (int frame = 0; frame <= 40; ++frame)
+        before.push_back(stage.node->getLocalTransform(frame * 160));
+    stage.node->select();
+    const QString message = stage.run("KeyTools.eulerFilter().message");
+    QVERIFY2(message.contains("on 1 rotations"), qPrintable(message));
+    for (int frame = 1; frame <= 40; ++frame) {
+        for (const VxFloatProperty *control : controls)
+            QVERIFY(std::abs(control->getValue(frame * 160) -
+                             control->getValue((frame - 1) * 160)) < 20);
+        const QMatrix4x4 after = stage.node->getLocalTransform(frame * 160);
+        QVERIFY(qFuzzyCompare(after + QMatrix4x4(), before[std::size_t(frame)]) ||
+                (after.column(0) - before[std::size_t(frame)].column(0)).length() < 1e-4F);
+    }
+    // One angle alone is no rotation.
+    controls[1]->deleteKeys(0, 3);
+    QVERIFY(stage.run("KeyTools.eulerFilter().message").contains("1 rotations left out"));
+}
+
+void tst_KeyTools::smoothingRemovesJitter()
+{
+    for (const char *call : {"smoothGaussian({width: '2'})", "smoothButterworth({cutoff: 4})"}) {
+        KeyToolStage stage;
+        std::mt19937 random(3);
+        std::normal_distribution<double> noise(0, 1);
+        vxScene->setPlayRange({0, 400 * 160});
+        for (int frame = 0; frame <= 400; ++frame)
+            stage.channel->setKey(frame * 160, float(20 * std::sin(frame / 40.0) + noise(random)),
+                                  VxKeyInterp::Linear);
+        stage.node->select();
+        stage.run(QString("KeyTools.") + call);
+        double sum = 0;
+        for (int frame = 0; frame <= 400; ++frame)
+            sum += std::pow(double(stage.channel->getKeyValue(frame)) - 20 * std::sin(frame / 40.0),
+                            2);
+        QVERIFY2(std::sqrt(sum / 401) < 0.6, qPrintable(QString::number(std::sqrt(sum / 401))));
+    }
+}
+
+void tst_KeyTools::spikesAreRemoved()
+{
+    KeyToolStage stage;
+    stage.draw("A A A Z A A A");
+    QVERIFY(stage.run("KeyTools.removeSpikes({window: '6', threshold: 5}).message")
+                .contains("1 spikes"));
+    QCOMPARE(stage.drawing(7), QString("A A A A A A A"));
+}
+
+void tst_KeyTools::rotationsAreReducedTogether()
+{
+    KeyToolStage stage;
+    // At the pole of the middle axis the first and the last angle undo each other.
+    for (int frame = 0; frame <= 40; ++frame) {
+        const auto swing = float(30 * std::sin(frame / 4.0));
+        stage.node->getXRotControl()->setKey(frame * 160, swing, VxKeyInterp::Linear);
+        stage.node->getYRotControl()->setKey(frame * 160, 90, VxKeyInterp::Linear);
+        stage.node->getZRotControl()->setKey(frame * 160, -swing, VxKeyInterp::Linear);
+    }
+    stage.node->select();
+    const QString after = stage.run("var r = KeyTools.reduce({error: 0.5}); r.after + ' ' + "
+                                    "(r.error <= 0.5) + ' ' + r.keys");
+    QCOMPARE(after, QString("6 true 123"));
+}
+
+void tst_KeyTools::conversionKeepsTheCurve()
+{
+    KeyToolStage stage;
+    for (int i = 0; i < 9; ++i)
+        stage.channel->setKey(i * 800, float(i % 3 * 10), VxKeyInterp::Tcb, 0.1F, 0.2F, -0.4F);
+    std::vector<float> before;
+    for (VxTime t = 0; t <= 6400; t += 160)
+        before.push_back(stage.channel->getValue(t));
+    stage.node->select();
+    stage.run("KeyTools.convert({type: 'Linear', error: 0.2})");
+    for (VxTime t = 0; t <= 6400; t += 160)
+        QVERIFY(std::abs(stage.channel->getValue(t) - before[std::size_t(t / 160)]) < 0.21F);
+    QCOMPARE(stage.channel->getKeyInterpolationType(3), int(VxKeyInterp::Linear));
+    QVERIFY(stage.channel->getNumKeys() > 9);
+}
+
+void tst_KeyTools::pinnedFootStays()
+{
+    KeyToolStage stage;
+    const Leg leg;
+    leg.foot->select();
+    vxScene->setTime(25 * KeyToolStage::Frame);
+    const QVector3D place = leg.place(vxScene->getTime());
+    std::vector<QVector3D> before;
+    for (int frame = 0; frame <= 60; ++frame)
+        before.push_back(leg.place(frame * KeyToolStage::Frame));
+    const QByteArray start = snapshot();
+    const QString result =
+        stage.run("var r = KeyTools.pin({start: '20', end: '30', falloff: '6'}); r.done + ' ' + "
+                  "(r.error < 1e-3) + ' ' + r.message");
+    QVERIFY2(result.startsWith("true true"), qPrintable(result));
+    const float length = 82;
+    for (VxTime t = 20 * 160; t <= 30 * 160; t += 16)
+        QVERIFY((leg.place(t) - place).length() < 1e-3F * length);
+    for (int frame = 0; frame <= 60; ++frame) {
+        // Two keys away from the falloff nothing changes; beside it tangents have new neighbours.
+        const float moved = (leg.place(frame * 160) - before[std::size_t(frame)]).length();
+        if (frame <= 5 || frame >= 45)
+            QVERIFY(moved < 1e-3F);
+        else if (frame <= 14 || frame >= 36)
+            QVERIFY2(moved < 0.8F, qPrintable(QString("%1: %2").arg(frame).arg(double(moved))));
+    }
+    // No pop: a step has what it had before and its share of a blend over six frames.
+    float step = 0;
+    float farthest = 0;
+    for (std::size_t frame = 1; frame <= 60; ++frame)
+        step = std::max(step, (before[frame] - before[frame - 1]).length());
+    for (std::size_t frame = 14; frame <= 36; ++frame)
+        farthest = std::max(farthest, (before[frame] - place).length());
+    const float bound = step + 1.1F * farthest * float(Pi) / 2 / 6;
+    for (int frame = 1; frame <= 60; ++frame)
+        QVERIFY((leg.place(frame * 160) - leg.place((frame - 1) * 160)).length() < bound);
+    VxUndoStack::current()->undo();
+    QCOMPARE(snapshot(), start);
+}
+
+void tst_KeyTools::paneRunsWhatIsTyped()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.show();
+    stage.draw("A B . . c");
+    pane.setTool("move");
+    QCOMPARE(pane.findChild<QLabel *>("targets")->text(),
+             QString("Works on 2 selected keys on 1 channel."));
+    auto *field = pane.findChild<QLineEdit *>("move.by");
+    QVERIFY(field);
+    field->selectAll();
+    QTest::keyClicks(field, "1 + 1");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(stage.drawing(5), QString(". . A B c"));
+    QCOMPARE(pane.findChild<QLabel *>("result")->text(),
+             QString("Move Keys: 2 selected keys on 1 channel"));
+    field->setText("nonsense");
+    QTest::mouseClick(pane.findChild<QPushButton *>("apply"), Qt::LeftButton);
+    QVERIFY(pane.findChild<QLabel *>("result")->text().contains("nonsense"));
+    QCOMPARE(stage.drawing(5), QString(". . A B c"));
+    // The line about the keys follows the selection.
+    stage.app.getKeySelection()->clear();
+    QTRY_COMPARE(
+        pane.findChild<QLabel *>("targets")->text(),
+        QString("Works on 0 keys of the selected nodes in the play range, on 0 channels."));
+}
+
+void tst_KeyTools::paneKeepsItsFields()
+{
+    KeyToolStage stage;
+    VxSettings *settings = stage.app.getSettings()->getSettings("KeyToolsTest");
+    {
+        VxKeyToolsPane pane;
+        pane.setTool("move");
+        QVERIFY(pane.setField("by", "7"));
+        QVERIFY(!pane.setField("none", "7"));
+        pane.setTool("reduce");
+        QVERIFY(pane.setField("type", "TCB"));
+        pane.setTool("move");
+        QCOMPARE(pane.findChild<QLineEdit *>("move.by")->text(), QString("7"));
+        pane.setTool("reduce");
+        pane.saveSettings(settings);
+    }
+    VxKeyToolsPane pane;
+    pane.restoreSettings(settings);
+    QCOMPARE(pane.getTool(), QString("reduce"));
+    QCOMPARE(pane.findChild<QComboBox *>("reduce.type")->currentText(), QString("TCB"));
+    pane.setTool("move");
+    QCOMPARE(pane.findChild<QLineEdit *>("move.by")->text(), QString("7"));
+}
+
+void tst_KeyTools::randomToolsUndoAndRedo_data()
+{
+    QTest::addColumn<int>("seed");
+    for (int seed = 1; seed <= 3; ++seed)
+        QTest::addRow("seed %d", seed) << seed;
+}
+
+void tst_KeyTools::randomToolsUndoAndRedo()
+{
+    QFETCH(int, seed);
+    KeyToolStage stage;
+    std::mt19937 random{quint32(seed)};
+    VxSceneBuilder builder(vxScene, quint32(seed));
+    const Leg leg;
+    builder.keyChannels({stage.node, leg.foot}, 30, 160, VxSceneBuilder::KeyTypes::Mixed);
+    builder.addSpecialProperties(stage.node);
+    leg.knee->getYRotControl()->setOverridingControl(stage.node->getYRotControl());
+    const QByteArray start = snapshot();
+    std::vector<QByteArray> states = {start};
+    const QStringList texts = {"0",  "3",   "-2",  "150%", "-50%", "+4",
+                               "=1", "0.5", "17t", "1e9",  "-0"};
+    for (int step = 0; step < 100; ++step) {
+        VxNode *const nodes[] = {stage.node, leg.foot, leg.knee, leg.hip};
+        nodes[random() % 4]->select(random() % 3 != 0);
+        vxScene->setTime(VxTime(random() % 5000));
+        if (random() % 3 == 0) {
+            VxProperty *property = nodes[random() % 4]->getProperty(int(random() % 6));
+            VxProperty *holder = property->getKeyHolder();
+            const int count = holder->getNumKeys();
+            const int first = count > 0 ? int(random() % unsigned(count)) : 0;
+            if (count > 0)
+                stage.app.getKeySelection()->set({{holder, {{first, count}}, 0}});
+        } else if (random() % 3 == 0) {
+            stage.app.getKeySelection()->clear();
+        }
+        const KeyTool &tool = KeyTool::all()[int(random() % unsigned(KeyTool::all().size()))];
+        QVariantMap arguments;
+        for (const KeyToolParameter &parameter : tool.parameters) {
+            if (parameter.kind == KeyToolParameter::Choice)
+                arguments.insert(parameter.name,
+                                 int(random() % unsigned(parameter.choices.size())));
+            else if (random() % 2 && tool.name != "pin" && tool.name != "bake" &&
+                     tool.name != "duplicate")
+                arguments.insert(parameter.name, texts[int(random() % unsigned(texts.size()))]);
+        }
+        tool.runWith(arguments);
+        QVERIFY2(areKeysSound(), qPrintable(tool.name));
+        // Indexes of the former keys select none of the present ones.
+        stage.app.getKeySelection()->clear();
+        const QByteArray state = snapshot();
+        if (state != states.back())
+            states.push_back(state);
+    }
+    QVERIFY(states.size() > 20);
+    VxUndoStack *stack = VxUndoStack::current();
+    for (std::size_t i = states.size(); i-- > 1;) {
+        QCOMPARE(snapshot(), states[i]);
+        stack->undo();
+    }
+    QCOMPARE(snapshot(), start);
+    for (std::size_t i = 1; i < states.size(); ++i) {
+        stack->redo();
+        QCOMPARE(snapshot(), states[i]);
+    }
+}
+
+VX_TEST_MAIN(tst_KeyTools)
+#include "tst_keytools.moc"

@@ -1,0 +1,130 @@
+#ifndef KEYTOOLSTAGE_H
+#define KEYTOOLSTAGE_H
+
+#include <QMap>
+#include <QtTest>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscriptengine.h>
+#include <vxcore/vxundostack.h>
+
+#include "keytools/keytool.h"
+#include "keytools/keytoolscript.h"
+#include "testing/vxwarningguard.h"
+
+/// Selected keys without a pane: by key holder, as indexes of the present keys.
+class SelectionKeeper : public VxKeySelectionSource
+{
+public:
+    VxKeySelectionEntries entries() const override
+    {
+        VxKeySelectionEntries all;
+        for (auto it = m_spans.begin(); it != m_spans.end(); ++it)
+            all.push_back({it.key(), it.value(), 0});
+        return all;
+    }
+    std::vector<VxKeySpan> spansOf(VxProperty *holder) const override
+    {
+        return m_spans.value(holder);
+    }
+    void set(const VxKeySelectionEntries &entries, bool clearsOthers) override
+    {
+        if (clearsOthers)
+            m_spans.clear();
+        for (const VxKeySelectionEntry &entry : entries) {
+            if (entry.spans.empty())
+                m_spans.remove(entry.holder);
+            else
+                m_spans.insert(entry.holder, entry.spans);
+        }
+    }
+
+private:
+    QMap<VxProperty *, std::vector<VxKeySpan>> m_spans;
+};
+
+/// An application with one selected node and a selection of keys.
+class KeyToolStage
+{
+public:
+    static constexpr VxTime Frame = 160;
+
+    KeyToolStage()
+        : node(new VxNode("node"))
+    {
+        vxScene->addNode(node);
+        vxScene->setPlayRange({0, 40 * Frame});
+        vxScene->setAnimRange({0, 40 * Frame});
+        app.getKeySelection()->addSource(&keeper);
+        registerKeyToolScript(app.getScriptEngine()->engine());
+        channel = node->getXPosControl();
+    }
+    ~KeyToolStage() { app.getKeySelection()->removeSource(&keeper); }
+
+    /// Keys of a channel, one frame a place: `a . B` is a key of value 'a' on frame 0 and a
+    /// selected one of value 'b' on frame 2. All are linear.
+    void draw(const QString &drawing) { draw(channel, drawing); }
+    void draw(VxFloatProperty *property, const QString &drawing)
+    {
+        property->deleteAllKeys();
+        VxKeySelectionEntry entry;
+        entry.holder = property;
+        const QStringList places = drawing.split(' ');
+        for (int frame = 0; frame < places.size(); ++frame) {
+            if (places[frame] == ".")
+                continue;
+            const QChar mark = places[frame][0];
+            property->setKey(frame * Frame, float(mark.toLower().unicode()), VxKeyInterp::Linear);
+            const int index = property->getNumKeys() - 1;
+            if (mark.isUpper())
+                entry.spans.push_back({index, index + 1});
+        }
+        for (std::size_t i = entry.spans.size(); i-- > 1;) {
+            if (entry.spans[i - 1].last == entry.spans[i].first) {
+                entry.spans[i - 1].last = entry.spans[i].last;
+                entry.spans.erase(entry.spans.begin() + int(i));
+            }
+        }
+        app.getKeySelection()->setForHolders({entry});
+    }
+    QString drawing(int frames) const { return drawing(channel, frames); }
+    QString drawing(VxFloatProperty *property, int frames) const
+    {
+        QStringList places;
+        for (int i = 0; i < frames; ++i)
+            places << ".";
+        const std::vector<VxKeySpan> spans = app.getKeySelection()->spansOf(property);
+        for (int i = 0; i < property->getNumKeys(); ++i) {
+            bool isSelected = false;
+            for (const VxKeySpan &span : spans)
+                isSelected = isSelected || (span.first <= i && i < span.last);
+            const QChar mark(ushort(property->getKeyValue(i)));
+            const VxTime time = property->getKeyTime(i);
+            const QString text = isSelected ? QString(mark.toUpper()) : QString(mark);
+            if (time % Frame == 0 && time >= 0 && time < frames * Frame)
+                places[time / Frame] = text;
+            else
+                places << QString("%1@%2").arg(text).arg(time);
+        }
+        return places.join(' ');
+    }
+
+    /// Runs a script; what it returns, or its error.
+    QString run(const QString &script) const
+    {
+        VxScriptError error;
+        const QString result = app.getScriptEngine()->evaluate(script, "test", &error);
+        return error.isNull() ? result : error.message;
+    }
+
+    VxWarningGuard guard;
+    VxApp app;
+    SelectionKeeper keeper;
+    VxNode *node;
+    VxFloatProperty *channel;
+};
+
+#endif
