@@ -380,6 +380,33 @@ void measureSelection(Table &table, Sheet &sheet, const Loops &loops)
     sheet.deselect();
 }
 
+// Every second key of every channel: as many spans as there are selected keys.
+void measureListing(Table &table, Sheet &sheet, const Loops &loops)
+{
+    sheet.selectAll();
+    VxKeySelectionEntries alternating = sheet.view.getKeyEntries();
+    for (VxKeySelectionEntry &entry : alternating) {
+        entry.spans.clear();
+        for (int i = 0; i < KeysAChannel; i += 2)
+            entry.spans.push_back({i, i + 1});
+    }
+    sheet.view.selectKeyEntries(alternating, true);
+    std::size_t spans = 0;
+    table.measure(
+        "list every second key", loops.flags, 60, [] {},
+        [&] {
+            spans = 0;
+            for (const VxKeySelectionEntry &entry : sheet.view.getKeyEntries())
+                spans += entry.spans.size();
+        });
+    if (table.wants("list every second key"))
+        check(spans == std::size_t(Keys / 2), "another number of keys is listed");
+    table.measure(
+        "select every second key", loops.flags, 60, [&sheet] { sheet.deselect(); },
+        [&] { sheet.view.selectKeyEntries(alternating, true); });
+    sheet.deselect();
+}
+
 void measureDrag(Table &table, Sheet &sheet, const Loops &loops)
 {
     const auto preview = [&](const char *name, double loop, double most) {
@@ -523,6 +550,7 @@ int main(int argc, char **argv)
     Sheet sheet;
     Edit edit(table, sheet);
     measureSelection(table, sheet, loops);
+    measureListing(table, sheet, loops);
     measureDrag(table, sheet, loops);
     measureDrops(table, sheet, edit, loops);
     measureCommands(table, sheet, edit, loops);

@@ -93,6 +93,11 @@ public:
     /// while it equals the number from when the cache was made. Not bounded by one property: the
     /// numbers of different key holders never are the same.
     quint64 keyRevision() const;
+    /// The revision that was given last to any property: while it stays, no keys have changed.
+    static quint64 latestKeyRevision();
+    /// A number, never 0, that differs after every change of an alias, an overriding control or a
+    /// link: while it stays, every property has the key holder that it had.
+    static quint64 latestHolderRevision();
 
     Q_INVOKABLE virtual int getNumKeys() const;
     /// The time of the key at index, in ticks; 0 when there is no such key.

@@ -119,14 +119,13 @@ void VxKeySelection::clear()
 void VxKeySelection::notifyChanged()
 {
     d->notified = true;
-    const QPointer<VxKeySelection> self(this);
-    const auto send = [self] {
-        if (self)
-            self->d->send(self);
-    };
     if (VxChangeBlock::isActive()) {
-        if (!std::exchange(d->sendsAtBlockEnd, true))
-            VxPendingChanges::runAfterReports(send);
+        if (std::exchange(d->sendsAtBlockEnd, true))
+            return;
+        VxPendingChanges::runAfterReports([self = QPointer<VxKeySelection>(this)] {
+            if (self)
+                self->d->send(self);
+        });
     } else if (!std::exchange(d->sendsInEventLoop, true)) {
         QMetaObject::invokeMethod(
             this,

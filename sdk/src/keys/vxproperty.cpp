@@ -13,6 +13,9 @@ namespace {
 /// Chains of aliases and overrides longer than this are not followed to their end.
 constexpr int MaxChain = 100;
 
+quint64 latestRevision = 0;
+quint64 holderRevision = 1;
+
 } // namespace
 
 void (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
@@ -21,8 +24,7 @@ void (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
 // also shows that a property got another key holder.
 void VxProperty::Private::bumpKeyRevision()
 {
-    static quint64 latest = 0;
-    keyRevision = ++latest;
+    keyRevision = ++latestRevision;
 }
 
 void VxProperty::Private::reportChange(const VxTimeRange &range)
@@ -60,6 +62,7 @@ void VxPropertyDependency::set(VxProperty::Private *dependent, VxProperty *prope
 void VxProperty::Private::updateDependencies()
 {
     isPlain = !aliased && !overriding && !linkedProperty();
+    ++holderRevision;
     Q_EMIT q->traitsChanged();
     reportChange(VxTimeRange::all());
 }
@@ -280,6 +283,16 @@ VxProperty *VxProperty::getKeyHolder() const
 quint64 VxProperty::keyRevision() const
 {
     return Private::of(d->isPlain ? this : getKeyHolder())->keyRevision;
+}
+
+quint64 VxProperty::latestKeyRevision()
+{
+    return latestRevision;
+}
+
+quint64 VxProperty::latestHolderRevision()
+{
+    return holderRevision;
 }
 
 int VxProperty::getNumKeys() const

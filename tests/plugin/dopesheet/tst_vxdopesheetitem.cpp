@@ -9,6 +9,16 @@
 
 using Times = QVector<VxTime>;
 
+namespace {
+
+Times timesOf(const VxDopeSheetItem &row)
+{
+    const int count = row.keyCount();
+    return Times(row.keyTimes(), row.keyTimes() + count);
+}
+
+} // namespace
+
 // One row and its tree: labels, children, keys and their selection.
 class TestDopeSheetItem : public QObject, private DopeSheetRowsTest
 {
@@ -45,6 +55,9 @@ private Q_SLOTS:
     void savedTimesStay();
     void deletesSelectedKeys();
     void deletesWhatIsSelectedWithinAChangeBlock();
+    void showsPresentKeysWithinAChangeBlock();
+    void showsPresentKeysWhileOthersReport();
+    void suppressedRowsKeepTheirKeysWithinAChangeBlock();
     void groupsDeleteNothing();
     void lockedKeysStaySelected();
 
@@ -519,6 +532,63 @@ void TestDopeSheetItem::deletesWhatIsSelectedWithinAChangeBlock()
     m_rowX->deleteSelectedKeys();
     QCOMPARE(m_x->getNumKeys(), 1);
     QCOMPARE(m_x->getKeyTime(0), 5);
+}
+
+// No report has been sent yet, and the number of keys stays.
+void TestDopeSheetItem::showsPresentKeysWithinAChangeBlock()
+{
+    makeTree({0, 10}, {5});
+    m_rowX->setKeySelectedAt({1}, true);
+    QCOMPARE(m_root->keyCount(), 3);
+    QVERIFY(m_group->hasSelectedKeys());
+    const VxChangeBlock block;
+    QVERIFY(m_x->moveKeys({1}, {20}));
+    QCOMPARE(timesOf(*m_root), Times({0, 5, 20}));
+    QCOMPARE(timesOf(*m_group), Times({0, 5, 20}));
+    QCOMPARE(timesOf(*m_rowX), Times({0, 20}));
+    QVERIFY(!m_root->hasSelectedKeys());
+    // The row is asked first: those above follow all the same.
+    QVERIFY(m_y->moveKeys({0}, {6}));
+    QCOMPARE(timesOf(*m_rowY), Times({6}));
+    QCOMPARE(timesOf(*m_root), Times({0, 6, 20}));
+}
+
+// At the end of a block properties report one after the other: whoever listens to the first one
+// sees the present keys of all.
+void TestDopeSheetItem::showsPresentKeysWhileOthersReport()
+{
+    makeTree({0, 10}, {5});
+    QCOMPARE(m_root->keyCount(), 3);
+    Times seen;
+    Times seenY;
+    connect(m_x, &VxProperty::valueChanged, this, [&] {
+        seenY = timesOf(*m_rowY);
+        seen = timesOf(*m_root);
+    });
+    {
+        const VxChangeBlock block;
+        QVERIFY(m_x->moveKeys({1}, {20}));
+        QVERIFY(m_y->moveKeys({0}, {6}));
+    }
+    QCOMPARE(seenY, Times({6}));
+    QCOMPARE(seen, Times({0, 6, 20}));
+}
+
+void TestDopeSheetItem::suppressedRowsKeepTheirKeysWithinAChangeBlock()
+{
+    makeTree({0, 10}, {5});
+    QCOMPARE(m_root->keyCount(), 3);
+    {
+        const VxChangeBlock block;
+        m_rowX->setSuppressKeyChanges(true);
+        QVERIFY(m_x->moveKeys({1}, {20}));
+        QCOMPARE(timesOf(*m_rowX), Times({0, 10}));
+        QCOMPARE(timesOf(*m_root), Times({0, 5, 10}));
+    }
+    m_rowX->setSuppressKeyChanges(false);
+    QCOMPARE(timesOf(*m_rowX), Times({0, 10}));
+    m_rowX->invalidateKeys();
+    QCOMPARE(timesOf(*m_root), Times({0, 5, 20}));
 }
 
 void TestDopeSheetItem::groupsDeleteNothing()

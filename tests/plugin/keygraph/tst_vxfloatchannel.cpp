@@ -3,11 +3,31 @@
 
 #include <vxcore/vxstyle.h>
 
+#include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <limits>
 
 using namespace KeyDrawing;
+
+namespace {
+
+struct Move
+{
+    int index;
+    VxTime time;
+    double value;
+};
+
+bool moveKeys(VxKeyGraphChannel &channel, const QVector<Move> &moves)
+{
+    QVector<KeyGraphDrag::Move> scaled;
+    for (const Move &move : moves)
+        scaled.append({move.index, move.time, move.value, channel.getKeys().displayScale});
+    return KeyGraphDrag::moveKeys({&channel}, scaled);
+}
+
+} // namespace
 
 class TestFloatChannel : public QObject, private KeyGraphTest
 {
@@ -119,7 +139,7 @@ void TestFloatChannel::percentageIsAHundredfold()
     channel.setKey(0, 320, 100.0);
     QCOMPARE(property->getKeyTime(0), 320);
     QCOMPARE(property->getKeyValue(0), 1.0f);
-    QVERIFY(channel.moveKeys({{0, 640, 60.0}}));
+    QVERIFY(moveKeys(channel, {{0, 640, 60.0}}));
     QCOMPARE(property->getKeyValue(0), 0.6f);
 }
 
@@ -154,7 +174,7 @@ void TestFloatChannel::valuesThatDoNotFitAreRefused()
     for (const double value : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN()}) {
         channel.setKeyValue(0, value);
         channel.setKey(0, 800, value);
-        channel.moveKeys({{0, 800, value}});
+        moveKeys(channel, {{0, 800, value}});
         QCOMPARE(timesOf(property), QVector<int>({160, 480}));
         QCOMPARE(property->getKeyValue(0), 1.0f);
     }
@@ -165,11 +185,11 @@ void TestFloatChannel::oneThatDoesNotFitHoldsNobodyUp()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
     VxFloatChannel channel(property, nullptr);
-    QVERIFY(channel.moveKeys({{0, 0, 5.0}, {1, 160, 1e39}, {2, 320, 7.0}}));
+    QVERIFY(moveKeys(channel, {{0, 0, 5.0}, {1, 160, 1e39}, {2, 320, 7.0}}));
     QCOMPARE(property->getKeyValue(0), 5.0f);
     QCOMPARE(property->getKeyValue(1), 1.0f);
     QCOMPARE(property->getKeyValue(2), 7.0f);
-    QVERIFY(channel.moveKeys({{2, 480, 8.0}, {1, 320, -1e39}, {0, 160, 6.0}}));
+    QVERIFY(moveKeys(channel, {{2, 480, 8.0}, {1, 320, -1e39}, {0, 160, 6.0}}));
     QCOMPARE(timesOf(property), QVector<int>({159, 160, 480}));
 }
 
@@ -251,7 +271,7 @@ void TestFloatChannel::moves()
             addProperty(many ? QStringLiteral("A") : QStringLiteral("B")), qPrintable(before), 1);
         VxFloatChannel channel(property, nullptr);
         if (many)
-            channel.moveKeys({{index, time, 99.0}});
+            moveKeys(channel, {{index, time, 99.0}});
         else
             channel.setKey(index, time, 99.0);
         QCOMPARE(timesOf(property), after);
@@ -280,7 +300,7 @@ void TestFloatChannel::movedKeysKeepTheirShape()
     property->setKey(160, 2.0f, VxKeyInterp::Constant);
     VxFloatChannel channel(property, nullptr);
     channel.setKey(0, 480, 3.0);
-    QVERIFY(channel.moveKeys({{0, 640, 4.0}}));
+    QVERIFY(moveKeys(channel, {{0, 640, 4.0}}));
     float tension = 0, continuity = 0, bias = 0;
     QCOMPARE(timesOf(property), QVector<int>({480, 640}));
     QCOMPARE(property->getKeyInterpolationType(0, &tension, &continuity, &bias), 2);
@@ -300,7 +320,7 @@ void TestFloatChannel::movedKeysTakeTheirStartAlong()
     QCOMPARE(channel.getKeyCache().at(1).time, 480);
     QCOMPARE(channel.getKeyCache().at(1).dragStartTime, 0);
     QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 0.0);
-    QVERIFY(channel.moveKeys({{1, 960, 9.0}}));
+    QVERIFY(moveKeys(channel, {{1, 960, 9.0}}));
     QCOMPARE(selectedOf(channel), QVector<int>{2});
     QCOMPARE(channel.getKeyCache().at(2).dragStartTime, 0);
 }
@@ -327,7 +347,7 @@ void TestFloatChannel::movesMayCross()
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
     VxFloatChannel channel(property, nullptr);
     select(channel, {0});
-    QVERIFY(channel.moveKeys({{0, 800, 10.0}, {1, 480, 11.0}}));
+    QVERIFY(moveKeys(channel, {{0, 800, 10.0}, {1, 480, 11.0}}));
     QCOMPARE(timesOf(property), QVector<int>({320, 480, 800}));
     QCOMPARE(property->getKeyValue(0), 2.0f);
     QCOMPARE(property->getKeyValue(1), 11.0f);
@@ -342,8 +362,8 @@ void TestFloatChannel::lockedKeysStay()
     VxFloatChannel channel(property, nullptr);
     channel.selectKey(0, true);
     channel.setKey(0, 400, 5.0);
-    QVERIFY(!channel.moveKeys({{0, 400, 5.0}}));
-    QVERIFY(!channel.moveKeys({{0, 0, 5.0}}));
+    QVERIFY(!moveKeys(channel, {{0, 400, 5.0}}));
+    QVERIFY(!moveKeys(channel, {{0, 0, 5.0}}));
     QCOMPARE(timesOf(property), QVector<int>({0, 320, 640}));
     QCOMPARE(selectedOf(channel), QVector<int>{0});
 }

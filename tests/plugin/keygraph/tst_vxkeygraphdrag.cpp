@@ -24,6 +24,8 @@ private Q_SLOTS:
     void dragOfNeighbours();
     void dragBackRestoresEverything();
     void dragOfSeveralChannels();
+    void dragOfAPropertyAndItsAlias_data();
+    void dragOfAPropertyAndItsAlias();
     void dragOfAPercentage();
     void altDragMovesTheRest();
     void undoAndRedo();
@@ -206,6 +208,43 @@ void TestKeyGraphDrag::dragOfSeveralChannels()
     QCOMPARE(frames(x()), QVector<int>({3, 6}));
     QCOMPARE(frames(y()), QVector<int>({8, 10}));
     QCOMPARE(undoTexts(), QStringList{"Move Keys"});
+}
+
+void TestKeyGraphDrag::dragOfAPropertyAndItsAlias_data()
+{
+    QTest::addColumn<bool>("overridden"); // else an alias
+    QTest::addColumn<bool>("aliasFirst");
+    for (const bool overridden : {false, true}) {
+        for (const bool first : {false, true})
+            QTest::addRow("%s %s", overridden ? "overridden by a control," : "an alias,",
+                          first ? "the dependent one first" : "the holder first")
+                << overridden << first;
+    }
+}
+
+// Both show the same keys, both have the key selected: it moves once, and no other key moves.
+void TestKeyGraphDrag::dragOfAPropertyAndItsAlias()
+{
+    QFETCH(bool, overridden);
+    QFETCH(bool, aliasFirst);
+    for (const VxTime time : {1600, 3200, 8000})
+        x()->setKey(time, 5.0f, VxKeyInterp::Linear);
+    VxFloatProperty *other = addProperty(QStringLiteral("Other"));
+    QVERIFY(overridden ? other->setOverridingControl(x()) : other->setAliasedProperty(x()));
+    showProperties(aliasFirst ? QVector<VxProperty *>{other, x()}
+                              : QVector<VxProperty *>{x(), other});
+    const QPoint start = placeOfKey(x(), 0);
+    m_mouse->drag(start - QPoint(12, 12), start + QPoint(12, 12));
+    QCOMPARE(selected(0), QVector<int>{0});
+    QCOMPARE(selected(1), QVector<int>{0});
+    m_mouse->press(start);
+    m_mouse->moveTo(start + QPoint(200, 0));
+    m_mouse->release(start + QPoint(200, 0));
+    QCOMPARE(timesOf(x()), QVector<int>({3200, 4800, 8000}));
+    QCOMPARE(selected(0), QVector<int>{1});
+    QCOMPARE(selected(1), QVector<int>{1});
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(timesOf(x()), QVector<int>({1600, 3200, 8000}));
 }
 
 void TestKeyGraphDrag::dragOfAPercentage()

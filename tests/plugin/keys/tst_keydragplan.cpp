@@ -4,42 +4,12 @@
 #include <QtCore/QRandomGenerator>
 
 #include "vxtimeline/keygraph/keydragplan.h"
+#include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <algorithm>
 
 using namespace KeyDragPlan;
-
-namespace {
-
-std::vector<VxTime> placed(const std::vector<VxTime> &keys, std::vector<Move> moves)
-{
-    placeKeys(keys.data(), int(keys.size()), moves.data(), int(moves.size()));
-    std::vector<VxTime> times;
-    for (const Move &move : moves)
-        times.push_back(move.time);
-    return times;
-}
-
-// Moves one key after the other, searching all keys each time: what placeKeys() must agree with.
-std::vector<VxTime> placeOneByOne(std::vector<VxTime> times, const std::vector<Move> &moves)
-{
-    std::vector<VxTime> result;
-    for (const Move &move : moves) {
-        VxTime &own = times[std::size_t(move.index)];
-        VxTime target = move.time;
-        const auto taken = [&](VxTime time) {
-            return time != own && std::count(times.begin(), times.end(), time) > 0;
-        };
-        while (taken(target))
-            target += target > own ? -1 : 1;
-        own = target;
-        result.push_back(target);
-    }
-    return result;
-}
-
-} // namespace
 
 class TestKeyDragPlan : public QObject, private KeyGraphTest
 {
@@ -52,11 +22,7 @@ private Q_SLOTS:
     void oneAxisKeepsTheLonger();
     void times_data();
     void times();
-    void places_data();
-    void places();
-    void agreesWithOneByOne();
     void manyMovesAreOneByOne();
-    void farEndsDoNotOverflow();
 };
 
 void TestKeyDragPlan::oneAxisKeepsTheLonger()
@@ -91,50 +57,6 @@ void TestKeyDragPlan::times()
     QTEST(draggedTime(start, ticks, step), "time");
 }
 
-void TestKeyDragPlan::places_data()
-{
-    QTest::addColumn<std::vector<VxTime>>("keys");
-    QTest::addColumn<std::vector<VxTime>>("targets"); // from the last key to the first
-    QTest::addColumn<std::vector<VxTime>>("places");
-    using Times = std::vector<VxTime>;
-    QTest::newRow("nothing moves") << Times{0, 5} << Times{5, 0} << Times{5, 0};
-    QTest::newRow("all by one") << Times{0, 1, 2} << Times{3, 2, 1} << Times{3, 2, 1};
-    QTest::newRow("all onto one") << Times{0, 1, 2} << Times{9, 9, 9} << Times{9, 8, 7};
-    QTest::newRow("crowded from both sides") << Times{0, 20} << Times{10, 10} << Times{10, 9};
-}
-
-void TestKeyDragPlan::places()
-{
-    QFETCH(std::vector<VxTime>, keys);
-    QFETCH(std::vector<VxTime>, targets);
-    QFETCH(std::vector<VxTime>, places);
-    std::vector<Move> moves;
-    for (int i = int(keys.size()) - 1; i >= 0; --i)
-        moves.push_back({i, targets[keys.size() - 1 - std::size_t(i)], 0.0});
-    QCOMPARE(placed(keys, moves), places);
-}
-
-void TestKeyDragPlan::agreesWithOneByOne()
-{
-    QRandomGenerator random(7);
-    for (int round = 0; round < 3000; ++round) {
-        std::vector<VxTime> keys;
-        VxTime time = random.bounded(-40, 0);
-        for (int i = random.bounded(1, 14); i > 0; --i)
-            keys.push_back(time += random.bounded(1, 6));
-        const VxTime offset = random.bounded(-25, 25);
-        const int step = random.bounded(1, 8);
-        std::vector<Move> moves;
-        for (int i = 0; i < int(keys.size()); ++i) {
-            if (random.bounded(3) > 0)
-                moves.push_back({i, draggedTime(keys[std::size_t(i)], offset, step), 0.0});
-        }
-        if (random.bounded(2))
-            std::reverse(moves.begin(), moves.end());
-        QCOMPARE(placed(keys, moves), placeOneByOne(keys, moves));
-    }
-}
-
 // Moving many keys at once leaves the keys, their shapes, the selection and the starts of the drag
 // as moving them one by one does.
 void TestKeyDragPlan::manyMovesAreOneByOne()
@@ -159,17 +81,14 @@ void TestKeyDragPlan::manyMovesAreOneByOne()
             manyChannel.selectKey(i, selected);
         }
         const int offset = random.bounded(-12, 12);
-        QVector<Move> moves;
-        for (int i = 0; i < one.getNumKeys(); ++i) {
-            const VxKeyGraphKey &key = oneChannel.getKeyCache().at(i);
-            if (key.selected)
-                moves.append({i, key.dragStartTime + offset, key.dragStartValue + 1.0});
+        const QVector<VxKeyGraphKey> before = oneChannel.getKeyCache();
+        for (int n = 0; n < before.size(); ++n) {
+            const int i = offset >= 0 ? before.size() - 1 - n : n;
+            if (before.at(i).selected)
+                oneChannel.setKey(i, before.at(i).dragStartTime + offset,
+                                  before.at(i).dragStartValue + 1.0);
         }
-        if (offset >= 0)
-            std::reverse(moves.begin(), moves.end());
-        for (const Move &move : qAsConst(moves))
-            oneChannel.setKey(move.index, move.time, move.value);
-        manyChannel.moveKeys(moves);
+        KeyGraphDrag::moveSelected({&manyChannel}, {offset, 1.0, 0, offset >= 0});
 
         QCOMPARE(KeyDrawing::timesOf(&many), KeyDrawing::timesOf(&one));
         QCOMPARE(KeyDrawing::selectedOf(manyChannel), KeyDrawing::selectedOf(oneChannel));
@@ -185,15 +104,6 @@ void TestKeyDragPlan::manyMovesAreOneByOne()
                      oneChannel.getKeyCache().at(i).dragStartTime);
         }
     }
-}
-
-void TestKeyDragPlan::farEndsDoNotOverflow()
-{
-    const std::vector<VxTime> keys = {VxTimeMin, 0, VxTimeMax};
-    const std::vector<Move> later = {{1, VxTimeMax, 0.0}, {0, VxTimeMax, 0.0}};
-    QCOMPARE(placed(keys, later), (std::vector<VxTime>{VxTimeMax - 1, VxTimeMax - 2}));
-    const std::vector<Move> earlier = {{1, VxTimeMin, 0.0}, {2, VxTimeMin, 0.0}};
-    QCOMPARE(placed(keys, earlier), (std::vector<VxTime>{VxTimeMin + 1, VxTimeMin + 2}));
 }
 
 VX_TEST_MAIN(TestKeyDragPlan)

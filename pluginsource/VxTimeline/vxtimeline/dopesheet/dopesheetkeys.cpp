@@ -6,6 +6,8 @@
 #include <numeric>
 #include <vector>
 
+#include "vxtimeline/keys/keyspans.h"
+
 namespace {
 
 // Compared at once; entries.
@@ -177,6 +179,32 @@ void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCoun
         ++selectedCount;
     }
     dropFlagsOfNone();
+}
+
+void DopeSheetKeys::selectOnlySpans(const std::vector<VxKeySpan> &spans)
+{
+    selectedCount = 0;
+    flags.clear();
+    if (spans.empty())
+        return;
+    quint8 *all = flagsToWrite();
+    for (const VxKeySpan &span : spans) {
+        const int first = std::clamp(span.first, 0, count());
+        const int last = std::clamp(span.last, first, count());
+        std::fill(all + first, all + last, quint8(Selected));
+        selectedCount += last - first;
+    }
+    dropFlagsOfNone();
+}
+
+std::vector<VxKeySpan> DopeSheetKeys::selectedSpans() const
+{
+    if (selectedCount == 0)
+        return {};
+    if (selectedCount == count())
+        return {{0, count()}};
+    const quint8 *all = flags.constData();
+    return KeySpans::ofFlags(count(), [all](int i) { return all[i] & Selected; });
 }
 
 QVector<int> DopeSheetKeys::selectedIndexes() const

@@ -2,6 +2,8 @@
 #define DOPESHEETKEYS_H
 
 #include <QtCore/QVector>
+#include <vector>
+#include <vxcore/vxkeyspan.h>
 #include <vxcore/vxtime.h>
 
 // The keys that one row shows: their times, and which of them are selected.
@@ -42,7 +44,10 @@ public:
     // others.
     void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
                             int selectedTimeCount);
+    // Selects the keys of ascending spans and no others; what lies outside is ignored.
+    void selectOnlySpans(const std::vector<VxKeySpan> &spans);
     QVector<int> selectedIndexes() const;
+    std::vector<VxKeySpan> selectedSpans() const;
     QVector<VxTime> selectedTimes() const;
 
     static int countSelected(const quint8 *flags, int flagCount);

@@ -172,7 +172,16 @@ bool VxDopeSheetItem::isSuppressingKeyChanges() const
 
 void VxDopeSheetItem::setSuppressKeyChanges(bool suppress)
 {
+    if (d->suppressesKeyChanges == suppress)
+        return;
     d->suppressesKeyChanges = suppress;
+    if (!d->property)
+        return;
+    // What changed meanwhile does not make the keys invalid later, either.
+    if (suppress)
+        d->revisionWhenSuppressed = d->property->keyRevision();
+    else if (d->revision == d->revisionWhenSuppressed)
+        d->revision = d->property->keyRevision();
 }
 
 void VxDopeSheetItem::handleValueChanged(VxTimeRange range)

@@ -5,6 +5,8 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 #include <memory>
+#include <vector>
+#include <vxcore/vxkeyspan.h>
 #include <vxcore/vxtimerange.h>
 
 class VxNode;
@@ -82,6 +84,9 @@ public:
     // Selects the keys of the property at the given times (ascending) and no others: after keys
     // have been moved, because a selection stays by itself only where times do. Property rows only.
     void selectOnlyKeysAt(const VxTime *times, int count);
+    // Selects the keys of these spans and no others. Property rows only.
+    void selectOnlySpans(const std::vector<VxKeySpan> &spans);
+    std::vector<VxKeySpan> selectedKeySpans() const;
     // The indexes of the selected keys, ascending.
     QVector<int> selectedKeyIndexes() const;
 

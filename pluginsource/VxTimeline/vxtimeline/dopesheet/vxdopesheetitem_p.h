@@ -32,6 +32,12 @@ public:
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above
     bool isKept = false;  // keys are those that were gathered
     DopeSheetKeys keys;
+    // For property rows: the revision of the property's keys that `keys` shows, and the one that
+    // the property had when changes began to be suppressed.
+    quint64 revision = 0;
+    quint64 revisionWhenSuppressed = 0;
+    // For the rows above: the latest revision of any keys at which those below were current.
+    quint64 checkedRevision = 0;
     QVector<VxTime> savedTimes;
     // How many keys are selected in this row, if it is a property's, and in all such rows below,
     // by what these last knew of their keys.
@@ -45,6 +51,10 @@ public:
     bool isGroup() const { return !property && !node; }
     void renumber(int from);
     void addSelected(qint64 difference);
+    // Within a change block the property's keys may differ before it reports that they do.
+    bool showsPresentKeys() const;
+    // The same for all rows below.
+    bool showsPresentKeysBelow();
     // Makes the keys valid, those of the rows below first.
     void update();
     // Appends the keys of the rows below, made valid, that together are this row's.

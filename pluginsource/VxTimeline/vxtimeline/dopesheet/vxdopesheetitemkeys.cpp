@@ -23,18 +23,40 @@ void VxDopeSheetItem::Private::addSelected(qint64 difference)
         item->d->selectedBelow += difference;
 }
 
+bool VxDopeSheetItem::Private::showsPresentKeys() const
+{
+    return suppressesKeyChanges || revision == property->keyRevision();
+}
+
+bool VxDopeSheetItem::Private::showsPresentKeysBelow()
+{
+    if (property)
+        return showsPresentKeys();
+    if (checkedRevision == VxProperty::latestKeyRevision())
+        return true;
+    for (const VxDopeSheetItem *item : qAsConst(children)) {
+        if (!item->d->showsPresentKeysBelow())
+            return false;
+    }
+    checkedRevision = VxProperty::latestKeyRevision();
+    return true;
+}
+
+// The rows above are still valid when the property has not reported its change yet.
 void VxDopeSheetItem::Private::updateFromProperty()
 {
+    if (isValid && parent && revision != property->keyRevision())
+        parent->invalidateKeys();
+    revision = property->keyRevision();
     const int before = keys.selectedCount;
     keys.takeTimes(property->getKeyTimes(), property->getNumKeys());
     isValid = isKept = true;
     addSelected(keys.selectedCount - before);
 }
 
-// Within a change block properties tell of their changes later.
 void VxDopeSheetItem::Private::updateForEdit()
 {
-    if (!isValid || VxChangeBlock::isActive())
+    if (!isValid || revision != property->keyRevision())
         updateFromProperty();
 }
 
@@ -48,12 +70,13 @@ void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
 // What a row without property shows does not count as selected: the rows below have counted it.
 void VxDopeSheetItem::Private::update()
 {
-    if (isValid && isKept)
-        return;
     if (property) {
-        updateFromProperty();
+        if (!isValid || !isKept || !showsPresentKeys())
+            updateFromProperty();
         return;
     }
+    if (isValid && isKept && (!VxChangeBlock::hasUnsentReports() || showsPresentKeysBelow()))
+        return;
     KeysOfRows rows;
     gather(&rows);
     keys = uniteKeys(rows.constData(), rows.size());
@@ -205,8 +228,26 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
     const int before = d->keys.selectedCount;
     d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), times, count);
     d->isValid = d->isKept = true;
+    d->revision = d->property->keyRevision();
     d->selectionEdited(before);
     Q_EMIT keysChanged();
+}
+
+void VxDopeSheetItem::selectOnlySpans(const std::vector<VxKeySpan> &spans)
+{
+    if (!d->property)
+        return;
+    d->updateForEdit();
+    const int before = d->keys.selectedCount;
+    d->keys.selectOnlySpans(spans);
+    d->selectionEdited(before);
+    Q_EMIT keysChanged();
+}
+
+std::vector<VxKeySpan> VxDopeSheetItem::selectedKeySpans() const
+{
+    d->update();
+    return d->keys.selectedSpans();
 }
 
 QVector<int> VxDopeSheetItem::selectedKeyIndexes() const

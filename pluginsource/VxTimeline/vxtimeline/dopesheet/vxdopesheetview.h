@@ -5,6 +5,7 @@
 #include <QtCore/QVector>
 #include <QtWidgets/QTreeView>
 #include <memory>
+#include <vxcore/vxkeyselection.h>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxtime.h>
 
@@ -86,6 +87,16 @@ public:
     bool hasContextItem() const;
     bool hasItemSelection() const;
     bool hasSelectedKeys() const;
+    // Whether any of them can be edited: it is in a row that the text filter shows, open or closed,
+    // and its property is not locked. Else why not.
+    enum EditableKeys { SomeEditable, NoneSelected, AllFilteredOut, AllLocked };
+    EditableKeys getEditableKeys() const;
+    // The selected keys of all rows, filtered out or not: one entry a key holder.
+    VxKeySelectionEntries getKeyEntries() const;
+    std::vector<VxKeySpan> getKeySpansOf(VxProperty *holder) const;
+    // Selects exactly these keys in all rows of their holders; with clearsOthers no keys of others
+    // stay selected. The key graph is not informed.
+    void selectKeyEntries(const VxKeySelectionEntries &entries, bool clearsOthers);
     bool hasCopiedKeys() const;
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const;

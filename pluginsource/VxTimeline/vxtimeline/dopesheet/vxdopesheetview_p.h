@@ -115,7 +115,9 @@ public:
 
     // The items that show a property, usually one, whether the filter shows them or not.
     const QVector<VxDopeSheetItem *> &itemsOf(VxProperty *property);
-    // Called when rows have come, gone or are about to go.
+    // The items that show the keys of a holder: its own, and those of its aliases.
+    const QVector<VxDopeSheetItem *> &itemsOfHolder(const VxProperty *holder);
+    // Called when rows were inserted, removed or are about to be removed.
     void forgetItems();
 
     // Calls visit(VxDopeSheetItem *) for the properties' rows that have selected keys, whether they
@@ -186,6 +188,8 @@ private:
 
     QPointer<const VxDopeSheetModel> m_indexedModel; // null when m_items is to be made anew
     QHash<VxProperty *, QVector<VxDopeSheetItem *>> m_items;
+    quint64 m_indexedHolders = 0; // see VxProperty::latestHolderRevision()
+    QHash<const VxProperty *, QVector<VxDopeSheetItem *>> m_itemsByHolder;
 };
 
 // A row that has no selected key below it is not looked into.

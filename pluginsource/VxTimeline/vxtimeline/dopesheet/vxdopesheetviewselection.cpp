@@ -277,6 +277,8 @@ VxKeyCommunication *VxDopeSheetView::getKeyCommunication() const
 void VxDopeSheetView::Private::forgetItems()
 {
     m_items.clear();
+    m_itemsByHolder.clear();
+    m_indexedHolders = 0;
     m_indexedModel = nullptr;
 }
 

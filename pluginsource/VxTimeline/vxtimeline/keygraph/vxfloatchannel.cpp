@@ -1,14 +1,15 @@
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyedit.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/keygraph/keymoveapplier.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ class VxFloatChannel::Private
 public:
     bool isKey(int index) const { return index >= 0 && index < property->getNumKeys(); }
     // As the property keeps it; not finite when it does not fit.
-    float stored(double value) const { return KeyMoveApplier::narrowed(value / displayScale); }
+    float stored(double value) const { return VxFloatChannel::narrowed(value / displayScale); }
     VxTcb tcb(int index) const
     {
         VxTcb result;
@@ -66,6 +67,13 @@ VxFloatChannel::VxFloatChannel(VxFloatProperty *property, VxKeyCommunication *ke
 }
 
 VxFloatChannel::~VxFloatChannel() = default;
+
+float VxFloatChannel::narrowed(double value)
+{
+    if (!(std::abs(value) <= double(std::numeric_limits<float>::max())))
+        return std::numeric_limits<float>::quiet_NaN();
+    return static_cast<float>(value);
+}
 
 VxProperty *VxFloatChannel::getProperty() const
 {
@@ -150,7 +158,9 @@ void VxFloatChannel::setKey(int index, VxTime time, double value)
         setKeyValue(index, value);
         return;
     }
-    const VxTime target = KeyDragPlan::freeTime(before.times, before.count, index, time);
+    const VxTime target =
+        vxPlanKeyTimes(before.times, before.count, {&index, &time, 1, nullptr}, VxCollision::Nudge)
+            .front();
     QVector<VxKeyGraphKey> records = getKeyCache();
     const VxKeyGraphKey moved = records.at(index);
     const int neighbour = time < moved.time ? index - 1 : index + 1;
@@ -206,7 +216,7 @@ void VxFloatChannel::setKeyTension(int index, double tension)
     if (!d->isKey(index))
         return;
     VxTcb tcb = d->tcb(index);
-    tcb.tension = KeyMoveApplier::narrowed(tension);
+    tcb.tension = VxFloatChannel::narrowed(tension);
     d->setShape(index, getKeyInterpolation(index), tcb);
 }
 
@@ -215,7 +225,7 @@ void VxFloatChannel::setKeyContinuity(int index, double continuity)
     if (!d->isKey(index))
         return;
     VxTcb tcb = d->tcb(index);
-    tcb.continuity = KeyMoveApplier::narrowed(continuity);
+    tcb.continuity = VxFloatChannel::narrowed(continuity);
     d->setShape(index, getKeyInterpolation(index), tcb);
 }
 
@@ -224,7 +234,7 @@ void VxFloatChannel::setKeyBias(int index, double bias)
     if (!d->isKey(index))
         return;
     VxTcb tcb = d->tcb(index);
-    tcb.bias = KeyMoveApplier::narrowed(bias);
+    tcb.bias = VxFloatChannel::narrowed(bias);
     d->setShape(index, getKeyInterpolation(index), tcb);
 }
 
@@ -248,15 +258,6 @@ void VxFloatChannel::getValues(const VxTime *times, int count, double *values) c
     d->property->getValues(times, count, plain.data());
     std::transform(plain.begin(), plain.end(), values,
                    [this](float value) { return double(value) * d->displayScale; });
-}
-
-bool VxFloatChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
-{
-    KeyMoveApplier applier(d->property, d->displayScale);
-    if (!applier.apply(moves, getKeyCache()))
-        return false;
-    setKeyCache(applier.takeRecords());
-    return true;
 }
 
 QString VxFloatChannel::getUnit() const

@@ -17,6 +17,9 @@ public:
     VxFloatChannel(VxFloatProperty *property, VxKeyCommunication *keyBus);
     ~VxFloatChannel() override;
 
+    // Single precision; not finite when it does not fit.
+    static float narrowed(double value);
+
     VxProperty *getProperty() const override;
     QString getLabel() const override;
     QStringList getPath() const override;
@@ -41,7 +44,6 @@ public:
 
     KeyGraphKeys getKeys() const override;
     void getValues(const VxTime *times, int count, double *values) const override;
-    bool moveKeys(const QVector<KeyDragPlan::Move> &moves) override;
     // Per cent, or degrees for a node's rotation.
     QString getUnit() const override;
 

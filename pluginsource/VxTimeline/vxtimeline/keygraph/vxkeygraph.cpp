@@ -51,11 +51,12 @@ public:
 
     VxKeyGraph *const q;
     QVector<VxKeyGraphChannel *> channels;
-    QSet<const VxProperty *> shown;               // the channels' properties
+    QHash<const VxProperty *, QVector<VxKeyGraphChannel *>> channelsByHolder;
+    quint64 indexedHolders = 0;     // see VxProperty::latestHolderRevision(); 0: to be indexed
+    QSet<const VxProperty *> shown; // the channels' properties
     QVector<QMetaObject::Connection> connections; // those of all channels
     // During a rebuild: the keys of the channels from before, with their selection.
     QHash<const VxProperty *, QVector<VxKeyGraphKey>> formerKeys;
-    const std::shared_ptr<quint32> keyRevision = std::make_shared<quint32>(0);
     QPointer<VxSideNavPropertyListView> parametersView;
     QPointer<VxPane> dopesheetPane;
     bool dopesheetConnected = false;
@@ -83,8 +84,8 @@ void VxKeyGraph::Private::addChannel(VxProperty *property)
             connections += connect(owner, &VxElement::aboutToBeRemoved, q,
                                    &VxKeyGraph::handlePropertyAboutToBeRemoved);
     }
+    indexedHolders = 0;
     channels.append(new VxFloatChannel(floatProperty, keyBus));
-    channels.last()->setKeyRevision(keyRevision);
     channels.last()->restoreKeyCache(formerKeys.value(property));
 }
 
@@ -101,6 +102,8 @@ void VxKeyGraph::Private::clearChannels()
 {
     const QVector<VxKeyGraphChannel *> former = std::exchange(channels, {});
     shown.clear();
+    channelsByHolder.clear();
+    indexedHolders = 0;
     for (const QMetaObject::Connection &connection : std::exchange(connections, {}))
         QObject::disconnect(connection);
     qDeleteAll(former);
@@ -229,6 +232,17 @@ QVector<VxKeyGraphChannel *> VxKeyGraph::getChannels() const
     return d->channels;
 }
 
+QVector<VxKeyGraphChannel *> VxKeyGraph::getChannelsOf(const VxProperty *holder) const
+{
+    if (d->indexedHolders != VxProperty::latestHolderRevision()) {
+        d->channelsByHolder.clear();
+        for (VxKeyGraphChannel *channel : qAsConst(d->channels))
+            d->channelsByHolder[channel->getProperty()->getKeyHolder()].append(channel);
+        d->indexedHolders = VxProperty::latestHolderRevision();
+    }
+    return d->channelsByHolder.value(holder);
+}
+
 void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
 {
     Q_UNUSED(node)
@@ -237,7 +251,6 @@ void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)
-    ++*d->keyRevision; // makes every channel's cache invalid
     Q_EMIT channelsChanged();
 }
 

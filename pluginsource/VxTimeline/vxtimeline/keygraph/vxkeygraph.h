@@ -44,6 +44,8 @@ public:
 
     // The channels in their order; owned by the graph.
     QVector<VxKeyGraphChannel *> getChannels() const;
+    // Those that show the keys of a holder: its own, and those of its aliases.
+    QVector<VxKeyGraphChannel *> getChannelsOf(const VxProperty *holder) const;
 
 Q_SIGNALS:
     void channelsChanged();

@@ -1,28 +1,22 @@
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 #include <algorithm>
-#include <utility>
+#include <vxcore/vxproperty.h>
 
+#include "vxtimeline/keys/keyspans.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 
 class VxKeyGraphChannel::Private
 {
 public:
     bool isKey(int index) const { return index >= 0 && index < keyCache.size(); }
-    bool isValid() const { return cacheValid && (!revision || *revision == cachedRevision); }
-    void setValid()
-    {
-        cacheValid = true;
-        cachedRevision = revision ? *revision : 0;
-    }
     bool hasTimesOf(const KeyGraphKeys &keys) const;
     void rebuild(const KeyGraphKeys &keys);
     void setSelected(const QVector<qint32> &indexes, bool selected);
 
     VxKeyCommunication *keyBus = nullptr;
     bool cacheValid = false;
-    quint32 cachedRevision = 0;
-    std::shared_ptr<const quint32> revision; // null for none
+    quint64 cachedRevision = 0; // of the property's keys
     QVector<VxKeyGraphKey> keyCache;
 };
 
@@ -37,7 +31,6 @@ bool VxKeyGraphChannel::Private::hasTimesOf(const KeyGraphKeys &keys) const
 // values changed, or the channel has moved the keys itself.
 void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
 {
-    setValid();
     if (hasTimesOf(keys))
         return;
     QVector<VxKeyGraphKey> fresh(keys.count);
@@ -121,13 +114,6 @@ void VxKeyGraphChannel::getValues(const VxTime *times, int count, double *values
         values[i] = getValue(times[i]);
 }
 
-bool VxKeyGraphChannel::moveKeys(const QVector<KeyDragPlan::Move> &moves)
-{
-    for (const KeyDragPlan::Move &move : moves)
-        setKey(move.index, move.time, move.value);
-    return !moves.isEmpty();
-}
-
 QString VxKeyGraphChannel::getUnit() const
 {
     return QString();
@@ -135,15 +121,20 @@ QString VxKeyGraphChannel::getUnit() const
 
 const QVector<VxKeyGraphKey> &VxKeyGraphChannel::getKeyCache() const
 {
-    if (!d->isValid() || d->keyCache.size() != getNumKeys())
+    const quint64 revision = getProperty()->keyRevision();
+    if (!d->cacheValid || d->cachedRevision != revision) {
         d->rebuild(getKeys());
+        d->cacheValid = true;
+        d->cachedRevision = revision;
+    }
     return d->keyCache;
 }
 
 void VxKeyGraphChannel::setKeyCache(QVector<VxKeyGraphKey> keys)
 {
     d->keyCache.swap(keys);
-    d->setValid();
+    d->cacheValid = true;
+    d->cachedRevision = getProperty()->keyRevision();
 }
 
 bool VxKeyGraphChannel::isKeySelected(int index) const
@@ -154,12 +145,6 @@ bool VxKeyGraphChannel::isKeySelected(int index) const
 
 void VxKeyGraphChannel::invalidateKeyCache()
 {
-    d->cacheValid = false;
-}
-
-void VxKeyGraphChannel::setKeyRevision(std::shared_ptr<const quint32> revision)
-{
-    d->revision = std::move(revision);
     d->cacheValid = false;
 }
 
@@ -195,6 +180,28 @@ void VxKeyGraphChannel::deselectAllKeys()
     getKeyCache();
     for (VxKeyGraphKey &key : d->keyCache)
         key.selected = false;
+}
+
+void VxKeyGraphChannel::selectOnlySpans(const std::vector<VxKeySpan> &spans)
+{
+    getKeyCache();
+    const KeyGraphKeys keys = getKeys();
+    for (VxKeyGraphKey &key : d->keyCache)
+        key.selected = false;
+    for (const VxKeySpan &span : spans) {
+        for (int i = qMax(span.first, 0); i < qMin(span.last, d->keyCache.size()); ++i) {
+            VxKeyGraphKey &key = d->keyCache[i];
+            key.selected = true;
+            key.dragStartTime = key.time;
+            key.dragStartValue = keys.value(i);
+        }
+    }
+}
+
+std::vector<VxKeySpan> VxKeyGraphChannel::getSelectedSpans() const
+{
+    const QVector<VxKeyGraphKey> &keys = getKeyCache();
+    return KeySpans::ofFlags(keys.size(), [&keys](int i) { return int(keys[i].selected); });
 }
 
 void VxKeyGraphChannel::publishSelection() const

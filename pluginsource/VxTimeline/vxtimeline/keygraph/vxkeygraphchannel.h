@@ -5,9 +5,10 @@
 #include <QtCore/QVector>
 #include <QtGui/QColor>
 #include <memory>
+#include <vector>
+#include <vxcore/vxkeyspan.h>
 #include <vxcore/vxtime.h>
 
-#include "vxtimeline/keygraph/keydragplan.h"
 #include "vxtimeline/keygraph/keygraphkeys.h"
 
 class VxKeyCommunication;
@@ -63,9 +64,6 @@ public:
     virtual KeyGraphKeys getKeys() const = 0;
     // The values at many ascending times.
     virtual void getValues(const VxTime *times, int count, double *values) const;
-    // Moves many keys, each as setKey() does and in the given order, without telling of the
-    // selection: whoever moves many keys publishes it once at the end. True when something changed.
-    virtual bool moveKeys(const QVector<KeyDragPlan::Move> &moves);
     // The sign of the unit in which values are shown, such as "%"; empty for none.
     virtual QString getUnit() const;
 
@@ -74,11 +72,9 @@ public:
     // The records, one a key; borrowed until the keys or the selection change.
     const QVector<VxKeyGraphKey> &getKeyCache() const;
     bool isKeySelected(int index) const;
-    // To be called when the property's keys changed.
+    // Makes the records anew when they are next asked for. Changes of the property's keys are
+    // noticed without.
     void invalidateKeyCache();
-    // A number that many channels watch: whenever it differs from what it was, the keys of all of
-    // them may have changed. It spares a walk over the channels for each of as many changes.
-    void setKeyRevision(std::shared_ptr<const quint32> revision);
     // Takes over the records that another channel of the property had, as far as its keys are
     // still there. Empty for none.
     void restoreKeyCache(const QVector<VxKeyGraphKey> &keys);
@@ -93,13 +89,16 @@ public:
     // Takes over a change of the selection from elsewhere; never tells.
     void applyKeyMessage(const VxKeyMessage &message);
 
+    // Selects the keys of these spans and no others, without publishing.
+    void selectOnlySpans(const std::vector<VxKeySpan> &spans);
+    std::vector<VxKeySpan> getSelectedSpans() const;
+
     // Remembers the selection as it is at a press, and where the selected keys are.
     void refreshDragStart();
     // Gives the keys within the box the flag, all others what they had at the press, and tells of
     // the keys that changed.
     void selectInBox(const KeyGraphBox &box, bool selected);
 
-protected:
     // Puts the records of keys that were just moved in the place of the former ones.
     void setKeyCache(QVector<VxKeyGraphKey> keys);
 

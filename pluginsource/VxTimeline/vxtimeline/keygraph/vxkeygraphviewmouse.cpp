@@ -11,6 +11,7 @@
 #include <vxcore/vxviewportmgr.h>
 
 #include "vxtimeline/keygraph/keydragplan.h"
+#include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview_p.h"
@@ -30,26 +31,6 @@ int viewOperationOf(const QMouseEvent *event)
     const VxViewportMgr *manager = window->getViewportMgr();
     return manager->getOperation(
         manager->getMouseBtnAccelerator(event->button(), event->modifiers()));
-}
-
-// Where a way of the mouse puts the selected keys, in the order of their indexes, or from the last
-// to the first. In the direction of the way the foremost key goes first, and none runs into one
-// that has yet to move.
-QVector<KeyDragPlan::Move> movesOf(const QVector<VxKeyGraphKey> &keys, VxTime deltaTime,
-                                   double deltaValue, VxTime timeStep, bool fromLast)
-{
-    QVector<KeyDragPlan::Move> moves;
-    const int count = keys.size();
-    moves.reserve(static_cast<int>(
-        std::count_if(keys.cbegin(), keys.cend(), [](const auto &key) { return key.selected; })));
-    for (int i = 0; i < count; ++i) {
-        const int index = fromLast ? count - 1 - i : i;
-        const VxKeyGraphKey &key = keys.at(index);
-        if (key.selected)
-            moves.append({index, KeyDragPlan::draggedTime(key.dragStartTime, deltaTime, timeStep),
-                          key.dragStartValue + deltaValue});
-    }
-    return moves;
 }
 
 void addActions(VxMenu *menu, const QVector<const char *> &classNames)
@@ -188,13 +169,13 @@ void VxKeyGraphView::Private::hover()
 void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
 {
     q->setCursor(Qt::PointingHandCursor);
-    QPointF way(currentPos - pressPos);
+    QPointF delta(currentPos - pressPos);
     if (modifiers & Qt::ShiftModifier)
-        way = KeyDragPlan::oneAxis(way);
-    const VxTime deltaTime = TimelineSnap::truncated(way.x() * scale.ticksPerPixel);
-    const double deltaValue = way.y() * scale.valuePerPixel;
+        delta = KeyDragPlan::oneAxis(delta);
+    const VxTime deltaTime = TimelineSnap::truncated(delta.x() * scale.ticksPerPixel);
+    const double deltaValue = delta.y() * scale.valuePerPixel;
     const bool fromLast = currentPos.x() >= previousPos.x();
-    const bool keepsTimes = (modifiers & Qt::ShiftModifier) && way.x() == 0.0;
+    const bool keepsTimes = (modifiers & Qt::ShiftModifier) && delta.x() == 0.0;
     const bool snaps = !(modifiers & Qt::ControlModifier) && !keepsTimes;
     const VxTime timeStep = snaps ? vxScene->getTimeStep() : 0;
     if (!hold)
@@ -204,11 +185,7 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     QVector<VxKeyGraphChannel *> moved;
     {
         const VxChangeBlock block;
-        for (VxKeyGraphChannel *channel : list) {
-            if (channel->moveKeys(
-                    movesOf(channel->getKeyCache(), deltaTime, deltaValue, timeStep, fromLast)))
-                moved.append(channel);
-        }
+        moved = KeyGraphDrag::moveSelected(list, {deltaTime, deltaValue, timeStep, fromLast});
     }
     if (channels() != list)
         return;

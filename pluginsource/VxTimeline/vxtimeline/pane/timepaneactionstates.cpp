@@ -1,6 +1,8 @@
 // Which of the registered actions can be used at present.
 
 #include <QtWidgets/QAction>
+#include <vxcore/vxbarbutton.h>
+#include <vxcore/vxstyledbutton.h>
 
 #include "vxtimeline/pane/vxtimepane_p.h"
 
@@ -51,4 +53,8 @@ void VxTimePane::updateActionStates()
         if (const ActionNeed *need = findNeed(action))
             action->setEnabled(need->needs == SelectedKeys ? selected : copied);
     }
+    d->deleteKeysButton->setEnabled(selected);
+    d->copyButton->setEnabled(selected);
+    d->interpTypeButton->setEnabled(selected);
+    d->pasteButton->setEnabled(copied);
 }

@@ -5,6 +5,7 @@
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbarbutton.h>
+#include <vxcore/vxkeyselection.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -18,6 +19,7 @@
 #include "vxtimeline/pane/timepanebuttonhelp.h"
 #include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/pane/timepanefieldhelp.h"
+#include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -71,8 +73,9 @@ void TimePaneBuilder::connectSceneNodes()
                      &Pane::handlePrimarySelectionChanged);
 }
 
-// A drag in the graph tells of its keys at every move of the mouse, and each time all of them would
-// have to be asked: the fields follow when it rests.
+// Whatever changes what is selected: gestures, rows that are removed, keys that others delete,
+// undo. A drag in the graph reports its keys at every move of the mouse, and each time all of them
+// would have to be asked: the fields follow when it rests.
 void TimePaneBuilder::connectKeysOfGraph()
 {
     constexpr int Rest = 50; // milliseconds
@@ -80,10 +83,17 @@ void TimePaneBuilder::connectKeysOfGraph()
     resting->setSingleShot(true);
     resting->setInterval(Rest);
     QObject::connect(resting, &QTimer::timeout, m_pane, &Pane::updateKeyInterpType);
+    d->keySelection = new TimePaneKeySelection(m_pane);
+    QObject::connect(vxApp->getKeySelection(), &VxKeySelection::changed, m_pane,
+                     [pane = m_pane, resting] {
+                         pane->updateActionStates();
+                         if (pane->hasSelectedKeys())
+                             resting->start();
+                         else
+                             pane->updateKeyInterpType();
+                     });
     QObject::connect(d->keyCommunication, &VxKeyCommunication::received, m_pane,
                      &Pane::updateActionStates);
-    QObject::connect(d->keyCommunication, &VxKeyCommunication::received, resting,
-                     QOverload<>::of(&QTimer::start));
 }
 
 void TimePaneBuilder::connectDopeSheet()

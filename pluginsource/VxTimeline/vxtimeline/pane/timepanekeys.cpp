@@ -140,11 +140,30 @@ void VxTimePane::makeFilteredKeys(int numKeys)
                              frameTimes(now, numKeys));
 }
 
+// For commands that edit the selected keys. Without a key that they may act on the status line says
+// why.
+void VxTimePane::Private::editSelectedKeys(const QString &text,
+                                           const std::function<void()> &edit) const
+{
+    tellWhyNoKeys(dopeSheetView->getEditableKeys());
+    VxUndoStackHold hold;
+    edit();
+    hold.accept(text);
+}
+
+void VxTimePane::Private::tellWhyNoKeys(VxDopeSheetView::EditableKeys keys) const
+{
+    if (keys == VxDopeSheetView::NoneSelected)
+        tell(VxTimePane::tr("No keys are selected."));
+    else if (keys == VxDopeSheetView::AllFilteredOut)
+        tell(VxTimePane::tr("The selected keys are in rows that the filter hides."));
+    else if (keys == VxDopeSheetView::AllLocked)
+        tell(VxTimePane::tr("The selected keys belong to locked properties."));
+}
+
 void VxTimePane::deleteSelectedKeys()
 {
-    VxUndoStackHold hold;
-    d->dopeSheetView->deleteKeys();
-    hold.accept(tr("Delete Selected Keys"));
+    d->editSelectedKeys(tr("Delete Selected Keys"), [this] { d->dopeSheetView->deleteKeys(); });
     updateKeyInterpType();
     updateActionStates();
 }
@@ -154,7 +173,7 @@ void VxTimePane::copySelectedKeys()
     d->dopeSheetView->copyKeys();
     const int count = d->dopeSheetView->numCopiedKeys();
     if (count == 0)
-        d->tell(tr("No keys are selected."));
+        d->tellWhyNoKeys(d->dopeSheetView->getEditableKeys());
     else
         d->tell(count == 1 ? tr("Copied 1 key.") : tr("Copied %1 keys.").arg(count));
     updateActionStates();
@@ -179,9 +198,8 @@ void VxTimePane::setInterpType(int interpType)
         vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setInterpType()"));
         return;
     }
-    VxUndoStackHold hold;
-    d->dopeSheetView->setInterpType(interpType);
-    hold.accept(tr("Set Interpolation Type ") + names.at(interpType));
+    d->editSelectedKeys(tr("Set Interpolation Type ") + names.at(interpType),
+                        [this, interpType] { d->dopeSheetView->setInterpType(interpType); });
     updateKeyInterpType();
     updateActionStates();
 }

@@ -13,6 +13,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 
 namespace {
@@ -67,6 +68,7 @@ void VxTimePane::initModel()
         return;
     d->dopeSheetModel =
         new VxDopeSheetModel(int(getFilteredPropertyTypes()), getFilteredKeyCreationScope(), this);
+    d->keySelection->setModel(d->dopeSheetModel);
     d->filterModel->setSourceModel(d->dopeSheetModel);
     d->showModel(d->filterModel);
     connect(d->dopeSheetView->selectionModel(), &QItemSelectionModel::selectionChanged,

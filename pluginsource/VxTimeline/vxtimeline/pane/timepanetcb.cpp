@@ -64,12 +64,12 @@ void VxTimePane::updateTCB()
     if (box && !box->hasFocus() && !isEdited)
         return;
     const QScopedValueRollback<bool> updating(d->tcbFieldsUpdating, true);
-    VxUndoStackHold hold;
     const float tension = d->tensionField.entered();
     const float continuity = d->continuityField.entered();
     const float bias = d->biasField.entered();
-    d->dopeSheetView->setTCB(tension, continuity, bias);
-    hold.accept(tr("Set TCB Parameters"));
+    d->editSelectedKeys(tr("Set TCB Parameters"), [this, tension, continuity, bias] {
+        d->dopeSheetView->setTCB(tension, continuity, bias);
+    });
 }
 
 // What was undone or redone may be the very values that are shown.

@@ -6,6 +6,7 @@
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxkeyselection.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
@@ -16,6 +17,7 @@
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanebuilder.h"
 #include "vxtimeline/pane/timepaneevents.h"
+#include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 
 static_assert(int(VxTimePane::PropTranslate) == int(DopeSheetPropertyTypes::Translation) &&
@@ -73,6 +75,8 @@ VxTimePane::VxTimePane()
 // then, so nobody listens any more. The views go first: they use models and bus to the end.
 VxTimePane::~VxTimePane()
 {
+    vxApp->getKeySelection()->disconnect(this);
+    delete d->keySelection;
     for (QObject *child : findChildren<QObject *>())
         child->disconnect(this);
     delete d->divider;

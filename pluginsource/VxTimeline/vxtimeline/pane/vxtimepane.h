@@ -10,6 +10,7 @@
 class QAction;
 class QResizeEvent;
 class QShowEvent;
+class TimePaneKeySelection;
 class VxDopeSheetItem;
 class VxDopeSheetView;
 class VxKeyGraphView;
@@ -220,6 +221,7 @@ private:
     void requestEnsureVisible();
 
     friend class TimePaneBuilder;
+    friend class TimePaneKeySelection;
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -4,8 +4,10 @@
 #include <QtCore/QAtomicInt>
 #include <QtCore/QVector>
 #include <QtGui/QIcon>
+#include <functional>
 #include <optional>
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
@@ -22,6 +24,7 @@ class VxDopeSheetModel;
 class VxDynamicDividerWgt;
 class VxFilterMenu;
 class VxKeyCommunication;
+class TimePaneKeySelection;
 class VxKeyGraph;
 class VxPlayheadWgt;
 class VxStyledButton;
@@ -120,6 +123,7 @@ public:
     VxStyledWidget *navColumn = nullptr;
     VxDopeSheetFilterModel *filterModel = nullptr;
     VxKeyGraph *keyGraph = nullptr;
+    TimePaneKeySelection *keySelection = nullptr;
     QFrame *graphFrame = nullptr;
     QWidget *timeRange = nullptr;
     VxFilterMenu *filterMenu = nullptr;
@@ -145,6 +149,8 @@ public:
 
     // Says in the window's status line why a command did nothing.
     void tell(const QString &text) const;
+    void editSelectedKeys(const QString &text, const std::function<void()> &edit) const;
+    void tellWhyNoKeys(VxDopeSheetView::EditableKeys keys) const;
 
     int nameColumnWidth() const;
     bool isAdvanced() const { return viewMode == AdvancedView; }

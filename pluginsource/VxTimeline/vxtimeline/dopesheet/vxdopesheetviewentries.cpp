@@ -1,0 +1,93 @@
+// The selected keys by key holder, as the application sees them.
+
+#include <QtCore/QSet>
+#include <vxcore/vxproperty.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+#include "vxtimeline/keys/keyspans.h"
+
+const QVector<VxDopeSheetItem *> &VxDopeSheetView::Private::itemsOfHolder(const VxProperty *holder)
+{
+    static const QVector<VxDopeSheetItem *> none;
+    if (!m_indexedModel || m_indexedModel != sourceModel())
+        indexItems();
+    if (m_indexedHolders != VxProperty::latestHolderRevision()) {
+        m_itemsByHolder.clear();
+        for (const QVector<VxDopeSheetItem *> &rows : qAsConst(m_items)) {
+            for (VxDopeSheetItem *item : rows) {
+                if (const VxProperty *property = item->property())
+                    m_itemsByHolder[property->getKeyHolder()].append(item);
+            }
+        }
+        m_indexedHolders = VxProperty::latestHolderRevision();
+    }
+    const auto found = m_itemsByHolder.constFind(holder);
+    return found == m_itemsByHolder.cend() ? none : found.value();
+}
+
+VxDopeSheetView::EditableKeys VxDopeSheetView::getEditableKeys() const
+{
+    EditableKeys keys = hasSelectedKeys() ? AllFilteredOut : NoneSelected;
+    d->visitSelected([&keys](const VxDopeSheetItem *item) {
+        const VxProperty *property = item->property();
+        if (!property->isLocked() && !property->getKeyHolder()->isLocked())
+            keys = SomeEditable;
+        else if (keys != SomeEditable)
+            keys = AllLocked;
+    });
+    return keys;
+}
+
+VxKeySelectionEntries VxDopeSheetView::getKeyEntries() const
+{
+    VxKeySelectionEntries entries;
+    QHash<const VxProperty *, std::size_t> places;
+    d->visitSelectedItems([&](const VxDopeSheetItem *item) {
+        VxProperty *holder = item->property()->getKeyHolder();
+        const auto place = places.constFind(holder);
+        if (place == places.cend()) {
+            places.insert(holder, entries.size());
+            entries.push_back({holder, item->selectedKeySpans(), holder->keyRevision()});
+        } else {
+            std::vector<VxKeySpan> &spans = entries[place.value()].spans;
+            spans = KeySpans::united(spans, item->selectedKeySpans());
+        }
+    });
+    return entries;
+}
+
+// The rows are not looked up unless any key is selected: while a figure is built, each new row
+// would have them indexed anew.
+std::vector<VxKeySpan> VxDopeSheetView::getKeySpansOf(VxProperty *holder) const
+{
+    std::vector<VxKeySpan> spans;
+    if (holder->getNumKeys() == 0 || !hasSelectedKeys())
+        return spans;
+    for (const VxDopeSheetItem *item : d->itemsOfHolder(holder)) {
+        if (!item->hasSelectedKeys())
+            continue;
+        spans = spans.empty() ? item->selectedKeySpans()
+                              : KeySpans::united(spans, item->selectedKeySpans());
+    }
+    return spans;
+}
+
+void VxDopeSheetView::selectKeyEntries(const VxKeySelectionEntries &entries, bool clearsOthers)
+{
+    if (clearsOthers) {
+        QSet<const VxProperty *> named;
+        for (const VxKeySelectionEntry &entry : entries)
+            named.insert(entry.holder);
+        d->visitSelectedItems([&named](VxDopeSheetItem *item) {
+            if (!named.contains(item->property()->getKeyHolder()))
+                item->setKeysSelected(false, VxTimeMin, VxTimeMax);
+        });
+    }
+    for (const VxKeySelectionEntry &entry : entries) {
+        for (VxDopeSheetItem *item : d->itemsOfHolder(entry.holder))
+            item->selectOnlySpans(entry.spans);
+    }
+    d->commonTcbStale = true;
+    viewport()->update();
+}

@@ -1,0 +1,32 @@
+#ifndef TIMEPANEKEYSELECTION_H
+#define TIMEPANEKEYSELECTION_H
+
+#include <QtCore/QObject>
+#include <vxcore/vxkeyselection.h>
+
+class VxDopeSheetModel;
+class VxTimePane;
+
+// Publishes the selected keys of dope sheet and key graph as the application's selection of keys.
+//
+// The selection stays where it is, in the rows and channels; this only reads and writes it, by key
+// holder. Registered from the construction to the destruction.
+class TimePaneKeySelection : public QObject, public VxKeySelectionSource
+{
+    Q_OBJECT
+public:
+    explicit TimePaneKeySelection(VxTimePane *pane);
+    ~TimePaneKeySelection() override;
+
+    // The rows were made anew; to be called before there are any.
+    void setModel(const VxDopeSheetModel *model);
+
+    VxKeySelectionEntries entries() const override;
+    std::vector<VxKeySpan> spansOf(VxProperty *holder) const override;
+    void set(const VxKeySelectionEntries &entries, bool clearsOthers) override;
+
+private:
+    VxTimePane *m_pane;
+};
+
+#endif
