@@ -40,6 +40,8 @@ VxConsolePane::VxConsolePane()
         font.setPointSizeF(QFontInfo(this->font()).pointSizeF());
         text->setFont(font);
     }
+    // One line, so that it does not keep a pane in the same place from becoming low.
+    m_output->setMinimumHeight(m_output->fontMetrics().lineSpacing());
     setFocusProxy(m_input);
     build();
     connect(vxApp->getScriptEngine(), &VxScriptEngine::printed, m_output,

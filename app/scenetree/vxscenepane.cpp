@@ -61,6 +61,7 @@ void VxScenePane::buildSearch()
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, m_filter, &SceneTreeFilter::setText);
     connect(m_search, &SearchField::left, this, [this] { m_view->setFocus(); });
+    connect(vxScene, &VxScene::sceneCleared, m_search, &QLineEdit::clear);
     connect(m_filter, &SceneTreeFilter::matchesChanged, this, &VxScenePane::showFound);
     connect(m_filter, &SceneTreeFilter::matchesChanged, this, &VxScenePane::updateHint);
 }

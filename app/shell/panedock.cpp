@@ -3,15 +3,20 @@
 #include "shell/panesearchfield.h"
 #include "shell/titlebarbutton.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <vxcore/vxactionmenu.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpane.h>
+#include <vxcore/vxpanesearch.h>
 #include <vxcore/vxstyle.h>
 
 namespace {
+
+// Any more than this is what layouts report for no limit, pixels.
+constexpr int UnlimitedHeight = 100000;
 
 int pixels(VxStyle::PixelMetricId id)
 {
@@ -46,6 +51,24 @@ VxPane *PaneDock::pane() const
     return qobject_cast<VxPane *>(widget());
 }
 
+bool PaneDock::isHeightLimited() const
+{
+    return widget() && QWidgetItem(widget()).maximumSize().height() < UnlimitedHeight;
+}
+
+bool PaneDock::event(QEvent *event)
+{
+    const bool done = QDockWidget::event(event);
+    if (event->type() == QEvent::Resize && !isHeightLimited() && !m_wasHeightLimited)
+        m_freeHeight = height();
+    if (event->type() == QEvent::LayoutRequest && isHeightLimited() != m_wasHeightLimited) {
+        m_wasHeightLimited = isHeightLimited();
+        if (!m_wasHeightLimited)
+            Q_EMIT heightLimitLifted(m_freeHeight);
+    }
+    return done;
+}
+
 /** The bar leaves presses alone, so that the dock is dragged and floated by it as ever. */
 QWidget *PaneDock::makeTitleBar()
 {
@@ -58,8 +81,8 @@ QWidget *PaneDock::makeTitleBar()
     auto *title = new QLabel(windowTitle());
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     layout->addWidget(title, 1);
-    if (PaneSearchField::canSearch(pane()))
-        layout->addWidget(new PaneSearchField(pane()));
+    if (VxPaneSearch *search = VxPaneSearch::of(pane()))
+        layout->addWidget(new PaneSearchField(search, pane(), bar));
 
     if (pane()->getOptionsMenu()->getNumEntries() > 0) {
         const TitleBarButton *options =

@@ -5,8 +5,13 @@
 
 class VxPane;
 
-/// The frame of one pane in the main window: its title, the button of its options menu when it has
-/// one, and buttons to float and to close it. It owns the pane, and goes when the pane goes.
+/// The frame of one pane in the main window: its title, a search field and the button of its
+/// options menu when it has them, and buttons to float and to close it. It owns the pane, and is
+/// deleted when the pane is deleted.
+///
+/// A pane may limit its height for a while (a view that shows nothing but controls). The dock
+/// shrinks to the limit by itself; when the limit is lifted it asks for the height that it had
+/// before.
 class PaneDock : public QDockWidget
 {
     Q_OBJECT
@@ -18,11 +23,22 @@ public:
     /// The class name of the pane, which also names the dock: "Dock" and that name.
     QString paneClassName() const { return m_paneClassName; }
 
+Q_SIGNALS:
+    /// The pane no longer limits its height. height: what the dock had before the limit, in pixels;
+    /// 0 when that is not known.
+    void heightLimitLifted(int height);
+
+protected:
+    bool event(QEvent *event) override;
+
 private:
     QWidget *makeTitleBar();
     void showOptionsMenu(const QWidget *button);
+    bool isHeightLimited() const;
 
     QString m_paneClassName;
+    int m_freeHeight = 0; // while the height was not limited; 0 before the dock was shown
+    bool m_wasHeightLimited = false;
 };
 
 #endif

@@ -1,8 +1,10 @@
 #include "shell/panedocks.h"
 
+#include "shell/dockgestureguard.h"
 #include "shell/panedock.h"
 
 #include <QMainWindow>
+#include <QTabBar>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpanemgr.h>
 
@@ -63,6 +65,7 @@ int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window
 PaneDocks::PaneDocks(QMainWindow *window, VxPaneMgr *panes)
     : QObject(window)
     , m_window(window)
+    , m_gestures(new DockGestureGuard(window))
 {
     connect(panes, &VxPaneMgr::paneAdded, this, &PaneDocks::addPane);
     connect(panes, &VxPaneMgr::showRequested, this, &PaneDocks::showPane);
@@ -150,7 +153,36 @@ void PaneDocks::addPane(VxPane *pane)
     // Before the window is seen nobody has arranged anything yet.
     if (!m_window->isVisible())
         tabifyDocks();
+    m_gestures->watch(dock);
+    connect(dock, &PaneDock::heightLimitLifted, this,
+            [this, dock](int height) { restoreHeight(dock, height); });
     Q_EMIT dockAdded(dock);
+}
+
+void PaneDocks::restoreHeight(PaneDock *dock, int height)
+{
+    const Qt::DockWidgetArea area = m_window->dockWidgetArea(dock);
+    if (height <= 0)
+        height = firstExtent(placeOf(dock), area, m_window->size()) - tabHeight(dock);
+    if (dock->isFloating())
+        dock->resize(dock->width(), height);
+    else
+        m_window->resizeDocks({dock}, {height + tabHeight(dock)}, Qt::Vertical);
+}
+
+/** What the tabs add to the height of a place that the dock shares with others, pixels. */
+int PaneDocks::tabHeight(PaneDock *dock) const
+{
+    if (m_window->tabifiedDockWidgets(dock).isEmpty())
+        return 0;
+    for (const QTabBar *tabs :
+         m_window->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabData(i).toULongLong() == quintptr(dock))
+                return tabs->height();
+        }
+    }
+    return 0;
 }
 
 void PaneDocks::showPane(VxPane *pane)

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QVector>
 
+class DockGestureGuard;
 class PaneDock;
 class QMainWindow;
 class VxPane;
@@ -34,11 +35,14 @@ Q_SIGNALS:
 private:
     void addPane(VxPane *pane);
     void showPane(VxPane *pane);
+    void restoreHeight(PaneDock *dock, int height);
+    int tabHeight(PaneDock *dock) const;
     PaneDock *frontOf(const PaneDock *dock) const;
     void tabifyDocks();
     void raiseFronts();
 
     QMainWindow *const m_window;
+    DockGestureGuard *const m_gestures;
 };
 
 #endif

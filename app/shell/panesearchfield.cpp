@@ -1,36 +1,22 @@
 #include "shell/panesearchfield.h"
 
+#include <vxcore/vxapp.h>
 #include <vxcore/vxpane.h>
+#include <vxcore/vxpanesearch.h>
+#include <vxcore/vxscene.h>
 
-namespace {
-
-constexpr char ChangedSlot[] = "handleDopesheetFilterChanged";
-constexpr char ClearedSlot[] = "handleDopesheetFilterCleared";
-
-} // namespace
-
-bool PaneSearchField::canSearch(const VxPane *pane)
-{
-    const QMetaObject *meta = pane->metaObject();
-    return meta->indexOfSlot("handleDopesheetFilterChanged(QString)") >= 0 &&
-           meta->indexOfSlot("handleDopesheetFilterCleared()") >= 0;
-}
-
-PaneSearchField::PaneSearchField(VxPane *pane, QWidget *parent)
+PaneSearchField::PaneSearchField(VxPaneSearch *search, VxPane *pane, QWidget *parent)
     : SearchField(tr("Search rows"), parent)
-    , m_pane(pane)
 {
     setObjectName(QStringLiteral("PaneSearchField"));
     setToolTip(tr("Shows only rows whose names contain the text. Prefix rx:: for a regular "
                   "expression (rx::ci:: ignores case) or wc:: for a wildcard pattern."));
-    connect(this, &QLineEdit::textChanged, this, &PaneSearchField::apply);
+    setText(search->text());
+    setVisible(search->isAvailable());
+    connect(this, &QLineEdit::textChanged, search, &VxPaneSearch::setText);
+    connect(search, &VxPaneSearch::textChanged, this, &QLineEdit::setText);
+    connect(search, &VxPaneSearch::availableChanged, this, &QWidget::setVisible);
     connect(this, &SearchField::left, pane, [pane] { pane->setFocus(Qt::OtherFocusReason); });
-}
-
-void PaneSearchField::apply(const QString &text)
-{
-    if (text.isEmpty())
-        QMetaObject::invokeMethod(m_pane, ClearedSlot, Qt::DirectConnection);
-    else
-        QMetaObject::invokeMethod(m_pane, ChangedSlot, Qt::DirectConnection, Q_ARG(QString, text));
+    // The text was meant for the rows of the former document.
+    connect(vxScene, &VxScene::sceneCleared, this, &QLineEdit::clear);
 }

@@ -4,26 +4,17 @@
 #include "widgets/searchfield.h"
 
 class VxPane;
+class VxPaneSearch;
 
-/// The field in a pane's title bar that narrows the rows of the pane.
-///
-/// A pane that can be searched has the slots handleDopesheetFilterChanged(QString) and
-/// handleDopesheetFilterCleared(); the program knows panes by their slots alone. The focus goes
-/// back to the pane when the field is left.
+/// The field in a pane's title bar that edits the search of the pane. It is hidden while the search
+/// is not available, and cleared when the scene is cleared for another document. When the user
+/// leaves it the pane gets the focus.
 class PaneSearchField : public SearchField
 {
     Q_OBJECT
 public:
-    /// True when the pane has the slots.
-    static bool canSearch(const VxPane *pane);
-
-    /// The pane is not owned and must outlive the field.
-    explicit PaneSearchField(VxPane *pane, QWidget *parent = nullptr);
-
-private:
-    void apply(const QString &text);
-
-    VxPane *m_pane;
+    /// Search and pane are not owned and must outlive the field.
+    PaneSearchField(VxPaneSearch *search, VxPane *pane, QWidget *parent = nullptr);
 };
 
 #endif

@@ -113,6 +113,18 @@ QVector<QVector3D> FigureLines::selectedPoints() const
     return chosen;
 }
 
+QVector<QVector3D> FigureLines::figurePoints() const
+{
+    QVector<QVector3D> ofBones;
+    for (const Joint &joint : joints) {
+        if (isBone(joint.node))
+            ofBones.append(joint.at);
+    }
+    for (const Bone &bone : bones)
+        ofBones.append(bone.to);
+    return ofBones;
+}
+
 QVector<QVector3D> FigureLines::points() const
 {
     QVector<QVector3D> all;

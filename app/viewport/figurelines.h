@@ -47,6 +47,8 @@ struct FigureLines
 
     /// Every joint and the end of every bone.
     QVector<QVector3D> points() const;
+    /// The same of bones alone: no plain nodes such as a ground or a light.
+    QVector<QVector3D> figurePoints() const;
     /// The same of those nodes alone that are selected, or below one that is.
     QVector<QVector3D> selectedPoints() const;
 };

@@ -15,7 +15,6 @@ constexpr float SteepestPitch = 89;
 constexpr float SmallestDistance = 1e-6f;
 constexpr float LargestDistance = 1e18f;
 constexpr double Surroundings = 64; // pixels around the view in which lines are drawn, too
-constexpr float FramedPart = 0.85f; // of the view
 constexpr float AxisPixels = 30;
 
 float radians(float degrees)
@@ -100,15 +99,15 @@ void ViewportCamera::zoom(double factor, const QPointF &pixel)
     m_target += (m_right * float(offset.x()) - m_up * float(offset.y())) * gained;
 }
 
-void ViewportCamera::frame(const QVector<QVector3D> &points)
+void ViewportCamera::frame(const QVector<QVector3D> &points, float heightPart)
 {
     if (points.isEmpty())
         return;
     m_target = PointBox(points).middle();
     const float side = float(std::min(m_size.width(), m_size.height()));
-    const float slope = std::tan(radians(HalfFieldOfView)) * FramedPart / side;
-    const float slopeX = slope * float(m_size.width());
-    const float slopeY = slope * float(m_size.height());
+    const float slope = std::tan(radians(HalfFieldOfView)) / side;
+    const float slopeX = slope * FramedPart * float(m_size.width());
+    const float slopeY = slope * heightPart * float(m_size.height());
     float needed = 0;
     for (const QVector3D &point : points) {
         const QVector3D offset = point - m_target;

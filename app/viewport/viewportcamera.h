@@ -32,10 +32,11 @@ public:
     /// target's depth, stays there; without a pixel that is the target.
     void zoom(double factor);
     void zoom(double factor, const QPointF &pixel);
-    /// Keeps the direction and shows all points, as large as fits with a margin, the middle of
-    /// their box as the target. One place alone is looked at from the first distance; no point at
-    /// all leaves everything as it is.
-    void frame(const QVector<QVector3D> &points);
+    /// Keeps the direction and shows all points, as large as fits with a margin, with the center
+    /// of their bounding box as the target. A single place is shown from the initial distance;
+    /// without points nothing changes. heightPart: the part of the view's height that the points
+    /// may fill, above 0 and at most 1.
+    void frame(const QVector<QVector3D> &points, float heightPart = FramedPart);
 
     /// The pixel of a point; nothing when it does not lie before the camera.
     std::optional<QPointF> project(const QVector3D &point) const;
@@ -59,6 +60,7 @@ public:
 
 private:
     static constexpr float FirstDistance = 6;
+    static constexpr float FramedPart = 0.85f; // of the view
 
     QVector3D toView(const QVector3D &point) const;
     QPointF toPixel(const QVector3D &viewPoint) const;

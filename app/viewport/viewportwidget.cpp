@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int FramedPoses = 9;
+constexpr float FigureHeightPart = 2.0f / 3; // of the view's height, after a file was opened
 // A joint alone is framed with this part of the scene's size around it.
 constexpr float LoneJointReach = 0.05f;
 
@@ -51,7 +52,7 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     const auto repaint = [this] { update(); };
     connect(scene, &VxScene::viewChanged, this, repaint);
     connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
-    connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::frameAll);
+    connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::frameFigure);
 }
 
 void ViewportWidget::setCamera(const ViewportCamera &camera)
@@ -66,6 +67,20 @@ void ViewportWidget::setCamera(const ViewportCamera &camera)
 QSize ViewportWidget::sizeHint() const
 {
     return {640, 400};
+}
+
+/** The pose at the current time; the ground that a motion crosses would make the figure tiny. */
+void ViewportWidget::frameFigure()
+{
+    const QVector<QVector3D> points =
+        FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints();
+    if (points.isEmpty()) {
+        frameAll();
+        return;
+    }
+    ViewportCamera camera = m_camera;
+    camera.frame(points, FigureHeightPart);
+    setCamera(camera);
 }
 
 void ViewportWidget::frameAll()

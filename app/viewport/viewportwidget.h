@@ -40,6 +40,9 @@ public:
     QSize sizeHint() const override;
 
 public Q_SLOTS:
+    /// Shows the figures in their current pose at two thirds of the view's height; everything in a
+    /// scene without bones. Done whenever a document was loaded.
+    void frameFigure();
     /// Shows everything that moves within the play range; the world's origin in an empty scene.
     void frameAll();
     /// Shows the selected nodes and what hangs on them as they are now; everything when nothing is

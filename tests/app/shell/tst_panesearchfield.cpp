@@ -1,5 +1,5 @@
-// The search field of a pane's title bar: which panes have one, what it tells them, how it shows
-// that a search is in force.
+// The search field of a pane's title bar: which panes have one, the texts that they get, and how it
+// shows an active search.
 
 #include "shell/panesearchfield.h"
 #include "testing/vxtestmain.h"
@@ -12,6 +12,8 @@
 #include <testing/vxwarningguard.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpane.h>
+#include <vxcore/vxpanesearch.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 
@@ -31,14 +33,14 @@ class SearchedPane : public VxPane
 public:
     SearchedPane()
         : VxPane(QStringLiteral("Searched"))
+        , search(new VxPaneSearch(this))
     {
         setFocusPolicy(Qt::StrongFocus);
+        connect(search, &VxPaneSearch::textChanged, this,
+                [this](const QString &text) { texts.append(text); });
     }
-    QStringList told;
-
-private Q_SLOTS:
-    void handleDopesheetFilterChanged(const QString &filter) { told.append(filter); }
-    void handleDopesheetFilterCleared() { told.append(QStringLiteral("cleared")); }
+    VxPaneSearch *const search;
+    QStringList texts;
 };
 
 } // namespace
@@ -50,11 +52,13 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void onlyPanesWithTheSlotsHaveAField();
+    void onlyPanesWithASearchHaveAField();
     void typedTextGoesToThePane();
     void escapeClearsThenGivesTheFocusBack();
     void anActiveSearchIsSeen();
     void theButtonClears();
+    void theFieldFollowsTheSearch();
+    void anotherDocumentClearsTheSearch();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -73,7 +77,7 @@ void TestPaneSearchField::cleanup()
     m_guard.reset();
 }
 
-void TestPaneSearchField::onlyPanesWithTheSlotsHaveAField()
+void TestPaneSearchField::onlyPanesWithASearchHaveAField()
 {
     QMainWindow window;
     auto *plain = new PaneDock(new PlainPane, &window);
@@ -85,18 +89,18 @@ void TestPaneSearchField::onlyPanesWithTheSlotsHaveAField()
 void TestPaneSearchField::typedTextGoesToThePane()
 {
     SearchedPane pane;
-    PaneSearchField field(&pane);
+    PaneSearchField field(pane.search, &pane, &pane);
     QTest::keyClicks(&field, QStringLiteral("hip"));
-    QCOMPARE(pane.told.join(QLatin1Char(' ')), QStringLiteral("h hi hip"));
-    pane.told.clear();
+    QCOMPARE(pane.texts.join(QLatin1Char(' ')), QStringLiteral("h hi hip"));
+    pane.texts.clear();
     field.clear();
-    QCOMPARE(pane.told, QStringList{QStringLiteral("cleared")});
+    QCOMPARE(pane.texts, QStringList{QString()});
 }
 
 void TestPaneSearchField::escapeClearsThenGivesTheFocusBack()
 {
     SearchedPane pane;
-    auto *field = new PaneSearchField(&pane, &pane);
+    auto *field = new PaneSearchField(pane.search, &pane, &pane);
     pane.show();
     QVERIFY(QTest::qWaitForWindowActive(&pane));
     field->setFocus();
@@ -112,7 +116,7 @@ void TestPaneSearchField::escapeClearsThenGivesTheFocusBack()
 void TestPaneSearchField::anActiveSearchIsSeen()
 {
     SearchedPane pane;
-    PaneSearchField field(&pane, &pane);
+    PaneSearchField field(pane.search, &pane, &pane);
     const QColor usual = field.palette().color(QPalette::Base);
     field.setText(QStringLiteral("hip"));
     QCOMPARE(field.palette().color(QPalette::Base), pane.palette().color(QPalette::Highlight));
@@ -124,7 +128,7 @@ void TestPaneSearchField::anActiveSearchIsSeen()
 void TestPaneSearchField::theButtonClears()
 {
     SearchedPane pane;
-    PaneSearchField field(&pane, &pane);
+    PaneSearchField field(pane.search, &pane, &pane);
     QAction *clear = field.actions().first();
     QVERIFY(!clear->isVisible());
     field.setText(QStringLiteral("hip"));
@@ -132,7 +136,31 @@ void TestPaneSearchField::theButtonClears()
     clear->trigger();
     QVERIFY(!field.isActive());
     QVERIFY(!clear->isVisible());
-    QCOMPARE(pane.told.last(), QStringLiteral("cleared"));
+    QCOMPARE(pane.texts.last(), QString());
+}
+
+void TestPaneSearchField::theFieldFollowsTheSearch()
+{
+    SearchedPane pane;
+    auto *field = new PaneSearchField(pane.search, &pane, &pane);
+    pane.show();
+    pane.search->setText(QStringLiteral("hip"));
+    QCOMPARE(field->text(), QStringLiteral("hip"));
+    pane.search->setAvailable(false);
+    QVERIFY(!field->isVisible());
+    QCOMPARE(pane.search->text(), QStringLiteral("hip"));
+    pane.search->setAvailable(true);
+    QVERIFY(field->isVisible());
+}
+
+void TestPaneSearchField::anotherDocumentClearsTheSearch()
+{
+    SearchedPane pane;
+    PaneSearchField field(pane.search, &pane, &pane);
+    field.setText(QStringLiteral("hip"));
+    vxScene->clear();
+    QVERIFY(!field.isActive());
+    QCOMPARE(pane.search->text(), QString());
 }
 
 VX_TEST_MAIN(TestPaneSearchField)

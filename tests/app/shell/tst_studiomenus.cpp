@@ -4,10 +4,10 @@
 #include "shell/aboutbox.h"
 #include "shell/keyoverview.h"
 #include "shell/keyoverviewdialog.h"
-#include "shell/menumnemonics.h"
 #include "shell/menutypeahead.h"
 #include "shortcuts/shortcutdialog.h"
 #include "shortcuts/shortcutlist.h"
+#include "widgets/menumnemonics.h"
 
 #include <QDialogButtonBox>
 #include <QMessageBox>
@@ -244,7 +244,8 @@ void tst_StudioMenus::overviewTellsTheKeysOfNow()
     QTextDocument page;
     page.setHtml(keyOverviewPage(list));
     const QString text = page.toPlainText().simplified();
-    QVERIFY2(text.contains("Keys: File Ctrl+W Save Keys: Time F6 A < B"), qPrintable(text));
+    QVERIFY2(text.contains("Shortcuts: File Ctrl+W Save Shortcuts: Time F6 A < B"),
+             qPrintable(text));
     QVERIFY(!text.contains("Silent"));
     QVERIFY(text.contains("Drag a value sideways"));
 }
@@ -280,7 +281,7 @@ void tst_StudioMenus::overviewLeadsToTheEditor()
             editor->reject();
     });
     for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
-        if (button->text().contains("Keys"))
+        if (button->text().contains("Shortcuts"))
             button->click();
     }
     QVERIFY(wasShown);

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void theNodeUnderTheMouseIsShown();
     void theSelectionIsFramed();
     void framingAgainChangesNothing();
+    void aLoadedSceneShowsItsFigure_data();
+    void aLoadedSceneShowsItsFigure();
     void figuresOfAnySize_data();
     void figuresOfAnySize();
     void hiddenNodesAreNotPainted();
@@ -290,6 +292,30 @@ void tst_ViewportWidget::framingAgainChangesNothing()
     for (int i = 0; i < 5; ++i)
         m_view->frameSelection();
     QVERIFY(m_view->camera() == once);
+}
+
+void tst_ViewportWidget::aLoadedSceneShowsItsFigure_data()
+{
+    QTest::addColumn<QSize>("view");
+    QTest::newRow("wide view") << QSize(800, 300);
+    QTest::newRow("square view") << QSize(400, 400);
+    QTest::newRow("high view") << QSize(400, 450);
+}
+
+void tst_ViewportWidget::aLoadedSceneShowsItsFigure()
+{
+    QFETCH(QSize, view);
+    m_view->resize(view);
+    vxScene->beginLoad();
+    addNode("ground", {500, 0, -500}); // a plain node far off
+    m_bone->getZPosControl()->setKey(0, 0, 0);
+    m_bone->getZPosControl()->setKey(4800, 200, 0); // the figure crosses the ground
+    vxScene->endLoad();
+    const double part = double(pixel({0, 0, 0}).y() - pixel({0, 4, 0}).y()) / view.height();
+    QVERIFY2(std::abs(part - 2.0 / 3) < 0.07, qPrintable(QString::number(part)));
+    QCOMPARE(m_view->camera().target(), QVector3D(0, 2, 0));
+    m_view->frameAll();
+    QVERIFY(pixel({0, 0, 0}).y() - pixel({0, 4, 0}).y() < view.height() / 10);
 }
 
 void tst_ViewportWidget::figuresOfAnySize_data()

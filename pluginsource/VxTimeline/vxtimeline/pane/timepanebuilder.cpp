@@ -8,6 +8,7 @@
 #include <QtWidgets/QVBoxLayout>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxpanesearch.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledwidget.h>
 
@@ -93,6 +94,7 @@ void TimePaneBuilder::buildDopeSheet()
     d->filterModel->setDynamicSortFilter(false);
     d->filterModel->setFilterCaseSensitivity(Qt::CaseInsensitive);
     d->dopeSheetView->setFilterModel(d->filterModel);
+    d->search = new VxPaneSearch(m_pane);
 }
 
 void TimePaneBuilder::buildPlayhead()

@@ -7,6 +7,7 @@
 #include <vxcore/vxbarbutton.h>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxnode.h>
+#include <vxcore/vxpanesearch.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
@@ -104,6 +105,13 @@ void TimePaneBuilder::connectDopeSheet()
                      &Pane::dopesheetPropertyListChanged);
     QObject::connect(d->dopeSheetView, &VxDopeSheetView::keySelectionChanged, m_pane,
                      &Pane::handleDopesheetKeySelectionChanged);
+    VxTimePane *const pane = m_pane;
+    QObject::connect(d->search, &VxPaneSearch::textChanged, pane, [pane](const QString &text) {
+        if (text.isEmpty())
+            pane->handleDopesheetFilterCleared();
+        else
+            pane->handleDopesheetFilterChanged(text);
+    });
     QObject::connect(d->header, &QHeaderView::sectionResized, m_pane,
                      &Pane::handleDopesheetHeaderSectionResized);
     QObject::connect(d->keyGraphView, &VxKeyGraphView::channelListChanged, m_pane,

@@ -6,6 +6,7 @@
 #include <vxcore/vxbarbutton.h>
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxpanesearch.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
 #include <vxcore/vxstyledwidget.h>
@@ -75,9 +76,20 @@ int VxTimePane::Private::nameColumnWidth() const
     return dopeSheetView->columnWidth(VxDopeSheetView::NameColumn);
 }
 
+// Without rows the pane needs no more height than its ruler and strips of controls.
+void VxTimePane::Private::limitHeight() const
+{
+    const int ruler = header->height() + 2 * dopeSheetView->frameWidth();
+    dopeSheetView->setMaximumHeight(isAdvanced() ? QWIDGETSIZE_MAX : ruler);
+    divider->parentWidget()->setSizePolicy(
+        QSizePolicy::Preferred, isAdvanced() ? QSizePolicy::Preferred : QSizePolicy::Maximum);
+}
+
 // Only the advanced view shows names and rows; the others keep the ruler alone.
 void VxTimePane::Private::layoutDopeSheet()
 {
+    limitHeight();
+    search->setAvailable(isAdvanced());
     dopeSheetView->setColumnWidth(VxDopeSheetView::NameColumn,
                                   isAdvanced() ? savedNameColumnWidth : 0);
     dopeSheetView->viewport()->setMaximumHeight(isAdvanced() ? MostViewportHeight : 0);

@@ -83,6 +83,7 @@ void VxTimePane::Private::styleDopeSheet() const
 
     const int rulerHeight = style->metric(VxStyle::PM_VxDopeSheetHeaderHeight);
     header->setFixedHeight(rulerHeight);
+    limitHeight();
     const int bottom = rulerHeight - 1 + style->metric(VxStyle::PM_VxPlayheadInset);
     playhead->setVerticalOffset(bottom - playhead->height());
     followNameColumn();

@@ -26,6 +26,7 @@ class VxFilterMenu;
 class VxKeyCommunication;
 class TimePaneKeySelection;
 class VxKeyGraph;
+class VxPaneSearch;
 class VxPlayheadWgt;
 class VxStyledButton;
 class VxStyledWidget;
@@ -122,6 +123,7 @@ public:
     VxDopeSheetHeaderView *header = nullptr;
     VxStyledWidget *navColumn = nullptr;
     VxDopeSheetFilterModel *filterModel = nullptr;
+    VxPaneSearch *search = nullptr;
     VxKeyGraph *keyGraph = nullptr;
     TimePaneKeySelection *keySelection = nullptr;
     QFrame *graphFrame = nullptr;
@@ -158,6 +160,7 @@ public:
     bool canPostEvents(const VxTimePane *pane) const;
 
     // The parts of showing a view mode.
+    void limitHeight() const;
     void layoutDopeSheet();
     void layoutKeyGraph();
     void layoutControls();
