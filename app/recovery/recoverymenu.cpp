@@ -1,7 +1,7 @@
 #include "recovery/recoverymenu.h"
 
 #include "recovery/autosave.h"
-#include "shell/menumnemonics.h"
+#include "widgets/menumnemonics.h"
 
 #include <QActionGroup>
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "document/recentfilesmenu.h"
 #include "recovery/recoverymenu.h"
-#include "shell/menumnemonics.h"
+#include "widgets/menumnemonics.h"
 #include "shell/menutypeahead.h"
 #include "shell/panedock.h"
 #include "shell/panedocks.h"

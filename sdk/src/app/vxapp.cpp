@@ -1,6 +1,6 @@
 #include <vxcore/vxapp.h>
 
-#include "plugin/vxhostclasses.h"
+#include "app/vxhostclasses.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>

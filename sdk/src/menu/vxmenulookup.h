@@ -4,8 +4,9 @@
 class QString;
 class VxAction;
 
-/// The action of a class in the application's action manager, or null: without application, main
-/// window or such an action. Menus leave out what is not there.
+/// Implemented with the application, which has the manager: the action of a class in the
+/// application's action manager, or null: without application, main window or such an action. Menus
+/// leave out what is not there.
 VxAction *vxFindMenuAction(const QString &className);
 
 #endif

@@ -1,8 +1,9 @@
 #include <vxcore/vxpanemgr.h>
 
+#include "pane/vxpanesource.h"
+
 #include <QtCore/QPointer>
 #include <QtCore/QStringList>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxclassfactory.h>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpluginmgr.h>
@@ -35,7 +36,7 @@ public:
     {
         if (plugins)
             return plugins;
-        return vxApp ? vxApp->getPluginMgr() : nullptr;
+        return vxCurrentPluginMgr();
     }
 
     VxPane *create(const VxClassFactory *factory);

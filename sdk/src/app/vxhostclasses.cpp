@@ -1,4 +1,4 @@
-#include "plugin/vxhostclasses.h"
+#include "app/vxhostclasses.h"
 
 #include "plugin/vxhostclassfactory.h"
 

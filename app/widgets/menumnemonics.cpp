@@ -1,4 +1,4 @@
-#include "shell/menumnemonics.h"
+#include "widgets/menumnemonics.h"
 
 #include <QAction>
 #include <QKeySequence>
