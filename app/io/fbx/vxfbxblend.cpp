@@ -306,6 +306,7 @@ void VxFbxBlend::sampleInto(const VxFbxTarget &target, const Vector &rest,
             (*track)[axis].value = constant[axis];
         return;
     }
+    bool isCoarse = false;
     for (std::size_t axis = 0; axis < 3; ++axis) {
         double range = 1e-6;
         for (const Part &part : m_parts)
@@ -316,5 +317,7 @@ void VxFbxBlend::sampleInto(const VxFbxTarget &target, const Vector &rest,
             return sample(target, rest, order, time, side)[axis];
         };
         (*track)[axis].curve = vxSampledCurve(times, function, tolerance);
+        isCoarse = isCoarse || (*track)[axis].curve.times.size() >= vxMaxSampledKeys(times.size());
     }
+    m_coarseCount += isCoarse;
 }

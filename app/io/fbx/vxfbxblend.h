@@ -46,6 +46,8 @@ public:
     /// Targets that had to be sampled, and curves that go on outside of their keys in another way
     /// than by holding their value.
     int sampledCount() const { return m_sampledCount; }
+    /// Sampled targets that may be further from the file than that.
+    int coarseCount() const { return m_coarseCount; }
     int extrapolatedCount() const { return m_extrapolatedCount; }
 
 private:
@@ -76,6 +78,7 @@ private:
     std::vector<Part> m_parts;            // of the target being read
     qint64 m_keyCount = 0;
     int m_sampledCount = 0;
+    int m_coarseCount = 0;
     int m_extrapolatedCount = 0;
 };
 

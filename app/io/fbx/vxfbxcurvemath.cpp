@@ -208,10 +208,16 @@ std::vector<double> vxKeyTimes(const std::vector<const VxMotionCurve *> &curves)
     return times;
 }
 
+// A damaged file must not make millions of keys out of a few.
+std::size_t vxMaxSampledKeys(std::size_t breakCount)
+{
+    return 5 * breakCount + 200;
+}
+
 VxMotionCurve vxSampledCurve(const std::vector<double> &breaks, const Function &function,
                              double tolerance)
 {
-    const std::size_t maxKeys = 5 * breaks.size() + 200;
+    const std::size_t maxKeys = vxMaxSampledKeys(breaks.size());
     CurveWriter writer;
     std::vector<double> open; // ends of the pieces to the right of the present one
     for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {

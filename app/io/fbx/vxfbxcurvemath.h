@@ -38,10 +38,13 @@ struct VxCurveSum
     VxMotionCurve toCurve(double tolerance) const;
 };
 
+/// The keys that sampling a function with so many breaks may take.
+std::size_t vxMaxSampledKeys(std::size_t breakCount);
+
 /// A function of time, sampled into keys: cubic segments between the times in `breaks` (ascending),
 /// halved until they differ from the function by at most `tolerance`. Between breaks the function
-/// is smooth; at breaks its sides may differ. A function that would need more than five keys a
-/// break and 200 more becomes coarser than the tolerance.
+/// is smooth; at breaks its sides may differ. A function that would need more than
+/// vxMaxSampledKeys() becomes coarser than the tolerance.
 VxMotionCurve vxSampledCurve(const std::vector<double> &breaks,
                              const std::function<double(double, VxCurveSide)> &function,
                              double tolerance);

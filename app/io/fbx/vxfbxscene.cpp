@@ -150,6 +150,7 @@ bool VxFbxScene::readTracks(const VxFileProgress &progress, VxImportedMotion *mo
             return false;
         }
         m_sampledCount += blend.sampledCount();
+        m_coarseCount += blend.coarseCount();
         m_extrapolatedCount += blend.extrapolatedCount();
     }
     VxFbxFigure figure(m_models, &m_tracks);
@@ -289,6 +290,7 @@ void VxFbxScene::addNotes(const VxFbxFigure &figure, const QStringList &curveNot
         figure.pivotCount());
     add(tr("Helper nodes for scales that children do not inherit: %1."), figure.scaleCount());
     add(tr("Values combined from layers that had to be sampled: %1."), m_sampledCount);
+    add(tr("Of these, values that change too fast to be sampled exactly: %1."), m_coarseCount);
     add(tr("Curves that the file continues outside of their keys, where the scene holds the end "
            "value: %1."),
         m_extrapolatedCount);

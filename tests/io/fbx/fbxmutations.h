@@ -4,7 +4,7 @@
 #include "fbxdocument.h"
 #include "io/fbx/vxfbxreader.h"
 
-#include <QElapsedTimer>
+#include <ctime>
 #include <random>
 
 /// FBX files damaged in ways that a seed decides.
@@ -174,10 +174,10 @@ inline QByteArray verdict(const QByteArray &bytes, double *milliseconds, bool *i
     VxImportedMotion motion;
     motion.nodes.resize(1);
     VxFileError error;
-    QElapsedTimer timer;
-    timer.start();
+    // The processor's time: a busy machine must not count.
+    const std::clock_t start = std::clock();
     *isAccepted = vxReadFbx(bytes, {}, &motion, &error);
-    *milliseconds = double(timer.nsecsElapsed()) / 1e6;
+    *milliseconds = double(std::clock() - start) * 1000.0 / CLOCKS_PER_SEC;
     QString message;
     if (*isAccepted && !motion.isValid(&message))
         return "accepted, but: " + message.toUtf8();

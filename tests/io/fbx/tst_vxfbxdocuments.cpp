@@ -106,7 +106,11 @@ Document layered(const Properties &upper)
     document.model(2, 1, "child", {vec("Lcl Translation", 1, 2, 3)});
     for (const qint64 i : {0, 1}) {
         const qint64 base = 3000 + 100 * i;
-        spin(&document, base, layerId + i, 1);
+        if (i == 0)
+            spin(&document, base, layerId, 1);
+        else // about other axes, as rotations about the same ones commute
+            animate(&document, base, layerId + 1, 1, "Lcl Rotation", {30, -20, 80}, {0, 45, 5},
+                    {10, 15, -35});
         animate(&document, base + 10, layerId + i, 1, "Lcl Translation", {1, 3, 2}, {4, 1, 1},
                 {0, -1, 2}, cubic, {1, -2, 0, 0});
         animate(&document, base + 20, layerId + i, 1, "Lcl Scaling", {1, 2, 1.5f}, {1, 1.2f, 0.8f},
@@ -143,6 +147,7 @@ private Q_SLOTS:
     void curves();
     void layers_data();
     void layers();
+    void coarseSamplingIsReported();
     void formats_data();
     void formats();
     void keysStay();
@@ -354,6 +359,19 @@ void TestVxFbxDocuments::layers()
     for (const QString &note : motion.facts.notes)
         hasNote = hasNote || note.contains(QLatin1String("sampled"));
     QCOMPARE(hasNote, !isExact);
+}
+
+// A layer that turns a thousand times between two keys, added as a rotation.
+void TestVxFbxDocuments::coarseSamplingIsReported()
+{
+    for (const float turns : {0.5f, 1000.0f}) {
+        Document document = layered({});
+        document.layer(layerId + 2, stackId);
+        animate(&document, 3500, layerId + 2, 1, "Lcl Rotation", {0, 360 * turns, 0}, {0, 0, 0},
+                {0, 100 * turns, 0});
+        const VxImportedMotion motion = readGood(document.write({}));
+        QCOMPARE(motion.facts.notes.filter(QStringLiteral("too fast")).isEmpty(), turns < 10);
+    }
 }
 
 void TestVxFbxDocuments::formats_data()
