@@ -81,25 +81,32 @@ VxKeyResult<V> vxPlanKeyEdit(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &ed
     if (times.empty())
         return result;
 
+    // A list from the last key to the first is turned around, so that nothing has to be sorted.
+    const bool descends = edit.source[0] > edit.source[edit.count - 1];
+    std::vector<int> source(edit.source, edit.source + edit.count);
+    if (descends) {
+        std::reverse(source.begin(), source.end());
+        std::reverse(times.begin(), times.end());
+    }
     MovedKeys moved;
-    moved.setKeys(edit.source, times.data(), edit.count);
-    const auto outermost = std::minmax_element(edit.source, edit.source + edit.count);
+    moved.setKeys(source.data(), times.data(), edit.count);
     const VxTime start = moved.times[0];
     const VxTime end = moved.times[moved.count - 1];
-    result.span = VxTimeRange(std::min(keys.times[*outermost.first], start),
-                              std::max(keys.times[*outermost.second], end));
+    result.span = VxTimeRange(std::min(keys.times[source.front()], start),
+                              std::max(keys.times[source.back()], end));
     const VxTime *const timesEnd = keys.times + keys.count;
     const auto first =
         int(std::lower_bound(keys.times, timesEnd, result.span.getStart()) - keys.times);
     const auto last =
         int(std::upper_bound(keys.times, timesEnd, result.span.getEnd()) - keys.times);
-    const StayingKeys staying(keys.times, first, last, edit.source, edit.count);
+    const StayingKeys staying(keys.times, first, last, source.data(), edit.count);
     MoveMerge merge(staying, moved);
 
     result.keys.values = picked(keys.values, merge.source);
-    for (int k = 0; edit.values && k < moved.count; ++k)
-        result.keys.values[std::size_t(merge.landed[std::size_t(k)])] =
-            edit.values[moved.listedAt(k)];
+    for (int k = 0; edit.values && k < moved.count; ++k) {
+        const int listed = descends ? edit.count - 1 - moved.listedAt(k) : moved.listedAt(k);
+        result.keys.values[std::size_t(merge.landed[std::size_t(k)])] = edit.values[listed];
+    }
     if (keys.types)
         result.keys.types = picked(keys.types, merge.source);
     if (keys.tcb)

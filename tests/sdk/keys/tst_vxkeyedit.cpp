@@ -408,6 +408,8 @@ void tst_VxKeyEdit::editsAgainstMaps()
         const bool keepsTimes = number(random, 0, 4) == 0;
         const bool keepsValues = number(random, 0, 4) == 0;
         const auto rule = VxCollision(number(random, 0, 2));
+        if (rule == VxCollision::Nudge && number(random, 0, 1))
+            std::reverse(source.begin(), source.end());
         VxKeyEdit<float> edit;
         edit.source = source.data();
         edit.times = keepsTimes ? nullptr : targets.data();

@@ -189,6 +189,9 @@ void VxDopeSheetItem::handleValueChanged(VxTimeRange range)
     Q_UNUSED(range)
     if (d->suppressesKeyChanges)
         return;
-    invalidateKeys();
+    // Keys that were asked for before this report are the present ones; those above are invalid
+    // then.
+    if (!d->isValid || !d->property || d->revision != d->property->keyRevision())
+        invalidateKeys();
     Q_EMIT keysChanged();
 }

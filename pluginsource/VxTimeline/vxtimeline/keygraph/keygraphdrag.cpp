@@ -26,38 +26,44 @@ bool hasSelected(const Records &records)
                        [](const VxKeyGraphKey &key) { return key.selected; });
 }
 
-// Moves as columns, with the values that the property keeps.
-struct Edit
+// Edited keys as columns, with the values that the key holder keeps.
+class Edit
 {
-    std::vector<int> source;
-    std::vector<VxTime> times;
-    std::vector<float> values;
+public:
+    Edit(const VxFloatProperty *property, int capacity)
+        : m_holder(static_cast<const VxFloatProperty *>(property->getKeyHolder()))
+        , m_count(m_holder->getNumKeys())
+    {
+        source.reserve(std::size_t(capacity));
+        times.reserve(std::size_t(capacity));
+        values.reserve(std::size_t(capacity));
+    }
 
-    Edit(const QVector<KeyGraphDrag::Move> &moves, const VxFloatProperty *property);
+    // Leaves out a key that does not exist, and one whose value does not fit.
+    void add(const KeyGraphDrag::Move &move)
+    {
+        const float value = VxFloatChannel::narrowed(move.value / move.displayScale);
+        if (move.index < 0 || move.index >= m_count || !std::isfinite(value))
+            return;
+        source.push_back(move.index);
+        times.push_back(move.time);
+        values.push_back(
+            m_holder->isClamped() ? qBound(m_holder->getMin(), value, m_holder->getMax()) : value);
+    }
     bool leavesTimes(const VxTime *present) const
     {
         return std::equal(source.cbegin(), source.cend(), times.cbegin(),
                           [present](int index, VxTime time) { return present[index] == time; });
     }
-};
 
-Edit::Edit(const QVector<KeyGraphDrag::Move> &moves, const VxFloatProperty *property)
-{
-    const auto *holder = static_cast<const VxFloatProperty *>(property->getKeyHolder());
-    const auto count = std::size_t(moves.size());
-    source.reserve(count);
-    times.reserve(count);
-    values.reserve(count);
-    for (const KeyGraphDrag::Move &move : moves) {
-        const float value = VxFloatChannel::narrowed(move.value / move.displayScale);
-        if (move.index < 0 || move.index >= holder->getNumKeys() || !std::isfinite(value))
-            continue;
-        source.push_back(move.index);
-        times.push_back(move.time);
-        values.push_back(holder->isClamped() ? qBound(holder->getMin(), value, holder->getMax())
-                                             : value);
-    }
-}
+    std::vector<int> source;
+    std::vector<VxTime> times;
+    std::vector<float> values;
+
+private:
+    const VxFloatProperty *m_holder;
+    int m_count;
+};
 
 // Zeros of different sign compare equal.
 bool setValues(VxFloatProperty *property, const Edit &edit)
@@ -91,52 +97,11 @@ Records moved(const Records &former, const VxKeyResult<float> &result, int first
     return records;
 }
 
-// The selected keys of all channels of a holder; each once, with the start of its drag.
-QVector<KeyGraphDrag::Move> movesOf(const QVector<VxKeyGraphChannel *> &channels,
-                                    const KeyGraphDrag::Step &step)
-{
-    struct Source
-    {
-        const VxKeyGraphKey *records;
-        double displayScale;
-    };
-    std::vector<Source> sources;
-    int count = 0;
-    for (const VxKeyGraphChannel *channel : channels) {
-        const Records &records = channel->getKeyCache();
-        if (!writable(channel) || !hasSelected(records))
-            continue;
-        sources.push_back({records.constData(), channel->getKeys().displayScale});
-        count = records.size();
-    }
-    QVector<KeyGraphDrag::Move> moves;
-    moves.reserve(count);
-    for (int i = 0; i < count; ++i) {
-        const int index = step.fromLast ? count - 1 - i : i;
-        const auto source =
-            std::find_if(sources.cbegin(), sources.cend(),
-                         [index](const Source &each) { return each.records[index].selected; });
-        if (source == sources.cend())
-            continue;
-        const VxKeyGraphKey &key = source->records[index];
-        moves.append({index, KeyDragPlan::draggedTime(key.dragStartTime, step.time, step.timeStep),
-                      key.dragStartValue + step.value, source->displayScale});
-    }
-    return moves;
-}
-
-} // namespace
-
 // All records are read before the keys change.
-bool KeyGraphDrag::moveKeys(const QVector<VxKeyGraphChannel *> &channels,
-                            const QVector<Move> &moves)
+bool apply(const QVector<VxKeyGraphChannel *> &channels, VxFloatProperty *property,
+           const Edit &edit)
 {
-    const auto channel = std::find_if(channels.cbegin(), channels.cend(), writable);
-    if (channel == channels.cend())
-        return false;
-    VxFloatProperty *property = writable(*channel);
     const VxKeyColumns<float> keys = property->getKeys();
-    const Edit edit(moves, property);
     if (edit.source.empty())
         return false;
     if (edit.leavesTimes(keys.times))
@@ -156,6 +121,57 @@ bool KeyGraphDrag::moveKeys(const QVector<VxKeyGraphChannel *> &channels,
     return true;
 }
 
+// Moves the selected keys of all channels of a holder: each once, from the start of its drag.
+bool moveHolder(const QVector<VxKeyGraphChannel *> &channels, const KeyGraphDrag::Step &step)
+{
+    struct Source
+    {
+        VxFloatProperty *property;
+        const VxKeyGraphKey *records;
+        double displayScale;
+    };
+    std::vector<Source> sources;
+    int count = 0;
+    for (const VxKeyGraphChannel *channel : channels) {
+        const Records &records = channel->getKeyCache();
+        VxFloatProperty *property = writable(channel);
+        if (!property || !hasSelected(records))
+            continue;
+        sources.push_back({property, records.constData(), channel->getKeys().displayScale});
+        count = records.size();
+    }
+    if (sources.empty())
+        return false;
+    Edit edit(sources.front().property, count);
+    for (int i = 0; i < count; ++i) {
+        const int index = step.fromLast ? count - 1 - i : i;
+        const auto source =
+            std::find_if(sources.cbegin(), sources.cend(),
+                         [index](const Source &each) { return each.records[index].selected; });
+        if (source == sources.cend())
+            continue;
+        const VxKeyGraphKey &key = source->records[index];
+        edit.add({index, KeyDragPlan::draggedTime(key.dragStartTime, step.time, step.timeStep),
+                  key.dragStartValue + step.value, source->displayScale});
+    }
+    return apply(channels, sources.front().property, edit);
+}
+
+} // namespace
+
+bool KeyGraphDrag::moveKeys(const QVector<VxKeyGraphChannel *> &channels,
+                            const QVector<Move> &moves)
+{
+    const auto channel = std::find_if(channels.cbegin(), channels.cend(), writable);
+    if (channel == channels.cend())
+        return false;
+    VxFloatProperty *property = writable(*channel);
+    Edit edit(property, moves.size());
+    for (const Move &move : moves)
+        edit.add(move);
+    return apply(channels, property, edit);
+}
+
 QVector<VxKeyGraphChannel *>
 KeyGraphDrag::moveSelected(const QVector<VxKeyGraphChannel *> &channels, const Step &step)
 {
@@ -171,7 +187,7 @@ KeyGraphDrag::moveSelected(const QVector<VxKeyGraphChannel *> &channels, const S
     }
     QVector<VxKeyGraphChannel *> changed;
     for (const QVector<VxKeyGraphChannel *> &holder : holders) {
-        if (moveKeys(holder, movesOf(holder, step)))
+        if (moveHolder(holder, step))
             changed += holder;
     }
     return changed;
