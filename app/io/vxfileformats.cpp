@@ -1,6 +1,6 @@
 #include "io/vxfileformats.h"
 
-#include "io/vxbvhformat.h"
+#include "io/motion/vxmotionformats.h"
 #include "io/vxsceneformat.h"
 
 #include <QCoreApplication>
@@ -47,7 +47,8 @@ VxFileFormats VxFileFormats::standard()
 {
     VxFileFormats formats;
     formats.add(vxSceneFormat());
-    formats.add(vxBvhFormat());
+    for (const VxFileFormat &format : vxMotionFormats())
+        formats.add(format);
     return formats;
 }
 
@@ -106,6 +107,12 @@ bool VxFileFormats::isMotion(const QString &fileName) const
 QStringList VxFileFormats::motionFilters() const
 {
     QStringList filters;
+    QStringList all;
+    for (const VxFileFormat &format : m_formats) {
+        if (format.isMotion)
+            all += patternsOf(format);
+    }
+    filters.append(filter(tr("All motion files"), all));
     for (const VxFileFormat &format : m_formats) {
         if (format.isMotion)
             filters.append(filter(format.name, patternsOf(format)));

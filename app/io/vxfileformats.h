@@ -58,7 +58,7 @@ public:
 
     /// For a file dialog that opens: all formats together, then each alone.
     QStringList readFilters() const;
-    /// For a file dialog that imports: each format of a motion.
+    /// For a file dialog that imports: all formats of motion together, then each alone.
     QStringList motionFilters() const;
     /// For a file dialog that saves: each format that can be written.
     QStringList writeFilters() const;

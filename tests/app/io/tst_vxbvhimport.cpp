@@ -445,7 +445,7 @@ void TestVxBvhImport::failureLeavesTheScene_data()
     QTest::newRow("a broken file")
         << QByteArray(branched).replace("21 31", "21 x31") << "line 33: Value 3 of frame 2";
     QTest::newRow("too many frames a second")
-        << QByteArray(branched).replace(".0333333", ".0001") << "more than 4800";
+        << QByteArray(branched).replace(".0333333", ".0001") << "at most 4800";
     QTest::newRow("too long") << QByteArray(branched).replace(".0333333", "1e6") << "too long";
 }
 

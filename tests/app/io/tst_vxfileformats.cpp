@@ -204,8 +204,12 @@ void tst_VxFileFormats::motionIsNotWritten()
 void tst_VxFileFormats::filters()
 {
     const QStringList read = m_formats.readFilters();
-    QCOMPARE(read.size(), 3);
     QVERIFY(read.at(0).contains("*.vxscene *.bvh"));
+    for (const char *suffix : {"*.glb", "*.gltf", "*.fbx"}) {
+        QVERIFY2(read.at(0).contains(suffix), suffix);
+        QCOMPARE(read.mid(1).filter(suffix).size(), 1);
+        QCOMPARE(m_formats.motionFilters().filter(suffix).size(), 2);
+    }
     QCOMPARE(m_formats.writeFilters().size(), 1);
     QVERIFY(m_formats.writeFilters().at(0).contains("(*.vxscene)"));
 }

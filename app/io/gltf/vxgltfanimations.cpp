@@ -1,0 +1,306 @@
+#include "io/gltf/vxgltfanimations.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxGltfReader", text);
+}
+
+bool fail(QString *message, const QString &text)
+{
+    *message = text;
+    return false;
+}
+
+/// What one sampler holds: `width` numbers a key, three times as many for cubic segments.
+struct Sampler
+{
+    VxMotionSegment segment = VxMotionSegment::Linear;
+    std::vector<double> times;
+    std::vector<double> numbers;
+    std::size_t width = 0; ///< numbers of a key's value
+
+    bool isCubic() const { return segment == VxMotionSegment::Cubic; }
+    /// part: 0 tangent of the segment before, 1 value, 2 tangent of the segment behind.
+    const double *at(std::size_t key, std::size_t part) const
+    {
+        return numbers.data() + (isCubic() ? key * 3 + part : key) * width;
+    }
+    const double *value(std::size_t key) const { return at(key, 1); }
+};
+
+/// Makes the channels of one animation.
+class AnimationReader
+{
+public:
+    AnimationReader(VxGltfDocument *document, const std::vector<int> &places,
+                    VxImportedMotion *motion, VxMotionClip *clip, const QJsonObject &object)
+        : m_document(document)
+        , m_places(places)
+        , m_motion(motion)
+        , m_clip(clip)
+        , m_samplers(object.value(QLatin1String("samplers")).toArray())
+    {
+    }
+
+    bool readChannel(const QJsonObject &channel, QString *message);
+
+private:
+    bool readSampler(qint64 index, Sampler *sampler, QString *message);
+    bool readTimes(qint64 accessor, Sampler *sampler, QString *message);
+    bool checkTimes(Sampler *sampler, QString *message);
+    void addVector(int node, VxMotionTarget first, const Sampler &sampler);
+    void addWeights(int node, const Sampler &sampler);
+    void addRotation(int node, const Sampler &sampler);
+    VxMotionCurve curveOf(const Sampler &sampler, std::size_t component) const;
+    bool omit(const QString &why, int node);
+
+    VxGltfDocument *const m_document;
+    const std::vector<int> &m_places;
+    VxImportedMotion *const m_motion;
+    VxMotionClip *const m_clip;
+    const QJsonArray m_samplers;
+    std::set<std::pair<int, QString>> m_driven;
+};
+
+/** Always true: the file is read on without the channel. */
+bool AnimationReader::omit(const QString &why, int node)
+{
+    const QString name = node >= 0 ? m_motion->nodes[std::size_t(node)].name : m_clip->name;
+    m_motion->facts.addOmission(tr("channel"), why, name);
+    return true;
+}
+
+bool AnimationReader::readTimes(qint64 accessor, Sampler *sampler, QString *message)
+{
+    VxGltfAccessorInfo info;
+    const int index = int(qMin<qint64>(accessor, INT_MAX));
+    if (!m_document->describe(index, &info, message) ||
+        !m_document->read(index, &sampler->times, message))
+        return false;
+    if (info.components != 1)
+        return fail(message, tr("Accessor %1 holds no times.").arg(index));
+    return true;
+}
+
+/** Finite and ascending. A key at the time of the one before it is dropped: times are single
+ * precision, in which those of a long take may coincide. */
+bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
+{
+    const std::vector<double> &times = sampler->times;
+    for (const double time : times) {
+        if (!std::isfinite(time))
+            return fail(message, tr("a key has a time that is no number."));
+    }
+    for (std::size_t i = 1; i < times.size(); ++i) {
+        if (times[i] < times[i - 1])
+            return fail(message, tr("key %1 at %2 s comes after one at %3 s.")
+                                     .arg(i)
+                                     .arg(times[i])
+                                     .arg(times[i - 1]));
+    }
+    if (std::adjacent_find(times.begin(), times.end()) == times.end())
+        return true;
+    Sampler kept = *sampler;
+    const std::size_t size = sampler->width * (sampler->isCubic() ? 3 : 1);
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        if (i > 0 && times[i] == times[i - 1]) {
+            m_motion->facts.addOmission(tr("key"), tr("Another key has the same time."),
+                                        m_clip->name);
+            continue;
+        }
+        kept.times[count] = times[i];
+        std::copy_n(sampler->numbers.begin() + std::ptrdiff_t(i * size), size,
+                    kept.numbers.begin() + std::ptrdiff_t(count * size));
+        ++count;
+    }
+    kept.times.resize(count);
+    kept.numbers.resize(count * size);
+    *sampler = std::move(kept);
+    return true;
+}
+
+bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *message)
+{
+    if (index < 0 || index >= m_samplers.size())
+        return fail(message, tr("sampler %1 does not exist.").arg(index));
+    const QJsonObject object = m_samplers.at(int(index)).toObject();
+    const QString kind = object.value(QLatin1String("interpolation")).toString();
+    if (kind == QLatin1String("STEP"))
+        sampler->segment = VxMotionSegment::Step;
+    else if (kind == QLatin1String("CUBICSPLINE"))
+        sampler->segment = VxMotionSegment::Cubic;
+    else if (!kind.isEmpty() && kind != QLatin1String("LINEAR"))
+        return fail(message, tr("the interpolation \"%1\" does not exist.").arg(kind));
+    const int output = int(qMin<qint64>(vxGltfIndex(object, "output"), INT_MAX));
+    if (!readTimes(vxGltfIndex(object, "input"), sampler, message) ||
+        !m_document->read(output, &sampler->numbers, message))
+        return false;
+    for (const double number : sampler->numbers) {
+        if (!std::isfinite(number))
+            return fail(message, tr("accessor %1 has a value that is no number.").arg(output));
+    }
+    const std::size_t values = sampler->times.size() * (sampler->isCubic() ? 3 : 1);
+    if (values > 0 && sampler->numbers.size() % values == 0)
+        sampler->width = sampler->numbers.size() / values;
+    return checkTimes(sampler, message);
+}
+
+VxMotionCurve AnimationReader::curveOf(const Sampler &sampler, std::size_t component) const
+{
+    VxMotionCurve curve;
+    curve.times = sampler.times;
+    curve.values.reserve(sampler.times.size());
+    for (std::size_t i = 0; i < sampler.times.size(); ++i)
+        curve.values.push_back(sampler.value(i)[component]);
+    if (sampler.segment == VxMotionSegment::Linear)
+        return curve;
+    curve.shapes.resize(sampler.times.size());
+    for (std::size_t i = 0; i < curve.shapes.size(); ++i) {
+        VxMotionShape &shape = curve.shapes[i];
+        shape.segment = sampler.segment;
+        if (sampler.isCubic()) {
+            shape.inSlope = sampler.at(i, 0)[component];
+            shape.outSlope = sampler.at(i, 2)[component];
+        }
+    }
+    return curve;
+}
+
+void AnimationReader::addVector(int node, VxMotionTarget first, const Sampler &sampler)
+{
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        VxMotionChannel channel;
+        channel.node = node;
+        channel.target = VxMotionTarget(int(first) + int(axis));
+        channel.curve = curveOf(sampler, axis);
+        m_clip->channels.push_back(std::move(channel));
+    }
+}
+
+void AnimationReader::addWeights(int node, const Sampler &sampler)
+{
+    for (std::size_t i = 0; i < sampler.width; ++i) {
+        VxMotionChannel channel;
+        channel.node = node;
+        channel.target = VxMotionTarget::Morph;
+        channel.index = int(i);
+        channel.curve = curveOf(sampler, i);
+        m_clip->channels.push_back(std::move(channel));
+    }
+}
+
+void AnimationReader::addRotation(int node, const Sampler &sampler)
+{
+    VxMotionChannel channel;
+    channel.node = node;
+    channel.target = VxMotionTarget::Rotation;
+    VxMotionRotationTrack &track = channel.rotation;
+    track.segment = sampler.segment;
+    VxMotionQuaternion last{{0.0, 0.0, 0.0, 1.0}};
+    for (std::size_t i = 0; i < sampler.times.size(); ++i) {
+        const double *q = sampler.value(i);
+        const double length = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
+        if (length > 1e-6 && std::isfinite(length)) {
+            last = {{q[0] / length, q[1] / length, q[2] / length, q[3] / length}};
+        } else {
+            m_motion->facts.addOmission(tr("rotation"),
+                                        tr("It has no direction; the one before it holds."),
+                                        m_motion->nodes[std::size_t(node)].name);
+        }
+        track.times.push_back(sampler.times[i]);
+        track.values.push_back(last);
+        if (!sampler.isCubic())
+            continue;
+        const auto tangent = [&](std::size_t part) {
+            const double *t = sampler.at(i, part);
+            return VxMotionQuaternion{{t[0], t[1], t[2], t[3]}};
+        };
+        track.inTangents.push_back(tangent(0));
+        track.outTangents.push_back(tangent(2));
+    }
+    m_clip->channels.push_back(std::move(channel));
+}
+
+bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
+{
+    const QJsonObject target = channel.value(QLatin1String("target")).toObject();
+    const QString path = target.value(QLatin1String("path")).toString();
+    const qint64 index = vxGltfIndex(target, "node");
+    if (path == QLatin1String("pointer"))
+        return omit(tr("It drives something other than a node."), -1);
+    if (!target.contains(QLatin1String("node")))
+        return omit(tr("It drives nothing."), -1);
+    if (index < 0 || index >= qint64(m_places.size()))
+        return fail(message, tr("a channel drives a node that does not exist."));
+    const int node = m_places[std::size_t(index)];
+    const bool isWeights = path == QLatin1String("weights");
+    const bool isRotation = path == QLatin1String("rotation");
+    const bool isTranslation = path == QLatin1String("translation");
+    if (!isWeights && !isRotation && !isTranslation && path != QLatin1String("scale"))
+        return omit(tr("It drives something other than a node's transform or weights."), node);
+    if (!m_driven.insert({node, path}).second)
+        return omit(tr("Another channel drives the same."), node);
+    Sampler sampler;
+    if (!readSampler(vxGltfIndex(channel, "sampler"), &sampler, message))
+        return false;
+    if (sampler.times.empty())
+        return omit(tr("It has no keys."), node);
+    const std::size_t width = isWeights    ? m_motion->nodes[std::size_t(node)].morphs.size()
+                              : isRotation ? 4
+                                           : 3;
+    if (isWeights && width == 0)
+        return omit(tr("The node has no morphs."), node);
+    if (sampler.width != width)
+        return fail(message,
+                    tr("the channel \"%1\" of \"%2\" has %3 numbers a key where %4 belong.")
+                        .arg(path, m_motion->nodes[std::size_t(node)].name)
+                        .arg(sampler.width)
+                        .arg(width));
+    if (isWeights)
+        addWeights(node, sampler);
+    else if (isRotation)
+        addRotation(node, sampler);
+    else
+        addVector(node, isTranslation ? VxMotionTarget::XTranslate : VxMotionTarget::XScale,
+                  sampler);
+    return true;
+}
+
+} // namespace
+
+bool vxReadGltfAnimations(VxGltfDocument *document, const std::vector<int> &places,
+                          const VxFileProgress &progress, VxImportedMotion *motion,
+                          QString *message)
+{
+    const QJsonArray animations = document->array("animations");
+    for (int i = 0; i < animations.size(); ++i) {
+        const QJsonObject object = animations.at(i).toObject();
+        VxMotionClip clip;
+        clip.name = object.value(QLatin1String("name")).toString();
+        if (clip.name.isEmpty())
+            clip.name = tr("Animation %1").arg(i + 1);
+        AnimationReader reader(document, places, motion, &clip, object);
+        const QJsonArray channels = object.value(QLatin1String("channels")).toArray();
+        for (int c = 0; c < channels.size(); ++c) {
+            if (progress && !progress((i * 100 + c * 100 / channels.size()) / animations.size())) {
+                message->clear();
+                return false;
+            }
+            QString why;
+            if (!reader.readChannel(channels.at(c).toObject(), &why))
+                return fail(
+                    message,
+                    tr("Animation \"%1\", channel %2: %3").arg(clip.name, QString::number(c), why));
+        }
+        motion->clips.push_back(std::move(clip));
+    }
+    return true;
+}

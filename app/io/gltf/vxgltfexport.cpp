@@ -1,0 +1,438 @@
+#include "io/gltf/vxgltfexport.h"
+
+#include "io/gltf/vxgltfcurves.h"
+#include "io/gltf/vxgltfoutput.h"
+#include "io/vxsafefile.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QMatrix4x4>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxGltfExport", text);
+}
+
+bool fail(VxFileError *error, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+QString key(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
+QVector<const VxMorph *> morphsOf(const VxNode *node)
+{
+    QVector<const VxMorph *> morphs;
+    const VxObject *object = node->getObject();
+    for (int i = 0; object && i < object->getNumSubElements(); ++i) {
+        if (const auto *morph = qobject_cast<const VxMorph *>(object->getSubElement(i)))
+            morphs.append(morph);
+    }
+    return morphs;
+}
+
+std::array<const VxFloatProperty *, 3> rotations(const VxNode *node)
+{
+    return {{node->getXRotControl(), node->getYRotControl(), node->getZRotControl()}};
+}
+
+QJsonArray arrayOf(const std::vector<double> &numbers)
+{
+    QJsonArray array;
+    for (const double number : numbers)
+        array.append(number);
+    return array;
+}
+
+const char *orderName(VxNode::RotationOrder order)
+{
+    static const char *const names[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
+    return names[order];
+}
+
+/// One file.
+class Writer
+{
+public:
+    Writer(const VxScene *scene, const VxTimeRange &range)
+        : m_scene(scene)
+        , m_range(range)
+        , m_offset(range.getStart() < 0 ? -qint64(range.getStart()) : 0)
+    {
+    }
+
+    void addNodes(const VxNode *root);
+    bool addAnimation(const VxFileProgress &progress);
+    void addSkins();
+    QByteArray bytes(bool binary) const;
+    double error() const { return m_error; }
+    int numNodes() const { return m_nodes.size(); }
+    qint64 numKeys() const { return m_numKeys; }
+
+private:
+    QJsonObject nodeObject(const VxNode *node);
+    void addRest(const VxNode *node, QJsonObject *object) const;
+    int addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &morphs);
+    void addTranslation(const VxNode *node);
+    void addRotation(const VxNode *node);
+    void addScale(const VxNode *node);
+    void addWeights(const VxNode *node);
+    void addChannel(const VxNode *node, const char *path, const VxGltfKeys &keys, const char *type);
+    int addTimes(const std::vector<VxTime> &times);
+
+    const VxScene *const m_scene;
+    const VxTimeRange m_range;
+    const qint64 m_offset;
+    VxGltfOutput m_output;
+    QVector<const VxNode *> m_nodes;
+    QHash<const VxNode *, int> m_index;
+    QJsonArray m_objects;
+    QJsonArray m_meshes;
+    QJsonArray m_skins;
+    QJsonArray m_samplers;
+    QJsonArray m_channels;
+    std::vector<VxTime> m_lastTimes; // most channels share theirs
+    int m_lastInput = -1;
+    double m_error = 0.0;
+    qint64 m_numKeys = 0;
+};
+
+void Writer::addNodes(const VxNode *root)
+{
+    const QVector<VxNode *> roots = m_scene->getRootNodes();
+    for (const VxNode *node : roots) {
+        if (root && node != root)
+            continue;
+        QVector<VxNode *> all;
+        node->getNodeChildren(all, true);
+        m_nodes.append(node);
+        for (const VxNode *child : qAsConst(all))
+            m_nodes.append(child);
+    }
+    if (root && m_nodes.isEmpty()) {
+        QVector<VxNode *> all;
+        root->getNodeChildren(all, true);
+        m_nodes.append(root);
+        for (const VxNode *child : qAsConst(all))
+            m_nodes.append(child);
+    }
+    for (int i = 0; i < m_nodes.size(); ++i)
+        m_index.insert(m_nodes[i], i);
+    for (const VxNode *node : qAsConst(m_nodes))
+        m_objects.append(nodeObject(node));
+}
+
+/** Where the node is at the range's start: for programs that show no motion. */
+void Writer::addRest(const VxNode *node, QJsonObject *object) const
+{
+    const VxTime time = m_range.getStart();
+    const QVector3D origin = node->getOrigin();
+    const auto value = [time](const VxFloatProperty *control) {
+        return double(control->getValue(time));
+    };
+    const double uniform = value(node->getScaleControl());
+    object->insert(key("translation"),
+                   arrayOf({double(origin.x()) + value(node->getXPosControl()),
+                            double(origin.y()) + value(node->getYPosControl()),
+                            double(origin.z()) + value(node->getZPosControl())}));
+    const VxQuaternion q =
+        vxQuaternion(VxEuler{value(node->getXRotControl()), value(node->getYRotControl()),
+                             value(node->getZRotControl())},
+                     VxRotationOrder(node->getRotationOrder()));
+    object->insert(key("rotation"), arrayOf({q.x, q.y, q.z, q.w}));
+    object->insert(key("scale"), arrayOf({uniform * value(node->getXScaleControl()),
+                                          uniform * value(node->getYScaleControl()),
+                                          uniform * value(node->getZScaleControl())}));
+}
+
+QJsonObject Writer::nodeObject(const VxNode *node)
+{
+    QJsonObject object{{key("name"), node->getLabel()}};
+    addRest(node, &object);
+    const QVector3D end = node->getEndPoint();
+    object.insert(key("extras"),
+                  QJsonObject{{key("rotationOrder"), key(orderName(node->getRotationOrder()))},
+                              {key("endPoint"),
+                               arrayOf({double(end.x()), double(end.y()), double(end.z())})}});
+    QJsonArray children;
+    for (int i = 0; i < node->getNumNodeChildren(); ++i)
+        children.append(m_index.value(node->getNodeChild(i)));
+    if (!children.isEmpty())
+        object.insert(key("children"), children);
+    const QVector<const VxMorph *> morphs = morphsOf(node);
+    if (!morphs.isEmpty())
+        object.insert(key("mesh"), addMorphMesh(node, morphs));
+    return object;
+}
+
+/** Weights need a mesh: the smallest triangle there is, with targets that change nothing. */
+int Writer::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &morphs)
+{
+    constexpr float Side = 1e-3f;
+    const int corners = m_output.addFloats({0, 0, 0, Side, 0, 0, 0, Side, 0}, "VEC3", true);
+    const int zeros = m_output.addZeros(3, "VEC3");
+    QJsonArray targets;
+    QJsonArray names;
+    QJsonArray weights;
+    for (const VxMorph *morph : morphs) {
+        targets.append(QJsonObject{{key("POSITION"), zeros}});
+        names.append(morph->getLabel());
+        weights.append(double(morph->getValueControl()->getValue(m_range.getStart())));
+    }
+    const QJsonObject primitive{{key("attributes"), QJsonObject{{key("POSITION"), corners}}},
+                                {key("targets"), targets}};
+    m_meshes.append(QJsonObject{{key("name"), node->getLabel()},
+                                {key("primitives"), QJsonArray{primitive}},
+                                {key("weights"), weights},
+                                {key("extras"), QJsonObject{{key("targetNames"), names}}}});
+    return m_meshes.size() - 1;
+}
+
+int Writer::addTimes(const std::vector<VxTime> &times)
+{
+    if (m_lastInput >= 0 && times == m_lastTimes)
+        return m_lastInput;
+    std::vector<float> seconds;
+    for (const VxTime time : times)
+        seconds.push_back(float(double(time + m_offset) / VxTicksPerSecond));
+    m_lastTimes = times;
+    m_lastInput = m_output.addFloats(seconds, "SCALAR", true);
+    return m_lastInput;
+}
+
+void Writer::addChannel(const VxNode *node, const char *path, const VxGltfKeys &keys,
+                        const char *type)
+{
+    static const char *const names[] = {"STEP", "LINEAR", "CUBICSPLINE"};
+    m_samplers.append(QJsonObject{{key("input"), addTimes(keys.times)},
+                                  {key("output"), m_output.addFloats(keys.numbers, type, false)},
+                                  {key("interpolation"), key(names[keys.kind])}});
+    m_channels.append(QJsonObject{{key("sampler"), m_samplers.size() - 1},
+                                  {key("target"), QJsonObject{{key("node"), m_index.value(node)},
+                                                              {key("path"), key(path)}}}});
+    m_error = std::max(m_error, keys.error);
+    m_numKeys += qint64(keys.times.size());
+}
+
+void Writer::addTranslation(const VxNode *node)
+{
+    const VxFloatProperty *const controls[] = {node->getXPosControl(), node->getYPosControl(),
+                                               node->getZPosControl()};
+    if (!std::any_of(controls, controls + 3, vxIsAnimated))
+        return;
+    std::vector<VxGltfValue> values;
+    for (int axis = 0; axis < 3; ++axis)
+        values.push_back({controls[axis], 1.0, double(node->getOrigin()[axis])});
+    addChannel(node, "translation", vxGltfKeysOf(values, m_range, m_scene->getTimeStep()), "VEC3");
+}
+
+void Writer::addRotation(const VxNode *node)
+{
+    const std::array<const VxFloatProperty *, 3> controls = rotations(node);
+    if (!std::any_of(controls.begin(), controls.end(), vxIsAnimated))
+        return;
+    addChannel(node, "rotation",
+               vxGltfRotationKeys(controls, VxRotationOrder(node->getRotationOrder()), m_range,
+                                  m_scene->getTimeStep()),
+               "VEC4");
+}
+
+/** The product of two numbers that both move is no curve of the file: it is sampled. */
+void Writer::addScale(const VxNode *node)
+{
+    const VxFloatProperty *common = node->getScaleControl();
+    const VxFloatProperty *const controls[] = {node->getXScaleControl(), node->getYScaleControl(),
+                                               node->getZScaleControl()};
+    const bool isCommon = vxIsAnimated(common);
+    const bool isOwn = std::any_of(controls, controls + 3, vxIsAnimated);
+    if (!isCommon && !isOwn)
+        return;
+    const VxTime start = m_range.getStart();
+    std::vector<VxGltfValue> values;
+    for (const VxFloatProperty *control : controls) {
+        if (isOwn)
+            values.push_back({control, isCommon ? 1.0 : double(common->getValue(start)), 0.0});
+        else
+            values.push_back({common, double(control->getValue(start)), 0.0});
+    }
+    const VxTime step = m_scene->getTimeStep();
+    addChannel(node, "scale",
+               isCommon && isOwn ? vxGltfSampledProducts(common, values, m_range, step)
+                                 : vxGltfKeysOf(values, m_range, step),
+               "VEC3");
+}
+
+void Writer::addWeights(const VxNode *node)
+{
+    std::vector<VxGltfValue> values;
+    bool isAnimated = false;
+    for (const VxMorph *morph : morphsOf(node)) {
+        values.push_back({morph->getValueControl(), 1.0, 0.0});
+        isAnimated = isAnimated || vxIsAnimated(morph->getValueControl());
+    }
+    if (isAnimated)
+        addChannel(node, "weights", vxGltfKeysOf(values, m_range, m_scene->getTimeStep()),
+                   "SCALAR");
+}
+
+bool Writer::addAnimation(const VxFileProgress &progress)
+{
+    for (int i = 0; i < m_nodes.size(); ++i) {
+        if (progress && !progress(i * 100 / m_nodes.size()))
+            return false;
+        addTranslation(m_nodes[i]);
+        addRotation(m_nodes[i]);
+        addScale(m_nodes[i]);
+        addWeights(m_nodes[i]);
+    }
+    return true;
+}
+
+void Writer::addSkins()
+{
+    for (const VxNode *node : qAsConst(m_nodes)) {
+        const auto *skeleton = qobject_cast<const VxSkeleton *>(node);
+        if (!skeleton || skeleton->getAllBones().isEmpty())
+            continue;
+        QJsonArray joints;
+        std::vector<float> matrices;
+        const QVector<VxBone *> bones = skeleton->getAllBones();
+        for (const VxBone *bone : bones) {
+            joints.append(m_index.value(bone));
+            bool isInvertible = false;
+            QMatrix4x4 inverse =
+                bone->getWorldTransform(m_range.getStart()).inverted(&isInvertible);
+            if (!isInvertible)
+                inverse.setToIdentity();
+            inverse.setRow(3, QVector4D(0, 0, 0, 1));
+            matrices.insert(matrices.end(), inverse.constData(), inverse.constData() + 16);
+        }
+        m_skins.append(
+            QJsonObject{{key("name"), skeleton->getLabel()},
+                        {key("joints"), joints},
+                        {key("skeleton"), m_index.value(skeleton)},
+                        {key("inverseBindMatrices"), m_output.addFloats(matrices, "MAT4", false)}});
+    }
+}
+
+QByteArray Writer::bytes(bool binary) const
+{
+    QJsonObject root{{key("asset"), QJsonObject{{key("version"), key("2.0")},
+                                                {key("generator"), key("VxStudio")}}}};
+    QJsonArray tops;
+    for (const VxNode *node : m_nodes) {
+        if (!node->getNodeParent() || !m_index.contains(node->getNodeParent()))
+            tops.append(m_index.value(node));
+    }
+    root.insert(key("scene"), 0);
+    root.insert(key("scenes"), QJsonArray{QJsonObject{{key("nodes"), tops}}});
+    root.insert(key("nodes"), m_objects);
+    if (!m_meshes.isEmpty())
+        root.insert(key("meshes"), m_meshes);
+    if (!m_skins.isEmpty())
+        root.insert(key("skins"), m_skins);
+    if (!m_channels.isEmpty())
+        root.insert(key("animations"), QJsonArray{QJsonObject{{key("name"), tr("Motion")},
+                                                              {key("samplers"), m_samplers},
+                                                              {key("channels"), m_channels}}});
+    return binary ? m_output.binary(root) : m_output.text(root);
+}
+
+} // namespace
+
+class VxGltfExport::Private
+{
+public:
+    const VxScene *scene = nullptr;
+    const VxNode *root = nullptr;
+    VxTimeRange range;
+    VxFileProgress progress;
+    double error = 0.0;
+    QString summary;
+};
+
+VxGltfExport::VxGltfExport(const VxScene *scene, const VxTimeRange &range)
+    : d(std::make_unique<Private>())
+{
+    d->scene = scene;
+    d->range = range;
+}
+
+VxGltfExport::~VxGltfExport() = default;
+
+void VxGltfExport::setRoot(const VxNode *root)
+{
+    d->root = root;
+}
+
+void VxGltfExport::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
+{
+    // Beyond it times and sizes do not fit any more.
+    constexpr qint64 MaxKeys = 40 * 1000 * 1000;
+    const qint64 frames =
+        (qint64(d->range.getEnd()) - d->range.getStart()) / d->scene->getTimeStep() + 1;
+    if (d->scene->getNumNodes() == 0)
+        return fail(error, tr("The scene is empty."));
+    if (frames > MaxKeys / d->scene->getNumNodes())
+        return fail(error, tr("The motion is too long: %1 frames of %2 nodes.")
+                               .arg(frames)
+                               .arg(d->scene->getNumNodes()));
+    Writer writer(d->scene, d->range);
+    writer.addNodes(d->root);
+    if (!writer.addAnimation(d->progress))
+        return fail(error, tr("The export was cancelled."), true);
+    writer.addSkins();
+    *bytes = writer.bytes(binary);
+    d->error = writer.error();
+    d->summary = tr("%1 nodes, %2 keys; rotations deviate by up to %3 degrees between keys.")
+                     .arg(QString::number(writer.numNodes()), QString::number(writer.numKeys()),
+                          QString::number(d->error, 'g', 3));
+    if (d->range.getStart() < 0)
+        d->summary += QLatin1Char(' ') + tr("The motion is moved so that it starts at time 0.");
+    return true;
+}
+
+bool VxGltfExport::exportFile(const QString &fileName, VxFileError *error)
+{
+    QByteArray bytes;
+    const bool binary = !fileName.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive);
+    if (!write(binary, &bytes, error)) {
+        error->file = fileName;
+        return false;
+    }
+    VxSafeFile file(fileName);
+    if (file.start() && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    fail(error, tr("Cannot be written: %1.").arg(file.failure()));
+    error->file = fileName;
+    return false;
+}
+
+double VxGltfExport::getError() const
+{
+    return d->error;
+}
+
+QString VxGltfExport::getSummary() const
+{
+    return d->summary;
+}

@@ -1,0 +1,72 @@
+#include "io/gltf/vxgltfreader.h"
+
+#include "io/gltf/vxgltfanimations.h"
+#include "io/gltf/vxgltfdocument.h"
+#include "io/gltf/vxgltfnodes.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxGltfReader", text);
+}
+
+bool fail(VxFileError *error, const QString &message)
+{
+    *error = VxFileError();
+    error->cancelled = message.isEmpty();
+    error->message = message.isEmpty() ? tr("The import was cancelled.") : message;
+    return false;
+}
+
+void omitAll(const VxGltfDocument &document, const char *array, const QString &what,
+             VxMotionFacts *facts)
+{
+    const QJsonArray objects = document.array(array);
+    for (const QJsonValue &object : objects)
+        facts->addOmission(what, tr("Only nodes and their motion are imported."),
+                           object.toObject().value(QLatin1String("name")).toString());
+}
+
+VxMotionFacts factsOf(const VxGltfDocument &document)
+{
+    VxMotionFacts facts;
+    const QJsonObject asset = document.root().value(QLatin1String("asset")).toObject();
+    facts.format = document.isBinary() ? tr("glTF 2.0 (binary)") : tr("glTF 2.0 (text)");
+    facts.writer = asset.value(QLatin1String("generator")).toString();
+    facts.metresPerUnit = 1.0;
+    omitAll(document, "meshes", tr("mesh"), &facts);
+    omitAll(document, "materials", tr("material"), &facts);
+    omitAll(document, "cameras", tr("camera"), &facts);
+    const QJsonArray required = document.array("extensionsRequired");
+    for (const QJsonValue &extension : required)
+        facts.addOmission(tr("extension"),
+                          tr("The file requires it; what it adds is not imported."),
+                          extension.toString());
+    return facts;
+}
+
+} // namespace
+
+bool vxReadGltf(const QByteArray &bytes, const QString &folder, const VxFileProgress &progress,
+                VxImportedMotion *motion, VxFileError *error)
+{
+    VxGltfDocument document(folder);
+    VxImportedMotion read;
+    QString message;
+    qint64 offset = -1;
+    if (!document.parse(bytes, &message, &offset)) {
+        fail(error, message);
+        error->offset = offset;
+        return false;
+    }
+    read.facts = factsOf(document);
+    std::vector<int> places;
+    if (!vxReadGltfNodes(&document, &read, &places, &message) ||
+        !vxReadGltfAnimations(&document, places, progress, &read, &message))
+        return fail(error, message);
+    *motion = std::move(read);
+    return true;
+}

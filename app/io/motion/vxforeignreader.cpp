@@ -1,0 +1,66 @@
+#include "io/motion/vxforeignreader.h"
+
+#include "io/fbx/vxfbxreader.h"
+#include "io/gltf/vxgltfreader.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxForeignReader", text);
+}
+
+bool fail(VxFileError *error, const QString &message)
+{
+    *error = VxFileError();
+    error->message = message;
+    return false;
+}
+
+bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
+{
+    // Larger ones cannot be held in one array of bytes.
+    constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
+    const QFileInfo info(fileName);
+    if (info.exists() && !info.isFile())
+        return fail(error, tr("This is not a regular file."));
+    if (info.size() > MaxBytes)
+        return fail(error, tr("The file is larger than 1 GB."));
+    QFile file(fileName);
+    if (file.open(QIODevice::ReadOnly)) {
+        *bytes = file.readAll();
+        if (file.error() == QFileDevice::NoError)
+            return true;
+    }
+    return fail(error, tr("The file cannot be read: %1.").arg(file.errorString()));
+}
+
+} // namespace
+
+bool vxReadForeignMotion(const QString &fileName, const VxFileProgress &progress,
+                         VxImportedMotion *motion, VxFileError *error)
+{
+    const QFileInfo info(fileName);
+    const QString suffix = info.suffix().toLower();
+    QByteArray bytes;
+    bool done = readBytes(fileName, &bytes, error);
+    if (done) {
+        if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf"))
+            done = vxReadGltf(bytes, info.absolutePath(), progress, motion, error);
+        else if (suffix == QLatin1String("fbx"))
+            done = vxReadFbx(bytes, progress, motion, error);
+        else
+            done = fail(error, tr("Unsupported file type."));
+    }
+    error->file = fileName;
+    return done;
+}
+
+QStringList vxForeignSuffixes()
+{
+    return {QStringLiteral("glb"), QStringLiteral("gltf"), QStringLiteral("fbx")};
+}

@@ -1,0 +1,165 @@
+#include "io/motion/vximportchoices.h"
+
+#include <algorithm>
+#include <vxcore/vxelement.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxobject.h>
+
+namespace {
+
+VxTime nearestFrame(VxTime time, VxTime step)
+{
+    const qint64 half = time >= 0 ? step / 2 : -(step / 2);
+    return VxTime((qint64(time) + half) / step * step);
+}
+
+void collect(const VxElement *element, std::vector<VxFloatProperty *> *properties)
+{
+    for (int i = 0; i < element->getNumProperties(); ++i) {
+        auto *property = qobject_cast<VxFloatProperty *>(element->getProperty(i));
+        if (property && property->getNumKeys() > 0)
+            properties->push_back(property);
+    }
+}
+
+/// The keyed properties of all nodes and their morphs, with whether each is a rotation.
+struct Keyed
+{
+    std::vector<VxFloatProperty *> rotations;
+    std::vector<VxFloatProperty *> others;
+};
+
+void collect(const VxNode *node, Keyed *keyed)
+{
+    std::vector<VxFloatProperty *> properties;
+    collect(node, &properties);
+    if (const VxObject *object = node->getObject()) {
+        collect(object, &properties);
+        for (int i = 0; i < object->getNumSubElements(); ++i)
+            collect(object->getSubElement(i), &properties);
+    }
+    for (VxFloatProperty *property : properties) {
+        const bool isRotation = property == node->getXRotControl() ||
+                                property == node->getYRotControl() ||
+                                property == node->getZRotControl();
+        (isRotation ? keyed->rotations : keyed->others).push_back(property);
+    }
+}
+
+Keyed keyedProperties(const VxSceneContents &contents)
+{
+    Keyed keyed;
+    for (const auto &root : contents.rootNodes) {
+        QVector<VxNode *> nodes{root.get()};
+        root->getNodeChildren(nodes, true);
+        for (const VxNode *node : qAsConst(nodes))
+            collect(node, &keyed);
+    }
+    return keyed;
+}
+
+/** Counts the keys of one property as they will be. */
+void count(const VxFloatProperty *property, const VxImportChoices &choices, VxTime step,
+           VxImportNumbers *numbers)
+{
+    const VxTime *times = property->getKeyTimes();
+    const int keys = property->getNumKeys();
+    for (int i = 0; i < keys; ++i) {
+        const VxTime frame = nearestFrame(times[i], step);
+        if (!choices.snapsToFrames) {
+            numbers->offFrame += frame != times[i] ? 1 : 0;
+            ++numbers->keys;
+            continue;
+        }
+        numbers->largestMove = std::max(numbers->largestMove, std::abs(frame - times[i]));
+        if (i + 1 < keys && nearestFrame(times[i + 1], step) == frame)
+            ++numbers->merged;
+        else
+            ++numbers->keys;
+    }
+}
+
+void snap(VxFloatProperty *property, VxTime step)
+{
+    const VxKeyColumns<float> keys = property->getKeys();
+    std::vector<VxTime> times;
+    std::vector<float> values;
+    std::vector<quint8> types;
+    std::vector<VxTcb> tcb;
+    for (int i = 0; i < keys.count; ++i) {
+        const VxTime frame = nearestFrame(keys.times[i], step);
+        if (i + 1 < keys.count && nearestFrame(keys.times[i + 1], step) == frame)
+            continue;
+        times.push_back(frame);
+        values.push_back(keys.values[i]);
+        types.push_back(keys.types ? keys.types[i] : quint8(VxKeyInterp::Linear));
+        tcb.push_back(keys.tcb ? keys.tcb[i] : VxTcb());
+    }
+    VxKeyColumns<float> snapped;
+    snapped.times = times.data();
+    snapped.values = values.data();
+    snapped.types = types.data();
+    const bool hasTcb =
+        std::any_of(tcb.begin(), tcb.end(), [](const VxTcb &t) { return t != VxTcb(); });
+    snapped.tcb = hasTcb ? tcb.data() : nullptr;
+    snapped.count = int(times.size());
+    property->replaceKeys(VxTimeRange::all(), snapped);
+}
+
+} // namespace
+
+QJsonObject VxImportChoices::toJson() const
+{
+    return {{QStringLiteral("snapToFrames"), snapsToFrames},
+            {QStringLiteral("matchRate"), matchesRate},
+            {QStringLiteral("rotationsOnly"), rotationsOnly}};
+}
+
+VxImportChoices VxImportChoices::fromJson(const QJsonObject &object)
+{
+    VxImportChoices choices;
+    choices.snapsToFrames = object.value(QStringLiteral("snapToFrames")).toBool();
+    choices.matchesRate = object.value(QStringLiteral("matchRate")).toBool();
+    choices.rotationsOnly = object.value(QStringLiteral("rotationsOnly")).toBool();
+    return choices;
+}
+
+VxImportNumbers vxCountKeys(const VxSceneContents &contents, const VxImportChoices &choices,
+                            VxTime step)
+{
+    VxImportNumbers numbers;
+    const Keyed keyed = keyedProperties(contents);
+    for (const VxFloatProperty *property : keyed.rotations)
+        count(property, choices, step, &numbers);
+    for (const VxFloatProperty *property : keyed.others) {
+        if (choices.rotationsOnly)
+            numbers.leftOut += property->getNumKeys();
+        else
+            count(property, choices, step, &numbers);
+    }
+    return numbers;
+}
+
+VxImportNumbers vxApplyChoices(const VxImportChoices &choices, VxTime step,
+                               VxSceneContents *contents)
+{
+    const VxImportNumbers numbers = vxCountKeys(*contents, choices, step);
+    const Keyed keyed = keyedProperties(*contents);
+    for (VxFloatProperty *property : keyed.others) {
+        if (!choices.rotationsOnly)
+            continue;
+        const float first = property->getKeyValue(0);
+        property->deleteAllKeys();
+        property->setStoredValue(first);
+    }
+    if (!choices.snapsToFrames)
+        return numbers;
+    for (VxFloatProperty *property : keyed.rotations)
+        snap(property, step);
+    for (VxFloatProperty *property : keyed.others) {
+        if (property->getNumKeys() > 0)
+            snap(property, step);
+    }
+    return numbers;
+}

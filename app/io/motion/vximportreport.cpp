@@ -1,0 +1,197 @@
+#include "io/motion/vximportreport.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxImportReport", text);
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 6);
+}
+
+QJsonArray clipsOf(const VxImportReport &report)
+{
+    QJsonArray clips;
+    for (const VxImportedClip &clip : report.clips)
+        clips.append(QJsonObject{{QStringLiteral("name"), clip.name},
+                                 {QStringLiteral("imported"), clip.isImported},
+                                 {QStringLiteral("start"), clip.range.getStart()},
+                                 {QStringLiteral("end"), clip.range.getEnd()}});
+    return clips;
+}
+
+QJsonArray omissionsOf(const VxImportReport &report)
+{
+    QJsonArray omissions;
+    for (const VxMotionOmission &omission : report.omissions)
+        omissions.append(QJsonObject{{QStringLiteral("what"), omission.what},
+                                     {QStringLiteral("why"), omission.why},
+                                     {QStringLiteral("first"), omission.first},
+                                     {QStringLiteral("count"), omission.count}});
+    return omissions;
+}
+
+// Every plain member with its name in JSON, once for both directions.
+template <class Report, class Visitor> void visit(Report &report, Visitor &&visitor)
+{
+    visitor("file", report.file);
+    visitor("format", report.format);
+    visitor("writer", report.writer);
+    visitor("sourceRate", report.sourceRate);
+    visitor("rateFromKeys", report.isRateFromKeys);
+    visitor("step", report.step);
+    visitor("turned", report.isTurned);
+    visitor("metresPerUnit", report.metresPerUnit);
+    visitor("firstKey", report.firstKey);
+    visitor("movedToZero", report.isMovedToZero);
+    visitor("nodes", report.nodes);
+    visitor("bones", report.bones);
+    visitor("morphs", report.morphs);
+    visitor("properties", report.properties);
+    visitor("channels", report.channels);
+    visitor("keysBefore", report.keysBefore);
+    visitor("keysAfter", report.keysAfter);
+    visitor("mergedKeys", report.mergedKeys);
+    visitor("angleError", report.angleError);
+    visitor("valueError", report.valueError);
+}
+
+struct JsonInput
+{
+    const QJsonObject &object;
+
+    QJsonValue member(const char *name) const { return object.value(QLatin1String(name)); }
+    void operator()(const char *name, QString &value) const { value = member(name).toString(); }
+    void operator()(const char *name, bool &value) const { value = member(name).toBool(); }
+    void operator()(const char *name, double &value) const { value = member(name).toDouble(); }
+    void operator()(const char *name, int &value) const { value = member(name).toInt(); }
+    void operator()(const char *name, qint64 &value) const
+    {
+        value = qint64(member(name).toDouble());
+    }
+};
+
+} // namespace
+
+QJsonObject VxImportReport::toJson() const
+{
+    QJsonObject object;
+    visit(*this, [&object](const char *name, const auto &value) {
+        object.insert(QLatin1String(name), QJsonValue(value));
+    });
+    object.insert(QStringLiteral("sceneRate"), sceneRate());
+    object.insert(QStringLiteral("upAxis"), QString(QLatin1Char(upAxis)));
+    object.insert(QStringLiteral("clips"), clipsOf(*this));
+    object.insert(QStringLiteral("notes"), QJsonArray::fromStringList(notes));
+    object.insert(QStringLiteral("leftOut"), omissionsOf(*this));
+    return object;
+}
+
+VxImportReport VxImportReport::fromJson(const QJsonObject &object)
+{
+    VxImportReport report;
+    visit(report, JsonInput{object});
+    report.step = qBound(1, report.step, VxTicksPerSecond);
+    const QString axis = object.value(QStringLiteral("upAxis")).toString();
+    report.upAxis = axis.isEmpty() ? 'Y' : axis.at(0).toLatin1();
+    const QJsonArray clips = object.value(QStringLiteral("clips")).toArray();
+    for (const QJsonValue &value : clips) {
+        const QJsonObject clip = value.toObject();
+        report.clips.push_back({clip.value(QStringLiteral("name")).toString(),
+                                clip.value(QStringLiteral("imported")).toBool(),
+                                {clip.value(QStringLiteral("start")).toInt(),
+                                 clip.value(QStringLiteral("end")).toInt()}});
+    }
+    const QJsonArray notes = object.value(QStringLiteral("notes")).toArray();
+    for (const QJsonValue &note : notes)
+        report.notes.append(note.toString());
+    const QJsonArray omissions = object.value(QStringLiteral("leftOut")).toArray();
+    for (const QJsonValue &value : omissions) {
+        const QJsonObject omission = value.toObject();
+        report.omissions.push_back({omission.value(QStringLiteral("what")).toString(),
+                                    omission.value(QStringLiteral("why")).toString(),
+                                    omission.value(QStringLiteral("first")).toString(),
+                                    omission.value(QStringLiteral("count")).toInt()});
+    }
+    return report;
+}
+
+QString VxImportReport::summary() const
+{
+    QString text = tr("%1 nodes (%2 bones), %3 animated channels, %4 keys.")
+                       .arg(QString::number(nodes), QString::number(bones),
+                            QString::number(channels), QString::number(keysAfter));
+    if (sourceRate > 0.0)
+        text += QLatin1Char(' ') + (qAbs(sourceRate - sceneRate()) < 1e-6
+                                        ? tr("%1 frames per second.").arg(number(sourceRate))
+                                        : tr("The file has %1 frames per second, the scene %2.")
+                                              .arg(number(sourceRate), number(sceneRate())));
+    int left = 0;
+    for (const VxMotionOmission &omission : omissions)
+        left += omission.count;
+    if (left > 0)
+        text += QLatin1Char(' ') + tr("Left out: %1; see the import report.").arg(left);
+    return text;
+}
+
+QStringList VxImportReport::lines() const
+{
+    QStringList lines;
+    const auto add = [&lines](const QString &name, const QString &value) {
+        lines.append(tr("%1: %2").arg(name, value));
+    };
+    add(tr("File"), file);
+    add(tr("Format"), format);
+    add(tr("Written by"), writer.isEmpty() ? tr("not stated") : writer);
+    add(tr("Frame rate of the file"), sourceRate <= 0.0 ? tr("unknown")
+                                      : isRateFromKeys
+                                          ? tr("%1 (by its keys)").arg(number(sourceRate))
+                                          : number(sourceRate));
+    add(tr("Frame rate of the scene"),
+        tr("%1 (%2 ticks per frame)").arg(number(sceneRate())).arg(step));
+    add(tr("Up axis"),
+        isTurned ? tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis)) : tr("Y"));
+    add(tr("Unit of length"),
+        metresPerUnit > 0.0 ? tr("%1 m; lengths are kept as they are").arg(number(metresPerUnit))
+                            : tr("not stated; lengths are kept as they are"));
+    QStringList names;
+    for (const VxImportedClip &clip : clips) {
+        if (clip.isImported)
+            names.append(tr("%1 (frames %2 to %3)")
+                             .arg(clip.name, number(double(clip.range.getStart()) / step),
+                                  number(double(clip.range.getEnd()) / step)));
+    }
+    add(tr("Animations"),
+        tr("%1 of %2").arg(names.size()).arg(clips.size()) +
+            (names.isEmpty() ? QString()
+                             : QStringLiteral(": ") + names.join(QStringLiteral(", "))));
+    add(tr("First key"), isMovedToZero ? tr("%1 s, moved to 0").arg(number(firstKey))
+                                       : tr("%1 s, kept").arg(number(firstKey)));
+    add(tr("Nodes"), tr("%1, of which %2 bones").arg(nodes).arg(bones));
+    add(tr("Morphs"), QString::number(morphs));
+    add(tr("Other properties"), QString::number(properties));
+    add(tr("Animated channels"), QString::number(channels));
+    add(tr("Keys in the file"), QString::number(keysBefore));
+    add(tr("Keys in the scene"), QString::number(keysAfter));
+    if (mergedKeys > 0)
+        add(tr("Keys at the time of another one, merged"), QString::number(mergedKeys));
+    add(tr("Largest error"), tr("%1 degrees, %2 % of a channel's range")
+                                 .arg(number(angleError), number(valueError * 100.0)));
+    for (const VxMotionOmission &omission : omissions)
+        add(tr("Left out"),
+            omission.first.isEmpty()
+                ? tr("%1 × %2. %3")
+                      .arg(QString::number(omission.count), omission.what, omission.why)
+                : tr("%1 × %2, first \"%4\". %3")
+                      .arg(QString::number(omission.count), omission.what, omission.why,
+                           omission.first));
+    for (const QString &note : notes)
+        add(tr("Note"), note);
+    return lines;
+}

@@ -1,0 +1,61 @@
+#ifndef VXIO_VXIMPORTREPORT_H
+#define VXIO_VXIMPORTREPORT_H
+
+#include "io/motion/vximportedmotion.h"
+
+#include <QJsonObject>
+#include <vxcore/vxtimerange.h>
+
+/// One animation of a file and where it lies in the scene.
+struct VxImportedClip
+{
+    QString name;
+    bool isImported = false;
+    VxTimeRange range; ///< ticks; only when imported
+};
+
+/// What an import found in a file and what became of it: facts and numbers, without any widget.
+struct VxImportReport
+{
+    QString file; ///< as it was given
+    QString format;
+    QString writer; ///< empty: the file does not say
+
+    double sourceRate = 0.0;     ///< frames per second; 0: unknown
+    bool isRateFromKeys = false; ///< not said by the file, but all keys lie on its frames
+    VxTime step = 160;           ///< ticks a frame of the scene that the file calls for
+
+    char upAxis = 'Y';
+    bool isTurned = false;      ///< a node above everything turns the file's up axis to Y
+    double metresPerUnit = 0.0; ///< of the file; 0: unknown. Lengths are kept as they are.
+
+    std::vector<VxImportedClip> clips;
+    double firstKey = 0.0; ///< seconds in the file, of the clips imported
+    bool isMovedToZero = false;
+
+    int nodes = 0; ///< all of them, bones included
+    int bones = 0;
+    int morphs = 0;
+    int properties = 0;    ///< further ones
+    int channels = 0;      ///< properties with keys
+    qint64 keysBefore = 0; ///< numbers of keys in the file; a rotation counts three
+    qint64 keysAfter = 0;
+    qint64 mergedKeys = 0;   ///< fell on the tick of another one
+    double angleError = 0.0; ///< largest, in degrees
+    double valueError = 0.0; ///< largest of the other channels, as a part of the channel's range
+
+    QStringList notes;
+    std::vector<VxMotionOmission> omissions;
+
+    /// Frames per second of the scene at the step.
+    double sceneRate() const { return double(VxTicksPerSecond) / step; }
+
+    QJsonObject toJson() const;
+    static VxImportReport fromJson(const QJsonObject &object);
+    /// Two or three sentences for a status line.
+    QString summary() const;
+    /// Everything, one fact a line, for a dialog or a terminal.
+    QStringList lines() const;
+};
+
+#endif

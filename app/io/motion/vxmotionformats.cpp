@@ -1,0 +1,34 @@
+#include "io/motion/vxmotionformats.h"
+
+#include "io/motion/vxmotionimport.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+bool open(const QString &fileName, VxScene *scene, const VxFileProgress &progress, QString *summary,
+          VxFileError *error)
+{
+    VxMotionImport import(scene);
+    import.setProgress(progress);
+    import.setReplacesScene(true);
+    if (!import.load(fileName, error) || !import.enter({}, error))
+        return false;
+    *summary = import.getSummary();
+    return true;
+}
+
+VxFileFormat format(const char *name, const QStringList &suffixes)
+{
+    return {QCoreApplication::translate("VxFileFormats", name), suffixes, open, {}, true};
+}
+
+} // namespace
+
+QVector<VxFileFormat> vxMotionFormats()
+{
+    return {format(QT_TRANSLATE_NOOP("VxFileFormats", "BVH motion"), {QStringLiteral("bvh")}),
+            format(QT_TRANSLATE_NOOP("VxFileFormats", "glTF"),
+                   {QStringLiteral("glb"), QStringLiteral("gltf")}),
+            format(QT_TRANSLATE_NOOP("VxFileFormats", "FBX"), {QStringLiteral("fbx")})};
+}

@@ -1,0 +1,222 @@
+#include "io/motion/vxmotionimport.h"
+
+#include "io/motion/vxforeignreader.h"
+#include "io/motion/vxmotionentry.h"
+#include "io/vxbvhfigure.h"
+#include "io/vxbvhreader.h"
+#include "io/vxbvhtiming.h"
+#include "io/worker/vximportworker.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+// Where reading of a BVH file ends and building begins, by the time that they take.
+constexpr int ReadPercent = 70;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxMotionImport", text);
+}
+
+bool fail(VxFileError *error, const QString &file, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->file = file;
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+bool isBvhFile(const QString &fileName)
+{
+    return fileName.endsWith(QLatin1String(".bvh"), Qt::CaseInsensitive);
+}
+
+VxImportReport reportOf(const VxBvhDocument &document, const VxBvhTiming &timing)
+{
+    VxImportReport report;
+    report.format = tr("BVH");
+    report.sourceRate = timing.sourceRate();
+    report.step = timing.step();
+    report.nodes = int(document.joints.size()) + 1;
+    report.bones = int(document.joints.size());
+    report.channels = document.frameCount > 0 ? document.channelCount() : 0;
+    report.keysBefore = qint64(document.values.size());
+    report.keysAfter = report.keysBefore;
+    return report;
+}
+
+} // namespace
+
+class VxMotionImport::Private
+{
+public:
+    explicit Private(VxScene *s)
+        : scene(s)
+    {
+    }
+
+    QString figureName(const QString &fileName) const;
+    bool loadBvh(const QString &fileName, VxFileError *error);
+    bool build(const VxBvhDocument &document, const QString &readNote, const QString &fileName,
+               const VxFileProgress &buildProgress, VxFileError *error);
+    VxTime stepAfter(const VxImportChoices &choices) const;
+    bool isBeside() const { return !replaces && scene->getNumNodes() > 0; }
+
+    VxScene *const scene;
+    VxFileProgress progress;
+    VxMotionBuildOptions options;
+    bool replaces = false;
+    bool isBvh = false; // what was loaded last
+    VxSceneContents contents;
+    VxImportReport report;
+    VxBvhTiming timing; // of a BVH file
+    QString note;       // the same
+    QVector<VxNode *> roots;
+    QString summary;
+};
+
+QString VxMotionImport::Private::figureName(const QString &fileName) const
+{
+    QString name = options.figureName;
+    if (name.isEmpty())
+        name = QFileInfo(fileName).completeBaseName();
+    if (name.isEmpty())
+        name = tr("Motion");
+    return isBeside() ? vxUnusedNodeName(*scene, name) : name;
+}
+
+/** In this process: the reader is the program's own and checks everything itself. */
+bool VxMotionImport::Private::loadBvh(const QString &fileName, VxFileError *error)
+{
+    VxBvhReader reader(fileName);
+    reader.setProgress(partOfProgress(progress, 0, ReadPercent));
+    VxBvhDocument document;
+    return reader.readFile(&document, error) &&
+           build(document, reader.getNote(), fileName, partOfProgress(progress, ReadPercent, 100),
+                 error);
+}
+
+bool VxMotionImport::Private::build(const VxBvhDocument &document, const QString &readNote,
+                                    const QString &fileName, const VxFileProgress &buildProgress,
+                                    VxFileError *error)
+{
+    VxBvhTiming read;
+    QString message;
+    if (!document.isValid(&message) || !read.set(document.frameTime, document.frameCount, &message))
+        return fail(error, fileName, message);
+    std::unique_ptr<VxSkeleton> figure =
+        vxBvhBuildFigure(document, read, figureName(fileName), buildProgress);
+    if (!figure)
+        return fail(error, fileName, tr("The import was cancelled."), true);
+    contents = VxSceneContents();
+    contents.timeStep = read.step();
+    contents.animRange = VxTimeRange(0, read.lastKeyTime());
+    contents.playRange = contents.animRange;
+    contents.rootNodes.push_back(std::move(figure));
+    timing = read;
+    note = readNote;
+    report = reportOf(document, read);
+    report.file = fileName;
+    if (!note.isEmpty())
+        report.notes.append(note);
+    return true;
+}
+
+VxTime VxMotionImport::Private::stepAfter(const VxImportChoices &choices) const
+{
+    return isBeside() && !choices.matchesRate ? scene->getTimeStep() : contents.timeStep;
+}
+
+VxMotionImport::VxMotionImport(VxScene *scene)
+    : d(std::make_unique<Private>(scene))
+{
+}
+
+VxMotionImport::~VxMotionImport() = default;
+
+void VxMotionImport::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+void VxMotionImport::setReplacesScene(bool replaces)
+{
+    d->replaces = replaces;
+}
+
+void VxMotionImport::setOptions(const VxMotionBuildOptions &options)
+{
+    d->options = options;
+}
+
+bool VxMotionImport::load(const QString &fileName, VxFileError *error)
+{
+    d->isBvh = isBvhFile(fileName);
+    if (d->isBvh)
+        return d->loadBvh(fileName, error);
+    VxMotionBuildOptions options = d->options;
+    options.figureName = d->figureName(fileName);
+    return VxImportWorker().run(fileName, options, d->progress, &d->contents, &d->report, error);
+}
+
+bool VxMotionImport::loadDocument(const VxBvhDocument &document, const QString &note,
+                                  const QString &fileName, VxFileError *error)
+{
+    d->isBvh = true;
+    return d->build(document, note, fileName, d->progress, error);
+}
+
+const VxImportReport &VxMotionImport::report() const
+{
+    return d->report;
+}
+
+VxImportNumbers VxMotionImport::numbers(const VxImportChoices &choices) const
+{
+    return vxCountKeys(d->contents, choices, d->stepAfter(choices));
+}
+
+bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
+{
+    if (d->contents.rootNodes.empty())
+        return fail(error, d->report.file, tr("There is nothing to import."));
+    const bool isBeside = d->isBeside();
+    vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
+    VxMotionEntry entry;
+    entry.replacesScene = d->replaces;
+    entry.setsRate = choices.matchesRate;
+    entry.hasMotion = d->isBvh ? d->timing.frameCount() > 1 : d->report.channels > 0;
+    d->roots = vxEnterScene(std::move(d->contents), entry, d->scene);
+    d->contents = VxSceneContents();
+    if (d->roots.isEmpty())
+        return fail(error, d->report.file, tr("The figure could not be added to the scene."));
+    d->summary = d->report.summary();
+    if (d->isBvh) {
+        d->summary = isBeside && !choices.matchesRate
+                         ? d->timing.sentenceBeside(d->scene->getTimeStep())
+                         : d->timing.sentence();
+        if (!d->note.isEmpty())
+            d->summary += QLatin1Char(' ') + d->note;
+    }
+    return true;
+}
+
+QVector<VxNode *> VxMotionImport::getRoots() const
+{
+    return d->roots;
+}
+
+QString VxMotionImport::getSummary() const
+{
+    return d->summary;
+}
+
+QStringList VxMotionImport::suffixes()
+{
+    return QStringList{QStringLiteral("bvh")} + vxForeignSuffixes();
+}

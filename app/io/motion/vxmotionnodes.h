@@ -1,0 +1,17 @@
+#ifndef VXIO_VXMOTIONNODES_H
+#define VXIO_VXMOTIONNODES_H
+
+#include "io/motion/vximportreport.h"
+#include "io/motion/vxmotionchannels.h"
+
+#include <memory>
+#include <vector>
+
+/// Makes the nodes of a motion, without keys, and counts them in the report. Returns the roots,
+/// each of which owns what is below it; `nodes` gets all of them, one for each of the motion's.
+std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
+                                                 const VxMotionChannels &channels,
+                                                 std::vector<VxNode *> *nodes,
+                                                 VxImportReport *report);
+
+#endif

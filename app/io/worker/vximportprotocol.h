@@ -1,0 +1,40 @@
+#ifndef VXIO_VXIMPORTPROTOCOL_H
+#define VXIO_VXIMPORTPROTOCOL_H
+
+#include <QByteArray>
+#include <QJsonObject>
+
+/// What the importer process sends to the program over a pipe: messages of a kind (one byte), a
+/// length (32 bits, little endian) and that many bytes.
+///
+///     P  one byte: percent          R  the report, JSON
+///     S  the scene, a .vxscene      E  an error, JSON; the last message then
+namespace VxImportProtocol {
+
+constexpr char Progress = 'P';
+constexpr char Report = 'R';
+constexpr char Scene = 'S';
+constexpr char Error = 'E';
+
+QByteArray message(char kind, const QByteArray &bytes);
+QByteArray message(char kind, const QJsonObject &object);
+
+/// Takes the stream apart as it arrives.
+class Parser
+{
+public:
+    void append(const QByteArray &bytes) { m_bytes += bytes; }
+    /// The next complete message. False when there is none yet, or the stream is broken.
+    bool next(char *kind, QByteArray *bytes);
+    /// True once something arrived that is no message.
+    bool isBroken() const { return m_isBroken; }
+
+private:
+    QByteArray m_bytes;
+    int m_start = 0;
+    bool m_isBroken = false;
+};
+
+} // namespace VxImportProtocol
+
+#endif

@@ -1,0 +1,210 @@
+#include "io/worker/vximportworker.h"
+
+#include "io/worker/vximportprotocol.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QProcess>
+#include <csignal>
+
+namespace {
+
+constexpr int PollMilliseconds = 20;
+constexpr qint64 Megabyte = 1024 * 1024;
+/// Where the process's work ends and reading its scene begins.
+constexpr int WorkPercent = 90;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxImportWorker", text);
+}
+
+bool fail(VxFileError *error, const QString &file, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->file = file;
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+/// One run of the process.
+class Run
+{
+public:
+    Run(const QString &fileName, const VxImportWorker::Limits &limits,
+        const VxFileProgress &progress)
+        : m_fileName(fileName)
+        , m_limits(limits)
+        , m_progress(partOfProgress(progress, 0, WorkPercent))
+    {
+    }
+    ~Run() { stop(); }
+
+    bool start(const QString &program, const VxMotionBuildOptions &options, VxFileError *error);
+    bool wait(VxFileError *error);
+    bool take(const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
+              VxFileError *error) const;
+
+private:
+    bool readMessages(VxFileError *error);
+    bool checkEnd(VxFileError *error) const;
+    bool failFromJson(const QByteArray &json, VxFileError *error) const;
+    void stop();
+
+    const QString m_fileName;
+    const VxImportWorker::Limits m_limits;
+    const VxFileProgress m_progress;
+    QProcess m_process;
+    VxImportProtocol::Parser m_parser;
+    QByteArray m_scene;
+    QByteArray m_report;
+    int m_percent = 0;
+};
+
+bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxFileError *error)
+{
+    if (!QFileInfo(program).isExecutable())
+        return fail(
+            error, m_fileName,
+            tr("The importer program is missing: %1").arg(QDir::toNativeSeparators(program)));
+    QJsonObject request = options.toJson();
+    request.insert(QStringLiteral("memory"), double(m_limits.memory));
+    request.insert(QStringLiteral("seconds"), m_limits.seconds);
+    m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.start(program,
+                    {QFileInfo(m_fileName).absoluteFilePath(),
+                     QString::fromUtf8(QJsonDocument(request).toJson(QJsonDocument::Compact))},
+                    QIODevice::ReadOnly);
+    if (m_process.waitForStarted())
+        return true;
+    return fail(error, m_fileName,
+                tr("The importer program could not be started: %1.").arg(m_process.errorString()));
+}
+
+/** Kills and collects the process: it must not outlive the question that it answers. */
+void Run::stop()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+bool Run::failFromJson(const QByteArray &json, VxFileError *error) const
+{
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    fail(error, m_fileName, object.value(QStringLiteral("message")).toString());
+    if (error->message.isEmpty())
+        error->message = tr("The importer could not read the file.");
+    error->line = qint64(object.value(QStringLiteral("line")).toDouble(-1));
+    error->offset = qint64(object.value(QStringLiteral("offset")).toDouble(-1));
+    return false;
+}
+
+bool Run::readMessages(VxFileError *error)
+{
+    m_parser.append(m_process.readAllStandardOutput());
+    char kind = 0;
+    QByteArray bytes;
+    while (m_parser.next(&kind, &bytes)) {
+        if (kind == VxImportProtocol::Error)
+            return failFromJson(bytes, error);
+        if (kind == VxImportProtocol::Progress && !bytes.isEmpty())
+            m_percent = qBound(m_percent, int(bytes.at(0)), 100);
+        if (kind == VxImportProtocol::Scene)
+            m_scene = bytes;
+        if (kind == VxImportProtocol::Report)
+            m_report = bytes;
+    }
+    if (m_parser.isBroken())
+        return fail(error, m_fileName, tr("The importer sent something that is no answer."));
+    return true;
+}
+
+/** How the process ended, when it did not say what is wrong. */
+bool Run::checkEnd(VxFileError *error) const
+{
+    if (m_process.exitStatus() == QProcess::CrashExit) {
+        const int signal = m_process.exitCode();
+        if (signal == SIGXCPU || signal == SIGKILL)
+            return fail(error, m_fileName,
+                        tr("Reading was stopped: the file takes more processor time than is "
+                           "reasonable for its size."));
+        return fail(error, m_fileName,
+                    tr("The importer crashed while it read the file (signal %1).").arg(signal));
+    }
+    if (m_process.exitCode() != 0 || m_scene.isEmpty() || m_report.isEmpty())
+        return fail(error, m_fileName,
+                    tr("The importer ended without a result (code %1).").arg(m_process.exitCode()));
+    return true;
+}
+
+bool Run::wait(VxFileError *error)
+{
+    const qint64 megabytes = QFileInfo(m_fileName).size() / Megabyte;
+    const qint64 silence = m_limits.silence + megabytes * 1000;
+    QElapsedTimer quiet;
+    quiet.start();
+    while (m_process.state() != QProcess::NotRunning) {
+        if (m_process.waitForReadyRead(PollMilliseconds))
+            quiet.restart();
+        if (!readMessages(error))
+            return false;
+        if (m_progress && !m_progress(m_percent))
+            return fail(error, m_fileName, tr("The import was cancelled."), true);
+        if (quiet.elapsed() > silence)
+            return fail(error, m_fileName,
+                        tr("Reading was stopped: the importer gave no sign of life for %1 seconds.")
+                            .arg(quiet.elapsed() / 1000));
+    }
+    return readMessages(error) && checkEnd(error);
+}
+
+bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
+               VxFileError *error) const
+{
+    VxSceneReader reader;
+    reader.setProgress(partOfProgress(progress, WorkPercent, 100));
+    if (!reader.read(m_scene, contents, error)) {
+        const bool cancelled = error->cancelled;
+        return fail(error, m_fileName,
+                    cancelled ? tr("The import was cancelled.")
+                              : tr("The importer's answer is broken. %1").arg(error->message),
+                    cancelled);
+    }
+    *report = VxImportReport::fromJson(QJsonDocument::fromJson(m_report).object());
+    report->file = m_fileName;
+    return true;
+}
+
+} // namespace
+
+VxImportWorker::VxImportWorker()
+    : m_program(defaultProgram())
+{
+}
+
+QString VxImportWorker::defaultProgram()
+{
+    const QDir folder(QCoreApplication::applicationDirPath());
+    const QString name = QStringLiteral("vxstudio-import");
+    for (const QString &path : {name, QStringLiteral("../bin/") + name}) {
+        if (QFileInfo(folder.filePath(path)).isExecutable())
+            return QDir::cleanPath(folder.filePath(path));
+    }
+    return folder.filePath(name);
+}
+
+bool VxImportWorker::run(const QString &fileName, const VxMotionBuildOptions &options,
+                         const VxFileProgress &progress, VxSceneContents *contents,
+                         VxImportReport *report, VxFileError *error) const
+{
+    Run run(fileName, m_limits, progress);
+    return run.start(m_program, options, error) && run.wait(error) &&
+           run.take(progress, contents, report, error);
+}

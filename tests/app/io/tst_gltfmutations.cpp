@@ -1,0 +1,154 @@
+// A glTF file damaged in many ways that a seed decides: each gives nodes with sound keys, or one
+// message. tools/soak does the same by the thousand through the importer process.
+
+#include "gltfsample.h"
+#include "io/gltf/vxgltfreader.h"
+#include "io/motion/vxmotionbuilder.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+#include <cmath>
+#include <random>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+
+namespace {
+
+using Random = std::mt19937;
+
+int below(Random &random, int limit)
+{
+    return int(random() % unsigned(qMax(1, limit)));
+}
+
+/// Two figures of joints with rotations, positions and weights in every interpolation.
+QByteArray sampleFile()
+{
+    GltfSample sample;
+    sample.root.insert(
+        "nodes", QJsonArray{QJsonObject{{"name", "hip"}, {"children", QJsonArray{1, 2}}},
+                            QJsonObject{{"name", "knee"}, {"rotation", QJsonArray{0, 0, 0, 1}}},
+                            QJsonObject{{"name", "face"}, {"mesh", 0}}});
+    sample.root.insert("skins", QJsonArray{QJsonObject{{"joints", QJsonArray{0, 1}}}});
+    const QJsonArray targets{QJsonObject{{"POSITION", 0}}, QJsonObject{{"POSITION", 0}}};
+    sample.root.insert(
+        "meshes",
+        QJsonArray{QJsonObject{{"primitives", QJsonArray{QJsonObject{{"targets", targets}}}}}});
+    const int times = sample.floats({0, 0.5f, 2}, "SCALAR", 1);
+    sample.animate(0, 0, "translation", "LINEAR", times,
+                   sample.floats({1, 2, 3, 4, 5, 6, 7, 8, 9}, "VEC3", 3));
+    sample.animate(0, 1, "rotation", "LINEAR", times,
+                   sample.floats({0, 0, 0, 1, 0.6f, 0, 0, 0.8f, 0, 1, 0, 0}, "VEC4", 4));
+    sample.animate(1, 0, "rotation", "CUBICSPLINE", times,
+                   sample.floats(std::vector<float>(36, 0.5f), "VEC4", 4));
+    sample.animate(1, 2, "weights", "STEP", times,
+                   sample.floats({0, 1, 0.5f, 0.5f, 1, 0}, "SCALAR", 1));
+    return QJsonDocument(sample.json()).toJson(QJsonDocument::Compact);
+}
+
+/// Replaces a number of the text, or of the binary data behind it, by another one.
+void plantNumber(QByteArray &bytes, Random &random)
+{
+    static const char *const numbers[] = {"-1",  "0",     "1e999", "99999999999", "4294967295",
+                                          "1e9", "-2.5",  "null",  "true",        "[]",
+                                          "{}",  "\"a\"", "3",     "2147483647",  "1e-300"};
+    for (int at = below(random, bytes.size()); at < bytes.size(); ++at) {
+        if (bytes.at(at) < '0' || bytes.at(at) > '9')
+            continue;
+        int end = at;
+        while (end < bytes.size() && bytes.at(end) >= '0' && bytes.at(end) <= '9')
+            ++end;
+        bytes.replace(at, end - at, numbers[below(random, 15)]);
+        return;
+    }
+}
+
+void mutate(QByteArray &bytes, Random &random)
+{
+    const int at = below(random, bytes.size());
+    switch (random() % 6) {
+    case 0:
+        bytes[at] = char(bytes.at(at) ^ (1 << below(random, 8)));
+        break;
+    case 1:
+        bytes.remove(at, 1 + below(random, 40));
+        break;
+    case 2:
+        bytes.insert(at, bytes.mid(below(random, bytes.size()), 1 + below(random, 100)));
+        break;
+    case 3:
+        bytes.truncate(at);
+        break;
+    default:
+        plantNumber(bytes, random);
+    }
+}
+
+/// Keys of all nodes: sorted and finite.
+bool isSound(const VxSceneContents &contents)
+{
+    for (const auto &root : contents.rootNodes) {
+        QVector<VxNode *> nodes{root.get()};
+        root->getNodeChildren(nodes, true);
+        for (const VxNode *node : qAsConst(nodes)) {
+            for (int p = 0; p < node->getNumProperties(); ++p) {
+                const auto *property = qobject_cast<const VxFloatProperty *>(node->getProperty(p));
+                const VxKeyColumns<float> keys = property->getKeys();
+                for (int i = 0; i < keys.count; ++i) {
+                    if (!std::isfinite(keys.values[i]) ||
+                        (i > 0 && keys.times[i] <= keys.times[i - 1]))
+                        return false;
+                }
+                if (!std::isfinite(property->getStoredValue()))
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+class tst_GltfMutations : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void damagedFilesGiveKeysOrAMessage();
+};
+
+void tst_GltfMutations::damagedFilesGiveKeysOrAMessage()
+{
+    const VxWarningGuard guard;
+    const QByteArray whole = sampleFile();
+    VxImportedMotion undamaged;
+    VxFileError none;
+    QVERIFY2(vxReadGltf(whole, QString(), {}, &undamaged, &none), qPrintable(none.text()));
+    int accepted = 0;
+    int refused = 0;
+    for (unsigned seed = 0; seed < 600; ++seed) {
+        Random random(seed);
+        QByteArray bytes = whole;
+        for (int i = 1 + below(random, 3); i > 0 && !bytes.isEmpty(); --i)
+            mutate(bytes, random);
+        QElapsedTimer timer;
+        timer.start();
+        VxImportedMotion motion;
+        VxSceneContents contents;
+        VxImportReport report;
+        VxFileError error;
+        const bool done = vxReadGltf(bytes, QString(), {}, &motion, &error) &&
+                          vxBuildMotion(std::move(motion), {}, {}, &contents, &report, &error);
+        const QByteArray name = "seed " + QByteArray::number(seed);
+        QVERIFY2(timer.elapsed() < 5000, name.constData());
+        QVERIFY2(done ? isSound(contents) : !error.message.isEmpty(), name.constData());
+        QVERIFY2(done || contents.rootNodes.empty(), name.constData());
+        ++(done ? accepted : refused);
+    }
+    QVERIFY2(accepted > 20, QByteArray::number(accepted).constData());
+    QVERIFY2(refused > 200, QByteArray::number(refused).constData());
+}
+
+VX_TEST_GUILESS_MAIN(tst_GltfMutations)
+#include "tst_gltfmutations.moc"
