@@ -10,12 +10,12 @@ _vxstudio()
         --plugin-path) _filedir -d; return ;;
         --palette) COMPREPLY=($(compgen -W 'dark light' -- "$cur")); return ;;
         --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
-        --frame) return ;;
+        --frame|--animation) return ;;
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(vxstudio --help 2>/dev/null |
             grep -oE '^  (-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+')" -- "$cur"))
         return
     fi
-    _filedir '@(vxscene|bvh)'
+    _filedir '@(vxscene|bvh|glb|gltf|fbx)'
 } && complete -F _vxstudio vxstudio

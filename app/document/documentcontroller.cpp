@@ -1,8 +1,8 @@
 #include "document/documentcontroller.h"
 
 #include "document/loadprogress.h"
+#include "io/gltf/vxgltfexport.h"
 #include "io/vxbvhexport.h"
-#include "io/vxbvhimport.h"
 #include "widgets/usermessages.h"
 
 #include <QFileInfo>
@@ -37,7 +37,8 @@ DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
 {
 }
 
-bool DocumentController::open(const QString &fileName)
+bool DocumentController::open(const QString &fileName, const VxMotionBuildOptions &options,
+                              const VxImportChoices &choices)
 {
     // Events are processed while the progress is shown: a second file must wait for its turn.
     if (m_isBusy)
@@ -47,10 +48,30 @@ bool DocumentController::open(const QString &fileName)
     QString summary;
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Opening %1...").arg(nameOf(fileName)));
-    if (!m_formats.read(fileName, m_scene, progress.function(), &summary, &error))
+    const bool isRead =
+        m_formats.isMotion(fileName)
+            ? readMotion(fileName, options, choices, progress.function(), &summary, &error)
+            : m_formats.read(fileName, m_scene, progress.function(), &summary, &error);
+    if (!isRead)
         return report(error, tr("Opening was cancelled."));
     setDocument(QFileInfo(fileName).absoluteFilePath(), summary);
     m_messages->showStatus(summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : summary);
+    return true;
+}
+
+/** A motion file in place of the scene. */
+bool DocumentController::readMotion(const QString &fileName, const VxMotionBuildOptions &options,
+                                    const VxImportChoices &choices, const VxFileProgress &progress,
+                                    QString *summary, VxFileError *error)
+{
+    VxMotionImport import(m_scene);
+    import.setProgress(progress);
+    import.setReplacesScene(true);
+    import.setOptions(options);
+    if (!import.load(fileName, error) || !import.enter(choices, error))
+        return false;
+    m_report = import.report();
+    *summary = import.getSummary();
     return true;
 }
 
@@ -123,20 +144,31 @@ bool DocumentController::recover(const QString &copy, const QString &fileName, V
     return true;
 }
 
-bool DocumentController::importMotion(const QString &fileName)
+bool DocumentController::importMotion(const QString &fileName, const VxMotionBuildOptions &options,
+                                      const VxImportChoices &choices, const ImportChooser &chooser)
 {
     if (m_isBusy)
         return false;
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     VxFileError error;
-    LoadProgress progress(*m_messages, tr("Importing %1...").arg(nameOf(fileName)));
-    VxBvhImport import(m_scene);
-    import.setProgress(progress.function());
-    if (!import.importFile(fileName, &error))
+    VxMotionImport import(m_scene);
+    import.setOptions(options);
+    VxImportChoices chosen = choices;
+    {
+        LoadProgress progress(*m_messages, tr("Importing %1...").arg(nameOf(fileName)));
+        import.setProgress(progress.function());
+        if (!import.load(fileName, &error))
+            return report(error, tr("The import was cancelled."));
+        import.setProgress({});
+    }
+    error.cancelled = chooser && !chooser(&import, fileName, &chosen);
+    if (error.cancelled || !import.enter(chosen, &error))
         return report(error, tr("The import was cancelled."));
+    m_report = import.report();
     m_scene->selectAllNodes(false);
-    import.getSkeleton()->select();
+    for (VxNode *root : import.getRoots())
+        root->select();
     m_messages->showStatus(import.getSummary());
     return true;
 }
@@ -149,17 +181,38 @@ bool DocumentController::exportMotion(const VxSkeleton *figure, const QString &f
     m_scene->pause();
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Exporting %1...").arg(nameOf(fileName)));
-    VxBvhExport out(figure, m_scene->getAnimRange(), m_scene->getTimeStep());
-    out.setProgress(progress.function());
-    if (!out.exportFile(fileName, &error))
+    QString summary;
+    if (!writeMotion(figure, fileName, progress.function(), &summary, &error))
         return report(error, tr("The export was cancelled."));
-    m_messages->showStatus(tr("Exported %1. %2").arg(nameOf(fileName), out.getSummary()));
+    m_messages->showStatus(tr("Exported %1. %2").arg(nameOf(fileName), summary));
     return true;
 }
 
-/** Always false, for those who failed. */
-bool DocumentController::report(const VxFileError &error, const QString &cancelled) const
+/** In the form that the file's suffix says: glTF, else BVH. */
+bool DocumentController::writeMotion(const VxSkeleton *figure, const QString &fileName,
+                                     const VxFileProgress &progress, QString *summary,
+                                     VxFileError *error) const
 {
+    const QString suffix = QFileInfo(fileName).suffix().toLower();
+    if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf")) {
+        VxGltfExport out(m_scene, m_scene->getAnimRange());
+        out.setRoot(figure);
+        out.setProgress(progress);
+        const bool done = out.exportFile(fileName, error);
+        *summary = out.getSummary();
+        return done;
+    }
+    VxBvhExport out(figure, m_scene->getAnimRange(), m_scene->getTimeStep());
+    out.setProgress(progress);
+    const bool done = out.exportFile(fileName, error);
+    *summary = out.getSummary();
+    return done;
+}
+
+/** Always false, for those who failed. */
+bool DocumentController::report(const VxFileError &error, const QString &cancelled)
+{
+    m_lastError = error.cancelled ? cancelled : error.text();
     if (error.cancelled)
         m_messages->showStatus(cancelled);
     else

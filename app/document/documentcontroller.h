@@ -2,10 +2,12 @@
 #define DOCUMENTCONTROLLER_H
 
 #include "document/filestamp.h"
+#include "io/motion/vxmotionimport.h"
 #include "io/vxfileformats.h"
 
 #include <QObject>
 #include <QString>
+#include <functional>
 
 class UserMessages;
 class VxScene;
@@ -29,7 +31,8 @@ public:
 
     /// Opens a file in place of the scene, without asking for changes that are not saved. False
     /// when it could not be read or the user cancelled.
-    bool open(const QString &fileName);
+    bool open(const QString &fileName, const VxMotionBuildOptions &options = {},
+              const VxImportChoices &choices = {});
     /// Writes the scene into a file, which becomes the document's. Asks before it replaces what
     /// somebody else has written since the document was opened or saved. False when nothing was
     /// written. In the middle of a gesture the document counts as changed afterwards, too.
@@ -41,18 +44,32 @@ public:
     /// be null and is not shown.
     bool recover(const QString &copy, const QString &fileName, VxFileError *error);
 
-    /// Adds the figure of a motion file to the scene and selects it: one entry of the history.
-    /// False when it could not be read or the user cancelled; the scene is as it was then.
-    bool importMotion(const QString &fileName);
-    /// Writes the motion of a figure, over the animation range. False when nothing was written.
+    /// How motion is imported; asked after a file was read and before it enters the scene. It may
+    /// load the file again with other options. False cancels the import.
+    using ImportChooser =
+        std::function<bool(VxMotionImport *import, const QString &fileName, VxImportChoices *)>;
+
+    /// Adds the nodes of a motion file to the scene and selects the top ones: one entry of the
+    /// history. Without a chooser nothing is asked. False when it could not be read or the user
+    /// cancelled; the scene is as it was then.
+    bool importMotion(const QString &fileName, const VxMotionBuildOptions &options = {},
+                      const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
+    /// Writes the motion of a figure, over the animation range, as BVH or, by the file's suffix, as
+    /// glTF. False when nothing was written.
     bool exportMotion(const VxSkeleton *figure, const QString &fileName);
 
     /// Absolute path; empty for a new scene.
     QString fileName() const { return m_fileName; }
     /// The file's name without its folder, or a word for a new scene.
     QString displayName() const;
+    /// Of the motion file that was opened or imported last; its file name is empty before.
+    const VxImportReport &importReport() const { return m_report; }
     /// What the reader had to tell of the file opened last; may be empty.
     QString summary() const { return m_summary; }
+
+    /// Why the last operation that returned false did so, with file and line; empty when another
+    /// one was still running.
+    QString lastError() const { return m_lastError; }
 
     const VxFileFormats &formats() const { return m_formats; }
 
@@ -69,7 +86,12 @@ private:
     void setDocument(const QString &fileName, const QString &summary);
     bool mayOverwrite(const QString &fileName) const;
     void markSaved();
-    bool report(const VxFileError &error, const QString &cancelled) const;
+    bool readMotion(const QString &fileName, const VxMotionBuildOptions &options,
+                    const VxImportChoices &choices, const VxFileProgress &progress,
+                    QString *summary, VxFileError *error);
+    bool writeMotion(const VxSkeleton *figure, const QString &fileName,
+                     const VxFileProgress &progress, QString *summary, VxFileError *error) const;
+    bool report(const VxFileError &error, const QString &cancelled);
 
     VxScene *const m_scene;
     VxUndoStack *const m_undoStack;
@@ -78,6 +100,8 @@ private:
     QString m_fileName;
     FileStamp m_stamp; // of the document's file, as this program knows it
     QString m_summary;
+    VxImportReport m_report;
+    QString m_lastError;
     bool m_isBusy = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "document/documentcontroller.h"
 #include "document/figurechoice.h"
+#include "document/importdialog.h"
 #include "document/savefiledialog.h"
 #include "widgets/usermessages.h"
 
@@ -25,7 +26,28 @@ void MotionCommands::importWithDialog(const QString &folder)
         m_messages->window(), tr("Import Motion"), folder,
         m_document->formats().motionFilters().join(QLatin1String(";;")));
     if (!file.isEmpty())
-        m_document->importMotion(file);
+        importFile(file);
+}
+
+void MotionCommands::importFile(const QString &fileName)
+{
+    // BVH motion has nothing to choose from: one animation, on frames, of which all is imported.
+    const bool isPlain = fileName.endsWith(QLatin1String(".bvh"), Qt::CaseInsensitive);
+    DocumentController::ImportChooser chooser;
+    if (!isPlain && !m_messages->isConsole())
+        chooser = [this](VxMotionImport *import, const QString &file, VxImportChoices *choices) {
+            return ImportDialog::ask(m_messages->window(), import, file, choices);
+        };
+    m_document->importMotion(fileName, {}, {}, chooser);
+}
+
+void MotionCommands::showReport() const
+{
+    const VxImportReport &report = m_document->importReport();
+    if (report.file.isEmpty())
+        m_messages->showStatus(tr("No motion was imported yet."));
+    else
+        showImportReport(report, m_messages->window());
 }
 
 bool MotionCommands::exportWithDialog(const QString &folder)
@@ -35,7 +57,8 @@ bool MotionCommands::exportWithDialog(const QString &folder)
         return false;
     SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
     dialog.setStart(folder, figure->getLabel());
-    dialog.setKind(QStringLiteral("bvh"), m_document->formats().motionFilters());
+    dialog.setKind(QStringLiteral("bvh"), {tr("Motion files (*.bvh *.glb *.gltf)")});
+    dialog.setOtherSuffixes({QStringLiteral("glb"), QStringLiteral("gltf")});
     const QString file = dialog.ask();
     return !file.isEmpty() && m_document->exportMotion(figure, file);
 }

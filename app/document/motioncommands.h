@@ -20,6 +20,10 @@ public:
 
     /// Asks for a motion file, beginning in a folder, and adds its figure to the scene.
     void importWithDialog(const QString &folder);
+    /// Adds the nodes of a motion file to the scene, after a dialog with what was found in it.
+    void importFile(const QString &fileName);
+    /// Shows what was found in the motion file that was opened or imported last.
+    void showReport() const;
     /// Asks for a file, and for the figure where neither the selection nor their number tells
     /// which one is meant. False when nothing was written.
     bool exportWithDialog(const QString &folder);

@@ -28,7 +28,8 @@ void SaveFileDialog::setKind(const QString &suffix, const QStringList &filters)
 
 QString SaveFileDialog::withSuffix(const QString &name) const
 {
-    const bool isOwn = QFileInfo(name).suffix().compare(m_suffix, Qt::CaseInsensitive) == 0;
+    const QStringList suffixes = QStringList{m_suffix} + m_otherSuffixes;
+    const bool isOwn = suffixes.contains(QFileInfo(name).suffix(), Qt::CaseInsensitive);
     return isOwn ? name : name + QLatin1Char('.') + m_suffix;
 }
 

@@ -21,6 +21,8 @@ public:
     void setStart(const QString &folder, const QString &name);
     /// The suffix, without a dot, and the filter of the only kind of file there is.
     void setKind(const QString &suffix, const QStringList &filters);
+    /// Further suffixes that a typed name may have instead.
+    void setOtherSuffixes(const QStringList &suffixes) { m_otherSuffixes = suffixes; }
 
     /// Absolute path with the suffix; empty when the user cancelled.
     QString ask() const;
@@ -35,6 +37,7 @@ private:
     QString m_name;
     QString m_suffix;
     QStringList m_filters;
+    QStringList m_otherSuffixes;
 };
 
 #endif

@@ -29,6 +29,12 @@ void addOptions(QCommandLineParser *parser)
                        tr("Run a script after the file is opened. Arguments after \"--\" are "
                           "passed to the script."),
                        name("FILE.js")});
+    parser->addOption({name("animation"),
+                       tr("Animation to read from a motion file that has several, by name or "
+                          "number. Without this option all are read, one after another."),
+                       name("NAME")});
+    parser->addOption(
+        {name("import-report"), tr("Print what was found in the motion file as JSON.")});
     parser->addOption(
         {name("screenshot"), tr("Save a picture of the window and exit."), name("OUT.png")});
     parser->addOption({name("list-actions"), tr("Print a page about all actions and exit.")});
@@ -102,11 +108,13 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
 {
     line->listActions = parser.isSet(name("list-actions"));
     line->headless = parser.isSet(name("headless")) || line->listActions;
+    line->animation = parser.value(name("animation"));
+    line->importReport = parser.isSet(name("import-report"));
     line->scriptFile = parser.value(name("script"));
     line->screenshotFile = parser.value(name("screenshot"));
     line->settingsFile = parser.value(name("settings"));
     line->pluginPaths = parser.values(name("plugin-path"));
-    for (const char *option : {"script", "screenshot", "settings", "plugin-path"}) {
+    for (const char *option : {"script", "animation", "screenshot", "settings", "plugin-path"}) {
         if (parser.isSet(name(option)) && parser.values(name(option)).contains(QString()))
             fail(line, tr("Option --%1 requires a name.").arg(name(option)));
     }

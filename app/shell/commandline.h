@@ -43,7 +43,9 @@ public:
 
     QString file; ///< to open; empty for none
     bool headless = false;
-    bool listActions = false; ///< print the page of all actions, and nothing else
+    bool listActions = false;  ///< print the page of all actions, and nothing else
+    QString animation;         ///< of a motion file with several; empty: all
+    bool importReport = false; ///< print what was found in a motion file as JSON
     QString scriptFile;
     QStringList scriptArguments;
     QString screenshotFile;

@@ -6,6 +6,7 @@
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/endsignals.h"
+#include "shell/scriptfiles.h"
 #include "shell/studioclasses.h"
 #include "shell/studiosettings.h"
 #include "shell/studiowindow.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
 #include <QMenuBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
@@ -73,6 +75,7 @@ public:
     void buildPanesAndActions();
     void restoreShortcuts();
     void connectScripts();
+    void printImportReport() const;
     bool openFile();
     bool runScript();
     void showUnseen();
@@ -164,14 +167,26 @@ void Studio::Private::connectScripts()
 {
     VxScriptEngine *scripts = app->getScriptEngine();
     scripts->registerHost();
+    addFileFunctions(scripts, window->document());
     QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
+}
+
+void Studio::Private::printImportReport() const
+{
+    const VxImportReport &report = window->document()->importReport();
+    if (commandLine.importReport && !report.file.isEmpty())
+        UserMessages::print(
+            QString::fromUtf8(QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented)));
 }
 
 bool Studio::Private::openFile()
 {
     if (!commandLine.file.isEmpty()) {
-        if (!window->document()->open(commandLine.file))
+        VxMotionBuildOptions options;
+        options.clip = commandLine.animation;
+        if (!window->document()->open(commandLine.file, options))
             return false;
+        printImportReport();
         if (commandLine.headless) {
             UserMessages::print(QStringLiteral("%1: %2").arg(window->document()->displayName(),
                                                              sceneSummary(*app->getScene())));

@@ -85,6 +85,10 @@ void StudioMenus::buildFileMenu()
              {"StudioExportMotion", tr("&Export Motion..."),
               tr("Saves the motion of a figure to a file.")},
              &StudioMenus::exportRequested);
+    addEntry(menu,
+             {"StudioImportReport", tr("Import Repor&t..."),
+              tr("Shows what was found in the motion file that was read last.")},
+             &StudioMenus::importReportRequested);
     menu->addSeparator();
     menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(

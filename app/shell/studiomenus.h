@@ -42,6 +42,7 @@ Q_SIGNALS:
     void saveAsRequested();
     void importRequested();
     void exportRequested();
+    void importReportRequested();
     void recoverRequested();
     void quitRequested();
     void frameAllRequested();

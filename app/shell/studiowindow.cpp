@@ -91,6 +91,7 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
     connect(m_menus, &StudioMenus::importRequested, this, &StudioWindow::importMotion);
     connect(m_menus, &StudioMenus::exportRequested, this, &StudioWindow::exportMotion);
+    connect(m_menus, &StudioMenus::importReportRequested, m_motion, &MotionCommands::showReport);
     connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
             &RecoveryController::offerOnDemand);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
@@ -308,7 +309,7 @@ void StudioWindow::takeDroppedFile(const QString &fileName)
     if (arrival == UserMessages::Arrival::Open)
         openAfterAsking(fileName);
     else if (arrival == UserMessages::Arrival::Import)
-        m_document->importMotion(fileName);
+        m_motion->importFile(fileName);
 }
 
 void StudioWindow::handleDocumentChanged()

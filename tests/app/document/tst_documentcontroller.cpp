@@ -36,6 +36,8 @@ VxFileFormats slowFormats(int milliseconds)
     VxFileFormats formats;
     for (const char *suffix : {"vxscene", "bvh"}) {
         VxFileFormat format = *real.find(QStringLiteral("x.") + QLatin1String(suffix));
+        // The controller imports motion files itself; here it shall use the slow reader.
+        format.isMotion = false;
         const VxFileFormat::Reader read = format.read;
         format.read = [read, slow](const QString &file, VxScene *scene,
                                    const VxFileProgress &progress, QString *summary,

@@ -2,6 +2,7 @@
 
 #include "dialoganswers.h"
 #include "document/figurechoice.h"
+#include "io/motion/vxmotionimport.h"
 #include "io/vxbvhimport.h"
 #include "studiotestbase.h"
 #include "testing/vxscenebuilder.h"
@@ -44,6 +45,7 @@ private Q_SLOTS:
 
     void theFigureMeant();
     void exportedMotionComesBack();
+    void exportBySuffix();
     void exportOfASelectedFigure();
     void exportAsksWhichFigure_data();
     void exportAsksWhichFigure();
@@ -142,6 +144,34 @@ void tst_MotionCommands::exportedMotionComesBack()
             const QMatrix4x4 b = after.at(i)->getWorldTransform(time);
             for (int part = 0; part < 16; ++part)
                 QVERIFY(std::abs(a.constData()[part] - b.constData()[part]) < 1e-4f);
+        }
+    }
+}
+
+void tst_MotionCommands::exportBySuffix()
+{
+    openSample();
+    const QString file = folder->filePath("out.glb");
+    {
+        const DialogAnswer<QFileDialog> answer(typeName(file));
+        entry("File", "Export Motion...")->trigger();
+        QVERIFY(answer.met());
+    }
+    const VxSkeleton *figure = FigureChoice::meant(*vxScene);
+    VxScene other;
+    VxMotionImport import(&other);
+    VxFileError error;
+    QVERIFY2(import.load(file, &error) && import.enter({}, &error), qPrintable(error.text()));
+    QCOMPARE(import.report().bones, figure->getAllBones().size());
+    for (const VxBone *bone : figure->getAllBones()) {
+        const VxNode *again = other.findNode(bone->getLabel());
+        QVERIFY(again);
+        for (VxTime time = 0; time <= vxScene->getAnimRange().getEnd();
+             time += vxScene->getTimeStep()) {
+            const QMatrix4x4 a = bone->getWorldTransform(time);
+            const QMatrix4x4 b = again->getWorldTransform(time);
+            for (int i = 0; i < 16; ++i)
+                QVERIFY(qAbs(a.constData()[i] - b.constData()[i]) < 0.02f);
         }
     }
 }
