@@ -19,7 +19,7 @@ SDK = [
 ]
 APP = [
     ["io"],
-    ["widgets"],
+    ["widgets", "import"],
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
     ["shell"],
