@@ -26,7 +26,8 @@ enum VxSceneUndoKind {
     VxUndoSceneTime,
     VxUndoSceneTimeStep,
     VxUndoScenePlayRange,
-    VxUndoSceneAnimRange
+    VxUndoSceneAnimRange,
+    VxUndoSceneViews
 };
 
 /// What every element keeps. The records of nodes and objects derive from it and hear through its

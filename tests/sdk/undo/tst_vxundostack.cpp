@@ -79,6 +79,8 @@ private Q_SLOTS:
     void changesThatCancelOutMakeNoEntry();
     void cancelKeepsTheChangesAndForgetsThem();
     void destroyedHoldIsDropped();
+    void rollBackUndoesTheChanges();
+    void rollBackOfAnInnerHoldOnlyEndsIt();
     void innerHoldFlowsIntoTheOuter_data();
     void innerHoldFlowsIntoTheOuter();
     void outerHoldThatEndsFirstTakesWhatCameBefore();
@@ -208,6 +210,47 @@ void TestUndoStack::destroyedHoldIsDropped()
     }
     QCOMPARE(stack.count(), 0);
     QVERIFY(!stack.isRecording());
+}
+
+void TestUndoStack::rollBackUndoesTheChanges()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setKey(0, 1.0f, 0);
+    x.setKey(160, 2.0f, 2, 0.5f, 0.25f, -1.0f);
+    VxUndoStackHold hold;
+    x.setKey(320, 3.0f, 0);
+    x.setKey(160, 9.0f, 1);
+    x.deleteKeys(VxTimeRange(0, 0));
+    int reports = 0;
+    connect(&x, &VxProperty::valueChanged, this, [&reports] { ++reports; });
+    hold.rollBack();
+    QCOMPARE(reports, 1);
+    QVERIFY(!hold.isOpen());
+    QVERIFY(!stack.isRecording());
+    QCOMPARE(stack.count(), 0);
+    QCOMPARE(x.getNumKeys(), 2);
+    QCOMPARE(x.getKeyTime(0), 0);
+    QCOMPARE(x.getKeyTime(1), 160);
+    QCOMPARE(x.getKeyValue(1), 2.0f);
+    QCOMPARE(x.getKeyInterpolationType(1), 2);
+    hold.rollBack();
+    QCOMPARE(reports, 1);
+}
+
+void TestUndoStack::rollBackOfAnInnerHoldOnlyEndsIt()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    VxUndoStackHold outer;
+    VxUndoStackHold inner;
+    x.setKey(0, 1.0f, 0);
+    inner.rollBack();
+    QCOMPARE(x.getNumKeys(), 1);
+    outer.accept(QStringLiteral("Outer"));
+    QCOMPARE(stack.count(), 1);
+    stack.undo();
+    QCOMPARE(x.getNumKeys(), 0);
 }
 
 void TestUndoStack::innerHoldFlowsIntoTheOuter_data()

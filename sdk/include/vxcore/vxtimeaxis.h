@@ -1,0 +1,46 @@
+#ifndef VXCORE_VXTIMEAXIS_H
+#define VXCORE_VXTIMEAXIS_H
+
+#include <QtCore/QObject>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxtime.h>
+#include <vxcore/vxtimerange.h>
+
+class QWidget;
+
+/// The horizontal time scale that a pane shows: its key marks, its ruler and its time line stand at
+/// the pixels that xOf() gives.
+///
+/// A pane publishes its axis by being its parent, so that strips, overlays and tools of other
+/// modules can align with it. Pixels are those of overlayParent(), counted from its left edge.
+/// While the pane is too narrow to show a scale, or has none yet, the answers stay those of the
+/// last scale it had.
+class VXCORE_EXPORT VxTimeAxis : public QObject
+{
+    Q_OBJECT
+public:
+    explicit VxTimeAxis(QObject *parent = nullptr);
+    ~VxTimeAxis() override;
+
+    /// The axis that a widget or one of its children publishes; null for none. Owned by the pane.
+    static VxTimeAxis *of(const QObject *pane);
+
+    /// The pixel column of the centre of the mark of a key at a time, whether or not it is visible;
+    /// limited to 2^29 pixels either way.
+    virtual int xOf(VxTime time) const = 0;
+    /// The time at a pixel column, in whole ticks, visible or not; the inverse of xOf() to a pixel:
+    /// xOf(timeAt(x)) is x or, where several ticks share a pixel, at most one beside it.
+    virtual VxTime timeAt(int x) const = 0;
+    /// The times from the first to the last pixel column of the axis. More than the play range,
+    /// because a mark at either end of the play range is visible as a whole.
+    virtual VxTimeRange visible() const = 0;
+    /// The widget in which an overlay can be made as a child; never null while the pane exists. It
+    /// contains all views along the axis and nothing else.
+    virtual QWidget *overlayParent() const = 0;
+
+Q_SIGNALS:
+    /// Any answer of the axis may have changed. Emitted at most once per change of the view.
+    void changed();
+};
+
+#endif

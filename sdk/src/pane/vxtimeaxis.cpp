@@ -1,0 +1,13 @@
+#include <vxcore/vxtimeaxis.h>
+
+VxTimeAxis::VxTimeAxis(QObject *parent)
+    : QObject(parent)
+{
+}
+
+VxTimeAxis::~VxTimeAxis() = default;
+
+VxTimeAxis *VxTimeAxis::of(const QObject *pane)
+{
+    return pane ? pane->findChild<VxTimeAxis *>() : nullptr;
+}
