@@ -10,11 +10,6 @@ constexpr int LeastWidth = 5;
 // A second narrower than this (in pixels) counts as none.
 constexpr double LeastSecondWidth = 1e-11;
 
-qint32 wrappingProduct(qint32 a, qint32 b)
-{
-    return static_cast<qint32>(static_cast<quint32>(a) * static_cast<quint32>(b));
-}
-
 } // namespace
 
 TimelineMetrics &TimelineMetrics::shared()
@@ -28,10 +23,11 @@ int TimelineMetrics::timeToX(VxTime time) const
     return TimelinePositions(*this)(time);
 }
 
+// In double precision, because single precision would be off by whole pixels beyond 2^23 of them,
+// which an hour at a close zoom reaches.
 int TimelineMetrics::keysOrigin(VxTime playRangeStart) const
 {
-    const float margin = static_cast<float>(keyMargin) * 0.5f;
-    return TimelineSnap::truncated(margin - static_cast<float>(timeToX(playRangeStart)));
+    return TimelineSnap::truncated(keyMargin * 0.5 - timeToX(playRangeStart));
 }
 
 int TimelineMetrics::halfFrame() const
@@ -53,13 +49,19 @@ VxTime TimelineMetrics::xToTime(int distance) const
 {
     if (distance == 0 || fps == 0 || zoom == 0.0 || frameWidth == 0)
         return 0;
-    const qint32 scaled = wrappingProduct(wrappingProduct(distance, 4800) / fps, divisor);
-    return TimelineSnap::truncated(scaled / zoom / frameWidth);
+    const qint64 scaled = qint64(distance) * VxTicksPerSecond / fps * divisor;
+    return TimelineSnap::truncated(double(scaled) / zoom / frameWidth);
 }
 
 VxTime TimelineMetrics::xToFrameTime(int distance, VxTime timeStep) const
 {
     return distance == 0 ? 0 : TimelineSnap::toFrame(xToTime(distance), timeStep);
+}
+
+double TimelineMetrics::ticksPerPixel() const
+{
+    const double pixels = double(fps) * frameWidth / divisor * zoom; // of a second
+    return pixels > 0.0 ? VxTicksPerSecond / pixels : 0.0;
 }
 
 int TimelineMetrics::secondsCount(int width) const

@@ -12,8 +12,7 @@
 // a mark, the tick below it and the click on it agree to the pixel; the pane alone writes it. A
 // plain value beside that: tests and tools make their own.
 //
-// Scaled products are formed in 32 bits and wrap; that is part of the mapping (far times come out
-// where they always have), and is done in unsigned numbers so that it is defined.
+// Scaled products are formed in 64 bits, so that a play range of many hours keeps its scale.
 class TimelineMetrics
 {
 public:
@@ -49,6 +48,9 @@ public:
     // The same, rounded to whole frames of timeStep ticks.
     VxTime xToFrameTime(int distance, VxTime timeStep) const;
 
+    // Ticks of a pixel, with a fraction; 0 while there is no scale.
+    double ticksPerPixel() const;
+
     // How many ticks of whole seconds fit into a width in pixels, the one at 0 included. The width
     // itself when a second takes no room.
     int secondsCount(int width) const;
@@ -65,24 +67,25 @@ class TimelinePositions
 {
 public:
     explicit TimelinePositions(const TimelineMetrics &metrics)
-        : m_factor(static_cast<quint32>(metrics.fps) * static_cast<quint32>(metrics.frameWidth))
+        : m_factor(qint64(metrics.fps) * metrics.frameWidth)
         , m_divisor(metrics.divisor)
         , m_zoom(metrics.zoom)
     {
     }
 
-    int operator()(VxTime time) const
+    // Wider than a time, for multiples of a time that no range reaches.
+    int operator()(qint64 time) const
     {
-        qint32 scaled = static_cast<qint32>(static_cast<quint32>(time) * m_factor);
+        qint64 scaled = time * m_factor;
         if (m_divisor != 1)
             scaled /= m_divisor;
-        const double x = scaled * m_zoom / VxTicksPerSecond;
+        const double x = double(scaled) * m_zoom / VxTicksPerSecond;
         const bool fits = x > double(VxTimeMin) && x < double(VxTimeMax);
         return fits ? static_cast<int>(x) : TimelineSnap::truncated(x);
     }
 
 private:
-    quint32 m_factor;
+    qint64 m_factor;
     qint32 m_divisor;
     double m_zoom;
 };

@@ -9,9 +9,8 @@
 // Finding what is visible of things that stand along time, without looking at the rest.
 //
 // Positions ascend with time, so the first thing within a span of pixels is found by bisection,
-// and all that stand at one pixel are passed over together. Only where the scaled products wrap
-// around does the position jump back; the stretches between such places are taken in turn, so that
-// what comes out is what a loop over everything would find, in the same order.
+// and all that share a pixel are passed over together: the result is that of a loop over
+// everything, in the same order.
 namespace TimelineVisible {
 
 // The first number in low .. high - 1 that does not stand left of x; high when all do.
@@ -67,33 +66,14 @@ void visitAscending(qint64 first, qint64 end, int xMin, int xMax, const Position
     }
 }
 
-// The last number that is reached from a number without the product of number and factor wrapping
-// around in 32 bits.
-inline qint64 lastBeforeWrap(qint64 number, qint64 factor)
-{
-    constexpr qint64 Half = qint64(1) << 31;
-    if (factor <= 0)
-        return VxTimeMax;
-    const qint64 product = number * factor + Half;
-    const qint64 turn = product >= 0 ? product / (2 * Half) : (product + 1) / (2 * Half) - 1;
-    const qint64 last = (turn + 1) * 2 * Half - Half - 1;
-    return last >= 0 ? last / factor : (last + 1) / factor - 1;
-}
-
-// The same for the keys at ascending times: visit(from, to, x) tells of keys from .. to - 1.
+// The same for the keys at ascending times: visit(from, to, x) gets keys from .. to - 1.
 template <typename Visit>
 void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, int xMin, int xMax,
                const Visit &visit)
 {
-    const qint64 factor = qint64(metrics.fps) * metrics.frameWidth;
     const TimelinePositions toX(metrics);
     const auto position = [toX, times](qint64 i) { return toX(times[i]); };
-    for (int first = 0; first < count;) {
-        const qint64 last = lastBeforeWrap(times[first], factor);
-        const int end = int(std::upper_bound(times + first, times + count, last) - times);
-        visitAscending(first, end, xMin, xMax, position, visit);
-        first = end;
-    }
+    visitAscending(0, count, xMin, xMax, position, visit);
 }
 
 // The same for ticks at the times number * spacing, number being first .. last.
@@ -101,16 +81,9 @@ template <typename Visit>
 void visitTicks(const TimelineMetrics &metrics, qint64 first, qint64 last, VxTime spacing, int xMin,
                 int xMax, const Visit &visit)
 {
-    const qint64 factor = qint64(metrics.fps) * metrics.frameWidth * spacing;
     const TimelinePositions toX(metrics);
-    const auto position = [toX, spacing](qint64 i) {
-        return toX(static_cast<VxTime>(static_cast<quint32>(i * spacing)));
-    };
-    while (first <= last) {
-        const qint64 end = std::min(lastBeforeWrap(first, factor), last) + 1;
-        visitAscending(first, end, xMin, xMax, position, visit);
-        first = end;
-    }
+    const auto position = [toX, spacing](qint64 i) { return toX(i * spacing); };
+    visitAscending(first, last + 1, xMin, xMax, position, visit);
 }
 
 } // namespace TimelineVisible
