@@ -79,6 +79,8 @@ private Q_SLOTS:
     void clickBesideTheKeysTellsThatNoneIs();
     void escapeTellsWhereKeysAreAgain();
     void lostReleaseEndsAtTheNextPress();
+    void lostReleasePutsKeysBack_data();
+    void lostReleasePutsKeysBack();
     void whatCannotBePutBackCanBeUndone();
     void modifiersEndWithTheGesture();
     void shrinkingBandLeavesNothing();
@@ -173,6 +175,42 @@ void TestDopeSheetGestureEnds::escapeTellsWhereKeysAreAgain()
     QCOMPARE(graph.selected(x()), QSet<int>({1}));
     hand.release(from);
     view->setKeyCommunication(nullptr);
+}
+
+void TestDopeSheetGestureEnds::lostReleasePutsKeysBack_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"escape in another widget", "hidden", "focus", "window"})
+        QTest::newRow(how) << QString::fromLatin1(how);
+}
+
+void TestDopeSheetGestureEnds::lostReleasePutsKeysBack()
+{
+    QFETCH(QString, how);
+    VxMouseDriver hand = mouse();
+    hand.press(at(hipX(), 1600));
+    const QPoint there = at(hipX(), 2400);
+    hand.moveTo(there);
+    waitForPreview(hand, there, {0, 2400, 3200, 4800});
+    QWidget other;
+    if (how == QLatin1String("hidden")) {
+        view->hide();
+        view->show();
+    } else if (how == QLatin1String("focus")) {
+        view->clearFocus();
+    } else if (how == QLatin1String("window")) {
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+    } else {
+        QTest::keyClick(header, Qt::Key_Escape);
+    }
+    QCOMPARE(keyTimes(x()), Times({0, 1600, 3200, 4800}));
+    hand.moveTo(at(hipX(), 2720));
+    hand.release(at(hipX(), 2720));
+    QCOMPARE(keyTimes(x()), Times({0, 1600, 3200, 4800}));
+    QCOMPARE(vxApp->getUndoStack()->count(), 0);
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
 }
 
 void TestDopeSheetGestureEnds::lostReleaseEndsAtTheNextPress()

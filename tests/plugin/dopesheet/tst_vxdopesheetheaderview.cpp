@@ -38,6 +38,11 @@ private Q_SLOTS:
     void dragSetsTheTime();
     void dragIsLimitedToThePlayRange();
     void dragAfterAPress();
+    void secondOfTwoQuickPresses();
+    void secondPressOnTheMarkerDragsIt();
+    void hiddenPartOfTheMarkerIsNotPressed();
+    void droppedDragRestoresTheTime();
+    void sheetDestroyedInMidDrag();
     void moveWithoutAPress();
     void playbackGoesOn();
     void rightButtonDoesNothing();
@@ -286,6 +291,80 @@ void TestVxDopeSheetHeaderView::dragAfterAPress()
     mouse.moveTo(QPoint(400, 10));
     QCOMPARE(vxScene->getTime(), 20 * 160);
     mouse.release(QPoint(400, 10));
+}
+
+void TestVxDopeSheetHeaderView::secondOfTwoQuickPresses()
+{
+    QTest::mouseClick(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(300, 10));
+    QCOMPARE(vxScene->getTime(), 10 * 160);
+    QTest::mouseDClick(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(500, 10));
+    QCOMPARE(vxScene->getTime(), 30 * 160);
+
+    // The second press is held and moved.
+    VxMouseDriver mouse(viewport);
+    mouse.doubleClick(QPoint(300, 10));
+    QCOMPARE(vxScene->getTime(), 10 * 160);
+    const auto send = [this](QEvent::Type type, int x, Qt::MouseButtons held) {
+        QMouseEvent event(type, QPoint(x, 10), Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &event);
+    };
+    send(QEvent::MouseButtonDblClick, 300, Qt::LeftButton);
+    mouse.moveTo(QPoint(404, 10));
+    QCOMPARE(vxScene->getTime(), 20 * 160);
+    send(QEvent::MouseButtonRelease, 404, Qt::NoButton);
+    mouse.moveTo(QPoint(504, 10));
+    QCOMPARE(vxScene->getTime(), 20 * 160);
+}
+
+void TestVxDopeSheetHeaderView::secondPressOnTheMarkerDragsIt()
+{
+    vxScene->setTime(10 * 160);
+    VxMouseDriver mouse(viewport);
+    mouse.click(QPoint(frameMiddle(10) + 4, 10));
+    QTest::mouseDClick(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(frameMiddle(10) + 4, 10));
+    QCOMPARE(vxScene->getTime(), 10 * 160);
+}
+
+// The marker of the first frame reaches to the left of the keys column, where it is not painted.
+void TestVxDopeSheetHeaderView::hiddenPartOfTheMarkerIsNotPressed()
+{
+    vxScene->setPlayRange(VxTimeRange(1600, 9600));
+    vxScene->setTime(1440);
+    const int middle = frameMiddle(-1);
+    QVERIFY(middle - 5 < 196 && middle < 200);
+    VxMouseDriver mouse(viewport);
+    mouse.moveTo(QPoint(150, 10));
+    mouse.moveTo(QPoint(194, 10));
+    QVERIFY(header->cursor().shape() != Qt::OpenHandCursor);
+    mouse.press(QPoint(194, 10));
+    mouse.moveTo(QPoint(400, 10));
+    QCOMPARE(vxScene->getTime(), 1440);
+    mouse.release(QPoint(400, 10));
+}
+
+void TestVxDopeSheetHeaderView::droppedDragRestoresTheTime()
+{
+    vxScene->setTime(10 * 160);
+    VxMouseDriver mouse(viewport);
+    mouse.press(QPoint(frameMiddle(10), 10));
+    mouse.moveTo(QPoint(404, 10));
+    QCOMPARE(vxScene->getTime(), 20 * 160);
+    view->hide();
+    QCOMPARE(vxScene->getTime(), 10 * 160);
+    view->show();
+    mouse.moveTo(QPoint(504, 10));
+    mouse.release(QPoint(504, 10));
+    QCOMPARE(vxScene->getTime(), 10 * 160);
+}
+
+void TestVxDopeSheetHeaderView::sheetDestroyedInMidDrag()
+{
+    vxScene->setTime(10 * 160);
+    VxMouseDriver mouse(viewport);
+    mouse.press(QPoint(frameMiddle(10), 10));
+    mouse.moveTo(QPoint(404, 10));
+    view.reset();
+    QCOMPARE(vxScene->getTime(), 10 * 160);
 }
 
 void TestVxDopeSheetHeaderView::moveWithoutAPress()

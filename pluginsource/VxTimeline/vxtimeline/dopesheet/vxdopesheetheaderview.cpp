@@ -4,6 +4,7 @@
 #include <QtWidgets/QStyleOptionHeader>
 #include <utility>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
@@ -28,11 +29,17 @@ VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
     setMouseTracking(true);
     setStretchLastSection(true);
     setMinimumSectionSize(0);
+    d->guard = new VxGestureGuard(viewport());
+    connect(d->guard, &VxGestureGuard::dropped, this, [this] { dropGesture(); });
     connect(this, &QHeaderView::sectionResized, this, &VxDopeSheetHeaderView::handleSectionResized);
     connect(this, &QHeaderView::sectionMoved, this, &VxDopeSheetHeaderView::handleSectionMoved);
 }
 
-VxDopeSheetHeaderView::~VxDopeSheetHeaderView() = default;
+// The record is gone before the widget is hidden.
+VxDopeSheetHeaderView::~VxDopeSheetHeaderView()
+{
+    d->guard->end();
+}
 
 QSize VxDopeSheetHeaderView::sizeHint() const
 {
@@ -107,7 +114,7 @@ bool VxDopeSheetHeaderView::isInKeysSection(int x) const
 bool VxDopeSheetHeaderView::isOnMarker(int x) const
 {
     const int width = vxApp->getStyle()->metric(VxStyle::PM_VxCurrentTimeMarkerWidth);
-    return count() > KeysSection && ruler().isOnMarker(x, vxScene->getTime(), width);
+    return isInKeysSection(x) && ruler().isOnMarker(x, vxScene->getTime(), width);
 }
 
 void VxDopeSheetHeaderView::showHoverCursor(int x)
@@ -123,10 +130,23 @@ void VxDopeSheetHeaderView::setTimeAt(int x) const
     TimelinePlayback::setTime(ruler().timeAt(x));
 }
 
+void VxDopeSheetHeaderView::dropGesture()
+{
+    if (std::exchange(d->markerDragged, false))
+        TimelinePlayback::setTime(d->timeAtPress);
+    d->basePressed = false;
+    unsetCursor();
+    updateViewport();
+}
+
 // A press beside the marker brings it under the mouse, so that from there on it is dragged too.
 void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();
+    if (event->button() == Qt::LeftButton) {
+        d->timeAtPress = vxScene->getTime();
+        d->guard->begin();
+    }
     if (event->button() != Qt::LeftButton) {
         QHeaderView::mousePressEvent(event);
     } else if (isOnGrip(x, KeysSection)) {
@@ -144,6 +164,16 @@ void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
         QHeaderView::mousePressEvent(event);
     }
     updateViewport();
+}
+
+// In the ruler the second of two quick presses is a press as any other.
+void VxDopeSheetHeaderView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const int x = event->pos().x();
+    if (event->button() == Qt::LeftButton && isInKeysSection(x) && !isOnGrip(x, KeysSection))
+        mousePressEvent(event);
+    else
+        QHeaderView::mouseDoubleClickEvent(event);
 }
 
 void VxDopeSheetHeaderView::mouseMoveEvent(QMouseEvent *event)
@@ -169,6 +199,7 @@ void VxDopeSheetHeaderView::mouseReleaseEvent(QMouseEvent *event)
         QHeaderView::mouseReleaseEvent(event);
         return;
     }
+    d->guard->end();
     d->markerDragged = false;
     if (std::exchange(d->basePressed, false))
         QHeaderView::mouseReleaseEvent(event);

@@ -34,6 +34,7 @@ protected:
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     // The bevel, and the ruler on it. The names' section stays empty: others lay their own over it.
@@ -47,6 +48,8 @@ private:
     // Cursor of a mouse that moves over the header without a press.
     void showHoverCursor(int x);
     void setTimeAt(int x) const;
+    // Ends a drag whose release will not arrive; the time is that of the press again.
+    void dropGesture();
     // False when nothing within rect is asked for by the paint event that is going on.
     bool isToBePainted(const QRect &rect) const;
     void paintRuler(QPainter *painter, const QRect &rect) const;

@@ -8,11 +8,15 @@
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 
 // All state of the header.
+class VxGestureGuard;
+
 class VxDopeSheetHeaderView::Private
 {
 public:
     bool markerDragged = false; // the time follows the mouse
-    bool basePressed = false;   // the base class has had the press and waits for its end
+    bool basePressed = false;   // the base class has had the press and not yet its release
+    VxTime timeAtPress = 0;
+    VxGestureGuard *guard = nullptr; // of the viewport
     QPointer<VxDopeSheetItem> keySource;
     QRegion paintedRegion; // by the paint event that is going on; empty outside of one
 };

@@ -9,6 +9,7 @@
 #include <QtWidgets/QRubberBand>
 #include <QtWidgets/QStyleOption>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpane.h>
@@ -59,6 +60,8 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     connect(vxApp, &VxApp::starting, this, &VxDopeSheetView::handleAppStarting);
     connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, this,
             [this] { d->updateCommonTcb(); });
+    d->guard = new VxGestureGuard(viewport());
+    connect(d->guard, &VxGestureGuard::dropped, this, [this] { d->abandonGesture(); });
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VxDopeSheetView::timerKick);
     timer->start(TimerInterval);
@@ -66,7 +69,11 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
 
 VxDopeSheetView::~VxDopeSheetView()
 {
+    d->guard->end();
     d->putKeysBack();
+    // The header, which lives on, may set the time once more when it drops a drag.
+    if (vxScene)
+        vxScene->disconnect(this);
 }
 
 void VxDopeSheetView::setModel(QAbstractItemModel *newModel)

@@ -26,6 +26,7 @@
 
 class QSortFilterProxyModel;
 class VxDopeSheetModel;
+class VxGestureGuard;
 
 // All state of the view.
 class VxDopeSheetView::Private
@@ -54,6 +55,7 @@ public:
     };
 
     VxDopeSheetView *view;
+    VxGestureGuard *guard = nullptr; // of the viewport
     VxKeyCommunication *bus = nullptr;
     QSortFilterProxyModel *filterModel = nullptr;
     DopeSheetRowMemory rowMemory; // over changes of the text filter

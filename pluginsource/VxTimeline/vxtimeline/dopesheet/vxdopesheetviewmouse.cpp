@@ -1,6 +1,7 @@
 // The mouse over the dope sheet. What it means stands in KeyDragMath; here that is carried out.
 
 #include <QtGui/QMouseEvent>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmenu.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
@@ -75,6 +76,7 @@ void VxDopeSheetView::Private::selectRows(const QModelIndex &start, const QModel
 void VxDopeSheetView::Private::beginGesture(const QPoint &position)
 {
     rubberBandActive = true;
+    guard->begin();
     pressPoint = position;
     currentPoint = position;
     bandRect = QRect();
@@ -131,6 +133,7 @@ void VxDopeSheetView::Private::finishGesture(const QPoint &position)
 {
     const KeyDragMath::ReleaseEffect effect = KeyDragMath::releaseEffect(
         keyDragActive, KeyDragMath::isDrag(pressPoint, position), pressModifiers);
+    guard->end();
     rubberBandActive = false;
     keyDragActive = false;
     currentPoint = position;
@@ -152,6 +155,7 @@ void VxDopeSheetView::Private::finishGesture(const QPoint &position)
 
 void VxDopeSheetView::Private::abandonGesture()
 {
+    guard->end();
     rubberBandActive = false;
     keyDragActive = false;
     putKeysBack();
@@ -282,22 +286,4 @@ void VxDopeSheetView::mouseDoubleClickEvent(QMouseEvent *event)
     }
     event->ignore();
     QTreeView::mouseDoubleClickEvent(event);
-}
-
-void VxDopeSheetView::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape && d->rubberBandActive) {
-        d->abandonGesture();
-        event->accept();
-        return;
-    }
-    QTreeView::keyPressEvent(event);
-}
-
-// Whatever takes the focus while the button is down, a dialog or another window, gets the release.
-void VxDopeSheetView::focusOutEvent(QFocusEvent *event)
-{
-    if (d->rubberBandActive)
-        d->abandonGesture();
-    QTreeView::focusOutEvent(event);
 }
