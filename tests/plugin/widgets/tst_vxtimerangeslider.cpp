@@ -97,6 +97,8 @@ private Q_SLOTS:
     void pressBesideTheStretch();
     void otherButtons();
     void leavingDropsTheDrag();
+    void lostReleasePutsTheRangeBack_data();
+    void lostReleasePutsTheRangeBack();
     void timeComesIntoTheRange_data();
     void timeComesIntoTheRange();
     void timeStaysWhilePlaying();
@@ -360,6 +362,40 @@ void TestTimeRangeSlider::leavingDropsTheDrag()
     m_mouse->moveTo(body() + QPoint(60, 0));
     compareRange(1600, 3200);
     m_mouse->release(body() + QPoint(60, 0));
+    compareRange(1600, 3200);
+}
+
+void TestTimeRangeSlider::lostReleasePutsTheRangeBack_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<int>("x");
+    for (const int x : {205, 300, 395}) {
+        for (const char *how : {"escape", "hidden", "window"})
+            QTest::addRow("%s, from %d", how, x) << QString::fromLatin1(how) << x;
+    }
+}
+
+void TestTimeRangeSlider::lostReleasePutsTheRangeBack()
+{
+    QFETCH(QString, how);
+    QFETCH(int, x);
+    m_mouse->press(QPoint(x, 10));
+    m_mouse->moveTo(QPoint(x + 23, 10));
+    QVERIFY(vxScene->getPlayRange() != VxTimeRange(1600, 3200));
+    QWidget other;
+    if (how == QLatin1String("escape")) {
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+    } else if (how == QLatin1String("hidden")) {
+        m_slider->hide();
+        m_slider->show();
+    } else {
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+    }
+    compareRange(1600, 3200);
+    m_mouse->moveTo(QPoint(x + 60, 10));
+    m_mouse->release(QPoint(x + 60, 10));
     compareRange(1600, 3200);
 }
 

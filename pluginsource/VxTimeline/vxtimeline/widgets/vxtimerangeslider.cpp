@@ -4,6 +4,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QScrollBar>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyleoption.h>
@@ -32,6 +33,7 @@ class VxTimeRangeSlider::Private
 {
 public:
     QScrollBar *scrollBar = nullptr;
+    VxGestureGuard *guard = nullptr;
     bool pressed = false;
     // What lies under the mouse, and what the press has caught: one of three at most.
     bool hoverBody = false;
@@ -84,6 +86,9 @@ VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     d->scrollBar->hide();
     layout->addWidget(d->scrollBar);
 
+    d->guard = new VxGestureGuard(this);
+    connect(d->guard, &VxGestureGuard::dropped, this, [this] { dropDrag(); });
+
     // The pane repaints the slider whenever its time scale changes, which it does not while the
     // keys column is too narrow.
     const auto repaint = [this] { update(); };
@@ -92,7 +97,11 @@ VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     connect(vxScene, &VxScene::timeStepChanged, this, repaint);
 }
 
-VxTimeRangeSlider::~VxTimeRangeSlider() = default;
+// The record is gone before the widget is hidden.
+VxTimeRangeSlider::~VxTimeRangeSlider()
+{
+    d->guard->end();
+}
 
 QScrollBar *VxTimeRangeSlider::getScrollBar() const
 {
@@ -135,10 +144,21 @@ void VxTimeRangeSlider::drag(int x, bool isFinal)
     update();
 }
 
+void VxTimeRangeSlider::dropDrag()
+{
+    if (d->draggedPart() != Part::None)
+        vxScene->setPlayRange(VxTimeRange(d->startAtPress, d->endAtPress));
+    d->pressed = false;
+    d->clearDrag();
+    unsetCursor();
+    update();
+}
+
 void VxTimeRangeSlider::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton) {
         d->pressed = true;
+        d->guard->begin();
         d->pressPos = event->pos();
         const Part part = d->hitTest(size(), event->pos());
         d->dragBody = part == Part::Body;
@@ -155,6 +175,7 @@ void VxTimeRangeSlider::mousePressEvent(QMouseEvent *event)
 void VxTimeRangeSlider::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton) {
+        d->guard->end();
         if (d->pressed) {
             updateCursor(d->hoverStart || d->hoverEnd, event->pos());
             drag(event->x(), true);

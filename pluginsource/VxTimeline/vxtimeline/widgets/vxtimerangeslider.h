@@ -35,6 +35,8 @@ private:
     void updateCursor(bool overHandle, const QPoint &position);
     void hover(const QPoint &position);
     void drag(int x, bool isFinal);
+    // Ends a drag whose release will not arrive; the play range is that of the press again.
+    void dropDrag();
     void paintHandle(QPainter *painter, const QRect &rect, int which, bool hovered) const;
     class Private;
     std::unique_ptr<Private> d;
