@@ -305,8 +305,15 @@ void TestKeyGraphGestures::legend()
 {
     QFETCH(int, width);
     view->setLeftBackgroundWidth(width);
-    view->panStart();
-    view->panAdjust(QPoint(0, 1000000)); // no curve is to be seen
+    const auto hideCurves = [this] {
+        view->panStart();
+        view->panAdjust(QPoint(0, 1000000));
+    };
+    // The scale that the graph has once it shows these.
+    graph->handleDopesheetPropertyListChanged({x(), y()}, false);
+    picture();
+    graph->handleDopesheetPropertyListChanged({}, false);
+    hideCurves();
     QImage wanted = picture();
     {
         const VxStyle *style = vxApp->getStyle();
@@ -326,6 +333,7 @@ void TestKeyGraphGestures::legend()
         }
     }
     graph->handleDopesheetPropertyListChanged({x(), y()}, false);
+    hideCurves();
     const QImage found = picture();
     int worst = 0;
     for (int py = 0; py < found.height(); ++py) {

@@ -4,6 +4,9 @@
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/keygraphgrid.h"
 
+#include <cmath>
+#include <random>
+
 using namespace KeyGraphGrid;
 
 namespace {
@@ -40,6 +43,7 @@ private Q_SLOTS:
     void labels();
     void valueLinesAreRoundAndFarEnough();
     void valueLinesWithMinorOnes();
+    void threeLabelsAtAnyScale();
     void frameLinesAtFrames();
     void frameLabelsNeverOverlap();
     void frameLinesNeverBetweenFrames();
@@ -98,7 +102,7 @@ void TestKeyGraphGrid::valueLinesAreRoundAndFarEnough()
     scale.originY = 150;
     for (const double perPixel : {1e-6, 0.0031, 0.02, 0.77, 13.0, 4e5}) {
         scale.valuePerPixel = -perPixel;
-        const QVector<Line> lines = valueLines(scale, 300, 40.0);
+        const QVector<Line> lines = valueLines(scale, 300, 40.0, 15.0);
         double former = 1e9;
         for (const Line &line : lines) {
             QVERIFY(line.place >= 0.0 && line.place <= 300.0);
@@ -121,12 +125,36 @@ void TestKeyGraphGrid::valueLinesWithMinorOnes()
     scale.originY = 100;
     scale.valuePerPixel = -0.5;
     // Steps of 50, in five parts of 20 pixels.
-    QVector<Line> lines = valueLines(scale, 200, 60.0);
+    QVector<Line> lines = valueLines(scale, 200, 60.0, 0.0);
     QCOMPARE(labelsOf(lines), QStringList({"-50", "0", "50"}));
     QCOMPARE(lines.size(), 11);
     // Parts of 8 pixels would be a smear.
-    lines = valueLines(scale, 200, 40.0);
+    lines = valueLines(scale, 200, 40.0, 0.0);
     QCOMPARE(lines.size(), labelsOf(lines).size());
+}
+
+// Labels are above their lines, between the top and the frame numbers: 15 pixels at either end.
+void TestKeyGraphGrid::threeLabelsAtAnyScale()
+{
+    std::mt19937 random(11);
+    std::uniform_real_distribution<> exponent(-8.0, 8.0);
+    for (int round = 0; round < 3000; ++round) {
+        const int height = std::uniform_int_distribution<>(150, 900)(random);
+        KeyGraphScale scale;
+        scale.originY = height / 2.0;
+        scale.valuePerPixel = -std::pow(10.0, exponent(random));
+        scale.offsetY = std::uniform_real_distribution<>(-2000.0, 2000.0)(random);
+        double former = 1e9;
+        int labels = 0;
+        for (const Line &line : valueLines(scale, height, 44.0, 15.0)) {
+            if (!line.major)
+                continue;
+            QVERIFY(former - line.place > 14.9);
+            former = line.place;
+            labels += line.place >= 15.0 && line.place <= height - 15.0 ? 1 : 0;
+        }
+        QVERIFY2(labels >= 3, qPrintable(QString::number(height)));
+    }
 }
 
 void TestKeyGraphGrid::frameLinesAtFrames()
@@ -179,13 +207,13 @@ void TestKeyGraphGrid::degenerateScales()
     KeyGraphScale scale;
     QVERIFY(frameLines(scale, 800, 0, 10.0, widthOf).isEmpty());
     QVERIFY(frameLines(scale, 0, 160, 10.0, widthOf).size() <= 1);
-    QVERIFY(valueLines(scale, 0, 40.0).size() <= 1);
+    QVERIFY(valueLines(scale, 0, 40.0, 15.0).size() <= 1);
     scale.offsetY = 1e300;
-    QVERIFY(valueLines(scale, 300, 40.0).isEmpty());
+    QVERIFY(valueLines(scale, 300, 40.0, 15.0).isEmpty());
     scale.offsetX = -1e300;
     QVERIFY(frameLines(scale, 300, 160, 40.0, widthOf).isEmpty());
     scale.offsetY = qQNaN();
-    QVERIFY(valueLines(scale, 300, 40.0).isEmpty());
+    QVERIFY(valueLines(scale, 300, 40.0, 15.0).isEmpty());
 }
 
 VX_TEST_APPLESS_MAIN(TestKeyGraphGrid)

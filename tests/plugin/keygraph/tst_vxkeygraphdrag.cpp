@@ -33,7 +33,11 @@ private Q_SLOTS:
     void theOtherSideHears();
     void aSecondButtonDoesNotInterrupt();
     void nodesDeletedInMidDrag();
-    void hiddenInMidDrag();
+    void droppedDrag_data();
+    void droppedDrag();
+    void droppedRubberBand();
+    void droppedTimeDrag();
+    void pressTakesTheFocus();
     void destroyedInMidDrag();
 
 private:
@@ -339,15 +343,90 @@ void TestKeyGraphDrag::nodesDeletedInMidDrag()
     QVERIFY(!QWidget::mouseGrabber());
 }
 
-void TestKeyGraphDrag::hiddenInMidDrag()
+void TestKeyGraphDrag::droppedDrag_data()
 {
-    showProperties({makeKeys(x(), "..a..b")});
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"escape", "hidden", "focus", "window"})
+        QTest::newRow(how) << QString::fromLatin1(how);
+}
+
+// Keys, selection and history are those of the press; the mouse may be released afterwards.
+void TestKeyGraphDrag::droppedDrag()
+{
+    QFETCH(QString, how);
+    showProperties({makeKeys(x(), "..abcd..e"), makeKeys(y(), "...f")});
+    select(channel(0), {1, 2});
+    select(channel(1), {0});
+    const QVector<VxTime> before = timesOf(x());
+    const float value = x()->getKeyValue(1);
     const QPoint start = placeOfKey(x(), 1);
     m_mouse->press(start);
-    m_mouse->moveTo(start + QPoint(10, 0));
-    view->hide();
-    QCOMPARE(undoTexts(), QStringList{"Move Keys"});
+    m_mouse->moveTo(start + QPoint(10, 15));
+    m_mouse->moveTo(start + QPoint(40, 15));
+    QVERIFY(timesOf(x()) != before);
+    messages.clear();
+    QWidget other;
+    if (how == QLatin1String("escape")) {
+        QTest::keyClick(view.get(), Qt::Key_Escape);
+    } else if (how == QLatin1String("hidden")) {
+        view->hide();
+        view->show();
+    } else if (how == QLatin1String("focus")) {
+        view->clearFocus();
+    } else {
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+    }
+    QCOMPARE(timesOf(x()), before);
+    QCOMPARE(timesOf(y()), QVector<VxTime>{480});
+    QCOMPARE(x()->getKeyValue(1), value);
+    QCOMPARE(selected(0), QVector<int>({1, 2}));
+    QCOMPARE(selected(1), QVector<int>({0}));
+    QVERIFY(!messages.isEmpty());
+    QCOMPARE(undoTexts(), QStringList());
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
     QVERIFY(!QWidget::mouseGrabber());
+    m_mouse->moveTo(start + QPoint(80, 15));
+    m_mouse->release(start + QPoint(80, 15));
+    QCOMPARE(timesOf(x()), before);
+    QCOMPARE(undoTexts(), QStringList());
+}
+
+void TestKeyGraphDrag::droppedRubberBand()
+{
+    showProperties({makeKeys(x(), "..a..b..c..d")});
+    select(channel(0), {3});
+    m_mouse->press(placeOf(4, 3), Qt::LeftButton, Qt::ControlModifier);
+    m_mouse->moveTo(placeOf(9, 9));
+    QVERIFY(selected(0) != QVector<int>{3});
+    QTest::keyClick(view.get(), Qt::Key_Escape);
+    QCOMPARE(selected(0), QVector<int>{3});
+    m_mouse->release(placeOf(9, 9));
+    QCOMPARE(selected(0), QVector<int>{3});
+}
+
+void TestKeyGraphDrag::droppedTimeDrag()
+{
+    showProperties({makeKeys(x(), "..a..b")});
+    vxScene->setTime(10 * 160);
+    const QPoint line(int(view->getScale().x(1600)), 20);
+    m_mouse->moveTo(line);
+    m_mouse->press(line);
+    m_mouse->moveTo(line + QPoint(30, 0));
+    QVERIFY(vxScene->getTime() != 1600);
+    QTest::keyClick(view.get(), Qt::Key_Escape);
+    QCOMPARE(vxScene->getTime(), 1600);
+    m_mouse->release(line + QPoint(30, 0));
+    QCOMPARE(vxScene->getTime(), 1600);
+}
+
+void TestKeyGraphDrag::pressTakesTheFocus()
+{
+    view->clearFocus();
+    showProperties({makeKeys(x(), "..a..b")});
+    m_mouse->click(placeOfKey(x(), 1));
+    QVERIFY(view->hasFocus());
 }
 
 void TestKeyGraphDrag::destroyedInMidDrag()
@@ -359,7 +438,8 @@ void TestKeyGraphDrag::destroyedInMidDrag()
     m_mouse.reset();
     view.reset();
     QVERIFY(!QWidget::mouseGrabber());
-    QCOMPARE(frames(x()), QVector<int>({2, 6}));
+    QCOMPARE(frames(x()), QVector<int>({2, 5}));
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
 }
 
 VX_TEST_MAIN(TestKeyGraphDrag)

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void sidesWithoutRoomBetweenThem();
 
     void framing();
+    void channelsEnteringAnEmptyGraphAreFramed();
+    void channelsWithoutKeysAreFramed();
     void framingOnlySelected();
     void framingWithoutKeys();
     void framingFlatKeys();
@@ -413,6 +415,38 @@ void TestKeyGraphView::buttonsFollowThePixelRatio()
     QCOMPARE(button->normalPixmap().devicePixelRatioF(), 2.0);
     QCOMPARE(button->size(), size);
     scaled.setStyle(nullptr);
+}
+
+void TestKeyGraphView::channelsEnteringAnEmptyGraphAreFramed()
+{
+    showView();
+    VxFloatProperty *far = addProperty(QStringLiteral("Far"));
+    far->setKey(0, 5000.0f, 0);
+    far->setKey(1600, 9000.0f, 0);
+    graph->handleDopesheetPropertyListChanged({far}, false);
+    view->grab();
+    QCOMPARE(qRound(view->getScale().y(5000)), view->height() - 20);
+    QCOMPARE(qRound(view->getScale().y(9000)), 20);
+    // A graph that shows some already keeps its scale.
+    const double former = view->getScale().valuePerPixel;
+    far->setKey(1600, 90000.0f, 0);
+    graph->handleDopesheetPropertyListChanged({x()}, true);
+    view->grab();
+    QCOMPARE(view->getScale().valuePerPixel, former);
+    graph->handleDopesheetPropertyListChanged({}, false);
+    graph->handleDopesheetPropertyListChanged({far}, false);
+    QCOMPARE(qRound(view->getScale().y(90000)), 20);
+}
+
+void TestKeyGraphView::channelsWithoutKeysAreFramed()
+{
+    showView();
+    VxFloatProperty *still = addProperty(QStringLiteral("Still"));
+    still->setValue(777.0f);
+    graph->handleDopesheetPropertyListChanged({still}, false);
+    view->grab();
+    const double y = view->getScale().y(777);
+    QVERIFY2(y > 20 && y < view->height() - 20, qPrintable(QString::number(y)));
 }
 
 VX_TEST_MAIN(TestKeyGraphView)

@@ -24,7 +24,7 @@ QVector<QPointF> keyGraphCurvePoints(const std::vector<VxTime> &times,
     QVector<QPointF> points(static_cast<int>(times.size()));
     QPointF *point = points.data();
     for (std::size_t i = 0; i < times.size(); ++i, ++point)
-        *point = QPointF(scale.x(times[i]), qBound(-FarAway, scale.y(values[i]), FarAway));
+        *point = QPointF(scale.exactX(times[i]), qBound(-FarAway, scale.y(values[i]), FarAway));
     return points;
 }
 

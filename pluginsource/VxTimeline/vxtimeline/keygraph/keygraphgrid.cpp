@@ -7,7 +7,8 @@ namespace KeyGraphGrid {
 namespace {
 
 constexpr double SmallestMinorSpacing = 12.0; // pixels
-constexpr double LargestLineNumber = 1e15;    // beyond it neighbours are no longer told apart
+constexpr qint64 LeastLabels = 3;
+constexpr double LargestLineNumber = 1e15; // beyond it neighbours are no longer told apart
 
 // The first digit of a round step, 1, 2 or 5.
 int leadingDigit(double step)
@@ -30,6 +31,26 @@ Run multiplesBetween(double low, double high, double step)
     if (!(std::abs(first) < LargestLineNumber && std::abs(last) < LargestLineNumber))
         return {};
     return {static_cast<qint64>(first), static_cast<qint64>(last)};
+}
+
+// The step of labelled lines: the smallest round one that keeps them spacing pixels apart, or the
+// largest one that still puts three labels between the first and the last place for one.
+double valueStep(const KeyGraphScale &scale, int height, double spacing, double labelHeight)
+{
+    const double perPixel = std::abs(scale.valuePerPixel);
+    const double ends[] = {scale.value(labelHeight), scale.value(height - labelHeight)};
+    double step = roundStep(spacing * perPixel);
+    const auto labels = [&ends](double candidate) {
+        const Run run = multiplesBetween(qMin(ends[0], ends[1]), qMax(ends[0], ends[1]), candidate);
+        return run.last - run.first + 1;
+    };
+    while (labels(step) < LeastLabels) {
+        const double finer = step / (leadingDigit(step) == 5 ? 2.5 : 2.0);
+        if (finer < qMax(1.0, labelHeight) * perPixel)
+            break;
+        step = finer;
+    }
+    return step;
 }
 
 int widestLabel(const KeyGraphScale &scale, int width, VxTime timeStep,
@@ -71,10 +92,10 @@ QString valueLabel(double value, double step)
     return QString::number(shown, 'f', decimals);
 }
 
-QVector<Line> valueLines(const KeyGraphScale &scale, int height, double spacing)
+QVector<Line> valueLines(const KeyGraphScale &scale, int height, double spacing, double labelHeight)
 {
     const double perPixel = std::abs(scale.valuePerPixel);
-    const double step = roundStep(spacing * perPixel);
+    const double step = valueStep(scale, height, spacing, labelHeight);
     const int parts = step / partsOf(step) / perPixel < SmallestMinorSpacing ? 1 : partsOf(step);
     const double low = qMin(scale.value(0), scale.value(height));
     const double high = qMax(scale.value(0), scale.value(height));

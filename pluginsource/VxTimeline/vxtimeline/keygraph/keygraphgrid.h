@@ -28,8 +28,11 @@ int partsOf(double step);
 // A value as its line is labelled: as many decimals as the step has, no minus before zero.
 QString valueLabel(double value, double step);
 
-// The lines of the values visible in a height. Major ones lie at least spacing pixels apart.
-QVector<Line> valueLines(const KeyGraphScale &scale, int height, double spacing);
+// The lines of the values visible in a height. Major ones lie at least spacing pixels apart; where
+// fewer than three of them would have room for a label above (labelHeight pixels, above the first
+// and below the last, too), closer, down to labelHeight.
+QVector<Line> valueLines(const KeyGraphScale &scale, int height, double spacing,
+                         double labelHeight);
 
 // The lines of the frames visible in a width. Major ones lie so far apart that labels centred
 // on them keep gap pixels between each other; labelWidth measures a label in pixels. No lines for a

@@ -6,8 +6,6 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/keygraph/keygraphgrid.h"
-
 namespace {
 
 constexpr double ValueLineSpacing = 44.0; // pixels, at least
@@ -99,19 +97,43 @@ qreal KeyGraphPainter::lineWidth() const
     return 1.0 / m_painter->device()->devicePixelRatioF();
 }
 
-void KeyGraphPainter::paintValueGrid()
+QVector<KeyGraphGrid::Line> KeyGraphPainter::valueLines() const
 {
     const int height = m_stage.size.height();
     const int textHeight = m_look.axis.getHeight();
+    auto lines = KeyGraphGrid::valueLines(m_scale, height, qMax(ValueLineSpacing, 2.0 * textHeight),
+                                          textHeight);
+    // A label is above its line; none where it would be cut off or meet the frame numbers.
+    for (KeyGraphGrid::Line &line : lines) {
+        const int y = pixel(line.place, height);
+        if (y < textHeight || y > height - textHeight)
+            line.label.clear();
+    }
+    return lines;
+}
+
+QRect KeyGraphPainter::labelFreeRect() const
+{
+    int widest = 0;
+    for (const KeyGraphGrid::Line &line : valueLines()) {
+        if (!line.label.isEmpty())
+            widest = qMax(widest, m_look.axis.getWidth(line.label + m_stage.valueUnit));
+    }
+    const int left = m_stage.leftWidth + 2 * m_look.margin + widest;
+    return QRect(left, 0, m_stage.size.width() - m_stage.rightWidth - left,
+                 m_stage.size.height() - m_look.axis.getHeight() - m_look.margin);
+}
+
+void KeyGraphPainter::paintValueGrid()
+{
+    const int height = m_stage.size.height();
     const int left = m_stage.leftWidth + m_look.margin;
     m_painter->setFont(m_look.axis.getFont());
-    const double spacing = qMax(ValueLineSpacing, 2.0 * textHeight);
-    for (const KeyGraphGrid::Line &line : KeyGraphGrid::valueLines(m_scale, height, spacing)) {
+    for (const KeyGraphGrid::Line &line : valueLines()) {
         const int y = pixel(line.place, height);
         m_painter->fillRect(QRectF(0, y, m_stage.size.width(), lineWidth()),
                             line.major ? m_look.majorGrid : m_look.grid);
-        // On top of its line; none where it would be cut off or meet the frame numbers.
-        if (line.label.isEmpty() || y < textHeight || y > height - textHeight)
+        if (line.label.isEmpty())
             continue;
         m_painter->setPen(m_look.axis.getColor());
         m_painter->drawText(left, y - m_look.axis.getFontMetrics().descent(),

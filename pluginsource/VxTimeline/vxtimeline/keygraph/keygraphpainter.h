@@ -7,6 +7,7 @@
 #include <vxcore/vxtextstyle.h>
 #include <vxcore/vxtimerange.h>
 
+#include "vxtimeline/keygraph/keygraphgrid.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 
 class QPainter;
@@ -49,14 +50,18 @@ struct KeyGraphStage
 class KeyGraphPainter
 {
 public:
-    // All borrowed for the painter's life.
+    // All borrowed for the painter's life; the painter may be null when nothing is painted.
     KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale, const KeyGraphLook &look,
                     const KeyGraphStage &stage);
+
+    // The part in which no labels of channels, values or frames are painted; may be empty.
+    QRect labelFreeRect() const;
 
     // Background, the shade outside of the play range, grid and its labels.
     void paintStage();
 
 private:
+    QVector<KeyGraphGrid::Line> valueLines() const;
     void paintGrounds();
     void paintValueGrid();
     void paintFrameGrid();

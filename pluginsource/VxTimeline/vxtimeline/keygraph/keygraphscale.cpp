@@ -64,6 +64,17 @@ void KeyGraphScale::zoomValues(const KeyGraphScale &start, double deltaY)
     offsetY = start.offsetY / factor;
 }
 
+bool KeyGraphScale::followAxis(const TimelineMetrics &metrics, double zero)
+{
+    const double ticks = metrics.ticksPerPixel();
+    if (!(ticks > 0.0))
+        return false;
+    m_axis = {double(metrics.fps) * metrics.frameWidth / metrics.divisor, metrics.zoom};
+    ticksPerPixel = ticks;
+    offsetX = zero - originX;
+    return true;
+}
+
 void KeyGraphScale::fitTimes(const VxTimeRange &range, double left, double right)
 {
     const double duration = double(range.getEnd()) - double(range.getStart());

@@ -5,12 +5,15 @@
 #include <vxcore/vxtime.h>
 #include <vxcore/vxtimerange.h>
 
+#include "vxtimeline/time/timelinemetrics.h"
+
 // The two scales of the key graph, and every formula that leads from times and values to pixels
 // and back.
 //
 // A plain value: what is painted, what is hit and what is dragged are reckoned from one record.
 // Pixels are those of the widget, as real numbers; x grows with the time, and y falls while the
-// value grows because valuePerPixel is negative. The scales are never 0.
+// value grows because valuePerPixel is negative. The scales are never 0. In the pane the time scale
+// is that of the dope sheet: marks and lines at one time have the same pixel column in both.
 class KeyGraphScale
 {
 public:
@@ -25,7 +28,13 @@ public:
     static constexpr double MarkSide = 9.0;
     static constexpr int MarkReach = 6;
 
-    double x(double time) const { return originX + offsetX + time / ticksPerPixel; }
+    // The place of a key or a line at a time: to the pixel that of the pane's time axis when the
+    // scale follows it, else as exact as exactX().
+    double x(double time) const
+    {
+        return m_axis.isSet() ? originX + offsetX + m_axis.pixels(time) : exactX(time);
+    }
+    double exactX(double time) const { return originX + offsetX + time / ticksPerPixel; }
     double y(double value) const { return originY + offsetY + value / valuePerPixel; }
     // Ticks at a pixel column, with a fraction; and to the tick, truncated towards zero and limited
     // to 32 bits.
@@ -51,6 +60,10 @@ public:
     // valuePerPixel. The place of value 0 moves away from the origin as the scale grows.
     void zoomValues(const KeyGraphScale &start, double deltaY);
 
+    // Takes over the time scale of the dope sheet. zero: the pixel column of the middle of a mark
+    // at time 0. False, and nothing changes, when there is no such scale.
+    bool followAxis(const TimelineMetrics &metrics, double zero);
+
     // The whole range between two pixel columns.
     void fitTimes(const VxTimeRange &range, double left, double right);
     // A duration from time 0 on in the middle of a width.
@@ -66,11 +79,25 @@ public:
     // True when the time axes agree.
     bool hasTimesOf(const KeyGraphScale &other) const
     {
-        return ticksPerPixel == other.ticksPerPixel &&
+        return ticksPerPixel == other.ticksPerPixel && m_axis.isSet() == other.m_axis.isSet() &&
                offsetX + originX == other.offsetX + other.originX;
     }
 
 private:
+    // The arithmetic of TimelinePositions, step by step, so that no rounding differs.
+    struct Axis
+    {
+        double factor = 0.0; // 0: none
+        double zoom = 0.0;
+
+        bool isSet() const { return factor != 0.0; }
+        double pixels(double time) const
+        {
+            return double(static_cast<qint64>(time * factor * zoom / VxTicksPerSecond));
+        }
+    };
+    Axis m_axis;
+
     // Half a mark before a place, to the nearest pixel; far away for what is no number. Without a
     // call, because it is asked twice for every key that is painted.
     static int markCorner(double place)

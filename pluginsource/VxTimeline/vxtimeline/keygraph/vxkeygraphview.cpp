@@ -4,6 +4,7 @@
 #include <QtGui/QWheelEvent>
 #include <algorithm>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmousebutton.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -50,7 +51,7 @@ void VxKeyGraphView::Private::followScene()
             fitTimes();
     });
     QObject::connect(vxScene, &VxScene::sceneCleared, q, [this] {
-        timesSetByUser = false;
+        timesSetByUser = keysLeft.has_value();
         fitTimes();
     });
 }
@@ -83,6 +84,12 @@ void VxKeyGraphView::Private::takeUpChannelList()
     hit = Hit();
     valueUnit.clear();
     const QVector<VxKeyGraphChannel *> list = channels();
+    const bool begins = !hadChannels && !list.isEmpty();
+    hadChannels = !list.isEmpty();
+    if (begins) {
+        framePending = !wasPainted;
+        frameChannels();
+    }
     if (list.isEmpty())
         return;
     const QString unit = list.first()->getUnit();
@@ -91,8 +98,42 @@ void VxKeyGraphView::Private::takeUpChannelList()
         valueUnit = unit;
 }
 
+void VxKeyGraphView::Private::frameChannels()
+{
+    if (height <= 0.0)
+        return;
+    q->frameKeys();
+    const QVector<VxKeyGraphChannel *> list = channels();
+    const auto hasKeys = [](const auto *channel) { return channel->getNumKeys() > 0; };
+    if (std::any_of(list.cbegin(), list.cend(), hasKeys))
+        return;
+    double low = list.isEmpty() ? 0.0 : list.first()->getValue(vxScene->getTime());
+    double high = low;
+    for (const VxKeyGraphChannel *channel : list) {
+        const double value = channel->getValue(vxScene->getTime());
+        low = qMin(low, value);
+        high = qMax(high, value);
+    }
+    scale.frameValues(low, high, height);
+    repaint();
+}
+
+void VxKeyGraphView::Private::updateTimes()
+{
+    if (!keysLeft)
+        return;
+    const TimelineMetrics &metrics = TimelineMetrics::shared();
+    const KeyGraphScale former = scale;
+    const int origin = metrics.keysOrigin(vxScene->getPlayRange().getStart());
+    scale.followAxis(metrics, double(*keysLeft) + origin + metrics.halfFrame());
+    if (!scale.hasTimesOf(former))
+        repaint();
+}
+
 void VxKeyGraphView::Private::fitTimes()
 {
+    if (keysLeft)
+        return;
     fitTimesBetween(leftBackgroundWidth, rightBackgroundWidth);
 }
 
@@ -121,8 +162,9 @@ void VxKeyGraphView::Private::resize(const QSize &size)
     scale.originX = 0.0;
     scale.originY = halfHeight;
     const bool centres = centeringResizes() > 0 && size.width() > 0;
-    if (centres) {
+    if (centres)
         --centeringResizes();
+    if (centres && !keysLeft) {
         // In the middle of the widget the range keeps clear of the wider part on both sides.
         const int sides = qMax(leftBackgroundWidth, rightBackgroundWidth);
         if (!timesSetByUser)
@@ -151,6 +193,8 @@ void VxKeyGraphView::Private::wheelValues(int delta, bool pan, bool fine)
 
 void VxKeyGraphView::Private::wheelTimes(int delta, bool pan, bool fine, int x)
 {
+    if (keysLeft)
+        return;
     timesSetByUser = true;
     if (pan)
         scale.offsetX += TimelineSnap::truncated(delta * (fine ? 0.1 : 0.5));
@@ -218,12 +262,22 @@ VxKeyGraphView::VxKeyGraphView(QWidget *parent)
     setMouseTracking(true);
     // The menu comes at the release, not when the platform finds it fit.
     setContextMenuPolicy(Qt::PreventContextMenu);
+    setFocusPolicy(Qt::ClickFocus);
+    // Left, Right, Home and End step through time here, too.
+    setProperty("vxTimeAxis", true);
+    d->guard = new VxGestureGuard(this);
+    connect(d->guard, &VxGestureGuard::dropped, this, [this] { d->dropGesture(); });
     d->buildButtons();
     d->followScene();
     doStyling();
 }
 
-VxKeyGraphView::~VxKeyGraphView() = default;
+// A drag that is under way is dropped; nothing may reach the record once it is gone.
+VxKeyGraphView::~VxKeyGraphView()
+{
+    d->guard->end();
+    d->putKeysBack();
+}
 
 void VxKeyGraphView::setKeyGraph(VxKeyGraph *keyGraph)
 {
@@ -270,8 +324,16 @@ void VxKeyGraphView::setRightBackgroundWidth(int width)
     d->repaint();
 }
 
+void VxKeyGraphView::followTimeline(int keysLeft)
+{
+    d->keysLeft = keysLeft;
+    d->timesSetByUser = true;
+    d->updateTimes();
+}
+
 void VxKeyGraphView::doUpdate()
 {
+    d->updateTimes();
     update();
 }
 

@@ -30,6 +30,14 @@ public:
     void setKeyGraph(VxKeyGraph *keyGraph);
     VxKeyGraph *getKeyGraph() const;
 
+    // Makes the view follow the shared time scale of the dope sheet instead of its own: the keys
+    // column begins at this pixel of the widget. Its own scale is not used any more.
+    void followTimeline(int keysLeft);
+
+    // The part in which no labels of channels, values or frames are painted, in the widget's
+    // pixels; may be empty.
+    QRect getLabelFreeRect() const;
+
     // The present scales, in the widget's pixels.
     const KeyGraphScale &getScale() const;
 
@@ -54,7 +62,6 @@ public Q_SLOTS:
 
 protected:
     void changeEvent(QEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

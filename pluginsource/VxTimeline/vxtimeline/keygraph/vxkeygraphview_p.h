@@ -6,6 +6,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QStringList>
 #include <QtGui/QImage>
+#include <optional>
 #include <vxcore/vxtimerange.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -16,6 +17,7 @@
 class VxKeyGraph;
 class VxKeyGraphChannel;
 class VxKeyMessage;
+class VxGestureGuard;
 class VxMouseButton;
 
 // The state of the view. Its functions are spread over three sources: slots and scales, painting,
@@ -47,7 +49,11 @@ public:
     // Shows the animation range between the parts at both sides.
     void fitTimes();
     void fitTimesBetween(int leftWidth, int rightWidth);
+    // Takes over the time scale of the dope sheet when it is followed.
+    void updateTimes();
     void takeUpChannelList();
+    // Shows the values of all keys, of channels without keys the present values.
+    void frameChannels();
     void resize(const QSize &size);
     void wheelValues(int delta, bool pan, bool fine);
     void wheelTimes(int delta, bool pan, bool fine, int x);
@@ -67,6 +73,9 @@ public:
     Hit keyAt(const QPoint &position) const;
     void beginGesture(QMouseEvent *event);
     void endGesture();
+    // Ends a gesture whose release will not arrive and puts back what it has changed.
+    void dropGesture();
+    void putKeysBack();
     void pressOnSpace(Qt::KeyboardModifiers modifiers);
     void pressOnKey(Qt::KeyboardModifiers modifiers);
     void send(const VxKeyMessage &message);
@@ -77,6 +86,7 @@ public:
     void showContextMenu(const QPoint &globalPosition);
 
     VxKeyGraphView *const q;
+    VxGestureGuard *guard = nullptr;
     QPointer<VxKeyGraph> keyGraph;
     int leftBackgroundWidth = 0;
     int rightBackgroundWidth = 0;
@@ -97,6 +107,9 @@ public:
     bool timesFitted = false;    // the time axis shows the animation range over the present width
     bool timesSetByUser = false; // and is not to be fitted any more
     bool wasPainted = false;
+    std::optional<int> keysLeft; // of the dope sheet whose time scale is followed
+    bool hadChannels = false;
+    bool framePending = false; // the values are framed again for the size of the first picture
 
     KeyGraphLook look;
     KeyGraphCurves curves;
@@ -113,6 +126,7 @@ public:
     Hit hit;
     double savedOffsetX = 0.0;
     double savedOffsetY = 0.0;
+    VxTime timeAtPress = 0;
     double timeLineGrab = 0.0; // from the mouse to the line of the current time, pixels
     bool highlighted = false;  // the mouse is at that line
     std::unique_ptr<VxUndoStackHold> hold;

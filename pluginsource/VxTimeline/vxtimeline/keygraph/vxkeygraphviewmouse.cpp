@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxchangeblock.h>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxmenu.h>
 #include <vxcore/vxscene.h>
@@ -80,6 +81,8 @@ void VxKeyGraphView::Private::send(const VxKeyMessage &message)
 void VxKeyGraphView::Private::beginGesture(QMouseEvent *event)
 {
     pressed = true;
+    guard->begin();
+    timeAtPress = vxScene->getTime();
     pressPos = currentPos = previousPos = event->pos();
     q->grabMouse();
     hit = keyAt(pressPos);
@@ -135,9 +138,57 @@ void VxKeyGraphView::Private::pressOnKey(Qt::KeyboardModifiers modifiers)
     send(message);
 }
 
-// Also the end of a gesture that the view loses, such as by being hidden.
+// The selection moves with the keys, and so does what the other side shows as selected.
+void VxKeyGraphView::Private::putKeysBack()
+{
+    if (!hold)
+        return;
+    const QVector<VxKeyGraphChannel *> list = channels();
+    std::vector<QVector<VxKeyGraphKey>> before;
+    for (const VxKeyGraphChannel *channel : list) {
+        before.push_back(channel->getKeyCache());
+        for (VxKeyGraphKey &key : before.back()) {
+            if (key.selected)
+                key.time = key.dragStartTime;
+        }
+    }
+    hold->rollBack();
+    if (channels() != list)
+        return;
+    for (int i = 0; i < list.size(); ++i) {
+        std::sort(before[size_t(i)].begin(), before[size_t(i)].end(),
+                  [](const auto &a, const auto &b) { return a.time < b.time; });
+        list.at(i)->restoreKeyCache(before[size_t(i)]);
+        list.at(i)->publishSelection();
+    }
+}
+
+void VxKeyGraphView::Private::dropGesture()
+{
+    switch (mouseState) {
+    case DragKeys:
+        putKeysBack();
+        break;
+    case RubberBand:
+        currentPos = pressPos;
+        dragRubberBand(Qt::NoModifier);
+        break;
+    case DragTime:
+        vxScene->setTime(timeAtPress);
+        break;
+    case ViewOperation:
+        scale.offsetY = savedOffsetY;
+        break;
+    case Idle:
+        break;
+    }
+    hold.reset();
+    endGesture();
+}
+
 void VxKeyGraphView::Private::endGesture()
 {
+    guard->end();
     if (hold && mouseState == DragKeys)
         hold->accept(VxKeyGraphView::tr("Move Keys"));
     hold.reset();
@@ -298,11 +349,4 @@ void VxKeyGraphView::leaveEvent(QEvent *event)
         update();
     }
     QWidget::leaveEvent(event);
-}
-
-void VxKeyGraphView::hideEvent(QHideEvent *event)
-{
-    if (d->pressed)
-        d->endGesture();
-    QWidget::hideEvent(event);
 }

@@ -81,6 +81,11 @@ void VxKeyGraphView::Private::paint(QPainter *painter)
         paintRubberBand(painter);
 }
 
+QRect VxKeyGraphView::getLabelFreeRect() const
+{
+    return KeyGraphPainter(nullptr, d->scale, d->look, d->stage()).labelFreeRect();
+}
+
 void VxKeyGraphView::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
@@ -88,9 +93,12 @@ void VxKeyGraphView::paintEvent(QPaintEvent *event)
         return;
     if (!d->timesFitted && !d->timesSetByUser)
         d->fitTimes();
+    if (d->framePending)
+        d->frameChannels();
     if (d->buttonRatio != devicePixelRatioF())
         d->styleButtons();
     d->wasPainted = true;
+    d->framePending = false;
     QPainter painter(this);
     d->paint(&painter);
 }
