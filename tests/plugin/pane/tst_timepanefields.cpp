@@ -2,7 +2,11 @@
 #include "timepanetestbase.h"
 
 #include <QtGui/QClipboard>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QSpinBox>
+
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 // Hands that type into the pane's fields, digit by digit: what the scene and the history say after
 // each, and that leaving a field adds nothing.
@@ -43,6 +47,13 @@ private Q_SLOTS:
     void farEnd();
     void digitsOfTheSystem();
     void undoShowsEachStep();
+    void returnGivesTheFocusBack_data();
+    void returnGivesTheFocusBack();
+    void returnWithoutAFormerView();
+    void wheelNeedsTheFocus_data();
+    void wheelNeedsTheFocus();
+    void pressedViewsTakeTheFocus_data();
+    void pressedViewsTakeTheFocus();
 
 private:
     QSpinBox *field(const char *name) const { return find<QSpinBox>(name); }
@@ -465,6 +476,102 @@ void TestTimePaneFields::undoShowsEachStep()
     }
     QCOMPARE(shown, QStringList({"25", "2", "31", "2", "25", "250"}));
     QCOMPARE(entries(), 3);
+}
+
+void TestTimePaneFields::returnGivesTheFocusBack_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char *name : {Total, PlayStart, PlayEnd, Current, Rate})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestTimePaneFields::returnGivesTheFocusBack()
+{
+    QFETCH(QString, field);
+    auto *graph = pane->findChild<VxKeyGraphView *>();
+    auto *sheet = pane->findChild<VxDopeSheetView *>();
+    for (QWidget *view : std::initializer_list<QWidget *>{graph, sheet}) {
+        view->setFocus();
+        // By way of another field: the view is what counts.
+        this->field(Rate)->setFocus();
+        const int before = entries();
+        type(qPrintable(field), QStringLiteral("24"));
+        const int typed = entries();
+        pressEnter(qPrintable(field));
+        QVERIFY(view->hasFocus());
+        QCOMPARE(textOf(qPrintable(field)), QStringLiteral("24"));
+        QCOMPARE(entries(), typed);
+        QVERIFY(typed >= before);
+    }
+}
+
+void TestTimePaneFields::returnWithoutAFormerView()
+{
+    QWidget *focused = pane->focusWidget();
+    if (focused)
+        focused->clearFocus();
+    type(Rate, QStringLiteral("24"));
+    pressEnter(Rate);
+    QVERIFY(field(Rate)->hasFocus());
+}
+
+void TestTimePaneFields::wheelNeedsTheFocus_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char *name : {Total, PlayStart, PlayEnd, Current, Rate, "TimelineInterpTensionSBox",
+                             "TimelineInterpContinuitySBox", "TimelineInterpBiasSBox"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+// Without it the event is left to the widgets below.
+void TestTimePaneFields::wheelNeedsTheFocus()
+{
+    QFETCH(QString, field);
+    auto *box = pane->findChild<QAbstractSpinBox *>(field);
+    box->setEnabled(true);
+    pane->findChild<VxDopeSheetView *>()->setFocus();
+    const QString before = box->text();
+    const auto turn = [&] {
+        QWheelEvent event(QPoint(3, 3), box->mapToGlobal(QPoint(3, 3)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(box, &event);
+        return event.isAccepted();
+    };
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(!turn());
+    QCOMPARE(box->text(), before);
+    QVERIFY(!box->hasFocus());
+    QVERIFY((box->focusPolicy() & Qt::WheelFocus) != Qt::WheelFocus);
+    box->setFocus();
+    box->stepUp();
+    box->stepUp();
+    const QString stepped = box->text();
+    QVERIFY(turn());
+    QVERIFY(box->text() != stepped || stepped == before);
+}
+
+void TestTimePaneFields::pressedViewsTakeTheFocus_data()
+{
+    QTest::addColumn<QString>("view");
+    for (const char *name : {"graph", "sheet", "ruler"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+// The ruler belongs to the dope sheet.
+void TestTimePaneFields::pressedViewsTakeTheFocus()
+{
+    QFETCH(QString, view);
+    auto *graph = pane->findChild<VxKeyGraphView *>();
+    auto *sheet = pane->findChild<VxDopeSheetView *>();
+    enter(Rate);
+    QVERIFY(field(Rate)->hasFocus());
+    const bool isGraph = view == QLatin1String("graph");
+    QWidget *pressed = isGraph                          ? static_cast<QWidget *>(graph)
+                       : view == QLatin1String("sheet") ? sheet->viewport()
+                                                        : sheet->header()->viewport();
+    const QPoint inPane = pressed->mapTo(pane.get(), QPoint(pressed->width() - 200, 10));
+    QTest::mouseClick(pane->windowHandle(), Qt::LeftButton, Qt::NoModifier, inPane);
+    QVERIFY(isGraph ? graph->hasFocus() : sheet->hasFocus());
 }
 
 VX_TEST_MAIN(TestTimePaneFields)

@@ -263,7 +263,9 @@ void TestTimePaneKeySource::columnsPaintedOneByOne()
     vxScene->setTime(160 * 40);
     a->getXPosControl()->setKey(160 * 12, 1, VxKeyInterp::Linear);
     a->select(true);
-    QCoreApplication::processEvents();
+    // The rows follow the selection in two turns of the event loop, each of which paints.
+    for (int i = 0; i < 6; ++i)
+        QCoreApplication::processEvents();
     const QImage whole = pane->screen()->grabWindow(pane->winId()).toImage();
     QWidget *viewport = header->viewport();
     for (int x = header->sectionSize(0) - 20; x < viewport->width(); ++x) {

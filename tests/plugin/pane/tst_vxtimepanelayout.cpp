@@ -68,6 +68,7 @@ private Q_SLOTS:
     void extrasStayAwayWhenTheViewChangesBehindATab();
     void widthChangesNothingInOtherModes();
     void graphWithoutCurvesSaysHowToGetSome();
+    void hintKeepsClearOfTheLabels();
     void emptySheetSaysWhatIsListed();
     void controlsExplainThemselves();
 };
@@ -406,6 +407,27 @@ void TestTimePaneLayout::graphWithoutCurvesSaysHowToGetSome()
     QVERIFY(hint->isVisible());
     // A press goes to the graph.
     QCOMPARE(view->childAt(hint->geometry().center()), nullptr);
+}
+
+// Value labels are right of the name column, frame numbers at the lower edge.
+void TestTimePaneLayout::hintKeepsClearOfTheLabels()
+{
+    showPane();
+    auto *view = find<VxKeyGraphView>("TimelineKeyGraphView");
+    const auto *hint = find<QLabel>("TimelineKeyGraphHintLbl");
+    int shown = 0, hidden = 0;
+    for (int width = 1600; width >= 330; width -= 90) {
+        pane->resize(width, 450);
+        QCoreApplication::processEvents();
+        pane->grab();
+        (hint->isVisible() ? shown : hidden) += 1;
+        const QRect room = view->getLabelFreeRect();
+        QVERIFY2(!hint->isVisible() || room.contains(hint->geometry()),
+                 qPrintable(QString::number(width)));
+        QVERIFY2(!hint->isVisible() || hint->heightForWidth(hint->width()) <= hint->height(),
+                 qPrintable(QString::number(width)));
+    }
+    QVERIFY(shown > 5 && hidden > 0);
 }
 
 /// A control whose label is a letter or a word, or that has none, explains itself.

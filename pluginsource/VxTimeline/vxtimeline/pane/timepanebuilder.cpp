@@ -18,6 +18,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepaneaxis.h"
 #include "vxtimeline/pane/timepanegraphhint.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -32,15 +33,14 @@ constexpr double FirstDopeSheetShare = 0.69;
 TimePaneBuilder::TimePaneBuilder(VxTimePane *pane)
     : m_pane(pane)
     , d(pane->d.get())
-    , m_margin(vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin))
-    , m_controlHeight(vxApp->getStyle()->metric(VxStyle::PM_VxControlHeight))
 {
 }
 
 void TimePaneBuilder::buildTree()
 {
     auto *layout = new QVBoxLayout(m_pane);
-    layout->setContentsMargins(m_margin, m_margin, m_margin, m_margin);
+    const int margin = m_strip.margin();
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(0);
     buildHeader();
     buildNavColumn();
@@ -50,6 +50,8 @@ void TimePaneBuilder::buildTree()
     buildDivider();
     buildTimeRange();
     buildMainControls();
+    d->axis =
+        new TimePaneAxis(m_pane, d->divider, d->dopeSheetView, d->keyGraphView, d->timeRangeSlider);
     layout->addWidget(d->divider, 1);
     layout->addWidget(d->timeRange);
     layout->addWidget(d->mainControls);
@@ -71,10 +73,11 @@ void TimePaneBuilder::buildNavColumn()
     d->navColumn->setObjectName(QStringLiteral("TimelineDopeSheetHeaderNavColumnWgt"));
     d->navColumn->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *layout = new QHBoxLayout(d->navColumn);
-    layout->setContentsMargins(m_margin, m_margin, m_margin, m_margin);
-    layout->setSpacing(m_margin);
-    layout->addWidget(makeLabel(QStringLiteral("TimelineDopeSheetHeaderNavColumnTitleLbl"),
-                                VxTimePane::tr("Name"), d->navColumn),
+    const int margin = m_strip.margin();
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(margin);
+    layout->addWidget(m_strip.makeLabel(QStringLiteral("TimelineDopeSheetHeaderNavColumnTitleLbl"),
+                                        VxTimePane::tr("Name"), d->navColumn),
                       1);
 }
 
@@ -82,6 +85,8 @@ void TimePaneBuilder::buildDopeSheet()
 {
     d->dopeSheetView = new VxDopeSheetView(m_pane);
     d->dopeSheetView->setObjectName(QStringLiteral("TimelineDopeSheetTView"));
+    // Without a frame the playhead has the coordinates of the rows and the ruler.
+    d->dopeSheetView->setFrameShape(QFrame::NoFrame);
     d->dopeSheetView->setHeader(d->header);
     d->dopeSheetView->setKeyCommunication(d->keyCommunication);
     // Left, Right, Home and End step through time here, too; rows are opened with + and -.
@@ -133,10 +138,10 @@ void TimePaneBuilder::buildDivider()
 
 void TimePaneBuilder::buildTimeRange()
 {
-    d->timeRange = makeGroup(QStringLiteral("TimelineTimeRangeWgt"), m_pane);
-    groupLayout(d->timeRange)->setSpacing(0);
+    d->timeRange = m_strip.makeGroup(QStringLiteral("TimelineTimeRangeWgt"), m_pane);
+    TimePaneStrip::layoutOf(d->timeRange)->setSpacing(0);
     d->timeRangeSlider = new VxTimeRangeSlider(d->timeRange);
     d->timeRangeSlider->setObjectName(QStringLiteral("TimelineTimeRangeSldr"));
-    d->timeRangeSlider->setFixedHeight(m_controlHeight);
-    groupLayout(d->timeRange)->addWidget(d->timeRangeSlider, 1);
+    d->timeRangeSlider->setFixedHeight(m_strip.controlHeight());
+    TimePaneStrip::layoutOf(d->timeRange)->addWidget(d->timeRangeSlider, 1);
 }

@@ -16,11 +16,16 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/interpcontrols.h"
+#include "vxtimeline/pane/keycontrols.h"
+#include "vxtimeline/pane/propertytypescontrol.h"
+#include "vxtimeline/pane/timefields.h"
 #include "vxtimeline/pane/timepanebuilder.h"
 #include "vxtimeline/pane/timepanebuttonhelp.h"
 #include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/pane/timepanefieldhelp.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
+#include "vxtimeline/pane/transportcontrols.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -135,41 +140,48 @@ void TimePaneBuilder::connectField(TimePaneField *field, void (VxTimePane::*slot
 
 void TimePaneBuilder::connectFields()
 {
-    connectField(d->totalFrames, &Pane::handleTotalFramesChanged);
-    connectField(d->playStart, &Pane::handlePlayRangeStartChanged);
-    connectField(d->playEnd, &Pane::handlePlayRangeEndChanged);
-    connectField(d->currentFrame, &Pane::handleCurrentFrameChanged);
-    connectField(d->framesPerSecond, &Pane::handleFramesPerSecondChanged);
-    QObject::connect(d->filterMenu, &VxFilterMenu::filterChanged, m_pane,
+    connectField(d->fields->totalField(), &Pane::handleTotalFramesChanged);
+    connectField(d->fields->startField(), &Pane::handlePlayRangeStartChanged);
+    connectField(d->fields->endField(), &Pane::handlePlayRangeEndChanged);
+    connectField(d->fields->currentField(), &Pane::handleCurrentFrameChanged);
+    connectField(d->fields->rateField(), &Pane::handleFramesPerSecondChanged);
+    QObject::connect(d->fields, &TimeFields::refused, m_pane, &Pane::updateControls);
+    QObject::connect(d->fields, &TimeFields::refreshed, d->header,
+                     &VxDopeSheetHeaderView::updateViewport);
+    QObject::connect(d->types->menu(), &VxFilterMenu::filterChanged, m_pane,
                      &Pane::handlePropertyTypesEdited);
 }
 
 void TimePaneBuilder::connectTransport()
 {
-    const auto clicked = &VxBarButton::clicked;
-    QObject::connect(d->loopButton, clicked, m_pane, &Pane::handleLoopClicked);
-    QObject::connect(d->skipToStartButton, clicked, m_pane,
-                     &Pane::handleSkipToPlayRangeStartClicked);
-    QObject::connect(d->previousKeyButton, clicked, m_pane, &Pane::handleSkipToPreviousKeyClicked);
-    QObject::connect(d->previousFrameButton, clicked, m_pane,
-                     &Pane::handleSkipToPreviousFrameClicked);
-    QObject::connect(d->playPauseButton, clicked, m_pane, &Pane::handlePlayPauseClicked);
-    QObject::connect(d->nextFrameButton, clicked, m_pane, &Pane::handleSkipToNextFrameClicked);
-    QObject::connect(d->nextKeyButton, clicked, m_pane, &Pane::handleSkipToNextKeyClicked);
-    QObject::connect(d->skipToEndButton, clicked, m_pane, &Pane::handleSkipToPlayRangeEndClicked);
+    // In the order of the buttons.
+    void (Pane::*const handlers[])() = {
+        &Pane::handleLoopClicked,
+        &Pane::handleSkipToPlayRangeStartClicked,
+        &Pane::handleSkipToPreviousKeyClicked,
+        &Pane::handleSkipToPreviousFrameClicked,
+        &Pane::handlePlayPauseClicked,
+        &Pane::handleSkipToNextFrameClicked,
+        &Pane::handleSkipToNextKeyClicked,
+        &Pane::handleSkipToPlayRangeEndClicked,
+    };
+    static_assert(std::size(handlers) == TransportControls::ButtonCount);
+    for (int i = 0; i < TransportControls::ButtonCount; ++i)
+        QObject::connect(d->transport->buttons().at(i), &VxBarButton::clicked, m_pane, handlers[i]);
 }
 
 void TimePaneBuilder::connectKeyControls()
 {
     QObject::connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, m_pane,
                      &Pane::handleUndoIndexChanged);
+    const KeyControls &keys = *d->keyControls;
     const auto clicked = &VxBarButton::clicked;
-    QObject::connect(d->keyGraphButton, clicked, m_pane, &Pane::toggleKeyGraph);
-    QObject::connect(d->deleteKeysButton, clicked, m_pane, &Pane::handleDeleteKeysClicked);
-    QObject::connect(d->createKeysButton, clicked, m_pane, &Pane::handleCreateKeysClicked);
-    QObject::connect(d->copyButton, clicked, m_pane, &Pane::copySelectedKeys);
-    QObject::connect(d->pasteButton, clicked, m_pane, &Pane::pasteKeys);
-    for (QDoubleSpinBox *field : {d->tension, d->continuity, d->bias}) {
+    QObject::connect(keys.graphButton(), clicked, m_pane, &Pane::toggleKeyGraph);
+    QObject::connect(keys.deleteButton(), clicked, m_pane, &Pane::handleDeleteKeysClicked);
+    QObject::connect(keys.createButton(), clicked, m_pane, &Pane::handleCreateKeysClicked);
+    QObject::connect(keys.copyButton(), clicked, m_pane, &Pane::copySelectedKeys);
+    QObject::connect(keys.pasteButton(), clicked, m_pane, &Pane::pasteKeys);
+    for (QDoubleSpinBox *field : d->interp->tcb().boxes()) {
         QObject::connect(field, QOverload<double>::of(&QDoubleSpinBox::valueChanged), m_pane,
                          &Pane::updateTCB);
         QObject::connect(field, &QDoubleSpinBox::editingFinished, m_pane, &Pane::updateTCB);

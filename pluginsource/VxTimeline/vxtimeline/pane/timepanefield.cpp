@@ -27,21 +27,21 @@ TimePaneField::TimePaneField(const QString &name, int minimum, int maximum, QWid
 
 TimePaneField::~TimePaneField() = default;
 
-void TimePaneField::setLenient(bool lenient)
+void TimePaneField::setAcceptsOutOfRange(bool accepts)
 {
-    m_lenient = lenient;
+    m_acceptsOutOfRange = accepts;
 }
 
-void TimePaneField::setPatient(bool patient)
+void TimePaneField::setDefersCorrection(bool defers)
 {
-    m_patient = patient;
+    m_defersCorrection = defers;
 }
 
 void TimePaneField::showNumber(int shown)
 {
     m_shown.reset();
     m_withheld.reset();
-    if (m_patient && m_typing && number(shown) < shown) {
+    if (m_defersCorrection && m_typing && number(shown) < shown) {
         m_withheld = shown;
         return;
     }
@@ -73,7 +73,7 @@ void TimePaneField::handleTextEdited()
     m_shown.reset();
     m_typing = m_inKeyPress;
     const int typed = number(minimum() - 1);
-    if (m_lenient && (typed < minimum() || typed > maximum()))
+    if (m_acceptsOutOfRange && (typed < minimum() || typed > maximum()))
         Q_EMIT valueChanged(value());
 }
 
@@ -98,7 +98,8 @@ QValidator::State TimePaneField::validate(QString &text, int &position) const
     bool isNumber = text.isEmpty();
     if (!isNumber)
         text.toInt(&isNumber, 10);
-    return m_lenient && isNumber ? QValidator::Acceptable : QSpinBox::validate(text, position);
+    return m_acceptsOutOfRange && isNumber ? QValidator::Acceptable
+                                           : QSpinBox::validate(text, position);
 }
 
 int TimePaneField::valueFromText(const QString &text) const

@@ -5,8 +5,9 @@
 
 class VxKeyGraphView;
 
-// A sentence in the middle of a key graph without curves, which says how to get some. It takes no
-// mouse, and is apart from the view: what the view paints is a picture of its channels alone.
+// A sentence in the middle of a key graph without curves, which says how to show some. It takes no
+// mouse events and never covers the labels of the axes. Not part of the view, because the view
+// paints a picture of its channels alone.
 class TimePaneGraphHint : public QLabel
 {
     Q_OBJECT
@@ -18,7 +19,9 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void centre();
+    void place();
+
+    bool m_isWanted = true; // the graph has no channels
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <vxcore/vxapp.h>
@@ -19,6 +20,9 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keycreation.h"
 #include "vxtimeline/keys/nodeproperties.h"
+#include "vxtimeline/pane/interpcontrols.h"
+#include "vxtimeline/pane/keycontrols.h"
+#include "vxtimeline/pane/propertytypescontrol.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
@@ -238,47 +242,20 @@ bool VxTimePane::hasCopiedKeys() const
 
 void VxTimePane::setFilteredPropertyTypes(PropertyTypes propTypes)
 {
-    d->wantedPropertyTypes = propTypes;
-    const int types = int(propTypes);
-    for (QAction *action : qAsConst(d->actions)) {
-        const TimePaneChoice *choice =
-            Private::choiceOf(action, TimePaneChoice::PropertyTypeFamily);
-        if (!choice)
-            continue;
-        const int value = choice->value();
-        Private::setChecked(action, (types & value) == value && (value != 0 || types == 0));
-    }
-    d->filterMenu->notifyFilterChanged();
+    d->choices.setWantedTypes(int(propTypes));
+    d->choices.checkFlags(TimePaneChoice::PropertyTypeFamily, int(propTypes));
+    d->types->menu()->notifyFilterChanged();
 }
 
 VxTimePane::PropertyTypes VxTimePane::getFilteredPropertyTypes() const
 {
-    PropertyTypes types;
-    for (const QAction *action : qAsConst(d->actions)) {
-        const TimePaneChoice *choice =
-            Private::choiceOf(action, TimePaneChoice::PropertyTypeFamily);
-        if (choice && action->isChecked())
-            types |= PropertyType(choice->value());
-    }
-    return types;
+    return PropertyTypes(d->choices.checkedFlags(TimePaneChoice::PropertyTypeFamily));
 }
 
 void VxTimePane::handlePropertyTypesEdited()
 {
     refreshDopesheet();
-    const struct
-    {
-        PropertyType type;
-        QString letter;
-    } letters[] = {{PropTranslate, tr("T")}, {PropRotate, tr("R")}, {PropScale, tr("S")},
-                   {PropOther, tr("O")},     {PropAlias, tr("A")},  {PropHidden, tr("H")}};
-    const PropertyTypes types = getFilteredPropertyTypes();
-    QString text;
-    for (const auto &entry : letters) {
-        if (types.testFlag(entry.type))
-            text += entry.letter;
-    }
-    d->propertyTypesButton->setText(text);
+    d->types->showTypes(int(getFilteredPropertyTypes()));
 }
 
 void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
@@ -291,10 +268,10 @@ void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
     }
     if (keyScope == ScopeProperties && !d->isAdvanced())
         keyScope = ScopeNode;
-    d->wantedKeyScope = keyScope;
-    d->checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
-    if (const QAction *action = d->checkedAction(TimePaneChoice::KeyScopeFamily))
-        d->keyScopeButton->setText(action->text());
+    d->choices.setWantedScope(keyScope);
+    d->choices.checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
+    if (const QAction *action = d->choices.checkedAction(TimePaneChoice::KeyScopeFamily))
+        d->keyControls->scopeButton()->setText(action->text());
     d->dopeSheetView->updateKeyScopeDisplay();
     handlePrimarySelectionChanged();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -303,8 +280,38 @@ void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
 
 VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
 {
-    const QAction *action = d->checkedAction(TimePaneChoice::KeyScopeFamily);
-    const TimePaneChoice *choice =
-        action ? Private::choiceOf(action, TimePaneChoice::KeyScopeFamily) : nullptr;
-    return choice ? KeyScope(choice->value()) : ScopeNode;
+    return KeyScope(d->choices.checkedValue(TimePaneChoice::KeyScopeFamily, ScopeNode));
+}
+
+// A selection is reported once for each row, so a call that finds nothing new costs next to
+// nothing.
+void VxTimePane::updateActionStates()
+{
+    const bool selected = hasSelectedKeys();
+    const bool copied = hasCopiedKeys();
+    d->choices.updateEnabled(selected, copied);
+    d->keyControls->setUsable(selected, copied);
+    d->interp->typeButton()->setEnabled(selected);
+}
+
+void VxTimePane::updateKeyInterpType()
+{
+    d->interp->tcb().update();
+}
+
+void VxTimePane::updateTCB()
+{
+    d->interp->tcb().apply(qobject_cast<const QDoubleSpinBox *>(sender()),
+                           [this](const QString &text, const std::function<void()> &edit) {
+                               d->editSelectedKeys(text, edit);
+                           });
+}
+
+// What was undone or redone may be the very values that are shown.
+void VxTimePane::handleUndoIndexChanged()
+{
+    if (d->interp->tcb().isBusy())
+        return;
+    updateKeyInterpType();
+    updateActionStates();
 }

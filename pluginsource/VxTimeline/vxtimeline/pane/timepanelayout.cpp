@@ -14,6 +14,12 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/pane/interpcontrols.h"
+#include "vxtimeline/pane/keycontrols.h"
+#include "vxtimeline/pane/propertytypescontrol.h"
+#include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepaneaxis.h"
+#include "vxtimeline/pane/transportcontrols.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -52,7 +58,7 @@ void VxTimePane::setViewMode(ViewMode viewMode)
         vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setViewMode()"));
         return;
     }
-    d->checkOnly(TimePaneChoice::ViewModeFamily, viewMode);
+    d->choices.checkOnly(TimePaneChoice::ViewModeFamily, viewMode);
     if (d->isAdvanced() && d->nameColumnWidth() > 0)
         d->savedNameColumnWidth = d->nameColumnWidth();
     d->viewMode = viewMode;
@@ -104,43 +110,37 @@ void VxTimePane::Private::layoutKeyGraph()
         keyGraphView->doUpdate();
     divider->setSecondWidgetHidden(!open);
     divider->setBarHidden(!open);
-    keyGraphButton->setChecked(open);
+    keyControls->graphButton()->setChecked(open);
 }
 
 void VxTimePane::Private::layoutControls()
 {
     const bool basic = viewMode == BasicView;
     timeRangeSlider->setVisible(!basic);
-    timeControls->setVisible(!basic);
-    keyControls->setVisible(!basic);
-    for (const int item : {4, 5, 6, 8, 9, 10}) {
-        if (basic)
-            transportBar->hideItem(item);
-        else
-            transportBar->showItem(item);
-    }
-    if (!basic) {
-        keyGraphBar->setVisible(isAdvanced());
-        copyPasteBar->setVisible(isAdvanced());
-    }
+    fields->group()->setVisible(!basic);
+    keyControls->group()->setVisible(!basic);
+    transport->setStepsVisible(!basic);
+    if (!basic)
+        keyControls->setAdvancedBarsVisible(isAdvanced());
     // The extras come back as one; the width check decides whether they stay.
     if (isAdvanced()) {
         setExtrasVisible(true);
         return;
     }
-    propertyTypes->hide();
-    interpControls->hide();
-    interpTypeButton->hide();
+    types->group()->hide();
+    interp->group()->hide();
+    interp->typeButton()->hide();
 }
 
 void VxTimePane::Private::setExtrasVisible(bool visible)
 {
     advancedExtrasShown = visible;
-    for (QWidget *extra : std::initializer_list<QWidget *>{
-             rangeControls, propertyTypes, keyScopeButton, interpControls, interpTypeButton})
+    for (QWidget *extra : std::initializer_list<QWidget *>{fields->rangeGroup(), types->group(),
+                                                           keyControls->scopeButton(),
+                                                           interp->group(), interp->typeButton()})
         extra->setVisible(visible);
     // Without waiting for the event loop: the pane's least width may be asked for at once.
-    for (QWidget *group : {timeControls, keyControls, mainControls})
+    for (QWidget *group : {fields->group(), keyControls->group(), mainControls})
         group->updateGeometry();
 }
 
@@ -171,7 +171,7 @@ void VxTimePane::setControlsPosition(ControlsPosition position)
                   QStringLiteral("Invalid value passed to VxTimePane::setControlsPosition()"));
         return;
     }
-    d->checkOnly(TimePaneChoice::ControlsPositionFamily, position);
+    d->choices.checkOnly(TimePaneChoice::ControlsPositionFamily, position);
     d->controlsPosition = position;
     d->placeControls(this);
     Q_EMIT controlsPositionChanged(position);
@@ -239,6 +239,7 @@ void VxTimePane::Private::followNameColumn() const
     navColumn->setGeometry(0, 0, width, header->height());
     navColumn->setVisible(width > 0);
     keyGraphView->setLeftBackgroundWidth(width);
+    axis->update();
 }
 
 void VxTimePane::handleDopesheetHeaderSectionResized()

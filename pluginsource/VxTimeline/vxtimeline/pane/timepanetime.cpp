@@ -1,15 +1,15 @@
-// The time fields and the transport buttons.
+// The pane's slots for time: fields, transport buttons and what the scene reports.
 
 #include <QtWidgets/QScrollBar>
-#include <vxcore/vxbarbutton.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keyskip.h"
-#include "vxtimeline/pane/timepanefield.h"
+#include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepaneaxis.h"
+#include "vxtimeline/pane/transportcontrols.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 #include "vxtimeline/time/timelinemetrics.h"
 #include "vxtimeline/time/timelineplayback.h"
@@ -17,151 +17,59 @@
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
-using TimelineSnap::frameOf;
-using TimelineSnap::timeOf;
-
-namespace {
-
-constexpr int MostFramesPerSecond = 1200;
-
-} // namespace
-
 void VxTimePane::updateTimeFields()
 {
-    const VxTime step = vxScene->getTimeStep();
-    if (d->framesPerSecondDirty) {
-        d->framesPerSecond->showNumber(VxTicksPerSecond / step);
-        d->currentFrameDirty = d->playRangeDirty = d->totalFramesDirty = true;
-    }
-    if (d->currentFrameDirty)
-        d->currentFrame->showNumber(frameOf(vxScene->getTime(), step));
-    if (d->playRangeDirty) {
-        d->playStart->showNumber(frameOf(vxScene->getPlayRange().getStart(), step));
-        d->playEnd->showNumber(frameOf(vxScene->getPlayRange().getEnd(), step));
-    }
-    if (d->totalFramesDirty)
-        d->totalFrames->showNumber(frameOf(vxScene->getAnimRange().getDuration(), step) + 1);
-    d->framesPerSecondDirty = d->currentFrameDirty = false;
-    d->playRangeDirty = d->totalFramesDirty = false;
-    d->header->updateViewport();
+    d->fields->refresh();
 }
 
 void VxTimePane::setTotalFrames(int frames)
 {
-    if (frames < 1) {
-        updateAnimationRange();
-        return;
-    }
-    VxUndoStackHold hold;
-    VxTimeRange range = vxScene->getAnimRange();
-    range.setEnd(TimelineSnap::limited(range.getStart() +
-                                       qint64(vxScene->getTimeStep()) * (qint64(frames) - 1)));
-    vxScene->setAnimRange(range);
-    hold.accept(tr("Set Total Frames"));
+    d->fields->setTotalFrames(frames);
 }
 
 int VxTimePane::getTotalFrames() const
 {
-    return qMax(0, d->totalFrames->number(0));
+    return d->fields->totalFrames();
 }
 
 void VxTimePane::setPlayRangeStart(int frame)
 {
-    if (frame < 0) {
-        resetPlayRangeStart();
-        return;
-    }
-    VxUndoStackHold hold;
-    const VxTime step = vxScene->getTimeStep();
-    VxTimeRange range = vxScene->getPlayRange();
-    const int last = frameOf(range.getEnd(), step);
-    if (frame > last) {
-        frame = last;
-        d->playStart->showNumber(frame);
-    }
-    range.setStart(timeOf(frame, step));
-    vxScene->setPlayRange(range);
-    hold.accept(tr("Set Play Range Start"));
+    d->fields->setPlayRangeStart(frame);
 }
 
 int VxTimePane::getPlayRangeStart() const
 {
-    return d->playStart->number(0);
-}
-
-void VxTimePane::resetPlayRangeStart()
-{
-    d->playStart->showNumber(0);
-    updateControls();
-    d->playRangeDirty = true;
-    updateTimeFields();
+    return d->fields->playRangeStart();
 }
 
 void VxTimePane::setPlayRangeEnd(int frame)
 {
-    const VxTime step = vxScene->getTimeStep();
-    VxTimeRange range = vxScene->getPlayRange();
-    VxUndoStackHold hold;
-    range.setEnd(timeOf(qMax(frame, frameOf(range.getStart(), step)), step));
-    vxScene->setPlayRange(range);
-    hold.accept(tr("Set Play Range End"));
+    d->fields->setPlayRangeEnd(frame);
 }
 
 int VxTimePane::getPlayRangeEnd() const
 {
-    return d->playEnd->number(0);
+    return d->fields->playRangeEnd();
 }
 
 void VxTimePane::setCurrentFrame(int frame)
 {
-    if (frame < 0) {
-        changeTime();
-        return;
-    }
-    const VxTime step = vxScene->getTimeStep();
-    const VxTimeRange range = vxScene->getPlayRange();
-    const int first = frameOf(range.getStart(), step);
-    const int last = frameOf(range.getEnd(), step);
-    if (frame < first || frame > last) {
-        frame = frame > last ? last : first;
-        d->currentFrame->showNumber(frame);
-    }
-    vxScene->setTime(timeOf(frame, step));
+    d->fields->setCurrentFrame(frame);
 }
 
 int VxTimePane::getCurrentFrame() const
 {
-    return d->currentFrame->number(0);
+    return d->fields->currentFrame();
 }
 
 void VxTimePane::setFramesPerSecond(int fps)
 {
-    if (fps < 1) {
-        resetFramesPerSecond();
-        return;
-    }
-    if (fps > MostFramesPerSecond) {
-        fps = MostFramesPerSecond;
-        d->framesPerSecond->showNumber(fps);
-    }
-    VxUndoStackHold hold;
-    vxScene->setTimeStep(VxTicksPerSecond / fps);
-    hold.accept(tr("Set FPS"));
+    d->fields->setFramesPerSecond(fps);
 }
 
 int VxTimePane::getFramesPerSecond() const
 {
-    return d->framesPerSecond->number(1);
-}
-
-// The field goes to its lowest number; the scene keeps its rate, and the next refresh shows it
-// again.
-void VxTimePane::resetFramesPerSecond()
-{
-    d->framesPerSecondDirty = true;
-    updateTimeFields();
-    d->framesPerSecond->showStandIn(1);
-    d->framesPerSecondDirty = true;
+    return d->fields->framesPerSecond();
 }
 
 void VxTimePane::setPlayAllFrames(bool onOff)
@@ -177,60 +85,43 @@ bool VxTimePane::getPlayAllFrames() const
 
 void VxTimePane::handleTotalFramesChanged()
 {
-    if (d->totalFrames->isUntouched())
-        return;
-    const int frames = d->totalFrames->number(0);
-    if (frames >= 1)
-        setTotalFrames(frames);
-    else
-        updateAnimationRange();
+    d->fields->applyTotalFrames();
 }
 
 void VxTimePane::handlePlayRangeStartChanged()
 {
-    if (d->playStart->isUntouched())
-        return;
-    const int frame = d->playStart->number(-1);
-    if (frame >= 0)
-        setPlayRangeStart(frame);
-    else
-        resetPlayRangeStart();
+    d->fields->applyPlayRangeStart();
 }
 
 void VxTimePane::handlePlayRangeEndChanged()
 {
-    bool isNumber = false;
-    const int frame = d->playEnd->number(0, &isNumber);
-    if (!isNumber || d->playEnd->isUntouched())
-        return;
-    setPlayRangeEnd(frame);
-    // An end that was held where it stands already is no change that the scene would tell of.
-    d->playRangeDirty = true;
-    updateTimeFields();
+    d->fields->applyPlayRangeEnd();
 }
 
 void VxTimePane::handleCurrentFrameChanged()
 {
-    if (!d->currentFrame->isUntouched())
-        setCurrentFrame(d->currentFrame->number(-1));
+    d->fields->applyCurrentFrame();
 }
 
 void VxTimePane::handleFramesPerSecondChanged()
 {
-    if (!d->framesPerSecond->isUntouched())
-        setFramesPerSecond(d->framesPerSecond->number(0));
+    d->fields->applyFramesPerSecond();
+}
+
+void VxTimePane::Private::refreshFields(int parts) const
+{
+    fields->setOutdated(TimeFields::Parts(parts));
+    fields->refresh();
 }
 
 void VxTimePane::changeTime()
 {
-    d->currentFrameDirty = true;
-    updateTimeFields();
+    d->refreshFields(TimeFields::CurrentFrame);
 }
 
 void VxTimePane::changeTimeStep()
 {
-    d->framesPerSecondDirty = true;
-    updateTimeFields();
+    d->refreshFields(TimeFields::FramesPerSecond);
 }
 
 void VxTimePane::updateTimeStep(VxTime step)
@@ -245,25 +136,23 @@ void VxTimePane::updateTimeStep(VxTime step)
 void VxTimePane::updatePlayRange()
 {
     updateControls();
-    d->playRangeDirty = true;
-    updateTimeFields();
+    d->refreshFields(TimeFields::PlayRange);
 }
 
 void VxTimePane::updateAnimationRange()
 {
     updateControls();
-    d->totalFramesDirty = true;
-    updateTimeFields();
+    d->refreshFields(TimeFields::TotalFrames);
 }
 
 void VxTimePane::updatePlayButton()
 {
-    d->playPauseButton->setIcon(vxScene->isPlaying() ? d->pauseIcon : d->playIcon);
+    d->transport->updatePlayIcon();
 }
 
 void VxTimePane::updateLoopButton(bool onOff)
 {
-    d->loopButton->setIcon(onOff ? d->loopOnIcon : d->loopOffIcon);
+    d->transport->updateLoopIcon(onOff);
 }
 
 void VxTimePane::updateControls()
@@ -276,7 +165,10 @@ void VxTimePane::updateControls()
 void VxTimePane::updateSliders()
 {
     const int keysWidth = d->dopeSheetView->getKeysWidth();
-    if (!TimelineMetrics::shared().fit(keysWidth, vxScene->getPlayRange().getDuration()))
+    const bool fits =
+        TimelineMetrics::shared().fit(keysWidth, vxScene->getPlayRange().getDuration());
+    d->axis->update();
+    if (!fits)
         return;
     d->playhead->setHorizontalOffset(d->nameColumnWidth());
     d->timeRangeSlider->update();
@@ -286,8 +178,8 @@ void VxTimePane::updateScenePlayRange()
 {
     const QAbstractSlider *control = d->timeRangeSlider->getScrollBar();
     const VxTime step = vxScene->getTimeStep();
-    const VxTime start = timeOf(control->value(), step);
-    const qint64 length = timeOf(control->maximum(), step);
+    const VxTime start = TimelineSnap::timeOf(control->value(), step);
+    const qint64 length = TimelineSnap::timeOf(control->maximum(), step);
     vxScene->setPlayRange(VxTimeRange(start, TimelineSnap::limited(start + length)));
 }
 
@@ -355,26 +247,25 @@ void VxTimePane::skipToNextKey()
                   tr("Skip to Next Key"));
 }
 
-void VxTimePane::skipToPreviousFilteredKey()
+void VxTimePane::skipToFilteredKey(void (VxDopeSheetView::*skip)(), const QString &undoText)
 {
     VxUndoStackHold hold;
     const VxTime before = vxScene->getTime();
-    d->dopeSheetView->skipToPreviousKey();
+    (d->dopeSheetView->*skip)();
     if (vxScene->getTime() != before)
-        hold.accept(tr("Skip to Previous Filtered Key"));
+        hold.accept(undoText);
     else
         hold.cancel();
 }
 
+void VxTimePane::skipToPreviousFilteredKey()
+{
+    skipToFilteredKey(&VxDopeSheetView::skipToPreviousKey, tr("Skip to Previous Filtered Key"));
+}
+
 void VxTimePane::skipToNextFilteredKey()
 {
-    VxUndoStackHold hold;
-    const VxTime before = vxScene->getTime();
-    d->dopeSheetView->skipToNextKey();
-    if (vxScene->getTime() != before)
-        hold.accept(tr("Skip to Next Filtered Key"));
-    else
-        hold.cancel();
+    skipToFilteredKey(&VxDopeSheetView::skipToNextKey, tr("Skip to Next Filtered Key"));
 }
 
 void VxTimePane::handleLoopClicked()

@@ -3,6 +3,7 @@
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QAction>
 #include <vxcore/vxaction.h>
+#include <vxcore/vxactionmenu.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
@@ -13,11 +14,17 @@
 #include <vxcore/vxstyledbutton.h>
 
 #include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/interpcontrols.h"
+#include "vxtimeline/pane/keycontrols.h"
+#include "vxtimeline/pane/propertytypescontrol.h"
+#include "vxtimeline/pane/timepaneaxis.h"
 #include "vxtimeline/pane/timepanebuilder.h"
 #include "vxtimeline/pane/timepaneevents.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
+#include "vxtimeline/pane/transportcontrols.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 
 static_assert(int(VxTimePane::PropTranslate) == int(DopeSheetPropertyTypes::Translation) &&
@@ -40,6 +47,8 @@ void registerMetaTypes()
         qRegisterMetaType<VxTimePane::PropertyTypes>("PropertyTypes");
         qRegisterMetaType<VxTimePane::KeyScope>("KeyScope");
         qRegisterMetaType<VxTime>("VxTime");
+        qRegisterMetaType<VxDopeSheetItem *>();
+        qRegisterMetaType<VxActionMenu *>();
         qRegisterMetaType<QVector<VxProperty *>>();
         return true;
     }();
@@ -79,6 +88,7 @@ VxTimePane::~VxTimePane()
     delete d->keySelection;
     for (QObject *child : findChildren<QObject *>())
         child->disconnect(this);
+    delete d->axis;
     delete d->divider;
 }
 
@@ -90,36 +100,6 @@ VxDopeSheetView *VxTimePane::getDopeSheetView() const
 VxKeyGraphView *VxTimePane::getKeyGraphView() const
 {
     return d->keyGraphView;
-}
-
-const TimePaneChoice *VxTimePane::Private::choiceOf(const QAction *action,
-                                                    TimePaneChoice::Family family)
-{
-    const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
-    return choice && choice->family() == family && action->isCheckable() ? choice : nullptr;
-}
-
-void VxTimePane::Private::setChecked(QAction *action, bool checked)
-{
-    const QSignalBlocker blocker(action);
-    action->setChecked(checked);
-}
-
-void VxTimePane::Private::checkOnly(TimePaneChoice::Family family, int value) const
-{
-    for (QAction *action : actions) {
-        if (const TimePaneChoice *choice = choiceOf(action, family))
-            setChecked(action, choice->value() == value);
-    }
-}
-
-QAction *VxTimePane::Private::checkedAction(TimePaneChoice::Family family) const
-{
-    for (QAction *action : actions) {
-        if (choiceOf(action, family) && action->isChecked())
-            return action;
-    }
-    return nullptr;
 }
 
 // The actions belong to the application's pane. One that a script makes beside it must not give
@@ -137,38 +117,36 @@ void VxTimePane::registerChoices()
 
 QVector<QAction *> VxTimePane::getRegisteredActions() const
 {
-    return d->actions;
+    return d->choices.actions();
 }
 
-// The pane's settings may be restored before the actions exist, so one that comes late is given
-// the mark it would have had.
+// The pane's settings may be restored before the actions exist, so one that is registered late gets
+// the mark that it would have had.
 void VxTimePane::registerAction(QAction *action)
 {
-    if (!action || d->actions.contains(action))
+    if (!action || d->choices.contains(action))
         return;
-    d->actions.append(action);
+    d->choices.add(action);
     connect(action, &QObject::destroyed, this, &VxTimePane::unregisterAction);
-    d->actionStatesValid = false;
     updateActionStates();
     const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
     if (!choice || !action->isCheckable())
         return;
+    const int value = choice->value();
     switch (choice->family()) {
     case TimePaneChoice::ControlsPositionFamily:
-        Private::setChecked(action, choice->value() == d->controlsPosition);
+        TimePaneChoices::setChecked(action, value == d->controlsPosition);
         break;
     case TimePaneChoice::ViewModeFamily:
-        Private::setChecked(action, choice->value() == d->viewMode);
+        TimePaneChoices::setChecked(action, value == d->viewMode);
         break;
     case TimePaneChoice::KeyScopeFamily:
-        if (d->wantedKeyScope)
-            Private::setChecked(action, choice->value() == *d->wantedKeyScope);
+        d->choices.restoreScope(action, value);
         if (action->isChecked())
-            d->keyScopeButton->setText(action->text());
+            d->keyControls->scopeButton()->setText(action->text());
         break;
     case TimePaneChoice::PropertyTypeFamily:
-        if (d->wantedPropertyTypes)
-            Private::setChecked(action, (int(*d->wantedPropertyTypes) & choice->value()) != 0);
+        d->choices.restoreTypes(action, value);
         if (action->isChecked())
             handlePropertyTypesEdited();
         break;
@@ -177,11 +155,7 @@ void VxTimePane::registerAction(QAction *action)
 
 void VxTimePane::unregisterAction(QObject *action)
 {
-    // No more than its QObject part is left of it.
-    for (int i = d->actions.size() - 1; i >= 0; --i) {
-        if (static_cast<const QObject *>(d->actions.at(i)) == action)
-            d->actions.removeAt(i);
-    }
+    d->choices.remove(action);
 }
 
 bool VxTimePane::event(QEvent *event)
@@ -195,8 +169,8 @@ bool VxTimePane::event(QEvent *event)
         return true;
     }
     // The style tells of its colours before the widgets have them.
-    if (event->type() == QEvent::PaletteChange && d->interpTypeButton)
-        d->styleInterpolation(palette());
+    if (event->type() == QEvent::PaletteChange && d->interp)
+        d->interp->updateIcon(palette());
     return VxPane::event(event);
 }
 

@@ -210,9 +210,8 @@ private Q_SLOTS:
 private:
     void followSceneChanges();
     void registerChoices();
-    void resetPlayRangeStart();
-    void resetFramesPerSecond();
     void skipToKey(VxTime found, const QString &undoText);
+    void skipToFilteredKey(void (VxDopeSheetView::*skip)(), const QString &undoText);
     void makeFilteredKeys(int numKeys);
     void handleUndoIndexChanged();
     void fillDopesheet();

@@ -3,32 +3,30 @@
 
 #include <QtCore/QAtomicInt>
 #include <QtCore/QVector>
-#include <QtGui/QIcon>
 #include <functional>
-#include <optional>
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/timepanechoice.h"
+#include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
 class QAbstractItemModel;
-class QDoubleSpinBox;
+class InterpControls;
+class KeyControls;
+class PropertyTypesControl;
 class QFrame;
-class TimePaneField;
+class TimeFields;
+class TimePaneAxis;
+class TransportControls;
 class VxActionMenu;
-class VxBarButton;
-class VxButtonBar;
 class VxDopeSheetFilterModel;
 class VxDopeSheetHeaderView;
 class VxDopeSheetModel;
 class VxDynamicDividerWgt;
-class VxFilterMenu;
 class VxKeyCommunication;
 class TimePaneKeySelection;
 class VxKeyGraph;
 class VxPaneSearch;
 class VxPlayheadWgt;
-class VxStyledButton;
 class VxStyledWidget;
 class VxTimeRangeSlider;
 
@@ -47,73 +45,21 @@ public:
     VxDynamicDividerWgt *divider = nullptr;
     VxKeyGraphView *keyGraphView = nullptr;
     VxTimeRangeSlider *timeRangeSlider = nullptr;
-    QWidget *timeControls = nullptr;
-    TimePaneField *totalFrames = nullptr;
-    QWidget *rangeControls = nullptr;
-    TimePaneField *playStart = nullptr;
-    TimePaneField *playEnd = nullptr;
-    TimePaneField *currentFrame = nullptr;
-    TimePaneField *framesPerSecond = nullptr;
-    QWidget *propertyTypes = nullptr;
-    VxStyledButton *propertyTypesButton = nullptr;
-    VxButtonBar *transportBar = nullptr;
-    VxBarButton *loopButton = nullptr;
-    VxBarButton *skipToStartButton = nullptr;
-    VxBarButton *previousKeyButton = nullptr;
-    VxBarButton *previousFrameButton = nullptr;
-    VxBarButton *playPauseButton = nullptr;
-    VxBarButton *nextFrameButton = nullptr;
-    VxBarButton *nextKeyButton = nullptr;
-    VxBarButton *skipToEndButton = nullptr;
-    QWidget *keyControls = nullptr;
-    VxButtonBar *addDeleteBar = nullptr;
-    VxBarButton *deleteKeysButton = nullptr;
-    VxBarButton *createKeysButton = nullptr;
-    VxStyledButton *keyScopeButton = nullptr;
-    VxButtonBar *copyPasteBar = nullptr;
-    VxBarButton *copyButton = nullptr;
-    VxBarButton *pasteButton = nullptr;
-    QWidget *interpControls = nullptr;
-    VxButtonBar *keyGraphBar = nullptr;
-    VxBarButton *keyGraphButton = nullptr;
-    VxStyledButton *interpTypeButton = nullptr;
-    QDoubleSpinBox *tension = nullptr;
-    QDoubleSpinBox *continuity = nullptr;
-    QDoubleSpinBox *bias = nullptr;
+    TimePaneAxis *axis = nullptr;
 
-    // What a field for one of these was last given, and the number that stands for.
-    struct TcbField
-    {
-        QDoubleSpinBox *const &box;
-        double shown = 0;
-        float exact = 0;
-
-        void show(std::optional<float> value);
-        bool isEdited() const;
-        // The number that the field stands for now.
-        float entered();
-    };
-    TcbField tensionField = {tension};
-    TcbField continuityField = {continuity};
-    TcbField biasField = {bias};
-
-    QIcon loopOnIcon;
-    QIcon loopOffIcon;
-    QIcon playIcon;
-    QIcon pauseIcon;
-
-    bool currentFrameDirty = true;
-    bool framesPerSecondDirty = true;
-    bool playRangeDirty = true;
-    bool totalFramesDirty = true;
+    // The groups of the strip of controls, each with its widgets and state.
+    TimeFields *fields = nullptr;
+    std::unique_ptr<PropertyTypesControl> types;
+    std::unique_ptr<TransportControls> transport;
+    std::unique_ptr<KeyControls> keyControls;
+    std::unique_ptr<InterpControls> interp;
+    TimePaneChoices choices;
 
     ControlsPosition controlsPosition = ControlsBottom;
     ViewMode viewMode = AdvancedView;
-    bool tcbFieldsUpdating = false;
     int savedNameColumnWidth = 250; // pixels
     bool keyGraphOpen = false;
     bool advancedExtrasShown = false;
-    QVector<QAction *> actions;
     QAtomicInt refreshBlockCount = 0;
     bool selectionRefreshPending = true;
     bool selectionEventPosted = false;
@@ -128,26 +74,10 @@ public:
     TimePaneKeySelection *keySelection = nullptr;
     QFrame *graphFrame = nullptr;
     QWidget *timeRange = nullptr;
-    VxFilterMenu *filterMenu = nullptr;
     QVector<VxNode *> queuedNodes; // that came while a scene is being loaded
 
-    // What the enabled states of the actions were last made for; not valid after one has come.
-    bool actionStatesValid = false;
-    bool actionsSawSelectedKeys = false;
-    bool actionsSawCopiedKeys = false;
-
-    // What was asked for last, for actions that come to be registered only afterwards.
-    std::optional<PropertyTypes> wantedPropertyTypes;
-    std::optional<KeyScope> wantedKeyScope;
-
-    // The choice an action stands for when it is of that family and can carry a check mark.
-    static const TimePaneChoice *choiceOf(const QAction *action, TimePaneChoice::Family family);
-    // Gives an action its check mark without its telling anyone.
-    static void setChecked(QAction *action, bool checked);
-    // Checks those of a family whose value is the given one, and no other.
-    void checkOnly(TimePaneChoice::Family family, int value) const;
-    // The first action of a family that is checked; null when none is.
-    QAction *checkedAction(TimePaneChoice::Family family) const;
+    // Marks fields as outdated and reloads them.
+    void refreshFields(int parts) const;
 
     // Says in the window's status line why a command did nothing.
     void tell(const QString &text) const;
@@ -185,9 +115,7 @@ public:
 
     // The parts of styling.
     void styleDopeSheet() const;
-    void styleIcons();
     void styleSizes() const;
-    void styleInterpolation(const QPalette &palette) const;
 };
 
 #endif

@@ -1,0 +1,89 @@
+#ifndef TIMEFIELDS_H
+#define TIMEFIELDS_H
+
+#include <QtCore/QObject>
+#include <QtCore/QVector>
+
+class QWidget;
+class TimePaneField;
+class TimePaneStrip;
+
+// The pane's fields for total frames, play range, current frame and frames per second: they show
+// the scene's numbers, and what is entered becomes the scene's, within its limits.
+//
+// Frames are counted from time 0 and cut to whole ones. The scene is read when refresh() is called,
+// for those fields only that are marked as outdated.
+class TimeFields : public QObject
+{
+    Q_OBJECT
+public:
+    enum Part { CurrentFrame = 0x1, FramesPerSecond = 0x2, PlayRange = 0x4, TotalFrames = 0x8 };
+    Q_DECLARE_FLAGS(Parts, Part)
+
+    // The widgets belong to parent.
+    TimeFields(QWidget *parent, const TimePaneStrip &strip);
+    ~TimeFields() override;
+
+    QWidget *group() const { return m_group; }
+    QWidget *rangeGroup() const { return m_rangeGroup; }
+    TimePaneField *totalField() const { return m_total; }
+    TimePaneField *startField() const { return m_start; }
+    TimePaneField *endField() const { return m_end; }
+    TimePaneField *currentField() const { return m_current; }
+    TimePaneField *rateField() const { return m_rate; }
+    // The fields from left to right.
+    QVector<TimePaneField *> fields() const;
+
+    // Marks parts as outdated; outdated frames per second make all others outdated, too.
+    void setOutdated(Parts parts) { m_outdated |= parts; }
+    // Reloads what is outdated from the scene.
+    void refresh();
+
+    // The numbers in the fields; 0, for the frames per second 1, for a text that is none.
+    int totalFrames() const;
+    int playRangeStart() const;
+    int playRangeEnd() const;
+    int currentFrame() const;
+    int framesPerSecond() const;
+    // These change the scene, and what cannot be is limited or shown as it was. All but the current
+    // frame are recorded for undo.
+    void setTotalFrames(int frames);
+    void setPlayRangeStart(int frame);
+    void setPlayRangeEnd(int frame);
+    void setCurrentFrame(int frame);
+    void setFramesPerSecond(int fps);
+
+    // For the fields' own signals: take over what was entered.
+    void applyTotalFrames();
+    void applyPlayRangeStart();
+    void applyPlayRangeEnd();
+    void applyCurrentFrame();
+    void applyFramesPerSecond();
+
+    // The greatest width and height of the fields of the current frame and the frames per second.
+    void setLimits(int width, int height);
+
+Q_SIGNALS:
+    void refreshed();
+    // An entry was refused: what depends on the scene's ranges is to be updated.
+    void refused();
+
+private:
+    void buildRange(const TimePaneStrip &strip);
+    void reloadTotalFrames();
+    void resetPlayRangeStart();
+    void resetFramesPerSecond();
+
+    QWidget *m_group;
+    QWidget *m_rangeGroup = nullptr;
+    TimePaneField *m_total = nullptr;
+    TimePaneField *m_start = nullptr;
+    TimePaneField *m_end = nullptr;
+    TimePaneField *m_current = nullptr;
+    TimePaneField *m_rate = nullptr;
+    Parts m_outdated = Parts(CurrentFrame | FramesPerSecond | PlayRange | TotalFrames);
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(TimeFields::Parts)
+
+#endif

@@ -1,0 +1,52 @@
+#include "vxtimeline/pane/timepanefieldfocus.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QAbstractSpinBox>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <algorithm>
+
+TimePaneFieldFocus::TimePaneFieldFocus(QObject *parent)
+    : QObject(parent)
+{
+    connect(qApp, &QApplication::focusChanged, this, &TimePaneFieldFocus::handleFocusChanged);
+}
+
+TimePaneFieldFocus::~TimePaneFieldFocus() = default;
+
+void TimePaneFieldFocus::add(QAbstractSpinBox *field)
+{
+    m_fields.append(field);
+    field->setFocusPolicy(Qt::StrongFocus);
+    field->installEventFilter(this);
+    // Sent after the number is taken over.
+    connect(field->findChild<QLineEdit *>(), &QLineEdit::returnPressed, this,
+            &TimePaneFieldFocus::giveBack);
+}
+
+bool TimePaneFieldFocus::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Wheel || static_cast<const QWidget *>(watched)->hasFocus())
+        return false;
+    event->ignore();
+    return true;
+}
+
+bool TimePaneFieldFocus::isField(const QWidget *widget) const
+{
+    return std::find(m_fields.begin(), m_fields.end(), widget) != m_fields.end();
+}
+
+// A window that is deactivated takes the focus from a field for a while; then there is no former
+// widget, and the one that is known stays.
+void TimePaneFieldFocus::handleFocusChanged(QWidget *former, QWidget *present)
+{
+    if (former && isField(present) && !isField(former))
+        m_former = former;
+}
+
+void TimePaneFieldFocus::giveBack()
+{
+    if (m_former && m_former->isVisible())
+        m_former->setFocus(Qt::OtherFocusReason);
+}

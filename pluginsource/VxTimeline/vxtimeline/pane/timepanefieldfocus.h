@@ -1,0 +1,37 @@
+#ifndef TIMEPANEFIELDFOCUS_H
+#define TIMEPANEFIELDFOCUS_H
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+
+class QAbstractSpinBox;
+class QWidget;
+
+// The focus of the pane's number fields, all of them together.
+//
+// Return gives the focus back to the view that had it before the first field was entered, so that
+// key commands act on keys again. The wheel changes a field only while it has the focus; else it is
+// left to the widgets below, and does not give the field the focus either.
+class TimePaneFieldFocus : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TimePaneFieldFocus(QObject *parent);
+    ~TimePaneFieldFocus() override;
+
+    // Not owned; must live as long as this.
+    void add(QAbstractSpinBox *field);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool isField(const QWidget *widget) const;
+    void handleFocusChanged(QWidget *former, QWidget *present);
+    void giveBack();
+
+    QVector<QAbstractSpinBox *> m_fields;
+    QPointer<QWidget> m_former; // null when no other widget had the focus
+};
+
+#endif

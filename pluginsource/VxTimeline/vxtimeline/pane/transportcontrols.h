@@ -1,0 +1,53 @@
+#ifndef TRANSPORTCONTROLS_H
+#define TRANSPORTCONTROLS_H
+
+#include <QtCore/QVector>
+#include <QtGui/QIcon>
+
+class QWidget;
+class TimePaneStrip;
+class VxBarButton;
+class VxButtonBar;
+
+// The pane's bar of playback buttons: which there are, what they show, and which of them the view
+// mode leaves. What they do is connected by the pane.
+class TransportControls
+{
+public:
+    // The widgets belong to parent.
+    TransportControls(QWidget *parent, const TimePaneStrip &strip);
+
+    VxButtonBar *bar() const { return m_bar; }
+    // Loop, skip to start, previous key, previous frame, play or pause, next frame, next key, skip
+    // to end: from left to right.
+    enum Button {
+        Loop,
+        SkipToStart,
+        PreviousKey,
+        PreviousFrame,
+        PlayPause,
+        NextFrame,
+        NextKey,
+        SkipToEnd,
+        ButtonCount
+    };
+    VxBarButton *button(Button which) const { return m_buttons.at(which); }
+    const QVector<VxBarButton *> &buttons() const { return m_buttons; }
+
+    // The buttons for single frames and keys, with their separators.
+    void setStepsVisible(bool visible);
+    // Takes the icons from the style; those of loop and play/pause follow the scene.
+    void updateIcons();
+    void updatePlayIcon();
+    void updateLoopIcon(bool loops);
+
+private:
+    VxButtonBar *m_bar;
+    QVector<VxBarButton *> m_buttons;
+    QIcon m_loopOnIcon;
+    QIcon m_loopOffIcon;
+    QIcon m_playIcon;
+    QIcon m_pauseIcon;
+};
+
+#endif
