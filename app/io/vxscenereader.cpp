@@ -111,6 +111,12 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         contents->playRange = readRange();
     else if (is("animRange"))
         contents->animRange = readRange();
+    else if (is("view1"))
+        contents->views[0] = readRange();
+    else if (is("view2"))
+        contents->views[1] = readRange();
+    else if (is("view3"))
+        contents->views[2] = readRange();
     else if (is("looping"))
         contents->looping = m_input.boolean();
     else if (is("animating"))
@@ -324,6 +330,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->setTimeStep(contents.timeStep);
     scene->setAnimRange(contents.animRange);
     scene->setPlayRange(contents.playRange);
+    VxSceneViews::of(scene)->setViews(contents.views);
     scene->setTime(contents.time);
     scene->loopPlayback(contents.looping);
     scene->setAnimating(contents.animating);

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <memory>
 #include <vector>
+#include <vxcore/vxsceneviews.h>
 #include <vxcore/vxtimerange.h>
 
 class VxNode;
@@ -25,6 +26,7 @@ struct VxSceneContents
     VxTime timeStep = 160;
     VxTimeRange playRange;
     VxTimeRange animRange;
+    VxSceneViews::Views views;
     bool looping = false;
     bool animating = true;
     /// Members of the file that this version does not know, each name once.

@@ -15,6 +15,7 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxsceneviews.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstringproperty.h>
 
@@ -124,6 +125,12 @@ void SceneStream::writeHeader()
     integer("timeStep", m_scene->getTimeStep());
     range("playRange", m_scene->getPlayRange());
     range("animRange", m_scene->getAnimRange());
+    const char *const viewNames[] = {"view1", "view2", "view3"};
+    const VxSceneViews::Views views = VxSceneViews::viewsOf(m_scene);
+    for (size_t i = 0; i < views.size(); ++i) {
+        if (views[i])
+            range(viewNames[i], *views[i]);
+    }
     flag("looping", m_scene->isLoopingEnabled(), false);
     flag("animating", m_scene->isAnimating(), true);
 }

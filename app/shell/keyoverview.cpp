@@ -72,6 +72,11 @@ const QVector<Section> &mouseSections()
         {QT_TRANSLATE_NOOP("KeyOverview", "Timeline: time"),
          {{QT_TRANSLATE_NOOP("KeyOverview", "Click or drag in the ruler"),
            QT_TRANSLATE_NOOP("KeyOverview", "sets the current time")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Shift and the wheel"),
+           QT_TRANSLATE_NOOP("KeyOverview", "zooms the time about the mouse in rows, ruler, graph "
+                                            "and slider; Ctrl: finely")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Horizontal wheel, or Shift, Alt and the wheel"),
+           QT_TRANSLATE_NOOP("KeyOverview", "shifts the time")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Drag an end of the time range slider"),
            QT_TRANSLATE_NOOP("KeyOverview",
                              "changes the play range; dragging its middle moves it")},
@@ -87,7 +92,7 @@ const QVector<Section> &mouseSections()
           {QT_TRANSLATE_NOOP("KeyOverview", "Drag in an empty area"),
            QT_TRANSLATE_NOOP("KeyOverview", "selects the keys in the box")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Wheel"),
-           QT_TRANSLATE_NOOP("KeyOverview", "zooms the values; Shift: zooms the time, Alt: pans")},
+           QT_TRANSLATE_NOOP("KeyOverview", "zooms the values; Alt: pans them")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Drag with the middle button"),
            QT_TRANSLATE_NOOP("KeyOverview", "pans the values")}}},
     };

@@ -7,6 +7,7 @@
 #include "shell/panedock.h"
 #include "shell/panedocks.h"
 #include "shell/studiowindow.h"
+#include "shell/timeview.h"
 #include "viewport/viewportwidget.h"
 
 #include <QActionGroup>
@@ -15,6 +16,8 @@
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxsceneviews.h>
 #include <vxcore/vxundostack.h>
 
 StudioMenus::StudioMenus(StudioWindow *window)
@@ -139,7 +142,45 @@ void StudioMenus::buildViewMenu()
     frameSelection->setStatusTip(tr("Frames the selected nodes in the viewport."));
     menu->addAction(frameSelection);
     menu->addSeparator();
+    addTimeViews(menu);
+    menu->addSeparator();
     addPaletteChoice(menu);
+}
+
+/** What the time line shows. */
+void StudioMenus::addTimeViews(QMenu *menu)
+{
+    const auto report = [this](const QString &reason) {
+        if (!reason.isEmpty())
+            m_window->showStatusMessage(reason);
+    };
+    addEntry(menu,
+             {"StudioShowAllTime", tr("Show &All Frames"),
+              tr("Shows the whole animation in the timeline.")},
+             [] { TimeView::showAll(vxScene); });
+    addEntry(menu,
+             {"StudioZoomToKeys", tr("&Zoom to Selected Keys"),
+              tr("Shows the selected keys in the timeline.")},
+             [report] { report(TimeView::zoomToKeys(vxScene, *vxApp->getKeySelection())); });
+    QMenu *views = menu->addMenu(tr("Stored &Views"));
+    static const char *const showNames[] = {"StudioShowView1", "StudioShowView2",
+                                            "StudioShowView3"};
+    static const char *const storeNames[] = {"StudioStoreView1", "StudioStoreView2",
+                                             "StudioStoreView3"};
+    for (int i = 0; i < VxSceneViews::Count; ++i) {
+        addEntry(views,
+                 {showNames[i], tr("Show View &%1").arg(i + 1),
+                  tr("Shows the stored view %1 in the timeline.").arg(i + 1)},
+                 [report, i] { report(TimeView::showView(vxScene, i + 1)); });
+    }
+    views->addSeparator();
+    const QString storeTexts[] = {tr("&Store View 1"), tr("S&tore View 2"), tr("St&ore View 3")};
+    for (int i = 0; i < VxSceneViews::Count; ++i) {
+        addEntry(views,
+                 {storeNames[i], storeTexts[i],
+                  tr("Stores what the timeline shows as view %1 of the document.").arg(i + 1)},
+                 [i] { TimeView::storeView(vxScene, i + 1); });
+    }
 }
 
 void StudioMenus::addPaletteChoice(QMenu *menu)

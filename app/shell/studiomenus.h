@@ -68,6 +68,7 @@ private:
     void buildViewMenu();
     void buildHelpMenu();
     void buildWindowMenu(const PaneDocks &docks);
+    void addTimeViews(QMenu *menu);
     void addPaletteChoice(QMenu *menu);
     QMenu *findMenu(const QString &title) const;
     void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
