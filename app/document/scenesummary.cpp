@@ -10,8 +10,7 @@ namespace {
 
 void countElement(const VxElement *element, SceneCounts *counts)
 {
-    for (int i = 0; i < element->getNumProperties(); ++i) {
-        const VxProperty *property = element->getProperty(i);
+    for (const VxProperty *property : element->getMadeProperties()) {
         if (property->getKeyHolder() != property || property->getNumKeys() == 0)
             continue;
         ++counts->keyedProperties;

@@ -112,8 +112,8 @@ void SceneStream::array(const char *name, quint64 tag, const void *data, qint64 
 
 void SceneStream::number(VxElement *element)
 {
-    for (int i = 0; i < element->getNumProperties(); ++i)
-        m_numbers.insert(element->getProperty(i), m_numbers.size());
+    for (const VxProperty *property : element->getMadeProperties())
+        m_numbers.insert(property, m_numbers.size());
 }
 
 void SceneStream::writeHeader()
@@ -211,9 +211,10 @@ void SceneStream::writeElement(VxElement *element)
     if (element->getLabel() != element->getName())
         text("label", element->getLabel());
     key("properties");
-    m_out.startArray(quint64(element->getNumProperties()));
-    for (int i = 0; i < element->getNumProperties(); ++i)
-        writeProperty(element->getProperty(i));
+    const QVector<VxProperty *> properties = element->getMadeProperties();
+    m_out.startArray(quint64(properties.size()));
+    for (VxProperty *property : properties)
+        writeProperty(property);
     m_out.endArray();
 }
 

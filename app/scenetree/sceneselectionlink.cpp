@@ -38,10 +38,8 @@ void SceneSelectionLink::handleViewSelection(const QItemSelection &selected,
     if (m_isShowing || (vxApp && vxApp->isClosing()))
         return;
     const QScopedValueRollback<bool> sending(m_isSending, true);
-    for (VxNode *node : m_model->nodesAt(deselected.indexes()))
-        node->select(false);
-    for (VxNode *node : m_model->nodesAt(selected.indexes()))
-        node->select(true);
+    m_scene->selectNodes(m_model->nodesAt(deselected.indexes()), false);
+    m_scene->selectNodes(m_model->nodesAt(selected.indexes()), true);
     handleViewCurrent(m_view->currentIndex());
     // A node that cannot be selected must not look as if it were.
     m_primaryMoved = false;

@@ -6,7 +6,7 @@
 #include <QMimeData>
 #include <QPalette>
 #include <QPointer>
-#include <vector>
+#include <utility>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnodehelper.h>
 #include <vxcore/vxscene.h>
@@ -47,15 +47,21 @@ struct Row
     VxNode *node = nullptr; // null for the invisible root
     Row *parent = nullptr;
     QIcon icon;
-    std::vector<std::unique_ptr<Row>> children;
+    QVector<Row *> children; // owned by the model's table of rows
+    int lastIndex = 0;       // among the parent's children, where it was found last
 
-    int childIndex(const Row *child) const
+    int childIndex(Row *child) const
     {
-        for (size_t i = 0; i < children.size(); ++i) {
-            if (children[i].get() == child)
-                return int(i);
-        }
-        return -1;
+        if (children.value(child->lastIndex) != child)
+            renumber();
+        return child->lastIndex;
+    }
+
+private:
+    void renumber() const
+    {
+        for (int i = 0; i < children.size(); ++i)
+            children.at(i)->lastIndex = i;
     }
 };
 
@@ -80,23 +86,28 @@ public:
 
     Row *insert(SceneTreeModel *q, VxNode *node, Row *parent, int at)
     {
-        auto owned = std::make_unique<Row>();
-        Row *row = owned.get();
+        auto *row = new Row;
         row->node = node;
         row->parent = parent;
         row->icon = node->getIcon();
-        parent->children.insert(parent->children.begin() + at, std::move(owned));
+        row->lastIndex = at;
+        parent->children.insert(at, row);
         rows.insert(node, row);
         QObject::connect(node, &VxElement::labelChanged, q, [q, node] { q->refresh(node); });
         return row;
     }
 
-    void forget(SceneTreeModel *q, const Row *row)
+    /// Destroys rows, of which no parent has them any more, with all below them.
+    void destroy(SceneTreeModel *q, const QVector<Row *> &tops)
     {
-        for (const auto &child : row->children)
-            forget(q, child.get());
-        QObject::disconnect(row->node, nullptr, q, nullptr);
-        rows.remove(row->node);
+        QVector<Row *> open = tops;
+        while (!open.isEmpty()) {
+            const Row *row = open.takeLast();
+            open += row->children;
+            QObject::disconnect(row->node, nullptr, q, nullptr);
+            rows.remove(row->node);
+            delete row;
+        }
     }
 };
 
@@ -117,7 +128,10 @@ SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
     rebuild();
 }
 
-SceneTreeModel::~SceneTreeModel() = default;
+SceneTreeModel::~SceneTreeModel()
+{
+    qDeleteAll(d->rows);
+}
 
 VxNode *SceneTreeModel::nodeAt(const QModelIndex &index) const
 {
@@ -139,7 +153,7 @@ QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex &parent
     if (parent.column() > 0 || column < 0 || column >= NumColumns || row < 0 ||
         row >= int(above->children.size()))
         return QModelIndex();
-    return createIndex(row, column, above->children[size_t(row)].get());
+    return createIndex(row, column, above->children.at(row));
 }
 
 QModelIndex SceneTreeModel::parent(const QModelIndex &index) const
@@ -296,9 +310,7 @@ void SceneTreeModel::setDropKeeps(SceneEdits::Kept kept)
 void SceneTreeModel::rebuild()
 {
     beginResetModel();
-    for (const auto &child : d->root.children)
-        d->forget(this, child.get());
-    d->root.children.clear();
+    d->destroy(this, std::exchange(d->root.children, {}));
     // Parents come before their children, siblings in their order.
     for (VxNode *node : d->scene->getNodes()) {
         Row *parent = d->rowOf(node->getNodeParent());
@@ -310,9 +322,7 @@ void SceneTreeModel::rebuild()
 void SceneTreeModel::dropAll()
 {
     beginResetModel();
-    for (const auto &child : d->root.children)
-        d->forget(this, child.get());
-    d->root.children.clear();
+    d->destroy(this, std::exchange(d->root.children, {}));
     endResetModel();
 }
 
@@ -335,8 +345,8 @@ void SceneTreeModel::removeNode(VxNode *node)
     Row *parent = row->parent;
     const int at = parent->childIndex(row);
     beginRemoveRows(indexOf(parent->node), at, at);
-    d->forget(this, row);
-    parent->children.erase(parent->children.begin() + at);
+    parent->children.remove(at);
+    d->destroy(this, {row});
     endRemoveRows();
 }
 
@@ -354,12 +364,11 @@ void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
         ++to;
     if (!beginMoveRows(indexOf(source->node), from, from, indexOf(target->node), to))
         return;
-    std::unique_ptr<Row> owned = std::move(source->children[size_t(from)]);
-    source->children.erase(source->children.begin() + from);
+    source->children.remove(from);
     row->parent = target;
     if (source == target && to > from)
         --to;
-    target->children.insert(target->children.begin() + to, std::move(owned));
+    target->children.insert(to, row);
     endMoveRows();
 }
 

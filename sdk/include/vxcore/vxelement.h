@@ -40,6 +40,11 @@ public:
     Q_INVOKABLE VxProperty *getProperty(int index) const;
     /// The element's own property of that name, or null.
     Q_INVOKABLE VxProperty *findProperty(const QString &name) const;
+    /// The properties that exist as objects, in their order. A node makes each of its transform
+    /// controls when it is first asked for; until then the control counts in getNumProperties(),
+    /// has its default value and traits, and has no keys. Code that looks for keys, or for anything
+    /// that differs from the defaults, uses this list: getProperty() would make what is missing.
+    QVector<VxProperty *> getMadeProperties() const;
 
     /// Takes ownership and appends. path is the group path, see VxProperty::getPath(). Returns
     /// the property, or null, with a warning, when the property is null, has an owner or a name

@@ -114,6 +114,11 @@ public Q_SLOTS:
     /// there is one, else it is the last node.
     void selectAllNodes(bool onOff);
 
+public:
+    /// Selects or deselects several nodes with one report. Of those selected the last one becomes
+    /// the primary selection; nodes that are not selectable or not in the scene are left out.
+    void selectNodes(const QVector<VxNode *> &nodes, bool onOff);
+
 Q_SIGNALS:
     void timeChanged(VxTime time);
     void timeStepChanged(VxTime step);
@@ -137,6 +142,9 @@ Q_SIGNALS:
     /// Properties of the node, of its object or of what belongs to that one came or went. Those
     /// that went are no longer anyone's, but may still be alive: the history keeps some.
     void nodePropertiesChanged(VxNode *node);
+    /// Keys or values of such a property changed; sent just before its own valueChanged(), within
+    /// a VxChangeBlock at the block's end.
+    void nodeValuesChanged(VxNode *node);
     void nodeSelectionListChanged();
     void primarySelectionChanged(VxNode *node);
 

@@ -1,6 +1,7 @@
 #include <vxcore/vxapp.h>
 
 #include "app/vxhostclasses.h"
+#include "scene/vxnode_p.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
@@ -24,6 +25,18 @@ QString &appName()
 {
     static QString name = QStringLiteral("VxStudio");
     return name;
+}
+
+QIcon nodeIcon(NodeIcon kind)
+{
+    switch (kind) {
+    case NodeIcon::Bone:
+        return vxApp->getStyle()->icon(VxStyle::SP_VxBone);
+    case NodeIcon::Skeleton:
+        return vxApp->getStyle()->icon(VxStyle::SP_VxSkeleton);
+    default:
+        return vxApp->getStyle()->icon(VxStyle::SP_VxNode);
+    }
 }
 
 } // namespace
@@ -51,6 +64,7 @@ VxApp::VxApp()
         qWarning("VxApp: an application object already exists; it remains the current one");
     else
         vxApp = this;
+    vxNodeIconSource = nodeIcon;
     d.reset(new Private);
     for (VxClassFactory *factory : vxHostClassFactories())
         d->pluginMgr->addClassFactory(factory);
@@ -67,8 +81,10 @@ VxApp::~VxApp()
     d->undoStack->clear();
     d->scene.reset();
     d->undoStack.reset();
-    if (vxApp == this)
-        vxApp = nullptr;
+    if (vxApp != this)
+        return;
+    vxApp = nullptr;
+    vxNodeIconSource = nullptr;
 }
 
 QString VxApp::getAppName()

@@ -18,7 +18,7 @@ quint64 holderRevision = 1;
 
 } // namespace
 
-void (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
+bool (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
 
 // One counter for all properties: no two of them ever have the same revision, so that one number
 // also shows that a property got another key holder.
@@ -37,9 +37,8 @@ void VxProperty::Private::reportChange(const VxTimeRange &range)
 
 void VxProperty::Private::emitChange(const VxTimeRange &range)
 {
-    if (changeHook)
-        changeHook(q);
-    Q_EMIT q->valueChanged(range);
+    if (!changeHook || changeHook(q))
+        Q_EMIT q->valueChanged(range);
 }
 
 void VxPropertyDependency::set(VxProperty::Private *dependent, VxProperty *property)

@@ -83,8 +83,9 @@ public:
     VxTimeRange pendingRange;
 
     /// Called once for each report, before the property's signal; the scene listens here, so that
-    /// no connection per property is needed. Null when nobody does.
-    static void (*changeHook)(VxProperty *property);
+    /// no connection per property is needed; false when that destroyed the property. Null when
+    /// there is no scene.
+    static bool (*changeHook)(VxProperty *property);
 };
 
 #endif

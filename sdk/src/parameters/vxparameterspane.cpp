@@ -17,6 +17,8 @@ namespace {
 constexpr QLatin1String CollapsedKey("CollapsedGroups");
 constexpr QLatin1String WidthKey("ValueWidth");
 constexpr int NoticeMilliseconds = 10000;
+/// More nodes are not edited together: their controls would all have to be made and compared.
+constexpr int MaxNodes = 5000;
 
 /// A title of one line that never makes the pane wider: names of nodes may be as long as they like.
 class TitleLabel : public QLabel
@@ -53,6 +55,7 @@ public:
     QTimer noticeTimer;
     QMetaObject::Connection labelConnection;
     QTimer selectionTimer; // nodes may be selected one by one, by the hundred
+    int numLeftOut = 0;    // selected nodes beside the primary one, when there are too many
 };
 
 /** At once, so that nobody meets the rows of a node that is no longer the one. */
@@ -74,6 +77,9 @@ void VxParametersPane::Private::showSelection()
         nodes.removeOne(primary);
         nodes.prepend(primary);
     }
+    numLeftOut = nodes.size() > MaxNodes ? nodes.size() - 1 : 0;
+    if (numLeftOut > 0)
+        nodes = {primary};
     model->setNodes(nodes);
     showTitle();
 }
@@ -89,6 +95,10 @@ void VxParametersPane::Private::showTitle()
     QString text = node ? node->getLabel() : VxParametersPane::tr("Nothing selected");
     if (others > 0)
         text = VxParametersPane::tr("%1 and %n more", nullptr, others).arg(text);
+    else if (numLeftOut > 0)
+        text = VxParametersPane::tr("%1 only: %n more are too many to edit together", nullptr,
+                                    numLeftOut)
+                   .arg(text);
     title->setText(text);
     title->setToolTip(text.toHtmlEscaped());
 }

@@ -28,8 +28,8 @@ qint64 elementMemory(VxElement *top)
     VxElement::Private::collect(top, elements);
     for (const VxElement *element : qAsConst(elements)) {
         bytes += qint64(sizeof(VxObject));
-        for (int i = 0; i < element->getNumProperties(); ++i)
-            bytes += propertyMemory(element->getProperty(i));
+        for (const VxProperty *property : element->getMadeProperties())
+            bytes += propertyMemory(property);
     }
     return bytes;
 }

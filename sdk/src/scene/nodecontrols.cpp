@@ -36,13 +36,32 @@ constexpr ControlInfo Controls[NodeControlCount] = {
     {"ZScale", QT_TRANSLATE_NOOP("VxNode", "Z Scale"), Scale, VxFloatProperty::ZAxis, true},
 };
 
+struct ControlTexts
+{
+    QString name;
+    QString path;
+};
+
+/// Shared by the controls of all nodes.
+const std::array<ControlTexts, NodeControlCount> &controlTexts()
+{
+    static const auto texts = [] {
+        std::array<ControlTexts, NodeControlCount> made;
+        for (size_t i = 0; i < made.size(); ++i)
+            made[i] = {QString::fromLatin1(Controls[i].name),
+                       QString::fromLatin1(Controls[i].group)};
+        return made;
+    }();
+    return texts;
+}
+
 } // namespace
 
 VxFloatProperty *makeNodeControl(NodeControl control)
 {
     const ControlInfo &info = Controls[control];
-    auto *property =
-        new VxFloatProperty(QString::fromLatin1(info.name), info.isScale ? 1.0f : 0.0f);
+    auto *property = new VxFloatProperty(controlTexts()[control].name, info.isScale ? 1.0f : 0.0f);
+    property->setPath(controlTexts()[control].path);
     // Past the setter: an open hold would record a label for each control of each new node.
     VxProperty::Private::of(property)->label = QCoreApplication::translate("VxNode", info.label);
     property->setAxis(info.axis);
@@ -58,9 +77,13 @@ double nodeControlDefault(NodeControl control)
     return Controls[control].isScale ? 1.0 : 0.0;
 }
 
-QString nodeControlPath(NodeControl control)
+int nodeControlOfName(const QString &name)
 {
-    return QString::fromLatin1(Controls[control].group);
+    for (int i = 0; i < NodeControlCount; ++i) {
+        if (controlTexts()[size_t(i)].name == name)
+            return i;
+    }
+    return -1;
 }
 
 NodeControlValues nodeControlValues(const NodeControls &controls, VxTime time)

@@ -24,12 +24,12 @@ enum NodeControl {
 
 using NodeControls = std::array<VxFloatProperty *, NodeControlCount>;
 
-/// A new control with its name, label, axis and default value; the caller's.
+/// A new control with its name, label, group path, axis and default value; the caller's.
 VxFloatProperty *makeNodeControl(NodeControl control);
 /// The value that a control begins with, and that counts where it is gone.
 double nodeControlDefault(NodeControl control);
-/// The group path that a control stands in.
-QString nodeControlPath(NodeControl control);
+/// The control of a name; -1 for any other name.
+int nodeControlOfName(const QString &name);
 
 /// The values of all controls at one time.
 using NodeControlValues = std::array<double, NodeControlCount>;

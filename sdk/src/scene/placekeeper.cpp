@@ -35,7 +35,7 @@ double largest(const double column[3])
 
 PlaceKeeper::PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now)
     : m_node(node)
-    , m_controls(VxNode::Private::of(node)->controls)
+    , m_controls(VxNode::Private::of(node)->allControls())
     , m_times(controlKeyTimes(m_controls))
 {
     const auto place = std::lower_bound(m_times.begin(), m_times.end(), now);

@@ -16,14 +16,16 @@ QVector<VxNode *> SceneSelection::nodes() const
     return list;
 }
 
-void SceneSelection::select(VxNode *node)
+void SceneSelection::select(const QVector<VxNode *> &nodes)
 {
-    if (node->getScene() != m_scene || !node->isSelectable())
-        return;
     QVector<VxNode *> changed;
-    if (enter(node))
-        changed.append(node);
-    m_primary = node;
+    for (VxNode *node : nodes) {
+        if (node->getScene() != m_scene || !node->isSelectable())
+            continue;
+        if (enter(node))
+            changed.append(node);
+        m_primary = node;
+    }
     report(changed);
 }
 
@@ -71,7 +73,7 @@ void SceneSelection::forget()
 void SceneSelection::setPrimary(VxNode *node)
 {
     if (node) {
-        select(node);
+        select({node});
         return;
     }
     m_primary = nullptr;

@@ -25,8 +25,8 @@ public:
     int count() const { return m_list.size() - m_gaps; }
     QVector<VxNode *> nodes() const;
 
-    /// Makes a selectable node of the scene selected, and the primary one.
-    void select(VxNode *node);
+    /// Makes the selectable nodes of the scene among these selected, and the last one primary.
+    void select(const QVector<VxNode *> &nodes);
     /// Nodes that are not selected are left out.
     void deselect(const QVector<VxNode *> &nodes);
     void selectAll();

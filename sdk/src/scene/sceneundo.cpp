@@ -45,9 +45,9 @@ qint64 NodePlaceItem::memoryUsed() const
     VxNode::Private::collectNodes(m_node, nodes);
     for (const VxNode *node : qAsConst(nodes)) {
         bytes += qint64(sizeof(VxNode) + sizeof(VxNode::Private));
-        for (int i = 0; i < node->getNumProperties(); ++i) {
+        for (const VxProperty *property : node->getMadeProperties()) {
             bytes += qint64(sizeof(VxFloatProperty));
-            if (const auto *number = qobject_cast<VxFloatProperty *>(node->getProperty(i)))
+            if (const auto *number = qobject_cast<const VxFloatProperty *>(property))
                 bytes += number->getKeyMemory();
         }
     }

@@ -1,9 +1,7 @@
 #include <vxcore/vxbone.h>
 
-#include <QtGui/QIcon>
-#include <vxcore/vxapp.h>
+#include "scene/vxnode_p.h"
 #include <vxcore/vxskeleton.h>
-#include <vxcore/vxstyle.h>
 
 VxBone::VxBone(const QString &name)
     : VxNode(name)
@@ -22,5 +20,5 @@ VxSkeleton *VxBone::getSkeleton() const
 
 QIcon VxBone::getIcon() const
 {
-    return vxApp ? vxApp->getStyle()->icon(VxStyle::SP_VxBone) : QIcon();
+    return vxNodeIcon(NodeIcon::Bone);
 }

@@ -3,6 +3,8 @@
 #include "keys/vxproperty_p.h"
 #include "scene/elementundo.h"
 #include "undo/vxundovalueitem.h"
+#include <algorithm>
+#include <iterator>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
@@ -80,6 +82,12 @@ void VxElement::Private::tellPropertiesChanged() const
         Q_EMIT inScene->nodePropertiesChanged(findNode());
 }
 
+VxProperty *VxElement::Private::propertyAt(int index)
+{
+    VxProperty *property = properties.at(index);
+    return property ? property : makeProperty(index);
+}
+
 void VxElement::Private::loseProperty(VxProperty *property)
 {
     VxElement *element = property->getOwner();
@@ -144,6 +152,8 @@ VxElement::~VxElement()
     const QVector<VxProperty *> properties = std::move(d->properties);
     d->properties.clear();
     for (VxProperty *property : properties) {
+        if (!property)
+            continue;
         VxProperty::Private::of(property)->owner = nullptr;
         delete property;
     }
@@ -184,12 +194,23 @@ int VxElement::getNumProperties() const
 
 VxProperty *VxElement::getProperty(int index) const
 {
-    return d->properties.value(index);
+    return index >= 0 && index < d->properties.size() ? d->propertyAt(index) : nullptr;
 }
 
 VxProperty *VxElement::findProperty(const QString &name) const
 {
-    return d->byName.value(name);
+    if (VxProperty *property = d->byName.value(name))
+        return property;
+    const int unmade = d->unmadeIndexOf(name);
+    return unmade >= 0 ? d->propertyAt(unmade) : nullptr;
+}
+
+QVector<VxProperty *> VxElement::getMadeProperties() const
+{
+    QVector<VxProperty *> made;
+    std::copy_if(d->properties.cbegin(), d->properties.cend(), std::back_inserter(made),
+                 [](const VxProperty *property) { return property != nullptr; });
+    return made;
 }
 
 VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
@@ -198,7 +219,8 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
         qWarning("VxElement::addProperty(): no property for \"%s\"", qUtf8Printable(d->name));
         return nullptr;
     }
-    if (property->getOwner() || d->byName.contains(property->getName())) {
+    if (property->getOwner() || d->byName.contains(property->getName()) ||
+        d->unmadeIndexOf(property->getName()) >= 0) {
         qWarning("VxElement::addProperty(): \"%s\" %s and cannot be added to \"%s\"",
                  qUtf8Printable(property->getName()),
                  property->getOwner() ? "has an owner" : "has a name in use",
@@ -236,8 +258,8 @@ VxPropertyGroupTree *VxElement::getPropertyGroups() const
         QVector<VxElement *> elements;
         Private::collect(const_cast<VxElement *>(this), elements);
         for (const VxElement *element : qAsConst(elements)) {
-            for (VxProperty *property : qAsConst(element->d->properties))
-                d->groups->addProperty(property);
+            for (int i = 0; i < element->getNumProperties(); ++i)
+                d->groups->addProperty(element->getProperty(i));
         }
     }
     return d->groups.get();

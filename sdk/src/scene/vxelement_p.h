@@ -63,6 +63,12 @@ public:
     /// The element and what it groups, each followed by its own.
     static void collect(VxElement *element, QVector<VxElement *> &list);
 
+    /// The property at an index within the list, made now if it does not exist yet.
+    VxProperty *propertyAt(int index);
+    /// Makes the property of a list entry that is null and puts it there.
+    virtual VxProperty *makeProperty(int) { return nullptr; }
+    /// The list index of the property with a name that is not made yet; -1 for none.
+    virtual int unmadeIndexOf(const QString &) const { return -1; }
     /// True for a property that the element cannot be without.
     virtual bool isBuiltIn(const VxProperty *) const { return false; }
     /// A property is being destroyed by someone else.
@@ -78,8 +84,8 @@ public:
     VxElement *q = nullptr;
     QString name;
     QString label;
-    QVector<VxProperty *> properties;
-    QHash<QString, VxProperty *> byName;
+    QVector<VxProperty *> properties;    ///< null for one that is not made yet
+    QHash<QString, VxProperty *> byName; ///< of those that are made
     std::unique_ptr<VxPropertyGroupTree> groups;
     VxElement *owner = nullptr;
     /// Set for nodes only; the others find it by their owners.

@@ -4,11 +4,8 @@
 #include "scene/scenenodes.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
-#include <QtGui/QIcon>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
-#include <vxcore/vxstyle.h>
 
 template <class Value>
 void VxNode::Private::record(int kind, Value (*get)(const VxNode *),
@@ -26,11 +23,7 @@ VxNode::VxNode(const QString &name)
 VxNode::VxNode(const QString &name, Private *priv)
     : VxElement(name, priv)
 {
-    for (int i = 0; i < NodeControlCount; ++i) {
-        const auto control = static_cast<NodeControl>(i);
-        priv->controls[size_t(i)] = makeNodeControl(control);
-        addProperty(priv->controls[size_t(i)], nodeControlPath(control));
-    }
+    priv->properties.fill(nullptr, NodeControlCount);
 }
 
 VxNode::~VxNode()
@@ -161,52 +154,52 @@ VxSkeleton *VxNode::getSkeleton() const
 
 VxFloatProperty *VxNode::getXPosControl() const
 {
-    return priv()->controls[XPosition];
+    return priv()->control(XPosition);
 }
 
 VxFloatProperty *VxNode::getYPosControl() const
 {
-    return priv()->controls[YPosition];
+    return priv()->control(YPosition);
 }
 
 VxFloatProperty *VxNode::getZPosControl() const
 {
-    return priv()->controls[ZPosition];
+    return priv()->control(ZPosition);
 }
 
 VxFloatProperty *VxNode::getXRotControl() const
 {
-    return priv()->controls[XRotation];
+    return priv()->control(XRotation);
 }
 
 VxFloatProperty *VxNode::getYRotControl() const
 {
-    return priv()->controls[YRotation];
+    return priv()->control(YRotation);
 }
 
 VxFloatProperty *VxNode::getZRotControl() const
 {
-    return priv()->controls[ZRotation];
+    return priv()->control(ZRotation);
 }
 
 VxFloatProperty *VxNode::getScaleControl() const
 {
-    return priv()->controls[UniformScale];
+    return priv()->control(UniformScale);
 }
 
 VxFloatProperty *VxNode::getXScaleControl() const
 {
-    return priv()->controls[XScale];
+    return priv()->control(XScale);
 }
 
 VxFloatProperty *VxNode::getYScaleControl() const
 {
-    return priv()->controls[YScale];
+    return priv()->control(YScale);
 }
 
 VxFloatProperty *VxNode::getZScaleControl() const
 {
-    return priv()->controls[ZScale];
+    return priv()->control(ZScale);
 }
 
 bool VxNode::isSelected() const
@@ -220,7 +213,7 @@ void VxNode::select(bool onOff)
         return;
     SceneSelection &selection = VxScene::Private::of(getScene())->selection;
     if (onOff)
-        selection.select(this);
+        selection.select({this});
     else
         selection.deselect({this});
 }
@@ -347,7 +340,7 @@ QMatrix4x4 VxNode::getWorldTransform(VxTime time) const
 
 QIcon VxNode::getIcon() const
 {
-    return vxApp ? vxApp->getStyle()->icon(VxStyle::SP_VxNode) : QIcon();
+    return vxNodeIcon(NodeIcon::Node);
 }
 
 QVector<VxElement *> VxNode::groupedElements() const

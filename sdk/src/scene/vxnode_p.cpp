@@ -1,9 +1,17 @@
 #include "scene/vxnode_p.h"
 
+#include "keys/vxproperty_p.h"
 #include "scene/vxscene_p.h"
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
+
+QIcon (*vxNodeIconSource)(NodeIcon) = nullptr;
+
+QIcon vxNodeIcon(NodeIcon kind)
+{
+    return vxNodeIconSource ? vxNodeIconSource(kind) : QIcon();
+}
 
 bool VxNode::Private::isBuiltIn(const VxProperty *property) const
 {
@@ -16,6 +24,60 @@ void VxNode::Private::propertyLost(VxProperty *property)
         if (control == property)
             control = nullptr;
     }
+}
+
+VxFloatProperty *VxNode::Private::make(NodeControl control, int index)
+{
+    VxFloatProperty *property = makeNodeControl(control);
+    property->setParent(q);
+    VxProperty::Private::of(property)->owner = q;
+    properties[index] = property;
+    byName.insert(property->getName(), property);
+    controls[size_t(control)] = property;
+    unmade = quint16(unmade & ~(1u << control));
+    return property;
+}
+
+/** Unmade controls and null entries of the list have the same order. */
+int VxNode::Private::indexOfUnmade(NodeControl control) const
+{
+    int before = 0;
+    for (int i = 0; i < control; ++i)
+        before += unmade >> i & 1;
+    int index = properties.indexOf(nullptr);
+    for (; before > 0; --before)
+        index = properties.indexOf(nullptr, index + 1);
+    return index;
+}
+
+VxProperty *VxNode::Private::makeProperty(int index)
+{
+    auto before = std::count(properties.cbegin(), properties.cbegin() + index, nullptr);
+    int control = 0;
+    while (!(unmade >> control & 1) || before-- > 0)
+        ++control;
+    return make(static_cast<NodeControl>(control), index);
+}
+
+int VxNode::Private::unmadeIndexOf(const QString &controlName) const
+{
+    const int control = unmade ? nodeControlOfName(controlName) : -1;
+    return control >= 0 && (unmade >> control & 1)
+               ? indexOfUnmade(static_cast<NodeControl>(control))
+               : -1;
+}
+
+VxFloatProperty *VxNode::Private::control(NodeControl control)
+{
+    return unmade >> control & 1 ? make(control, indexOfUnmade(control))
+                                 : controls[size_t(control)];
+}
+
+const NodeControls &VxNode::Private::allControls()
+{
+    for (int i = 0; unmade != 0 && i < NodeControlCount; ++i)
+        control(static_cast<NodeControl>(i));
+    return controls;
 }
 
 void VxNode::Private::elementLost(VxElement *element)

@@ -3,6 +3,14 @@
 
 #include "scene/nodecontrols.h"
 #include "scene/vxelement_p.h"
+#include <QtGui/QIcon>
+
+/// The icons of nodes, which the application has.
+enum class NodeIcon { Node, Skeleton, Bone };
+/// Gives the icon of a kind of nodes; set by the application object while it exists, else null.
+extern QIcon (*vxNodeIconSource)(NodeIcon kind);
+/// The icon, or an empty one without an application.
+QIcon vxNodeIcon(NodeIcon kind);
 
 class VxNode::Private : public VxElement::Private
 {
@@ -13,6 +21,13 @@ public:
     bool isBuiltIn(const VxProperty *property) const override;
     void propertyLost(VxProperty *property) override;
     void elementLost(VxElement *element) override;
+
+    VxProperty *makeProperty(int index) override;
+    int unmadeIndexOf(const QString &controlName) const override;
+    /// A control, made now if it does not exist yet; null when it was destroyed.
+    VxFloatProperty *control(NodeControl control);
+    /// All of them.
+    const NodeControls &allControls();
 
     VxNode *self() const { return static_cast<VxNode *>(q); }
     /// Records a plain value for undo when the node is in a scene. kind is a VxSceneUndoKind.
@@ -31,7 +46,12 @@ public:
     VxNode *parent = nullptr;
     QVector<VxNode *> children;
     VxObject *object = nullptr;
+    /// Null for those that are not made yet (unmade says which) and those that were destroyed;
+    /// both count with their default values.
     NodeControls controls = {};
+    /// A bit for each control that is not made yet. In the list of properties they are null, in
+    /// their order.
+    quint16 unmade = (1u << NodeControlCount) - 1;
     RotationOrder rotationOrder = XYZ;
     QVector3D origin;
     QVector3D endPoint;
@@ -44,6 +64,10 @@ public:
     bool ik = false;
     /// Between the announcement of its removal and the removal.
     bool leaving = false;
+
+private:
+    VxFloatProperty *make(NodeControl control, int index);
+    int indexOfUnmade(NodeControl control) const;
 };
 
 #endif

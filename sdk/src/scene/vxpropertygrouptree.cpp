@@ -1,6 +1,7 @@
 #include <vxcore/vxpropertygrouptree.h>
 
 #include <QtCore/QHash>
+#include <QtCore/QPair>
 #include <QtCore/QStringList>
 #include <vector>
 #include <vxcore/vxproperty.h>
@@ -16,7 +17,7 @@ public:
     }
 
     QString name;
-    QString path;
+    const VxPropertyGroup *parent = nullptr;
     std::vector<std::unique_ptr<VxPropertyGroup>> children;
     QVector<VxProperty *> properties;
 };
@@ -35,7 +36,10 @@ QString VxPropertyGroup::getName() const
 
 QString VxPropertyGroup::getPath() const
 {
-    return d->path;
+    QString path;
+    for (const VxPropertyGroup *group = this; group->d->parent; group = group->d->parent)
+        path.prepend(QLatin1Char('/') + group->d->name);
+    return path;
 }
 
 int VxPropertyGroup::getNumChildren() const
@@ -62,8 +66,8 @@ class VxPropertyGroupTree::Private
 {
 public:
     std::unique_ptr<VxPropertyGroup> root;
-    /// By clean path, "/" before each name.
-    QHash<QString, VxPropertyGroup *> byPath;
+    /// By parent and name.
+    QHash<QPair<const VxPropertyGroup *, QString>, VxPropertyGroup *> children;
     /// By the paths that properties gave, so that each is taken apart only once.
     QHash<QString, VxPropertyGroup *> byGivenPath;
 };
@@ -72,7 +76,6 @@ VxPropertyGroupTree::VxPropertyGroupTree()
     : d(std::make_unique<Private>())
 {
     d->root.reset(new VxPropertyGroup);
-    d->byPath.insert(QString(), d->root.get());
 }
 
 VxPropertyGroupTree::~VxPropertyGroupTree() = default;
@@ -99,12 +102,11 @@ void VxPropertyGroupTree::addProperty(VxProperty *property)
 
 VxPropertyGroup *VxPropertyGroupTree::findOrAddChild(VxPropertyGroup *parent, const QString &name)
 {
-    const QString path = parent->d->path + QLatin1Char('/') + name;
-    VxPropertyGroup *&group = d->byPath[path];
+    VxPropertyGroup *&group = d->children[{parent, name}];
     if (!group) {
         group = new VxPropertyGroup;
         group->d->name = name;
-        group->d->path = path;
+        group->d->parent = parent;
         parent->d->children.emplace_back(group);
     }
     return group;
@@ -112,11 +114,11 @@ VxPropertyGroup *VxPropertyGroupTree::findOrAddChild(VxPropertyGroup *parent, co
 
 VxPropertyGroup *VxPropertyGroupTree::findGroup(const QString &path) const
 {
-    QString clean;
+    VxPropertyGroup *group = d->root.get();
     const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString &name : names)
-        clean += QLatin1Char('/') + name;
-    return d->byPath.value(clean);
+        group = group ? d->children.value({group, name}) : nullptr;
+    return group;
 }
 
 QVector<VxProperty *> VxPropertyGroupTree::collectAllProperties() const

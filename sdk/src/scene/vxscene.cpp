@@ -76,12 +76,17 @@ void VxScene::Private::applyDefaults()
     }
 }
 
-void VxScene::Private::handlePropertyChange(VxProperty *property)
+bool VxScene::Private::handlePropertyChange(VxProperty *property)
 {
     const VxElement *owner = property->getOwner();
-    VxScene *scene = owner ? VxElement::Private::of(owner)->findScene() : nullptr;
-    if (scene)
-        of(scene)->touchView();
+    VxNode *node = owner ? VxElement::Private::of(owner)->findNode() : nullptr;
+    VxScene *scene = node ? node->getScene() : nullptr;
+    if (!scene)
+        return true;
+    of(scene)->touchView();
+    const QPointer<VxProperty> guard(property);
+    Q_EMIT scene->nodeValuesChanged(node);
+    return guard;
 }
 
 VxTimeRange VxScene::Private::ordered(const VxTimeRange &range)
@@ -350,6 +355,14 @@ void VxScene::stepTime(int frames, bool forward)
     }
     const qint64 offset = qint64(frames) * d->timeStep;
     setTime(range.clamp(bounded(forward ? d->time + offset : d->time - offset)));
+}
+
+void VxScene::selectNodes(const QVector<VxNode *> &nodes, bool onOff)
+{
+    if (onOff)
+        d->selection.select(nodes);
+    else
+        d->selection.deselect(nodes);
 }
 
 void VxScene::selectAllNodes(bool onOff)

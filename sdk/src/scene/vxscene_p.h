@@ -21,7 +21,7 @@ public:
     void applyTime(VxTime time);
     void applyDefaults();
     /// The hook of properties, see VxProperty::Private::changeHook.
-    static void handlePropertyChange(VxProperty *property);
+    static bool handlePropertyChange(VxProperty *property);
     /// The range with an end that does not lie before its start.
     static VxTimeRange ordered(const VxTimeRange &range);
 

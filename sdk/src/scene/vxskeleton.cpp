@@ -1,9 +1,7 @@
 #include <vxcore/vxskeleton.h>
 
-#include <QtGui/QIcon>
-#include <vxcore/vxapp.h>
+#include "scene/vxnode_p.h"
 #include <vxcore/vxbone.h>
-#include <vxcore/vxstyle.h>
 
 VxSkeleton::VxSkeleton(const QString &name)
     : VxNode(name)
@@ -39,5 +37,5 @@ QVector<VxBone *> VxSkeleton::getAllBones() const
 
 QIcon VxSkeleton::getIcon() const
 {
-    return vxApp ? vxApp->getStyle()->icon(VxStyle::SP_VxSkeleton) : QIcon();
+    return vxNodeIcon(NodeIcon::Skeleton);
 }

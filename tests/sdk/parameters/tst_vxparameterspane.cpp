@@ -21,6 +21,7 @@ private Q_SLOTS:
     void showsThePrimarySelection();
     void aLongNameMakesNothingWider();
     void severalNodesAreNamedAndChanged();
+    void tooManyNodes();
     void manyNodesSelectedOneByOne();
     void theKeyMarkSetsAndDeletes();
     void theKeyMarkOfSeveralRows();
@@ -65,6 +66,26 @@ void TestParametersPane::aLongNameMakesNothingWider()
     QCoreApplication::processEvents();
     QCOMPARE(m_pane->minimumSizeHint().width(), before);
     QCOMPARE(m_pane->width(), 280);
+}
+
+// The controls of nodes that nobody looks at are not made.
+void TestParametersPane::tooManyNodes()
+{
+    QVector<VxNode *> nodes;
+    for (int i = 0; i < 6000; ++i) {
+        nodes.append(new VxNode(QStringLiteral("node %1").arg(i)));
+        vxScene->addNode(nodes.last());
+    }
+    vxScene->selectAllNodes(false);
+    vxScene->selectNodes(nodes, true);
+    QCoreApplication::processEvents();
+    const auto *title = m_pane->findChild<QLabel *>(QStringLiteral("ParametersTitleLbl"));
+    QCOMPARE(title->text(), QString("node 5999 only: 5999 more are too many to edit together"));
+    QCOMPARE(model()->getNodes(), QVector<VxNode *>{nodes.last()});
+    QVERIFY(nodes.first()->getMadeProperties().isEmpty());
+    vxScene->selectNodes(nodes.mid(10), false);
+    QCoreApplication::processEvents();
+    QCOMPARE(model()->getNodes().size(), 10);
 }
 
 void TestParametersPane::severalNodesAreNamedAndChanged()

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
+#include <random>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void controls();
+    void controlsAreMadeOnDemand();
+    void controlsInAnyOrder();
     void buildsAHierarchy();
     void placesAmongSiblings_data();
     void placesAmongSiblings();
@@ -96,6 +99,70 @@ void TestNode::controls()
     }
     QCOMPARE(node.getNumProperties(), 10);
     QCOMPARE(node.getPropertyGroups()->collectAllProperties().first(), node.getXPosControl());
+}
+
+void TestNode::controlsAreMadeOnDemand()
+{
+    VxNode node(QStringLiteral("n"));
+    QCOMPARE(node.getNumProperties(), 10);
+    QVERIFY(node.getMadeProperties().isEmpty());
+    QCOMPARE(node.getLocalTransform(0), QMatrix4x4());
+    QVERIFY(node.getMadeProperties().isEmpty());
+    const VxProperty *turn = node.getProperty(4);
+    QCOMPARE(turn->getName(), QStringLiteral("YRotate"));
+    QCOMPARE(turn->getOwner(), &node);
+    QCOMPARE(turn->getPath(), QStringLiteral("/General/Transforms/Rotation"));
+    QCOMPARE(node.getYRotControl(), turn);
+    QCOMPARE(node.findProperty(QStringLiteral("Scale")), node.getScaleControl());
+    QCOMPARE(node.getProperty(6), node.getScaleControl());
+    QCOMPARE(node.getMadeProperties().size(), 2);
+    QVERIFY(!node.findProperty(QStringLiteral("Bend")));
+    QVERIFY(!node.getProperty(10));
+    QVERIFY(!node.getProperty(-1));
+    // The names are in use before the controls are made.
+    VxFloatProperty same(QStringLiteral("XTranslate"), 0.0f);
+    m_guard->expect("VxElement::addProperty()");
+    QVERIFY(!node.addProperty(&same, QString()));
+    QCOMPARE(node.getPropertyGroups()->collectAllProperties().size(), 10);
+    QCOMPARE(node.getMadeProperties().size(), 10);
+}
+
+// The list has the same order whichever control is made first, with other properties around and
+// controls destroyed.
+void TestNode::controlsInAnyOrder()
+{
+    VxNode plain(QStringLiteral("n"));
+    QStringList expected;
+    for (int i = 0; i < plain.getNumProperties(); ++i)
+        expected += plain.getProperty(i)->getName();
+    std::mt19937 random(5);
+    for (int round = 0; round < 50; ++round) {
+        VxNode node(QStringLiteral("n"));
+        QStringList names = expected;
+        for (int step = 0; step < 12; ++step) {
+            const int index = int(random() % unsigned(names.size()));
+            switch (random() % 4) {
+            case 0:
+                QCOMPARE(node.getProperty(index)->getName(), names.at(index));
+                break;
+            case 1:
+                QCOMPARE(node.findProperty(names.at(index))->getName(), names.at(index));
+                break;
+            case 2:
+                names += QStringLiteral("extra %1").arg(step);
+                node.addProperty(new VxFloatProperty(names.last(), 0.0f), QString());
+                break;
+            default:
+                delete node.getProperty(index);
+                names.removeAt(index);
+            }
+            QCOMPARE(node.getNumProperties(), names.size());
+        }
+        QStringList found;
+        for (int i = 0; i < node.getNumProperties(); ++i)
+            found += node.getProperty(i)->getName();
+        QCOMPARE(found, names);
+    }
 }
 
 void TestNode::buildsAHierarchy()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void orderIsThatOfSelecting();
     void primaryWithoutAndBack();
     void primaryOfAnotherScene();
+    void severalAtOnce();
     void allAndNone();
     void allKeepsThePrimary();
     void nodesThatAreNotSelectable();
@@ -172,6 +173,25 @@ void TestSceneSelection::primaryOfAnotherScene()
     m_scene->setPrimarySelection(&outside);
     QCOMPARE(drawn(), QString());
     QVERIFY(!m_scene->getPrimarySelection());
+}
+
+void TestSceneSelection::severalAtOnce()
+{
+    a->select(true);
+    d->setSelectable(false);
+    VxNode outside(QStringLiteral("outside"));
+    QSignalSpy lists(m_scene.get(), &VxScene::nodeSelectionListChanged);
+    QSignalSpy primaries(m_scene.get(), &VxScene::primarySelectionChanged);
+    m_scene->selectNodes({b, d, &outside, c, a}, true);
+    QCOMPARE(drawn(), QStringLiteral("a* b c"));
+    QCOMPARE(lists.count(), 1);
+    QCOMPARE(primaries.count(), 0);
+    m_scene->selectNodes({a, b, d}, false);
+    QCOMPARE(drawn(), QStringLiteral("c*"));
+    QCOMPARE(lists.count(), 2);
+    QCOMPARE(primaries.count(), 1);
+    m_scene->selectNodes({}, true);
+    QCOMPARE(lists.count(), 2);
 }
 
 void TestSceneSelection::allAndNone()
