@@ -1,5 +1,6 @@
 #include <vxcore/vxmainwindow.h>
 
+#include "app/timelinepalette.h"
 #include <QtWidgets/QStatusBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
@@ -20,6 +21,7 @@ VxMainWindow::VxMainWindow(QWidget *parent)
     : QMainWindow(parent)
     , d(new Private{new VxActionMgr(this), new VxViewportMgr(this), new VxPaneMgr(this)})
 {
+    new TimelinePalette(this);
     connect(d->paneMgr, &VxPaneMgr::paneAdded, d->actionMgr, &VxActionMgr::initActions);
     if (!vxApp)
         return;

@@ -36,7 +36,7 @@ MarkColors colorsOf(const VxKeyMarkLook &look)
     return colors;
 }
 
-// The mark's square in device pixels.
+// The mark's square in device pixels; of an even side one pixel less, to have a middle column.
 QRect markBox(const QSize &size, qreal ratio)
 {
     const int side = std::min(size.width(), size.height());
@@ -56,13 +56,15 @@ QPainterPath polygon(std::initializer_list<QPointF> points)
     return path;
 }
 
-QPainterPath diamond(const QRectF &box, qreal inset)
+// As high as the whole mark: the pixel that the box leaves free is above it.
+QPainterPath diamond(const QRectF &box, qreal unit, qreal inset)
 {
     // A slanted line looks thicker than an upright one of the same width.
     const qreal reach = box.width() / 2 - inset;
-    const QPointF middle = box.center();
-    return polygon({middle - QPointF(0, reach), middle + QPointF(reach, 0),
-                    middle + QPointF(0, reach), middle - QPointF(reach, 0)});
+    const qreal height = box.top() >= unit ? reach + unit / 2 : reach;
+    const QPointF middle(box.center().x(), box.bottom() - inset - height);
+    return polygon({middle - QPointF(0, height), middle + QPointF(reach, 0),
+                    middle + QPointF(0, height), middle - QPointF(reach, 0)});
 }
 
 // A bar with pointed ends, half as wide as high.
@@ -113,7 +115,7 @@ QPainterPath shapePath(const VxKeyMarkLook &look, const QRectF &box, qreal unit,
 {
     switch (look.shape) {
     case VxKeyMarkLook::Diamond:
-        return diamond(box, inset);
+        return diamond(box, unit, inset);
     case VxKeyMarkLook::Square:
         return square(box, inset);
     case VxKeyMarkLook::Circle:
