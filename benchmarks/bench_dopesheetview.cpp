@@ -14,10 +14,10 @@
 #include <vxcore/vxstyle.h>
 
 #include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/dopesheetclock.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
@@ -103,15 +103,15 @@ struct Drawing
 Drawing drawingOf(const Sheet &sheet, const QPixmap &plain, const QPixmap &selected)
 {
     Drawing drawing;
-    const DopeSheetClock clock = DopeSheetClock::ofScene();
+    const SceneTimes times = SceneTimes::current();
     for (int i = 0; i < sheet.keyed.size(); ++i) {
         const DopeSheetGeometry geometry(Sheet::cell(i), TimelineMetrics::shared(),
-                                         clock.playRange.getStart());
+                                         times.playRange.getStart());
         const auto keys = DopeSheetRowKeys::of(sheet.view.getItem(sheet.keyed.at(i)));
-        drawing.lines.push_back(geometry.baseline(clock.duration));
-        for (const QRect &rect : geometry.secondTicks(clock.duration))
+        drawing.lines.push_back(geometry.baseline(times.duration));
+        for (const QRect &rect : geometry.secondTicks(times.duration))
             drawing.lines.push_back(rect);
-        for (const QRect &rect : geometry.frameTicks(clock.duration, clock.step))
+        for (const QRect &rect : geometry.frameTicks(times.duration, times.step))
             drawing.lines.push_back(rect);
         for (const DopeSheetMark &mark : geometry.marks(keys))
             drawing.marks.push_back(

@@ -11,7 +11,7 @@
 #include <set>
 #include <vxcore/vxmainwindow.h>
 
-#include "vxtimeline/dopesheet/dopesheetclock.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
 
@@ -167,12 +167,12 @@ QImage TestDopeSheetDelegates::loop(const QModelIndex &index, bool onceEach) con
     QImage image = blank();
     QPainter painter(&image);
     const TimelineMetrics &metrics = TimelineMetrics::shared();
-    const DopeSheetClock clock = DopeSheetClock::ofScene();
+    const SceneTimes times = SceneTimes::current();
     const VxDopeSheetItem *item = model->getItem(index);
     const int count = item->keyCount();
-    const VxTime end = count ? qMax(clock.duration, item->keyTime(count - 1)) : clock.duration;
+    const VxTime end = count ? qMax(times.duration, item->keyTime(count - 1)) : times.duration;
     const auto middle = [&](VxTime time) {
-        return metrics.keyMiddle(cell.x(), time, clock.playRange.getStart());
+        return metrics.keyMiddle(cell.x(), time, times.playRange.getStart());
     };
     const QColor color = view->palette().color(QPalette::Dark);
     painter.setPen(color);
@@ -183,18 +183,18 @@ QImage TestDopeSheetDelegates::loop(const QModelIndex &index, bool onceEach) con
     for (int x = middle(0); x < middle(0) + metrics.timeToX(end); ++x)
         tick(x, 10, 10);
     const int line = metrics.halfFrame() + metrics.timeToX(end);
-    const int width = qMin(line, cell.width() - metrics.keysOrigin(clock.playRange.getStart()));
+    const int width = qMin(line, cell.width() - metrics.keysOrigin(times.playRange.getStart()));
     for (int i = 0; i < metrics.secondsCount(width); ++i)
         tick(middle(i * 4800), 5, 14);
-    for (int j = 1; j <= clock.duration / clock.step - 1; ++j)
-        tick(middle(j * clock.step), 7, 12);
+    for (int j = 1; j <= times.duration / times.step - 1; ++j)
+        tick(middle(j * times.step), 7, 12);
     loopMarks(&painter, item, onceEach);
     bool hasKey = false;
     for (int i = 0; i < count; ++i)
-        hasKey = hasKey || item->keyTime(i) == clock.current;
+        hasKey = hasKey || item->keyTime(i) == times.time;
     if (!hasKey) {
         painter.setPen(Qt::white);
-        tick(middle(clock.current), 8, 11);
+        tick(middle(times.time), 8, 11);
     }
     return image;
 }

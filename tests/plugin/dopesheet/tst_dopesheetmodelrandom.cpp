@@ -120,6 +120,8 @@ private:
     void moveAtTop();
     void changeKeys();
     void changeObject();
+    void changeDependency();
+    void changeObjectOrDependency();
     void sendMessage();
     void changeView();
     void changeFilter();
@@ -235,9 +237,15 @@ void TestDopeSheetModelRandom::addNode()
 {
     auto *node = new VxNode(anyName());
     node->setIkNode(below(5) == 0);
-    if (below(3) == 0)
-        node->addNodeChild(new VxNode(anyName()));
-    setKeys(node->getXPosControl(), {VxTime(below(20)), VxTime(below(20))});
+    VxNode *last = node;
+    for (int i = below(6); i >= 4 - below(2); --i) {
+        auto *child = new VxNode(anyName());
+        last->addNodeChild(child);
+        last = child;
+    }
+    // A node without keys gets its property rows later.
+    if (below(2) == 0)
+        setKeys(node->getXPosControl(), {VxTime(below(20)), VxTime(below(20))});
     vxScene->addNode(node, anyNodeOrNone());
 }
 
@@ -313,6 +321,28 @@ void TestDopeSheetModelRandom::changeObject()
         row->setKeysSelected(true, 0, 10);
 }
 
+// Aliases, overriding controls and links: rows show the keys of another property, and those are
+// removed with subtrees and come back with undo.
+void TestDopeSheetModelRandom::changeDependency()
+{
+    VxNode *node = anyNode();
+    VxNode *other = anyNode();
+    if (!node || node == other)
+        return;
+    VxFloatProperty *property = node->getYPosControl();
+    VxFloatProperty *target = below(4) == 0 ? nullptr : other->getXPosControl();
+    switch (below(3)) {
+    case 0:
+        property->setAliasedProperty(target);
+        break;
+    case 1:
+        property->setOverridingControl(target);
+        break;
+    default:
+        property->setLink(target);
+    }
+}
+
 // As the key graph does, for a row that may be shown, left out or not there at all.
 void TestDopeSheetModelRandom::sendMessage()
 {
@@ -367,7 +397,18 @@ void TestDopeSheetModelRandom::travel()
         vxApp->getUndoStack()->undo();
 }
 
-// Hardly more nodes come than go, so that a session stays one of few nodes and many meetings.
+void TestDopeSheetModelRandom::changeObjectOrDependency()
+{
+    const int kind = below(4);
+    if (kind == 0)
+        changeObject();
+    else if (kind == 1)
+        sendMessage();
+    else
+        changeDependency();
+}
+
+// Hardly more nodes are added than removed, so that a session has few nodes and many conflicts.
 void TestDopeSheetModelRandom::step()
 {
     const auto hold = below(3) > 0 ? std::make_unique<VxUndoStackHold>() : nullptr;
@@ -385,7 +426,7 @@ void TestDopeSheetModelRandom::step()
     else if (kind < 15)
         changeKeys();
     else if (kind < 16)
-        (below(2) == 0) ? changeObject() : sendMessage();
+        changeObjectOrDependency();
     else if (kind < 18)
         changeView();
     else if (kind < 19)
@@ -501,7 +542,7 @@ void TestDopeSheetModelRandom::sessions_data()
 {
     QTest::addColumn<quint32>("seed");
     QTest::addColumn<int>("types");
-    const int translation = DopeSheetPropertyTypes::Translation;
+    const int translation = DopeSheetPropertyTypes::Translation | DopeSheetPropertyTypes::Alias;
     for (quint32 seed = 1; seed <= 4; ++seed) {
         QTest::addRow("translations, seed %u", seed) << seed << translation;
         QTest::addRow("others, too, seed %u", seed)

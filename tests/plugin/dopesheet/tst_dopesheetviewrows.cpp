@@ -1,6 +1,8 @@
 #include "dopesheettestbase.h"
 #include "testing/vxtestmain.h"
 
+#include <random>
+
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 
@@ -17,9 +19,29 @@ private Q_SLOTS:
     void ctrlClickAddsANode();
     void shiftClickTakesARange();
     void severalRowsByProgram();
-    void propertyRowsAreTold();
+    void propertyRowsAreReported();
+    void rangeByKeyboard();
+    void clickOnASelectedRow();
+    void ctrlClickTakesARowOut();
+    void ctrlClickAmongKeysAdds();
+    void clickIntoTheEmptyPart();
+    void oneReportForManyRows();
+    void rowsOfUnselectableNodes();
+    void openingByKeyboard();
+    void rowsAndNodesAgree();
     void sceneSelectionShows();
     void everyRowAtOnce();
+
+private:
+    // The names of the scene's selected nodes, sorted.
+    static QStringList selectedNodes()
+    {
+        QStringList names;
+        for (const VxNode *node : vxScene->getSelectedNodes())
+            names += node->getName();
+        names.sort();
+        return names;
+    }
 };
 
 void TestDopeSheetViewRows::clickSelectsTheNode()
@@ -61,7 +83,7 @@ void TestDopeSheetViewRows::shiftClickTakesARange()
     QCOMPARE(view->selectionModel()->selectedRows().size(), 3);
 }
 
-// Without a press each row takes the place of the ones before it; the rows stay.
+// The nodes of all selected rows are selected, the last row's as the primary one.
 void TestDopeSheetViewRows::severalRowsByProgram()
 {
     hip->select(true);
@@ -73,28 +95,185 @@ void TestDopeSheetViewRows::severalRowsByProgram()
     view->selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     QVERIFY(changing);
     QVERIFY(!view->isChangingSelection());
-    QCOMPARE(vxScene->getSelectedNodes(), (QVector<VxNode *>{arm}));
+    QCOMPARE(selectedNodes(), (QStringList{"arm", "leg"}));
+    QCOMPARE(vxScene->getPrimarySelection(), arm);
     QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
 }
 
-void TestDopeSheetViewRows::propertyRowsAreTold()
+void TestDopeSheetViewRows::propertyRowsAreReported()
 {
-    QSignalSpy told(view.get(), &VxDopeSheetView::propertyHitListChanged);
-    int rowsTold = 0;
+    QSignalSpy hits(view.get(), &VxDopeSheetView::propertyHitListChanged);
+    int reports = 0;
     connect(view.get(), &VxDopeSheetView::itemSelectionChanged, view.get(), [&] {
-        ++rowsTold;
-        QCOMPARE(told.count(), 0);
+        ++reports;
+        QCOMPARE(hits.count(), 0);
     });
     hip->select(true);
     view->selectionModel()->select(translationOf(leg, 1),
                                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(rowsTold, 1);
-    QCOMPARE(told.at(0).at(0).value<QVector<VxProperty *>>(),
+    QCOMPARE(hits.count(), 1);
+    QCOMPARE(reports, 1);
+    QCOMPARE(hits.at(0).at(0).value<QVector<VxProperty *>>(),
              (QVector<VxProperty *>{leg->getYPosControl()}));
-    QCOMPARE(told.at(0).at(1).toBool(), false);
-    // What the scene has selected shows beside it.
-    QVERIFY(view->selectionModel()->isSelected(rowOf(hip)));
+    QCOMPARE(hits.at(0).at(1).toBool(), false);
+    // The row counts for its node, and the node's row is selected as well.
+    QCOMPARE(selectedNodes(), QStringList{"leg"});
+    QVERIFY(view->selectionModel()->isSelected(rowOf(leg)));
+    QVERIFY(!view->selectionModel()->isSelected(rowOf(hip)));
+}
+
+void TestDopeSheetViewRows::rangeByKeyboard()
+{
+    showView();
+    view->expand(rowOf(hip));
+    VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(leg)).center());
+    view->setFocus();
+    QTest::keyClick(view.get(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(view.get(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(selectedNodes(), (QStringList{"arm", "ball", "leg"}));
+    QCOMPARE(vxScene->getPrimarySelection(), ball);
+    QTest::keyClick(view.get(), Qt::Key_Up, Qt::ShiftModifier);
+    QCOMPARE(selectedNodes(), (QStringList{"arm", "leg"}));
+    QCOMPARE(vxScene->getPrimarySelection(), arm);
+    QTest::keyClick(view.get(), Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(selectedNodes(), (QStringList{"arm", "ball", "hip", "leg"}));
+}
+
+// However a node was deselected behind the rows, a click on its row selects it again.
+void TestDopeSheetViewRows::clickOnASelectedRow()
+{
+    showView();
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(ball)).center());
+    ball->select(false);
+    QVERIFY(view->isRowSelected(rowOf(ball)));
+    mouse.click(view->visualRect(rowOf(ball)).center());
+    QCOMPARE(selectedNodes(), QStringList{"ball"});
+}
+
+void TestDopeSheetViewRows::ctrlClickTakesARowOut()
+{
+    showView();
+    view->expandAll();
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(hip)).center());
+    mouse.click(view->visualRect(translationOf(leg, 0)).center(), Qt::LeftButton,
+                Qt::ControlModifier);
+    QCOMPARE(selectedNodes(), (QStringList{"hip", "leg"}));
+    mouse.click(view->visualRect(rowOf(hip)).center(), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selectedNodes(), QStringList{"leg"});
+    QVERIFY(!view->isRowSelected(rowOf(hip)));
+    // A node's row takes the rows of its properties with it.
+    mouse.click(view->visualRect(rowOf(leg)).center(), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selectedNodes(), QStringList());
+    QVERIFY(!view->selectionModel()->hasSelection());
+}
+
+void TestDopeSheetViewRows::ctrlClickAmongKeysAdds()
+{
+    showView();
+    VxMouseDriver mouse(view->viewport());
+    const auto inKeys = [this](VxNode *node) {
+        return QPoint(600, view->visualRect(rowOf(node)).center().y());
+    };
+    mouse.click(inKeys(hip));
+    mouse.click(inKeys(ball), Qt::LeftButton, Qt::ControlModifier);
+    mouse.click(inKeys(ball), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selectedNodes(), (QStringList{"ball", "hip"}));
+}
+
+void TestDopeSheetViewRows::clickIntoTheEmptyPart()
+{
+    showView();
+    VxMouseDriver mouse(view->viewport());
+    mouse.click(view->visualRect(rowOf(ball)).center());
+    mouse.click(QPoint(50, view->viewport()->height() - 10));
+    QCOMPARE(selectedNodes(), QStringList());
+    QVERIFY(!view->selectionModel()->hasSelection());
+}
+
+// One clear and one selection, however many rows.
+void TestDopeSheetViewRows::oneReportForManyRows()
+{
+    ball->select(true);
+    QSignalSpy lists(vxScene, &VxScene::nodeSelectionListChanged);
+    view->expandAll();
+    view->selectAll();
+    QCOMPARE(lists.count(), 2);
+    QCOMPARE(vxScene->getSelectedNodes().size(), 4);
+}
+
+void TestDopeSheetViewRows::rowsOfUnselectableNodes()
+{
+    arm->setSelectable(false);
+    view->expandAll();
+    view->selectAll();
+    QCOMPARE(selectedNodes(), (QStringList{"ball", "hip", "leg"}));
+    QVERIFY(!view->isRowSelected(rowOf(arm)));
+    QVERIFY(view->isRowSelected(translationOf(arm, 0))); // to be shown in the key graph
+}
+
+void TestDopeSheetViewRows::openingByKeyboard()
+{
+    showView();
+    view->setFocus();
+    view->setCurrentIndex(rowOf(hip));
+    const auto openRows = [this] {
+        int open = 0;
+        DopeSheetWalk::all(model.get(),
+                           [&](const QModelIndex &row) { open += view->isExpanded(row) ? 1 : 0; });
+        return open;
+    };
+    QTest::keyClick(view.get(), Qt::Key_Right, Qt::AltModifier);
+    QVERIFY(view->isExpanded(rowOf(hip)));
+    QCOMPARE(openRows(), 1);
+    QTest::keyClick(view.get(), Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(openRows(), 9); // three nodes, each with two rows of groups
+    QTest::keyClick(view.get(), Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(!view->isExpanded(rowOf(hip)));
+    QCOMPARE(openRows(), 8);
+    QTest::keyClick(view.get(), Qt::Key_Left, Qt::AltModifier);
+    QCOMPARE(openRows(), 0);
+}
+
+// Random ways of selecting rows and nodes: afterwards both agree.
+void TestDopeSheetViewRows::rowsAndNodesAgree()
+{
+    showView(900, 700);
+    view->expandAll();
+    VxMouseDriver mouse(view->viewport());
+    std::mt19937 random(7);
+    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
+    const Qt::KeyboardModifiers modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
+                                               Qt::ControlModifier};
+    const Qt::Key keys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_A};
+    const QVector<VxNode *> nodes{hip, leg, arm, ball};
+    for (int step = 0; step < 300; ++step) {
+        const Qt::KeyboardModifiers held = modifiers[below(3)];
+        switch (below(4)) {
+        case 0:
+            QTest::keyClick(view.get(), keys[below(5)], held);
+            break;
+        case 1:
+            nodes.at(below(4))->select(below(2) == 0);
+            view->showSceneSelection();
+            break;
+        default:
+            mouse.click(QPoint(below(190), below(600)), Qt::LeftButton, held);
+        }
+        QSet<VxNode *> ofRows;
+        DopeSheetWalk::all(model.get(), [&](const QModelIndex &row) {
+            const VxDopeSheetItem *item = model->getItem(row);
+            while (view->isRowSelected(row) && !item->node())
+                item = item->parentItem();
+            if (view->isRowSelected(row))
+                ofRows.insert(item->node());
+        });
+        const QVector<VxNode *> selected = vxScene->getSelectedNodes();
+        QCOMPARE(ofRows, QSet<VxNode *>(selected.cbegin(), selected.cend()));
+        for (VxNode *node : selected)
+            QVERIFY(view->isRowSelected(rowOf(node)));
+    }
 }
 
 void TestDopeSheetViewRows::sceneSelectionShows()
@@ -125,11 +304,10 @@ void TestDopeSheetViewRows::everyRowAtOnce()
     QCOMPARE(told.count(), 1);
     QCOMPARE(hit.count(), 1);
     QCOMPARE(hit.at(0).at(0).value<QVector<VxProperty *>>().size(), 4 * 3);
-    // Without a press that says otherwise the last node takes the place of those before it.
-    QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{ball});
+    QCOMPARE(selectedNodes(), (QStringList{"arm", "ball", "hip", "leg"}));
     view->clearSelection();
     QVERIFY(!view->isRowSelected(rowOf(leg)));
-    QVERIFY(view->isRowSelected(rowOf(ball))); // as the scene says
+    QCOMPARE(selectedNodes(), QStringList());
 }
 
 VX_TEST_MAIN(TestDopeSheetViewRows)

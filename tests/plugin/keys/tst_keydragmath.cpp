@@ -269,19 +269,19 @@ void TestKeyDragMath::bands()
 
 void TestKeyDragMath::pace()
 {
-    Pace pace;
-    pace.begin(1000);
-    QVERIFY(!pace.isDue(1300)); // no tick yet
-    pace.tick(1290);
-    QVERIFY(pace.isDue(1300));
-    QVERIFY(!pace.isDue(1301)); // just done
-    pace.tick(1490);
-    QVERIFY(!pace.isDue(1500)); // 200 ms are not more than 200 ms
-    QVERIFY(pace.isDue(1501));
-    pace.tick(1700);
-    QVERIFY(!pace.isDue(1800)); // the tick is too old
-    pace.tick(1801);
-    QVERIFY(pace.isDue(1801));
+    DragThrottle throttle;
+    throttle.begin(1000);
+    QVERIFY(!throttle.isDue(1300)); // no tick yet
+    throttle.tick(1290);
+    QVERIFY(throttle.isDue(1300));
+    QVERIFY(!throttle.isDue(1301)); // just done
+    throttle.tick(1490);
+    QVERIFY(!throttle.isDue(1500)); // 200 ms are not more than 200 ms
+    QVERIFY(throttle.isDue(1501));
+    throttle.tick(1700);
+    QVERIFY(!throttle.isDue(1800)); // the tick is too old
+    throttle.tick(1801);
+    QVERIFY(throttle.isDue(1801));
 }
 
 VX_TEST_APPLESS_MAIN(TestKeyDragMath)

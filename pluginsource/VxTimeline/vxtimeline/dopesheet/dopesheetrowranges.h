@@ -4,11 +4,11 @@
 #include <QtCore/QItemSelection>
 #include <vector>
 
-// Selections as the rows that they are of.
+// Selections as lists of rows.
 namespace DopeSheetRowRanges {
 
 // Calls visit(index) for each row of a selection, column 0. The selection model's own lists of rows
-// ask it again for every row whether that is selected, which goes through all ranges each time.
+// check for every row whether it is selected, which walks through all ranges each time.
 template <typename Visit> void visitRows(const QItemSelection &selection, const Visit &visit)
 {
     for (const QItemSelectionRange &range : selection) {
@@ -19,7 +19,7 @@ template <typename Visit> void visitRows(const QItemSelection &selection, const 
     }
 }
 
-// Rows (of column 0) as a selection of as few ranges as they make.
+// Rows (of column 0) as a selection of as few ranges as possible.
 QItemSelection selectionOf(const std::vector<QModelIndex> &rows);
 
 } // namespace DopeSheetRowRanges

@@ -1,7 +1,9 @@
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 
+#include <QtCore/QSignalBlocker>
 #include <algorithm>
-#include <vector>
+
+#include "vxtimeline/dopesheet/dopesheetrowranges.h"
 
 namespace {
 
@@ -32,7 +34,7 @@ RowSpans spansOf(const QItemSelection &selection)
     return spans;
 }
 
-bool haveNothingInCommon(RowSpans spans)
+bool areDisjoint(RowSpans spans)
 {
     std::sort(spans.begin(), spans.end());
     const auto meet = [](const RowSpan &a, const RowSpan &b) { return a.meets(b); };
@@ -56,7 +58,7 @@ QItemSelection wholeRows(const QAbstractItemModel *model, const RowSpans &spans)
 class DopeSheetSelectionModel::Private
 {
 public:
-    // In order; made when they are asked for, from whatever is selected then.
+    // Sorted; made from the selection when they are asked for.
     RowSpans spans;
     bool isValid = false;
 
@@ -103,16 +105,23 @@ bool DopeSheetSelectionModel::isRowSelected(const QModelIndex &index) const
     return after != d->spans.cbegin() && std::prev(after)->meets(row);
 }
 
-// Whoever hears of the change may ask for rows before this is told of it.
+// Receivers of selectionChanged() may ask for rows before this object's own slot runs.
 void DopeSheetSelectionModel::select(const QItemSelection &selection, SelectionFlags command)
 {
     forgetRows();
     if (command & Rows && selection.size() > 1) {
         const RowSpans spans = spansOf(selection);
-        if (haveNothingInCommon(spans)) {
+        if (areDisjoint(spans)) {
             QItemSelectionModel::select(wholeRows(model(), spans), command & ~SelectionFlags(Rows));
             return;
         }
     }
     QItemSelectionModel::select(selection, command);
+}
+
+void DopeSheetSelectionModel::selectOnly(const std::vector<QModelIndex> &rows)
+{
+    const QSignalBlocker blocker(this);
+    select(QItemSelection(), Clear);
+    select(DopeSheetRowRanges::selectionOf(rows), Select | Rows);
 }

@@ -3,13 +3,14 @@
 
 #include <QtCore/QItemSelectionModel>
 #include <memory>
+#include <vector>
 
 // Which rows of the dope sheet are selected.
 //
 // A selection of an open tree has a range of rows for each parent, thousands in a large scene. The
-// base class compares every range with every other when it makes whole rows of them, and walks
-// through all of them each time it is asked for a row. Here ranges that have nothing in common are
-// made whole one by one, and a row is found by bisection.
+// base class compares every range with every other when it extends them to whole rows, and walks
+// through all of them each time it is asked for a row. Here disjoint ranges are extended one by
+// one, and a row is found by bisection.
 class DopeSheetSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
@@ -19,6 +20,10 @@ public:
 
     // The same as isSelected() of the row's first column, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
+
+    // Selects these rows (of column 0) and no others, without a signal: views compute for each
+    // range of a change which part of them is to be repainted. The caller updates the view.
+    void selectOnly(const std::vector<QModelIndex> &rows);
 
     using QItemSelectionModel::select;
     void select(const QItemSelection &selection, SelectionFlags command) override;

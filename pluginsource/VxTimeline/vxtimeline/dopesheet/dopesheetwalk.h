@@ -2,20 +2,50 @@
 #define DOPESHEETWALK_H
 
 #include <QtCore/QAbstractItemModel>
+#include <vector>
 
-// The one way through the rows of the dope sheet: from a row to another in the order in which they
-// would be shown if all were open. Everything done to rows of keys goes this way.
+// Walks through the rows of the dope sheet in the order in which they would be shown if all were
+// open. Hierarchies can be chains of thousands of rows, so nothing here recurses. Rows are indexes
+// of column 0.
 namespace DopeSheetWalk {
 
-// The row after a row, its children being the next ones; invalid after the last. Column 0.
+// Calls visit(row) for the rows below a parent (all rows for an invalid one); the rows below a row
+// follow when visit returned true for it. A model is not asked for the rows of a row that has none:
+// filter models keep something for each that is asked.
+template <typename Visit>
+void visitBelow(const QAbstractItemModel *model, const QModelIndex &parent, const Visit &visit)
+{
+    struct Level
+    {
+        QModelIndex parent;
+        int next;
+        int count;
+    };
+    const auto levelOf = [model](const QModelIndex &row) {
+        return Level{row, 0, model->hasChildren(row) ? model->rowCount(row) : 0};
+    };
+    std::vector<Level> levels;
+    if (model)
+        levels.push_back(levelOf(parent));
+    while (!levels.empty()) {
+        Level &level = levels.back();
+        if (level.next == level.count) {
+            levels.pop_back();
+            continue;
+        }
+        const QModelIndex row = model->index(level.next++, 0, level.parent);
+        if (visit(row))
+            levels.push_back(levelOf(row));
+    }
+}
+
+// The row after a row, its first child if it has one; invalid after the last.
 inline QModelIndex next(const QModelIndex &index)
 {
     const QAbstractItemModel *model = index.model();
-    if (model->hasChildren(index)) {
-        const QModelIndex child = model->index(0, 0, index);
-        if (child.isValid())
-            return child;
-    }
+    const QModelIndex child = model->hasChildren(index) ? model->index(0, 0, index) : QModelIndex();
+    if (child.isValid())
+        return child;
     for (QModelIndex row = index; row.isValid(); row = row.parent()) {
         const QModelIndex sibling = row.sibling(row.row() + 1, 0);
         if (sibling.isValid())
@@ -27,43 +57,37 @@ inline QModelIndex next(const QModelIndex &index)
 // Visits everything below a row, not the row itself.
 template <typename Visit> void below(const QModelIndex &index, const Visit &visit)
 {
-    const QAbstractItemModel *model = index.model();
-    const int rows = model->rowCount(index);
-    for (int row = 0; row < rows; ++row) {
-        const QModelIndex child = model->index(row, 0, index);
-        visit(child);
-        below(child, visit);
-    }
+    visitBelow(index.model(), index, [&visit](const QModelIndex &row) {
+        visit(row);
+        return true;
+    });
 }
 
-// Visits the rows from start to end, both included. A closed end row stands for all that is below
-// it, which is visited too; of an open one the children are not. An invalid start: nothing is
-// visited. An end that is invalid or comes before start: all rows from start on are.
+// Visits the rows from start to end, both included. A closed end row includes all rows below it, an
+// open one does not. An invalid start: nothing is visited. An end that is invalid or before start:
+// all rows from start on are.
 template <typename IsOpen, typename Visit>
 void between(const QModelIndex &start, const QModelIndex &end, const IsOpen &isOpen,
              const Visit &visit)
 {
     const QModelIndex last = end.isValid() ? end.sibling(end.row(), 0) : end;
-    for (QModelIndex row = start.isValid() ? start.sibling(start.row(), 0) : start; row.isValid();
-         row = next(row)) {
+    QModelIndex row = start.isValid() ? start.sibling(start.row(), 0) : start;
+    for (; row.isValid() && row != last; row = next(row))
         visit(row);
-        if (row == last) {
-            if (!isOpen(row))
-                below(row, visit);
-            return;
-        }
-    }
+    if (!row.isValid())
+        return;
+    visit(row);
+    if (!isOpen(row))
+        below(row, visit);
 }
 
 // Visits every row.
 template <typename Visit> void all(const QAbstractItemModel *model, const Visit &visit)
 {
-    const int rows = model ? model->rowCount() : 0;
-    for (int row = 0; row < rows; ++row) {
-        const QModelIndex index = model->index(row, 0);
-        visit(index);
-        below(index, visit);
-    }
+    visitBelow(model, QModelIndex(), [&visit](const QModelIndex &row) {
+        visit(row);
+        return true;
+    });
 }
 
 } // namespace DopeSheetWalk

@@ -95,7 +95,7 @@ BandSpan bandSpan(const Scale &scale, const QPoint &press, const QPoint &release
     return {scale.timeAt(x.first), scale.timeAt(x.second), within(y.first), within(y.second)};
 }
 
-bool Pace::isDue(qint64 now)
+bool DragThrottle::isDue(qint64 now)
 {
     if (now - m_lastApplied <= PreviewSpan || now - m_lastTick >= LatestTick)
         return false;

@@ -83,7 +83,7 @@ BandSpan bandSpan(const Scale &scale, const QPoint &press, const QPoint &release
 
 // When dragged keys are shown in a new place: not at every move of the mouse, but when some time
 // has passed, and only while the view's timer keeps up. Times are milliseconds of one clock.
-class Pace
+class DragThrottle
 {
 public:
     void begin(qint64 now) { m_lastApplied = now; }

@@ -1,8 +1,102 @@
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 
+#include <QtCore/QHash>
+#include <vector>
+
+#include "vxtimeline/dopesheet/dopesheetwalk.h"
+
+namespace {
+
+enum Match : quint8 { NoMatch = 0, OwnMatch = 1, MatchBelow = 2 };
+
+} // namespace
+
+class VxDopeSheetFilterModel::Private
+{
+public:
+    // Bits of Match by the source rows' internal ids; empty while they are not known.
+    QHash<quintptr, quint8> matches;
+
+    // What is known of a source row; -1 for nothing.
+    int matchOf(const QModelIndex &row) const
+    {
+        const auto found = matches.constFind(row.internalId());
+        return found == matches.cend() ? -1 : *found;
+    }
+};
+
 VxDopeSheetFilterModel::VxDopeSheetFilterModel(QObject *parent)
     : QSortFilterProxyModel(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
 VxDopeSheetFilterModel::~VxDopeSheetFilterModel() = default;
+
+// Connected before the base class is, which filters rows as soon as they are added.
+void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
+{
+    forgetMatches();
+    if (sourceModel())
+        disconnect(sourceModel(), nullptr, this, nullptr);
+    if (model) {
+        const auto forget = &VxDopeSheetFilterModel::forgetMatches;
+        connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, forget);
+        connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, forget);
+        connect(model, &QAbstractItemModel::rowsAboutToBeMoved, this, forget);
+        connect(model, &QAbstractItemModel::layoutAboutToBeChanged, this, forget);
+        connect(model, &QAbstractItemModel::modelAboutToBeReset, this, forget);
+        connect(model, &QAbstractItemModel::dataChanged, this, forget); // names may have changed
+    }
+    QSortFilterProxyModel::setSourceModel(model);
+}
+
+void VxDopeSheetFilterModel::forgetMatches()
+{
+    d->matches.clear();
+}
+
+void VxDopeSheetFilterModel::refilter(const QRegExp &pattern)
+{
+    findMatches(pattern);
+    setFilterRegExp(pattern);
+}
+
+void VxDopeSheetFilterModel::refilter()
+{
+    findMatches(filterRegExp());
+    invalidate();
+}
+
+// Rows come after those above them in the list, so that from its end upwards all is known of what
+// is below a row.
+void VxDopeSheetFilterModel::findMatches(const QRegExp &pattern)
+{
+    d->matches.clear();
+    if (!isRecursiveFilteringEnabled() || pattern.isEmpty())
+        return;
+    std::vector<QModelIndex> rows;
+    DopeSheetWalk::all(sourceModel(), [&rows](const QModelIndex &row) { rows.push_back(row); });
+    d->matches.reserve(int(rows.size()));
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        quint8 &match = d->matches[row->internalId()];
+        const bool isMatch = row->data(filterRole()).toString().contains(pattern);
+        match = quint8(match | (isMatch ? OwnMatch : NoMatch));
+        const bool leadsToMatch = match != NoMatch;
+        const QModelIndex above = row->parent();
+        if (leadsToMatch && above.isValid())
+            d->matches[above.internalId()] |= MatchBelow;
+    }
+}
+
+bool VxDopeSheetFilterModel::hasMatchBelow(const QModelIndex &index) const
+{
+    const int match = d->matchOf(mapToSource(index));
+    return match > 0 && (match & MatchBelow);
+}
+
+bool VxDopeSheetFilterModel::filterAcceptsRow(int row, const QModelIndex &parent) const
+{
+    const int match = d->matches.isEmpty() ? -1 : d->matchOf(sourceModel()->index(row, 0, parent));
+    return match >= 0 ? match != NoMatch : QSortFilterProxyModel::filterAcceptsRow(row, parent);
+}

@@ -1,18 +1,40 @@
 #ifndef VXDOPESHEETFILTERMODEL_H
 #define VXDOPESHEETFILTERMODEL_H
 
+#include <QtCore/QRegExp>
 #include <QtCore/QSortFilterProxyModel>
+#include <memory>
 
 // The proxy between the dope sheet's model and its view, for the text filter.
 //
-// It adds no rule of its own; it is a class of its own so that the view can tell by its model's
-// type that rows may be missing. The pane sets it up.
+// It adds no rule of its own. With recursive filtering on, the base class searches everything below
+// a row again for each row on the way to a match, which is quadratic in the depth of a hierarchy;
+// refilter() finds all matches in one pass, and the base class uses the result.
 class VxDopeSheetFilterModel : public QSortFilterProxyModel
 {
     Q_OBJECT
 public:
     explicit VxDopeSheetFilterModel(QObject *parent = nullptr);
     ~VxDopeSheetFilterModel() override;
+
+    void setSourceModel(QAbstractItemModel *model) override;
+
+    // Filters all rows by a pattern; without one, by the present pattern: for rows that were added
+    // below rows that are left out, or renamed.
+    void refilter(const QRegExp &pattern);
+    void refilter();
+    // Whether any row below an index of this model matches the pattern; false when rows were added
+    // or removed since the last refilter().
+    bool hasMatchBelow(const QModelIndex &index) const;
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
+
+private:
+    void findMatches(const QRegExp &pattern);
+    void forgetMatches();
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 #endif

@@ -8,8 +8,8 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/dopesheet/dopesheetclock.h"
 #include "vxtimeline/dopesheet/dopesheetruler.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
@@ -93,9 +93,9 @@ void VxDopeSheetHeaderView::leaveEvent(QEvent *event)
 
 DopeSheetRuler VxDopeSheetHeaderView::ruler() const
 {
-    const DopeSheetClock clock = DopeSheetClock::ofScene();
+    const SceneTimes times = SceneTimes::current();
     return DopeSheetRuler(sectionViewportPosition(KeysSection), sectionSize(KeysSection),
-                          TimelineMetrics::shared(), clock.playRange, clock.step);
+                          TimelineMetrics::shared(), times.playRange, times.step);
 }
 
 // The grip is as wide as the one that the base class resizes by.

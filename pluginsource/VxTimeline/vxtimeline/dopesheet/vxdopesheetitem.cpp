@@ -11,15 +11,62 @@
 #include "vxtimeline/dopesheet/vxdopesheetitem_p.h"
 
 VxDopeSheetItem::VxDopeSheetItem()
-    : d(std::make_unique<Private>())
+    : d(std::make_unique<Private>(this))
 {
 }
 
 VxDopeSheetItem::~VxDopeSheetItem()
 {
     setParent(nullptr);
-    while (!d->children.isEmpty())
-        delete d->children.last();
+    // From the last row up: each has no rows below it any more, however deep the tree is.
+    const QVector<VxDopeSheetItem *> rows = d->allRows();
+    for (int i = rows.size() - 1; i > 0; --i) {
+        Private *below = rows.at(i)->d.get();
+        below->parent = nullptr;
+        below->children.clear();
+        delete rows.at(i);
+    }
+    d->children.clear();
+}
+
+QVector<VxDopeSheetItem *> VxDopeSheetItem::Private::allRows() const
+{
+    QVector<VxDopeSheetItem *> rows;
+    QVector<VxDopeSheetItem *> open{q};
+    while (!open.isEmpty()) {
+        rows.append(open.takeLast());
+        const QVector<VxDopeSheetItem *> &below = rows.last()->d->children;
+        for (int i = below.size() - 1; i >= 0; --i)
+            open.append(below.at(i));
+    }
+    return rows;
+}
+
+void VxDopeSheetItem::setRowMaker(DopeSheetRowMaker *maker)
+{
+    d->rowMaker = maker;
+}
+
+bool VxDopeSheetItem::hasRowsToMake() const
+{
+    return d->rowMaker != nullptr;
+}
+
+void VxDopeSheetItem::Private::makeRows()
+{
+    if (DopeSheetRowMaker *maker = std::exchange(rowMaker, nullptr))
+        maker->makeRows(q);
+}
+
+void VxDopeSheetItem::Private::makeRowsWithKeys()
+{
+    if (!rowMaker)
+        return;
+    const QVector<VxProperty *> properties = node->getMadeProperties();
+    if (node->getObject() ||
+        std::any_of(properties.cbegin(), properties.cend(),
+                    [](const VxProperty *made) { return made->getNumKeys() > 0; }))
+        makeRows();
 }
 
 QString VxDopeSheetItem::label() const
@@ -66,6 +113,7 @@ VxNode *VxDopeSheetItem::node() const
 
 void VxDopeSheetItem::setNode(VxNode *node)
 {
+    d->forgetNodePaths();
     d->node = node;
     d->forgetNodePaths();
 }
@@ -75,15 +123,17 @@ VxProperty *VxDopeSheetItem::property() const
     return d->property;
 }
 
-// A property that is its own source is listened to twice, as those that have another are.
+// A property that is its own source is connected twice, like those that have another source.
 void VxDopeSheetItem::setProperty(VxProperty *property)
 {
     for (const QMetaObject::Connection &connection : std::exchange(d->connections, {}))
         disconnect(connection);
     d->property = property;
     invalidateKeys();
-    if (!property)
+    if (!property) {
+        d->addSelected(-d->selectedBelow);
         return;
+    }
     d->connections = {
         connect(property, &VxProperty::valueChanged, this, &VxDopeSheetItem::handleValueChanged),
         connect(dopeSheetValueSource(property), &VxProperty::valueChanged, this,
@@ -113,6 +163,8 @@ void VxDopeSheetItem::setParent(VxDopeSheetItem *newParent)
         old->d->addSelected(-d->selectedBelow);
         old->invalidateKeys();
     }
+    if (newParent)
+        newParent->d->makeRows();
     d->parent = newParent;
     d->row = newParent ? newParent->d->children.size() : -1;
     if (!newParent)
@@ -130,11 +182,13 @@ int VxDopeSheetItem::row() const
 
 int VxDopeSheetItem::childCount() const
 {
+    d->makeRows();
     return d->children.size();
 }
 
 VxDopeSheetItem *VxDopeSheetItem::child(int index) const
 {
+    d->makeRows();
     return d->children.value(index, nullptr);
 }
 

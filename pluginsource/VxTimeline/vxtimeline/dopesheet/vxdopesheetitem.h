@@ -12,16 +12,29 @@
 class VxNode;
 class VxProperty;
 
+class VxDopeSheetItem;
+
+// Makes the property rows of a node's row when they are needed.
+class DopeSheetRowMaker
+{
+public:
+    // Called once; appends the rows to the node's row, which has none yet.
+    virtual void makeRows(VxDopeSheetItem *nodeRow) = 0;
+
+protected:
+    ~DopeSheetRowMaker() = default;
+};
+
 // One row of the dope sheet: a node, a group of properties, or a property.
 //
-// What kind a row is shows in what it has: a node row a node, a property row a property, a group
-// neither but a label. The rows make a tree of their own, apart from QObject's: an item owns its
-// children, and being destroyed leaves its parent.
+// A node row has a node, a property row a property, a group row neither but a label. The rows form
+// a tree apart from QObject's: an item owns its children, and removes itself from its parent when
+// it is destroyed.
 //
-// A row knows its keys and which of them are selected. A property row has those of its property, a
-// row above them one key for each time at which a row below has one, selected when it is in any of
-// them. They are gathered when they are first asked for and after a change, for this row and those
-// below alone. Arrays that are handed out are borrowed: valid until the next change.
+// A row caches its keys and which of them are selected. A property row has those of its property, a
+// row above them one key for each time at which a row below has one, selected when it is selected
+// in any of them. They are gathered when they are first asked for and after a change, for this row
+// and those below alone. Arrays that are returned are borrowed: valid until the next change.
 class VxDopeSheetItem : public QObject
 {
     Q_OBJECT
@@ -33,7 +46,7 @@ public:
     QString label() const;
     void setLabel(const QString &label);
     // The names of the nodes from the top down to the row's, then the group path and the name of
-    // the property, joined by "/": what names the row in another scene, or at another time.
+    // the property, joined by "/": identifies the row in another scene, or at another time.
     QString path() const;
 
     // Null unless it is a node row. Not owned.
@@ -41,8 +54,14 @@ public:
     void setNode(VxNode *node);
     // Null unless it is a property row, and once the property is gone. Not owned.
     VxProperty *property() const;
-    // Listens to the property, and to the one that its value comes from.
+    // Connects to the property, and to its value source.
     void setProperty(VxProperty *property);
+
+    // For a node's row without children: the property rows are made as soon as the children are
+    // asked for, a child is added, or the row's keys are asked for and the node has some. Not
+    // owned; must live until then.
+    void setRowMaker(DopeSheetRowMaker *maker);
+    bool hasRowsToMake() const;
 
     VxDopeSheetItem *parentItem() const;
     // Leaves the present parent and becomes the last child of the new one, which owns it; with
@@ -90,9 +109,9 @@ public:
     // The indexes of the selected keys, ascending.
     QVector<int> selectedKeyIndexes() const;
 
-    // Remembers the times of the selected keys, ascending: as many as savedTimeCount() tells, not
-    // one for each key. They stay until the next save, whatever becomes of the keys: moving all
-    // selected keys alike keeps their order, so the n-th saved time is that of the n-th of them.
+    // Saves the times of the selected keys, ascending: savedTimeCount() of them, not one for each
+    // key. They stay until the next save, whatever happens to the keys: moving all selected keys by
+    // the same offset keeps their order, so the n-th saved time is that of the n-th of them.
     void saveSelectedKeyTimes();
     const VxTime *savedTimes() const;
     int savedTimeCount() const;
@@ -101,7 +120,7 @@ public:
 
     // The keys of this row and all above are gathered anew when they are next asked for.
     void invalidateKeys();
-    // While set, changes of the property neither invalidate keys nor are they told.
+    // While set, changes of the property neither invalidate keys nor emit keysChanged().
     bool isSuppressingKeyChanges() const;
     void setSuppressKeyChanges(bool suppress);
 
@@ -111,7 +130,7 @@ Q_SIGNALS:
     void changed();
 
 public Q_SLOTS:
-    // The property's keys or value have changed; all rows above show them too.
+    // The property's keys or value have changed; all rows above show them as well.
     void handleValueChanged(VxTimeRange range);
 
 private:

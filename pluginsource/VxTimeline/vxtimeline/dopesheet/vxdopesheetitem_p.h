@@ -12,13 +12,21 @@
 
 // The state of a row. Rows of one tree reach into each other's, for the keys of those below.
 //
-// A row that is valid has only such rows below it; so a change of a row goes up no further than to
-// the first one that is not valid already. Rows of properties and nodes that are valid have their
-// keys. Rows of groups have them only once they have been asked themselves; the rows above pass
-// them over.
+// A row that is valid has only such rows below it; so a change of a row invalidates no further up
+// than to the first row that is invalid already. Valid rows of properties and nodes have their
+// keys. Rows of groups have them only once they have been asked themselves; the rows above skip
+// them.
+//
+// Hierarchies may be chains of thousands of nodes: nothing here recurses into the rows below.
 class VxDopeSheetItem::Private
 {
 public:
+    explicit Private(VxDopeSheetItem *item)
+        : q(item)
+    {
+    }
+
+    VxDopeSheetItem *q;
     QString label;
     QString nodePath; // empty until asked for
     int row = -1;
@@ -27,6 +35,7 @@ public:
     VxNode *node = nullptr;
     QPointer<VxProperty> property;
     QVector<QMetaObject::Connection> connections;
+    DopeSheetRowMaker *rowMaker = nullptr; // makes the property rows when they are first asked for
 
     bool suppressesKeyChanges = false;
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above
@@ -40,40 +49,49 @@ public:
     quint64 checkedRevision = 0;
     QVector<VxTime> savedTimes;
     // How many keys are selected in this row, if it is a property's, and in all such rows below,
-    // by what these last knew of their keys.
+    // as of the last time these read their properties' keys.
     qint64 selectedBelow = 0;
     // The child below which a selected key was last found.
     int selectedHint = 0;
 
-    // The keys of rows below.
-    using KeysOfRows = QVarLengthArray<DopeSheetKeys *, 32>;
+    using Rows = QVarLengthArray<Private *, 32>;
 
     bool isGroup() const { return !property && !node; }
+    void makeRows();
+    // Only when the node may have a key: without rows it shows none anyway.
+    void makeRowsWithKeys();
     void renumber(int from);
     void addSelected(qint64 difference);
     // Within a change block the property's keys may differ before it reports that they do.
     bool showsPresentKeys() const;
-    // The same for all rows below.
-    bool showsPresentKeysBelow();
+    // Brings the rows below up to date whose keys changed without a report yet.
+    void updateChangedRows();
     // Makes the keys valid, those of the rows below first.
     void update();
-    // Appends the keys of the rows below, made valid, that together are this row's.
-    void gather(KeysOfRows *rows);
+    // The rows of properties and nodes below whose keys together are this row's; groups: this row
+    // and the groups that were skipped, each after the one above it.
+    void findSources(Rows *sources, Rows *groups);
+    // Unites the keys of the sources, which are valid.
+    void unite();
     void dropKeys()
     {
         keys = DopeSheetKeys();
         isKept = false;
     }
-    // For property rows. Makes the keys those that the property has, whatever it has told.
+    // For property rows. Makes the keys those that the property has, whatever it has reported.
     void updateFromProperty();
     void updateForEdit();
-    bool findSelected();
+    bool hasSelected();
+    // A child with selected keys below it; null when there is none.
+    Private *selectedChild();
     // After a change of the selection: counts it, and makes the rows above show it.
     void selectionEdited(int selectedBefore);
 
     QString pathOfNode();
     // For this row and all below, whose paths begin with it.
     void forgetNodePaths();
+    // This row and all below, each before those below it.
+    QVector<VxDopeSheetItem *> allRows() const;
 };
 
 #endif

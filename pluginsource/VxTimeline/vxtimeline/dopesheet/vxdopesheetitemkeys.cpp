@@ -28,18 +28,18 @@ bool VxDopeSheetItem::Private::showsPresentKeys() const
     return suppressesKeyChanges || revision == property->keyRevision();
 }
 
-bool VxDopeSheetItem::Private::showsPresentKeysBelow()
+// Rows of keys that changed make the rows above invalid.
+void VxDopeSheetItem::Private::updateChangedRows()
 {
-    if (property)
-        return showsPresentKeys();
-    if (checkedRevision == VxProperty::latestKeyRevision())
-        return true;
-    for (const VxDopeSheetItem *item : qAsConst(children)) {
-        if (!item->d->showsPresentKeysBelow())
-            return false;
+    const quint64 latest = VxProperty::latestKeyRevision();
+    if (!VxChangeBlock::hasUnsentReports() || checkedRevision == latest)
+        return;
+    for (const VxDopeSheetItem *item : allRows()) {
+        Private *below = item->d.get();
+        below->checkedRevision = latest;
+        if (below->property && below->isValid && !below->showsPresentKeys())
+            below->updateFromProperty();
     }
-    checkedRevision = VxProperty::latestKeyRevision();
-    return true;
 }
 
 // The rows above are still valid when the property has not reported its change yet.
@@ -67,7 +67,8 @@ void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
         parent->invalidateKeys();
 }
 
-// What a row without property shows does not count as selected: the rows below have counted it.
+// Collects first, because a row's keys need those of all rows below it, and a hierarchy can be a
+// chain of thousands of nodes.
 void VxDopeSheetItem::Private::update()
 {
     if (property) {
@@ -75,79 +76,113 @@ void VxDopeSheetItem::Private::update()
             updateFromProperty();
         return;
     }
-    if (isValid && isKept && (!VxChangeBlock::hasUnsentReports() || showsPresentKeysBelow()))
+    updateChangedRows();
+    if (isValid && isKept)
         return;
-    KeysOfRows rows;
-    gather(&rows);
-    keys = uniteKeys(rows.constData(), rows.size());
-    isKept = true;
-}
-
-// Groups pass on what lies below them: keeping the same keys at each level of a node's groups would
-// take more room than the keys themselves.
-void VxDopeSheetItem::Private::gather(KeysOfRows *rows)
-{
-    qint64 below = 0;
-    for (VxDopeSheetItem *item : qAsConst(children)) {
-        Private *child = item->d.get();
-        if (child->isGroup() && !(child->isValid && child->isKept)) {
-            child->gather(rows);
-        } else {
-            child->update();
-            rows->append(&child->keys);
+    QVector<Private *> stale{this};
+    for (int i = 0; i < stale.size(); ++i) {
+        Rows sources;
+        Rows groups;
+        stale.at(i)->findSources(&sources, &groups);
+        for (Private *source : sources) {
+            if (source->property)
+                source->update();
+            else if (!source->isValid || !source->isKept)
+                stale.append(source);
         }
-        below += child->selectedBelow;
     }
-    isValid = true;
-    addSelected(below - selectedBelow);
+    for (int i = stale.size() - 1; i >= 0; --i)
+        stale.at(i)->unite();
 }
 
-// Rows whose properties have changed may have lost their selected keys: they are asked until one is
-// found that has not, and remembered.
-bool VxDopeSheetItem::Private::findSelected()
+// Groups pass on what is below them: keeping the same keys at each level of a node's groups would
+// take more memory than the keys themselves.
+void VxDopeSheetItem::Private::findSources(Rows *sources, Rows *groups)
 {
-    if (selectedBelow == 0)
-        return false;
-    if (property || children.isEmpty()) {
-        update();
-        return selectedBelow != 0;
+    makeRowsWithKeys();
+    groups->append(this);
+    for (int i = 0; i < groups->size(); ++i) {
+        for (VxDopeSheetItem *item : qAsConst(groups->at(i)->children)) {
+            Private *child = item->d.get();
+            const bool isSkipped = child->isGroup() && !(child->isValid && child->isKept);
+            (isSkipped ? groups : sources)->append(child);
+        }
     }
-    selectedHint = std::min(selectedHint, children.size() - 1);
-    if (children.at(selectedHint)->d->findSelected())
-        return true;
-    for (int i = 0; i < children.size() && selectedBelow != 0; ++i) {
-        if (!children.at(i)->d->findSelected())
-            continue;
-        selectedHint = i;
-        return true;
+}
+
+// What a row without property shows does not count as selected: the rows below have counted it.
+void VxDopeSheetItem::Private::unite()
+{
+    Rows sources;
+    Rows groups;
+    findSources(&sources, &groups);
+    QVarLengthArray<DopeSheetKeys *, 32> below;
+    for (Private *source : sources)
+        below.append(&source->keys);
+    keys = uniteKeys(below.constData(), below.size());
+    isKept = true;
+    for (Private *group : groups)
+        group->isValid = true;
+}
+
+// Rows whose properties have changed may have lost their selected keys: they are updated, one after
+// another, until one is found that has not.
+bool VxDopeSheetItem::Private::hasSelected()
+{
+    while (selectedBelow != 0) {
+        Private *found = this;
+        while (Private *below = found->selectedChild())
+            found = below;
+        if (found->property)
+            found->update();
+        else
+            found->addSelected(-found->selectedBelow); // its property was destroyed
+        if (found->selectedBelow != 0)
+            return true;
     }
     return false;
 }
 
+VxDopeSheetItem::Private *VxDopeSheetItem::Private::selectedChild()
+{
+    for (int i = 0; i < children.size(); ++i, ++selectedHint) {
+        if (selectedHint >= children.size())
+            selectedHint = 0;
+        Private *child = children.at(selectedHint)->d.get();
+        if (child->selectedBelow != 0)
+            return child;
+    }
+    return nullptr;
+}
+
 QString VxDopeSheetItem::Private::pathOfNode()
 {
-    if (!nodePath.isEmpty())
-        return nodePath;
-    VxDopeSheetItem *above = parent;
-    while (above && !above->d->node)
-        above = above->d->parent;
-    nodePath = (above ? above->d->pathOfNode() : QString()) + QLatin1Char('/') + node->getName();
+    QVector<Private *> unknown;
+    Private *above = this;
+    for (; above && above->nodePath.isEmpty();
+         above = above->parent ? above->parent->d.get() : nullptr) {
+        if (above->node)
+            unknown.append(above);
+    }
+    QString path = above ? above->nodePath : QString();
+    for (int i = unknown.size() - 1; i >= 0; --i) {
+        path += QLatin1Char('/') + unknown.at(i)->node->getName();
+        unknown.at(i)->nodePath = path;
+    }
     return nodePath;
 }
 
 void VxDopeSheetItem::Private::forgetNodePaths()
 {
-    nodePath.clear();
-    for (VxDopeSheetItem *item : qAsConst(children))
-        item->d->forgetNodePaths();
+    if (!node)
+        return; // no node is below a property or a group
+    for (const VxDopeSheetItem *item : allRows())
+        item->d->nodePath.clear();
 }
 
 bool VxDopeSheetItem::hasKeys() const
 {
-    if (d->property)
-        return d->property->getNumKeys() > 0;
-    return std::any_of(d->children.cbegin(), d->children.cend(),
-                       [](const VxDopeSheetItem *item) { return item->hasKeys(); });
+    return d->property ? d->property->getNumKeys() > 0 : keyCount() > 0;
 }
 
 int VxDopeSheetItem::keyCount() const
@@ -194,7 +229,7 @@ int VxDopeSheetItem::selectedKeyCount() const
 
 bool VxDopeSheetItem::hasSelectedKeys() const
 {
-    return d->findSelected();
+    return d->hasSelected();
 }
 
 // A row without property shows the selection of those below it, which stays: there is nothing to

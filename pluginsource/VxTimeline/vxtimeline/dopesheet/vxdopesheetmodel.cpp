@@ -1,5 +1,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
 #include <QtGui/QIcon>
 #include <utility>
@@ -7,16 +8,21 @@
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxpropertyhelper.h>
+#include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
+#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this))
 {
     d->propertyTypes = propertyTypes & 0xff;
     d->keyCreationScope = keyCreationScope;
+    if (vxScene)
+        connect(vxScene, &VxScene::nodeValuesChanged, this,
+                &VxDopeSheetModel::handleNodeValuesChanged);
 }
 
 VxDopeSheetModel::~VxDopeSheetModel() = default;
@@ -128,7 +134,7 @@ int VxDopeSheetModel::columnCount(const QModelIndex &parent) const
 
 bool VxDopeSheetModel::hasChildren(const QModelIndex &parent) const
 {
-    return parent.column() <= NameColumn && rowCount(parent) > 0;
+    return parent.column() <= NameColumn && (canFetchMore(parent) || rowCount(parent) > 0);
 }
 
 QVariant VxDopeSheetModel::decoration(const VxDopeSheetItem *item) const
@@ -187,33 +193,141 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
 {
     if (!node || d->rows.contains(node))
         return;
+    QVector<VxNode *> missing;
+    for (VxNode *above = node; above && !d->rows.contains(above); above = above->getNodeParent())
+        missing.append(above);
+    while (!missing.isEmpty())
+        addRow(missing.takeLast());
+    if (!addChildren)
+        return;
+    QVector<VxNode *> open{node};
+    while (!open.isEmpty()) {
+        VxNode *above = open.takeLast();
+        if (!d->rows.contains(above))
+            addRow(above);
+        else if (above != node)
+            continue;
+        for (int i = above->getNumNodeChildren() - 1; i >= 0; --i)
+            open.append(above->getNodeChild(i));
+    }
+}
+
+// True when the node's property rows can be made later, because they are known: those of the
+// transform controls that are listed, without a key and with their default traits.
+bool VxDopeSheetModel::canMakeRowsLater(const VxNode *node) const
+{
+    constexpr int Transforms = DopeSheetPropertyTypes::Translation |
+                               DopeSheetPropertyTypes::Rotation | DopeSheetPropertyTypes::Scale;
+    return (d->propertyTypes & Transforms) && vxScene && node->getScene() == vxScene &&
+           !node->getObject() && node->getMadeProperties().isEmpty();
+}
+
+void VxDopeSheetModel::addRow(VxNode *node)
+{
     VxNode *above = node->getNodeParent();
-    if (above && !d->rows.contains(above))
-        addNode(above, false);
     VxDopeSheetItem *parentItem = above ? d->rows.value(above, nullptr) : &d->root;
     if (!parentItem)
         return;
-
     const int row = parentItem->childCount();
-    beginInsertRows(indexOf(parentItem), row, row);
+    if (!d->isResetting)
+        beginInsertRows(indexOf(parentItem), row, row);
     auto *item = new VxDopeSheetItem;
     item->setNode(node);
     item->setParent(parentItem);
-    addPropertyRows(node, item);
-    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::keysChanged,
-            Qt::UniqueConnection);
-    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::handleNameChanged,
+    if (canMakeRowsLater(node))
+        item->setRowMaker(d.get());
+    else
+        addPropertyRows(node, item);
+    connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::handleLabelChanged,
             Qt::UniqueConnection);
     connect(node, &QObject::destroyed, this, &VxDopeSheetModel::forgetNode, Qt::UniqueConnection);
     connect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
-    connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::renewPropertyRows);
     d->rows.insert(node, item);
-    endInsertRows();
+    d->propertyRowsValid = false;
+    if (!d->isResetting)
+        endInsertRows();
     handleNameChanged();
+}
 
-    for (int i = 0; addChildren && i < node->getNumNodeChildren(); ++i)
-        addNode(node->getNodeChild(i), true);
+void VxDopeSheetModel::resetDuring(const std::function<void()> &change)
+{
+    beginResetModel();
+    {
+        const QScopedValueRollback<bool> resetting(d->isResetting, true);
+        change();
+    }
+    endResetModel();
+}
+
+void VxDopeSheetModel::handleLabelChanged()
+{
+    keysChanged();
+    handleNameChanged();
+}
+
+// Rows that are not made yet have no connection of their own.
+void VxDopeSheetModel::handleNodeValuesChanged(VxNode *node)
+{
+    VxDopeSheetItem *item = findItem(node);
+    if (!item || !item->hasRowsToMake())
+        return;
+    item->invalidateKeys();
+    keysChanged();
+}
+
+VxDopeSheetItem *VxDopeSheetModel::findPropertyItem(const VxProperty *property) const
+{
+    VxNode *node = VxPropertyHelper::getNode(property);
+    const VxDopeSheetItem *nodeRow = node ? findItem(node) : nullptr;
+    if (!nodeRow || nodeRow->childCount() == 0) // makes the rows
+        return nullptr;
+    if (!d->propertyRowsValid)
+        d->indexPropertyRows();
+    VxDopeSheetItem *item = d->propertyRows.value(property, nullptr);
+    return item && item->property() == property ? item : nullptr;
+}
+
+QVector<VxDopeSheetItem *> VxDopeSheetModel::findHolderItems(const VxProperty *holder) const
+{
+    if (!d->propertyRowsValid)
+        d->indexPropertyRows();
+    if (d->holderRevision != VxProperty::latestHolderRevision()) {
+        d->holderRevision = VxProperty::latestHolderRevision();
+        d->holderRows.clear();
+        for (VxDopeSheetItem *item : qAsConst(d->propertyRows)) {
+            if (const VxProperty *property = item->property())
+                d->holderRows[property->getKeyHolder()].append(item);
+        }
+    }
+    return d->holderRows.value(holder);
+}
+
+// Rows that are not made are left out while their nodes have nothing but default controls.
+void VxDopeSheetModel::Private::indexPropertyRows()
+{
+    holderRevision = 0;
+    propertyRows.clear();
+    QVector<VxDopeSheetItem *> open{&root};
+    while (!open.isEmpty()) {
+        VxDopeSheetItem *item = open.takeLast();
+        if (item->property())
+            propertyRows.insert(item->property(), item);
+        const bool isPlain = item->hasRowsToMake() && item->node()->getMadeProperties().isEmpty();
+        for (int i = 0; !isPlain && i < item->childCount(); ++i)
+            open.append(item->child(i));
+    }
+    propertyRowsValid = true;
+}
+
+bool VxDopeSheetModel::canFetchMore(const QModelIndex &parent) const
+{
+    return parent.column() <= NameColumn && getItem(parent)->hasRowsToMake();
+}
+
+void VxDopeSheetModel::fetchMore(const QModelIndex &parent)
+{
+    rowCount(parent);
 }
 
 void VxDopeSheetModel::addPropertyRows(VxNode *node, VxDopeSheetItem *item)
@@ -229,51 +343,70 @@ void VxDopeSheetModel::addPropertyRows(VxNode *node, VxDopeSheetItem *item)
     }
 }
 
-// The label's connection stays: a node that has no row any more may still be the subject of what a
-// view shows.
-// Children go first, so that no row ever stands for a node whose parent has none.
+// With all rows below in one removal: views and filters take time for each. A node whose row is in
+// another place than the node, because it is just changing its parent, is looked for as well.
 void VxDopeSheetModel::removeNode(VxNode *node)
 {
     if (!node || d->rows.isEmpty())
         return;
-    for (int i = 0; i < node->getNumNodeChildren(); ++i)
-        removeNode(node->getNodeChild(i));
-    VxDopeSheetItem *item = d->rows.take(node);
-    if (!item)
-        return;
-    beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
-    disconnect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
-    disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
-    disconnect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::renewPropertyRows);
-    delete item;
-    endRemoveRows();
-    handleNameChanged();
+    QVector<VxNode *> nodes{node};
+    node->getNodeChildren(nodes, true);
+    for (VxNode *leaving : qAsConst(nodes)) {
+        if (VxDopeSheetItem *item = findItem(leaving))
+            removeNodeRow(item, nullptr);
+    }
 }
 
 void VxDopeSheetModel::forgetNode(QObject *node)
 {
-    VxDopeSheetItem *item = d->rows.value(node, nullptr);
-    if (!item)
-        return;
-    // Whoever is told that the row goes may still ask for its name.
-    d->forgetRows(item);
-    item->setNode(nullptr);
+    if (VxDopeSheetItem *item = d->rows.value(node, nullptr))
+        removeNodeRow(item, node);
+}
+
+void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode)
+{
+    // Receivers of the signals may still ask the row for its name.
+    d->forgetRows(item, destroyedNode);
+    if (destroyedNode)
+        item->setNode(nullptr);
     beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
     delete item;
     endRemoveRows();
     handleNameChanged();
 }
 
-void VxDopeSheetModel::handleNameChanged()
+// The label's connection stays: a node that has no row any more may still be the subject of what a
+// view shows.
+void VxDopeSheetModel::Private::forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode)
 {
-    if (std::exchange(d->willTellNames, true))
-        return;
-    QTimer::singleShot(0, this, &VxDopeSheetModel::tellNamesChanged);
+    propertyRowsValid = false;
+    QVector<VxDopeSheetItem *> open{item};
+    while (!open.isEmpty()) {
+        const VxDopeSheetItem *row = open.takeLast();
+        if (VxNode *node = row->node()) {
+            rows.remove(node);
+            if (node != destroyedNode) {
+                disconnect(node, &VxNode::parentChanged, q, &VxDopeSheetModel::parentChanged);
+                disconnect(node, &VxNode::objectChanged, q, &VxDopeSheetModel::objectChanged);
+            }
+        }
+        for (int i = 0; !row->hasRowsToMake() && i < row->childCount(); ++i) {
+            if (row->child(i)->node())
+                open.append(row->child(i));
+        }
+    }
 }
 
-void VxDopeSheetModel::tellNamesChanged()
+void VxDopeSheetModel::handleNameChanged()
 {
-    d->willTellNames = false;
+    if (std::exchange(d->namesChangedPending, true))
+        return;
+    QTimer::singleShot(0, this, &VxDopeSheetModel::emitNamesChanged);
+}
+
+void VxDopeSheetModel::emitNamesChanged()
+{
+    d->namesChangedPending = false;
     Q_EMIT namesChanged();
 }
 
@@ -292,14 +425,6 @@ void VxDopeSheetModel::parentChanged(VxNode *node, VxNode *oldParent, VxNode *ne
     item->setParent(destination);
     endMoveRows();
     handleNameChanged();
-}
-
-// What the rows show of a node's object is followed by renewPropertyRows().
-void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject)
-{
-    Q_UNUSED(node)
-    Q_UNUSED(oldObject)
-    Q_UNUSED(newObject)
 }
 
 void VxDopeSheetModel::keysChanged()

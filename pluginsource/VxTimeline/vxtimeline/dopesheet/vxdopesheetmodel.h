@@ -3,21 +3,23 @@
 
 #include <QtCore/QAbstractItemModel>
 #include <QtCore/QVector>
+#include <functional>
 #include <memory>
 
 class VxDopeSheetItem;
 class VxNode;
 class VxObject;
+class VxProperty;
 
 // The tree of rows behind the dope sheet as an item model of two columns, name and keys.
 //
-// The model follows the scene for the nodes it has been given: it makes a node's rows, moves them
-// when the node gets another parent, and takes them away. Which nodes those are is the pane's
-// decision. What property types are listed is settled when rows are made: another choice needs
-// another model.
+// The model follows the scene for the nodes that the pane adds: it makes a node's rows, moves them
+// when the node gets another parent, and removes them. The property rows of a node that has nothing
+// but its default controls are made when they are first asked for. The listed property types are
+// fixed when the model is made: another choice needs another model.
 //
-// Rows report changes of keys in the thousands, so every report is told in one way that costs no
-// more than the rows at the top level: views show all that is below anew.
+// Thousands of rows may report changes of keys, so every report becomes the same dataChanged() over
+// the rows at the top level, and views repaint everything.
 class VxDopeSheetModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -39,10 +41,18 @@ public:
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
     // The row of a node; null when it has none.
     VxDopeSheetItem *findItem(VxNode *node) const;
+    // The row of a property, whether the filter shows it or not; null when it has none.
+    VxDopeSheetItem *findPropertyItem(const VxProperty *property) const;
+    // The rows that show the keys of a holder: its own, and those of its aliases.
+    QVector<VxDopeSheetItem *> findHolderItems(const VxProperty *holder) const;
     // Invalid for null and for the root item.
     QModelIndex indexOf(const VxDopeSheetItem *item, int column = NameColumn) const;
     // The nodes of the rows at the top level, in their order.
     QVector<VxNode *> getTopLevelNodes() const;
+
+    // Calls change(), which may add and move rows but remove none, as one reset of the model. A
+    // filter model takes time for each row that is added in proportion to those that it has.
+    void resetDuring(const std::function<void()> &change);
 
     // Change the place of a row at the top level; a node that has none there is ignored.
     void moveRootRowToTop(VxNode *node);
@@ -57,9 +67,12 @@ public:
     // The same for all columns of a row.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
-    // What is below a row is found from its first column: a view that followed the other column,
-    // too, would meet the same rows twice.
+    // Only in the first column: a view that followed the other column as well would find the same
+    // rows twice.
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
+    // True for a node whose property rows are not made yet; rowCount() makes them, too.
+    bool canFetchMore(const QModelIndex &parent) const override;
+    void fetchMore(const QModelIndex &parent) override;
     // Display and decoration for column 0; the VxDopeSheetItem * under Qt::UserRole for both.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
@@ -67,8 +80,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    // Rows came, went or moved, or have other names: what searches names should do so again. Sent
-    // once for all that happens in one turn of the event loop.
+    // Rows were added, removed, moved or renamed: a search in names should be repeated. Sent once
+    // for all that happens in one turn of the event loop.
     void namesChanged();
 
 public Q_SLOTS:
@@ -82,25 +95,30 @@ public Q_SLOTS:
     void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);
     // Puts a node's row behind that of the nearest sibling before it in the scene that has one.
     void followOrder(VxNode *node);
-    // Properties of a node came or went. Rows of those that went are gone at once; what came gets
-    // its rows in the next turn of the event loop. Rows of all others stay.
+    // Properties of a node were added or removed. Rows of removed ones are removed at once; new
+    // ones get their rows in the next turn of the event loop. Rows of all others stay.
     void propertiesChanged(VxNode *node);
-    // Tells the views that anything may have changed.
+    // Lets views repaint everything.
     void keysChanged();
 
 private:
     void handleNameChanged();
-    void tellNamesChanged();
-    // For a node that is gone without having been removed: only its address is used.
+    void emitNamesChanged();
+    void handleLabelChanged();
+    void handleNodeValuesChanged(VxNode *node);
+    // For a node that is destroyed without having been removed: only its address is used.
     void forgetNode(QObject *node);
+    bool canMakeRowsLater(const VxNode *node) const;
+    void addRow(VxNode *node);
+    // With all below it; destroyedNode: the row's node when it is being destroyed, else null.
+    void removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode);
     void addPropertyRows(VxNode *node, VxDopeSheetItem *item);
-    void renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject);
     QVariant decoration(const VxDopeSheetItem *item) const;
     void moveRootRow(int from, int to);
     void moveRow(VxDopeSheetItem *item, int destination);
     void removeRow(VxDopeSheetItem *item);
     void insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item);
-    void updateWaitingRows();
+    void updatePendingRows();
     void updatePropertyRows(VxNode *node, VxDopeSheetItem *item);
     void mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *wanted);
     class Private;

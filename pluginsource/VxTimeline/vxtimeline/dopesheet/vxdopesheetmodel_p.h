@@ -1,6 +1,7 @@
 #ifndef VXDOPESHEETMODEL_P_H
 #define VXDOPESHEETMODEL_P_H
 
+#include <QtCore/QHash>
 #include <QtCore/QMap>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
@@ -10,26 +11,39 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 
 // The state of the model, for its sources.
-class VxDopeSheetModel::Private
+class VxDopeSheetModel::Private final : public DopeSheetRowMaker
 {
 public:
+    explicit Private(VxDopeSheetModel *model)
+        : q(model)
+    {
+    }
+
+    VxDopeSheetModel *q;
     VxDopeSheetItem root;
     // By the node as an object: one that is being destroyed is no node any more.
     QMap<const QObject *, VxDopeSheetItem *> rows;
+    // The property rows that are made, by property; found anew after rows were removed.
+    QHash<const VxProperty *, VxDopeSheetItem *> propertyRows;
+    bool propertyRowsValid = false;
+    // The same rows by the holders of their keys; of the given VxProperty::latestHolderRevision().
+    QHash<const VxProperty *, QVector<VxDopeSheetItem *>> holderRows;
+    quint64 holderRevision = 0;
     int propertyTypes = 0;
     int keyCreationScope = 2;
-    bool willTellNames = false;
+    bool namesChangedPending = false;
+    bool isResetting = false; // rows are added and moved without signals
     // Nodes whose property rows are made up to date in the next turn of the event loop.
     QVector<QPointer<VxNode>> nodesToUpdate;
 
-    // Takes the nodes of a row and of all below out of the table.
-    void forgetRows(const VxDopeSheetItem *item)
+    void makeRows(VxDopeSheetItem *nodeRow) override
     {
-        if (item->node())
-            rows.remove(item->node());
-        for (int i = 0; i < item->childCount(); ++i)
-            forgetRows(item->child(i));
+        q->addPropertyRows(nodeRow->node(), nodeRow);
+        propertyRowsValid = false;
     }
+    void indexPropertyRows();
+    // Takes the nodes of a row and of all below out of the table and drops their connections.
+    void forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode);
 
     int topLevelRow(VxNode *node) const
     {

@@ -1,5 +1,5 @@
-// How the model follows what the scene tells of nodes that have rows already: their order, and
-// properties that come and go.
+// How the model follows the scene for nodes that have rows already: their order, and properties
+// that are added and removed.
 
 #include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
 
@@ -80,23 +80,26 @@ void VxDopeSheetModel::followOrder(VxNode *node)
     moveRow(item, place);
 }
 
-// destination: the place among the siblings as they stand before the move.
+// destination: the index among the siblings before the move.
 void VxDopeSheetModel::moveRow(VxDopeSheetItem *item, int destination)
 {
     VxDopeSheetItem *above = item->parentItem();
     const int from = item->row();
-    if (!beginMoveRows(indexOf(above), from, from, indexOf(above), destination))
+    const bool isMove = destination < from || destination > from + 1;
+    if (!isMove || (!d->isResetting &&
+                    !beginMoveRows(indexOf(above), from, from, indexOf(above), destination)))
         return;
     above->moveChild(from, destination > from ? destination - 1 : destination);
-    endMoveRows();
+    if (!d->isResetting)
+        endMoveRows();
 }
 
-// The former object is still there while this is told, but its properties are not the node's any
-// more.
-void VxDopeSheetModel::renewPropertyRows(VxNode *node, VxObject *oldObject, VxObject *newObject)
+// The former object still exists while this is called, but its properties are not the node's any
+// more. Rows of an object's properties are listed only with the other properties.
+void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject)
 {
     VxDopeSheetItem *item = findItem(node);
-    if (!item || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
+    if (!item || item->hasRowsToMake() || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
         (!hasProperties(oldObject) && !hasProperties(newObject)))
         return;
     updatePropertyRows(node, item);
@@ -106,22 +109,21 @@ void VxDopeSheetModel::renewPropertyRows(VxNode *node, VxObject *oldObject, VxOb
 void VxDopeSheetModel::propertiesChanged(VxNode *node)
 {
     VxDopeSheetItem *item = findItem(node);
-    VxDopeSheetItem *properties = item ? propertiesRow(item) : nullptr;
-    if (!item)
+    if (!item || item->hasRowsToMake())
         return;
-    // A row must not lead to a property that has left: the history may keep it alive.
+    // No row may show a property that was removed: the history may keep it alive.
     QVector<VxDopeSheetItem *> stray;
-    if (properties)
+    if (VxDopeSheetItem *properties = propertiesRow(item))
         collectStrayRows(properties, node, &stray);
     for (VxDopeSheetItem *row : qAsConst(stray))
         removeRow(row);
     if (d->nodesToUpdate.isEmpty())
-        QTimer::singleShot(0, this, &VxDopeSheetModel::updateWaitingRows);
+        QTimer::singleShot(0, this, &VxDopeSheetModel::updatePendingRows);
     if (d->nodesToUpdate.isEmpty() || d->nodesToUpdate.last() != node)
         d->nodesToUpdate.append(node);
 }
 
-// With the groups above that nothing is left in.
+// With the groups above that become empty.
 void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
 {
     VxDopeSheetItem *above = item->parentItem();
@@ -129,13 +131,14 @@ void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
         item = above;
         above = item->parentItem();
     }
+    d->propertyRowsValid = false;
     beginRemoveRows(indexOf(above), item->row(), item->row());
     delete item;
     endRemoveRows();
     handleNameChanged();
 }
 
-void VxDopeSheetModel::updateWaitingRows()
+void VxDopeSheetModel::updatePendingRows()
 {
     const QVector<QPointer<VxNode>> nodes = std::exchange(d->nodesToUpdate, {});
     for (VxNode *node : nodes) {
@@ -144,10 +147,11 @@ void VxDopeSheetModel::updateWaitingRows()
     }
 }
 
-// The rows that are wanted are made aside; those that are there already stay, with their selection
-// and what a view knows of them.
+// The new rows are made in a tree of their own and merged into the present one: rows that exist
+// already stay, with their selection and their state in views.
 void VxDopeSheetModel::updatePropertyRows(VxNode *node, VxDopeSheetItem *item)
 {
+    d->propertyRowsValid = false;
     VxDopeSheetItem wantedNodeRow;
     addPropertyRows(node, &wantedNodeRow);
     VxDopeSheetItem *wanted = wantedNodeRow.child(0);

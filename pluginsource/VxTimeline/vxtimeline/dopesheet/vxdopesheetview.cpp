@@ -1,7 +1,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 #include <QtCore/QScopedValueRollback>
-#include <QtCore/QSortFilterProxyModel>
+#include <QtCore/QSet>
 #include <QtCore/QTimer>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
@@ -20,12 +20,16 @@
 
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
 #include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/time/timelinemetrics.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/vxwarning.h"
 
 namespace {
 
@@ -36,12 +40,6 @@ constexpr int TimerInterval = 100; // milliseconds
 constexpr double RubberBandOpacity = 0.5;
 
 } // namespace
-
-const VxDopeSheetModel *VxDopeSheetView::Private::sourceModel() const
-{
-    const QAbstractItemModel *model = filterModel ? filterModel->sourceModel() : view->model();
-    return qobject_cast<const VxDopeSheetModel *>(model);
-}
 
 VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     : QTreeView(parent)
@@ -59,7 +57,9 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     connect(vxScene, &VxScene::timeChanged, this, &VxDopeSheetView::timeChanged);
     connect(vxApp, &VxApp::starting, this, &VxDopeSheetView::handleAppStarting);
     connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, this,
-            [this] { d->updateCommonTcb(); });
+            [this] { d->keys.updateCommonTcb(); });
+    connect(this, &QTreeView::collapsed, this,
+            [this](const QModelIndex &row) { d->treeState.handleCollapsed(row); });
     d->guard = new VxGestureGuard(viewport());
     connect(d->guard, &VxGestureGuard::dropped, this, [this] { d->abandonGesture(); });
     auto *timer = new QTimer(this);
@@ -80,18 +80,19 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
     if (newModel == model())
         return;
-    d->forgetItems();
-    d->commonTcb = Private::CommonTcb();
     QTreeView::setModel(newModel);
+    d->keys.updateCommonTcb();
     if (!newModel)
         return;
     const std::unique_ptr<QItemSelectionModel> plain(selectionModel());
     setSelectionModel(new DopeSheetSelectionModel(newModel, this));
     connect(newModel, &QObject::destroyed, selectionModel(), &QObject::deleteLater);
+    connect(newModel, &QAbstractItemModel::rowsRemoved, this, &VxDopeSheetView::finishRemoval,
+            Qt::UniqueConnection);
 }
 
-// The tree view would look at every open row again, for each row of keys that reports a change. The
-// rows have one height, and whether they have others below is told when those come and go.
+// The tree view would lay out every open row again, for each row of keys that reports a change. All
+// rows have the same height, and rows that are added or removed are reported by other signals.
 void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                   const QVector<int> &roles)
 {
@@ -101,9 +102,24 @@ void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex 
     viewport()->update();
 }
 
-void VxDopeSheetView::forgetItems()
+// The tree view would look for every range of the change among the open rows.
+void VxDopeSheetView::selectionChanged(const QItemSelection &selected,
+                                       const QItemSelection &deselected)
 {
-    d->forgetItems();
+    Q_UNUSED(selected)
+    Q_UNUSED(deselected)
+    viewport()->update();
+}
+
+void VxDopeSheetView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    d->rows.prepareRemoval(parent, start, end);
+    QTreeView::rowsAboutToBeRemoved(parent, start, end);
+}
+
+void VxDopeSheetView::finishRemoval()
+{
+    d->rows.finishRemoval();
 }
 
 void VxDopeSheetView::setFilterModel(QSortFilterProxyModel *filterModel)
@@ -128,19 +144,36 @@ void VxDopeSheetView::applyFilterText(const QString &text)
 {
     if (!d->filterModel)
         return;
+    keepRowsDuring([this, &text] {
+        const QRegExp pattern = dopeSheetFilterPattern(text);
+        if (auto *filter = qobject_cast<VxDopeSheetFilterModel *>(d->filterModel))
+            filter->refilter(pattern);
+        else
+            d->filterModel->setFilterRegExp(pattern);
+    });
+}
+
+void VxDopeSheetView::keepRowsDuring(const std::function<void()> &change)
+{
     const QVector<VxProperty *> before = getSelectedProperties();
     {
-        const QScopedValueRollback<bool> restoring(d->inSelectionChanged, true);
-        d->rowMemory.note(!d->filterModel->filterRegExp().isEmpty());
-        d->filterModel->setFilterRegExp(dopeSheetFilterPattern(text));
-        // Until then opening a row only notes it.
-        scheduleDelayedItemsLayout();
-        d->rowMemory.restore(!text.isEmpty());
-        selectSceneSelection();
+        const DopeSheetRowSelection::Hold hold(&d->rows);
+        d->treeState.save();
+        change();
+        d->treeState.restore();
+        d->rows.addSceneSelection();
     }
+    viewport()->update();
     const QVector<VxProperty *> after = getSelectedProperties();
     if (after != before)
         Q_EMIT propertyHitListChanged(after, false);
+}
+
+void VxDopeSheetView::renewModel(const std::function<void()> &renew)
+{
+    const std::vector<DopeSheetKeySelection::Saved> selected = d->keys.save();
+    keepRowsDuring(renew);
+    d->keys.restore(selected);
 }
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)
@@ -162,9 +195,15 @@ VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
     return index.sibling(index.row(), KeysColumn).data(Qt::UserRole).value<VxDopeSheetItem *>();
 }
 
+const VxDopeSheetModel *VxDopeSheetView::getSourceModel() const
+{
+    const QAbstractItemModel *rows = d->filterModel ? d->filterModel->sourceModel() : model();
+    return qobject_cast<const VxDopeSheetModel *>(rows);
+}
+
 QModelIndex VxDopeSheetView::findIndex(const VxDopeSheetItem *item) const
 {
-    const VxDopeSheetModel *rows = d->sourceModel();
+    const VxDopeSheetModel *rows = getSourceModel();
     if (!rows)
         return QModelIndex();
     const QModelIndex index = rows->indexOf(item);
@@ -173,7 +212,7 @@ QModelIndex VxDopeSheetView::findIndex(const VxDopeSheetItem *item) const
 
 QModelIndex VxDopeSheetView::findNodeIndex(VxNode *node) const
 {
-    const VxDopeSheetModel *rows = d->sourceModel();
+    const VxDopeSheetModel *rows = getSourceModel();
     return rows ? findIndex(rows->findItem(node)) : QModelIndex();
 }
 
@@ -218,7 +257,7 @@ VxDopeSheetItem *VxDopeSheetView::searchPrevious()
     return nullptr;
 }
 
-// The pane's class is not known here, so its signal is named by its text.
+// The pane's class is declared in a room that this one must not include.
 void VxDopeSheetView::handleAppStarting()
 {
     const VxMainWindow *window = vxApp->getInterface();
@@ -230,10 +269,170 @@ void VxDopeSheetView::handleAppStarting()
 
 void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propList)
 {
-    const QSet<VxProperty *> former = d->graphProperties;
-    d->graphProperties = QSet<VxProperty *>(propList.cbegin(), propList.cend());
-    d->sendSelectionOf(d->graphProperties - former);
+    d->keys.setGraphProperties(QSet<VxProperty *>(propList.cbegin(), propList.cend()));
     viewport()->update();
+}
+
+bool VxDopeSheetView::isRowSelected(const QModelIndex &index) const
+{
+    const auto *rows = qobject_cast<const DopeSheetSelectionModel *>(selectionModel());
+    return rows && rows->isRowSelected(index);
+}
+
+bool VxDopeSheetView::isChangingSelection() const
+{
+    return d->rows.isChangingNodes();
+}
+
+void VxDopeSheetView::selectSceneSelection()
+{
+    d->rows.addSceneSelection();
+}
+
+void VxDopeSheetView::showSceneSelection()
+{
+    d->rows.showSceneSelection();
+}
+
+bool VxDopeSheetView::hasItemSelection() const
+{
+    return selectionModel() && selectionModel()->hasSelection();
+}
+
+QVector<VxProperty *> VxDopeSheetView::getSelectedProperties() const
+{
+    return d->rows.properties();
+}
+
+void VxDopeSheetView::handleSelectionChanged(const QItemSelection &selected,
+                                             const QItemSelection &deselected)
+{
+    d->rows.handleChange(selected, deselected, d->pressModifiers);
+}
+
+bool VxDopeSheetView::hasSelectedKeys() const
+{
+    return d->keys.hasSelectedKeys();
+}
+
+bool VxDopeSheetView::getCommonTension(float *tension) const
+{
+    return d->keys.commonTcb().getTension(tension);
+}
+
+bool VxDopeSheetView::getCommonContinuity(float *continuity) const
+{
+    return d->keys.commonTcb().getContinuity(continuity);
+}
+
+bool VxDopeSheetView::getCommonBias(float *bias) const
+{
+    return d->keys.commonTcb().getBias(bias);
+}
+
+void VxDopeSheetView::setKeySelection(bool yesNo, QModelIndex startIndex, QModelIndex endIndex,
+                                      VxTime startTime, VxTime endTime)
+{
+    if (!startIndex.isValid()) {
+        startIndex = d->contextIndex;
+        d->contextIndex = QPersistentModelIndex();
+    }
+    if (!endIndex.isValid())
+        endIndex = startIndex;
+    d->keys.select(startIndex, endIndex, yesNo, startTime, endTime);
+    Q_EMIT keySelectionChanged();
+    viewport()->update();
+}
+
+void VxDopeSheetView::clearSelectedKeys()
+{
+    d->keys.clearRows();
+    viewport()->update();
+}
+
+void VxDopeSheetView::setKeyCommunication(VxKeyCommunication *bus)
+{
+    if (getKeyCommunication())
+        disconnect(getKeyCommunication(), &VxKeyCommunication::received, this,
+                   &VxDopeSheetView::handleKeyMessage);
+    d->keys.setBus(bus);
+    if (bus)
+        connect(bus, &VxKeyCommunication::received, this, &VxDopeSheetView::handleKeyMessage);
+}
+
+VxKeyCommunication *VxDopeSheetView::getKeyCommunication() const
+{
+    return d->keys.bus();
+}
+
+void VxDopeSheetView::handleKeyMessage(const VxKeyMessage &message)
+{
+    d->keys.handleMessage(message);
+    viewport()->update();
+}
+
+bool VxDopeSheetView::hasCopiedKeys() const
+{
+    return d->commands.hasCopiedKeys();
+}
+
+int VxDopeSheetView::numCopiedKeys() const
+{
+    return d->commands.numCopiedKeys();
+}
+
+void VxDopeSheetView::copyKeys()
+{
+    d->commands.copy();
+    Q_EMIT copyContextChanged(hasCopiedKeys());
+}
+
+void VxDopeSheetView::pasteKeys()
+{
+    pasteCopiedKeys();
+}
+
+// Key commands are refused while keys are dragged: the keys' times are not final until the drop.
+bool VxDopeSheetView::pasteCopiedKeys()
+{
+    return !d->dragHold && d->commands.paste();
+}
+
+void VxDopeSheetView::deleteKeys()
+{
+    if (!d->dragHold)
+        d->commands.remove();
+}
+
+void VxDopeSheetView::setInterpType(int type)
+{
+    if (type < VxKeyInterp::Linear || type > VxKeyInterp::Tcb) {
+        vxWarning(VX_HERE,
+                  QStringLiteral("Invalid value passed to VxDopeSheetView::setInterpType()"));
+        return;
+    }
+    if (!d->dragHold)
+        d->commands.setType(type);
+}
+
+void VxDopeSheetView::setTCB(float t, float c, float b)
+{
+    if (!d->dragHold)
+        d->commands.setTcb(t, c, b);
+}
+
+void VxDopeSheetView::skipToPreviousKey()
+{
+    const VxTime time = d->commands.previousKey();
+    if (time != -1)
+        TimelinePlayback::setTime(time);
+}
+
+void VxDopeSheetView::skipToNextKey()
+{
+    const VxTime time = d->commands.nextKey();
+    if (time != VxTimeMax)
+        TimelinePlayback::setTime(time);
 }
 
 int VxDopeSheetView::Private::timeX(VxTime time) const
@@ -264,7 +463,7 @@ bool VxDopeSheetView::isToBePainted(const QRect &rect) const
 
 void VxDopeSheetView::timerKick()
 {
-    d->pace.tick(d->clock.elapsed());
+    d->throttle.tick(d->clock.elapsed());
 }
 
 // The name column and the line of the current time show through where rows paint nothing.

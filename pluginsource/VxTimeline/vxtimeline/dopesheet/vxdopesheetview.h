@@ -4,6 +4,7 @@
 #include <QtCore/QItemSelection>
 #include <QtCore/QVector>
 #include <QtWidgets/QTreeView>
+#include <functional>
 #include <memory>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxproperty.h>
@@ -13,16 +14,17 @@
 
 class QSortFilterProxyModel;
 class VxDopeSheetItem;
+class VxDopeSheetModel;
 class VxKeyCommunication;
 class VxNode;
 
 // The dope sheet: names in column 0, and in column 1 a time line for each row with its keys.
 //
-// The view maps time to pixels through TimelineMetrics, as its header and delegates do. Which keys
-// are selected stands in the rows' items; the view changes it, and tells and hears of it over a
-// key message bus. It opens no undo hold for the key commands: whoever calls them does.
+// The view maps time to pixels through TimelineMetrics, as its header and delegates do. The rows'
+// items keep which keys are selected; the view changes that and exchanges it with the key graph
+// over a key message bus. It opens no undo hold for the key commands: the caller does.
 //
-// The order and argument names of signals and slots are seen by scripts: keep them.
+// Scripts see the order and argument names of signals and slots: keep them.
 class VxDopeSheetView : public QTreeView
 {
     Q_OBJECT
@@ -33,8 +35,8 @@ public:
     ~VxDopeSheetView() override;
 
     void setModel(QAbstractItemModel *model) override;
-    // The model says that something has changed, not where: everything is painted anew, and
-    // nothing else is done.
+    // The model does not report which rows have changed: everything is repainted, and nothing else
+    // is done.
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QVector<int> &roles = QVector<int>()) override;
 
@@ -42,19 +44,30 @@ public:
     void setKeyCommunication(VxKeyCommunication *bus);
     VxKeyCommunication *getKeyCommunication() const;
 
-    // The proxy that the text filter drives; not owned, null for none.
+    // The proxy of the text filter; not owned, null for none.
     void setFilterModel(QSortFilterProxyModel *filterModel);
     QSortFilterProxyModel *getFilterModel() const;
-    // Shows the rows whose names match, and those that lead to them. "rx::" in front makes the
-    // text a regular expression that minds case, "rx::ci::" one that does not, "wc::" a wildcard
-    // pattern as it stands; any other text is searched for anywhere in the name, whatever its
-    // case. Empty shows every row. Does nothing without a proxy. Rows that come back are open and
-    // selected as they were, and the scene's selection stays.
+    // The model of all rows, behind the filter; null while there is none.
+    const VxDopeSheetModel *getSourceModel() const;
+    // Shows the rows whose names match, and those that lead to them, which are opened. "rx::" in
+    // front makes the text a case-sensitive regular expression, "rx::ci::" one that ignores case,
+    // "wc::" a wildcard pattern for the whole name; any other text is searched for anywhere in the
+    // name, ignoring case. Empty shows every row. Does nothing without a proxy. Rows that are shown
+    // again are open and selected as before, and the scene's selection stays.
     void applyFilterText(const QString &text);
+    // Calls change(), which may filter the rows or reset the model: rows that are still there
+    // afterwards are open and selected as before, and the scene's selection stays.
+    void keepRowsDuring(const std::function<void()> &change);
+    // Calls renew(), which may replace the model by another one of the same scene. Rows and keys
+    // that still exist afterwards are open and selected as before, at the same scroll position.
+    void renewModel(const std::function<void()> &renew);
 
-    // The width that the keys column has, or gets as soon as the header has shared out its own: a
-    // header reports that a stretched section changes before it takes its new size.
+    // The width of the keys column after the header's next layout: a header reports that a
+    // stretched section changes before it has its new size.
     int getKeysWidth() const;
+
+    // Until the next layout, opening and closing rows only stores which are open.
+    using QTreeView::scheduleDelayedItemsLayout;
 
     // Whether a row is selected, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
@@ -62,19 +75,21 @@ public:
     bool isChangingSelection() const;
     // Selects the rows of the nodes that are selected in the scene, beside those selected already.
     void selectSceneSelection();
+    // The same instead of them.
+    void showSceneSelection();
     // Opens the rows above a node's and scrolls to it; nothing when the node has no row.
     void ensureNodeVisible(VxNode *node);
-    // Renews what depends on the scope in which keys are made.
+    // Repaints what depends on the scope in which keys are made.
     void updateKeyScopeDisplay();
 
-    // For delegates: false when nothing within rect is asked for by the paint event that is going
-    // on. True outside of paint events.
+    // For delegates: false when the present paint event does not include any part of rect. True
+    // outside of paint events.
     bool isToBePainted(const QRect &rect) const;
 
     // The item of a row of the view's model, whatever the column; null for none.
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
-    // The row of an item of the source model in the view's model, which may have left it out;
-    // invalid then, and for null.
+    // The row of an item of the source model in the view's model; invalid when the filter leaves it
+    // out, and for null.
     QModelIndex findIndex(const VxDopeSheetItem *item) const;
     // The first row of a node in the view's model; invalid when it has none.
     QModelIndex findNodeIndex(VxNode *node) const;
@@ -100,8 +115,8 @@ public:
     bool hasCopiedKeys() const;
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const;
-    // Does what pasteKeys() does. False when no row has taken any key: none has been copied, the
-    // rows they came from are not listed, or all of them refuse.
+    // Does what pasteKeys() does. False when no key was set: none was copied, their rows are not
+    // listed, or all of these are locked.
     bool pasteCopiedKeys();
 
     // Open or close the context item: itself; with all below; with those below that have (no)
@@ -118,12 +133,12 @@ public:
     bool getCommonContinuity(float *continuity) const;
     bool getCommonBias(float *bias) const;
 
-    // Whether what is selected in the Parameters pane is followed.
+    // Whether the selection of the Parameters pane is followed.
     void setMonitorParametersPane(bool onOff);
     bool getMonitorParametersPane() const;
 
 Q_SIGNALS:
-    // The properties of the selected rows; add is false when they replace those told before.
+    // The properties of the selected rows; add is false when they replace those sent before.
     void propertyHitListChanged(QVector<VxProperty *> propList, bool add);
     // A change of the row selection has been carried over to the scene.
     void itemSelectionChanged();
@@ -140,17 +155,17 @@ public Q_SLOTS:
     void deleteKeys();
     // Of the selected keys of float properties; their tension, continuity and bias stay.
     void setInterpType(int type);
-    // Of those selected keys that are TCB keys; the others have no use for it.
+    // Of those selected keys that are TCB keys.
     void setTCB(float t, float c, float b);
-    // Go to the nearest key that is more than half a frame away: of the primary node's row, or,
-    // when it has none, of all rows.
+    // Set the time to that of the nearest key that is more than half a frame away: of the primary
+    // node's row, or, when it has none, of all rows.
     void skipToPreviousKey();
     void skipToNextKey();
     void clearSelectedKeys();
     // Selects or deselects the keys of the rows from startIndex to endIndex, in the order in which
-    // they are shown; a closed last row stands for all that is below it. Times: startTime included,
-    // endTime not, except that equal ones mean the keys at just that time. An invalid startIndex
-    // means the context item, an invalid endIndex means startIndex.
+    // they are shown; a closed last row includes all rows below it. Times: startTime included,
+    // endTime not; equal ones select the keys at just that time. An invalid startIndex is replaced
+    // by the context item, an invalid endIndex by startIndex.
     void setKeySelection(bool yesNo, QModelIndex startIndex = QModelIndex(),
                          QModelIndex endIndex = QModelIndex(), VxTime startTime = -1,
                          VxTime endTime = VxTimeMax);
@@ -164,9 +179,12 @@ public Q_SLOTS:
     void handleSelectionChanged(const QItemSelection &selected, const QItemSelection &deselected);
 
 private Q_SLOTS:
-    void forgetItems();
+    void finishRemoval();
 
 protected:
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     void paintEvent(QPaintEvent *event) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                  const QModelIndex &index) const override;
@@ -174,8 +192,11 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    // Alt+Right and Alt+Left open and close the current row, the second time with all rows below it.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void setOpen(const QModelIndex &index, bool open);
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -2,12 +2,12 @@
 
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/dopesheetclock.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 
 KeyDragMath::Scale VxDopeSheetView::Private::dragScale() const
 {
-    const DopeSheetClock times = DopeSheetClock::ofScene();
+    const SceneTimes times = SceneTimes::current();
     KeyDragMath::Scale scale;
     scale.metrics = TimelineMetrics::shared();
     scale.keysLeft = view->columnViewportPosition(KeysColumn);
@@ -16,36 +16,36 @@ KeyDragMath::Scale VxDopeSheetView::Private::dragScale() const
     return scale;
 }
 
-// Takes note of where the keys stand, before anything moves.
+// Saves the times of the selected keys, before anything moves.
 void VxDopeSheetView::Private::prepareDrag()
 {
     drag = std::make_unique<KeyDrag>();
     dragShown = false;
-    for (const SelectedKeys &keys : collectSelected())
-        drag->add(keys);
-    pace.begin(clock.elapsed());
+    for (const SelectedKeys &selected : keys.collect())
+        drag->add(selected);
+    throttle.begin(clock.elapsed());
 }
 
-// The keys that are being dragged count, whatever becomes of their rows and of the selection.
+// Limited by the keys that are being dragged, even if their rows or the selection change meanwhile.
 VxTime VxDopeSheetView::Private::dragOffset() const
 {
     const bool snaps = !pressModifiers.testFlag(Qt::ControlModifier);
     const qint64 offset =
         KeyDragMath::rawOffset(dragScale(), pressPoint.x(), currentPoint.x(), hitTime, snaps);
     return KeyDragMath::limitedOffset(
-        offset, {drag->earliest(), drag->latest(), DopeSheetClock::ofScene().duration});
+        offset, {drag->earliest(), drag->latest(), SceneTimes::current().duration});
 }
 
-// Shows the keys where they would land now, if it is time for that.
+// Moves the keys to where they would land now, at a limited rate.
 void VxDopeSheetView::Private::showDrag()
 {
     if (!dragHold)
         dragHold = std::make_unique<VxUndoStackHold>();
-    if (!pace.isDue(clock.elapsed()))
+    if (!throttle.isDue(clock.elapsed()))
         return;
     dragShown = true;
     drag->moveTo(dragOffset(), VxCollision::WaitBeside);
-    drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
+    drag->visitRows([this](const VxDopeSheetItem *item) { keys.sendSelection(item); });
 }
 
 void VxDopeSheetView::Private::dropKeys()
@@ -58,14 +58,14 @@ void VxDopeSheetView::Private::dropKeys()
     if (!dragHold)
         dragHold = std::make_unique<VxUndoStackHold>();
     drag->moveTo(offset, VxCollision::Replace);
-    drag->visitRows([this](const VxDopeSheetItem *item) { sendSelection(item); });
+    drag->visitRows([this](const VxDopeSheetItem *item) { keys.sendSelection(item); });
     dragHold->accept(tr("Move Keys"));
     dragHold.reset();
     drag.reset();
 }
 
-// A drag that leaves no trace. If a key could not be put back, because its property was locked or
-// others took it away meanwhile, there is a change, which is kept so that it can be undone.
+// Without an undo entry, unless a key could not be put back, because its property was locked or the
+// key was removed meanwhile: then the change can be undone.
 void VxDopeSheetView::Private::putKeysBack()
 {
     const bool complete = !dragShown || !drag || drag->moveTo(0, VxCollision::WaitBeside);

@@ -1,5 +1,6 @@
 // The selected keys by key holder, as the application sees them.
 
+#include <QtCore/QHash>
 #include <QtCore/QSet>
 #include <vxcore/vxproperty.h>
 
@@ -7,29 +8,10 @@
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/keys/keyspans.h"
 
-const QVector<VxDopeSheetItem *> &VxDopeSheetView::Private::itemsOfHolder(const VxProperty *holder)
-{
-    static const QVector<VxDopeSheetItem *> none;
-    if (!m_indexedModel || m_indexedModel != sourceModel())
-        indexItems();
-    if (m_indexedHolders != VxProperty::latestHolderRevision()) {
-        m_itemsByHolder.clear();
-        for (const QVector<VxDopeSheetItem *> &rows : qAsConst(m_items)) {
-            for (VxDopeSheetItem *item : rows) {
-                if (const VxProperty *property = item->property())
-                    m_itemsByHolder[property->getKeyHolder()].append(item);
-            }
-        }
-        m_indexedHolders = VxProperty::latestHolderRevision();
-    }
-    const auto found = m_itemsByHolder.constFind(holder);
-    return found == m_itemsByHolder.cend() ? none : found.value();
-}
-
 VxDopeSheetView::EditableKeys VxDopeSheetView::getEditableKeys() const
 {
     EditableKeys keys = hasSelectedKeys() ? AllFilteredOut : NoneSelected;
-    d->visitSelected([&keys](const VxDopeSheetItem *item) {
+    d->keys.visitShown([&keys](const VxDopeSheetItem *item) {
         const VxProperty *property = item->property();
         if (!property->isLocked() && !property->getKeyHolder()->isLocked())
             keys = SomeEditable;
@@ -43,7 +25,7 @@ VxKeySelectionEntries VxDopeSheetView::getKeyEntries() const
 {
     VxKeySelectionEntries entries;
     QHash<const VxProperty *, std::size_t> places;
-    d->visitSelectedItems([&](const VxDopeSheetItem *item) {
+    d->keys.visitAll([&](const VxDopeSheetItem *item) {
         VxProperty *holder = item->property()->getKeyHolder();
         const auto place = places.constFind(holder);
         if (place == places.cend()) {
@@ -64,7 +46,7 @@ std::vector<VxKeySpan> VxDopeSheetView::getKeySpansOf(VxProperty *holder) const
     std::vector<VxKeySpan> spans;
     if (holder->getNumKeys() == 0 || !hasSelectedKeys())
         return spans;
-    for (const VxDopeSheetItem *item : d->itemsOfHolder(holder)) {
+    for (const VxDopeSheetItem *item : getSourceModel()->findHolderItems(holder)) {
         if (!item->hasSelectedKeys())
             continue;
         spans = spans.empty() ? item->selectedKeySpans()
@@ -79,15 +61,18 @@ void VxDopeSheetView::selectKeyEntries(const VxKeySelectionEntries &entries, boo
         QSet<const VxProperty *> named;
         for (const VxKeySelectionEntry &entry : entries)
             named.insert(entry.holder);
-        d->visitSelectedItems([&named](VxDopeSheetItem *item) {
+        d->keys.visitAll([&named](VxDopeSheetItem *item) {
             if (!named.contains(item->property()->getKeyHolder()))
                 item->setKeysSelected(false, VxTimeMin, VxTimeMax);
         });
     }
+    const VxDopeSheetModel *model = getSourceModel();
     for (const VxKeySelectionEntry &entry : entries) {
-        for (VxDopeSheetItem *item : d->itemsOfHolder(entry.holder))
+        if (!model)
+            break;
+        for (VxDopeSheetItem *item : model->findHolderItems(entry.holder))
             item->selectOnlySpans(entry.spans);
     }
-    d->commonTcbStale = true;
+    d->keys.forgetCommonTcb();
     viewport()->update();
 }

@@ -1,20 +1,49 @@
-// Opening and closing the rows below the context item.
+// Opening and closing the rows below the context item or the current row.
 
+#include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 namespace {
 
-// Visits a row and everything below it, parents first.
-template <typename Visit> void visitRows(const QModelIndex &index, Visit visit)
+// Opens or closes a row and the rows below it that isWanted(item) accepts. Until the next layout,
+// that costs nothing but an entry in a set for each.
+template <typename IsWanted>
+void setOpenBelow(VxDopeSheetView *view, const QModelIndex &top, bool open,
+                  const IsWanted &isWanted)
 {
-    visit(index);
-    const QAbstractItemModel *model = index.model();
-    for (int row = 0; row < model->rowCount(index); ++row)
-        visitRows(model->index(row, VxDopeSheetView::NameColumn, index), visit);
+    if (!top.isValid())
+        return;
+    view->scheduleDelayedItemsLayout();
+    const auto apply = [&](const QModelIndex &row) {
+        const VxDopeSheetItem *item = view->getItem(row);
+        if (item && row.model()->hasChildren(row) && isWanted(item))
+            view->setExpanded(row, open);
+        // Rows that are not made yet are not open.
+        return item && (open || !item->hasRowsToMake());
+    };
+    if (apply(top))
+        DopeSheetWalk::visitBelow(top.model(), top, apply);
+}
+
+bool isAny(const VxDopeSheetItem *)
+{
+    return true;
 }
 
 } // namespace
+
+// The second time with everything below.
+void VxDopeSheetView::setOpen(const QModelIndex &index, bool open)
+{
+    if (!index.isValid() || !model()->hasChildren(index))
+        return;
+    const QModelIndex row = index.sibling(index.row(), NameColumn);
+    if (isExpanded(row) == open)
+        setOpenBelow(this, row, open, isAny);
+    else
+        setExpanded(row, open);
+}
 
 void VxDopeSheetView::expandContextItem()
 {
@@ -24,19 +53,13 @@ void VxDopeSheetView::expandContextItem()
 
 void VxDopeSheetView::expandFromContextItem()
 {
-    if (hasContextItem())
-        expandRecursively(getContextIndex());
+    setOpenBelow(this, getContextIndex(), true, isAny);
 }
 
 void VxDopeSheetView::expandKeyedFromContextItem()
 {
-    if (!hasContextItem())
-        return;
-    visitRows(getContextIndex(), [this](const QModelIndex &index) {
-        const VxDopeSheetItem *item = getItem(index);
-        if (item && item->hasKeys())
-            expand(index);
-    });
+    setOpenBelow(this, getContextIndex(), true,
+                 [](const VxDopeSheetItem *item) { return item->hasKeys(); });
 }
 
 void VxDopeSheetView::collapseContextItem()
@@ -47,17 +70,11 @@ void VxDopeSheetView::collapseContextItem()
 
 void VxDopeSheetView::collapseFromContextItem()
 {
-    if (hasContextItem())
-        visitRows(getContextIndex(), [this](const QModelIndex &index) { collapse(index); });
+    setOpenBelow(this, getContextIndex(), false, isAny);
 }
 
 void VxDopeSheetView::collapseNonKeyedFromContextItem()
 {
-    if (!hasContextItem())
-        return;
-    visitRows(getContextIndex(), [this](const QModelIndex &index) {
-        const VxDopeSheetItem *item = getItem(index);
-        if (item && !item->hasKeys())
-            collapse(index);
-    });
+    setOpenBelow(this, getContextIndex(), false,
+                 [](const VxDopeSheetItem *item) { return !item->hasKeys(); });
 }

@@ -1,16 +1,14 @@
-// The mouse over the dope sheet. What it means stands in KeyDragMath; here that is carried out.
+// The mouse over the dope sheet: KeyDragMath decides what a press, a move or a release does.
 
 #include <QtGui/QMouseEvent>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmenu.h>
-#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/dopesheetclock.h"
 #include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/time/timelineplayback.h"
 
 using KeyDragMath::Change;
@@ -34,42 +32,27 @@ VxDopeSheetView::Private::RowHit VxDopeSheetView::Private::hitAt(const QPoint &p
         return hit;
     const KeyDragMath::Scale scale = dragScale();
     const QRect cell(scale.keysLeft, 0, view->columnWidth(KeysColumn), 1);
-    const DopeSheetRowKeys keys = DopeSheetRowKeys::of(item);
+    const DopeSheetRowKeys rowKeys = DopeSheetRowKeys::of(item);
     const DopeSheetHit found =
-        DopeSheetGeometry(cell, scale.metrics, scale.playStart).hit(keys, position.x());
+        DopeSheetGeometry(cell, scale.metrics, scale.playStart).hit(rowKeys, position.x());
     if (found.first < 0)
         return hit;
     hit.kind = found.firstSelected < 0 ? Hit::Key : Hit::SelectedKey;
-    hit.time = keys.times[found.first];
+    hit.time = rowKeys.times[found.first];
     return hit;
 }
 
 void VxDopeSheetView::Private::deselectAll()
 {
-    deselectItems();
+    keys.deselectAll();
     Q_EMIT view->keySelectionChanged();
 }
 
-void VxDopeSheetView::Private::sendClear() const
+void VxDopeSheetView::Private::selectKeys(const QModelIndex &first, const QModelIndex &last,
+                                          bool select, VxTime start, VxTime end)
 {
-    if (!bus || !bus->isHeard())
-        return;
-    VxKeyMessage clear;
-    clear.clearSelection = true;
-    bus->send(clear);
-}
-
-void VxDopeSheetView::Private::sendSelected() const
-{
-    if (bus && bus->isHeard())
-        visitSelected([this](const VxDopeSheetItem *item) { sendSelection(item); });
-}
-
-void VxDopeSheetView::Private::selectRows(const QModelIndex &start, const QModelIndex &end,
-                                          bool select)
-{
-    walk(start, end, [this, select](VxDopeSheetItem *item) { selectKeys(item, select); });
-    updateCommonTcb();
+    keys.select(first, last, select, start, end);
+    keys.updateCommonTcb();
     Q_EMIT view->keySelectionChanged();
 }
 
@@ -92,8 +75,8 @@ void VxDopeSheetView::Private::beginGesture(const QPoint &position)
         prepareDrag();
 }
 
-// The key graph is told to begin anew whenever the selection is not added to, and gets what is
-// selected after that.
+// The key graph's selection is cleared whenever the selection is not added to, and then set to what
+// is selected.
 void VxDopeSheetView::Private::selectPressed(const RowHit &hit,
                                              const KeyDragMath::PressEffect &effect)
 {
@@ -101,12 +84,10 @@ void VxDopeSheetView::Private::selectPressed(const RowHit &hit,
         deselectAll();
     const bool adds = pressModifiers & (Qt::ControlModifier | Qt::AltModifier);
     if (!adds)
-        sendClear();
-    spanStart = hit.time;
-    spanEnd = hit.time;
-    selectRows(hit.row, hit.row, effect.change == Change::Select);
+        keys.sendClear();
+    selectKeys(hit.row, hit.row, effect.change == Change::Select, hit.time, hit.time);
     if (!adds && !effect.clearsAll)
-        sendSelected();
+        keys.sendSelected();
 }
 
 void VxDopeSheetView::Private::growBand()
@@ -143,7 +124,7 @@ void VxDopeSheetView::Private::finishGesture(const QPoint &position)
         putKeysBack();
         if (effect.clearsAll) {
             deselectAll();
-            sendClear();
+            keys.sendClear();
         }
         if (effect.kind == Release::Band)
             selectBand(effect);
@@ -159,7 +140,7 @@ void VxDopeSheetView::Private::abandonGesture()
     rubberBandActive = false;
     keyDragActive = false;
     putKeysBack();
-    sendSelected();
+    keys.sendSelected();
     view->viewport()->unsetCursor();
     view->viewport()->update();
 }
@@ -169,32 +150,16 @@ void VxDopeSheetView::Private::selectBand(const KeyDragMath::ReleaseEffect &effe
 {
     const KeyDragMath::BandSpan span =
         KeyDragMath::bandSpan(dragScale(), pressPoint, currentPoint, view->viewport()->height());
-    spanStart = span.start;
-    spanEnd = span.end;
-    selectRows(view->indexAt(QPoint(RowProbe, span.top)),
-               view->indexAt(QPoint(RowProbe, span.bottom)), effect.selects);
+    selectKeys(view->indexAt(QPoint(RowProbe, span.top)),
+               view->indexAt(QPoint(RowProbe, span.bottom)), effect.selects, span.start, span.end);
 }
 
 // A click beside the keys selects none.
 void VxDopeSheetView::Private::selectClicked(const KeyDragMath::ReleaseEffect &effect)
 {
     const QModelIndex row = view->indexAt(QPoint(RowProbe, pressPoint.y()));
-    spanStart = hitTime;
-    spanEnd = hitTime;
-    selectRows(pressRow, pressRow, effect.selects);
-    selectNodeOf(row, effect.addsNode);
-}
-
-void VxDopeSheetView::Private::selectNodeOf(const QModelIndex &row, bool adds) const
-{
-    const VxDopeSheetItem *item = view->getItem(row);
-    while (item && !item->node())
-        item = item->parentItem();
-    if (!item)
-        return;
-    if (!adds)
-        vxScene->selectAllNodes(false);
-    item->node()->select(true);
+    selectKeys(pressRow, pressRow, effect.selects, hitTime, hitTime);
+    rows.selectNodeOf(row, effect.addsNode);
 }
 
 void VxDopeSheetView::Private::hover(const QPoint &position)
@@ -268,6 +233,8 @@ void VxDopeSheetView::mouseReleaseEvent(QMouseEvent *event)
     } else {
         event->ignore();
         QTreeView::mouseReleaseEvent(event);
+        // A click on a selected row changes no row, but its node may have been deselected.
+        d->rows.selectNodes(d->pressModifiers);
     }
     d->pressModifiers = Qt::NoModifier;
 }
@@ -286,4 +253,16 @@ void VxDopeSheetView::mouseDoubleClickEvent(QMouseEvent *event)
     }
     event->ignore();
     QTreeView::mouseDoubleClickEvent(event);
+}
+
+void VxDopeSheetView::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::AltModifier &&
+        (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left)) {
+        setOpen(currentIndex(), event->key() == Qt::Key_Right);
+        event->accept();
+        return;
+    }
+    QTreeView::keyPressEvent(event);
 }

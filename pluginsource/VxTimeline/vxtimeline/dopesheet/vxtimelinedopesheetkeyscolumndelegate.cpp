@@ -5,8 +5,8 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/dopesheet/dopesheetclock.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
@@ -68,18 +68,18 @@ bool hasKeyAt(const VxDopeSheetItem *item, VxTime time)
 void paintRow(QPainter *painter, const QRect &cell, const VxDopeSheetView *view,
               const VxDopeSheetItem *item, const QColor &lineColor)
 {
-    const DopeSheetClock clock = DopeSheetClock::ofScene();
-    const DopeSheetGeometry geometry(cell, TimelineMetrics::shared(), clock.playRange.getStart());
+    const SceneTimes times = SceneTimes::current();
+    const DopeSheetGeometry geometry(cell, TimelineMetrics::shared(), times.playRange.getStart());
     const DopeSheetRowKeys keys = DopeSheetRowKeys::of(item);
     const VxTime end =
-        keys.count > 0 ? qMax(clock.duration, keys.times[keys.count - 1]) : clock.duration;
+        keys.count > 0 ? qMax(times.duration, keys.times[keys.count - 1]) : times.duration;
 
     painter->fillRect(geometry.baseline(end), lineColor);
     fill(painter, view, geometry.secondTicks(end), lineColor);
-    fill(painter, view, geometry.frameTicks(clock.duration, clock.step), lineColor);
+    fill(painter, view, geometry.frameTicks(times.duration, times.step), lineColor);
     paintMarks(painter, view, geometry, geometry.marks(keys));
-    if (!hasKeyAt(item, clock.current))
-        painter->fillRect(geometry.timeTick(clock.current), Qt::white);
+    if (!hasKeyAt(item, times.time))
+        painter->fillRect(geometry.timeTick(times.time), Qt::white);
 }
 
 } // namespace

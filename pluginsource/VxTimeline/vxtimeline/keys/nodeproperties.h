@@ -4,13 +4,13 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 
-// The properties of what a node consists of.
+// The properties of what a node consists of, as far as they exist: the others have no keys.
 namespace NodeProperties {
 
 template <typename Visit> void visitElement(const VxElement *element, Visit &visit)
 {
-    for (int i = 0; i < element->getNumProperties(); ++i)
-        visit(element->getProperty(i));
+    for (VxProperty *property : element->getMadeProperties())
+        visit(property);
 }
 
 // Calls visit(VxProperty *) for each property of the node, then of its object, then of the

@@ -29,11 +29,13 @@ bool belongsByItself(const VxNode *node)
 // A helper node that cannot be selected is of no use in the sheet, unless it leads to one that is.
 bool belongsInSheet(const VxNode *node)
 {
-    if (belongsByItself(node))
-        return true;
-    for (int i = 0; i < node->getNumNodeChildren(); ++i) {
-        if (belongsInSheet(node->getNodeChild(i)))
+    QVector<const VxNode *> open{node};
+    while (!open.isEmpty()) {
+        const VxNode *next = open.takeLast();
+        if (belongsByItself(next))
             return true;
+        for (int i = 0; i < next->getNumNodeChildren(); ++i)
+            open.append(next->getNodeChild(i));
     }
     return false;
 }
@@ -139,26 +141,24 @@ void VxTimePane::fillDopesheet()
     initModel();
     if (!isEmpty)
         return;
-    VxNodeListIterator nodes = vxScene->nodeListIterator();
-    while (nodes.hasNext())
-        addDopesheetNode(nodes.next(), false);
-    d->filterAnew();
+    addDopesheetNodes(vxScene->getNodes());
 }
 
 void VxTimePane::refreshDopesheet()
 {
     if (!d->dopeSheetModel)
         return;
-    const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
-    uninitModel();
-    initModel();
-    // These had rows, so they do not wait for the end of a load.
-    for (VxNode *node : nodes) {
-        if (belongsInSheet(node))
-            d->dopeSheetModel->addNode(node, true);
-    }
-    d->filterAnew();
-    handlePrimarySelectionChanged();
+    d->dopeSheetView->renewModel([this] {
+        const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
+        uninitModel();
+        initModel();
+        // These had rows before, so a scene that is loading does not delay them.
+        for (VxNode *node : nodes) {
+            if (belongsInSheet(node))
+                d->dopeSheetModel->addNode(node, true);
+        }
+        d->filterAnew();
+    });
 }
 
 // A row that matches makes rows above it appear that had been left out; the filter model notices
@@ -167,7 +167,7 @@ void VxTimePane::refreshDopesheet()
 void VxTimePane::Private::filterAnew() const
 {
     if (!filterModel->filterRegExp().isEmpty())
-        filterModel->invalidate();
+        filterModel->refilter();
 }
 
 void VxTimePane::addDopesheetNode(VxNode *node)
@@ -218,10 +218,20 @@ void VxTimePane::handleSceneLoaded()
         --d->sceneLoadDepth;
     if (d->sceneLoadDepth > 0)
         return;
-    const QVector<VxNode *> nodes = std::exchange(d->queuedNodes, {});
-    for (VxNode *node : nodes)
-        addDopesheetNode(node, false);
-    d->filterAnew();
+    addDopesheetNodes(std::exchange(d->queuedNodes, {}));
+}
+
+void VxTimePane::addDopesheetNodes(const QVector<VxNode *> &nodes)
+{
+    if (!d->dopeSheetModel || nodes.isEmpty())
+        return;
+    d->dopeSheetView->keepRowsDuring([this, &nodes] {
+        d->dopeSheetModel->resetDuring([this, &nodes] {
+            for (VxNode *node : nodes)
+                addDopesheetNode(node, false);
+        });
+        d->filterAnew();
+    });
 }
 
 void VxTimePane::handleSceneClearStarting()

@@ -1,7 +1,6 @@
 // How the dope sheet's rows follow the scene's selection: once per turn of the event loop.
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QItemSelectionModel>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 
@@ -44,9 +43,7 @@ void VxTimePane::syncDopesheetSelection()
 {
     d->selectionEventPosted = false;
     d->selectionRefreshPending = false;
-    if (QItemSelectionModel *selection = d->dopeSheetView->selectionModel())
-        selection->clear();
-    d->dopeSheetView->selectSceneSelection();
+    d->dopeSheetView->showSceneSelection();
     d->dopeSheetView->doUpdate();
     requestEnsureVisible();
 }

@@ -215,6 +215,7 @@ private:
     void makeFilteredKeys(int numKeys);
     void handleUndoIndexChanged();
     void fillDopesheet();
+    void addDopesheetNodes(const QVector<VxNode *> &nodes);
     void handleKeySelectionLost();
     void syncDopesheetSelection();
     void requestEnsureVisible();

@@ -13,7 +13,7 @@
 
 // What the view keeps while the text filter leaves rows out: a figure "arm 0" .. "arm 29" and one
 // node "leg", each with rows for nine properties.
-class TestDopeSheetRowMemory : public QObject, private TimePaneTest
+class TestTreeViewState : public QObject, private TimePaneTest
 {
     Q_OBJECT
 
@@ -23,7 +23,8 @@ private Q_SLOTS:
 
     void openRowsComeBack();
     void closedByHandStaysClosed();
-    void openedWhileFiltered();
+    void matchesAreSeen();
+    void reopenedWhileFiltered();
     void openRowsOverSeveralTexts();
     void rowThatIsGone();
     void scrollComesBack();
@@ -57,7 +58,7 @@ private:
     VxNode *leg = nullptr;
 };
 
-void TestDopeSheetRowMemory::init()
+void TestTreeViewState::init()
 {
     setUp();
     addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4});
@@ -75,8 +76,7 @@ void TestDopeSheetRowMemory::init()
     QCoreApplication::processEvents();
 }
 
-QModelIndex TestDopeSheetRowMemory::propertyRow(const VxNode *node,
-                                                const VxProperty *property) const
+QModelIndex TestTreeViewState::propertyRow(const VxNode *node, const VxProperty *property) const
 {
     QModelIndex found;
     DopeSheetWalk::below(view->findNodeIndex(const_cast<VxNode *>(node)),
@@ -87,7 +87,7 @@ QModelIndex TestDopeSheetRowMemory::propertyRow(const VxNode *node,
     return found;
 }
 
-QStringList TestDopeSheetRowMemory::openRows() const
+QStringList TestTreeViewState::openRows() const
 {
     QStringList names;
     DopeSheetWalk::all(view->model(), [&](const QModelIndex &row) {
@@ -97,7 +97,7 @@ QStringList TestDopeSheetRowMemory::openRows() const
     return names;
 }
 
-void TestDopeSheetRowMemory::openRowsComeBack()
+void TestTreeViewState::openRowsComeBack()
 {
     view->expandRecursively(rowOf(arms[3]));
     view->expand(rowOf(arms[7]));
@@ -115,28 +115,49 @@ void TestDopeSheetRowMemory::openRowsComeBack()
     QCOMPARE(openRows(), before);
 }
 
-void TestDopeSheetRowMemory::closedByHandStaysClosed()
+void TestTreeViewState::closedByHandStaysClosed()
 {
     view->expandRecursively(rowOf(arms[3]));
     view->expandRecursively(rowOf(arms[4]));
     filter("X Rot");
     QVERIFY(isOpen(arms[3]));
-    QVERIFY(!isOpen(leg));
     view->collapse(rowOf(arms[3]));
     filter("");
     QVERIFY(!isOpen(arms[3]));
     QVERIFY(isOpen(arms[4]));
+    QVERIFY(!isOpen(leg));
 }
 
-void TestDopeSheetRowMemory::openedWhileFiltered()
+void TestTreeViewState::matchesAreSeen()
+{
+    view->expand(rowOf(arms[7]));
+    const QStringList before = openRows();
+    filter("X Rot");
+    for (VxNode *node : {arms[0], arms[7], leg}) {
+        const QModelIndex row = propertyRow(node, node->getXRotControl());
+        QVERIFY(row.isValid());
+        for (QModelIndex above = row.parent(); above.isValid(); above = above.parent())
+            QVERIFY(view->isExpanded(above));
+    }
+    // Another text closes what is not on the way to its own matches.
+    filter("arm 7");
+    QCOMPARE(openRows(), QStringList());
+    filter("Y Rot");
+    filter("");
+    QCOMPARE(openRows(), before);
+}
+
+// What the user closes and opens again while a text is set is the user's.
+void TestTreeViewState::reopenedWhileFiltered()
 {
     filter("X Rot");
+    view->collapse(rowOf(leg));
     view->expand(rowOf(leg));
     filter("");
     QCOMPARE(openRows(), QStringList{QStringLiteral("/leg")});
 }
 
-void TestDopeSheetRowMemory::openRowsOverSeveralTexts()
+void TestTreeViewState::openRowsOverSeveralTexts()
 {
     view->expandRecursively(rowOf(arms[3]));
     const QStringList before = openRows();
@@ -145,7 +166,7 @@ void TestDopeSheetRowMemory::openRowsOverSeveralTexts()
     QCOMPARE(openRows(), before);
 }
 
-void TestDopeSheetRowMemory::rowThatIsGone()
+void TestTreeViewState::rowThatIsGone()
 {
     view->expandAll();
     arms[0]->select(true);
@@ -158,7 +179,7 @@ void TestDopeSheetRowMemory::rowThatIsGone()
     QVERIFY(vxScene->getSelectedNodes().isEmpty());
 }
 
-void TestDopeSheetRowMemory::scrollComesBack()
+void TestTreeViewState::scrollComesBack()
 {
     view->scrollTo(rowOf(arms[12]), QAbstractItemView::PositionAtTop);
     QCOMPARE(topNode(), arms[12]);
@@ -172,7 +193,7 @@ void TestDopeSheetRowMemory::scrollComesBack()
     QCOMPARE(view->verticalScrollBar()->value(), value);
 }
 
-void TestDopeSheetRowMemory::whatWasFoundIsShown()
+void TestTreeViewState::whatWasFoundIsShown()
 {
     filter("arm 28");
     VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[28])).center());
@@ -183,7 +204,7 @@ void TestDopeSheetRowMemory::whatWasFoundIsShown()
     QVERIFY(arms[28]->isSelected());
 }
 
-void TestDopeSheetRowMemory::topRowStaysAtTheTop()
+void TestTreeViewState::topRowStaysAtTheTop()
 {
     filter("arm");
     view->scrollTo(rowOf(arms[15]), QAbstractItemView::PositionAtTop);
@@ -191,7 +212,7 @@ void TestDopeSheetRowMemory::topRowStaysAtTheTop()
     QCOMPARE(topNode(), arms[15]);
 }
 
-void TestDopeSheetRowMemory::sceneSelectionStays()
+void TestTreeViewState::sceneSelectionStays()
 {
     VxMouseDriver mouse(view->viewport());
     mouse.click(view->visualRect(rowOf(arms[2])).center());
@@ -207,7 +228,7 @@ void TestDopeSheetRowMemory::sceneSelectionStays()
     }
 }
 
-void TestDopeSheetRowMemory::selectedPropertiesComeBack()
+void TestTreeViewState::selectedPropertiesComeBack()
 {
     const VxProperty *turn = arms[1]->getXRotControl();
     view->expandRecursively(rowOf(arms[1]));
@@ -223,7 +244,7 @@ void TestDopeSheetRowMemory::selectedPropertiesComeBack()
 }
 
 // Something else selected takes the place of what is left out.
-void TestDopeSheetRowMemory::newSelectionCounts()
+void TestTreeViewState::newSelectionCounts()
 {
     VxMouseDriver mouse(view->viewport());
     mouse.click(view->visualRect(rowOf(arms[2])).center());
@@ -247,7 +268,7 @@ void TestDopeSheetRowMemory::newSelectionCounts()
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[5]});
 }
 
-void TestDopeSheetRowMemory::sceneSelectionMadeMeanwhile()
+void TestTreeViewState::sceneSelectionMadeMeanwhile()
 {
     filter("leg");
     arms[20]->select(true);
@@ -257,7 +278,7 @@ void TestDopeSheetRowMemory::sceneSelectionMadeMeanwhile()
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[20]});
 }
 
-void TestDopeSheetRowMemory::currentRowComesBack()
+void TestTreeViewState::currentRowComesBack()
 {
     VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[2])).center());
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
@@ -271,7 +292,7 @@ void TestDopeSheetRowMemory::currentRowComesBack()
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
 }
 
-void TestDopeSheetRowMemory::graphIsToldOfShownRows()
+void TestTreeViewState::graphIsToldOfShownRows()
 {
     const VxProperty *turn = arms[1]->getXRotControl();
     view->expandRecursively(rowOf(arms[1]));
@@ -288,5 +309,5 @@ void TestDopeSheetRowMemory::graphIsToldOfShownRows()
     QCOMPARE(told.at(1).at(0).value<QVector<VxProperty *>>().size(), 1);
 }
 
-VX_TEST_MAIN(TestDopeSheetRowMemory)
-#include "tst_dopesheetrowmemory.moc"
+VX_TEST_MAIN(TestTreeViewState)
+#include "tst_treeviewstate.moc"

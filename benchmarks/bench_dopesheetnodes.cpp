@@ -1,0 +1,231 @@
+// The dope sheet over many nodes: deep chains, nodes in one level and groups within groups, in a
+// shown pane. Each line names what is done, its milliseconds (processor time), the milliseconds a
+// thousand rows or nodes, and the bytes of memory a node that it leaves allocated.
+//
+// Arguments: parts of names; only lines that have one of them are measured.
+
+#include <QAction>
+#include <QApplication>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <malloc.h>
+#include <memory>
+#include <vector>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepanechoice.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
+namespace {
+
+using Action = std::function<void()>;
+
+double processorMilliseconds()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
+}
+
+double allocatedBytes()
+{
+    const auto info = mallinfo2();
+    return double(info.uordblks) + double(info.hblkhd);
+}
+
+// A check mark for a property type.
+class TypeAction : public QAction, public TimePaneChoice
+{
+public:
+    explicit TypeAction(int value)
+        : m_value(value)
+    {
+        setCheckable(true);
+        setChecked(true);
+    }
+
+    Family family() const override { return PropertyTypeFamily; }
+    int value() const override { return m_value; }
+
+private:
+    int m_value;
+};
+
+// A pane over an empty scene, with the transform controls listed, or everything.
+class Stage
+{
+public:
+    explicit Stage(bool listsAll)
+    {
+        vxScene->clear();
+        for (const int type : {1, 2, 4, 8}) {
+            if (type < 8 || listsAll)
+                m_types.push_back(std::make_unique<TypeAction>(type));
+        }
+        pane = std::make_unique<VxTimePane>();
+        for (const auto &type : m_types)
+            pane->registerAction(type.get());
+        pane->resize(1200, 600);
+        pane->show();
+        QApplication::processEvents();
+        view = pane->getDopeSheetView();
+    }
+
+    void openAll() const
+    {
+        pane->expandAll();
+        paint();
+    }
+    void paint() const
+    {
+        QApplication::processEvents();
+        pane->grab();
+    }
+
+    std::unique_ptr<VxTimePane> pane;
+    VxDopeSheetView *view = nullptr;
+
+private:
+    std::vector<std::unique_ptr<TypeAction>> m_types;
+};
+
+VxNode *addChain(int count)
+{
+    VxNode *first = new VxNode(QStringLiteral("bone 0"));
+    VxNode *last = first;
+    for (int i = 1; i < count; ++i) {
+        auto *node = new VxNode(QStringLiteral("bone %1").arg(i));
+        last->addNodeChild(node);
+        last = node;
+    }
+    vxScene->addNode(first);
+    return first;
+}
+
+QVector<VxNode *> addLevel(int count)
+{
+    QVector<VxNode *> nodes;
+    vxScene->beginLoad();
+    for (int i = 0; i < count; ++i) {
+        nodes.append(new VxNode(QStringLiteral("node %1").arg(i)));
+        vxScene->addNode(nodes.last());
+    }
+    vxScene->endLoad();
+    return nodes;
+}
+
+QStringList wantedNames;
+
+void measure(const QString &name, int count, const Action &action)
+{
+    for (const QString &wanted : qAsConst(wantedNames)) {
+        if (name.contains(wanted))
+            break;
+        if (wanted == wantedNames.last())
+            return;
+    }
+    const double bytes = allocatedBytes();
+    const double start = processorMilliseconds();
+    action();
+    const double took = processorMilliseconds() - start;
+    std::printf("%-44s %10.1f ms %10.3f ms/1000 %9.0f bytes each\n", qPrintable(name), took,
+                took * 1000 / count, (allocatedBytes() - bytes) / count);
+    std::fflush(stdout);
+}
+
+void chains()
+{
+    for (const int count : {200, 400, 1000}) {
+        const QString chain = QStringLiteral("chain of %1: ").arg(count);
+        Stage stage(false);
+        VxNode *first = nullptr;
+        measure(chain + QStringLiteral("add, open, paint"), count, [&] {
+            first = addChain(count);
+            stage.openAll();
+        });
+        if (!first)
+            continue;
+        vxScene->selectAllNodes(true);
+        QApplication::processEvents();
+        measure(chain + QStringLiteral("filter, all selected"), count,
+                [&] { stage.view->applyFilterText(QStringLiteral("bone %1").arg(count - 1)); });
+        measure(chain + QStringLiteral("filter cleared"), count,
+                [&] { stage.view->applyFilterText(QString()); });
+        vxScene->selectAllNodes(false);
+        stage.openAll();
+        measure(chain + QStringLiteral("remove"), count, [&] { vxScene->removeNode(first); });
+        measure(chain + QStringLiteral("paint"), count, [&] { stage.paint(); });
+    }
+}
+
+void levels()
+{
+    const int count = 100000;
+    const double before = allocatedBytes();
+    Stage stage(false);
+    measure(QStringLiteral("100000 nodes: add"), count, [&] { addLevel(count); });
+    measure(QStringLiteral("100000 nodes: paint"), count, [&] { stage.paint(); });
+    measure(QStringLiteral("100000 nodes: select all in the scene"), count, [&] {
+        vxScene->selectAllNodes(true);
+        stage.paint();
+    });
+    measure(QStringLiteral("100000 nodes: deselect all"), count, [&] {
+        vxScene->selectAllNodes(false);
+        stage.paint();
+    });
+    measure(QStringLiteral("100000 nodes: select all rows"), count, [&] {
+        stage.view->selectAll();
+        stage.paint();
+    });
+    std::printf("100000 nodes: %.0f bytes a node in all\n", (allocatedBytes() - before) / count);
+}
+
+void groups()
+{
+    const int count = 1000;
+    QString path;
+    for (int i = 0; i < 400; ++i)
+        path += QStringLiteral("/g");
+    const double before = allocatedBytes();
+    Stage stage(true);
+    QVector<VxNode *> nodes;
+    measure(QStringLiteral("1000 nodes, 400 groups: add, open, paint"), count, [&] {
+        nodes = addLevel(count);
+        for (VxNode *node : qAsConst(nodes))
+            node->addProperty(new VxFloatProperty(QStringLiteral("value"), 0.0f), path);
+        QApplication::processEvents();
+        stage.openAll();
+    });
+    measure(QStringLiteral("1000 nodes, 400 groups: select all"), count, [&] {
+        stage.view->selectAll();
+        stage.paint();
+    });
+    std::printf("1000 nodes, 400 groups: %.0f bytes a node in all\n",
+                (allocatedBytes() - before) / count);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    VxApp app;
+    wantedNames = QApplication::arguments().mid(1);
+    const auto wants = [](const char *part) {
+        return wantedNames.isEmpty() ||
+               wantedNames.join(QLatin1Char(' ')).contains(QLatin1String(part));
+    };
+    if (wants("chain"))
+        chains();
+    if (wants("100000"))
+        levels();
+    if (wants("groups"))
+        groups();
+    return 0;
+}

@@ -1,0 +1,91 @@
+#ifndef DOPESHEETKEYSELECTION_H
+#define DOPESHEETKEYSELECTION_H
+
+#include <QtCore/QModelIndex>
+#include <QtCore/QPointer>
+#include <QtCore/QSet>
+#include <functional>
+#include <vector>
+#include <vxcore/vxtime.h>
+
+#include "vxtimeline/dopesheet/commontcb.h"
+#include "vxtimeline/dopesheet/selectedkeys.h"
+
+class VxDopeSheetItem;
+class VxDopeSheetView;
+class VxKeyCommunication;
+class VxKeyMessage;
+class VxProperty;
+
+// Which keys are selected in the dope sheet. The flags themselves are kept in the rows' items; this
+// changes them over ranges of rows, and exchanges the changes with the key graph over a message
+// bus.
+class DopeSheetKeySelection
+{
+public:
+    explicit DopeSheetKeySelection(VxDopeSheetView *view);
+
+    VxKeyCommunication *bus() const { return m_bus; }
+    void setBus(VxKeyCommunication *bus) { m_bus = bus; }
+
+    // Selects or deselects keys in the rows from first to last, see DopeSheetWalk::between(): those
+    // from start on and before end, or at just that time when both are the same.
+    void select(const QModelIndex &first, const QModelIndex &last, bool select, VxTime start,
+                VxTime end);
+    // In all rows, also those that the filter leaves out; sends nothing.
+    void deselectAll() const;
+    // The same row by row: keySelectionChanged() is emitted and the selection sent for each.
+    void clearRows();
+    bool hasSelectedKeys() const;
+
+    // By property, in the order of the rows; only keys in rows that the filter shows.
+    std::vector<SelectedKeys> collect() const;
+    // What the selected TCB keys have in common.
+    const CommonTcb &commonTcb();
+    void updateCommonTcb();
+
+    // Sends to the key graph: that everything is deselected; the selection of a row; of all rows
+    // with selected keys.
+    void sendClear() const;
+    void sendSelection(const VxDopeSheetItem *item) const;
+    void sendSelected() const;
+    // The properties that the key graph shows: the selection of those that are new is sent.
+    void setGraphProperties(const QSet<VxProperty *> &properties);
+    // A selection made in the key graph.
+    void handleMessage(const VxKeyMessage &message);
+
+    // Calls operation(item) for every row that the filter shows. Messages that arrive meanwhile are
+    // ignored.
+    using Operation = std::function<void(VxDopeSheetItem *)>;
+    void visitRows(const Operation &operation);
+
+    // Calls visit(item) for the property rows with selected keys that the filter shows, open or
+    // not; and for all of them.
+    void visitShown(const Operation &visit) const;
+    void visitAll(const Operation &visit) const;
+    // After the flags of rows were changed by someone else.
+    void forgetCommonTcb() { m_commonTcbStale = true; }
+
+    // The selected keys, to be selected again in the rows of another model.
+    struct Saved
+    {
+        QPointer<VxProperty> property;
+        QVector<int> indexes;
+    };
+    std::vector<Saved> save() const;
+    void restore(const std::vector<Saved> &saved);
+
+private:
+    void selectKeys(VxDopeSheetItem *item, bool select, VxTime start, VxTime end);
+    void applyMessage(const VxKeyMessage &message) const;
+    template <typename Visit> void visitSelected(const Visit &visit) const;
+
+    VxDopeSheetView *m_view;
+    VxKeyCommunication *m_bus = nullptr; // not owned
+    CommonTcb m_commonTcb;
+    bool m_commonTcbStale = false; // computed when it is asked for
+    bool m_isWalking = false;
+    QSet<VxProperty *> m_graphProperties;
+};
+
+#endif

@@ -1,0 +1,258 @@
+#include "vxtimeline/dopesheet/dopesheetrowselection.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QSet>
+#include <algorithm>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+
+#include "vxtimeline/dopesheet/dopesheetrowranges.h"
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+#include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+
+using DopeSheetRowRanges::visitRows;
+
+namespace {
+
+constexpr int SmallRemoval = 32; // rows
+
+} // namespace
+
+DopeSheetRowSelection::DopeSheetRowSelection(VxDopeSheetView *view)
+    : m_view(view)
+{
+}
+
+DopeSheetSelectionModel *DopeSheetRowSelection::model() const
+{
+    return qobject_cast<DopeSheetSelectionModel *>(m_view->selectionModel());
+}
+
+std::vector<QModelIndex> DopeSheetRowSelection::rows() const
+{
+    std::vector<QModelIndex> rows;
+    visitRows(model()->selection(), [&rows](const QModelIndex &row) { rows.push_back(row); });
+    return rows;
+}
+
+VxNode *DopeSheetRowSelection::nodeOf(const QModelIndex &row) const
+{
+    const VxDopeSheetItem *item = m_view->getItem(row);
+    while (item && !item->node())
+        item = item->parentItem();
+    return item ? item->node() : nullptr;
+}
+
+void DopeSheetRowSelection::handleChange(const QItemSelection &selected,
+                                         const QItemSelection &deselected,
+                                         Qt::KeyboardModifiers modifiers)
+{
+    if (m_holdDepth > 0 || !model())
+        return;
+    if (!m_isRemoving) {
+        const Hold hold(this);
+        const bool adds = modifiers.testFlag(Qt::ControlModifier);
+        if (adds && selected.isEmpty())
+            deselectRowsOf(deselected);
+        setSceneSelection(adds);
+    }
+    report();
+}
+
+void DopeSheetRowSelection::selectNodes(Qt::KeyboardModifiers modifiers)
+{
+    if (m_holdDepth > 0 || !model())
+        return;
+    const QVector<VxNode *> before = vxScene->getSelectedNodes();
+    {
+        const Hold hold(this);
+        setSceneSelection(modifiers.testFlag(Qt::ControlModifier));
+    }
+    if (vxScene->getSelectedNodes() != before)
+        report();
+}
+
+void DopeSheetRowSelection::report() const
+{
+    Q_EMIT m_view->itemSelectionChanged();
+    Q_EMIT m_view->propertyHitListChanged(properties(), false);
+}
+
+// A node's row that is deselected by itself takes the selected rows of its properties with it: they
+// would select the node, and so its row, again.
+void DopeSheetRowSelection::deselectRowsOf(const QItemSelection &deselected) const
+{
+    QSet<const VxNode *> nodes;
+    visitRows(deselected, [this, &nodes](const QModelIndex &row) {
+        const VxDopeSheetItem *item = m_view->getItem(row);
+        if (item && item->node())
+            nodes.insert(item->node());
+    });
+    if (nodes.isEmpty())
+        return;
+    std::vector<QModelIndex> kept = rows();
+    kept.erase(std::remove_if(kept.begin(), kept.end(),
+                              [&](const QModelIndex &row) { return nodes.contains(nodeOf(row)); }),
+               kept.end());
+    model()->selectOnly(kept);
+    m_view->viewport()->update();
+}
+
+// The node of the current row comes last, to be the primary selection.
+void DopeSheetRowSelection::setSceneSelection(bool adds)
+{
+    QVector<VxNode *> wanted;
+    QSet<VxNode *> known;
+    for (const QModelIndex &row : rows()) {
+        VxNode *node = nodeOf(row);
+        if (node && !known.contains(node)) {
+            known.insert(node);
+            wanted.append(node);
+        }
+    }
+    VxNode *current =
+        m_view->isRowSelected(m_view->currentIndex()) ? nodeOf(m_view->currentIndex()) : nullptr;
+    if (wanted.removeOne(current))
+        wanted.append(current);
+    QVector<VxNode *> leaving;
+    for (VxNode *node : vxScene->getSelectedNodes()) {
+        if (!known.contains(node))
+            leaving.append(node);
+    }
+    QVector<VxNode *> missing;
+    std::copy_if(wanted.cbegin(), wanted.cend(), std::back_inserter(missing),
+                 [](const VxNode *node) { return !node->isSelected() && node->isSelectable(); });
+    {
+        const QScopedValueRollback<bool> changing(m_isChangingNodes, true);
+        if (adds) {
+            vxScene->selectNodes(leaving, false);
+            vxScene->selectNodes(missing, true);
+        } else if (!leaving.isEmpty() || !missing.isEmpty()) {
+            vxScene->selectAllNodes(false);
+            vxScene->selectNodes(wanted, true);
+        }
+        if (current && current->isSelected())
+            vxScene->setPrimarySelection(current);
+    }
+    addSceneSelection();
+    deselectUnselectable();
+}
+
+// Rows of properties stay, to be shown in the key graph.
+void DopeSheetRowSelection::deselectUnselectable() const
+{
+    std::vector<QModelIndex> kept = rows();
+    const auto isRefused = [this](const QModelIndex &row) {
+        const VxDopeSheetItem *item = m_view->getItem(row);
+        return item && item->node() && !item->node()->isSelected();
+    };
+    const auto refused = std::remove_if(kept.begin(), kept.end(), isRefused);
+    if (refused == kept.end())
+        return;
+    kept.erase(refused, kept.end());
+    model()->selectOnly(kept);
+    m_view->viewport()->update();
+}
+
+void DopeSheetRowSelection::selectNodeOf(const QModelIndex &row, bool adds) const
+{
+    VxNode *node = nodeOf(row);
+    if (!node)
+        return;
+    const bool isOnly = vxScene->getSelectedNodes() == QVector<VxNode *>{node};
+    if (!adds && !isOnly)
+        vxScene->selectAllNodes(false);
+    node->select(true);
+}
+
+// Rows that are selected already are left out: a selection compares a new range with each of its
+// own.
+void DopeSheetRowSelection::addSceneSelection() const
+{
+    if (!model())
+        return;
+    std::vector<QModelIndex> missing;
+    for (VxNode *node : vxScene->getSelectedNodes()) {
+        const QModelIndex index = m_view->findNodeIndex(node);
+        if (index.isValid() && !m_view->isRowSelected(index))
+            missing.push_back(index);
+    }
+    if (missing.empty())
+        return;
+    std::vector<QModelIndex> all = rows();
+    all.insert(all.end(), missing.begin(), missing.end());
+    model()->selectOnly(all);
+    m_view->viewport()->update();
+}
+
+void DopeSheetRowSelection::showSceneSelection()
+{
+    if (!model())
+        return;
+    {
+        const Hold hold(this);
+        model()->clearCurrentIndex();
+        model()->selectOnly({});
+        addSceneSelection();
+    }
+    m_view->viewport()->update();
+    report();
+}
+
+QVector<VxProperty *> DopeSheetRowSelection::properties() const
+{
+    QVector<VxProperty *> properties;
+    if (!model())
+        return properties;
+    QSet<VxProperty *> known;
+    visitRows(model()->selection(), [&](const QModelIndex &row) {
+        const VxDopeSheetItem *item = m_view->getItem(row);
+        VxProperty *property = item ? item->property() : nullptr;
+        if (property && !known.contains(property)) {
+            known.insert(property);
+            properties.append(property);
+        }
+    });
+    return properties;
+}
+
+void DopeSheetRowSelection::prepareRemoval(const QModelIndex &parent, int first, int last)
+{
+    m_isRemoving = true;
+    // Until the next layout, closing a row costs nothing but an entry in a set.
+    m_view->scheduleDelayedItemsLayout();
+    QSet<const VxDopeSheetItem *> leaving;
+    const auto leave = [this, &leaving](const QModelIndex &row) {
+        const VxDopeSheetItem *item = m_view->getItem(row);
+        leaving.insert(item);
+        if (m_view->isExpanded(row))
+            m_view->collapse(row);
+        return !item->hasRowsToMake();
+    };
+    const QAbstractItemModel *rowsOf = m_view->model();
+    for (int i = first; i <= last; ++i) {
+        const QModelIndex row = rowsOf->index(i, 0, parent);
+        if (leave(row))
+            DopeSheetWalk::visitBelow(rowsOf, row, leave);
+    }
+    // A few rows are no work for the selection model.
+    if (!model() || leaving.size() < SmallRemoval || !model()->hasSelection())
+        return;
+    std::vector<QModelIndex> kept = rows();
+    const auto left = std::remove_if(kept.begin(), kept.end(), [&](const QModelIndex &row) {
+        return leaving.contains(m_view->getItem(row));
+    });
+    if (left == kept.end())
+        return;
+    kept.erase(left, kept.end());
+    model()->selectOnly(kept);
+    if (m_holdDepth == 0)
+        report();
+}
+
+void DopeSheetRowSelection::finishRemoval()
+{
+    m_isRemoving = false;
+}
