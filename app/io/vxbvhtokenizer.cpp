@@ -1,5 +1,6 @@
 #include "io/vxbvhtokenizer.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -35,6 +36,22 @@ qint64 lineAt(const char *begin, const char *place, const char *end)
     return line;
 }
 
+// Whether the absolute value of a decimal number that does not fit a double is below 1.
+bool isTiny(const char *from, const char *to)
+{
+    const char *mark = std::find_if(from, to, [](char c) { return c == 'e' || c == 'E'; });
+    qint64 exponent = 0;
+    if (mark != to) {
+        const char *digits = mark + 1 + (mark + 1 != to && mark[1] == '+');
+        if (std::from_chars(digits, to, exponent).ec == std::errc::result_out_of_range)
+            return *digits == '-';
+    }
+    const char *point = std::find(from, mark, '.');
+    const char *first = std::find_if(from, mark, [](char c) { return c >= '1' && c <= '9'; });
+    const qint64 place = first < point ? point - first - 1 : point - first;
+    return first == mark || place + exponent < 0;
+}
+
 // Called for what does not fit T. A double decides whether the number is too small, which is a
 // zero or a denormal for our purpose, or too large.
 template <typename T>
@@ -42,7 +59,10 @@ VxBvhTokenizer::NumberResult narrowed(const char *from, const char *to, T *out)
 {
     double wide = 0.0;
     const std::from_chars_result result = std::from_chars(from, to, wide);
-    if (result.ec != std::errc() || std::abs(wide) > 1.0)
+    // Out of range in double precision is either far too large or too small to be told from zero.
+    if (result.ec == std::errc::result_out_of_range && isTiny(from, to))
+        wide = 0.0;
+    else if (result.ec != std::errc() || std::abs(wide) > 1.0)
         return VxBvhTokenizer::NumberResult::OutOfRange;
     *out = static_cast<T>(wide);
     return VxBvhTokenizer::NumberResult::Ok;

@@ -79,6 +79,8 @@ private Q_SLOTS:
     void nestingLimit();
     void failureLeavesTheDocument();
     void numbersAreExact();
+    void numbersTooSmallForDoublesAreZero_data();
+    void numbersTooSmallForDoublesAreZero();
     void errorNamesFileAndLine();
     void missingFile();
     void realFiles_data();
@@ -385,6 +387,32 @@ void TestVxBvhReader::numbersAreExact()
     QVERIFY(document.values ==
             columns({0.1f, std::numeric_limits<float>::denorm_min(), -17.3198f, 0.0f,
                      std::numeric_limits<float>::max(), 1234567.890123456789f}));
+}
+
+void TestVxBvhReader::numbersTooSmallForDoublesAreZero_data()
+{
+    QTest::addColumn<QByteArray>("number");
+    QTest::addColumn<bool>("isZero");
+    for (const char *number : {"1e-400", "-1e-400", "0.001e-330", "123456e-500", "1E-400",
+                               "0.000000000000000000001e-320", "1e-99999999999999999999"})
+        QTest::newRow(number) << QByteArray(number) << true;
+    for (const char *number : {"1e400", "0.001e400", "1e99999999999999999999", "123456E+500"})
+        QTest::newRow(number) << QByteArray(number) << false;
+}
+
+void TestVxBvhReader::numbersTooSmallForDoublesAreZero()
+{
+    QFETCH(QByteArray, number);
+    QFETCH(bool, isZero);
+    VxBvhDocument document;
+    VxFileError error;
+    const QByteArray bytes = replaced("4 5 6", "4 " + number + " 6");
+    QCOMPARE(VxBvhReader().read(bytes, &document, &error), isZero);
+    if (isZero)
+        QCOMPARE(std::abs(document.values.at(3)), 0.0f);
+    else
+        QVERIFY2(error.message.contains(QLatin1String("out of range")),
+                 qPrintable(error.message));
 }
 
 void TestVxBvhReader::errorNamesFileAndLine()
