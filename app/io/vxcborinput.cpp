@@ -9,6 +9,9 @@ namespace {
 /// Maps and arrays nested deeper than this are refused: the format needs far less.
 constexpr int MaxDepth = 32;
 
+/// The length to which a name from the file is cut in messages.
+constexpr int MaxShownName = 60;
+
 QString tr(const char *text)
 {
     return QCoreApplication::translate("VxCborInput", text);
@@ -40,7 +43,7 @@ bool VxCborInput::expect(bool matches, const char *what)
     return matches || fail(tr("Expected %1.").arg(tr(what)));
 }
 
-void VxCborInput::passOver()
+void VxCborInput::skip()
 {
     if (!m_reader.next(MaxDepth))
         fail(tr("The file is damaged or cut off: %1.").arg(m_reader.lastError().toString()));
@@ -63,12 +66,23 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member)
 {
     if (!expect(m_reader.isMap(), "a map"))
         return;
+    QSet<QString> names;
     container([&] {
         const QString name = text();
-        if (failed() || member(name))
+        if (failed())
             return;
-        passOver();
-        if (!m_unknown.contains(name))
+        const int count = names.size();
+        names.insert(name);
+        if (names.size() == count) {
+            fail(tr("The member \"%1\" occurs twice.").arg(name.left(MaxShownName)));
+            return;
+        }
+        if (member(name))
+            return;
+        skip();
+        const int unknown = m_unknownNames.size();
+        m_unknownNames.insert(name);
+        if (m_unknownNames.size() > unknown)
             m_unknown.append(name);
     });
 }
@@ -140,17 +154,37 @@ double VxCborInput::number()
     return value;
 }
 
-void VxCborInput::numbers(double *values, int count)
+float VxCborInput::singleNumber()
+{
+    const double value = number();
+    if (expect(std::abs(value) <= double(std::numeric_limits<float>::max()),
+               "a number within single precision"))
+        return static_cast<float>(value);
+    return 0.0f;
+}
+
+template <class Step> void VxCborInput::fixedArray(int count, const Step &step)
 {
     int index = 0;
     array([&] {
-        const double value = number();
         if (index < count)
-            values[index] = value;
+            step(index);
+        else
+            skip();
         ++index;
     });
     if (index != count)
         fail(tr("Expected %1 numbers.").arg(count));
+}
+
+void VxCborInput::numbers(double *values, int count)
+{
+    fixedArray(count, [&](int index) { values[index] = number(); });
+}
+
+void VxCborInput::numbers(float *values, int count)
+{
+    fixedArray(count, [&](int index) { values[index] = singleNumber(); });
 }
 
 QByteArray VxCborInput::bytes(quint64 tag, int unit)
@@ -168,7 +202,11 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
     QByteArray result;
     auto chunk = m_reader.readByteArray();
     while (chunk.status == QCborStreamReader::Ok) {
-        result = result.isEmpty() ? chunk.data : result + chunk.data;
+        // A single chunk is taken over as it is; further ones are appended in place.
+        if (result.isEmpty())
+            result = chunk.data;
+        else
+            result.append(chunk.data);
         chunk = m_reader.readByteArray();
     }
     expect(chunk.status == QCborStreamReader::EndOfString, "a complete array");

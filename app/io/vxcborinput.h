@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QCborStreamReader>
+#include <QSet>
 #include <QStringList>
 #include <functional>
 
@@ -23,11 +24,12 @@ public:
     /// Remembers a failure at the present place; the first one counts. Returns false.
     bool fail(const QString &message);
 
-    /// Calls `member` for each member of the map that stands here. It reads the value and returns
-    /// true, or returns false without reading for a name it does not know: the value is passed
-    /// over then, and the name goes into unknownMembers().
+    /// Reads the map at the present offset and calls `member` for each of its members. The callback
+    /// reads the value and returns true, or returns false without reading for an unknown name: the
+    /// value is skipped then, and the name goes into unknownMembers(). A name that occurs twice in
+    /// one map is a failure.
     void map(const std::function<bool(const QString &)> &member);
-    /// Calls `element` for each element of the array that stands here; it must read it.
+    /// Calls `element` for each element of the array at the present offset; it must read it.
     void array(const std::function<void()> &element);
 
     QString text();
@@ -36,27 +38,32 @@ public:
     int int32();
     /// A floating-point number of any width, or an integer.
     double number();
-    /// An array of exactly `count` numbers.
+    /// A number within the range of single precision, rounded to it.
+    float singleNumber();
+    /// An array of exactly `count` numbers, as read by number().
     void numbers(double *values, int count);
+    /// The same, as read by singleNumber().
+    void numbers(float *values, int count);
     /// A byte string under a tag, whose size is a multiple of `unit` bytes.
     QByteArray bytes(quint64 tag, int unit);
 
-    /// Names that were passed over, each once.
+    /// Names that were skipped, each once, in the order of the file.
     const QStringList &unknownMembers() const { return m_unknown; }
     qint64 offset() const { return m_reader.currentOffset(); }
     qint64 size() const { return m_size; }
-    bool atEnd() const { return !m_reader.isValid(); }
 
 private:
     bool expect(bool matches, const char *what);
-    void passOver();
+    void skip();
     template <class Step> void container(const Step &step);
+    template <class Step> void fixedArray(int count, const Step &step);
 
     QCborStreamReader m_reader;
     qint64 m_size;
     int m_depth = 0;
     VxFileError m_error;
     QStringList m_unknown;
+    QSet<QString> m_unknownNames;
 };
 
 #endif

@@ -5,9 +5,12 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <algorithm>
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "vx.files", QtWarningMsg)
 
 QString tr(const char *text)
 {
@@ -73,8 +76,11 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
     // A pipe would keep the program waiting for ever.
     if (file.exists() && !file.isFile())
         return fail(fileName, tr("Not a regular file."), error);
-    if (const VxFileFormat *format = find(fileName))
-        return format->read(fileName, scene, progress, summary, error);
+    if (const VxFileFormat *format = find(fileName)) {
+        const bool done = format->read(fileName, scene, progress, summary, error);
+        qCInfo(log).noquote() << "read" << fileName << (done ? *summary : error->text());
+        return done;
+    }
     return fail(fileName,
                 tr("Unsupported file type: %1. Supported: %2")
                     .arg(typeOf(file), patterns(false).join(QStringLiteral(", "))),
@@ -84,8 +90,11 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
 bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
                           const VxFileProgress &progress, VxFileError *error) const
 {
-    if (canWrite(fileName))
-        return find(fileName)->write(fileName, scene, progress, error);
+    if (canWrite(fileName)) {
+        const bool done = find(fileName)->write(fileName, scene, progress, error);
+        qCInfo(log).noquote() << "wrote" << fileName << (done ? QString() : error->text());
+        return done;
+    }
     return fail(fileName,
                 tr("Cannot save this file type: %1. Supported: %2")
                     .arg(typeOf(QFileInfo(fileName)), patterns(true).join(QStringLiteral(", "))),

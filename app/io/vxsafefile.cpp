@@ -26,6 +26,14 @@ bool VxSafeFile::start()
     return open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
+bool VxSafeFile::startPrivate()
+{
+    if (!start())
+        return false;
+    return m_file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
+           fail(m_file.errorString());
+}
+
 bool VxSafeFile::commit()
 {
     const bool complete = passOnBuffer() && synchronize();

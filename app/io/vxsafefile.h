@@ -20,6 +20,9 @@ public:
 
     /// Opens for writing. False with the reason in failure().
     bool start();
+    /// The same for a file that nobody but its owner may read or write, whatever a former file of
+    /// that name allowed.
+    bool startPrivate();
     /// Everything is on the disk now, in place of the former file. False, and the former file is
     /// as it was, when that or a write before failed.
     bool commit();

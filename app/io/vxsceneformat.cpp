@@ -13,6 +13,17 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxFileFormats", text);
 }
 
+QString shownNames(const QStringList &names)
+{
+    constexpr int MaxShown = 10;
+    QStringList shown;
+    for (const QString &name : names.mid(0, MaxShown))
+        shown.append(name.left(60));
+    if (names.size() > MaxShown)
+        shown.append(tr("%1 more").arg(names.size() - MaxShown));
+    return shown.join(QStringLiteral(", "));
+}
+
 bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progress, QString *summary,
           VxFileError *error)
 {
@@ -26,7 +37,7 @@ bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progres
     if (!unknown.isEmpty())
         *summary =
             tr("The file contains data that this version does not support; it was ignored: %1.")
-                .arg(unknown.join(QStringLiteral(", ")));
+                .arg(shownNames(unknown));
     return true;
 }
 

@@ -22,20 +22,17 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxScenePropertyReader", text);
 }
 
-/// Groups within groups beyond this are refused: each keeps its whole path, so what a damaged file
-/// claims could take any amount of memory.
-constexpr int MaxGroupDepth = 1000;
-
 } // namespace
 
-/// One property as the file tells it.
+/// One property of the file.
 struct VxScenePropertyReader::Record
 {
     QString name, kind, label, path, textValue;
     bool hidden = false, dynamicallyHidden = false, locked = false, animatable = true;
     bool excluded = false, percentage = false, clamped = false, hasLimits = false;
     int axis = 0, interpolation = 0;
-    double value = 0, defaultValue = 0, sensitivity = 1;
+    double value = 0, defaultValue = 0;
+    float sensitivity = 1;
     double limits[2] = {0, 0};
     QByteArray times, values, types, tcb;
     QVector<Reference> references;
@@ -57,11 +54,32 @@ void VxScenePropertyReader::read(VxElement *element)
         return;
     if (!record.isFloat() && !record.isInt() && !record.isString())
         m_input->fail(tr("The property \"%1\" has an unknown kind.").arg(record.name));
-    else if (record.path.count(QLatin1Char('/')) > MaxGroupDepth)
+    else if (record.path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth)
         m_input->fail(
             tr("The groups of the property \"%1\" are nested too deeply.").arg(record.name));
-    else
+    else if (checkRange(record))
         build(element, record);
+}
+
+bool VxScenePropertyReader::checkRange(const Record &record)
+{
+    const double highest =
+        record.isFloat() ? double(std::numeric_limits<float>::max()) : double(IntMax);
+    const double lowest = record.isFloat() ? -highest : double(IntMin);
+    const std::pair<const char *, double> numbers[] = {{"value", record.value},
+                                                       {"default", record.defaultValue},
+                                                       {"limits", record.limits[0]},
+                                                       {"limits", record.limits[1]}};
+    for (const auto &[member, number] : numbers) {
+        if (number < lowest || number > highest)
+            return m_input->fail(tr("The member \"%1\" of the property \"%2\" is %3, outside of "
+                                    "%4 to %5.")
+                                     .arg(QLatin1String(member), record.name)
+                                     .arg(number)
+                                     .arg(lowest)
+                                     .arg(highest));
+    }
+    return true;
 }
 
 bool VxScenePropertyReader::readMember(const QString &name, Record &record)
@@ -94,7 +112,7 @@ bool VxScenePropertyReader::readMember(const QString &name, Record &record)
     else if (is("interpolation"))
         record.interpolation = int(m_input->integer(0, 2));
     else if (is("sensitivity"))
-        record.sensitivity = m_input->number();
+        record.sensitivity = m_input->singleNumber();
     else if (is("default"))
         record.defaultValue = m_input->number();
     else if (is("value") && record.isString())
@@ -113,7 +131,7 @@ bool VxScenePropertyReader::readMember(const QString &name, Record &record)
 
 bool VxScenePropertyReader::readReference(const QString &name, Record &record)
 {
-    Reference reference{nullptr, 0, 0, false, 1.0, 0.0};
+    Reference reference{0, 0, 0, false, 1.0, 0.0};
     if (name == QLatin1String("alias") || name == QLatin1String("override")) {
         reference.kind = name.at(0).toLatin1();
         reference.to = m_input->integer(0, IntMax);
@@ -170,8 +188,7 @@ VxProperty *VxScenePropertyReader::makeProperty(const Record &record) const
     if (record.isBool())
         return new VxBoolProperty(record.name, record.defaultValue != 0.0);
     if (record.isInt())
-        return new VxIntProperty(record.name,
-                                 int(qBound(double(IntMin), record.defaultValue, double(IntMax))));
+        return new VxIntProperty(record.name, int(record.defaultValue));
     return new VxStringProperty(record.name);
 }
 
@@ -196,14 +213,14 @@ void VxScenePropertyReader::build(VxElement *element, const Record &record)
     }
     applyValues(property, record);
     applyTraits(property, record);
-    m_properties.append(property);
-    m_seen.insert(property);
     if (record.locked)
         m_locked.append(property);
     for (Reference reference : record.references) {
-        reference.from = property;
+        reference.from = m_properties.size();
         m_references.append(reference);
     }
+    m_properties.append(property);
+    m_seen.insert(property);
 }
 
 void VxScenePropertyReader::applyTraits(VxProperty *property, const Record &record) const
@@ -218,16 +235,13 @@ void VxScenePropertyReader::applyTraits(VxProperty *property, const Record &reco
         numeric->setPercentage(record.percentage);
     if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
         number->setAxis(VxFloatProperty::Axis(record.axis));
-        number->setSensitivity(float(record.sensitivity));
+        number->setSensitivity(record.sensitivity);
         number->setDefaultInterpolation(record.interpolation);
         if (record.hasLimits)
             number->setMinMax(float(record.limits[0]), float(record.limits[1]), record.clamped);
     } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
-        const auto limit = [](double value) {
-            return int(qBound(double(IntMin), value, double(IntMax)));
-        };
         if (record.hasLimits)
-            whole->setMinMax(limit(record.limits[0]), limit(record.limits[1]), record.clamped);
+            whole->setMinMax(int(record.limits[0]), int(record.limits[1]), record.clamped);
     }
 }
 
@@ -246,7 +260,7 @@ void VxScenePropertyReader::applyValues(VxProperty *property, const Record &reco
         const auto *values = reinterpret_cast<const float *>(record.values.constData());
         accepted = number->setKeys({times, values, types, tcb, count});
     } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
-        whole->setStoredValue(int(qBound(double(IntMin), record.value, double(IntMax))));
+        whole->setStoredValue(int(record.value));
         const auto *values = reinterpret_cast<const qint32 *>(record.values.constData());
         accepted = whole->setKeys({times, values, nullptr, nullptr, count});
     } else if (auto *string = qobject_cast<VxStringProperty *>(property)) {
@@ -260,29 +274,71 @@ void VxScenePropertyReader::applyValues(VxProperty *property, const Record &reco
 
 void VxScenePropertyReader::setReference(const Reference &reference)
 {
-    VxProperty *target =
-        reference.to < m_properties.size() ? m_properties.at(int(reference.to)) : nullptr;
-    auto *from = qobject_cast<VxNumericProperty *>(reference.from);
+    VxProperty *source = m_properties.at(reference.from);
+    VxProperty *target = m_properties.value(int(reference.to));
+    auto *from = qobject_cast<VxNumericProperty *>(source);
     auto *to = qobject_cast<VxNumericProperty *>(target);
     bool accepted = false;
     if (target && reference.kind == 'a')
-        accepted = reference.from->setAliasedProperty(target);
+        accepted = source->setAliasedProperty(target);
     else if (target && reference.kind == 'o')
-        accepted = reference.from->setOverridingControl(target);
+        accepted = source->setOverridingControl(target);
     else if (from && to)
         accepted = from->setLink(to, reference.terminal, reference.factor, reference.offset);
     if (!accepted)
-        m_input->fail(tr("The property \"%1\" has an invalid reference to property %2.")
-                          .arg(reference.from->getName())
-                          .arg(reference.to));
+        failReference(reference);
+}
+
+void VxScenePropertyReader::failReference(const Reference &reference)
+{
+    m_input->fail(tr("The property \"%1\" has an invalid reference to property %2: "
+                     "another kind, a circle, or a chain of more than %3 references.")
+                      .arg(m_properties.at(reference.from)->getName())
+                      .arg(reference.to)
+                      .arg(VxProperty::MaxReferenceChain));
+}
+
+QVector<int> VxScenePropertyReader::referencesFromTheirEnds() const
+{
+    const int count = m_properties.size();
+    QVector<int> open(count, 0);           // references of a property that are not in the result
+    QVector<QVector<int>> incoming(count); // references by the property they lead to
+    for (int i = 0; i < m_references.size(); ++i) {
+        ++open[m_references.at(i).from];
+        if (m_references.at(i).to < count)
+            incoming[int(m_references.at(i).to)].append(i);
+    }
+    QVector<int> complete;
+    for (int i = 0; i < count; ++i) {
+        if (open.at(i) == 0)
+            complete.append(i);
+    }
+    QVector<int> result;
+    while (!complete.isEmpty()) {
+        for (const int reference : qAsConst(incoming[complete.takeLast()])) {
+            result.append(reference);
+            const int from = m_references.at(reference).from;
+            if (--open[from] == 0)
+                complete.append(from);
+        }
+    }
+    return result;
 }
 
 void VxScenePropertyReader::resolve()
 {
-    for (const Reference &reference : qAsConst(m_references)) {
+    // Each property gets its references when those of its targets are set: nothing depends on it
+    // then, so that the checks for circles and long chains cost nothing per reference.
+    const QVector<int> order = referencesFromTheirEnds();
+    QVector<bool> done(m_references.size(), false);
+    for (const int index : order) {
         if (!m_input->failed())
-            setReference(reference);
+            setReference(m_references.at(index));
+        done[index] = true;
     }
+    const int left = done.indexOf(false);
+    if (left >= 0)
+        failReference(m_references.at(left));
     for (VxProperty *property : qAsConst(m_locked))
         property->setLocked(true);
 }

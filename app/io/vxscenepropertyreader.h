@@ -20,17 +20,17 @@ public:
     {
     }
 
-    /// Reads the property map that stands here. An element's own control of that name takes the
-    /// contents; otherwise a property is added to it.
+    /// Reads the property map at the present offset. An element's own control of that name takes
+    /// the contents; otherwise a property is added to it.
     void read(VxElement *element);
-    /// Sets aliases, overriding controls and links, then locks what is locked.
+    /// Sets aliases, overriding controls and links, then locks the locked properties.
     void resolve();
 
 private:
     struct Record;
     struct Reference
     {
-        VxProperty *from;
+        int from;  // number of a property in the file, as is `to`
         char kind; // a alias, o override, l link
         qint64 to;
         bool terminal;
@@ -45,11 +45,17 @@ private:
     VxProperty *makeProperty(const Record &record) const;
     void applyTraits(VxProperty *property, const Record &record) const;
     void applyValues(VxProperty *property, const Record &record) const;
+    /// False, with a failure, when a number does not fit the kind of the property.
+    bool checkRange(const Record &record);
     void setReference(const Reference &reference);
+    void failReference(const Reference &reference);
+    /// Indexes of the references, those of a property's targets before its own. References in
+    /// circles, and those to properties that do not exist, are missing.
+    QVector<int> referencesFromTheirEnds() const;
 
     VxCborInput *m_input;
     QVector<VxProperty *> m_properties; // by their number in the file
-    QSet<const VxProperty *> m_seen;    // a name may stand in an element once
+    QSet<const VxProperty *> m_seen;    // a name may occur in an element once
     QVector<Reference> m_references;
     QVector<VxProperty *> m_locked;
 };

@@ -35,12 +35,13 @@ public:
     bool build(VxSceneContents *contents, VxFileError *error);
 
 private:
-    /// A node as the file tells it. Its map may name the kind after its properties, so the kind
-    /// must come first; the writer sees to that and the reader insists.
+    /// A node of the file. Kind and name must precede every other member of its map; the writer
+    /// writes them first.
     struct NodeRecord
     {
         std::unique_ptr<VxNode> node;
         int parent = -1;
+        int depth = 1; ///< levels of nodes down to this one
     };
 
     bool readHeader(const QString &name, VxSceneContents *contents);
@@ -48,6 +49,7 @@ private:
     VxTimeRange readRange();
     void readNode();
     bool readNodeMember(const QString &name, NodeRecord &record);
+    void checkDepth(NodeRecord &record);
     bool readElementMember(const QString &name, VxElement *element);
     QVector3D readVector();
     std::unique_ptr<VxNode> makeNode(const QString &kind, const QString &name);
@@ -130,9 +132,9 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
 
 QVector3D SceneBuilder::readVector()
 {
-    double values[3] = {0, 0, 0};
+    float values[3] = {0, 0, 0};
     m_input.numbers(values, 3);
-    return {float(values[0]), float(values[1]), float(values[2])};
+    return {values[0], values[1], values[2]};
 }
 
 std::unique_ptr<VxNode> SceneBuilder::makeNode(const QString &kind, const QString &name)
@@ -171,8 +173,20 @@ void SceneBuilder::readNode()
     });
     if (!m_input.failed() && !record.node)
         m_input.fail(tr("A node has no name."));
+    checkDepth(record);
     if (!m_input.failed())
         m_nodes.push_back(std::move(record));
+}
+
+void SceneBuilder::checkDepth(NodeRecord &record)
+{
+    if (m_input.failed() || record.parent < 0)
+        return;
+    record.depth = m_nodes[size_t(record.parent)].depth + 1;
+    if (record.depth > VxNode::MaxDepth)
+        m_input.fail(tr("The node \"%1\" is nested deeper than %2 levels.")
+                         .arg(record.node->getName())
+                         .arg(VxNode::MaxDepth));
 }
 
 bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
@@ -253,8 +267,8 @@ void SceneBuilder::readSubElement(VxObject *object)
 
 void SceneBuilder::assemble(VxSceneContents *contents)
 {
-    // Parents stand before their children, so a node is still at hand as a plain pointer when its
-    // own children come, though it has been given to its parent.
+    // Parents precede their children in the file; a node is kept as a plain pointer for its own
+    // children after its parent has taken ownership.
     std::vector<VxNode *> placed;
     placed.reserve(m_nodes.size());
     for (NodeRecord &record : m_nodes) {

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QVector3D>
 #include <algorithm>
+#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
@@ -34,9 +35,11 @@ public:
 
     /// False when the progress callback asked to stop.
     bool write(const VxFileProgress &progress);
+    /// Where the scene holds a number that no reader accepts; empty when it holds none.
+    const QString &unreadable() const { return m_unreadable; }
 
 private:
-    void number(VxElement *element);
+    void countProperties(VxElement *element);
     void writeHeader();
     void writeNode(VxNode *node, int parent);
     void writeElement(VxElement *element);
@@ -53,12 +56,17 @@ private:
     void flag(const char *name, bool value, bool usual);
     void integer(const char *name, qint64 value);
     void range(const char *name, const VxTimeRange &value);
+    template <class Number> void append(const char *name, Number value);
+    template <class Number> void number(const char *name, Number value);
+    template <class Number> void numbers(const char *name, std::initializer_list<Number> values);
     void vector(const char *name, const QVector3D &value);
     void array(const char *name, quint64 tag, const void *data, qint64 bytes);
 
     const VxScene *m_scene;
     QCborStreamWriter m_out;
     QHash<const VxProperty *, int> m_numbers;
+    const QObject *m_present = nullptr; // the node or property that is being written
+    QString m_unreadable;
 };
 
 void SceneStream::text(const char *name, const QString &value)
@@ -92,14 +100,32 @@ void SceneStream::range(const char *name, const VxTimeRange &value)
 
 void SceneStream::vector(const char *name, const QVector3D &value)
 {
-    if (value.isNull())
-        return;
+    if (!value.isNull())
+        numbers(name, {value.x(), value.y(), value.z()});
+}
+
+template <class Number>
+void SceneStream::numbers(const char *name, std::initializer_list<Number> values)
+{
     key(name);
-    m_out.startArray(3);
-    m_out.append(value.x());
-    m_out.append(value.y());
-    m_out.append(value.z());
+    m_out.startArray(values.size());
+    for (const Number value : values)
+        append(name, value);
     m_out.endArray();
+}
+
+template <class Number> void SceneStream::number(const char *name, Number value)
+{
+    key(name);
+    append(name, value);
+}
+
+template <class Number> void SceneStream::append(const char *name, Number value)
+{
+    if (!std::isfinite(value) && m_unreadable.isEmpty())
+        m_unreadable =
+            QStringLiteral("%1 of \"%2\"").arg(QLatin1String(name), m_present->objectName());
+    m_out.append(value);
 }
 
 void SceneStream::array(const char *name, quint64 tag, const void *data, qint64 bytes)
@@ -110,7 +136,7 @@ void SceneStream::array(const char *name, quint64 tag, const void *data, qint64 
     m_out.appendByteString(static_cast<const char *>(data), bytes);
 }
 
-void SceneStream::number(VxElement *element)
+void SceneStream::countProperties(VxElement *element)
 {
     for (const VxProperty *property : element->getMadeProperties())
         m_numbers.insert(property, m_numbers.size());
@@ -141,11 +167,11 @@ bool SceneStream::write(const VxFileProgress &progress)
     QHash<const VxNode *, int> places;
     for (VxNode *node : nodes) {
         places.insert(node, places.size());
-        number(node);
+        countProperties(node);
         if (VxObject *object = node->getObject()) {
-            number(object);
+            countProperties(object);
             for (int i = 0; i < object->getNumSubElements(); ++i)
-                number(object->getSubElement(i));
+                countProperties(object->getSubElement(i));
         }
     }
     m_out.startMap();
@@ -168,6 +194,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
     const char *kind = qobject_cast<VxSkeleton *>(node) ? "skeleton"
                        : qobject_cast<VxBone *>(node)   ? "bone"
                                                         : "node";
+    m_present = node;
     m_out.startMap();
     text("kind", QLatin1String(kind));
     text("name", node->getName());
@@ -220,6 +247,7 @@ void SceneStream::writeElement(VxElement *element)
 
 void SceneStream::writeProperty(VxProperty *property)
 {
+    m_present = property;
     m_out.startMap();
     text("name", property->getName());
     writeTraits(property);
@@ -274,22 +302,15 @@ template <class Property> void SceneStream::writeKeyArrays(Property *property)
 void SceneStream::writeFloat(VxFloatProperty *property)
 {
     integer("axis", property->getAxis());
-    key("limits");
-    m_out.startArray(2);
-    m_out.append(property->getMin());
-    m_out.append(property->getMax());
-    m_out.endArray();
+    numbers("limits", {property->getMin(), property->getMax()});
     flag("clamped", property->isClamped(), false);
-    key("sensitivity");
-    m_out.append(property->getSensitivity());
+    number("sensitivity", property->getSensitivity());
     integer("interpolation", property->getDefaultInterpolation());
-    key("default");
-    m_out.append(property->getDefaultValue());
+    number("default", property->getDefaultValue());
     // An alias, or a property that is taken over, shows another one's value and keys.
     if (property->getKeyHolder() != property)
         return;
-    key("value");
-    m_out.append(property->getStoredValue());
+    number("value", property->getStoredValue());
     if (property->getNumKeys() > 0)
         writeKeyArrays(property);
 }
@@ -325,14 +346,12 @@ void SceneStream::writeReferences(VxProperty *property)
     m_out.startMap();
     integer("to", m_numbers.value(number->getLinkedProperty()));
     flag("terminal", number->isLinkTerminal(), false);
-    key("factor");
-    m_out.append(number->getLinkFactor());
-    key("offset");
-    m_out.append(number->getLinkOffset());
+    this->number("factor", number->getLinkFactor());
+    this->number("offset", number->getLinkOffset());
     m_out.endMap();
 }
 
-/// Notices when a device takes fewer bytes than it was given: the stream writer does not tell.
+/// Notices when a device takes fewer bytes than it was given: the stream writer does not report it.
 class WatchedDevice : public QIODevice
 {
 public:
@@ -378,14 +397,17 @@ void VxSceneWriter::setProgress(const VxFileProgress &progress)
 bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
 {
     WatchedDevice watched(device);
-    const bool complete = SceneStream(m_scene, &watched).write(m_progress);
-    if (!complete) {
+    SceneStream stream(m_scene, &watched);
+    if (!stream.write(m_progress)) {
         error->cancelled = true;
         return false;
     }
-    if (!watched.failure().isEmpty())
+    if (!stream.unreadable().isEmpty())
+        error->message =
+            tr("The scene holds a number that is not finite: %1.").arg(stream.unreadable());
+    else if (!watched.failure().isEmpty())
         error->message = tr("The file cannot be written: %1.").arg(watched.failure());
-    return watched.failure().isEmpty();
+    return error->message.isEmpty();
 }
 
 bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
@@ -393,8 +415,8 @@ bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
     *error = VxFileError();
     error->file = fileName;
     VxSafeFile file(fileName);
-    if (file.start() && !write(&file, error) && error->cancelled)
-        return false;
+    if (file.start() && !write(&file, error) && file.failure().isEmpty())
+        return false; // cancelled, or a number that cannot be read again
     if (file.failure().isEmpty() && file.commit())
         return true;
     error->message = tr("The file cannot be written: %1.").arg(file.failure());

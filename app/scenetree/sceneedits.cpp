@@ -91,9 +91,8 @@ bool SceneEdits::setVisible(const QVector<VxNode *> &nodes, bool visible)
 
 bool SceneEdits::canMove(const QVector<VxNode *> &nodes, const VxNode *parent)
 {
-    return std::none_of(nodes.cbegin(), nodes.cend(), [parent](const VxNode *node) {
-        return node == parent || node->isAncestorOf(parent);
-    });
+    return std::all_of(nodes.cbegin(), nodes.cend(),
+                       [parent](const VxNode *node) { return node->canMoveBelow(parent); });
 }
 
 bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,

@@ -29,6 +29,9 @@ class VXCORE_EXPORT VxNode : public VxElement
 public:
     class Private;
 
+    /// The deepest nesting of nodes, in levels: a root node is on level 1.
+    static constexpr int MaxDepth = 4096;
+
     /// The order in which the rotations about the axes are multiplied, from left to right: ZYX is
     /// Rz * Ry * Rx, so a point is turned about X first. Motion files list channels this way.
     enum RotationOrder { XYZ, XZY, YXZ, YZX, ZXY, ZYX };
@@ -47,13 +50,18 @@ public:
     /// Appends the children to a list; with recursive, each child is followed by its own.
     void getNodeChildren(QVector<VxNode *> &list, bool recursive = false) const;
     bool isAncestorOf(const VxNode *node) const;
+    /// The node's level: the number of nodes from the top of its hierarchy to itself, at least 1.
+    int getDepth() const;
     /// The index among the siblings (the parent's children, or the scene's root nodes); -1
     /// outside of both.
     int getSiblingIndex() const;
 
+    /// False when the node itself, a node below it or a node of another scene would become its
+    /// parent, or when a node would be on a level beyond MaxDepth. Null is the top level.
+    bool canMoveBelow(const VxNode *parent) const;
     /// Puts the node below another, or at the top level (null), so that it gets the given index
-    /// among its new siblings (-1, or one beyond the end: last). False, and nothing changes, when
-    /// the new parent is the node itself or below it, or only one of the two is in the scene.
+    /// among its new siblings (-1, or one beyond the end: last). False, and nothing changes, unless
+    /// canMoveBelow().
     /// Emits parentChanged() when the parent differs. Outside of a scene a node that was put at
     /// the top level belongs to the caller.
     bool setNodeParent(VxNode *parent, int index = -1);

@@ -24,8 +24,10 @@ public:
     VxNumericProperty *getLinkedProperty() const;
     double getLinkFactor() const;
     double getLinkOffset() const;
-    /// False, and nothing changes, when a circle would arise. Null removes the link. Not owned; a
-    /// link to a property that is destroyed is gone.
+    /// False, and nothing changes, when a circle or a chain of more than MaxReferenceChain
+    /// references would arise, or when factor or offset is not finite. Null removes the link. Not
+    /// owned; the link ends with the property it leads to. A float property limits what comes
+    /// through links to the range of single precision, an int property to that of int.
     bool setLink(VxNumericProperty *property, bool terminal = false, double factor = 1.0,
                  double offset = 0.0);
 

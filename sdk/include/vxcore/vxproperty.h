@@ -6,6 +6,7 @@
 #include <QtCore/QVector>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 #include <vxcore/vxtimerange.h>
 
 class VxElement;
@@ -19,7 +20,7 @@ class VxElement;
 /// A property may stand for another (an alias) or be taken over by another (an overriding
 /// control). The property that really holds the keys is its key holder; every key operation on
 /// the one acts on the other, and a change of the holder is reported by both.
-class VXCORE_EXPORT VxProperty : public QObject
+class VXCORE_EXPORT VxProperty : public VxSignalGuard<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(QString name READ getName)
@@ -32,6 +33,11 @@ class VXCORE_EXPORT VxProperty : public QObject
     Q_PROPERTY(int numKeys READ getNumKeys)
 public:
     class Private;
+
+    /// The longest chain of aliases, overriding controls and links that can be made, in references.
+    static constexpr int MaxReferenceChain = 128;
+    /// The deepest nesting of groups in a path that an element accepts, in groups.
+    static constexpr int MaxGroupDepth = 64;
 
     /// name: the identifier, unique within its element; also the object name. The label is the
     /// same text until setLabel().
@@ -76,8 +82,9 @@ public:
     bool isAlias() const;
     VxProperty *getAliasedProperty() const;
     /// Makes the property an alias of another of the same kind; null makes it one of its own
-    /// again. False, and nothing changes, when the kinds differ or a circle would arise. Not
-    /// owned; an alias whose property is destroyed stands for itself again.
+    /// again. False, and nothing changes, when the kinds differ, or when a circle or a chain of
+    /// more than MaxReferenceChain references would arise. Not owned; an alias whose property is
+    /// destroyed becomes an ordinary property again.
     bool setAliasedProperty(VxProperty *property);
 
     /// The control that has taken the property over, or null. Not owned; same rules as above.

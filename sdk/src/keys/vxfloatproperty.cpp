@@ -20,6 +20,13 @@ VxKeyShape makeShape(int type, float tension, float continuity, float bias)
     return {static_cast<quint8>(type), {tension, continuity, bias}};
 }
 
+/// Links multiply, so that a value can leave the range of single precision.
+float saturated(double value)
+{
+    constexpr double Highest = double(std::numeric_limits<float>::max());
+    return static_cast<float>(qBound(-Highest, value, Highest));
+}
+
 bool areFinite(const float *values, int count)
 {
     return std::all_of(values, values + count, [](float value) { return std::isfinite(value); });
@@ -95,8 +102,11 @@ bool VxFloatProperty::Private::setValue(VxTime time, float value)
 }
 
 VxFloatProperty::VxFloatProperty(const QString &name, float defaultValue)
-    : VxNumericProperty(name, new Private(this, defaultValue))
+    : VxNumericProperty(name, new Private(this, std::isfinite(defaultValue) ? defaultValue : 0.0f))
 {
+    if (!std::isfinite(defaultValue))
+        qWarning("VxFloatProperty: the default value of \"%s\" is not finite; it is 0 instead",
+                 qUtf8Printable(name));
 }
 
 VxFloatProperty::~VxFloatProperty() = default;
@@ -138,10 +148,15 @@ bool VxFloatProperty::isClamped() const
 
 void VxFloatProperty::setMinMax(float minimum, float maximum, bool clamped)
 {
+    if (!std::isfinite(minimum) || !std::isfinite(maximum)) {
+        qWarning("VxFloatProperty::setMinMax(): the limits of \"%s\" are not finite",
+                 qUtf8Printable(getName()));
+        return;
+    }
     priv()->minimum = qMin(minimum, maximum);
     priv()->maximum = qMax(minimum, maximum);
     priv()->clamped = clamped;
-    Q_EMIT traitsChanged();
+    priv()->emitTraits();
 }
 
 float VxFloatProperty::getSensitivity() const
@@ -151,6 +166,11 @@ float VxFloatProperty::getSensitivity() const
 
 void VxFloatProperty::setSensitivity(float step)
 {
+    if (!std::isfinite(step)) {
+        qWarning("VxFloatProperty::setSensitivity(): the sensitivity of \"%s\" is not finite",
+                 qUtf8Printable(getName()));
+        return;
+    }
     priv()->sensitivity = step;
 }
 
@@ -174,7 +194,7 @@ float VxFloatProperty::getValue(VxTime time) const
 {
     const Private *record = priv();
     const float own = record->keys.value(time);
-    return record->isPlain ? own : static_cast<float>(record->dependentValue(time, double(own)));
+    return record->isPlain ? own : saturated(record->dependentValue(time, double(own)));
 }
 
 void VxFloatProperty::getValues(const VxTime *times, int count, float *values) const

@@ -88,7 +88,7 @@ void VxIntProperty::setMinMax(int minimum, int maximum, bool clamped)
     priv()->minimum = qMin(minimum, maximum);
     priv()->maximum = qMax(minimum, maximum);
     priv()->clamped = clamped;
-    Q_EMIT traitsChanged();
+    priv()->emitTraits();
 }
 
 int VxIntProperty::getValue() const

@@ -2,6 +2,7 @@
 
 #include "undo/vxundovalueitem.h"
 
+#include <cmath>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -106,7 +107,9 @@ bool VxNumericProperty::setLink(VxNumericProperty *property, bool terminal, doub
     const LinkState next{property, terminal, factor, offset};
     if (linkState(this) == next)
         return true;
-    if (property && priv()->isReachedFrom(property))
+    if (property && !priv()->canReferTo(property))
+        return false;
+    if (!std::isfinite(factor) || !std::isfinite(offset))
         return false;
     vxRecordValue<VxNumericProperty, LinkState>(
         this, VxUndoLink, linkState, [](VxNumericProperty *p, const LinkState &state) {
@@ -160,5 +163,5 @@ void VxNumericProperty::setPercentage(bool percentage)
     if (priv()->percentage == percentage)
         return;
     priv()->percentage = percentage;
-    Q_EMIT traitsChanged();
+    priv()->emitTraits();
 }

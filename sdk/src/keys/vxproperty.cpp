@@ -2,6 +2,7 @@
 
 #include "keys/vxchangeblock_p.h"
 #include "keys/vxproperty_p.h"
+#include "scene/deferreddeletion.h"
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
 
@@ -37,50 +38,107 @@ void VxProperty::Private::reportChange(const VxTimeRange &range)
 
 void VxProperty::Private::emitChange(const VxTimeRange &range)
 {
-    if (!changeHook || changeHook(q))
-        Q_EMIT q->valueChanged(range);
+    const DeferredDeletion hold;
+    const auto emitOne = [&range](VxProperty *property) {
+        if (!changeHook || changeHook(property))
+            Q_EMIT property->valueChanged(range);
+    };
+    if (dependents.isEmpty()) {
+        emitOne(q);
+        return;
+    }
+    // Dependents are collected beforehand: there may be many ways to one of them, and receivers may
+    // change the references.
+    QVector<QPointer<VxProperty>> affected{q};
+    QSet<const VxProperty *> seen{q};
+    for (int i = 0; i < affected.size(); ++i) {
+        for (const VxPropertyDependency *reference : qAsConst(of(affected.at(i))->dependents)) {
+            VxProperty *dependent = reference->dependent()->q;
+            if (!seen.contains(dependent)) {
+                seen.insert(dependent);
+                affected.append(dependent);
+            }
+        }
+    }
+    for (const QPointer<VxProperty> &property : qAsConst(affected)) {
+        if (property)
+            emitOne(property);
+    }
 }
 
 void VxPropertyDependency::set(VxProperty::Private *dependent, VxProperty *property)
 {
-    QObject::disconnect(m_changed);
-    QObject::disconnect(m_deleted);
+    if (m_property) {
+        QVector<VxPropertyDependency *> &list = VxProperty::Private::of(m_property)->dependents;
+        list[m_index] = list.last();
+        list[m_index]->m_index = m_index;
+        list.removeLast();
+    }
     m_property = property;
+    m_dependent = dependent;
     if (!property)
         return;
-    m_changed =
-        QObject::connect(property, &VxProperty::valueChanged, dependent->q,
-                         [dependent](const VxTimeRange &range) { dependent->emitChange(range); });
-    m_deleted =
-        QObject::connect(property, &VxProperty::propertyDeleted, dependent->q, [this, dependent] {
-            m_property = nullptr;
-            dependent->updateDependencies();
-        });
+    QVector<VxPropertyDependency *> &list = VxProperty::Private::of(property)->dependents;
+    m_index = list.size();
+    list.append(this);
+}
+
+void VxProperty::Private::emitTraits()
+{
+    const DeferredDeletion hold;
+    Q_EMIT q->traitsChanged();
 }
 
 void VxProperty::Private::updateDependencies()
 {
     isPlain = !aliased && !overriding && !linkedProperty();
     ++holderRevision;
-    Q_EMIT q->traitsChanged();
+    const auto length = [](const VxProperty *target) {
+        return target ? of(target)->chainLength + 1 : 0;
+    };
+    QVector<Private *> open{this};
+    while (!open.isEmpty()) {
+        Private *record = open.takeLast();
+        const int longest =
+            std::max({length(record->aliased.get()), length(record->overriding.get()),
+                      length(record->linkedProperty())});
+        if (record->chainLength == longest)
+            continue;
+        record->chainLength = longest;
+        for (const VxPropertyDependency *reference : qAsConst(record->dependents))
+            open.append(reference->dependent());
+    }
+    const DeferredDeletion hold;
+    emitTraits();
     reportChange(VxTimeRange::all());
 }
 
-bool VxProperty::Private::isReachedFrom(const VxProperty *from) const
+bool VxProperty::Private::canReferTo(const VxProperty *target) const
 {
-    QSet<const VxProperty *> seen;
-    QVector<const VxProperty *> open{from};
-    while (!open.isEmpty()) {
-        const VxProperty *property = open.takeLast();
-        if (!property || seen.contains(property))
-            continue;
-        if (property == q)
-            return true;
-        seen.insert(property);
-        const Private *record = of(property);
-        open << record->aliased.get() << record->overriding.get() << record->linkedProperty();
+    // Level by level through the dependents: the number of levels is the length of the longest
+    // chain that leads here, and the target is among them when a circle would be closed.
+    QSet<const Private *> level{this};
+    for (int above = 0; !level.isEmpty(); ++above) {
+        if (level.contains(of(target)) || above + 1 + of(target)->chainLength > MaxReferenceChain)
+            return false;
+        QSet<const Private *> next;
+        for (const Private *record : qAsConst(level)) {
+            for (const VxPropertyDependency *reference : record->dependents)
+                next.insert(reference->dependent());
+        }
+        level.swap(next);
     }
-    return false;
+    return true;
+}
+
+void VxProperty::Private::releaseDependents()
+{
+    while (!dependents.isEmpty()) {
+        VxPropertyDependency *reference = dependents.last();
+        Private *dependent = reference->dependent();
+        reference->set(nullptr, nullptr);
+        dependent->updateDependencies();
+    }
 }
 
 VxProperty::VxProperty(const QString &name)
@@ -101,6 +159,7 @@ VxProperty::~VxProperty()
     if (d->owner)
         VxElement::Private::loseProperty(this);
     VxPendingChanges::remove(d.get());
+    d->releaseDependents();
     Q_EMIT propertyDeleted(this);
 }
 
@@ -122,7 +181,7 @@ void VxProperty::setLabel(const QString &label)
         this, VxUndoLabel, [](const VxProperty *p) { return p->getLabel(); },
         [](VxProperty *p, const QString &value) { p->setLabel(value); });
     d->label = label;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 QString VxProperty::getPath() const
@@ -153,7 +212,7 @@ void VxProperty::setHidden(bool hidden)
         this, VxUndoHidden, [](const VxProperty *p) { return p->isHidden(); },
         [](VxProperty *p, const bool &value) { p->setHidden(value); });
     d->hidden = hidden;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 bool VxProperty::isDynamicallyHidden() const
@@ -166,7 +225,7 @@ void VxProperty::setDynamicallyHidden(bool hidden)
     if (d->dynamicallyHidden == hidden)
         return;
     d->dynamicallyHidden = hidden;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 bool VxProperty::isLocked() const
@@ -182,7 +241,7 @@ void VxProperty::setLocked(bool locked)
         this, VxUndoLocked, [](const VxProperty *p) { return p->isLocked(); },
         [](VxProperty *p, const bool &value) { p->setLocked(value); });
     d->locked = locked;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 bool VxProperty::isAnimatable() const
@@ -198,7 +257,7 @@ void VxProperty::setAnimatable(bool animatable)
         this, VxUndoAnimatable, [](const VxProperty *p) { return p->isAnimatable(); },
         [](VxProperty *p, const bool &value) { p->setAnimatable(value); });
     d->animatable = animatable;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 bool VxProperty::canBeKeyed() const
@@ -216,7 +275,7 @@ void VxProperty::setExcluded(bool excluded)
     if (d->excluded == excluded)
         return;
     d->excluded = excluded;
-    Q_EMIT traitsChanged();
+    d->emitTraits();
 }
 
 bool VxProperty::isAlias() const
@@ -233,7 +292,7 @@ bool VxProperty::setAliasedProperty(VxProperty *property)
 {
     if (property == d->aliased.get())
         return true;
-    if (property && (property->metaObject() != metaObject() || d->isReachedFrom(property)))
+    if (property && (property->metaObject() != metaObject() || !d->canReferTo(property)))
         return false;
     using Guarded = QPointer<VxProperty>;
     vxRecordValue<VxProperty, Guarded>(
@@ -253,7 +312,7 @@ bool VxProperty::setOverridingControl(VxProperty *property)
 {
     if (property == d->overriding.get())
         return true;
-    if (property && (property->metaObject() != metaObject() || d->isReachedFrom(property)))
+    if (property && (property->metaObject() != metaObject() || !d->canReferTo(property)))
         return false;
     using Guarded = QPointer<VxProperty>;
     vxRecordValue<VxProperty, Guarded>(

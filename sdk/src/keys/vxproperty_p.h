@@ -20,20 +20,26 @@ enum VxPropertyUndoKind {
     VxUndoFirstFreeKind = 32
 };
 
-/// Another property that a property depends on: reports are passed on, and when the other one is
-/// destroyed the dependency is gone.
+/// A property's reference to another one: the target lists it among its dependents, so that
+/// reports reach the dependents and destruction of the target clears the reference.
 class VxPropertyDependency
 {
 public:
+    VxPropertyDependency() = default;
+    ~VxPropertyDependency() { set(nullptr, nullptr); }
+    VxPropertyDependency(const VxPropertyDependency &) = delete;
+    VxPropertyDependency &operator=(const VxPropertyDependency &) = delete;
+
     VxProperty *get() const { return m_property; }
     explicit operator bool() const { return m_property != nullptr; }
-    /// Depends on property (null: on none) from now on.
+    VxProperty::Private *dependent() const { return m_dependent; }
+    /// Replaces the target; null for none.
     void set(VxProperty::Private *dependent, VxProperty *property);
 
 private:
     VxProperty *m_property = nullptr;
-    QMetaObject::Connection m_changed;
-    QMetaObject::Connection m_deleted;
+    VxProperty::Private *m_dependent = nullptr;
+    int m_index = 0; // in the target's list of dependents
 };
 
 class VxProperty::Private
@@ -53,11 +59,17 @@ public:
     void bumpKeyRevision();
     /// Reports a change of keys or value: at once, or at the end of the open block.
     void reportChange(const VxTimeRange &range);
+    /// Emits valueChanged() of this property and of everything that depends on it, each once.
     void emitChange(const VxTimeRange &range);
-    /// Recomputes isPlain after an alias, an override or a link came or went, and tells of it.
+    /// Emits traitsChanged().
+    void emitTraits();
+    /// Recomputes isPlain and chainLength after a change of a reference, and reports it.
     void updateDependencies();
-    /// True when following the dependencies of from would lead to this property.
-    bool isReachedFrom(const VxProperty *from) const;
+    /// False when a reference to target would close a circle or make a chain of references longer
+    /// than MaxReferenceChain.
+    bool canReferTo(const VxProperty *target) const;
+    /// Clears the references of all dependents: the property is being destroyed.
+    void releaseDependents();
     /// The property that a link leads to; only numeric properties have links.
     virtual VxProperty *linkedProperty() const { return nullptr; }
 
@@ -69,6 +81,10 @@ public:
     quint64 keyRevision;
     VxPropertyDependency aliased;
     VxPropertyDependency overriding;
+    /// The references that lead to this property.
+    QVector<VxPropertyDependency *> dependents;
+    /// The length of the longest chain of references that starts here; 0 without a reference.
+    int chainLength = 0;
     bool hidden = false;
     bool dynamicallyHidden = false;
     bool locked = false;

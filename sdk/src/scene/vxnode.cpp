@@ -1,11 +1,22 @@
 #include "scene/vxnode_p.h"
 
+#include "scene/deferreddeletion.h"
 #include "scene/elementundo.h"
 #include "scene/scenenodes.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
+#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
+
+namespace {
+
+bool isFinite(const QVector3D &point)
+{
+    return std::isfinite(point.x()) && std::isfinite(point.y()) && std::isfinite(point.z());
+}
+
+} // namespace
 
 template <class Value>
 void VxNode::Private::record(int kind, Value (*get)(const VxNode *),
@@ -96,6 +107,11 @@ bool VxNode::isAncestorOf(const VxNode *node) const
     return above != nullptr;
 }
 
+int VxNode::getDepth() const
+{
+    return priv()->depth;
+}
+
 int VxNode::getSiblingIndex() const
 {
     const Private *record = priv();
@@ -106,9 +122,15 @@ int VxNode::getSiblingIndex() const
                : -1;
 }
 
+bool VxNode::canMoveBelow(const VxNode *parent) const
+{
+    return !parent || (parent != this && !isAncestorOf(parent) &&
+                       parent->getScene() == getScene() && priv()->fitsBelow(parent));
+}
+
 bool VxNode::setNodeParent(VxNode *parent, int index)
 {
-    if (parent && (parent == this || isAncestorOf(parent) || parent->getScene() != getScene()))
+    if (!canMoveBelow(parent))
         return false;
     if (getScene())
         VxScene::Private::of(getScene())->nodes.move(this, parent, index);
@@ -141,10 +163,12 @@ void VxNode::setObject(VxObject *object)
         return;
     }
     // An object that the hold itself has brought is of no use to the history.
+    const DeferredDeletion hold;
     const NodeObjectItem *item = recordObject(this);
+    const bool isKept = item && item->kept() == former;
     priv()->exchangeObject(object);
-    if (!item || item->kept() != former)
-        delete former;
+    if (!isKept)
+        DeferredDeletion::discard(former);
 }
 
 VxSkeleton *VxNode::getSkeleton() const
@@ -230,6 +254,7 @@ void VxNode::setSelectable(bool selectable)
     priv()->record<bool>(
         VxUndoNodeSelectable, [](const VxNode *n) { return n->isSelectable(); },
         [](VxNode *n, const bool &value) { n->setSelectable(value); });
+    const DeferredDeletion hold;
     priv()->selectable = selectable;
     if (!selectable)
         select(false);
@@ -247,6 +272,7 @@ void VxNode::setVisible(bool visible)
     priv()->record<bool>(
         VxUndoNodeVisible, [](const VxNode *n) { return n->isVisible(); },
         [](VxNode *n, const bool &value) { n->setVisible(value); });
+    const DeferredDeletion hold;
     priv()->visible = visible;
     Q_EMIT visibleChanged(visible);
     if (VxScene *scene = getScene())
@@ -297,6 +323,11 @@ QVector3D VxNode::getOrigin() const
 
 void VxNode::setOrigin(const QVector3D &origin)
 {
+    if (!isFinite(origin)) {
+        qWarning("VxNode::setOrigin(): the origin of \"%s\" is not finite",
+                 qUtf8Printable(getName()));
+        return;
+    }
     if (priv()->origin == origin)
         return;
     priv()->record<QVector3D>(
@@ -313,6 +344,11 @@ QVector3D VxNode::getEndPoint() const
 
 void VxNode::setEndPoint(const QVector3D &endPoint)
 {
+    if (!isFinite(endPoint)) {
+        qWarning("VxNode::setEndPoint(): the end point of \"%s\" is not finite",
+                 qUtf8Printable(getName()));
+        return;
+    }
     if (priv()->endPoint == endPoint)
         return;
     priv()->record<QVector3D>(

@@ -1,6 +1,7 @@
 #include "scene/vxnode_p.h"
 
 #include "keys/vxproperty_p.h"
+#include "scene/deferreddeletion.h"
 #include "scene/vxscene_p.h"
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
@@ -96,6 +97,7 @@ void VxNode::Private::touchView()
 
 VxObject *VxNode::Private::exchangeObject(VxObject *newObject)
 {
+    const DeferredDeletion hold;
     VxObject *former = object;
     if (former) {
         VxElement::Private::of(former)->announceRemovalOfAll();
@@ -132,8 +134,32 @@ void VxNode::Private::collectNodes(VxNode *top, QVector<VxNode *> &list)
     }
 }
 
+bool VxNode::Private::fitsBelow(const VxNode *newParent) const
+{
+    const int offset = of(newParent)->depth + 1 - depth;
+    if (children.isEmpty())
+        return depth + offset <= MaxDepth;
+    QVector<VxNode *> nodes;
+    collectNodes(const_cast<Private *>(this)->self(), nodes);
+    return std::all_of(nodes.cbegin(), nodes.cend(), [offset](const VxNode *node) {
+        return of(node)->depth + offset <= MaxDepth;
+    });
+}
+
+void VxNode::Private::updateDepth()
+{
+    const int offset = (parent ? of(parent)->depth + 1 : 1) - depth;
+    if (offset == 0)
+        return;
+    QVector<VxNode *> nodes;
+    collectNodes(self(), nodes);
+    for (VxNode *node : qAsConst(nodes))
+        of(node)->depth += offset;
+}
+
 void VxNode::Private::moveOutside(VxNode *newParent, int index)
 {
+    const DeferredDeletion hold;
     VxNode *oldParent = parent;
     if (oldParent)
         of(oldParent)->children.removeOne(self());
@@ -143,6 +169,7 @@ void VxNode::Private::moveOutside(VxNode *newParent, int index)
         siblingHint = index < 0 || index > siblings.size() ? siblings.size() : index;
         siblings.insert(siblingHint, self());
     }
+    updateDepth();
     if (oldParent != newParent)
         Q_EMIT self()->parentChanged(self(), oldParent, newParent);
 }

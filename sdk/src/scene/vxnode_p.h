@@ -40,6 +40,10 @@ public:
     VxObject *exchangeObject(VxObject *object);
     /// The node with everything below it, each parent before its children.
     static void collectNodes(VxNode *top, QVector<VxNode *> &list);
+    /// False when the lowest node of this hierarchy would be deeper than MaxDepth below another.
+    bool fitsBelow(const VxNode *newParent) const;
+    /// Sets the node's depth by its parent, and the depths of everything below it.
+    void updateDepth();
     /// Moves the node within a hierarchy that is in no scene.
     void moveOutside(VxNode *newParent, int index);
 
@@ -55,6 +59,8 @@ public:
     RotationOrder rotationOrder = XYZ;
     QVector3D origin;
     QVector3D endPoint;
+    /// The number of nodes from the top of the hierarchy to this one; 1 without a parent.
+    int depth = 1;
     /// Where the node was last found among its siblings.
     int siblingHint = 0;
     /// The place in the selection's list, or -1 when not selected.

@@ -1,6 +1,7 @@
 #include "scene/vxscene_p.h"
 
 #include "keys/vxproperty_p.h"
+#include "scene/deferreddeletion.h"
 #include "scene/vxnode_p.h"
 #include "undo/vxundovalueitem.h"
 #include <algorithm>
@@ -95,7 +96,7 @@ VxTimeRange VxScene::Private::ordered(const VxTimeRange &range)
 }
 
 VxScene::VxScene(QObject *parent)
-    : QObject(parent)
+    : VxSignalGuard(parent)
     , d(std::make_unique<Private>(this))
 {
     qRegisterMetaType<VxTime>("VxTime");
@@ -219,6 +220,12 @@ bool VxScene::addNode(VxNode *node, VxNode *parent)
                  qUtf8Printable(parent->getName()), qUtf8Printable(node->getName()));
         return false;
     }
+    if (parent && !VxNode::Private::of(node)->fitsBelow(parent)) {
+        qWarning("VxScene::addNode(): %s below %s would be nested deeper than %d levels",
+                 qUtf8Printable(node->getName()), qUtf8Printable(parent->getName()),
+                 VxNode::MaxDepth);
+        return false;
+    }
     d->nodes.add(node, parent);
     return true;
 }
@@ -261,9 +268,10 @@ bool VxScene::isLoading() const
 
 void VxScene::clear()
 {
+    const DeferredDeletion hold;
     Q_EMIT sceneClearStarting();
     pause();
-    qDeleteAll(d->nodes.take(d->nodes.roots()));
+    DeferredDeletion::discardAll(d->nodes.take(d->nodes.roots()));
     d->applyDefaults();
     if (VxUndoStack *stack = VxUndoStack::current())
         stack->clear();

@@ -33,6 +33,10 @@ QScriptValue addProperty(ScriptArguments &arguments, const Value &defaultValue)
     auto *element = arguments.self<VxElement>();
     const QString name = arguments.text(0, "name");
     const QString path = arguments.text(1, "path");
+    if (path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth)
+        arguments.fail(QStringLiteral("accepts at most %1 groups, one in another, as argument 2 "
+                                      "(path)")
+                           .arg(VxProperty::MaxGroupDepth));
     if (arguments.failed())
         return arguments.error();
     auto property = std::make_unique<Property>(name, defaultValue);

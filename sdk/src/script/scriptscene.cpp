@@ -40,8 +40,13 @@ template <class Node> QScriptValue addNode(ScriptArguments &arguments)
     if (arguments.failed())
         return arguments.error();
     auto node = std::make_unique<Node>(name);
-    if (!scene->addNode(node.get(), parent)) {
-        arguments.fail(QStringLiteral("cannot add a node below one that is not in the scene"));
+    const bool fits =
+        !parent || (parent->getScene() == scene && parent->getDepth() < VxNode::MaxDepth);
+    if (!fits || !scene->addNode(node.get(), parent)) {
+        arguments.fail(
+            parent && parent->getDepth() >= VxNode::MaxDepth
+                ? QStringLiteral("cannot nest nodes deeper than %1 levels").arg(VxNode::MaxDepth)
+                : QStringLiteral("cannot add a node below one that is not in the scene"));
         return arguments.error();
     }
     return toScript(arguments.engine(), node.release());

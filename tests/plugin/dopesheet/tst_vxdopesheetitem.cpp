@@ -217,14 +217,14 @@ void TestDopeSheetItem::valueSources()
 void TestDopeSheetItem::endlessLinksEnd()
 {
     std::vector<std::unique_ptr<VxFloatProperty>> chain;
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i <= VxProperty::MaxReferenceChain; ++i) {
         chain.push_back(std::make_unique<VxFloatProperty>(QString::number(i)));
         if (i > 0)
             QVERIFY(chain[size_t(i)]->setLink(chain[size_t(i - 1)].get()));
     }
     QCOMPARE(dopeSheetValueSource(chain[99].get()), chain[0].get());
     QCOMPARE(dopeSheetValueSource(chain[100].get()), chain[0].get());
-    QCOMPARE(dopeSheetValueSource(chain[149].get()), chain[49].get());
+    QCOMPARE(dopeSheetValueSource(chain[128].get()), chain[28].get());
 }
 
 void TestDopeSheetItem::oneChangeIsToldTwice()

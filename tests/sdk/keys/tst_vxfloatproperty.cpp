@@ -480,13 +480,15 @@ void TestFloatProperty::aliasAndLinkAreUndone()
 void TestFloatProperty::longChainOfAliasesEndsAfterAHundredSteps()
 {
     std::vector<std::unique_ptr<VxFloatProperty>> chain;
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i <= VxProperty::MaxReferenceChain; ++i) {
         chain.push_back(std::make_unique<VxFloatProperty>(QString::number(i)));
         if (i > 0)
             QVERIFY(chain[size_t(i)]->setAliasedProperty(chain[size_t(i) - 1].get()));
     }
     QCOMPARE(chain[100]->getKeyHolder(), chain[0].get());
-    QCOMPARE(chain[149]->getKeyHolder(), chain[49].get());
+    QCOMPARE(chain[128]->getKeyHolder(), chain[28].get());
+    VxFloatProperty beyond(QStringLiteral("beyond"));
+    QVERIFY(!beyond.setAliasedProperty(chain[128].get()));
     while (!chain.empty())
         chain.pop_back();
 }
