@@ -3,28 +3,15 @@
 #include "notesaction.h"
 #include "notespane.h"
 
-#include <QtScript/QScriptEngine>
-#include <vxcore/vxclassfactory.h>
 #include <vxcore/vxplugin.h>
+#include <vxcore/vxscriptablefactory.h>
 
 namespace {
 
-/// Makes instances of one class; no script constructor of its own.
-template <class Class> class Factory : public VxClassFactory
-{
-public:
-    explicit Factory(const char *guid)
-        : VxClassFactory(&Class::staticMetaObject, VxGuid::fromString(QLatin1String(guid)))
-    {
-    }
-    using VxClassFactory::createInstance;
-    QObject *createInstance() const override { return new Class; }
-};
-
 VxPlugin *definition()
 {
-    static Factory<NotesPane> pane("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F01");
-    static Factory<NotesStampAction> stamp("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F02");
+    static VxScriptableFactoryOf<NotesPane> pane("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F01");
+    static VxScriptableFactoryOf<NotesStampAction> stamp("3F0C9B52-6B0E-4B1B-9C0E-5D4C5E1A7F02");
     static VxPlugin plugin(QStringLiteral("Notes"), QStringLiteral("VxTimeline Developers"),
                            QStringLiteral("A pane for notes: an example plug-in."), 1, 0, 0, 0);
     plugin.addClassFactory(&pane);

@@ -6,13 +6,13 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxclassfactory.h>
 #include <vxcore/vxplugin.h>
+#include <vxcore/vxscriptablefactory.h>
 
 #include "actions_table.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimelineactions/vxtransportactions.h"
-#include "vxtimelinefactory.h"
 #include "vxtimelineplugin.h"
 
 class TestVxTimelinePlugin : public QObject

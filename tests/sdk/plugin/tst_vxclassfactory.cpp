@@ -1,10 +1,10 @@
-#include "plugin/vxhostclassfactory.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
 #include <QtScript/QScriptEngine>
 #include <QtTest>
 #include <vxcore/vxclassfactory.h>
+#include <vxcore/vxscriptablefactory.h>
 
 /// A base with a key that its subclass hides.
 class Instrument : public QObject
@@ -93,7 +93,7 @@ void tst_VxClassFactory::everyCreationEndsInThePlainOne()
 void tst_VxClassFactory::engineRemembersClassesInOrder()
 {
     QScriptEngine engine;
-    const VxHostClassFactory<Instrument> instrument(guidText);
+    const VxScriptableFactoryOf<Instrument> instrument(guidText);
     const DrumFactory drum;
     drum.registerClass(&engine);
     instrument.registerClass(&engine);
@@ -188,7 +188,7 @@ void tst_VxClassFactory::badArgumentsForEnumsWarn()
 void tst_VxClassFactory::hostClassIsConstructedByScripts()
 {
     QScriptEngine engine;
-    const VxHostClassFactory<Drum> factory(guidText);
+    const VxScriptableFactoryOf<Drum> factory(guidText);
     factory.registerClass(&engine);
     const QScriptValue drum = engine.evaluate(QStringLiteral("drum = new Drum()"));
     const std::unique_ptr<QObject> owned(drum.toQObject());
@@ -205,7 +205,7 @@ void tst_VxClassFactory::scriptNeverOwnsAHostObject()
     QPointer<QObject> drum;
     {
         QScriptEngine engine;
-        const VxHostClassFactory<Drum> factory(guidText);
+        const VxScriptableFactoryOf<Drum> factory(guidText);
         factory.registerClass(&engine);
         drum = engine.evaluate(QStringLiteral("new Drum()")).toQObject();
         QVERIFY(drum);
