@@ -18,10 +18,13 @@ set(CMAKE_AUTORCC ON)
 # The program, the libraries and the plug-in folder lie beside each other in the build tree as
 # they do when installed, so both are started the same way.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
-set(VX_PLUGIN_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/vxstudio/plugins")
+set(VX_PLUGIN_OUTPUT_DIRECTORY "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/vxstudio/plugins")
 set(VX_PLUGIN_INSTALL_DIR "${CMAKE_INSTALL_LIBDIR}/vxstudio/plugins")
+# Built and installed binaries have the same paths: those that are rewritten on installation are
+# padded with empty entries, which the loader takes for the current folder.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
 if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
@@ -44,6 +47,20 @@ target_compile_options(vx_settings INTERFACE
   # Warnings name a source file from its last "\src\" on: give every file that root, whatever
   # folder the tree was cloned into.
   -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=/src/)
+# Hardening: checked library calls, stack and control-flow protection, position-independent programs
+# and tables that are read-only after loading. The sanitizers have checks of their own.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+target_link_options(vx_settings INTERFACE -Wl,-z,relro -Wl,-z,now)
+if(NOT VX_SANITIZE)
+  target_compile_options(vx_settings INTERFACE -fstack-protector-strong -fstack-clash-protection
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>)
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-fcf-protection VX_HAS_CF_PROTECTION)
+  if(VX_HAS_CF_PROTECTION)
+    target_compile_options(vx_settings INTERFACE -fcf-protection)
+  endif()
+endif()
 if(VX_SANITIZE)
   target_compile_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=undefined)

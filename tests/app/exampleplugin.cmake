@@ -5,6 +5,8 @@ include("${CMAKE_CURRENT_LIST_DIR}/runstep.cmake")
 
 file(REMOVE_RECURSE "${WORK}")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
+run("${CMAKE_COMMAND}" -E env "VX_INSTALLED_DIR=${WORK}/prefix"
+    "${BUILD}/tests/tst_binaries" searchPathsAreExact:installed)
 run("${CMAKE_COMMAND}" -S "${SOURCE}/examples/notes" -B "${WORK}/build" -G Ninja
     "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")

@@ -2,7 +2,6 @@
 #define FOCUSKEYS_H
 
 #include <QtCore/QObject>
-#include <vxcore/vxcoreglobal.h>
 
 class QKeySequence;
 class QShortcutEvent;
@@ -19,8 +18,7 @@ constexpr char timeAxisProperty[] = "vxTimeAxis";
  *  cursor, lists, trees, sliders and boxes what moves in them. Keys with Ctrl, Alt or Meta never
  *  are: a widget asks for those itself. tabbedTo: the focus came by the keyboard, so that a button
  *  cannot be pressed by anything but the space bar. */
-VXCORE_EXPORT bool areKept(const QWidget *widget, int key, Qt::KeyboardModifiers modifiers,
-                           bool tabbedTo);
+bool areKept(const QWidget *widget, int key, Qt::KeyboardModifiers modifiers, bool tabbedTo);
 
 } // namespace FocusKeys
 

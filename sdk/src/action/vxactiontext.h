@@ -2,7 +2,6 @@
 #define VXACTIONTEXT_H
 
 #include <QtCore/QString>
-#include <vxcore/vxcoreglobal.h>
 
 class QKeySequence;
 
@@ -11,16 +10,16 @@ class QKeySequence;
 namespace VxActionText {
 
 /** The text as it is read: without mnemonic marks; "&&" stands for one "&". */
-VXCORE_EXPORT QString withoutMnemonics(const QString &text);
+QString withoutMnemonics(const QString &text);
 
 /** The text as the name of what was done: without mnemonic marks and without trailing dots. */
-VXCORE_EXPORT QString asUndoText(const QString &text);
+QString asUndoText(const QString &text);
 
 /** "Text (Ctrl+C)", the shortcut in the user's language; only the text for an empty shortcut. */
-VXCORE_EXPORT QString withShortcut(const QString &text, const QKeySequence &shortcut);
+QString withShortcut(const QString &text, const QKeySequence &shortcut);
 
 /** Rich text: the title in bold, the description below it. */
-VXCORE_EXPORT QString help(const QString &title, const QString &description);
+QString help(const QString &title, const QString &description);
 
 } // namespace VxActionText
 

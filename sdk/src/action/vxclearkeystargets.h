@@ -14,13 +14,11 @@ namespace VxClearKeysTargets {
 /** The given nodes; or, for Figures, the skeleton of each with all nodes of that figure. Each node
  *  once, in the order in which it is met. Nodes below a figure that belong to another one, or to
  *  none, are not part of it. */
-VXCORE_EXPORT QVector<VxNode *> nodes(const QVector<VxNode *> &selected,
-                                      VxClearKeysAction::Nodes which);
+QVector<VxNode *> nodes(const QVector<VxNode *> &selected, VxClearKeysAction::Nodes which);
 
 /** The properties of a node, its object and its object's parts. Pose: the transforms; Shape: the
  *  others. A property that shows the keys of another one is left out: the keys are the other's. */
-VXCORE_EXPORT QVector<VxProperty *> properties(const VxNode *node,
-                                               VxClearKeysAction::Properties which);
+QVector<VxProperty *> properties(const VxNode *node, VxClearKeysAction::Properties which);
 
 } // namespace VxClearKeysTargets
 

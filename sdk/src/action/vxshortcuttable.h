@@ -5,14 +5,13 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtGui/QKeySequence>
-#include <vxcore/vxcoreglobal.h>
 
 /// Which name has which key sequence, and which it has by default: the bookkeeping behind the
 /// action manager, free of actions, so that its rules can be tested alone.
 ///
 /// At any time a sequence belongs to one name at most. Every operation answers with the names whose
 /// sequence it changed.
-class VXCORE_EXPORT VxShortcutTable
+class VxShortcutTable
 {
 public:
     /// Adds a name with its default. A default that another name has in force is not granted: the

@@ -45,7 +45,7 @@ private:
     bool m_touched = false;
 };
 
-extern template class VXCORE_EXPORT KeyDelta<float>;
-extern template class VXCORE_EXPORT KeyDelta<qint32>;
+extern template class KeyDelta<float>;
+extern template class KeyDelta<qint32>;
 
 #endif

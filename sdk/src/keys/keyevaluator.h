@@ -109,7 +109,7 @@ private:
     quint8 m_uniformType;
 };
 
-extern template class VXCORE_EXPORT KeyEvaluator<float>;
-extern template class VXCORE_EXPORT KeyEvaluator<qint32>;
+extern template class KeyEvaluator<float>;
+extern template class KeyEvaluator<qint32>;
 
 #endif

@@ -1,7 +1,6 @@
 #ifndef KEYS_KEYPASSES_H
 #define KEYS_KEYPASSES_H
 
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
 /// Questions about whole arrays of times and indexes of keys. They are asked block by block, and
@@ -16,11 +15,11 @@ inline bool areContiguous(const int *indexes, int indexCount)
 
 /// The ticks between any two neighbouring times (strictly ascending) when that is the same
 /// throughout; else, and for fewer than two, 0.
-VXCORE_EXPORT VxTime evenSpacing(const VxTime *times, int count);
+VxTime evenSpacing(const VxTime *times, int count);
 
 /// True when each of the keys at the given indexes (ascending, at least one) can take its new time
 /// without meeting or passing another key, moved or not.
-VXCORE_EXPORT bool keepsOrder(const VxTime *times, int count, const int *indexes,
-                              const VxTime *newTimes, int indexCount);
+bool keepsOrder(const VxTime *times, int count, const int *indexes, const VxTime *newTimes,
+                int indexCount);
 
 #endif

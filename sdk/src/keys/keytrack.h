@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 #include <vector>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxkey.h>
 #include <vxcore/vxtimerange.h>
 
@@ -161,11 +160,11 @@ private:
 };
 
 /// True when every time is above the one before.
-VXCORE_EXPORT bool isStrictlyAscending(const VxTime *times, int count);
+bool isStrictlyAscending(const VxTime *times, int count);
 /// The offset, cut short where times from `first` to `last` would leave the range of times.
-VXCORE_EXPORT qint64 limitedOffset(VxTime first, VxTime last, qint64 offset);
+qint64 limitedOffset(VxTime first, VxTime last, qint64 offset);
 
-extern template class VXCORE_EXPORT KeyTrack<float>;
-extern template class VXCORE_EXPORT KeyTrack<qint32>;
+extern template class KeyTrack<float>;
+extern template class KeyTrack<qint32>;
 
 #endif

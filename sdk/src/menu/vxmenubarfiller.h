@@ -4,7 +4,6 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
-#include <vxcore/vxcoreglobal.h>
 
 class QAction;
 class QMenu;
@@ -16,7 +15,7 @@ class VxAction;
 /// A menu is found by its title, whoever made it. Within a menu the entries of one group stand
 /// together, by the order they ask for, with separators between groups and between the sections of
 /// a group; an action that is there already stays where it is.
-class VXCORE_EXPORT VxMenuBarFiller
+class VxMenuBarFiller
 {
 public:
     explicit VxMenuBarFiller(QMenuBar *menuBar)

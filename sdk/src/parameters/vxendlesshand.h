@@ -1,15 +1,13 @@
 #ifndef PANE_VXENDLESSHAND_H
 #define PANE_VXENDLESSHAND_H
 
-#include <vxcore/vxcoreglobal.h>
-
 /// Where a hand that drags sideways would be if the screen had no edges: at an edge the pointer is
 /// sent to the other side, and what it jumped is taken off.
 ///
 /// A jump takes effect only with the move that comes from there. Moves that were made before it may
 /// come first, and where a pointer cannot be sent, none ever does: the hand then stops at the edge.
 /// All places are in pixels of the desktop.
-class VXCORE_EXPORT VxEndlessHand
+class VxEndlessHand
 {
 public:
     /// left and right are the first and the last column of the screen.

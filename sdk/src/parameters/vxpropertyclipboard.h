@@ -3,7 +3,6 @@
 
 #include <QtCore/QString>
 #include <QtCore/QVector>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
 class VxProperty;
@@ -15,11 +14,11 @@ namespace VxPropertyClipboard {
 using Row = QVector<VxProperty *>;
 
 /// With every digit. Empty for no rows.
-VXCORE_EXPORT QString text(const QVector<Row> &rows, VxTime time);
+QString text(const QVector<Row> &rows, VxTime time);
 
 /// Sets the value of a single line in all rows, or of several lines in as many rows; one undo
 /// entry. What could not be done, in words; empty when all was.
-VXCORE_EXPORT QString paste(const QVector<Row> &rows, VxTime time, const QString &text);
+QString paste(const QVector<Row> &rows, VxTime time, const QString &text);
 
 } // namespace VxPropertyClipboard
 

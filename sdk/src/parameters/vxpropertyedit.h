@@ -4,7 +4,6 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 #include <memory>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
 class VxProperty;
@@ -18,7 +17,7 @@ struct VxTypedInput;
 /// is counted from the values there were at the beginning and never from the last change: values
 /// that differ keep their distance, and one that met its limit finds its way back. Playback is
 /// paused, and the time stays the one of the beginning, else a drag would leave a trail of keys.
-class VXCORE_EXPORT VxPropertyEdit
+class VxPropertyEdit
 {
 public:
     /// Numbers and switches are edited; other properties, and null, are passed over.

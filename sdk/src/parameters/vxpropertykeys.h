@@ -2,7 +2,6 @@
 #define PANE_VXPROPERTYKEYS_H
 
 #include <QtCore/QVector>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxtime.h>
 
@@ -13,26 +12,25 @@ namespace VxPropertyKeys {
 using Properties = QVector<VxProperty *>;
 
 /// MixedKeys when the states of those that take keys differ.
-VXCORE_EXPORT VxPropertyListItemModel::KeyState state(const Properties &properties, VxTime time);
-VXCORE_EXPORT VxPropertyListItemModel::KeyState state(const VxProperty *property, VxTime time);
+VxPropertyListItemModel::KeyState state(const Properties &properties, VxTime time);
+VxPropertyListItemModel::KeyState state(const VxProperty *property, VxTime time);
 /// The state of a row that has one state so far and another property with a second one.
-VXCORE_EXPORT VxPropertyListItemModel::KeyState together(VxPropertyListItemModel::KeyState one,
-                                                         VxPropertyListItemModel::KeyState other);
+VxPropertyListItemModel::KeyState together(VxPropertyListItemModel::KeyState one,
+                                           VxPropertyListItemModel::KeyState other);
 
 /// Makes a key with the present value where there is none at the time.
-VXCORE_EXPORT void setKeys(const Properties &properties, VxTime time);
+void setKeys(const Properties &properties, VxTime time);
 /// Removes the keys at exactly the time.
-VXCORE_EXPORT void deleteKeys(const Properties &properties, VxTime time);
-VXCORE_EXPORT void deleteAllKeys(const Properties &properties);
+void deleteKeys(const Properties &properties, VxTime time);
+void deleteAllKeys(const Properties &properties);
 /// Removes the keys when each property has one at the time, else makes those that are missing.
-VXCORE_EXPORT void toggleKeys(const Properties &properties, VxTime time);
+void toggleKeys(const Properties &properties, VxTime time);
 /// Gives every number its default value at the time.
-VXCORE_EXPORT void reset(const Properties &properties, VxTime time);
+void reset(const Properties &properties, VxTime time);
 
 /// The time of the nearest key before or after a time, of all properties together. False when
 /// there is none.
-VXCORE_EXPORT bool findKeyBeside(const Properties &properties, VxTime time, bool after,
-                                 VxTime *found);
+bool findKeyBeside(const Properties &properties, VxTime time, bool after, VxTime *found);
 
 } // namespace VxPropertyKeys
 

@@ -3,7 +3,6 @@
 
 #include <QtCore/QString>
 #include <QtCore/QVector>
-#include <vxcore/vxcoreglobal.h>
 
 class VxNode;
 class VxProperty;
@@ -23,6 +22,6 @@ struct VxPropertyListRow
 
 /// The rows for some nodes, the one that decides first; no rows without nodes. A group whose name
 /// another group has too is headed by its parent's name as well.
-VXCORE_EXPORT QVector<VxPropertyListRow> vxPropertyListRows(const QVector<VxNode *> &nodes);
+QVector<VxPropertyListRow> vxPropertyListRows(const QVector<VxNode *> &nodes);
 
 #endif

@@ -2,7 +2,6 @@
 #define PANE_VXPROPERTYROW_H
 
 #include <QtCore/QString>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxtime.h>
 
@@ -16,9 +15,8 @@ namespace VxPropertyRow {
 /// The first property that still lives, which decides what is shown. Null for a heading.
 const VxProperty *leading(const VxPropertyListNode *row);
 /// True when the values at a time differ. False for a heading.
-VXCORE_EXPORT bool isMixed(const VxPropertyListNode *row, VxTime time);
-VXCORE_EXPORT VxPropertyListItemModel::KeyState keyState(const VxPropertyListNode *row,
-                                                         VxTime time);
+bool isMixed(const VxPropertyListNode *row, VxTime time);
+VxPropertyListItemModel::KeyState keyState(const VxPropertyListNode *row, VxTime time);
 
 /// In words, for those who do not see the row.
 QString spokenValue(const VxPropertyListNode *row, VxTime time);

@@ -2,13 +2,12 @@
 #define PANE_VXPROPERTYSCRUB_H
 
 #include <QtCore/Qt>
-#include <vxcore/vxcoreglobal.h>
 
 /// How far a value is dragged by a hand that moves sideways, in the value's steps: a step every
 /// other pixel; ten times as much with Ctrl, a tenth with Shift.
 ///
 /// Pressing or releasing a modifier counts from where the hand is: what was dragged before stays.
-class VXCORE_EXPORT VxPropertyScrub
+class VxPropertyScrub
 {
 public:
     VxPropertyScrub() = default;

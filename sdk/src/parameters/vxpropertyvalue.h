@@ -3,7 +3,6 @@
 
 #include <QtCore/QString>
 #include <functional>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
 class VxNumericProperty;
@@ -22,40 +21,40 @@ enum Result {
 
 /// The value at a time as a list shows it: a percentage property times 100 with a percent sign, a
 /// switch as a word, other numbers with up to four decimals.
-VXCORE_EXPORT QString text(const VxProperty *property, VxTime time);
+QString text(const VxProperty *property, VxTime time);
 /// The same for a place that is too narrow for it: as many digits as fit, and never a part of them
 /// that would read as another number. The shortest text when none fits.
-VXCORE_EXPORT QString narrowText(const VxNumericProperty *property, VxTime time,
-                                 const std::function<bool(const QString &)> &fits);
+QString narrowText(const VxNumericProperty *property, VxTime time,
+                   const std::function<bool(const QString &)> &fits);
 /// The same with every digit that the number has.
-VXCORE_EXPORT QString fullText(const VxProperty *property, VxTime time);
+QString fullText(const VxProperty *property, VxTime time);
 
 /// Reads a text of that form (the percent sign may be missing; numbers may be arithmetic) and sets
 /// the value at a time.
-VXCORE_EXPORT Result setText(VxProperty *property, VxTime time, const QString &text);
+Result setText(VxProperty *property, VxTime time, const QString &text);
 
 /// A number with up to `decimals` decimals, without trailing zeros; in powers of ten where it would
 /// read as zero and is not, or has more digits than can be told apart.
-VXCORE_EXPORT QString numberText(double value, int decimals);
+QString numberText(double value, int decimals);
 
 /// False when the value can be changed by nobody at present: locked, by itself or where its keys
 /// are, or replaced by a link.
-VXCORE_EXPORT bool isEditable(const VxProperty *property);
+bool isEditable(const VxProperty *property);
 
 /// How many of the shown units make one of the property's own: 100 for a percentage, else 1.
-VXCORE_EXPORT double scale(const VxNumericProperty *property);
+double scale(const VxNumericProperty *property);
 /// Limits and step of editors, in the shown unit. The step of a property with narrow limits is a
 /// hundredth of what lies between them, however large its own one is.
-VXCORE_EXPORT double lowest(const VxNumericProperty *property);
-VXCORE_EXPORT double highest(const VxNumericProperty *property);
-VXCORE_EXPORT double step(const VxNumericProperty *property);
+double lowest(const VxNumericProperty *property);
+double highest(const VxNumericProperty *property);
+double step(const VxNumericProperty *property);
 
 /// A float property's value is the shortest number that means it: 0.1 and not 0.10000000149.
-VXCORE_EXPORT double shownValue(const VxNumericProperty *property, VxTime time);
+double shownValue(const VxNumericProperty *property, VxTime time);
 /// True when the value at a time of one property is that of another.
-VXCORE_EXPORT bool isSame(const VxProperty *one, const VxProperty *other, VxTime time);
+bool isSame(const VxProperty *one, const VxProperty *other, VxTime time);
 /// Makes a value the one that is shown, within the limits. What a link adds is taken off first.
-VXCORE_EXPORT Result setShownValue(VxNumericProperty *property, VxTime time, double value);
+Result setShownValue(VxNumericProperty *property, VxTime time, double value);
 
 } // namespace VxPropertyValue
 

@@ -3,7 +3,6 @@
 
 #include <QtGui/QMatrix4x4>
 #include <optional>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxeuler.h>
 
 /// A transform of space in double precision: three columns that tell where the axes go, and a
@@ -11,7 +10,7 @@
 ///
 /// Chains of nodes are multiplied and inverted in it, so that values that should come out as they
 /// went in do so to the last bit of single precision.
-struct VXCORE_EXPORT AffineTransform
+struct AffineTransform
 {
     double column[4][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, 0, 0}};
 
@@ -32,7 +31,7 @@ struct VXCORE_EXPORT AffineTransform
 };
 
 /// b first, then a.
-VXCORE_EXPORT AffineTransform operator*(const AffineTransform &a, const AffineTransform &b);
+AffineTransform operator*(const AffineTransform &a, const AffineTransform &b);
 
 /// Splits the columns of the axes into a turn and what is left: factors along the axes (the last
 /// one below 0 for a mirror image), and a skew that is dropped. None when the axes lie in a plane.
@@ -41,6 +40,6 @@ struct TurnAndStretch
     AffineTransform turn; ///< without a place
     double factors[3];
 };
-VXCORE_EXPORT std::optional<TurnAndStretch> splitTurn(const AffineTransform &transform);
+std::optional<TurnAndStretch> splitTurn(const AffineTransform &transform);
 
 #endif

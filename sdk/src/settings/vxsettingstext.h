@@ -3,27 +3,26 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
-#include <vxcore/vxcoreglobal.h>
 
 /// How values are written as text in the settings, and read again.
 namespace VxSettingsText {
 
 /** "true" and "false"; reading takes "1" and "0" too, in any case of letters. Any other text gives
  *  the default. */
-VXCORE_EXPORT QString fromBool(bool value);
-VXCORE_EXPORT bool toBool(const QString &text, bool defaultValue);
+QString fromBool(bool value);
+bool toBool(const QString &text, bool defaultValue);
 
 /** As many digits as it takes to read the same number again. */
-VXCORE_EXPORT QString fromDouble(double value);
+QString fromDouble(double value);
 
 /** Each entry followed by a comma; a backslash before commas and backslashes within an entry. So
  *  an empty list differs from a list of one empty entry. Reading does without the last comma. */
-VXCORE_EXPORT QString fromList(const QStringList &list);
-VXCORE_EXPORT QStringList toList(const QString &text);
+QString fromList(const QStringList &list);
+QStringList toList(const QString &text);
 
 /** Base64; a text that is not gives no bytes. */
-VXCORE_EXPORT QString fromBytes(const QByteArray &bytes);
-VXCORE_EXPORT QByteArray toBytes(const QString &text);
+QString fromBytes(const QByteArray &bytes);
+QByteArray toBytes(const QString &text);
 
 } // namespace VxSettingsText
 

@@ -2,7 +2,6 @@
 #define TIME_PLAYBACKCLOCK_H
 
 #include <QtCore/qglobal.h>
-#include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtimerange.h>
 
 /// What is played, and how.
@@ -30,7 +29,7 @@ struct PlaybackFrame
 /// Where every frame is shown and one came late, the following ones are shown for half of their
 /// time until the clock is reached again. The anchor moves when somebody intervenes, and when
 /// playback of every frame is more than half a second behind: that is let go.
-class VXCORE_EXPORT PlaybackClock
+class PlaybackClock
 {
 public:
     /// Starts at a time that is on show from the nanosecond now on. A time before the range is

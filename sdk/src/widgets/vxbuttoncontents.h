@@ -4,8 +4,6 @@
 #include <QRect>
 #include <QSize>
 
-#include <vxcore/vxcoreglobal.h>
-
 // What a drop-down button has to find room for, in logical pixels.
 struct VxButtonParts
 {
@@ -26,9 +24,9 @@ struct VxButtonContents
 
 // Places the parts from left to right within `area`: the arrow keeps the right end, the icon its
 // size, and the text gets what is left, at most its whole width.
-VXCORE_EXPORT VxButtonContents vxPlaceButtonContents(const QRect &area, const VxButtonParts &parts);
+VxButtonContents vxPlaceButtonContents(const QRect &area, const VxButtonParts &parts);
 
 // The width in which everything finds room.
-VXCORE_EXPORT int vxButtonContentsWidth(const VxButtonParts &parts);
+int vxButtonContentsWidth(const VxButtonParts &parts);
 
 #endif

@@ -1,8 +1,6 @@
 #ifndef VXDIVIDERSPLIT_H
 #define VXDIVIDERSPLIT_H
 
-#include <vxcore/vxcoreglobal.h>
-
 // The smallest and the largest length of a widget along the split, in pixels, both included.
 struct VxLengthLimits
 {
@@ -19,11 +17,11 @@ struct VxDividerSplit
 // Divides `length` pixels (0 or more) between two widgets, `ratio` (0 to 1) of them to the first,
 // within the limits of both. Where `length` is too short for both minima it is divided in their
 // proportion. Where it is too long for both maxima the rest goes to the second.
-VXCORE_EXPORT VxDividerSplit vxSplitLength(int length, double ratio, const VxLengthLimits &first,
-                                           const VxLengthLimits &second);
+VxDividerSplit vxSplitLength(int length, double ratio, const VxLengthLimits &first,
+                             const VxLengthLimits &second);
 
 // The ratio that gives the first widget `first` of `length` pixels, clamped to 0 and 1; one half
 // when `length` is 0 or less. vxSplitLength() gives the same `first` back within its limits.
-VXCORE_EXPORT double vxSplitRatio(int first, int length);
+double vxSplitRatio(int first, int length);
 
 #endif
