@@ -1,5 +1,7 @@
 #include "plugin/vxpluginmodule.h"
 
+#include "plugin/elffile.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <vxcore/vxversion.h>
@@ -31,6 +33,11 @@ bool VxPluginModule::load()
     const QFileInfo info(m_fileName);
     if (!info.isFile()) {
         m_error = tr("%1 does not exist or is not a file.").arg(m_fileName);
+        return false;
+    }
+    const QString objection = ElfFile::objection(m_fileName);
+    if (!objection.isEmpty()) {
+        m_error = tr("%1 cannot be loaded: %2").arg(m_fileName, objection);
         return false;
     }
     // The absolute path keeps the library from being searched for elsewhere.

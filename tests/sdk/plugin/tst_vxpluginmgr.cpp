@@ -44,6 +44,7 @@ private Q_SLOTS:
     void loadsAModule();
     void refuses_data();
     void refuses();
+    void refusesModulesThatAreCutOff();
     void namesBothVersions();
     void refusesASecondPluginOfTheSameName();
     void loadsAFolderPastItsFailures();
@@ -115,6 +116,25 @@ void tst_VxPluginMgr::refuses()
     QVERIFY(manager.getClassFactories().isEmpty());
     QVERIFY(added.isEmpty());
     QVERIFY(!manager.loadPlugin(file, nullptr));
+}
+
+/** The system maps a file without a look at its size: what is missing would end the program. */
+void tst_VxPluginMgr::refusesModulesThatAreCutOff()
+{
+    QFile whole(modulePath("testmodule_good"));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    const QByteArray bytes = whole.readAll();
+    const QTemporaryDir folder;
+    for (const int length : {0, 3, 40, 64, 200, 1000, 4096, bytes.size() / 2, bytes.size() - 1}) {
+        const QString name = folder.filePath(QStringLiteral("cut%1.so").arg(length));
+        QFile cut(name);
+        QVERIFY(cut.open(QIODevice::WriteOnly) && cut.write(bytes.left(length)) == length);
+        cut.close();
+        VxPluginMgr manager;
+        QString error;
+        QVERIFY2(!manager.loadPlugin(name, &error), qPrintable(name));
+        QVERIFY2(error.contains(QLatin1String("cannot be loaded: ")), qPrintable(error));
+    }
 }
 
 void tst_VxPluginMgr::namesBothVersions()
