@@ -328,13 +328,21 @@ void SceneTreeModel::dropAll()
 
 void SceneTreeModel::addNode(VxNode *node)
 {
-    Row *parent = d->rowOf(node->getNodeParent());
-    if (d->scene->isLoading() || !parent || d->rows.contains(node))
+    if (d->scene->isLoading())
         return;
-    const int at = Private::place(node, parent);
-    beginInsertRows(indexOf(parent->node), at, at);
-    d->insert(this, node, parent, at);
-    endInsertRows();
+    // Another listener of the announcement may have removed the node, or added nodes below it that
+    // were announced before it.
+    QVector<VxNode *> nodes{node};
+    node->getNodeChildren(nodes, true);
+    for (VxNode *added : qAsConst(nodes)) {
+        Row *parent = d->rowOf(added->getNodeParent());
+        if (added->getScene() != d->scene || !parent || d->rows.contains(added))
+            continue;
+        const int at = Private::place(added, parent);
+        beginInsertRows(indexOf(parent->node), at, at);
+        d->insert(this, added, parent, at);
+        endInsertRows();
+    }
 }
 
 void SceneTreeModel::removeNode(VxNode *node)

@@ -4,6 +4,7 @@
 #include <QtWidgets/QAction>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 
 /// A command of the application: one object a class, made by the action manager, that menus, tool
 /// bars, shortcuts and scripts trigger.
@@ -15,7 +16,7 @@
 ///
 /// The object name is the class name. It is given when the action enters the action manager, or at
 /// the first init() or updateInlineHelp(): a constructor of a base does not know the class yet.
-class VXCORE_EXPORT VxAction : public QAction
+class VXCORE_EXPORT VxAction : public VxSignalGuard<QAction>
 {
     Q_OBJECT
     Q_PROPERTY(QString description READ getDescription)

@@ -4,6 +4,7 @@
 #include <QtCore/QObject>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 
 class QMenu;
 
@@ -13,7 +14,7 @@ class QMenu;
 /// looked up by class name at that time, and those that the action manager does not know are left
 /// out without a word, as are sub-menus in which nothing is left and separators that would stand
 /// first, last or beside another.
-class VXCORE_EXPORT VxActionMenu : public QObject
+class VXCORE_EXPORT VxActionMenu : public VxSignalGuard<QObject>
 {
     Q_OBJECT
 public:

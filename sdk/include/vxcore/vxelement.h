@@ -6,6 +6,7 @@
 #include <QtCore/QVector>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 
 class VxProperty;
 class VxPropertyGroupTree;
@@ -13,7 +14,7 @@ class VxPropertyGroupTree;
 /// Something that has properties: a node, a node's object, a morph.
 ///
 /// An element owns its properties. They are counted from 0 in the order of adding.
-class VXCORE_EXPORT VxElement : public QObject
+class VXCORE_EXPORT VxElement : public VxSignalGuard<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(QString name READ getName)

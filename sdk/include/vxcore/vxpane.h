@@ -4,6 +4,7 @@
 #include <QtWidgets/QWidget>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 
 class VxActionMenu;
 class VxSettings;
@@ -13,7 +14,7 @@ class VxSettings;
 /// The pane's background is drawn by the style in up to three bands. A guide widget at the top or
 /// at the bottom tells where the header or footer band ends, so that a strip of controls outside
 /// of it gets the look of a header or footer.
-class VXCORE_EXPORT VxPane : public QWidget
+class VXCORE_EXPORT VxPane : public VxSignalGuard<QWidget>
 {
     Q_OBJECT
     Q_PROPERTY(QString title READ getTitle)

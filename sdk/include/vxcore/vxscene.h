@@ -6,6 +6,7 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxnodelistiterator.h>
+#include <vxcore/vxsignalguard.h>
 #include <vxcore/vxtimerange.h>
 
 class VxNode;
@@ -14,7 +15,7 @@ class VxNode;
 ///
 /// Time, step, ranges, and the coming and going of nodes are recorded for undo while a hold is
 /// open; selection, looping and playback are not.
-class VXCORE_EXPORT VxScene : public QObject
+class VXCORE_EXPORT VxScene : public VxSignalGuard<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(int time READ getTime WRITE setTime NOTIFY timeChanged)

@@ -70,6 +70,13 @@ public:
     /// Stops the running program at its next statement, with an error.
     void abort();
 
+    /// Programs that can be stopped are, with an error, when the process has grown by more than
+    /// this many bytes since their start; 0 for no limit. 2 GB unless set. Sampled ten times a
+    /// second, between statements: a single call can exceed it.
+    void setMemoryLimit(qint64 bytes);
+    /// The process's memory in bytes, as the system counts it; 0 where it does not say.
+    static qint64 memoryInUse();
+
 Q_SIGNALS:
     /// A line that a script printed, without its line end.
     void printed(const QString &text);

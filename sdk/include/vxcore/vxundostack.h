@@ -4,12 +4,13 @@
 #include <QtCore/QObject>
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxsignalguard.h>
 
 class QUndoStack;
 class VxUndoItem;
 
 /// The scene's history: a list of entries, each made by an accepted VxUndoStackHold.
-class VXCORE_EXPORT VxUndoStack : public QObject
+class VXCORE_EXPORT VxUndoStack : public VxSignalGuard<QObject>
 {
     Q_OBJECT
     Q_PROPERTY(int count READ count)

@@ -10,7 +10,7 @@ public:
 };
 
 VxAction::VxAction(const QString &text, const QString &description, bool checkable)
-    : QAction(text, nullptr)
+    : VxSignalGuard(text, nullptr)
     , d(new Private{description, QString()})
 {
     setCheckable(checkable);

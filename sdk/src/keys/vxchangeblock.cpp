@@ -2,6 +2,7 @@
 
 #include "keys/vxchangeblock_p.h"
 #include "keys/vxproperty_p.h"
+#include "scene/deferreddeletion.h"
 
 #include <utility>
 
@@ -76,6 +77,7 @@ void flush()
 {
     // Receivers may change and destroy properties and end blocks of their own: the list is taken
     // out first, and a property that is destroyed clears its place in whichever list holds it.
+    const DeferredDeletion hold;
     QVector<VxProperty *> list;
     list.swap(state().changed);
     for (VxProperty *property : qAsConst(list)) {

@@ -123,7 +123,7 @@ bool VxActionMenu::Private::hasContents() const
 }
 
 VxActionMenu::VxActionMenu(const QString &title, QObject *parent)
-    : QObject(parent)
+    : VxSignalGuard(parent)
     , d(new Private)
 {
     d->title = title;

@@ -49,7 +49,7 @@ public:
 };
 
 VxPane::VxPane(const QString &title, QWidget *parent)
-    : QWidget(parent)
+    : VxSignalGuard(parent)
     , d(new Private)
 {
     d->title = title;

@@ -1,5 +1,6 @@
 #include "scene/elementundo.h"
 
+#include "scene/deferreddeletion.h"
 #include "scene/vxelement_p.h"
 #include "scene/vxnode_p.h"
 #include <vxcore/vxfloatproperty.h>
@@ -47,7 +48,7 @@ ElementPropertyItem::ElementPropertyItem(VxElement *element, VxProperty *propert
 ElementPropertyItem::~ElementPropertyItem()
 {
     if (m_owning && m_property && !m_property->getOwner())
-        delete m_property;
+        DeferredDeletion::discard(m_property);
 }
 
 int ElementPropertyItem::place() const
@@ -90,7 +91,7 @@ NodeObjectItem::NodeObjectItem(VxNode *node)
 NodeObjectItem::~NodeObjectItem()
 {
     if (m_kept && !m_kept->getOwnerElement())
-        delete m_kept;
+        DeferredDeletion::discard(m_kept);
 }
 
 void NodeObjectItem::swap()
@@ -121,7 +122,7 @@ SubElementItem::SubElementItem(VxObject *object, VxElement *element, int index)
 SubElementItem::~SubElementItem()
 {
     if (m_element && !m_element->getOwnerElement())
-        delete m_element;
+        DeferredDeletion::discard(m_element);
 }
 
 void SubElementItem::swap()

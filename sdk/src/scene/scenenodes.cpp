@@ -1,5 +1,6 @@
 #include "scene/scenenodes.h"
 
+#include "scene/deferreddeletion.h"
 #include "scene/sceneundo.h"
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
@@ -80,11 +81,12 @@ void SceneNodes::add(VxNode *node, VxNode *parent)
 
 void SceneNodes::remove(VxNode *node)
 {
+    const DeferredDeletion hold;
     const VxUndoStack *stack = VxUndoStack::current();
     if (stack && stack->isRecording())
         takeOut({node}, true);
     else
-        qDeleteAll(takeOut({node}, false));
+        DeferredDeletion::discardAll(takeOut({node}, false));
 }
 
 void SceneNodes::move(VxNode *node, VxNode *parent, int index)
@@ -135,6 +137,7 @@ void SceneNodes::attach(VxNode *node, VxNode *parent, int index)
     record->parent = parent;
     record->siblingHint = index < 0 || index > siblings.size() ? siblings.size() : index;
     siblings.insert(record->siblingHint, node);
+    record->updateDepth();
     m_allValid = false;
 }
 
@@ -144,11 +147,13 @@ void SceneNodes::detach(VxNode *node)
     QVector<VxNode *> &siblings = siblingsBelow(record->parent);
     siblings.removeAt(indexIn(siblings, node));
     record->parent = nullptr;
+    record->updateDepth();
     m_allValid = false;
 }
 
 void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
 {
+    const DeferredDeletion hold;
     attach(node, parent, index);
     const QVector<VxNode *> nodes = nodesBelow({node});
     m_count += nodes.size();
@@ -164,11 +169,11 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
         if (added && added->getScene() == m_scene)
             Q_EMIT m_scene->nodeAdded(added);
     }
-    tellOrder(announced.first());
+    reportOrder(announced.first());
 }
 
-/** The order of a node that stands last among its siblings is known from its coming. */
-void SceneNodes::tellOrder(const QPointer<VxNode> &node)
+/** nodeAdded() implies that a node is the last of its siblings; another place is reported. */
+void SceneNodes::reportOrder(const QPointer<VxNode> &node)
 {
     if (node && node->getScene() == m_scene && siblingsBelow(node->getNodeParent()).last() != node)
         Q_EMIT m_scene->nodeOrderChanged(node);
@@ -176,6 +181,7 @@ void SceneNodes::tellOrder(const QPointer<VxNode> &node)
 
 void SceneNodes::relocate(VxNode *node, VxNode *parent, int index)
 {
+    const DeferredDeletion hold;
     VxNode *oldParent = node->getNodeParent();
     const int oldIndex = node->getSiblingIndex();
     detach(node);
@@ -190,7 +196,7 @@ void SceneNodes::relocate(VxNode *node, VxNode *parent, int index)
     Q_EMIT node->parentChanged(node, oldParent, parent);
     if (guard)
         Q_EMIT m_scene->nodeParentChanged(node, oldParent, parent);
-    tellOrder(guard);
+    reportOrder(guard);
 }
 
 void SceneNodes::announce(const QVector<VxNode *> &tops)
@@ -220,6 +226,7 @@ void SceneNodes::announce(const QVector<VxNode *> &tops)
 
 QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool recorded)
 {
+    const DeferredDeletion hold;
     const GuardedNodes wanted = guarded(tops);
     announce(tops);
     GuardedNodes taken;

@@ -52,7 +52,7 @@ private:
     void detach(VxNode *node);
     void insert(VxNode *node, VxNode *parent, int index);
     void relocate(VxNode *node, VxNode *parent, int index);
-    void tellOrder(const QPointer<VxNode> &node);
+    void reportOrder(const QPointer<VxNode> &node);
     void announce(const QVector<VxNode *> &tops);
     /// Records the place that a node has; null when nothing is recorded.
     NodePlaceItem *recordPlace(VxNode *node);

@@ -1,5 +1,6 @@
 #include "scene/sceneselection.h"
 
+#include "scene/deferreddeletion.h"
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
 
@@ -122,6 +123,7 @@ void SceneSelection::report(const QVector<VxNode *> &changed)
 {
     if (changed.isEmpty() && m_primary == m_reportedPrimary)
         return;
+    const DeferredDeletion hold;
     QVector<QPointer<VxNode>> guarded;
     guarded.reserve(changed.size());
     for (VxNode *node : changed)

@@ -1,5 +1,6 @@
 #include "scene/sceneundo.h"
 
+#include "scene/deferreddeletion.h"
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
 #include <vxcore/vxfloatproperty.h>
@@ -15,7 +16,7 @@ NodePlaceItem::NodePlaceItem(VxScene *scene, VxNode *node, const NodePlace &plac
 NodePlaceItem::~NodePlaceItem()
 {
     if (m_owning && m_node && !m_node->getScene() && !m_node->getNodeParent())
-        delete m_node;
+        DeferredDeletion::discard(m_node);
 }
 
 void NodePlaceItem::swap()

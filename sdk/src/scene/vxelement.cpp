@@ -1,6 +1,7 @@
 #include "scene/vxelement_p.h"
 
 #include "keys/vxproperty_p.h"
+#include "scene/deferreddeletion.h"
 #include "scene/elementundo.h"
 #include "undo/vxundovalueitem.h"
 #include <algorithm>
@@ -59,6 +60,7 @@ void VxElement::Private::release(VxProperty *property)
 
 void VxElement::Private::take(VxProperty *property)
 {
+    const DeferredDeletion hold;
     property->setParent(nullptr);
     release(property);
     Q_EMIT q->propertyRemoved(property);
@@ -67,6 +69,7 @@ void VxElement::Private::take(VxProperty *property)
 
 void VxElement::Private::insert(VxProperty *property, int index)
 {
+    const DeferredDeletion hold;
     property->setParent(q);
     VxProperty::Private::of(property)->owner = q;
     properties.insert(qMin(index, properties.size()), property);
@@ -78,6 +81,7 @@ void VxElement::Private::insert(VxProperty *property, int index)
 
 void VxElement::Private::tellPropertiesChanged() const
 {
+    const DeferredDeletion hold;
     if (VxScene *inScene = findScene())
         Q_EMIT inScene->nodePropertiesChanged(findNode());
 }
@@ -90,6 +94,7 @@ VxProperty *VxElement::Private::propertyAt(int index)
 
 void VxElement::Private::loseProperty(VxProperty *property)
 {
+    const DeferredDeletion hold;
     VxElement *element = property->getOwner();
     Private *record = of(element);
     record->propertyLost(property);
@@ -115,6 +120,7 @@ void VxElement::Private::announceRemoval()
 {
     if (removalAnnounced)
         return;
+    const DeferredDeletion hold;
     removalAnnounced = true;
     Q_EMIT q->aboutToBeRemoved();
 }
@@ -178,6 +184,7 @@ void VxElement::setLabel(const QString &label)
             this, VxUndoElementLabel, [](const VxElement *e) { return e->getLabel(); },
             [](VxElement *e, const QString &value) { e->setLabel(value); });
     }
+    const DeferredDeletion hold;
     d->label = label;
     Q_EMIT labelChanged(label);
 }
@@ -227,6 +234,13 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
                  qUtf8Printable(d->name));
         return nullptr;
     }
+    if (path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth) {
+        qWarning("VxElement::addProperty(): \"%s\" is nested in more than %d groups, so \"%s\" "
+                 "does not take it",
+                 qUtf8Printable(property->getName()), VxProperty::MaxGroupDepth,
+                 qUtf8Printable(d->name));
+        return nullptr;
+    }
     property->setPath(path);
     if (ElementPropertyItem *item = recordPropertyPlace(this, property, -1))
         item->setOwning(false);
@@ -241,13 +255,14 @@ bool VxElement::removeProperty(VxProperty *property)
                  property ? qUtf8Printable(property->getName()) : "null", qUtf8Printable(d->name));
         return false;
     }
+    const DeferredDeletion hold;
     ElementPropertyItem *item =
         recordPropertyPlace(this, property, d->properties.indexOf(property));
     if (item)
         item->setOwning(true);
     d->take(property);
     if (!item)
-        delete property;
+        DeferredDeletion::discard(property);
     return true;
 }
 

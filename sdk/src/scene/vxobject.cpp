@@ -1,5 +1,6 @@
 #include <vxcore/vxobject.h>
 
+#include "scene/deferreddeletion.h"
 #include "scene/elementundo.h"
 #include "scene/vxelement_p.h"
 #include <vxcore/vxnode.h>
@@ -25,6 +26,7 @@ public:
 
 void VxObject::Private::takeElement(VxElement *element)
 {
+    const DeferredDeletion hold;
     of(element)->announceRemovalOfAll();
     of(element)->owner = nullptr;
     element->setParent(nullptr);
@@ -35,6 +37,7 @@ void VxObject::Private::takeElement(VxElement *element)
 
 void VxObject::Private::insertElement(VxElement *element, int index)
 {
+    const DeferredDeletion hold;
     element->setParent(q);
     of(element)->owner = q;
     subElements.insert(qMin(index, subElements.size()), element);

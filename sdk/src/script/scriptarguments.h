@@ -1,6 +1,8 @@
 #ifndef SCRIPT_SCRIPTARGUMENTS_H
 #define SCRIPT_SCRIPTARGUMENTS_H
 
+#include "scene/deferreddeletion.h"
+
 #include <QtCore/QVector>
 #include <QtScript/QScriptContext>
 #include <QtScript/QScriptEngine>
@@ -60,6 +62,8 @@ private:
     int toInteger(const QScriptValue &value, int index, const char *name);
     double toNumber(const QScriptValue &value, int index, const char *name);
 
+    /// Listeners may remove what the call works on.
+    DeferredDeletion m_hold;
     QScriptContext *m_context;
     QString m_function;
     QString m_message;

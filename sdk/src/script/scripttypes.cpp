@@ -32,6 +32,19 @@ template <class Class> void registerPointer(QScriptEngine *engine)
     qScriptRegisterMetaType<Class *>(engine, pointerToScript<Class>, pointerFromScript<Class>);
 }
 
+/// Host classes have conversions of their own. Other objects, such as the toolkit's widgets in the
+/// arguments of signals, are not for scripts.
+template <class Class> QScriptValue toolkitObjectToScript(QScriptEngine *engine, Class *const &)
+{
+    return engine->nullValue();
+}
+
+template <class Class> void registerToolkitPointer(QScriptEngine *engine)
+{
+    qScriptRegisterMetaType<Class *>(engine, toolkitObjectToScript<Class>,
+                                     pointerFromScript<Class>);
+}
+
 QScriptValue rangeToScript(QScriptEngine *engine, const VxTimeRange &range)
 {
     QScriptValue value = engine->newObject();
@@ -52,6 +65,8 @@ void ScriptBindings::registerTypes(QScriptEngine *engine)
 {
     qRegisterMetaType<VxTime>("VxTime");
     qScriptRegisterMetaType<VxTimeRange>(engine, rangeToScript, rangeFromScript);
+    registerToolkitPointer<QObject>(engine);
+    registerToolkitPointer<QWidget>(engine);
     registerPointer<VxElement>(engine);
     registerPointer<VxNode>(engine);
     registerPointer<VxBone>(engine);

@@ -1,20 +1,29 @@
 #include <vxcore/vxscriptengine.h>
 
+#include "script/runningengines.h"
 #include "script/scriptbindings.h"
 #include "script/scriptmembers.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QLoggingCategory>
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtScript/QScriptEngine>
 #include <QtScript/QScriptValueIterator>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpluginmgr.h>
 #include <vxcore/vxundostack.h>
 
+#include <unistd.h>
+
 namespace {
+
+Q_LOGGING_CATEGORY(log, "vx.scripts", QtWarningMsg)
 
 /// How often a running script lets events through, so that it can be stopped.
 constexpr int AbortInterval = 100;
+constexpr qint64 DefaultMemoryLimit = qint64(2) << 30;
+constexpr qint64 Megabyte = 1024 * 1024;
 
 QScriptValue print(QScriptContext *context, QScriptEngine *engine, void *owner)
 {
@@ -74,9 +83,22 @@ QString VxScriptError::toString() const
 class VxScriptEngine::Private
 {
 public:
+    void stop(const QString &reason)
+    {
+        if (depth == 0)
+            return;
+        aborted = true;
+        abortReason = reason;
+        engine.abortEvaluation();
+    }
+
     QScriptEngine engine;
     int depth = 0; // of evaluate(): a script may run an action that runs a script
     bool aborted = false;
+    QString abortReason;
+    QTimer memoryTimer; // runs while a program that can be stopped does
+    qint64 memoryLimit = DefaultMemoryLimit;
+    qint64 memoryAtStart = 0;
 };
 
 VxScriptEngine::VxScriptEngine(QObject *parent)
@@ -84,6 +106,7 @@ VxScriptEngine::VxScriptEngine(QObject *parent)
     , d(std::make_unique<Private>())
 {
     QScriptEngine *engine = &d->engine;
+    RunningEngines::add(engine);
     QScriptValue global = engine->globalObject();
     global.setProperty(QStringLiteral("print"), engine->newFunction(print, this));
     ScriptBindings::registerTypes(engine);
@@ -91,9 +114,18 @@ VxScriptEngine::VxScriptEngine(QObject *parent)
     ScriptBindings::registerNodes(engine);
     ScriptBindings::registerScene(engine);
     setArguments({});
+    d->memoryTimer.setInterval(AbortInterval);
+    connect(&d->memoryTimer, &QTimer::timeout, this, [this] {
+        if (d->memoryLimit > 0 && memoryInUse() - d->memoryAtStart > d->memoryLimit)
+            d->stop(tr("Stopped: the program has exceeded its memory limit of %1 MB")
+                      .arg(d->memoryLimit / Megabyte));
+    });
 }
 
-VxScriptEngine::~VxScriptEngine() = default;
+VxScriptEngine::~VxScriptEngine()
+{
+    RunningEngines::remove(&d->engine);
+}
 
 QScriptEngine *VxScriptEngine::engine() const
 {
@@ -112,14 +144,19 @@ QString VxScriptEngine::evaluate(const QString &program, const QString &fileName
 {
     VxScriptError failure = syntaxError(program, fileName, firstLine);
     QString result;
+    qCDebug(log).noquote() << "running" << (fileName.isEmpty() ? program.left(80) : fileName);
     if (failure.isNull()) {
         const HoldCloser holds;
-        ++d->depth;
+        if (d->depth++ == 0 && d->engine.processEventsInterval() > 0) {
+            d->memoryAtStart = memoryInUse();
+            d->memoryTimer.start();
+        }
         d->aborted = false;
         const QScriptValue value = d->engine.evaluate(program, fileName, firstLine);
-        --d->depth;
+        if (--d->depth == 0)
+            d->memoryTimer.stop();
         if (d->aborted) {
-            failure = {fileName, -1, tr("Stopped")};
+            failure = {fileName, -1, d->abortReason};
         } else if (d->engine.hasUncaughtException()) {
             failure = {fileName, d->engine.uncaughtExceptionLineNumber(), value.toString()};
         } else if (!value.isUndefined()) {
@@ -128,6 +165,8 @@ QString VxScriptEngine::evaluate(const QString &program, const QString &fileName
         if (d->depth == 0)
             d->engine.clearExceptions();
     }
+    if (!failure.isNull())
+        qCInfo(log).noquote() << failure.toString();
     if (error)
         *error = failure;
     return result;
@@ -197,10 +236,21 @@ void VxScriptEngine::setStoppable(bool stoppable)
     d->engine.setProcessEventsInterval(stoppable ? AbortInterval : -1);
 }
 
+void VxScriptEngine::setMemoryLimit(qint64 bytes)
+{
+    d->memoryLimit = bytes;
+}
+
+qint64 VxScriptEngine::memoryInUse()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    // The second number counts the pages that are in memory.
+    return file.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
+}
+
 void VxScriptEngine::abort()
 {
-    if (d->depth == 0)
-        return;
-    d->aborted = true;
-    d->engine.abortEvaluation();
+    d->stop(tr("Stopped"));
 }

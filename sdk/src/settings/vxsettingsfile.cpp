@@ -1,6 +1,7 @@
 #include "settings/vxsettingsfile.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
@@ -67,6 +68,11 @@ bool VxSettingsFile::read(Values &values)
     QFile file(m_fileName);
     if (!file.exists())
         return true;
+    // A pipe or a device could keep the program waiting for ever.
+    if (!QFileInfo(m_fileName).isFile()) {
+        m_error = tr("%1 cannot be read: it is not a regular file").arg(m_fileName);
+        return false;
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         m_error = tr("%1 cannot be read: %2").arg(m_fileName, file.errorString());
         return false;
@@ -88,6 +94,7 @@ bool VxSettingsFile::write(const Values &values)
     // Without a buffer: what one cannot get rid of on closing would be committed as it is, torn.
     // And the first failure's text: after a failed commit there may be none.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
         file.write(contents) != contents.size() || !file.commit()) {
         m_error = tr("%1 cannot be written: %2").arg(m_fileName, file.errorString());
         return false;

@@ -1,5 +1,7 @@
 #include "undo/vxundostack_p.h"
 
+#include "scene/deferreddeletion.h"
+
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <algorithm>
@@ -76,6 +78,7 @@ void VxUndoStack::Private::close(const VxUndoStackHold *hold, const QString *tex
     holds.erase(found);
     if (!outermost)
         return;
+    const DeferredDeletion deletion;
 
     VxUndoItems finished;
     finished.swap(items);
@@ -106,17 +109,24 @@ bool VxUndoStack::Private::rollBack(const VxUndoStackHold *hold)
 void VxUndoStack::Private::step(int to)
 {
     const int from = stack->index();
-    if (!holds.empty() || applying || to == from || to < 0 || to > stack->count())
+    if (!holds.empty() || applying || stepping || to == from || to < 0 || to > stack->count())
         return;
+    const DeferredDeletion deletion;
+    stepping = true;
     {
         const VxChangeBlock block;
         stack->setIndex(to);
+    }
+    stepping = false;
+    if (clearAfterStep) {
+        clearAfterStep = false;
+        stack->clear();
     }
     Q_EMIT q->stepped(from, stack->index());
 }
 
 VxUndoStack::VxUndoStack(QObject *parent)
-    : QObject(parent)
+    : VxSignalGuard(parent)
     , d(std::make_unique<Private>())
 {
     d->q = this;
@@ -234,9 +244,15 @@ QString VxUndoStack::redoText() const
 
 void VxUndoStack::clear()
 {
+    const DeferredDeletion deletion;
     d->index.clear();
+    const VxUndoItems dropped = std::move(d->items);
     d->items.clear();
-    d->stack->clear();
+    // A listener of an undo step clears what the step is still using.
+    if (d->stepping)
+        d->clearAfterStep = true;
+    else
+        d->stack->clear();
 }
 
 void VxUndoStack::setClean()

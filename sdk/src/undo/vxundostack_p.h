@@ -53,6 +53,9 @@ public:
     QHash<Key, VxUndoItem *> index;
     std::vector<std::unique_ptr<VxUndoStackHold>> scriptHolds;
     bool applying = false;
+    /// A step runs; clear() is carried out at its end.
+    bool stepping = false;
+    bool clearAfterStep = false;
 };
 
 #endif

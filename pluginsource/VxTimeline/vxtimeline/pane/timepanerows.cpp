@@ -177,7 +177,8 @@ void VxTimePane::addDopesheetNode(VxNode *node)
 
 void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
 {
-    if (!node || !d->dopeSheetModel)
+    // Another listener of an announcement may have removed the node.
+    if (!node || !node->getScene() || !d->dopeSheetModel)
         return;
     if (d->sceneLoadDepth > 0)
         d->queuedNodes.append(node);
