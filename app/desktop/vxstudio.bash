@@ -10,7 +10,8 @@ _vxstudio()
         --plugin-path) _filedir -d; return ;;
         --palette) COMPREPLY=($(compgen -W 'dark light' -- "$cur")); return ;;
         --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
-        --frame|--animation) return ;;
+        --log) COMPREPLY=($(compgen -W 'all plugins scripts files' -- "$cur")); return ;;
+        --frame | --animation | --time-limit | --memory-limit) return ;;
     esac
     if [[ $cur == -* ]]; then
         COMPREPLY=($(compgen -W "$(vxstudio --help 2>/dev/null |

@@ -41,11 +41,21 @@ bool isOfNobody(const QLockFile &lock)
     return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
 }
 
+/// Copies hold what their documents hold, which may be for nobody else to read. A folder that is
+/// there already loses what it allowed others.
+bool makePrivateFolder(const QString &folder)
+{
+    const QFileDevice::Permissions owner =
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+    return QDir().mkpath(folder) &&
+           QFile::setPermissions(folder, QFile::permissions(folder) & owner);
+}
+
 /// In another thread. Returns the reason of a failure, else an empty text.
 QString writeFile(const QString &name, const QByteArray &bytes)
 {
     VxSafeFile file(name);
-    if (file.start() && file.write(bytes) == bytes.size() && file.commit())
+    if (file.startPrivate() && file.write(bytes) == bytes.size() && file.commit())
         return {};
     return file.failure();
 }
@@ -108,7 +118,7 @@ bool RecoveryStore::Private::begin(VxFileError *error)
         return true;
     const QString id = QUuid::createUuid().toString(QUuid::Id128);
     Lock lock = makeLock(id);
-    if (!QDir().mkpath(folder) || !lock->tryLock(0)) {
+    if (!makePrivateFolder(folder) || !lock->tryLock(0)) {
         *error = VxFileError();
         error->file = folder;
         error->message = tr("Cannot write to the folder.");

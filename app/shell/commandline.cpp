@@ -35,6 +35,15 @@ void addOptions(QCommandLineParser *parser)
                        name("NAME")});
     parser->addOption(
         {name("import-report"), tr("Print what was found in the motion file as JSON.")});
+    parser->addOption({name("time-limit"),
+                       tr("End a run without a window when its script takes longer. Default: no "
+                          "limit."),
+                       name("SECONDS")});
+    parser->addOption({name("memory-limit"),
+                       tr("Stop the script when it takes more memory; 0 for no limit. Default: "
+                          "%1.")
+                           .arg(CommandLine().scriptMegabytes),
+                       name("MEGABYTES")});
     parser->addOption(
         {name("screenshot"), tr("Save a picture of the window and exit."), name("OUT.png")});
     parser->addOption({name("list-actions"), tr("Print a page about all actions and exit.")});
@@ -48,6 +57,15 @@ void addOptions(QCommandLineParser *parser)
          name("FILE.ini")});
     parser->addOption(
         {name("plugin-path"), tr("Additional plug-in folder; may be repeated."), name("DIR")});
+    parser->addOption({name("enable-plugins"),
+                       tr("Enable plug-ins again that are skipped because the program ended while "
+                          "it was loading them.")});
+    parser->addOption({name("log"),
+                       tr("Write messages of these categories to standard error, such as "
+                          "plugins,scripts; \"all\" for every one."),
+                       name("CATEGORIES")});
+    parser->addOption(
+        {name("diagnose"), tr("Print versions, plug-ins, settings and screens, and exit.")});
     parser->addOption({{name("v"), name("version")}, tr("Show version information.")});
     parser->addOption({{name("h"), name("help")}, tr("Show this help.")});
     parser->addPositionalArgument(name("FILE"), tr("The scene or motion file to open."),
@@ -97,6 +115,35 @@ void readPalette(const QString &text, CommandLine *line)
         fail(line, tr("Unknown palette \"%1\": expected dark or light.").arg(text));
 }
 
+/// A limit from 0 (none) on.
+void readLimit(const QCommandLineParser &parser, const char *option, int *limit, CommandLine *line)
+{
+    if (!parser.isSet(name(option)))
+        return;
+    bool ok = false;
+    const QString text = parser.value(name(option));
+    const int value = text.toInt(&ok);
+    if (ok && value >= 0)
+        *limit = value;
+    else
+        fail(line,
+             tr("Invalid --%1 \"%2\": expected a whole number from 0 on.").arg(name(option), text));
+}
+
+void readLog(const QString &text, CommandLine *line)
+{
+    static const QStringList categories{name("plugins"), name("scripts"), name("files")};
+    QStringList wanted = text.split(QLatin1Char(','));
+    if (wanted == QStringList{name("all")})
+        wanted = categories;
+    for (const QString &category : qAsConst(wanted)) {
+        if (!categories.contains(category))
+            fail(line, tr("Unknown log category \"%1\": expected all, or some of %2.")
+                           .arg(category, categories.join(name(", "))));
+        line->logRules += QStringLiteral("vx.%1.debug=true\nvx.%1.info=true\n").arg(category);
+    }
+}
+
 void readFiles(const QStringList &files, CommandLine *line)
 {
     if (files.size() > 1)
@@ -114,10 +161,17 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
     line->screenshotFile = parser.value(name("screenshot"));
     line->settingsFile = parser.value(name("settings"));
     line->pluginPaths = parser.values(name("plugin-path"));
-    for (const char *option : {"script", "animation", "screenshot", "settings", "plugin-path"}) {
+    line->diagnose = parser.isSet(name("diagnose"));
+    line->enablePlugins = parser.isSet(name("enable-plugins"));
+    for (const char *option :
+         {"script", "animation", "screenshot", "settings", "plugin-path", "log"}) {
         if (parser.isSet(name(option)) && parser.values(name(option)).contains(QString()))
             fail(line, tr("Option --%1 requires a name.").arg(name(option)));
     }
+    readLimit(parser, "time-limit", &line->scriptSeconds, line);
+    readLimit(parser, "memory-limit", &line->scriptMegabytes, line);
+    if (parser.isSet(name("log")))
+        readLog(parser.value(name("log")), line);
     if (parser.isSet(name("size")))
         readSize(parser.value(name("size")), line);
     if (parser.isSet(name("frame")))

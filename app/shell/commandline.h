@@ -36,18 +36,26 @@ public:
     static QString versionText();
 
     /// True when nothing is shown on a display and nobody is there to answer a question.
-    bool isBatch() const { return headless || listActions || !screenshotFile.isEmpty(); }
+    bool isBatch() const
+    {
+        return headless || listActions || diagnose || !screenshotFile.isEmpty();
+    }
 
     Action action = Action::Run;
     QString errorText;
 
     QString file; ///< to open; empty for none
     bool headless = false;
-    bool listActions = false;  ///< print the page of all actions, and nothing else
-    QString animation;         ///< of a motion file with several; empty: all
-    bool importReport = false; ///< print what was found in a motion file as JSON
+    bool listActions = false;   ///< print the page of all actions, and nothing else
+    bool diagnose = false;      ///< print the page for error reports, and nothing else
+    bool enablePlugins = false; ///< load modules again that are skipped
+    QString logRules;           ///< for QLoggingCategory::setFilterRules(); empty for none
+    QString animation;          ///< of a motion file with several; empty: all
+    bool importReport = false;  ///< print what was found in a motion file as JSON
     QString scriptFile;
     QStringList scriptArguments;
+    int scriptSeconds = 0;      ///< the time limit of the script in a batch; 0 for none
+    int scriptMegabytes = 2048; ///< the memory limit of the script; 0 for none
     QString screenshotFile;
     QSize size; ///< of the window in logical pixels; empty when not given
     QString settingsFile;

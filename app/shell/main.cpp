@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QLoggingCategory>
 #include <cstdio>
 
 namespace {
@@ -24,7 +25,8 @@ bool hasDisplay()
 /// Has to happen before there is an application object. A platform that the user names wins.
 void choosePlatform(const CommandLine &line)
 {
-    const bool showsWindow = line.action == CommandLine::Action::Run && !line.headless;
+    const bool showsWindow =
+        line.action == CommandLine::Action::Run && !line.headless && !line.diagnose;
     const bool offscreen = line.headless || (!showsWindow && !hasDisplay());
     if (offscreen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -82,6 +84,8 @@ int main(int argc, char **argv)
     const CommandLine line = CommandLine::parse(QCoreApplication::arguments());
     if (line.action != CommandLine::Action::Run)
         return explain(line);
+    if (!line.logRules.isEmpty())
+        QLoggingCategory::setFilterRules(line.logRules);
     settleOffscreen();
     Studio studio(line);
     return studio.run();

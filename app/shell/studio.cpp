@@ -5,8 +5,12 @@
 #include "document/scenesummary.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
+#include "shell/batchdialogs.h"
+#include "shell/diagnosis.h"
 #include "shell/endsignals.h"
+#include "shell/pluginloader.h"
 #include "shell/scriptfiles.h"
+#include "shell/scriptwatchdog.h"
 #include "shell/studioclasses.h"
 #include "shell/studiosettings.h"
 #include "shell/studiowindow.h"
@@ -27,6 +31,7 @@
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -78,15 +83,19 @@ public:
     void printImportReport() const;
     bool openFile();
     bool runScript();
+    void runInWindow(VxScriptEngine *scripts, VxScriptError *error);
     void showUnseen();
     bool writePicture();
-    int exec();
+    void end(int signalNumber);
+    int runWithWindow();
 
     const CommandLine commandLine;
     UserMessages messages;
     StudioSettings settingsStore;
     std::unique_ptr<VxApp> app;
     std::unique_ptr<StudioWindow> window;
+    std::unique_ptr<BatchDialogs> batchDialogs; // of a run without a user
+    int endCode = 0;                            // set by a request to end
 };
 
 void Studio::Private::loadSettings()
@@ -116,19 +125,12 @@ void Studio::Private::saveSettings()
 
 void Studio::Private::loadPlugins()
 {
-    // A folder that is named twice is loaded once.
-    QStringList folders;
-    for (const QString &folder : QStringList(defaultPluginFolder()) + commandLine.pluginPaths) {
-        const QString canonical = QDir(folder).canonicalPath();
-        const QString path = canonical.isEmpty() ? folder : canonical;
-        if (!folders.contains(path))
-            folders.append(path);
-    }
-    QStringList errors;
-    for (const QString &folder : qAsConst(folders))
-        app->getPluginMgr()->loadPlugins(folder, &errors);
-    for (const QString &error : qAsConst(errors))
-        messages.showNotice(error);
+    PluginLoader loader(settingsFile(commandLine), app->getSettings());
+    if (commandLine.enablePlugins)
+        loader.enableAll();
+    const QStringList folders = QStringList(defaultPluginFolder()) + commandLine.pluginPaths;
+    for (const QString &message : loader.load(folders, app->getPluginMgr()))
+        messages.showNotice(message);
 }
 
 void Studio::Private::buildPanesAndActions()
@@ -204,15 +206,41 @@ bool Studio::Private::runScript()
 {
     if (commandLine.scriptFile.isEmpty())
         return true;
-    if (commandLine.isBatch())
-        showUnseen();
     VxScriptEngine *scripts = app->getScriptEngine();
     scripts->setArguments(commandLine.scriptArguments);
     VxScriptError error;
-    if (scripts->runFile(commandLine.scriptFile, &error))
+    if (commandLine.isBatch()) {
+        showUnseen();
+        const ScriptWatchdog watchdog(commandLine.scriptFile,
+                                      {commandLine.scriptSeconds, commandLine.scriptMegabytes});
+        scripts->runFile(commandLine.scriptFile, &error);
+    } else {
+        runInWindow(scripts, &error);
+    }
+    if (error.isNull())
         return true;
     UserMessages::printError(error.toString());
     return false;
+}
+
+/** The window stays alive and requests to end are carried out; the work can be undone. */
+void Studio::Private::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
+{
+    scripts->setMemoryLimit(qint64(commandLine.scriptMegabytes) << 20);
+    scripts->setStoppable(true);
+    QFile file(commandLine.scriptFile);
+    // A script from a pipe can be read only once.
+    const bool usesHistory = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) &&
+                             file.readAll().contains("Undo");
+    if (usesHistory) {
+        scripts->runFile(commandLine.scriptFile, error);
+    } else {
+        VxUndoStackHold hold;
+        scripts->runFile(commandLine.scriptFile, error);
+        hold.accept(QCoreApplication::translate("Studio", "Script: %1")
+                        .arg(QFileInfo(commandLine.scriptFile).fileName()));
+    }
+    scripts->setStoppable(false);
 }
 
 /** Panes fill themselves when they are shown: so a script finds them as a user does. */
@@ -237,14 +265,34 @@ bool Studio::Private::writePicture()
     return false;
 }
 
-/** Nobody can be asked when the machine shuts down or the terminal goes. */
-int Studio::Private::exec()
+/** The system or a terminal asks the program to end: nobody can be asked about the work. */
+void Studio::Private::end(int signalNumber)
+{
+    window->recovery()->autoSave()->writeNow();
+    endCode = SignalExit + signalNumber;
+    app->getScriptEngine()->abort();
+    QCoreApplication::exit(endCode);
+}
+
+int Studio::Private::runWithWindow()
 {
     EndSignals requests;
-    QObject::connect(&requests, &EndSignals::received, window.get(), [this](int number) {
-        window->recovery()->autoSave()->writeNow();
-        QCoreApplication::exit(SignalExit + number);
-    });
+    QObject::connect(&requests, &EndSignals::received, window.get(),
+                     [this](int number) { end(number); });
+    window->show();
+    // A file that could not be opened was reported; the user opens another one.
+    openFile();
+    const bool done = runScript();
+    if (endCode != 0)
+        return endCode;
+    if (!done)
+        return CommandLine::Failure;
+    // Closed while the script was running.
+    if (!window->isVisible())
+        return CommandLine::Success;
+    // A script on the command line has priority; the recovery menu offers the copies as well.
+    if (commandLine.scriptFile.isEmpty())
+        window->recovery()->offer();
     return QApplication::exec();
 }
 
@@ -252,6 +300,8 @@ Studio::Studio(const CommandLine &commandLine)
     : d(std::make_unique<Private>(commandLine))
 {
     VxApp::setAppName(QStringLiteral("VxStudio"));
+    if (commandLine.isBatch())
+        d->batchDialogs = std::make_unique<BatchDialogs>();
     d->app = std::make_unique<VxApp>();
     d->loadSettings();
     d->window = std::make_unique<StudioWindow>(&d->messages, recoveryFolder(commandLine));
@@ -290,20 +340,14 @@ int Studio::run()
         UserMessages::print(actionListPage(*d->window->menuBar(), *d->window->getActionMgr()));
         return CommandLine::Success;
     }
-    const bool batch = d->commandLine.isBatch();
-    if (!batch)
-        d->window->show();
-    // A user may go on with another file; nobody goes on in a batch.
-    if (!d->openFile() && batch)
-        return CommandLine::Failure;
-    if (!d->runScript() || !d->writePicture())
-        return CommandLine::Failure;
-    if (batch)
+    if (d->commandLine.diagnose) {
+        UserMessages::print(diagnosisPage(*d->app, defaultPluginFolder()));
         return CommandLine::Success;
-    // Who starts a script wants that done; the question waits in the menu.
-    if (d->commandLine.scriptFile.isEmpty())
-        d->window->recovery()->offer();
-    return d->exec();
+    }
+    if (!d->commandLine.isBatch())
+        return d->runWithWindow();
+    const bool done = d->openFile() && d->runScript() && d->writePicture();
+    return done ? CommandLine::Success : CommandLine::Failure;
 }
 
 QString Studio::defaultPluginFolder()

@@ -2,13 +2,13 @@
 
 #include "document/recentfilesmenu.h"
 #include "recovery/recoverymenu.h"
-#include "widgets/menumnemonics.h"
 #include "shell/menutypeahead.h"
 #include "shell/panedock.h"
 #include "shell/panedocks.h"
 #include "shell/studiowindow.h"
 #include "shell/timeview.h"
 #include "viewport/viewportwidget.h"
+#include "widgets/menumnemonics.h"
 
 #include <QActionGroup>
 #include <QMenuBar>

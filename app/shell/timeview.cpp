@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double Margin = 0.05;  // of the keys' span, on each side
+constexpr double Margin = 0.05;   // of the keys' span, on each side
 constexpr qint64 LeastFrames = 2; // on each side
 
 QString tr(const char *text)

@@ -142,6 +142,8 @@ private Q_SLOTS:
     void scriptsAreNotAsked();
     void requestsToEndLeaveACopy_data();
     void requestsToEndLeaveACopy();
+    void requestsToEndStopAScript();
+    void aScriptThatFillsTheMemoryIsStopped();
     void ignoredRequestsStayIgnored();
     void theMenuSetsTheTime();
     void picture();
@@ -529,6 +531,53 @@ void tst_Recovery::requestsToEndLeaveACopy()
         return;
     press("RecoverButton");
     QCOMPARE(changedValue(), 44.5f);
+}
+
+/// What a script has done in a window is work like any other.
+void tst_Recovery::requestsToEndStopAScript()
+{
+    for (const char *edit : {"Scene.addNode('work');",
+                             "Undo.beginHold(); Scene.addNode('work'); Undo.acceptHold('Add');"}) {
+        QFile script(folder->filePath("endless.js"));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write(edit + QByteArray("print('begun'); for (;;) {}"));
+        script.close();
+        QProcess process;
+        process.start(QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
+                      {"--settings", settings(), "--script", script.fileName()});
+        QByteArray said;
+        while (!said.contains("begun")) {
+            QVERIFY2(process.waitForReadyRead(30000), process.readAllStandardError().constData());
+            said += process.readAllStandardOutput();
+        }
+        QCOMPARE(::kill(pid_t(process.processId()), SIGTERM), 0);
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 128 + SIGTERM);
+        start();
+        QVERIFY(recovery()->offer());
+        press("RecoverButton");
+        QVERIFY(vxScene->findNode("work"));
+        vxApp->getUndoStack()->setClean();
+        tearDown();
+        setUp();
+    }
+}
+
+void tst_Recovery::aScriptThatFillsTheMemoryIsStopped()
+{
+    QFile script(folder->filePath("large.js"));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("var list = []; for (;;) list.push(new Array(1000).join('x') + list.length);");
+    script.close();
+    QProcess process;
+    process.start(QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
+                  {"--settings", settings(), "--script", script.fileName(), "--memory-limit",
+                   "150"});
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitCode(), 1);
+    const QByteArray errors = process.readAllStandardError();
+    QVERIFY2(errors.contains("memory limit of 150 MB"), errors.constData());
 }
 
 void tst_Recovery::ignoredRequestsStayIgnored()

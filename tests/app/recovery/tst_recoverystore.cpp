@@ -89,6 +89,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aKilledProgramLeavesItsCopy();
+    void copiesAreTheUsersAlone();
     void aLivingProgramKeepsItsCopy();
     void aCopyIsOfferedByOneProgramOnly();
     void whateverTheMomentOfDeathTheCopyIsWhole();
@@ -171,6 +172,32 @@ void tst_RecoveryStore::aKilledProgramLeavesItsCopy()
     QVERIFY2(VxSceneReader().readFile(copies.at(0).sceneFile, &contents, &error),
              qPrintable(error.text()));
     QCOMPARE(contents.time, 160);
+}
+
+/// Whatever the folder and the copies were before.
+void tst_RecoveryStore::copiesAreTheUsersAlone()
+{
+    const QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+        QFile::WriteOther | QFile::ExeOther;
+    for (const bool wasOpen : {false, true}) {
+        if (wasOpen) {
+            QFile::setPermissions(folder(), QFile::permissions(folder()) | others);
+            for (const QString &file : files())
+                QFile::setPermissions(folder() + '/' + file, QFile::permissions(file) | others);
+        }
+        RecoveryStore store(folder());
+        QVERIFY(write(&store));
+        QCOMPARE(QFile::permissions(folder()) & others, QFile::Permissions());
+        for (const char *suffix : {".vxscene", ".ini"}) {
+            const QStringList found = files().filter(QString::fromLatin1(suffix));
+            QVERIFY(!found.isEmpty());
+            const QString newest = folder() + '/' + found.last();
+            QCOMPARE(QFile::permissions(newest) & others, QFile::Permissions());
+            QVERIFY(QFile::permissions(newest) & QFile::WriteOwner);
+        }
+        store.removeOwn();
+    }
 }
 
 void tst_RecoveryStore::aLivingProgramKeepsItsCopy()

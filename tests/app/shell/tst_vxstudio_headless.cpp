@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <csignal>
+#include <sys/stat.h>
 
 namespace {
 
@@ -52,6 +54,15 @@ private Q_SLOTS:
     void brokenSettingsAreLeftAlone();
     void usersOwnSettingsAreLeftAlone();
     void listsActions();
+    void diagnosis();
+    void logCategories();
+    void everyActionAndSlotIsAnswered();
+    void limitsOfScripts_data();
+    void limitsOfScripts();
+    void interruptEndsAScript();
+    void settingsThatAreNoFileAreRefused();
+    void settingsAreTheUsersAlone();
+    void pluginsThatCrashedAreSkipped();
     void timelineSample();
     void scriptFindsThePanesFilled();
 
@@ -346,6 +357,158 @@ void tst_VxStudioHeadless::listsActions()
     const QString settings =
         write("settings.ini", "[Shortcuts]\nVxPlayToggleAction=F9\nVxNextFrameAction=\n");
     QCOMPARE(run({"--list-actions", "--settings", settings}).output, result.output);
+}
+
+void tst_VxStudioHeadless::diagnosis()
+{
+    const Result result = run({"--diagnose"});
+    QCOMPARE(result.code, 0);
+    for (const char *part : {"Program: VxStudio ", "Host library: 4.22.0.7", "Qt: 5.",
+                             "System: ", "Plug-in: VxTimeline 1.7.0.15", "Settings: ", "Screen: "})
+        QVERIFY2(result.output.contains(QLatin1String(part)), qPrintable(result.output));
+}
+
+void tst_VxStudioHeadless::logCategories()
+{
+    const QString file = write("walk.bvh", smallMotion);
+    const Result quiet = run({"--headless", file});
+    QCOMPARE(quiet.errors, QString());
+    const Result one = run({"--headless", "--log", "plugins", file});
+    QVERIFY2(one.errors.contains("vx.plugins: loaded") && !one.errors.contains("vx.files"),
+             qPrintable(one.errors));
+    const Result all = run({"--headless", "--log", "all", file});
+    QVERIFY2(all.errors.contains("vx.files: read") && all.errors.contains("walk.bvh"),
+             qPrintable(all.errors));
+    const Result unknown = run({"--headless", "--log", "plugins,weather"});
+    QCOMPARE(unknown.code, 2);
+    QVERIFY2(unknown.errors.contains("\"weather\""), qPrintable(unknown.errors));
+}
+
+/** Every action, and every slot of every pane, with and without a selection: none waits for
+ * anybody. */
+void tst_VxStudioHeadless::everyActionAndSlotIsAnswered()
+{
+    const QString script = write("all.js", R"(
+        var panes = [], names = App.actionNames(), calls = 0;
+        function everything() {
+            names.forEach(function(name) {
+                if (!/Quit|Exit/.test(name)) { App.action(name).trigger(); ++calls; }
+            });
+            ["VxTimePane", "VxScenePane", "VxParametersPane", "VxHistoryPane"].forEach(function(name) {
+                var pane = App.findPane(name);
+                if (!pane) throw new Error("no pane " + name);
+                for (var member in pane) {
+                    var slot = /^(\w+)\((.*)\)$/.exec(member);
+                    if (!slot || /^(close|deleteLater|hide|setEnabled|setDisabled|destroyed)$/.test(slot[1]))
+                        continue;
+                    var arguments = slot[2] === "" ? [] : slot[2].split(",").map(function() { return 1; });
+                    try { pane[member].apply(pane, arguments); ++calls; } catch (e) { }
+                }
+            });
+        }
+        everything();
+        Scene.addSkeleton("s").select();
+        Scene.getNodes()[0].getXPosControl().setKeys([{time: 0, value: 1}, {time: 800, value: 2}]);
+        everything();
+        App.findPane("VxTimePane").createFilteredKeys(1);
+        print("calls", calls > 200);
+    )");
+    QElapsedTimer timer;
+    timer.start();
+    const Result result = run({"--headless", "--script", script, "--time-limit", "40"});
+    QVERIFY2(result.code == 0, qPrintable(result.errors + result.output));
+    QCOMPARE(result.output, QString("calls true\n"));
+    QVERIFY2(result.errors.contains("cancelled, as nobody can answer"), qPrintable(result.errors));
+    QVERIFY(timer.elapsed() < 40000);
+}
+
+void tst_VxStudioHeadless::limitsOfScripts_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QStringList>("limits");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("endless") << "for (;;) {}" << QStringList{"--time-limit", "1"}
+                             << "exceeded its time limit of 1 s";
+    QTest::newRow("endless with a handler of errors")
+        << "for (;;) { try { for (;;) {} } catch (e) {} }" << QStringList{"--time-limit", "1"}
+        << "exceeded its time limit of 1 s";
+    QTest::newRow("endless edits")
+        << "for (;;) { Scene.addNode('n').setParent(null); Scene.clear(); }"
+        << QStringList{"--time-limit", "1"} << "exceeded its time limit of 1 s";
+    QTest::newRow("all the memory")
+        << "var list = []; for (;;) list.push(new Array(1000).join('x') + list.length);"
+        << QStringList{"--memory-limit", "200"} << "exceeded its memory limit of 200 MB";
+}
+
+void tst_VxStudioHeadless::limitsOfScripts()
+{
+    QFETCH(QString, program);
+    QFETCH(QStringList, limits);
+    QFETCH(QString, message);
+    const QString script = write("long.js", program.toUtf8());
+    const Result result = run(QStringList{"--headless", "--script", script} + limits);
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.errors.contains(message) && result.errors.contains("long.js"),
+             qPrintable(result.errors));
+}
+
+void tst_VxStudioHeadless::interruptEndsAScript()
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", path("config"));
+    process.setProcessEnvironment(environment);
+    const QString script = write("endless.js", "print('begun'); for (;;) {}");
+    process.start(programPath(), {"--headless", "--script", script});
+    QVERIFY(process.waitForReadyRead(20000));
+    QCOMPARE(::kill(pid_t(process.processId()), SIGINT), 0);
+    QVERIFY(process.waitForFinished(5000));
+}
+
+void tst_VxStudioHeadless::settingsThatAreNoFileAreRefused()
+{
+    const QString fifo = path("pipe.ini");
+    QCOMPARE(::mkfifo(fifo.toLocal8Bit().constData(), 0600), 0);
+    for (const QString &file : {fifo, QStringLiteral("/dev/zero"), m_dir->path()}) {
+        const Result result = run({"--headless", "--settings", file});
+        QCOMPARE(result.code, 0);
+        QVERIFY2(result.errors.contains("not a regular file"), qPrintable(file + result.errors));
+    }
+}
+
+void tst_VxStudioHeadless::settingsAreTheUsersAlone()
+{
+    const QString file = path("own/settings.ini");
+    QCOMPARE(run({"--headless", "--settings", file}).code, 0);
+    QCOMPARE(QFile::permissions(file) &
+                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+             QFile::Permissions());
+}
+
+/** A module that ends the program while it is being loaded does so once. */
+void tst_VxStudioHeadless::pluginsThatCrashedAreSkipped()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir("plugins"));
+    const QString module = path("plugins/crash.so");
+    QVERIFY(QFile::copy(QStringLiteral(VX_BINARY_DIR "/tests/modules/crash/testmodule_crash.so"),
+                        module));
+    const QStringList arguments{"--headless", "--settings", path("settings.ini"), "--plugin-path",
+                                path("plugins")};
+    QVERIFY(run(arguments).code != 0);
+    for (int start = 0; start < 2; ++start) {
+        const Result again = run(arguments);
+        QCOMPARE(again.code, 0);
+        QVERIFY2(again.errors.contains("crash.so was skipped"), qPrintable(again.errors));
+    }
+    QVERIFY(run(arguments + QStringList{"--enable-plugins"}).code != 0);
+    QCOMPARE(run(arguments).code, 0);
+    // Mended, it is loaded when the user says so.
+    QVERIFY(QFile::remove(module));
+    QVERIFY(QFile::copy(QStringLiteral(VX_BINARY_DIR "/tests/modules/testmodule_good.so"), module));
+    const Result mended = run(arguments + QStringList{"--enable-plugins"});
+    QCOMPARE(mended.code, 0);
+    QVERIFY2(!mended.errors.contains("skipped"), qPrintable(mended.errors));
+    QVERIFY2(!run(arguments).errors.contains("skipped"), qPrintable(mended.errors));
 }
 
 void tst_VxStudioHeadless::timelineSample()

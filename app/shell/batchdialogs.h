@@ -1,0 +1,27 @@
+#ifndef BATCHDIALOGS_H
+#define BATCHDIALOGS_H
+
+#include <QObject>
+
+class QDialog;
+
+/// Answers every modal dialog and menu of a run without a user at once: a message box by its Cancel
+/// button (else No, else the one that Escape stands for), any other dialog by rejecting it. The
+/// text goes to standard error, so that a script's author sees what was asked.
+///
+/// Works on the dialogs of all modules for as long as it lives.
+class BatchDialogs : public QObject
+{
+    Q_OBJECT
+public:
+    explicit BatchDialogs(QObject *parent = nullptr);
+    ~BatchDialogs() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    static void answer(QDialog *dialog);
+};
+
+#endif

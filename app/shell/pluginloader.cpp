@@ -1,0 +1,137 @@
+#include "shell/pluginloader.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QLoggingCategory>
+#include <cerrno>
+#include <csignal>
+#include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "vx.plugins", QtWarningMsg)
+
+constexpr QLatin1String StoreName("Plugins");
+constexpr QLatin1String SkippedKey("Skipped");
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("PluginLoader", text);
+}
+
+bool isRunning(qint64 process)
+{
+    return process == QCoreApplication::applicationPid() ||
+           (process > 0 && (::kill(pid_t(process), 0) == 0 || errno == EPERM));
+}
+
+QStringList modulesIn(const QDir &folder)
+{
+    QStringList modules;
+    for (const QString &name : folder.entryList(QDir::Files, QDir::Name)) {
+        if (QLibrary::isLibrary(name))
+            modules.append(folder.filePath(name));
+    }
+    return modules;
+}
+
+} // namespace
+
+PluginLoader::PluginLoader(const QString &settingsFile, VxSettings *store)
+    : m_settingsFile(settingsFile)
+    , m_store(store)
+{
+}
+
+QStringList PluginLoader::skipped(const VxSettings &store)
+{
+    const VxSettings *plugins = store.findSettings(StoreName);
+    return plugins ? plugins->getStringListValue(SkippedKey) : QStringList();
+}
+
+void PluginLoader::enableAll()
+{
+    collectCrashes();
+    m_store->getSettings(StoreName)->removeValue(SkippedKey);
+}
+
+QStringList PluginLoader::load(const QStringList &folders, VxPluginMgr *plugins)
+{
+    collectCrashes();
+    const QStringList skippedModules = skipped(*m_store);
+    QStringList messages;
+    QStringList done;
+    for (const QString &folder : folders) {
+        const QString canonical = QDir(folder).canonicalPath();
+        const QString path = canonical.isEmpty() ? folder : canonical;
+        if (done.contains(path))
+            continue;
+        done.append(path);
+        if (!QDir(path).exists())
+            messages.append(tr("The plug-in folder %1 does not exist.").arg(path));
+        for (const QString &module : modulesIn(QDir(path))) {
+            if (skippedModules.contains(module)) {
+                messages.append(tr("%1 was skipped, because the program ended while loading it. "
+                                   "Start it with --enable-plugins to load it again.")
+                                    .arg(module));
+                continue;
+            }
+            const bool marked = mark(module);
+            QString error;
+            const bool loaded = plugins->loadPlugin(module, &error) != nullptr;
+            if (marked)
+                unmark();
+            qCInfo(log).noquote() << (loaded ? "loaded" : "refused") << module << error;
+            if (!loaded)
+                messages.append(error);
+        }
+    }
+    return messages;
+}
+
+QString PluginLoader::markerFile(const QString &process) const
+{
+    const QFileInfo file(m_settingsFile);
+    return QDir(file.absolutePath())
+        .filePath(file.completeBaseName() + QStringLiteral("-loading-") + process);
+}
+
+void PluginLoader::collectCrashes()
+{
+    if (m_settingsFile.isEmpty())
+        return;
+    const QFileInfo pattern(markerFile(QStringLiteral("*")));
+    QStringList modules = skipped(*m_store);
+    const auto markers = pattern.dir().entryInfoList({pattern.fileName()}, QDir::Files);
+    for (const QFileInfo &marker : markers) {
+        if (isRunning(marker.fileName().section(QLatin1Char('-'), -1).toLongLong()))
+            continue;
+        QFile file(marker.filePath());
+        const QString module =
+            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        if (!module.isEmpty() && !modules.contains(module))
+            modules.append(module);
+        file.remove();
+    }
+    if (modules != skipped(*m_store))
+        m_store->getSettings(StoreName)->setStringListValue(SkippedKey, modules);
+}
+
+bool PluginLoader::mark(const QString &module) const
+{
+    if (m_settingsFile.isEmpty() || !QDir().mkpath(QFileInfo(m_settingsFile).absolutePath()))
+        return false;
+    QFile file(markerFile(QString::number(QCoreApplication::applicationPid())));
+    return file.open(QIODevice::WriteOnly) &&
+           file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
+           file.write(module.toUtf8()) >= 0 && file.flush();
+}
+
+void PluginLoader::unmark() const
+{
+    QFile::remove(markerFile(QString::number(QCoreApplication::applicationPid())));
+}

@@ -1,0 +1,40 @@
+#ifndef PLUGINLOADER_H
+#define PLUGINLOADER_H
+
+#include <QString>
+#include <QStringList>
+
+class VxPluginMgr;
+class VxSettings;
+
+/// Loads the modules of plug-in folders at the start of the program. A module during whose loading
+/// the program ended is skipped from then on, until the user enables it again.
+///
+/// While a module is being loaded a marker file that names it and this process lies beside the
+/// settings. A marker whose process has ended was left by a crash. Without a settings file nothing
+/// is marked and nothing skipped.
+class PluginLoader
+{
+public:
+    /// settingsFile may be empty. The list of skipped modules is kept in the store.
+    PluginLoader(const QString &settingsFile, VxSettings *store);
+
+    /// Forgets which modules are skipped.
+    void enableAll();
+    /// Loads the modules of the folders in order, each folder once, sorted by name. Returns what
+    /// the user should read: errors, and which modules are skipped.
+    QStringList load(const QStringList &folders, VxPluginMgr *plugins);
+
+    static QStringList skipped(const VxSettings &store);
+
+private:
+    void collectCrashes();
+    bool mark(const QString &module) const;
+    void unmark() const;
+    QString markerFile(const QString &process) const;
+
+    const QString m_settingsFile;
+    VxSettings *m_store;
+};
+
+#endif
