@@ -1,5 +1,7 @@
 #include "script/runningengines.h"
 
+#include "scene/signalcalls.h"
+
 #include <QtCore/QVector>
 #include <QtScript/QScriptContext>
 #include <QtScript/QScriptEngine>
@@ -12,10 +14,19 @@ QVector<QScriptEngine *> &engines()
     return list;
 }
 
+bool throwInScript(const QString &message)
+{
+    QScriptContext *context = RunningEngines::callingContext();
+    if (context)
+        context->throwError(QScriptContext::TypeError, message);
+    return context != nullptr;
+}
+
 } // namespace
 
 void RunningEngines::add(QScriptEngine *engine)
 {
+    SignalCalls::throwInScript = throwInScript;
     engines().append(engine);
 }
 

@@ -1,10 +1,10 @@
 #include <vxcore/vxsignalguard.h>
 
-#include "script/runningengines.h"
+#include "scene/signalcalls.h"
 
 #include <QtCore/QMetaMethod>
-#include <QtScript/QScriptContext>
-#include <QtScript/QScriptEngine>
+
+bool (*SignalCalls::throwInScript)(const QString &message) = nullptr;
 
 bool vxRefuseSignalCall(const QObject *object, int methodIndex)
 {
@@ -14,9 +14,7 @@ bool vxRefuseSignalCall(const QObject *object, int methodIndex)
     const QString message = QStringLiteral("%1.%2 is a signal: it can be connected, but not called")
                                 .arg(QLatin1String(object->metaObject()->className()),
                                      QLatin1String(method.methodSignature()));
-    if (QScriptContext *context = RunningEngines::callingContext())
-        context->throwError(QScriptContext::TypeError, message);
-    else
+    if (!SignalCalls::throwInScript || !SignalCalls::throwInScript(message))
         qWarning("%s", qUtf8Printable(message));
     return true;
 }

@@ -1,0 +1,14 @@
+#ifndef SCENE_SIGNALCALLS_H
+#define SCENE_SIGNALCALLS_H
+
+class QString;
+
+namespace SignalCalls {
+
+/// Throws an error in the script that calls into the host; false when none does. Set by the script
+/// engine; null without one.
+extern bool (*throwInScript)(const QString &message);
+
+} // namespace SignalCalls
+
+#endif
