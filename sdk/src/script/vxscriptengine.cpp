@@ -118,7 +118,7 @@ VxScriptEngine::VxScriptEngine(QObject *parent)
     connect(&d->memoryTimer, &QTimer::timeout, this, [this] {
         if (d->memoryLimit > 0 && memoryInUse() - d->memoryAtStart > d->memoryLimit)
             d->stop(tr("Stopped: the program has exceeded its memory limit of %1 MB")
-                      .arg(d->memoryLimit / Megabyte));
+                        .arg(d->memoryLimit / Megabyte));
     });
 }
 

@@ -236,7 +236,8 @@ void TestVxBvhReader::refuses_data()
     row("frames without channels", replaced("  CHANNELS 3 Zrotation Xrotation Yrotation\n", ""), 8,
         "no joint has a channel");
     row("frame time zero", replaced(".0083333", "0"), 10, "must be greater than 0, not 0");
-    row("frame time negative", replaced(".0083333", "-.01"), 10, "must be greater than 0, not -.01");
+    row("frame time negative", replaced(".0083333", "-.01"), 10,
+        "must be greater than 0, not -.01");
     row("frame time infinite", replaced(".0083333", "inf"), 10, "finite, not \"inf\"");
     row("frame time out of range", replaced(".0083333", "1e400"), 10, "out of range");
     row("frame time a word", replaced(".0083333", "fast"), 10, "must be a number, not \"fast\"");
@@ -411,8 +412,7 @@ void TestVxBvhReader::numbersTooSmallForDoublesAreZero()
     if (isZero)
         QCOMPARE(std::abs(document.values.at(3)), 0.0f);
     else
-        QVERIFY2(error.message.contains(QLatin1String("out of range")),
-                 qPrintable(error.message));
+        QVERIFY2(error.message.contains(QLatin1String("out of range")), qPrintable(error.message));
 }
 
 void TestVxBvhReader::errorNamesFileAndLine()

@@ -571,9 +571,9 @@ void tst_Recovery::aScriptThatFillsTheMemoryIsStopped()
     script.write("var list = []; for (;;) list.push(new Array(1000).join('x') + list.length);");
     script.close();
     QProcess process;
-    process.start(QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
-                  {"--settings", settings(), "--script", script.fileName(), "--memory-limit",
-                   "150"});
+    process.start(
+        QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
+        {"--settings", settings(), "--script", script.fileName(), "--memory-limit", "150"});
     QVERIFY(process.waitForFinished(60000));
     QCOMPARE(process.exitCode(), 1);
     const QByteArray errors = process.readAllStandardError();

@@ -177,9 +177,8 @@ void tst_RecoveryStore::aKilledProgramLeavesItsCopy()
 /// Whatever the folder and the copies were before.
 void tst_RecoveryStore::copiesAreTheUsersAlone()
 {
-    const QFile::Permissions others =
-        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-        QFile::WriteOther | QFile::ExeOther;
+    const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     for (const bool wasOpen : {false, true}) {
         if (wasOpen) {
             QFile::setPermissions(folder(), QFile::permissions(folder()) | others);

@@ -78,8 +78,8 @@ void TestDesktopFiles::completionOffersEveryOptionOfTheHelp()
     QProcess shell;
     shell.start("bash", {"-c", script});
     QVERIFY(shell.waitForFinished());
-    QStringList offered = QString::fromLocal8Bit(shell.readAllStandardOutput())
-                              .split('\n', Qt::SkipEmptyParts);
+    QStringList offered =
+        QString::fromLocal8Bit(shell.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
     QStringList expected;
     for (const QString &option : helpOptions())
         expected.append("--" + option);

@@ -192,7 +192,8 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    // Alt+Right and Alt+Left open and close the current row, the second time with all rows below it.
+    // Alt+Right and Alt+Left open and close the current row, the second time with all rows below
+    // it.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

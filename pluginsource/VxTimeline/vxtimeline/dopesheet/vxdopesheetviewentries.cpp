@@ -4,8 +4,8 @@
 #include <QtCore/QSet>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/keys/keyspans.h"
 
