@@ -37,7 +37,7 @@ private:
             if (action->value() == type)
                 action->setChecked(on);
         }
-        pane->handlePropertyTypesEdited();
+        QVERIFY(QMetaObject::invokeMethod(pane.get(), "handlePropertyTypesEdited"));
         QCoreApplication::processEvents();
     }
     QModelIndex rowOf(const VxProperty *property) const
