@@ -149,7 +149,7 @@ void TestVxBvhTiming::refuses_data()
     QTest::addColumn<double>("frameTime");
     QTest::addColumn<int>("frames");
     QTest::addColumn<QString>("part");
-    const QString fast = QStringLiteral("more than 4800");
+    const QString fast = QStringLiteral("at most 4800");
     const QString late = QStringLiteral("too long");
     QTest::newRow("5000 frames a second") << .0002 << 10 << fast;
     QTest::newRow("4801 frames a second") << 1.0 / 4801 << 10 << fast;

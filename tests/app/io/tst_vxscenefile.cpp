@@ -302,19 +302,19 @@ void TestSceneFile::brokenFiles_data()
     QTest::newRow("newer version")
         << changed("version", 7) << QStringLiteral("version 7 of the scene format");
     QTest::newRow("other ticks") << changed("ticksPerSecond", 1000)
-                                 << QStringLiteral("1000 lies outside");
-    QTest::newRow("time step zero") << changed("timeStep", 0) << QStringLiteral("0 lies outside");
+                                 << QStringLiteral("1000 is out of range");
+    QTest::newRow("time step zero") << changed("timeStep", 0) << QStringLiteral("0 is out of range");
     QTest::newRow("nodes are a number")
         << changed("nodes", 3) << QStringLiteral("Expected an array");
     QTest::newRow("node of unknown kind")
         << changed("nodes", QCborArray{QCborMap{{QStringLiteral("kind"), QStringLiteral("car")},
                                                 {QStringLiteral("name"), QStringLiteral("x")}}})
-        << QStringLiteral("unknown kind \"car\"");
+        << QStringLiteral("unknown kind: \"car\"");
     QTest::newRow("parent behind its child")
         << changed("nodes", QCborArray{QCborMap{{QStringLiteral("kind"), QStringLiteral("node")},
                                                 {QStringLiteral("name"), QStringLiteral("x")},
                                                 {QStringLiteral("parent"), 5}}})
-        << QStringLiteral("5 lies outside");
+        << QStringLiteral("5 is out of range");
     QTest::newRow("range with one end")
         << changed("playRange", QCborArray{1}) << QStringLiteral("Expected 2 numbers");
     QByteArray deep("\xa1\x61\x78", 3);

@@ -473,7 +473,7 @@ void TestSceneLimits::circlesOfReferencesAreRefused()
         VxSceneContents contents;
         QString message;
         QVERIFY(!read(bytes, &contents, &message));
-        QVERIFY2(message.contains(QLatin1String("\"p0\" refers to property")), qPrintable(message));
+        QVERIFY2(message.contains(QLatin1String("\"p0\" has an invalid reference")), qPrintable(message));
     }
 }
 

@@ -119,8 +119,8 @@ void tst_TimeView::emptyViewSaysSo()
 
 void tst_TimeView::viewsAreSavedInTheDocument()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("views.vxscene"));
+    const QTemporaryDir documents;
+    const QString file = documents.filePath(QStringLiteral("views.vxscene"));
     vxScene->setPlayRange(VxTimeRange(1600, 3200));
     trigger("StudioStoreView1");
     vxScene->setPlayRange(VxTimeRange(-800, 4800));

@@ -162,7 +162,8 @@ void tst_ShortcutDialog::listsEveryCommand()
             listed.insert(command.className);
             const QAction *entry = actions()->findCommand(command.className);
             if (const auto *action = qobject_cast<const VxAction *>(entry)) {
-                QCOMPARE(command.text, action->text());
+                // The dots of a command that opens a dialog are left out of the list.
+                QCOMPARE(command.text, QString(action->text()).remove(QLatin1String("...")));
                 QCOMPARE(command.description, action->getDescription());
             }
             QVERIFY2(!command.description.isEmpty(), qPrintable(command.text));

@@ -142,10 +142,6 @@ void tst_FigureLines::placesThatAreNoNumbersAreLeftOut()
     // Its place is a number still; that of its end is none.
     figure.knee->getScaleControl()->setStoredValue(std::numeric_limits<float>::max());
     QCOMPARE(FigureLines::collect(figure.scene, 0).bones.size(), 2);
-    figure.hip->setOrigin({0, std::numeric_limits<float>::quiet_NaN(), 0});
-    QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
-    figure.hip->setOrigin({0, std::numeric_limits<float>::infinity(), 0});
-    QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
     figure.hip->setOrigin({0, 1e30f, 0});
     QVERIFY(FigureLines::collect(figure.scene, 0).points().isEmpty());
     figure.hip->setOrigin({0, 1e10f, 0});

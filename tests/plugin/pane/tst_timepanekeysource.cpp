@@ -172,7 +172,7 @@ void TestTimePaneKeySource::anotherModel()
     a->select(true);
     const VxDopeSheetItem *before = header->getKeySource();
     pane->refreshDopesheet();
-    QCOMPARE(sourceNode(), a);
+    QTRY_COMPARE(sourceNode(), a);
     QVERIFY(header->getKeySource() != before);
     vxScene->selectAllNodes(false);
     pane->refreshDopesheet();

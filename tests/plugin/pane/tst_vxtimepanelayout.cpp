@@ -427,7 +427,7 @@ void TestTimePaneLayout::hintKeepsClearOfTheLabels()
         QVERIFY2(!hint->isVisible() || hint->heightForWidth(hint->width()) <= hint->height(),
                  qPrintable(QString::number(width)));
     }
-    QVERIFY(shown > 5 && hidden > 0);
+    QVERIFY2(shown > 5 && hidden > 0, qPrintable(QStringLiteral("%1 %2").arg(shown).arg(hidden)));
 }
 
 /// A control whose label is a letter or a word, or that has none, explains itself.

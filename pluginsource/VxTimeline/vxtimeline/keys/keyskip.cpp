@@ -57,7 +57,7 @@ VxTime previousKeyTime(const QVector<VxNode *> &nodes, VxTime now, VxTime limit)
         return best;
     Split split(now - 1);
     for (const VxNode *node : nodes) {
-        NodeProperties::visitAll(node, [&best, &split](const VxProperty *property) {
+        NodeProperties::visitMade(node, [&best, &split](const VxProperty *property) {
             split.look(property);
             if (const VxTime *key = split.upTo())
                 best = std::max(best, *key);
@@ -71,7 +71,7 @@ VxTime nextKeyTime(const QVector<VxNode *> &nodes, VxTime now, VxTime limit)
     VxTime best = limit;
     Split split(now);
     for (const VxNode *node : nodes) {
-        NodeProperties::visitAll(node, [&best, &split](const VxProperty *property) {
+        NodeProperties::visitMade(node, [&best, &split](const VxProperty *property) {
             split.look(property);
             if (const VxTime *key = split.after())
                 best = std::min(best, *key);

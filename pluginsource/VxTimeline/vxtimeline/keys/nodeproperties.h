@@ -4,26 +4,38 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 
-// The properties of what a node consists of, as far as they exist: the others have no keys.
+// The properties of what a node consists of: itself, then its object, then the object's
+// sub-elements; not of child nodes.
 namespace NodeProperties {
 
-template <typename Visit> void visitElement(const VxElement *element, Visit &visit)
+// Calls visit(const VxElement *) for each of these elements.
+template <typename Visit> void visitElements(const VxNode *node, Visit visit)
 {
-    for (VxProperty *property : element->getMadeProperties())
-        visit(property);
-}
-
-// Calls visit(VxProperty *) for each property of the node, then of its object, then of the
-// object's sub-elements; not for those of child nodes.
-template <typename Visit> void visitAll(const VxNode *node, Visit visit)
-{
-    visitElement(node, visit);
+    visit(node);
     const VxObject *object = node->getObject();
     if (!object)
         return;
-    visitElement(object, visit);
+    visit(object);
     for (int i = 0; i < object->getNumSubElements(); ++i)
-        visitElement(object->getSubElement(i), visit);
+        visit(object->getSubElement(i));
+}
+
+// Calls visit(VxProperty *) for each property; controls that were not made yet are made.
+template <typename Visit> void visitAll(const VxNode *node, Visit visit)
+{
+    visitElements(node, [&visit](const VxElement *element) {
+        for (int i = 0; i < element->getNumProperties(); ++i)
+            visit(element->getProperty(i));
+    });
+}
+
+// Calls visit(VxProperty *) for each property that can have keys already.
+template <typename Visit> void visitMade(const VxNode *node, Visit visit)
+{
+    visitElements(node, [&visit](const VxElement *element) {
+        for (VxProperty *property : element->getMadeProperties())
+            visit(property);
+    });
 }
 
 } // namespace NodeProperties
