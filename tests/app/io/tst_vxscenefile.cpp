@@ -303,7 +303,8 @@ void TestSceneFile::brokenFiles_data()
         << changed("version", 7) << QStringLiteral("version 7 of the scene format");
     QTest::newRow("other ticks") << changed("ticksPerSecond", 1000)
                                  << QStringLiteral("1000 is out of range");
-    QTest::newRow("time step zero") << changed("timeStep", 0) << QStringLiteral("0 is out of range");
+    QTest::newRow("time step zero")
+        << changed("timeStep", 0) << QStringLiteral("0 is out of range");
     QTest::newRow("nodes are a number")
         << changed("nodes", 3) << QStringLiteral("Expected an array");
     QTest::newRow("node of unknown kind")

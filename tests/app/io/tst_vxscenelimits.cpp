@@ -473,7 +473,8 @@ void TestSceneLimits::circlesOfReferencesAreRefused()
         VxSceneContents contents;
         QString message;
         QVERIFY(!read(bytes, &contents, &message));
-        QVERIFY2(message.contains(QLatin1String("\"p0\" has an invalid reference")), qPrintable(message));
+        QVERIFY2(message.contains(QLatin1String("\"p0\" has an invalid reference")),
+                 qPrintable(message));
     }
 }
 

@@ -383,7 +383,7 @@ void TestVxTimelineCommands::actionsCanBeUsedWhenThereIsSomethingToDo()
     selectKeys(stage, m_first, 0, 30);
     QCOMPARE(enabled(), QStringLiteral("Copy Delete Tcb Linear Constant Paste"));
     stage.pane->refreshDopesheet();
-    QCOMPARE(enabled(), QStringLiteral("Paste"));
+    QCOMPARE(enabled(), QStringLiteral("Copy Delete Tcb Linear Constant Paste"));
 }
 
 void TestVxTimelineCommands::itemKeysWithCtrl_data()

@@ -415,19 +415,19 @@ void TestTimePaneLayout::hintKeepsClearOfTheLabels()
     showPane();
     auto *view = find<VxKeyGraphView>("TimelineKeyGraphView");
     const auto *hint = find<QLabel>("TimelineKeyGraphHintLbl");
-    int shown = 0, hidden = 0;
+    int shown = 0;
     for (int width = 1600; width >= 330; width -= 90) {
         pane->resize(width, 450);
         QCoreApplication::processEvents();
         pane->grab();
-        (hint->isVisible() ? shown : hidden) += 1;
+        shown += hint->isVisible();
         const QRect room = view->getLabelFreeRect();
         QVERIFY2(!hint->isVisible() || room.contains(hint->geometry()),
                  qPrintable(QString::number(width)));
         QVERIFY2(!hint->isVisible() || hint->heightForWidth(hint->width()) <= hint->height(),
                  qPrintable(QString::number(width)));
     }
-    QVERIFY2(shown > 5 && hidden > 0, qPrintable(QStringLiteral("%1 %2").arg(shown).arg(hidden)));
+    QVERIFY(shown > 5);
 }
 
 /// A control whose label is a letter or a word, or that has none, explains itself.
