@@ -119,7 +119,8 @@ void TestVxWarning::positionOfThisFile()
     const int line = __LINE__ - 1;
     VxWarningGuard guard;
     guard.expect(QRegularExpression(
-        QStringLiteral("^\\\\src\\\\tests\\\\plugin\\\\actions\\\\tst_vxwarning\\.cpp\\(%1\\): hello$")
+        QStringLiteral(
+            "^\\\\src\\\\tests\\\\plugin\\\\actions\\\\tst_vxwarning\\.cpp\\(%1\\): hello$")
             .arg(line)));
     vxWarning(position, QStringLiteral("hello"));
 }
