@@ -1,8 +1,8 @@
 // Real FBX files of several programs: against the format's own definition at and between their
 // keys, and against another reader at their keys.
 //
-// The files are looked for in the folder that VX_MOTION_DATA names, else in ../shared/data beside
-// the sources, and in Debian's package of test models.
+// The files are those of Debian's package of test models and, when the variable VX_MOTION_DATA
+// names a folder, those in its folder "fbx".
 
 #include "fbxcomparison.h"
 #include "testing/vxtestmain.h"
@@ -23,8 +23,7 @@ const char modelFolder[] = "/usr/share/assimp/models/FBX";
 
 QString dataFolder()
 {
-    const QString named = qEnvironmentVariable("VX_MOTION_DATA");
-    return named.isEmpty() ? QStringLiteral(VX_SOURCE_DIR "/../shared/data") : named;
+    return qEnvironmentVariable("VX_MOTION_DATA");
 }
 
 QByteArray contents(const QString &fileName)
