@@ -59,7 +59,7 @@ VxBvhTokenizer::NumberResult narrowed(const char *from, const char *to, T *out)
 {
     double wide = 0.0;
     const std::from_chars_result result = std::from_chars(from, to, wide);
-    // Out of range in double precision is either far too large or too small to be told from zero.
+    // Out of range in double precision is either far too large or rounds to zero.
     if (result.ec == std::errc::result_out_of_range && isTiny(from, to))
         wide = 0.0;
     else if (result.ec != std::errc() || std::abs(wide) > 1.0)

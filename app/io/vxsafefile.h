@@ -20,8 +20,8 @@ public:
 
     /// Opens for writing. False with the reason in failure().
     bool start();
-    /// The same for a file that nobody but its owner may read or write, whatever a former file of
-    /// that name allowed.
+    /// The same for a file that only its owner can read and write, whatever the permissions of a
+    /// former file of that name.
     bool startPrivate();
     /// Everything is on the disk now, in place of the former file. False, and the former file is
     /// as it was, when that or a write before failed.

@@ -41,8 +41,8 @@ bool isOfNobody(const QLockFile &lock)
     return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
 }
 
-/// Copies hold what their documents hold, which may be for nobody else to read. A folder that is
-/// there already loses what it allowed others.
+/// A folder that only its owner can enter, since copies can hold confidential documents. An
+/// existing folder loses its permissions for others.
 bool makePrivateFolder(const QString &folder)
 {
     const QFileDevice::Permissions owner =

@@ -52,7 +52,7 @@ bool BatchDialogs::eventFilter(QObject *watched, QEvent *event)
     if (auto *dialog = qobject_cast<QDialog *>(watched)) {
         if (dialog->isModal()) {
             UserMessages::printError(
-                tr("vxstudio: cancelled, as nobody can answer: %1").arg(textOf(dialog)));
+                tr("vxstudio: cancelled, no user to answer: %1").arg(textOf(dialog)));
             QTimer::singleShot(0, dialog, [dialog] { answer(dialog); });
         }
     } else if (auto *menu = qobject_cast<QMenu *>(watched)) {

@@ -45,8 +45,9 @@ private:
         bool movesRotation = false; // has other values than at rest
         bool movesScale = false;
         bool scaleIsOne = false;
-        bool scaleIsUniform = false;  // including what it inherits
-        bool isApart = false;         // takes no plain product of its parent's scale
+        bool scaleIsUniform = false; // including what it inherits
+        bool isApart =
+            false; // its parent's scale is inherited in another way than as a plain product
         bool keepsScaleApart = false; // a child is apart
         bool hasForm = false;
         VxFbxRotationForm form;

@@ -10,7 +10,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxFbxModels", text);
 }
 
-// The file's names say what is applied first, ours what stands on the left.
+// The file names the axis that is applied first at first, VxRotationOrder the leftmost factor.
 VxNode::RotationOrder orderOf(qint64 fileOrder)
 {
     constexpr VxNode::RotationOrder orders[] = {VxNode::ZYX, VxNode::YZX, VxNode::XZY,

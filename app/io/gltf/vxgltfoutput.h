@@ -13,7 +13,7 @@ public:
     /// Appends single precision numbers as an accessor and returns its index. type: "SCALAR",
     /// "VEC3", "VEC4" or "MAT4"; hasBounds: whether smallest and largest elements are stated.
     int addFloats(const std::vector<float> &numbers, const char *type, bool hasBounds);
-    /// An accessor of zeros that takes no bytes.
+    /// An accessor of zeros, without a buffer view.
     int addZeros(int count, const char *type);
 
     /// The whole file: one text with the data in it, or the binary form.

@@ -98,7 +98,8 @@ bool isChannelValid(const VxMotionChannel &channel)
                       : channel.rotation.isEmpty() && isCurveValid(channel.curve);
 }
 
-/// One channel a node, target and index; a rotation track stands for the three angles.
+/// At most one channel for each node, target and index; a rotation track counts for all three
+/// angles.
 bool areTargetsUnique(const VxMotionClip &clip)
 {
     std::set<std::tuple<int, int, int>> seen;
