@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMouseEvent>
 #include <QTabBar>
@@ -32,9 +33,9 @@ DockGestureGuard::DockGestureGuard(QMainWindow *window)
 void DockGestureGuard::watch(QDockWidget *dock)
 {
     dock->installEventFilter(this);
-    connect(dock, &QDockWidget::dockLocationChanged, this, [this](Qt::DockWidgetArea area) {
+    connect(dock, &QDockWidget::dockLocationChanged, this, [this, dock](Qt::DockWidgetArea area) {
         if (area != Qt::NoDockWidgetArea) // which a drag itself reports when it begins
-            noteChange();
+            noteChange(dock);
     });
 }
 
@@ -59,6 +60,7 @@ bool DockGestureGuard::filterDock(QDockWidget *dock, const QEvent *event)
     case QEvent::MouseButtonPress:
         m_dock = dock;
         m_isChanged = false;
+        m_moved.clear();
         return false;
     case QEvent::MouseMove:
         if (dock != m_dock || (!m_isChanged && !dock->isHidden()))
@@ -105,9 +107,12 @@ bool DockGestureGuard::filterTabs(QTabBar *tabs, QEvent *event)
 }
 
 /** The layout is in the middle of the change: the gesture ends with the next event. */
-void DockGestureGuard::noteChange()
+void DockGestureGuard::noteChange(QDockWidget *dock)
 {
-    if (m_isChanged || (!m_dock && !m_tabs))
+    if (!m_dock && !m_tabs)
+        return;
+    m_moved.insert(dock);
+    if (m_isChanged)
         return;
     m_isChanged = true;
     QTimer::singleShot(0, this, [this] {
@@ -133,7 +138,8 @@ void DockGestureGuard::endGesture()
     }
 }
 
-/** The toolkit goes back to the layout of the press, from which docks moved since are missing. */
+/** The toolkit goes back to the layout of the press, from which docks moved since are missing: it
+ * would lose and leak their layout items. They are taken out before and added again. */
 void DockGestureGuard::endDockDrag(QDockWidget *dock)
 {
     struct Placement
@@ -148,6 +154,10 @@ void DockGestureGuard::endDockDrag(QDockWidget *dock)
          m_window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly))
         placements.append(
             {each, m_window->dockWidgetArea(each), each->isFloating(), each->isHidden()});
+    for (const Placement &placement : qAsConst(placements)) {
+        if (m_moved.contains(placement.dock))
+            m_window->layout()->removeWidget(placement.dock);
+    }
     QCloseEvent cancel; // closes nothing: it is how a dock is told to drop its drag
     QCoreApplication::sendEvent(dock, &cancel);
     for (const Placement &placement : qAsConst(placements)) {

@@ -21,19 +21,23 @@ public:
 
     void watch(QDockWidget *dock);
 
+    /// Ends the drag in progress; nothing when there is none. To be called before docks are moved:
+    /// afterwards the toolkit may forget where they have gone.
+    void endGesture();
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool filterDock(QDockWidget *dock, const QEvent *event);
     bool filterTabs(QTabBar *tabs, QEvent *event);
-    void noteChange();
-    void endGesture();
+    void noteChange(QDockWidget *dock);
     void endDockDrag(QDockWidget *dock);
 
     QMainWindow *const m_window;
     QPointer<QDockWidget> m_dock; // that is pressed
     QPointer<QTabBar> m_tabs;     // that are pressed
     QSet<quint64> m_tabIds;       // at the press
+    QSet<QDockWidget *> m_moved;  // by the program since the press; compared only
     bool m_isChanged = false;     // since the press
 };
 

@@ -93,6 +93,7 @@ PaneDock *PaneDocks::find(const QString &paneClassName) const
 
 void PaneDocks::applyDefaultLayout()
 {
+    m_gestures->endGesture();
     // All are taken out first: panes that share a place must at no time stand side by side, where
     // they would make the window wider for good.
     for (PaneDock *dock : docks())
