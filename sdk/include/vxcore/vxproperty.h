@@ -103,7 +103,8 @@ public:
     /// The revision that was given last to any property: while it stays, no keys have changed.
     static quint64 latestKeyRevision();
     /// A number, never 0, that differs after every change of an alias, an overriding control or a
-    /// link: while it stays, every property has the key holder that it had.
+    /// link, and after a property was made: while it stays, every property has the key holder that
+    /// it had, and there are no new ones.
     static quint64 latestHolderRevision();
 
     Q_INVOKABLE virtual int getNumKeys() const;

@@ -152,6 +152,7 @@ VxProperty::VxProperty(const QString &name, Private *priv)
     d->name = name;
     d->label = name;
     setObjectName(name);
+    ++holderRevision;
 }
 
 VxProperty::~VxProperty()

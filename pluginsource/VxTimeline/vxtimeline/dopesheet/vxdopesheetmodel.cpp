@@ -13,6 +13,7 @@
 
 #include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
+#include "vxtimeline/keys/nodeproperties.h"
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)
@@ -278,22 +279,16 @@ void VxDopeSheetModel::handleNodeValuesChanged(VxNode *node)
 
 VxDopeSheetItem *VxDopeSheetModel::findPropertyItem(const VxProperty *property) const
 {
-    VxNode *node = VxPropertyHelper::getNode(property);
-    const VxDopeSheetItem *nodeRow = node ? findItem(node) : nullptr;
-    if (!nodeRow || nodeRow->childCount() == 0) // makes the rows
-        return nullptr;
-    if (!d->propertyRowsValid)
-        d->indexPropertyRows();
+    d->updatePropertyIndex();
     VxDopeSheetItem *item = d->propertyRows.value(property, nullptr);
     return item && item->property() == property ? item : nullptr;
 }
 
 QVector<VxDopeSheetItem *> VxDopeSheetModel::findHolderItems(const VxProperty *holder) const
 {
-    if (!d->propertyRowsValid)
-        d->indexPropertyRows();
-    if (d->holderRevision != VxProperty::latestHolderRevision()) {
-        d->holderRevision = VxProperty::latestHolderRevision();
+    d->updatePropertyIndex();
+    if (!d->holderRowsValid) {
+        d->holderRowsValid = true;
         d->holderRows.clear();
         for (VxDopeSheetItem *item : qAsConst(d->propertyRows)) {
             if (const VxProperty *property = item->property())
@@ -304,16 +299,19 @@ QVector<VxDopeSheetItem *> VxDopeSheetModel::findHolderItems(const VxProperty *h
 }
 
 // Rows that are not made are left out while their nodes have nothing but default controls.
-void VxDopeSheetModel::Private::indexPropertyRows()
+void VxDopeSheetModel::Private::updatePropertyIndex()
 {
-    holderRevision = 0;
+    if (propertyRowsValid && holderRevision == VxProperty::latestHolderRevision())
+        return;
+    holderRevision = VxProperty::latestHolderRevision();
+    holderRowsValid = false;
     propertyRows.clear();
     QVector<VxDopeSheetItem *> open{&root};
     while (!open.isEmpty()) {
         VxDopeSheetItem *item = open.takeLast();
         if (item->property())
             propertyRows.insert(item->property(), item);
-        const bool isPlain = item->hasRowsToMake() && item->node()->getMadeProperties().isEmpty();
+        const bool isPlain = item->hasRowsToMake() && !NodeProperties::hasMade(item->node());
         for (int i = 0; !isPlain && i < item->childCount(); ++i)
             open.append(item->child(i));
     }

@@ -41,7 +41,8 @@ public:
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
     // The row of a node; null when it has none.
     VxDopeSheetItem *findItem(VxNode *node) const;
-    // The row of a property, whether the filter shows it or not; null when it has none.
+    // The row of a property, whether the filter shows it or not; null when it has none. The
+    // property may be deleted already.
     VxDopeSheetItem *findPropertyItem(const VxProperty *property) const;
     // The rows that show the keys of a holder: its own, and those of its aliases.
     QVector<VxDopeSheetItem *> findHolderItems(const VxProperty *holder) const;

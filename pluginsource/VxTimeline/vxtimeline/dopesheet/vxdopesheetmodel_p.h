@@ -23,12 +23,14 @@ public:
     VxDopeSheetItem root;
     // By the node as an object: one that is being destroyed is no node any more.
     QMap<const QObject *, VxDopeSheetItem *> rows;
-    // The property rows that are made, by property; found anew after rows were removed.
+    // The property rows that are made, by property; found anew after rows were removed and after
+    // VxProperty::latestHolderRevision() changed.
     QHash<const VxProperty *, VxDopeSheetItem *> propertyRows;
     bool propertyRowsValid = false;
-    // The same rows by the holders of their keys; of the given VxProperty::latestHolderRevision().
-    QHash<const VxProperty *, QVector<VxDopeSheetItem *>> holderRows;
     quint64 holderRevision = 0;
+    // The same rows by the holders of their keys.
+    QHash<const VxProperty *, QVector<VxDopeSheetItem *>> holderRows;
+    bool holderRowsValid = false;
     int propertyTypes = 0;
     int keyCreationScope = 2;
     bool namesChangedPending = false;
@@ -41,7 +43,7 @@ public:
         q->addPropertyRows(nodeRow->node(), nodeRow);
         propertyRowsValid = false;
     }
-    void indexPropertyRows();
+    void updatePropertyIndex();
     // Takes the nodes of a row and of all below out of the table and drops their connections.
     void forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode);
 

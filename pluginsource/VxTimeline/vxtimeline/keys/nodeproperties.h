@@ -38,6 +38,13 @@ template <typename Visit> void visitMade(const VxNode *node, Visit visit)
     });
 }
 
+inline bool hasMade(const VxNode *node)
+{
+    bool found = false;
+    visitMade(node, [&found](const VxProperty *) { found = true; });
+    return found;
+}
+
 } // namespace NodeProperties
 
 #endif
