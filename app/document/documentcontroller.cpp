@@ -1,8 +1,6 @@
 #include "document/documentcontroller.h"
 
 #include "document/loadprogress.h"
-#include "io/gltf/vxgltfexport.h"
-#include "io/vxbvhexport.h"
 #include "widgets/usermessages.h"
 
 #include <QFileInfo>
@@ -173,7 +171,7 @@ bool DocumentController::importMotion(const QString &fileName, const VxMotionBui
     return true;
 }
 
-bool DocumentController::exportMotion(const VxSkeleton *figure, const QString &fileName)
+bool DocumentController::exportMotion(const VxMotionExportOptions &options, const QString &fileName)
 {
     if (m_isBusy)
         return false;
@@ -182,31 +180,10 @@ bool DocumentController::exportMotion(const VxSkeleton *figure, const QString &f
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Exporting %1...").arg(nameOf(fileName)));
     QString summary;
-    if (!writeMotion(figure, fileName, progress.function(), &summary, &error))
+    if (!vxExportMotion(m_scene, options, fileName, progress.function(), &summary, &error))
         return report(error, tr("The export was cancelled."));
     m_messages->showStatus(tr("Exported %1. %2").arg(nameOf(fileName), summary));
     return true;
-}
-
-/** In the form that the file's suffix says: glTF, else BVH. */
-bool DocumentController::writeMotion(const VxSkeleton *figure, const QString &fileName,
-                                     const VxFileProgress &progress, QString *summary,
-                                     VxFileError *error) const
-{
-    const QString suffix = QFileInfo(fileName).suffix().toLower();
-    if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf")) {
-        VxGltfExport out(m_scene, m_scene->getAnimRange());
-        out.setRoot(figure);
-        out.setProgress(progress);
-        const bool done = out.exportFile(fileName, error);
-        *summary = out.getSummary();
-        return done;
-    }
-    VxBvhExport out(figure, m_scene->getAnimRange(), m_scene->getTimeStep());
-    out.setProgress(progress);
-    const bool done = out.exportFile(fileName, error);
-    *summary = out.getSummary();
-    return done;
 }
 
 /** Always false, for those who failed. */

@@ -2,6 +2,7 @@
 #define DOCUMENTCONTROLLER_H
 
 #include "document/filestamp.h"
+#include "io/motion/vxmotionexport.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxfileformats.h"
 
@@ -11,7 +12,6 @@
 
 class UserMessages;
 class VxScene;
-class VxSkeleton;
 class VxUndoStack;
 
 /// The open document: which file the scene came from, how it is replaced by another and written
@@ -54,9 +54,8 @@ public:
     /// cancelled; the scene is as it was then.
     bool importMotion(const QString &fileName, const VxMotionBuildOptions &options = {},
                       const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
-    /// Writes the motion of a figure, over the animation range, as BVH or, by the file's suffix, as
-    /// glTF. False when nothing was written.
-    bool exportMotion(const VxSkeleton *figure, const QString &fileName);
+    /// Writes motion in the format of the file's suffix. False when nothing was written.
+    bool exportMotion(const VxMotionExportOptions &options, const QString &fileName);
 
     /// Absolute path; empty for a new scene.
     QString fileName() const { return m_fileName; }
@@ -72,6 +71,7 @@ public:
     QString lastError() const { return m_lastError; }
 
     const VxFileFormats &formats() const { return m_formats; }
+    VxScene *scene() const { return m_scene; }
 
     /// True when the document has a file that it can be written back into.
     bool hasWritableFile() const;
@@ -89,8 +89,6 @@ private:
     bool readMotion(const QString &fileName, const VxMotionBuildOptions &options,
                     const VxImportChoices &choices, const VxFileProgress &progress,
                     QString *summary, VxFileError *error);
-    bool writeMotion(const VxSkeleton *figure, const QString &fileName,
-                     const VxFileProgress &progress, QString *summary, VxFileError *error) const;
     bool report(const VxFileError &error, const QString &cancelled);
 
     VxScene *const m_scene;

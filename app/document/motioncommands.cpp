@@ -1,15 +1,15 @@
 #include "document/motioncommands.h"
 
 #include "document/documentcontroller.h"
-#include "document/figurechoice.h"
+#include "document/exportdialog.h"
 #include "document/importdialog.h"
 #include "document/savefiledialog.h"
 #include "widgets/usermessages.h"
 
 #include <QFileDialog>
-#include <QInputDialog>
 #include <vxcore/vxmainwindow.h>
-#include <vxcore/vxskeleton.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
 
 MotionCommands::MotionCommands(DocumentController *document, const UserMessages *messages,
                                VxScene *scene, QObject *parent)
@@ -52,30 +52,24 @@ void MotionCommands::showReport() const
 
 bool MotionCommands::exportWithDialog(const QString &folder)
 {
-    const VxSkeleton *figure = chooseFigure();
-    if (!figure)
+    if (m_scene->getNumNodes() == 0) {
+        m_messages->showError(tr("Nothing to export: the scene is empty."));
         return false;
-    SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
-    dialog.setStart(folder, figure->getLabel());
-    dialog.setKind(QStringLiteral("bvh"), {tr("Motion files (*.bvh *.glb *.gltf)")});
-    dialog.setOtherSuffixes({QStringLiteral("glb"), QStringLiteral("gltf")});
-    const QString file = dialog.ask();
-    return !file.isEmpty() && m_document->exportMotion(figure, file);
-}
-
-/** Null when there is none, or the user chose none. */
-VxSkeleton *MotionCommands::chooseFigure() const
-{
-    if (VxSkeleton *figure = FigureChoice::meant(*m_scene))
-        return figure;
-    const QVector<VxSkeleton *> figures = FigureChoice::figures(*m_scene);
-    if (figures.isEmpty()) {
-        m_messages->showError(tr("Nothing to export: the scene has no figure with a skeleton."));
-        return nullptr;
     }
-    const QStringList names = FigureChoice::names(figures);
-    bool chosen = false;
-    const QString name = QInputDialog::getItem(m_messages->window(), tr("Export Motion"),
-                                               tr("Figure to export:"), names, 0, false, &chosen);
-    return chosen ? figures.value(names.indexOf(name)) : nullptr;
+    ExportDialog choices(*m_scene, m_messages->window());
+    if (choices.exec() != QDialog::Accepted)
+        return false;
+    const VxMotionExportOptions options = choices.options();
+    QStringList suffixes = vxExportSuffixes();
+    SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
+    dialog.setStart(folder, options.root ? options.root->getLabel() : tr("Scene"));
+    // A scene of more than one figure does not fit into the first of them.
+    if (!options.root)
+        suffixes.move(0, suffixes.size() - 1);
+    dialog.setKind(
+        suffixes.constFirst(),
+        {tr("Motion files (%1)").arg(QStringLiteral("*.") + suffixes.join(QStringLiteral(" *.")))});
+    dialog.setOtherSuffixes(suffixes);
+    const QString file = dialog.ask();
+    return !file.isEmpty() && m_document->exportMotion(options, file);
 }

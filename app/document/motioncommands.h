@@ -6,7 +6,6 @@
 class DocumentController;
 class UserMessages;
 class VxScene;
-class VxSkeleton;
 
 /// Import and export of motion as the File menu offers them: asks for what is not known and hands
 /// the work to the document.
@@ -24,13 +23,10 @@ public:
     void importFile(const QString &fileName);
     /// Shows what was found in the motion file that was opened or imported last.
     void showReport() const;
-    /// Asks for a file, and for the figure where neither the selection nor their number tells
-    /// which one is meant. False when nothing was written.
+    /// Asks what is exported and for a file. False when nothing was written.
     bool exportWithDialog(const QString &folder);
 
 private:
-    VxSkeleton *chooseFigure() const;
-
     DocumentController *const m_document;
     const UserMessages *const m_messages;
     VxScene *const m_scene;

@@ -5,7 +5,7 @@
 // REQUEST is a JSON object with the build options and the limits. The answer on standard output is
 // described in vximportprotocol.h.
 
-#include "io/motion/vxforeignreader.h"
+#include "import/foreignreader.h"
 #include "io/motion/vxmotionbuilder.h"
 #include "io/vxscenewriter.h"
 #include "io/worker/vximportlimits.h"
@@ -50,6 +50,7 @@ int sendError(const VxFileError &error)
     send(VxImportProtocol::message(VxImportProtocol::Error,
                                    QJsonObject{{QStringLiteral("message"), error.message},
                                                {QStringLiteral("line"), double(error.line)},
+                                               {QStringLiteral("column"), double(error.column)},
                                                {QStringLiteral("offset"), double(error.offset)}}));
     return 1;
 }
@@ -60,7 +61,7 @@ int import(const QString &fileName, const QJsonObject &request)
     const VxFileProgress progress = [&sender](int percent) { return sender(percent); };
     VxFileError error;
     VxImportedMotion motion;
-    if (!vxReadForeignMotion(fileName, partOfProgress(progress, 0, 40), &motion, &error))
+    if (!readForeignMotion(fileName, partOfProgress(progress, 0, 40), &motion, &error))
         return sendError(error);
     VxSceneContents contents;
     VxImportReport report;

@@ -11,6 +11,8 @@ QString VxFileError::text() const
     };
     if (line >= 0)
         append(QCoreApplication::translate(context, "line %1").arg(line));
+    if (column >= 0)
+        append(QCoreApplication::translate(context, "column %1").arg(column));
     if (offset >= 0)
         append(QCoreApplication::translate(context, "byte %1").arg(offset));
     return place.isEmpty() ? message : place + QStringLiteral(": ") + message;

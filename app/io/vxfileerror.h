@@ -13,6 +13,7 @@ struct VxFileError
 {
     QString file;           ///< the file as the user knows it; may be empty for data in memory
     qint64 line = -1;       ///< 1-based line of a text file, -1 where no line applies
+    qint64 column = -1;     ///< 1-based column of a table's cell, -1 where no column applies
     qint64 offset = -1;     ///< byte offset in a binary file, -1 where no offset applies
     QString message;        ///< one sentence, translated
     bool cancelled = false; ///< the progress callback asked to stop; nothing is wrong

@@ -7,6 +7,7 @@
 #include <QScriptEngine>
 #include <QScriptValue>
 #include <QScriptValueIterator>
+#include <vxcore/vxscene.h>
 #include <vxcore/vxscriptengine.h>
 
 namespace {
@@ -96,6 +97,47 @@ QScriptValue importFile(QScriptContext *context, QScriptEngine *engine)
     return parse.call(QScriptValue(), QScriptValueList{QScriptValue(QString::fromUtf8(json))});
 }
 
+/** Fills the options; an error text otherwise. */
+QString readExport(const QScriptValue &options, const VxScene *scene, VxMotionExportOptions *out)
+{
+    if (options.isUndefined() || options.isNull())
+        return {};
+    if (!options.isObject())
+        return tr("argument 2 must be an object with options");
+    QScriptValueIterator members(options);
+    while (members.hasNext()) {
+        members.next();
+        const QString name = members.name();
+        if (name == QLatin1String("node")) {
+            out->root = scene->findNode(members.value().toString());
+            if (!out->root)
+                return tr("there is no node \"%1\"").arg(members.value().toString());
+        } else if (name == QLatin1String("playRange")) {
+            out->playRangeOnly = members.value().toBool();
+        } else if (name == QLatin1String("rowPerFrame")) {
+            out->hasRowPerFrame = members.value().toBool();
+        } else {
+            return tr("there is no option \"%1\"").arg(name);
+        }
+    }
+    return {};
+}
+
+QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
+{
+    const QString file = context->argument(0).toString();
+    if (!context->argument(0).isString() || file.isEmpty())
+        return fail(context, "exportFile()", tr("argument 1 must be the name of a file"));
+    DocumentController *document = documentOf(context);
+    VxMotionExportOptions options;
+    const QString error = readExport(context->argument(1), document->scene(), &options);
+    if (!error.isEmpty())
+        return fail(context, "exportFile()", error);
+    if (!document->exportMotion(options, file))
+        return fail(context, "exportFile()", document->lastError());
+    return true;
+}
+
 void add(QScriptEngine *engine, const char *object, const char *name,
          QScriptEngine::FunctionSignature function, DocumentController *document)
 {
@@ -112,4 +154,5 @@ void addFileFunctions(VxScriptEngine *engine, DocumentController *document)
 {
     add(engine->engine(), "App", "open", open, document);
     add(engine->engine(), "Scene", "importFile", importFile, document);
+    add(engine->engine(), "Scene", "exportFile", exportFile, document);
 }

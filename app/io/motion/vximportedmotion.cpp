@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
 #include <tuple>
 
@@ -13,14 +14,20 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxImportedMotion", text);
 }
 
+/// A scene holds numbers in single precision: what is beyond would become infinite there.
+bool isFinite(double number)
+{
+    return std::abs(number) <= double(std::numeric_limits<float>::max());
+}
+
 bool isFinite(const std::vector<double> &numbers)
 {
-    return std::all_of(numbers.begin(), numbers.end(), [](double n) { return std::isfinite(n); });
+    return std::all_of(numbers.begin(), numbers.end(), [](double n) { return isFinite(n); });
 }
 
 template <std::size_t N> bool isFinite(const std::array<double, N> &numbers)
 {
-    return std::all_of(numbers.begin(), numbers.end(), [](double n) { return std::isfinite(n); });
+    return std::all_of(numbers.begin(), numbers.end(), [](double n) { return isFinite(n); });
 }
 
 bool areAscending(const std::vector<double> &times)
@@ -71,7 +78,7 @@ bool isTrackValid(const VxMotionRotationTrack &track)
 
 bool isNodeValid(const VxMotionNode &node, std::size_t index)
 {
-    const auto isPlain = [](const VxMotionValue &value) { return std::isfinite(value.value); };
+    const auto isPlain = [](const VxMotionValue &value) { return isFinite(value.value); };
     return node.parent >= -1 && node.parent < int(index) && isFinite(node.translation) &&
            isFinite(node.rotation) && isFinite(node.scale) && isUnit(node.orientation) &&
            isFinite(node.endPoint) &&

@@ -39,6 +39,7 @@ public:
                VxFileError *error);
 
 private:
+    bool checkDepth(VxFileError *error) const;
     bool chooseClips(VxFileError *error);
     bool checkTimes(VxFileError *error) const;
     void setRate();
@@ -51,6 +52,22 @@ private:
     std::vector<const VxMotionClip *> m_clips; // those that are imported
     std::vector<VxMotionTiming::Slot> m_slots; // one a clip
 };
+
+/** The nodes that were added count, too. */
+bool Builder::checkDepth(VxFileError *error) const
+{
+    std::vector<int> depths;
+    depths.reserve(m_motion.nodes.size());
+    for (const VxMotionNode &node : m_motion.nodes) {
+        depths.push_back(node.parent < 0 ? 1 : depths[std::size_t(node.parent)] + 1);
+        if (depths.back() > VxNode::MaxDepth)
+            return fail(error, tr("The node \"%1\" is on a level beyond %2, which a scene does not "
+                                  "allow.")
+                                   .arg(node.name)
+                                   .arg(VxNode::MaxDepth));
+    }
+    return true;
+}
 
 bool Builder::chooseClips(VxFileError *error)
 {
@@ -157,7 +174,7 @@ bool Builder::build(const VxFileProgress &progress, VxSceneContents *contents,
     if (m_motion.nodes.empty())
         return fail(error, tr("The file has no nodes."));
     m_report.isTurned = vxArrangeHierarchy(m_options.figureName, &m_motion);
-    if (!chooseClips(error) || !checkTimes(error))
+    if (!checkDepth(error) || !chooseClips(error) || !checkTimes(error))
         return false;
     setRate();
     m_slots = VxMotionTiming::slots(m_clips, m_report.step, m_options.startsAtZero);

@@ -27,8 +27,11 @@ VxFileFormat format(const char *name, const QStringList &suffixes)
 
 QVector<VxFileFormat> vxMotionFormats()
 {
-    return {format(QT_TRANSLATE_NOOP("VxFileFormats", "BVH motion"), {QStringLiteral("bvh")}),
-            format(QT_TRANSLATE_NOOP("VxFileFormats", "glTF"),
-                   {QStringLiteral("glb"), QStringLiteral("gltf")}),
-            format(QT_TRANSLATE_NOOP("VxFileFormats", "FBX"), {QStringLiteral("fbx")})};
+    return {
+        format(QT_TRANSLATE_NOOP("VxFileFormats", "BVH motion"), {QStringLiteral("bvh")}),
+        format(QT_TRANSLATE_NOOP("VxFileFormats", "glTF"),
+               {QStringLiteral("glb"), QStringLiteral("gltf")}),
+        format(QT_TRANSLATE_NOOP("VxFileFormats", "FBX"), {QStringLiteral("fbx")}),
+        format(QT_TRANSLATE_NOOP("VxFileFormats", "COLLADA"), {QStringLiteral("dae")}),
+        format(QT_TRANSLATE_NOOP("VxFileFormats", "CSV table of motion"), {QStringLiteral("csv")})};
 }

@@ -1,6 +1,5 @@
 #include "io/motion/vxmotionimport.h"
 
-#include "io/motion/vxforeignreader.h"
 #include "io/motion/vxmotionentry.h"
 #include "io/vxbvhfigure.h"
 #include "io/vxbvhreader.h"
@@ -218,5 +217,5 @@ QString VxMotionImport::getSummary() const
 
 QStringList VxMotionImport::suffixes()
 {
-    return QStringList{QStringLiteral("bvh")} + vxForeignSuffixes();
+    return QStringList{QStringLiteral("bvh")} + VxImportWorker::suffixes();
 }

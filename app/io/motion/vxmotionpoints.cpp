@@ -145,11 +145,13 @@ VxFittedKeys vxKeysOf(const VxMotionPoints &points, double tolerance)
 
 VxFittedKeys vxTcbKeysOf(const VxMotionCurve &curve, double offset)
 {
-    const auto isTcb = [](const VxMotionShape &shape) {
-        return shape.segment == VxMotionSegment::Tcb;
+    const auto hasSegment = [&curve](VxMotionSegment segment) {
+        return std::any_of(
+            curve.shapes.begin(), curve.shapes.end(),
+            [segment](const VxMotionShape &shape) { return shape.segment == segment; });
     };
     VxFittedKeys keys;
-    if (curve.shapes.empty() || !std::all_of(curve.shapes.begin(), curve.shapes.end(), isTcb))
+    if (!hasSegment(VxMotionSegment::Tcb) || hasSegment(VxMotionSegment::Cubic))
         return keys;
     for (std::size_t i = 0; i < curve.times.size(); ++i) {
         const VxTime time = VxMotionTiming::ticks(curve.times[i] + offset);
@@ -157,7 +159,7 @@ VxFittedKeys vxTcbKeysOf(const VxMotionCurve &curve, double offset)
             return {};
         keys.times.push_back(time);
         keys.values.push_back(float(curve.values[i]));
-        keys.types.push_back(VxKeyInterp::Tcb);
+        keys.types.push_back(keyType(curve.shapes[i].segment));
         keys.tcb.push_back(curve.shapes[i].tcb);
     }
     return keys;

@@ -34,7 +34,7 @@ bool vxAppendRotation(const VxMotionRotationTrack &track, double offset, VxRotat
 /// tolerance: in the value's unit.
 VxFittedKeys vxKeysOf(const VxMotionPoints &points, double tolerance);
 
-/// The keys of a curve whose every segment is TCB, as it has them; empty for any other.
+/// The keys of a curve with TCB and without cubic segments, as it has them; empty for any other.
 VxFittedKeys vxTcbKeysOf(const VxMotionCurve &curve, double offset);
 
 #endif

@@ -102,6 +102,7 @@ bool Run::failFromJson(const QByteArray &json, VxFileError *error) const
     if (error->message.isEmpty())
         error->message = tr("The importer could not read the file.");
     error->line = qint64(object.value(QStringLiteral("line")).toDouble(-1));
+    error->column = qint64(object.value(QStringLiteral("column")).toDouble(-1));
     error->offset = qint64(object.value(QStringLiteral("offset")).toDouble(-1));
     return false;
 }
@@ -187,6 +188,12 @@ bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImpo
 VxImportWorker::VxImportWorker()
     : m_program(defaultProgram())
 {
+}
+
+QStringList VxImportWorker::suffixes()
+{
+    return {QStringLiteral("glb"), QStringLiteral("gltf"), QStringLiteral("fbx"),
+            QStringLiteral("dae"), QStringLiteral("csv")};
 }
 
 QString VxImportWorker::defaultProgram()

@@ -3,6 +3,8 @@
 
 #include "io/motion/vxmotionbuilder.h"
 
+#include <QStringList>
+
 /// Reads motion files of foreign formats in a process of its own, `vxstudio-import`.
 ///
 /// That process cannot write files, and its memory and processor time are limited, so that a file
@@ -30,6 +32,9 @@ public:
     bool run(const QString &fileName, const VxMotionBuildOptions &options,
              const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
              VxFileError *error) const;
+
+    /// The suffixes of the formats that it reads, lower case, without a dot.
+    static QStringList suffixes();
 
     /// Where the importer program is: beside this program, or in the folder bin of the build or the
     /// installation that this program belongs to.

@@ -1,6 +1,7 @@
 // Motion in and out of a scene, by menu, dialog and drop.
 
 #include "dialoganswers.h"
+#include "document/exportdialog.h"
 #include "document/figurechoice.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhimport.h"
@@ -10,7 +11,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QInputDialog>
 #include <QMimeData>
 #include <QProgressDialog>
 #include <QStatusBar>
@@ -49,7 +49,9 @@ private Q_SLOTS:
     void exportOfASelectedFigure();
     void exportAsksWhichFigure_data();
     void exportAsksWhichFigure();
-    void exportWithoutFigure();
+    void exportOfAnEmptyScene();
+    void exportOfPartsByTheWindow_data();
+    void exportOfPartsByTheWindow();
     void exportFailuresAreTold_data();
     void exportFailuresAreTold();
     void exportCanBeCancelled();
@@ -73,6 +75,20 @@ private:
     {
         const DialogAnswer<QFileDialog> answer(typeName(file));
         entry("File", "Import Motion...")->trigger();
+        QVERIFY(answer.met());
+    }
+    void exportByMenu(
+        const std::function<bool(QFileDialog *)> &where,
+        const std::function<void(ExportDialog *)> &choose = [](ExportDialog *) {}) const
+    {
+        const DialogAnswer<ExportDialog> what([&](ExportDialog *dialog) {
+            choose(dialog);
+            dialog->accept();
+            return true;
+        });
+        const DialogAnswer<QFileDialog> answer(where);
+        entry("File", "Export Motion...")->trigger();
+        QVERIFY(what.met());
         QVERIFY(answer.met());
     }
     bool drop(const QString &file) const;
@@ -121,9 +137,7 @@ void tst_MotionCommands::exportedMotionComesBack()
     openSample();
     const QString file = folder->filePath("out.bvh");
     {
-        const DialogAnswer<QFileDialog> answer(typeName(file));
-        entry("File", "Export Motion...")->trigger();
-        QVERIFY(answer.met());
+        exportByMenu(typeName(file));
     }
     QVERIFY(QFile::exists(file));
     QVERIFY2(window()->statusBar()->currentMessage().contains("Exported out.bvh."),
@@ -153,9 +167,7 @@ void tst_MotionCommands::exportBySuffix()
     openSample();
     const QString file = folder->filePath("out.glb");
     {
-        const DialogAnswer<QFileDialog> answer(typeName(file));
-        entry("File", "Export Motion...")->trigger();
-        QVERIFY(answer.met());
+        exportByMenu(typeName(file));
     }
     const VxSkeleton *figure = FigureChoice::meant(*vxScene);
     VxScene other;
@@ -182,13 +194,11 @@ void tst_MotionCommands::exportOfASelectedFigure()
     builder.addSkeleton("one", 2);
     builder.addSkeleton("two", 5)->getAllBones().at(3)->select();
     const QString file = folder->filePath("two.bvh");
-    const DialogAnswer<QFileDialog> answer([&](QFileDialog *dialog) {
+    exportByMenu([&](QFileDialog *dialog) {
         // The figure's name is what is offered.
         const QString offered = dialog->findChild<QLineEdit *>("fileNameEdit")->text();
         return offered == "two.bvh" && typeName(file)(dialog);
     });
-    entry("File", "Export Motion...")->trigger();
-    QVERIFY(answer.met());
     VxScene other;
     VxBvhImport import(&other);
     VxFileError error;
@@ -210,13 +220,13 @@ void tst_MotionCommands::exportAsksWhichFigure()
     builder.addSkeleton("walk", 2);
     builder.addSkeleton("walk", 4);
     const QString file = folder->filePath("second.bvh");
-    const DialogAnswer<QInputDialog> which([answers](QInputDialog *dialog) {
-        auto *box = dialog->findChild<QComboBox *>();
-        if (box->count() != 2 || !answers) {
+    const DialogAnswer<ExportDialog> which([answers](ExportDialog *dialog) {
+        auto *box = dialog->findChild<QComboBox *>("exportWhat");
+        if (box->count() != 3 || box->currentIndex() != 0 || !answers) {
             dialog->reject();
             return true;
         }
-        box->setCurrentIndex(1);
+        box->setCurrentIndex(2);
         dialog->accept();
         return true;
     });
@@ -234,14 +244,56 @@ void tst_MotionCommands::exportAsksWhichFigure()
     QCOMPARE(import.getSkeleton()->getAllBones().size(), 4);
 }
 
-void tst_MotionCommands::exportWithoutFigure()
+void tst_MotionCommands::exportOfAnEmptyScene()
 {
-    VxSceneBuilder(vxScene).addNode("light");
     QString text;
     const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
     entry("File", "Export Motion...")->trigger();
     QVERIFY(answer.met());
-    QVERIFY2(text.contains("no figure"), qPrintable(text));
+    QVERIFY2(text.contains("the scene is empty"), qPrintable(text));
+}
+
+void tst_MotionCommands::exportOfPartsByTheWindow_data()
+{
+    QTest::addColumn<int>("what");
+    QTest::addColumn<int>("range");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("nodes");
+    QTest::addColumn<int>("frames");
+    QTest::newRow("the whole scene, the animation range") << 0 << 0 << 1 << 4 << 31;
+    QTest::newRow("a figure, the play range") << 1 << 1 << 1 << 3 << 11;
+    QTest::newRow("a figure, one row a key") << 1 << 0 << 0 << 3 << 2;
+}
+
+void tst_MotionCommands::exportOfPartsByTheWindow()
+{
+    QFETCH(int, what);
+    QFETCH(int, range);
+    QFETCH(int, rows);
+    QFETCH(int, nodes);
+    QFETCH(int, frames);
+    VxSceneBuilder builder(vxScene);
+    VxFloatProperty *turn = builder.addSkeleton("walk", 2)->getAllBones().at(1)->getXRotControl();
+    turn->setKey(0, 0, VxKeyInterp::Linear);
+    turn->setKey(4800, 90, VxKeyInterp::Linear);
+    builder.addNode("light")->getXPosControl()->setStoredValue(1);
+    vxScene->setAnimRange({0, 4800});
+    vxScene->setPlayRange({1600, 3200});
+    const QString file = folder->filePath("part.csv");
+    exportByMenu(typeName(file), [=](ExportDialog *dialog) {
+        dialog->findChild<QComboBox *>("exportWhat")->setCurrentIndex(what);
+        dialog->findChild<QComboBox *>("exportRange")->setCurrentIndex(range);
+        dialog->findChild<QComboBox *>("exportRows")->setCurrentIndex(rows);
+    });
+    QVERIFY(window()->document()->open(file));
+    QCOMPARE(vxScene->getNumNodes(), nodes);
+    const VxNode *turned = nullptr;
+    for (const VxNode *node : vxScene->getNodes())
+        turned = node->getXRotControl()->getNumKeys() > 0 ? node : turned;
+    QVERIFY(turned);
+    QCOMPARE(turned->getXRotControl()->getNumKeys(), frames);
+    QCOMPARE(turned->getXRotControl()->getValue(1600), 30.0f);
+    QCOMPARE(vxScene->getAnimRange().getEnd(), range == 1 ? 3200 : 4800);
 }
 
 void tst_MotionCommands::exportFailuresAreTold_data()
@@ -251,6 +303,7 @@ void tst_MotionCommands::exportFailuresAreTold_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("a place that takes nothing") << "/proc/out.bvh" << 2 << "cannot be written";
     QTest::newRow("a figure without bones") << "out.bvh" << 0 << "no bones";
+    QTest::newRow("an unknown suffix") << "out.xyz" << 2 << "Supported: *.bvh, *.glb";
 }
 
 void tst_MotionCommands::exportFailuresAreTold()
@@ -265,7 +318,7 @@ void tst_MotionCommands::exportFailuresAreTold()
     const QString name = QDir(folder->path()).absoluteFilePath(file);
     QString text;
     const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
-    QVERIFY(!window()->document()->exportMotion(FigureChoice::meant(*vxScene), name));
+    QVERIFY(!window()->document()->exportMotion({FigureChoice::meant(*vxScene)}, name));
     QVERIFY(answer.met());
     QVERIFY2(text.startsWith(name) && text.contains(reason), qPrintable(text));
 }
@@ -283,7 +336,7 @@ void tst_MotionCommands::exportCanBeCancelled()
         dialog->findChild<QPushButton *>()->click();
         return true;
     });
-    QVERIFY(!window()->document()->exportMotion(figure, name));
+    QVERIFY(!window()->document()->exportMotion({figure}, name));
     QVERIFY(answer.met());
     QFile file(name);
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -297,9 +350,7 @@ void tst_MotionCommands::namesWithDotsGetTheSuffix()
     const QString typed = folder->filePath("take 1.5");
     for (const bool replace : {false, true}) {
         if (!replace) {
-            const DialogAnswer<QFileDialog> answer(typeName(typed));
-            entry("File", "Export Motion...")->trigger();
-            QVERIFY(answer.met());
+            exportByMenu(typeName(typed));
             QVERIFY(QFile::exists(typed + ".bvh"));
             QVERIFY(!QFile::exists(typed));
         } else {
@@ -307,8 +358,7 @@ void tst_MotionCommands::namesWithDotsGetTheSuffix()
             write("take 1.5.bvh", "former");
             QString text;
             const DialogAnswer<QMessageBox> question(readAndPress(&text, QMessageBox::Yes));
-            const DialogAnswer<QFileDialog> answer(typeName(typed));
-            entry("File", "Export Motion...")->trigger();
+            exportByMenu(typeName(typed));
             QVERIFY2(text.contains("take 1.5.bvh already exists"), qPrintable(text));
             QVERIFY(QFileInfo(typed + ".bvh").size() > 1000);
         }

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void reportIsPrinted();
     void oneAnimationIsOpened();
     void scriptsOpenAndImport();
+    void scriptsExport();
     void scriptErrorsSayWhy_data();
     void scriptErrorsSayWhy();
     void brokenFileEndsTheRun();
@@ -106,6 +107,28 @@ void tst_MotionFiles::scriptsOpenAndImport()
     QCOMPARE(m_output.trimmed(), QStringLiteral("1 6 2 2\n1\ntrue 1"));
 }
 
+void tst_MotionFiles::scriptsExport()
+{
+    const QString script =
+        write("s.js", "var folder = arguments[1];\n"
+                      "App.open(arguments[0], {animation: 2});\n"
+                      "var ball = Scene.findNode('ball');\n"
+                      "Scene.addBone('other');\n"
+                      "for (var i = 0; i < 2; ++i) {\n"
+                      "    Scene.exportFile(folder + '/out.csv', i ? {node: 'ball',"
+                      " rowPerFrame: true} : {});\n"
+                      "    var report = Scene.importFile(folder + '/out.csv');\n"
+                      "    print(report.format, report.nodes, report.channels);\n"
+                      "    Undo.undo();\n"
+                      "}\n"
+                      "print(Scene.exportFile(folder + '/out.glb', {}));\n");
+    QVERIFY2(run({"--script", script, "--", m_file, m_dir->path()}), qPrintable(m_errors));
+    QVERIFY2(m_output.trimmed().startsWith("CSV, one row a key 3 "), qPrintable(m_output));
+    QVERIFY2(m_output.contains("\nCSV, one row a frame 1 "), qPrintable(m_output));
+    QVERIFY2(m_output.trimmed().endsWith("\ntrue"), qPrintable(m_output));
+    QVERIFY(QFile::exists(m_dir->filePath("out.glb")));
+}
+
 void tst_MotionFiles::scriptErrorsSayWhy_data()
 {
     QTest::addColumn<QByteArray>("call");
@@ -116,6 +139,14 @@ void tst_MotionFiles::scriptErrorsSayWhy_data()
     QTest::newRow("a missing file") << QByteArray("App.open('/none/a.glb')") << "cannot be read";
     QTest::newRow("a missing animation")
         << QByteArray("App.open(arguments[0], {animation: 'swim'})") << "swim";
+    QTest::newRow("an export without a name")
+        << QByteArray("Scene.exportFile()") << "name of a file";
+    QTest::newRow("an export of no node")
+        << QByteArray("Scene.exportFile('/tmp/a.csv', {node: 'swim'})") << "no node \"swim\"";
+    QTest::newRow("an export with an unknown option")
+        << QByteArray("Scene.exportFile('/tmp/a.csv', {speed: 2})") << "speed";
+    QTest::newRow("an export of an unknown kind")
+        << QByteArray("Scene.exportFile('/tmp/a.xyz')") << "Supported: *.bvh";
 }
 
 void tst_MotionFiles::scriptErrorsSayWhy()

@@ -1,5 +1,7 @@
-#include "io/motion/vxforeignreader.h"
+#include "import/foreignreader.h"
 
+#include "import/colladareader.h"
+#include "io/csv/vxcsvreader.h"
 #include "io/fbx/vxfbxreader.h"
 #include "io/gltf/vxgltfreader.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 QString tr(const char *text)
 {
-    return QCoreApplication::translate("VxForeignReader", text);
+    return QCoreApplication::translate("ForeignReader", text);
 }
 
 bool fail(VxFileError *error, const QString &message)
@@ -41,8 +43,8 @@ bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
 
 } // namespace
 
-bool vxReadForeignMotion(const QString &fileName, const VxFileProgress &progress,
-                         VxImportedMotion *motion, VxFileError *error)
+bool readForeignMotion(const QString &fileName, const VxFileProgress &progress,
+                       VxImportedMotion *motion, VxFileError *error)
 {
     const QFileInfo info(fileName);
     const QString suffix = info.suffix().toLower();
@@ -53,14 +55,13 @@ bool vxReadForeignMotion(const QString &fileName, const VxFileProgress &progress
             done = vxReadGltf(bytes, info.absolutePath(), progress, motion, error);
         else if (suffix == QLatin1String("fbx"))
             done = vxReadFbx(bytes, progress, motion, error);
+        else if (suffix == QLatin1String("csv"))
+            done = vxReadCsv(bytes, progress, motion, error);
+        else if (suffix == QLatin1String("dae"))
+            done = readCollada(bytes, motion, error);
         else
             done = fail(error, tr("Unsupported file type."));
     }
     error->file = fileName;
     return done;
-}
-
-QStringList vxForeignSuffixes()
-{
-    return {QStringLiteral("glb"), QStringLiteral("gltf"), QStringLiteral("fbx")};
 }

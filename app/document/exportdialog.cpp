@@ -1,0 +1,63 @@
+#include "document/exportdialog.h"
+
+#include "document/figurechoice.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QPushButton>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+QString rangeText(const QString &name, const VxTimeRange &range, VxTime step)
+{
+    const auto frame = [step](VxTime time) { return QString::number(double(time) / step, 'g', 6); };
+    return ExportDialog::tr("%1 (frames %2 to %3)")
+        .arg(name, frame(range.getStart()), frame(range.getEnd()));
+}
+
+} // namespace
+
+ExportDialog::ExportDialog(const VxScene &scene, QWidget *parent)
+    : QDialog(parent)
+    , m_figures(FigureChoice::figures(scene))
+{
+    setWindowTitle(tr("Export Motion"));
+    const VxTime step = scene.getTimeStep();
+    m_what = makeBox(QStringLiteral("exportWhat"),
+                     QStringList{tr("Whole scene")} + FigureChoice::names(m_figures));
+    m_what->setCurrentIndex(m_figures.indexOf(FigureChoice::meant(scene)) + 1);
+    m_range = makeBox(QStringLiteral("exportRange"),
+                      {rangeText(tr("Animation range"), scene.getAnimRange(), step),
+                       rangeText(tr("Play range"), scene.getPlayRange(), step)});
+    m_rows =
+        makeBox(QStringLiteral("exportRows"), {tr("One row per key"), tr("One row per frame")});
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("Choose File..."));
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto *layout = new QFormLayout(this);
+    layout->addRow(tr("Export:"), m_what);
+    layout->addRow(tr("Range:"), m_range);
+    layout->addRow(tr("CSV files:"), m_rows);
+    layout->addRow(buttons);
+}
+
+QComboBox *ExportDialog::makeBox(const QString &name, const QStringList &items)
+{
+    auto *box = new QComboBox(this);
+    box->setObjectName(name);
+    box->addItems(items);
+    return box;
+}
+
+VxMotionExportOptions ExportDialog::options() const
+{
+    VxMotionExportOptions options;
+    options.root = m_figures.value(m_what->currentIndex() - 1);
+    options.playRangeOnly = m_range->currentIndex() == 1;
+    options.hasRowPerFrame = m_rows->currentIndex() == 1;
+    return options;
+}

@@ -1,0 +1,33 @@
+#ifndef EXPORTDIALOG_H
+#define EXPORTDIALOG_H
+
+#include "io/motion/vxmotionexport.h"
+
+#include <QDialog>
+#include <QVector>
+
+class QComboBox;
+class VxSkeleton;
+
+/// Asks what of a scene is exported: the whole scene or one figure, which range, and the form of
+/// CSV files.
+class ExportDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    /// The scene must outlive the dialog. The figure of the primary selection is chosen to begin
+    /// with, else the only one there is.
+    ExportDialog(const VxScene &scene, QWidget *parent);
+
+    VxMotionExportOptions options() const;
+
+private:
+    QComboBox *makeBox(const QString &name, const QStringList &items);
+
+    const QVector<VxSkeleton *> m_figures;
+    QComboBox *m_what;
+    QComboBox *m_range;
+    QComboBox *m_rows;
+};
+
+#endif

@@ -1,0 +1,440 @@
+#include "io/csv/vxcsvexport.h"
+
+#include "io/csv/vxcsvnames.h"
+#include "io/vxsafefile.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <vxcore/vxbone.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+constexpr int PieceBytes = 1 << 16;
+/// Beyond it a file makes no sense any more: several GB of text.
+constexpr qint64 MaxValues = 200 * 1000 * 1000;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxCsvExport", text);
+}
+
+bool fail(VxFileError *error, const QString &message, bool cancelled = false)
+{
+    *error = VxFileError();
+    error->message = message;
+    error->cancelled = cancelled;
+    return false;
+}
+
+template <typename T> void appendNumber(QByteArray *out, T value)
+{
+    char text[64];
+    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value);
+    out->append(text, int(result.ptr - text));
+}
+
+void appendTime(QByteArray *out, VxTime time)
+{
+    appendNumber(out, double(time) / VxTicksPerSecond);
+}
+
+QByteArray cell(const QString &text)
+{
+    QByteArray bytes = text.toUtf8();
+    const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
+    // Blanks at the ends of a cell count only within quotation marks.
+    const bool isTrimmed = text == text.trimmed();
+    if (isTrimmed && std::none_of(bytes.begin(), bytes.end(), isSpecial))
+        return bytes;
+    bytes.replace('"', "\"\"");
+    return '"' + bytes + '"';
+}
+
+/// One node of the file, as cells.
+struct Row
+{
+    QByteArray name;
+    QByteArray parent;
+    QByteArray kind;
+    QByteArray order;
+};
+
+/// One property of a node: what a control shows plus a constant, or the constant alone.
+struct Column
+{
+    std::size_t row;
+    QByteArray property; ///< as a cell
+    const VxFloatProperty *control = nullptr;
+    float constant = 0.0f;
+
+    const VxFloatProperty *holder() const
+    {
+        return qobject_cast<const VxFloatProperty *>(control->getKeyHolder());
+    }
+    bool isSampled() const { return control && (control->isLinked() || holder()->isLinked()); }
+    bool isAnimated() const { return isSampled() || (control && holder()->getNumKeys() > 0); }
+    float at(VxTime time) const { return control ? control->getValue(time) + constant : constant; }
+};
+
+/// The nodes and columns of one file.
+class Table
+{
+public:
+    void addNodes(const VxScene *scene, const VxNode *root);
+    const std::vector<Row> &rows() const { return m_rows; }
+    const std::vector<Column> &columns() const { return m_columns; }
+
+private:
+    void addNode(const VxNode *node);
+    void addColumns(const VxNode *node);
+    void addMorphs(const VxNode *node);
+    void addFurther(const VxNode *node);
+    /// Left out when it never differs from what a reader takes for it.
+    void add(const QString &property, const VxFloatProperty *control, float constant, float usual);
+
+    std::vector<Row> m_rows;
+    std::vector<Column> m_columns;
+    QHash<const VxNode *, std::size_t> m_rowOf;
+    VxCsvNames::Numbering m_names;
+};
+
+void Table::addNodes(const VxScene *scene, const VxNode *root)
+{
+    const QVector<VxNode *> tops = scene->getRootNodes();
+    for (const VxNode *top : tops) {
+        if (root && top != tops.constFirst())
+            break;
+        const VxNode *first = root ? root : top;
+        QVector<VxNode *> below;
+        first->getNodeChildren(below, true);
+        addNode(first);
+        for (const VxNode *node : qAsConst(below))
+            addNode(node);
+    }
+}
+
+void Table::addNode(const VxNode *node)
+{
+    const QString name = node->getLabel();
+    const bool isFigure = qobject_cast<const VxSkeleton *>(node) != nullptr;
+    const bool isBone = qobject_cast<const VxBone *>(node) != nullptr;
+    Row row;
+    row.name = cell(VxCsvNames::escaped(name, m_names.next(name)));
+    const auto parent = m_rowOf.constFind(node->getNodeParent());
+    if (parent != m_rowOf.constEnd())
+        row.parent = m_rows[*parent].name;
+    row.kind = VxCsvNames::kindName(isFigure ? VxMotionNode::Skeleton
+                                    : isBone ? VxMotionNode::Bone
+                                             : VxMotionNode::Node)
+                   .toLatin1();
+    row.order = VxCsvNames::orderName(node->getRotationOrder()).toLatin1();
+    m_rowOf.insert(node, m_rows.size());
+    m_rows.push_back(row);
+    const std::size_t before = m_columns.size();
+    addColumns(node);
+    addMorphs(node);
+    addFurther(node);
+    // A table of frames has no other place for the node.
+    if (m_columns.size() == before)
+        m_columns.push_back(
+            {m_rows.size() - 1, VxCsvNames::nameOf(VxMotionTarget::XTranslate).toLatin1()});
+}
+
+void Table::add(const QString &property, const VxFloatProperty *control, float constant,
+                float usual)
+{
+    const Column column{m_rows.size() - 1, cell(property), control, constant};
+    if (column.isAnimated() || column.at(0) != usual)
+        m_columns.push_back(column);
+}
+
+void Table::addColumns(const VxNode *node)
+{
+    const VxFloatProperty *const controls[] = {
+        node->getXPosControl(),   node->getYPosControl(),   node->getZPosControl(),
+        node->getXRotControl(),   node->getYRotControl(),   node->getZRotControl(),
+        node->getScaleControl(),  node->getXScaleControl(), node->getYScaleControl(),
+        node->getZScaleControl(),
+    };
+    for (int i = 0; i < 10; ++i)
+        add(VxCsvNames::nameOf(VxMotionTarget(i)), controls[i], i < 3 ? node->getOrigin()[i] : 0.0f,
+            i < 6 ? 0.0f : 1.0f);
+    const QVector3D end = node->getEndPoint();
+    const bool isBone = qobject_cast<const VxBone *>(node) != nullptr;
+    for (int axis = 0; axis < 3 && (isBone || !end.isNull()); ++axis)
+        m_columns.push_back(
+            {m_rows.size() - 1, VxCsvNames::endName(axis).toLatin1(), nullptr, end[axis]});
+}
+
+void Table::addMorphs(const VxNode *node)
+{
+    const VxObject *object = node->getObject();
+    VxCsvNames::Numbering names;
+    for (int i = 0; object && i < object->getNumSubElements(); ++i) {
+        const auto *morph = qobject_cast<const VxMorph *>(object->getSubElement(i));
+        if (!morph)
+            continue;
+        const QString name = morph->getLabel();
+        m_columns.push_back({m_rows.size() - 1,
+                             cell(QLatin1String(VxCsvNames::MorphPrefix) +
+                                  VxCsvNames::escaped(name, names.next(name))),
+                             morph->getValueControl()});
+    }
+}
+
+/** Numbers that are no transform control. */
+void Table::addFurther(const VxNode *node)
+{
+    VxCsvNames::Numbering names;
+    const QVector<VxProperty *> properties = node->getMadeProperties();
+    for (const VxProperty *property : properties) {
+        const auto *number = qobject_cast<const VxFloatProperty *>(property);
+        if (!number || number->getAxis() != VxFloatProperty::NoAxis)
+            continue;
+        const QString name = number->getName();
+        m_columns.push_back({m_rows.size() - 1,
+                             cell(QLatin1String(VxCsvNames::PropertyPrefix) +
+                                  VxCsvNames::escaped(name, names.next(name))),
+                             number});
+    }
+}
+
+} // namespace
+
+class VxCsvExport::Private
+{
+public:
+    /// Takes the text in pieces and empties it; false ends the writing.
+    using Sink = std::function<bool(QByteArray *text)>;
+
+    bool write(const Sink &sink, VxFileError *error);
+    bool writeKeys(const Table &table, const Sink &sink);
+    void appendKeys(const Row &row, const Column &column, QByteArray *text);
+    void appendSamples(const QByteArray &head, const Column &column, QByteArray *text);
+    bool writeFrames(const Table &table, const Sink &sink);
+    std::vector<VxTime> frames() const;
+    bool goesOn(std::size_t done, std::size_t all) const
+    {
+        return !progress || progress(int(done * 100 / all));
+    }
+
+    const VxScene *scene = nullptr;
+    const VxNode *root = nullptr;
+    VxTimeRange range;
+    bool rowPerFrame = false;
+    VxFileProgress progress;
+    qint64 numKeys = 0;
+    int numSampled = 0;
+    QString summary;
+};
+
+/** Every frame, and the range's end also where it is none. */
+std::vector<VxTime> VxCsvExport::Private::frames() const
+{
+    std::vector<VxTime> times;
+    for (qint64 time = range.getStart(); time < range.getEnd(); time += scene->getTimeStep())
+        times.push_back(VxTime(time));
+    times.push_back(range.getEnd());
+    return times;
+}
+
+void VxCsvExport::Private::appendSamples(const QByteArray &head, const Column &column,
+                                         QByteArray *text)
+{
+    ++numSampled;
+    for (const VxTime time : frames()) {
+        text->append(head);
+        appendTime(text, time);
+        text->append(',');
+        appendNumber(text, column.at(time));
+        text->append(",linear,,,\n");
+        ++numKeys;
+    }
+}
+
+void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByteArray *text)
+{
+    static const char *const types[] = {",linear,", ",constant,", ",tcb,"};
+    const QByteArray head = row.name + ",,,," + column.property + ',';
+    if (!column.isAnimated()) {
+        text->append(head + ',');
+        appendNumber(text, column.at(0));
+        text->append(",,,,\n");
+        return;
+    }
+    if (column.isSampled()) {
+        appendSamples(head, column, text);
+        return;
+    }
+    const VxFloatProperty *holder = column.holder();
+    const VxKeyColumns<float> keys = holder->getKeys();
+    // A smooth curve's tangent at a key depends on the keys on either side of it.
+    const VxTime *const end = keys.times + keys.count;
+    const auto first = std::lower_bound(keys.times, end, range.getStart()) - keys.times;
+    const auto last = std::upper_bound(keys.times, end, range.getEnd()) - keys.times;
+    const int to = std::min(keys.count, int(last) + 2);
+    for (int i = std::max(0, int(first) - 2); i < to; ++i) {
+        text->append(head);
+        appendTime(text, keys.times[i]);
+        text->append(',');
+        appendNumber(text, keys.values[i] + column.constant);
+        const int type = keys.types ? keys.types[i] : int(VxKeyInterp::Linear);
+        text->append(types[type]);
+        const VxTcb tcb = keys.tcb ? keys.tcb[i] : VxTcb();
+        if (tcb != VxTcb()) {
+            appendNumber(text, tcb.tension);
+            text->append(',');
+            appendNumber(text, tcb.continuity);
+            text->append(',');
+            appendNumber(text, tcb.bias);
+            text->append('\n');
+        } else {
+            text->append(",,\n");
+        }
+        ++numKeys;
+    }
+}
+
+bool VxCsvExport::Private::writeKeys(const Table &table, const Sink &sink)
+{
+    QByteArray text = "node,parent,kind,order,property,time,value,interpolation,tension,"
+                      "continuity,bias\n";
+    std::size_t described = 0;
+    const std::vector<Column> &columns = table.columns();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const Row &row = table.rows()[columns[i].row];
+        if (columns[i].row == described) {
+            text += row.name + ',' + row.parent + ',' + row.kind + ',' + row.order + ",,,,,,,\n";
+            ++described;
+        }
+        appendKeys(row, columns[i], &text);
+        if (text.size() >= PieceBytes && !(goesOn(i, columns.size()) && sink(&text)))
+            return false;
+    }
+    return sink(&text);
+}
+
+bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
+{
+    QByteArray text;
+    const std::vector<Column> &columns = table.columns();
+    const auto appendHeader = [&](const char *name, QByteArray Row::*cell) {
+        text.append(name);
+        for (const Column &column : columns)
+            text.append(',').append(table.rows()[column.row].*cell);
+        text.append('\n');
+    };
+    appendHeader("node:", &Row::name);
+    appendHeader("parent:", &Row::parent);
+    appendHeader("kind:", &Row::kind);
+    appendHeader("order:", &Row::order);
+    text.append("time");
+    for (const Column &column : columns)
+        text.append(',').append(column.property);
+    text.append('\n');
+    const std::vector<VxTime> times = frames();
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        appendTime(&text, times[i]);
+        for (const Column &column : columns) {
+            text.append(',');
+            appendNumber(&text, column.at(times[i]));
+        }
+        text.append('\n');
+        if (text.size() >= PieceBytes && !(goesOn(i, times.size()) && sink(&text)))
+            return false;
+    }
+    numKeys = qint64(times.size());
+    return sink(&text);
+}
+
+bool VxCsvExport::Private::write(const Sink &sink, VxFileError *error)
+{
+    numKeys = 0;
+    numSampled = 0;
+    if (scene->getNumNodes() == 0)
+        return fail(error, tr("The scene is empty."));
+    Table table;
+    table.addNodes(scene, root);
+    const qint64 numFrames = (qint64(range.getEnd()) - range.getStart()) / scene->getTimeStep() + 1;
+    if (rowPerFrame && numFrames > MaxValues / qint64(table.columns().size()))
+        return fail(error, tr("The motion is too long: %1 frames of %2 properties.")
+                               .arg(numFrames)
+                               .arg(table.columns().size()));
+    if (!(rowPerFrame ? writeFrames(table, sink) : writeKeys(table, sink)))
+        return fail(error, tr("The export was cancelled."), true);
+    summary = rowPerFrame ? tr("%1 nodes, %2 frames.") : tr("%1 nodes, %2 keys.");
+    summary = summary.arg(QString::number(table.rows().size()), QString::number(numKeys));
+    if (numSampled > 0 && !rowPerFrame)
+        summary += QLatin1Char(' ') +
+                   tr("%1 linked properties were sampled once a frame.").arg(numSampled);
+    return true;
+}
+
+VxCsvExport::VxCsvExport(const VxScene *scene, const VxTimeRange &range)
+    : d(std::make_unique<Private>())
+{
+    d->scene = scene;
+    d->range = range;
+}
+
+VxCsvExport::~VxCsvExport() = default;
+
+void VxCsvExport::setRoot(const VxNode *root)
+{
+    d->root = root;
+}
+
+void VxCsvExport::setHasRowPerFrame(bool rowPerFrame)
+{
+    d->rowPerFrame = rowPerFrame;
+}
+
+void VxCsvExport::setProgress(const VxFileProgress &progress)
+{
+    d->progress = progress;
+}
+
+bool VxCsvExport::write(QByteArray *bytes, VxFileError *error)
+{
+    QByteArray text;
+    const auto sink = [&text](QByteArray *piece) {
+        text += *piece;
+        piece->resize(0);
+        return true;
+    };
+    if (!d->write(sink, error))
+        return false;
+    *bytes = text;
+    return true;
+}
+
+bool VxCsvExport::exportFile(const QString &fileName, VxFileError *error)
+{
+    VxSafeFile file(fileName);
+    const bool isOpen = file.start();
+    const auto sink = [&file](QByteArray *piece) {
+        file.write(*piece);
+        piece->resize(0);
+        return file.failure().isEmpty();
+    };
+    const bool isWritten = isOpen && d->write(sink, error);
+    if (isWritten && file.commit())
+        return true;
+    if (!file.failure().isEmpty())
+        fail(error, tr("Cannot be written: %1.").arg(file.failure()));
+    error->file = fileName;
+    return false;
+}
+
+QString VxCsvExport::getSummary() const
+{
+    return d->summary;
+}

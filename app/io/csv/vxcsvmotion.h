@@ -1,0 +1,67 @@
+#ifndef VXIO_VXCSVMOTION_H
+#define VXIO_VXCSVMOTION_H
+
+#include "io/csv/vxcsvnames.h"
+#include "io/csv/vxcsvrows.h"
+
+#include <QPair>
+
+/// Gathers the nodes and the curves of a CSV file while its rows are read. Every function that
+/// returns a bool fills the error with line and column when that is false.
+class VxCsvMotion
+{
+public:
+    /// The rows are borrowed: their line is that of an error.
+    explicit VxCsvMotion(const VxCsvRows &rows);
+
+    /// The node of a name, made when it is new; -1 with an error.
+    int node(const QString &text, int column, VxFileError *error);
+    /// An empty text leaves the node as it is; one that contradicts an earlier one is an error.
+    bool setParent(int node, const QString &text, int column, VxFileError *error);
+    bool setKind(int node, const QString &text, int column, VxFileError *error);
+    bool setOrder(int node, const QString &text, int column, VxFileError *error);
+
+    /// The number of a node's property among all of the file; -1 with an error.
+    int property(int node, const QString &text, int column, VxFileError *error);
+    /// The value of a property without keys.
+    bool setValue(int property, double value, int column, VxFileError *error);
+    /// A key behind the last one of the property. Where a bone ends is a value: all its keys must
+    /// be equal.
+    bool addKey(int property, double time, double value, const VxMotionShape &shape, int timeColumn,
+                VxFileError *error);
+
+    /// Turns properties whose keys all have the same value into values.
+    void dropConstantKeys();
+    /// Moves what was gathered into a motion with at most one clip.
+    void finish(const QString &form, VxImportedMotion *motion);
+
+private:
+    struct Curve
+    {
+        int node = 0;
+        VxCsvNames::Property property;
+        int index = 0; ///< of a morph or a further property
+        bool hasValue = false;
+        double value = 0.0;
+        bool isShaped = false; ///< not all segments are linear
+        VxMotionCurve keys;
+    };
+    struct Known
+    {
+        bool hasKind = false;
+        bool hasOrder = false;
+    };
+
+    bool fail(int column, const QString &message, VxFileError *error) const;
+    void setRest(const Curve &curve);
+
+    const VxCsvRows &m_rows;
+    QHash<QString, int> m_nodeOf;
+    QHash<QPair<int, QString>, int> m_propertyOf; ///< by node and name
+    std::vector<VxMotionNode> m_nodes;
+    std::vector<Known> m_known;
+    std::vector<Curve> m_curves;
+    qint64 m_numKeys = 0;
+};
+
+#endif

@@ -1,0 +1,320 @@
+#include "io/csv/vxcsvreader.h"
+
+#include "io/csv/vxcsvmotion.h"
+
+#include <QCoreApplication>
+#include <array>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxCsvReader", text);
+}
+
+bool is(std::string_view cell, const char *word)
+{
+    return QLatin1String(cell.data(), int(cell.size()))
+               .compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+}
+
+/// Reads one file.
+class Reader
+{
+public:
+    Reader(const QByteArray &bytes, const VxFileProgress &progress)
+        : m_size(bytes.size())
+        , m_progress(progress)
+        , m_rows(bytes)
+        , m_motion(m_rows)
+    {
+    }
+
+    bool read(VxImportedMotion *motion, VxFileError *error);
+
+private:
+    enum Column {
+        Node,
+        Parent,
+        Kind,
+        Order,
+        Property,
+        Time,
+        Value,
+        Interpolation,
+        Tension,
+        Continuity,
+        Bias,
+        NumColumns
+    };
+
+    bool goOn(VxFileError *error);
+    bool readKeys(VxFileError *error);
+    bool readColumns(VxFileError *error);
+    bool readKeyRow(VxFileError *error);
+    bool readShape(VxMotionShape *shape, VxFileError *error) const;
+    std::string_view cell(Column column) const;
+    bool readFrames(VxFileError *error);
+    bool readHeader(VxFileError *error);
+    bool readHeaderRow(VxFileError *error);
+    bool readFrame(VxFileError *error);
+
+    const qint64 m_size;
+    const VxFileProgress m_progress;
+    VxCsvRows m_rows;
+    VxCsvMotion m_motion;
+    qint64 m_numRows = 0;
+    // One row a key: where the columns are, -1 for one that is left out, and the row before.
+    std::array<int, NumColumns> m_columns{};
+    std::string m_lastNode;
+    std::string m_lastProperty;
+    int m_node = -1;
+    int m_property = -1;
+    // One row a frame: the property of each column.
+    std::vector<int> m_nodes;
+    std::vector<int> m_properties;
+    double m_lastTime = 0.0;
+};
+
+/** Asks the progress now and then. */
+bool Reader::goOn(VxFileError *error)
+{
+    if (++m_numRows % 1024 != 0 || !m_progress)
+        return true;
+    if (m_progress(int(m_rows.position() * 100 / m_size)))
+        return true;
+    *error = VxFileError();
+    error->message = tr("The import was cancelled.");
+    error->cancelled = true;
+    return false;
+}
+
+std::string_view Reader::cell(Column column) const
+{
+    const int index = m_columns[column];
+    return index >= 0 && index < m_rows.count() ? m_rows.cell(index) : std::string_view();
+}
+
+bool Reader::readColumns(VxFileError *error)
+{
+    static const char *const names[] = {"node",     "parent",     "kind",  "order",
+                                        "property", "time",       "value", "interpolation",
+                                        "tension",  "continuity", "bias"};
+    m_columns.fill(-1);
+    for (int i = 0; i < m_rows.count(); ++i) {
+        int column = 0;
+        while (column < NumColumns && !is(m_rows.cell(i), names[column]))
+            ++column;
+        if (column == NumColumns)
+            return m_rows.fail(
+                i, tr("\"%1\" is not the name of a column.").arg(m_rows.text(i).left(40)), error);
+        if (m_columns[std::size_t(column)] >= 0)
+            return m_rows.fail(
+                i, tr("The column \"%1\" occurs twice.").arg(QLatin1String(names[column])), error);
+        m_columns[std::size_t(column)] = i;
+    }
+    for (const Column column : {Node, Property, Time, Value}) {
+        if (m_columns[column] < 0)
+            return m_rows.fail(
+                0, tr("The column \"%1\" is missing.").arg(QLatin1String(names[column])), error);
+    }
+    return true;
+}
+
+bool Reader::readShape(VxMotionShape *shape, VxFileError *error) const
+{
+    const std::string_view name = cell(Interpolation);
+    if (is(name, "tcb"))
+        shape->segment = VxMotionSegment::Tcb;
+    else if (is(name, "constant"))
+        shape->segment = VxMotionSegment::Step;
+    else if (!name.empty() && !is(name, "linear"))
+        return m_rows.fail(m_columns[Interpolation],
+                           tr("\"%1\" is none of linear, constant and tcb.")
+                               .arg(m_rows.text(m_columns[Interpolation]).left(40)),
+                           error);
+    float *const numbers[] = {&shape->tcb.tension, &shape->tcb.continuity, &shape->tcb.bias};
+    for (int i = 0; i < 3; ++i) {
+        const auto column = Column(Tension + i);
+        double number = 0.0;
+        if (!cell(column).empty() && !m_rows.number(m_columns[column], &number, error))
+            return false;
+        *numbers[i] = float(number);
+    }
+    return true;
+}
+
+bool Reader::readKeyRow(VxFileError *error)
+{
+    if (m_rows.count() > int(m_columns.size()))
+        return m_rows.fail(int(m_columns.size()), tr("The row has too many cells."), error);
+    const int nodeColumn = m_columns[Node];
+    if (cell(Node).empty())
+        return m_rows.fail(nodeColumn, tr("The node is missing."), error);
+    if (m_node < 0 || cell(Node) != m_lastNode) {
+        m_node = m_motion.node(m_rows.text(nodeColumn), nodeColumn, error);
+        m_lastNode = cell(Node);
+        m_property = -1;
+    }
+    if (m_node < 0 ||
+        !m_motion.setParent(m_node, m_rows.text(m_columns[Parent]), m_columns[Parent], error) ||
+        !m_motion.setKind(m_node, m_rows.text(m_columns[Kind]), m_columns[Kind], error) ||
+        !m_motion.setOrder(m_node, m_rows.text(m_columns[Order]), m_columns[Order], error))
+        return false;
+    if (cell(Property).empty())
+        return (cell(Time).empty() && cell(Value).empty()) ||
+               m_rows.fail(m_columns[Property], tr("The property is missing."), error);
+    if (m_property < 0 || cell(Property) != m_lastProperty) {
+        m_property =
+            m_motion.property(m_node, m_rows.text(m_columns[Property]), m_columns[Property], error);
+        m_lastProperty = cell(Property);
+    }
+    double value = 0.0;
+    if (m_property < 0)
+        return false;
+    if (cell(Value).empty())
+        return m_rows.fail(m_columns[Value], tr("The value is missing."), error);
+    if (!m_rows.number(m_columns[Value], &value, error))
+        return false;
+    if (cell(Time).empty())
+        return m_motion.setValue(m_property, value, m_columns[Value], error);
+    double time = 0.0;
+    VxMotionShape shape;
+    return m_rows.time(m_columns[Time], &time, error) && readShape(&shape, error) &&
+           m_motion.addKey(m_property, time, value, shape, m_columns[Time], error);
+}
+
+bool Reader::readKeys(VxFileError *error)
+{
+    if (!readColumns(error))
+        return false;
+    while (m_rows.next(error)) {
+        if (!readKeyRow(error) || !goOn(error))
+            return false;
+    }
+    return !error->isSet();
+}
+
+/** A row of the header with what each column's node is. */
+bool Reader::readHeaderRow(VxFileError *error)
+{
+    const bool isNode = is(m_rows.cell(0), "node:");
+    const bool isParent = is(m_rows.cell(0), "parent:");
+    const bool isKind = is(m_rows.cell(0), "kind:");
+    if (!isNode && !isParent && !isKind && !is(m_rows.cell(0), "order:"))
+        return m_rows.fail(0,
+                           tr("\"%1\" is none of node:, parent:, kind:, order: and time.")
+                               .arg(m_rows.text(0).left(40)),
+                           error);
+    if (isNode != m_nodes.empty())
+        return m_rows.fail(0, tr("The header must have one row \"node:\", as its first."), error);
+    if (isNode)
+        m_nodes.assign(std::size_t(m_rows.count()), -1);
+    if (m_rows.count() > int(m_nodes.size()))
+        return m_rows.fail(int(m_nodes.size()), tr("The row has too many cells."), error);
+    for (int i = 1; i < m_rows.count(); ++i) {
+        int &node = m_nodes[std::size_t(i)];
+        const QString text = m_rows.text(i);
+        if (isNode && text.isEmpty())
+            return m_rows.fail(i, tr("The node is missing."), error);
+        if (isNode)
+            node = m_motion.node(text, i, error);
+        const bool isGood = isNode     ? node >= 0
+                            : isParent ? m_motion.setParent(node, text, i, error)
+                            : isKind   ? m_motion.setKind(node, text, i, error)
+                                       : m_motion.setOrder(node, text, i, error);
+        if (!isGood)
+            return false;
+    }
+    return true;
+}
+
+bool Reader::readHeader(VxFileError *error)
+{
+    do {
+        if (!readHeaderRow(error))
+            return false;
+        if (!m_rows.next(error)) {
+            if (!error->isSet())
+                m_rows.fail(0, tr("The row \"time\" with the properties is missing."), error);
+            return false;
+        }
+    } while (!is(m_rows.cell(0), "time"));
+    if (m_rows.count() != int(m_nodes.size()))
+        return m_rows.fail(m_rows.count() - 1, tr("The header's rows have different lengths."),
+                           error);
+    int numUsed = 0; // properties are numbered as they occur
+    m_properties.assign(m_nodes.size(), -1);
+    for (std::size_t i = 1; i < m_nodes.size(); ++i) {
+        const int column = int(i);
+        const int property = m_motion.property(m_nodes[i], m_rows.text(column), column, error);
+        if (property < 0)
+            return false;
+        if (property < numUsed)
+            return m_rows.fail(column, tr("The property has a column already."), error);
+        ++numUsed;
+        m_properties[i] = property;
+    }
+    return true;
+}
+
+bool Reader::readFrame(VxFileError *error)
+{
+    if (m_rows.count() > int(m_properties.size()))
+        return m_rows.fail(int(m_properties.size()), tr("The row has too many cells."), error);
+    double time = 0.0;
+    if (!m_rows.time(0, &time, error))
+        return false;
+    if (m_numRows > 0 && time <= m_lastTime)
+        return m_rows.fail(0, tr("The times must ascend."), error);
+    m_lastTime = time;
+    for (int i = 1; i < m_rows.count(); ++i) {
+        double value = 0.0;
+        if (m_rows.cell(i).empty())
+            continue;
+        if (!m_rows.number(i, &value, error) ||
+            !m_motion.addKey(m_properties[std::size_t(i)], time, value, {}, 0, error))
+            return false;
+    }
+    return true;
+}
+
+bool Reader::readFrames(VxFileError *error)
+{
+    if (!readHeader(error))
+        return false;
+    while (m_rows.next(error)) {
+        if (!readFrame(error) || !goOn(error))
+            return false;
+    }
+    if (error->isSet())
+        return false;
+    m_motion.dropConstantKeys();
+    return true;
+}
+
+bool Reader::read(VxImportedMotion *motion, VxFileError *error)
+{
+    *error = VxFileError();
+    if (!m_rows.next(error))
+        return error->isSet() ? false : m_rows.fail(0, tr("The file is empty."), error);
+    const bool isTable = is(m_rows.cell(0), "node:");
+    if (!(isTable ? readFrames(error) : readKeys(error)))
+        return false;
+    m_motion.finish(isTable ? tr("CSV, one row a frame") : tr("CSV, one row a key"), motion);
+    if (!motion->nodes.empty())
+        return true;
+    return m_rows.fail(0, tr("The file has no nodes."), error);
+}
+
+} // namespace
+
+bool vxReadCsv(const QByteArray &bytes, const VxFileProgress &progress, VxImportedMotion *motion,
+               VxFileError *error)
+{
+    VxImportedMotion read;
+    if (!Reader(bytes, progress).read(&read, error))
+        return false;
+    *motion = std::move(read);
+    return true;
+}

@@ -1,0 +1,206 @@
+#include "io/csv/vxcsvrows.h"
+
+#include <QCoreApplication>
+#include <QTextCodec>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("VxCsvRows", text);
+}
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+std::string_view trimmed(std::string_view cell)
+{
+    while (!cell.empty() && isBlank(cell.front()))
+        cell.remove_prefix(1);
+    while (!cell.empty() && isBlank(cell.back()))
+        cell.remove_suffix(1);
+    return cell;
+}
+
+bool isUtf8(std::string_view cell)
+{
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 128; };
+    if (std::all_of(cell.begin(), cell.end(), isAscii))
+        return true;
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(cell.data(), int(cell.size()), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+/// Line ends within a cell: LF, CR LF and CR count once each.
+qint64 linesIn(std::string_view text)
+{
+    qint64 lines = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        lines += text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
+    return lines;
+}
+
+/// A cell for a message: the beginning, without anything that cannot be shown.
+QString shown(std::string_view cell)
+{
+    constexpr std::size_t Longest = 40;
+    QString text = QString::fromUtf8(cell.data(), int(std::min(cell.size(), Longest)));
+    for (QChar &c : text) {
+        if (!c.isPrint())
+            c = QLatin1Char('?');
+    }
+    return cell.size() > Longest ? text + QStringLiteral("...") : text;
+}
+
+} // namespace
+
+VxCsvRows::VxCsvRows(const QByteArray &bytes)
+    : m_begin(bytes.constData())
+    , m_at(m_begin)
+    , m_end(m_begin + bytes.size())
+{
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        m_at += 3;
+}
+
+bool VxCsvRows::fail(int column, const QString &message, VxFileError *error) const
+{
+    *error = VxFileError();
+    error->line = m_line;
+    error->column = column + 1;
+    error->message = message;
+    return false;
+}
+
+/** Steps over a line end; true also at the end of the text. */
+bool VxCsvRows::endsRow()
+{
+    if (m_at == m_end)
+        return true;
+    if (*m_at != '\n' && *m_at != '\r')
+        return false;
+    if (*m_at == '\r' && m_at + 1 < m_end && m_at[1] == '\n')
+        ++m_at;
+    ++m_at;
+    ++m_nextLine;
+    return true;
+}
+
+/** The position is behind the opening quotation mark. */
+bool VxCsvRows::readQuoted(VxFileError *error)
+{
+    const char *const start = m_at;
+    bool hasDoubled = false;
+    for (;; ++m_at) {
+        if (m_at == m_end)
+            return fail(count(), tr("The quotation mark of this cell is not closed."), error);
+        if (*m_at != '"')
+            continue;
+        if (m_at + 1 == m_end || m_at[1] != '"')
+            break;
+        hasDoubled = true;
+        ++m_at;
+    }
+    std::string_view cell(start, std::size_t(m_at - start));
+    ++m_at;
+    m_nextLine += linesIn(cell);
+    while (m_at < m_end && isBlank(*m_at))
+        ++m_at;
+    if (m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r')
+        return fail(count(), tr("A comma is missing after the quotation mark."), error);
+    if (hasDoubled) {
+        std::string text;
+        for (std::size_t i = 0; i < cell.size(); ++i) {
+            text += cell[i];
+            i += cell[i] == '"';
+        }
+        m_unquoted.push_back(std::move(text));
+        cell = m_unquoted.back();
+    }
+    m_cells.push_back(cell);
+    return true;
+}
+
+bool VxCsvRows::readCell(VxFileError *error)
+{
+    while (m_at < m_end && isBlank(*m_at))
+        ++m_at;
+    if (m_at < m_end && *m_at == '"') {
+        ++m_at;
+        if (!readQuoted(error))
+            return false;
+    } else {
+        const char *const start = m_at;
+        for (; m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r'; ++m_at) {
+            if (*m_at == '"')
+                return fail(count(), tr("A quotation mark inside of a cell without them."), error);
+        }
+        m_cells.push_back(trimmed({start, std::size_t(m_at - start)}));
+    }
+    const std::string_view cell = m_cells.back();
+    const int column = count() - 1;
+    if (cell.find('\0') != std::string_view::npos)
+        return fail(column, tr("The file is not text."), error);
+    if (!isUtf8(cell))
+        return fail(column, tr("The text is not UTF-8."), error);
+    return true;
+}
+
+bool VxCsvRows::next(VxFileError *error)
+{
+    while (m_at < m_end) {
+        m_cells.clear();
+        m_unquoted.clear();
+        m_line = m_nextLine;
+        if (!readCell(error))
+            return false;
+        while (!endsRow()) {
+            ++m_at; // the comma
+            if (!readCell(error))
+                return false;
+        }
+        for (const std::string_view cell : m_cells) {
+            if (!cell.empty())
+                return true;
+        }
+    }
+    return false;
+}
+
+QString VxCsvRows::text(int column) const
+{
+    if (column < 0 || column >= count())
+        return {};
+    const std::string_view text = cell(column);
+    return QString::fromUtf8(text.data(), int(text.size()));
+}
+
+bool VxCsvRows::time(int column, double *value, VxFileError *error) const
+{
+    std::string_view text = cell(column);
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    const char *const end = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), end, *value);
+    if (result.ec == std::errc::result_out_of_range)
+        return fail(column, tr("The number \"%1\" is out of range.").arg(shown(cell(column))),
+                    error);
+    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value))
+        return fail(column, tr("\"%1\" is not a number.").arg(shown(cell(column))), error);
+    return true;
+}
+
+bool VxCsvRows::number(int column, double *value, VxFileError *error) const
+{
+    if (!time(column, value, error))
+        return false;
+    return std::abs(*value) <= double(std::numeric_limits<float>::max()) ||
+           fail(column, tr("The number \"%1\" is out of range.").arg(shown(cell(column))), error);
+}

@@ -1,0 +1,56 @@
+#ifndef VXIO_VXCSVROWS_H
+#define VXIO_VXCSVROWS_H
+
+#include "io/vxfileerror.h"
+
+#include <QByteArray>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Cuts the text of a CSV file into rows of cells, as RFC 4180 has them: cells are separated by
+/// commas, a cell in quotation marks may hold commas, line ends and doubled quotation marks. Rows
+/// end with LF, CR LF or CR; empty rows are skipped. The text is UTF-8, with or without a mark.
+class VxCsvRows
+{
+public:
+    /// The bytes are borrowed.
+    explicit VxCsvRows(const QByteArray &bytes);
+
+    /// Reads the next row. False at the end of the text, or with an error.
+    bool next(VxFileError *error);
+
+    /// The cells of the present row, valid until the next one; blanks around them are dropped.
+    int count() const { return int(m_cells.size()); }
+    std::string_view cell(int column) const { return m_cells[std::size_t(column)]; }
+    /// The cell as text; a column that the row does not have is empty.
+    QString text(int column) const;
+    /// The finite number of a cell that is not empty, within the range of single precision.
+    /// Returns false with an error otherwise. A time is a number without that limit.
+    bool number(int column, double *value, VxFileError *error) const;
+    bool time(int column, double *value, VxFileError *error) const;
+
+    /// The line on which the present row starts, from 1.
+    qint64 line() const { return m_line; }
+    /// Bytes read so far.
+    qint64 position() const { return m_at - m_begin; }
+
+    /// Fills the error with the row's line and a column, from 0. Always false.
+    bool fail(int column, const QString &message, VxFileError *error) const;
+
+private:
+    bool readCell(VxFileError *error);
+    bool readQuoted(VxFileError *error);
+    bool endsRow();
+
+    const char *m_begin;
+    const char *m_at;
+    const char *m_end;
+    qint64 m_line = 0;
+    qint64 m_nextLine = 1;
+    std::vector<std::string_view> m_cells;
+    std::deque<std::string> m_unquoted; ///< cells of the row that had doubled quotation marks
+};
+
+#endif
