@@ -1,6 +1,6 @@
 #include "shell/panedocks.h"
 
-#include "shell/dockgestureguard.h"
+#include "shell/dockgestures.h"
 #include "shell/panedock.h"
 
 #include <QMainWindow>
@@ -65,8 +65,8 @@ int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window
 PaneDocks::PaneDocks(QMainWindow *window, VxPaneMgr *panes)
     : QObject(window)
     , m_window(window)
-    , m_gestures(new DockGestureGuard(window))
 {
+    new DockGestures(window);
     connect(panes, &VxPaneMgr::paneAdded, this, &PaneDocks::addPane);
     connect(panes, &VxPaneMgr::showRequested, this, &PaneDocks::showPane);
 }
@@ -93,7 +93,6 @@ PaneDock *PaneDocks::find(const QString &paneClassName) const
 
 void PaneDocks::applyDefaultLayout()
 {
-    m_gestures->endGesture();
     // All are taken out first: panes that share a place must at no time stand side by side, where
     // they would make the window wider for good.
     for (PaneDock *dock : docks())
@@ -154,7 +153,6 @@ void PaneDocks::addPane(VxPane *pane)
     // Before the window is seen nobody has arranged anything yet.
     if (!m_window->isVisible())
         tabifyDocks();
-    m_gestures->watch(dock);
     connect(dock, &PaneDock::heightLimitLifted, this,
             [this, dock](int height) { restoreHeight(dock, height); });
     Q_EMIT dockAdded(dock);

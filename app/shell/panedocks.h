@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QVector>
 
-class DockGestureGuard;
 class PaneDock;
 class QMainWindow;
 class VxPane;
@@ -42,7 +41,6 @@ private:
     void raiseFronts();
 
     QMainWindow *const m_window;
-    DockGestureGuard *const m_gestures;
 };
 
 #endif

@@ -60,7 +60,8 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     , m_menus(new StudioMenus(this))
 {
     setObjectName(QStringLiteral("StudioWindow"));
-    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    // Not animated: while a dock slides to its place the toolkit ignores changes of the layout.
+    setDockOptions(AllowNestedDocks | AllowTabbedDocks);
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     setCentralWidget(m_viewport);

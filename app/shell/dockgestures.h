@@ -1,0 +1,64 @@
+#ifndef DOCKGESTURES_H
+#define DOCKGESTURES_H
+
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
+
+class QDockWidget;
+class QMainWindow;
+class QMouseEvent;
+class QRubberBand;
+class QTabBar;
+
+/// Drags docks by their titles, and ends a gesture when the program moves, hides or removes docks
+/// during it.
+///
+/// The toolkit's own drags hold layout items and whole layouts from the press to the release. They
+/// crash, leak or lose docks when the layout changes in between. So a dragged dock floats and
+/// follows the mouse without the toolkit's help, and the toolkit plays the drag from press to
+/// release at one go when the dock is dropped, and when the place of the drop is to be shown.
+/// Drags of tabs and separators are the toolkit's; they end with the first change.
+class DockGestures : public QObject
+{
+    Q_OBJECT
+public:
+    /// Watches the window's docks and tab bars, those made later included. The window owns this.
+    explicit DockGestures(QMainWindow *window);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void watch(QObject *child);
+    bool filterWindow(QEvent *event);
+    bool filterDock(QDockWidget *dock, QEvent *event);
+    bool filterTabs(QTabBar *tabs, const QEvent *event);
+
+    bool pressDock(QDockWidget *dock, const QMouseEvent *event);
+    void dragDock(const QMouseEvent *event);
+    void beginDrag();
+    void showPlace();
+    void playDrag(QDockWidget *dock, bool drops);
+    QPoint gripOf(const QDockWidget *dock) const;
+    void dropDock();
+    void endDrag();
+    void noteChange(const QDockWidget *dock);
+    void endToolkitGestures();
+
+    QMainWindow *const m_window;
+    QRubberBand *const m_place; // where a drop would put the dock; hidden when it would float
+    QTimer m_placeTimer;
+    QPointer<QDockWidget> m_dock; // that is pressed or dragged
+    QPoint m_press;               // within the dock
+    QPoint m_mouse;               // global
+    bool m_isDragging = false;
+    bool m_mayDock = true;          // not while Ctrl is held
+    bool m_isPlaying = false;       // for the toolkit
+    bool m_isWindowPressed = false; // on a separator, maybe
+    QPointer<QTabBar> m_tabs;       // that are pressed
+    QSet<quint64> m_tabIds;         // at the press
+};
+
+#endif
