@@ -7,7 +7,7 @@ namespace {
 
 constexpr int PlacesPerSegment = 32;
 
-/// Where a value lies between the ends of a segment, by its parts (1 - u)^3, 3u(1 - u)^2, ...
+/// The cubic Bezier value (1 - u)^3 p0 + 3u(1 - u)^2 p1 + 3u^2(1 - u) p2 + u^3 p3.
 double bezier(double p0, double p1, double p2, double p3, double u)
 {
     const double v = 1 - u;
@@ -20,8 +20,8 @@ double bezierSlope(double p0, double p1, double p2, double p3, double u)
     return 3 * (v * v * (p1 - p0) + 2 * u * v * (p2 - p1) + u * u * (p3 - p2));
 }
 
-/// The parameter at which handles at x1 and x2 (0 to 1) reach the part s of the span: Newton's
-/// method, kept within an interval that halves where it fails.
+/// The parameter at which handles at x1 and x2 (0 to 1) reach the fraction s of the span: Newton's
+/// method, with bisection where it leaves the bracket.
 double parameterAt(double s, double x1, double x2)
 {
     double low = 0;

@@ -16,8 +16,8 @@ template <class V> void KeyDelta<V>::touch(const KeyTrack<V> &track, const VxTim
         extendOn(track, times.getEnd());
 }
 
-// The new part holds at least half as many keys as the span does, as far as there are any: the
-// span then grows in few large steps.
+// Adds at least half as many keys as the span already holds, so that the span grows in few large
+// steps.
 template <class V> void KeyDelta<V>::extendBack(const KeyTrack<V> &track, VxTime start)
 {
     const int last = track.lowerBound(m_range.getStart());

@@ -16,7 +16,7 @@ template <class T> std::vector<T> picked(const T *from, const std::vector<int> &
     return values;
 }
 
-// Ascending indexes as spans, each counted from `offset` on.
+// Ascending indexes as spans, `offset` added to each.
 std::vector<VxKeySpan> spansOf(const std::vector<int> &indexes, int offset)
 {
     std::vector<VxKeySpan> spans;
@@ -81,7 +81,7 @@ VxKeyResult<V> vxPlanKeyEdit(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &ed
     if (times.empty())
         return result;
 
-    // A list from the last key to the first is turned around, so that nothing has to be sorted.
+    // A descending list is reversed, which saves sorting it.
     const bool descends = edit.source[0] > edit.source[edit.count - 1];
     std::vector<int> source(edit.source, edit.source + edit.count);
     if (descends) {

@@ -8,7 +8,7 @@ void KeyEvaluator<V>::values(const VxTime *times, int count, V *out, V noKeys) c
         return;
     }
     int i = -1;
-    int known = -1; // the segment whose curve is at hand
+    int known = -1; // the segment whose curve is cached
     CurveSegment shape;
     for (int k = 0; k < count; ++k) {
         i = searchOnward(times[k], i);
@@ -30,7 +30,7 @@ template <class V> int KeyEvaluator<V>::search(VxTime time) const
     return int(std::upper_bound(m_keys.times, end, time) - m_keys.times) - 1;
 }
 
-// Painted times lie a few keys apart: looks ahead from the last segment in growing steps.
+// Painted times are a few keys apart: gallops onward from the last segment.
 template <class V> int KeyEvaluator<V>::searchOnward(VxTime time, int from) const
 {
     if (from >= 0 && m_keys.times[from] > time)
@@ -55,7 +55,7 @@ template <class V> CurveSegment KeyEvaluator<V>::smoothCurve(int i) const
                       last ? nullptr : &after);
 }
 
-// A key of another type takes part in a neighbour's smooth segment with time and value only.
+// A neighbour of another type shapes a smooth segment with its time and value only.
 template <class V> CurveKey KeyEvaluator<V>::shapedKey(int i) const
 {
     CurveKey key = plainKey(i);

@@ -6,15 +6,15 @@
 
 /// The values of a track between its keys.
 ///
-/// Playback and painting ask for times that lie close together, so each call takes the segment
-/// found last as `cursor`: any int, for instance 0 at first. It is only a hint: a cursor left over
-/// from before the keys changed costs a search and is never wrong. The evaluator itself holds
-/// nothing but the track, which must outlive it.
+/// Playback and painting request times close together, so each call takes the last segment as
+/// `cursor`: any int, initially for instance 0. It is only a hint: one that predates a change of
+/// keys costs a search and is never wrong. The evaluator itself refers only to the track, which
+/// must outlive it.
 ///
 ///     time     . | a . . b . . c | .
 ///     value    a | a..b..b..c..c | c      before the first and after the last key its value holds
 ///
-/// Arithmetic is double, the result single precision; at a key's own time it is the key's value.
+/// Arithmetic is double, the result single precision; at a key it is the key's value.
 template <class V> class KeyEvaluator
 {
 public:
@@ -37,8 +37,8 @@ public:
         return V(curve(i).at(time));
     }
 
-    /// The values at many times, best in ascending order; `out` has room for `count`. The same
-    /// values as asked for one by one.
+    /// The values at many times, preferably ascending; `out` has room for `count`. The results
+    /// equal those of single calls.
     void values(const VxTime *times, int count, V *out, V noKeys) const;
 
     /// Index of the key at or before `time`, -1 before the first key.
@@ -56,8 +56,8 @@ public:
     }
 
 private:
-    // Keys at equal distances have times that need not be fetched: in a large scene most of the
-    // cost of a frame is memory that was not looked at for a while.
+    // Computes the times of equally spaced keys: cache misses are most of the cost of a frame in a
+    // large scene.
     VxTime timeOf(int i) const
     {
         return m_spacing > 0 ? VxTime(m_spacedFrom + qint64(i) * m_spacing) : m_keys.times[i];
@@ -67,14 +67,14 @@ private:
         const qint64 distance = qint64(time) - m_spacedFrom;
         return distance < 0 ? -1 : int(std::min<qint64>(distance / m_spacing, m_keys.count - 1));
     }
-    /// True when the value at `time` is that of key i (of the first key for -1) as it is.
+    /// True when the value at `time` is exactly that of key i (of the first key for -1).
     bool holds(int i, VxTime time) const
     {
         return KeyTraits<V>::Steps || i < 0 || i + 1 == m_keys.count || timeOf(i) == time ||
                type(i) == VxKeyInterp::Constant;
     }
-    // Mostly one for all keys: the types then need not be fetched, which is a third of the memory
-    // that a frame of playback touches.
+    // A uniform type saves fetching the types, a third of the memory that a frame of playback
+    // reads.
     quint8 type(int i) const
     {
         return m_uniformType != MixedKeyTypes ? m_uniformType : m_keys.types[i];
@@ -85,7 +85,7 @@ private:
             return m_spacing > 0 && !m_keys.tcb ? evenCurve(i) : smoothCurve(i);
         return linearSegment(plainKey(i), plainKey(i + 1));
     }
-    // Baked motion that has been made smooth: three divisions less, and no times fetched.
+    // Smooth keys at even spacing, as in baked motion: three divisions fewer, and no times fetched.
     CurveSegment evenCurve(int i) const
     {
         const V *values = m_keys.values + i;

@@ -8,7 +8,7 @@ namespace {
 constexpr double Pi = 3.14159265358979323846;
 constexpr double GaussianReach = 4; // standard deviations
 constexpr int MaxTable = 1 << 16;
-// Sum of the differences of three angles up to which no equivalent can be nearer.
+// Sum of three angle differences (degrees) up to which no equivalent rotation can be nearer.
 constexpr double NearAngles = 90;
 
 double seconds(double ticks)
@@ -16,7 +16,7 @@ double seconds(double ticks)
     return ticks / VxTicksPerSecond;
 }
 
-/// Gaussian weights by the distance in ticks, from a table where that is small.
+/// Gaussian weights by distance in ticks, tabulated for small distances.
 class GaussianWeights
 {
 public:
@@ -47,13 +47,13 @@ private:
     std::vector<double> m_table;
 };
 
-/// Half the way from the key before to the key after.
+/// Half the time from the previous key to the next one.
 double spanOfKey(const VxTime *times, int count, int k)
 {
     return (double(times[std::min(k + 1, count - 1)]) - times[std::max(k - 1, 0)]) / 2;
 }
 
-/// One pass of a low pass of second order, started as if the first value had always been there.
+/// One pass of a second order low pass, started in the steady state of the first value.
 void lowPass(std::vector<double> *values, double tangent)
 {
     const double k = tangent;
@@ -71,7 +71,7 @@ void lowPass(std::vector<double> *values, double tangent)
     }
 }
 
-/// Values on an even grid, both ends prolonged by their point reflections for the filter to settle.
+/// Low pass forwards and backwards; point reflections pad both ends so that the filter settles.
 void filterBothWays(std::vector<double> *grid, double ratio)
 {
     const int count = int(grid->size());
@@ -91,7 +91,7 @@ void filterBothWays(std::vector<double> *grid, double ratio)
     std::copy_n(padded.begin() + pad, count, grid->begin());
 }
 
-/// The cubic through values at ascending places whose slopes are those of parabolas.
+/// Cubic interpolation with the slopes of parabolas through three points; abscissas ascend.
 class CubicThrough
 {
 public:
@@ -109,7 +109,7 @@ public:
             m_slopes[i] = (left * b + right * a) / (a + b);
         }
     }
-    /// Places are asked for in ascending order.
+    /// Calls must have ascending x.
     double at(double x)
     {
         while (m_i + 2 < m_x.size() && m_x[m_i + 1] <= x)
@@ -129,7 +129,7 @@ private:
     std::size_t m_i = 0;
 };
 
-/// The distance of the grid's points in ticks, not rounded.
+/// The unrounded distance between grid points, in ticks.
 double gridStep(const VxTime *times, int count)
 {
     double least = HUGE_VAL;

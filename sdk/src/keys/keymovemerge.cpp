@@ -34,7 +34,7 @@ void MovedKeys::sortKeys(const int *indexes, const VxTime *newTimes, int indexCo
     count = int(m_source.size());
 }
 
-// Which keys are listed is as good as random, so the loop has no branch to guess.
+// Branchless: the listed indexes are unpredictable.
 StayingKeys::StayingKeys(const VxTime *trackTimes, int first, int last, const int *indexes,
                          int indexCount)
     : source(last - first)

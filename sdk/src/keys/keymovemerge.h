@@ -4,9 +4,8 @@
 #include <vector>
 #include <vxcore/vxtime.h>
 
-/// The keys that move, in the order of their new times. Nearly always they come in that order and
-/// are only borrowed; otherwise they are sorted, and of several keys with one time the one listed
-/// last is kept.
+/// The moved keys in order of their new times. Lists nearly always have that order and are only
+/// borrowed; others are sorted, and of several keys with one time the one listed last is kept.
 struct MovedKeys
 {
     const int *source = nullptr; ///< index before the move
@@ -17,7 +16,7 @@ struct MovedKeys
     Q_DISABLE_COPY(MovedKeys)
 
     void setKeys(const int *indexes, const VxTime *newTimes, int indexCount);
-    /// Position of moved key i in the list it was given in.
+    /// Position of moved key i in the original list.
     int listedAt(int i) const { return m_listed.empty() ? i : m_listed[i]; }
 
 private:
@@ -28,8 +27,7 @@ private:
     std::vector<int> m_listed;
 };
 
-/// The keys that stay while others move: those from index first to last (excluded) that are not in
-/// the ascending list of indexes.
+/// The unmoved keys: indexes first to last (excluded) without those of an ascending list.
 struct StayingKeys
 {
     std::vector<int> source; ///< index
@@ -38,7 +36,7 @@ struct StayingKeys
     StayingKeys(const VxTime *trackTimes, int first, int last, const int *indexes, int indexCount);
 };
 
-/// Both in one ascending sequence; of two keys at one time the moved one stays.
+/// Moved and unmoved keys merged in time order; a moved key replaces an unmoved one at its time.
 struct MoveMerge
 {
     std::vector<VxTime> times;

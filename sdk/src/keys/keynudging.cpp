@@ -1,4 +1,4 @@
-// The rule of keys that move one after the other and stop a tick before the key in their way.
+// Nudge rule: keys move one after the other and stop a tick before an obstructing key.
 
 #include "keys/keycollision.h"
 
@@ -7,9 +7,9 @@
 
 namespace {
 
-// The times that are taken while keys move in ascending order: keys that did not move yet, and
-// those that did. Questions come with rising times, nearly always, so the place in the unmoved keys
-// is kept from one to the next, and moved keys are added at the end.
+// The occupied times while keys move in ascending order: keys not yet moved, and moved ones.
+// Queries nearly always ascend, so the position among the unmoved keys is kept between queries, and
+// moved keys are appended.
 class TakenTimes
 {
 public:
@@ -20,7 +20,7 @@ public:
         m_placed.reserve(std::size_t(moveCount));
     }
 
-    // Moves key `index` to the target, or to the nearest free tick from there back to where it is.
+    // Moves key `index` to the target, or to the free tick nearest to it on the way back.
     VxTime move(int index, VxTime target)
     {
         const VxTime own = m_times[std::size_t(index)];
@@ -35,8 +35,8 @@ public:
     }
 
 private:
-    // Ticks that were found taken on the last walk are not looked at again: many keys with one
-    // target queue up in linear time.
+    // Skips the run of occupied ticks found by the last search: many keys with one target queue up
+    // in linear time.
     template <int Back> VxTime free(VxTime target, VxTime own)
     {
         if (m_runLow <= target && target <= m_runHigh) {
@@ -73,7 +73,7 @@ private:
             m_placed.insert(std::lower_bound(m_placed.begin(), m_placed.end(), time), time);
     }
 
-    // To the first of the unmoved keys at or after time.
+    // Seeks the first unmoved key at or after time.
     void seek(VxTime time)
     {
         for (int steps = 0; steps < 16; ++steps) {
@@ -102,7 +102,7 @@ private:
     VxTime m_runHigh = VxTimeMin;
 };
 
-// The same times seen from the other end: ~t falls where t rises and cannot overflow.
+// Mirrors time, to move keys the other way: ~t descends where t ascends and cannot overflow.
 std::vector<VxTime> mirrored(const VxTime *times, int count)
 {
     std::vector<VxTime> result(static_cast<std::size_t>(count));
@@ -111,8 +111,8 @@ std::vector<VxTime> mirrored(const VxTime *times, int count)
     return result;
 }
 
-// True when every key moves in the direction in which the list runs, and no two want one time: none
-// can then meet another moved key.
+// True when every key moves in the direction of the list and all targets differ: moved keys then
+// never meet each other.
 bool runAhead(const VxTime *times, const VxKeyMoves &moves, bool descending)
 {
     bool ahead = true;
@@ -126,8 +126,8 @@ bool runAhead(const VxTime *times, const VxKeyMoves &moves, bool descending)
     return ahead;
 }
 
-// True when a target is the time of a key that is not moved. The targets rise or fall with the
-// list.
+// True when a target is the time of a key that is not moved. The targets ascend or descend with
+// the list.
 bool meetUnmoved(const VxTime *times, int count, const VxKeyMoves &moves, bool descending)
 {
     if (moves.count == count)

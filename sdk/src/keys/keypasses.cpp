@@ -25,7 +25,7 @@ bool isStrictlyAscending(const VxTime *times, int count)
     return true;
 }
 
-// Distances of ascending times are exact without a sign.
+// Differences of ascending times fit 32 bits unsigned.
 VxTime evenSpacing(const VxTime *times, int count)
 {
     if (count < 2)

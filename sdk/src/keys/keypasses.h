@@ -3,8 +3,8 @@
 
 #include <vxcore/vxtime.h>
 
-/// Questions about whole arrays of times and indexes of keys. They are asked block by block, and
-/// within a block nothing depends on an answer, so that they run at the speed of memory.
+/// Predicates over whole arrays of key times and indexes. They work block by block, without
+/// branches inside a block, so that they run at memory speed.
 /// See also isStrictlyAscending() in keytrack.h.
 
 /// True when ascending indexes (at least one) have no gap.
@@ -13,8 +13,8 @@ inline bool areContiguous(const int *indexes, int indexCount)
     return indexes[indexCount - 1] - indexes[0] == indexCount - 1;
 }
 
-/// The ticks between any two neighbouring times (strictly ascending) when that is the same
-/// throughout; else, and for fewer than two, 0.
+/// The ticks between successive times (strictly ascending) if equal throughout; else, and for
+/// fewer than two, 0.
 VxTime evenSpacing(const VxTime *times, int count);
 
 /// True when each of the keys at the given indexes (ascending, at least one) can take its new time

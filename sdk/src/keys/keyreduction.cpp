@@ -5,12 +5,12 @@
 
 namespace {
 
-// A scan beyond the last sample that can be reached ends after this many times the samples reached,
-// so that the whole stays linear.
+// A scan past the last reachable sample ends after this many times the samples reached, which
+// keeps the whole linear.
 constexpr int ScanFactor = 4;
 constexpr int ScanLeast = 256;
 
-/// The farthest sample whose straight line from sample i passes all between within the error.
+/// The farthest sample whose line from sample i passes all samples between within the error.
 int reachOfLine(const VxTime *times, const float *values, int count, int i, double error)
 {
     const double t0 = times[i];
@@ -42,7 +42,7 @@ std::vector<int> linearKeys(const VxTime *times, const float *values, int count,
     return kept;
 }
 
-/// The farthest sample that one segment reaches, by steps that double and then halve.
+/// The farthest sample that one segment reaches, by a doubling then halving search.
 template <class Fits> int reachBySteps(int i, int count, const Fits &fits)
 {
     int good = i + 1;

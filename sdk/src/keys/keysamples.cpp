@@ -49,7 +49,7 @@ double KeySamples::errorOf(int k, const std::array<double, MaxChannels> &values)
     return vxAngleBetween(vxQuaternion(own, m_order), vxQuaternion(values, m_order));
 }
 
-/* Rotations about three axes in turn differ by at most the sum of the differences of angles. */
+/* Rotations about three successive axes differ by at most the sum of the angle differences. */
 bool KeySamples::isWithin(int k, const std::array<double, MaxChannels> &values, double error) const
 {
     double sum = 0;

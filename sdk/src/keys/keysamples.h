@@ -19,12 +19,12 @@ public:
     /// Value and slope at sample k; the slope is that of the parabola through its neighbours.
     Point point(int k) const;
     double errorOf(int k, const std::array<double, MaxChannels> &values) const;
-    /// The same as errorOf() <= error, mostly without the angle.
+    /// The same as errorOf() <= error, mostly without computing the angle.
     bool isWithin(int k, const std::array<double, MaxChannels> &values, double error) const;
-    /// `error`, but not less than what single precision leaves of the values.
+    /// `error`, at least the rounding error of the values in single precision.
     double effectiveError(double error) const;
 
-    /// The time is that of a sample.
+    /// `time` must be that of a sample.
     Point at(VxTime time) const override { return point(indexOf(time)); }
     double error(VxTime time, const std::array<double, MaxChannels> &values) const override
     {
@@ -40,7 +40,7 @@ private:
     int m_count;
     int m_channels;
     VxRotationOrder m_order = VxRotationOrder::XYZ;
-    mutable int m_lastIndex = 0; ///< places are asked for in ascending order
+    mutable int m_lastIndex = 0; ///< times are requested in ascending order
 };
 
 #endif

@@ -1,8 +1,8 @@
 #ifndef KEYS_KEYSEGMENT_H
 #define KEYS_KEYSEGMENT_H
 
-/// A key as the curve formulas see it. Times are ticks; spans multiply beyond 32 bits, so all of it
-/// is double.
+/// A key as the curve formulas use it. Times are ticks, in double because products of spans exceed
+/// 32 bits.
 struct CurveKey
 {
     double time = 0;
@@ -42,7 +42,7 @@ struct CurveChord
 };
 
 /// The tangent a key gives to the segment on its left, for s of that segment. The factor in spans
-/// evens out unequal distances: without it the curve would overshoot on the shorter side.
+/// compensates unequal distances: without it the curve would overshoot on the shorter side.
 inline double incomingTangent(const CurveKey &key, const CurveChord &left, const CurveChord &right)
 {
     const double shape = (1 - key.continuity) * (1 + key.bias) * left.rise +
@@ -64,14 +64,14 @@ inline CurveSegment linearSegment(const CurveKey &left, const CurveKey &right)
 }
 
 /// The tangent on either side of a key without tension, continuity and bias, between two chords of
-/// the same span: what the formulas above come to, to the last bit.
+/// the same span: bit for bit the result of the formulas above.
 inline double evenTangent(double leftRise, double rightRise)
 {
     return 0.5 * (leftRise + rightRise);
 }
 
-/// The smooth segment through four such keys, given their values; one that is missing beyond an end
-/// of the curve counts as lying on the prolonged chord.
+/// The smooth segment through four such keys, given their values; a chord missing at an end of the
+/// curve equals its neighbour.
 inline CurveSegment evenSegment(double start, double span, double chord, double value,
                                 double chordBefore, double chordAfter)
 {
@@ -81,7 +81,7 @@ inline CurveSegment evenSegment(double start, double span, double chord, double 
 }
 
 /// The smooth segment from `left` to `right`. `before` and `after` are the keys beyond them, null
-/// at an end of the curve: the missing chord is then taken equal to the one there is.
+/// at an end of the curve: the missing chord then equals the existing one.
 inline CurveSegment tcbSegment(const CurveKey *before, const CurveKey &left, const CurveKey &right,
                                const CurveKey *after)
 {

@@ -4,8 +4,8 @@
 
 namespace {
 
-// Weight of the samples' own slopes beside the least squares: decides where few samples lie between
-// two keys.
+// Weight of the samples' own slopes beside the least squares: decides where two keys have few
+// samples between them.
 constexpr double SlopeWeight = 1e-3;
 
 } // namespace

@@ -3,8 +3,8 @@
 
 #include "keys/keysamples.h"
 
-/// Few smooth segments for dense samples: each is the cubic of least squares between two samples,
-/// with tangents of its own at both ends.
+/// Fits dense samples with few smooth segments: each is the least squares cubic between two
+/// samples, with separate tangents at both ends.
 class KeySmoothFit
 {
 public:
@@ -13,7 +13,7 @@ public:
 
     /// True when one segment from sample i to sample j is within the error.
     bool reaches(int i, int j) const;
-    /// A chain with keys at the given samples (ascending, the first and the last among them).
+    /// A chain with keys at the given samples (ascending, first and last included).
     TcbChain chain(const std::vector<int> &kept) const;
 
 private:

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vxcore/vxkeyselection.h>
 
-/// The part of a hold that one property's keys make up.
+/// Key changes of one property within a hold.
 template <class V> class KeyUndoItem : public VxUndoItem
 {
 public:
@@ -28,7 +28,7 @@ public:
         m_selected.swap(m_othersSelected);
     }
 
-    // Where neither side has a selected key, keys that were selected since stay so.
+    // Keeps keys selected since then where neither state has a selected key.
     void settle() override
     {
         VxKeySelection *selection = VxKeySelection::current();
@@ -61,11 +61,11 @@ private:
     QPointer<VxProperty> m_property;
     KeyStore<V> *m_store; // lives as long as the property
     KeyDelta<V> m_delta;
-    std::vector<VxKeySpan> m_selected;       // of the keys that m_delta keeps
-    std::vector<VxKeySpan> m_othersSelected; // of those that are there
+    std::vector<VxKeySpan> m_selected;       // of the keys in m_delta
+    std::vector<VxKeySpan> m_othersSelected; // of the keys now in the track
 };
 
-/// The stored value's part of a hold.
+/// Changes of the stored value within a hold.
 template <class V> class StoredValueUndoItem : public VxUndoItem
 {
 public:

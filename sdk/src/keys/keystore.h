@@ -11,11 +11,11 @@
 
 template <class V> class KeyUndoItem;
 
-/// The value of one property: its keys, and the value it has without any.
+/// The value of one property: its keys, and its stored value for when it has none.
 ///
-/// Every edit goes through here, because every edit does the same three things in the same order:
-/// hands the times it is about to touch to the open hold, changes the track in one pass, and
-/// reports the span of times that changed. An edit that changes nothing does none of them.
+/// All edits pass through here, because each takes the same three steps in the same order: it
+/// reports the times to be touched to the open hold, changes the track in one pass, and reports
+/// the changed time span. An edit that changes nothing takes none of them.
 template <class V> class KeyStore
 {
 public:
@@ -41,7 +41,7 @@ public:
     bool setType(const QVector<int> &indexes, quint8 type);
     bool setValues(const QVector<int> &indexes, const V *values);
 
-    /// Exchanges the keys of a span with those kept, without recording: undo and redo.
+    /// Exchanges the keys of a span with those in `delta`, without recording: undo and redo.
     void swap(KeyDelta<V> &delta);
 
 private:

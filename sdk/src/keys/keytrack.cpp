@@ -8,7 +8,7 @@
 
 namespace {
 
-// Exchanges part of a column with a whole other one; the shorter side's surplus moves over.
+// Exchanges part of a column with a whole other one; the surplus of the longer one moves over.
 template <class T>
 void exchangeSpan(std::vector<T> &mine, size_t first, size_t last, std::vector<T> &other)
 {
@@ -42,7 +42,7 @@ bool isSelection(const int *indexes, int indexCount, int keyCount)
            (indexCount <= 0 || (indexes[0] >= 0 && indexes[indexCount - 1] < keyCount));
 }
 
-// Keys from first to last (excluded) of one track, and others that come in and replace them at
+// Merges keys first to last (excluded) of one track with incoming keys, which replace those at
 // equal times.
 template <class V>
 void mergeStretch(const VxKeyColumns<V> &staying, int first, int last,
@@ -201,7 +201,7 @@ bool KeyTrack<V>::moveKeys(const int *indexes, const VxTime *newTimes, int index
     return true;
 }
 
-// For keys that stay in their order.
+// Requires that the keys keep their order.
 template <class V>
 void KeyTrack<V>::setTimes(const int *indexes, const VxTime *newTimes, int indexCount)
 {
@@ -375,7 +375,7 @@ template <class V> void KeyTrack<V>::growFor(size_t keyCount)
         m_tcb.reserve(room);
 }
 
-// Also lets the tension, continuity and bias column go when no key needs it any more.
+// Also frees the tension, continuity and bias column when no key needs it any more.
 template <class V> void KeyTrack<V>::shrinkIfLoose()
 {
     if (m_shaped == 0)
@@ -398,7 +398,7 @@ template <class V> void KeyTrack<V>::openSlot(int i, VxTime time)
         m_tcb.insert(m_tcb.begin() + i, VxTcb());
 }
 
-// Returns whether the key became different.
+// Returns whether the key changed.
 template <class V> bool KeyTrack<V>::writeTcb(int i, const VxTcb &tcb)
 {
     const bool needed = isShaped(tcb) && !KeyTraits<V>::Steps;
@@ -421,7 +421,7 @@ template <class V> void KeyTrack<V>::countShaped()
         m_tcb.clear();
 }
 
-// After one key was given a type.
+// Call after one key was given a type.
 template <class V> void KeyTrack<V>::noteType(quint8 type)
 {
     if (m_types.size() == 1)
@@ -430,7 +430,7 @@ template <class V> void KeyTrack<V>::noteType(quint8 type)
         m_uniformType = MixedKeyTypes;
 }
 
-// After many were. All are equal when each equals the one before it.
+// Call after many were. All types are equal when each equals the previous one.
 template <class V> void KeyTrack<V>::noteTypes()
 {
     const quint8 *types = m_types.data();
@@ -442,20 +442,20 @@ template <class V> void KeyTrack<V>::noteTypes()
         m_uniformType = MixedKeyTypes;
 }
 
-// After many keys came, went or moved; a single new key just leaves the spacing unknown.
+// Call after many keys were added, removed or moved; a single new key resets the spacing to 0.
 template <class V> void KeyTrack<V>::noteSpacing()
 {
     m_spacing = evenSpacing(m_times.data(), count());
     m_spacedFrom = m_spacing == 0 ? 0 : m_times[0];
 }
 
-// True when all keys of both are known to have one type; exchanging keys leaves that so.
+// True when all keys of both have one known type, which an exchange of keys preserves.
 template <class V> bool KeyTrack<V>::isOfOneTypeWith(const KeyTrack &other) const
 {
     return m_uniformType != MixedKeyTypes && m_uniformType == other.m_uniformType;
 }
 
-// The one place where a stretch of keys is put in place of another.
+// All replacements of a key range pass through here.
 template <class V> void KeyTrack<V>::exchange(int first, int last, KeyTrack &other)
 {
     if (first == 0 && last == count()) {

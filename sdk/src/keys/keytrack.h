@@ -7,7 +7,7 @@
 #include <vxcore/vxkey.h>
 #include <vxcore/vxtimerange.h>
 
-/// What the kinds of tracks differ in: integer keys step, so all of them are Constant.
+/// Differences between the kinds of tracks: integer keys step, so all of them are Constant.
 template <class V> struct KeyTraits
 {
     static constexpr quint8 NewKeyType = VxKeyInterp::Linear;
@@ -19,15 +19,15 @@ template <> struct KeyTraits<qint32>
     static constexpr bool Steps = true;
 };
 
-/// What KeyTrack::uniformType() says of a track whose keys differ in type.
+/// KeyTrack::uniformType() of a track whose keys differ in type.
 constexpr quint8 MixedKeyTypes = 255;
 
 /// The keys of one animated value, in time order, one array a column.
 ///
-/// Columns of their own keep a key at nine bytes and let each operation be one pass over just what
+/// Separate columns keep a key at nine bytes and let each operation be one pass over just the data
 /// it needs: a search reads times, a change of type writes types. Tension, continuity and bias are
-/// stored only while a key has one that is not zero. Spare room is held below 7/9 of what is used,
-/// so that a track of more than a few keys never takes more than 16 bytes a key.
+/// stored only while a key has a non-zero one. Spare capacity stays below 7/9 of the used size,
+/// so that a track of more than a few keys never needs more than 16 bytes a key.
 ///
 /// Times are strictly ascending, always. Indexes count from 0; index ranges are [first, last),
 /// the end excluded; time ranges include both ends, and one that runs backwards holds no key.
@@ -44,10 +44,10 @@ public:
     quint8 type(int i) const { return m_types[i]; }
     VxTcb tcb(int i) const { return m_tcb.empty() ? VxTcb() : m_tcb[i]; }
     VxKeyShape shape(int i) const { return {m_types[i], tcb(i)}; }
-    /// The type that all keys have, or MixedKeyTypes when they differ or may differ.
+    /// The type of all keys, or MixedKeyTypes when they differ or may differ.
     quint8 uniformType() const { return m_uniformType; }
-    /// The ticks between any two neighbours where that is known to be the same throughout, as in
-    /// baked motion; else 0. Finding a time is arithmetic then, and reads no memory.
+    /// The ticks between successive keys where known to be the same throughout, as in baked
+    /// motion; else 0. Finding a time is then arithmetic, without reading memory.
     VxTime spacing() const { return m_spacing; }
     /// The first key's time where the spacing is known; else 0.
     VxTime spacedFrom() const { return m_spacedFrom; }
@@ -74,7 +74,7 @@ public:
     /// The index range of the keys within the time range; empty as (i, i).
     std::pair<int, int> indexRange(const VxTimeRange &range) const;
 
-    /// Sets one key, in place of the one at its time if there is one. Returns its index.
+    /// Sets one key, replacing the one at its time if any. Returns its index.
     ///     `a . b` set x at 1: `a x b`, set x at 2: `a . x`
     int set(VxTime time, V value, const VxKeyShape &shape);
     /// Sets many keys in one merge; keys at the same times are replaced. False, and nothing
@@ -91,47 +91,47 @@ public:
     int removeIndexes(const int *indexes, int indexCount);
     void clear() { *this = KeyTrack(); }
 
-    /// Moves keys to new times, `newTimes[k]` for the key at `indexes[k]`, all at once. A key not
-    /// moved that stands where one lands is replaced.
+    /// Moves keys to new times, `newTimes[k]` for the key at `indexes[k]`, all at once. Replaces
+    /// unmoved keys at those times.
     ///     `a b . c` move {a, b} by 2: `. . a b`
     /// `indexes` strictly ascending, new times in any order; when two moved keys meet, the one
-    /// listed later stays. `landed`, if given, becomes the new index of each listed key, -1 for
-    /// one replaced. False, and nothing changed, for bad indexes.
+    /// listed later stays. `landed`, if given, receives the new index of each listed key, -1 for
+    /// a replaced one. False, and nothing changed, for bad indexes.
     bool moveKeys(const int *indexes, const VxTime *newTimes, int indexCount,
                   std::vector<int> *landed = nullptr);
-    /// Moves the keys of an index range by `offset` ticks, with moveKeys' rule for what they meet.
-    /// An offset that would leave the range of times is cut short, the distances stay.
+    /// Moves the keys of an index range by `offset` ticks, with moveKeys' rule for collisions. The
+    /// offset is limited to the range of times; distances stay.
     ///     `a b . . c` shift [0, 2) by 2: `. . a b c`
     /// Returns the offset applied.
     qint64 shiftRange(int first, int last, qint64 offset);
     qint64 shiftAll(qint64 offset) { return shiftRange(0, count(), offset); }
 
-    /// Changing keys in place; times stay. Each but setValues returns the number of keys that
-    /// became different, -1 for bad indexes. Integer keys keep their shape.
+    /// Changing keys in place; times stay. Each but setValues returns the number of changed keys,
+    /// -1 for bad indexes. Integer keys keep their shape.
     void setValues(int first, const V *values, int valueCount);
     int setType(int first, int last, quint8 type);
     int setType(const int *indexes, int indexCount, quint8 type);
     int setShape(int first, int last, const VxKeyShape &shape);
     int setShape(const int *indexes, int indexCount, const VxKeyShape &shape);
 
-    /// The keys within the range as a track of their own.
+    /// The keys within the range as a new track.
     KeyTrack copyRange(const VxTimeRange &range) const;
-    /// Exchanges the keys within the range with those of `other`, which must all lie within it.
+    /// Exchanges the keys within the range with those of `other`, which must all be within it.
     ///     `a b . c` swap 1..2 with `. . x .`: `a . x c`, other: `. b . .`
-    /// False, and nothing changed, when a key of `other` lies outside the range.
+    /// False, and nothing changed, when a key of `other` is outside the range.
     bool swapRange(const VxTimeRange &range, KeyTrack &other);
     /// Sets `keys` in place of those within the range and returns the latter. Keys outside the
     /// range or out of order: nothing changes, `accepted`, if given, is false.
     KeyTrack replaceRange(const VxTimeRange &range, const Columns &keys, bool *accepted = nullptr);
 
-    /// Bit for bit equality of keys, so that a value that is not a number equals itself and 0 does
-    /// not equal -0: what a restored track is held against.
+    /// Bitwise equality of keys: NaN equals itself and 0 differs from -0. For comparing a restored
+    /// track.
     bool isSameKey(int i, const KeyTrack &other, int j) const;
     bool isIdentical(const KeyTrack &other) const;
 
-    /// Gives back spare room.
+    /// Frees spare capacity.
     void shrink();
-    /// Bytes of the arrays, spare room included.
+    /// Bytes of the arrays, spare capacity included.
     size_t memoryBytes() const;
 
 private:
@@ -153,15 +153,15 @@ private:
     std::vector<V> m_values;
     std::vector<quint8> m_types;
     std::vector<VxTcb> m_tcb; // empty while m_shaped is 0
-    int m_shaped = 0;         // keys whose tension, continuity and bias are not all zero bits
+    int m_shaped = 0;         // keys with a non-zero bit in tension, continuity or bias
     quint8 m_uniformType = KeyTraits<V>::NewKeyType;
     VxTime m_spacing = 0;
     VxTime m_spacedFrom = 0;
 };
 
-/// True when every time is above the one before.
+/// True when each time is greater than the previous one.
 bool isStrictlyAscending(const VxTime *times, int count);
-/// The offset, cut short where times from `first` to `last` would leave the range of times.
+/// The offset, limited so that times from `first` to `last` stay within the range of times.
 qint64 limitedOffset(VxTime first, VxTime last, qint64 offset);
 
 extern template class KeyTrack<float>;

@@ -11,14 +11,14 @@ inline bool isShaped(const VxTcb &tcb)
     return std::memcmp(&tcb, &none, sizeof tcb) != 0;
 }
 
-/// The shape a key of this kind can have: unknown types become the type of new keys.
+/// The type that a key of this kind can have: unknown types become that of new keys.
 template <class V> constexpr quint8 legalType(quint8 type)
 {
     return KeyTraits<V>::Steps || type > VxKeyInterp::Tcb ? KeyTraits<V>::NewKeyType : type;
 }
 
-/// Fills a track from the front with keys of other tracks or of columns, for the passes that build
-/// a stretch anew. The most it will hold is known beforehand, so that the arrays are made once.
+/// Fills a track from the front with keys of other tracks or columns, for passes that rebuild a
+/// range of keys. The maximum size is given beforehand, so that arrays are allocated once.
 template <class V> class KeyTrackWriter
 {
 public:
@@ -44,7 +44,7 @@ public:
             m_out.m_tcb[m_count] = from.tcb[i];
         ++m_count;
     }
-    // Keys of a track by their indexes, each with a new time.
+    // Adds keys of a track by index, each with a new time.
     void addPicked(const Columns &from, const std::vector<int> &indexes,
                    const std::vector<VxTime> &times)
     {

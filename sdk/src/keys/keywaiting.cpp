@@ -1,4 +1,4 @@
-// The rule of keys that wait beside keys which are not edited.
+// Wait rule: moved keys queue up beside keys that are not edited.
 
 #include "keys/keycollision.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Times that are taken: ascending, without the keys that are lifted out (ascending indexes).
+// Occupied times: ascending, without the lifted keys (ascending indexes).
 struct TakenTimes
 {
     const VxTime *times = nullptr;
@@ -19,12 +19,12 @@ struct TakenTimes
     int liftedCount = 0;
 };
 
-// Walks the taken times once, in step with keys that are placed one behind the other.
+// Finds free ticks for keys that queue up, in one walk over the occupied times.
 class WaitingPlaces
 {
 public:
-    // back: -1 where keys wait at earlier times, 1 at later ones; `farthest` is the target of the
-    // key that is placed first.
+    // back: -1 where keys queue at earlier times, 1 at later ones; `farthest` is the target of the
+    // first key.
     WaitingPlaces(const TakenTimes &taken, int back, VxTime farthest)
         : m_taken(taken)
         , m_back(back)
@@ -40,12 +40,12 @@ public:
         }
     }
 
-    // The free tick nearest to `wanted` on the way back.
+    // The free tick nearest to `wanted` in the `back` direction.
     qint64 place(qint64 wanted)
     {
         while (m_key >= 0 && m_key < m_taken.count) {
             const qint64 time = m_taken.times[m_key];
-            const qint64 ahead = (wanted - time) * m_back; // above 0: the key is still further on
+            const qint64 ahead = (wanted - time) * m_back; // above 0: the key is not reached yet
             const bool lifted = isLifted();
             if (!lifted && ahead < 0)
                 break;
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    // Lifted indexes are walked along with the keys.
+    // Advances through the lifted indexes along with the keys.
     bool isLifted()
     {
         if (m_lifted < 0 || m_lifted >= m_taken.liftedCount || m_taken.lifted[m_lifted] != m_key)
@@ -72,8 +72,8 @@ private:
     int m_lifted = 0;
 };
 
-// Keys that wait in one direction, by their positions in the list: the key farthest from its origin
-// side first, so that none meets one that has yet to be placed.
+// Places the keys that queue in one direction, by their positions in the list: the key with the
+// farthest target first, so that none meets a key not yet placed.
 bool placeGroup(const TakenTimes &taken, const VxTime *targets, const std::vector<int> &group,
                 int back, std::vector<VxTime> *planned)
 {
@@ -93,7 +93,7 @@ bool placeGroup(const TakenTimes &taken, const VxTime *targets, const std::vecto
     return true;
 }
 
-// Keys that stay, and keys that were placed: ascending.
+// Times of unmoved and of placed keys, ascending.
 std::vector<VxTime> takenBy(const TakenTimes &taken, const std::vector<int> &group,
                             const std::vector<VxTime> &planned)
 {
@@ -113,8 +113,7 @@ std::vector<VxTime> takenBy(const TakenTimes &taken, const std::vector<int> &gro
     return times;
 }
 
-// True when no key can have to wait, because neighbours move and nothing else lies at their
-// targets.
+// True when no key has to wait: contiguous keys move, and no other key is at their targets.
 bool hasNoCollisions(const VxTime *times, int count, const VxKeyMoves &moves)
 {
     if (!areContiguous(moves.source, moves.count) ||

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Tension, continuity and bias within this are usual; beyond it another bias is tried.
+// Usual magnitude of tension, continuity and bias; another bias is tried beyond it.
 constexpr double UsualRange = 1.0;
 
 struct Shape
@@ -66,7 +66,7 @@ Shape bestShape(double l, double r, double in, double out)
         tryBias(equalChords);
         tryBias(-equalChords);
     }
-    // Tangents that cannot be had: the plain smooth key, and the chain gets more of them.
+    // Unreachable tangents: the plain smooth key; refine() then adds keys.
     return least == HUGE_VAL ? Shape() : best;
 }
 
@@ -79,7 +79,7 @@ CurveKey keyAt(const TcbChain::Knot &knot, int channel)
 
 VxTcb tcbOfTangents(const CurveChord &left, const CurveChord &right, double in, double out)
 {
-    // Tangents per tick become those of even keys: the formulas' factor of unequal spans removed.
+    // Scales tangents per tick to even keys, which removes the factor of unequal spans.
     const double half = (left.span + right.span) / 2;
     const Shape shape = bestShape(left.rise, right.rise, in * half, out * half);
     return {float(shape.tension), float(shape.continuity), float(shape.bias)};
@@ -212,8 +212,8 @@ double TcbChain::refine(const FitTarget &target, double error)
             largest = std::max(largest, distance);
             if (!(distance > error))
                 continue;
-            // A constant key gives the smooth segment before it no tangent: a key right before it
-            // does.
+            // The constant key gives no tangent to the smooth segment before it: a key right before
+            // it does.
             const bool endsConstant =
                 m_knots[i].type == VxKeyInterp::Tcb && m_knots[i + 1].type == VxKeyInterp::Constant;
             splits.push_back({i, endsConstant ? m_places.back() : time});

@@ -6,10 +6,10 @@
 #include <vector>
 #include <vxcore/vxcurvefit.h>
 
-/// Relative distance below which values in single precision count as equal.
+/// Relative difference below which values in single precision count as equal.
 constexpr double SinglePrecision = 1.2e-7;
 
-/// What keys shall follow: one curve, or three that are judged together.
+/// The target of a fit: one curve, or three that are judged together.
 class FitTarget
 {
 public:
@@ -22,19 +22,19 @@ public:
 
     virtual ~FitTarget() = default;
     virtual Point at(VxTime time) const = 0;
-    /// The distance of values from the target at a time.
+    /// The distance between values and the target at a time.
     virtual double error(VxTime time, const std::array<double, MaxChannels> &values) const = 0;
-    /// The times between two keys, both excluded, at which the distance counts.
+    /// The times between two keys, both excluded, at which the error is measured.
     virtual void places(VxTime from, VxTime to, std::vector<VxTime> *times) const = 0;
 };
 
-/// Keys of one to three channels at common times, with the tangents that the curves shall have.
+/// Keys of one to three channels at common times, with the desired tangents of the curves.
 ///
 ///     times     t0        t1        t2
 ///     slopes    | out  in | out  in |      per tick and channel
 ///
 /// keys() expresses the tangents by tension, continuity and bias. refine() adds keys until the
-/// curves through the keys that come out are within an error of the target.
+/// resulting curves are within an error of the target.
 class TcbChain
 {
 public:
@@ -49,7 +49,7 @@ public:
 
     TcbChain(int channels, std::vector<Knot> knots);
 
-    /// The largest distance that remains: above `error` only where no tick is left for a key.
+    /// Returns the remaining error: above `error` only where no tick is left for a key.
     double refine(const FitTarget &target, double error);
     VxFittedKeys keys(int channel) const;
 

@@ -11,9 +11,9 @@ namespace {
 struct BlockState
 {
     int depth = 0;
-    QVector<VxProperty *> changed; ///< null where a property was destroyed meanwhile
+    QVector<VxProperty *> changed; ///< null: property destroyed meanwhile
     QVector<std::function<void()>> followUps;
-    int unsent = 0; ///< reports that are being sent, or wait for those before them
+    int unsent = 0; ///< reports being sent or queued
 };
 
 BlockState &state()
@@ -76,7 +76,7 @@ void send(VxProperty::Private *property, const VxTimeRange &range)
 void flush()
 {
     // Receivers may change and destroy properties and end blocks of their own: the list is taken
-    // out first, and a property that is destroyed clears its place in whichever list holds it.
+    // out first, and a destroyed property clears its entry in the list that holds it.
     const DeferredDeletion hold;
     QVector<VxProperty *> list;
     list.swap(state().changed);

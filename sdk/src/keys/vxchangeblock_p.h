@@ -10,13 +10,13 @@
 /// The list of properties that changed within the open block.
 namespace VxPendingChanges {
 
-/// Remembers a change, once a property, widening its range.
+/// Records a change, one entry per property, widening its range.
 void add(VxProperty::Private *property, const VxTimeRange &range);
 /// Sends a report at once.
 void send(VxProperty::Private *property, const VxTimeRange &range);
-/// Forgets a property that is being destroyed.
+/// Removes a property that is being destroyed.
 void remove(VxProperty::Private *property);
-/// Sends every report and empties the list, then runs what is to follow.
+/// Sends all reports and empties the list, then runs the deferred functions.
 void flush();
 /// Calls a function once, when the open block has ended and its reports are sent.
 void runAfterReports(std::function<void()> function);

@@ -20,7 +20,7 @@ VxKeyShape makeShape(int type, float tension, float continuity, float bias)
     return {static_cast<quint8>(type), {tension, continuity, bias}};
 }
 
-/// Links multiply, so that a value can leave the range of single precision.
+/// Saturates to single precision, whose range a product of links can exceed.
 float saturated(double value)
 {
     constexpr double Highest = double(std::numeric_limits<float>::max());
@@ -57,8 +57,8 @@ public:
     {
     }
 
-    /// The record of the key holder, which is of the same class: its keys are shown, and it limits
-    /// what is set. An alias's own limits are those of its editors.
+    /// The record of the key holder, which is of the same class: the property shows its keys and
+    /// respects its limits. An alias's own limits apply to its editors only.
     Private *holder()
     {
         return isPlain ? this : static_cast<VxFloatProperty *>(q->getKeyHolder())->priv();
@@ -67,7 +67,7 @@ public:
 
     float limited(float value) const { return clamped ? qBound(minimum, value, maximum) : value; }
 
-    /// The shape of a key that is made at a time where there is none.
+    /// The shape of a new key at a time without one.
     VxKeyShape newShape(VxTime time) const
     {
         const int before = keys.track().lowerBound(time) - 1;

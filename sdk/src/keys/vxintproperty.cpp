@@ -11,7 +11,7 @@ namespace {
 
 constexpr VxKeyShape StepShape{VxKeyInterp::Constant, {}};
 
-/// The nearest whole number within 32 bits.
+/// Rounded and saturated to 32 bits.
 int toInt(double value)
 {
     constexpr double lowest = std::numeric_limits<int>::min();

@@ -17,8 +17,8 @@ public:
     {
     }
 
-    /// The record of the key holder, which is of the same class: its keys are shown, and it limits
-    /// what is set. An alias's own limits are those of its editors.
+    /// The record of the key holder, which is of the same class: the property shows its keys and
+    /// respects its limits. An alias's own limits apply to its editors only.
     Private *holder();
     KeyStore<qint32> &held();
     int limited(int value) const;

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The first one that was made and still lives; more than one only in tests.
+/// The oldest live instance; only tests have more than one.
 VxKeySelection *theCurrent = nullptr;
 
 } // namespace
@@ -25,13 +25,13 @@ public:
     void setEntries(VxKeySelection *q, const VxKeySelectionEntries &entries, bool clearsOthers);
     void send(VxKeySelection *q);
 
-    QVector<VxKeySelectionSource *> sources; // the one added last is last
-    bool notified = false;                   // changed() is to be sent
+    QVector<VxKeySelectionSource *> sources; // most recently added last
+    bool notified = false;                   // changed() is pending
     bool sendsAtBlockEnd = false;
     bool sendsInEventLoop = false;
 };
 
-// The block sends changed() once, however many views report.
+// The block makes changed() single, however many views report.
 void VxKeySelection::Private::setEntries(VxKeySelection *q, const VxKeySelectionEntries &entries,
                                          bool clearsOthers)
 {

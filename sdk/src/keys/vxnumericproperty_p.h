@@ -11,11 +11,11 @@ public:
     using VxProperty::Private::Private;
 
     VxProperty *linkedProperty() const override { return link.get(); }
-    /// True when an open link gives the value, so that the property has none of its own to set.
+    /// True when an open link gives the value, so that the property cannot set one itself.
     bool isDriven() const { return link && !terminal; }
-    /// The value by way of override, alias or link; ownValue is the property's own one.
+    /// The value through override, alias or link; ownValue is the property's own one.
     double dependentValue(VxTime time, double ownValue) const;
-    /// False for a property that refuses changes: locked itself, or its key holder is.
+    /// False when the property or its key holder is locked.
     bool isEditable() const;
     /// True when keys can be made here: neither this property nor its key holder refuses changes
     /// or keys.

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Chains of aliases and overrides longer than this are not followed to their end.
+/// Longest chain of aliases and overrides that is followed.
 constexpr int MaxChain = 100;
 
 quint64 latestRevision = 0;
@@ -21,8 +21,8 @@ quint64 holderRevision = 1;
 
 bool (*VxProperty::Private::changeHook)(VxProperty *) = nullptr;
 
-// One counter for all properties: no two of them ever have the same revision, so that one number
-// also shows that a property got another key holder.
+// One counter for all properties: revisions are globally unique, so that one number also reveals a
+// change of key holder.
 void VxProperty::Private::bumpKeyRevision()
 {
     keyRevision = ++latestRevision;
@@ -47,7 +47,7 @@ void VxProperty::Private::emitChange(const VxTimeRange &range)
         emitOne(q);
         return;
     }
-    // Dependents are collected beforehand: there may be many ways to one of them, and receivers may
+    // Dependents are collected first: several paths may reach one of them, and receivers may
     // change the references.
     QVector<QPointer<VxProperty>> affected{q};
     QSet<const VxProperty *> seen{q};
@@ -115,8 +115,8 @@ void VxProperty::Private::updateDependencies()
 
 bool VxProperty::Private::canReferTo(const VxProperty *target) const
 {
-    // Level by level through the dependents: the number of levels is the length of the longest
-    // chain that leads here, and the target is among them when a circle would be closed.
+    // Breadth first through the dependents: the number of levels is the length of the longest
+    // chain that ends here, and a cycle would have the target among them.
     QSet<const Private *> level{this};
     for (int above = 0; !level.isEmpty(); ++above) {
         if (level.contains(of(target)) || above + 1 + of(target)->chainLength > MaxReferenceChain)

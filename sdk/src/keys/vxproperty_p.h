@@ -20,8 +20,8 @@ enum VxPropertyUndoKind {
     VxUndoFirstFreeKind = 32
 };
 
-/// A property's reference to another one: the target lists it among its dependents, so that
-/// reports reach the dependents and destruction of the target clears the reference.
+/// A property's reference to another one. The target lists it among its dependents, so that
+/// reports reach them and destruction of the target clears the reference.
 class VxPropertyDependency
 {
 public:
@@ -55,22 +55,22 @@ public:
     static Private *of(VxProperty *property) { return property->d.get(); }
     static const Private *of(const VxProperty *property) { return property->d.get(); }
 
-    /// Gives the keys a new revision; after each change of them.
+    /// Gives the keys a new revision; call after each change of them.
     void bumpKeyRevision();
     /// Reports a change of keys or value: at once, or at the end of the open block.
     void reportChange(const VxTimeRange &range);
-    /// Emits valueChanged() of this property and of everything that depends on it, each once.
+    /// Emits valueChanged() of this property and of all its dependents, each once.
     void emitChange(const VxTimeRange &range);
     /// Emits traitsChanged().
     void emitTraits();
     /// Recomputes isPlain and chainLength after a change of a reference, and reports it.
     void updateDependencies();
-    /// False when a reference to target would close a circle or make a chain of references longer
+    /// False when a reference to target would close a cycle or make a chain of references longer
     /// than MaxReferenceChain.
     bool canReferTo(const VxProperty *target) const;
     /// Clears the references of all dependents: the property is being destroyed.
     void releaseDependents();
-    /// The property that a link leads to; only numeric properties have links.
+    /// The target of the link; only numeric properties have links.
     virtual VxProperty *linkedProperty() const { return nullptr; }
 
     VxProperty *q;
@@ -81,7 +81,7 @@ public:
     quint64 keyRevision;
     VxPropertyDependency aliased;
     VxPropertyDependency overriding;
-    /// The references that lead to this property.
+    /// The references to this property.
     QVector<VxPropertyDependency *> dependents;
     /// The length of the longest chain of references that starts here; 0 without a reference.
     int chainLength = 0;
@@ -90,17 +90,16 @@ public:
     bool locked = false;
     bool animatable = true;
     bool excluded = false;
-    /// Neither alias nor override nor link: the value is found right here. The fast path of
-    /// evaluation asks only this.
+    /// Neither alias nor override nor link: the value is the property's own. The only check on the
+    /// fast path of evaluation.
     bool isPlain = true;
-    /// The list of changed properties that waits for this one's report, and the place in it.
+    /// The list of changed properties that holds this one's pending report, and the index in it.
     QVector<VxProperty *> *pendingList = nullptr;
     int pendingIndex = 0;
     VxTimeRange pendingRange;
 
-    /// Called once for each report, before the property's signal; the scene listens here, so that
-    /// no connection per property is needed; false when that destroyed the property. Null when
-    /// there is no scene.
+    /// Called once for each report, before the property's signal; the scene's hook, which saves a
+    /// connection per property. False when the call destroyed the property. Null without a scene.
     static bool (*changeHook)(VxProperty *property);
 };
 
