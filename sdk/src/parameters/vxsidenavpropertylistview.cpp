@@ -10,6 +10,7 @@
 #include "parameters/vxpropertymenu.h"
 #include "parameters/vxpropertypainter.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QClipboard>
 #include <QtGui/QContextMenuEvent>
@@ -78,7 +79,7 @@ public:
     QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
     QPoint pressPlace;
     std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift, unless it becomes a drag
-    std::unique_ptr<VxPropertyDrag> drag;
+    std::shared_ptr<VxPropertyDrag> drag;
     bool spent = false; // the drag is over, but the button still held
 
     // A press first ends the typing in another place, and then has its own meaning.
@@ -218,11 +219,15 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
     if (!drag && isNumber(pressed) &&
         qAbs(event->x() - pressPlace.x()) >= QApplication::startDragDistance()) {
         selecting.reset();
-        drag = std::make_unique<VxPropertyDrag>(propertiesOf(pressed), now(), event->globalPos());
+        drag = std::make_shared<VxPropertyDrag>(propertiesOf(pressed), now(), event->globalPos());
     }
     if (!drag)
         return;
-    drag->moveTo(event->globalPos(), event->modifiers());
+    const std::shared_ptr<VxPropertyDrag> moved = drag; // what listens may end the gesture
+    const QPointer<VxSideNavPropertyListView> view = q;
+    moved->moveTo(event->globalPos(), event->modifiers());
+    if (!view || drag != moved)
+        return;
     const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
     if (first && pressed.data(VxPropertyListItemModel::MixedRole).toBool())
         QToolTip::showText(event->globalPos(), VxPropertyHints::offset(first, drag->steps()), q);

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aPropertyIsRemovedInADrag();
     void playbackInADrag();
     void thePaneIsHiddenInADrag();
+    void aListenerHidesThePaneInADrag();
     void theFocusIsLostInADrag();
     void anotherNodeIsSelectedInADrag();
     void theOtherButtonInADrag();
@@ -320,6 +321,27 @@ void TestParametersGestures::theFocusIsLostInADrag()
     hand.to(80);
     hand.end(80);
     QCOMPARE(x()->getValue(), 20.0f);
+    QCOMPARE(stack()->count(), 1);
+}
+
+/// Within the very move that changes the value.
+void TestParametersGestures::aListenerHidesThePaneInADrag()
+{
+    Begun hand = begin(x());
+    hand.to(40);
+    const auto connection =
+        connect(x(), &VxProperty::valueChanged, this, [this] { m_pane->hide(); });
+    hand.to(80);
+    QVERIFY(m_pane->isHidden());
+    QVERIFY(!stack()->isRecording());
+    QCOMPARE(stack()->count(), 1);
+    QCOMPARE(x()->getValue(), 40.0f);
+    disconnect(connection);
+    m_pane->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_pane.get()));
+    hand.to(120);
+    hand.end(120);
+    QCOMPARE(x()->getValue(), 40.0f);
     QCOMPARE(stack()->count(), 1);
 }
 
