@@ -1,112 +1,196 @@
-// soak_import: damages a motion file in thousands of ways and reads each through the importer
-// process. Ends with the counts, the longest time and the most memory.
+// soak_import: damages motion files in thousands of ways and imports each beside a scene, as the
+// program does: most formats by way of the importer process. Ends with the counts, the longest time
+// and the most memory; fails on a crash, on more than 5 s or 500 MB, on a refusal without a
+// message, on keys that are not finite or out of order, and on a scene that is not as it was after
+// a refusal or after undo.
 //
-//     soak_import IMPORTER FILE COUNT [FIRST-SEED]
+//     soak_import COUNT FILE...
+//
+// COUNT mutants for each file, in a process of their own each.
 
-#include "io/worker/vximportworker.h"
+#include "io/motion/vxmotionimport.h"
+#include "io/vxscenewriter.h"
+#include "testing/vxfilemutations.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QtEndian>
+#include <cmath>
 #include <cstdio>
-#include <random>
 #include <sys/resource.h>
-#include <vxcore/vxnode.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
 
 namespace {
 
-using Random = std::mt19937;
+constexpr qint64 MaxMilliseconds = 5000;
+constexpr long MaxMegabytes = 500;
 
-int below(Random &random, int limit)
+enum Outcome { Accepted = 0, Refused = 1, Stopped = 2, Wrong = 3 };
+
+QByteArray bytesOf(const VxScene &scene)
 {
-    return int(random() % unsigned(qMax(1, limit)));
+    QBuffer buffer;
+    VxFileError error;
+    buffer.open(QIODevice::WriteOnly);
+    VxSceneWriter(&scene).write(&buffer, &error);
+    return buffer.data();
 }
 
-void plantText(QByteArray &bytes, Random &random)
+bool isSound(const VxElement *element)
 {
-    static const char *const numbers[] = {"-1",  "0",  "1e999", "99999999999", "4294967295", "1e9",
-                                          "nan", "[]", "{}",    "\"a\"",       "2147483647"};
-    for (int at = below(random, bytes.size()); at < bytes.size(); ++at) {
-        if (bytes.at(at) < '0' || bytes.at(at) > '9')
+    for (int i = 0; i < element->getNumProperties(); ++i) {
+        const auto *property = qobject_cast<const VxFloatProperty *>(element->getProperty(i));
+        if (!property)
             continue;
-        int end = at;
-        while (end < bytes.size() && bytes.at(end) >= '0' && bytes.at(end) <= '9')
-            ++end;
-        bytes.replace(at, end - at, numbers[below(random, 11)]);
-        return;
+        const VxKeyColumns<float> keys = property->getKeys();
+        for (int k = 0; k < keys.count; ++k) {
+            if (!std::isfinite(keys.values[k]) || (k > 0 && keys.times[k] <= keys.times[k - 1]))
+                return false;
+        }
+        if (!std::isfinite(property->getStoredValue()))
+            return false;
     }
+    return true;
 }
 
-void plantWord(QByteArray &bytes, Random &random)
+bool isSound(const VxScene &scene)
 {
-    static const quint32 words[] = {0,          1,          0xffffffff, 0x7fffffff,
-                                    0x80000000, 0x7fc00000, 0x7f800000};
-    const int at = below(random, bytes.size() - 4);
-    if (at + 4 <= bytes.size())
-        qToLittleEndian(words[random() % 7], bytes.data() + at);
-}
-
-void mutate(QByteArray &bytes, Random &random)
-{
-    if (bytes.isEmpty())
-        return;
-    const int at = below(random, bytes.size());
-    switch (random() % 7) {
-    case 0:
-        bytes[at] = char(bytes.at(at) ^ (1 << below(random, 8)));
-        break;
-    case 1:
-        bytes.remove(at, 1 + below(random, 60));
-        break;
-    case 2:
-        bytes.insert(at, bytes.mid(below(random, bytes.size()), 1 + below(random, 200)));
-        break;
-    case 3:
-        bytes.truncate(at);
-        break;
-    case 4:
-        plantWord(bytes, random);
-        break;
-    default:
-        plantText(bytes, random);
+    const QVector<VxNode *> nodes = scene.getNodes();
+    for (const VxNode *node : nodes) {
+        if (!isSound(node))
+            return false;
+        const VxObject *object = node->getObject();
+        for (int i = 0; object && i < object->getNumSubElements(); ++i) {
+            if (!isSound(object->getSubElement(i)))
+                return false;
+        }
     }
+    return true;
 }
 
-/// What came of all runs.
+/// How the importer process ended, where it did not end by itself.
+bool isBadEnd(const QString &message)
+{
+    for (const char *word : {"crashed", "stopped", "without a result", "no answer"}) {
+        if (message.contains(QLatin1String(word)))
+            return true;
+    }
+    return false;
+}
+
+/** In a process of its own: imports one file beside a node. */
+Outcome importOne(const QString &file, QString *text)
+{
+    VxUndoStack undo;
+    VxScene scene;
+    scene.addNode(new VxNode(QStringLiteral("before")));
+    isSound(scene); // looking at a node's controls makes them
+    const QByteArray before = bytesOf(scene);
+    VxMotionImport import(&scene);
+    VxFileError error;
+    const bool done = import.load(file, &error) && import.enter({}, &error);
+    *text = error.text();
+    if (done && !isSound(scene))
+        *text = QStringLiteral("keys that are not sound");
+    else if (!done && error.message.isEmpty())
+        *text = QStringLiteral("no message");
+    if (done && undo.canUndo())
+        undo.undo();
+    const bool isSame = bytesOf(scene) == before;
+    if (!isSame)
+        *text = QStringLiteral("the scene is not as it was");
+    if (!isSame || text->startsWith(QLatin1String("keys that")) || text->isEmpty() != done)
+        return Wrong;
+    return done ? Accepted : isBadEnd(error.message) ? Stopped : Refused;
+}
+
+/// What came of all mutants of a file.
 struct Totals
 {
-    int accepted = 0;
-    int refused = 0;
-    int crashed = 0;
+    int counts[4] = {0, 0, 0, 0};
+    int failures = 0;
     qint64 longest = 0;
     unsigned slowest = 0;
+    long megabytes = 0;
 };
 
-void runOne(const VxImportWorker &worker, const QString &file, unsigned seed, Totals *totals)
+void runOne(const QString &file, unsigned seed, Totals *totals)
 {
-    VxSceneContents contents;
-    VxImportReport report;
-    VxFileError error;
     QElapsedTimer timer;
     timer.start();
-    const bool done = worker.run(file, {}, {}, &contents, &report, &error);
-    if (timer.elapsed() > totals->longest) {
-        totals->longest = timer.elapsed();
+    std::fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        QString text;
+        const Outcome outcome = importOne(file, &text);
+        if (outcome >= Stopped)
+            std::printf("seed %u: %s\n", seed, qPrintable(text));
+        std::fflush(stdout);
+        // The importer's memory counts as this process's.
+        rusage own{};
+        rusage below{};
+        getrusage(RUSAGE_SELF, &own);
+        getrusage(RUSAGE_CHILDREN, &below);
+        const long most = std::max(own.ru_maxrss, below.ru_maxrss) / 1024;
+        if (most > MaxMegabytes)
+            std::printf("seed %u: %ld MB\n", seed, most);
+        std::fflush(stdout);
+        _exit(most > MaxMegabytes ? Wrong : outcome);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    const qint64 elapsed = timer.elapsed();
+    if (elapsed > totals->longest) {
+        totals->longest = elapsed;
         totals->slowest = seed;
     }
-    ++(done ? totals->accepted : totals->refused);
-    const bool isBadEnd =
-        !done && (error.message.contains(QLatin1String("crashed")) ||
-                  error.message.contains(QLatin1String("stopped")) ||
-                  error.message.contains(QLatin1String("memory")) ||
-                  error.message.contains(QLatin1String("answer")) || error.message.isEmpty());
-    if (!isBadEnd)
-        return;
-    ++totals->crashed;
-    std::printf("seed %u: %s\n", seed, qPrintable(error.text()));
+    const int outcome = WIFEXITED(status) ? WEXITSTATUS(status) : int(Wrong);
+    if (!WIFEXITED(status))
+        std::printf("seed %u: the program crashed (signal %d)\n", seed, WTERMSIG(status));
+    if (elapsed > MaxMilliseconds)
+        std::printf("seed %u: %lld ms\n", seed, static_cast<long long>(elapsed));
+    ++totals->counts[qBound(0, outcome, 3)];
+    totals->failures += outcome == Wrong || elapsed > MaxMilliseconds;
+}
+
+int runFile(const QString &name, unsigned count)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "%s cannot be read\n", qPrintable(name));
+        return 1;
+    }
+    const QByteArray whole = file.readAll();
+    const QTemporaryDir dir;
+    const QString mutantName = dir.filePath(QStringLiteral("mutant.") + QFileInfo(name).suffix());
+    Totals totals;
+    for (unsigned seed = 0; seed < count; ++seed) {
+        const QByteArray bytes = VxFileMutations::mutant(whole, seed);
+        QFile mutant(mutantName);
+        if (!mutant.open(QIODevice::WriteOnly) || mutant.write(bytes) != bytes.size())
+            return 1;
+        mutant.close();
+        runOne(mutantName, seed, &totals);
+    }
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    std::printf(
+        "%s: %u mutants, %d accepted, %d refused, %d of the importer stopped or crashed, %d "
+        "failures; longest %lld ms (seed %u); most memory so far %ld MB\n",
+        qPrintable(QFileInfo(name).fileName()), count, totals.counts[Accepted],
+        totals.counts[Refused], totals.counts[Stopped], totals.failures,
+        static_cast<long long>(totals.longest), totals.slowest, usage.ru_maxrss / 1024);
+    std::fflush(stdout);
+    return totals.failures;
 }
 
 } // namespace
@@ -115,35 +199,12 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    QFile file(arguments.value(2));
-    if (arguments.size() < 4 || !file.open(QIODevice::ReadOnly)) {
-        std::fputs("soak_import IMPORTER FILE COUNT [FIRST-SEED]\n", stderr);
+    if (arguments.size() < 3) {
+        std::fputs("soak_import COUNT FILE...\n", stderr);
         return 2;
     }
-    const QByteArray whole = file.readAll();
-    const unsigned first = arguments.value(4).toUInt();
-    const unsigned count = arguments.at(3).toUInt();
-    const QTemporaryDir dir;
-    const QString name = dir.filePath(QStringLiteral("mutant.") + QFileInfo(file).suffix());
-    VxImportWorker worker;
-    worker.setProgram(arguments.at(1));
-    Totals totals;
-    for (unsigned seed = first; seed < first + count; ++seed) {
-        Random random(seed);
-        QByteArray bytes = whole;
-        for (int i = 1 + below(random, 4); i > 0; --i)
-            mutate(bytes, random);
-        QFile mutant(name);
-        if (!mutant.open(QIODevice::WriteOnly) || mutant.write(bytes) != bytes.size())
-            return 2;
-        mutant.close();
-        runOne(worker, name, seed, &totals);
-    }
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    std::printf("%d accepted, %d refused, %d of them by a bad end; longest %lld ms (seed %u); "
-                "most memory %ld MB\n",
-                totals.accepted, totals.refused, totals.crashed,
-                static_cast<long long>(totals.longest), totals.slowest, usage.ru_maxrss / 1024);
-    return totals.crashed > 0 ? 1 : 0;
+    int failures = 0;
+    for (int i = 2; i < arguments.size(); ++i)
+        failures += runFile(arguments.at(i), arguments.at(1).toUInt());
+    return failures > 0 ? 1 : 0;
 }

@@ -161,7 +161,8 @@ void tst_Collada::brokenDocuments_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<QString>("reason");
     QTest::newRow("nothing") << QByteArray() << 1 << "broken";
-    QTest::newRow("another format") << QByteArray("<html>\n</html>") << 2 << "not a COLLADA document";
+    QTest::newRow("another format")
+        << QByteArray("<html>\n</html>") << 2 << "not a COLLADA document";
     QTest::newRow("cut off") << document().left(700) << 6 << "broken";
     QTest::newRow("an element that is not closed")
         << document().replace("</node></node>", "</node>") << 11 << "broken";

@@ -4,24 +4,17 @@
 #include "gltfsample.h"
 #include "io/gltf/vxgltfreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
 #include <cmath>
-#include <random>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
 namespace {
-
-using Random = std::mt19937;
-
-int below(Random &random, int limit)
-{
-    return int(random() % unsigned(qMax(1, limit)));
-}
 
 /// Two figures of joints with rotations, positions and weights in every interpolation.
 QByteArray sampleFile()
@@ -46,44 +39,6 @@ QByteArray sampleFile()
     sample.animate(1, 2, "weights", "STEP", times,
                    sample.floats({0, 1, 0.5f, 0.5f, 1, 0}, "SCALAR", 1));
     return QJsonDocument(sample.json()).toJson(QJsonDocument::Compact);
-}
-
-/// Replaces a number of the text, or of the binary data behind it, by another one.
-void plantNumber(QByteArray &bytes, Random &random)
-{
-    static const char *const numbers[] = {"-1",  "0",     "1e999", "99999999999", "4294967295",
-                                          "1e9", "-2.5",  "null",  "true",        "[]",
-                                          "{}",  "\"a\"", "3",     "2147483647",  "1e-300"};
-    for (int at = below(random, bytes.size()); at < bytes.size(); ++at) {
-        if (bytes.at(at) < '0' || bytes.at(at) > '9')
-            continue;
-        int end = at;
-        while (end < bytes.size() && bytes.at(end) >= '0' && bytes.at(end) <= '9')
-            ++end;
-        bytes.replace(at, end - at, numbers[below(random, 15)]);
-        return;
-    }
-}
-
-void mutate(QByteArray &bytes, Random &random)
-{
-    const int at = below(random, bytes.size());
-    switch (random() % 6) {
-    case 0:
-        bytes[at] = char(bytes.at(at) ^ (1 << below(random, 8)));
-        break;
-    case 1:
-        bytes.remove(at, 1 + below(random, 40));
-        break;
-    case 2:
-        bytes.insert(at, bytes.mid(below(random, bytes.size()), 1 + below(random, 100)));
-        break;
-    case 3:
-        bytes.truncate(at);
-        break;
-    default:
-        plantNumber(bytes, random);
-    }
 }
 
 /// Keys of all nodes: sorted and finite.
@@ -128,10 +83,7 @@ void tst_GltfMutations::damagedFilesGiveKeysOrAMessage()
     int accepted = 0;
     int refused = 0;
     for (unsigned seed = 0; seed < 600; ++seed) {
-        Random random(seed);
-        QByteArray bytes = whole;
-        for (int i = 1 + below(random, 3); i > 0 && !bytes.isEmpty(); --i)
-            mutate(bytes, random);
+        const QByteArray bytes = VxFileMutations::mutant(whole, seed);
         QElapsedTimer timer;
         timer.start();
         VxImportedMotion motion;

@@ -3,6 +3,7 @@
 #include "io/csv/vxcsvexport.h"
 #include "io/csv/vxcsvreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -424,21 +425,9 @@ void tst_VxCsv::damagedFilesGiveKeysOrAMessage()
     makeScene(m_scene.data(), 5);
     m_range = {0, 10 * Step};
     const QByteArray sources[] = {written(false), written(true)};
-    static const char *const planted[] = {"\"",  ",",  "\n",    "-",  "1e308",
-                                          "nan", "\\", "node:", "\0x"};
     int accepted = 0;
     for (unsigned seed = 0; seed < 600; ++seed) {
-        Random random(seed);
-        QByteArray bytes = sources[seed % 2];
-        for (int i = int(random() % 3); i >= 0; --i) {
-            const int at = int(random() % unsigned(bytes.size()));
-            if (random() % 3 == 0)
-                bytes[at] = char(random());
-            else if (random() % 2)
-                bytes.insert(at, planted[random() % 9]);
-            else
-                bytes.remove(at, int(random() % 30));
-        }
+        const QByteArray bytes = VxFileMutations::mutant(sources[seed % 2], seed);
         VxImportedMotion motion;
         VxFileError error;
         const bool done = vxReadCsv(bytes, {}, &motion, &error);
