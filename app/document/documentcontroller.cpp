@@ -36,7 +36,7 @@ DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
 }
 
 bool DocumentController::open(const QString &fileName, const VxMotionBuildOptions &options,
-                              const VxImportChoices &choices)
+                              const VxImportChoices &choices, const ImportChooser &chooser)
 {
     // Events are processed while the progress is shown: a second file must wait for its turn.
     if (m_isBusy)
@@ -45,31 +45,43 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
     m_scene->pause();
     QString summary;
     VxFileError error;
-    LoadProgress progress(*m_messages, tr("Opening %1...").arg(nameOf(fileName)));
+    VxMotionImport import(m_scene);
+    import.setReplacesScene(true);
+    import.setOptions(options);
+    const bool isMotion = m_formats.isMotion(fileName);
     const bool isRead =
-        m_formats.isMotion(fileName)
-            ? readMotion(fileName, options, choices, progress.function(), &summary, &error)
-            : m_formats.read(fileName, m_scene, progress.function(), &summary, &error);
+        isMotion ? enterMotion(&import, fileName, tr("Opening %1..."), choices, chooser, &error)
+                 : readScene(fileName, &summary, &error);
     if (!isRead)
         return report(error, tr("Opening was cancelled."));
-    setDocument(QFileInfo(fileName).absoluteFilePath(), summary);
-    m_messages->showStatus(summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : summary);
+    setDocument(QFileInfo(fileName).absoluteFilePath(), isMotion ? import.getSummary() : summary);
+    m_messages->showStatus(m_summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : m_summary);
     return true;
 }
 
-/** A motion file in place of the scene. */
-bool DocumentController::readMotion(const QString &fileName, const VxMotionBuildOptions &options,
-                                    const VxImportChoices &choices, const VxFileProgress &progress,
-                                    QString *summary, VxFileError *error)
+bool DocumentController::readScene(const QString &fileName, QString *summary, VxFileError *error)
 {
-    VxMotionImport import(m_scene);
-    import.setProgress(progress);
-    import.setReplacesScene(true);
-    import.setOptions(options);
-    if (!import.load(fileName, error) || !import.enter(choices, error))
+    LoadProgress progress(*m_messages, tr("Opening %1...").arg(nameOf(fileName)));
+    return m_formats.read(fileName, m_scene, progress.function(), summary, error);
+}
+
+/** Loads a motion file, asks how it is imported and lets it enter the scene. */
+bool DocumentController::enterMotion(VxMotionImport *import, const QString &fileName,
+                                     const QString &title, const VxImportChoices &choices,
+                                     const ImportChooser &chooser, VxFileError *error)
+{
+    {
+        LoadProgress progress(*m_messages, title.arg(nameOf(fileName)));
+        import->setProgress(progress.function());
+        if (!import->load(fileName, error))
+            return false;
+        import->setProgress({});
+    }
+    VxImportChoices chosen = choices;
+    error->cancelled = chooser && !chooser(import, fileName, &chosen);
+    if (error->cancelled || !import->enter(chosen, error))
         return false;
-    m_report = import.report();
-    *summary = import.getSummary();
+    m_report = import->report();
     return true;
 }
 
@@ -152,18 +164,8 @@ bool DocumentController::importMotion(const QString &fileName, const VxMotionBui
     VxFileError error;
     VxMotionImport import(m_scene);
     import.setOptions(options);
-    VxImportChoices chosen = choices;
-    {
-        LoadProgress progress(*m_messages, tr("Importing %1...").arg(nameOf(fileName)));
-        import.setProgress(progress.function());
-        if (!import.load(fileName, &error))
-            return report(error, tr("The import was cancelled."));
-        import.setProgress({});
-    }
-    error.cancelled = chooser && !chooser(&import, fileName, &chosen);
-    if (error.cancelled || !import.enter(chosen, &error))
+    if (!enterMotion(&import, fileName, tr("Importing %1..."), choices, chooser, &error))
         return report(error, tr("The import was cancelled."));
-    m_report = import.report();
     m_scene->selectAllNodes(false);
     for (VxNode *root : import.getRoots())
         root->select();

@@ -29,10 +29,16 @@ public:
                        QObject *parent = nullptr,
                        const VxFileFormats &formats = VxFileFormats::standard());
 
-    /// Opens a file in place of the scene, without asking for changes that are not saved. False
-    /// when it could not be read or the user cancelled.
+    /// How motion is imported; asked after a file was read and before it enters the scene. It may
+    /// load the file again with other options. False cancels the import.
+    using ImportChooser =
+        std::function<bool(VxMotionImport *import, const QString &fileName, VxImportChoices *)>;
+
+    /// Opens a file in place of the scene, without asking for changes that are not saved; options,
+    /// choices and chooser are for motion files. False when it could not be read or the user
+    /// cancelled.
     bool open(const QString &fileName, const VxMotionBuildOptions &options = {},
-              const VxImportChoices &choices = {});
+              const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
     /// Writes the scene into a file, which becomes the document's. Asks before it replaces what
     /// somebody else has written since the document was opened or saved. False when nothing was
     /// written. In the middle of a gesture the document counts as changed afterwards, too.
@@ -43,11 +49,6 @@ public:
     /// fileName: where it was kept before; empty for none. False with the reason, which must not
     /// be null and is not shown.
     bool recover(const QString &copy, const QString &fileName, VxFileError *error);
-
-    /// How motion is imported; asked after a file was read and before it enters the scene. It may
-    /// load the file again with other options. False cancels the import.
-    using ImportChooser =
-        std::function<bool(VxMotionImport *import, const QString &fileName, VxImportChoices *)>;
 
     /// Adds the nodes of a motion file to the scene and selects the top ones: one entry of the
     /// history. Without a chooser nothing is asked. False when it could not be read or the user
@@ -86,9 +87,10 @@ private:
     void setDocument(const QString &fileName, const QString &summary);
     bool mayOverwrite(const QString &fileName) const;
     void markSaved();
-    bool readMotion(const QString &fileName, const VxMotionBuildOptions &options,
-                    const VxImportChoices &choices, const VxFileProgress &progress,
-                    QString *summary, VxFileError *error);
+    bool enterMotion(VxMotionImport *import, const QString &fileName, const QString &title,
+                     const VxImportChoices &choices, const ImportChooser &chooser,
+                     VxFileError *error);
+    bool readScene(const QString &fileName, QString *summary, VxFileError *error);
     bool report(const VxFileError &error, const QString &cancelled);
 
     VxScene *const m_scene;

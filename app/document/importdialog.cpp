@@ -68,12 +68,13 @@ QWidget *ImportDialog::makeChoices()
     layout->addWidget(m_animation);
     m_startsAtZero =
         addChoice(QStringLiteral("importStartsAtZero"), tr("Move the first key to time 0"), group);
-    // BVH motion begins at 0 and has one animation.
+    // BVH motion begins at 0 and has no animations to choose from.
     m_startsAtZero->setVisible(m_animation->count() > 1);
     m_snapsToFrames =
         addChoice(QStringLiteral("importSnapsToFrames"), tr("Snap keys to frames"), group);
     m_matchesRate = addChoice(QStringLiteral("importMatchesRate"),
                               tr("Set the scene to the file's frame rate"), group);
+    m_matchesRate->setVisible(!m_import->setsRate());
     m_rotationsOnly = addChoice(QStringLiteral("importRotationsOnly"), tr("Rotations only"), group);
     connect(m_animation, QOverload<int>::of(&QComboBox::activated), this,
             &ImportDialog::readAnimation);

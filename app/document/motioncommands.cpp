@@ -1,6 +1,5 @@
 #include "document/motioncommands.h"
 
-#include "document/documentcontroller.h"
 #include "document/exportdialog.h"
 #include "document/importdialog.h"
 #include "document/savefiledialog.h"
@@ -29,16 +28,24 @@ void MotionCommands::importWithDialog(const QString &folder)
         importFile(file);
 }
 
+/** In a run without a user nothing is asked. */
+DocumentController::ImportChooser MotionCommands::chooser() const
+{
+    if (m_messages->isConsole())
+        return {};
+    return [this](VxMotionImport *import, const QString &file, VxImportChoices *choices) {
+        return ImportDialog::ask(m_messages->window(), import, file, choices);
+    };
+}
+
 void MotionCommands::importFile(const QString &fileName)
 {
-    // BVH motion has nothing to choose from: one animation, on frames, of which all is imported.
-    const bool isPlain = fileName.endsWith(QLatin1String(".bvh"), Qt::CaseInsensitive);
-    DocumentController::ImportChooser chooser;
-    if (!isPlain && !m_messages->isConsole())
-        chooser = [this](VxMotionImport *import, const QString &file, VxImportChoices *choices) {
-            return ImportDialog::ask(m_messages->window(), import, file, choices);
-        };
-    m_document->importMotion(fileName, {}, {}, chooser);
+    m_document->importMotion(fileName, {}, {}, chooser());
+}
+
+void MotionCommands::openFile(const QString &fileName)
+{
+    m_document->open(fileName, {}, {}, chooser());
 }
 
 void MotionCommands::showReport() const

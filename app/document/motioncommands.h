@@ -1,9 +1,10 @@
 #ifndef MOTIONCOMMANDS_H
 #define MOTIONCOMMANDS_H
 
+#include "document/documentcontroller.h"
+
 #include <QObject>
 
-class DocumentController;
 class UserMessages;
 class VxScene;
 
@@ -21,12 +22,16 @@ public:
     void importWithDialog(const QString &folder);
     /// Adds the nodes of a motion file to the scene, after a dialog with what was found in it.
     void importFile(const QString &fileName);
+    /// Opens a file in place of the scene; a motion file after the same dialog.
+    void openFile(const QString &fileName);
     /// Shows what was found in the motion file that was opened or imported last.
     void showReport() const;
     /// Asks what is exported and for a file. False when nothing was written.
     bool exportWithDialog(const QString &folder);
 
 private:
+    DocumentController::ImportChooser chooser() const;
+
     DocumentController *const m_document;
     const UserMessages *const m_messages;
     VxScene *const m_scene;

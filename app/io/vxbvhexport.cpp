@@ -4,6 +4,7 @@
 #include "io/vxbvhwriter.h"
 
 #include <QCoreApplication>
+#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxskeleton.h>
 
@@ -32,7 +33,13 @@ bool fail(VxFileError *error, const QString &message, bool cancelled = false)
 class VxBvhExport::Private
 {
 public:
-    qint64 numFrames() const { return (qint64(range.getEnd()) - range.getStart()) / step + 1; }
+    double ticksPerFrame() const { return rate > 0.0 ? VxTicksPerSecond / rate : double(step); }
+    /// Half a tick more than the range: its end may be a frame that was rounded down.
+    qint64 numFrames() const
+    {
+        const double span = double(range.getEnd()) - range.getStart();
+        return qint64((span + (rate > 0.0 ? 0.5 : 0.0)) / ticksPerFrame()) + 1;
+    }
     bool checkSize(VxFileError *error) const;
     QVector<VxTime> times() const;
     void tell(const VxBvhDocument &document, int workedOut);
@@ -40,6 +47,7 @@ public:
     const VxSkeleton *skeleton = nullptr;
     VxTimeRange range;
     VxTime step = 1;
+    double rate = 0.0; // 0: that of the step
     VxFileProgress progress;
     QString summary;
 };
@@ -62,7 +70,7 @@ QVector<VxTime> VxBvhExport::Private::times() const
     const auto count = int(numFrames());
     QVector<VxTime> list(count);
     for (int frame = 0; frame < count; ++frame)
-        list[frame] = VxTime(range.getStart() + qint64(frame) * step);
+        list[frame] = VxTime(range.getStart() + std::llround(frame * ticksPerFrame()));
     return list;
 }
 
@@ -70,7 +78,7 @@ void VxBvhExport::Private::tell(const VxBvhDocument &document, int workedOut)
 {
     summary = tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
                   .arg(skeleton->getLabel(), QString::number(document.frameCount),
-                       QString::number(double(VxTicksPerSecond) / step, 'g', 6));
+                       QString::number(VxTicksPerSecond / ticksPerFrame(), 'g', 6));
     if (workedOut > 0)
         summary +=
             QLatin1Char(' ') + tr("Scales and other values that the format does not support were "
@@ -88,6 +96,11 @@ VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, V
 
 VxBvhExport::~VxBvhExport() = default;
 
+void VxBvhExport::setRate(double rate)
+{
+    d->rate = rate;
+}
+
 void VxBvhExport::setProgress(const VxFileProgress &progress)
 {
     d->progress = progress;
@@ -101,7 +114,7 @@ bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
     VxBvhDocument sampled;
     sampled.joints = sampler.joints();
     sampled.frameCount = int(d->numFrames());
-    sampled.frameTime = double(d->step) / VxTicksPerSecond;
+    sampled.frameTime = d->ticksPerFrame() / VxTicksPerSecond;
     if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
         return fail(error, tr("The export was cancelled."), true);
     d->tell(sampled, sampler.numWorkedOut());

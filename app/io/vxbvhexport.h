@@ -25,6 +25,9 @@ public:
     VxBvhExport(const VxBvhExport &) = delete;
     VxBvhExport &operator=(const VxBvhExport &) = delete;
 
+    /// Samples at a rate (frames per second, up to 4800) that is no whole number of ticks a frame
+    /// instead: each frame at the nearest tick of its true time.
+    void setRate(double rate);
     /// Watches and cancels; 0 to 100 over sampling and writing.
     void setProgress(const VxFileProgress &progress);
 

@@ -168,7 +168,7 @@ void StudioWindow::openWithDialog()
         QFileDialog::getOpenFileName(this, tr("Open"), startFolder(),
                                      m_document->formats().readFilters().join(QLatin1String(";;")));
     if (!file.isEmpty())
-        m_document->open(file);
+        m_motion->openFile(file);
 }
 
 void StudioWindow::openAfterAsking(const QString &fileName)
@@ -307,8 +307,8 @@ void StudioWindow::takeDroppedFile(const QString &fileName)
     auto arrival = UserMessages::Arrival::Open;
     if (vxApp->getScene()->getNumNodes() > 0 && m_document->formats().isMotion(fileName))
         arrival = m_messages->askHowToOpen(QFileInfo(fileName).fileName());
-    if (arrival == UserMessages::Arrival::Open)
-        openAfterAsking(fileName);
+    if (arrival == UserMessages::Arrival::Open && mayDiscard())
+        m_motion->openFile(fileName);
     else if (arrival == UserMessages::Arrival::Import)
         m_motion->importFile(fileName);
 }

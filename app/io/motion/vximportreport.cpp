@@ -79,6 +79,11 @@ struct JsonInput
 
 } // namespace
 
+bool VxImportReport::isRateKept() const
+{
+    return sourceRate > 0.0 && qAbs(sourceRate - sceneRate()) > 1e-6 * sourceRate;
+}
+
 QJsonObject VxImportReport::toJson() const
 {
     QJsonObject object;
@@ -86,6 +91,7 @@ QJsonObject VxImportReport::toJson() const
         object.insert(QLatin1String(name), QJsonValue(value));
     });
     object.insert(QStringLiteral("sceneRate"), sceneRate());
+    object.insert(QStringLiteral("rateKept"), isRateKept());
     object.insert(QStringLiteral("upAxis"), QString(QLatin1Char(upAxis)));
     object.insert(QStringLiteral("clips"), clipsOf(*this));
     object.insert(QStringLiteral("notes"), QJsonArray::fromStringList(notes));
@@ -128,10 +134,10 @@ QString VxImportReport::summary() const
                        .arg(QString::number(nodes), QString::number(bones),
                             QString::number(channels), QString::number(keysAfter));
     if (sourceRate > 0.0)
-        text += QLatin1Char(' ') + (qAbs(sourceRate - sceneRate()) < 1e-6
-                                        ? tr("%1 frames per second.").arg(number(sourceRate))
-                                        : tr("The file has %1 frames per second, the scene %2.")
-                                              .arg(number(sourceRate), number(sceneRate())));
+        text += QLatin1Char(' ') + (isRateKept()
+                                        ? tr("The file has %1 frames per second, the scene %2.")
+                                              .arg(number(sourceRate), number(sceneRate()))
+                                        : tr("%1 frames per second.").arg(number(sourceRate)));
     int left = 0;
     for (const VxMotionOmission &omission : omissions)
         left += omission.count;
@@ -154,7 +160,10 @@ QStringList VxImportReport::lines() const
                                           ? tr("%1 (by its keys)").arg(number(sourceRate))
                                           : number(sourceRate));
     add(tr("Frame rate of the scene"),
-        tr("%1 (%2 ticks per frame)").arg(number(sceneRate())).arg(step));
+        (isRateKept() ? tr("%1 (%2 ticks per frame); the file's rate is kept with the figure")
+                      : tr("%1 (%2 ticks per frame)"))
+            .arg(number(sceneRate()))
+            .arg(step));
     add(tr("Up axis"),
         isTurned ? tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis)) : tr("Y"));
     add(tr("Unit of length"),

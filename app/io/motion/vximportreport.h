@@ -49,6 +49,9 @@ struct VxImportReport
 
     /// Frames per second of the scene at the step.
     double sceneRate() const { return double(VxTicksPerSecond) / step; }
+    /// True when the file's rate is no whole number of ticks a frame, such as 29.97; the figure
+    /// that enters the scene keeps it then, see vxKeepRate().
+    bool isRateKept() const;
 
     QJsonObject toJson() const;
     static VxImportReport fromJson(const QJsonObject &object);

@@ -2,6 +2,7 @@
 
 #include "io/csv/vxcsvexport.h"
 #include "io/gltf/vxgltfexport.h"
+#include "io/motion/vxkeptrate.h"
 #include "io/vxbvhexport.h"
 
 #include <QCoreApplication>
@@ -82,6 +83,7 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
             tr("A BVH file holds the motion of one figure with a skeleton. Choose a figure, "
                "or another file type."));
     VxBvhExport out(figure, range, scene->getTimeStep());
+    out.setRate(vxKeptRate(figure, scene->getTimeStep()));
     return run(out, fileName, progress, summary, error);
 }
 

@@ -1,5 +1,6 @@
 #include "io/motion/vxmotionimport.h"
 
+#include "io/motion/vxkeptrate.h"
 #include "io/motion/vxmotionentry.h"
 #include "io/vxbvhfigure.h"
 #include "io/vxbvhreader.h"
@@ -170,6 +171,11 @@ bool VxMotionImport::loadDocument(const VxBvhDocument &document, const QString &
     return d->build(document, note, fileName, d->progress, error);
 }
 
+bool VxMotionImport::setsRate() const
+{
+    return !d->isBeside();
+}
+
 const VxImportReport &VxMotionImport::report() const
 {
     return d->report;
@@ -186,6 +192,8 @@ bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
         return fail(error, d->report.file, tr("There is nothing to import."));
     const bool isBeside = d->isBeside();
     vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
+    if (d->report.isRateKept())
+        vxKeepRate(d->contents.rootNodes.front().get(), d->report.sourceRate);
     VxMotionEntry entry;
     entry.replacesScene = d->replaces;
     entry.setsRate = choices.matchesRate;

@@ -43,6 +43,10 @@ public:
     bool loadDocument(const VxBvhDocument &document, const QString &note, const QString &fileName,
                       VxFileError *error);
 
+    /// Whether the scene gets the motion's rate whatever the choices are: there is nothing beside
+    /// it.
+    bool setsRate() const;
+
     /// What was found in the file loaded last.
     const VxImportReport &report() const;
     /// What choices would make of it.

@@ -3,6 +3,7 @@
 #include "dialoganswers.h"
 #include "document/exportdialog.h"
 #include "document/figurechoice.h"
+#include "document/importdialog.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhimport.h"
 #include "studiotestbase.h"
@@ -10,8 +11,11 @@
 #include "testing/vxtestmain.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QProgressDialog>
 #include <QStatusBar>
 #include <sys/stat.h>
@@ -60,6 +64,8 @@ private Q_SLOTS:
     void importCanBeUndoneWholly();
     void importOfABrokenFile();
     void importIntoAnEmptyScene();
+    void choicesAreAskedFor_data();
+    void choicesAreAskedFor();
     void droppedMotion_data();
     void droppedMotion();
 
@@ -71,11 +77,21 @@ private:
             qFatal("cannot write %s", name);
         return file.fileName();
     }
-    void importByMenu(const QString &file) const
+    /// With its dialog, unless the file is broken.
+    void importByMenu(
+        const QString &file, bool isGood = true,
+        const std::function<void(ImportDialog *)> &choose = [](ImportDialog *) {},
+        const char *command = "Import Motion...") const
     {
+        const DialogAnswer<ImportDialog> how([&](ImportDialog *dialog) {
+            choose(dialog);
+            dialog->accept();
+            return true;
+        });
         const DialogAnswer<QFileDialog> answer(typeName(file));
-        entry("File", "Import Motion...")->trigger();
+        entry("File", command)->trigger();
         QVERIFY(answer.met());
+        QCOMPARE(how.met(), isGood);
     }
     void exportByMenu(
         const std::function<bool(QFileDialog *)> &where,
@@ -424,7 +440,7 @@ void tst_MotionCommands::importOfABrokenFile()
     const QString file = write("bad.bvh", QByteArray(smallMotion).replace("\n2\n", "\nx\n"));
     QString text;
     const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
-    importByMenu(file);
+    importByMenu(file, false);
     QVERIFY(answer.met());
     QVERIFY2(text.contains("bad.bvh, line 15"), qPrintable(text));
     QCOMPARE(vxScene->getNumNodes(), nodes);
@@ -457,6 +473,50 @@ void tst_MotionCommands::importIntoAnEmptyScene()
     QVERIFY(!window()->isWindowModified());
 }
 
+// What is chosen counts for BVH files, and for files that are opened.
+void tst_MotionCommands::choicesAreAskedFor_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<bool>("hasRate");
+    QTest::newRow("import") << QByteArray("Import Motion...") << true;
+    QTest::newRow("open") << QByteArray("Open...") << false;
+}
+
+void tst_MotionCommands::choicesAreAskedFor()
+{
+    QFETCH(QByteArray, command);
+    QFETCH(bool, hasRate);
+    openSample();
+    importByMenu(
+        write("walk.bvh", smallMotion), true,
+        [hasRate](ImportDialog *dialog) {
+            const auto *text = dialog->findChild<QPlainTextEdit *>("importReport");
+            QVERIFY(text->toPlainText().contains("BVH"));
+            const auto isShown = [dialog](const char *name) {
+                return dialog->findChild<QCheckBox *>(QLatin1String(name))->isVisible();
+            };
+            QCOMPARE(isShown("importMatchesRate"), hasRate);
+            QVERIFY(isShown("importSnapsToFrames") && !isShown("importStartsAtZero"));
+            auto *numbers = dialog->findChild<QLabel *>("importNumbers");
+            QVERIFY2(numbers->text().startsWith("3 keys"), qPrintable(numbers->text()));
+            dialog->findChild<QCheckBox *>("importRotationsOnly")->click();
+            QVERIFY2(numbers->text().contains("3 keys are left out"), qPrintable(numbers->text()));
+        },
+        command.constData());
+    const VxNode *hip = vxScene->getRootNodes().constLast()->getNodeChild(0);
+    QCOMPARE(hip->getXPosControl()->getNumKeys(), 0);
+    QCOMPARE(hip->getXPosControl()->getValue(0), 1.0f);
+    QCOMPARE(window()->document()->displayName().startsWith("walk.bvh"), !hasRate);
+    // A dialog that is closed changes nothing.
+    const int nodes = vxScene->getNumNodes();
+    const DialogAnswer<ImportDialog> none(escape<ImportDialog>());
+    const DialogAnswer<QFileDialog> answer(typeName(folder->filePath("walk.bvh")));
+    vxApp->getUndoStack()->setClean();
+    entry("File", command.constData())->trigger();
+    QVERIFY(none.met());
+    QCOMPARE(vxScene->getNumNodes(), nodes);
+}
+
 void tst_MotionCommands::droppedMotion_data()
 {
     QTest::addColumn<QString>("button");
@@ -480,8 +540,13 @@ void tst_MotionCommands::droppedMotion()
         wanted->click();
         return true;
     });
+    const DialogAnswer<ImportDialog> how([](ImportDialog *dialog) {
+        dialog->accept();
+        return true;
+    });
     QVERIFY(drop(motion));
     QTRY_VERIFY(answer.met());
+    QTRY_VERIFY(how.met() || button.isEmpty());
     QCOMPARE(preferred, QString("ImportButton"));
     if (button == "OpenButton") {
         QTRY_COMPARE(window()->document()->fileName(), motion);

@@ -2,6 +2,7 @@
 
 #include "dialoganswers.h"
 #include "document/documentcontroller.h"
+#include "document/importdialog.h"
 #include "document/recentfiles.h"
 #include "document/recentfilesmenu.h"
 #include "io/vxscenereader.h"
@@ -37,6 +38,12 @@ const QByteArray smallMotion =
     "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
 
 const char realFolder[] = "/usr/share/assimp/models/BVH/";
+
+bool acceptImport(ImportDialog *dialog)
+{
+    dialog->accept();
+    return true;
+}
 
 } // namespace
 
@@ -219,8 +226,10 @@ void tst_StudioDocuments::revertMayBeCancelled()
 void tst_StudioDocuments::droppedFilesAreOpened()
 {
     const QString motion = write("walk.BVH", smallMotion);
+    const DialogAnswer<ImportDialog> how(acceptImport);
     QVERIFY(drop({QUrl::fromLocalFile(motion)}));
     QTRY_COMPARE(window()->document()->fileName(), motion);
+    QVERIFY(how.met());
     QVERIFY(window()->document()->save(m_dir->filePath("walk.vxscene")));
     window()->document()->clear();
     QVERIFY(drop({QUrl::fromLocalFile(m_dir->filePath("walk.vxscene"))}));
@@ -342,9 +351,11 @@ void tst_StudioDocuments::firstHours()
     QFETCH(QString, file);
     QVERIFY2(QFile::exists(file), "the package assimp-testmodels is missing");
     {
+        const DialogAnswer<ImportDialog> how(acceptImport);
         const DialogAnswer<QFileDialog> answer(typeName(file));
         fileEntry("Open...")->trigger();
         QVERIFY(answer.met());
+        QCOMPARE(how.met(), file.endsWith(".bvh"));
     }
     QCOMPARE(window()->document()->fileName(), file);
     QVERIFY(vxScene->getNumNodes() > 10);

@@ -1,6 +1,7 @@
 // The importer process: what it reads, and how its crashes, hangs and limits end.
 
 #include "gltfsample.h"
+#include "io/gltf/vxgltfreader.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/worker/vximportlimits.h"
 #include "io/worker/vximportprotocol.h"
@@ -345,21 +346,39 @@ void tst_VxImportWorker::reportSurvivesJson()
 }
 
 // 400,000 values: the process costs little beside reading them here.
+// 400,000 values: the best of several runs each, as other programs are at work, too.
 void tst_VxImportWorker::costOfTheProcess()
 {
-    const QByteArray text = walkingNodes(100, 1334).text();
-    const QString file = write("large.gltf", text);
-    qint64 best = std::numeric_limits<qint64>::max();
-    for (int i = 0; i < 3; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY2(VxImportWorker().run(file, {}, {}, &m_contents, &m_report, &m_error),
-                 qPrintable(m_error.text()));
-        best = std::min(best, timer.elapsed());
-    }
+    const QString file = write("large.gltf", walkingNodes(100, 1334).text());
+    const auto bestOf = [](const std::function<bool()> &run) {
+        qint64 best = std::numeric_limits<qint64>::max();
+        for (int i = 0; i < 7; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            if (!run())
+                return qint64(-1);
+            best = std::min(best, timer.elapsed());
+        }
+        return best;
+    };
+    const qint64 here = bestOf([&] {
+        QFile source(file);
+        VxImportedMotion motion;
+        return source.open(QIODevice::ReadOnly) &&
+               vxReadGltf(source.readAll(), QString(), {}, &motion, &m_error) &&
+               vxBuildMotion(std::move(motion), {}, {}, &m_contents, &m_report, &m_error);
+    });
+    const qint64 there = bestOf(
+        [&] { return VxImportWorker().run(file, {}, {}, &m_contents, &m_report, &m_error); });
+    QVERIFY2(here >= 0 && there >= 0, qPrintable(m_error.text()));
     QCOMPARE(m_report.keysAfter, qint64(100 * 3 * 1334));
-    qInfo("%lld ms with the process", static_cast<long long>(best));
-    QVERIFY(best < 5000);
+    qInfo("%lld ms in the program, %lld ms by the importer process", static_cast<long long>(here),
+          static_cast<long long>(there));
+#if defined(__SANITIZE_ADDRESS__)
+    QVERIFY(there < here + 5000);
+#else
+    QVERIFY2(there <= here + 100, qPrintable(QString("%1 ms more").arg(there - here)));
+#endif
 }
 
 VX_TEST_GUILESS_MAIN(tst_VxImportWorker)
