@@ -6,16 +6,17 @@
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxsignalguard.h>
 
-/// A command of the application: one object a class, made by the action manager, that menus, tool
-/// bars, shortcuts and scripts trigger.
+/// A command of the application, triggered by menus, tool bars, shortcuts and scripts: one object a
+/// class, created by the action manager.
 ///
 /// A plain action overrides executeAction(), a checkable one toggleAction(bool); QAction's own
 /// triggered(bool) calls the right one. A class that is checkable but exclusive by value (a choice
-/// among several) overrides executeAction() and answers false to isToggle(). It runs after the
-/// check mark has been flipped: a choice made again arrives unchecked, and checks itself.
+/// among several) overrides executeAction() and returns false from isToggle(). It runs after the
+/// check mark has been flipped: a choice made again is unchecked then, and checks itself.
 ///
-/// The object name is the class name. It is given when the action enters the action manager, or at
-/// the first init() or updateInlineHelp(): a constructor of a base does not know the class yet.
+/// The object name is the class name. It is set when the action is added to the action manager, or
+/// at the first init() or updateInlineHelp(): a base class's constructor cannot read the class
+/// name.
 class VXCORE_EXPORT VxAction : public VxSignalGuard<QAction>
 {
     Q_OBJECT
@@ -34,7 +35,7 @@ public:
     void setDescription(const QString &description);
 
     /// Called by the action manager after creation and again whenever a pane is created: reads the
-    /// state of whatever the action acts on. The base only sees to the object name.
+    /// state of the action's target. The base only sets the object name.
     virtual void init();
 
     /// Renews status tip, what's-this text and tool tip from text, description and shortcut.
@@ -43,25 +44,24 @@ public:
     /// The shortcut the action has unless the user chose another, in portable text form such as
     /// "Ctrl+C"; empty for none.
     virtual QString getDefaultAccel() const;
-    /// The tool bar the action stands in by default; empty for none.
+    /// The tool bar that has the action by default; empty for none.
     virtual QString getDefaultToolBar() const;
-    /// The path of the main menu the action stands in by default, parts joined with "/", such as
+    /// The path of the main menu that has the action by default, parts joined with "/", such as
     /// "Animation"; empty for no menu.
     virtual QString getDefaultMenuPath() const;
     /// The group within that menu. "Class::" names a pane; a path of sub-menus starts with "/".
-    /// Actions of one group stand together; empty for no group of its own.
+    /// Actions of one group are adjacent; empty for no group of its own.
     virtual QString getActionGroup() const;
-    /// The place among the entries that come into a menu together: lower ones first, equal ones in
-    /// the order of the actions. Within a group a separator stands between entries of different
-    /// hundreds. 0 unless overridden.
+    /// The sort key among entries added to a menu together: lower ones first, equal ones in the
+    /// order of the actions. Within a group a separator divides entries of different hundreds. 0
+    /// unless overridden.
     virtual int getMenuOrder() const;
-    /// The title of a sub-menu at the action's place, in which it stands together with those of the
-    /// same title and group; empty (unless overridden) for the menu itself. Keeps a long menu
-    /// short.
+    /// The title of a sub-menu that holds the action together with those of the same title and
+    /// group; empty (unless overridden) for the menu itself. Keeps a long menu short.
     virtual QString getMenuFolder() const;
 
-    /// True for an action whose effect goes to the clipboard of the pane that has the focus: it
-    /// asks before it takes a key press from a text field. False unless overridden.
+    /// True for an action on the clipboard of the focused pane: it checks before it takes a key
+    /// press from a text field. False unless overridden.
     virtual bool isClipboardAction() const;
 
 protected:
@@ -70,7 +70,7 @@ protected:
     /// The effect of a toggle, after the check mark has changed to onOff. The base calls
     /// executeAction().
     virtual void toggleAction(bool onOff);
-    /// True when a trigger goes to toggleAction(); the base answers isCheckable().
+    /// True when a trigger calls toggleAction(); the base returns isCheckable().
     virtual bool isToggle() const;
 
 private:

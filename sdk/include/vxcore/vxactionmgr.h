@@ -14,14 +14,14 @@ class VxAction;
 class VxPluginMgr;
 class VxSettings;
 
-/// Owns the one instance of each action class and its shortcut, and keeps the shortcuts of the
-/// application's own commands among them: a key belongs to one of all.
+/// Owns the one instance of each action class and its shortcut, and manages the shortcuts of the
+/// application's own commands too: a key sequence belongs to one of them all.
 ///
-/// A shortcut that is a plain key (an arrow, the space bar, a letter) stays with the widget that
-/// has the focus where that needs it: text fields keep what edits, lists and sliders what moves in
-/// them. A view along a time axis sets its property "vxTimeAxis" to true, and leaves Left, Right,
-/// Home and End to the shortcuts. Of two actions with one shortcut, which only actions made
-/// elsewhere can be, the one of the widget nearest to the focus runs.
+/// A shortcut that is a plain key (an arrow, the space bar, a letter) is left to a focused widget
+/// that uses it: text fields keep editing keys, lists and sliders their navigation keys. A view
+/// along a time axis sets its property "vxTimeAxis" to true, and leaves Left, Right, Home and End
+/// to the shortcuts. Of two actions with one shortcut, which only actions made elsewhere can be,
+/// the one of the widget nearest to the focus runs.
 ///
 /// Actions are created once for the application, from the factories of every registered class
 /// that derives from VxAction. They are found by class name; menus refer to them that way, so a
@@ -37,16 +37,16 @@ public:
     /// order of the factories. Does not call init().
     void createActions(const VxPluginMgr *plugins);
 
-    /// Takes over an action made elsewhere, under its class name, and gives it its default
-    /// shortcut, unless an earlier action has that (a warning tells). False (and the action is not
-    /// taken) when the class has an instance already.
+    /// Takes ownership of an action made elsewhere, under its class name, and gives it its default
+    /// shortcut, unless an earlier action has that (with a warning). False (and the action stays
+    /// the caller's) when the class has an instance already.
     bool addAction(VxAction *action);
 
-    /// Lets a command that is no VxAction, such as an entry of the application's own menus, have a
-    /// shortcut that the user can change, under a name that must not change either. The shortcut it
-    /// has now is its default, unless an earlier one has that (a warning tells). The command stays
-    /// its owner's. False, and nothing happens, for null, an empty name, and a name or command that
-    /// is known already.
+    /// Gives a command that is no VxAction, such as an entry of the application's own menus, a
+    /// shortcut that the user can change. The name is persistent, so it must never change. Its
+    /// current shortcut becomes the default, unless an earlier one has that (with a warning). The
+    /// command stays its owner's. False, and nothing happens, for null, an empty name, and a name
+    /// or command that was added before.
     bool addCommand(const QString &name, QAction *command);
 
     /// Calls init() on every action, in order.
@@ -55,7 +55,7 @@ public:
     /// The action of a class, or null when there is none.
     VxAction *findAction(const QString &className) const;
     int getNumActions() const;
-    /// Null when index lies outside 0 .. getNumActions() - 1.
+    /// Null when index is outside 0 .. getNumActions() - 1.
     VxAction *getAction(int index) const;
     QVector<VxAction *> getActions() const;
 
@@ -64,15 +64,15 @@ public:
     /// The name under which an action or a command has its shortcut; empty for any other.
     QString getCommandName(const QAction *command) const;
 
-    // Below, the name of a command stands wherever a class name does.
+    // Below, `className` can also be the name of a command.
 
     /// The shortcut in force; empty for none or for an unknown class.
     QKeySequence getShortcut(const QString &className) const;
-    /// The one that resetShortcut() gives back; empty for none, for an unknown class and for a
+    /// The shortcut that resetShortcut() restores; empty for none, for an unknown class and for a
     /// default that an earlier action had already.
     QKeySequence getDefaultShortcut(const QString &className) const;
-    /// Gives an action a shortcut of the user's; an empty one takes it away. False for an unknown
-    /// class. A shortcut that another action has is taken from that action.
+    /// Sets the user's shortcut for an action; an empty one removes it. False for an unknown class.
+    /// Another action with that shortcut loses it.
     bool setShortcut(const QString &className, const QKeySequence &shortcut);
     /// Back to the action's default shortcut.
     void resetShortcut(const QString &className);
@@ -81,18 +81,18 @@ public:
     /// The class name of the action that has a shortcut, or an empty string.
     QString findShortcut(const QKeySequence &shortcut) const;
 
-    /// Stores, by class name, only the shortcuts that differ from the defaults; an empty text is
-    /// one that was taken away. Entries of classes that are not there today stay.
+    /// Stores, by class name, only the shortcuts that differ from the defaults; an empty text is a
+    /// removed one. Entries of classes that are not registered stay.
     void saveShortcuts(VxSettings *settings) const;
-    /// Sets what was stored and puts all others back to their defaults. A default that a stored
-    /// shortcut has taken is not given, but a command (see addCommand()) of which nothing is stored
-    /// keeps its own. Returns the class names whose stored shortcut went to another one so, or to
-    /// an earlier one with the same stored; they are sorted.
+    /// Sets the stored shortcuts and resets all others to their defaults. A default that equals a
+    /// stored shortcut is not set, but a command (see addCommand()) without a stored shortcut keeps
+    /// its default. Returns, sorted, the class names that lost their stored shortcut to such a
+    /// command or to an earlier action with the same one.
     QStringList restoreShortcuts(const VxSettings *settings);
 
     /// Fills a menu bar with every action that has a menu path: menus by getDefaultMenuPath(),
-    /// sub-menus by the part of getActionGroup() behind a "/" and by getMenuFolder(), separators
-    /// between groups. Menus that exist already (by title) are extended.
+    /// sub-menus by the part of getActionGroup() after a "/" and by getMenuFolder(), separators
+    /// between groups. Existing menus (by title) are extended.
     void populateMenuBar(QMenuBar *menuBar) const;
 
 Q_SIGNALS:

@@ -15,13 +15,13 @@ class VxSettings;
 class VxStyle;
 class VxUndoStack;
 
-/// The application as a whole: the one object from which everything else is reached.
+/// The application: the root object that gives access to everything else.
 ///
 /// Exactly one exists while the program runs; it sets the global `vxApp` and, with the scene it
 /// owns, `vxScene`. It needs a QApplication, to which it gives its style. The main window is made
-/// by the program and registers itself here; it goes before this object does. At the end the script
-/// engine goes first, then what the history keeps, then the scene, then the history, the plug-in
-/// manager and the settings.
+/// by the program and registers itself here; it is destroyed before this object. At the end the
+/// script engine is destroyed first, then the contents of the history, the scene, the history, the
+/// plug-in manager and the settings.
 class VXCORE_EXPORT VxApp : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     ~VxApp() override;
 
     /// The product's name, "VxStudio" unless the program set another. Static, because plug-ins
-    /// ask for it while they are being loaded.
+    /// read it while they are being loaded.
     static QString getAppName();
     static void setAppName(const QString &name);
 
@@ -39,16 +39,16 @@ public:
     VxUndoStack *getUndoStack() const;
     VxKeySelection *getKeySelection() const;
     VxSettings *getSettings() const;
-    /// It knows the host's own panes and actions from the beginning.
+    /// Has the host's own panes and actions from the beginning.
     VxPluginMgr *getPluginMgr() const;
-    /// Made at the first call, with everything registered; classes of plug-ins that are loaded
-    /// later are added by themselves.
+    /// Created at the first call, with everything registered; classes of plug-ins loaded later are
+    /// added automatically.
     VxScriptEngine *getScriptEngine() const;
 
     /// The style in use, owned by QApplication; null only without a QApplication.
     VxStyle *getStyle() const;
-    /// Takes over a style, makes it QApplication's, with its palette, and emits styleChanged(). The
-    /// former style is deleted. Null and the style in use are ignored.
+    /// Takes ownership of a style, sets it and its palette on QApplication, and emits
+    /// styleChanged(). The former style is deleted. Null and the style in use are ignored.
     void setStyle(VxStyle *style);
 
     /// The main window, or null while there is none. Not owned.
@@ -57,7 +57,7 @@ public:
     /// The widget to give to dialogs as their parent: the main window; may be null.
     QWidget *getDialogParent() const;
 
-    /// True from the moment the program begins to shut down, at the latest when this object goes.
+    /// True once the program begins to shut down, at the latest in this object's destructor.
     /// Deferred work is skipped then.
     bool isClosing() const;
     /// True once starting() has been emitted.
@@ -78,7 +78,7 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/// The application object; null before it is made and after it is gone.
+/// The application object; null before its construction and after its destruction.
 extern VXCORE_EXPORT VxApp *vxApp;
 
 #endif

@@ -3,7 +3,7 @@
 
 #include <vxcore/vxnode.h>
 
-/// A node of a figure's skeleton. It lies from its origin to its end point.
+/// A node of a figure's skeleton. The bone reaches from its origin to its end point.
 class VXCORE_EXPORT VxBone : public VxNode
 {
     Q_OBJECT

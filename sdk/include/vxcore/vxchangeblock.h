@@ -10,18 +10,18 @@ class VxTimeRange;
 /// union of the changed times, when the outermost block ends, in the order of their first changes.
 ///
 /// The changes themselves take effect at once. A property destroyed within the block reports
-/// nothing. What a report's receiver changes in turn is reported at once.
+/// nothing. Changes made by a report's receiver are reported at once.
 class VXCORE_EXPORT VxChangeBlock
 {
 public:
     VxChangeBlock();
     ~VxChangeBlock();
 
-    /// True while any block lives.
+    /// True while any block exists.
     static bool isActive();
-    /// True while a property changed whose report has not been sent yet: within a block after the
-    /// first change, and at its end until the last report is out. Whatever was worked out from keys
-    /// and is kept until a report must not be trusted meanwhile; compare VxProperty::keyRevision().
+    /// True while a report is pending: within a block after the first change, and at its end until
+    /// the last report is sent. Meanwhile, caches that reports invalidate must not be trusted;
+    /// compare VxProperty::keyRevision().
     static bool hasUnsentReports();
 
 private:

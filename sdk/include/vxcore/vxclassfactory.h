@@ -31,14 +31,14 @@ public:
     /// cannot be created.
     virtual QObject *createInstance() const = 0;
 
-    /// A second way to the same: forwards to createInstance() unless overridden.
+    /// An alias for scripts' use: forwards to createInstance() unless overridden.
     virtual QObject *createDefaultInstance() const;
 
-    /// Makes the class known to a script engine. The base implementation remembers the engine's
-    /// registration in the engine's list of host classes; subclasses add the constructor.
+    /// Registers the class with a script engine. The base implementation adds it to the engine's
+    /// list of host classes; subclasses add the constructor.
     virtual void registerClass(QScriptEngine *engine) const;
 
-    /// The class name as the meta-object tells it, such as "VxTimePane".
+    /// The class name from the meta-object, such as "VxTimePane".
     QString className() const;
     const QMetaObject *metaObject() const;
     VxGuid guid() const;

@@ -11,7 +11,7 @@
 /// curves.
 ///
 /// The segment to the right has the given type; a smooth one (VxKeyInterp::Tcb) is the cubic Bezier
-/// curve whose handles lie at the weighted part of the segment's span, on the tangents:
+/// curve whose handles are on the tangents, at the weighted part of the segment's span:
 ///     (time, value), (time + w span, value + w span slope), ... With both weights at 1/3, the
 /// usual case, that is the cubic Hermite segment.
 struct VxCurvePoint
@@ -25,14 +25,14 @@ struct VxCurvePoint
     quint8 type = VxKeyInterp::Tcb; ///< type of the segment on the right
 };
 
-/// Keys that a fit found, as arrays of equal length.
+/// The keys of a fit, as arrays of equal length.
 struct VXCORE_EXPORT VxFittedKeys
 {
     std::vector<VxTime> times; ///< ticks, strictly ascending
     std::vector<float> values;
     std::vector<quint8> types; ///< a VxKeyInterp::Type a key
     std::vector<VxTcb> tcb;    ///< empty where all are zero
-    /// The largest distance from what was given, measured on the keys as they are here.
+    /// The largest distance from the input, measured on these keys.
     double error = 0;
 
     /// The arrays for VxFloatProperty::setKeys(); valid as long as nothing here changes.
@@ -45,9 +45,9 @@ struct VXCORE_EXPORT VxFittedKeys
 /// Every point becomes a key. A key's tangents are expressed by tension, continuity and bias
 /// (Kochanek and Bartels, Interpolating Splines with Local Tension, Continuity, and Bias Control,
 /// 1984), with the bias at 0 wherever that gives a usual range of the other two. Where they cannot
-/// be (tangents that are not level between keys of one value, unequal handle weights) keys are
-/// added, each at the largest remaining distance. A linear segment right after a smooth one becomes
-/// a smooth one of the same straight shape: a key shapes the segment on its left only if it is TCB.
+/// be (sloping tangents between keys of one value, unequal handle weights) keys are added, each at
+/// the largest remaining distance. A linear segment right after a smooth one becomes a smooth one
+/// of the same straight shape: a key shapes the segment on its left only if it is TCB.
 ///
 /// Points have strictly ascending times and finite numbers. An error below the rounding of the
 /// values to single precision, or NaN, counts as that rounding; keys may then be added up to one a
@@ -79,9 +79,9 @@ struct VxRotationSamples
     VxRotationOrder order = VxRotationOrder::XYZ;
 };
 
-/// The same for the three angles of a rotation at once: all have keys at the same times, and
-/// `error` is the angle in degrees between the sampled and the resulting rotation. Each of the
-/// results states the joint error.
+/// The same for the three angles of a rotation together: all have keys at the same times, and
+/// `error` is the angle in degrees between the sampled and the resulting rotation. Each result
+/// states the joint error.
 VXCORE_EXPORT std::array<VxFittedKeys, 3> vxReduceRotation(const VxRotationSamples &samples,
                                                            VxKeyInterp::Type type, double error);
 

@@ -7,10 +7,10 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// Two widgets with a bar between them that can be dragged. What is remembered is the first
-// widget's share of the room, a ratio: it survives resizing, hiding the second widget and showing
-// it again, and limits of the widgets that only bite at some sizes. A double click on the bar
-// gives both widgets half. The widgets become children of the divider.
+// Two widgets with a draggable bar between them. The stored state is a ratio, the first widget's
+// share of the space: it survives resizing, hiding and showing the second widget, and size limits
+// of the widgets that apply only at some sizes. A double click on the bar gives both widgets half.
+// The widgets become children of the divider.
 class VXCORE_EXPORT VxDynamicDividerWgt : public QWidget
 {
     Q_OBJECT
@@ -24,8 +24,8 @@ public:
     Q_ENUM(BarStyle)
 
     // Qt::Vertical puts the first widget above the second, Qt::Horizontal beside it. `name`
-    // becomes the object name; the bar is named after it with "Bar" at the end. Null for a widget
-    // leaves its place empty.
+    // becomes the object name, with "Bar" appended that of the bar. Null for a widget leaves its
+    // side empty.
     VxDynamicDividerWgt(QWidget *first, QWidget *second, QWidget *parent = nullptr,
                         Qt::Orientation orientation = Qt::Vertical, const QString &name = QString(),
                         BarStyle barStyle = GripBar);
@@ -37,10 +37,10 @@ public:
     Qt::Orientation orientation() const;
     BarStyle barStyle() const;
 
-    // The room around everything, in pixels; initially 0, negative values count as 0.
+    // The margin around everything, in pixels; initially 0, negative values count as 0.
     void setMargin(int margin);
     int margin() const;
-    // The room on either side of the bar, in pixels; initially 0, negative values count as 0.
+    // The space on either side of the bar, in pixels; initially 0, negative values count as 0.
     void setSpacing(int spacing);
     int spacing() const;
 
@@ -51,8 +51,8 @@ public:
     void setBarHidden(bool hidden);
     bool isBarHidden() const;
 
-    // The first widget's share of the room for both, 0 to 1; initially one half. Values outside
-    // are clamped; one that is no number is refused with a warning.
+    // The first widget's share of the space for both, 0 to 1; initially one half. Values outside
+    // are clamped; NaN is refused with a warning.
     void setRatio(double ratio);
     double ratio() const;
     // The lengths of both widgets along the split as laid out now, in pixels; 0 for a hidden one.

@@ -11,7 +11,7 @@
 class VxProperty;
 class VxPropertyGroupTree;
 
-/// Something that has properties: a node, a node's object, a morph.
+/// Base of everything with properties: a node, a node's object, a morph.
 ///
 /// An element owns its properties. They are counted from 0 in the order of adding.
 class VXCORE_EXPORT VxElement : public VxSignalGuard<QObject>
@@ -33,7 +33,7 @@ public:
     void setLabel(const QString &label);
 
     /// The element that this one belongs to: the node of an object, the object of a sub-element.
-    /// Null when it belongs to none, and for nodes.
+    /// Null without one, and for nodes.
     VxElement *getOwnerElement() const;
 
     Q_INVOKABLE int getNumProperties() const;
@@ -42,25 +42,25 @@ public:
     /// The element's own property of that name, or null.
     Q_INVOKABLE VxProperty *findProperty(const QString &name) const;
     /// The properties that exist as objects, in their order. A node makes each of its transform
-    /// controls when it is first asked for; until then the control counts in getNumProperties(),
-    /// has its default value and traits, and has no keys. Code that looks for keys, or for anything
-    /// that differs from the defaults, uses this list: getProperty() would make what is missing.
+    /// controls at its first access; until then the control counts in getNumProperties(), has its
+    /// default value and traits, and has no keys. For code that searches keys, or anything that
+    /// differs from the defaults: getProperty() would create the missing controls.
     QVector<VxProperty *> getMadeProperties() const;
 
     /// Takes ownership and appends. path is the group path, see VxProperty::getPath(). Returns
     /// the property, or null, with a warning, when the property is null, has an owner or a name
-    /// that is taken: it then stays the caller's. Recorded for undo while a hold is open and the
+    /// already in use: it then stays the caller's. Recorded for undo while a hold is open and the
     /// element is in a scene.
     VxProperty *addProperty(VxProperty *property, const QString &path);
     /// Removes a property, after propertyRemoved(): while a hold is open and the element is in a
     /// scene the history keeps it, with its keys, for undo; otherwise it is destroyed. False, with
-    /// a warning, when it is not one of the element's own, or one that the element cannot be
-    /// without, such as a node's transform controls.
+    /// a warning, for a property that is not the element's own, or that is a permanent part of it,
+    /// such as a node's transform controls.
     bool removeProperty(VxProperty *property);
 
     /// The properties of the element, and of what belongs to it, by group; see
-    /// VxPropertyGroupTree. Never null; owned by the element and made anew after properties came
-    /// or went: do not keep it.
+    /// VxPropertyGroupTree. Never null; owned by the element and rebuilt after properties were
+    /// added or removed: do not keep it.
     VxPropertyGroupTree *getPropertyGroups() const;
 
 Q_SIGNALS:
@@ -68,7 +68,7 @@ Q_SIGNALS:
     void propertyAdded(VxProperty *property);
     /// property is still alive, but no longer the element's.
     void propertyRemoved(VxProperty *property);
-    /// The element is about to leave the scene, or to be destroyed without having left one.
+    /// The element is about to be removed from the scene, or destroyed without having been removed.
     void aboutToBeRemoved();
 
 protected:
@@ -76,8 +76,8 @@ protected:
     Private *priv() const { return d.get(); }
     /// Further elements whose properties the group tree lists after the element's own.
     virtual QVector<VxElement *> groupedElements() const;
-    /// Forgets the group tree, and those of the elements that this one belongs to. Call it when
-    /// groupedElements() changes; properties that come and go do it by themselves.
+    /// Invalidates the group tree, and those of the elements that this one belongs to. Call it when
+    /// groupedElements() changes; adding and removing properties calls it.
     void invalidatePropertyGroups();
 
 private:

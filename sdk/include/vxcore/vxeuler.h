@@ -42,7 +42,7 @@ VXCORE_EXPORT VxEuler vxEulerAngles(const VxQuaternion &quaternion, VxRotationOr
 
 /// The angles of the same rotation that are nearest to `previous` by the sum of the distances.
 ///
-/// A rotation has two triples of angles but for whole turns: (first, middle, last) and
+/// A rotation has two triples of angles, except for full revolutions: (first, middle, last) and
 /// (first + 180, 180 - middle, last + 180). With the middle angle at +-90 degrees (its cosine below
 /// 1e-6, gimbal lock) first and last rotate about one axis; then the first angle is that of
 /// `previous`, and the last one takes up the difference.
@@ -56,9 +56,9 @@ VXCORE_EXPORT VxQuaternion operator*(const VxQuaternion &a, const VxQuaternion &
 /// The inverse of a rotation.
 VXCORE_EXPORT VxRotation vxTransposed(const VxRotation &rotation);
 
-/// The angle of the rotation that leads from a to b, 0 to 180 degrees.
+/// The angle of the rotation from a to b, 0 to 180 degrees.
 VXCORE_EXPORT double vxAngleBetween(const VxQuaternion &a, const VxQuaternion &b);
-/// The rotation at `part` (0 to 1) of the shorter way from a to b, at constant speed.
+/// The rotation at `part` (0 to 1) of the shorter arc from a to b, at constant speed.
 VXCORE_EXPORT VxQuaternion vxSlerp(const VxQuaternion &a, const VxQuaternion &b, double part);
 
 #endif

@@ -31,7 +31,7 @@ public:
     /// The step of editors, in the value's unit.
     float getSensitivity() const;
     void setSensitivity(float step);
-    /// The type of the first key that is made; Linear to begin with.
+    /// The type of the first key; initially Linear.
     int getDefaultInterpolation() const;
     void setDefaultInterpolation(int type);
 
@@ -58,14 +58,14 @@ public:
 
     /// All keys as borrowed arrays, valid until the next change of the property's keys.
     VxKeyColumns<float> getKeys() const;
-    /// Makes or replaces many keys in one merge; times ascending without doubles.
+    /// Makes or replaces many keys in one merge; times strictly ascending.
     bool setKeys(const VxKeyColumns<float> &keys);
-    /// Puts keys in the place of all keys within range (ends included); those given outside of it
-    /// merge with what is there.
+    /// Replaces all keys within range (ends included) by the given ones; given keys outside of it
+    /// merge with the existing ones.
     bool replaceKeys(const VxTimeRange &range, const VxKeyColumns<float> &keys);
-    /// Gives the keys at the given indexes (ascending) one interpolation in one pass.
+    /// Sets one interpolation for the keys at the given indexes (ascending), in one pass.
     bool setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape);
-    /// Gives them one type; each keeps its tension, continuity and bias.
+    /// Sets one type for them; each keeps its tension, continuity and bias.
     bool setKeyTypes(const QVector<int> &indexes, int type);
     bool setKeyValues(const QVector<int> &indexes, const QVector<float> &values);
 
@@ -81,7 +81,7 @@ public:
     bool setDoubleValue(VxTime time, double value) override;
     bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
 
-    /// Bytes that the keys take in memory, unused capacity included.
+    /// Memory used by the keys in bytes, unused capacity included.
     qint64 getKeyMemory() const;
 
 private:

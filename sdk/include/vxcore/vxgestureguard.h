@@ -6,22 +6,22 @@
 
 class QWidget;
 
-/// Ends a mouse gesture whose release will not arrive.
+/// Ends a mouse gesture whose release is lost.
 ///
-/// A gesture lasts from a press to its release. Between them the release can be lost: the widget is
-/// hidden, docked elsewhere or disabled, its window is deactivated or blocked by a dialog, a menu
-/// opens, the focus leaves, or another widget gets the release. Escape drops a gesture, too,
-/// whichever widget has the focus; nothing else sees that key press then. In all these cases the
-/// guard emits dropped() once, and the owner puts back what the gesture has changed.
+/// A gesture lasts from a press to its release. The release is lost when the widget is hidden,
+/// docked elsewhere or disabled, its window is deactivated or blocked by a dialog, a menu opens,
+/// the focus is lost, or another widget gets the release. Escape drops a gesture, too, whichever
+/// widget has the focus; no other object receives that key press. In all these cases the guard
+/// emits dropped() once, and the owner reverts the changes of the gesture.
 class VXCORE_EXPORT VxGestureGuard : public QObject
 {
     Q_OBJECT
 public:
-    /// widget: the one that gets the mouse events of the gesture; the guard's parent.
+    /// widget: receives the gesture's mouse events; the guard's parent.
     explicit VxGestureGuard(QWidget *widget);
     ~VxGestureGuard() override;
 
-    /// To be called at the press and at the release. Neither emits anything.
+    /// Call at the press and at the release. Neither emits anything.
     void begin();
     void end();
     /// True from begin() to end() or dropped().
@@ -30,7 +30,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// The gesture is over, without its release. The guard is inactive already.
+    /// The gesture ended without its release. The guard is inactive already.
     void dropped();
 
 private:

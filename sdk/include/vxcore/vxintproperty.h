@@ -5,7 +5,7 @@
 #include <vxcore/vxnumericproperty.h>
 
 /// A whole number. Its keys hold their value until the next one: their interpolation type is
-/// always Constant (1), whatever is asked for.
+/// always Constant (1), whichever is set.
 class VXCORE_EXPORT VxIntProperty : public VxNumericProperty
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ public:
     bool setDoubleValue(VxTime time, double value) override;
     bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
 
-    /// Bytes that the keys take in memory, unused capacity included.
+    /// Memory used by the keys in bytes, unused capacity included.
     qint64 getKeyMemory() const;
 
 protected:

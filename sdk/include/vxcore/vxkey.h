@@ -3,8 +3,8 @@
 
 #include <vxcore/vxtime.h>
 
-/// How the value runs from a key to the next one. The numbers are the ones files, scripts and key
-/// operations use; a segment has the type of its left key.
+/// Interpolation between a key and the next one. The numbers are those in files, scripts and key
+/// operations; a segment has the type of its left key.
 namespace VxKeyInterp {
 enum Type : quint8 {
     Linear = 0,   ///< a straight line
@@ -28,7 +28,7 @@ struct VxTcb
     friend constexpr bool operator!=(const VxTcb &a, const VxTcb &b) { return !(a == b); }
 };
 
-/// How a key shapes its curve. Keys of the other types keep their tension, continuity and bias
+/// A key's interpolation. Keys of the other types keep their tension, continuity and bias
 /// without using them, so that changing the type back and forth loses nothing.
 struct VxKeyShape
 {
@@ -42,9 +42,9 @@ struct VxKeyShape
     friend constexpr bool operator!=(const VxKeyShape &a, const VxKeyShape &b) { return !(a == b); }
 };
 
-/// Many keys as plain arrays of `count` elements each, the way bulk operations take and give them.
-/// The arrays belong to someone else and must outlive the call they are passed to, or, when they
-/// were handed out, are valid until the keys they show change.
+/// Many keys as plain arrays of `count` elements each, for bulk operations. The arrays are
+/// borrowed: as an argument they must outlive the call, as a result they are valid until the keys
+/// change.
 template <class V> struct VxKeyColumns
 {
     const VxTime *times = nullptr; ///< ticks, strictly ascending

@@ -4,8 +4,7 @@
 #include <vector>
 #include <vxcore/vxkey.h>
 
-/// Many keys in arrays of its own, one array a column: the owned counterpart of VxKeyColumns, into
-/// which it converts wherever keys are passed on.
+/// Many keys, one array a column: the owning counterpart of VxKeyColumns, to which it converts.
 template <class V> struct VxKeyArrays
 {
     std::vector<VxTime> times; ///< ticks
@@ -24,7 +23,7 @@ template <class V> struct VxKeyArrays
     }
     operator VxKeyColumns<V>() const { return columns(); }
 
-    /// Makes room for as many keys with the columns of `like`.
+    /// Reserves capacity for `keyCount` keys with the columns of `like`.
     template <class U> void reserve(int keyCount, const VxKeyColumns<U> &like)
     {
         const auto size = static_cast<std::size_t>(keyCount);
@@ -35,8 +34,8 @@ template <class V> struct VxKeyArrays
         if (like.tcb)
             tcb.reserve(size);
     }
-    /// Appends key `index` of `from` at another time and with another value. All keys must come
-    /// from sources that have the same columns.
+    /// Appends key `index` of `from` at another time and with another value. All sources must have
+    /// the same columns.
     template <class U> void append(const VxKeyColumns<U> &from, int index, VxTime time, V value)
     {
         times.push_back(time);

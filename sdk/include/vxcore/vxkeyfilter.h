@@ -11,21 +11,20 @@
 /// a value for each key.
 
 /// A weighted straight line through the keys around each key, the weights a Gaussian of the given
-/// standard deviation in seconds times the span that each key stands for (local linear regression:
-/// Cleveland, Robust Locally Weighted Regression and Smoothing Scatterplots, 1979). So lines stay
-/// as they are up to the ends, and keys that lie close together count no more than others. A sine
-/// of f Hz, densely keyed, is scaled by exp(-(2 pi f sigma)^2 / 2). Sigma 0, below, or NaN: the
-/// values as they are.
+/// standard deviation in seconds times the span of each key (local linear regression: Cleveland,
+/// Robust Locally Weighted Regression and Smoothing Scatterplots, 1979). So lines are preserved up
+/// to the ends, and dense keys count no more than others. A sine of f Hz, densely keyed, is scaled
+/// by exp(-(2 pi f sigma)^2 / 2). Sigma 0, below, or NaN: the values unchanged.
 VXCORE_EXPORT std::vector<float> vxSmoothGaussian(const VxTime *times, const float *values,
                                                   int count, double sigma);
 
-/// A Butterworth low pass of second order, forwards and backwards, so that nothing is delayed. The
+/// A second order Butterworth low pass, forwards and backwards, so without phase shift. The
 /// gain of both together is 1 / sqrt(2) at `cutoff` Hz (each pass has its own cut-off raised for
 /// that: Winter, Biomechanics and Motor Control of Human Movement, 1990), and
 ///     1 / (1 + (sqrt(2) - 1) (tan(pi f / rate) / tan(pi cutoff / rate))^4)    at f Hz,
 /// `rate` being the number of keys a second. Keys at unequal distances are filtered on an even grid
 /// as fine as their smallest distance (up to four times as many points as keys). A cut-off of half
-/// the rate or more, not above 0, or NaN: the values as they are.
+/// the rate or more, not above 0, or NaN: the values unchanged.
 VXCORE_EXPORT std::vector<float> vxSmoothButterworth(const VxTime *times, const float *values,
                                                      int count, double cutoff);
 
@@ -36,15 +35,15 @@ VXCORE_EXPORT std::vector<float> vxRemoveSpikes(const VxTime *times, const float
                                                 double window, double threshold,
                                                 int *removed = nullptr);
 
-/// Gives each triple of angles, in place, the equivalent nearest to the one before it; see
-/// vxNearestEuler(). A triple whose angles differ from the one before by 90 degrees in sum or less
-/// stays. Returns how many were changed.
+/// Replaces each triple of angles, in place, by the equivalent nearest to the previous triple; see
+/// vxNearestEuler(). A triple whose angles differ from the previous one by 90 degrees in sum or
+/// less stays. Returns how many were changed.
 VXCORE_EXPORT int vxFilterEuler(const std::array<float *, 3> &angles, int count,
                                 VxRotationOrder order);
 
 /// The indexes, ascending, of keys that can be removed without any change of the curve because it
 /// is level around them: values within `tolerance` of that of the run's first key. The first and
-/// last key of such a run stay, at smooth keys two at either end, which shape its ends.
+/// last key of such a run stay; with smooth keys two at either end, which shape its ends.
 VXCORE_EXPORT std::vector<int> vxFlatKeys(const VxKeyColumns<float> &keys, double tolerance = 0);
 
 /// The same curve by keys of one type, within an error at every multiple of `step` ticks counted

@@ -17,32 +17,32 @@ struct VxKeySelectionEntry
     VxProperty *holder = nullptr;
     /// Indexes of the selected keys: ascending, not empty, with a gap between any two.
     std::vector<VxKeySpan> spans;
-    /// The holder's key revision that the indexes belong to. An entry given to set() is left out
-    /// when the holder has another one by now; 0: the indexes are those of the present keys.
+    /// The holder's key revision that the indexes belong to. set() ignores an entry whose holder
+    /// has another one by then; 0: the indexes are those of the present keys.
     quint64 revision = 0;
 };
 using VxKeySelectionEntries = std::vector<VxKeySelectionEntry>;
 
-/// Where selected keys are kept: the panes that show keys. Registered with VxKeySelection.
+/// Storage of selected keys: the panes that show keys. Registered with VxKeySelection.
 class VXCORE_EXPORT VxKeySelectionSource
 {
 public:
     virtual ~VxKeySelectionSource();
 
-    /// What is selected, one entry a key holder; a key counts that is selected in any view.
+    /// The selection, one entry a key holder; a key counts that is selected in any view.
     virtual VxKeySelectionEntries entries() const = 0;
     /// The selected keys of one key holder.
     virtual std::vector<VxKeySpan> spansOf(VxProperty *holder) const = 0;
     /// Selects exactly these keys of the entries' holders, in every view that shows them; the keys
-    /// of others are deselected when `clearsOthers` is true, else they stay as they are.
+    /// of others are deselected when `clearsOthers` is true, else unchanged.
     virtual void set(const VxKeySelectionEntries &entries, bool clearsOthers) = 0;
 };
 
-/// The selected keys of the application, as one selection whatever panes they are shown in; see
+/// The selected keys of the application, one selection across all panes; see
 /// VxApp::getKeySelection(), `App.keySelection` in scripts.
 ///
-/// A view on what the panes hold: it keeps nothing itself. Without a pane that shows keys nothing
-/// is selected, and nothing can be.
+/// A facade for the panes' selections without own state. Without a pane that shows keys nothing is
+/// selected, and nothing can be.
 class VXCORE_EXPORT VxKeySelection : public QObject
 {
     Q_OBJECT
@@ -53,10 +53,10 @@ public:
     /// The application's; null while there is none.
     static VxKeySelection *current();
 
-    /// Adds and removes a source. Not owned; the one added last is asked.
+    /// Adds and removes a source. Not owned; the one added last is used.
     void addSource(VxKeySelectionSource *source);
     void removeSource(VxKeySelectionSource *source);
-    /// To be called by the source after each change of what is selected; cheap.
+    /// The source calls it after each change of the selection; cheap.
     void notifyChanged();
 
     /// One entry a key holder in which a key is selected, in the order of the views.
@@ -65,15 +65,15 @@ public:
     std::vector<VxKeySpan> spansOf(VxProperty *holder) const;
     /// Selects these keys and no others, also those of rows that are closed or filtered out.
     void set(const VxKeySelectionEntries &entries);
-    /// Selects exactly these keys of the entries' holders and leaves the keys of others as they
-    /// are; an entry without spans deselects its holder's keys.
+    /// Selects exactly these keys of the entries' holders and leaves the keys of others unchanged;
+    /// an entry without spans deselects its holder's keys.
     void setForHolders(const VxKeySelectionEntries &entries);
     /// Deselects every key.
     Q_INVOKABLE void clear();
 
 Q_SIGNALS:
-    /// The selection changed, or the keys that are selected. Sent once for all changes of a
-    /// VxChangeBlock, or else of a turn of the event loop; at once after set() and clear().
+    /// The selection changed, or the selected keys. Sent once for all changes of a VxChangeBlock,
+    /// or else of an event loop iteration; at once after set() and clear().
     void changed();
 
 private:

@@ -1,7 +1,7 @@
 #ifndef VXCORE_VXKEYSPAN_H
 #define VXCORE_VXKEYSPAN_H
 
-/// Neighbouring keys of a property by index, the end excluded: [first, last).
+/// Contiguous keys of a property by index, the end excluded: [first, last).
 struct VxKeySpan
 {
     int first = 0;

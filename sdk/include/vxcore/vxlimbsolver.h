@@ -20,30 +20,31 @@ struct VxLimbSolution
 {
     VxQuaternion upper; ///< of both segments about the root
     VxQuaternion lower; ///< of the lower segment about the middle joint, applied before `upper`
-    /// The limb with both applied; its end is the target, or the nearest place within reach.
+    /// The limb with both applied; its end is the target, or the nearest point within reach.
     VxLimb limb;
     bool reached = true;
 };
 
-/// Solves a two-bone limb for the place of its end: the bend of the middle joint follows from the
+/// Solves a two-bone limb for the position of its end: the bend of the middle joint follows from
+/// the
 /// law of cosines, then the shortest rotation about the root aims the end at the target (the
 /// analytic solution of Tolani, Goswami and Badler, Real-time inverse kinematics techniques for
 /// anthropomorphic limbs, 2000, with the swivel angle left as it is). So the plane of the bend
 /// changes as little as possible, and a target at the end leaves the limb as it is.
 ///
-/// `bendAxis` is the axis about which a straight limb bends, in the same space; it need not be at
-/// right angles to the limb, and is not used while the limb is bent. A target that is too far
-/// straightens the limb, one that is too near folds it; `reached` is then false. A segment of no
+/// `bendAxis` is the axis about which a straight limb bends, in the same space; it need not be
+/// perpendicular to the limb, and is not used while the limb is bent. A target that is too far
+/// straightens the limb, one that is too near folds it; `reached` is then false. A segment of zero
 /// length is not rotated.
 VXCORE_EXPORT VxLimbSolution vxSolveLimb(const VxLimb &limb, const VxVector &target,
                                          const VxVector &bendAxis);
 
 /// A vector rotated by a quaternion of length 1.
 VXCORE_EXPORT VxVector vxRotated(const VxQuaternion &rotation, const VxVector &vector);
-/// The rotation by an angle in degrees about an axis; none for an axis of no length.
+/// The rotation by an angle in degrees about an axis; identity for an axis of zero length.
 VXCORE_EXPORT VxQuaternion vxRotationAbout(const VxVector &axis, double degrees);
-/// The shortest rotation that gives `from` the direction of `to`; about any axis at right angles
-/// for opposite ones, none where either has no length.
+/// The shortest rotation from the direction of `from` to that of `to`; about any perpendicular axis
+/// for opposite ones, identity where either has zero length.
 VXCORE_EXPORT VxQuaternion vxRotationBetween(const VxVector &from, const VxVector &to);
 
 #endif

@@ -9,18 +9,18 @@ class VxActionMgr;
 class VxPaneMgr;
 class VxViewportMgr;
 
-/// The application's main window as plug-ins see it: the place where the managers of panes,
-/// viewports and actions are found. The application derives its own window from it.
+/// The application's main window for plug-ins: gives access to the managers of panes, viewports
+/// and actions. The application derives its own window from it.
 class VXCORE_EXPORT VxMainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    /// Registers itself as the interface of the application object, if there is one, and lets the
-    /// panes keep their options in the group "Panes" of its settings. Whenever a pane is added,
-    /// all actions read their state anew.
+    /// Registers itself as the interface of the application object, if there is one, and stores
+    /// the panes' options in the group "Panes" of its settings. Whenever a pane is added, all
+    /// actions read their state anew.
     explicit VxMainWindow(QWidget *parent = nullptr);
-    /// Destroys the panes first, then withdraws from the application object. The action manager
-    /// and the others go last.
+    /// Destroys the panes first, then unregisters from the application object. The managers are
+    /// destroyed last.
     ~VxMainWindow() override;
 
     /// Never null; owned by the window.

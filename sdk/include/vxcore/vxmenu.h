@@ -5,8 +5,8 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
-/// A menu built at once from action class names and plain items, to be shown modally: the
-/// context menus of the panes.
+/// A menu built at once from action class names and plain items, for modal use: the context menus
+/// of the panes.
 class VXCORE_EXPORT VxMenu : public QMenu
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     ~VxMenu() override;
 
     /// Adds the action of a class before the entry at index (-1 appends). Returns null and adds
-    /// nothing when the action manager does not know the class.
+    /// nothing when the action manager has no such class.
     QAction *addAction(const QString &className, int index = -1);
     /// Adds a plain entry with an identifier that exec() returns.
     QAction *addItem(const QString &text, int id = -1);
@@ -24,7 +24,7 @@ public:
     VxMenu *addSubMenu(const QString &title);
     /// Adds a separator, unless the menu is empty or ends in one.
     void addSeparator();
-    /// True when there is no entry but separators and empty sub-menus.
+    /// True when all entries are separators and empty sub-menus.
     bool isEmpty() const;
 
     /// Shows the menu modally at a global position. Returns the identifier of the chosen plain

@@ -8,11 +8,11 @@
 
 /// Pairs of names of the left and the right side, such as LeftFoot and RightFoot.
 ///
-/// A pair has two patterns with one star each, which is the part that both names share: Left* and
-/// Right*, *_L and *_R. A pattern fits only whole words: the text of a prefix that ends in a small
-/// letter is not followed by another one ("Left*" fits LeftFoot, not Leftover; "l*" fits lFoot, not
-/// leg), the capital that begins a suffix does not follow a capital. A name space in front of the
-/// last colon is not touched.
+/// A pair has two patterns with one star each for the part that both names share: Left* and
+/// Right*, *_L and *_R. A pattern matches whole words only: a prefix that ends in a small letter is
+/// not followed by another one ("Left*" matches LeftFoot, not Leftover; "l*" matches lFoot, not
+/// leg), and the capital that begins a suffix does not follow a capital. A name space before the
+/// last colon is ignored.
 class VXCORE_EXPORT VxMirrorNames
 {
 public:
@@ -24,14 +24,13 @@ public:
 
     explicit VxMirrorNames(const QVector<Pair> &pairs = defaultPairs());
 
-    /// The name of the other side; empty for a name that belongs to none. The first pair that fits
-    /// counts.
+    /// The name of the other side; empty for a name without a side. The first matching pair counts.
     QString mirrored(const QString &name) const;
 
     QVector<Pair> getPairs() const;
 
-    /// For a person to edit: "Left*/Right*, *_L/*_R". Reading gives no pairs, and the part that was
-    /// not understood in `error`, unless each part has two different patterns with one star each.
+    /// For a person to edit: "Left*/Right*, *_L/*_R". Reading returns no pairs, and the offending
+    /// part in `error`, unless each part has two different patterns with one star each.
     QString toText() const;
     static QVector<Pair> pairsFromText(const QString &text, QString *error = nullptr);
 

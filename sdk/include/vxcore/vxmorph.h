@@ -11,7 +11,7 @@ class VXCORE_EXPORT VxMorph : public VxElement
 {
     Q_OBJECT
 public:
-    /// The value property is named like the morph and stands in the group path given.
+    /// The value property has the morph's name and the given group path.
     explicit VxMorph(const QString &name, const QString &path = QStringLiteral("/Shape"));
     ~VxMorph() override;
 

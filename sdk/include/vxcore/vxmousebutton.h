@@ -7,11 +7,11 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// A small button that is nothing but its picture: one for each of its states. It can be clicked
-// and it can be held and dragged, such as to pan a view: while the left button is down dragged()
-// tells how far the mouse went. pressed() comes once at the press and released() once at the end
-// of the hold, wherever the mouse is by then, so that one gesture is one pair. clicked() comes
-// only when the mouse was let go on the button and was not dragged.
+// A small button that consists of a picture, one for each of its states. It can be clicked, and
+// held and dragged, such as to pan a view: while the left button is down dragged() gives the
+// mouse delta. pressed() is sent once at the press and released() once at the end of the hold,
+// wherever the mouse is then, so that one gesture is one pair. clicked() is sent only for a
+// release on the button without a drag.
 class VXCORE_EXPORT VxMouseButton : public QAbstractButton
 {
     Q_OBJECT
@@ -34,8 +34,8 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    // The way of the mouse since the press, in logical pixels of the screen. Sent for each move
-    // while the left button is held.
+    // The mouse delta since the press, in logical pixels of the screen. Sent for each move while
+    // the left button is held.
     void dragged(const QPoint &delta);
 
 protected:

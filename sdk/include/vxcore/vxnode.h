@@ -13,7 +13,7 @@ class VxObject;
 class VxScene;
 class VxSkeleton;
 
-/// A node of the scene: a place in the hierarchy with ten transform controls.
+/// A node of the scene: a transform with ten controls in the hierarchy.
 ///
 /// The controls are float properties in the groups "/General/Transforms/Translation",
 /// ".../Rotation" (degrees) and ".../Scale". A node owns its child nodes and its object. Nodes
@@ -33,7 +33,7 @@ public:
     static constexpr int MaxDepth = 4096;
 
     /// The order in which the rotations about the axes are multiplied, from left to right: ZYX is
-    /// Rz * Ry * Rx, so a point is turned about X first. Motion files list channels this way.
+    /// Rz * Ry * Rx, so X rotates a point first. Motion files list channels this way.
     enum RotationOrder { XYZ, XZY, YXZ, YZX, ZXY, ZYX };
     Q_ENUM(RotationOrder)
 
@@ -59,11 +59,11 @@ public:
     /// False when the node itself, a node below it or a node of another scene would become its
     /// parent, or when a node would be on a level beyond MaxDepth. Null is the top level.
     bool canMoveBelow(const VxNode *parent) const;
-    /// Puts the node below another, or at the top level (null), so that it gets the given index
-    /// among its new siblings (-1, or one beyond the end: last). False, and nothing changes, unless
+    /// Makes the node a child of another, or a root node (null), with the given index among its
+    /// new siblings (-1, or one beyond the end: last). False, and nothing changes, unless
     /// canMoveBelow().
-    /// Emits parentChanged() when the parent differs. Outside of a scene a node that was put at
-    /// the top level belongs to the caller.
+    /// Emits parentChanged() when the parent differs. Outside of a scene a node without a parent
+    /// belongs to the caller.
     bool setNodeParent(VxNode *parent, int index = -1);
     /// Builds a hierarchy outside of a scene: takes ownership of a node that has no parent.
     /// False, and the child stays the caller's, under the conditions of setNodeParent() or when
@@ -94,7 +94,7 @@ public:
     /// Selecting makes the node the primary selection. Selecting a node that is not selectable,
     /// or in no scene, does nothing.
     void select(bool onOff = true);
-    /// A node that can no longer be selected is deselected.
+    /// A node that becomes unselectable is deselected.
     bool isSelectable() const;
     void setSelectable(bool selectable);
     bool isVisible() const;
@@ -105,8 +105,8 @@ public:
 
     RotationOrder getRotationOrder() const;
     void setRotationOrder(RotationOrder order);
-    /// The place in the parent's space before translation, and where the node's bone or axis
-    /// ends, in the node's space.
+    /// The position in the parent's space before translation, and the end of the node's bone or
+    /// axis, in the node's space.
     QVector3D getOrigin() const;
     void setOrigin(const QVector3D &origin);
     QVector3D getEndPoint() const;

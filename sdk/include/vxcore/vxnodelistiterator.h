@@ -6,8 +6,8 @@
 
 class VxNode;
 
-/// Steps through a list of nodes as it was when the iterator was made. Removing nodes while
-/// iterating is up to the caller.
+/// Iterates over a copy of a list of nodes made at construction. Removing nodes while iterating is
+/// the caller's responsibility.
 class VXCORE_EXPORT VxNodeListIterator
 {
 public:

@@ -3,7 +3,7 @@
 
 #include <vxcore/vxproperty.h>
 
-/// A property whose value is a number: what can be keyed, linked and moved in time.
+/// A property with a numeric value: it can be keyed, linked and moved in time.
 ///
 /// A link makes the value follow another property's. An open link replaces the value altogether:
 /// value = linked value * factor + offset. A terminal link adds to it: the property's own value
@@ -24,10 +24,10 @@ public:
     VxNumericProperty *getLinkedProperty() const;
     double getLinkFactor() const;
     double getLinkOffset() const;
-    /// False, and nothing changes, when a circle or a chain of more than MaxReferenceChain
+    /// False, and nothing changes, when a cycle or a chain of more than MaxReferenceChain
     /// references would arise, or when factor or offset is not finite. Null removes the link. Not
-    /// owned; the link ends with the property it leads to. A float property limits what comes
-    /// through links to the range of single precision, an int property to that of int.
+    /// owned; destroying the target removes the link. A float property limits linked values to the
+    /// range of single precision, an int property to that of int.
     bool setLink(VxNumericProperty *property, bool terminal = false, double factor = 1.0,
                  double offset = 0.0);
 
@@ -45,8 +45,8 @@ public:
     bool setDoubleValue(double value);
 
     /// Moves keys to new times in one pass: newTimes[i] is for the key at indexes[i] (ascending,
-    /// no doubles). Keys that were not named and lie at a new time are replaced. Two named keys
-    /// must not get the same time. A moved key keeps value and interpolation. False when refused.
+    /// no duplicates). Other keys at a new time are replaced. Two moved keys must not get the same
+    /// time. A moved key keeps value and interpolation. False when refused.
     virtual bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
     /// Moves all keys within range by offset ticks; the same rules. Times are limited to 32 bits.
     bool shiftKeys(const VxTimeRange &range, VxTime offset);

@@ -5,7 +5,7 @@
 
 class VxNode;
 
-/// What a node carries, such as a shape: an element with sub-elements, among them morphs.
+/// The object of a node, such as a shape: an element with sub-elements, among them morphs.
 class VXCORE_EXPORT VxObject : public VxElement
 {
     Q_OBJECT
@@ -13,15 +13,15 @@ public:
     explicit VxObject(const QString &name);
     ~VxObject() override;
 
-    /// The node that carries the object, or null.
+    /// The node that owns the object, or null.
     Q_INVOKABLE VxNode *getNode() const;
 
     Q_INVOKABLE int getNumSubElements() const;
     /// Null when index lies outside 0 .. getNumSubElements() - 1.
     Q_INVOKABLE VxElement *getSubElement(int index) const;
-    /// Takes ownership and appends. False, with a warning, when the element is null, a node,
-    /// belongs to another one, or is this object or one it belongs to. Recorded for undo while a
-    /// hold is open and the object is in a scene.
+    /// Takes ownership and appends. False, with a warning, when the element is null, a node, owned
+    /// by another one, or is this object or one of its owners. Recorded for undo while a hold is
+    /// open and the object is in a scene.
     bool addSubElement(VxElement *element);
 
 protected:

@@ -12,8 +12,8 @@ class VxSettings;
 /// Base of every pane: a widget with a title that the main window docks.
 ///
 /// The pane's background is drawn by the style in up to three bands. A guide widget at the top or
-/// at the bottom tells where the header or footer band ends, so that a strip of controls outside
-/// of it gets the look of a header or footer.
+/// at the bottom marks the end of the header or footer band, so that a strip of controls beyond
+/// it gets the look of a header or footer.
 class VXCORE_EXPORT VxPane : public VxSignalGuard<QWidget>
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     explicit VxPane(const QString &title, QWidget *parent = nullptr);
     ~VxPane() override;
 
-    /// What the pane's tab or title bar shows.
+    /// The text of the pane's tab or title bar.
     QString getTitle() const;
 
     /// The widget whose upper edge the header band reaches; null for no header band. Not owned.
@@ -38,11 +38,10 @@ public:
     /// Writes them back; called when the application saves its settings. The base does nothing.
     virtual void saveSettings(VxSettings *settings) const;
 
-    /// Fills the pane's options menu. Called when the menu is asked for first; it is emptied and
-    /// this is called again whenever it is asked for, or about to be shown, with another version.
-    /// The base does nothing.
+    /// Fills the pane's options menu. Called at the first access to the menu, and again on an
+    /// emptied menu at each access or showing with another version. The base does nothing.
     virtual void buildOptionsMenu(VxActionMenu *menu);
-    /// A number to raise when buildOptionsMenu() builds something else than in the last release.
+    /// A number to increase in each release whose buildOptionsMenu() builds another menu.
     virtual int getOptionsMenuVersion() const;
 
     /// Reloads those fields that show the scene's time. The base does nothing.

@@ -12,9 +12,9 @@ class VxSettings;
 
 /// Creates panes from the factories, one a class, and finds them by class name.
 ///
-/// The manager makes a pane and hands it to whoever docks it (paneAdded); the widget that docks it
-/// owns it from then on, and the manager forgets a pane that is destroyed. What nobody docked goes
-/// with the manager.
+/// The manager makes a pane and announces it for docking (paneAdded); the widget that docks it owns
+/// it from then on, and a destroyed pane is removed from the list. Panes that were not docked are
+/// destroyed with the manager.
 class VXCORE_EXPORT VxPaneMgr : public QObject
 {
     Q_OBJECT
@@ -26,14 +26,14 @@ public:
     /// are announced (paneAdded) when all of them exist.
     void createPanes(const VxPluginMgr *plugins);
     /// The pane of a class, created when it does not exist, by the factories given to
-    /// createPanes(), else by those of the application. Null when none makes it.
+    /// createPanes(), else by those of the application. Null without a factory.
     VxPane *findOrCreatePane(const QString &className);
 
-    /// Takes up a pane that was made elsewhere: names it after its class unless it has an object
+    /// Adds a pane that was made elsewhere: names it after its class unless it has an object
     /// name, restores its settings and emits paneAdded(). False when its class has one.
     bool addPane(VxPane *pane);
 
-    /// Destroys every pane that still lives, last one first.
+    /// Destroys every remaining pane, last one first.
     void destroyPanes();
 
     QVector<VxPane *> getPanes() const;
@@ -41,8 +41,8 @@ public:
     /// Settings below which each pane has a group under its class name; borrowed, may be null.
     /// Set before panes are created: each new pane restores from its group.
     void setSettings(VxSettings *settings);
-    /// Lets every pane write into its group, which is emptied before: what a pane does not write is
-    /// gone. Groups of panes that do not exist today stay.
+    /// Lets every pane write to its group, which is cleared before. Groups of panes that do not
+    /// exist stay.
     void saveSettings() const;
 
 public Q_SLOTS:

@@ -7,9 +7,9 @@
 
 class VxPane;
 
-/// The text by which a pane narrows what it lists. A pane that supports searching creates one and
-/// follows textChanged(); the window shows a field for it in the frame of the pane while the search
-/// is available, and clears it when another document is loaded.
+/// The text that filters a pane's list. A pane that supports searching creates one and follows
+/// textChanged(); the window shows a field for it in the frame of the pane while the search is
+/// available, and clears it when another document is loaded.
 class VXCORE_EXPORT VxPaneSearch : public QObject
 {
     Q_OBJECT
@@ -20,11 +20,11 @@ public:
     /// The search of a pane; null when it has none.
     static VxPaneSearch *of(const VxPane *pane);
 
-    /// Empty: nothing is left out.
+    /// Empty: no filter.
     QString text() const { return m_text; }
     void setText(const QString &text);
 
-    /// False while the pane shows nothing that a text could narrow. The text is kept.
+    /// False while the pane shows nothing to filter. The text is kept.
     bool isAvailable() const { return m_isAvailable; }
     void setAvailable(bool onOff);
 

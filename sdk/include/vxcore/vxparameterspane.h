@@ -6,8 +6,8 @@
 class VxSideNavPropertyListView;
 
 /// The pane "Parameters": the properties of the selected nodes with their values at the current
-/// time, to be edited. The primary selection decides which properties are listed and whose values
-/// are shown; what is changed is changed in all selected nodes.
+/// time, to be edited. The primary selection determines the listed properties and the shown
+/// values; an edit applies to all selected nodes.
 class VXCORE_EXPORT VxParametersPane : public VxPane
 {
     Q_OBJECT

@@ -9,11 +9,11 @@
 
 class VxClassFactory;
 
-/// The record by which a plug-in tells the host what it is and which classes it offers.
+/// The record by which a plug-in gives the host its identity and its classes.
 ///
-/// A plug-in library has one, as a static object, and hands it out by its entry point
-/// `extern "C" VxPlugin *getPluginDefinition()`. Beside it the library exports
-/// `extern "C" VxVersion getSDKVersion()`: the host asks for that first.
+/// A plug-in library has one, as a static object, returned by its entry point
+/// `extern "C" VxPlugin *getPluginDefinition()`. It also exports
+/// `extern "C" VxVersion getSDKVersion()`, which the host calls first.
 class VXCORE_EXPORT VxPlugin
 {
 public:

@@ -22,9 +22,9 @@ public:
     explicit VxPluginMgr(QObject *parent = nullptr);
     ~VxPluginMgr() override;
 
-    /// Loads one module file. On failure nothing of it is kept and error (when given) says why:
-    /// not loadable, an entry point missing (named), an SDK version that does not run in this host
-    /// (both versions are named), no record, or a plug-in name that is already loaded.
+    /// Loads one module file. On failure nothing of it is kept and error (when given) gives the
+    /// reason: not loadable, an entry point missing (named), an SDK version incompatible with this
+    /// host (both versions are named), no record, or a plug-in name that is already loaded.
     VxPlugin *loadPlugin(const QString &fileName, QString *error = nullptr);
 
     /// Loads every module of a folder in the order of file names. Returns the number of modules
@@ -32,13 +32,13 @@ public:
     /// folder that does not exist is one failure.
     int loadPlugins(const QString &folder, QStringList *errors = nullptr);
 
-    /// Takes up a record that is already in memory, as the loader does after its checks. The
-    /// record is borrowed. A class name that is already taken is refused with a warning; the
-    /// other classes of the record are kept. A record without a name, or of a name that is
-    /// already loaded, is refused with a warning.
+    /// Adds a record that is already in memory, as the loader does after its checks. The record is
+    /// borrowed. A class name in use is refused with a warning; the other classes of the record are
+    /// kept. A record without a name, or with a name that is already loaded, is refused with a
+    /// warning.
     void addPlugin(VxPlugin *plugin);
 
-    /// Adds a factory of the host's own. Borrowed. False when the class name is taken.
+    /// Adds a factory of the host's own. Borrowed. False when the class name is in use.
     bool addClassFactory(VxClassFactory *factory);
 
     QVector<VxPlugin *> getPlugins() const;

@@ -13,13 +13,13 @@ class VxElement;
 
 /// One named value of an element: the base of all kinds of properties.
 ///
-/// The key operations are here, so that rows and skips treat every property alike; a property that
-/// cannot have keys answers zero and refuses. Keys are counted from 0 in ascending order of time,
-/// and no two keys of a property lie at one time.
+/// The key operations are here, so that rows and skips treat all properties alike; a property that
+/// cannot have keys returns zero and refuses. Keys are counted from 0 in ascending order of time,
+/// and no two keys of a property have the same time.
 ///
-/// A property may stand for another (an alias) or be taken over by another (an overriding
-/// control). The property that really holds the keys is its key holder; every key operation on
-/// the one acts on the other, and a change of the holder is reported by both.
+/// A property may refer to another (an alias) or be replaced by another (an overriding
+/// control). The property that actually holds the keys is its key holder; every key operation on
+/// either acts on the holder, and both report a change of it.
 class VXCORE_EXPORT VxProperty : public VxSignalGuard<QObject>
 {
     Q_OBJECT
@@ -58,8 +58,8 @@ public:
     /// The element that owns the property; null before it was added to one.
     VxElement *getOwner() const;
 
-    /// Hidden by its author; hidden at present because of the state of something else. Either one
-    /// makes a property count as hidden.
+    /// Hidden by its author, or dynamically because of other state. Either makes a property count
+    /// as hidden.
     bool isHidden() const;
     void setHidden(bool hidden);
     bool isDynamicallyHidden() const;
@@ -68,26 +68,26 @@ public:
     /// A locked property refuses every change of its value and keys.
     bool isLocked() const;
     void setLocked(bool locked);
-    /// False for a property whose value never changes over time: it takes values but no keys.
+    /// False for a property whose value never changes over time: it has a value but no keys.
     bool isAnimatable() const;
     void setAnimatable(bool animatable);
 
-    /// True when keys make sense here at all: a numeric, animatable property.
+    /// True when the property can have keys at all: it is numeric and animatable.
     virtual bool canBeKeyed() const;
     /// True for a property that animation editors leave out.
     bool isExcluded() const;
     void setExcluded(bool excluded);
 
-    /// Whether the property stands for another, and that property (null when it does not).
+    /// Whether the property refers to another, and that property (null when it does not).
     bool isAlias() const;
     VxProperty *getAliasedProperty() const;
-    /// Makes the property an alias of another of the same kind; null makes it one of its own
-    /// again. False, and nothing changes, when the kinds differ, or when a circle or a chain of
-    /// more than MaxReferenceChain references would arise. Not owned; an alias whose property is
-    /// destroyed becomes an ordinary property again.
+    /// Makes the property an alias of another of the same kind; null makes it an ordinary property
+    /// again. False, and nothing changes, when the kinds differ, or when a cycle or a chain of more
+    /// than MaxReferenceChain references would arise. Not owned; destroying the target makes an
+    /// alias an ordinary property again.
     bool setAliasedProperty(VxProperty *property);
 
-    /// The control that has taken the property over, or null. Not owned; same rules as above.
+    /// The control that overrides the property, or null. Not owned; same rules as above.
     VxProperty *getOverridingControl() const;
     bool setOverridingControl(VxProperty *property);
 
@@ -97,14 +97,14 @@ public:
 
     /// A number that differs after every change of the keys (times, values, shapes), within a
     /// VxChangeBlock too, and after a change of the key holder; never 0. A cache of keys is current
-    /// while it equals the number from when the cache was made. Not bounded by one property: the
-    /// numbers of different key holders never are the same.
+    /// while its number equals this one. Numbers are unique across properties: different key
+    /// holders never have the same.
     quint64 keyRevision() const;
-    /// The revision that was given last to any property: while it stays, no keys have changed.
+    /// The revision that any property got last: while it is unchanged, no keys have changed.
     static quint64 latestKeyRevision();
     /// A number, never 0, that differs after every change of an alias, an overriding control or a
-    /// link, and after a property was made: while it stays, every property has the key holder that
-    /// it had, and there are no new ones.
+    /// link, and after a property was created: while it is unchanged, all properties have the same
+    /// key holders, and there are no new ones.
     static quint64 latestHolderRevision();
 
     Q_INVOKABLE virtual int getNumKeys() const;
@@ -112,7 +112,7 @@ public:
     Q_INVOKABLE VxTime getKeyTime(int index) const;
     /// The index of the key at exactly time, or -1.
     Q_INVOKABLE int findKey(VxTime time) const;
-    /// True when a key lies at exactly time; its index goes to index, when given.
+    /// True when there is a key at exactly time; index, when given, receives its index.
     bool hasKey(VxTime time, int *index = nullptr) const;
     /// The times of all keys, ascending, as a plain array of getNumKeys() entries: borrowed, valid
     /// until the next change of the property's keys. Null when there is no key.
@@ -125,21 +125,21 @@ public:
     virtual int getKeyInterpolationType(int index, float *tension = nullptr,
                                         float *continuity = nullptr, float *bias = nullptr) const;
 
-    /// Removes every key whose time lies in the range, ends included. Returns how many.
+    /// Removes every key with a time in the range, ends included. Returns how many.
     virtual int deleteKeys(const VxTimeRange &range);
-    /// Removes the keys from first to last, both included. Indexes outside are cut off.
+    /// Removes the keys from first to last, both included. Indexes outside are clamped.
     virtual int deleteKeys(int first, int last);
-    /// Removes the keys at the given indexes (ascending, no doubles) in one pass.
+    /// Removes the keys at the given indexes (ascending, no duplicates) in one pass.
     virtual int deleteKeys(const QVector<int> &indexes);
     /// Removes every key.
     Q_INVOKABLE int deleteAllKeys();
 
 Q_SIGNALS:
-    /// Keys or value changed. range spans the times of all keys that came, went, moved or changed,
+    /// Keys or value changed. range spans the times of all keys added, removed, moved or changed,
     /// both ends included; it is every time when a value without keys changed. Within a
     /// VxChangeBlock it is sent once, for all changes together, at the block's end.
     void valueChanged(const VxTimeRange &range);
-    /// The property is being destroyed: nothing but its address may be used.
+    /// The property is being destroyed: only its address may be used.
     void propertyDeleted(VxProperty *property);
     /// Label, hidden, locked, animatable, alias or another trait changed.
     void traitsChanged();

@@ -8,8 +8,8 @@
 
 class VxProperty;
 
-/// A named group of properties with groups below it. Groups and properties stand in the order in
-/// which they were first met.
+/// A named group of properties with sub-groups. Groups and properties have the order in which they
+/// were added.
 class VXCORE_EXPORT VxPropertyGroup
 {
 public:
@@ -42,13 +42,13 @@ public:
     ~VxPropertyGroupTree();
 
     VxPropertyGroup *getRoot() const;
-    /// Sorts a property in by its path; empty parts are dropped.
+    /// Adds a property to the group of its path; empty parts are dropped.
     void addProperty(VxProperty *property);
     /// The group of a path, empty parts dropped, or null; the root group for an empty path.
     VxPropertyGroup *findGroup(const QString &path) const;
 
-    /// Every property in the tree's order: those of a group first, then those of the groups below
-    /// it, one after another.
+    /// Every property in the tree's order: those of a group first, then those of each of its
+    /// sub-groups.
     QVector<VxProperty *> collectAllProperties() const;
 
 private:

@@ -6,7 +6,7 @@
 class VxNode;
 class VxProperty;
 
-/// Questions about a property that need to know elements.
+/// Functions on a property that depend on elements.
 namespace VxPropertyHelper {
 
 /// The node that a property belongs to: its owner, or the node of the object or of the

@@ -14,11 +14,11 @@ class VxPropertyListNode;
 /// scene's time, and the state of the keys there.
 ///
 /// The list is flat: the heading of a group is a row like the others, followed by the group's
-/// properties, so that whoever goes through the rows meets everything. The first node decides
-/// which rows there are; a row also stands for the properties of the same name, group and kind of
-/// the others. Hidden properties are left out. The model follows the scene's time and the
-/// properties' changes at once, and their coming and going when the event loop is next at rest:
-/// until then a row goes without the property that left.
+/// properties, so that iterating over rows visits everything. The first node determines the
+/// rows; a row also represents the properties of the same name, group and kind of the others.
+/// Hidden properties are left out. The model follows the scene's time and changes of properties at
+/// once, added and removed properties at the next event loop iteration: until then a row lacks the
+/// removed property.
 class VXCORE_EXPORT VxPropertyListItemModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -26,12 +26,12 @@ public:
     enum Column { LabelColumn, ValueColumn, KeyColumn, NumColumns };
 
     /// Beyond the toolkit's roles, of every column. KeyStateRole: a KeyState. MixedRole: true when
-    /// the row stands for several properties with different values; the value's text is then a
-    /// word that says so, and empty for editing.
+    /// the row represents several properties with different values; the value's text is then a
+    /// word for that, and empty for editing.
     enum Role { KeyStateRole = Qt::UserRole + 1, MixedRole };
 
     enum KeyState {
-        NotKeyable, ///< takes no keys at all, or the row is a heading
+        NotKeyable, ///< cannot have keys, or the row is a heading
         NoKeys,
         Keyed,    ///< each of the row's properties has keys, but none at the scene's time
         OnKey,    ///< each of the row's properties has a key at exactly the scene's time
@@ -45,12 +45,11 @@ public:
     /// The node whose properties are listed; null for none. Not owned.
     VxNode *getNode() const;
     void setNode(VxNode *node);
-    /// The same for several nodes, the one that decides first. None of them twice.
+    /// The same for several nodes, the decisive one first; no duplicates.
     QVector<VxNode *> getNodes() const;
     void setNodes(const QVector<VxNode *> &nodes);
 
-    /// The list node of a row, or null for an invalid index. Owned by the model; ref() it to keep
-    /// it.
+    /// The list node of a row, or null for an invalid index. Owned by the model; ref() to keep it.
     VxPropertyListNode *getPropertyListNode(const QModelIndex &index) const;
     /// The index (label column) of a property's row; invalid when it is not listed.
     QModelIndex findProperty(const VxProperty *property) const;
@@ -61,7 +60,7 @@ public:
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    /// Takes the text of a value as it is shown, for all of the row's properties: one undo entry.
+    /// Applies the text of a value to all of the row's properties: one undo entry.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;

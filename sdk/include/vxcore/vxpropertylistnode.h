@@ -7,9 +7,9 @@
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxrefcounteditem.h>
 
-/// One row of a property list: the properties it stands for. These are one property, the same
-/// property of several selected nodes, or, for the heading of a group, all that are listed below
-/// it. Shared by reference count; the model holds one reference.
+/// One row of a property list, with its properties: one property, the same property of several
+/// selected nodes, or, for the heading of a group, all that are listed below it. Shared by
+/// reference count; the model holds one reference.
 class VXCORE_EXPORT VxPropertyListNode : public VxRefCountedItem
 {
 public:
@@ -18,11 +18,11 @@ public:
                                 const QString &heading = QString());
 
     bool isHeading() const;
-    /// With those that are no longer there.
+    /// Includes properties that were destroyed or removed.
     int getNumProperties() const;
-    /// Null when there is no such property, or it has been destroyed or has left the list.
+    /// Null when there is no such property, or it was destroyed or removed from the list.
     VxProperty *getProperty(int index) const;
-    /// The properties that are still there.
+    /// The properties that still exist.
     QVector<VxProperty *> getProperties() const;
     /// The heading, or the label of the first property.
     QString getLabel() const;

@@ -5,10 +5,9 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// Base of objects that are shared by counting their owners. The count lives in the object, so that
-// a plain pointer can be turned into an owning one at any time. A new item has one owner, its
-// maker. The count is atomic: owners on several threads may let go at the same time, the last one
-// deletes.
+// Base of reference-counted objects. The count is in the object, so that a plain pointer can be
+// turned into an owning one at any time. A new item has one owner, its maker. The count is atomic:
+// owners on several threads may release it at the same time, the last one deletes.
 class VXCORE_EXPORT VxRefCountedItem
 {
 public:
@@ -18,7 +17,7 @@ public:
 
     // Adds an owner.
     void ref();
-    // Takes an owner away. Deletes the item with the last one: do not touch it afterwards.
+    // Removes an owner. Deletes the item with the last one: do not use it afterwards.
     void unref();
     // The number of owners, at least 1.
     int refCount() const;

@@ -13,8 +13,8 @@ class VxNode;
 
 /// The scene: its nodes and their selection, and the owner of time, ranges and playback.
 ///
-/// Time, step, ranges, and the coming and going of nodes are recorded for undo while a hold is
-/// open; selection, looping and playback are not.
+/// Time, step, ranges, and adding and removing nodes are recorded for undo while a hold is open;
+/// selection, looping and playback are not.
 class VXCORE_EXPORT VxScene : public VxSignalGuard<QObject>
 {
     Q_OBJECT
@@ -33,20 +33,20 @@ public:
 
     /// The current time, in ticks. Not limited to any range.
     VxTime getTime() const;
-    /// Ticks per frame, at least 1; 160 (30 frames a second) to begin with.
+    /// Ticks per frame, at least 1; initially 160 (30 frames a second).
     VxTime getTimeStep() const;
-    /// The play range, ends included; 0 to frame 30 to begin with.
+    /// The play range, ends included; initially 0 to frame 30.
     VxTimeRange getPlayRange() const;
-    /// The animation range, ends included; 0 to frame 30 to begin with.
+    /// The animation range, ends included; initially 0 to frame 30.
     VxTimeRange getAnimRange() const;
 
-    /// True while setting the value of an animatable property makes keys; true to begin with.
+    /// True while setting the value of an animatable property makes keys; initially true.
     bool isAnimating() const;
 
     bool isPlaying() const;
     bool isLoopingEnabled() const;
 
-    /// The node selected last, or null. When it is deselected the one selected before it follows.
+    /// The node selected last, or null. Deselecting it makes the one selected before it primary.
     Q_INVOKABLE VxNode *getPrimarySelection() const;
     /// Selects the node and makes it the primary selection; null leaves the others selected
     /// without a primary one.
@@ -66,15 +66,16 @@ public:
     Q_INVOKABLE VxNode *findNode(const QString &name) const;
     Q_INVOKABLE VxNode *findNodeByLabel(const QString &label) const;
 
-    /// Takes a node with everything below it into the scene, as the last root node or, with a
+    /// Adds a node with everything below it to the scene, as the last root node or, with a
     /// parent, as its last child. Emits nodeAdded() for each of them, parents first. Ownership
     /// passes to the scene. False, with a warning, when the node is null, is in a scene or has a
     /// parent, or when the parent given is not in this scene; the node then stays the caller's.
     bool addNode(VxNode *node, VxNode *parent = nullptr);
-    /// Takes a node with everything below it out of the scene: aboutToRemoveNode() while all is in
-    /// place, then what leaves is deselected, every element below sends aboutToBeRemoved(), and
-    /// when it is out nodeRemoved(). While a hold is open the history keeps the nodes for undo;
-    /// otherwise they are destroyed. False, with a warning, when the node is not in this scene.
+    /// Removes a node with everything below it from the scene: aboutToRemoveNode() while all is in
+    /// place, then the removed nodes are deselected, every element below sends aboutToBeRemoved(),
+    /// and after the removal nodeRemoved(). While a hold is open the history keeps the nodes for
+    /// undo; otherwise they are destroyed. False, with a warning, when the node is not in this
+    /// scene.
     Q_INVOKABLE bool removeNode(VxNode *node);
 
     /// Brackets a load: sceneLoadStarting() and sceneLoaded(). May be nested; only the outermost
@@ -89,30 +90,30 @@ public:
 
 public Q_SLOTS:
     void setTime(int time);
-    /// Values below 1 are taken as 1.
+    /// Values below 1 count as 1.
     void setTimeStep(int ticksPerFrame);
-    /// An end before the start is taken as the start.
+    /// An end before the start counts as the start.
     void setPlayRange(const VxTimeRange &range);
     void setAnimRange(const VxTimeRange &range);
     void setAnimating(bool animating);
 
     /// Starts playback from the current time, or from the start of the play range when the time
-    /// lies outside of it or at its end. With dropFrames the time follows the clock and frames
-    /// are left out when painting is slow; without, every frame is shown, however long it takes,
-    /// but none sooner than its time. Without looping, playback ends once the end of the range is
-    /// shown; with it, the end is shown for one frame before the start follows. A time set during
-    /// playback is where it goes on; a new step, range or looping counts at once. Ignored during
-    /// playback.
+    /// is outside of it or at its end. With dropFrames the time follows the clock and frames are
+    /// skipped when painting is slow; without, every frame is shown, however long it takes, but
+    /// none before its time. Without looping, playback ends once the end of the range is shown;
+    /// with it, the end is shown for one frame before the start follows. Setting the time during
+    /// playback continues from there; a new step, range or looping takes effect at once. Ignored
+    /// during playback.
     void play(bool dropFrames = true);
-    /// Ends playback at the time that is shown. Ignored when nothing is played.
+    /// Ends playback at the shown time. Ignored when nothing is played.
     void pause();
     void loopPlayback(bool onOff);
-    /// Moves the time by a number of frames, forward or back, within the play range; a step
-    /// from outside of it goes to the nearer end. Does not stop playback, which goes on from there.
+    /// Moves the time by a number of frames, forward or back, within the play range; from outside
+    /// the range, to its nearer end. Does not stop playback, which continues from there.
     void stepTime(int frames, bool forward);
 
-    /// Selects every selectable node, or none. Tells of it once. The primary selection stays when
-    /// there is one, else it is the last node.
+    /// Selects every selectable node, or none, with one report. An existing primary selection
+    /// stays, else it is the last node.
     void selectAllNodes(bool onOff);
 
 public:
@@ -130,18 +131,18 @@ Q_SIGNALS:
     void loopPlaybackChanged(bool onOff);
 
     void nodeAdded(VxNode *node);
-    /// node leaves with everything below it; only the top one is named.
+    /// node is removed with everything below it; only the top one is reported.
     void aboutToRemoveNode(VxNode *node);
     /// node, the top one again, is out of the scene and still alive.
     void nodeRemoved(VxNode *node);
     void nodeParentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
-    /// node was moved among its siblings, or was put before some of them when it came into the
-    /// scene or below another parent; then it follows nodeAdded() or nodeParentChanged(). A view
-    /// that appends what comes puts the node to its place now.
+    /// node was moved among its siblings, or was inserted before some of them when it was added to
+    /// the scene or below another parent; then it follows nodeAdded() or nodeParentChanged(). A
+    /// view that appended the node moves it to its index now.
     void nodeOrderChanged(VxNode *node);
     void nodeVisibleChanged(VxNode *node, bool visible);
-    /// Properties of the node, of its object or of what belongs to that one came or went. Those
-    /// that went are no longer anyone's, but may still be alive: the history keeps some.
+    /// Properties of the node, of its object or of sub-elements were added or removed. Removed ones
+    /// have no owner, but may still exist: the history keeps some.
     void nodePropertiesChanged(VxNode *node);
     /// Keys or values of such a property changed; sent just before its own valueChanged(), within
     /// a VxChangeBlock at the block's end.
@@ -153,15 +154,15 @@ Q_SIGNALS:
     void sceneLoaded();
     void sceneClearStarting();
     void sceneCleared();
-    /// Something that a view of the scene at the current time shows has changed. Sent at most
-    /// once per event loop turn.
+    /// A view of the scene at the current time needs repainting. Sent at most once per event loop
+    /// iteration.
     void viewChanged();
 
 private:
     std::unique_ptr<Private> d;
 };
 
-/// The scene of the application; null before the application object is made and after it is gone.
+/// The scene of the application; null outside the lifetime of the application object.
 extern VXCORE_EXPORT VxScene *vxScene;
 
 #endif

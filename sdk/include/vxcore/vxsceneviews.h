@@ -10,8 +10,8 @@
 
 class VxScene;
 
-/// The stored views of a scene: spans of time to look at again, part of the document. Each is empty
-/// or a range; a cleared scene has none.
+/// The stored views of a scene: time ranges to return to, part of the document. Each is empty or a
+/// range; a cleared scene has none.
 class VXCORE_EXPORT VxSceneViews : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     /// The views of a scene, which owns them. Never null for a scene.
     static VxSceneViews *of(VxScene *scene);
-    /// A copy of what a scene has stored.
+    /// A copy of a scene's views.
     static Views viewsOf(const VxScene *scene);
     ~VxSceneViews() override;
 

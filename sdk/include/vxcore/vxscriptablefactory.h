@@ -5,16 +5,16 @@
 #include <vxcore/vxclassfactory.h>
 
 /// A factory whose class scripts construct by name: `new ClassName()`, with the keys of the class's
-/// enumerations on the class and on each object. Use VxScriptableFactoryOf, which adds what depends
-/// on the class as a C++ type.
+/// enumerations on the class and on each object. Use VxScriptableFactoryOf, which adds the parts
+/// that depend on the C++ type.
 class VXCORE_EXPORT VxScriptableFactory : public VxClassFactory
 {
 public:
     VxScriptableFactory(const QMetaObject *metaObject, const VxGuid &guid);
     ~VxScriptableFactory() override;
 
-    /// Who deletes what a script creates, as a QScriptEngine::ValueOwnership: 0, the default, is
-    /// the host and never the script engine.
+    /// The owner of objects that scripts create, as a QScriptEngine::ValueOwnership: 0, the
+    /// default, is the host and never the script engine.
     int getOwnership() const;
     void setOwnership(int ownership);
 
@@ -32,8 +32,8 @@ private:
     int m_ownership = 0;
 };
 
-/// The factory of one class with a default constructor. The class's pointer type gets its name in
-/// the meta-type system when the first factory of the class is made.
+/// The factory of one class with a default constructor. The first factory of a class registers the
+/// class's pointer type under its name in the meta-type system.
 template <class Class> class VxScriptableFactoryOf : public VxScriptableFactory
 {
 public:

@@ -9,7 +9,7 @@
 class QScriptEngine;
 class QScriptValue;
 
-/// What went wrong in a script: where and why.
+/// An error in a script: position and message.
 struct VXCORE_EXPORT VxScriptError
 {
     QString fileName;
@@ -34,12 +34,12 @@ public:
 
     QScriptEngine *engine() const;
 
-    /// Makes `Scene`, `App` and `Undo` stand for the current application's objects and registers
-    /// the classes of the plug-in manager. Call it after plug-ins were loaded; again to add those
+    /// Binds `Scene`, `App` and `Undo` to the current application's objects and registers the
+    /// classes of the plug-in manager. Call it after plug-ins were loaded; again to add those
     /// loaded since.
     void registerHost();
 
-    /// Runs a program. fileName and firstLine are what errors name. Returns the value of the last
+    /// Runs a program. fileName and firstLine appear in errors. Returns the value of the last
     /// statement as text, an empty string for undefined. On an error (syntax or uncaught
     /// exception) error is filled, when given.
     QString evaluate(const QString &program, const QString &fileName = QString(),
@@ -48,33 +48,33 @@ public:
     /// Reads and runs a file (UTF-8). A file that cannot be read is an error without a line.
     bool runFile(const QString &fileName, VxScriptError *error = nullptr);
 
-    /// What scripts see as the global array `arguments`.
+    /// The contents of the global array `arguments`.
     void setArguments(const QStringList &arguments);
 
     /// The names of the global object's properties, sorted: for completion.
     QStringList globalNames() const;
 
-    /// The names that can follow a dot behind an expression of names and indexes joined by dots
-    /// and brackets, such as `Scene` or `nodes[0].label`, sorted: for completion. Nothing but
-    /// properties is read on the way; empty when the expression is another, or leads to nothing.
+    /// The names that can follow a dot after an expression of names and indexes joined by dots
+    /// and brackets, such as `Scene` or `nodes[0].label`, sorted: for completion. Evaluation only
+    /// reads properties; empty when the expression is of another form, or has no value.
     QStringList memberNames(const QString &expression) const;
 
-    /// False when a program is right so far but ends too early, such as one with an open brace.
+    /// False when a program is valid so far but incomplete, such as one with an open brace.
     static bool isComplete(const QString &program);
     /// True while a program runs.
     bool isRunning() const;
 
-    /// With true, running programs let events through now and then, so that abort() can be
-    /// called; without (the default) they run to their end undisturbed.
+    /// With true, running programs process events periodically, so that abort() can be called;
+    /// without (the default) they run to their end without events.
     void setStoppable(bool stoppable);
     /// Stops the running program at its next statement, with an error.
     void abort();
 
-    /// Programs that can be stopped are, with an error, when the process has grown by more than
-    /// this many bytes since their start; 0 for no limit. 2 GB unless set. Sampled ten times a
-    /// second, between statements: a single call can exceed it.
+    /// Stops a stoppable program, with an error, when the process has grown by more than this many
+    /// bytes since its start; 0 for no limit. 2 GB unless set. Sampled ten times a second, between
+    /// statements: a single call can exceed it.
     void setMemoryLimit(qint64 bytes);
-    /// The process's memory in bytes, as the system counts it; 0 where it does not say.
+    /// The process's memory in bytes, as reported by the system; 0 when unavailable.
     static qint64 memoryInUse();
 
 Q_SIGNALS:

@@ -10,8 +10,8 @@
 /// A named store of simple values with sub-stores, kept in memory and written to an INI file on
 /// demand.
 ///
-/// A value is returned as it was stored; a key that is missing, or whose text cannot be read as
-/// the type asked for, gives the default.
+/// A value is returned as it was stored; the default replaces a missing key, or one whose text
+/// cannot be read as the requested type.
 class VXCORE_EXPORT VxSettings
 {
 public:
@@ -37,8 +37,8 @@ public:
     QStringList getKeys() const;
 
     /// The sub-store of a name, made when it does not exist. Owned by this store and valid as
-    /// long as it, also through clear() and load(). A sub-store without any value counts as none
-    /// for the two functions below, and is not written.
+    /// long as it, also through clear() and load(). The two functions below and save() ignore a
+    /// sub-store without any value.
     VxSettings *getSettings(const QString &name);
     /// Null when there is none of that name.
     const VxSettings *findSettings(const QString &name) const;
@@ -46,9 +46,9 @@ public:
 
     void clear();
 
-    /// Replaces the contents by those of an INI file. A file that does not exist gives an empty
-    /// store and true. On a file that cannot be read or parsed: false, a text in error (when
-    /// given), and the contents stay as they were.
+    /// Replaces the contents by those of an INI file. A missing file gives an empty store and true.
+    /// On a file that cannot be read or parsed: false, a text in error (when given), and the
+    /// contents are unchanged.
     bool load(const QString &fileName, QString *error = nullptr);
     /// Writes everything to an INI file, in one step: the old file stays until the new one is
     /// complete.

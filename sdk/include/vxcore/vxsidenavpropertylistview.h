@@ -10,13 +10,13 @@ class VxPropertyListItemModel;
 /// The property list of the Parameters pane: one row a property below the headings of the groups,
 /// rows selectable one by one or several at once.
 ///
-/// A value is changed by dragging it sideways (Ctrl: ten times as far, Shift: a tenth; Escape puts
-/// it back), by a click and typing or stepping, or, a switch, by a click; a click on the key mark
-/// sets or deletes the key. Each of these is one undo entry. Where a row stands for several
-/// properties, typing gives all of them the value, while dragging and stepping move each from where
-/// it is. Copy and paste take values as text. Groups are closed by hiding rows, so that the rows
-/// stay a flat list for everybody else. Selection, scroll position and closed groups are kept by
-/// name when the list is made anew, such as for another node.
+/// A value is changed by dragging it sideways (Ctrl: ten times as far, Shift: a tenth; Escape
+/// reverts), by a click and typing or stepping, or, a switch, by a click; a click on the key mark
+/// sets or deletes the key. Each of these is one undo entry. Where a row represents several
+/// properties, typing sets the value of all of them, while dragging and stepping offset each from
+/// its own value. Copy and paste use values as text. Closing a group hides rows, so that the rows
+/// stay a flat list for all other code. Selection, scroll position and closed groups are kept by
+/// name when the list is rebuilt, such as for another node.
 class VXCORE_EXPORT VxSideNavPropertyListView : public QTreeView
 {
     Q_OBJECT
@@ -31,17 +31,17 @@ public:
     /// Whether the properties of a group (not those of groups below it) are hidden from view.
     bool isGroupCollapsed(const QString &path) const;
     void setGroupCollapsed(const QString &path, bool collapsed);
-    /// The paths of the groups that are closed, also of those that are not listed at present.
+    /// The paths of the closed groups, including ones not listed at present.
     QStringList getCollapsedGroups() const;
     void setCollapsedGroups(const QStringList &paths);
 
-    /// The width in pixels that was chosen for the values' column; 0 while none was, and the list
-    /// divides its width itself. In a narrow list the column may be narrower than that.
+    /// The user's width of the value column in pixels; 0 while none was set, and the list divides
+    /// its width itself. In a narrow list the column may be narrower than that.
     int getValueWidth() const;
     void setValueWidth(int width);
 
 Q_SIGNALS:
-    /// Something could not be done as it was meant, in words; empty when the user goes on.
+    /// A message that an edit could not be applied fully; empty when the user continues.
     void noticed(const QString &text);
 
 protected:

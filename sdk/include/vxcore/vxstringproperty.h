@@ -13,7 +13,7 @@ public:
     ~VxStringProperty() override;
 
     QString getValue() const;
-    /// False when the property is locked. Undone like any other change.
+    /// False when the property is locked. Recorded for undo like any other change.
     bool setValue(const QString &value);
 
 private:

@@ -12,11 +12,11 @@
 #include <vxcore/vxstyleoption.h>
 #include <vxcore/vxtextstyle.h>
 
-/// The look of the application: a proxy over the Fusion style with a palette of its own, and with
-/// numbers of its own for the metrics, hints, primitives and icons that the toolkit does not know.
-/// They go through the toolkit's own functions (pixelMetric(), styleHint(), drawPrimitive(),
-/// standardIcon()), so that a widget asks for them through a plain QStyle pointer, and a plug-in
-/// can name them by number. To be used from the GUI thread only.
+/// The look of the application: a proxy over the Fusion style with its own palette, and with its
+/// own numbers for metrics, hints, primitives and icons that the toolkit lacks. They pass through
+/// the toolkit's functions (pixelMetric(), styleHint(), drawPrimitive(), standardIcon()), so that a
+/// widget can use them through a plain QStyle pointer, and a plug-in can name them by number. GUI
+/// thread only.
 class VXCORE_EXPORT VxStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -27,14 +27,14 @@ public:
         PM_VxBaseMargin = 0xF0000000,    ///< the small gap between neighbours that belong together
         PM_VxPaneMargin = 0xF0000001,    ///< the margin and spacing inside panes
         PM_VxControlHeight = 0xF0000002, ///< the height of buttons, fields and bars
-        PM_VxButtonInset = 0xF0000003,   ///< what a drop-down button needs beside its text
+        PM_VxButtonInset = 0xF0000003,   ///< space that a drop-down button needs beside its text
         PM_VxButtonMargin = 0xF0000004,  ///< the gap between a button's edge and its contents
         PM_VxBarIconSize = 0xF0000005,   ///< the side of the icons in bars
         PM_VxDividerWidth = 0xF0000006,  ///< the thickness of a movable divider
         PM_VxTreeIndentation = 0xF0000020,
         PM_VxDopeSheetHeaderHeight = 0xF0000021, ///< the height of the time ruler
         PM_VxDopeSheetRowHeight = 0xF0000022,
-        PM_VxHeaderGripMargin = 0xF0000023,  ///< how near a section's edge resizes it
+        PM_VxHeaderGripMargin = 0xF0000023,  ///< distance in which a section's edge resizes it
         PM_VxRulerLabelSpacing = 0xF0000024, ///< the smallest distance of two ticks of the ruler
         PM_VxRulerTickWidth = 0xF0000025,
         PM_VxPlayheadInset = 0xF0000026,          ///< how far the playhead reaches below the ruler
@@ -51,21 +51,22 @@ public:
         PE_VxBarButton = 0x0F0000A2,     ///< Sunken pressed, On checked, MouseOver hovered
         PE_VxBarSeparator = 0x0F0000A3,  ///< Horizontal: of a horizontal bar, thus a vertical line
         PE_VxDownArrow = 0x0F0000A4,     ///< the small arrow of drop-down buttons
-        PE_VxDividerBar = 0x0F0000A5,    ///< Horizontal: between widgets that lie side by side
+        PE_VxDividerBar = 0x0F0000A5,    ///< Horizontal: between widgets side by side
         /// A handle of the time range slider: VxStyleOptionCustom with a RangeHandleValue,
         /// MouseOver draws it highlighted.
         PE_VxRangeHandle = 0x0F0000A8,
         PE_VxTimelineNameColumn = 0x0F0000A9,
-        /// A mark of the time ruler: VxStyleOptionCustom with a RulerTickValue. The line stands
-        /// at the rectangle's left edge; the flags of the range marks reach
-        /// a few pixels into the play range.
+        /// A mark of the time ruler: VxStyleOptionCustom with a RulerTickValue. The line is at the
+        /// rectangle's left edge; the flags of the range marks reach a few pixels into the play
+        /// range.
         PE_VxRulerTick = 0x0F0000AA,
-        /// The marker of the current time: a point that stands on the rectangle's bottom edge.
+        /// The marker of the current time: a triangle with its point on the rectangle's bottom
+        /// edge.
         PE_VxPlayhead = 0x0F0000AB,
         /// The line of the current time over the rectangle's height, in its middle column.
         PE_VxCurrentTimeMarker = 0x0F0000AC,
         /// A key: Raised linear, Sunken constant, Editing TCB, Children a union of several rows,
-        /// none of them a mark that stands for a time only; Selected for selected keys.
+        /// none of them a mark for a time only; Selected for selected keys.
         PE_VxKeyMark = 0x0F0000AD
     };
     Q_ENUM(PrimitiveId)
@@ -143,19 +144,19 @@ public:
 
     ColorScheme colorScheme() const;
     /// Changes the palette. When this is the application's style, the application's palette
-    /// changes with it, and icons made before paint themselves in the new colours.
+    /// changes with it, and existing icons are repainted in the new colours.
     void setColorScheme(ColorScheme scheme);
 
     /// The value of a metric, as pixelMetric() gives it.
     int metric(PixelMetricId id) const;
 
-    /// An icon for normal, active, selected and disabled mode, painted at the size that is asked
-    /// for. Null when the number is not one of StandardIconId.
+    /// An icon for normal, active, selected and disabled mode, painted at the requested size. Null
+    /// when the number is not one of StandardIconId.
     QIcon icon(StandardIconId id) const;
 
-    /// A named colour, such as "Style_X_Axis"; invalid when there is none of that name.
+    /// A named colour, such as "Style_X_Axis"; invalid for an unknown name.
     QColor getInterfaceColor(const QString &name) const;
-    /// The names that getInterfaceColor() knows, sorted.
+    /// The names that getInterfaceColor() supports, sorted.
     QStringList getInterfaceColorNames() const;
 
     /// The icon's picture for a widget in the given state (State_Enabled, State_MouseOver,
@@ -166,7 +167,7 @@ public:
 
     VxTextStyle textStyle(TextStyleId id) const;
 
-    /// Colours of the application's palette over what the caller has set on purpose.
+    /// Adds the colours of the application's palette, except where the caller set a colour.
     void polish(QPalette &palette) override;
     /// Gives the application the style's palette.
     void polish(QApplication *application) override;

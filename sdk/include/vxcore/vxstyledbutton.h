@@ -6,12 +6,11 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// A push button for narrow places, mostly one that opens a menu (setMenu()): its text is shortened
-// to the room it has, and an arrow at its end tells that there is more to choose from. The frame is
-// drawn by the style, so that style sheets apply; icon, text and arrow are laid out here, because
-// a style neither shortens text nor lets the arrow be left out. A shortened text is told by the
-// tool tip unless the button has one of its own. Besides the space key, F4 and Alt+Down open the
-// menu, as they do on combo boxes.
+// A push button for narrow spaces, mostly one that opens a menu (setMenu()): its text is elided
+// to the available width, and an arrow at its end indicates more choices. The frame is drawn by the
+// style, so that style sheets apply; icon, text and arrow are laid out here, because a style
+// neither elides text nor can omit the arrow. The tool tip shows an elided text unless the button
+// has its own. Besides the space key, F4 and Alt+Down open the menu, as they do on combo boxes.
 class VXCORE_EXPORT VxStyledButton : public QPushButton
 {
     Q_OBJECT
@@ -23,7 +22,7 @@ class VXCORE_EXPORT VxStyledButton : public QPushButton
 public:
     enum ButtonStyle {
         Default, // the frame of push buttons
-        Flat,    // no frame but under the mouse, while pressed or checked
+        Flat,    // frame only under the mouse, while pressed or checked
         DropDown // the frame of push buttons, the arrow set off by a line
     };
     Q_ENUM(ButtonStyle)
@@ -32,8 +31,8 @@ public:
     explicit VxStyledButton(const QString &text, QWidget *parent = nullptr);
     ~VxStyledButton() override;
 
-    // Where the text is shortened when it finds no room. Qt::ElideNone, the initial value, cuts
-    // it off and makes the button's smallest width that of the whole text.
+    // Where a too long text is elided. Qt::ElideNone, the initial value, cuts it off and makes
+    // the button's smallest width that of the whole text.
     void setElideMode(Qt::TextElideMode mode);
     Qt::TextElideMode elideMode() const;
 
@@ -44,8 +43,8 @@ public:
     void setButtonStyle(ButtonStyle style);
     ButtonStyle buttonStyle() const;
 
-    // Where icon and text stand in the room beside the arrow: Qt::AlignLeft, Qt::AlignHCenter
-    // (the initial value) or Qt::AlignRight. Left is where reading starts.
+    // The alignment of icon and text beside the arrow: Qt::AlignLeft, Qt::AlignHCenter (the
+    // initial value) or Qt::AlignRight. Left is where reading starts.
     void setButtonTextFormat(Qt::Alignment alignment);
     Qt::Alignment buttonTextFormat() const;
 

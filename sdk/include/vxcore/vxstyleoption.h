@@ -5,9 +5,9 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-/// The option of the application's own primitives: a plain option with one number beside it.
-/// What the number says depends on the primitive (see VxStyle::RangeHandleValue and
-/// VxStyle::RulerTickValue); a primitive that needs none takes a plain QStyleOption as well.
+/// The option of the application's own primitives: a plain option with one number, whose meaning
+/// depends on the primitive (see VxStyle::RangeHandleValue and VxStyle::RulerTickValue); other
+/// primitives accept a plain QStyleOption as well.
 class VXCORE_EXPORT VxStyleOptionCustom : public QStyleOption
 {
 public:

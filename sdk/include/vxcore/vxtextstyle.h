@@ -7,9 +7,9 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-/// How one kind of text is written: its colour and its font, with the font's measures at hand.
-/// A plain value: the measures are taken once, when the style is made, so that painting many
-/// labels does not look the font up for each of them.
+/// The style of one kind of text: its colour, its font and the font's metrics. A plain value: the
+/// metrics are computed once, when the style is made, so that painting many labels does not look
+/// the font up for each of them.
 class VXCORE_EXPORT VxTextStyle
 {
 public:

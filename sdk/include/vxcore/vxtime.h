@@ -10,7 +10,7 @@ using VxTime = qint32;
 /// Ticks per second.
 constexpr VxTime VxTicksPerSecond = 4800;
 
-/// The latest and the earliest time there is: bounds for "everything from here on".
+/// The latest and the earliest time: bounds for open-ended ranges.
 constexpr VxTime VxTimeMax = 2147483647;
 constexpr VxTime VxTimeMin = -VxTimeMax - 1;
 

@@ -8,13 +8,13 @@
 
 class QWidget;
 
-/// The horizontal time scale that a pane shows: its key marks, its ruler and its time line stand at
-/// the pixels that xOf() gives.
+/// The horizontal time scale of a pane: its key marks, its ruler and its time line are at the
+/// pixels that xOf() gives.
 ///
 /// A pane publishes its axis by being its parent, so that strips, overlays and tools of other
 /// modules can align with it. Pixels are those of overlayParent(), counted from its left edge.
-/// While the pane is too narrow to show a scale, or has none yet, the answers stay those of the
-/// last scale it had.
+/// While the pane is too narrow to show a scale, or has none yet, the functions return values of
+/// the last scale.
 class VXCORE_EXPORT VxTimeAxis : public QObject
 {
     Q_OBJECT
@@ -39,7 +39,8 @@ public:
     virtual QWidget *overlayParent() const = 0;
 
 Q_SIGNALS:
-    /// Any answer of the axis may have changed. Emitted at most once per change of the view.
+    /// The scale or the visible range may have changed. Emitted at most once per change of the
+    /// view.
     void changed();
 };
 

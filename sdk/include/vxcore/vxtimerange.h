@@ -4,8 +4,8 @@
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
-/// A stretch of time from a start to an end, in ticks, both included. A plain value: the two ends
-/// are kept as they are given, also when the end lies before the start.
+/// A range of time from start to end, in ticks, both included. A plain value: the two ends are kept
+/// as given, even when the end is before the start.
 class VxTimeRange
 {
 public:
@@ -22,8 +22,8 @@ public:
     void setStart(int start) { m_start = start; }
     void setEnd(int end) { m_end = end; }
 
-    /// End minus start, in ticks: 0 for a range of one point in time. Wraps when the ends lie
-    /// further apart than 32 bits hold.
+    /// End minus start, in ticks: 0 for a range of one point in time. Wraps when the distance of
+    /// the ends exceeds 32 bits.
     constexpr VxTime getDuration() const
     {
         return static_cast<VxTime>(static_cast<quint32>(m_end) - static_cast<quint32>(m_start));
@@ -32,13 +32,13 @@ public:
     /// True when start <= time <= end.
     constexpr bool contains(VxTime time) const { return m_start <= time && time <= m_end; }
 
-    /// The time itself, or the nearer end when it lies outside.
+    /// The time itself, or the nearer end when it is outside.
     constexpr VxTime clamp(VxTime time) const
     {
         return time > m_end ? m_end : (time < m_start ? m_start : time);
     }
 
-    /// The smallest range that holds both.
+    /// The smallest range that contains both.
     constexpr VxTimeRange united(const VxTimeRange &other) const
     {
         return {other.m_start < m_start ? other.m_start : m_start,
@@ -54,7 +54,7 @@ public:
         return !(a == b);
     }
 
-    /// Every time there is.
+    /// The range of all times.
     static constexpr VxTimeRange all() { return {VxTimeMin, VxTimeMax}; }
 
 private:

@@ -5,10 +5,10 @@
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
-/// What a text typed for a value or a time means: the number itself, or a change of a present one.
+/// A parsed text for a value or a time: the number itself, or a change of a present one.
 ///
-/// Both kinds are arithmetic: numbers with + - * / and parentheses, a comma as good as a decimal
-/// point. With += -= *= or /= before it, it is a change, such as "+=5", "*=2".
+/// Both kinds are arithmetic: numbers with + - * / and parentheses, a comma or a point as decimal
+/// separator. With += -= *= or /= before it, it is a change, such as "+=5", "*=2".
 struct VXCORE_EXPORT VxTypedInput
 {
     enum Kind {
@@ -19,7 +19,7 @@ struct VXCORE_EXPORT VxTypedInput
         Factor      ///< amount is multiplied with
     };
 
-    /// What a + or - at the beginning is.
+    /// The meaning of a leading + or -.
     enum Signs {
         OfValues, ///< the sign of the value: "-5" is the value -5
         OfOffsets ///< a change: "+10" adds 10, "-5" subtracts 5, "=-5" is the value -5, and a
@@ -30,10 +30,10 @@ struct VXCORE_EXPORT VxTypedInput
     static VxTypedInput read(const QString &text, Signs signs = OfValues);
 
     /// A time, or a change of one; amounts in ticks, not rounded. Numbers may have a unit: f or
-    /// none (frames), s, ms, t (ticks); hh:mm:ss:ff, mm:ss:ff or ss:ff is a timecode of
-    /// non-dropped frames. Times can be added, and multiplied with and divided by plain numbers:
-    /// "1.5s - 2", "2 * 00:00:01:12". A frame has `ticksPerFrame` ticks, above 0; a timecode counts
-    /// as many frames a second as come nearest.
+    /// none (frames), s, ms, t (ticks); hh:mm:ss:ff, mm:ss:ff or ss:ff is a non-drop-frame
+    /// timecode. Times can be added, and multiplied with and divided by plain numbers:
+    /// "1.5s - 2", "2 * 00:00:01:12". A frame has `ticksPerFrame` ticks, above 0; a timecode uses
+    /// the nearest whole number of frames a second.
     static VxTypedInput readTime(const QString &text, VxTime ticksPerFrame, Signs signs = OfValues);
 
     /// The value that results from a present one; the present one itself when there is no change.

@@ -5,14 +5,14 @@
 
 #include <QtCore/qglobal.h>
 
-/// One object's part of an undo entry: the state it had, to be exchanged with the state it has.
+/// One object's part of an undo entry: its former state, to be exchanged with the present one.
 ///
-/// Undo and redo are the same step, swap(). An item finds its object through a guarded pointer:
-/// when the object is gone, swap() does nothing.
+/// Undo and redo are the same step, swap(). An item refers to its object through a guarded pointer:
+/// once the object is destroyed, swap() does nothing.
 class VXCORE_EXPORT VxUndoItem
 {
 public:
-    /// object and kind tell items of one hold apart; the object is not dereferenced.
+    /// object and kind identify an item within a hold; the object is not dereferenced.
     VxUndoItem(const void *object, int kind)
         : m_object(object)
         , m_kind(kind)
@@ -28,8 +28,8 @@ public:
     /// Called after swap(), when all items of the entry have been exchanged and before any change
     /// is reported: for state that refers to that of other items, such as a selection.
     virtual void settle() {}
-    /// Called once when the hold is accepted: gives up what did not change. Returns false when
-    /// nothing is left, and the item is dropped.
+    /// Called once when the hold is accepted: drops unchanged state. Returns false when nothing is
+    /// left, and the item is dropped.
     virtual bool finish() { return true; }
     /// Bytes kept.
     virtual qint64 memoryUsed() const { return 0; }

@@ -20,8 +20,8 @@ public:
     explicit VxUndoStack(QObject *parent = nullptr);
     ~VxUndoStack() override;
 
-    /// The stack that changes are recorded in: the first one that was made and still lives,
-    /// which is the application's. Null when there is none.
+    /// The stack that records changes: the oldest existing one, which is the application's. Null
+    /// when there is none.
     static VxUndoStack *current();
 
     /// For views of the history and for undo and redo actions. Owned by this object.
@@ -38,7 +38,7 @@ public:
     /// The item that the open hold already has for an object and a kind, or null.
     VxUndoItem *findItem(const void *object, int kind) const;
 
-    /// Bytes that all entries take, as far as their items tell.
+    /// Bytes used by all entries, as reported by their items.
     qint64 memoryUsed() const;
 
 public Q_SLOTS:
@@ -57,9 +57,9 @@ public Q_SLOTS:
     /// Undoes or redoes as many entries as it takes for index() to be the given one; a number
     /// outside of 0 .. count() is ignored, as is every call while a hold is open.
     void setIndex(int index);
-    /// Forgets every entry, and what an open hold has collected up to now.
+    /// Removes every entry, and the items that an open hold has collected.
     void clear();
-    /// Makes the present state the one that counts as saved.
+    /// Marks the present state as saved.
     void setClean();
     /// A bracket for scripts: like a hold from beginHold() to acceptHold() or cancelHold().
     void beginHold();
@@ -68,9 +68,9 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void indexChanged(int index);
-    /// A hold has become an entry; it is the last one now.
+    /// A hold has become the last entry.
     void entryAdded(const QString &text);
-    /// Undo or redo has gone from one index to another, lower or higher one.
+    /// Undo or redo has moved the index, in either direction.
     void stepped(int from, int to);
     void cleanChanged(bool clean);
 

@@ -5,11 +5,11 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
-/// Collects the scene changes made while it lives into one undo entry.
+/// Collects the scene changes during its lifetime into one undo entry.
 ///
-/// Holds may be nested: the outermost one alone makes an entry, under its own text; what the inner
-/// ones accept or cancel makes no difference. Nothing is recorded outside of any hold. Cancelling
-/// only forgets, changes already made stay; rollBack() puts them back.
+/// Holds may be nested: only the outermost one makes an entry, under its own text; accepting or
+/// cancelling the inner ones makes no difference. Nothing is recorded outside of any hold.
+/// Cancelling drops the record and keeps the changes; rollBack() reverts them.
 class VXCORE_EXPORT VxUndoStackHold
 {
 public:
@@ -20,11 +20,11 @@ public:
     /// Ends the hold and records everything since its beginning as one entry. A hold in which
     /// nothing changed, or everything changed back, makes no entry.
     void accept(const QString &text);
-    /// Ends the hold without an entry; what was changed stays.
+    /// Ends the hold without an entry; the changes stay.
     void cancel();
-    /// Ends the hold without an entry and puts back everything that was changed since its
-    /// beginning: how a gesture is dropped. False within another hold, whose changes cannot be
-    /// told from these: then it only ends, as with cancel().
+    /// Ends the hold without an entry and reverts all changes since its beginning, to drop a
+    /// gesture. False within another hold, whose changes cannot be separated from these: then it
+    /// only ends, as with cancel().
     bool rollBack();
     /// True until accept(), cancel() or rollBack().
     bool isOpen() const;

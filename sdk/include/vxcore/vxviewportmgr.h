@@ -5,10 +5,10 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
-/// The conventions of the viewports: which mouse button with which modifiers does what.
+/// The mouse conventions of the viewports: the operation of each mouse button with modifiers.
 ///
-/// A button with modifiers makes an accelerator (a number); an accelerator leads to a view
-/// operation. Other views, such as the key graph, ask here so that the same press pans everywhere.
+/// A button with modifiers makes an accelerator (a number); an accelerator maps to a view
+/// operation. Other views, such as the key graph, use the same map: a press pans everywhere alike.
 class VXCORE_EXPORT VxViewportMgr : public QObject
 {
     Q_OBJECT
@@ -24,10 +24,10 @@ public:
     /// Modifiers other than Shift, Ctrl, Alt and Meta do not count.
     int getMouseBtnAccelerator(Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
 
-    /// The operation of an accelerator, 0 when it has none. To begin with: the middle button
-    /// pans, with Ctrl zooms, with Shift orbits.
+    /// The operation of an accelerator, 0 when it has none. Initially the middle button pans, with
+    /// Ctrl zooms, with Shift orbits.
     int getOperation(int accelerator) const;
-    /// Gives an accelerator another operation; NoOperation takes it away.
+    /// Sets the operation of an accelerator; NoOperation removes it.
     void setOperation(int accelerator, int operation);
 
 private:
