@@ -5,7 +5,7 @@
 
 namespace {
 
-// Below this part of what the lengths of the axes allow, a volume counts as none.
+// A volume below this fraction of the product of the axis lengths counts as zero.
 constexpr double SmallestVolume = 1e-10;
 constexpr double ConformalTolerance = 1e-9;
 
@@ -32,7 +32,7 @@ double determinant(const AffineTransform &transform)
     return dot(third, transform.column[2]);
 }
 
-/// False for axes that lie in a plane, and for anything that is not finite.
+/// False for coplanar axes, and for anything that is not finite.
 bool hasVolume(const AffineTransform &transform)
 {
     const double lengths =
@@ -116,7 +116,7 @@ QMatrix4x4 AffineTransform::toMatrix() const
         for (int row = 0; row < 3; ++row)
             matrix(row, i) = float(column[i][row]);
     }
-    // Writing elements leaves the matrix flagged as a general one; let it find the cheaper kinds.
+    // Writing elements flags the matrix as general; this detects the cheaper kinds.
     matrix.optimize();
     return matrix;
 }

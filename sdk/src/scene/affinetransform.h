@@ -5,11 +5,11 @@
 #include <optional>
 #include <vxcore/vxeuler.h>
 
-/// A transform of space in double precision: three columns that tell where the axes go, and a
-/// fourth for the place of the origin.
+/// An affine transform in double precision: three columns for the axes, and a fourth for the
+/// origin.
 ///
-/// Chains of nodes are multiplied and inverted in it, so that values that should come out as they
-/// went in do so to the last bit of single precision.
+/// Chains of nodes are multiplied and inverted in it, so that a round trip is exact to the last bit
+/// of single precision.
 struct AffineTransform
 {
     double column[4][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, 0, 0}};
@@ -18,14 +18,14 @@ struct AffineTransform
     /// of the other axes mix.
     void turn(int axis, double degrees);
 
-    /// Where a place goes.
+    /// Transforms a point.
     void map(const double place[3], double mapped[3]) const;
-    /// None for a transform that flattens space, or is not finite.
+    /// None for a singular transform, or one that is not finite.
     std::optional<AffineTransform> inverted() const;
-    /// True when shapes are kept: a turn, a move and one factor above 0 for all axes.
+    /// True when shapes are kept: a rotation, a translation and one factor above 0 for all axes.
     bool isConformal() const;
 
-    /// The axes alone; a rotation where they are at right angles and of length 1.
+    /// The axes alone; a rotation if they are orthonormal.
     VxRotation axes() const;
     QMatrix4x4 toMatrix() const;
 };
@@ -33,11 +33,11 @@ struct AffineTransform
 /// b first, then a.
 AffineTransform operator*(const AffineTransform &a, const AffineTransform &b);
 
-/// Splits the columns of the axes into a turn and what is left: factors along the axes (the last
-/// one below 0 for a mirror image), and a skew that is dropped. None when the axes lie in a plane.
+/// Splits the columns of the axes into a rotation and the rest: factors along the axes (the last
+/// one below 0 for a mirror image), and a skew that is dropped. None for coplanar axes.
 struct TurnAndStretch
 {
-    AffineTransform turn; ///< without a place
+    AffineTransform turn; ///< without translation
     double factors[3];
 };
 std::optional<TurnAndStretch> splitTurn(const AffineTransform &transform);

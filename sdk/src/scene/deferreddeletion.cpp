@@ -21,7 +21,7 @@ DeferredDeletion::DeferredDeletion()
 
 DeferredDeletion::~DeferredDeletion()
 {
-    // Destruction announces what is destroyed, so more may be discarded on the way.
+    // Destruction sends signals, whose receivers may discard more.
     while (depth == 1 && !discarded().isEmpty()) {
         const QVector<QPointer<QObject>> list = std::move(discarded());
         discarded().clear();

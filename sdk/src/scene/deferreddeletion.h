@@ -4,12 +4,12 @@
 #include <QtCore/QObject>
 #include <QtCore/QVector>
 
-/// While one lives, objects of the scene that are given to discard() stay alive, so that a change
-/// can announce them whatever its listeners do: a listener may remove the very node that is being
-/// announced, and the listeners after it are still called with that node. They find it outside of
-/// the scene. The end of the outermost one destroys what was discarded.
+/// During its lifetime, scene objects passed to discard() stay alive, so that a change can report
+/// them whatever its listeners do: a listener may remove the very node that is being reported, and
+/// later listeners are still called with that node, then outside of the scene. The end of the
+/// outermost instance destroys the discarded objects.
 ///
-/// Every function that changes the scene and goes on after a signal makes one first. GUI thread
+/// Every function that changes the scene and continues after a signal makes one first. GUI thread
 /// only.
 class DeferredDeletion
 {
@@ -19,8 +19,8 @@ public:
     DeferredDeletion(const DeferredDeletion &) = delete;
     DeferredDeletion &operator=(const DeferredDeletion &) = delete;
 
-    /// Destroys an object that nothing owns any more: now, or at the end of the outermost
-    /// DeferredDeletion. Null is ignored.
+    /// Destroys an object without an owner: now, or at the end of the outermost DeferredDeletion.
+    /// Null is ignored.
     static void discard(QObject *object);
     template <class Objects> static void discardAll(const Objects &objects)
     {

@@ -21,7 +21,7 @@ qint64 propertyMemory(const VxProperty *property)
     return qint64(sizeof(VxFloatProperty)) + (number ? number->getKeyMemory() : 0);
 }
 
-/// The memory of an element that no scene has, with all that belongs to it.
+/// The memory of an element outside of a scene, with all that belongs to it.
 qint64 elementMemory(VxElement *top)
 {
     qint64 bytes = 0;

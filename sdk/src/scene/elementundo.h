@@ -7,15 +7,15 @@
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxundoitem.h>
 
-/// The undo item of a property that came to its element or left it: exchanges the place it had
-/// among the element's properties with the place it has, and owns the property while it is out.
+/// The undo item of a property added to or removed from its element: exchanges its former index
+/// among the element's properties with the present one, and owns the property while it is removed.
 ///
-/// Places are counted, so such items of one element fit together only in the exact order of the
+/// Because of the indexes, such items of one element must be swapped in the exact order of the
 /// changes; a property that changes again after another one did gets a further item.
 class ElementPropertyItem : public VxUndoItem
 {
 public:
-    /// To be called before the change. index: the present place, -1 for a property that is out.
+    /// Call before the change. index: the present index, -1 for a removed property.
     ElementPropertyItem(VxElement *element, VxProperty *property, int index);
     ~ElementPropertyItem() override;
 
@@ -38,12 +38,12 @@ private:
     bool m_followed = false;
 };
 
-/// The undo item of a node's object: keeps the object that the node had, and owns it while no node
+/// The undo item of a node's object: keeps the node's former object, and owns it while no node
 /// does.
 class NodeObjectItem : public VxUndoItem
 {
 public:
-    /// To be called before the change.
+    /// Call before the change.
     explicit NodeObjectItem(VxNode *node);
     ~NodeObjectItem() override;
 
@@ -59,12 +59,12 @@ private:
     QPointer<VxObject> m_kept;
 };
 
-/// The undo item of a sub-element that came to an object: exchanges its place among the others with
-/// none, and owns it while it is out.
+/// The undo item of a sub-element added to an object: exchanges its index among the others with
+/// none, and owns it while it is removed.
 class SubElementItem : public VxUndoItem
 {
 public:
-    /// To be called before the change. index: the present place, -1 for an element that is out.
+    /// Call before the change. index: the present index, -1 for a removed element.
     SubElementItem(VxObject *object, VxElement *element, int index);
     ~SubElementItem() override;
 
@@ -78,12 +78,12 @@ private:
     int m_index;
 };
 
-/// Records that a property is about to come or go; index as in ElementPropertyItem. Null when
+/// Records a property about to be added or removed; index as in ElementPropertyItem. Null when
 /// nothing is recorded, because no hold is open or the element is in no scene.
 ElementPropertyItem *recordPropertyPlace(VxElement *element, VxProperty *property, int index);
-/// The open hold's item of a node's object, made when there is none; null as above.
+/// The open hold's item of a node's object, created if missing; null as above.
 NodeObjectItem *recordObject(VxNode *node);
-/// Records that an element is about to come to an object, when something is recorded.
+/// Records an element about to be added to an object, if recording.
 void recordNewSubElement(VxObject *object, VxElement *element);
 
 #endif

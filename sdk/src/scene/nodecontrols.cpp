@@ -62,7 +62,7 @@ VxFloatProperty *makeNodeControl(NodeControl control)
     const ControlInfo &info = Controls[control];
     auto *property = new VxFloatProperty(controlTexts()[control].name, info.isScale ? 1.0f : 0.0f);
     property->setPath(controlTexts()[control].path);
-    // Past the setter: an open hold would record a label for each control of each new node.
+    // Bypasses the setter: an open hold would record a label for each control of each new node.
     VxProperty::Private::of(property)->label = QCoreApplication::translate("VxNode", info.label);
     property->setAxis(info.axis);
     if (info.isScale) {

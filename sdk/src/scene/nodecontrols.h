@@ -26,7 +26,7 @@ using NodeControls = std::array<VxFloatProperty *, NodeControlCount>;
 
 /// A new control with its name, label, group path, axis and default value; the caller's.
 VxFloatProperty *makeNodeControl(NodeControl control);
-/// The value that a control begins with, and that counts where it is gone.
+/// The initial value of a control, also used for a destroyed one.
 double nodeControlDefault(NodeControl control);
 /// The control of a name; -1 for any other name.
 int nodeControlOfName(const QString &name);
@@ -34,7 +34,7 @@ int nodeControlOfName(const QString &name);
 /// The values of all controls at one time.
 using NodeControlValues = std::array<double, NodeControlCount>;
 
-/// The values at a time; a control that is gone counts as its default.
+/// The values at a time; a destroyed control has its default.
 NodeControlValues nodeControlValues(const NodeControls &controls, VxTime time);
 /// translate(origin + position) * rotation * scale.
 AffineTransform nodeTransform(const NodeControlValues &values, VxNode::RotationOrder order,

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The node's transform without its own size, so that one that is flat has axes, too.
+/// The node's transform without its own scale, so that a flat node still has axes.
 AffineTransform unscaled(NodeControlValues values, VxNode::RotationOrder order,
                          const QVector3D &origin)
 {

@@ -37,7 +37,7 @@ std::vector<VxTime> controlKeyTimes(const NodeControls &controls)
     for (const VxFloatProperty *control : controls) {
         const VxTime *own = control ? control->getKeyTimes() : nullptr;
         const VxTime *end = own ? own + control->getNumKeys() : nullptr;
-        // Recorded motion has its keys at the same times everywhere.
+        // Shortcut: all controls of recorded motion have keys at the same times.
         if (!own || std::equal(own, end, times.begin(), times.end()))
             continue;
         std::vector<VxTime> both;

@@ -10,10 +10,10 @@
 
 namespace {
 
-// Differences that come from computing alone, relative to the numbers that went in.
+// Rounding errors of double arithmetic, relative to the inputs.
 constexpr double Noise = 1e-9;
 constexpr double AngleNoise = 1e-7; // degrees
-// What single precision leaves of a place that was written and is read again.
+// Rounding of a position that is stored in single precision.
 constexpr double PlaceTolerance = 1e-5;
 
 bool isSingle(double value)
@@ -47,7 +47,7 @@ PlaceKeeper::PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *ne
         m_relations.clear();
 }
 
-/** At a time when the new parent has no size its space as it is next to that time is taken. */
+/** Where the new parent has zero scale, its space at the nearest other time is used. */
 bool PlaceKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newParent)
 {
     const VxNode *common = commonAncestor(oldParent, newParent);
@@ -63,7 +63,7 @@ bool PlaceKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newPare
     }
     if (!known[m_now])
         return false;
-    // From the time asked for, where the relation is known, to either end.
+    // From the requested time, where the relation is known, to either end.
     for (size_t i = m_now + 1; i < m_times.size(); ++i) {
         if (!known[i])
             m_relations[i] = m_relations[i - 1];
@@ -87,7 +87,7 @@ bool PlaceKeeper::solve()
         m_old.push_back(samples.at(i));
         const NodeControlValues &old = m_old.back();
         VxEuler near = anglesOf(old);
-        // Each turn goes on from the last one as far as the node turned before.
+        // Each rotation continues from the previous one by the angle of the original motion.
         for (size_t axis = 0; i > 0 && axis < 3; ++axis)
             near[axis] += m_new[i - 1][XRotation + axis] - m_old[i - 1][XRotation + axis];
         const QVector3D origin = m_node->getOrigin();
@@ -115,7 +115,7 @@ bool PlaceKeeper::keep()
     return isInPlace();
 }
 
-/** A place along one axis is better than none; of three angles, two are of no use. */
+/** A position is kept for each axis separately; a rotation needs all three angles. */
 bool PlaceKeeper::isAvailable(NodeControl control) const
 {
     const auto isFree = [](const VxFloatProperty *property) {
@@ -191,7 +191,7 @@ void PlaceKeeper::shiftKeys(NodeControl control)
     property->setKeyValues(indexes, values);
 }
 
-/** Keys at all the times; new ones among old ones have the shape of the one before them. */
+/** Sets keys at all the times; a new one gets the shape of the key before it. */
 void PlaceKeeper::writeKeys(NodeControl control)
 {
     VxFloatProperty *property = m_controls[control];
@@ -216,7 +216,7 @@ void PlaceKeeper::writeKeys(NodeControl control)
         types.push_back(shape.type);
         tcb.push_back(shape.tcb);
     }
-    // Where no key has any, none shall take room for them.
+    // Saves the memory of zero shapes.
     const VxTcb *shapes = old.tcb ? tcb.data() : nullptr;
     property->setKeys({times.data(), values.data(), types.data(), shapes, int(times.size())});
 }

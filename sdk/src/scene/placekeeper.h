@@ -6,27 +6,27 @@
 #include <optional>
 #include <vector>
 
-/// Gives a node that goes from one parent to another the values with which it stays where it is in
-/// the world: at one time, and at the time of each of its keys.
+/// Preserves the world transform of a node that moves from one parent to another: at one time, and
+/// at the time of each of its keys.
 ///
 /// Everything is sampled first and written afterwards. A control whose values need not change is
-/// not touched, one that needs the same difference everywhere keeps its keys and their shapes, and
-/// only what has to move in another way than before gets keys at all the times.
+/// not touched, one that needs the same offset everywhere keeps its keys and their shapes, and only
+/// controls that must move differently than before get keys at all the times.
 class PlaceKeeper
 {
 public:
-    /// Either parent may be null for the top level. It makes no difference whether the node hangs
-    /// at the old or at the new one by now.
+    /// Either parent may be null for the top level. The node may have the old or the new parent at
+    /// present.
     PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now);
 
-    /// False when the node is not where it was at the time: the new parent has no size, controls
-    /// that are locked or driven by others had to change, or the skew of a turn within unequal
-    /// scales is lost. Without a solution nothing is changed.
+    /// False when the world transform at the time changed: the new parent has zero scale, controls
+    /// that are locked or driven by others would have to change, or the skew of a rotation within
+    /// unequal scales is lost. Without a solution nothing is changed.
     bool keep();
 
 private:
-    /// What a control has to do: nothing, take another value, or give its keys the same difference,
-    /// or all the times keys with values of their own.
+    /// The change of a control: none, another stored value, the same offset for all keys, or keys
+    /// with new values at all the times.
     enum class Change { None, StoredValue, Shift, Keys };
 
     bool sampleRelations(const VxNode *oldParent, const VxNode *newParent);
@@ -36,7 +36,7 @@ private:
     void write(NodeControl control);
     void shiftKeys(NodeControl control);
     void writeKeys(NodeControl control);
-    /// Makes a key at the time where the curve between two keys does not lead past the right value.
+    /// Sets a key at the time if the curve between two keys misses the right value.
     void pinNow(NodeControl control);
     double tolerance(NodeControl control) const;
     bool isInPlace() const;
@@ -44,12 +44,12 @@ private:
     VxNode *const m_node;
     const NodeControls m_controls;
     std::vector<VxTime> m_times;
-    size_t m_now = 0;                         ///< the index of the time asked for
-    bool m_nowIsKey = true;                   ///< a key lies there
+    size_t m_now = 0;                         ///< the index of the requested time
+    bool m_nowIsKey = true;                   ///< there is a key at that time
     std::vector<AffineTransform> m_relations; ///< from the old to the new parent's space
     std::vector<NodeControlValues> m_old;
     std::vector<NodeControlValues> m_new;
-    double m_reach = 0; ///< the largest number that places are computed from
+    double m_reach = 0; ///< the largest magnitude in the position arithmetic
 };
 
 #endif

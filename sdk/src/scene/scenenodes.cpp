@@ -11,7 +11,7 @@ namespace {
 
 using GuardedNodes = QVector<QPointer<VxNode>>;
 
-/// Receivers of signals may destroy nodes; lists that are walked while signals are sent are these.
+/// For iterating while signals are sent, whose receivers may destroy nodes.
 GuardedNodes guarded(const QVector<VxNode *> &nodes)
 {
     GuardedNodes list;
@@ -172,7 +172,7 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
     reportOrder(announced.first());
 }
 
-/** nodeAdded() implies that a node is the last of its siblings; another place is reported. */
+/** nodeAdded() implies that a node is the last of its siblings; another index is reported. */
 void SceneNodes::reportOrder(const QPointer<VxNode> &node)
 {
     if (node && node->getScene() == m_scene && siblingsBelow(node->getNodeParent()).last() != node)
@@ -230,7 +230,7 @@ QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool record
     const GuardedNodes wanted = guarded(tops);
     announce(tops);
     GuardedNodes taken;
-    // Backwards, because a place at the end of a long list is given up at no cost.
+    // Backwards, because removing from the end of a long list is cheap.
     for (int i = wanted.size() - 1; i >= 0; --i) {
         VxNode *top = wanted.at(i);
         if (!top || top->getScene() != m_scene)
@@ -266,7 +266,7 @@ NodePlaceItem *SceneNodes::recordPlace(VxNode *node)
     if (!stack || !stack->isRecording())
         return nullptr;
     const bool sameHold = m_lastItem && stack->findItem(m_lastNode, VxUndoNodePlace) == m_lastItem;
-    // A node that was destroyed leaves its item behind, and the next one may get its address.
+    // The item of a destroyed node stays, and the next node may get its address.
     if (sameHold && m_lastNode == node && m_lastItem->isAlive())
         return m_lastItem;
     if (sameHold)

@@ -33,7 +33,7 @@ void ScenePlayback::play(bool dropFrames)
         Q_EMIT m_scene->playbackStarted();
     if (!m_playing)
         return;
-    // What the receivers took to get ready is not counted as playing time.
+    // The time that receivers needed to prepare is not playing time.
     if (intervention == m_interventions)
         m_clock.start(m_scene->getTime(), settings(), m_elapsed.nsecsElapsed());
     wait();
@@ -81,8 +81,8 @@ void ScenePlayback::showFrame()
 
 void ScenePlayback::wait()
 {
-    // Rounded down: what is left of the last millisecond is spent in turns of the event loop, so
-    // that frames come when they are due and not up to a millisecond later.
+    // Rounded down: the rest of the last millisecond is spent in event loop iterations, so that
+    // frames are exactly on time and not up to a millisecond late.
     const qint64 left = m_clock.nextDue() - m_elapsed.nsecsElapsed();
     m_timer.start(static_cast<int>(qBound<qint64>(0, left / 1000000, 60000)));
 }

@@ -9,8 +9,8 @@ class VxScene;
 
 /// Drives the scene's time from the system's monotonic clock while the scene plays.
 ///
-/// What comes when is the playback clock's business; this class reads the time of day for it, and
-/// waits: one timer, set anew after each frame to the moment when the next one is due.
+/// The playback clock schedules the frames; this class supplies the time of day and the waiting:
+/// one timer, restarted after each frame for the due time of the next.
 class ScenePlayback
 {
 public:
@@ -19,7 +19,7 @@ public:
     bool isPlaying() const { return m_playing; }
     void play(bool dropFrames);
     void pause();
-    /// Somebody else set the scene's time; step, range or looping changed.
+    /// The scene's time was set from outside; step, range or looping changed.
     void handleTimeSet();
     void handleSettingsChanged();
 
@@ -35,7 +35,7 @@ private:
     QTimer m_timer;
     bool m_playing = false;
     bool m_dropFrames = true;
-    /// Counts interventions, so that a frame whose receivers intervened is not taken for the last.
+    /// Counts interventions: a frame whose receivers intervened is not the last one.
     int m_interventions = 0;
 };
 

@@ -9,10 +9,10 @@ class VxScene;
 
 /// The selected nodes in the order of their selection, and the primary one among them.
 ///
-/// Each node knows its place in the list, and a place that is given up stays empty until enough of
-/// them have gathered, so that selecting and deselecting cost the same however many nodes are
-/// selected. Signals are sent when everything is in its new state: the nodes' own, then the list's,
-/// then the primary selection's.
+/// Each node stores its index in the list, and a removed entry stays as a gap until enough of them
+/// have gathered, so that selecting and deselecting take constant time however many nodes are
+/// selected. Signals are sent when all state is new: the nodes' own, then the list's, then the
+/// primary selection's.
 class SceneSelection
 {
 public:
@@ -31,14 +31,14 @@ public:
     void deselect(const QVector<VxNode *> &nodes);
     void selectAll();
     void deselectAll();
-    /// For the end of the scene: without a word to anyone.
+    /// For the scene's destructor: sends no signal.
     void forget();
     /// Null: nodes stay selected, none of them primary.
     void setPrimary(VxNode *node);
 
 private:
     Q_DISABLE_COPY(SceneSelection)
-    /// Adds to or takes from the list; false when there was nothing to do.
+    /// Adds to or removes from the list; false when nothing changed.
     bool enter(VxNode *node);
     bool leave(VxNode *node);
     void dropGaps();
@@ -49,7 +49,7 @@ private:
     QVector<VxNode *> m_list;
     int m_gaps = 0;
     VxNode *m_primary = nullptr;
-    /// The primary selection that was told of last; receivers may change the selection in turn.
+    /// The primary selection last reported; receivers may change the selection in turn.
     const VxNode *m_reportedPrimary = nullptr;
 };
 

@@ -6,7 +6,7 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundoitem.h>
 
-/// Where a node stands: out of the scene, at the top level, or below a parent.
+/// The place of a node: out of the scene, at the top level, or below a parent.
 struct NodePlace
 {
     bool inScene = false;
@@ -22,11 +22,11 @@ struct NodePlace
     }
 };
 
-/// The undo item of a node that came, went or moved: exchanges the place it had with the place it
-/// has. One kind of item serves all three, and owns the node while it keeps it out of the scene.
+/// The undo item of an added, removed or moved node: exchanges its former place with the present
+/// one. One kind of item serves all three, and owns the node while it is out of the scene.
 ///
-/// Places count siblings, so such items only fit together when they are swapped in the exact order
-/// of the changes; that is why a later change of the same node makes an item of its own.
+/// Places are sibling indexes, so such items must be swapped in the exact order of the changes;
+/// that is why a later change of the same node makes another item.
 class NodePlaceItem : public VxUndoItem
 {
 public:
@@ -34,7 +34,7 @@ public:
     ~NodePlaceItem() override;
 
     void swap() override;
-    /// A node back at its place leaves nothing to undo, unless other nodes moved since.
+    /// Drops the item of a node back at its place, unless other nodes moved since.
     bool finish() override;
     qint64 memoryUsed() const override;
 

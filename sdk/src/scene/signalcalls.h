@@ -5,8 +5,8 @@ class QString;
 
 namespace SignalCalls {
 
-/// Throws an error in the script that calls into the host; false when none does. Set by the script
-/// engine; null without one.
+/// Throws an error in the script that calls into the host; false without such a script. Set by the
+/// script engine; null without one.
 extern bool (*throwInScript)(const QString &message);
 
 } // namespace SignalCalls

@@ -12,8 +12,8 @@
 
 namespace {
 
-/// The classes that signals of elements name without knowing more of them than the name; scripts
-/// and queued connections need them as types.
+/// The classes that signals of elements only forward declare; scripts and queued connections need
+/// them as types.
 void registerTypes()
 {
     static const bool done = [] {

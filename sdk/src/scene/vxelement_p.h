@@ -30,8 +30,8 @@ enum VxSceneUndoKind {
     VxUndoSceneViews
 };
 
-/// What every element keeps. The records of nodes and objects derive from it and hear through its
-/// virtual functions when something they own is destroyed behind their back.
+/// The record of every element. Those of nodes and objects derive from it; virtual functions notify
+/// them when an owned object is destroyed from outside.
 class VxElement::Private
 {
 public:
@@ -40,43 +40,43 @@ public:
     static Private *of(VxElement *element) { return element->d.get(); }
     static const Private *of(const VxElement *element) { return element->d.get(); }
 
-    /// The scene that the element is in by way of its node, or null.
+    /// The scene of the element's node, or null.
     VxScene *findScene() const;
-    /// Forgets the group trees from here upwards.
+    /// Invalidates the group trees from here upwards.
     void invalidateGroups();
     /// The node that the element is, or belongs to; null outside of nodes.
     VxNode *findNode() const;
-    /// Takes a property out of the list; it keeps living.
+    /// Removes a property from the list without deleting it.
     void release(VxProperty *property);
-    /// Takes a property out, or puts one that has no owner at a place in the list (one beyond the
-    /// end: last), and tells of it.
+    /// Removes a property, or inserts one without an owner at an index in the list (one beyond the
+    /// end: last), and reports it.
     void take(VxProperty *property);
     void insert(VxProperty *property, int index);
-    /// Tells the scene, if there is one, that the node's properties came or went.
+    /// Reports to the scene, if any, that the node's properties were added or removed.
     void tellPropertiesChanged() const;
     /// For a property that is destroyed while its element still has it.
     static void loseProperty(VxProperty *property);
-    /// Sends aboutToBeRemoved(), once between two stays in a scene.
+    /// Sends aboutToBeRemoved(), once per removal from a scene.
     void announceRemoval();
-    /// The same for the element and all that it groups.
+    /// The same for the element and all its grouped elements.
     void announceRemovalOfAll();
-    /// The element and what it groups, each followed by its own.
+    /// The element and its grouped elements, each followed by its own.
     static void collect(VxElement *element, QVector<VxElement *> &list);
 
-    /// The property at an index within the list, made now if it does not exist yet.
+    /// The property at an index within the list, created if missing.
     VxProperty *propertyAt(int index);
-    /// Makes the property of a list entry that is null and puts it there.
+    /// Creates the property of a null list entry and stores it there.
     virtual VxProperty *makeProperty(int) { return nullptr; }
-    /// The list index of the property with a name that is not made yet; -1 for none.
+    /// The list index of a not yet created property by name; -1 for none.
     virtual int unmadeIndexOf(const QString &) const { return -1; }
-    /// True for a property that the element cannot be without.
+    /// True for a property that cannot be removed from the element.
     virtual bool isBuiltIn(const VxProperty *) const { return false; }
-    /// A property is being destroyed by someone else.
+    /// A property is being destroyed from outside.
     virtual void propertyLost(VxProperty *) {}
-    /// An element that belongs to this one is being destroyed by someone else.
+    /// An element that belongs to this one is being destroyed from outside.
     virtual void elementLost(VxElement *) {}
-    /// Of an object: the place of one of its sub-elements (-1 for another), taking one out, which
-    /// then belongs to nobody, and putting in one that nobody has; both tell of it.
+    /// Of an object: the index of one of its sub-elements (-1 for another), removing one, which
+    /// then has no owner, and inserting one without an owner; both report it.
     virtual int placeOfElement(const VxElement *) const { return -1; }
     virtual void takeElement(VxElement *) {}
     virtual void insertElement(VxElement *, int) {}
@@ -84,11 +84,11 @@ public:
     VxElement *q = nullptr;
     QString name;
     QString label;
-    QVector<VxProperty *> properties;    ///< null for one that is not made yet
-    QHash<QString, VxProperty *> byName; ///< of those that are made
+    QVector<VxProperty *> properties;    ///< null for one not yet created
+    QHash<QString, VxProperty *> byName; ///< of the created ones
     std::unique_ptr<VxPropertyGroupTree> groups;
     VxElement *owner = nullptr;
-    /// Set for nodes only; the others find it by their owners.
+    /// Set for nodes only; the others find it through their owners.
     VxScene *scene = nullptr;
     bool removalAnnounced = false;
 };

@@ -45,7 +45,7 @@ VxNode::~VxNode()
     record->announceRemoval();
     if (record->parent)
         Private::of(record->parent)->children.removeOne(this);
-    // From the lowest up: each goes without nodes below it, however deep the hierarchy is.
+    // From the lowest up, so that no destructor recurses, however deep the hierarchy is.
     QVector<VxNode *> below;
     Private::collectNodes(this, below);
     for (int i = below.size() - 1; i > 0; --i) {
@@ -99,7 +99,7 @@ void VxNode::getNodeChildren(QVector<VxNode *> &list, bool recursive) const
 
 bool VxNode::isAncestorOf(const VxNode *node) const
 {
-    // A node without children needs no walk up; long chains are built of such.
+    // Skips the walk up for a node without children, as in building long chains.
     const bool canBe = node && !priv()->children.isEmpty();
     const VxNode *above = canBe ? node->getNodeParent() : nullptr;
     while (above && above != this)
@@ -162,7 +162,7 @@ void VxNode::setObject(VxObject *object)
                  qUtf8Printable(object->getOwnerElement()->getName()), qUtf8Printable(getName()));
         return;
     }
-    // An object that the hold itself has brought is of no use to the history.
+    // The history needs no object that the hold itself has set.
     const DeferredDeletion hold;
     const NodeObjectItem *item = recordObject(this);
     const bool isKept = item && item->kept() == former;

@@ -122,7 +122,7 @@ VxObject *VxNode::Private::exchangeObject(VxObject *newObject)
 
 void VxNode::Private::collectNodes(VxNode *top, QVector<VxNode *> &list)
 {
-    // The children are stacked from the last to the first, so that the first one comes off next;
+    // The children are stacked from last to first, so that the first one is popped first;
     // hierarchies can be deep chains, so no recursion.
     QVector<VxNode *> open{top};
     while (!open.isEmpty()) {

@@ -68,7 +68,7 @@ public:
     std::unique_ptr<VxPropertyGroup> root;
     /// By parent and name.
     QHash<QPair<const VxPropertyGroup *, QString>, VxPropertyGroup *> children;
-    /// By the paths that properties gave, so that each is taken apart only once.
+    /// By the paths of added properties, so that each is parsed only once.
     QHash<QString, VxPropertyGroup *> byGivenPath;
 };
 

@@ -107,7 +107,7 @@ VxScene::VxScene(QObject *parent)
 
 VxScene::~VxScene()
 {
-    // Receivers would find a scene that is half gone.
+    // Receivers would use a half destroyed scene.
     blockSignals(true);
     d->playback.pause();
     d->selection.forget();
@@ -237,7 +237,7 @@ bool VxScene::removeNode(VxNode *node)
                  node ? qUtf8Printable(node->getName()) : "null");
         return false;
     }
-    // A receiver of aboutToRemoveNode() need not remove the node itself.
+    // A receiver of aboutToRemoveNode() may have removed the node itself.
     if (!VxNode::Private::of(node)->leaving)
         d->nodes.remove(node);
     return true;
@@ -285,7 +285,7 @@ void VxScene::setTime(int time)
     vxRecordValue<VxScene, VxTime>(
         this, VxUndoSceneTime, [](const VxScene *s) { return s->getTime(); },
         [](VxScene *s, const VxTime &value) { s->setTime(value); });
-    // The playback is told first: receivers of the signal find it in the new state.
+    // The playback is updated first: receivers of the signal find it in the new state.
     d->time = time;
     d->playback.handleTimeSet();
     d->touchView();

@@ -15,14 +15,14 @@ public:
 
     static Private *of(VxScene *scene) { return scene->d.get(); }
 
-    /// Makes sure that viewChanged() is sent in the next turn of the event loop.
+    /// Schedules viewChanged() for the next event loop iteration.
     void touchView();
-    /// Sets values without recording them and without telling the playback.
+    /// Sets values without recording them and without updating the playback.
     void applyTime(VxTime time);
     void applyDefaults();
     /// The hook of properties, see VxProperty::Private::changeHook.
     static bool handlePropertyChange(VxProperty *property);
-    /// The range with an end that does not lie before its start.
+    /// The range with an end that is not before its start.
     static VxTimeRange ordered(const VxTimeRange &range);
 
     VxScene *q;
