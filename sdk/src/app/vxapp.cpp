@@ -2,6 +2,7 @@
 
 #include "app/vxhostclasses.h"
 #include "scene/vxnode_p.h"
+#include "widgets/wheelfocusfilter.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
@@ -51,8 +52,9 @@ public:
     std::unique_ptr<VxKeySelection> keySelection = std::make_unique<VxKeySelection>();
     std::unique_ptr<VxUndoStack> undoStack = std::make_unique<VxUndoStack>();
     std::unique_ptr<VxScene> scene = std::make_unique<VxScene>();
-    std::unique_ptr<VxScriptEngine> scriptEngine; // made when it is asked for
-    QPointer<VxStyle> style;                      // QApplication's
+    std::unique_ptr<VxScriptEngine> scriptEngine;  // made when it is asked for
+    QPointer<VxStyle> style;                       // QApplication's
+    std::unique_ptr<WheelFocusFilter> wheelFilter; // null without a QApplication
     QPointer<VxMainWindow> interface;
     bool isClosing = false;
     bool isStarted = false;
@@ -68,8 +70,10 @@ VxApp::VxApp()
     d.reset(new Private);
     for (VxClassFactory *factory : vxHostClassFactories())
         d->pluginMgr->addClassFactory(factory);
-    if (qobject_cast<QApplication *>(QCoreApplication::instance()))
+    if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
         setStyle(new VxStyle);
+        d->wheelFilter = std::make_unique<WheelFocusFilter>();
+    }
 }
 
 VxApp::~VxApp()

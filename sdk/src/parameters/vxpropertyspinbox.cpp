@@ -5,7 +5,6 @@
 #include "parameters/vxpropertyvalue.h"
 
 #include <QtGui/QKeyEvent>
-#include <QtGui/QWheelEvent>
 #include <QtWidgets/QLineEdit>
 #include <algorithm>
 #include <vxcore/vxnumericproperty.h>
@@ -201,12 +200,4 @@ void VxPropertySpinBox::keyPressEvent(QKeyEvent *event)
         step(direction * FineStep);
     else
         QAbstractSpinBox::keyPressEvent(event);
-}
-
-void VxPropertySpinBox::wheelEvent(QWheelEvent *event)
-{
-    if (hasFocus())
-        QAbstractSpinBox::wheelEvent(event);
-    else
-        event->ignore();
 }

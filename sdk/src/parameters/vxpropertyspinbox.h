@@ -53,8 +53,6 @@ protected:
     StepEnabled stepEnabled() const override;
     /// Shift makes steps of a tenth.
     void keyPressEvent(QKeyEvent *event) override;
-    /// Left to the list around while the field has not got the focus.
-    void wheelEvent(QWheelEvent *event) override;
 
 private:
     QVector<VxProperty *> living() const;

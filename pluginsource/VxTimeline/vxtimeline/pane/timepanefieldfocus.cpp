@@ -1,6 +1,5 @@
 #include "vxtimeline/pane/timepanefieldfocus.h"
 
-#include <QtCore/QEvent>
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
@@ -17,19 +16,9 @@ TimePaneFieldFocus::~TimePaneFieldFocus() = default;
 void TimePaneFieldFocus::add(QAbstractSpinBox *field)
 {
     m_fields.append(field);
-    field->setFocusPolicy(Qt::StrongFocus);
-    field->installEventFilter(this);
     // Sent after the number is taken over.
     connect(field->findChild<QLineEdit *>(), &QLineEdit::returnPressed, this,
             &TimePaneFieldFocus::giveBack);
-}
-
-bool TimePaneFieldFocus::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::Wheel || static_cast<const QWidget *>(watched)->hasFocus())
-        return false;
-    event->ignore();
-    return true;
 }
 
 bool TimePaneFieldFocus::isField(const QWidget *widget) const

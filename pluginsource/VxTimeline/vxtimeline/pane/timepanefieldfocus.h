@@ -11,8 +11,7 @@ class QWidget;
 // The focus of the pane's number fields, all of them together.
 //
 // Return gives the focus back to the view that had it before the first field was entered, so that
-// key commands act on keys again. The wheel changes a field only while it has the focus; else it is
-// left to the widgets below, and does not give the field the focus either.
+// key commands act on keys again.
 class TimePaneFieldFocus : public QObject
 {
     Q_OBJECT
@@ -22,8 +21,6 @@ public:
 
     // Not owned; must live as long as this.
     void add(QAbstractSpinBox *field);
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool isField(const QWidget *widget) const;
