@@ -29,7 +29,7 @@ constexpr double LargestBottomShare = 0.57;
 constexpr Place Places[] = {
     {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
     {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
-    {"VxHistoryPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
+    {"VxHistoryPane", Qt::LeftDockWidgetArea, 220, "VxScenePane"},
     {"VxKeyToolsPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
     {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
     {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},

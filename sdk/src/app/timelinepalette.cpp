@@ -8,7 +8,7 @@
 namespace {
 
 /// How far the lines' colour is from the ground towards the text.
-constexpr qreal LineStrength = 0.1;
+constexpr qreal LineStrength = 0.06;
 /// The share of the highlight colour in the ground of a selected row.
 constexpr qreal HighlightShare = 64.0 / 255;
 

@@ -232,16 +232,17 @@ void tst_HistoryPane::theStatusLineSaysWhatWasDone()
 void tst_HistoryPane::thePaneKeepsItsPlace()
 {
     PaneDock *dock = window()->docks()->find("VxHistoryPane");
-    window()->addDockWidget(Qt::LeftDockWidgetArea, dock);
+    window()->addDockWidget(Qt::RightDockWidgetArea, dock);
     start();
     dock = window()->docks()->find("VxHistoryPane");
-    QCOMPARE(window()->dockWidgetArea(dock), Qt::LeftDockWidgetArea);
+    QCOMPARE(window()->dockWidgetArea(dock), Qt::RightDockWidgetArea);
     QVERIFY(entry("Window", "Default Layout"));
     entry("Window", "Default Layout")->trigger();
-    QCOMPARE(window()->dockWidgetArea(dock), Qt::RightDockWidgetArea);
-    // Behind the parameters, not over them.
-    QVERIFY(
-        window()->tabifiedDockWidgets(dock).contains(window()->docks()->find("VxParametersPane")));
+    QCOMPARE(window()->dockWidgetArea(dock), Qt::LeftDockWidgetArea);
+    // Behind the scene, not over it.
+    PaneDock *scene = window()->docks()->find("VxScenePane");
+    QVERIFY(window()->tabifiedDockWidgets(dock).contains(scene));
+    QVERIFY(!scene->visibleRegion().isEmpty());
 }
 
 VX_TEST_MAIN(tst_HistoryPane)

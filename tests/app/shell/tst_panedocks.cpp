@@ -5,6 +5,7 @@
 #include "testing/vxtestmain.h"
 
 #include <QLineEdit>
+#include <QTabBar>
 
 namespace {
 
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void theHeightIsRestoredInALaterRun();
     void anotherDocumentClearsTheSearches_data();
     void anotherDocumentClearsTheSearches();
+    void titlesOfTabsAreNotElided();
 
 private:
     PaneDock *dock() const { return window()->findChild<PaneDock *>("DockVxTimePane"); }
@@ -121,6 +123,26 @@ void tst_PaneDocks::anotherDocumentClearsTheSearches()
         entry("File", "New")->trigger();
     QCOMPARE(rowsField()->text(), QString());
     QCOMPARE(sceneField->text(), QString());
+}
+
+// In a small window too, with all panes where they are at first.
+void tst_PaneDocks::titlesOfTabsAreNotElided()
+{
+    QFont font("DejaVu Sans");
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+    start({"--size", "1280x800"});
+    window()->docks()->applyDefaultLayout();
+    QCoreApplication::processEvents();
+    int tabs = 0;
+    for (const QTabBar *bar :
+         window()->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!bar->isVisible())
+            continue;
+        tabs += bar->count();
+        QVERIFY2(bar->sizeHint().width() <= bar->width(), qPrintable(bar->tabText(0)));
+    }
+    QCOMPARE(tabs, window()->docks()->docks().size());
 }
 
 VX_TEST_MAIN(tst_PaneDocks)

@@ -94,8 +94,8 @@ void TestTimelinePalette::linesAreFaint()
     const double onRow = contrast(palette.color(QPalette::Dark), palette.color(QPalette::Base));
     const double onSelected =
         contrast(palette.color(QPalette::HighlightedText), selectedRow(palette));
-    QVERIFY2(onRow > 1.1 && onRow < 1.5, qPrintable(QString::number(onRow)));
-    QVERIFY2(onSelected > 1.1 && onSelected < 1.5, qPrintable(QString::number(onSelected)));
+    QVERIFY2(onRow > 1.08 && onRow < 1.2, qPrintable(QString::number(onRow)));
+    QVERIFY2(onSelected > 1.08 && onSelected < 1.2, qPrintable(QString::number(onSelected)));
 }
 
 void TestTimelinePalette::selectedNamesStayReadable()
