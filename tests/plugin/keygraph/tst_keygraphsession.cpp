@@ -7,6 +7,7 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpanemgr.h>
+#include <vxcore/vxundostackhold.h>
 
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
@@ -22,7 +23,8 @@ constexpr VxTime Step = 160;
 constexpr VxTime Duration = Step * 60;
 constexpr int TestCount = 300;
 
-// VX_RANDOM_GESTURES: another number of gestures than the one of an ordinary run.
+// VX_RANDOM_GESTURES: another number of gestures than the one of an ordinary run. VX_RANDOM_SEED:
+// other gestures.
 int gestureCount()
 {
     bool isNumber = false;
@@ -46,13 +48,13 @@ struct Key
 
 } // namespace
 
-// A long session of random gestures in the dope sheet and the key graph of one pane. After each
-// of them both show the same keys, selected alike, and in the end everything can be undone and
-// redone.
+// A long session of random gestures in the dope sheet and the key graph of one pane, on properties
+// with aliases, overriding controls and links, in subtrees that are removed and re-parented. After
+// each of them both views show the same keys, selected alike; a drag whose release is lost leaves
+// every key as it was; in the end everything can be undone and redone.
 //
-// The graph's operation that moves a single key past others gives the flags of the two ends alone
-// to the other side. No gesture uses it: a drag tells the whole selection, so that nothing is left
-// apart here.
+// The graph's operation that moves a single key past others sends the flags of its two ends only.
+// No gesture uses it: a drag sends the whole selection.
 class TestKeyGraphSession : public QObject, private TimePaneTest
 {
     Q_OBJECT
@@ -70,6 +72,10 @@ private:
     Qt::KeyboardModifiers someModifiers();
     QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
     void showSome();
+    bool isInScene(const VxProperty *property) const
+    {
+        return static_cast<const VxNode *>(property->getOwner())->getScene() == vxScene;
+    }
     Scene scene() const;
 
     QPoint somewhere(const QWidget *widget);
@@ -78,6 +84,9 @@ private:
     void click(QWidget *widget, const QPoint &place);
     void drag(QWidget *widget, const QPoint &from, Qt::KeyboardModifiers modifiers,
               int reach = 100);
+    void loseRelease(QWidget *widget);
+    void changeDependency();
+    void changeNodes();
     void gestureInGraph();
     void gestureInSheet();
     void command();
@@ -88,12 +97,18 @@ private:
 
     std::mt19937 random{9};
     std::unique_ptr<VxMainWindow> window;
-    QVector<VxFloatProperty *> properties;
+    QVector<VxNode *> nodes;               // removed ones are kept by the history
+    QVector<VxFloatProperty *> properties; // theirs
     VxDopeSheetView *sheet = nullptr;
     VxKeyGraphView *view = nullptr;
     VxKeyGraph *graph = nullptr;
     QString last; // what was done, for messages
+    Scene atPress;
+    int indexAtPress = 0;
     int selectedSeen = 0;
+    int lostReleases = 0;
+    int dependencies = 0;
+    int nodeChanges = 0;
 };
 
 void TestKeyGraphSession::init()
@@ -102,14 +117,16 @@ void TestKeyGraphSession::init()
     window = std::make_unique<VxMainWindow>();
     window->getPaneMgr()->addPane(pane.get());
     addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4, 8, 16, 32});
-    pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropRotate);
+    pane->setFilteredPropertyTypes(VxTimePane::PropTranslate | VxTimePane::PropRotate |
+                                   VxTimePane::PropAlias);
     pane->setViewMode(VxTimePane::AdvancedView);
     vxApp->start();
     vxScene->setPlayRange(VxTimeRange(0, Duration));
     vxScene->setAnimRange(VxTimeRange(0, Duration));
-    for (const char *name : {"Hip", "Knee"}) {
+    for (const char *name : {"Hip", "Knee", "Foot"}) {
         auto *node = new VxNode(QLatin1String(name));
-        vxScene->addNode(node);
+        vxScene->addNode(node, nodes.isEmpty() ? nullptr : nodes.last());
+        nodes += node;
         properties += {node->getXPosControl(), node->getZRotControl()};
     }
     for (VxFloatProperty *property : qAsConst(properties)) {
@@ -117,6 +134,12 @@ void TestKeyGraphSession::init()
             property->setKey(below(12) * Step * 5 + below(3) * 40, float(below(20)), below(3),
                              float(below(3)) - 1.0f, 0.0f, 0.5f);
     }
+    // Keys of others: the same two and more rows, and as many channels, show them.
+    for (VxNode *node : qAsConst(nodes))
+        properties += node->getYPosControl();
+    QVERIFY(nodes[0]->getYPosControl()->setAliasedProperty(nodes[0]->getXPosControl()));
+    QVERIFY(nodes[1]->getYPosControl()->setOverridingControl(nodes[0]->getXPosControl()));
+    QVERIFY(nodes[2]->getYPosControl()->setLink(nodes[1]->getXPosControl()));
     showPane(1000, 620);
     sheet = pane->findChild<VxDopeSheetView *>();
     view = pane->findChild<VxKeyGraphView *>();
@@ -129,6 +152,7 @@ void TestKeyGraphSession::init()
 void TestKeyGraphSession::cleanup()
 {
     properties.clear();
+    nodes.clear();
     tearDown();
     window.reset();
 }
@@ -169,8 +193,9 @@ void TestKeyGraphSession::showSome()
     last = QStringLiteral("other rows");
     QItemSelection rows;
     for (const VxFloatProperty *property : qAsConst(properties)) {
-        if (below(3) != 0)
-            rows.select(rowOf(property), rowOf(property));
+        const QModelIndex row = rowOf(property);
+        if (row.isValid() && below(3) != 0)
+            rows.select(row, row);
     }
     sheet->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect |
                                               QItemSelectionModel::Rows);
@@ -181,6 +206,8 @@ TestKeyGraphSession::Scene TestKeyGraphSession::scene() const
     Scene all;
     for (const VxFloatProperty *property : properties) {
         all.emplace_back();
+        if (!isInScene(property))
+            continue;
         for (int i = 0; i < property->getNumKeys(); ++i) {
             Key key{property->getKeyTime(i), property->getKeyValue(i), 0, {}};
             key.type = property->getKeyInterpolationType(i, &key.tcb.tension, &key.tcb.continuity,
@@ -234,19 +261,98 @@ void TestKeyGraphSession::drag(QWidget *widget, const QPoint &from, Qt::Keyboard
                                int reach)
 {
     VxMouseDriver mouse(widget);
+    atPress = scene();
+    indexAtPress = vxApp->getUndoStack()->index();
     mouse.press(from, Qt::LeftButton, modifiers);
     QPoint to = from;
     for (int steps = 1 + below(3); steps > 0; --steps) {
         to = from + QPoint(below(2 * reach) - reach, below(reach) - reach / 2);
         mouse.moveTo(to, below(3) == 0 ? someModifiers() : modifiers);
     }
+    if (below(5) == 0)
+        loseRelease(widget);
     mouse.release(to, Qt::LeftButton, modifiers);
+}
+
+// The release that follows counts for nothing.
+void TestKeyGraphSession::loseRelease(QWidget *widget)
+{
+    ++lostReleases;
+    QWidget other;
+    switch (below(4)) {
+    case 0:
+        QTest::keyClick(pane.get(), Qt::Key_Escape);
+        break;
+    case 1:
+        widget->hide();
+        widget->show();
+        break;
+    case 2:
+        if (QWidget *focus = QApplication::focusWidget())
+            focus->clearFocus();
+        break;
+    default:
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        pane->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(pane.get()));
+    }
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
+    QVERIFY(scene() == atPress);
+    QCOMPARE(vxApp->getUndoStack()->index(), indexAtPress);
+}
+
+void TestKeyGraphSession::changeDependency()
+{
+    last = QStringLiteral("dependency");
+    ++dependencies;
+    VxUndoStackHold hold;
+    VxFloatProperty *property = nodes[below(nodes.size())]->getYPosControl();
+    VxFloatProperty *target = properties[below(properties.size())];
+    switch (below(4)) { // refused where it would make a circle
+    case 0:
+        property->setAliasedProperty(target);
+        break;
+    case 1:
+        property->setOverridingControl(target);
+        break;
+    case 2:
+        property->setLink(target);
+        break;
+    default:
+        property->setAliasedProperty(nullptr);
+        property->setOverridingControl(nullptr);
+        property->setLink(nullptr);
+    }
+    hold.accept(last);
+}
+
+// The first node stays, so that there is always something to work on.
+void TestKeyGraphSession::changeNodes()
+{
+    VxNode *node = nodes[1 + below(nodes.size() - 1)];
+    if (node->getScene() != vxScene)
+        return;
+    ++nodeChanges;
+    VxUndoStackHold hold;
+    if (below(3) == 0) {
+        last = QStringLiteral("remove");
+        vxScene->removeNode(node);
+    } else {
+        last = QStringLiteral("re-parent");
+        VxNode *parent = nodes[below(nodes.size())];
+        if (parent->getScene() == vxScene)
+            node->setNodeParent(parent); // refused below itself
+    }
+    hold.accept(last);
 }
 
 void TestKeyGraphSession::gestureInGraph()
 {
-    last = QStringLiteral("graph");
-    switch (below(8)) {
+    const int kind = below(8);
+    last = QStringLiteral("graph %1").arg(kind);
+    switch (kind) {
     case 0:
         click(view, somewhere(view));
         break;
@@ -295,7 +401,7 @@ void TestKeyGraphSession::gestureInSheet()
 void TestKeyGraphSession::command()
 {
     VxUndoStack *stack = vxApp->getUndoStack();
-    switch (below(16)) {
+    switch (below(20)) {
     case 0:
         last = QStringLiteral("delete");
         if (below(3) == 0)
@@ -334,9 +440,18 @@ void TestKeyGraphSession::command()
         for (int i = below(4); i >= 0; --i)
             stack->redo();
         break;
+    case 10:
+    case 11:
+        changeDependency();
+        break;
+    case 12:
+        changeNodes();
+        break;
     default:
         last = QStringLiteral("select");
         const QModelIndex row = rowOf(properties.at(below(properties.size())));
+        if (!row.isValid())
+            break;
         const VxTime start = below(60) * Step;
         sheet->setKeySelection(below(3) != 0, row, row, start, start + below(20) * Step);
         break;
@@ -379,8 +494,13 @@ void TestKeyGraphSession::checkSelection(const VxKeyGraphChannel *channel)
 void TestKeyGraphSession::check()
 {
     for (const VxFloatProperty *property : qAsConst(properties)) {
+        if (!isInScene(property)) {
+            QVERIFY(!rowOf(property).isValid());
+            continue;
+        }
         const VxDopeSheetItem *item = sheet->getItem(rowOf(property));
-        QVERIFY(item);
+        if (!item) // a property that is linked has no row
+            continue;
         QCOMPARE(item->keyCount(), property->getNumKeys());
         for (int i = 0; i < property->getNumKeys(); ++i) {
             QVERIFY(i == 0 || property->getKeyTime(i - 1) < property->getKeyTime(i));
@@ -400,6 +520,10 @@ void TestKeyGraphSession::randomGestures()
     const Scene start = scene();
     check();
     const int count = gestureCount();
+    bool hasSeed = false;
+    const int seed = qEnvironmentVariableIntValue("VX_RANDOM_SEED", &hasSeed);
+    if (hasSeed)
+        random.seed(unsigned(seed));
     int edits = 0;
     Scene former = start;
     for (int i = 0; i < count; ++i) {
@@ -423,6 +547,9 @@ void TestKeyGraphSession::randomGestures()
     check();
     QVERIFY2(selectedSeen > count / 4, qPrintable(QString::number(selectedSeen)));
     QVERIFY2(edits > count / 20, qPrintable(QString::number(edits)));
+    QVERIFY2(lostReleases > count / 50, qPrintable(QString::number(lostReleases)));
+    QVERIFY2(dependencies > 0, qPrintable(QString::number(dependencies)));
+    QVERIFY2(nodeChanges > 0, qPrintable(QString::number(nodeChanges)));
 }
 
 VX_TEST_MAIN(TestKeyGraphSession)

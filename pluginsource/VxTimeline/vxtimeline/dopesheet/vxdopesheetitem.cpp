@@ -247,5 +247,9 @@ void VxDopeSheetItem::handleValueChanged(VxTimeRange range)
     // then.
     if (!d->isValid || !d->property || d->revision != d->property->keyRevision())
         invalidateKeys();
+    // Selected keys are known by their times: one that leaves its time and returns later is
+    // deselected, whether or not the row is painted in between.
+    if (d->property && d->keys.selectedCount > 0)
+        d->update();
     Q_EMIT keysChanged();
 }

@@ -248,9 +248,15 @@ void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
     Q_UNUSED(node)
 }
 
+// Selected keys are known by their times. The channels read them at every report, as the rows of
+// the dope sheet do: a key that leaves its time and returns later is deselected in both.
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)
+    if (const auto *property = qobject_cast<const VxProperty *>(sender())) {
+        for (const VxKeyGraphChannel *channel : getChannelsOf(property->getKeyHolder()))
+            channel->getKeyCache();
+    }
     Q_EMIT channelsChanged();
 }
 

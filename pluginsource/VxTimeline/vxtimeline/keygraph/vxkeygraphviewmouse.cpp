@@ -138,7 +138,9 @@ void VxKeyGraphView::Private::pressOnKey(Qt::KeyboardModifiers modifiers)
     send(message);
 }
 
-// The selection moves with the keys, and so does what the other side shows as selected.
+// The selection moves with the keys, and so does what the other side shows as selected. Rolling
+// back selects keys in all rows of a holder; those of its channels get the flags of the press
+// again.
 void VxKeyGraphView::Private::putKeysBack()
 {
     if (!hold)
@@ -155,12 +157,18 @@ void VxKeyGraphView::Private::putKeysBack()
     hold->rollBack();
     if (channels() != list)
         return;
+    VxKeyMessage message;
     for (int i = 0; i < list.size(); ++i) {
         std::sort(before[size_t(i)].begin(), before[size_t(i)].end(),
                   [](const auto &a, const auto &b) { return a.time < b.time; });
-        list.at(i)->restoreKeyCache(before[size_t(i)]);
-        list.at(i)->publishSelection();
+        VxKeyGraphChannel *channel = list.at(i);
+        channel->restoreKeyCache(before[size_t(i)]);
+        for (int k = 0; k < channel->getNumKeys(); ++k) {
+            auto &keys = channel->isKeySelected(k) ? message.selectedKeys : message.deselectedKeys;
+            keys[channel->getProperty()].append(k);
+        }
     }
+    send(message);
 }
 
 void VxKeyGraphView::Private::dropGesture()
