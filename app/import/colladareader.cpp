@@ -3,6 +3,7 @@
 #include "import/colladainfo.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <assimp/Importer.hpp>
 #include <assimp/config.h>
 #include <assimp/scene.h>
@@ -111,8 +112,14 @@ void Converter::addNode(const aiNode &node, int parent, aiMatrix4x4 matrix)
     aiVector3D position;
     aiQuaternion rotation;
     matrix.Decompose(scale, rotation, position);
-    const aiMatrix4x4 again(scale, rotation, position);
-    if (!again.Equal(matrix, 1e-3f * std::max(1.0f, matrix.a1 + matrix.b2 + matrix.c3)))
+    // The library's own way to put them together scales rows instead of columns.
+    aiMatrix4x4 moved;
+    aiMatrix4x4 scaled;
+    const aiMatrix4x4 again = aiMatrix4x4::Translation(position, moved) *
+                              aiMatrix4x4(rotation.GetMatrix()) *
+                              aiMatrix4x4::Scaling(scale, scaled);
+    if (!again.Equal(matrix, 1e-3f * std::max({1.0f, std::abs(scale.x), std::abs(scale.y),
+                                               std::abs(scale.z)})))
         ++m_sheared;
     const VxMotionQuaternion q = unit(rotation);
     data.translation = {{double(position.x), double(position.y), double(position.z)}};

@@ -51,6 +51,7 @@ QByteArray document(const QByteArray &kind = "LINEAR")
            "<node id='hip' name='Hip' type='JOINT'><translate sid='place'>3 1 0</translate>"
            "<node id='knee' name='Knee' type='JOINT'><translate>0 0 -40</translate>"
            "<rotate sid='rz'>0 0 1 10</rotate><rotate sid='rx'>1 0 0 0</rotate></node></node>"
+           "<node id='flat'><rotate>0 0 1 30</rotate><scale>1 2 5</scale></node>"
            "<node id='lamp'><instance_light url='#l'/></node>"
            "</visual_scene></library_visual_scenes>\n"
            "<scene><instance_visual_scene url='#scene'/></scene></COLLADA>\n";
@@ -114,8 +115,10 @@ void tst_Collada::jointsAndKeys()
     QCOMPARE(m_report.metresPerUnit, 0.01);
     QCOMPARE(m_report.bones, 2);
     QCOMPARE(int(m_report.omissions.size()), 1);
+    QVERIFY(m_report.notes.isEmpty());
     VxScene scene;
     VxSceneReader::install(std::move(m_contents), &scene);
+    QCOMPARE(scene.findNode("flat")->getZScaleControl()->getValue(0), 5.0f);
     m_contents = VxSceneContents();
     const VxNode *hip = scene.findNode("Hip");
     const VxNode *knee = scene.findNode("Knee");
