@@ -23,7 +23,7 @@ bool getCommon(bool isCommon, float common, float *value)
 
 } // namespace
 
-// TCB keys are searched for in the array of types, which is faster than testing key by key.
+// Searches the array of types for TCB keys, which is faster than testing key by key.
 void CommonTcb::add(const VxDopeSheetItem *item)
 {
     const auto *property = qobject_cast<const VxFloatProperty *>(item->property());

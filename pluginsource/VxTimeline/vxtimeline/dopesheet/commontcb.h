@@ -5,23 +5,23 @@
 
 class VxDopeSheetItem;
 
-// The tension, continuity and bias that the selected TCB keys have in common, key by key.
+// The tension, continuity and bias that all selected TCB keys share.
 class CommonTcb
 {
 public:
     void clear() { *this = CommonTcb(); }
-    // Takes in the selected keys of a property's row; those of another type are skipped.
+    // Adds the selected keys of a property's row; those of another type are skipped.
     void add(const VxDopeSheetItem *item);
 
-    // False when no TCB key was added or the keys differ; else the value goes to the argument,
-    // when given.
+    // False when no TCB key was added or the keys differ; else the argument, when given, receives
+    // the value.
     bool getTension(float *tension) const;
     bool getContinuity(float *continuity) const;
     bool getBias(float *bias) const;
 
 private:
     void add(const VxTcb &tcb);
-    // True when no further key can make a difference.
+    // True when further keys cannot change the result.
     bool isSettled() const
     {
         return m_seen && !m_tensionEqual && !m_continuityEqual && !m_biasEqual;

@@ -8,8 +8,8 @@
 
 namespace {
 
-// Deliberately not one half, so that halves go down. One rule for all numbers, whole ones and those
-// below zero too.
+// Deliberately less than one half, so that halves round down. One rule for all numbers, whole and
+// negative ones too.
 constexpr double RoundingShare = 0.49999;
 
 template <typename Value>
@@ -103,7 +103,7 @@ const CopiedKeys::Entry *CopiedKeys::find(const QString &path) const
     return found == m_byPath.cend() ? nullptr : &m_entries[std::size_t(found.value())];
 }
 
-// At the end of time everything is pasted as much earlier as it takes to fit in.
+// At the latest time the paste is moved back as far as the keys need.
 bool CopiedKeys::paste(const Entry &entry, VxProperty *property, VxTime at) const
 {
     const qint64 offset = std::min(qint64(at) - m_earliest, qint64(VxTimeMax) - m_latest);

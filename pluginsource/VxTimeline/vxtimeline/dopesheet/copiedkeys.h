@@ -12,8 +12,8 @@ class VxProperty;
 
 // Copied keys, row by row, ready to be pasted into rows of the same names at another time.
 //
-// A plain value that knows nothing of the properties it came from: they may be gone when it is
-// pasted. Keys are kept in columns, as properties take and give them.
+// A plain value without references to the source properties, which may be destroyed before a paste.
+// Keys are stored in columns, as in the property interface.
 class CopiedKeys
 {
 public:
@@ -37,14 +37,13 @@ public:
     void add(const QString &path, const VxProperty *property, const QVector<int> &indexes);
     // The entry first copied from a row of that path; null when there is none.
     const Entry *find(const QString &path) const;
-    // Sets the entry's keys on a float or int property, so that the earliest of all copied keys
-    // comes to lie at a time; distances stay. False when the property is of another kind, or
-    // refuses.
+    // Sets the entry's keys on a float or int property, with the earliest of all copied keys at a
+    // time; distances stay. False when the property is of another kind, or refuses.
     bool paste(const Entry &entry, VxProperty *property, VxTime at) const;
 
-    // The whole number that an int property takes for a value: the value plus just under one half,
-    // without its fraction: 2.5 is 2, 2.6 is 3. The fraction is dropped towards zero, so that below
-    // zero numbers come out one higher: -3 is -2, and so is -3.4.
+    // The whole number that an int property stores for a value: the value plus just under one half,
+    // truncated: 2.5 is 2, 2.6 is 3. Truncation is towards zero, so negative numbers are one
+    // higher: -3 is -2, and so is -3.4.
     static qint32 rounded(double value);
 
 private:

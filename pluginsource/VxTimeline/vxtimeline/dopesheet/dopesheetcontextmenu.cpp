@@ -5,7 +5,7 @@
 
 namespace {
 
-// Between class names: a line.
+// A separator in a list of class names.
 constexpr const char *Line = nullptr;
 
 QString text(const char *source)

@@ -2,7 +2,7 @@
 
 namespace {
 
-// Takes a prefix off the text, whatever its case. False when the text begins otherwise.
+// Removes a prefix from the text, ignoring case. False when the text begins otherwise.
 bool takePrefix(QString &text, const QString &prefix)
 {
     if (!text.startsWith(prefix, Qt::CaseInsensitive))
@@ -11,16 +11,16 @@ bool takePrefix(QString &text, const QString &prefix)
     return true;
 }
 
-// Where the set of characters that begins at an opening bracket ends; -1 when the bracket is never
-// closed. A closing bracket that stands first in a set belongs to it.
+// The end of the character set that begins at an opening bracket; -1 when the bracket is never
+// closed. A closing bracket in first position belongs to the set.
 int endOfSet(const QString &wildcard, int begin)
 {
     const bool isInverted = wildcard.midRef(begin + 1).startsWith(QLatin1Char('^'));
     return wildcard.indexOf(QLatin1Char(']'), begin + (isInverted ? 3 : 2));
 }
 
-// A wildcard pattern as an expression for the whole name: the filter model would be content with a
-// part of it. An opening bracket without a closing one stands for itself.
+// A wildcard pattern as an expression for the whole name, because the filter model also accepts a
+// partial match. An opening bracket without a closing one is literal.
 QString wholeNameExpression(const QString &wildcard)
 {
     QString expression;
@@ -57,7 +57,7 @@ QRegExp dopeSheetFilterPattern(const QString &text)
         return QRegExp(wholeNameExpression(rest), Qt::CaseInsensitive);
     const QString anywhere = QLatin1Char('*') + rest + QLatin1Char('*');
     const QRegExp pattern(anywhere, Qt::CaseInsensitive, QRegExp::Wildcard);
-    // A bracket that is not closed, or not yet, would let no name through.
+    // A bracket that is not closed, or not yet, would match no name.
     return pattern.isValid() ? pattern
                              : QRegExp(wholeNameExpression(anywhere), Qt::CaseInsensitive);
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-// How far ticks reach above the row's middle, and how high they are; pixels.
+// Extent of ticks above the row's middle, and their height; pixels.
 constexpr int SecondAbove = 5;
 constexpr int SecondHeight = 10;
 constexpr int FrameAbove = 3;
@@ -27,7 +27,7 @@ DopeSheetGeometry::DopeSheetGeometry(const QRect &cell, const TimelineMetrics &m
 {
 }
 
-// The position, as TimelineMetrics tells it, that comes to stand at x.
+// The position, in the coordinates of TimelineMetrics, for pixel x.
 int DopeSheetGeometry::toPosition(qint64 x) const
 {
     return TimelineSnap::limited(x - m_origin);
@@ -43,7 +43,7 @@ QRect DopeSheetGeometry::baseline(VxTime end) const
     return QRect(int(from), m_middle, int(to - from + 1), 1);
 }
 
-// visit(xMin, xMax, add) calls add(from, to, x) for the ticks that stand at these positions.
+// visit(xMin, xMax, add) calls add(from, to, x) for the ticks at these positions.
 template <typename VisitTicks>
 std::vector<QRect> DopeSheetGeometry::ticks(int above, int height, VisitTicks visit) const
 {
@@ -63,7 +63,7 @@ std::vector<QRect> DopeSheetGeometry::ticks(int above, int height, VisitTicks vi
     return rects;
 }
 
-// Seconds are counted over the width that the line takes, at most as far as the cell's edge.
+// Seconds are laid out over the width of the line, at most to the cell's edge.
 std::vector<QRect> DopeSheetGeometry::secondTicks(VxTime end) const
 {
     const qint64 line = qint64(m_half) + m_metrics.timeToX(end);

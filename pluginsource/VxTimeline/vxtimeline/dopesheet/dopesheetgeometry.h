@@ -8,7 +8,7 @@
 #include "vxtimeline/dopesheet/dopesheetrowkeys.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
-// A mark to paint: its left edge in pixels, and what it looks like (DopeSheetRowKeys::stateOf()).
+// A mark to paint: its left edge in pixels, and its state (DopeSheetRowKeys::stateOf()).
 struct DopeSheetMark
 {
     int left;
@@ -20,37 +20,36 @@ struct DopeSheetMark
     }
 };
 
-// The keys of a row that lie under a pixel: the first one, and the first one that is selected; -1
-// for none.
+// The keys of a row under a pixel: the first one, and the first selected one; -1 for none.
 struct DopeSheetHit
 {
     int first = -1;
     int firstSelected = -1;
 };
 
-// Where everything stands in the keys cell of one row.
+// The layout of the keys cell of one row.
 //
-// Painting asks for rectangles and marks and replays them, the mouse asks what lies under it; both
-// answers come from the same positions. Only what lies wholly within the cell is listed, and the
-// work done is that for the pixels of the cell, not for the keys or frames there are.
+// Painting replays its rectangles and marks, hit tests use the same positions. Only items wholly
+// within the cell are listed, and the cost depends on the pixels of the cell, not on the number of
+// keys or frames.
 class DopeSheetGeometry
 {
 public:
-    // cell: in the coordinates in which everything is asked and answered. playStart: the start of
-    // the play range, which lies at the cell's left edge.
+    // cell: defines the coordinates of all arguments and results. playStart: the start of the play
+    // range, at the cell's left edge.
     DopeSheetGeometry(const QRect &cell, const TimelineMetrics &metrics, VxTime playStart);
 
-    // The line on which the row's ticks stand, from time 0 to a time; empty when none of it shows.
+    // The line under the row's ticks, from time 0 to a time; empty when not visible.
     QRect baseline(VxTime end) const;
-    // The ticks of whole seconds, as rectangles; neighbouring ticks that touch make one of them.
+    // The ticks of whole seconds, as rectangles; adjacent ticks that touch share one.
     std::vector<QRect> secondTicks(VxTime end) const;
     // The ticks of the frames within a duration, without its first and last one; the same way.
     std::vector<QRect> frameTicks(VxTime duration, VxTime step) const;
-    // The tick of the current time; empty when it does not show.
+    // The tick of the current time; empty when not visible.
     QRect timeTick(VxTime time) const;
 
-    // The marks of keys in the order in which they are to be painted. Of several that stand at one
-    // place and look the same there is one, where the last of them would be.
+    // The marks of keys in painting order. Several at one position with the same look are one mark,
+    // in the order of the last.
     std::vector<DopeSheetMark> marks(const DopeSheetRowKeys &keys) const;
     // The square of a mark.
     QRect markRect(int left) const;
@@ -65,7 +64,7 @@ private:
 
     QRect m_cell;
     TimelineMetrics m_metrics;
-    qint64 m_origin; // pixels; where the mark of time 0 begins
+    qint64 m_origin; // pixels; left edge of the mark at time 0
     int m_middle;    // y
     int m_half;      // of a mark's side
 };

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Those of the given keys that are TCB keys.
+// The TCB keys among the given ones.
 QVector<int> tcbKeys(const VxFloatProperty *property, const QVector<int> &indexes)
 {
     const VxKeyColumns<float> keys = property->getKeys();
@@ -102,7 +102,7 @@ void DopeSheetKeyCommands::setTcb(float tension, float continuity, float bias)
     m_selection->updateCommonTcb();
 }
 
-// A row shows the keys of all rows below it, so those at the top level have every key.
+// A row shows the keys of all rows below it, so root rows have every key.
 QVector<const VxDopeSheetItem *> DopeSheetKeyCommands::skipRows() const
 {
     VxNode *primary = vxScene->getPrimarySelection();

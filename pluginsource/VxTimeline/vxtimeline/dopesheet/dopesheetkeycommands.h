@@ -10,8 +10,8 @@ class DopeSheetKeySelection;
 class VxDopeSheetItem;
 class VxDopeSheetView;
 
-// The key commands of the dope sheet on its selected keys, and the keys that were copied last. They
-// open no undo hold: the caller does.
+// The dope sheet's commands on its selected keys, and the clipboard of keys. They open no undo
+// hold: the caller does.
 class DopeSheetKeyCommands
 {
 public:
@@ -21,7 +21,7 @@ public:
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const { return m_copiedCount; }
     void copy();
-    // The earliest copied key at the current time. False when no row has taken any key.
+    // The earliest copied key at the current time. False when no row accepted a key.
     bool paste();
     void remove();
     // Of the selected keys of float properties; tension, continuity and bias stay.
@@ -29,8 +29,8 @@ public:
     // Of those selected keys that are TCB keys.
     void setTcb(float tension, float continuity, float bias);
 
-    // The nearest key of the primary node's row, or of all rows when it has none, that is more than
-    // half a frame away from the current time; -1 and VxTimeMax when there is none.
+    // The nearest key, more than half a frame away from the current time, of the primary node's
+    // row, or of all rows without such a row; -1 and VxTimeMax when there is none.
     VxTime previousKey() const;
     VxTime nextKey() const;
 

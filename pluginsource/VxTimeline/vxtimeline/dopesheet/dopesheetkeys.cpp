@@ -10,9 +10,9 @@
 
 namespace {
 
-// Compared at once; entries.
+// Entries compared per block.
 constexpr int BlockSize = 64;
-// Flags; enough for most rows at once.
+// Initial number of flags; enough for most rows.
 constexpr int LeastRoom = 4096;
 
 bool areEqual(const VxTime *a, const VxTime *b, int count)
@@ -20,7 +20,7 @@ bool areEqual(const VxTime *a, const VxTime *b, int count)
     return count == 0 || std::memcmp(a, b, size_t(count) * sizeof(VxTime)) == 0;
 }
 
-// How many of the first entries are the same in both, up to most.
+// The number of equal leading entries, up to most.
 int equalRun(const VxTime *a, const VxTime *b, int most)
 {
     if (most == 0 || *a != *b)
@@ -33,8 +33,8 @@ int equalRun(const VxTime *a, const VxTime *b, int most)
     return run;
 }
 
-// Gives keys the flags that others have at the same times. Only few times differ as a rule, so the
-// stretches that agree are copied whole.
+// Copies flags between keys at equal times. Few times differ as a rule, so equal runs are copied
+// as blocks.
 void carryFlags(const DopeSheetKeys &from, quint8 *flags, const DopeSheetKeys *to)
 {
     const VxTime *old = from.times.constData();
@@ -78,7 +78,7 @@ void DopeSheetKeys::takeTimes(const VxTime *fresh, int freshCount)
     dropFlagsOfNone();
 }
 
-// Rooms that have become too small are kept: rows may still read them.
+// Outgrown buffers are kept: rows may still read them.
 const quint8 *DopeSheetKeys::noFlags(int flagCount)
 {
     static std::vector<std::unique_ptr<quint8[]>> rooms;
@@ -152,7 +152,7 @@ void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
     selectOnly(selectedTimes, selectedTimeCount);
 }
 
-// Mostly neighbours, of which none is missing.
+// Selected times are mostly contiguous keys, and all of them exist.
 void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCount)
 {
     selectedCount = 0;

@@ -8,10 +8,10 @@
 
 // The keys that one row shows: their times, and which of them are selected.
 //
-// A plain value. Times and flags are arrays of their own, so that each pass reads no more than it
+// A plain value. Times and flags are separate arrays, so that each pass reads no more than it
 // needs: four bytes a key and one more in a row with selected keys, fewer where rows have the same
 // times, because those share one array. That also makes equal rows cheap to recognise: their arrays
-// lie at one address.
+// have one address.
 class DopeSheetKeys
 {
 public:
@@ -23,7 +23,7 @@ public:
     int selectedCount = 0; // how many flags have Selected
 
     int count() const { return times.size(); }
-    // One for each time in any case. Borrowed: valid until the next change.
+    // Always one for each time. Borrowed: valid until the next change.
     const quint8 *allFlags() const
     {
         return flags.isEmpty() ? noFlags(count()) : flags.constData();
@@ -32,26 +32,25 @@ public:
     // The index of the first key at or after time; count() when there is none.
     int firstFrom(VxTime time) const;
 
-    // Puts other times (strictly ascending, not kept) in place of the present ones. A key stays
-    // selected when its time is among them.
+    // Replaces the times (strictly ascending, copied). A key stays selected when its time is among
+    // the new ones.
     void takeTimes(const VxTime *fresh, int freshCount);
     // Selects or deselects the keys from start on and before end, or, when the two are the same,
     // the key at just that time.
     void setSelected(bool select, VxTime start, VxTime end);
     // Selects or deselects the keys at the given indexes; those outside are ignored.
     void setSelectedAt(const QVector<int> &indexes, bool select);
-    // Puts other times in place, too, but selects the keys at the given times (ascending) and no
-    // others.
+    // Replaces the times, too, but selects the keys at the given times (ascending) and no others.
     void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
                             int selectedTimeCount);
-    // Selects the keys of ascending spans and no others; what lies outside is ignored.
+    // Selects the keys of ascending spans and no others; indexes outside are ignored.
     void selectOnlySpans(const std::vector<VxKeySpan> &spans);
     QVector<int> selectedIndexes() const;
     std::vector<VxKeySpan> selectedSpans() const;
     QVector<VxTime> selectedTimes() const;
 
     static int countSelected(const quint8 *flags, int flagCount);
-    // As many flags of keys that are not selected; they stay for good.
+    // A permanent array of at least flagCount zero flags.
     static const quint8 *noFlags(int flagCount);
 
 private:
@@ -60,7 +59,7 @@ private:
     void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
 };
 
-// The keys of several rows as those of one: each time once, selected when it is in any row.
+// Unites the keys of several rows: each time once, selected when it is in any row.
 // Neighbouring rows with the same times share one array afterwards.
 DopeSheetKeys uniteKeys(DopeSheetKeys *const *rows, int rowCount);
 

@@ -35,8 +35,8 @@ QVector<qint32> indexesOf(const DopeSheetRowKeys &keys, bool selected)
     return indexes;
 }
 
-// Calls visit(item) for the property rows with selected keys, also those that the filter leaves
-// out. What is below a row without selected keys is skipped.
+// Calls visit(item) for the property rows with selected keys, filtered out or not. Skips subtrees
+// without selected keys.
 template <typename Visit> void visitSelectedItems(const VxDopeSheetModel *model, const Visit &visit)
 {
     QVector<VxDopeSheetItem *> open;
@@ -123,8 +123,8 @@ void DopeSheetKeySelection::deselectAll() const
     });
 }
 
-// The first row, closed, clears everything below it at once; the rows below it emit only. The rows
-// that the filter leaves out come last.
+// The first row, closed, clears everything below it at once; the rows below it only emit. Rows
+// that are filtered out follow last.
 void DopeSheetKeySelection::clearRows()
 {
     QVector<QModelIndex> cleared; // the closed rows above the present one
@@ -216,8 +216,8 @@ void DopeSheetKeySelection::setGraphProperties(const QSet<VxProperty *> &propert
         m_bus->send(message);
 }
 
-// The key graph sends a message for every move of a drag, so what the keys have in common is left
-// for when it is asked for.
+// The key graph sends a message for every move of a drag, so the common values are computed on
+// demand.
 void DopeSheetKeySelection::handleMessage(const VxKeyMessage &message)
 {
     if (m_isWalking)
@@ -229,7 +229,7 @@ void DopeSheetKeySelection::handleMessage(const VxKeyMessage &message)
     m_commonTcbStale = true;
 }
 
-// A property may be named to select some keys and to deselect others.
+// A property may have both keys to select and keys to deselect.
 void DopeSheetKeySelection::applyMessage(const VxKeyMessage &message) const
 {
     const VxDopeSheetModel *model = m_view->getSourceModel();

@@ -17,9 +17,9 @@ class VxKeyCommunication;
 class VxKeyMessage;
 class VxProperty;
 
-// Which keys are selected in the dope sheet. The flags themselves are kept in the rows' items; this
-// changes them over ranges of rows, and exchanges the changes with the key graph over a message
-// bus.
+// The selected keys of the dope sheet. The flags themselves are stored in the rows' items; this
+// class changes them over ranges of rows, and exchanges the changes with the key graph over a
+// message bus.
 class DopeSheetKeySelection
 {
 public:
@@ -32,7 +32,7 @@ public:
     // from start on and before end, or at just that time when both are the same.
     void select(const QModelIndex &first, const QModelIndex &last, bool select, VxTime start,
                 VxTime end);
-    // In all rows, also those that the filter leaves out; sends nothing.
+    // In all rows, filtered out or not; sends nothing.
     void deselectAll() const;
     // The same row by row: keySelectionChanged() is emitted and the selection sent for each.
     void clearRows();
@@ -40,7 +40,7 @@ public:
 
     // By property, in the order of the rows; only keys in rows that the filter shows.
     std::vector<SelectedKeys> collect() const;
-    // What the selected TCB keys have in common.
+    // The common values of the selected TCB keys.
     const CommonTcb &commonTcb();
     void updateCommonTcb();
 
@@ -49,13 +49,12 @@ public:
     void sendClear() const;
     void sendSelection(const VxDopeSheetItem *item) const;
     void sendSelected() const;
-    // The properties that the key graph shows: the selection of those that are new is sent.
+    // The properties in the key graph: sends the selection of the new ones.
     void setGraphProperties(const QSet<VxProperty *> &properties);
     // A selection made in the key graph.
     void handleMessage(const VxKeyMessage &message);
 
-    // Calls operation(item) for every row that the filter shows. Messages that arrive meanwhile are
-    // ignored.
+    // Calls operation(item) for every row that the filter shows. Ignores messages meanwhile.
     using Operation = std::function<void(VxDopeSheetItem *)>;
     void visitRows(const Operation &operation);
 
@@ -63,10 +62,10 @@ public:
     // not; and for all of them.
     void visitShown(const Operation &visit) const;
     void visitAll(const Operation &visit) const;
-    // After the flags of rows were changed by someone else.
+    // Call after the flags of rows were changed from outside.
     void forgetCommonTcb() { m_commonTcbStale = true; }
 
-    // The selected keys, to be selected again in the rows of another model.
+    // The selected keys, to be restored in the rows of another model.
     struct Saved
     {
         QPointer<VxProperty> property;
@@ -83,7 +82,7 @@ private:
     VxDopeSheetView *m_view;
     VxKeyCommunication *m_bus = nullptr; // not owned
     CommonTcb m_commonTcb;
-    bool m_commonTcbStale = false; // computed when it is asked for
+    bool m_commonTcbStale = false; // computed on demand
     bool m_isWalking = false;
     QSet<VxProperty *> m_graphProperties;
 };

@@ -1,8 +1,8 @@
 // The union of several rows' keys.
 //
-// Channels of one motion mostly have the same key times, so those are looked for first: rows that
-// share their times only need their flags joined. Many rows with times of their own are marked in
-// a bitmap when their times lie densely; else neighbours are merged two by two.
+// Channels of one motion mostly have the same key times, so those are checked first: rows that
+// share their times only need their flags joined. Many rows with different times are marked in a
+// bitmap if their times are dense; else adjacent rows are merged pairwise.
 
 #include <algorithm>
 #include <cstring>
@@ -13,12 +13,12 @@
 
 namespace {
 
-// Two rows are merged faster than marked.
+// Fewer rows are merged faster than marked.
 constexpr size_t LeastBitmapRows = 3;
-// The bitmap is scanned whole; so many ticks a key cost less than the marking itself.
+// The whole bitmap is scanned; up to so many ticks a key cost less than the marking itself.
 constexpr qint64 MostTicksPerKey = 32;
 constexpr int WordBits = 64;
-// Entries compared at once, and those merged before equal stretches are looked for again.
+// Entries compared per block, and those merged before equal runs are searched again.
 constexpr int BlockSize = 64;
 constexpr int StrideSize = 16;
 
@@ -36,7 +36,7 @@ bool shareTimes(const DopeSheetKeys &a, DopeSheetKeys *b)
     return true;
 }
 
-// Selects what is selected in a row of the same times.
+// Adds the selection of a row with the same times.
 void joinFlags(DopeSheetKeys *into, const DopeSheetKeys &from)
 {
     if (from.selectedCount == 0 || into->selectedCount == into->count())
@@ -68,7 +68,7 @@ Keys equalNeighboursJoined(DopeSheetKeys *const *rows, int rowCount)
     return joined;
 }
 
-// The merge of two rows, into room for the keys of both.
+// The merge of two rows, with buffers for the keys of both.
 class Merge
 {
 public:
@@ -94,7 +94,7 @@ public:
     }
 
 private:
-    // A stretch that is the same in both goes over as a whole.
+    // Copies a run of equal entries as a block.
     void takeEqual()
     {
         const VxTime *a = m_a.times.constData() + m_i;
@@ -115,7 +115,7 @@ private:
         m_count += run;
     }
 
-    // Some keys one by one, without branches: which row comes next is anyone's guess.
+    // Merges some keys one by one, without branches: the order of the rows is unpredictable.
     void takeStride()
     {
         const VxTime *a = m_a.times.constData();
@@ -155,7 +155,7 @@ private:
         return keys;
     }
 
-    // As many keys as one row has: that row has them all, and its times can be shared.
+    // As many keys as one row has: that row has them all, so its array is shared.
     QVector<VxTime> packedTimes() const
     {
         if (m_count == m_a.count())
@@ -188,7 +188,7 @@ Keys mergedByPairs(const Keys &rows)
     return merged;
 }
 
-// The times of several rows as bits over the ticks that they span.
+// The times of several rows as bits over their range of ticks.
 class Bitmap
 {
 public:

@@ -2,7 +2,7 @@
 #define DOPESHEETPROPERTYTYPES_H
 
 // The kinds of properties that the dope sheet lists, as bits. The numbers are those of
-// VxTimePane::PropertyType, which this room cannot include; the pane checks that they agree.
+// VxTimePane::PropertyType, which this folder cannot include; the pane checks that they agree.
 namespace DopeSheetPropertyTypes {
 
 enum Flag {

@@ -12,16 +12,15 @@ class VxProperty;
 // Makes the rows of one node's properties, in groups below a "Properties" row.
 //
 // With other properties listed every group of a property's path is a row; with the transform
-// controls alone each of their groups is one row that shows the whole path, which saves two levels
-// that would hold nothing else. Groups in which nothing is left disappear, and the "Properties" row
-// with them.
+// controls alone each of their groups is one row that shows the whole path, which saves two
+// otherwise empty levels. Empty groups are left out, as is an empty "Properties" row.
 class DopeSheetRowBuilder
 {
 public:
     // types: bits of DopeSheetPropertyTypes. Nothing is owned.
     DopeSheetRowBuilder(VxNode *node, VxDopeSheetItem *nodeRow, int types);
 
-    // Appends the rows to the node's row. Returns the property rows in the order of making.
+    // Appends the rows to the node's row. Returns the property rows in order of creation.
     QVector<VxDopeSheetItem *> build();
 
 private:

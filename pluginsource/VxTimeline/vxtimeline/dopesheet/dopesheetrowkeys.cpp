@@ -12,7 +12,7 @@ void takeTypes(const VxProperty *property, DopeSheetRowKeys &keys)
     if (const auto *numbers = qobject_cast<const VxFloatProperty *>(property)) {
         const VxKeyColumns<float> columns = numbers->getKeys();
         keys.commonLook = DopeSheetRowKeys::Linear;
-        // While a drag shows keys in other places the row may have fewer or more of them.
+        // During a drag the row may have fewer or more keys than the property.
         if (columns.count == keys.count)
             keys.types = columns.types;
     } else {

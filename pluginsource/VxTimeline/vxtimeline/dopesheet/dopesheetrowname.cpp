@@ -8,8 +8,8 @@
 
 namespace {
 
-// The group below a row whose label begins the path, which loses it; null when there is none.
-// A label can have several parts: the groups of transform controls are one row each.
+// The group below a row whose label begins the path, which it is removed from; null when there is
+// none. A label can have several parts: the groups of transform controls are one row each.
 VxDopeSheetItem *takeGroup(const VxDopeSheetItem *above, QString *path)
 {
     for (int i = 0; i < above->childCount(); ++i) {

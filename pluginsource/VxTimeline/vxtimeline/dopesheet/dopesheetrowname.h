@@ -12,7 +12,7 @@ class VxDopeSheetModel;
 // the groups from the node down, joined by "/".
 struct DopeSheetRowName
 {
-    QPointer<QObject> object; // a property, or a node; null for no row and for one that is gone
+    QPointer<QObject> object; // a property, or a node; null for no row and for a destroyed one
     QString group;            // empty unless it is a group's row
 
     // No name for null.

@@ -4,7 +4,7 @@
 
 namespace {
 
-// A row as its parent's child, in an order in which neighbours come together.
+// A row as its parent's child, ordered so that contiguous rows are adjacent.
 struct ChildRow
 {
     QModelIndex parent;
@@ -22,8 +22,8 @@ struct ChildRow
 
 } // namespace
 
-// Each question whether a row is selected, and painting asks several for every row, walks through
-// all ranges.
+// Few ranges keep painting fast: it checks several times for every row whether it is selected, and
+// each check walks through all ranges.
 QItemSelection DopeSheetRowRanges::selectionOf(const std::vector<QModelIndex> &rows)
 {
     std::vector<ChildRow> sorted;

@@ -80,8 +80,8 @@ void DopeSheetRowSelection::report() const
     Q_EMIT m_view->propertyHitListChanged(properties(), false);
 }
 
-// A node's row that is deselected by itself takes the selected rows of its properties with it: they
-// would select the node, and so its row, again.
+// Deselecting only a node's row deselects the rows of its properties too: they would select the
+// node, and so its row, again.
 void DopeSheetRowSelection::deselectRowsOf(const QItemSelection &deselected) const
 {
     QSet<const VxNode *> nodes;
@@ -100,7 +100,7 @@ void DopeSheetRowSelection::deselectRowsOf(const QItemSelection &deselected) con
     m_view->viewport()->update();
 }
 
-// The node of the current row comes last, to be the primary selection.
+// The node of the current row is last and so becomes the primary selection.
 void DopeSheetRowSelection::setSceneSelection(bool adds)
 {
     QVector<VxNode *> wanted;
@@ -140,7 +140,7 @@ void DopeSheetRowSelection::setSceneSelection(bool adds)
     deselectUnselectable();
 }
 
-// Rows of properties stay, to be shown in the key graph.
+// Rows of properties stay selected, for the key graph.
 void DopeSheetRowSelection::deselectUnselectable() const
 {
     std::vector<QModelIndex> kept = rows();
@@ -167,8 +167,7 @@ void DopeSheetRowSelection::selectNodeOf(const QModelIndex &row, bool adds) cons
     node->select(true);
 }
 
-// Rows that are selected already are left out: a selection compares a new range with each of its
-// own.
+// Rows already selected are left out: a selection compares a new range with each of its own.
 void DopeSheetRowSelection::addSceneSelection() const
 {
     if (!model())
@@ -221,7 +220,7 @@ QVector<VxProperty *> DopeSheetRowSelection::properties() const
 void DopeSheetRowSelection::prepareRemoval(const QModelIndex &parent, int first, int last)
 {
     m_isRemoving = true;
-    // Until the next layout, closing a row costs nothing but an entry in a set.
+    // Until the next layout, closing a row is only a set insertion.
     m_view->scheduleDelayedItemsLayout();
     QSet<const VxDopeSheetItem *> leaving;
     const auto leave = [this, &leaving](const QModelIndex &row) {
@@ -237,7 +236,7 @@ void DopeSheetRowSelection::prepareRemoval(const QModelIndex &parent, int first,
         if (leave(row))
             DopeSheetWalk::visitBelow(rowsOf, row, leave);
     }
-    // A few rows are no work for the selection model.
+    // The selection model handles a few rows well enough.
     if (!model() || leaving.size() < SmallRemoval || !model()->hasSelection())
         return;
     std::vector<QModelIndex> kept = rows();

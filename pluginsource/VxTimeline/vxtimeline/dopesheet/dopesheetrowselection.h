@@ -10,12 +10,11 @@ class VxDopeSheetView;
 class VxNode;
 class VxProperty;
 
-// Keeps the selected rows of the dope sheet and the selected nodes of the scene in agreement.
+// Synchronises the selected rows of the dope sheet with the selected nodes of the scene.
 //
 // However rows are selected, the scene's selection becomes the nodes that have a selected row; a
-// row of a property or a group counts for its node. The other way round, the rows of the scene's
-// selected nodes are selected. Rows that are removed or left out by the filter change nothing in
-// the scene.
+// row of a property or a group counts for its node. Conversely, the rows of the scene's selected
+// nodes are selected. Removing rows or filtering them out changes nothing in the scene.
 class DopeSheetRowSelection
 {
 public:
@@ -26,12 +25,12 @@ public:
     // first.
     void handleChange(const QItemSelection &selected, const QItemSelection &deselected,
                       Qt::KeyboardModifiers modifiers);
-    // Selects the nodes of the selected rows in the scene, if that is not so already.
+    // Selects the nodes of the selected rows in the scene, if they differ.
     void selectNodes(Qt::KeyboardModifiers modifiers);
-    // Selects the node of a row in the scene, beside the others or instead of them.
+    // Selects the node of a row in the scene, in addition to the others or exclusively.
     void selectNodeOf(const QModelIndex &row, bool adds) const;
-    // Selects the rows of the scene's selected nodes, beside the rows selected already or instead
-    // of them.
+    // Selects the rows of the scene's selected nodes, in addition to the selected rows or
+    // exclusively.
     void addSceneSelection() const;
     void showSceneSelection();
     // True while the scene's selection is changed here.
@@ -40,7 +39,7 @@ public:
     // The properties of the selected rows, each once, in the order of the rows.
     QVector<VxProperty *> properties() const;
 
-    // While one of these lives, changes of the row selection are not carried over to the scene.
+    // During its lifetime, changes of the row selection are not applied to the scene.
     class Hold
     {
     public:
@@ -56,8 +55,8 @@ public:
         DopeSheetRowSelection *m_selection;
     };
 
-    // Before rows of the view's model are removed: closes them, and deselects them in one step. For
-    // each of them the view and the selection model would walk through all rows above.
+    // Before rows of the view's model are removed: closes them, and deselects them in one step. The
+    // view and the selection model would walk through all rows above for each of them.
     void prepareRemoval(const QModelIndex &parent, int first, int last);
     void finishRemoval();
 

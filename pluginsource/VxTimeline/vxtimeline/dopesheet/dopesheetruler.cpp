@@ -39,7 +39,7 @@ int DopeSheetRuler::middleOfFrame(int frame) const
     return middleOf(TimelineSnap::timeOf(frame, m_step));
 }
 
-// The steps leave out the play range's own first frame, and its last one is not reached.
+// Excludes the first frame of the play range, and stops before the last one.
 std::vector<DopeSheetRulerLabel> DopeSheetRuler::labels(int flags, int leastSpacing) const
 {
     std::vector<DopeSheetRulerLabel> labels;

@@ -8,24 +8,24 @@
 
 #include "vxtimeline/time/timelinemetrics.h"
 
-// A frame number and the middle of the frame it stands over.
+// A frame number and the middle of its frame.
 struct DopeSheetRulerLabel
 {
     QString text;
     int middle; // x, pixels
 };
 
-// A mark, and what it is: a VxStyle::RulerTickValue.
+// A mark and its kind: a VxStyle::RulerTickValue.
 struct DopeSheetRulerMark
 {
     int x; // pixels
     int value;
 };
 
-// Where everything stands in the time ruler, above the keys column.
+// The layout of the time ruler, above the keys column.
 //
-// Painting replays the lists, and the mouse asks for the same marker that is painted. Positions are
-// in the coordinates in which the section is given.
+// Painting replays the lists, and hit tests use the painted marker. Positions are in the
+// coordinates of the given section.
 class DopeSheetRuler
 {
 public:
@@ -33,22 +33,22 @@ public:
     DopeSheetRuler(int left, int width, const TimelineMetrics &metrics,
                    const VxTimeRange &playRange, VxTime step);
 
-    // The parts named by flags (VxStyle::RulerFlag); leastSpacing: pixels from tick to tick.
+    // The requested parts (VxStyle::RulerFlag); leastSpacing: pixels from tick to tick.
     std::vector<DopeSheetRulerLabel> labels(int flags, int leastSpacing) const;
     std::vector<DopeSheetRulerMark> marks(int flags, int leastSpacing) const;
 
-    // The left edges of the key marks that show, each once, from ascending times.
+    // The left edges of the visible key marks, each once, from ascending times.
     std::vector<int> keyMarks(const VxTime *times, int count) const;
 
-    // False for a play range too short to have a place in it.
+    // False for a play range too short for a marker.
     bool hasMarker() const;
-    // The columns that the current time's marker takes: width pixels about its line.
+    // The left edge of the current time's marker, which is width pixels wide about its line.
     int markerLeft(VxTime time, int width) const;
-    // True when x lies within them.
+    // True when x is within the marker.
     bool isOnMarker(int x, VxTime time, int width) const;
 
-    // The time that the mouse sets at x: counted from the section's left edge on, not from where
-    // the ruler's marks begin, so that it is half a key margin off from them. To the frame.
+    // The time for a mouse at x: measured from the section's left edge, not from where the ruler's
+    // marks begin, hence half a key margin off from them. Rounded to the frame.
     VxTime timeAt(int x) const;
 
 private:
@@ -64,9 +64,9 @@ private:
     int m_frameCount; // from the first frame of the play range to its last
 };
 
-// True when x is near enough to an edge of a header's section to resize it: within grip pixels
-// inside of it. The edges at which the header itself begins (at offset) and ends (at length) are
-// none. All in pixels, in the header's own coordinates.
+// True when x is within grip pixels inside an edge of a header's section that resizes it. The edges
+// at the header's own beginning (offset) and end (length) do not. All in pixels, in the header's
+// own coordinates.
 bool isOnSectionGrip(int x, int left, int size, int grip, int offset, int length);
 
 #endif

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Neighbouring rows of one parent.
+// Contiguous rows of one parent.
 struct RowSpan
 {
     QModelIndex parent;
@@ -58,7 +58,7 @@ QItemSelection wholeRows(const QAbstractItemModel *model, const RowSpans &spans)
 class DopeSheetSelectionModel::Private
 {
 public:
-    // Sorted; made from the selection when they are asked for.
+    // Sorted; built from the selection on demand.
     RowSpans spans;
     bool isValid = false;
 
@@ -105,7 +105,7 @@ bool DopeSheetSelectionModel::isRowSelected(const QModelIndex &index) const
     return after != d->spans.cbegin() && std::prev(after)->meets(row);
 }
 
-// Receivers of selectionChanged() may ask for rows before this object's own slot runs.
+// Receivers of selectionChanged() may query rows before this object's own slot runs.
 void DopeSheetSelectionModel::select(const QItemSelection &selection, SelectionFlags command)
 {
     forgetRows();

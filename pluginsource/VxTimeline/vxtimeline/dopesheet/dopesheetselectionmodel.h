@@ -5,12 +5,12 @@
 #include <memory>
 #include <vector>
 
-// Which rows of the dope sheet are selected.
+// The selected rows of the dope sheet.
 //
 // A selection of an open tree has a range of rows for each parent, thousands in a large scene. The
 // base class compares every range with every other when it extends them to whole rows, and walks
-// through all of them each time it is asked for a row. Here disjoint ranges are extended one by
-// one, and a row is found by bisection.
+// through all of them for each query of a row. Here disjoint ranges are extended one by one, and a
+// row is found by bisection.
 class DopeSheetSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ public:
     // The same as isSelected() of the row's first column, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
 
-    // Selects these rows (of column 0) and no others, without a signal: views compute for each
-    // range of a change which part of them is to be repainted. The caller updates the view.
+    // Selects these rows (of column 0) and no others, without a signal: views compute the region to
+    // repaint for each range of a change. The caller updates the view.
     void selectOnly(const std::vector<QModelIndex> &rows);
 
     using QItemSelectionModel::select;

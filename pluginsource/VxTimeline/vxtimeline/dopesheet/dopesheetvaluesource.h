@@ -3,9 +3,9 @@
 
 class VxProperty;
 
-// The property from which the value of another one comes: the aliased one instead of an alias, and
+// The property that supplies the value of another one: the aliased one instead of an alias, and
 // from there along the links that replace values, at most 100 of them. The property itself when
-// there are none; where a link leads nowhere, the property that the links began at.
+// there are none; where a link has no target, the property at which the links began.
 VxProperty *dopeSheetValueSource(VxProperty *property);
 
 #endif

@@ -4,14 +4,13 @@
 #include <QtCore/QAbstractItemModel>
 #include <vector>
 
-// Walks through the rows of the dope sheet in the order in which they would be shown if all were
-// open. Hierarchies can be chains of thousands of rows, so nothing here recurses. Rows are indexes
-// of column 0.
+// Iterates over the rows of the dope sheet in the order of a fully open tree. Hierarchies can be
+// chains of thousands of rows, so nothing here recurses. Rows are indexes of column 0.
 namespace DopeSheetWalk {
 
 // Calls visit(row) for the rows below a parent (all rows for an invalid one); the rows below a row
-// follow when visit returned true for it. A model is not asked for the rows of a row that has none:
-// filter models keep something for each that is asked.
+// follow when visit returned true for it. Leaf rows are not queried for children: filter models
+// store a mapping for each queried parent.
 template <typename Visit>
 void visitBelow(const QAbstractItemModel *model, const QModelIndex &parent, const Visit &visit)
 {
@@ -64,8 +63,8 @@ template <typename Visit> void below(const QModelIndex &index, const Visit &visi
 }
 
 // Visits the rows from start to end, both included. A closed end row includes all rows below it, an
-// open one does not. An invalid start: nothing is visited. An end that is invalid or before start:
-// all rows from start on are.
+// open one does not. Visits nothing for an invalid start, and all rows from start on for an end
+// that is invalid or before start.
 template <typename IsOpen, typename Visit>
 void between(const QModelIndex &start, const QModelIndex &end, const IsOpen &isOpen,
              const Visit &visit)

@@ -17,8 +17,8 @@ struct Moved
 {
     QPointer<VxNumericProperty> property;
     QVector<VxTime> origins;
-    QVector<VxTime> placed; // where they stand now, key by key
-    QVector<int> indexes;   // where they were found last
+    QVector<VxTime> placed; // their present times, key by key
+    QVector<int> indexes;   // their last known indexes
     std::vector<QPointer<VxDopeSheetItem>> rows;
 
     bool areWhereFound() const;
@@ -27,7 +27,7 @@ struct Moved
     void showIn(VxDopeSheetItem *row) const;
 };
 
-// Most steps leave the keys in their order.
+// Most steps preserve the order of the keys.
 bool Moved::areWhereFound() const
 {
     if (indexes.size() != placed.size() || placed.isEmpty() ||
@@ -40,7 +40,7 @@ bool Moved::areWhereFound() const
                       [times](VxTime time, int index) { return times[index] == time; });
 }
 
-// Finds the keys by where they were put last. Those that are not there any more are given up.
+// Finds the keys by their last times. Missing ones are dropped.
 void Moved::locate()
 {
     if (areWhereFound())
@@ -85,7 +85,7 @@ bool Moved::moveTo(qint64 offset, VxCollision rule)
     return indexes.size() == before;
 }
 
-// A row may have had only some of the keys selected.
+// Only some of the keys may be selected in this row.
 void Moved::showIn(VxDopeSheetItem *row) const
 {
     const VxTime *saved = row->savedTimes();
@@ -165,8 +165,8 @@ VxTime KeyDrag::latest() const
     return d->latest;
 }
 
-// The rows take the new times over within the block, before anybody hears of them, and listen to
-// their properties again only when everything has been told.
+// The rows adopt the new times within the block, before any report, and observe their properties
+// again only after all reports.
 bool KeyDrag::moveTo(qint64 offset, VxCollision rule)
 {
     bool complete = true;

@@ -9,8 +9,8 @@ namespace KeyDragMath {
 namespace {
 
 constexpr int ClickDistance = 2;    // pixels, both directions together
-constexpr qint64 PreviewSpan = 200; // milliseconds between two previews, at least
-constexpr qint64 LatestTick = 100;  // how old the last tick may be; milliseconds
+constexpr qint64 PreviewSpan = 200; // minimum milliseconds between two previews
+constexpr qint64 LatestTick = 100;  // maximum age of the last tick; milliseconds
 
 bool isPlain(Qt::KeyboardModifiers modifiers)
 {

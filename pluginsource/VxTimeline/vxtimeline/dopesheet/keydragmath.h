@@ -7,11 +7,11 @@
 
 #include "vxtimeline/time/timelinemetrics.h"
 
-// What the mouse means in the keys column of the dope sheet, as plain functions: which keys a
-// press and a release select, how far a drag moves them, and what a rubber band takes in.
+// The arithmetic of mouse gestures in the keys column of the dope sheet, as plain functions: the
+// keys that a press and a release select, the offset of a drag, and the extent of a rubber band.
 namespace KeyDragMath {
 
-// Where times stand while the mouse is down.
+// The scale from times to pixels during a gesture.
 struct Scale
 {
     TimelineMetrics metrics;
@@ -27,34 +27,34 @@ private:
     int distance(int x) const; // from time 0, in pixels
 };
 
-// The ticks from the press to x, however far that leads. Snapped, the key that was hit lands on a
-// whole frame, so the offset itself need not be a number of frames.
+// The ticks from the press to x, unlimited. Snapped, the time of the hit key becomes a whole
+// frame, so the offset itself need not be a number of frames.
 qint64 rawOffset(const Scale &scale, int pressX, int x, VxTime hitTime, bool snaps);
 
-// The times between which the dragged keys stay: 0 and the end of the animation range.
+// The limits for dragged keys: 0 and the end of the animation range.
 struct Bounds
 {
     VxTime earliest = VxTimeMax; // of the dragged keys
     VxTime latest = -1;
     VxTime duration = 0; // of the animation range
 };
-// The offset, cut where a key would leave them. Keys that lie outside are brought to the edge.
+// The offset, limited to keep the keys within. Keys outside are brought to the edge.
 VxTime limitedOffset(qint64 offset, const Bounds &bounds);
 
-// False while the mouse has come no further than a click allows.
+// False while the mouse distance is within that of a click.
 bool isDrag(const QPoint &press, const QPoint &release);
 
-// What lies under the mouse.
+// The object under the mouse.
 enum class Hit { Nothing, Key, SelectedKey };
 enum class Change { None, Select, Deselect };
 
 struct PressEffect
 {
     bool clearsAll = false;       // all keys are deselected first
-    Change change = Change::None; // of the row's keys at the time that was hit
+    Change change = Change::None; // of the row's keys at the hit time
     bool canDrag = false;
 };
-// Ctrl adds to the selection, Alt takes away from it.
+// Ctrl adds to the selection, Alt removes from it.
 PressEffect pressEffect(Hit hit, Qt::KeyboardModifiers modifiers);
 
 enum class Release { Drop, Click, Band };
@@ -68,9 +68,9 @@ struct ReleaseEffect
 // modifiers: those of the press.
 ReleaseEffect releaseEffect(bool canDrag, bool moved, Qt::KeyboardModifiers modifiers);
 
-// The part of the picture that a rubber band covers, with a pixel to spare on each side.
+// The area that a rubber band covers, with a margin of one pixel.
 QRect bandRect(const QPoint &press, const QPoint &current);
-// What a band takes in: the times from start on and before end (at just that time when they are
+// The extent of a band: the times from start on and before end (at just that time when they are
 // the same), and the y of its first and last row, in a viewport of the given height.
 struct BandSpan
 {
@@ -81,14 +81,14 @@ struct BandSpan
 };
 BandSpan bandSpan(const Scale &scale, const QPoint &press, const QPoint &release, int height);
 
-// When dragged keys are shown in a new place: not at every move of the mouse, but when some time
-// has passed, and only while the view's timer keeps up. Times are milliseconds of one clock.
+// Limits how often a drag updates its preview: not at every mouse move, but when some time has
+// passed, and only while the view's timer keeps up. Times are milliseconds of one clock.
 class DragThrottle
 {
 public:
     void begin(qint64 now) { m_lastApplied = now; }
     void tick(qint64 now) { m_lastTick = now; }
-    // True when it is time; then the next span begins.
+    // True when an update is due; then the next span begins.
     bool isDue(qint64 now);
 
 private:

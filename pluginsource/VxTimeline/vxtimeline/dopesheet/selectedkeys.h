@@ -8,7 +8,7 @@
 class VxDopeSheetItem;
 class VxProperty;
 
-// The selected keys of one property, whichever of its rows they are selected in.
+// The selected keys of one property, united over its rows.
 struct SelectedKeys
 {
     VxProperty *property = nullptr;  // that of the first row
@@ -16,11 +16,11 @@ struct SelectedKeys
     QVector<int> indexes;            // of keys, ascending; never empty
 };
 
-// Gathers the selected keys of rows, property by property.
+// Collects the selected keys of rows by property.
 //
-// An alias and the property it stands for are rows of their own that show the same keys. What is
-// done to selected keys must be done to each key once, so rows are told apart by the property that
-// really holds the keys, and a key counts as selected when it is in any of them.
+// An alias and its target have rows of their own that show the same keys. An edit of the selected
+// keys must change each key once, so rows are grouped by key holder, and a key counts as selected
+// when it is selected in any of them.
 class SelectedKeysCollector
 {
 public:

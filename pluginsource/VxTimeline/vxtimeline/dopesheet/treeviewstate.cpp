@@ -44,14 +44,14 @@ void TreeViewState::save()
         selection->selectOnly({});
 }
 
-// A row that is listed and closed was closed by the user, if it was open before.
+// A listed row that is closed but was open before was closed by the user.
 void TreeViewState::saveOpenRows()
 {
     Names open;
     DopeSheetWalk::visitBelow(m_view->model(), QModelIndex(), [&](const QModelIndex &row) {
         if (m_view->isExpanded(row))
             open.push_back(DopeSheetRowName::of(m_view->getItem(row)));
-        // A row that has never been open has no rows made below it.
+        // Opening a row creates its child rows: without any, it was never open.
         return !m_view->getItem(row)->hasRowsToMake();
     });
     QSet<QPair<const QObject *, QString>> byFilter;
@@ -93,7 +93,7 @@ TreeViewState::Names TreeViewState::selectedRows() const
     return rows;
 }
 
-// Rows that are left out stay selected until something else is selected.
+// Filtered out rows stay selected until something else is selected.
 void TreeViewState::saveSelectedRows()
 {
     Names selected = selectedRows();
@@ -105,7 +105,7 @@ void TreeViewState::saveSelectedRows()
 void TreeViewState::restore()
 {
     const QScopedValueRollback<bool> busy(m_isBusy, true);
-    // Until the next layout, opening a row costs nothing but an entry in a set.
+    // Until the next layout, opening a row is only a set insertion.
     m_view->scheduleDelayedItemsLayout();
     openRows();
     if (isFiltered())
@@ -114,7 +114,7 @@ void TreeViewState::restore()
     scroll();
 }
 
-// A group that is nested deeper than before would be hidden in groups that are closed.
+// A group that is nested deeper than before would be hidden in closed groups.
 void TreeViewState::openRows()
 {
     for (const DopeSheetRowName &name : m_open) {
@@ -158,7 +158,7 @@ void TreeViewState::selectRows()
         if (row.isValid())
             rows.push_back(row);
     }
-    // A view that loses its current row selects another one, which nobody has asked for.
+    // A view that loses its current row selects another one, which is undone here.
     const QModelIndex current = find(m_current);
     if (current.isValid())
         selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
@@ -166,8 +166,8 @@ void TreeViewState::selectRows()
     m_shownSelected = selectedRows();
 }
 
-// With all rows shown again the view returns to where it was; but what has been found and selected
-// meanwhile is scrolled to.
+// With all rows shown again the view scrolls back; but a row found and selected meanwhile is
+// scrolled to instead.
 void TreeViewState::scroll() const
 {
     const bool isBack = !isFiltered();

@@ -9,9 +9,9 @@ class QModelIndex;
 class VxDopeSheetModel;
 class VxDopeSheetView;
 
-// Which rows of a view are open and selected and which one is at the top, saved while the text
-// filter leaves rows out and while the model is made anew: rows that are shown again are in the
-// state that they had. While a filter text is set the rows that lead to a match are open as well.
+// The open and selected rows of a view and its top row, saved while the text filter leaves rows out
+// and while the model is rebuilt: rows that are shown again return to their former state. While a
+// filter text is set the ancestors of matches are open as well.
 //
 // A filter model updates every persistent index each time that it adds or removes rows of one
 // parent. A view keeps one for each open row and a selection two for each range: with thousands
@@ -25,7 +25,7 @@ public:
     void save();
     // After the change.
     void restore();
-    // For a row that the user closed: it is not the filter's any more.
+    // For a row that the user closed: the filter no longer controls it.
     void handleCollapsed(const QModelIndex &index);
 
 private:
@@ -44,14 +44,14 @@ private:
     VxDopeSheetView *m_view;
     bool m_wasFiltered = false;
     bool m_isBusy = false;
-    Names m_open;                  // also rows that are left out at present
-    Names m_openedToMatches;       // by the filter, and to be closed with its text
-    Names m_selected;              // also rows that are left out at present
+    Names m_open;                  // including rows filtered out at present
+    Names m_openedToMatches;       // opened by the filter, to be closed with its text
+    Names m_selected;              // including rows filtered out at present
     Names m_shownSelected;         // those selected after the last change
     bool m_selectionIsNew = false; // other rows have been selected since then
     DopeSheetRowName m_current;
     DopeSheetRowName m_top;
-    DopeSheetRowName m_unfilteredTop; // while nothing was left out
+    DopeSheetRowName m_unfilteredTop; // while no filter was set
 };
 
 #endif

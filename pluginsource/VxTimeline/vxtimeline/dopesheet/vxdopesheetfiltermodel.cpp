@@ -14,10 +14,10 @@ enum Match : quint8 { NoMatch = 0, OwnMatch = 1, MatchBelow = 2 };
 class VxDopeSheetFilterModel::Private
 {
 public:
-    // Bits of Match by the source rows' internal ids; empty while they are not known.
+    // Bits of Match by the source rows' internal ids; empty while invalid.
     QHash<quintptr, quint8> matches;
 
-    // What is known of a source row; -1 for nothing.
+    // The match bits of a source row; -1 if unknown.
     int matchOf(const QModelIndex &row) const
     {
         const auto found = matches.constFind(row.internalId());
@@ -33,7 +33,7 @@ VxDopeSheetFilterModel::VxDopeSheetFilterModel(QObject *parent)
 
 VxDopeSheetFilterModel::~VxDopeSheetFilterModel() = default;
 
-// Connected before the base class is, which filters rows as soon as they are added.
+// Connected before the base class, which filters rows as soon as they are added.
 void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
 {
     forgetMatches();
@@ -68,8 +68,8 @@ void VxDopeSheetFilterModel::refilter()
     invalidate();
 }
 
-// Rows come after those above them in the list, so that from its end upwards all is known of what
-// is below a row.
+// Children follow their parents in the list, so that a walk from its end has the results of all
+// rows below a row.
 void VxDopeSheetFilterModel::findMatches(const QRegExp &pattern)
 {
     d->matches.clear();

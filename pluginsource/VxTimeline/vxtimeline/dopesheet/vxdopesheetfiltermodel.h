@@ -7,8 +7,8 @@
 
 // The proxy between the dope sheet's model and its view, for the text filter.
 //
-// It adds no rule of its own. With recursive filtering on, the base class searches everything below
-// a row again for each row on the way to a match, which is quadratic in the depth of a hierarchy;
+// It adds no rule of its own. With recursive filtering on, the base class searches the whole
+// subtree again for each ancestor of a match, which is quadratic in the depth of a hierarchy;
 // refilter() finds all matches in one pass, and the base class uses the result.
 class VxDopeSheetFilterModel : public QSortFilterProxyModel
 {
@@ -19,8 +19,8 @@ public:
 
     void setSourceModel(QAbstractItemModel *model) override;
 
-    // Filters all rows by a pattern; without one, by the present pattern: for rows that were added
-    // below rows that are left out, or renamed.
+    // Filters all rows by a pattern; without one, by the present pattern: for rows that were
+    // renamed, or added below filtered out rows.
     void refilter(const QRegExp &pattern);
     void refilter();
     // Whether any row below an index of this model matches the pattern; false when rows were added

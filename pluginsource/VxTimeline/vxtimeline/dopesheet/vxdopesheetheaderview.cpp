@@ -35,7 +35,7 @@ VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
     connect(this, &QHeaderView::sectionMoved, this, &VxDopeSheetHeaderView::handleSectionMoved);
 }
 
-// The record is gone before the widget is hidden.
+// The private record is destroyed before the base class hides the widget.
 VxDopeSheetHeaderView::~VxDopeSheetHeaderView()
 {
     d->guard->end();
@@ -98,7 +98,7 @@ DopeSheetRuler VxDopeSheetHeaderView::ruler() const
                           TimelineMetrics::shared(), times.playRange, times.step);
 }
 
-// The grip is as wide as the one that the base class resizes by.
+// The grip has the width at which the base class resizes.
 bool VxDopeSheetHeaderView::isOnGrip(int x, int section) const
 {
     const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
@@ -139,7 +139,7 @@ void VxDopeSheetHeaderView::dropGesture()
     updateViewport();
 }
 
-// A press beside the marker brings it under the mouse, so that from there on it is dragged too.
+// A press beside the marker moves it under the mouse, and a drag can follow.
 void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();
@@ -166,7 +166,7 @@ void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
     updateViewport();
 }
 
-// In the ruler the second of two quick presses is a press as any other.
+// The second press of a double click in the ruler is an ordinary press.
 void VxDopeSheetHeaderView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();

@@ -14,11 +14,11 @@ class VxDopeSheetHeaderView::Private
 {
 public:
     bool markerDragged = false; // the time follows the mouse
-    bool basePressed = false;   // the base class has had the press and not yet its release
+    bool basePressed = false;   // the base class has received the press but not yet its release
     VxTime timeAtPress = 0;
     VxGestureGuard *guard = nullptr; // of the viewport
     QPointer<VxDopeSheetItem> keySource;
-    QRegion paintedRegion; // by the paint event that is going on; empty outside of one
+    QRegion paintedRegion; // of the current paint event; empty outside of one
 };
 
 #endif

@@ -1,4 +1,4 @@
-// The picture of the dope sheet's header.
+// Painting the dope sheet's header.
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QPaintEvent>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// How far the style's marks may reach out of the columns they are given; pixels.
+// How far the style's marks may exceed their columns; pixels.
 constexpr int MarkReach = 8;
 
 QStyle::PrimitiveElement primitive(VxStyle::PrimitiveId id)
@@ -36,7 +36,7 @@ int labelSpacing()
 
 } // namespace
 
-// The playhead moves over the header in playback: only what it leaves and enters is painted.
+// The playhead moves over the header in playback: only its old and new area is painted.
 void VxDopeSheetHeaderView::paintEvent(QPaintEvent *event)
 {
     const QScopedValueRollback<QRegion> painting(d->paintedRegion, event->region());
@@ -64,8 +64,8 @@ void VxDopeSheetHeaderView::paintSection(QPainter *painter, const QRect &rect,
         paintRuler(painter, rect);
 }
 
-// What lies before the play range must not reach over the names; the number of its first frame
-// may, as it is centred over the edge.
+// Marks before the play range must not cover the names; the number of its first frame may, as it
+// is centred over the edge.
 void VxDopeSheetHeaderView::paintRuler(QPainter *painter, const QRect &rect) const
 {
     const DopeSheetRuler scale = ruler();
@@ -124,7 +124,7 @@ void VxDopeSheetHeaderView::paintKeys(QPainter *painter, const DopeSheetRuler &r
     }
 }
 
-// Without a play range there is no place for the marker; the style still hears of it.
+// Without a play range there is no marker; the style is called all the same.
 void VxDopeSheetHeaderView::paintMarker(QPainter *painter, const DopeSheetRuler &ruler,
                                         const QRect &rect) const
 {

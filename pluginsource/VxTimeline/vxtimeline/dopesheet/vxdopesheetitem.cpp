@@ -18,7 +18,7 @@ VxDopeSheetItem::VxDopeSheetItem()
 VxDopeSheetItem::~VxDopeSheetItem()
 {
     setParent(nullptr);
-    // From the last row up: each has no rows below it any more, however deep the tree is.
+    // From the last row up, so that no destructor recurses, however deep the tree is.
     const QVector<VxDopeSheetItem *> rows = d->allRows();
     for (int i = rows.size() - 1; i > 0; --i) {
         Private *below = rows.at(i)->d.get();
@@ -83,7 +83,7 @@ void VxDopeSheetItem::setLabel(const QString &label)
     d->label = label;
 }
 
-// A property's path comes from itself, not from the rows above: those depend on what is listed.
+// The path comes from the property, not from the rows above: those depend on the listed types.
 QString VxDopeSheetItem::path() const
 {
     const VxDopeSheetItem *nodeRow = this;
@@ -123,7 +123,7 @@ VxProperty *VxDopeSheetItem::property() const
     return d->property;
 }
 
-// A property that is its own source is connected twice, like those that have another source.
+// A property that is its own source is connected twice, like one with another source.
 void VxDopeSheetItem::setProperty(VxProperty *property)
 {
     for (const QMetaObject::Connection &connection : std::exchange(d->connections, {}))
@@ -141,8 +141,8 @@ void VxDopeSheetItem::setProperty(VxProperty *property)
         connect(property, &VxProperty::propertyDeleted, this, &VxDopeSheetItem::loseProperty)};
 }
 
-// The guarded pointer is cleared by the last of the property's destructors; what is left of it by
-// now has no keys to ask for.
+// The guarded pointer is cleared by the last of the property's destructors; the remaining base
+// object has no keys.
 void VxDopeSheetItem::loseProperty()
 {
     setProperty(nullptr);
@@ -231,7 +231,7 @@ void VxDopeSheetItem::setSuppressKeyChanges(bool suppress)
     d->suppressesKeyChanges = suppress;
     if (!d->property)
         return;
-    // What changed meanwhile does not make the keys invalid later, either.
+    // Changes made meanwhile do not invalidate the keys later, either.
     if (suppress)
         d->revisionWhenSuppressed = d->property->keyRevision();
     else if (d->revision == d->revisionWhenSuppressed)
@@ -243,8 +243,7 @@ void VxDopeSheetItem::handleValueChanged(VxTimeRange range)
     Q_UNUSED(range)
     if (d->suppressesKeyChanges)
         return;
-    // Keys that were asked for before this report are the present ones; those above are invalid
-    // then.
+    // Keys read before this report are current, but those of the rows above are then invalid.
     if (!d->isValid || !d->property || d->revision != d->property->keyRevision())
         invalidateKeys();
     // Selected keys are known by their times: one that leaves its time and returns later is

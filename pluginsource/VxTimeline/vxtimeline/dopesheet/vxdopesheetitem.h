@@ -14,7 +14,7 @@ class VxProperty;
 
 class VxDopeSheetItem;
 
-// Makes the property rows of a node's row when they are needed.
+// Creates the property rows of a node's row on demand.
 class DopeSheetRowMaker
 {
 public:
@@ -31,10 +31,10 @@ protected:
 // a tree apart from QObject's: an item owns its children, and removes itself from its parent when
 // it is destroyed.
 //
-// A row caches its keys and which of them are selected. A property row has those of its property, a
-// row above them one key for each time at which a row below has one, selected when it is selected
-// in any of them. They are gathered when they are first asked for and after a change, for this row
-// and those below alone. Arrays that are returned are borrowed: valid until the next change.
+// A row caches its keys and their selection. A property row has those of its property, a row above
+// them one key for each time at which a row below has one, selected when it is selected in any of
+// them. They are gathered at the first access and after a change, for this row and those below
+// alone. Returned arrays are borrowed: valid until the next change.
 class VxDopeSheetItem : public QObject
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ public:
     VxDopeSheetItem();
     ~VxDopeSheetItem() override;
 
-    // The label given, else the property's, else the node's, else empty.
+    // The label set, else the property's, else the node's, else empty.
     QString label() const;
     void setLabel(const QString &label);
     // The names of the nodes from the top down to the row's, then the group path and the name of
@@ -52,30 +52,30 @@ public:
     // Null unless it is a node row. Not owned.
     VxNode *node() const;
     void setNode(VxNode *node);
-    // Null unless it is a property row, and once the property is gone. Not owned.
+    // Null unless it is a property row, and after the property's destruction. Not owned.
     VxProperty *property() const;
     // Connects to the property, and to its value source.
     void setProperty(VxProperty *property);
 
-    // For a node's row without children: the property rows are made as soon as the children are
-    // asked for, a child is added, or the row's keys are asked for and the node has some. Not
-    // owned; must live until then.
+    // For a node's row without children: creates the property rows at the first access to the
+    // children, when a child is added, or at the first access to the row's keys if the node has
+    // some. Not owned; must live until then.
     void setRowMaker(DopeSheetRowMaker *maker);
     bool hasRowsToMake() const;
 
     VxDopeSheetItem *parentItem() const;
-    // Leaves the present parent and becomes the last child of the new one, which owns it; with
-    // null the caller does.
+    // Moves the item to the end of the new parent's children, which owns it; with null the caller
+    // does.
     void setParent(VxDopeSheetItem *newParent);
     // The index among the parent's children; -1 without a parent.
     int row() const;
     int childCount() const;
     // Null when index lies outside 0 .. childCount() - 1.
     VxDopeSheetItem *child(int index) const;
-    // Takes the child at from out and puts it in at to. Indexes outside are ignored.
+    // Moves the child at from to index to. Indexes outside are ignored.
     void moveChild(int from, int to);
     void swapChildren(int a, int b);
-    // Destroys every row below that has neither a property nor, after that, a child.
+    // Destroys every empty group row below, also those that become empty by it.
     void pruneEmpty();
 
     // True when the row's property, or any below, has a key.
@@ -95,13 +95,13 @@ public:
     bool hasSelectedKeys() const;
 
     // Selects or deselects the keys from start on and before end, or, when the two are the same,
-    // the key at just that time. Rows below keep their selection; a row that is not a property's
-    // therefore shows it again as soon as it is asked.
+    // the key at just that time. Rows below keep their selection; a row without a property
+    // therefore shows it again at the next access.
     void setKeysSelected(bool select, VxTime start, VxTime end);
     // The same for keys by index; indexes outside are ignored. Property rows only.
     void setKeySelectedAt(const QVector<int> &indexes, bool select);
     // Selects the keys of the property at the given times (ascending) and no others: after keys
-    // have been moved, because a selection stays by itself only where times do. Property rows only.
+    // have been moved, because a selection survives only at equal times. Property rows only.
     void selectOnlyKeysAt(const VxTime *times, int count);
     // Selects the keys of these spans and no others. Property rows only.
     void selectOnlySpans(const std::vector<VxKeySpan> &spans);
@@ -118,7 +118,7 @@ public:
     // Removes the selected keys from the property; nothing happens on other rows.
     void deleteSelectedKeys();
 
-    // The keys of this row and all above are gathered anew when they are next asked for.
+    // Invalidates the keys of this row and all above; they are gathered again on demand.
     void invalidateKeys();
     // While set, changes of the property neither invalidate keys nor emit keysChanged().
     bool isSuppressingKeyChanges() const;
@@ -130,7 +130,7 @@ Q_SIGNALS:
     void changed();
 
 public Q_SLOTS:
-    // The property's keys or value have changed; all rows above show them as well.
+    // The property's keys or value changed, and with it the keys of all rows above.
     void handleValueChanged(VxTimeRange range);
 
 private:

@@ -10,12 +10,11 @@
 #include "vxtimeline/dopesheet/dopesheetkeys.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 
-// The state of a row. Rows of one tree reach into each other's, for the keys of those below.
+// The private record of a row. Rows of one tree access each other's, for the keys of those below.
 //
-// A row that is valid has only such rows below it; so a change of a row invalidates no further up
-// than to the first row that is invalid already. Valid rows of properties and nodes have their
-// keys. Rows of groups have them only once they have been asked themselves; the rows above skip
-// them.
+// All rows below a valid row are valid; so a change of a row invalidates no further up than to the
+// first row that is invalid already. Valid rows of properties and nodes have their keys. Rows of
+// groups have them only after an access of their own; the rows above skip them.
 //
 // Hierarchies may be chains of thousands of nodes: nothing here recurses into the rows below.
 class VxDopeSheetItem::Private
@@ -28,27 +27,27 @@ public:
 
     VxDopeSheetItem *q;
     QString label;
-    QString nodePath; // empty until asked for
+    QString nodePath; // computed on demand
     int row = -1;
     VxDopeSheetItem *parent = nullptr;
     QVector<VxDopeSheetItem *> children;
     VxNode *node = nullptr;
     QPointer<VxProperty> property;
     QVector<QMetaObject::Connection> connections;
-    DopeSheetRowMaker *rowMaker = nullptr; // makes the property rows when they are first asked for
+    DopeSheetRowMaker *rowMaker = nullptr; // creates the property rows on demand
 
     bool suppressesKeyChanges = false;
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above
     bool isKept = false;  // keys are those that were gathered
     DopeSheetKeys keys;
-    // For property rows: the revision of the property's keys that `keys` shows, and the one that
-    // the property had when changes began to be suppressed.
+    // For property rows: the revision of the property's keys in `keys`, and the property's revision
+    // when changes began to be suppressed.
     quint64 revision = 0;
     quint64 revisionWhenSuppressed = 0;
     // For the rows above: the latest revision of any keys at which those below were current.
     quint64 checkedRevision = 0;
     QVector<VxTime> savedTimes;
-    // How many keys are selected in this row, if it is a property's, and in all such rows below,
+    // The number of selected keys in this row, if it is a property's, and in all such rows below,
     // as of the last time these read their properties' keys.
     qint64 selectedBelow = 0;
     // The child below which a selected key was last found.
@@ -62,14 +61,14 @@ public:
     void makeRowsWithKeys();
     void renumber(int from);
     void addSelected(qint64 difference);
-    // Within a change block the property's keys may differ before it reports that they do.
+    // Within a change block the property's keys may change before it reports them.
     bool showsPresentKeys() const;
-    // Brings the rows below up to date whose keys changed without a report yet.
+    // Updates the rows below whose keys changed without a report yet.
     void updateChangedRows();
     // Makes the keys valid, those of the rows below first.
     void update();
-    // The rows of properties and nodes below whose keys together are this row's; groups: this row
-    // and the groups that were skipped, each after the one above it.
+    // The rows of properties and nodes below whose united keys are this row's; groups: this row and
+    // the skipped groups, each after the one above it.
     void findSources(Rows *sources, Rows *groups);
     // Unites the keys of the sources, which are valid.
     void unite();
@@ -78,13 +77,13 @@ public:
         keys = DopeSheetKeys();
         isKept = false;
     }
-    // For property rows. Makes the keys those that the property has, whatever it has reported.
+    // For property rows. Reads the property's present keys, reported or not.
     void updateFromProperty();
     void updateForEdit();
     bool hasSelected();
     // A child with selected keys below it; null when there is none.
     Private *selectedChild();
-    // After a change of the selection: counts it, and makes the rows above show it.
+    // After a change of the selection: counts it, and invalidates the selection of the rows above.
     void selectionEdited(int selectedBefore);
 
     QString pathOfNode();

@@ -28,7 +28,7 @@ bool VxDopeSheetItem::Private::showsPresentKeys() const
     return suppressesKeyChanges || revision == property->keyRevision();
 }
 
-// Rows of keys that changed make the rows above invalid.
+// Rows with changed keys invalidate the rows above.
 void VxDopeSheetItem::Private::updateChangedRows()
 {
     const quint64 latest = VxProperty::latestKeyRevision();
@@ -95,8 +95,8 @@ void VxDopeSheetItem::Private::update()
         stale.at(i)->unite();
 }
 
-// Groups pass on what is below them: keeping the same keys at each level of a node's groups would
-// take more memory than the keys themselves.
+// Groups are skipped: storing the same keys at each level of a node's groups would take more memory
+// than the keys themselves.
 void VxDopeSheetItem::Private::findSources(Rows *sources, Rows *groups)
 {
     makeRowsWithKeys();
@@ -110,7 +110,7 @@ void VxDopeSheetItem::Private::findSources(Rows *sources, Rows *groups)
     }
 }
 
-// What a row without property shows does not count as selected: the rows below have counted it.
+// Selected keys of a row without property are not counted: the rows below have counted them.
 void VxDopeSheetItem::Private::unite()
 {
     Rows sources;
@@ -125,8 +125,8 @@ void VxDopeSheetItem::Private::unite()
         group->isValid = true;
 }
 
-// Rows whose properties have changed may have lost their selected keys: they are updated, one after
-// another, until one is found that has not.
+// Rows with changed properties may have lost their selected keys: such rows are updated one by one
+// until an unchanged one is found.
 bool VxDopeSheetItem::Private::hasSelected()
 {
     while (selectedBelow != 0) {
@@ -232,8 +232,7 @@ bool VxDopeSheetItem::hasSelectedKeys() const
     return d->hasSelected();
 }
 
-// A row without property shows the selection of those below it, which stays: there is nothing to
-// keep.
+// A row without property shows the selection of those below it, which stays: nothing is stored.
 void VxDopeSheetItem::setKeysSelected(bool select, VxTime start, VxTime end)
 {
     if (d->property) {

@@ -96,7 +96,7 @@ void VxDopeSheetModel::moveRootRowUp(VxNode *node)
         moveRootRow(row, row - 1);
 }
 
-// The row below comes above, rather than this one going down: views keep what they show at the top.
+// Moves the next row up rather than this one down: views keep the row at their top.
 void VxDopeSheetModel::moveRootRowDown(VxNode *node)
 {
     const int row = d->topLevelRow(node);
@@ -213,8 +213,8 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
     }
 }
 
-// True when the node's property rows can be made later, because they are known: those of the
-// transform controls that are listed, without a key and with their default traits.
+// True when the node's property rows can be created later, because they are predictable: those of
+// the listed transform controls, without a key and with their default traits.
 bool VxDopeSheetModel::canMakeRowsLater(const VxNode *node) const
 {
     constexpr int Transforms = DopeSheetPropertyTypes::Translation |
@@ -267,7 +267,7 @@ void VxDopeSheetModel::handleLabelChanged()
     handleNameChanged();
 }
 
-// Rows that are not made yet have no connection of their own.
+// Rows not yet created have no connection of their own.
 void VxDopeSheetModel::handleNodeValuesChanged(VxNode *node)
 {
     VxDopeSheetItem *item = findItem(node);
@@ -298,7 +298,7 @@ QVector<VxDopeSheetItem *> VxDopeSheetModel::findHolderItems(const VxProperty *h
     return d->holderRows.value(holder);
 }
 
-// Rows that are not made are left out while their nodes have nothing but default controls.
+// Rows not yet created are left out while their nodes have nothing but default controls.
 void VxDopeSheetModel::Private::updatePropertyIndex()
 {
     if (propertyRowsValid && holderRevision == VxProperty::latestHolderRevision())
@@ -341,8 +341,8 @@ void VxDopeSheetModel::addPropertyRows(VxNode *node, VxDopeSheetItem *item)
     }
 }
 
-// With all rows below in one removal: views and filters take time for each. A node whose row is in
-// another place than the node, because it is just changing its parent, is looked for as well.
+// Removes all rows below at once, because each removal costs views and filters time. Also finds a
+// row that is not at its node's place, because the node is just changing its parent.
 void VxDopeSheetModel::removeNode(VxNode *node)
 {
     if (!node || d->rows.isEmpty())
@@ -363,7 +363,7 @@ void VxDopeSheetModel::forgetNode(QObject *node)
 
 void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode)
 {
-    // Receivers of the signals may still ask the row for its name.
+    // Receivers of the signals may still read the row's name.
     d->forgetRows(item, destroyedNode);
     if (destroyedNode)
         item->setNode(nullptr);
@@ -373,8 +373,7 @@ void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destr
     handleNameChanged();
 }
 
-// The label's connection stays: a node that has no row any more may still be the subject of what a
-// view shows.
+// The label's connection stays: a node without a row may still be part of what a view shows.
 void VxDopeSheetModel::Private::forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode)
 {
     propertyRowsValid = false;

@@ -13,13 +13,13 @@ class VxProperty;
 
 // The tree of rows behind the dope sheet as an item model of two columns, name and keys.
 //
-// The model follows the scene for the nodes that the pane adds: it makes a node's rows, moves them
-// when the node gets another parent, and removes them. The property rows of a node that has nothing
-// but its default controls are made when they are first asked for. The listed property types are
-// fixed when the model is made: another choice needs another model.
+// The model follows the scene for the nodes that the pane adds: it creates a node's rows, moves
+// them when the node gets another parent, and removes them. The property rows of a node that has
+// nothing but its default controls are created on demand. The listed property types are fixed at
+// construction: other types need another model.
 //
 // Thousands of rows may report changes of keys, so every report becomes the same dataChanged() over
-// the rows at the top level, and views repaint everything.
+// the root rows, and views repaint everything.
 class VxDopeSheetModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ public:
     int getKeyCreationScope() const;
     bool hasSelectedKeys() const;
 
-    // Above all rows; owned by the model.
+    // The invisible root; owned by the model.
     VxDopeSheetItem *getRootItem() const;
     // The item of an index, the root item for an invalid one.
     VxDopeSheetItem *getItem(const QModelIndex &index) const;
@@ -51,11 +51,11 @@ public:
     // The nodes of the rows at the top level, in their order.
     QVector<VxNode *> getTopLevelNodes() const;
 
-    // Calls change(), which may add and move rows but remove none, as one reset of the model. A
-    // filter model takes time for each row that is added in proportion to those that it has.
+    // Calls change(), which may add and move rows but remove none, as one reset of the model: a
+    // filter model takes time for each added row in proportion to its existing rows.
     void resetDuring(const std::function<void()> &change);
 
-    // Change the place of a row at the top level; a node that has none there is ignored.
+    // Move a root row; a node without one is ignored.
     void moveRootRowToTop(VxNode *node);
     void moveRootRowUp(VxNode *node);
     void moveRootRowDown(VxNode *node);
@@ -68,10 +68,10 @@ public:
     // The same for all columns of a row.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
-    // Only in the first column: a view that followed the other column as well would find the same
-    // rows twice.
+    // Only in the first column: a view that followed the other column as well would list rows
+    // twice.
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
-    // True for a node whose property rows are not made yet; rowCount() makes them, too.
+    // True for a node whose property rows are not yet created; rowCount() creates them, too.
     bool canFetchMore(const QModelIndex &parent) const override;
     void fetchMore(const QModelIndex &parent) override;
     // Display and decoration for column 0; the VxDopeSheetItem * under Qt::UserRole for both.
@@ -82,7 +82,7 @@ public:
 
 Q_SIGNALS:
     // Rows were added, removed, moved or renamed: a search in names should be repeated. Sent once
-    // for all that happens in one turn of the event loop.
+    // for all changes of one event loop iteration.
     void namesChanged();
 
 public Q_SLOTS:
@@ -94,10 +94,10 @@ public Q_SLOTS:
     void removeNode(VxNode *node);
     void parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
     void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);
-    // Puts a node's row behind that of the nearest sibling before it in the scene that has one.
+    // Moves a node's row behind that of the nearest sibling before it in the scene that has one.
     void followOrder(VxNode *node);
     // Properties of a node were added or removed. Rows of removed ones are removed at once; new
-    // ones get their rows in the next turn of the event loop. Rows of all others stay.
+    // ones get their rows in the next event loop iteration. All other rows stay.
     void propertiesChanged(VxNode *node);
     // Lets views repaint everything.
     void keysChanged();

@@ -21,9 +21,9 @@ public:
 
     VxDopeSheetModel *q;
     VxDopeSheetItem root;
-    // By the node as an object: one that is being destroyed is no node any more.
+    // By the node as a QObject: during its destruction it is no longer a VxNode.
     QMap<const QObject *, VxDopeSheetItem *> rows;
-    // The property rows that are made, by property; found anew after rows were removed and after
+    // The created property rows by property; rebuilt after rows were removed and after
     // VxProperty::latestHolderRevision() changed.
     QHash<const VxProperty *, VxDopeSheetItem *> propertyRows;
     bool propertyRowsValid = false;
@@ -35,7 +35,7 @@ public:
     int keyCreationScope = 2;
     bool namesChangedPending = false;
     bool isResetting = false; // rows are added and moved without signals
-    // Nodes whose property rows are made up to date in the next turn of the event loop.
+    // Nodes whose property rows are updated in the next event loop iteration.
     QVector<QPointer<VxNode>> nodesToUpdate;
 
     void makeRows(VxDopeSheetItem *nodeRow) override
@@ -44,7 +44,7 @@ public:
         propertyRowsValid = false;
     }
     void updatePropertyIndex();
-    // Takes the nodes of a row and of all below out of the table and drops their connections.
+    // Removes the nodes of a row and of all below from the table and drops their connections.
     void forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode);
 
     int topLevelRow(VxNode *node) const

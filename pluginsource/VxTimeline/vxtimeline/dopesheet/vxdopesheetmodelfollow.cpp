@@ -27,14 +27,14 @@ bool hasProperties(const VxObject *object)
     return object && !object->getPropertyGroups()->collectAllProperties().isEmpty();
 }
 
-// The row that holds the property rows; null for a node without any.
+// The parent of the property rows; null for a node without any.
 VxDopeSheetItem *propertiesRow(const VxDopeSheetItem *nodeRow)
 {
     VxDopeSheetItem *first = nodeRow->child(0);
     return first && !first->node() ? first : nullptr;
 }
 
-// What a row stands for among its siblings.
+// The identity of a row among its siblings.
 using RowKey = QPair<const VxProperty *, QString>;
 
 RowKey keyOf(const VxDopeSheetItem *item)
@@ -61,8 +61,8 @@ void collectStrayRows(VxDopeSheetItem *item, const VxNode *node, QVector<VxDopeS
 
 } // namespace
 
-// Only the nearest sibling before it counts: rows at the top level may have been put into another
-// order by hand, and nodes that have no row are left out.
+// Only the nearest sibling before it counts: the user may have reordered root rows, and some nodes
+// have no row.
 void VxDopeSheetModel::followOrder(VxNode *node)
 {
     VxDopeSheetItem *item = findItem(node);
@@ -94,8 +94,8 @@ void VxDopeSheetModel::moveRow(VxDopeSheetItem *item, int destination)
         endMoveRows();
 }
 
-// The former object still exists while this is called, but its properties are not the node's any
-// more. Rows of an object's properties are listed only with the other properties.
+// The former object still exists during this call, but its properties are no longer the node's.
+// Rows of an object's properties are listed only with the other properties.
 void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject)
 {
     VxDopeSheetItem *item = findItem(node);
@@ -111,7 +111,7 @@ void VxDopeSheetModel::propertiesChanged(VxNode *node)
     VxDopeSheetItem *item = findItem(node);
     if (!item || item->hasRowsToMake())
         return;
-    // No row may show a property that was removed: the history may keep it alive.
+    // No row may show a removed property: the history may keep it alive.
     QVector<VxDopeSheetItem *> stray;
     if (VxDopeSheetItem *properties = propertiesRow(item))
         collectStrayRows(properties, node, &stray);
@@ -123,7 +123,7 @@ void VxDopeSheetModel::propertiesChanged(VxNode *node)
         d->nodesToUpdate.append(node);
 }
 
-// With the groups above that become empty.
+// Also removes the groups above that become empty.
 void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
 {
     VxDopeSheetItem *above = item->parentItem();
@@ -147,8 +147,8 @@ void VxDopeSheetModel::updatePendingRows()
     }
 }
 
-// The new rows are made in a tree of their own and merged into the present one: rows that exist
-// already stay, with their selection and their state in views.
+// The new rows are created in a separate tree and merged into the present one: existing rows stay,
+// with their selection and their state in views.
 void VxDopeSheetModel::updatePropertyRows(VxNode *node, VxDopeSheetItem *item)
 {
     d->propertyRowsValid = false;

@@ -33,10 +33,10 @@
 
 namespace {
 
-// How far the line of the current time reaches to each side; pixels.
+// Extent of the line of the current time to each side; pixels.
 constexpr int TimeLineReach = 2;
 constexpr int TimerInterval = 100; // milliseconds
-// The band lies over the keys that it is to take in.
+// The band is painted over the keys.
 constexpr double RubberBandOpacity = 0.5;
 
 } // namespace
@@ -71,7 +71,7 @@ VxDopeSheetView::~VxDopeSheetView()
 {
     d->guard->end();
     d->putKeysBack();
-    // The header, which lives on, may set the time once more when it drops a drag.
+    // The header, which lives longer, may set the time once more when it drops a drag.
     if (vxScene)
         vxScene->disconnect(this);
 }
@@ -91,8 +91,8 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
             Qt::UniqueConnection);
 }
 
-// The tree view would lay out every open row again, for each row of keys that reports a change. All
-// rows have the same height, and rows that are added or removed are reported by other signals.
+// The tree view would lay out every open row again, for each row with changed keys. All rows have
+// the same height, and added or removed rows are reported by other signals.
 void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                   const QVector<int> &roles)
 {
@@ -102,7 +102,7 @@ void VxDopeSheetView::dataChanged(const QModelIndex &topLeft, const QModelIndex 
     viewport()->update();
 }
 
-// The tree view would look for every range of the change among the open rows.
+// The tree view would search the open rows for every range of the change.
 void VxDopeSheetView::selectionChanged(const QItemSelection &selected,
                                        const QItemSelection &deselected)
 {
@@ -257,7 +257,7 @@ VxDopeSheetItem *VxDopeSheetView::searchPrevious()
     return nullptr;
 }
 
-// The pane's class is declared in a room that this one must not include.
+// The pane's class is declared in a folder that this one must not include.
 void VxDopeSheetView::handleAppStarting()
 {
     const VxMainWindow *window = vxApp->getInterface();
@@ -447,7 +447,7 @@ void VxDopeSheetView::Private::updateTimeLine(int x) const
                              view->viewport()->height());
 }
 
-// In playback this comes many times a second: only what the line leaves and enters is painted.
+// Playback calls this many times a second: only the old and the new area of the line are painted.
 void VxDopeSheetView::timeChanged(VxTime time)
 {
     const int x = d->timeX(time);
@@ -466,7 +466,7 @@ void VxDopeSheetView::timerKick()
     d->throttle.tick(d->clock.elapsed());
 }
 
-// The name column and the line of the current time show through where rows paint nothing.
+// The name column and the line of the current time are visible where rows paint nothing.
 void VxDopeSheetView::Private::paintBehindRows(QPainter *painter)
 {
     const int nameWidth = view->columnWidth(NameColumn);
@@ -494,7 +494,7 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
     view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
 }
 
-// An empty sheet says why it is empty.
+// Explains why the sheet is empty.
 void VxDopeSheetView::Private::paintHint(QPainter *painter) const
 {
     const auto *filter = qobject_cast<const QAbstractProxyModel *>(view->model());
@@ -505,8 +505,8 @@ void VxDopeSheetView::Private::paintHint(QPainter *painter) const
                               : tr("The scene has no nodes with rows to show."));
 }
 
-// Names and branches take most of the time, and have nothing to do with the current time. What the
-// tree view draws of the other column is the row's panel, without selection, and the cell.
+// Names and branches take most of the time, and do not depend on the current time. In the other
+// column the tree view draws just the row's panel, without selection, and the cell.
 void VxDopeSheetView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const
 {

@@ -21,8 +21,8 @@ class VxNode;
 // The dope sheet: names in column 0, and in column 1 a time line for each row with its keys.
 //
 // The view maps time to pixels through TimelineMetrics, as its header and delegates do. The rows'
-// items keep which keys are selected; the view changes that and exchanges it with the key graph
-// over a key message bus. It opens no undo hold for the key commands: the caller does.
+// items store the key selection; the view changes it and exchanges it with the key graph over a
+// key message bus. It opens no undo hold for the key commands: the caller does.
 //
 // Scripts see the order and argument names of signals and slots: keep them.
 class VxDopeSheetView : public QTreeView
@@ -35,12 +35,11 @@ public:
     ~VxDopeSheetView() override;
 
     void setModel(QAbstractItemModel *model) override;
-    // The model does not report which rows have changed: everything is repainted, and nothing else
-    // is done.
+    // The model does not report which rows have changed: this only repaints everything.
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QVector<int> &roles = QVector<int>()) override;
 
-    // The bus over which key selections travel; not owned, null for none.
+    // The bus for key selections; not owned, null for none.
     void setKeyCommunication(VxKeyCommunication *bus);
     VxKeyCommunication *getKeyCommunication() const;
 
@@ -49,14 +48,14 @@ public:
     QSortFilterProxyModel *getFilterModel() const;
     // The model of all rows, behind the filter; null while there is none.
     const VxDopeSheetModel *getSourceModel() const;
-    // Shows the rows whose names match, and those that lead to them, which are opened. "rx::" in
-    // front makes the text a case-sensitive regular expression, "rx::ci::" one that ignores case,
-    // "wc::" a wildcard pattern for the whole name; any other text is searched for anywhere in the
-    // name, ignoring case. Empty shows every row. Does nothing without a proxy. Rows that are shown
-    // again are open and selected as before, and the scene's selection stays.
+    // Shows the rows with matching names, and their ancestors, which are opened. A leading "rx::"
+    // makes the text a case-sensitive regular expression, "rx::ci::" one that ignores case, "wc::"
+    // a wildcard pattern for the whole name; any other text is searched for anywhere in the name,
+    // ignoring case. Empty shows every row. Does nothing without a proxy. Rows that are shown again
+    // are open and selected as before, and the scene's selection stays.
     void applyFilterText(const QString &text);
-    // Calls change(), which may filter the rows or reset the model: rows that are still there
-    // afterwards are open and selected as before, and the scene's selection stays.
+    // Calls change(), which may filter the rows or reset the model: remaining rows are open and
+    // selected as before, and the scene's selection stays.
     void keepRowsDuring(const std::function<void()> &change);
     // Calls renew(), which may replace the model by another one of the same scene. Rows and keys
     // that still exist afterwards are open and selected as before, at the same scroll position.
@@ -66,20 +65,20 @@ public:
     // stretched section changes before it has its new size.
     int getKeysWidth() const;
 
-    // Until the next layout, opening and closing rows only stores which are open.
+    // Until the next layout, opening and closing rows only changes a set.
     using QTreeView::scheduleDelayedItemsLayout;
 
     // Whether a row is selected, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
-    // True while the view itself changes which nodes of the scene are selected.
+    // True while the view itself changes the scene's selection.
     bool isChangingSelection() const;
-    // Selects the rows of the nodes that are selected in the scene, beside those selected already.
+    // Selects the rows of the scene's selected nodes, in addition to those already selected.
     void selectSceneSelection();
-    // The same instead of them.
+    // Selects only the rows of the scene's selected nodes.
     void showSceneSelection();
-    // Opens the rows above a node's and scrolls to it; nothing when the node has no row.
+    // Opens the ancestors of a node's row and scrolls to it; ignored for a node without a row.
     void ensureNodeVisible(VxNode *node);
-    // Repaints what depends on the scope in which keys are made.
+    // Repaints everything that depends on the scope of key creation.
     void updateKeyScopeDisplay();
 
     // For delegates: false when the present paint event does not include any part of rect. True
@@ -102,8 +101,8 @@ public:
     bool hasContextItem() const;
     bool hasItemSelection() const;
     bool hasSelectedKeys() const;
-    // Whether any of them can be edited: it is in a row that the text filter shows, open or closed,
-    // and its property is not locked. Else why not.
+    // Whether any selected key can be edited: it is in a row that the text filter shows, open or
+    // closed, and its property is not locked. Else the reason.
     enum EditableKeys { SomeEditable, NoneSelected, AllFilteredOut, AllLocked };
     EditableKeys getEditableKeys() const;
     // The selected keys of all rows, filtered out or not: one entry a key holder.
@@ -115,8 +114,8 @@ public:
     bool hasCopiedKeys() const;
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const;
-    // Does what pasteKeys() does. False when no key was set: none was copied, their rows are not
-    // listed, or all of these are locked.
+    // Like pasteKeys(). False when no key was set: none was copied, their rows are not listed, or
+    // all of these are locked.
     bool pasteCopiedKeys();
 
     // Open or close the context item: itself; with all below; with those below that have (no)
@@ -128,19 +127,19 @@ public:
     void collapseFromContextItem();
     void collapseNonKeyedFromContextItem();
 
-    // True, and the value, when all selected TCB keys have it in common.
+    // True when all selected TCB keys share a value, which the argument receives.
     bool getCommonTension(float *tension) const;
     bool getCommonContinuity(float *continuity) const;
     bool getCommonBias(float *bias) const;
 
-    // Whether the selection of the Parameters pane is followed.
+    // Whether the view follows the selection of the Parameters pane.
     void setMonitorParametersPane(bool onOff);
     bool getMonitorParametersPane() const;
 
 Q_SIGNALS:
     // The properties of the selected rows; add is false when they replace those sent before.
     void propertyHitListChanged(QVector<VxProperty *> propList, bool add);
-    // A change of the row selection has been carried over to the scene.
+    // A change of the row selection was applied to the scene.
     void itemSelectionChanged();
     void keySelectionChanged();
     void copyContextChanged(bool hasItems);
@@ -148,7 +147,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     // Repaints rows and header.
     void doUpdate();
-    // Copies the selected keys in place of what was copied before.
+    // Copies the selected keys, replacing the former copy.
     void copyKeys();
     // Sets the copied keys on the rows of the same paths, the earliest one at the current time.
     void pasteKeys();
@@ -157,8 +156,8 @@ public Q_SLOTS:
     void setInterpType(int type);
     // Of those selected keys that are TCB keys.
     void setTCB(float t, float c, float b);
-    // Set the time to that of the nearest key that is more than half a frame away: of the primary
-    // node's row, or, when it has none, of all rows.
+    // Set the time to that of the nearest key more than half a frame away: of the primary node's
+    // row, or, without one, of all rows.
     void skipToPreviousKey();
     void skipToNextKey();
     void clearSelectedKeys();

@@ -45,7 +45,7 @@ public:
     DopeSheetKeyCommands commands;
 
     QLine timeLine; // of the current time, in the viewport
-    // Where that line was painted last, and the region that is being painted; in the viewport.
+    // Where that line was last painted, and the region being painted; in the viewport.
     int paintedTimeX = 0;
     QRegion paintedRegion;
 
@@ -55,21 +55,21 @@ public:
     bool keyDragActive = false;
     QPoint pressPoint; // of the rubber band, as the next one; in the viewport
     QPoint currentPoint;
-    QRect bandRect;                 // as it was last painted
+    QRect bandRect;                 // as last painted
     QPersistentModelIndex pressRow; // with a key under the mouse; invalid when there was none
     VxTime hitTime = 0;             // of that key
 
-    // The keys of a drag that can begin, and the hold that is open once it has begun.
+    // The keys of a possible drag, and its open hold once it has begun.
     std::unique_ptr<KeyDrag> drag;
     std::unique_ptr<VxUndoStackHold> dragHold;
     bool dragShown = false; // keys have been moved
     QElapsedTimer clock;
     KeyDragMath::DragThrottle throttle;
 
-    // What the mouse is over.
+    // The hit under the mouse.
     struct RowHit
     {
-        QModelIndex row; // invalid when it is over none
+        QModelIndex row; // invalid without one
         KeyDragMath::Hit kind = KeyDragMath::Hit::Nothing;
         VxTime time = 0; // of the key
     };
@@ -99,7 +99,7 @@ public:
 
     // The x of a time's line, in the viewport.
     int timeX(VxTime time) const;
-    // Repaints what the line of the current time covers at x, the ticks in the rows included.
+    // Repaints the area of the current time's line at x, including the ticks in the rows.
     void updateTimeLine(int x) const;
     void paintBehindRows(QPainter *painter);
     void paintRubberBand(QPainter *painter) const;

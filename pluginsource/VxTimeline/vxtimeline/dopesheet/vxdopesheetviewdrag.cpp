@@ -26,7 +26,7 @@ void VxDopeSheetView::Private::prepareDrag()
     throttle.begin(clock.elapsed());
 }
 
-// Limited by the keys that are being dragged, even if their rows or the selection change meanwhile.
+// Limited by the dragged keys, even if their rows or the selection change meanwhile.
 VxTime VxDopeSheetView::Private::dragOffset() const
 {
     const bool snaps = !pressModifiers.testFlag(Qt::ControlModifier);
@@ -36,7 +36,7 @@ VxTime VxDopeSheetView::Private::dragOffset() const
         offset, {drag->earliest(), drag->latest(), SceneTimes::current().duration});
 }
 
-// Moves the keys to where they would land now, at a limited rate.
+// Moves the keys to their preview positions, at a limited rate.
 void VxDopeSheetView::Private::showDrag()
 {
     if (!dragHold)
@@ -64,7 +64,7 @@ void VxDopeSheetView::Private::dropKeys()
     drag.reset();
 }
 
-// Without an undo entry, unless a key could not be put back, because its property was locked or the
+// Without an undo entry, unless a key could not be restored, because its property was locked or the
 // key was removed meanwhile: then the change can be undone.
 void VxDopeSheetView::Private::putKeysBack()
 {

@@ -1,4 +1,4 @@
-// The selected keys by key holder, as the application sees them.
+// The selected keys by key holder, for the application's key selection.
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -40,8 +40,8 @@ VxKeySelectionEntries VxDopeSheetView::getKeyEntries() const
     return entries;
 }
 
-// The rows are not looked up unless any key is selected: while a figure is built, each new row
-// would have them indexed anew.
+// Skips the lookup of rows unless any key is selected: while a figure is built, each new row would
+// rebuild their index.
 std::vector<VxKeySpan> VxDopeSheetView::getKeySpansOf(VxProperty *holder) const
 {
     std::vector<VxKeySpan> spans;

@@ -7,7 +7,7 @@
 namespace {
 
 // Opens or closes a row and the rows below it that isWanted(item) accepts. Until the next layout,
-// that costs nothing but an entry in a set for each.
+// each is only a set insertion or removal.
 template <typename IsWanted>
 void setOpenBelow(VxDopeSheetView *view, const QModelIndex &top, bool open,
                   const IsWanted &isWanted)
@@ -19,7 +19,7 @@ void setOpenBelow(VxDopeSheetView *view, const QModelIndex &top, bool open,
         const VxDopeSheetItem *item = view->getItem(row);
         if (item && row.model()->hasChildren(row) && isWanted(item))
             view->setExpanded(row, open);
-        // Rows that are not made yet are not open.
+        // Rows not yet created are closed.
         return item && (open || !item->hasRowsToMake());
     };
     if (apply(top))
@@ -33,7 +33,7 @@ bool isAny(const VxDopeSheetItem *)
 
 } // namespace
 
-// The second time with everything below.
+// The second call includes everything below.
 void VxDopeSheetView::setOpen(const QModelIndex &index, bool open)
 {
     if (!index.isValid() || !model()->hasChildren(index))

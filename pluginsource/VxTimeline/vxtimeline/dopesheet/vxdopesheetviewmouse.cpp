@@ -1,4 +1,4 @@
-// The mouse over the dope sheet: KeyDragMath decides what a press, a move or a release does.
+// Mouse gestures in the dope sheet: KeyDragMath decides the effect of a press, a move or a release.
 
 #include <QtGui/QMouseEvent>
 #include <vxcore/vxgestureguard.h>
@@ -17,7 +17,7 @@ using KeyDragMath::Release;
 
 namespace {
 
-// Rows are found at their left edge, so that all of their width counts.
+// Rows are looked up at their left edge, so that their whole width counts.
 constexpr int RowProbe = 1;
 
 } // namespace
@@ -75,8 +75,8 @@ void VxDopeSheetView::Private::beginGesture(const QPoint &position)
         prepareDrag();
 }
 
-// The key graph's selection is cleared whenever the selection is not added to, and then set to what
-// is selected.
+// The key graph's selection is cleared whenever the selection is not extended, and then set to the
+// selected keys.
 void VxDopeSheetView::Private::selectPressed(const RowHit &hit,
                                              const KeyDragMath::PressEffect &effect)
 {
@@ -145,7 +145,7 @@ void VxDopeSheetView::Private::abandonGesture()
     view->viewport()->update();
 }
 
-// A band that begins below the last row takes in nothing, one that ends there everything up to it.
+// A band that begins below the last row selects nothing, one that ends there everything up to it.
 void VxDopeSheetView::Private::selectBand(const KeyDragMath::ReleaseEffect &effect)
 {
     const KeyDragMath::BandSpan span =
@@ -154,7 +154,7 @@ void VxDopeSheetView::Private::selectBand(const KeyDragMath::ReleaseEffect &effe
                view->indexAt(QPoint(RowProbe, span.bottom)), effect.selects, span.start, span.end);
 }
 
-// A click beside the keys selects none.
+// A click beside the keys deselects all.
 void VxDopeSheetView::Private::selectClicked(const KeyDragMath::ReleaseEffect &effect)
 {
     const QModelIndex row = view->indexAt(QPoint(RowProbe, pressPoint.y()));
@@ -187,7 +187,7 @@ void VxDopeSheetView::Private::openContextMenu(const QPoint &position)
     menu.exec(view->viewport()->mapToGlobal(position));
 }
 
-// A press while a gesture is still going on means that its release went elsewhere.
+// A press during a gesture shows that its release was lost.
 void VxDopeSheetView::mousePressEvent(QMouseEvent *event)
 {
     event->accept();

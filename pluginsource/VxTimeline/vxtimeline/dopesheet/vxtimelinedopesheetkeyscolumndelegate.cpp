@@ -14,7 +14,7 @@ namespace {
 
 constexpr int SelectionAlpha = 64;
 
-// The colours of the whole interface, whatever palette the view may have been given.
+// The colours of the whole interface, whatever the view's palette.
 QPalette interfacePalette(const QWidget *view)
 {
     const QWidget *window = vxApp ? vxApp->getInterface() : nullptr;
@@ -40,8 +40,8 @@ QStyle::State markState(quint8 state)
     return flags;
 }
 
-// The host's style is asked directly: a style sheet of the application, which would look up its
-// rules for every single mark, has nothing to say about them.
+// Calls the host's style directly: a style sheet of the application would look up its rules for
+// every single mark, and has none for them.
 void paintMarks(QPainter *painter, const VxDopeSheetView *view, const DopeSheetGeometry &geometry,
                 const std::vector<DopeSheetMark> &marks)
 {

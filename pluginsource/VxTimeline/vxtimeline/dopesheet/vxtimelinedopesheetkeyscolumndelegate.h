@@ -5,9 +5,8 @@
 
 // The time line of each row of the dope sheet, with its keys.
 //
-// It keeps nothing and decides nothing about places: DopeSheetGeometry lists what is visible, and
-// this class gives it colours and the style's marks. Only a VxDopeSheetView as its parent makes it
-// paint.
+// Stateless painting: DopeSheetGeometry lists the visible items, and this class adds colours and
+// the style's marks. It paints only with a VxDopeSheetView as its parent.
 class VxTimelineDopeSheetKeysColumnDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ VxTimelineDopeSheetNameColumnDelegate::VxTimelineDopeSheetNameColumnDelegate(QOb
 
 VxTimelineDopeSheetNameColumnDelegate::~VxTimelineDopeSheetNameColumnDelegate() = default;
 
-// The tree paints whole rows, also when only the line of the current time has moved in them.
+// The tree paints whole rows, even when only the line of the current time has moved in them.
 void VxTimelineDopeSheetNameColumnDelegate::paint(QPainter *painter,
                                                   const QStyleOptionViewItem &option,
                                                   const QModelIndex &index) const

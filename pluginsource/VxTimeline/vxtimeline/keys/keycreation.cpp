@@ -10,7 +10,7 @@ namespace KeyCreation {
 
 namespace {
 
-// The bits of the pane's property types that are asked for here.
+// The bits of the pane's property types that are used here.
 enum TypeBit { Translate = 0x1, Rotate = 0x2, Scale = 0x4, Alias = 0x10, Hidden = 0x20 };
 
 bool isHiddenNow(const VxProperty *property)
@@ -23,7 +23,7 @@ bool isOneOf(const VxProperty *property, std::initializer_list<const VxFloatProp
     return std::find(controls.begin(), controls.end(), property) != controls.end();
 }
 
-// The bit that a transform control of the node needs; 0 for any other property.
+// The bit that a transform control of the node requires; 0 for any other property.
 int transformBit(const VxFloatProperty *property, const VxNode *node)
 {
     if (property->getAxis() == VxFloatProperty::NoAxis)
@@ -38,7 +38,7 @@ int transformBit(const VxFloatProperty *property, const VxNode *node)
     return 0;
 }
 
-// All bits that a property needs.
+// All bits that a property requires.
 int neededBits(const VxProperty *property, const VxNode *node)
 {
     int needed = isHiddenNow(property) ? Hidden : 0;
@@ -125,7 +125,7 @@ bool isWanted(const VxProperty *property, const VxNode *node, int propertyTypes)
     return (propertyTypes & needed) == needed;
 }
 
-// One by one, many keys would make room in the same arrays again and again.
+// In one call, because single keys would shift the same arrays again and again.
 void setKeysFrom(VxProperty *property, VxTime source, const QVector<VxTime> &targets)
 {
     if (targets.isEmpty())

@@ -7,21 +7,21 @@
 class VxNode;
 class VxProperty;
 
-// Making keys from the values that properties have.
+// Creates keys from the values of properties.
 namespace KeyCreation {
 
-// Whether a node's property is keyed when only the given types are: bits of the pane's
-// PropertyTypes. Only numeric properties that can be animated and are not locked are; hidden and
-// aliased ones, and the transform controls, need their bit. Any other property needs none.
+// Whether a node's property is keyed for the given types: bits of the pane's PropertyTypes. Only
+// numeric, animatable, unlocked properties are; hidden and aliased ones, and the transform
+// controls, require their bit. Any other property requires none.
 bool isWanted(const VxProperty *property, const VxNode *node, int propertyTypes);
 
-// Makes a key at each target (ascending, no doubles) with the value the property has at source. A
-// float key takes the interpolation of the key at source when there is one, else of the one before
-// the first target, else the property's default. Properties that are not numeric are left alone.
+// Makes a key at each target (strictly ascending) with the property's value at source. A float key
+// gets the interpolation of the key at source when there is one, else of the one before the first
+// target, else the property's default. Properties that are not numeric are ignored.
 void setKeysFrom(VxProperty *property, VxTime source, const QVector<VxTime> &targets);
 
-// Keys those properties in the node's group tree that are wanted; with recurse, those of the nodes
-// below too.
+// Keys the properties in the node's group tree that isWanted() accepts; with recurse, those of
+// descendants too.
 void setNodeKeys(const VxNode *node, int propertyTypes, bool recurse, VxTime source,
                  const QVector<VxTime> &targets);
 

@@ -11,8 +11,8 @@ namespace {
 
 // Splits the keys of one property after another at a time.
 //
-// The channels of a figure mostly have their keys at the same times, so the place found in one is
-// tried first in the next: that touches one or two of its keys, a search many.
+// The channels of a figure mostly have their keys at the same times, so the index found in one is
+// tried first in the next: that reads one or two of its keys, a search many.
 class Split
 {
 public:

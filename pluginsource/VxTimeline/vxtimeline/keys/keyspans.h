@@ -7,8 +7,8 @@
 // Selected keys as spans of indexes.
 namespace KeySpans {
 
-// The spans of the keys whose flag is set. flagOf(index) is 0 or 1. Changes of the flag are written
-// one behind the other without a branch: the next one overwrites a place that did not count.
+// The spans of the keys whose flag is set. flagOf(index) is 0 or 1. Changes of the flag are stored
+// consecutively without a branch: the next store overwrites one that was no change.
 template <typename FlagOf> std::vector<VxKeySpan> ofFlags(int count, const FlagOf &flagOf)
 {
     std::size_t changes = 0;

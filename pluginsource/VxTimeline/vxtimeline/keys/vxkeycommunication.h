@@ -5,12 +5,11 @@
 
 #include "vxtimeline/keys/vxkeymessage.h"
 
-// One end of the line over which the dope sheet and the key graph tell each other which keys are
-// selected.
+// One end of the message bus over which the dope sheet and the key graph exchange key selections.
 //
 // Each side owns an end; an end's `sent` is connected to the other's `private_received`. Delivery
-// is direct, so everything the other side answers arrives while the sender is still sending: the
-// sender mutes its end for that time, and its own message never comes back to it.
+// is direct, so replies of the other side arrive while the sender is still sending: the sender
+// mutes its end for that time, so that its own message is never echoed.
 class VxKeyCommunication : public QObject
 {
     Q_OBJECT
@@ -19,16 +18,15 @@ public:
     ~VxKeyCommunication() override;
 
     bool isMuted() const;
-    // Returns the previous value, for senders that put it back.
+    // Returns the previous value, for senders that restore it.
     bool setMuted(bool muted);
 
-    // True when what is sent reaches somebody: a message that takes work need not be made
-    // otherwise.
+    // True when the end is connected: otherwise the sender can save building an expensive message.
     bool isHeard() const;
-    // Sends a message with this end muted, and puts the muting back afterwards.
+    // Sends a message with this end muted, and restores the muting afterwards.
     void send(const VxKeyMessage &message);
 
-    // Connects two ends both ways. Calling it again for the same pair makes no second connection.
+    // Connects two ends both ways. Repeating it for the same pair makes no second connection.
     static void connectEnds(VxKeyCommunication *one, VxKeyCommunication *other);
 
 Q_SIGNALS:

@@ -8,10 +8,10 @@
 
 class VxProperty;
 
-// One change of the key selection, told by the view in which it was made to the other one.
+// One change of the key selection, sent by the view in which it was made to the other one.
 //
 // A plain value. Key indexes are positions in the property's list of keys at the time of sending,
-// ascending; a receiver applies the message at once. A property that is named nowhere keeps its
+// ascending; a receiver applies the message at once. A property in none of the maps keeps its
 // selection, unless everything is cleared.
 class VxKeyMessage
 {
