@@ -4,11 +4,11 @@
 #include <QtCore/QPointF>
 #include <vxcore/vxtime.h>
 
-// Where the mouse drags keys, as plain functions. A drag is computed from its start, never from the
-// last step, so steps do not add up and a return to the start puts everything back.
+// The arithmetic of dragging keys, as plain functions. A drag is computed from its start, never
+// from the last step, so steps do not accumulate and a return to the start restores everything.
 namespace KeyDragPlan {
 
-// The mouse delta, or only its longer half; two halves of one length keep the horizontal one.
+// The mouse delta along its longer axis; the horizontal one when both are equal.
 QPointF oneAxis(const QPointF &delta);
 
 // The time of a key that began at start after a drag by delta ticks, limited to 32 bits, and to a

@@ -6,11 +6,11 @@
 
 namespace {
 
-// No more than a fiftieth shines through, which nobody sees: the smooth edge of a mark over that of
+// At most a fiftieth shows through, which is invisible: the antialiased edge of a mark over that of
 // another one.
 constexpr int ClosedAlpha = 250;
 
-// The columns of a strip that lie outside of a picture of this width, as bits.
+// The columns of a strip outside of an image of this width, as bits.
 quint64 outsideOf(int firstColumn, int width)
 {
     quint64 outside = 0;
@@ -21,7 +21,7 @@ quint64 outsideOf(int firstColumn, int width)
     return outside;
 }
 
-// Puts pixels that have their bit set under those of a line. Tells which are closed then.
+// Composes masked pixels under those of a row. Returns the bits of those that are closed then.
 quint32 putUnder(const QRgb *from, QRgb *to, quint32 bits)
 {
     quint32 closed = 0;
@@ -61,7 +61,7 @@ KeyGraphCanvas::KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size)
     , m_size(size.expandedTo(QSize(0, 0)))
     , m_rows(static_cast<std::size_t>(m_size.height() + 2 * MarginRows))
 {
-    // The last column lies in two strips, and a stamp that begins there reaches into the next one.
+    // The last column is in two strips, and a stamp that begins there extends into the next one.
     const int strips = StripsBefore + (m_size.width() + StripStep - 1) / StripStep + 1;
     m_closed.assign(static_cast<std::size_t>(strips) * m_rows, ~quint64(0));
     for (int strip = 0; strip < strips; ++strip) {
@@ -80,7 +80,7 @@ void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)
     const int height = stamp.height();
     const quint64 *const filled = stamp.filled(place.bit);
     quint64 any = 0;
-    for (int row = 0; row < height; row += 2) // the last one may be the row without a bit
+    for (int row = 0; row < height; row += 2) // the last one may be the row without bits
         any |= (filled[row] & ~words[row]) | (filled[row + 1] & ~words[row + 1]);
     if (any == 0)
         return;

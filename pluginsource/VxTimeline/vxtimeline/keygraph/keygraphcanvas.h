@@ -7,19 +7,19 @@
 
 #include "vxtimeline/keygraph/keygraphpixels.h"
 
-// A small picture that is put in many places, with a bit for each of its pixels that is not empty.
+// A small image to be painted at many positions, with a bit for each pixel that is not transparent.
 class KeyGraphStamp
 {
 public:
-    // So that a row's bits fit into a word at any place.
+    // So that a row's bits fit into a word at any position.
     static constexpr int MaxSide = 32;
 
-    // picture: premultiplied, no side longer than MaxSide.
+    // picture: premultiplied, neither side longer than MaxSide.
     explicit KeyGraphStamp(const QImage &picture);
 
     int width() const { return m_width; }
     int height() const { return m_height; }
-    // A word for each row and one without a bit, for a stamp that begins at a bit of its words.
+    // A word for each row and one without bits, for a stamp that begins at firstBit of its words.
     const quint64 *filled(int firstBit) const
     {
         return &m_filled[static_cast<std::size_t>(firstBit * (m_height + 1))];
@@ -30,26 +30,26 @@ private:
     int m_width;
     int m_height;
     std::vector<QRgb> m_pixels;    // row by row
-    std::vector<quint64> m_filled; // for every first bit one after the other
+    std::vector<quint64> m_filled; // for every first bit in order
 };
 
-// A picture that is painted from the topmost thing to the lowest, each under what is there.
+// An image painted front to back: each item under the ones already painted.
 //
-// A pixel is closed as soon as hardly anything shines through it any more. Closed pixels are kept
-// as bits, so that what lies wholly under others is passed over at the cost of a few words.
-// Everything outside of the picture counts as closed.
+// A pixel is closed as soon as it is practically opaque. Closed pixels are stored as bits, so that
+// skipping an item wholly under others costs a few words. Everything outside of the image counts as
+// closed.
 class KeyGraphCanvas
 {
 public:
-    // pixels: borrowed, of a picture of this size.
+    // pixels: borrowed, of an image of this size.
     KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size);
 
-    // Puts a stamp under what is there. It must touch the picture.
+    // Paints a stamp under the present content. It must touch the image.
     void put(const KeyGraphStamp &stamp, const QPoint &corner);
-    // True when every pixel of an area is closed, its last column and row included. An area that
-    // is wider than a stamp can be counts as open.
+    // True when every pixel of an area is closed, its last column and row included. An area
+    // wider than the largest stamp counts as open.
     bool hides(int left, int top, int right, int bottom) const;
-    // The same of columns of one row, all within the picture and no more than a stamp has.
+    // The same for columns of one row, all within the image and no more than a stamp has.
     bool hidesInRow(int left, int right, int row) const
     {
         const Place place = placeOf(left, row);
@@ -58,13 +58,13 @@ public:
     }
 
 private:
-    // A bit of the words below, which stands for a pixel.
+    // The bit of a pixel in the words below.
     struct Place
     {
         std::size_t word;
         int bit;
     };
-    // Of the two strips that a column lies in, the one that goes on for MaxSide columns from there.
+    // Of the two strips that contain a column, the one with MaxSide columns from there on.
     Place placeOf(int column, int row) const
     {
         const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
@@ -75,15 +75,15 @@ private:
 
     static constexpr int WordBits = 64;
     static constexpr int StripStep = KeyGraphStamp::MaxSide;  // columns from one strip to the next
-    static constexpr int StripsBefore = 2;                    // begin to the left of the picture
+    static constexpr int StripsBefore = 2;                    // begin to the left of the image
     static constexpr int MarginRows = KeyGraphStamp::MaxSide; // above and below it, all closed
 
     KeyGraphPixels m_pixels;
     QSize m_size;
     std::size_t m_rows; // with the margins
-    // One strip of 64 pixel columns after the other, a word for each row: what a stamp touches
-    // lies side by side. Each strip shares its halves with its neighbours, so that a stamp at any
-    // place lies wholly within one.
+    // Consecutive strips of 64 pixel columns, a word for each row, so that the words that a stamp
+    // touches are contiguous. Each strip shares its halves with its neighbours, so that any stamp
+    // fits wholly into one.
     std::vector<quint64> m_closed;
 };
 

@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr int Crowd = 4000;    // keys on screen, from which on it pays to ask what is seen
-constexpr int ManyCurves = 24; // no colour tells one of more from the others
+constexpr int Crowd = 4000;    // keys on screen from which visibility tests pay off
+constexpr int ManyCurves = 24; // too many to be distinguished by colour
 
-// What of a curve is drawn once more on top of its marks.
+// The runs of a curve that are drawn once more over its marks.
 std::vector<KeyGraphRun> runsOnTop(const std::vector<KeyGraphMark> &marks,
                                    const QVector<QPointF> &points, int curves)
 {
@@ -105,7 +105,7 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
     }
 }
 
-// The other way round, from what lies on top down to what it covers.
+// In reverse order, from the topmost item down to the covered ones.
 void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &channels,
                                         KeyGraphCurves &curves)
 {

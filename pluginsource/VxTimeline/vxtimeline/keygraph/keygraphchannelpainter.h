@@ -16,15 +16,15 @@ class VxKeyGraphChannel;
 struct KeyGraphLook;
 struct KeyGraphStage;
 
-// Paints the labels, curves and key marks of channels into a picture, channel upon channel.
+// Paints the labels, curves and key marks of channels into an image, channel upon channel.
 //
 // A graph of an ordinary number of keys is painted mark by mark through the style. Beyond that
-// number most marks are hidden, and a KeyGraphCrowd paints what is seen; the picture is the same.
+// number most marks are hidden, and a KeyGraphCrowd paints the visible ones; the image is the same.
 class KeyGraphChannelPainter
 {
 public:
     // All borrowed for the painter's life. picture: premultiplied, of the stage's size at some
-    // device pixel ratio, transparent. widget: whose style draws the key marks.
+    // device pixel ratio, transparent. widget: its style draws the key marks.
     KeyGraphChannelPainter(QImage *picture, const KeyGraphScale &scale, const KeyGraphLook &look,
                            const KeyGraphStage &stage, const QWidget *widget);
 
@@ -44,7 +44,7 @@ private:
     const KeyGraphScale &m_scale;
     const KeyGraphLook &m_look;
     const KeyGraphStage &m_stage;
-    qreal m_ratio; // of the picture's pixels to the widget's
+    qreal m_ratio; // of the image's pixels to the widget's
     KeyGraphMarkPainter m_markPainter;
     KeyGraphMarks m_marks;
 };

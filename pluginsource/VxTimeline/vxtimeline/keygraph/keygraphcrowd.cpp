@@ -6,13 +6,13 @@
 
 namespace {
 
-// Halves away from zero, as std::round() does with the cost of a call.
+// Halves away from zero like std::round(), without the cost of a call.
 int rounded(qreal place)
 {
     return place < 0.0 ? -static_cast<int>(0.5 - place) : static_cast<int>(place + 0.5);
 }
 
-// Of places that are no farther away than a curve goes.
+// For coordinates within the range of curve points.
 int floored(qreal place)
 {
     constexpr int shift = 1 << 28;
@@ -43,7 +43,7 @@ const KeyGraphStamp &KeyGraphCrowd::stamp(const KeyGraphMark &mark)
     return *made;
 }
 
-// On whole pixels, where the style puts its pictures, too.
+// Rounded to whole pixels, like the style's images.
 QPoint KeyGraphCrowd::placeOf(const KeyGraphMark &mark) const
 {
     if (m_ratio == 1.0)
@@ -68,7 +68,7 @@ void KeyGraphCrowd::paintMarks(const std::vector<KeyGraphMark> &marks)
         m_canvas.put(stamp(*mark), placeOf(*mark));
 }
 
-// piece: the number of the point where it ends.
+// piece: the index of its end point.
 bool KeyGraphCrowd::isHidden(const QVector<QPointF> &points, int piece)
 {
     quint8 &hidden = m_hidden[static_cast<std::size_t>(piece)];
@@ -80,7 +80,7 @@ bool KeyGraphCrowd::isHidden(const QVector<QPointF> &points, int piece)
     return hidden;
 }
 
-// Neighbouring pieces that are seen stay one line.
+// Adjacent visible pieces stay one line.
 void KeyGraphCrowd::paintRun(const QVector<QPointF> &points, const KeyGraphRun &run,
                              const QColor &color)
 {

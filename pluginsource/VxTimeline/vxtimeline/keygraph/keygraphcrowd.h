@@ -14,12 +14,12 @@
 
 class KeyGraphMarkPainter;
 
-// Paints the curves and marks of a graph with more keys than can be seen.
+// Paints the curves and marks of a graph with more keys than can be visible.
 //
-// Hundreds of thousands of marks lie over each other, and most of them are seen in a few pixels or
-// not at all. So they are painted from the topmost to the lowest, each under what is there: a
-// pixel that nothing shines through is never touched again, and what is hidden costs next to
-// nothing. The style draws one mark of each look, whose picture is then put everywhere.
+// Hundreds of thousands of marks overlap, and most of them show few pixels or none. So they are
+// painted front to back, each under the present content: an opaque pixel is never touched again,
+// and hidden items cost next to nothing. The style draws one mark of each look, whose image is then
+// used everywhere.
 class KeyGraphCrowd
 {
 public:
@@ -28,8 +28,8 @@ public:
     // False when a mark of this device pixel ratio is too large for a stamp.
     static bool canShow(qreal ratio);
 
-    // A channel: runs of its curve, below them its marks in the order in which they lie over each
-    // other, below these its whole curve. points: in the widget's pixels, from left to right.
+    // A channel: runs of its curve, below them its marks in stacking order, below these its whole
+    // curve. points: in the widget's pixels, from left to right.
     void paintChannel(const QVector<QPointF> &points, const std::vector<KeyGraphMark> &marks,
                       const std::vector<KeyGraphRun> &runs, const QColor &color);
 
@@ -47,7 +47,7 @@ private:
     KeyGraphCanvas m_canvas;
     KeyGraphPen m_pen;
     std::array<std::optional<KeyGraphStamp>, LookCount> m_stamps;
-    // Of the pieces of the present curve, those that were found to be hidden: they stay so.
+    // Pieces of the present curve that were found hidden: they stay so.
     std::vector<quint8> m_hidden;
 };
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Far beyond any window, and small enough for the arithmetic of the painter.
+// Far beyond any window, and small enough for the painter's arithmetic.
 constexpr double FarAway = 1e6;
 
 } // namespace

@@ -10,8 +10,8 @@
 
 class VxKeyGraphChannel;
 
-// A curve as the key graph paints it: a line through its values at every second pixel column. What
-// happens between keys is the property's own business and not known here.
+// A curve as the key graph paints it: a polyline through its values at every second pixel column.
+// The property evaluates the values between keys.
 
 // The times of the columns 0, 2, 4 ... below width, ascending.
 std::vector<VxTime> keyGraphSampleTimes(const KeyGraphScale &scale, int width);
@@ -20,12 +20,12 @@ std::vector<VxTime> keyGraphSampleTimes(const KeyGraphScale &scale, int width);
 QVector<QPointF> keyGraphCurvePoints(const std::vector<VxTime> &times,
                                      const std::vector<double> &values, const KeyGraphScale &scale);
 
-// The values of some curves at the sample times, kept while neither keys nor the time axis nor the
-// width change: moving and zooming the value axis asks no property.
+// Caches the values of some curves at the sample times while neither keys nor the time axis nor the
+// width change: panning and zooming the value axis evaluates no property.
 class KeyGraphCurves
 {
 public:
-    // Forgets everything.
+    // Drops all values.
     void invalidate();
     // The points of a channel's curve. index: of the channel in its list.
     QVector<QPointF> points(const VxKeyGraphChannel &channel, int index, const KeyGraphScale &scale,
@@ -37,7 +37,7 @@ private:
     KeyGraphScale m_scale;
     int m_width = -1;
     std::vector<VxTime> m_times;
-    std::vector<std::vector<double>> m_values; // empty for a curve not asked for yet
+    std::vector<std::vector<double>> m_values; // empty for a curve not yet evaluated
 };
 
 #endif

@@ -26,7 +26,7 @@ bool hasSelected(const Records &records)
                        [](const VxKeyGraphKey &key) { return key.selected; });
 }
 
-// Edited keys as columns, with the values that the key holder keeps.
+// Edited keys as columns, with values in the units of the key holder.
 class Edit
 {
 public:
@@ -39,7 +39,7 @@ public:
         values.reserve(std::size_t(capacity));
     }
 
-    // Leaves out a key that does not exist, and one whose value does not fit.
+    // Skips a key that does not exist, and one whose value does not fit.
     void add(const KeyGraphDrag::Move &move)
     {
         const float value = VxFloatChannel::narrowed(move.value / move.displayScale);
@@ -65,7 +65,7 @@ private:
     int m_count;
 };
 
-// Zeros of different sign compare equal.
+// Changed values only; ±0 compare equal.
 bool setValues(VxFloatProperty *property, const Edit &edit)
 {
     QVector<int> indexes;
@@ -121,7 +121,7 @@ bool apply(const QVector<VxKeyGraphChannel *> &channels, VxFloatProperty *proper
     return true;
 }
 
-// Moves the selected keys of all channels of a holder: each once, from the start of its drag.
+// Moves the selected keys of all channels of a holder: each key once, from its drag start.
 bool moveHolder(const QVector<VxKeyGraphChannel *> &channels, const KeyGraphDrag::Step &step)
 {
     struct Source

@@ -8,11 +8,11 @@ class VxKeyGraphChannel;
 
 // Moves the selected keys of channels.
 //
-// A property and its aliases are channels of their own that show the same keys. A key is moved
-// once, whichever of them it is selected in, and the records of all of them follow.
+// A property and its aliases have channels of their own that show the same keys. A key is moved
+// once, whichever channel it is selected in, and the records of all of them follow.
 namespace KeyGraphDrag {
 
-// A key and what it is to get.
+// A key and its new time and value.
 struct Move
 {
     int index = 0;
@@ -23,20 +23,20 @@ struct Move
 
 // Moves keys one after the other, each as VxKeyGraphChannel::setKey() does, without publishing the
 // selection. channels: all those that show the keys of one holder. moves: indexes ascending or
-// descending, no doubles. A key whose value does not fit stays. False when nothing changed.
+// descending, no duplicates. A key whose value does not fit stays. False when nothing changed.
 bool moveKeys(const QVector<VxKeyGraphChannel *> &channels, const QVector<Move> &moves);
 
-// One step of a drag, counted from where each key was at its start.
+// One step of a drag, relative to each key's position at its start.
 struct Step
 {
     VxTime time = 0;       // ticks
     double value = 0.0;    // display units
-    VxTime timeStep = 0;   // ticks of the frames that keys snap to; 0: they do not
-    bool fromLast = false; // in the direction of the mouse the foremost key goes first
+    VxTime timeStep = 0;   // ticks of the frames that keys snap to; 0: no snapping
+    bool fromLast = false; // so that the foremost key in the direction of the mouse moves first
 };
 
-// Returns the channels whose keys have changed. Keys that cannot take their value, and those of
-// locked properties, stay. Does not publish the selection.
+// Returns the channels with changed keys. Keys whose new value does not fit, and those of locked
+// properties, stay. Does not publish the selection.
 QVector<VxKeyGraphChannel *> moveSelected(const QVector<VxKeyGraphChannel *> &channels,
                                           const Step &step);
 

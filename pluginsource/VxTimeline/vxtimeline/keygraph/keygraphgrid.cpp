@@ -8,7 +8,7 @@ namespace {
 
 constexpr double SmallestMinorSpacing = 12.0; // pixels
 constexpr qint64 LeastLabels = 3;
-constexpr double LargestLineNumber = 1e15; // beyond it neighbours are no longer told apart
+constexpr double LargestLineNumber = 1e15; // limit of precision for adjacent lines
 
 // The first digit of a round step, 1, 2 or 5.
 int leadingDigit(double step)
@@ -17,7 +17,7 @@ int leadingDigit(double step)
     return digit < 1.5 ? 1 : digit < 3.5 ? 2 : 5;
 }
 
-// A run of whole multiples of a step.
+// A range of whole multiples of a step.
 struct Run
 {
     qint64 first = 0;
@@ -34,7 +34,7 @@ Run multiplesBetween(double low, double high, double step)
 }
 
 // The step of labelled lines: the smallest round one that keeps them spacing pixels apart, or the
-// largest one that still puts three labels between the first and the last place for one.
+// largest one that still fits three labels between the first and the last possible position.
 double valueStep(const KeyGraphScale &scale, int height, double spacing, double labelHeight)
 {
     const double perPixel = std::abs(scale.valuePerPixel);
@@ -70,7 +70,7 @@ double roundStep(double smallest)
         return 1.0;
     const double power = std::pow(10.0, std::floor(std::log10(smallest)));
     for (const double digit : {1.0, 2.0, 5.0}) {
-        // A little less is enough: powers of ten are not exact.
+        // Tolerance, because powers of ten are not exact.
         if (digit * power >= smallest * (1.0 - 1e-9))
             return digit * power;
     }

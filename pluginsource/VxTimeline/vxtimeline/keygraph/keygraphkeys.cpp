@@ -33,10 +33,10 @@ KeyGraphMarks::KeyGraphMarks(const QSize &size)
 {
 }
 
-// From the last key to the first: of marks that look alike at one place the last one stays, so that
-// it still covers what others have painted there before it. Keys come column by column, so it is
-// enough to remember for each row when it was painted last. Each key writes its mark where the next
-// one is to stand, which then moves on or not: no branch has to be foreseen.
+// From the last key to the first: of marks with the same look and position the last one is kept, so
+// that it still covers other marks painted before it. Keys are sorted by column, so it is enough to
+// store for each row the last painted column. Branchless: each key writes its mark to the next
+// slot, which then advances or not.
 const std::vector<KeyGraphMark> &KeyGraphMarks::find(const KeyGraphKeys &keys,
                                                      const VxKeyGraphKey *records,
                                                      const KeyGraphScale &scale)

@@ -9,14 +9,13 @@
 
 #include "vxtimeline/keygraph/keygraphscale.h"
 
-// What the key graph remembers of one key beside the property: plain, so that a channel's keys are
-// one array.
+// The key graph's own state of one key: plain, so that a channel's keys are one array.
 struct VxKeyGraphKey
 {
     VxTime time = 0;              // ticks
     bool selected = false;        // in the graph
-    bool selectedAtPress = false; // as it was at the last press, for what a rubber band gives back
-    // Time and value when the key was last selected or pressed: a drag is reckoned from there.
+    bool selectedAtPress = false; // as at the last press; a rubber band restores it
+    // Time and value when the key was last selected or pressed: the start of a drag.
     VxTime dragStartTime = 0;
     double dragStartValue = 0.0; // display units
 };
@@ -25,7 +24,7 @@ struct VxKeyGraphKey
 struct KeyGraphKeys
 {
     const VxTime *times = nullptr; // ascending
-    const float *values = nullptr; // as the property keeps them
+    const float *values = nullptr; // as stored in the property
     const quint8 *types = nullptr; // 0 Linear, 1 Constant, 2 TCB
     int count = 0;
     double displayScale = 1.0; // display units for 1
@@ -37,7 +36,7 @@ struct KeyGraphKeys
     int endAt(VxTime time) const;
 };
 
-// A box over times and values, all bounds included.
+// A box of times and values, all bounds included.
 struct KeyGraphBox
 {
     VxTime startTime = 0;
@@ -45,7 +44,7 @@ struct KeyGraphBox
     double lowValue = 0.0;
     double highValue = 0.0;
 
-    // The box between two places of a graph, in pixels.
+    // The box between two points of a graph, in pixels.
     static KeyGraphBox between(const KeyGraphScale &scale, const QPoint &a, const QPoint &b);
     bool contains(VxTime time, double value) const
     {
@@ -66,9 +65,9 @@ struct KeyGraphMark
     }
 };
 
-// Finds the marks of a curve that are to be painted, in the order of its keys: those that touch the
-// area, each place and look once, where the last of them would be. Keeps its memory from curve to
-// curve; one is used for a whole repaint.
+// Finds the visible marks of a curve in the order of its keys: those that touch the area, each
+// position and look once, where the last of them would be. Reuses its memory from curve to curve;
+// one instance serves a whole repaint.
 class KeyGraphMarks
 {
 public:
@@ -85,7 +84,7 @@ private:
     std::vector<KeyGraphMark> m_marks;
 };
 
-// The first key whose mark covers a place; -1 for none. Only keys near the place are looked at.
+// The first key whose mark covers a point; -1 for none. Only keys near the point are tested.
 int keyGraphKeyAt(const KeyGraphKeys &keys, const KeyGraphScale &scale, const QPoint &position);
 
 // Smallest and largest key value.
@@ -94,8 +93,8 @@ struct KeyGraphSpan
     KeyGraphSpan();
     void add(const KeyGraphKeys &keys, const VxKeyGraphKey *records, bool onlySelected);
 
-    // The search for the largest one begins at the smallest positive number, so that keys below
-    // zero are shown together with zero.
+    // The largest one starts at the smallest positive number, so that the span of negative keys
+    // includes zero.
     double low;
     double high;
     bool found = false;

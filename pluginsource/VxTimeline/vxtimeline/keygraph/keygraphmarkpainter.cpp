@@ -7,7 +7,7 @@
 
 namespace {
 
-// The bits that tell a mark's kind, the same as those of the dope sheet's marks.
+// The state bits of a mark's look, the same as those of the dope sheet's marks.
 QStyle::State markState(const KeyGraphMark &mark)
 {
     static constexpr QStyle::StateFlag types[] = {QStyle::State_Raised, QStyle::State_Sunken,

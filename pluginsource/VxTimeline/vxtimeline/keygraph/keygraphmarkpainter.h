@@ -9,16 +9,16 @@
 class QPainter;
 class QWidget;
 
-// Has the style draw the marks of keys. What a widget tells its style is gathered once, so that
-// one mark costs no more than its drawing.
+// Draws the marks of keys through the style. The style option is initialised once, so that a mark
+// costs no more than its drawing.
 class KeyGraphMarkPainter
 {
 public:
-    // widget: whose style draws; borrowed.
+    // widget: its style draws; borrowed.
     explicit KeyGraphMarkPainter(const QWidget *widget);
 
     void paint(QPainter *painter, const KeyGraphMark &mark);
-    // A mark of this look in a picture of its own, premultiplied, at a device pixel ratio.
+    // A mark of this look in its own image, premultiplied, at a device pixel ratio.
     QImage picture(quint8 type, bool selected, qreal ratio);
 
 private:

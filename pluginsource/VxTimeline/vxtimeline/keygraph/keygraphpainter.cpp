@@ -24,7 +24,7 @@ QColor halfTransparent(QColor color)
     return color;
 }
 
-// Pixel columns and rows for lines and fills, where a far place is just outside.
+// Pixel columns and rows for lines and fills; far coordinates are clamped to just outside.
 int pixel(double place, int end)
 {
     return static_cast<int>(qBound(-1.0, std::floor(place), double(end) + 1.0));
@@ -90,8 +90,8 @@ void KeyGraphPainter::paintGrounds()
     m_painter->fillRect(QRect(end, 0, width - end, height), m_look.outside);
 }
 
-// One device pixel at any scale, so that all lines of the grid look alike. They are filled, not
-// drawn: a pen goes pixel by pixel.
+// One device pixel at any scale, so that all lines of the grid look alike. They are filled rects,
+// because a pen is slower.
 qreal KeyGraphPainter::lineWidth() const
 {
     return 1.0 / m_painter->device()->devicePixelRatioF();
@@ -103,7 +103,7 @@ QVector<KeyGraphGrid::Line> KeyGraphPainter::valueLines() const
     const int textHeight = m_look.axis.getHeight();
     auto lines = KeyGraphGrid::valueLines(m_scale, height, qMax(ValueLineSpacing, 2.0 * textHeight),
                                           textHeight);
-    // A label is above its line; none where it would be cut off or meet the frame numbers.
+    // A label is above its line; none where it would be cut off or overlap the frame numbers.
     for (KeyGraphGrid::Line &line : lines) {
         const int y = pixel(line.place, height);
         if (y < textHeight || y > height - textHeight)

@@ -13,18 +13,18 @@
 class QPainter;
 class QWidget;
 
-// Colours, fonts and measures of the key graph, read from the style once and kept.
+// Colours, fonts and metrics of the key graph, cached from the style.
 struct KeyGraphLook
 {
-    // Asks the application's style; a colour that it does not name comes from the widget's palette.
+    // From the application's style; a colour that it lacks is taken from the widget's palette.
     static KeyGraphLook of(const QWidget *widget);
 
     // The colour of a channel's label and curve: its own, or text colour when that is invalid, made
-    // lighter or darker by its number, so that neighbours of one colour differ.
+    // lighter or darker by its number, so that adjacent channels of one colour differ.
     QColor channelColor(const QColor &own, int number) const;
 
     QColor background;
-    QColor side; // left and right of the curves' own part
+    QColor side; // left and right of the curve area
     QColor outside;
     QColor grid;
     QColor majorGrid;
@@ -34,19 +34,19 @@ struct KeyGraphLook
     int margin = 0; // pixels
 };
 
-// What the graph shows apart from its channels.
+// The content of the graph apart from its channels.
 struct KeyGraphStage
 {
     QSize size;
-    int leftWidth = 0; // pixels of the parts left and right of the curves' own
+    int leftWidth = 0; // pixels of the areas left and right of the curve area
     int rightWidth = 0;
     VxTimeRange playRange;
     VxTime timeStep = 0; // ticks per frame
     QString valueUnit;   // of all channels, such as "%"; empty when they differ or have none
 };
 
-// Paints what lies behind the channels of a key graph, from lists of lines with their labels. It
-// keeps nothing and decides nothing but the order of painting.
+// Paints the background of a key graph, from lists of lines with their labels. It has no state and
+// determines only the order of painting.
 class KeyGraphPainter
 {
 public:
@@ -54,7 +54,7 @@ public:
     KeyGraphPainter(QPainter *painter, const KeyGraphScale &scale, const KeyGraphLook &look,
                     const KeyGraphStage &stage);
 
-    // The part in which no labels of channels, values or frames are painted; may be empty.
+    // The area without labels of channels, values or frames; may be empty.
     QRect labelFreeRect() const;
 
     // Background, the shade outside of the play range, grid and its labels.

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double Straight = 0.02; // pixels beside a line that count as on it
+constexpr double Straight = 0.02; // distance in pixels within which points count as collinear
 
 int floored(double place)
 {
@@ -15,20 +15,20 @@ int floored(double place)
     return place < truncated ? truncated - 1 : truncated;
 }
 
-// How much of the unit from number on lies between low and high.
+// The overlap of [low, high] with the unit interval from number on.
 double overlap(double low, double high, int number)
 {
     return qMin(high, number + 1.0) - qMax(low, double(number));
 }
 
-// Adds a part of a pixel to what is covered of it.
+// Adds a fraction to the coverage of a pixel.
 void cover(quint8 &covered, double part)
 {
     covered = static_cast<quint8>(qMin(255, covered + static_cast<int>(part * 255.0 + 0.5)));
 }
 
-// The last point up to which the line from a point is straight. The direction is that of the first
-// piece, so that slight bends cannot add up.
+// The last collinear point of the line from a point. The direction is that of the first piece, so
+// that slight bends cannot accumulate.
 int endOfStraight(const QPointF *points, int start, int count)
 {
     int end = start + 1;
@@ -64,7 +64,7 @@ void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QCo
     const auto place = [ratio](const QPointF &point) {
         return (point + QPointF(0.5, 0.5)) * ratio;
     };
-    // Beside its points the line covers no more than its width.
+    // Beside its points the line covers at most its width.
     m_firstOpen = qMax(0, floored(place(points[0]).x() - m_lineWidth));
     for (int i = 0; i + 1 < count;) {
         const int end = endOfStraight(points, i, count);
@@ -84,7 +84,7 @@ void KeyGraphPen::addPiece(const Piece &piece)
         addFlat(piece);
 }
 
-// Column by column, where the line is as high as it is thick.
+// Column by column, for a slope of up to 45 degrees.
 void KeyGraphPen::addFlat(const Piece &piece)
 {
     const double slope = (piece.y2 - piece.y1) / (piece.x2 - piece.x1);
@@ -106,7 +106,7 @@ void KeyGraphPen::addFlat(const Piece &piece)
     }
 }
 
-// Row by row, where the line is as wide as it is thick; upwards where that leads to the right.
+// Row by row, for a steeper slope; upwards when y decreases to the right.
 void KeyGraphPen::addSteep(const Piece &piece)
 {
     const double slope = (piece.x2 - piece.x1) / (piece.y2 - piece.y1);
@@ -150,7 +150,7 @@ void KeyGraphPen::finish(int endColumn)
         for (int row = rows.top; row <= rows.bottom; ++row, pixel += m_picture.stride) {
             const quint8 part = covered[row];
             covered[row] = 0;
-            // What is nothing, or under something opaque, is not worth its arithmetic.
+            // Skip transparent and covered pixels.
             if (part == 0 || (m_canvas && qAlpha(*pixel) == 255))
                 continue;
             const QRgb own = KeyGraphPixels::multiplied(m_color, part);

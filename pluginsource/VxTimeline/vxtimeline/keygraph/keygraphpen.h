@@ -11,26 +11,27 @@
 
 class KeyGraphCanvas;
 
-// Draws smooth lines that run from left to right into a picture.
+// Draws antialiased lines with ascending x into an image.
 //
 // Curves of keys on every frame are tens of thousands of pieces of two pixels, and a painter costs
-// more for the beginning and end of each than for what is between. Here each piece adds the part of
-// every pixel that it covers to a column of its own memory, and a column that the line has left
-// is put into the picture: joints are seamless, and the line is where its points are. The memory
-// goes round: a few columns are open at a time, and these stay near at hand.
+// more for the beginning and end of each than for the rest. Here each piece adds its coverage of
+// every pixel to a column buffer, and a column that the line has left is written to the image:
+// joints are seamless, and the line is exactly at its points. The columns form a ring buffer: few
+// are open at a time, so they stay in the cache.
 class KeyGraphPen
 {
 public:
-    // Draws over what is there, or under it when a canvas tells what is hidden. picture: borrowed;
-    // size: its pixels; width: of the line in these pixels; canvas: of the picture, borrowed.
+    // Draws over the present content, or under it with a canvas, which has the hidden pixels.
+    // picture: borrowed; size: in pixels; width: of the line in these pixels; canvas: of the image,
+    // borrowed.
     KeyGraphPen(const KeyGraphPixels &picture, const QSize &size, double width,
                 const KeyGraphCanvas *canvas = nullptr);
 
-    // Draws through two or more points of ascending x. ratio: the picture's pixels for 1 of the
-    // points' unit. A point's place is the middle of the pixel with its number, as with marks.
+    // Draws through two or more points of ascending x. ratio: image pixels per unit of the points.
+    // An integral coordinate is the centre of that pixel, as with marks.
     void draw(const QPointF *points, int count, double ratio, const QColor &color);
 
-    // Everything that the piece between two points can touch, in the picture's pixels.
+    // The area that the piece between two points can touch, in image pixels.
     QRectF areaOf(const QPointF &from, const QPointF &to, double ratio) const;
 
 private:
@@ -38,7 +39,7 @@ private:
     {
         double x1, y1, x2, y2;
     };
-    // The rows of a column that have been touched; top > bottom for none.
+    // The touched rows of a column; top > bottom for none.
     struct Rows
     {
         int top;
@@ -49,8 +50,8 @@ private:
     void addFlat(const Piece &piece);
     void addSteep(const Piece &piece);
     void touch(int column, int top, int bottom);
-    // All that is to come lies to the right of a place, or no farther to its left than the line is
-    // wide: puts what cannot change any more into the picture.
+    // The rest of the line is to the right of x, or at most its width to the left: writes the
+    // columns that are final to the image.
     void leave(double x)
     {
         if (x - m_lineWidth >= m_firstOpen + 1)
@@ -71,20 +72,20 @@ private:
     double m_lineWidth;
     const KeyGraphCanvas *m_canvas;
     QRgb m_color = 0;              // of the present line, premultiplied
-    int m_firstOpen = 0;           // of the columns that are not in the picture yet
+    int m_firstOpen = 0;           // of the columns not yet written to the image
     std::vector<quint8> m_covered; // open column by open column, of 255
     std::vector<Rows> m_rows;      // of each open column
 };
 
-// A piece ends square, in the direction in which it is counted out. Without a call, because it is
-// asked for every piece of every curve.
+// A piece ends square, across the axis along which it is rasterised. Inline, because it is called
+// for every piece of every curve.
 inline QRectF KeyGraphPen::areaOf(const QPointF &from, const QPointF &to, double ratio) const
 {
     const double left = (from.x() + 0.5) * ratio;
     const double right = (to.x() + 0.5) * ratio;
     const double top = (qMin(from.y(), to.y()) + 0.5) * ratio;
     const double bottom = (qMax(from.y(), to.y()) + 0.5) * ratio;
-    constexpr double root = 1.4143; // a line of 45 degrees is that much thicker
+    constexpr double root = 1.4143; // thickness factor of a line at 45 degrees
     const double reach = m_lineWidth * 0.5 * root;
     const bool steep = bottom - top > right - left;
     const double beside = steep ? reach : 0.0;

@@ -4,11 +4,11 @@
 #include <QtGui/QImage>
 #include <cstddef>
 
-// The pixels of a picture as plain memory, for what a painter is too slow at. Borrowed, and only
-// while no painter is at work on the picture.
+// The pixels of an image as plain memory, where a painter is too slow. Borrowed, and only while no
+// painter is active on the image.
 struct KeyGraphPixels
 {
-    // Of a picture in QImage::Format_ARGB32_Premultiplied.
+    // Of an image in QImage::Format_ARGB32_Premultiplied.
     static KeyGraphPixels of(QImage *picture)
     {
         Q_ASSERT(picture->format() == QImage::Format_ARGB32_Premultiplied);

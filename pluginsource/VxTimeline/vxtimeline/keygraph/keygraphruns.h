@@ -7,7 +7,7 @@
 
 #include "vxtimeline/keygraph/keygraphkeys.h"
 
-// Points of a curve from one index up to another, both included.
+// Points of a curve between two indexes, both included.
 struct KeyGraphRun
 {
     int first = 0;
@@ -21,9 +21,9 @@ struct KeyGraphRun
 
 // The parts of a curve that its own marks hide, from left to right.
 //
-// Keys on every frame of a long motion make a band of marks in which no colour tells whose it is.
-// There the curve is drawn once more on top of its marks. Marks that stand apart, and a few that
-// touch, stay as they are.
+// Keys on every frame of a long motion make a band of marks whose curve cannot be recognised.
+// There the curve is drawn once more over its marks. Separate marks, and a few that touch, stay as
+// they are.
 //
 // marks, points: of one channel, by ascending x, in pixels.
 std::vector<KeyGraphRun> keyGraphHiddenRuns(const std::vector<KeyGraphMark> &marks,

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Beyond these a scale shows nothing any more, and its inverse would be no number.
+// Beyond these a scale shows nothing useful, and its inverse would not be finite.
 constexpr double SmallestValuePerPixel = 1e-9;
 constexpr double LargestValuePerPixel = 1e9;
 constexpr double SmallestTicksPerPixel = 0.01;
@@ -56,7 +56,7 @@ void KeyGraphScale::frameValues(double low, double high, double height)
 
 void KeyGraphScale::zoomValues(const KeyGraphScale &start, double deltaY)
 {
-    // The remembered scale counts as a part of the way; it is far below a pixel for most curves.
+    // The scale at the start offsets the delta; it is far below a pixel for most curves.
     const double wanted = std::exp2(-(deltaY - start.valuePerPixel) / PixelsPerDoubling);
     valuePerPixel = limitedValueScale(start.valuePerPixel * wanted);
     const double factor = valuePerPixel / start.valuePerPixel;

@@ -7,42 +7,41 @@
 
 #include "vxtimeline/time/timelinemetrics.h"
 
-// The two scales of the key graph, and every formula that leads from times and values to pixels
-// and back.
+// The two scales of the key graph, and every conversion between times and values and pixels.
 //
-// A plain value: what is painted, what is hit and what is dragged are reckoned from one record.
-// Pixels are those of the widget, as real numbers; x grows with the time, and y falls while the
-// value grows because valuePerPixel is negative. The scales are never 0. In the pane the time scale
-// is that of the dope sheet: marks and lines at one time have the same pixel column in both.
+// A plain value: painting, hit tests and dragging use one record. Pixels are those of the widget,
+// as real numbers; x grows with the time, and y decreases as the value grows because valuePerPixel
+// is negative. The scales are never 0. In the pane the time scale is that of the dope sheet: marks
+// and lines at one time have the same pixel column in both.
 class KeyGraphScale
 {
 public:
     double ticksPerPixel = 10.0;  // above 0
     double valuePerPixel = -0.02; // display units a pixel
-    double offsetX = 0.0;         // where time 0 and value 0 lie, in pixels from the origin
+    double offsetX = 0.0;         // time 0 and value 0, in pixels from the origin
     double offsetY = 0.0;
     double originX = 0.0;
-    double originY = 0.0; // half the height, so that value 0 is in the middle to begin with
+    double originY = 0.0; // half the height, so that value 0 is initially in the middle
 
-    // The side of a key mark in pixels, and how far a mark can reach from its key.
+    // The side of a key mark in pixels, and the farthest extent of a mark from its key.
     static constexpr double MarkSide = 9.0;
     static constexpr int MarkReach = 6;
 
-    // The place of a key or a line at a time: to the pixel that of the pane's time axis when the
-    // scale follows it, else as exact as exactX().
+    // The x of a key or a line at a time: rounded like the pane's time axis when the scale follows
+    // it, else exactX().
     double x(double time) const
     {
         return m_axis.isSet() ? originX + offsetX + m_axis.pixels(time) : exactX(time);
     }
     double exactX(double time) const { return originX + offsetX + time / ticksPerPixel; }
     double y(double value) const { return originY + offsetY + value / valuePerPixel; }
-    // Ticks at a pixel column, with a fraction; and to the tick, truncated towards zero and limited
-    // to 32 bits.
+    // Ticks at a pixel column, with a fraction; and in whole ticks, truncated towards zero and
+    // limited to 32 bits.
     double ticks(double pixelX) const { return (pixelX - offsetX - originX) * ticksPerPixel; }
     VxTime time(double pixelX) const;
     double value(double pixelY) const { return (pixelY - offsetY - originY) * valuePerPixel; }
 
-    // The rectangle of the mark around a place: a MarkSide square, to the pixel.
+    // The rectangle of the mark around a point: a MarkSide square, on whole pixels.
     static QRect markRect(double x, double y)
     {
         return QRect(markCorner(x), markCorner(y), int(MarkSide), int(MarkSide));
@@ -56,19 +55,19 @@ public:
     // 0.001 is widened by 1 each way; a height below 81 is taken as 80.
     void frameValues(double low, double high, double height);
 
-    // The value axis of start zoomed by a way of the mouse in pixels: 200 pixels downwards halve
-    // valuePerPixel. The place of value 0 moves away from the origin as the scale grows.
+    // The value axis of start zoomed by a mouse delta in pixels: 200 pixels downwards halve
+    // valuePerPixel. The position of value 0 moves away from the origin as the scale grows.
     void zoomValues(const KeyGraphScale &start, double deltaY);
 
-    // Takes over the time scale of the dope sheet. zero: the pixel column of the middle of a mark
-    // at time 0. False, and nothing changes, when there is no such scale.
+    // Adopts the time scale of the dope sheet. zero: the pixel column of the middle of a mark at
+    // time 0. False, and nothing changes, when there is no such scale.
     bool followAxis(const TimelineMetrics &metrics, double zero);
 
-    // The whole range between two pixel columns.
+    // Fits the whole range between two pixel columns.
     void fitTimes(const VxTimeRange &range, double left, double right);
-    // A duration from time 0 on in the middle of a width.
+    // Centres a duration from time 0 on in a width.
     void centerTimes(double duration, double width);
-    // The time axis zoomed about a pixel column; 200 make a factor of two, positive is nearer.
+    // Zooms the time axis about a pixel column; 200 make a factor of two, positive zooms in.
     void zoomTimes(double amount, double pixelX);
 
     friend bool operator==(const KeyGraphScale &a, const KeyGraphScale &b)
@@ -98,12 +97,12 @@ private:
     };
     Axis m_axis;
 
-    // Half a mark before a place, to the nearest pixel; far away for what is no number. Without a
-    // call, because it is asked twice for every key that is painted.
+    // Half a mark before a coordinate, rounded; a far coordinate for NaN. Inline, because it is
+    // called twice for every painted key.
     static int markCorner(double place)
     {
         constexpr double far = 1e6;
-        constexpr int shift = 1 << 21; // so that what is cut off is a part of a positive number
+        constexpr int shift = 1 << 21; // so that truncation applies to a positive number
         const double exact = place - (MarkSide - 1.0) / 2.0;
         const double above = exact > -far ? exact : -far;
         return static_cast<int>((above < far ? above : far) + shift) - shift;

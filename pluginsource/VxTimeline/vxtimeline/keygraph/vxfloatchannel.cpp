@@ -26,7 +26,7 @@ class VxFloatChannel::Private
 {
 public:
     bool isKey(int index) const { return index >= 0 && index < property->getNumKeys(); }
-    // As the property keeps it; not finite when it does not fit.
+    // In the property's unit; not finite when it does not fit.
     float stored(double value) const { return VxFloatChannel::narrowed(value / displayScale); }
     VxTcb tcb(int index) const
     {
@@ -44,7 +44,7 @@ public:
     double displayScale = 1.0;
 };
 
-// The new key first: where the property refuses it, the old one is still there.
+// The new key first: if the property refuses it, the old one still exists.
 bool VxFloatChannel::Private::replaceKey(int index, VxTime time, double value)
 {
     const VxTime formerTime = property->getKeyTime(index);

@@ -8,8 +8,8 @@ class VxFloatProperty;
 // The curve of a float property.
 //
 // Display units are the property's, or hundredths of them where the application shows the property
-// as a percentage. What enters is narrowed to single precision first, as the property keeps it; a
-// value that does not fit is refused, so that no key can be lost on the way.
+// as a percentage. Input is narrowed to single precision first, like the property's values; a
+// value that does not fit is refused, so that no key can be lost in between.
 class VxFloatChannel : public VxKeyGraphChannel
 {
 public:

@@ -55,7 +55,7 @@ public:
     quint64 indexedHolders = 0;     // see VxProperty::latestHolderRevision(); 0: to be indexed
     QSet<const VxProperty *> shown; // the channels' properties
     QVector<QMetaObject::Connection> connections; // those of all channels
-    // During a rebuild: the keys of the channels from before, with their selection.
+    // During a rebuild: the keys of the former channels, with their selection.
     QHash<const VxProperty *, QVector<VxKeyGraphKey>> formerKeys;
     QPointer<VxSideNavPropertyListView> parametersView;
     QPointer<VxPane> dopesheetPane;
@@ -97,7 +97,7 @@ void VxKeyGraph::Private::addNode(const VxPropertyListNode *node)
         addChannel(property);
 }
 
-// The list is taken out first: nobody who looks while channels are deleted finds them.
+// The list is emptied first: slots that run while channels are deleted do not find them.
 void VxKeyGraph::Private::clearChannels()
 {
     const QVector<VxKeyGraphChannel *> former = std::exchange(channels, {});
@@ -115,7 +115,7 @@ void VxKeyGraph::Private::clearAndAnnounce()
     announce();
 }
 
-// A property that is shown before and after keeps its selection: the dope sheet keeps it, too.
+// A property shown before and after keeps its selection: the dope sheet keeps it, too.
 void VxKeyGraph::Private::beginRebuild()
 {
     for (const VxKeyGraphChannel *channel : qAsConst(channels))
@@ -165,7 +165,7 @@ VxKeyGraph::VxKeyGraph(QObject *parent)
     connect(vxScene, &VxScene::primarySelectionChanged, this,
             &VxKeyGraph::handlePrimarySelectionChanged);
     connect(vxApp, &VxApp::starting, this, &VxKeyGraph::handleAppStarting);
-    // The pane around a graph that is made late is not registered yet at this point.
+    // The pane around a graph created late is not yet registered at this point.
     if (vxApp->isStarted())
         QMetaObject::invokeMethod(this, &VxKeyGraph::handleAppStarting, Qt::QueuedConnection);
 }
@@ -205,7 +205,7 @@ bool VxKeyGraph::isMonitoringParametersPane() const
     return d->monitoring;
 }
 
-// By the signal's text: the pane's class lies beyond what the graph may know.
+// By the signal's name: the graph may not include the pane's class.
 void VxKeyGraph::connectDopesheet()
 {
     if (d->dopesheetConnected)

@@ -13,12 +13,12 @@ class VxKeyCommunication;
 class VxKeyGraphChannel;
 class VxNode;
 
-// Decides which properties the key graph shows: one channel for each.
+// The list of channels in the key graph, one for each shown property.
 //
-// The list follows what is selected in the dope sheet and, when wanted, in the Parameters pane;
-// only float properties are taken, each once. Channels have no hold on their properties, so the
-// whole list goes as soon as one of the properties, or an element that owns one, is about to go.
-// The graph has an end of the key message bus and hands what it hears to its channels.
+// The list follows the selection in the dope sheet and, if enabled, in the Parameters pane; only
+// float properties are included, each once. Channels do not keep their properties alive, so the
+// whole list is cleared as soon as one of the properties, or an element that owns one, is about to
+// be destroyed. The graph has an end of the key message bus and forwards messages to its channels.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxKeyGraph : public QObject
@@ -28,17 +28,17 @@ public:
     explicit VxKeyGraph(QObject *parent = nullptr);
     ~VxKeyGraph() override;
 
-    // Makes an end of its own for the line to the peer, in the place of any former one.
+    // Creates its own end of the bus to the peer, replacing any former one.
     void setKeyCommunication(VxKeyCommunication *peer);
     VxKeyCommunication *getKeyCommunication() const;
 
-    // Whether what is selected in the Parameters pane is shown, too. When that pane does not exist
-    // yet it is looked for again once the application starts.
+    // Whether the selection of the Parameters pane is shown, too. When that pane does not exist
+    // yet it is looked up again once the application starts.
     void setMonitorParametersPane(bool onOff);
     bool isMonitoringParametersPane() const;
 
-    // Begins and ends to follow the dope sheet of the pane "VxTimePane". The first happens by
-    // itself when the application starts; until then lists from the dope sheet are ignored.
+    // Starts and stops following the dope sheet of the pane "VxTimePane". The start is automatic
+    // when the application starts; until then lists from the dope sheet are ignored.
     void connectDopesheet();
     void disconnectDopesheet();
 

@@ -27,7 +27,7 @@ bool VxKeyGraphChannel::Private::hasTimesOf(const KeyGraphKeys &keys) const
                       [](const VxKeyGraphKey &key, VxTime time) { return key.time == time; });
 }
 
-// Both lists are in order of time, so one pass finds the former record of each key. Mostly only
+// Both lists are in order of time, so one pass finds the former record of each key. Usually only
 // values changed, or the channel has moved the keys itself.
 void VxKeyGraphChannel::Private::rebuild(const KeyGraphKeys &keys)
 {

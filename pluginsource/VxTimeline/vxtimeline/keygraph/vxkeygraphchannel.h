@@ -15,18 +15,18 @@ class VxKeyCommunication;
 class VxKeyMessage;
 class VxProperty;
 
-// One curve of the key graph, read and written by the view without knowing what is behind it.
+// One curve of the key graph: the view's interface to a property of any kind.
 //
 // Values are in display units, times in ticks, keys are counted in ascending order of time. The
-// selection is the graph's own and lives here in a cache of one record a key, which is made anew
-// after the keys changed and keeps its records by their time. A channel has no hold on its
-// property; the graph drops channels before their properties go.
+// selection is the graph's own, in a cache of one record a key, which is rebuilt after the keys
+// changed and keeps its records by their time. A channel does not keep its property alive; the
+// graph drops channels before their properties are destroyed.
 //
 // The order of the virtual functions is part of the interface: add at the end.
 class VxKeyGraphChannel
 {
 public:
-    // keyBus: the end over which changes of the selection are told; not owned, may be null.
+    // keyBus: the end that sends changes of the selection; not owned, may be null.
     explicit VxKeyGraphChannel(VxKeyCommunication *keyBus);
 
     // Another end, when the graph was given a new one.
@@ -36,7 +36,7 @@ public:
     virtual QString getLabel() const = 0;
     // The names of the property, its node and that node's ancestors up to the root.
     virtual QStringList getPath() const = 0;
-    // Invalid where the view's default colour is to be used.
+    // Invalid for the view's default colour.
     virtual QColor getColor() const = 0;
     virtual double getValue(VxTime time) const = 0;
     virtual void setValue(VxTime time, double value) = 0;
@@ -44,10 +44,10 @@ public:
     virtual VxTime getKeyTime(int index) const = 0;
     virtual double getKeyValue(int index) const = 0;
     virtual void setKeyValue(int index, double value) = 0;
-    // Moves a key to a time and value. At the time of another key it comes to lie one tick beside
-    // it, on the side it came from. Its selection and its start of the drag go with it.
+    // Moves a key to a time and value. At the time of another key it gets the tick beside it, on
+    // the side of its former time. Its selection and its drag start are kept.
     virtual void setKey(int index, VxTime time, double value) = 0;
-    // The type (0 Linear, 1 Constant, 2 TCB), and the three shape values when asked for.
+    // The type (0 Linear, 1 Constant, 2 TCB); each shape argument that is given receives its value.
     virtual int getKeyInterpolation(int index, float *tension = nullptr,
                                     float *continuity = nullptr, float *bias = nullptr) const;
     virtual double getKeyTension(int index) const;
@@ -64,7 +64,7 @@ public:
     virtual KeyGraphKeys getKeys() const = 0;
     // The values at many ascending times.
     virtual void getValues(const VxTime *times, int count, double *values) const;
-    // The sign of the unit in which values are shown, such as "%"; empty for none.
+    // The unit sign of shown values, such as "%"; empty for none.
     virtual QString getUnit() const;
 
     virtual ~VxKeyGraphChannel();
@@ -72,34 +72,34 @@ public:
     // The records, one a key; borrowed until the keys or the selection change.
     const QVector<VxKeyGraphKey> &getKeyCache() const;
     bool isKeySelected(int index) const;
-    // Makes the records anew when they are next asked for. Changes of the property's keys are
-    // noticed without.
+    // Rebuilds the records at the next access. Changes of the property's keys are detected without
+    // it.
     void invalidateKeyCache();
-    // Takes over the records that another channel of the property had, as far as its keys are
-    // still there. Empty for none.
+    // Adopts the records of a former channel of the property, for keys that still exist. Empty for
+    // none.
     void restoreKeyCache(const QVector<VxKeyGraphKey> &keys);
 
-    // Selects or deselects a key, makes its present place the start of a drag, and tells of it.
+    // Selects or deselects a key, makes its present position the drag start, and publishes it.
     void setKeySelected(int index, bool selected);
-    // The same without telling, for callers that send a message of their own.
+    // The same without publishing, for callers that send a message of their own.
     void selectKey(int index, bool selected);
     void deselectAllKeys();
-    // Tells which keys are selected.
+    // Sends the selected keys over the bus.
     void publishSelection() const;
-    // Takes over a change of the selection from elsewhere; never tells.
+    // Applies a change of the selection from elsewhere; never publishes.
     void applyKeyMessage(const VxKeyMessage &message);
 
     // Selects the keys of these spans and no others, without publishing.
     void selectOnlySpans(const std::vector<VxKeySpan> &spans);
     std::vector<VxKeySpan> getSelectedSpans() const;
 
-    // Remembers the selection as it is at a press, and where the selected keys are.
+    // Saves the selection at a press, and the positions of the selected keys.
     void refreshDragStart();
-    // Gives the keys within the box the flag, all others what they had at the press, and tells of
-    // the keys that changed.
+    // Sets the flag of the keys within the box, restores that of all others from the press, and
+    // publishes the changed keys.
     void selectInBox(const KeyGraphBox &box, bool selected);
 
-    // Puts the records of keys that were just moved in the place of the former ones.
+    // Replaces the records after keys were moved.
     void setKeyCache(QVector<VxKeyGraphKey> keys);
 
 private:

@@ -18,10 +18,10 @@
 namespace {
 
 constexpr double TimeMargin = 24.0;      // pixels free beside the animation range
-constexpr double LeastTimeWidth = 100.0; // pixels that it takes at least, where there are as many
+constexpr double LeastTimeWidth = 100.0; // minimum pixels for it, space permitting
 
-// How many of the process's resizes still put the animation range into the middle: those while
-// the main window takes its shape.
+// The remaining resizes of this process that centre the animation range: those while the main
+// window is being laid out.
 int &centeringResizes()
 {
     static int left = 3;
@@ -78,7 +78,7 @@ void VxKeyGraphView::Private::repaint()
     q->update();
 }
 
-// Values have a unit when it is that of every channel.
+// The view has a unit if all channels share it.
 void VxKeyGraphView::Private::takeUpChannelList()
 {
     hit = Hit();
@@ -137,7 +137,7 @@ void VxKeyGraphView::Private::fitTimes()
     fitTimesBetween(leftBackgroundWidth, rightBackgroundWidth);
 }
 
-// Parts at the sides that leave hardly any room are not minded.
+// Ignores the areas at the sides if they leave hardly any space.
 void VxKeyGraphView::Private::fitTimesBetween(int leftWidth, int rightWidth)
 {
     timesFitted = width > 0.0;
@@ -165,15 +165,15 @@ void VxKeyGraphView::Private::resize(const QSize &size)
     if (centres)
         --centeringResizes();
     if (centres && !keysLeft) {
-        // In the middle of the widget the range keeps clear of the wider part on both sides.
+        // In the middle of the widget the range avoids the wider area on both sides.
         const int sides = qMax(leftBackgroundWidth, rightBackgroundWidth);
         if (!timesSetByUser)
             fitTimesBetween(sides, sides);
         const VxTimeRange range = vxScene->getAnimRange();
         scale.centerTimes(range.getDuration(), width);
     }
-    // The first view that is seen is fitted to the size that the widget has then. What was centred
-    // after that, by a window that opens in steps, is fitted again where it would jump.
+    // The first paint fits to the size that the widget has then. A range centred after that, by a
+    // window that opens in steps, is fitted again where it would jump.
     if (!wasPainted || centres)
         timesFitted = false;
     placeButtons();
@@ -260,7 +260,7 @@ VxKeyGraphView::VxKeyGraphView(QWidget *parent)
     , d(std::make_unique<Private>(this))
 {
     setMouseTracking(true);
-    // The menu comes at the release, not when the platform finds it fit.
+    // The menu opens at the release, not at the platform's time.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setFocusPolicy(Qt::ClickFocus);
     // Left, Right, Home and End step through time here, too.
@@ -272,7 +272,7 @@ VxKeyGraphView::VxKeyGraphView(QWidget *parent)
     doStyling();
 }
 
-// A drag that is under way is dropped; nothing may reach the record once it is gone.
+// Drops a drag in progress; no slot may use the destroyed record.
 VxKeyGraphView::~VxKeyGraphView()
 {
     d->guard->end();
@@ -382,7 +382,7 @@ void VxKeyGraphView::resizeEvent(QResizeEvent *event)
     d->resize(event->size());
 }
 
-// Together with Alt some platforms turn the wheel's direction; either one then counts.
+// Together with Alt some platforms swap the wheel's axes; either one then counts.
 void VxKeyGraphView::wheelEvent(QWheelEvent *event)
 {
     const QPoint delta = event->angleDelta();

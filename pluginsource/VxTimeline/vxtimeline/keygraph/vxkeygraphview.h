@@ -10,13 +10,13 @@
 class KeyGraphScale;
 class VxKeyGraph;
 
-// Draws the channels of a key graph as curves over time, with a mark for each key, and lets keys be
-// selected and moved with the mouse.
+// Draws the channels of a key graph as curves over time, with a mark for each key, and handles
+// selecting and moving keys with the mouse.
 //
-// The view keeps the scales and offsets of its two axes and the state of the gesture under way;
-// which curves there are, their values and their key selection are the key graph's. Labels,
-// curves and marks are painted into a picture that is kept while nothing about them changes, so
-// that a step of the time or a hover costs no more with many keys than with few.
+// The view has the scales and offsets of its two axes and the state of the present gesture; the
+// key graph has the list of curves, their values and their key selection. Labels, curves and marks
+// are painted into an image that is cached while none of them changes, so that a step of the time
+// or a hover costs no more with many keys than with few.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxKeyGraphView : public QWidget
@@ -30,12 +30,11 @@ public:
     void setKeyGraph(VxKeyGraph *keyGraph);
     VxKeyGraph *getKeyGraph() const;
 
-    // Makes the view follow the shared time scale of the dope sheet instead of its own: the keys
-    // column begins at this pixel of the widget. Its own scale is not used any more.
+    // Makes the view follow the shared time scale of the dope sheet instead of its own, which is
+    // not used any more: the keys column begins at this pixel of the widget.
     void followTimeline(int keysLeft);
 
-    // The part in which no labels of channels, values or frames are painted, in the widget's
-    // pixels; may be empty.
+    // The area without labels of channels, values or frames, in the widget's pixels; may be empty.
     QRect getLabelFreeRect() const;
 
     // The present scales, in the widget's pixels.
@@ -47,14 +46,14 @@ Q_SIGNALS:
 public Q_SLOTS:
     // Shows the values of all keys, or of the selected ones; nothing changes when there are none.
     void frameKeys(bool onlySelected = false);
-    // The width in pixels of the part to the left of the curves' own, in which labels are written,
-    // and of the one to the right.
+    // The width in pixels of the area to the left of the curve area, for labels, and of the one to
+    // the right.
     void setLeftBackgroundWidth(int width);
     void setRightBackgroundWidth(int width);
     void doUpdate();
-    // Takes up the style's colours, fonts and measures anew.
+    // Reads the style's colours, fonts and metrics again.
     void doStyling();
-    // Panning and zooming of the value axis by a way of the mouse since the start, in pixels.
+    // Panning and zooming of the value axis by the mouse delta since the start, in pixels.
     void panStart();
     void panAdjust(QPoint delta);
     void zoomStart();

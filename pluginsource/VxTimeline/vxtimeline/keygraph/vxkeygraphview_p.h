@@ -20,15 +20,15 @@ class VxKeyMessage;
 class VxGestureGuard;
 class VxMouseButton;
 
-// The state of the view. Its functions are spread over three sources: slots and scales, painting,
+// The private record of the view. Its functions are in three sources: slots and scales, painting,
 // and the mouse.
 class VxKeyGraphView::Private
 {
 public:
-    // What a press began and the release ends.
+    // The gesture from a press to its release.
     enum MouseState { Idle, DragKeys, RubberBand, DragTime, ViewOperation };
 
-    // A key under the mouse. The channel is null for none, and once the channels have changed.
+    // A key under the mouse. The channel is null without one, and once the channels have changed.
     struct Hit
     {
         VxKeyGraphChannel *channel = nullptr;
@@ -44,15 +44,15 @@ public:
     void followScene();
     void followGraph();
     void channelsChanged();
-    // Repaints everything; update() alone keeps the picture of the channels.
+    // Repaints everything; update() alone reuses the image of the channels.
     void repaint();
-    // Shows the animation range between the parts at both sides.
+    // Fits the animation range between the areas at both sides.
     void fitTimes();
     void fitTimesBetween(int leftWidth, int rightWidth);
-    // Takes over the time scale of the dope sheet when it is followed.
+    // Adopts the time scale of the dope sheet when following it.
     void updateTimes();
     void takeUpChannelList();
-    // Shows the values of all keys, of channels without keys the present values.
+    // Frames the values of all keys, of channels without keys the present values.
     void frameChannels();
     void resize(const QSize &size);
     void wheelValues(int delta, bool pan, bool fine);
@@ -73,7 +73,7 @@ public:
     Hit keyAt(const QPoint &position) const;
     void beginGesture(QMouseEvent *event);
     void endGesture();
-    // Ends a gesture whose release will not arrive and puts back what it has changed.
+    // Drops a gesture whose release was lost and reverts its changes.
     void dropGesture();
     void putKeysBack();
     void pressOnSpace(Qt::KeyboardModifiers modifiers);
@@ -93,7 +93,7 @@ public:
     VxMouseButton *panButton = nullptr;
     VxMouseButton *zoomButton = nullptr;
     VxMouseButton *frameButton = nullptr;
-    qreal buttonRatio = 0.0; // device pixel ratio that the buttons' pictures were made for
+    qreal buttonRatio = 0.0; // device pixel ratio of the buttons' images
     QString valueUnit;       // of all channels
 
     KeyGraphScale scale;
@@ -101,15 +101,15 @@ public:
     double height = 0.0;
     double halfWidth = 0.0;
     double halfHeight = 0.0;
-    double savedA = 0.0; // what panStart() or zoomStart() remembered
+    double savedA = 0.0; // saved by panStart() or zoomStart()
     double savedB = 0.0;
     KeyGraphScale zoomStartTransform;
-    bool timesFitted = false;    // the time axis shows the animation range over the present width
-    bool timesSetByUser = false; // and is not to be fitted any more
+    bool timesFitted = false;    // the time axis fits the animation range to the present width
+    bool timesSetByUser = false; // and is no longer fitted
     bool wasPainted = false;
     std::optional<int> keysLeft; // of the dope sheet whose time scale is followed
     bool hadChannels = false;
-    bool framePending = false; // the values are framed again for the size of the first picture
+    bool framePending = false; // the values are framed again for the size of the first paint
 
     KeyGraphLook look;
     KeyGraphCurves curves;

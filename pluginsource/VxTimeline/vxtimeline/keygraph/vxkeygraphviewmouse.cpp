@@ -1,4 +1,4 @@
-// What the mouse does in the key graph view.
+// Mouse gestures in the key graph view.
 
 #include <QtGui/QMouseEvent>
 #include <algorithm>
@@ -138,9 +138,8 @@ void VxKeyGraphView::Private::pressOnKey(Qt::KeyboardModifiers modifiers)
     send(message);
 }
 
-// The selection moves with the keys, and so does what the other side shows as selected. Rolling
-// back selects keys in all rows of a holder; those of its channels get the flags of the press
-// again.
+// The selection moves with the keys, and so does its copy in the dope sheet. Rolling back selects
+// keys in all rows of a holder; the flags of its channels are restored from the press.
 void VxKeyGraphView::Private::putKeysBack()
 {
     if (!hold)
@@ -222,9 +221,9 @@ void VxKeyGraphView::Private::hover()
     }
 }
 
-// All channels' changes are reported together; then each tells its selection, because the other
-// side knows keys by the times that they had. A drag that was bound to the values leaves keys
-// beside the frames where they are.
+// All channels' changes are reported together; then each publishes its selection, because the
+// other side identifies keys by their former times. A drag restricted to the value axis leaves
+// keys off the frames at their times.
 void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
 {
     q->setCursor(Qt::PointingHandCursor);

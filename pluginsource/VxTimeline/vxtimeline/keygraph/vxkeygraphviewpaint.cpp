@@ -1,4 +1,4 @@
-// What the key graph view shows.
+// Painting the key graph view.
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOptionRubberBand>
@@ -20,7 +20,7 @@ KeyGraphStage VxKeyGraphView::Private::stage() const
             valueUnit};
 }
 
-// As many as there is room for.
+// As many as fit.
 QStringList VxKeyGraphView::Private::labels() const
 {
     const QVector<VxKeyGraphChannel *> list = channels();
