@@ -4,13 +4,13 @@
 
 namespace {
 
-// What a script gets for a value of one of the pane's choices compares equal to the value's key.
+// A choice of the pane as a script number, which equals the enumeration's key.
 template <typename Enum> QScriptValue enumToScript(QScriptEngine *, const Enum &value)
 {
     return QScriptValue(static_cast<int>(value));
 }
 
-// A whole number is taken as it is and a text as the name of a key. Anything else becomes -1, which
+// A whole number is used as it is and a text as the name of a key. Anything else becomes -1, which
 // is no value of any choice: the slots refuse it.
 template <typename Enum> void enumFromScript(const QScriptValue &value, Enum &result)
 {
@@ -42,12 +42,12 @@ void propertyTypesFromScript(const QScriptValue &value, VxTimePane::PropertyType
 VxTimePaneFactory::VxTimePaneFactory(const char *guid)
     : VxScriptableFactoryOf(guid)
 {
-    // The name that the pane's slots have it under.
+    // The type name in the pane's slots.
     qRegisterMetaType<VxTimePane::PropertyTypes>("PropertyTypes");
 }
 
-// Without a conversion of their own an engine hands out values of enumerations as objects that
-// equal no number, and takes only such numbers for a set as are the value of one of its flags.
+// Without its own conversion an engine returns values of enumerations as objects that equal no
+// number, and accepts only such numbers for a set as are the value of one of its flags.
 void VxTimePaneFactory::registerClass(QScriptEngine *engine) const
 {
     VxScriptableFactoryOf::registerClass(engine);

@@ -21,8 +21,7 @@
 // The factories of the classes that the host and its scripts create by name: the pane and its
 // actions.
 
-// Beyond what all do, lets scripts pass and get the pane's choices and sets of property types as
-// numbers.
+// In addition lets scripts pass and get the pane's choices and sets of property types as numbers.
 class VxTimePaneFactory : public VxScriptableFactoryOf<VxTimePane>
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace {
 
-// One static factory a class, made with the record, so that their order is the table's.
+// One static factory a class, created with the record, so that their order is the table's.
 template <class Factory> VxClassFactory *makeFactory(const char *guid)
 {
     static Factory factory(guid);
@@ -21,8 +21,8 @@ struct RegisteredClass
     const char *guid;
 };
 
-// The classes of the plug-in in the order in which hosts see them. The identifiers are stored by
-// hosts: one that was released stays with its class for good.
+// The classes of the plug-in in the order in which hosts list them. Hosts store the identifiers: a
+// released one must stay with its class.
 const RegisteredClass registeredClasses[] = {
     {makeFactory<VxTimePaneFactory>, "BA1C31B0-5BDA-4EE7-9146-A899EBD85115"},
     {makeFactory<VxTimePaneActionFactory>, "C72B05F2-0AC2-4D26-A32A-7983B7BA54E3"},

@@ -5,9 +5,9 @@
 
 class VxPlugin;
 
-// The two entry points by which a host takes up the plug-in, and all that the library exports.
+// The two entry points through which a host loads the plug-in: the only exports of the library.
 
-// The version of the host library that the plug-in was built against. Asked for first.
+// The version of the host library that the plug-in was built against. Called first.
 extern "C" Q_DECL_EXPORT VxVersion getSDKVersion();
 
 // The plug-in's record: name, author, version, description and one factory a class. Never null, the

@@ -7,17 +7,16 @@
 class QAbstractSpinBox;
 class QLineEdit;
 
-// The font in which a text of that many pixels, set in font, goes into the width that there is:
-// the same one when it fits, else a smaller one, and from seven tenths of its size on a narrower
-// one as well.
+// The font in which a text of textWidth pixels in font fits into width: the same one when it fits,
+// else a smaller one, and below seven tenths of its size a condensed one as well.
 QFont fontForWidth(const QFont &font, int textWidth, int width);
 
-// Keeps the number in a narrow field readable as a whole: the pane's fields are a few digits wide,
-// while scenes have up to a million frames. The digits become smaller as the number grows, so none
-// is hidden beyond the edge. Owned by the field, whose own font stays what it is.
+// Keeps the whole number in a narrow field readable: the pane's fields are a few digits wide, while
+// scenes have up to a million frames. The digits become smaller as the number grows, so none is
+// hidden beyond the edge. Owned by the field, whose own font is unchanged.
 //
-// The font is looked at when the field is painted: a spin box that is given a value tells nobody of
-// its text.
+// The font is updated when the field is painted: setting a spin box's value does not always signal
+// a change of its text.
 class FieldTextFit : public QObject
 {
     Q_OBJECT

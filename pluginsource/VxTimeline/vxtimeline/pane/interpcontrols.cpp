@@ -16,7 +16,7 @@ namespace {
 constexpr int ButtonWidth = 32; // pixels
 constexpr int IconSide = 16;    // pixels
 
-// The mark of the interpolation button: a curve from key to key. side in device pixels.
+// The icon of the interpolation button: a curve from key to key. side in device pixels.
 QPixmap interpolationPixmap(const QColor &color, int side)
 {
     QPixmap pixmap(side, side);

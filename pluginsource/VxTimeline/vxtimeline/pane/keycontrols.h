@@ -10,8 +10,8 @@ class VxBarButton;
 class VxButtonBar;
 class VxStyledButton;
 
-// The pane's buttons for keys: key graph, delete and create, the scope in which keys are created,
-// copy and paste. What they do is connected by the pane.
+// The pane's buttons for keys: key graph, delete and create, the scope of key creation, copy and
+// paste. The pane connects their effects.
 class KeyControls
 {
 public:
@@ -31,7 +31,7 @@ public:
     void buildScopeMenu();
     // The bars that only the advanced view shows: key graph, copy and paste.
     void setAdvancedBarsVisible(bool visible);
-    // What the selected and the copied keys make possible.
+    // Enables the buttons by the selected and the copied keys.
     void setUsable(bool hasSelectedKeys, bool hasCopiedKeys);
     void updateIcons();
 

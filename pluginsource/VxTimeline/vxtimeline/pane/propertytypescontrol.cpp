@@ -19,7 +19,7 @@ PropertyTypesControl::PropertyTypesControl(QWidget *parent, const TimePaneStrip 
     layout->addStretch(1);
 }
 
-// The action menu owns the filter menu and fills it anew each time it is opened.
+// The action menu owns the filter menu and refills it each time it opens.
 void PropertyTypesControl::buildMenu()
 {
     auto *menu = new VxActionMenu(QString(), m_button);

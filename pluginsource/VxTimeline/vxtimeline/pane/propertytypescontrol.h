@@ -6,7 +6,7 @@ class TimePaneStrip;
 class VxFilterMenu;
 class VxStyledButton;
 
-// The pane's button that shows which types of properties have rows, with the menu that sets them.
+// The pane's button that shows the property types with rows, and its menu to set them.
 class PropertyTypesControl
 {
 public:

@@ -58,7 +58,7 @@ void TcbFields::setSizes(int widest, int height)
         box->setFixedSize(qMin(box->maximumWidth(), widest), height);
 }
 
-// Without a value the field stays as it is: the keys have none in common.
+// Without a value the field is unchanged: the keys differ.
 void TcbFields::Field::show(std::optional<float> value)
 {
     if (value)
@@ -98,9 +98,9 @@ void TcbFields::update()
     m_bias.show(ifCommon(m_sheet->getCommonBias(&value)));
 }
 
-// Enter gives the keys what the fields show, whether it was changed or not. A field that is only
-// left changes nothing unless it was edited: not all keys need have what it shows. Meanwhile
-// nothing is written into the field that is being typed in.
+// Enter applies the fields' numbers to the keys, edited or not. Leaving a field applies it only if
+// it was edited, because not all keys need have the shown number. Meanwhile the field being edited
+// is not written to.
 void TcbFields::apply(const QDoubleSpinBox *entered, const EditKeys &editKeys)
 {
     if (m_isBusy)

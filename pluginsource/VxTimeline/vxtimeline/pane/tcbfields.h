@@ -14,8 +14,8 @@ class VxDopeSheetView;
 
 // The pane's fields for tension, continuity and bias of the selected keys.
 //
-// A field shows less of a number than there is. One that still shows what it was given stands for
-// the exact value, so that entering one component does not round the others.
+// A field shows a rounded number. One that still shows its set number has the exact value, so that
+// entering one component does not round the others.
 class TcbFields
 {
 public:
@@ -25,19 +25,19 @@ public:
 
     // Tension, continuity, bias.
     QVector<QDoubleSpinBox *> boxes() const;
-    // Shows what the selected keys have in common; fields of no keys are disabled.
+    // Shows the common values of the selected keys; without keys the fields are disabled.
     void update();
     // Runs an edit of the selected keys as an undo entry with a text.
     using EditKeys = std::function<void(const QString &text, const std::function<void()> &edit)>;
-    // Gives the selected keys what the fields show. entered: the field that was entered or left,
-    // null for none. Nothing for a field that was left unedited.
+    // Applies the fields' numbers to the selected keys. entered: the field that was entered or
+    // left, null for none. Does nothing for a field that was left unedited.
     void apply(const QDoubleSpinBox *entered, const EditKeys &editKeys);
-    // True while the fields are written or their numbers applied.
+    // True while the fields are set or their numbers applied.
     bool isBusy() const { return m_isBusy; }
     void setSizes(int widest, int height);
 
 private:
-    // What a field was last given, and the number that this stands for.
+    // The text last set in a field, and its exact number.
     struct Field
     {
         QDoubleSpinBox *box = nullptr;
@@ -46,7 +46,7 @@ private:
 
         void show(std::optional<float> value);
         bool isEdited() const;
-        // The number that the field stands for now.
+        // The exact number of the field's present text.
         float entered();
     };
     static Field makeField(const char *name, QWidget *parent);

@@ -192,7 +192,7 @@ void TimeFields::setCurrentFrame(int frame)
     vxScene->setTime(timeOf(frame, step));
 }
 
-// The field shows its lowest number; the scene keeps its rate, and the next refresh shows it again.
+// The field shows its minimum; the scene keeps its rate, and the next refresh shows it again.
 void TimeFields::resetFramesPerSecond()
 {
     setOutdated(FramesPerSecond);
@@ -235,7 +235,7 @@ void TimeFields::applyPlayRangeEnd()
     if (!isNumber || m_end->isUntouched())
         return;
     setPlayRangeEnd(frame);
-    // An end that was limited to the present one is no change that the scene would report.
+    // The scene does not report an end that was limited to the present one.
     setOutdated(PlayRange);
     refresh();
 }

@@ -9,10 +9,10 @@ class TimePaneField;
 class TimePaneStrip;
 
 // The pane's fields for total frames, play range, current frame and frames per second: they show
-// the scene's numbers, and what is entered becomes the scene's, within its limits.
+// the scene's numbers and write entered ones to it, within its limits.
 //
-// Frames are counted from time 0 and cut to whole ones. The scene is read when refresh() is called,
-// for those fields only that are marked as outdated.
+// Frames are counted from time 0 and truncated to whole ones. refresh() reads the scene, only for
+// the fields marked as outdated.
 class TimeFields : public QObject
 {
     Q_OBJECT
@@ -36,24 +36,24 @@ public:
 
     // Marks parts as outdated; outdated frames per second make all others outdated, too.
     void setOutdated(Parts parts) { m_outdated |= parts; }
-    // Reloads what is outdated from the scene.
+    // Reloads the outdated parts from the scene.
     void refresh();
 
-    // The numbers in the fields; 0, for the frames per second 1, for a text that is none.
+    // The numbers in the fields; 0, for the frames per second 1, for an invalid text.
     int totalFrames() const;
     int playRangeStart() const;
     int playRangeEnd() const;
     int currentFrame() const;
     int framesPerSecond() const;
-    // These change the scene, and what cannot be is limited or shown as it was. All but the current
-    // frame are recorded for undo.
+    // These change the scene; an impossible number is limited or replaced by the former one. All
+    // but the current frame are recorded for undo.
     void setTotalFrames(int frames);
     void setPlayRangeStart(int frame);
     void setPlayRangeEnd(int frame);
     void setCurrentFrame(int frame);
     void setFramesPerSecond(int fps);
 
-    // For the fields' own signals: take over what was entered.
+    // For the fields' own signals: apply the entered number.
     void applyTotalFrames();
     void applyPlayRangeStart();
     void applyPlayRangeEnd();
@@ -65,7 +65,7 @@ public:
 
 Q_SIGNALS:
     void refreshed();
-    // An entry was refused: what depends on the scene's ranges is to be updated.
+    // An entry was refused: everything that depends on the scene's ranges must be updated.
     void refused();
 
 private:

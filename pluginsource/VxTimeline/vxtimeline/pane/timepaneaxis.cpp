@@ -100,7 +100,7 @@ void TimePaneAxis::update()
     Q_EMIT changed();
 }
 
-// The slider shows the whole animation, the others the play range.
+// The slider shows the whole animation, the other widgets the play range.
 double TimePaneAxis::timeUnder(const QWidget *widget, double x) const
 {
     if (widget == m_slider) {
@@ -111,7 +111,7 @@ double TimePaneAxis::timeUnder(const QWidget *widget, double x) const
     return timeAt(m_views->mapFrom(pane, widget->mapTo(pane, QPoint(int(x), 0))).x());
 }
 
-// In mid-gesture the axis stays as it is: what is being dragged would move under the mouse.
+// During a gesture the axis stays: the dragged item would move under the mouse.
 bool TimePaneAxis::handleWheel(const QWidget *widget, const QWheelEvent *event)
 {
     const QPoint delta = event->angleDelta();
@@ -119,7 +119,7 @@ bool TimePaneAxis::handleWheel(const QWidget *widget, const QWheelEvent *event)
     const bool alt = event->modifiers() & Qt::AltModifier;
     const bool fine = event->modifiers() & Qt::ControlModifier;
     const bool sideways = delta.y() == 0 && delta.x() != 0;
-    // Together with Alt some platforms turn the wheel's direction.
+    // Together with Alt some platforms swap the wheel's axes.
     if (!shift && (!sideways || alt))
         return false;
     if (event->buttons() != Qt::NoButton)

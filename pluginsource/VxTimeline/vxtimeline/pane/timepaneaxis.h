@@ -11,12 +11,12 @@ class VxDopeSheetView;
 class VxKeyGraphView;
 class VxTimeRangeSlider;
 
-// The time axis of the pane: that of the dope sheet, which the key graph follows to the pixel.
+// The time axis of the pane: that of the dope sheet, which the key graph follows pixel by pixel.
 //
-// It also handles the gestures that look around along the axis, the same in dope sheet, ruler, key
-// graph and time range slider: Shift with the wheel zooms about the mouse, a horizontal wheel, or
-// the wheel with Shift and Alt, shifts; with Ctrl both are fine. They change the play range, which
-// is not recorded for undo. Any other use of the wheel is left to the widgets.
+// It also handles navigation along the axis, alike in dope sheet, ruler, key graph and time range
+// slider: Shift with the wheel zooms about the mouse, a horizontal wheel, or the wheel with Shift
+// and Alt, shifts; with Ctrl both are fine. They change the play range without undo. Any other use
+// of the wheel is left to the widgets.
 class TimePaneAxis : public VxTimeAxis
 {
     Q_OBJECT
@@ -31,14 +31,14 @@ public:
     VxTimeRange visible() const override;
     QWidget *overlayParent() const override;
 
-    // Aligns the key graph with the dope sheet and reports a change of the axis. To be called after
-    // anything that it depends on.
+    // Aligns the key graph with the dope sheet and reports a change of the axis. Call it after a
+    // change of anything in State.
     void update();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    // Everything the answers depend on.
+    // All inputs of the axis.
     struct State
     {
         TimelineMetrics metrics;

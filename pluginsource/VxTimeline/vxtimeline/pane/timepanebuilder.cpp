@@ -25,7 +25,7 @@
 
 namespace {
 
-// Rows are worked in all the time, curves now and then: the dope sheet begins with the larger part.
+// The dope sheet is used more than the curves: it starts with the larger share.
 constexpr double FirstDopeSheetShare = 0.69;
 
 } // namespace
@@ -65,8 +65,8 @@ void TimePaneBuilder::buildHeader()
     d->header->setFixedHeight(vxApp->getStyle()->metric(VxStyle::PM_VxDopeSheetHeaderHeight));
 }
 
-// The column lies over a header section that can be resized with the mouse at its edge: it lets
-// the mouse through.
+// The column covers a header section that can be resized with the mouse at its edge: mouse events
+// pass through it.
 void TimePaneBuilder::buildNavColumn()
 {
     d->navColumn = new VxStyledWidget(d->header);
@@ -89,11 +89,11 @@ void TimePaneBuilder::buildDopeSheet()
     d->dopeSheetView->setFrameShape(QFrame::NoFrame);
     d->dopeSheetView->setHeader(d->header);
     d->dopeSheetView->setKeyCommunication(d->keyCommunication);
-    // Left, Right, Home and End step through time here, too; rows are opened with + and -.
+    // Left, Right, Home and End step through time here, too; + and - open and close rows.
     d->dopeSheetView->setProperty("vxTimeAxis", true);
 
-    // Rows report changes in the thousands; filtering them again each time would take longer than
-    // anything else. The pane filters anew when the text or the rows change.
+    // Rows report changes in the thousands; filtering them again each time would dominate the cost.
+    // The pane filters again when the text or the rows change.
     d->filterModel = new VxDopeSheetFilterModel(m_pane);
     d->filterModel->setRecursiveFilteringEnabled(true);
     d->filterModel->setDynamicSortFilter(false);

@@ -8,9 +8,9 @@ class TimePaneField;
 
 // Builds the pane's widget tree and its connections, once, from the pane's constructor.
 //
-// Each group of widgets has a function of its own; the groups are built in the order in which
-// they stand here, because later ones are put into earlier ones. Object names are what style
-// sheets and scripts go by.
+// Each group of widgets has its own function; the groups are built in the order of declaration,
+// because later ones are inserted into earlier ones. Style sheets and scripts refer to object
+// names.
 class TimePaneBuilder
 {
 public:

@@ -1,4 +1,4 @@
-// Who hears whom.
+// Signal connections.
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDoubleSpinBox>
@@ -32,7 +32,7 @@
 
 using Pane = VxTimePane;
 
-// The order counts where one signal has several receivers.
+// Order matters for signals with several receivers.
 void TimePaneBuilder::makeConnections()
 {
     connectSceneTime();
@@ -74,14 +74,14 @@ void TimePaneBuilder::connectSceneNodes()
                      &Pane::handleSceneClearStarting);
     QObject::connect(vxScene, &VxScene::primarySelectionChanged, m_pane,
                      &Pane::handlePrimarySelectionChanged);
-    // Nodes can join and leave the selection while the primary one stays.
+    // The selection can change while the primary node stays.
     QObject::connect(vxScene, &VxScene::nodeSelectionListChanged, m_pane,
                      &Pane::handlePrimarySelectionChanged);
 }
 
-// Whatever changes what is selected: gestures, rows that are removed, keys that others delete,
-// undo. A drag in the graph reports its keys at every move of the mouse, and each time all of them
-// would have to be asked: the fields follow when it rests.
+// Covers all changes of the selection: gestures, removed rows, keys deleted elsewhere, undo. A drag
+// in the graph reports its keys at every mouse move, and each update would read all of them: so the
+// fields follow when the drag rests.
 void TimePaneBuilder::connectKeysOfGraph()
 {
     constexpr int Rest = 50; // milliseconds

@@ -1,4 +1,4 @@
-// The strip of controls: its groups, and what they have in common.
+// The strip of controls: its groups and their common settings.
 
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QDoubleSpinBox>
@@ -46,7 +46,7 @@ void TimePaneBuilder::buildMainControls()
         focus->add(box);
 }
 
-// From left to right; by itself the order would be that in which the controls are made.
+// From left to right; the default would be the order of creation.
 void TimePaneBuilder::orderTabs() const
 {
     const KeyControls &keys = *d->keyControls;

@@ -6,14 +6,14 @@
 
 class QWidget;
 
-// Lets the tool tip of a button tell the shortcut of the command that does the same.
+// Adds the shortcut of the equivalent command to the tool tip of a button.
 //
-// Shortcuts belong to the actions and may be changed at any time, so the tip is completed only when
-// it is about to be shown.
+// Shortcuts belong to the actions and may change at any time, so the tip is completed just before
+// it is shown.
 class TimePaneButtonHelp : public QObject
 {
 public:
-    // Gives every button of the pane its help. Once, when the buttons have their names and tips.
+    // Gives every button of the pane its help. Call it once, after the names and tips are set.
     static void attach(QWidget *pane);
 
 protected:

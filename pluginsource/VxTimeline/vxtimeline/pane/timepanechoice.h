@@ -1,12 +1,12 @@
 #ifndef TIMEPANECHOICE_H
 #define TIMEPANECHOICE_H
 
-// What an action tells the pane about the choice it stands for.
+// An action's choice, for the pane.
 //
-// The pane keeps the check marks of its choices in step with its state, and for key scope and
-// property types the check marks are the state. It knows actions only as QAction, because the
-// actions include the pane and not the other way round; an action that stands for one value of a
-// choice therefore implements this interface beside VxAction, and the pane finds it by a cast.
+// The pane synchronises the check marks of its choices with its state, and for key scope and
+// property types the check marks are the state. It refers to actions only as QAction, because the
+// actions include the pane and not vice versa; an action for one value of a choice therefore
+// implements this interface beside VxAction, and the pane finds it by a cast.
 class TimePaneChoice
 {
 public:

@@ -7,7 +7,7 @@ namespace {
 
 enum Needs { SelectedKeys, CopiedKeys };
 
-// Actions are found by class name here, because the pane does not include them.
+// Actions are identified by class name here, because the pane does not include them.
 const struct ActionNeed
 {
     const char *className;
@@ -104,7 +104,7 @@ int TimePaneChoices::checkedFlags(Family family) const
     return flags;
 }
 
-// An action of the same family may have checked itself before this one was there.
+// An action of the same family may have checked itself before this one was added.
 void TimePaneChoices::restoreScope(QAction *action, int value)
 {
     if (!m_wantedScope)

@@ -3,11 +3,10 @@
 
 #include <QtCore/QEvent>
 
-// The two events that the pane posts to itself, so that many changes of the scene's selection in
-// one turn of the event loop lead to one piece of work. They carry nothing: what to do is read
-// from the scene when they arrive.
+// The two events that the pane posts to itself, to compress many changes of the scene's selection
+// in one event loop iteration. They have no data: the handlers read the scene.
 
-// The dope sheet's selected rows are to follow the scene's selected nodes.
+// Synchronises the dope sheet's selected rows with the scene's selected nodes.
 class VxTimelineScenePrimarySelectionChangeEvent : public QEvent
 {
 public:
@@ -15,7 +14,7 @@ public:
     static QEvent::Type eventType();
 };
 
-// The row of the scene's primary selection is to be scrolled into view.
+// Scrolls the row of the scene's primary selection into view.
 class VxTimelineDopesheetEnsureItemVisibleEvent : public QEvent
 {
 public:

@@ -67,7 +67,7 @@ bool TimePaneField::isUntouched() const
     return m_shown == value();
 }
 
-// A spin box tells of a new value only, which a number out of range need not lead to.
+// A spin box signals only a changed value, which a number out of range need not cause.
 void TimePaneField::handleTextEdited()
 {
     m_shown.reset();

@@ -21,7 +21,7 @@ TimePaneGraphHint::TimePaneGraphHint(VxKeyGraphView *view)
     place();
 }
 
-// The labels change with the scale, which is known when the view is painted.
+// The labels change with the scale, which is final when the view is painted.
 bool TimePaneGraphHint::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == parent() && (event->type() == QEvent::Resize || event->type() == QEvent::Paint))
@@ -29,8 +29,8 @@ bool TimePaneGraphHint::eventFilter(QObject *watched, QEvent *event)
     return QLabel::eventFilter(watched, event);
 }
 
-// In the middle of the view as far as the labels of its axes leave room, in several lines where it
-// is narrow, and hidden where even these do not fit.
+// In the middle of the view between the labels of its axes, in several lines where it is narrow,
+// and hidden where even these do not fit.
 void TimePaneGraphHint::place()
 {
     const auto *view = static_cast<const VxKeyGraphView *>(parentWidget());

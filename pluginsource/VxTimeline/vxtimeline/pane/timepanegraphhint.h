@@ -5,9 +5,9 @@
 
 class VxKeyGraphView;
 
-// A sentence in the middle of a key graph without curves, which says how to show some. It takes no
-// mouse events and never covers the labels of the axes. Not part of the view, because the view
-// paints a picture of its channels alone.
+// A sentence in the middle of a key graph without curves, which explains how to show some. It is
+// transparent for mouse events and never covers the labels of the axes. Not part of the view, which
+// paints only its channels.
 class TimePaneGraphHint : public QLabel
 {
     Q_OBJECT

@@ -1,5 +1,5 @@
-// The key commands: what they change stands in the dope sheet view and in the key room; here are
-// their holds and undo texts, and the filter and scope they obey.
+// The key commands: their holds and undo texts, and the filter and scope that apply. The edits are
+// implemented in the dope sheet view and in the keys folder.
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
@@ -37,7 +37,7 @@ template <typename Visit> void visitSelectedNodes(Visit visit)
         NodeProperties::visitAll(node, visit);
 }
 
-// The node at which keys are made for a selected one, and whether those below get some too.
+// The node at which keys are made for a selected one, and whether its descendants get some too.
 struct KeyTarget
 {
     VxNode *node;
@@ -55,7 +55,7 @@ KeyTarget keyTarget(VxNode *selected, VxTimePane::KeyScope scope)
     return {selected, qobject_cast<VxSkeleton *>(selected) != nullptr};
 }
 
-// The times of a number of frames from one on; fewer where time ends.
+// The times of a number of frames from one on; fewer at the end of the time range.
 QVector<VxTime> frameTimes(VxTime first, int count)
 {
     const qint64 step = vxScene->getTimeStep();
@@ -98,7 +98,7 @@ void VxTimePane::deleteKeys()
     updateActionStates();
 }
 
-// The hold is opened only after the questions: while a dialog is open the scene may well change.
+// The hold is opened only after the questions: the scene may change while a dialog is open.
 void VxTimePane::createFilteredKeys(int numKeys)
 {
     if (!vxScene->getPrimarySelection()) {
@@ -125,8 +125,8 @@ void VxTimePane::createFilteredKeys(int numKeys)
     updateActionStates();
 }
 
-// Keys of single properties are not spread over frames: however many are asked for, they are made
-// at the current time.
+// Keys of single properties are not spread over frames: they are made at the current time whatever
+// the number.
 void VxTimePane::makeFilteredKeys(int numKeys)
 {
     VxNode *selected = vxScene->getPrimarySelection();
@@ -144,8 +144,8 @@ void VxTimePane::makeFilteredKeys(int numKeys)
                              frameTimes(now, numKeys));
 }
 
-// For commands that edit the selected keys. Without a key that they may act on the status line says
-// why.
+// For commands that edit the selected keys. Without an editable key the status line shows the
+// reason.
 void VxTimePane::Private::editSelectedKeys(const QString &text,
                                            const std::function<void()> &edit) const
 {
@@ -283,8 +283,7 @@ VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
     return KeyScope(d->choices.checkedValue(TimePaneChoice::KeyScopeFamily, ScopeNode));
 }
 
-// A selection is reported once for each row, so a call that finds nothing new costs next to
-// nothing.
+// A selection is reported once for each row, so a call without a change must be cheap.
 void VxTimePane::updateActionStates()
 {
     const bool selected = hasSelectedKeys();
@@ -307,7 +306,7 @@ void VxTimePane::updateTCB()
                            });
 }
 
-// What was undone or redone may be the very values that are shown.
+// Undo and redo may change the shown values.
 void VxTimePane::handleUndoIndexChanged()
 {
     if (d->interp->tcb().isBusy())

@@ -44,7 +44,7 @@ void TimePaneKeySelection::setModel(const VxDopeSheetModel *model)
     connect(model, &QObject::destroyed, selection, &VxKeySelection::notifyChanged);
 }
 
-// A key of a row that the graph shows too is selected in both; what only the graph shows is added.
+// A key shown in both views is selected in both; keys that only the graph shows are added.
 VxKeySelectionEntries TimePaneKeySelection::entries() const
 {
     VxKeySelectionEntries entries = m_pane->d->dopeSheetView->getKeyEntries();

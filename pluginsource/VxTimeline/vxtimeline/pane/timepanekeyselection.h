@@ -9,8 +9,8 @@ class VxTimePane;
 
 // Publishes the selected keys of dope sheet and key graph as the application's selection of keys.
 //
-// The selection stays where it is, in the rows and channels; this only reads and writes it, by key
-// holder. Registered from the construction to the destruction.
+// The selection is stored in the rows and channels; this only reads and writes it, by key holder.
+// Registered from construction to destruction.
 class TimePaneKeySelection : public QObject, public VxKeySelectionSource
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     explicit TimePaneKeySelection(VxTimePane *pane);
     ~TimePaneKeySelection() override;
 
-    // The rows were made anew; to be called before there are any.
+    // The rows are rebuilt; call it before the first one exists.
     void setModel(const VxDopeSheetModel *model);
 
     VxKeySelectionEntries entries() const override;

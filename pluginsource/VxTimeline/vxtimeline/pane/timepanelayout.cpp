@@ -1,4 +1,4 @@
-// View modes, the place of the controls, and the key graph's opening and closing.
+// View modes, the position of the controls, and opening and closing the key graph.
 
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
@@ -27,11 +27,11 @@
 namespace {
 
 constexpr int MostViewportHeight = 10000; // pixels
-// What the pane must be wider than its least width for the extras to stay; pixels.
+// Extra width beyond the minimum that is required to keep the extras; pixels.
 constexpr int ExtrasReserve = 5;
 
-// The width that a pane with all extras needs, as measured last. Of the process, because a pane
-// whose extras are hidden cannot tell.
+// The last measured width of a pane with all extras. One per process, because a pane with hidden
+// extras cannot measure it.
 int &widthWithExtras()
 {
     static int width = 0;
@@ -66,8 +66,8 @@ void VxTimePane::setViewMode(ViewMode viewMode)
     d->layoutKeyGraph();
     d->layoutControls();
     d->dopeSheetView->doItemsLayout();
-    // A pane in use must not force its window wider only to find that there is no room. One that
-    // was never shown has no width yet.
+    // A visible pane must not force its window wider before the width check. One that was never
+    // shown has no width yet.
     if (testAttribute(Qt::WA_WState_Created))
         d->checkWidth(this, width());
     if (d->isAdvanced())
@@ -82,7 +82,7 @@ int VxTimePane::Private::nameColumnWidth() const
     return dopeSheetView->columnWidth(VxDopeSheetView::NameColumn);
 }
 
-// Without rows the pane needs no more height than its ruler and strips of controls.
+// Without rows the pane only needs the height of its ruler and strips of controls.
 void VxTimePane::Private::limitHeight() const
 {
     const int ruler = header->height() + 2 * dopeSheetView->frameWidth();
@@ -91,7 +91,7 @@ void VxTimePane::Private::limitHeight() const
         QSizePolicy::Preferred, isAdvanced() ? QSizePolicy::Preferred : QSizePolicy::Maximum);
 }
 
-// Only the advanced view shows names and rows; the others keep the ruler alone.
+// Only the advanced view shows names and rows; the others show just the ruler.
 void VxTimePane::Private::layoutDopeSheet()
 {
     limitHeight();
@@ -122,7 +122,7 @@ void VxTimePane::Private::layoutControls()
     transport->setStepsVisible(!basic);
     if (!basic)
         keyControls->setAdvancedBarsVisible(isAdvanced());
-    // The extras come back as one; the width check decides whether they stay.
+    // The extras reappear together; the width check decides whether they stay.
     if (isAdvanced()) {
         setExtrasVisible(true);
         return;
@@ -139,12 +139,12 @@ void VxTimePane::Private::setExtrasVisible(bool visible)
                                                            keyControls->scopeButton(),
                                                            interp->group(), interp->typeButton()})
         extra->setVisible(visible);
-    // Without waiting for the event loop: the pane's least width may be asked for at once.
+    // Immediately, because the pane's minimum width may be needed before the next event.
     for (QWidget *group : {fields->group(), keyControls->group(), mainControls})
         group->updateGeometry();
 }
 
-// One pixel either side keeps a width at the threshold from switching to and fro.
+// A hysteresis of one pixel on either side avoids toggling at the threshold.
 void VxTimePane::Private::checkWidth(const VxTimePane *pane, int width)
 {
     if (!isAdvanced())

@@ -1,4 +1,4 @@
-// The dope sheet's rows: which nodes have one, and when rows are made anew.
+// The dope sheet's rows: the nodes with rows, and rebuilding.
 
 #include <QtCore/QItemSelectionModel>
 #include <algorithm>
@@ -18,7 +18,7 @@
 
 namespace {
 
-// A name column narrower than this is not worth remembering; pixels.
+// A name column narrower than this is not saved; pixels.
 constexpr int LeastSavedWidth = 25;
 
 bool belongsByItself(const VxNode *node)
@@ -26,7 +26,7 @@ bool belongsByItself(const VxNode *node)
     return node->isVisible() && (!node->isIkNode() || node->isSelectable());
 }
 
-// A helper node that cannot be selected is of no use in the sheet, unless it leads to one that is.
+// A helper node that is not selectable is left out, unless a selectable one is below it.
 bool belongsInSheet(const VxNode *node)
 {
     QVector<const VxNode *> open{node};
@@ -49,8 +49,8 @@ VxNode *topmostAncestor(VxNode *node)
 
 } // namespace
 
-// Views leave their former selection models alone; and a header that is given the view's selection
-// model keeps the one it has made itself.
+// Views do not delete their former selection models, nor does a header delete its own when it is
+// given the view's.
 void VxTimePane::Private::showModel(QAbstractItemModel *model) const
 {
     dopeSheetView->setModel(model);
@@ -95,7 +95,7 @@ void VxTimePane::followSceneChanges()
     connect(vxScene, &VxScene::nodePropertiesChanged, model, &VxDopeSheetModel::propertiesChanged);
     connect(vxScene, &VxScene::nodeParentChanged, model,
             [this](VxNode *, VxNode *, VxNode *newParent) { d->placeRowsAbove(newParent); });
-    // A node that is hidden keeps its row; one that had none because it was hidden gets one.
+    // A node that becomes hidden keeps its row; a node without a row gets one when it is shown.
     connect(vxScene, &VxScene::nodeVisibleChanged, model, [this](VxNode *node, bool visible) {
         if (!visible || d->sceneLoadDepth > 0 || d->dopeSheetModel->findItem(node))
             return;
@@ -104,7 +104,7 @@ void VxTimePane::followSceneChanges()
     });
 }
 
-// Only such rows can have come as rows above another, to the end of theirs.
+// Only such rows may have been appended as ancestors of another row.
 void VxTimePane::Private::placeRowsAbove(VxNode *node) const
 {
     for (; node && !belongsByItself(node); node = node->getNodeParent())
@@ -126,7 +126,7 @@ void VxTimePane::uninitModel()
         handleKeySelectionLost();
 }
 
-// The selection of keys goes with the rows; the key graph and the controls are to follow.
+// The key selection is lost with the rows; the key graph and the controls follow.
 void VxTimePane::handleKeySelectionLost()
 {
     VxKeyMessage message;
@@ -152,7 +152,7 @@ void VxTimePane::refreshDopesheet()
         const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
         uninitModel();
         initModel();
-        // These had rows before, so a scene that is loading does not delay them.
+        // These had rows before, so they are not queued while a scene is loading.
         for (VxNode *node : nodes) {
             if (belongsInSheet(node))
                 d->dopeSheetModel->addNode(node, true);
@@ -161,9 +161,8 @@ void VxTimePane::refreshDopesheet()
     });
 }
 
-// A row that matches makes rows above it appear that had been left out; the filter model notices
-// that only when it is asked. Rows that come, go or are renamed one by one are asked for together,
-// when the model tells of it.
+// A matching row makes filtered out ancestors visible, which the filter model does only on request.
+// The model's signal triggers one request for all rows that are added, removed or renamed singly.
 void VxTimePane::Private::filterAnew() const
 {
     if (!filterModel->filterRegExp().isEmpty())
@@ -177,7 +176,7 @@ void VxTimePane::addDopesheetNode(VxNode *node)
 
 void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
 {
-    // Another listener of an announcement may have removed the node.
+    // Another receiver of the signal may have removed the node.
     if (!node || !node->getScene() || !d->dopeSheetModel)
         return;
     if (d->sceneLoadDepth > 0)

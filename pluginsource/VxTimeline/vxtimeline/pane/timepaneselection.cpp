@@ -1,4 +1,4 @@
-// How the dope sheet's rows follow the scene's selection: once per turn of the event loop.
+// Synchronises the dope sheet's rows with the scene's selection: once per event loop iteration.
 
 #include <QtCore/QCoreApplication>
 #include <vxcore/vxapp.h>
@@ -15,7 +15,7 @@ bool VxTimePane::Private::canPostEvents(const VxTimePane *pane) const
     return refreshBlockCount.loadRelaxed() < 1 && pane->isVisible() && vxApp && !vxApp->isClosing();
 }
 
-// The ruler marks the keys of what is being worked on; of everything when that is nothing.
+// The ruler marks the keys of the primary selection, or all keys without one.
 void VxTimePane::Private::followKeySource() const
 {
     VxDopeSheetItem *source = nullptr;

@@ -1,4 +1,4 @@
-// What is kept from session to session, and the options menu.
+// The pane's stored settings, and the options menu.
 
 #include <QtCore/QMetaEnum>
 #include <vxcore/vxactionmenu.h>
@@ -34,8 +34,8 @@ bool flagOf(const VxSettings *settings, const char *key, bool defaultValue = fal
     return settings->getBoolValue(QLatin1String(key), defaultValue);
 }
 
-// Only the key of the present choice is written, so several of them may be true. The order in
-// which they are asked decides; it belongs to the format.
+// Only the key of the present choice is written, so several of them may be true. The order of the
+// checks decides; it is part of the format.
 VxTimePane::ViewMode storedViewMode(const VxSettings *settings)
 {
     if (flagOf(settings, "AdvancedView"))
@@ -188,7 +188,7 @@ int VxTimePane::getOptionsMenuVersion() const
     return OptionsMenuVersion;
 }
 
-// Entries and sub-menus that are there already are not made again.
+// Existing entries and sub-menus are not added again.
 void VxTimePane::buildOptionsMenu(VxActionMenu *menu)
 {
     if (!menu)

@@ -10,9 +10,8 @@ class VxBarButton;
 class VxButtonBar;
 class VxStyledButton;
 
-// Makes the parts of which the groups of the pane's strip consist, with the style's measures.
-// Object names are what style sheets and scripts use. What is made belongs to the parent that is
-// given.
+// Creates the parts of the groups of the pane's strip, with the style's metrics. Style sheets and
+// scripts use the object names. The given parent owns the created widgets.
 class TimePaneStrip
 {
 public:
@@ -21,11 +20,11 @@ public:
     int margin() const { return m_margin; }               // pixels, between and around controls
     int controlHeight() const { return m_controlHeight; } // pixels
 
-    // A widget with a horizontal layout without margins, as all groups of the strip are.
+    // A widget with a horizontal layout without margins, like all groups of the strip.
     QWidget *makeGroup(const QString &name, QWidget *parent) const;
     static QHBoxLayout *layoutOf(const QWidget *group);
     QLabel *makeLabel(const QString &name, const QString &text, QWidget *parent) const;
-    // A control with its label before it, which is its name for screen readers, too.
+    // A control preceded by its label, which is also its name for screen readers.
     void addLabelled(QHBoxLayout *layout, const QString &name, const QString &text,
                      QWidget *control) const;
     VxButtonBar *makeBar(const QString &name, QWidget *parent) const;

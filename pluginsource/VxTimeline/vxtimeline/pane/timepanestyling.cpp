@@ -1,4 +1,4 @@
-// Sizes and icons that come from the style.
+// Sizes and icons from the style.
 
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbarbutton.h>
@@ -44,7 +44,7 @@ void VxTimePane::doStyling()
     d->keyGraphView->doStyling();
 }
 
-// The playhead's lower edge stands where the ruler ends, or as far below as the style wants.
+// The playhead's lower edge is at the end of the ruler, plus the style's inset.
 void VxTimePane::Private::styleDopeSheet() const
 {
     const VxStyle *style = vxApp->getStyle();

@@ -217,8 +217,8 @@ void VxTimePane::skipToNextFrame()
     vxScene->stepTime(1, true);
 }
 
-// Without a key on that side the time goes to the play range's end of that side; from outside of
-// the range that may be a step the other way.
+// Without a key on that side the time becomes that end of the play range; from outside of the range
+// that may be a step in the other direction.
 void VxTimePane::skipToKey(VxTime found, const QString &undoText)
 {
     VxUndoStackHold hold;

@@ -9,8 +9,8 @@ class TimePaneStrip;
 class VxBarButton;
 class VxButtonBar;
 
-// The pane's bar of playback buttons: which there are, what they show, and which of them the view
-// mode leaves. What they do is connected by the pane.
+// The pane's bar of playback buttons: its buttons, their icons, and their visibility by view mode.
+// The pane connects their effects.
 class TransportControls
 {
 public:
@@ -36,7 +36,7 @@ public:
 
     // The buttons for single frames and keys, with their separators.
     void setStepsVisible(bool visible);
-    // Takes the icons from the style; those of loop and play/pause follow the scene.
+    // Reads the icons from the style; those of loop and play/pause follow the scene.
     void updateIcons();
     void updatePlayIcon();
     void updateLoopIcon(bool loops);

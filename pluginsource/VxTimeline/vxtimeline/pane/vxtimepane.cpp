@@ -55,9 +55,9 @@ void registerMetaTypes()
     Q_UNUSED(once)
 }
 
-// The pane's own width check, before anyone knows how wide it will be; pixels.
+// Width for the first width check, before the real width is set; pixels.
 constexpr int FirstWidth = 100;
-// A name column narrower than this is as good as not there; pixels.
+// A name column narrower than this counts as missing; pixels.
 constexpr int LeastNameColumnWidth = 25;
 
 } // namespace
@@ -80,8 +80,8 @@ VxTimePane::VxTimePane()
     d->checkWidth(this, FirstWidth);
 }
 
-// Widgets still tell of their sizes while they are hidden and destroyed; the record is gone by
-// then, so nobody listens any more. The views go first: they use models and bus to the end.
+// Widgets still report their sizes while they are hidden and destroyed; the record is destroyed by
+// then, so they are disconnected. The views go first: they use models and bus to the end.
 VxTimePane::~VxTimePane()
 {
     vxApp->getKeySelection()->disconnect(this);
@@ -102,8 +102,8 @@ VxKeyGraphView *VxTimePane::getKeyGraphView() const
     return d->keyGraphView;
 }
 
-// The actions belong to the application's pane. One that a script makes beside it must not give
-// them its own state for check marks.
+// The actions belong to the application's pane. A second pane, made by a script, must not set its
+// own state as their check marks.
 void VxTimePane::registerChoices()
 {
     const VxMainWindow *window = vxApp->getInterface();
@@ -121,7 +121,7 @@ QVector<QAction *> VxTimePane::getRegisteredActions() const
 }
 
 // The pane's settings may be restored before the actions exist, so one that is registered late gets
-// the mark that it would have had.
+// its mark here.
 void VxTimePane::registerAction(QAction *action)
 {
     if (!action || d->choices.contains(action))
@@ -168,7 +168,7 @@ bool VxTimePane::event(QEvent *event)
         ensurePrimarySceneNodeVisible();
         return true;
     }
-    // The style tells of its colours before the widgets have them.
+    // The style reports new colours before the widgets have them.
     if (event->type() == QEvent::PaletteChange && d->interp)
         d->interp->updateIcon(palette());
     return VxPane::event(event);

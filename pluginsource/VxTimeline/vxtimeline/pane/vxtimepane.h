@@ -18,18 +18,17 @@ class VxNode;
 
 // The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
 //
-// The pane is the place where these meet; each does its own work. What is here is the widget tree
-// and its view modes, the time fields and transport buttons, the key commands with their undo
-// texts, and the script interface. The sources follow these groups: timepanebuilder builds,
-// timepanelayout shows and hides, timepanetime, timepanekeys and timepanesettings hold the slots
-// of their subject.
+// The pane assembles these parts. Here are the widget tree and its view modes, the time fields and
+// transport buttons, the key commands with their undo texts, and the script interface. The sources
+// follow these groups: timepanebuilder builds, timepanelayout shows and hides, timepanetime,
+// timepanekeys and timepanesettings have the slots of their subject.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxTimePane : public VxPane
 {
     Q_OBJECT
 public:
-    // An int beneath, so that a number from outside can be held and refused.
+    // With a fixed underlying type, so that an invalid number can be passed and refused.
     enum ControlsPosition : int { ControlsBottom = 0, ControlsTop = 1 };
     Q_ENUM(ControlsPosition)
 
@@ -64,14 +63,14 @@ public:
     VxDopeSheetView *getDopeSheetView() const;
     VxKeyGraphView *getKeyGraphView() const;
 
-    // Takes an action into the list whose check marks the pane keeps. Not owned; an action leaves
-    // the list when it is destroyed. Null and an action that is in the list are ignored.
+    // Adds an action to the list whose check marks the pane maintains. Not owned; an action is
+    // removed when it is destroyed. Null and an action already in the list are ignored.
     void registerAction(QAction *action);
     QVector<QAction *> getRegisteredActions() const;
 
     void restoreSettings(VxSettings *settings) override;
     void saveSettings(VxSettings *settings) const override;
-    // Reloads those time fields from the scene that are marked as out of date.
+    // Reloads the outdated time fields from the scene.
     void updateTimeFields() override;
 
 Q_SIGNALS:
@@ -133,7 +132,7 @@ public Q_SLOTS:
     void pasteKeys();
     // 0 Linear, 1 Constant, 2 TCB; anything else is refused with a warning.
     void setInterpType(int interpType);
-    // The five of the text filter have no effect: they are kept for scripts that call them.
+    // The five functions of the text filter have no effect: they are kept for existing scripts.
     void setFilterText(QString text);
     QString getFilterText() const;
     int getNumFilteredMatches() const;

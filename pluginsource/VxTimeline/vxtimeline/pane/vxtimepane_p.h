@@ -30,8 +30,8 @@ class VxPlayheadWgt;
 class VxStyledWidget;
 class VxTimeRangeSlider;
 
-// All state of the pane. Widgets belong to the widget tree; the pointers are set once, by the
-// builder, and are never null afterwards.
+// The private record of the pane. Widgets belong to the widget tree; the pointers are set once, by
+// the builder, and are never null afterwards.
 class VxTimePane::Private
 {
 public:
@@ -74,19 +74,19 @@ public:
     TimePaneKeySelection *keySelection = nullptr;
     QFrame *graphFrame = nullptr;
     QWidget *timeRange = nullptr;
-    QVector<VxNode *> queuedNodes; // that came while a scene is being loaded
+    QVector<VxNode *> queuedNodes; // added while a scene is being loaded
 
     // Marks fields as outdated and reloads them.
     void refreshFields(int parts) const;
 
-    // Says in the window's status line why a command did nothing.
+    // Shows in the window's status line why a command did nothing.
     void tell(const QString &text) const;
     void editSelectedKeys(const QString &text, const std::function<void()> &edit) const;
     void tellWhyNoKeys(VxDopeSheetView::EditableKeys keys) const;
 
     int nameColumnWidth() const;
     bool isAdvanced() const { return viewMode == AdvancedView; }
-    // True when an event may be posted to the pane: somebody will see what it leads to.
+    // False while the pane is hidden, refreshes are blocked or the application is closing.
     bool canPostEvents(const VxTimePane *pane) const;
 
     // The parts of showing a view mode.
@@ -95,22 +95,22 @@ public:
     void layoutKeyGraph();
     void layoutControls();
     void setExtrasVisible(bool visible);
-    // Shows or hides what needs room, by the pane's width.
+    // Shows or hides the extras by the pane's width.
     void checkWidth(const VxTimePane *pane, int width);
-    // Puts range and controls into the pane's layout, above or below.
+    // Inserts range and controls into the pane's layout, above or below.
     void placeControls(VxTimePane *pane) const;
-    // Gives view and header a model; null for none.
+    // Sets the model of view and header; null for none.
     void showModel(QAbstractItemModel *model) const;
-    // Adds a node's rows; those above that are missing go where the scene has them.
+    // Adds a node's rows, and missing ancestor rows at their places in the scene.
     void addRows(VxNode *node, bool addChildren) const;
-    // Puts the rows of a node and those above it that are there for the sake of others only to
-    // their places.
+    // Moves the rows of a node and of ancestors that are listed only for their descendants to their
+    // places.
     void placeRowsAbove(VxNode *node) const;
-    // Lets an active text filter take up rows that came.
+    // Applies an active text filter to added rows.
     void filterAnew() const;
-    // Lets the header mark the keys of the primary selection's row, or of all rows.
+    // Makes the header mark the keys of the primary selection's row, or of all rows.
     void followKeySource() const;
-    // Lets what depends on the name column's width follow it.
+    // Updates everything that depends on the name column's width.
     void followNameColumn() const;
 
     // The parts of styling.

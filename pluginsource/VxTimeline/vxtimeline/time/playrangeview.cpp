@@ -13,7 +13,7 @@ void PlayRangeView::begin(const VxTimeRange &range)
     m_end = range.getEnd();
 }
 
-// Each end goes to the nearest frame, the end at least a frame after the start.
+// Rounds each end to the nearest frame, the end at least a frame after the start.
 VxTimeRange PlayRangeView::result(const Limits &limits)
 {
     const VxTime step = std::max(limits.step, 1);
@@ -31,7 +31,8 @@ VxTimeRange PlayRangeView::zoomed(const VxTimeRange &range, double time, double 
     const double low = std::min<double>(limits.animRange.getStart(), m_start);
     const double high = std::max<double>(limits.animRange.getEnd(), m_end);
     const double shortest = std::max(limits.step, 1);
-    // Where the time is within what is shown, so that the exact range is zoomed about the same.
+    // The time's share of the visible range, so that the exact range is zoomed about the same
+    // point.
     const double shown = range.getDuration();
     const double share =
         shown > 0.0 ? std::clamp((time - range.getStart()) / shown, 0.0, 1.0) : 0.0;

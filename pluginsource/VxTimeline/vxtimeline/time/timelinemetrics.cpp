@@ -4,10 +4,10 @@
 
 namespace {
 
-// What the fit keeps free at the right of the keys column, and the least it fills; pixels.
+// Free space at the right of the keys column after a fit, and its minimum width; pixels.
 constexpr int FreeEdge = 30;
 constexpr int LeastWidth = 5;
-// A second narrower than this (in pixels) counts as none.
+// A second narrower than this (in pixels) counts as zero.
 constexpr double LeastSecondWidth = 1e-11;
 
 } // namespace

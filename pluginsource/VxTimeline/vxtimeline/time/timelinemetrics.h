@@ -6,13 +6,13 @@
 
 #include "vxtimeline/time/timelinesnap.h"
 
-// The horizontal time scale, and every formula that leads from time to pixels and back.
+// The horizontal time scale, and every conversion between times and pixels.
 //
 // One record is shared by the dope sheet view, its header, its delegates and the playhead, so that
-// a mark, the tick below it and the click on it agree to the pixel; the pane alone writes it. A
-// plain value beside that: tests and tools make their own.
+// a mark, the tick below it and the click on it agree to the pixel; only the pane writes it.
+// Otherwise a plain value: tests and tools make their own.
 //
-// Scaled products are formed in 64 bits, so that a play range of many hours keeps its scale.
+// Scaled products use 64 bits, so that a play range of many hours keeps its scale.
 class TimelineMetrics
 {
 public:
@@ -29,17 +29,17 @@ public:
     //   x(t) = t * fps * frameWidth / divisor * zoom / 4800
     int timeToX(VxTime time) const;
 
-    // Where time 0 lies in the keys column, in pixels from its left edge: the play range's start
-    // comes half a key margin right of the edge, times before it left of that.
+    // The position of time 0 in the keys column, in pixels from its left edge: the play range's
+    // start is half a key margin right of the edge, earlier times left of that.
     int keysOrigin(VxTime playRangeStart) const;
 
     // Half a key mark, in whole pixels: from a mark's left edge to its middle.
     int halfFrame() const;
 
     // The left edge of the mark of a key, in the coordinates in which cellX is the left edge of
-    // the keys column. Beyond 2^29 pixels either way all marks are at one place.
+    // the keys column. Beyond 2^29 pixels either way all marks coincide.
     int keyLeft(int cellX, VxTime time, VxTime playRangeStart) const;
-    // The middle of that mark: where ticks and the line of the current time stand.
+    // The middle of that mark: the x of ticks and of the line of the current time.
     int keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const;
 
     // The time at a distance in pixels from time 0, to the tick, truncated towards zero.
@@ -51,18 +51,18 @@ public:
     // Ticks of a pixel, with a fraction; 0 while there is no scale.
     double ticksPerPixel() const;
 
-    // How many ticks of whole seconds fit into a width in pixels, the one at 0 included. The width
-    // itself when a second takes no room.
+    // The number of ticks of whole seconds in a width in pixels, the one at 0 included. The width
+    // itself when a second has no width.
     int secondsCount(int width) const;
 
     // Chooses the zoom that spreads duration ticks over a column of keysWidth pixels, less a free
     // edge. False, and nothing changes, when the column is too narrow to show anything or there is
-    // no scale. A duration below 1 leaves the duration out of the calculation.
+    // no scale. A duration below 1 is ignored in the calculation.
     bool fit(int keysWidth, VxTime duration);
 };
 
-// TimelineMetrics::timeToX() for many times of one scale: a function object without state that
-// changes, small enough to be copied into loops.
+// TimelineMetrics::timeToX() for many times of one scale: an immutable function object, small
+// enough to be copied into loops.
 class TimelinePositions
 {
 public:
@@ -73,7 +73,7 @@ public:
     {
     }
 
-    // Wider than a time, for multiples of a time that no range reaches.
+    // 64 bits, for multiples of a time beyond the range of times.
     int operator()(qint64 time) const
     {
         qint64 scaled = time * m_factor;

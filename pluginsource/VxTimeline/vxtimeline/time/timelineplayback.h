@@ -3,20 +3,19 @@
 
 #include <vxcore/vxtime.h>
 
-// The scene's time as the timeline's parts set it: all of them by the same rule.
+// Setting the scene's time and playing it, by the same rules in all parts of the timeline.
 namespace TimelinePlayback {
 
 // Moves the current time to the nearest frame within the play range. Playback is paused meanwhile
-// and goes on afterwards. Not recorded for undo unless the caller holds.
+// and resumed afterwards. Not recorded for undo unless the caller holds.
 void setTime(VxTime time);
 
-// Starts playback as the option "Play All Frames" says.
+// Starts playback by the option "Play All Frames".
 void play();
 // Pauses or starts.
 void toggle();
 
-// The option, of this process: every frame is shown in playback, however long it takes. False to
-// begin with.
+// The process-wide option: playback shows every frame, however long it takes. Initially false.
 bool playsAllFrames();
 // True when it changed.
 bool setPlaysAllFrames(bool onOff);

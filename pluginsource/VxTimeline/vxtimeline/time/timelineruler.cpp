@@ -8,12 +8,13 @@ namespace TimelineRuler {
 
 namespace {
 
-// Beyond this a step times ten would leave 32 bits; there are not that many frames.
+// Beyond this a step times ten would exceed 32 bits; there are not that many frames.
 constexpr int WidestTick = 100000000;
 
 } // namespace
 
-// The products are single numbers as the width is: so five frames of 1.4 pixels are seven pixels.
+// The products are in single precision like the width: so five frames of 1.4 pixels are seven
+// pixels.
 Steps steps(float frameWidth, int leastSpacing)
 {
     const auto isTooNarrow = [frameWidth, leastSpacing](int frames) {

@@ -6,14 +6,14 @@
 
 #include "vxtimeline/time/timelinemetrics.h"
 
-// Finding what is visible of things that stand along time, without looking at the rest.
+// Finds the visible ones of items along time, without visiting the rest.
 //
-// Positions ascend with time, so the first thing within a span of pixels is found by bisection,
-// and all that share a pixel are passed over together: the result is that of a loop over
-// everything, in the same order.
+// Positions ascend with time, so the first item within a span of pixels is found by bisection,
+// and all that share a pixel are skipped together: the result is that of a loop over everything,
+// in the same order.
 namespace TimelineVisible {
 
-// The first number in low .. high - 1 that does not stand left of x; high when all do.
+// The first index in low .. high - 1 whose position is not left of x; high without one.
 template <typename Position>
 qint64 firstFrom(qint64 low, qint64 high, qint64 x, const Position &position)
 {
@@ -27,8 +27,8 @@ qint64 firstFrom(qint64 low, qint64 high, qint64 x, const Position &position)
     return low;
 }
 
-// The first number after from that stands right of x, where from stands; end when there is none.
-// Its position goes to nextX. The next few are looked at one by one, as there are seldom more.
+// The first index after from whose position is right of x, the position of from; end without one.
+// nextX receives its position. The next few are tried one by one, as there are seldom more.
 template <typename Position>
 qint64 firstAfter(qint64 from, qint64 end, int x, const Position &position, int *nextX)
 {
@@ -49,8 +49,8 @@ qint64 firstAfter(qint64 from, qint64 end, int x, const Position &position, int 
     return to;
 }
 
-// Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) at which something
-// stands: that is numbers from .. to - 1. position(i), for i in first .. end - 1, must ascend.
+// Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) with items at it:
+// indexes from .. to - 1. position(i), for i in first .. end - 1, must ascend.
 template <typename Position, typename Visit>
 void visitAscending(qint64 first, qint64 end, int xMin, int xMax, const Position &position,
                     const Visit &visit)

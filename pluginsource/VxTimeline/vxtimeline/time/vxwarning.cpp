@@ -9,7 +9,7 @@ QString vxSourcePath(const QString &fileName)
     const int root = path.lastIndexOf(QLatin1String("\\src\\"));
     if (root >= 0)
         return path.mid(root);
-    // A compiler cache hands files over relative to the build tree, past the mapping of the root.
+    // A compiler cache passes files relative to the build tree, beyond the mapping of the root.
     const QString up = QStringLiteral("..\\");
     int start = 0;
     while (path.midRef(start).startsWith(up))
@@ -21,7 +21,7 @@ QString vxMethodName(const QString &signature)
 {
     const int arguments = signature.indexOf(QLatin1Char('('));
     const QString head = signature.left(arguments < 0 ? signature.size() : arguments);
-    // What the function returns may end in a star that stands before the name.
+    // The return type may end in a star directly before the name.
     int start = head.lastIndexOf(QLatin1Char(' ')) + 1;
     while (start < head.size() &&
            (head.at(start) == QLatin1Char('*') || head.at(start) == QLatin1Char('&')))

@@ -3,24 +3,24 @@
 
 #include <QtCore/QString>
 
-// Warnings that name the place in the source from which they come.
+// Warnings with their position in the source.
 //
 // A warning reads "path(line): message". The path begins at the last "\src\" of the file's name,
-// so that it tells the same wherever the tree was built; it is written with backslashes.
+// so that it is the same wherever the tree was built; it is written with backslashes.
 
-// A place in the source: what VX_HERE fills in. Borrowed string literals.
+// A position in the source, filled in by VX_HERE. Borrowed string literals.
 struct VxSourcePosition
 {
-    const char *file;     // as __FILE__ tells it
+    const char *file;     // __FILE__
     int line;             // 1-based
-    const char *function; // the whole signature, as Q_FUNC_INFO tells it
+    const char *function; // the whole signature, as in Q_FUNC_INFO
 };
 
 #define VX_HERE (VxSourcePosition{__FILE__, __LINE__, Q_FUNC_INFO})
 
 // The part of a file name from its last "\src\" on. Without one, a name that leads up from the
 // build tree ("../a/b.cpp") is taken as one below the source root, and any other is kept. Slashes
-// count as backslashes and become such.
+// become backslashes.
 QString vxSourcePath(const QString &fileName);
 
 // "Class::method" of a signature such as "virtual void Class::method(bool) const".

@@ -6,7 +6,7 @@ namespace TimeRangeMath {
 
 namespace {
 
-// Sums of times are formed in 64 bits: a play range may lie anywhere.
+// Sums of times use 64 bits: a play range may have any times.
 qint64 bodyDistance(qint64 start, qint64 end, qint64 distance, qint64 animDuration)
 {
     if (distance >= 1 && end + distance > animDuration)

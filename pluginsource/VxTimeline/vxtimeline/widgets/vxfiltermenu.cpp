@@ -25,7 +25,7 @@ void VxFilterMenu::mouseReleaseEvent(QMouseEvent *event)
 }
 
 // A menu neither triggers nor closes for a release over a disabled entry, so the entry is disabled
-// while the menu handles it.
+// while the menu handles the event.
 void VxFilterMenu::tick(QAction *action, QMouseEvent *event)
 {
     const bool wasBlocked = action->blockSignals(true);

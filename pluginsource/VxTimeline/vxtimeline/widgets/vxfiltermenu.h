@@ -11,8 +11,8 @@ public:
     explicit VxFilterMenu(QWidget *parent = nullptr);
     ~VxFilterMenu() override;
 
-    // Emits filterChanged(), unless an entry is being ticked in the open menu: that tells once by
-    // itself, after the entry has had its effect.
+    // Emits filterChanged(), unless an entry is being ticked in the open menu, which emits it once
+    // after the entry has had its effect.
     void notifyFilterChanged();
 
 Q_SIGNALS:

@@ -7,9 +7,9 @@
 
 // The marker that shows the current time on the dope sheet's ruler.
 //
-// It only shows: clicks go through it to what lies beneath. It is a small square, drawn by the
-// style, that moves in its parent; nothing keeps it inside, so a time before the play range puts
-// it left of the ruler.
+// It only shows: clicks pass through to the widget below. It is a small square, drawn by the
+// style, that moves in its parent without limits: a time before the play range places it left of
+// the ruler.
 //
 // The order and argument names of the slots are seen by scripts: keep them.
 class VxPlayheadWgt : public QWidget
@@ -20,7 +20,7 @@ public:
     ~VxPlayheadWgt() override;
 
 public Q_SLOTS:
-    // For a scroll bar; its value is of no interest.
+    // For a scroll bar; its value is ignored.
     void slider(int value);
     // The left edge of the keys column in the parent, in pixels.
     void setHorizontalOffset(int offset);

@@ -17,10 +17,10 @@ using TimeRangeMath::Part;
 
 namespace {
 
-// The end of a saved range that holds nothing yet.
+// The end of an empty saved range.
 constexpr VxTime NothingSaved = -1;
 
-// The play range that the next double click brings back; of this process.
+// The play range that the next double click restores; one per process.
 VxTimeRange &savedRange()
 {
     static VxTimeRange range(NothingSaved, NothingSaved);
@@ -35,7 +35,7 @@ public:
     QScrollBar *scrollBar = nullptr;
     VxGestureGuard *guard = nullptr;
     bool pressed = false;
-    // What lies under the mouse, and what the press has caught: one of three at most.
+    // The part under the mouse, and the part grabbed by the press: at most one of three.
     bool hoverBody = false;
     bool dragBody = false;
     bool hoverStart = false;
@@ -45,7 +45,7 @@ public:
     QPoint pressPos;
     VxTime startAtPress = 0;
     VxTime endAtPress = 0;
-    QRect rangeRect; // as the last hit test saw it
+    QRect rangeRect; // as of the last hit test
 
     void clearHover() { hoverBody = hoverStart = hoverEnd = false; }
     void clearDrag() { dragBody = dragStart = dragEnd = false; }
@@ -74,8 +74,8 @@ VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     , d(std::make_unique<Private>())
 {
     setMouseTracking(true);
-    // An opaque ground, so that nothing behind is painted again with each move of the mouse. The
-    // style takes the attribute for opaque painting from sliders.
+    // An opaque background, so that mouse moves do not repaint the widgets behind. The style
+    // clears the attribute for opaque painting from sliders.
     setBackgroundRole(QPalette::Dark);
     setForegroundRole(QPalette::ButtonText);
     setAutoFillBackground(true);
@@ -89,15 +89,15 @@ VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     d->guard = new VxGestureGuard(this);
     connect(d->guard, &VxGestureGuard::dropped, this, [this] { dropDrag(); });
 
-    // The pane repaints the slider whenever its time scale changes, which it does not while the
-    // keys column is too narrow.
+    // The pane repaints the slider when its time scale changes, but not while the keys column is
+    // too narrow.
     const auto repaint = [this] { update(); };
     connect(vxScene, &VxScene::playRangeChanged, this, repaint);
     connect(vxScene, &VxScene::animRangeChanged, this, repaint);
     connect(vxScene, &VxScene::timeStepChanged, this, repaint);
 }
 
-// The record is gone before the widget is hidden.
+// The private record is destroyed before the base class hides the widget.
 VxTimeRangeSlider::~VxTimeRangeSlider()
 {
     d->guard->end();
@@ -128,7 +128,7 @@ void VxTimeRangeSlider::hover(const QPoint &position)
     update();
 }
 
-// Always from what the range was at the press, so that a drag to and fro loses nothing.
+// Computed from the range at the press, so that a drag back and forth loses nothing.
 void VxTimeRangeSlider::drag(int x, bool isFinal)
 {
     const VxTime duration = vxScene->getAnimRange().getDuration();
@@ -228,7 +228,7 @@ void VxTimeRangeSlider::paintHandle(QPainter *painter, const QRect &rect, int wh
     VxStyleOptionCustom option(which);
     option.initFrom(this);
     option.rect = rect;
-    // A widget under the mouse counts as hovered as a whole; here only the part that is.
+    // State_MouseOver covers the whole widget under the mouse; here it is set for the hovered part.
     option.state.setFlag(QStyle::State_MouseOver, hovered);
     style()->drawPrimitive(static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxRangeHandle),
                            &option, painter, this);

@@ -6,12 +6,12 @@
 
 class QScrollBar;
 
-// A bar that stands for the whole animation range, with the play range as a stretch inside.
+// A bar for the whole animation range, with the play range in it.
 //
-// It keeps no range of its own: what it shows is read from the scene at each paint, and what is
-// dragged is written straight to the scene, which tells everyone. The stretch moves the range,
-// the squares at its ends move one end; a double click shows the whole animation range, and the
-// next one brings the former range back. The value and range of the base class are not used.
+// It stores no range: each paint reads the scene, and drags write straight to the scene, which
+// notifies all views. The body moves the range, the squares at its ends move one end; a double
+// click shows the whole animation range, and the next one restores the former range. The value and
+// range of the base class are not used.
 class VxTimeRangeSlider : public QAbstractSlider
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private:
     void updateCursor(bool overHandle, const QPoint &position);
     void hover(const QPoint &position);
     void drag(int x, bool isFinal);
-    // Ends a drag whose release will not arrive; the play range is that of the press again.
+    // Drops a drag whose release was lost; the play range is that of the press again.
     void dropDrag();
     void paintHandle(QPainter *painter, const QRect &rect, int which, bool hovered) const;
     class Private;
