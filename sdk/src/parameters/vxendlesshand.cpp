@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int Aside = 2;          // from the edge, else the pointer would be sent back at once
-constexpr int SmallestRoom = 100; // on less there is no telling jumps from moves
+constexpr int Aside = 2;          // from the edge, else the pointer would wrap back at once
+constexpr int SmallestRoom = 100; // below it jumps and moves cannot be distinguished
 
 } // namespace
 
@@ -18,12 +18,12 @@ VxEndlessHand::VxEndlessHand(int left, int right)
 int VxEndlessHand::follow(int x)
 {
     const int width = m_right - m_left;
-    // No hand crosses half of a screen from one move to the next.
+    // No real move crosses half of a screen at once.
     if (m_jumping && std::abs(x - m_last) > width / 2 && std::abs(x - m_target) < width / 4) {
         m_shift += m_last - m_target;
         m_jumping = false;
     }
-    // Back from the edge: the pointer was not sent away.
+    // Back from the edge: the pointer was not warped.
     if (m_jumping && x > m_left + width / 4 && x < m_right - width / 4)
         m_jumping = false;
     m_last = x;

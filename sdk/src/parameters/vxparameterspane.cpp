@@ -17,10 +17,10 @@ namespace {
 constexpr QLatin1String CollapsedKey("CollapsedGroups");
 constexpr QLatin1String WidthKey("ValueWidth");
 constexpr int NoticeMilliseconds = 10000;
-/// More nodes are not edited together: their controls would all have to be made and compared.
+/// Larger selections are not edited together: all their controls would be created and compared.
 constexpr int MaxNodes = 5000;
 
-/// A title of one line that never makes the pane wider: names of nodes may be as long as they like.
+/// A title of one line that never widens the pane: names of nodes may be of any length.
 class TitleLabel : public QLabel
 {
 public:
@@ -54,11 +54,11 @@ public:
     QLabel *notice = nullptr; // below the list, so that no row moves
     QTimer noticeTimer;
     QMetaObject::Connection labelConnection;
-    QTimer selectionTimer; // nodes may be selected one by one, by the hundred
+    QTimer selectionTimer; // compresses the selection of many nodes one by one
     int numLeftOut = 0;    // selected nodes beside the primary one, when there are too many
 };
 
-/** At once, so that nobody meets the rows of a node that is no longer the one. */
+/** Immediately, so that the rows of the former node cannot be edited. */
 void VxParametersPane::Private::showPrimary()
 {
     VxNode *primary = vxScene->getPrimarySelection();

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// One flag a row: whether a command on the one at the index is about it, headings as they are.
+/// One flag a row: whether a command on index applies to it, headings as they are.
 std::vector<bool> selectedWith(const QItemSelectionModel *selectionModel, const QModelIndex &index,
                                int rowCount)
 {

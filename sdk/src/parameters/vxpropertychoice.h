@@ -8,16 +8,16 @@ class QModelIndex;
 class VxProperty;
 class VxPropertyListItemModel;
 
-/// Which rows and properties of a property list a command is about.
+/// The target rows and properties of a command on a property list.
 namespace VxPropertyChoice {
 
 using Properties = QVector<VxProperty *>;
 
-/// Those of one row; a heading has those of its group. None for an invalid index.
+/// The properties of one row; a heading has those of its group. None for an invalid index.
 Properties propertiesOf(const VxPropertyListItemModel *model, const QModelIndex &index);
 
-/// A command on a row is about all selected ones when it is one of them, else about itself. A
-/// heading stands for the rows of its group. Each row's properties, from the top.
+/// A command on a selected row applies to all selected ones, else to that row alone. A heading
+/// represents the rows of its group. Each row's properties, from the top.
 QVector<Properties> rowsOf(const VxPropertyListItemModel *model,
                            const QItemSelectionModel *selection, const QModelIndex &index);
 

@@ -25,7 +25,7 @@ QStringList linesOf(QString text)
     return text.split(QLatin1Char('\n'));
 }
 
-/// Gives a row a value; the first trouble, in words.
+/// Sets a row's value; returns the first error as a sentence.
 QString pasteInto(const VxPropertyClipboard::Row &row, VxTime time, const QString &line)
 {
     QString trouble;

@@ -7,17 +7,17 @@
 
 class VxProperty;
 
-/// Values of a property list as text: a line a row, as tables take it.
+/// Values of a property list as text: a line a row, as in spreadsheets.
 namespace VxPropertyClipboard {
 
-/// A row's properties, of which the first is the one that is shown.
+/// A row's properties, the first of which is shown.
 using Row = QVector<VxProperty *>;
 
-/// With every digit. Empty for no rows.
+/// With full precision. Empty for no rows.
 QString text(const QVector<Row> &rows, VxTime time);
 
 /// Sets the value of a single line in all rows, or of several lines in as many rows; one undo
-/// entry. What could not be done, in words; empty when all was.
+/// entry. Returns failures as a sentence; empty on full success.
 QString paste(const QVector<Row> &rows, VxTime time, const QString &text);
 
 } // namespace VxPropertyClipboard

@@ -41,7 +41,7 @@ void paintValue(QPainter *painter, const QStyleOptionViewItem &option, const QMo
                 const VxProperty *property)
 {
     using Switch = VxPropertyPainter::Switch;
-    // Asked once: it may take a look at a thousand properties.
+    // Computed once: it may compare a thousand properties.
     const bool mixed = isMixed(index);
     const VxTime time = vxScene ? vxScene->getTime() : 0;
     const auto *flag = qobject_cast<const VxBoolProperty *>(property);
@@ -78,7 +78,7 @@ void paintCell(QPainter *painter, const QStyleOptionViewItem &option, const QMod
     }
 }
 
-/// Keys that take what was typed and leave the field.
+/// Keys that commit the typed text and leave the field.
 bool commits(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab ||
@@ -123,7 +123,7 @@ QWidget *VxPropertyDelegate::createEditor(QWidget *parent, const QStyleOptionVie
     Q_UNUSED(option)
     const QVector<VxProperty *> properties = propertiesOf(index);
     if (qobject_cast<VxBoolProperty *>(properties.value(0)))
-        return nullptr; // switched by a click
+        return nullptr; // toggled by a click
     if (!qobject_cast<VxNumericProperty *>(properties.value(0))) {
         auto *line = new QLineEdit(parent);
         line->setFrame(false);

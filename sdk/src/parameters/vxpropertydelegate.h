@@ -3,11 +3,11 @@
 
 #include <QtWidgets/QStyledItemDelegate>
 
-/// Paints the rows of a property list and makes the fields in which values are edited.
+/// Paints the rows of a property list and creates the editors of values.
 ///
-/// The look is the painter's; this class knows the rows and the hands: Escape takes back what is
-/// not set yet, a field whose text is no value stays open until it is mended or left, and undo is
-/// the program's and not the field's while nothing is typed.
+/// VxPropertyPainter draws; this class handles rows and input: Escape drops an uncommitted text, a
+/// field whose text is invalid stays open until it is corrected or left, and undo is the program's
+/// and not the field's while nothing is typed.
 class VxPropertyDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
                               const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /// Something could not be done as it was meant, in words.
+    /// A message that an edit could not be applied fully.
     void noticed(const QString &text);
 
 protected:

@@ -7,20 +7,20 @@
 
 #include <QtCore/QPoint>
 
-/// A value dragged by the mouse: hand, steps and gesture together. The edge of the screen does not
-/// stop it. It ends with an undo entry when it is destroyed, unless it was put back.
+/// A value drag by the mouse: pointer wrap, steps and gesture. The edge of the screen does not stop
+/// it. Its destruction makes an undo entry, unless it was put back.
 class VxPropertyDrag
 {
 public:
-    /// place: where the pointer is on the desktop; the drag counts from there.
+    /// place: the position of the pointer on the desktop; the drag is relative to it.
     VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time, const QPoint &place);
 
     void moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers);
-    /// Ends the drag with every value as it was.
+    /// Ends the drag and restores every value.
     void putBack();
-    /// How many steps of theirs the values have been moved.
+    /// The offset of the values in their own steps.
     double steps() const;
-    /// Why some values did not follow; empty when all did.
+    /// Why some values were not changed; empty when all were.
     QString refusal() const;
 
 private:

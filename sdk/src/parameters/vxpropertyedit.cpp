@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Links may go through several of the edited properties, and must not go on forever.
+/// Links may pass through several of the edited properties; the passes must be limited.
 constexpr int MostPasses = 8;
 
 bool isAddedTo(const VxNumericProperty *property)
@@ -25,13 +25,13 @@ bool isAddedTo(const VxNumericProperty *property)
     return holder && holder->isLinkTerminal();
 }
 
-/// A property as it was when the gesture began.
+/// A property's state at the start of the gesture.
 struct Former
 {
     QPointer<VxNumericProperty> property; // null once it is destroyed
     bool hadKey = false;
     double own = 0;  // of the key at the time, or the stored value
-    double base = 0; // what offsets are counted from, as shown
+    double base = 0; // the base of offsets, as shown
 };
 
 double storedValue(const VxNumericProperty *property)
@@ -71,7 +71,7 @@ public:
     void restore();
 
     VxTime time = 0;
-    QString label; // of the first property, which may be gone at the end
+    QString label; // of the first property, which may be destroyed by the end
     std::vector<Former> former;
     int refused = 0; // in the last change
     int locked = 0;
@@ -79,7 +79,7 @@ public:
     VxUndoStackHold hold;
 };
 
-/** Gives each property the value that target(former) tells, as shown. */
+/** Sets each property to target(former), in shown units. */
 bool VxPropertyEdit::Private::change(const Target &target)
 {
     const VxChangeBlock block;
@@ -110,7 +110,7 @@ void VxPropertyEdit::Private::set(Former &each, double value)
     }
 }
 
-/** What a link adds may have changed after the value was set. True when nothing had. */
+/** A link's offset may change after the value was set. True when none did. */
 bool VxPropertyEdit::Private::settle(const Target &target)
 {
     bool settled = true;
@@ -170,7 +170,7 @@ bool VxPropertyEdit::apply(const VxTypedInput &input)
     const bool accepted =
         d->change([&input](const Former &each) { return input.appliedTo(each.base); });
     for (Former &each : d->former) {
-        if (each.property) // steps go on from what has become of it
+        if (each.property) // steps continue from the present value
             each.base = VxPropertyValue::shownValue(each.property, d->time);
     }
     return accepted;

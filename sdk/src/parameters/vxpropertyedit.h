@@ -9,42 +9,42 @@
 class VxProperty;
 struct VxTypedInput;
 
-/// One gesture of a hand on the values of some properties, from the press of a button to its
-/// release, or from the first click on an arrow to the last: one undo entry in the end, or none
-/// when it is put back.
+/// One gesture on the values of some properties, from the press of a button to its release, or
+/// from the first click on an arrow to the last: one undo entry in the end, or none when it is put
+/// back.
 ///
-/// It holds the undo history open while it lives, so it must not outlive the gesture. Each change
-/// is counted from the values there were at the beginning and never from the last change: values
-/// that differ keep their distance, and one that met its limit finds its way back. Playback is
-/// paused, and the time stays the one of the beginning, else a drag would leave a trail of keys.
+/// It holds the undo history open during its lifetime, so it must not outlive the gesture. Each
+/// change is relative to the initial values and never to the last change: values that differ keep
+/// their distance, and one that met its limit returns correctly. Playback is paused, and edits use
+/// the initial time, else a drag would leave a trail of keys.
 class VxPropertyEdit
 {
 public:
-    /// Numbers and switches are edited; other properties, and null, are passed over.
+    /// Numbers and switches are edited; other properties, and null, are skipped.
     VxPropertyEdit(const QVector<VxProperty *> &properties, VxTime time);
-    /// Finishes what is neither finished nor put back.
+    /// Finishes unless already finished or put back.
     ~VxPropertyEdit();
     VxPropertyEdit(const VxPropertyEdit &) = delete;
     VxPropertyEdit &operator=(const VxPropertyEdit &) = delete;
 
-    /// Gives every property the same value, in the unit in which it is shown, within its limits.
-    /// False when one of them refused.
+    /// Sets every property to the same value, in its shown unit, within its limits. False when one
+    /// of them refused.
     bool setValue(double value);
-    /// Does to every property what was typed; nothing when that is no value. False when one of
-    /// them refused.
+    /// Applies typed input to every property; nothing when it is invalid. False when one of them
+    /// refused.
     bool apply(const VxTypedInput &input);
-    /// Moves every property by an amount of its own steps from the value it had at the beginning,
-    /// or got from setValue() or apply() since. False when one of them refused.
+    /// Offsets every property by a number of its own steps from its initial value, or its value
+    /// from setValue() or apply() since. False when one of them refused.
     bool offsetBy(double steps);
 
-    /// Why the last change did not come about for some or all; empty when it did.
+    /// Why the last change failed for some or all; empty on success.
     QString refusal() const;
-    /// Which limits the last change met; empty when none.
+    /// The limits that the last change met; empty when none.
     QString limit() const;
 
     /// Ends the gesture with an undo entry; with none when nothing changed.
     void finish();
-    /// Ends the gesture with every key and value as it was at the beginning.
+    /// Ends the gesture and restores every key and value.
     void putBack();
 
 private:

@@ -21,7 +21,7 @@ QString shown(const VxNumericProperty *property, double value)
     return property->isPercentage() ? digits + QLatin1Char('%') : digits;
 }
 
-/// With its node, where there is one.
+/// With its node's name, if any.
 QString fullName(const VxProperty *property)
 {
     const VxNode *node = VxPropertyHelper::getNode(property);

@@ -8,26 +8,26 @@
 
 class VxNumericProperty;
 
-/// The tool tips of a property list: what a mark means, and why a value cannot be changed.
+/// The tool tips of a property list: the meaning of marks, and why a value cannot be changed.
 namespace VxPropertyHints {
 
-/// Empty for a row that takes no keys.
+/// Empty for a row that cannot have keys.
 QString keyHint(VxPropertyListItemModel::KeyState state, bool editable);
-/// Group and label, and below it what is special about the property. Not for an empty list.
+/// Group and label, and below it the property's special traits. Not for an empty list.
 QString propertyHint(const QVector<VxProperty *> &properties);
-/// What a field may be too narrow to tell of the values at a time: every digit, or between which
-/// ones they lie. Empty for what is no number.
+/// The values at a time that a field may be too narrow for: full precision, or their minimum and
+/// maximum. Empty for values that are not numbers.
 QString valueHint(const QVector<VxProperty *> &properties, VxTime time);
 
-/// By how much values that differ are being dragged, in the first one's steps: with its sign.
+/// The offset of a drag of different values, in the first one's steps: with its sign.
 QString offset(const VxNumericProperty *property, double steps);
 
 /// Why values were not set: `refused` out of `count`, of which `locked` are locked or follow
 /// another value. Empty when none was refused.
 QString refusal(const QString &label, int refused, int locked, int count);
-/// That a value, as shown, was cut off at the limits of a property or rounded by it.
+/// The message for a shown value that a property limited or rounded.
 QString limits(const VxNumericProperty *property, double value);
-/// That a text is no value.
+/// The message for an invalid text.
 QString unreadable(const QString &text);
 
 } // namespace VxPropertyHints

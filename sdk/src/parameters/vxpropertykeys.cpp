@@ -15,7 +15,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxPropertyKeys", text);
 }
 
-/// Whether setting a value makes a key is up to the scene; here a key is what is wanted.
+/// Makes a key regardless of the scene's animating state.
 void setKeyTo(VxNumericProperty *property, VxTime time, double value)
 {
     if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
@@ -25,7 +25,7 @@ void setKeyTo(VxNumericProperty *property, VxTime time, double value)
     auto *number = qobject_cast<VxFloatProperty *>(property);
     if (!number)
         return;
-    // As a key that is made by a value: shaped like the one before it.
+    // Like a key made by setting a value: shaped like the previous one.
     const int before = number->getFirstKeyFrom(time) - 1;
     float tension = 0, continuity = 0, bias = 0;
     int type = number->getDefaultInterpolation();
@@ -41,7 +41,7 @@ void setKey(VxProperty *property, VxTime time)
         return;
     const double value = number->getDoubleValue(time);
     setKeyTo(number, time, value);
-    // What a link adds is no part of the key.
+    // A link's offset is no part of the key.
     const double added = number->getDoubleValue(time) - value;
     if (added != 0)
         setKeyTo(number, time, value - added);

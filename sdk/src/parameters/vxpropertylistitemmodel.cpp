@@ -20,15 +20,15 @@
 
 namespace {
 
-/// Gives up the model's reference; others may still hold theirs.
+/// Releases the model's reference; others may still hold theirs.
 struct Unref
 {
     void operator()(VxPropertyListNode *node) const { node->unref(); }
 };
 using ListNode = std::unique_ptr<VxPropertyListNode, Unref>;
 
-/// Where a property is: its row and its place in it, and the same for the group's heading, which
-/// there may be none of.
+/// The location of a property: its row and its index in it, and the same for the group's heading,
+/// if any.
 struct Place
 {
     int row = -1;
@@ -64,7 +64,7 @@ public:
     void loseProperty(const VxProperty *property);
     void loseNode(VxNode *node);
     void findPlaces();
-    /// The properties of a row that is no heading; the first decides what is shown.
+    /// The properties of a row that is no heading; the first is shown.
     QVector<VxProperty *> propertiesAt(const QModelIndex &index) const;
     QVariant headingData(int row, int role) const;
     QVariant labelData(const VxPropertyListNode *row, int role) const;
@@ -77,16 +77,16 @@ public:
     std::vector<ListNode> listNodes; // one a row
     QHash<const VxProperty *, Place> places;
     QVector<QMetaObject::Connection> connections;
-    bool lost = false;  // whether a listed property has gone since the rows were made
-    QTimer updateTimer; // several properties may come, go or change in one turn of the event loop
+    bool lost = false;  // whether a listed property was removed since the rows were built
+    QTimer updateTimer; // compresses all changes of one event loop iteration
 };
 
-/// Makes the rows anew when there are others now; else only shows the present ones again, so that
-/// a lock or a label costs nobody the selection or an open editor.
+/// Rebuilds the rows when they differ; else only refreshes the present ones, so that a lock or a
+/// label keeps the selection and an open editor.
 void VxPropertyListItemModel::Private::update()
 {
     updateTimer.stop();
-    // Addresses tell nothing once a property is gone: the next one may have the same.
+    // Addresses of destroyed properties do not identify: the next property may have the same.
     if (lost || vxPropertyListRows(q->getNodes()) != rows) {
         rebuild();
         return;
@@ -184,7 +184,7 @@ void VxPropertyListItemModel::Private::refreshProperty(const VxProperty *propert
     refresh(row, row, LabelColumn);
 }
 
-/** Its row goes without it until the rows are made anew: thousands may leave one by one. */
+/** Its row lacks it until the rows are rebuilt: thousands may be removed one by one. */
 void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
 {
     updateTimer.start();

@@ -18,7 +18,7 @@ VxPropertyListMemory::RowName VxPropertyListMemory::nameOf(const VxSideNavProper
 void VxPropertyListMemory::remember(const VxSideNavPropertyListView *view)
 {
     const QItemSelectionModel *selection = view->selectionModel();
-    // An empty list, such as between two nodes, has nothing to tell.
+    // An empty list, such as between two nodes, is not saved.
     if (!selection || view->getPropertyListModel()->rowCount() == 0)
         return;
     m_selected.clear();
@@ -28,7 +28,7 @@ void VxPropertyListMemory::remember(const VxSideNavPropertyListView *view)
     if (m_hasCurrent)
         m_current = nameOf(view, selection->currentIndex().row());
     const int scroll = view->verticalScrollBar()->value();
-    // A short list in between does not lose the place in a long one.
+    // A short list in between does not lose the position in a long one.
     if (scroll != m_shown)
         m_scroll = scroll;
 }
@@ -38,7 +38,7 @@ void VxPropertyListMemory::restore(VxSideNavPropertyListView *view)
     const VxPropertyListItemModel *model = view->getPropertyListModel();
     QItemSelection selection;
     QModelIndex current;
-    int first = -1; // of rows in a row: what asks a selection for each row goes through its ranges
+    int first = -1; // of contiguous rows: isSelected() for each row walks through all ranges
     for (int row = 0; row <= model->rowCount(); ++row) {
         const bool listed = row < model->rowCount();
         const RowName name = listed ? nameOf(view, row) : RowName();

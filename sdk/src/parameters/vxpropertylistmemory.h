@@ -7,14 +7,14 @@
 
 class VxSideNavPropertyListView;
 
-/// What a property list's view shows and has selected, by the names of the rows, so that it can be
-/// found again when the rows are those of another node.
+/// The selection and scroll position of a property list's view, by the names of the rows, to be
+/// restored when the list shows another node.
 class VxPropertyListMemory
 {
 public:
-    /// Takes note of selection, current row and scroll position.
+    /// Saves selection, current row and scroll position.
     void remember(const VxSideNavPropertyListView *view);
-    /// Selects what is there of it, in one change of the selection.
+    /// Selects the saved rows that exist, in one change of the selection.
     void restore(VxSideNavPropertyListView *view);
 
 private:
@@ -25,8 +25,8 @@ private:
     QSet<RowName> m_selected;
     RowName m_current;
     bool m_hasCurrent = false;
-    int m_scroll = 0; // that was wanted
-    int m_shown = 0;  // what of it the list was long enough for
+    int m_scroll = 0; // the requested position
+    int m_shown = 0;  // that position, limited by the list's length
 };
 
 #endif

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What makes properties of different nodes the same one.
+/// Identifies the same property of different nodes.
 using PropertyKey = QPair<QString, QString>; // path and name
 
 PropertyKey keyOf(const VxProperty *property)
@@ -29,7 +29,7 @@ bool isListed(const VxProperty *property)
     return !property->isHidden() && !property->isDynamicallyHidden();
 }
 
-/// Goes through the groups of the first node and makes the rows.
+/// Builds the rows from the groups of the first node.
 class RowBuilder
 {
 public:
@@ -48,7 +48,7 @@ public:
         for (int i = 0; i < group->getNumProperties(); ++i)
             addProperty(group->getProperty(i), group->getPath());
         if (first == m_rows.size())
-            m_rows.resize(heading); // nothing below it to head
+            m_rows.resize(heading); // an empty group has no heading
         for (int i = first; i < m_rows.size() && heading < first; ++i)
             m_rows[heading].properties += m_rows.at(i).properties;
         for (int i = 0; i < group->getNumChildren(); ++i)

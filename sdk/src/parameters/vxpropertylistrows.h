@@ -7,7 +7,7 @@
 class VxNode;
 class VxProperty;
 
-/// A row of a property list: a property, the first of those that it stands for, or a heading.
+/// A row of a property list: a heading, or a property, the first of those in the row.
 struct VxPropertyListRow
 {
     QString heading; ///< empty for a property
@@ -20,7 +20,7 @@ struct VxPropertyListRow
     }
 };
 
-/// The rows for some nodes, the one that decides first; no rows without nodes. A group whose name
+/// The rows for some nodes, the decisive one first; no rows without nodes. A group whose name
 /// another group has too is headed by its parent's name as well.
 QVector<VxPropertyListRow> vxPropertyListRows(const QVector<VxNode *> &nodes);
 

@@ -88,7 +88,7 @@ void VxPropertyMenu::addValueCommands(bool editable)
     paste->setShortcut(QKeySequence::Paste);
     paste->setEnabled(editable && !text.isEmpty());
     for (QAction *shown : {copy, paste})
-        shown->setShortcutContext(Qt::WidgetShortcut); // the list takes the keys; told here
+        shown->setShortcutContext(Qt::WidgetShortcut); // for display only
     addAction(tr("Reset to Default"), this, [this] {
         VxPropertyKeys::reset(m_properties, now());
     })->setEnabled(editable);

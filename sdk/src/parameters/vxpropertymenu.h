@@ -6,8 +6,8 @@
 
 class VxProperty;
 
-/// The context menu of a property list: commands on the keys and values of some rows, each of which
-/// stands for some properties. What makes no sense for them at the scene's time is disabled.
+/// The context menu of a property list: commands on the keys and values of some rows, each with
+/// one or several properties. Commands without an effect at the scene's time are disabled.
 class VxPropertyMenu : public QMenu
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     explicit VxPropertyMenu(const QVector<QVector<VxProperty *>> &rows, QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    /// Something could not be done as it was meant, in words.
+    /// A message that an edit could not be applied fully.
     void noticed(const QString &text);
 
 private:

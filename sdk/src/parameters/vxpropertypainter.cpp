@@ -18,8 +18,8 @@ constexpr int AxisStripe = 3;
 constexpr qreal MarkReach = 4.5; // half a key mark's diagonal
 constexpr QSize Padlock(9, 10);
 
-constexpr qreal FrameStrength = 0.3; // of a field's frame, between its ground and the text
-constexpr qreal WordStrength = 0.7;  // of a word that stands for a value, likewise
+constexpr qreal FrameStrength = 0.3; // of a field's frame, between its background and the text
+constexpr qreal WordStrength = 0.7;  // of a word in place of a value, likewise
 constexpr int SwitchSide = 13;
 
 QColor mix(const QColor &a, const QColor &b, qreal share)
@@ -28,7 +28,7 @@ QColor mix(const QColor &a, const QColor &b, qreal share)
     return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
 }
 
-/// A colour of the host's style; another one under a style that knows no names.
+/// A colour of the host's style; a substitute under a style without named colours.
 QColor styleColor(const QStyleOptionViewItem &option, const char *name, const QColor &otherwise)
 {
     const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
@@ -58,7 +58,7 @@ QColor axisColor(const QStyleOptionViewItem &option, int axis)
     }
 }
 
-/// The ground on which a value stands; framed where it can be changed.
+/// The background of a value; framed if it can be changed.
 void drawField(QPainter *painter, const QStyleOptionViewItem &option, const QRect &field,
                bool enabled)
 {
@@ -182,7 +182,7 @@ void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem
     painter->save();
     const bool enabled = VxPropertyValue::isEditable(property);
     const QRect field = fieldRect(option.rect);
-    QStyleOptionViewItem plain = option; // the field has its own ground, selected or not
+    QStyleOptionViewItem plain = option; // the field has its own background, selected or not
     plain.state &= ~QStyle::State_Selected;
     const QColor color = textColor(plain, enabled);
     QRect room = field.adjusted(Margin, 0, -Margin, 0);

@@ -3,26 +3,26 @@
 
 #include <QtCore/Qt>
 
-/// How far a value is dragged by a hand that moves sideways, in the value's steps: a step every
-/// other pixel; ten times as much with Ctrl, a tenth with Shift.
+/// The offset of a horizontal value drag, in the value's steps: a step every other pixel; ten times
+/// as much with Ctrl, a tenth with Shift.
 ///
-/// Pressing or releasing a modifier counts from where the hand is: what was dragged before stays.
+/// Pressing or releasing a modifier affects only the movement after it.
 class VxPropertyScrub
 {
 public:
     VxPropertyScrub() = default;
-    /// x is where the drag begins, in pixels.
+    /// x is the start of the drag, in pixels.
     explicit VxPropertyScrub(int x)
         : m_anchor(x)
     {
     }
 
-    /// The steps from the beginning to a place, which is to the right of it when positive.
+    /// The steps from the start to x, positive to the right.
     double moveTo(int x, Qt::KeyboardModifiers modifiers);
 
 private:
-    int m_anchor = 0;    // where the present factor began to count
-    double m_before = 0; // the steps up to there
+    int m_anchor = 0;    // start of the present factor
+    double m_before = 0; // steps up to the anchor
     double m_factor = 1;
 };
 

@@ -55,7 +55,7 @@ VxPropertySpinBox::VxPropertySpinBox(const QVector<VxProperty *> &properties, QW
     m_soon.setInterval(0);
     connect(&m_soon, &QTimer::timeout, this, &VxPropertySpinBox::showValue);
     showValue();
-    selectAll(); // what is typed first takes its place
+    selectAll(); // typing replaces it
 }
 
 VxPropertySpinBox::~VxPropertySpinBox() = default;
@@ -112,7 +112,7 @@ void VxPropertySpinBox::begin()
     }
 }
 
-/** A limit is worth a word for what was typed; steps are seen to stop there. */
+/** Reports a limit for typed input only; steps visibly stop there. */
 void VxPropertySpinBox::tell(bool typed)
 {
     const QString trouble = m_edit->refusal();

@@ -11,42 +11,42 @@ class VxProperty;
 class VxPropertyEdit;
 struct VxTypedInput;
 
-/// The field in which a number of a property list is typed or stepped.
+/// The editor for typing or stepping a number of a property list.
 ///
-/// Steps change the properties at once, so that the figure is seen to follow; those that come
-/// within half a second of each other are one undo entry. What is typed may be arithmetic and is
-/// set when the field is committed: the text is read then and not on the way, so that a value
-/// beyond the limits is cut off with a word and not by refusing digits. While nothing is typed the
-/// field shows the value at the scene's time with all its digits, or nothing when values differ.
+/// Steps change the properties at once, so that the figure follows; steps within half a second of
+/// each other are one undo entry. Typed text may be arithmetic and is read when the field is
+/// committed, not while typing, so that a value beyond the limits is clamped with a message instead
+/// of digits being refused. While nothing is typed the field shows the value at the scene's time
+/// with full precision, or nothing when values differ.
 class VxPropertySpinBox : public QAbstractSpinBox
 {
     Q_OBJECT
 public:
-    /// The first property decides what is shown; the list is not empty.
+    /// The first property is shown; the list is not empty.
     VxPropertySpinBox(const QVector<VxProperty *> &properties, QWidget *parent);
     ~VxPropertySpinBox() override;
 
-    /// True when the text was typed and is not set yet.
+    /// True when the text was typed and is not committed.
     bool isTyped() const;
-    /// True when the text was typed and is no value. Says so, when it is.
+    /// True, with a message, when the text was typed and is invalid.
     bool complain();
-    /// Shows the present value in place of what is not typed.
+    /// Shows the present value unless text was typed.
     void showValue();
-    /// The same when the event loop is next at rest: a thousand properties may report one by one.
+    /// The same at the next event loop iteration: a thousand properties may report one by one.
     void showValueSoon();
-    /// Sets what was typed, and ends the steps.
+    /// Commits typed text, and ends the steps.
     void commit();
     /// Ends the steps with their undo entry.
     void finishSteps();
-    /// Takes back the steps that are no undo entry yet, and forgets what was typed.
+    /// Reverts the steps without an undo entry yet, and drops typed text.
     void putBack();
 
     void stepBy(int steps) override;
-    /// Refuses only what can be no part of a number.
+    /// Refuses only characters that cannot be part of a number.
     QValidator::State validate(QString &input, int &position) const override;
 
 Q_SIGNALS:
-    /// Something could not be done as it was meant, in words.
+    /// A message that an edit could not be applied fully.
     void noticed(const QString &text);
 
 protected:

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int ShownDecimals = 4;
-constexpr int FloatDigits = 9; // tell any two floats apart
+constexpr int FloatDigits = 9; // enough to distinguish any two floats
 constexpr double ManyDigits = 1e12;
 /// Limits are narrow when fewer steps than this lie between them.
 constexpr double FewSteps = 20;
@@ -36,7 +36,7 @@ VxPropertyValue::Result setSwitch(VxBoolProperty *property, VxTime time, const Q
     return property->setValue(time, yes ? 1 : 0) ? VxPropertyValue::Set : VxPropertyValue::Refused;
 }
 
-/// The shortest decimal number that is read as the same float.
+/// The shortest decimal number that parses to the same float.
 double shortest(float value)
 {
     char text[32];

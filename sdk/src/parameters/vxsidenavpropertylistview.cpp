@@ -24,11 +24,11 @@
 namespace {
 
 constexpr int KeyWidth = 22;
-// Of the values' column, while nobody has chosen another one.
+// Share of the value column, until the user sets its width.
 constexpr qreal ValueShare = 0.38;
 constexpr int NarrowestValue = 64;
 constexpr int WidestValue = 160;
-constexpr qreal LargestShare = 0.6; // of a column that was chosen in a wider list
+constexpr qreal LargestShare = 0.6; // of a column whose width was set in a wider list
 
 VxTime now()
 {
@@ -73,18 +73,18 @@ public:
     VxSideNavPropertyListView *q;
     QSet<QString> collapsed;
     VxPropertyListMemory memory;
-    int valueWidth = 0; // as chosen
+    int valueWidth = 0; // set by the user
     bool fitting = false;
 
     QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
     QPoint pressPlace;
-    std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift, unless it becomes a drag
+    std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift that may become a drag
     std::shared_ptr<VxPropertyDrag> drag;
-    bool spent = false; // the drag is over, but the button still held
+    bool spent = false; // the drag has ended, but the button is still held
 
-    // A press first ends the typing in another place, and then has its own meaning.
-    QPersistentModelIndex keyedByPress; // a row that got its key by what was typed
-    bool toldByPress = false;           // whether there was something to be said about it
+    // A press first ends the typing in another field, and then has its own effect.
+    QPersistentModelIndex keyedByPress; // a row that got its key from typed text
+    bool toldByPress = false;           // whether the commit showed a message
 };
 
 QVector<VxProperty *>
@@ -125,7 +125,7 @@ bool VxSideNavPropertyListView::Private::isEditable(const QModelIndex &index) co
            index.flags() & Qt::ItemIsEditable;
 }
 
-/** The next field that can be typed into, from a row downwards (1) or upwards (-1). */
+/** The next editable field, from a row downwards (1) or upwards (-1). */
 QModelIndex VxSideNavPropertyListView::Private::valueBeside(const QModelIndex &index,
                                                             int direction) const
 {
@@ -144,7 +144,7 @@ QRect VxSideNavPropertyListView::Private::rowRect(const QModelIndex &index) cons
     return {0, cell.top(), q->viewport()->width(), cell.height()};
 }
 
-/** Once for new rows, and before any is hidden: each call lays out anew what is not. */
+/** Once for new rows, and before any is hidden: each call lays out all visible rows again. */
 void VxSideNavPropertyListView::Private::showHeadings()
 {
     const VxPropertyListItemModel *model = q->getPropertyListModel();
@@ -177,7 +177,7 @@ void VxSideNavPropertyListView::Private::fitColumns()
     fitting = false;
 }
 
-/** With its undo entry; what follows until the button is released means nothing. */
+/** With its undo entry; events until the release are ignored. */
 void VxSideNavPropertyListView::Private::endGesture()
 {
     if (drag)
@@ -188,7 +188,7 @@ void VxSideNavPropertyListView::Private::endGesture()
     pressed = QModelIndex();
 }
 
-/** True when the press was a command of its own and means nothing to the selection. */
+/** True when the press was a command of its own and does not select. */
 bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, const QPoint &place)
 {
     const VxPropertyListItemModel *model = q->getPropertyListModel();
@@ -202,7 +202,7 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
         return true;
     }
     if (index.column() == VxPropertyListItemModel::KeyColumn) {
-        // Whoever types and clicks the mark wants the key that is there by now.
+        // A click on the mark after typing keeps the key that the commit made.
         if (index.row() != keyedByPress.row())
             VxPropertyKeys::toggleKeys(targetsOf(index), now());
         return true;
@@ -223,7 +223,7 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
     }
     if (!drag)
         return;
-    const std::shared_ptr<VxPropertyDrag> moved = drag; // what listens may end the gesture
+    const std::shared_ptr<VxPropertyDrag> moved = drag; // listeners may end the gesture
     const QPointer<VxSideNavPropertyListView> view = q;
     moved->moveTo(event->globalPos(), event->modifiers());
     if (!view || drag != moved)
@@ -236,7 +236,7 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
         Q_EMIT q->noticed(refusal);
 }
 
-/** The press with Ctrl or Shift was no drag, so it is one that selects. */
+/** The press with Ctrl or Shift was no drag, so it selects. */
 void VxSideNavPropertyListView::Private::pressLate()
 {
     const std::unique_ptr<QMouseEvent> press = std::move(selecting);
@@ -245,7 +245,7 @@ void VxSideNavPropertyListView::Private::pressLate()
         q->QTreeView::mousePressEvent(press.get());
 }
 
-/** What a click on a value does. */
+/** The effect of a click on a value. */
 void VxSideNavPropertyListView::Private::activate(const QModelIndex &value)
 {
     if (isSwitch(value))
@@ -254,7 +254,7 @@ void VxSideNavPropertyListView::Private::activate(const QModelIndex &value)
         q->edit(value);
 }
 
-/** Switches that differ are switched on first. */
+/** Switches with different values are first switched on. */
 void VxSideNavPropertyListView::Private::flip(const QModelIndex &value)
 {
     const Properties properties = propertiesOf(value);
@@ -265,7 +265,7 @@ void VxSideNavPropertyListView::Private::flip(const QModelIndex &value)
         Q_EMIT q->noticed(edit.refusal());
 }
 
-/** Begins to type with the key's own text. */
+/** Starts editing with the key's own text. */
 bool VxSideNavPropertyListView::Private::typeInto(const QModelIndex &value, QKeyEvent *event)
 {
     const QString text = event->text();
@@ -292,7 +292,7 @@ bool VxSideNavPropertyListView::Private::openOrClose(const QModelIndex &index, i
     return true;
 }
 
-/** Copies or pastes, when that is what the key stands for. */
+/** Copies or pastes, when the key is a shortcut for it. */
 bool VxSideNavPropertyListView::Private::takeText(const QKeyEvent *event)
 {
     const bool copies = event->matches(QKeySequence::Copy);
@@ -367,7 +367,7 @@ void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
     connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         d->endGesture();
         d->memory.remember(this);
-        // Listeners hear that the former rows are no longer selected: a reset would not tell.
+        // Reports the deselection of the former rows: a reset would not.
         clearSelection();
     });
     connect(newModel, &QAbstractItemModel::modelReset, this, [this] {
@@ -419,7 +419,7 @@ void VxSideNavPropertyListView::setValueWidth(int width)
     d->fitColumns();
 }
 
-/** Keys that mean something here, whatever they mean elsewhere. */
+/** Keys with priority over shortcuts elsewhere. */
 bool VxSideNavPropertyListView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
@@ -488,7 +488,7 @@ void VxSideNavPropertyListView::mouseReleaseEvent(QMouseEvent *event)
         d->activate(clicked);
 }
 
-/** The second press of a double click means what the first one did, except on a heading's text. */
+/** The second press of a double click acts like the first, except on a heading's text. */
 void VxSideNavPropertyListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());
@@ -505,7 +505,7 @@ void VxSideNavPropertyListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
 {
-    // While a value is dragged, no other key may begin something else with it.
+    // While a value is dragged, no other key may start another edit of it.
     if (d->drag) {
         if (event->key() == Qt::Key_Escape) {
             d->drag->putBack();
@@ -513,7 +513,7 @@ void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
         }
         return;
     }
-    // What the open field leaves is not meant for the list.
+    // Keys that the open field ignores are not for the list.
     if (state() == EditingState) {
         QTreeView::keyPressEvent(event);
         return;
@@ -570,7 +570,7 @@ void VxSideNavPropertyListView::commitData(QWidget *editor)
     d->keyedByPress = pressing && !before && isOnKey() ? index : QPersistentModelIndex();
 }
 
-/** Tab goes to the next field, over headings, switches and closed groups. */
+/** Tab moves to the next field, skipping headings, switches and closed groups. */
 void VxSideNavPropertyListView::closeEditor(QWidget *editor,
                                             QAbstractItemDelegate::EndEditHint hint)
 {
