@@ -11,7 +11,7 @@
 
 namespace {
 
-/// "Hide "hip"" or "Hide 3 Nodes": one is the pattern for a name, many that for a number.
+/// "Hide "hip"" or "Hide 3 Nodes": one is the pattern with a name, many that with a number.
 QString textFor(const QVector<VxNode *> &nodes, const char *one, const char *many)
 {
     if (nodes.size() == 1)
@@ -28,11 +28,11 @@ QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
     return children;
 }
 
-/// Puts nodes below a parent in their order, from a place on that is counted among its other
-/// children.
+/// Makes nodes children of a parent in their order, from an index on that is counted among its
+/// other children.
 void place(const QVector<VxNode *> &nodes, VxNode *parent, int first)
 {
-    // Those that stand there already go to the end first.
+    // Present children of the parent move to the end first.
     for (VxNode *node : nodes) {
         if (node->getNodeParent() == parent)
             node->setNodeParent(parent);
@@ -65,7 +65,7 @@ bool SceneEdits::remove(VxScene *scene, const QVector<VxNode *> &nodes)
                                  QT_TRANSLATE_NOOP("SceneEdits", "Delete %1 Nodes"));
     VxUndoStackHold hold;
     const VxChangeBlock block;
-    // Backwards: a place at the end of many siblings is given up at no cost.
+    // Backwards: removing from the end of many siblings is cheap.
     for (int i = tops.size() - 1; i >= 0; --i)
         scene->removeNode(tops.at(i));
     hold.accept(text);
@@ -104,7 +104,7 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
     const bool isReorder = std::all_of(moved.cbegin(), moved.cend(), [parent](const VxNode *node) {
         return node->getNodeParent() == parent;
     });
-    // The order that is wanted, from the children as they are: the moved ones leave it first.
+    // The target order: the present children without the moved ones.
     const QVector<VxNode *> before = childrenOf(scene, parent);
     const int end = index < 0 ? before.size() : std::min(index, before.size());
     const QSet<VxNode *> moving(moved.cbegin(), moved.cend());

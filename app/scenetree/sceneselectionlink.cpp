@@ -34,14 +34,14 @@ SceneSelectionLink::SceneSelectionLink(QTreeView *view, SceneTreeModel *model, V
 void SceneSelectionLink::handleViewSelection(const QItemSelection &selected,
                                              const QItemSelection &deselected)
 {
-    // Rows that leave the model leave the selection too; their nodes are the scene's business.
+    // Rows removed from the model are deselected too; the scene deselects their nodes itself.
     if (m_isShowing || (vxApp && vxApp->isClosing()))
         return;
     const QScopedValueRollback<bool> sending(m_isSending, true);
     m_scene->selectNodes(m_model->nodesAt(deselected.indexes()), false);
     m_scene->selectNodes(m_model->nodesAt(selected.indexes()), true);
     handleViewCurrent(m_view->currentIndex());
-    // A node that cannot be selected must not look as if it were.
+    // A node that is not selectable must not look selected.
     m_primaryMoved = false;
     catchUpLater();
 }
@@ -71,7 +71,7 @@ void SceneSelectionLink::showSceneSelection()
     m_view->scrollTo(primary);
 }
 
-/** Neighbouring rows become one range: the views' cost grows with the number of ranges. */
+/** Contiguous rows become one range: the views' cost grows with the number of ranges. */
 QItemSelection SceneSelectionLink::sceneSelection() const
 {
     QModelIndexList indexes;

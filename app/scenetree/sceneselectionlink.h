@@ -5,10 +5,11 @@
 
 class QItemSelection;
 
-/// Keeps the rows selected in a tree view and the nodes selected in the scene the same.
+/// Synchronises the selected rows of a tree view with the selected nodes of the scene.
 ///
-/// The view's changes go to the scene at once. The scene's changes go to the view once per event
-/// loop turn, so that a script that selects a thousand nodes one by one costs one pass.
+/// The view's changes are applied to the scene at once. The scene's changes are applied to the view
+/// once per event loop iteration, so that a script that selects a thousand nodes one by one costs
+/// one pass.
 class SceneSelectionLink : public SceneTreeCompanion
 {
     Q_OBJECT
@@ -23,8 +24,8 @@ private:
     void showSceneSelection();
     QItemSelection sceneSelection() const;
 
-    bool m_isShowing = false; // the scene's state is being put into the view
-    bool m_isSending = false; // the view's state is being put into the scene
+    bool m_isShowing = false; // the scene's state is being applied to the view
+    bool m_isSending = false; // the view's state is being applied to the scene
     bool m_primaryMoved = true;
 };
 

@@ -8,8 +8,8 @@ class QTreeView;
 class SceneTreeModel;
 class VxScene;
 
-/// What goes along with a tree view of the scene's nodes and follows the scene: however many
-/// changes there are, it catches up once per turn of the event loop.
+/// Base of helpers of a tree view of the scene's nodes that follow the scene: they update once per
+/// event loop iteration, however many changes there are.
 class SceneTreeCompanion : public QObject
 {
     Q_OBJECT
@@ -17,11 +17,11 @@ protected:
     /// All are borrowed. The view must have the model set; the parent should be the view.
     SceneTreeCompanion(QTreeView *view, SceneTreeModel *model, VxScene *scene, QObject *parent);
 
-    /// Does what there is to do; nothing is waiting any more.
+    /// Performs the pending update.
     virtual void catchUp() = 0;
-    /// Has catchUp() called in the next turn.
+    /// Schedules catchUp() for the next iteration.
     void catchUpLater() { m_timer.start(0); }
-    /// Forgets what is waiting.
+    /// Cancels the pending update.
     void stopWaiting() { m_timer.stop(); }
 
     QTreeView *const m_view;

@@ -19,7 +19,7 @@ SceneTreeFilter::SceneTreeFilter(QTreeView *view, SceneTreeModel *model, VxScene
     connect(model, &QAbstractItemModel::rowsInserted, this, later);
     connect(model, &QAbstractItemModel::rowsMoved, this, later);
     connect(model, &QAbstractItemModel::modelReset, this, later);
-    // Nodes that went must not be offered as found.
+    // Removed nodes must not be listed as matches.
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this, later] {
         m_matches.clear();
         later();

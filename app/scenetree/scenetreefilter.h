@@ -7,10 +7,10 @@
 
 class VxNode;
 
-/// Shows only those rows of the scene's tree whose name contains a text, and the rows above them.
+/// Shows only those rows of the scene's tree whose name contains a text, and their ancestors.
 ///
-/// Rows are hidden in the view and stay in the model, so that the selection is not touched by a
-/// search. Nodes that come, move or are renamed are looked at once per turn of the event loop.
+/// Rows are hidden in the view and stay in the model, so that a search does not change the
+/// selection. Added, moved and renamed nodes are matched once per event loop iteration.
 class SceneTreeFilter : public SceneTreeCompanion
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     /// All are borrowed. The view must have the model set; the parent should be the view.
     SceneTreeFilter(QTreeView *view, SceneTreeModel *model, VxScene *scene, QObject *parent);
 
-    /// Capital letters do not matter; an empty text shows every row.
+    /// Ignores case; an empty text shows every row.
     void setText(const QString &text);
     /// The nodes whose own name contains the text, in the order of the hierarchy.
     const QVector<VxNode *> &matches() const { return m_matches; }

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Nodes on their way to another place. They are this process's own, so they travel as they are.
+/// Nodes being dragged. The drag is internal to this process, so it carries them by reference.
 class DraggedNodes : public QMimeData
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
 
     static QString mimeType() { return QStringLiteral("application/x-vxscene-nodes"); }
 
-    /// Those that are in the scene still.
+    /// The nodes that are still in the scene.
     QVector<VxNode *> nodes(const VxScene *scene) const
     {
         QVector<VxNode *> list;
@@ -48,7 +48,7 @@ struct Row
     Row *parent = nullptr;
     QIcon icon;
     QVector<Row *> children; // owned by the model's table of rows
-    int lastIndex = 0;       // among the parent's children, where it was found last
+    int lastIndex = 0;       // last known index among the parent's children
 
     int childIndex(Row *child) const
     {
@@ -77,7 +77,7 @@ public:
 
     Row *rowOf(const VxNode *node) { return node ? rows.value(node) : &root; }
 
-    /// Where a node belongs among the rows that are there already, of which it may be one.
+    /// A node's index among the existing rows, of which it may be one.
     static int place(const VxNode *node, const Row *parent, bool isIn = false)
     {
         const int others = int(parent->children.size()) - (isIn ? 1 : 0);
@@ -97,7 +97,7 @@ public:
         return row;
     }
 
-    /// Destroys rows, of which no parent has them any more, with all below them.
+    /// Destroys detached rows with all below them.
     void destroy(SceneTreeModel *q, const QVector<Row *> &tops)
     {
         QVector<Row *> open = tops;
@@ -257,7 +257,7 @@ bool SceneTreeModel::setData(const QModelIndex &index, const QVariant &value, in
 
 Qt::ItemFlags SceneTreeModel::flags(const QModelIndex &index) const
 {
-    // What is dropped beside all rows goes to the top level.
+    // A drop beside all rows is on the top level.
     if (!index.isValid())
         return Qt::ItemIsDropEnabled;
     const Qt::ItemFlags all =
@@ -311,7 +311,7 @@ void SceneTreeModel::rebuild()
 {
     beginResetModel();
     d->destroy(this, std::exchange(d->root.children, {}));
-    // Parents come before their children, siblings in their order.
+    // Parents precede their children, siblings are in their order.
     for (VxNode *node : d->scene->getNodes()) {
         Row *parent = d->rowOf(node->getNodeParent());
         d->insert(this, node, parent, int(parent->children.size()));
@@ -330,8 +330,8 @@ void SceneTreeModel::addNode(VxNode *node)
 {
     if (d->scene->isLoading())
         return;
-    // Another listener of the announcement may have removed the node, or added nodes below it that
-    // were announced before it.
+    // Another receiver of the signal may have removed the node, or added nodes below it that were
+    // reported before it.
     QVector<VxNode *> nodes{node};
     node->getNodeChildren(nodes, true);
     for (VxNode *added : qAsConst(nodes)) {
@@ -367,7 +367,7 @@ void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
     Row *source = row->parent;
     const int from = source->childIndex(row);
     int to = Private::place(node, target, source == target);
-    // Views are told the place before the row is taken out.
+    // Views require the target index before the row is taken out.
     if (source == target && to > from)
         ++to;
     if (!beginMoveRows(indexOf(source->node), from, from, indexOf(target->node), to))
@@ -387,7 +387,7 @@ void SceneTreeModel::refresh(const VxNode *node)
         Q_EMIT dataChanged(index, index.siblingAtColumn(EyeColumn));
 }
 
-/** Whether a node is shown changes for those that hang on it, down to those hidden by themselves.
+/** The shown state changes for descendants, down to those that are hidden themselves.
  */
 void SceneTreeModel::refreshVisibility(const VxNode *node)
 {

@@ -11,30 +11,29 @@ class QIcon;
 class VxNode;
 class VxScene;
 
-/// The scene's nodes as a tree: names with icons, and beside each an eye that tells whether the
-/// node is visible.
+/// The scene's nodes as a tree: names with icons, and for each an eye for the node's visibility.
 ///
-/// Names can be edited, eyes checked, and rows dragged to another place; each goes to the scene as
-/// one entry of its history, and comes back as the scene tells of it.
+/// Names can be edited, eyes checked, and rows dragged; each edit changes the scene with one undo
+/// entry, and the model updates from the scene's signals.
 ///
-/// The model keeps a small tree of its own beside the scene's: a row can then be taken away while
-/// the scene is already rearranging its nodes, and a node's row is found without a walk. While a
-/// scene is being loaded it holds still and is made anew at the end.
+/// The model keeps a small tree beside the scene's: a row can then be removed while the scene is
+/// already rearranging its nodes, and a node's row is found without a walk. While a scene is being
+/// loaded it is not updated, and is rebuilt at the end.
 class SceneTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
     enum Column { NameColumn, EyeColumn, NumColumns };
-    /// Of an eye: whether views show the node, because all above it is visible, too.
+    /// Of an eye: whether views show the node, because all its ancestors are visible, too.
     enum Role { ShownRole = Qt::UserRole };
 
     /// The scene must outlive the model.
     explicit SceneTreeModel(VxScene *scene, QObject *parent = nullptr);
     ~SceneTreeModel() override;
 
-    /// Null for an index that is none of this model.
+    /// Null for an index that is not of this model.
     VxNode *nodeAt(const QModelIndex &index) const;
-    /// Invalid for a node that the model does not show.
+    /// Invalid for a node without a row.
     QModelIndex indexOf(const VxNode *node) const;
     /// The nodes of the rows of a list, each once, in the list's order.
     QVector<VxNode *> nodesAt(const QModelIndexList &indexes) const;
@@ -43,8 +42,8 @@ public:
     QModelIndex parent(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
-    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden, or lie below
-    /// one that is. Eyes: check state for the node alone, ShownRole and tool tip.
+    /// Names: display, edit, decoration, tool tip; dimmed for nodes that are hidden or have a
+    /// hidden ancestor. Eyes: check state for the node alone, ShownRole and tool tip.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -54,14 +53,14 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
-    /// What nodes keep that are dropped from now on; their places in the world to begin with.
+    /// The invariant of drops from now on; initially the world transform.
     void setDropKeeps(SceneEdits::Kept kept);
     /// row -1: behind the last row below the parent.
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
 
 Q_SIGNALS:
-    /// The nodes were dropped but could not keep their places in the world.
+    /// The nodes were dropped, but their world transform changed.
     void displaced(const QVector<VxNode *> &nodes);
 
 private:

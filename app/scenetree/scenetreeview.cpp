@@ -24,7 +24,7 @@ bool isOwnKey(const QKeyEvent *event)
     return plain && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_F2);
 }
 
-/// Shows a hint in the window's status line; an empty one takes it away.
+/// Shows a hint in the window's status line; an empty one clears it.
 void showHint(QWidget *widget, const QString &text)
 {
     QStatusTipEvent hint(text);
@@ -46,7 +46,7 @@ SceneTreeView::SceneTreeView(SceneTreeModel *model, VxScene *scene, QWidget *par
     setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed | DoubleClicked);
     setExpandsOnDoubleClick(false);
-    // What may be dropped is the model's decision: nodes of this scene alone.
+    // The model decides what can be dropped: only nodes of this scene.
     setDragDropMode(DragDrop);
     setDefaultDropAction(Qt::MoveAction);
     setAutoExpandDelay(600);
@@ -122,7 +122,7 @@ void SceneTreeView::selectChildren()
         m_scene->setPrimarySelection(primary);
 }
 
-/** The window's actions have shortcuts, too; what the tree does with a key comes first here. */
+/** The tree's keys have priority over the shortcuts of the window's actions. */
 bool SceneTreeView::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && isOwnKey(static_cast<QKeyEvent *>(event))) {
@@ -165,7 +165,7 @@ void SceneTreeView::mouseReleaseEvent(QMouseEvent *event)
     m_isOnEye = false;
 }
 
-/** The second press of two quick ones on an eye is a press like the first. */
+/** The second press of a double click on an eye is an ordinary press. */
 void SceneTreeView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (indexAt(event->pos()).column() == SceneTreeModel::EyeColumn)
@@ -209,7 +209,7 @@ void SceneTreeView::dropEvent(QDropEvent *event)
     const bool keepsValues = event->keyboardModifiers() & Qt::ShiftModifier;
     m_model->setDropKeeps(keepsValues ? SceneEdits::Kept::Values : SceneEdits::Kept::WorldPlace);
     QTreeView::dropEvent(event);
-    // A parent that is closed would hide what was dropped there.
+    // A closed parent would hide the dropped rows.
     if (currentIndex().isValid())
         scrollTo(currentIndex());
 }

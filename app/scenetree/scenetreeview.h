@@ -9,10 +9,10 @@ class SceneTreeModel;
 class VxNode;
 class VxScene;
 
-/// The tree of the scene's nodes as a user edits it: F2 or a double click renames, Delete removes,
-/// rows are dragged below others or between them, and a press on an eye shows or hides the node, or
-/// all selected ones when it is one of these, and selects nothing. What is dragged keeps its place
-/// in the world; with Shift held at the drop it keeps its values.
+/// The editable tree of the scene's nodes: F2 or a double click renames, Delete removes, rows are
+/// dragged below others or between them, and a press on an eye shows or hides the node, or all
+/// selected ones when it is one of these, and selects nothing. Dragged nodes keep their world
+/// transform; with Shift held at the drop they keep their values.
 class SceneTreeView : public QTreeView
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     /// The selected nodes in the order of their selection.
     QVector<VxNode *> selectedNodes() const;
 
-    /// A new menu of what can be done with the selected rows, and with the tree; the caller's.
+    /// A new menu of commands for the selected rows and the tree; the caller's.
     QMenu *makeContextMenu();
 
 public Q_SLOTS:

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int LeastIndentation = 6; // pixels, at which levels can still be told apart
+constexpr int LeastIndentation = 6; // pixels, the least that still distinguishes levels
 
 int depthOf(const QModelIndex &index)
 {
@@ -47,7 +47,7 @@ int TreeIndentation::fitting(const QVector<Row> &rows, int room, int most, int l
     return qMax(fits, least);
 }
 
-/** A tree of another font is measured anew. */
+/** Measures again after a change of font. */
 bool TreeIndentation::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)

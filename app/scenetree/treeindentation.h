@@ -7,14 +7,14 @@
 
 class QTreeView;
 
-/// Lets a deep tree in a narrow pane be read: as long as names would be cut off, levels stand
-/// closer together than the style has them, down to a limit. It looks at the rows that are open
-/// once per turn of the event loop, whenever rows open, close, come or go, or the room changes.
+/// Keeps a deep tree readable in a narrow pane: while names would be cut off, the indentation is
+/// narrower than the style's, down to a limit. It measures the open rows once per event loop
+/// iteration after rows were opened, closed, added or removed, or the width changed.
 class TreeIndentation : public QObject
 {
     Q_OBJECT
 public:
-    /// What a row needs beside its indentation.
+    /// The space that a row needs.
     struct Row
     {
         int depth; ///< levels before the name, from 1
@@ -25,9 +25,8 @@ public:
     /// indentation is the widest.
     explicit TreeIndentation(QTreeView *view);
 
-    /// The widest indentation, from least to most, with which all rows fit into a room of that many
-    /// pixels; least when none does. Half of the room is enough for a long name: it is its own
-    /// fault, not that of the levels.
+    /// The widest indentation, from least to most, with which all rows fit into a width of `room`
+    /// pixels; least when none does. A name counts with at most half of the room.
     static int fitting(const QVector<Row> &rows, int room, int most, int least);
 
 protected:

@@ -3,9 +3,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Paints a check state as an eye: open, or faint and struck out; and open but faint where the
-/// model says that the node is not shown all the same, because one above it is hidden. It changes
-/// nothing by itself; what a click on an eye means is the view's business.
+/// Paints a check state as an eye: open, or faint and struck out; open but faint where the model
+/// reports a hidden ancestor. Painting only; the view handles clicks on an eye.
 class VisibilityDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -16,7 +16,7 @@
 
 namespace {
 
-// Deep enough to see a figure's hip, spine and legs when it is opened.
+// Deep enough to show an opened figure's hip, spine and legs.
 constexpr int FirstLevels = 2;
 
 } // namespace

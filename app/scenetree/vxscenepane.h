@@ -23,7 +23,7 @@ public:
     SearchField *getSearchField() const { return m_search; }
 
 protected:
-    /// Down in the field goes to the tree, Return selects what was found.
+    /// Down in the field moves the focus to the tree, Return selects the matches.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
