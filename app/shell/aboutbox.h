@@ -6,10 +6,9 @@
 class QWidget;
 class VxPluginMgr;
 
-/// The versions of the program and of what runs in it, in rich text: what somebody asks for who is
-/// told of a fault.
+/// The versions of the program and of its components, in rich text, for error reports.
 QString aboutText(const VxPluginMgr &plugins);
-/// Shows it, and waits.
+/// Shows it modally.
 void showAboutBox(QWidget *parent, const VxPluginMgr &plugins);
 
 #endif

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The page is a file of the sources, in one language whatever the user's is.
+// The page is a file of the sources, so it is not translated.
 const char introduction[] =
     "# Actions\n"
     "\n"
@@ -49,7 +49,7 @@ QString actionListPage(const QMenuBar &menuBar, const VxActionMgr &actions)
         const ShortcutCommand &command = list.at(i);
         const VxAction *action = actions.findAction(command.className);
         if (!action)
-            continue; // a command of the window alone, of no use to a script
+            continue; // a command of the window alone, unusable in a script
         if (command.group != group) {
             group = command.group;
             page += QStringLiteral("\n\n## %1\n\n| command | shortcut | script | what it does |\n"

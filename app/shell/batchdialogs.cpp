@@ -48,7 +48,7 @@ bool BatchDialogs::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::Show)
         return QObject::eventFilter(watched, event);
-    // The loop that waits for the answer begins after this event.
+    // The dialog's own event loop begins after this event.
     if (auto *dialog = qobject_cast<QDialog *>(watched)) {
         if (dialog->isModal()) {
             UserMessages::printError(

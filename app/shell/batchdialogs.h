@@ -6,10 +6,10 @@
 class QDialog;
 
 /// Answers every modal dialog and menu of a run without a user at once: a message box by its Cancel
-/// button (else No, else the one that Escape stands for), any other dialog by rejecting it. The
-/// text goes to standard error, so that a script's author sees what was asked.
+/// button (else No, else its Escape button), any other dialog by rejecting it. The text is written
+/// to standard error, so that a script's author sees the question.
 ///
-/// Works on the dialogs of all modules for as long as it lives.
+/// Covers the dialogs of all modules during its lifetime.
 class BatchDialogs : public QObject
 {
     Q_OBJECT

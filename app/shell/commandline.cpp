@@ -115,7 +115,7 @@ void readPalette(const QString &text, CommandLine *line)
         fail(line, tr("Unknown palette \"%1\": expected dark or light.").arg(text));
 }
 
-/// A limit from 0 (none) on.
+/// A limit of at least 0 (none).
 void readLimit(const QCommandLineParser &parser, const char *option, int *limit, CommandLine *line)
 {
     if (!parser.isSet(name(option)))

@@ -6,10 +6,10 @@
 #include <QStringList>
 #include <optional>
 
-/// What the user asked for when starting the program: a plain value.
+/// The parsed command line: a plain value.
 ///
 /// It is parsed twice: once from the raw arguments before there is an application object, to choose
-/// the platform, and once from what the toolkit left of them.
+/// the platform, and once from the arguments that the toolkit left.
 class CommandLine
 {
 public:
@@ -17,7 +17,7 @@ public:
         Run,
         ShowHelp,
         ShowVersion,
-        Fail ///< errorText says why; the exit code is BadUsage
+        Fail ///< errorText has the reason; the exit code is BadUsage
     };
 
     enum ExitCode {
@@ -26,8 +26,8 @@ public:
         BadUsage = 2 ///< the command line itself is wrong
     };
 
-    /// arguments: the program's name first. What stands behind the first "--" belongs to the
-    /// script; without a script it is taken as file names, whatever they begin with.
+    /// arguments: the program's name first. Arguments after the first "--" belong to the script;
+    /// without a script they are file names, whatever they begin with.
     static CommandLine parse(const QStringList &arguments);
 
     /// Usage, options and exit codes. Needs an application object.
@@ -35,7 +35,7 @@ public:
     /// Product, version and the version of the host library.
     static QString versionText();
 
-    /// True when nothing is shown on a display and nobody is there to answer a question.
+    /// True for a run without a display and without a user to answer questions.
     bool isBatch() const
     {
         return headless || listActions || diagnose || !screenshotFile.isEmpty();
@@ -51,7 +51,7 @@ public:
     bool enablePlugins = false; ///< load modules again that are skipped
     QString logRules;           ///< for QLoggingCategory::setFilterRules(); empty for none
     QString animation;          ///< of a motion file with several; empty: all
-    bool importReport = false;  ///< print what was found in a motion file as JSON
+    bool importReport = false;  ///< print the import report of a motion file as JSON
     QString scriptFile;
     QStringList scriptArguments;
     int scriptSeconds = 0;      ///< the time limit of the script in a batch; 0 for none

@@ -5,9 +5,9 @@
 
 class VxApp;
 
-/// A page of plain text about the program and its surroundings, for reports of errors: versions,
-/// plug-ins, settings and screens. Nothing of any document. Settings of their own that a run
-/// without a user has are not the user's; the page names the user's.
+/// A page of plain text about the program and its environment, for error reports: versions,
+/// plug-ins, settings and screens. Nothing of any document. A run without a user may have separate
+/// settings; the page names the user's.
 QString diagnosisPage(const VxApp &app, const QString &pluginFolder);
 
 #endif

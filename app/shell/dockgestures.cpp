@@ -13,10 +13,10 @@
 
 namespace {
 
-constexpr int PlaceInterval = 50; // milliseconds between two looks for the place of a drop
+constexpr int PlaceInterval = 50; // milliseconds between updates of the drop position
 constexpr int ResizeMargin = 4;   // pixels at the edges of a floating dock
 
-/// What tells the tabs of docks apart, in whatever order they are.
+/// The identities of the docks' tabs, independent of their order.
 QSet<quint64> idsOf(const QTabBar &tabs)
 {
     QSet<quint64> ids;
@@ -35,7 +35,7 @@ void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &local, const QP
     QCoreApplication::sendEvent(widget, &event);
 }
 
-/** Where a dock is dragged; the edges resize it when it floats. */
+/** The area that drags a dock; the edges resize it when it floats. */
 QRect titleRect(const QDockWidget *dock)
 {
     const QWidget *content = dock->widget();
@@ -152,7 +152,7 @@ bool DockGestures::pressDock(QDockWidget *dock, const QMouseEvent *event)
 
 void DockGestures::dragDock(const QMouseEvent *event)
 {
-    if (!(event->buttons() & Qt::LeftButton)) { // the release went elsewhere
+    if (!(event->buttons() & Qt::LeftButton)) { // the release was lost
         endDrag();
         return;
     }
@@ -175,12 +175,12 @@ void DockGestures::beginDrag()
     const QPointer<QDockWidget> dock = m_dock;
     const QSize size = dock->size();
     if (!dock->isFloating()) {
-        m_dock.clear(); // floating it reports changes that are no reason to end this
+        m_dock.clear(); // floating it reports changes, which must not end this drag
         dock->setFloating(true);
         if (!dock || dock->isHidden())
             return;
         dock->resize(size);
-        dock->installEventFilter(this); // before the one that looks for edges to resize
+        dock->installEventFilter(this); // takes priority over the filter that resizes at the edges
         m_dock = dock;
     }
     m_isDragging = true;
@@ -188,7 +188,7 @@ void DockGestures::beginDrag()
     dock->grabMouse();
 }
 
-/** The point of the dock that the mouse holds: in the title and next to the press. */
+/** The dragged point of the dock: in the title and nearest to the press. */
 QPoint DockGestures::gripOf(const QDockWidget *dock) const
 {
     const QRect title = titleRect(dock);
@@ -196,7 +196,7 @@ QPoint DockGestures::gripOf(const QDockWidget *dock) const
             title.center().y()};
 }
 
-/** Shows the place that a drop would give the dock. */
+/** Shows the drop position of the dock. */
 void DockGestures::showPlace()
 {
     const QPointer<QDockWidget> dock = m_dock;
@@ -205,10 +205,10 @@ void DockGestures::showPlace()
         return;
     playDrag(dock, false);
     if (dock && dock == m_dock && m_isDragging)
-        dock->grabMouse(); // which the toolkit has released
+        dock->grabMouse(); // the toolkit has released it
 }
 
-/** Lets the toolkit drag the floating dock to the mouse, and drop it there or go back. */
+/** Makes the toolkit drag the floating dock to the mouse, and drop it there or cancel. */
 void DockGestures::playDrag(QDockWidget *dock, bool drops)
 {
     const QScopedValueRollback<bool> playing(m_isPlaying, true);
@@ -230,7 +230,7 @@ void DockGestures::playDrag(QDockWidget *dock, bool drops)
     if (drops) {
         sendMouse(dock, QEvent::MouseButtonRelease, grip + away, m_mouse);
     } else {
-        QCloseEvent cancel; // closes nothing: it is how a dock is told to drop its drag
+        QCloseEvent cancel; // closes nothing: it makes a dock drop its drag
         QCoreApplication::sendEvent(dock, &cancel);
     }
 }
@@ -289,7 +289,7 @@ bool DockGestures::filterTabs(QTabBar *tabs, const QEvent *event)
     case QEvent::MouseMove:
         if (tabs != m_tabs)
             return false;
-        m_window->layout()->activate(); // empties tab bars that are out of use
+        m_window->layout()->activate(); // clears unused tab bars
         if (idsOf(*tabs) == m_tabIds)
             return false;
         endToolkitGestures();

@@ -18,9 +18,9 @@ class QTabBar;
 ///
 /// The toolkit's own drags hold layout items and whole layouts from the press to the release. They
 /// crash, leak or lose docks when the layout changes in between. So a dragged dock floats and
-/// follows the mouse without the toolkit's help, and the toolkit plays the drag from press to
-/// release at one go when the dock is dropped, and when the place of the drop is to be shown.
-/// Drags of tabs and separators are the toolkit's; they end with the first change.
+/// follows the mouse by this class, and the toolkit performs the drag from press to release at
+/// once when the dock is dropped, and to show the drop position. Drags of tabs and separators are
+/// the toolkit's; they end with the first change.
 class DockGestures : public QObject
 {
     Q_OBJECT
@@ -48,16 +48,16 @@ private:
     void endToolkitGestures();
 
     QMainWindow *const m_window;
-    QRubberBand *const m_place; // where a drop would put the dock; hidden when it would float
+    QRubberBand *const m_place; // the drop position of the dock; hidden when it would float
     QTimer m_placeTimer;
-    QPointer<QDockWidget> m_dock; // that is pressed or dragged
+    QPointer<QDockWidget> m_dock; // the pressed or dragged one
     QPoint m_press;               // within the dock
     QPoint m_mouse;               // global
     bool m_isDragging = false;
     bool m_mayDock = true;          // not while Ctrl is held
     bool m_isPlaying = false;       // for the toolkit
     bool m_isWindowPressed = false; // on a separator, maybe
-    QPointer<QTabBar> m_tabs;       // that are pressed
+    QPointer<QTabBar> m_tabs;       // the pressed ones
     QSet<quint64> m_tabIds;         // at the press
 };
 

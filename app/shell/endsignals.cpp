@@ -12,7 +12,7 @@ constexpr std::array<int, 3> Numbers = {SIGTERM, SIGHUP, SIGINT};
 
 int writeEnd = -1;
 
-/// Hardly anything may be done in here; the rest waits for the event loop.
+/// Only async-signal-safe calls; the event loop does the rest.
 void handle(int number)
 {
     const auto byte = static_cast<char>(number);
@@ -34,7 +34,7 @@ EndSignals::EndSignals(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>())
 {
-    // Without a pipe the requests end the program as ever.
+    // Without a pipe the signals keep their default effect.
     if (::pipe2(d->pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     d->notifier = std::make_unique<QSocketNotifier>(d->pipe[0], QSocketNotifier::Read);
@@ -45,7 +45,7 @@ EndSignals::EndSignals(QObject *parent)
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (std::size_t i = 0; i < Numbers.size(); ++i) {
         ::sigaction(Numbers[i], nullptr, &d->former[i]);
-        // Who starts the program so that it outlives the terminal means it.
+        // Keeps signals ignored that the parent process disabled, as nohup does.
         if (d->former[i].sa_handler != SIG_IGN)
             ::sigaction(Numbers[i], &action, nullptr);
     }

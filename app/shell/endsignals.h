@@ -4,17 +4,16 @@
 #include <QObject>
 #include <memory>
 
-/// Tells of the system's requests to end: the machine shuts down, the terminal is closed or
-/// interrupted. While it lives they do not end the program at once, but the second of the same kind
-/// does, so that a program that hangs can still be ended. Requests that were ignored before stay
-/// ignored.
+/// Reports the system's requests to end: the machine shuts down, the terminal is closed or
+/// interrupted. During its lifetime they do not end the program at once, but the second of the same
+/// kind does, so that a program that hangs can still be ended. Ignored requests stay ignored.
 class EndSignals : public QObject
 {
     Q_OBJECT
 public:
     /// One at a time.
     explicit EndSignals(QObject *parent = nullptr);
-    /// The requests do again what they did before.
+    /// Restores the former effect of the requests.
     ~EndSignals() override;
 
 Q_SIGNALS:

@@ -59,7 +59,7 @@ void HistoryModel::refresh()
                                        m_entries.cbegin())
                              .first -
                          entries.cbegin());
-    // Entry i stands in row i + 1.
+    // Entry i is row i + 1.
     if (same < m_entries.size()) {
         beginRemoveRows(QModelIndex(), same + 1, m_entries.size());
         m_entries.resize(same);

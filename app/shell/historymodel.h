@@ -8,13 +8,12 @@ class QUndoCommand;
 class VxUndoStack;
 
 /// The entries of a history as a list: row 0 is the state before all of them, row n the state after
-/// the n-th. The texts of states that are undone are dimmed; the one that counts as saved has a
-/// mark.
+/// the n-th. The texts of undone states are dimmed; the saved one has a mark.
 class HistoryModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
-    /// True for the state that counts as saved.
+    /// True for the saved state.
     static constexpr int CleanRole = Qt::UserRole;
 
     /// The history must outlive the model.
@@ -27,7 +26,7 @@ public:
     int presentRow() const;
 
 Q_SIGNALS:
-    /// The present state is in another row, or rows came or went.
+    /// The present state has another row, or rows were added or removed.
     void presentChanged();
 
 private:

@@ -6,8 +6,7 @@
 class UserMessages;
 class VxUndoStack;
 
-/// Says in the status line what the last command did, and what undo and redo went back or forth
-/// over.
+/// Shows the last command, undo or redo in the status line.
 class HistoryStatus : public QObject
 {
     Q_OBJECT

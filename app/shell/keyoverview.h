@@ -5,8 +5,8 @@
 
 class ShortcutList;
 
-/// A page in rich text about what the mouse does where, and behind it every command that has a key
-/// now, by the menu in which it stands.
+/// A page in rich text about the mouse gestures of each area, followed by every command that has a
+/// shortcut, by menu.
 QString keyOverviewPage(const ShortcutList &shortcuts);
 
 #endif

@@ -6,8 +6,8 @@
 class QTextBrowser;
 class ShortcutList;
 
-/// Shows the page about keys and mouse beside the work: it does not keep the window waiting, and
-/// its owner gives it the page anew when shortcuts change.
+/// Shows the page about keys and mouse, not modal; its owner sets the page again when shortcuts
+/// change.
 class KeyOverviewDialog : public QDialog
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     void showShortcuts(const ShortcutList &shortcuts);
 
 Q_SIGNALS:
-    /// The user wants other keys.
+    /// The user asks to change the shortcuts.
     void changeRequested();
 
 private:

@@ -22,7 +22,7 @@ bool hasDisplay()
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
-/// Has to happen before there is an application object. A platform that the user names wins.
+/// Must run before there is an application object. The user's choice has priority.
 void choosePlatform(const CommandLine &line)
 {
     const bool showsWindow =
@@ -30,7 +30,7 @@ void choosePlatform(const CommandLine &line)
     const bool offscreen = line.headless || (!showsWindow && !hasDisplay());
     if (offscreen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // The offscreen screen has no size in millimetres that fonts could be measured by.
+    // The offscreen screen has no physical size for font metrics.
     if (line.headless && !qEnvironmentVariableIsSet("QT_FONT_DPI"))
         qputenv("QT_FONT_DPI", "96");
 }
@@ -43,8 +43,8 @@ void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QStr
         generalHandler(type, context, text);
 }
 
-/// The offscreen platform knows no desktop, takes a large font for its default, and tells at every
-/// window what it cannot do with it.
+/// The offscreen platform has no desktop, a large default font, and warns at every window about
+/// unsupported features.
 void settleOffscreen()
 {
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))

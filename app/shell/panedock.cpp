@@ -15,7 +15,7 @@
 
 namespace {
 
-// Any more than this is what layouts report for no limit, pixels.
+// Layouts report larger values for no limit, pixels.
 constexpr int UnlimitedHeight = 100000;
 
 int pixels(VxStyle::PixelMetricId id)
@@ -69,7 +69,7 @@ bool PaneDock::event(QEvent *event)
     return done;
 }
 
-/** The bar leaves presses alone, so that the dock is dragged and floated by it as ever. */
+/** The bar ignores presses, so that the dock is still dragged and floated by it. */
 QWidget *PaneDock::makeTitleBar()
 {
     auto *bar = new QWidget(this);
@@ -99,7 +99,7 @@ QWidget *PaneDock::makeTitleBar()
 
 void PaneDock::showOptionsMenu(const QWidget *button)
 {
-    // Asked for anew each time: the pane may have built another menu since.
+    // Not cached: the pane may have built another menu since.
     if (VxPane *owner = pane())
         owner->getOptionsMenu()->getMenu()->popup(button->mapToGlobal(QPoint(0, button->height())));
 }

@@ -6,12 +6,11 @@
 class VxPane;
 
 /// The frame of one pane in the main window: its title, a search field and the button of its
-/// options menu when it has them, and buttons to float and to close it. It owns the pane, and is
+/// options menu if it has them, and buttons to float and to close it. It owns the pane, and is
 /// deleted when the pane is deleted.
 ///
-/// A pane may limit its height for a while (a view that shows nothing but controls). The dock
-/// shrinks to the limit by itself; when the limit is lifted it asks for the height that it had
-/// before.
+/// A pane may limit its height temporarily (a view with controls only). The dock shrinks to the
+/// limit automatically; when the limit is lifted it requests its former height.
 class PaneDock : public QDockWidget
 {
     Q_OBJECT
@@ -24,8 +23,8 @@ public:
     QString paneClassName() const { return m_paneClassName; }
 
 Q_SIGNALS:
-    /// The pane no longer limits its height. height: what the dock had before the limit, in pixels;
-    /// 0 when that is not known.
+    /// The pane no longer limits its height. height: that of the dock before the limit, in pixels;
+    /// 0 when unknown.
     void heightLimitLifted(int height);
 
 protected:

@@ -10,19 +10,19 @@
 
 namespace {
 
-/// Where a pane stands at first, how wide (at a side) or high (at the bottom), in pixels, and
-/// behind which other one's tab. A large window gives it a share of its own size instead.
+/// A pane's initial area, its width (at a side) or height (at the bottom) in pixels, and the pane
+/// whose tab precedes it. A large window gives it a share of its own size instead.
 struct Place
 {
     const char *paneClass;
     Qt::DockWidgetArea area;
     int extent;
-    const char *behind; // null for a place of its own
+    const char *behind; // null for a separate area
 };
 
-// High enough for ten rows of the dope sheet above the curves of the key graph.
+// Enough for ten rows of the dope sheet above the curves of the key graph.
 constexpr int BottomExtent = 456;
-// What the bottom takes of a window's height: more than that of a large one, less of a small one.
+// The bottom's share of a window's height: limits it in large windows and extends it in small ones.
 constexpr double LeastBottomShare = 0.45;
 constexpr double LargestBottomShare = 0.57;
 
@@ -50,7 +50,7 @@ bool isAcross(Qt::DockWidgetArea area)
     return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea;
 }
 
-/** How wide or high the dock is at first in an area, which need not be its own. */
+/** The initial width or height of the dock in an area, which need not be its own. */
 int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window)
 {
     const bool isMoved = isAcross(area) != isAcross(place.area);
@@ -93,8 +93,8 @@ PaneDock *PaneDocks::find(const QString &paneClassName) const
 
 void PaneDocks::applyDefaultLayout()
 {
-    // All are taken out first: panes that share a place must at no time stand side by side, where
-    // they would make the window wider for good.
+    // All are removed first: panes of one area must never be side by side, even temporarily,
+    // because that would widen the window permanently.
     for (PaneDock *dock : docks())
         m_window->removeDockWidget(dock);
     for (PaneDock *dock : docks()) {
@@ -121,7 +121,7 @@ void PaneDocks::applyDefaultSizes()
     }
 }
 
-/** The dock behind whose tab another one stands at first; null for a place of its own. */
+/** The dock whose tab precedes another one's initially; null for a separate area. */
 PaneDock *PaneDocks::frontOf(const PaneDock *dock) const
 {
     const char *behind = placeOf(dock).behind;
@@ -147,10 +147,10 @@ void PaneDocks::raiseFronts()
 void PaneDocks::addPane(VxPane *pane)
 {
     auto *dock = new PaneDock(pane, m_window);
-    // A pane that comes late goes where it stood before, when the window remembers it.
+    // A pane added later returns to its former position, if the window has saved it.
     if (!m_window->restoreDockWidget(dock))
         m_window->addDockWidget(placeOf(dock).area, dock);
-    // Before the window is seen nobody has arranged anything yet.
+    // Before the window is shown there is no user's arrangement.
     if (!m_window->isVisible())
         tabifyDocks();
     connect(dock, &PaneDock::heightLimitLifted, this,
@@ -169,7 +169,7 @@ void PaneDocks::restoreHeight(PaneDock *dock, int height)
         m_window->resizeDocks({dock}, {height + tabHeight(dock)}, Qt::Vertical);
 }
 
-/** What the tabs add to the height of a place that the dock shares with others, pixels. */
+/** The height of the tab bar that the dock shares with others, pixels. */
 int PaneDocks::tabHeight(PaneDock *dock) const
 {
     if (m_window->tabifiedDockWidgets(dock).isEmpty())

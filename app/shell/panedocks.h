@@ -9,23 +9,23 @@ class QMainWindow;
 class VxPane;
 class VxPaneMgr;
 
-/// Gives each pane of the pane manager a dock in the main window, at a place by its class, and
-/// shows the pane that somebody asks for.
+/// Gives each pane of the pane manager a dock in the main window, at a position by its class, and
+/// shows panes on request.
 class PaneDocks : public QObject
 {
     Q_OBJECT
 public:
     PaneDocks(QMainWindow *window, VxPaneMgr *panes);
 
-    /// The docks that there are, in the order of their making.
+    /// The docks in order of creation.
     QVector<PaneDock *> docks() const;
     /// Null when no pane of that class is docked.
     PaneDock *find(const QString &paneClassName) const;
 
-    /// Gives every dock its place and size. The window must have its size by then.
+    /// Sets every dock's initial position and size. The window must have its size by then.
     void applyDefaultLayout();
-    /// Leaves every dock where it is, and gives those that are not floating the size that a dock
-    /// has there at first.
+    /// Keeps every dock's position, and sets the size of those that are not floating to the initial
+    /// size of that position.
     void applyDefaultSizes();
 
 Q_SIGNALS:

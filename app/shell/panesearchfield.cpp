@@ -17,6 +17,6 @@ PaneSearchField::PaneSearchField(VxPaneSearch *search, VxPane *pane, QWidget *pa
     connect(search, &VxPaneSearch::textChanged, this, &QLineEdit::setText);
     connect(search, &VxPaneSearch::availableChanged, this, &QWidget::setVisible);
     connect(this, &SearchField::left, pane, [pane] { pane->setFocus(Qt::OtherFocusReason); });
-    // The text was meant for the rows of the former document.
+    // The text applies to the rows of the former document.
     connect(vxScene, &VxScene::sceneCleared, this, &QLineEdit::clear);
 }

@@ -7,8 +7,8 @@ class VxPane;
 class VxPaneSearch;
 
 /// The field in a pane's title bar that edits the search of the pane. It is hidden while the search
-/// is not available, and cleared when the scene is cleared for another document. When the user
-/// leaves it the pane gets the focus.
+/// is not available, and cleared when the scene is cleared for another document. Leaving it moves
+/// the focus to the pane.
 class PaneSearchField : public SearchField
 {
     Q_OBJECT

@@ -7,11 +7,12 @@
 class VxPluginMgr;
 class VxSettings;
 
-/// Loads the modules of plug-in folders at the start of the program. A module during whose loading
-/// the program ended is skipped from then on, until the user enables it again.
+/// Loads the modules of plug-in folders at the start of the program. A module that ended the
+/// program while being loaded is skipped from then on, until the user enables it again.
 ///
-/// While a module is being loaded a marker file that names it and this process lies beside the
-/// settings. A marker whose process has ended was left by a crash. Without a settings file nothing
+/// While a module is being loaded a marker file beside the settings names it and this process. A
+/// marker whose process no longer exists was left by a crash. Without a settings file nothing is
+/// marked and nothing skipped.
 /// is marked and nothing skipped.
 class PluginLoader
 {
@@ -19,10 +20,10 @@ public:
     /// settingsFile may be empty. The list of skipped modules is kept in the store.
     PluginLoader(const QString &settingsFile, VxSettings *store);
 
-    /// Forgets which modules are skipped.
+    /// Clears the list of skipped modules.
     void enableAll();
-    /// Loads the modules of the folders in order, each folder once, sorted by name. Returns what
-    /// the user should read: errors, and which modules are skipped.
+    /// Loads the modules of the folders in order, each folder once, sorted by name. Returns
+    /// messages for the user: errors, and skipped modules.
     QStringList load(const QStringList &folders, VxPluginMgr *plugins);
 
     static QStringList skipped(const VxSettings &store);

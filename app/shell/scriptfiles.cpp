@@ -17,7 +17,7 @@ QString tr(const char *text)
     return DocumentController::tr(text);
 }
 
-/// What a script asked for.
+/// A script's file request.
 struct Request
 {
     QString file;
@@ -90,7 +90,7 @@ QScriptValue importFile(QScriptContext *context, QScriptEngine *engine)
     DocumentController *document = documentOf(context);
     if (!document->importMotion(request.file, request.options, request.choices))
         return fail(context, "importFile()", document->lastError());
-    // By way of JSON: a plain object that scripts can change as they like.
+    // Through JSON: a plain object that scripts can modify.
     const QByteArray json = QJsonDocument(document->importReport().toJson()).toJson();
     QScriptValue parse =
         engine->globalObject().property(QStringLiteral("JSON")).property(QStringLiteral("parse"));

@@ -12,7 +12,7 @@ namespace {
 constexpr std::chrono::milliseconds Interval(20);
 constexpr qint64 Megabyte = 1024 * 1024;
 
-/// At once: the other thread may hold any lock.
+/// Without cleanup: the other thread may hold any lock.
 [[noreturn]] void end(const QByteArray &message)
 {
     const ssize_t written = ::write(STDERR_FILENO, message.constData(), size_t(message.size()));

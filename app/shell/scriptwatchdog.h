@@ -7,8 +7,8 @@
 #include <thread>
 
 /// Ends the program, with a message and exit code 1, when a script of a run without a user exceeds
-/// its limits: nobody is there to stop it, and it may be deep in a call that nothing else ends.
-/// Files are replaced whole or not at all, so that none is left half written.
+/// its limits: no user can stop it, and it may be deep in a call that cannot be interrupted. Files
+/// are replaced atomically, so that none is left half written.
 class ScriptWatchdog
 {
 public:
@@ -18,7 +18,7 @@ public:
         qint64 megabytes = 0; ///< beyond what the program has now; 0 for no limit
     };
 
-    /// Watches from now on. scriptFile is what the message names.
+    /// Starts watching. The message contains scriptFile.
     ScriptWatchdog(const QString &scriptFile, const Limits &limits);
     /// The script has ended in time.
     ~ScriptWatchdog();

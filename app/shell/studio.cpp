@@ -36,14 +36,14 @@
 namespace {
 
 constexpr QSize PictureSize(1280, 800);
-constexpr int SignalExit = 128; // what a shell adds to a signal's number
+constexpr int SignalExit = 128; // shells add the signal's number
 
 QString key(const char *name)
 {
     return QString::fromLatin1(name);
 }
 
-/// A run that nobody watches must not depend on, or change, what a user has arranged.
+/// An unattended run must neither depend on nor change the user's settings.
 QString settingsFile(const CommandLine &commandLine)
 {
     if (!commandLine.settingsFile.isEmpty() || commandLine.isBatch())
@@ -51,8 +51,8 @@ QString settingsFile(const CommandLine &commandLine)
     return StudioSettings::defaultFileName();
 }
 
-/// Beside the settings, so that runs with other settings have other copies. A run that nobody
-/// watches keeps none and asks nothing.
+/// Beside the settings, so that runs with other settings have other copies. An unattended run
+/// keeps none and offers none.
 QString recoveryFolder(const CommandLine &commandLine)
 {
     const QString settings = settingsFile(commandLine);
@@ -153,7 +153,7 @@ void Studio::Private::buildPanesAndActions()
     }
 }
 
-/** What a file that was written by hand gives to two commands is told, not left to be dead keys. */
+/** A manually edited file may give two commands one shortcut: reports it instead of dead keys. */
 void Studio::Private::restoreShortcuts()
 {
     const VxSettings *stored = app->getSettings()->findSettings(key("Shortcuts"));
@@ -223,7 +223,7 @@ bool Studio::Private::runScript()
     return false;
 }
 
-/** The window stays alive and requests to end are carried out; the work can be undone. */
+/** The window stays responsive and requests to end are obeyed; the changes can be undone. */
 void Studio::Private::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
 {
     scripts->setMemoryLimit(qint64(commandLine.scriptMegabytes) << 20);
@@ -243,7 +243,7 @@ void Studio::Private::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
     scripts->setStoppable(false);
 }
 
-/** Panes fill themselves when they are shown: so a script finds them as a user does. */
+/** Panes fill themselves when they are shown: so a script finds them filled. */
 void Studio::Private::showUnseen()
 {
     window->setAttribute(Qt::WA_DontShowOnScreen);
@@ -265,7 +265,7 @@ bool Studio::Private::writePicture()
     return false;
 }
 
-/** The system or a terminal asks the program to end: nobody can be asked about the work. */
+/** The system or a terminal requests the end: no questions about unsaved work are possible. */
 void Studio::Private::end(int signalNumber)
 {
     window->recovery()->autoSave()->writeNow();
@@ -280,7 +280,7 @@ int Studio::Private::runWithWindow()
     QObject::connect(&requests, &EndSignals::received, window.get(),
                      [this](int number) { end(number); });
     window->show();
-    // A file that could not be opened was reported; the user opens another one.
+    // A file that could not be opened was reported; the user can open another one.
     openFile();
     const bool done = runScript();
     if (endCode != 0)
@@ -311,7 +311,7 @@ Studio::Studio(const CommandLine &commandLine)
     d->connectScripts();
     if (!commandLine.size.isEmpty())
         d->window->resize(commandLine.size);
-    // At once, not at the end only: they are work that a crash should not cost.
+    // At once, not only at the end: a crash should not lose them.
     QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
                      [this] { d->saveSettings(); });
     QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),

@@ -7,13 +7,12 @@
 
 class StudioWindow;
 
-/// The running program: puts application object, window, plug-ins and panes together in the order
-/// in which they need each other, does what the command line asks, and takes everything apart in
-/// the opposite order.
+/// The running program: creates application object, window, plug-ins and panes in the order of
+/// their dependencies, executes the command line, and destroys everything in reverse order.
 class Studio
 {
 public:
-    /// Needs a QApplication. Everything is ready afterwards but nothing is shown.
+    /// Needs a QApplication. Creates everything and shows nothing.
     explicit Studio(const CommandLine &commandLine);
     /// Saves the settings, then destroys panes, window and application object.
     ~Studio();
@@ -22,12 +21,11 @@ public:
 
     StudioWindow *window() const;
 
-    /// Opens, runs and writes what the command line names, and in between lets the user work.
-    /// Returns the exit code.
+    /// Opens, runs and writes the files of the command line, and in between runs the user's
+    /// session. Returns the exit code.
     int run();
 
-    /// Where plug-ins are looked for when nothing else is said: beside the program, as it is
-    /// installed and as it is built.
+    /// The default folder of plug-ins: beside the program, both installed and in the build tree.
     static QString defaultPluginFolder();
 
 private:

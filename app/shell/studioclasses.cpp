@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A pane of the program's own. Scripts cannot construct one: the pane manager makes the only one.
+/// A pane of the program's own. Scripts cannot construct one: only the pane manager does.
 template <class T> class PaneFactory : public VxClassFactory
 {
 public:

@@ -5,7 +5,7 @@
 
 class VxClassFactory;
 
-/// The factories of the panes that the program itself brings; static objects.
+/// The factories of the program's own panes; static objects.
 QVector<VxClassFactory *> studioClassFactories();
 
 #endif

@@ -44,7 +44,7 @@ template <typename Slot> QAction *StudioMenus::addEntry(QMenu *menu, const Entry
     return action;
 }
 
-/** Gives an action its words and its shortcut, which is the user's from then on. */
+/** Sets an action's texts and its default shortcut, which the user can change. */
 void StudioMenus::adopt(QAction *action, const Entry &entry)
 {
     action->setObjectName(QLatin1String(entry.name));
@@ -147,7 +147,7 @@ void StudioMenus::buildViewMenu()
     addPaletteChoice(menu);
 }
 
-/** What the time line shows. */
+/** Commands for the visible time range. */
 void StudioMenus::addTimeViews(QMenu *menu)
 {
     const auto report = [this](const QString &reason) {
@@ -204,7 +204,7 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
         VxStyle::ColorScheme::Light);
 }
 
-/** Made with the others, because its shortcuts are; put in last. */
+/** Created with the others, because its shortcuts are needed; inserted last. */
 void StudioMenus::buildHelpMenu()
 {
     m_helpMenu = new QMenu(tr("&Help"), m_window->menuBar());
@@ -229,8 +229,8 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     adopt(undo, {"StudioUndo", QString(), tr("Undoes the last change."), QKeySequence::Undo});
     adopt(redo,
           {"StudioRedo", QString(), tr("Redoes the last undone change."), QKeySequence::Redo});
-    // Text and state come from the toolkit's stack; the trigger goes through the host's, which
-    // waits while a gesture is under way.
+    // The toolkit's stack supplies text and state; the trigger calls the host's, which waits during
+    // a gesture.
     disconnect(undo, nullptr, stack, nullptr);
     disconnect(redo, nullptr, stack, nullptr);
     connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
@@ -260,7 +260,7 @@ void StudioMenus::addActionsAndPanes(const PaneDocks &docks)
 
 void StudioMenus::buildWindowMenu(const PaneDocks &docks)
 {
-    // Last in the bar, wherever the actions have put it.
+    // Last in the bar, wherever the actions have inserted it.
     QMenuBar *bar = m_window->menuBar();
     m_windowMenu = findMenu(tr("Window"));
     if (!m_windowMenu)

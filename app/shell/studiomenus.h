@@ -13,24 +13,24 @@ class RecentFiles;
 class StudioWindow;
 class VxUndoStack;
 
-/// The menu bar: what the program itself offers, and between it the menus of all actions.
+/// The menu bar: the program's own menus, and between them the menus of all actions.
 ///
-/// Each entry of the program's own has a name under which the action manager keeps its shortcut, so
-/// that the user can change it like that of any action.
+/// Each entry of the program's own has a name under which the action manager stores its shortcut,
+/// so that the user can change it like that of any action.
 class StudioMenus : public QObject
 {
     Q_OBJECT
 public:
     explicit StudioMenus(StudioWindow *window);
 
-    /// The sub-menu of files opened last, below "Open...".
+    /// The sub-menu of recent files, below "Open...".
     void addRecentFiles(RecentFiles *files);
     /// The sub-menu of recovery copies, before "Quit".
     void addRecovery(AutoSave *autoSave);
     void setRevertEnabled(bool enabled);
     /// Undo and redo of a history, with the entries' texts.
     void addHistory(VxUndoStack *undoStack);
-    /// Adds the actions of the action manager and the docks. Once, when all of them exist.
+    /// Adds the actions of the action manager and the docks. Call it once, when all of them exist.
     void addActionsAndPanes(const PaneDocks &docks);
 
 Q_SIGNALS:
@@ -53,10 +53,10 @@ Q_SIGNALS:
     void aboutRequested();
 
 private:
-    /// The part of an entry that a menu shows and a list of shortcuts tells.
+    /// The texts of an entry in a menu and in a list of shortcuts.
     struct Entry
     {
-        const char *name; ///< kept in the settings: not to be changed
+        const char *name; ///< persistent in the settings: must not change
         QString text;
         QString help; ///< a sentence for the status line
         QKeySequence shortcut = {};

@@ -37,8 +37,8 @@ void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
     m_fileName.clear();
 }
 
-// A pane that finds nothing in its store starts plain; for the Timeline, somebody who opens the
-// program for the first time should see what it can do.
+// A pane without stored options starts plain; the first start of the program shows the Timeline's
+// features.
 void StudioSettings::fillDefaults(VxSettings *settings)
 {
     VxSettings *pane =

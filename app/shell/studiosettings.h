@@ -6,20 +6,20 @@
 class UserMessages;
 class VxSettings;
 
-/// Where the settings are kept, and whether they are kept at all.
+/// The settings file, and whether settings are saved.
 ///
-/// A file that cannot be read is reported and then left alone: it is not overwritten at the end.
+/// A file that cannot be read is reported and then not overwritten.
 class StudioSettings
 {
 public:
-    /// fileName: empty for settings that live only as long as the program.
+    /// fileName: empty for settings that are not saved.
     explicit StudioSettings(const QString &fileName);
 
-    /// The user's own file, in the folder that the system has for such files.
+    /// The user's own file, in the system's folder for settings.
     static QString defaultFileName();
 
     void load(VxSettings *settings, const UserMessages &messages);
-    /// What a first start shows: the panes' options where nobody has chosen any yet.
+    /// Sets defaults for a first start: the panes' options that are not stored yet.
     static void fillDefaults(VxSettings *settings);
     void save(const VxSettings &settings, const UserMessages &messages) const;
 

@@ -35,12 +35,12 @@
 namespace {
 
 constexpr QSize DefaultSize(1280, 800);
-constexpr QSize FrameRoom(16, 48); // what a desktop puts around a window, pixels
+constexpr QSize FrameRoom(16, 48); // window frame of a desktop, pixels
 constexpr double LargeScreenShare = 0.8;
-constexpr double LikeSizes = 0.1; // windows that differ by less take the same layout
-constexpr int LayoutVersion = 2;  // to raise when docks are arranged in another way
+constexpr double LikeSizes = 0.1; // windows that differ by less share a layout
+constexpr int LayoutVersion = 2;  // to increase when docks are arranged in another way
 
-/** The offscreen platform's screen has no size that means anything. */
+/** The offscreen platform's screen has no meaningful size. */
 bool hasRealScreen()
 {
     return QGuiApplication::platformName() != QLatin1String("offscreen");
@@ -60,7 +60,7 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     , m_menus(new StudioMenus(this))
 {
     setObjectName(QStringLiteral("StudioWindow"));
-    // Not animated: while a dock slides to its place the toolkit ignores changes of the layout.
+    // Not animated: the toolkit ignores changes of the layout during the animation.
     setDockOptions(AllowNestedDocks | AllowTabbedDocks);
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
@@ -135,7 +135,7 @@ void StudioWindow::restoreLayout(const VxSettings &settings)
 /** Whether the docks have the sizes of a window that was much larger or smaller. */
 bool StudioWindow::hasSizesOfAnother() const
 {
-    // A window that is about to fill the screen does not have its size yet.
+    // A window about to fill the screen does not have its size yet.
     if (m_layoutSize.isEmpty() || isMaximized() || isFullScreen())
         return false;
     const auto differs = [](int one, int other) {
@@ -146,7 +146,7 @@ bool StudioWindow::hasSizesOfAnother() const
 
 void StudioWindow::saveLayout(VxSettings *settings) const
 {
-    // A window that was never shown has no layout yet; what its docks say would hide the timeline.
+    // A window that was never shown has no layout yet; its docks' state would hide the timeline.
     if (m_wantsDefaultLayout)
         return;
     settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
@@ -185,7 +185,7 @@ void StudioWindow::revert()
         m_document->open(file);
 }
 
-/** Where file dialogs begin: beside the document, else beside the file used last. */
+/** The initial folder of file dialogs: that of the document, else of the file used last. */
 QString StudioWindow::startFolder() const
 {
     return m_document->fileName().isEmpty() ? m_recentFiles->latestFolder()
@@ -250,7 +250,7 @@ void StudioWindow::showKeyOverview()
     m_keyOverview->activateWindow();
 }
 
-/** True when there is nothing to lose, or it is saved now, or the user agrees to lose it. */
+/** True when there are no unsaved changes, or they are saved now, or the user discards them. */
 bool StudioWindow::mayDiscard()
 {
     if (vxApp->getUndoStack()->isClean())
@@ -269,12 +269,12 @@ bool StudioWindow::mayDiscard()
 void StudioWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(mayDiscard());
-    // Saved, or given up by somebody who was asked; a program that ends in any other way keeps it.
+    // Saved, or discarded by the user; the copy is kept if the program ends in any other way.
     if (event->isAccepted())
         m_recovery->autoSave()->dropCopy();
 }
 
-/** Dock sizes can be given only once the window has its own. */
+/** Dock sizes take effect only once the window has its own. */
 void StudioWindow::showEvent(QShowEvent *event)
 {
     VxMainWindow::showEvent(event);
@@ -298,7 +298,7 @@ void StudioWindow::dropEvent(QDropEvent *event)
     if (file.isEmpty())
         return;
     event->acceptProposedAction();
-    // A question in here would keep the program waiting from which the file was dragged.
+    // A question in here would block the drag's source program.
     QTimer::singleShot(0, this, [this, file] { takeDroppedFile(file); });
 }
 
@@ -315,7 +315,7 @@ void StudioWindow::takeDroppedFile(const QString &fileName)
 
 void StudioWindow::handleDocumentChanged()
 {
-    // Nobody works in a batch: it leaves no traces in the user's list.
+    // Unattended runs leave the user's list unchanged.
     if (!m_messages->isConsole())
         m_recentFiles->add(m_document->fileName());
     updateTitle();
@@ -323,7 +323,7 @@ void StudioWindow::handleDocumentChanged()
 
 void StudioWindow::updateTitle()
 {
-    // Doubled, the placeholder for the mark stands for itself.
+    // Doubled, the placeholder for the mark is literal.
     const QString name =
         m_document->displayName().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(QStringLiteral("%1[*] - %2").arg(name, VxApp::getAppName()));

@@ -15,7 +15,7 @@ class ViewportWidget;
 class VxSettings;
 
 /// The program's main window: the viewport in the middle, panes docked around it, the menu bar and
-/// the status line. It puts its parts together and leaves the work to them.
+/// the status line. It assembles its parts and delegates to them.
 class StudioWindow : public VxMainWindow
 {
     Q_OBJECT
@@ -31,29 +31,29 @@ public:
     RecentFiles *recentFiles() const { return m_recentFiles; }
     RecoveryController *recovery() const { return m_recovery; }
 
-    /// Fills the menu bar from the action manager and the docks. Once, when both are complete.
+    /// Fills the menu bar from the action manager and the docks. Call it once, when both are
+    /// complete.
     void completeMenus();
 
-    /// The size of a window that nobody has sized yet, on a screen with that much room: a good part
-    /// of a large screen, and never more than there is of a small one. Pixels.
+    /// The initial size of a window on a screen with that much space: a good part of a large
+    /// screen, and at most all of a small one. Pixels.
     static QSize firstSize(const QSize &available);
-    /// Size, place and docks as they were saved; the default layout when nothing was.
+    /// Restores saved size, position and docks; the default layout without a saved one.
     void restoreLayout(const VxSettings &settings);
     void saveLayout(VxSettings *settings) const;
-    /// Every dock at its first place.
+    /// Moves every dock to its initial position.
     void applyDefaultLayout();
 
 public Q_SLOTS:
     /// Asks for a file and opens it.
     void openWithDialog();
-    /// Opens a file, after asking what becomes of changes that are not saved.
+    /// Opens a file, after asking about unsaved changes.
     void openAfterAsking(const QString &fileName);
-    /// Opens the document's file again, after asking whether the changes may be lost.
+    /// Opens the document's file again, after asking about unsaved changes.
     void revert();
     /// Starts an empty scene, after asking.
     void newDocument();
-    /// Writes the document into its file, or into one that it asks for. False when nothing was
-    /// written.
+    /// Writes the document to its file, or to one that it asks for. False when nothing was written.
     bool save();
     bool saveWithDialog();
     /// Asks for a motion file and adds its figure to the scene.
@@ -62,7 +62,7 @@ public Q_SLOTS:
     void exportMotion();
     /// Lets the user change the shortcuts of the actions.
     void editShortcuts();
-    /// Shows what the keys and the mouse do, and does not wait.
+    /// Shows the page about keys and mouse, not modal.
     void showKeyOverview();
 
 Q_SIGNALS:
@@ -71,7 +71,7 @@ Q_SIGNALS:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    /// A file that is dropped on the window is opened; a motion may come to the scene instead.
+    /// A dropped file is opened; a motion may be imported into the scene instead.
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -92,9 +92,9 @@ private:
     RecoveryController *m_recovery;
     MotionCommands *m_motion;
     StudioMenus *m_menus;
-    KeyOverviewDialog *m_keyOverview = nullptr; // null until it is asked for
+    KeyOverviewDialog *m_keyOverview = nullptr; // null until first shown
     bool m_wantsDefaultLayout = true;
-    QSize m_layoutSize; // of the window whose docks were restored; empty once that was looked at
+    QSize m_layoutSize; // of the window whose docks were restored; empty after its evaluation
 };
 
 #endif

@@ -16,7 +16,7 @@ namespace {
 constexpr int Margin = 6;
 constexpr int RowGap = 4; // between the lines of two states
 
-/// Writes a word behind the state that is saved.
+/// Writes a word after the saved state.
 class StateDelegate : public QStyledItemDelegate
 {
 public:
@@ -43,7 +43,7 @@ public:
     }
 
 protected:
-    /// The text leaves room for the word.
+    /// Elides the text before the word.
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
@@ -90,7 +90,7 @@ void VxHistoryPane::goTo(const QModelIndex &state)
     if (m_isShowing || !state.isValid())
         return;
     vxApp->getUndoStack()->setIndex(state.row());
-    // The history stays where it is while a gesture is under way.
+    // The history does not change during a gesture.
     if (m_model->presentRow() != state.row())
         QMetaObject::invokeMethod(this, &VxHistoryPane::showPresent, Qt::QueuedConnection);
 }

@@ -6,8 +6,8 @@
 class HistoryModel;
 class QListView;
 
-/// The pane "Undo History": the states that the scene has gone through, the present one selected.
-/// A click on a state, or the arrow keys, go there.
+/// The pane "Undo History": the past and undone states of the scene, the present one selected. A
+/// click on a state, or the arrow keys, restore it.
 class VxHistoryPane : public VxPane
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ private:
 
     HistoryModel *m_model;
     QListView *m_view;
-    bool m_isShowing = false; // the history's state is being put into the view
+    bool m_isShowing = false; // the history's state is being applied to the view
 };
 
 #endif

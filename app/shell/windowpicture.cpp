@@ -15,7 +15,7 @@ constexpr int LongestWait = 3000; // milliseconds
 constexpr int QuietTime = 150;    // longer than the panes' own timers
 constexpr int Pause = 5;
 
-/// Notices every event that changes what a window shows.
+/// Detects every event that changes a window's appearance.
 class ChangeWatcher : public QObject
 {
 public:
@@ -47,7 +47,7 @@ private:
     bool m_changed = false;
 };
 
-/** Quiet is when the window is on its screen and nothing has changed for a while. */
+/** Quiet: the window is exposed and nothing has changed for a while. */
 void waitUntilQuiet(const QWidget *window)
 {
     ChangeWatcher watcher;

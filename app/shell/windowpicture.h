@@ -6,9 +6,9 @@
 
 class QWidget;
 
-/// Shows a window at a size (also below the least one its contents ask for), waits until it has
-/// laid out and painted itself, at most a few seconds, and writes its picture as PNG. False with a
-/// sentence in error (never null) when the file cannot be written.
+/// Shows a window at a size (even below its minimum size), waits until it has laid out and painted
+/// itself, at most a few seconds, and writes its image as PNG. False with a sentence in error
+/// (never null) when the file cannot be written.
 bool writeWindowPicture(QWidget *window, const QSize &size, const QString &fileName,
                         QString *error);
 
