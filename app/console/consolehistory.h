@@ -4,23 +4,23 @@
 #include <QString>
 #include <QStringList>
 
-/// The programs that were run, to be brought back one by one. What was being written when the first
-/// one was brought back comes again behind the last one.
+/// The programs that were run, to be recalled one by one. The draft in the input at the first
+/// recall follows the last of them.
 class ConsoleHistory
 {
 public:
     static constexpr int MaxEntries = 200;
 
-    /// Adds a program at the end, unless it is the last one already, and goes there.
+    /// Appends a program, unless it equals the last one, and moves to the end.
     void add(const QString &program);
 
-    /// The one before or after; draft is what stands in the input now, and is given back when there
-    /// is none.
+    /// The previous or next program; draft is the present input, saved at the end of the list, and
+    /// returned when there is none.
     QString previous(const QString &draft);
     QString next(const QString &draft);
 
     const QStringList &entries() const { return m_entries; }
-    /// Replaces all; goes to the end.
+    /// Replaces all; moves to the end.
     void setEntries(const QStringList &entries);
 
 private:

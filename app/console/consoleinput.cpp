@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int MostLines = 8; // that are shown without scrolling
+constexpr int MostLines = 8; // visible without scrolling
 const QString Indent = QStringLiteral("    ");
 
 bool isReturn(const QKeyEvent *event)
@@ -66,7 +66,7 @@ void ConsoleInput::changeEvent(QEvent *event)
         updateHeight();
 }
 
-/** Keys that mean something here are no shortcuts of the window's. */
+/** Keys of the field have priority over the window's shortcuts. */
 bool ConsoleInput::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
@@ -82,7 +82,7 @@ bool ConsoleInput::event(QEvent *event)
 
 void ConsoleInput::keyPressEvent(QKeyEvent *event)
 {
-    // While the list is open it gets the keys first and leaves these to the field.
+    // The open list gets the keys first and passes these on to the field.
     const bool listIsOpen = m_completer->popup()->isVisible();
     if (listIsOpen && (isReturn(event) || event->key() == Qt::Key_Tab)) {
         const QModelIndex chosen = m_completer->popup()->currentIndex();
@@ -157,7 +157,7 @@ void ConsoleInput::submit()
     Q_EMIT submitted(program);
 }
 
-/** The new line begins below the text of the present one, one step further in behind a brace. */
+/** The new line starts at the indentation of the present one, one step more after a brace. */
 void ConsoleInput::openLine()
 {
     const QString line = textCursor().block().text().left(textCursor().positionInBlock());
@@ -171,7 +171,7 @@ void ConsoleInput::openLine()
 
 void ConsoleInput::bringBack(const QString &program)
 {
-    // As an edit of the whole text, so that it can be undone like any other.
+    // As one edit of the text, so that it can be undone.
     QTextCursor cursor(document());
     cursor.select(QTextCursor::Document);
     cursor.insertText(program);

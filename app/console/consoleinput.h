@@ -9,12 +9,12 @@
 class QCompleter;
 class VxScriptEngine;
 
-/// The field in which programs are written, of as many lines as it takes.
+/// The field for writing programs, which grows with the number of lines.
 ///
-/// Return runs a program that is complete and opens a new line in one that is not; with Shift it
-/// always opens a line, with Ctrl it always runs. Up in the first line and Down in the last one, or
-/// anywhere with Ctrl, bring back programs that were run. Tab completes the word, or indents; so
-/// does a dot, by itself, where something is known behind it.
+/// Return runs a complete program and otherwise opens a new line; with Shift it always opens a
+/// line, with Ctrl it always runs. Up in the first line and Down in the last one, or anywhere with
+/// Ctrl, recall earlier programs. Tab completes the word, or indents; so does a dot, automatically,
+/// when the members before it can be read.
 class ConsoleInput : public QPlainTextEdit
 {
     Q_OBJECT
@@ -24,14 +24,14 @@ public:
 
     ConsoleHistory &history() { return m_history; }
     const ConsoleHistory &history() const { return m_history; }
-    /// The list that is offered while a word is being completed.
+    /// The popup of completions.
     QCompleter *completer() const { return m_completer; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// The user wants the program to be run; it is in the history and no longer in the field.
+    /// The user submitted the program; it is in the history and no longer in the field.
     void submitted(const QString &program);
     /// Escape, with no list open.
     void escaped();
@@ -48,7 +48,7 @@ private:
     void submit();
     void openLine();
     void bringBack(const QString &program);
-    /// single: puts a completion in at once when there is just one.
+    /// single: inserts a unique completion at once.
     void complete(bool single);
     void insertCompletion(const QString &completion);
     void updateHeight();

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int ShowEvery = 50; // milliseconds
-// Readable on dark and on light ground.
+// Readable on dark and on light backgrounds.
 const QColor ErrorColor(0xe0, 0x52, 0x48);
 
 } // namespace
@@ -40,7 +40,7 @@ void ConsoleOutput::flush()
     m_timer.stop();
     if (m_waiting.isEmpty())
         return;
-    // Who has scrolled up to read something stays there.
+    // Keeps the position of a user who has scrolled up.
     QScrollBar *bar = verticalScrollBar();
     const bool follows = bar->value() >= bar->maximum() - 1;
     QTextCursor cursor(document());

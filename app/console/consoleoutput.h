@@ -5,10 +5,10 @@
 #include <QTimer>
 #include <QVector>
 
-/// What programs have printed, given back and done wrong, as lines that can be read and copied.
+/// The printed lines, results and errors of programs, to be read and copied.
 ///
-/// Lines are shown some times a second only, and the oldest ones go when there are very many, so
-/// that a program that prints without end costs no more than one that runs without end.
+/// Lines are shown only some times a second, and the oldest are dropped beyond a limit, so that a
+/// program that prints endlessly costs no more than one that runs endlessly.
 class ConsoleOutput : public QPlainTextEdit
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     /// Text of one or several lines.
     void add(Kind kind, const QString &text);
-    /// Shows at once what waits.
+    /// Shows pending lines at once.
     void flush();
     void clearAll();
 

@@ -38,7 +38,7 @@ bool ConsoleRunner::run(const QString &program)
         return false;
     m_isRunning = true;
     Q_EMIT started();
-    // A program must not outlive the window that shows what it does.
+    // A program must not outlive the window that shows its output.
     const QPointer<VxMainWindow> window = vxApp->getInterface();
     if (window)
         window->installEventFilter(this);
@@ -50,7 +50,7 @@ bool ConsoleRunner::run(const QString &program)
     } else {
         VxUndoStackHold hold;
         result = m_engine->evaluate(program, QStringLiteral("console"), &error);
-        // What was changed before an error can be undone, too.
+        // Changes before an error can be undone, too.
         hold.accept(entryText(program));
     }
     m_engine->setStoppable(false);
@@ -67,7 +67,7 @@ bool ConsoleRunner::run(const QString &program)
 
 bool ConsoleRunner::eventFilter(QObject *watched, QEvent *event)
 {
-    // The window system hides a window that is minimized, too.
+    // Minimising hides the window too, but spontaneously.
     if (event->type() == QEvent::Hide && !event->spontaneous())
         stop();
     return QObject::eventFilter(watched, event);

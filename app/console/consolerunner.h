@@ -6,10 +6,10 @@
 class VxScriptEngine;
 struct VxScriptError;
 
-/// Runs programs for a console, one at a time, and lets the window live meanwhile.
+/// Runs programs for a console, one at a time, while the window stays responsive.
 ///
-/// What a program changes in the scene is one entry of the history, named by the program's first
-/// line; a program that works on the history itself, by `Undo`, is left to make its own entries.
+/// A program's changes of the scene are one undo entry, named by the program's first line; a
+/// program that uses `Undo` makes its own entries.
 class ConsoleRunner : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     /// Ends the running program at its next statement.
     void stop();
 
-    /// The text of a program's entry in the history.
+    /// The text of a program's undo entry.
     static QString entryText(const QString &program);
 
     /// Ends the program when the main window is closed.
@@ -31,7 +31,7 @@ public:
 
 Q_SIGNALS:
     void started();
-    /// Exactly one of these two, before finished(); result is empty when there is none.
+    /// Exactly one of these two, before finished(); result is empty without a value.
     void succeeded(const QString &result);
     void failed(const VxScriptError &error);
     void finished();

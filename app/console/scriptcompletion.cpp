@@ -21,7 +21,7 @@ bool isOwnerPart(QChar c)
     return isNamePart(c) || c == QLatin1Char('.') || c == QLatin1Char('[') || c == QLatin1Char(']');
 }
 
-/** Whether a place lies within quotes or a comment, by a walk over what is before it. */
+/** Whether a position is within quotes or a comment, by scanning the text before it. */
 bool isInTextOrComment(const QString &program, int place)
 {
     QChar quote;
@@ -65,7 +65,7 @@ ScriptWord ScriptWord::at(const QString &program, int place)
     int first = dot;
     while (first > 0 && isOwnerPart(program.at(first - 1)))
         --first;
-    // Behind a call nothing is known: what it gives would have to be found by calling.
+    // The members of a call's result are unknown: finding them would require the call.
     if (first == 0 || program.at(first - 1) != QLatin1Char(')'))
         word.owner = program.mid(first, dot - first);
     return word;

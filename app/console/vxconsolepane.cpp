@@ -17,7 +17,7 @@ namespace {
 const QString ProgramsKey = QStringLiteral("Programs");
 constexpr int KeptPrograms = 50;
 
-/** The lines of a program as they were typed, each behind a prompt. */
+/** The lines of a program as typed, each after a prompt. */
 QString withPrompts(const QString &program)
 {
     return QStringLiteral("> ") +
@@ -40,7 +40,7 @@ VxConsolePane::VxConsolePane()
         font.setPointSizeF(QFontInfo(this->font()).pointSizeF());
         text->setFont(font);
     }
-    // One line, so that it does not keep a pane in the same place from becoming low.
+    // One line, so that its minimum does not keep the dock area high.
     m_output->setMinimumHeight(m_output->fontMetrics().lineSpacing());
     setFocusProxy(m_input);
     build();

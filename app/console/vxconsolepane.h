@@ -9,8 +9,8 @@ class ConsoleRunner;
 class QToolButton;
 struct VxScriptError;
 
-/// The pane "Script Console": a field to write programs in, above it what they print, give back and
-/// do wrong. Programs that were run are remembered with the pane's settings.
+/// The pane "Script Console": a field for programs, above it their output, results and errors.
+/// Programs that were run are saved with the pane's settings.
 class VxConsolePane : public VxPane
 {
     Q_OBJECT
