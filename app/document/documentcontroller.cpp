@@ -38,7 +38,7 @@ DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
 bool DocumentController::open(const QString &fileName, const VxMotionBuildOptions &options,
                               const VxImportChoices &choices, const ImportChooser &chooser)
 {
-    // Events are processed while the progress is shown: a second file must wait for its turn.
+    // Progress processes events, which may request a second file.
     if (m_isBusy)
         return false;
     const QScopedValueRollback<bool> busy(m_isBusy, true);
@@ -65,7 +65,7 @@ bool DocumentController::readScene(const QString &fileName, QString *summary, Vx
     return m_formats.read(fileName, m_scene, progress.function(), summary, error);
 }
 
-/** Loads a motion file, asks how it is imported and lets it enter the scene. */
+/** Loads a motion file, asks for import choices and adds its nodes to the scene. */
 bool DocumentController::enterMotion(VxMotionImport *import, const QString &fileName,
                                      const QString &title, const VxImportChoices &choices,
                                      const ImportChooser &chooser, VxFileError *error)
@@ -105,7 +105,7 @@ bool DocumentController::save(const QString &fileName)
     return true;
 }
 
-/** What a gesture has changed so far is in the file but may yet be taken back. */
+/** In mid-gesture the file has changes that may yet be reverted. */
 void DocumentController::markSaved()
 {
     if (m_undoStack->isRecording())
@@ -145,7 +145,7 @@ bool DocumentController::recover(const QString &copy, const QString &fileName, V
     if (!m_formats.read(copy, m_scene, progress.function(), &summary, error))
         return false;
     setDocument(fileName, summary);
-    // What was saved after the copy was made is not what the copy was made from.
+    // A file saved after the copy was made is not the base of the copy.
     const FileStamp copied = FileStamp::of(copy);
     if (m_stamp.exists() && m_stamp.modified > copied.modified)
         m_stamp = copied;
@@ -188,7 +188,7 @@ bool DocumentController::exportMotion(const VxMotionExportOptions &options, cons
     return true;
 }
 
-/** Always false, for those who failed. */
+/** Always false, for use in return statements. */
 bool DocumentController::report(const VxFileError &error, const QString &cancelled)
 {
     m_lastError = error.cancelled ? cancelled : error.text();
@@ -211,7 +211,7 @@ bool DocumentController::hasWritableFile() const
 
 void DocumentController::setDocument(const QString &fileName, const QString &summary)
 {
-    // The opening itself is nothing that one could undo, and the file as opened counts as saved.
+    // Opening cannot be undone, and the opened file counts as saved.
     m_undoStack->clear();
     m_undoStack->setClean();
     m_fileName = fileName;

@@ -6,8 +6,8 @@
 class QMimeData;
 class VxFileFormats;
 
-/// The file that can be opened out of what is dragged over the window: a single local file of a
-/// kind that is known. Empty for anything else.
+/// The file that can be opened from data dragged over the window: a single local file of a
+/// supported type. Empty for anything else.
 QString droppedFile(const QMimeData *data, const VxFileFormats &formats);
 
 #endif

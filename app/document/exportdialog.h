@@ -9,14 +9,13 @@
 class QComboBox;
 class VxSkeleton;
 
-/// Asks what of a scene is exported: the whole scene or one figure, which range, and the form of
-/// CSV files.
+/// The options of an export: the whole scene or one figure, the range, and the form of CSV files.
 class ExportDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /// The scene must outlive the dialog. The figure of the primary selection is chosen to begin
-    /// with, else the only one there is.
+    /// The scene must outlive the dialog. Initially the figure of the primary selection is chosen,
+    /// else the only one there is.
     ExportDialog(const VxScene &scene, QWidget *parent);
 
     VxMotionExportOptions options() const;

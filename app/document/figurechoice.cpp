@@ -17,7 +17,7 @@ QVector<VxSkeleton *> FigureChoice::figures(const VxScene &scene)
 
 VxSkeleton *FigureChoice::meant(const VxScene &scene)
 {
-    // What a figure holds in its hand belongs to it, too.
+    // Props below a figure's bones belong to the figure, too.
     for (const VxNode *node = scene.getPrimarySelection(); node; node = node->getNodeParent()) {
         if (VxSkeleton *skeleton = node->getSkeleton())
             return skeleton;

@@ -7,17 +7,17 @@
 class VxScene;
 class VxSkeleton;
 
-/// Which of the scene's figures a command about one figure means.
+/// The target of a command on one of the scene's figures.
 namespace FigureChoice {
 
 /// All figures, in the order of the hierarchy.
 QVector<VxSkeleton *> figures(const VxScene &scene);
 
-/// The figure that the primary selection is or belongs to, else the only one there is. Null when
-/// there is none, or when nothing tells which of several.
+/// The figure of the primary selection, else the only one there is. Null when there is none, or
+/// for several without such a selection.
 VxSkeleton *meant(const VxScene &scene);
 
-/// The figures' labels, made to differ by a number where some are the same.
+/// The figures' labels, made unique by a number.
 QStringList names(const QVector<VxSkeleton *> &figures);
 
 } // namespace FigureChoice

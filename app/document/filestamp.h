@@ -4,10 +4,10 @@
 #include <QDateTime>
 #include <QString>
 
-/// How a file looked at one moment, to tell later whether somebody else has written it since.
+/// Size and time of a file, to detect later whether another program has written it since.
 struct FileStamp
 {
-    /// Of the file as it is now; of none when there is no such file.
+    /// Of the file at present; an empty stamp for a missing file.
     static FileStamp of(const QString &fileName);
 
     bool exists() const { return size >= 0; }
@@ -18,7 +18,7 @@ struct FileStamp
     bool operator!=(const FileStamp &other) const { return !(*this == other); }
 
     QDateTime modified;
-    qint64 size = -1; ///< bytes; -1 for a file that is not there
+    qint64 size = -1; ///< bytes; -1 for a missing file
 };
 
 #endif

@@ -68,7 +68,7 @@ QWidget *ImportDialog::makeChoices()
     layout->addWidget(m_animation);
     m_startsAtZero =
         addChoice(QStringLiteral("importStartsAtZero"), tr("Move the first key to time 0"), group);
-    // BVH motion begins at 0 and has no animations to choose from.
+    // BVH motion begins at 0 and has no choice of animations.
     m_startsAtZero->setVisible(m_animation->count() > 1);
     m_snapsToFrames =
         addChoice(QStringLiteral("importSnapsToFrames"), tr("Snap keys to frames"), group);
@@ -84,7 +84,7 @@ QWidget *ImportDialog::makeChoices()
     return group;
 }
 
-/** The number is sure to name one animation; names may occur twice. */
+/** By number, because animations may have equal names. */
 void ImportDialog::readAnimation()
 {
     VxMotionBuildOptions options;

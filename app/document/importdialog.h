@@ -10,8 +10,8 @@ class QComboBox;
 class QLabel;
 class QPlainTextEdit;
 
-/// Shows what was found in a motion file and asks how it is imported. The numbers follow every
-/// choice at once; another animation is read from the file again.
+/// Shows the contents of a motion file and the import options. The numbers follow every choice at
+/// once; choosing another animation reads the file again.
 class ImportDialog : public QDialog
 {
     Q_OBJECT
@@ -44,7 +44,7 @@ private:
     QWidget *m_accept = nullptr;
 };
 
-/// The lines of a report in a window, for reading and copying.
+/// Shows the lines of a report in a window, for reading and copying.
 void showImportReport(const VxImportReport &report, QWidget *parent);
 
 #endif

@@ -31,7 +31,7 @@ LoadProgress::LoadProgress(const UserMessages &messages, const QString &label)
     text->setTextFormat(Qt::PlainText); // a file's name is no markup
     text->setAlignment(Qt::AlignCenter);
     d->dialog->setLabel(text);
-    // Modal, so that nothing but the cancel button takes input while events are processed.
+    // Modal: only the cancel button gets input while events are processed.
     d->dialog->setWindowModality(Qt::ApplicationModal);
     d->dialog->setMinimumDuration(PatienceMilliseconds);
     d->dialog->setAutoReset(false);

@@ -8,8 +8,8 @@
 
 class UserMessages;
 
-/// Shows how far a long file operation is, once it has taken half a second or will clearly take
-/// longer, and lets the user cancel it. On the console nothing is shown and nothing is cancelled.
+/// Shows the progress of a long file operation, once it has taken half a second or will clearly
+/// take longer, and lets the user cancel it. On the console it does neither.
 class LoadProgress
 {
 public:
@@ -18,7 +18,7 @@ public:
     LoadProgress(const LoadProgress &) = delete;
     LoadProgress &operator=(const LoadProgress &) = delete;
 
-    /// The function to hand to the operation; valid while this object lives.
+    /// The callback to pass to the operation; valid during this object's lifetime.
     VxFileProgress function();
 
 private:

@@ -28,7 +28,7 @@ void MotionCommands::importWithDialog(const QString &folder)
         importFile(file);
 }
 
-/** In a run without a user nothing is asked. */
+/** An unattended run asks nothing. */
 DocumentController::ImportChooser MotionCommands::chooser() const
 {
     if (m_messages->isConsole())
@@ -70,7 +70,7 @@ bool MotionCommands::exportWithDialog(const QString &folder)
     QStringList suffixes = vxExportSuffixes();
     SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
     dialog.setStart(folder, options.root ? options.root->getLabel() : tr("Scene"));
-    // A scene of more than one figure does not fit into the first of them.
+    // The first format has a single figure, so it is not the default for a scene.
     if (!options.root)
         suffixes.move(0, suffixes.size() - 1);
     dialog.setKind(

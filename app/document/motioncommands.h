@@ -8,8 +8,8 @@
 class UserMessages;
 class VxScene;
 
-/// Import and export of motion as the File menu offers them: asks for what is not known and hands
-/// the work to the document.
+/// Import and export of motion for the File menu: runs the dialogs and delegates the work to the
+/// document.
 class MotionCommands : public QObject
 {
     Q_OBJECT
@@ -20,13 +20,13 @@ public:
 
     /// Asks for a motion file, beginning in a folder, and adds its figure to the scene.
     void importWithDialog(const QString &folder);
-    /// Adds the nodes of a motion file to the scene, after a dialog with what was found in it.
+    /// Adds the nodes of a motion file to the scene, after the import dialog.
     void importFile(const QString &fileName);
-    /// Opens a file in place of the scene; a motion file after the same dialog.
+    /// Replaces the scene by a file; a motion file after the same dialog.
     void openFile(const QString &fileName);
-    /// Shows what was found in the motion file that was opened or imported last.
+    /// Shows the report of the motion file opened or imported last.
     void showReport() const;
-    /// Asks what is exported and for a file. False when nothing was written.
+    /// Asks for options and a file. False when nothing was written.
     bool exportWithDialog(const QString &folder);
 
 private:

@@ -6,10 +6,10 @@
 
 class VxSettings;
 
-/// The files that were opened or saved last, the latest first: kept with the settings, each once.
+/// The recently opened or saved files, the latest first: stored in the settings, each once.
 ///
-/// A file that is no longer there stays in the list, since it may come back with the drive it lies
-/// on; who shows the list says so.
+/// A missing file stays in the list, since its drive may be connected again; the user of the list
+/// marks it.
 class RecentFiles : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace {
 constexpr int Accelerators = 9;
 constexpr int FolderPixels = 320;
 
-/// An ampersand in a name is not meant to underline what follows it.
+/// Escapes ampersands, which would underline the next character.
 QString plain(QString text)
 {
     return text.replace(QLatin1Char('&'), QStringLiteral("&&"));

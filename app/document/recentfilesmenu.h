@@ -5,8 +5,8 @@
 
 class RecentFiles;
 
-/// The sub-menu of the files opened last, made anew whenever it opens: that is when it is known
-/// which of them are still there. The first nine have their numbers for accelerators.
+/// The sub-menu of recent files, refilled whenever it opens, to check which of them still exist.
+/// The first nine have their numbers for accelerators.
 class RecentFilesMenu : public QMenu
 {
     Q_OBJECT

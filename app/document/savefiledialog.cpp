@@ -16,7 +16,7 @@ void SaveFileDialog::setStart(const QString &folder, const QString &name)
 {
     m_folder = folder;
     m_name = name;
-    // A label may hold what would lead to another folder.
+    // A slash in a label would name another folder.
     m_name.replace(QLatin1Char('/'), QLatin1Char('_'));
 }
 

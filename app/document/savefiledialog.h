@@ -9,19 +9,19 @@ class UserMessages;
 
 /// Asks for the name of a file to write.
 ///
-/// A name such as "take 1.5" ends in what looks like a suffix but is none: the proper suffix is
-/// added, and if there is such a file already its replacement is asked for, which the toolkit's
-/// dialog has done only for the name as it was typed.
+/// A name such as "take 1.5" ends in an apparent suffix: the proper suffix is added, and if such a
+/// file exists already its replacement is confirmed, which the toolkit's dialog has done only for
+/// the name as it was typed.
 class SaveFileDialog
 {
 public:
     SaveFileDialog(const QString &title, const UserMessages *messages, QWidget *parent);
 
-    /// Where it begins, and the name that it offers, without a suffix.
+    /// The initial folder, and the suggested name, without a suffix.
     void setStart(const QString &folder, const QString &name);
-    /// The suffix, without a dot, and the filter of the only kind of file there is.
+    /// The suffix, without a dot, and the filter of the only file type.
     void setKind(const QString &suffix, const QStringList &filters);
-    /// Further suffixes that a typed name may have instead.
+    /// Further suffixes that are accepted in a typed name.
     void setOtherSuffixes(const QStringList &suffixes) { m_otherSuffixes = suffixes; }
 
     /// Absolute path with the suffix; empty when the user cancelled.

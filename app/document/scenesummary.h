@@ -5,11 +5,11 @@
 
 class VxScene;
 
-/// How much there is in a scene.
+/// The numbers of items in a scene.
 struct SceneCounts
 {
     int nodes = 0;
-    int keyedProperties = 0; ///< properties that hold keys themselves; aliases do not count twice
+    int keyedProperties = 0; ///< properties with keys of their own; aliases are not counted
     qint64 keys = 0;
 
     static SceneCounts of(const VxScene &scene);
