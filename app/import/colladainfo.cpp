@@ -87,7 +87,7 @@ void Scanner::startElement()
 
 bool Scanner::scan(VxFileError *error)
 {
-    // The library that reads the document follows nested elements with its stack.
+    // The library that reads the document recurses over nested elements.
     constexpr int MaxDepth = 1000;
     while (!m_xml.atEnd()) {
         const QXmlStreamReader::TokenType token = m_xml.readNext();

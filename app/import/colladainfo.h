@@ -6,7 +6,7 @@
 #include <QHash>
 #include <QString>
 
-/// What the library that reads COLLADA files does not hand on, taken from the text itself.
+/// Data of COLLADA files that the reading library drops, taken from the text itself.
 struct ColladaInfo
 {
     struct Node
@@ -23,15 +23,15 @@ struct ColladaInfo
     int meshes = 0;
     int cameras = 0;
     int lights = 0;
-    bool hasTangents = false; ///< some segment is neither straight nor a step
+    bool hasTangents = false; ///< some segment is neither linear nor a step
 };
 
 /// Reads it in one pass. False with line and column in `error` when the text is not well-formed
 /// XML or no COLLADA document.
 bool readColladaInfo(const QByteArray &bytes, ColladaInfo *info, VxFileError *error);
 
-/// The document in a form that the library reads, too: UTF-8, and no blanks before the text of an
-/// element. The document must be well-formed.
+/// The document in a form that the library can read, too: UTF-8, and no blanks before the text of
+/// an element. The document must be well-formed.
 QByteArray plainCollada(const QByteArray &bytes);
 
 #endif

@@ -44,7 +44,7 @@ VxMotionQuaternion unit(const aiQuaternion &q)
     return result;
 }
 
-/// Whether two rotations are the same but for rounding.
+/// Whether two rotations are equal up to rounding.
 bool isSame(const VxMotionQuaternion &a, const VxMotionQuaternion &b)
 {
     const double dot = a[0] * b[0] + a[1] * b[1] + a[2] * b[2] + a[3] * b[3];
@@ -56,7 +56,7 @@ bool isNear(double a, double b)
     return std::abs(a - b) <= 1e-6 * std::max({1.0, std::abs(a), std::abs(b)});
 }
 
-/// Turns the library's scene into a motion.
+/// Converts the library's scene to a motion.
 class Converter
 {
 public:
@@ -89,7 +89,7 @@ private:
     int m_sheared = 0;
 };
 
-/** In a document without meshes the library makes one itself, with a bone for every node. */
+/** In a document without meshes the library generates one, with a bone for every node. */
 void Converter::collectBones()
 {
     for (unsigned i = 0; i < m_scene.mNumMeshes && m_info.meshes > 0; ++i) {
@@ -112,7 +112,7 @@ void Converter::addNode(const aiNode &node, int parent, aiMatrix4x4 matrix)
     aiVector3D position;
     aiQuaternion rotation;
     matrix.Decompose(scale, rotation, position);
-    // The library's own way to put them together scales rows instead of columns.
+    // The library's own composition scales rows instead of columns.
     aiMatrix4x4 moved;
     aiMatrix4x4 scaled;
     const aiMatrix4x4 again = aiMatrix4x4::Translation(position, moved) *
@@ -126,13 +126,13 @@ void Converter::addNode(const aiNode &node, int parent, aiMatrix4x4 matrix)
     data.scale = {{double(scale.x), double(scale.y), double(scale.z)}};
     data.rotation =
         vxEulerAngles(VxQuaternion{q[3], q[0], q[1], q[2]}, VxRotationOrder(data.order));
-    // Of several instances of a node the first is the one that moves.
+    // Of several instances of a node the first one is animated.
     if (!m_nodeOf.contains(id))
         m_nodeOf.insert(id, int(m_motion.nodes.size()));
     m_motion.nodes.push_back(std::move(data));
 }
 
-/** Without recursion; the library's root is the scene itself and becomes no node. */
+/** Without recursion; the library's root represents the scene itself and is skipped. */
 bool Converter::addNodes(VxFileError *error)
 {
     struct Pending
@@ -160,7 +160,7 @@ bool Converter::addNodes(VxFileError *error)
     return !m_motion.nodes.empty() || fail(error, tr("The file has no nodes."));
 }
 
-/** The three axes of a position or scale; those that stay at rest get no keys. */
+/** The three axes of a position or scale; constant ones get no keys. */
 void Converter::addVectors(int node, VxMotionTarget first, const aiVectorKey *keys, unsigned count,
                            double ticksPerSecond, VxMotionClip *clip)
 {
@@ -291,7 +291,7 @@ bool readCollada(const QByteArray &bytes, VxImportedMotion *motion, VxFileError 
     if (!readColladaInfo(bytes, &info, error))
         return false;
     Assimp::Importer importer;
-    // The builder turns the up axis, for all formats in the same way.
+    // The builder converts the up axis, for all formats in the same way.
     importer.SetPropertyBool(AI_CONFIG_IMPORT_COLLADA_IGNORE_UP_DIRECTION, true);
     const QByteArray plain = plainCollada(bytes);
     const aiScene *scene =

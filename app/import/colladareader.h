@@ -6,11 +6,11 @@
 
 #include <QByteArray>
 
-/// Reads a COLLADA document by way of the library assimp, as well as that can: keys are those that
-/// it makes, joined by straight segments.
+/// Reads a COLLADA document through the library assimp, with its limitations: keys are those that
+/// it generates, joined by linear segments.
 ///
 /// Only for the importer process: the library ends the process on some damaged files. On failure
-/// returns false with one sentence in `error`; the motion is untouched then.
+/// returns false with one sentence in `error`, and the motion is unchanged.
 bool readCollada(const QByteArray &bytes, VxImportedMotion *motion, VxFileError *error);
 
 #endif

@@ -25,7 +25,7 @@ bool fail(VxFileError *error, const QString &message)
 
 bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
 {
-    // Larger ones cannot be held in one array of bytes.
+    // Larger ones exceed one array of bytes.
     constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile())
