@@ -53,7 +53,7 @@ void AutoSave::setInterval(int milliseconds)
     else if (m_timer.isActive())
         m_timer.start(m_interval);
     else if (!m_store->hasOwn())
-        handleHistoryMoved(); // there may be changes from the time when it was off
+        handleHistoryMoved(); // there may be changes from while it was off
 }
 
 void AutoSave::dropCopy()
@@ -67,7 +67,7 @@ void AutoSave::writeNow()
 {
     if (m_interval == 0 || !m_store->isEnabled() || m_scene->isLoading())
         return;
-    // An open hold has changes that the history does not know of yet.
+    // The history does not include the changes of an open hold.
     if (m_history->isClean() && !m_history->isRecording())
         return;
     VxFileError error;
@@ -141,7 +141,7 @@ void AutoSave::handleProgress()
 
 void AutoSave::fail(const QString &reason)
 {
-    // Once is enough: it will hardly be better in some minutes.
+    // Only one notice: a retry in some minutes will probably fail, too.
     if (!m_hasFailed)
         m_messages->showNotice(tr("Cannot make a recovery copy: %1").arg(reason));
     m_hasFailed = true;

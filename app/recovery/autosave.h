@@ -10,13 +10,12 @@ class UserMessages;
 class VxScene;
 class VxUndoStack;
 
-/// Sees to it that of a document with unsaved changes there is a copy that is not older than some
-/// minutes.
+/// Keeps a recovery copy of a document with unsaved changes, at most some minutes old.
 ///
-/// The time runs from the first change that the copy does not have, so an idle program writes
-/// nothing. What must not be disturbed is waited for: a gesture and a file that is read or written
-/// for as long as they last; playback, which may be looped for hours, for the same time again at
-/// most. When the document is as it is in its file the copy goes.
+/// The interval starts at the first change that the copy lacks, so an idle program writes nothing.
+/// Writing waits for a gesture and for reading or writing a file as long as they last, for
+/// playback, which may loop for hours, at most for one more interval. When the document equals its
+/// file the copy is removed.
 class AutoSave : public QObject
 {
     Q_OBJECT
@@ -29,21 +28,21 @@ public:
 
     /// 0: no copies are made. Values below count as 0.
     int minutes() const { return m_minutes; }
-    /// Turning it off removes the copy that there may be.
+    /// Turning it off removes an existing copy.
     void setMinutes(int minutes);
     /// The same time in finer steps, for tests.
     void setInterval(int milliseconds);
 
-    /// Forgets the changes up to now and removes the copy: the user has given them up.
+    /// Discards the changes up to now and removes the copy: the user has given them up.
     void dropCopy();
-    /// Makes a copy of what there is, at once and whatever is under way: the program must end.
+    /// Writes a copy at once, even during a gesture or playback: the program must end.
     void writeNow();
-    /// The copy that the document was made from is its copy now.
+    /// Marks the copy that the document was recovered from as current.
     void takeCopy();
 
 Q_SIGNALS:
     void minutesChanged(int minutes);
-    /// A copy was written, at the end of a wait.
+    /// A copy was written, at the end of an interval.
     void written();
 
 private:
@@ -61,10 +60,10 @@ private:
     RecoveryStore *const m_store;
     const UserMessages *const m_messages;
     QTimer m_timer;
-    QTimer m_progress; // asks whether the disk has taken the copy
+    QTimer m_progress; // polls for the end of writing
     int m_minutes = DefaultMinutes;
     int m_interval;        // milliseconds
-    int m_playingWait = 0; // milliseconds for which playback has been waited for
+    int m_playingWait = 0; // milliseconds waited for playback
     bool m_hasFailed = false;
 };
 

@@ -46,7 +46,7 @@ bool RecoveryController::offer()
     connect(m_dialog, &RecoveryDialog::recoverRequested, this, &RecoveryController::recover);
     connect(m_dialog, &RecoveryDialog::discardRequested, this, &RecoveryController::discard);
     connect(m_dialog, &QDialog::finished, this, [this] { m_store.release(); });
-    // Not run: a start goes on whether anybody answers or not.
+    // Not exec(): the start continues without an answer.
     m_dialog->open();
     return true;
 }

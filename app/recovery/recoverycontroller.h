@@ -10,17 +10,17 @@
 
 class RecoveryDialog;
 
-/// Keeps copies of the document while somebody works on it, and brings back those that a run which
-/// did not end well has left.
+/// Keeps copies of the document during a session, and recovers those left by a session that ended
+/// abnormally.
 class RecoveryController : public QObject
 {
     Q_OBJECT
 public:
-    /// What is asked before the scene is replaced; true when it may be.
+    /// Asks before the scene is replaced; true to proceed.
     using MayReplace = std::function<bool()>;
 
-    /// folder: where copies are kept; empty for none at all. The others are borrowed and must
-    /// outlive the controller.
+    /// folder: for the copies; empty for none at all. The others are borrowed and must outlive the
+    /// controller.
     RecoveryController(const QString &folder, DocumentController *document, VxScene *scene,
                        VxUndoStack *history, const UserMessages *messages, QObject *parent);
     ~RecoveryController() override;
@@ -28,12 +28,12 @@ public:
     AutoSave *autoSave() { return &m_autoSave; }
     void setMayReplace(const MayReplace &mayReplace);
 
-    /// Asks what becomes of copies that were left behind; returns at once, with the question
-    /// open, or not when there are none. False in the latter case.
+    /// Asks about leftover copies; returns at once, with the dialog open. False, without a dialog,
+    /// when there are none.
     bool offer();
-    /// The same on demand: tells when there are none.
+    /// The same on demand: shows a message when there are none.
     void offerOnDemand();
-    /// The question while it is open, else null.
+    /// The open dialog, else null.
     RecoveryDialog *dialog() const;
 
 private:

@@ -106,7 +106,7 @@ void RecoveryDialog::recoverCurrent()
     if (index < 0)
         return;
     const RecoveryCopy copy = m_copies.at(index);
-    hide(); // before others ask their questions
+    hide(); // before other dialogs open
     Q_EMIT recoverRequested(copy);
     accept();
 }

@@ -8,15 +8,15 @@
 class QPushButton;
 class QTreeWidget;
 
-/// Shows the copies that a run has left behind and asks what becomes of them. It decides nothing
-/// itself; later is as good as not asked.
+/// Shows the copies of an earlier session and asks what to do with them. It only emits requests;
+/// postponing changes nothing.
 class RecoveryDialog : public QDialog
 {
     Q_OBJECT
 public:
     RecoveryDialog(const QVector<RecoveryCopy> &copies, QWidget *parent);
 
-    /// Takes a copy off the list; the dialog goes with the last one.
+    /// Removes a copy from the list; the last one closes the dialog.
     void removeCopy(const QString &id);
 
 Q_SIGNALS:

@@ -17,7 +17,7 @@ RecoveryMenu::RecoveryMenu(const QString &title, AutoSave *autoSave, QAction *re
     fill();
 }
 
-/** With the present choice among the usual ones, wherever it came from. */
+/** Adds the present interval to the usual ones if it differs. */
 void RecoveryMenu::fill()
 {
     clear();
@@ -40,7 +40,7 @@ void RecoveryMenu::addChoice(int minutes)
     const QString text = minutes == 0   ? tr("&Never")
                          : minutes == 1 ? tr("Every Minute")
                                         : tr("Every %1 Minutes").arg(minutes);
-    // Later: the menu that holds the entry is made anew by what it does.
+    // Queued: the handler refills the menu that owns the entry.
     QAction *entry = addAction(text);
     connect(
         entry, &QAction::triggered, m_autoSave,

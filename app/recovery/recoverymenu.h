@@ -6,13 +6,12 @@
 class AutoSave;
 class QActionGroup;
 
-/// The sub-menu about recovery copies: how often they are made, and the way to those that were
-/// left behind.
+/// The sub-menu for recovery copies: their interval, and the command to recover leftover ones.
 class RecoveryMenu : public QMenu
 {
     Q_OBJECT
 public:
-    /// The choice is shown and changed in autoSave; recover is the last entry. Both are borrowed
+    /// The interval is shown and changed in autoSave; recover is the last entry. Both are borrowed
     /// and must outlive the menu.
     RecoveryMenu(const QString &title, AutoSave *autoSave, QAction *recover, QWidget *parent);
 

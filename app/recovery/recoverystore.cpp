@@ -29,8 +29,8 @@ QString tr(const char *text)
 
 using Lock = std::unique_ptr<QLockFile>;
 
-/// A lock that only looks as if a program held it: of one that died before it had signed it, or
-/// of one that had this one's number, before the machine or its container began anew.
+/// True for a lock file without a process: one whose process died before it was written, or one
+/// with this process's id, from before the machine or its container restarted.
 bool isOfNobody(const QLockFile &lock)
 {
     qint64 pid = 0;
@@ -51,7 +51,7 @@ bool makePrivateFolder(const QString &folder)
            QFile::setPermissions(folder, QFile::permissions(folder) & owner);
 }
 
-/// In another thread. Returns the reason of a failure, else an empty text.
+/// Runs in another thread. Returns the reason of a failure, else an empty text.
 QString writeFile(const QString &name, const QByteArray &bytes)
 {
     VxSafeFile file(name);
@@ -87,7 +87,7 @@ public:
     Lock ownLock;
     QString recordedFile;
     QString recordedTitle;
-    std::future<QString> writing; // gives the reason of a failure
+    std::future<QString> writing; // the reason of a failure
     int lastSize = 0;             // bytes
     std::map<QString, Lock> claims;
 };
@@ -95,17 +95,17 @@ public:
 Lock RecoveryStore::Private::makeLock(const QString &id) const
 {
     Lock lock = std::make_unique<QLockFile>(path(id, ".lock"));
-    lock->setStaleLockTime(0); // a program may live for days
+    lock->setStaleLockTime(0); // a program may run for days
     return lock;
 }
 
-/** Null when somebody has it. */
+/** Null when another program has it. */
 Lock RecoveryStore::Private::tryLock(const QString &id) const
 {
     Lock lock = makeLock(id);
     if (lock->tryLock(0))
         return lock;
-    // Removing asks the system, which knows of a program that does hold it.
+    // Removal is verified by the system, which detects a program that still has the lock.
     if (lock->error() == QLockFile::LockFailedError && isOfNobody(*lock) &&
         lock->removeStaleLockFile() && lock->tryLock(0))
         return lock;
@@ -163,7 +163,7 @@ void RecoveryStore::Private::waitForWriting()
         writing.wait();
 }
 
-/** Of everything that is there, in whatever state. */
+/** The ids of all files, complete or not. */
 QStringList RecoveryStore::Private::ids() const
 {
     QStringList list;
@@ -182,15 +182,15 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
     copy.sceneFile = QFileInfo(scene(id)).absoluteFilePath();
     copy.time = QFileInfo(scene(id)).lastModified();
     VxSettings record;
-    // Without a record it is a document that was never saved.
+    // A missing record is that of a document that was never saved.
     record.load(this->record(id));
     copy.documentFile = record.getStringValue(FileKey);
     copy.title = record.getStringValue(TitleKey, tr("Untitled"));
     return copy;
 }
 
-/** The scene first: what is left of a copy without it is swept away another time. All but the lock,
- *  also the beginning of a scene that its writer could not end. */
+/** The scene first: a later run removes the rest of a copy without it. Everything but the lock,
+ *  including a partial scene whose writer was interrupted. */
 void RecoveryStore::Private::remove(const QString &id) const
 {
     QFile::remove(scene(id));
