@@ -16,7 +16,7 @@ struct Visit
     VxNode *parentBone; // null when the parent is no bone
 };
 
-// Places farther away cannot be computed with: their squares leave single precision.
+// The squares of larger coordinates exceed single precision.
 constexpr float Farthest = 1e18f;
 
 bool isPlace(const QVector3D &at)
@@ -58,7 +58,7 @@ void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureL
     const QVector3D end = world.map(node->getEndPoint());
     if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull() && isPlace(end))
         lines->bones.append({at, end, node, node->isSelected()});
-    // A figure's own place is no joint of it; it shows when it has nothing else to show.
+    // A figure's own position is no joint of it; it is shown only without children.
     if (!figure || node->getNumNodeChildren() == 0)
         lines->joints.append({at, node, node->isSelected()});
 }
@@ -79,7 +79,7 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
         const QVector3D at = world.column(3).toVector3D();
         if (!isPlace(at))
             continue;
-        // The line to a bone is its parent's, and is there without the bone.
+        // The line to a bone belongs to its parent, and is drawn even if the bone is hidden.
         if (visit.parentBone && isBone(node))
             lines.bones.append(
                 {visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
@@ -95,7 +95,7 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
 
 QVector<QVector3D> FigureLines::selectedPoints() const
 {
-    // A selected node stands for all that hangs on it: who frames a figure wants to see its bones.
+    // Selecting a node includes everything below it: framing a figure shows its bones.
     const auto counts = [](const VxNode *node) {
         while (node && !node->isSelected())
             node = node->getNodeParent();

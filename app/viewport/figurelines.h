@@ -9,15 +9,15 @@
 class VxNode;
 class VxScene;
 
-/// What a viewport draws of the scene at one time: bones as lines, joints as points and plain nodes
-/// as axes, in world space. Plain data, made in one pass over the nodes.
+/// The viewport's drawing of the scene at one time: bones as lines, joints as points and plain
+/// nodes as axes, in world space. Plain data, made in one pass over the nodes.
 struct FigureLines
 {
     struct Bone
     {
         QVector3D from;
         QVector3D to;
-        VxNode *node; ///< the bone whose line this is
+        VxNode *node; ///< the bone of this line
         bool selected;
     };
     struct Joint
@@ -39,17 +39,17 @@ struct FigureLines
     QVector<Joint> joints;
     QVector<Axes> axes;
 
-    /// Nodes that are not visible are left out with all that hangs below them; so are
-    /// places that are no numbers, or too far away for single precision. A bone leads to each
-    /// of its bones, visible or not; one without any leads to its end point. A node that is neither
-    /// bone nor figure has axes, and so has the primary selection.
+    /// Omits invisible nodes with everything below them, and positions that are not finite, or too
+    /// large for single precision. A bone has a line to each child bone, visible or not; without
+    /// any, to its end point. A node that is neither bone nor figure has axes, and so has the
+    /// primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);
 
     /// Every joint and the end of every bone.
     QVector<QVector3D> points() const;
-    /// The same of bones alone: no plain nodes such as a ground or a light.
+    /// The same for bones alone, without plain nodes such as a ground or a light.
     QVector<QVector3D> figurePoints() const;
-    /// The same of those nodes alone that are selected, or below one that is.
+    /// The same for selected nodes and those below them.
     QVector<QVector3D> selectedPoints() const;
 };
 

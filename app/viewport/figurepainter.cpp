@@ -14,7 +14,7 @@ namespace {
 constexpr double JointSide = 4.5;
 constexpr double BoneWidth = 2;
 constexpr double AxisWidth = 1.6;
-constexpr double OutlineWidth = 2; // of selected bones, at both sides together
+constexpr double OutlineWidth = 2; // of selected bones, both sides together
 constexpr double HoverWidth = 2;
 constexpr QPointF NameOffset(12, -10); // from the joint
 constexpr int NameMargin = 4;

@@ -10,8 +10,8 @@ class VxNode;
 class ViewportCamera;
 struct FigureLines;
 
-/// Paints figures as a camera sees them: bones, joints and axes; on top of them what is selected,
-/// with an outline that shows on any ground, and the node under the mouse with its name.
+/// Paints figures through a camera: bones, joints and axes; over them the selected ones, with an
+/// outline visible on any background, and the node under the mouse with its name.
 class FigurePainter
 {
 public:
@@ -22,13 +22,13 @@ public:
     void paint(const FigureLines &figure, const VxNode *hovered);
 
 private:
-    /// Which bones and joints a pass is for.
+    /// The bones and joints of a painting pass.
     struct Pass
     {
         bool selected;
         const VxNode *only; // null for all
         QColor ink;
-        double extraWidth; // pixels, at both sides together
+        double extraWidth; // pixels, both sides together
     };
 
     void paintPass(const FigureLines &figure, const Pass &pass);

@@ -9,10 +9,10 @@
 
 namespace {
 
-// Two that are nearer to each other than this are at the same place; the depth decides then.
+// Distance within which positions count as equal; the depth decides then.
 constexpr double SamePlace = 0.5;
 
-/// The best of the nodes that were offered.
+/// The best candidate.
 class NearestNode
 {
 public:

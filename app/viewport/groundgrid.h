@@ -19,7 +19,7 @@ struct GroundLine
 float groundGridStep(float viewDistance);
 
 /// The lines around the point below `center`, on whole multiples of `step`, every fifth a major
-/// one; minor lines first, axes last, so that what matters is painted on top.
+/// one; minor lines first, axes last, so that important lines are painted on top.
 QVector<GroundLine> groundGrid(const QVector3D &center, float step);
 
 #endif

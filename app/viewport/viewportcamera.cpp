@@ -22,8 +22,8 @@ float radians(float degrees)
     return degrees * float(M_PI) / 180;
 }
 
-/// Cuts off what lies before `low` or beyond `high` in one coordinate, that runs from `from` by
-/// `step`; first and last are the parts of the line that are left.
+/// Clips the parts below `low` or above `high` in one coordinate, which starts at `from` and ends
+/// at `from + step`; first and last are the parameters of the remaining line.
 void cut(double from, double step, double low, double high, double *first, double *last)
 {
     if (step == 0) {
@@ -37,8 +37,8 @@ void cut(double from, double step, double low, double high, double *first, doubl
     *last = std::min(*last, std::max(a, b));
 }
 
-/// The part of a line within a box; nothing when there is none. A painter would take long for what
-/// reaches far beyond its picture.
+/// The part of a line within a box, if any. A painter would be slow with lines far beyond its
+/// image.
 std::optional<QLineF> within(const QLineF &line, const QRectF &box)
 {
     double first = 0;

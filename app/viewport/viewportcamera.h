@@ -8,8 +8,8 @@
 #include <QVector>
 #include <optional>
 
-/// A camera that circles a point: the mapping from the world to a view's pixels, and what the mouse
-/// does to it. A plain value without a window; y is up, the view's origin is its upper left corner.
+/// A camera that orbits a point: the mapping from the world to a view's pixels, and its mouse
+/// operations. A plain value without a window; y is up, the view's origin is its upper left corner.
 class ViewportCamera
 {
 public:
@@ -24,27 +24,26 @@ public:
     float distance() const { return m_distance; }
     QVector3D eye() const;
 
-    /// Turns about the target as the mouse moves by pixels; never over the top.
+    /// Orbits about the target for a mouse delta in pixels; never over the top.
     void orbit(const QPointF &pixels);
-    /// Shifts the target so that what lies at its depth follows the mouse.
+    /// Shifts the target so that points at its depth follow the mouse.
     void pan(const QPointF &pixels);
-    /// Divides the distance by a factor above 0; others are ignored. What lies at a pixel, at the
-    /// target's depth, stays there; without a pixel that is the target.
+    /// Divides the distance by a factor above 0; others are ignored. The point at a pixel, at the
+    /// target's depth, keeps its position; without a pixel that is the target.
     void zoom(double factor);
     void zoom(double factor, const QPointF &pixel);
     /// Keeps the direction and shows all points, as large as fits with a margin, with the center
-    /// of their bounding box as the target. A single place is shown from the initial distance;
+    /// of their bounding box as the target. A single point is shown from the initial distance;
     /// without points nothing changes. heightPart: the part of the view's height that the points
     /// may fill, above 0 and at most 1.
     void frame(const QVector<QVector3D> &points, float heightPart = FramedPart);
 
-    /// The pixel of a point; nothing when it does not lie before the camera.
+    /// The pixel of a point; none for a point behind the camera.
     std::optional<QPointF> project(const QVector3D &point) const;
-    /// The part of a line that lies before the camera and within the view, or close to it; nothing
-    /// when there is none.
+    /// The part of a line that is before the camera and within the view, or close to it, if any.
     std::optional<QLineF> project(const QVector3D &from, const QVector3D &to) const;
 
-    /// How far a point lies before the eye, along the view's direction; below 0 behind it.
+    /// The distance of a point from the eye, along the view's direction; below 0 behind it.
     float depth(const QVector3D &point) const;
     /// World units that one pixel covers at the target's depth.
     float unitsPerPixel() const;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int FramedPoses = 9;
 constexpr float FigureHeightPart = 2.0f / 3; // of the view's height, after a file was opened
-// A joint alone is framed with this part of the scene's size around it.
+// A single joint is framed with this part of the scene's size around it.
 constexpr float LoneJointReach = 0.05f;
 
 QColor groundColor(GroundLine::Role role, const QPalette &palette)
@@ -69,7 +69,7 @@ QSize ViewportWidget::sizeHint() const
     return {640, 400};
 }
 
-/** The pose at the current time; the ground that a motion crosses would make the figure tiny. */
+/** The current pose; including the path of a motion would make the figure tiny. */
 void ViewportWidget::frameFigure()
 {
     const QVector<QVector3D> points =

@@ -15,10 +15,10 @@ class VxViewportMgr;
 /// The view of the scene at the current time: figures as lines and joints, other nodes as axes,
 /// over a ground grid.
 ///
-/// The mouse does what the viewport conventions say; without an operation of its own the left
-/// button orbits when it is dragged and selects when it is clicked, and the wheel zooms about what
-/// lies under the mouse. The grid
-/// depends on the camera only and is kept as a picture, so that playback paints the figures alone.
+/// The mouse follows the viewport conventions; without its own operation there the left button
+/// orbits when dragged and selects when clicked, and the wheel zooms about the point under the
+/// mouse. The grid depends on the camera only and is cached as an image, so that playback paints
+/// the figures alone.
 class ViewportWidget : public QWidget
 {
     Q_OBJECT
@@ -29,9 +29,9 @@ public:
     const ViewportCamera &camera() const { return m_camera; }
     void setCamera(const ViewportCamera &camera);
 
-    /// What a click at a pixel would select; null for nothing.
+    /// The node that a click at a pixel would select; null for none.
     VxNode *nodeAt(const QPoint &pixel) const;
-    /// The node that is shown as lying under the mouse, or null.
+    /// The highlighted node under the mouse, or null.
     VxNode *hoveredNode() const { return m_hovered; }
 
     /// For menus; F frames the selection while the view has the focus.
@@ -43,10 +43,10 @@ public Q_SLOTS:
     /// Shows the figures in their current pose at two thirds of the view's height; everything in a
     /// scene without bones. Done whenever a document was loaded.
     void frameFigure();
-    /// Shows everything that moves within the play range; the world's origin in an empty scene.
+    /// Shows all positions within the play range; the world's origin in an empty scene.
     void frameAll();
-    /// Shows the selected nodes and what hangs on them as they are now; everything when nothing is
-    /// selected. One joint alone is shown with some of what is around it.
+    /// Shows the selected nodes and everything below them in the current pose; everything when
+    /// nothing is selected. A single joint is shown with some of its surroundings.
     void frameSelection();
 
 protected:
@@ -71,12 +71,12 @@ private:
     const VxViewportMgr *const m_conventions;
     QAction *m_frameSelection;
     ViewportCamera m_camera;
-    QPixmap m_ground; // null when it has to be painted anew
+    QPixmap m_ground; // null when it must be painted again
     QPointer<VxNode> m_hovered;
     Qt::MouseButton m_dragButton = Qt::NoButton;
     Qt::KeyboardModifiers m_pressModifiers;
     int m_dragOperation = 0;
-    bool m_isClick = false; // pressed, and not dragged yet
+    bool m_isClick = false; // pressed, and not yet dragged
     QPoint m_dragAt;
 };
 

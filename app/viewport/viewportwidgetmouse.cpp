@@ -1,4 +1,4 @@
-// What the mouse does in the viewport.
+// Mouse gestures in the viewport.
 
 #include "viewport/viewportwidget.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr double WheelFactor = 1.15; // per notch
 constexpr double DragZoomPerPixel = 1.01;
-constexpr int DragDistance = 4; // a hand that clicks is not quite still
+constexpr int DragDistance = 4; // tolerance for the jitter of a click
 
 } // namespace
 
@@ -98,7 +98,7 @@ void ViewportWidget::dragCamera(const QPoint &to)
     setCamera(camera);
 }
 
-/** Ctrl takes a node in or out, Shift takes it in, without either it becomes the only one. */
+/** Ctrl toggles a node, Shift adds it, without either it becomes the only selected one. */
 void ViewportWidget::selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifiers)
 {
     VxNode *node = nodeAt(pixel);
@@ -107,7 +107,7 @@ void ViewportWidget::selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifie
         m_scene->selectAllNodes(false);
     if (node)
         node->select(!(modifiers & Qt::ControlModifier) || !node->isSelected());
-    // What the click has done is seen at once; the next move shows what lies under the mouse.
+    // Shows the effect of the click unobscured; the next move highlights again.
     setHovered(nullptr);
 }
 
