@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A menu's text without mnemonics and without the dots that announce a dialog.
+/// A menu's text without mnemonics and the dots of a dialog.
 QString plainText(QString text)
 {
     text.replace(QLatin1String("&&"), QString(QChar(0)));
@@ -21,8 +21,8 @@ QString plainText(QString text)
     return text;
 }
 
-/// What a list calls a command. The text of an entry may change, as that of undo does with what is
-/// undone; its tool tip is made from the text where the entry has none of its own.
+/// A command's name in a list. The text of an entry may change, as that of undo does with the next
+/// entry; its tool tip is derived from the text unless the entry has its own.
 QString titleOf(const QAction *command)
 {
     return plainText(qobject_cast<const VxAction *>(command) ? command->text()
@@ -35,7 +35,7 @@ QString descriptionOf(const QAction *command)
     return action ? action->getDescription() : command->statusTip();
 }
 
-/// A command of one widget shares its key with one of the window: who has the focus decides.
+/// A command of one widget can share its key with one of the window: the focus decides.
 bool isLocal(const QAction *entry)
 {
     return entry->shortcutContext() == Qt::WidgetShortcut ||
@@ -65,7 +65,7 @@ private:
 
 void Collector::addMenu(const QWidget *menu, const QStringList &path)
 {
-    // Entries first, so that a group's commands are not torn apart by the menus below it.
+    // Entries first, so that sub-menus do not split a group's commands.
     const QString group = path.join(QStringLiteral(" %1 ").arg(QChar(0x203a)));
     for (const QAction *entry : menu->actions()) {
         if (!entry->menu() && !entry->isSeparator())

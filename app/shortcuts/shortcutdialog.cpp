@@ -25,7 +25,7 @@ QPushButton *makeButton(const char *name, const QString &text)
 {
     auto *button = new QPushButton(text);
     button->setObjectName(QLatin1String(name));
-    // Enter belongs to the dialog's own OK.
+    // Enter is for the dialog's own OK.
     button->setAutoDefault(false);
     return button;
 }
@@ -40,7 +40,7 @@ QLabel *makeText(const char *name)
     return label;
 }
 
-/** Room for that many lines, so that nothing jumps when the text changes. */
+/** Reserves space for that many lines, so that nothing moves when the text changes. */
 void reserveLines(QLabel *label, int lines)
 {
     label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
@@ -289,7 +289,7 @@ void ShortcutDialog::beginCapture()
         m_field->setFocus(Qt::OtherFocusReason);
 }
 
-/** Down leads from the search into what was found, Enter from a command to its field. */
+/** Down moves from the search to the matches, Enter from a command to its field. */
 bool ShortcutDialog::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {

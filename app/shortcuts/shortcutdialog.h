@@ -13,11 +13,11 @@ class ShortcutField;
 class ShortcutModel;
 class ShortcutSearch;
 
-/// Lets the user find a command and give it another shortcut.
+/// Finds a command and changes its shortcut.
 ///
-/// All changes are made to the list in the dialog; who opened it takes them from list() when it was
-/// accepted. A key that another command has is not taken silently: the dialog says whose it is, and
-/// offers to take it over.
+/// All changes are made to the dialog's list; the caller applies list() after acceptance. A key in
+/// use by another command is not reassigned silently: the dialog names that command, and offers the
+/// reassignment.
 class ShortcutDialog : public QDialog
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     ~ShortcutDialog() override;
 
     const ShortcutList &list() const;
-    /// Makes a command the current one, as if it had been clicked.
+    /// Makes a command the current one, as if clicked.
     void selectCommand(int command);
 
 protected:
@@ -42,7 +42,7 @@ private:
 
     int current() const;
     void showCurrent();
-    /// What the user wants for the current command: done at once, or explained.
+    /// The user's shortcut for the current command: assigned at once, or explained.
     void propose(const QKeySequence &shortcut);
     void explainConflict(const QKeySequence &shortcut);
     void clearConflict();
@@ -59,11 +59,11 @@ private:
     ShortcutField *m_field = nullptr;
     QPushButton *m_clear = nullptr;
     QPushButton *m_reset = nullptr;
-    QLabel *m_warning = nullptr; // the sign before the conflict's words
+    QLabel *m_warning = nullptr; // the icon before the conflict's text
     QLabel *m_conflict = nullptr;
     QPushButton *m_takeOver = nullptr;
     QPushButton *m_resetAll = nullptr;
-    QKeySequence m_wanted; // what waits for the user's word; empty for nothing
+    QKeySequence m_wanted; // awaits the user's confirmation; empty for none
 };
 
 #endif

@@ -18,7 +18,7 @@ bool belongsToDialogs(int key)
            key == Qt::Key_Enter || key == Qt::Key_Escape;
 }
 
-/// Shift counts only where it does not make the character itself, as it does in "!".
+/// Shift counts only where it does not select the character, as in "!".
 bool shiftCounts(const QString &text)
 {
     return text.isEmpty() || !text.at(0).isPrint() || text.at(0).isLetterOrNumber() ||
@@ -53,7 +53,7 @@ QKeySequence ShortcutField::shortcutOf(const QKeyEvent &press)
     return QKeySequence(key | int(modifiers));
 }
 
-/** Before any shortcut of the dialog sees the key. */
+/** Handles the key before any shortcut of the dialog. */
 bool ShortcutField::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
@@ -75,7 +75,7 @@ void ShortcutField::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
-/** Nothing that the menu of a text field offers makes sense here. */
+/** The menu of a text field does not apply here. */
 void ShortcutField::contextMenuEvent(QContextMenuEvent *event)
 {
     event->accept();

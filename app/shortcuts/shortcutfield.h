@@ -4,10 +4,10 @@
 #include <QKeySequence>
 #include <QLineEdit>
 
-/// A field that shows a shortcut and takes the next key pressed in it for a new one.
+/// A field that shows a shortcut and captures the next key press as a new one.
 ///
-/// One key with its modifiers, nothing longer: commands that are used while animating need keys
-/// that are hit at once. Tab, Enter and Escape keep their meaning in the dialog.
+/// One key with its modifiers, no sequences: commands used while animating need keys that act at
+/// once. Tab, Enter and Escape keep their functions in the dialog.
 class ShortcutField : public QLineEdit
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     explicit ShortcutField(QWidget *parent = nullptr);
 
     void setShortcut(const QKeySequence &shortcut);
-    /// The shortcut that a key press stands for; empty for one that cannot be any.
+    /// The shortcut of a key press; empty if it cannot be one.
     static QKeySequence shortcutOf(const QKeyEvent &press);
 
 Q_SIGNALS:

@@ -6,21 +6,21 @@
 #include <QString>
 #include <QVector>
 
-/// A command as the shortcut editor lists it.
+/// A command in the shortcut editor.
 struct ShortcutCommand
 {
-    QString className; ///< or name of a command; empty when the shortcut cannot be changed
-    QString group;     ///< where it stands in the menus, to be shown
+    QString className; ///< or name of a command; empty for a fixed shortcut
+    QString group;     ///< its menu path, for display
     QString text;      ///< without mnemonics and trailing dots
     QString description;
-    QKeySequence standard; ///< what a reset gives back
+    QKeySequence standard; ///< restored by a reset
     QKeySequence current;
 
     bool isFixed() const { return className.isEmpty(); }
 };
 
-/// The shortcuts as they are being edited: a plain value, apart from the actions, so that nothing
-/// happens before the user agrees, and the rules can be tested without a window.
+/// The shortcuts being edited: a plain value, separate from the actions, so that nothing happens
+/// before the user accepts, and the rules can be tested without a window.
 ///
 /// A key sequence belongs to one command at most. Indexes count from 0 in the order of adding.
 class ShortcutList
@@ -35,15 +35,15 @@ public:
     int holderOf(const QKeySequence &shortcut, int except) const;
     /// False for a fixed command, and where a fixed command has the sequence.
     bool canAssign(int index, const QKeySequence &shortcut) const;
-    /// Gives a command a sequence, or none, and takes it from the command that had it. Nothing
-    /// happens where canAssign() is false. Returns the commands that changed.
+    /// Gives a command a sequence, or none, and removes it from its former command. Does nothing
+    /// where canAssign() is false. Returns the commands that changed.
     QVector<int> assign(int index, const QKeySequence &shortcut);
-    /// Every command that can be changed gets its standard back.
+    /// Resets every command that can be changed to its standard.
     void resetAll();
 
     bool isStandard(int index) const;
     bool areStandard() const;
-    /// By class name, what differs from the sequences that were added.
+    /// The sequences by class name that differ from the added ones.
     QHash<QString, QKeySequence> changes() const;
 
 private:

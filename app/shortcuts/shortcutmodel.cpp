@@ -8,7 +8,7 @@
 
 namespace {
 
-// What an index keeps: 0 for a group, else the group's number and one.
+// The id of an index: 0 for a group, else the group's number and one.
 constexpr quintptr GroupId = 0;
 constexpr int RowPadding = 6; // pixels
 
@@ -168,7 +168,7 @@ ShortcutSearch::ShortcutSearch(QObject *parent)
     : QSortFilterProxyModel(parent)
 {
     setRecursiveFilteringEnabled(true);
-    // A command that is being edited must not vanish because its shortcut was what was searched.
+    // The edited command must not vanish when its shortcut no longer matches.
     setDynamicSortFilter(false);
 }
 
@@ -181,7 +181,7 @@ void ShortcutSearch::setText(const QString &text)
 bool ShortcutSearch::filterAcceptsRow(int row, const QModelIndex &parent) const
 {
     const QModelIndex index = sourceModel()->index(row, ShortcutModel::CommandColumn, parent);
-    // A group is shown for what it holds; its name counts there.
+    // A group is shown for its matching commands, whose texts include its name.
     if (index.data(ShortcutModel::CommandRole).toInt() < 0)
         return m_words.isEmpty();
     const QString text = index.data(ShortcutModel::SearchRole).toString();

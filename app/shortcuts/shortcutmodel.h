@@ -7,7 +7,7 @@
 #include <QSortFilterProxyModel>
 #include <QStringList>
 
-/// The commands of a shortcut list, below the groups they belong to.
+/// The commands of a shortcut list, as children of their groups.
 class ShortcutModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -15,13 +15,13 @@ public:
     enum Column { CommandColumn, ShortcutColumn, NumColumns };
     enum Role {
         CommandRole = Qt::UserRole, ///< the command's index in the list; -1 for a group
-        SearchRole                  ///< all words by which a row can be found
+        SearchRole                  ///< all words for the search
     };
 
     explicit ShortcutModel(const ShortcutList &list, QObject *parent = nullptr);
 
     const ShortcutList &list() const { return m_list; }
-    /// As those of the list.
+    /// Like the list's functions.
     void assign(int command, const QKeySequence &shortcut);
     void resetAll();
     /// The row of a command, in the first column.
@@ -53,7 +53,7 @@ private:
     QVector<Group> m_groups;
 };
 
-/// Lets through the commands in which every word that was typed is found.
+/// Filters for commands that contain every typed word.
 class ShortcutSearch : public QSortFilterProxyModel
 {
     Q_OBJECT
