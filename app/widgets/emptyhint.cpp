@@ -18,7 +18,7 @@ EmptyHint::EmptyHint(QAbstractItemView *view)
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setMargin(Margin);
-    setEnabled(false); // for the colour of what is not there
+    setEnabled(false); // for the colour of absent content
     view->viewport()->installEventFilter(this);
     hide();
 }

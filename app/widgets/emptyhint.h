@@ -5,13 +5,13 @@
 
 class QAbstractItemView;
 
-/// A sentence in the middle of a list or tree that shows nothing, which says why. It takes no mouse
-/// and goes along with the view's size.
+/// A sentence in the middle of an empty list or tree that explains why. It is transparent for mouse
+/// events and follows the view's size.
 class EmptyHint : public QLabel
 {
     Q_OBJECT
 public:
-    /// The hint is the view's child, and hidden at first.
+    /// The hint is a child of the view, and initially hidden.
     explicit EmptyHint(QAbstractItemView *view);
 
     /// Shows a sentence; an empty one hides the hint.

@@ -7,7 +7,7 @@
 
 namespace {
 
-/** The letter behind a text's mark, lower case; null without a mark. */
+/** The letter after a text's mark, lower case; null without a mark. */
 QChar mnemonicOf(const QString &text)
 {
     const QKeySequence sequence = QKeySequence::mnemonic(text);
@@ -24,7 +24,7 @@ bool beginsWord(const QString &text, int place)
     return place == 0 || !text.at(place - 1).isLetterOrNumber();
 }
 
-/** Where a mark may stand; -1 for nowhere. */
+/** The position for a mark; -1 for none. */
 int findPlace(const QString &text, const QString &taken)
 {
     int found = -1;
@@ -54,7 +54,7 @@ QString MenuMnemonics::marked(const QString &text, QString *taken)
 void MenuMnemonics::add(QWidget *menu)
 {
     QString taken;
-    // Marks that were chosen come first.
+    // Explicit marks have priority.
     for (const QAction *entry : menu->actions()) {
         const QChar letter = mnemonicOf(entry->text());
         if (!letter.isNull())

@@ -5,17 +5,17 @@
 
 class QWidget;
 
-/// Underlined letters for entries that come without: the menus of actions and the names of panes
-/// are put together at run time, so that nobody can choose letters that do not meet beforehand.
+/// Mnemonics for entries without them: the menus of actions and the names of panes are assembled at
+/// run time, so that unique letters cannot be chosen in advance.
 namespace MenuMnemonics {
 
-/// A menu entry's text with a mark before a letter or digit that is not in taken: the first of a
-/// word where one is free, else the first that is. The text itself when it has a mark or none is
-/// free. taken, lower case, grows by the letter that the text has in the end.
+/// A menu entry's text with a mark before a letter or digit that is not in taken: the first free
+/// one at the start of a word, else the first free one. The text itself when it has a mark or none
+/// is free. The resulting letter is added to taken, lower case.
 QString marked(const QString &text, QString *taken);
 
-/// Marks the entries of a menu or menu bar that have none. Actions of plug-ins are left alone:
-/// their texts are their own.
+/// Marks the entries of a menu or menu bar that have no mark. Actions of plug-ins are skipped:
+/// their texts must not change.
 void add(QWidget *menu);
 
 } // namespace MenuMnemonics

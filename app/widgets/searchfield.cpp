@@ -9,7 +9,8 @@
 
 SearchField::SearchField(const QString &what, QWidget *parent)
     : QLineEdit(parent)
-    // Not the toolkit's clear button: its fading outlives a field that is destroyed meanwhile.
+    // Not the toolkit's clear button: its fade animation outlives a field that is destroyed
+    // meanwhile.
     , m_clear(addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition))
 {
     setPlaceholderText(what);

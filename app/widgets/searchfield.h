@@ -3,10 +3,10 @@
 
 #include <QLineEdit>
 
-/// A field for a text that narrows what another widget shows.
+/// A field for a text that filters another widget's contents.
 ///
-/// While a text is in force the field has the highlight's colour, so that what is not shown is not
-/// missed for long. Escape clears it; with nothing in it, Escape leaves it.
+/// While a filter is active the field has the highlight's colour, as a reminder that rows are
+/// hidden. Escape clears it; an empty one is left.
 class SearchField : public QLineEdit
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The user is done with the empty field.
+    /// Escape was pressed in the empty field.
     void left();
 
 protected:

@@ -62,7 +62,7 @@ void UserMessages::showStatus(const QString &text) const
         m_window->showStatusMessage(text, NoticeMilliseconds);
 }
 
-/** Waits for the button that is pressed. */
+/** Shows a message box modally; returns the pressed button. */
 int UserMessages::ask(int icon, const QString &text, int buttons, int defaultButton) const
 {
     QMessageBox box(static_cast<QMessageBox::Icon>(icon), VxApp::getAppName(), text,

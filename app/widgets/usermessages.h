@@ -6,9 +6,9 @@
 
 class VxMainWindow;
 
-/// The one place where the program speaks to its user: in message boxes and the status line where
-/// somebody looks at a window, on standard output and standard error where not. Nothing waits for
-/// an answer in the second case. Texts are shown as they are: a file's name is no markup.
+/// All messages to the user: message boxes and the status line in a session with a window, standard
+/// output and standard error in an unattended run, which never asks. Texts are shown literally: a
+/// file's name is no markup.
 class UserMessages
 {
 public:
@@ -18,37 +18,37 @@ public:
 
     Mode mode() const { return m_mode; }
     bool isConsole() const { return m_mode == Mode::Console; }
-    /// The window whose status line is used and in front of which boxes open; may be null.
+    /// The window for the status line and the parent of boxes; may be null.
     void setWindow(VxMainWindow *window);
     VxMainWindow *window() const;
 
-    /// Something the user asked for could not be done.
+    /// A command of the user failed.
     void showError(const QString &text) const;
-    /// Something is missing, but the program goes on: status line and standard error.
+    /// Something is missing, but the program continues: status line and standard error.
     void showNotice(const QString &text) const;
-    /// A sentence for the status line; nothing without a window to look at.
+    /// A sentence for the status line; ignored without a window.
     void showStatus(const QString &text) const;
     enum class Choice { Save, Discard, Cancel };
-    /// Asks what becomes of changes that are not saved; they are discarded without anybody to ask.
+    /// Asks about unsaved changes; an unattended run discards them.
     Choice askToSave(const QString &documentName) const;
 
-    /// Asks whether the changes since the last save may be lost; nobody to ask agrees.
+    /// Asks whether to discard the changes since the last save; an unattended run does.
     bool askToRevert(const QString &documentName) const;
 
-    /// Asks whether what somebody else has written into the document's file may be replaced;
-    /// nobody to ask agrees.
+    /// Asks whether to replace a document's file that another program has written; an unattended
+    /// run does.
     bool askToOverwrite(const QString &documentName) const;
-    /// Asks whether a file may be replaced that was not chosen under its full name.
+    /// Asks whether to replace a file that was not chosen under its full name.
     bool askToReplace(const QString &fileName) const;
 
-    /// Asks whether the copy of a document that was not saved may be deleted.
+    /// Asks whether to delete the copy of a document that was not saved.
     bool askToDeleteCopy(const QString &documentName) const;
 
     enum class Arrival { Open, Import, Cancel };
-    /// Asks whether a motion takes the place of the scene or comes to it.
+    /// Asks whether a motion replaces the scene or is added to it.
     Arrival askHowToOpen(const QString &motionName) const;
 
-    /// Whole lines to standard output or standard error, passed on at once.
+    /// Whole lines to standard output or standard error, flushed at once.
     static void print(const QString &text);
     static void printError(const QString &text);
 
