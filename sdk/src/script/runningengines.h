@@ -4,13 +4,13 @@
 class QScriptContext;
 class QScriptEngine;
 
-/// The script engines of the process, to find the script that calls into the host.
+/// The script engines of the process, for finding the script that calls into the host.
 namespace RunningEngines {
 
 void add(QScriptEngine *engine);
 void remove(QScriptEngine *engine);
 
-/// The native call that a script is in, of the engine made last; null when no script calls.
+/// The native call that a script is executing, in the newest engine; null when no script calls.
 QScriptContext *callingContext();
 
 } // namespace RunningEngines

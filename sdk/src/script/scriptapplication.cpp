@@ -30,7 +30,7 @@ QScriptValue findPane(QScriptContext *context, QScriptEngine *engine)
     const VxMainWindow *window = mainWindow();
     VxPane *pane = window ? window->getPaneMgr()->findPane(name) : nullptr;
     QScriptValue value = toScript(engine, pane);
-    // The keys of the pane's enumerations, as on a pane that a script makes.
+    // The keys of the pane's enumerations, as on a pane that a script creates.
     if (pane)
         VxClassFactory::registerEnumsOnClass(engine, pane->metaObject(), value);
     return value;
@@ -57,7 +57,7 @@ QScriptValue actionNames(QScriptContext *, QScriptEngine *engine)
     return names;
 }
 
-/// Lets everything happen that waits for the event loop, such as deferred updates of panes.
+/// Processes everything queued in the event loop, such as deferred updates of panes.
 QScriptValue processEvents(QScriptContext *, QScriptEngine *engine)
 {
     QCoreApplication::processEvents();

@@ -11,9 +11,10 @@
 
 /// Reads and checks the arguments of one call of a native function.
 ///
-/// Scripts hand over anything; a value of the wrong kind must end in a message that names the
-/// function and the argument, not in a silent zero. The first failure is remembered: the function
-/// goes on with harmless values, asks failed(), and returns error(), which throws in the script.
+/// Scripts can pass anything; a value of the wrong type must end in a message that names the
+/// function and the argument, not in a silent zero. The first failure is stored: the function
+/// continues with harmless values, checks failed(), and returns error(), which throws in the
+/// script.
 class ScriptArguments
 {
 public:
@@ -31,7 +32,7 @@ public:
     QVector<int> integers(int index, const char *name);
     QScriptValue array(int index, const char *name);
 
-    /// The object that the function was called on, or that an argument holds; a failure when it
+    /// The object that the function was called on, or that an argument refers to; a failure when it
     /// is of another class or has been destroyed.
     template <class Class> Class *self()
     {
@@ -62,7 +63,7 @@ private:
     int toInteger(const QScriptValue &value, int index, const char *name);
     double toNumber(const QScriptValue &value, int index, const char *name);
 
-    /// Listeners may remove what the call works on.
+    /// Listeners may remove objects of the call.
     DeferredDeletion m_hold;
     QScriptContext *m_context;
     QString m_function;
@@ -77,7 +78,7 @@ struct ScriptFunction
     int length; ///< the number of arguments it expects
 };
 
-/// Puts functions on a script object; they cannot be replaced or listed by scripts.
+/// Installs functions on a script object; scripts can neither replace nor list them.
 template <int Count>
 void installFunctions(QScriptEngine *engine, QScriptValue &object,
                       const ScriptFunction (&functions)[Count])

@@ -5,8 +5,8 @@ class QScriptEngine;
 class QScriptValue;
 class VxKeySelection;
 
-/// What scripts can do with host objects beyond their properties and slots. Each function sets
-/// the prototypes of one family of classes on an engine.
+/// Script functions of host objects beyond their properties and slots. Each function sets the
+/// prototypes of one family of classes on an engine.
 namespace ScriptBindings {
 
 /// Conversions of times, ranges and pointers to host objects.

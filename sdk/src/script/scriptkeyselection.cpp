@@ -42,7 +42,7 @@ QScriptValue entries(QScriptContext *context, QScriptEngine *engine)
     return list;
 }
 
-// One span of an entry; it must be one of the holder's keys, behind the former one.
+// One span of an entry; it must be within the holder's keys and after the previous span.
 VxKeySpan readSpan(ScriptArguments &arguments, const QScriptValue &value, quint32 entry,
                    const VxProperty *holder, int from)
 {

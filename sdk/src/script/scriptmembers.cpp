@@ -8,7 +8,7 @@
 
 namespace {
 
-// A chain of prototypes is short; one that is not has gone round in a circle.
+// A chain of prototypes is short; a longer one is cyclic.
 constexpr int LongestChain = 32;
 
 bool isName(const QString &text)
@@ -60,7 +60,7 @@ QStringList ScriptMembers::names(const QScriptValue &value)
         QScriptValueIterator it(object);
         while (it.hasNext()) {
             it.next();
-            // The functions of a host object are listed with the types of their arguments.
+            // Functions of a host object are listed with their argument types.
             const QString name = it.name().section(QLatin1Char('('), 0, 0);
             if (isName(name))
                 found.insert(name);

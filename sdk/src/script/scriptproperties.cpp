@@ -97,7 +97,7 @@ QVector<ScriptKey> readKeys(ScriptArguments &arguments, int argument)
     }
     const auto earlier = [](const ScriptKey &a, const ScriptKey &b) { return a.time < b.time; };
     std::stable_sort(keys.begin(), keys.end(), earlier);
-    // Keeping the last of equal times: walk backwards, keep the first met.
+    // Keeps the last of equal times: unique() in reverse order keeps the first.
     const auto same = [](const ScriptKey &a, const ScriptKey &b) { return a.time == b.time; };
     keys.erase(keys.begin(), std::unique(keys.rbegin(), keys.rend(), same).base());
     return keys;
@@ -125,7 +125,7 @@ QVector<qint32> toIntValues(const QVector<ScriptKey> &keys)
     return values;
 }
 
-/// Limits values as the property limits each one that is set by itself.
+/// Limits values like the property's own setter.
 template <class Property, class Value>
 void limitValues(const Property *property, QVector<Value> &values)
 {
@@ -190,7 +190,7 @@ QScriptValue getKeyValues(QScriptContext *context, QScriptEngine *engine)
     return array;
 }
 
-/// Puts keys into a property of either kind; range null merges, else replaces what lies within.
+/// Sets keys of a property of either kind; range null merges, else replaces the keys within.
 bool putKeys(VxNumericProperty *property, const QVector<ScriptKey> &keys, const VxTimeRange *range)
 {
     if (auto *number = qobject_cast<VxFloatProperty *>(property)) {

@@ -32,8 +32,8 @@ template <class Class> void registerPointer(QScriptEngine *engine)
     qScriptRegisterMetaType<Class *>(engine, pointerToScript<Class>, pointerFromScript<Class>);
 }
 
-/// Host classes have conversions of their own. Other objects, such as the toolkit's widgets in the
-/// arguments of signals, are not for scripts.
+/// Host classes have their own conversions. Other objects, such as the toolkit's widgets in the
+/// arguments of signals, are hidden from scripts.
 template <class Class> QScriptValue toolkitObjectToScript(QScriptEngine *engine, Class *const &)
 {
     return engine->nullValue();

@@ -20,7 +20,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "vx.scripts", QtWarningMsg)
 
-/// How often a running script lets events through, so that it can be stopped.
+/// Milliseconds between event processing of a running script, so that it can be stopped.
 constexpr int AbortInterval = 100;
 constexpr qint64 DefaultMemoryLimit = qint64(2) << 30;
 constexpr qint64 Megabyte = 1024 * 1024;
@@ -45,8 +45,8 @@ VxScriptError syntaxError(const QString &program, const QString &fileName, int f
                               : VxScriptEngine::tr("Syntax error: %1").arg(message)};
 }
 
-/// A program that ends by an error, or forgets it, leaves its hold open: nothing that is done by
-/// hand afterwards would become an entry, nor mark the scene as changed.
+/// Closes holds that a program left open, by an error or mistake: later edits by hand would not
+/// become undo entries, nor mark the scene as changed.
 class HoldCloser
 {
 public:
@@ -64,7 +64,7 @@ public:
     HoldCloser &operator=(const HoldCloser &) = delete;
 
 private:
-    static constexpr int MostHolds = 20; // one in another
+    static constexpr int MostHolds = 20; // nested
     bool isOpen() const { return m_stack && !m_isOther && m_stack->isRecording(); }
 
     const QPointer<VxUndoStack> m_stack;
@@ -93,10 +93,10 @@ public:
     }
 
     QScriptEngine engine;
-    int depth = 0; // of evaluate(): a script may run an action that runs a script
+    int depth = 0; // of evaluate() calls: a script may run an action that runs a script
     bool aborted = false;
     QString abortReason;
-    QTimer memoryTimer; // runs while a program that can be stopped does
+    QTimer memoryTimer; // active while a stoppable program runs
     qint64 memoryLimit = DefaultMemoryLimit;
     qint64 memoryAtStart = 0;
 };
@@ -208,7 +208,7 @@ QStringList VxScriptEngine::globalNames() const
 QStringList VxScriptEngine::memberNames(const QString &expression) const
 {
     const QScriptValue value = ScriptMembers::resolve(d->engine.globalObject(), expression);
-    // Reading a property of an object that is gone is an error of nobody's program.
+    // Reading a property of a destroyed object is no error of a program.
     if (d->depth == 0)
         d->engine.clearExceptions();
     return value.isObject() ? ScriptMembers::names(value) : QStringList();
@@ -219,8 +219,8 @@ bool VxScriptEngine::isComplete(const QString &program)
     const QScriptSyntaxCheckResult check = QScriptEngine::checkSyntax(program);
     if (check.state() != QScriptSyntaxCheckResult::Error)
         return check.state() == QScriptSyntaxCheckResult::Valid;
-    // The checker calls some programs wrong that only end too early: what is wrong with them moves
-    // along when something follows that is right nowhere.
+    // The checker rejects some programs that are only incomplete: their error moves when an always
+    // invalid character follows.
     const QString longer = program + QStringLiteral("\n@");
     return QScriptEngine::checkSyntax(longer).errorLineNumber() <=
            program.count(QLatin1Char('\n')) + 1;
@@ -246,7 +246,7 @@ qint64 VxScriptEngine::memoryInUse()
     QFile file(QStringLiteral("/proc/self/statm"));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
-    // The second number counts the pages that are in memory.
+    // The second number is the count of resident pages.
     return file.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
 }
 
