@@ -33,7 +33,7 @@ void strokeRounded(QPainter *painter, const QRectF &rect, const QColor &color)
     painter->restore();
 }
 
-// What a button's ground becomes by its state; invalid where nothing is to be drawn.
+// A button's background by its state; invalid for none.
 QColor buttonGround(const QStyleOption *option)
 {
     const QPalette &palette = option->palette;

@@ -4,9 +4,9 @@
 class QPainter;
 class QStyleOption;
 
-/** The square of a check box, in dialogs, lists and menus: its frame is mixed of text and ground,
- * so that an empty one can be seen in a dark menu, too. On, NoChange, Enabled and MouseOver count.
- */
+/** The square of a check box, in dialogs, lists and menus: its frame is mixed from text and
+ * background, so that an empty one is visible in a dark menu, too. On, NoChange, Enabled and
+ * MouseOver count. */
 void vxDrawCheckBox(const QStyleOption *option, QPainter *painter);
 
 #endif

@@ -7,8 +7,7 @@
 
 namespace {
 
-// The colours of one scheme. Disabled text is lighter or darker than what a plain dimming would
-// give: it must still be read on buttons.
+// The colours of one scheme. Disabled text differs from plain dimming, to stay readable on buttons.
 struct Scheme
 {
     QRgb window, base, alternateBase, button, text, buttonText, disabledText;
@@ -33,9 +32,9 @@ struct NamedColor
     QRgb dark, light;
 };
 
-// The axis colours are the ground tone of a family: the key graph makes each of them lighter or
-// darker by nearly a factor of two, a little different for each channel, depending on whether the
-// tone's value lies above or below half. They are chosen so that what comes out stands out.
+// The axis colours are the base of a family: the key graph makes each of them lighter or darker by
+// nearly a factor of two, a little different for each channel, by whether the base's value is above
+// or below half. They are chosen for contrast of the results.
 const NamedColor namedColors[] = {
     {"Style_All_Axis", 0xff8f9299, 0xff5c5f66},
     {"Style_Channel", 0xff8f8a70, 0xff5c5640},

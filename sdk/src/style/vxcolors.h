@@ -6,7 +6,7 @@
 
 #include <vxcore/vxstyle.h>
 
-// The colours of both schemes, in one place: the palettes, and the named colours beside them.
+// The colours of both schemes: the palettes, and the named colours.
 namespace VxColors {
 
 QPalette palette(VxStyle::ColorScheme scheme);
@@ -15,8 +15,8 @@ QPalette palette(VxStyle::ColorScheme scheme);
 QColor interfaceColor(VxStyle::ColorScheme scheme, const QString &name);
 QStringList interfaceColorNames();
 
-// The scheme whose colours stand out from the palette's base colour. What is painted follows the
-// palette it is painted with, so that a widget with a palette of its own stays readable.
+// The scheme that contrasts with the palette's base colour. Painting follows the palette in use, so
+// that a widget with its own palette stays readable.
 VxStyle::ColorScheme schemeFor(const QPalette &palette);
 
 // The colour between two others; amount 0 gives the first, 1 the second.

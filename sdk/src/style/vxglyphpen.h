@@ -4,7 +4,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QPolygonF>
 
-// Small strokes that the icons have in common. Coordinates are units of the icon's field.
+// Strokes shared by the icons. Coordinates are units of the icon's field.
 namespace VxGlyphPen {
 
 inline QPolygonF polygon(std::initializer_list<QPointF> points)
@@ -48,7 +48,7 @@ inline void polyline(QPainter &painter, std::initializer_list<QPointF> points)
     painter.drawPolyline(polygon(points));
 }
 
-// A shape that lies over others, with a clear gap around it.
+// A shape over others, with a transparent gap around it.
 inline void fillOver(QPainter &painter, const QPolygonF &shape, const QColor &color,
                      qreal gap = 1.2)
 {

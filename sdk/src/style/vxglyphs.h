@@ -7,27 +7,26 @@
 
 class QPainter;
 
-// The colours an icon is drawn in: ink for lines and bodies, accent for what is to be noticed,
-// soft for what stays in the background.
+// The colours of an icon: ink for lines and bodies, accent for emphasis, soft for the background.
 struct VxGlyphColors
 {
     QColor ink, accent, soft;
 };
 
-// Draws one icon on a field of 16 by 16 units. The painter comes with anti-aliasing on, without
-// pen and brush, and scaled so that the field fills the icon's square.
+// Draws one icon on a field of 16 by 16 units. The painter has anti-aliasing on, no pen and brush,
+// and a scale that fits the field to the icon's square.
 using VxGlyph = void (*)(QPainter &painter, const VxGlyphColors &colors);
 
-// One table for each family; null when the family does not know the icon.
+// One table for each family; null when the family does not have the icon.
 VxGlyph vxTransportGlyph(VxStyle::StandardIconId id);
 VxGlyph vxKeyGlyph(VxStyle::StandardIconId id);
 VxGlyph vxSceneGlyph(VxStyle::StandardIconId id);
 VxGlyph vxToolGlyph(VxStyle::StandardIconId id);
-// The toolkit's own signs of message boxes, by the toolkit's numbers: it has them as small pictures
-// only, which are blurred on fine screens.
+// The icons of message boxes, by the toolkit's numbers: the toolkit's own are small bitmaps, which
+// are blurred on high resolution screens.
 VxGlyph vxMessageGlyph(VxStyle::StandardIconId id);
 
-// Looks in all families; null when no icon has that number.
+// Searches all families; null when no icon has that number.
 VxGlyph vxFindGlyph(VxStyle::StandardIconId id);
 
 #endif

@@ -10,8 +10,8 @@
 
 namespace {
 
-// What an icon lies on: the accent would be lost on the highlighted ground of a selected row or
-// a checked button, so everything is drawn in ink there.
+// The colours by background: the accent would be lost on the highlight of a selected row or a
+// checked button, so everything is drawn in ink there.
 VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::State state)
 {
     const QPalette palette = VxColors::palette(scheme);
@@ -30,7 +30,7 @@ VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::
     return colors;
 }
 
-// A picture of the glyph alone, on which it can cut gaps without cutting into what lies below.
+// The glyph in a pixmap of its own, on which it can cut gaps without affecting the background.
 QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
 {
     QPixmap picture(side, side);
@@ -43,7 +43,7 @@ QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
     return picture;
 }
 
-// The picture in the middle of a larger one.
+// The pixmap in the middle of a larger one.
 QPixmap framed(const QPixmap &picture, const QSize &size)
 {
     if (size == picture.size())
@@ -75,7 +75,7 @@ void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
     painter->drawPixmap(rect.topLeft(), picture);
 }
 
-// Views paint the same few icons in row after row, time after time.
+// Cached: views paint the same few icons in row after row.
 QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     const VxGlyph glyph = vxFindGlyph(m_id);

@@ -6,9 +6,9 @@
 
 #include <vxcore/vxstyle.h>
 
-// Paints an icon of the style anew at each size that is asked for, in the style's colours of the
-// moment, so that icons stay sharp on every screen and follow a change of the colour scheme. An
-// icon that outlives its style keeps the scheme the style had when the icon was made.
+// Paints an icon of the style at each requested size, in the style's present colours, so that icons
+// stay sharp on every screen and follow a change of the colour scheme. An icon that outlives its
+// style keeps the scheme from its creation.
 class VxIconEngine : public QIconEngine
 {
 public:

@@ -32,7 +32,7 @@ void createKeys(QPainter &painter, const VxGlyphColors &colors)
              colors.accent);
 }
 
-// Two sheets, the one in front with a key on it.
+// Two sheets, the front one with a key on it.
 void copyKeys(QPainter &painter, const VxGlyphColors &colors)
 {
     lines(painter, colors.soft, 1.5);

@@ -9,8 +9,8 @@
 
 namespace {
 
-// With a ratio such as 1.5 a logical position can lie between two device pixels; a picture drawn
-// there would be blurred. Gives the nearest position that lies on one.
+// With a ratio such as 1.5 a logical position can be between two device pixels, and a pixmap drawn
+// there would be blurred. Returns the nearest position on a device pixel.
 QPointF snapped(const QPainter *painter, const QPoint &position)
 {
     const QTransform &transform = painter->deviceTransform();

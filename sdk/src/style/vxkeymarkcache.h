@@ -11,10 +11,10 @@
 class QPainter;
 class QStyleOption;
 
-// The pictures of key marks that were drawn before. A view draws thousands of marks in one
-// repaint, and all of them share a handful of pictures, so finding one is an index into an array
-// by the look, then a comparison with the few sizes in which that look is in use; nothing is
-// hashed or allocated. A size too many pushes out the oldest of its look.
+// Rendered pixmaps of key marks. A view draws thousands of marks in one repaint, with a handful of
+// pixmaps, so a lookup is an array index by look, then a comparison with the few sizes in use for
+// that look; it neither hashes nor allocates. A new size beyond the capacity replaces the oldest of
+// its look.
 class VxKeyMarkCache
 {
 public:

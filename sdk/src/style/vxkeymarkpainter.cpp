@@ -11,9 +11,9 @@
 
 namespace {
 
-// shade is the outline's on the left side. Where keys stand closer than a mark is wide, each mark
-// covers all but the left side of the one before: what is left of them has to look like keys, and
-// selected ones like selected keys, and not like one dark bar.
+// shade is the outline's on the left side. Where keys are closer than a mark is wide, each mark
+// covers all but the left side of the previous one: the visible slivers must still look like keys,
+// and selected ones like selected keys, not like one dark bar.
 struct MarkColors
 {
     QColor fill, outline, shade;
@@ -36,7 +36,7 @@ MarkColors colorsOf(const VxKeyMarkLook &look)
     return colors;
 }
 
-// The mark's square in device pixels; of an even side one pixel less, to have a middle column.
+// The mark's square in device pixels; for an even side one pixel less, to have a middle column.
 QRect markBox(const QSize &size, qreal ratio)
 {
     const int side = std::min(size.width(), size.height());
@@ -56,10 +56,10 @@ QPainterPath polygon(std::initializer_list<QPointF> points)
     return path;
 }
 
-// As high as the whole mark: the pixel that the box leaves free is above it.
+// As high as the whole mark: the row that the box leaves free is above it.
 QPainterPath diamond(const QRectF &box, qreal unit, qreal inset)
 {
-    // A slanted line looks thicker than an upright one of the same width.
+    // A slanted line looks thicker than a vertical one of the same width.
     const qreal reach = box.width() / 2 - inset;
     const qreal height = box.top() >= unit ? reach + unit / 2 : reach;
     const QPointF middle(box.center().x(), box.bottom() - inset - height);
@@ -80,9 +80,8 @@ QPainterPath aggregate(const QRectF &box, qreal unit, qreal inset)
                     middle + QPointF(-half, shoulder), middle + QPointF(-half, -shoulder)});
 }
 
-// A low bar on the bottom edge, in whole device pixels and without an outline: in a ruler many
-// stand side by side, and what is written above them has to stay free. A selected one is twice as
-// high.
+// A low bar on the bottom edge, in whole device pixels and without an outline: in a ruler many are
+// adjacent, and the labels above them must stay readable. A selected one is twice as high.
 QPainterPath plain(const QRectF &box, qreal unit, bool selected)
 {
     const qreal width = std::max<qreal>(1, qRound(box.width() * 0.3 / unit)) * unit;
@@ -110,7 +109,7 @@ QPainterPath circle(const QRectF &box, qreal inset)
     return path;
 }
 
-// unit is the width of one line; inset leaves the outline free.
+// unit is the width of one line; inset excludes the outline.
 QPainterPath shapePath(const VxKeyMarkLook &look, const QRectF &box, qreal unit, qreal inset)
 {
     switch (look.shape) {

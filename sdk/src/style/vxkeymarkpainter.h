@@ -6,7 +6,7 @@
 
 #include <vxcore/vxstyle.h>
 
-// What tells one key mark's picture from another's, apart from its size.
+// The look of a key mark: everything that determines its pixmap, except the size.
 struct VxKeyMarkLook
 {
     enum Shape : quint8 { Diamond, Square, Circle, Aggregate, Plain, ShapeCount };
@@ -27,10 +27,10 @@ struct VxKeyMarkLook
     }
 };
 
-// Draws one key mark into a picture of its own. The mark is fitted into the largest square that
-// lies in the middle, or at the bottom of a rectangle that is higher than wide; of a square with
-// an even side the first column and row stay free, so that the mark's middle lies in the column
-// of its frame's tick. Positions and line widths are whole device pixels.
+// Draws one key mark into its own pixmap. The mark is fitted into the largest square in the middle,
+// or at the bottom of a rectangle that is higher than wide; of a square with an even side the first
+// column and row stay free, so that the mark's middle is in the column of its frame's tick.
+// Positions and line widths are whole device pixels.
 QPixmap vxRenderKeyMark(const VxKeyMarkLook &look, const QSize &size, qreal devicePixelRatio);
 
 #endif

@@ -7,8 +7,8 @@ using namespace VxGlyphPen;
 
 namespace {
 
-// The signs of message boxes. A warning is amber and a failure red on every ground; the marks on
-// them are what can be read on those.
+// The icons of message boxes. A warning is amber and an error red on every background; the symbols
+// on them contrast with those.
 const QColor amber(0xe8, 0xa3, 0x3d);
 const QColor red(0xd0, 0x3f, 0x3a);
 const QColor blue(0x2f, 0x7a, 0xd0);

@@ -7,7 +7,7 @@ using namespace VxGlyphPen;
 
 namespace {
 
-// A place in space: three axes from one point.
+// A point in space: three axes from one origin.
 void node(QPainter &painter, const VxGlyphColors &colors)
 {
     lines(painter, colors.ink, 1.5);
@@ -56,7 +56,7 @@ void property(QPainter &painter, const VxGlyphColors &colors)
     painter.drawRoundedRect(QRectF(6, 3, 4, 10), 1.2, 1.2);
 }
 
-// A slider whose rail bends from one form into another.
+// A slider whose rail bends from one shape into another.
 void morphProperty(QPainter &painter, const VxGlyphColors &colors)
 {
     lines(painter, colors.soft, 1.8);
@@ -67,7 +67,7 @@ void morphProperty(QPainter &painter, const VxGlyphColors &colors)
     dot(painter, 8, 4.5, 3.2, colors.accent);
 }
 
-// A slider that stands for another one: with the arrow of a link.
+// A slider with the arrow of a link.
 void aliasProperty(QPainter &painter, const VxGlyphColors &colors)
 {
     fill(painter, QRectF(1, 5, 14, 2), colors.soft);

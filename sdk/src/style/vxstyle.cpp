@@ -29,9 +29,9 @@ public:
 
 namespace {
 
-// A metric of our own, or -1. The playhead's metric is twice what half a frame's mark would
-// need: its left edge lies half a mark left of the key's left edge, so that a side of two marks
-// brings its middle onto the frame's tick.
+// A metric of our own, or -1. The playhead's metric is twice that of half a frame's mark: its left
+// edge is half a mark left of the key's left edge, so that a side of two marks centres it on the
+// frame's tick.
 int ownMetric(quint32 id)
 {
     switch (id) {
@@ -110,7 +110,7 @@ DrawFunction ownPrimitive(quint32 id)
     }
 }
 
-// Views do not tell for an arrow whether its row is selected.
+// Views do not set the selected state for an arrow.
 bool isBeforeSelectedRow(const QStyleOption &arrow, const QWidget *widget)
 {
     const auto *view = qobject_cast<const QTreeView *>(widget);
@@ -120,7 +120,7 @@ bool isBeforeSelectedRow(const QStyleOption &arrow, const QWidget *widget)
         view->indexAt(arrow.rect.center()).siblingAtColumn(0));
 }
 
-// The application's font, smaller by a number of steps, but never too small to read.
+// The application's font, smaller by a number of steps, but still readable.
 QFont smallerFont(int steps)
 {
     QFont font = QApplication::font();
@@ -220,7 +220,7 @@ VxTextStyle VxStyle::textStyle(TextStyleId id) const
     }
 }
 
-// The desktop's palette would win over standardPalette() otherwise.
+// The desktop's palette would override standardPalette() otherwise.
 void VxStyle::polish(QApplication *application)
 {
     QProxyStyle::polish(application);
@@ -248,10 +248,10 @@ int VxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget
 {
     if (static_cast<quint32>(hint) == SH_VxRulerFlags)
         return RulerAll;
-    // Its light edge makes disabled text hard to read on a dark ground.
+    // Its light edge makes disabled text hard to read on a dark background.
     if (hint == SH_EtchDisabledText)
         return 0;
-    // The desktop's coloured signs fit neither palette.
+    // The desktop's coloured icons fit neither palette.
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
@@ -267,7 +267,7 @@ void VxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option
         if (!option->rect.isEmpty())
             draw(option, painter);
     } else if (element == PE_IndicatorBranch && isBeforeSelectedRow(*option, widget)) {
-        // The arrow before a selected row lies on the selection's ground.
+        // The arrow before a selected row is on the selection's background.
         QStyleOption onGround(*option);
         onGround.palette.setColor(QPalette::WindowText,
                                   option->palette.color(QPalette::HighlightedText));

@@ -12,9 +12,9 @@
 
 namespace {
 
-// The pixels by which the flags of the range marks reach into the play range.
+// Extent of the range marks' flags into the play range, in pixels.
 constexpr int flagReach = 4;
-// Below this side there is no room for the playhead's point.
+// Below this side the playhead has no space for its point.
 constexpr int smallestPlayhead = 6;
 
 QColor named(const QStyleOption *option, const char *name)
@@ -34,7 +34,7 @@ int valueOf(const QStyleOption *option, int fallback)
     return custom != nullptr ? custom->value : fallback;
 }
 
-// The part of the rectangle's height, counted from the bottom, as a column at its left edge.
+// The given part of the rectangle's height, from the bottom, as a column at its left edge.
 QRect lowerColumn(const QStyleOption *option, qreal part)
 {
     const QRect &rect = option->rect;
@@ -63,14 +63,14 @@ void drawRangeMark(const QStyleOption *option, QPainter *painter, bool start)
 
 QPainterPath playheadShape(const QRectF &rect)
 {
-    // The middle of the pixel column right of the centre: the frame's tick stands there when the
-    // marker's rectangle is as wide as twice the time line's margin.
+    // The middle of the pixel column right of the centre: that of the frame's tick when the
+    // marker's rectangle is twice as wide as the time line's margin.
     const qreal middle = rect.left() + std::floor(rect.width() / 2) + 0.5;
     const qreal side = std::min(rect.width(), rect.height());
     const qreal half = std::max<qreal>(2, std::floor(side * 0.25)) + 0.5;
     const qreal top = rect.bottom() - std::floor(side * 0.6);
     const qreal shoulder = rect.bottom() - half - 0.5;
-    // The point is one pixel wide, so that it is seen down to the last row.
+    // The point is one pixel wide, so that it is visible down to the last row.
     QPainterPath path(QPointF(middle + 0.5, rect.bottom()));
     path.lineTo(middle - 0.5, rect.bottom());
     path.lineTo(middle - half, shoulder);
@@ -99,7 +99,7 @@ void fillWithOutline(QPainter *painter, const QPainterPath &path, const QColor &
     painter->restore();
 }
 
-// The arrow of a range handle points outwards, the way that makes the range longer.
+// The arrow of a range handle points outwards, the direction that extends the range.
 QPainterPath handleArrow(const QRectF &box, bool start)
 {
     const qreal height = std::max<qreal>(4, std::floor(box.height() * 0.4));
@@ -172,7 +172,7 @@ void VxTimelinePrimitives::drawRangeHandle(const QStyleOption *option, QPainter 
     const QColor ink = palette.color(hovered ? QPalette::HighlightedText : QPalette::ButtonText);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    // The slider's own ground may be as light as the handle.
+    // The slider's own background may be as light as the handle.
     QPainterPath edge, body;
     edge.addRoundedRect(box, 2, 2);
     body.addRoundedRect(box.adjusted(1, 1, -1, -1), 1, 1);

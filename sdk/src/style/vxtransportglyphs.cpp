@@ -7,7 +7,7 @@ using namespace VxGlyphPen;
 
 namespace {
 
-// Turns what the function draws to face the other way.
+// Draws the glyph mirrored horizontally.
 void mirrored(QPainter &painter, const VxGlyphColors &colors, VxGlyph glyph)
 {
     painter.save();
@@ -62,7 +62,7 @@ void previousKey(QPainter &painter, const VxGlyphColors &colors)
     mirrored(painter, colors, nextKey);
 }
 
-// Two arrows that follow each other round.
+// Two arrows that form a loop.
 void loopArrows(QPainter &painter, const QColor &color)
 {
     lines(painter, color, 1.7);
@@ -85,7 +85,7 @@ void loopOn(QPainter &painter, const VxGlyphColors &colors)
     loopArrows(painter, colors.accent);
 }
 
-// Once, and then the end: another shape, so that on and off are told apart without colours.
+// Once, and then the end: another shape, to distinguish on and off without colours.
 void loopOff(QPainter &painter, const VxGlyphColors &colors)
 {
     fill(painter, QRectF(1, 7, 7, 2), colors.ink);
