@@ -30,12 +30,12 @@ public:
         const QAction *action = button->defaultAction();
         if (action && !action->shortcut().isEmpty())
             return action->shortcut();
-        // A mnemonic is a shortcut, too, but nothing to learn a command's keys from.
+        // A mnemonic is a shortcut, too, but not one of a command.
         const QKeySequence own = button->shortcut();
         return own == QKeySequence::mnemonic(button->text()) ? QKeySequence() : own;
     }
 
-    // The primitive keeps off the edge and has round corners: where a neighbour adjoins it is made
+    // The primitive is inset and has round corners: on the side of an adjoining button it is made
     // wider than the button, so that both end at the edge.
     void paintGround(QPainter &painter) const
     {
@@ -152,7 +152,7 @@ bool VxBarButton::event(QEvent *event)
 
 void VxBarButton::paintEvent(QPaintEvent *event)
 {
-    // A style sheet that names this button draws it whole.
+    // A style sheet for this button draws it entirely.
     if (testAttribute(Qt::WA_StyleSheetTarget)) {
         QToolButton::paintEvent(event);
         return;

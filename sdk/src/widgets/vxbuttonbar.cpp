@@ -23,13 +23,13 @@ public:
     {
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(0);
-        // Keeps the items together while the bar is still wider than they are.
+        // Keeps the items together if the bar is wider than they are.
         layout->addStretch(1);
     }
 
     VxButtonBar *const bar;
     QHBoxLayout *const layout;
-    std::map<int, QWidget *> items; // by index, thus in the order they stand
+    std::map<int, QWidget *> items; // by index, hence in layout order
 
     bool contains(const QObject *widget) const
     {

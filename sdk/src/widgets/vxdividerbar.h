@@ -3,14 +3,14 @@
 
 #include <vxcore/vxdynamicdividerwgt.h>
 
-// The bar of a divider: draws the grip and turns mouse gestures into distances. It knows nothing of
-// what it divides, so that every distance is measured from the press and nothing adds up.
+// The bar of a divider: draws the grip and converts mouse gestures to distances. It is independent
+// of the divided widgets: every distance is measured from the press, so that nothing accumulates.
 class VxDividerBar : public QWidget
 {
     Q_OBJECT
 
 public:
-    // `orientation` is that of the divider: Qt::Vertical makes a bar that lies.
+    // `orientation` is that of the divider: Qt::Vertical makes a horizontal bar.
     VxDividerBar(Qt::Orientation orientation, VxDynamicDividerWgt::BarStyle barStyle,
                  QWidget *parent);
 

@@ -15,8 +15,8 @@ struct VxDividerSplit
 };
 
 // Divides `length` pixels (0 or more) between two widgets, `ratio` (0 to 1) of them to the first,
-// within the limits of both. Where `length` is too short for both minima it is divided in their
-// proportion. Where it is too long for both maxima the rest goes to the second.
+// within the limits of both. A `length` below the sum of both minima is divided in their
+// proportion. Above the sum of both maxima the second one gets the rest.
 VxDividerSplit vxSplitLength(int length, double ratio, const VxLengthLimits &first,
                              const VxLengthLimits &second);
 

@@ -64,7 +64,7 @@ public:
     bool split() const { return takesPlace(first) && takesPlace(second); }
     bool barShown() const { return split() && !barHidden; }
 
-    // What lies between the two widgets along the split.
+    // The distance between the two widgets along the split.
     int between() const
     {
         if (!split())
@@ -129,7 +129,7 @@ public:
         const int wanted = firstAtPress + (mirrored ? -distance : distance);
         const VxDividerSplit parts =
             vxSplitLength(length, vxSplitRatio(wanted, length), limits(first), limits(second));
-        // A ratio between two pixels is not rounded by a drag that goes nowhere.
+        // A drag without a change must not round a ratio between two pixels.
         if (parts.first != along(first->size()))
             changeRatio(vxSplitRatio(parts.first, length));
     }

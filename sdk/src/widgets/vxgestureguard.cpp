@@ -61,7 +61,7 @@ bool VxGestureGuard::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
         if (static_cast<const QKeyEvent *>(event)->key() != Qt::Key_Escape)
             return false;
-        // An accepted override is sent again as a key press, past the shortcuts.
+        // An accepted override is sent again as a key press, bypassing the shortcuts.
         event->accept();
         if (event->type() == QEvent::KeyPress)
             drop();

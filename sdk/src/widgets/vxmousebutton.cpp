@@ -129,8 +129,8 @@ void VxMouseButton::hideEvent(QHideEvent *event)
     QAbstractButton::hideEvent(event);
 }
 
-// The base class ends and renews the press whenever the mouse leaves and enters the button, which
-// would tear a drag into pieces; the mouse is therefore handled here alone.
+// The base class ends and restarts the press whenever the mouse leaves and enters the button, which
+// would split a drag; mouse events are therefore handled only here.
 void VxMouseButton::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) {

@@ -64,7 +64,7 @@ public:
             .adjusted(margin, 0, -margin, 0);
     }
 
-    // The text as it fits into what the other parts leave.
+    // The text elided to the width beside the other parts.
     QString fittingText() const
     {
         const QString text = button->text();
@@ -74,7 +74,7 @@ public:
         return button->fontMetrics().elidedText(text, elideMode, room, Qt::TextShowMnemonic);
     }
 
-    // Where the parts are painted; a shortened text is placed by its own width.
+    // The layout of the painted parts; an elided text has its own width.
     VxButtonContents contents() const
     {
         const QRect area = contentsArea();

@@ -32,7 +32,7 @@ bool WheelFocusFilter::eventFilter(QObject *watched, QEvent *event)
         return false;
     auto *field = static_cast<QWidget *>(watched);
     if (event->type() == QEvent::Polish) {
-        // The focus is given before the wheel is sent.
+        // The policy moves the focus before the wheel event is sent.
         if ((field->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus)
             field->setFocusPolicy(Qt::StrongFocus);
         return false;

@@ -6,8 +6,8 @@
 /// Lets the mouse wheel change number fields, sliders and combo boxes only while they have the
 /// focus, in every window of the application, plug-ins' panes included.
 ///
-/// Without the focus the wheel goes to the widgets around the field, so that a list scrolls on
-/// under the mouse, and does not give the field the focus either. Scroll bars are left alone.
+/// Without the focus the wheel event is passed to the widgets around the field, so that a list
+/// keeps scrolling under the mouse, and does not focus the field. Scroll bars are not affected.
 class WheelFocusFilter : public QObject
 {
 public:
