@@ -9,9 +9,9 @@
 class VxSettings::Private
 {
 public:
-    // Every value is kept as the text that the file shows.
+    // Every value is stored as its text in the file.
     QMap<QString, QString> values;
-    // A sub-store stays when it is emptied: its users hold pointers to it.
+    // A sub-store stays when it is cleared: its users have pointers to it.
     std::map<QString, std::unique_ptr<VxSettings>> subStores;
 
     bool isEmpty() const

@@ -13,8 +13,8 @@ QString scratchFile(const QTemporaryDir &dir)
     return dir.filePath(QStringLiteral("settings.ini"));
 }
 
-// The toolkit takes both slashes as separators and drops empty names. A lone percent sign stands
-// for the empty name: encoding leaves none otherwise.
+// The toolkit treats both slashes as separators and drops empty names. A lone percent sign, which
+// encoding never leaves otherwise, represents the empty name.
 QString encode(const QString &name)
 {
     if (name.isEmpty())
@@ -37,7 +37,7 @@ QString decode(const QString &text)
     return name;
 }
 
-/** A text with commas that nobody quoted is read as a list: put it together again. */
+/** An unquoted text with commas is read as a list: joins it again. */
 QString textOf(const QVariant &value)
 {
     return value.type() == QVariant::StringList ? value.toStringList().join(QLatin1String(", "))
@@ -68,7 +68,7 @@ bool VxSettingsFile::read(Values &values)
     QFile file(m_fileName);
     if (!file.exists())
         return true;
-    // A pipe or a device could keep the program waiting for ever.
+    // A pipe or a device could block the program forever.
     if (!QFileInfo(m_fileName).isFile()) {
         m_error = tr("%1 cannot be read: it is not a regular file").arg(m_fileName);
         return false;
@@ -91,8 +91,8 @@ bool VxSettingsFile::write(const Values &values)
     if (!format(values, contents))
         return false;
     QSaveFile file(m_fileName);
-    // Without a buffer: what one cannot get rid of on closing would be committed as it is, torn.
-    // And the first failure's text: after a failed commit there may be none.
+    // Unbuffered: data that cannot be flushed on closing would be committed truncated. And the
+    // first failure's text: after a failed commit there may be none.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
         file.write(contents) != contents.size() || !file.commit()) {
@@ -128,13 +128,13 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
 {
     const QTemporaryDir dir;
     QSettings store(scratchFile(dir), QSettings::IniFormat);
-    // Without a codec everything beyond ASCII is escaped; with one, characters of two code units
-    // would be lost.
+    // Without a codec all non-ASCII characters are escaped; with one, surrogate pairs would be
+    // lost.
     for (auto it = values.begin(); it != values.end(); ++it)
         store.setValue(it.key(), it.value());
     store.sync();
     QFile scratch(scratchFile(dir));
-    // Without any value no file is made.
+    // Without any value no file is written.
     const bool isComplete = dir.isValid() && store.status() == QSettings::NoError &&
                             (values.isEmpty() || scratch.open(QIODevice::ReadOnly));
     if (!isComplete) {
@@ -142,8 +142,8 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
         return false;
     }
     contents = scratch.isOpen() ? scratch.readAll() : QByteArray();
-    // On a full disk the toolkit takes a torn file for a whole one: then the last line has no end,
-    // or lines are missing.
+    // On a full disk the toolkit takes a truncated file for a whole one: then the last line has no
+    // end, or lines are missing.
     Values complete;
     if (values.isEmpty() ||
         (contents.endsWith('\n') && parse(contents, complete) && complete.size() == values.size()))

@@ -8,9 +8,9 @@
 
 /// Reads and writes a flat list of paths and texts as an INI file.
 ///
-/// A path is a list of names of any characters: those of the groups, then the key. The file as a
-/// whole is read before anything is parsed and written in one step, and it never goes through the
-/// toolkit's cache of files, which would miss a file rewritten within the clock's resolution.
+/// A path is a list of names of any characters: those of the groups, then the key. The file is read
+/// as a whole before parsing and written atomically, and it bypasses the toolkit's cache of files,
+/// which would miss a file rewritten within the clock's resolution.
 class VxSettingsFile
 {
     Q_DECLARE_TR_FUNCTIONS(VxSettingsFile)
@@ -27,8 +27,8 @@ public:
     bool write(const Values &values);
     QString error() const { return m_error; }
 
-    /** One text for a path, and back: names joined with "/", with what would be mistaken for a
-     *  separator written as a percent code. */
+    /** One text for a path, and back: names joined with "/", separator characters inside names as
+     *  percent codes. */
     static QString path(const QStringList &names);
     static QStringList names(const QString &path);
 
