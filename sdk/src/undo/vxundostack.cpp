@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The living stacks, oldest first; more than one only in tests.
+/// The existing stacks, oldest first; more than one only in tests.
 QVector<VxUndoStack *> &stacks()
 {
     static QVector<VxUndoStack *> list;
@@ -140,7 +140,8 @@ VxUndoStack::~VxUndoStack()
 {
     d->scriptHolds.clear();
     stacks().removeOne(this);
-    // The entries refer to the private record, which goes before the toolkit's stack would.
+    // The entries refer to the private record, which is destroyed before the toolkit's stack would
+    // be.
     d->stack->disconnect(this);
     delete d->stack;
 }
@@ -248,7 +249,7 @@ void VxUndoStack::clear()
     d->index.clear();
     const VxUndoItems dropped = std::move(d->items);
     d->items.clear();
-    // A listener of an undo step clears what the step is still using.
+    // A listener of an undo step must not clear entries that the step is using.
     if (d->stepping)
         d->clearAfterStep = true;
     else

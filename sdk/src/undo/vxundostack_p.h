@@ -12,7 +12,7 @@
 
 using VxUndoItems = std::vector<std::unique_ptr<VxUndoItem>>;
 
-/// Exchanges the kept states of items with the present ones; undo runs from the last to the first.
+/// Exchanges the stored states of items with the present ones; undo runs from last to first.
 void vxSwapItems(const VxUndoItems &items, bool undo, bool *applying);
 
 /// One entry of the history: the items of an accepted hold. The toolkit's stack runs redo() when
@@ -37,10 +37,11 @@ public:
     using Key = QPair<const void *, int>;
 
     void open(const VxUndoStackHold *hold);
-    /// Ends a hold. When it is the outermost one, its items leave: into an entry when text is
-    /// given, else into nothing.
+    /// Ends a hold. If it is the outermost one, its items are moved to an entry when text is given,
+    /// else dropped.
     void close(const VxUndoStackHold *hold, const QString *text);
-    /// Ends a hold and puts back what its items keep. False, and just ended, unless outermost.
+    /// Ends a hold and restores the states of its items. Only ends it, with false, unless
+    /// outermost.
     bool rollBack(const VxUndoStackHold *hold);
     /// Moves the toolkit's stack to an index and reports it.
     void step(int to);
@@ -53,7 +54,7 @@ public:
     QHash<Key, VxUndoItem *> index;
     std::vector<std::unique_ptr<VxUndoStackHold>> scriptHolds;
     bool applying = false;
-    /// A step runs; clear() is carried out at its end.
+    /// A step is running; clear() is deferred to its end.
     bool stepping = false;
     bool clearAfterStep = false;
 };

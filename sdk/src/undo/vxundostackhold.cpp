@@ -7,7 +7,8 @@
 class VxUndoStackHold::Private
 {
 public:
-    /// Null when there was no stack at the beginning, or it is gone: nothing is recorded then.
+    /// Null when there was no stack at the beginning, or it was destroyed: nothing is recorded
+    /// then.
     QPointer<VxUndoStack> stack;
     bool open = true;
 };

@@ -5,7 +5,7 @@
 #include <vxcore/vxundoitem.h>
 #include <vxcore/vxundostack.h>
 
-/// The undo item of one plain value of an object, such as a label: keeps the value from before the
+/// The undo item of one plain value of an object, such as a label: stores the value from before the
 /// first change and exchanges it with the present one.
 template <class Object, class Value> class VxUndoValueItem : public VxUndoItem
 {
@@ -43,8 +43,8 @@ private:
     Value m_value;
 };
 
-/// The item that the open hold has for an object, or null. Of an object that was destroyed within
-/// the hold an item is left behind: it is not that of the next one at the same address.
+/// The item that the open hold has for an object, or null. Ignores the leftover item of an object
+/// that was destroyed within the hold, whose address may have been reused.
 template <class Item> Item *vxFindLivingItem(const VxUndoStack *stack, const void *object, int kind)
 {
     auto *item = dynamic_cast<Item *>(stack->findItem(object, kind));
