@@ -18,7 +18,7 @@ template <class Header> bool readAt(QFile &file, quint64 offset, Header *header)
            file.read(reinterpret_cast<char *>(header), sizeof(Header)) == qint64(sizeof(Header));
 }
 
-/// Whether a span of bytes lies within the first `size` ones.
+/// Whether a span of bytes is within the first `size` ones.
 bool fits(quint64 offset, quint64 length, quint64 size)
 {
     return offset <= size && length <= size - offset;
@@ -35,7 +35,7 @@ QString ElfFile::objection(const QString &fileName)
     if (!readAt(file, 0, &header) || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0)
         return tr("it is not a module");
     if (header.e_ident[EI_CLASS] != ELFCLASS64)
-        return {}; // the loader refuses it by itself
+        return {}; // the loader rejects it
     const quint64 size = quint64(file.size());
     bool complete = fits(header.e_shoff, quint64(header.e_shnum) * header.e_shentsize, size) &&
                     header.e_phentsize >= sizeof(Elf64_Phdr);

@@ -3,11 +3,11 @@
 
 #include <QtCore/QString>
 
-/// What can be said about a module file before the system's loader maps it into memory: a file that
-/// ends before its headers say it does would end the program with a bus error there.
+/// Checks a module file before the system's loader maps it into memory, where a file that is
+/// shorter than its headers state would end the program with a bus error.
 namespace ElfFile {
 
-/// Empty for a file whose tables and segments lie within it, else what is wrong.
+/// Empty for a file that contains all its tables and segments, else the reason.
 QString objection(const QString &fileName);
 
 } // namespace ElfFile

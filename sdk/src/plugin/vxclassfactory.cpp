@@ -8,7 +8,7 @@
 
 namespace {
 
-// The list lives in the engine itself, so that it ends with it.
+// The list is a property of the engine, so that it is destroyed with it.
 constexpr char registeredClassesProperty[] = "vxRegisteredClasses";
 
 void setEnumKeys(const QMetaEnum &metaEnum, const QMetaObject *metaObject, QSet<QByteArray> &done,
@@ -16,8 +16,8 @@ void setEnumKeys(const QMetaEnum &metaEnum, const QMetaObject *metaObject, QSet<
 {
     for (int i = 0; i < metaEnum.keyCount(); ++i) {
         const QByteArray key = metaEnum.key(i);
-        // A flag set and its enumeration share their keys. A property of that name is the
-        // object's own: setting it would change the object.
+        // A flag set and its enumeration share their keys. A property of the same name has
+        // priority: setting it would change the object.
         if (done.contains(key) || metaObject->indexOfProperty(key) >= 0)
             continue;
         done.insert(key);
@@ -89,7 +89,7 @@ void VxClassFactory::registerEnumsOnClass(QScriptEngine *engine, const QMetaObje
                  metaObject ? metaObject->className() : "no class");
         return;
     }
-    // From the class itself down to its bases, so that a key of the class hides a base's.
+    // From the class itself to its bases, so that a key of the class hides a base's.
     QSet<QByteArray> done;
     const int first = QObject::staticMetaObject.enumeratorCount();
     for (int i = metaObject->enumeratorCount() - 1; i >= first; --i)

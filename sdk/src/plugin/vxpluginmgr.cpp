@@ -24,7 +24,7 @@ public:
         return nullptr;
     }
 
-    /** Why a record cannot be taken up; empty when it can. */
+    /** Why a record cannot be added; empty when it can. */
     QString objection(const VxPlugin *plugin) const
     {
         if (plugin->getName().isEmpty())

@@ -9,7 +9,7 @@
 VxPluginModule::VxPluginModule(const QString &fileName)
     : m_fileName(fileName)
 {
-    // A symbol that is missing is found out now, not in the middle of a command.
+    // A missing symbol is detected now, not in the middle of a command.
     m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
 }
 
@@ -40,7 +40,7 @@ bool VxPluginModule::load()
         m_error = tr("%1 cannot be loaded: %2").arg(m_fileName, objection);
         return false;
     }
-    // The absolute path keeps the library from being searched for elsewhere.
+    // The absolute path avoids a search for the library elsewhere.
     m_library.setFileName(info.absoluteFilePath());
     if (m_library.load())
         return true;

@@ -7,18 +7,18 @@
 
 class VxPlugin;
 
-/// One module file on its way into the program: loaded, asked for its SDK version, asked for its
-/// record. Each step may refuse, with a sentence that names the file and the reason.
+/// Loads one module file in steps: the library, its SDK version, its record. Each step may fail,
+/// with a sentence that names the file and the reason.
 ///
-/// A refused module is taken out of memory again as long as it was only asked for its version. Once
-/// it has handed out its record it stays, because code of ours may point into it.
+/// A failed module is unloaded as long as only its version was read. Once it has returned its
+/// record it stays loaded, because host code may have pointers into it.
 class VxPluginModule
 {
     Q_DECLARE_TR_FUNCTIONS(VxPluginModule)
 public:
     explicit VxPluginModule(const QString &fileName);
 
-    /// The record, or null; then error() says why.
+    /// The record, or null with the reason in error().
     VxPlugin *open();
     QString error() const { return m_error; }
 

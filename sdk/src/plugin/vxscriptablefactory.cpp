@@ -25,7 +25,7 @@ void VxScriptableFactory::registerClass(QScriptEngine *engine) const
     if (!engine)
         return;
     registerPointerType(engine);
-    // The engine hands the pointer back to the constructor function, which only reads.
+    // The engine passes the pointer to the constructor function, which only reads.
     void *self = const_cast<VxScriptableFactory *>(this);
     const QScriptValue function = engine->newFunction(&VxScriptableFactory::constructor, self);
     const QScriptValue classValue = engine->newQMetaObject(metaObject(), function);
@@ -46,8 +46,8 @@ QScriptValue VxScriptableFactory::construct(QScriptContext *context, QScriptEngi
     if (!object)
         return context->throwError(QStringLiteral("%1 cannot be constructed").arg(className()));
     const auto ownership = static_cast<QScriptEngine::ValueOwnership>(m_ownership);
-    // With `new` the engine has made the object already, with the class as its prototype: filling
-    // that one keeps `instanceof` true.
+    // With `new` the engine has created the object already, with the class as its prototype:
+    // filling that one keeps `instanceof` true.
     QScriptValue wrapper = context->isCalledAsConstructor()
                                ? engine->newQObject(context->thisObject(), object, ownership)
                                : engine->newQObject(object, ownership);
