@@ -15,7 +15,7 @@ struct Entry
     VxActionMenu *subMenu;
 };
 
-/** Empties a menu, and destroys the sub-menus it owns, which nothing shows any more. */
+/** Empties a menu, and destroys its own sub-menus, which are no longer shown. */
 void clearMenu(QMenu *menu)
 {
     QVector<QMenu *> owned;
@@ -34,8 +34,8 @@ class VxActionMenu::Private
 public:
     QString title;
     QVector<Entry> entries;
-    // The entry that the last insertion made or found: an appended separator that stands behind it
-    // already is found, too, so that building a menu twice changes nothing.
+    // The entry that the last insertion made or found, or a separator found after it by a further
+    // insertion, so that building a menu twice changes nothing.
     int lastTouched = -1;
     QPointer<QMenu> menu;
     bool menuWasHandedOver = false;
@@ -104,7 +104,7 @@ bool VxActionMenu::Private::addSubMenu(const Entry &entry, QMenu *target) const
     if (entry.subMenu->d->menuWasHandedOver) {
         target->addMenu(entry.subMenu->getMenu());
     } else {
-        // A child of the menu, not an independent one, so that it ends with it.
+        // A child of the menu, so that it is destroyed with it.
         QMenu *made = new QMenu(entry.name, target);
         entry.subMenu->d->fill(made);
         target->addMenu(made);

@@ -8,7 +8,7 @@
 class VxMenu::Private
 {
 public:
-    // Not in QAction::data(), which belongs to whoever made the action.
+    // Not in QAction::data(), which belongs to the action's creator.
     QHash<const QAction *, int> itemIds;
     QVector<VxMenu *> subMenus;
 

@@ -10,8 +10,7 @@
 
 namespace {
 
-// A sub-menu's entry is no VxAction: it keeps the group and the section it was sorted into as
-// properties.
+// A sub-menu's entry is no VxAction: its group and section are stored as properties.
 constexpr char subMenuGroupProperty[] = "vxMenuGroup";
 constexpr char subMenuSectionProperty[] = "vxMenuSection";
 
@@ -24,7 +23,7 @@ QMenu *findMenu(const QWidget *parent, const QString &title)
     return nullptr;
 }
 
-/** The group an entry was sorted into; a null string for entries of others. */
+/** The group of an entry added here; a null string for other entries. */
 QString groupOf(const QAction *entry)
 {
     if (const VxAction *action = qobject_cast<const VxAction *>(entry))
@@ -37,14 +36,14 @@ int sectionOf(const VxAction *action)
     return action->getMenuOrder() / 100;
 }
 
-/** The section of its group that an entry belongs to; sub-menus of paths stand in the first. */
+/** The section of an entry within its group; sub-menus of paths are in the first. */
 int sectionOf(const QAction *entry)
 {
     const VxAction *action = qobject_cast<const VxAction *>(entry);
     return action ? sectionOf(action) : entry->property(subMenuSectionProperty).toInt();
 }
 
-/** The place of the group's last entry in the menu; -1 when there is none. */
+/** The index of the group's last entry in the menu; -1 when there is none. */
 int findLastOfGroup(const QMenu *menu, const QString &group)
 {
     const QList<QAction *> entries = menu->actions();

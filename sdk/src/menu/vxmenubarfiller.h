@@ -10,11 +10,11 @@ class QMenu;
 class QMenuBar;
 class VxAction;
 
-/// Sorts actions into a menu bar by the paths and groups they name.
+/// Adds actions to a menu bar by their paths and groups.
 ///
-/// A menu is found by its title, whoever made it. Within a menu the entries of one group stand
-/// together, by the order they ask for, with separators between groups and between the sections of
-/// a group; an action that is there already stays where it is.
+/// A menu is found by its title, whatever its creator. Within a menu the entries of one group are
+/// adjacent, in their menu order, with separators between groups and between the sections of a
+/// group; an action that is there already stays in place.
 class VxMenuBarFiller
 {
 public:
@@ -27,9 +27,9 @@ public:
 
     /** The parts of a path: separated by "/", without empty ones. */
     static QStringList pathParts(const QString &path);
-    /** The group proper: what stands before the first "/". */
+    /** The group proper: the part before the first "/". */
     static QString groupName(const QString &actionGroup);
-    /** The path of sub-menus: what stands behind the first "/". */
+    /** The path of sub-menus: the part after the first "/". */
     static QString groupPath(const QString &actionGroup);
 
 private:

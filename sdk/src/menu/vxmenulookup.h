@@ -4,9 +4,9 @@
 class QString;
 class VxAction;
 
-/// Implemented with the application, which has the manager: the action of a class in the
-/// application's action manager, or null: without application, main window or such an action. Menus
-/// leave out what is not there.
+/// The action of a class in the application's action manager; null without application, main window
+/// or such an action, which menus then leave out. Implemented with the application, which has the
+/// manager.
 VxAction *vxFindMenuAction(const QString &className);
 
 #endif
