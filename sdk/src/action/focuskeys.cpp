@@ -63,7 +63,7 @@ bool isReasonOfTheKeyboard(Qt::FocusReason reason)
            reason == Qt::ShortcutFocusReason;
 }
 
-/** The focus comes back from a menu or another window: it is where it was. */
+/** The focus returns from a menu or another window: it was there before. */
 bool isReturn(Qt::FocusReason reason)
 {
     return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// How late a repeat may come, in milliseconds: more than the usual distance of two.
+/// Maximum delay of a repeat, in milliseconds: more than the usual interval of repeats.
 constexpr qint64 patience = 60;
 
 } // namespace
@@ -19,8 +19,8 @@ KeyRepeatFilter::KeyRepeatFilter(QObject *parent)
         application->installEventFilter(this);
 }
 
-// A key is first offered to whoever has the focus; when nobody takes it, it becomes a shortcut
-// event, which says nothing of repeats any more.
+// A key is first sent to the focused widget; if ignored, it becomes a shortcut event, which has no
+// repeat flag.
 bool KeyRepeatFilter::eventFilter(QObject *object, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride)
@@ -30,7 +30,7 @@ bool KeyRepeatFilter::eventFilter(QObject *object, QEvent *event)
     return QObject::eventFilter(object, event);
 }
 
-// The one key event passes here several times, for the window and for each widget.
+// One key event passes here several times, for the window and for each widget.
 void KeyRepeatFilter::look(const QKeyEvent *event)
 {
     const qint64 offset = m_clock.elapsed() - static_cast<qint64>(event->timestamp());

@@ -6,14 +6,14 @@
 
 class QKeyEvent;
 
-/// Keeps a held shortcut key from running on after it is let go.
+/// Stops the effect of a held shortcut key at its release.
 ///
-/// While a command takes longer than the keyboard's repeats are apart, repeats pile up in the
-/// window system's queue. One that comes late triggers nothing: the next in time follows. Only
-/// shortcuts are held back; text fields get every repeat.
+/// While a command takes longer than the interval of key repeats, repeats pile up in the window
+/// system's queue. A late one triggers nothing: the next one in time does. Only shortcuts are
+/// suppressed; text fields get every repeat.
 ///
-/// How late one is shows against the earliest of the same hold, because the window system's clock
-/// is not this process's.
+/// The delay is measured against the earliest event of the same hold, because the window system's
+/// clock is not this process's.
 class KeyRepeatFilter : public QObject
 {
 public:

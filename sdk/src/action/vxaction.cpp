@@ -6,7 +6,7 @@ class VxAction::Private
 {
 public:
     QString description;
-    QString givenName; // the object name that the action gave itself
+    QString givenName; // the object name set by applyName()
 };
 
 VxAction::VxAction(const QString &text, const QString &description, bool checkable)
@@ -97,7 +97,7 @@ void VxAction::handleTriggered(bool onOff)
         executeAction();
 }
 
-/** A name that somebody chose stays; one given while a base was being constructed is replaced. */
+/** A name set from outside stays; one set while a base was being constructed is replaced. */
 void VxAction::applyName()
 {
     if (objectName() != d->givenName)

@@ -84,7 +84,7 @@ public:
     void forget(VxAction *action)
     {
         actions.removeOne(action);
-        // The class name can no longer be asked for: the action is down to its QObject part.
+        // The class name is no longer available: the action is destroyed down to its QObject base.
         const QString className = actionsByName.key(action);
         actionsByName.remove(className);
         shortcuts.remove(className);
@@ -107,7 +107,7 @@ VxActionMgr::VxActionMgr(QObject *parent)
 
 VxActionMgr::~VxActionMgr()
 {
-    // Here, and not by QObject, which would let them report to a manager that is gone.
+    // Here, and not by QObject, which would let them report to a destroyed manager.
     const QVector<VxAction *> actions = d->actions;
     qDeleteAll(actions.rbegin(), actions.rend());
 }
@@ -242,7 +242,7 @@ void VxActionMgr::saveShortcuts(VxSettings *settings) const
     if (!settings)
         return;
     const QHash<QString, QKeySequence> changes = d->shortcuts.changes();
-    // Entries of classes that no plug-in provides today stay for the day it is back.
+    // Entries of classes without a plug-in at present are kept for its return.
     const QStringList names = d->actionsByName.keys() + d->commandsByName.keys();
     for (const QString &name : names) {
         if (changes.contains(name))

@@ -5,14 +5,14 @@
 
 class QKeySequence;
 
-/// The texts that are made of an action's text: plain functions, so that menus, help and undo
-/// entries agree.
+/// Texts derived from an action's text: plain functions, so that menus, help and undo entries
+/// agree.
 namespace VxActionText {
 
-/** The text as it is read: without mnemonic marks; "&&" stands for one "&". */
+/** The displayed text: without mnemonic marks; "&&" becomes one "&". */
 QString withoutMnemonics(const QString &text);
 
-/** The text as the name of what was done: without mnemonic marks and without trailing dots. */
+/** The text of an undo entry: without mnemonic marks and without trailing dots. */
 QString asUndoText(const QString &text);
 
 /** "Text (Ctrl+C)", the shortcut in the user's language; only the text for an empty shortcut. */
