@@ -7,9 +7,9 @@
 
 namespace {
 
-/// How far the lines' colour is from the ground towards the text.
+/// Mixing factor of the lines' colour, from the background to the text.
 constexpr qreal LineStrength = 0.06;
-/// The share of the highlight colour in the ground of a selected row.
+/// Mixing factor of the highlight colour in the background of a selected row.
 constexpr qreal HighlightShare = 64.0 / 255;
 
 QPalette withRolesOf(QPalette palette, const QPalette &colors)

@@ -21,7 +21,7 @@ VxApp *vxApp = nullptr;
 
 namespace {
 
-// Inside a function, because a plug-in's static objects ask for the name before ours might exist.
+// Inside a function, because a plug-in's static objects may read the name before ours are made.
 QString &appName()
 {
     static QString name = QStringLiteral("VxStudio");
@@ -45,14 +45,14 @@ QIcon nodeIcon(NodeIcon kind)
 class VxApp::Private
 {
 public:
-    // Made in this order and destroyed in the opposite one: scripts refer to everything, nodes that
-    // leave the scene ask the history whether it is recording.
+    // Made in this order and destroyed in reverse: scripts refer to everything, nodes that are
+    // removed from the scene check whether the history is recording.
     std::unique_ptr<VxSettings> settings = std::make_unique<VxSettings>();
     std::unique_ptr<VxPluginMgr> pluginMgr = std::make_unique<VxPluginMgr>();
     std::unique_ptr<VxKeySelection> keySelection = std::make_unique<VxKeySelection>();
     std::unique_ptr<VxUndoStack> undoStack = std::make_unique<VxUndoStack>();
     std::unique_ptr<VxScene> scene = std::make_unique<VxScene>();
-    std::unique_ptr<VxScriptEngine> scriptEngine;  // made when it is asked for
+    std::unique_ptr<VxScriptEngine> scriptEngine;  // made on demand
     QPointer<VxStyle> style;                       // QApplication's
     std::unique_ptr<WheelFocusFilter> wheelFilter; // null without a QApplication
     QPointer<VxMainWindow> interface;
@@ -79,9 +79,9 @@ VxApp::VxApp()
 VxApp::~VxApp()
 {
     beginClosing();
-    // What follows may still ask this object for its parts, which are there until each is gone.
+    // Destructors may still access the remaining parts of this object.
     d->scriptEngine.reset();
-    // Removed nodes that the history kept go while the scene they belong to lives.
+    // Removed nodes in the history are destroyed while their scene exists.
     d->undoStack->clear();
     d->scene.reset();
     d->undoStack.reset();
@@ -147,7 +147,7 @@ void VxApp::setStyle(VxStyle *style)
     if (!style || style == d->style)
         return;
     d->style = style;
-    // It brings its palette along by polish().
+    // polish() sets its palette.
     QApplication::setStyle(style);
     Q_EMIT styleChanged(style);
 }

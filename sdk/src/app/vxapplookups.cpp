@@ -1,5 +1,5 @@
-// What menus and panes ask the current application for. Declared in their rooms, which know nothing
-// of the application.
+// Look-ups of menus and panes in the current application. Declared in their folders, which do not
+// include the application.
 
 #include "menu/vxmenulookup.h"
 #include "pane/vxpanesource.h"

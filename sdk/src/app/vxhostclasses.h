@@ -5,8 +5,8 @@
 
 class VxClassFactory;
 
-/// The factories of the panes and actions that the host offers without any plug-in, in the order in
-/// which they are registered. They live as long as the library.
+/// The factories of the host's own panes and actions, in the order of registration. They live as
+/// long as the library.
 QVector<VxClassFactory *> vxHostClassFactories();
 
 #endif

@@ -31,7 +31,7 @@ VxMainWindow::VxMainWindow(QWidget *parent)
 
 VxMainWindow::~VxMainWindow()
 {
-    // Panes first, while everything they may ask for still answers.
+    // Panes first, while everything they may access still exists.
     d->paneMgr->destroyPanes();
     if (vxApp && vxApp->getInterface() == this)
         vxApp->setInterface(nullptr);

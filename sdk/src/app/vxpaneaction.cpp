@@ -40,7 +40,7 @@ void VxPaneAction::init()
     const VxPane *pane = window ? window->getPaneMgr()->findPane(d->paneClassName) : nullptr;
     const QString title = pane ? pane->getTitle() : d->paneClassName;
     setText(title);
-    // Sets the other help texts as well.
+    // Also sets the other help texts.
     setDescription(tr("Opens the pane \"%1\" and brings it to the front.").arg(title));
 }
 

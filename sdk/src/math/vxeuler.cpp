@@ -6,13 +6,13 @@ namespace {
 
 constexpr double DegreesPerRadian = 57.295779513082320877;
 // Below this cosine of the middle angle the first and the last axis coincide. Matrices in single
-// precision leave some 1e-7 where zero should be.
+// precision have some 1e-7 instead of zero.
 constexpr double GimbalLock = 1e-6;
 
 struct Axes
 {
     std::size_t first, middle, last;
-    double parity; ///< 1 where the axes follow each other as X, Y, Z do, else -1
+    double parity; ///< 1 where the axes follow each other in the order X, Y, Z, else -1
 };
 
 Axes axesOf(VxRotationOrder order)
@@ -124,8 +124,8 @@ VxQuaternion vxQuaternion(const VxEuler &angles, VxRotationOrder order)
     return result;
 }
 
-/* The largest of the four parts is found first and the others divided by it, so that none is lost
-   to cancellation. */
+/* The largest of the four parts is computed first and the others by division, which avoids
+cancellation. */
 VxQuaternion vxQuaternion(const VxRotation &m)
 {
     const double trace = m[0][0] + m[1][1] + m[2][2];
@@ -211,7 +211,7 @@ VxRotation vxTransposed(const VxRotation &m)
 
 double vxAngleBetween(const VxQuaternion &a, const VxQuaternion &b)
 {
-    // By the difference and the sum: an arc cosine loses small angles.
+    // By the difference and the sum: an arc cosine is imprecise for small angles.
     const VxQuaternion other = dot(a, b) < 0 ? scaled(b, -1) : b;
     const VxQuaternion difference = sum(other, scaled(a, -1));
     const VxQuaternion both = sum(other, a);
@@ -224,7 +224,7 @@ VxQuaternion vxSlerp(const VxQuaternion &a, const VxQuaternion &b, double part)
     const VxQuaternion other = dot(a, b) < 0 ? scaled(b, -1) : b;
     const double angle = vxAngleBetween(a, other) / 2 / DegreesPerRadian;
     const double sine = std::sin(angle);
-    // Where the two are as good as the same the straight way is the arc.
+    // Nearly equal rotations: linear interpolation.
     const double from = sine < 1e-9 ? 1 - part : std::sin((1 - part) * angle) / sine;
     const double to = sine < 1e-9 ? part : std::sin(part * angle) / sine;
     const VxQuaternion between = sum(scaled(a, from), scaled(other, to));

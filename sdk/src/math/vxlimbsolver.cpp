@@ -6,9 +6,9 @@
 namespace {
 
 constexpr double DegreesPerRadian = 57.295779513082320877;
-// Sine of the bend below which a limb has no plane of its own.
+// Sine of the bend below which the limb's plane is undefined.
 constexpr double Straight = 1e-6;
-// Part of the limb's length within which a target counts as reached.
+// Fraction of the limb's length within which a target counts as reached.
 constexpr double Reached = 1e-9;
 
 VxVector difference(const VxVector &a, const VxVector &b)
@@ -36,7 +36,7 @@ double length(const VxVector &a)
     return std::sqrt(dot(a, a));
 }
 
-/// Any vector at right angles.
+/// Any perpendicular vector.
 VxVector perpendicular(const VxVector &a)
 {
     const bool isAlongX = std::abs(a[0]) > 0.9 * length(a);
@@ -49,14 +49,14 @@ VxVector axisOfBend(const VxVector &upper, const VxVector &lower, const VxVector
     const VxVector axis = cross(upper, lower);
     if (length(axis) > Straight * length(upper) * length(lower))
         return axis;
-    // The given axis without its part along the limb.
+    // The given axis without its component along the limb.
     const double along = dot(bendAxis, upper) / dot(upper, upper);
     const VxVector given =
         difference(bendAxis, {upper[0] * along, upper[1] * along, upper[2] * along});
     return length(given) > Straight * length(bendAxis) ? given : perpendicular(upper);
 }
 
-/// The angle between the segments' directions, 0 for a straight limb, that gives the limb a length.
+/// The angle between the segments, 0 for a straight limb, for which the limb has a length.
 double bendForReach(double upper, double lower, double reach)
 {
     const double cosine = (reach * reach - upper * upper - lower * lower) / (2 * upper * lower);

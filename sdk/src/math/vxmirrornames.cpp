@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The part of a name that the star of a pattern covers; null when the pattern does not fit.
+/// The part of a name that matches a pattern's star; null when the pattern does not match.
 QString sharedPart(const QString &name, const QString &pattern)
 {
     const int star = pattern.indexOf(QLatin1Char('*'));

@@ -10,14 +10,14 @@ namespace {
 constexpr int MaxNesting = 50;
 constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
 
-/// A number and whether it has a unit of time. NaN where the text does not fit.
+/// A number and whether it has a unit of time. NaN for invalid text.
 struct Amount
 {
     double number = NoNumber;
     bool isTime = false;
 };
 
-/// How numbers with units are read. Without frames there are no units at all.
+/// The units of numbers. Without frames there are no units at all.
 struct Units
 {
     double ticksPerFrame = 0;
@@ -29,7 +29,7 @@ struct Units
     }
 };
 
-/// Reads a text without blanks once, one function for each rank of operators.
+/// Parses a text without blanks in one pass, with a function for each operator precedence.
 class Arithmetic
 {
 public:
@@ -129,7 +129,7 @@ private:
 
     double digits()
     {
-        // A letter would be a word such as "inf".
+        // Letters would be parsed as words such as "inf".
         if (m_at == m_end || !(*m_at == '.' || (*m_at >= '0' && *m_at <= '9')))
             return NoNumber;
         double value = 0;
@@ -195,7 +195,7 @@ QByteArray plain(const QString &text)
     return bytes;
 }
 
-/// The sign of a change, such as + for "+=3" and "+3", * for "150%", 0 for none; it is removed.
+/// The operator of a change, such as + for "+=3" and "+3", * for "150%", 0 for none; it is removed.
 char takeSign(QByteArray *bytes, VxTypedInput::Signs signs)
 {
     if (bytes->size() > 1 && bytes->at(1) == '=') {

@@ -149,7 +149,7 @@ void VxPane::updateOptionsMenu()
     const int version = getOptionsMenuVersion();
     if (d->built && d->builtVersion == version)
         return;
-    // First, because building may ask for the menu.
+    // First, because building may access the menu.
     d->built = true;
     d->builtVersion = version;
     d->optionsMenu->clear();

@@ -75,7 +75,7 @@ void VxPaneMgr::createPanes(const VxPluginMgr *plugins)
     if (!plugins)
         return;
     d->plugins = plugins;
-    // Announced when all are there: whoever hears of one may ask for another.
+    // Announced when all exist: a receiver may look up another pane.
     QVector<QPointer<VxPane>> made;
     for (const VxClassFactory *factory : plugins->getClassFactories()) {
         if (factory->metaObject()->inherits(&VxPane::staticMetaObject) &&
@@ -98,14 +98,14 @@ VxPane *VxPaneMgr::findOrCreatePane(const QString &className)
     return pane;
 }
 
-/** A new pane, entered and restored but not announced; null when no factory makes it. */
+/** A new pane, listed and restored but not announced; null when no factory makes it. */
 VxPane *VxPaneMgr::makePane(const QString &className)
 {
     const VxPluginMgr *source = d->factorySource();
     const VxClassFactory *factory = source ? source->findClassFactory(className) : nullptr;
     if (!factory || !factory->metaObject()->inherits(&VxPane::staticMetaObject))
         return nullptr;
-    // A pane that asks for itself while it is being constructed gets the answer "not yet".
+    // A pane that looks itself up during its construction gets null.
     if (d->inCreation.contains(className))
         return nullptr;
     d->inCreation.append(className);
@@ -138,7 +138,7 @@ void VxPaneMgr::enterPane(VxPane *pane)
 
 void VxPaneMgr::destroyPanes()
 {
-    // Each one forgets itself, so the list gets shorter; a pane may take another with it.
+    // Each one removes itself from the list; destroying a pane may destroy another.
     while (!d->entries.isEmpty())
         delete d->entries.constLast().pane;
 }
@@ -163,8 +163,8 @@ void VxPaneMgr::saveSettings() const
         return;
     for (const PaneEntry &entry : qAsConst(d->entries)) {
         VxSettings *group = d->settings->getSettings(entry.className);
-        // A pane may write only what holds, such as the one of several choices that was made. What
-        // held in an earlier session would come back beside it.
+        // A pane may write only values that are set, such as one of several choices. Values from an
+        // earlier session would reappear beside it.
         group->clear();
         entry.pane->saveSettings(group);
     }
@@ -185,7 +185,7 @@ void VxPaneMgr::showPane(VxPane *pane)
         Q_EMIT showRequested(pane);
 }
 
-/** Only the address of the pane is used: it is down to its QObject part. */
+/** Only the address of the pane is used: it is destroyed down to its QObject base. */
 void VxPaneMgr::forget(const VxPane *pane)
 {
     for (int i = 0; i < d->entries.size(); ++i) {

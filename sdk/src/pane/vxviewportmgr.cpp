@@ -5,7 +5,7 @@
 
 namespace {
 
-// An accelerator holds the button's number, counted from 1, in its lower byte and one bit for each
+// An accelerator has the button's number, counted from 1, in its lower byte and one bit for each
 // modifier above it. The two enumerations themselves overlap.
 constexpr int modifierShift = 8;
 

@@ -6,11 +6,11 @@ namespace {
 
 constexpr qint64 NanosecondsPerSecond = 1000000000;
 
-// A longer delay than this is not made up when every frame is shown: rushing through so much would
-// look worse than the pause that everybody saw.
+// A longer delay is not made up when every frame is shown: rushing through the missed frames would
+// look worse than the visible pause.
 constexpr qint64 LongestCatchUp = NanosecondsPerSecond / 2;
 
-// Whole seconds are taken apart first, so that no product leaves 64 bits.
+// Whole seconds are converted separately, so that no product exceeds 64 bits.
 qint64 ticksIn(qint64 nanoseconds)
 {
     const qint64 rest = nanoseconds % NanosecondsPerSecond;
@@ -18,7 +18,7 @@ qint64 ticksIn(qint64 nanoseconds)
            rest * VxTicksPerSecond / NanosecondsPerSecond;
 }
 
-/// The first nanosecond at which that many ticks are over.
+/// The first nanosecond at which that many ticks have passed.
 qint64 nanosecondsOf(qint64 ticks)
 {
     const qint64 rest = ticks % VxTicksPerSecond * NanosecondsPerSecond;
@@ -91,8 +91,8 @@ void PlaybackClock::advanceEveryFrame(qint64 now)
             anchor(m_shown.time, now);
         return;
     }
-    // Less than a frame behind, the next one may come in time; a timer that is always late by part
-    // of a frame must not add up.
+    // Less than a frame late, the next one may be in time; a timer that is always late by part of
+    // a frame must not accumulate delay.
     const qint64 length = nanosecondsOf(m_shown.next - m_shown.begin);
     const bool overdue = now >= m_anchorNow + nanosecondsOf(m_shown.next);
     m_notBefore = now + (overdue ? length / 2 : length / 4);
@@ -130,7 +130,7 @@ PlaybackClock::Step PlaybackClock::stepAt(qint64 ticks) const
                   static_cast<VxTime>(time), false};
     }
     if (result.begin < 0) {
-        // The anchor lies within a frame: it is shown itself until the next one.
+        // An anchor within a frame is shown itself until the next frame.
         result.begin = 0;
         result.time = m_anchorTime;
     }

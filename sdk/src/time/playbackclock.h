@@ -4,55 +4,56 @@
 #include <QtCore/qglobal.h>
 #include <vxcore/vxtimerange.h>
 
-/// What is played, and how.
+/// The settings of playback.
 struct PlaybackSettings
 {
     VxTime step = 160; ///< ticks per frame, at least 1
-    VxTimeRange range; ///< ends included; the end does not lie before the start
+    VxTimeRange range; ///< ends included; the end is not before the start
     bool looping = false;
     bool dropFrames = true;
 };
 
-/// What is to be shown.
+/// The time to show.
 struct PlaybackFrame
 {
     VxTime time = 0;
-    bool ended = false; ///< nothing follows: the end of the range is shown, without looping
+    bool ended = false; ///< playback has ended: the end of the range is shown, without looping
 };
 
-/// Tells which time is to be shown when, from the nanoseconds of a clock that the caller reads.
+/// Schedules the shown times, by the nanoseconds of a clock that the caller reads.
 ///
 /// Everything is counted in whole ticks from an anchor: a time, and the nanosecond at which it was
-/// shown. So nothing adds up over hours. Shown are the start of the range, the multiples of the
-/// step within it, and its end, each until the next; the end for a whole step when looping.
+/// shown, so that errors do not accumulate over hours. The start of the range, the multiples of the
+/// step within it, and its end are shown, each until the next; the end for a whole step when
+/// looping.
 ///
-/// Where every frame is shown and one came late, the following ones are shown for half of their
-/// time until the clock is reached again. The anchor moves when somebody intervenes, and when
-/// playback of every frame is more than half a second behind: that is let go.
+/// When every frame is shown and one was late, the following ones are shown for half of their time
+/// until the clock is caught up. The anchor moves on an intervention, and when playback of every
+/// frame is more than half a second behind: that delay is dropped.
 class PlaybackClock
 {
 public:
-    /// Starts at a time that is on show from the nanosecond now on. A time before the range is
+    /// Starts at a time that is shown from the nanosecond now on. A time before the range is
     /// followed at once by the start; one after it by the start when looping, else by the end.
     void start(VxTime time, const PlaybackSettings &settings, qint64 now);
-    /// Goes on from the time on show, which stays on show for what is left of its frame.
+    /// Continues from the shown time, which stays for the rest of its frame.
     void configure(const PlaybackSettings &settings);
-    /// Goes on from another time, as start() does.
+    /// Continues from another time, like start().
     void setTime(VxTime time, qint64 now);
 
-    /// What is to be shown at the nanosecond now.
+    /// The time to show at the nanosecond now.
     PlaybackFrame advance(qint64 now);
-    /// The nanosecond from which advance() gives something new; meaningless after the end.
+    /// The nanosecond from which advance() returns a new time; meaningless after the end.
     qint64 nextDue() const;
 
     const PlaybackSettings &settings() const { return m_settings; }
 
 private:
-    /// A frame on the way from the anchor.
+    /// A frame relative to the anchor.
     struct Step
     {
         qint64 begin = 0; ///< ticks from the anchor
-        qint64 next = 0;  ///< where the following frame begins
+        qint64 next = 0;  ///< start of the following frame
         VxTime time = 0;
         bool ended = false;
     };
@@ -64,10 +65,10 @@ private:
     PlaybackSettings m_settings;
     VxTime m_anchorTime = 0;
     qint64 m_anchorNow = 0;
-    /// Until when the frame on show is not taken away, where every frame is shown.
+    /// The minimum end of the shown frame, when every frame is shown.
     qint64 m_notBefore = 0;
     Step m_shown;
-    /// The anchor's frame differs from the time it was made with and was not handed out yet.
+    /// The anchor's frame differs from its original time and was not returned yet.
     bool m_pending = false;
 };
 
