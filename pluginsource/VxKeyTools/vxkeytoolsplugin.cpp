@@ -21,7 +21,7 @@ public:
     QObject *createInstance() const override { return new Class; }
 };
 
-/// The pane's factory also makes the script object known.
+/// The pane's factory also registers the script object.
 class PaneFactory : public Factory<VxKeyToolsPane>
 {
 public:

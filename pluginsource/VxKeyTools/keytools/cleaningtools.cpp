@@ -19,7 +19,7 @@ VxKeyInterp::Type keyType(int choice)
     return static_cast<VxKeyInterp::Type>(choice);
 }
 
-// More samples than this in one stretch of keys are a mistyped time: steps get longer.
+// More samples than this in one span of keys indicate a mistyped time: steps get longer.
 constexpr qint64 MaxSamples = 100000;
 
 /// The step between samples, at least a tick, that keeps their number within bounds.
@@ -112,8 +112,8 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
     return run.finish(tr("Remove Spikes"));
 }
 
-/// What a stretch of keys is measured by: its keys and, between them, every frame, unless all is
-/// linear.
+/// The samples that measure a span of keys: its keys and, unless all segments are linear, every
+/// frame.
 struct Samples
 {
     Samples(const VxFloatProperty &property, const VxKeySpan &span)
@@ -239,7 +239,7 @@ KeyToolResult bake(const KeyToolArguments &arguments)
     const VxTime step = arguments.ticks("step");
     run.replace([&run, step](const VxFloatProperty &property,
                              const VxKeySpan &span) -> std::optional<VxFittedKeys> {
-        // A link adds to the keys: what is evaluated is not what they alone give.
+        // A link adds to the keys: they do not determine the evaluated value.
         if (property.isLinked())
             return std::nullopt;
         VxFittedKeys keys;

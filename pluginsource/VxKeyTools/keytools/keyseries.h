@@ -4,9 +4,9 @@
 #include <vector>
 #include <vxcore/vxtime.h>
 
-/// The keys of one property that a tool edits, as arrays: times in ticks, ascending before the
-/// edit, and values. An edit changes both as it likes; the edit engine then puts the keys in order,
-/// and a key that lands on another one replaces it.
+/// The edited keys of one property as arrays: times in ticks, ascending before the edit, and
+/// values. An edit may change both freely; the edit engine then sorts the keys, and a key that
+/// lands on another one replaces it.
 struct KeySeries
 {
     std::vector<VxTime> times;
@@ -20,27 +20,27 @@ VxTime wholeTick(double time);
 
 /// Edits of times. Drawings show keys over frames before and after.
 
-/// Each key by `offset` ticks: `a b . .` by 2: `. . a b`.
+/// Moves each key by `offset` ticks: `a b . .` by 2: `. . a b`.
 void moveTimes(KeySeries *keys, double offset);
-/// Distances from `pivot` times `factor`: `a b c . .` by 2 about a: `a . b . c`. A factor of 0 puts
-/// all keys on the pivot, of which one is left; below 0 their order is reversed.
+/// Multiplies distances from `pivot` by `factor`: `a b c . .` by 2 about a: `a . b . c`. A factor
+/// of 0 moves all keys to the pivot, where one remains; below 0 their order is reversed.
 void scaleTimes(KeySeries *keys, double factor, double pivot);
-/// Each key to the nearest multiple of `step` ticks: `a .b . c` becomes `a b . c`.
+/// Moves each key to the nearest multiple of `step` ticks: `a .b . c` becomes `a b . c`.
 void snapTimes(KeySeries *keys, VxTime step);
 /// Equal distances between the first and the last key: `a b . . c` becomes `a . b . c`.
 void spaceTimes(KeySeries *keys);
-/// Opens `count` ticks at `time`: keys at or after it move later. `a b c` with 1 at b: `a . b c`.
+/// Inserts `count` ticks at `time`: keys at or after it move later. `a b c` with 1 at b: `a . b c`.
 void insertTime(KeySeries *keys, VxTime time, VxTime count);
-/// Removes the ticks from `time` to before `time + count`, within which no key lies: later keys
+/// Removes the ticks from `time` to before `time + count`, which must have no keys: later keys
 /// move earlier. `a . . d` without the two ticks after a: `a d`.
 void removeTime(KeySeries *keys, VxTime time, VxTime count);
 
 /// Edits of values.
 
-/// Distances from `pivot` times `factor`; a factor of -1 mirrors the values about the pivot.
+/// Multiplies distances from `pivot` by `factor`; -1 mirrors the values about the pivot.
 void scaleValues(KeySeries *keys, double factor, double pivot);
-/// `amount` times a weight that is 1 from `start` to `end` and falls to 0 within `falloff` ticks
-/// before and after, as half a cosine wave.
+/// Adds `amount` times a weight that is 1 from `start` to `end` and falls to 0 within `falloff`
+/// ticks before and after, as half a cosine wave.
 void offsetValues(KeySeries *keys, double amount, VxTime start, VxTime end, VxTime falloff);
 /// The weight of offsetValues(), 0 to 1.
 double falloffWeight(double time, double start, double end, double falloff);

@@ -8,28 +8,27 @@
 
 class VxNumericProperty;
 
-/// Keys of one property that a tool works on.
+/// The target keys of a tool in one property.
 struct KeyTarget
 {
     VxNumericProperty *property = nullptr; ///< a key holder
     std::vector<VxKeySpan> spans;          ///< ascending, with gaps between them
-    /// The keys behind the last span are edited too, without being selected.
+    /// Keys after the last span are edited too, without being selected.
     bool withLaterKeys = false;
 
-    /// The indexes of all keys that are edited, ascending.
+    /// The indexes of all edited keys, ascending.
     std::vector<int> indexes() const;
     int numKeys() const; ///< in the spans
     int numLaterKeys() const;
 };
 
-/// What a tool works on: the selected keys or, where none is selected, the keys of the selected
-/// nodes in the play range. Keys of locked properties and of those that an open link replaces are
-/// left out.
+/// The targets of a tool: the selected keys or, without any, the keys of the selected nodes in the
+/// play range. Keys of locked properties and of those that an open link replaces are left out.
 struct KeyTargets
 {
     static KeyTargets current();
-    /// All keys of the properties that current() takes keys of, and of those without selected keys
-    /// too where nodes are selected: what selection tools choose from.
+    /// All keys of the properties in current(), and, if nodes are selected, of their properties
+    /// without selected keys too: the candidates of selection tools.
     static KeyTargets candidates();
 
     /// All keys of the scene.

@@ -12,7 +12,7 @@
 struct KeyToolParameter
 {
     enum Kind {
-        Time,       ///< a time or a span: typed frames, timecode and so on; ticks for scripts
+        Time,       ///< a time or a duration: typed frames, timecode and so on; ticks for scripts
         TimeChange, ///< a time, or a change of one, such as +10 or 150%
         Number,     ///< a number
         Change,     ///< a value, or a change of one
@@ -21,9 +21,9 @@ struct KeyToolParameter
     QString name;  ///< for scripts
     QString label; ///< for the pane, with its unit
     Kind kind = Number;
-    QString defaultText; ///< what is typed, in frames for times
+    QString defaultText; ///< initial text, in frames for times
     QStringList choices = {};
-    double least = -1e30; ///< the smallest amount that is accepted
+    double least = -1e30; ///< smallest accepted amount
 };
 
 /// The values of a tool's parameters.
@@ -42,7 +42,7 @@ private:
     QMap<QString, VxTypedInput> m_values;
 };
 
-/// A tool: what an action, the pane and a script function run.
+/// A tool, run by an action, the pane and a script function.
 struct KeyTool
 {
     using Run = KeyToolResult (*)(const KeyToolArguments &arguments);
@@ -59,8 +59,8 @@ struct KeyTool
     static const KeyTool *find(const QString &name);
 
     /// Runs the tool with arguments by name: texts as typed, or numbers, which are values (times in
-    /// ticks); those that are missing have their defaults. A name or value that is not understood
-    /// is an error: nothing is changed and the result's message says which one.
+    /// ticks); missing ones have their defaults. An unknown name or an invalid value is an error:
+    /// nothing is changed and the result's message names it.
     KeyToolResult runWith(const QVariantMap &values) const;
 };
 

@@ -4,7 +4,7 @@
 #include <vxcore/vxaction.h>
 
 /// Base of the actions of the key tools: an action without parameters runs its tool, one with
-/// parameters opens the pane on it. Without a window the tool runs with its defaults.
+/// parameters opens the pane with it. Without a window the tool runs with its defaults.
 class KeyToolAction : public VxAction
 {
     Q_OBJECT

@@ -82,7 +82,7 @@ std::vector<VxKeySpan> writeEdit(Property *property, const std::vector<int> &sou
     std::vector<V> values(series.values.size());
     const VxKeyColumns<V> keys = property->getKeys();
     for (std::size_t i = 0; i < values.size(); ++i) {
-        // A value that was not edited stays to the last bit, beyond its limits too.
+        // An unedited value stays to the last bit, even beyond its limits.
         values[i] = series.values[i] == former.values[i]
                         ? keys.values[source[i]]
                         : propertyValue(*property, series.values[i]);
@@ -180,7 +180,7 @@ void KeyToolRun::replace(std::size_t track, const Replacement &replacement)
     std::vector<std::optional<VxFittedKeys>> results;
     for (const VxKeySpan &span : spans)
         results.push_back(replacement(*property, span));
-    // From the last one on: the indexes of those before stay.
+    // From the last one on, so that the indexes of earlier ones stay.
     for (std::size_t i = spans.size(); i-- > 0;) {
         if (!results[i])
             continue;
@@ -259,7 +259,7 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
         for (const VxKeySpan &span : spans)
             m_result.after += span.last - span.first;
     }
-    // Views have heard of the new keys before they are to select them.
+    // Views must receive the report of the new keys before selecting them.
     m_block.reset();
     VxKeySelection *selection = VxKeySelection::current();
     if (selection && m_targets.isSelection) {

@@ -13,16 +13,16 @@
 class VxFloatProperty;
 class VxNode;
 
-/// What a tool did, for the status line and for scripts.
+/// The result of a tool, for the status line and for scripts.
 struct KeyToolResult
 {
-    bool done = false;            ///< false: nothing was changed, and `message` says why
-    bool isArgumentError = false; ///< a parameter was not understood
+    bool done = false;            ///< false: nothing was changed, and `message` has the reason
+    bool isArgumentError = false; ///< an invalid argument
     QString message;
-    int keys = 0;     ///< keys the tool worked on
+    int keys = 0;     ///< number of target keys
     int channels = 0; ///< their properties
-    int after = 0;    ///< keys in their place afterwards
-    int merged = 0;   ///< keys that are gone because another took their time
+    int after = 0;    ///< number of resulting keys
+    int merged = 0;   ///< keys replaced because another took their time
     double error = 0; ///< the largest distance from the former curve, of tools that measure it
 };
 
@@ -45,14 +45,14 @@ public:
     /// Edits times and values of the keys of each property.
     void edit(const std::function<void(KeySeries *)> &edit);
     void edit(std::size_t track, const std::function<void(KeySeries *)> &edit);
-    /// Puts other keys in the place of each stretch of keys of float properties; none leaves the
-    /// stretch as it is. Other properties are left out.
+    /// Replaces the keys of each span of float properties; std::nullopt leaves the span unchanged.
+    /// Other properties are left out.
     using Replacement = std::function<std::optional<VxFittedKeys>(const VxFloatProperty &property,
                                                                   const VxKeySpan &span)>;
     void replace(const Replacement &replacement);
     void replace(std::size_t track, const Replacement &replacement);
-    /// Hands out copies of the keys and puts what they have become in their place, or, with
-    /// `keepsFormer`, beside them. The same collision rule as in edit().
+    /// Passes copies of the keys to `rewrite` and writes the results in their place, or, with
+    /// `keepsFormer`, in addition. The same collision rule as in edit().
     using Rewrite = std::function<void(VxFittedKeys *keys)>;
     void rewrite(std::size_t track, const Rewrite &rewrite, bool keepsFormer = false);
     /// Removes keys, ascending indexes.
@@ -61,7 +61,7 @@ public:
     /// Makes all present keys of a track its target, after keys have been removed from it.
     void retarget(std::size_t track);
 
-    /// Text appended to the message, such as what was left out.
+    /// Text appended to the message, such as omissions.
     void addNote(const QString &note) { m_note += note; }
     void measure(double error);
 
@@ -80,7 +80,7 @@ private:
     std::unique_ptr<VxChangeBlock> m_block;
 };
 
-/// The keys of a stretch of a float property as borrowed arrays.
+/// The keys of a span of a float property as borrowed arrays.
 VxKeyColumns<float> columnsOf(const VxFloatProperty &property, const VxKeySpan &span);
 
 #endif

@@ -3,9 +3,9 @@
 
 #include <QtScript/QScriptEngine>
 
-/// The script object `KeyTools`: a function a tool, named as it, which takes an object with the
-/// tool's parameters and returns one with `done`, `message`, `keys`, `channels`, `after`, `merged`
-/// and `error`. An argument that is not understood is a script error.
+/// The script object `KeyTools`: a function a tool, with the tool's name, which takes an object
+/// with the tool's parameters and returns one with `done`, `message`, `keys`, `channels`, `after`,
+/// `merged` and `error`. An invalid argument is a script error.
 void registerKeyToolScript(QScriptEngine *engine);
 
 #endif

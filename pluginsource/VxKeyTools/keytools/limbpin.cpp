@@ -21,7 +21,7 @@ double distance(const VxVector &a, const VxVector &b)
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
 
-/// The rotation of a matrix whose axes are at right angles, without its scale.
+/// The rotation of a matrix with perpendicular axes, without its scale.
 VxQuaternion rotationOf(const QMatrix4x4 &world)
 {
     VxRotation rotation{};
@@ -122,7 +122,7 @@ void LimbPin::solveFrame(std::size_t frame, double weight, std::array<VxEuler, 3
         if (weight > 0) {
             angles = vxEulerAngles(inverse(parent) * solved[i], order, angles);
         } else {
-            // Where the pin has no weight every angle stays as it is.
+            // Where the pin has no weight every angle is unchanged.
             const auto controls = rotationControls(m_nodes[i]);
             for (std::size_t a = 0; a < 3; ++a)
                 angles[a] = double(controls[a]->getValue(time));

@@ -10,30 +10,31 @@
 class VxFloatProperty;
 class VxNode;
 
-/// Keeps a joint at one place of the world over a span of time by rotating its two-bone limb: the
-/// joint's parent and the parent of that, such as knee and hip of a foot. The joint itself keeps
-/// its rotation in the world.
+/// Pins a joint to a world position over a time span by rotating its two-bone limb: the joint's
+/// parent and grandparent, such as knee and hip of a foot. The joint itself keeps its world
+/// rotation.
 ///
 ///     weight   0 . /1 1 1 1\ . 0      falls to 0 within the falloff before and after the span
 ///
-/// Linear keys are made on every frame of span and falloff, where the limb's other keys go. At both
-/// ends the limb is as it was; the smooth segments beside them have new neighbours and change a
+/// Linear keys replace the limb's other keys on every frame of span and falloff. At both ends the
+/// limb is unchanged; the smooth segments beside them have new neighbours and change a little.
 /// little.
 class LimbPin
 {
 public:
     explicit LimbPin(VxNode *joint);
 
-    /// What hinders: empty when the joint has a limb whose nine angles can be keyed.
+    /// Why the joint cannot be pinned: empty for a joint with a limb whose nine angles can be
+    /// keyed.
     QString obstacle() const;
 
-    /// Solves every frame of the span and its falloff, `step` ticks apart, for the place that the
-    /// joint has at `time`. Changes nothing.
+    /// Solves every frame of the span and its falloff, `step` ticks apart, for the joint's position
+    /// at `time`. Changes nothing.
     void solve(const VxTimeRange &span, VxTime falloff, VxTime step, VxTime time);
     void write();
 
-    /// The largest distance from the place over the span, looked at on frames and halfway between
-    /// them, as a part of the limb's length. Of the scene as it is.
+    /// The largest distance from the position over the span, measured on frames and halfway between
+    /// them, as a fraction of the limb's length. Of the scene in its present state.
     double largestError() const;
     int framesOutOfReach() const { return m_outOfReach; }
 

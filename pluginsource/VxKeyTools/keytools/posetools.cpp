@@ -14,7 +14,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("KeyTools", text);
 }
 
-// More frames than this in one span are a mistyped number.
+// More frames than this in one span indicate a mistyped number.
 constexpr qint64 MaxFrames = 1000000;
 
 KeyToolResult shown(KeyToolResult result)

@@ -14,7 +14,7 @@ struct RotationTracks
     VxRotationOrder order = VxRotationOrder::XYZ;
 
     /// The rotations of which all three angles are targets with the same key times, span by span.
-    /// `others` gets the tracks that belong to none; `incomplete` how many rotations have some of
+    /// `others` receives the remaining tracks; `incomplete` the number of rotations with some of
     /// their angles among the targets, but not all or not at the same times.
     static std::vector<RotationTracks> find(const KeyTargets &targets,
                                             std::vector<std::size_t> *others, int *incomplete);

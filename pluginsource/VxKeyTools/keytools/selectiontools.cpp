@@ -15,8 +15,8 @@ QString tr(const char *text)
     return QCoreApplication::translate("KeyTools", text);
 }
 
-/// Selects exactly those keys, of the candidates, for which `takes` is true; its arguments are the
-/// property, the key's index and whether the key is selected now.
+/// Selects exactly those candidate keys for which `takes` is true; its arguments are the property,
+/// the key's index and whether the key is selected now.
 template <class Takes> KeyToolResult selectKeys(const QString &label, const Takes &takes)
 {
     KeyToolResult result;

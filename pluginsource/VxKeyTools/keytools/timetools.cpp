@@ -33,7 +33,7 @@ KeyTargets rippleTargets(const KeyToolArguments &arguments)
     return targets;
 }
 
-/// Maps the time from first to last on another one; keys after last keep their distance from it.
+/// Maps the times from first to last to another range; keys after last keep their distance from it.
 void mapTimes(KeySeries *keys, const VxTimeRange &from, double start, double end)
 {
     const double span = double(from.getEnd()) - from.getStart();
@@ -120,7 +120,7 @@ KeyToolResult removeFrames(const KeyToolArguments &arguments)
         const int last = property->getFirstKeyFrom(wholeTick(double(time) + count));
         if (first < last)
             property->deleteKeys(first, last - 1);
-        // The keys left are all keys again.
+        // All remaining keys are the target.
         run.retarget(track);
         run.edit(track, [&](KeySeries *keys) { removeTime(keys, time, count); });
     }
@@ -142,9 +142,9 @@ KeyToolResult space(const KeyToolArguments &)
     return run.finish(tr("Space Keys Evenly"));
 }
 
-/// A segment has the type of its left key: backwards that is the key on its right. A tangent that
-/// ran towards the previous key runs towards the next one, which is the bias with the other sign. A
-/// smooth segment beside a linear or constant one is shaped by another key than before.
+/// A segment has the type of its left key: reversed, that is the key on its right. A tangent
+/// towards the previous key becomes one towards the next, which negates the bias. A smooth segment
+/// beside a linear or constant one is then shaped by another key.
 void reverseKeys(VxFittedKeys *keys, const VxTimeRange &range)
 {
     const std::vector<quint8> types = keys->types;

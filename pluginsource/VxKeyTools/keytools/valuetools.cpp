@@ -18,8 +18,8 @@ QStringList pivots()
     return {tr("Zero"), tr("Mean"), tr("Playhead")};
 }
 
-/// The value that a tool scales about, of each channel: zero, the mean of its keys, or the curve's
-/// value at the playhead.
+/// The pivot of scaling for each channel: zero, the mean of its keys, or the curve's value at the
+/// playhead.
 std::vector<double> pivotValues(const KeyTargets &targets, int choice)
 {
     std::vector<double> values;

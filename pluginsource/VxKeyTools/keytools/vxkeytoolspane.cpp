@@ -62,7 +62,7 @@ VxKeyToolsPane::VxKeyToolsPane()
     d->result = makeLabel("result");
     auto *button = new QPushButton(tr("Apply"));
     button->setObjectName(QStringLiteral("apply"));
-    // In a small window the fields scroll instead of taking the room of other panes.
+    // In a small window the fields scroll instead of displacing other panes.
     auto *area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
@@ -84,7 +84,8 @@ VxKeyToolsPane::VxKeyToolsPane()
     connect(d->tools, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &VxKeyToolsPane::showTool);
     connect(button, &QPushButton::clicked, this, &VxKeyToolsPane::apply);
-    // Counting keys costs a pass: once a turn of the event loop, and only while the pane is seen.
+    // Counting keys needs a pass: once per event loop iteration, and only while the pane is
+    // visible.
     d->targetsTimer.setSingleShot(true);
     connect(&d->targetsTimer, &QTimer::timeout, this, &VxKeyToolsPane::showTargets);
     const auto changed = [this] { d->targetsTimer.start(0); };
@@ -115,7 +116,7 @@ void VxKeyToolsPane::restoreSettings(VxSettings *settings)
                 d->typed.insert(name, text);
         }
     }
-    // The fields show what was stored; those on screen are not kept over it.
+    // The fields show the stored texts; the present ones must not override them.
     d->fields.clear();
     showTool();
     setTool(settings->getStringValue(QStringLiteral("Tool")));

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vxcore/vxpane.h>
 
-/// A pane with the key tools: the list of tools, fields for the parameters of the chosen one, what
-/// it will work on, and what it did. Return in a field, or the button, runs the tool.
+/// A pane with the key tools: the list of tools, fields for the parameters of the chosen one, its
+/// targets, and its result. Return in a field, or the button, runs the tool.
 class VxKeyToolsPane : public VxPane
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     /// The name of the chosen tool, such as "retime".
     QString getTool() const;
 
-    /// The fields keep what was typed last, tool by tool.
+    /// Stores the last typed texts of each tool.
     void restoreSettings(VxSettings *settings) override;
     void saveSettings(VxSettings *settings) const override;
 
@@ -25,9 +25,9 @@ public Q_SLOTS:
     /// Chooses a tool by its name and puts the cursor into its first field; other names are
     /// ignored.
     void setTool(const QString &name);
-    /// Writes a field as if it were typed. False when the tool has no such parameter.
+    /// Sets a field's text as if typed. False when the tool has no such parameter.
     bool setField(const QString &parameter, const QString &text);
-    /// Runs the tool with what the fields hold. False when it changed nothing.
+    /// Runs the tool with the fields' values. False when it changed nothing.
     bool apply();
 
 private:
