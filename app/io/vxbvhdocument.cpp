@@ -28,8 +28,8 @@ bool isFinite(const VxBvhOffset &offset)
     return std::isfinite(offset.x) && std::isfinite(offset.y) && std::isfinite(offset.z);
 }
 
-// A name must come back from a file as it went in: it takes the rest of its line, and a brace at
-// the end of that line opens the joint's block.
+// A name must survive a round trip: it extends to the end of its line, and a brace at the end of
+// that line opens the joint's block.
 bool isNameValid(const QString &name)
 {
     if (name.isEmpty() || isBlank(name.front()) || isBlank(name.back()) || name.endsWith(u'{'))

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-/// What one number of a motion frame drives. The file's spelling is "Xposition", "Zrotation" ...
+/// The target of one number of a motion frame. The file's spelling is "Xposition", "Zrotation" ...
 enum class VxBvhChannel : quint8 {
     XPosition,
     YPosition,
@@ -16,8 +16,8 @@ enum class VxBvhChannel : quint8 {
 
 constexpr int VxBvhChannelKinds = 6;
 
-/// Joints nested deeper than this are refused: no figure needs it, and what walks a scene may be
-/// recursive.
+/// Joints nested deeper than this are refused: no figure needs it, and code that walks a scene may
+/// be recursive.
 constexpr std::size_t VxBvhMaxDepth = 512;
 
 inline bool vxBvhIsRotation(VxBvhChannel channel)
@@ -31,7 +31,7 @@ inline int vxBvhAxis(VxBvhChannel channel)
     return static_cast<int>(channel) % 3;
 }
 
-/// A joint's or an end site's place in its parent, in the file's unit of length.
+/// The position of a joint or an end site in its parent, in the file's unit of length.
 struct VxBvhOffset
 {
     float x = 0.0f;
@@ -54,14 +54,14 @@ struct VxBvhJoint
     bool operator==(const VxBvhJoint &other) const;
 };
 
-/// The content of a BVH motion file, free of any scene.
+/// The content of a BVH motion file, independent of any scene.
 ///
-/// Joints stand in the order of the file, which is the hierarchy in pre-order: a parent always
-/// comes before its children and a joint's descendants follow it without a gap. The values are
-/// one array in channel-major order, because that is how key tracks take them: the value of
-/// channel c at frame f is values[c * frameCount + f], channels counted over all joints in order.
+/// Joints have the order of the file, which is the hierarchy in pre-order: a parent always precedes
+/// its children and a joint's descendants follow it without a gap. The values are one array in
+/// channel-major order, to match key tracks: the value of channel c at frame f is
+/// values[c * frameCount + f], channels counted over all joints in order.
 ///
-/// A document with no frames is legal; it describes a rest pose.
+/// A document without frames is legal; it describes a rest pose.
 class VxBvhDocument
 {
 public:
@@ -76,7 +76,7 @@ public:
     /// The values of channel \a channel, frameCount of them; null when there are no frames.
     const float *channelValues(int channel) const;
 
-    /// True when every statement above holds; otherwise false, with the first broken one in
+    /// True when all conditions above hold; otherwise false, with the first violated one in
     /// \a message (may be null). Cost: one pass over the document.
     bool isValid(QString *message = nullptr) const;
 

@@ -10,9 +10,9 @@
 
 namespace {
 
-// Beyond it memory would run short sooner than a motion makes sense: 400 MB.
+// Larger motions would exhaust the memory: 400 MB.
 constexpr qint64 MaxValues = 100 * 1000 * 1000;
-// Where sampling ends and writing begins, by the time that they take.
+// The share of sampling in the progress; the rest is for writing.
 constexpr int SamplePercent = 40;
 
 QString tr(const char *text)

@@ -41,7 +41,7 @@ VxNode::RotationOrder rotationOrder(const std::vector<VxBvhChannel> &channels)
         if (std::find(axes.begin(), axes.end(), axis) == axes.end())
             axes.push_back(axis);
     }
-    // By the first axis, then whether the second is the smaller one of the two that are left.
+    // By the first axis, then whether the second is the smaller one of the remaining two.
     static constexpr VxNode::RotationOrder orders[3][2] = {
         {VxNode::XYZ, VxNode::XZY}, {VxNode::YXZ, VxNode::YZX}, {VxNode::ZXY, VxNode::ZYX}};
     return orders[axes[0]][axes[1] < axes[2] ? 0 : 1];
@@ -86,7 +86,7 @@ void placeBone(VxBone *bone, const VxBvhJoint &joint)
     bone->setRotationOrder(rotationOrder(joint.channels));
 }
 
-// The middle of the children's places is only known when all of them are.
+// The middle of the children's positions is computed after all of them are placed.
 class BoneEnds
 {
 public:

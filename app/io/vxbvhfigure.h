@@ -11,7 +11,7 @@ class VxSkeleton;
 
 /// Builds the figure of a motion document, outside of any scene: a skeleton named `name`, below it
 /// a bone for every ROOT and, in the same hierarchy, a bone for every JOINT. Returns null when
-/// `progress` asks to stop; nothing is left then.
+/// `progress` cancels; nothing is left then.
 ///
 /// - Rotations: degrees as in the file, on the bone's rotation controls; the bone's rotation order
 ///   is the order of the file's channels, axes without a channel last.
@@ -20,7 +20,7 @@ class VxSkeleton;
 /// - The offset of the other axes is the bone's origin.
 /// - The bone ends at its end site; without one, in the middle of its children.
 ///
-/// A bone has all its controls, also those that the file does not drive. All keys are Linear.
+/// A bone has all its controls, including those without a channel. All keys are Linear.
 std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
                                              const VxBvhTiming &timing, const QString &name,
                                              const VxFileProgress &progress);

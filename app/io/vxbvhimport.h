@@ -10,13 +10,13 @@
 class VxScene;
 class VxSkeleton;
 
-/// Brings BVH motion files into a scene, each as a figure of its own.
+/// Imports BVH motion files into a scene, each as a separate figure.
 ///
-/// The figure is read and built completely before the scene hears of it; a broken file or a
-/// cancelled import therefore leaves the scene as it was. What then changes in the scene is one
-/// undo entry. A scene without nodes takes the motion's rate and length. One that has some keeps
-/// its rate, and its ranges only grow: the keys lie at their true times. A motion of fewer than two
-/// frames is a pose: it leaves step and ranges alone.
+/// The figure is read and built completely before the scene changes; a damaged file or a cancelled
+/// import therefore leaves the scene unchanged. The changes of the scene are one undo entry. A
+/// scene without nodes gets the motion's rate and length. One with nodes keeps its rate, and its
+/// ranges only grow: the keys keep their true times. A motion of fewer than two frames is a pose:
+/// it leaves step and ranges unchanged.
 class VxBvhImport
 {
 public:
@@ -26,24 +26,23 @@ public:
     VxBvhImport(const VxBvhImport &) = delete;
     VxBvhImport &operator=(const VxBvhImport &) = delete;
 
-    /// Watches and cancels; 0 to 100 over reading and building.
+    /// Reports progress of reading and building from 0 to 100 and can cancel.
     void setProgress(const VxFileProgress &progress);
 
-    /// Whether the figure takes the place of everything in the scene, history included, as one
-    /// load, instead of coming to what is there. False to begin with.
+    /// Whether the figure replaces everything in the scene, history included, as one load, instead
+    /// of being added. Initially false.
     void setReplacesScene(bool replaces);
 
-    /// Reads the file and adds its figure, named after the file, with a number where a node of
-    /// that name is there already. False with the reason in `error`, which must not be null.
+    /// Reads the file and adds its figure, named after the file, with a number if a node has that
+    /// name already. False with the reason in `error`, which must not be null.
     bool importFile(const QString &fileName, VxFileError *error);
-    /// The same for a document that was read already; it must be valid. The name serves for the
-    /// figure and for messages.
+    /// The same for a document in memory, which must be valid. The name is used for the figure and
+    /// for messages.
     bool importDocument(const VxBvhDocument &document, const QString &fileName, VxFileError *error);
 
-    /// The figure of the last successful import; owned by the scene. Null before.
+    /// The figure of the last successful import; owned by the scene. Null before the first.
     VxSkeleton *getSkeleton() const;
-    /// What the user should know of the last successful import: the motion's rate and the
-    /// scene's.
+    /// A summary of the last successful import for the user: the motion's rate and the scene's.
     QString getSummary() const;
 
 private:

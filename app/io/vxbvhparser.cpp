@@ -11,8 +11,8 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxBvhReader", text);
 }
 
-// Old files name their joints in an 8-bit code; what is not UTF-8 is taken as Latin 1, so that no
-// name is refused or loses a letter.
+// Old files have joint names in an 8-bit code; names that are not UTF-8 are read as Latin 1, so
+// that no name is refused or loses a letter.
 QString nameText(const VxBvhTokenizer::Word &word)
 {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
@@ -179,7 +179,7 @@ bool VxBvhParser::closeJoint()
     return true;
 }
 
-// Whatever follows a joint's own data: a child, an end site or the end of its block.
+// Parses the item after a joint's own data: a child, an end site or the end of its block.
 bool VxBvhParser::beginsChild(const Word &keyword)
 {
     const OpenJoint &open = m_open.back();

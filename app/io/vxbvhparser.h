@@ -8,22 +8,22 @@
 
 #include <vector>
 
-/// The grammar of one BVH file, over one buffer; VxBvhReader's inside.
+/// The grammar of one BVH file, over one buffer; the implementation of VxBvhReader.
 ///
 /// The hierarchy is read with an explicit stack of open joints, the motion block as one stream of
-/// numbers in which line ends have no meaning. Row ends are watched nevertheless: when the number
-/// of values is wrong, the first row that is not one frame is what the user wants to hear of.
+/// numbers in which line ends have no meaning. Row ends are recorded nevertheless: when the number
+/// of values is wrong, the first irregular row is the best position for the message.
 class VxBvhParser
 {
 public:
     VxBvhParser(const QByteArray &bytes, const VxFileProgress &progress);
 
-    /// Reads the whole file; false with an error otherwise. To be called once.
+    /// Reads the whole file; false with an error otherwise. Call it once.
     bool parse();
 
     VxBvhDocument &document() { return m_document; }
     const VxFileError &error() const { return m_error; }
-    /// Whole frames at the end that the file holds beyond those it announces.
+    /// Whole frames at the end beyond the declared number.
     qint64 surplusFrames() const { return m_surplusFrames; }
 
 private:

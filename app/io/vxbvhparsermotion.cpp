@@ -13,7 +13,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxBvhReader", text);
 }
 
-// Rows of this many frames are turned into columns at a time: enough to write whole cache lines.
+// Rows transposed to columns at a time: enough to write whole cache lines.
 constexpr int FramesPerBlock = 16;
 
 // Copies rows of \a channels values, one row a frame, into the channels' columns from \a frame on.
@@ -74,8 +74,7 @@ bool VxBvhParser::parseFrameTime()
     return true;
 }
 
-// A whole number from 0 on, as large as it may be written: whether it makes sense is for the
-// caller, who knows what it counts.
+// A whole number from 0 on, of any size: the caller checks its range.
 bool VxBvhParser::parseCount(const QString &what, qint64 *count, qint64 *line)
 {
     const Word word = m_tokens.next();
@@ -94,8 +93,8 @@ bool VxBvhParser::parseCount(const QString &what, qint64 *count, qint64 *line)
     return true;
 }
 
-// A value takes a digit and a blank at least. Nothing is allocated before this holds, so a claim
-// that is too large for the file costs nothing.
+// A value needs at least a digit and a blank. Nothing is allocated before this check, so a declared
+// number that is too large for the file costs nothing.
 bool VxBvhParser::checkRoom()
 {
     const qint64 frames = m_document.frameCount;
@@ -131,8 +130,8 @@ bool VxBvhParser::parseMotion()
     return m_tokens.isAtEnd() || leaveOutSurplusFrames() || failTooMany();
 }
 
-// Some programs write a frame more than they announce. Rows of just one frame each leave no doubt
-// about what the file means, so such rows at the end are passed over and counted.
+// Some programs write a frame more than they declare. Rows of exactly one frame each are
+// unambiguous, so such rows at the end are skipped and counted.
 bool VxBvhParser::leaveOutSurplusFrames()
 {
     const VxBvhTokenizer before = m_tokens;
@@ -166,8 +165,8 @@ bool VxBvhParser::parseFrame(int frame, float *row)
     return true;
 }
 
-// A row starts where a frame starts, and nowhere else. Files that break every frame over lines
-// fail this in their first frame and tell nothing.
+// In a regular file rows start exactly where frames start. Files that break every frame over lines
+// fail this in their first frame, which is then not reported.
 void VxBvhParser::noteRow(bool startsFrame, int frame, qint64 line)
 {
     const bool startsRow = line != m_valueLine;

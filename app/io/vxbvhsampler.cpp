@@ -27,7 +27,7 @@ VxBvhOffset offsetOf(const QVector3D &v)
     return {v.x(), v.y(), v.z()};
 }
 
-/// What a motion file takes for a name: one line that is not empty and opens no block.
+/// A valid joint name: one line that is not empty and opens no block.
 QString jointName(const QString &label)
 {
     QString name = label.simplified();
@@ -37,7 +37,7 @@ QString jointName(const QString &label)
     return name.isEmpty() ? QStringLiteral("joint") : name;
 }
 
-/// The turn of a matrix without what scales it.
+/// The rotation of a matrix without its scale.
 VxRotation turnOf(const QMatrix4x4 &matrix)
 {
     std::array<std::array<double, 3>, 3> axes{};
@@ -69,7 +69,7 @@ VxRotation turnOf(const QMatrix4x4 &matrix)
     return turn;
 }
 
-/// A joint in the world: where it is and how it is turned.
+/// A joint's position and rotation in the world.
 struct Frame
 {
     std::array<double, 3> place{};
@@ -103,7 +103,7 @@ public:
         const VxBone *bone = nullptr;
         int parent = -1;
         bool isDirect = false;   // copied control by control
-        bool isUnscaled = false; // nothing scales it, nor does it scale what is below
+        bool isUnscaled = false; // neither inherits nor passes on a scale
         bool moves = false;      // has position channels
         bool isLeaf = true;
     };
@@ -179,7 +179,7 @@ void VxBvhSampler::Private::addJoint(const VxBone *bone)
                                      : above == joints[std::size_t(joint.parent)].bone;
     joint.isDirect = isRightBelow && isBelowUnscaled;
     joint.isUnscaled = isBelowUnscaled && isUnscaled(bone);
-    // What lies between two bones may scale, too.
+    // Nodes between two bones may have a scale, too.
     for (; above != skeleton && !indexes.contains(above); above = above->getNodeParent())
         joint.isUnscaled = joint.isUnscaled && isUnscaled(above);
     joint.moves = isRoot || !joint.isDirect;
@@ -353,7 +353,7 @@ bool VxBvhSampler::sample(std::vector<float> *values, const VxFileProgress &prog
         channels += joint.moves ? 6 : 3;
     values->assign(channels * count, 0.0f);
     const int direct = int(d->joints.size()) - numWorkedOut();
-    // Copying is nothing beside working out.
+    // Copying is negligible beside computing.
     const int copyPercent = numWorkedOut() == 0 ? 100 : 10;
     int copied = 0;
     for (std::size_t i = 0; i < d->joints.size(); ++i) {

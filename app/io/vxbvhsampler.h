@@ -10,13 +10,13 @@
 
 class VxSkeleton;
 
-/// Takes the joints of a motion file, and the values of their channels at given times, from a
-/// figure.
+/// Samples the joints of a figure, and the values of their channels at given times, for a motion
+/// file.
 ///
-/// A motion file knows neither scales nor anything between its joints. A bone below another one,
-/// with nothing scaled above it, is therefore copied control by control, which gives the very same
-/// numbers back; for any other one the place and turn relative to its parent joint are worked out
-/// from the world, so that the figure stands in the file as it stands in the scene.
+/// A motion file has neither scales nor nodes between its joints. A bone below another one, without
+/// a scale above it, is therefore copied control by control, which is exact; for other bones the
+/// transform relative to the parent joint is computed from the world, so that the figure in the
+/// file looks like the figure in the scene.
 class VxBvhSampler
 {
 public:
@@ -32,7 +32,7 @@ public:
     /// One value a channel and time, channel after channel. False when cancelled.
     bool sample(std::vector<float> *values, const VxFileProgress &progress) const;
 
-    /// How many bones were not copied control by control.
+    /// The number of bones that were computed instead of copied.
     int numWorkedOut() const;
 
 private:

@@ -12,7 +12,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxBvhTiming", text);
 }
 
-// The value of the last decimal place with which the number must have been written.
+// The unit of the last decimal place with which the number must have been written.
 double lastPlace(double value)
 {
     char text[1100]; // the smallest double has 1,076 decimals
@@ -28,9 +28,9 @@ bool isNearly(double a, double b)
     return std::abs(a - b) <= 1e-9 * std::abs(b);
 }
 
-// The whole rate that is meant by a frame time, or 0 when there is none or it cannot be told. The
-// text may have been rounded or cut behind its last place. A short text allows several rates; then
-// the only one of whole ticks is meant.
+// The whole rate of a frame time, or 0 when there is none or it is ambiguous. The text may have
+// been rounded or truncated after its last place. A short text allows several rates; then the only
+// one with whole ticks is chosen.
 int wholeRate(double frameTime)
 {
     const double nearest = std::round(1.0 / frameTime);
@@ -90,7 +90,7 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     }
     if (isNearly(std::round(exactTicks), exactTicks))
         timing.m_ticks = static_cast<int>(std::round(exactTicks));
-    // A whole rate gets the step that the scene itself gives to it, which is cut, not rounded.
+    // A whole rate gets the step that the scene itself uses for it, which is truncated.
     const VxTime step =
         rate > 0 ? VxTicksPerSecond / rate : static_cast<VxTime>(std::lround(exactTicks));
     timing.m_step = std::clamp<VxTime>(step, 1, VxTicksPerSecond);

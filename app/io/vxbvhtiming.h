@@ -5,23 +5,23 @@
 #include <QVector>
 #include <vxcore/vxtime.h>
 
-/// How the frames of a motion file fall on the scene's ticks.
+/// The mapping of a motion file's frames to the scene's ticks.
 ///
-/// Motion files give the length of a frame as a decimal number, usually a rounded or cut one:
-/// ".0083333" means 120 frames per second. Where the text allows a whole rate, that rate is meant;
-/// where its frame is a whole number of ticks, every key lies exactly on a frame. Otherwise (29.97
-/// frames per second) keys go to the nearest tick of their true time, so that long takes do not
-/// drift, and the scene gets the nearest step.
+/// Motion files give the length of a frame as a decimal number, usually a rounded or truncated one:
+/// ".0083333" stands for 120 frames per second. If the text allows a whole rate, that rate is used;
+/// if its frame is a whole number of ticks, every key is exactly on a frame. Otherwise (29.97
+/// frames per second) keys are rounded to the nearest tick of their true time, so that long takes
+/// do not drift, and the scene gets the nearest step.
 class VxBvhTiming
 {
 public:
-    /// Finds the timing of \a frameCount frames of \a frameTime seconds each. Returns false with
-    /// a sentence in \a message when frames are shorter than a tick or the last one lies beyond
-    /// the latest time a scene can hold. \a frameTime must be above 0 and finite.
+    /// Computes the timing of \a frameCount frames of \a frameTime seconds each. Returns false with
+    /// a sentence in \a message when frames are shorter than a tick or the last one is beyond the
+    /// latest time of a scene. \a frameTime must be above 0 and finite.
     bool set(double frameTime, int frameCount, QString *message);
 
     int frameCount() const { return m_frameCount; }
-    /// Frames per second of the file: the whole rate that was meant, or 1 / frame time.
+    /// Frames per second of the file: the whole rate, or 1 / frame time.
     double sourceRate() const { return m_rate; }
     /// Ticks per frame for the scene, 1 to 4800 (the scene counts whole frames per second).
     VxTime step() const { return m_step; }
@@ -39,7 +39,7 @@ public:
     QVector<VxTime> keyTimes() const;
 
     /// One or two sentences for the user: the file's rate, the scene's rate, and whether the keys
-    /// lie on the scene's frames.
+    /// are on the scene's frames.
     QString sentence() const;
     /// The same where the scene keeps its own rate of \a sceneStep ticks a frame.
     QString sentenceBeside(VxTime sceneStep) const;

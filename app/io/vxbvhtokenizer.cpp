@@ -52,8 +52,8 @@ bool isTiny(const char *from, const char *to)
     return first == mark || place + exponent < 0;
 }
 
-// Called for what does not fit T. A double decides whether the number is too small, which is a
-// zero or a denormal for our purpose, or too large.
+// For numbers that do not fit T. A double decides whether the number is too small, which becomes
+// zero or denormal, or too large.
 template <typename T>
 VxBvhTokenizer::NumberResult narrowed(const char *from, const char *to, T *out)
 {

@@ -4,11 +4,11 @@
 #include <QByteArray>
 #include <QString>
 
-/// Cuts the bytes of a BVH file into words, numbers and rest-of-line names, and counts lines.
+/// Splits the bytes of a BVH file into words, numbers and rest-of-line names, and counts lines.
 ///
-/// It works on the buffer in place and hands out pointers into it; nothing is copied and nothing
-/// depends on the locale. A word ends at a blank, a brace or a colon; braces and the colon are
-/// words of their own. LF, CR LF and a lone CR each end a line. The buffer must outlive it.
+/// It works on the buffer in place and returns pointers into it, without copies and independent of
+/// the locale. A word ends at a blank, a brace or a colon; braces and the colon are words of their
+/// own. LF, CR LF and a lone CR each end a line. The buffer must outlive it.
 class VxBvhTokenizer
 {
 public:
@@ -20,7 +20,7 @@ public:
         qint64 line = 0;
 
         bool isEmpty() const { return size == 0; }
-        /// Compares without regard to case; \a lower must be lower-case ASCII.
+        /// Compares ignoring case; \a lower must be lower-case ASCII.
         bool is(const char *lower) const;
         /// The word for a message: shortened, with anything unprintable replaced.
         QString shown() const;
@@ -38,15 +38,15 @@ public:
 
     /// The next word, skipping blanks and line ends before it.
     Word next();
-    /// The next word without moving past it.
+    /// The next word without consuming it.
     Word peek();
 
-    /// What is left of the present line, blanks at both ends removed; never goes to the next
-    /// line. A brace at its end is left for next().
+    /// The rest of the present line, trimmed, without a brace at its end; never advances to the
+    /// next line.
     Word restOfLine();
 
-    /// Reads a number at the next word. On failure the position is at that word, so that next()
-    /// gives it for the message. Numbers too small for the type become 0 or denormal.
+    /// Reads a number at the next word. On failure the position stays before that word, so that
+    /// next() returns it for the message. Numbers too small for the type become 0 or denormal.
     NumberResult readFloat(float *value);
     NumberResult readDouble(double *value);
 
@@ -59,7 +59,7 @@ public:
     qint64 size() const { return m_end - m_begin; }
     bool isAtEnd();
 
-    /// The line of the first byte that no text has (control characters other than blanks), or -1
+    /// The line of the first byte that is no text (control characters other than blanks), or -1
     /// when there is none.
     qint64 firstBinaryLine() const;
 

@@ -85,7 +85,7 @@ void appendHierarchy(QByteArray *out, const std::vector<VxBvhJoint> &joints)
     closeDownTo(-1);
 }
 
-/// Where the text goes in pieces; false ends the writing.
+/// The consumer of the text in pieces; false ends the writing.
 using TextSink = std::function<bool(QByteArray *text, int percent)>;
 
 constexpr int PieceBytes = 1 << 16;

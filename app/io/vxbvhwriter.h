@@ -7,16 +7,16 @@
 
 #include <QByteArray>
 
-/// Writes BVH motion files. Numbers are written with the fewest digits that read back to the very
-/// same value, so reading what was written gives an equal document. Names go out as UTF-8.
+/// Writes BVH motion files. Numbers have the fewest digits that read back to the same value, so
+/// reading a written file gives an equal document. Names are written as UTF-8.
 class VxBvhWriter
 {
 public:
-    /// The text of \a document in \a bytes. A document that breaks its own rules (see
-    /// VxBvhDocument::isValid) is not written: false, with the reason in \a error.
+    /// Writes the text of \a document to \a bytes. An invalid document (see VxBvhDocument::isValid)
+    /// is not written: false, with the reason in \a error.
     static bool write(const VxBvhDocument &document, QByteArray *bytes, VxFileError *error);
 
-    /// Writes to a file, which is replaced only when everything went well. The progress may cancel.
+    /// Writes to a file atomically. The progress may cancel.
     static bool writeFile(const VxBvhDocument &document, const QString &fileName,
                           VxFileError *error, const VxFileProgress &progress = {});
 };

@@ -202,7 +202,7 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
     QByteArray result;
     auto chunk = m_reader.readByteArray();
     while (chunk.status == QCborStreamReader::Ok) {
-        // A single chunk is taken over as it is; further ones are appended in place.
+        // A single chunk is used as it is; further ones are appended in place.
         if (result.isEmpty())
             result = chunk.data;
         else

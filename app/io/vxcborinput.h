@@ -9,10 +9,9 @@
 #include <QStringList>
 #include <functional>
 
-/// Reads a CBOR stream member by member and remembers the first thing that is wrong with it,
-/// with its offset. After a failure every further read fails at once, so callers check where it
-/// suits them. Claimed sizes are held against the bytes that are there before anything is
-/// allocated.
+/// Reads a CBOR stream member by member and stores the first error with its offset. After a failure
+/// every further read fails at once, so callers check where it suits them. Declared sizes are
+/// checked against the available bytes before anything is allocated.
 class VxCborInput
 {
 public:
@@ -21,13 +20,13 @@ public:
 
     bool failed() const { return !m_error.message.isEmpty(); }
     const VxFileError &error() const { return m_error; }
-    /// Remembers a failure at the present place; the first one counts. Returns false.
+    /// Stores a failure at the present offset; the first one counts. Returns false.
     bool fail(const QString &message);
 
     /// Reads the map at the present offset and calls `member` for each of its members. The callback
     /// reads the value and returns true, or returns false without reading for an unknown name: the
-    /// value is skipped then, and the name goes into unknownMembers(). A name that occurs twice in
-    /// one map is a failure.
+    /// value is then skipped, and the name added to unknownMembers(). A duplicate name in one map
+    /// is a failure.
     void map(const std::function<bool(const QString &)> &member);
     /// Calls `element` for each element of the array at the present offset; it must read it.
     void array(const std::function<void()> &element);

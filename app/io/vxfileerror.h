@@ -3,24 +3,24 @@
 
 #include <QString>
 
-/// What went wrong with a file, and where.
+/// A failure with a file, and its position.
 ///
 /// Readers and writers fill one of these and return false; nothing is thrown and nothing is shown
-/// from inside the library. Whoever asked decides whether \a text() goes into a message box, the
-/// log or a test. A cancelled operation fills it too, with \a cancelled set, so that callers can
-/// stay silent about what the user asked for.
+/// from inside the library. The caller decides whether \a text() goes into a message box, the log
+/// or a test. A cancelled operation fills it too, with \a cancelled set, so that callers can omit
+/// the message.
 struct VxFileError
 {
-    QString file;           ///< the file as the user knows it; may be empty for data in memory
+    QString file;           ///< the file's name for the user; may be empty for data in memory
     qint64 line = -1;       ///< 1-based line of a text file, -1 where no line applies
     qint64 column = -1;     ///< 1-based column of a table's cell, -1 where no column applies
     qint64 offset = -1;     ///< byte offset in a binary file, -1 where no offset applies
     QString message;        ///< one sentence, translated
-    bool cancelled = false; ///< the progress callback asked to stop; nothing is wrong
+    bool cancelled = false; ///< cancelled by the progress callback; not an error
 
     bool isSet() const { return cancelled || !message.isEmpty(); }
 
-    /// The whole message: "walk.bvh, line 12: ...", with the parts that are known.
+    /// The whole message: "walk.bvh, line 12: ...", with the known parts.
     QString text() const;
 };
 

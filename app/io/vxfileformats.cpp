@@ -73,7 +73,7 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
                          QString *summary, VxFileError *error) const
 {
     const QFileInfo file(fileName);
-    // A pipe would keep the program waiting for ever.
+    // A pipe would block the program forever.
     if (file.exists() && !file.isFile())
         return fail(fileName, tr("Not a regular file."), error);
     if (const VxFileFormat *format = find(fileName)) {

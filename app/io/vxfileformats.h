@@ -10,16 +10,16 @@
 
 class VxScene;
 
-/// One kind of file that holds a scene or a part of one.
+/// One type of file that contains a scene or a part of one.
 struct VxFileFormat
 {
-    /// Makes the scene what the file says. On failure `error` (never null) says why and the scene
-    /// is as it was. `summary` (never null) takes a sentence for the user, or stays empty. The
-    /// progress is asked only while the scene is still untouched.
+    /// Replaces the scene by the file. On failure `error` (never null) has the reason and the scene
+    /// is unchanged. `summary` (never null) receives a sentence for the user, or stays empty. The
+    /// progress is called only while the scene is still unchanged.
     using Reader =
         std::function<bool(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
                            QString *summary, VxFileError *error)>;
-    /// Writes the whole scene, replacing the file in one step. On failure the file is as it was.
+    /// Writes the whole scene, replacing the file atomically. On failure the file is unchanged.
     using Writer = std::function<bool(const QString &fileName, const VxScene *scene,
                                       const VxFileProgress &progress, VxFileError *error)>;
 
@@ -27,28 +27,28 @@ struct VxFileFormat
     QStringList suffixes; ///< lower case, without a dot
     Reader read;
     Writer write;          ///< empty for a format that is only read
-    bool isMotion = false; ///< a figure's motion, which can come to a scene that is open
+    bool isMotion = false; ///< a figure's motion, which can be added to an open scene
 };
 
-/// The kinds of files that the program can open or save, found by the suffix of a file's name.
+/// The types of files that the program can open or save, by the suffix of a file's name.
 class VxFileFormats
 {
 public:
-    /// Everything this library reads. A new format is added here and nowhere else.
+    /// All formats of this library. New formats are added only here.
     static VxFileFormats standard();
 
-    /// A suffix that is taken already stays with the earlier format.
+    /// A suffix in use stays with the earlier format.
     void add(const VxFileFormat &format);
     /// The format of a file name's suffix, whatever its case; null when there is none.
     const VxFileFormat *find(const QString &fileName) const;
 
-    /// Reads with the format of the file's name; see VxFileFormat::Reader. A suffix that no format
-    /// has is an error that names those there are.
+    /// Reads with the format of the file's name; see VxFileFormat::Reader. An unknown suffix is an
+    /// error that lists the supported ones.
     bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
               QString *summary, VxFileError *error) const;
 
-    /// Writes with the format of the file's name; see VxFileFormat::Writer. A suffix that no
-    /// format that can be written has is an error that names those there are.
+    /// Writes with the format of the file's name; see VxFileFormat::Writer. A suffix without a
+    /// writable format is an error that lists the supported ones.
     bool write(const QString &fileName, const VxScene *scene, const VxFileProgress &progress,
                VxFileError *error) const;
     /// True when the file's name has the suffix of a format that can be written.

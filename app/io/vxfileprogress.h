@@ -3,9 +3,8 @@
 
 #include <functional>
 
-/// Called now and then by a long file operation with 0 to 100 percent, ascending; returning false
-/// cancels the operation, which then fails with VxFileError::cancelled. An empty function means
-/// nobody watches.
+/// Called periodically by a long file operation with 0 to 100 percent, ascending; returning false
+/// cancels the operation, which then fails with VxFileError::cancelled. May be empty.
 using VxFileProgress = std::function<bool(int percent)>;
 
 /// The progress of one step of a whole, from percent first to percent last.

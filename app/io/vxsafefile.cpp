@@ -65,11 +65,11 @@ qint64 VxSafeFile::writeData(const char *data, qint64 size)
 bool VxSafeFile::passOnBuffer()
 {
     const bool done = passOn(m_buffer.constData(), m_buffer.size());
-    m_buffer.resize(0); // keeps its memory
+    m_buffer.resize(0); // keeps its capacity
     return done;
 }
 
-/** What fits is taken without a word; only the next try tells why the rest did not. */
+/** A partial write is accepted silently; only the next attempt gives the reason. */
 bool VxSafeFile::passOn(const char *data, qint64 size)
 {
     qint64 done = 0;
@@ -82,11 +82,11 @@ bool VxSafeFile::passOn(const char *data, qint64 size)
     return m_failure.isEmpty();
 }
 
-/** A disk that is reached over a network may refuse only now what it has seemed to take. */
+/** A network file system may report only now that a write failed. */
 bool VxSafeFile::synchronize()
 {
 #ifdef Q_OS_UNIX
-    // Some kinds of files cannot be synchronized at all; that is no failure.
+    // Some kinds of files do not support it; that is no failure.
     if (::fsync(m_file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
         return fail(qt_error_string(errno));
 #endif

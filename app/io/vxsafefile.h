@@ -5,12 +5,12 @@
 #include <QIODevice>
 #include <QSaveFile>
 
-/// A file that takes the place of another one whole, or not at all.
+/// A file that replaces another one atomically.
 ///
-/// The toolkit's safe file is committed although its last piece did not fit on the disk any more:
-/// what its buffer cannot get rid of on closing counts for nothing, and the former file gives way
-/// to a torn one. So the buffer is here, what leaves it goes straight to the system, and the first
-/// failure is kept with its reason and forbids the commit.
+/// The toolkit's safe file is committed although its last part did not fit on the disk: an error
+/// while closing flushes its buffer is ignored, and the former file is replaced by a truncated one.
+/// So the buffer is here, it is flushed straight to the system, and the first failure is stored
+/// with its reason and prevents the commit.
 class VxSafeFile : public QIODevice
 {
 public:
@@ -23,18 +23,18 @@ public:
     /// The same for a file that only its owner can read and write, whatever the permissions of a
     /// former file of that name.
     bool startPrivate();
-    /// Everything is on the disk now, in place of the former file. False, and the former file is
-    /// as it was, when that or a write before failed.
+    /// Synchronises to the disk and replaces the former file. False, with the former file
+    /// unchanged, when that or an earlier write failed.
     bool commit();
 
-    /// The reason of the first failure; empty as long as there is none.
+    /// The reason of the first failure; empty without one.
     QString failure() const { return m_failure; }
 
     bool isSequential() const override { return true; }
 
 protected:
     qint64 readData(char *data, qint64 size) override;
-    /// After a failure nothing is taken any more: -1, with the reason as error string.
+    /// After a failure always -1, with the reason as error string.
     qint64 writeData(const char *data, qint64 size) override;
 
 private:

@@ -6,13 +6,13 @@
 /// The names and numbers of the scene format that its reader and writer share.
 ///
 /// A scene file is one CBOR map. Key times, values, types and shapes are typed byte arrays, so
-/// that millions of keys are read and written as a few blocks of memory. Nodes stand in the order
-/// of the hierarchy and name their parent by index; properties are numbered through the file in
-/// the order of their appearance, and aliases, overriding controls and links refer to those
-/// numbers. A reader passes over members that it does not know and reports them.
+/// that millions of keys are read and written as a few blocks of memory. Nodes are in the order of
+/// the hierarchy and name their parent by index; properties are numbered through the file in the
+/// order of their appearance, and aliases, overriding controls and links refer to those numbers. A
+/// reader skips unknown members and reports them.
 namespace VxSceneFile {
 
-/// Raised when a file of the new kind cannot be understood by older readers.
+/// To be increased when older readers cannot read a new kind of file.
 constexpr int Version = 1;
 constexpr char Format[] = "vxscene";
 

@@ -302,7 +302,7 @@ QVector<int> VxScenePropertyReader::referencesFromTheirEnds() const
 {
     const int count = m_properties.size();
     QVector<int> open(count, 0);           // references of a property that are not in the result
-    QVector<QVector<int>> incoming(count); // references by the property they lead to
+    QVector<QVector<int>> incoming(count); // references by their target property
     for (int i = 0; i < m_references.size(); ++i) {
         ++open[m_references.at(i).from];
         if (m_references.at(i).to < count)
@@ -327,8 +327,8 @@ QVector<int> VxScenePropertyReader::referencesFromTheirEnds() const
 
 void VxScenePropertyReader::resolve()
 {
-    // Each property gets its references when those of its targets are set: nothing depends on it
-    // then, so that the checks for circles and long chains cost nothing per reference.
+    // Each property gets its references after those of its targets: nothing depends on it at that
+    // time, so that the checks for cycles and long chains cost nothing per reference.
     const QVector<int> order = referencesFromTheirEnds();
     QVector<bool> done(m_references.size(), false);
     for (const int index : order) {

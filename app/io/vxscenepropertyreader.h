@@ -10,8 +10,8 @@ class VxCborInput;
 class VxElement;
 class VxProperty;
 
-/// Reads the properties of a scene file into elements, and resolves what they refer to once all
-/// of them are there.
+/// Reads the properties of a scene file into elements, and resolves their references once all of
+/// them exist.
 class VxScenePropertyReader
 {
 public:
@@ -20,8 +20,8 @@ public:
     {
     }
 
-    /// Reads the property map at the present offset. An element's own control of that name takes
-    /// the contents; otherwise a property is added to it.
+    /// Reads the property map at the present offset. An element's own control of that name gets the
+    /// contents; otherwise a property is added to it.
     void read(VxElement *element);
     /// Sets aliases, overriding controls and links, then locks the locked properties.
     void resolve();
@@ -50,7 +50,7 @@ private:
     void setReference(const Reference &reference);
     void failReference(const Reference &reference);
     /// Indexes of the references, those of a property's targets before its own. References in
-    /// circles, and those to properties that do not exist, are missing.
+    /// cycles, and those to missing properties, are omitted.
     QVector<int> referencesFromTheirEnds() const;
 
     VxCborInput *m_input;

@@ -41,7 +41,7 @@ private:
     {
         std::unique_ptr<VxNode> node;
         int parent = -1;
-        int depth = 1; ///< levels of nodes down to this one
+        int depth = 1; ///< number of levels down to this node
     };
 
     bool readHeader(const QString &name, VxSceneContents *contents);

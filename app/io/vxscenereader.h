@@ -13,7 +13,7 @@
 class VxNode;
 class VxScene;
 
-/// What a scene file holds, built completely but in no scene yet. Dropping it drops everything.
+/// The contents of a scene file, complete but in no scene yet. Dropping it deletes everything.
 struct VxSceneContents
 {
     VxSceneContents();
@@ -21,7 +21,7 @@ struct VxSceneContents
     VxSceneContents(VxSceneContents &&) noexcept;
     VxSceneContents &operator=(VxSceneContents &&) noexcept;
 
-    std::vector<std::unique_ptr<VxNode>> rootNodes; ///< each owns what is below it
+    std::vector<std::unique_ptr<VxNode>> rootNodes; ///< each owns its descendants
     VxTime time = 0;
     VxTime timeStep = 160;
     VxTimeRange playRange;
@@ -29,24 +29,23 @@ struct VxSceneContents
     VxSceneViews::Views views;
     bool looping = false;
     bool animating = true;
-    /// Members of the file that this version does not know, each name once.
+    /// Members of the file that this version does not support, each name once.
     QStringList unknownMembers;
 };
 
-/// Reads scene files. A file that is broken, too new or no scene at all gives one message with
+/// Reads scene files. A file that is damaged, too new or no scene at all gives one message with
 /// the offset at which reading stopped, and nothing is changed.
 class VxSceneReader
 {
 public:
-    /// Watches and cancels; 0 to 100.
+    /// Reports progress from 0 to 100 and can cancel.
     void setProgress(const VxFileProgress &progress);
 
     /// False with the reason in `error`, which must not be null.
     bool readFile(const QString &fileName, VxSceneContents *contents, VxFileError *error) const;
     bool read(const QByteArray &bytes, VxSceneContents *contents, VxFileError *error) const;
 
-    /// Replaces what a scene holds by contents that were read: clears it and hands over the
-    /// nodes, as one load.
+    /// Replaces the contents of a scene: clears it and transfers the nodes, as one load.
     static void install(VxSceneContents &&contents, VxScene *scene);
 
 private:

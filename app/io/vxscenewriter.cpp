@@ -22,8 +22,8 @@
 
 namespace {
 
-/// One pass over the scene that writes as it goes. Properties are numbered beforehand, since a
-/// reference may point to one that comes later.
+/// Writes the scene in one pass. Properties are numbered beforehand, since a reference may point to
+/// a later one.
 class SceneStream
 {
 public:
@@ -35,7 +35,7 @@ public:
 
     /// False when the progress callback asked to stop.
     bool write(const VxFileProgress &progress);
-    /// Where the scene holds a number that no reader accepts; empty when it holds none.
+    /// The location of a number that no reader accepts; empty when there is none.
     const QString &unreadable() const { return m_unreadable; }
 
 private:
@@ -307,7 +307,7 @@ void SceneStream::writeFloat(VxFloatProperty *property)
     number("sensitivity", property->getSensitivity());
     integer("interpolation", property->getDefaultInterpolation());
     number("default", property->getDefaultValue());
-    // An alias, or a property that is taken over, shows another one's value and keys.
+    // An alias or an overridden property shows the value and keys of another one.
     if (property->getKeyHolder() != property)
         return;
     number("value", property->getStoredValue());
@@ -351,7 +351,7 @@ void SceneStream::writeReferences(VxProperty *property)
     m_out.endMap();
 }
 
-/// Notices when a device takes fewer bytes than it was given: the stream writer does not report it.
+/// Detects a device that accepts fewer bytes than given: the stream writer does not report it.
 class WatchedDevice : public QIODevice
 {
 public:

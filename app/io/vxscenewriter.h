@@ -15,10 +15,10 @@ class VxSceneWriter
 public:
     explicit VxSceneWriter(const VxScene *scene);
 
-    /// Watches and cancels; 0 to 100.
+    /// Reports progress from 0 to 100 and can cancel.
     void setProgress(const VxFileProgress &progress);
 
-    /// Writes the file in one step: until everything is written the former file stays as it is.
+    /// Writes the file atomically: until everything is written the former file stays unchanged.
     /// False with the reason in `error`, which must not be null.
     bool writeFile(const QString &fileName, VxFileError *error) const;
     /// Writes to an open device. False when cancelled or when the device refused bytes.

@@ -18,7 +18,7 @@
 namespace {
 
 constexpr int PieceBytes = 1 << 16;
-/// Beyond it a file makes no sense any more: several GB of text.
+/// Larger files are impractical: several GB of text.
 constexpr qint64 MaxValues = 200 * 1000 * 1000;
 
 QString tr(const char *text)
@@ -67,7 +67,7 @@ struct Row
     QByteArray order;
 };
 
-/// One property of a node: what a control shows plus a constant, or the constant alone.
+/// One property of a node: a control's value plus a constant, or the constant alone.
 struct Column
 {
     std::size_t row;
@@ -97,7 +97,7 @@ private:
     void addColumns(const VxNode *node);
     void addMorphs(const VxNode *node);
     void addFurther(const VxNode *node);
-    /// Left out when it never differs from what a reader takes for it.
+    /// Omits the column when it always equals a reader's default.
     void add(const QString &property, const VxFloatProperty *control, float constant, float usual);
 
     std::vector<Row> m_rows;
@@ -190,7 +190,7 @@ void Table::addMorphs(const VxNode *node)
     }
 }
 
-/** Numbers that are no transform control. */
+/** Numbers other than transform controls. */
 void Table::addFurther(const VxNode *node)
 {
     VxCsvNames::Numbering names;
@@ -212,7 +212,7 @@ void Table::addFurther(const VxNode *node)
 class VxCsvExport::Private
 {
 public:
-    /// Takes the text in pieces and empties it; false ends the writing.
+    /// Consumes the text in pieces and clears it; false ends the writing.
     using Sink = std::function<bool(QByteArray *text)>;
 
     bool write(const Sink &sink, VxFileError *error);
@@ -236,7 +236,7 @@ public:
     QString summary;
 };
 
-/** Every frame, and the range's end also where it is none. */
+/** Every frame, and the range's end even if it is not on a frame. */
 std::vector<VxTime> VxCsvExport::Private::frames() const
 {
     std::vector<VxTime> times;

@@ -212,7 +212,7 @@ void VxCsvMotion::finish(const QString &form, VxImportedMotion *motion)
                          : curve.property.kind == Property::Further ? VxMotionTarget::Property
                                                                     : curve.property.target;
         if (curve.hasValue && channel.target == VxMotionTarget::Scale) {
-            // A node's rest has no scale of all axes: it is one key.
+            // A node's rest has no uniform scale: it is written as one key.
             curve.keys.times = {0.0};
             curve.keys.values = {curve.value};
         } else if (curve.hasValue) {

@@ -6,17 +6,17 @@
 
 #include <QPair>
 
-/// Gathers the nodes and the curves of a CSV file while its rows are read. Every function that
-/// returns a bool fills the error with line and column when that is false.
+/// Collects the nodes and the curves of a CSV file while its rows are read. Every function that
+/// returns a bool sets an error with line and column when that is false.
 class VxCsvMotion
 {
 public:
-    /// The rows are borrowed: their line is that of an error.
+    /// The rows are borrowed, for the line of an error.
     explicit VxCsvMotion(const VxCsvRows &rows);
 
     /// The node of a name, made when it is new; -1 with an error.
     int node(const QString &text, int column, VxFileError *error);
-    /// An empty text leaves the node as it is; one that contradicts an earlier one is an error.
+    /// An empty text leaves the node unchanged; one that contradicts an earlier one is an error.
     bool setParent(int node, const QString &text, int column, VxFileError *error);
     bool setKind(int node, const QString &text, int column, VxFileError *error);
     bool setOrder(int node, const QString &text, int column, VxFileError *error);
@@ -25,14 +25,13 @@ public:
     int property(int node, const QString &text, int column, VxFileError *error);
     /// The value of a property without keys.
     bool setValue(int property, double value, int column, VxFileError *error);
-    /// A key behind the last one of the property. Where a bone ends is a value: all its keys must
-    /// be equal.
+    /// Appends a key to the property. The end of a bone is a constant: all its keys must be equal.
     bool addKey(int property, double time, double value, const VxMotionShape &shape, int timeColumn,
                 VxFileError *error);
 
-    /// Turns properties whose keys all have the same value into values.
+    /// Converts properties whose keys all have the same value to constants.
     void dropConstantKeys();
-    /// Moves what was gathered into a motion with at most one clip.
+    /// Moves the collected data to a motion with at most one clip.
     void finish(const QString &form, VxImportedMotion *motion);
 
 private:

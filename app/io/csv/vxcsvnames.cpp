@@ -37,7 +37,7 @@ QString VxCsvNames::escaped(const QString &name, int number)
 {
     QString text = name;
     text.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
-    // A cell needs something in it.
+    // A cell must not be empty.
     return number > 1 || name.isEmpty() ? text + QLatin1Char('\\') + QString::number(number) : text;
 }
 

@@ -34,7 +34,7 @@ namespace VxCsvNames {
 /// The name of a node, morph or property, which is the number-th of that name (from 1). Never
 /// empty.
 QString escaped(const QString &name, int number);
-/// The name in an escaped one. False when it has a `\` that escapes nothing.
+/// Reverts escaped(). False when it has a `\` that escapes nothing.
 bool unescape(const QString &text, QString *name);
 
 /// Numbers equal names among others: 1 for the first.
@@ -47,7 +47,7 @@ private:
     QHash<QString, int> m_counts;
 };
 
-/// What a property's name means.
+/// A parsed property name.
 struct Property
 {
     enum Kind { Invalid, Channel, End, Morph, Further };

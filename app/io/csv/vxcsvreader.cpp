@@ -64,7 +64,7 @@ private:
     VxCsvRows m_rows;
     VxCsvMotion m_motion;
     qint64 m_numRows = 0;
-    // One row a key: where the columns are, -1 for one that is left out, and the row before.
+    // One row a key: the indexes of the columns, -1 for a missing one, and the previous row.
     std::array<int, NumColumns> m_columns{};
     std::string m_lastNode;
     std::string m_lastProperty;
@@ -76,7 +76,7 @@ private:
     double m_lastTime = 0.0;
 };
 
-/** Asks the progress now and then. */
+/** Reports progress periodically; false when cancelled. */
 bool Reader::goOn(VxFileError *error)
 {
     if (++m_numRows % 1024 != 0 || !m_progress)
@@ -195,7 +195,7 @@ bool Reader::readKeys(VxFileError *error)
     return !error->isSet();
 }
 
-/** A row of the header with what each column's node is. */
+/** A header row with an attribute of each column's node. */
 bool Reader::readHeaderRow(VxFileError *error)
 {
     const bool isNode = is(m_rows.cell(0), "node:");
@@ -243,7 +243,7 @@ bool Reader::readHeader(VxFileError *error)
     if (m_rows.count() != int(m_nodes.size()))
         return m_rows.fail(m_rows.count() - 1, tr("The header's rows have different lengths."),
                            error);
-    int numUsed = 0; // properties are numbered as they occur
+    int numUsed = 0; // properties are numbered in order of occurrence
     m_properties.assign(m_nodes.size(), -1);
     for (std::size_t i = 1; i < m_nodes.size(); ++i) {
         const int column = int(i);

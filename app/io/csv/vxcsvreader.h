@@ -7,9 +7,9 @@
 
 #include <QByteArray>
 
-/// Reads motion from a CSV file of either form; see VxCsvNames for what is in it. On failure
-/// returns false with one sentence, the line and the column in `error`; the motion is untouched
-/// then. Memory is in proportion to the file's size.
+/// Reads motion from a CSV file of either form; see VxCsvNames for its contents. On failure returns
+/// false with one sentence, the line and the column in `error`, and the motion is unchanged. Memory
+/// is proportional to the file's size.
 bool vxReadCsv(const QByteArray &bytes, const VxFileProgress &progress, VxImportedMotion *motion,
                VxFileError *error);
 

@@ -47,7 +47,7 @@ qint64 linesIn(std::string_view text)
     return lines;
 }
 
-/// A cell for a message: the beginning, without anything that cannot be shown.
+/// A cell for a message: its beginning, without unprintable characters.
 QString shown(std::string_view cell)
 {
     constexpr std::size_t Longest = 40;
@@ -79,7 +79,7 @@ bool VxCsvRows::fail(int column, const QString &message, VxFileError *error) con
     return false;
 }
 
-/** Steps over a line end; true also at the end of the text. */
+/** Skips a line end; true also at the end of the text. */
 bool VxCsvRows::endsRow()
 {
     if (m_at == m_end)
@@ -93,7 +93,7 @@ bool VxCsvRows::endsRow()
     return true;
 }
 
-/** The position is behind the opening quotation mark. */
+/** The position is after the opening quotation mark. */
 bool VxCsvRows::readQuoted(VxFileError *error)
 {
     const char *const start = m_at;

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-/// Cuts the text of a CSV file into rows of cells, as RFC 4180 has them: cells are separated by
-/// commas, a cell in quotation marks may hold commas, line ends and doubled quotation marks. Rows
-/// end with LF, CR LF or CR; empty rows are skipped. The text is UTF-8, with or without a mark.
+/// Splits the text of a CSV file into rows of cells by RFC 4180: cells are separated by commas, a
+/// cell in quotation marks may contain commas, line ends and doubled quotation marks. Rows end with
+/// LF, CR LF or CR; empty rows are skipped. The text is UTF-8, with or without a byte order mark.
 class VxCsvRows
 {
 public:
@@ -21,7 +21,7 @@ public:
     /// Reads the next row. False at the end of the text, or with an error.
     bool next(VxFileError *error);
 
-    /// The cells of the present row, valid until the next one; blanks around them are dropped.
+    /// The cells of the present row, valid until the next one; surrounding blanks are dropped.
     int count() const { return int(m_cells.size()); }
     std::string_view cell(int column) const { return m_cells[std::size_t(column)]; }
     /// The cell as text; a column that the row does not have is empty.

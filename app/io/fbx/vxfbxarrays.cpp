@@ -12,7 +12,7 @@
 namespace {
 
 constexpr qint64 arrayHeadSize = 12;
-constexpr qint64 maxInflation = 1032; // of a byte; the format allows no more
+constexpr qint64 maxInflation = 1032; // output bytes per input byte; a limit of the format
 constexpr qint64 maxArraySize = 1024 * 1024 * 1024;
 
 qint64 elementSize(char code)
@@ -190,7 +190,7 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
     stream.avail_in = static_cast<uInt>(value.size - arrayHeadSize);
     if (inflateInit(&stream) != Z_OK)
         return fail(value.offset, tr("There is no memory for an array."));
-    // An array of no values still has a stream, which needs a byte to end in.
+    // An array without values still has a stream, which needs space for its end.
     Bytef spare = 0;
     stream.next_out = size ? reinterpret_cast<Bytef *>(out->data()) : &spare;
     stream.avail_out = static_cast<uInt>(size);

@@ -5,9 +5,9 @@
 
 /// Decodes the arrays of a document: deflated, raw or text.
 ///
-/// The size that an array announces is checked against its bytes before memory is allocated: no
+/// The declared size of an array is checked against its bytes before memory is allocated: no
 /// deflated byte becomes more than 1,032. All arrays of a document together may become 24 MB plus
-/// 20 times the size of the file, which a file of real curves never reaches.
+/// 20 times the size of the file, which files of real curves never reach.
 class VxFbxArrays
 {
 public:
@@ -15,8 +15,8 @@ public:
     explicit VxFbxArrays(const VxFbxRecords &records);
 
     /// Decodes the first value of the record, an array, or all of its values where they are plain
-    /// numbers. A record that is None gives an empty array. Numbers are converted; those that do
-    /// not fit into 64 bits end at its limits. False with error() set when anything is wrong.
+    /// numbers. A record that is None gives an empty array. Numbers are converted and saturated to
+    /// 64 bits. False with error() set when anything is wrong.
     bool integers(VxFbxRecords::Index record, std::vector<qint64> *out);
     /// The same for single-precision numbers, which may be NaN or infinite. Whole numbers of text
     /// arrays are bit patterns when `areBits`.

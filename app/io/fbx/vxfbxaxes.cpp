@@ -15,7 +15,7 @@ int determinant(const Axes &axes)
     return (isEven ? 1 : -1) * axes[0].sign * axes[1].sign * axes[2].sign;
 }
 
-// Where an axis of the file is among ours, and the sign with which it counts there.
+// The axis of our system that is parallel to an axis of the file, and its sign.
 VxFbxSettings::Axis imageOf(const Axes &axes, int fileAxis)
 {
     int ours = 0;

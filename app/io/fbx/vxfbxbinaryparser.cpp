@@ -80,7 +80,7 @@ quint64 VxFbxBinaryParser::readCount()
     return m_wordSize == 8 ? qFromLittleEndian<quint64>(at) : qFromLittleEndian<quint32>(at);
 }
 
-// Reads one record at the present place, or closes those that end here.
+// Reads one record at the present position, or closes those that end here.
 bool VxFbxBinaryParser::parseNext()
 {
     const Open open = m_open.back();
@@ -175,7 +175,7 @@ bool VxFbxBinaryParser::parseValue(qint64 limit)
     return true;
 }
 
-// The bytes after the type letter; for strings the count itself is passed over.
+// The size of a value's bytes after the type letter; of a string, skips the count itself.
 bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
 {
     switch (code) {

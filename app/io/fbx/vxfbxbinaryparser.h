@@ -6,9 +6,9 @@
 
 /// Parses a binary FBX file into records.
 ///
-/// Every size is checked against the bytes of the record around it before it is used, nesting is
-/// followed with a stack of its own, and the first thing that is wrong ends the parsing. What
-/// follows the last record, the footer, is ignored: writers disagree about it.
+/// Every size is checked against the bytes of the enclosing record before use, nesting uses an
+/// explicit stack, and the first error ends the parsing. The footer after the last record is
+/// ignored: writers disagree about it.
 class VxFbxBinaryParser
 {
 public:
@@ -17,10 +17,10 @@ public:
 
     VxFbxBinaryParser(const QByteArray &bytes, const VxFileProgress &progress);
 
-    /// Parses the whole file; false with an error otherwise. To be called once.
+    /// Parses the whole file; false with an error otherwise. Call it once.
     bool parse();
 
-    /// The version in the header, such as 7400. Set by parse(), also when it fails later on.
+    /// The version in the header, such as 7400. Set by parse(), even when it fails later on.
     qint64 version() const { return m_version; }
     const VxFbxRecords &records() const { return m_records; }
     const VxFileError &error() const { return m_error; }

@@ -208,7 +208,7 @@ bool VxFbxBlend::read(const VxFbxTarget &target, const Vector &rest, VxNode::Rot
     return true;
 }
 
-// The parts as sums of curves; false where they are none.
+// The parts as sums of curves; false if they cannot be expressed so.
 bool VxFbxBlend::combine(const VxFbxTarget &target, std::array<VxCurveSum, 3> *sums) const
 {
     return std::all_of(m_parts.begin(), m_parts.end(),
@@ -277,7 +277,7 @@ VxFbxBlend::Vector VxFbxBlend::sample(const VxFbxTarget &target, const Vector &r
                             ? blendedScale(value[axis], above[axis], layer.blend, weight)
                             : blendedNumber(value[axis], above[axis], layer.blend, weight);
         if (isRotationBlend(target, layer)) {
-            // The sums of the angles say which of the equivalent angles continue the curve.
+            // The sums of the angles select the equivalent angles that continue the curve.
             const VxRotationOrder euler = eulerOrder(order);
             sum = vxEulerAngles(blended(vxQuaternion(value, euler), vxQuaternion(above, euler),
                                         layer.blend, weight),

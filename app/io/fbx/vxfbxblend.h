@@ -5,28 +5,28 @@
 #include "io/fbx/vxfbxcurves.h"
 #include "io/fbx/vxfbxstacks.h"
 
-/// A number that has keys or stays.
+/// A number, keyed or constant.
 struct VxFbxChannel
 {
-    double value = 0.0; ///< where there are no keys
+    double value = 0.0; ///< without keys
     VxMotionCurve curve;
 
     bool hasKeys() const { return !curve.isEmpty(); }
-    /// Whether it has this value at all times, but for the rounding of single precision.
+    /// Whether it has this value at all times, up to rounding to single precision.
     bool isAlways(double constant) const;
 };
 using VxFbxTrack = std::array<VxFbxChannel, 3>;
 
-/// The product; keys stay as they are where one factor is a constant, else it is sampled.
+/// The product; exact keys where one factor is a constant, else sampled.
 VxFbxChannel vxFbxProduct(const VxFbxChannel &a, const VxFbxChannel &b);
 
-/// Reads what one animation does to a target, its layers combined.
+/// Evaluates one animation of a target, its layers combined.
 ///
-/// The lowest layer counts as it is; each one above is added, or replaces, or is mixed in, with its
-/// weight. Where that is a sum of curves, or one curve replaces another, the keys are exact: those
-/// of the one curve, or of all together. Rotations that are combined as rotations, scales that are
-/// multiplied, animated weights and sums of curves with weighted handles are sampled into cubic
-/// segments, within 1/100 degree, and 1/10,000 of other values' range.
+/// The lowest layer is used unchanged; each one above is added, or replaces, or is mixed in, with
+/// its weight. Where that is a sum of curves, or one curve replaces another, the keys are exact:
+/// those of the one curve, or of all together. Rotations combined as rotations, multiplied scales,
+/// animated weights and sums of curves with weighted handles are sampled into cubic segments,
+/// within 1/100 degree, and 1/10,000 of other values' range.
 class VxFbxBlend
 {
 public:
@@ -35,7 +35,7 @@ public:
 
     /// Reads the curves of the layers' weights. False with error() set for a damaged curve.
     bool readWeights();
-    /// The track of a target, `rest` where no layer has it. Order: of a rotation.
+    /// The track of a target, `rest` without any layer. Order: of a rotation.
     /// False with error() set for a damaged curve.
     bool read(const VxFbxTarget &target, const std::array<double, 3> &rest,
               VxNode::RotationOrder order, VxFbxTrack *track);
@@ -43,10 +43,9 @@ public:
     const VxFileError &error() const { return m_curves.error(); }
     /// Keys of the file that were read.
     qint64 keyCount() const { return m_keyCount; }
-    /// Targets that had to be sampled, and curves that go on outside of their keys in another way
-    /// than by holding their value.
+    /// Targets that had to be sampled, and curves whose extrapolation is not constant.
     int sampledCount() const { return m_sampledCount; }
-    /// Sampled targets that may be further from the file than that.
+    /// Sampled targets that may exceed the tolerance.
     int coarseCount() const { return m_coarseCount; }
     int extrapolatedCount() const { return m_extrapolatedCount; }
 

@@ -8,7 +8,7 @@ namespace {
 constexpr double third = 1.0 / 3.0;
 constexpr double sceneTick = 1.0 / 4800.0;
 
-// One segment, its ends as they are inside of it.
+// One segment, with the one-sided limits at its ends.
 struct Piece
 {
     double start;
@@ -25,7 +25,7 @@ bool isWeighted(const VxMotionCurve &curve, std::size_t segment)
             std::abs(curve.shapes[segment + 1].inWeight - third) > 1e-9);
 }
 
-// The parameter of the Bezier curve 0, w0, 1 - w1, 1 at which it has the value u; it ascends.
+// The parameter of the Bezier curve 0, w0, 1 - w1, 1 at value u; the curve is monotonic.
 double parameterAt(double u, double w0, double w1)
 {
     double low = 0.0;
@@ -65,8 +65,8 @@ VxCurveSample sampleCubic(const VxMotionCurve &curve, std::size_t i, double time
     return {value, std::isfinite(slope) ? slope : 0.0};
 }
 
-// Joins pieces that follow each other. Where one ends at another value than the next one begins
-// with, the end is kept one tick before.
+// Joins consecutive pieces. Where the end value of one differs from the start value of the next,
+// the end is moved one tick earlier.
 class CurveWriter
 {
 public:
@@ -135,7 +135,7 @@ double hermite(const Piece &piece, double time)
 
 using Function = std::function<double(double, VxCurveSide)>;
 
-// The slopes at the ends from values inside of the piece: a parabola through three of them.
+// The slopes at the ends from values inside the piece: a parabola through three of them.
 Piece pieceOf(const Function &f, double start, double end)
 {
     const double step = (end - start) * 1e-3;
@@ -208,7 +208,7 @@ std::vector<double> vxKeyTimes(const std::vector<const VxMotionCurve *> &curves)
     return times;
 }
 
-// A damaged file must not make millions of keys out of a few.
+// A damaged file must not turn few keys into millions.
 std::size_t vxMaxSampledKeys(std::size_t breakCount)
 {
     return 5 * breakCount + 200;

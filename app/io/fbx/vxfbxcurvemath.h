@@ -5,8 +5,8 @@
 
 #include <functional>
 
-/// Value and slope of a curve at a time, both from one side: where a step or a corner is, the two
-/// sides differ.
+/// Value and slope of a curve at a time, as a one-sided limit: at a step or a corner the two sides
+/// differ.
 struct VxCurveSample
 {
     double value = 0.0;
@@ -14,7 +14,7 @@ struct VxCurveSample
 };
 enum class VxCurveSide { Left, Right };
 
-/// The end values hold outside of the keys. The curve has keys, none of a Tcb segment.
+/// The end values hold outside of the keys. The curve has keys, but no Tcb segment.
 VxCurveSample vxSampleCurve(const VxMotionCurve &curve, double time, VxCurveSide side);
 
 /// Replaces every value by factor * value + offset.
@@ -31,20 +31,20 @@ struct VxCurveSum
     double offset = 0.0;
     std::vector<Term> terms;
 
-    /// The sum as one curve; empty when there are no terms. With one term the keys stay as they
-    /// are. With several there is a key wherever one of them has one, and the segments are exact
-    /// unless handles are weighted: these become cubic segments within `tolerance` of the true
-    /// value, with more keys where needed.
+    /// The sum as one curve; empty without terms. With one term the keys stay unchanged. With
+    /// several there is a key wherever one of them has one, and the segments are exact unless
+    /// handles are weighted: these become cubic segments within `tolerance` of the true value, with
+    /// more keys where needed.
     VxMotionCurve toCurve(double tolerance) const;
 };
 
-/// The keys that sampling a function with so many breaks may take.
+/// The limit of keys for sampling a function with so many breaks.
 std::size_t vxMaxSampledKeys(std::size_t breakCount);
 
 /// A function of time, sampled into keys: cubic segments between the times in `breaks` (ascending),
 /// halved until they differ from the function by at most `tolerance`. Between breaks the function
-/// is smooth; at breaks its sides may differ. A function that would need more than
-/// vxMaxSampledKeys() becomes coarser than the tolerance.
+/// is smooth; at breaks its sides may differ. The tolerance is exceeded where it would need more
+/// than vxMaxSampledKeys().
 VxMotionCurve vxSampledCurve(const std::vector<double> &breaks,
                              const std::function<double(double, VxCurveSide)> &function,
                              double tolerance);

@@ -6,10 +6,9 @@
 
 namespace {
 
-// From this version on text files write the floats of key shapes as the integers of their bits.
+// From this version on text files write the floats of key shapes as integer bit patterns.
 constexpr qint64 firstVersionWithBits = 7200;
-// Keys further away than this do not fit into the scene's time, which counts 4800 ticks a second
-// in 32 bits.
+// Later keys exceed the scene's time, which counts 4800 ticks a second in 32 bits.
 constexpr double maxSeconds = 440000.0;
 constexpr double sceneTick = 1.0 / 4800.0;
 
@@ -86,7 +85,7 @@ bool VxFbxCurves::checkTimes(VxFbxRecords::Index record, const std::vector<qint6
                             .arg(maxSeconds, 0, 'f', 0));
 }
 
-// Shapes are stored once for a run of keys that share one.
+// Shapes are stored once for a run of keys.
 bool VxFbxCurves::spreadShapes(VxFbxRecords::Index record, const std::vector<qint64> &flags,
                                const std::vector<float> &data, const std::vector<qint64> &counts)
 {
@@ -130,7 +129,7 @@ void VxFbxCurves::tidyKeys()
         ++m_sortedCurves;
         std::stable_sort(m_keys.begin(), m_keys.end(), isEarlier);
     }
-    // Backwards, so that the last key of a time is the one that is kept.
+    // Backwards, so that the last key of a time is kept.
     const auto isSameTime = [this](const Key &a, const Key &b) { return seconds(a) == seconds(b); };
     const auto kept = std::unique(m_keys.rbegin(), m_keys.rend(), isSameTime).base();
     m_mergedKeys += static_cast<int>(kept - m_keys.begin());

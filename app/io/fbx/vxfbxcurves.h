@@ -8,7 +8,7 @@
 /// A curve of an FBX document.
 struct VxFbxCurve
 {
-    /// How the curve runs outside of its keys.
+    /// The curve outside of its keys.
     enum Extrapolation : quint8 { Constant, Slope, Repeat, Mirror, RepeatWithOffset };
 
     VxMotionCurve keys;
@@ -19,7 +19,7 @@ struct VxFbxCurve
 /// Reads curves ("AnimationCurve" objects): keys, and slopes of every kind of tangent.
 ///
 /// - Slopes that the file leaves to its reader (automatic, clamped, tension-continuity-bias) are
-///   computed; a tension-continuity-bias key becomes a cubic one with the slopes it has there.
+///   computed; a tension-continuity-bias key becomes a cubic one with those slopes.
 /// - Keys out of order are sorted, of keys at one time the last one is kept, keys whose value is
 ///   not a number are dropped; see notes().
 /// - A segment that has the next key's value from its start becomes a step one tick of 1/4800 s
@@ -31,7 +31,7 @@ public:
     VxFbxCurves(const VxFbxRecords &records, qint64 version, double ticksPerSecond);
 
     /// Reads the curve of an object's record. False with error() set when the arrays are damaged
-    /// or do not fit each other.
+    /// or inconsistent.
     bool read(VxFbxRecords::Index record, VxFbxCurve *out);
 
     const VxFileError &error() const { return m_error; }

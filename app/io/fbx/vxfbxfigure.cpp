@@ -14,7 +14,7 @@ VxRotationOrder eulerOrder(VxNode::RotationOrder order)
     return static_cast<VxRotationOrder>(order);
 }
 
-// Pre and post rotation are about X first, then Y, then Z.
+// Pre- and post-rotation are in the order X, Y, Z.
 VxRotation fixedRotation(const Vector &angles)
 {
     return vxRotation(angles, VxRotationOrder::ZYX);
@@ -75,7 +75,7 @@ void adjust(VxFbxChannel *channel, double factor, double offset)
     vxScaleCurve(&channel->curve, factor, offset);
 }
 
-// The keys stay, with one value for all.
+// Keeps the keys, all with one value.
 void hold(VxFbxChannel *channel, double value)
 {
     adjust(channel, 0.0, value);
@@ -99,7 +99,7 @@ VxFbxFigure::VxFbxFigure(const std::vector<VxFbxModel> &models, std::vector<VxFb
         studyTracks(i);
         findApart(i);
     }
-    // Written back now, as a child that is apart comes later than its parent.
+    // Written back now, because a separated child follows its parent.
     for (std::size_t i = 0; i < models.size(); ++i) {
         if (m_plans[i].isApart)
             m_plans[std::size_t(models[i].parent)].keepsScaleApart = true;
@@ -143,8 +143,8 @@ bool VxFbxFigure::isUniform(std::size_t model) const
     });
 }
 
-// A node's scale can be inherited as a plain product unless the file says otherwise and it matters:
-// uniform scales commute with rotations.
+// Scale can be inherited as a plain product unless the file requires otherwise and it makes a
+// difference: uniform scales commute with rotations.
 void VxFbxFigure::findApart(std::size_t model)
 {
     const VxFbxModel &it = m_models[model];
@@ -163,7 +163,7 @@ void VxFbxFigure::findApart(std::size_t model)
     m_restScales[model] = product(it.scale, m_restFactors[model]);
 }
 
-// Multiplies what nodes that are apart inherit into their own translation and scale.
+// Multiplies the inherited scale of separated nodes into their own translation and scale.
 void VxFbxFigure::scaleTracks(VxFbxClipTracks *tracks) const
 {
     std::vector<VxFbxTrack> factors(m_models.size());
@@ -252,7 +252,7 @@ bool VxFbxFigure::addModel(std::size_t model, VxImportedMotion *motion)
     }
     VxRotation behind = vxRotation({}, VxRotationOrder::XYZ);
     if (!plan.movesRotation) {
-        // Nothing turns about the pivot: it is an offset.
+        // Without a rotation the pivot is just an offset.
         plan.origin = rotated(pre * vxRotation(it.rotation, eulerOrder(it.order)) * post, offset);
         offset = {};
     } else {

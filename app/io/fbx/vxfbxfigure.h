@@ -4,7 +4,7 @@
 #include "io/fbx/vxfbxblend.h"
 #include "io/fbx/vxfbxrotation.h"
 
-/// What one animation does to a node: its own values, before pivots and the like.
+/// One animation of a node: its own values, without pivots and the like.
 struct VxFbxModelTracks
 {
     VxFbxTrack translation;
@@ -14,21 +14,21 @@ struct VxFbxModelTracks
 /// One animation: tracks of every model, in their order.
 using VxFbxClipTracks = std::vector<VxFbxModelTracks>;
 
-/// Turns the nodes of an FBX file into nodes that have a translation, an orientation, a rotation
-/// and a scale, and their tracks into channels, without a change of any key's time.
+/// Converts the nodes of an FBX file to nodes with a translation, an orientation, a rotation and a
+/// scale, and their tracks to channels, without changing any key's time.
 ///
 /// Most nodes become one node. A node gets helper nodes below it where its curves could not be kept
-/// otherwise: for pivots about which it moves, for a rotation behind its own, and for a scale that
-/// its children do not inherit as a plain product.
+/// otherwise: for animated pivots, for a rotation after its own, and for a scale that its children
+/// do not inherit as a plain product.
 class VxFbxFigure
 {
 public:
     /// Both are borrowed; every clip has tracks for every model.
     VxFbxFigure(const std::vector<VxFbxModel> &models, std::vector<VxFbxClipTracks> *clips);
 
-    /// Appends the nodes to a motion that has none. False when there are too many.
+    /// Appends the nodes to an empty motion. False when there are too many.
     bool addNodes(VxImportedMotion *motion);
-    /// Appends the channels of a clip. To be called once a clip, which loses its tracks.
+    /// Appends the channels of a clip. Call it once a clip; it clears the clip's tracks.
     void addChannels(std::size_t clip, VxMotionClip *out);
 
     /// The node of a model's translation and rotation, in the motion.
@@ -55,7 +55,7 @@ private:
         VxEuler fixed{}; // angles where the rotation does not move
         int node = -1;
         int scaleNode = -1;
-        int inner = -1; // children that are apart are below this one
+        int inner = -1; // separated children are below this one
         int last = -1;  // the others below this one
     };
 
@@ -75,8 +75,8 @@ private:
     const std::vector<VxFbxModel> &m_models;
     std::vector<VxFbxClipTracks> &m_clips;
     std::vector<Plan> m_plans;
-    std::vector<Vector> m_restScales;  // with what is inherited where apart
-    std::vector<Vector> m_restFactors; // what is inherited
+    std::vector<Vector> m_restScales;  // including the inherited scale of separated nodes
+    std::vector<Vector> m_restFactors; // the inherited scale
     int m_pivotCount = 0;
     int m_scaleCount = 0;
 };

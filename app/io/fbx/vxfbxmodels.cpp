@@ -10,7 +10,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxFbxModels", text);
 }
 
-// The file names the axis that is applied first at first, VxRotationOrder the leftmost factor.
+// The file names the axis applied first in first position, VxRotationOrder the leftmost factor.
 VxNode::RotationOrder orderOf(qint64 fileOrder)
 {
     constexpr VxNode::RotationOrder orders[] = {VxNode::ZYX, VxNode::YZX, VxNode::XZY,
@@ -58,7 +58,7 @@ private:
     QString m_firstGeometric;
     int m_geometric = 0;
     int m_spheric = 0;
-    int m_skeleton = -1; // of bones that have no node above
+    int m_skeleton = -1; // of bones without a parent node
 };
 
 bool ModelReader::read(std::vector<VxFbxModel> *models, VxFileError *error)
@@ -131,7 +131,7 @@ bool ModelReader::visit(int root, VxFileError *error)
     return true;
 }
 
-// Bones at the top of the file share a root that the file does not have.
+// Topmost bones of the file get a common root, which the file lacks.
 void ModelReader::addSkeleton()
 {
     VxFbxModel skeleton;

@@ -4,12 +4,12 @@
 #include "io/fbx/vxfbxobjects.h"
 #include "io/motion/vximportedmotion.h"
 
-/// A node of an FBX scene as the file has it. Angles in degrees, lengths in the file's unit.
+/// A node of an FBX scene as stored in the file. Angles in degrees, lengths in the file's unit.
 ///
 ///     local = T Roff Rp Rpre R Rpost^-1 Rp^-1 Soff Sp S Sp^-1
 ///
 /// applied to a column vector. `preRotation` and `postRotation` are always about X first, then Y,
-/// then Z; they and the rotation order are neutral already where the file switches them off.
+/// then Z; they and the rotation order are neutral if the file disables them.
 struct VxFbxModel
 {
     using Vector = std::array<double, 3>;
@@ -40,8 +40,8 @@ struct VxFbxModel
 };
 
 /// Reads all nodes, a parent before its children, siblings in the order of the file. False with an
-/// error for parents in a circle and for more nodes, or deeper ones, than VxMotionLimits allows.
-/// What is understood differently than written becomes a note in `facts`.
+/// error for cyclic parents and for more nodes, or deeper ones, than VxMotionLimits allows. Every
+/// deviation from the file becomes a note in `facts`.
 bool vxFbxReadModels(const VxFbxRecords &records, const VxFbxObjects &objects,
                      std::vector<VxFbxModel> *models, VxMotionFacts *facts, VxFileError *error);
 

@@ -7,15 +7,14 @@
 #include <array>
 #include <map>
 
-/// The objects of a document and what connects them.
+/// The objects of a document and their connections.
 ///
 /// Object 0 is the scene's root, which has no record. Connections keep the order of the file, which
-/// is the order of children and layers. Objects that a connection names and the file has not are
-/// left out with their connection.
+/// is the order of children and layers. Connections with a missing object are left out.
 class VxFbxObjects
 {
 public:
-    /// A connection as one of its two ends has it: the object at the other end.
+    /// A connection from one of its two ends: the object at the other end.
     struct Link
     {
         int object;
@@ -46,24 +45,24 @@ public:
     /// The name without its class.
     QString name(int object) const;
 
-    /// The objects connected below this one (its children, or what drives its properties), and
+    /// The objects connected below this one (its children, or the drivers of its properties), and
     /// those above it.
     Links sources(int object) const { return links(m_sources, object); }
     Links targets(int object) const { return links(m_targets, object); }
 
-    /// A value of a property: the object's own, else of the template of its kind; null when
+    /// A value of a property: the object's own, else from the template of its kind; null when
     /// neither has it.
     const VxFbxValue *property(int object, std::string_view name, int component = 0) const;
-    /// Properties as numbers, `fallback` where there is none or it is not finite.
+    /// Properties as numbers, `fallback` for one that is missing or not finite.
     double number(int object, std::string_view name, double fallback) const;
     qint64 integer(int object, std::string_view name, qint64 fallback) const;
     std::array<double, 3> vector(int object, std::string_view name,
                                  const std::array<double, 3> &fallback) const;
 
-    /// Whether the object itself has a property of that name which a user added, with one number.
+    /// Whether the object itself has a user-defined property of that name, with one number.
     bool isUserNumber(int object, std::string_view name) const;
 
-    /// Sentences on what is wrong with the objects without making them useless.
+    /// Sentences about recoverable errors in the objects.
     const QStringList &notes() const { return m_notes; }
 
 private:
@@ -101,7 +100,7 @@ private:
     QStringList m_notes;
 };
 
-/// A number of a "Properties70" record that belongs to no object, such as the global settings.
+/// A number of a "Properties70" record without an object, such as the global settings.
 double vxFbxNumber(const VxFbxRecords &records, VxFbxRecords::Index properties,
                    std::string_view name, double fallback);
 /// The value of a property in a "Properties70" record, or null.

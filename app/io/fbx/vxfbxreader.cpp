@@ -54,7 +54,7 @@ bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRec
     const bool isParsed = parser.parse();
     const VxFbxRecords &parsed = parser.records();
     const auto record = parsed.find({"FBXHeaderExtension", "FBXVersion"});
-    // The version is in the first record; one that is not there may be in a damaged part.
+    // The version is in the first record; a missing one may be in a damaged part.
     if (parsed.integer(parsed.value(record, 0), version)) {
         if (!checkVersion(parsed, *version, parsed.offset(record), error))
             return false;

@@ -35,7 +35,7 @@ bool vxFbxTextNumber(std::string_view token, double *out)
         return false;
     if (rest.empty()) {
         if (result.ec == std::errc::result_out_of_range) {
-            // Too small is zero; too large has a positive exponent or many digits.
+            // Underflow becomes zero; overflow has a positive exponent or many digits.
             const bool tiny = token.find("e-") != std::string_view::npos ||
                               token.find("E-") != std::string_view::npos;
             *out = tiny ? 0.0 : std::numeric_limits<double>::infinity();

@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
-/// One value of a record: where its bytes are, not what they say. Values are decoded when somebody
-/// asks for them, so that meshes and pictures cost nothing.
+/// One value of a record: the position of its bytes. Values are decoded on demand, so that meshes
+/// and pictures cost nothing.
 struct VxFbxValue
 {
-    /// What the bytes are. Binary files use their own type letters (C B Z Y I L F D S R, and
-    /// f d i l b c for arrays); of text files these are left.
+    /// The type of the bytes. Binary files use their own type letters (C B Z Y I L F D S R, and
+    /// f d i l b c for arrays); the others are for text files.
     enum Text : char {
         String = 'S', ///< between the quotation marks, or a binary string
         Number = 'N',
@@ -30,14 +30,14 @@ struct VxFbxValue
 /// The records of an FBX document, binary or text, as a tree over the file's bytes.
 ///
 /// Record 0 is the document itself; its children are the sections. Children keep the file's
-/// order. A name or a value is a piece of the bytes, which the tree keeps alive.
+/// order. A name or a value is a span of the bytes, which the tree keeps alive.
 class VxFbxRecords
 {
 public:
     using Index = quint32;
     static constexpr Index None = 0xFFFFFFFFu;
 
-    static constexpr int MaxDepth = 64;                  ///< records inside each other
+    static constexpr int MaxDepth = 64;                  ///< of nested records
     static constexpr Index MaxRecords = 4 * 1000 * 1000; ///< of a file
     static constexpr Index MaxValues = 8 * 1000 * 1000;  ///< of a file, an array counts once
 
@@ -54,14 +54,14 @@ public:
     /// Adds a value to the record added last. False when there are too many values.
     bool addValue(const VxFbxValue &value);
 
-    // Reading. The names given must be exact; FBX has regard to case.
+    // Reading. The names must be exact; FBX is case-sensitive.
 
     Index firstChild(Index record) const { return m_records[record].firstChild; }
     /// The next child of the same parent, or None.
     Index nextSibling(Index record) const { return m_records[record].nextSibling; }
     /// The first child of that name, or None. `record` may be None.
     Index child(Index record, std::string_view name) const;
-    /// The record below the document at the end of a path such as {"Documents", "Document"}.
+    /// The record at the end of a path such as {"Documents", "Document"}.
     Index find(std::initializer_list<std::string_view> path) const;
     std::string_view name(Index record) const;
     /// The offset of the record's name in the file.
@@ -74,12 +74,12 @@ public:
     std::string_view characters(const VxFbxValue *value) const;
     /// A string for the user: UTF-8, the entities of text files replaced.
     QString text(const VxFbxValue *value) const;
-    /// A number of any type, a bool as 0 or 1; false when it is none. May be NaN or infinite.
+    /// A number of any type, a bool as 0 or 1; false for other values. May be NaN or infinite.
     bool number(const VxFbxValue *value, double *out) const;
-    /// A whole number; false also for a fraction or one that does not fit.
+    /// A whole number; false also for a fraction or one beyond 64 bits.
     bool integer(const VxFbxValue *value, qint64 *out) const;
 
-    /// An error at a place of the file: byte offset of a binary file, line of a text file.
+    /// An error at a position of the file: byte offset of a binary file, line of a text file.
     VxFileError errorAt(qint32 offset, const QString &message) const;
 
 private:

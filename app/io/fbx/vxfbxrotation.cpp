@@ -8,7 +8,7 @@ namespace {
 constexpr double degrees = 180.0 / 3.14159265358979323846;
 constexpr double tolerance = 2e-7; // of a matrix element: about 1e-5 degrees
 
-// All rotations that map axes onto axes: the element [row][column] is the sign with which axis
+// All rotations that permute axes: the element [row][column] is the sign with which axis
 // `column` becomes axis `row`.
 std::array<VxRotation, 24> axisRotations()
 {
@@ -45,7 +45,7 @@ bool angleAbout(const VxRotation &rotation, std::size_t axis, double *angle)
     return true;
 }
 
-// Where an axis is after a rotation that maps axes onto axes, and with which sign.
+// The image of an axis under a rotation that permutes axes, and its sign.
 std::size_t imageOf(const VxRotation &rotation, std::size_t axis, double *sign)
 {
     std::size_t image = 0;

@@ -6,9 +6,9 @@
 /// A rotation before * R(angles) * after, whose angles change, as R'(angles') alone: each of the
 /// new angles is one of the old ones, with a sign and an offset.
 ///
-/// Such a form exists where the constant rotations only exchange axes (by multiples of 90 degrees)
-/// or continue the outermost ones, which is what most writers of files need them for: another up
-/// axis, or bones along another axis.
+/// Such a form exists where the constant rotations only permute axes (by multiples of 90 degrees)
+/// or continue the outermost ones, which is their usual purpose in files: another up axis, or bones
+/// along another axis.
 struct VxFbxRotationForm
 {
     struct Angle

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Tracks of one node in one animation take several hundred bytes, also where nothing moves.
+// Tracks of one node in one animation need several hundred bytes, even if constant.
 constexpr std::size_t maxTracks = 300 * 1000;
 constexpr double percent = 0.01;
 
@@ -67,7 +67,7 @@ bool VxFbxScene::read(const VxFileProgress &progress, VxImportedMotion *motion, 
 
 int VxFbxScene::modelOfMorph(int channel) const
 {
-    // Channel, blend shape, mesh, node: each below the next one.
+    // Channel, blend shape, mesh, node: each is connected to the next one.
     int object = channel;
     for (const char *kind : {"Deformer", "Geometry", "Model"}) {
         int above = 0;
@@ -112,7 +112,7 @@ void VxFbxScene::findMorphs()
     }
 }
 
-// Added properties that an animation drives; the others have no keys and are left out.
+// User-defined properties driven by an animation; the others have no keys and are left out.
 void VxFbxScene::findProperties()
 {
     std::vector<int> counts(m_models.size(), 0);

@@ -5,7 +5,7 @@
 #include "io/fbx/vxfbxsettings.h"
 #include "io/vxfileprogress.h"
 
-/// Reads the scene of a parsed document: nodes, morphs, added properties and animations.
+/// Reads the scene of a parsed document: nodes, morphs, user-defined properties and animations.
 class VxFbxScene
 {
 public:
@@ -19,13 +19,13 @@ public:
     const VxFbxSettings &settings() const { return m_settings; }
 
 private:
-    // A morph or an added property, and the target that drives it.
+    // A morph or a user-defined property, and the target that drives it.
     struct Value
     {
         VxFbxTarget target;
         std::size_t model;
         int index;   // among the node's morphs or properties
-        double rest; // as in the file: a morph's in percent
+        double rest; // as in the file: percent for a morph
         QString name;
     };
     // A value's curve in one clip.

@@ -5,7 +5,7 @@
 
 #include <array>
 
-/// What an FBX document says about all of its objects.
+/// The global settings of an FBX document.
 struct VxFbxSettings
 {
     /// An axis of the scene, as the file's own axis and the sign with which it counts.
@@ -21,15 +21,15 @@ struct VxFbxSettings
     QString writer;
     double ticksPerSecond = 46186158000.0; ///< of key times
     double rate = 30.0;                    ///< frames per second
-    /// The file's axes that point to the right, up, and to the front.
+    /// The file's axes for right, up, and front.
     std::array<Axis, 3> axes{{{0, 1}, {1, 1}, {2, 1}}};
     double metresPerUnit = 0.01;
     qint64 spanStart = 0; ///< ticks; the scene's time span, equal to the end when there is none
     qint64 spanEnd = 0;
 };
 
-/// Reads the settings of a document. What is missing or senseless gets the format's default, the
-/// latter with a sentence in `notes`.
+/// Reads the settings of a document. Missing or invalid ones get the format's default, the latter
+/// with a sentence in `notes`.
 VxFbxSettings vxFbxReadSettings(const VxFbxRecords &records, QStringList *notes);
 
 #endif

@@ -38,7 +38,7 @@ std::size_t componentOf(std::string_view property)
     return property == "d|Z" ? 2 : 0;
 }
 
-// What is the same for all that a curve node drives.
+// The common data of everything that a curve node drives.
 struct CurveNodeParts
 {
     VxFbxCurveNode node; // values are NaN where there is none
@@ -95,7 +95,7 @@ private:
     std::vector<char> m_isUsed; // by object
 };
 
-// True once for an object of that kind that is connected to an object.
+// True at the first use of an object of that kind, connected to an object.
 bool StackReader::use(const VxFbxObjects::Link &link, std::string_view kind)
 {
     char &isUsed = m_isUsed[static_cast<std::size_t>(link.object)];

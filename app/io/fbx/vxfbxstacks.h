@@ -5,14 +5,14 @@
 
 #include <map>
 
-/// What a curve node of an FBX file drives.
+/// The target of a curve node of an FBX file.
 struct VxFbxTarget
 {
     enum Property : quint8 { Translation, Rotation, Scale, Morph, Other };
 
     int object = 0; ///< of a node or, for Morph, of a blend shape channel
     Property property = Other;
-    std::string_view name; ///< of another property, as the file has it
+    std::string_view name; ///< of another property, as in the file
 
     bool operator<(const VxFbxTarget &o) const
     {
@@ -23,7 +23,7 @@ struct VxFbxTarget
 /// A curve node: up to three components, each with a curve or a value.
 struct VxFbxCurveNode
 {
-    std::array<int, 3> curves{{0, 0, 0}}; ///< objects; 0 where there is only the value
+    std::array<int, 3> curves{{0, 0, 0}}; ///< objects; 0 for a constant
     std::array<double, 3> values{};
 };
 
@@ -35,7 +35,7 @@ struct VxFbxLayer
     QString name;
     Blend blend = Additive;
     double weight = 1.0;       ///< 0 to 1
-    int weightCurve = 0;       ///< object of a curve in percent; 0: the weight stays
+    int weightCurve = 0;       ///< object of a curve in percent; 0: constant weight
     bool isPerChannel = false; ///< angles are blended one by one, not as a rotation
     bool addsScale = false;    ///< scales are added, not multiplied
     std::map<VxFbxTarget, VxFbxCurveNode> targets;
@@ -45,7 +45,7 @@ struct VxFbxLayer
 struct VxFbxStack
 {
     QString name;
-    qint64 start = 0; ///< ticks of the file; equal to the end when not said
+    qint64 start = 0; ///< ticks of the file; equal to the end when missing
     qint64 end = 0;
     std::vector<VxFbxLayer> layers; ///< the lowest first, without muted ones
 };

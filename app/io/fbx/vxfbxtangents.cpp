@@ -30,7 +30,7 @@ double chord(const VxFbxTangentKey &from, const VxFbxTangentKey &to)
     return finiteOrZero((to.value - from.value) / (to.time - from.time));
 }
 
-// Kochanek and Bartels over the slopes of the chords; at an end the one chord counts in full.
+// Kochanek and Bartels with the slopes of the chords; at an end the only chord counts in full.
 VxFbxSlopes tcbSlopes(const VxFbxTangentKey &key, double a, double b, bool isEnd)
 {
     const double tension = finiteOrZero(double(key.data[0]));
@@ -45,14 +45,14 @@ VxFbxSlopes tcbSlopes(const VxFbxTangentKey &key, double a, double b, bool isEnd
             half * (before * same * a + after * other * b)};
 }
 
-// Mixes a slope with the chord to which a bias in percent pulls it.
+// Mixes a slope with the chord selected by a bias in percent.
 double biased(double slope, double percent, double a, double b)
 {
     const double share = std::clamp(std::abs(percent) / 100.0, 0.0, 1.0);
     return slope + ((percent > 0.0 ? b : a) - slope) * share;
 }
 
-// No steeper than the handles can be without leaving the neighbours' values.
+// Limits a slope so that the handles stay within the neighbours' values.
 double limited(double slope, double a, double b, double leftWeight, double rightWeight)
 {
     const double sign = slope < 0.0 ? -1.0 : 1.0;
@@ -133,8 +133,8 @@ VxFbxSlopes vxFbxSlopes(const VxFbxTangentKey *before, const VxFbxTangentKey &ke
         slopes = autoSlopes(before, key, after, a, b);
     } else {
         slopes.right = double(key.data[0]);
-        // The slope to the left is stored with the key before. One of tension, continuity and bias
-        // has no room for it.
+        // The slope to the left is stored with the previous key, unless that has tension,
+        // continuity and bias instead.
         const bool isStored = before && before->isCubic() && !before->isTcb();
         const bool isBroken = key.flags & Broken;
         slopes.left = isStored ? double(before->data[1]) : (isBroken ? a : slopes.right);

@@ -4,7 +4,7 @@
 #include <QtGlobal>
 #include <array>
 
-/// The flags of a key in an FBX file, as far as they matter here.
+/// The flags of a key in an FBX file, as far as used.
 namespace VxFbxKeyFlag {
 constexpr quint32 Constant = 0x2;
 constexpr quint32 Linear = 0x4;
@@ -20,7 +20,7 @@ constexpr quint32 RightWeighted = 0x01000000;
 constexpr quint32 NextLeftWeighted = 0x02000000;
 } // namespace VxFbxKeyFlag
 
-/// A key as tangents depend on it. Times in seconds.
+/// The inputs of a key's tangents. Times in seconds.
 struct VxFbxTangentKey
 {
     double time;
@@ -34,7 +34,7 @@ struct VxFbxTangentKey
     bool isTcb() const;
     bool isAuto() const;
     /// The weight of the handle to the right, and of that to the left of the next key; a third
-    /// where the key is not weighted, else from 0.0001 to 0.99.
+    /// for an unweighted key, else from 0.0001 to 0.99.
     double rightWeight() const;
     double nextLeftWeight() const;
 };

@@ -6,14 +6,14 @@
 
 /// Parses a text (ASCII) FBX file into records.
 ///
-/// Line ends have no meaning but to end a comment. The numbers of an array are not looked at: the
-/// array becomes one value, which VxFbxArrays decodes when somebody asks for it.
+/// Line ends only end a comment. The numbers of an array are not parsed: the array becomes one
+/// value, which VxFbxArrays decodes on demand.
 class VxFbxTextParser
 {
 public:
     VxFbxTextParser(const QByteArray &bytes, const VxFileProgress &progress);
 
-    /// Parses the whole file; false with an error otherwise. To be called once.
+    /// Parses the whole file; false with an error otherwise. Call it once.
     bool parse();
 
     const VxFbxRecords &records() const { return m_records; }
@@ -34,7 +34,7 @@ private:
     VxFileError m_error;
     const VxFileProgress &m_progress;
     std::vector<VxFbxRecords::Index> m_open{0};
-    VxFbxRecords::Index m_last = VxFbxRecords::None; // takes values and the next brace
+    VxFbxRecords::Index m_last = VxFbxRecords::None; // gets the values and the next brace
     const char *m_begin;
     const char *m_at;
     const char *m_end;

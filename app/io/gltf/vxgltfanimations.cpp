@@ -18,7 +18,7 @@ bool fail(QString *message, const QString &text)
     return false;
 }
 
-/// What one sampler holds: `width` numbers a key, three times as many for cubic segments.
+/// The data of one sampler: `width` numbers a key, three times as many for cubic segments.
 struct Sampler
 {
     VxMotionSegment segment = VxMotionSegment::Linear;
@@ -27,7 +27,7 @@ struct Sampler
     std::size_t width = 0; ///< numbers of a key's value
 
     bool isCubic() const { return segment == VxMotionSegment::Cubic; }
-    /// part: 0 tangent of the segment before, 1 value, 2 tangent of the segment behind.
+    /// part: 0 tangent of the segment before, 1 value, 2 tangent of the segment after.
     const double *at(std::size_t key, std::size_t part) const
     {
         return numbers.data() + (isCubic() ? key * 3 + part : key) * width;
@@ -69,7 +69,7 @@ private:
     std::set<std::pair<int, QString>> m_driven;
 };
 
-/** Always true: the file is read on without the channel. */
+/** Always true: reading continues without the channel. */
 bool AnimationReader::omit(const QString &why, int node)
 {
     const QString name = node >= 0 ? m_motion->nodes[std::size_t(node)].name : m_clip->name;
@@ -89,7 +89,7 @@ bool AnimationReader::readTimes(qint64 accessor, Sampler *sampler, QString *mess
     return true;
 }
 
-/** Finite and ascending. A key at the time of the one before it is dropped: times are single
+/** Finite and ascending. A key at the time of the previous one is dropped: times are single
  * precision, in which those of a long take may coincide. */
 bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
 {

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Beyond this a file is no motion, and memory would run short.
+/// Larger files are not motion, and would exhaust the memory.
 constexpr qint64 MaxBufferBytes = 512 * 1024 * 1024;
 
 QString tr(const char *text)

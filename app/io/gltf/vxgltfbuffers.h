@@ -15,7 +15,7 @@ struct VxGltfView
 };
 
 /// The binary data of a glTF file: the chunk of a .glb, `data:` URIs and files beside it, each
-/// loaded when a view of it is first needed.
+/// loaded on demand.
 class VxGltfBuffers
 {
 public:
@@ -26,8 +26,8 @@ public:
     /// The arrays of the file's description.
     void setDescriptions(const QJsonArray &buffers, const QJsonArray &views);
 
-    /// False with one sentence in `message` when there is no such view, its data cannot be had or
-    /// is compressed.
+    /// False with one sentence in `message` when the view does not exist, or its data is missing
+    /// or compressed.
     bool view(qint64 index, VxGltfView *view, QString *message);
 
 private:

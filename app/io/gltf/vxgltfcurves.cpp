@@ -9,7 +9,7 @@ namespace {
 constexpr double FrameTolerance = 5e-4;   // degrees, at frames
 constexpr double BetweenTolerance = 0.05; // degrees, between frames
 
-/// The keys that a property shows, and the shape of its curve beside each.
+/// The keys of a property, each with the shape of its curve.
 class Curve
 {
 public:
@@ -32,8 +32,8 @@ public:
         return value * m_value.factor + m_value.constant;
     }
 
-    /// Type of the segment that begins at or lies around a time: a Constant one before the first
-    /// and from the last key on.
+    /// Type of the segment that begins at a time or contains it: Constant before the first key and
+    /// from the last key on.
     int typeAt(VxTime time) const
     {
         const int i = keyAt(time);
@@ -44,8 +44,8 @@ public:
 
     bool isFlatAt(VxTime time) const { return keyAt(time) < 0 || keyAt(time) + 1 >= m_keys.count; }
 
-    /// Slope per second just before (-1) or just behind (1) a time. The curve is a cubic between
-    /// keys: three more of its values give it exactly.
+    /// Slope per second just before (-1) or after (1) a time. The curve is a cubic between keys:
+    /// three more of its values determine it exactly.
     double slope(VxTime time, int side) const
     {
         const int i = side > 0 ? keyAt(time) : keyAt(time == VxTimeMin ? time : time - 1);
@@ -79,7 +79,7 @@ private:
         return m_keys.tcb && typeOf(i) == VxKeyInterp::Tcb ? m_keys.tcb[i] : VxTcb();
     }
 
-    /// Kochanek and Bartels, for unequal key distances: the tangent over the segment behind key i
+    /// Kochanek and Bartels, for unequal key distances: the tangent for the segment after key i
     /// (out) or before it.
     double tangent(int i, bool out) const
     {
@@ -269,8 +269,7 @@ private:
         return frame + m_step > from && frame + m_step < to ? VxTime(frame + m_step) : from;
     }
 
-    /** At quarters of frames, or of the span where that is shorter; up to a limit that is enough.
-     */
+    /** Measured at quarters of frames, or of a shorter span; stops at a deviation of `enough`. */
     double deviation(VxTime from, VxTime to, const VxQuaternion &a, const VxQuaternion &b,
                      double enough) const
     {

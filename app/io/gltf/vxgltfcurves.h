@@ -27,10 +27,10 @@ struct VxGltfValue
     double constant = 0.0;
 };
 
-/// Joins several properties into the keys of one sampler over a range, ends included. They are the
-/// curves themselves at every tick: steps alone make a step sampler, straight segments a linear
-/// one, everything else a cubic one. Where only some of the values jump, a key is added one tick
-/// before. Linked properties are sampled once a frame of `step` ticks.
+/// Combines several properties into the keys of one sampler over a range, ends included, exactly at
+/// every tick: constant segments alone make a step sampler, linear ones a linear sampler,
+/// everything else a cubic one. Where only some of the values jump, a key is added one tick before.
+/// Linked properties are sampled once a frame of `step` ticks.
 VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRange &range,
                         VxTime step);
 
@@ -45,7 +45,7 @@ VxGltfKeys vxGltfSampledProducts(const VxFloatProperty *common,
                                  const std::vector<VxGltfValue> &values, const VxTimeRange &range,
                                  VxTime step);
 
-/// Whether a property's value changes with time: it has keys, or follows another one.
+/// Whether a property's value changes with time: it has keys, or depends on another property.
 bool vxIsAnimated(const VxFloatProperty *property);
 
 #endif

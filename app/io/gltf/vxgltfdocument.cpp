@@ -17,7 +17,7 @@ constexpr quint32 BinaryChunk = 0x004e4942;
 constexpr int GlbHeader = 12;
 constexpr int ChunkHeader = 8;
 
-/// Numbers that are given out at most; a key has up to 12 of them.
+/// Limit of numbers read; a key has up to 12 of them.
 constexpr qint64 MaxNumbers = VxMotionLimits::MaxKeys * 4;
 
 QString tr(const char *text)
@@ -36,7 +36,7 @@ quint32 word(const QByteArray &bytes, qint64 offset)
     return qFromLittleEndian<quint32>(bytes.constData() + offset);
 }
 
-/// Bytes of a component; 0 for a type that does not exist.
+/// Bytes of a component; 0 for an unknown type.
 int componentSize(qint64 type)
 {
     switch (type) {
@@ -69,7 +69,7 @@ int componentsOf(const QString &type)
     return 0;
 }
 
-/// One component; integers as the value that they stand for when normalised.
+/// One component; integers as their normalised value if requested.
 double decode(const char *bytes, qint64 type, bool normalized)
 {
     switch (type) {
@@ -98,7 +98,7 @@ double decode(const char *bytes, qint64 type, bool normalized)
     }
 }
 
-/// Elements that lie in a buffer view.
+/// Elements in a buffer view.
 struct Block
 {
     qint64 view = 0;
@@ -133,7 +133,7 @@ public:
     qint64 numbersLeft = MaxNumbers;
 };
 
-/** A header, then chunks: text first, binary data second; further ones are passed over. */
+/** A header, then chunks: text first, binary data second; further ones are skipped. */
 bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *message, qint64 *offset)
 {
     *offset = 4;

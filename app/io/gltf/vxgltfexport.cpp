@@ -136,7 +136,7 @@ void Writer::addNodes(const VxNode *root)
         m_objects.append(nodeObject(node));
 }
 
-/** Where the node is at the range's start: for programs that show no motion. */
+/** The node's transform at the range's start: for programs that show no motion. */
 void Writer::addRest(const VxNode *node, QJsonObject *object) const
 {
     const VxTime time = m_range.getStart();
@@ -179,7 +179,7 @@ QJsonObject Writer::nodeObject(const VxNode *node)
     return object;
 }
 
-/** Weights need a mesh: the smallest triangle there is, with targets that change nothing. */
+/** Weights need a mesh: a minimal triangle, with targets that change nothing. */
 int Writer::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &morphs)
 {
     constexpr float Side = 1e-3f;
@@ -251,7 +251,7 @@ void Writer::addRotation(const VxNode *node)
                "VEC4");
 }
 
-/** The product of two numbers that both move is no curve of the file: it is sampled. */
+/** The product of two animated numbers is no curve of the format: it is sampled. */
 void Writer::addScale(const VxNode *node)
 {
     const VxFloatProperty *common = node->getScaleControl();
@@ -386,7 +386,7 @@ void VxGltfExport::setProgress(const VxFileProgress &progress)
 
 bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
 {
-    // Beyond it times and sizes do not fit any more.
+    // Larger exports exceed the format's sizes.
     constexpr qint64 MaxKeys = 40 * 1000 * 1000;
     const qint64 frames =
         (qint64(d->range.getEnd()) - d->range.getStart()) / d->scene->getTimeStep() + 1;

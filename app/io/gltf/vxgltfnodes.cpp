@@ -17,7 +17,7 @@ bool fail(QString *message, const QString &text)
     return false;
 }
 
-/// Reads as many numbers as there are; false when the member is something else.
+/// Reads exactly `count` numbers; false when the member is something else.
 bool readNumbers(const QJsonObject &object, const char *name, double *numbers, int count)
 {
     const QJsonValue value = object.value(QLatin1String(name));
@@ -34,8 +34,8 @@ bool readNumbers(const QJsonObject &object, const char *name, double *numbers, i
     return true;
 }
 
-/// Columns of a matrix as 4 x 4 numbers, column by column, split into translation, rotation and
-/// scale. What is skewed keeps its first axis.
+/// Splits a matrix of 4 x 4 numbers in column-major order into translation, rotation and scale. A
+/// skewed matrix keeps its first axis.
 void split(const double *m, VxMotionNode *node)
 {
     double axis[3][3];
@@ -43,7 +43,7 @@ void split(const double *m, VxMotionNode *node)
         for (int row = 0; row < 3; ++row)
             axis[column][row] = m[column * 4 + row];
     }
-    // Gram and Schmidt: each axis loses its parts along the earlier ones.
+    // Gram-Schmidt: removes from each axis its components along the earlier ones.
     for (int column = 0; column < 3; ++column) {
         for (int earlier = 0; earlier < column; ++earlier) {
             double along = 0.0;
@@ -71,7 +71,7 @@ void split(const double *m, VxMotionNode *node)
             rotation[row][column] = axis[column][row];
         node->translation[column] = m[12 + column];
     }
-    // A matrix without a volume has no rotation.
+    // A singular matrix has no rotation.
     if (determinant != 0.0)
         node->rotation = vxEulerAngles(rotation, VxRotationOrder(node->order));
 }
@@ -95,7 +95,7 @@ bool readTransform(const QJsonObject &object, VxMotionNode *node)
     return true;
 }
 
-/// Our own writer keeps what the format has no place for: rotation order and end of a bone.
+/// Extras of our own writer, which the format lacks: rotation order and end of a bone.
 void readExtras(const QJsonObject &object, VxMotionNode *node)
 {
     static const char *const names[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
@@ -111,7 +111,7 @@ void readExtras(const QJsonObject &object, VxMotionNode *node)
         node->endPoint = {{0.0, 0.0, 0.0}};
 }
 
-/// The nodes of a file while they are brought into order.
+/// The nodes of a file while they are sorted.
 class NodeReader
 {
 public:
@@ -167,7 +167,7 @@ bool NodeReader::readParents(QString *message)
     return true;
 }
 
-/** From the roots down, each node followed by what is below it. What is not reached is a circle. */
+/** From the roots down, each node followed by its descendants. Unreached nodes form a cycle. */
 bool NodeReader::sort(QString *message)
 {
     m_places->assign(std::size_t(m_objects.size()), -1);
@@ -214,8 +214,8 @@ bool NodeReader::readJoints(QString *message)
     return true;
 }
 
-/** Bones are placed by their nodes. The matrices only say where the mesh, which is left out, was
- * bound; broken ones are worth a note. */
+/** Bones are placed by their nodes. The matrices are only the bind pose of the mesh, which is left
+ * out; invalid ones are noted. */
 void NodeReader::readBindMatrices(const QJsonObject &skin, int number)
 {
     if (!skin.contains(QLatin1String("inverseBindMatrices")))

@@ -34,7 +34,7 @@ void appendChunk(QByteArray *bytes, quint32 type, QByteArray chunk, char padding
     bytes->append(chunk);
 }
 
-/// The smallest or the largest of each component.
+/// The minimum or the maximum of each component.
 template <class Choose>
 QJsonArray bound(const std::vector<float> &numbers, int components, Choose choose)
 {

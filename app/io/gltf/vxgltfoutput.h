@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <vector>
 
-/// The binary data of a glTF file while it is written, with its views and accessors.
+/// The binary data of a glTF file being written, with its views and accessors.
 class VxGltfOutput
 {
 public:

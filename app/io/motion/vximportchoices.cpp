@@ -59,7 +59,7 @@ Keyed keyedProperties(const VxSceneContents &contents)
     return keyed;
 }
 
-/** Counts the keys of one property as they will be. */
+/** Counts the resulting keys of one property. */
 void count(const VxFloatProperty *property, const VxImportChoices &choices, VxTime step,
            VxImportNumbers *numbers)
 {

@@ -14,7 +14,7 @@ QString tr(const char *text)
     return QCoreApplication::translate("VxImportedMotion", text);
 }
 
-/// A scene holds numbers in single precision: what is beyond would become infinite there.
+/// Finite in single precision, in which a scene stores numbers.
 bool isFinite(double number)
 {
     return std::abs(number) <= double(std::numeric_limits<float>::max());

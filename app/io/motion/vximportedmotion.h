@@ -9,14 +9,14 @@
 #include <vxcore/vxkey.h>
 #include <vxcore/vxnode.h>
 
-/// What the readers of motion files fill and VxMotionBuilder turns into nodes with keys: plain
-/// values, free of any scene and of any particular format.
+/// The output of motion file readers, which VxMotionBuilder converts to nodes with keys: plain
+/// values, independent of any scene and of any particular format.
 ///
-/// A reader passes curves on as the file has them. It does not round times to ticks, sample what
-/// has keys, turn quaternions into angles, change the unit of length or the up axis: the builder
-/// does all of these, for every format in the same way. All numbers are finite.
+/// A reader passes curves on as in the file. It does not round times to ticks, sample keyed values,
+/// convert quaternions to angles, or change the unit of length or the up axis: the builder does all
+/// of these, for every format in the same way. All numbers are finite.
 
-/// How a segment runs from its left key to the next one.
+/// The interpolation of a segment from its left key to the next one.
 enum class VxMotionSegment : quint8 {
     Linear,
     Step,  ///< holds the left key's value
@@ -31,7 +31,7 @@ struct VxMotionShape
     VxMotionSegment segment = VxMotionSegment::Linear;
     double inSlope = 0.0;  ///< of a cubic segment, in the value's unit per second
     double outSlope = 0.0; ///< the same
-    /// How far along the segment the tangent's handle is, from above 0 to 1, as a share of the
+    /// Distance of the tangent's handle from the key, from above 0 to 1, as a fraction of the
     /// segment's length in time. A third is the plain Hermite segment.
     double inWeight = 1.0 / 3.0;
     double outWeight = 1.0 / 3.0;
@@ -64,7 +64,7 @@ struct VxMotionRotationTrack
     bool isEmpty() const { return times.empty(); }
 };
 
-/// What a channel drives. Positions are in the file's unit of length, angles in degrees, scales
+/// The target of a channel. Positions are in the file's unit of length, angles in degrees, scales
 /// and morph weights are factors (1 is 100 %).
 enum class VxMotionTarget : quint8 {
     XTranslate,
@@ -107,7 +107,7 @@ struct VxMotionClip
 struct VxMotionValue
 {
     QString name;
-    double value = 0.0; ///< where no channel drives it
+    double value = 0.0; ///< without a channel
     QString path;       ///< group path, such as "/Custom"; empty for the kind's usual one
 };
 
@@ -119,20 +119,20 @@ struct VxMotionNode
         Bone
     };
 
-    QString name;    ///< need not be unique; the builder names one that is empty
-    int parent = -1; ///< index of a node that comes earlier; -1 for a root
+    QString name;    ///< need not be unique; the builder fills an empty one
+    int parent = -1; ///< index of an earlier node; -1 for a root
     Kind kind = Node;
 
-    /// Rest transform relative to the parent, translate * rotate * scale. The values stay where no
-    /// channel drives them.
+    /// Rest transform relative to the parent, translate * rotate * scale, for values without a
+    /// channel.
     std::array<double, 3> translation{{0.0, 0.0, 0.0}};
     std::array<double, 3> rotation{{0.0, 0.0, 0.0}}; ///< degrees about X, Y, Z in `order`
     std::array<double, 3> scale{{1.0, 1.0, 1.0}};
     /// As VxNode has it: ZYX is Rz * Ry * Rx.
     VxNode::RotationOrder order = VxNode::XYZ;
     /// A constant rotation between translation and rotation (x, y, z, w), such as a joint's
-    /// orientation: translate * orientation * rotate * scale. Where it is not the identity, the
-    /// builder puts it into a node of its own and leaves the curves as they are.
+    /// orientation: translate * orientation * rotate * scale. Unless it is the identity, the
+    /// builder moves it to a separate node and keeps the curves unchanged.
     VxMotionQuaternion orientation{{0.0, 0.0, 0.0, 1.0}};
 
     bool hasEndPoint = false; ///< false: the middle of the children
@@ -143,7 +143,7 @@ struct VxMotionNode
     bool visible = true;
 };
 
-/// Something of the file that is not in the scene, and why.
+/// Omitted contents of the file, and the reason.
 struct VxMotionOmission
 {
     QString what;  ///< such as "mesh"; translated
@@ -152,38 +152,38 @@ struct VxMotionOmission
     int count = 0;
 };
 
-/// What the file says about itself.
+/// The file's metadata.
 struct VxMotionFacts
 {
     QString format;             ///< such as "glTF 2.0 (binary)"
-    QString writer;             ///< the program that wrote the file; empty: not said
-    double rate = 0.0;          ///< frames per second; 0: not said
+    QString writer;             ///< the program that wrote the file; empty: unknown
+    double rate = 0.0;          ///< frames per second; 0: unknown
     char upAxis = 'Y';          ///< 'X', 'Y' or 'Z'
-    double metresPerUnit = 0.0; ///< of lengths in the file; 0: not said
-    /// Sentences on what was understood differently than written, such as an extrapolation.
+    double metresPerUnit = 0.0; ///< of lengths in the file; 0: unknown
+    /// Sentences about deviations from the file, such as an extrapolation.
     QStringList notes;
     std::vector<VxMotionOmission> omissions;
 
-    /// Counts one more of the same omission; a new one is appended.
+    /// Increments the count of an omission, appended if new.
     void addOmission(const QString &what, const QString &why, const QString &name);
 };
 
-/// A whole file. An importer in a process of its own reads it: a reader may use as much memory as
-/// the file's size justifies, and must check every count against the bytes that are there.
+/// A whole file, read in a separate importer process: a reader may use as much memory as the file's
+/// size justifies, and must check every count against the available bytes.
 struct VxImportedMotion
 {
     std::vector<VxMotionNode> nodes; ///< a parent always before its children
     std::vector<VxMotionClip> clips; ///< none: a pose
     VxMotionFacts facts;
 
-    /// True when every statement of this file holds; else false with the first one broken, as a
-    /// sentence, in `message` (may be null). One pass.
+    /// True when all stated conditions hold; else false with the first violated one, as a sentence,
+    /// in `message` (may be null). One pass.
     bool isValid(QString *message = nullptr) const;
 };
 
 /// Limits of what readers accept, so that hostile files end in a message.
 namespace VxMotionLimits {
-constexpr int MaxDepth = 4096;               ///< nodes below each other
+constexpr int MaxDepth = 4096;               ///< levels of nodes
 constexpr int MaxNodes = 200 * 1000;         ///< nodes of a file
 constexpr qint64 MaxKeys = 10 * 1000 * 1000; ///< key values of a file, all channels together
 } // namespace VxMotionLimits
@@ -193,7 +193,7 @@ constexpr qint64 MaxKeys = 10 * 1000 * 1000; ///< key values of a file, all chan
 //   bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress,
 //                  VxImportedMotion *motion, VxFileError *error);
 //
-// On failure it returns false with one sentence, and the line or the offset, in `error`; the
-// motion is untouched then. `error->file` is filled by the caller.
+// On failure it returns false with one sentence, and the line or the offset, in `error`, and the
+// motion is unchanged. The caller sets `error->file`.
 
 #endif

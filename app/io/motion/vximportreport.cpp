@@ -37,7 +37,7 @@ QJsonArray omissionsOf(const VxImportReport &report)
     return omissions;
 }
 
-// Every plain member with its name in JSON, once for both directions.
+// Every plain member with its JSON name, for both directions.
 template <class Report, class Visitor> void visit(Report &report, Visitor &&visitor)
 {
     visitor("file", report.file);

@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <vxcore/vxtimerange.h>
 
-/// One animation of a file and where it lies in the scene.
+/// One animation of a file and its range in the scene.
 struct VxImportedClip
 {
     QString name;
@@ -14,19 +14,19 @@ struct VxImportedClip
     VxTimeRange range; ///< ticks; only when imported
 };
 
-/// What an import found in a file and what became of it: facts and numbers, without any widget.
+/// The contents of an imported file and the result: facts and numbers, without any widget.
 struct VxImportReport
 {
     QString file; ///< as it was given
     QString format;
-    QString writer; ///< empty: the file does not say
+    QString writer; ///< empty: unknown
 
     double sourceRate = 0.0;     ///< frames per second; 0: unknown
-    bool isRateFromKeys = false; ///< not said by the file, but all keys lie on its frames
-    VxTime step = 160;           ///< ticks a frame of the scene that the file calls for
+    bool isRateFromKeys = false; ///< derived from the keys, which all are on its frames
+    VxTime step = 160;           ///< ticks per frame of a scene with the file's rate
 
     char upAxis = 'Y';
-    bool isTurned = false;      ///< a node above everything turns the file's up axis to Y
+    bool isTurned = false;      ///< a top node rotates the file's up axis to Y
     double metresPerUnit = 0.0; ///< of the file; 0: unknown. Lengths are kept as they are.
 
     std::vector<VxImportedClip> clips;
@@ -49,8 +49,8 @@ struct VxImportReport
 
     /// Frames per second of the scene at the step.
     double sceneRate() const { return double(VxTicksPerSecond) / step; }
-    /// True when the file's rate is no whole number of ticks a frame, such as 29.97; the figure
-    /// that enters the scene keeps it then, see vxKeepRate().
+    /// True when the file's rate is no whole number of ticks a frame, such as 29.97; the imported
+    /// figure then stores it, see vxKeepRate().
     bool isRateKept() const;
 
     QJsonObject toJson() const;

@@ -11,7 +11,7 @@ namespace {
 
 const QString propertyName = QStringLiteral("SourceFrameRate");
 
-/** The exact rate that is meant by a number in single precision: N * 1000 / 1001. */
+/** The exact rate for one in single precision: N * 1000 / 1001. */
 double exactRate(double rate)
 {
     const double whole = std::round(rate * 1001.0 / 1000.0);

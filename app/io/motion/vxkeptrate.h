@@ -6,14 +6,14 @@
 class VxNode;
 
 /// The true frame rate of motion whose frames are no whole number of ticks, such as 29.97 frames
-/// per second, kept with its top node in a property that has no keys and cannot be edited. The
-/// scene has the nearest step; the keys lie at the nearest ticks of their true times.
+/// per second, stored with its top node in a property that cannot be keyed or edited. The scene
+/// has the nearest step; the keys are at the nearest ticks of their true times.
 
-/// Keeps a rate (frames per second, above 0) with a node; replaces one that was kept before.
+/// Stores a rate (frames per second, above 0) with a node, replacing a stored one.
 void vxKeepRate(VxNode *node, double rate);
 
-/// The rate that is kept with a node or with one above it, where it belongs to a step of the scene
-/// (ticks a frame); 0 otherwise.
+/// The rate stored with a node or an ancestor, if it belongs to a step of the scene (ticks a
+/// frame); 0 otherwise.
 double vxKeptRate(const VxNode *node, VxTime step);
 
 #endif

@@ -53,7 +53,7 @@ private:
     std::vector<VxMotionTiming::Slot> m_slots; // one a clip
 };
 
-/** The nodes that were added count, too. */
+/** Includes the added nodes. */
 bool Builder::checkDepth(VxFileError *error) const
 {
     std::vector<int> depths;
@@ -126,7 +126,7 @@ void Builder::setRate()
         m_report.step = VxMotionTiming::stepOf(m_report.sourceRate);
 }
 
-/** From 0, or from the first key where that lies earlier, to the last. */
+/** From 0, or from the first key if that is earlier, to the last. */
 void Builder::setRange(VxSceneContents *contents) const
 {
     contents->timeStep = m_report.step;

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Half of what the angles between keys may differ from the true rotation in all: fitting curves
-/// to them may take the rest.
+/// Half of the total tolerance of angles between keys against the true rotation: curve fitting may
+/// use the rest.
 constexpr double AngleTolerance = 0.08;
 constexpr double AngleFitTolerance = 0.02;
 /// Of a channel's range of values.
@@ -64,7 +64,7 @@ double restOf(const VxMotionNode &node, VxMotionTarget target, int index)
     return target == VxMotionTarget::Morph ? node.morphs[i].value : node.properties[i].value;
 }
 
-/// The property of a morph, or of the further property `index`, which come last in this order.
+/// The property of a morph, or of the user-defined property `index`, which are last in this order.
 VxFloatProperty *furtherProperty(const VxNode *node, const VxMotionNode &data,
                                  VxMotionTarget target, int index)
 {
@@ -118,7 +118,7 @@ bool VxMotionChannels::drives(int node, VxMotionTarget target) const
     return m_sources.count({node, isRotation(target) ? VxMotionTarget::Rotation : target, 0}) > 0;
 }
 
-/** The clip's curve for one value, or its rest where the clip does not drive it. */
+/** The clip's curve for one value, or its rest value without a channel. */
 void VxMotionChannels::appendClip(const Sources &sources, std::size_t clip, VxMotionTarget target,
                                   double rest, VxMotionPoints *points) const
 {

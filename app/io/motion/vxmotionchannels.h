@@ -10,7 +10,7 @@
 
 class VxFloatProperty;
 
-/// The channels of the clips that are imported, gathered by what they drive, and turned into keys.
+/// The channels of the imported clips, grouped by target, and their conversion to keys.
 class VxMotionChannels
 {
 public:
@@ -18,17 +18,17 @@ public:
     VxMotionChannels(const VxImportedMotion &motion, const std::vector<const VxMotionClip *> &clips,
                      const std::vector<VxMotionTiming::Slot> &slots);
 
-    /// Whether any clip drives a value; a rotation track drives all three angles.
+    /// Whether any clip has a channel for a value; a rotation track counts for all three angles.
     bool drives(int node, VxMotionTarget target) const;
 
-    /// Gives the nodes, one for each of the motion's, their keys and adds the numbers to the
-    /// report. False when the progress asked to stop or there are too many keys.
+    /// Sets the keys of the nodes, one for each of the motion's, and adds the numbers to the
+    /// report. False when cancelled or when there are too many keys.
     bool addKeys(const std::vector<VxNode *> &nodes, const VxFileProgress &progress,
                  VxImportReport *report);
     bool isTooLong() const { return m_isTooLong; }
 
 private:
-    /// All rotations of a node together, everything else by itself.
+    /// All rotations of a node together, every other value separately.
     struct Target
     {
         int node;

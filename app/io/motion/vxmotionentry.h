@@ -6,29 +6,29 @@
 #include <QString>
 #include <QVector>
 
-/// How motion enters a scene.
+/// The way to add motion to a scene.
 struct VxMotionEntry
 {
-    /// The new nodes take the place of everything, history included, as one load, instead of
-    /// joining what is there as one undo entry.
+    /// The new nodes replace everything, history included, as one load, instead of being added as
+    /// one undo entry.
     bool replacesScene = false;
-    /// A scene that has nodes gets the motion's step, too.
+    /// A scene with nodes gets the motion's step, too.
     bool setsRate = false;
-    /// Whether the motion lasts at all; a pose leaves step and ranges alone.
+    /// False for a pose, which leaves step and ranges unchanged.
     bool hasMotion = true;
 };
 
-/// Takes nodes that were read into the scene: the one door for motion of every format.
+/// Adds imported nodes to the scene, for motion of every format.
 ///
-/// A scene without nodes gets the motion's step and range. One that has some keeps its step, unless
-/// the entry says otherwise, and its ranges only grow; a play range that somebody has narrowed is
-/// left alone. The first root's label gets a number where a node has it already. Returns the
-/// roots, now owned by the scene, in their order; empty, and the contents untouched, when the scene
-/// refuses them.
+/// A scene without nodes gets the motion's step and range. One with nodes keeps its step, unless
+/// the entry overrides it, and its ranges only grow; a play range narrowed by the user is
+/// unchanged. The first root's label gets a number if a node has it already. Returns the roots, now
+/// owned by the scene, in their order; empty, with the contents unchanged, when the scene refuses
+/// them.
 QVector<VxNode *> vxEnterScene(VxSceneContents &&contents, const VxMotionEntry &entry,
                                VxScene *scene);
 
-/// The name, or the first of "name 2", "name 3" ... that no node of the scene has for its name or
+/// The name, or the first of "name 2", "name 3" ... that no node of the scene has as its name or
 /// label.
 QString vxUnusedNodeName(const VxScene &scene, const QString &name);
 

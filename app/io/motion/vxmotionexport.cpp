@@ -25,7 +25,7 @@ bool fail(VxFileError *error, const QString &fileName, const QString &message)
     return false;
 }
 
-/** The figure that is the root, or the only one of the scene; null without one. */
+/** The root if it is a figure, or the only figure of the scene; null without one. */
 const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
 {
     if (root)
@@ -42,7 +42,7 @@ const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
     return figure;
 }
 
-/// Any of the writers, which have the same functions.
+/// Runs any of the writers, which have the same functions.
 template <class Export>
 bool run(Export &out, const QString &fileName, const VxFileProgress &progress, QString *summary,
          VxFileError *error)

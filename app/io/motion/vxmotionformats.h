@@ -3,8 +3,8 @@
 
 #include "io/vxfileformats.h"
 
-/// The formats of motion files, in the order in which file dialogs list them. Each opens a file in
-/// place of the scene; to import one beside what is there, see VxMotionImport.
+/// The formats of motion files, in the order of file dialogs. Each replaces the scene by a file; to
+/// add one to the scene, see VxMotionImport.
 QVector<VxFileFormat> vxMotionFormats();
 
 #endif

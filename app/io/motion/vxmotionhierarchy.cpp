@@ -15,11 +15,11 @@ bool isIdentity(const VxMotionQuaternion &q)
     return q[0] == 0.0 && q[1] == 0.0 && q[2] == 0.0;
 }
 
-/// Where a node's channels go after nodes were added.
+/// The targets of a node's channels after nodes were added.
 struct Place
 {
-    int position = 0; ///< index of the node that moves
-    int rest = 0;     ///< of the node that rotates and has everything else
+    int position = 0; ///< index of the node with the translation
+    int rest = 0;     ///< of the node with the rotation and all other values
 };
 
 int placeOf(const VxMotionChannel &channel, const Place &place)
@@ -66,7 +66,7 @@ void splitOrientations(VxImportedMotion *motion)
     moveChannels(places, motion);
 }
 
-/// Puts a node above all roots for which `isBelow` is true.
+/// Inserts a parent for all roots for which `isBelow` is true.
 template <class Predicate>
 void addRoot(VxMotionNode root, VxImportedMotion *motion, Predicate isBelow)
 {
@@ -82,7 +82,7 @@ void addRoot(VxMotionNode root, VxImportedMotion *motion, Predicate isBelow)
     }
 }
 
-/** The top bones are those with neither a bone nor a figure's root above them. */
+/** The top bones have neither a bone nor a figure's root above them. */
 void addFigureRoots(const QString &figureName, VxImportedMotion *motion)
 {
     std::vector<VxMotionNode> &nodes = motion->nodes;
@@ -95,7 +95,7 @@ void addFigureRoots(const QString &figureName, VxImportedMotion *motion)
         if (isBelow || node.kind != VxMotionNode::Bone)
             continue;
         if (node.parent >= 0) {
-            // Bones that hang elsewhere below the same node are then below a figure's root, too.
+            // Bones in other branches below this node then have a figure's root, too.
             nodes[std::size_t(node.parent)].kind = VxMotionNode::Skeleton;
             isInFigure[std::size_t(node.parent)] = true;
         } else {

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Where reading of a BVH file ends and building begins, by the time that they take.
+// The share of reading a BVH file in the progress; the rest is for building.
 constexpr int ReadPercent = 70;
 
 QString tr(const char *text)
@@ -90,7 +90,7 @@ QString VxMotionImport::Private::figureName(const QString &fileName) const
     return isBeside() ? vxUnusedNodeName(*scene, name) : name;
 }
 
-/** In this process: the reader is the program's own and checks everything itself. */
+/** In this process: the reader is the program's own and validates everything itself. */
 bool VxMotionImport::Private::loadBvh(const QString &fileName, VxFileError *error)
 {
     VxBvhReader reader(fileName);

@@ -12,12 +12,12 @@
 
 class VxBvhDocument;
 
-/// Brings motion files of every format into a scene, in two steps: load() reads a file and builds
-/// its nodes outside of the scene, enter() makes them part of it. Between the two, report and
-/// numbers say what choices would do.
+/// Imports motion files of every format into a scene, in two steps: load() reads a file and builds
+/// its nodes outside of the scene, enter() adds them to it. In between, report and numbers show the
+/// effect of choices.
 ///
-/// A file that cannot be read and an import that is cancelled leave the scene as it was. What
-/// enter() changes is one undo entry, or, when it replaces the scene, one load.
+/// A file that cannot be read and a cancelled import leave the scene unchanged. The changes of
+/// enter() are one undo entry, or, when it replaces the scene, one load.
 class VxMotionImport
 {
 public:
@@ -27,36 +27,36 @@ public:
     VxMotionImport(const VxMotionImport &) = delete;
     VxMotionImport &operator=(const VxMotionImport &) = delete;
 
-    /// Watches and cancels load(); 0 to 100.
+    /// Reports the progress of load() from 0 to 100 and can cancel it.
     void setProgress(const VxFileProgress &progress);
-    /// Whether the motion takes the place of everything in the scene. False to begin with.
+    /// Whether the motion replaces everything in the scene. Initially false.
     void setReplacesScene(bool replaces);
-    /// Which animation is read and where it begins. The name of a new figure is the file's unless
-    /// the options give one.
+    /// The animation to read and its start. A new figure is named after the file unless the options
+    /// have a name.
     void setOptions(const VxMotionBuildOptions &options);
 
     /// False with the reason in `error`, which must not be null. May be called again, for instance
     /// with other options.
     bool load(const QString &fileName, VxFileError *error);
-    /// The same for a BVH document that was read already, which must be valid. The name serves for
-    /// the figure and for messages; note: for the report, may be empty.
+    /// The same for a BVH document in memory, which must be valid. The name is used for the figure
+    /// and for messages; note: for the report, may be empty.
     bool loadDocument(const VxBvhDocument &document, const QString &note, const QString &fileName,
                       VxFileError *error);
 
-    /// Whether the scene gets the motion's rate whatever the choices are: there is nothing beside
-    /// it.
+    /// Whether the scene gets the motion's rate whatever the choices are, because it has no other
+    /// content.
     bool setsRate() const;
 
-    /// What was found in the file loaded last.
+    /// The report of the file loaded last.
     const VxImportReport &report() const;
-    /// What choices would make of it.
+    /// The result of choices in numbers.
     VxImportNumbers numbers(const VxImportChoices &choices) const;
 
-    /// Takes what was loaded into the scene. False with the reason in `error` when nothing was
-    /// loaded or the scene refuses it.
+    /// Adds the loaded nodes to the scene. False with the reason in `error` when nothing was loaded
+    /// or the scene refuses it.
     bool enter(const VxImportChoices &choices, VxFileError *error);
 
-    /// The top nodes that entered last; owned by the scene.
+    /// The top nodes added last; owned by the scene.
     QVector<VxNode *> getRoots() const;
     /// For the status line, after enter().
     QString getSummary() const;

@@ -22,7 +22,7 @@ std::unique_ptr<VxNode> makeNode(const VxMotionNode &data)
     return std::make_unique<VxNode>(data.name);
 }
 
-/** A bone's rest place is its origin, but on axes that a channel drives with whole positions. */
+/** A bone's rest position is its origin, except on axes with a channel of absolute positions. */
 void place(VxNode *node, const VxMotionNode &data, int index, const VxMotionChannels &channels)
 {
     VxFloatProperty *const positions[] = {node->getXPosControl(), node->getYPosControl(),
@@ -72,7 +72,7 @@ void addProperties(VxNode *node, const VxMotionNode &data)
     }
 }
 
-/// Where bones end: where the file says, else in the middle of their children.
+/// The ends of bones: those of the file, else the middle of their children.
 void setEndPoints(const VxImportedMotion &motion, const std::vector<VxNode *> &nodes)
 {
     std::vector<QVector3D> sums(nodes.size());

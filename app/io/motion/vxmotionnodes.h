@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-/// Makes the nodes of a motion, without keys, and counts them in the report. Returns the roots,
-/// each of which owns what is below it; `nodes` gets all of them, one for each of the motion's.
+/// Creates the nodes of a motion, without keys, and counts them in the report. Returns the roots,
+/// each of which owns its descendants; `nodes` receives all of them, one for each of the motion's.
 std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
                                                  const VxMotionChannels &channels,
                                                  std::vector<VxNode *> *nodes,

@@ -66,7 +66,7 @@ VxMotionShape shapeOf(const VxMotionCurve &curve, std::size_t i)
     return mixed;
 }
 
-/// What moving a key by less than a tick changes at most beside it, between straight lines.
+/// Upper bound of the change beside a key from moving it by less than a tick, for linear segments.
 double roundingError(const VxMotionCurve &curve, std::size_t i, double moved)
 {
     double slope = 0.0;
@@ -84,7 +84,7 @@ double roundingError(const VxMotionCurve &curve, std::size_t i, double moved)
 void VxMotionPoints::append(const VxCurvePoint &point)
 {
     if (!points.empty() && points.back().time >= point.time) {
-        // The tangent on the left stays that of the segment which ends here.
+        // The left tangent stays that of the segment that ends here.
         const VxCurvePoint former = points.back();
         points.back() = point;
         points.back().time = former.time;

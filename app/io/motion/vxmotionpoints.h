@@ -6,20 +6,20 @@
 #include <vxcore/vxcurvefit.h>
 #include <vxcore/vxeuler.h>
 
-/// The points of one curve on the scene's ticks while its clips are joined, and what was lost.
+/// The points of one curve on the scene's ticks while its clips are joined, and the losses.
 struct VxMotionPoints
 {
     std::vector<VxCurvePoint> points;
-    int merged = 0;     ///< keys that fell on the tick of another one and were dropped
-    double error = 0.0; ///< from moving keys to whole ticks and from angles, in the value's unit
+    int merged = 0;     ///< keys dropped because another one has their tick
+    double error = 0.0; ///< from rounding keys to whole ticks and from angles, in the value's unit
 
-    /// A point after the last one; in its place where both have the same time.
+    /// Appends a point; replaces the last one at the same time.
     void append(const VxCurvePoint &point);
-    /// A point that holds its value up to the next one.
+    /// Appends a point that holds its value up to the next one.
     void appendHold(VxTime time, double value);
 };
 
-/// Puts a curve behind the points that there are. offset: seconds, added to its times.
+/// Appends a curve to the points. offset: seconds, added to its times.
 void vxAppendCurve(const VxMotionCurve &curve, double offset, VxMotionPoints *points);
 
 /// The same for a rotation track, as angles about X, Y and Z in an order. They begin with the

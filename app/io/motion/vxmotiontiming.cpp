@@ -5,8 +5,8 @@
 
 namespace {
 
-// Times in files are often single precision; a hundredth of a frame is far beyond its rounding
-// for takes of hours at the usual rates.
+// Times in files are often single precision; a hundredth of a frame exceeds its rounding by far for
+// takes of hours at the usual rates.
 constexpr double FrameTolerance = 0.01;
 constexpr std::size_t KeysLookedAt = 4096;
 

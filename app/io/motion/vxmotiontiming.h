@@ -10,27 +10,27 @@ namespace VxMotionTiming {
 
 /// Seconds as the nearest tick. The seconds must be within maxSeconds() of 0.
 VxTime ticks(double seconds);
-/// The latest time of a key that a scene can hold, with room for ranges.
+/// The latest time of a key in a scene, with a margin for ranges.
 double maxSeconds();
 
-/// The frame rate at which all keys of the motion lie on frames: the first that fits of 30, 24,
-/// 25, 60, 50, 48, 120, 100, 29.97, 23.976 and 59.94 frames per second; 0 where none does or there
-/// are no keys. At most some thousand keys of each channel are looked at.
+/// The frame rate at which all keys of the motion are on frames: the first match of 30, 24, 25, 60,
+/// 50, 48, 120, 100, 29.97, 23.976 and 59.94 frames per second; 0 when none matches or there are no
+/// keys. Checks at most some thousand keys of each channel.
 double rateOfKeys(const VxImportedMotion &motion);
 
-/// Ticks of a frame of the scene that come nearest to a rate above 0: 1 to 4800. Whole rates that
-/// do not divide 4800 get the step that the scene gives to them, which is cut.
+/// Ticks of a frame of the scene nearest to a rate above 0: 1 to 4800. Whole rates that do not
+/// divide 4800 get the truncated step that the scene uses for them.
 VxTime stepOf(double rate);
 
-/// Where a clip lies in the scene.
+/// The position of a clip in the scene.
 struct Slot
 {
-    double offset = 0.0; ///< seconds that are added to the clip's times
+    double offset = 0.0; ///< seconds added to the clip's times
     VxTimeRange range;   ///< from the clip's start to its end
 };
 
-/// The places of clips: a single one where its times say, or, with startAtZero, from 0 on; several
-/// one after the other from 0 on, each beginning on a frame that is not the last of the one before.
+/// The positions of clips: a single one at its own times, or, with startAtZero, from 0 on; several
+/// one after the other from 0 on, each beginning on a frame after the last one of the previous.
 std::vector<Slot> slots(const std::vector<const VxMotionClip *> &clips, VxTime step,
                         bool startAtZero);
 

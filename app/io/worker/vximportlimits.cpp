@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Bytes of address space that the process has; 0 when the system does not say.
+/// The process's address space in bytes; 0 when unavailable.
 qint64 addressSpace()
 {
     long pages = 0;
@@ -28,8 +28,8 @@ void setLimit(int resource, rlim_t limit)
     setrlimit(__rlimit_resource_t(resource), &both);
 }
 
-/** Takes every right away that changes the file system. A kernel without this has the limit on the
- * size of files alone. */
+/** Removes every right to change the file system. On a kernel without this feature, the limit on
+ * file sizes alone applies. */
 void forbidWriting()
 {
     landlock_ruleset_attr rights{};

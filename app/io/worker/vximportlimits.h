@@ -3,9 +3,9 @@
 
 #include <QtGlobal>
 
-/// What the importer process does to itself before it opens a file. For the whole process, and for
-/// good: no files are written or made, memory beyond what the process has now is limited to
-/// `memory` bytes and processor time to `seconds`; it ends when its parent does.
+/// Restricts the importer process before it opens a file. For the whole process, and permanently:
+/// no files are written or created, memory beyond the present amount is limited to `memory` bytes
+/// and processor time to `seconds`; the process ends when its parent does.
 void vxLimitProcess(qint64 memory, int seconds);
 
 #endif

@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QJsonObject>
 
-/// What the importer process sends to the program over a pipe: messages of a kind (one byte), a
+/// The messages that the importer process sends to the program over a pipe: a kind (one byte), a
 /// length (32 bits, little endian) and that many bytes.
 ///
 ///     P  one byte: percent          R  the report, JSON
@@ -19,14 +19,14 @@ constexpr char Error = 'E';
 QByteArray message(char kind, const QByteArray &bytes);
 QByteArray message(char kind, const QJsonObject &object);
 
-/// Takes the stream apart as it arrives.
+/// Splits the stream into messages as it arrives.
 class Parser
 {
 public:
     void append(const QByteArray &bytes) { m_bytes += bytes; }
     /// The next complete message. False when there is none yet, or the stream is broken.
     bool next(char *kind, QByteArray *bytes);
-    /// True once something arrived that is no message.
+    /// True once an invalid message arrived.
     bool isBroken() const { return m_isBroken; }
 
 private:

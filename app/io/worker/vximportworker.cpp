@@ -14,7 +14,7 @@ namespace {
 
 constexpr int PollMilliseconds = 20;
 constexpr qint64 Megabyte = 1024 * 1024;
-/// Where the process's work ends and reading its scene begins.
+/// The share of the process's work in the progress; the rest is for reading its scene.
 constexpr int WorkPercent = 90;
 
 QString tr(const char *text)
@@ -86,7 +86,7 @@ bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxF
                 tr("The importer program could not be started: %1.").arg(m_process.errorString()));
 }
 
-/** Kills and collects the process: it must not outlive the question that it answers. */
+/** Kills and reaps the process: it must not outlive its run. */
 void Run::stop()
 {
     if (m_process.state() == QProcess::NotRunning)
@@ -127,7 +127,7 @@ bool Run::readMessages(VxFileError *error)
     return true;
 }
 
-/** How the process ended, when it did not say what is wrong. */
+/** Reports how the process ended, if it sent no error. */
 bool Run::checkEnd(VxFileError *error) const
 {
     if (m_process.exitStatus() == QProcess::CrashExit) {

@@ -5,20 +5,20 @@
 
 #include <QStringList>
 
-/// Reads motion files of foreign formats in a process of its own, `vxstudio-import`.
+/// Reads motion files of foreign formats in a separate process, `vxstudio-import`.
 ///
-/// That process cannot write files, and its memory and processor time are limited, so that a file
-/// made to do harm ends in a message. Nothing here touches a scene.
+/// That process cannot write files, and its memory and processor time are limited, so that a
+/// malicious file ends in a message. Nothing here accesses a scene.
 class VxImportWorker
 {
 public:
     struct Limits
     {
-        /// Bytes of address space beyond what the program itself takes; a file's size is added
-        /// several times over.
+        /// Bytes of address space beyond those of the program itself; a multiple of the file's size
+        /// is added.
         qint64 memory = 400LL * 1024 * 1024;
         int seconds = 20;        ///< of processor time; some are added for each MB of the file
-        int silence = 30 * 1000; ///< milliseconds without a sign of life; the same
+        int silence = 30 * 1000; ///< maximum milliseconds without output; extended likewise
     };
 
     VxImportWorker();
@@ -26,9 +26,9 @@ public:
     /// The program to run; by default the one beside this program.
     void setProgram(const QString &program) { m_program = program; }
 
-    /// Starts the process, waits for its end and takes what it read. The progress is asked while
-    /// waiting; when it says stop, the process is ended. On failure returns false with one sentence
-    /// in `error` (never null), and contents and report are untouched.
+    /// Starts the process, waits for its end and reads its result. The progress is called while
+    /// waiting; when it cancels, the process is ended. On failure returns false with one sentence
+    /// in `error` (never null), and contents and report are unchanged.
     bool run(const QString &fileName, const VxMotionBuildOptions &options,
              const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
              VxFileError *error) const;
@@ -36,8 +36,8 @@ public:
     /// The suffixes of the formats that it reads, lower case, without a dot.
     static QStringList suffixes();
 
-    /// Where the importer program is: beside this program, or in the folder bin of the build or the
-    /// installation that this program belongs to.
+    /// The importer program: beside this program, or in the folder bin of the build or the
+    /// installation that contains this program.
     static QString defaultProgram();
 
 private:
