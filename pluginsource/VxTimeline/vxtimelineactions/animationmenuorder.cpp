@@ -5,7 +5,7 @@
 
 namespace {
 
-// Sections with a sub-menu of their own, by number; neighbours of one title share theirs.
+// Sections with a sub-menu, by number; consecutive ones with one title share theirs.
 struct Folder
 {
     int section;

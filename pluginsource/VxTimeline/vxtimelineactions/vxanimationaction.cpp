@@ -44,7 +44,7 @@ QString VxAnimationAction::getMenuFolder() const
 
 VxTimePane *VxAnimationAction::findTimePane()
 {
-    // Guarded, so that a pane that was destroyed is searched for anew.
+    // Guarded, so that a destroyed pane is looked up again.
     static QPointer<VxTimePane> found;
     if (!found) {
         VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;

@@ -8,16 +8,16 @@ struct VxSourcePosition;
 
 // Base of every command of the time pane.
 //
-// The commands are thin: each one finds the pane and calls one of its slots. Here is what they
-// share, which is the place in the menus and the way to the pane. A command without a pane to act
-// on says so in a warning that names its own class and method, and does nothing.
+// The commands are thin: each one finds the pane and calls one of its slots. This class has their
+// common parts, the menu position and the look-up of the pane. A command without a pane does
+// nothing except for a warning with its own class and method.
 class VxAnimationAction : public VxAction
 {
     Q_OBJECT
 public:
     ~VxAnimationAction() override;
 
-    // Registers the action with the pane, which enables and checks the actions that it knows.
+    // Registers the action with the pane, which enables and checks registered actions.
     void init() override;
 
     QString getDefaultMenuPath() const override;
@@ -25,15 +25,14 @@ public:
     int getMenuOrder() const override;
     QString getMenuFolder() const override;
 
-    // The one time pane of the main window's pane manager, or null. A pane once found is kept as
-    // long as it lives.
+    // The one time pane of the main window's pane manager, or null. Cached during its lifetime.
     static VxTimePane *findTimePane();
 
 protected:
     VxAnimationAction(const QString &text, const QString &description, bool checkable = false);
 
-    // To be called at the end of the constructor of each class that can be created: takes the
-    // class name as the object's name and renews the help texts. Only there is the class known.
+    // Call it at the end of the constructor of each class that can be created: sets the class name
+    // as the object's name and updates the help texts. Only there is the class name available.
     void completeConstruction();
 
     // The pane, or null after a warning that names the caller: give VX_HERE as position.

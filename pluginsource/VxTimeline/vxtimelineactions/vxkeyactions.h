@@ -27,7 +27,7 @@ protected:
     void executeAction() override;
 };
 
-// Keys on the properties that filter and scope admit.
+// Creates keys on the properties that filter and scope include.
 class VxTimePaneCreateKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ protected:
     void executeAction() override;
 };
 
-// Pastes what was copied, at the current time.
+// Pastes the copied keys at the current time.
 class VxTimePanePasteKeysAction : public VxAnimationAction
 {
     Q_OBJECT

@@ -3,8 +3,8 @@
 
 #include <vxcore/vxpaneaction.h>
 
-// Opens the time pane. The host's pane action does all of it; this class gives it the name by which
-// menus, shortcuts and scripts ask for it.
+// Opens the time pane. The host's pane action implements it; this class has the name for menus,
+// shortcuts and scripts.
 class VxTimePaneAction : public VxPaneAction
 {
     Q_OBJECT

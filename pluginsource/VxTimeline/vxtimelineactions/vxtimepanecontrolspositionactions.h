@@ -4,7 +4,7 @@
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the choice where the strip of controls stands.
+// Base of the choice of the position of the strip of controls.
 class VxTimePaneControlsPositionAction : public VxAnimationAction, public TimePaneChoice
 {
     Q_OBJECT

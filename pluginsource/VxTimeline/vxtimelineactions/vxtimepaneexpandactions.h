@@ -3,8 +3,8 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// The commands that open and close rows of the dope sheet: all of them, or those below the row on
-// which its context menu was opened.
+// The commands that open and close rows of the dope sheet: all of them, or those below the row of
+// its context menu.
 
 // Opens every row.
 class VxTimePaneExpandAllItemsAction : public VxAnimationAction
@@ -83,7 +83,7 @@ protected:
     void executeAction() override;
 };
 
-// Closes those rows, from the row on, that have no keys.
+// Closes the rows without keys, from the row on.
 class VxTimePaneCollapseNonKeyedFromItemAction : public VxAnimationAction
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ QModelIndexList selectedRows(const VxDopeSheetView *view)
     return rows;
 }
 
-// The view leaves out the end of a time span; a range takes in its last time.
+// The view excludes the end of a time span; a range includes its last time.
 VxTime spanEnd(const VxTimeRange &range)
 {
     return range.getEnd() == VxTimeMax ? VxTimeMax : range.getEnd() + 1;

@@ -7,7 +7,7 @@
 
 // Base of the four commands that select or deselect the keys of the selected rows.
 //
-// The four differ in two answers only, so the work is done here: which way, and over which times.
+// The four differ only in direction and time range, so the work is done here.
 // Selecting replaces the key selection unless Ctrl is held; deselecting always keeps the rest.
 class VxTimePaneItemKeysSelectionAction : public VxAnimationAction
 {

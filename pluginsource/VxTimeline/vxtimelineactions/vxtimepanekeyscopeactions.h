@@ -4,8 +4,8 @@
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the choice which nodes or properties get keys. The pane reads the scope back from the
-// check marks, which a trigger changes before it is asked for.
+// Base of the choice of nodes or properties that get keys. The pane reads the scope from the check
+// marks, which a trigger has already changed by then.
 class VxTimePaneSetKeyScopeAction : public VxAnimationAction, public TimePaneChoice
 {
     Q_OBJECT

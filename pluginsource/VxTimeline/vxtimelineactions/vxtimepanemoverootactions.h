@@ -17,7 +17,7 @@ protected:
     VxTimePaneMoveRootNodeAction(const QString &text, const QString &description);
 };
 
-// To the head of the list.
+// To the top of the list.
 class VxTimePaneMoveRootNodeToTopAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ protected:
     void executeAction() override;
 };
 
-// One place up.
+// One row up.
 class VxTimePaneMoveRootNodeUpAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ protected:
     void executeAction() override;
 };
 
-// One place down.
+// One row down.
 class VxTimePaneMoveRootNodeDownAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ protected:
     void executeAction() override;
 };
 
-// To the end of the list.
+// To the bottom of the list.
 class VxTimePaneMoveRootNodeToBottomAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT

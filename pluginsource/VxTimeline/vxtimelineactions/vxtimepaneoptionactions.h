@@ -3,8 +3,8 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// The options of the pane that are on or off. Each shows the state that the pane has: it follows
-// the pane's signal, and takes its mark back when the pane refuses.
+// The on/off options of the pane. Each shows the pane's state: it follows the pane's signal, and
+// reverts its mark when the pane refuses.
 
 // Opens or closes the key graph, which the pane does in the advanced view only.
 class VxTimePaneKeyGraphToggleAction : public VxAnimationAction
@@ -18,7 +18,7 @@ protected:
     void toggleAction(bool onOff) override;
 };
 
-// Whether the selection in the Parameters pane is followed.
+// Whether the view follows the selection in the Parameters pane.
 class VxTimePaneMonitorParametersPaneAction : public VxAnimationAction
 {
     Q_OBJECT

@@ -4,8 +4,7 @@
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the flags that say which kinds of properties the dope sheet lists; each is switched for
-// itself.
+// Base of the flags for the kinds of properties in the dope sheet; each is toggled separately.
 class VxTimePaneSetPropertyTypeAction : public VxAnimationAction, public TimePaneChoice
 {
     Q_OBJECT

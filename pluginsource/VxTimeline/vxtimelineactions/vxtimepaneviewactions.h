@@ -3,9 +3,9 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// The commands that renew or fit what the pane shows.
+// The commands that rebuild or fit the pane's views.
 
-// Builds the rows of the dope sheet anew.
+// Rebuilds the rows of the dope sheet.
 class VxTimePaneRefreshDopesheetAction : public VxAnimationAction
 {
     Q_OBJECT

@@ -31,7 +31,7 @@ void VxTimePaneViewModeAction::executeAction()
     VxTimePane *pane = requireTimePane(VX_HERE);
     if (!pane)
         return;
-    // A trigger has flipped the check mark already. Choosing what is chosen keeps its mark.
+    // A trigger has flipped the check mark already. Repeating the present choice keeps its mark.
     if (pane->getViewMode() == value() && !isChecked())
         setChecked(true);
     else

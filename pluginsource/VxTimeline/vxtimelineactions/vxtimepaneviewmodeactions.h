@@ -4,7 +4,7 @@
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the choice how much of the pane is shown.
+// Base of the choice of the view mode.
 class VxTimePaneViewModeAction : public VxAnimationAction, public TimePaneChoice
 {
     Q_OBJECT

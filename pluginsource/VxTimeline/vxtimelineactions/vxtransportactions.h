@@ -5,7 +5,7 @@
 
 // The commands that move the current time and control playback.
 
-// Turns looping on or off.
+// Toggles looping.
 class VxLoopToggleAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -64,7 +64,7 @@ protected:
     void executeAction() override;
 };
 
-// One frame on.
+// One frame forward.
 class VxNextFrameAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ protected:
     void executeAction() override;
 };
 
-// To the key before, shown or not.
+// To the previous key, shown or not.
 class VxSkipToPrevKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -87,7 +87,7 @@ protected:
     void executeAction() override;
 };
 
-// To the key after, shown or not.
+// To the next key, shown or not.
 class VxSkipToNextKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -98,7 +98,7 @@ protected:
     void executeAction() override;
 };
 
-// To the key before among those that are shown.
+// To the previous key among the shown ones.
 class VxTimePanePrevKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -110,7 +110,7 @@ protected:
     void executeAction() override;
 };
 
-// To the key after among those that are shown.
+// To the next key among the shown ones.
 class VxTimePaneNextKeyAction : public VxAnimationAction
 {
     Q_OBJECT
