@@ -70,19 +70,19 @@ public:
     // The index among the parent's children; -1 without a parent.
     int row() const;
     int childCount() const;
-    // Null when index lies outside 0 .. childCount() - 1.
+    // Null when index is outside 0 .. childCount() - 1.
     VxDopeSheetItem *child(int index) const;
     // Moves the child at from to index to. Indexes outside are ignored.
     void moveChild(int from, int to);
     void swapChildren(int a, int b);
-    // Destroys every empty group row below, also those that become empty by it.
+    // Destroys every row below that has neither a property nor, after pruning, a child.
     void pruneEmpty();
 
     // True when the row's property, or any below, has a key.
     bool hasKeys() const;
 
     int keyCount() const;
-    // 0 and false when index lies outside 0 .. keyCount() - 1.
+    // 0 and false when index is outside 0 .. keyCount() - 1.
     VxTime keyTime(int index) const;
     bool isKeySelected(int index) const;
     // keyCount() entries each; times in ticks, strictly ascending. Bit 0 of a flag: selected.

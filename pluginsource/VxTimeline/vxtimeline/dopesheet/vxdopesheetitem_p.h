@@ -38,7 +38,7 @@ public:
 
     bool suppressesKeyChanges = false;
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above
-    bool isKept = false;  // keys are those that were gathered
+    bool isKept = false;  // nothing has changed since the keys were gathered, here or from above
     DopeSheetKeys keys;
     // For property rows: the revision of the property's keys in `keys`, and the property's revision
     // when changes began to be suppressed.

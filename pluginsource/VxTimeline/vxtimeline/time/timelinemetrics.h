@@ -20,7 +20,7 @@ public:
     qint32 divisor = 1;     // of the time scale; never 0
     double zoom = 1.0;      // horizontal scale
     qint32 frameWidth = 10; // pixels of a frame at zoom 1; also the side of a key mark
-    qint32 keyMargin = 5;   // pixels; half of it lies left of the play range's start
+    qint32 keyMargin = 5;   // pixels; half of it is left of the play range's start
 
     // The record of this process.
     static TimelineMetrics &shared();
