@@ -25,7 +25,7 @@ class VXCORE_EXPORT VxAction : public VxSignalGuard<QAction>
     Q_PROPERTY(QString actionGroup READ getActionGroup)
     Q_PROPERTY(QString defaultAccel READ getDefaultAccel)
 public:
-    /// text: what a menu shows; "&&" for "&". description: one or two sentences for status line and
+    /// text: shown in menus; "&&" for "&". description: one or two sentences for status line and
     /// help.
     explicit VxAction(const QString &text, const QString &description = QString(),
                       bool checkable = false);
@@ -38,7 +38,7 @@ public:
     /// state of the action's target. The base only sets the object name.
     virtual void init();
 
-    /// Renews status tip, what's-this text and tool tip from text, description and shortcut.
+    /// Updates status tip, what's-this text and tool tip from text, description and shortcut.
     virtual void updateInlineHelp();
 
     /// The shortcut the action has unless the user chose another, in portable text form such as

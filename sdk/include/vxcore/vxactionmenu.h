@@ -33,7 +33,7 @@ public:
     VxActionMenu *getSubMenu(int index) const;
 
     /// A QMenu filled from the description, made at the first call and owned by this object; it
-    /// is filled anew each time it is about to be shown.
+    /// is refilled each time it is about to be shown.
     QMenu *getMenu();
     /// Sets the menu to fill in place of the one that getMenu() would make; this object takes
     /// ownership, and destroys the former menu. For menus with their own behaviour. Null is

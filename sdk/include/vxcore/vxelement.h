@@ -37,7 +37,7 @@ public:
     VxElement *getOwnerElement() const;
 
     Q_INVOKABLE int getNumProperties() const;
-    /// Null when index lies outside 0 .. getNumProperties() - 1.
+    /// Null when index is outside 0 .. getNumProperties() - 1.
     Q_INVOKABLE VxProperty *getProperty(int index) const;
     /// The element's own property of that name, or null.
     Q_INVOKABLE VxProperty *findProperty(const QString &name) const;

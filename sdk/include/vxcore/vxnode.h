@@ -45,7 +45,7 @@ public:
 
     Q_INVOKABLE VxNode *getNodeParent() const;
     Q_INVOKABLE int getNumNodeChildren() const;
-    /// Null when index lies outside 0 .. getNumNodeChildren() - 1.
+    /// Null when index is outside 0 .. getNumNodeChildren() - 1.
     Q_INVOKABLE VxNode *getNodeChild(int index) const;
     /// Appends the children to a list; with recursive, each child is followed by its own.
     void getNodeChildren(QVector<VxNode *> &list, bool recursive = false) const;

@@ -17,7 +17,7 @@ public:
     Q_INVOKABLE VxNode *getNode() const;
 
     Q_INVOKABLE int getNumSubElements() const;
-    /// Null when index lies outside 0 .. getNumSubElements() - 1.
+    /// Null when index is outside 0 .. getNumSubElements() - 1.
     Q_INVOKABLE VxElement *getSubElement(int index) const;
     /// Takes ownership and appends. False, with a warning, when the element is null, a node, owned
     /// by another one, or is this object or one of its owners. Recorded for undo while a hold is

@@ -37,7 +37,7 @@ public:
     /// The factories in the order in which they were added.
     QVector<VxClassFactory *> getClassFactories() const;
     int getNumClassFactories() const;
-    /// Null when index lies outside 0 .. getNumClassFactories() - 1.
+    /// Null when index is outside 0 .. getNumClassFactories() - 1.
     VxClassFactory *getClassFactory(int index) const;
 
 private:

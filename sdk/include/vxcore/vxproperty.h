@@ -121,7 +121,7 @@ public:
     int getFirstKeyFrom(VxTime time) const;
 
     /// The interpolation type of a key (0 Linear, 1 Constant, 2 TCB) and its tension, continuity
-    /// and bias (0 unless it has some), when asked for. 0 when there is no such key.
+    /// and bias (0 unless it has some), where given. 0 when there is no such key.
     virtual int getKeyInterpolationType(int index, float *tension = nullptr,
                                         float *continuity = nullptr, float *bias = nullptr) const;
 

@@ -37,7 +37,7 @@ private:
 template <class Class> class VxScriptableFactoryOf : public VxScriptableFactory
 {
 public:
-    /// guid: 8-4-4-4-12 hexadecimal digits, fixed for good: hosts store it.
+    /// guid: 8-4-4-4-12 hexadecimal digits, never to be changed: hosts store it.
     explicit VxScriptableFactoryOf(const char *guid)
         : VxScriptableFactory(&Class::staticMetaObject,
                               VxGuid::fromString(QString::fromLatin1(guid)))
