@@ -33,7 +33,7 @@ public:
     {
     }
 
-    /// False when the progress callback asked to stop.
+    /// False when cancelled by the progress callback.
     bool write(const VxFileProgress &progress);
     /// The location of a number that no reader accepts; empty when there is none.
     const QString &unreadable() const { return m_unreadable; }

@@ -22,7 +22,7 @@ public:
 
     enum ExitCode {
         Success = 0,
-        Failure = 1, ///< a file, a script or a picture went wrong
+        Failure = 1, ///< a file, a script or a picture failed
         BadUsage = 2 ///< the command line itself is wrong
     };
 

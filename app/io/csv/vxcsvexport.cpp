@@ -142,7 +142,7 @@ void Table::addNode(const VxNode *node)
     addColumns(node);
     addMorphs(node);
     addFurther(node);
-    // A table of frames has no other place for the node.
+    // A table of frames can mention the node only in a column.
     if (m_columns.size() == before)
         m_columns.push_back(
             {m_rows.size() - 1, VxCsvNames::nameOf(VxMotionTarget::XTranslate).toLatin1()});
