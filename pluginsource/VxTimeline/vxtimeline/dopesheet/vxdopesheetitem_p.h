@@ -38,7 +38,7 @@ public:
 
     bool suppressesKeyChanges = false;
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above
-    bool isKept = false;  // nothing has changed since the keys were gathered, here or from above
+    bool isKept = false;  // `keys` has been gathered
     DopeSheetKeys keys;
     // For property rows: the revision of the property's keys in `keys`, and the property's revision
     // when changes began to be suppressed.
