@@ -31,7 +31,7 @@ using Lock = std::unique_ptr<QLockFile>;
 
 /// True for a lock file without a process: one whose process died before it was written, or one
 /// with this process's id, from before the machine or its container restarted.
-bool isOfNobody(const QLockFile &lock)
+bool isOrphaned(const QLockFile &lock)
 {
     qint64 pid = 0;
     QString host;
@@ -106,7 +106,7 @@ Lock RecoveryStore::Private::tryLock(const QString &id) const
     if (lock->tryLock(0))
         return lock;
     // Removal is verified by the system, which detects a program that still has the lock.
-    if (lock->error() == QLockFile::LockFailedError && isOfNobody(*lock) &&
+    if (lock->error() == QLockFile::LockFailedError && isOrphaned(*lock) &&
         lock->removeStaleLockFile() && lock->tryLock(0))
         return lock;
     return nullptr;
