@@ -62,7 +62,7 @@ public:
     void endGesture();
     bool pressCell(const QModelIndex &index, const QPoint &place);
     void dragTo(const QMouseEvent *event);
-    void pressLate();
+    void replayPress();
     void activate(const QModelIndex &value);
     void flip(const QModelIndex &value);
     bool typeInto(const QModelIndex &value, QKeyEvent *event);
@@ -80,11 +80,11 @@ public:
     QPoint pressPlace;
     std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift that may become a drag
     std::shared_ptr<VxPropertyDrag> drag;
-    bool spent = false; // the drag has ended, but the button is still held
+    bool dragEnded = false; // the drag has ended, but the button is still held
 
     // A press first ends the typing in another field, and then has its own effect.
     QPersistentModelIndex keyedByPress; // a row that got its key from typed text
-    bool toldByPress = false;           // whether the commit showed a message
+    bool noticedByPress = false;        // whether the commit showed a message
 };
 
 QVector<VxProperty *>
@@ -182,7 +182,7 @@ void VxSideNavPropertyListView::Private::endGesture()
 {
     if (drag)
         QToolTip::hideText();
-    spent = spent || drag || selecting;
+    dragEnded = dragEnded || drag || selecting;
     drag.reset();
     selecting.reset();
     pressed = QModelIndex();
@@ -237,7 +237,7 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
 }
 
 /** The press with Ctrl or Shift was no drag, so it selects. */
-void VxSideNavPropertyListView::Private::pressLate()
+void VxSideNavPropertyListView::Private::replayPress()
 {
     const std::unique_ptr<QMouseEvent> press = std::move(selecting);
     pressed = QModelIndex();
@@ -335,7 +335,7 @@ VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
     auto *delegate = new VxPropertyDelegate(this);
     setItemDelegate(delegate);
     connect(delegate, &VxPropertyDelegate::noticed, this, [this](const QString &text) {
-        d->toldByPress = QGuiApplication::mouseButtons() != Qt::NoButton;
+        d->noticedByPress = QGuiApplication::mouseButtons() != Qt::NoButton;
         Q_EMIT noticed(text);
     });
     connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
@@ -445,10 +445,10 @@ void VxSideNavPropertyListView::resizeEvent(QResizeEvent *event)
 void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
 {
     d->endGesture();
-    d->spent = false;
-    if (!d->toldByPress)
+    d->dragEnded = false;
+    if (!d->noticedByPress)
         Q_EMIT noticed(QString());
-    d->toldByPress = false;
+    d->noticedByPress = false;
     const QModelIndex index = indexAt(event->pos());
     const bool left = event->button() == Qt::LeftButton;
     if (left && event->modifiers() == Qt::NoModifier) {
@@ -466,7 +466,7 @@ void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
 
 void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (event->buttons() & Qt::LeftButton && (d->pressed.isValid() || d->spent)) {
+    if (event->buttons() & Qt::LeftButton && (d->pressed.isValid() || d->dragEnded)) {
         if (d->pressed.isValid())
             d->dragTo(event);
         return;
@@ -478,10 +478,10 @@ void VxSideNavPropertyListView::mouseMoveEvent(QMouseEvent *event)
 void VxSideNavPropertyListView::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton && d->selecting)
-        d->pressLate();
+        d->replayPress();
     const QModelIndex clicked = d->drag ? QModelIndex() : QModelIndex(d->pressed);
     d->endGesture();
-    d->spent = d->spent && event->buttons() & Qt::LeftButton;
+    d->dragEnded = d->dragEnded && event->buttons() & Qt::LeftButton;
     QTreeView::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && clicked.isValid() &&
         visualRect(clicked).contains(event->pos()))
