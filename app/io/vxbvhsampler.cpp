@@ -38,7 +38,7 @@ QString jointName(const QString &label)
 }
 
 /// The rotation of a matrix without its scale.
-VxRotation turnOf(const QMatrix4x4 &matrix)
+VxRotation rotationOf(const QMatrix4x4 &matrix)
 {
     std::array<std::array<double, 3>, 3> axes{};
     const auto dot = [](const std::array<double, 3> &a, const std::array<double, 3> &b) {
@@ -63,29 +63,29 @@ VxRotation turnOf(const QMatrix4x4 &matrix)
     for (std::size_t i = 0; i < 3; ++i)
         axes[2][i] = axes[0][(i + 1) % 3] * axes[1][(i + 2) % 3] -
                      axes[0][(i + 2) % 3] * axes[1][(i + 1) % 3];
-    VxRotation turn{};
+    VxRotation rotation{};
     for (std::size_t row = 0; row < 3; ++row)
-        turn[row] = {axes[0][row], axes[1][row], axes[2][row]};
-    return turn;
+        rotation[row] = {axes[0][row], axes[1][row], axes[2][row]};
+    return rotation;
 }
 
 /// A joint's position and rotation in the world.
 struct Frame
 {
     std::array<double, 3> place{};
-    VxRotation turn{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+    VxRotation rotation{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
 
     std::array<double, 3> toLocal(const std::array<double, 3> &point) const
     {
         std::array<double, 3> local{};
         for (std::size_t i = 0; i < 3; ++i) {
             for (std::size_t row = 0; row < 3; ++row)
-                local[i] += turn[row][i] * (point[row] - place[row]);
+                local[i] += rotation[row][i] * (point[row] - place[row]);
         }
         return local;
     }
 
-    VxRotation toLocal(const VxRotation &other) const { return vxTransposed(turn) * other; }
+    VxRotation toLocal(const VxRotation &other) const { return vxTransposed(rotation) * other; }
 };
 
 std::array<double, 3> pointOf(const QVector3D &v)
@@ -218,7 +218,7 @@ Frame VxBvhSampler::Private::frameOf(int joint, const std::vector<QMatrix4x4> &a
     if (joint < 0)
         return {};
     const QMatrix4x4 &world = all[std::size_t(joint)];
-    return {pointOf(world.column(3).toVector3D()), turnOf(world)};
+    return {pointOf(world.column(3).toVector3D()), rotationOf(world)};
 }
 
 void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
@@ -294,7 +294,7 @@ bool VxBvhSampler::Private::workOut(std::vector<float> *values,
             const Frame parent = frameOf(joint.parent, all);
             const Frame own = frameOf(int(i), all);
             const VxRotationOrder order = vxRotationOrder(joint.bone->getRotationOrder());
-            before[i] = vxEulerAngles(parent.toLocal(own.turn), order, before[i]);
+            before[i] = vxEulerAngles(parent.toLocal(own.rotation), order, before[i]);
             const std::array<double, 3> place = parent.toLocal(own.place);
             const std::array<int, 3> axes = vxRotationAxes(order);
             for (std::size_t part = 0; part < 3; ++part) {

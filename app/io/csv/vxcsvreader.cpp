@@ -48,7 +48,7 @@ private:
         NumColumns
     };
 
-    bool goOn(VxFileError *error);
+    bool reportProgress(VxFileError *error);
     bool readKeys(VxFileError *error);
     bool readColumns(VxFileError *error);
     bool readKeyRow(VxFileError *error);
@@ -77,7 +77,7 @@ private:
 };
 
 /** Reports progress periodically; false when cancelled. */
-bool Reader::goOn(VxFileError *error)
+bool Reader::reportProgress(VxFileError *error)
 {
     if (++m_numRows % 1024 != 0 || !m_progress)
         return true;
@@ -189,7 +189,7 @@ bool Reader::readKeys(VxFileError *error)
     if (!readColumns(error))
         return false;
     while (m_rows.next(error)) {
-        if (!readKeyRow(error) || !goOn(error))
+        if (!readKeyRow(error) || !reportProgress(error))
             return false;
     }
     return !error->isSet();
@@ -284,7 +284,7 @@ bool Reader::readFrames(VxFileError *error)
     if (!readHeader(error))
         return false;
     while (m_rows.next(error)) {
-        if (!readFrame(error) || !goOn(error))
+        if (!readFrame(error) || !reportProgress(error))
             return false;
     }
     if (error->isSet())

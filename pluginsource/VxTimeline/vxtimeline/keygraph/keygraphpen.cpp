@@ -29,7 +29,7 @@ void cover(quint8 &covered, double part)
 
 // The last collinear point of the line from a point. The direction is that of the first piece, so
 // that slight bends cannot accumulate.
-int endOfStraight(const QPointF *points, int start, int count)
+int lastCollinearPoint(const QPointF *points, int start, int count)
 {
     int end = start + 1;
     const QPointF piece = points[end] - points[start];
@@ -67,7 +67,7 @@ void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QCo
     // Beside its points the line covers at most its width.
     m_firstOpen = qMax(0, floored(place(points[0]).x() - m_lineWidth));
     for (int i = 0; i + 1 < count;) {
-        const int end = endOfStraight(points, i, count);
+        const int end = lastCollinearPoint(points, i, count);
         const QPointF from = place(points[i]);
         const QPointF to = place(points[end]);
         addPiece({from.x(), from.y(), to.x(), to.y()});
