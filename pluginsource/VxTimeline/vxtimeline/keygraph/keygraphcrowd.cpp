@@ -7,16 +7,17 @@
 namespace {
 
 // Halves away from zero like std::round(), without the cost of a call.
-int rounded(qreal place)
+int rounded(qreal coordinate)
 {
-    return place < 0.0 ? -static_cast<int>(0.5 - place) : static_cast<int>(place + 0.5);
+    return coordinate < 0.0 ? -static_cast<int>(0.5 - coordinate)
+                            : static_cast<int>(coordinate + 0.5);
 }
 
 // For coordinates within the range of curve points.
-int floored(qreal place)
+int floored(qreal coordinate)
 {
     constexpr int shift = 1 << 28;
-    return static_cast<int>(place + shift) - shift;
+    return static_cast<int>(coordinate + shift) - shift;
 }
 
 } // namespace

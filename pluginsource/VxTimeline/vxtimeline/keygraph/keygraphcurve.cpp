@@ -48,10 +48,10 @@ QVector<QPointF> KeyGraphCurves::points(const VxKeyGraphChannel &channel, int in
                                         const KeyGraphScale &scale, int width)
 {
     prepare(scale, width);
-    const auto place = static_cast<std::size_t>(index);
-    if (m_values.size() <= place)
-        m_values.resize(place + 1);
-    std::vector<double> &values = m_values[place];
+    const auto slot = static_cast<std::size_t>(index);
+    if (m_values.size() <= slot)
+        m_values.resize(slot + 1);
+    std::vector<double> &values = m_values[slot];
     if (values.empty() && !m_times.empty()) {
         values.resize(m_times.size());
         channel.getValues(m_times.data(), static_cast<int>(m_times.size()), values.data());

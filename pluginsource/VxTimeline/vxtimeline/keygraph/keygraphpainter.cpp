@@ -25,9 +25,9 @@ QColor halfTransparent(QColor color)
 }
 
 // Pixel columns and rows for lines and fills; far coordinates are clamped to just outside.
-int pixel(double place, int end)
+int clampedPixel(double coordinate, int end)
 {
-    return static_cast<int>(qBound(-1.0, std::floor(place), double(end) + 1.0));
+    return static_cast<int>(qBound(-1.0, std::floor(coordinate), double(end) + 1.0));
 }
 
 } // namespace
@@ -84,8 +84,8 @@ void KeyGraphPainter::paintGrounds()
     m_painter->fillRect(QRect(0, 0, m_stage.leftWidth, height), m_look.side);
     m_painter->fillRect(QRect(width - m_stage.rightWidth, 0, m_stage.rightWidth, height),
                         m_look.side);
-    const int start = pixel(m_scale.x(m_stage.playRange.getStart()), width);
-    const int end = pixel(m_scale.x(m_stage.playRange.getEnd()), width) + 1;
+    const int start = clampedPixel(m_scale.x(m_stage.playRange.getStart()), width);
+    const int end = clampedPixel(m_scale.x(m_stage.playRange.getEnd()), width) + 1;
     m_painter->fillRect(QRect(0, 0, start, height), m_look.outside);
     m_painter->fillRect(QRect(end, 0, width - end, height), m_look.outside);
 }
@@ -105,7 +105,7 @@ QVector<KeyGraphGrid::Line> KeyGraphPainter::valueLines() const
                                           textHeight);
     // A label is above its line; none where it would be cut off or overlap the frame numbers.
     for (KeyGraphGrid::Line &line : lines) {
-        const int y = pixel(line.place, height);
+        const int y = clampedPixel(line.place, height);
         if (y < textHeight || y > height - textHeight)
             line.label.clear();
     }
@@ -130,7 +130,7 @@ void KeyGraphPainter::paintValueGrid()
     const int left = m_stage.leftWidth + m_look.margin;
     m_painter->setFont(m_look.axis.getFont());
     for (const KeyGraphGrid::Line &line : valueLines()) {
-        const int y = pixel(line.place, height);
+        const int y = clampedPixel(line.place, height);
         m_painter->fillRect(QRectF(0, y, m_stage.size.width(), lineWidth()),
                             line.major ? m_look.majorGrid : m_look.grid);
         if (line.label.isEmpty())
@@ -150,7 +150,7 @@ void KeyGraphPainter::paintFrameGrid()
     m_painter->setFont(m_look.axis.getFont());
     for (const KeyGraphGrid::Line &line :
          KeyGraphGrid::frameLines(m_scale, width, m_stage.timeStep, FrameLabelGap, labelWidth)) {
-        const int x = pixel(line.place, width);
+        const int x = clampedPixel(line.place, width);
         const int lineHeight = line.major ? height - m_look.axis.getHeight() : height;
         m_painter->fillRect(QRectF(x, 0, lineWidth(), lineHeight),
                             line.major ? m_look.majorGrid : m_look.grid);

@@ -9,10 +9,10 @@ namespace {
 
 constexpr double Straight = 0.02; // distance in pixels within which points count as collinear
 
-int floored(double place)
+int floored(double value)
 {
-    const int truncated = static_cast<int>(place);
-    return place < truncated ? truncated - 1 : truncated;
+    const int truncated = static_cast<int>(value);
+    return value < truncated ? truncated - 1 : truncated;
 }
 
 // The overlap of [low, high] with the unit interval from number on.
@@ -61,19 +61,19 @@ void KeyGraphPen::draw(const QPointF *points, int count, double ratio, const QCo
     if (count < 2)
         return;
     m_color = qPremultiply(color.rgba());
-    const auto place = [ratio](const QPointF &point) {
+    const auto toPixels = [ratio](const QPointF &point) {
         return (point + QPointF(0.5, 0.5)) * ratio;
     };
     // Beside its points the line covers at most its width.
-    m_firstOpen = qMax(0, floored(place(points[0]).x() - m_lineWidth));
+    m_firstOpen = qMax(0, floored(toPixels(points[0]).x() - m_lineWidth));
     for (int i = 0; i + 1 < count;) {
         const int end = lastCollinearPoint(points, i, count);
-        const QPointF from = place(points[i]);
-        const QPointF to = place(points[end]);
+        const QPointF from = toPixels(points[i]);
+        const QPointF to = toPixels(points[end]);
         addPiece({from.x(), from.y(), to.x(), to.y()});
         i = end;
     }
-    finish(floored(place(points[count - 1]).x() + m_lineWidth) + 1);
+    finish(floored(toPixels(points[count - 1]).x() + m_lineWidth) + 1);
 }
 
 void KeyGraphPen::addPiece(const Piece &piece)
