@@ -69,15 +69,15 @@ void VxDopeSheetModel::followOrder(VxNode *node)
     if (!item || !node->getScene())
         return;
     VxDopeSheetItem *above = item->parentItem();
-    int place = above->node() && propertiesRow(above) ? 1 : 0;
+    int index = above->node() && propertiesRow(above) ? 1 : 0;
     for (int i = node->getSiblingIndex() - 1; i >= 0; --i) {
         const VxDopeSheetItem *before = findItem(siblingAt(node, i));
         if (before && before->parentItem() == above) {
-            place = before->row() + 1;
+            index = before->row() + 1;
             break;
         }
     }
-    moveRow(item, place);
+    moveRow(item, index);
 }
 
 // destination: the index among the siblings before the move.
