@@ -22,12 +22,12 @@ bool isOwnerPart(QChar c)
 }
 
 /** Whether a position is within quotes or a comment, by scanning the text before it. */
-bool isInTextOrComment(const QString &program, int place)
+bool isInTextOrComment(const QString &program, int position)
 {
     QChar quote;
-    for (int i = 0; i < place; ++i) {
+    for (int i = 0; i < position; ++i) {
         const QChar c = program.at(i);
-        const QChar following = i + 1 < place ? program.at(i + 1) : QChar();
+        const QChar following = i + 1 < position ? program.at(i + 1) : QChar();
         if (!quote.isNull()) {
             if (c == QLatin1Char('\\'))
                 ++i;
@@ -37,11 +37,11 @@ bool isInTextOrComment(const QString &program, int place)
             quote = c;
         } else if (c == QLatin1Char('/') && following == QLatin1Char('/')) {
             i = program.indexOf(QLatin1Char('\n'), i);
-            if (i < 0 || i >= place)
+            if (i < 0 || i >= position)
                 return true;
         } else if (c == QLatin1Char('/') && following == QLatin1Char('*')) {
             i = program.indexOf(QLatin1String("*/"), i + 2) + 1;
-            if (i <= 0 || i >= place)
+            if (i <= 0 || i >= position)
                 return true;
         }
     }
@@ -50,14 +50,14 @@ bool isInTextOrComment(const QString &program, int place)
 
 } // namespace
 
-ScriptWord ScriptWord::at(const QString &program, int place)
+ScriptWord ScriptWord::at(const QString &program, int position)
 {
     ScriptWord word;
-    word.isInText = isInTextOrComment(program, place);
-    int start = place;
+    word.isInText = isInTextOrComment(program, position);
+    int start = position;
     while (start > 0 && isNamePart(program.at(start - 1)))
         --start;
-    word.prefix = program.mid(start, place - start);
+    word.prefix = program.mid(start, position - start);
     word.hasDot = start > 0 && program.at(start - 1) == QLatin1Char('.');
     if (!word.hasDot)
         return word;

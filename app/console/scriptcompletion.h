@@ -14,7 +14,7 @@ struct ScriptWord
     bool hasDot = false;
     bool isInText = false; ///< within quotes or a comment: nothing to complete
 
-    static ScriptWord at(const QString &program, int place);
+    static ScriptWord at(const QString &program, int position);
 };
 
 /// The completions of the word, sorted: members of its owner, or global names and the language's

@@ -72,7 +72,7 @@ VxRotation rotationOf(const QMatrix4x4 &matrix)
 /// A joint's position and rotation in the world.
 struct Frame
 {
-    std::array<double, 3> place{};
+    std::array<double, 3> position{};
     VxRotation rotation{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
 
     std::array<double, 3> toLocal(const std::array<double, 3> &point) const
@@ -80,7 +80,7 @@ struct Frame
         std::array<double, 3> local{};
         for (std::size_t i = 0; i < 3; ++i) {
             for (std::size_t row = 0; row < 3; ++row)
-                local[i] += rotation[row][i] * (point[row] - place[row]);
+                local[i] += rotation[row][i] * (point[row] - position[row]);
         }
         return local;
     }
@@ -234,7 +234,8 @@ void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
         }
         out->offset = offsetOf(offset);
     } else {
-        const auto local = frameOf(joint.parent, first).toLocal(frameOf(int(index), first).place);
+        const auto local =
+            frameOf(joint.parent, first).toLocal(frameOf(int(index), first).position);
         out->offset = {float(local[0]), float(local[1]), float(local[2])};
     }
     if (!joint.isLeaf)
@@ -295,10 +296,10 @@ bool VxBvhSampler::Private::workOut(std::vector<float> *values,
             const Frame own = frameOf(int(i), all);
             const VxRotationOrder order = vxRotationOrder(joint.bone->getRotationOrder());
             before[i] = vxEulerAngles(parent.toLocal(own.rotation), order, before[i]);
-            const std::array<double, 3> place = parent.toLocal(own.place);
+            const std::array<double, 3> position = parent.toLocal(own.position);
             const std::array<int, 3> axes = vxRotationAxes(order);
             for (std::size_t part = 0; part < 3; ++part) {
-                (*values)[(first[i] + part) * count + t] = float(place[part]);
+                (*values)[(first[i] + part) * count + t] = float(position[part]);
                 (*values)[(first[i] + 3 + part) * count + t] =
                     float(before[i][std::size_t(axes[part])]);
             }

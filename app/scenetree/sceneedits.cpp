@@ -30,7 +30,7 @@ QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
 
 /// Makes nodes children of a parent in their order, from an index on that is counted among its
 /// other children.
-void place(const QVector<VxNode *> &nodes, VxNode *parent, int first)
+void insertNodes(const QVector<VxNode *> &nodes, VxNode *parent, int first)
 {
     // Present children of the parent move to the end first.
     for (VxNode *node : nodes) {
@@ -124,7 +124,7 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
         if (!stays && displaced)
             displaced->append(node);
     }
-    place(moved, parent, first);
+    insertNodes(moved, parent, first);
     const bool changed = !isReorder || childrenOf(scene, parent) != before;
     if (changed)
         hold.accept(text);

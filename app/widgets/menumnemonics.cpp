@@ -14,18 +14,18 @@ QChar mnemonicOf(const QString &text)
     return sequence.isEmpty() ? QChar() : QChar(sequence[0] & 0xffff).toLower();
 }
 
-bool isFree(const QString &text, int place, const QString &taken)
+bool isFree(const QString &text, int position, const QString &taken)
 {
-    return text.at(place).isLetterOrNumber() && !taken.contains(text.at(place).toLower());
+    return text.at(position).isLetterOrNumber() && !taken.contains(text.at(position).toLower());
 }
 
-bool beginsWord(const QString &text, int place)
+bool beginsWord(const QString &text, int position)
 {
-    return place == 0 || !text.at(place - 1).isLetterOrNumber();
+    return position == 0 || !text.at(position - 1).isLetterOrNumber();
 }
 
 /** The position for a mark; -1 for none. */
-int findPlace(const QString &text, const QString &taken)
+int findPosition(const QString &text, const QString &taken)
 {
     int found = -1;
     for (int i = text.size() - 1; i >= 0; --i) {
@@ -42,10 +42,10 @@ QString MenuMnemonics::marked(const QString &text, QString *taken)
 {
     QString result = text;
     if (mnemonicOf(text).isNull()) {
-        const int place = findPlace(text, *taken);
-        if (place < 0)
+        const int position = findPosition(text, *taken);
+        if (position < 0)
             return text;
-        result.insert(place, QLatin1Char('&'));
+        result.insert(position, QLatin1Char('&'));
     }
     taken->append(mnemonicOf(result));
     return result;
