@@ -42,7 +42,7 @@ public:
     }
     bool checkSize(VxFileError *error) const;
     QVector<VxTime> times() const;
-    void tell(const VxBvhDocument &document, int workedOut);
+    void summarise(const VxBvhDocument &document, int workedOut);
 
     const VxSkeleton *skeleton = nullptr;
     VxTimeRange range;
@@ -74,7 +74,7 @@ QVector<VxTime> VxBvhExport::Private::times() const
     return list;
 }
 
-void VxBvhExport::Private::tell(const VxBvhDocument &document, int workedOut)
+void VxBvhExport::Private::summarise(const VxBvhDocument &document, int workedOut)
 {
     summary = tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
                   .arg(skeleton->getLabel(), QString::number(document.frameCount),
@@ -117,7 +117,7 @@ bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
     sampled.frameTime = d->ticksPerFrame() / VxTicksPerSecond;
     if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
         return fail(error, tr("The export was cancelled."), true);
-    d->tell(sampled, sampler.numWorkedOut());
+    d->summarise(sampled, sampler.numWorkedOut());
     *document = std::move(sampled);
     return true;
 }

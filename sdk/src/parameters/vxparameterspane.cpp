@@ -111,8 +111,8 @@ void VxParametersPane::Private::showNotice(const QString &text)
     if (text.isEmpty())
         return;
     noticeTimer.start();
-    QAccessibleEvent told(notice, QAccessible::Alert);
-    QAccessible::updateAccessibility(&told);
+    QAccessibleEvent alert(notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 VxParametersPane::VxParametersPane()

@@ -42,11 +42,11 @@ void VxScene::Private::touchView()
     if (viewTouched)
         return;
     viewTouched = true;
-    const auto tell = [this] {
+    const auto sendViewChanged = [this] {
         viewTouched = false;
         Q_EMIT q->viewChanged();
     };
-    QMetaObject::invokeMethod(q, tell, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(q, sendViewChanged, Qt::QueuedConnection);
 }
 
 void VxScene::Private::applyTime(VxTime newTime)

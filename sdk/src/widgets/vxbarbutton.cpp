@@ -98,14 +98,14 @@ QKeySequence VxBarButton::shownShortcut() const
 
 QString VxBarButton::toolTipText() const
 {
-    QString told = toolTip();
-    if (told.isEmpty())
-        told = text().remove(QLatin1Char('&'));
+    QString tip = toolTip();
+    if (tip.isEmpty())
+        tip = text().remove(QLatin1Char('&'));
     const QKeySequence shortcut = d->toldShortcut();
-    if (told.isEmpty() || shortcut.isEmpty())
-        return told;
+    if (tip.isEmpty() || shortcut.isEmpty())
+        return tip;
     return tr("%1 (%2)", "name of a command and its shortcut")
-        .arg(told, shortcut.toString(QKeySequence::NativeText));
+        .arg(tip, shortcut.toString(QKeySequence::NativeText));
 }
 
 void VxBarButton::setJoinedEdges(Qt::Edges edges)
@@ -141,12 +141,12 @@ bool VxBarButton::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return QToolButton::event(event);
-    const QString told = toolTipText();
-    if (told.isEmpty()) {
+    const QString tip = toolTipText();
+    if (tip.isEmpty()) {
         event->ignore();
         return true;
     }
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), told, this);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
     return true;
 }
 
