@@ -5,8 +5,10 @@
 // a refusal or after undo.
 //
 //     soak_import COUNT FILE...
+//     soak_import FIRST-LAST FILE...
 //
-// COUNT mutants for each file, in a process of their own each.
+// COUNT mutants for each file, or those of some seeds, in a process of their own each. Time is that
+// of the processor: it is the same however busy the machine is.
 
 #include "io/motion/vxmotionimport.h"
 #include "io/vxscenewriter.h"
@@ -14,7 +16,6 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -123,10 +124,13 @@ struct Totals
     long megabytes = 0;
 };
 
+qint64 milliseconds(const timeval &time)
+{
+    return qint64(time.tv_sec) * 1000 + time.tv_usec / 1000;
+}
+
 void runOne(const QString &file, unsigned seed, Totals *totals)
 {
-    QElapsedTimer timer;
-    timer.start();
     std::fflush(stdout);
     const pid_t child = fork();
     if (child == 0) {
@@ -147,8 +151,9 @@ void runOne(const QString &file, unsigned seed, Totals *totals)
         _exit(most > MaxMegabytes ? Wrong : outcome);
     }
     int status = 0;
-    waitpid(child, &status, 0);
-    const qint64 elapsed = timer.elapsed();
+    rusage usage{}; // with the importer's
+    wait4(child, &status, 0, &usage);
+    const qint64 elapsed = milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
     if (elapsed > totals->longest) {
         totals->longest = elapsed;
         totals->slowest = seed;
@@ -162,7 +167,7 @@ void runOne(const QString &file, unsigned seed, Totals *totals)
     totals->failures += outcome == Wrong || elapsed > MaxMilliseconds;
 }
 
-int runFile(const QString &name, unsigned count)
+int runFile(const QString &name, unsigned first, unsigned last)
 {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -173,7 +178,7 @@ int runFile(const QString &name, unsigned count)
     const QTemporaryDir dir;
     const QString mutantName = dir.filePath(QStringLiteral("mutant.") + QFileInfo(name).suffix());
     Totals totals;
-    for (unsigned seed = 0; seed < count; ++seed) {
+    for (unsigned seed = first; seed <= last; ++seed) {
         const QByteArray bytes = VxFileMutations::mutant(whole, seed);
         QFile mutant(mutantName);
         if (!mutant.open(QIODevice::WriteOnly) || mutant.write(bytes) != bytes.size())
@@ -186,7 +191,7 @@ int runFile(const QString &name, unsigned count)
     std::printf(
         "%s: %u mutants, %d accepted, %d refused, %d of the importer stopped or crashed, %d "
         "failures; longest %lld ms (seed %u); most memory so far %ld MB\n",
-        qPrintable(QFileInfo(name).fileName()), count, totals.counts[Accepted],
+        qPrintable(QFileInfo(name).fileName()), last - first + 1, totals.counts[Accepted],
         totals.counts[Refused], totals.counts[Stopped], totals.failures,
         static_cast<long long>(totals.longest), totals.slowest, usage.ru_maxrss / 1024);
     std::fflush(stdout);
@@ -203,8 +208,11 @@ int main(int argc, char **argv)
         std::fputs("soak_import COUNT FILE...\n", stderr);
         return 2;
     }
+    const QStringList seeds = arguments.at(1).split(QLatin1Char('-'));
+    const unsigned first = seeds.size() > 1 ? seeds.constFirst().toUInt() : 0;
+    const unsigned last = seeds.constLast().toUInt() - (seeds.size() > 1 ? 0 : 1);
     int failures = 0;
     for (int i = 2; i < arguments.size(); ++i)
-        failures += runFile(arguments.at(i), arguments.at(1).toUInt());
+        failures += runFile(arguments.at(i), first, last);
     return failures > 0 ? 1 : 0;
 }

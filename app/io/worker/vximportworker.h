@@ -17,7 +17,7 @@ public:
         /// Bytes of address space beyond those of the program itself; a multiple of the file's size
         /// is added.
         qint64 memory = 400LL * 1024 * 1024;
-        int seconds = 20;        ///< of processor time; some are added for each MB of the file
+        int seconds = 4;         ///< of processor time; one is added for each MB of the file
         int silence = 30 * 1000; ///< maximum milliseconds without output; extended likewise
     };
 
