@@ -52,7 +52,7 @@ void MotionCommands::showReport() const
 {
     const VxImportReport &report = m_document->importReport();
     if (report.file.isEmpty())
-        m_messages->showStatus(tr("No motion was imported yet."));
+        m_messages->showStatus(tr("No motion has been imported yet."));
     else
         showImportReport(report, m_messages->window());
 }

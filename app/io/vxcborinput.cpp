@@ -39,14 +39,15 @@ bool VxCborInput::expect(bool matches, const char *what)
     if (failed())
         return false;
     if (m_reader.lastError() != QCborError::NoError)
-        return fail(tr("The file is damaged or cut off: %1.").arg(m_reader.lastError().toString()));
+        return fail(
+            tr("The file is damaged or truncated: %1.").arg(m_reader.lastError().toString()));
     return matches || fail(tr("Expected %1.").arg(tr(what)));
 }
 
 void VxCborInput::skip()
 {
     if (!m_reader.next(MaxDepth))
-        fail(tr("The file is damaged or cut off: %1.").arg(m_reader.lastError().toString()));
+        fail(tr("The file is damaged or truncated: %1.").arg(m_reader.lastError().toString()));
 }
 
 template <class Step> void VxCborInput::container(const Step &step)

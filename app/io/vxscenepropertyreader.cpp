@@ -292,7 +292,7 @@ void VxScenePropertyReader::setReference(const Reference &reference)
 void VxScenePropertyReader::failReference(const Reference &reference)
 {
     m_input->fail(tr("The property \"%1\" has an invalid reference to property %2: "
-                     "another kind, a circle, or a chain of more than %3 references.")
+                     "a different kind, a cycle, or a chain of more than %3 references.")
                       .arg(m_properties.at(reference.from)->getName())
                       .arg(reference.to)
                       .arg(VxProperty::MaxReferenceChain));

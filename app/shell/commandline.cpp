@@ -126,8 +126,9 @@ void readLimit(const QCommandLineParser &parser, const char *option, int *limit,
     if (ok && value >= 0)
         *limit = value;
     else
-        fail(line,
-             tr("Invalid --%1 \"%2\": expected a whole number from 0 on.").arg(name(option), text));
+        fail(
+            line,
+            tr("Invalid --%1 \"%2\": expected a whole number, 0 or more.").arg(name(option), text));
 }
 
 void readLog(const QString &text, CommandLine *line)

@@ -73,8 +73,8 @@ const QVector<Section> &mouseSections()
          {{QT_TRANSLATE_NOOP("KeyOverview", "Click or drag in the ruler"),
            QT_TRANSLATE_NOOP("KeyOverview", "sets the current time")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Shift and the wheel"),
-           QT_TRANSLATE_NOOP("KeyOverview", "zooms the time about the mouse in rows, ruler, graph "
-                                            "and slider; Ctrl: finely")},
+           QT_TRANSLATE_NOOP("KeyOverview", "zooms the time at the mouse position in rows, ruler, "
+                                            "graph and slider; Ctrl: in small steps")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Horizontal wheel, or Shift, Alt and the wheel"),
            QT_TRANSLATE_NOOP("KeyOverview", "shifts the time")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Drag an end of the time range slider"),

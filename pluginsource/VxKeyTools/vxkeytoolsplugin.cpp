@@ -79,7 +79,7 @@ void addClasses(VxPlugin *plugin)
 VxPlugin *definition()
 {
     static VxPlugin plugin(QStringLiteral("Key Tools"), QStringLiteral("VxTimeline Developers"),
-                           QStringLiteral("Retimes, cleans and edits keys by numbers."), 1, 0, 0,
+                           QStringLiteral("Retimes, cleans and edits keys numerically."), 1, 0, 0,
                            0);
     addClasses(&plugin);
     return &plugin;

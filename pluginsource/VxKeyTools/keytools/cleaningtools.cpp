@@ -71,8 +71,9 @@ KeyToolResult eulerFilter(const KeyToolArguments &)
     }
     run.addNote(tr("; %1 keys changed on %2 rotations").arg(changed).arg(int(rotations.size())));
     if (incomplete > 0)
-        run.addNote(tr("; %1 rotations left out, whose three angles do not have the same keys")
-                        .arg(incomplete));
+        run.addNote(
+            tr("; %1 rotations skipped, because their three angles do not have the same keys")
+                .arg(incomplete));
     return run.finish(tr("Euler Filter"));
 }
 
@@ -247,7 +248,7 @@ KeyToolResult bake(const KeyToolArguments &arguments)
         const VxTime last = property.getKeyTime(span.last - 1);
         const qint64 distance = boundedStep(step, first, last);
         if (distance > std::max<VxTime>(1, step)) {
-            run.addNote(tr("; a stretch is too long to be baked"));
+            run.addNote(tr("; a span is too long to bake"));
             return std::nullopt;
         }
         for (qint64 t = first; t < last; t += distance)
@@ -283,35 +284,35 @@ QVector<KeyTool> cleaningTools()
     return {
         {"eulerFilter",
          tr("Euler Filter"),
-         tr("Replaces the angles of rotations by the equal ones nearest to the key before."),
+         tr("Replaces the angles of rotations with the equivalent ones nearest to the previous "
+            "key."),
          {},
          &eulerFilter},
         {"smoothGaussian",
          tr("Smooth (Gaussian)"),
-         tr("Averages values by a Gaussian of a width in time."),
+         tr("Smooths values with a Gaussian window of the given width."),
          {{"width", tr("Width (frames)"), P::Time, "2", {}, 0}},
          &smoothGaussian},
         {"smoothButterworth",
          tr("Smooth (Butterworth)"),
-         tr("Removes what is faster than a frequency, without delay."),
+         tr("Removes motion above the cut-off frequency without a delay."),
          {{"cutoff", tr("Cut-off (Hz)"), P::Number, "6", {}, 0}},
          &smoothButterworth},
         {"removeSpikes",
          tr("Remove Spikes"),
-         tr("Replaces values that are far from the median around them."),
+         tr("Replaces values that are far from the median of their neighbours."),
          {{"window", tr("Window (frames)"), P::Time, "7", {}, 0},
           {"threshold", tr("Threshold"), P::Number, "5", {}, 0}},
          &removeSpikes},
         {"reduce",
          tr("Reduce Keys"),
-         tr("Leaves as few keys as an error allows; the three angles of a rotation together, by "
-            "the "
-            "angle of rotation."),
+         tr("Removes keys as long as the curve stays within the error. The three angles of a "
+            "rotation are reduced together."),
          {error, {"type", tr("To"), P::Choice, types[0], {types[0], types[2]}}},
          &reduce},
         {"removeFlat",
          tr("Remove Flat Keys"),
-         tr("Removes keys within level stretches, which change nothing."),
+         tr("Removes keys in flat segments, where they do not change the curve."),
          {{"tolerance", tr("Tolerance"), P::Number, "0", {}, 0}},
          &removeFlat},
         {"bake",
@@ -321,7 +322,7 @@ QVector<KeyTool> cleaningTools()
          &bake},
         {"convert",
          tr("Convert Keys"),
-         tr("Gives keys another interpolation type and keeps the curve within an error."),
+         tr("Changes the interpolation type of keys and keeps the curve within the error."),
          {{"type", tr("To"), P::Choice, types[2], types}, error},
          &convert},
     };

@@ -164,6 +164,6 @@ QString KeyTargets::description() const
                                             : QCoreApplication::translate("KeyTools", "channels"));
     if (skipped > 0)
         result +=
-            QCoreApplication::translate("KeyTools", " (%1 locked or linked left out)").arg(skipped);
+            QCoreApplication::translate("KeyTools", " (%1 locked or linked skipped)").arg(skipped);
     return result;
 }

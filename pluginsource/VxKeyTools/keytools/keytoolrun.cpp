@@ -283,7 +283,7 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
                                 .arg(m_result.error, 0, 'g', 3);
     if (m_result.merged > 0)
         m_result.message +=
-            QCoreApplication::translate("KeyTools", "; %1 replaced by others").arg(m_result.merged);
+            QCoreApplication::translate("KeyTools", "; %1 overwritten").arg(m_result.merged);
     const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
     if (window)
         const_cast<VxMainWindow *>(window)->showStatusMessage(m_result.message);

@@ -33,7 +33,7 @@ KeyToolResult pin(const KeyToolArguments &arguments)
     LimbPin limb(vxScene->getPrimarySelection());
     QString obstacle = limb.obstacle();
     if (obstacle.isEmpty() && span.getEnd() < span.getStart())
-        obstacle = tr("the end lies before the start");
+        obstacle = tr("the end is before the start");
     else if (obstacle.isEmpty() &&
              (qint64(span.getEnd()) - span.getStart() + 2 * qint64(falloff)) / step > MaxFrames)
         obstacle = tr("the span has too many frames");
@@ -67,7 +67,7 @@ QVector<KeyTool> poseTools()
     return {
         {"pin",
          tr("Pin Joint"),
-         tr("Keeps the primary selected joint at its place by rotating the two bones above it."),
+         tr("Keeps the primary selected joint in place by rotating the two bones above it."),
          {{"start", tr("Start (frame)"), P::Time, "0"},
           {"end", tr("End (frame)"), P::Time, "30"},
           {"falloff", tr("Falloff (frames)"), P::Time, "5", {}, 0}},

@@ -70,7 +70,7 @@ KeyToolResult scale(const KeyToolArguments &arguments)
 {
     const VxTypedInput factor = arguments.input("factor");
     if (factor.kind == VxTypedInput::Offset)
-        return refused(tr("Scale Times: the factor is a number or a percentage"));
+        return refused(tr("Scale Times: the factor must be a number or a percentage"));
     KeyToolRun run;
     const double pivot = pivotTime(arguments.choice("pivot"), run.targets().range());
     run.edit([&](KeySeries *keys) { scaleTimes(keys, factor.amount, pivot); });
@@ -88,9 +88,9 @@ KeyToolResult retime(const KeyToolArguments &arguments)
     const double end = endInput.kind == VxTypedInput::Factor ? start + span * endInput.amount
                                                              : endInput.appliedTo(range.getEnd());
     if (startInput.kind == VxTypedInput::Factor)
-        return refused(tr("Retime: the start is a time or an offset"));
+        return refused(tr("Retime: the start must be a time or an offset"));
     if (end < start)
-        return refused(tr("Retime: the end lies before the start"));
+        return refused(tr("Retime: the end is before the start"));
     KeyToolRun run(targets);
     run.edit([&](KeySeries *keys) { mapTimes(keys, range, start, end); });
     return run.finish(tr("Retime Keys"));
@@ -224,7 +224,7 @@ QVector<KeyTool> timeTools()
          &insertFrames},
         {"removeFrames",
          tr("Remove Frames"),
-         tr("Deletes the frames from the playhead on, with their keys, and moves later keys."),
+         tr("Deletes frames and their keys from the playhead on and moves later keys earlier."),
          {{"count", tr("Frames"), P::Time, "1", {}, 0}, scope},
          &removeFrames},
         {"snap",
@@ -234,7 +234,7 @@ QVector<KeyTool> timeTools()
          &snap},
         {"spaceEvenly",
          tr("Space Evenly"),
-         tr("Gives the keys of each channel equal distances."),
+         tr("Spaces the keys of each channel evenly in time."),
          {},
          &space},
         {"reverse", tr("Reverse"), tr("Reverses the order of keys in time."), {}, &reverse},

@@ -106,7 +106,7 @@ QVector<KeyTool> valueTools()
          &mirrorValues},
         {"offset",
          tr("Offset With Falloff"),
-         tr("Adds an amount to the keys of a span, less and less before and after it."),
+         tr("Adds an amount to the keys of a span, with a falloff before and after it."),
          {{"amount", tr("Amount"), P::Number, "0"},
           {"start", tr("Start (frame)"), P::Time, "0"},
           {"end", tr("End (frame)"), P::Time, "30"},

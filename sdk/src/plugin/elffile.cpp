@@ -44,5 +44,5 @@ QString ElfFile::objection(const QString &fileName)
         complete = readAt(file, header.e_phoff + quint64(i) * header.e_phentsize, &segment) &&
                    fits(segment.p_offset, segment.p_filesz, size);
     }
-    return complete ? QString() : tr("the file is cut off");
+    return complete ? QString() : tr("the file is truncated");
 }

@@ -235,8 +235,8 @@ VxProperty *VxElement::addProperty(VxProperty *property, const QString &path)
         return nullptr;
     }
     if (path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth) {
-        qWarning("VxElement::addProperty(): \"%s\" is nested in more than %d groups, so \"%s\" "
-                 "does not take it",
+        qWarning("VxElement::addProperty(): \"%s\" is nested in more than %d groups, and cannot be "
+                 "added to \"%s\"",
                  qUtf8Printable(property->getName()), VxProperty::MaxGroupDepth,
                  qUtf8Printable(d->name));
         return nullptr;

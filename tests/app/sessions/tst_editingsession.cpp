@@ -12,6 +12,7 @@
 #include <vector>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxundostack.h>
+#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -94,9 +95,11 @@ qint64 keyCount(const Snapshot &keys)
 
 } // namespace
 
-// A hand at work on a captured walk in the whole program: it selects keys in the dope sheet, drags,
-// copies, pastes, deletes and re-types them, opens and closes rows, and takes steps back. Then all
-// of it is undone, which must give the file's keys, and done again, which must give the last ones.
+// A user at work on a captured walk in the whole program: keys are selected in the dope sheet,
+// dragged, copied, pasted, deleted and re-typed, rows opened and closed, steps undone; channels
+// become aliases, get overriding controls and links, subtrees are removed and re-parented, and the
+// release of a drag is lost. Then all of it is undone, which must give the file's keys, and redone,
+// which must give the last ones.
 //
 // VX_SESSION_SECONDS says how long (3 by default), VX_SESSION_SEED which hand.
 class TestEditingSession : public QObject, private StudioTest
@@ -131,6 +134,9 @@ private:
     void toggleRow();
     void setShape();
     void stepBackAndForth();
+    void giveUp();
+    void changeDependency();
+    void changeNodes();
     void trigger(const char *className) const;
     // The whole history back, forth and back.
     void round();
@@ -141,6 +147,9 @@ private:
     Snapshot m_file;
     std::mt19937 m_random;
     int m_edits = 0;
+    int m_lostReleases = 0;
+    int m_dependencies = 0;
+    int m_nodeChanges = 0;
 };
 
 QDockWidget *TestEditingSession::dockOfTimePane() const
@@ -221,8 +230,8 @@ void TestEditingSession::drag(const QPoint &from, const QPoint &to, Qt::Keyboard
         while (clock.elapsed() < PreviewMilliseconds)
             hand.moveTo(to + QPoint(number(-20, 20), 0), modifiers);
     }
-    if (chance(12))
-        type(Qt::Key_Escape);
+    if (chance(6))
+        giveUp();
     hand.moveTo(to, modifiers);
     hand.release(to, Qt::LeftButton, modifiers);
 }
@@ -252,12 +261,74 @@ void TestEditingSession::stepBackAndForth()
         stack->redo();
 }
 
+// The release that follows counts for nothing.
+void TestEditingSession::giveUp()
+{
+    ++m_lostReleases;
+    switch (number(0, 3)) {
+    case 0:
+        type(Qt::Key_Escape);
+        break;
+    case 1:
+        m_sheet->hide();
+        m_sheet->show();
+        break;
+    case 2:
+        if (QWidget *focus = QApplication::focusWidget())
+            focus->clearFocus();
+        break;
+    default:
+        dockOfTimePane()->setFloating(!dockOfTimePane()->isFloating());
+        dockOfTimePane()->setFloating(false);
+    }
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
+}
+
+void TestEditingSession::changeDependency()
+{
+    const QVector<VxNode *> nodes = vxScene->getNodes();
+    VxFloatProperty *property = nodes.at(number(0, nodes.size() - 1))->getYPosControl();
+    VxFloatProperty *target = nodes.at(number(0, nodes.size() - 1))->getXRotControl();
+    VxUndoStackHold hold;
+    switch (number(0, 3)) { // refused where it would make a circle
+    case 0:
+        property->setAliasedProperty(target);
+        break;
+    case 1:
+        property->setOverridingControl(target);
+        break;
+    case 2:
+        property->setLink(target);
+        break;
+    default:
+        property->setAliasedProperty(nullptr);
+        property->setOverridingControl(nullptr);
+        property->setLink(nullptr);
+    }
+    hold.accept(QStringLiteral("Dependency"));
+    ++m_dependencies;
+}
+
+// Few nodes at a time, so that keys remain to be edited.
+void TestEditingSession::changeNodes()
+{
+    const QVector<VxNode *> nodes = vxScene->getNodes();
+    VxNode *node = nodes.at(number(1, nodes.size() - 1));
+    VxUndoStackHold hold;
+    if (node->getNumNodeChildren() < 4 && chance(2))
+        vxScene->removeNode(node);
+    else
+        node->setNodeParent(nodes.at(number(0, nodes.size() - 1))); // refused below itself
+    hold.accept(QStringLiteral("Nodes"));
+    ++m_nodeChanges;
+}
+
 void TestEditingSession::gesture()
 {
     if (chance(3))
         m_sheet->verticalScrollBar()->setValue(number(0, m_sheet->verticalScrollBar()->maximum()));
     const QPoint place = someKey();
-    switch (number(0, 15)) {
+    switch (number(0, 18)) {
     case 0:
     case 1:
     case 2:
@@ -297,6 +368,13 @@ void TestEditingSession::gesture()
     case 14:
         if (vxScene->getPrimarySelection())
             trigger("VxTimePaneCreateKeysAction");
+        break;
+    case 15:
+    case 16:
+        changeDependency();
+        break;
+    case 17:
+        changeNodes();
         break;
     default:
         stepBackAndForth();
@@ -352,7 +430,9 @@ void TestEditingSession::everythingCanBeUndone()
             qWarning("round %d of seed %d", rounds, seed);
     } while (!QTest::currentTestFailed() && clock.elapsed() < 1000 * (isSet ? seconds : 3));
     QVERIFY2(m_edits >= LeastEdits * rounds, "the hand has hardly changed anything");
-    qInfo("%d edits in %d rounds", m_edits, rounds);
+    QVERIFY(m_dependencies > 0 && m_nodeChanges > 0);
+    qInfo("%d edits in %d rounds, %d lost releases, %d dependencies, %d changes of nodes", m_edits,
+          rounds, m_lostReleases, m_dependencies, m_nodeChanges);
 }
 
 VX_TEST_MAIN(TestEditingSession)

@@ -78,6 +78,8 @@ private Q_SLOTS:
     void pressOnASelectedKeyTellsAll();
     void clickBesideTheKeysTellsThatNoneIs();
     void escapeTellsWhereKeysAreAgain();
+    void dragBackTellsWhereKeysAreAgain_data();
+    void dragBackTellsWhereKeysAreAgain();
     void lostReleaseEndsAtTheNextPress();
     void lostReleasePutsKeysBack_data();
     void lostReleasePutsKeysBack();
@@ -174,6 +176,32 @@ void TestDopeSheetGestureEnds::escapeTellsWhereKeysAreAgain()
     QCOMPARE(keyTimes(x()), Times({0, 1600, 3200, 4800}));
     QCOMPARE(graph.selected(x()), QSet<int>({1}));
     hand.release(from);
+    view->setKeyCommunication(nullptr);
+}
+
+void TestDopeSheetGestureEnds::dragBackTellsWhereKeysAreAgain_data()
+{
+    QTest::addColumn<int>("pixels");
+    QTest::newRow("to the press") << 0;
+    QTest::newRow("left of it, within the frame") << -3;
+}
+
+// The other side knows keys by their times, and on its way the key had another one.
+void TestDopeSheetGestureEnds::dragBackTellsWhereKeysAreAgain()
+{
+    QFETCH(int, pixels);
+    const Listener graph(view.get());
+    view->setKeySelection(true, hipX(), hipX(), 1600, 1600);
+    VxMouseDriver hand = mouse();
+    const QPoint from = at(hipX(), 1600);
+    hand.press(from);
+    waitForPreview(hand, from + QPoint(150, 0), Times({0, 3200, 4000, 4800}));
+    QCOMPARE(graph.selected(x()), QSet<int>({2}));
+    hand.moveTo(from + QPoint(pixels, 0));
+    hand.release(from + QPoint(pixels, 0));
+    QCOMPARE(keyTimes(x()), Times({0, 1600, 3200, 4800}));
+    QCOMPARE(selected(hipX()), Times({1600}));
+    QCOMPARE(graph.selected(x()), QSet<int>({1}));
     view->setKeyCommunication(nullptr);
 }
 

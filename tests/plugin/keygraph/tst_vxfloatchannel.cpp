@@ -1,6 +1,7 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
 
+#include <vxcore/vxchangeblock.h>
 #include <vxcore/vxstyle.h>
 
 #include "vxtimeline/keygraph/keygraphdrag.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void movesMayCross();
     void lockedKeysStay();
     void selectionFollowsKeysThroughARebuild();
+    void showsPresentKeysWithinAChangeBlock();
     void keysPassedKeepTheirSelection();
     void aSelectedNeighbourStaysSelected_data();
     void aSelectedNeighbourStaysSelected();
@@ -569,6 +571,21 @@ void TestFloatChannel::boxToldOnce()
     QCOMPARE(messages.at(1).selectedKeys.value(property), QVector<qint32>({4}));
     QCOMPARE(messages.at(1).deselectedKeys.value(property), QVector<qint32>({1, 2}));
     QCOMPARE(messages.at(2).deselectedKeys.value(property), QVector<qint32>({3, 4, 5}));
+}
+
+// No report arrives before the block ends, and the number of keys stays the same.
+void TestFloatChannel::showsPresentKeysWithinAChangeBlock()
+{
+    VxFloatProperty *property = addProperty(QStringLiteral("Block"));
+    for (const VxTime time : {1600, 3200, 8000})
+        property->setKey(time, 5.0f, VxKeyInterp::Linear);
+    VxFloatChannel channel(property, nullptr);
+    channel.selectKey(0, true);
+    QCOMPARE(selectedOf(channel), QVector<int>{0});
+    const VxChangeBlock block;
+    QVERIFY(property->moveKeys({0}, {4800}));
+    QCOMPARE(channel.getKeyCache().first().time, 3200);
+    QCOMPARE(selectedOf(channel), QVector<int>());
 }
 
 VX_TEST_MAIN(TestFloatChannel)

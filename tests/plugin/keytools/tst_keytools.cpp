@@ -249,7 +249,7 @@ void tst_KeyTools::messagesNameTheTargets()
     KeyToolStage stage;
     stage.draw("A B . c");
     QCOMPARE(stage.run("KeyTools.move({by: '2'}).message"),
-             QString("Move Keys: 2 selected keys on 1 channel; 1 replaced by others"));
+             QString("Move Keys: 2 selected keys on 1 channel; 1 overwritten"));
     stage.app.getKeySelection()->clear();
     stage.node->select();
     QCOMPARE(stage.run("KeyTools.move({by: '2'}).message"),
@@ -276,13 +276,14 @@ void tst_KeyTools::refusals_data()
         << "KeyTools.convert: Convert Keys: \"Bezier\" cannot be used for To";
     QTest::newRow("an unknown parameter") << "move({to: 3})"
                                           << "KeyTools.move: Move has no parameter to";
-    QTest::newRow("no object") << "move(3)"
-                               << "KeyTools.move: the argument is an object with the parameters";
+    QTest::newRow("no object")
+        << "move(3)"
+        << "KeyTools.move: the argument must be an object with the parameters";
     QTest::newRow("an end before the start") << "retime({start: 320, end: 160}).message"
-                                             << "Retime: the end lies before the start";
+                                             << "Retime: the end is before the start";
     QTest::newRow("an offset for a factor")
         << "scaleTimes({factor: '+2'}).message"
-        << "Scale Times: the factor is a number or a percentage";
+        << "Scale Times: the factor must be a number or a percentage";
     QTest::newRow("no limb") << "pin().message"
                              << "Pin Joint: select a joint with two joints above it";
 }
@@ -374,7 +375,7 @@ void tst_KeyTools::lockedAndLinkedAreLeftOut()
         return times;
     }();
     const QString message = stage.run("KeyTools.move({by: '1'}).message");
-    QVERIFY2(message.contains("locked or linked left out"), qPrintable(message));
+    QVERIFY2(message.contains("locked or linked skipped"), qPrintable(message));
     for (int i = 0; i < special.locked->getNumKeys(); ++i)
         QCOMPARE(special.locked->getKeyTime(i), before[i]);
     // The alias and its property have the same keys, which moved once.
@@ -427,7 +428,7 @@ void tst_KeyTools::eulerFilterKeepsRotations()
     }
     // One angle alone is no rotation.
     controls[1]->deleteKeys(0, 3);
-    QVERIFY(stage.run("KeyTools.eulerFilter().message").contains("1 rotations left out"));
+    QVERIFY(stage.run("KeyTools.eulerFilter().message").contains("1 rotations skipped"));
 }
 
 void tst_KeyTools::smoothingRemovesJitter()

@@ -53,6 +53,7 @@ void VxDopeSheetView::Private::dropKeys()
     const VxTime offset = dragOffset();
     if (offset == 0) {
         putKeysBack();
+        keys.sendSelected();
         return;
     }
     if (!dragHold)
