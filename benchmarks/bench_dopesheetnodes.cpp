@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <functional>
@@ -121,14 +122,17 @@ QVector<VxNode *> addLevel(int count)
 
 QStringList wantedNames;
 
+bool isWanted(const QString &name)
+{
+    return wantedNames.isEmpty() ||
+           std::any_of(wantedNames.cbegin(), wantedNames.cend(),
+                       [&name](const QString &wanted) { return name.contains(wanted); });
+}
+
 void measure(const QString &name, int count, const Action &action)
 {
-    for (const QString &wanted : qAsConst(wantedNames)) {
-        if (name.contains(wanted))
-            break;
-        if (wanted == wantedNames.last())
-            return;
-    }
+    if (!isWanted(name))
+        return;
     const double bytes = allocatedBytes();
     const double start = processorMilliseconds();
     action();
@@ -138,28 +142,82 @@ void measure(const QString &name, int count, const Action &action)
     std::fflush(stdout);
 }
 
+void chain(int count)
+{
+    const QString name = QStringLiteral("chain of %1: ").arg(count);
+    Stage stage(false);
+    VxNode *first = nullptr;
+    measure(name + QStringLiteral("add, open, paint"), count, [&] {
+        first = addChain(count);
+        stage.openAll();
+    });
+    if (!first)
+        return;
+    const auto filter = [&](const QString &what, const QString &text) {
+        measure(name + what, count, [&] { stage.view->applyFilterText(text); });
+    };
+    vxScene->selectAllNodes(true);
+    QApplication::processEvents();
+    filter(QStringLiteral("filter, all nodes selected"), QStringLiteral("bone %1").arg(count - 1));
+    filter(QStringLiteral("filter cleared"), QString());
+    stage.view->selectAll();
+    filter(QStringLiteral("filter, all rows selected"), QStringLiteral("bone %1").arg(count - 1));
+    filter(QStringLiteral("filter cleared again"), QString());
+    filter(QStringLiteral("filter that nothing matches"), QStringLiteral("leg"));
+    filter(QStringLiteral("and cleared"), QString());
+    vxScene->selectAllNodes(false);
+    stage.openAll();
+    measure(name + QStringLiteral("remove"), count, [&] { vxScene->removeNode(first); });
+    measure(name + QStringLiteral("paint"), count, [&] { stage.paint(); });
+    first = addChain(count);
+    stage.openAll();
+    stage.view->selectAll();
+    stage.paint();
+    measure(name + QStringLiteral("remove selected"), count, [&] { vxScene->removeNode(first); });
+}
+
 void chains()
 {
-    for (const int count : {200, 400, 1000}) {
-        const QString chain = QStringLiteral("chain of %1: ").arg(count);
-        Stage stage(false);
-        VxNode *first = nullptr;
-        measure(chain + QStringLiteral("add, open, paint"), count, [&] {
-            first = addChain(count);
-            stage.openAll();
-        });
-        if (!first)
-            continue;
-        vxScene->selectAllNodes(true);
-        QApplication::processEvents();
-        measure(chain + QStringLiteral("filter, all selected"), count,
-                [&] { stage.view->applyFilterText(QStringLiteral("bone %1").arg(count - 1)); });
-        measure(chain + QStringLiteral("filter cleared"), count,
-                [&] { stage.view->applyFilterText(QString()); });
-        vxScene->selectAllNodes(false);
-        stage.openAll();
-        measure(chain + QStringLiteral("remove"), count, [&] { vxScene->removeNode(first); });
-        measure(chain + QStringLiteral("paint"), count, [&] { stage.paint(); });
+    for (const int count : {200, 400, 1133, 4000})
+        chain(count);
+}
+
+// Nodes of one level that are removed one by one, as a script does it.
+void siblings()
+{
+    for (const int count : {1000, 4000, 16000, 64000}) {
+        for (const QString &how :
+             {QStringLiteral("closed"), QStringLiteral("open"), QStringLiteral("open, selected")}) {
+            for (const bool forward : {true, false}) {
+                const QString name =
+                    QStringLiteral("%1 siblings, %2: ").arg(QString::number(count), how);
+                if (!isWanted(name))
+                    continue;
+                Stage stage(false);
+                QVector<VxNode *> nodes;
+                measure(name + QStringLiteral("add"), count, [&] {
+                    for (int i = 0; i < count; ++i) {
+                        nodes.append(new VxNode(QStringLiteral("node %1").arg(i)));
+                        vxScene->addNode(nodes.last());
+                    }
+                    stage.paint();
+                });
+                if (how != QLatin1String("closed"))
+                    stage.openAll();
+                if (how.endsWith(QLatin1String("selected")))
+                    stage.view->selectAll();
+                stage.paint();
+                if (!forward)
+                    std::reverse(nodes.begin(), nodes.end());
+                measure(name + (forward ? QStringLiteral("remove first to last")
+                                        : QStringLiteral("remove last to first")),
+                        count, [&] {
+                            for (VxNode *node : qAsConst(nodes))
+                                vxScene->removeNode(node);
+                            stage.paint();
+                        });
+            }
+        }
     }
 }
 
@@ -182,27 +240,47 @@ void levels()
         stage.view->selectAll();
         stage.paint();
     });
+    measure(QStringLiteral("100000 nodes: filter"), count, [&] {
+        stage.view->applyFilterText(QStringLiteral("9"));
+        stage.paint();
+    });
+    measure(QStringLiteral("100000 nodes: filter cleared"), count, [&] {
+        stage.view->applyFilterText(QString());
+        stage.paint();
+    });
     std::printf("100000 nodes: %.0f bytes a node in all\n", (allocatedBytes() - before) / count);
+    measure(QStringLiteral("100000 nodes: clear"), count, [&] {
+        vxScene->clear();
+        stage.paint();
+    });
 }
 
+// 400 groups a node, in paths as deep as they may be.
 void groups()
 {
     const int count = 1000;
     QString path;
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 56; ++i)
         path += QStringLiteral("/g");
     const double before = allocatedBytes();
     Stage stage(true);
     QVector<VxNode *> nodes;
-    measure(QStringLiteral("1000 nodes, 400 groups: add, open, paint"), count, [&] {
+    measure(QStringLiteral("1000 nodes, 400 groups: add"), count, [&] {
         nodes = addLevel(count);
-        for (VxNode *node : qAsConst(nodes))
-            node->addProperty(new VxFloatProperty(QStringLiteral("value"), 0.0f), path);
+        for (VxNode *node : qAsConst(nodes)) {
+            for (int i = 0; i < 7; ++i)
+                node->addProperty(new VxFloatProperty(QStringLiteral("value %1").arg(i), 0.0f),
+                                  QStringLiteral("/top %1").arg(i) + path);
+        }
         QApplication::processEvents();
-        stage.openAll();
     });
+    measure(QStringLiteral("1000 nodes, 400 groups: open, paint"), count, [&] { stage.openAll(); });
     measure(QStringLiteral("1000 nodes, 400 groups: select all"), count, [&] {
         stage.view->selectAll();
+        stage.paint();
+    });
+    measure(QStringLiteral("1000 nodes, 400 groups: deselect all"), count, [&] {
+        stage.view->clearSelection();
         stage.paint();
     });
     std::printf("1000 nodes, 400 groups: %.0f bytes a node in all\n",
@@ -223,6 +301,8 @@ int main(int argc, char **argv)
     };
     if (wants("chain"))
         chains();
+    if (wants("siblings"))
+        siblings();
     if (wants("100000"))
         levels();
     if (wants("groups"))

@@ -52,6 +52,14 @@ QItemSelection everything(const QAbstractItemModel &model)
     return selection;
 }
 
+QItemSelection firstHalf(const QItemSelection &selection)
+{
+    QItemSelection half;
+    for (int i = 0; i < selection.size() / 2; ++i)
+        half.append(selection.at(i));
+    return half;
+}
+
 // Counts the questions for a row's parent: every comparison of two ranges asks some.
 class CountingModel : public QIdentityProxyModel
 {
@@ -276,6 +284,9 @@ void TestDopeSheetSelectionModel::workGrowsWithTheRanges()
         selection.select(all, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         const bool found =
             selection.isRowSelected(counting.index(2, 0, counting.index(parents - 1, 0)));
+        selection.select(all, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        selection.select(firstHalf(all),
+                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         selection.select(all, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         selection.clear();
         return found ? counting.count : -1;

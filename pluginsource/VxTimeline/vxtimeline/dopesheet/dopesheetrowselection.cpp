@@ -80,6 +80,13 @@ void DopeSheetRowSelection::report() const
     Q_EMIT m_view->propertyHitListChanged(properties(), false);
 }
 
+void DopeSheetRowSelection::reportChangeSince(const QVector<VxProperty *> &before) const
+{
+    const QVector<VxProperty *> after = properties();
+    if (after != before)
+        Q_EMIT m_view->propertyHitListChanged(after, false);
+}
+
 // Deselecting only a node's row deselects the rows of its properties too: they would select the
 // node, and so its row, again.
 void DopeSheetRowSelection::deselectRowsOf(const QItemSelection &deselected) const

@@ -39,6 +39,9 @@ public:
     // The properties of the selected rows, each once, in the order of the rows.
     QVector<VxProperty *> properties() const;
 
+    // Reports the properties of the selected rows if they differ from these.
+    void reportChangeSince(const QVector<VxProperty *> &before) const;
+
     // During its lifetime, changes of the row selection are not applied to the scene.
     class Hold
     {

@@ -19,10 +19,12 @@ struct RowSpan
         return a.parent == b.parent ? a.top < b.top : a.parent < b.parent;
     }
     bool meets(const RowSpan &next) const { return parent == next.parent && bottom >= next.top; }
+    bool overlaps(const RowSpan &other) const { return meets(other) && other.meets(*this); }
 };
 
 using RowSpans = std::vector<RowSpan>;
 
+// Sorted.
 RowSpans spansOf(const QItemSelection &selection)
 {
     RowSpans spans;
@@ -31,12 +33,12 @@ RowSpans spansOf(const QItemSelection &selection)
         if (range.isValid())
             spans.push_back({range.parent(), range.top(), range.bottom()});
     }
+    std::sort(spans.begin(), spans.end());
     return spans;
 }
 
-bool areDisjoint(RowSpans spans)
+bool areDisjoint(const RowSpans &spans)
 {
-    std::sort(spans.begin(), spans.end());
     const auto meet = [](const RowSpan &a, const RowSpan &b) { return a.meets(b); };
     return std::adjacent_find(spans.begin(), spans.end(), meet) == spans.end();
 }
@@ -51,6 +53,25 @@ QItemSelection wholeRows(const QAbstractItemModel *model, const RowSpans &spans)
                                         model->index(span.bottom, last, span.parent)));
     }
     return rows;
+}
+
+// The rows of some spans that no others include; both sorted and disjoint.
+RowSpans difference(const RowSpans &spans, const RowSpans &others)
+{
+    RowSpans left;
+    auto other = others.cbegin();
+    for (RowSpan span : spans) {
+        while (other != others.cend() && *other < span && !other->meets(span))
+            ++other;
+        for (auto next = other; next != others.cend() && span.overlaps(*next); ++next) {
+            if (next->top > span.top)
+                left.push_back({span.parent, span.top, next->top - 1});
+            span.top = next->bottom + 1;
+        }
+        if (span.top <= span.bottom)
+            left.push_back(span);
+    }
+    return left;
 }
 
 } // namespace
@@ -112,11 +133,33 @@ void DopeSheetSelectionModel::select(const QItemSelection &selection, SelectionF
     if (command & Rows && selection.size() > 1) {
         const RowSpans spans = spansOf(selection);
         if (areDisjoint(spans)) {
-            QItemSelectionModel::select(wholeRows(model(), spans), command & ~SelectionFlags(Rows));
+            selectRows(wholeRows(model(), spans), command & ~SelectionFlags(Rows));
             return;
         }
     }
     QItemSelectionModel::select(selection, command);
+}
+
+// The base class compares every range that was selected with every one that will be.
+void DopeSheetSelectionModel::selectRows(const QItemSelection &rows, SelectionFlags command)
+{
+    const bool replaces = (command & Clear) && (command & Select) && !(command & Deselect);
+    const QItemSelection before = replaces ? selection() : QItemSelection();
+    if (before.isEmpty()) {
+        QItemSelectionModel::select(rows, command);
+        return;
+    }
+    const RowSpans former = spansOf(before);
+    const RowSpans present = spansOf(rows);
+    const QItemSelection selected = wholeRows(model(), difference(present, former));
+    const QItemSelection deselected = wholeRows(model(), difference(former, present));
+    {
+        const QSignalBlocker quiet(this);
+        QItemSelectionModel::select(QItemSelection(), Clear);
+        QItemSelectionModel::select(rows, command & ~SelectionFlags(Clear));
+    }
+    if (!selected.isEmpty() || !deselected.isEmpty())
+        Q_EMIT selectionChanged(selected, deselected);
 }
 
 void DopeSheetSelectionModel::selectOnly(const std::vector<QModelIndex> &rows)

@@ -9,8 +9,8 @@
 //
 // A selection of an open tree has a range of rows for each parent, thousands in a large scene. The
 // base class compares every range with every other when it extends them to whole rows, and walks
-// through all of them for each query of a row. Here disjoint ranges are extended one by one, and a
-// row is found by bisection.
+// through all of them for each query of a row. Here disjoint ranges are sorted, extended one by one
+// and compared in their order, and a row is found by bisection.
 class DopeSheetSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
@@ -30,6 +30,8 @@ public:
 
 private:
     void forgetRows();
+    // Ranges of whole rows that do not meet.
+    void selectRows(const QItemSelection &rows, SelectionFlags command);
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -1,11 +1,15 @@
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QSignalBlocker>
 #include <vector>
 
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 
 namespace {
+
+// So many rows at the top level are filtered by a reset of the model.
+constexpr int ManyRows = 4000;
 
 enum Match : quint8 { NoMatch = 0, OwnMatch = 1, MatchBelow = 2 };
 
@@ -51,15 +55,36 @@ void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
     QSortFilterProxyModel::setSourceModel(model);
 }
 
+// The base class would filter all rows to say how many columns they have.
+int VxDopeSheetFilterModel::columnCount(const QModelIndex &parent) const
+{
+    return sourceModel() ? sourceModel()->columnCount(mapToSource(parent)) : 0;
+}
+
 void VxDopeSheetFilterModel::forgetMatches()
 {
     d->matches.clear();
 }
 
+// The base class removes and inserts each run of rows by itself, and takes time for it in
+// proportion to all rows of their parent. Without a source model it has nothing to do.
 void VxDopeSheetFilterModel::refilter(const QRegExp &pattern)
 {
-    findMatches(pattern);
-    setFilterRegExp(pattern);
+    QAbstractItemModel *model = sourceModel();
+    if (!model || model->rowCount() < ManyRows) {
+        findMatches(pattern);
+        setFilterRegExp(pattern);
+        return;
+    }
+    beginResetModel();
+    {
+        const QSignalBlocker quiet(this);
+        QSortFilterProxyModel::setSourceModel(nullptr);
+        setFilterRegExp(pattern);
+        QSortFilterProxyModel::setSourceModel(model);
+        findMatches(pattern);
+    }
+    endResetModel();
 }
 
 void VxDopeSheetFilterModel::refilter()
@@ -93,6 +118,13 @@ bool VxDopeSheetFilterModel::hasMatchBelow(const QModelIndex &index) const
 {
     const int match = d->matchOf(mapToSource(index));
     return match > 0 && (match & MatchBelow);
+}
+
+// For a row below others that are left out the base class would make tables for all of these.
+QModelIndex VxDopeSheetFilterModel::findShown(const QModelIndex &sourceRow) const
+{
+    const bool isLeftOut = sourceRow.isValid() && d->matchOf(sourceRow) == NoMatch;
+    return isLeftOut ? QModelIndex() : mapFromSource(sourceRow);
 }
 
 bool VxDopeSheetFilterModel::filterAcceptsRow(int row, const QModelIndex &parent) const

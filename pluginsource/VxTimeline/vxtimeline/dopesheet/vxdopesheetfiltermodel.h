@@ -18,14 +18,19 @@ public:
     ~VxDopeSheetFilterModel() override;
 
     void setSourceModel(QAbstractItemModel *model) override;
+    // That of the source model: no column is left out.
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
 
-    // Filters all rows by a pattern; without one, by the present pattern: for rows that were
-    // renamed, or added below filtered out rows.
+    // Filters all rows by a pattern; thousands of root rows are filtered by a reset of the model.
+    // Without a pattern, by the present one: for rows that were renamed, or added below filtered
+    // out rows.
     void refilter(const QRegExp &pattern);
     void refilter();
     // Whether any row below an index of this model matches the pattern; false when rows were added
     // or removed since the last refilter().
     bool hasMatchBelow(const QModelIndex &index) const;
+    // What mapFromSource() finds, also for thousands of rows that are left out.
+    QModelIndex findShown(const QModelIndex &sourceRow) const;
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;

@@ -158,8 +158,9 @@ VxDopeSheetItem *VxDopeSheetItem::parentItem() const
 void VxDopeSheetItem::setParent(VxDopeSheetItem *newParent)
 {
     if (VxDopeSheetItem *old = d->parent) {
-        old->d->children.removeAt(d->row);
-        old->d->renumber(d->row);
+        const int place = row();
+        old->d->children.removeAt(place);
+        old->d->numbered = std::min(old->d->numbered, place);
         old->d->addSelected(-d->selectedBelow);
         old->invalidateKeys();
     }
@@ -177,7 +178,7 @@ void VxDopeSheetItem::setParent(VxDopeSheetItem *newParent)
 
 int VxDopeSheetItem::row() const
 {
-    return d->row;
+    return d->parent ? d->parent->d->rowOf(d.get()) : -1;
 }
 
 int VxDopeSheetItem::childCount() const

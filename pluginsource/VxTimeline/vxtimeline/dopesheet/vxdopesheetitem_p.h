@@ -28,7 +28,9 @@ public:
     VxDopeSheetItem *q;
     QString label;
     QString nodePath; // computed on demand
+    // The index among the parent's children, or the one before others were removed.
     int row = -1;
+    int numbered = 0; // so many of the first children have their present rows
     VxDopeSheetItem *parent = nullptr;
     QVector<VxDopeSheetItem *> children;
     VxNode *node = nullptr;
@@ -60,6 +62,9 @@ public:
     // Only when the node may have a key: without rows it shows none anyway.
     void makeRowsWithKeys();
     void renumber(int from);
+    // The row of a child. Removing a child leaves the others with their former rows, which are not
+    // before the present ones.
+    int rowOf(Private *child);
     void addSelected(qint64 difference);
     // Within a change block the property's keys may change before it reports them.
     bool showsPresentKeys() const;

@@ -14,6 +14,17 @@ void VxDopeSheetItem::Private::renumber(int from)
         children.at(i)->d->row = i;
 }
 
+int VxDopeSheetItem::Private::rowOf(Private *child)
+{
+    if (child->row < numbered)
+        return child->row;
+    if (children.at(numbered)->d.get() == child)
+        child->row = numbered++;
+    else
+        child->row = children.lastIndexOf(child->q, std::min(child->row, children.size() - 1));
+    return child->row;
+}
+
 void VxDopeSheetItem::Private::addSelected(qint64 difference)
 {
     if (difference == 0)

@@ -229,9 +229,7 @@ void VxDopeSheetModel::addRow(VxNode *node)
     VxDopeSheetItem *parentItem = above ? d->rows.value(above, nullptr) : &d->root;
     if (!parentItem)
         return;
-    const int row = parentItem->childCount();
-    if (!d->isResetting)
-        beginInsertRows(indexOf(parentItem), row, row);
+    d->beginInsert(parentItem, parentItem->childCount());
     auto *item = new VxDopeSheetItem;
     item->setNode(node);
     item->setParent(parentItem);
@@ -246,8 +244,7 @@ void VxDopeSheetModel::addRow(VxNode *node)
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     d->rows.insert(node, item);
     d->propertyRowsValid = false;
-    if (!d->isResetting)
-        endInsertRows();
+    d->endInsert();
     handleNameChanged();
 }
 
@@ -367,9 +364,9 @@ void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destr
     d->forgetRows(item, destroyedNode);
     if (destroyedNode)
         item->setNode(nullptr);
-    beginRemoveRows(indexOf(item->parentItem()), item->row(), item->row());
+    d->beginRemove(item);
     delete item;
-    endRemoveRows();
+    d->endRemove();
     handleNameChanged();
 }
 

@@ -55,6 +55,9 @@ public:
     // filter model takes time for each added row in proportion to its existing rows.
     void resetDuring(const std::function<void()> &change);
 
+    // Ends a series of many changes now rather than at the end of this event loop iteration.
+    void endManyChanges() const;
+
     // Move a root row; a node without one is ignored.
     void moveRootRowToTop(VxNode *node);
     void moveRootRowUp(VxNode *node);
@@ -84,6 +87,12 @@ Q_SIGNALS:
     // Rows were added, removed, moved or renamed: a search in names should be repeated. Sent once
     // for all changes of one event loop iteration.
     void namesChanged();
+    // Many rows are added or removed one by one in one turn of the event loop. Between the two
+    // signals each change is a reset of the model: a filter model takes time for a single row in
+    // proportion to all rows, and every model does for all rows that views have open or selected.
+    // Views are to close and deselect all rows, and to open and select them again afterwards.
+    void manyChangesStarting();
+    void manyChangesFinished();
 
 public Q_SLOTS:
     // Adds the rows of a node, after those of its ancestors that are missing, as the last ones of

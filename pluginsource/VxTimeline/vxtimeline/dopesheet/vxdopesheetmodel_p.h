@@ -35,6 +35,12 @@ public:
     int keyCreationScope = 2;
     bool namesChangedPending = false;
     bool isResetting = false; // rows are added and moved without signals
+    // The number of rows added or removed in this event loop iteration, and the sum over them of
+    // the number of nodes that had rows.
+    int changes = 0;
+    qint64 changedAmong = 0;
+    bool isChangingMany = false;
+    QVector<bool> openResets; // for each change that has begun, whether it is a reset
     // Nodes whose property rows are updated in the next event loop iteration.
     QVector<QPointer<VxNode>> nodesToUpdate;
 
@@ -43,6 +49,13 @@ public:
         q->addPropertyRows(nodeRow->node(), nodeRow);
         propertyRowsValid = false;
     }
+    // Announce that one row is added below another, or removed, and that this is done.
+    void beginInsert(const VxDopeSheetItem *above, int row);
+    void endInsert();
+    void beginRemove(const VxDopeSheetItem *item);
+    void endRemove();
+    // Counts a change; true when it is one of many.
+    bool isOneOfMany();
     void updatePropertyIndex();
     // Removes the nodes of a row and of all below from the table and drops their connections.
     void forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode);

@@ -132,9 +132,9 @@ void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
         above = item->parentItem();
     }
     d->propertyRowsValid = false;
-    beginRemoveRows(indexOf(above), item->row(), item->row());
+    d->beginRemove(item);
     delete item;
-    endRemoveRows();
+    d->endRemove();
     handleNameChanged();
 }
 
@@ -166,10 +166,10 @@ void VxDopeSheetModel::updatePropertyRows(VxNode *node, VxDopeSheetItem *item)
 
 void VxDopeSheetModel::insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item)
 {
-    beginInsertRows(indexOf(above), row, row);
+    d->beginInsert(above, row);
     item->setParent(above);
     above->moveChild(item->row(), row);
-    endInsertRows();
+    d->endInsert();
     handleNameChanged();
 }
 
@@ -178,9 +178,9 @@ void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *want
     const auto wantedRows = childrenByKey(wanted);
     for (int i = present->childCount() - 1; i >= 0; --i) {
         if (!wantedRows.contains(keyOf(present->child(i)))) {
-            beginRemoveRows(indexOf(present), i, i);
+            d->beginRemove(present->child(i));
             delete present->child(i);
-            endRemoveRows();
+            d->endRemove();
             handleNameChanged();
         }
     }

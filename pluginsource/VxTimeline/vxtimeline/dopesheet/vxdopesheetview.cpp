@@ -80,6 +80,7 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
 {
     if (newModel == model())
         return;
+    d->manyChanges.reset();
     QTreeView::setModel(newModel);
     d->keys.updateCommonTcb();
     if (!newModel)
@@ -89,6 +90,12 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
     connect(newModel, &QObject::destroyed, selectionModel(), &QObject::deleteLater);
     connect(newModel, &QAbstractItemModel::rowsRemoved, this, &VxDopeSheetView::finishRemoval,
             Qt::UniqueConnection);
+    if (const VxDopeSheetModel *rows = getSourceModel()) {
+        connect(rows, &VxDopeSheetModel::manyChangesStarting, this,
+                [this] { d->beginManyChanges(); });
+        connect(rows, &VxDopeSheetModel::manyChangesFinished, this,
+                [this] { d->finishManyChanges(); });
+    }
 }
 
 // The tree view would lay out every open row again, for each row with changed keys. All rows have
@@ -153,20 +160,49 @@ void VxDopeSheetView::applyFilterText(const QString &text)
     });
 }
 
+void VxDopeSheetView::Private::beginManyChanges()
+{
+    if (isKeepingRows)
+        return;
+    formerProperties = rows.properties();
+    manyChanges = std::make_unique<DopeSheetRowSelection::Hold>(&rows);
+    treeState.save();
+}
+
+void VxDopeSheetView::Private::finishManyChanges()
+{
+    if (!manyChanges)
+        return;
+    treeState.restore();
+    rows.addSceneSelection();
+    manyChanges.reset();
+    view->viewport()->update();
+    rows.reportChangeSince(formerProperties);
+}
+
+// Before anything that depends on which rows are open or selected.
+void VxDopeSheetView::Private::endManyChangesNow() const
+{
+    if (manyChanges)
+        view->getSourceModel()->endManyChanges();
+}
+
 void VxDopeSheetView::keepRowsDuring(const std::function<void()> &change)
 {
+    d->endManyChangesNow();
     const QVector<VxProperty *> before = getSelectedProperties();
     {
         const DopeSheetRowSelection::Hold hold(&d->rows);
+        const QScopedValueRollback<bool> keeping(d->isKeepingRows, true);
         d->treeState.save();
         change();
+        if (const VxDopeSheetModel *rows = getSourceModel())
+            rows->endManyChanges();
         d->treeState.restore();
         d->rows.addSceneSelection();
     }
     viewport()->update();
-    const QVector<VxProperty *> after = getSelectedProperties();
-    if (after != before)
-        Q_EMIT propertyHitListChanged(after, false);
+    d->rows.reportChangeSince(before);
 }
 
 void VxDopeSheetView::renewModel(const std::function<void()> &renew)
@@ -178,6 +214,7 @@ void VxDopeSheetView::renewModel(const std::function<void()> &renew)
 
 void VxDopeSheetView::ensureNodeVisible(VxNode *node)
 {
+    d->endManyChangesNow();
     const QModelIndex index = findNodeIndex(node);
     if (index.isValid())
         scrollTo(index);
@@ -207,6 +244,8 @@ QModelIndex VxDopeSheetView::findIndex(const VxDopeSheetItem *item) const
     if (!rows)
         return QModelIndex();
     const QModelIndex index = rows->indexOf(item);
+    if (const auto *filter = qobject_cast<const VxDopeSheetFilterModel *>(d->filterModel))
+        return filter->findShown(index);
     return d->filterModel ? d->filterModel->mapFromSource(index) : index;
 }
 
@@ -275,6 +314,7 @@ void VxDopeSheetView::handleGraphChannelListChanged(QVector<VxProperty *> propLi
 
 bool VxDopeSheetView::isRowSelected(const QModelIndex &index) const
 {
+    d->endManyChangesNow();
     const auto *rows = qobject_cast<const DopeSheetSelectionModel *>(selectionModel());
     return rows && rows->isRowSelected(index);
 }
@@ -286,21 +326,25 @@ bool VxDopeSheetView::isChangingSelection() const
 
 void VxDopeSheetView::selectSceneSelection()
 {
+    d->endManyChangesNow();
     d->rows.addSceneSelection();
 }
 
 void VxDopeSheetView::showSceneSelection()
 {
+    d->endManyChangesNow();
     d->rows.showSceneSelection();
 }
 
 bool VxDopeSheetView::hasItemSelection() const
 {
+    d->endManyChangesNow();
     return selectionModel() && selectionModel()->hasSelection();
 }
 
 QVector<VxProperty *> VxDopeSheetView::getSelectedProperties() const
 {
+    d->endManyChangesNow();
     return d->rows.properties();
 }
 
@@ -522,6 +566,12 @@ void VxDopeSheetView::drawRow(QPainter *painter, const QStyleOptionViewItem &opt
     keys.rect = cellOf(KeysColumn);
     style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &keys, painter, this);
     itemDelegateForColumn(KeysColumn)->paint(painter, keys, index.sibling(index.row(), KeysColumn));
+}
+
+bool VxDopeSheetView::viewportEvent(QEvent *event)
+{
+    d->endManyChangesNow();
+    return QTreeView::viewportEvent(event);
 }
 
 void VxDopeSheetView::paintEvent(QPaintEvent *event)

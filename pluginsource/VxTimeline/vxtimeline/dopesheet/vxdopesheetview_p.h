@@ -40,7 +40,11 @@ public:
     bool monitorsParametersPane = false;
 
     DopeSheetRowSelection rows;
-    TreeViewState treeState; // over changes of the text filter and of the model
+    TreeViewState treeState;    // over changes of the text filter and of the model
+    bool isKeepingRows = false; // rows are closed and deselected by keepRowsDuring()
+    // While the model changes many rows, and the properties that were selected before.
+    std::unique_ptr<DopeSheetRowSelection::Hold> manyChanges;
+    QVector<VxProperty *> formerProperties;
     DopeSheetKeySelection keys;
     DopeSheetKeyCommands commands;
 
@@ -96,6 +100,11 @@ public:
     void showDrag();
     void dropKeys();
     void putKeysBack();
+
+    // While the model changes many rows they are closed and deselected.
+    void beginManyChanges();
+    void finishManyChanges();
+    void endManyChangesNow() const;
 
     // The x of a time's line, in the viewport.
     int timeX(VxTime time) const;

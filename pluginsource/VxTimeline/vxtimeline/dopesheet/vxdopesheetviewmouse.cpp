@@ -257,6 +257,7 @@ void VxDopeSheetView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void VxDopeSheetView::keyPressEvent(QKeyEvent *event)
 {
+    d->endManyChangesNow();
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::AltModifier &&
         (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left)) {

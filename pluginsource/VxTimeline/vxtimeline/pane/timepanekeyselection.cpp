@@ -41,6 +41,7 @@ void TimePaneKeySelection::setModel(const VxDopeSheetModel *model)
     connect(model, &QAbstractItemModel::dataChanged, selection, &VxKeySelection::notifyChanged);
     connect(model, &QAbstractItemModel::rowsInserted, selection, &VxKeySelection::notifyChanged);
     connect(model, &QAbstractItemModel::rowsRemoved, selection, &VxKeySelection::notifyChanged);
+    connect(model, &QAbstractItemModel::modelReset, selection, &VxKeySelection::notifyChanged);
     connect(model, &QObject::destroyed, selection, &VxKeySelection::notifyChanged);
 }
 

@@ -153,10 +153,12 @@ void VxTimePane::refreshDopesheet()
         uninitModel();
         initModel();
         // These had rows before, so they are not queued while a scene is loading.
-        for (VxNode *node : nodes) {
-            if (belongsInSheet(node))
-                d->dopeSheetModel->addNode(node, true);
-        }
+        d->dopeSheetModel->resetDuring([this, &nodes] {
+            for (VxNode *node : nodes) {
+                if (belongsInSheet(node))
+                    d->dopeSheetModel->addNode(node, true);
+            }
+        });
         d->filterAnew();
     });
 }
@@ -274,6 +276,8 @@ void VxTimePane::expandAll()
 
 void VxTimePane::collapseAll()
 {
+    if (d->dopeSheetModel)
+        d->dopeSheetModel->endManyChanges();
     d->dopeSheetView->collapseAll();
 }
 
