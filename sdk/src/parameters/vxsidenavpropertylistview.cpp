@@ -62,6 +62,7 @@ public:
     void endGesture();
     bool pressCell(const QModelIndex &index, const QPoint &place);
     void dragTo(const QMouseEvent *event);
+    void showDistance(const QPoint &place);
     void replayPress();
     void activate(const QModelIndex &value);
     void flip(const QModelIndex &value);
@@ -81,6 +82,7 @@ public:
     std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift that may become a drag
     std::shared_ptr<VxPropertyDrag> drag;
     bool dragEnded = false; // the drag has ended, but the button is still held
+    bool isDistanceBeingShown = false;
 
     // A press first ends the typing in another field, and then has its own effect.
     QPersistentModelIndex keyedByPress; // a row that got its key from typed text
@@ -228,12 +230,30 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
     moved->moveTo(event->globalPos(), event->modifiers());
     if (!view || drag != moved)
         return;
-    const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
-    if (first && pressed.data(VxPropertyListItemModel::MixedRole).toBool())
-        QToolTip::showText(event->globalPos(), VxPropertyHints::offset(first, drag->steps()), q);
+    showDistance(event->globalPos());
+    if (!view || drag != moved)
+        return;
     const QString refusal = drag->refusal();
     if (!refusal.isEmpty())
         Q_EMIT q->noticed(refusal);
+}
+
+/** How far values that differ are dragged, which their field cannot show. */
+void VxSideNavPropertyListView::Private::showDistance(const QPoint &place)
+{
+    const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
+    if (!first || isDistanceBeingShown ||
+        !pressed.data(VxPropertyListItemModel::MixedRole).toBool())
+        return;
+    // While its window is made, moves that wait may arrive; two at a time cannot be made.
+    isDistanceBeingShown = true;
+    const QPointer<VxSideNavPropertyListView> view = q;
+    QToolTip::showText(place, VxPropertyHints::offset(first, drag->steps()), q);
+    if (!view)
+        return;
+    isDistanceBeingShown = false;
+    if (!drag)
+        QToolTip::hideText();
 }
 
 /** The press with Ctrl or Shift was no drag, so it selects. */

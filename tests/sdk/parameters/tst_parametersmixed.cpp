@@ -4,7 +4,9 @@
 #include "testing/vxtestmain.h"
 
 #include <QClipboard>
+#include <QCursor>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QToolTip>
 #include <vxcore/vxboolproperty.h>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void steppingMovesEach();
     void draggingMovesEach();
     void aDragTellsHowFar();
+    void aDragThatBeginsAtTheEdgeOfTheScreen();
     void limitsDoNotLoseTheDistance();
     void leavingAMixedFieldChangesNothing();
     void oneLockedAmongThem();
@@ -187,6 +190,25 @@ void TestParametersMixed::aDragTellsHowFar()
     QCOMPARE(QToolTip::text(), QString("-5"));
     mouse.release(from + QPoint(10, 0));
     QTRY_VERIFY(!QToolTip::isVisible());
+}
+
+/// The pointer is sent to the other side; the move that this makes arrives while the distance's
+/// window is made, and has a distance of its own.
+void TestParametersMixed::aDragThatBeginsAtTheEdgeOfTheScreen()
+{
+    const QRect screen = m_pane->screen()->geometry();
+    m_pane->window()->move(screen.topLeft());
+    const QPoint from = middle(xOf(0), Model::ValueColumn);
+    const int edge = port()->mapFromGlobal(screen.topRight()).x();
+    VxMouseDriver mouse(port());
+    mouse.press(from);
+    mouse.moveTo({edge, from.y()});
+    QVERIFY(QCursor::pos().x() < screen.left() + 10);
+    QVERIFY(QToolTip::isVisible());
+    QVERIFY(xOf(0)->getNumKeys() > 0);
+    mouse.release(port()->mapFromGlobal(QCursor::pos()));
+    QTRY_VERIFY(!QToolTip::isVisible());
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
 }
 
 void TestParametersMixed::limitsDoNotLoseTheDistance()
