@@ -78,10 +78,10 @@ void DockGestures::watch(QObject *child)
 
 bool DockGestures::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_isPlaying)
-        return false;
     if (watched == m_window)
         return filterWindow(event);
+    if (m_isPlaying)
+        return false;
     if (auto *dock = qobject_cast<QDockWidget *>(watched))
         return filterDock(dock, event);
     auto *tabs = qobject_cast<QTabBar *>(watched);
@@ -279,18 +279,41 @@ void DockGestures::endToolkitGestures()
     }
 }
 
+/** Whether the layout has a place whose docks these tabs are. */
+bool DockGestures::isInUse(const QTabBar &tabs) const
+{
+    const QSet<quint64> ids = idsOf(tabs);
+    int found = 0;
+    for (const QDockWidget *dock :
+         m_window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!ids.contains(quintptr(dock)))
+            continue;
+        if (dock->isFloating() || dock->isHidden())
+            return false;
+        for (const QDockWidget *other :
+             m_window->tabifiedDockWidgets(const_cast<QDockWidget *>(dock)))
+            found += ids.contains(quintptr(other));
+    }
+    return !ids.isEmpty() && found == ids.size() * (ids.size() - 1);
+}
+
 bool DockGestures::filterTabs(QTabBar *tabs, const QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+        endToolkitGestures(); // a release may have been lost
+        m_window->layout()->invalidate();
+        m_window->layout()->activate(); // empties tab bars that are out of use
+        if (!isInUse(*tabs))
+            return true;
         m_tabs = tabs;
         m_tabIds = idsOf(*tabs);
         return false;
     case QEvent::MouseMove:
         if (tabs != m_tabs)
             return false;
-        m_window->layout()->activate(); // clears unused tab bars
-        if (idsOf(*tabs) == m_tabIds)
+        m_window->layout()->activate();
+        if (idsOf(*tabs) == m_tabIds && isInUse(*tabs))
             return false;
         endToolkitGestures();
         return true;

@@ -46,6 +46,7 @@ private:
     void endDrag();
     void noteChange(const QDockWidget *dock);
     void endToolkitGestures();
+    bool isInUse(const QTabBar &tabs) const;
 
     QMainWindow *const m_window;
     QRubberBand *const m_place; // the drop position of the dock; hidden when it would float

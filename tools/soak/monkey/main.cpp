@@ -44,6 +44,7 @@ void addOptions(QCommandLineParser *parser)
     parser->addHelpOption();
     parser->addOption({"seed", "Seed of the random numbers.", "N", "1"});
     parser->addOption({"events", "Number of events.", "N", "10000"});
+    parser->addOption({"redocks", "Percent of further events that move docks.", "N", "0"});
     parser->addOption({"log", "File with the latest events.", "FILE"});
     parser->addOption({"show-log", "Print such a file and exit.", "FILE"});
     parser->addOption({"plant", "Add a dock with a planted re-entrancy crash."});
@@ -80,6 +81,7 @@ int run(const QCommandLineParser &parser, const QTemporaryDir &folder)
     Monkey::Options options;
     options.seed = parser.value("seed").toUInt();
     options.events = parser.value("events").toLongLong();
+    options.redocks = parser.value("redocks").toInt();
     options.document = makeDocument(folder);
     options.logFile = parser.value("log");
     Monkey monkey(studio.window(), options);

@@ -143,6 +143,10 @@ void Monkey::act()
         releaseMouse();
         return;
     }
+    if (m_options.redocks > 0 && m_random.chance(m_options.redocks)) {
+        moveDock();
+        return;
+    }
     const Kind *const first = m_mouse.isPressed() ? heldKinds : kinds;
     const int number = int(m_mouse.isPressed() ? std::size(heldKinds) : std::size(kinds));
     int total = 0;

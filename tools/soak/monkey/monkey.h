@@ -29,6 +29,7 @@ public:
     {
         quint32 seed = 1;
         qint64 events = 10000;
+        int redocks = 0;  ///< percent of the events that move docks beyond those of the mixture
         QString document; ///< opened anew from time to time; may be written to
         QString logFile;  ///< MonkeyLog; empty for none
     };
