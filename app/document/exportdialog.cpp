@@ -22,13 +22,15 @@ QString rangeText(const QString &name, const VxTimeRange &range, VxTime step)
 
 ExportDialog::ExportDialog(const VxScene &scene, QWidget *parent)
     : QDialog(parent)
-    , m_figures(FigureChoice::figures(scene))
 {
+    const QVector<VxSkeleton *> figures = FigureChoice::figures(scene);
+    for (VxSkeleton *figure : figures)
+        m_figures.append(figure);
     setWindowTitle(tr("Export Motion"));
     const VxTime step = scene.getTimeStep();
     m_what = makeBox(QStringLiteral("exportWhat"),
-                     QStringList{tr("Whole scene")} + FigureChoice::names(m_figures));
-    m_what->setCurrentIndex(m_figures.indexOf(FigureChoice::meant(scene)) + 1);
+                     QStringList{tr("Whole scene")} + FigureChoice::names(figures));
+    m_what->setCurrentIndex(figures.indexOf(FigureChoice::meant(scene)) + 1);
     m_range = makeBox(QStringLiteral("exportRange"),
                       {rangeText(tr("Animation range"), scene.getAnimRange(), step),
                        rangeText(tr("Play range"), scene.getPlayRange(), step)});
@@ -56,8 +58,17 @@ QComboBox *ExportDialog::makeBox(const QString &name, const QStringList &items)
 VxMotionExportOptions ExportDialog::options() const
 {
     VxMotionExportOptions options;
-    options.root = m_figures.value(m_what->currentIndex() - 1);
     options.playRangeOnly = m_range->currentIndex() == 1;
     options.hasRowPerFrame = m_rows->currentIndex() == 1;
     return options;
+}
+
+bool ExportDialog::isOfFigure() const
+{
+    return m_what->currentIndex() > 0;
+}
+
+VxSkeleton *ExportDialog::figure() const
+{
+    return m_figures.value(m_what->currentIndex() - 1);
 }

@@ -4,6 +4,7 @@
 #include "io/motion/vxmotionexport.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QVector>
 
 class QComboBox;
@@ -18,12 +19,17 @@ public:
     /// else the only one there is.
     ExportDialog(const VxScene &scene, QWidget *parent);
 
+    /// Without the root; see figure().
     VxMotionExportOptions options() const;
+    /// False for the whole scene.
+    bool isOfFigure() const;
+    /// Null for the whole scene, and for a figure that was removed after the dialog was made.
+    VxSkeleton *figure() const;
 
 private:
     QComboBox *makeBox(const QString &name, const QStringList &items);
 
-    const QVector<VxSkeleton *> m_figures;
+    QVector<QPointer<VxSkeleton>> m_figures; // the scene may change while the dialog is open
     QComboBox *m_what;
     QComboBox *m_range;
     QComboBox *m_rows;

@@ -9,6 +9,7 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
 
 MotionCommands::MotionCommands(DocumentController *document, const UserMessages *messages,
                                VxScene *scene, QObject *parent)
@@ -66,17 +67,25 @@ bool MotionCommands::exportWithDialog(const QString &folder)
     ExportDialog choices(*m_scene, m_messages->window());
     if (choices.exec() != QDialog::Accepted)
         return false;
-    const VxMotionExportOptions options = choices.options();
+    VxMotionExportOptions options = choices.options();
+    const QString name = choices.figure() ? choices.figure()->getLabel() : tr("Scene");
     QStringList suffixes = vxExportSuffixes();
     SaveFileDialog dialog(tr("Export Motion"), m_messages, m_messages->window());
-    dialog.setStart(folder, options.root ? options.root->getLabel() : tr("Scene"));
+    dialog.setStart(folder, name);
     // The first format has a single figure, so it is not the default for a scene.
-    if (!options.root)
+    if (!choices.isOfFigure())
         suffixes.move(0, suffixes.size() - 1);
     dialog.setKind(
         suffixes.constFirst(),
         {tr("Motion files (%1)").arg(QStringLiteral("*.") + suffixes.join(QStringLiteral(" *.")))});
     dialog.setOtherSuffixes(suffixes);
     const QString file = dialog.ask();
-    return !file.isEmpty() && m_document->exportMotion(options, file);
+    if (file.isEmpty())
+        return false;
+    options.root = choices.figure();
+    if (choices.isOfFigure() && !options.root) {
+        m_messages->showError(tr("Nothing was exported: the figure was removed from the scene."));
+        return false;
+    }
+    return m_document->exportMotion(options, file);
 }

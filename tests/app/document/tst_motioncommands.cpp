@@ -53,6 +53,8 @@ private Q_SLOTS:
     void exportOfASelectedFigure();
     void exportAsksWhichFigure_data();
     void exportAsksWhichFigure();
+    void theFigureIsRemovedDuringAnExport_data();
+    void theFigureIsRemovedDuringAnExport();
     void exportOfAnEmptyScene();
     void exportOfPartsByTheWindow_data();
     void exportOfPartsByTheWindow();
@@ -258,6 +260,39 @@ void tst_MotionCommands::exportAsksWhichFigure()
     VxFileError error;
     QVERIFY(import.importFile(file, &error));
     QCOMPARE(import.getSkeleton()->getAllBones().size(), 4);
+}
+
+void tst_MotionCommands::theFigureIsRemovedDuringAnExport_data()
+{
+    QTest::addColumn<bool>("early");
+    QTest::newRow("while the options are chosen") << true;
+    QTest::newRow("while the file is chosen") << false;
+}
+
+void tst_MotionCommands::theFigureIsRemovedDuringAnExport()
+{
+    QFETCH(bool, early);
+    VxSceneBuilder builder(vxScene);
+    builder.addNode("light");
+    VxSkeleton *figure = builder.addSkeleton("walk", 2);
+    const QString file = folder->filePath("gone.bvh");
+    QString text;
+    const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
+    const auto where = typeName(file);
+    exportByMenu(
+        [&](QFileDialog *dialog) {
+            if (!early)
+                vxScene->removeNode(figure);
+            return where(dialog);
+        },
+        [&](ExportDialog *dialog) {
+            dialog->findChild<QComboBox *>("exportWhat")->setCurrentIndex(1);
+            if (early)
+                vxScene->removeNode(figure);
+        });
+    QVERIFY(answer.met());
+    QVERIFY2(text.contains("the figure was removed"), qPrintable(text));
+    QVERIFY(!QFile::exists(file));
 }
 
 void tst_MotionCommands::exportOfAnEmptyScene()
