@@ -285,7 +285,7 @@ void shift(benchmark::State &state)
     auto tracks = scene(int(state.range(0)));
     for (auto _ : state) {
         for (auto &track : tracks)
-            track.shiftAll(1);
+            track.shiftRange(0, track.count(), 1);
         benchmark::ClobberMemory();
     }
     reportKeys(state, int(state.range(0)));

@@ -75,7 +75,7 @@ void AutoSave::writeNow()
         fail(error.text());
 }
 
-void AutoSave::takeCopy()
+void AutoSave::markCopyCurrent()
 {
     m_timer.stop();
 }

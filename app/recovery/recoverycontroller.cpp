@@ -64,7 +64,7 @@ void RecoveryController::recover(const RecoveryCopy &copy)
     VxFileError error;
     if (m_document->recover(copy.sceneFile, copy.documentFile, &error)) {
         m_store.adopt(copy.id);
-        m_autoSave.takeCopy();
+        m_autoSave.markCopyCurrent();
     } else if (!error.cancelled) {
         handleBroken(copy, error);
     }

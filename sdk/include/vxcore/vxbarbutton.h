@@ -22,12 +22,8 @@ public:
     VxBarButton(const QIcon &icon, const QString &text, QWidget *parent = nullptr);
     ~VxBarButton() override;
 
-    // A shortcut for the tool tip only. It does not act: the command's action owns the keys.
-    void setShownShortcut(const QKeySequence &shortcut);
-    QKeySequence shownShortcut() const;
-
     // The text of the tool tip; empty when the button has neither tool tip nor text. The shortcut
-    // is the shown one, else that of the default action, else the button's own (no mnemonics).
+    // is that of the default action, else the button's own (no mnemonics).
     QString toolTipText() const;
 
     // The sides on which the button adjoins a neighbour: its fill has square corners there and

@@ -76,9 +76,6 @@ protected:
     Private *priv() const { return d.get(); }
     /// Further elements whose properties the group tree lists after the element's own.
     virtual QVector<VxElement *> groupedElements() const;
-    /// Invalidates the group tree, and those of the elements that this one belongs to. Call it when
-    /// groupedElements() changes; adding and removing properties calls it.
-    void invalidatePropertyGroups();
 
 private:
     std::unique_ptr<Private> d;

@@ -26,8 +26,6 @@ public:
     // While disabled the button shows the normal picture dimmed by the style.
     void setPixmaps(const QPixmap &normal, const QPixmap &hovered, const QPixmap &pressed);
     QPixmap normalPixmap() const;
-    QPixmap hoveredPixmap() const;
-    QPixmap pressedPixmap() const;
 
     // The size of the normal picture in logical pixels.
     QSize sizeHint() const override;

@@ -323,16 +323,6 @@ template <class V> bool KeyTrack<V>::swapRange(const VxTimeRange &range, KeyTrac
     return true;
 }
 
-template <class V>
-KeyTrack<V> KeyTrack<V>::replaceRange(const VxTimeRange &range, const Columns &keys, bool *accepted)
-{
-    KeyTrack given;
-    const bool done = given.insertMany(keys) && swapRange(range, given);
-    if (accepted)
-        *accepted = done;
-    return done ? given : KeyTrack();
-}
-
 template <class V> bool KeyTrack<V>::isSameKey(int i, const KeyTrack &other, int j) const
 {
     const VxTcb mine = tcb(i);

@@ -104,7 +104,6 @@ public:
     ///     `a b . . c` shift [0, 2) by 2: `. . a b c`
     /// Returns the offset applied.
     qint64 shiftRange(int first, int last, qint64 offset);
-    qint64 shiftAll(qint64 offset) { return shiftRange(0, count(), offset); }
 
     /// Changing keys in place; times stay. Each but setValues returns the number of changed keys,
     /// -1 for bad indexes. Integer keys keep their shape.
@@ -120,9 +119,6 @@ public:
     ///     `a b . c` swap 1..2 with `. . x .`: `a . x c`, other: `. b . .`
     /// False, and nothing changed, when a key of `other` is outside the range.
     bool swapRange(const VxTimeRange &range, KeyTrack &other);
-    /// Sets `keys` in place of those within the range and returns the latter. Keys outside the
-    /// range or out of order: nothing changes, `accepted`, if given, is false.
-    KeyTrack replaceRange(const VxTimeRange &range, const Columns &keys, bool *accepted = nullptr);
 
     /// Bitwise equality of keys: NaN equals itself and 0 differs from -0. For comparing a restored
     /// track.

@@ -1,7 +1,7 @@
 #ifndef PANE_VXPROPERTYDRAG_H
 #define PANE_VXPROPERTYDRAG_H
 
-#include "parameters/vxendlesshand.h"
+#include "parameters/vxpointerwrap.h"
 #include "parameters/vxpropertyedit.h"
 #include "parameters/vxpropertyscrub.h"
 
@@ -24,7 +24,7 @@ public:
     QString refusal() const;
 
 private:
-    VxEndlessHand m_hand;
+    VxPointerWrap m_hand;
     VxPropertyScrub m_scrub;
     VxPropertyEdit m_edit;
     double m_steps = 0;

@@ -135,11 +135,11 @@ AffineTransform operator*(const AffineTransform &a, const AffineTransform &b)
     return product;
 }
 
-std::optional<TurnAndStretch> splitTurn(const AffineTransform &transform)
+std::optional<RotationScale> splitRotation(const AffineTransform &transform)
 {
     if (!hasVolume(transform))
         return std::nullopt;
-    TurnAndStretch split{};
+    RotationScale split{};
     double(*turn)[3] = split.turn.column;
     // The first axis keeps its direction, the second its plane with the first.
     split.factors[0] = length(transform.column[0]);

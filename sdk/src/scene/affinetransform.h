@@ -35,11 +35,11 @@ AffineTransform operator*(const AffineTransform &a, const AffineTransform &b);
 
 /// Splits the columns of the axes into a rotation and the rest: factors along the axes (the last
 /// one below 0 for a mirror image), and a skew that is dropped. None for coplanar axes.
-struct TurnAndStretch
+struct RotationScale
 {
     AffineTransform turn; ///< without translation
     double factors[3];
 };
-std::optional<TurnAndStretch> splitTurn(const AffineTransform &transform);
+std::optional<RotationScale> splitRotation(const AffineTransform &transform);
 
 #endif

@@ -26,7 +26,7 @@ PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder 
     const AffineTransform wanted = relation * unscaled(values, order, origin);
     for (int axis = 0; axis < 3; ++axis)
         placed.values[size_t(XPosition + axis)] = wanted.column[3][axis] - double(origin[axis]);
-    const std::optional<TurnAndStretch> split = splitTurn(wanted);
+    const std::optional<RotationScale> split = splitRotation(wanted);
     if (!split) {
         placed.turned = false;
         return placed;

@@ -284,8 +284,3 @@ QVector<VxElement *> VxElement::groupedElements() const
 {
     return {};
 }
-
-void VxElement::invalidatePropertyGroups()
-{
-    d->invalidateGroups();
-}

@@ -1,6 +1,6 @@
 #include <vxcore/vxnodehelper.h>
 
-#include "scene/placekeeper.h"
+#include "scene/worldtransformkeeper.h"
 #include <vxcore/vxnode.h>
 
 bool VxNodeHelper::isShown(const VxNode *node)
@@ -23,5 +23,5 @@ VxNode *VxNodeHelper::getHiddenAncestor(const VxNode *node)
 bool VxNodeHelper::keepWorldPlace(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
                                   VxTime time)
 {
-    return oldParent == newParent || PlaceKeeper(node, oldParent, newParent, time).keep();
+    return oldParent == newParent || WorldTransformKeeper(node, oldParent, newParent, time).keep();
 }

@@ -18,15 +18,12 @@ public:
     }
 
     VxBarButton *const button;
-    QKeySequence shownShortcut;
     Qt::Edges joinedEdges;
 
     bool hovered() const { return button->isEnabled() && button->underMouse(); }
 
-    QKeySequence toldShortcut() const
+    QKeySequence toolTipShortcut() const
     {
-        if (!shownShortcut.isEmpty())
-            return shownShortcut;
         const QAction *action = button->defaultAction();
         if (action && !action->shortcut().isEmpty())
             return action->shortcut();
@@ -86,22 +83,12 @@ VxBarButton::VxBarButton(const QIcon &icon, const QString &text, QWidget *parent
 
 VxBarButton::~VxBarButton() = default;
 
-void VxBarButton::setShownShortcut(const QKeySequence &shortcut)
-{
-    d->shownShortcut = shortcut;
-}
-
-QKeySequence VxBarButton::shownShortcut() const
-{
-    return d->shownShortcut;
-}
-
 QString VxBarButton::toolTipText() const
 {
     QString tip = toolTip();
     if (tip.isEmpty())
         tip = text().remove(QLatin1Char('&'));
-    const QKeySequence shortcut = d->toldShortcut();
+    const QKeySequence shortcut = d->toolTipShortcut();
     if (tip.isEmpty() || shortcut.isEmpty())
         return tip;
     return tr("%1 (%2)", "name of a command and its shortcut")

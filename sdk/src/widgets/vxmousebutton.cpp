@@ -88,16 +88,6 @@ QPixmap VxMouseButton::normalPixmap() const
     return d->normal;
 }
 
-QPixmap VxMouseButton::hoveredPixmap() const
-{
-    return d->hovered;
-}
-
-QPixmap VxMouseButton::pressedPixmap() const
-{
-    return d->pressed;
-}
-
 QSize VxMouseButton::sizeHint() const
 {
     return Private::logicalSize(d->normal);

@@ -114,13 +114,14 @@ void tst_KeyTrackEdits::shiftRange()
 void tst_KeyTrackEdits::shiftStopsAtTheEndOfTime()
 {
     auto track = KeyDrawing::track("a . b");
-    QCOMPARE(track.shiftAll(qint64(1) << 40), qint64(VxTimeMax) - 2);
+    QCOMPARE(track.shiftRange(0, track.count(), qint64(1) << 40), qint64(VxTimeMax) - 2);
     QCOMPARE(track.time(0), VxTimeMax - 2);
     QCOMPARE(track.time(1), VxTimeMax);
-    QCOMPARE(track.shiftAll(-(qint64(1) << 40)), qint64(VxTimeMin) - VxTimeMax + 2);
+    QCOMPARE(track.shiftRange(0, track.count(), -(qint64(1) << 40)),
+             qint64(VxTimeMin) - VxTimeMax + 2);
     QCOMPARE(track.time(0), VxTimeMin);
     QCOMPARE(track.time(1), VxTimeMin + 2);
-    QCOMPARE(KeyTrack<float>().shiftAll(5), qint64(0));
+    QCOMPARE(KeyTrack<float>().shiftRange(0, 0, 5), qint64(0));
 }
 
 void tst_KeyTrackEdits::setType()

@@ -129,8 +129,8 @@ public:
             setTypeAndValues();
             break;
         default:
-            what = "replaceRange";
-            replaceRange();
+            what = "swapRange";
+            swapRange();
             break;
         }
         return m_model.matches(m_track);
@@ -286,12 +286,13 @@ private:
         for (int i : selection)
             m_model.keys[m_model.timeAt(i)].shape.type = m_model.legal(shape).type;
     }
-    void replaceRange()
+    void swapRange()
     {
         const VxTime start = number(-30, 30);
         const VxTime end = start + number(0, 10);
         const auto keys = anyKeys(start, end);
-        m_track.replaceRange({start, end}, keys.columns());
+        auto others = keys;
+        m_track.swapRange({start, end}, others);
         m_model.removeRange(start, end);
         enter(keys);
     }

@@ -1,6 +1,6 @@
 // Texts of values in the parameters pane, and the endless drag on them.
 
-#include "parameters/vxendlesshand.h"
+#include "parameters/vxpointerwrap.h"
 #include "parameters/vxpropertyvalue.h"
 #include "testing/vxtestmain.h"
 
@@ -128,7 +128,7 @@ void TestPropertyInput::whatIsSetIsTold()
 
 void TestPropertyInput::theHandGoesOnBeyondAnEdge()
 {
-    VxEndlessHand hand(0, 799);
+    VxPointerWrap hand(0, 799);
     int target = -1;
     QCOMPARE(hand.follow(700), 700);
     QVERIFY(!hand.wantsJump(&target));
@@ -150,7 +150,7 @@ void TestPropertyInput::theHandGoesOnBeyondAnEdge()
 
 void TestPropertyInput::movesBeforeTheJumpCount()
 {
-    VxEndlessHand hand(0, 799);
+    VxPointerWrap hand(0, 799);
     int target = -1;
     hand.follow(799);
     QVERIFY(hand.wantsJump(&target));
@@ -161,13 +161,13 @@ void TestPropertyInput::movesBeforeTheJumpCount()
 
 void TestPropertyInput::aPointerThatStaysEndsAtTheEdge()
 {
-    VxEndlessHand hand(0, 799);
+    VxPointerWrap hand(0, 799);
     int target = -1;
     hand.follow(799);
     QVERIFY(hand.wantsJump(&target));
     for (int x = 799; x >= 0; x -= 30)
         QCOMPARE(hand.follow(x), x); // nowhere taken for a jump
-    VxEndlessHand narrow(0, 50);
+    VxPointerWrap narrow(0, 50);
     narrow.follow(50);
     QVERIFY(!narrow.wantsJump(&target));
 }

@@ -143,7 +143,7 @@ void tst_AffineTransform::turnsAndFactors()
     QFETCH(double, y);
     QFETCH(double, z);
     const AffineTransform transform = scaled(x, y, z);
-    const std::optional<TurnAndStretch> split = splitTurn(transform);
+    const std::optional<RotationScale> split = splitRotation(transform);
     QVERIFY(split);
     AffineTransform turn = scaled(1, 1, 1);
     for (double &element : turn.column[3])
@@ -156,14 +156,14 @@ void tst_AffineTransform::turnsAndFactors()
 
 void tst_AffineTransform::flatOnesHaveNoTurn()
 {
-    QVERIFY(!splitTurn(scaled(1, 0, 1)));
-    QVERIFY(!splitTurn(scaled(0, 1, 1)));
-    QVERIFY(!splitTurn(scaled(std::numeric_limits<double>::quiet_NaN(), 1, 1)));
+    QVERIFY(!splitRotation(scaled(1, 0, 1)));
+    QVERIFY(!splitRotation(scaled(0, 1, 1)));
+    QVERIFY(!splitRotation(scaled(std::numeric_limits<double>::quiet_NaN(), 1, 1)));
     // A skew is dropped: what is left is a turn.
     AffineTransform skewed = scaled(1, 1, 1);
     for (int row = 0; row < 3; ++row)
         skewed.column[1][row] += skewed.column[0][row];
-    const std::optional<TurnAndStretch> split = splitTurn(skewed);
+    const std::optional<RotationScale> split = splitRotation(skewed);
     QVERIFY(split && split->turn.isConformal());
 }
 

@@ -1,6 +1,6 @@
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 
-#include "vxtimeline/keygraph/keygraphcrowd.h"
+#include "vxtimeline/keygraph/densekeypainter.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphpainter.h"
 #include "vxtimeline/keygraph/keygraphpen.h"
@@ -37,7 +37,7 @@ KeyGraphChannelPainter::KeyGraphChannelPainter(QImage *picture, const KeyGraphSc
 void KeyGraphChannelPainter::paint(const QVector<VxKeyGraphChannel *> &channels,
                                    KeyGraphCurves &curves)
 {
-    if (KeyGraphCrowd::canShow(m_ratio) && keysOnScreen(channels) >= Crowd)
+    if (DenseKeyPainter::canShow(m_ratio) && keysOnScreen(channels) >= Crowd)
         paintCrowd(channels, curves);
     else
         paintEach(channels, curves);
@@ -109,7 +109,7 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
 void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &channels,
                                         KeyGraphCurves &curves)
 {
-    KeyGraphCrowd crowd(m_picture, &m_markPainter);
+    DenseKeyPainter crowd(m_picture, &m_markPainter);
     for (int n = channels.size() - 1; n >= 0; --n) {
         const VxKeyGraphChannel &channel = *channels.at(n);
         const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());

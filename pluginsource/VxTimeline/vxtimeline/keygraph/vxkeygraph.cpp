@@ -200,11 +200,6 @@ void VxKeyGraph::setMonitorParametersPane(bool onOff)
         d->disconnectParametersPane();
 }
 
-bool VxKeyGraph::isMonitoringParametersPane() const
-{
-    return d->monitoring;
-}
-
 // By the signal's name: the graph may not include the pane's class.
 void VxKeyGraph::connectDopesheet()
 {

@@ -35,7 +35,6 @@ public:
     // Whether the selection of the Parameters pane is shown, too. When that pane does not exist
     // yet it is looked up again once the application starts.
     void setMonitorParametersPane(bool onOff);
-    bool isMonitoringParametersPane() const;
 
     // Starts and stops following the dope sheet of the pane "VxTimePane". The start is automatic
     // when the application starts; until then lists from the dope sheet are ignored.

@@ -1,5 +1,5 @@
-#ifndef PANE_VXENDLESSHAND_H
-#define PANE_VXENDLESSHAND_H
+#ifndef PANE_VXPOINTERWRAP_H
+#define PANE_VXPOINTERWRAP_H
 
 /// Extends a horizontal drag beyond the screen's edges: at an edge the pointer is warped to the
 /// other side, and the jump is subtracted.
@@ -7,11 +7,11 @@
 /// A jump takes effect only with the first move from its target. Earlier moves may still arrive
 /// before it, and on platforms that cannot warp the pointer none does: the drag then stops at the
 /// edge. All positions are in pixels of the desktop.
-class VxEndlessHand
+class VxPointerWrap
 {
 public:
     /// left and right are the first and the last column of the screen.
-    VxEndlessHand(int left, int right);
+    VxPointerWrap(int left, int right);
 
     /// The position along an endless line for a pointer that has been moved to x.
     int follow(int x);

@@ -1,4 +1,4 @@
-#include "parameters/vxendlesshand.h"
+#include "parameters/vxpointerwrap.h"
 
 #include <cstdlib>
 
@@ -9,13 +9,13 @@ constexpr int SmallestRoom = 100; // below it jumps and moves cannot be distingu
 
 } // namespace
 
-VxEndlessHand::VxEndlessHand(int left, int right)
+VxPointerWrap::VxPointerWrap(int left, int right)
     : m_left(left)
     , m_right(right)
 {
 }
 
-int VxEndlessHand::follow(int x)
+int VxPointerWrap::follow(int x)
 {
     const int width = m_right - m_left;
     // No real move crosses half of a screen at once.
@@ -31,7 +31,7 @@ int VxEndlessHand::follow(int x)
     return x + m_shift;
 }
 
-bool VxEndlessHand::wantsJump(int *target)
+bool VxPointerWrap::wantsJump(int *target)
 {
     const bool atRight = m_last >= m_right;
     if (!m_any || m_jumping || m_right - m_left < SmallestRoom || (!atRight && m_last > m_left))

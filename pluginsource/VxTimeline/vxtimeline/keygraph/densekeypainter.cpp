@@ -1,4 +1,4 @@
-#include "vxtimeline/keygraph/keygraphcrowd.h"
+#include "vxtimeline/keygraph/densekeypainter.h"
 
 #include <cmath>
 
@@ -22,7 +22,7 @@ int floored(qreal coordinate)
 
 } // namespace
 
-KeyGraphCrowd::KeyGraphCrowd(QImage *picture, KeyGraphMarkPainter *markPainter)
+DenseKeyPainter::DenseKeyPainter(QImage *picture, KeyGraphMarkPainter *markPainter)
     : m_ratio(picture->devicePixelRatioF())
     , m_markPainter(markPainter)
     , m_canvas(KeyGraphPixels::of(picture), picture->size())
@@ -30,12 +30,12 @@ KeyGraphCrowd::KeyGraphCrowd(QImage *picture, KeyGraphMarkPainter *markPainter)
 {
 }
 
-bool KeyGraphCrowd::canShow(qreal ratio)
+bool DenseKeyPainter::canShow(qreal ratio)
 {
     return std::ceil(KeyGraphScale::MarkSide * ratio) <= KeyGraphStamp::MaxSide;
 }
 
-const KeyGraphStamp &KeyGraphCrowd::stamp(const KeyGraphMark &mark)
+const KeyGraphStamp &DenseKeyPainter::stamp(const KeyGraphMark &mark)
 {
     const int look = (mark.type & 3) * 2 + (mark.selected ? 1 : 0);
     std::optional<KeyGraphStamp> &made = m_stamps[static_cast<std::size_t>(look)];
@@ -45,14 +45,14 @@ const KeyGraphStamp &KeyGraphCrowd::stamp(const KeyGraphMark &mark)
 }
 
 // Rounded to whole pixels, like the style's images.
-QPoint KeyGraphCrowd::placeOf(const KeyGraphMark &mark) const
+QPoint DenseKeyPainter::placeOf(const KeyGraphMark &mark) const
 {
     if (m_ratio == 1.0)
         return mark.corner;
     return QPoint(rounded(mark.corner.x() * m_ratio), rounded(mark.corner.y() * m_ratio));
 }
 
-void KeyGraphCrowd::paintChannel(const QVector<QPointF> &points,
+void DenseKeyPainter::paintChannel(const QVector<QPointF> &points,
                                  const std::vector<KeyGraphMark> &marks,
                                  const std::vector<KeyGraphRun> &runs, const QColor &color)
 {
@@ -63,14 +63,14 @@ void KeyGraphCrowd::paintChannel(const QVector<QPointF> &points,
     paintRun(points, {0, points.size() - 1}, color);
 }
 
-void KeyGraphCrowd::paintMarks(const std::vector<KeyGraphMark> &marks)
+void DenseKeyPainter::paintMarks(const std::vector<KeyGraphMark> &marks)
 {
     for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
         m_canvas.put(stamp(*mark), placeOf(*mark));
 }
 
 // piece: the index of its end point.
-bool KeyGraphCrowd::isHidden(const QVector<QPointF> &points, int piece)
+bool DenseKeyPainter::isHidden(const QVector<QPointF> &points, int piece)
 {
     quint8 &hidden = m_hidden[static_cast<std::size_t>(piece)];
     if (hidden)
@@ -82,7 +82,7 @@ bool KeyGraphCrowd::isHidden(const QVector<QPointF> &points, int piece)
 }
 
 // Adjacent visible pieces stay one line.
-void KeyGraphCrowd::paintRun(const QVector<QPointF> &points, const KeyGraphRun &run,
+void DenseKeyPainter::paintRun(const QVector<QPointF> &points, const KeyGraphRun &run,
                              const QColor &color)
 {
     int first = run.first;

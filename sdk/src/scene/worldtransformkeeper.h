@@ -1,5 +1,5 @@
-#ifndef SCENE_PLACEKEEPER_H
-#define SCENE_PLACEKEEPER_H
+#ifndef SCENE_WORLDTRANSFORMKEEPER_H
+#define SCENE_WORLDTRANSFORMKEEPER_H
 
 #include "scene/nodeplacement.h"
 #include "scene/nodesamples.h"
@@ -12,12 +12,12 @@
 /// Everything is sampled first and written afterwards. A control whose values need not change is
 /// not touched, one that needs the same offset everywhere keeps its keys and their shapes, and only
 /// controls that must move differently than before get keys at all the times.
-class PlaceKeeper
+class WorldTransformKeeper
 {
 public:
     /// Either parent may be null for the top level. The node may have the old or the new parent at
     /// present.
-    PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now);
+    WorldTransformKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now);
 
     /// False when the world transform at the time changed: the new parent has zero scale, controls
     /// that are locked or driven by others would have to change, or the skew of a rotation within

@@ -4,9 +4,9 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QProxyStyle>
 
+#include "vxtimeline/keygraph/densekeypainter.h"
 #include "vxtimeline/keygraph/keygraphcanvas.h"
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
-#include "vxtimeline/keygraph/keygraphcrowd.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphpainter.h"
 #include "vxtimeline/keygraph/keygraphpen.h"
@@ -60,7 +60,7 @@ int largestDifference(QRgb a, QRgb b)
 
 // Pictures of more keys than can be seen: they must not differ from those that are painted mark by
 // mark, however few marks are really painted.
-class TestKeyGraphCrowd : public QObject, private KeyGraphTest
+class TestDenseKeyPainter : public QObject, private KeyGraphTest
 {
     Q_OBJECT
 
@@ -101,7 +101,7 @@ private:
     std::vector<std::unique_ptr<VxFloatChannel>> channels;
 };
 
-void TestKeyGraphCrowd::addChannels(int count, int keyCount, float noise)
+void TestDenseKeyPainter::addChannels(int count, int keyCount, float noise)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> step(-noise, noise);
@@ -129,7 +129,7 @@ void TestKeyGraphCrowd::addChannels(int count, int keyCount, float noise)
     }
 }
 
-QVector<VxKeyGraphChannel *> TestKeyGraphCrowd::list() const
+QVector<VxKeyGraphChannel *> TestDenseKeyPainter::list() const
 {
     QVector<VxKeyGraphChannel *> result;
     for (const auto &channel : channels)
@@ -138,7 +138,7 @@ QVector<VxKeyGraphChannel *> TestKeyGraphCrowd::list() const
 }
 
 // Some keys lie beyond every edge.
-KeyGraphScale TestKeyGraphCrowd::scaleFor(VxTime duration) const
+KeyGraphScale TestDenseKeyPainter::scaleFor(VxTime duration) const
 {
     KeyGraphScale scale;
     scale.originY = shown.height() / 2.0;
@@ -147,7 +147,7 @@ KeyGraphScale TestKeyGraphCrowd::scaleFor(VxTime duration) const
     return scale;
 }
 
-QImage TestKeyGraphCrowd::empty(qreal ratio) const
+QImage TestDenseKeyPainter::empty(qreal ratio) const
 {
     QImage image((QSizeF(shown) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
@@ -155,7 +155,7 @@ QImage TestKeyGraphCrowd::empty(qreal ratio) const
     return image;
 }
 
-void TestKeyGraphCrowd::stampsLieUnderEachOther_data()
+void TestDenseKeyPainter::stampsLieUnderEachOther_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::newRow("narrower than a word") << QSize(20, 15);
@@ -167,7 +167,7 @@ void TestKeyGraphCrowd::stampsLieUnderEachOther_data()
 
 // As a painter puts pictures under each other, with places at and beyond all edges. What is
 // called hidden is opaque, and the other way round.
-void TestKeyGraphCrowd::stampsLieUnderEachOther()
+void TestDenseKeyPainter::stampsLieUnderEachOther()
 {
     QFETCH(QSize, size);
     const QImage picture = drawn(diamond);
@@ -202,7 +202,7 @@ void TestKeyGraphCrowd::stampsLieUnderEachOther()
     QVERIFY(qAlpha(stamped.pixel(size.width() / 2, 0)) > 0);
 }
 
-void TestKeyGraphCrowd::areas()
+void TestDenseKeyPainter::areas()
 {
     QImage picture(200, 20, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -232,7 +232,7 @@ void TestKeyGraphCrowd::areas()
     QVERIFY(canvas.hides(190, 8, 230, 8));
 }
 
-QImage TestKeyGraphCrowd::lineThrough(const QVector<QPointF> &points, double width)
+QImage TestDenseKeyPainter::lineThrough(const QVector<QPointF> &points, double width)
 {
     QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -241,7 +241,7 @@ QImage TestKeyGraphCrowd::lineThrough(const QVector<QPointF> &points, double wid
     return picture;
 }
 
-void TestKeyGraphCrowd::linesCoverTheirPixels_data()
+void TestDenseKeyPainter::linesCoverTheirPixels_data()
 {
     QTest::addColumn<QPointF>("from");
     QTest::addColumn<QPointF>("to");
@@ -261,7 +261,7 @@ void TestKeyGraphCrowd::linesCoverTheirPixels_data()
 }
 
 // Across the line its pixels add up to its width, and lie around where it runs.
-void TestKeyGraphCrowd::linesCoverTheirPixels()
+void TestDenseKeyPainter::linesCoverTheirPixels()
 {
     QFETCH(QPointF, from);
     QFETCH(QPointF, to);
@@ -293,7 +293,7 @@ void TestKeyGraphCrowd::linesCoverTheirPixels()
 }
 
 // A line of many pieces looks as the same line in one.
-void TestKeyGraphCrowd::jointsAreSeamless()
+void TestDenseKeyPainter::jointsAreSeamless()
 {
     for (const double slope : {0.0, 0.37, -0.9, 1.7, -12.0}) {
         QVector<QPointF> points;
@@ -314,7 +314,7 @@ void TestKeyGraphCrowd::jointsAreSeamless()
     }
 }
 
-void TestKeyGraphCrowd::longLinesStayWhole_data()
+void TestDenseKeyPainter::longLinesStayWhole_data()
 {
     QTest::addColumn<QVector<QPointF>>("points");
     const auto row = [](const char *name, const QVector<QPointF> &points) {
@@ -329,7 +329,7 @@ void TestKeyGraphCrowd::longLinesStayWhole_data()
 }
 
 // However many columns they cross: a line in one looks as the same line in short pieces.
-void TestKeyGraphCrowd::longLinesStayWhole()
+void TestDenseKeyPainter::longLinesStayWhole()
 {
     QFETCH(QVector<QPointF>, points);
     QImage whole(400, 400, QImage::Format_ARGB32_Premultiplied);
@@ -361,7 +361,7 @@ void TestKeyGraphCrowd::longLinesStayWhole()
     QVERIFY2(painted > 300, qPrintable(QString::number(painted)));
 }
 
-void TestKeyGraphCrowd::linesStayWithinTheirArea()
+void TestDenseKeyPainter::linesStayWithinTheirArea()
 {
     std::mt19937 random(11);
     std::uniform_real_distribution<double> place(-5.0, 45.0);
@@ -384,7 +384,7 @@ void TestKeyGraphCrowd::linesStayWithinTheirArea()
     }
 }
 
-void TestKeyGraphCrowd::linesFarOutside()
+void TestDenseKeyPainter::linesFarOutside()
 {
     const QImage empty = lineThrough({}, 1.0);
     QCOMPARE(lineThrough({{5, 5}}, 1.0), empty);
@@ -400,7 +400,7 @@ void TestKeyGraphCrowd::linesFarOutside()
 }
 
 // A bow must not be taken for a straight because each of its pieces hardly turns.
-void TestKeyGraphCrowd::slightBowsStayWhereTheyAre()
+void TestDenseKeyPainter::slightBowsStayWhereTheyAre()
 {
     QImage picture(2000, 60, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -421,7 +421,7 @@ void TestKeyGraphCrowd::slightBowsStayWhereTheyAre()
     }
 }
 
-void TestKeyGraphCrowd::picturesAgree_data()
+void TestDenseKeyPainter::picturesAgree_data()
 {
     QTest::addColumn<qreal>("ratio");
     QTest::addColumn<int>("keyCount");
@@ -437,7 +437,7 @@ void TestKeyGraphCrowd::picturesAgree_data()
 }
 
 // To the rounding of colours that are put together in another order.
-void TestKeyGraphCrowd::picturesAgree()
+void TestDenseKeyPainter::picturesAgree()
 {
     QFETCH(qreal, ratio);
     QFETCH(int, keyCount);
@@ -450,7 +450,7 @@ void TestKeyGraphCrowd::picturesAgree()
     KeyGraphCurves curves;
     QImage each = empty(ratio);
     QImage crowd = empty(ratio);
-    QVERIFY(KeyGraphCrowd::canShow(ratio));
+    QVERIFY(DenseKeyPainter::canShow(ratio));
     KeyGraphChannelPainter(&each, scale, look, stage, &widget).paintEach(list(), curves);
     KeyGraphChannelPainter(&crowd, scale, look, stage, &widget).paintCrowd(list(), curves);
     int painted = 0;
@@ -467,7 +467,7 @@ void TestKeyGraphCrowd::picturesAgree()
     QVERIFY2(largest <= 20, qPrintable(found)); // of 255, where many half covered edges meet
 }
 
-void TestKeyGraphCrowd::fewKeysAreDrawnByTheStyle()
+void TestDenseKeyPainter::fewKeysAreDrawnByTheStyle()
 {
     addChannels(3, 30, 0.3f);
     CountingStyle style;
@@ -485,7 +485,7 @@ void TestKeyGraphCrowd::fewKeysAreDrawnByTheStyle()
     QCOMPARE(style.marks, 90);
 }
 
-void TestKeyGraphCrowd::manyKeysShareAFewPictures()
+void TestDenseKeyPainter::manyKeysShareAFewPictures()
 {
     addChannels(3, 2000, 0.3f);
     CountingStyle style;
@@ -500,12 +500,12 @@ void TestKeyGraphCrowd::manyKeysShareAFewPictures()
     QCOMPARE(style.marks, 6); // three types, selected or not
     // Marks that would not fit into a word are drawn one by one.
     style.marks = 0;
-    QVERIFY(!KeyGraphCrowd::canShow(4.0));
+    QVERIFY(!DenseKeyPainter::canShow(4.0));
     picture = empty(4.0);
     KeyGraphChannelPainter(&picture, scaleFor(2000 * 160), look, stage, &widget)
         .paint(list(), curves);
     QVERIFY(style.marks > 100);
 }
 
-VX_TEST_MAIN(TestKeyGraphCrowd)
-#include "tst_keygraphcrowd.moc"
+VX_TEST_MAIN(TestDenseKeyPainter)
+#include "tst_densekeypainter.moc"

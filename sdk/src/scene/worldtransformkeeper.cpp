@@ -1,4 +1,4 @@
-#include "scene/placekeeper.h"
+#include "scene/worldtransformkeeper.h"
 
 #include "scene/vxnode_p.h"
 #include <QtCore/QVector>
@@ -33,7 +33,7 @@ double largest(const double column[3])
 
 } // namespace
 
-PlaceKeeper::PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now)
+WorldTransformKeeper::WorldTransformKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now)
     : m_node(node)
     , m_controls(VxNode::Private::of(node)->allControls())
     , m_times(controlKeyTimes(m_controls))
@@ -48,7 +48,7 @@ PlaceKeeper::PlaceKeeper(VxNode *node, const VxNode *oldParent, const VxNode *ne
 }
 
 /** Where the new parent has zero scale, its space at the nearest other time is used. */
-bool PlaceKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newParent)
+bool WorldTransformKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newParent)
 {
     const VxNode *common = commonAncestor(oldParent, newParent);
     const std::vector<AffineTransform> from = transformsUpTo(oldParent, common, m_times);
@@ -75,7 +75,7 @@ bool PlaceKeeper::sampleRelations(const VxNode *oldParent, const VxNode *newPare
     return true;
 }
 
-bool PlaceKeeper::solve()
+bool WorldTransformKeeper::solve()
 {
     const bool conformal =
         std::all_of(m_relations.begin(), m_relations.end(),
@@ -102,7 +102,7 @@ bool PlaceKeeper::solve()
     return true;
 }
 
-bool PlaceKeeper::keep()
+bool WorldTransformKeeper::keep()
 {
     if (m_relations.empty() || !solve())
         return false;
@@ -116,7 +116,7 @@ bool PlaceKeeper::keep()
 }
 
 /** A position is kept for each axis separately; a rotation needs all three angles. */
-bool PlaceKeeper::isAvailable(NodeControl control) const
+bool WorldTransformKeeper::isAvailable(NodeControl control) const
 {
     const auto isFree = [](const VxFloatProperty *property) {
         return property && !property->isLocked() && !property->isLinked() &&
@@ -128,7 +128,7 @@ bool PlaceKeeper::isAvailable(NodeControl control) const
     return isFree(m_controls[control]);
 }
 
-double PlaceKeeper::tolerance(NodeControl control) const
+double WorldTransformKeeper::tolerance(NodeControl control) const
 {
     if (isRotation(control))
         return AngleNoise;
@@ -140,7 +140,7 @@ double PlaceKeeper::tolerance(NodeControl control) const
     return Noise * size;
 }
 
-PlaceKeeper::Change PlaceKeeper::changeOf(NodeControl control) const
+WorldTransformKeeper::Change WorldTransformKeeper::changeOf(NodeControl control) const
 {
     const double noise = tolerance(control);
     const double shift = m_new[0][control] - m_old[0][control];
@@ -160,7 +160,7 @@ PlaceKeeper::Change PlaceKeeper::changeOf(NodeControl control) const
     return still || !m_controls[control]->canBeKeyed() ? Change::StoredValue : Change::Keys;
 }
 
-void PlaceKeeper::write(NodeControl control)
+void WorldTransformKeeper::write(NodeControl control)
 {
     switch (changeOf(control)) {
     case Change::None:
@@ -178,7 +178,7 @@ void PlaceKeeper::write(NodeControl control)
     }
 }
 
-void PlaceKeeper::shiftKeys(NodeControl control)
+void WorldTransformKeeper::shiftKeys(NodeControl control)
 {
     VxFloatProperty *property = m_controls[control];
     const double shift = m_new[0][control] - m_old[0][control];
@@ -192,7 +192,7 @@ void PlaceKeeper::shiftKeys(NodeControl control)
 }
 
 /** Sets keys at all the times; a new one gets the shape of the key before it. */
-void PlaceKeeper::writeKeys(NodeControl control)
+void WorldTransformKeeper::writeKeys(NodeControl control)
 {
     VxFloatProperty *property = m_controls[control];
     const VxKeyColumns<float> old = property->getKeys();
@@ -221,7 +221,7 @@ void PlaceKeeper::writeKeys(NodeControl control)
     property->setKeys({times.data(), values.data(), types.data(), shapes, int(times.size())});
 }
 
-void PlaceKeeper::pinNow(NodeControl control)
+void WorldTransformKeeper::pinNow(NodeControl control)
 {
     VxFloatProperty *property = m_controls[control];
     const double wanted = m_new[m_now][control];
@@ -237,7 +237,7 @@ void PlaceKeeper::pinNow(NodeControl control)
     property->setKey(now, float(wanted), type, shape[0], shape[1], shape[2]);
 }
 
-bool PlaceKeeper::isInPlace() const
+bool WorldTransformKeeper::isInPlace() const
 {
     const VxNode::RotationOrder order = m_node->getRotationOrder();
     const QVector3D origin = m_node->getOrigin();

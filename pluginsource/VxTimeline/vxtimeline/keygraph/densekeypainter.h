@@ -1,5 +1,5 @@
-#ifndef KEYGRAPHCROWD_H
-#define KEYGRAPHCROWD_H
+#ifndef DENSEKEYPAINTER_H
+#define DENSEKEYPAINTER_H
 
 #include <QtCore/QPointF>
 #include <QtCore/QVector>
@@ -20,11 +20,11 @@ class KeyGraphMarkPainter;
 // painted front to back, each under the present content: an opaque pixel is never touched again,
 // and hidden items cost next to nothing. The style draws one mark of each look, whose image is then
 // used everywhere.
-class KeyGraphCrowd
+class DenseKeyPainter
 {
 public:
     // picture: premultiplied, borrowed; markPainter: borrowed.
-    KeyGraphCrowd(QImage *picture, KeyGraphMarkPainter *markPainter);
+    DenseKeyPainter(QImage *picture, KeyGraphMarkPainter *markPainter);
     // False when a mark of this device pixel ratio is too large for a stamp.
     static bool canShow(qreal ratio);
 
