@@ -11,9 +11,19 @@ function(vx_collect_sources out)
   set(${out} ${sources} PARENT_SCOPE)
 endfunction()
 
+# Test code is compiled with little optimisation: that takes a third of the time, and the code under
+# test is in the libraries. The undefined behaviour sanitizer checks that alone as well.
+add_library(vx_test_code INTERFACE)
+if(VX_SANITIZE)
+  target_compile_options(vx_test_code INTERFACE -O0 -fno-sanitize=undefined)
+else()
+  target_compile_options(vx_test_code INTERFACE -O1)
+endif()
+
 # What every test program is compiled with.
 function(vx_test_settings target)
-  target_link_libraries(${target} PRIVATE vx_settings vxcore_testing Qt5::Test ${ARGN})
+  target_link_libraries(${target} PRIVATE
+    vx_settings vxcore_testing Qt5::Test ${ARGN} vx_test_code)
   target_compile_definitions(${target} PRIVATE
     VX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VX_BINARY_DIR="${CMAKE_BINARY_DIR}"
     VX_PLUGIN_DIR="${VX_PLUGIN_OUTPUT_DIRECTORY}")
