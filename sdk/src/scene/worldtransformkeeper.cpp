@@ -33,7 +33,8 @@ double largest(const double column[3])
 
 } // namespace
 
-WorldTransformKeeper::WorldTransformKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now)
+WorldTransformKeeper::WorldTransformKeeper(VxNode *node, const VxNode *oldParent,
+                                           const VxNode *newParent, VxTime now)
     : m_node(node)
     , m_controls(VxNode::Private::of(node)->allControls())
     , m_times(controlKeyTimes(m_controls))

@@ -17,7 +17,8 @@ class WorldTransformKeeper
 public:
     /// Either parent may be null for the top level. The node may have the old or the new parent at
     /// present.
-    WorldTransformKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent, VxTime now);
+    WorldTransformKeeper(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
+                         VxTime now);
 
     /// False when the world transform at the time changed: the new parent has zero scale, controls
     /// that are locked or driven by others would have to change, or the skew of a rotation within

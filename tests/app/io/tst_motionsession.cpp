@@ -91,8 +91,8 @@ void tst_MotionSession::init()
     m_dir.reset(new QTemporaryDir);
     m_undo.reset(new VxUndoStack);
     m_scene.reset(new VxScene);
-    m_files = QStringList{write("walk.bvh", bvh), write("walk.csv", csv),
-                          write("ball.gltf", gltf())};
+    m_files =
+        QStringList{write("walk.bvh", bvh), write("walk.csv", csv), write("ball.gltf", gltf())};
 }
 
 void tst_MotionSession::cleanup()

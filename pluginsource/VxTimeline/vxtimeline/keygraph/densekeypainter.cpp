@@ -53,8 +53,8 @@ QPoint DenseKeyPainter::placeOf(const KeyGraphMark &mark) const
 }
 
 void DenseKeyPainter::paintChannel(const QVector<QPointF> &points,
-                                 const std::vector<KeyGraphMark> &marks,
-                                 const std::vector<KeyGraphRun> &runs, const QColor &color)
+                                   const std::vector<KeyGraphMark> &marks,
+                                   const std::vector<KeyGraphRun> &runs, const QColor &color)
 {
     m_hidden.assign(static_cast<std::size_t>(points.size()), 0);
     for (const KeyGraphRun &run : runs)
@@ -83,7 +83,7 @@ bool DenseKeyPainter::isHidden(const QVector<QPointF> &points, int piece)
 
 // Adjacent visible pieces stay one line.
 void DenseKeyPainter::paintRun(const QVector<QPointF> &points, const KeyGraphRun &run,
-                             const QColor &color)
+                               const QColor &color)
 {
     int first = run.first;
     const auto draw = [this, &points, &color, &first](int last) {

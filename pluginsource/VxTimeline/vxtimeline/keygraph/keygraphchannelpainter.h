@@ -19,7 +19,8 @@ struct KeyGraphStage;
 // Paints the labels, curves and key marks of channels into an image, channel upon channel.
 //
 // A graph of an ordinary number of keys is painted mark by mark through the style. Beyond that
-// number most marks are hidden, and a DenseKeyPainter paints the visible ones; the image is the same.
+// number most marks are hidden, and a DenseKeyPainter paints the visible ones; the image is the
+// same.
 class KeyGraphChannelPainter
 {
 public:
