@@ -22,6 +22,7 @@ APP = [
     ["widgets", "import"],
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
+    ["create", "pose"],
     ["shell"],
 ]
 TIMELINE = [["time"], ["keys"], ["dopesheet", "keygraph", "widgets"], ["pane"]]

@@ -47,6 +47,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void addCreateCommands(QMenu *menu);
     void pressEye(const QModelIndex &eye);
     void tellDisplaced(const QVector<VxNode *> &nodes);
 

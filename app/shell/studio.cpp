@@ -3,6 +3,7 @@
 #include "document/documentcontroller.h"
 #include "document/recentfiles.h"
 #include "document/scenesummary.h"
+#include "pose/posescript.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/batchdialogs.h"
@@ -170,6 +171,7 @@ void Studio::Private::connectScripts()
     VxScriptEngine *scripts = app->getScriptEngine();
     scripts->registerHost();
     addFileFunctions(scripts, window->document());
+    addPoseFunctions(scripts->engine());
     QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
 }
 

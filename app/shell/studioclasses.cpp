@@ -1,10 +1,12 @@
 #include "shell/studioclasses.h"
 
 #include "console/vxconsolepane.h"
+#include "create/vxcreateactions.h"
+#include "pose/vxposeactions.h"
 #include "scenetree/vxscenepane.h"
 #include "shell/vxhistorypane.h"
 
-#include <vxcore/vxclassfactory.h>
+#include <vxcore/vxscriptablefactory.h>
 
 namespace {
 
@@ -21,6 +23,52 @@ public:
     QObject *createInstance() const override { return new T; }
 };
 
+QVector<VxClassFactory *> poseFactories()
+{
+    static VxScriptableFactoryOf<VxCopyPoseAction> copyPose("D4DF69F1-9432-4A57-92B3-36E4F5DC1372");
+    static VxScriptableFactoryOf<VxPastePoseAction> pastePose(
+        "DD3D34DB-241F-42B2-A9D5-306DC5FB2776");
+    static VxScriptableFactoryOf<VxPastePoseMirroredAction> pastePoseMirrored(
+        "ABD2689D-175C-467B-9171-00B433ADCBC8");
+    static VxScriptableFactoryOf<VxMirrorPoseAction> mirrorPose(
+        "3BD7AB94-818B-45CA-9AA3-01458178D5FA");
+    static VxScriptableFactoryOf<VxResetPoseAction> resetPose(
+        "EAF01A6C-DDCD-4A7A-8A85-1C578E47195C");
+    static VxScriptableFactoryOf<VxSelectMirrorAction> selectMirror(
+        "CCDEB15B-8303-4ADE-97EB-7DEC31D8CD21");
+    static VxScriptableFactoryOf<VxSelectChildrenAction> selectChildren(
+        "E03F2D6C-01B4-422D-8A03-A11B50950F9A");
+    static VxScriptableFactoryOf<VxSelectParentsAction> selectParents(
+        "628DB96F-FF02-417C-8286-46DAF51B9A04");
+    static VxScriptableFactoryOf<VxBreakdownAction> breakdown(
+        "D552152B-70DF-4CEC-AE8C-6EF06B5A6769");
+    static VxScriptableFactoryOf<VxHoldPoseAction> holdPose("4BDBE773-41EA-4B3A-9F4B-A812B3065021");
+    static VxScriptableFactoryOf<VxCyclePosesAction> cyclePoses(
+        "7D2B53FE-F04C-45AD-B3E7-164E7CB91F0A");
+    static VxScriptableFactoryOf<VxMatchEndsAction> matchEnds(
+        "0E5EC338-2CA3-4F30-A851-1D91CE20DB52");
+    return {&copyPose,  &pastePose,    &pastePoseMirrored, &mirrorPose,
+            &resetPose, &selectMirror, &selectChildren,    &selectParents,
+            &breakdown, &holdPose,     &cyclePoses,        &matchEnds};
+}
+
+QVector<VxClassFactory *> createFactories()
+{
+    static VxScriptableFactoryOf<VxCreateNodeAction> createNode(
+        "DB91ACC8-30FA-4CE6-AABE-3CCFB51D5708");
+    static VxScriptableFactoryOf<VxCreateSkeletonAction> createSkeleton(
+        "2D5AAD24-649C-41C8-A91B-58CC1DC386EF");
+    static VxScriptableFactoryOf<VxCreateBoneAction> createBone(
+        "8F700C25-1FE4-42AF-A36B-E82B80A2550B");
+    static VxScriptableFactoryOf<VxCreateFigureAction> createFigure(
+        "459FA6DB-FEBC-423F-9025-8CD2097FCA61");
+    static VxScriptableFactoryOf<VxDuplicateNodesAction> duplicateNodes(
+        "EC3EE183-29EF-4D28-A1EC-A52EC8C36597");
+    static VxScriptableFactoryOf<VxGroupNodesAction> groupNodes(
+        "5BE5FBE5-C243-486B-8C00-60041159634E");
+    return {&createNode, &createSkeleton, &createBone, &createFigure, &duplicateNodes, &groupNodes};
+}
+
 } // namespace
 
 QVector<VxClassFactory *> studioClassFactories()
@@ -28,5 +76,6 @@ QVector<VxClassFactory *> studioClassFactories()
     static PaneFactory<VxScenePane> scenePane("3F0C2E52-9C4B-4C0B-8D2C-0B5E7B1B6B11");
     static PaneFactory<VxHistoryPane> historyPane("6B0D9D0E-2A57-4C7B-9B1E-52C0A3E4F7D2");
     static PaneFactory<VxConsolePane> consolePane("B41F7C35-8E0A-4D96-A6B3-9D2E1F60C8A4");
-    return {&scenePane, &historyPane, &consolePane};
+    return QVector<VxClassFactory *>{&scenePane, &historyPane, &consolePane} + createFactories() +
+           poseFactories();
 }

@@ -5,7 +5,7 @@
 
 class VxClassFactory;
 
-/// The factories of the program's own panes; static objects.
+/// The factories of the program's own panes and actions; static objects.
 QVector<VxClassFactory *> studioClassFactories();
 
 #endif

@@ -28,6 +28,9 @@ StudioMenus::StudioMenus(StudioWindow *window)
     buildFileMenu();
     m_editMenu = window->menuBar()->addMenu(tr("&Edit"));
     buildViewMenu();
+    // Filled by the actions.
+    window->menuBar()->addMenu(tr("&Create"));
+    window->menuBar()->addMenu(tr("&Pose"));
     buildHelpMenu();
     m_defaultLayout = new QAction(this);
     adopt(m_defaultLayout,

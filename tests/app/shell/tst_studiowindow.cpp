@@ -271,7 +271,8 @@ void tst_StudioWindow::menus()
     QStringList titles;
     for (const QAction *action : window()->menuBar()->actions())
         titles.append(action->text().remove('&'));
-    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Animation", "Keys", "Window", "Help"}));
+    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Create", "Pose", "Animation", "Keys", "Window",
+                                  "Help"}));
     QVERIFY(!menu("Animation")->actions().isEmpty());
     for (const char *text : {"New", "Open...", "Save", "Save As...", "Quit"})
         QVERIFY2(entry("File", QLatin1String(text)), text);
@@ -280,8 +281,9 @@ void tst_StudioWindow::menus()
         if (!action->getDefaultMenuPath().isEmpty())
             QVERIFY2(action->associatedWidgets().size() > 1, qPrintable(action->objectName()));
     }
-    // The 56 actions of the Timeline, the 30 key tools and the host's own six.
-    QCOMPARE(window()->getActionMgr()->getNumActions(), 92);
+    // The 56 actions of the Timeline, the 30 key tools the host's own six and those of
+    // the menus Create and Pose.
+    QCOMPARE(window()->getActionMgr()->getNumActions(), 110);
 }
 
 void tst_StudioWindow::dockTogglesAndPaneActions()

@@ -1,0 +1,49 @@
+#ifndef BREAKDOWNDIALOG_H
+#define BREAKDOWNDIALOG_H
+
+#include "pose/breakdown.h"
+
+#include <QDialog>
+#include <memory>
+
+class QComboBox;
+class QLabel;
+class QSlider;
+class QSpinBox;
+class VxScene;
+class VxUndoStackHold;
+
+/// The breakdown slider: shows the pose between two poses while it is moved. Return keeps it as one
+/// undo entry, Escape restores the pose.
+class BreakdownDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    static constexpr int MinPercent = -50;
+    static constexpr int MaxPercent = 150;
+
+    /// The nodes' pose is changed at once, to 50 %. The scene is borrowed.
+    BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes, QWidget *parent = nullptr);
+    ~BreakdownDialog() override;
+
+public Q_SLOTS:
+    void accept() override;
+    void reject() override;
+
+private:
+    void chooseToward(int index);
+    void showPercent(int percent);
+    void restore();
+
+    VxScene *const m_scene;
+    const QVector<QPointer<VxNode>> m_nodes;
+    const VxTime m_time;
+    std::unique_ptr<VxUndoStackHold> m_hold;
+    std::unique_ptr<Breakdown> m_breakdown;
+    QComboBox *m_toward;
+    QSlider *m_slider;
+    QSpinBox *m_percent;
+    QLabel *m_report;
+};
+
+#endif

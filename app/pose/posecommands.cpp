@@ -1,0 +1,277 @@
+#include "pose/posecommands.h"
+
+#include "pose/pose.h"
+#include "pose/posefigure.h"
+#include "pose/posewriter.h"
+#include "scenetree/sceneedits.h"
+
+#include <QCoreApplication>
+#include <QSet>
+#include <memory>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
+#include <vxcore/vxundostackhold.h>
+
+namespace {
+
+constexpr int ListedNames = 5;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("PoseCommands", text);
+}
+
+PoseResult nothingSelected()
+{
+    return {false, tr("Select the nodes of a figure first.")};
+}
+
+/** What was copied last; poses of one scene can be pasted in the next. */
+Pose &clipboard()
+{
+    static Pose pose;
+    return pose;
+}
+
+/** " Not found: a, b." with a blank in front; empty when nothing is missing. */
+QString missingText(const QStringList &missing)
+{
+    if (missing.isEmpty())
+        return {};
+    const QString names = QStringList(missing.mid(0, ListedNames)).join(QStringLiteral(", "));
+    const int more = missing.size() - ListedNames;
+    return more > 0 ? tr(" Not found: %1 and %2 more.").arg(names).arg(more)
+                    : tr(" Not found: %1.").arg(names);
+}
+
+void appendOnce(QStringList *names, const QString &name)
+{
+    if (!names->contains(name))
+        names->append(name);
+}
+
+VxRotation reflectionFor(const Pose &pose, bool mirrored)
+{
+    return mirrored ? pose.reflection : identityRotation();
+}
+
+/** The pose of nodes of one figure, roots left out. */
+Pose poseOf(const PoseFigure &figure, const QVector<VxNode *> &nodes, VxTime time)
+{
+    Pose pose;
+    pose.root = figure.root();
+    pose.reflection = figure.reflection();
+    for (const VxNode *node : nodes) {
+        if (figure.contains(node))
+            pose.joints.push_back(capturePose(figure, node, time));
+    }
+    return pose;
+}
+
+struct Counts
+{
+    int matched = 0;
+    QStringList missing;
+};
+
+void applyTo(const PoseFigure &figure, const Pose &pose, bool mirrored, PoseWriter *writer,
+             Counts *counts)
+{
+    for (const JointPose &joint : pose.joints) {
+        const VxNode *node = mirrored ? figure.findMirrored(joint.name) : figure.find(joint.name);
+        if (!node) {
+            if (counts->missing.size() <= 1000)
+                appendOnce(&counts->missing, joint.name);
+            continue;
+        }
+        ++counts->matched;
+        applyPose(joint, reflectionFor(pose, mirrored), figure, node, writer);
+    }
+}
+
+PoseResult finish(VxUndoStackHold *hold, const QString &entry, const QString &done,
+                  const Counts &counts, const PoseWriter &writer)
+{
+    const QString rest = missingText(counts.missing) + writer.report();
+    if (counts.matched == 0) {
+        hold->cancel();
+        return {false, tr("No node of the figure matches the pose.") + rest};
+    }
+    hold->accept(entry);
+    return {true, done + rest};
+}
+
+void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
+{
+    scene->selectNodes(scene->getSelectedNodes(), false);
+    scene->selectNodes(nodes, true);
+}
+
+} // namespace
+
+QVector<VxNode *> PoseCommands::selectedTrees(const VxScene *scene)
+{
+    QVector<VxNode *> nodes;
+    for (VxNode *top : SceneEdits::topmost(scene, scene->getSelectedNodes())) {
+        nodes.append(top);
+        top->getNodeChildren(nodes, true);
+    }
+    return nodes;
+}
+
+QVector<VxNode *> PoseCommands::selectedJoints(const VxScene *scene)
+{
+    QVector<VxNode *> nodes;
+    QSet<const VxNode *> found;
+    const auto add = [&](VxNode *node) {
+        if (!found.contains(node))
+            nodes.append(node);
+        found.insert(node);
+    };
+    for (VxNode *node : scene->getSelectedNodes()) {
+        QVector<VxNode *> below;
+        if (qobject_cast<VxSkeleton *>(node))
+            node->getNodeChildren(below, true);
+        if (below.isEmpty())
+            add(node);
+        for (VxNode *each : qAsConst(below))
+            add(each);
+    }
+    return nodes;
+}
+
+PoseResult PoseCommands::copy(const VxScene *scene)
+{
+    const QVector<VxNode *> nodes = selectedTrees(scene);
+    if (nodes.isEmpty())
+        return nothingSelected();
+    const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
+    if (roots.size() > 1)
+        return {false, tr("Select nodes of one figure only to copy a pose.")};
+    const Pose pose = poseOf(PoseFigure(roots.first()), nodes, scene->getTime());
+    if (pose.joints.empty())
+        return {false, tr("The selected node has no joints below it to copy the pose of.")};
+    clipboard() = pose;
+    return {true, tr("Copied the pose of %1 nodes.").arg(int(pose.joints.size()))};
+}
+
+PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
+{
+    const Pose &pose = clipboard();
+    if (pose.joints.empty())
+        return {false, tr("No pose was copied yet.")};
+    QVector<VxNode *> roots = PoseFigure::rootsOf(scene->getSelectedNodes());
+    if (roots.isEmpty() && pose.root && pose.root->getScene() == scene)
+        roots.append(PoseFigure::rootOf(pose.root));
+    if (roots.isEmpty())
+        return nothingSelected();
+    PoseWriter writer(scene->getTime(), scene->isAnimating());
+    Counts counts;
+    VxUndoStackHold hold;
+    {
+        const VxChangeBlock block;
+        for (VxNode *root : qAsConst(roots))
+            applyTo(PoseFigure(root), pose, mirrored, &writer, &counts);
+    }
+    const QString text = mirrored ? tr("Paste Pose Mirrored") : tr("Paste Pose");
+    return finish(&hold, text,
+                  tr("Pasted the pose to %1 of %2 nodes.")
+                      .arg(counts.matched)
+                      .arg(int(pose.joints.size()) * roots.size()),
+                  counts, writer);
+}
+
+PoseResult PoseCommands::mirrorSelected(VxScene *scene)
+{
+    const QVector<VxNode *> nodes = selectedTrees(scene);
+    if (nodes.isEmpty())
+        return nothingSelected();
+    const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
+    PoseWriter writer(scene->getTime(), scene->isAnimating());
+    Counts counts;
+    VxUndoStackHold hold;
+    {
+        const VxChangeBlock block;
+        for (VxNode *root : roots) {
+            const PoseFigure figure(root);
+            applyTo(figure, poseOf(figure, nodes, scene->getTime()), true, &writer, &counts);
+        }
+    }
+    return finish(&hold, tr("Mirror to Other Side"),
+                  tr("Mirrored the pose of %1 nodes.").arg(counts.matched), counts, writer);
+}
+
+PoseResult PoseCommands::resetToRest(VxScene *scene)
+{
+    const QVector<VxNode *> nodes = selectedJoints(scene);
+    if (nodes.isEmpty())
+        return nothingSelected();
+    PoseWriter writer(scene->getTime(), scene->isAnimating());
+    VxUndoStackHold hold;
+    {
+        const VxChangeBlock block;
+        for (const VxNode *node : nodes) {
+            const PoseValues rest = NodeChannels(node).rest();
+            for (int i = 0; i < PoseChannelCount; ++i)
+                writer.set(node, i, rest[std::size_t(i)]);
+        }
+    }
+    hold.accept(tr("Reset to Rest"));
+    return {true, tr("Reset %1 nodes to rest.").arg(nodes.size()) + writer.report()};
+}
+
+PoseResult PoseCommands::selectMirror(VxScene *scene)
+{
+    const QVector<VxNode *> nodes = scene->getSelectedNodes();
+    if (nodes.isEmpty())
+        return nothingSelected();
+    QVector<VxNode *> others;
+    QStringList missing;
+    for (VxNode *root : PoseFigure::rootsOf(nodes)) {
+        const PoseFigure figure(root);
+        for (VxNode *node : nodes) {
+            if (!figure.contains(node))
+                continue;
+            if (VxNode *other = figure.findMirrored(node->getName()))
+                others.append(other);
+            else
+                appendOnce(&missing, node->getName());
+        }
+    }
+    if (others.isEmpty())
+        return {false, tr("The selected nodes have no other side.") + missingText(missing)};
+    selectOnly(scene, others);
+    return {true,
+            tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) + missingText(missing)};
+}
+
+PoseResult PoseCommands::selectChildren(VxScene *scene)
+{
+    if (scene->getNumSelectedNodes() == 0)
+        return nothingSelected();
+    VxNode *primary = scene->getPrimarySelection();
+    scene->selectNodes(selectedTrees(scene), true);
+    if (primary)
+        scene->setPrimarySelection(primary);
+    return {true, tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+}
+
+PoseResult PoseCommands::selectParents(VxScene *scene)
+{
+    QVector<VxNode *> parents;
+    QSet<const VxNode *> found;
+    for (const VxNode *node : scene->getSelectedNodes()) {
+        VxNode *parent = node->getNodeParent();
+        if (!parent || found.contains(parent))
+            continue;
+        found.insert(parent);
+        parents.append(parent);
+    }
+    if (scene->getNumSelectedNodes() == 0)
+        return nothingSelected();
+    if (parents.isEmpty())
+        return {false, tr("The selected nodes have no parents.")};
+    selectOnly(scene, parents);
+    return {true, tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+}
