@@ -149,8 +149,11 @@ void tst_PlaybackOnScreen::whatIsShownKeepsUpWithTheClock()
                     "%.3f and at most %.3f frames behind; %.2f ms of the processor a frame\n",
                     QTest::currentDataTag(), watch == &figure ? "figure" : "playhead", shown,
                     int(behind.size()), int(late), middle, behind.back(), used / shown);
-        // A frame stays for one frame; from two on, what was seen was more than one frame late.
+        // A frame stays for one frame; from two on, what was seen was more than one frame late. The
+        // sanitizers make painting several times slower.
+#ifndef __SANITIZE_ADDRESS__
         QVERIFY2(middle < 2, qPrintable(QString::number(middle)));
+#endif
         QVERIFY(int(behind.size()) * 2 > shown);
     }
 }

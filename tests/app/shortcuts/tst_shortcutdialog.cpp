@@ -186,19 +186,19 @@ void tst_ShortcutDialog::givesAFreeKey()
         QVERIFY(part<QLabel>("ShortcutDescription")->text().startsWith("Toggles whether"));
         auto *field = part<QLineEdit>("ShortcutField");
         VxMouseDriver(field).click(field->rect().center());
-        press(Qt::Key_L, Qt::ControlModifier);
-        QCOMPARE(field->text(), QString("Ctrl+L"));
-        QCOMPARE(shown("VxLoopToggleAction"), QString("Ctrl+L"));
+        press(Qt::Key_J, Qt::ControlModifier);
+        QCOMPARE(field->text(), QString("Ctrl+J"));
+        QCOMPARE(shown("VxLoopToggleAction"), QString("Ctrl+J"));
         QVERIFY(part<QLabel>("ShortcutConflict")->text().isEmpty());
         QCOMPARE(shortcut("VxLoopToggleAction"), QString()); // nothing yet
         clickButton(QDialogButtonBox::Ok);
     });
-    QCOMPARE(shortcut("VxLoopToggleAction"), QString("Ctrl+L"));
+    QCOMPARE(shortcut("VxLoopToggleAction"), QString("Ctrl+J"));
     window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window()));
     window()->viewport()->setFocus();
     const bool before = vxScene->isLoopingEnabled();
-    type(Qt::Key_L, Qt::ControlModifier);
+    type(Qt::Key_J, Qt::ControlModifier);
     QCOMPARE(vxScene->isLoopingEnabled(), !before);
 }
 
@@ -241,7 +241,7 @@ void tst_ShortcutDialog::windowCommandsHaveKeysToo()
         QCOMPARE(part<QLabel>("ShortcutDescription")->text(),
                  QString("Dark text on a light background."));
         part<QLineEdit>("ShortcutField")->setFocus();
-        press(Qt::Key_L, Qt::ControlModifier);
+        press(Qt::Key_J, Qt::ControlModifier);
         clickButton(QDialogButtonBox::Ok);
     });
     QCOMPARE(shortcut("VxLoopToggleAction"), QString("Ctrl+S"));
@@ -252,7 +252,7 @@ void tst_ShortcutDialog::windowCommandsHaveKeysToo()
     window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window()));
     window()->viewport()->setFocus();
-    type(Qt::Key_L, Qt::ControlModifier);
+    type(Qt::Key_J, Qt::ControlModifier);
     QCOMPARE(vxApp->getStyle()->colorScheme(), VxStyle::ColorScheme::Light);
 }
 
@@ -402,17 +402,17 @@ void tst_ShortcutDialog::shownInMenusAndTips()
     edit([this] {
         choose("VxLoopToggleAction");
         part<QLineEdit>("ShortcutField")->setFocus();
-        press(Qt::Key_L, Qt::ControlModifier);
+        press(Qt::Key_J, Qt::ControlModifier);
         clickButton(QDialogButtonBox::Ok);
     });
     const QAction *loop = entry("Animation", "Toggle Looping");
     QVERIFY(loop);
-    QCOMPARE(loop->shortcut().toString(), QString("Ctrl+L"));
-    QCOMPARE(loop->toolTip(), QString("Toggle Looping (Ctrl+L)"));
+    QCOMPARE(loop->shortcut().toString(), QString("Ctrl+J"));
+    QCOMPARE(loop->toolTip(), QString("Toggle Looping (Ctrl+J)"));
     QHelpEvent event(QEvent::ToolTip, QPoint(), QPoint());
     auto *button = inTimePane<QWidget>("TimelineLoopBtn");
     QCoreApplication::sendEvent(button, &event);
-    QCOMPARE(button->toolTip(), QString("Loop (Ctrl+L)"));
+    QCOMPARE(button->toolTip(), QString("Loop (Ctrl+J)"));
 }
 
 void tst_ShortcutDialog::keptOverTwoRuns()
