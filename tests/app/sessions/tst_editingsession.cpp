@@ -274,12 +274,15 @@ void TestEditingSession::giveUp()
         m_sheet->show();
         break;
     case 2:
-        if (QWidget *focus = QApplication::focusWidget())
-            focus->clearFocus();
+        QVERIFY(QApplication::focusWidget());
+        QApplication::focusWidget()->clearFocus();
         break;
     default:
         dockOfTimePane()->setFloating(!dockOfTimePane()->isFloating());
         dockOfTimePane()->setFloating(false);
+        // The window of the floating dock was the active one.
+        window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window()));
     }
     QVERIFY(!vxApp->getUndoStack()->isRecording());
 }
