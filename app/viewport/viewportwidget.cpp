@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QPainter>
+#include <utility>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -114,13 +115,22 @@ void ViewportWidget::frameSelection()
     setCamera(camera);
 }
 
+/** In the view of an empty scene, figures of any size may be out of sight. */
+void ViewportWidget::frameFirstFigure()
+{
+    const bool wasEmpty = std::exchange(m_isEmpty, m_scene->getNumNodes() == 0);
+    if (wasEmpty && !FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints().isEmpty())
+        frameFigure();
+}
+
 void ViewportWidget::paintEvent(QPaintEvent *)
 {
+    frameFirstFigure();
     if (m_ground.isNull() || !qFuzzyCompare(m_ground.devicePixelRatio(), devicePixelRatioF()))
         updateGround();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_ground);
-    if (m_scene->getNumNodes() == 0)
+    if (m_isEmpty)
         paintHint(&painter);
     else
         FigurePainter(&painter, m_camera, palette())

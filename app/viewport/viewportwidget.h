@@ -41,7 +41,8 @@ public:
 
 public Q_SLOTS:
     /// Shows the figures in their current pose at two thirds of the view's height; everything in a
-    /// scene without bones. Done whenever a document was loaded.
+    /// scene without bones. Done whenever a document was loaded, and when the first figure appears
+    /// in an empty view.
     void frameFigure();
     /// Shows all positions within the play range; the world's origin in an empty scene.
     void frameAll();
@@ -64,6 +65,7 @@ private:
     void dragCamera(const QPoint &to);
     void selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifiers);
     void setHovered(VxNode *node);
+    void frameFirstFigure();
     void updateGround();
     void paintHint(QPainter *painter) const;
 
@@ -71,7 +73,8 @@ private:
     const VxViewportMgr *const m_conventions;
     QAction *m_frameSelection;
     ViewportCamera m_camera;
-    QPixmap m_ground; // null when it must be painted again
+    bool m_isEmpty = false; // no nodes when last painted
+    QPixmap m_ground;       // null when it must be painted again
     QPointer<VxNode> m_hovered;
     Qt::MouseButton m_dragButton = Qt::NoButton;
     Qt::KeyboardModifiers m_pressModifiers;

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void framingAgainChangesNothing();
     void aLoadedSceneShowsItsFigure_data();
     void aLoadedSceneShowsItsFigure();
+    void theFirstFigureIsFramed();
     void figuresOfAnySize_data();
     void figuresOfAnySize();
     void hiddenNodesAreNotPainted();
@@ -316,6 +317,30 @@ void tst_ViewportWidget::aLoadedSceneShowsItsFigure()
     QCOMPARE(m_view->camera().target(), QVector3D(0, 2, 0));
     m_view->frameAll();
     QVERIFY(pixel({0, 0, 0}).y() - pixel({0, 4, 0}).y() < view.height() / 10);
+}
+
+void tst_ViewportWidget::theFirstFigureIsFramed()
+{
+    vxScene->clear();
+    picture();
+    auto *figure = new VxSkeleton(QStringLiteral("large"));
+    auto *bone = new VxBone(QStringLiteral("bone"));
+    bone->setEndPoint({0, 400, 0});
+    figure->addNodeChild(bone);
+    vxScene->addNode(figure);
+    picture();
+    const ViewportCamera framed = m_view->camera();
+    QCOMPARE(framed.target(), QVector3D(0, 200, 0));
+    const double part = double(pixel({0, 0, 0}).y() - pixel({0, 400, 0}).y()) / m_view->height();
+    QVERIFY2(std::abs(part - 2.0 / 3) < 0.07, qPrintable(QString::number(part)));
+    // A further one leaves the camera to the user.
+    auto *other = new VxSkeleton(QStringLiteral("other"));
+    auto *far = new VxBone(QStringLiteral("far"));
+    far->setEndPoint({9000, 0, 0});
+    other->addNodeChild(far);
+    vxScene->addNode(other);
+    picture();
+    QVERIFY(m_view->camera() == framed);
 }
 
 void tst_ViewportWidget::figuresOfAnySize_data()
