@@ -1,93 +1,66 @@
 #ifndef VXCREATEACTIONS_H
 #define VXCREATEACTIONS_H
 
-#include <vxcore/vxaction.h>
+#include "widgets/vxsceneaction.h"
 
-struct CreateResult;
-class VxScene;
-
-/// Base of the commands of the menu Create. They act on the scene and its selection; the status
-/// line reports what could not be done.
-class VxCreateAction : public VxAction
-{
-    Q_OBJECT
-public:
-    ~VxCreateAction() override;
-
-    QString getDefaultAccel() const override;
-    QString getDefaultMenuPath() const override;
-    QString getActionGroup() const override;
-
-protected:
-    VxCreateAction(const QString &text, const QString &description, const char *accel,
-                   const char *group);
-    void executeAction() override;
-
-private:
-    virtual CreateResult create(VxScene *scene) const = 0;
-
-    const char *const m_accel;
-    const char *const m_group;
-};
-
-class VxCreateNodeAction : public VxCreateAction
+class VxCreateNodeAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxCreateNodeAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
-class VxCreateSkeletonAction : public VxCreateAction
+class VxCreateSkeletonAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxCreateSkeletonAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
-class VxCreateBoneAction : public VxCreateAction
+class VxCreateBoneAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxCreateBoneAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
-class VxCreateFigureAction : public VxCreateAction
+class VxCreateFigureAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxCreateFigureAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
-class VxDuplicateNodesAction : public VxCreateAction
+class VxDuplicateNodesAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxDuplicateNodesAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
-class VxGroupNodesAction : public VxCreateAction
+class VxGroupNodesAction : public VxSceneAction
 {
     Q_OBJECT
 public:
     VxGroupNodesAction();
 
 private:
-    CreateResult create(VxScene *scene) const override;
+    QString perform(VxScene *scene) const override;
 };
 
 #endif

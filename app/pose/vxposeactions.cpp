@@ -3,199 +3,167 @@
 #include "pose/breakdowndialog.h"
 #include "pose/cycledialog.h"
 #include "pose/inbetween.h"
+#include "pose/posecommands.h"
 
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 
-VxPoseAction::VxPoseAction(const QString &text, const QString &description, const char *accel,
-                           const char *group)
-    : VxAction(text, description)
-    , m_accel(accel)
-    , m_group(group)
-{
-}
-
-VxPoseAction::~VxPoseAction() = default;
-
-QString VxPoseAction::getDefaultAccel() const
-{
-    return QLatin1String(m_accel);
-}
-
-QString VxPoseAction::getDefaultMenuPath() const
-{
-    return QStringLiteral("Pose");
-}
-
-QString VxPoseAction::getActionGroup() const
-{
-    return QLatin1String(m_group);
-}
-
-void VxPoseAction::executeAction()
-{
-    if (!vxScene)
-        return;
-    const PoseResult result = perform(vxScene);
-    VxMainWindow *window = vxApp->getInterface();
-    if (window && !result.message.isEmpty())
-        window->showStatusMessage(result.message);
-}
-
 VxCopyPoseAction::VxCopyPoseAction()
-    : VxPoseAction(tr("Copy Pose"),
-                   tr("Copies the pose of the selected nodes and everything below them at the "
-                      "current time."),
-                   "Ctrl+Shift+C", "Poses")
+    : VxSceneAction("Pose", tr("Copy Pose"),
+                    tr("Copies the pose of the selected nodes and everything below them at the "
+                       "current time."),
+                    "Ctrl+Shift+C", "Poses")
 {
 }
 
-PoseResult VxCopyPoseAction::perform(VxScene *scene) const
+QString VxCopyPoseAction::perform(VxScene *scene) const
 {
-    return PoseCommands::copy(scene);
+    return PoseCommands::copy(scene).message;
 }
 
 VxPastePoseAction::VxPastePoseAction()
-    : VxPoseAction(
-          tr("Paste Pose"),
+    : VxSceneAction(
+          "Pose", tr("Paste Pose"),
           tr("Pastes the copied pose to the nodes of the same names in the selected figure."),
           "Ctrl+Shift+V", "Poses")
 {
 }
 
-PoseResult VxPastePoseAction::perform(VxScene *scene) const
+QString VxPastePoseAction::perform(VxScene *scene) const
 {
-    return PoseCommands::paste(scene, false);
+    return PoseCommands::paste(scene, false).message;
 }
 
 VxPastePoseMirroredAction::VxPastePoseMirroredAction()
-    : VxPoseAction(tr("Paste Pose Mirrored"),
-                   tr("Pastes the mirror image of the copied pose: left becomes right."),
-                   "Ctrl+Shift+M", "Poses")
+    : VxSceneAction("Pose", tr("Paste Pose Mirrored"),
+                    tr("Pastes the mirror image of the copied pose: left becomes right."),
+                    "Ctrl+Shift+M", "Poses")
 {
 }
 
-PoseResult VxPastePoseMirroredAction::perform(VxScene *scene) const
+QString VxPastePoseMirroredAction::perform(VxScene *scene) const
 {
-    return PoseCommands::paste(scene, true);
+    return PoseCommands::paste(scene, true).message;
 }
 
 VxMirrorPoseAction::VxMirrorPoseAction()
-    : VxPoseAction(tr("Mirror Selected to Other Side"),
-                   tr("Gives the pose of the selected nodes and everything below them to the other "
-                      "side. When both sides are selected they are swapped."),
-                   "Ctrl+M", "Poses")
+    : VxSceneAction(
+          "Pose", tr("Mirror Selected to Other Side"),
+          tr("Gives the pose of the selected nodes and everything below them to the other "
+             "side. When both sides are selected they are swapped."),
+          "Ctrl+M", "Poses")
 {
 }
 
-PoseResult VxMirrorPoseAction::perform(VxScene *scene) const
+QString VxMirrorPoseAction::perform(VxScene *scene) const
 {
-    return PoseCommands::mirrorSelected(scene);
+    return PoseCommands::mirrorSelected(scene).message;
 }
 
 VxResetPoseAction::VxResetPoseAction()
-    : VxPoseAction(
-          tr("Reset to Rest"),
+    : VxSceneAction(
+          "Pose", tr("Reset to Rest"),
           tr("Sets the selected nodes to the rest pose; a skeleton includes all its nodes."),
           "Ctrl+Shift+R", "Poses")
 {
 }
 
-PoseResult VxResetPoseAction::perform(VxScene *scene) const
+QString VxResetPoseAction::perform(VxScene *scene) const
 {
-    return PoseCommands::resetToRest(scene);
+    return PoseCommands::resetToRest(scene).message;
 }
 
 VxSelectMirrorAction::VxSelectMirrorAction()
-    : VxPoseAction(tr("Select Mirror"),
-                   tr("Selects the nodes of the other side instead of the selected ones."),
-                   "Ctrl+Alt+M", "Selection")
+    : VxSceneAction("Pose", tr("Select Mirror"),
+                    tr("Selects the nodes of the other side instead of the selected ones."),
+                    "Ctrl+Alt+M", "Selection")
 {
 }
 
-PoseResult VxSelectMirrorAction::perform(VxScene *scene) const
+QString VxSelectMirrorAction::perform(VxScene *scene) const
 {
-    return PoseCommands::selectMirror(scene);
+    return PoseCommands::selectMirror(scene).message;
 }
 
 VxSelectChildrenAction::VxSelectChildrenAction()
-    : VxPoseAction(tr("Select Children"),
-                   tr("Adds everything below the selected nodes to the selection."),
-                   "Ctrl+Shift+Down", "Selection")
+    : VxSceneAction("Pose", tr("Select Children"),
+                    tr("Adds everything below the selected nodes to the selection."),
+                    "Ctrl+Shift+Down", "Selection")
 {
 }
 
-PoseResult VxSelectChildrenAction::perform(VxScene *scene) const
+QString VxSelectChildrenAction::perform(VxScene *scene) const
 {
-    return PoseCommands::selectChildren(scene);
+    return PoseCommands::selectChildren(scene).message;
 }
 
 VxSelectParentsAction::VxSelectParentsAction()
-    : VxPoseAction(tr("Select Parents"),
-                   tr("Selects the parents of the selected nodes instead of them."),
-                   "Ctrl+Shift+Up", "Selection")
+    : VxSceneAction("Pose", tr("Select Parents"),
+                    tr("Selects the parents of the selected nodes instead of them."),
+                    "Ctrl+Shift+Up", "Selection")
 {
 }
 
-PoseResult VxSelectParentsAction::perform(VxScene *scene) const
+QString VxSelectParentsAction::perform(VxScene *scene) const
 {
-    return PoseCommands::selectParents(scene);
+    return PoseCommands::selectParents(scene).message;
 }
 
 VxBreakdownAction::VxBreakdownAction()
-    : VxPoseAction(tr("Breakdown..."),
-                   tr("Sets the selected nodes to a pose between the previous and the next one."),
-                   "Ctrl+B", "Keys")
+    : VxSceneAction("Pose", tr("Breakdown..."),
+                    tr("Sets the selected nodes to a pose between the previous and the next one."),
+                    "Ctrl+B", "Keys")
 {
 }
 
-PoseResult VxBreakdownAction::perform(VxScene *scene) const
+QString VxBreakdownAction::perform(VxScene *scene) const
 {
     const QVector<VxNode *> nodes = PoseCommands::selectedJoints(scene);
     if (nodes.isEmpty())
-        return InBetween::breakdown(scene, 0, Breakdown::Toward::Neighbours);
+        return InBetween::breakdown(scene, 0, Breakdown::Toward::Neighbours).message;
     BreakdownDialog(scene, nodes, vxApp->getInterface()).exec();
     return {};
 }
 
 VxHoldPoseAction::VxHoldPoseAction()
-    : VxPoseAction(tr("Hold"),
-                   tr("Holds the pose of the keys before the playhead until the playhead."),
-                   "Ctrl+H", "Keys")
+    : VxSceneAction("Pose", tr("Hold"),
+                    tr("Holds the pose of the keys before the playhead until the playhead."),
+                    "Ctrl+H", "Keys")
 {
 }
 
-PoseResult VxHoldPoseAction::perform(VxScene *scene) const
+QString VxHoldPoseAction::perform(VxScene *scene) const
 {
-    return InBetween::hold(scene);
+    return InBetween::hold(scene).message;
 }
 
 VxCyclePosesAction::VxCyclePosesAction()
-    : VxPoseAction(tr("Cycle..."),
-                   tr("Repeats the keys of the play range, with or without an offset of the root."),
-                   "Ctrl+L", "Keys")
+    : VxSceneAction(
+          "Pose", tr("Cycle..."),
+          tr("Repeats the keys of the play range, with or without an offset of the root."),
+          "Ctrl+L", "Keys")
 {
 }
 
-PoseResult VxCyclePosesAction::perform(VxScene *scene) const
+QString VxCyclePosesAction::perform(VxScene *scene) const
 {
     if (scene->getNumSelectedNodes() == 0)
-        return InBetween::cycle(scene, 2, false);
+        return InBetween::cycle(scene, 2, false).message;
     CycleDialog dialog(vxApp->getInterface());
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    return InBetween::cycle(scene, dialog.count(), dialog.hasOffset());
+    return InBetween::cycle(scene, dialog.count(), dialog.hasOffset()).message;
 }
 
 VxMatchEndsAction::VxMatchEndsAction()
-    : VxPoseAction(tr("Match First and Last Pose"),
-                   tr("Sets the pose at the end of the play range to the one at its start."),
-                   "Ctrl+Shift+L", "Keys")
+    : VxSceneAction("Pose", tr("Match First and Last Pose"),
+                    tr("Sets the pose at the end of the play range to the one at its start."),
+                    "Ctrl+Shift+L", "Keys")
 {
 }
 
-PoseResult VxMatchEndsAction::perform(VxScene *scene) const
+QString VxMatchEndsAction::perform(VxScene *scene) const
 {
-    return InBetween::matchEnds(scene);
+    return InBetween::matchEnds(scene).message;
 }
