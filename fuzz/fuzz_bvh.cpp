@@ -1,20 +1,15 @@
 // Random bytes through the BVH reader. Whatever is accepted must keep the document's rules and
 // survive being written and read again; whatever is refused must say why and in which line.
 
+#include "require.h"
+
 #include "io/vxbvhreader.h"
 #include "io/vxbvhtiming.h"
 #include "io/vxbvhwriter.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
-
-void require(bool promise)
-{
-    if (!promise)
-        std::abort();
-}
 
 void checkDocument(const VxBvhDocument &document)
 {

@@ -1,20 +1,11 @@
 // Random bytes through the CSV reader. What is accepted must keep the rules of imported motion;
 // what is refused must say why, with line and column.
 
+#include "require.h"
+
 #include "io/csv/vxcsvreader.h"
 
 #include <cstdint>
-#include <cstdlib>
-
-namespace {
-
-void require(bool promise)
-{
-    if (!promise)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 

@@ -1,20 +1,11 @@
 // Random bytes through the FBX reader. Whatever is accepted must keep the motion's rules; whatever
 // is refused must say why and where.
 
+#include "require.h"
+
 #include "io/fbx/vxfbxreader.h"
 
 #include <cstdint>
-#include <cstdlib>
-
-namespace {
-
-void require(bool promise)
-{
-    if (!promise)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 

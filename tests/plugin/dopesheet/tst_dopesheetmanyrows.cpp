@@ -270,7 +270,7 @@ void TestDopeSheetManyRows::rowsAreMadeWhenTheyAreOpened()
     QVERIFY(view->model()->hasChildren(row));
     QVERIFY(node->getMadeProperties().isEmpty());
     const QAbstractItemModelTester tester(view->getFilterModel(),
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+                                          QAbstractItemModelTester::FailureReportingMode::Warning);
     view->expand(row);
     settle();
     QVERIFY(!itemOf(node)->hasRowsToMake());
@@ -484,7 +484,7 @@ void TestDopeSheetManyRows::randomManyChanges()
     std::mt19937 random(11);
     const auto below = [&random](int end) { return int(random() % unsigned(end)); };
     const QAbstractItemModelTester tester(view->getFilterModel(),
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+                                          QAbstractItemModelTester::FailureReportingMode::Warning);
     addLevel(300);
     settle();
     QSignalSpy many(model(), &VxDopeSheetModel::manyChangesFinished);
@@ -541,7 +541,7 @@ void TestDopeSheetManyRows::filterOverManyRows()
     vxScene->addNode(child, nodes.at(7));
     settle();
     const QAbstractItemModelTester tester(view->getFilterModel(),
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+                                          QAbstractItemModelTester::FailureReportingMode::Warning);
     view->setColumnWidth(0, 333);
     view->expand(view->findNodeIndex(nodes.at(3)));
     nodes.at(5)->select(true);
