@@ -271,8 +271,8 @@ void tst_StudioWindow::menus()
     QStringList titles;
     for (const QAction *action : window()->menuBar()->actions())
         titles.append(action->text().remove('&'));
-    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Create", "Pose", "Animation", "Keys", "Window",
-                                  "Help"}));
+    QCOMPARE(titles, QStringList({"File", "Edit", "View", "Create", "Pose", "Animation", "Keys",
+                                  "Window", "Help"}));
     QVERIFY(!menu("Animation")->actions().isEmpty());
     for (const char *text : {"New", "Open...", "Save", "Save As...", "Quit"})
         QVERIFY2(entry("File", QLatin1String(text)), text);
