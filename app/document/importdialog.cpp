@@ -4,21 +4,49 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QTextDocument>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
-QPlainTextEdit *makeText(QWidget *parent)
+/// The lines of a report; the preferred size shows them all.
+class ReportText : public QPlainTextEdit
 {
-    auto *text = new QPlainTextEdit(parent);
-    text->setObjectName(QStringLiteral("importReport"));
-    text->setReadOnly(true);
-    text->setTabChangesFocus(true);
-    text->setMinimumSize(520, 260);
-    return text;
+public:
+    explicit ReportText(QWidget *parent)
+        : QPlainTextEdit(parent)
+    {
+        setObjectName(QStringLiteral("importReport"));
+        setReadOnly(true);
+        setTabChangesFocus(true);
+        setMinimumSize(360, 120);
+    }
+
+    QSize sizeHint() const override
+    {
+        constexpr int Width = 600;
+        QTextDocument text(toPlainText());
+        text.setDefaultFont(font());
+        text.setTextWidth(Width);
+        const int frame = 2 * frameWidth();
+        // The editor shows a scroll bar until it has room for whole lines below the last one.
+        const int spare = 2 * fontMetrics().lineSpacing();
+        return {Width + frame, int(std::ceil(text.size().height())) + frame + spare};
+    }
+};
+
+/** Resizes a dialog to its preferred size as far as the screen has room for it and its frame. */
+void fitToScreen(QDialog *dialog)
+{
+    const QSize room = dialog->screen()->availableSize() - QSize(40, 40);
+    dialog->resize(dialog->sizeHint().boundedTo(room));
 }
 
 } // namespace
@@ -29,7 +57,7 @@ ImportDialog::ImportDialog(VxMotionImport *import, const QString &fileName, QWid
     , m_fileName(fileName)
 {
     setWindowTitle(tr("Import %1").arg(QFileInfo(fileName).fileName()));
-    m_report = makeText(this);
+    m_report = new ReportText(this);
     m_numbers = new QLabel(this);
     m_numbers->setObjectName(QStringLiteral("importNumbers"));
     m_numbers->setWordWrap(true);
@@ -40,44 +68,53 @@ ImportDialog::ImportDialog(VxMotionImport *import, const QString &fileName, QWid
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_report, 1);
+    makeAnimations();
+    layout->addWidget(m_animation);
     layout->addWidget(makeChoices());
     layout->addWidget(m_numbers);
     layout->addWidget(buttons);
     showReport();
+    fitToScreen(this);
 }
 
-QCheckBox *ImportDialog::addChoice(const QString &name, const QString &text, QWidget *group)
+/** In two columns. */
+QCheckBox *ImportDialog::addChoice(const char *name, const QString &text, bool isOffered,
+                                   QWidget *group)
 {
     auto *box = new QCheckBox(text, group);
-    box->setObjectName(name);
-    group->layout()->addWidget(box);
+    box->setObjectName(QLatin1String(name));
+    box->setVisible(isOffered);
+    auto *grid = static_cast<QGridLayout *>(group->layout());
+    if (isOffered)
+        grid->addWidget(box, grid->count() / 2, grid->count() % 2);
     return box;
+}
+
+void ImportDialog::makeAnimations()
+{
+    m_animation = new QComboBox(this);
+    m_animation->setObjectName(QStringLiteral("importAnimation"));
+    m_animation->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_animation->addItem(tr("All animations, one after another"));
+    for (const VxImportedClip &clip : m_import->report().clips)
+        m_animation->addItem(clip.name);
+    m_animation->setVisible(m_animation->count() > 2);
+    connect(m_animation, QOverload<int>::of(&QComboBox::activated), this,
+            &ImportDialog::readAnimation);
 }
 
 QWidget *ImportDialog::makeChoices()
 {
     auto *group = new QWidget(this);
-    auto *layout = new QVBoxLayout(group);
-    layout->setContentsMargins(0, 0, 0, 0);
-    m_animation = new QComboBox(group);
-    m_animation->setObjectName(QStringLiteral("importAnimation"));
-    m_animation->addItem(tr("All animations, one after another"));
-    for (const VxImportedClip &clip : m_import->report().clips)
-        m_animation->addItem(clip.name);
-    m_animation->setVisible(m_animation->count() > 2);
-    layout->addWidget(m_animation);
-    m_startsAtZero =
-        addChoice(QStringLiteral("importStartsAtZero"), tr("Move the first key to time 0"), group);
+    auto *grid = new QGridLayout(group);
+    grid->setContentsMargins(0, 0, 0, 0);
     // BVH motion begins at 0 and has no choice of animations.
-    m_startsAtZero->setVisible(m_animation->count() > 1);
-    m_snapsToFrames =
-        addChoice(QStringLiteral("importSnapsToFrames"), tr("Snap keys to frames"), group);
-    m_matchesRate = addChoice(QStringLiteral("importMatchesRate"),
-                              tr("Set the scene to the file's frame rate"), group);
-    m_matchesRate->setVisible(!m_import->setsRate());
-    m_rotationsOnly = addChoice(QStringLiteral("importRotationsOnly"), tr("Rotations only"), group);
-    connect(m_animation, QOverload<int>::of(&QComboBox::activated), this,
-            &ImportDialog::readAnimation);
+    m_startsAtZero = addChoice("importStartsAtZero", tr("Move the first key to time 0"),
+                               !m_import->report().clips.empty(), group);
+    m_snapsToFrames = addChoice("importSnapsToFrames", tr("Snap keys to frames"), true, group);
+    m_matchesRate = addChoice("importMatchesRate", tr("Set the scene to the file's frame rate"),
+                              !m_import->setsRate(), group);
+    m_rotationsOnly = addChoice("importRotationsOnly", tr("Rotations only"), true, group);
     connect(m_startsAtZero, &QCheckBox::toggled, this, &ImportDialog::readAnimation);
     for (const QCheckBox *box : {m_snapsToFrames, m_matchesRate, m_rotationsOnly})
         connect(box, &QCheckBox::toggled, this, &ImportDialog::showNumbers);
@@ -89,7 +126,7 @@ void ImportDialog::readAnimation()
 {
     VxMotionBuildOptions options;
     const int index = m_animation->currentIndex();
-    options.clip = index > 0 ? QString::number(index) : QString();
+    options.clipNumber = qMax(0, index);
     options.startsAtZero = m_startsAtZero->isChecked();
     m_import->setOptions(options);
     VxFileError error;
@@ -104,7 +141,23 @@ void ImportDialog::readAnimation()
 void ImportDialog::showReport()
 {
     m_report->setPlainText(m_import->report().lines().join(QLatin1Char('\n')));
+    updateStartsAtZero();
     showNumbers();
+}
+
+/** The choice is disabled, with the reason, where it would change nothing. */
+void ImportDialog::updateStartsAtZero()
+{
+    const VxImportReport &report = m_import->report();
+    const auto numImported = std::count_if(report.clips.begin(), report.clips.end(),
+                                           [](const VxImportedClip &c) { return c.isImported; });
+    QString reason;
+    if (numImported > 1)
+        reason = tr("Several animations always begin at time 0.");
+    else if (report.firstKey == 0.0)
+        reason = tr("The first key is at time 0 already.");
+    m_startsAtZero->setEnabled(reason.isEmpty());
+    m_startsAtZero->setToolTip(reason);
 }
 
 void ImportDialog::showNumbers()
@@ -147,12 +200,13 @@ void showImportReport(const VxImportReport &report, QWidget *parent)
     QDialog dialog(parent);
     dialog.setObjectName(QStringLiteral("importReportDialog"));
     dialog.setWindowTitle(ImportDialog::tr("Import Report"));
-    QPlainTextEdit *text = makeText(&dialog);
+    auto *text = new ReportText(&dialog);
     text->setPlainText(report.lines().join(QLatin1Char('\n')));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto *layout = new QVBoxLayout(&dialog);
     layout->addWidget(text);
     layout->addWidget(buttons);
+    fitToScreen(&dialog);
     dialog.exec();
 }

@@ -27,9 +27,11 @@ public:
 
 private:
     QWidget *makeChoices();
-    QCheckBox *addChoice(const QString &name, const QString &text, QWidget *group);
+    void makeAnimations();
+    QCheckBox *addChoice(const char *name, const QString &text, bool isOffered, QWidget *group);
     void readAnimation();
     void showReport();
+    void updateStartsAtZero();
     void showNumbers();
 
     VxMotionImport *const m_import;

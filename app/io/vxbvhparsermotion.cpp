@@ -135,7 +135,7 @@ bool VxBvhParser::parseMotion()
 bool VxBvhParser::leaveOutSurplusFrames()
 {
     const VxBvhTokenizer before = m_tokens;
-    if (m_irregularLine >= 0 || m_tokens.peek().line == m_valueLine)
+    if (m_channelCount == 0 || m_irregularLine >= 0 || m_tokens.peek().line == m_valueLine)
         return false;
     std::vector<float> row(static_cast<std::size_t>(m_channelCount));
     qint64 frames = 0;

@@ -180,7 +180,7 @@ bool Reader::readKeyRow(VxFileError *error)
         return m_motion.setValue(m_property, value, m_columns[Value], error);
     double time = 0.0;
     VxMotionShape shape;
-    return m_rows.time(m_columns[Time], &time, error) && readShape(&shape, error) &&
+    return m_rows.number(m_columns[Time], &time, error) && readShape(&shape, error) &&
            m_motion.addKey(m_property, time, value, shape, m_columns[Time], error);
 }
 
@@ -263,7 +263,7 @@ bool Reader::readFrame(VxFileError *error)
     if (m_rows.count() > int(m_properties.size()))
         return m_rows.fail(int(m_properties.size()), tr("The row has too many cells."), error);
     double time = 0.0;
-    if (!m_rows.time(0, &time, error))
+    if (!m_rows.number(0, &time, error))
         return false;
     if (m_numRows > 0 && time <= m_lastTime)
         return m_rows.fail(0, tr("The times must ascend."), error);

@@ -182,25 +182,16 @@ QString VxCsvRows::text(int column) const
     return QString::fromUtf8(text.data(), int(text.size()));
 }
 
-bool VxCsvRows::time(int column, double *value, VxFileError *error) const
+bool VxCsvRows::number(int column, double *value, VxFileError *error) const
 {
     std::string_view text = cell(column);
     if (!text.empty() && text.front() == '+')
         text.remove_prefix(1);
     const char *const end = text.data() + text.size();
     const std::from_chars_result result = std::from_chars(text.data(), end, *value);
-    if (result.ec == std::errc::result_out_of_range)
-        return fail(column, tr("The number \"%1\" is out of range.").arg(shown(cell(column))),
-                    error);
-    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value))
+    const bool isOutOfRange = result.ec == std::errc::result_out_of_range;
+    if (!isOutOfRange && (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value)))
         return fail(column, tr("\"%1\" is not a number.").arg(shown(cell(column))), error);
-    return true;
-}
-
-bool VxCsvRows::number(int column, double *value, VxFileError *error) const
-{
-    if (!time(column, value, error))
-        return false;
-    return std::abs(*value) <= double(std::numeric_limits<float>::max()) ||
+    return (!isOutOfRange && std::abs(*value) <= double(std::numeric_limits<float>::max())) ||
            fail(column, tr("The number \"%1\" is out of range.").arg(shown(cell(column))), error);
 }

@@ -27,9 +27,8 @@ public:
     /// The cell as text; a column that the row does not have is empty.
     QString text(int column) const;
     /// The finite number of a cell that is not empty, within the range of single precision.
-    /// Returns false with an error otherwise. A time is a number without that limit.
+    /// Returns false with an error otherwise.
     bool number(int column, double *value, VxFileError *error) const;
-    bool time(int column, double *value, VxFileError *error) const;
 
     /// The line on which the present row starts, from 1.
     qint64 line() const { return m_line; }

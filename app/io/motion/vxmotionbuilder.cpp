@@ -75,6 +75,10 @@ bool Builder::chooseClips(VxFileError *error)
     const QString &wanted = m_options.clip;
     bool isNumber = false;
     const int number = wanted.toInt(&isNumber);
+    if (m_options.clipNumber >= 1 && std::size_t(m_options.clipNumber) <= clips.size()) {
+        m_clips.push_back(&clips[std::size_t(m_options.clipNumber) - 1]);
+        return true;
+    }
     for (std::size_t i = 0; i < clips.size(); ++i) {
         if (wanted.isEmpty() || clips[i].name == wanted)
             m_clips.push_back(&clips[i]);
@@ -202,6 +206,7 @@ QJsonObject VxMotionBuildOptions::toJson() const
 {
     return {{QStringLiteral("figureName"), figureName},
             {QStringLiteral("clip"), clip},
+            {QStringLiteral("clipNumber"), clipNumber},
             {QStringLiteral("startsAtZero"), startsAtZero}};
 }
 
@@ -210,6 +215,7 @@ VxMotionBuildOptions VxMotionBuildOptions::fromJson(const QJsonObject &object)
     VxMotionBuildOptions options;
     options.figureName = object.value(QStringLiteral("figureName")).toString();
     options.clip = object.value(QStringLiteral("clip")).toString();
+    options.clipNumber = object.value(QStringLiteral("clipNumber")).toInt();
     options.startsAtZero = object.value(QStringLiteral("startsAtZero")).toBool();
     return options;
 }

@@ -12,6 +12,7 @@ struct VxMotionBuildOptions
 {
     QString figureName; ///< for an added root of bones
     QString clip;       ///< name or number (from 1) of one animation; empty: all, one after another
+    int clipNumber = 0; ///< number (from 1) of one, whatever the names are; 0: as `clip` has it
     bool startsAtZero = false; ///< move a single animation so that it begins at 0
 
     QJsonObject toJson() const;

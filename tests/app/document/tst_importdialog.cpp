@@ -7,13 +7,42 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
+
+namespace {
+
+/// A ball with 31 keys at 30 frames a second in one animation and 3 keys, from 1 s on, in another.
+GltfSample ball()
+{
+    GltfSample sample;
+    sample.root.insert("nodes", QJsonArray{QJsonObject{{"name", "ball"}}});
+    for (const int keys : {31, 3}) {
+        std::vector<float> times;
+        for (int i = 0; i < keys; ++i)
+            times.push_back(float(i / 30.0 + (keys == 31 ? 0 : 1)));
+        sample.animate(keys == 31 ? 0 : 1, 0, "translation", "LINEAR",
+                       sample.floats(times, "SCALAR", 1),
+                       sample.floats(std::vector<float>(std::size_t(keys) * 3, 1), "VEC3", 3));
+    }
+    return sample;
+}
+
+bool needsScrolling(const QPlainTextEdit *text)
+{
+    return text->verticalScrollBar()->maximum() > 0 || text->horizontalScrollBar()->maximum() > 0;
+}
+
+} // namespace
 
 class tst_ImportDialog : public QObject
 {
@@ -23,14 +52,22 @@ private Q_SLOTS:
     void cleanup();
 
     void reportIsShown();
+    void reportNeedsNoScrolling();
+    void longReportFitsTheScreen();
+    void reportAloneNeedsNoScrolling();
     void numbersFollowTheChoices();
     void anotherAnimationIsRead();
+    void animationsAreReadByNumber();
+    void startAtZeroIsOfferedWhereItMoves();
 
 private:
+    void open(const GltfSample &sample);
     template <class Widget> Widget *child(const char *name) const
     {
         return m_dialog->findChild<Widget *>(QLatin1String(name));
     }
+    QPlainTextEdit *report() const { return child<QPlainTextEdit>("importReport"); }
+    void choose(int animation);
     QString numbers() const { return child<QLabel>("importNumbers")->text(); }
 
     QScopedPointer<VxWarningGuard> m_guard;
@@ -41,8 +78,7 @@ private:
     QScopedPointer<ImportDialog> m_dialog;
 };
 
-// A ball with 31 keys at 30 frames a second in one animation and 3 keys in another, beside a scene
-// of 24 frames a second.
+// Beside a scene of 24 frames a second.
 void tst_ImportDialog::init()
 {
     m_guard.reset(new VxWarningGuard);
@@ -51,16 +87,13 @@ void tst_ImportDialog::init()
     m_scene.reset(new VxScene);
     m_scene->addNode(new VxNode(QStringLiteral("before")));
     m_scene->setTimeStep(200);
-    GltfSample sample;
-    sample.root.insert("nodes", QJsonArray{QJsonObject{{"name", "ball"}}});
-    for (const int keys : {31, 3}) {
-        std::vector<float> times;
-        for (int i = 0; i < keys; ++i)
-            times.push_back(float(i / 30.0));
-        sample.animate(keys == 31 ? 0 : 1, 0, "translation", "LINEAR",
-                       sample.floats(times, "SCALAR", 1),
-                       sample.floats(std::vector<float>(std::size_t(keys) * 3, 1), "VEC3", 3));
-    }
+    open(ball());
+}
+
+/** Shows the dialog for a file. */
+void tst_ImportDialog::open(const GltfSample &sample)
+{
+    m_dialog.reset();
     const QString name = m_dir->filePath(QStringLiteral("ball.gltf"));
     QFile file(name);
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(sample.text()) > 0);
@@ -70,6 +103,7 @@ void tst_ImportDialog::init()
     QVERIFY2(m_import->load(name, &error), qPrintable(error.text()));
     m_dialog.reset(new ImportDialog(m_import.data(), name, nullptr));
     m_dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.data()));
 }
 
 void tst_ImportDialog::cleanup()
@@ -87,6 +121,46 @@ void tst_ImportDialog::reportIsShown()
     const QString text = child<QPlainTextEdit>("importReport")->toPlainText();
     for (const char *part : {"ball.gltf", "sample", "glTF 2.0", "30", "Animation 2"})
         QVERIFY2(text.contains(part), part);
+}
+
+void tst_ImportDialog::reportNeedsNoScrolling()
+{
+    QVERIFY(report()->document()->blockCount() > 15);
+    QVERIFY(!needsScrolling(report()));
+    choose(2);
+    QVERIFY(!needsScrolling(report()));
+}
+
+// 40 names that need several lines each.
+void tst_ImportDialog::longReportFitsTheScreen()
+{
+    GltfSample sample = ball();
+    for (int i = 0; i < 40; ++i) {
+        QJsonObject another = sample.animations.at(0).toObject();
+        another.insert("name", QString(100, QLatin1Char(char('a' + i % 26))));
+        sample.animations.append(another);
+    }
+    open(sample);
+    QVERIFY(needsScrolling(report()));
+    const QSize room = m_dialog->screen()->availableSize();
+    QVERIFY(m_dialog->height() <= room.height() && m_dialog->width() <= room.width());
+    const QWidget *accept = m_dialog->findChild<QDialogButtonBox *>();
+    QVERIFY(accept->geometry().bottom() < m_dialog->height());
+}
+
+void tst_ImportDialog::reportAloneNeedsNoScrolling()
+{
+    VxImportReport report = m_import->report();
+    report.notes = QStringList{QString(40, QLatin1Char('n')), QString(150, QLatin1Char('m'))};
+    bool isSeen = false;
+    QTimer::singleShot(0, this, [&isSeen] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        const auto *text = dialog->findChild<QPlainTextEdit *>();
+        isSeen = text->toPlainText().endsWith(QLatin1String("mmm")) && !needsScrolling(text);
+        dialog->reject();
+    });
+    showImportReport(report, nullptr);
+    QVERIFY(isSeen);
 }
 
 void tst_ImportDialog::numbersFollowTheChoices()
@@ -109,15 +183,51 @@ void tst_ImportDialog::numbersFollowTheChoices()
     QCOMPARE(m_scene->getNumNodes(), 1);
 }
 
-void tst_ImportDialog::anotherAnimationIsRead()
+/** By keys; 0: all. */
+void tst_ImportDialog::choose(int animation)
 {
     auto *animations = child<QComboBox>("importAnimation");
-    QCOMPARE(animations->count(), 3);
     animations->setFocus();
-    QTest::keyClick(animations, Qt::Key_Down);
-    QTest::keyClick(animations, Qt::Key_Down);
+    QTest::keyClick(animations, Qt::Key_Home);
+    for (int i = 0; i < animation; ++i)
+        QTest::keyClick(animations, Qt::Key_Down);
+}
+
+void tst_ImportDialog::anotherAnimationIsRead()
+{
+    QCOMPARE(child<QComboBox>("importAnimation")->count(), 3);
+    choose(2);
     QVERIFY2(numbers().startsWith("9 keys"), qPrintable(numbers()));
-    QVERIFY(child<QPlainTextEdit>("importReport")->toPlainText().contains("1 of 2: Animation 2"));
+    QVERIFY(report()->toPlainText().contains("1 of 2: Animation 2"));
+}
+
+// The first animation is named "2", the second "1".
+void tst_ImportDialog::animationsAreReadByNumber()
+{
+    GltfSample sample = ball();
+    for (int i = 0; i < 2; ++i) {
+        QJsonObject named = sample.animations.at(i).toObject();
+        named.insert("name", QString::number(2 - i));
+        sample.animations.replace(i, named);
+    }
+    open(sample);
+    choose(2);
+    QVERIFY2(numbers().startsWith("9 keys"), qPrintable(numbers()));
+    QVERIFY(report()->toPlainText().contains("1 of 2: 1 ("));
+}
+
+void tst_ImportDialog::startAtZeroIsOfferedWhereItMoves()
+{
+    auto *box = child<QCheckBox>("importStartsAtZero");
+    QVERIFY(!box->isEnabled() && box->toolTip().contains("Several animations"));
+    choose(1);
+    QVERIFY(!box->isEnabled() && box->toolTip().contains("at time 0 already"));
+    choose(2);
+    QVERIFY(box->isEnabled() && box->toolTip().isEmpty());
+    QVERIFY(report()->toPlainText().contains("1 s, kept"));
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    QVERIFY(report()->toPlainText().contains("1 s, moved to 0"));
+    QVERIFY(box->isEnabled()); // it can be undone
 }
 
 VX_TEST_MAIN(tst_ImportDialog)

@@ -275,6 +275,10 @@ void TestVxBvhReader::refuses_data()
     row("two frames too many, the last one broken", smallFile + "7 8 9\n1 x 3\n", 13,
         "more values than the 2 frames of 3 declared in line 9: found \"7\"");
     row("a frame too many in the last row", replaced("4 5 6", "4 5 6 7 8 9"), 12, "found \"7\"");
+    row("text after no frames of no channels",
+        replaced("  CHANNELS 3 Zrotation Xrotation Yrotation\n", "")
+            .replace("Frames: 2", "Frames: 0"),
+        10, "more values than the 0 frames of 0 declared in line 8: found \"1\"");
     row("text after the motion", smallFile + "\nthe end", 14, "found \"the\"");
     row("NUL bytes", smallFile + QByteArray(4, '\0'), 13, "not a text file");
     row("binary rubbish", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), 2, "not a text file");

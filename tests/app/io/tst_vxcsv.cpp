@@ -343,6 +343,7 @@ void tst_VxCsv::wrongTextsAreRefused_data()
     row("not a number", head + "a,,x position,0,nan", 2, 5, "\"nan\" is not a number");
     row("an infinite number", head + "a,,x position,inf,1", 2, 4, "\"inf\" is not a number");
     row("a number too large", head + "a,,x position,0,1e39", 2, 5, "out of range");
+    row("a time too large", head + "a,,x position,1e39,0", 2, 4, "out of range");
     row("a number far too large", head + "a,,x position,0,1e999", 2, 5, "out of range");
     row("digits and more", head + "a,,x position,0,12x", 2, 5, "\"12x\" is not a number");
     row("times that descend", head + "a,,scale,1,1\na,,scale,0.5,1", 3, 4, "must ascend");
