@@ -64,16 +64,12 @@ VxStyledButton *InterpControls::makeTypeButton(QWidget *group, const TimePaneStr
     layout->addStretch(1);
     layout->addWidget(button);
     layout->addSpacing(2 * strip.margin());
-    return button;
-}
-
-void InterpControls::buildMenu()
-{
-    auto *menu = new VxActionMenu(QString(), m_type);
+    auto *menu = new VxActionMenu(QString(), button);
     menu->insertAction(QStringLiteral("VxTimePaneSetInterpTcbAction"));
     menu->insertAction(QStringLiteral("VxTimePaneSetInterpLinearAction"));
     menu->insertAction(QStringLiteral("VxTimePaneSetInterpConstantAction"));
-    m_type->setMenu(menu->getMenu());
+    button->setMenu(menu->getMenu());
+    return button;
 }
 
 void InterpControls::updateIcon(const QPalette &palette)

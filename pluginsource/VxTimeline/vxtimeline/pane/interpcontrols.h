@@ -19,7 +19,6 @@ public:
     TcbFields &tcb() { return m_tcb; }
     const TcbFields &tcb() const { return m_tcb; }
 
-    void buildMenu();
     // Draws the button's icon in the colours of a palette, and gives it the style's size.
     void updateIcon(const QPalette &palette);
 

@@ -45,6 +45,7 @@ KeyControls::KeyControls(QWidget *parent, const TimePaneStrip &strip)
                                  VxTimePane::tr("Paste Keys"));
     layout->addWidget(m_copyPasteBar, 0, Qt::AlignBottom);
     layout->addStretch(1);
+    buildScopeMenu();
 }
 
 QVector<VxBarButton *> KeyControls::barButtons() const

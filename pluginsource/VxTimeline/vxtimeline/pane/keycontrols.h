@@ -28,7 +28,6 @@ public:
     // All but the scope's, from left to right.
     QVector<VxBarButton *> barButtons() const;
 
-    void buildScopeMenu();
     // The bars that only the advanced view shows: key graph, copy and paste.
     void setAdvancedBarsVisible(bool visible);
     // Enables the buttons by the selected and the copied keys.
@@ -36,6 +35,8 @@ public:
     void updateIcons();
 
 private:
+    void buildScopeMenu();
+
     QWidget *m_group;
     VxButtonBar *m_graphBar = nullptr;
     VxButtonBar *m_copyPasteBar = nullptr;

@@ -11,19 +11,16 @@
 PropertyTypesControl::PropertyTypesControl(QWidget *parent, const TimePaneStrip &strip)
     : m_group(strip.makeGroup(QStringLiteral("TimelinePropertyTypesWgt"), parent))
     , m_button(strip.makeMenuButton(QStringLiteral("TimelinePropertyTypesBtn"), m_group))
+    , m_menu(new VxFilterMenu)
 {
     QHBoxLayout *layout = TimePaneStrip::layoutOf(m_group);
     layout->addStretch(1);
     strip.addLabelled(layout, QStringLiteral("TimelinePropertyTypesLbl"), VxTimePane::tr("Types :"),
                       m_button);
     layout->addStretch(1);
-}
 
-// The action menu owns the filter menu and refills it each time it opens.
-void PropertyTypesControl::buildMenu()
-{
+    // The action menu owns the filter menu and refills it each time it opens.
     auto *menu = new VxActionMenu(QString(), m_button);
-    m_menu = new VxFilterMenu;
     menu->setMenu(m_menu);
     for (const char *action :
          {"VxTimePaneSetPropertyTypeTranslationAction", "VxTimePaneSetPropertyTypeRotationAction",

@@ -15,17 +15,15 @@ public:
 
     QWidget *group() const { return m_group; }
     VxStyledButton *button() const { return m_button; }
-    // Null before buildMenu().
     VxFilterMenu *menu() const { return m_menu; }
 
-    void buildMenu();
     // Shows a letter for each of the types: flags of VxTimePane::PropertyType.
     void showTypes(int types);
 
 private:
     QWidget *m_group;
     VxStyledButton *m_button;
-    VxFilterMenu *m_menu = nullptr;
+    VxFilterMenu *m_menu;
 };
 
 #endif

@@ -72,8 +72,9 @@ void TimeFields::setLimits(int width, int height)
     m_rate->setMaximumSize(width, height);
 }
 
-void TimeFields::refresh()
+void TimeFields::refresh(Parts outdated)
 {
+    m_outdated |= outdated;
     const VxTime step = vxScene->getTimeStep();
     if (m_outdated.testFlag(FramesPerSecond)) {
         m_rate->showNumber(VxTicksPerSecond / step);
@@ -119,8 +120,7 @@ int TimeFields::framesPerSecond() const
 void TimeFields::reloadTotalFrames()
 {
     Q_EMIT refused();
-    setOutdated(TotalFrames);
-    refresh();
+    refresh(TotalFrames);
 }
 
 void TimeFields::setTotalFrames(int frames)
@@ -141,8 +141,7 @@ void TimeFields::resetPlayRangeStart()
 {
     m_start->showNumber(0);
     Q_EMIT refused();
-    setOutdated(PlayRange);
-    refresh();
+    refresh(PlayRange);
 }
 
 void TimeFields::setPlayRangeStart(int frame)
@@ -177,8 +176,7 @@ void TimeFields::setPlayRangeEnd(int frame)
 void TimeFields::setCurrentFrame(int frame)
 {
     if (frame < 0) {
-        setOutdated(CurrentFrame);
-        refresh();
+        refresh(CurrentFrame);
         return;
     }
     const VxTime step = vxScene->getTimeStep();
@@ -195,10 +193,9 @@ void TimeFields::setCurrentFrame(int frame)
 // The field shows its minimum; the scene keeps its rate, and the next refresh shows it again.
 void TimeFields::resetFramesPerSecond()
 {
-    setOutdated(FramesPerSecond);
-    refresh();
+    refresh(FramesPerSecond);
     m_rate->showStandIn(1);
-    setOutdated(FramesPerSecond);
+    m_outdated |= FramesPerSecond;
 }
 
 void TimeFields::setFramesPerSecond(int fps)
@@ -236,8 +233,7 @@ void TimeFields::applyPlayRangeEnd()
         return;
     setPlayRangeEnd(frame);
     // The scene does not report an end that was limited to the present one.
-    setOutdated(PlayRange);
-    refresh();
+    refresh(PlayRange);
 }
 
 void TimeFields::applyCurrentFrame()

@@ -12,7 +12,7 @@ class TimePaneStrip;
 // the scene's numbers and write entered ones to it, within its limits.
 //
 // Frames are counted from time 0 and truncated to whole ones. refresh() reads the scene, only for
-// the fields marked as outdated.
+// outdated fields.
 class TimeFields : public QObject
 {
     Q_OBJECT
@@ -26,18 +26,12 @@ public:
 
     QWidget *group() const { return m_group; }
     QWidget *rangeGroup() const { return m_rangeGroup; }
-    TimePaneField *totalField() const { return m_total; }
-    TimePaneField *startField() const { return m_start; }
-    TimePaneField *endField() const { return m_end; }
-    TimePaneField *currentField() const { return m_current; }
-    TimePaneField *rateField() const { return m_rate; }
     // The fields from left to right.
     QVector<TimePaneField *> fields() const;
 
-    // Marks parts as outdated; outdated frames per second make all others outdated, too.
-    void setOutdated(Parts parts) { m_outdated |= parts; }
-    // Reloads the outdated parts from the scene.
-    void refresh();
+    // Reloads the outdated parts from the scene, the given ones among them; with the frames per
+    // second all others are reloaded, too.
+    void refresh(Parts outdated = {});
 
     // The numbers in the fields; 0, for the frames per second 1, for an invalid text.
     int totalFrames() const;

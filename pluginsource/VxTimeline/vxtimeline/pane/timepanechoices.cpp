@@ -107,9 +107,9 @@ int TimePaneChoices::checkedFlags(Family family) const
 // An action of the same family may have checked itself before this one was added.
 void TimePaneChoices::restoreScope(QAction *action, int value)
 {
-    if (!m_wantedScope)
+    if (!m_requestedScope)
         return;
-    if (value == *m_wantedScope)
+    if (value == *m_requestedScope)
         checkOnly(TimePaneChoice::KeyScopeFamily, value);
     else
         setChecked(action, false);
@@ -117,8 +117,8 @@ void TimePaneChoices::restoreScope(QAction *action, int value)
 
 void TimePaneChoices::restoreTypes(QAction *action, int value) const
 {
-    if (m_wantedTypes)
-        setChecked(action, (*m_wantedTypes & value) != 0);
+    if (m_requestedTypes)
+        setChecked(action, (*m_requestedTypes & value) != 0);
 }
 
 void TimePaneChoices::updateEnabled(bool hasSelectedKeys, bool hasCopiedKeys)

@@ -14,7 +14,6 @@ class QObject;
 //
 // For key scope and property types the check marks are the pane's state. So the last requested
 // value is stored too, for actions that are registered afterwards.
-// is kept beside them, for actions that are registered afterwards.
 class TimePaneChoices
 {
 public:
@@ -45,8 +44,8 @@ public:
     // Sets the mark of a newly added action by the scope or types requested last.
     void restoreScope(QAction *action, int value);
     void restoreTypes(QAction *action, int value) const;
-    void setWantedScope(int scope) { m_wantedScope = scope; }
-    void setWantedTypes(int types) { m_wantedTypes = types; }
+    void setRequestedScope(int scope) { m_requestedScope = scope; }
+    void setRequestedTypes(int types) { m_requestedTypes = types; }
 
     // Enables the actions that need selected keys, and those that need copied ones. Next to free
     // without a change since the last call: a selection is reported once for each row.
@@ -54,8 +53,8 @@ public:
 
 private:
     QVector<QAction *> m_actions;
-    std::optional<int> m_wantedScope;
-    std::optional<int> m_wantedTypes;
+    std::optional<int> m_requestedScope;
+    std::optional<int> m_requestedTypes;
     // The arguments of the last update; invalid after an action was added.
     bool m_enabledValid = false;
     bool m_hasSelectedKeys = false;

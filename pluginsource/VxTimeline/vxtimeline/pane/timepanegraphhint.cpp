@@ -15,7 +15,7 @@ TimePaneGraphHint::TimePaneGraphHint(VxKeyGraphView *view)
     view->installEventFilter(this);
     connect(view, &VxKeyGraphView::channelListChanged, this,
             [this](const QVector<VxProperty *> &properties) {
-                m_isWanted = properties.isEmpty();
+                m_isEmpty = properties.isEmpty();
                 place();
             });
     place();
@@ -45,7 +45,7 @@ void TimePaneGraphHint::place()
     int widest = 0;
     for (const QString &word : text().split(QLatin1Char(' ')))
         widest = qMax(widest, fontMetrics().horizontalAdvance(word));
-    setVisible(m_isWanted && room.contains(box) && box.width() > widest);
+    setVisible(m_isEmpty && room.contains(box) && box.width() > widest);
     if (geometry() != box)
         setGeometry(box);
 }

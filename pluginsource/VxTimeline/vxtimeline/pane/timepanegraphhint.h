@@ -21,7 +21,7 @@ protected:
 private:
     void place();
 
-    bool m_isWanted = true; // the graph has no channels
+    bool m_isEmpty = true; // the graph has no channels
 };
 
 #endif

@@ -1,10 +1,5 @@
-// The key commands: their holds and undo texts, and the filter and scope that apply. The edits are
-// implemented in the dope sheet view and in the keys folder.
+#include "vxtimeline/pane/timepanekeys.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtGui/QGuiApplication>
-#include <QtWidgets/QAction>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <vxcore/vxapp.h>
@@ -13,19 +8,15 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
-#include <vxcore/vxstyledbutton.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keycreation.h"
 #include "vxtimeline/keys/nodeproperties.h"
-#include "vxtimeline/pane/interpcontrols.h"
-#include "vxtimeline/pane/keycontrols.h"
-#include "vxtimeline/pane/propertytypescontrol.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepanechoices.h"
+#include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/vxwarning.h"
-#include "vxtimeline/widgets/vxfiltermenu.h"
 
 namespace {
 
@@ -66,26 +57,36 @@ QVector<VxTime> frameTimes(VxTime first, int count)
     return times;
 }
 
-} // namespace
-
-void VxTimePane::Private::tell(const QString &text) const
+// In the window's status line; says why a command did nothing.
+void showStatus(const QString &text)
 {
     if (VxMainWindow *window = vxApp->getInterface())
         window->showStatusMessage(text);
 }
 
-void VxTimePane::createKeys()
+} // namespace
+
+TimePaneKeys::TimePaneKeys(const VxTimePane *pane, VxDopeSheetView *sheet,
+                           TimePaneControls &controls, TimePaneChoices &choices)
+    : m_pane(pane)
+    , m_sheet(sheet)
+    , m_controls(controls)
+    , m_choices(choices)
+{
+}
+
+void TimePaneKeys::createNodeKeys()
 {
     VxUndoStackHold hold;
     {
         VxChangeBlock block;
         visitSelectedNodes(KeyCreation::keyCurrentValue);
     }
-    hold.accept(tr("Create Keys"));
-    updateActionStates();
+    hold.accept(VxTimePane::tr("Create Keys"));
+    updateStates();
 }
 
-void VxTimePane::deleteKeys()
+void TimePaneKeys::deleteNodeKeys()
 {
     VxUndoStackHold hold;
     {
@@ -93,224 +94,151 @@ void VxTimePane::deleteKeys()
         const VxTimeRange now(vxScene->getTime(), vxScene->getTime());
         visitSelectedNodes([now](VxProperty *property) { property->deleteKeys(now); });
     }
-    hold.accept(tr("Delete Keys"));
-    updateKeyInterpType();
-    updateActionStates();
+    hold.accept(VxTimePane::tr("Delete Keys"));
+    updateFields();
 }
 
 // The hold is opened only after the questions: the scene may change while a dialog is open.
-void VxTimePane::createFilteredKeys(int numKeys)
+void TimePaneKeys::createFilteredKeys(int count)
 {
+    QWidget *parent = vxApp->getDialogParent();
     if (!vxScene->getPrimarySelection()) {
-        QMessageBox::warning(vxApp->getDialogParent(), tr("Selection Error"),
-                             tr("A node in the scene must be selected to continue."),
+        QMessageBox::warning(parent, VxTimePane::tr("Selection Error"),
+                             VxTimePane::tr("A node in the scene must be selected to continue."),
                              QMessageBox::Ok);
         return;
     }
-    if (numKeys < 1) {
+    if (count < 1) {
         bool accepted = false;
-        numKeys = QInputDialog::getInt(vxApp->getDialogParent(), tr("Create # Keys"),
-                                       tr("Number of keys:"), 1, 1, MostKeys, 1, &accepted);
+        count =
+            QInputDialog::getInt(parent, VxTimePane::tr("Create # Keys"),
+                                 VxTimePane::tr("Number of keys:"), 1, 1, MostKeys, 1, &accepted);
         if (!accepted) {
-            updateActionStates();
+            updateStates();
             return;
         }
     }
     VxUndoStackHold hold;
     {
         VxChangeBlock block;
-        makeFilteredKeys(numKeys);
+        makeFilteredKeys(count);
     }
-    hold.accept(tr("Create Filtered Keys"));
-    updateActionStates();
+    hold.accept(VxTimePane::tr("Create Filtered Keys"));
+    updateStates();
 }
 
 // Keys of single properties are not spread over frames: they are made at the current time whatever
 // the number.
-void VxTimePane::makeFilteredKeys(int numKeys)
+void TimePaneKeys::makeFilteredKeys(int count) const
 {
     VxNode *selected = vxScene->getPrimarySelection();
     if (!selected)
         return;
     const VxTime now = vxScene->getTime();
-    const KeyScope scope = getFilteredKeyCreationScope();
-    if (scope == ScopeProperties) {
-        for (VxProperty *property : d->dopeSheetView->getSelectedProperties())
+    const VxTimePane::KeyScope scope = m_pane->getFilteredKeyCreationScope();
+    if (scope == VxTimePane::ScopeProperties) {
+        for (VxProperty *property : m_sheet->getSelectedProperties())
             KeyCreation::setKeysFrom(property, now, {now});
         return;
     }
     const KeyTarget target = keyTarget(selected, scope);
-    KeyCreation::setNodeKeys(target.node, int(getFilteredPropertyTypes()), target.recurse, now,
-                             frameTimes(now, numKeys));
+    KeyCreation::setNodeKeys(target.node, int(m_pane->getFilteredPropertyTypes()), target.recurse,
+                             now, frameTimes(now, count));
 }
 
 // For commands that edit the selected keys. Without an editable key the status line shows the
 // reason.
-void VxTimePane::Private::editSelectedKeys(const QString &text,
-                                           const std::function<void()> &edit) const
+void TimePaneKeys::editSelectedKeys(const QString &text, const std::function<void()> &edit) const
 {
-    tellWhyNoKeys(dopeSheetView->getEditableKeys());
+    showWhyNoKeys();
     VxUndoStackHold hold;
     edit();
     hold.accept(text);
 }
 
-void VxTimePane::Private::tellWhyNoKeys(VxDopeSheetView::EditableKeys keys) const
+void TimePaneKeys::showWhyNoKeys() const
 {
+    const VxDopeSheetView::EditableKeys keys = m_sheet->getEditableKeys();
     if (keys == VxDopeSheetView::NoneSelected)
-        tell(VxTimePane::tr("No keys are selected."));
+        showStatus(VxTimePane::tr("No keys are selected."));
     else if (keys == VxDopeSheetView::AllFilteredOut)
-        tell(VxTimePane::tr("The selected keys are in rows that the filter hides."));
+        showStatus(VxTimePane::tr("The selected keys are in rows that the filter hides."));
     else if (keys == VxDopeSheetView::AllLocked)
-        tell(VxTimePane::tr("The selected keys belong to locked properties."));
+        showStatus(VxTimePane::tr("The selected keys belong to locked properties."));
 }
 
-void VxTimePane::deleteSelectedKeys()
+void TimePaneKeys::deleteSelectedKeys()
 {
-    d->editSelectedKeys(tr("Delete Selected Keys"), [this] { d->dopeSheetView->deleteKeys(); });
-    updateKeyInterpType();
-    updateActionStates();
+    editSelectedKeys(VxTimePane::tr("Delete Selected Keys"), [this] { m_sheet->deleteKeys(); });
+    updateFields();
 }
 
-void VxTimePane::copySelectedKeys()
+void TimePaneKeys::copySelectedKeys()
 {
-    d->dopeSheetView->copyKeys();
-    const int count = d->dopeSheetView->numCopiedKeys();
+    m_sheet->copyKeys();
+    const int count = m_sheet->numCopiedKeys();
     if (count == 0)
-        d->tellWhyNoKeys(d->dopeSheetView->getEditableKeys());
+        showWhyNoKeys();
     else
-        d->tell(count == 1 ? tr("Copied 1 key.") : tr("Copied %1 keys.").arg(count));
-    updateActionStates();
+        showStatus(count == 1 ? VxTimePane::tr("Copied 1 key.")
+                              : VxTimePane::tr("Copied %1 keys.").arg(count));
+    updateStates();
 }
 
-void VxTimePane::pasteKeys()
+void TimePaneKeys::pasteKeys()
 {
     VxUndoStackHold hold;
-    const bool pasted = d->dopeSheetView->pasteCopiedKeys();
-    hold.accept(tr("Paste Keys"));
-    if (!hasCopiedKeys())
-        d->tell(tr("No keys have been copied."));
+    const bool pasted = m_sheet->pasteCopiedKeys();
+    hold.accept(VxTimePane::tr("Paste Keys"));
+    if (!m_sheet->hasCopiedKeys())
+        showStatus(VxTimePane::tr("No keys have been copied."));
     else if (!pasted)
-        d->tell(tr("No row matches the copied keys."));
-    updateActionStates();
+        showStatus(VxTimePane::tr("No row matches the copied keys."));
+    updateStates();
 }
 
-void VxTimePane::setInterpType(int interpType)
+void TimePaneKeys::setInterpType(int type)
 {
-    const QStringList names = {tr("Linear"), tr("Constant"), tr("TCB")};
-    if (interpType < 0 || interpType >= names.size()) {
+    const QStringList names = {VxTimePane::tr("Linear"), VxTimePane::tr("Constant"),
+                               VxTimePane::tr("TCB")};
+    if (type < 0 || type >= names.size()) {
         vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setInterpType()"));
         return;
     }
-    d->editSelectedKeys(tr("Set Interpolation Type ") + names.at(interpType),
-                        [this, interpType] { d->dopeSheetView->setInterpType(interpType); });
-    updateKeyInterpType();
-    updateActionStates();
+    editSelectedKeys(VxTimePane::tr("Set Interpolation Type ") + names.at(type),
+                     [this, type] { m_sheet->setInterpType(type); });
+    updateFields();
 }
 
-void VxTimePane::handleCreateKeysClicked()
+void TimePaneKeys::applyTcb(const QDoubleSpinBox *entered)
 {
-    const bool asks = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-    createFilteredKeys(asks ? -1 : 1);
+    m_controls.interp().tcb().apply(entered,
+                                    [this](const QString &text, const std::function<void()> &edit) {
+                                        editSelectedKeys(text, edit);
+                                    });
 }
 
-void VxTimePane::handleDeleteKeysClicked()
+void TimePaneKeys::updateTcb()
 {
-    deleteSelectedKeys();
+    m_controls.interp().tcb().update();
 }
 
-void VxTimePane::handleDopesheetItemSelectionChanged()
+void TimePaneKeys::updateStates()
 {
-    updateActionStates();
+    const bool selected = m_sheet->hasSelectedKeys();
+    const bool copied = m_sheet->hasCopiedKeys();
+    m_choices.updateEnabled(selected, copied);
+    m_controls.setUsable(selected, copied);
 }
 
-void VxTimePane::handleDopesheetKeySelectionChanged()
+void TimePaneKeys::updateFields()
 {
-    updateKeyInterpType();
-    updateActionStates();
+    updateTcb();
+    updateStates();
 }
 
-bool VxTimePane::hasSelectedKeys() const
+void TimePaneKeys::handleUndo()
 {
-    return d->dopeSheetModel && d->dopeSheetModel->hasSelectedKeys();
-}
-
-bool VxTimePane::hasCopiedKeys() const
-{
-    return d->dopeSheetView && d->dopeSheetView->hasCopiedKeys();
-}
-
-void VxTimePane::setFilteredPropertyTypes(PropertyTypes propTypes)
-{
-    d->choices.setWantedTypes(int(propTypes));
-    d->choices.checkFlags(TimePaneChoice::PropertyTypeFamily, int(propTypes));
-    d->types->menu()->notifyFilterChanged();
-}
-
-VxTimePane::PropertyTypes VxTimePane::getFilteredPropertyTypes() const
-{
-    return PropertyTypes(d->choices.checkedFlags(TimePaneChoice::PropertyTypeFamily));
-}
-
-void VxTimePane::handlePropertyTypesEdited()
-{
-    refreshDopesheet();
-    d->types->showTypes(int(getFilteredPropertyTypes()));
-}
-
-void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
-{
-    if (keyScope < ScopeObject || keyScope > ScopeProperties) {
-        vxWarning(
-            VX_HERE,
-            QStringLiteral("Invalid value passed to VxTimePane::setFilteredKeyCreationScope()"));
-        return;
-    }
-    if (keyScope == ScopeProperties && !d->isAdvanced())
-        keyScope = ScopeNode;
-    d->choices.setWantedScope(keyScope);
-    d->choices.checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
-    if (const QAction *action = d->choices.checkedAction(TimePaneChoice::KeyScopeFamily))
-        d->keyControls->scopeButton()->setText(action->text());
-    d->dopeSheetView->updateKeyScopeDisplay();
-    handlePrimarySelectionChanged();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    d->dopeSheetView->doUpdate();
-}
-
-VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
-{
-    return KeyScope(d->choices.checkedValue(TimePaneChoice::KeyScopeFamily, ScopeNode));
-}
-
-// A selection is reported once for each row, so a call without a change must be cheap.
-void VxTimePane::updateActionStates()
-{
-    const bool selected = hasSelectedKeys();
-    const bool copied = hasCopiedKeys();
-    d->choices.updateEnabled(selected, copied);
-    d->keyControls->setUsable(selected, copied);
-    d->interp->typeButton()->setEnabled(selected);
-}
-
-void VxTimePane::updateKeyInterpType()
-{
-    d->interp->tcb().update();
-}
-
-void VxTimePane::updateTCB()
-{
-    d->interp->tcb().apply(qobject_cast<const QDoubleSpinBox *>(sender()),
-                           [this](const QString &text, const std::function<void()> &edit) {
-                               d->editSelectedKeys(text, edit);
-                           });
-}
-
-// Undo and redo may change the shown values.
-void VxTimePane::handleUndoIndexChanged()
-{
-    if (d->interp->tcb().isBusy())
-        return;
-    updateKeyInterpType();
-    updateActionStates();
+    if (!m_controls.interp().tcb().isBusy())
+        updateFields();
 }

@@ -11,22 +11,18 @@
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keys/keyspans.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepaneviews.h"
 
-TimePaneKeySelection::TimePaneKeySelection(VxTimePane *pane)
-    : QObject(pane)
-    , m_pane(pane)
+TimePaneKeySelection::TimePaneKeySelection(const TimePaneViews &views)
+    : m_views(views)
 {
     VxKeySelection *selection = vxApp->getKeySelection();
     selection->addSource(this);
-    connect(pane->d->dopeSheetView, &VxDopeSheetView::keySelectionChanged, selection,
+    connect(views.sheet(), &VxDopeSheetView::keySelectionChanged, selection,
             &VxKeySelection::notifyChanged);
-    connect(pane->d->keyCommunication, &VxKeyCommunication::received, selection,
-            &VxKeySelection::notifyChanged);
-    connect(pane->d->keyCommunication, &VxKeyCommunication::sent, selection,
-            &VxKeySelection::notifyChanged);
-    connect(pane->d->keyGraph, &VxKeyGraph::channelsChanged, selection,
-            &VxKeySelection::notifyChanged);
+    connect(views.bus(), &VxKeyCommunication::received, selection, &VxKeySelection::notifyChanged);
+    connect(views.bus(), &VxKeyCommunication::sent, selection, &VxKeySelection::notifyChanged);
+    connect(views.graph(), &VxKeyGraph::channelsChanged, selection, &VxKeySelection::notifyChanged);
 }
 
 TimePaneKeySelection::~TimePaneKeySelection()
@@ -48,8 +44,8 @@ void TimePaneKeySelection::setModel(const VxDopeSheetModel *model)
 // A key shown in both views is selected in both; keys that only the graph shows are added.
 VxKeySelectionEntries TimePaneKeySelection::entries() const
 {
-    VxKeySelectionEntries entries = m_pane->d->dopeSheetView->getKeyEntries();
-    const QVector<VxKeyGraphChannel *> channels = m_pane->d->keyGraph->getChannels();
+    VxKeySelectionEntries entries = m_views.sheet()->getKeyEntries();
+    const QVector<VxKeyGraphChannel *> channels = m_views.graph()->getChannels();
     if (channels.isEmpty())
         return entries;
     QHash<const VxProperty *, std::size_t> places;
@@ -74,8 +70,8 @@ VxKeySelectionEntries TimePaneKeySelection::entries() const
 
 std::vector<VxKeySpan> TimePaneKeySelection::spansOf(VxProperty *holder) const
 {
-    std::vector<VxKeySpan> spans = m_pane->d->dopeSheetView->getKeySpansOf(holder);
-    for (const VxKeyGraphChannel *channel : m_pane->d->keyGraph->getChannelsOf(holder)) {
+    std::vector<VxKeySpan> spans = m_views.sheet()->getKeySpansOf(holder);
+    for (const VxKeyGraphChannel *channel : m_views.graph()->getChannelsOf(holder)) {
         const std::vector<VxKeySpan> shown = channel->getSelectedSpans();
         if (shown != spans)
             spans = KeySpans::united(spans, shown);
@@ -85,7 +81,7 @@ std::vector<VxKeySpan> TimePaneKeySelection::spansOf(VxProperty *holder) const
 
 void TimePaneKeySelection::set(const VxKeySelectionEntries &entries, bool clearsOthers)
 {
-    VxKeyGraph *graph = m_pane->d->keyGraph;
+    VxKeyGraph *graph = m_views.graph();
     if (clearsOthers) {
         for (VxKeyGraphChannel *channel : graph->getChannels())
             channel->deselectAllKeys();
@@ -94,6 +90,6 @@ void TimePaneKeySelection::set(const VxKeySelectionEntries &entries, bool clears
         for (VxKeyGraphChannel *channel : graph->getChannelsOf(entry.holder))
             channel->selectOnlySpans(entry.spans);
     }
-    m_pane->d->dopeSheetView->selectKeyEntries(entries, clearsOthers);
+    m_views.sheet()->selectKeyEntries(entries, clearsOthers);
     Q_EMIT graph->channelsChanged();
 }

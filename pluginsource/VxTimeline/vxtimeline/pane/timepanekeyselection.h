@@ -4,8 +4,8 @@
 #include <QtCore/QObject>
 #include <vxcore/vxkeyselection.h>
 
+class TimePaneViews;
 class VxDopeSheetModel;
-class VxTimePane;
 
 // Publishes the selected keys of dope sheet and key graph as the application's selection of keys.
 //
@@ -15,7 +15,8 @@ class TimePaneKeySelection : public QObject, public VxKeySelectionSource
 {
     Q_OBJECT
 public:
-    explicit TimePaneKeySelection(VxTimePane *pane);
+    // views: borrowed.
+    explicit TimePaneKeySelection(const TimePaneViews &views);
     ~TimePaneKeySelection() override;
 
     // The rows are rebuilt; call it before the first one exists.
@@ -26,7 +27,7 @@ public:
     void set(const VxKeySelectionEntries &entries, bool clearsOthers) override;
 
 private:
-    VxTimePane *m_pane;
+    const TimePaneViews &m_views;
 };
 
 #endif

@@ -1,32 +1,21 @@
-// View modes, the position of the controls, and opening and closing the key graph.
+#include "vxtimeline/pane/timepanelayout.h"
 
-#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbarbutton.h>
-#include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxdynamicdividerwgt.h>
-#include <vxcore/vxpanesearch.h>
 #include <vxcore/vxstyle.h>
-#include <vxcore/vxstyledbutton.h>
-#include <vxcore/vxstyledwidget.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/pane/interpcontrols.h"
-#include "vxtimeline/pane/keycontrols.h"
-#include "vxtimeline/pane/propertytypescontrol.h"
-#include "vxtimeline/pane/timefields.h"
-#include "vxtimeline/pane/timepaneaxis.h"
-#include "vxtimeline/pane/transportcontrols.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepanechoices.h"
+#include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
 namespace {
 
-constexpr int MostViewportHeight = 10000; // pixels
 // Extra width beyond the minimum that is required to keep the extras; pixels.
 constexpr int ExtrasReserve = 5;
 
@@ -45,205 +34,115 @@ int leastWidth(const QWidget *widget)
 
 } // namespace
 
-VxTimePane::ViewMode VxTimePane::getViewMode() const
+TimePaneLayout::TimePaneLayout(VxTimePane *pane, TimePaneViews &views, TimePaneControls &controls,
+                               TimePaneChoices &choices)
+    : m_pane(pane)
+    , m_views(views)
+    , m_controls(controls)
+    , m_choices(choices)
 {
-    return d->viewMode;
+    const int margin = vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin);
+    auto *box = new QVBoxLayout(pane);
+    box->setContentsMargins(margin, margin, margin, margin);
+    box->setSpacing(0);
+    box->addWidget(views.divider(), 1);
+    placeControls();
+    controls.setExtrasVisible(false);
 }
 
-void VxTimePane::setViewMode(ViewMode viewMode)
+void TimePaneLayout::setViewMode(VxTimePane::ViewMode mode)
 {
-    if (viewMode == d->viewMode)
+    if (mode == m_viewMode)
         return;
-    if (viewMode < BasicView || viewMode > AdvancedView) {
+    if (mode < VxTimePane::BasicView || mode > VxTimePane::AdvancedView) {
         vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setViewMode()"));
         return;
     }
-    d->choices.checkOnly(TimePaneChoice::ViewModeFamily, viewMode);
-    if (d->isAdvanced() && d->nameColumnWidth() > 0)
-        d->savedNameColumnWidth = d->nameColumnWidth();
-    d->viewMode = viewMode;
-    d->layoutDopeSheet();
-    d->layoutKeyGraph();
-    d->layoutControls();
-    d->dopeSheetView->doItemsLayout();
+    m_choices.checkOnly(TimePaneChoice::ViewModeFamily, mode);
+    m_viewMode = mode;
+    m_views.setRowsVisible(isAdvanced());
+    showGraph();
+    m_views.slider()->setVisible(mode != VxTimePane::BasicView);
+    m_controls.showMode(mode);
+    if (isAdvanced())
+        m_extrasShown = true;
+    m_views.sheet()->doItemsLayout();
     // A visible pane must not force its window wider before the width check. One that was never
     // shown has no width yet.
-    if (testAttribute(Qt::WA_WState_Created))
-        d->checkWidth(this, width());
-    if (d->isAdvanced())
-        updateKeyGraph();
-    else if (getFilteredKeyCreationScope() == ScopeProperties)
-        setFilteredKeyCreationScope(ScopeNode);
-    Q_EMIT viewModeChanged(viewMode);
+    if (m_pane->testAttribute(Qt::WA_WState_Created))
+        checkWidth(m_pane->width());
+    if (isAdvanced())
+        m_views.graphView()->doUpdate();
+    else if (m_pane->getFilteredKeyCreationScope() == VxTimePane::ScopeProperties)
+        m_pane->setFilteredKeyCreationScope(VxTimePane::ScopeNode);
+    Q_EMIT m_pane->viewModeChanged(mode);
 }
 
-int VxTimePane::Private::nameColumnWidth() const
+void TimePaneLayout::setGraphOpen(bool open)
 {
-    return dopeSheetView->columnWidth(VxDopeSheetView::NameColumn);
-}
-
-// Without rows the pane only needs the height of its ruler and strips of controls.
-void VxTimePane::Private::limitHeight() const
-{
-    const int ruler = header->height() + 2 * dopeSheetView->frameWidth();
-    dopeSheetView->setMaximumHeight(isAdvanced() ? QWIDGETSIZE_MAX : ruler);
-    divider->parentWidget()->setSizePolicy(
-        QSizePolicy::Preferred, isAdvanced() ? QSizePolicy::Preferred : QSizePolicy::Maximum);
-}
-
-// Only the advanced view shows names and rows; the others show just the ruler.
-void VxTimePane::Private::layoutDopeSheet()
-{
-    limitHeight();
-    search->setAvailable(isAdvanced());
-    dopeSheetView->setColumnWidth(VxDopeSheetView::NameColumn,
-                                  isAdvanced() ? savedNameColumnWidth : 0);
-    dopeSheetView->viewport()->setMaximumHeight(isAdvanced() ? MostViewportHeight : 0);
-    dopeSheetView->setVerticalScrollBarPolicy(isAdvanced() ? Qt::ScrollBarAsNeeded
-                                                           : Qt::ScrollBarAlwaysOff);
-}
-
-void VxTimePane::Private::layoutKeyGraph()
-{
-    const bool open = isAdvanced() && keyGraphOpen;
-    if (open)
-        keyGraphView->doUpdate();
-    divider->setSecondWidgetHidden(!open);
-    divider->setBarHidden(!open);
-    keyControls->graphButton()->setChecked(open);
-}
-
-void VxTimePane::Private::layoutControls()
-{
-    const bool basic = viewMode == BasicView;
-    timeRangeSlider->setVisible(!basic);
-    fields->group()->setVisible(!basic);
-    keyControls->group()->setVisible(!basic);
-    transport->setStepsVisible(!basic);
-    if (!basic)
-        keyControls->setAdvancedBarsVisible(isAdvanced());
-    // The extras reappear together; the width check decides whether they stay.
-    if (isAdvanced()) {
-        setExtrasVisible(true);
+    if (!isAdvanced() || open == m_isGraphOpen)
         return;
-    }
-    types->group()->hide();
-    interp->group()->hide();
-    interp->typeButton()->hide();
+    m_isGraphOpen = open;
+    Q_EMIT m_pane->keyGraphOpenChanged(open);
 }
 
-void VxTimePane::Private::setExtrasVisible(bool visible)
+void TimePaneLayout::showGraph()
 {
-    advancedExtrasShown = visible;
-    for (QWidget *extra : std::initializer_list<QWidget *>{fields->rangeGroup(), types->group(),
-                                                           keyControls->scopeButton(),
-                                                           interp->group(), interp->typeButton()})
-        extra->setVisible(visible);
-    // Immediately, because the pane's minimum width may be needed before the next event.
-    for (QWidget *group : {fields->group(), keyControls->group(), mainControls})
-        group->updateGeometry();
+    const bool open = isAdvanced() && m_isGraphOpen;
+    m_views.setGraphVisible(open);
+    m_controls.keys().graphButton()->setChecked(open);
 }
 
 // A hysteresis of one pixel on either side avoids toggling at the threshold.
-void VxTimePane::Private::checkWidth(const VxTimePane *pane, int width)
+void TimePaneLayout::checkWidth(int width)
 {
     if (!isAdvanced())
         return;
-    if (advancedExtrasShown)
-        widthWithExtras() = leastWidth(pane) + ExtrasReserve;
-    const int bound = advancedExtrasShown ? widthWithExtras() - 1 : widthWithExtras() + 1;
+    if (m_extrasShown)
+        widthWithExtras() = leastWidth(m_pane) + ExtrasReserve;
+    const int bound = m_extrasShown ? widthWithExtras() - 1 : widthWithExtras() + 1;
     const bool fits = width > bound;
-    if (fits != advancedExtrasShown)
-        setExtrasVisible(fits);
-}
-
-VxTimePane::ControlsPosition VxTimePane::getControlsPosition() const
-{
-    return d->controlsPosition;
-}
-
-void VxTimePane::setControlsPosition(ControlsPosition position)
-{
-    if (position == d->controlsPosition)
+    if (fits == m_extrasShown)
         return;
-    if (position != ControlsBottom && position != ControlsTop) {
+    m_extrasShown = fits;
+    m_controls.setExtrasVisible(fits);
+}
+
+void TimePaneLayout::setControlsPosition(VxTimePane::ControlsPosition position)
+{
+    if (position == m_position)
+        return;
+    if (position != VxTimePane::ControlsBottom && position != VxTimePane::ControlsTop) {
         vxWarning(VX_HERE,
                   QStringLiteral("Invalid value passed to VxTimePane::setControlsPosition()"));
         return;
     }
-    d->choices.checkOnly(TimePaneChoice::ControlsPositionFamily, position);
-    d->controlsPosition = position;
-    d->placeControls(this);
-    Q_EMIT controlsPositionChanged(position);
+    m_choices.checkOnly(TimePaneChoice::ControlsPositionFamily, position);
+    m_position = position;
+    placeControls();
+    Q_EMIT m_pane->controlsPositionChanged(position);
 }
 
-void VxTimePane::Private::placeControls(VxTimePane *pane) const
+void TimePaneLayout::placeControls()
 {
     const int margin = vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin);
-    auto *box = qobject_cast<QBoxLayout *>(pane->layout());
-    pane->setBackgroundHeaderGuide(nullptr);
-    pane->setBackgroundFooterGuide(nullptr);
-    box->removeWidget(timeRange);
-    box->removeWidget(mainControls);
-    if (controlsPosition == ControlsBottom) {
-        mainControls->layout()->setContentsMargins(margin, margin, margin, 0);
-        box->addWidget(timeRange);
-        box->addWidget(mainControls);
-        pane->setBackgroundFooterGuide(timeRange);
+    auto *box = qobject_cast<QBoxLayout *>(m_pane->layout());
+    QWidget *range = m_views.timeRange();
+    QWidget *controls = m_controls.widget();
+    m_pane->setBackgroundHeaderGuide(nullptr);
+    m_pane->setBackgroundFooterGuide(nullptr);
+    box->removeWidget(range);
+    box->removeWidget(controls);
+    if (m_position == VxTimePane::ControlsBottom) {
+        controls->layout()->setContentsMargins(margin, margin, margin, 0);
+        box->addWidget(range);
+        box->addWidget(controls);
+        m_pane->setBackgroundFooterGuide(range);
     } else {
         // No left margin on top: the strip begins flush with the ruler below it.
-        mainControls->layout()->setContentsMargins(0, margin, margin, margin);
-        box->insertWidget(0, timeRange);
-        box->insertWidget(0, mainControls);
-        pane->setBackgroundHeaderGuide(timeRange);
+        controls->layout()->setContentsMargins(0, margin, margin, margin);
+        box->insertWidget(0, range);
+        box->insertWidget(0, controls);
+        m_pane->setBackgroundHeaderGuide(range);
     }
-}
-
-bool VxTimePane::getKeyGraphOpen() const
-{
-    return d->keyGraphOpen;
-}
-
-void VxTimePane::setKeyGraphOpen(bool onOff)
-{
-    if (!d->isAdvanced() || onOff == d->keyGraphOpen)
-        return;
-    d->keyGraphOpen = onOff;
-    Q_EMIT keyGraphOpenChanged(onOff);
-}
-
-void VxTimePane::toggleKeyGraph()
-{
-    setKeyGraphOpen(!d->keyGraphOpen);
-}
-
-void VxTimePane::handleKeyGraphOpenChanged()
-{
-    if (d->isAdvanced())
-        d->layoutKeyGraph();
-}
-
-void VxTimePane::updateKeyGraph()
-{
-    d->keyGraphView->doUpdate();
-}
-
-void VxTimePane::frameKeyGraph(bool onlySelected)
-{
-    d->keyGraphView->frameKeys(onlySelected);
-}
-
-void VxTimePane::Private::followNameColumn() const
-{
-    const int width = nameColumnWidth();
-    navColumn->setGeometry(0, 0, width, header->height());
-    navColumn->setVisible(width > 0);
-    keyGraphView->setLeftBackgroundWidth(width);
-    axis->update();
-}
-
-void VxTimePane::handleDopesheetHeaderSectionResized()
-{
-    d->followNameColumn();
-    updateControls();
 }

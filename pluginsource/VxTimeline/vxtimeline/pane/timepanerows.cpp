@@ -1,9 +1,8 @@
-// The dope sheet's rows: the nodes with rows, and rebuilding.
+#include "vxtimeline/pane/timepanerows.h"
 
 #include <QtCore/QItemSelectionModel>
 #include <algorithm>
 #include <utility>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
@@ -11,15 +10,13 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepaneviews.h"
+#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
-
-// A name column narrower than this is not saved; pixels.
-constexpr int LeastSavedWidth = 25;
 
 bool belongsByItself(const VxNode *node)
 {
@@ -49,293 +46,203 @@ VxNode *topmostAncestor(VxNode *node)
 
 } // namespace
 
-// Views do not delete their former selection models, nor does a header delete its own when it is
-// given the view's.
-void VxTimePane::Private::showModel(QAbstractItemModel *model) const
+TimePaneRows::TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeys &keys,
+                           TimePaneKeySelection &keySelection)
+    : m_pane(pane)
+    , m_views(views)
+    , m_keys(keys)
+    , m_keySelection(keySelection)
 {
-    dopeSheetView->setModel(model);
-    header->setModel(model);
-    const QVector<const QItemSelectionModel *> inUse = {dopeSheetView->selectionModel(),
-                                                        header->selectionModel()};
-    for (const QItemSelectionModel *selection :
-         dopeSheetView->findChildren<QItemSelectionModel *>()) {
-        if (!inUse.contains(selection))
-            delete selection;
-    }
 }
 
-void VxTimePane::initModel()
+void TimePaneRows::initModel()
 {
-    if (d->dopeSheetModel)
+    if (m_model)
         return;
-    d->dopeSheetModel =
-        new VxDopeSheetModel(int(getFilteredPropertyTypes()), getFilteredKeyCreationScope(), this);
-    d->keySelection->setModel(d->dopeSheetModel);
-    d->filterModel->setSourceModel(d->dopeSheetModel);
-    d->showModel(d->filterModel);
-    connect(d->dopeSheetView->selectionModel(), &QItemSelectionModel::selectionChanged,
-            d->dopeSheetView, &VxDopeSheetView::handleSelectionChanged);
-    connect(d->dopeSheetModel, &VxDopeSheetModel::dataChanged, d->dopeSheetView,
-            &VxDopeSheetView::doUpdate);
-    connect(d->dopeSheetModel, &VxDopeSheetModel::namesChanged, this, [this] {
-        d->filterAnew();
-        d->followKeySource();
+    m_model = new VxDopeSheetModel(int(m_pane->getFilteredPropertyTypes()),
+                                   m_pane->getFilteredKeyCreationScope(), m_pane);
+    m_keySelection.setModel(m_model);
+    m_views.filterModel()->setSourceModel(m_model);
+    m_views.setModel(m_views.filterModel());
+    VxDopeSheetView *sheet = m_views.sheet();
+    QObject::connect(sheet->selectionModel(), &QItemSelectionModel::selectionChanged, sheet,
+                     &VxDopeSheetView::handleSelectionChanged);
+    QObject::connect(m_model, &VxDopeSheetModel::dataChanged, sheet, &VxDopeSheetView::doUpdate);
+    QObject::connect(m_model, &VxDopeSheetModel::namesChanged, m_pane, [this] {
+        filterAnew();
+        followKeySource();
     });
-    d->followKeySource();
+    followKeySource();
     followSceneChanges();
-    d->layoutDopeSheet();
-    d->followNameColumn();
-    updateSliders();
+    m_views.layoutRows();
+    m_views.followNameColumn();
+    m_views.updateSliders();
 }
 
-void VxTimePane::followSceneChanges()
+void TimePaneRows::followSceneChanges()
 {
-    VxDopeSheetModel *model = d->dopeSheetModel;
-    connect(vxScene, &VxScene::nodeOrderChanged, model, &VxDopeSheetModel::followOrder);
-    connect(vxScene, &VxScene::nodePropertiesChanged, model, &VxDopeSheetModel::propertiesChanged);
-    connect(vxScene, &VxScene::nodeParentChanged, model,
-            [this](VxNode *, VxNode *, VxNode *newParent) { d->placeRowsAbove(newParent); });
+    using Model = VxDopeSheetModel;
+    QObject::connect(vxScene, &VxScene::nodeOrderChanged, m_model, &Model::followOrder);
+    QObject::connect(vxScene, &VxScene::nodePropertiesChanged, m_model, &Model::propertiesChanged);
+    QObject::connect(vxScene, &VxScene::nodeParentChanged, m_model,
+                     [this](VxNode *, VxNode *, VxNode *parent) { placeRowsAbove(parent); });
     // A node that becomes hidden keeps its row; a node without a row gets one when it is shown.
-    connect(vxScene, &VxScene::nodeVisibleChanged, model, [this](VxNode *node, bool visible) {
-        if (!visible || d->sceneLoadDepth > 0 || d->dopeSheetModel->findItem(node))
-            return;
-        addDopesheetNode(node, false);
-        d->dopeSheetModel->followOrder(node);
-    });
+    QObject::connect(vxScene, &VxScene::nodeVisibleChanged, m_model,
+                     [this](VxNode *node, bool visible) {
+                         if (!visible || m_sceneLoadDepth > 0 || m_model->findItem(node))
+                             return;
+                         addNode(node, false);
+                         m_model->followOrder(node);
+                     });
 }
 
-// Only such rows may have been appended as ancestors of another row.
-void VxTimePane::Private::placeRowsAbove(VxNode *node) const
+// Moves the rows of a node and of ancestors that are listed only for their descendants to their
+// places; only such rows may have been appended as ancestors of another row.
+void TimePaneRows::placeRowsAbove(VxNode *node) const
 {
     for (; node && !belongsByItself(node); node = node->getNodeParent())
-        dopeSheetModel->followOrder(node);
-}
-
-void VxTimePane::uninitModel()
-{
-    if (!d->dopeSheetModel)
-        return;
-    if (d->nameColumnWidth() > LeastSavedWidth)
-        d->savedNameColumnWidth = d->nameColumnWidth();
-    const bool hadSelectedKeys = hasSelectedKeys();
-    d->showModel(nullptr);
-    d->filterModel->setSourceModel(nullptr);
-    delete d->dopeSheetModel;
-    d->dopeSheetModel = nullptr;
-    if (hadSelectedKeys)
-        handleKeySelectionLost();
+        m_model->followOrder(node);
 }
 
 // The key selection is lost with the rows; the key graph and the controls follow.
-void VxTimePane::handleKeySelectionLost()
+void TimePaneRows::uninitModel()
 {
+    if (!m_model)
+        return;
+    const bool hadSelectedKeys = m_model->hasSelectedKeys();
+    m_views.setModel(nullptr);
+    m_views.filterModel()->setSourceModel(nullptr);
+    delete m_model;
+    m_model = nullptr;
+    if (!hadSelectedKeys)
+        return;
     VxKeyMessage message;
     message.clearSelection = true;
-    d->keyCommunication->send(message);
-    handleDopesheetKeySelectionChanged();
+    m_views.bus()->send(message);
+    m_keys.updateFields();
 }
 
-void VxTimePane::fillDopesheet()
+void TimePaneRows::fill()
 {
-    const bool isEmpty = !d->dopeSheetView->model();
+    const bool isEmpty = !m_views.sheet()->model();
     initModel();
-    if (!isEmpty)
-        return;
-    addDopesheetNodes(vxScene->getNodes());
+    if (isEmpty)
+        addNodes(vxScene->getNodes());
 }
 
-void VxTimePane::refreshDopesheet()
+void TimePaneRows::refresh()
 {
-    if (!d->dopeSheetModel)
+    if (!m_model)
         return;
-    d->dopeSheetView->renewModel([this] {
-        const QVector<VxNode *> nodes = d->dopeSheetModel->getTopLevelNodes();
+    m_views.sheet()->renewModel([this] {
+        const QVector<VxNode *> nodes = m_model->getTopLevelNodes();
         uninitModel();
         initModel();
         // These had rows before, so they are not queued while a scene is loading.
-        d->dopeSheetModel->resetDuring([this, &nodes] {
+        m_model->resetDuring([this, &nodes] {
             for (VxNode *node : nodes) {
                 if (belongsInSheet(node))
-                    d->dopeSheetModel->addNode(node, true);
+                    m_model->addNode(node, true);
             }
         });
-        d->filterAnew();
+        filterAnew();
     });
 }
 
-// A matching row makes filtered out ancestors visible, which the filter model does only on request.
-// The model's signal triggers one request for all rows that are added, removed or renamed singly.
-void VxTimePane::Private::filterAnew() const
+void TimePaneRows::clear()
 {
-    if (!filterModel->filterRegExp().isEmpty())
-        filterModel->refilter();
+    m_queuedNodes.clear();
+    if (!m_model)
+        return;
+    uninitModel();
+    initModel();
 }
 
-void VxTimePane::addDopesheetNode(VxNode *node)
+// Applies an active text filter to added rows: a matching row makes filtered out ancestors visible,
+// which the filter model does only on request. The model's signal triggers one request for all rows
+// that are added, removed or renamed singly.
+void TimePaneRows::filterAnew() const
 {
-    addDopesheetNode(node, false);
+    VxDopeSheetFilterModel *filter = m_views.filterModel();
+    if (!filter->filterRegExp().isEmpty())
+        filter->refilter();
 }
 
-void VxTimePane::addDopesheetNode(VxNode *node, bool addChildren)
+void TimePaneRows::addNode(VxNode *node, bool addChildren)
 {
     // Another receiver of the signal may have removed the node.
-    if (!node || !node->getScene() || !d->dopeSheetModel)
+    if (!node || !node->getScene() || !m_model)
         return;
-    if (d->sceneLoadDepth > 0)
-        d->queuedNodes.append(node);
+    if (m_sceneLoadDepth > 0)
+        m_queuedNodes.append(node);
     else if (belongsInSheet(node))
-        d->addRows(node, addChildren);
+        addRows(node, addChildren);
 }
 
-void VxTimePane::Private::addRows(VxNode *node, bool addChildren) const
+// Adds a node's rows, and missing ancestor rows at their places in the scene.
+void TimePaneRows::addRows(VxNode *node, bool addChildren) const
 {
     VxNode *above = node->getNodeParent();
-    const bool isAboveNew = above && !dopeSheetModel->findItem(above);
-    dopeSheetModel->addNode(node, addChildren);
+    const bool isAboveNew = above && !m_model->findItem(above);
+    m_model->addNode(node, addChildren);
     if (isAboveNew)
         placeRowsAbove(above);
 }
 
-void VxTimePane::removeDopesheetNode(VxNode *node)
+void TimePaneRows::addNodes(const QVector<VxNode *> &nodes)
+{
+    if (!m_model || nodes.isEmpty())
+        return;
+    m_views.sheet()->keepRowsDuring([this, &nodes] {
+        m_model->resetDuring([this, &nodes] {
+            for (VxNode *node : nodes)
+                addNode(node, false);
+        });
+        filterAnew();
+    });
+}
+
+void TimePaneRows::removeNode(VxNode *node)
 {
     if (!node)
         return;
     const auto leaves = [node](const VxNode *queued) {
         return queued == node || node->isAncestorOf(queued);
     };
-    d->queuedNodes.erase(std::remove_if(d->queuedNodes.begin(), d->queuedNodes.end(), leaves),
-                         d->queuedNodes.end());
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->removeNode(node);
+    m_queuedNodes.erase(std::remove_if(m_queuedNodes.begin(), m_queuedNodes.end(), leaves),
+                        m_queuedNodes.end());
+    if (m_model)
+        m_model->removeNode(node);
 }
 
-void VxTimePane::handleSceneLoadStarting()
+void TimePaneRows::finishLoading()
 {
-    ++d->sceneLoadDepth;
+    if (m_sceneLoadDepth > 0)
+        --m_sceneLoadDepth;
+    if (m_sceneLoadDepth == 0)
+        addNodes(std::exchange(m_queuedNodes, {}));
 }
 
-void VxTimePane::handleSceneLoaded()
+void TimePaneRows::moveRoot(void (VxDopeSheetModel::*move)(VxNode *)) const
 {
-    if (d->sceneLoadDepth > 0)
-        --d->sceneLoadDepth;
-    if (d->sceneLoadDepth > 0)
-        return;
-    addDopesheetNodes(std::exchange(d->queuedNodes, {}));
+    if (m_model)
+        (m_model->*move)(topmostAncestor(vxScene->getPrimarySelection()));
 }
 
-void VxTimePane::addDopesheetNodes(const QVector<VxNode *> &nodes)
+void TimePaneRows::collapseAll() const
 {
-    if (!d->dopeSheetModel || nodes.isEmpty())
-        return;
-    d->dopeSheetView->keepRowsDuring([this, &nodes] {
-        d->dopeSheetModel->resetDuring([this, &nodes] {
-            for (VxNode *node : nodes)
-                addDopesheetNode(node, false);
-        });
-        d->filterAnew();
-    });
+    if (m_model)
+        m_model->endManyChanges();
+    m_views.sheet()->collapseAll();
 }
 
-void VxTimePane::handleSceneClearStarting()
+void TimePaneRows::followKeySource() const
 {
-    d->queuedNodes.clear();
-    if (!d->dopeSheetModel)
-        return;
-    uninitModel();
-    initModel();
-}
-
-void VxTimePane::moveRootNodeToTop()
-{
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->moveRootRowToTop(topmostAncestor(vxScene->getPrimarySelection()));
-}
-
-void VxTimePane::moveRootNodeUp()
-{
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->moveRootRowUp(topmostAncestor(vxScene->getPrimarySelection()));
-}
-
-void VxTimePane::moveRootNodeDown()
-{
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->moveRootRowDown(topmostAncestor(vxScene->getPrimarySelection()));
-}
-
-void VxTimePane::moveRootNodeToBottom()
-{
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->moveRootRowToBottom(topmostAncestor(vxScene->getPrimarySelection()));
-}
-
-void VxTimePane::expandAll()
-{
-    d->dopeSheetView->expandAll();
-}
-
-void VxTimePane::collapseAll()
-{
-    if (d->dopeSheetModel)
-        d->dopeSheetModel->endManyChanges();
-    d->dopeSheetView->collapseAll();
-}
-
-bool VxTimePane::hasDopeSheetItemContext() const
-{
-    return d->dopeSheetView->hasContextItem();
-}
-
-bool VxTimePane::hasDopeSheetItemSelection() const
-{
-    return d->dopeSheetView->hasItemSelection();
-}
-
-void VxTimePane::setMonitorParametersPane(bool yesNo)
-{
-    if (yesNo == d->dopeSheetView->getMonitorParametersPane())
-        return;
-    d->dopeSheetView->setMonitorParametersPane(yesNo);
-    d->keyGraph->setMonitorParametersPane(yesNo);
-    Q_EMIT monitorParametersPaneChanged(yesNo);
-}
-
-bool VxTimePane::getMonitorParametersPane() const
-{
-    return d->dopeSheetView->getMonitorParametersPane();
-}
-
-void VxTimePane::handleDopesheetFilterChanged(QString filter)
-{
-    d->dopeSheetView->applyFilterText(filter);
-}
-
-void VxTimePane::handleDopesheetFilterCleared()
-{
-    d->dopeSheetView->applyFilterText(QString());
-}
-
-void VxTimePane::setFilterText(QString text)
-{
-    Q_UNUSED(text)
-}
-
-QString VxTimePane::getFilterText() const
-{
-    return QString();
-}
-
-int VxTimePane::getNumFilteredMatches() const
-{
-    return -1;
-}
-
-VxDopeSheetItem *VxTimePane::searchDopesheetNext()
-{
-    return nullptr;
-}
-
-VxDopeSheetItem *VxTimePane::searchDopesheetPrevious()
-{
-    return nullptr;
+    VxDopeSheetItem *source = nullptr;
+    if (m_model) {
+        source = m_model->findItem(vxScene->getPrimarySelection());
+        if (!source)
+            source = m_model->getRootItem();
+    }
+    m_views.header()->setKeySource(source);
 }

@@ -10,7 +10,6 @@
 class QAction;
 class QResizeEvent;
 class QShowEvent;
-class TimePaneKeySelection;
 class VxDopeSheetItem;
 class VxDopeSheetView;
 class VxKeyGraphView;
@@ -18,10 +17,8 @@ class VxNode;
 
 // The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
 //
-// The pane assembles these parts. Here are the widget tree and its view modes, the time fields and
-// transport buttons, the key commands with their undo texts, and the script interface. The sources
-// follow these groups: timepanebuilder builds, timepanelayout shows and hides, timepanetime,
-// timepanekeys and timepanesettings have the slots of their subject.
+// The pane assembles collaborators (vxtimepane_p.h), each with its widgets and state, and is their
+// interface: its slots forward to them, and all signals are connected to its slots.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxTimePane : public VxPane
@@ -98,7 +95,7 @@ public Q_SLOTS:
     void setTotalFrames(int frames);
     int getTotalFrames() const;
     // The key graph opens and closes in the advanced view only.
-    void toggleKeyGraph();
+    void toggleKeyGraph() { setKeyGraphOpen(!getKeyGraphOpen()); }
     void setKeyGraphOpen(bool onOff);
     bool getKeyGraphOpen() const;
     void setPlayRangeStart(int frame);
@@ -133,11 +130,11 @@ public Q_SLOTS:
     // 0 Linear, 1 Constant, 2 TCB; anything else is refused with a warning.
     void setInterpType(int interpType);
     // The five functions of the text filter have no effect: they are kept for existing scripts.
-    void setFilterText(QString text);
-    QString getFilterText() const;
-    int getNumFilteredMatches() const;
-    VxDopeSheetItem *searchDopesheetNext();
-    VxDopeSheetItem *searchDopesheetPrevious();
+    void setFilterText(QString text) { Q_UNUSED(text) }
+    QString getFilterText() const { return QString(); }
+    int getNumFilteredMatches() const { return -1; }
+    VxDopeSheetItem *searchDopesheetNext() { return nullptr; }
+    VxDopeSheetItem *searchDopesheetPrevious() { return nullptr; }
     bool hasDopeSheetItemContext() const;
     bool hasDopeSheetItemSelection() const;
     bool hasSelectedKeys() const;
@@ -162,7 +159,7 @@ private Q_SLOTS:
     void handleSceneLoaded();
     void handleSceneClearStarting();
     void addDopesheetNode(VxNode *node, bool addChildren);
-    void addDopesheetNode(VxNode *node);
+    void addDopesheetNode(VxNode *node) { addDopesheetNode(node, false); }
     void removeDopesheetNode(VxNode *node);
     void updateTimeStep(VxTime step);
     void handlePropertyTypesEdited();
@@ -173,9 +170,9 @@ private Q_SLOTS:
     void updateKeyGraph();
     void updateActionStates();
     void handleDopesheetFilterChanged(QString filter);
-    void handleDopesheetFilterCleared();
+    void handleDopesheetFilterCleared() { handleDopesheetFilterChanged(QString()); }
     void handleDopesheetHeaderSectionResized();
-    void handleDopesheetItemSelectionChanged();
+    void handleDopesheetItemSelectionChanged() { updateActionStates(); }
     void handleDopesheetKeySelectionChanged();
     void handlePrimarySelectionChanged();
     void ensurePrimarySceneNodeVisible();
@@ -186,15 +183,15 @@ private Q_SLOTS:
     void handlePlayRangeEndChanged();
     void handleCurrentFrameChanged();
     void handleFramesPerSecondChanged();
-    void handleLoopClicked();
-    void handleSkipToPlayRangeStartClicked();
-    void handleSkipToPreviousKeyClicked();
-    void handleSkipToPreviousFrameClicked();
-    void handlePlayPauseClicked();
-    void handleSkipToNextFrameClicked();
-    void handleSkipToNextKeyClicked();
-    void handleSkipToPlayRangeEndClicked();
-    void handleDeleteKeysClicked();
+    void handleLoopClicked() { toggleLoop(); }
+    void handleSkipToPlayRangeStartClicked() { skipToPlayRangeStart(); }
+    void handleSkipToPreviousKeyClicked() { skipToPreviousFilteredKey(); }
+    void handleSkipToPreviousFrameClicked() { skipToPreviousFrame(); }
+    void handlePlayPauseClicked() { togglePlayback(); }
+    void handleSkipToNextFrameClicked() { skipToNextFrame(); }
+    void handleSkipToNextKeyClicked() { skipToNextFilteredKey(); }
+    void handleSkipToPlayRangeEndClicked() { skipToPlayRangeEnd(); }
+    void handleDeleteKeysClicked() { deleteSelectedKeys(); }
     void handleCreateKeysClicked();
     void changeTime();
     void changeTimeStep();
@@ -207,20 +204,13 @@ private Q_SLOTS:
     void doStyling();
 
 private:
-    void followSceneChanges();
+    // Order matters for signals with several receivers.
+    void connectScene();
+    void connectViews();
+    void connectControls();
     void registerChoices();
-    void skipToKey(VxTime found, const QString &undoText);
-    void skipToFilteredKey(void (VxDopeSheetView::*skip)(), const QString &undoText);
-    void makeFilteredKeys(int numKeys);
     void handleUndoIndexChanged();
-    void fillDopesheet();
-    void addDopesheetNodes(const QVector<VxNode *> &nodes);
-    void handleKeySelectionLost();
-    void syncDopesheetSelection();
-    void requestEnsureVisible();
 
-    friend class TimePaneBuilder;
-    friend class TimePaneKeySelection;
     class Private;
     std::unique_ptr<Private> d;
 };
