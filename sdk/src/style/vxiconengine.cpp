@@ -1,24 +1,42 @@
 #include "style/vxiconengine.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QMetaEnum>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmapCache>
+#include <QtSvg/QSvgRenderer>
 
 #include <algorithm>
 
 #include "style/vxcolors.h"
-#include "style/vxglyphs.h"
 
 namespace {
 
+// The colours of an icon: ink for lines and bodies, accent for emphasis, soft for the background.
+struct IconColors
+{
+    QColor ink, accent, soft;
+};
+
+// The resource of an icon, which bears the enumerator's name. The message boxes' icons have the
+// toolkit's numbers: its own are small bitmaps, which are blurred on high resolution screens.
+QString iconFile(VxStyle::StandardIconId id)
+{
+    const char *name = QMetaEnum::fromType<VxStyle::StandardIconId>().valueToKey(int(id));
+    if (!name)
+        name = QMetaEnum::fromType<QStyle::StandardPixmap>().valueToKey(int(id));
+    return QStringLiteral(":/vxcore/icons/%1.svg").arg(QLatin1String(name));
+}
+
 // The colours by background: the accent would be lost on the highlight of a selected row or a
 // checked button, so everything is drawn in ink there.
-VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::State state)
+IconColors iconColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::State state)
 {
     const QPalette palette = VxColors::palette(scheme);
     const bool selected = mode == QIcon::Selected;
     const bool disabled = mode == QIcon::Disabled;
     const QColor ground = palette.color(selected ? QPalette::Highlight : QPalette::Button);
-    VxGlyphColors colors;
+    IconColors colors;
     colors.ink = palette.color(disabled ? QPalette::Disabled : QPalette::Active,
                                selected ? QPalette::HighlightedText : QPalette::ButtonText);
     if (disabled)
@@ -30,16 +48,21 @@ VxGlyphColors glyphColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::
     return colors;
 }
 
-// The glyph in a pixmap of its own, on which it can cut gaps without affecting the background.
-QPixmap renderGlyph(VxGlyph glyph, int side, const VxGlyphColors &colors)
+// The icon on a field of its own: some cut gaps into what lies below, which must not be the
+// background. The files use black, gray and dodgerblue for those colours.
+QPixmap renderIcon(VxStyle::StandardIconId id, int side, const IconColors &colors)
 {
     QPixmap picture(side, side);
     picture.fill(Qt::transparent);
+    QFile file(iconFile(id));
+    if (!file.open(QIODevice::ReadOnly))
+        return picture;
+    QByteArray svg = file.readAll();
+    svg.replace("black", colors.ink.name().toLatin1());
+    svg.replace("gray", colors.soft.name().toLatin1());
+    svg.replace("dodgerblue", colors.accent.name().toLatin1());
     QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.scale(side / 16.0, side / 16.0);
-    glyph(painter, colors);
+    QSvgRenderer(svg).render(&painter, QRectF(0, 0, side, side));
     return picture;
 }
 
@@ -65,6 +88,11 @@ VxIconEngine::VxIconEngine(const VxStyle *style, VxStyle::StandardIconId id)
 {
 }
 
+bool VxIconEngine::exists(VxStyle::StandardIconId id)
+{
+    return QFile::exists(iconFile(id));
+}
+
 void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state)
 {
     const qreal ratio = painter->device()->devicePixelRatioF();
@@ -78,8 +106,7 @@ void VxIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode,
 // Cached: views paint the same few icons in row after row.
 QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
-    const VxGlyph glyph = vxFindGlyph(m_id);
-    if (glyph == nullptr || size.isEmpty())
+    if (!exists(m_id) || size.isEmpty())
         return QPixmap();
     const QString cacheKey = QStringLiteral("VxIcon %1 %2 %3 %4 %5x%6")
                                  .arg(quint32(m_id), 0, 16)
@@ -92,7 +119,7 @@ QPixmap VxIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State s
     if (QPixmapCache::find(cacheKey, &picture))
         return picture;
     const int side = std::min(size.width(), size.height());
-    picture = framed(renderGlyph(glyph, side, glyphColors(scheme(), mode, state)), size);
+    picture = framed(renderIcon(m_id, side, iconColors(scheme(), mode, state)), size);
     QPixmapCache::insert(cacheKey, picture);
     return picture;
 }

@@ -13,6 +13,7 @@ class VxIconEngine : public QIconEngine
 {
 public:
     VxIconEngine(const VxStyle *style, VxStyle::StandardIconId id);
+    static bool exists(VxStyle::StandardIconId id);
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;

@@ -8,7 +8,6 @@
 #include "style/vxbarprimitives.h"
 #include "style/vxcheckprimitive.h"
 #include "style/vxcolors.h"
-#include "style/vxglyphs.h"
 #include "style/vxiconengine.h"
 #include "style/vxkeymarkcache.h"
 #include "style/vxtimelineprimitives.h"
@@ -179,7 +178,7 @@ int VxStyle::metric(PixelMetricId id) const
 
 QIcon VxStyle::icon(StandardIconId id) const
 {
-    if (vxFindGlyph(id) == nullptr)
+    if (!VxIconEngine::exists(id))
         return QIcon();
     return QIcon(new VxIconEngine(this, id));
 }
@@ -197,7 +196,7 @@ QStringList VxStyle::getInterfaceColorNames() const
 QPixmap VxStyle::findStandardPixmapForState(StandardIconId id, State state, const QSize &size,
                                             qreal devicePixelRatio) const
 {
-    if (vxFindGlyph(id) == nullptr || size.isEmpty() || devicePixelRatio <= 0)
+    if (!VxIconEngine::exists(id) || size.isEmpty() || devicePixelRatio <= 0)
         return QPixmap();
     VxIconEngine engine(this, id);
     QPixmap picture = engine.pixmap((QSizeF(size) * devicePixelRatio).toSize(), iconMode(state),
