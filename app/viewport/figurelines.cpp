@@ -1,6 +1,7 @@
 #include "viewport/figurelines.h"
 
 #include <QMatrix4x4>
+#include <algorithm>
 #include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxscene.h>
@@ -63,11 +64,49 @@ void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureL
         lines->joints.append({at, node, node->isSelected()});
 }
 
+/// A bone without a parent bone, child bones and an end point.
+struct LoneBone
+{
+    VxNode *node;
+    QVector3D at;
+    QVector3D direction; ///< of length 1, or 0
+};
+
+/** The longest side of the box around all joints. */
+float extent(const FigureLines &lines)
+{
+    QVector3D low;
+    QVector3D high;
+    for (int i = 0; i < lines.joints.size(); ++i) {
+        const QVector3D at = lines.joints.at(i).at;
+        for (int axis = 0; axis < 3; ++axis) {
+            low[axis] = i == 0 ? at[axis] : std::min(low[axis], at[axis]);
+            high[axis] = i == 0 ? at[axis] : std::max(high[axis], at[axis]);
+        }
+    }
+    const QVector3D size = high - low;
+    return std::max({size.x(), size.y(), size.z()});
+}
+
+/** Along the Y axis, so that their rotation is visible. */
+void addLoneBones(const QVector<LoneBone> &lone, FigureLines *lines)
+{
+    constexpr float UsualLength = 10;
+    const float size = lone.isEmpty() ? 0 : extent(*lines);
+    const float length = size > 0 ? size / 10 : UsualLength;
+    for (const LoneBone &bone : lone) {
+        if (!bone.direction.isNull())
+            lines->bones.append(
+                {bone.at, bone.at + bone.direction * length, bone.node, bone.node->isSelected()});
+    }
+}
+
 } // namespace
 
 FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
 {
     FigureLines lines;
+    QVector<LoneBone> lone;
     QVector<Visit> open;
     const QVector<VxNode *> roots = scene.getRootNodes();
     for (int i = roots.size() - 1; i >= 0; --i)
@@ -87,9 +126,12 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
             continue;
         addNode(node, world, at, &lines);
         VxNode *bone = isBone(node) ? node : nullptr;
+        if (bone && !visit.parentBone && !hasBoneBelow(bone) && bone->getEndPoint().isNull())
+            lone.append({bone, at, axesOf(bone, world, at).directions[1]});
         for (int i = node->getNumNodeChildren() - 1; i >= 0; --i)
             open.append({node->getNodeChild(i), world, at, bone});
     }
+    addLoneBones(lone, &lines);
     return lines;
 }
 

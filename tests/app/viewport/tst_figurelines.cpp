@@ -44,6 +44,7 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void bonesLeadToBonesAndToTheirEnds();
+    void loneBonesHaveALength();
     void theFigureFollowsTheTime();
     void selectionIsMarked();
     void hiddenNodesAreLeftOut();
@@ -71,6 +72,37 @@ void tst_FigureLines::bonesLeadToBonesAndToTheirEnds()
     QCOMPARE(lines.bones.at(1).to, QVector3D(-1, 1, 0));
     QCOMPARE(lines.bones.at(2).node, figure.hip); // to the spine, which ends nowhere
     QCOMPARE(lines.bones.at(2).to, QVector3D(0, 13, 0));
+}
+
+void tst_FigureLines::loneBonesHaveALength()
+{
+    VxScene scene;
+    auto *root = new VxSkeleton(QStringLiteral("figure"));
+    auto *bone = new VxBone(QStringLiteral("joint"));
+    bone->setOrigin({1, 0, 0});
+    root->addNodeChild(bone);
+    scene.addNode(root);
+    const auto end = [&scene] {
+        const FigureLines lines = FigureLines::collect(scene, 0);
+        return lines.bones.size() == 1 ? lines.bones.first().to : QVector3D();
+    };
+    QCOMPARE(end(), QVector3D(1, 10, 0));
+    bone->getZRotControl()->setStoredValue(90);
+    QVERIFY((end() - QVector3D(-9, 0, 0)).length() < 1e-4f);
+    bone->getScaleControl()->setStoredValue(3); // the length is that of the view
+    QVERIFY((end() - QVector3D(-9, 0, 0)).length() < 1e-4f);
+    bone->getScaleControl()->setStoredValue(0); // no direction
+    QVERIFY(FigureLines::collect(scene, 0).bones.isEmpty());
+    bone->getScaleControl()->setStoredValue(1);
+    auto *light = new VxNode(QStringLiteral("light"));
+    light->setOrigin({1, 0, -40});
+    scene.addNode(light);
+    QVERIFY((end() - QVector3D(-3, 0, 0)).length() < 1e-4f);
+    bone->setVisible(false);
+    QVERIFY(FigureLines::collect(scene, 0).bones.isEmpty());
+    bone->setVisible(true);
+    bone->setEndPoint({0, 1, 0});
+    QVERIFY((end() - QVector3D(0, 0, 0)).length() < 1e-4f);
 }
 
 void tst_FigureLines::theFigureFollowsTheTime()
