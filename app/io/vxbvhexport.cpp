@@ -1,10 +1,10 @@
 #include "io/vxbvhexport.h"
 
+#include "io/motion/vxframetimes.h"
 #include "io/vxbvhsampler.h"
 #include "io/vxbvhwriter.h"
 
 #include <QCoreApplication>
-#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxskeleton.h>
 
@@ -33,13 +33,7 @@ bool fail(VxFileError *error, const QString &message, bool cancelled = false)
 class VxBvhExport::Private
 {
 public:
-    double ticksPerFrame() const { return rate > 0.0 ? VxTicksPerSecond / rate : double(step); }
-    /// Half a tick more than the range: its end may be a frame that was rounded down.
-    qint64 numFrames() const
-    {
-        const double span = double(range.getEnd()) - range.getStart();
-        return qint64((span + (rate > 0.0 ? 0.5 : 0.0)) / ticksPerFrame()) + 1;
-    }
+    VxFrameTimes frames() const { return {range, step, rate}; }
     bool checkSize(VxFileError *error) const;
     QVector<VxTime> times() const;
     void summarise(const VxBvhDocument &document, int workedOut);
@@ -58,19 +52,19 @@ bool VxBvhExport::Private::checkSize(VxFileError *error) const
     if (bones == 0)
         return fail(error, tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
     // Six channels a bone at most.
-    if (numFrames() * bones * 6 > MaxValues)
+    if (frames().count() * bones * 6 > MaxValues)
         return fail(
             error, tr("The motion is too long: %1 frames of %2 bones. Shorten the animation range.")
-                       .arg(QString::number(numFrames()), QString::number(bones)));
+                       .arg(QString::number(frames().count()), QString::number(bones)));
     return true;
 }
 
 QVector<VxTime> VxBvhExport::Private::times() const
 {
-    const auto count = int(numFrames());
-    QVector<VxTime> list(count);
-    for (int frame = 0; frame < count; ++frame)
-        list[frame] = VxTime(range.getStart() + std::llround(frame * ticksPerFrame()));
+    const VxFrameTimes all = frames();
+    QVector<VxTime> list(int(all.count()));
+    for (int frame = 0; frame < list.size(); ++frame)
+        list[frame] = all.at(frame);
     return list;
 }
 
@@ -78,7 +72,7 @@ void VxBvhExport::Private::summarise(const VxBvhDocument &document, int workedOu
 {
     summary = tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
                   .arg(skeleton->getLabel(), QString::number(document.frameCount),
-                       QString::number(VxTicksPerSecond / ticksPerFrame(), 'g', 6));
+                       QString::number(VxTicksPerSecond / frames().ticksPerFrame(), 'g', 6));
     if (workedOut > 0)
         summary +=
             QLatin1Char(' ') + tr("Scales and other values that the format does not support were "
@@ -113,8 +107,8 @@ bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
     const VxBvhSampler sampler(d->skeleton, d->times());
     VxBvhDocument sampled;
     sampled.joints = sampler.joints();
-    sampled.frameCount = int(d->numFrames());
-    sampled.frameTime = d->ticksPerFrame() / VxTicksPerSecond;
+    sampled.frameCount = int(d->frames().count());
+    sampled.frameTime = d->frames().ticksPerFrame() / VxTicksPerSecond;
     if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
         return fail(error, tr("The export was cancelled."), true);
     d->summarise(sampled, sampler.numWorkedOut());

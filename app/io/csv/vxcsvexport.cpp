@@ -1,6 +1,8 @@
 #include "io/csv/vxcsvexport.h"
 
 #include "io/csv/vxcsvnames.h"
+#include "io/motion/vxframetimes.h"
+#include "io/motion/vxkeptrate.h"
 #include "io/vxsafefile.h"
 
 #include <QCoreApplication>
@@ -41,11 +43,6 @@ template <typename T> void appendNumber(QByteArray *out, T value)
     out->append(text, int(result.ptr - text));
 }
 
-void appendTime(QByteArray *out, VxTime time)
-{
-    appendNumber(out, double(time) / VxTicksPerSecond);
-}
-
 QByteArray cell(const QString &text)
 {
     QByteArray bytes = text.toUtf8();
@@ -65,6 +62,7 @@ struct Row
     QByteArray parent;
     QByteArray kind;
     QByteArray order;
+    double rate = 0.0; ///< the kept one; 0: the scene's
 };
 
 /// One property of a node: a control's value plus a constant, or the constant alone.
@@ -91,10 +89,13 @@ public:
     void addNodes(const VxScene *scene, const VxNode *root);
     const std::vector<Row> &rows() const { return m_rows; }
     const std::vector<Column> &columns() const { return m_columns; }
+    /// The kept rate of all nodes; 0 if some have different ones.
+    double commonRate() const;
 
 private:
-    void addNode(const VxNode *node);
+    void addNode(const VxNode *node, VxTime step);
     void addColumns(const VxNode *node);
+    void addVisibility(const VxNode *node);
     void addMorphs(const VxNode *node);
     void addFurther(const VxNode *node);
     /// Omits the column when it always equals a reader's default.
@@ -115,13 +116,21 @@ void Table::addNodes(const VxScene *scene, const VxNode *root)
         const VxNode *first = root ? root : top;
         QVector<VxNode *> below;
         first->getNodeChildren(below, true);
-        addNode(first);
+        addNode(first, scene->getTimeStep());
         for (const VxNode *node : qAsConst(below))
-            addNode(node);
+            addNode(node, scene->getTimeStep());
     }
 }
 
-void Table::addNode(const VxNode *node)
+double Table::commonRate() const
+{
+    const bool isCommon = std::all_of(m_rows.begin(), m_rows.end(), [this](const Row &row) {
+        return row.rate == m_rows.front().rate;
+    });
+    return isCommon ? m_rows.front().rate : 0.0;
+}
+
+void Table::addNode(const VxNode *node, VxTime step)
 {
     const QString name = node->getLabel();
     const bool isFigure = qobject_cast<const VxSkeleton *>(node) != nullptr;
@@ -129,8 +138,10 @@ void Table::addNode(const VxNode *node)
     Row row;
     row.name = cell(VxCsvNames::escaped(name, m_names.next(name)));
     const auto parent = m_rowOf.constFind(node->getNodeParent());
-    if (parent != m_rowOf.constEnd())
+    const bool isTop = parent == m_rowOf.constEnd();
+    if (!isTop)
         row.parent = m_rows[*parent].name;
+    row.rate = isTop ? vxKeptRate(node, step) : vxKeptRate(node, step, m_rows[*parent].rate);
     row.kind = VxCsvNames::kindName(isFigure ? VxMotionNode::Skeleton
                                     : isBone ? VxMotionNode::Bone
                                              : VxMotionNode::Node)
@@ -140,6 +151,7 @@ void Table::addNode(const VxNode *node)
     m_rows.push_back(row);
     const std::size_t before = m_columns.size();
     addColumns(node);
+    addVisibility(node);
     addMorphs(node);
     addFurther(node);
     // A table of frames can mention the node only in a column.
@@ -174,6 +186,12 @@ void Table::addColumns(const VxNode *node)
             {m_rows.size() - 1, VxCsvNames::endName(axis).toLatin1(), nullptr, end[axis]});
 }
 
+void Table::addVisibility(const VxNode *node)
+{
+    if (!node->isVisible())
+        m_columns.push_back({m_rows.size() - 1, VxCsvNames::VisibleName, nullptr, 0.0f});
+}
+
 void Table::addMorphs(const VxNode *node)
 {
     const VxObject *object = node->getObject();
@@ -200,10 +218,11 @@ void Table::addFurther(const VxNode *node)
         if (!number || number->getAxis() != VxFloatProperty::NoAxis)
             continue;
         const QString name = number->getName();
-        m_columns.push_back({m_rows.size() - 1,
-                             cell(QLatin1String(VxCsvNames::PropertyPrefix) +
-                                  VxCsvNames::escaped(name, names.next(name))),
-                             number});
+        m_columns.push_back(
+            {m_rows.size() - 1,
+             cell(QLatin1String(VxCsvNames::PropertyPrefix) +
+                  VxCsvNames::escapedInGroup(number->getPath(), name, names.next(name))),
+             number});
     }
 }
 
@@ -218,9 +237,10 @@ public:
     bool write(const Sink &sink, VxFileError *error);
     bool writeKeys(const Table &table, const Sink &sink);
     void appendKeys(const Row &row, const Column &column, QByteArray *text);
-    void appendSamples(const QByteArray &head, const Column &column, QByteArray *text);
+    void appendSamples(const QByteArray &head, const Column &column, const VxFrameTimes &frames,
+                       QByteArray *text);
     bool writeFrames(const Table &table, const Sink &sink);
-    std::vector<VxTime> frames() const;
+    VxFrameTimes frames(double rate) const { return {range, scene->getTimeStep(), rate}; }
     bool goesOn(std::size_t done, std::size_t all) const
     {
         return !progress || progress(int(done * 100 / all));
@@ -236,23 +256,13 @@ public:
     QString summary;
 };
 
-/** Every frame, and the range's end even if it is not on a frame. */
-std::vector<VxTime> VxCsvExport::Private::frames() const
-{
-    std::vector<VxTime> times;
-    for (qint64 time = range.getStart(); time < range.getEnd(); time += scene->getTimeStep())
-        times.push_back(VxTime(time));
-    times.push_back(range.getEnd());
-    return times;
-}
-
 void VxCsvExport::Private::appendSamples(const QByteArray &head, const Column &column,
-                                         QByteArray *text)
+                                         const VxFrameTimes &frames, QByteArray *text)
 {
     ++numSampled;
-    for (const VxTime time : frames()) {
+    for (const VxTime time : frames.all()) {
         text->append(head);
-        appendTime(text, time);
+        appendNumber(text, frames.seconds(time));
         text->append(',');
         appendNumber(text, column.at(time));
         text->append(",linear,,,\n");
@@ -271,9 +281,10 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
         return;
     }
     if (column.isSampled()) {
-        appendSamples(head, column, text);
+        appendSamples(head, column, frames(row.rate), text);
         return;
     }
+    const VxFrameTimes rowFrames = frames(row.rate);
     const VxFloatProperty *holder = column.holder();
     const VxKeyColumns<float> keys = holder->getKeys();
     // A smooth curve's tangent at a key depends on the keys on either side of it.
@@ -283,7 +294,7 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
     const int to = std::min(keys.count, int(last) + 2);
     for (int i = std::max(0, int(first) - 2); i < to; ++i) {
         text->append(head);
-        appendTime(text, keys.times[i]);
+        appendNumber(text, rowFrames.seconds(keys.times[i]));
         text->append(',');
         appendNumber(text, keys.values[i] + column.constant);
         const int type = keys.types ? keys.types[i] : int(VxKeyInterp::Linear);
@@ -340,9 +351,10 @@ bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
     for (const Column &column : columns)
         text.append(',').append(column.property);
     text.append('\n');
-    const std::vector<VxTime> times = frames();
+    const VxFrameTimes frames = this->frames(table.commonRate());
+    const std::vector<VxTime> times = frames.all();
     for (std::size_t i = 0; i < times.size(); ++i) {
-        appendTime(&text, times[i]);
+        appendNumber(&text, frames.seconds(times[i]));
         for (const Column &column : columns) {
             text.append(',');
             appendNumber(&text, column.at(times[i]));

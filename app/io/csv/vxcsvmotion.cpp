@@ -115,7 +115,7 @@ int VxCsvMotion::property(int node, const QString &text, int column, VxFileError
         std::vector<VxMotionValue> &values =
             meaning.kind == Property::Morph ? data.morphs : data.properties;
         curve.index = int(values.size());
-        values.push_back({curve.property.name, 0.0, QString()});
+        values.push_back({curve.property.name, 0.0, curve.property.group});
     }
     const int number = int(m_curves.size());
     m_propertyOf.insert(key, number);
@@ -137,9 +137,13 @@ bool VxCsvMotion::addKey(int property, double time, double value, const VxMotion
                          int timeColumn, VxFileError *error)
 {
     Curve &curve = m_curves[std::size_t(property)];
-    if (curve.property.kind == Property::End) {
+    if (curve.property.kind == Property::End || curve.property.kind == Property::Visible) {
         if (curve.hasValue && curve.value != value)
-            return fail(timeColumn, tr("The end of a bone cannot be animated."), error);
+            return fail(timeColumn,
+                        curve.property.kind == Property::End
+                            ? tr("The end of a bone cannot be animated.")
+                            : tr("The visibility cannot be animated."),
+                        error);
         curve.hasValue = true;
         curve.value = value;
         return true;
@@ -183,6 +187,8 @@ void VxCsvMotion::setRest(const Curve &curve)
     if (curve.property.kind == Property::End) {
         data.hasEndPoint = true;
         data.endPoint[std::size_t(curve.property.axis)] = curve.value;
+    } else if (curve.property.kind == Property::Visible) {
+        data.visible = curve.value != 0.0;
     } else if (curve.property.kind == Property::Morph) {
         data.morphs[index].value = curve.value;
     } else if (curve.property.kind == Property::Further) {

@@ -19,6 +19,29 @@ template <std::size_t N> int indexOf(const char *const (&names)[N], const QStrin
     return -1;
 }
 
+const char UsualGroup[] = "/Custom";
+
+/** The index of the last "/" that is not escaped; -1 without one. */
+int lastSlash(const QString &text)
+{
+    int last = -1;
+    for (int i = 0; i < text.size(); ++i) {
+        if (text[i] == QLatin1Char('\\'))
+            ++i;
+        else if (text[i] == QLatin1Char('/'))
+            last = i;
+    }
+    return last;
+}
+
+/** Splits a further property's text into its group, if that is not the usual one, and its name. */
+bool readFurther(const QString &text, VxCsvNames::Property *property)
+{
+    const int slash = text.startsWith(QLatin1Char('/')) ? lastSlash(text) : -1;
+    return VxCsvNames::unescape(text.left(qMax(0, slash)), &property->group) &&
+           VxCsvNames::unescape(text.mid(slash + 1), &property->name);
+}
+
 bool isDigits(const QString &text, int from)
 {
     for (int i = from; i < text.size(); ++i) {
@@ -30,6 +53,7 @@ bool isDigits(const QString &text, int from)
 
 } // namespace
 
+const char VxCsvNames::VisibleName[] = "visible";
 const char VxCsvNames::MorphPrefix[] = "morph:";
 const char VxCsvNames::PropertyPrefix[] = "property:";
 
@@ -39,6 +63,14 @@ QString VxCsvNames::escaped(const QString &name, int number)
     text.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
     // A cell must not be empty.
     return number > 1 || name.isEmpty() ? text + QLatin1Char('\\') + QString::number(number) : text;
+}
+
+QString VxCsvNames::escapedInGroup(const QString &group, const QString &name, int number)
+{
+    QString text = escaped(name, number);
+    text.replace(QLatin1Char('/'), QLatin1String("\\/"));
+    const bool isUsual = !group.startsWith(QLatin1Char('/')) || group == QLatin1String(UsualGroup);
+    return isUsual ? text : escaped(group, 1) + QLatin1Char('/') + text;
 }
 
 bool VxCsvNames::unescape(const QString &text, QString *name)
@@ -52,7 +84,7 @@ bool VxCsvNames::unescape(const QString &text, QString *name)
         if (isDigits(text, i + 1))
             return true;
         ++i;
-        if (i == text.size() || text[i] != QLatin1Char('\\'))
+        if (i == text.size() || (text[i] != QLatin1Char('\\') && text[i] != QLatin1Char('/')))
             return false;
         name->append(text[i]);
     }
@@ -64,20 +96,22 @@ VxCsvNames::Property VxCsvNames::propertyOf(const QString &text)
     Property property;
     const int channel = indexOf(channelNames, text);
     const int end = indexOf(endNames, text);
-    const auto named = [&](const char *prefix, Property::Kind kind) {
-        if (text.startsWith(QLatin1String(prefix), Qt::CaseInsensitive) &&
-            unescape(text.mid(int(qstrlen(prefix))), &property.name))
-            property.kind = kind;
+    const auto has = [&text](const char *prefix) {
+        return text.startsWith(QLatin1String(prefix), Qt::CaseInsensitive);
     };
+    const auto behind = [&text](const char *prefix) { return text.mid(int(qstrlen(prefix))); };
     if (channel >= 0) {
         property.kind = Property::Channel;
         property.target = VxMotionTarget(channel);
     } else if (end >= 0) {
         property.kind = Property::End;
         property.axis = end;
-    } else {
-        named(MorphPrefix, Property::Morph);
-        named(PropertyPrefix, Property::Further);
+    } else if (text.compare(QLatin1String(VisibleName), Qt::CaseInsensitive) == 0) {
+        property.kind = Property::Visible;
+    } else if (has(MorphPrefix) && unescape(behind(MorphPrefix), &property.name)) {
+        property.kind = Property::Morph;
+    } else if (has(PropertyPrefix) && readFurther(behind(PropertyPrefix), &property)) {
+        property.kind = Property::Further;
     }
     return property;
 }

@@ -27,13 +27,17 @@
 /// - kind: node, figure or bone; empty is node, or what another row says.
 /// - order: the rotation order, as VxNode has it; empty is XYZ, or what another row says.
 /// - property: x position ... z position, x rotation ..., x scale ..., scale (of all axes), x end
-///   ... (where a bone ends; without keys), morph:NAME, property:NAME.
+///   ... (where a bone ends; without keys), visible (0 or 1; without keys), morph:NAME,
+///   property:NAME, or property:/GROUP/NAME in a group other than "/Custom". A `/` in a name is
+///   written as `\/`.
 /// - interpolation: linear (also empty), constant or tcb; of the segment after the key.
 namespace VxCsvNames {
 
 /// The name of a node, morph or property, which is the number-th of that name (from 1). Never
 /// empty.
 QString escaped(const QString &name, int number);
+/// The same for a further property in a group.
+QString escapedInGroup(const QString &group, const QString &name, int number);
 /// Reverts escaped(). False when it has a `\` that escapes nothing.
 bool unescape(const QString &text, QString *name);
 
@@ -50,16 +54,18 @@ private:
 /// A parsed property name.
 struct Property
 {
-    enum Kind { Invalid, Channel, End, Morph, Further };
+    enum Kind { Invalid, Channel, End, Visible, Morph, Further };
     Kind kind = Invalid;
     VxMotionTarget target = VxMotionTarget::XTranslate; ///< of a channel
     int axis = 0;                                       ///< of an end
     QString name;                                       ///< of a morph or a further property
+    QString group; ///< of a further property, such as "/Look"; empty: the usual one
 };
 Property propertyOf(const QString &text);
 /// Of a channel up to ZScale.
 QString nameOf(VxMotionTarget target);
 QString endName(int axis);
+extern const char VisibleName[];
 extern const char MorphPrefix[];
 extern const char PropertyPrefix[];
 

@@ -108,15 +108,6 @@ private:
     VxKeyColumns<float> m_keys;
 };
 
-std::vector<VxTime> frames(const VxTimeRange &range, VxTime step)
-{
-    std::vector<VxTime> times;
-    for (qint64 time = range.getStart(); time < range.getEnd(); time += step)
-        times.push_back(VxTime(time));
-    times.push_back(range.getEnd());
-    return times;
-}
-
 void sortUnique(std::vector<VxTime> *times)
 {
     std::sort(times->begin(), times->end());
@@ -231,10 +222,9 @@ private:
 class RotationRefiner
 {
 public:
-    RotationRefiner(const Rotations &rotations, VxTime first, VxTime step, VxGltfKeys *keys)
+    RotationRefiner(const Rotations &rotations, const VxFrameTimes &frames, VxGltfKeys *keys)
         : m_rotations(rotations)
-        , m_first(first)
-        , m_step(step)
+        , m_frames(frames)
         , m_keys(keys)
     {
     }
@@ -244,7 +234,7 @@ public:
     {
         const VxQuaternion a = m_rotations.at(from);
         const VxQuaternion b = m_rotations.at(to);
-        const VxTime frame = middleFrame(from, to);
+        const VxTime frame = m_frames.middle(from, to);
         const double limit = frame > from ? FrameTolerance : BetweenTolerance;
         const double error = deviation(from, to, a, b, limit);
         const qint64 span = qint64(to) - from;
@@ -259,22 +249,13 @@ public:
     }
 
 private:
-    /// A frame that lies between two times, about in the middle; `from` when there is none.
-    VxTime middleFrame(VxTime from, VxTime to) const
-    {
-        const qint64 middle = from + (qint64(to) - from) / 2;
-        const qint64 frame = m_first + (middle - m_first) / m_step * m_step;
-        if (frame > from && frame < to)
-            return VxTime(frame);
-        return frame + m_step > from && frame + m_step < to ? VxTime(frame + m_step) : from;
-    }
-
     /** Measured at quarters of frames, or of a shorter span; stops at a deviation of `enough`. */
     double deviation(VxTime from, VxTime to, const VxQuaternion &a, const VxQuaternion &b,
                      double enough) const
     {
         const qint64 span = qint64(to) - from;
-        const qint64 quarter = std::max<qint64>(1, std::min<qint64>(m_step, span) / 4);
+        const auto frame = qint64(m_frames.ticksPerFrame());
+        const qint64 quarter = std::max<qint64>(1, std::min(frame, span) / 4);
         double worst = 0.0;
         for (qint64 at = quarter; at < span && worst <= enough; at += quarter)
             worst = std::max(worst, vxAngleBetween(m_rotations.at(VxTime(from + at)),
@@ -283,8 +264,7 @@ private:
     }
 
     const Rotations &m_rotations;
-    const qint64 m_first;
-    const qint64 m_step;
+    const VxFrameTimes &m_frames;
     VxGltfKeys *const m_keys;
 };
 
@@ -305,7 +285,7 @@ bool vxIsAnimated(const VxFloatProperty *property)
 }
 
 VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRange &range,
-                        VxTime step)
+                        const VxFrameTimes &frames)
 {
     std::vector<Curve> curves;
     curves.reserve(values.size());
@@ -314,7 +294,7 @@ VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRang
     VxGltfKeys keys;
     const bool isSampled =
         std::any_of(curves.begin(), curves.end(), [](const Curve &c) { return c.isLinked(); });
-    keys.times = isSampled ? frames(range, step) : keyTimes(curves, range);
+    keys.times = isSampled ? frames.all() : keyTimes(curves, range);
     const Kinds kinds = isSampled ? Kinds({}, {}) : Kinds(curves, keys.times);
     if (kinds.hasStep && !kinds.hasLine && !kinds.hasCurve) {
         keys.kind = VxGltfKeys::Step;
@@ -335,7 +315,8 @@ VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRang
 }
 
 VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angles,
-                              VxRotationOrder order, const VxTimeRange &range, VxTime step)
+                              VxRotationOrder order, const VxTimeRange &range,
+                              const VxFrameTimes &frames)
 {
     std::vector<Curve> curves;
     for (const VxFloatProperty *angle : angles)
@@ -344,7 +325,7 @@ VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angl
     VxGltfKeys keys;
     const bool isSampled =
         std::any_of(curves.begin(), curves.end(), [](const Curve &c) { return c.isLinked(); });
-    std::vector<VxTime> times = isSampled ? frames(range, step) : keyTimes(curves, range);
+    std::vector<VxTime> times = isSampled ? frames.all() : keyTimes(curves, range);
     const Kinds kinds = isSampled ? Kinds({}, {}) : Kinds(curves, times);
     if (kinds.hasStep && !kinds.hasLine && !kinds.hasCurve) {
         keys.kind = VxGltfKeys::Step;
@@ -352,7 +333,7 @@ VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angl
     } else {
         if (kinds.hasStep)
             addJumps(curves, &times);
-        RotationRefiner refiner(rotations, range.getStart(), step, &keys);
+        RotationRefiner refiner(rotations, frames, &keys);
         keys.times.push_back(times.front());
         for (std::size_t i = 1; i < times.size(); ++i)
             refiner.refine(times[i - 1], times[i]);
@@ -362,11 +343,10 @@ VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angl
 }
 
 VxGltfKeys vxGltfSampledProducts(const VxFloatProperty *common,
-                                 const std::vector<VxGltfValue> &values, const VxTimeRange &range,
-                                 VxTime step)
+                                 const std::vector<VxGltfValue> &values, const VxFrameTimes &frames)
 {
     VxGltfKeys keys;
-    keys.times = frames(range, step);
+    keys.times = frames.all();
     for (const VxTime time : keys.times) {
         for (const VxGltfValue &value : values)
             keys.numbers.push_back(

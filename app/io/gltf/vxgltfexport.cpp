@@ -2,11 +2,14 @@
 
 #include "io/gltf/vxgltfcurves.h"
 #include "io/gltf/vxgltfoutput.h"
+#include "io/motion/vxkeptrate.h"
 #include "io/vxsafefile.h"
 
 #include <QCoreApplication>
 #include <QHash>
 #include <QMatrix4x4>
+#include <cmath>
+#include <limits>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
@@ -71,7 +74,6 @@ public:
     Writer(const VxScene *scene, const VxTimeRange &range)
         : m_scene(scene)
         , m_range(range)
-        , m_offset(range.getStart() < 0 ? -qint64(range.getStart()) : 0)
     {
     }
 
@@ -91,12 +93,13 @@ private:
     void addRotation(const VxNode *node);
     void addScale(const VxNode *node);
     void addWeights(const VxNode *node);
+    VxFrameTimes framesOf(const VxNode *node) const;
     void addChannel(const VxNode *node, const char *path, const VxGltfKeys &keys, const char *type);
-    int addTimes(const std::vector<VxTime> &times);
+    int addTimes(const VxFrameTimes &frames, const std::vector<VxTime> &times);
+    double commonRate() const;
 
     const VxScene *const m_scene;
     const VxTimeRange m_range;
-    const qint64 m_offset;
     VxGltfOutput m_output;
     QVector<const VxNode *> m_nodes;
     QHash<const VxNode *, int> m_index;
@@ -105,7 +108,8 @@ private:
     QJsonArray m_skins;
     QJsonArray m_samplers;
     QJsonArray m_channels;
-    std::vector<VxTime> m_lastTimes; // most channels share theirs
+    std::vector<double> m_rates;      // kept ones, one a node
+    std::vector<float> m_lastSeconds; // most channels share theirs
     int m_lastInput = -1;
     double m_error = 0.0;
     qint64 m_numKeys = 0;
@@ -130,8 +134,14 @@ void Writer::addNodes(const VxNode *root)
         for (const VxNode *child : qAsConst(all))
             m_nodes.append(child);
     }
-    for (int i = 0; i < m_nodes.size(); ++i)
-        m_index.insert(m_nodes[i], i);
+    const VxTime step = m_scene->getTimeStep();
+    for (int i = 0; i < m_nodes.size(); ++i) {
+        const VxNode *node = m_nodes[i];
+        const int parent = m_index.value(node->getNodeParent(), -1);
+        m_rates.push_back(parent < 0 ? vxKeptRate(node, step)
+                                     : vxKeptRate(node, step, m_rates[std::size_t(parent)]));
+        m_index.insert(node, i);
+    }
     for (const VxNode *node : qAsConst(m_nodes))
         m_objects.append(nodeObject(node));
 }
@@ -202,15 +212,36 @@ int Writer::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &mor
     return m_meshes.size() - 1;
 }
 
-int Writer::addTimes(const std::vector<VxTime> &times)
+VxFrameTimes Writer::framesOf(const VxNode *node) const
 {
-    if (m_lastInput >= 0 && times == m_lastTimes)
-        return m_lastInput;
+    return {m_range, m_scene->getTimeStep(), m_rates[std::size_t(m_index.value(node))]};
+}
+
+/** That of all motion in the file: the kept one, or the scene's if nodes have different ones. */
+double Writer::commonRate() const
+{
+    const bool isCommon = std::all_of(m_rates.begin(), m_rates.end(),
+                                      [this](double rate) { return rate == m_rates.front(); });
+    return isCommon && m_rates.front() > 0.0 ? m_rates.front()
+                                             : double(VxTicksPerSecond) / m_scene->getTimeStep();
+}
+
+/** Late times that are equal in single precision are moved to the next larger number. */
+int Writer::addTimes(const VxFrameTimes &frames, const std::vector<VxTime> &times)
+{
+    const double start = m_range.getStart() < 0 ? frames.seconds(m_range.getStart()) : 0.0;
     std::vector<float> seconds;
-    for (const VxTime time : times)
-        seconds.push_back(float(double(time + m_offset) / VxTicksPerSecond));
-    m_lastTimes = times;
+    seconds.reserve(times.size());
+    for (const VxTime time : times) {
+        const auto second = float(frames.seconds(time) - start);
+        seconds.push_back(seconds.empty() || second > seconds.back()
+                              ? second
+                              : std::nextafter(seconds.back(), std::numeric_limits<float>::max()));
+    }
+    if (m_lastInput >= 0 && seconds == m_lastSeconds)
+        return m_lastInput;
     m_lastInput = m_output.addFloats(seconds, "SCALAR", true);
+    m_lastSeconds = std::move(seconds);
     return m_lastInput;
 }
 
@@ -218,7 +249,7 @@ void Writer::addChannel(const VxNode *node, const char *path, const VxGltfKeys &
                         const char *type)
 {
     static const char *const names[] = {"STEP", "LINEAR", "CUBICSPLINE"};
-    m_samplers.append(QJsonObject{{key("input"), addTimes(keys.times)},
+    m_samplers.append(QJsonObject{{key("input"), addTimes(framesOf(node), keys.times)},
                                   {key("output"), m_output.addFloats(keys.numbers, type, false)},
                                   {key("interpolation"), key(names[keys.kind])}});
     m_channels.append(QJsonObject{{key("sampler"), m_samplers.size() - 1},
@@ -237,7 +268,7 @@ void Writer::addTranslation(const VxNode *node)
     std::vector<VxGltfValue> values;
     for (int axis = 0; axis < 3; ++axis)
         values.push_back({controls[axis], 1.0, double(node->getOrigin()[axis])});
-    addChannel(node, "translation", vxGltfKeysOf(values, m_range, m_scene->getTimeStep()), "VEC3");
+    addChannel(node, "translation", vxGltfKeysOf(values, m_range, framesOf(node)), "VEC3");
 }
 
 void Writer::addRotation(const VxNode *node)
@@ -247,7 +278,7 @@ void Writer::addRotation(const VxNode *node)
         return;
     addChannel(node, "rotation",
                vxGltfRotationKeys(controls, VxRotationOrder(node->getRotationOrder()), m_range,
-                                  m_scene->getTimeStep()),
+                                  framesOf(node)),
                "VEC4");
 }
 
@@ -269,10 +300,10 @@ void Writer::addScale(const VxNode *node)
         else
             values.push_back({common, double(control->getValue(start)), 0.0});
     }
-    const VxTime step = m_scene->getTimeStep();
+    const VxFrameTimes frames = framesOf(node);
     addChannel(node, "scale",
-               isCommon && isOwn ? vxGltfSampledProducts(common, values, m_range, step)
-                                 : vxGltfKeysOf(values, m_range, step),
+               isCommon && isOwn ? vxGltfSampledProducts(common, values, frames)
+                                 : vxGltfKeysOf(values, m_range, frames),
                "VEC3");
 }
 
@@ -285,8 +316,7 @@ void Writer::addWeights(const VxNode *node)
         isAnimated = isAnimated || vxIsAnimated(morph->getValueControl());
     }
     if (isAnimated)
-        addChannel(node, "weights", vxGltfKeysOf(values, m_range, m_scene->getTimeStep()),
-                   "SCALAR");
+        addChannel(node, "weights", vxGltfKeysOf(values, m_range, framesOf(node)), "SCALAR");
 }
 
 bool Writer::addAnimation(const VxFileProgress &progress)
@@ -331,8 +361,10 @@ void Writer::addSkins()
 
 QByteArray Writer::bytes(bool binary) const
 {
-    QJsonObject root{{key("asset"), QJsonObject{{key("version"), key("2.0")},
-                                                {key("generator"), key("VxStudio")}}}};
+    QJsonObject root{{key("asset"),
+                      QJsonObject{{key("version"), key("2.0")},
+                                  {key("generator"), key("VxStudio")},
+                                  {key("extras"), QJsonObject{{key("frameRate"), commonRate()}}}}}};
     QJsonArray tops;
     for (const VxNode *node : m_nodes) {
         if (!node->getNodeParent() || !m_index.contains(node->getNodeParent()))

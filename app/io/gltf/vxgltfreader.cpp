@@ -36,6 +36,12 @@ VxMotionFacts factsOf(const VxGltfDocument &document)
     const QJsonObject asset = document.root().value(QLatin1String("asset")).toObject();
     facts.format = document.isBinary() ? tr("glTF 2.0 (binary)") : tr("glTF 2.0 (text)");
     facts.writer = asset.value(QLatin1String("generator")).toString();
+    // As this program writes it.
+    const double rate = asset.value(QLatin1String("extras"))
+                            .toObject()
+                            .value(QLatin1String("frameRate"))
+                            .toDouble();
+    facts.rate = rate >= 1.0 && rate <= VxTicksPerSecond ? rate : 0.0;
     facts.metresPerUnit = 1.0;
     omitAll(document, "meshes", tr("mesh"), &facts);
     omitAll(document, "materials", tr("material"), &facts);

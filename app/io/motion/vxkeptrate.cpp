@@ -11,12 +11,15 @@ namespace {
 
 const QString propertyName = QStringLiteral("SourceFrameRate");
 
-/** The exact rate for one in single precision: N * 1000 / 1001. */
-double exactRate(double rate)
+/** False for a node without a stored rate; a rate of another step is 0. */
+bool readRate(const VxNode *node, VxTime step, double *rate)
 {
-    const double whole = std::round(rate * 1001.0 / 1000.0);
-    const double exact = whole * 1000.0 / 1001.0;
-    return std::abs(exact - rate) < 2e-7 * rate ? exact : rate;
+    const auto *property = qobject_cast<const VxFloatProperty *>(node->findProperty(propertyName));
+    if (!property)
+        return false;
+    const double exact = vxExactRate(double(property->getStoredValue()));
+    *rate = exact > 0.0 && VxMotionTiming::stepOf(exact) == step ? exact : 0.0;
+    return true;
 }
 
 } // namespace
@@ -41,13 +44,27 @@ void vxKeepRate(VxNode *node, double rate)
 
 double vxKeptRate(const VxNode *node, VxTime step)
 {
-    for (; node; node = node->getNodeParent()) {
-        const auto *property =
-            qobject_cast<const VxFloatProperty *>(node->findProperty(propertyName));
-        if (!property)
-            continue;
-        const double rate = exactRate(double(property->getStoredValue()));
-        return rate > 0.0 && VxMotionTiming::stepOf(rate) == step ? rate : 0.0;
-    }
-    return 0.0;
+    double rate = 0.0;
+    while (node && !readRate(node, step, &rate))
+        node = node->getNodeParent();
+    return rate;
+}
+
+double vxKeptRate(const VxNode *node, VxTime step, double ofParent)
+{
+    double rate = ofParent;
+    readRate(node, step, &rate);
+    return rate;
+}
+
+QString vxKeptRateName()
+{
+    return propertyName;
+}
+
+double vxExactRate(double rate)
+{
+    const double whole = std::round(rate * 1001.0 / 1000.0);
+    const double exact = whole * 1000.0 / 1001.0;
+    return std::abs(exact - rate) < 2e-7 * rate ? exact : rate;
 }

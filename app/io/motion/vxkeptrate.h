@@ -1,6 +1,7 @@
 #ifndef VXIO_VXKEPTRATE_H
 #define VXIO_VXKEPTRATE_H
 
+#include <QString>
 #include <vxcore/vxtime.h>
 
 class VxNode;
@@ -15,5 +16,14 @@ void vxKeepRate(VxNode *node, double rate);
 /// The rate stored with a node or an ancestor, if it belongs to a step of the scene (ticks a
 /// frame); 0 otherwise.
 double vxKeptRate(const VxNode *node, VxTime step);
+
+/// The same in a pass from parents to children: the node's own rate, or that of its parent.
+double vxKeptRate(const VxNode *node, VxTime step, double ofParent);
+
+/// The name of the property.
+QString vxKeptRateName();
+
+/// The exact rate for one in single precision, such as 30000 / 1001 for 29.97003.
+double vxExactRate(double rate);
 
 #endif

@@ -1,5 +1,6 @@
 #include "io/motion/vxmotionbuilder.h"
 
+#include "io/motion/vxkeptrate.h"
 #include "io/motion/vxmotionchannels.h"
 #include "io/motion/vxmotionhierarchy.h"
 #include "io/motion/vxmotionnodes.h"
@@ -23,6 +24,19 @@ bool fail(VxFileError *error, const QString &message, bool cancelled = false)
     error->message = message;
     error->cancelled = cancelled;
     return false;
+}
+
+/** The rate of a figure that was exported with it; 0 without one. */
+double writtenRate(const VxImportedMotion &motion)
+{
+    const QString name = vxKeptRateName();
+    for (const VxMotionNode &node : motion.nodes) {
+        for (const VxMotionValue &property : node.properties) {
+            if (property.name == name && property.value >= 1.0)
+                return vxExactRate(property.value);
+        }
+    }
+    return 0.0;
 }
 
 /// One build.
@@ -121,7 +135,7 @@ bool Builder::checkTimes(VxFileError *error) const
 
 void Builder::setRate()
 {
-    m_report.sourceRate = m_motion.facts.rate;
+    m_report.sourceRate = m_motion.facts.rate > 0.0 ? m_motion.facts.rate : writtenRate(m_motion);
     if (!(m_report.sourceRate > 0.0)) {
         m_report.sourceRate = VxMotionTiming::rateOfKeys(m_motion);
         m_report.isRateFromKeys = m_report.sourceRate > 0.0;

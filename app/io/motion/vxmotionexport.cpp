@@ -7,6 +7,9 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
@@ -42,6 +45,54 @@ const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
     return figure;
 }
 
+int numMorphs(const VxNode *node)
+{
+    const VxObject *object = node->getObject();
+    int count = 0;
+    for (int i = 0; object && i < object->getNumSubElements(); ++i)
+        count += qobject_cast<const VxMorph *>(object->getSubElement(i)) ? 1 : 0;
+    return count;
+}
+
+/** Other properties than those of the transform: CSV files have those that are plain numbers. */
+int numFurther(const VxNode *node, bool isCsv)
+{
+    int count = 0;
+    const QVector<VxProperty *> properties = node->getMadeProperties();
+    for (const VxProperty *property : properties) {
+        const auto *number = qobject_cast<const VxFloatProperty *>(property);
+        const bool isControl = number && number->getAxis() != VxFloatProperty::NoAxis;
+        if (!isControl && !(isCsv && number) && property->getName() != vxKeptRateName())
+            ++count;
+    }
+    return count;
+}
+
+/** A sentence, after a blank, about what the format lacks; empty if nothing was left out. */
+QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
+{
+    const bool isBvh = suffix == QLatin1String("bvh");
+    int properties = 0;
+    int morphs = 0;
+    VxNodeListIterator nodes = scene->nodeListIterator();
+    while (nodes.hasNext()) {
+        const VxNode *node = nodes.next();
+        if (root && node != root && !root->isAncestorOf(node))
+            continue;
+        properties += numFurther(node, suffix == QLatin1String("csv"));
+        morphs += isBvh ? numMorphs(node) : 0;
+    }
+    QStringList parts;
+    if (properties > 0)
+        parts.append(tr("%1 other properties").arg(properties));
+    if (morphs > 0)
+        parts.append(tr("%1 morphs").arg(morphs));
+    if (parts.isEmpty())
+        return {};
+    return QLatin1Char(' ') +
+           tr("The format does not support, and the file lacks: %1.").arg(parts.join(", "));
+}
+
 /// Runs any of the writers, which have the same functions.
 template <class Export>
 bool run(Export &out, const QString &fileName, const VxFileProgress &progress, QString *summary,
@@ -61,16 +112,21 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
 {
     const QString suffix = QFileInfo(fileName).suffix().toLower();
     const VxTimeRange range = options.playRangeOnly ? scene->getPlayRange() : scene->getAnimRange();
+    const auto addLeftOut = [&](const VxNode *root, bool done) {
+        if (done)
+            *summary += leftOut(scene, root, suffix);
+        return done;
+    };
     if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf")) {
         VxGltfExport out(scene, range);
         out.setRoot(options.root);
-        return run(out, fileName, progress, summary, error);
+        return addLeftOut(options.root, run(out, fileName, progress, summary, error));
     }
     if (suffix == QLatin1String("csv")) {
         VxCsvExport out(scene, range);
         out.setRoot(options.root);
         out.setHasRowPerFrame(options.hasRowPerFrame);
-        return run(out, fileName, progress, summary, error);
+        return addLeftOut(options.root, run(out, fileName, progress, summary, error));
     }
     if (suffix != QLatin1String("bvh"))
         return fail(error, fileName,
@@ -84,7 +140,7 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
                "or another file type."));
     VxBvhExport out(figure, range, scene->getTimeStep());
     out.setRate(vxKeptRate(figure, scene->getTimeStep()));
-    return run(out, fileName, progress, summary, error);
+    return addLeftOut(figure, run(out, fileName, progress, summary, error));
 }
 
 QStringList vxExportSuffixes()

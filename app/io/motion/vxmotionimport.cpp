@@ -192,8 +192,10 @@ bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
         return fail(error, d->report.file, tr("There is nothing to import."));
     const bool isBeside = d->isBeside();
     vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
-    if (d->report.isRateKept())
-        vxKeepRate(d->contents.rootNodes.front().get(), d->report.sourceRate);
+    for (const auto &root : d->contents.rootNodes) {
+        if (d->report.isRateKept())
+            vxKeepRate(root.get(), d->report.sourceRate);
+    }
     VxMotionEntry entry;
     entry.replacesScene = d->replaces;
     entry.setsRate = choices.matchesRate;

@@ -76,7 +76,11 @@ void makeScene(VxScene *scene, unsigned seed)
     addKeys(qobject_cast<VxMorph *>(prop->getObject()->getSubElement(1))->getValueControl(), random,
             1);
     auto *further = new VxFloatProperty(QStringLiteral("glow"), 0.5f);
-    prop->addProperty(further, QStringLiteral("/Custom"));
+    static const char *const groups[] = {"/Custom", "/Look/Of 1/5", "/back\\slash", "/", "/a//"};
+    prop->addProperty(further, QLatin1String(groups[random() % 5]));
+    auto *slashes = new VxFloatProperty(QStringLiteral("/a/b\\5"), 2.0f);
+    prop->addProperty(slashes, QLatin1String(groups[random() % 5]));
+    prop->setVisible(random() % 2);
     addKeys(further, random, 3);
     scene->addNode(prop);
 }
@@ -214,6 +218,7 @@ void tst_VxCsv::keysComeBack()
             QCOMPARE(other->getLabel(), node->getLabel());
         QCOMPARE(other->getRotationOrder(), node->getRotationOrder());
         QCOMPARE(other->getEndPoint(), node->getEndPoint());
+        QCOMPARE(other->isVisible(), node->isVisible());
         for (const auto control : {&VxNode::getXRotControl, &VxNode::getYRotControl,
                                    &VxNode::getZRotControl, &VxNode::getYScaleControl})
             QVERIFY2(isSame((node->*control)(), (other->*control)()), qPrintable(node->getLabel()));
@@ -231,8 +236,14 @@ void tst_VxCsv::keysComeBack()
     };
     for (int i = 0; i < 3; ++i)
         QVERIFY(isSame(morph(m_scene->findNode("face"), i), morph(face, i)));
-    QVERIFY(isSame(qobject_cast<VxFloatProperty *>(m_scene->findNode("face")->findProperty("glow")),
-                   qobject_cast<VxFloatProperty *>(face->findProperty("glow"))));
+    for (const char *name : {"glow", "/a/b\\5"}) {
+        const VxProperty *before = m_scene->findNode("face")->findProperty(QLatin1String(name));
+        const VxProperty *after = face->findProperty(QLatin1String(name));
+        QVERIFY(after);
+        QCOMPARE(after->getPath(), before->getPath());
+        QVERIFY(isSame(qobject_cast<const VxFloatProperty *>(before),
+                       qobject_cast<const VxFloatProperty *>(after)));
+    }
     // Every name but an empty one is written again as it was.
     QCOMPARE(m_report.keysAfter, m_report.keysBefore);
 }
@@ -247,6 +258,7 @@ void tst_VxCsv::framesComeBack()
     QCOMPARE(m_again->getAnimRange(), m_range);
     for (const VxNode *node : m_scene->getNodes()) {
         const VxNode *other = again(node);
+        QCOMPARE(other->isVisible(), node->isVisible());
         for (VxTime time = 0; time <= End; time += Step) {
             for (const auto control :
                  {&VxNode::getXRotControl, &VxNode::getYRotControl, &VxNode::getZRotControl,

@@ -86,6 +86,8 @@ private Q_SLOTS:
     void morphsComeBack();
     void aFigureAlone();
     void timesBeforeZeroAreMoved();
+    void lateTimesStayApart();
+    void theRateComesBack();
     void validatorHasNothingToSay();
 
 private:
@@ -306,6 +308,36 @@ void tst_VxGltfExport::timesBeforeZeroAreMoved()
     QVERIFY2(roundTrip(), qPrintable(m_error.text()));
     QCOMPARE(again("ball")->getXPosControl()->getKeyTime(0), 0);
     QCOMPARE(again("ball")->getXPosControl()->getValue(4800), 1.5f);
+}
+
+// Three hours are 10800 s: single precision is no finer than 5 ticks there.
+void tst_VxGltfExport::lateTimesStayApart()
+{
+    constexpr VxTime Late = 10800 * 4800;
+    auto *node = new VxNode(QStringLiteral("ball"));
+    m_scene->addNode(node);
+    m_scene->setAnimRange({Late, Late + 4800});
+    for (int i = 0; i < 4; ++i)
+        node->getXPosControl()->setKey(Late + 100 + i, float(i), VxKeyInterp::Linear);
+    node->getYPosControl()->setKey(Late, 0, VxKeyInterp::Constant);
+    node->getYPosControl()->setKey(Late + 2400, 5, VxKeyInterp::Constant);
+    QVERIFY2(roundTrip(), qPrintable(m_error.text()));
+    QVERIFY(qAbs(again("ball")->getXPosControl()->getValue(Late + 4800) - 3.0f) < 1e-5f);
+    QCOMPARE(again("ball")->getYPosControl()->getValue(Late + 2380), 0.0f);
+    QCOMPARE(again("ball")->getYPosControl()->getValue(Late + 2420), 5.0f);
+}
+
+// Its keys fit 30 frames a second as well.
+void tst_VxGltfExport::theRateComesBack()
+{
+    auto *node = new VxNode(QStringLiteral("ball"));
+    m_scene->addNode(node);
+    m_scene->setTimeStep(200);
+    m_scene->setAnimRange({0, 4800});
+    node->getXPosControl()->setKey(0, 1, VxKeyInterp::Linear);
+    node->getXPosControl()->setKey(4800, 2, VxKeyInterp::Linear);
+    QVERIFY2(roundTrip(), qPrintable(m_error.text()));
+    QCOMPARE(m_contents.timeStep, 200);
 }
 
 void tst_VxGltfExport::validatorHasNothingToSay()

@@ -3,6 +3,8 @@
 #include "io/motion/vxkeptrate.h"
 
 #include "gltfsample.h"
+#include "io/csv/vxcsvreader.h"
+#include "io/gltf/vxgltfreader.h"
 #include "io/motion/vxmotionexport.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhreader.h"
@@ -26,6 +28,11 @@ private Q_SLOTS:
 
     void bvhGoesOutAsItCame_data();
     void bvhGoesOutAsItCame();
+    void bvhOfAPartHasItsFrames();
+    void timesInFilesAreTrue_data();
+    void timesInFilesAreTrue();
+    void sparseKeysOverHours();
+    void severalRoots();
     void wholeRatesAreNotKept();
     void anotherStepGivesItUp();
     void reportNamesIt();
@@ -129,6 +136,136 @@ void tst_VxKeptRate::bvhGoesOutAsItCame()
     QCOMPARE(after.frameCount, before.frameCount);
     QVERIFY(std::abs(after.frameTime - before.frameTime) < 1e-8);
     QVERIFY(after.values == before.values);
+}
+
+// Frames 1 to 498, which start at tick 160 of 160.16.
+void tst_VxKeptRate::bvhOfAPartHasItsFrames()
+{
+    const QString in = write("in.bvh", bvhOf("0.03336666666666667"));
+    import(in, true);
+    m_scene->setPlayRange({160, 79760});
+    VxMotionExportOptions options;
+    options.playRangeOnly = true;
+    const QString out = m_dir->filePath("out.bvh");
+    QString summary;
+    QVERIFY(vxExportMotion(m_scene.data(), options, out, {}, &summary, &m_error));
+    VxBvhDocument before;
+    VxBvhDocument after;
+    QVERIFY(VxBvhReader(in).readFile(&before, &m_error));
+    QVERIFY(VxBvhReader(out).readFile(&after, &m_error));
+    QCOMPARE(after.frameCount, 498);
+    for (int channel = 0; channel < 6; ++channel) {
+        for (int frame = 0; frame < 498; ++frame)
+            QCOMPARE(after.channelValues(channel)[frame], before.channelValues(channel)[frame + 1]);
+    }
+}
+
+void tst_VxKeptRate::timesInFilesAreTrue_data()
+{
+    QTest::addColumn<double>("rate");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<bool>("hasRowPerFrame");
+    for (const double rate : {30000 / 1001.0, 24000 / 1001.0}) {
+        const QByteArray name = QByteArray::number(rate, 'g', 5);
+        QTest::newRow(name + " glTF") << rate << "out.glb" << false;
+        QTest::newRow(name + " CSV, one row a key") << rate << "out.csv" << false;
+        QTest::newRow(name + " CSV, one row a frame") << rate << "out.csv" << true;
+    }
+}
+
+// 500 frames: the times of the nearest ticks would differ by up to a 9600th of a second.
+void tst_VxKeptRate::timesInFilesAreTrue()
+{
+    QFETCH(double, rate);
+    QFETCH(QString, out);
+    QFETCH(bool, hasRowPerFrame);
+    const bool isGltf = out.endsWith(QLatin1String("glb"));
+    GltfSample sample;
+    sample.root.insert("nodes", QJsonArray{QJsonObject{{"name", "ball"}}});
+    std::vector<float> times;
+    std::vector<float> places;
+    for (int i = 0; i < 500; ++i) {
+        times.push_back(float(i / rate));
+        for (int axis = 0; axis < 3; ++axis)
+            places.push_back(float((i * 7 + axis * 3) % 50));
+    }
+    sample.animate(0, 0, "translation", "LINEAR", sample.floats(times, "SCALAR", 1),
+                   sample.floats(places, "VEC3", 3));
+    import(write("ball.gltf", sample.text()), true);
+    QVERIFY(m_report.isRateKept());
+    const VxKeyColumns<float> keys = m_scene->findNode("ball")->getXPosControl()->getKeys();
+    const std::vector<VxTime> keyTimes(keys.times, keys.times + keys.count);
+    const std::vector<float> keyValues(keys.values, keys.values + keys.count);
+    VxMotionExportOptions options;
+    options.hasRowPerFrame = hasRowPerFrame;
+    QString summary;
+    const QString file = m_dir->filePath(out);
+    QVERIFY(vxExportMotion(m_scene.data(), options, file, {}, &summary, &m_error));
+
+    QFile written(file);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    VxImportedMotion motion;
+    QVERIFY(isGltf ? vxReadGltf(written.readAll(), {}, {}, &motion, &m_error)
+                   : vxReadCsv(written.readAll(), {}, &motion, &m_error));
+    const VxMotionCurve &curve = motion.clips.at(0).channels.at(0).curve;
+    QCOMPARE(int(curve.times.size()), 500);
+    for (std::size_t i = 0; i < 500; ++i) {
+        const double exact = double(i) / rate;
+        QVERIFY2(isGltf ? float(curve.times[i]) == times[i]
+                        : std::abs(curve.times[i] - exact) < 1e-12,
+                 qPrintable(QString("%1: %2").arg(i).arg(curve.times[i], 0, 'g', 17)));
+    }
+
+    import(file, true);
+    QVERIFY(m_report.isRateKept() && std::abs(m_report.sourceRate - rate) < 1e-9);
+    const VxKeyColumns<float> again = m_scene->findNode("ball")->getXPosControl()->getKeys();
+    QCOMPARE(std::vector<VxTime>(again.times, again.times + again.count), keyTimes);
+    QCOMPARE(std::vector<float>(again.values, again.values + again.count), keyValues);
+}
+
+// Too few keys for the rate to be seen in them.
+void tst_VxKeptRate::sparseKeysOverHours()
+{
+    const double rate = 30000 / 1001.0;
+    QByteArray text = "node,property,time,value\n"
+                      "ball,property:/General/Import/SourceFrameRate,,29.97003\n";
+    const QVector<int> frames{0, 10, 107892, 323676}; // up to 3 hours
+    for (const int frame : frames)
+        text += "ball,x position," + QByteArray::number(frame / rate, 'g', 17) + ",1\n";
+    import(write("in.csv", text), true);
+    QCOMPARE(m_scene->getTimeStep(), 160);
+    const VxNode *ball = m_scene->findNode("ball");
+    const int numProperties = ball->getNumProperties();
+    QCOMPARE(ball->getXPosControl()->getKeyTime(3), VxTime(std::llround(323676 / rate * 4800)));
+    for (const char *name : {"out.csv", "out.glb", "again.csv"}) {
+        const QString out = m_dir->filePath(QLatin1String(name));
+        QString summary;
+        QVERIFY(vxExportMotion(m_scene.data(), {}, out, {}, &summary, &m_error));
+        if (QByteArray(name).endsWith("csv")) {
+            QFile file(out);
+            VxImportedMotion motion;
+            QVERIFY(file.open(QIODevice::ReadOnly) &&
+                    vxReadCsv(file.readAll(), {}, &motion, &m_error));
+            const std::vector<double> &times = motion.clips.at(0).channels.at(0).curve.times;
+            for (int i = 0; i < frames.size(); ++i)
+                QCOMPARE(times.at(std::size_t(i)), frames[i] / rate);
+        }
+        import(out, true);
+        QVERIFY(std::abs(m_report.sourceRate - rate) < 1e-9);
+        QCOMPARE(m_scene->findNode("ball")->getNumProperties(), numProperties);
+    }
+}
+
+void tst_VxKeptRate::severalRoots()
+{
+    QByteArray text = "node,property,time,value\n";
+    for (int i = 0; i < 40; ++i)
+        text += "a,x position," + QByteArray::number(i * 1.001 / 30, 'g', 17) + ",1\n";
+    for (int i = 0; i < 40; ++i)
+        text += "b,x position," + QByteArray::number(i * 1.001 / 30, 'g', 17) + ",1\n";
+    import(write("in.csv", text), true);
+    QVERIFY(vxKeptRate(m_scene->findNode("a"), 160) > 29);
+    QCOMPARE(vxKeptRate(m_scene->findNode("b"), 160), vxKeptRate(m_scene->findNode("a"), 160));
 }
 
 void tst_VxKeptRate::wholeRatesAreNotKept()
