@@ -221,38 +221,44 @@ void siblings()
     }
 }
 
-void levels()
+// Nodes without a key: all at the top level, or ten below each.
+void levels(bool asTree)
 {
     const int count = 100000;
     const double before = allocatedBytes();
+    const QString name =
+        asTree ? QStringLiteral("100000 nodes in a tree: ") : QStringLiteral("100000 nodes: ");
     Stage stage(false);
-    measure(QStringLiteral("100000 nodes: add"), count, [&] { addLevel(count); });
-    measure(QStringLiteral("100000 nodes: paint"), count, [&] { stage.paint(); });
-    measure(QStringLiteral("100000 nodes: select all in the scene"), count, [&] {
-        vxScene->selectAllNodes(true);
-        stage.paint();
+    const auto step = [&](const char *what, const Action &action) {
+        measure(name + QLatin1String(what), count, [&] {
+            action();
+            stage.paint();
+        });
+    };
+    const auto filter = [&](const char *what, const QString &text) {
+        step(what, [&] { stage.view->applyFilterText(text); });
+    };
+    step("add, paint", [&] {
+        vxScene->beginLoad();
+        QVector<VxNode *> nodes;
+        for (int i = 0; i < count; ++i) {
+            nodes.append(new VxNode(QStringLiteral("node %1").arg(i)));
+            vxScene->addNode(nodes.last(), asTree && i > 0 ? nodes.at((i - 1) / 10) : nullptr);
+        }
+        vxScene->endLoad();
     });
-    measure(QStringLiteral("100000 nodes: deselect all"), count, [&] {
-        vxScene->selectAllNodes(false);
-        stage.paint();
-    });
-    measure(QStringLiteral("100000 nodes: select all rows"), count, [&] {
-        stage.view->selectAll();
-        stage.paint();
-    });
-    measure(QStringLiteral("100000 nodes: filter"), count, [&] {
-        stage.view->applyFilterText(QStringLiteral("9"));
-        stage.paint();
-    });
-    measure(QStringLiteral("100000 nodes: filter cleared"), count, [&] {
-        stage.view->applyFilterText(QString());
-        stage.paint();
-    });
-    std::printf("100000 nodes: %.0f bytes a node in all\n", (allocatedBytes() - before) / count);
-    measure(QStringLiteral("100000 nodes: clear"), count, [&] {
-        vxScene->clear();
-        stage.paint();
-    });
+    step("select all in the scene", [] { vxScene->selectAllNodes(true); });
+    step("deselect all", [] { vxScene->selectAllNodes(false); });
+    step("select all rows", [&] { stage.view->selectAll(); });
+    filter("filter, one match", QStringLiteral("node 99999"));
+    filter("filter, many matches", QStringLiteral("9"));
+    filter("filter, no match", QStringLiteral("leg"));
+    filter("filter cleared", QString());
+    std::printf("%s%.0f bytes a node in all\n", qPrintable(name),
+                (allocatedBytes() - before) / count);
+    filter("filter, a match in each node", QStringLiteral("x translate"));
+    filter("filter cleared again", QString());
+    step("clear", [] { vxScene->clear(); });
 }
 
 // 400 groups a node, in paths as deep as they may be.
@@ -303,8 +309,10 @@ int main(int argc, char **argv)
         chains();
     if (wants("siblings"))
         siblings();
-    if (wants("100000"))
-        levels();
+    if (wants("100000")) {
+        levels(false);
+        levels(true);
+    }
     if (wants("groups"))
         groups();
     return 0;

@@ -52,20 +52,32 @@ DopeSheetRowBuilder::DopeSheetRowBuilder(VxNode *node, VxDopeSheetItem *nodeRow,
 {
 }
 
+VxDopeSheetItem *DopeSheetRowBuilder::newPropertiesRow()
+{
+    auto *row = new VxDopeSheetItem;
+    row->setLabel(QCoreApplication::translate("VxDopeSheetModel", "Properties"));
+    return row;
+}
+
 QVector<VxDopeSheetItem *> DopeSheetRowBuilder::build()
 {
-    m_properties = new VxDopeSheetItem;
-    m_properties->setLabel(QCoreApplication::translate("VxDopeSheetModel", "Properties"));
+    buildBelow(newPropertiesRow());
+    if (m_properties->childCount() > 0)
+        m_properties->setParent(m_nodeRow);
+    else
+        delete m_properties;
+    return m_rows;
+}
+
+QVector<VxDopeSheetItem *> DopeSheetRowBuilder::buildBelow(VxDopeSheetItem *propertiesRow)
+{
+    m_properties = propertiesRow;
     m_groups.insert(QString(), m_properties);
     if (lists(Other))
         addAllProperties();
     else
         addTransformControls();
     m_properties->pruneEmpty();
-    if (m_properties->childCount() > 0)
-        m_properties->setParent(m_nodeRow);
-    else
-        delete m_properties;
     return m_rows;
 }
 

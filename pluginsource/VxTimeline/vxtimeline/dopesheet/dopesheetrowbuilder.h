@@ -22,6 +22,9 @@ public:
 
     // Appends the rows to the node's row. Returns the property rows in order of creation.
     QVector<VxDopeSheetItem *> build();
+    // The same in two steps: an empty "Properties" row, owned by the caller, and the rows below it.
+    static VxDopeSheetItem *newPropertiesRow();
+    QVector<VxDopeSheetItem *> buildBelow(VxDopeSheetItem *propertiesRow);
 
 private:
     void addAllProperties();

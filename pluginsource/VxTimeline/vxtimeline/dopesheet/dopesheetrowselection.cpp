@@ -40,9 +40,7 @@ std::vector<QModelIndex> DopeSheetRowSelection::rows() const
 VxNode *DopeSheetRowSelection::nodeOf(const QModelIndex &row) const
 {
     const VxDopeSheetItem *item = m_view->getItem(row);
-    while (item && !item->node())
-        item = item->parentItem();
-    return item ? item->node() : nullptr;
+    return item ? item->ownerNode() : nullptr;
 }
 
 void DopeSheetRowSelection::handleChange(const QItemSelection &selected,

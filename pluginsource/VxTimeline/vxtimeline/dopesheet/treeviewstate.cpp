@@ -11,6 +11,14 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
+namespace {
+
+// So many rows at most get the rows below them created in order to open the ancestors of matches;
+// others with matches are shown closed.
+constexpr int MaxRowsToFill = 1000;
+
+} // namespace
+
 TreeViewState::TreeViewState(VxDopeSheetView *view)
     : m_view(view)
 {
@@ -136,8 +144,11 @@ void TreeViewState::openRowsToMatches()
     const auto *filter = qobject_cast<const VxDopeSheetFilterModel *>(m_view->getFilterModel());
     if (!filter)
         return;
+    int filled = 0;
     DopeSheetWalk::visitBelow(filter, QModelIndex(), [&](const QModelIndex &row) {
         if (!filter->hasMatchBelow(row))
+            return false;
+        if (m_view->getItem(row)->hasRowsToMake() && ++filled > MaxRowsToFill)
             return false;
         if (!m_view->isExpanded(row)) {
             m_openedToMatches.push_back(DopeSheetRowName::of(m_view->getItem(row)));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 
 namespace {
 
@@ -43,6 +44,10 @@ void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
     forgetMatches();
     if (sourceModel())
         disconnect(sourceModel(), nullptr, this, nullptr);
+    if (auto *former = qobject_cast<VxDopeSheetModel *>(sourceModel()))
+        former->setNameFilter(nullptr);
+    if (auto *rows = qobject_cast<VxDopeSheetModel *>(model))
+        rows->setNameFilter(this);
     if (model) {
         const auto forget = &VxDopeSheetFilterModel::forgetMatches;
         connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, forget);
@@ -59,6 +64,14 @@ void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
 int VxDopeSheetFilterModel::columnCount(const QModelIndex &parent) const
 {
     return sourceModel() ? sourceModel()->columnCount(mapToSource(parent)) : 0;
+}
+
+// The base class would keep a table of no rows for a parent whose rows are left out because they
+// are not yet created, and would use it without the filter, too.
+int VxDopeSheetFilterModel::rowCount(const QModelIndex &parent) const
+{
+    const bool isEmpty = sourceModel() && sourceModel()->rowCount(mapToSource(parent)) == 0;
+    return isEmpty ? 0 : QSortFilterProxyModel::rowCount(parent);
 }
 
 void VxDopeSheetFilterModel::forgetMatches()
@@ -93,16 +106,29 @@ void VxDopeSheetFilterModel::refilter()
     invalidate();
 }
 
-// Children follow their parents in the list, so that a walk from its end has the results of all
-// rows below a row.
 void VxDopeSheetFilterModel::findMatches(const QRegExp &pattern)
 {
     d->matches.clear();
-    if (!isRecursiveFilteringEnabled() || pattern.isEmpty())
+    if (!sourceModel() || !isRecursiveFilteringEnabled() || pattern.isEmpty())
         return;
+    d->matches.reserve(sourceModel()->rowCount());
+    addMatchesBelow(QModelIndex(), pattern);
+}
+
+// Children follow their parents in the list, so that a walk from its end has the results of all
+// rows below a row. Rows not yet created are not created for this.
+void VxDopeSheetFilterModel::addMatchesBelow(const QModelIndex &top, const QRegExp &pattern) const
+{
+    const auto *source = qobject_cast<const VxDopeSheetModel *>(sourceModel());
     std::vector<QModelIndex> rows;
-    DopeSheetWalk::all(sourceModel(), [&rows](const QModelIndex &row) { rows.push_back(row); });
-    d->matches.reserve(int(rows.size()));
+    DopeSheetWalk::visitBelow(sourceModel(), top, [&](const QModelIndex &row) {
+        rows.push_back(row);
+        const auto toMake = source ? source->matchRowsToMake(source->getItem(row), pattern)
+                                   : VxDopeSheetModel::NoRowsToMake;
+        if (toMake == VxDopeSheetModel::SomeMatch)
+            d->matches[row.internalId()] = MatchBelow;
+        return toMake == VxDopeSheetModel::NoRowsToMake;
+    });
     for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
         quint8 &match = d->matches[row->internalId()];
         const bool isMatch = row->data(filterRole()).toString().contains(pattern);
@@ -114,9 +140,13 @@ void VxDopeSheetFilterModel::findMatches(const QRegExp &pattern)
     }
 }
 
+// Unknown rows were created since the search.
 bool VxDopeSheetFilterModel::hasMatchBelow(const QModelIndex &index) const
 {
-    const int match = d->matchOf(mapToSource(index));
+    const QModelIndex row = mapToSource(index);
+    if (!d->matches.isEmpty() && row.isValid() && d->matchOf(row) < 0)
+        addMatchesBelow(row.parent(), filterRegExp());
+    const int match = d->matchOf(row);
     return match > 0 && (match & MatchBelow);
 }
 

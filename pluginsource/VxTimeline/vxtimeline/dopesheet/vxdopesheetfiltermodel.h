@@ -18,6 +18,7 @@ public:
     ~VxDopeSheetFilterModel() override;
 
     void setSourceModel(QAbstractItemModel *model) override;
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     // That of the source model: no column is left out.
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
 
@@ -26,8 +27,8 @@ public:
     // out rows.
     void refilter(const QRegExp &pattern);
     void refilter();
-    // Whether any row below an index of this model matches the pattern; false when rows were added
-    // or removed since the last refilter().
+    // Whether any row below an index of this model matches the pattern, created yet or not; false
+    // when rows were added or removed since the last refilter().
     bool hasMatchBelow(const QModelIndex &index) const;
     // What mapFromSource() finds, also for thousands of rows that are left out.
     QModelIndex findShown(const QModelIndex &sourceRow) const;
@@ -37,6 +38,7 @@ protected:
 
 private:
     void findMatches(const QRegExp &pattern);
+    void addMatchesBelow(const QModelIndex &top, const QRegExp &pattern) const;
     void forgetMatches();
     class Private;
     std::unique_ptr<Private> d;

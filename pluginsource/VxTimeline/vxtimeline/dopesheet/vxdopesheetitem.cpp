@@ -60,10 +60,11 @@ void VxDopeSheetItem::Private::makeRows()
 
 void VxDopeSheetItem::Private::makeRowsWithKeys()
 {
-    if (!rowMaker)
+    const VxNode *owner = rowMaker ? q->ownerNode() : nullptr;
+    if (!owner)
         return;
-    const QVector<VxProperty *> properties = node->getMadeProperties();
-    if (node->getObject() ||
+    const QVector<VxProperty *> properties = owner->getMadeProperties();
+    if (owner->getObject() ||
         std::any_of(properties.cbegin(), properties.cend(),
                     [](const VxProperty *made) { return made->getNumKeys() > 0; }))
         makeRows();
@@ -109,6 +110,14 @@ QString VxDopeSheetItem::path() const
 VxNode *VxDopeSheetItem::node() const
 {
     return d->node;
+}
+
+VxNode *VxDopeSheetItem::ownerNode() const
+{
+    const VxDopeSheetItem *row = this;
+    while (row && !row->d->node)
+        row = row->d->parent;
+    return row ? row->d->node : nullptr;
 }
 
 void VxDopeSheetItem::setNode(VxNode *node)

@@ -14,12 +14,12 @@ class VxProperty;
 
 class VxDopeSheetItem;
 
-// Creates the property rows of a node's row on demand.
+// Creates the rows below a node's row or below its "Properties" row on demand.
 class DopeSheetRowMaker
 {
 public:
-    // Called once; appends the rows to the node's row, which has none yet.
-    virtual void makeRows(VxDopeSheetItem *nodeRow) = 0;
+    // Called once; appends the rows to the row, which has none yet.
+    virtual void makeRows(VxDopeSheetItem *row) = 0;
 
 protected:
     ~DopeSheetRowMaker() = default;
@@ -57,9 +57,12 @@ public:
     // Connects to the property, and to its value source.
     void setProperty(VxProperty *property);
 
-    // For a node's row without children: creates the property rows at the first access to the
-    // children, when a child is added, or at the first access to the row's keys if the node has
-    // some. Not owned; must live until then.
+    // The node of this row or of the nearest row above that has one; null without one.
+    VxNode *ownerNode() const;
+
+    // For a row without children: creates the rows below at the first access to the children, when
+    // a child is added, or at the first access to the row's keys if its node has some. Not owned;
+    // must live until then.
     void setRowMaker(DopeSheetRowMaker *maker);
     bool hasRowsToMake() const;
 

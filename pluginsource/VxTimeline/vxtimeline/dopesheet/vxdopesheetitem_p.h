@@ -36,7 +36,7 @@ public:
     VxNode *node = nullptr;
     QPointer<VxProperty> property;
     QVector<QMetaObject::Connection> connections;
-    DopeSheetRowMaker *rowMaker = nullptr; // creates the property rows on demand
+    DopeSheetRowMaker *rowMaker = nullptr; // creates the rows below on demand
 
     bool suppressesKeyChanges = false;
     bool isValid = false; // nothing has changed since the keys were gathered, here or from above

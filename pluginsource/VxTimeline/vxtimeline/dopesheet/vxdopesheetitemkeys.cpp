@@ -110,9 +110,9 @@ void VxDopeSheetItem::Private::update()
 // than the keys themselves.
 void VxDopeSheetItem::Private::findSources(Rows *sources, Rows *groups)
 {
-    makeRowsWithKeys();
     groups->append(this);
     for (int i = 0; i < groups->size(); ++i) {
+        groups->at(i)->makeRowsWithKeys();
         for (VxDopeSheetItem *item : qAsConst(groups->at(i)->children)) {
             Private *child = item->d.get();
             const bool isSkipped = child->isGroup() && !(child->isValid && child->isKept);

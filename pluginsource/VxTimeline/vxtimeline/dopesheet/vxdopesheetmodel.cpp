@@ -124,7 +124,8 @@ QModelIndex VxDopeSheetModel::parent(const QModelIndex &index) const
 
 int VxDopeSheetModel::rowCount(const QModelIndex &parent) const
 {
-    return getItem(parent)->childCount();
+    const VxDopeSheetItem *item = getItem(parent);
+    return leavesOutRowsBelow(item) ? 0 : item->childCount();
 }
 
 int VxDopeSheetModel::columnCount(const QModelIndex &parent) const
@@ -213,14 +214,80 @@ void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
     }
 }
 
+bool VxDopeSheetModel::Private::isPlain(const VxNode *node)
+{
+    return vxScene && node->getScene() == vxScene && !node->getObject() &&
+           node->getMadeProperties().isEmpty();
+}
+
 // True when the node's property rows can be created later, because they are predictable: those of
 // the listed transform controls, without a key and with their default traits.
 bool VxDopeSheetModel::canMakeRowsLater(const VxNode *node) const
 {
     constexpr int Transforms = DopeSheetPropertyTypes::Translation |
                                DopeSheetPropertyTypes::Rotation | DopeSheetPropertyTypes::Scale;
-    return (d->propertyTypes & Transforms) && vxScene && node->getScene() == vxScene &&
-           !node->getObject() && node->getMadeProperties().isEmpty();
+    return (d->propertyTypes & Transforms) && Private::isPlain(node);
+}
+
+void VxDopeSheetModel::Private::makeRows(VxDopeSheetItem *row)
+{
+    VxNode *node = row->ownerNode();
+    propertyRowsValid = false;
+    if (!row->node()) {
+        q->followRows(DopeSheetRowBuilder(node, nullptr, propertyTypes).buildBelow(row));
+        if (row->childCount() == 0)
+            q->updateRowsLater(node); // all are hidden or excluded: removes the row
+        return;
+    }
+    if (!q->canMakeRowsLater(node)) {
+        q->addPropertyRows(node, row);
+        return;
+    }
+    VxDopeSheetItem *properties = DopeSheetRowBuilder::newPropertiesRow();
+    properties->setRowMaker(this);
+    properties->setParent(row);
+}
+
+// The rows of a node outside of any scene have the names.
+void VxDopeSheetModel::Private::searchDefaultRows(const QRegExp &pattern)
+{
+    if (pattern == searchedPattern)
+        return;
+    searchedPattern = pattern;
+    VxNode node{QString()};
+    VxDopeSheetItem top;
+    DopeSheetRowBuilder(&node, nullptr, propertyTypes).buildBelow(&top);
+    isPropertiesMatch = tr("Properties").contains(pattern);
+    isDefaultRowMatch = false;
+    QVector<const VxDopeSheetItem *> open{&top};
+    while (!open.isEmpty() && !isDefaultRowMatch) {
+        const VxDopeSheetItem *item = open.takeLast();
+        for (int i = 0; i < item->childCount(); ++i) {
+            open.append(item->child(i));
+            isDefaultRowMatch = isDefaultRowMatch || item->child(i)->label().contains(pattern);
+        }
+    }
+}
+
+void VxDopeSheetModel::setNameFilter(const QSortFilterProxyModel *filter)
+{
+    d->nameFilter = filter;
+}
+
+bool VxDopeSheetModel::leavesOutRowsBelow(const VxDopeSheetItem *item) const
+{
+    return d->nameFilter && item->hasRowsToMake() &&
+           matchRowsToMake(item, d->nameFilter->filterRegExp()) == NoneMatches;
+}
+
+VxDopeSheetModel::RowsToMake VxDopeSheetModel::matchRowsToMake(const VxDopeSheetItem *item,
+                                                               const QRegExp &pattern) const
+{
+    if (!item->hasRowsToMake() || pattern.isEmpty() || !Private::isPlain(item->ownerNode()))
+        return NoRowsToMake;
+    d->searchDefaultRows(pattern);
+    const bool isMatch = d->isDefaultRowMatch || (item->node() && d->isPropertiesMatch);
+    return isMatch ? SomeMatch : NoneMatches;
 }
 
 void VxDopeSheetModel::addRow(VxNode *node)
@@ -268,6 +335,8 @@ void VxDopeSheetModel::handleLabelChanged()
 void VxDopeSheetModel::handleNodeValuesChanged(VxNode *node)
 {
     VxDopeSheetItem *item = findItem(node);
+    if (item && !item->hasRowsToMake())
+        item = propertiesRow(item);
     if (!item || !item->hasRowsToMake())
         return;
     item->invalidateKeys();
@@ -308,8 +377,8 @@ void VxDopeSheetModel::Private::updatePropertyIndex()
         VxDopeSheetItem *item = open.takeLast();
         if (item->property())
             propertyRows.insert(item->property(), item);
-        const bool isPlain = item->hasRowsToMake() && !NodeProperties::hasMade(item->node());
-        for (int i = 0; !isPlain && i < item->childCount(); ++i)
+        const bool hasNone = item->hasRowsToMake() && !NodeProperties::hasMade(item->ownerNode());
+        for (int i = 0; !hasNone && i < item->childCount(); ++i)
             open.append(item->child(i));
     }
     propertyRowsValid = true;
@@ -317,7 +386,8 @@ void VxDopeSheetModel::Private::updatePropertyIndex()
 
 bool VxDopeSheetModel::canFetchMore(const QModelIndex &parent) const
 {
-    return parent.column() <= NameColumn && getItem(parent)->hasRowsToMake();
+    const VxDopeSheetItem *item = getItem(parent);
+    return parent.column() <= NameColumn && item->hasRowsToMake() && !leavesOutRowsBelow(item);
 }
 
 void VxDopeSheetModel::fetchMore(const QModelIndex &parent)
@@ -327,8 +397,12 @@ void VxDopeSheetModel::fetchMore(const QModelIndex &parent)
 
 void VxDopeSheetModel::addPropertyRows(VxNode *node, VxDopeSheetItem *item)
 {
-    const auto rows = DopeSheetRowBuilder(node, item, d->propertyTypes).build();
-    for (const VxDopeSheetItem *row : rows) {
+    followRows(DopeSheetRowBuilder(node, item, d->propertyTypes).build());
+}
+
+void VxDopeSheetModel::followRows(const QVector<VxDopeSheetItem *> &propertyRows)
+{
+    for (const VxDopeSheetItem *row : propertyRows) {
         connect(row, &VxDopeSheetItem::keysChanged, this, &VxDopeSheetModel::keysChanged);
         const VxProperty *property = row->property();
         connect(property, &VxProperty::traitsChanged, this, &VxDopeSheetModel::keysChanged,

@@ -7,6 +7,7 @@
 #include <memory>
 
 class VxDopeSheetItem;
+class QSortFilterProxyModel;
 class VxNode;
 class VxObject;
 class VxProperty;
@@ -15,7 +16,8 @@ class VxProperty;
 //
 // The model follows the scene for the nodes that the pane adds: it creates a node's rows, moves
 // them when the node gets another parent, and removes them. The property rows of a node that has
-// nothing but its default controls are created on demand. The listed property types are fixed at
+// nothing but its default controls are created on demand; a text filter matches their names
+// without creating them. The listed property types are fixed at
 // construction: other types need another model.
 //
 // Thousands of rows may report changes of keys, so every report becomes the same dataChanged() over
@@ -51,6 +53,17 @@ public:
     // The nodes of the rows at the top level, in their order.
     QVector<VxNode *> getTopLevelNodes() const;
 
+    // While this filter has a pattern, rows not yet created are left out if it matches none of
+    // their names. Not owned; null for no filter.
+    void setNameFilter(const QSortFilterProxyModel *filter);
+    // What a pattern matches among the names of the rows below a row that are not yet created.
+    enum RowsToMake {
+        NoRowsToMake, // all rows are created, or their names are not predictable
+        SomeMatch,
+        NoneMatches
+    };
+    RowsToMake matchRowsToMake(const VxDopeSheetItem *item, const QRegExp &pattern) const;
+
     // Calls change(), which may add and move rows but remove none, as one reset of the model: a
     // filter model takes time for each added row in proportion to its existing rows.
     void resetDuring(const std::function<void()> &change);
@@ -68,13 +81,15 @@ public:
     QModelIndex index(int row, int column,
                       const QModelIndex &parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex &index) const override;
-    // The same for all columns of a row.
+    // The same for all columns of a row. Creates the rows below that are not yet created, unless
+    // the name filter leaves them out.
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     // Only in the first column: a view that followed the other column as well would list rows
     // twice.
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
-    // True for a node whose property rows are not yet created; rowCount() creates them, too.
+    // True for a row below which the rows are not yet created, unless the name filter leaves them
+    // out; rowCount() creates them, too.
     bool canFetchMore(const QModelIndex &parent) const override;
     void fetchMore(const QModelIndex &parent) override;
     // Display and decoration for column 0; the VxDopeSheetItem * under Qt::UserRole for both.
@@ -119,6 +134,8 @@ private:
     // For a node that is destroyed without having been removed: only its address is used.
     void forgetNode(QObject *node);
     bool canMakeRowsLater(const VxNode *node) const;
+    bool leavesOutRowsBelow(const VxDopeSheetItem *item) const;
+    void followRows(const QVector<VxDopeSheetItem *> &propertyRows);
     void addRow(VxNode *node);
     // With all below it; destroyedNode: the row's node when it is being destroyed, else null.
     void removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode);
@@ -128,8 +145,12 @@ private:
     void moveRow(VxDopeSheetItem *item, int destination);
     void removeRow(VxDopeSheetItem *item);
     void insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item);
+    void updateRowsLater(VxNode *node);
     void updatePendingRows();
     void updatePropertyRows(VxNode *node, VxDopeSheetItem *item);
+    // The parent of a node's property rows; null for a node without any.
+    static VxDopeSheetItem *propertiesRow(const VxDopeSheetItem *nodeRow);
+    static bool hasPropertyRowsToMake(const VxDopeSheetItem *nodeRow);
     void mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *wanted);
     class Private;
     std::unique_ptr<Private> d;

@@ -4,6 +4,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QMap>
 #include <QtCore/QPointer>
+#include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QVector>
 #include <vxcore/vxnode.h>
 
@@ -40,15 +41,21 @@ public:
     int changes = 0;
     qint64 changedAmong = 0;
     bool isChangingMany = false;
+    QRegExp searchedPattern; // the last one
+    bool isPropertiesMatch = false;
+    bool isDefaultRowMatch = false; // of a row below "Properties"
+    QPointer<const QSortFilterProxyModel> nameFilter;
     QVector<bool> openResets; // for each change that has begun, whether it is a reset
     // Nodes whose property rows are updated in the next event loop iteration.
     QVector<QPointer<VxNode>> nodesToUpdate;
 
-    void makeRows(VxDopeSheetItem *nodeRow) override
-    {
-        q->addPropertyRows(nodeRow->node(), nodeRow);
-        propertyRowsValid = false;
-    }
+    // Below a node's row, "Properties", and the others below that.
+    void makeRows(VxDopeSheetItem *row) override;
+    // Without a property or an object of its own the node has the default controls alone, so that
+    // the names of its property rows are predictable.
+    static bool isPlain(const VxNode *node);
+    // Whether the pattern matches the name of such a row.
+    void searchDefaultRows(const QRegExp &pattern);
     // Announce that one row is added below another, or removed, and that this is done.
     void beginInsert(const VxDopeSheetItem *above, int row);
     void endInsert();

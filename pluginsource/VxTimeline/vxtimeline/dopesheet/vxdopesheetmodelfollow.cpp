@@ -27,13 +27,6 @@ bool hasProperties(const VxObject *object)
     return object && !object->getPropertyGroups()->collectAllProperties().isEmpty();
 }
 
-// The parent of the property rows; null for a node without any.
-VxDopeSheetItem *propertiesRow(const VxDopeSheetItem *nodeRow)
-{
-    VxDopeSheetItem *first = nodeRow->child(0);
-    return first && !first->node() ? first : nullptr;
-}
-
 // The identity of a row among its siblings.
 using RowKey = QPair<const VxProperty *, QString>;
 
@@ -60,6 +53,20 @@ void collectStrayRows(VxDopeSheetItem *item, const VxNode *node, QVector<VxDopeS
 }
 
 } // namespace
+
+VxDopeSheetItem *VxDopeSheetModel::propertiesRow(const VxDopeSheetItem *nodeRow)
+{
+    VxDopeSheetItem *first = nodeRow->child(0);
+    return first && !first->node() ? first : nullptr;
+}
+
+bool VxDopeSheetModel::hasPropertyRowsToMake(const VxDopeSheetItem *nodeRow)
+{
+    if (nodeRow->hasRowsToMake())
+        return true;
+    const VxDopeSheetItem *properties = propertiesRow(nodeRow);
+    return properties && properties->hasRowsToMake();
+}
 
 // Only the nearest sibling before it counts: the user may have reordered root rows, and some nodes
 // have no row.
@@ -99,7 +106,8 @@ void VxDopeSheetModel::moveRow(VxDopeSheetItem *item, int destination)
 void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject)
 {
     VxDopeSheetItem *item = findItem(node);
-    if (!item || item->hasRowsToMake() || !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
+    if (!item || hasPropertyRowsToMake(item) ||
+        !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
         (!hasProperties(oldObject) && !hasProperties(newObject)))
         return;
     updatePropertyRows(node, item);
@@ -109,7 +117,7 @@ void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject
 void VxDopeSheetModel::propertiesChanged(VxNode *node)
 {
     VxDopeSheetItem *item = findItem(node);
-    if (!item || item->hasRowsToMake())
+    if (!item || hasPropertyRowsToMake(item))
         return;
     // No row may show a removed property: the history may keep it alive.
     QVector<VxDopeSheetItem *> stray;
@@ -117,6 +125,11 @@ void VxDopeSheetModel::propertiesChanged(VxNode *node)
         collectStrayRows(properties, node, &stray);
     for (VxDopeSheetItem *row : qAsConst(stray))
         removeRow(row);
+    updateRowsLater(node);
+}
+
+void VxDopeSheetModel::updateRowsLater(VxNode *node)
+{
     if (d->nodesToUpdate.isEmpty())
         QTimer::singleShot(0, this, &VxDopeSheetModel::updatePendingRows);
     if (d->nodesToUpdate.isEmpty() || d->nodesToUpdate.last() != node)
