@@ -4,8 +4,8 @@
 #include "create/nodecopy.h"
 #include "create/standardfigure.h"
 #include "scenetree/sceneedits.h"
+#include "widgets/studiotext.h"
 
-#include <QCoreApplication>
 #include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxscene.h>
@@ -14,14 +14,9 @@
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CreateEdits", text);
-}
-
 QString depthMessage()
 {
-    return tr("Nodes cannot be nested deeper than %1 levels.").arg(VxNode::MaxDepth);
+    return StudioText::tr("Nodes cannot be nested deeper than %1 levels.").arg(VxNode::MaxDepth);
 }
 
 void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
@@ -38,9 +33,9 @@ CreateResult enter(VxScene *scene, std::unique_ptr<VxNode> node, VxNode *parent)
     VxNode *made = node.get();
     VxUndoStackHold hold;
     if (!scene->addNode(made, parent))
-        return {{}, tr("The node could not be added.")};
+        return {{}, StudioText::tr("The node could not be added.")};
     node.release();
-    hold.accept(tr("Create \"%1\"").arg(made->getLabel()));
+    hold.accept(StudioText::tr("Create \"%1\"").arg(made->getLabel()));
     selectOnly(scene, {made});
     return {{made}, {}};
 }
@@ -87,7 +82,7 @@ CreateResult CreateEdits::addSkeleton(VxScene *scene)
 CreateResult CreateEdits::addBone(VxScene *scene, VxNode *parent)
 {
     if (!parent)
-        return {{}, tr("Select the bone or skeleton that the new bone is a child of.")};
+        return {{}, StudioText::tr("Select the bone or skeleton that the new bone is a child of.")};
     NameNumbers names(scene);
     auto bone = std::make_unique<VxBone>(names.unique(QStringLiteral("Bone")));
     const VxNode *above = qobject_cast<VxBone *>(parent);
@@ -107,7 +102,7 @@ CreateResult CreateEdits::duplicate(VxScene *scene, const QVector<VxNode *> &nod
 {
     const QVector<VxNode *> tops = SceneEdits::topmost(scene, nodes);
     if (tops.isEmpty())
-        return {{}, tr("Select the nodes to duplicate.")};
+        return {{}, StudioText::tr("Select the nodes to duplicate.")};
     QVector<VxNode *> sources;
     for (VxNode *top : tops) {
         sources.append(top);
@@ -121,8 +116,8 @@ CreateResult CreateEdits::duplicate(VxScene *scene, const QVector<VxNode *> &nod
         if (scene->addNode(made, copy.sourceOf(made)->getNodeParent()))
             result.nodes.append(top.release());
     }
-    hold.accept(tops.size() == 1 ? tr("Duplicate \"%1\"").arg(tops.first()->getLabel())
-                                 : tr("Duplicate %1 Nodes").arg(tops.size()));
+    hold.accept(tops.size() == 1 ? StudioText::tr("Duplicate \"%1\"").arg(tops.first()->getLabel())
+                                 : StudioText::tr("Duplicate %1 Nodes").arg(tops.size()));
     selectOnly(scene, result.nodes);
     return result;
 }
@@ -131,7 +126,7 @@ CreateResult CreateEdits::group(VxScene *scene, const QVector<VxNode *> &nodes)
 {
     const QVector<VxNode *> tops = SceneEdits::topmost(scene, nodes);
     if (tops.isEmpty())
-        return {{}, tr("Select the nodes to group.")};
+        return {{}, StudioText::tr("Select the nodes to group.")};
     VxNode *parent = commonParent(tops);
     // The group is a level more; a subtree that does not fit would be left outside.
     NameNumbers names(scene);
@@ -146,13 +141,14 @@ CreateResult CreateEdits::group(VxScene *scene, const QVector<VxNode *> &nodes)
         hold.rollBack();
         return {{}, depthMessage()};
     }
-    hold.accept(tops.size() == 1 ? tr("Group \"%1\"").arg(tops.first()->getLabel())
-                                 : tr("Group %1 Nodes").arg(tops.size()));
+    hold.accept(tops.size() == 1 ? StudioText::tr("Group \"%1\"").arg(tops.first()->getLabel())
+                                 : StudioText::tr("Group %1 Nodes").arg(tops.size()));
     selectOnly(scene, {group});
-    const QString message =
-        displaced.isEmpty() ? QString()
-        : displaced.size() == 1
-            ? tr("\"%1\" could not keep its world position.").arg(displaced.first()->getLabel())
-            : tr("%1 nodes could not keep their world positions.").arg(displaced.size());
+    const QString message = displaced.isEmpty() ? QString()
+                            : displaced.size() == 1
+                                ? StudioText::tr("\"%1\" could not keep its world position.")
+                                      .arg(displaced.first()->getLabel())
+                                : StudioText::tr("%1 nodes could not keep their world positions.")
+                                      .arg(displaced.size());
     return {{group}, message};
 }

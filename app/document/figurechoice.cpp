@@ -1,6 +1,7 @@
 #include "document/figurechoice.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <QSet>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
@@ -33,8 +34,7 @@ QStringList FigureChoice::names(const QVector<VxSkeleton *> &figures)
     for (const VxSkeleton *figure : figures) {
         QString name = figure->getLabel();
         for (int number = 2; used.contains(name); ++number)
-            name = QCoreApplication::translate("FigureChoice", "%1 (%2)")
-                       .arg(figure->getLabel(), QString::number(number));
+            name = StudioText::tr("%1 (%2)").arg(figure->getLabel(), QString::number(number));
         used.insert(name);
         names.append(name);
     }

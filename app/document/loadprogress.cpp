@@ -1,8 +1,8 @@
 #include "document/loadprogress.h"
 
+#include "widgets/studiotext.h"
 #include "widgets/usermessages.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressDialog>
 #include <vxcore/vxmainwindow.h>
@@ -24,9 +24,8 @@ LoadProgress::LoadProgress(const UserMessages &messages, const QString &label)
 {
     if (messages.isConsole())
         return;
-    d->dialog = std::make_unique<QProgressDialog>(
-        QString(), QCoreApplication::translate("LoadProgress", "Cancel"), 0, 100,
-        messages.window());
+    d->dialog = std::make_unique<QProgressDialog>(QString(), StudioText::tr("Cancel"), 0, 100,
+                                                  messages.window());
     auto *text = new QLabel(label);
     text->setTextFormat(Qt::PlainText); // a file's name is no markup
     text->setAlignment(Qt::AlignCenter);

@@ -1,6 +1,7 @@
 #include "document/scenesummary.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
@@ -41,9 +42,8 @@ QString sceneSummary(const VxScene &scene)
 {
     const SceneCounts counts = SceneCounts::of(scene);
     const VxTime step = scene.getTimeStep();
-    return QCoreApplication::translate("SceneSummary",
-                                       "%1 nodes, %2 keyed properties, %3 keys, frames %4 to %5 at "
-                                       "%6 frames per second")
+    return StudioText::tr("%1 nodes, %2 keyed properties, %3 keys, frames %4 to %5 at "
+                          "%6 frames per second")
         .arg(counts.nodes)
         .arg(counts.keyedProperties)
         .arg(counts.keys)

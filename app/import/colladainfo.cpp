@@ -1,16 +1,12 @@
 #include "import/colladainfo.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 #include <cmath>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ColladaInfo", text);
-}
 
 /// One pass over a document.
 class Scanner
@@ -93,16 +89,17 @@ bool Scanner::scan(VxFileError *error)
         const QXmlStreamReader::TokenType token = m_xml.readNext();
         if (token == QXmlStreamReader::StartElement) {
             if (++m_depth > MaxDepth)
-                return fail(tr("More than %1 elements are inside each other.").arg(MaxDepth),
-                            error);
+                return fail(
+                    VxFileText::tr("More than %1 elements are inside each other.").arg(MaxDepth),
+                    error);
             startElement();
         } else if (token == QXmlStreamReader::EndElement) {
             --m_depth;
         }
     }
     if (m_xml.hasError())
-        return fail(tr("The document is broken: %1.").arg(m_xml.errorString()), error);
-    return m_isCollada || fail(tr("This is not a COLLADA document."), error);
+        return fail(VxFileText::tr("The document is broken: %1.").arg(m_xml.errorString()), error);
+    return m_isCollada || fail(VxFileText::tr("This is not a COLLADA document."), error);
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 #include "import/colladareader.h"
 
 #include "import/colladainfo.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <assimp/Importer.hpp>
 #include <assimp/config.h>
@@ -12,18 +13,6 @@
 #include <vxcore/vxeuler.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ColladaReader", text);
-}
-
-bool fail(VxFileError *error, const QString &message)
-{
-    *error = VxFileError();
-    error->message = message;
-    return false;
-}
 
 QString text(const aiString &string)
 {
@@ -153,11 +142,11 @@ bool Converter::addNodes(VxFileError *error)
         pending.pop_back();
         if (next.depth > VxMotionLimits::MaxDepth ||
             m_motion.nodes.size() >= VxMotionLimits::MaxNodes)
-            return fail(error, tr("There are too many nodes or levels of nodes."));
+            return vxFail(error, VxFileText::tr("There are too many nodes or levels of nodes."));
         addNode(*next.node, next.parent, next.node->mTransformation);
         addChildren(*next.node, int(m_motion.nodes.size()) - 1, next.depth + 1);
     }
-    return !m_motion.nodes.empty() || fail(error, tr("The file has no nodes."));
+    return !m_motion.nodes.empty() || vxFail(error, VxFileText::tr("The file has no nodes."));
 }
 
 /** The three axes of a position or scale; constant ones get no keys. */
@@ -213,7 +202,8 @@ void Converter::addChannel(const aiNodeAnim &channel, double ticksPerSecond, VxM
 {
     const int node = m_nodeOf.value(text(channel.mNodeName), -1);
     if (node < 0) {
-        m_motion.facts.addOmission(tr("channel"), tr("Its node is not in the scene."),
+        m_motion.facts.addOmission(VxFileText::tr("channel"),
+                                   VxFileText::tr("Its node is not in the scene."),
                                    text(channel.mNodeName));
         return;
     }
@@ -230,17 +220,19 @@ bool Converter::addClip(const aiAnimation &animation, VxFileError *error)
     VxMotionClip clip;
     clip.name = text(animation.mName);
     if (clip.name.isEmpty())
-        clip.name = tr("Animation %1").arg(m_motion.clips.size() + 1);
+        clip.name = VxFileText::tr("Animation %1").arg(m_motion.clips.size() + 1);
     std::set<std::string> seen;
     for (unsigned i = 0; i < animation.mNumChannels; ++i) {
         const aiNodeAnim &channel = *animation.mChannels[i];
         if (seen.insert(channel.mNodeName.C_Str()).second)
             addChannel(channel, ticksPerSecond, &clip);
         else
-            m_motion.facts.addOmission(tr("channel"), tr("Another one drives the same node."),
+            m_motion.facts.addOmission(VxFileText::tr("channel"),
+                                       VxFileText::tr("Another one drives the same node."),
                                        text(channel.mNodeName));
         if (m_numKeys > VxMotionLimits::MaxKeys)
-            return fail(error, tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys));
+            return vxFail(
+                error, VxFileText::tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys));
     }
     if (!clip.channels.empty())
         m_motion.clips.push_back(std::move(clip));
@@ -250,23 +242,26 @@ bool Converter::addClip(const aiAnimation &animation, VxFileError *error)
 void Converter::addFacts()
 {
     VxMotionFacts &facts = m_motion.facts;
-    facts.format = m_info.version.isEmpty() ? tr("COLLADA") : tr("COLLADA %1").arg(m_info.version);
+    facts.format = m_info.version.isEmpty() ? VxFileText::tr("COLLADA")
+                                            : VxFileText::tr("COLLADA %1").arg(m_info.version);
     facts.writer = m_info.writer;
     facts.upAxis = m_info.upAxis;
     facts.metresPerUnit = m_info.metresPerUnit;
     if (m_info.hasTangents)
-        facts.notes.append(tr("Some segments are smooth in the file; their keys are joined by "
-                              "straight ones."));
+        facts.notes.append(
+            VxFileText::tr("Some segments are smooth in the file; their keys are joined by "
+                           "straight ones."));
     if (m_sheared > 0)
         facts.notes.append(
-            tr("The rest transforms of %1 nodes have a shear, which is left out.").arg(m_sheared));
-    const QString why = tr("Only nodes and their motion are imported.");
+            VxFileText::tr("The rest transforms of %1 nodes have a shear, which is left out.")
+                .arg(m_sheared));
+    const QString why = VxFileText::tr("Only nodes and their motion are imported.");
     for (int i = 0; i < m_info.meshes; ++i)
-        facts.addOmission(tr("mesh"), why, QString());
+        facts.addOmission(VxFileText::tr("mesh"), why, QString());
     for (int i = 0; i < m_info.cameras; ++i)
-        facts.addOmission(tr("camera"), why, QString());
+        facts.addOmission(VxFileText::tr("camera"), why, QString());
     for (int i = 0; i < m_info.lights; ++i)
-        facts.addOmission(tr("light"), why, QString());
+        facts.addOmission(VxFileText::tr("light"), why, QString());
 }
 
 bool Converter::convert(VxImportedMotion *motion, VxFileError *error)
@@ -297,7 +292,7 @@ bool readCollada(const QByteArray &bytes, VxImportedMotion *motion, VxFileError 
     const aiScene *scene =
         importer.ReadFileFromMemory(plain.constData(), std::size_t(plain.size()), 0, "dae");
     if (!scene || !scene->mRootNode)
-        return fail(error, tr("The document cannot be read: %1")
-                               .arg(QString::fromUtf8(importer.GetErrorString()).simplified()));
+        return vxFail(error, VxFileText::tr("The document cannot be read: %1")
+                                 .arg(QString::fromUtf8(importer.GetErrorString()).simplified()));
     return Converter(*scene, info).convert(motion, error);
 }

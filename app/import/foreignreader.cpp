@@ -4,24 +4,13 @@
 #include "io/csv/vxcsvreader.h"
 #include "io/fbx/vxfbxreader.h"
 #include "io/gltf/vxgltfreader.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ForeignReader", text);
-}
-
-bool fail(VxFileError *error, const QString &message)
-{
-    *error = VxFileError();
-    error->message = message;
-    return false;
-}
 
 bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
 {
@@ -29,16 +18,16 @@ bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
     constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile())
-        return fail(error, tr("This is not a regular file."));
+        return vxFail(error, VxFileText::tr("This is not a regular file."));
     if (info.size() > MaxBytes)
-        return fail(error, tr("The file is larger than 1 GB."));
+        return vxFail(error, VxFileText::tr("The file is larger than 1 GB."));
     QFile file(fileName);
     if (file.open(QIODevice::ReadOnly)) {
         *bytes = file.readAll();
         if (file.error() == QFileDevice::NoError)
             return true;
     }
-    return fail(error, tr("The file cannot be read: %1.").arg(file.errorString()));
+    return vxFail(error, VxFileText::tr("The file cannot be read: %1.").arg(file.errorString()));
 }
 
 } // namespace
@@ -60,7 +49,7 @@ bool readForeignMotion(const QString &fileName, const VxFileProgress &progress,
         else if (suffix == QLatin1String("dae"))
             done = readCollada(bytes, motion, error);
         else
-            done = fail(error, tr("Unsupported file type."));
+            done = vxFail(error, VxFileText::tr("Unsupported file type."));
     }
     error->file = fileName;
     return done;

@@ -1,3 +1,4 @@
+#include "io/vxfiletext.h"
 // vxstudio-import: reads one motion file and sends it to the program that started it.
 //
 //     vxstudio-import FILE REQUEST
@@ -99,8 +100,8 @@ int main(int argc, char **argv)
         return import(fileName, request);
     } catch (const std::bad_alloc &) {
         VxFileError error;
-        error.message = QCoreApplication::translate(
-            "VxImportWorker", "The file needs more memory than is reasonable for its size.");
+        error.message =
+            VxFileText::tr("The file needs more memory than is reasonable for its size.");
         return sendError(error);
     }
 }

@@ -1,21 +1,11 @@
 #include "io/vxbvhdocument.h"
 
-#include <QCoreApplication>
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
+
 #include <cmath>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxBvhDocument", text);
-}
-
-bool fail(QString *message, const QString &text)
-{
-    if (message)
-        *message = text;
-    return false;
-}
 
 bool isBlank(QChar c)
 {
@@ -56,14 +46,16 @@ bool hasDuplicates(const std::vector<VxBvhChannel> &channels)
 bool isJointValid(const VxBvhJoint &joint, QString *message)
 {
     if (!isNameValid(joint.name))
-        return fail(message, tr("A joint cannot be named \"%1\".").arg(joint.name));
+        return vxFail(message, VxFileText::tr("A joint cannot be named \"%1\".").arg(joint.name));
     if (hasDuplicates(joint.channels))
-        return fail(message, tr("Joint \"%1\" has a duplicate channel.").arg(joint.name));
+        return vxFail(message,
+                      VxFileText::tr("Joint \"%1\" has a duplicate channel.").arg(joint.name));
     bool finite = isFinite(joint.offset);
     for (const VxBvhOffset &end : joint.endSites)
         finite = finite && isFinite(end);
     return finite ||
-           fail(message, tr("Joint \"%1\" has an offset that is not finite.").arg(joint.name));
+           vxFail(message,
+                  VxFileText::tr("Joint \"%1\" has an offset that is not finite.").arg(joint.name));
 }
 
 } // namespace
@@ -97,7 +89,7 @@ bool VxBvhDocument::isValid(QString *message) const
 bool VxBvhDocument::areJointsValid(QString *message) const
 {
     if (joints.empty())
-        return fail(message, tr("The skeleton has no joints."));
+        return vxFail(message, VxFileText::tr("The skeleton has no joints."));
     // The chain from the last joint up to its root: the only legal parents in pre-order.
     std::vector<int> chain;
     for (std::size_t i = 0; i < joints.size(); ++i) {
@@ -105,12 +97,14 @@ bool VxBvhDocument::areJointsValid(QString *message) const
         while (!chain.empty() && chain.back() != joint.parent)
             chain.pop_back();
         if (chain.empty() && joint.parent != -1)
-            return fail(
+            return vxFail(
                 message,
-                tr("Joint \"%1\" is not below its parent in the list of joints.").arg(joint.name));
+                VxFileText::tr("Joint \"%1\" is not below its parent in the list of joints.")
+                    .arg(joint.name));
         chain.push_back(static_cast<int>(i));
         if (chain.size() > VxBvhMaxDepth)
-            return fail(message, tr("Joint \"%1\" is nested too deeply.").arg(joint.name));
+            return vxFail(message,
+                          VxFileText::tr("Joint \"%1\" is nested too deeply.").arg(joint.name));
         if (!isJointValid(joint, message))
             return false;
     }
@@ -120,16 +114,17 @@ bool VxBvhDocument::areJointsValid(QString *message) const
 bool VxBvhDocument::areValuesValid(QString *message) const
 {
     if (!(frameTime > 0.0) || !std::isfinite(frameTime))
-        return fail(message, tr("The frame time must be greater than 0."));
+        return vxFail(message, VxFileText::tr("The frame time must be greater than 0."));
     if (frameCount < 0 || (frameCount > 0 && channelCount() == 0))
-        return fail(message, tr("The motion has frames but no channels."));
+        return vxFail(message, VxFileText::tr("The motion has frames but no channels."));
     const auto expected =
         static_cast<std::size_t>(channelCount()) * static_cast<std::size_t>(frameCount);
     if (values.size() != expected)
-        return fail(message, tr("The number of values does not equal channels times frames."));
+        return vxFail(message,
+                      VxFileText::tr("The number of values does not equal channels times frames."));
     for (const float value : values) {
         if (!std::isfinite(value))
-            return fail(message, tr("A value is not finite."));
+            return vxFail(message, VxFileText::tr("A value is not finite."));
     }
     return true;
 }

@@ -3,8 +3,10 @@
 #include "io/motion/vxframetimes.h"
 #include "io/vxbvhsampler.h"
 #include "io/vxbvhwriter.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
+#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxskeleton.h>
 
@@ -14,19 +16,6 @@ namespace {
 constexpr qint64 MaxValues = 100 * 1000 * 1000;
 // The share of sampling in the progress; the rest is for writing.
 constexpr int SamplePercent = 40;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxBvhExport", text);
-}
-
-bool fail(VxFileError *error, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
 
 } // namespace
 
@@ -50,12 +39,15 @@ bool VxBvhExport::Private::checkSize(VxFileError *error) const
 {
     const int bones = skeleton->getAllBones().size();
     if (bones == 0)
-        return fail(error, tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
+        return vxFail(error,
+                      VxFileText::tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
     // Six channels a bone at most.
     if (frames().count() * bones * 6 > MaxValues)
         return fail(
-            error, tr("The motion is too long: %1 frames of %2 bones. Shorten the animation range.")
-                       .arg(QString::number(frames().count()), QString::number(bones)));
+            error,
+            VxFileText::tr(
+                "The motion is too long: %1 frames of %2 bones. Shorten the animation range.")
+                .arg(QString::number(frames().count()), QString::number(bones)));
     return true;
 }
 
@@ -70,14 +62,14 @@ QVector<VxTime> VxBvhExport::Private::times() const
 
 void VxBvhExport::Private::summarise(const VxBvhDocument &document, int workedOut)
 {
-    summary = tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
+    summary = VxFileText::tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
                   .arg(skeleton->getLabel(), QString::number(document.frameCount),
                        QString::number(VxTicksPerSecond / frames().ticksPerFrame(), 'g', 6));
     if (workedOut > 0)
-        summary +=
-            QLatin1Char(' ') + tr("Scales and other values that the format does not support were "
+        summary += QLatin1Char(' ') +
+                   VxFileText::tr("Scales and other values that the format does not support were "
                                   "converted to positions and rotations for %1 bone(s).")
-                                   .arg(workedOut);
+                       .arg(workedOut);
 }
 
 VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)
@@ -110,7 +102,7 @@ bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
     sampled.frameCount = int(d->frames().count());
     sampled.frameTime = d->frames().ticksPerFrame() / VxTicksPerSecond;
     if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
-        return fail(error, tr("The export was cancelled."), true);
+        return vxCancel(error, VxFileText::tr("The export was cancelled."));
     d->summarise(sampled, sampler.numWorkedOut());
     *document = std::move(sampled);
     return true;

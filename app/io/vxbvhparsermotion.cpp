@@ -1,17 +1,12 @@
+#include "io/vxfiletext.h"
 // The motion block of a BVH file: its counts, and the values.
 
 #include "io/vxbvhparser.h"
 
-#include <QCoreApplication>
 #include <charconv>
 #include <limits>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxBvhReader", text);
-}
 
 // Rows transposed to columns at a time: enough to write whole cache lines.
 constexpr int FramesPerBlock = 16;
@@ -40,16 +35,16 @@ bool VxBvhParser::parseFrameCount()
 {
     const Word word = m_tokens.next();
     if (word.isEmpty())
-        return failAtEnd(tr("\"Frames:\" is missing: the file ends here."));
+        return failAtEnd(VxFileText::tr("\"Frames:\" is missing: the file ends here."));
     if (!word.is("frames"))
-        return fail(word.line, tr("\"Frames:\" expected, found %1.").arg(found(word)));
+        return fail(word.line, VxFileText::tr("\"Frames:\" expected, found %1.").arg(found(word)));
     if (m_tokens.peek().is(":"))
         m_tokens.next();
     qint64 count = 0;
-    if (!parseCount(tr("The number of frames"), &count, &m_framesLine))
+    if (!parseCount(VxFileText::tr("The number of frames"), &count, &m_framesLine))
         return false;
     if (count > std::numeric_limits<int>::max())
-        return fail(m_framesLine, tr("Too many frames: %1.").arg(count));
+        return fail(m_framesLine, VxFileText::tr("Too many frames: %1.").arg(count));
     m_document.frameCount = static_cast<int>(count);
     return true;
 }
@@ -59,18 +54,20 @@ bool VxBvhParser::parseFrameTime()
     const Word word = m_tokens.next();
     const Word second = m_tokens.next();
     if (word.isEmpty())
-        return failAtEnd(tr("\"Frame Time:\" is missing: the file ends here."));
+        return failAtEnd(VxFileText::tr("\"Frame Time:\" is missing: the file ends here."));
     if (!word.is("frame") || !second.is("time"))
-        return fail(word.line, tr("\"Frame Time:\" expected, found %1.").arg(found(word)));
+        return fail(word.line,
+                    VxFileText::tr("\"Frame Time:\" expected, found %1.").arg(found(word)));
     if (m_tokens.peek().is(":"))
         m_tokens.next();
     const Word shown = m_tokens.peek();
     const VxBvhTokenizer::NumberResult result = m_tokens.readDouble(&m_document.frameTime);
     if (result != VxBvhTokenizer::NumberResult::Ok)
-        return failNumber(result, tr("The frame time"));
+        return failNumber(result, VxFileText::tr("The frame time"));
     if (!(m_document.frameTime > 0.0))
-        return fail(shown.line,
-                    tr("The frame time must be greater than 0, not %1.").arg(shown.shown()));
+        return fail(
+            shown.line,
+            VxFileText::tr("The frame time must be greater than 0, not %1.").arg(shown.shown()));
     return true;
 }
 
@@ -80,16 +77,18 @@ bool VxBvhParser::parseCount(const QString &what, qint64 *count, qint64 *line)
     const Word word = m_tokens.next();
     *line = word.line;
     if (word.isEmpty())
-        return failAtEnd(tr("%1 is missing: the file ends here.").arg(what));
+        return failAtEnd(VxFileText::tr("%1 is missing: the file ends here.").arg(what));
     const char *end = word.data + word.size;
     const char *from = *word.data == '+' && word.size > 1 ? word.data + 1 : word.data;
     const std::from_chars_result result = std::from_chars(from, end, *count);
     if (result.ptr != end || result.ec == std::errc::invalid_argument)
-        return fail(word.line, tr("%1 must be a whole number, not %2.").arg(what, found(word)));
+        return fail(word.line,
+                    VxFileText::tr("%1 must be a whole number, not %2.").arg(what, found(word)));
     if (*word.data == '-' && word.size > 1 && (result.ec != std::errc() || *count < 0))
-        return fail(word.line, tr("%1 cannot be negative: %2.").arg(what, word.shown()));
+        return fail(word.line,
+                    VxFileText::tr("%1 cannot be negative: %2.").arg(what, word.shown()));
     if (result.ec != std::errc())
-        return fail(word.line, tr("%1 is too large: %2.").arg(what, word.shown()));
+        return fail(word.line, VxFileText::tr("%1 is too large: %2.").arg(what, word.shown()));
     return true;
 }
 
@@ -99,16 +98,18 @@ bool VxBvhParser::checkRoom()
 {
     const qint64 frames = m_document.frameCount;
     if (frames > 0 && m_channelCount == 0)
-        return fail(m_framesLine,
-                    tr("%1 frames are declared, but no joint has a channel.").arg(frames));
+        return fail(
+            m_framesLine,
+            VxFileText::tr("%1 frames are declared, but no joint has a channel.").arg(frames));
     const qint64 room = (m_tokens.remaining() + 1) / 2;
     if (frames * m_channelCount <= room)
         return true;
-    return fail(m_framesLine, tr("%1 frames of %2 values are declared, but the rest of the file "
-                                 "can hold at most %3 values.")
-                                  .arg(frames)
-                                  .arg(m_channelCount)
-                                  .arg(room));
+    return fail(m_framesLine,
+                VxFileText::tr("%1 frames of %2 values are declared, but the rest of the file "
+                               "can hold at most %3 values.")
+                    .arg(frames)
+                    .arg(m_channelCount)
+                    .arg(room));
 }
 
 bool VxBvhParser::parseMotion()
@@ -159,7 +160,8 @@ bool VxBvhParser::parseFrame(int frame, float *row)
         if (result == VxBvhTokenizer::NumberResult::EndOfFile)
             return failTooFew(frame, channel);
         if (result != VxBvhTokenizer::NumberResult::Ok)
-            return failNumber(result, tr("Value %1 of frame %2").arg(channel + 1).arg(frame + 1));
+            return failNumber(
+                result, VxFileText::tr("Value %1 of frame %2").arg(channel + 1).arg(frame + 1));
         noteRow(channel == 0, frame, m_tokens.line());
     }
     return true;
@@ -178,29 +180,33 @@ void VxBvhParser::noteRow(bool startsFrame, int frame, qint64 line)
 bool VxBvhParser::failTooFew(int frame, int channel)
 {
     if (m_irregularLine > 0)
-        return fail(m_irregularLine, tr("This row does not have the %1 values of one frame, and "
-                                        "values are missing at the end of the file.")
-                                         .arg(m_channelCount));
+        return fail(m_irregularLine,
+                    VxFileText::tr("This row does not have the %1 values of one frame, and "
+                                   "values are missing at the end of the file.")
+                        .arg(m_channelCount));
     if (channel == 0)
-        return failAtEnd(tr("%1 frames are declared, but the file ends after %2.")
+        return failAtEnd(VxFileText::tr("%1 frames are declared, but the file ends after %2.")
                              .arg(m_document.frameCount)
                              .arg(frame));
-    return failAtEnd(tr("The file ends within frame %1 of %2, after %3 of its %4 values.")
-                         .arg(frame + 1)
-                         .arg(m_document.frameCount)
-                         .arg(channel)
-                         .arg(m_channelCount));
+    return failAtEnd(
+        VxFileText::tr("The file ends within frame %1 of %2, after %3 of its %4 values.")
+            .arg(frame + 1)
+            .arg(m_document.frameCount)
+            .arg(channel)
+            .arg(m_channelCount));
 }
 
 bool VxBvhParser::failTooMany()
 {
     const Word word = m_tokens.next();
     if (m_irregularLine > 0)
-        return fail(m_irregularLine, tr("This row does not have the %1 values of one frame, and "
-                                        "the end of the file has extra values.")
-                                         .arg(m_channelCount));
+        return fail(m_irregularLine,
+                    VxFileText::tr("This row does not have the %1 values of one frame, and "
+                                   "the end of the file has extra values.")
+                        .arg(m_channelCount));
     return fail(word.line,
-                tr("There are more values than the %1 frames of %2 declared in line %3: found %4.")
+                VxFileText::tr(
+                    "There are more values than the %1 frames of %2 declared in line %3: found %4.")
                     .arg(QString::number(m_document.frameCount), QString::number(m_channelCount),
                          QString::number(m_framesLine), found(word)));
 }
@@ -217,5 +223,5 @@ bool VxBvhParser::report()
     if (m_progress(percent))
         return true;
     m_error.cancelled = true;
-    return fail(-1, tr("Reading was cancelled."));
+    return fail(-1, VxFileText::tr("Reading was cancelled."));
 }

@@ -1,8 +1,8 @@
 #include "io/vxbvhreader.h"
 
 #include "io/vxbvhparser.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <utility>
@@ -39,9 +39,8 @@ bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError 
     *out = std::move(parser.document());
     d->note.clear();
     if (parser.surplusFrames() > 0)
-        d->note = QCoreApplication::translate("VxBvhReader",
-                                              "The file has %1 more frame(s) than the %2 it "
-                                              "declares; the extra frames were ignored.")
+        d->note = VxFileText::tr("The file has %1 more frame(s) than the %2 it "
+                                 "declares; the extra frames were ignored.")
                       .arg(parser.surplusFrames())
                       .arg(out->frameCount);
     return true;
@@ -58,7 +57,7 @@ bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
     if (info.exists() && !info.isFile()) {
         *error = VxFileError();
         error->file = d->fileName;
-        error->message = QCoreApplication::translate("VxBvhReader", "Not a regular file.");
+        error->message = VxFileText::tr("Not a regular file.");
         return false;
     }
     QFile file(d->fileName);
@@ -67,8 +66,7 @@ bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
     if (!open || file.error() != QFileDevice::NoError) {
         *error = VxFileError();
         error->file = d->fileName;
-        error->message = QCoreApplication::translate("VxBvhReader", "The file cannot be read: %1.")
-                             .arg(file.errorString());
+        error->message = VxFileText::tr("The file cannot be read: %1.").arg(file.errorString());
         return false;
     }
     return read(bytes, out, error);

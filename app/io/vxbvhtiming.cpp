@@ -1,16 +1,12 @@
 #include "io/vxbvhtiming.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxBvhTiming", text);
-}
 
 // The unit of the last decimal place with which the number must have been written.
 double lastPlace(double value)
@@ -75,7 +71,7 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     const int rate = ticks > 0.5 ? wholeRate(frameTime) : 0;
     timing.m_rate = rate > 0 ? rate : 1.0 / frameTime;
     if (timing.m_rate > VxTicksPerSecond * (1.0 + 1e-9)) {
-        *message = tr("The motion has %1 frames per second; at most %2 are supported.")
+        *message = VxFileText::tr("The motion has %1 frames per second; at most %2 are supported.")
                        .arg(rateText(timing.m_rate))
                        .arg(VxTicksPerSecond);
         return false;
@@ -83,7 +79,7 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     const double exactTicks = rate > 0 ? double(VxTicksPerSecond) / rate : ticks;
     if (exactTicks * std::max(0, frameCount - 1) > double(VxTimeMax) - 1.0 ||
         exactTicks > VxTimeMax) {
-        *message = tr("The motion is too long: %1 frames of %2 seconds.")
+        *message = VxFileText::tr("The motion is too long: %1 frames of %2 seconds.")
                        .arg(frameCount)
                        .arg(rateText(frameTime));
         return false;
@@ -125,7 +121,7 @@ QVector<VxTime> VxBvhTiming::keyTimes() const
 
 QString VxBvhTiming::sourceSentence() const
 {
-    return tr("The motion has %1 frames at %2 frames per second.")
+    return VxFileText::tr("The motion has %1 frames at %2 frames per second.")
         .arg(QString::number(m_frameCount), rateText(m_rate));
 }
 
@@ -133,12 +129,13 @@ QString VxBvhTiming::sentence() const
 {
     const QString source = sourceSentence();
     if (isOnSceneFrames())
-        return source + QLatin1Char(' ') + tr("The scene has the same frame rate.");
-    const QString scene = tr("The scene has %1 frames per second (%2 ticks per frame);")
+        return source + QLatin1Char(' ') + VxFileText::tr("The scene has the same frame rate.");
+    const QString scene = VxFileText::tr("The scene has %1 frames per second (%2 ticks per frame);")
                               .arg(rateText(sceneRate()), QString::number(m_step));
     const QString keys =
-        isExact() ? tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
-                  : tr("keys are placed at the nearest tick, so some are between frames.");
+        isExact()
+            ? VxFileText::tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
+            : VxFileText::tr("keys are placed at the nearest tick, so some are between frames.");
     return source + QLatin1Char(' ') + scene + QLatin1Char(' ') + keys;
 }
 
@@ -147,7 +144,8 @@ QString VxBvhTiming::sentenceBeside(VxTime sceneStep) const
     const QString rate = rateText(double(VxTicksPerSecond) / sceneStep);
     const bool isOnFrames = m_ticks > 0 && m_ticks % sceneStep == 0;
     const QString scene =
-        isOnFrames ? tr("The scene keeps its %1 frames per second.")
-                   : tr("The scene keeps its %1 frames per second; some keys are between frames.");
+        isOnFrames ? VxFileText::tr("The scene keeps its %1 frames per second.")
+                   : VxFileText::tr(
+                         "The scene keeps its %1 frames per second; some keys are between frames.");
     return sourceSentence() + QLatin1Char(' ') + scene.arg(rate);
 }

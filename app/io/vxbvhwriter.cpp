@@ -1,8 +1,9 @@
 #include "io/vxbvhwriter.h"
 
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 
-#include <QCoreApplication>
 #include <charconv>
 #include <functional>
 
@@ -109,28 +110,13 @@ bool appendMotion(QByteArray *out, const VxBvhDocument &document, const TextSink
     return true;
 }
 
-bool fail(VxFileError *error, const QString &file, const QString &message)
-{
-    *error = VxFileError();
-    error->file = file;
-    error->message = message;
-    return false;
-}
-
-bool failCancelled(VxFileError *error, const QString &file)
-{
-    fail(error, file, QCoreApplication::translate("VxBvhWriter", "Writing was cancelled."));
-    error->cancelled = true;
-    return false;
-}
-
 } // namespace
 
 bool VxBvhWriter::write(const VxBvhDocument &document, QByteArray *bytes, VxFileError *error)
 {
     QString reason;
     if (!document.isValid(&reason))
-        return fail(error, QString(), reason);
+        return vxFail(error, reason, QString());
     QByteArray text;
     appendHierarchy(&text, document.joints);
     appendMotion(&text, document, [](QByteArray *, int) { return true; });
@@ -143,7 +129,7 @@ bool VxBvhWriter::writeFile(const VxBvhDocument &document, const QString &fileNa
 {
     QString reason;
     if (!document.isValid(&reason))
-        return fail(error, fileName, reason);
+        return vxFail(error, reason, fileName);
     VxSafeFile file(fileName);
     bool cancelled = false;
     const TextSink sink = [&](QByteArray *text, int percent) {
@@ -159,9 +145,8 @@ bool VxBvhWriter::writeFile(const VxBvhDocument &document, const QString &fileNa
             file.write(text);
     }
     if (cancelled)
-        return failCancelled(error, fileName);
+        return vxCancel(error, VxFileText::tr("Writing was cancelled."), fileName);
     return (file.failure().isEmpty() && file.commit()) ||
-           fail(error, fileName,
-                QCoreApplication::translate("VxBvhWriter", "The file cannot be written: %1.")
-                    .arg(file.failure()));
+           vxFail(error, VxFileText::tr("The file cannot be written: %1.").arg(file.failure()),
+                  fileName);
 }

@@ -1,6 +1,7 @@
 #include "io/vxcborinput.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <cmath>
 #include <limits>
 
@@ -11,11 +12,6 @@ constexpr int MaxDepth = 32;
 
 /// The length to which a name from the file is cut in messages.
 constexpr int MaxShownName = 60;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxCborInput", text);
-}
 
 } // namespace
 
@@ -39,21 +35,22 @@ bool VxCborInput::expect(bool matches, const char *what)
     if (failed())
         return false;
     if (m_reader.lastError() != QCborError::NoError)
-        return fail(
-            tr("The file is damaged or truncated: %1.").arg(m_reader.lastError().toString()));
-    return matches || fail(tr("Expected %1.").arg(tr(what)));
+        return fail(VxFileText::tr("The file is damaged or truncated: %1.")
+                        .arg(m_reader.lastError().toString()));
+    return matches || fail(VxFileText::tr("Expected %1.").arg(VxFileText::tr(what)));
 }
 
 void VxCborInput::skip()
 {
     if (!m_reader.next(MaxDepth))
-        fail(tr("The file is damaged or truncated: %1.").arg(m_reader.lastError().toString()));
+        fail(VxFileText::tr("The file is damaged or truncated: %1.")
+                 .arg(m_reader.lastError().toString()));
 }
 
 template <class Step> void VxCborInput::container(const Step &step)
 {
     if (++m_depth > MaxDepth)
-        fail(tr("The file is nested too deeply."));
+        fail(VxFileText::tr("The file is nested too deeply."));
     else if (expect(m_reader.enterContainer(), "a readable container")) {
         while (!failed() && m_reader.hasNext())
             step();
@@ -75,7 +72,7 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member)
         const int count = names.size();
         names.insert(name);
         if (names.size() == count) {
-            fail(tr("The member \"%1\" occurs twice.").arg(name.left(MaxShownName)));
+            fail(VxFileText::tr("The member \"%1\" occurs twice.").arg(name.left(MaxShownName)));
             return;
         }
         if (member(name))
@@ -123,7 +120,7 @@ qint64 VxCborInput::integer(qint64 lowest, qint64 highest)
         return lowest;
     const qint64 value = m_reader.toInteger();
     if (value < lowest || value > highest) {
-        fail(tr("%1 is out of range (%2 to %3).").arg(value).arg(lowest).arg(highest));
+        fail(VxFileText::tr("%1 is out of range (%2 to %3).").arg(value).arg(lowest).arg(highest));
         return lowest;
     }
     m_reader.next();
@@ -175,7 +172,7 @@ template <class Step> void VxCborInput::fixedArray(int count, const Step &step)
         ++index;
     });
     if (index != count)
-        fail(tr("Expected %1 numbers.").arg(count));
+        fail(VxFileText::tr("Expected %1 numbers.").arg(count));
 }
 
 void VxCborInput::numbers(double *values, int count)
@@ -197,7 +194,7 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
         return {};
     const qint64 claimed = m_reader.isLengthKnown() ? qint64(m_reader.length()) : 0;
     if (claimed < 0 || claimed > m_size - m_reader.currentOffset()) {
-        fail(tr("An array declares more bytes than the file contains."));
+        fail(VxFileText::tr("An array declares more bytes than the file contains."));
         return {};
     }
     QByteArray result;
@@ -212,7 +209,7 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
     }
     expect(chunk.status == QCborStreamReader::EndOfString, "a complete array");
     if (result.size() % unit != 0)
-        fail(tr("An array has %1 bytes, which is not a multiple of %2.")
+        fail(VxFileText::tr("An array has %1 bytes, which is not a multiple of %2.")
                  .arg(result.size())
                  .arg(unit));
     return result;

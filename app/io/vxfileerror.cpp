@@ -17,3 +17,25 @@ QString VxFileError::text() const
         append(QCoreApplication::translate(context, "byte %1").arg(offset));
     return place.isEmpty() ? message : place + QStringLiteral(": ") + message;
 }
+
+bool vxFail(VxFileError *error, const QString &message, const QString &file)
+{
+    *error = VxFileError();
+    error->file = file;
+    error->message = message;
+    return false;
+}
+
+bool vxCancel(VxFileError *error, const QString &message, const QString &file)
+{
+    vxFail(error, message, file);
+    error->cancelled = true;
+    return false;
+}
+
+bool vxFail(QString *message, const QString &text)
+{
+    if (message)
+        *message = text;
+    return false;
+}

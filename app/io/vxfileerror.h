@@ -24,4 +24,13 @@ struct VxFileError
     QString text() const;
 };
 
+/// Replaces \a error by this message about this file, and returns false.
+bool vxFail(VxFileError *error, const QString &message, const QString &file = QString());
+
+/// The same for an operation that the progress callback cancelled.
+bool vxCancel(VxFileError *error, const QString &message, const QString &file = QString());
+
+/// Writes \a text to \a message, unless that is null, and returns false.
+bool vxFail(QString *message, const QString &text);
+
 #endif

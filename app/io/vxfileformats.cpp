@@ -1,9 +1,10 @@
 #include "io/vxfileformats.h"
 
 #include "io/motion/vxmotionformats.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/vxsceneformat.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <algorithm>
@@ -11,11 +12,6 @@
 namespace {
 
 Q_LOGGING_CATEGORY(log, "vx.files", QtWarningMsg)
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFileFormats", text);
-}
 
 QStringList patternsOf(const VxFileFormat &format)
 {
@@ -34,14 +30,6 @@ QString filter(const QString &name, const QStringList &list)
 QString typeOf(const QFileInfo &file)
 {
     return file.suffix().isEmpty() ? file.fileName() : QStringLiteral("*.") + file.suffix();
-}
-
-bool fail(const QString &fileName, const QString &message, VxFileError *error)
-{
-    *error = VxFileError();
-    error->file = fileName;
-    error->message = message;
-    return false;
 }
 
 } // namespace
@@ -75,16 +63,16 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
     const QFileInfo file(fileName);
     // A pipe would block the program forever.
     if (file.exists() && !file.isFile())
-        return fail(fileName, tr("Not a regular file."), error);
+        return vxFail(error, VxFileText::tr("Not a regular file."), fileName);
     if (const VxFileFormat *format = find(fileName)) {
         const bool done = format->read(fileName, scene, progress, summary, error);
         qCInfo(log).noquote() << "read" << fileName << (done ? *summary : error->text());
         return done;
     }
-    return fail(fileName,
-                tr("Unsupported file type: %1. Supported: %2")
-                    .arg(typeOf(file), patterns(false).join(QStringLiteral(", "))),
-                error);
+    return vxFail(error,
+                  VxFileText::tr("Unsupported file type: %1. Supported: %2")
+                      .arg(typeOf(file), patterns(false).join(QStringLiteral(", "))),
+                  fileName);
 }
 
 bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
@@ -95,10 +83,10 @@ bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
         qCInfo(log).noquote() << "wrote" << fileName << (done ? QString() : error->text());
         return done;
     }
-    return fail(fileName,
-                tr("Cannot save this file type: %1. Supported: %2")
-                    .arg(typeOf(QFileInfo(fileName)), patterns(true).join(QStringLiteral(", "))),
-                error);
+    return vxFail(error,
+                  VxFileText::tr("Cannot save this file type: %1. Supported: %2")
+                      .arg(typeOf(QFileInfo(fileName)), patterns(true).join(QStringLiteral(", "))),
+                  fileName);
 }
 
 bool VxFileFormats::canWrite(const QString &fileName) const
@@ -121,7 +109,7 @@ QStringList VxFileFormats::motionFilters() const
         if (format.isMotion)
             all += patternsOf(format);
     }
-    filters.append(filter(tr("All motion files"), all));
+    filters.append(filter(VxFileText::tr("All motion files"), all));
     for (const VxFileFormat &format : m_formats) {
         if (format.isMotion)
             filters.append(filter(format.name, patternsOf(format)));
@@ -131,7 +119,7 @@ QStringList VxFileFormats::motionFilters() const
 
 QStringList VxFileFormats::readFilters() const
 {
-    QStringList filters = {filter(tr("All scene files"), patterns(false))};
+    QStringList filters = {filter(VxFileText::tr("All scene files"), patterns(false))};
     for (const VxFileFormat &format : m_formats)
         filters.append(filter(format.name, patternsOf(format)));
     return filters;

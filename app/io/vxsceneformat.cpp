@@ -1,17 +1,12 @@
 #include "io/vxsceneformat.h"
 
+#include "io/vxfiletext.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
 
-#include <QCoreApplication>
 #include <vxcore/vxnode.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFileFormats", text);
-}
 
 QString shownNames(const QStringList &names)
 {
@@ -20,7 +15,7 @@ QString shownNames(const QStringList &names)
     for (const QString &name : names.mid(0, MaxShown))
         shown.append(name.left(60));
     if (names.size() > MaxShown)
-        shown.append(tr("%1 more").arg(names.size() - MaxShown));
+        shown.append(VxFileText::tr("%1 more").arg(names.size() - MaxShown));
     return shown.join(QStringLiteral(", "));
 }
 
@@ -36,7 +31,8 @@ bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progres
     VxSceneReader::install(std::move(contents), scene);
     if (!unknown.isEmpty())
         *summary =
-            tr("The file contains data that this version does not support; it was ignored: %1.")
+            VxFileText::tr(
+                "The file contains data that this version does not support; it was ignored: %1.")
                 .arg(shownNames(unknown));
     return true;
 }
@@ -53,5 +49,5 @@ bool write(const QString &fileName, const VxScene *scene, const VxFileProgress &
 
 VxFileFormat vxSceneFormat()
 {
-    return {tr("Scene"), {QStringLiteral("vxscene")}, read, write};
+    return {VxFileText::tr("Scene"), {QStringLiteral("vxscene")}, read, write};
 }

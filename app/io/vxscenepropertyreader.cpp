@@ -1,9 +1,9 @@
 #include "io/vxscenepropertyreader.h"
 
 #include "io/vxcborinput.h"
+#include "io/vxfiletext.h"
 #include "io/vxscenefile.h"
 
-#include <QCoreApplication>
 #include <limits>
 #include <memory>
 #include <vxcore/vxboolproperty.h>
@@ -16,11 +16,6 @@ namespace {
 
 constexpr qint64 IntMin = std::numeric_limits<int>::min();
 constexpr qint64 IntMax = std::numeric_limits<int>::max();
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxScenePropertyReader", text);
-}
 
 } // namespace
 
@@ -53,10 +48,10 @@ void VxScenePropertyReader::read(VxElement *element)
     if (m_input->failed())
         return;
     if (!record.isFloat() && !record.isInt() && !record.isString())
-        m_input->fail(tr("The property \"%1\" has an unknown kind.").arg(record.name));
+        m_input->fail(VxFileText::tr("The property \"%1\" has an unknown kind.").arg(record.name));
     else if (record.path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth)
-        m_input->fail(
-            tr("The groups of the property \"%1\" are nested too deeply.").arg(record.name));
+        m_input->fail(VxFileText::tr("The groups of the property \"%1\" are nested too deeply.")
+                          .arg(record.name));
     else if (checkRange(record))
         build(element, record);
 }
@@ -72,12 +67,13 @@ bool VxScenePropertyReader::checkRange(const Record &record)
                                                        {"limits", record.limits[1]}};
     for (const auto &[member, number] : numbers) {
         if (number < lowest || number > highest)
-            return m_input->fail(tr("The member \"%1\" of the property \"%2\" is %3, outside of "
-                                    "%4 to %5.")
-                                     .arg(QLatin1String(member), record.name)
-                                     .arg(number)
-                                     .arg(lowest)
-                                     .arg(highest));
+            return m_input->fail(
+                VxFileText::tr("The member \"%1\" of the property \"%2\" is %3, outside of "
+                               "%4 to %5.")
+                    .arg(QLatin1String(member), record.name)
+                    .arg(number)
+                    .arg(lowest)
+                    .arg(highest));
     }
     return true;
 }
@@ -178,7 +174,8 @@ void VxScenePropertyReader::readKeys(Record &record)
                        (record.types.isEmpty() || record.types.size() == count) &&
                        (record.tcb.isEmpty() || record.tcb.size() == count * int(sizeof(VxTcb)));
     if (!agree)
-        m_input->fail(tr("The key arrays of \"%1\" differ in length.").arg(record.name));
+        m_input->fail(
+            VxFileText::tr("The key arrays of \"%1\" differ in length.").arg(record.name));
 }
 
 VxProperty *VxScenePropertyReader::makeProperty(const Record &record) const
@@ -207,7 +204,7 @@ void VxScenePropertyReader::build(VxElement *element, const Record &record)
                      : record.isString() ? qobject_cast<VxStringProperty *>(property) != nullptr
                                          : qobject_cast<VxIntProperty *>(property) != nullptr);
     if (!sameKind || m_seen.contains(property)) {
-        m_input->fail(tr("The property \"%1\" cannot be added to \"%2\".")
+        m_input->fail(VxFileText::tr("The property \"%1\" cannot be added to \"%2\".")
                           .arg(record.name, element->getName()));
         return;
     }
@@ -267,8 +264,9 @@ void VxScenePropertyReader::applyValues(VxProperty *property, const Record &reco
         string->setValue(record.textValue);
     }
     if (!accepted)
-        m_input->fail(tr("The keys of \"%1\" are not in time order, or have a value that is not a "
-                         "finite number.")
+        m_input->fail(VxFileText::tr(
+                          "The keys of \"%1\" are not in time order, or have a value that is not a "
+                          "finite number.")
                           .arg(record.name));
 }
 
@@ -291,11 +289,12 @@ void VxScenePropertyReader::setReference(const Reference &reference)
 
 void VxScenePropertyReader::failReference(const Reference &reference)
 {
-    m_input->fail(tr("The property \"%1\" has an invalid reference to property %2: "
-                     "a different kind, a cycle, or a chain of more than %3 references.")
-                      .arg(m_properties.at(reference.from)->getName())
-                      .arg(reference.to)
-                      .arg(VxProperty::MaxReferenceChain));
+    m_input->fail(
+        VxFileText::tr("The property \"%1\" has an invalid reference to property %2: "
+                       "a different kind, a cycle, or a chain of more than %3 references.")
+            .arg(m_properties.at(reference.from)->getName())
+            .arg(reference.to)
+            .arg(VxProperty::MaxReferenceChain));
 }
 
 QVector<int> VxScenePropertyReader::referencesFromTheirEnds() const

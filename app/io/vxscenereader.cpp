@@ -1,10 +1,10 @@
 #include "io/vxscenereader.h"
 
 #include "io/vxcborinput.h"
+#include "io/vxfiletext.h"
 #include "io/vxscenefile.h"
 #include "io/vxscenepropertyreader.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QVector3D>
 #include <limits>
@@ -15,11 +15,6 @@
 #include <vxcore/vxskeleton.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxSceneReader", text);
-}
 
 /// Builds the contents from one stream.
 class SceneBuilder
@@ -71,7 +66,7 @@ VxTimeRange SceneBuilder::readRange()
     m_input.numbers(ends, 2);
     const auto time = [this](double value) {
         if (value < double(VxTimeMin) || value > double(VxTimeMax))
-            m_input.fail(tr("A time range exceeds the supported times."));
+            m_input.fail(VxFileText::tr("A time range exceeds the supported times."));
         return m_input.failed() ? 0 : VxTime(value);
     };
     const VxTime start = time(ends[0]);
@@ -81,7 +76,7 @@ VxTimeRange SceneBuilder::readRange()
 void SceneBuilder::readFormat()
 {
     if (m_input.text() != QLatin1String(VxSceneFile::Format))
-        m_input.fail(tr("This is not a scene file."));
+        m_input.fail(VxFileText::tr("This is not a scene file."));
     m_hasFormat = !m_input.failed();
 }
 
@@ -93,14 +88,15 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         return true;
     }
     if (!m_hasFormat)
-        return m_input.fail(tr("This is not a scene file."));
+        return m_input.fail(VxFileText::tr("This is not a scene file."));
     if (is("version")) {
         const int version = m_input.int32();
         if (version < 1 || version > VxSceneFile::Version)
-            m_input.fail(tr("The file uses version %1 of the scene format; this program reads "
-                            "versions up to %2.")
-                             .arg(version)
-                             .arg(VxSceneFile::Version));
+            m_input.fail(
+                VxFileText::tr("The file uses version %1 of the scene format; this program reads "
+                               "versions up to %2.")
+                    .arg(version)
+                    .arg(VxSceneFile::Version));
     } else if (is("ticksPerSecond"))
         m_input.integer(VxTicksPerSecond, VxTicksPerSecond);
     else if (is("numProperties"))
@@ -145,7 +141,7 @@ std::unique_ptr<VxNode> SceneBuilder::makeNode(const QString &kind, const QStrin
         return std::make_unique<VxBone>(name);
     if (kind == QLatin1String("node"))
         return std::make_unique<VxNode>(name);
-    m_input.fail(tr("A node has an unknown kind: \"%1\".").arg(kind));
+    m_input.fail(VxFileText::tr("A node has an unknown kind: \"%1\".").arg(kind));
     return nullptr;
 }
 
@@ -153,7 +149,7 @@ void SceneBuilder::readNode()
 {
     if (m_progress && !m_progress(int(m_input.offset() * 100 / qMax(qint64(1), m_input.size())))) {
         m_cancelled = true;
-        m_input.fail(tr("Cancelled."));
+        m_input.fail(VxFileText::tr("Cancelled."));
         return;
     }
     NodeRecord record;
@@ -168,11 +164,11 @@ void SceneBuilder::readNode()
             return true;
         }
         if (!record.node)
-            return m_input.fail(tr("A node does not begin with its kind and name."));
+            return m_input.fail(VxFileText::tr("A node does not begin with its kind and name."));
         return readNodeMember(name, record);
     });
     if (!m_input.failed() && !record.node)
-        m_input.fail(tr("A node has no name."));
+        m_input.fail(VxFileText::tr("A node has no name."));
     checkDepth(record);
     if (!m_input.failed())
         m_nodes.push_back(std::move(record));
@@ -184,7 +180,7 @@ void SceneBuilder::checkDepth(NodeRecord &record)
         return;
     record.depth = m_nodes[size_t(record.parent)].depth + 1;
     if (record.depth > VxNode::MaxDepth)
-        m_input.fail(tr("The node \"%1\" is nested deeper than %2 levels.")
+        m_input.fail(VxFileText::tr("The node \"%1\" is nested deeper than %2 levels.")
                          .arg(record.node->getName())
                          .arg(VxNode::MaxDepth));
 }
@@ -235,7 +231,7 @@ void SceneBuilder::readObject(VxNode *node)
             return true;
         }
         if (!object)
-            return m_input.fail(tr("An object does not begin with its name."));
+            return m_input.fail(VxFileText::tr("An object does not begin with its name."));
         if (name == QLatin1String("subElements")) {
             m_input.array([&] { readSubElement(object); });
             return true;
@@ -260,7 +256,7 @@ void SceneBuilder::readSubElement(VxObject *object)
             return true;
         }
         if (!element)
-            return m_input.fail(tr("A sub-element does not begin with its name."));
+            return m_input.fail(VxFileText::tr("A sub-element does not begin with its name."));
         return readElementMember(name, element);
     });
 }
@@ -284,7 +280,7 @@ bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
 {
     m_input.map([&](const QString &name) { return readHeader(name, contents); });
     if (!m_input.failed() && !m_hasFormat)
-        m_input.fail(tr("This is not a scene file."));
+        m_input.fail(VxFileText::tr("This is not a scene file."));
     if (!m_input.failed())
         m_properties.resolve();
     if (m_input.failed()) {
@@ -329,7 +325,7 @@ bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
     const bool open = file.open(QIODevice::ReadOnly);
     const QByteArray bytes = open ? file.readAll() : QByteArray();
     if (!open || file.error() != QFileDevice::NoError) {
-        error->message = tr("The file cannot be read: %1.").arg(file.errorString());
+        error->message = VxFileText::tr("The file cannot be read: %1.").arg(file.errorString());
         return false;
     }
     const bool done = read(bytes, contents, error);

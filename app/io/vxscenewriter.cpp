@@ -1,10 +1,10 @@
 #include "io/vxscenewriter.h"
 
+#include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 #include "io/vxscenefile.h"
 
 #include <QCborStreamWriter>
-#include <QCoreApplication>
 #include <QHash>
 #include <QVector3D>
 #include <algorithm>
@@ -377,11 +377,6 @@ private:
     QString m_failure;
 };
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxSceneWriter", text);
-}
-
 } // namespace
 
 VxSceneWriter::VxSceneWriter(const VxScene *scene)
@@ -403,10 +398,10 @@ bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
         return false;
     }
     if (!stream.unreadable().isEmpty())
-        error->message =
-            tr("The scene holds a number that is not finite: %1.").arg(stream.unreadable());
+        error->message = VxFileText::tr("The scene holds a number that is not finite: %1.")
+                             .arg(stream.unreadable());
     else if (!watched.failure().isEmpty())
-        error->message = tr("The file cannot be written: %1.").arg(watched.failure());
+        error->message = VxFileText::tr("The file cannot be written: %1.").arg(watched.failure());
     return error->message.isEmpty();
 }
 
@@ -419,6 +414,6 @@ bool VxSceneWriter::writeFile(const QString &fileName, VxFileError *error) const
         return false; // cancelled, or a number that cannot be read again
     if (file.failure().isEmpty() && file.commit())
         return true;
-    error->message = tr("The file cannot be written: %1.").arg(file.failure());
+    error->message = VxFileText::tr("The file cannot be written: %1.").arg(file.failure());
     return false;
 }

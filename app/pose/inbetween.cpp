@@ -2,8 +2,8 @@
 
 #include "pose/keycycles.h"
 #include "pose/posewriter.h"
+#include "widgets/studiotext.h"
 
-#include <QCoreApplication>
 #include <QSet>
 #include <algorithm>
 #include <cmath>
@@ -20,14 +20,9 @@ namespace {
 
 constexpr double SameValue = 1e-4; // degrees, units of length or parts of a scale
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("InBetween", text);
-}
-
 PoseResult nothingSelected()
 {
-    return {false, tr("Select the nodes of a figure first.")};
+    return {false, StudioText::tr("Select the nodes of a figure first.")};
 }
 
 /** The topmost joint of a figure, which carries it over the ground. */
@@ -151,7 +146,7 @@ qint64 keysWithin(const QVector<KeyedChannel> &channels, const VxTimeRange &rang
 
 QString refusedText(int refused)
 {
-    return refused == 0 ? QString() : tr(" Locked channels: %1.").arg(refused);
+    return refused == 0 ? QString() : StudioText::tr(" Locked channels: %1.").arg(refused);
 }
 
 /// The values that a node's keyed channels need at the end of a range to agree with its start.
@@ -198,17 +193,19 @@ PoseResult InBetween::breakdown(VxScene *scene, double part, Breakdown::Toward t
         return nothingSelected();
     const Breakdown breakdown(nodes, scene->getTime(), toward);
     if (breakdown.isEmpty())
-        return {false, tr("The selected nodes have no keys before or after this frame.")};
+        return {false,
+                StudioText::tr("The selected nodes have no keys before or after this frame.")};
     PoseWriter writer(scene->getTime(), scene->isAnimating());
     VxUndoStackHold hold;
     {
         const VxChangeBlock block;
         breakdown.apply(part, &writer);
     }
-    hold.accept(tr("Breakdown"));
-    return {true,
-            tr("Breakdown at %1 % of %2 nodes.").arg(qRound(part * 100)).arg(breakdown.numNodes()) +
-                writer.report()};
+    hold.accept(StudioText::tr("Breakdown"));
+    return {true, StudioText::tr("Breakdown at %1 % of %2 nodes.")
+                          .arg(qRound(part * 100))
+                          .arg(breakdown.numNodes()) +
+                      writer.report()};
 }
 
 PoseResult InBetween::hold(VxScene *scene)
@@ -233,11 +230,12 @@ PoseResult InBetween::hold(VxScene *scene)
             ++(done ? held : refused);
         }
     }
-    hold.accept(tr("Hold"));
+    hold.accept(StudioText::tr("Hold"));
     if (held == 0)
-        return {false, tr("No channel to hold: there are no keys before the playhead.") +
-                           refusedText(refused)};
-    return {true, tr("Held the pose on %1 channels.").arg(held) + refusedText(refused)};
+        return {false,
+                StudioText::tr("No channel to hold: there are no keys before the playhead.") +
+                    refusedText(refused)};
+    return {true, StudioText::tr("Held the pose on %1 channels.").arg(held) + refusedText(refused)};
 }
 
 PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
@@ -247,16 +245,17 @@ PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
         return nothingSelected();
     const VxTimeRange range = scene->getPlayRange();
     if (count < 2 || count > MaxCycles)
-        return {false, tr("The number of cycles must be from 2 to %1.").arg(MaxCycles)};
+        return {false, StudioText::tr("The number of cycles must be from 2 to %1.").arg(MaxCycles)};
     const qint64 end = range.getStart() + qint64(count) * periodOf(range);
     if (periodOf(range) < 1 || end > std::numeric_limits<VxTime>::max())
-        return {false, tr("The play range is too short or too long to be repeated.")};
+        return {false, StudioText::tr("The play range is too short or too long to be repeated.")};
     const QVector<KeyedChannel> channels = keyedChannels(nodes);
     const qint64 keys = keysWithin(channels, range);
     if (keys == 0)
-        return {false, tr("The selected nodes have no keys within the play range.")};
+        return {false, StudioText::tr("The selected nodes have no keys within the play range.")};
     if (keys * count > MaxCycleKeys)
-        return {false, tr("The cycles would make more than %1 keys.").arg(MaxCycleKeys)};
+        return {false,
+                StudioText::tr("The cycles would make more than %1 keys.").arg(MaxCycleKeys)};
     const int differing = differingEnds(scene);
     int refused = 0;
     VxUndoStackHold hold;
@@ -268,10 +267,10 @@ PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
     const VxTimeRange animation = scene->getAnimRange();
     scene->setAnimRange({animation.getStart(), std::max(animation.getEnd(), VxTime(end))});
     scene->setPlayRange({range.getStart(), VxTime(end)});
-    hold.accept(tr("Cycle"));
-    QString message = tr("Repeated the play range: %1 cycles.").arg(count);
+    hold.accept(StudioText::tr("Cycle"));
+    QString message = StudioText::tr("Repeated the play range: %1 cycles.").arg(count);
     if (differing > 0)
-        message += tr(" First and last pose differ in %1 channels.").arg(differing);
+        message += StudioText::tr(" First and last pose differ in %1 channels.").arg(differing);
     return {true, message + refusedText(refused)};
 }
 
@@ -296,13 +295,12 @@ PoseResult InBetween::matchEnds(VxScene *scene)
             }
         }
     }
-    hold.accept(tr("Match First and Last Pose"));
+    hold.accept(StudioText::tr("Match First and Last Pose"));
     if (changed == 0)
-        return {false, tr("First and last pose agree already.")};
-    return {
-        true,
-        tr("First and last pose agree now: %1 channels changed.").arg(changed - writer.refused()) +
-            writer.report()};
+        return {false, StudioText::tr("First and last pose agree already.")};
+    return {true, StudioText::tr("First and last pose agree now: %1 channels changed.")
+                          .arg(changed - writer.refused()) +
+                      writer.report()};
 }
 
 int InBetween::differingEnds(const VxScene *scene)

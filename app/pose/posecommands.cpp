@@ -4,8 +4,8 @@
 #include "pose/posefigure.h"
 #include "pose/posewriter.h"
 #include "scenetree/sceneedits.h"
+#include "widgets/studiotext.h"
 
-#include <QCoreApplication>
 #include <QSet>
 #include <memory>
 #include <vxcore/vxchangeblock.h>
@@ -17,14 +17,9 @@ namespace {
 
 constexpr int ListedNames = 5;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("PoseCommands", text);
-}
-
 PoseResult nothingSelected()
 {
-    return {false, tr("Select the nodes of a figure first.")};
+    return {false, StudioText::tr("Select the nodes of a figure first.")};
 }
 
 /** What was copied last; poses of one scene can be pasted in the next. */
@@ -41,8 +36,8 @@ QString missingText(const QStringList &missing)
         return {};
     const QString names = QStringList(missing.mid(0, ListedNames)).join(QStringLiteral(", "));
     const int more = missing.size() - ListedNames;
-    return more > 0 ? tr(" Not found: %1 and %2 more.").arg(names).arg(more)
-                    : tr(" Not found: %1.").arg(names);
+    return more > 0 ? StudioText::tr(" Not found: %1 and %2 more.").arg(names).arg(more)
+                    : StudioText::tr(" Not found: %1.").arg(names);
 }
 
 void appendOnce(QStringList *names, const QString &name)
@@ -96,7 +91,7 @@ PoseResult finish(VxUndoStackHold *hold, const QString &entry, const QString &do
     const QString rest = missingText(counts.missing) + writer.report();
     if (counts.matched == 0) {
         hold->cancel();
-        return {false, tr("No node of the figure matches the pose.") + rest};
+        return {false, StudioText::tr("No node of the figure matches the pose.") + rest};
     }
     hold->accept(entry);
     return {true, done + rest};
@@ -148,19 +143,20 @@ PoseResult PoseCommands::copy(const VxScene *scene)
         return nothingSelected();
     const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
     if (roots.size() > 1)
-        return {false, tr("Select nodes of one figure only to copy a pose.")};
+        return {false, StudioText::tr("Select nodes of one figure only to copy a pose.")};
     const Pose pose = poseOf(PoseFigure(roots.first()), nodes, scene->getTime());
     if (pose.joints.empty())
-        return {false, tr("The selected node has no joints below it to copy the pose of.")};
+        return {false,
+                StudioText::tr("The selected node has no joints below it to copy the pose of.")};
     clipboard() = pose;
-    return {true, tr("Copied the pose of %1 nodes.").arg(int(pose.joints.size()))};
+    return {true, StudioText::tr("Copied the pose of %1 nodes.").arg(int(pose.joints.size()))};
 }
 
 PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
 {
     const Pose &pose = clipboard();
     if (pose.joints.empty())
-        return {false, tr("No pose was copied yet.")};
+        return {false, StudioText::tr("No pose was copied yet.")};
     QVector<VxNode *> roots = PoseFigure::rootsOf(scene->getSelectedNodes());
     if (roots.isEmpty() && pose.root && pose.root->getScene() == scene)
         roots.append(PoseFigure::rootOf(pose.root));
@@ -174,9 +170,10 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
         for (VxNode *root : qAsConst(roots))
             applyTo(PoseFigure(root), pose, mirrored, &writer, &counts);
     }
-    const QString text = mirrored ? tr("Paste Pose Mirrored") : tr("Paste Pose");
+    const QString text =
+        mirrored ? StudioText::tr("Paste Pose Mirrored") : StudioText::tr("Paste Pose");
     return finish(&hold, text,
-                  tr("Pasted the pose to %1 of %2 nodes.")
+                  StudioText::tr("Pasted the pose to %1 of %2 nodes.")
                       .arg(counts.matched)
                       .arg(int(pose.joints.size()) * roots.size()),
                   counts, writer);
@@ -198,8 +195,9 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
             applyTo(figure, poseOf(figure, nodes, scene->getTime()), true, &writer, &counts);
         }
     }
-    return finish(&hold, tr("Mirror to Other Side"),
-                  tr("Mirrored the pose of %1 nodes.").arg(counts.matched), counts, writer);
+    return finish(&hold, StudioText::tr("Mirror to Other Side"),
+                  StudioText::tr("Mirrored the pose of %1 nodes.").arg(counts.matched), counts,
+                  writer);
 }
 
 PoseResult PoseCommands::resetToRest(VxScene *scene)
@@ -217,8 +215,8 @@ PoseResult PoseCommands::resetToRest(VxScene *scene)
                 writer.set(node, i, rest[std::size_t(i)]);
         }
     }
-    hold.accept(tr("Reset to Rest"));
-    return {true, tr("Reset %1 nodes to rest.").arg(nodes.size()) + writer.report()};
+    hold.accept(StudioText::tr("Reset to Rest"));
+    return {true, StudioText::tr("Reset %1 nodes to rest.").arg(nodes.size()) + writer.report()};
 }
 
 PoseResult PoseCommands::selectMirror(VxScene *scene)
@@ -240,10 +238,11 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
         }
     }
     if (others.isEmpty())
-        return {false, tr("The selected nodes have no other side.") + missingText(missing)};
+        return {false,
+                StudioText::tr("The selected nodes have no other side.") + missingText(missing)};
     selectOnly(scene, others);
-    return {true,
-            tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) + missingText(missing)};
+    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) +
+                      missingText(missing)};
 }
 
 PoseResult PoseCommands::selectChildren(VxScene *scene)
@@ -254,7 +253,7 @@ PoseResult PoseCommands::selectChildren(VxScene *scene)
     scene->selectNodes(selectedTrees(scene), true);
     if (primary)
         scene->setPrimarySelection(primary);
-    return {true, tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
 }
 
 PoseResult PoseCommands::selectParents(VxScene *scene)
@@ -271,7 +270,7 @@ PoseResult PoseCommands::selectParents(VxScene *scene)
     if (scene->getNumSelectedNodes() == 0)
         return nothingSelected();
     if (parents.isEmpty())
-        return {false, tr("The selected nodes have no parents.")};
+        return {false, StudioText::tr("The selected nodes have no parents.")};
     selectOnly(scene, parents);
-    return {true, tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
 }

@@ -2,6 +2,7 @@
 
 #include "io/vxsafefile.h"
 #include "io/vxscenewriter.h"
+#include "widgets/studiotext.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -21,11 +22,6 @@ constexpr char ScenePrefix[] = "copy-";
 constexpr char BrokenPrefix[] = "broken-";
 constexpr QLatin1String FileKey("File");
 constexpr QLatin1String TitleKey("Title");
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("RecoveryStore", text);
-}
 
 using Lock = std::unique_ptr<QLockFile>;
 
@@ -121,7 +117,7 @@ bool RecoveryStore::Private::begin(VxFileError *error)
     if (!makePrivateFolder(folder) || !lock->tryLock(0)) {
         *error = VxFileError();
         error->file = folder;
-        error->message = tr("Cannot write to the folder.");
+        error->message = StudioText::tr("Cannot write to the folder.");
         return false;
     }
     ownId = id;
@@ -185,7 +181,7 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
     // A missing record is that of a document that was never saved.
     record.load(this->record(id));
     copy.documentFile = record.getStringValue(FileKey);
-    copy.title = record.getStringValue(TitleKey, tr("Untitled"));
+    copy.title = record.getStringValue(TitleKey, StudioText::tr("Untitled"));
     return copy;
 }
 
@@ -245,8 +241,8 @@ bool RecoveryStore::endWrite(VxFileError *error)
 {
     *error = VxFileError();
     error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
-    error->message =
-        d->writing.valid() ? d->writing.get() : tr("No recovery copy has been started.");
+    error->message = d->writing.valid() ? d->writing.get()
+                                        : StudioText::tr("No recovery copy has been started.");
     return error->message.isEmpty();
 }
 

@@ -1,6 +1,7 @@
 #include "scenetree/sceneedits.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <QSet>
 #include <algorithm>
 #include <vxcore/vxchangeblock.h>
@@ -15,8 +16,8 @@ namespace {
 QString textFor(const QVector<VxNode *> &nodes, const char *one, const char *many)
 {
     if (nodes.size() == 1)
-        return QCoreApplication::translate("SceneEdits", one).arg(nodes.first()->getLabel());
-    return QCoreApplication::translate("SceneEdits", many).arg(nodes.size());
+        return StudioText::tr(one).arg(nodes.first()->getLabel());
+    return StudioText::tr(many).arg(nodes.size());
 }
 
 QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
@@ -48,8 +49,7 @@ bool SceneEdits::rename(VxNode *node, const QString &label)
     const QString wanted = label.trimmed();
     if (wanted.isEmpty() || wanted == node->getLabel())
         return false;
-    const QString text =
-        QCoreApplication::translate("SceneEdits", "Rename \"%1\"").arg(node->getLabel());
+    const QString text = StudioText::tr("Rename \"%1\"").arg(node->getLabel());
     VxUndoStackHold hold;
     node->setLabel(wanted);
     hold.accept(text);

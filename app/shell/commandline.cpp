@@ -1,7 +1,8 @@
 #include "shell/commandline.h"
 
+#include "widgets/studiotext.h"
+
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QRegularExpression>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxversion.h>
@@ -11,11 +12,6 @@ namespace {
 constexpr int SmallestSide = 64;
 constexpr int LargestSide = 16384;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
-
 QString name(const char *text)
 {
     return QString::fromLatin1(text);
@@ -24,51 +20,61 @@ QString name(const char *text)
 /// The options, in the order in which the help lists them.
 void addOptions(QCommandLineParser *parser)
 {
-    parser->addOption({name("headless"), tr("Run without a display and without dialogs.")});
-    parser->addOption({name("script"),
-                       tr("Run a script after the file is opened. Arguments after \"--\" are "
-                          "passed to the script."),
-                       name("FILE.js")});
-    parser->addOption({name("animation"),
-                       tr("Animation to read from a motion file that has several, by name or "
-                          "number. Without this option all are read, one after another."),
-                       name("NAME")});
     parser->addOption(
-        {name("import-report"), tr("Print what was found in the motion file as JSON.")});
-    parser->addOption({name("time-limit"),
-                       tr("End a run without a window when its script takes longer. Default: no "
-                          "limit."),
-                       name("SECONDS")});
-    parser->addOption({name("memory-limit"),
-                       tr("Stop the script when it takes more memory; 0 for no limit. Default: "
-                          "%1.")
-                           .arg(CommandLine().scriptMegabytes),
-                       name("MEGABYTES")});
+        {name("headless"), StudioText::tr("Run without a display and without dialogs.")});
     parser->addOption(
-        {name("screenshot"), tr("Save a picture of the window and exit."), name("OUT.png")});
-    parser->addOption({name("list-actions"), tr("Print a page about all actions and exit.")});
-    parser->addOption({name("size"), tr("Window size in pixels."), name("WxH")});
-    parser->addOption({name("frame"), tr("Frame to show."), name("N")});
-    parser->addOption({name("palette"), tr("Palette: dark or light."), name("NAME")});
+        {name("script"),
+         StudioText::tr("Run a script after the file is opened. Arguments after \"--\" are "
+                        "passed to the script."),
+         name("FILE.js")});
+    parser->addOption(
+        {name("animation"),
+         StudioText::tr("Animation to read from a motion file that has several, by name or "
+                        "number. Without this option all are read, one after another."),
+         name("NAME")});
+    parser->addOption({name("import-report"),
+                       StudioText::tr("Print what was found in the motion file as JSON.")});
+    parser->addOption(
+        {name("time-limit"),
+         StudioText::tr("End a run without a window when its script takes longer. Default: no "
+                        "limit."),
+         name("SECONDS")});
+    parser->addOption(
+        {name("memory-limit"),
+         StudioText::tr("Stop the script when it takes more memory; 0 for no limit. Default: "
+                        "%1.")
+             .arg(CommandLine().scriptMegabytes),
+         name("MEGABYTES")});
+    parser->addOption({name("screenshot"), StudioText::tr("Save a picture of the window and exit."),
+                       name("OUT.png")});
+    parser->addOption(
+        {name("list-actions"), StudioText::tr("Print a page about all actions and exit.")});
+    parser->addOption({name("size"), StudioText::tr("Window size in pixels."), name("WxH")});
+    parser->addOption({name("frame"), StudioText::tr("Frame to show."), name("N")});
+    parser->addOption({name("palette"), StudioText::tr("Palette: dark or light."), name("NAME")});
     parser->addOption(
         {name("settings"),
-         tr("Store the settings in this file, and recovery copies in a folder next to it. Without "
-            "this option, --headless and --screenshot neither read nor write settings."),
+         StudioText::tr(
+             "Store the settings in this file, and recovery copies in a folder next to it. Without "
+             "this option, --headless and --screenshot neither read nor write settings."),
          name("FILE.ini")});
+    parser->addOption({name("plugin-path"),
+                       StudioText::tr("Additional plug-in folder; may be repeated."), name("DIR")});
     parser->addOption(
-        {name("plugin-path"), tr("Additional plug-in folder; may be repeated."), name("DIR")});
-    parser->addOption({name("enable-plugins"),
-                       tr("Enable plug-ins again that are skipped because the program ended while "
-                          "it was loading them.")});
-    parser->addOption({name("log"),
-                       tr("Write messages of these categories to standard error, such as "
-                          "plugins,scripts; \"all\" for every one."),
-                       name("CATEGORIES")});
+        {name("enable-plugins"),
+         StudioText::tr("Enable plug-ins again that are skipped because the program ended while "
+                        "it was loading them.")});
     parser->addOption(
-        {name("diagnose"), tr("Print versions, plug-ins, settings and screens, and exit.")});
-    parser->addOption({{name("v"), name("version")}, tr("Show version information.")});
-    parser->addOption({{name("h"), name("help")}, tr("Show this help.")});
-    parser->addPositionalArgument(name("FILE"), tr("The scene or motion file to open."),
+        {name("log"),
+         StudioText::tr("Write messages of these categories to standard error, such as "
+                        "plugins,scripts; \"all\" for every one."),
+         name("CATEGORIES")});
+    parser->addOption(
+        {name("diagnose"),
+         StudioText::tr("Print versions, plug-ins, settings and screens, and exit.")});
+    parser->addOption({{name("v"), name("version")}, StudioText::tr("Show version information.")});
+    parser->addOption({{name("h"), name("help")}, StudioText::tr("Show this help.")});
+    parser->addPositionalArgument(name("FILE"), StudioText::tr("The scene or motion file to open."),
                                   name("[FILE] [-- ARGUMENTS]"));
 }
 
@@ -94,7 +100,8 @@ void readSize(const QString &text, CommandLine *line)
     line->size = parseSize(text);
     if (line->size.isEmpty())
         fail(line,
-             tr("Invalid size \"%1\": expected WIDTHxHEIGHT such as 1280x800, each from %2 to %3.")
+             StudioText::tr(
+                 "Invalid size \"%1\": expected WIDTHxHEIGHT such as 1280x800, each from %2 to %3.")
                  .arg(text)
                  .arg(SmallestSide)
                  .arg(LargestSide));
@@ -105,14 +112,14 @@ void readFrame(const QString &text, CommandLine *line)
     bool ok = false;
     line->frame = text.toInt(&ok);
     if (!ok)
-        fail(line, tr("Invalid frame \"%1\": expected a whole number.").arg(text));
+        fail(line, StudioText::tr("Invalid frame \"%1\": expected a whole number.").arg(text));
 }
 
 void readPalette(const QString &text, CommandLine *line)
 {
     line->palette = text;
     if (text != name("dark") && text != name("light"))
-        fail(line, tr("Unknown palette \"%1\": expected dark or light.").arg(text));
+        fail(line, StudioText::tr("Unknown palette \"%1\": expected dark or light.").arg(text));
 }
 
 /// A limit of at least 0 (none).
@@ -126,9 +133,8 @@ void readLimit(const QCommandLineParser &parser, const char *option, int *limit,
     if (ok && value >= 0)
         *limit = value;
     else
-        fail(
-            line,
-            tr("Invalid --%1 \"%2\": expected a whole number, 0 or more.").arg(name(option), text));
+        fail(line, StudioText::tr("Invalid --%1 \"%2\": expected a whole number, 0 or more.")
+                       .arg(name(option), text));
 }
 
 void readLog(const QString &text, CommandLine *line)
@@ -139,7 +145,7 @@ void readLog(const QString &text, CommandLine *line)
         wanted = categories;
     for (const QString &category : qAsConst(wanted)) {
         if (!categories.contains(category))
-            fail(line, tr("Unknown log category \"%1\": expected all, or some of %2.")
+            fail(line, StudioText::tr("Unknown log category \"%1\": expected all, or some of %2.")
                            .arg(category, categories.join(name(", "))));
         line->logRules += QStringLiteral("vx.%1.debug=true\nvx.%1.info=true\n").arg(category);
     }
@@ -148,7 +154,8 @@ void readLog(const QString &text, CommandLine *line)
 void readFiles(const QStringList &files, CommandLine *line)
 {
     if (files.size() > 1)
-        fail(line, tr("Only one file can be opened; unexpected argument \"%1\".").arg(files.at(1)));
+        fail(line, StudioText::tr("Only one file can be opened; unexpected argument \"%1\".")
+                       .arg(files.at(1)));
     line->file = files.value(0);
 }
 
@@ -167,7 +174,7 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
     for (const char *option :
          {"script", "animation", "screenshot", "settings", "plugin-path", "log"}) {
         if (parser.isSet(name(option)) && parser.values(name(option)).contains(QString()))
-            fail(line, tr("Option --%1 requires a name.").arg(name(option)));
+            fail(line, StudioText::tr("Option --%1 requires a name.").arg(name(option)));
     }
     readLimit(parser, "time-limit", &line->scriptSeconds, line);
     readLimit(parser, "memory-limit", &line->scriptMegabytes, line);
@@ -216,15 +223,15 @@ QString CommandLine::helpText()
 {
     QCommandLineParser parser;
     addOptions(&parser);
-    parser.setApplicationDescription(tr("Composes and animates scenes."));
-    return parser.helpText() + tr("\nExit codes:\n"
-                                  "  0  success\n"
-                                  "  1  a file, a script or a picture failed\n"
-                                  "  2  invalid command line\n");
+    parser.setApplicationDescription(StudioText::tr("Composes and animates scenes."));
+    return parser.helpText() + StudioText::tr("\nExit codes:\n"
+                                              "  0  success\n"
+                                              "  1  a file, a script or a picture failed\n"
+                                              "  2  invalid command line\n");
 }
 
 QString CommandLine::versionText()
 {
-    return tr("%1 %2 (host library %3)\n")
+    return StudioText::tr("%1 %2 (host library %3)\n")
         .arg(VxApp::getAppName(), name(VX_STUDIO_VERSION), VxVersion::sdk().toString());
 }

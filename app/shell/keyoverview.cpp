@@ -1,8 +1,7 @@
 #include "shell/keyoverview.h"
 
 #include "shortcuts/shortcutlist.h"
-
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
 
 namespace {
 
@@ -101,7 +100,7 @@ const QVector<Section> &mouseSections()
 
 QString translated(const char *text)
 {
-    return QCoreApplication::translate("KeyOverview", text);
+    return StudioText::tr(text);
 }
 
 QString heading(const QString &title)
@@ -139,7 +138,7 @@ QString keyRows(const ShortcutList &shortcuts)
             continue;
         if (command.group != group) {
             group = command.group;
-            rows += heading(QCoreApplication::translate("KeyOverview", "Shortcuts: %1").arg(group));
+            rows += heading(StudioText::tr("Shortcuts: %1").arg(group));
         }
         rows += row(command.current.toString(QKeySequence::NativeText), command.text);
     }

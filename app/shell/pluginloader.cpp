@@ -1,5 +1,7 @@
 #include "shell/pluginloader.h"
 
+#include "widgets/studiotext.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -17,11 +19,6 @@ Q_LOGGING_CATEGORY(log, "vx.plugins", QtWarningMsg)
 
 constexpr QLatin1String StoreName("Plugins");
 constexpr QLatin1String SkippedKey("Skipped");
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("PluginLoader", text);
-}
 
 bool isRunning(qint64 process)
 {
@@ -72,12 +69,13 @@ QStringList PluginLoader::load(const QStringList &folders, VxPluginMgr *plugins)
             continue;
         done.append(path);
         if (!QDir(path).exists())
-            messages.append(tr("The plug-in folder %1 does not exist.").arg(path));
+            messages.append(StudioText::tr("The plug-in folder %1 does not exist.").arg(path));
         for (const QString &module : modulesIn(QDir(path))) {
             if (skippedModules.contains(module)) {
-                messages.append(tr("%1 was skipped, because the program ended while loading it. "
+                messages.append(
+                    StudioText::tr("%1 was skipped, because the program ended while loading it. "
                                    "Start it with --enable-plugins to load it again.")
-                                    .arg(module));
+                        .arg(module));
                 continue;
             }
             const bool marked = mark(module);

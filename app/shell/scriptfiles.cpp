@@ -1,6 +1,7 @@
 #include "shell/scriptfiles.h"
 
 #include "document/documentcontroller.h"
+#include "widgets/studiotext.h"
 
 #include <QJsonDocument>
 #include <QScriptContext>
@@ -11,11 +12,6 @@
 #include <vxcore/vxscriptengine.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return DocumentController::tr(text);
-}
 
 /// A script's file request.
 struct Request
@@ -39,7 +35,7 @@ void readOption(const QString &name, const QScriptValue &value, Request *request
     else if (name == QLatin1String("rotationsOnly"))
         request->choices.rotationsOnly = value.toBool();
     else
-        request->error = tr("there is no option \"%1\"").arg(name);
+        request->error = StudioText::tr("there is no option \"%1\"").arg(name);
 }
 
 Request readRequest(QScriptContext *context)
@@ -47,12 +43,12 @@ Request readRequest(QScriptContext *context)
     Request request;
     request.file = context->argument(0).toString();
     if (!context->argument(0).isString() || request.file.isEmpty())
-        request.error = tr("argument 1 must be the name of a file");
+        request.error = StudioText::tr("argument 1 must be the name of a file");
     const QScriptValue options = context->argument(1);
     if (options.isUndefined() || options.isNull())
         return request;
     if (!options.isObject())
-        request.error = tr("argument 2 must be an object with options");
+        request.error = StudioText::tr("argument 2 must be an object with options");
     QScriptValueIterator members(options);
     while (members.hasNext() && request.error.isEmpty()) {
         members.next();
@@ -103,7 +99,7 @@ QString readExport(const QScriptValue &options, const VxScene *scene, VxMotionEx
     if (options.isUndefined() || options.isNull())
         return {};
     if (!options.isObject())
-        return tr("argument 2 must be an object with options");
+        return StudioText::tr("argument 2 must be an object with options");
     QScriptValueIterator members(options);
     while (members.hasNext()) {
         members.next();
@@ -111,13 +107,13 @@ QString readExport(const QScriptValue &options, const VxScene *scene, VxMotionEx
         if (name == QLatin1String("node")) {
             out->root = scene->findNode(members.value().toString());
             if (!out->root)
-                return tr("there is no node \"%1\"").arg(members.value().toString());
+                return StudioText::tr("there is no node \"%1\"").arg(members.value().toString());
         } else if (name == QLatin1String("playRange")) {
             out->playRangeOnly = members.value().toBool();
         } else if (name == QLatin1String("rowPerFrame")) {
             out->hasRowPerFrame = members.value().toBool();
         } else {
-            return tr("there is no option \"%1\"").arg(name);
+            return StudioText::tr("there is no option \"%1\"").arg(name);
         }
     }
     return {};
@@ -127,7 +123,8 @@ QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
 {
     const QString file = context->argument(0).toString();
     if (!context->argument(0).isString() || file.isEmpty())
-        return fail(context, "exportFile()", tr("argument 1 must be the name of a file"));
+        return fail(context, "exportFile()",
+                    StudioText::tr("argument 1 must be the name of a file"));
     DocumentController *document = documentOf(context);
     VxMotionExportOptions options;
     const QString error = readExport(context->argument(1), document->scene(), &options);

@@ -17,6 +17,7 @@
 #include "shell/studiowindow.h"
 #include "shell/windowpicture.h"
 #include "shortcuts/shortcutcatalogue.h"
+#include "widgets/studiotext.h"
 #include "widgets/usermessages.h"
 
 #include <QApplication>
@@ -239,8 +240,7 @@ void Studio::Private::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
     } else {
         VxUndoStackHold hold;
         scripts->runFile(commandLine.scriptFile, error);
-        hold.accept(QCoreApplication::translate("Studio", "Script: %1")
-                        .arg(QFileInfo(commandLine.scriptFile).fileName()));
+        hold.accept(StudioText::tr("Script: %1").arg(QFileInfo(commandLine.scriptFile).fileName()));
     }
     scripts->setStoppable(false);
 }

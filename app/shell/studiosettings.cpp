@@ -1,21 +1,12 @@
 #include "shell/studiosettings.h"
 
+#include "widgets/studiotext.h"
 #include "widgets/usermessages.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <vxcore/vxsettings.h>
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("StudioSettings", text);
-}
-
-} // namespace
 
 StudioSettings::StudioSettings(const QString &fileName)
     : m_fileName(fileName)
@@ -33,7 +24,7 @@ void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
     QString error;
     if (m_fileName.isEmpty() || settings->load(m_fileName, &error))
         return;
-    messages.showNotice(tr("The settings will not be used or saved: %1").arg(error));
+    messages.showNotice(StudioText::tr("The settings will not be used or saved: %1").arg(error));
     m_fileName.clear();
 }
 
@@ -57,8 +48,8 @@ void StudioSettings::save(const VxSettings &settings, const UserMessages &messag
     QString error;
     const QString folder = QFileInfo(m_fileName).absolutePath();
     if (!QDir().mkpath(folder))
-        error = tr("cannot create the folder %1").arg(folder);
+        error = StudioText::tr("cannot create the folder %1").arg(folder);
     else if (settings.save(m_fileName, &error))
         return;
-    messages.showNotice(tr("The settings could not be saved: %1").arg(error));
+    messages.showNotice(StudioText::tr("The settings could not be saved: %1").arg(error));
 }

@@ -1,6 +1,7 @@
 #include "shell/timeview.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <algorithm>
 #include <limits>
 #include <vxcore/vxkeyselection.h>
@@ -13,11 +14,6 @@ namespace {
 
 constexpr double Margin = 0.05;   // of the keys' span, on each side
 constexpr qint64 LeastFrames = 2; // on each side
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("TimeView", text);
-}
 
 VxTime limited(qint64 time)
 {
@@ -42,7 +38,7 @@ QString TimeView::zoomToKeys(VxScene *scene, const VxKeySelection &selection)
         last = std::max<qint64>(last, entry.holder->getKeyTime(entry.spans.back().last - 1));
     }
     if (first > last)
-        return tr("No keys are selected.");
+        return StudioText::tr("No keys are selected.");
     const qint64 step = std::max(scene->getTimeStep(), 1);
     const qint64 room = std::max(LeastFrames * step, qint64(double(last - first) * Margin));
     const auto frame = [step](qint64 time) { return limited((time + step / 2) / step * step); };
@@ -54,14 +50,14 @@ void TimeView::storeView(VxScene *scene, int number)
 {
     VxUndoStackHold hold;
     VxSceneViews::of(scene)->setView(number - 1, scene->getPlayRange());
-    hold.accept(tr("Store View %1").arg(number));
+    hold.accept(StudioText::tr("Store View %1").arg(number));
 }
 
 QString TimeView::showView(VxScene *scene, int number)
 {
     const auto view = VxSceneViews::of(scene)->view(number - 1);
     if (!view)
-        return tr("View %1 is empty. Store it first.").arg(number);
+        return StudioText::tr("View %1 is empty. Store it first.").arg(number);
     scene->setPlayRange(*view);
     return QString();
 }

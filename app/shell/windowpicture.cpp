@@ -1,5 +1,7 @@
 #include "shell/windowpicture.h"
 
+#include "widgets/studiotext.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -78,7 +80,6 @@ bool writeWindowPicture(QWidget *window, const QSize &size, const QString &fileN
     QImageWriter writer(fileName, "png");
     if (writer.write(window->grab().toImage()))
         return true;
-    *error = QCoreApplication::translate("WindowPicture", "Cannot write the picture %1: %2")
-                 .arg(fileName, writer.errorString());
+    *error = StudioText::tr("Cannot write the picture %1: %2").arg(fileName, writer.errorString());
     return false;
 }

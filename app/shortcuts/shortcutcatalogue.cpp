@@ -1,6 +1,7 @@
 #include "shortcuts/shortcutcatalogue.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
@@ -103,8 +104,7 @@ void Collector::addOthers()
 {
     for (const VxAction *action : m_actions.getActions()) {
         if (!m_seen.contains(action))
-            addCommand(m_actions.getCommandName(action), action,
-                       QCoreApplication::translate("ShortcutCatalogue", "Other"));
+            addCommand(m_actions.getCommandName(action), action, StudioText::tr("Other"));
     }
 }
 
@@ -135,11 +135,10 @@ QString ShortcutCatalogue::refusalText(const QStringList &refused, const VxSetti
         const QAction *holder = actions.findCommand(actions.findShortcut(shortcut));
         const QAction *loser = actions.findCommand(name);
         if (holder && loser)
-            sentences.append(QCoreApplication::translate(
-                                 "ShortcutCatalogue",
-                                 "The shortcut %1 stored for \"%2\" is already assigned to \"%3\".")
-                                 .arg(shortcut.toString(QKeySequence::NativeText), titleOf(loser),
-                                      titleOf(holder)));
+            sentences.append(
+                StudioText::tr("The shortcut %1 stored for \"%2\" is already assigned to \"%3\".")
+                    .arg(shortcut.toString(QKeySequence::NativeText), titleOf(loser),
+                         titleOf(holder)));
     }
     return sentences.join(QLatin1Char(' '));
 }

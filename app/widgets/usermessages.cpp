@@ -1,6 +1,7 @@
 #include "widgets/usermessages.h"
 
-#include <QCoreApplication>
+#include "widgets/studiotext.h"
+
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
@@ -11,11 +12,6 @@
 namespace {
 
 constexpr int NoticeMilliseconds = 15000;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("UserMessages", text);
-}
 
 void writeLine(std::FILE *file, const QString &text)
 {
@@ -76,7 +72,7 @@ UserMessages::Choice UserMessages::askToSave(const QString &documentName) const
 {
     if (isConsole())
         return Choice::Discard;
-    const QString text = tr("\"%1\" has unsaved changes. Save them?").arg(documentName);
+    const QString text = StudioText::tr("\"%1\" has unsaved changes. Save them?").arg(documentName);
     switch (ask(QMessageBox::Question, text,
                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
                 QMessageBox::Save)) {
@@ -93,9 +89,10 @@ bool UserMessages::askToRevert(const QString &documentName) const
 {
     if (isConsole())
         return true;
-    const QString text = tr("Revert \"%1\" to its saved version? All unsaved changes will be lost "
-                            "and cannot be redone.")
-                             .arg(documentName);
+    const QString text =
+        StudioText::tr("Revert \"%1\" to its saved version? All unsaved changes will be lost "
+                       "and cannot be redone.")
+            .arg(documentName);
     return ask(QMessageBox::Question, text, QMessageBox::Discard | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Discard;
 }
@@ -104,9 +101,10 @@ bool UserMessages::askToOverwrite(const QString &documentName) const
 {
     if (isConsole())
         return true;
-    const QString text = tr("\"%1\" was changed by another program since it was opened or saved "
-                            "here. Saving overwrites those changes.")
-                             .arg(documentName);
+    const QString text =
+        StudioText::tr("\"%1\" was changed by another program since it was opened or saved "
+                       "here. Saving overwrites those changes.")
+            .arg(documentName);
     return ask(QMessageBox::Warning, text, QMessageBox::Save | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Save;
 }
@@ -115,8 +113,8 @@ bool UserMessages::askToReplace(const QString &fileName) const
 {
     if (isConsole())
         return true;
-    const QString text =
-        tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(fileName).fileName());
+    const QString text = StudioText::tr("%1 already exists. Do you want to replace it?")
+                             .arg(QFileInfo(fileName).fileName());
     return ask(QMessageBox::Warning, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
            QMessageBox::Yes;
 }
@@ -126,7 +124,8 @@ bool UserMessages::askToDeleteCopy(const QString &documentName) const
     if (isConsole())
         return false;
     const QString text =
-        tr("Delete the recovery copy of \"%1\"? Its unsaved changes will be lost permanently.")
+        StudioText::tr(
+            "Delete the recovery copy of \"%1\"? Its unsaved changes will be lost permanently.")
             .arg(documentName);
     return ask(QMessageBox::Warning, text, QMessageBox::Discard | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Discard;
@@ -136,14 +135,15 @@ UserMessages::Arrival UserMessages::askHowToOpen(const QString &motionName) cons
 {
     if (isConsole())
         return Arrival::Open;
-    QMessageBox box(QMessageBox::Question, VxApp::getAppName(),
-                    tr("Import the motion \"%1\" into this scene, or replace the scene with it?")
-                        .arg(motionName),
-                    QMessageBox::Cancel, m_window);
+    QMessageBox box(
+        QMessageBox::Question, VxApp::getAppName(),
+        StudioText::tr("Import the motion \"%1\" into this scene, or replace the scene with it?")
+            .arg(motionName),
+        QMessageBox::Cancel, m_window);
     box.setTextFormat(Qt::PlainText);
-    QPushButton *importing = box.addButton(tr("&Import"), QMessageBox::AcceptRole);
+    QPushButton *importing = box.addButton(StudioText::tr("&Import"), QMessageBox::AcceptRole);
     importing->setObjectName(QStringLiteral("ImportButton"));
-    QPushButton *opening = box.addButton(tr("&Open"), QMessageBox::AcceptRole);
+    QPushButton *opening = box.addButton(StudioText::tr("&Open"), QMessageBox::AcceptRole);
     opening->setObjectName(QStringLiteral("OpenButton"));
     box.setDefaultButton(importing);
     box.exec();

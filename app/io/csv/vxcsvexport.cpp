@@ -3,9 +3,10 @@
 #include "io/csv/vxcsvnames.h"
 #include "io/motion/vxframetimes.h"
 #include "io/motion/vxkeptrate.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <algorithm>
 #include <charconv>
@@ -22,19 +23,6 @@ namespace {
 constexpr int PieceBytes = 1 << 16;
 /// Larger files are impractical: several GB of text.
 constexpr qint64 MaxValues = 200 * 1000 * 1000;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxCsvExport", text);
-}
-
-bool fail(VxFileError *error, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
 
 template <typename T> void appendNumber(QByteArray *out, T value)
 {
@@ -372,21 +360,23 @@ bool VxCsvExport::Private::write(const Sink &sink, VxFileError *error)
     numKeys = 0;
     numSampled = 0;
     if (scene->getNumNodes() == 0)
-        return fail(error, tr("The scene is empty."));
+        return vxFail(error, VxFileText::tr("The scene is empty."));
     Table table;
     table.addNodes(scene, root);
     const qint64 numFrames = (qint64(range.getEnd()) - range.getStart()) / scene->getTimeStep() + 1;
     if (rowPerFrame && numFrames > MaxValues / qint64(table.columns().size()))
-        return fail(error, tr("The motion is too long: %1 frames of %2 properties.")
-                               .arg(numFrames)
-                               .arg(table.columns().size()));
+        return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 properties.")
+                                 .arg(numFrames)
+                                 .arg(table.columns().size()));
     if (!(rowPerFrame ? writeFrames(table, sink) : writeKeys(table, sink)))
-        return fail(error, tr("The export was cancelled."), true);
-    summary = rowPerFrame ? tr("%1 nodes, %2 frames.") : tr("%1 nodes, %2 keys.");
+        return vxCancel(error, VxFileText::tr("The export was cancelled."));
+    summary =
+        rowPerFrame ? VxFileText::tr("%1 nodes, %2 frames.") : VxFileText::tr("%1 nodes, %2 keys.");
     summary = summary.arg(QString::number(table.rows().size()), QString::number(numKeys));
     if (numSampled > 0 && !rowPerFrame)
-        summary += QLatin1Char(' ') +
-                   tr("%1 linked properties were sampled once a frame.").arg(numSampled);
+        summary +=
+            QLatin1Char(' ') +
+            VxFileText::tr("%1 linked properties were sampled once a frame.").arg(numSampled);
     return true;
 }
 
@@ -441,7 +431,7 @@ bool VxCsvExport::exportFile(const QString &fileName, VxFileError *error)
     if (isWritten && file.commit())
         return true;
     if (!file.failure().isEmpty())
-        fail(error, tr("Cannot be written: %1.").arg(file.failure()));
+        vxFail(error, VxFileText::tr("Cannot be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
 }

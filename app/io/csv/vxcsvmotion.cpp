@@ -1,18 +1,10 @@
 #include "io/csv/vxcsvmotion.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 
 using namespace VxCsvNames;
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxCsvMotion", text);
-}
-
-} // namespace
 
 VxCsvMotion::VxCsvMotion(const VxCsvRows &rows)
     : m_rows(rows)
@@ -32,9 +24,11 @@ int VxCsvMotion::node(const QString &text, int column, VxFileError *error)
     VxMotionNode node;
     const int number = int(m_nodes.size());
     if (!unescape(text, &node.name))
-        fail(column, tr("A \"\\\" in a name must be followed by \"\\\" or a number."), error);
+        fail(column, VxFileText::tr("A \"\\\" in a name must be followed by \"\\\" or a number."),
+             error);
     else if (number >= VxMotionLimits::MaxNodes)
-        fail(column, tr("There are more than %1 nodes.").arg(VxMotionLimits::MaxNodes), error);
+        fail(column, VxFileText::tr("There are more than %1 nodes.").arg(VxMotionLimits::MaxNodes),
+             error);
     if (error->isSet())
         return -1;
     m_nodeOf.insert(text, number);
@@ -50,11 +44,12 @@ bool VxCsvMotion::setParent(int node, const QString &text, int column, VxFileErr
     const int parent = m_nodeOf.value(text, node);
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (parent >= node)
-        return fail(column,
-                    tr("The parent \"%1\" does not occur before the node.").arg(text.left(40)),
-                    error);
+        return fail(
+            column,
+            VxFileText::tr("The parent \"%1\" does not occur before the node.").arg(text.left(40)),
+            error);
     if (data.parent >= 0 && data.parent != parent)
-        return fail(column, tr("The node has another parent already."), error);
+        return fail(column, VxFileText::tr("The node has another parent already."), error);
     data.parent = parent;
     return true;
 }
@@ -65,12 +60,14 @@ bool VxCsvMotion::setKind(int node, const QString &text, int column, VxFileError
         return true;
     VxMotionNode::Kind kind = VxMotionNode::Node;
     if (!kindOf(text, &kind))
-        return fail(column, tr("\"%1\" is none of node, figure and bone.").arg(text.left(40)),
+        return fail(column,
+                    VxFileText::tr("\"%1\" is none of node, figure and bone.").arg(text.left(40)),
                     error);
     Known &known = m_known[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (known.hasKind && data.kind != kind)
-        return fail(column, tr("The node was a %1 before.").arg(kindName(data.kind)), error);
+        return fail(column, VxFileText::tr("The node was a %1 before.").arg(kindName(data.kind)),
+                    error);
     known.hasKind = true;
     data.kind = kind;
     return true;
@@ -82,14 +79,16 @@ bool VxCsvMotion::setOrder(int node, const QString &text, int column, VxFileErro
         return true;
     VxNode::RotationOrder order = VxNode::XYZ;
     if (!orderOf(text, &order))
-        return fail(column, tr("\"%1\" is no rotation order, such as XYZ.").arg(text.left(40)),
+        return fail(column,
+                    VxFileText::tr("\"%1\" is no rotation order, such as XYZ.").arg(text.left(40)),
                     error);
     Known &known = m_known[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (known.hasOrder && data.order != order)
-        return fail(column,
-                    tr("The node had the rotation order %1 before.").arg(orderName(data.order)),
-                    error);
+        return fail(
+            column,
+            VxFileText::tr("The node had the rotation order %1 before.").arg(orderName(data.order)),
+            error);
     known.hasOrder = true;
     data.order = order;
     return true;
@@ -104,7 +103,7 @@ int VxCsvMotion::property(int node, const QString &text, int column, VxFileError
     if (found != m_propertyOf.constEnd())
         return *found;
     if (meaning.kind == Property::Invalid) {
-        fail(column, tr("There is no property \"%1\".").arg(text.left(40)), error);
+        fail(column, VxFileText::tr("There is no property \"%1\".").arg(text.left(40)), error);
         return -1;
     }
     Curve curve;
@@ -127,7 +126,7 @@ bool VxCsvMotion::setValue(int property, double value, int column, VxFileError *
 {
     Curve &curve = m_curves[std::size_t(property)];
     if (curve.hasValue || !curve.keys.isEmpty())
-        return fail(column, tr("The property has a value or a key already."), error);
+        return fail(column, VxFileText::tr("The property has a value or a key already."), error);
     curve.hasValue = true;
     curve.value = value;
     return true;
@@ -141,19 +140,22 @@ bool VxCsvMotion::addKey(int property, double time, double value, const VxMotion
         if (curve.hasValue && curve.value != value)
             return fail(timeColumn,
                         curve.property.kind == Property::End
-                            ? tr("The end of a bone cannot be animated.")
-                            : tr("The visibility cannot be animated."),
+                            ? VxFileText::tr("The end of a bone cannot be animated.")
+                            : VxFileText::tr("The visibility cannot be animated."),
                         error);
         curve.hasValue = true;
         curve.value = value;
         return true;
     }
     if (curve.hasValue)
-        return fail(timeColumn, tr("The property has a value without a time already."), error);
+        return fail(timeColumn, VxFileText::tr("The property has a value without a time already."),
+                    error);
     if (!curve.keys.isEmpty() && time <= curve.keys.times.back())
-        return fail(timeColumn, tr("The times of a property's keys must ascend."), error);
+        return fail(timeColumn, VxFileText::tr("The times of a property's keys must ascend."),
+                    error);
     if (++m_numKeys > VxMotionLimits::MaxKeys)
-        return fail(timeColumn, tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys),
+        return fail(timeColumn,
+                    VxFileText::tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys),
                     error);
     const bool isPlain = shape.segment == VxMotionSegment::Linear && shape.tcb == VxTcb();
     if (!isPlain && !curve.isShaped) {
@@ -209,7 +211,7 @@ void VxCsvMotion::setRest(const Curve &curve)
 void VxCsvMotion::finish(const QString &form, VxImportedMotion *motion)
 {
     VxMotionClip clip;
-    clip.name = tr("Motion");
+    clip.name = VxFileText::tr("Motion");
     for (Curve &curve : m_curves) {
         VxMotionChannel channel;
         channel.node = curve.node;

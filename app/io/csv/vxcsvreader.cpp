@@ -1,16 +1,11 @@
 #include "io/csv/vxcsvreader.h"
 
 #include "io/csv/vxcsvmotion.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <array>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxCsvReader", text);
-}
 
 bool is(std::string_view cell, const char *word)
 {
@@ -84,7 +79,7 @@ bool Reader::reportProgress(VxFileError *error)
     if (m_progress(int(m_rows.position() * 100 / m_size)))
         return true;
     *error = VxFileError();
-    error->message = tr("The import was cancelled.");
+    error->message = VxFileText::tr("The import was cancelled.");
     error->cancelled = true;
     return false;
 }
@@ -107,16 +102,22 @@ bool Reader::readColumns(VxFileError *error)
             ++column;
         if (column == NumColumns)
             return m_rows.fail(
-                i, tr("\"%1\" is not the name of a column.").arg(m_rows.text(i).left(40)), error);
+                i,
+                VxFileText::tr("\"%1\" is not the name of a column.").arg(m_rows.text(i).left(40)),
+                error);
         if (m_columns[std::size_t(column)] >= 0)
             return m_rows.fail(
-                i, tr("The column \"%1\" occurs twice.").arg(QLatin1String(names[column])), error);
+                i,
+                VxFileText::tr("The column \"%1\" occurs twice.").arg(QLatin1String(names[column])),
+                error);
         m_columns[std::size_t(column)] = i;
     }
     for (const Column column : {Node, Property, Time, Value}) {
         if (m_columns[column] < 0)
             return m_rows.fail(
-                0, tr("The column \"%1\" is missing.").arg(QLatin1String(names[column])), error);
+                0,
+                VxFileText::tr("The column \"%1\" is missing.").arg(QLatin1String(names[column])),
+                error);
     }
     return true;
 }
@@ -130,7 +131,7 @@ bool Reader::readShape(VxMotionShape *shape, VxFileError *error) const
         shape->segment = VxMotionSegment::Step;
     else if (!name.empty() && !is(name, "linear"))
         return m_rows.fail(m_columns[Interpolation],
-                           tr("\"%1\" is none of linear, constant and tcb.")
+                           VxFileText::tr("\"%1\" is none of linear, constant and tcb.")
                                .arg(m_rows.text(m_columns[Interpolation]).left(40)),
                            error);
     float *const numbers[] = {&shape->tcb.tension, &shape->tcb.continuity, &shape->tcb.bias};
@@ -147,10 +148,11 @@ bool Reader::readShape(VxMotionShape *shape, VxFileError *error) const
 bool Reader::readKeyRow(VxFileError *error)
 {
     if (m_rows.count() > int(m_columns.size()))
-        return m_rows.fail(int(m_columns.size()), tr("The row has too many cells."), error);
+        return m_rows.fail(int(m_columns.size()), VxFileText::tr("The row has too many cells."),
+                           error);
     const int nodeColumn = m_columns[Node];
     if (cell(Node).empty())
-        return m_rows.fail(nodeColumn, tr("The node is missing."), error);
+        return m_rows.fail(nodeColumn, VxFileText::tr("The node is missing."), error);
     if (m_node < 0 || cell(Node) != m_lastNode) {
         m_node = m_motion.node(m_rows.text(nodeColumn), nodeColumn, error);
         m_lastNode = cell(Node);
@@ -163,7 +165,7 @@ bool Reader::readKeyRow(VxFileError *error)
         return false;
     if (cell(Property).empty())
         return (cell(Time).empty() && cell(Value).empty()) ||
-               m_rows.fail(m_columns[Property], tr("The property is missing."), error);
+               m_rows.fail(m_columns[Property], VxFileText::tr("The property is missing."), error);
     if (m_property < 0 || cell(Property) != m_lastProperty) {
         m_property =
             m_motion.property(m_node, m_rows.text(m_columns[Property]), m_columns[Property], error);
@@ -173,7 +175,7 @@ bool Reader::readKeyRow(VxFileError *error)
     if (m_property < 0)
         return false;
     if (cell(Value).empty())
-        return m_rows.fail(m_columns[Value], tr("The value is missing."), error);
+        return m_rows.fail(m_columns[Value], VxFileText::tr("The value is missing."), error);
     if (!m_rows.number(m_columns[Value], &value, error))
         return false;
     if (cell(Time).empty())
@@ -202,21 +204,24 @@ bool Reader::readHeaderRow(VxFileError *error)
     const bool isParent = is(m_rows.cell(0), "parent:");
     const bool isKind = is(m_rows.cell(0), "kind:");
     if (!isNode && !isParent && !isKind && !is(m_rows.cell(0), "order:"))
-        return m_rows.fail(0,
-                           tr("\"%1\" is none of node:, parent:, kind:, order: and time.")
-                               .arg(m_rows.text(0).left(40)),
-                           error);
+        return m_rows.fail(
+            0,
+            VxFileText::tr("\"%1\" is none of node:, parent:, kind:, order: and time.")
+                .arg(m_rows.text(0).left(40)),
+            error);
     if (isNode != m_nodes.empty())
-        return m_rows.fail(0, tr("The header must have one row \"node:\", as its first."), error);
+        return m_rows.fail(
+            0, VxFileText::tr("The header must have one row \"node:\", as its first."), error);
     if (isNode)
         m_nodes.assign(std::size_t(m_rows.count()), -1);
     if (m_rows.count() > int(m_nodes.size()))
-        return m_rows.fail(int(m_nodes.size()), tr("The row has too many cells."), error);
+        return m_rows.fail(int(m_nodes.size()), VxFileText::tr("The row has too many cells."),
+                           error);
     for (int i = 1; i < m_rows.count(); ++i) {
         int &node = m_nodes[std::size_t(i)];
         const QString text = m_rows.text(i);
         if (isNode && text.isEmpty())
-            return m_rows.fail(i, tr("The node is missing."), error);
+            return m_rows.fail(i, VxFileText::tr("The node is missing."), error);
         if (isNode)
             node = m_motion.node(text, i, error);
         const bool isGood = isNode     ? node >= 0
@@ -236,13 +241,14 @@ bool Reader::readHeader(VxFileError *error)
             return false;
         if (!m_rows.next(error)) {
             if (!error->isSet())
-                m_rows.fail(0, tr("The row \"time\" with the properties is missing."), error);
+                m_rows.fail(0, VxFileText::tr("The row \"time\" with the properties is missing."),
+                            error);
             return false;
         }
     } while (!is(m_rows.cell(0), "time"));
     if (m_rows.count() != int(m_nodes.size()))
-        return m_rows.fail(m_rows.count() - 1, tr("The header's rows have different lengths."),
-                           error);
+        return m_rows.fail(m_rows.count() - 1,
+                           VxFileText::tr("The header's rows have different lengths."), error);
     int numUsed = 0; // properties are numbered in order of occurrence
     m_properties.assign(m_nodes.size(), -1);
     for (std::size_t i = 1; i < m_nodes.size(); ++i) {
@@ -251,7 +257,7 @@ bool Reader::readHeader(VxFileError *error)
         if (property < 0)
             return false;
         if (property < numUsed)
-            return m_rows.fail(column, tr("The property has a column already."), error);
+            return m_rows.fail(column, VxFileText::tr("The property has a column already."), error);
         ++numUsed;
         m_properties[i] = property;
     }
@@ -261,12 +267,13 @@ bool Reader::readHeader(VxFileError *error)
 bool Reader::readFrame(VxFileError *error)
 {
     if (m_rows.count() > int(m_properties.size()))
-        return m_rows.fail(int(m_properties.size()), tr("The row has too many cells."), error);
+        return m_rows.fail(int(m_properties.size()), VxFileText::tr("The row has too many cells."),
+                           error);
     double time = 0.0;
     if (!m_rows.number(0, &time, error))
         return false;
     if (m_numRows > 0 && time <= m_lastTime)
-        return m_rows.fail(0, tr("The times must ascend."), error);
+        return m_rows.fail(0, VxFileText::tr("The times must ascend."), error);
     m_lastTime = time;
     for (int i = 1; i < m_rows.count(); ++i) {
         double value = 0.0;
@@ -297,14 +304,16 @@ bool Reader::read(VxImportedMotion *motion, VxFileError *error)
 {
     *error = VxFileError();
     if (!m_rows.next(error))
-        return error->isSet() ? false : m_rows.fail(0, tr("The file is empty."), error);
+        return error->isSet() ? false : m_rows.fail(0, VxFileText::tr("The file is empty."), error);
     const bool isTable = is(m_rows.cell(0), "node:");
     if (!(isTable ? readFrames(error) : readKeys(error)))
         return false;
-    m_motion.finish(isTable ? tr("CSV, one row a frame") : tr("CSV, one row a key"), motion);
+    m_motion.finish(isTable ? VxFileText::tr("CSV, one row a frame")
+                            : VxFileText::tr("CSV, one row a key"),
+                    motion);
     if (!motion->nodes.empty())
         return true;
-    return m_rows.fail(0, tr("The file has no nodes."), error);
+    return m_rows.fail(0, VxFileText::tr("The file has no nodes."), error);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "io/csv/vxcsvrows.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QTextCodec>
 #include <algorithm>
 #include <charconv>
@@ -8,11 +9,6 @@
 #include <limits>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxCsvRows", text);
-}
 
 bool isBlank(char c)
 {
@@ -100,7 +96,8 @@ bool VxCsvRows::readQuoted(VxFileError *error)
     bool hasDoubled = false;
     for (;; ++m_at) {
         if (m_at == m_end)
-            return fail(count(), tr("The quotation mark of this cell is not closed."), error);
+            return fail(count(), VxFileText::tr("The quotation mark of this cell is not closed."),
+                        error);
         if (*m_at != '"')
             continue;
         if (m_at + 1 == m_end || m_at[1] != '"')
@@ -114,7 +111,7 @@ bool VxCsvRows::readQuoted(VxFileError *error)
     while (m_at < m_end && isBlank(*m_at))
         ++m_at;
     if (m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r')
-        return fail(count(), tr("A comma is missing after the quotation mark."), error);
+        return fail(count(), VxFileText::tr("A comma is missing after the quotation mark."), error);
     if (hasDoubled) {
         std::string text;
         for (std::size_t i = 0; i < cell.size(); ++i) {
@@ -140,16 +137,18 @@ bool VxCsvRows::readCell(VxFileError *error)
         const char *const start = m_at;
         for (; m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r'; ++m_at) {
             if (*m_at == '"')
-                return fail(count(), tr("A quotation mark inside of a cell without them."), error);
+                return fail(count(),
+                            VxFileText::tr("A quotation mark inside of a cell without them."),
+                            error);
         }
         m_cells.push_back(trimmed({start, std::size_t(m_at - start)}));
     }
     const std::string_view cell = m_cells.back();
     const int column = count() - 1;
     if (cell.find('\0') != std::string_view::npos)
-        return fail(column, tr("The file is not text."), error);
+        return fail(column, VxFileText::tr("The file is not text."), error);
     if (!isUtf8(cell))
-        return fail(column, tr("The text is not UTF-8."), error);
+        return fail(column, VxFileText::tr("The text is not UTF-8."), error);
     return true;
 }
 
@@ -191,7 +190,10 @@ bool VxCsvRows::number(int column, double *value, VxFileError *error) const
     const std::from_chars_result result = std::from_chars(text.data(), end, *value);
     const bool isOutOfRange = result.ec == std::errc::result_out_of_range;
     if (!isOutOfRange && (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value)))
-        return fail(column, tr("\"%1\" is not a number.").arg(shown(cell(column))), error);
+        return fail(column, VxFileText::tr("\"%1\" is not a number.").arg(shown(cell(column))),
+                    error);
     return (!isOutOfRange && std::abs(*value) <= double(std::numeric_limits<float>::max())) ||
-           fail(column, tr("The number \"%1\" is out of range.").arg(shown(cell(column))), error);
+           fail(column,
+                VxFileText::tr("The number \"%1\" is out of range.").arg(shown(cell(column))),
+                error);
 }

@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxarrays.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QtEndian>
 #include <charconv>
 #include <cmath>
@@ -59,11 +60,6 @@ bool isSpace(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxArrays", text);
-}
-
 } // namespace
 
 VxFbxArrays::VxFbxArrays(const VxFbxRecords &records)
@@ -100,7 +96,8 @@ bool VxFbxArrays::spend(qint64 bytes, const VxFbxValue &value)
 {
     m_budget -= bytes;
     return m_budget >= 0 ||
-           fail(value.offset, tr("The arrays of this file are too large for its size."));
+           fail(value.offset,
+                VxFileText::tr("The arrays of this file are too large for its size."));
 }
 
 template <class Number>
@@ -131,7 +128,7 @@ bool VxFbxArrays::decodeScalars(VxFbxRecords::Index record, std::vector<Number> 
         else if (m_records.number(value, &real))
             out->push_back(converted<Number>(real));
         else
-            return fail(value->offset, tr("A value of an array is not a number."));
+            return fail(value->offset, VxFileText::tr("A value of an array is not a number."));
     }
     return true;
 }
@@ -145,10 +142,12 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
     const qint64 size = count * elementSize(value.code);
     const qint64 payload = value.size - arrayHeadSize;
     if (encoding > 1)
-        return fail(value.offset + 4, tr("An array has the unknown encoding %1.").arg(encoding));
+        return fail(value.offset + 4,
+                    VxFileText::tr("An array has the unknown encoding %1.").arg(encoding));
     if (size > maxArraySize || (encoding == 0 ? size != payload : size > payload * maxInflation))
         return fail(value.offset,
-                    tr("An array announces %1 values, which its bytes cannot hold.").arg(count));
+                    VxFileText::tr("An array announces %1 values, which its bytes cannot hold.")
+                        .arg(count));
     if (!spend(count * qint64(sizeof(Number)) + (encoding ? size : 0), value))
         return false;
     QByteArray inflated;
@@ -189,7 +188,7 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
     stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(from));
     stream.avail_in = static_cast<uInt>(value.size - arrayHeadSize);
     if (inflateInit(&stream) != Z_OK)
-        return fail(value.offset, tr("There is no memory for an array."));
+        return fail(value.offset, VxFileText::tr("There is no memory for an array."));
     // An array without values still has a stream, which needs space for its end.
     Bytef spare = 0;
     stream.next_out = size ? reinterpret_cast<Bytef *>(out->data()) : &spare;
@@ -200,8 +199,8 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
     if (isComplete)
         return true;
     if (result == Z_BUF_ERROR && stream.avail_out == 0)
-        return fail(value.offset, tr("A compressed array is larger than announced."));
-    return fail(value.offset, tr("A compressed array is damaged."));
+        return fail(value.offset, VxFileText::tr("A compressed array is larger than announced."));
+    return fail(value.offset, VxFileText::tr("A compressed array is damaged."));
 }
 
 template <class Number> bool VxFbxArrays::decodeNumber(std::string_view token, Number *out) const
@@ -242,7 +241,8 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
     const char *colon = std::find(announced.ptr, end, ':');
     // A number needs a digit and a comma.
     if (announced.ec != std::errc() || count < 0 || count > (end - begin) / 2 + 1)
-        return fail(value.offset, tr("An array announces more values than there is text for."));
+        return fail(value.offset,
+                    VxFileText::tr("An array announces more values than there is text for."));
     if (!spend(count * qint64(sizeof(Number)), value))
         return false;
     out->reserve(static_cast<std::size_t>(count));
@@ -261,11 +261,11 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
         Number number = 0;
         if (!decodeNumber({from, static_cast<std::size_t>(to - from)}, &number))
             return fail(static_cast<qint32>(from - m_records.bytes().constData()),
-                        tr("A value of an array is not a number."));
+                        VxFileText::tr("A value of an array is not a number."));
         if (static_cast<qint64>(out->size()) == count)
-            return fail(value.offset, tr("An array holds more values than announced."));
+            return fail(value.offset, VxFileText::tr("An array holds more values than announced."));
         out->push_back(number);
     }
     return static_cast<qint64>(out->size()) == count ||
-           fail(value.offset, tr("An array holds fewer values than announced."));
+           fail(value.offset, VxFileText::tr("An array holds fewer values than announced."));
 }

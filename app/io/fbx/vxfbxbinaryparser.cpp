@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxbinaryparser.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QtEndian>
 #include <algorithm>
 #include <cstring>
@@ -10,11 +11,6 @@ namespace {
 constexpr char magic[] = "Kaydara FBX Binary  ";
 constexpr qint64 headerSize = 27;
 constexpr qint64 arrayHeadSize = 12;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxBinaryParser", text);
-}
 
 } // namespace
 
@@ -62,11 +58,11 @@ bool VxFbxBinaryParser::parse()
 bool VxFbxBinaryParser::parseHeader()
 {
     if (m_size < headerSize)
-        return fail(m_size, tr("The file ends within its header."));
+        return fail(m_size, VxFileText::tr("The file ends within its header."));
     if (m_bytes[20] != 0 || m_bytes[21] != 0x1A || (m_bytes[22] != 0 && m_bytes[22] != 1))
-        return fail(20, tr("The header is damaged."));
+        return fail(20, VxFileText::tr("The header is damaged."));
     if (m_bytes[22] == 1)
-        return fail(22, tr("Numbers with their highest byte first are not supported."));
+        return fail(22, VxFileText::tr("Numbers with their highest byte first are not supported."));
     m_version = qFromLittleEndian<quint32>(m_bytes + 23);
     m_wordSize = m_version >= 7500 ? 8 : 4;
     m_at = headerSize;
@@ -96,10 +92,10 @@ bool VxFbxBinaryParser::parseNext()
         return parseRecord(head, start, open.end);
     // A null record closes the children of the record around it.
     if (head.valueCount != 0 || head.valueBytes != 0 || head.nameSize != 0)
-        return fail(start, tr("A record has no end."));
+        return fail(start, VxFileText::tr("A record has no end."));
     if (m_open.size() > 1 && m_at != open.end)
         return fail(
-            m_at, tr("Bytes are left after the last record of \"%1\".")
+            m_at, VxFileText::tr("Bytes are left after the last record of \"%1\".")
                       .arg(QString::fromUtf8(m_records.name(open.index).data(),
                                              static_cast<int>(m_records.name(open.index).size()))));
     m_open.pop_back();
@@ -109,8 +105,9 @@ bool VxFbxBinaryParser::parseNext()
 bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
 {
     if (limit - m_at < 3 * m_wordSize + 1)
-        return fail(limit, limit == m_size ? tr("The file ends within a record.")
-                                           : tr("A record ends before the records inside it."));
+        return fail(limit, limit == m_size
+                               ? VxFileText::tr("The file ends within a record.")
+                               : VxFileText::tr("A record ends before the records inside it."));
     head->end = readCount();
     head->valueCount = readCount();
     head->valueBytes = readCount();
@@ -121,23 +118,26 @@ bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
 bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit)
 {
     if (head.end > static_cast<quint64>(limit))
-        return fail(start, limit == m_size ? tr("A record ends beyond the end of the file.")
-                                           : tr("A record ends beyond the record around it."));
+        return fail(start, limit == m_size
+                               ? VxFileText::tr("A record ends beyond the end of the file.")
+                               : VxFileText::tr("A record ends beyond the record around it."));
     const auto end = static_cast<qint64>(head.end);
     if (end < m_at + head.nameSize)
-        return fail(start, tr("A record ends before it begins."));
+        return fail(start, VxFileText::tr("A record ends before it begins."));
     const qint64 left = end - m_at - head.nameSize;
     if (head.valueBytes > static_cast<quint64>(left))
-        return fail(start, tr("The values of a record are larger than the record."));
+        return fail(start, VxFileText::tr("The values of a record are larger than the record."));
     if (head.valueCount > head.valueBytes / 2)
-        return fail(start, tr("A record announces more values than it has bytes for."));
+        return fail(start, VxFileText::tr("A record announces more values than it has bytes for."));
     if (m_open.size() > VxFbxRecords::MaxDepth)
-        return fail(start,
-                    tr("More than %1 records lie inside each other.").arg(VxFbxRecords::MaxDepth));
+        return fail(start, VxFileText::tr("More than %1 records lie inside each other.")
+                               .arg(VxFbxRecords::MaxDepth));
     const VxFbxRecords::Index index = m_records.addRecord(
         m_open.back().index, static_cast<qint32>(m_at), static_cast<qint32>(head.nameSize));
     if (index == VxFbxRecords::None)
-        return fail(start, tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
+        return fail(
+            start,
+            VxFileText::tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
     m_at += head.nameSize;
     if (!parseValues(head))
         return false;
@@ -154,7 +154,7 @@ bool VxFbxBinaryParser::parseValues(const Head &head)
             return false;
     }
     if (m_at != limit)
-        return fail(m_at, tr("The values of a record are shorter than announced."));
+        return fail(m_at, VxFileText::tr("The values of a record are shorter than announced."));
     return true;
 }
 
@@ -162,15 +162,17 @@ bool VxFbxBinaryParser::parseValue(qint64 limit)
 {
     const qint64 start = m_at;
     if (m_at >= limit)
-        return fail(start, tr("A value lies beyond the values of its record."));
+        return fail(start, VxFileText::tr("A value lies beyond the values of its record."));
     const char code = m_bytes[m_at++];
     qint64 size = 0;
     if (!valueSize(code, limit, &size))
         return false;
     if (size > limit - m_at)
-        return fail(start, tr("A value lies beyond the values of its record."));
+        return fail(start, VxFileText::tr("A value lies beyond the values of its record."));
     if (!m_records.addValue({code, static_cast<qint32>(m_at), static_cast<qint32>(size)}))
-        return fail(start, tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
+        return fail(
+            start,
+            VxFileText::tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
     m_at += size;
     return true;
 }
@@ -198,7 +200,7 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
     case 'S':
     case 'R':
         if (limit - m_at < 4)
-            return fail(m_at, tr("A value lies beyond the values of its record."));
+            return fail(m_at, VxFileText::tr("A value lies beyond the values of its record."));
         *size = qFromLittleEndian<quint32>(m_bytes + m_at);
         m_at += 4;
         return true;
@@ -209,11 +211,11 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
     case 'b':
     case 'c':
         if (limit - m_at < arrayHeadSize)
-            return fail(m_at, tr("A value lies beyond the values of its record."));
+            return fail(m_at, VxFileText::tr("A value lies beyond the values of its record."));
         *size = arrayHeadSize + qFromLittleEndian<quint32>(m_bytes + m_at + 8);
         return true;
     default:
-        return fail(m_at - 1, tr("A value has the unknown type %1.")
+        return fail(m_at - 1, VxFileText::tr("A value has the unknown type %1.")
                                   .arg(static_cast<int>(static_cast<quint8>(code))));
     }
 }

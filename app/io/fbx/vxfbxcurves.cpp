@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxcurves.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,11 +12,6 @@ constexpr qint64 firstVersionWithBits = 7200;
 // Later keys exceed the scene's time, which counts 4800 ticks a second in 32 bits.
 constexpr double maxSeconds = 440000.0;
 constexpr double sceneTick = 1.0 / 4800.0;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxCurves", text);
-}
 
 } // namespace
 
@@ -62,9 +58,9 @@ bool VxFbxCurves::readKeys(VxFbxRecords::Index record)
         return false;
     }
     if (times.size() != values.size())
-        return fail(
-            record,
-            tr("A curve has %1 key times and %2 key values.").arg(times.size()).arg(values.size()));
+        return fail(record, VxFileText::tr("A curve has %1 key times and %2 key values.")
+                                .arg(times.size())
+                                .arg(values.size()));
     if (!checkTimes(record, times))
         return false;
     m_keys.resize(times.size());
@@ -81,8 +77,9 @@ bool VxFbxCurves::checkTimes(VxFbxRecords::Index record, const std::vector<qint6
         return std::abs(static_cast<double>(time)) <= most;
     });
     return areNear ||
-           fail(record, tr("A curve has a key further than %1 seconds from the start of time.")
-                            .arg(maxSeconds, 0, 'f', 0));
+           fail(record,
+                VxFileText::tr("A curve has a key further than %1 seconds from the start of time.")
+                    .arg(maxSeconds, 0, 'f', 0));
 }
 
 // Shapes are stored once for a run of keys.
@@ -92,11 +89,12 @@ bool VxFbxCurves::spreadShapes(VxFbxRecords::Index record, const std::vector<qin
     if (flags.empty() && data.empty() && counts.empty())
         return true;
     if (counts.size() != flags.size() || data.size() != 4 * flags.size())
-        return fail(record, tr("A curve has %1 key flags, %2 shape values and %3 run lengths, "
-                               "which do not fit each other.")
-                                .arg(flags.size())
-                                .arg(data.size())
-                                .arg(counts.size()));
+        return fail(record,
+                    VxFileText::tr("A curve has %1 key flags, %2 shape values and %3 run lengths, "
+                                   "which do not fit each other.")
+                        .arg(flags.size())
+                        .arg(data.size())
+                        .arg(counts.size()));
     m_shapes.resize(flags.size());
     std::size_t key = 0;
     for (std::size_t run = 0; run < counts.size(); ++run) {
@@ -113,7 +111,8 @@ bool VxFbxCurves::spreadShapes(VxFbxRecords::Index record, const std::vector<qin
 
 bool VxFbxCurves::failRuns(VxFbxRecords::Index record)
 {
-    return fail(record, tr("The run lengths of a curve's key shapes do not add up to its %1 keys.")
+    return fail(record, VxFileText::tr(
+                            "The run lengths of a curve's key shapes do not add up to its %1 keys.")
                             .arg(m_keys.size()));
 }
 
@@ -229,13 +228,13 @@ QStringList VxFbxCurves::notes() const
 {
     QStringList notes;
     if (m_sortedCurves > 0)
-        notes.append(tr("Curves whose keys were out of order and have been sorted: %1.")
+        notes.append(VxFileText::tr("Curves whose keys were out of order and have been sorted: %1.")
                          .arg(m_sortedCurves));
     if (m_mergedKeys > 0)
-        notes.append(
-            tr("Keys left out because a later one has the same time: %1.").arg(m_mergedKeys));
+        notes.append(VxFileText::tr("Keys left out because a later one has the same time: %1.")
+                         .arg(m_mergedKeys));
     if (m_droppedKeys > 0)
-        notes.append(
-            tr("Keys left out because their value is not a number: %1.").arg(m_droppedKeys));
+        notes.append(VxFileText::tr("Keys left out because their value is not a number: %1.")
+                         .arg(m_droppedKeys));
     return notes;
 }

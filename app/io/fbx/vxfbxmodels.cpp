@@ -1,14 +1,10 @@
 #include "io/fbx/vxfbxmodels.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxModels", text);
-}
 
 // The file names the axis applied first in first position, VxRotationOrder the leftmost factor.
 VxNode::RotationOrder orderOf(qint64 fileOrder)
@@ -77,9 +73,10 @@ bool ModelReader::read(std::vector<VxFbxModel> *models, VxFileError *error)
     }
     for (int i = 1; i < count; ++i) {
         if (isModel(i) && !m_isPlaced[std::size_t(i)]) {
-            *error = m_records.errorAt(
-                m_records.offset(m_objects.record(i)),
-                tr("The parents of the node \"%1\" form a circle.").arg(m_objects.name(i)));
+            *error =
+                m_records.errorAt(m_records.offset(m_objects.record(i)),
+                                  VxFileText::tr("The parents of the node \"%1\" form a circle.")
+                                      .arg(m_objects.name(i)));
             return false;
         }
     }
@@ -135,7 +132,7 @@ bool ModelReader::visit(int root, VxFileError *error)
 void ModelReader::addSkeleton()
 {
     VxFbxModel skeleton;
-    skeleton.name = tr("Skeleton");
+    skeleton.name = VxFileText::tr("Skeleton");
     skeleton.kind = VxMotionNode::Skeleton;
     skeleton.inherit = VxFbxModel::BeforeRotation;
     m_skeleton = static_cast<int>(m_models.size());
@@ -148,9 +145,10 @@ bool ModelReader::append(int object, int parent, VxFileError *error)
     const int depth = parent < 0 ? 1 : m_depths[std::size_t(parent)] + 1;
     QString message;
     if (depth > VxMotionLimits::MaxDepth)
-        message = tr("More than %1 nodes are below each other.").arg(VxMotionLimits::MaxDepth);
+        message = VxFileText::tr("More than %1 nodes are below each other.")
+                      .arg(VxMotionLimits::MaxDepth);
     else if (m_models.size() >= std::size_t(VxMotionLimits::MaxNodes))
-        message = tr("The file has more than %1 nodes.").arg(VxMotionLimits::MaxNodes);
+        message = VxFileText::tr("The file has more than %1 nodes.").arg(VxMotionLimits::MaxNodes);
     if (!message.isEmpty()) {
         *error = m_records.errorAt(m_records.offset(m_objects.record(object)), message);
         return false;
@@ -231,13 +229,15 @@ void ModelReader::markSkeletons()
 void ModelReader::addNotes(VxMotionFacts *facts) const
 {
     if (m_spheric > 0)
-        facts->notes.append(tr("Nodes with a spheric or unknown rotation order, which rotate about "
-                               "X, Y and Z instead: %1. The first is \"%2\".")
-                                .arg(QString::number(m_spheric), m_firstSpheric));
+        facts->notes.append(
+            VxFileText::tr("Nodes with a spheric or unknown rotation order, which rotate about "
+                           "X, Y and Z instead: %1. The first is \"%2\".")
+                .arg(QString::number(m_spheric), m_firstSpheric));
     if (m_geometric > 0)
-        facts->notes.append(tr("Nodes with a geometric transform, which places their mesh only and "
-                               "was left out: %1. The first is \"%2\".")
-                                .arg(QString::number(m_geometric), m_firstGeometric));
+        facts->notes.append(
+            VxFileText::tr("Nodes with a geometric transform, which places their mesh only and "
+                           "was left out: %1. The first is \"%2\".")
+                .arg(QString::number(m_geometric), m_firstGeometric));
 }
 
 } // namespace

@@ -4,19 +4,14 @@
 #include "io/fbx/vxfbxbinaryparser.h"
 #include "io/fbx/vxfbxscene.h"
 #include "io/fbx/vxfbxtextparser.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 namespace {
 
 constexpr qint64 firstVersion = 7000;
 constexpr qint64 lastVersion = 7999;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxReader", text);
-}
 
 QString versionText(qint64 version)
 {
@@ -28,8 +23,8 @@ bool checkVersion(const VxFbxRecords &records, qint64 version, qint32 offset, Vx
     if (version >= firstVersion && version <= lastVersion)
         return true;
     *error = records.errorAt(
-        offset,
-        tr("FBX version %1 is not supported. Supported: 7.0 to 7.9.").arg(versionText(version)));
+        offset, VxFileText::tr("FBX version %1 is not supported. Supported: 7.0 to 7.9.")
+                    .arg(versionText(version)));
     return false;
 }
 
@@ -59,7 +54,7 @@ bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRec
         if (!checkVersion(parsed, *version, parsed.offset(record), error))
             return false;
     } else if (isParsed) {
-        *error = parsed.errorAt(0, tr("This is not an FBX file: it has no version."));
+        *error = parsed.errorAt(0, VxFileText::tr("This is not an FBX file: it has no version."));
         return false;
     }
     *error = parser.error();
@@ -79,13 +74,13 @@ bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress, VxImport
     if (!parse(bytes, partOfProgress(progress, 0, 50), &records, &version, error))
         return false;
     VxImportedMotion result;
-    result.facts.format = isBinary ? tr("FBX %1 (binary)").arg(versionText(version))
-                                   : tr("FBX %1 (text)").arg(versionText(version));
+    result.facts.format = isBinary ? VxFileText::tr("FBX %1 (binary)").arg(versionText(version))
+                                   : VxFileText::tr("FBX %1 (text)").arg(versionText(version));
     VxFbxScene scene(records, version);
     if (!scene.read(partOfProgress(progress, 50, 95), &result, error))
         return false;
     if (vxFbxConvertAxes(scene.settings().axes, &result))
-        result.facts.notes.append(tr("The file's axes were exchanged: Y is up now."));
+        result.facts.notes.append(VxFileText::tr("The file's axes were exchanged: Y is up now."));
     QString message;
     if (!result.isValid(&message)) {
         *error = records.errorAt(0, message);

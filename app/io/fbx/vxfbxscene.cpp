@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxscene.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -10,11 +11,6 @@ namespace {
 // Tracks of one node in one animation need several hundred bytes, even if constant.
 constexpr std::size_t maxTracks = 300 * 1000;
 constexpr double percent = 0.01;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxScene", text);
-}
 
 QString text(std::string_view bytes)
 {
@@ -41,7 +37,7 @@ bool VxFbxScene::read(const VxFileProgress &progress, VxImportedMotion *motion, 
         return false;
     if (m_models.empty()) {
         *error = m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                                   tr("The file has no nodes."));
+                                   VxFileText::tr("The file has no nodes."));
         return false;
     }
     facts->notes += m_objects.notes();
@@ -51,10 +47,11 @@ bool VxFbxScene::read(const VxFileProgress &progress, VxImportedMotion *motion, 
     m_modelOf[0] = -1;
     m_stacks = vxFbxReadStacks(m_records, m_objects, facts);
     if (m_stacks.size() * m_models.size() > maxTracks) {
-        *error = m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                                   tr("%1 animations of %2 nodes are more than can be read.")
-                                       .arg(m_stacks.size())
-                                       .arg(m_models.size()));
+        *error =
+            m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
+                              VxFileText::tr("%1 animations of %2 nodes are more than can be read.")
+                                  .arg(m_stacks.size())
+                                  .arg(m_models.size()));
         return false;
     }
     findMorphs();
@@ -156,7 +153,7 @@ bool VxFbxScene::readTracks(const VxFileProgress &progress, VxImportedMotion *mo
     VxFbxFigure figure(m_models, &m_tracks);
     if (!figure.addNodes(motion)) {
         *error = m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                                   tr("The file has too many nodes."));
+                                   VxFileText::tr("The file has too many nodes."));
         return false;
     }
     addValues(figure, motion);
@@ -256,7 +253,8 @@ void VxFbxScene::addOmissions(VxMotionFacts *facts) const
         for (const Kind &it : kinds) {
             if (m_objects.kind(i) == it.kind &&
                 (!it.subclass || m_objects.subclass(i) == it.subclass))
-                facts->addOmission(tr(it.what), tr("Only nodes, morphs and their keys are read."),
+                facts->addOmission(VxFileText::tr(it.what),
+                                   VxFileText::tr("Only nodes, morphs and their keys are read."),
                                    m_objects.name(i));
         }
     }
@@ -269,10 +267,11 @@ void VxFbxScene::addOmissions(VxMotionFacts *facts) const
                 const bool isOther = target.property == VxFbxTarget::Other;
                 const bool isLost = target.property == VxFbxTarget::Morph || isOther;
                 if (isLost && read.count(target) == 0)
-                    facts->addOmission(isOther ? tr("animation of \"%1\"").arg(text(target.name))
-                                               : tr("animation of a morph"),
-                                       tr("Nothing in the scene corresponds to it."),
-                                       m_objects.name(target.object));
+                    facts->addOmission(
+                        isOther ? VxFileText::tr("animation of \"%1\"").arg(text(target.name))
+                                : VxFileText::tr("animation of a morph"),
+                        VxFileText::tr("Nothing in the scene corresponds to it."),
+                        m_objects.name(target.object));
             }
         }
     }
@@ -286,12 +285,15 @@ void VxFbxScene::addNotes(const VxFbxFigure &figure, const QStringList &curveNot
         if (count > 0)
             facts->notes.append(note.arg(count));
     };
-    add(tr("Helper nodes for pivots, below the nodes that move about them: %1."),
+    add(VxFileText::tr("Helper nodes for pivots, below the nodes that move about them: %1."),
         figure.pivotCount());
-    add(tr("Helper nodes for scales that children do not inherit: %1."), figure.scaleCount());
-    add(tr("Values combined from layers that had to be sampled: %1."), m_sampledCount);
-    add(tr("Of these, values that change too fast to be sampled exactly: %1."), m_coarseCount);
-    add(tr("Curves that the file continues outside of their keys, where the scene holds the end "
-           "value: %1."),
+    add(VxFileText::tr("Helper nodes for scales that children do not inherit: %1."),
+        figure.scaleCount());
+    add(VxFileText::tr("Values combined from layers that had to be sampled: %1."), m_sampledCount);
+    add(VxFileText::tr("Of these, values that change too fast to be sampled exactly: %1."),
+        m_coarseCount);
+    add(VxFileText::tr(
+            "Curves that the file continues outside of their keys, where the scene holds the end "
+            "value: %1."),
         m_extrapolatedCount);
 }

@@ -1,19 +1,14 @@
 #include "io/fbx/vxfbxsettings.h"
 
 #include "io/fbx/vxfbxobjects.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <cmath>
 
 namespace {
 
 constexpr double newTicksPerSecond = 141120000.0;
 constexpr int customTimeMode = 14;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxSettings", text);
-}
 
 // Frames per second of a time mode below 18; 0 where the mode itself has none.
 double rateOfMode(int mode)
@@ -91,7 +86,8 @@ void readRate(const VxFbxRecords &records, VxFbxRecords::Index properties, VxFbx
     if (rate > 0.0 && rate <= 10000.0)
         settings->rate = rate;
     else
-        notes->append(tr("The file's frame rate is not a rate; 30 frames per second are used."));
+        notes->append(
+            VxFileText::tr("The file's frame rate is not a rate; 30 frames per second are used."));
 }
 
 } // namespace
@@ -104,12 +100,14 @@ VxFbxSettings vxFbxReadSettings(const VxFbxRecords &records, QStringList *notes)
     const auto properties = records.find({"GlobalSettings", "Properties70"});
     readRate(records, properties, &settings, notes);
     if (!readAxes(records, properties, &settings.axes))
-        notes->append(tr("The file's axes are not three different ones; Y up is used."));
+        notes->append(
+            VxFileText::tr("The file's axes are not three different ones; Y up is used."));
     const double unit = vxFbxNumber(records, properties, "UnitScaleFactor", 1.0);
     if (unit > 1e-9 && unit < 1e9)
         settings.metresPerUnit = unit * 0.01;
     else
-        notes->append(tr("The file's unit of length has no size; centimetres are used."));
+        notes->append(
+            VxFileText::tr("The file's unit of length has no size; centimetres are used."));
     records.integer(vxFbxProperty(records, properties, "TimeSpanStart"), &settings.spanStart);
     records.integer(vxFbxProperty(records, properties, "TimeSpanStop"), &settings.spanEnd);
     return settings;

@@ -1,16 +1,12 @@
 #include "io/fbx/vxfbxstacks.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxStacks", text);
-}
 
 VxFbxTarget targetOf(const VxFbxObjects &objects, const VxFbxObjects::Link &link)
 {
@@ -115,7 +111,8 @@ VxFbxStack StackReader::read(int object, VxMotionFacts *facts)
         if (!use(link, "AnimationLayer"))
             continue;
         if (m_objects.integer(link.object, "Mute", 0) != 0)
-            facts->addOmission(tr("animation layer"), tr("It is muted in the file."),
+            facts->addOmission(VxFileText::tr("animation layer"),
+                               VxFileText::tr("It is muted in the file."),
                                m_objects.name(link.object));
         else
             stack.layers.push_back(readLayer(link.object));

@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxtextparser.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -28,11 +29,6 @@ const char *find(const char *from, const char *end, char wanted)
 {
     const void *found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));
     return found ? static_cast<const char *>(found) : end;
-}
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxFbxTextParser", text);
 }
 
 } // namespace
@@ -86,7 +82,7 @@ bool VxFbxTextParser::parse()
     if (m_open.size() == 1)
         return true;
     const std::string_view name = m_records.name(m_open.back());
-    return fail(m_end, tr("The file ends inside the record \"%1\".")
+    return fail(m_end, VxFileText::tr("The file ends inside the record \"%1\".")
                            .arg(QString::fromUtf8(name.data(), static_cast<int>(name.size()))));
 }
 
@@ -96,11 +92,10 @@ bool VxFbxTextParser::parseNext()
     switch (*m_at) {
     case '{':
         if (m_last == VxFbxRecords::None)
-            return fail(start, tr("A brace opens without a record before it."));
+            return fail(start, VxFileText::tr("A brace opens without a record before it."));
         if (m_open.size() > VxFbxRecords::MaxDepth)
-            return fail(
-                start,
-                tr("More than %1 records lie inside each other.").arg(VxFbxRecords::MaxDepth));
+            return fail(start, VxFileText::tr("More than %1 records lie inside each other.")
+                                   .arg(VxFbxRecords::MaxDepth));
         m_open.push_back(m_last);
         m_last = VxFbxRecords::None;
         ++m_at;
@@ -109,7 +104,8 @@ bool VxFbxTextParser::parseNext()
         return closeRecord();
     case ',':
         ++m_at;
-        return m_last != VxFbxRecords::None || fail(start, tr("A comma has no value before it."));
+        return m_last != VxFbxRecords::None ||
+               fail(start, VxFileText::tr("A comma has no value before it."));
     case '"':
         return parseString();
     case '*':
@@ -122,7 +118,7 @@ bool VxFbxTextParser::parseNext()
     if (m_at < m_end && *m_at == ':' && m_at > start)
         return openRecord(start, m_at++ - start);
     if (m_at == start)
-        return fail(start, tr("This is not the text of an FBX file."));
+        return fail(start, VxFileText::tr("This is not the text of an FBX file."));
     return addValue(beginsNumber(start, m_at) ? VxFbxValue::Number : VxFbxValue::Word, start, m_at);
 }
 
@@ -131,13 +127,14 @@ bool VxFbxTextParser::openRecord(const char *name, qint64 size)
     m_last = m_records.addRecord(m_open.back(), static_cast<qint32>(name - m_begin),
                                  static_cast<qint32>(size));
     return m_last != VxFbxRecords::None ||
-           fail(name, tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
+           fail(name,
+                VxFileText::tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
 }
 
 bool VxFbxTextParser::closeRecord()
 {
     if (m_open.size() == 1)
-        return fail(m_at, tr("A brace closes without a record to close."));
+        return fail(m_at, VxFileText::tr("A brace closes without a record to close."));
     m_open.pop_back();
     m_last = VxFbxRecords::None;
     ++m_at;
@@ -149,7 +146,7 @@ bool VxFbxTextParser::parseString()
     const char *from = m_at + 1;
     const char *to = find(from, m_end, '"');
     if (to == m_end)
-        return fail(m_at, tr("A string has no end."));
+        return fail(m_at, VxFileText::tr("A string has no end."));
     m_at = to + 1;
     return addValue(VxFbxValue::String, from, to);
 }
@@ -161,10 +158,10 @@ bool VxFbxTextParser::parseArray(const char *star)
     while (open < m_end && (isSpace(*open) || (*open >= '0' && *open <= '9')))
         ++open;
     if (open == m_end || *open != '{')
-        return fail(star, tr("An array has no brace after its size."));
+        return fail(star, VxFileText::tr("An array has no brace after its size."));
     const char *close = find(open, m_end, '}');
     if (close == m_end)
-        return fail(star, tr("An array has no end."));
+        return fail(star, VxFileText::tr("An array has no end."));
     m_at = close + 1;
     return addValue(VxFbxValue::NumberList, star + 1, close);
 }
@@ -172,8 +169,9 @@ bool VxFbxTextParser::parseArray(const char *star)
 bool VxFbxTextParser::addValue(char code, const char *from, const char *to)
 {
     if (m_last == VxFbxRecords::None)
-        return fail(from, tr("A value has no record before it."));
+        return fail(from, VxFileText::tr("A value has no record before it."));
     return m_records.addValue(
                {code, static_cast<qint32>(from - m_begin), static_cast<qint32>(to - from)}) ||
-           fail(from, tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
+           fail(from,
+                VxFileText::tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
 }

@@ -1,22 +1,13 @@
 #include "io/gltf/vxgltfanimations.h"
 
-#include <QCoreApplication>
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <set>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfReader", text);
-}
-
-bool fail(QString *message, const QString &text)
-{
-    *message = text;
-    return false;
-}
 
 /// The data of one sampler: `width` numbers a key, three times as many for cubic segments.
 struct Sampler
@@ -73,7 +64,7 @@ private:
 bool AnimationReader::omit(const QString &why, int node)
 {
     const QString name = node >= 0 ? m_motion->nodes[std::size_t(node)].name : m_clip->name;
-    m_motion->facts.addOmission(tr("channel"), why, name);
+    m_motion->facts.addOmission(VxFileText::tr("channel"), why, name);
     return true;
 }
 
@@ -85,7 +76,7 @@ bool AnimationReader::readTimes(qint64 accessor, Sampler *sampler, QString *mess
         !m_document->read(index, &sampler->times, message))
         return false;
     if (info.components != 1)
-        return fail(message, tr("Accessor %1 holds no times.").arg(index));
+        return vxFail(message, VxFileText::tr("Accessor %1 holds no times.").arg(index));
     return true;
 }
 
@@ -96,14 +87,14 @@ bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
     const std::vector<double> &times = sampler->times;
     for (const double time : times) {
         if (!std::isfinite(time))
-            return fail(message, tr("a key has a time that is no number."));
+            return vxFail(message, VxFileText::tr("a key has a time that is no number."));
     }
     for (std::size_t i = 1; i < times.size(); ++i) {
         if (times[i] < times[i - 1])
-            return fail(message, tr("key %1 at %2 s comes after one at %3 s.")
-                                     .arg(i)
-                                     .arg(times[i])
-                                     .arg(times[i - 1]));
+            return vxFail(message, VxFileText::tr("key %1 at %2 s comes after one at %3 s.")
+                                       .arg(i)
+                                       .arg(times[i])
+                                       .arg(times[i - 1]));
     }
     if (std::adjacent_find(times.begin(), times.end()) == times.end())
         return true;
@@ -112,7 +103,8 @@ bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
     std::size_t count = 0;
     for (std::size_t i = 0; i < times.size(); ++i) {
         if (i > 0 && times[i] == times[i - 1]) {
-            m_motion->facts.addOmission(tr("key"), tr("Another key has the same time."),
+            m_motion->facts.addOmission(VxFileText::tr("key"),
+                                        VxFileText::tr("Another key has the same time."),
                                         m_clip->name);
             continue;
         }
@@ -130,7 +122,7 @@ bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
 bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *message)
 {
     if (index < 0 || index >= m_samplers.size())
-        return fail(message, tr("sampler %1 does not exist.").arg(index));
+        return vxFail(message, VxFileText::tr("sampler %1 does not exist.").arg(index));
     const QJsonObject object = m_samplers.at(int(index)).toObject();
     const QString kind = object.value(QLatin1String("interpolation")).toString();
     if (kind == QLatin1String("STEP"))
@@ -138,14 +130,16 @@ bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *messa
     else if (kind == QLatin1String("CUBICSPLINE"))
         sampler->segment = VxMotionSegment::Cubic;
     else if (!kind.isEmpty() && kind != QLatin1String("LINEAR"))
-        return fail(message, tr("the interpolation \"%1\" does not exist.").arg(kind));
+        return vxFail(message,
+                      VxFileText::tr("the interpolation \"%1\" does not exist.").arg(kind));
     const int output = int(qMin<qint64>(vxGltfIndex(object, "output"), INT_MAX));
     if (!readTimes(vxGltfIndex(object, "input"), sampler, message) ||
         !m_document->read(output, &sampler->numbers, message))
         return false;
     for (const double number : sampler->numbers) {
         if (!std::isfinite(number))
-            return fail(message, tr("accessor %1 has a value that is no number.").arg(output));
+            return vxFail(message,
+                          VxFileText::tr("accessor %1 has a value that is no number.").arg(output));
     }
     const std::size_t values = sampler->times.size() * (sampler->isCubic() ? 3 : 1);
     if (values > 0 && sampler->numbers.size() % values == 0)
@@ -211,9 +205,10 @@ void AnimationReader::addRotation(int node, const Sampler &sampler)
         if (length > 1e-6 && std::isfinite(length)) {
             last = {{q[0] / length, q[1] / length, q[2] / length, q[3] / length}};
         } else {
-            m_motion->facts.addOmission(tr("rotation"),
-                                        tr("It has no direction; the one before it holds."),
-                                        m_motion->nodes[std::size_t(node)].name);
+            m_motion->facts.addOmission(
+                VxFileText::tr("rotation"),
+                VxFileText::tr("It has no direction; the one before it holds."),
+                m_motion->nodes[std::size_t(node)].name);
         }
         track.times.push_back(sampler.times[i]);
         track.values.push_back(last);
@@ -235,35 +230,37 @@ bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
     const QString path = target.value(QLatin1String("path")).toString();
     const qint64 index = vxGltfIndex(target, "node");
     if (path == QLatin1String("pointer"))
-        return omit(tr("It drives something other than a node."), -1);
+        return omit(VxFileText::tr("It drives something other than a node."), -1);
     if (!target.contains(QLatin1String("node")))
-        return omit(tr("It drives nothing."), -1);
+        return omit(VxFileText::tr("It drives nothing."), -1);
     if (index < 0 || index >= qint64(m_places.size()))
-        return fail(message, tr("a channel drives a node that does not exist."));
+        return vxFail(message, VxFileText::tr("a channel drives a node that does not exist."));
     const int node = m_places[std::size_t(index)];
     const bool isWeights = path == QLatin1String("weights");
     const bool isRotation = path == QLatin1String("rotation");
     const bool isTranslation = path == QLatin1String("translation");
     if (!isWeights && !isRotation && !isTranslation && path != QLatin1String("scale"))
-        return omit(tr("It drives something other than a node's transform or weights."), node);
+        return omit(VxFileText::tr("It drives something other than a node's transform or weights."),
+                    node);
     if (!m_driven.insert({node, path}).second)
-        return omit(tr("Another channel drives the same."), node);
+        return omit(VxFileText::tr("Another channel drives the same."), node);
     Sampler sampler;
     if (!readSampler(vxGltfIndex(channel, "sampler"), &sampler, message))
         return false;
     if (sampler.times.empty())
-        return omit(tr("It has no keys."), node);
+        return omit(VxFileText::tr("It has no keys."), node);
     const std::size_t width = isWeights    ? m_motion->nodes[std::size_t(node)].morphs.size()
                               : isRotation ? 4
                                            : 3;
     if (isWeights && width == 0)
-        return omit(tr("The node has no morphs."), node);
+        return omit(VxFileText::tr("The node has no morphs."), node);
     if (sampler.width != width)
-        return fail(message,
-                    tr("the channel \"%1\" of \"%2\" has %3 numbers a key where %4 belong.")
-                        .arg(path, m_motion->nodes[std::size_t(node)].name)
-                        .arg(sampler.width)
-                        .arg(width));
+        return vxFail(
+            message,
+            VxFileText::tr("the channel \"%1\" of \"%2\" has %3 numbers a key where %4 belong.")
+                .arg(path, m_motion->nodes[std::size_t(node)].name)
+                .arg(sampler.width)
+                .arg(width));
     if (isWeights)
         addWeights(node, sampler);
     else if (isRotation)
@@ -286,7 +283,7 @@ bool vxReadGltfAnimations(VxGltfDocument *document, const std::vector<int> &plac
         VxMotionClip clip;
         clip.name = object.value(QLatin1String("name")).toString();
         if (clip.name.isEmpty())
-            clip.name = tr("Animation %1").arg(i + 1);
+            clip.name = VxFileText::tr("Animation %1").arg(i + 1);
         AnimationReader reader(document, places, motion, &clip, object);
         const QJsonArray channels = object.value(QLatin1String("channels")).toArray();
         for (int c = 0; c < channels.size(); ++c) {
@@ -296,9 +293,8 @@ bool vxReadGltfAnimations(VxGltfDocument *document, const std::vector<int> &plac
             }
             QString why;
             if (!reader.readChannel(channels.at(c).toObject(), &why))
-                return fail(
-                    message,
-                    tr("Animation \"%1\", channel %2: %3").arg(clip.name, QString::number(c), why));
+                return vxFail(message, VxFileText::tr("Animation \"%1\", channel %2: %3")
+                                           .arg(clip.name, QString::number(c), why));
         }
         motion->clips.push_back(std::move(clip));
     }

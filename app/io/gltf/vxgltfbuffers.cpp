@@ -1,8 +1,9 @@
 #include "io/gltf/vxgltfbuffers.h"
 
 #include "io/gltf/vxgltfdocument.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,17 +13,6 @@ namespace {
 
 /// Larger files are not motion, and would exhaust the memory.
 constexpr qint64 MaxBufferBytes = 512 * 1024 * 1024;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfReader", text);
-}
-
-bool fail(QString *message, const QString &text)
-{
-    *message = text;
-    return false;
-}
 
 /// The bytes of a "data:...;base64,..." URI; null for one of another form.
 QByteArray dataOf(const QString &uri)
@@ -60,29 +50,33 @@ void VxGltfBuffers::setDescriptions(const QJsonArray &buffers, const QJsonArray 
 bool VxGltfBuffers::view(qint64 index, VxGltfView *view, QString *message)
 {
     if (index < 0 || index >= m_views.size())
-        return fail(message, tr("There is no buffer view %1.").arg(index));
+        return vxFail(message, VxFileText::tr("There is no buffer view %1.").arg(index));
     const QJsonObject object = m_views.at(int(index)).toObject();
     if (object.value(QLatin1String("extensions"))
             .toObject()
             .contains(QLatin1String("EXT_meshopt_compression")))
-        return fail(message, tr("Buffer view %1 is compressed (EXT_meshopt_compression), which "
-                                "cannot be read. Export the file without compression.")
-                                 .arg(index));
+        return vxFail(
+            message, VxFileText::tr("Buffer view %1 is compressed (EXT_meshopt_compression), which "
+                                    "cannot be read. Export the file without compression.")
+                         .arg(index));
     const qint64 buffer = vxGltfIndex(object, "buffer");
     const qint64 offset = vxGltfIndex(object, "byteOffset", 0);
     const qint64 length = vxGltfIndex(object, "byteLength");
     const qint64 stride = vxGltfIndex(object, "byteStride", 0);
     if (buffer < 0 || buffer >= m_buffers.size() || offset < 0 || length < 0 || stride < 0)
-        return fail(message, tr("Buffer view %1 is not described correctly.").arg(index));
+        return vxFail(message,
+                      VxFileText::tr("Buffer view %1 is not described correctly.").arg(index));
     if (!load(buffer, message))
         return false;
     const QByteArray &bytes = m_loaded[std::size_t(buffer)];
     if (offset > bytes.size() || length > bytes.size() - offset || stride > MaxBufferBytes)
-        return fail(message, tr("Buffer view %1 reaches beyond the end of buffer %2, which has %3 "
-                                "bytes.")
-                                 .arg(index)
-                                 .arg(buffer)
-                                 .arg(bytes.size()));
+        return vxFail(
+            message,
+            VxFileText::tr("Buffer view %1 reaches beyond the end of buffer %2, which has %3 "
+                           "bytes.")
+                .arg(index)
+                .arg(buffer)
+                .arg(bytes.size()));
     *view = {bytes.constData() + offset, length, stride};
     return true;
 }
@@ -96,21 +90,21 @@ bool VxGltfBuffers::load(qint64 buffer, QString *message)
     const qint64 length = vxGltfIndex(object, "byteLength");
     const QJsonValue uri = object.value(QLatin1String("uri"));
     if (length < 0)
-        return fail(message, tr("Buffer %1 is not described correctly.").arg(buffer));
+        return vxFail(message, VxFileText::tr("Buffer %1 is not described correctly.").arg(buffer));
     if (uri.isUndefined()) {
         if (buffer != 0 || m_chunk.isNull())
-            return fail(message, tr("Buffer %1 has no data.").arg(buffer));
+            return vxFail(message, VxFileText::tr("Buffer %1 has no data.").arg(buffer));
         bytes = m_chunk;
     } else if (uri.toString().startsWith(QLatin1String("data:"), Qt::CaseInsensitive)) {
         bytes = dataOf(uri.toString());
         if (bytes.isNull())
-            return fail(message, tr("The data in buffer %1 is broken.").arg(buffer));
+            return vxFail(message, VxFileText::tr("The data in buffer %1 is broken.").arg(buffer));
     } else if (!loadFile(uri.toString(), length, &bytes, message)) {
         return false;
     }
     m_loadedBytes += bytes.size();
     if (m_loadedBytes > MaxBufferBytes)
-        return fail(message, tr("The file has more data than can be read."));
+        return vxFail(message, VxFileText::tr("The file has more data than can be read."));
     return true;
 }
 
@@ -122,14 +116,15 @@ bool VxGltfBuffers::loadFile(const QString &uri, qint64 length, QByteArray *byte
     const bool isBelow = QDir::isRelativePath(clean) && !clean.startsWith(QLatin1String("..")) &&
                          !path.contains(QLatin1String("://"));
     if (m_folder.isEmpty() || path.isEmpty() || !isBelow)
-        return fail(message, tr("The data lies outside of the file's folder: %1").arg(uri));
+        return vxFail(message,
+                      VxFileText::tr("The data lies outside of the file's folder: %1").arg(uri));
     const QString name = QDir(m_folder).filePath(clean);
     const QFileInfo info(name);
     if (!info.isFile())
-        return fail(message, tr("The data file \"%1\" does not exist.").arg(path));
+        return vxFail(message, VxFileText::tr("The data file \"%1\" does not exist.").arg(path));
     QFile file(name);
     if (info.size() > MaxBufferBytes || !file.open(QIODevice::ReadOnly))
-        return fail(message, tr("The data file \"%1\" cannot be read.").arg(path));
+        return vxFail(message, VxFileText::tr("The data file \"%1\" cannot be read.").arg(path));
     *bytes = file.read(qMin(length, info.size()));
     if (bytes->isNull())
         *bytes = QByteArray("");

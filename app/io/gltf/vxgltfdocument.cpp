@@ -2,8 +2,9 @@
 
 #include "io/gltf/vxgltfbuffers.h"
 #include "io/motion/vximportedmotion.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QtEndian>
 #include <cmath>
@@ -19,17 +20,6 @@ constexpr int ChunkHeader = 8;
 
 /// Limit of numbers read; a key has up to 12 of them.
 constexpr qint64 MaxNumbers = VxMotionLimits::MaxKeys * 4;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfReader", text);
-}
-
-bool fail(QString *message, const QString &text)
-{
-    *message = text;
-    return false;
-}
 
 quint32 word(const QByteArray &bytes, qint64 offset)
 {
@@ -138,15 +128,17 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
 {
     *offset = 4;
     if (bytes.size() < GlbHeader + ChunkHeader)
-        return fail(message, tr("The file ends within its header."));
+        return vxFail(message, VxFileText::tr("The file ends within its header."));
     if (word(bytes, 4) != 2)
-        return fail(message, tr("The file has version %1 of the format; version 2 can be read.")
-                                 .arg(word(bytes, 4)));
+        return vxFail(
+            message, VxFileText::tr("The file has version %1 of the format; version 2 can be read.")
+                         .arg(word(bytes, 4)));
     const qint64 announced = word(bytes, 8);
     *offset = 8;
     if (announced > bytes.size())
-        return fail(message,
-                    tr("The file announces %1 bytes but has %2.").arg(announced).arg(bytes.size()));
+        return vxFail(message, VxFileText::tr("The file announces %1 bytes but has %2.")
+                                   .arg(announced)
+                                   .arg(bytes.size()));
     qint64 at = GlbHeader;
     for (int chunk = 0; at + ChunkHeader <= announced; ++chunk) {
         const qint64 length = word(bytes, at);
@@ -154,10 +146,11 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
         *offset = at;
         at += ChunkHeader;
         if (length > announced - at)
-            return fail(message,
-                        tr("A block of %1 bytes reaches beyond the end of the file.").arg(length));
+            return vxFail(message,
+                          VxFileText::tr("A block of %1 bytes reaches beyond the end of the file.")
+                              .arg(length));
         if (chunk == 0 && type != JsonChunk)
-            return fail(message, tr("The file does not begin with its description."));
+            return vxFail(message, VxFileText::tr("The file does not begin with its description."));
         if (chunk == 0 && !parseJson(bytes.mid(int(at), int(length)), at, message, offset))
             return false;
         if (chunk == 1 && type == BinaryChunk)
@@ -174,11 +167,13 @@ bool VxGltfDocument::Private::parseJson(const QByteArray &text, qint64 at, QStri
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
         *offset = at + error.offset;
-        return fail(message, tr("The file's description is broken: %1.").arg(error.errorString()));
+        return vxFail(
+            message,
+            VxFileText::tr("The file's description is broken: %1.").arg(error.errorString()));
     }
     *offset = -1;
     if (!document.isObject())
-        return fail(message, tr("This is no glTF file."));
+        return vxFail(message, VxFileText::tr("This is no glTF file."));
     root = document.object();
     return checkVersion(message);
 }
@@ -189,11 +184,14 @@ bool VxGltfDocument::Private::checkVersion(QString *message) const
     const QString version = asset.value(QLatin1String("version")).toString();
     const QString needed = asset.value(QLatin1String("minVersion")).toString();
     if (version.isEmpty())
-        return fail(message, tr("This is no glTF file: it does not say its version."));
+        return vxFail(message,
+                      VxFileText::tr("This is no glTF file: it does not say its version."));
     if (!version.startsWith(QLatin1String("2.")) ||
         (!needed.isEmpty() && needed != QLatin1String("2.0")))
-        return fail(message, tr("The file has version %1 of the format; version 2.0 can be read.")
-                                 .arg(needed.isEmpty() ? version : needed));
+        return vxFail(
+            message,
+            VxFileText::tr("The file has version %1 of the format; version 2.0 can be read.")
+                .arg(needed.isEmpty() ? version : needed));
     return true;
 }
 
@@ -207,17 +205,19 @@ bool VxGltfDocument::Private::readBlock(const Block &block, std::vector<double> 
         return false;
     const qint64 stride = view.stride > 0 ? view.stride : element;
     if (stride < element)
-        return fail(message, tr("Buffer view %1 has a stride of %2 bytes for elements of %3.")
-                                 .arg(block.view)
-                                 .arg(stride)
-                                 .arg(element));
+        return vxFail(message,
+                      VxFileText::tr("Buffer view %1 has a stride of %2 bytes for elements of %3.")
+                          .arg(block.view)
+                          .arg(stride)
+                          .arg(element));
     // Count and stride are below 2^31 here, so that the product fits.
     if (block.offset > view.size || block.count > view.size ||
         (block.count > 0 && (block.count - 1) * stride + element > view.size - block.offset))
-        return fail(message, tr("Buffer view %1 has %2 bytes, too few for %3 elements.")
-                                 .arg(block.view)
-                                 .arg(view.size)
-                                 .arg(block.count));
+        return vxFail(message,
+                      VxFileText::tr("Buffer view %1 has %2 bytes, too few for %3 elements.")
+                          .arg(block.view)
+                          .arg(view.size)
+                          .arg(block.count));
     numbers->resize(std::size_t(block.count * block.components));
     double *out = numbers->data();
     for (qint64 i = 0; i < block.count; ++i) {
@@ -244,7 +244,7 @@ bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &
     by.offset = vxGltfIndex(values, "byteOffset", 0);
     if (at.count < 0 || at.count > block.count || at.offset < 0 || by.offset < 0 ||
         (at.type != 5121 && at.type != 5123 && at.type != 5125))
-        return fail(message, tr("The sparse values are not described correctly."));
+        return vxFail(message, VxFileText::tr("The sparse values are not described correctly."));
     std::vector<double> places;
     std::vector<double> replaced;
     if (!readBlock(at, &places, message) || !readBlock(by, &replaced, message))
@@ -252,7 +252,7 @@ bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &
     const auto components = std::size_t(block.components);
     for (std::size_t i = 0; i < places.size(); ++i) {
         if (places[i] >= double(block.count))
-            return fail(message, tr("A sparse value lies beyond the end."));
+            return vxFail(message, VxFileText::tr("A sparse value lies beyond the end."));
         std::copy_n(replaced.begin() + std::ptrdiff_t(i * components), components,
                     numbers->begin() + std::ptrdiff_t(std::size_t(places[i]) * components));
     }
@@ -299,19 +299,21 @@ bool VxGltfDocument::describe(int accessor, VxGltfAccessorInfo *info, QString *m
 {
     *info = VxGltfAccessorInfo();
     if (accessor < 0 || accessor >= d->accessors.size())
-        return fail(message, tr("There is no accessor %1.").arg(accessor));
+        return vxFail(message, VxFileText::tr("There is no accessor %1.").arg(accessor));
     const QJsonObject object = d->accessors.at(accessor).toObject();
     const qint64 type = vxGltfIndex(object, "componentType");
     const int components = componentsOf(object.value(QLatin1String("type")).toString());
     const qint64 count = vxGltfIndex(object, "count");
     if (componentSize(type) == 0 || components == 0 || count < 0 ||
         vxGltfIndex(object, "byteOffset", 0) < 0)
-        return fail(message, tr("Accessor %1 is not described correctly.").arg(accessor));
+        return vxFail(message,
+                      VxFileText::tr("Accessor %1 is not described correctly.").arg(accessor));
     if (count > d->numbersLeft / components)
-        return fail(message, tr("Accessor %1 announces %2 values; the file has more than can be "
-                                "read.")
-                                 .arg(accessor)
-                                 .arg(count));
+        return vxFail(message, VxFileText::tr(
+                                   "Accessor %1 announces %2 values; the file has more than can be "
+                                   "read.")
+                                   .arg(accessor)
+                                   .arg(count));
     *info = {components, count, type == 5126};
     return true;
 }
@@ -342,7 +344,7 @@ bool VxGltfDocument::read(int accessor, std::vector<double> *numbers, QString *m
         done =
             d->putSparse(object.value(QLatin1String("sparse")).toObject(), block, numbers, message);
     if (!done)
-        *message = tr("Accessor %1: %2").arg(QString::number(accessor), *message);
+        *message = VxFileText::tr("Accessor %1: %2").arg(QString::number(accessor), *message);
     return done;
 }
 

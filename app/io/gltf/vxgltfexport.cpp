@@ -3,9 +3,10 @@
 #include "io/gltf/vxgltfcurves.h"
 #include "io/gltf/vxgltfoutput.h"
 #include "io/motion/vxkeptrate.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 
-#include <QCoreApplication>
 #include <QHash>
 #include <QMatrix4x4>
 #include <cmath>
@@ -18,19 +19,6 @@
 #include <vxcore/vxskeleton.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfExport", text);
-}
-
-bool fail(VxFileError *error, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
 
 QString key(const char *text)
 {
@@ -378,9 +366,10 @@ QByteArray Writer::bytes(bool binary) const
     if (!m_skins.isEmpty())
         root.insert(key("skins"), m_skins);
     if (!m_channels.isEmpty())
-        root.insert(key("animations"), QJsonArray{QJsonObject{{key("name"), tr("Motion")},
-                                                              {key("samplers"), m_samplers},
-                                                              {key("channels"), m_channels}}});
+        root.insert(key("animations"),
+                    QJsonArray{QJsonObject{{key("name"), VxFileText::tr("Motion")},
+                                           {key("samplers"), m_samplers},
+                                           {key("channels"), m_channels}}});
     return binary ? m_output.binary(root) : m_output.text(root);
 }
 
@@ -423,23 +412,25 @@ bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
     const qint64 frames =
         (qint64(d->range.getEnd()) - d->range.getStart()) / d->scene->getTimeStep() + 1;
     if (d->scene->getNumNodes() == 0)
-        return fail(error, tr("The scene is empty."));
+        return vxFail(error, VxFileText::tr("The scene is empty."));
     if (frames > MaxKeys / d->scene->getNumNodes())
-        return fail(error, tr("The motion is too long: %1 frames of %2 nodes.")
-                               .arg(frames)
-                               .arg(d->scene->getNumNodes()));
+        return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 nodes.")
+                                 .arg(frames)
+                                 .arg(d->scene->getNumNodes()));
     Writer writer(d->scene, d->range);
     writer.addNodes(d->root);
     if (!writer.addAnimation(d->progress))
-        return fail(error, tr("The export was cancelled."), true);
+        return vxCancel(error, VxFileText::tr("The export was cancelled."));
     writer.addSkins();
     *bytes = writer.bytes(binary);
     d->error = writer.error();
-    d->summary = tr("%1 nodes, %2 keys; rotations deviate by up to %3 degrees between keys.")
-                     .arg(QString::number(writer.numNodes()), QString::number(writer.numKeys()),
-                          QString::number(d->error, 'g', 3));
+    d->summary =
+        VxFileText::tr("%1 nodes, %2 keys; rotations deviate by up to %3 degrees between keys.")
+            .arg(QString::number(writer.numNodes()), QString::number(writer.numKeys()),
+                 QString::number(d->error, 'g', 3));
     if (d->range.getStart() < 0)
-        d->summary += QLatin1Char(' ') + tr("The motion is moved so that it starts at time 0.");
+        d->summary +=
+            QLatin1Char(' ') + VxFileText::tr("The motion is moved so that it starts at time 0.");
     return true;
 }
 
@@ -454,7 +445,7 @@ bool VxGltfExport::exportFile(const QString &fileName, VxFileError *error)
     VxSafeFile file(fileName);
     if (file.start() && file.write(bytes) == bytes.size() && file.commit())
         return true;
-    fail(error, tr("Cannot be written: %1.").arg(file.failure()));
+    vxFail(error, VxFileText::tr("Cannot be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
 }

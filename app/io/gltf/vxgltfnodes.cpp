@@ -1,21 +1,12 @@
 #include "io/gltf/vxgltfnodes.h"
 
-#include <QCoreApplication>
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
+
 #include <cmath>
 #include <vxcore/vxeuler.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfReader", text);
-}
-
-bool fail(QString *message, const QString &text)
-{
-    *message = text;
-    return false;
-}
 
 /// Reads exactly `count` numbers; false when the member is something else.
 bool readNumbers(const QJsonObject &object, const char *name, double *numbers, int count)
@@ -154,13 +145,14 @@ bool NodeReader::readParents(QString *message)
         for (const QJsonValue &value : children) {
             const double child = value.toDouble(-1.0);
             if (!(child >= 0.0) || child >= m_objects.size() || child != std::floor(child))
-                return fail(message, tr("Node %1 has a child that does not exist.").arg(i));
+                return vxFail(message,
+                              VxFileText::tr("Node %1 has a child that does not exist.").arg(i));
             int &parent = m_parents[std::size_t(child)];
             if (parent >= 0)
-                return fail(message, tr("Node %1 is a child of the nodes %2 and %3.")
-                                         .arg(int(child))
-                                         .arg(parent)
-                                         .arg(i));
+                return vxFail(message, VxFileText::tr("Node %1 is a child of the nodes %2 and %3.")
+                                           .arg(int(child))
+                                           .arg(parent)
+                                           .arg(i));
             parent = i;
         }
     }
@@ -180,9 +172,9 @@ bool NodeReader::sort(QString *message)
         const auto [node, depth] = open.back();
         open.pop_back();
         if (depth > VxMotionLimits::MaxDepth)
-            return fail(message, tr("Node %1 has more than %2 nodes above it.")
-                                     .arg(node)
-                                     .arg(VxMotionLimits::MaxDepth));
+            return vxFail(message, VxFileText::tr("Node %1 has more than %2 nodes above it.")
+                                       .arg(node)
+                                       .arg(VxMotionLimits::MaxDepth));
         (*m_places)[std::size_t(node)] = int(m_order.size());
         m_order.push_back(node);
         const QJsonArray children =
@@ -192,7 +184,7 @@ bool NodeReader::sort(QString *message)
     }
     for (std::size_t i = 0; i < m_places->size(); ++i) {
         if ((*m_places)[i] < 0)
-            return fail(message, tr("Node %1 is below itself.").arg(i));
+            return vxFail(message, VxFileText::tr("Node %1 is below itself.").arg(i));
     }
     return true;
 }
@@ -206,7 +198,8 @@ bool NodeReader::readJoints(QString *message)
         for (const QJsonValue &value : joints) {
             const double joint = value.toDouble(-1.0);
             if (!(joint >= 0.0) || joint >= m_objects.size() || joint != std::floor(joint))
-                return fail(message, tr("Skin %1 has a joint that does not exist.").arg(i));
+                return vxFail(message,
+                              VxFileText::tr("Skin %1 has a joint that does not exist.").arg(i));
             m_isJoint[std::size_t(joint)] = true;
         }
         readBindMatrices(skin, i);
@@ -227,10 +220,10 @@ void NodeReader::readBindMatrices(const QJsonObject &skin, int number)
     VxGltfAccessorInfo info;
     if (!m_document->describe(accessor, &info, &message) ||
         !m_document->read(accessor, &matrices, &message))
-        m_motion->facts.notes.append(tr("The bind pose of skin %1 cannot be read. %2")
+        m_motion->facts.notes.append(VxFileText::tr("The bind pose of skin %1 cannot be read. %2")
                                          .arg(QString::number(number), message));
     else if (info.components != 16 || info.count < joints)
-        m_motion->facts.notes.append(tr("Skin %1 has %2 joints but %3 bind matrices.")
+        m_motion->facts.notes.append(VxFileText::tr("Skin %1 has %2 joints but %3 bind matrices.")
                                          .arg(QString::number(number), QString::number(joints),
                                               QString::number(info.count)));
 }
@@ -253,7 +246,7 @@ void NodeReader::readMorphs(const QJsonObject &object, VxMotionNode *node) const
         VxMotionValue morph;
         morph.name = names.at(i).toString();
         if (morph.name.isEmpty())
-            morph.name = tr("Morph %1").arg(i + 1);
+            morph.name = VxFileText::tr("Morph %1").arg(i + 1);
         morph.value = weights.at(i).toDouble();
         node->morphs.push_back(morph);
     }
@@ -269,8 +262,9 @@ bool NodeReader::readNode(int index, QString *message)
     node.kind = m_isJoint[std::size_t(index)] ? VxMotionNode::Bone : VxMotionNode::Node;
     readExtras(object, &node);
     if (!readTransform(object, &node))
-        return fail(message, tr("Node %1 (%2) has a transform that is not made of numbers.")
-                                 .arg(QString::number(index), node.name));
+        return vxFail(message,
+                      VxFileText::tr("Node %1 (%2) has a transform that is not made of numbers.")
+                          .arg(QString::number(index), node.name));
     readMorphs(object, &node);
     m_motion->nodes.push_back(std::move(node));
     return true;
@@ -279,9 +273,9 @@ bool NodeReader::readNode(int index, QString *message)
 bool NodeReader::read(QString *message)
 {
     if (m_objects.size() > VxMotionLimits::MaxNodes)
-        return fail(message, tr("The file has %1 nodes; up to %2 can be read.")
-                                 .arg(m_objects.size())
-                                 .arg(VxMotionLimits::MaxNodes));
+        return vxFail(message, VxFileText::tr("The file has %1 nodes; up to %2 can be read.")
+                                   .arg(m_objects.size())
+                                   .arg(VxMotionLimits::MaxNodes));
     if (!readParents(message) || !readJoints(message) || !sort(message))
         return false;
     for (const int index : m_order) {

@@ -3,30 +3,17 @@
 #include "io/gltf/vxgltfanimations.h"
 #include "io/gltf/vxgltfdocument.h"
 #include "io/gltf/vxgltfnodes.h"
-
-#include <QCoreApplication>
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxGltfReader", text);
-}
-
-bool fail(VxFileError *error, const QString &message)
-{
-    *error = VxFileError();
-    error->cancelled = message.isEmpty();
-    error->message = message.isEmpty() ? tr("The import was cancelled.") : message;
-    return false;
-}
 
 void omitAll(const VxGltfDocument &document, const char *array, const QString &what,
              VxMotionFacts *facts)
 {
     const QJsonArray objects = document.array(array);
     for (const QJsonValue &object : objects)
-        facts->addOmission(what, tr("Only nodes and their motion are imported."),
+        facts->addOmission(what, VxFileText::tr("Only nodes and their motion are imported."),
                            object.toObject().value(QLatin1String("name")).toString());
 }
 
@@ -34,7 +21,8 @@ VxMotionFacts factsOf(const VxGltfDocument &document)
 {
     VxMotionFacts facts;
     const QJsonObject asset = document.root().value(QLatin1String("asset")).toObject();
-    facts.format = document.isBinary() ? tr("glTF 2.0 (binary)") : tr("glTF 2.0 (text)");
+    facts.format = document.isBinary() ? VxFileText::tr("glTF 2.0 (binary)")
+                                       : VxFileText::tr("glTF 2.0 (text)");
     facts.writer = asset.value(QLatin1String("generator")).toString();
     // As this program writes it.
     const double rate = asset.value(QLatin1String("extras"))
@@ -43,13 +31,13 @@ VxMotionFacts factsOf(const VxGltfDocument &document)
                             .toDouble();
     facts.rate = rate >= 1.0 && rate <= VxTicksPerSecond ? rate : 0.0;
     facts.metresPerUnit = 1.0;
-    omitAll(document, "meshes", tr("mesh"), &facts);
-    omitAll(document, "materials", tr("material"), &facts);
-    omitAll(document, "cameras", tr("camera"), &facts);
+    omitAll(document, "meshes", VxFileText::tr("mesh"), &facts);
+    omitAll(document, "materials", VxFileText::tr("material"), &facts);
+    omitAll(document, "cameras", VxFileText::tr("camera"), &facts);
     const QJsonArray required = document.array("extensionsRequired");
     for (const QJsonValue &extension : required)
-        facts.addOmission(tr("extension"),
-                          tr("The file requires it; what it adds is not imported."),
+        facts.addOmission(VxFileText::tr("extension"),
+                          VxFileText::tr("The file requires it; what it adds is not imported."),
                           extension.toString());
     return facts;
 }
@@ -64,7 +52,7 @@ bool vxReadGltf(const QByteArray &bytes, const QString &folder, const VxFileProg
     QString message;
     qint64 offset = -1;
     if (!document.parse(bytes, &message, &offset)) {
-        fail(error, message);
+        vxFail(error, message);
         error->offset = offset;
         return false;
     }
@@ -72,7 +60,7 @@ bool vxReadGltf(const QByteArray &bytes, const QString &folder, const VxFileProg
     std::vector<int> places;
     if (!vxReadGltfNodes(&document, &read, &places, &message) ||
         !vxReadGltfAnimations(&document, places, progress, &read, &message))
-        return fail(error, message);
+        return vxFail(error, message);
     *motion = std::move(read);
     return true;
 }

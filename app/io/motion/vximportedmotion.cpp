@@ -1,6 +1,7 @@
 #include "io/motion/vximportedmotion.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -8,11 +9,6 @@
 #include <tuple>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxImportedMotion", text);
-}
 
 /// Finite in single precision, in which a scene stores numbers.
 bool isFinite(double number)
@@ -128,18 +124,20 @@ bool areTargetsUnique(const VxMotionClip &clip)
 QString clipError(const VxMotionClip &clip, const std::vector<VxMotionNode> &nodes)
 {
     if (!std::isfinite(clip.start) || !std::isfinite(clip.end) || clip.end < clip.start)
-        return tr("The animation \"%1\" ends before it starts.").arg(clip.name);
+        return VxFileText::tr("The animation \"%1\" ends before it starts.").arg(clip.name);
     for (const VxMotionChannel &channel : clip.channels) {
         if (!isIndexValid(channel, nodes))
-            return tr("The animation \"%1\" drives a node, morph or property that does not exist.")
+            return VxFileText::tr(
+                       "The animation \"%1\" drives a node, morph or property that does not exist.")
                 .arg(clip.name);
         if (!isChannelValid(channel))
-            return tr("The animation \"%1\" has keys out of order or numbers that are not finite "
-                      "for the node \"%2\".")
+            return VxFileText::tr(
+                       "The animation \"%1\" has keys out of order or numbers that are not finite "
+                       "for the node \"%2\".")
                 .arg(clip.name, nodes[std::size_t(channel.node)].name);
     }
     if (!areTargetsUnique(clip))
-        return tr("The animation \"%1\" drives the same value twice.").arg(clip.name);
+        return VxFileText::tr("The animation \"%1\" drives the same value twice.").arg(clip.name);
     return {};
 }
 
@@ -162,8 +160,9 @@ bool VxImportedMotion::isValid(QString *message) const
     QString error;
     for (std::size_t i = 0; i < nodes.size() && error.isEmpty(); ++i) {
         if (!isNodeValid(nodes[i], i))
-            error = tr("The node \"%1\" has a parent that comes later or a number that is not "
-                       "finite.")
+            error = VxFileText::tr(
+                        "The node \"%1\" has a parent that comes later or a number that is not "
+                        "finite.")
                         .arg(nodes[i].name);
     }
     for (std::size_t i = 0; i < clips.size() && error.isEmpty(); ++i)

@@ -1,14 +1,10 @@
 #include "io/motion/vximportreport.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QJsonArray>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxImportReport", text);
-}
 
 QString number(double value)
 {
@@ -130,19 +126,19 @@ VxImportReport VxImportReport::fromJson(const QJsonObject &object)
 
 QString VxImportReport::summary() const
 {
-    QString text = tr("%1 nodes (%2 bones), %3 animated channels, %4 keys.")
+    QString text = VxFileText::tr("%1 nodes (%2 bones), %3 animated channels, %4 keys.")
                        .arg(QString::number(nodes), QString::number(bones),
                             QString::number(channels), QString::number(keysAfter));
     if (sourceRate > 0.0)
-        text += QLatin1Char(' ') + (isRateKept()
-                                        ? tr("The file has %1 frames per second, the scene %2.")
-                                              .arg(number(sourceRate), number(sceneRate()))
-                                        : tr("%1 frames per second.").arg(number(sourceRate)));
+        text += QLatin1Char(' ') +
+                (isRateKept() ? VxFileText::tr("The file has %1 frames per second, the scene %2.")
+                                    .arg(number(sourceRate), number(sceneRate()))
+                              : VxFileText::tr("%1 frames per second.").arg(number(sourceRate)));
     int left = 0;
     for (const VxMotionOmission &omission : omissions)
         left += omission.count;
     if (left > 0)
-        text += QLatin1Char(' ') + tr("Left out: %1; see the import report.").arg(left);
+        text += QLatin1Char(' ') + VxFileText::tr("Left out: %1; see the import report.").arg(left);
     return text;
 }
 
@@ -150,57 +146,61 @@ QStringList VxImportReport::lines() const
 {
     QStringList lines;
     const auto add = [&lines](const QString &name, const QString &value) {
-        lines.append(tr("%1: %2").arg(name, value));
+        lines.append(VxFileText::tr("%1: %2").arg(name, value));
     };
-    add(tr("File"), file);
-    add(tr("Format"), format);
-    add(tr("Written by"), writer.isEmpty() ? tr("not stated") : writer);
-    add(tr("Frame rate of the file"), sourceRate <= 0.0 ? tr("unknown")
-                                      : isRateFromKeys
-                                          ? tr("%1 (by its keys)").arg(number(sourceRate))
-                                          : number(sourceRate));
-    add(tr("Frame rate of the scene"),
-        (isRateKept() ? tr("%1 (%2 ticks per frame); the file's rate is kept with the figure")
-                      : tr("%1 (%2 ticks per frame)"))
+    add(VxFileText::tr("File"), file);
+    add(VxFileText::tr("Format"), format);
+    add(VxFileText::tr("Written by"), writer.isEmpty() ? VxFileText::tr("not stated") : writer);
+    add(VxFileText::tr("Frame rate of the file"),
+        sourceRate <= 0.0 ? VxFileText::tr("unknown")
+        : isRateFromKeys  ? VxFileText::tr("%1 (by its keys)").arg(number(sourceRate))
+                          : number(sourceRate));
+    add(VxFileText::tr("Frame rate of the scene"),
+        (isRateKept()
+             ? VxFileText::tr("%1 (%2 ticks per frame); the file's rate is kept with the figure")
+             : VxFileText::tr("%1 (%2 ticks per frame)"))
             .arg(number(sceneRate()))
             .arg(step));
-    add(tr("Up axis"),
-        isTurned ? tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis)) : tr("Y"));
-    add(tr("Unit of length"),
-        metresPerUnit > 0.0 ? tr("%1 m; lengths are kept as they are").arg(number(metresPerUnit))
-                            : tr("not stated; lengths are kept as they are"));
+    add(VxFileText::tr("Up axis"),
+        isTurned ? VxFileText::tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis))
+                 : VxFileText::tr("Y"));
+    add(VxFileText::tr("Unit of length"),
+        metresPerUnit > 0.0
+            ? VxFileText::tr("%1 m; lengths are kept as they are").arg(number(metresPerUnit))
+            : VxFileText::tr("not stated; lengths are kept as they are"));
     QStringList names;
     for (const VxImportedClip &clip : clips) {
         if (clip.isImported)
-            names.append(tr("%1 (frames %2 to %3)")
+            names.append(VxFileText::tr("%1 (frames %2 to %3)")
                              .arg(clip.name, number(double(clip.range.getStart()) / step),
                                   number(double(clip.range.getEnd()) / step)));
     }
-    add(tr("Animations"),
-        tr("%1 of %2").arg(names.size()).arg(clips.size()) +
+    add(VxFileText::tr("Animations"),
+        VxFileText::tr("%1 of %2").arg(names.size()).arg(clips.size()) +
             (names.isEmpty() ? QString()
                              : QStringLiteral(": ") + names.join(QStringLiteral(", "))));
-    add(tr("First key"), isMovedToZero ? tr("%1 s, moved to 0").arg(number(firstKey))
-                                       : tr("%1 s, kept").arg(number(firstKey)));
-    add(tr("Nodes"), tr("%1, of which %2 bones").arg(nodes).arg(bones));
-    add(tr("Morphs"), QString::number(morphs));
-    add(tr("Other properties"), QString::number(properties));
-    add(tr("Animated channels"), QString::number(channels));
-    add(tr("Keys in the file"), QString::number(keysBefore));
-    add(tr("Keys in the scene"), QString::number(keysAfter));
+    add(VxFileText::tr("First key"), isMovedToZero
+                                         ? VxFileText::tr("%1 s, moved to 0").arg(number(firstKey))
+                                         : VxFileText::tr("%1 s, kept").arg(number(firstKey)));
+    add(VxFileText::tr("Nodes"), VxFileText::tr("%1, of which %2 bones").arg(nodes).arg(bones));
+    add(VxFileText::tr("Morphs"), QString::number(morphs));
+    add(VxFileText::tr("Other properties"), QString::number(properties));
+    add(VxFileText::tr("Animated channels"), QString::number(channels));
+    add(VxFileText::tr("Keys in the file"), QString::number(keysBefore));
+    add(VxFileText::tr("Keys in the scene"), QString::number(keysAfter));
     if (mergedKeys > 0)
-        add(tr("Keys at the time of another one, merged"), QString::number(mergedKeys));
-    add(tr("Largest error"), tr("%1 degrees, %2 % of a channel's range")
-                                 .arg(number(angleError), number(valueError * 100.0)));
+        add(VxFileText::tr("Keys at the time of another one, merged"), QString::number(mergedKeys));
+    add(VxFileText::tr("Largest error"), VxFileText::tr("%1 degrees, %2 % of a channel's range")
+                                             .arg(number(angleError), number(valueError * 100.0)));
     for (const VxMotionOmission &omission : omissions)
-        add(tr("Left out"),
+        add(VxFileText::tr("Left out"),
             omission.first.isEmpty()
-                ? tr("%1 × %2. %3")
+                ? VxFileText::tr("%1 × %2. %3")
                       .arg(QString::number(omission.count), omission.what, omission.why)
-                : tr("%1 × %2, first \"%4\". %3")
+                : VxFileText::tr("%1 × %2, first \"%4\". %3")
                       .arg(QString::number(omission.count), omission.what, omission.why,
                            omission.first));
     for (const QString &note : notes)
-        add(tr("Note"), note);
+        add(VxFileText::tr("Note"), note);
     return lines;
 }

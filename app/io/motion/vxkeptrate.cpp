@@ -1,8 +1,8 @@
 #include "io/motion/vxkeptrate.h"
 
 #include "io/motion/vxmotiontiming.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
@@ -34,7 +34,7 @@ void vxKeepRate(VxNode *node, double rate)
         property = made.release();
     }
     property->setLocked(false);
-    property->setLabel(QCoreApplication::translate("VxKeptRate", "Source Frame Rate"));
+    property->setLabel(VxFileText::tr("Source Frame Rate"));
     property->deleteAllKeys();
     property->setStoredValue(float(rate));
     property->setAnimatable(false);

@@ -5,26 +5,14 @@
 #include "io/motion/vxmotionhierarchy.h"
 #include "io/motion/vxmotionnodes.h"
 #include "io/motion/vxmotiontiming.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxMotionBuilder", text);
-}
-
-bool fail(VxFileError *error, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
 
 /** The rate of a figure that was exported with it; 0 without one. */
 double writtenRate(const VxImportedMotion &motion)
@@ -75,10 +63,12 @@ bool Builder::checkDepth(VxFileError *error) const
     for (const VxMotionNode &node : m_motion.nodes) {
         depths.push_back(node.parent < 0 ? 1 : depths[std::size_t(node.parent)] + 1);
         if (depths.back() > VxNode::MaxDepth)
-            return fail(error, tr("The node \"%1\" is on a level beyond %2, which a scene does not "
-                                  "allow.")
-                                   .arg(node.name)
-                                   .arg(VxNode::MaxDepth));
+            return vxFail(
+                error,
+                VxFileText::tr("The node \"%1\" is on a level beyond %2, which a scene does not "
+                               "allow.")
+                    .arg(node.name)
+                    .arg(VxNode::MaxDepth));
     }
     return true;
 }
@@ -106,9 +96,10 @@ bool Builder::chooseClips(VxFileError *error)
     QStringList names;
     for (const VxMotionClip &clip : clips)
         names.append(clip.name);
-    return fail(error, names.isEmpty() ? tr("The file has no animation named \"%1\".").arg(wanted)
-                                       : tr("The file has no animation named \"%1\". It has: %2.")
-                                             .arg(wanted, names.join(QStringLiteral(", "))));
+    return vxFail(error, names.isEmpty()
+                             ? VxFileText::tr("The file has no animation named \"%1\".").arg(wanted)
+                             : VxFileText::tr("The file has no animation named \"%1\". It has: %2.")
+                                   .arg(wanted, names.join(QStringLiteral(", "))));
 }
 
 bool Builder::checkTimes(VxFileError *error) const
@@ -121,14 +112,16 @@ bool Builder::checkTimes(VxFileError *error) const
             const std::vector<double> &times =
                 isRotation ? channel.rotation.times : channel.curve.times;
             if (!times.empty() && (times.front() < -limit || times.back() > limit))
-                return fail(error, tr("The animation \"%1\" has a key at %2 s; a scene holds "
-                                      "times of up to %3 s.")
-                                       .arg(clip->name)
-                                       .arg(times.back() > limit ? times.back() : times.front())
-                                       .arg(limit));
+                return vxFail(
+                    error, VxFileText::tr("The animation \"%1\" has a key at %2 s; a scene holds "
+                                          "times of up to %3 s.")
+                               .arg(clip->name)
+                               .arg(times.back() > limit ? times.back() : times.front())
+                               .arg(limit));
         }
         if (first < -limit || last > limit || last - first > limit)
-            return fail(error, tr("The animation \"%1\" is too long.").arg(clip->name));
+            return vxFail(error,
+                          VxFileText::tr("The animation \"%1\" is too long.").arg(clip->name));
     }
     return true;
 }
@@ -188,26 +181,28 @@ bool Builder::build(const VxFileProgress &progress, VxSceneContents *contents,
 {
     QString message;
     if (!m_motion.isValid(&message))
-        return fail(error, message);
+        return vxFail(error, message);
     if (m_motion.nodes.empty())
-        return fail(error, tr("The file has no nodes."));
+        return vxFail(error, VxFileText::tr("The file has no nodes."));
     m_report.isTurned = vxArrangeHierarchy(m_options.figureName, &m_motion);
     if (!checkDepth(error) || !chooseClips(error) || !checkTimes(error))
         return false;
     setRate();
     m_slots = VxMotionTiming::slots(m_clips, m_report.step, m_options.startsAtZero);
     if (m_slots.size() < m_clips.size())
-        return fail(error, tr("The animations are too long to follow one another. Choose one."));
+        return vxFail(error, VxFileText::tr(
+                                 "The animations are too long to follow one another. Choose one."));
     describe();
     VxMotionChannels channels(m_motion, m_clips, m_slots);
     std::vector<VxNode *> nodes;
     VxSceneContents built;
     built.rootNodes = vxMakeNodes(m_motion, channels, &nodes, &m_report);
     if (!channels.addKeys(nodes, progress, &m_report))
-        return fail(error,
-                    channels.isTooLong() ? tr("The animations need more keys than can be imported.")
-                                         : tr("The import was cancelled."),
-                    !channels.isTooLong());
+        return vxFail(error,
+                      channels.isTooLong()
+                          ? VxFileText::tr("The animations need more keys than can be imported.")
+                          : VxFileText::tr("The import was cancelled."),
+                      !channels.isTooLong());
     setRange(&built);
     *contents = std::move(built);
     *report = std::move(m_report);

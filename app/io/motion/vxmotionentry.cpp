@@ -1,6 +1,7 @@
 #include "io/motion/vxmotionentry.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <QSet>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnode.h>
@@ -8,11 +9,6 @@
 #include <vxcore/vxundostackhold.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxMotionEntry", text);
-}
 
 void setTimes(const VxSceneContents &contents, const VxMotionEntry &entry, bool isFirst,
               VxScene *scene)
@@ -51,7 +47,7 @@ QVector<VxNode *> addNodes(VxSceneContents &contents, const VxMotionEntry &entry
     if (roots.isEmpty())
         return roots;
     setTimes(contents, entry, isFirst, scene);
-    hold.accept(tr("Import %1").arg(roots.constFirst()->getLabel()));
+    hold.accept(VxFileText::tr("Import %1").arg(roots.constFirst()->getLabel()));
     return roots;
 }
 
@@ -80,6 +76,6 @@ QString vxUnusedNodeName(const VxScene &scene, const QString &name)
     }
     QString unused = name;
     for (int number = 2; used.contains(unused); ++number)
-        unused = tr("%1 %2").arg(name, QString::number(number));
+        unused = VxFileText::tr("%1 %2").arg(name, QString::number(number));
     return unused;
 }

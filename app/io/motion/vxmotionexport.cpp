@@ -4,8 +4,9 @@
 #include "io/gltf/vxgltfexport.h"
 #include "io/motion/vxkeptrate.h"
 #include "io/vxbvhexport.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
@@ -14,19 +15,6 @@
 #include <vxcore/vxskeleton.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxMotionExport", text);
-}
-
-bool fail(VxFileError *error, const QString &fileName, const QString &message)
-{
-    *error = VxFileError();
-    error->file = fileName;
-    error->message = message;
-    return false;
-}
 
 /** The root if it is a figure, or the only figure of the scene; null without one. */
 const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
@@ -84,13 +72,13 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
     }
     QStringList parts;
     if (properties > 0)
-        parts.append(tr("%1 other properties").arg(properties));
+        parts.append(VxFileText::tr("%1 other properties").arg(properties));
     if (morphs > 0)
-        parts.append(tr("%1 morphs").arg(morphs));
+        parts.append(VxFileText::tr("%1 morphs").arg(morphs));
     if (parts.isEmpty())
         return {};
-    return QLatin1Char(' ') +
-           tr("The format does not support, and the file lacks: %1.").arg(parts.join(", "));
+    return QLatin1Char(' ') + VxFileText::tr("The format does not support, and the file lacks: %1.")
+                                  .arg(parts.join(", "));
 }
 
 /// Runs any of the writers, which have the same functions.
@@ -129,15 +117,18 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
         return addLeftOut(options.root, run(out, fileName, progress, summary, error));
     }
     if (suffix != QLatin1String("bvh"))
-        return fail(error, fileName,
-                    tr("Cannot export this file type. Supported: *.%1")
-                        .arg(vxExportSuffixes().join(QStringLiteral(", *."))));
+        return vxFail(error,
+                      VxFileText::tr("Cannot export this file type. Supported: *.%1")
+                          .arg(vxExportSuffixes().join(QStringLiteral(", *."))),
+                      fileName);
     const VxSkeleton *figure = figureOf(scene, options.root);
     if (!figure)
-        return fail(
-            error, fileName,
-            tr("A BVH file holds the motion of one figure with a skeleton. Choose a figure, "
-               "or another file type."));
+        return vxFail(
+            error,
+            VxFileText::tr(
+                "A BVH file holds the motion of one figure with a skeleton. Choose a figure, "
+                "or another file type."),
+            fileName);
     VxBvhExport out(figure, range, scene->getTimeStep());
     out.setRate(vxKeptRate(figure, scene->getTimeStep()));
     return addLeftOut(figure, run(out, fileName, progress, summary, error));

@@ -1,8 +1,7 @@
 #include "io/motion/vxmotionformats.h"
 
 #include "io/motion/vxmotionimport.h"
-
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
 
 namespace {
 
@@ -20,7 +19,7 @@ bool open(const QString &fileName, VxScene *scene, const VxFileProgress &progres
 
 VxFileFormat format(const char *name, const QStringList &suffixes)
 {
-    return {QCoreApplication::translate("VxFileFormats", name), suffixes, open, {}, true};
+    return {VxFileText::tr(name), suffixes, open, {}, true};
 }
 
 } // namespace

@@ -1,14 +1,10 @@
 #include "io/motion/vxmotionhierarchy.h"
 
-#include <QCoreApplication>
+#include "io/vxfiletext.h"
+
 #include <vxcore/vxeuler.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxMotionHierarchy", text);
-}
 
 bool isIdentity(const VxMotionQuaternion &q)
 {
@@ -46,7 +42,7 @@ void splitOrientations(VxImportedMotion *motion)
         Place place{int(nodes.size()), int(nodes.size())};
         if (!isIdentity(node.orientation)) {
             VxMotionNode mount;
-            mount.name = tr("%1 orientation").arg(node.name);
+            mount.name = VxFileText::tr("%1 orientation").arg(node.name);
             mount.parent = node.parent;
             mount.translation = node.translation;
             const VxMotionQuaternion &q = node.orientation;
@@ -116,7 +112,7 @@ bool turnUpAxis(VxImportedMotion *motion)
     if (motion->facts.upAxis == 'Y' || motion->nodes.empty())
         return false;
     VxMotionNode turn;
-    turn.name = motion->facts.upAxis == 'Z' ? tr("Z up") : tr("X up");
+    turn.name = motion->facts.upAxis == 'Z' ? VxFileText::tr("Z up") : VxFileText::tr("X up");
     if (motion->facts.upAxis == 'Z')
         turn.rotation[0] = -90.0;
     else
@@ -130,8 +126,9 @@ void nameNodes(VxImportedMotion *motion)
     for (std::size_t i = 0; i < motion->nodes.size(); ++i) {
         VxMotionNode &node = motion->nodes[i];
         if (node.name.trimmed().isEmpty())
-            node.name =
-                (node.kind == VxMotionNode::Bone ? tr("Bone %1") : tr("Node %1")).arg(i + 1);
+            node.name = (node.kind == VxMotionNode::Bone ? VxFileText::tr("Bone %1")
+                                                         : VxFileText::tr("Node %1"))
+                            .arg(i + 1);
     }
 }
 

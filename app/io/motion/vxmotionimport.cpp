@@ -5,9 +5,10 @@
 #include "io/vxbvhfigure.h"
 #include "io/vxbvhreader.h"
 #include "io/vxbvhtiming.h"
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/worker/vximportworker.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
@@ -17,20 +18,6 @@ namespace {
 // The share of reading a BVH file in the progress; the rest is for building.
 constexpr int ReadPercent = 70;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxMotionImport", text);
-}
-
-bool fail(VxFileError *error, const QString &file, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->file = file;
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
-
 bool isBvhFile(const QString &fileName)
 {
     return fileName.endsWith(QLatin1String(".bvh"), Qt::CaseInsensitive);
@@ -39,7 +26,7 @@ bool isBvhFile(const QString &fileName)
 VxImportReport reportOf(const VxBvhDocument &document, const VxBvhTiming &timing)
 {
     VxImportReport report;
-    report.format = tr("BVH");
+    report.format = VxFileText::tr("BVH");
     report.sourceRate = timing.sourceRate();
     report.step = timing.step();
     report.nodes = int(document.joints.size()) + 1;
@@ -86,7 +73,7 @@ QString VxMotionImport::Private::figureName(const QString &fileName) const
     if (name.isEmpty())
         name = QFileInfo(fileName).completeBaseName();
     if (name.isEmpty())
-        name = tr("Motion");
+        name = VxFileText::tr("Motion");
     return isBeside() ? vxUnusedNodeName(*scene, name) : name;
 }
 
@@ -108,11 +95,11 @@ bool VxMotionImport::Private::build(const VxBvhDocument &document, const QString
     VxBvhTiming read;
     QString message;
     if (!document.isValid(&message) || !read.set(document.frameTime, document.frameCount, &message))
-        return fail(error, fileName, message);
+        return vxFail(error, message, fileName);
     std::unique_ptr<VxSkeleton> figure =
         vxBvhBuildFigure(document, read, figureName(fileName), buildProgress);
     if (!figure)
-        return fail(error, fileName, tr("The import was cancelled."), true);
+        return vxCancel(error, VxFileText::tr("The import was cancelled."), fileName);
     contents = VxSceneContents();
     contents.timeStep = read.step();
     contents.animRange = VxTimeRange(0, read.lastKeyTime());
@@ -189,7 +176,7 @@ VxImportNumbers VxMotionImport::numbers(const VxImportChoices &choices) const
 bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
 {
     if (d->contents.rootNodes.empty())
-        return fail(error, d->report.file, tr("There is nothing to import."));
+        return vxFail(error, VxFileText::tr("There is nothing to import."), d->report.file);
     const bool isBeside = d->isBeside();
     vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
     for (const auto &root : d->contents.rootNodes) {
@@ -203,7 +190,8 @@ bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
     d->roots = vxEnterScene(std::move(d->contents), entry, d->scene);
     d->contents = VxSceneContents();
     if (d->roots.isEmpty())
-        return fail(error, d->report.file, tr("The figure could not be added to the scene."));
+        return vxFail(error, VxFileText::tr("The figure could not be added to the scene."),
+                      d->report.file);
     d->summary = d->report.summary();
     if (d->isBvh) {
         d->summary = isBeside && !choices.matchesRate

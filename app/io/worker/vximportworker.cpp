@@ -1,5 +1,7 @@
 #include "io/worker/vximportworker.h"
 
+#include "io/vxfileerror.h"
+#include "io/vxfiletext.h"
 #include "io/worker/vximportprotocol.h"
 
 #include <QCoreApplication>
@@ -16,20 +18,6 @@ constexpr int PollMilliseconds = 20;
 constexpr qint64 Megabyte = 1024 * 1024;
 /// The share of the process's work in the progress; the rest is for reading its scene.
 constexpr int WorkPercent = 90;
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxImportWorker", text);
-}
-
-bool fail(VxFileError *error, const QString &file, const QString &message, bool cancelled = false)
-{
-    *error = VxFileError();
-    error->file = file;
-    error->message = message;
-    error->cancelled = cancelled;
-    return false;
-}
 
 /// One run of the process.
 class Run
@@ -68,9 +56,10 @@ private:
 bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxFileError *error)
 {
     if (!QFileInfo(program).isExecutable())
-        return fail(
-            error, m_fileName,
-            tr("The importer program is missing: %1").arg(QDir::toNativeSeparators(program)));
+        return vxFail(error,
+                      VxFileText::tr("The importer program is missing: %1")
+                          .arg(QDir::toNativeSeparators(program)),
+                      m_fileName);
     QJsonObject request = options.toJson();
     request.insert(QStringLiteral("memory"), double(m_limits.memory));
     request.insert(QStringLiteral("seconds"), m_limits.seconds);
@@ -82,8 +71,10 @@ bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxF
                     QIODevice::ReadOnly);
     if (m_process.waitForStarted())
         return true;
-    return fail(error, m_fileName,
-                tr("The importer program could not be started: %1.").arg(m_process.errorString()));
+    return vxFail(error,
+                  VxFileText::tr("The importer program could not be started: %1.")
+                      .arg(m_process.errorString()),
+                  m_fileName);
 }
 
 /** Kills and reaps the process: it must not outlive its run. */
@@ -98,9 +89,9 @@ void Run::stop()
 bool Run::failFromJson(const QByteArray &json, VxFileError *error) const
 {
     const QJsonObject object = QJsonDocument::fromJson(json).object();
-    fail(error, m_fileName, object.value(QStringLiteral("message")).toString());
+    vxFail(error, object.value(QStringLiteral("message")).toString(), m_fileName);
     if (error->message.isEmpty())
-        error->message = tr("The importer could not read the file.");
+        error->message = VxFileText::tr("The importer could not read the file.");
     error->line = qint64(object.value(QStringLiteral("line")).toDouble(-1));
     error->column = qint64(object.value(QStringLiteral("column")).toDouble(-1));
     error->offset = qint64(object.value(QStringLiteral("offset")).toDouble(-1));
@@ -123,7 +114,8 @@ bool Run::readMessages(VxFileError *error)
             m_report = bytes;
     }
     if (m_parser.isBroken())
-        return fail(error, m_fileName, tr("The importer sent something that is no answer."));
+        return vxFail(error, VxFileText::tr("The importer sent something that is no answer."),
+                      m_fileName);
     return true;
 }
 
@@ -133,15 +125,21 @@ bool Run::checkEnd(VxFileError *error) const
     if (m_process.exitStatus() == QProcess::CrashExit) {
         const int signal = m_process.exitCode();
         if (signal == SIGXCPU || signal == SIGKILL)
-            return fail(error, m_fileName,
-                        tr("Reading was stopped: the file takes more processor time than is "
-                           "reasonable for its size."));
-        return fail(error, m_fileName,
-                    tr("The importer crashed while it read the file (signal %1).").arg(signal));
+            return vxFail(
+                error,
+                VxFileText::tr("Reading was stopped: the file takes more processor time than is "
+                               "reasonable for its size."),
+                m_fileName);
+        return vxFail(
+            error,
+            VxFileText::tr("The importer crashed while it read the file (signal %1).").arg(signal),
+            m_fileName);
     }
     if (m_process.exitCode() != 0 || m_scene.isEmpty() || m_report.isEmpty())
-        return fail(error, m_fileName,
-                    tr("The importer ended without a result (code %1).").arg(m_process.exitCode()));
+        return vxFail(error,
+                      VxFileText::tr("The importer ended without a result (code %1).")
+                          .arg(m_process.exitCode()),
+                      m_fileName);
     return true;
 }
 
@@ -157,11 +155,14 @@ bool Run::wait(VxFileError *error)
         if (!readMessages(error))
             return false;
         if (m_progress && !m_progress(m_percent))
-            return fail(error, m_fileName, tr("The import was cancelled."), true);
+            return vxCancel(error, VxFileText::tr("The import was cancelled."), m_fileName);
         if (quiet.elapsed() > silence)
-            return fail(error, m_fileName,
-                        tr("Reading was stopped: the importer gave no sign of life for %1 seconds.")
-                            .arg(quiet.elapsed() / 1000));
+            return vxFail(
+                error,
+                VxFileText::tr(
+                    "Reading was stopped: the importer gave no sign of life for %1 seconds.")
+                    .arg(quiet.elapsed() / 1000),
+                m_fileName);
     }
     return readMessages(error) && checkEnd(error);
 }
@@ -173,10 +174,11 @@ bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImpo
     reader.setProgress(partOfProgress(progress, WorkPercent, 100));
     if (!reader.read(m_scene, contents, error)) {
         const bool cancelled = error->cancelled;
-        return fail(error, m_fileName,
-                    cancelled ? tr("The import was cancelled.")
-                              : tr("The importer's answer is broken. %1").arg(error->message),
-                    cancelled);
+        return vxFail(
+            error,
+            cancelled ? VxFileText::tr("The import was cancelled.")
+                      : VxFileText::tr("The importer's answer is broken. %1").arg(error->message),
+            m_fileName);
     }
     *report = VxImportReport::fromJson(QJsonDocument::fromJson(m_report).object());
     report->file = m_fileName;

@@ -1,18 +1,14 @@
 #include "keytools/keytool.h"
+
+#include "keytools/keytooltext.h"
 #include "keytools/rotationtracks.h"
 
-#include <QtCore/QCoreApplication>
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyfilter.h>
 #include <vxcore/vxscene.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
 
 VxKeyInterp::Type keyType(int choice)
 {
@@ -69,12 +65,15 @@ KeyToolResult eulerFilter(const KeyToolArguments &)
             });
         }
     }
-    run.addNote(tr("; %1 keys changed on %2 rotations").arg(changed).arg(int(rotations.size())));
+    run.addNote(KeyToolText::tr("; %1 keys changed on %2 rotations")
+                    .arg(changed)
+                    .arg(int(rotations.size())));
     if (incomplete > 0)
         run.addNote(
-            tr("; %1 rotations skipped, because their three angles do not have the same keys")
+            KeyToolText::tr(
+                "; %1 rotations skipped, because their three angles do not have the same keys")
                 .arg(incomplete));
-    return run.finish(tr("Euler Filter"));
+    return run.finish(KeyToolText::tr("Euler Filter"));
 }
 
 KeyToolResult smoothGaussian(const KeyToolArguments &arguments)
@@ -84,7 +83,7 @@ KeyToolResult smoothGaussian(const KeyToolArguments &arguments)
     filterValues(&run, [sigma](const VxTime *times, const float *values, int count) {
         return vxSmoothGaussian(times, values, count, sigma);
     });
-    return run.finish(tr("Smooth (Gaussian)"));
+    return run.finish(KeyToolText::tr("Smooth (Gaussian)"));
 }
 
 KeyToolResult smoothButterworth(const KeyToolArguments &arguments)
@@ -94,7 +93,7 @@ KeyToolResult smoothButterworth(const KeyToolArguments &arguments)
     filterValues(&run, [cutoff](const VxTime *times, const float *values, int count) {
         return vxSmoothButterworth(times, values, count, cutoff);
     });
-    return run.finish(tr("Smooth (Butterworth)"));
+    return run.finish(KeyToolText::tr("Smooth (Butterworth)"));
 }
 
 KeyToolResult removeSpikes(const KeyToolArguments &arguments)
@@ -109,8 +108,8 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
         spikes += removed;
         return result;
     });
-    run.addNote(tr("; %1 spikes").arg(spikes));
-    return run.finish(tr("Remove Spikes"));
+    run.addNote(KeyToolText::tr("; %1 spikes").arg(spikes));
+    return run.finish(KeyToolText::tr("Remove Spikes"));
 }
 
 /// The samples that measure a span of keys: its keys and, unless all segments are linear, every
@@ -211,7 +210,7 @@ KeyToolResult reduce(const KeyToolArguments &arguments)
                                             int(samples.times.size()), type, error);
                     });
     }
-    return run.finish(tr("Reduce Keys"), true);
+    return run.finish(KeyToolText::tr("Reduce Keys"), true);
 }
 
 KeyToolResult removeFlat(const KeyToolArguments &arguments)
@@ -231,7 +230,7 @@ KeyToolResult removeFlat(const KeyToolArguments &arguments)
         if (!removed.empty())
             run.remove(track, removed);
     }
-    return run.finish(tr("Remove Flat Keys"), true);
+    return run.finish(KeyToolText::tr("Remove Flat Keys"), true);
 }
 
 KeyToolResult bake(const KeyToolArguments &arguments)
@@ -248,7 +247,7 @@ KeyToolResult bake(const KeyToolArguments &arguments)
         const VxTime last = property.getKeyTime(span.last - 1);
         const qint64 distance = boundedStep(step, first, last);
         if (distance > std::max<VxTime>(1, step)) {
-            run.addNote(tr("; a span is too long to bake"));
+            run.addNote(KeyToolText::tr("; a span is too long to bake"));
             return std::nullopt;
         }
         for (qint64 t = first; t < last; t += distance)
@@ -259,7 +258,7 @@ KeyToolResult bake(const KeyToolArguments &arguments)
         keys.types.assign(keys.times.size(), VxKeyInterp::Linear);
         return keys;
     });
-    return run.finish(tr("Bake Keys"), true);
+    return run.finish(KeyToolText::tr("Bake Keys"), true);
 }
 
 KeyToolResult convert(const KeyToolArguments &arguments)
@@ -271,7 +270,7 @@ KeyToolResult convert(const KeyToolArguments &arguments)
                                                          boundedStep(property, span),
                                                          arguments.amount("error")));
     });
-    return run.finish(tr("Convert Keys"), true);
+    return run.finish(KeyToolText::tr("Convert Keys"), true);
 }
 
 } // namespace
@@ -279,51 +278,55 @@ KeyToolResult convert(const KeyToolArguments &arguments)
 QVector<KeyTool> cleaningTools()
 {
     using P = KeyToolParameter;
-    const QStringList types = {tr("Linear"), tr("Constant"), tr("TCB")};
-    const P error = {"error", tr("Error (unit or degrees)"), P::Number, "0.1", {}, 0};
+    const QStringList types = {KeyToolText::tr("Linear"), KeyToolText::tr("Constant"),
+                               KeyToolText::tr("TCB")};
+    const P error = {"error", KeyToolText::tr("Error (unit or degrees)"), P::Number, "0.1", {}, 0};
     return {
         {"eulerFilter",
-         tr("Euler Filter"),
-         tr("Replaces the angles of rotations with the equivalent ones nearest to the previous "
-            "key."),
+         KeyToolText::tr("Euler Filter"),
+         KeyToolText::tr(
+             "Replaces the angles of rotations with the equivalent ones nearest to the previous "
+             "key."),
          {},
          &eulerFilter},
         {"smoothGaussian",
-         tr("Smooth (Gaussian)"),
-         tr("Smooths values with a Gaussian window of the given width."),
-         {{"width", tr("Width (frames)"), P::Time, "2", {}, 0}},
+         KeyToolText::tr("Smooth (Gaussian)"),
+         KeyToolText::tr("Smooths values with a Gaussian window of the given width."),
+         {{"width", KeyToolText::tr("Width (frames)"), P::Time, "2", {}, 0}},
          &smoothGaussian},
         {"smoothButterworth",
-         tr("Smooth (Butterworth)"),
-         tr("Removes motion above the cut-off frequency without a delay."),
-         {{"cutoff", tr("Cut-off (Hz)"), P::Number, "6", {}, 0}},
+         KeyToolText::tr("Smooth (Butterworth)"),
+         KeyToolText::tr("Removes motion above the cut-off frequency without a delay."),
+         {{"cutoff", KeyToolText::tr("Cut-off (Hz)"), P::Number, "6", {}, 0}},
          &smoothButterworth},
         {"removeSpikes",
-         tr("Remove Spikes"),
-         tr("Replaces values that are far from the median of their neighbours."),
-         {{"window", tr("Window (frames)"), P::Time, "7", {}, 0},
-          {"threshold", tr("Threshold"), P::Number, "5", {}, 0}},
+         KeyToolText::tr("Remove Spikes"),
+         KeyToolText::tr("Replaces values that are far from the median of their neighbours."),
+         {{"window", KeyToolText::tr("Window (frames)"), P::Time, "7", {}, 0},
+          {"threshold", KeyToolText::tr("Threshold"), P::Number, "5", {}, 0}},
          &removeSpikes},
         {"reduce",
-         tr("Reduce Keys"),
-         tr("Removes keys as long as the curve stays within the error. The three angles of a "
-            "rotation are reduced together."),
-         {error, {"type", tr("To"), P::Choice, types[0], {types[0], types[2]}}},
+         KeyToolText::tr("Reduce Keys"),
+         KeyToolText::tr(
+             "Removes keys as long as the curve stays within the error. The three angles of a "
+             "rotation are reduced together."),
+         {error, {"type", KeyToolText::tr("To"), P::Choice, types[0], {types[0], types[2]}}},
          &reduce},
         {"removeFlat",
-         tr("Remove Flat Keys"),
-         tr("Removes keys in flat segments, where they do not change the curve."),
-         {{"tolerance", tr("Tolerance"), P::Number, "0", {}, 0}},
+         KeyToolText::tr("Remove Flat Keys"),
+         KeyToolText::tr("Removes keys in flat segments, where they do not change the curve."),
+         {{"tolerance", KeyToolText::tr("Tolerance"), P::Number, "0", {}, 0}},
          &removeFlat},
         {"bake",
-         tr("Bake Keys"),
-         tr("Puts a linear key on every nth frame."),
-         {{"step", tr("Every (frames)"), P::Time, "1", {}, 0}},
+         KeyToolText::tr("Bake Keys"),
+         KeyToolText::tr("Puts a linear key on every nth frame."),
+         {{"step", KeyToolText::tr("Every (frames)"), P::Time, "1", {}, 0}},
          &bake},
         {"convert",
-         tr("Convert Keys"),
-         tr("Changes the interpolation type of keys and keeps the curve within the error."),
-         {{"type", tr("To"), P::Choice, types[2], types}, error},
+         KeyToolText::tr("Convert Keys"),
+         KeyToolText::tr(
+             "Changes the interpolation type of keys and keeps the curve within the error."),
+         {{"type", KeyToolText::tr("To"), P::Choice, types[2], types}, error},
          &convert},
     };
 }

@@ -1,6 +1,7 @@
 #include "keytools/keytargets.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <QtCore/QSet>
 #include <numeric>
 #include <vxcore/vxelement.h>
@@ -150,20 +151,17 @@ int KeyTargets::numKeys() const
 
 QString KeyTargets::description() const
 {
-    const QString text =
-        QCoreApplication::translate("KeyTools", isSelection ? "%1 selected %2 on %3 %4"
-                                                            : "%1 %2 of the selected nodes in the "
-                                                              "play range, on %3 %4");
+    const QString text = KeyToolText::tr(isSelection ? "%1 selected %2 on %3 %4"
+                                                     : "%1 %2 of the selected nodes in the "
+                                                       "play range, on %3 %4");
     const int keys = numKeys();
     const auto channels = int(tracks.size());
-    QString result = text.arg(keys)
-                         .arg(keys == 1 ? QCoreApplication::translate("KeyTools", "key")
-                                        : QCoreApplication::translate("KeyTools", "keys"))
-                         .arg(channels)
-                         .arg(channels == 1 ? QCoreApplication::translate("KeyTools", "channel")
-                                            : QCoreApplication::translate("KeyTools", "channels"));
+    QString result =
+        text.arg(keys)
+            .arg(keys == 1 ? KeyToolText::tr("key") : KeyToolText::tr("keys"))
+            .arg(channels)
+            .arg(channels == 1 ? KeyToolText::tr("channel") : KeyToolText::tr("channels"));
     if (skipped > 0)
-        result +=
-            QCoreApplication::translate("KeyTools", " (%1 locked or linked skipped)").arg(skipped);
+        result += KeyToolText::tr(" (%1 locked or linked skipped)").arg(skipped);
     return result;
 }

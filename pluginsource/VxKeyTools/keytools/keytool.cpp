@@ -1,6 +1,7 @@
 #include "keytools/keytool.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxapp.h>
@@ -8,11 +9,6 @@
 #include <vxcore/vxscene.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
 
 bool isChange(KeyToolParameter::Kind kind)
 {
@@ -98,7 +94,7 @@ KeyToolResult KeyTool::runWith(const QVariantMap &values) const
         const QVariant value = values.value(parameter.name, parameter.defaultText);
         const VxTypedInput input = readValue(parameter, value);
         if (input.kind == VxTypedInput::Unreadable)
-            return failure(tr("%1: \"%2\" cannot be used for %3")
+            return failure(KeyToolText::tr("%1: \"%2\" cannot be used for %3")
                                .arg(label, value.toString(), parameter.label));
         arguments.set(parameter.name, input);
     }
@@ -107,7 +103,7 @@ KeyToolResult KeyTool::runWith(const QVariantMap &values) const
             parameters.begin(), parameters.end(),
             [&it](const KeyToolParameter &parameter) { return parameter.name == it.key(); });
         if (!isKnown)
-            return failure(tr("%1 has no parameter %2").arg(label, it.key()));
+            return failure(KeyToolText::tr("%1 has no parameter %2").arg(label, it.key()));
     }
     return run(arguments);
 }

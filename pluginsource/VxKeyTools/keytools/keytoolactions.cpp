@@ -3,7 +3,6 @@
 #include "keytools/keytool.h"
 #include "keytools/vxkeytoolspane.h"
 
-#include <QtCore/QCoreApplication>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>

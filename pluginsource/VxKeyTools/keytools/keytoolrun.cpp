@@ -1,6 +1,7 @@
 #include "keytools/keytoolrun.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -271,19 +272,17 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
     m_hold->accept(action);
     m_result.done = !m_targets.isEmpty();
     if (m_targets.isEmpty()) {
-        m_result.message = QCoreApplication::translate(
-                               "KeyTools", "%1: select keys, or nodes with keys in the play range")
-                               .arg(action);
+        m_result.message =
+            KeyToolText::tr("%1: select keys, or nodes with keys in the play range").arg(action);
     } else {
         m_result.message = action + QStringLiteral(": ") + m_targets.description() + m_note;
     }
     if (showsCounts && !m_targets.isEmpty())
-        m_result.message += QCoreApplication::translate("KeyTools", "; now %1, largest error %2")
+        m_result.message += KeyToolText::tr("; now %1, largest error %2")
                                 .arg(m_result.after)
                                 .arg(m_result.error, 0, 'g', 3);
     if (m_result.merged > 0)
-        m_result.message +=
-            QCoreApplication::translate("KeyTools", "; %1 overwritten").arg(m_result.merged);
+        m_result.message += KeyToolText::tr("; %1 overwritten").arg(m_result.merged);
     const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
     if (window)
         const_cast<VxMainWindow *>(window)->showStatusMessage(m_result.message);

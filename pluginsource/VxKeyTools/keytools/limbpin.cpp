@@ -1,8 +1,8 @@
 #include "keytools/limbpin.h"
 
 #include "keytools/keyseries.h"
+#include "keytools/keytooltext.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtGui/QMatrix4x4>
 #include <algorithm>
 #include <cmath>
@@ -60,13 +60,12 @@ LimbPin::LimbPin(VxNode *joint)
 QString LimbPin::obstacle() const
 {
     if (!m_nodes[0])
-        return QCoreApplication::translate("KeyTools", "select a joint with two joints above it");
+        return KeyToolText::tr("select a joint with two joints above it");
     for (const VxNode *node : m_nodes) {
         for (const VxFloatProperty *control : rotationControls(node)) {
             if (control->isLocked() || control->isLinked() || control->getKeyHolder() != control ||
                 !control->canBeKeyed())
-                return QCoreApplication::translate("KeyTools", "the rotation of %1 cannot be keyed")
-                    .arg(node->getLabel());
+                return KeyToolText::tr("the rotation of %1 cannot be keyed").arg(node->getLabel());
         }
     }
     return QString();

@@ -1,18 +1,14 @@
 #include "keytools/keytool.h"
+
+#include "keytools/keytooltext.h"
 #include "keytools/limbpin.h"
 
-#include <QtCore/QCoreApplication>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
 
 // More frames than this in one span indicate a mistyped number.
 constexpr qint64 MaxFrames = 1000000;
@@ -33,12 +29,12 @@ KeyToolResult pin(const KeyToolArguments &arguments)
     LimbPin limb(vxScene->getPrimarySelection());
     QString obstacle = limb.obstacle();
     if (obstacle.isEmpty() && span.getEnd() < span.getStart())
-        obstacle = tr("the end is before the start");
+        obstacle = KeyToolText::tr("the end is before the start");
     else if (obstacle.isEmpty() &&
              (qint64(span.getEnd()) - span.getStart() + 2 * qint64(falloff)) / step > MaxFrames)
-        obstacle = tr("the span has too many frames");
+        obstacle = KeyToolText::tr("the span has too many frames");
     if (!obstacle.isEmpty()) {
-        result.message = tr("Pin Joint: %1").arg(obstacle);
+        result.message = KeyToolText::tr("Pin Joint: %1").arg(obstacle);
         return shown(result);
     }
     VxUndoStackHold hold;
@@ -47,15 +43,16 @@ KeyToolResult pin(const KeyToolArguments &arguments)
         limb.solve(span, falloff, step, span.clamp(vxScene->getTime()));
         limb.write();
     }
-    hold.accept(tr("Pin Joint"));
+    hold.accept(KeyToolText::tr("Pin Joint"));
     result.done = true;
     result.channels = 9;
     result.error = limb.largestError();
-    result.message = tr("Pin Joint: %1, largest distance %2 % of the limb")
+    result.message = KeyToolText::tr("Pin Joint: %1, largest distance %2 % of the limb")
                          .arg(vxScene->getPrimarySelection()->getLabel())
                          .arg(result.error * 100, 0, 'g', 3);
     if (limb.framesOutOfReach() > 0)
-        result.message += tr("; out of reach on %1 frames").arg(limb.framesOutOfReach());
+        result.message +=
+            KeyToolText::tr("; out of reach on %1 frames").arg(limb.framesOutOfReach());
     return shown(result);
 }
 
@@ -66,11 +63,12 @@ QVector<KeyTool> poseTools()
     using P = KeyToolParameter;
     return {
         {"pin",
-         tr("Pin Joint"),
-         tr("Keeps the primary selected joint in place by rotating the two bones above it."),
-         {{"start", tr("Start (frame)"), P::Time, "0"},
-          {"end", tr("End (frame)"), P::Time, "30"},
-          {"falloff", tr("Falloff (frames)"), P::Time, "5", {}, 0}},
+         KeyToolText::tr("Pin Joint"),
+         KeyToolText::tr(
+             "Keeps the primary selected joint in place by rotating the two bones above it."),
+         {{"start", KeyToolText::tr("Start (frame)"), P::Time, "0"},
+          {"end", KeyToolText::tr("End (frame)"), P::Time, "30"},
+          {"falloff", KeyToolText::tr("Falloff (frames)"), P::Time, "5", {}, 0}},
          &pin},
     };
 }

@@ -1,6 +1,7 @@
 #include "keytools/keytool.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <QtCore/QHash>
 #include <algorithm>
 #include <vxcore/vxapp.h>
@@ -9,11 +10,6 @@
 #include <vxcore/vxscene.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
 
 /// Selects exactly those candidate keys for which `takes` is true; its arguments are the property,
 /// the key's index and whether the key is selected now.
@@ -49,10 +45,12 @@ template <class Takes> KeyToolResult selectKeys(const QString &label, const Take
     result.done = selection && !candidates.isEmpty();
     if (result.done)
         selection->set(entries);
-    result.message =
-        result.done
-            ? tr("%1: %2 selected on %3 channels").arg(label).arg(result.keys).arg(result.channels)
-            : tr("%1: select keys, or nodes with keys").arg(label);
+    result.message = result.done
+                         ? KeyToolText::tr("%1: %2 selected on %3 channels")
+                               .arg(label)
+                               .arg(result.keys)
+                               .arg(result.channels)
+                         : KeyToolText::tr("%1: select keys, or nodes with keys").arg(label);
     if (vxApp->getInterface())
         vxApp->getInterface()->showStatusMessage(result.message);
     return result;
@@ -62,24 +60,27 @@ KeyToolResult selectTimes(const KeyToolArguments &arguments)
 {
     const VxTime start = arguments.ticks("start");
     const VxTime end = arguments.ticks("end");
-    return selectKeys(tr("Select Frames"), [=](const VxProperty &property, int i, bool) {
-        const VxTime time = property.getKeyTime(i);
-        return time >= start && time <= end;
-    });
+    return selectKeys(KeyToolText::tr("Select Frames"),
+                      [=](const VxProperty &property, int i, bool) {
+                          const VxTime time = property.getKeyTime(i);
+                          return time >= start && time <= end;
+                      });
 }
 
 KeyToolResult selectBefore(const KeyToolArguments &)
 {
-    return selectKeys(tr("Select Before Playhead"), [](const VxProperty &property, int i, bool) {
-        return property.getKeyTime(i) < vxScene->getTime();
-    });
+    return selectKeys(KeyToolText::tr("Select Before Playhead"),
+                      [](const VxProperty &property, int i, bool) {
+                          return property.getKeyTime(i) < vxScene->getTime();
+                      });
 }
 
 KeyToolResult selectAfter(const KeyToolArguments &)
 {
-    return selectKeys(tr("Select After Playhead"), [](const VxProperty &property, int i, bool) {
-        return property.getKeyTime(i) > vxScene->getTime();
-    });
+    return selectKeys(KeyToolText::tr("Select After Playhead"),
+                      [](const VxProperty &property, int i, bool) {
+                          return property.getKeyTime(i) > vxScene->getTime();
+                      });
 }
 
 KeyToolResult selectSameFrames(const KeyToolArguments &)
@@ -91,9 +92,10 @@ KeyToolResult selectSameFrames(const KeyToolArguments &)
     }
     std::sort(times.begin(), times.end());
     times.erase(std::unique(times.begin(), times.end()), times.end());
-    return selectKeys(tr("Select Same Frames"), [&](const VxProperty &property, int i, bool) {
-        return std::binary_search(times.begin(), times.end(), property.getKeyTime(i));
-    });
+    return selectKeys(
+        KeyToolText::tr("Select Same Frames"), [&](const VxProperty &property, int i, bool) {
+            return std::binary_search(times.begin(), times.end(), property.getKeyTime(i));
+        });
 }
 
 /// Of the selected keys of a channel, or of all where none is, the first, the n-th after it ...
@@ -102,7 +104,7 @@ KeyToolResult selectEvery(const KeyToolArguments &arguments)
     const int n = std::max(1, arguments.choice("n"));
     const bool thins = KeyTargets::current().isSelection;
     QHash<const VxProperty *, int> counts;
-    return selectKeys(tr("Select Every Nth"),
+    return selectKeys(KeyToolText::tr("Select Every Nth"),
                       [&](const VxProperty &property, int, bool isSelected) {
                           if (thins && !isSelected)
                               return false;
@@ -112,26 +114,28 @@ KeyToolResult selectEvery(const KeyToolArguments &arguments)
 
 KeyToolResult selectInverse(const KeyToolArguments &)
 {
-    return selectKeys(tr("Invert Selection"),
+    return selectKeys(KeyToolText::tr("Invert Selection"),
                       [](const VxProperty &, int, bool isSelected) { return !isSelected; });
 }
 
 KeyToolResult selectType(const KeyToolArguments &arguments)
 {
     const int type = arguments.choice("type");
-    return selectKeys(tr("Select by Type"), [type](const VxProperty &property, int i, bool) {
-        return property.getKeyInterpolationType(i) == type;
-    });
+    return selectKeys(KeyToolText::tr("Select by Type"),
+                      [type](const VxProperty &property, int i, bool) {
+                          return property.getKeyInterpolationType(i) == type;
+                      });
 }
 
 KeyToolResult selectValues(const KeyToolArguments &arguments)
 {
     const double least = arguments.amount("min");
     const double most = arguments.amount("max");
-    return selectKeys(tr("Select by Value"), [=](const VxNumericProperty &property, int i, bool) {
-        const double value = property.getKeyDoubleValue(i);
-        return value >= least && value <= most;
-    });
+    return selectKeys(KeyToolText::tr("Select by Value"),
+                      [=](const VxNumericProperty &property, int i, bool) {
+                          const double value = property.getKeyDoubleValue(i);
+                          return value >= least && value <= most;
+                      });
 }
 
 } // namespace
@@ -139,47 +143,50 @@ KeyToolResult selectValues(const KeyToolArguments &arguments)
 QVector<KeyTool> selectionTools()
 {
     using P = KeyToolParameter;
-    const QStringList types = {tr("Linear"), tr("Constant"), tr("TCB")};
+    const QStringList types = {KeyToolText::tr("Linear"), KeyToolText::tr("Constant"),
+                               KeyToolText::tr("TCB")};
     return {
         {"selectFrames",
-         tr("Select Frames"),
-         tr("Selects the keys from one frame to another, both included."),
-         {{"start", tr("Start (frame)"), P::Time, "0"}, {"end", tr("End (frame)"), P::Time, "30"}},
+         KeyToolText::tr("Select Frames"),
+         KeyToolText::tr("Selects the keys from one frame to another, both included."),
+         {{"start", KeyToolText::tr("Start (frame)"), P::Time, "0"},
+          {"end", KeyToolText::tr("End (frame)"), P::Time, "30"}},
          &selectTimes},
         {"selectBefore",
-         tr("Select Before Playhead"),
-         tr("Selects the keys before the playhead."),
+         KeyToolText::tr("Select Before Playhead"),
+         KeyToolText::tr("Selects the keys before the playhead."),
          {},
          &selectBefore},
         {"selectAfter",
-         tr("Select After Playhead"),
-         tr("Selects the keys after the playhead."),
+         KeyToolText::tr("Select After Playhead"),
+         KeyToolText::tr("Selects the keys after the playhead."),
          {},
          &selectAfter},
         {"selectSameFrames",
-         tr("Select Same Frames"),
-         tr("Selects every key on the frames of the selected keys."),
+         KeyToolText::tr("Select Same Frames"),
+         KeyToolText::tr("Selects every key on the frames of the selected keys."),
          {},
          &selectSameFrames},
         {"selectEvery",
-         tr("Select Every Nth"),
-         tr("Keeps every nth of the selected keys of each channel selected."),
-         {{"n", tr("n"), P::Number, "2", {}, 1}},
+         KeyToolText::tr("Select Every Nth"),
+         KeyToolText::tr("Keeps every nth of the selected keys of each channel selected."),
+         {{"n", KeyToolText::tr("n"), P::Number, "2", {}, 1}},
          &selectEvery},
         {"selectInverse",
-         tr("Invert Selection"),
-         tr("Selects the keys that are not selected, and no others."),
+         KeyToolText::tr("Invert Selection"),
+         KeyToolText::tr("Selects the keys that are not selected, and no others."),
          {},
          &selectInverse},
         {"selectType",
-         tr("Select by Type"),
-         tr("Selects the keys of one interpolation type."),
-         {{"type", tr("Type"), P::Choice, types[0], types}},
+         KeyToolText::tr("Select by Type"),
+         KeyToolText::tr("Selects the keys of one interpolation type."),
+         {{"type", KeyToolText::tr("Type"), P::Choice, types[0], types}},
          &selectType},
         {"selectValues",
-         tr("Select by Value"),
-         tr("Selects the keys whose value lies in a range, both ends included."),
-         {{"min", tr("Minimum"), P::Number, "0"}, {"max", tr("Maximum"), P::Number, "0"}},
+         KeyToolText::tr("Select by Value"),
+         KeyToolText::tr("Selects the keys whose value lies in a range, both ends included."),
+         {{"min", KeyToolText::tr("Minimum"), P::Number, "0"},
+          {"max", KeyToolText::tr("Maximum"), P::Number, "0"}},
          &selectValues},
     };
 }

@@ -1,6 +1,7 @@
 #include "keytools/keytool.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <algorithm>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
@@ -9,11 +10,6 @@
 #include <vxcore/vxscene.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
 
 KeyToolResult refused(const QString &message)
 {
@@ -49,7 +45,7 @@ KeyToolResult move(const KeyToolArguments &arguments)
 {
     KeyToolRun run(rippleTargets(arguments));
     run.edit([&](KeySeries *keys) { moveTimes(keys, arguments.amount("by")); });
-    return run.finish(tr("Move Keys"));
+    return run.finish(KeyToolText::tr("Move Keys"));
 }
 
 double pivotTime(int choice, const VxTimeRange &range)
@@ -70,11 +66,11 @@ KeyToolResult scale(const KeyToolArguments &arguments)
 {
     const VxTypedInput factor = arguments.input("factor");
     if (factor.kind == VxTypedInput::Offset)
-        return refused(tr("Scale Times: the factor must be a number or a percentage"));
+        return refused(KeyToolText::tr("Scale Times: the factor must be a number or a percentage"));
     KeyToolRun run;
     const double pivot = pivotTime(arguments.choice("pivot"), run.targets().range());
     run.edit([&](KeySeries *keys) { scaleTimes(keys, factor.amount, pivot); });
-    return run.finish(tr("Scale Times"));
+    return run.finish(KeyToolText::tr("Scale Times"));
 }
 
 KeyToolResult retime(const KeyToolArguments &arguments)
@@ -88,12 +84,12 @@ KeyToolResult retime(const KeyToolArguments &arguments)
     const double end = endInput.kind == VxTypedInput::Factor ? start + span * endInput.amount
                                                              : endInput.appliedTo(range.getEnd());
     if (startInput.kind == VxTypedInput::Factor)
-        return refused(tr("Retime: the start must be a time or an offset"));
+        return refused(KeyToolText::tr("Retime: the start must be a time or an offset"));
     if (end < start)
-        return refused(tr("Retime: the end is before the start"));
+        return refused(KeyToolText::tr("Retime: the end is before the start"));
     KeyToolRun run(targets);
     run.edit([&](KeySeries *keys) { mapTimes(keys, range, start, end); });
-    return run.finish(tr("Retime Keys"));
+    return run.finish(KeyToolText::tr("Retime Keys"));
 }
 
 KeyTargets frameTargets(const KeyToolArguments &arguments)
@@ -106,7 +102,7 @@ KeyToolResult insertFrames(const KeyToolArguments &arguments)
     KeyToolRun run(frameTargets(arguments));
     run.edit(
         [&](KeySeries *keys) { insertTime(keys, vxScene->getTime(), arguments.ticks("count")); });
-    return run.finish(tr("Insert Frames"));
+    return run.finish(KeyToolText::tr("Insert Frames"));
 }
 
 KeyToolResult removeFrames(const KeyToolArguments &arguments)
@@ -124,7 +120,7 @@ KeyToolResult removeFrames(const KeyToolArguments &arguments)
         run.retarget(track);
         run.edit(track, [&](KeySeries *keys) { removeTime(keys, time, count); });
     }
-    return run.finish(tr("Remove Frames"));
+    return run.finish(KeyToolText::tr("Remove Frames"));
 }
 
 KeyToolResult snap(const KeyToolArguments &arguments)
@@ -132,14 +128,14 @@ KeyToolResult snap(const KeyToolArguments &arguments)
     KeyToolRun run;
     const VxTime step = std::max<VxTime>(1, arguments.ticks("step"));
     run.edit([step](KeySeries *keys) { snapTimes(keys, step); });
-    return run.finish(tr("Snap Keys"));
+    return run.finish(KeyToolText::tr("Snap Keys"));
 }
 
 KeyToolResult space(const KeyToolArguments &)
 {
     KeyToolRun run;
     run.edit([](KeySeries *keys) { spaceTimes(keys); });
-    return run.finish(tr("Space Keys Evenly"));
+    return run.finish(KeyToolText::tr("Space Keys Evenly"));
 }
 
 /// A segment has the type of its left key: reversed, that is the key on its right. A tangent
@@ -169,7 +165,7 @@ KeyToolResult reverse(const KeyToolArguments &)
                 scaleTimes(keys, -1, (double(range.getStart()) + range.getEnd()) / 2);
             });
     }
-    return run.finish(tr("Reverse Keys"));
+    return run.finish(KeyToolText::tr("Reverse Keys"));
 }
 
 KeyToolResult duplicate(const KeyToolArguments &arguments)
@@ -185,7 +181,7 @@ KeyToolResult duplicate(const KeyToolArguments &arguments)
             },
             true);
     }
-    return run.finish(tr("Duplicate Keys"));
+    return run.finish(KeyToolText::tr("Duplicate Keys"));
 }
 
 } // namespace
@@ -193,54 +189,70 @@ KeyToolResult duplicate(const KeyToolArguments &arguments)
 QVector<KeyTool> timeTools()
 {
     using P = KeyToolParameter;
-    const P ripple = {
-        "ripple", tr("Ripple"), P::Choice, tr("None"), {tr("None"), tr("Later keys of the rows")}};
-    const P scope = {
-        "scope", tr("Rows"), P::Choice, tr("Selected"), {tr("Selected"), tr("All of the scene")}};
-    const P by = {"by", tr("By (frames)"), P::Time, "10"};
+    const P ripple = {"ripple",
+                      KeyToolText::tr("Ripple"),
+                      P::Choice,
+                      KeyToolText::tr("None"),
+                      {KeyToolText::tr("None"), KeyToolText::tr("Later keys of the rows")}};
+    const P scope = {"scope",
+                     KeyToolText::tr("Rows"),
+                     P::Choice,
+                     KeyToolText::tr("Selected"),
+                     {KeyToolText::tr("Selected"), KeyToolText::tr("All of the scene")}};
+    const P by = {"by", KeyToolText::tr("By (frames)"), P::Time, "10"};
     return {
-        {"move", tr("Move"), tr("Moves keys by a number of frames."), {by, ripple}, &move},
+        {"move",
+         KeyToolText::tr("Move"),
+         KeyToolText::tr("Moves keys by a number of frames."),
+         {by, ripple},
+         &move},
         {"scaleTimes",
-         tr("Scale Times"),
-         tr("Scales the distances of keys from a pivot."),
-         {{"factor", tr("Factor"), P::Change, "150%"},
+         KeyToolText::tr("Scale Times"),
+         KeyToolText::tr("Scales the distances of keys from a pivot."),
+         {{"factor", KeyToolText::tr("Factor"), P::Change, "150%"},
           {"pivot",
-           tr("About"),
+           KeyToolText::tr("About"),
            P::Choice,
-           tr("Playhead"),
-           {tr("Playhead"), tr("Start"), tr("End"), tr("Middle")}}},
+           KeyToolText::tr("Playhead"),
+           {KeyToolText::tr("Playhead"), KeyToolText::tr("Start"), KeyToolText::tr("End"),
+            KeyToolText::tr("Middle")}}},
          &scale},
         {"retime",
-         tr("Retime"),
-         tr("Moves and scales keys to a start and an end."),
-         {{"start", tr("Start (frame or +offset)"), P::TimeChange, "+0"},
-          {"end", tr("End (frame, +offset or percent)"), P::TimeChange, "+0"},
+         KeyToolText::tr("Retime"),
+         KeyToolText::tr("Moves and scales keys to a start and an end."),
+         {{"start", KeyToolText::tr("Start (frame or +offset)"), P::TimeChange, "+0"},
+          {"end", KeyToolText::tr("End (frame, +offset or percent)"), P::TimeChange, "+0"},
           ripple},
          &retime},
         {"insertFrames",
-         tr("Insert Frames"),
-         tr("Moves the keys at and after the playhead later."),
-         {{"count", tr("Frames"), P::Time, "1", {}, 0}, scope},
+         KeyToolText::tr("Insert Frames"),
+         KeyToolText::tr("Moves the keys at and after the playhead later."),
+         {{"count", KeyToolText::tr("Frames"), P::Time, "1", {}, 0}, scope},
          &insertFrames},
         {"removeFrames",
-         tr("Remove Frames"),
-         tr("Deletes frames and their keys from the playhead on and moves later keys earlier."),
-         {{"count", tr("Frames"), P::Time, "1", {}, 0}, scope},
+         KeyToolText::tr("Remove Frames"),
+         KeyToolText::tr(
+             "Deletes frames and their keys from the playhead on and moves later keys earlier."),
+         {{"count", KeyToolText::tr("Frames"), P::Time, "1", {}, 0}, scope},
          &removeFrames},
         {"snap",
-         tr("Snap to Frames"),
-         tr("Moves keys to the nearest frames."),
-         {{"step", tr("Every (frames)"), P::Time, "1", {}, 0}},
+         KeyToolText::tr("Snap to Frames"),
+         KeyToolText::tr("Moves keys to the nearest frames."),
+         {{"step", KeyToolText::tr("Every (frames)"), P::Time, "1", {}, 0}},
          &snap},
         {"spaceEvenly",
-         tr("Space Evenly"),
-         tr("Spaces the keys of each channel evenly in time."),
+         KeyToolText::tr("Space Evenly"),
+         KeyToolText::tr("Spaces the keys of each channel evenly in time."),
          {},
          &space},
-        {"reverse", tr("Reverse"), tr("Reverses the order of keys in time."), {}, &reverse},
+        {"reverse",
+         KeyToolText::tr("Reverse"),
+         KeyToolText::tr("Reverses the order of keys in time."),
+         {},
+         &reverse},
         {"duplicate",
-         tr("Duplicate"),
-         tr("Copies keys by a number of frames and selects the copies."),
+         KeyToolText::tr("Duplicate"),
+         KeyToolText::tr("Copies keys by a number of frames and selects the copies."),
          {by},
          &duplicate},
     };

@@ -1,21 +1,17 @@
 #include "keytools/keytool.h"
 
-#include <QtCore/QCoreApplication>
+#include "keytools/keytooltext.h"
+
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KeyTools", text);
-}
-
 const QString Pivot = QStringLiteral("pivot");
 
 QStringList pivots()
 {
-    return {tr("Zero"), tr("Mean"), tr("Playhead")};
+    return {KeyToolText::tr("Zero"), KeyToolText::tr("Mean"), KeyToolText::tr("Playhead")};
 }
 
 /// The pivot of scaling for each channel: zero, the mean of its keys, or the curve's value at the
@@ -53,12 +49,12 @@ KeyToolResult scaleValuesTool(const KeyToolArguments &arguments)
     return scaleAbout(arguments.input("factor").kind == VxTypedInput::Offset
                           ? 1 + arguments.amount("factor")
                           : arguments.amount("factor"),
-                      arguments.choice(Pivot), tr("Scale Values"));
+                      arguments.choice(Pivot), KeyToolText::tr("Scale Values"));
 }
 
 KeyToolResult mirrorValues(const KeyToolArguments &arguments)
 {
-    return scaleAbout(-1, arguments.choice(Pivot), tr("Mirror Values"));
+    return scaleAbout(-1, arguments.choice(Pivot), KeyToolText::tr("Mirror Values"));
 }
 
 KeyToolResult setValues(const KeyToolArguments &arguments)
@@ -69,7 +65,7 @@ KeyToolResult setValues(const KeyToolArguments &arguments)
         for (double &value : keys->values)
             value = input.appliedTo(value);
     });
-    return run.finish(tr("Set Values"));
+    return run.finish(KeyToolText::tr("Set Values"));
 }
 
 KeyToolResult offset(const KeyToolArguments &arguments)
@@ -79,7 +75,7 @@ KeyToolResult offset(const KeyToolArguments &arguments)
         offsetValues(keys, arguments.amount("amount"), arguments.ticks("start"),
                      arguments.ticks("end"), arguments.ticks("falloff"));
     });
-    return run.finish(tr("Offset With Falloff"));
+    return run.finish(KeyToolText::tr("Offset With Falloff"));
 }
 
 } // namespace
@@ -87,30 +83,31 @@ KeyToolResult offset(const KeyToolArguments &arguments)
 QVector<KeyTool> valueTools()
 {
     using P = KeyToolParameter;
-    const P pivot = {Pivot, tr("About"), P::Choice, pivots()[0], pivots()};
+    const P pivot = {Pivot, KeyToolText::tr("About"), P::Choice, pivots()[0], pivots()};
     return {
         {"setValues",
-         tr("Set Values"),
-         tr("Sets the values of keys, or changes them: 5, +5, 150%, *2."),
-         {{"value", tr("Value"), P::Change, "+0"}},
+         KeyToolText::tr("Set Values"),
+         KeyToolText::tr("Sets the values of keys, or changes them: 5, +5, 150%, *2."),
+         {{"value", KeyToolText::tr("Value"), P::Change, "+0"}},
          &setValues},
         {"scaleValues",
-         tr("Scale Values"),
-         tr("Scales the values of keys about a pivot."),
-         {{"factor", tr("Factor"), P::Change, "150%"}, pivot},
+         KeyToolText::tr("Scale Values"),
+         KeyToolText::tr("Scales the values of keys about a pivot."),
+         {{"factor", KeyToolText::tr("Factor"), P::Change, "150%"}, pivot},
          &scaleValuesTool},
         {"mirrorValues",
-         tr("Mirror Values"),
-         tr("Mirrors the values of keys about a pivot."),
+         KeyToolText::tr("Mirror Values"),
+         KeyToolText::tr("Mirrors the values of keys about a pivot."),
          {pivot},
          &mirrorValues},
         {"offset",
-         tr("Offset With Falloff"),
-         tr("Adds an amount to the keys of a span, with a falloff before and after it."),
-         {{"amount", tr("Amount"), P::Number, "0"},
-          {"start", tr("Start (frame)"), P::Time, "0"},
-          {"end", tr("End (frame)"), P::Time, "30"},
-          {"falloff", tr("Falloff (frames)"), P::Time, "10", {}, 0}},
+         KeyToolText::tr("Offset With Falloff"),
+         KeyToolText::tr(
+             "Adds an amount to the keys of a span, with a falloff before and after it."),
+         {{"amount", KeyToolText::tr("Amount"), P::Number, "0"},
+          {"start", KeyToolText::tr("Start (frame)"), P::Time, "0"},
+          {"end", KeyToolText::tr("End (frame)"), P::Time, "30"},
+          {"falloff", KeyToolText::tr("Falloff (frames)"), P::Time, "10", {}, 0}},
          &offset},
     };
 }

@@ -3,19 +3,14 @@
 #include "parameters/vxpropertyhints.h"
 #include "parameters/vxpropertyvalue.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxparameterspane.h>
 #include <vxcore/vxtypedinput.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxPropertyClipboard", text);
-}
 
 QStringList linesOf(QString text)
 {
@@ -61,7 +56,9 @@ QString VxPropertyClipboard::paste(const QVector<Row> &rows, VxTime time, const 
 {
     const QStringList lines = linesOf(text);
     if (lines.size() != 1 && lines.size() != rows.size())
-        return tr("%1 values cannot be pasted into %2 rows.").arg(lines.size()).arg(rows.size());
+        return VxParametersPane::tr("%1 values cannot be pasted into %2 rows.")
+            .arg(lines.size())
+            .arg(rows.size());
     QString trouble;
     VxUndoStackHold hold;
     {
@@ -72,6 +69,6 @@ QString VxPropertyClipboard::paste(const QVector<Row> &rows, VxTime time, const 
                 trouble = found;
         }
     }
-    hold.accept(tr("Paste Value"));
+    hold.accept(VxParametersPane::tr("Paste Value"));
     return trouble;
 }

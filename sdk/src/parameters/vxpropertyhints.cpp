@@ -2,18 +2,13 @@
 
 #include "parameters/vxpropertyvalue.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxparameterspane.h>
 #include <vxcore/vxpropertyhelper.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxPropertyHints", text);
-}
 
 QString shown(const VxNumericProperty *property, double value)
 {
@@ -32,15 +27,15 @@ QString fullName(const VxProperty *property)
 void addRelations(const VxProperty *property, QStringList *lines)
 {
     if (const VxProperty *target = property->getAliasedProperty())
-        lines->append(tr("Alias of %1").arg(fullName(target)));
+        lines->append(VxParametersPane::tr("Alias of %1").arg(fullName(target)));
     if (const VxProperty *control = property->getOverridingControl())
-        lines->append(tr("Controlled by %1").arg(fullName(control)));
+        lines->append(VxParametersPane::tr("Controlled by %1").arg(fullName(control)));
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
     if (!number || !number->isLinked())
         return;
     const QString source = fullName(number->getLinkedProperty());
-    lines->append(number->isLinkTerminal() ? tr("Adds %1").arg(source)
-                                           : tr("Follows %1").arg(source));
+    lines->append(number->isLinkTerminal() ? VxParametersPane::tr("Adds %1").arg(source)
+                                           : VxParametersPane::tr("Follows %1").arg(source));
 }
 
 } // namespace
@@ -49,15 +44,19 @@ QString VxPropertyHints::keyHint(VxPropertyListItemModel::KeyState state, bool e
 {
     switch (state) {
     case VxPropertyListItemModel::NoKeys:
-        return editable ? tr("No keys. Click to set one here.") : tr("No keys.");
+        return editable ? VxParametersPane::tr("No keys. Click to set one here.")
+                        : VxParametersPane::tr("No keys.");
     case VxPropertyListItemModel::Keyed:
-        return editable ? tr("Keyed, but not at this time. Click to set a key here.")
-                        : tr("Keyed, but not at this time.");
+        return editable
+                   ? VxParametersPane::tr("Keyed, but not at this time. Click to set a key here.")
+                   : VxParametersPane::tr("Keyed, but not at this time.");
     case VxPropertyListItemModel::OnKey:
-        return editable ? tr("On a key. Click to delete it.") : tr("On a key.");
+        return editable ? VxParametersPane::tr("On a key. Click to delete it.")
+                        : VxParametersPane::tr("On a key.");
     case VxPropertyListItemModel::MixedKeys:
-        return editable ? tr("Keyed on some of the nodes. Click to set the missing keys here.")
-                        : tr("Keyed on some of the nodes.");
+        return editable ? VxParametersPane::tr(
+                              "Keyed on some of the nodes. Click to set the missing keys here.")
+                        : VxParametersPane::tr("Keyed on some of the nodes.");
     case VxPropertyListItemModel::NotKeyable:
         break;
     }
@@ -72,12 +71,12 @@ QString VxPropertyHints::propertyHint(const QVector<VxProperty *> &properties)
                              : property->getPath() + QLatin1Char('/') + property->getLabel()};
     addRelations(property, &lines);
     if (property->isLocked() || property->getKeyHolder()->isLocked())
-        lines.append(tr("Locked"));
+        lines.append(VxParametersPane::tr("Locked"));
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
     if (number && !number->isAnimatable())
-        lines.append(tr("Cannot be keyed"));
+        lines.append(VxParametersPane::tr("Cannot be keyed"));
     if (properties.size() > 1)
-        lines.append(tr("Changes apply to %1 nodes.").arg(properties.size()));
+        lines.append(VxParametersPane::tr("Changes apply to %1 nodes.").arg(properties.size()));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -95,8 +94,9 @@ QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTi
         }
     }
     if (lowest < highest)
-        return tr("Values from %1 to %2").arg(shown(first, lowest), shown(first, highest));
-    return tr("Value %1").arg(VxPropertyValue::fullText(first, time));
+        return VxParametersPane::tr("Values from %1 to %2")
+            .arg(shown(first, lowest), shown(first, highest));
+    return VxParametersPane::tr("Value %1").arg(VxPropertyValue::fullText(first, time));
 }
 
 QString VxPropertyHints::offset(const VxNumericProperty *property, double steps)
@@ -110,15 +110,18 @@ QString VxPropertyHints::refusal(const QString &label, int refused, int locked, 
     if (refused <= 0)
         return {};
     if (locked > 0 && locked < count)
-        return tr("%1 was not changed on %2 of %3 nodes, where it is locked or follows another "
-                  "value.")
+        return VxParametersPane::tr(
+                   "%1 was not changed on %2 of %3 nodes, where it is locked or follows another "
+                   "value.")
             .arg(label)
             .arg(locked)
             .arg(count);
     if (locked > 0)
-        return tr("%1 cannot be changed: it is locked or follows another value.").arg(label);
-    return tr("%1 cannot be set: it has no key at this time, and creating keys automatically is "
-              "off.")
+        return VxParametersPane::tr("%1 cannot be changed: it is locked or follows another value.")
+            .arg(label);
+    return VxParametersPane::tr(
+               "%1 cannot be set: it has no key at this time, and creating keys automatically is "
+               "off.")
         .arg(label);
 }
 
@@ -127,12 +130,13 @@ QString VxPropertyHints::limits(const VxNumericProperty *property, double value)
     const double lowest = VxPropertyValue::lowest(property);
     const double highest = VxPropertyValue::highest(property);
     if (value >= lowest && value <= highest)
-        return tr("%1 must be a whole number. The nearest one was set.").arg(property->getLabel());
-    return tr("%1 must be from %2 to %3. The nearest value was set.")
+        return VxParametersPane::tr("%1 must be a whole number. The nearest one was set.")
+            .arg(property->getLabel());
+    return VxParametersPane::tr("%1 must be from %2 to %3. The nearest value was set.")
         .arg(property->getLabel(), shown(property, lowest), shown(property, highest));
 }
 
 QString VxPropertyHints::unreadable(const QString &text)
 {
-    return tr("\u201c%1\u201d is not a valid value.").arg(text);
+    return VxParametersPane::tr("\u201c%1\u201d is not a valid value.").arg(text);
 }

@@ -2,18 +2,13 @@
 
 #include "parameters/vxpropertyvalue.h"
 
-#include <QtCore/QCoreApplication>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxparameterspane.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxPropertyKeys", text);
-}
 
 /// Makes a key regardless of the scene's animating state.
 void setKeyTo(VxNumericProperty *property, VxTime time, double value)
@@ -101,18 +96,19 @@ VxPropertyListItemModel::KeyState VxPropertyKeys::state(const Properties &proper
 
 void VxPropertyKeys::setKeys(const Properties &properties, VxTime time)
 {
-    runCommand(properties, tr("Set Key"), [time](VxProperty *property) { setKey(property, time); });
+    runCommand(properties, VxParametersPane::tr("Set Key"),
+               [time](VxProperty *property) { setKey(property, time); });
 }
 
 void VxPropertyKeys::deleteKeys(const Properties &properties, VxTime time)
 {
-    runCommand(properties, tr("Delete Key"),
+    runCommand(properties, VxParametersPane::tr("Delete Key"),
                [time](VxProperty *property) { property->deleteKeys(VxTimeRange(time, time)); });
 }
 
 void VxPropertyKeys::deleteAllKeys(const Properties &properties)
 {
-    runCommand(properties, tr("Delete All Keys"),
+    runCommand(properties, VxParametersPane::tr("Delete All Keys"),
                [](VxProperty *property) { property->deleteAllKeys(); });
 }
 
@@ -126,7 +122,7 @@ void VxPropertyKeys::toggleKeys(const Properties &properties, VxTime time)
 
 void VxPropertyKeys::reset(const Properties &properties, VxTime time)
 {
-    runCommand(properties, tr("Reset Value"), [time](VxProperty *property) {
+    runCommand(properties, VxParametersPane::tr("Reset Value"), [time](VxProperty *property) {
         if (auto *number = qobject_cast<VxNumericProperty *>(property))
             VxPropertyValue::setShownValue(number, time,
                                            defaultValue(number) * VxPropertyValue::scale(number));

@@ -3,18 +3,9 @@
 #include "parameters/vxpropertykeys.h"
 #include "parameters/vxpropertyvalue.h"
 
-#include <QtCore/QCoreApplication>
 #include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxparameterspane.h>
 #include <vxcore/vxpropertylistnode.h>
-
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("VxPropertyRow", text);
-}
-
-} // namespace
 
 const VxProperty *VxPropertyRow::leading(const VxPropertyListNode *row)
 {
@@ -58,20 +49,21 @@ VxPropertyListItemModel::KeyState VxPropertyRow::keyState(const VxPropertyListNo
 
 QString VxPropertyRow::spokenValue(const VxPropertyListNode *row, VxTime time)
 {
-    return isMixed(row, time) ? tr("Mixed values") : VxPropertyValue::text(leading(row), time);
+    return isMixed(row, time) ? VxParametersPane::tr("Mixed values")
+                              : VxPropertyValue::text(leading(row), time);
 }
 
 QString VxPropertyRow::spokenKeyState(VxPropertyListItemModel::KeyState state)
 {
     switch (state) {
     case VxPropertyListItemModel::NoKeys:
-        return tr("No keys");
+        return VxParametersPane::tr("No keys");
     case VxPropertyListItemModel::Keyed:
-        return tr("Keyed");
+        return VxParametersPane::tr("Keyed");
     case VxPropertyListItemModel::OnKey:
-        return tr("On a key");
+        return VxParametersPane::tr("On a key");
     case VxPropertyListItemModel::MixedKeys:
-        return tr("Mixed keys");
+        return VxParametersPane::tr("Mixed keys");
     case VxPropertyListItemModel::NotKeyable:
         break;
     }

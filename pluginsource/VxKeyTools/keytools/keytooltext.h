@@ -1,0 +1,12 @@
+#ifndef KEYTOOLS_KEYTOOLTEXT_H
+#define KEYTOOLS_KEYTOOLTEXT_H
+
+#include <QCoreApplication>
+
+/// Translation context of what the tools show to users.
+class KeyToolText
+{
+    Q_DECLARE_TR_FUNCTIONS(KeyToolText)
+};
+
+#endif
