@@ -19,12 +19,6 @@ QString depthMessage()
     return StudioText::tr("Nodes cannot be nested deeper than %1 levels.").arg(VxNode::MaxDepth);
 }
 
-void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
-{
-    scene->selectNodes(scene->getSelectedNodes(), false);
-    scene->selectNodes(nodes, true);
-}
-
 /** Takes one node into the scene, as one undo entry. */
 CreateResult enter(VxScene *scene, std::unique_ptr<VxNode> node, VxNode *parent)
 {
@@ -36,7 +30,7 @@ CreateResult enter(VxScene *scene, std::unique_ptr<VxNode> node, VxNode *parent)
         return {{}, StudioText::tr("The node could not be added.")};
     node.release();
     hold.accept(StudioText::tr("Create \"%1\"").arg(made->getLabel()));
-    selectOnly(scene, {made});
+    SceneEdits::selectOnly(scene, {made});
     return {{made}, {}};
 }
 
@@ -118,7 +112,7 @@ CreateResult CreateEdits::duplicate(VxScene *scene, const QVector<VxNode *> &nod
     }
     hold.accept(tops.size() == 1 ? StudioText::tr("Duplicate \"%1\"").arg(tops.first()->getLabel())
                                  : StudioText::tr("Duplicate %1 Nodes").arg(tops.size()));
-    selectOnly(scene, result.nodes);
+    SceneEdits::selectOnly(scene, result.nodes);
     return result;
 }
 
@@ -143,7 +137,7 @@ CreateResult CreateEdits::group(VxScene *scene, const QVector<VxNode *> &nodes)
     }
     hold.accept(tops.size() == 1 ? StudioText::tr("Group \"%1\"").arg(tops.first()->getLabel())
                                  : StudioText::tr("Group %1 Nodes").arg(tops.size()));
-    selectOnly(scene, {group});
+    SceneEdits::selectOnly(scene, {group});
     const QString message = displaced.isEmpty() ? QString()
                             : displaced.size() == 1
                                 ? StudioText::tr("\"%1\" could not keep its world position.")

@@ -1,5 +1,7 @@
 #include "io/vxbvhtokenizer.h"
 
+#include "io/vxtextbytes.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -7,14 +9,9 @@
 
 namespace {
 
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 bool isDelimiter(char c)
 {
-    return isSpace(c) || c == '{' || c == '}' || c == ':';
+    return vxIsSpace(c) || c == '{' || c == '}' || c == ':';
 }
 
 char lowered(char c)
@@ -102,7 +99,7 @@ VxBvhTokenizer::VxBvhTokenizer(const QByteArray &bytes)
 
 void VxBvhTokenizer::skipBlanks()
 {
-    for (; m_at < m_end && isSpace(*m_at); ++m_at)
+    for (; m_at < m_end && vxIsSpace(*m_at); ++m_at)
         m_line += endsLine(m_at, m_end);
 }
 
@@ -128,13 +125,13 @@ VxBvhTokenizer::Word VxBvhTokenizer::peek()
 
 VxBvhTokenizer::Word VxBvhTokenizer::restOfLine()
 {
-    while (m_at < m_end && isSpace(*m_at) && *m_at != '\n' && *m_at != '\r')
+    while (m_at < m_end && vxIsSpace(*m_at) && *m_at != '\n' && *m_at != '\r')
         ++m_at;
     const char *start = m_at;
     while (m_at < m_end && *m_at != '\n' && *m_at != '\r')
         ++m_at;
     const auto trim = [this, start] {
-        while (m_at > start && isSpace(m_at[-1]))
+        while (m_at > start && vxIsSpace(m_at[-1]))
             --m_at;
     };
     trim();
@@ -193,7 +190,7 @@ qint64 VxBvhTokenizer::firstBinaryLine() const
 {
     for (const char *at = m_begin; at < m_end; ++at) {
         const auto code = static_cast<unsigned char>(*at);
-        if ((code < 0x20 && !isSpace(*at)) || code == 0x7F)
+        if ((code < 0x20 && !vxIsSpace(*at)) || code == 0x7F)
             return lineAt(m_begin, at, m_end);
     }
     return -1;

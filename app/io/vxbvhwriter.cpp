@@ -3,21 +3,14 @@
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
+#include "io/vxtextbytes.h"
 
-#include <charconv>
 #include <functional>
 
 namespace {
 
 const char *const channelNames[VxBvhChannelKinds] = {"Xposition", "Yposition", "Zposition",
                                                      "Xrotation", "Yrotation", "Zrotation"};
-
-template <typename T> void appendNumber(QByteArray *out, T value)
-{
-    char text[64];
-    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value);
-    out->append(text, static_cast<int>(result.ptr - text));
-}
 
 void indent(QByteArray *out, int depth)
 {
@@ -28,11 +21,11 @@ void appendOffset(QByteArray *out, int depth, const VxBvhOffset &offset)
 {
     indent(out, depth);
     out->append("OFFSET ");
-    appendNumber(out, offset.x);
+    vxAppendNumber(out, offset.x);
     out->append(' ');
-    appendNumber(out, offset.y);
+    vxAppendNumber(out, offset.y);
     out->append(' ');
-    appendNumber(out, offset.z);
+    vxAppendNumber(out, offset.z);
     out->append('\n');
 }
 
@@ -95,12 +88,12 @@ bool appendMotion(QByteArray *out, const VxBvhDocument &document, const TextSink
 {
     out->append("MOTION\nFrames: ").append(QByteArray::number(document.frameCount));
     out->append("\nFrame Time: ");
-    appendNumber(out, document.frameTime);
+    vxAppendNumber(out, document.frameTime);
     out->append('\n');
     const int channels = document.channelCount();
     for (int frame = 0; frame < document.frameCount; ++frame) {
         for (int channel = 0; channel < channels; ++channel) {
-            appendNumber(out, document.channelValues(channel)[frame]);
+            vxAppendNumber(out, document.channelValues(channel)[frame]);
             out->append(channel + 1 < channels ? ' ' : '\n');
         }
         if (out->size() >= PieceBytes &&

@@ -20,11 +20,6 @@ namespace {
 
 constexpr double SameValue = 1e-4; // degrees, units of length or parts of a scale
 
-PoseResult nothingSelected()
-{
-    return {false, StudioText::tr("Select the nodes of a figure first.")};
-}
-
 /** The topmost joint of a figure, which carries it over the ground. */
 bool isRoot(const VxNode *node)
 {
@@ -190,7 +185,7 @@ PoseResult InBetween::breakdown(VxScene *scene, double part, Breakdown::Toward t
 {
     const QVector<VxNode *> nodes = PoseCommands::selectedJoints(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const Breakdown breakdown(nodes, scene->getTime(), toward);
     if (breakdown.isEmpty())
         return {false,
@@ -212,7 +207,7 @@ PoseResult InBetween::hold(VxScene *scene)
 {
     const QVector<VxNode *> nodes = PoseCommands::selectedTrees(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const VxTime time = scene->getTime();
     int held = 0;
     int refused = 0;
@@ -242,7 +237,7 @@ PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
 {
     const QVector<VxNode *> nodes = PoseCommands::selectedTrees(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const VxTimeRange range = scene->getPlayRange();
     if (count < 2 || count > MaxCycles)
         return {false, StudioText::tr("The number of cycles must be from 2 to %1.").arg(MaxCycles)};
@@ -278,7 +273,7 @@ PoseResult InBetween::matchEnds(VxScene *scene)
 {
     const QVector<VxNode *> nodes = PoseCommands::selectedTrees(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const VxTimeRange range = scene->getPlayRange();
     PoseWriter writer(range.getEnd(), scene->isAnimating());
     int changed = 0;

@@ -17,11 +17,6 @@ namespace {
 
 constexpr int ListedNames = 5;
 
-PoseResult nothingSelected()
-{
-    return {false, StudioText::tr("Select the nodes of a figure first.")};
-}
-
 /** What was copied last; poses of one scene can be pasted in the next. */
 Pose &clipboard()
 {
@@ -97,13 +92,12 @@ PoseResult finish(VxUndoStackHold *hold, const QString &entry, const QString &do
     return {true, done + rest};
 }
 
-void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
-{
-    scene->selectNodes(scene->getSelectedNodes(), false);
-    scene->selectNodes(nodes, true);
-}
-
 } // namespace
+
+PoseResult PoseResult::nothingSelected()
+{
+    return {false, StudioText::tr("Select the nodes of a figure first.")};
+}
 
 QVector<VxNode *> PoseCommands::selectedTrees(const VxScene *scene)
 {
@@ -140,7 +134,7 @@ PoseResult PoseCommands::copy(const VxScene *scene)
 {
     const QVector<VxNode *> nodes = selectedTrees(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
     if (roots.size() > 1)
         return {false, StudioText::tr("Select nodes of one figure only to copy a pose.")};
@@ -161,7 +155,7 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
     if (roots.isEmpty() && pose.root && pose.root->getScene() == scene)
         roots.append(PoseFigure::rootOf(pose.root));
     if (roots.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     PoseWriter writer(scene->getTime(), scene->isAnimating());
     Counts counts;
     VxUndoStackHold hold;
@@ -183,7 +177,7 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
 {
     const QVector<VxNode *> nodes = selectedTrees(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
     PoseWriter writer(scene->getTime(), scene->isAnimating());
     Counts counts;
@@ -204,7 +198,7 @@ PoseResult PoseCommands::resetToRest(VxScene *scene)
 {
     const QVector<VxNode *> nodes = selectedJoints(scene);
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     PoseWriter writer(scene->getTime(), scene->isAnimating());
     VxUndoStackHold hold;
     {
@@ -223,7 +217,7 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
 {
     const QVector<VxNode *> nodes = scene->getSelectedNodes();
     if (nodes.isEmpty())
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     QVector<VxNode *> others;
     QStringList missing;
     for (VxNode *root : PoseFigure::rootsOf(nodes)) {
@@ -240,7 +234,7 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
     if (others.isEmpty())
         return {false,
                 StudioText::tr("The selected nodes have no other side.") + missingText(missing)};
-    selectOnly(scene, others);
+    SceneEdits::selectOnly(scene, others);
     return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) +
                       missingText(missing)};
 }
@@ -248,7 +242,7 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
 PoseResult PoseCommands::selectChildren(VxScene *scene)
 {
     if (scene->getNumSelectedNodes() == 0)
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     VxNode *primary = scene->getPrimarySelection();
     scene->selectNodes(selectedTrees(scene), true);
     if (primary)
@@ -268,9 +262,9 @@ PoseResult PoseCommands::selectParents(VxScene *scene)
         parents.append(parent);
     }
     if (scene->getNumSelectedNodes() == 0)
-        return nothingSelected();
+        return PoseResult::nothingSelected();
     if (parents.isEmpty())
         return {false, StudioText::tr("The selected nodes have no parents.")};
-    selectOnly(scene, parents);
+    SceneEdits::selectOnly(scene, parents);
     return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
 }

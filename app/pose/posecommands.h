@@ -12,6 +12,8 @@ struct PoseResult
 {
     bool done = false; ///< false: nothing was changed
     QString message;
+
+    static PoseResult nothingSelected();
 };
 
 /// Commands on the pose of figures at the scene's time. Each that changes the scene makes one undo

@@ -126,16 +126,12 @@ void PoseWriter::setRotation(const VxNode *node, const VxRotation &rotation)
 
 QString PoseWriter::report() const
 {
-    const auto tr = [](const char *text, int count) { return StudioText::tr(text).arg(count); };
     QString text;
     if (m_limited > 0)
-        text += StudioText::tr(QT_TRANSLATE_NOOP("PoseWriter", " Channels at their limits: %1."),
-                               m_limited);
+        text += StudioText::tr(" Channels at their limits: %1.").arg(m_limited);
     if (m_refused > 0)
-        text += StudioText::tr(
-            QT_TRANSLATE_NOOP("PoseWriter",
-                              " Channels not changed (locked, linked, or no key there "
-                              "while Auto Key is off): %1."),
-            m_refused);
+        text += StudioText::tr(" Channels not changed (locked, linked, or no key there while Auto "
+                               "Key is off): %1.")
+                    .arg(m_refused);
     return text;
 }

@@ -95,6 +95,12 @@ bool SceneEdits::canMove(const QVector<VxNode *> &nodes, const VxNode *parent)
                        [parent](const VxNode *node) { return node->canMoveBelow(parent); });
 }
 
+void SceneEdits::selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
+{
+    scene->selectNodes(scene->getSelectedNodes(), false);
+    scene->selectNodes(nodes, true);
+}
+
 bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
                       Kept kept, QVector<VxNode *> *displaced)
 {

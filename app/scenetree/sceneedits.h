@@ -19,6 +19,9 @@ bool remove(VxScene *scene, const QVector<VxNode *> &nodes);
 
 bool setVisible(const QVector<VxNode *> &nodes, bool visible);
 
+/// Selects these nodes and no others. Makes no undo entry.
+void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes);
+
 /// The invariant of a reparented node: its world transform at the scene's time and at its keys,
 /// which get other values for it, or the values of its controls, with which it jumps to another
 /// place below the new parent.

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int EyeSide = 14;
-constexpr int Margin = 5;
+constexpr int EyeMargin = 5;
 
 } // namespace
 
@@ -22,7 +22,7 @@ VisibilityDelegate::VisibilityDelegate(QObject *parent)
 
 int VisibilityDelegate::columnWidth()
 {
-    return EyeSide + 2 * Margin;
+    return EyeSide + 2 * EyeMargin;
 }
 
 void VisibilityDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,

@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QTabBar>
 
 namespace {
@@ -97,9 +98,17 @@ bool DockGestures::filterWindow(QEvent *event)
     case QEvent::ChildRemoved:
         endToolkitGestures();
         break;
+    case QEvent::HoverMove:
+        showSeparatorCursor(static_cast<QHoverEvent *>(event)->pos());
+        return true;
+    case QEvent::HoverLeave:
+        m_window->unsetCursor();
+        return true;
     case QEvent::MouseButtonPress:
-        m_isWindowPressed = true;
+        m_isWindowPressed = m_window->isSeparator(static_cast<QMouseEvent *>(event)->pos());
         break;
+    case QEvent::MouseMove:
+        return !m_isWindowPressed;
     case QEvent::MouseButtonRelease:
         m_isWindowPressed = false;
         break;
@@ -107,6 +116,22 @@ bool DockGestures::filterWindow(QEvent *event)
         break;
     }
     return false;
+}
+
+void DockGestures::showSeparatorCursor(const QPoint &pos)
+{
+    if (m_isWindowPressed)
+        return;
+    if (!m_window->isSeparator(pos)) {
+        m_window->unsetCursor();
+        return;
+    }
+    // A separator is wider than high when it is between docks above and below it.
+    const int thickness =
+        m_window->style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, m_window);
+    const QPoint beside(thickness, 0);
+    const bool isWide = m_window->isSeparator(pos - beside) || m_window->isSeparator(pos + beside);
+    m_window->setCursor(isWide ? Qt::SplitVCursor : Qt::SplitHCursor);
 }
 
 bool DockGestures::filterDock(QDockWidget *dock, QEvent *event)

@@ -20,7 +20,9 @@ class QTabBar;
 /// crash, leak or lose docks when the layout changes in between. So a dragged dock floats and
 /// follows the mouse by this class, and the toolkit performs the drag from press to release at
 /// once when the dock is dropped, and to show the drop position. Drags of tabs and separators are
-/// the toolkit's; they end with the first change.
+/// the toolkit's; they end with the first change. The toolkit also keeps which separator the mouse
+/// hovers over, and crashes once that has gone; so it never sees a hover, and the cursor over a
+/// separator is set here.
 class DockGestures : public QObject
 {
     Q_OBJECT
@@ -33,6 +35,7 @@ public:
 private:
     void watch(QObject *child);
     bool filterWindow(QEvent *event);
+    void showSeparatorCursor(const QPoint &pos);
     bool filterDock(QDockWidget *dock, QEvent *event);
     bool filterTabs(QTabBar *tabs, const QEvent *event);
 
@@ -57,7 +60,7 @@ private:
     bool m_isDragging = false;
     bool m_mayDock = true;          // not while Ctrl is held
     bool m_isPlaying = false;       // for the toolkit
-    bool m_isWindowPressed = false; // on a separator, maybe
+    bool m_isWindowPressed = false; // on a separator
     QPointer<QTabBar> m_tabs;       // the pressed ones
     QSet<quint64> m_tabIds;         // at the press
 };

@@ -5,7 +5,7 @@
 
 namespace {
 
-struct Row
+struct OverviewRow
 {
     const char *gesture;
     const char *effect;
@@ -14,7 +14,7 @@ struct Row
 struct Section
 {
     const char *title;
-    QVector<Row> rows;
+    QVector<OverviewRow> rows;
 };
 
 const QVector<Section> &mouseSections()
@@ -122,7 +122,7 @@ QString mouseRows()
     QString rows;
     for (const Section &section : mouseSections()) {
         rows += heading(translated(section.title));
-        for (const Row &entry : section.rows)
+        for (const OverviewRow &entry : section.rows)
             rows += row(translated(entry.gesture), translated(entry.effect));
     }
     return rows;

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr double Margin = 0.05;   // of the keys' span, on each side
-constexpr qint64 LeastFrames = 2; // on each side
+constexpr double ViewMargin = 0.05; // of the keys' span, on each side
+constexpr qint64 LeastFrames = 2;   // on each side
 
 VxTime limited(qint64 time)
 {
@@ -40,7 +40,7 @@ QString TimeView::zoomToKeys(VxScene *scene, const VxKeySelection &selection)
     if (first > last)
         return StudioText::tr("No keys are selected.");
     const qint64 step = std::max(scene->getTimeStep(), 1);
-    const qint64 room = std::max(LeastFrames * step, qint64(double(last - first) * Margin));
+    const qint64 room = std::max(LeastFrames * step, qint64(double(last - first) * ViewMargin));
     const auto frame = [step](qint64 time) { return limited((time + step / 2) / step * step); };
     scene->setPlayRange(VxTimeRange(frame(first - room), frame(last + room)));
     return QString();

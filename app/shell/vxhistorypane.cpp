@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int Margin = 6;
+constexpr int RowMargin = 6;
 constexpr int RowGap = 4; // between the lines of two states
 
 /// Writes a word after the saved state.
@@ -37,8 +37,8 @@ public:
         painter->save();
         painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
                                  : option.palette.color(QPalette::Disabled, QPalette::Text));
-        painter->drawText(option.rect.adjusted(0, 0, -Margin, 0), Qt::AlignRight | Qt::AlignVCenter,
-                          word());
+        painter->drawText(option.rect.adjusted(0, 0, -RowMargin, 0),
+                          Qt::AlignRight | Qt::AlignVCenter, word());
         painter->restore();
     }
 
@@ -50,7 +50,7 @@ protected:
         if (!index.data(HistoryModel::CleanRole).toBool())
             return;
         const QFontMetrics &metrics = option->fontMetrics;
-        const int room = option->rect.width() - metrics.horizontalAdvance(word()) - 4 * Margin;
+        const int room = option->rect.width() - metrics.horizontalAdvance(word()) - 4 * RowMargin;
         option->text = metrics.elidedText(option->text, Qt::ElideRight, qMax(0, room));
     }
 

@@ -6,10 +6,10 @@
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
+#include "io/vxtextbytes.h"
 
 #include <QHash>
 #include <algorithm>
-#include <charconv>
 #include <functional>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
@@ -20,16 +20,9 @@
 
 namespace {
 
-constexpr int PieceBytes = 1 << 16;
+constexpr int CsvPieceBytes = 1 << 16;
 /// Larger files are impractical: several GB of text.
-constexpr qint64 MaxValues = 200 * 1000 * 1000;
-
-template <typename T> void appendNumber(QByteArray *out, T value)
-{
-    char text[64];
-    const std::to_chars_result result = std::to_chars(text, text + sizeof(text), value);
-    out->append(text, int(result.ptr - text));
-}
+constexpr qint64 MaxCsvValues = 200 * 1000 * 1000;
 
 QByteArray cell(const QString &text)
 {
@@ -250,9 +243,9 @@ void VxCsvExport::Private::appendSamples(const QByteArray &head, const Column &c
     ++numSampled;
     for (const VxTime time : frames.all()) {
         text->append(head);
-        appendNumber(text, frames.seconds(time));
+        vxAppendNumber(text, frames.seconds(time));
         text->append(',');
-        appendNumber(text, column.at(time));
+        vxAppendNumber(text, column.at(time));
         text->append(",linear,,,\n");
         ++numKeys;
     }
@@ -264,7 +257,7 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
     const QByteArray head = row.name + ",,,," + column.property + ',';
     if (!column.isAnimated()) {
         text->append(head + ',');
-        appendNumber(text, column.at(0));
+        vxAppendNumber(text, column.at(0));
         text->append(",,,,\n");
         return;
     }
@@ -282,18 +275,18 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
     const int to = std::min(keys.count, int(last) + 2);
     for (int i = std::max(0, int(first) - 2); i < to; ++i) {
         text->append(head);
-        appendNumber(text, rowFrames.seconds(keys.times[i]));
+        vxAppendNumber(text, rowFrames.seconds(keys.times[i]));
         text->append(',');
-        appendNumber(text, keys.values[i] + column.constant);
+        vxAppendNumber(text, keys.values[i] + column.constant);
         const int type = keys.types ? keys.types[i] : int(VxKeyInterp::Linear);
         text->append(types[type]);
         const VxTcb tcb = keys.tcb ? keys.tcb[i] : VxTcb();
         if (tcb != VxTcb()) {
-            appendNumber(text, tcb.tension);
+            vxAppendNumber(text, tcb.tension);
             text->append(',');
-            appendNumber(text, tcb.continuity);
+            vxAppendNumber(text, tcb.continuity);
             text->append(',');
-            appendNumber(text, tcb.bias);
+            vxAppendNumber(text, tcb.bias);
             text->append('\n');
         } else {
             text->append(",,\n");
@@ -315,7 +308,7 @@ bool VxCsvExport::Private::writeKeys(const Table &table, const Sink &sink)
             ++described;
         }
         appendKeys(row, columns[i], &text);
-        if (text.size() >= PieceBytes && !(goesOn(i, columns.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(goesOn(i, columns.size()) && sink(&text)))
             return false;
     }
     return sink(&text);
@@ -342,13 +335,13 @@ bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
     const VxFrameTimes frames = this->frames(table.commonRate());
     const std::vector<VxTime> times = frames.all();
     for (std::size_t i = 0; i < times.size(); ++i) {
-        appendNumber(&text, frames.seconds(times[i]));
+        vxAppendNumber(&text, frames.seconds(times[i]));
         for (const Column &column : columns) {
             text.append(',');
-            appendNumber(&text, column.at(times[i]));
+            vxAppendNumber(&text, column.at(times[i]));
         }
         text.append('\n');
-        if (text.size() >= PieceBytes && !(goesOn(i, times.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(goesOn(i, times.size()) && sink(&text)))
             return false;
     }
     numKeys = qint64(times.size());
@@ -364,7 +357,7 @@ bool VxCsvExport::Private::write(const Sink &sink, VxFileError *error)
     Table table;
     table.addNodes(scene, root);
     const qint64 numFrames = (qint64(range.getEnd()) - range.getStart()) / scene->getTimeStep() + 1;
-    if (rowPerFrame && numFrames > MaxValues / qint64(table.columns().size()))
+    if (rowPerFrame && numFrames > MaxCsvValues / qint64(table.columns().size()))
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 properties.")
                                  .arg(numFrames)
                                  .arg(table.columns().size()));

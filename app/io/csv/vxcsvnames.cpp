@@ -2,9 +2,9 @@
 
 namespace {
 
-const char *const channelNames[] = {"x position", "y position", "z position", "x rotation",
-                                    "y rotation", "z rotation", "scale",      "x scale",
-                                    "y scale",    "z scale"};
+const char *const targetNames[] = {"x position", "y position", "z position", "x rotation",
+                                   "y rotation", "z rotation", "scale",      "x scale",
+                                   "y scale",    "z scale"};
 const char *const endNames[] = {"x end", "y end", "z end"};
 const char *const kindNames[] = {"node", "figure", "bone"};
 const char *const orderNames[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
@@ -94,7 +94,7 @@ bool VxCsvNames::unescape(const QString &text, QString *name)
 VxCsvNames::Property VxCsvNames::propertyOf(const QString &text)
 {
     Property property;
-    const int channel = indexOf(channelNames, text);
+    const int channel = indexOf(targetNames, text);
     const int end = indexOf(endNames, text);
     const auto has = [&text](const char *prefix) {
         return text.startsWith(QLatin1String(prefix), Qt::CaseInsensitive);
@@ -118,7 +118,7 @@ VxCsvNames::Property VxCsvNames::propertyOf(const QString &text)
 
 QString VxCsvNames::nameOf(VxMotionTarget target)
 {
-    return QLatin1String(channelNames[int(target)]);
+    return QLatin1String(targetNames[int(target)]);
 }
 
 QString VxCsvNames::endName(int axis)

@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxarrays.h"
 
 #include "io/vxfiletext.h"
+#include "io/vxtextbytes.h"
 
 #include <QtEndian>
 #include <charconv>
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr qint64 arrayHeadSize = 12;
 constexpr qint64 maxInflation = 1032; // output bytes per input byte; a limit of the format
 constexpr qint64 maxArraySize = 1024 * 1024 * 1024;
 
@@ -53,11 +53,6 @@ void convertAll(const char *from, std::size_t count, std::vector<Number> *out)
 {
     for (std::size_t i = 0; i < count; ++i)
         (*out)[i] = converted<Number>(qFromLittleEndian<Source>(from + i * sizeof(Source)));
-}
-
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 } // namespace
@@ -140,7 +135,7 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
     const qint64 count = qFromLittleEndian<quint32>(head);
     const quint32 encoding = qFromLittleEndian<quint32>(head + 4);
     const qint64 size = count * elementSize(value.code);
-    const qint64 payload = value.size - arrayHeadSize;
+    const qint64 payload = value.size - HeadSize;
     if (encoding > 1)
         return fail(value.offset + 4,
                     VxFileText::tr("An array has the unknown encoding %1.").arg(encoding));
@@ -151,7 +146,7 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
     if (!spend(count * qint64(sizeof(Number)) + (encoding ? size : 0), value))
         return false;
     QByteArray inflated;
-    const char *from = head + arrayHeadSize;
+    const char *from = head + HeadSize;
     if (encoding == 1) {
         if (!inflate(value, size, &inflated))
             return false;
@@ -182,11 +177,11 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
 bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
 {
     out->resize(static_cast<int>(size));
-    const char *from = m_records.bytes().constData() + value.offset + arrayHeadSize;
+    const char *from = m_records.bytes().constData() + value.offset + HeadSize;
     z_stream stream{};
     // The interface has no const; the bytes are not written.
     stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(from));
-    stream.avail_in = static_cast<uInt>(value.size - arrayHeadSize);
+    stream.avail_in = static_cast<uInt>(value.size - HeadSize);
     if (inflateInit(&stream) != Z_OK)
         return fail(value.offset, VxFileText::tr("There is no memory for an array."));
     // An array without values still has a stream, which needs space for its end.
@@ -234,7 +229,7 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
     const char *at = m_records.bytes().constData() + value.offset;
     const char *begin = at;
     const char *end = at + value.size;
-    while (at < end && isSpace(*at))
+    while (at < end && vxIsSpace(*at))
         ++at;
     qint64 count = 0;
     const std::from_chars_result announced = std::from_chars(at, end, count);
@@ -252,9 +247,9 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
         at = std::find(at, end, ',');
         const char *to = at;
         at += at < end;
-        while (from < to && isSpace(*from))
+        while (from < to && vxIsSpace(*from))
             ++from;
-        while (to > from && isSpace(to[-1]))
+        while (to > from && vxIsSpace(to[-1]))
             --to;
         if (from == to && at == end)
             break; // nothing after the last comma, or an array of no values

@@ -11,6 +11,9 @@
 class VxFbxArrays
 {
 public:
+    /// The size of the header before the numbers of a binary array, in bytes.
+    static constexpr qint64 HeadSize = 12;
+
     /// The records must outlive the decoder.
     explicit VxFbxArrays(const VxFbxRecords &records);
 

@@ -1,5 +1,6 @@
 #include "io/fbx/vxfbxbinaryparser.h"
 
+#include "io/fbx/vxfbxarrays.h"
 #include "io/vxfiletext.h"
 
 #include <QtEndian>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr char magic[] = "Kaydara FBX Binary  ";
 constexpr qint64 headerSize = 27;
-constexpr qint64 arrayHeadSize = 12;
 
 } // namespace
 
@@ -210,9 +210,9 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
     case 'l':
     case 'b':
     case 'c':
-        if (limit - m_at < arrayHeadSize)
+        if (limit - m_at < VxFbxArrays::HeadSize)
             return fail(m_at, VxFileText::tr("A value lies beyond the values of its record."));
-        *size = arrayHeadSize + qFromLittleEndian<quint32>(m_bytes + m_at + 8);
+        *size = VxFbxArrays::HeadSize + qFromLittleEndian<quint32>(m_bytes + m_at + 8);
         return true;
     default:
         return fail(m_at - 1, VxFileText::tr("A value has the unknown type %1.")

@@ -20,11 +20,6 @@ double sampleChannel(const VxFbxChannel &channel, double time, VxCurveSide side)
     return channel.hasKeys() ? vxSampleCurve(channel.curve, time, side).value : channel.value;
 }
 
-VxRotationOrder eulerOrder(VxNode::RotationOrder order)
-{
-    return static_cast<VxRotationOrder>(order);
-}
-
 double largest(const VxMotionCurve &curve)
 {
     double most = 0.0;
@@ -278,7 +273,7 @@ VxFbxBlend::Vector VxFbxBlend::sample(const VxFbxTarget &target, const Vector &r
                             : blendedNumber(value[axis], above[axis], layer.blend, weight);
         if (isRotationBlend(target, layer)) {
             // The sums of the angles select the equivalent angles that continue the curve.
-            const VxRotationOrder euler = eulerOrder(order);
+            const VxRotationOrder euler = vxRotationOrder(order);
             sum = vxEulerAngles(blended(vxQuaternion(value, euler), vxQuaternion(above, euler),
                                         layer.blend, weight),
                                 euler, sum);

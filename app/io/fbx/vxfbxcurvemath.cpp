@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr double third = 1.0 / 3.0;
-constexpr double sceneTick = 1.0 / 4800.0;
-
 // One segment, with the one-sided limits at its ends.
 struct Piece
 {
@@ -21,8 +18,8 @@ struct Piece
 bool isWeighted(const VxMotionCurve &curve, std::size_t segment)
 {
     return !curve.shapes.empty() && curve.shapes[segment].segment == VxMotionSegment::Cubic &&
-           (std::abs(curve.shapes[segment].outWeight - third) > 1e-9 ||
-            std::abs(curve.shapes[segment + 1].inWeight - third) > 1e-9);
+           (std::abs(curve.shapes[segment].outWeight - 1.0 / 3.0) > 1e-9 ||
+            std::abs(curve.shapes[segment + 1].inWeight - 1.0 / 3.0) > 1e-9);
 }
 
 // The parameter of the Bezier curve 0, w0, 1 - w1, 1 at value u; the curve is monotonic.
@@ -101,12 +98,13 @@ private:
         m_inSlope = m_last.slope;
         const double scale = std::max({1.0, std::abs(value), std::abs(m_last.value)});
         if (m_lastSegment == VxMotionSegment::Step ||
-            std::abs(value - m_last.value) <= 1e-7 * scale || time - m_lastStart < 2.0 * sceneTick)
+            std::abs(value - m_last.value) <= 1e-7 * scale ||
+            time - m_lastStart < 2.0 * VxFbxSceneTick)
             return;
         VxMotionShape shape;
         shape.segment = VxMotionSegment::Step;
         shape.inSlope = m_last.slope;
-        add(time - sceneTick, m_last.value, shape);
+        add(time - VxFbxSceneTick, m_last.value, shape);
     }
 
     void add(double time, double value, const VxMotionShape &shape)
@@ -225,7 +223,7 @@ VxMotionCurve vxSampledCurve(const std::vector<double> &breaks, const Function &
         open.assign(1, breaks[i + 1]);
         while (!open.empty()) {
             const Piece piece = pieceOf(function, start, open.back());
-            const bool isShort = piece.end - piece.start < 2.0 * sceneTick;
+            const bool isShort = piece.end - piece.start < 2.0 * VxFbxSceneTick;
             if (isShort || writer.count() + breaks.size() - i >= maxKeys ||
                 isClose(piece, function, tolerance)) {
                 writer.append(piece);

@@ -5,6 +5,9 @@
 
 #include <functional>
 
+/// One tick of the scene's time, in seconds.
+constexpr double VxFbxSceneTick = 1.0 / 4800.0;
+
 /// Value and slope of a curve at a time, as a one-sided limit: at a step or a corner the two sides
 /// differ.
 struct VxCurveSample

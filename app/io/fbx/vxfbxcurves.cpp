@@ -1,5 +1,6 @@
 #include "io/fbx/vxfbxcurves.h"
 
+#include "io/fbx/vxfbxcurvemath.h"
 #include "io/vxfiletext.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace {
 constexpr qint64 firstVersionWithBits = 7200;
 // Later keys exceed the scene's time, which counts 4800 ticks a second in 32 bits.
 constexpr double maxSeconds = 440000.0;
-constexpr double sceneTick = 1.0 / 4800.0;
 
 } // namespace
 
@@ -197,7 +197,7 @@ void VxFbxCurves::build(VxMotionCurve *out) const
     const auto isStepToNext = [this](std::size_t i) {
         constexpr quint32 both = VxFbxKeyFlag::Constant | VxFbxKeyFlag::NextValue;
         return (m_shapes[m_keys[i].shape].flags & both) == both && i + 1 < m_keys.size() &&
-               seconds(m_keys[i + 1]) - seconds(m_keys[i]) > 1.5 * sceneTick;
+               seconds(m_keys[i + 1]) - seconds(m_keys[i]) > 1.5 * VxFbxSceneTick;
     };
     const auto isPlain = [](const Shape &shape) {
         return !(shape.flags & VxFbxKeyFlag::Constant) &&
@@ -218,7 +218,7 @@ void VxFbxCurves::build(VxMotionCurve *out) const
         out->shapes.push_back(shapeOf(i));
         if (!isStepToNext(i))
             continue;
-        out->times.push_back(out->times.back() + sceneTick);
+        out->times.push_back(out->times.back() + VxFbxSceneTick);
         out->values.push_back(static_cast<double>(m_keys[i + 1].value));
         out->shapes.push_back(out->shapes.back());
     }

@@ -9,11 +9,6 @@ using Vector = VxFbxModel::Vector;
 
 constexpr Vector ones{{1.0, 1.0, 1.0}};
 
-VxRotationOrder eulerOrder(VxNode::RotationOrder order)
-{
-    return static_cast<VxRotationOrder>(order);
-}
-
 // Pre- and post-rotation are in the order X, Y, Z.
 VxRotation fixedRotation(const Vector &angles)
 {
@@ -210,7 +205,7 @@ VxMotionNode VxFbxFigure::mainNode(std::size_t model, const VxRotation &pre, con
 {
     const VxFbxModel &it = m_models[model];
     Plan &plan = m_plans[model];
-    const VxRotationOrder order = eulerOrder(it.order);
+    const VxRotationOrder order = vxRotationOrder(it.order);
     VxMotionNode node;
     node.name = it.name;
     node.kind = it.kind;
@@ -253,10 +248,11 @@ bool VxFbxFigure::addModel(std::size_t model, VxImportedMotion *motion)
     VxRotation behind = vxRotation({}, VxRotationOrder::XYZ);
     if (!plan.movesRotation) {
         // Without a rotation the pivot is just an offset.
-        plan.origin = rotated(pre * vxRotation(it.rotation, eulerOrder(it.order)) * post, offset);
+        plan.origin =
+            rotated(pre * vxRotation(it.rotation, vxRotationOrder(it.order)) * post, offset);
         offset = {};
     } else {
-        plan.hasForm = vxFbxFindForm(pre, eulerOrder(it.order), post, &plan.form);
+        plan.hasForm = vxFbxFindForm(pre, vxRotationOrder(it.order), post, &plan.form);
         if (!plan.hasForm)
             behind = post;
     }

@@ -10,7 +10,7 @@ namespace {
 
 // Tracks of one node in one animation need several hundred bytes, even if constant.
 constexpr std::size_t maxTracks = 300 * 1000;
-constexpr double percent = 0.01;
+constexpr double Percent = 0.01;
 
 QString text(std::string_view bytes)
 {
@@ -195,7 +195,7 @@ void VxFbxScene::addValues(const VxFbxFigure &figure, VxImportedMotion *motion) 
     for (const Value &value : m_values) {
         VxMotionNode &node = motion->nodes[std::size_t(figure.nodeOf(value.model))];
         if (value.target.property == VxFbxTarget::Morph)
-            node.morphs.push_back({value.name, value.rest * percent, {}});
+            node.morphs.push_back({value.name, value.rest * Percent, {}});
         else
             node.properties.push_back({value.name, value.rest, {}});
     }
@@ -225,7 +225,7 @@ void VxFbxScene::addClip(std::size_t index, VxFbxFigure *figure, VxImportedMotio
                             ? std::move(track.channel.curve)
                             : VxMotionCurve{{clip.start}, {track.channel.value}, {}};
         if (isMorph)
-            vxScaleCurve(&channel.curve, percent);
+            vxScaleCurve(&channel.curve, Percent);
         clip.channels.push_back(std::move(channel));
     }
     motion->clips.push_back(std::move(clip));

@@ -1,16 +1,12 @@
 #include "io/fbx/vxfbxtextparser.h"
 
 #include "io/vxfiletext.h"
+#include "io/vxtextbytes.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
-
-bool isSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 bool isWordByte(char c)
 {
@@ -66,7 +62,7 @@ void VxFbxTextParser::skipBlanks()
     while (m_at < m_end) {
         if (*m_at == ';')
             m_at = std::find_if(m_at, m_end, [](char c) { return c == '\n' || c == '\r'; });
-        else if (isSpace(*m_at))
+        else if (vxIsSpace(*m_at))
             ++m_at;
         else
             return;
@@ -155,7 +151,7 @@ bool VxFbxTextParser::parseString()
 bool VxFbxTextParser::parseArray(const char *star)
 {
     const char *open = star + 1;
-    while (open < m_end && (isSpace(*open) || (*open >= '0' && *open <= '9')))
+    while (open < m_end && (vxIsSpace(*open) || (*open >= '0' && *open <= '9')))
         ++open;
     if (open == m_end || *open != '{')
         return fail(star, VxFileText::tr("An array has no brace after its size."));

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr double FrameTolerance = 5e-4;   // degrees, at frames
+constexpr double FrameError = 5e-4;       // degrees, at frames
 constexpr double BetweenTolerance = 0.05; // degrees, between frames
 
 /// The keys of a property, each with the shape of its curve.
@@ -235,7 +235,7 @@ public:
         const VxQuaternion a = m_rotations.at(from);
         const VxQuaternion b = m_rotations.at(to);
         const VxTime frame = m_frames.middle(from, to);
-        const double limit = frame > from ? FrameTolerance : BetweenTolerance;
+        const double limit = frame > from ? FrameError : BetweenTolerance;
         const double error = deviation(from, to, a, b, limit);
         const qint64 span = qint64(to) - from;
         if (span > 1 && error > limit) {

@@ -36,7 +36,7 @@ QVector<const VxMorph *> morphsOf(const VxNode *node)
     return morphs;
 }
 
-std::array<const VxFloatProperty *, 3> rotations(const VxNode *node)
+std::array<const VxFloatProperty *, 3> rotationsOf(const VxNode *node)
 {
     return {{node->getXRotControl(), node->getYRotControl(), node->getZRotControl()}};
 }
@@ -261,7 +261,7 @@ void Writer::addTranslation(const VxNode *node)
 
 void Writer::addRotation(const VxNode *node)
 {
-    const std::array<const VxFloatProperty *, 3> controls = rotations(node);
+    const std::array<const VxFloatProperty *, 3> controls = rotationsOf(node);
     if (!std::any_of(controls.begin(), controls.end(), vxIsAnimated))
         return;
     addChannel(node, "rotation",

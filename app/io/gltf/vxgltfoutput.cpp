@@ -9,7 +9,7 @@ namespace {
 
 constexpr int Float = 5126;
 
-int componentsOf(const QString &type)
+int writtenComponents(const QString &type)
 {
     if (type == QLatin1String("SCALAR"))
         return 1;
@@ -52,7 +52,7 @@ QJsonArray bound(const std::vector<float> &numbers, int components, Choose choos
 
 int VxGltfOutput::addFloats(const std::vector<float> &numbers, const char *type, bool hasBounds)
 {
-    const int components = componentsOf(QLatin1String(type));
+    const int components = writtenComponents(QLatin1String(type));
     m_views.append(QJsonObject{{QStringLiteral("buffer"), 0},
                                {QStringLiteral("byteOffset"), m_bytes.size()},
                                {QStringLiteral("byteLength"), int(numbers.size()) * 4}});
@@ -81,7 +81,7 @@ int VxGltfOutput::addFloats(const std::vector<float> &numbers, const char *type,
 int VxGltfOutput::addZeros(int count, const char *type)
 {
     QJsonArray zeros;
-    for (int i = 0; i < componentsOf(QLatin1String(type)); ++i)
+    for (int i = 0; i < writtenComponents(QLatin1String(type)); ++i)
         zeros.append(0);
     m_accessors.append(QJsonObject{{QStringLiteral("componentType"), Float},
                                    {QStringLiteral("count"), count},

@@ -198,11 +198,10 @@ bool Builder::build(const VxFileProgress &progress, VxSceneContents *contents,
     VxSceneContents built;
     built.rootNodes = vxMakeNodes(m_motion, channels, &nodes, &m_report);
     if (!channels.addKeys(nodes, progress, &m_report))
-        return vxFail(error,
-                      channels.isTooLong()
-                          ? VxFileText::tr("The animations need more keys than can be imported.")
-                          : VxFileText::tr("The import was cancelled."),
-                      !channels.isTooLong());
+        return channels.isTooLong()
+                   ? vxFail(error,
+                            VxFileText::tr("The animations need more keys than can be imported."))
+                   : vxCancel(error, VxFileText::tr("The import was cancelled."));
     setRange(&built);
     *contents = std::move(built);
     *report = std::move(m_report);

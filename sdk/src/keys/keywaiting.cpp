@@ -11,7 +11,7 @@
 namespace {
 
 // Occupied times: ascending, without the lifted keys (ascending indexes).
-struct TakenTimes
+struct OccupiedTimes
 {
     const VxTime *times = nullptr;
     int count = 0;
@@ -25,7 +25,7 @@ class WaitingPlaces
 public:
     // back: -1 where keys queue at earlier times, 1 at later ones; `farthest` is the target of the
     // first key.
-    WaitingPlaces(const TakenTimes &taken, int back, VxTime farthest)
+    WaitingPlaces(const OccupiedTimes &taken, int back, VxTime farthest)
         : m_taken(taken)
         , m_back(back)
     {
@@ -66,7 +66,7 @@ private:
         return true;
     }
 
-    const TakenTimes &m_taken;
+    const OccupiedTimes &m_taken;
     const int m_back;
     int m_key = 0;
     int m_lifted = 0;
@@ -74,7 +74,7 @@ private:
 
 // Places the keys that queue in one direction, by their positions in the list: the key with the
 // farthest target first, so that none meets a key not yet placed.
-bool placeGroup(const TakenTimes &taken, const VxTime *targets, const std::vector<int> &group,
+bool placeGroup(const OccupiedTimes &taken, const VxTime *targets, const std::vector<int> &group,
                 int back, std::vector<VxTime> *planned)
 {
     if (group.empty())
@@ -94,7 +94,7 @@ bool placeGroup(const TakenTimes &taken, const VxTime *targets, const std::vecto
 }
 
 // Times of unmoved and of placed keys, ascending.
-std::vector<VxTime> takenBy(const TakenTimes &taken, const std::vector<int> &group,
+std::vector<VxTime> takenBy(const OccupiedTimes &taken, const std::vector<int> &group,
                             const std::vector<VxTime> &planned)
 {
     std::vector<VxTime> times;
@@ -145,7 +145,7 @@ std::vector<VxTime> planWaitingTimes(const VxTime *times, int count, const VxKey
     }
     std::reverse(forward.begin(), forward.end());
 
-    const TakenTimes taken{times, count, moves.source, moves.count};
+    const OccupiedTimes taken{times, count, moves.source, moves.count};
     if (!placeGroup(taken, moves.targets, forward, -1, &planned))
         return {};
     if (backward.empty())
@@ -154,6 +154,6 @@ std::vector<VxTime> planWaitingTimes(const VxTime *times, int count, const VxKey
         return placeGroup(taken, moves.targets, backward, 1, &planned) ? planned
                                                                        : std::vector<VxTime>();
     const std::vector<VxTime> both = takenBy(taken, forward, planned);
-    const TakenTimes rest{both.data(), int(both.size()), nullptr, 0};
+    const OccupiedTimes rest{both.data(), int(both.size()), nullptr, 0};
     return placeGroup(rest, moves.targets, backward, 1, &planned) ? planned : std::vector<VxTime>();
 }

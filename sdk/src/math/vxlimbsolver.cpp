@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr double DegreesPerRadian = 57.295779513082320877;
+constexpr double ToDegrees = 57.295779513082320877;
 // Sine of the bend below which the limb's plane is undefined.
 constexpr double Straight = 1e-6;
 // Fraction of the limb's length within which a target counts as reached.
@@ -60,12 +60,12 @@ VxVector axisOfBend(const VxVector &upper, const VxVector &lower, const VxVector
 double bendForReach(double upper, double lower, double reach)
 {
     const double cosine = (reach * reach - upper * upper - lower * lower) / (2 * upper * lower);
-    return std::acos(std::clamp(cosine, -1.0, 1.0)) * DegreesPerRadian;
+    return std::acos(std::clamp(cosine, -1.0, 1.0)) * ToDegrees;
 }
 
 double angleBetween(const VxVector &a, const VxVector &b)
 {
-    return std::atan2(length(cross(a, b)), dot(a, b)) * DegreesPerRadian;
+    return std::atan2(length(cross(a, b)), dot(a, b)) * ToDegrees;
 }
 
 } // namespace
@@ -84,7 +84,7 @@ VxQuaternion vxRotationAbout(const VxVector &axis, double degrees)
     const double size = length(axis);
     if (!(size > 0))
         return {};
-    const double half = degrees / DegreesPerRadian / 2;
+    const double half = degrees / ToDegrees / 2;
     const double part = std::sin(half) / size;
     return {std::cos(half), axis[0] * part, axis[1] * part, axis[2] * part};
 }

@@ -5,6 +5,7 @@
 #include "parameters/vxpropertylistrows.h"
 #include "parameters/vxpropertyrow.h"
 #include "parameters/vxpropertyvalue.h"
+#include "scene/vxcurrenttime.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
@@ -36,11 +37,6 @@ struct Place
     int heading = -1;
     int headingIndex = 0;
 };
-
-VxTime now()
-{
-    return vxScene ? vxScene->getTime() : 0;
-}
 
 } // namespace
 
@@ -245,23 +241,23 @@ QVariant VxPropertyListItemModel::Private::valueData(const VxPropertyListNode *r
 {
     switch (role) {
     case Qt::DisplayRole:
-        return VxPropertyRow::isMixed(row, now())
+        return VxPropertyRow::isMixed(row, vxCurrentTime())
                    ? tr("Mixed")
-                   : VxPropertyValue::text(VxPropertyRow::leading(row), now());
+                   : VxPropertyValue::text(VxPropertyRow::leading(row), vxCurrentTime());
     case Qt::EditRole:
-        return VxPropertyRow::isMixed(row, now())
+        return VxPropertyRow::isMixed(row, vxCurrentTime())
                    ? QString()
-                   : VxPropertyValue::text(VxPropertyRow::leading(row), now());
+                   : VxPropertyValue::text(VxPropertyRow::leading(row), vxCurrentTime());
     case Qt::ToolTipRole: {
         const QVector<VxProperty *> properties = row->getProperties();
-        const QString value = VxPropertyHints::valueHint(properties, now());
+        const QString value = VxPropertyHints::valueHint(properties, vxCurrentTime());
         const QString hint = VxPropertyHints::propertyHint(properties);
         return value.isEmpty() ? hint : hint + QLatin1Char('\n') + value;
     }
     case Qt::TextAlignmentRole:
         return int(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::AccessibleTextRole:
-        return VxPropertyRow::spokenValue(row, now());
+        return VxPropertyRow::spokenValue(row, vxCurrentTime());
     default:
         return {};
     }
@@ -271,7 +267,7 @@ QVariant VxPropertyListItemModel::Private::keyData(const VxPropertyListNode *row
 {
     if (role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)
         return {};
-    const KeyState state = VxPropertyRow::keyState(row, now());
+    const KeyState state = VxPropertyRow::keyState(row, vxCurrentTime());
     if (role == Qt::AccessibleTextRole)
         return VxPropertyRow::spokenKeyState(state);
     return VxPropertyHints::keyHint(state,
@@ -368,9 +364,9 @@ QVariant VxPropertyListItemModel::data(const QModelIndex &index, int role) const
     if (!VxPropertyRow::leading(row))
         return {};
     if (role == KeyStateRole)
-        return VxPropertyRow::keyState(row, now());
+        return VxPropertyRow::keyState(row, vxCurrentTime());
     if (role == MixedRole)
-        return VxPropertyRow::isMixed(row, now());
+        return VxPropertyRow::isMixed(row, vxCurrentTime());
     switch (index.column()) {
     case LabelColumn:
         return d->labelData(row, role);
@@ -391,7 +387,7 @@ bool VxPropertyListItemModel::setData(const QModelIndex &index, const QVariant &
     {
         const VxChangeBlock block;
         for (VxProperty *property : properties)
-            accepted &= VxPropertyValue::setText(property, now(), value.toString()) <=
+            accepted &= VxPropertyValue::setText(property, vxCurrentTime(), value.toString()) <=
                         VxPropertyValue::Limited;
     }
     hold.accept(tr("Set %1").arg(properties.first()->getLabel()));

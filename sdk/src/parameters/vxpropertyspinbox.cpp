@@ -3,6 +3,7 @@
 #include "parameters/vxpropertyedit.h"
 #include "parameters/vxpropertyhints.h"
 #include "parameters/vxpropertyvalue.h"
+#include "scene/vxcurrenttime.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
@@ -17,15 +18,10 @@ constexpr int RestMilliseconds = 500;
 constexpr int LongestText = 500;
 constexpr double FineStep = 0.1;
 
-VxTime now()
-{
-    return vxScene ? vxScene->getTime() : 0;
-}
-
 bool differ(const QVector<VxProperty *> &properties)
 {
     return std::any_of(properties.begin(), properties.end(), [&](const VxProperty *each) {
-        return !VxPropertyValue::isSame(properties.first(), each, now());
+        return !VxPropertyValue::isSame(properties.first(), each, vxCurrentTime());
     });
 }
 
@@ -89,7 +85,8 @@ void VxPropertySpinBox::showValue()
     if (properties.isEmpty() || m_typed)
         return;
     const bool mixed = differ(properties);
-    const QString shown = mixed ? QString() : VxPropertyValue::fullText(properties.first(), now());
+    const QString shown =
+        mixed ? QString() : VxPropertyValue::fullText(properties.first(), vxCurrentTime());
     lineEdit()->setPlaceholderText(mixed ? tr("Mixed") : QString());
     if (lineEdit()->text() == shown)
         return;
@@ -107,7 +104,7 @@ void VxPropertySpinBox::showValueSoon()
 void VxPropertySpinBox::begin()
 {
     if (!m_edit) {
-        m_edit = std::make_unique<VxPropertyEdit>(living(), now());
+        m_edit = std::make_unique<VxPropertyEdit>(living(), vxCurrentTime());
         m_steps = 0;
     }
 }

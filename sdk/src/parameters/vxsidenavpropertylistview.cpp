@@ -9,6 +9,7 @@
 #include "parameters/vxpropertylistmemory.h"
 #include "parameters/vxpropertymenu.h"
 #include "parameters/vxpropertypainter.h"
+#include "scene/vxcurrenttime.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
@@ -29,11 +30,6 @@ constexpr qreal ValueShare = 0.38;
 constexpr int NarrowestValue = 64;
 constexpr int WidestValue = 160;
 constexpr qreal LargestShare = 0.6; // of a column whose width was set in a wider list
-
-VxTime now()
-{
-    return vxScene ? vxScene->getTime() : 0;
-}
 
 } // namespace
 
@@ -206,7 +202,7 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
     if (index.column() == VxPropertyListItemModel::KeyColumn) {
         // A click on the mark after typing keeps the key that the commit made.
         if (index.row() != keyedByPress.row())
-            VxPropertyKeys::toggleKeys(targetsOf(index), now());
+            VxPropertyKeys::toggleKeys(targetsOf(index), vxCurrentTime());
         return true;
     }
     if (isEditable(index)) {
@@ -221,7 +217,8 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
     if (!drag && isNumber(pressed) &&
         qAbs(event->x() - pressPlace.x()) >= QApplication::startDragDistance()) {
         selecting.reset();
-        drag = std::make_shared<VxPropertyDrag>(propertiesOf(pressed), now(), event->globalPos());
+        drag = std::make_shared<VxPropertyDrag>(propertiesOf(pressed), vxCurrentTime(),
+                                                event->globalPos());
     }
     if (!drag)
         return;
@@ -280,8 +277,8 @@ void VxSideNavPropertyListView::Private::flip(const QModelIndex &value)
     const Properties properties = propertiesOf(value);
     const auto *flag = qobject_cast<const VxBoolProperty *>(properties.value(0));
     const bool mixed = value.data(VxPropertyListItemModel::MixedRole).toBool();
-    VxPropertyEdit edit(properties, now());
-    if (!edit.setValue(mixed || !flag->getBoolValue(now()) ? 1 : 0))
+    VxPropertyEdit edit(properties, vxCurrentTime());
+    if (!edit.setValue(mixed || !flag->getBoolValue(vxCurrentTime()) ? 1 : 0))
         Q_EMIT q->noticed(edit.refusal());
 }
 
@@ -322,10 +319,10 @@ bool VxSideNavPropertyListView::Private::takeText(const QKeyEvent *event)
     if (rows.isEmpty())
         return true;
     if (copies)
-        QGuiApplication::clipboard()->setText(VxPropertyClipboard::text(rows, now()));
+        QGuiApplication::clipboard()->setText(VxPropertyClipboard::text(rows, vxCurrentTime()));
     else
-        Q_EMIT q->noticed(
-            VxPropertyClipboard::paste(rows, now(), QGuiApplication::clipboard()->text()));
+        Q_EMIT q->noticed(VxPropertyClipboard::paste(rows, vxCurrentTime(),
+                                                     QGuiApplication::clipboard()->text()));
     return true;
 }
 

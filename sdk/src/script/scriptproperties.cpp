@@ -1,3 +1,4 @@
+#include "scene/vxcurrenttime.h"
 #include "script/scriptarguments.h"
 #include "script/scriptbindings.h"
 
@@ -15,11 +16,6 @@
 #include <limits>
 
 namespace {
-
-VxTime now()
-{
-    return vxScene ? vxScene->getTime() : 0;
-}
 
 /// Keys gathered from a script array, in columns.
 struct KeyLists
@@ -290,7 +286,7 @@ QScriptValue getValue(QScriptContext *context, QScriptEngine *)
 {
     ScriptArguments arguments(context, "getValue()");
     auto *property = arguments.self<VxProperty>();
-    const int time = arguments.integer(0, "time", now());
+    const int time = arguments.integer(0, "time", vxCurrentTime());
     if (arguments.failed())
         return arguments.error();
     if (auto *text = qobject_cast<VxStringProperty *>(property))
@@ -304,7 +300,7 @@ QScriptValue setValue(QScriptContext *context, QScriptEngine *)
     ScriptArguments arguments(context, "setValue()");
     auto *property = arguments.self<VxNumericProperty>();
     const double value = arguments.number(0, "value");
-    const int time = arguments.integer(1, "time", now());
+    const int time = arguments.integer(1, "time", vxCurrentTime());
     if (arguments.failed())
         return arguments.error();
     return property->setDoubleValue(time, value);

@@ -28,6 +28,9 @@ private Q_SLOTS:
     void tabsOutOfUseAreNotDragged();
     void aSeparatorIsDraggedWhileTheProgramMovesDocks_data() { addChanges(); }
     void aSeparatorIsDraggedWhileTheProgramMovesDocks();
+    void theCursorShowsHowASeparatorMoves();
+    void aSeparatorUnderTheMouseIsRemoved_data() { addChanges(); }
+    void aSeparatorUnderTheMouseIsRemoved();
     void aDropPutsTheDockAtThePlaceShown();
     void aDropOutsideLeavesTheDockFloating();
     void controlLeavesTheDockFloating();
@@ -243,6 +246,40 @@ void tst_DockGestures::aSeparatorIsDraggedWhileTheProgramMovesDocks()
     checkAllDocksHavePlaces(what);
     if (what == "tabs")
         QVERIFY(window()->tabifiedDockWidgets(scene).contains(dock("VxParametersPane")));
+}
+
+void tst_DockGestures::theCursorShowsHowASeparatorMoves()
+{
+    PaneDock *scene = dock("VxScenePane");
+    PaneDock *parameters = dock("VxParametersPane");
+    window()->splitDockWidget(scene, parameters, Qt::Vertical);
+    QCoreApplication::processEvents();
+    VxMouseDriver mouse(window());
+    const QRect place = scene->geometry();
+    mouse.moveTo(QPoint(place.center().x(), place.bottom() + 3));
+    QCOMPARE(window()->cursor().shape(), Qt::SplitVCursor);
+    mouse.moveTo(place.center());
+    QCOMPARE(window()->cursor().shape(), Qt::ArrowCursor);
+    mouse.moveTo(QPoint(place.right() + 3, place.center().y()));
+    QCOMPARE(window()->cursor().shape(), Qt::SplitHCursor);
+}
+
+/** The toolkit reads what it kept of the separator at the next movement of the mouse. */
+void tst_DockGestures::aSeparatorUnderTheMouseIsRemoved()
+{
+    QFETCH(QByteArray, what);
+    PaneDock *scene = dock("VxScenePane");
+    PaneDock *parameters = dock("VxParametersPane");
+    window()->splitDockWidget(scene, parameters, Qt::Vertical);
+    QCoreApplication::processEvents();
+    VxMouseDriver mouse(window());
+    const QRect place = scene->geometry();
+    mouse.moveTo(QPoint(place.center().x(), place.bottom() + 3));
+    change(what, parameters);
+    QCoreApplication::processEvents();
+    mouse.moveTo(place.center());
+    mouse.moveTo(QPoint(place.right() + 3, place.center().y()));
+    checkAllDocksHavePlaces(what);
 }
 
 /** The user's own drop moves a dock as well, and is no reason to end anything. */

@@ -19,7 +19,7 @@ constexpr size_t LeastBitmapRows = 3;
 constexpr qint64 MostTicksPerKey = 32;
 constexpr int WordBits = 64;
 // Entries compared per block, and those merged before equal runs are searched again.
-constexpr int BlockSize = 64;
+constexpr int UnionBlock = 64;
 constexpr int StrideSize = 16;
 
 using Keys = std::vector<DopeSheetKeys>;
@@ -101,9 +101,9 @@ private:
         const VxTime *b = m_b.times.constData() + m_j;
         const int most = std::min(m_a.count() - m_i, m_b.count() - m_j);
         int run = 0;
-        while (run + BlockSize <= most &&
-               std::memcmp(a + run, b + run, BlockSize * sizeof(VxTime)) == 0)
-            run += BlockSize;
+        while (run + UnionBlock <= most &&
+               std::memcmp(a + run, b + run, UnionBlock * sizeof(VxTime)) == 0)
+            run += UnionBlock;
         std::copy_n(a, run, m_times.get() + m_count);
         const quint8 *ofA = m_flagsOfA + m_i;
         const quint8 *ofB = m_flagsOfB + m_j;

@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr double TimeLineReach = 3.0; // pixels
+constexpr double TimeLineGrip = 3.0; // pixels
 
 int viewOperationOf(const QMouseEvent *event)
 {
@@ -215,7 +215,7 @@ void VxKeyGraphView::Private::hover()
         return;
     }
     timeLineGrab = scale.x(vxScene->getTime()) - currentPos.x();
-    if (std::abs(timeLineGrab) < TimeLineReach) {
+    if (std::abs(timeLineGrab) < TimeLineGrip) {
         highlighted = true;
         q->setCursor(Qt::SplitHCursor);
     }

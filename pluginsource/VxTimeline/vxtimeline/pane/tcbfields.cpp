@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int FieldWidth = 50; // pixels
+constexpr int TcbFieldWidth = 50; // pixels
 constexpr double Limit = 100.0;
 
 } // namespace
@@ -22,7 +22,7 @@ TcbFields::Field TcbFields::makeField(const char *name, QWidget *parent)
     box->setObjectName(QLatin1String(name));
     box->setButtonSymbols(QAbstractSpinBox::NoButtons);
     box->setAlignment(Qt::AlignCenter);
-    box->setFixedWidth(FieldWidth);
+    box->setFixedWidth(TcbFieldWidth);
     box->setSingleStep(0.1);
     box->setRange(-Limit, Limit);
     box->setEnabled(false);

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int BarButtonWidth = 32; // pixels
-constexpr int FieldWidth = 40;     // pixels
+constexpr int WidestField = 40;    // pixels
 
 // The width of a menu button that shows the given text whole.
 int menuButtonWidth(const VxStyledButton *button, const QString &text)
@@ -127,6 +127,6 @@ void TimePaneControls::style(const QPalette &palette)
         button->setMaximumSize(BarButtonWidth, height);
         button->setIconSize(QSize(iconSize, iconSize));
     }
-    m_interp.tcb().setSizes(FieldWidth, height);
-    m_fields->setLimits(FieldWidth, height);
+    m_interp.tcb().setSizes(WidestField, height);
+    m_fields->setLimits(WidestField, height);
 }

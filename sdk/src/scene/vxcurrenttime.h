@@ -1,0 +1,12 @@
+#ifndef VXCORE_VXCURRENTTIME_H
+#define VXCORE_VXCURRENTTIME_H
+
+#include <vxcore/vxscene.h>
+
+/// The scene's current time in ticks; 0 without a scene.
+inline VxTime vxCurrentTime()
+{
+    return vxScene ? vxScene->getTime() : 0;
+}
+
+#endif
