@@ -43,7 +43,7 @@ bool VxBvhExport::Private::checkSize(VxFileError *error) const
                       VxFileText::tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
     // Six channels a bone at most.
     if (frames().count() * bones * 6 > MaxValues)
-        return fail(
+        return vxFail(
             error,
             VxFileText::tr(
                 "The motion is too long: %1 frames of %2 bones. Shorten the animation range.")

@@ -7,7 +7,7 @@
 
 namespace {
 
-VxMainWindow *mainWindow()
+VxMainWindow *applicationWindow()
 {
     return vxApp ? vxApp->getInterface() : nullptr;
 }
@@ -36,7 +36,7 @@ QString VxPaneAction::getPaneClassName() const
 void VxPaneAction::init()
 {
     VxAction::init();
-    const VxMainWindow *window = mainWindow();
+    const VxMainWindow *window = applicationWindow();
     const VxPane *pane = window ? window->getPaneMgr()->findPane(d->paneClassName) : nullptr;
     const QString title = pane ? pane->getTitle() : d->paneClassName;
     setText(title);
@@ -56,7 +56,7 @@ QString VxPaneAction::getActionGroup() const
 
 void VxPaneAction::executeAction()
 {
-    VxMainWindow *window = mainWindow();
+    VxMainWindow *window = applicationWindow();
     if (!window) {
         qWarning("VxPaneAction: the pane \"%s\" cannot be opened without a main window",
                  qUtf8Printable(d->paneClassName));
