@@ -90,7 +90,7 @@ bool Scanner::scan(VxFileError *error)
         if (token == QXmlStreamReader::StartElement) {
             if (++m_depth > MaxDepth)
                 return fail(
-                    VxFileText::tr("More than %1 elements are inside each other.").arg(MaxDepth),
+                    VxFileText::tr("Elements are nested more than %1 levels deep.").arg(MaxDepth),
                     error);
             startElement();
         } else if (token == QXmlStreamReader::EndElement) {
@@ -98,8 +98,8 @@ bool Scanner::scan(VxFileError *error)
         }
     }
     if (m_xml.hasError())
-        return fail(VxFileText::tr("The document is broken: %1.").arg(m_xml.errorString()), error);
-    return m_isCollada || fail(VxFileText::tr("This is not a COLLADA document."), error);
+        return fail(VxFileText::tr("Invalid XML: %1").arg(m_xml.errorString()), error);
+    return m_isCollada || fail(VxFileText::tr("Not a COLLADA document."), error);
 }
 
 } // namespace

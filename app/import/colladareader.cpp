@@ -203,7 +203,7 @@ void Converter::addChannel(const aiNodeAnim &channel, double ticksPerSecond, VxM
     const int node = m_nodeOf.value(text(channel.mNodeName), -1);
     if (node < 0) {
         m_motion.facts.addOmission(VxFileText::tr("channel"),
-                                   VxFileText::tr("Its node is not in the scene."),
+                                   VxFileText::tr("Its node does not exist."),
                                    text(channel.mNodeName));
         return;
     }
@@ -228,7 +228,7 @@ bool Converter::addClip(const aiAnimation &animation, VxFileError *error)
             addChannel(channel, ticksPerSecond, &clip);
         else
             m_motion.facts.addOmission(VxFileText::tr("channel"),
-                                       VxFileText::tr("Another one drives the same node."),
+                                       VxFileText::tr("Another channel has the same target."),
                                        text(channel.mNodeName));
         if (m_numKeys > VxMotionLimits::MaxKeys)
             return vxFail(
@@ -248,9 +248,8 @@ void Converter::addFacts()
     facts.upAxis = m_info.upAxis;
     facts.metresPerUnit = m_info.metresPerUnit;
     if (m_info.hasTangents)
-        facts.notes.append(
-            VxFileText::tr("Some segments are smooth in the file; their keys are joined by "
-                           "straight ones."));
+        facts.notes.append(VxFileText::tr("The file has smooth segments; their keys are joined by "
+                                          "straight ones."));
     if (m_sheared > 0)
         facts.notes.append(
             VxFileText::tr("The rest transforms of %1 nodes have a shear, which is left out.")

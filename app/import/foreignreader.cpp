@@ -18,7 +18,7 @@ bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
     constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
     const QFileInfo info(fileName);
     if (info.exists() && !info.isFile())
-        return vxFail(error, VxFileText::tr("This is not a regular file."));
+        return vxFail(error, VxFileText::tr("Not a regular file."));
     if (info.size() > MaxBytes)
         return vxFail(error, VxFileText::tr("The file is larger than 1 GB."));
     QFile file(fileName);

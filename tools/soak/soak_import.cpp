@@ -82,7 +82,7 @@ bool isSound(const VxScene &scene)
 /// How the importer process ended, where it did not end by itself.
 bool isBadEnd(const QString &message)
 {
-    for (const char *word : {"crashed", "stopped", "without a result", "no answer"}) {
+    for (const char *word : {"crashed", "stopped", "without a result", "answer of the importer"}) {
         if (message.contains(QLatin1String(word)))
             return true;
     }

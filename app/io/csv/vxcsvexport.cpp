@@ -424,7 +424,7 @@ bool VxCsvExport::exportFile(const QString &fileName, VxFileError *error)
     if (isWritten && file.commit())
         return true;
     if (!file.failure().isEmpty())
-        vxFail(error, VxFileText::tr("Cannot be written: %1.").arg(file.failure()));
+        vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
 }

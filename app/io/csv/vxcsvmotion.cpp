@@ -61,12 +61,15 @@ bool VxCsvMotion::setKind(int node, const QString &text, int column, VxFileError
     VxMotionNode::Kind kind = VxMotionNode::Node;
     if (!kindOf(text, &kind))
         return fail(column,
-                    VxFileText::tr("\"%1\" is none of node, figure and bone.").arg(text.left(40)),
+                    VxFileText::tr("Unknown kind \"%1\". Supported: node, figure, bone.")
+                        .arg(text.left(40)),
                     error);
     Known &known = m_known[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (known.hasKind && data.kind != kind)
-        return fail(column, VxFileText::tr("The node was a %1 before.").arg(kindName(data.kind)),
+        return fail(column,
+                    VxFileText::tr("The kind of the node was %1 in an earlier row.")
+                        .arg(kindName(data.kind)),
                     error);
     known.hasKind = true;
     data.kind = kind;
@@ -80,15 +83,16 @@ bool VxCsvMotion::setOrder(int node, const QString &text, int column, VxFileErro
     VxNode::RotationOrder order = VxNode::XYZ;
     if (!orderOf(text, &order))
         return fail(column,
-                    VxFileText::tr("\"%1\" is no rotation order, such as XYZ.").arg(text.left(40)),
+                    VxFileText::tr("Unknown rotation order \"%1\". Expected one such as XYZ.")
+                        .arg(text.left(40)),
                     error);
     Known &known = m_known[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (known.hasOrder && data.order != order)
-        return fail(
-            column,
-            VxFileText::tr("The node had the rotation order %1 before.").arg(orderName(data.order)),
-            error);
+        return fail(column,
+                    VxFileText::tr("The rotation order of the node was %1 in an earlier row.")
+                        .arg(orderName(data.order)),
+                    error);
     known.hasOrder = true;
     data.order = order;
     return true;
@@ -103,7 +107,7 @@ int VxCsvMotion::property(int node, const QString &text, int column, VxFileError
     if (found != m_propertyOf.constEnd())
         return *found;
     if (meaning.kind == Property::Invalid) {
-        fail(column, VxFileText::tr("There is no property \"%1\".").arg(text.left(40)), error);
+        fail(column, VxFileText::tr("Unknown property \"%1\".").arg(text.left(40)), error);
         return -1;
     }
     Curve curve;

@@ -102,9 +102,7 @@ bool Reader::readColumns(VxFileError *error)
             ++column;
         if (column == NumColumns)
             return m_rows.fail(
-                i,
-                VxFileText::tr("\"%1\" is not the name of a column.").arg(m_rows.text(i).left(40)),
-                error);
+                i, VxFileText::tr("Unknown column \"%1\".").arg(m_rows.text(i).left(40)), error);
         if (m_columns[std::size_t(column)] >= 0)
             return m_rows.fail(
                 i,
@@ -130,10 +128,11 @@ bool Reader::readShape(VxMotionShape *shape, VxFileError *error) const
     else if (is(name, "constant"))
         shape->segment = VxMotionSegment::Step;
     else if (!name.empty() && !is(name, "linear"))
-        return m_rows.fail(m_columns[Interpolation],
-                           VxFileText::tr("\"%1\" is none of linear, constant and tcb.")
-                               .arg(m_rows.text(m_columns[Interpolation]).left(40)),
-                           error);
+        return m_rows.fail(
+            m_columns[Interpolation],
+            VxFileText::tr("Unknown interpolation \"%1\". Supported: linear, constant, tcb.")
+                .arg(m_rows.text(m_columns[Interpolation]).left(40)),
+            error);
     float *const numbers[] = {&shape->tcb.tension, &shape->tcb.continuity, &shape->tcb.bias};
     for (int i = 0; i < 3; ++i) {
         const auto column = Column(Tension + i);
@@ -206,7 +205,7 @@ bool Reader::readHeaderRow(VxFileError *error)
     if (!isNode && !isParent && !isKind && !is(m_rows.cell(0), "order:"))
         return m_rows.fail(
             0,
-            VxFileText::tr("\"%1\" is none of node:, parent:, kind:, order: and time.")
+            VxFileText::tr("Unknown row \"%1\". Supported: node:, parent:, kind:, order:, time.")
                 .arg(m_rows.text(0).left(40)),
             error);
     if (isNode != m_nodes.empty())

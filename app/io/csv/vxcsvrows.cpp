@@ -137,8 +137,7 @@ bool VxCsvRows::readCell(VxFileError *error)
         const char *const start = m_at;
         for (; m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r'; ++m_at) {
             if (*m_at == '"')
-                return fail(count(),
-                            VxFileText::tr("A quotation mark inside of a cell without them."),
+                return fail(count(), VxFileText::tr("A quotation mark within an unquoted cell."),
                             error);
         }
         m_cells.push_back(trimmed({start, std::size_t(m_at - start)}));

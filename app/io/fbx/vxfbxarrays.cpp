@@ -137,11 +137,10 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
     const qint64 size = count * elementSize(value.code);
     const qint64 payload = value.size - HeadSize;
     if (encoding > 1)
-        return fail(value.offset + 4,
-                    VxFileText::tr("An array has the unknown encoding %1.").arg(encoding));
+        return fail(value.offset + 4, VxFileText::tr("Unknown array encoding %1.").arg(encoding));
     if (size > maxArraySize || (encoding == 0 ? size != payload : size > payload * maxInflation))
         return fail(value.offset,
-                    VxFileText::tr("An array announces %1 values, which its bytes cannot hold.")
+                    VxFileText::tr("An array declares %1 values, more than its bytes can hold.")
                         .arg(count));
     if (!spend(count * qint64(sizeof(Number)) + (encoding ? size : 0), value))
         return false;
@@ -183,7 +182,7 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
     stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(from));
     stream.avail_in = static_cast<uInt>(value.size - HeadSize);
     if (inflateInit(&stream) != Z_OK)
-        return fail(value.offset, VxFileText::tr("There is no memory for an array."));
+        return fail(value.offset, VxFileText::tr("Not enough memory for an array."));
     // An array without values still has a stream, which needs space for its end.
     Bytef spare = 0;
     stream.next_out = size ? reinterpret_cast<Bytef *>(out->data()) : &spare;
@@ -194,7 +193,7 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
     if (isComplete)
         return true;
     if (result == Z_BUF_ERROR && stream.avail_out == 0)
-        return fail(value.offset, VxFileText::tr("A compressed array is larger than announced."));
+        return fail(value.offset, VxFileText::tr("A compressed array is larger than declared."));
     return fail(value.offset, VxFileText::tr("A compressed array is damaged."));
 }
 
@@ -236,8 +235,9 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
     const char *colon = std::find(announced.ptr, end, ':');
     // A number needs a digit and a comma.
     if (announced.ec != std::errc() || count < 0 || count > (end - begin) / 2 + 1)
-        return fail(value.offset,
-                    VxFileText::tr("An array announces more values than there is text for."));
+        return fail(
+            value.offset,
+            VxFileText::tr("An array declares more values than the rest of the text can hold."));
     if (!spend(count * qint64(sizeof(Number)), value))
         return false;
     out->reserve(static_cast<std::size_t>(count));
@@ -258,9 +258,9 @@ bool VxFbxArrays::decodeText(const VxFbxValue &value, std::vector<Number> *out)
             return fail(static_cast<qint32>(from - m_records.bytes().constData()),
                         VxFileText::tr("A value of an array is not a number."));
         if (static_cast<qint64>(out->size()) == count)
-            return fail(value.offset, VxFileText::tr("An array holds more values than announced."));
+            return fail(value.offset, VxFileText::tr("An array has more values than declared."));
         out->push_back(number);
     }
     return static_cast<qint64>(out->size()) == count ||
-           fail(value.offset, VxFileText::tr("An array holds fewer values than announced."));
+           fail(value.offset, VxFileText::tr("An array has fewer values than declared."));
 }

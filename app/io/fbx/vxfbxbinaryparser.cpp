@@ -62,7 +62,7 @@ bool VxFbxBinaryParser::parseHeader()
     if (m_bytes[20] != 0 || m_bytes[21] != 0x1A || (m_bytes[22] != 0 && m_bytes[22] != 1))
         return fail(20, VxFileText::tr("The header is damaged."));
     if (m_bytes[22] == 1)
-        return fail(22, VxFileText::tr("Numbers with their highest byte first are not supported."));
+        return fail(22, VxFileText::tr("Big-endian files are not supported."));
     m_version = qFromLittleEndian<quint32>(m_bytes + 23);
     m_wordSize = m_version >= 7500 ? 8 : 4;
     m_at = headerSize;
@@ -92,10 +92,10 @@ bool VxFbxBinaryParser::parseNext()
         return parseRecord(head, start, open.end);
     // A null record closes the children of the record around it.
     if (head.valueCount != 0 || head.valueBytes != 0 || head.nameSize != 0)
-        return fail(start, VxFileText::tr("A record has no end."));
+        return fail(start, VxFileText::tr("The end of a record is missing."));
     if (m_open.size() > 1 && m_at != open.end)
         return fail(
-            m_at, VxFileText::tr("Bytes are left after the last record of \"%1\".")
+            m_at, VxFileText::tr("Unexpected bytes after the last record of \"%1\".")
                       .arg(QString::fromUtf8(m_records.name(open.index).data(),
                                              static_cast<int>(m_records.name(open.index).size()))));
     m_open.pop_back();
@@ -107,7 +107,7 @@ bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
     if (limit - m_at < 3 * m_wordSize + 1)
         return fail(limit, limit == m_size
                                ? VxFileText::tr("The file ends within a record.")
-                               : VxFileText::tr("A record ends before the records inside it."));
+                               : VxFileText::tr("A record ends before its nested records."));
     head->end = readCount();
     head->valueCount = readCount();
     head->valueBytes = readCount();
@@ -119,8 +119,8 @@ bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit
 {
     if (head.end > static_cast<quint64>(limit))
         return fail(start, limit == m_size
-                               ? VxFileText::tr("A record ends beyond the end of the file.")
-                               : VxFileText::tr("A record ends beyond the record around it."));
+                               ? VxFileText::tr("A record extends beyond the end of the file.")
+                               : VxFileText::tr("A record extends beyond its parent record."));
     const auto end = static_cast<qint64>(head.end);
     if (end < m_at + head.nameSize)
         return fail(start, VxFileText::tr("A record ends before it begins."));
@@ -128,9 +128,9 @@ bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit
     if (head.valueBytes > static_cast<quint64>(left))
         return fail(start, VxFileText::tr("The values of a record are larger than the record."));
     if (head.valueCount > head.valueBytes / 2)
-        return fail(start, VxFileText::tr("A record announces more values than it has bytes for."));
+        return fail(start, VxFileText::tr("A record declares more values than it has bytes for."));
     if (m_open.size() > VxFbxRecords::MaxDepth)
-        return fail(start, VxFileText::tr("More than %1 records lie inside each other.")
+        return fail(start, VxFileText::tr("Records are nested more than %1 levels deep.")
                                .arg(VxFbxRecords::MaxDepth));
     const VxFbxRecords::Index index = m_records.addRecord(
         m_open.back().index, static_cast<qint32>(m_at), static_cast<qint32>(head.nameSize));
@@ -154,7 +154,7 @@ bool VxFbxBinaryParser::parseValues(const Head &head)
             return false;
     }
     if (m_at != limit)
-        return fail(m_at, VxFileText::tr("The values of a record are shorter than announced."));
+        return fail(m_at, VxFileText::tr("The values of a record are shorter than declared."));
     return true;
 }
 
@@ -162,13 +162,13 @@ bool VxFbxBinaryParser::parseValue(qint64 limit)
 {
     const qint64 start = m_at;
     if (m_at >= limit)
-        return fail(start, VxFileText::tr("A value lies beyond the values of its record."));
+        return fail(start, VxFileText::tr("A value extends beyond the values of its record."));
     const char code = m_bytes[m_at++];
     qint64 size = 0;
     if (!valueSize(code, limit, &size))
         return false;
     if (size > limit - m_at)
-        return fail(start, VxFileText::tr("A value lies beyond the values of its record."));
+        return fail(start, VxFileText::tr("A value extends beyond the values of its record."));
     if (!m_records.addValue({code, static_cast<qint32>(m_at), static_cast<qint32>(size)}))
         return fail(
             start,
@@ -200,7 +200,7 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
     case 'S':
     case 'R':
         if (limit - m_at < 4)
-            return fail(m_at, VxFileText::tr("A value lies beyond the values of its record."));
+            return fail(m_at, VxFileText::tr("A value extends beyond the values of its record."));
         *size = qFromLittleEndian<quint32>(m_bytes + m_at);
         m_at += 4;
         return true;
@@ -211,11 +211,11 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
     case 'b':
     case 'c':
         if (limit - m_at < VxFbxArrays::HeadSize)
-            return fail(m_at, VxFileText::tr("A value lies beyond the values of its record."));
+            return fail(m_at, VxFileText::tr("A value extends beyond the values of its record."));
         *size = VxFbxArrays::HeadSize + qFromLittleEndian<quint32>(m_bytes + m_at + 8);
         return true;
     default:
-        return fail(m_at - 1, VxFileText::tr("A value has the unknown type %1.")
+        return fail(m_at - 1, VxFileText::tr("Unknown value type %1.")
                                   .arg(static_cast<int>(static_cast<quint8>(code))));
     }
 }

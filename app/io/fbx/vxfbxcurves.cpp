@@ -77,9 +77,8 @@ bool VxFbxCurves::checkTimes(VxFbxRecords::Index record, const std::vector<qint6
         return std::abs(static_cast<double>(time)) <= most;
     });
     return areNear ||
-           fail(record,
-                VxFileText::tr("A curve has a key further than %1 seconds from the start of time.")
-                    .arg(maxSeconds, 0, 'f', 0));
+           fail(record, VxFileText::tr("A curve has a key more than %1 seconds away from time 0.")
+                            .arg(maxSeconds, 0, 'f', 0));
 }
 
 // Shapes are stored once for a run of keys.

@@ -75,7 +75,7 @@ bool ModelReader::read(std::vector<VxFbxModel> *models, VxFileError *error)
         if (isModel(i) && !m_isPlaced[std::size_t(i)]) {
             *error =
                 m_records.errorAt(m_records.offset(m_objects.record(i)),
-                                  VxFileText::tr("The parents of the node \"%1\" form a circle.")
+                                  VxFileText::tr("The ancestors of the node \"%1\" form a cycle.")
                                       .arg(m_objects.name(i)));
             return false;
         }
@@ -145,8 +145,8 @@ bool ModelReader::append(int object, int parent, VxFileError *error)
     const int depth = parent < 0 ? 1 : m_depths[std::size_t(parent)] + 1;
     QString message;
     if (depth > VxMotionLimits::MaxDepth)
-        message = VxFileText::tr("More than %1 nodes are below each other.")
-                      .arg(VxMotionLimits::MaxDepth);
+        message =
+            VxFileText::tr("The hierarchy has more than %1 levels.").arg(VxMotionLimits::MaxDepth);
     else if (m_models.size() >= std::size_t(VxMotionLimits::MaxNodes))
         message = VxFileText::tr("The file has more than %1 nodes.").arg(VxMotionLimits::MaxNodes);
     if (!message.isEmpty()) {

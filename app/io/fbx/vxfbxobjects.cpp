@@ -43,7 +43,7 @@ bool VxFbxObjects::read(VxFileError *error)
     const VxFbxRecords::Index section = m_records.find({"Objects"});
     if (section == VxFbxRecords::None) {
         *error = m_records.errorAt(m_records.bytes().size(),
-                                   VxFileText::tr("The file ends without a section \"Objects\"."));
+                                   VxFileText::tr("The section \"Objects\" is missing."));
         return false;
     }
     readTemplates();
@@ -85,10 +85,9 @@ void VxFbxObjects::readObjects(VxFbxRecords::Index section)
         m_objects.push_back({id, at, m_records.child(at, "Properties70")});
     }
     if (duplicates > 0)
-        m_notes.append(
-            VxFileText::tr("Objects whose number another one has already were left out: %1. The "
-                           "first is \"%2\".")
-                .arg(QString::number(duplicates), firstDuplicate));
+        m_notes.append(VxFileText::tr("Objects with a duplicate number were left out: %1. The "
+                                      "first is \"%2\".")
+                           .arg(QString::number(duplicates), firstDuplicate));
 }
 
 std::vector<VxFbxObjects::Connection> VxFbxObjects::readConnections() const

@@ -54,7 +54,7 @@ bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRec
         if (!checkVersion(parsed, *version, parsed.offset(record), error))
             return false;
     } else if (isParsed) {
-        *error = parsed.errorAt(0, VxFileText::tr("This is not an FBX file: it has no version."));
+        *error = parsed.errorAt(0, VxFileText::tr("Not an FBX file: the version is missing."));
         return false;
     }
     *error = parser.error();
@@ -80,7 +80,7 @@ bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress, VxImport
     if (!scene.read(partOfProgress(progress, 50, 95), &result, error))
         return false;
     if (vxFbxConvertAxes(scene.settings().axes, &result))
-        result.facts.notes.append(VxFileText::tr("The file's axes were exchanged: Y is up now."));
+        result.facts.notes.append(VxFileText::tr("The file's axes were converted to Y up."));
     QString message;
     if (!result.isValid(&message)) {
         *error = records.errorAt(0, message);

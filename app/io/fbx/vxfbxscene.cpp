@@ -270,7 +270,7 @@ void VxFbxScene::addOmissions(VxMotionFacts *facts) const
                     facts->addOmission(
                         isOther ? VxFileText::tr("animation of \"%1\"").arg(text(target.name))
                                 : VxFileText::tr("animation of a morph"),
-                        VxFileText::tr("Nothing in the scene corresponds to it."),
+                        VxFileText::tr("The scene has no corresponding property."),
                         m_objects.name(target.object));
             }
         }

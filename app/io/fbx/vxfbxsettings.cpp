@@ -87,7 +87,7 @@ void readRate(const VxFbxRecords &records, VxFbxRecords::Index properties, VxFbx
         settings->rate = rate;
     else
         notes->append(
-            VxFileText::tr("The file's frame rate is not a rate; 30 frames per second are used."));
+            VxFileText::tr("The file's frame rate is invalid; 30 frames per second are used."));
 }
 
 } // namespace
@@ -100,14 +100,13 @@ VxFbxSettings vxFbxReadSettings(const VxFbxRecords &records, QStringList *notes)
     const auto properties = records.find({"GlobalSettings", "Properties70"});
     readRate(records, properties, &settings, notes);
     if (!readAxes(records, properties, &settings.axes))
-        notes->append(
-            VxFileText::tr("The file's axes are not three different ones; Y up is used."));
+        notes->append(VxFileText::tr("The file's axes are invalid; Y up is used."));
     const double unit = vxFbxNumber(records, properties, "UnitScaleFactor", 1.0);
     if (unit > 1e-9 && unit < 1e9)
         settings.metresPerUnit = unit * 0.01;
     else
         notes->append(
-            VxFileText::tr("The file's unit of length has no size; centimetres are used."));
+            VxFileText::tr("The file's unit of length is invalid; centimetres are used."));
     records.integer(vxFbxProperty(records, properties, "TimeSpanStart"), &settings.spanStart);
     records.integer(vxFbxProperty(records, properties, "TimeSpanStop"), &settings.spanEnd);
     return settings;

@@ -88,9 +88,9 @@ bool VxFbxTextParser::parseNext()
     switch (*m_at) {
     case '{':
         if (m_last == VxFbxRecords::None)
-            return fail(start, VxFileText::tr("A brace opens without a record before it."));
+            return fail(start, VxFileText::tr("Unexpected \"{\": no record precedes it."));
         if (m_open.size() > VxFbxRecords::MaxDepth)
-            return fail(start, VxFileText::tr("More than %1 records lie inside each other.")
+            return fail(start, VxFileText::tr("Records are nested more than %1 levels deep.")
                                    .arg(VxFbxRecords::MaxDepth));
         m_open.push_back(m_last);
         m_last = VxFbxRecords::None;
@@ -101,7 +101,7 @@ bool VxFbxTextParser::parseNext()
     case ',':
         ++m_at;
         return m_last != VxFbxRecords::None ||
-               fail(start, VxFileText::tr("A comma has no value before it."));
+               fail(start, VxFileText::tr("Unexpected \",\": no value precedes it."));
     case '"':
         return parseString();
     case '*':
@@ -114,7 +114,7 @@ bool VxFbxTextParser::parseNext()
     if (m_at < m_end && *m_at == ':' && m_at > start)
         return openRecord(start, m_at++ - start);
     if (m_at == start)
-        return fail(start, VxFileText::tr("This is not the text of an FBX file."));
+        return fail(start, VxFileText::tr("Not an FBX text file."));
     return addValue(beginsNumber(start, m_at) ? VxFbxValue::Number : VxFbxValue::Word, start, m_at);
 }
 
@@ -130,7 +130,7 @@ bool VxFbxTextParser::openRecord(const char *name, qint64 size)
 bool VxFbxTextParser::closeRecord()
 {
     if (m_open.size() == 1)
-        return fail(m_at, VxFileText::tr("A brace closes without a record to close."));
+        return fail(m_at, VxFileText::tr("Unmatched \"}\"."));
     m_open.pop_back();
     m_last = VxFbxRecords::None;
     ++m_at;
@@ -142,7 +142,7 @@ bool VxFbxTextParser::parseString()
     const char *from = m_at + 1;
     const char *to = find(from, m_end, '"');
     if (to == m_end)
-        return fail(m_at, VxFileText::tr("A string has no end."));
+        return fail(m_at, VxFileText::tr("A string is not closed."));
     m_at = to + 1;
     return addValue(VxFbxValue::String, from, to);
 }
@@ -154,10 +154,10 @@ bool VxFbxTextParser::parseArray(const char *star)
     while (open < m_end && (vxIsSpace(*open) || (*open >= '0' && *open <= '9')))
         ++open;
     if (open == m_end || *open != '{')
-        return fail(star, VxFileText::tr("An array has no brace after its size."));
+        return fail(star, VxFileText::tr("\"{\" expected after the size of an array."));
     const char *close = find(open, m_end, '}');
     if (close == m_end)
-        return fail(star, VxFileText::tr("An array has no end."));
+        return fail(star, VxFileText::tr("An array is not closed."));
     m_at = close + 1;
     return addValue(VxFbxValue::NumberList, star + 1, close);
 }
@@ -165,7 +165,7 @@ bool VxFbxTextParser::parseArray(const char *star)
 bool VxFbxTextParser::addValue(char code, const char *from, const char *to)
 {
     if (m_last == VxFbxRecords::None)
-        return fail(from, VxFileText::tr("A value has no record before it."));
+        return fail(from, VxFileText::tr("A value is outside of all records."));
     return m_records.addValue(
                {code, static_cast<qint32>(from - m_begin), static_cast<qint32>(to - from)}) ||
            fail(from,

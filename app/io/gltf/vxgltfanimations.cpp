@@ -76,7 +76,7 @@ bool AnimationReader::readTimes(qint64 accessor, Sampler *sampler, QString *mess
         !m_document->read(index, &sampler->times, message))
         return false;
     if (info.components != 1)
-        return vxFail(message, VxFileText::tr("Accessor %1 holds no times.").arg(index));
+        return vxFail(message, VxFileText::tr("Accessor %1 does not contain times.").arg(index));
     return true;
 }
 
@@ -87,11 +87,11 @@ bool AnimationReader::checkTimes(Sampler *sampler, QString *message)
     const std::vector<double> &times = sampler->times;
     for (const double time : times) {
         if (!std::isfinite(time))
-            return vxFail(message, VxFileText::tr("a key has a time that is no number."));
+            return vxFail(message, VxFileText::tr("the time of a key is not a number."));
     }
     for (std::size_t i = 1; i < times.size(); ++i) {
         if (times[i] < times[i - 1])
-            return vxFail(message, VxFileText::tr("key %1 at %2 s comes after one at %3 s.")
+            return vxFail(message, VxFileText::tr("key %1 at %2 s follows a key at %3 s.")
                                        .arg(i)
                                        .arg(times[i])
                                        .arg(times[i - 1]));
@@ -130,8 +130,7 @@ bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *messa
     else if (kind == QLatin1String("CUBICSPLINE"))
         sampler->segment = VxMotionSegment::Cubic;
     else if (!kind.isEmpty() && kind != QLatin1String("LINEAR"))
-        return vxFail(message,
-                      VxFileText::tr("the interpolation \"%1\" does not exist.").arg(kind));
+        return vxFail(message, VxFileText::tr("unknown interpolation \"%1\".").arg(kind));
     const int output = int(qMin<qint64>(vxGltfIndex(object, "output"), INT_MAX));
     if (!readTimes(vxGltfIndex(object, "input"), sampler, message) ||
         !m_document->read(output, &sampler->numbers, message))
@@ -139,7 +138,7 @@ bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *messa
     for (const double number : sampler->numbers) {
         if (!std::isfinite(number))
             return vxFail(message,
-                          VxFileText::tr("accessor %1 has a value that is no number.").arg(output));
+                          VxFileText::tr("a value of accessor %1 is not a number.").arg(output));
     }
     const std::size_t values = sampler->times.size() * (sampler->isCubic() ? 3 : 1);
     if (values > 0 && sampler->numbers.size() % values == 0)
@@ -207,7 +206,7 @@ void AnimationReader::addRotation(int node, const Sampler &sampler)
         } else {
             m_motion->facts.addOmission(
                 VxFileText::tr("rotation"),
-                VxFileText::tr("It has no direction; the one before it holds."),
+                VxFileText::tr("A quaternion of length 0; the previous rotation is kept."),
                 m_motion->nodes[std::size_t(node)].name);
         }
         track.times.push_back(sampler.times[i]);
@@ -230,20 +229,19 @@ bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
     const QString path = target.value(QLatin1String("path")).toString();
     const qint64 index = vxGltfIndex(target, "node");
     if (path == QLatin1String("pointer"))
-        return omit(VxFileText::tr("It drives something other than a node."), -1);
+        return omit(VxFileText::tr("Its target is not a node."), -1);
     if (!target.contains(QLatin1String("node")))
-        return omit(VxFileText::tr("It drives nothing."), -1);
+        return omit(VxFileText::tr("It has no target."), -1);
     if (index < 0 || index >= qint64(m_places.size()))
-        return vxFail(message, VxFileText::tr("a channel drives a node that does not exist."));
+        return vxFail(message, VxFileText::tr("the target node of a channel does not exist."));
     const int node = m_places[std::size_t(index)];
     const bool isWeights = path == QLatin1String("weights");
     const bool isRotation = path == QLatin1String("rotation");
     const bool isTranslation = path == QLatin1String("translation");
     if (!isWeights && !isRotation && !isTranslation && path != QLatin1String("scale"))
-        return omit(VxFileText::tr("It drives something other than a node's transform or weights."),
-                    node);
+        return omit(VxFileText::tr("Its target is neither a transform nor morph weights."), node);
     if (!m_driven.insert({node, path}).second)
-        return omit(VxFileText::tr("Another channel drives the same."), node);
+        return omit(VxFileText::tr("Another channel has the same target."), node);
     Sampler sampler;
     if (!readSampler(vxGltfIndex(channel, "sampler"), &sampler, message))
         return false;
@@ -257,7 +255,7 @@ bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
     if (sampler.width != width)
         return vxFail(
             message,
-            VxFileText::tr("the channel \"%1\" of \"%2\" has %3 numbers a key where %4 belong.")
+            VxFileText::tr("the channel \"%1\" of \"%2\" has %3 numbers per key instead of %4.")
                 .arg(path, m_motion->nodes[std::size_t(node)].name)
                 .arg(sampler.width)
                 .arg(width));

@@ -50,7 +50,7 @@ void VxGltfBuffers::setDescriptions(const QJsonArray &buffers, const QJsonArray 
 bool VxGltfBuffers::view(qint64 index, VxGltfView *view, QString *message)
 {
     if (index < 0 || index >= m_views.size())
-        return vxFail(message, VxFileText::tr("There is no buffer view %1.").arg(index));
+        return vxFail(message, VxFileText::tr("Buffer view %1 does not exist.").arg(index));
     const QJsonObject object = m_views.at(int(index)).toObject();
     if (object.value(QLatin1String("extensions"))
             .toObject()
@@ -64,15 +64,14 @@ bool VxGltfBuffers::view(qint64 index, VxGltfView *view, QString *message)
     const qint64 length = vxGltfIndex(object, "byteLength");
     const qint64 stride = vxGltfIndex(object, "byteStride", 0);
     if (buffer < 0 || buffer >= m_buffers.size() || offset < 0 || length < 0 || stride < 0)
-        return vxFail(message,
-                      VxFileText::tr("Buffer view %1 is not described correctly.").arg(index));
+        return vxFail(message, VxFileText::tr("Invalid description of buffer view %1.").arg(index));
     if (!load(buffer, message))
         return false;
     const QByteArray &bytes = m_loaded[std::size_t(buffer)];
     if (offset > bytes.size() || length > bytes.size() - offset || stride > MaxBufferBytes)
         return vxFail(
             message,
-            VxFileText::tr("Buffer view %1 reaches beyond the end of buffer %2, which has %3 "
+            VxFileText::tr("Buffer view %1 extends beyond the end of buffer %2, which has %3 "
                            "bytes.")
                 .arg(index)
                 .arg(buffer)
@@ -90,7 +89,7 @@ bool VxGltfBuffers::load(qint64 buffer, QString *message)
     const qint64 length = vxGltfIndex(object, "byteLength");
     const QJsonValue uri = object.value(QLatin1String("uri"));
     if (length < 0)
-        return vxFail(message, VxFileText::tr("Buffer %1 is not described correctly.").arg(buffer));
+        return vxFail(message, VxFileText::tr("Invalid description of buffer %1.").arg(buffer));
     if (uri.isUndefined()) {
         if (buffer != 0 || m_chunk.isNull())
             return vxFail(message, VxFileText::tr("Buffer %1 has no data.").arg(buffer));
@@ -98,7 +97,7 @@ bool VxGltfBuffers::load(qint64 buffer, QString *message)
     } else if (uri.toString().startsWith(QLatin1String("data:"), Qt::CaseInsensitive)) {
         bytes = dataOf(uri.toString());
         if (bytes.isNull())
-            return vxFail(message, VxFileText::tr("The data in buffer %1 is broken.").arg(buffer));
+            return vxFail(message, VxFileText::tr("The data of buffer %1 is damaged.").arg(buffer));
     } else if (!loadFile(uri.toString(), length, &bytes, message)) {
         return false;
     }
@@ -116,8 +115,9 @@ bool VxGltfBuffers::loadFile(const QString &uri, qint64 length, QByteArray *byte
     const bool isBelow = QDir::isRelativePath(clean) && !clean.startsWith(QLatin1String("..")) &&
                          !path.contains(QLatin1String("://"));
     if (m_folder.isEmpty() || path.isEmpty() || !isBelow)
-        return vxFail(message,
-                      VxFileText::tr("The data lies outside of the file's folder: %1").arg(uri));
+        return vxFail(
+            message,
+            VxFileText::tr("The data file is outside the folder of the glTF file: %1").arg(uri));
     const QString name = QDir(m_folder).filePath(clean);
     const QFileInfo info(name);
     if (!info.isFile())

@@ -130,13 +130,12 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
     if (bytes.size() < GlbHeader + ChunkHeader)
         return vxFail(message, VxFileText::tr("The file ends within its header."));
     if (word(bytes, 4) != 2)
-        return vxFail(
-            message, VxFileText::tr("The file has version %1 of the format; version 2 can be read.")
-                         .arg(word(bytes, 4)));
+        return vxFail(message, VxFileText::tr("glTF version %1 is not supported. Supported: 2.0.")
+                                   .arg(word(bytes, 4)));
     const qint64 announced = word(bytes, 8);
     *offset = 8;
     if (announced > bytes.size())
-        return vxFail(message, VxFileText::tr("The file announces %1 bytes but has %2.")
+        return vxFail(message, VxFileText::tr("The header declares %1 bytes, but the file has %2.")
                                    .arg(announced)
                                    .arg(bytes.size()));
     qint64 at = GlbHeader;
@@ -147,10 +146,10 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
         at += ChunkHeader;
         if (length > announced - at)
             return vxFail(message,
-                          VxFileText::tr("A block of %1 bytes reaches beyond the end of the file.")
+                          VxFileText::tr("A chunk of %1 bytes extends beyond the end of the file.")
                               .arg(length));
         if (chunk == 0 && type != JsonChunk)
-            return vxFail(message, VxFileText::tr("The file does not begin with its description."));
+            return vxFail(message, VxFileText::tr("The first chunk is not JSON."));
         if (chunk == 0 && !parseJson(bytes.mid(int(at), int(length)), at, message, offset))
             return false;
         if (chunk == 1 && type == BinaryChunk)
@@ -167,13 +166,11 @@ bool VxGltfDocument::Private::parseJson(const QByteArray &text, qint64 at, QStri
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
         *offset = at + error.offset;
-        return vxFail(
-            message,
-            VxFileText::tr("The file's description is broken: %1.").arg(error.errorString()));
+        return vxFail(message, VxFileText::tr("Invalid JSON: %1.").arg(error.errorString()));
     }
     *offset = -1;
     if (!document.isObject())
-        return vxFail(message, VxFileText::tr("This is no glTF file."));
+        return vxFail(message, VxFileText::tr("Not a glTF file."));
     root = document.object();
     return checkVersion(message);
 }
@@ -184,14 +181,11 @@ bool VxGltfDocument::Private::checkVersion(QString *message) const
     const QString version = asset.value(QLatin1String("version")).toString();
     const QString needed = asset.value(QLatin1String("minVersion")).toString();
     if (version.isEmpty())
-        return vxFail(message,
-                      VxFileText::tr("This is no glTF file: it does not say its version."));
+        return vxFail(message, VxFileText::tr("Not a glTF file: the version is missing."));
     if (!version.startsWith(QLatin1String("2.")) ||
         (!needed.isEmpty() && needed != QLatin1String("2.0")))
-        return vxFail(
-            message,
-            VxFileText::tr("The file has version %1 of the format; version 2.0 can be read.")
-                .arg(needed.isEmpty() ? version : needed));
+        return vxFail(message, VxFileText::tr("glTF version %1 is not supported. Supported: 2.0.")
+                                   .arg(needed.isEmpty() ? version : needed));
     return true;
 }
 
@@ -244,7 +238,7 @@ bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &
     by.offset = vxGltfIndex(values, "byteOffset", 0);
     if (at.count < 0 || at.count > block.count || at.offset < 0 || by.offset < 0 ||
         (at.type != 5121 && at.type != 5123 && at.type != 5125))
-        return vxFail(message, VxFileText::tr("The sparse values are not described correctly."));
+        return vxFail(message, VxFileText::tr("Invalid description of sparse values."));
     std::vector<double> places;
     std::vector<double> replaced;
     if (!readBlock(at, &places, message) || !readBlock(by, &replaced, message))
@@ -252,7 +246,7 @@ bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &
     const auto components = std::size_t(block.components);
     for (std::size_t i = 0; i < places.size(); ++i) {
         if (places[i] >= double(block.count))
-            return vxFail(message, VxFileText::tr("A sparse value lies beyond the end."));
+            return vxFail(message, VxFileText::tr("The index of a sparse value is out of range."));
         std::copy_n(replaced.begin() + std::ptrdiff_t(i * components), components,
                     numbers->begin() + std::ptrdiff_t(std::size_t(places[i]) * components));
     }
@@ -299,21 +293,20 @@ bool VxGltfDocument::describe(int accessor, VxGltfAccessorInfo *info, QString *m
 {
     *info = VxGltfAccessorInfo();
     if (accessor < 0 || accessor >= d->accessors.size())
-        return vxFail(message, VxFileText::tr("There is no accessor %1.").arg(accessor));
+        return vxFail(message, VxFileText::tr("Accessor %1 does not exist.").arg(accessor));
     const QJsonObject object = d->accessors.at(accessor).toObject();
     const qint64 type = vxGltfIndex(object, "componentType");
     const int components = componentsOf(object.value(QLatin1String("type")).toString());
     const qint64 count = vxGltfIndex(object, "count");
     if (componentSize(type) == 0 || components == 0 || count < 0 ||
         vxGltfIndex(object, "byteOffset", 0) < 0)
-        return vxFail(message,
-                      VxFileText::tr("Accessor %1 is not described correctly.").arg(accessor));
+        return vxFail(message, VxFileText::tr("Invalid description of accessor %1.").arg(accessor));
     if (count > d->numbersLeft / components)
-        return vxFail(message, VxFileText::tr(
-                                   "Accessor %1 announces %2 values; the file has more than can be "
-                                   "read.")
-                                   .arg(accessor)
-                                   .arg(count));
+        return vxFail(
+            message, VxFileText::tr("Accessor %1 declares %2 values; the file has more than can be "
+                                    "read.")
+                         .arg(accessor)
+                         .arg(count));
     *info = {components, count, type == 5126};
     return true;
 }

@@ -445,7 +445,7 @@ bool VxGltfExport::exportFile(const QString &fileName, VxFileError *error)
     VxSafeFile file(fileName);
     if (file.start() && file.write(bytes) == bytes.size() && file.commit())
         return true;
-    vxFail(error, VxFileText::tr("Cannot be written: %1.").arg(file.failure()));
+    vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
 }

@@ -172,7 +172,7 @@ bool NodeReader::sort(QString *message)
         const auto [node, depth] = open.back();
         open.pop_back();
         if (depth > VxMotionLimits::MaxDepth)
-            return vxFail(message, VxFileText::tr("Node %1 has more than %2 nodes above it.")
+            return vxFail(message, VxFileText::tr("Node %1 has more than %2 ancestors.")
                                        .arg(node)
                                        .arg(VxMotionLimits::MaxDepth));
         (*m_places)[std::size_t(node)] = int(m_order.size());
@@ -184,7 +184,7 @@ bool NodeReader::sort(QString *message)
     }
     for (std::size_t i = 0; i < m_places->size(); ++i) {
         if ((*m_places)[i] < 0)
-            return vxFail(message, VxFileText::tr("Node %1 is below itself.").arg(i));
+            return vxFail(message, VxFileText::tr("Node %1 is its own ancestor.").arg(i));
     }
     return true;
 }
@@ -262,9 +262,9 @@ bool NodeReader::readNode(int index, QString *message)
     node.kind = m_isJoint[std::size_t(index)] ? VxMotionNode::Bone : VxMotionNode::Node;
     readExtras(object, &node);
     if (!readTransform(object, &node))
-        return vxFail(message,
-                      VxFileText::tr("Node %1 (%2) has a transform that is not made of numbers.")
-                          .arg(QString::number(index), node.name));
+        return vxFail(message, VxFileText::tr(
+                                   "The transform of node %1 (%2) has values that are not numbers.")
+                                   .arg(QString::number(index), node.name));
     readMorphs(object, &node);
     m_motion->nodes.push_back(std::move(node));
     return true;
@@ -273,7 +273,7 @@ bool NodeReader::readNode(int index, QString *message)
 bool NodeReader::read(QString *message)
 {
     if (m_objects.size() > VxMotionLimits::MaxNodes)
-        return vxFail(message, VxFileText::tr("The file has %1 nodes; up to %2 can be read.")
+        return vxFail(message, VxFileText::tr("The file has %1 nodes; at most %2 are supported.")
                                    .arg(m_objects.size())
                                    .arg(VxMotionLimits::MaxNodes));
     if (!readParents(message) || !readJoints(message) || !sort(message))

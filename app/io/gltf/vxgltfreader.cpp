@@ -37,7 +37,7 @@ VxMotionFacts factsOf(const VxGltfDocument &document)
     const QJsonArray required = document.array("extensionsRequired");
     for (const QJsonValue &extension : required)
         facts.addOmission(VxFileText::tr("extension"),
-                          VxFileText::tr("The file requires it; what it adds is not imported."),
+                          VxFileText::tr("Required by the file, but not supported."),
                           extension.toString());
     return facts;
 }

@@ -127,8 +127,8 @@ QString clipError(const VxMotionClip &clip, const std::vector<VxMotionNode> &nod
         return VxFileText::tr("The animation \"%1\" ends before it starts.").arg(clip.name);
     for (const VxMotionChannel &channel : clip.channels) {
         if (!isIndexValid(channel, nodes))
-            return VxFileText::tr(
-                       "The animation \"%1\" drives a node, morph or property that does not exist.")
+            return VxFileText::tr("The animation \"%1\" has a channel whose node, morph or "
+                                  "property does not exist.")
                 .arg(clip.name);
         if (!isChannelValid(channel))
             return VxFileText::tr(
@@ -137,7 +137,8 @@ QString clipError(const VxMotionClip &clip, const std::vector<VxMotionNode> &nod
                 .arg(clip.name, nodes[std::size_t(channel.node)].name);
     }
     if (!areTargetsUnique(clip))
-        return VxFileText::tr("The animation \"%1\" drives the same value twice.").arg(clip.name);
+        return VxFileText::tr("The animation \"%1\" has two channels with the same target.")
+            .arg(clip.name);
     return {};
 }
 

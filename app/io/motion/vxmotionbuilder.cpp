@@ -65,7 +65,7 @@ bool Builder::checkDepth(VxFileError *error) const
         if (depths.back() > VxNode::MaxDepth)
             return vxFail(
                 error,
-                VxFileText::tr("The node \"%1\" is on a level beyond %2, which a scene does not "
+                VxFileText::tr("The node \"%1\" is deeper than %2 levels, which a scene does not "
                                "allow.")
                     .arg(node.name)
                     .arg(VxNode::MaxDepth));

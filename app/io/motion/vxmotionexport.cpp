@@ -77,8 +77,9 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
         parts.append(VxFileText::tr("%1 morphs").arg(morphs));
     if (parts.isEmpty())
         return {};
-    return QLatin1Char(' ') + VxFileText::tr("The format does not support, and the file lacks: %1.")
-                                  .arg(parts.join(", "));
+    return QLatin1Char(' ') +
+           VxFileText::tr("Left out, because the format does not support them: %1.")
+               .arg(parts.join(", "));
 }
 
 /// Runs any of the writers, which have the same functions.

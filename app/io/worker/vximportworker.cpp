@@ -114,8 +114,7 @@ bool Run::readMessages(VxFileError *error)
             m_report = bytes;
     }
     if (m_parser.isBroken())
-        return vxFail(error, VxFileText::tr("The importer sent something that is no answer."),
-                      m_fileName);
+        return vxFail(error, VxFileText::tr("The answer of the importer is invalid."), m_fileName);
     return true;
 }
 
@@ -132,7 +131,7 @@ bool Run::checkEnd(VxFileError *error) const
                 m_fileName);
         return vxFail(
             error,
-            VxFileText::tr("The importer crashed while it read the file (signal %1).").arg(signal),
+            VxFileText::tr("The importer crashed while reading the file (signal %1).").arg(signal),
             m_fileName);
     }
     if (m_process.exitCode() != 0 || m_scene.isEmpty() || m_report.isEmpty())
@@ -157,12 +156,11 @@ bool Run::wait(VxFileError *error)
         if (m_progress && !m_progress(m_percent))
             return vxCancel(error, VxFileText::tr("The import was cancelled."), m_fileName);
         if (quiet.elapsed() > silence)
-            return vxFail(
-                error,
-                VxFileText::tr(
-                    "Reading was stopped: the importer gave no sign of life for %1 seconds.")
-                    .arg(quiet.elapsed() / 1000),
-                m_fileName);
+            return vxFail(error,
+                          VxFileText::tr(
+                              "Reading was stopped: the importer has not responded for %1 seconds.")
+                              .arg(quiet.elapsed() / 1000),
+                          m_fileName);
     }
     return readMessages(error) && checkEnd(error);
 }
@@ -176,8 +174,9 @@ bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImpo
         const bool cancelled = error->cancelled;
         return vxFail(
             error,
-            cancelled ? VxFileText::tr("The import was cancelled.")
-                      : VxFileText::tr("The importer's answer is broken. %1").arg(error->message),
+            cancelled
+                ? VxFileText::tr("The import was cancelled.")
+                : VxFileText::tr("The answer of the importer is invalid. %1").arg(error->message),
             m_fileName);
     }
     *report = VxImportReport::fromJson(QJsonDocument::fromJson(m_report).object());

@@ -163,14 +163,14 @@ void tst_Collada::brokenDocuments_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("line");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("nothing") << QByteArray() << 1 << "broken";
+    QTest::newRow("nothing") << QByteArray() << 1 << "Invalid XML: ";
     QTest::newRow("another format")
-        << QByteArray("<html>\n</html>") << 2 << "not a COLLADA document";
-    QTest::newRow("cut off") << document().left(700) << 6 << "broken";
+        << QByteArray("<html>\n</html>") << 2 << "Not a COLLADA document";
+    QTest::newRow("cut off") << document().left(700) << 6 << "Invalid XML: ";
     QTest::newRow("an element that is not closed")
-        << document().replace("</node></node>", "</node>") << 11 << "broken";
-    QTest::newRow("elements inside each other")
-        << "<COLLADA>\n" + QByteArray("<node>").repeated(2000) << 2 << "inside each other";
+        << document().replace("</node></node>", "</node>") << 11 << "Invalid XML: ";
+    QTest::newRow("elements nested more than")
+        << "<COLLADA>\n" + QByteArray("<node>").repeated(2000) << 2 << "nested more than";
     QTest::newRow("no scene") << QByteArray("<COLLADA version='1.4.1'>\n</COLLADA>") << -1
                               << "cannot be read";
     QTest::newRow("times that are no numbers")

@@ -341,16 +341,16 @@ void tst_VxCsv::wrongTextsAreRefused_data()
     row("blank lines alone", "\n\n , ,\n", 3, 1, "empty");
     row("binary data", QByteArray("\0\1\2\3", 4), 1, 1, "not text");
     row("another encoding", head + "b\xE4ll,,x position,0,1", 2, 1, "not UTF-8");
-    row("an unknown column", "node,speed\n", 1, 2, "\"speed\" is not the name");
+    row("an unknown column", "node,speed\n", 1, 2, "Unknown column \"speed\"");
     row("a column twice", "node,time,node\n", 1, 3, "occurs twice");
     row("a missing column", "node,time,value\n", 1, 1, "\"property\" is missing");
     row("no rows", head, 1, 1, "no nodes");
     row("no node", head + ",,x position,0,1", 2, 1, "node is missing");
     row("no property", head + "a,,,0,1", 2, 3, "property is missing");
     row("no value", head + "a,,x position,0,", 2, 5, "value is missing");
-    row("an unknown property", head + "a,,w position,0,1", 2, 3, "no property \"w position\"");
-    row("an unknown kind", head + "a,dog", 2, 2, "\"dog\" is none of");
-    row("two kinds", head + "a,bone\na,node", 3, 2, "was a bone");
+    row("an unknown property", head + "a,,w position,0,1", 2, 3, "Unknown property \"w position\"");
+    row("an unknown kind", head + "a,dog", 2, 2, "Unknown kind \"dog\"");
+    row("two kinds", head + "a,bone\na,node", 3, 2, "was bone");
     row("a word for a number", head + "a,,x position,0,many", 2, 5, "\"many\" is not a number");
     row("not a number", head + "a,,x position,0,nan", 2, 5, "\"nan\" is not a number");
     row("an infinite number", head + "a,,x position,inf,1", 2, 4, "\"inf\" is not a number");
@@ -363,12 +363,13 @@ void tst_VxCsv::wrongTextsAreRefused_data()
     row("a value and a key", head + "a,,scale,,1\na,,scale,0,1", 3, 4, "without a time");
     row("a value twice", head + "a,,scale,,1\na,,scale,,1", 3, 5, "has a value or a key");
     row("an end that moves", head + "a,,x end,0,1\na,,x end,1,2", 3, 4, "end of a bone");
-    row("an unknown segment", head + "a,,scale,0,1,spline", 2, 6, "\"spline\" is none of");
+    row("an unknown segment", head + "a,,scale,0,1,spline", 2, 6,
+        "Unknown interpolation \"spline\"");
     row("a shape that is no number", head + "a,,scale,0,1,tcb,flat", 2, 7, "\"flat\"");
     row("a stray backslash", head + "a\\b,,scale,0,1", 2, 1, "must be followed by");
     row("an open quotation mark", head + "\"a,,scale,0,1\n\n", 2, 1, "not closed");
     row("text after a quotation mark", head + "\"a\"b,,scale,0,1", 2, 1, "comma is missing");
-    row("a quotation mark within", head + "a,,sc\"ale,0,1", 2, 3, "quotation mark inside");
+    row("a quotation mark within", head + "a,,sc\"ale,0,1", 2, 3, "quotation mark within");
     row("too many cells", head + "a,,scale,0,1,tcb,0,,,,,,,,,,,", 2, 12, "too many cells");
     row("lines in quotation marks count", head + "\"a\n\nb\",,scale,,1\nc,,scale,x,1", 5, 4,
         "\"x\" is not a number");
@@ -399,7 +400,7 @@ void tst_VxCsv::wrongFramesAreRefused_data()
     };
     row("no properties", "node:,a", 1, 1, "row \"time\"");
     row("an empty node", "node:,a,,b\n", 1, 3, "node is missing");
-    row("an unknown row", "node:,a\nname:,b\n", 2, 1, "\"name:\" is none of");
+    row("an unknown row", "node:,a\nname:,b\n", 2, 1, "Unknown row \"name:\"");
     row("nodes twice", "node:,a\nnode:,b\n", 2, 1, "one row \"node:\"");
     row("a longer row", "node:,a\nkind:,bone,bone\n", 2, 3, "too many cells");
     row("a shorter row", "node:,a,b\ntime,scale\n", 2, 2, "different lengths");
@@ -458,7 +459,7 @@ void tst_VxCsv::anUnwritableFileStays()
     makeScene(m_scene.data(), 2);
     VxCsvExport out(m_scene.data(), m_range);
     QVERIFY(!out.exportFile(QStringLiteral("/proc/none.csv"), &m_error));
-    QVERIFY2(m_error.text().startsWith("/proc/none.csv: Cannot be written"),
+    QVERIFY2(m_error.text().startsWith("/proc/none.csv: The file could not be written"),
              qPrintable(m_error.text()));
     const QTemporaryDir folder;
     QFile file(folder.filePath("walk.csv"));

@@ -578,17 +578,17 @@ void tst_VxGltfReader::brokenFilesGiveOneMessage_data()
     QTest::addColumn<QByteArray>("part");
     QTest::addColumn<QByteArray>("instead");
     QTest::addColumn<QString>("message");
-    QTest::newRow("no JSON") << QByteArray("{") << QByteArray("(") << "broken";
+    QTest::newRow("no JSON") << QByteArray("{") << QByteArray("(") << "Invalid JSON";
     QTest::newRow("another version")
         << QByteArray("\"2.0\"") << QByteArray("\"3.1\"") << "version 3.1";
-    QTest::newRow("a node below itself")
-        << QByteArray("\"name\":\"cube\"") << QByteArray("\"children\":[0]") << "below itself";
+    QTest::newRow("a node its own ancestor")
+        << QByteArray("\"name\":\"cube\"") << QByteArray("\"children\":[0]") << "its own ancestor";
     QTest::newRow("a child that is not there")
         << QByteArray("\"name\":\"cube\"") << QByteArray("\"children\":[77]") << "does not exist";
     QTest::newRow("a child by a fraction")
         << QByteArray("\"name\":\"cube\"") << QByteArray("\"children\":[0.5]") << "does not exist";
-    QTest::newRow("a matrix of words") << QByteArray("\"name\":\"cube\"")
-                                       << QByteArray("\"matrix\":[\"a\"]") << "not made of numbers";
+    QTest::newRow("a matrix of words")
+        << QByteArray("\"name\":\"cube\"") << QByteArray("\"matrix\":[\"a\"]") << "not numbers";
     QTest::newRow("billions of keys")
         << QByteArray("\"count\":3") << QByteArray("\"count\":3000000000")
         << "more than can be read";
@@ -596,14 +596,14 @@ void tst_VxGltfReader::brokenFilesGiveOneMessage_data()
         << QByteArray("\"count\":3") << QByteArray("\"count\":300000") << "too few";
     QTest::newRow("fewer values than times")
         << QByteArray("\"count\":3,\"type\":\"VEC3\"")
-        << QByteArray("\"count\":1,\"type\":\"VEC3\"") << "numbers a key";
+        << QByteArray("\"count\":1,\"type\":\"VEC3\"") << "numbers per key";
     QTest::newRow("a view beyond the data")
         << QByteArray("\"byteOffset\":0") << QByteArray("\"byteOffset\":4000000000") << "beyond";
     QTest::newRow("a stride within an element")
         << QByteArray("\"byteOffset\":12") << QByteArray("\"byteOffset\":12,\"byteStride\":2")
         << "stride";
     QTest::newRow("an unknown kind of number")
-        << QByteArray("5126") << QByteArray("5130") << "not described";
+        << QByteArray("5126") << QByteArray("5130") << "Invalid description";
     QTest::newRow("a sampler that is not there")
         << QByteArray("\"sampler\":0") << QByteArray("\"sampler\":-1") << "does not exist";
     QTest::newRow("a node that is not there")
@@ -615,7 +615,7 @@ void tst_VxGltfReader::brokenFilesGiveOneMessage_data()
         << QByteArray("\"byteOffset\":0,\"extensions\":{\"EXT_meshopt_compression\":{}}")
         << "without compression";
     QTest::newRow("data that is none")
-        << QByteArray("base64,") << QByteArray("base64,!!") << "broken";
+        << QByteArray("base64,") << QByteArray("base64,!!") << "damaged";
 }
 
 void tst_VxGltfReader::brokenFilesGiveOneMessage()

@@ -169,7 +169,7 @@ void tst_VxImportWorker::messagesComeThrough()
     const QString file = write("broken.gltf", "{ \"asset\": ");
     QVERIFY(!VxImportWorker().run(file, {}, {}, &m_contents, &m_report, &m_error));
     QCOMPARE(m_error.file, file);
-    QVERIFY2(m_error.message.contains("broken"), qPrintable(m_error.message));
+    QVERIFY2(m_error.message.contains("Invalid JSON: "), qPrintable(m_error.message));
     QVERIFY(m_error.offset >= 0);
     QVERIFY(!VxImportWorker().run(m_dir->filePath("none.glb"), {}, {}, &m_contents, &m_report,
                                   &m_error));
@@ -185,17 +185,18 @@ void tst_VxImportWorker::badEndsGiveOneMessage_data()
     QTest::newRow("a crash") << QByteArray("kill -SEGV $$") << "crashed";
     QTest::newRow("an abort") << QByteArray("kill -ABRT $$") << "crashed";
     QTest::newRow("no more processor time") << QByteArray("kill -XCPU $$") << "processor time";
-    QTest::newRow("a hang") << QByteArray("exec sleep 60") << "no sign of life";
+    QTest::newRow("a hang") << QByteArray("exec sleep 60") << "has not responded";
     QTest::newRow("an exit without a word") << QByteArray("exit 0") << "without a result";
     QTest::newRow("an exit with a code") << QByteArray("exit 3") << "code 3";
-    QTest::newRow("noise") << QByteArray("echo this is no answer; exec sleep 60") << "no answer";
+    QTest::newRow("noise") << QByteArray("echo this is no answer; exec sleep 60") << "is invalid";
     QTest::newRow("a scene that is none")
-        << QByteArray("printf 'R\\002\\000\\000\\000{}S\\003\\000\\000\\000abc'") << "broken";
+        << QByteArray("printf 'R\\002\\000\\000\\000{}S\\003\\000\\000\\000abc'")
+        << "answer of the importer is invalid";
     QTest::newRow("a message cut off")
         << QByteArray("printf 'R\\002\\000\\000\\000{}S\\377\\000\\000\\000abc'")
         << "without a result";
     QTest::newRow("a message of 4 GB")
-        << QByteArray("printf 'S\\377\\377\\377\\377abc'") << "no answer";
+        << QByteArray("printf 'S\\377\\377\\377\\377abc'") << "is invalid";
 }
 
 void tst_VxImportWorker::badEndsGiveOneMessage()

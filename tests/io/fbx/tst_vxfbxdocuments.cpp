@@ -644,21 +644,21 @@ void TestVxFbxDocuments::refuses_data()
     };
     const QByteArray binary = chain({}).write({});
     const QByteArray text = chain({}).write({true, 7700, false});
-    row("nothing", "", "no version");
-    row("other text", "hello world", "record before it");
+    row("nothing", "", "version is missing");
+    row("other text", "hello world", "outside of all records");
     row("an old version", chain({}).write({true, 6100, false}), "version 6.1 is not supported");
     row("an old binary version", chain({}).write({false, 6100, false}), "version 6.1");
     row("the end of a binary file missing", binary.chopped(40), "ends");
     row("the end of a text missing", text.chopped(40), "ends inside");
-    row("a brace too many", text + "}", "without a record to close");
+    row("a brace too many", text + "}", "Unmatched");
     row("no objects", QByteArray("FBXHeaderExtension: {\nFBXVersion: 7400\n}\n"), "Objects");
     Document circle;
     circle.model(1, 2, "a", {});
     circle.model(2, 1, "b", {});
-    row("parents in a circle", circle.write({}), "form a circle");
+    row("parents in a circle", circle.write({}), "form a cycle");
     Document own;
     own.model(1, 1, "a", {});
-    row("a node below itself", own.write({true, 7400, false}), "form a circle");
+    row("a node below itself", own.write({true, 7400, false}), "form a cycle");
     Document counts = oneCurve({0, 1}, {0, 40}, linear, noData);
     counts.objects().last().children[2].values = {fbxdocument::Value(QVector<float>{1, 2, 3})};
     row("more values than times", counts.write({}), "2 key times and 3 key values");
@@ -667,10 +667,10 @@ void TestVxFbxDocuments::refuses_data()
     row("runs that are too long", runs.write({true, 7400, false}), "do not add up");
     Document far = oneCurve({0, 1e6}, {0, 40}, linear, noData);
     row("a key in a million seconds", far.write({}), "440000 seconds");
-    row("nothing but braces", QByteArray("a:{").repeated(100000), "lie inside each other");
+    row("nothing but braces", QByteArray("a:{").repeated(100000), "nested more than");
     QByteArray bomb = oneCurve({0, 1}, {0, 40}, linear, noData).write({true, 7400, false});
     bomb.replace("KeyTime: *2", "KeyTime: *2000000000");
-    row("a count by billions", bomb, "announces more values");
+    row("a count by billions", bomb, "declares more values");
     // Two times 512 MB of zeros in half a megabyte each.
     Document zeros = oneCurve({0, 1}, {0, 40}, linear, noData);
     zeros.objects().last().children[1].values = {
