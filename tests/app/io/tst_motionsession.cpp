@@ -35,6 +35,52 @@ const QByteArray csv = "node,parent,kind,property,time,value,interpolation,tensi
                        "hip,,,x rotation,0.31,40,tcb,\nhip,,,x rotation,1,10,constant,\n"
                        "face,,node,morph:smile,0,0,,\nface,,,morph:smile,2,1,,\n";
 
+// A bone with smooth, straight and constant segments about two axes, one of them in a second layer.
+const QByteArray fbx = R"(; FBX 7.4.0 project file
+FBXHeaderExtension: { FBXVersion: 7400 }
+GlobalSettings: { Properties70: { P: "TimeMode","enum","","",11 } }
+Objects: {
+    Model: 10, "Model::hip", "LimbNode" {
+        Properties70: {
+            P: "RotationOrder","enum","","",4
+            P: "RotationActive","bool","","",1
+            P: "PreRotation","Vector3D","Vector","",10,20,30
+            P: "Lcl Translation","Lcl Translation","","A",0,1,0
+        }
+    }
+    AnimationStack: 20, "AnimStack::Take", "" { }
+    AnimationLayer: 21, "AnimLayer::Base", "" { }
+    AnimationLayer: 22, "AnimLayer::Second", "" { }
+    AnimationCurveNode: 31, "AnimCurveNode::R", "" { }
+    AnimationCurveNode: 32, "AnimCurveNode::R", "" { }
+    AnimationCurve: 41, "AnimCurve::", "" {
+        KeyTime: *4 { a: 0,23093079000,46186158000,57732697500 }
+        KeyValueFloat: *4 { a: 0,30,-40,10 }
+        KeyAttrFlags: *3 { a: 264,4,2 }
+        KeyAttrDataFloat: *12 { a: 0,0,218434821,0,0,0,0,0,0,0,0,0 }
+        KeyAttrRefCount: *3 { a: 2,1,1 }
+    }
+    AnimationCurve: 42, "AnimCurve::", "" {
+        KeyTime: *2 { a: 0,46186158000 }
+        KeyValueFloat: *2 { a: 0,200 }
+        KeyAttrFlags: *1 { a: 4 }
+        KeyAttrDataFloat: *4 { a: 0,0,0,0 }
+        KeyAttrRefCount: *1 { a: 2 }
+    }
+}
+Connections: {
+    C: "OO",10,0
+    C: "OO",21,20
+    C: "OO",22,20
+    C: "OO",31,21
+    C: "OO",32,22
+    C: "OP",31,10,"Lcl Rotation"
+    C: "OP",32,10,"Lcl Rotation"
+    C: "OP",41,31,"d|X"
+    C: "OP",42,32,"d|Y"
+}
+)";
+
 QByteArray gltf()
 {
     GltfSample sample;
@@ -65,6 +111,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void theFilesHaveMotion();
     void sessions_data();
     void sessions();
 
@@ -91,8 +138,8 @@ void tst_MotionSession::init()
     m_dir.reset(new QTemporaryDir);
     m_undo.reset(new VxUndoStack);
     m_scene.reset(new VxScene);
-    m_files =
-        QStringList{write("walk.bvh", bvh), write("walk.csv", csv), write("ball.gltf", gltf())};
+    m_files = QStringList{write("walk.bvh", bvh), write("walk.csv", csv), write("hip.fbx", fbx),
+                          write("ball.gltf", gltf())};
 }
 
 void tst_MotionSession::cleanup()
@@ -127,7 +174,7 @@ VxNode *tst_MotionSession::anyNode(Random &random) const
     return nodes.isEmpty() ? nullptr : nodes.at(below(random, nodes.size()));
 }
 
-/** Keys, aliases, links, overriding controls, nodes that come and go: one entry. */
+/** Keys, aliases, links, overriding controls, nodes added and removed: one entry. */
 void tst_MotionSession::edit(Random &random)
 {
     VxNode *node = anyNode(random);
@@ -190,7 +237,8 @@ void tst_MotionSession::failToImport(Random &random)
     const int index = m_undo->index();
     VxMotionImport import(m_scene.data());
     VxFileError error;
-    switch (below(random, 4)) {
+    const auto cancel = [](int) { return false; };
+    switch (below(random, 5)) {
     case 0:
         QVERIFY(!import.load(write("bad.bvh", bvh.left(150)), &error));
         break;
@@ -199,16 +247,19 @@ void tst_MotionSession::failToImport(Random &random)
         QCOMPARE(int(error.line), 8);
         break;
     case 2:
-        import.setProgress([](int) { return false;
-    });
-    QVERIFY(!import.load(m_files.first(), &error));
-    QVERIFY(error.cancelled);
-    break;
-default:
-    QVERIFY(import.load(m_files.last(), &error));
-}
-QCOMPARE(m_undo->index(), index);
-QVERIFY(sceneBytes() == before);
+        QVERIFY(!import.load(write("bad.fbx", fbx.left(fbx.size() / 2)), &error));
+        QVERIFY(error.line > 1);
+        break;
+    case 3:
+        import.setProgress(cancel);
+        QVERIFY(!import.load(m_files.first(), &error));
+        QVERIFY(error.cancelled);
+        break;
+    default:
+        QVERIFY(import.load(m_files.last(), &error));
+    }
+    QCOMPARE(m_undo->index(), index);
+    QVERIFY(sceneBytes() == before);
 }
 
 /** Writes the scene or a part of it, which changes nothing, and adds the file to those to import.
@@ -234,7 +285,7 @@ void tst_MotionSession::exportAndRead(Random &random)
     VxScene other;
     VxMotionImport import(&other);
     QVERIFY2(import.load(file, &error) && import.enter({}, &error), qPrintable(error.text()));
-    if (other.getNumNodes() < 20 && m_files.size() < 8) {
+    if (other.getNumNodes() < 20 && m_files.size() < 9) {
         const QString kept = m_dir->filePath(QStringLiteral("kept %1.").arg(m_files.size()) +
                                              QFileInfo(file).suffix());
         QVERIFY(QFile::copy(file, kept));
@@ -253,6 +304,16 @@ bool tst_MotionSession::areKeysSound() const
         }
     }
     return true;
+}
+
+void tst_MotionSession::theFilesHaveMotion()
+{
+    for (const QString &file : qAsConst(m_files)) {
+        VxMotionImport import(m_scene.data());
+        VxFileError error;
+        QVERIFY2(import.load(file, &error), qPrintable(error.text()));
+        QVERIFY2(import.report().keysAfter >= 5, qPrintable(file));
+    }
 }
 
 void tst_MotionSession::sessions_data()
