@@ -41,6 +41,7 @@ private Q_SLOTS:
     void placesAmongSiblings_data();
     void placesAmongSiblings();
     void impossibleParentsAreRefused();
+    void nodesNestedTooDeeplyAreRefused();
     void parentChangeIsReported();
     void destructionTakesTheChildrenAlong();
     void childDestroyedOnItsOwnIsForgotten();
@@ -239,6 +240,27 @@ void TestNode::impossibleParentsAreRefused()
     QVERIFY(!child->addNodeChild(&root));
     QCOMPARE(child->getNodeParent(), &root);
     QCOMPARE(root.getNumNodeChildren(), 1);
+}
+
+void TestNode::nodesNestedTooDeeplyAreRefused()
+{
+    VxNode root(QStringLiteral("root"));
+    VxNode *last = &root;
+    while (last->getDepth() < VxNode::MaxDepth - 1) {
+        auto *next = new VxNode(QStringLiteral("n"));
+        QVERIFY(last->addNodeChild(next));
+        last = next;
+    }
+    VxNode pair(QStringLiteral("pair"));
+    pair.addNodeChild(new VxNode(QStringLiteral("tip")));
+    QVERIFY(!pair.setNodeParent(last)); // the tip would be beyond
+    QVERIFY(!last->addNodeChild(&pair));
+    QVERIFY(!pair.getNodeParent());
+    VxNode single(QStringLiteral("single"));
+    QVERIFY(single.setNodeParent(last));
+    QCOMPARE(single.getDepth(), VxNode::MaxDepth);
+    QVERIFY(!pair.setNodeParent(&single));
+    QVERIFY(single.setNodeParent(nullptr));
 }
 
 void TestNode::parentChangeIsReported()

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void holdsEndWithTheProgram_data();
     void holdsEndWithTheProgram();
     void anotherParentWithAndWithoutThePlace();
+    void nodesAreNotNestedTooDeeply();
     void manualExamplesDoWhatTheManualSays();
     void badArguments_data();
     void badArguments();
@@ -395,6 +396,22 @@ void TestScriptEngine::anotherParentWithAndWithoutThePlace()
     a->getScaleControl()->setStoredValue(0);
     QCOMPARE(m_engine->evaluate(QStringLiteral("b.setParent(a, -1, true)")), QString("false"));
     QCOMPARE(b->getNodeParent(), a); // moved all the same
+}
+
+void TestScriptEngine::nodesAreNotNestedTooDeeply()
+{
+    const auto run = [this](const char *program) {
+        VxScriptError error;
+        const QString value = m_engine->evaluate(QLatin1String(program), QString(), &error);
+        return error.message.isEmpty() ? value : error.message;
+    };
+    run("var last = null; for (var i = 0; i < 4096; ++i) last = Scene.addNode('n' + i, last);"
+        "var pair = Scene.addNode('pair'); Scene.addBone('tip', pair); null");
+    QVERIFY(run("Scene.addNode('beyond', last)").contains("deeper than 4096 levels"));
+    QVERIFY(run("Scene.addBone('beyond', last)").contains("deeper than 4096 levels"));
+    QCOMPARE(run("pair.setParent(last)"), QStringLiteral("false"));
+    QCOMPARE(run("pair.setParent(last.getNodeParent())"), QStringLiteral("false"));
+    QCOMPARE(run("pair.setParent(last.getNodeParent().getNodeParent())"), QStringLiteral("true"));
 }
 
 void TestScriptEngine::manualExamplesDoWhatTheManualSays()
