@@ -8,6 +8,9 @@
 
 namespace {
 
+constexpr int MaxGroups = 64; // inside each other; the program uses a few
+constexpr int MaxShownPath = 40;
+
 QString scratchFile(const QTemporaryDir &dir)
 {
     return dir.filePath(QStringLiteral("settings.ini"));
@@ -119,8 +122,14 @@ bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
         m_error = tr("%1 is not an INI file, or is damaged").arg(m_fileName);
         return false;
     }
-    for (const QString &path : paths)
+    for (const QString &path : paths) {
+        if (path.count(QLatin1Char('/')) > MaxGroups) {
+            m_error = tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
+                          .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups));
+            return false;
+        }
         values.insert(path, textOf(store.value(path)));
+    }
     return true;
 }
 

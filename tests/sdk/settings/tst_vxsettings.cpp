@@ -54,6 +54,7 @@ private Q_SLOTS:
     void savingTwiceInTheSameMomentIsSeen();
     void aMissingFileIsEmpty();
     void aDamagedFileChangesNothing();
+    void groupsNestedTooDeeplyAreRefused();
     void anUnreadableFileChangesNothing();
     void aFileThatCannotBeWrittenIsReported();
     void savingNothingWritesAnEmptyFile();
@@ -357,6 +358,22 @@ void tst_VxSettings::aDamagedFileChangesNothing()
     QVERIFY2(error.contains(m_file), qPrintable(error));
     QCOMPARE(settings.getIntValue(key), 1);
     QVERIFY(!settings.load(m_file));
+}
+
+/** A store contains the one of each of its groups: thousands would exhaust the stack. */
+void tst_VxSettings::groupsNestedTooDeeplyAreRefused()
+{
+    VxSettings settings;
+    QString error;
+    writeFile(m_file, "[Group]\n" + QByteArray("a/").repeated(63) + "Key=1\n");
+    QVERIFY2(settings.load(m_file, &error), qPrintable(error));
+    for (const int groups : {64, 100000}) {
+        writeFile(m_file, "[Group]\n" + QByteArray("a/").repeated(groups) + "Key=1\n");
+        QVERIFY(!settings.load(m_file, &error));
+        QVERIFY2(error.contains(m_file) && error.contains("more than 64 groups"),
+                 qPrintable(error));
+        QCOMPARE(settings.getSettingsNames(), QStringList{QStringLiteral("Group")});
+    }
 }
 
 void tst_VxSettings::anUnreadableFileChangesNothing()
