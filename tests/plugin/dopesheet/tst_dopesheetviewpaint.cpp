@@ -51,6 +51,47 @@ public:
     mutable std::vector<Drawn> drawn;
 };
 
+// The names of a view's rows, painted by the tree view itself.
+class NamesOnly : public QTreeView
+{
+public:
+    explicit NamesOnly(const VxDopeSheetView *view)
+    {
+        setModel(view->model());
+        setSelectionModel(view->selectionModel());
+        setItemDelegateForColumn(0, view->itemDelegateForColumn(0));
+        setStyle(view->style());
+        setPalette(view->palette());
+        setIndentation(view->indentation());
+        setSelectionBehavior(SelectRows);
+        resize(view->size());
+        header()->setFixedHeight(view->header()->height());
+        setColumnWidth(0, view->columnWidth(0));
+        setEnabled(view->isEnabled());
+    }
+    void open(const QModelIndex &row, const VxDopeSheetView *view)
+    {
+        setExpanded(row, view->isExpanded(row));
+        for (int i = 0; i < model()->rowCount(row); ++i)
+            open(model()->index(i, 0, row), view);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        {
+            QPainter painter(viewport());
+            QStyleOption option;
+            option.initFrom(this);
+            option.rect = QRect(0, 0, columnWidth(0) - 1, viewport()->height());
+            style()->drawPrimitive(
+                static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option,
+                &painter, this);
+        }
+        QTreeView::paintEvent(event);
+    }
+};
+
 // Counts how often a widget is painted.
 class PaintCounter : public QObject
 {
@@ -91,6 +132,8 @@ private Q_SLOTS:
     void bandLast();
     void noBandWhileKeysAreDragged();
 
+    void namesLookLikeATreesOwn_data();
+    void namesLookLikeATreesOwn();
     void selectionRepaints();
     void messageRepaints();
     void updateRepaintsTheHeader();
@@ -149,6 +192,49 @@ void TestDopeSheetViewPaint::noBandWhileKeysAreDragged()
     view->viewport()->grab();
     QVERIFY(style->rectsOf(ViewStyle::Band).empty());
     mouse.release(QPoint(307, 10));
+}
+
+void TestDopeSheetViewPaint::namesLookLikeATreesOwn_data()
+{
+    QTest::addColumn<bool>("isDark");
+    QTest::addColumn<bool>("isEnabled");
+    QTest::addColumn<int>("nameWidth");
+    QTest::newRow("dark") << true << true << 200;
+    QTest::newRow("light") << false << true << 200;
+    QTest::newRow("disabled") << true << false << 200;
+    QTest::newRow("column narrower than the branches") << true << true << 40;
+}
+
+// Selected and open rows, the current row, rows without others below.
+void TestDopeSheetViewPaint::namesLookLikeATreesOwn()
+{
+    QFETCH(bool, isDark);
+    QFETCH(bool, isEnabled);
+    QFETCH(int, nameWidth);
+    if (!isDark)
+        style->setColorScheme(VxStyle::ColorScheme::Light);
+    view->setColumnWidth(0, nameWidth);
+    view->setEnabled(isEnabled);
+    QApplication::setActiveWindow(view.get());
+    for (const QModelIndex &row :
+         {rowOf(hip), model->index(0, 0, rowOf(hip)), groupOf(hip), rowOf(leg)})
+        view->expand(row);
+    view->selectionModel()->select(rowOf(hip),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    view->setCurrentIndex(translationOf(hip, 1));
+    QVERIFY(view->isRowSelected(translationOf(hip, 1)));
+    view->selectionModel()->select(rowOf(leg),
+                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    const QRect column(0, 0, nameWidth - 2, 300);
+    view->setFocus();
+    const QImage shown = view->viewport()->grab(column).toImage();
+    NamesOnly names(view.get());
+    names.show();
+    names.open(QModelIndex(), view.get());
+    QApplication::setActiveWindow(&names);
+    names.setFocus();
+    QCOMPARE(names.hasFocus(), isEnabled);
+    QCOMPARE(shown, names.viewport()->grab(column).toImage());
 }
 
 void TestDopeSheetViewPaint::selectionRepaints()

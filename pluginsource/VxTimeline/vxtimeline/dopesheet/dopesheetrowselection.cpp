@@ -33,7 +33,7 @@ DopeSheetSelectionModel *DopeSheetRowSelection::model() const
 std::vector<QModelIndex> DopeSheetRowSelection::rows() const
 {
     std::vector<QModelIndex> rows;
-    visitRows(model()->selection(), [&rows](const QModelIndex &row) { rows.push_back(row); });
+    model()->visitRows([&rows](const QModelIndex &row) { rows.push_back(row); });
     return rows;
 }
 
@@ -211,7 +211,7 @@ QVector<VxProperty *> DopeSheetRowSelection::properties() const
     if (!model())
         return properties;
     QSet<VxProperty *> known;
-    visitRows(model()->selection(), [&](const QModelIndex &row) {
+    model()->visitRows([&](const QModelIndex &row) {
         const VxDopeSheetItem *item = m_view->getItem(row);
         VxProperty *property = item ? item->property() : nullptr;
         if (property && !known.contains(property)) {

@@ -7,21 +7,7 @@
 
 namespace {
 
-// Contiguous rows of one parent.
-struct RowSpan
-{
-    QModelIndex parent;
-    int top = 0;
-    int bottom = 0;
-
-    friend bool operator<(const RowSpan &a, const RowSpan &b)
-    {
-        return a.parent == b.parent ? a.top < b.top : a.parent < b.parent;
-    }
-    bool meets(const RowSpan &next) const { return parent == next.parent && bottom >= next.top; }
-    bool overlaps(const RowSpan &other) const { return meets(other) && other.meets(*this); }
-};
-
+using RowSpan = DopeSheetSelectionModel::RowSpan;
 using RowSpans = std::vector<RowSpan>;
 
 // Sorted.
@@ -79,8 +65,9 @@ RowSpans difference(const RowSpans &spans, const RowSpans &others)
 class DopeSheetSelectionModel::Private
 {
 public:
-    // Sorted; built from the selection on demand.
+    // Built from the selection on demand: in its order, and sorted.
     RowSpans spans;
+    RowSpans sorted;
     bool isValid = false;
 
     void update(const QItemSelection &selection)
@@ -90,7 +77,8 @@ public:
             if (range.isValid() && range.left() == 0)
                 spans.push_back({range.parent(), range.top(), range.bottom()});
         }
-        std::sort(spans.begin(), spans.end());
+        sorted = spans;
+        std::sort(sorted.begin(), sorted.end());
         isValid = true;
     }
 };
@@ -122,8 +110,15 @@ bool DopeSheetSelectionModel::isRowSelected(const QModelIndex &index) const
     if (!d->isValid)
         d->update(selection());
     const RowSpan row{index.parent(), index.row(), index.row()};
-    const auto after = std::upper_bound(d->spans.cbegin(), d->spans.cend(), row);
-    return after != d->spans.cbegin() && std::prev(after)->meets(row);
+    const auto after = std::upper_bound(d->sorted.cbegin(), d->sorted.cend(), row);
+    return after != d->sorted.cbegin() && std::prev(after)->meets(row);
+}
+
+const std::vector<DopeSheetSelectionModel::RowSpan> &DopeSheetSelectionModel::spans() const
+{
+    if (!d->isValid)
+        d->update(selection());
+    return d->spans;
 }
 
 // Receivers of selectionChanged() may query rows before this object's own slot runs.

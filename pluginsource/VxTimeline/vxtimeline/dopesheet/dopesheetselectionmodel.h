@@ -15,11 +15,40 @@ class DopeSheetSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
 public:
+    // Contiguous rows of one parent.
+    struct RowSpan
+    {
+        QModelIndex parent;
+        int top = 0;
+        int bottom = 0;
+
+        friend bool operator<(const RowSpan &a, const RowSpan &b)
+        {
+            return a.parent == b.parent ? a.top < b.top : a.parent < b.parent;
+        }
+        bool meets(const RowSpan &next) const
+        {
+            return parent == next.parent && bottom >= next.top;
+        }
+        bool overlaps(const RowSpan &other) const { return meets(other) && other.meets(*this); }
+    };
+
     explicit DopeSheetSelectionModel(QAbstractItemModel *model, QObject *parent = nullptr);
     ~DopeSheetSelectionModel() override;
 
     // The same as isSelected() of the row's first column, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
+
+    // Calls visit(index) for each selected row, column 0, in the order of the selection's
+    // ranges. The selection itself is a copy of all ranges with each access.
+    template <typename Visit> void visitRows(const Visit &visit) const
+    {
+        const std::vector<RowSpan> rows = spans(); // visit() may change the selection
+        for (const RowSpan &span : rows) {
+            for (int row = span.top; row <= span.bottom; ++row)
+                visit(model()->index(row, 0, span.parent));
+        }
+    }
 
     // Selects these rows (of column 0) and no others, without a signal: views compute the region to
     // repaint for each range of a change. The caller updates the view.
@@ -29,6 +58,9 @@ public:
     void select(const QItemSelection &selection, SelectionFlags command) override;
 
 private:
+    // The selected rows in the order of the selection's ranges; valid until the next change of the
+    // selection or the model.
+    const std::vector<RowSpan> &spans() const;
     void forgetRows();
     // Ranges of whole rows that do not meet.
     void selectRows(const QItemSelection &rows, SelectionFlags command);

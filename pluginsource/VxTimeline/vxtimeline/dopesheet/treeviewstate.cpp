@@ -3,7 +3,6 @@
 #include <QtCore/QScopedValueRollback>
 #include <algorithm>
 
-#include "vxtimeline/dopesheet/dopesheetrowranges.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
@@ -89,8 +88,8 @@ void TreeViewState::handleCollapsed(const QModelIndex &index)
 TreeViewState::Names TreeViewState::selectedRows() const
 {
     Names rows;
-    if (const QItemSelectionModel *selection = m_view->selectionModel()) {
-        DopeSheetRowRanges::visitRows(selection->selection(), [&](const QModelIndex &row) {
+    if (auto *selection = qobject_cast<DopeSheetSelectionModel *>(m_view->selectionModel())) {
+        selection->visitRows([&](const QModelIndex &row) {
             rows.push_back(DopeSheetRowName::of(m_view->getItem(row)));
         });
     }

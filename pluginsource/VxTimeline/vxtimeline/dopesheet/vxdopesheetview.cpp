@@ -33,11 +33,7 @@
 
 namespace {
 
-// Extent of the line of the current time to each side; pixels.
-constexpr int TimeLineReach = 2;
 constexpr int TimerInterval = 100; // milliseconds
-// The band is painted over the keys.
-constexpr double RubberBandOpacity = 0.5;
 
 } // namespace
 
@@ -229,6 +225,9 @@ VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
 {
     if (!index.isValid())
         return nullptr;
+    const VxDopeSheetModel *rows = getSourceModel();
+    if (rows && index.model() == d->filterModel)
+        return rows->getItem(d->filterModel->mapToSource(index));
     return index.sibling(index.row(), KeysColumn).data(Qt::UserRole).value<VxDopeSheetItem *>();
 }
 
@@ -479,115 +478,13 @@ void VxDopeSheetView::skipToNextKey()
         TimelinePlayback::setTime(time);
 }
 
-int VxDopeSheetView::Private::timeX(VxTime time) const
-{
-    return TimelineMetrics::shared().keyMiddle(view->columnWidth(NameColumn), time,
-                                               vxScene->getPlayRange().getStart());
-}
-
-void VxDopeSheetView::Private::updateTimeLine(int x) const
-{
-    view->viewport()->update(x - TimeLineReach, 0, 2 * TimeLineReach + 1,
-                             view->viewport()->height());
-}
-
-// Playback calls this many times a second: only the old and the new area of the line are painted.
-void VxDopeSheetView::timeChanged(VxTime time)
-{
-    const int x = d->timeX(time);
-    d->timeLine = QLine(x, 0, x, viewport()->height());
-    d->updateTimeLine(d->paintedTimeX);
-    d->updateTimeLine(x);
-}
-
-bool VxDopeSheetView::isToBePainted(const QRect &rect) const
-{
-    return d->paintedRegion.isEmpty() || d->paintedRegion.intersects(rect);
-}
-
 void VxDopeSheetView::timerKick()
 {
     d->throttle.tick(d->clock.elapsed());
-}
-
-// The name column and the line of the current time are visible where rows paint nothing.
-void VxDopeSheetView::Private::paintBehindRows(QPainter *painter)
-{
-    const int nameWidth = view->columnWidth(NameColumn);
-    QStyleOption option;
-    option.initFrom(view);
-    option.rect = QRect(QPoint(0, 0), QPoint(nameWidth - 2, view->viewport()->height() - 1));
-    view->style()->drawPrimitive(
-        static_cast<QStyle::PrimitiveElement>(VxStyle::PE_VxTimelineNameColumn), &option, painter,
-        view);
-    paintedTimeX = timeX(vxScene->getTime());
-    painter->drawLine(paintedTimeX, 0, paintedTimeX, view->height());
-}
-
-void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
-{
-    QStyleOptionRubberBand option;
-    option.initFrom(view);
-    option.shape = QRubberBand::Rectangle;
-    option.opaque = false;
-    option.rect = QRect(
-        QPoint(qMin(pressPoint.x(), currentPoint.x()), qMin(pressPoint.y(), currentPoint.y())),
-        QPoint(qMax(pressPoint.x(), currentPoint.x()) - 1,
-               qMax(pressPoint.y(), currentPoint.y()) - 1));
-    painter->setOpacity(RubberBandOpacity);
-    view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
-}
-
-// Explains why the sheet is empty.
-void VxDopeSheetView::Private::paintHint(QPainter *painter) const
-{
-    const auto *filter = qobject_cast<const QAbstractProxyModel *>(view->model());
-    const bool hasRows = filter && filter->sourceModel() && filter->sourceModel()->rowCount() > 0;
-    painter->setPen(view->palette().color(QPalette::Disabled, QPalette::Text));
-    painter->drawText(view->viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                      hasRows ? tr("No rows match the search text.")
-                              : tr("The scene has no nodes with rows to show."));
-}
-
-// Names and branches take most of the time, and do not depend on the current time. In the other
-// column the tree view draws just the row's panel, without selection, and the cell.
-void VxDopeSheetView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
-                              const QModelIndex &index) const
-{
-    const auto cellOf = [this, &option](int column) {
-        return QRect(columnViewportPosition(column), option.rect.y(), columnWidth(column),
-                     option.rect.height());
-    };
-    if (isToBePainted(cellOf(NameColumn))) {
-        QTreeView::drawRow(painter, option, index);
-        return;
-    }
-    QStyleOptionViewItem keys = option;
-    keys.rect = cellOf(KeysColumn);
-    style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &keys, painter, this);
-    itemDelegateForColumn(KeysColumn)->paint(painter, keys, index.sibling(index.row(), KeysColumn));
 }
 
 bool VxDopeSheetView::viewportEvent(QEvent *event)
 {
     d->endManyChangesNow();
     return QTreeView::viewportEvent(event);
-}
-
-void VxDopeSheetView::paintEvent(QPaintEvent *event)
-{
-    const QScopedValueRollback<QRegion> painting(d->paintedRegion, event->region());
-    {
-        QPainter painter(viewport());
-        d->paintBehindRows(&painter);
-    }
-    QTreeView::paintEvent(event);
-    if (model() && model()->rowCount() == 0) {
-        QPainter painter(viewport());
-        d->paintHint(&painter);
-    }
-    if (d->rubberBandActive && !d->keyDragActive) {
-        QPainter painter(viewport());
-        d->paintRubberBand(&painter);
-    }
 }

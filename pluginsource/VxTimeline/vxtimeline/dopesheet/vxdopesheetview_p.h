@@ -113,6 +113,10 @@ public:
     void paintBehindRows(QPainter *painter);
     void paintRubberBand(QPainter *painter) const;
     void paintHint(QPainter *painter) const;
+    void paintName(QPainter *painter, const QStyleOptionViewItem &row, const QRect &cell,
+                   const QModelIndex &index) const;
+    void paintArrow(QPainter *painter, const QStyleOptionViewItem &row,
+                    const QModelIndex &index) const;
 };
 
 #endif
