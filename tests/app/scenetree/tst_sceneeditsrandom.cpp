@@ -2,6 +2,8 @@
 #include "scenetree/scenetreemodel.h"
 #include "scenetree/vxscenepane.h"
 #include "studiotestbase.h"
+#include "testing/vxlostrelease.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 
 #include <random>
@@ -24,6 +26,8 @@ QString stateOf(const VxNode *node)
     for (const VxProperty *property : node->getPropertyGroups()->collectAllProperties()) {
         const auto *number = qobject_cast<const VxFloatProperty *>(property);
         parts << property->getName() << QString::number(double(number->getStoredValue()), 'g', 9);
+        if (const VxProperty *aliased = property->getAliasedProperty())
+            parts << "alias of" << aliased->getOwner()->getName() << aliased->getName();
         for (int i = 0; i < property->getNumKeys(); ++i)
             parts << QStringLiteral("%1:%2/%3")
                          .arg(property->getKeyTime(i))
@@ -76,6 +80,8 @@ private:
     QVector<VxNode *> anyNodes();
     void edit();
     void editNode(VxNode *node);
+    void makeAlias(VxFloatProperty *property);
+    void loseADrag();
     void moveNodes(const QVector<VxNode *> &nodes, VxNode *parent, int index);
     void checkViews();
     QString sheetNodes(const QModelIndex &above, QString *error) const;
@@ -88,6 +94,8 @@ private:
     QAbstractItemModel *m_sheet = nullptr;
     SceneTreeModel *m_tree = nullptr;
     int m_made = 0;
+    int m_aliases = 0;
+    int m_lostDrags = 0;
     int m_kept = 0; // nodes that stayed in place below another one
 };
 
@@ -105,6 +113,8 @@ void tst_SceneEditsRandom::init()
         qobject_cast<VxScenePane *>(window()->getPaneMgr()->findPane("VxScenePane"))->getModel();
     m_made = 0;
     m_kept = 0;
+    m_aliases = 0;
+    m_lostDrags = 0;
 }
 
 void tst_SceneEditsRandom::cleanup()
@@ -178,7 +188,7 @@ void tst_SceneEditsRandom::moveNodes(const QVector<VxNode *> &nodes, VxNode *par
 void tst_SceneEditsRandom::editNode(VxNode *node)
 {
     VxUndoStackHold hold;
-    const int kind = below(9);
+    const int kind = below(10);
     if (kind == 6) {
         if (VxObject *object = node->getObject())
             object->addSubElement(new VxMorph(QStringLiteral("m%1").arg(++m_made)));
@@ -186,6 +196,9 @@ void tst_SceneEditsRandom::editNode(VxNode *node)
         const auto all = node->getPropertyGroups()->collectAllProperties();
         auto *control = qobject_cast<VxFloatProperty *>(all.at(below(10)));
         control->setStoredValue(float(below(400) - 200) / 20);
+    } else if (kind == 8) {
+        const auto all = node->getPropertyGroups()->collectAllProperties();
+        makeAlias(qobject_cast<VxFloatProperty *>(all.at(below(all.size()))));
     } else if (kind == 0) {
         node->setLabel(QStringLiteral("%1 %2").arg(node->getName()).arg(below(100)));
     } else if (kind == 1) {
@@ -208,6 +221,35 @@ void tst_SceneEditsRandom::editNode(VxNode *node)
             property->setKey(below(20) * 160, float(below(90)), below(3));
     }
     hold.accept("Edit");
+}
+
+void tst_SceneEditsRandom::makeAlias(VxFloatProperty *property)
+{
+    if (property->isAlias()) {
+        property->setAliasedProperty(nullptr);
+        return;
+    }
+    const auto all = anyNode()->getPropertyGroups()->collectAllProperties();
+    m_aliases += property->setAliasedProperty(all.at(below(all.size()))) ? 1 : 0;
+}
+
+/// A drag in the dope sheet whose release is lost changes nothing.
+void tst_SceneEditsRandom::loseADrag()
+{
+    auto *sheet = inTimePane<QTreeView>("TimelineDopeSheetTView");
+    QWidget *rows = sheet->viewport();
+    const QString before = sceneState();
+    const int entries = vxApp->getUndoStack()->count();
+    const QPoint from(sheet->columnWidth(0) + 5 + below(400), below(rows->height()));
+    VxMouseDriver mouse(rows);
+    mouse.press(from);
+    mouse.moveTo(from + QPoint(below(200) - 100, below(60) - 30));
+    vxLoseRelease(rows, below(VxLostReleaseWays));
+    mouse.release(from + QPoint(20, 0));
+    QCOMPARE(sceneState(), before);
+    QCOMPARE(vxApp->getUndoStack()->count(), entries);
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
+    ++m_lostDrags;
 }
 
 QString tst_SceneEditsRandom::sceneNodes(const QVector<VxNode *> &nodes, const QStringList &wanted)
@@ -311,6 +353,8 @@ void tst_SceneEditsRandom::viewsAgreeWithTheScene()
     QStringList states{sceneState()};
     for (int step = 0; step < Steps; ++step) {
         const int before = history->index();
+        if (below(12) == 0)
+            loseADrag();
         if (below(5) == 0) {
             const int to = below(history->count() + 1);
             history->setIndex(to);
@@ -333,7 +377,9 @@ void tst_SceneEditsRandom::viewsAgreeWithTheScene()
     }
     const int end = history->count();
     QVERIFY(end > 5);
-    QVERIFY(m_kept > 20);
+    QVERIFY2(m_kept > 10, qPrintable(QString::number(m_kept)));
+    QVERIFY2(m_aliases > 5, qPrintable(QString::number(m_aliases)));
+    QVERIFY(m_lostDrags > Steps / 25);
     history->setIndex(end);
     while (history->canUndo()) {
         history->undo();

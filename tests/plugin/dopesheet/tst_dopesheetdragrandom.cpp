@@ -9,6 +9,7 @@
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
+#include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/keydrag.h"
 #include "vxtimeline/dopesheet/keydragmath.h"
@@ -89,6 +90,7 @@ private:
     void checkRows(const char *when) const;
     void checkUnselectedUntouched(const Scene &before) const;
     qint64 limited(qint64 offset) const;
+    bool isPreviewed(VxMouseDriver &hand, const QPoint &position, const Scene &before) const;
     void dragOnce(int number);
 
     std::mt19937 random;
@@ -316,13 +318,28 @@ void TestDopeSheetDragRandom::dragsByPlan()
     }
 }
 
-// The same through press, moves and release, from any key, snapped or not; some are given up with
-// Escape.
+// Keys follow the mouse at a limited rate, and not where they are at an end of the range.
+bool TestDopeSheetDragRandom::isPreviewed(VxMouseDriver &hand, const QPoint &position,
+                                          const Scene &before) const
+{
+    QElapsedTimer time;
+    time.start();
+    for (int up = 0; scene() == before && time.elapsed() < 500; up = 1 - up) {
+        QCoreApplication::processEvents();
+        hand.moveTo(position - QPoint(0, up));
+    }
+    return scene() != before;
+}
+
+// The same through press, moves and release, from any key, snapped or not; the releases of some are
+// lost, which drops them.
 void TestDopeSheetDragRandom::dragsByHand()
 {
     showView(1000, 800);
     VxMouseDriver hand(view->viewport());
     int changed = 0;
+    int droppedBy[VxLostReleaseWays] = {};
+    int previewed = 0; // of drags that had moved keys
     const int count = dragCount() / 10;
     for (int i = 0; i < count; ++i) {
         makeKeys();
@@ -341,14 +358,21 @@ void TestDopeSheetDragRandom::dragsByHand()
         hand.press(from, Qt::LeftButton, modifiers);
         chosen = selectedTimes(); // the press itself may have added a key
         hand.moveTo((from + to) / 2, modifiers);
-        const bool givesUp = below(4) == 0;
-        if (givesUp)
-            QTest::keyClick(view.get(), Qt::Key_Escape);
+        const bool isDropped = below(3) == 0;
+        if (isDropped) {
+            const int way = below(VxLostReleaseWays);
+            ++droppedBy[way];
+            previewed += previewed < 20 && isPreviewed(hand, (from + to) / 2, before);
+            vxLoseRelease(view->viewport(), way);
+            QVERIFY2(scene() == before, qPrintable(QStringLiteral("%1, way %2").arg(i).arg(way)));
+            QVERIFY(selectedTimes() == chosen);
+            QVERIFY(!vxApp->getUndoStack()->isRecording());
+        }
         hand.moveTo(to, modifiers);
         hand.release(to, Qt::LeftButton, modifiers);
         const Scene after = scene();
         checkRows("by hand");
-        if (givesUp || after == before) {
+        if (isDropped || after == before) {
             QVERIFY2(after == before, qPrintable(QString::number(i)));
             QCOMPARE(vxApp->getUndoStack()->count(), 0);
         } else {
@@ -369,6 +393,11 @@ void TestDopeSheetDragRandom::dragsByHand()
         }
         if (QTest::currentTestFailed())
             QFAIL(qPrintable(QStringLiteral("in drag %1").arg(i)));
+    }
+    if (count >= TestCount / 10) {
+        for (const int times : droppedBy)
+            QVERIFY(times > 0);
+        QVERIFY2(previewed >= 10, qPrintable(QString::number(previewed)));
     }
     QVERIFY2(changed > count / 8, qPrintable(QString::number(changed))); // many stand at both ends
 }

@@ -9,6 +9,7 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxundostackhold.h>
 
+#include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
@@ -278,26 +279,7 @@ void TestKeyGraphSession::drag(QWidget *widget, const QPoint &from, Qt::Keyboard
 void TestKeyGraphSession::loseRelease(QWidget *widget)
 {
     ++lostReleases;
-    QWidget other;
-    switch (below(4)) {
-    case 0:
-        QTest::keyClick(pane.get(), Qt::Key_Escape);
-        break;
-    case 1:
-        widget->hide();
-        widget->show();
-        break;
-    case 2:
-        if (QWidget *focus = QApplication::focusWidget())
-            focus->clearFocus();
-        break;
-    default:
-        other.show();
-        other.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&other));
-        pane->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(pane.get()));
-    }
+    vxLoseRelease(widget, below(VxLostReleaseWays));
     QVERIFY(!vxApp->getUndoStack()->isRecording());
     QVERIFY(scene() == atPress);
     QCOMPARE(vxApp->getUndoStack()->index(), indexAtPress);

@@ -6,6 +6,8 @@
 #include <limits>
 #include <random>
 
+#include "testing/vxlostrelease.h"
+
 using namespace KeyDrawing;
 
 namespace {
@@ -19,6 +21,7 @@ struct Key
     int type;
     VxTcb tcb;
     bool selected;
+    bool moves; // selected in a channel that shows the key
     VxTime startTime;
     double startValue; // display units
 
@@ -101,6 +104,7 @@ private:
     QVector<VxFloatProperty *> properties;
     std::unique_ptr<VxMouseDriver> mouse;
     int movedDrags = 0;
+    int lostReleases = 0; // of drags that had moved keys
 };
 
 void TestKeyGraphDragRandom::init()
@@ -111,8 +115,10 @@ void TestKeyGraphDragRandom::init()
     smile->setPercentage(true);
     VxFloatProperty *bound = addProperty(QStringLiteral("Bound"));
     bound->setMinMax(-2.0f, 20.0f, true);
-    properties = {x(), smile, bound};
-    showProperties({x(), smile, bound});
+    VxFloatProperty *alias = addProperty(QStringLiteral("Alias"));
+    QVERIFY(alias->setAliasedProperty(x()));
+    properties = {x(), smile, bound, alias};
+    showProperties({x(), smile, bound, alias});
     mouse = std::make_unique<VxMouseDriver>(view.get());
     vxScene->setTime(0);
 }
@@ -141,6 +147,8 @@ Qt::KeyboardModifiers TestKeyGraphDragRandom::someModifiers()
 void TestKeyGraphDragRandom::makeKeys()
 {
     for (VxFloatProperty *property : qAsConst(properties)) {
+        if (property->isAlias())
+            continue;
         property->deleteAllKeys();
         const int count = 1 + below(9);
         for (int i = 0; i < count; ++i) {
@@ -165,8 +173,9 @@ Keys TestKeyGraphDragRandom::keysOf(int number) const
     for (int i = 0; i < property->getNumKeys(); ++i) {
         const VxTime time = property->getKeyTime(i);
         const float value = property->getKeyValue(i);
-        Key key{
-            i, time, value, 0, {}, channel(number).isKeySelected(i), time, double(value) * unit};
+        Key key{i,     time, value,
+                0,     {},   channel(number).isKeySelected(i),
+                false, time, double(value) * unit};
         key.type = property->getKeyInterpolationType(i, &key.tcb.tension, &key.tcb.continuity,
                                                      &key.tcb.bias);
         keys.push_back(key);
@@ -200,7 +209,7 @@ void TestKeyGraphDragRandom::reckon(Keys &keys, const VxFloatProperty *property,
     if (way.to.x() >= way.previous.x())
         std::reverse(order.begin(), order.end());
     for (const Key &key : order) {
-        if (!key.selected)
+        if (!key.moves)
             continue;
         VxTime time = key.startTime + VxTime(dx * view->getScale().ticksPerPixel);
         if (snaps)
@@ -236,6 +245,14 @@ void TestKeyGraphDragRandom::dragOnce()
     mouse->press(from, Qt::LeftButton, below(3) == 0 ? Qt::ControlModifier : Qt::NoModifier);
     const std::vector<Keys> before = scene();
     std::vector<Keys> expected = before;
+    // A key that a property and its alias show moves when either has it selected.
+    for (std::size_t i = 0; i < expected[0].size(); ++i)
+        expected[0][i].moves = expected[3][i].moves =
+            before[0][i].selected || before[3][i].selected;
+    for (const std::size_t c : {1u, 2u}) {
+        for (Key &key : expected[c])
+            key.moves = key.selected;
+    }
     QPoint previous = from;
     for (int steps = 1 + below(5); steps > 0; --steps) {
         const QPoint to = below(5) == 0 ? from : from + QPoint(below(240) - 120, below(120) - 60);
@@ -247,6 +264,17 @@ void TestKeyGraphDragRandom::dragOnce()
             reckon(expected[std::size_t(c)], properties.at(c), {from, previous, to, modifiers});
         check(expected, "on the way");
         previous = to;
+    }
+    if (below(4) == 0) {
+        lostReleases += expected != before;
+        const int way = below(VxLostReleaseWays);
+        vxLoseRelease(view.get(), way);
+        check(before, qPrintable(QStringLiteral("dropped, way %1").arg(way)));
+        mouse->release(previous);
+        check(before, "after a lost release");
+        QCOMPARE(undoTexts(), QStringList());
+        QVERIFY(!vxApp->getUndoStack()->isRecording());
+        return;
     }
     mouse->release(previous);
     QVERIFY(!QWidget::mouseGrabber());
@@ -276,6 +304,7 @@ void TestKeyGraphDragRandom::drags()
             QFAIL(qPrintable(QStringLiteral("in drag %1").arg(i)));
     }
     QVERIFY2(movedDrags > count / 2, qPrintable(QString::number(movedDrags)));
+    QVERIFY2(lostReleases > count / 10, qPrintable(QString::number(lostReleases)));
 }
 
 VX_TEST_MAIN(TestKeyGraphDragRandom)

@@ -139,7 +139,8 @@ void VxKeyGraphView::Private::pressOnKey(Qt::KeyboardModifiers modifiers)
 }
 
 // The selection moves with the keys, and so does its copy in the dope sheet. Rolling back selects
-// keys in all rows of a holder; the flags of its channels are restored from the press.
+// keys in all rows of a holder; the flags of its channels are restored from the press: of the
+// selected keys alone, because others may have moved to their times with another channel.
 void VxKeyGraphView::Private::putKeysBack()
 {
     if (!hold)
@@ -147,10 +148,11 @@ void VxKeyGraphView::Private::putKeysBack()
     const QVector<VxKeyGraphChannel *> list = channels();
     std::vector<QVector<VxKeyGraphKey>> before;
     for (const VxKeyGraphChannel *channel : list) {
-        before.push_back(channel->getKeyCache());
-        for (VxKeyGraphKey &key : before.back()) {
+        before.emplace_back();
+        for (VxKeyGraphKey key : channel->getKeyCache()) {
+            key.time = key.dragStartTime;
             if (key.selected)
-                key.time = key.dragStartTime;
+                before.back().append(key);
         }
     }
     hold->rollBack();
