@@ -19,8 +19,8 @@ QString shownNames(const QStringList &names)
     return shown.join(QStringLiteral(", "));
 }
 
-bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progress, QString *summary,
-          VxFileError *error)
+bool readScene(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
+               QString *summary, VxFileError *error)
 {
     VxSceneReader reader;
     reader.setProgress(progress);
@@ -37,8 +37,8 @@ bool read(const QString &fileName, VxScene *scene, const VxFileProgress &progres
     return true;
 }
 
-bool write(const QString &fileName, const VxScene *scene, const VxFileProgress &progress,
-           VxFileError *error)
+bool writeScene(const QString &fileName, const VxScene *scene, const VxFileProgress &progress,
+                VxFileError *error)
 {
     VxSceneWriter writer(scene);
     writer.setProgress(progress);
@@ -49,5 +49,5 @@ bool write(const QString &fileName, const VxScene *scene, const VxFileProgress &
 
 VxFileFormat vxSceneFormat()
 {
-    return {VxFileText::tr("Scene"), {QStringLiteral("vxscene")}, read, write};
+    return {VxFileText::tr("Scene"), {QStringLiteral("vxscene")}, readScene, writeScene};
 }
