@@ -29,8 +29,8 @@ function(vx_test_settings target)
     VX_PLUGIN_DIR="${VX_PLUGIN_OUTPUT_DIRECTORY}")
 endfunction()
 
-# A target that only owns the precompiled headers of all test programs that link the same libraries.
-# It is compiled as a program is, because compilers refuse headers made with other settings.
+# A target that only owns the precompiled headers of all test programs. It is compiled as a program
+# is, because compilers refuse headers made with other settings.
 function(vx_precompile_tests target)
   if(VX_PRECOMPILE)
     file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp" CONTENT "")
