@@ -1,9 +1,11 @@
 // COLLADA documents, through the importer process.
 
 #include "io/worker/vximportworker.h"
+#include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
@@ -57,6 +59,32 @@ QByteArray document(const QByteArray &kind = "LINEAR")
            "<scene><instance_visual_scene url='#scene'/></scene></COLLADA>\n";
 }
 
+bool isSound(const VxFloatProperty &property)
+{
+    const VxKeyColumns<float> keys = property.getKeys();
+    for (int i = 0; i < keys.count; ++i) {
+        if (!std::isfinite(keys.values[i]) || (i > 0 && keys.times[i] <= keys.times[i - 1]))
+            return false;
+    }
+    return std::isfinite(property.getStoredValue());
+}
+
+bool isSound(const VxSceneContents &contents)
+{
+    for (const auto &root : contents.rootNodes) {
+        QVector<VxNode *> nodes{root.get()};
+        root->getNodeChildren(nodes, true);
+        for (const VxNode *node : qAsConst(nodes)) {
+            for (int i = 0; i < node->getNumProperties(); ++i) {
+                const auto *property = qobject_cast<const VxFloatProperty *>(node->getProperty(i));
+                if (property && !isSound(*property))
+                    return false;
+            }
+        }
+    }
+    return !contents.rootNodes.empty();
+}
+
 } // namespace
 
 class tst_Collada : public QObject
@@ -71,6 +99,7 @@ private Q_SLOTS:
     void otherEncodings();
     void brokenDocuments_data();
     void brokenDocuments();
+    void damagedFilesGiveKeysOrAMessage();
 
 private:
     bool read(const QByteArray &bytes);
@@ -169,7 +198,7 @@ void tst_Collada::brokenDocuments_data()
     QTest::newRow("cut off") << document().left(700) << 6 << "Invalid XML: ";
     QTest::newRow("an element that is not closed")
         << document().replace("</node></node>", "</node>") << 11 << "Invalid XML: ";
-    QTest::newRow("elements nested more than")
+    QTest::newRow("elements too deep")
         << "<COLLADA>\n" + QByteArray("<node>").repeated(2000) << 2 << "nested more than";
     QTest::newRow("no scene") << QByteArray("<COLLADA version='1.4.1'>\n</COLLADA>") << -1
                               << "cannot be read";
@@ -187,6 +216,30 @@ void tst_Collada::brokenDocuments()
              qPrintable(m_error.text()));
     QCOMPARE(int(m_error.line), line);
     QVERIFY(m_contents.rootNodes.empty());
+}
+
+// The library that reads the documents crashes on some of them.
+void tst_Collada::damagedFilesGiveKeysOrAMessage()
+{
+    const QByteArray whole = document();
+    int accepted = 0;
+    int crashed = 0;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        const QByteArray name = "seed " + QByteArray::number(seed);
+        m_contents = VxSceneContents();
+        QElapsedTimer timer;
+        timer.start();
+        m_error = VxFileError();
+        const bool done = read(VxFileMutations::mutant(whole, seed));
+        QVERIFY2(timer.elapsed() < 20000, name.constData());
+        QVERIFY2(done ? isSound(m_contents)
+                      : !m_error.message.isEmpty() && m_contents.rootNodes.empty(),
+                 name.constData());
+        accepted += done;
+        crashed += m_error.message.contains("crashed");
+    }
+    QVERIFY2(accepted > 10 && accepted < 290, QByteArray::number(accepted).constData());
+    QVERIFY2(crashed < 60, QByteArray::number(crashed).constData());
 }
 
 VX_TEST_GUILESS_MAIN(tst_Collada)
