@@ -117,7 +117,7 @@ QWidget *ImportDialog::makeChoices()
     m_rotationsOnly = addChoice("importRotationsOnly", tr("Rotations only"), true, group);
     connect(m_startsAtZero, &QCheckBox::toggled, this, &ImportDialog::readAnimation);
     for (const QCheckBox *box : {m_snapsToFrames, m_matchesRate, m_rotationsOnly})
-        connect(box, &QCheckBox::toggled, this, &ImportDialog::showNumbers);
+        connect(box, &QCheckBox::toggled, this, &ImportDialog::showReport);
     return group;
 }
 
@@ -140,7 +140,7 @@ void ImportDialog::readAnimation()
 
 void ImportDialog::showReport()
 {
-    m_report->setPlainText(m_import->report().lines().join(QLatin1Char('\n')));
+    m_report->setPlainText(m_import->report(choices()).lines().join(QLatin1Char('\n')));
     updateStartsAtZero();
     showNumbers();
 }

@@ -42,6 +42,7 @@ template <class Report, class Visitor> void visit(Report &report, Visitor &&visi
     visitor("sourceRate", report.sourceRate);
     visitor("rateFromKeys", report.isRateFromKeys);
     visitor("step", report.step);
+    visitor("sceneStep", report.sceneStep);
     visitor("turned", report.isTurned);
     visitor("metresPerUnit", report.metresPerUnit);
     visitor("firstKey", report.firstKey);
@@ -53,6 +54,7 @@ template <class Report, class Visitor> void visit(Report &report, Visitor &&visi
     visitor("channels", report.channels);
     visitor("keysBefore", report.keysBefore);
     visitor("keysAfter", report.keysAfter);
+    visitor("offFrameKeys", report.offFrameKeys);
     visitor("mergedKeys", report.mergedKeys);
     visitor("angleError", report.angleError);
     visitor("valueError", report.valueError);
@@ -77,7 +79,8 @@ struct JsonInput
 
 bool VxImportReport::isRateKept() const
 {
-    return sourceRate > 0.0 && qAbs(sourceRate - sceneRate()) > 1e-6 * sourceRate;
+    return sourceRate > 0.0 &&
+           qAbs(sourceRate - double(VxTicksPerSecond) / step) > 1e-6 * sourceRate;
 }
 
 QJsonObject VxImportReport::toJson() const
@@ -100,6 +103,7 @@ VxImportReport VxImportReport::fromJson(const QJsonObject &object)
     VxImportReport report;
     visit(report, JsonInput{object});
     report.step = qBound(1, report.step, VxTicksPerSecond);
+    report.sceneStep = qBound(1, report.sceneStep, VxTicksPerSecond);
     const QString axis = object.value(QStringLiteral("upAxis")).toString();
     report.upAxis = axis.isEmpty() ? 'Y' : axis.at(0).toLatin1();
     const QJsonArray clips = object.value(QStringLiteral("clips")).toArray();
@@ -129,11 +133,12 @@ QString VxImportReport::summary() const
     QString text = VxFileText::tr("%1 nodes (%2 bones), %3 animated channels, %4 keys.")
                        .arg(QString::number(nodes), QString::number(bones),
                             QString::number(channels), QString::number(keysAfter));
+    const bool isOtherRate = qAbs(sourceRate - sceneRate()) > 1e-6 * sourceRate;
     if (sourceRate > 0.0)
         text += QLatin1Char(' ') +
-                (isRateKept() ? VxFileText::tr("The file has %1 frames per second, the scene %2.")
-                                    .arg(number(sourceRate), number(sceneRate()))
-                              : VxFileText::tr("%1 frames per second.").arg(number(sourceRate)));
+                (isOtherRate ? VxFileText::tr("The file has %1 frames per second, the scene %2.")
+                                   .arg(number(sourceRate), number(sceneRate()))
+                             : VxFileText::tr("%1 frames per second.").arg(number(sourceRate)));
     int left = 0;
     for (const VxMotionOmission &omission : omissions)
         left += omission.count;
@@ -160,7 +165,7 @@ QStringList VxImportReport::lines() const
              ? VxFileText::tr("%1 (%2 ticks per frame); the file's rate is kept with the figure")
              : VxFileText::tr("%1 (%2 ticks per frame)"))
             .arg(number(sceneRate()))
-            .arg(step));
+            .arg(sceneStep));
     add(VxFileText::tr("Up axis"),
         isTurned ? VxFileText::tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis))
                  : VxFileText::tr("Y"));
@@ -172,8 +177,8 @@ QStringList VxImportReport::lines() const
     for (const VxImportedClip &clip : clips) {
         if (clip.isImported)
             names.append(VxFileText::tr("%1 (frames %2 to %3)")
-                             .arg(clip.name, number(double(clip.range.getStart()) / step),
-                                  number(double(clip.range.getEnd()) / step)));
+                             .arg(clip.name, number(double(clip.range.getStart()) / sceneStep),
+                                  number(double(clip.range.getEnd()) / sceneStep)));
     }
     add(VxFileText::tr("Animations"),
         VxFileText::tr("%1 of %2").arg(names.size()).arg(clips.size()) +
@@ -188,6 +193,7 @@ QStringList VxImportReport::lines() const
     add(VxFileText::tr("Animated channels"), QString::number(channels));
     add(VxFileText::tr("Keys in the file"), QString::number(keysBefore));
     add(VxFileText::tr("Keys in the scene"), QString::number(keysAfter));
+    add(VxFileText::tr("Keys between frames"), QString::number(offFrameKeys));
     if (mergedKeys > 0)
         add(VxFileText::tr("Keys at the time of another one, merged"), QString::number(mergedKeys));
     add(VxFileText::tr("Largest error"), VxFileText::tr("%1 degrees, %2 % of a channel's range")

@@ -24,6 +24,7 @@ struct VxImportReport
     double sourceRate = 0.0;     ///< frames per second; 0: unknown
     bool isRateFromKeys = false; ///< derived from the keys, which all are on its frames
     VxTime step = 160;           ///< ticks per frame of a scene with the file's rate
+    VxTime sceneStep = 160;      ///< ticks per frame of the scene that the motion enters
 
     char upAxis = 'Y';
     bool isTurned = false;      ///< a top node rotates the file's up axis to Y
@@ -40,6 +41,7 @@ struct VxImportReport
     int channels = 0;      ///< properties with keys
     qint64 keysBefore = 0; ///< numbers of keys in the file; a rotation counts three
     qint64 keysAfter = 0;
+    qint64 offFrameKeys = 0; ///< of these, keys between frames of the scene
     qint64 mergedKeys = 0;   ///< fell on the tick of another one
     double angleError = 0.0; ///< largest, in degrees
     double valueError = 0.0; ///< largest of the other channels, as a part of the channel's range
@@ -47,8 +49,8 @@ struct VxImportReport
     QStringList notes;
     std::vector<VxMotionOmission> omissions;
 
-    /// Frames per second of the scene at the step.
-    double sceneRate() const { return double(VxTicksPerSecond) / step; }
+    /// Frames per second of the scene.
+    double sceneRate() const { return double(VxTicksPerSecond) / sceneStep; }
     /// True when the file's rate is no whole number of ticks a frame, such as 29.97; the imported
     /// figure then stores it, see vxKeepRate().
     bool isRateKept() const;

@@ -135,6 +135,7 @@ void Builder::setRate()
     }
     if (m_report.sourceRate > 0.0)
         m_report.step = VxMotionTiming::stepOf(m_report.sourceRate);
+    m_report.sceneStep = m_report.step;
 }
 
 /** From 0, or from the first key if that is earlier, to the last. */

@@ -29,6 +29,7 @@ VxImportReport reportOf(const VxBvhDocument &document, const VxBvhTiming &timing
     report.format = VxFileText::tr("BVH");
     report.sourceRate = timing.sourceRate();
     report.step = timing.step();
+    report.sceneStep = report.step;
     report.nodes = int(document.joints.size()) + 1;
     report.bones = int(document.joints.size());
     report.channels = document.frameCount > 0 ? document.channelCount() : 0;
@@ -49,6 +50,7 @@ public:
 
     QString figureName(const QString &fileName) const;
     bool loadBvh(const QString &fileName, VxFileError *error);
+    bool loadByWorker(const QString &fileName, VxFileError *error);
     bool build(const VxBvhDocument &document, const QString &readNote, const QString &fileName,
                const VxFileProgress &buildProgress, VxFileError *error);
     VxTime stepAfter(const VxImportChoices &choices) const;
@@ -86,6 +88,13 @@ bool VxMotionImport::Private::loadBvh(const QString &fileName, VxFileError *erro
     return reader.readFile(&document, error) &&
            build(document, reader.getNote(), fileName, partOfProgress(progress, ReadPercent, 100),
                  error);
+}
+
+bool VxMotionImport::Private::loadByWorker(const QString &fileName, VxFileError *error)
+{
+    VxMotionBuildOptions request = options;
+    request.figureName = figureName(fileName);
+    return VxImportWorker().run(fileName, request, progress, &contents, &report, error);
 }
 
 bool VxMotionImport::Private::build(const VxBvhDocument &document, const QString &readNote,
@@ -144,18 +153,20 @@ void VxMotionImport::setOptions(const VxMotionBuildOptions &options)
 bool VxMotionImport::load(const QString &fileName, VxFileError *error)
 {
     d->isBvh = isBvhFile(fileName);
-    if (d->isBvh)
-        return d->loadBvh(fileName, error);
-    VxMotionBuildOptions options = d->options;
-    options.figureName = d->figureName(fileName);
-    return VxImportWorker().run(fileName, options, d->progress, &d->contents, &d->report, error);
+    const bool done = d->isBvh ? d->loadBvh(fileName, error) : d->loadByWorker(fileName, error);
+    if (done)
+        d->report = report({});
+    return done;
 }
 
 bool VxMotionImport::loadDocument(const VxBvhDocument &document, const QString &note,
                                   const QString &fileName, VxFileError *error)
 {
     d->isBvh = true;
-    return d->build(document, note, fileName, d->progress, error);
+    const bool done = d->build(document, note, fileName, d->progress, error);
+    if (done)
+        d->report = report({});
+    return done;
 }
 
 bool VxMotionImport::setsRate() const
@@ -168,6 +179,26 @@ const VxImportReport &VxMotionImport::report() const
     return d->report;
 }
 
+VxImportReport VxMotionImport::report(const VxImportChoices &choices) const
+{
+    const VxImportNumbers counts = numbers(choices);
+    VxImportReport report = d->report;
+    report.sceneStep = d->stepAfter(choices);
+    report.keysAfter = counts.keys;
+    report.offFrameKeys = counts.offFrame;
+    if (choices.snapsToFrames)
+        report.notes.append(
+            VxFileText::tr("Keys were snapped to frames: moved by up to %1 ticks; %2 "
+                           "were dropped because another key lies on the same frame.")
+                .arg(counts.largestMove)
+                .arg(counts.merged));
+    if (choices.rotationsOnly)
+        report.notes.append(
+            VxFileText::tr("Rotations only: %1 keys of other properties were left out.")
+                .arg(counts.leftOut));
+    return report;
+}
+
 VxImportNumbers VxMotionImport::numbers(const VxImportChoices &choices) const
 {
     return vxCountKeys(d->contents, choices, d->stepAfter(choices));
@@ -178,6 +209,7 @@ bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
     if (d->contents.rootNodes.empty())
         return vxFail(error, VxFileText::tr("There is nothing to import."), d->report.file);
     const bool isBeside = d->isBeside();
+    d->report = report(choices);
     vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
     for (const auto &root : d->contents.rootNodes) {
         if (d->report.isRateKept())

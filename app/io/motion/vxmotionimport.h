@@ -47,8 +47,10 @@ public:
     /// content.
     bool setsRate() const;
 
-    /// The report of the file loaded last.
+    /// The report of the file loaded last, with the choices that it entered the scene with.
     const VxImportReport &report() const;
+    /// The same with other choices.
+    VxImportReport report(const VxImportChoices &choices) const;
     /// The result of choices in numbers.
     VxImportNumbers numbers(const VxImportChoices &choices) const;
 

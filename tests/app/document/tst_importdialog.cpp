@@ -15,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
+#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void longReportFitsTheScreen();
     void reportAloneNeedsNoScrolling();
     void numbersFollowTheChoices();
+    void reportFollowsTheChoices();
     void anotherAnimationIsRead();
     void animationsAreReadByNumber();
     void startAtZeroIsOfferedWhereItMoves();
@@ -181,6 +183,45 @@ void tst_ImportDialog::numbersFollowTheChoices()
     QVERIFY2(numbers().startsWith("0 keys") && numbers().contains("102 keys are left out"),
              qPrintable(numbers()));
     QCOMPARE(m_scene->getNumNodes(), 1);
+}
+
+void tst_ImportDialog::reportFollowsTheChoices()
+{
+    const auto has = [this](const char *line) {
+        return report()->toPlainText().split('\n').contains(QLatin1String(line));
+    };
+    const auto toggle = [this](const char *name) {
+        auto *box = child<QCheckBox>(name);
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    };
+    QVERIFY(has("Frame rate of the file: 30 (by its keys)"));
+    QVERIFY(has("Frame rate of the scene: 24 (200 ticks per frame)"));
+    QVERIFY(has("Keys between frames: 81"));
+    toggle("importMatchesRate");
+    QVERIFY(has("Frame rate of the scene: 30 (160 ticks per frame)"));
+    QVERIFY(has("Keys between frames: 0"));
+    toggle("importMatchesRate");
+    toggle("importSnapsToFrames");
+    QVERIFY(has("Keys between frames: 0"));
+    QVERIFY(report()->toPlainText().contains("Keys were snapped to frames: moved by up to 80"));
+
+    // Then as what was done.
+    VxFileError error;
+    QVERIFY(m_import->enter(m_dialog->choices(), &error));
+    const VxImportReport done = m_import->report();
+    QCOMPARE(done.sceneStep, m_scene->getTimeStep());
+    qint64 keys = 0;
+    const VxNode *node = m_import->getRoots().constFirst();
+    for (const VxFloatProperty *property :
+         {node->getXPosControl(), node->getYPosControl(), node->getZPosControl()})
+        keys += property->getNumKeys();
+    QCOMPARE(done.keysAfter, keys);
+    const QJsonObject json = done.toJson();
+    QCOMPARE(json.value("offFrameKeys").toInt(-1), 0);
+    QCOMPARE(json.value("sceneRate").toDouble(), 24.0);
+    QVERIFY(json.value("notes").toArray().last().toString().contains("snapped"));
+    QVERIFY2(m_import->getSummary().contains("The file has 30 frames per second, the scene 24."),
+             qPrintable(m_import->getSummary()));
 }
 
 /** By keys; 0: all. */
