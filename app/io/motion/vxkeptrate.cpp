@@ -64,7 +64,14 @@ QString vxKeptRateName()
 
 double vxExactRate(double rate)
 {
-    const double whole = std::round(rate * 1001.0 / 1000.0);
-    const double exact = whole * 1000.0 / 1001.0;
-    return std::abs(exact - rate) < 2e-7 * rate ? exact : rate;
+    const auto isSame = [rate](double exact) { return float(exact) == float(rate); };
+    const double ntsc = std::round(rate * 1001.0 / 1000.0) * 1000.0 / 1001.0;
+    if (isSame(ntsc))
+        return ntsc;
+    for (const double places : {1e6, 1e7, 1e8}) {
+        const double frameTime = std::round(places / rate) / places;
+        if (isSame(1.0 / frameTime))
+            return 1.0 / frameTime;
+    }
+    return rate;
 }

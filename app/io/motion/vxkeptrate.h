@@ -23,7 +23,8 @@ double vxKeptRate(const VxNode *node, VxTime step, double ofParent);
 /// The name of the property.
 QString vxKeptRateName();
 
-/// The exact rate for one in single precision, such as 30000 / 1001 for 29.97003.
+/// The exact rate for one in single precision: 30000 / 1001 for 29.97003, or the reciprocal of a
+/// frame time with up to eight decimal places.
 double vxExactRate(double rate);
 
 #endif
