@@ -142,6 +142,9 @@ void ImportDialog::showReport()
 {
     m_report->setPlainText(m_import->report(choices()).lines().join(QLatin1Char('\n')));
     updateStartsAtZero();
+    const bool hasRate = m_import->report().sourceRate > 0.0;
+    m_matchesRate->setEnabled(hasRate);
+    m_matchesRate->setToolTip(hasRate ? QString() : tr("The file's frame rate is unknown."));
     showNumbers();
 }
 

@@ -12,7 +12,7 @@ struct VxImportChoices
     /// False: they keep their exact times.
     bool snapsToFrames = false;
     /// The scene gets the file's rate even if it has nodes already.
-    bool matchesRate = false;
+    bool matchesRate = false; ///< ignored where the file's rate is unknown
     /// Keys of anything but rotations are left out; the first value of each stays.
     bool rotationsOnly = false;
 

@@ -54,6 +54,10 @@ public:
     bool build(const VxBvhDocument &document, const QString &readNote, const QString &fileName,
                const VxFileProgress &buildProgress, VxFileError *error);
     VxTime stepAfter(const VxImportChoices &choices) const;
+    bool matchesRate(const VxImportChoices &choices) const
+    {
+        return choices.matchesRate && report.sourceRate > 0.0;
+    }
     bool isBeside() const { return !replaces && scene->getNumNodes() > 0; }
 
     VxScene *const scene;
@@ -125,7 +129,7 @@ bool VxMotionImport::Private::build(const VxBvhDocument &document, const QString
 
 VxTime VxMotionImport::Private::stepAfter(const VxImportChoices &choices) const
 {
-    return isBeside() && !choices.matchesRate ? scene->getTimeStep() : contents.timeStep;
+    return isBeside() && !matchesRate(choices) ? scene->getTimeStep() : contents.timeStep;
 }
 
 VxMotionImport::VxMotionImport(VxScene *scene)
@@ -217,7 +221,7 @@ bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
     }
     VxMotionEntry entry;
     entry.replacesScene = d->replaces;
-    entry.setsRate = choices.matchesRate;
+    entry.setsRate = d->matchesRate(choices);
     entry.hasMotion = d->isBvh ? d->timing.frameCount() > 1 : d->report.channels > 0;
     d->roots = vxEnterScene(std::move(d->contents), entry, d->scene);
     d->contents = VxSceneContents();

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void anotherAnimationIsRead();
     void animationsAreReadByNumber();
     void startAtZeroIsOfferedWhereItMoves();
+    void unknownRateIsNotMatched();
 
 private:
     void open(const GltfSample &sample);
@@ -269,6 +270,25 @@ void tst_ImportDialog::startAtZeroIsOfferedWhereItMoves()
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
     QVERIFY(report()->toPlainText().contains("1 s, moved to 0"));
     QVERIFY(box->isEnabled()); // it can be undone
+}
+
+void tst_ImportDialog::unknownRateIsNotMatched()
+{
+    const auto *box = child<QCheckBox>("importMatchesRate");
+    QVERIFY(box->isEnabled() && box->toolTip().isEmpty());
+    GltfSample sample;
+    sample.root.insert("nodes", QJsonArray{QJsonObject{{"name", "ball"}}});
+    sample.animate(0, 0, "translation", "LINEAR", sample.floats({0, 0.0123f, 0.777f}, "SCALAR", 1),
+                   sample.floats(std::vector<float>(9, 1), "VEC3", 3));
+    open(sample);
+    box = child<QCheckBox>("importMatchesRate");
+    QVERIFY(!box->isEnabled() && box->toolTip().contains("unknown"));
+    VxImportChoices choices; // of a script
+    choices.matchesRate = true;
+    VxFileError error;
+    QVERIFY(m_import->enter(choices, &error));
+    QCOMPARE(m_scene->getTimeStep(), 200);
+    QCOMPARE(m_import->report().sceneStep, 200);
 }
 
 VX_TEST_MAIN(tst_ImportDialog)
