@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int MostLines = 8; // visible without scrolling
+constexpr int MaxLines = 8; // visible without scrolling
 const QString Indent = QStringLiteral("    ");
 
 bool isReturn(const QKeyEvent *event)
@@ -42,7 +42,7 @@ ConsoleInput::ConsoleInput(VxScriptEngine *engine, QWidget *parent)
 
 QSize ConsoleInput::sizeHint() const
 {
-    const int lines = qBound(1, document()->blockCount(), MostLines);
+    const int lines = qBound(1, document()->blockCount(), MaxLines);
     const int inner = lines * fontMetrics().lineSpacing() + int(2 * document()->documentMargin());
     return {200, inner + 2 * frameWidth()};
 }
@@ -54,7 +54,7 @@ QSize ConsoleInput::minimumSizeHint() const
 
 void ConsoleInput::updateHeight()
 {
-    const bool fits = document()->blockCount() <= MostLines;
+    const bool fits = document()->blockCount() <= MaxLines;
     setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     setFixedHeight(sizeHint().height());
 }

@@ -30,7 +30,7 @@ ExportDialog::ExportDialog(const VxScene &scene, QWidget *parent)
     const VxTime step = scene.getTimeStep();
     m_what = makeBox(QStringLiteral("exportWhat"),
                      QStringList{tr("Whole scene")} + FigureChoice::names(figures));
-    m_what->setCurrentIndex(figures.indexOf(FigureChoice::meant(scene)) + 1);
+    m_what->setCurrentIndex(figures.indexOf(FigureChoice::targetFigure(scene)) + 1);
     m_range = makeBox(QStringLiteral("exportRange"),
                       {rangeText(tr("Animation range"), scene.getAnimRange(), step),
                        rangeText(tr("Play range"), scene.getPlayRange(), step)});

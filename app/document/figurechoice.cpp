@@ -16,7 +16,7 @@ QVector<VxSkeleton *> FigureChoice::figures(const VxScene &scene)
     return found;
 }
 
-VxSkeleton *FigureChoice::meant(const VxScene &scene)
+VxSkeleton *FigureChoice::targetFigure(const VxScene &scene)
 {
     // Props below a figure's bones belong to the figure, too.
     for (const VxNode *node = scene.getPrimarySelection(); node; node = node->getNodeParent()) {

@@ -15,7 +15,7 @@ QVector<VxSkeleton *> figures(const VxScene &scene);
 
 /// The figure of the primary selection, else the only one there is. Null when there is none, or
 /// for several without such a selection.
-VxSkeleton *meant(const VxScene &scene);
+VxSkeleton *targetFigure(const VxScene &scene);
 
 /// The figures' labels, made unique by a number.
 QStringList names(const QVector<VxSkeleton *> &figures);

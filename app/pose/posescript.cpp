@@ -45,10 +45,10 @@ QScriptValue breakdown(QScriptContext *context, QScriptEngine *engine)
         return context->throwError(
             QStringLiteral("breakdown() expects a finite number as argument 1 (percent)"));
     static const char *const names[] = {"neighbours", "rest", "average"};
-    const QString wanted = context->argument(1).isUndefined() ? QLatin1String(names[0])
-                                                              : context->argument(1).toString();
+    const QString requested = context->argument(1).isUndefined() ? QLatin1String(names[0])
+                                                                 : context->argument(1).toString();
     for (int i = 0; i < 3; ++i) {
-        if (wanted == QLatin1String(names[i]))
+        if (requested == QLatin1String(names[i]))
             return toScript(engine, InBetween::breakdown(vxScene, percent.toNumber() / 100,
                                                          Breakdown::Toward(i)));
     }

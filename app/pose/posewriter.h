@@ -4,7 +4,7 @@
 #include "pose/nodechannels.h"
 
 /// Sets channels of nodes at one time through the ordinary setters: with keys while the scene
-/// animates, and within limits and locks. A channel without keys that has the wanted value is left
+/// animates, and within limits and locks. A channel without keys that has the target value is left
 /// alone; one with keys gets one there, so that the pose stays when other keys change.
 class PoseWriter
 {

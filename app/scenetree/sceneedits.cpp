@@ -46,12 +46,12 @@ void insertNodes(const QVector<VxNode *> &nodes, VxNode *parent, int first)
 
 bool SceneEdits::rename(VxNode *node, const QString &label)
 {
-    const QString wanted = label.trimmed();
-    if (wanted.isEmpty() || wanted == node->getLabel())
+    const QString newLabel = label.trimmed();
+    if (newLabel.isEmpty() || newLabel == node->getLabel())
         return false;
     const QString text = StudioText::tr("Rename \"%1\"").arg(node->getLabel());
     VxUndoStackHold hold;
-    node->setLabel(wanted);
+    node->setLabel(newLabel);
     hold.accept(text);
     return true;
 }
@@ -126,7 +126,7 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
     for (VxNode *node : moved) {
         const bool stays =
             kept == Kept::Values ||
-            VxNodeHelper::keepWorldPlace(node, node->getNodeParent(), parent, scene->getTime());
+            VxNodeHelper::keepWorldTransform(node, node->getNodeParent(), parent, scene->getTime());
         if (!stays && displaced)
             displaced->append(node);
     }
@@ -139,12 +139,12 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
 
 QVector<VxNode *> SceneEdits::topmost(const VxScene *scene, const QVector<VxNode *> &nodes)
 {
-    const QSet<VxNode *> wanted(nodes.cbegin(), nodes.cend());
+    const QSet<VxNode *> targets(nodes.cbegin(), nodes.cend());
     QSet<const VxNode *> covered; // in the list, or below a node that is
     QVector<VxNode *> tops;
     for (VxNode *node : scene->getNodes()) {
         const bool isBelow = covered.contains(node->getNodeParent());
-        if (!isBelow && !wanted.contains(node))
+        if (!isBelow && !targets.contains(node))
             continue;
         covered.insert(node);
         if (!isBelow)

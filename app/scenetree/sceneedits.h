@@ -30,7 +30,7 @@ enum class Kept { WorldPlace, Values };
 /// Moves the nodes, in the order of the hierarchy, below a parent (null: the top level), before the
 /// child that is at `index` now; -1, or one beyond the end: behind the last one. Nodes below
 /// another one of the list move along with it. `displaced` receives those whose world transform
-/// changed, see VxNodeHelper::keepWorldPlace().
+/// changed, see VxNodeHelper::keepWorldTransform().
 bool move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
           Kept kept = Kept::WorldPlace, QVector<VxNode *> *displaced = nullptr);
 /// False when the parent is one of the nodes or below one.

@@ -41,7 +41,7 @@ SceneTreeView::SceneTreeView(SceneTreeModel *model, VxScene *scene, QWidget *par
     , m_scene(scene)
 {
     setModel(model);
-    connect(model, &SceneTreeModel::displaced, this, &SceneTreeView::tellDisplaced);
+    connect(model, &SceneTreeModel::displaced, this, &SceneTreeView::showDisplaced);
     setUniformRowHeights(true);
     setFrameShape(QFrame::NoFrame);
     setIndentation(vxApp->getStyle()->metric(VxStyle::PM_VxTreeIndentation));
@@ -235,7 +235,7 @@ void SceneTreeView::dropEvent(QDropEvent *event)
         scrollTo(currentIndex());
 }
 
-void SceneTreeView::tellDisplaced(const QVector<VxNode *> &nodes)
+void SceneTreeView::showDisplaced(const QVector<VxNode *> &nodes)
 {
     VxMainWindow *window = vxApp->getInterface();
     if (!window)

@@ -49,7 +49,7 @@ protected:
 private:
     void addCreateCommands(QMenu *menu);
     void pressEye(const QModelIndex &eye);
-    void tellDisplaced(const QVector<VxNode *> &nodes);
+    void showDisplaced(const QVector<VxNode *> &nodes);
 
     SceneTreeModel *const m_model;
     VxScene *const m_scene;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int LeastIndentation = 6; // pixels, the least that still distinguishes levels
+constexpr int MinIndentation = 6; // pixels, the least that still distinguishes levels
 
 int depthOf(const QModelIndex &index)
 {
@@ -66,7 +66,7 @@ void TreeIndentation::fit()
     QVector<Row> rows;
     for (QModelIndex index = model->index(0, 0); index.isValid(); index = m_view->indexBelow(index))
         rows.append({depthOf(index), m_view->itemDelegate(index)->sizeHint(option, index).width()});
-    const int wanted = fitting(rows, m_view->columnWidth(0), m_most, LeastIndentation);
-    if (wanted != m_view->indentation())
-        m_view->setIndentation(wanted);
+    const int target = fitting(rows, m_view->columnWidth(0), m_most, MinIndentation);
+    if (target != m_view->indentation())
+        m_view->setIndentation(target);
 }

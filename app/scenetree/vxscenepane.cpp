@@ -98,11 +98,11 @@ void VxScenePane::showFound()
 void VxScenePane::updateHint()
 {
     if (m_model->rowCount() == 0)
-        m_hint->tell(tr("The scene has no nodes."));
+        m_hint->showMessage(tr("The scene has no nodes."));
     else if (m_search->isActive() && m_filter->matches().isEmpty())
-        m_hint->tell(tr("No node name contains the search text."));
+        m_hint->showMessage(tr("No node name contains the search text."));
     else
-        m_hint->tell(QString());
+        m_hint->showMessage(QString());
 }
 
 void VxScenePane::selectFound()

@@ -254,13 +254,13 @@ void ShortcutDialog::explainConflict(const QKeySequence &shortcut)
     }
     m_conflict->setText(whose + QLatin1Char(' ') +
                         tr("Reassigning it leaves that command without a shortcut."));
-    m_wanted = shortcut;
+    m_pending = shortcut;
     m_takeOver->show();
 }
 
 void ShortcutDialog::clearConflict()
 {
-    m_wanted = QKeySequence();
+    m_pending = QKeySequence();
     m_conflict->clear();
     m_warning->hide();
     m_takeOver->hide();
@@ -269,7 +269,7 @@ void ShortcutDialog::clearConflict()
 void ShortcutDialog::takeOver()
 {
     m_field->setFocus(Qt::OtherFocusReason);
-    m_model->assign(current(), QKeySequence(m_wanted));
+    m_model->assign(current(), QKeySequence(m_pending));
 }
 
 void ShortcutDialog::search(const QString &text)

@@ -63,7 +63,7 @@ private:
     QLabel *m_conflict = nullptr;
     QPushButton *m_takeOver = nullptr;
     QPushButton *m_resetAll = nullptr;
-    QKeySequence m_wanted; // awaits the user's confirmation; empty for none
+    QKeySequence m_pending; // awaits the user's confirmation; empty for none
 };
 
 #endif

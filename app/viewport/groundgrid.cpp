@@ -21,9 +21,9 @@ float groundGridStep(float viewDistance)
 {
     if (!(viewDistance > 0))
         return 1;
-    const float wanted = viewDistance / 12;
-    const float power = std::pow(10.0f, std::floor(std::log10(wanted)));
-    const float digit = wanted / power;
+    const float desired = viewDistance / 12;
+    const float power = std::pow(10.0f, std::floor(std::log10(desired)));
+    const float digit = desired / power;
     return power * (digit < 1.5f ? 1 : digit < 3.5f ? 2 : digit < 7.5f ? 5 : 10);
 }
 

@@ -23,7 +23,7 @@ EmptyHint::EmptyHint(QAbstractItemView *view)
     hide();
 }
 
-void EmptyHint::tell(const QString &text)
+void EmptyHint::showMessage(const QString &text)
 {
     setText(text);
     resize(parentWidget()->size());

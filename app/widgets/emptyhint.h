@@ -15,7 +15,7 @@ public:
     explicit EmptyHint(QAbstractItemView *view);
 
     /// Shows a sentence; an empty one hides the hint.
-    void tell(const QString &text);
+    void showMessage(const QString &text);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

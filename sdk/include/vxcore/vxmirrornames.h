@@ -27,11 +27,8 @@ public:
     /// The name of the other side; empty for a name without a side. The first matching pair counts.
     QString mirrored(const QString &name) const;
 
-    QVector<Pair> getPairs() const;
-
-    /// For a person to edit: "Left*/Right*, *_L/*_R". Reading returns no pairs, and the offending
-    /// part in `error`, unless each part has two different patterns with one star each.
-    QString toText() const;
+    /// Reads pairs such as "Left*/Right*, *_L/*_R". Returns no pairs, and the offending part in
+    /// `error`, unless each part has two different patterns with one star each.
     static QVector<Pair> pairsFromText(const QString &text, QString *error = nullptr);
 
 private:

@@ -28,8 +28,8 @@ VXCORE_EXPORT VxNode *getHiddenAncestor(const VxNode *node);
 /// scale cannot express is lost; controls that are locked, linked or overridden stay unchanged (all
 /// three of the rotation, if one of them does); and below a parent of zero scale, or with values
 /// that are not finite, nothing is changed at all. Recorded for undo while a hold is open.
-VXCORE_EXPORT bool keepWorldPlace(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
-                                  VxTime time);
+VXCORE_EXPORT bool keepWorldTransform(VxNode *node, const VxNode *oldParent,
+                                      const VxNode *newParent, VxTime time);
 
 } // namespace VxNodeHelper
 

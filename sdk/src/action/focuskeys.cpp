@@ -17,12 +17,12 @@
 
 namespace {
 
-bool goesAlong(int key)
+bool movesAlong(int key)
 {
     return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Home || key == Qt::Key_End;
 }
 
-bool goesAcross(int key)
+bool movesAcross(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
            key == Qt::Key_PageDown;
@@ -30,7 +30,7 @@ bool goesAcross(int key)
 
 bool moves(int key)
 {
-    return goesAlong(key) || goesAcross(key);
+    return movesAlong(key) || movesAcross(key);
 }
 
 bool writes(int key)
@@ -53,8 +53,8 @@ bool isReadOnly(const QWidget *widget)
 
 bool inItemView(const QWidget *view, int key)
 {
-    return goesAcross(key) ||
-           (goesAlong(key) && !view->property(FocusKeys::timeAxisProperty).toBool());
+    return movesAcross(key) ||
+           (movesAlong(key) && !view->property(FocusKeys::timeAxisProperty).toBool());
 }
 
 bool isReasonOfTheKeyboard(Qt::FocusReason reason)
@@ -91,7 +91,7 @@ bool FocusKeys::areKept(const QWidget *widget, int key, Qt::KeyboardModifiers mo
     if (qobject_cast<const QComboBox *>(widget))
         return moves(key) || (tabbedTo && key == Qt::Key_Space);
     if (qobject_cast<const QTabBar *>(widget))
-        return goesAlong(key);
+        return movesAlong(key);
     return tabbedTo && key == Qt::Key_Space && qobject_cast<const QAbstractButton *>(widget);
 }
 

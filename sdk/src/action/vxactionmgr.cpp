@@ -49,11 +49,11 @@ public:
     /** Whether a name's shortcut is the default of a command that has not been given another. */
     bool isKeptByCommand(const QString &name, const QHash<QString, QKeySequence> &changes) const
     {
-        const QKeySequence wanted = changes.value(name);
-        for (auto it = commandsByName.begin(); !wanted.isEmpty() && it != commandsByName.end();
+        const QKeySequence requested = changes.value(name);
+        for (auto it = commandsByName.begin(); !requested.isEmpty() && it != commandsByName.end();
              ++it) {
             if (it.key() != name && !changes.contains(it.key()) &&
-                shortcuts.defaultShortcut(it.key()) == wanted)
+                shortcuts.defaultShortcut(it.key()) == requested)
                 return true;
         }
         return false;
@@ -62,14 +62,14 @@ public:
     void addShortcut(const QString &className, const VxAction *action)
     {
         const QString text = action->getDefaultAccel();
-        QKeySequence wanted;
-        if (!readShortcut(text, wanted)) {
+        QKeySequence requested;
+        if (!readShortcut(text, requested)) {
             qWarning("VxActionMgr: the default shortcut \"%s\" of %s is not valid",
                      qUtf8Printable(text), qUtf8Printable(className));
-            wanted = QKeySequence();
+            requested = QKeySequence();
         }
         QString holder;
-        if (!shortcuts.add(className, wanted, &holder))
+        if (!shortcuts.add(className, requested, &holder))
             qWarning("VxActionMgr: the shortcut %s of %s is already assigned to %s",
                      qUtf8Printable(text), qUtf8Printable(className), qUtf8Printable(holder));
     }

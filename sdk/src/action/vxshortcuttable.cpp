@@ -1,9 +1,9 @@
 #include "action/vxshortcuttable.h"
 
-bool VxShortcutTable::add(const QString &name, const QKeySequence &wanted, QString *holder)
+bool VxShortcutTable::add(const QString &name, const QKeySequence &requested, QString *holder)
 {
-    const QString owner = find(wanted);
-    const QKeySequence granted = owner.isEmpty() ? wanted : QKeySequence();
+    const QString owner = find(requested);
+    const QKeySequence granted = owner.isEmpty() ? requested : QKeySequence();
     m_entries.insert(name, {granted, granted});
     m_order.append(name);
     if (!granted.isEmpty())
@@ -71,11 +71,11 @@ QStringList VxShortcutTable::restore(const QHash<QString, QKeySequence> &changes
         before.insert(name, shortcut(name));
 
     m_owners.clear();
-    const auto grant = [this](const QString &name, const QKeySequence &wanted) {
-        const bool isFree = !wanted.isEmpty() && !m_owners.contains(wanted);
-        m_entries[name].current = isFree ? wanted : QKeySequence();
+    const auto grant = [this](const QString &name, const QKeySequence &requested) {
+        const bool isFree = !requested.isEmpty() && !m_owners.contains(requested);
+        m_entries[name].current = isFree ? requested : QKeySequence();
         if (isFree)
-            m_owners.insert(wanted, name);
+            m_owners.insert(requested, name);
     };
     for (const QString &name : qAsConst(m_order)) {
         if (changes.contains(name))

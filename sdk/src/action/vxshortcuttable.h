@@ -17,7 +17,7 @@ public:
     /// Adds a name with its default. A default that is another name's present sequence is not
     /// granted: the name starts without one. False in that case, with that name in holder, if
     /// given.
-    bool add(const QString &name, const QKeySequence &wanted, QString *holder = nullptr);
+    bool add(const QString &name, const QKeySequence &requested, QString *holder = nullptr);
     void remove(const QString &name);
     bool contains(const QString &name) const { return m_entries.contains(name); }
 

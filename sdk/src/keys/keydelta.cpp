@@ -21,8 +21,8 @@ template <class V> void KeyDelta<V>::touch(const KeyTrack<V> &track, const VxTim
 template <class V> void KeyDelta<V>::extendBack(const KeyTrack<V> &track, VxTime start)
 {
     const int last = track.lowerBound(m_range.getStart());
-    const int wanted = std::max(0, last - m_keys.count() / 2);
-    const int first = std::min(track.lowerBound(start), wanted);
+    const int desired = std::max(0, last - m_keys.count() / 2);
+    const int first = std::min(track.lowerBound(start), desired);
     m_keys.insertMany(track.columns(first, last));
     m_range.setStart(first < last ? std::min(start, track.time(first)) : start);
 }
@@ -30,8 +30,8 @@ template <class V> void KeyDelta<V>::extendBack(const KeyTrack<V> &track, VxTime
 template <class V> void KeyDelta<V>::extendOn(const KeyTrack<V> &track, VxTime end)
 {
     const int first = track.upperBound(m_range.getEnd());
-    const int wanted = int(std::min<qint64>(qint64(first) + m_keys.count() / 2, track.count()));
-    const int last = std::max(track.upperBound(end), wanted);
+    const int desired = int(std::min<qint64>(qint64(first) + m_keys.count() / 2, track.count()));
+    const int last = std::max(track.upperBound(end), desired);
     m_keys.insertMany(track.columns(first, last));
     m_range.setEnd(first < last ? std::max(end, track.time(last - 1)) : end);
 }

@@ -72,7 +72,7 @@ void lowPass(std::vector<double> *values, double tangent)
 }
 
 /// Low pass forwards and backwards; point reflections pad both ends so that the filter settles.
-void filterBothWays(std::vector<double> *grid, double ratio)
+void filterForwardAndBack(std::vector<double> *grid, double ratio)
 {
     const int count = int(grid->size());
     const double tangent = std::tan(Pi * ratio) / std::pow(std::sqrt(2.0) - 1, 0.25);
@@ -199,7 +199,7 @@ std::vector<float> vxSmoothButterworth(const VxTime *times, const float *values,
         for (std::size_t i = 0; i < points; ++i)
             grid[i] = curve.at(gridPlaces[i]);
     }
-    filterBothWays(&grid, ratio);
+    filterForwardAndBack(&grid, ratio);
     CubicThrough filtered(isEven ? places : gridPlaces, grid);
     for (std::size_t i = 0; i < result.size(); ++i)
         result[i] = float(isEven ? grid[i] : filtered.at(places[i]));

@@ -67,13 +67,13 @@ MoveMerge::MoveMerge(const StayingKeys &staying, const MovedKeys &moved)
     int b = 0;
     int n = 0;
     while (a < stayingCount && b < moved.count) { // no branch to guess within
-        const VxTime stays = staying.times[a];
-        const VxTime comes = moved.times[b];
-        timeOut[n] = std::min(comes, stays);
-        indexOut[n] = comes <= stays ? moved.source[b] : staying.source[a];
+        const VxTime keptTime = staying.times[a];
+        const VxTime movedTime = moved.times[b];
+        timeOut[n] = std::min(movedTime, keptTime);
+        indexOut[n] = movedTime <= keptTime ? moved.source[b] : staying.source[a];
         landed[b] = n;
-        a += stays <= comes;
-        b += comes <= stays;
+        a += keptTime <= movedTime;
+        b += movedTime <= keptTime;
         ++n;
     }
     for (; b < moved.count; ++b, ++n) {

@@ -15,7 +15,7 @@ class TakenTimes
 public:
     TakenTimes(std::vector<VxTime> times, int moveCount)
         : m_times(std::move(times))
-        , m_gone(m_times.size(), 0)
+        , m_removed(m_times.size(), 0)
     {
         m_placed.reserve(std::size_t(moveCount));
     }
@@ -26,7 +26,7 @@ public:
         const VxTime own = m_times[std::size_t(index)];
         if (target == own)
             return own;
-        m_gone[std::size_t(index)] = 1;
+        m_removed[std::size_t(index)] = 1;
         const VxTime time = target > own ? free<-1>(target, own) : free<1>(target, own);
         add(time);
         if (time != own && m_runLow <= own && own <= m_runHigh)
@@ -59,7 +59,7 @@ private:
     bool contains(VxTime time)
     {
         seek(time);
-        if (m_place < m_times.size() && m_times[m_place] == time && !m_gone[m_place])
+        if (m_place < m_times.size() && m_times[m_place] == time && !m_removed[m_place])
             return true;
         return !m_placed.empty() && time <= m_placed.back() &&
                std::binary_search(m_placed.begin(), m_placed.end(), time);
@@ -95,7 +95,7 @@ private:
     }
 
     std::vector<VxTime> m_times;
-    std::vector<unsigned char> m_gone;
+    std::vector<unsigned char> m_removed;
     std::vector<VxTime> m_placed;
     std::size_t m_place = 0;
     VxTime m_runLow = VxTimeMax; // both included; empty while low is above high

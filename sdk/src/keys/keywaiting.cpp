@@ -40,20 +40,20 @@ public:
         }
     }
 
-    // The free tick nearest to `wanted` in the `back` direction.
-    qint64 place(qint64 wanted)
+    // The free tick nearest to `target` in the `back` direction.
+    qint64 place(qint64 target)
     {
         while (m_key >= 0 && m_key < m_taken.count) {
             const qint64 time = m_taken.times[m_key];
-            const qint64 ahead = (wanted - time) * m_back; // above 0: the key is not reached yet
+            const qint64 ahead = (target - time) * m_back; // above 0: the key is not reached yet
             const bool lifted = isLifted();
             if (!lifted && ahead < 0)
                 break;
             if (!lifted && ahead == 0)
-                wanted += m_back;
+                target += m_back;
             m_key += m_back;
         }
-        return wanted;
+        return target;
     }
 
 private:
@@ -82,9 +82,9 @@ bool placeGroup(const OccupiedTimes &taken, const VxTime *targets, const std::ve
     WaitingPlaces places(taken, back, targets[group.front()]);
     qint64 beside = targets[group.front()];
     for (const int k : group) {
-        const qint64 wanted =
+        const qint64 target =
             back < 0 ? std::min<qint64>(targets[k], beside) : std::max<qint64>(targets[k], beside);
-        const qint64 time = places.place(wanted);
+        const qint64 time = places.place(target);
         if (time < VxTimeMin || time > VxTimeMax)
             return false;
         (*planned)[std::size_t(k)] = VxTime(time);

@@ -61,19 +61,6 @@ QString VxMirrorNames::mirrored(const QString &name) const
     return QString();
 }
 
-QVector<VxMirrorNames::Pair> VxMirrorNames::getPairs() const
-{
-    return m_pairs;
-}
-
-QString VxMirrorNames::toText() const
-{
-    QStringList parts;
-    for (const Pair &pair : m_pairs)
-        parts << pair.first + QLatin1Char('/') + pair.second;
-    return parts.join(QStringLiteral(", "));
-}
-
 QVector<VxMirrorNames::Pair> VxMirrorNames::pairsFromText(const QString &text, QString *error)
 {
     QVector<Pair> pairs;

@@ -31,7 +31,7 @@ int VxPointerWrap::follow(int x)
     return x + m_shift;
 }
 
-bool VxPointerWrap::wantsJump(int *target)
+bool VxPointerWrap::needsJump(int *target)
 {
     const bool atRight = m_last >= m_right;
     if (!m_any || m_jumping || m_right - m_left < SmallestRoom || (!atRight && m_last > m_left))

@@ -16,7 +16,7 @@ public:
     /// The position along an endless line for a pointer that has been moved to x.
     int follow(int x);
     /// The target of a warp after the pointer reached an edge; false when none is needed.
-    bool wantsJump(int *target);
+    bool needsJump(int *target);
 
 private:
     int m_left;

@@ -18,18 +18,18 @@ QRect screenAround(const QPoint &place)
 
 VxPropertyDrag::VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time,
                                const QPoint &place)
-    : m_hand(screenAround(place).left(), screenAround(place).right())
-    , m_scrub(m_hand.follow(place.x()))
+    : m_pointer(screenAround(place).left(), screenAround(place).right())
+    , m_scrub(m_pointer.follow(place.x()))
     , m_edit(properties, time)
 {
 }
 
 void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
 {
-    m_steps = m_scrub.moveTo(m_hand.follow(place.x()), modifiers);
+    m_steps = m_scrub.moveTo(m_pointer.follow(place.x()), modifiers);
     m_edit.offsetBy(m_steps);
     int target = 0;
-    if (m_hand.wantsJump(&target))
+    if (m_pointer.needsJump(&target))
         QCursor::setPos(target, place.y());
 }
 

@@ -24,7 +24,7 @@ public:
     QString refusal() const;
 
 private:
-    VxPointerWrap m_hand;
+    VxPointerWrap m_pointer;
     VxPropertyScrub m_scrub;
     VxPropertyEdit m_edit;
     double m_steps = 0;

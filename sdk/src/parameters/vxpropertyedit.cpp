@@ -17,7 +17,7 @@
 namespace {
 
 /// Links may pass through several of the edited properties; the passes must be limited.
-constexpr int MostPasses = 8;
+constexpr int MaxPasses = 8;
 
 bool isAddedTo(const VxNumericProperty *property)
 {
@@ -90,7 +90,7 @@ bool VxPropertyEdit::Private::change(const Target &target)
         if (each.property)
             set(each, target(each));
     }
-    for (int pass = 1; pass < MostPasses && !settle(target); ++pass) {
+    for (int pass = 1; pass < MaxPasses && !settle(target); ++pass) {
     }
     return refused == 0;
 }

@@ -92,7 +92,7 @@ void drawPadlock(QPainter *painter, const QRect &field, const QColor &color)
     painter->drawRect(QRectF(box.left(), box.top() + 4, box.width(), box.height() - 4));
 }
 
-bool comesFromElsewhere(const VxProperty *property)
+bool isDriven(const VxProperty *property)
 {
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
     return property->isAlias() || property->getOverridingControl() ||
@@ -190,7 +190,7 @@ void VxPropertyPainter::paintValue(QPainter *painter, const QStyleOptionViewItem
     if (property->isLocked() || property->getKeyHolder()->isLocked()) {
         drawPadlock(painter, field, color);
         room.setLeft(field.left() + 2 * Margin + Padlock.width());
-    } else if (comesFromElsewhere(property)) {
+    } else if (isDriven(property)) {
         const auto *host = qobject_cast<const VxStyle *>(option.widget ? option.widget->style()
                                                                        : QApplication::style());
         const QRect place(field.left() + 2, field.center().y() - 7, 16, 16);

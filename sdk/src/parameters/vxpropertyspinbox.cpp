@@ -110,7 +110,7 @@ void VxPropertySpinBox::begin()
 }
 
 /** Reports a limit for typed input only; steps visibly stop there. */
-void VxPropertySpinBox::tell(bool typed)
+void VxPropertySpinBox::emitNotice(bool typed)
 {
     const QString trouble = m_edit->refusal();
     if (!trouble.isEmpty() || (typed && !m_edit->limit().isEmpty()))
@@ -123,7 +123,7 @@ void VxPropertySpinBox::apply(const VxTypedInput &input)
     m_edit->apply(input);
     m_steps = 0;
     m_typed = false;
-    tell(true);
+    emitNotice(true);
 }
 
 void VxPropertySpinBox::step(double steps)
@@ -138,7 +138,7 @@ void VxPropertySpinBox::step(double steps)
     showValue();
     selectAll();
     m_rest.start();
-    tell(false);
+    emitNotice(false);
 }
 
 void VxPropertySpinBox::stepBy(int steps)

@@ -59,7 +59,7 @@ private:
     void begin();
     void step(double steps);
     void apply(const VxTypedInput &input);
-    void tell(bool typed);
+    void emitNotice(bool typed);
 
     QVector<QPointer<VxProperty>> m_properties;
     std::unique_ptr<VxPropertyEdit> m_edit; // null between two runs of steps

@@ -43,7 +43,7 @@ bool hasVolume(const AffineTransform &transform)
 
 } // namespace
 
-void AffineTransform::turn(int axis, double degrees)
+void AffineTransform::rotate(int axis, double degrees)
 {
     if (degrees == 0)
         return;
@@ -140,18 +140,18 @@ std::optional<RotationScale> splitRotation(const AffineTransform &transform)
     if (!hasVolume(transform))
         return std::nullopt;
     RotationScale split{};
-    double(*turn)[3] = split.turn.column;
+    double(*axes)[3] = split.rotation.column;
     // The first axis keeps its direction, the second its plane with the first.
     split.factors[0] = length(transform.column[0]);
     const double along = dot(transform.column[0], transform.column[1]) / split.factors[0];
     for (int row = 0; row < 3; ++row) {
-        turn[0][row] = transform.column[0][row] / split.factors[0];
-        turn[1][row] = transform.column[1][row] - turn[0][row] * along;
+        axes[0][row] = transform.column[0][row] / split.factors[0];
+        axes[1][row] = transform.column[1][row] - axes[0][row] * along;
     }
-    split.factors[1] = length(turn[1]);
+    split.factors[1] = length(axes[1]);
     for (int row = 0; row < 3; ++row)
-        turn[1][row] /= split.factors[1];
-    cross(turn[0], turn[1], turn[2]);
-    split.factors[2] = dot(turn[2], transform.column[2]);
+        axes[1][row] /= split.factors[1];
+    cross(axes[0], axes[1], axes[2]);
+    split.factors[2] = dot(axes[2], transform.column[2]);
     return split;
 }

@@ -16,7 +16,7 @@ struct AffineTransform
 
     /// Multiplies by a rotation about one axis (0 X, 1 Y, 2 Z) from the right: only the two columns
     /// of the other axes mix.
-    void turn(int axis, double degrees);
+    void rotate(int axis, double degrees);
 
     /// Transforms a point.
     void map(const double place[3], double mapped[3]) const;
@@ -37,7 +37,7 @@ AffineTransform operator*(const AffineTransform &a, const AffineTransform &b);
 /// one below 0 for a mirror image), and a skew that is dropped. None for coplanar axes.
 struct RotationScale
 {
-    AffineTransform turn; ///< without translation
+    AffineTransform rotation; ///< without translation
     double factors[3];
 };
 std::optional<RotationScale> splitRotation(const AffineTransform &transform);

@@ -101,7 +101,7 @@ AffineTransform nodeTransform(const NodeControlValues &values, VxNode::RotationO
 {
     AffineTransform transform;
     for (const int axis : vxRotationAxes(vxRotationOrder(order)))
-        transform.turn(axis, values[size_t(XRotation + axis)]);
+        transform.rotate(axis, values[size_t(XRotation + axis)]);
     for (int axis = 0; axis < 3; ++axis) {
         const double scale = values[UniformScale] * values[size_t(XScale + axis)];
         for (double &element : transform.column[axis])

@@ -23,15 +23,15 @@ PlacedValues placeValues(const NodeControlValues &values, VxNode::RotationOrder 
                          const VxEuler &near, StretchTarget target)
 {
     PlacedValues placed{values, true};
-    const AffineTransform wanted = relation * unscaled(values, order, origin);
+    const AffineTransform moved = relation * unscaled(values, order, origin);
     for (int axis = 0; axis < 3; ++axis)
-        placed.values[size_t(XPosition + axis)] = wanted.column[3][axis] - double(origin[axis]);
-    const std::optional<RotationScale> split = splitRotation(wanted);
+        placed.values[size_t(XPosition + axis)] = moved.column[3][axis] - double(origin[axis]);
+    const std::optional<RotationScale> split = splitRotation(moved);
     if (!split) {
-        placed.turned = false;
+        placed.keepsRotation = false;
         return placed;
     }
-    const VxEuler angles = vxEulerAngles(split->turn.axes(), vxRotationOrder(order), near);
+    const VxEuler angles = vxEulerAngles(split->rotation.axes(), vxRotationOrder(order), near);
     for (size_t axis = 0; axis < 3; ++axis) {
         placed.values[XRotation + axis] = angles[axis];
         if (target == StretchTarget::Axes)

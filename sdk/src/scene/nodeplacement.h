@@ -11,7 +11,7 @@ struct PlacedValues
 {
     NodeControlValues values;
     /// False when only the position could be kept: rotation and scale are then the old ones.
-    bool turned = true;
+    bool keepsRotation = true;
 };
 
 /// Converts a node's values to another parent. relation maps the old parent's space to the new

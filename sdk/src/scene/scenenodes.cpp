@@ -227,12 +227,12 @@ void SceneNodes::announce(const QVector<VxNode *> &tops)
 QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool recorded)
 {
     const DeferredDeletion hold;
-    const GuardedNodes wanted = guarded(tops);
+    const GuardedNodes targets = guarded(tops);
     announce(tops);
     GuardedNodes taken;
     // Backwards, because removing from the end of a long list is cheap.
-    for (int i = wanted.size() - 1; i >= 0; --i) {
-        VxNode *top = wanted.at(i);
+    for (int i = targets.size() - 1; i >= 0; --i) {
+        VxNode *top = targets.at(i);
         if (!top || top->getScene() != m_scene)
             continue;
         VxNode::Private::of(top)->leaving = false;

@@ -64,7 +64,7 @@ void VxElement::Private::take(VxProperty *property)
     property->setParent(nullptr);
     release(property);
     Q_EMIT q->propertyRemoved(property);
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
 }
 
 void VxElement::Private::insert(VxProperty *property, int index)
@@ -76,10 +76,10 @@ void VxElement::Private::insert(VxProperty *property, int index)
     byName.insert(property->getName(), property);
     invalidateGroups();
     Q_EMIT q->propertyAdded(property);
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
 }
 
-void VxElement::Private::tellPropertiesChanged() const
+void VxElement::Private::notifyPropertiesChanged() const
 {
     const DeferredDeletion hold;
     if (VxScene *inScene = findScene())
@@ -100,7 +100,7 @@ void VxElement::Private::loseProperty(VxProperty *property)
     record->propertyLost(property);
     record->release(property);
     Q_EMIT element->propertyRemoved(property);
-    record->tellPropertiesChanged();
+    record->notifyPropertiesChanged();
 }
 
 void VxElement::Private::announceRemovalOfAll()

@@ -53,7 +53,7 @@ public:
     void take(VxProperty *property);
     void insert(VxProperty *property, int index);
     /// Reports to the scene, if any, that the node's properties were added or removed.
-    void tellPropertiesChanged() const;
+    void notifyPropertiesChanged() const;
     /// For a property that is destroyed while its element still has it.
     static void loseProperty(VxProperty *property);
     /// Sends aboutToBeRemoved(), once per removal from a scene.

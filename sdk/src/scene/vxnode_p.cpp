@@ -86,7 +86,7 @@ void VxNode::Private::elementLost(VxElement *element)
     if (element == object)
         object = nullptr;
     invalidateGroups();
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
 }
 
 void VxNode::Private::touchView()
@@ -115,7 +115,7 @@ VxObject *VxNode::Private::exchangeObject(VxObject *newObject)
     }
     invalidateGroups();
     Q_EMIT self()->objectChanged(self(), former, newObject);
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
     touchView();
     return former;
 }

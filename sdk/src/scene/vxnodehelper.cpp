@@ -20,8 +20,8 @@ VxNode *VxNodeHelper::getHiddenAncestor(const VxNode *node)
     return hidden;
 }
 
-bool VxNodeHelper::keepWorldPlace(VxNode *node, const VxNode *oldParent, const VxNode *newParent,
-                                  VxTime time)
+bool VxNodeHelper::keepWorldTransform(VxNode *node, const VxNode *oldParent,
+                                      const VxNode *newParent, VxTime time)
 {
     return oldParent == newParent || WorldTransformKeeper(node, oldParent, newParent, time).keep();
 }

@@ -12,7 +12,7 @@ public:
     {
         subElements.removeOne(element);
         invalidateGroups();
-        tellPropertiesChanged();
+        notifyPropertiesChanged();
     }
     int placeOfElement(const VxElement *element) const override
     {
@@ -32,7 +32,7 @@ void VxObject::Private::takeElement(VxElement *element)
     element->setParent(nullptr);
     subElements.removeOne(element);
     invalidateGroups();
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
 }
 
 void VxObject::Private::insertElement(VxElement *element, int index)
@@ -46,7 +46,7 @@ void VxObject::Private::insertElement(VxElement *element, int index)
     for (VxElement *inserted : qAsConst(elements))
         of(inserted)->removalAnnounced = false;
     invalidateGroups();
-    tellPropertiesChanged();
+    notifyPropertiesChanged();
 }
 
 VxObject::VxObject(const QString &name)

@@ -225,33 +225,33 @@ void WorldTransformKeeper::writeKeys(NodeControl control)
 void WorldTransformKeeper::pinNow(NodeControl control)
 {
     VxFloatProperty *property = m_controls[control];
-    const double wanted = m_new[m_now][control];
+    const double target = m_new[m_now][control];
     const VxTime now = m_times[m_now];
-    const double scale = isRotation(control) ? 1 : std::max(m_reach, std::abs(wanted));
-    if (std::abs(double(property->getValue(now)) - wanted) <= PlaceTolerance * 0.1 * scale)
+    const double scale = isRotation(control) ? 1 : std::max(m_reach, std::abs(target));
+    if (std::abs(double(property->getValue(now)) - target) <= PlaceTolerance * 0.1 * scale)
         return;
     const int before = property->getFirstKeyFrom(now) - 1;
     float shape[3] = {0, 0, 0};
     const int type =
         before < 0 ? property->getDefaultInterpolation()
                    : property->getKeyInterpolationType(before, &shape[0], &shape[1], &shape[2]);
-    property->setKey(now, float(wanted), type, shape[0], shape[1], shape[2]);
+    property->setKey(now, float(target), type, shape[0], shape[1], shape[2]);
 }
 
 bool WorldTransformKeeper::isInPlace() const
 {
     const VxNode::RotationOrder order = m_node->getRotationOrder();
     const QVector3D origin = m_node->getOrigin();
-    const AffineTransform wanted = m_relations[m_now] * nodeTransform(m_old[m_now], order, origin);
+    const AffineTransform target = m_relations[m_now] * nodeTransform(m_old[m_now], order, origin);
     const AffineTransform present =
         nodeTransform(nodeControlValues(m_controls, m_times[m_now]), order, origin);
     double size = 0;
     for (int i = 0; i < 3; ++i)
-        size = std::max(size, largest(wanted.column[i]));
+        size = std::max(size, largest(target.column[i]));
     for (int i = 0; i < 4; ++i) {
         const double most = PlaceTolerance * (i < 3 ? size : m_reach);
         for (int row = 0; row < 3; ++row) {
-            if (!(std::abs(wanted.column[i][row] - present.column[i][row]) <= most))
+            if (!(std::abs(target.column[i][row] - present.column[i][row]) <= most))
                 return false;
         }
     }

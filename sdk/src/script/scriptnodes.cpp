@@ -100,7 +100,7 @@ QScriptValue setParent(QScriptContext *context, QScriptEngine *)
     if (!node->setNodeParent(parent, index))
         return false;
     const VxTime now = vxScene ? vxScene->getTime() : 0;
-    return !keepPlace || VxNodeHelper::keepWorldPlace(node, oldParent, parent, now);
+    return !keepPlace || VxNodeHelper::keepWorldTransform(node, oldParent, parent, now);
 }
 
 QScriptValue select(QScriptContext *context, QScriptEngine *engine)

@@ -57,14 +57,14 @@ public:
     }
     ~HoldCloser()
     {
-        for (int i = 0; i < MostHolds && isOpen(); ++i)
+        for (int i = 0; i < MaxHolds && isOpen(); ++i)
             m_stack->acceptHold(VxScriptEngine::tr("Script"));
     }
     HoldCloser(const HoldCloser &) = delete;
     HoldCloser &operator=(const HoldCloser &) = delete;
 
 private:
-    static constexpr int MostHolds = 20; // nested
+    static constexpr int MaxHolds = 20; // nested
     bool isOpen() const { return m_stack && !m_isOther && m_stack->isRecording(); }
 
     const QPointer<VxUndoStack> m_stack;

@@ -14,8 +14,8 @@ VxDividerSplit vxSplitLength(int length, double ratio, const VxLengthLimits &fir
     }
     const int most = std::max(first.minimum, std::min(first.maximum, length - second.minimum));
     const int least = std::min(most, std::max(first.minimum, length - second.maximum));
-    const int wanted = static_cast<int>(std::lround(length * std::clamp(ratio, 0.0, 1.0)));
-    const int part = std::clamp(wanted, least, most);
+    const int desired = static_cast<int>(std::lround(length * std::clamp(ratio, 0.0, 1.0)));
+    const int part = std::clamp(desired, least, most);
     return {part, length - part};
 }
 

@@ -126,9 +126,9 @@ public:
         const bool mirrored =
             orientation == Qt::Horizontal && divider->layoutDirection() == Qt::RightToLeft;
         const int length = sharedLength();
-        const int wanted = firstAtPress + (mirrored ? -distance : distance);
+        const int desired = firstAtPress + (mirrored ? -distance : distance);
         const VxDividerSplit parts =
-            vxSplitLength(length, vxSplitRatio(wanted, length), limits(first), limits(second));
+            vxSplitLength(length, vxSplitRatio(desired, length), limits(first), limits(second));
         // A drag without a change must not round a ratio between two pixels.
         if (parts.first != along(first->size()))
             changeRatio(vxSplitRatio(parts.first, length));
@@ -142,9 +142,9 @@ public:
             if (!takesPlace(widget))
                 continue;
             const QWidgetItem item(widget);
-            const QSize wanted = (item.*size)();
-            lengthAlong += along(wanted);
-            lengthAcross = std::max(lengthAcross, across(wanted));
+            const QSize hint = (item.*size)();
+            lengthAlong += along(hint);
+            lengthAcross = std::max(lengthAcross, across(hint));
         }
         return sized(lengthAlong + 2 * margin, lengthAcross + 2 * margin);
     }

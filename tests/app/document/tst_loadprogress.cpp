@@ -34,9 +34,9 @@ void tst_LoadProgress::aQuickLoadShowsNothing()
 {
     const UserMessages messages(UserMessages::Mode::Window);
     LoadProgress progress(messages, QStringLiteral("Opening a.bvh..."));
-    const VxFileProgress tell = progress.function();
+    const VxFileProgress report = progress.function();
     for (int percent = 0; percent <= 100; ++percent) {
-        QVERIFY(tell(percent));
+        QVERIFY(report(percent));
         QVERIFY(!dialog());
     }
 }
@@ -48,20 +48,20 @@ void tst_LoadProgress::aLongLoadCanBeCancelled()
     UserMessages messages(UserMessages::Mode::Window);
     messages.setWindow(&window);
     LoadProgress progress(messages, QStringLiteral("Opening a.bvh..."));
-    const VxFileProgress tell = progress.function();
+    const VxFileProgress report = progress.function();
     QElapsedTimer timer;
     timer.start();
     int percent = 0;
     while (!dialog() && timer.elapsed() < 5000) {
-        QVERIFY(tell(qMin(90, ++percent / 50)));
+        QVERIFY(report(qMin(90, ++percent / 50)));
         QThread::msleep(2);
     }
     QVERIFY(dialog());
     QCOMPARE(dialog()->labelText(), QString("Opening a.bvh..."));
-    QVERIFY(tell(91));
+    QVERIFY(report(91));
     QCOMPARE(dialog()->value(), 91);
     QTest::mouseClick(dialog()->findChild<QPushButton *>(), Qt::LeftButton);
-    QVERIFY(!tell(92));
+    QVERIFY(!report(92));
 }
 
 void tst_LoadProgress::nothingOnTheConsole()

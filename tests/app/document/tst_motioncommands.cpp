@@ -131,21 +131,21 @@ bool tst_MotionCommands::drop(const QString &file) const
 
 void tst_MotionCommands::theFigureMeant()
 {
-    QVERIFY(!FigureChoice::meant(*vxScene));
+    QVERIFY(!FigureChoice::targetFigure(*vxScene));
     VxSceneBuilder builder(vxScene);
     VxSkeleton *one = builder.addSkeleton("figure", 3);
-    QCOMPARE(FigureChoice::meant(*vxScene), one);
+    QCOMPARE(FigureChoice::targetFigure(*vxScene), one);
     VxSkeleton *two = builder.addSkeleton("figure", 3);
     two->setLabel("figure");
     VxNode *prop = builder.addNode("prop", two->getAllBones().at(2));
     VxNode *light = builder.addNode("light");
-    QVERIFY(!FigureChoice::meant(*vxScene));
+    QVERIFY(!FigureChoice::targetFigure(*vxScene));
     one->getAllBones().at(1)->select();
-    QCOMPARE(FigureChoice::meant(*vxScene), one);
+    QCOMPARE(FigureChoice::targetFigure(*vxScene), one);
     prop->select();
-    QCOMPARE(FigureChoice::meant(*vxScene), two);
+    QCOMPARE(FigureChoice::targetFigure(*vxScene), two);
     light->select();
-    QVERIFY(!FigureChoice::meant(*vxScene));
+    QVERIFY(!FigureChoice::targetFigure(*vxScene));
     QCOMPARE(FigureChoice::names(FigureChoice::figures(*vxScene)),
              QStringList({"figure", "figure (2)"}));
 }
@@ -161,7 +161,7 @@ void tst_MotionCommands::exportedMotionComesBack()
     QVERIFY2(window()->statusBar()->currentMessage().contains("Exported out.bvh."),
              qPrintable(window()->statusBar()->currentMessage()));
     QVERIFY(!window()->isWindowModified());
-    const VxSkeleton *figure = FigureChoice::meant(*vxScene);
+    const VxSkeleton *figure = FigureChoice::targetFigure(*vxScene);
     VxScene other;
     VxBvhImport import(&other);
     VxFileError error;
@@ -187,7 +187,7 @@ void tst_MotionCommands::exportBySuffix()
     {
         exportByMenu(typeName(file));
     }
-    const VxSkeleton *figure = FigureChoice::meant(*vxScene);
+    const VxSkeleton *figure = FigureChoice::targetFigure(*vxScene);
     VxScene other;
     VxMotionImport import(&other);
     VxFileError error;
@@ -369,7 +369,7 @@ void tst_MotionCommands::exportFailuresAreTold()
     const QString name = QDir(folder->path()).absoluteFilePath(file);
     QString text;
     const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Ok));
-    QVERIFY(!window()->document()->exportMotion({FigureChoice::meant(*vxScene)}, name));
+    QVERIFY(!window()->document()->exportMotion({FigureChoice::targetFigure(*vxScene)}, name));
     QVERIFY(answer.met());
     QVERIFY2(text.startsWith(name) && text.contains(reason), qPrintable(text));
 }
@@ -570,9 +570,9 @@ void tst_MotionCommands::droppedMotion()
     QString preferred;
     const DialogAnswer<QMessageBox> answer([&](QMessageBox *box) {
         preferred = box->defaultButton()->objectName();
-        QAbstractButton *wanted = button.isEmpty() ? box->button(QMessageBox::Cancel)
+        QAbstractButton *choice = button.isEmpty() ? box->button(QMessageBox::Cancel)
                                                    : box->findChild<QPushButton *>(button);
-        wanted->click();
+        choice->click();
         return true;
     });
     const DialogAnswer<ImportDialog> how([](ImportDialog *dialog) {

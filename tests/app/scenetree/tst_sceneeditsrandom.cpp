@@ -87,7 +87,7 @@ private:
     QString sheetNodes(const QModelIndex &above, QString *error) const;
     void checkProperties(const QModelIndex &row, const VxNode *node, QString *error) const;
     static void collectLeaves(const QModelIndex &row, QStringList *labels);
-    static QString sceneNodes(const QVector<VxNode *> &nodes, const QStringList &wanted);
+    static QString sceneNodes(const QVector<VxNode *> &nodes, const QStringList &listed);
     QString paneNodes(const QModelIndex &above) const;
 
     std::mt19937 m_random;
@@ -252,15 +252,15 @@ void tst_SceneEditsRandom::loseADrag()
     ++m_lostDrags;
 }
 
-QString tst_SceneEditsRandom::sceneNodes(const QVector<VxNode *> &nodes, const QStringList &wanted)
+QString tst_SceneEditsRandom::sceneNodes(const QVector<VxNode *> &nodes, const QStringList &listed)
 {
     QStringList names;
     for (const VxNode *node : nodes) {
-        if (!wanted.contains(node->getName()))
+        if (!listed.contains(node->getName()))
             continue;
         QVector<VxNode *> children;
         node->getNodeChildren(children);
-        names << node->getLabel() + '(' + sceneNodes(children, wanted) + ')';
+        names << node->getLabel() + '(' + sceneNodes(children, listed) + ')';
     }
     return names.join(' ');
 }

@@ -19,7 +19,7 @@ namespace {
 const char realFile[] = "/usr/share/assimp/models/BVH/01_01.bvh";
 
 constexpr int GesturesARound = 60;
-constexpr int LeastEdits = 10; // a round with fewer has not tried much
+constexpr int MinEdits = 10; // a round with fewer has not tried much
 constexpr int PreviewMilliseconds = 260;
 
 // All keys of a property, for comparison to the byte.
@@ -432,7 +432,7 @@ void TestEditingSession::everythingCanBeUndone()
         if (QTest::currentTestFailed())
             qWarning("round %d of seed %d", rounds, seed);
     } while (!QTest::currentTestFailed() && clock.elapsed() < 1000 * (isSet ? seconds : 3));
-    QVERIFY2(m_edits >= LeastEdits * rounds, "the hand has hardly changed anything");
+    QVERIFY2(m_edits >= MinEdits * rounds, "the hand has hardly changed anything");
     QVERIFY(m_dependencies > 0 && m_nodeChanges > 0);
     qInfo("%d edits in %d rounds, %d lost releases, %d dependencies, %d changes of nodes", m_edits,
           rounds, m_lostReleases, m_dependencies, m_nodeChanges);

@@ -143,9 +143,9 @@ void tst_ShortcutList::assign()
     QFETCH(QString, after);
     QFETCH(QVector<int>, changed);
     ShortcutList list = makeList();
-    const QKeySequence wanted(shortcut);
-    QCOMPARE(list.canAssign(command, wanted), allowed);
-    QCOMPARE(list.assign(command, wanted), changed);
+    const QKeySequence requested(shortcut);
+    QCOMPARE(list.canAssign(command, requested), allowed);
+    QCOMPARE(list.assign(command, requested), changed);
     QCOMPARE(state(list), after);
 }
 

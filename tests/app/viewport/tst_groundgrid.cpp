@@ -18,7 +18,7 @@ private Q_SLOTS:
 void tst_GroundGrid::step_data()
 {
     QTest::addColumn<float>("distance");
-    QTest::addColumn<float>("wanted");
+    QTest::addColumn<float>("expected");
     QTest::newRow("a room") << 12.0f << 1.0f;
     QTest::newRow("a little farther") << 20.0f << 2.0f;
     QTest::newRow("farther still") << 60.0f << 5.0f;
@@ -32,8 +32,8 @@ void tst_GroundGrid::step_data()
 void tst_GroundGrid::step()
 {
     QFETCH(float, distance);
-    QFETCH(float, wanted);
-    QVERIFY(std::abs(groundGridStep(distance) - wanted) < wanted * 1e-5f);
+    QFETCH(float, expected);
+    QVERIFY(std::abs(groundGridStep(distance) - expected) < expected * 1e-5f);
 }
 
 void tst_GroundGrid::linesLieOnMultiplesOfTheStep()

@@ -23,11 +23,11 @@ QVector3D upOf(const ViewportCamera &camera)
     return QVector3D::crossProduct(backOf(camera), rightOf(camera));
 }
 
-bool isAt(const std::optional<QPointF> &point, const QPointF &wanted, double tolerance = Near)
+bool isAt(const std::optional<QPointF> &point, const QPointF &expected, double tolerance = Near)
 {
     if (!point)
         return false;
-    const QPointF off = *point - wanted;
+    const QPointF off = *point - expected;
     return std::hypot(off.x(), off.y()) <= tolerance;
 }
 

@@ -449,16 +449,16 @@ void TestDenseKeyPainter::picturesAgree()
     const KeyGraphScale scale = scaleFor(keyCount * 160);
     KeyGraphCurves curves;
     QImage each = empty(ratio);
-    QImage crowd = empty(ratio);
+    QImage dense = empty(ratio);
     QVERIFY(DenseKeyPainter::canShow(ratio));
     KeyGraphChannelPainter(&each, scale, look, stage, &widget).paintEach(list(), curves);
-    KeyGraphChannelPainter(&crowd, scale, look, stage, &widget).paintCrowd(list(), curves);
+    KeyGraphChannelPainter(&dense, scale, look, stage, &widget).paintDense(list(), curves);
     int painted = 0;
     int largest = 0;
     for (int y = 0; y < each.height(); ++y) {
         for (int x = 0; x < each.width(); ++x) {
             painted += qAlpha(each.pixel(x, y)) > 0;
-            largest = qMax(largest, largestDifference(each.pixel(x, y), crowd.pixel(x, y)));
+            largest = qMax(largest, largestDifference(each.pixel(x, y), dense.pixel(x, y)));
         }
     }
     const QString found =

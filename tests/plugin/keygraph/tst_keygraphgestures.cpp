@@ -314,12 +314,12 @@ void TestKeyGraphGestures::legend()
     picture();
     graph->handleDopesheetPropertyListChanged({}, false);
     hideCurves();
-    QImage wanted = picture();
+    QImage expected = picture();
     {
         const VxStyle *style = vxApp->getStyle();
         const VxTextStyle text = style->textStyle(VxStyle::TS_GraphLabel);
         const int margin = style->metric(VxStyle::PM_VxBaseMargin);
-        QPainter painter(&wanted);
+        QPainter painter(&expected);
         painter.setFont(text.getFont());
         const char *names[] = {"Style_X_Axis", "Style_Y_Axis"};
         const VxFloatProperty *properties[] = {x(), y()};
@@ -339,7 +339,7 @@ void TestKeyGraphGestures::legend()
     for (int py = 0; py < found.height(); ++py) {
         for (int px = 0; px < found.width(); ++px) {
             const QColor a = found.pixelColor(px, py);
-            const QColor b = wanted.pixelColor(px, py);
+            const QColor b = expected.pixelColor(px, py);
             worst = qMax(worst, qMax(qAbs(a.red() - b.red()),
                                      qMax(qAbs(a.green() - b.green()), qAbs(a.blue() - b.blue()))));
         }

@@ -63,7 +63,7 @@ private Q_SLOTS:
     void aBandShowsItsCurve();
 
 private:
-    QImage painted(int framesApart, bool crowd, int curves);
+    QImage painted(int framesApart, bool dense, int curves);
 
     std::unique_ptr<VxFloatChannel> channel;
 };
@@ -121,22 +121,22 @@ void TestKeyGraphRuns::runsOfAShortCurve()
 void TestKeyGraphRuns::aBandShowsItsCurve_data()
 {
     QTest::addColumn<int>("framesApart");
-    QTest::addColumn<bool>("crowd");
+    QTest::addColumn<bool>("dense");
     QTest::addColumn<int>("curves");
     QTest::addColumn<bool>("curveOnTop");
     QTest::newRow("a key on each frame, one by one") << 1 << false << 1 << true;
-    QTest::newRow("a key on each frame, in a crowd") << 1 << true << 1 << true;
+    QTest::newRow("a key on each frame, in a dense") << 1 << true << 1 << true;
     QTest::newRow("keys that touch") << 8 << false << 1 << true;
     QTest::newRow("keys apart, one by one") << 10 << false << 1 << false;
-    QTest::newRow("keys apart, in a crowd") << 10 << true << 1 << false;
+    QTest::newRow("keys apart, in a dense") << 10 << true << 1 << false;
     QTest::newRow("as many curves as colours tell apart") << 1 << false << 24 << true;
-    QTest::newRow("so many in a crowd") << 1 << true << 24 << true;
+    QTest::newRow("so many in a dense") << 1 << true << 24 << true;
     QTest::newRow("more curves") << 1 << false << 25 << false;
-    QTest::newRow("more in a crowd") << 1 << true << 25 << false;
+    QTest::newRow("more in a dense") << 1 << true << 25 << false;
 }
 
 // A pixel is a frame, and the curve is level through the middle; further ones lie on top of it.
-QImage TestKeyGraphRuns::painted(int framesApart, bool crowd, int curves)
+QImage TestKeyGraphRuns::painted(int framesApart, bool dense, int curves)
 {
     VxFloatProperty *property = addProperty(QStringLiteral("Curve"));
     property->setAxis(VxFloatProperty::XAxis);
@@ -154,8 +154,8 @@ QImage TestKeyGraphRuns::painted(int framesApart, bool crowd, int curves)
     KeyGraphCurves memory;
     KeyGraphChannelPainter painter(&picture, scale, look, stage, &widget);
     const QVector<VxKeyGraphChannel *> channels(curves, channel.get());
-    if (crowd)
-        painter.paintCrowd(channels, memory);
+    if (dense)
+        painter.paintDense(channels, memory);
     else
         painter.paintEach(channels, memory);
     return picture;
@@ -164,10 +164,10 @@ QImage TestKeyGraphRuns::painted(int framesApart, bool crowd, int curves)
 void TestKeyGraphRuns::aBandShowsItsCurve()
 {
     QFETCH(int, framesApart);
-    QFETCH(bool, crowd);
+    QFETCH(bool, dense);
     QFETCH(int, curves);
     QFETCH(bool, curveOnTop);
-    const QImage picture = painted(framesApart, crowd, curves);
+    const QImage picture = painted(framesApart, dense, curves);
     QWidget widget;
     const QRgb color =
         KeyGraphLook::of(&widget).channelColor(channel->getColor(), curves - 1).rgb();

@@ -405,16 +405,16 @@ void TestKeyGraphScale::marksKeepTheirOrder()
             curve.add(i * 9, float(random() % 3), quint8(random() % 3), random() % 2);
         KeyGraphScale scale = plainScale();
         scale.ticksPerPixel = 50.0;
-        std::vector<KeyGraphMark> wanted;
+        std::vector<KeyGraphMark> expected;
         for (std::size_t i = curve.times.size(); i-- > 0;) {
             const KeyGraphMark mark{
                 scale.markRectOf(curve.times[i], double(curve.values[i])).topLeft(), curve.types[i],
                 curve.records[i].selected};
-            if (std::find(wanted.begin(), wanted.end(), mark) == wanted.end())
-                wanted.insert(wanted.begin(), mark);
+            if (std::find(expected.begin(), expected.end(), mark) == expected.end())
+                expected.insert(expected.begin(), mark);
         }
         KeyGraphMarks marks(QSize(400, 300));
-        QVERIFY(marks.find(curve.keys(), curve.records.data(), scale) == wanted);
+        QVERIFY(marks.find(curve.keys(), curve.records.data(), scale) == expected);
     }
 }
 

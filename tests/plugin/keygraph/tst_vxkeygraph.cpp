@@ -28,7 +28,6 @@ private Q_SLOTS:
     void listsBeforeTheStartAreIgnored();
     void aGraphMadeLateListens();
     void startingTwiceConnectsOnce();
-    void disconnectedAgain();
     void listsReplaceOrAdd();
     void noChannelTwice();
     void selectionOutlivesARebuild();
@@ -127,18 +126,6 @@ void TestKeyGraph::startingTwiceConnectsOnce()
     QSignalSpy changed(m_graph.get(), &VxKeyGraph::channelsChanged);
     Q_EMIT m_pane->dopesheetPropertyListChanged({x()}, false);
     QCOMPARE(changed.size(), 1);
-}
-
-void TestKeyGraph::disconnectedAgain()
-{
-    vxApp->start();
-    m_graph->disconnectDopesheet();
-    Q_EMIT m_pane->dopesheetPropertyListChanged({x()}, false);
-    m_graph->handleDopesheetPropertyListChanged({x()}, false);
-    QVERIFY(shown().isEmpty());
-    m_graph->connectDopesheet();
-    Q_EMIT m_pane->dopesheetPropertyListChanged({x()}, false);
-    QCOMPARE(shown().size(), 1);
 }
 
 void TestKeyGraph::listsReplaceOrAdd()

@@ -306,11 +306,11 @@ void TestTimePaneRepaint::randomSteps()
         const QString done = step();
         settle();
         const QImage shown = screen();
-        const QImage wanted = painted();
-        const QRect differing = difference(shown, wanted);
+        const QImage expected = painted();
+        const QRect differing = difference(shown, expected);
         if (!differing.isNull()) {
             shown.save(QStringLiteral("repaint-shown.png"));
-            wanted.save(QStringLiteral("repaint-wanted.png"));
+            expected.save(QStringLiteral("repaint-expected.png"));
             QFAIL(qPrintable(QStringLiteral("step %1 (%2): %3,%4 %5 x %6")
                                  .arg(i)
                                  .arg(done)

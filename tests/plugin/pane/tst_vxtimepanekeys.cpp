@@ -173,24 +173,24 @@ void TestTimePaneKeys::aliasesNeedTheirBits()
     node->addProperty(target, QStringLiteral("/General"));
     node->addProperty(alias, QStringLiteral("/General"));
     QVERIFY(alias->setAliasedProperty(target));
-    QVERIFY(!KeyCreation::isWanted(alias, node, VxTimePane::PropNone));
-    QVERIFY(KeyCreation::isWanted(alias, node, VxTimePane::PropAlias));
+    QVERIFY(!KeyCreation::isKeyable(alias, node, VxTimePane::PropNone));
+    QVERIFY(KeyCreation::isKeyable(alias, node, VxTimePane::PropAlias));
     target->setHidden(true);
-    QVERIFY(!KeyCreation::isWanted(alias, node, VxTimePane::PropAlias));
-    QVERIFY(!KeyCreation::isWanted(alias, node, VxTimePane::PropHidden));
-    QVERIFY(KeyCreation::isWanted(alias, node, VxTimePane::PropAlias | VxTimePane::PropHidden));
+    QVERIFY(!KeyCreation::isKeyable(alias, node, VxTimePane::PropAlias));
+    QVERIFY(!KeyCreation::isKeyable(alias, node, VxTimePane::PropHidden));
+    QVERIFY(KeyCreation::isKeyable(alias, node, VxTimePane::PropAlias | VxTimePane::PropHidden));
 }
 
 void TestTimePaneKeys::lockedAndStillPropertiesAreLeftOut()
 {
     VxNode *node = addNode("a");
     VxFloatProperty *property = node->getXPosControl();
-    QVERIFY(KeyCreation::isWanted(property, node, 63));
+    QVERIFY(KeyCreation::isKeyable(property, node, 63));
     property->setLocked(true);
-    QVERIFY(!KeyCreation::isWanted(property, node, 63));
+    QVERIFY(!KeyCreation::isKeyable(property, node, 63));
     property->setLocked(false);
     property->setAnimatable(false);
-    QVERIFY(!KeyCreation::isWanted(property, node, 63));
+    QVERIFY(!KeyCreation::isKeyable(property, node, 63));
 }
 
 // A control that acts on no axis is no part of a transform, and a control only of its own node.
@@ -199,10 +199,10 @@ void TestTimePaneKeys::controlsOfOthersNeedNoBit()
     VxNode *node = addNode("a");
     const VxNode *other = addNode("b");
     VxFloatProperty *property = node->getXPosControl();
-    QVERIFY(!KeyCreation::isWanted(property, node, VxTimePane::PropNone));
-    QVERIFY(KeyCreation::isWanted(property, other, VxTimePane::PropNone));
+    QVERIFY(!KeyCreation::isKeyable(property, node, VxTimePane::PropNone));
+    QVERIFY(KeyCreation::isKeyable(property, other, VxTimePane::PropNone));
     property->setAxis(VxFloatProperty::NoAxis);
-    QVERIFY(KeyCreation::isWanted(property, node, VxTimePane::PropNone));
+    QVERIFY(KeyCreation::isKeyable(property, node, VxTimePane::PropNone));
 }
 
 void TestTimePaneKeys::newKeysTakeInterpolationFromTheTime()

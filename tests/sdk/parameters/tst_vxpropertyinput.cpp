@@ -131,19 +131,19 @@ void TestPropertyInput::theHandGoesOnBeyondAnEdge()
     VxPointerWrap hand(0, 799);
     int target = -1;
     QCOMPARE(hand.follow(700), 700);
-    QVERIFY(!hand.wantsJump(&target));
+    QVERIFY(!hand.needsJump(&target));
     QCOMPARE(hand.follow(799), 799);
-    QVERIFY(hand.wantsJump(&target));
+    QVERIFY(hand.needsJump(&target));
     QCOMPARE(target, 2);
-    QVERIFY(!hand.wantsJump(&target)); // once
+    QVERIFY(!hand.needsJump(&target)); // once
     QCOMPARE(hand.follow(2), 799);
     QCOMPARE(hand.follow(12), 809);
     // Round again, and all the way back.
     QCOMPARE(hand.follow(810), 1607); // beyond the edge, on a screen beside it
-    QVERIFY(hand.wantsJump(&target));
+    QVERIFY(hand.needsJump(&target));
     QCOMPARE(hand.follow(4), 1609);
     QCOMPARE(hand.follow(0), 1605);
-    QVERIFY(hand.wantsJump(&target));
+    QVERIFY(hand.needsJump(&target));
     QCOMPARE(target, 797);
     QCOMPARE(hand.follow(795), 1603);
 }
@@ -153,7 +153,7 @@ void TestPropertyInput::movesBeforeTheJumpCount()
     VxPointerWrap hand(0, 799);
     int target = -1;
     hand.follow(799);
-    QVERIFY(hand.wantsJump(&target));
+    QVERIFY(hand.needsJump(&target));
     QCOMPARE(hand.follow(790), 790);
     QCOMPARE(hand.follow(795), 795);
     QCOMPARE(hand.follow(5), 798); // from the target, which stands for where the hand was last
@@ -164,12 +164,12 @@ void TestPropertyInput::aPointerThatStaysEndsAtTheEdge()
     VxPointerWrap hand(0, 799);
     int target = -1;
     hand.follow(799);
-    QVERIFY(hand.wantsJump(&target));
+    QVERIFY(hand.needsJump(&target));
     for (int x = 799; x >= 0; x -= 30)
         QCOMPARE(hand.follow(x), x); // nowhere taken for a jump
     VxPointerWrap narrow(0, 50);
     narrow.follow(50);
-    QVERIFY(!narrow.wantsJump(&target));
+    QVERIFY(!narrow.needsJump(&target));
 }
 
 VX_TEST_GUILESS_MAIN(TestPropertyInput)

@@ -14,7 +14,7 @@ AffineTransform made(const double place[3], const double angles[3], const double
 {
     AffineTransform transform;
     for (int axis = 0; axis < 3; ++axis)
-        transform.turn(axis, angles[axis]);
+        transform.rotate(axis, angles[axis]);
     for (int axis = 0; axis < 3; ++axis) {
         for (double &element : transform.column[axis])
             element *= scales[axis];
@@ -148,7 +148,7 @@ void tst_AffineTransform::turnsAndFactors()
     AffineTransform turn = scaled(1, 1, 1);
     for (double &element : turn.column[3])
         element = 0;
-    QVERIFY(difference(split->turn, turn) < 1e-12);
+    QVERIFY(difference(split->rotation, turn) < 1e-12);
     const double expected[] = {x, y, z};
     for (int axis = 0; axis < 3; ++axis)
         QVERIFY(std::abs(split->factors[axis] / expected[axis] - 1) < 1e-12);
@@ -164,7 +164,7 @@ void tst_AffineTransform::flatOnesHaveNoTurn()
     for (int row = 0; row < 3; ++row)
         skewed.column[1][row] += skewed.column[0][row];
     const std::optional<RotationScale> split = splitRotation(skewed);
-    QVERIFY(split && split->turn.isConformal());
+    QVERIFY(split && split->rotation.isConformal());
 }
 
 VX_TEST_MAIN(tst_AffineTransform)

@@ -147,7 +147,8 @@ VxNode *tst_VxNodeHelper::add(const char *name, VxNode *parent)
 bool tst_VxNodeHelper::move(VxNode *parent, VxTime time)
 {
     VxUndoStackHold hold;
-    const bool kept = VxNodeHelper::keepWorldPlace(m_ball, m_ball->getNodeParent(), parent, time);
+    const bool kept =
+        VxNodeHelper::keepWorldTransform(m_ball, m_ball->getNodeParent(), parent, time);
     m_ball->setNodeParent(parent);
     hold.accept("Move");
     return kept;

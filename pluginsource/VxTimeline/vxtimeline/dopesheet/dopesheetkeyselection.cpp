@@ -171,7 +171,7 @@ const CommonTcb &DopeSheetKeySelection::commonTcb()
 
 void DopeSheetKeySelection::sendClear() const
 {
-    if (!m_bus || !m_bus->isHeard())
+    if (!m_bus || !m_bus->isConnected())
         return;
     VxKeyMessage clear;
     clear.clearSelection = true;
@@ -180,7 +180,7 @@ void DopeSheetKeySelection::sendClear() const
 
 void DopeSheetKeySelection::sendSelection(const VxDopeSheetItem *item) const
 {
-    if (!m_bus || !m_bus->isHeard())
+    if (!m_bus || !m_bus->isConnected())
         return;
     const DopeSheetRowKeys keys = DopeSheetRowKeys::of(item);
     VxKeyMessage message;
@@ -195,7 +195,7 @@ void DopeSheetKeySelection::sendSelection(const VxDopeSheetItem *item) const
 
 void DopeSheetKeySelection::sendSelected() const
 {
-    if (m_bus && m_bus->isHeard())
+    if (m_bus && m_bus->isConnected())
         visitSelected([this](const VxDopeSheetItem *item) { sendSelection(item); });
 }
 
@@ -204,7 +204,7 @@ void DopeSheetKeySelection::setGraphProperties(const QSet<VxProperty *> &propert
     const QSet<VxProperty *> added = properties - m_graphProperties;
     m_graphProperties = properties;
     const VxDopeSheetModel *model = m_view->getSourceModel();
-    if (!m_bus || !m_bus->isHeard() || !model)
+    if (!m_bus || !m_bus->isConnected() || !model)
         return;
     VxKeyMessage message;
     for (VxProperty *property : added) {

@@ -110,10 +110,10 @@ bool KeyGraphCanvas::hides(int left, int top, int right, int bottom) const
     if (width > KeyGraphStamp::MaxSide)
         return false;
     const Place place = placeOf(left, top);
-    const quint64 wanted = ~quint64(0) >> (WordBits - width) << place.bit;
+    const quint64 mask = ~quint64(0) >> (WordBits - width) << place.bit;
     const quint64 *const words = &m_closed[place.word];
     for (int row = 0; row < height; ++row) {
-        if (wanted & ~words[row])
+        if (mask & ~words[row])
             return false;
     }
     return true;

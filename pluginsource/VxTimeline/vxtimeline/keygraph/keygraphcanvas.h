@@ -53,8 +53,8 @@ public:
     bool hidesInRow(int left, int right, int row) const
     {
         const Place place = placeOf(left, row);
-        const quint64 wanted = ~quint64(0) >> (WordBits - 1 - (right - left)) << place.bit;
-        return (wanted & ~m_closed[place.word]) == 0;
+        const quint64 mask = ~quint64(0) >> (WordBits - 1 - (right - left)) << place.bit;
+        return (mask & ~m_closed[place.word]) == 0;
     }
 
 private:

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int Crowd = 4000;    // keys on screen from which visibility tests pay off
-constexpr int ManyCurves = 24; // too many to be distinguished by colour
+constexpr int DenseKeys = 4000; // keys on screen from which visibility tests pay off
+constexpr int ManyCurves = 24;  // too many to be distinguished by colour
 
 // The runs of a curve that are drawn once more over its marks.
 std::vector<KeyGraphRun> runsOnTop(const std::vector<KeyGraphMark> &marks,
@@ -37,8 +37,8 @@ KeyGraphChannelPainter::KeyGraphChannelPainter(QImage *picture, const KeyGraphSc
 void KeyGraphChannelPainter::paint(const QVector<VxKeyGraphChannel *> &channels,
                                    KeyGraphCurves &curves)
 {
-    if (DenseKeyPainter::canShow(m_ratio) && keysOnScreen(channels) >= Crowd)
-        paintCrowd(channels, curves);
+    if (DenseKeyPainter::canShow(m_ratio) && keysOnScreen(channels) >= DenseKeys)
+        paintDense(channels, curves);
     else
         paintEach(channels, curves);
 }
@@ -106,15 +106,15 @@ void KeyGraphChannelPainter::paintEach(const QVector<VxKeyGraphChannel *> &chann
 }
 
 // In reverse order, from the topmost item down to the covered ones.
-void KeyGraphChannelPainter::paintCrowd(const QVector<VxKeyGraphChannel *> &channels,
+void KeyGraphChannelPainter::paintDense(const QVector<VxKeyGraphChannel *> &channels,
                                         KeyGraphCurves &curves)
 {
-    DenseKeyPainter crowd(m_picture, &m_markPainter);
+    DenseKeyPainter dense(m_picture, &m_markPainter);
     for (int n = channels.size() - 1; n >= 0; --n) {
         const VxKeyGraphChannel &channel = *channels.at(n);
         const QVector<QPointF> points = curves.points(channel, n, m_scale, m_stage.size.width());
         const std::vector<KeyGraphMark> &marks = marksOf(channel);
-        crowd.paintChannel(points, marks, runsOnTop(marks, points, channels.size()),
+        dense.paintChannel(points, marks, runsOnTop(marks, points, channels.size()),
                            colorOf(channel, n));
         paintLabel(channel, n, QPainter::CompositionMode_DestinationOver);
     }

@@ -32,7 +32,7 @@ public:
     void paint(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
     // The two ways of painting.
     void paintEach(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
-    void paintCrowd(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
+    void paintDense(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
 
 private:
     int keysOnScreen(const QVector<VxKeyGraphChannel *> &channels) const;

@@ -7,7 +7,7 @@ namespace KeyGraphGrid {
 namespace {
 
 constexpr double SmallestMinorSpacing = 12.0; // pixels
-constexpr qint64 LeastLabels = 3;
+constexpr qint64 MinLabels = 3;
 constexpr double LargestLineNumber = 1e15; // limit of precision for adjacent lines
 
 // The first digit of a round step, 1, 2 or 5.
@@ -44,7 +44,7 @@ double valueStep(const KeyGraphScale &scale, int height, double spacing, double 
         const Run run = multiplesBetween(qMin(ends[0], ends[1]), qMax(ends[0], ends[1]), candidate);
         return run.last - run.first + 1;
     };
-    while (labels(step) < LeastLabels) {
+    while (labels(step) < MinLabels) {
         const double finer = step / (leadingDigit(step) == 5 ? 2.5 : 2.0);
         if (finer < qMax(1.0, labelHeight) * perPixel)
             break;

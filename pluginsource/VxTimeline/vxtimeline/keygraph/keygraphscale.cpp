@@ -57,8 +57,8 @@ void KeyGraphScale::frameValues(double low, double high, double height)
 void KeyGraphScale::zoomValues(const KeyGraphScale &start, double deltaY)
 {
     // The scale at the start offsets the delta; it is far below a pixel for most curves.
-    const double wanted = std::exp2(-(deltaY - start.valuePerPixel) / PixelsPerDoubling);
-    valuePerPixel = limitedValueScale(start.valuePerPixel * wanted);
+    const double requested = std::exp2(-(deltaY - start.valuePerPixel) / PixelsPerDoubling);
+    valuePerPixel = limitedValueScale(start.valuePerPixel * requested);
     const double factor = valuePerPixel / start.valuePerPixel;
     offsetX = start.offsetX;
     offsetY = start.offsetY / factor;

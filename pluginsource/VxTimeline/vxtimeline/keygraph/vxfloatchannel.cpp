@@ -111,10 +111,10 @@ QColor VxFloatChannel::getColor() const
     const int axis = d->property->getAxis();
     if (axis < VxFloatProperty::XAxis || axis > VxFloatProperty::AllAxes)
         return QColor();
-    const AxisColor &wanted = colors[axis - VxFloatProperty::XAxis];
+    const AxisColor &axisColor = colors[axis - VxFloatProperty::XAxis];
     const VxStyle *style = vxApp ? vxApp->getStyle() : nullptr;
-    const QColor color = style ? style->getInterfaceColor(QLatin1String(wanted.name)) : QColor();
-    return color.isValid() ? color : QColor(wanted.fallBack);
+    const QColor color = style ? style->getInterfaceColor(QLatin1String(axisColor.name)) : QColor();
+    return color.isValid() ? color : QColor(axisColor.fallBack);
 }
 
 double VxFloatChannel::getValue(VxTime time) const

@@ -58,7 +58,6 @@ public:
     // During a rebuild: the keys of the former channels, with their selection.
     QHash<const VxProperty *, QVector<VxKeyGraphKey>> formerKeys;
     QPointer<VxSideNavPropertyListView> parametersView;
-    QPointer<VxPane> dopesheetPane;
     bool dopesheetConnected = false;
     bool monitoring = false;
     VxKeyCommunication *keyBus = nullptr;
@@ -205,21 +204,12 @@ void VxKeyGraph::connectDopesheet()
 {
     if (d->dopesheetConnected)
         return;
-    d->dopesheetPane = findPane("VxTimePane");
-    if (!d->dopesheetPane)
+    const VxPane *pane = findPane("VxTimePane");
+    if (!pane)
         return;
     d->dopesheetConnected =
-        connect(d->dopesheetPane, SIGNAL(dopesheetPropertyListChanged(QVector<VxProperty *>, bool)),
-                this, SLOT(handleDopesheetPropertyListChanged(QVector<VxProperty *>, bool)));
-}
-
-void VxKeyGraph::disconnectDopesheet()
-{
-    if (d->dopesheetPane)
-        disconnect(d->dopesheetPane, nullptr, this,
-                   SLOT(handleDopesheetPropertyListChanged(QVector<VxProperty *>, bool)));
-    d->dopesheetPane = nullptr;
-    d->dopesheetConnected = false;
+        connect(pane, SIGNAL(dopesheetPropertyListChanged(QVector<VxProperty *>, bool)), this,
+                SLOT(handleDopesheetPropertyListChanged(QVector<VxProperty *>, bool)));
 }
 
 QVector<VxKeyGraphChannel *> VxKeyGraph::getChannels() const

@@ -36,10 +36,9 @@ public:
     // yet it is looked up again once the application starts.
     void setMonitorParametersPane(bool onOff);
 
-    // Starts and stops following the dope sheet of the pane "VxTimePane". The start is automatic
-    // when the application starts; until then lists from the dope sheet are ignored.
+    // Starts to follow the dope sheet of the pane "VxTimePane": automatic when the application
+    // starts; until then lists from the dope sheet are ignored.
     void connectDopesheet();
-    void disconnectDopesheet();
 
     // The channels in their order; owned by the graph.
     QVector<VxKeyGraphChannel *> getChannels() const;

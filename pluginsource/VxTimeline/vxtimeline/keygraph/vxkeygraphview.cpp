@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr double TimeMargin = 24.0;      // pixels free beside the animation range
-constexpr double LeastTimeWidth = 100.0; // minimum pixels for it, space permitting
+constexpr double TimeMargin = 24.0;    // pixels free beside the animation range
+constexpr double MinTimeWidth = 100.0; // minimum pixels for it, space permitting
 
 // The remaining resizes of this process that centre the animation range: those while the main
 // window is being laid out.
@@ -145,7 +145,7 @@ void VxKeyGraphView::Private::fitTimesBetween(int leftWidth, int rightWidth)
         return;
     double left = leftWidth + TimeMargin;
     double right = width - rightWidth - TimeMargin;
-    if (right - left < LeastTimeWidth) {
+    if (right - left < MinTimeWidth) {
         left = TimeMargin;
         right = qMax(left + 1.0, width - TimeMargin);
     }

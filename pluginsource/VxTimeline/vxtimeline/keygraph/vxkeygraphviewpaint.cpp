@@ -36,15 +36,15 @@ void VxKeyGraphView::Private::updateLayer()
 {
     const qreal ratio = q->devicePixelRatioF();
     const QSize size = (QSizeF(q->size()) * ratio).toSize();
-    const QStringList wanted = labels();
+    const QStringList newLabels = labels();
     const bool fits = layer.size() == size && layer.devicePixelRatio() == ratio;
-    if (layerValid && fits && layerLabels == wanted)
+    if (layerValid && fits && layerLabels == newLabels)
         return;
     if (!fits)
         layer = QImage(size, QImage::Format_ARGB32_Premultiplied);
     layer.setDevicePixelRatio(ratio);
     layer.fill(Qt::transparent);
-    layerLabels = wanted;
+    layerLabels = newLabels;
     layerValid = true;
     const KeyGraphStage shown = stage();
     KeyGraphChannelPainter(&layer, scale, look, shown, q).paint(channels(), curves);

@@ -116,7 +116,7 @@ void setIntKeys(VxIntProperty *property, VxTime source, const QVector<VxTime> &t
 
 } // namespace
 
-bool isWanted(const VxProperty *property, const VxNode *node, int propertyTypes)
+bool isKeyable(const VxProperty *property, const VxNode *node, int propertyTypes)
 {
     if (!qobject_cast<const VxNumericProperty *>(property) || !property->isAnimatable() ||
         property->isLocked())
@@ -140,7 +140,7 @@ void setNodeKeys(const VxNode *node, int propertyTypes, bool recurse, VxTime sou
                  const QVector<VxTime> &targets)
 {
     for (VxProperty *property : node->getPropertyGroups()->collectAllProperties()) {
-        if (isWanted(property, node, propertyTypes))
+        if (isKeyable(property, node, propertyTypes))
             setKeysFrom(property, source, targets);
     }
     for (int i = 0; recurse && i < node->getNumNodeChildren(); ++i)

@@ -13,14 +13,14 @@ namespace KeyCreation {
 // Whether a node's property is keyed for the given types: bits of the pane's PropertyTypes. Only
 // numeric, animatable, unlocked properties are; hidden and aliased ones, and the transform
 // controls, require their bit. Any other property requires none.
-bool isWanted(const VxProperty *property, const VxNode *node, int propertyTypes);
+bool isKeyable(const VxProperty *property, const VxNode *node, int propertyTypes);
 
 // Makes a key at each target (strictly ascending) with the property's value at source. A float key
 // gets the interpolation of the key at source when there is one, else of the one before the first
 // target, else the property's default. Properties that are not numeric are ignored.
 void setKeysFrom(VxProperty *property, VxTime source, const QVector<VxTime> &targets);
 
-// Keys the properties in the node's group tree that isWanted() accepts; with recurse, those of
+// Keys the properties in the node's group tree that isKeyable() accepts; with recurse, those of
 // descendants too.
 void setNodeKeys(const VxNode *node, int propertyTypes, bool recurse, VxTime source,
                  const QVector<VxTime> &targets);

@@ -22,7 +22,7 @@ bool VxKeyCommunication::setMuted(bool muted)
     return std::exchange(m_muted, muted);
 }
 
-bool VxKeyCommunication::isHeard() const
+bool VxKeyCommunication::isConnected() const
 {
     static const QMetaMethod signal = QMetaMethod::fromSignal(&VxKeyCommunication::sent);
     return isSignalConnected(signal);

@@ -22,7 +22,7 @@ public:
     bool setMuted(bool muted);
 
     // True when the end is connected: otherwise the sender can save building an expensive message.
-    bool isHeard() const;
+    bool isConnected() const;
     // Sends a message with this end muted, and restores the muting afterwards.
     void send(const VxKeyMessage &message);
 

@@ -194,7 +194,7 @@ void TimeFields::setCurrentFrame(int frame)
 void TimeFields::resetFramesPerSecond()
 {
     refresh(FramesPerSecond);
-    m_rate->showStandIn(1);
+    m_rate->showReplacement(1);
     m_outdated |= FramesPerSecond;
 }
 

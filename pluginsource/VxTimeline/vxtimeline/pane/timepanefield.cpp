@@ -56,7 +56,7 @@ void TimePaneField::showWithheld()
         showNumber(*m_withheld);
 }
 
-void TimePaneField::showStandIn(int shown)
+void TimePaneField::showReplacement(int shown)
 {
     showNumber(shown);
     selectAll();

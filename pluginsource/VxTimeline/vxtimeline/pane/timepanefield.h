@@ -31,7 +31,7 @@ public:
     void showNumber(int shown);
     // The same for a number that replaces an invalid one: it is selected, so that further typing
     // replaces it.
-    void showStandIn(int shown);
+    void showReplacement(int shown);
     // True while the last shown number has not been edited or stepped.
     bool isUntouched() const;
     // The text as a whole number in base 10, or the fallback for an invalid text.

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int MostKeys = 100000;
+constexpr int MaxKeys = 100000;
 
 template <typename Visit> void visitSelectedNodes(Visit visit)
 {
@@ -112,7 +112,7 @@ void TimePaneKeys::createFilteredKeys(int count)
         bool accepted = false;
         count =
             QInputDialog::getInt(parent, VxTimePane::tr("Create # Keys"),
-                                 VxTimePane::tr("Number of keys:"), 1, 1, MostKeys, 1, &accepted);
+                                 VxTimePane::tr("Number of keys:"), 1, 1, MaxKeys, 1, &accepted);
         if (!accepted) {
             updateStates();
             return;

@@ -33,8 +33,8 @@ namespace {
 // The dope sheet is used more than the curves: it starts with the larger share.
 constexpr double FirstDopeSheetShare = 0.69;
 // A name column narrower than this counts as missing; pixels.
-constexpr int LeastNameColumnWidth = 25;
-constexpr int MostViewportHeight = 10000; // pixels
+constexpr int MinNameColumnWidth = 25;
+constexpr int MaxViewportHeight = 10000; // pixels
 
 } // namespace
 
@@ -170,7 +170,7 @@ void TimePaneViews::applySlider() const
 // given the view's.
 void TimePaneViews::setModel(QAbstractItemModel *model)
 {
-    if (!model && nameColumnWidth() > LeastNameColumnWidth)
+    if (!model && nameColumnWidth() > MinNameColumnWidth)
         m_savedNameColumnWidth = nameColumnWidth();
     m_sheet->setModel(model);
     m_header->setModel(model);
@@ -187,7 +187,7 @@ int TimePaneViews::nameColumnWidth() const
 
 void TimePaneViews::widenNameColumn() const
 {
-    if (m_rowsVisible && nameColumnWidth() < LeastNameColumnWidth)
+    if (m_rowsVisible && nameColumnWidth() < MinNameColumnWidth)
         m_sheet->setColumnWidth(VxDopeSheetView::NameColumn, m_savedNameColumnWidth);
 }
 
@@ -214,7 +214,7 @@ void TimePaneViews::layoutRows() const
     m_search->setAvailable(m_rowsVisible);
     m_sheet->setColumnWidth(VxDopeSheetView::NameColumn,
                             m_rowsVisible ? m_savedNameColumnWidth : 0);
-    m_sheet->viewport()->setMaximumHeight(m_rowsVisible ? MostViewportHeight : 0);
+    m_sheet->viewport()->setMaximumHeight(m_rowsVisible ? MaxViewportHeight : 0);
     m_sheet->setVerticalScrollBarPolicy(m_rowsVisible ? Qt::ScrollBarAsNeeded
                                                       : Qt::ScrollBarAlwaysOff);
 }

@@ -6,9 +6,9 @@ namespace {
 
 // Free space at the right of the keys column after a fit, and its minimum width; pixels.
 constexpr int FreeEdge = 30;
-constexpr int LeastWidth = 5;
+constexpr int MinWidth = 5;
 // A second narrower than this (in pixels) counts as zero.
-constexpr double LeastSecondWidth = 1e-11;
+constexpr double MinSecondWidth = 1e-11;
 
 } // namespace
 
@@ -67,7 +67,7 @@ double TimelineMetrics::ticksPerPixel() const
 int TimelineMetrics::secondsCount(int width) const
 {
     const double second = static_cast<double>(frameWidth) * 4800.0 * fps / divisor * zoom / 4800.0;
-    if (!(second > LeastSecondWidth))
+    if (!(second > MinSecondWidth))
         return width;
     return TimelineSnap::truncated(width / second) + 1;
 }
@@ -75,7 +75,7 @@ int TimelineMetrics::secondsCount(int width) const
 bool TimelineMetrics::fit(int keysWidth, VxTime duration)
 {
     const int width = keysWidth - FreeEdge;
-    if (width <= LeastWidth || fps == 0 || frameWidth == 0)
+    if (width <= MinWidth || fps == 0 || frameWidth == 0)
         return false;
     const double ticks = width * 4800.0;
     zoom = (duration < 1 ? ticks : ticks / duration) / frameWidth / fps;
