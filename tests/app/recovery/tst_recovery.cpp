@@ -2,10 +2,7 @@
 
 #include "boxanswer.h"
 #include "io/vxscenereader.h"
-#include "recovery/recoverycontroller.h"
-#include "recovery/recoverydialog.h"
-#include "shell/endsignals.h"
-#include "studiotestbase.h"
+#include "recoverytestbase.h"
 #include "testing/vxtestmain.h"
 
 #include <QElapsedTimer>
@@ -21,18 +18,6 @@
 #include <vxcore/vxundostackhold.h>
 
 namespace {
-
-void changeValue(float value)
-{
-    VxUndoStackHold hold;
-    vxScene->getNodes().at(2)->getYRotControl()->setKey(1600, value, VxKeyInterp::Linear);
-    hold.accept("Change");
-}
-
-float changedValue()
-{
-    return vxScene->getNodes().at(2)->getYRotControl()->getValue(1600);
-}
 
 /// The program as somebody works with it: opens a file, changes it, and goes on living once the
 /// copy is made.
@@ -58,25 +43,8 @@ int work(const QString &settings, const QString &file, float value)
         vxScene->addNode(new VxNode("c"));
         hold.accept("Build");
     }
-    changeValue(value);
+    RecoveryTest::changeValue(value);
     return QApplication::exec();
-}
-
-/// The same, as main() runs it, with copies so seldom that none is made before it ends.
-int workUntilTold(const QString &settings, const QString &file, float value)
-{
-    const CommandLine line = CommandLine::parse(
-        {"vxstudio", "--settings", settings, "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)});
-    Studio studio(line);
-    QTimer::singleShot(0, studio.window(), [&] {
-        if (!studio.window()->document()->open(file))
-            QApplication::exit(1);
-        if (value > 0.0f)
-            changeValue(value);
-        std::puts("changed");
-        std::fflush(stdout);
-    });
-    return studio.run();
 }
 
 class Worker
@@ -111,17 +79,12 @@ private:
 
 } // namespace
 
-class tst_Recovery : public QObject, public StudioTest
+class tst_Recovery : public QObject, public RecoveryTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void init() { setUp(); }
-    void cleanup()
-    {
-        if (studio)
-            vxApp->getUndoStack()->setClean();
-        tearDown();
-    }
+    void cleanup() { leave(); }
 
     void workIsRecovered_data();
     void workIsRecovered();
@@ -140,37 +103,10 @@ private Q_SLOTS:
     void anEndWithoutAnswerKeepsTheCopy();
     void startOfTheProgramAsks();
     void scriptsAreNotAsked();
-    void requestsToEndLeaveACopy_data();
-    void requestsToEndLeaveACopy();
-    void requestsToEndStopAScript();
-    void aScriptThatFillsTheMemoryIsStopped();
-    void ignoredRequestsStayIgnored();
     void theMenuSetsTheTime();
     void picture();
 
 private:
-    QString settings() const { return folder->filePath("settings.ini"); }
-    QString copySample(const QString &name = "walk.vxscene") const
-    {
-        const QString file = folder->filePath(name);
-        const QString source = name.endsWith("bvh") ? VX_SOURCE_DIR "/samples/walk.bvh"
-                                                    : VX_SOURCE_DIR "/samples/walk.vxscene";
-        if (!QFile::copy(source, file))
-            qFatal("cannot copy the sample");
-        return file;
-    }
-    QStringList recoveryFiles() const
-    {
-        return QDir(folder->filePath("settings-recovery"))
-            .entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-    RecoveryController *recovery() const { return window()->recovery(); }
-    RecoveryDialog *dialog() const { return recovery()->dialog(); }
-    void press(const char *name) const
-    {
-        auto *button = dialog()->findChild<QPushButton *>(QLatin1String(name));
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
     QMenu *recoveryMenu() const { return window()->findChild<QMenu *>("RecoveryMenu"); }
 };
 
@@ -497,104 +433,6 @@ void tst_Recovery::scriptsAreNotAsked()
     QCOMPARE(recoveryFiles().size(), 3); // and left alone
 }
 
-void tst_Recovery::requestsToEndLeaveACopy_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<bool>("changed");
-    QTest::newRow("shut down") << SIGTERM << true;
-    QTest::newRow("shut down, nothing changed") << SIGTERM << false;
-    QTest::newRow("terminal closed") << SIGHUP << true;
-    QTest::newRow("interrupted") << SIGINT << true;
-}
-
-void tst_Recovery::requestsToEndLeaveACopy()
-{
-    QFETCH(int, number);
-    QFETCH(bool, changed);
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(),
-                  {"--work-until-told", settings(), copySample(), changed ? "44.5" : "0"});
-    QByteArray said;
-    while (!said.contains("changed")) {
-        QVERIFY(process.waitForReadyRead(30000));
-        said += process.readAllStandardOutput();
-    }
-    QVERIFY(recoveryFiles().isEmpty());
-    QVERIFY(::kill(pid_t(process.processId()), number) == 0);
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 128 + number);
-    QVERIFY(QFile::exists(settings())); // it ended in order
-    start();
-    QCOMPARE(recovery()->offer(), changed);
-    if (!changed)
-        return;
-    press("RecoverButton");
-    QCOMPARE(changedValue(), 44.5f);
-}
-
-/// What a script has done in a window is work like any other.
-void tst_Recovery::requestsToEndStopAScript()
-{
-    for (const char *edit : {"Scene.addNode('work');",
-                             "Undo.beginHold(); Scene.addNode('work'); Undo.acceptHold('Add');"}) {
-        QFile script(folder->filePath("endless.js"));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write(edit + QByteArray("print('begun'); for (;;) {}"));
-        script.close();
-        QProcess process;
-        process.start(QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
-                      {"--settings", settings(), "--script", script.fileName()});
-        QByteArray said;
-        while (!said.contains("begun")) {
-            QVERIFY2(process.waitForReadyRead(30000), process.readAllStandardError().constData());
-            said += process.readAllStandardOutput();
-        }
-        QCOMPARE(::kill(pid_t(process.processId()), SIGTERM), 0);
-        QVERIFY(process.waitForFinished(20000));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 128 + SIGTERM);
-        start();
-        QVERIFY(recovery()->offer());
-        press("RecoverButton");
-        QVERIFY(vxScene->findNode("work"));
-        vxApp->getUndoStack()->setClean();
-        tearDown();
-        setUp();
-    }
-}
-
-void tst_Recovery::aScriptThatFillsTheMemoryIsStopped()
-{
-    QFile script(folder->filePath("large.js"));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("var list = []; for (;;) list.push(new Array(1000).join('x') + list.length);");
-    script.close();
-    QProcess process;
-    process.start(
-        QStringLiteral(VX_BINARY_DIR "/bin/vxstudio"),
-        {"--settings", settings(), "--script", script.fileName(), "--memory-limit", "150"});
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitCode(), 1);
-    const QByteArray errors = process.readAllStandardError();
-    QVERIFY2(errors.contains("memory limit of 150 MB"), errors.constData());
-}
-
-void tst_Recovery::ignoredRequestsStayIgnored()
-{
-    const auto former = std::signal(SIGHUP, SIG_IGN);
-    {
-        const EndSignals requests;
-        QSignalSpy received(&requests, &EndSignals::received);
-        std::raise(SIGHUP);
-        QVERIFY(!received.wait(100));
-        std::raise(SIGTERM);
-        QVERIFY(received.wait());
-        QCOMPARE(received.constFirst().constFirst().toInt(), SIGTERM);
-    }
-    QVERIFY(std::signal(SIGHUP, former) == SIG_IGN);
-}
-
 void tst_Recovery::theMenuSetsTheTime()
 {
     start();
@@ -654,8 +492,6 @@ static int runTests(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == QLatin1String("--work"))
         return work(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
-    if (arguments.value(1) == QLatin1String("--work-until-told"))
-        return workUntilTold(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
     tst_Recovery test;
     return QTest::qExec(&test, argc, argv);
 }

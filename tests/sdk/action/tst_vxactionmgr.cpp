@@ -1,3 +1,4 @@
+#include "actionclasses.h"
 #include "menu/vxmenubarfiller.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -11,21 +12,6 @@
 #include <vxcore/vxpluginmgr.h>
 #include <vxcore/vxsettings.h>
 
-class CopyAction : public VxAction
-{
-    Q_OBJECT
-public:
-    CopyAction()
-        : VxAction(QStringLiteral("Copy"))
-    {
-    }
-    QString getDefaultAccel() const override { return QStringLiteral("Ctrl+C"); }
-    QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
-    QString getActionGroup() const override { return QStringLiteral("Clipboard"); }
-    void init() override { ++numInits; }
-    int numInits = 0;
-};
-
 /// Wants the shortcut that CopyAction has.
 class ClearAction : public VxAction
 {
@@ -38,18 +24,6 @@ public:
     QString getDefaultAccel() const override { return QStringLiteral("Ctrl+C"); }
     QString getDefaultMenuPath() const override { return QStringLiteral("Edit"); }
     QString getActionGroup() const override { return QStringLiteral("Other"); }
-};
-
-class PlayAction : public VxAction
-{
-    Q_OBJECT
-public:
-    PlayAction()
-        : VxAction(QStringLiteral("Play"))
-    {
-    }
-    QString getDefaultMenuPath() const override { return QStringLiteral("Animation"); }
-    QString getActionGroup() const override { return QStringLiteral("Pane::/Time/Playback"); }
 };
 
 class PasteAction : public VxAction
@@ -123,14 +97,6 @@ public:
     QObject *createInstance() const override { return nullptr; }
 };
 
-const QString copyClass = QStringLiteral("CopyAction");
-const QString playClass = QStringLiteral("PlayAction");
-
-QKeySequence keys(const char *text)
-{
-    return QKeySequence::fromString(QString::fromLatin1(text), QKeySequence::PortableText);
-}
-
 /** The menu's entries as text: "-" for a separator, "Title>" for a sub-menu. */
 QString shown(const QWidget *menu)
 {
@@ -178,13 +144,6 @@ private Q_SLOTS:
     void keepsEntriesOfAbsentClasses();
     void restoresTheSavedState();
     void warnsOfAStoredTextThatIsNoShortcut();
-    void takesCommands();
-    void commandsShareTheKeys();
-    void commandWantsATakenKey();
-    void forgetsADeletedCommand();
-    void savesAndRestoresCommands();
-    void storedKeysOfCommands_data();
-    void storedKeysOfCommands();
     void groupParts_data();
     void groupParts();
     void fillsAMenuBar();
@@ -424,175 +383,6 @@ void tst_VxActionMgr::warnsOfAStoredTextThatIsNoShortcut()
     QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+C"));
 }
 
-void tst_VxActionMgr::takesCommands()
-{
-    VxActionMgr manager;
-    QAction save;
-    save.setShortcut(keys("Ctrl+S"));
-    QAction plain;
-    QVERIFY(!manager.addCommand(QStringLiteral("Save"), nullptr));
-    QVERIFY(!manager.addCommand(QString(), &save));
-    QVERIFY(manager.addCommand(QStringLiteral("Save"), &save));
-    QVERIFY(!manager.addCommand(QStringLiteral("Save"), &plain));
-    QVERIFY(!manager.addCommand(QStringLiteral("Again"), &save));
-    QVERIFY(manager.addCommand(QStringLiteral("Plain"), &plain));
-    manager.addAction(new CopyAction);
-    QVERIFY(!manager.addCommand(copyClass, &plain));
-
-    QCOMPARE(manager.findCommand(QStringLiteral("Save")), &save);
-    QCOMPARE(manager.findCommand(copyClass), manager.findAction(copyClass));
-    QVERIFY(!manager.findCommand(QStringLiteral("Nobody")));
-    QVERIFY(!manager.findAction(QStringLiteral("Save"))); // no action
-    QCOMPARE(manager.getNumActions(), 1);
-    QCOMPARE(manager.getCommandName(&save), QStringLiteral("Save"));
-    QCOMPARE(manager.getCommandName(manager.findAction(copyClass)), copyClass);
-    const QAction stranger;
-    QCOMPARE(manager.getCommandName(&stranger), QString());
-    QCOMPARE(manager.getCommandName(nullptr), QString());
-    const CopyAction unknown; // of a known class
-    QCOMPARE(manager.getCommandName(&unknown), QString());
-}
-
-void tst_VxActionMgr::commandsShareTheKeys()
-{
-    VxActionMgr manager;
-    QAction save;
-    save.setShortcut(keys("Ctrl+S"));
-    manager.addCommand(QStringLiteral("Save"), &save);
-    manager.addAction(new CopyAction);
-    QCOMPARE(manager.getDefaultShortcut(QStringLiteral("Save")), keys("Ctrl+S"));
-    QCOMPARE(manager.findShortcut(keys("Ctrl+S")), QStringLiteral("Save"));
-    QSignalSpy changed(&manager, &VxActionMgr::shortcutChanged);
-    QVERIFY(manager.setShortcut(copyClass, keys("Ctrl+S")));
-    QCOMPARE(changed.size(), 2);
-    QVERIFY(save.shortcut().isEmpty());
-    QVERIFY(manager.setShortcut(QStringLiteral("Save"), keys("F7")));
-    QCOMPARE(save.shortcut(), keys("F7"));
-    manager.resetAllShortcuts();
-    QCOMPARE(save.shortcut(), keys("Ctrl+S"));
-    QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
-}
-
-void tst_VxActionMgr::commandWantsATakenKey()
-{
-    VxActionMgr manager;
-    manager.addAction(new CopyAction);
-    QAction late;
-    late.setShortcut(keys("Ctrl+C"));
-    m_guard->expect(
-        QRegularExpression(QStringLiteral("Ctrl\\+C of Late is already assigned to CopyAction")));
-    QVERIFY(manager.addCommand(QStringLiteral("Late"), &late));
-    QVERIFY(late.shortcut().isEmpty());
-}
-
-void tst_VxActionMgr::forgetsADeletedCommand()
-{
-    VxActionMgr manager;
-    auto *save = new QAction;
-    save->setShortcut(keys("Ctrl+S"));
-    manager.addCommand(QStringLiteral("Save"), save);
-    delete save;
-    QVERIFY(!manager.findCommand(QStringLiteral("Save")));
-    QCOMPARE(manager.findShortcut(keys("Ctrl+S")), QString());
-    QVERIFY(!manager.setShortcut(QStringLiteral("Save"), keys("F7")));
-    manager.resetAllShortcuts();
-}
-
-void tst_VxActionMgr::savesAndRestoresCommands()
-{
-    VxSettings settings;
-    for (const bool isSecondRun : {false, true}) {
-        VxActionMgr manager;
-        QAction save;
-        save.setShortcut(keys("Ctrl+S"));
-        manager.addCommand(QStringLiteral("Save"), &save);
-        manager.addAction(new CopyAction);
-        if (isSecondRun) {
-            QCOMPARE(manager.restoreShortcuts(&settings), QStringList());
-            QVERIFY(save.shortcut().isEmpty());
-            QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+S"));
-            manager.resetAllShortcuts();
-        } else {
-            manager.setShortcut(copyClass, keys("Ctrl+S"));
-        }
-        manager.saveShortcuts(&settings);
-    }
-    QCOMPARE(settings.getKeys(), QStringList());
-}
-
-void tst_VxActionMgr::storedKeysOfCommands_data()
-{
-    QTest::addColumn<QString>("copy"); // "-" for nothing stored
-    QTest::addColumn<QString>("play");
-    QTest::addColumn<QString>("save");
-    QTest::addColumn<QString>("inForce"); // of Copy, Play and Save
-    QTest::addColumn<QStringList>("refused");
-    const QStringList none;
-    QTest::newRow("nothing") << "-"
-                             << "-"
-                             << "-"
-                             << "Ctrl+C||Ctrl+S" << none;
-    QTest::newRow("a free key") << "F5"
-                                << "-"
-                                << "-"
-                                << "F5||Ctrl+S" << none;
-    QTest::newRow("a command's key") << "Ctrl+S"
-                                     << "-"
-                                     << "-"
-                                     << "Ctrl+C||Ctrl+S" << QStringList{copyClass};
-    QTest::newRow("a key that the command gave up") << "Ctrl+S"
-                                                    << "-"
-                                                    << ""
-                                                    << "Ctrl+S||" << none;
-    QTest::newRow("a key exchanged with the command") << "Ctrl+S"
-                                                      << "-"
-                                                      << "Ctrl+C"
-                                                      << "Ctrl+S||Ctrl+C" << none;
-    QTest::newRow("an action's key") << "-"
-                                     << "Ctrl+C"
-                                     << "-"
-                                     << "|Ctrl+C|Ctrl+S" << none;
-    QTest::newRow("one key twice") << "F5"
-                                   << "F5"
-                                   << "-"
-                                   << "F5||Ctrl+S" << QStringList{playClass};
-    QTest::newRow("the command's key twice")
-        << "Ctrl+S"
-        << "Ctrl+S"
-        << "-"
-        << "Ctrl+C||Ctrl+S" << QStringList{copyClass, playClass};
-}
-
-// What only a file that was written by hand can hold must not leave a key dead.
-void tst_VxActionMgr::storedKeysOfCommands()
-{
-    QFETCH(QString, copy);
-    QFETCH(QString, play);
-    QFETCH(QString, save);
-    QFETCH(QString, inForce);
-    QFETCH(QStringList, refused);
-    VxActionMgr manager;
-    QAction command;
-    command.setShortcut(keys("Ctrl+S"));
-    manager.addCommand(QStringLiteral("Save"), &command);
-    manager.addAction(new CopyAction);
-    manager.addAction(new PlayAction);
-    VxSettings settings;
-    const auto store = [&settings](const QString &name, const QString &text) {
-        if (text != QLatin1String("-"))
-            settings.setStringValue(name, text);
-    };
-    store(copyClass, copy);
-    store(playClass, play);
-    store(QStringLiteral("Save"), save);
-    settings.setStringValue(QStringLiteral("AbsentAction"), QStringLiteral("Ctrl+S"));
-    QCOMPARE(manager.restoreShortcuts(&settings), refused);
-    QStringList found;
-    for (const QString &name : {copyClass, playClass, QStringLiteral("Save")})
-        found.append(manager.findCommand(name)->shortcut().toString(QKeySequence::PortableText));
-    QCOMPARE(found.join(QLatin1Char('|')), inForce);
-}
-
 void tst_VxActionMgr::groupParts_data()
 {
     QTest::addColumn<QString>("group");
@@ -681,4 +471,5 @@ void tst_VxActionMgr::menuOrderAndSections()
 }
 
 VX_TEST_MAIN(tst_VxActionMgr)
+#include "moc_actionclasses.cpp"
 #include "tst_vxactionmgr.moc"
