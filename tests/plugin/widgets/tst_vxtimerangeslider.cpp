@@ -36,8 +36,6 @@ private Q_SLOTS:
     void timeComesIntoTheRange();
     void timeStaysWhilePlaying();
     void nothingForTheHistory();
-
-    void followsTheScene();
 };
 
 void TestTimeRangeSlider::doubleClickWithNothingSaved()
@@ -307,26 +305,6 @@ void TestTimeRangeSlider::nothingForTheHistory()
     m_mouse->drag(body(), body() + QPoint(60, 0));
     m_mouse->doubleClick(body());
     QCOMPARE(vxApp->getUndoStack()->count(), 0);
-}
-
-void TestTimeRangeSlider::followsTheScene()
-{
-    const QImage before = picture();
-    PaintCount paints;
-    m_slider->installEventFilter(&paints);
-    vxScene->setAnimRange(VxTimeRange(0, 9600));
-    QTRY_COMPARE(paints.count, 1);
-    vxScene->setTimeStep(80);
-    QTRY_COMPARE(paints.count, 2);
-    vxScene->setPlayRange(VxTimeRange(3200, 6400));
-    QTRY_COMPARE(paints.count, 3);
-    // Half as long and at half the scale, with the same place; the labels differ: 40 and 80.
-    const QImage after = picture();
-    QVERIFY(before != after);
-    const QColor button = m_slider->palette().button().color();
-    QCOMPARE(after.pixelColor(300, 5), button);
-    QCOMPARE(after.pixelColor(199, 5), m_slider->palette().dark().color());
-    QCOMPARE(after.pixelColor(400, 5), m_slider->palette().dark().color());
 }
 
 VX_TEST_MAIN(TestTimeRangeSlider)
