@@ -78,6 +78,7 @@ TcbChain smoothChain(const KeySamples &samples, double error)
 TcbChain linearChain(const KeySamples &samples, const std::vector<int> &kept)
 {
     std::vector<TcbChain::Knot> knots;
+    knots.reserve(kept.size());
     for (const int i : kept)
         knots.push_back({samples.times()[i], VxKeyInterp::Linear, samples.point(i).value});
     return TcbChain(samples.channels(), std::move(knots));

@@ -47,8 +47,9 @@ public:
 
     qint64 memoryUsed() const override
     {
-        return qint64(sizeof(*this) + m_delta.memoryBytes() +
-                      (m_selected.capacity() + m_othersSelected.capacity()) * sizeof(VxKeySpan));
+        const std::size_t spans = m_selected.capacity() + m_othersSelected.capacity();
+        const std::size_t bytes = sizeof *this + m_delta.memoryBytes() + spans * sizeof(VxKeySpan);
+        return qint64(bytes);
     }
 
 private:

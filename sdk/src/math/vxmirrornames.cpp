@@ -13,7 +13,7 @@ QString sharedPart(const QString &name, const QString &pattern)
     if (name.size() <= before.size() + after.size() || !name.startsWith(before) ||
         !name.endsWith(after))
         return QString();
-    const QString shared = name.mid(before.size(), name.size() - before.size() - after.size());
+    QString shared = name.mid(before.size(), name.size() - before.size() - after.size());
     if (!before.isEmpty() && before.back().isLower() && shared.front().isLower())
         return QString();
     if (!after.isEmpty() && after.front().isUpper() && shared.back().isUpper())
@@ -36,9 +36,9 @@ bool isPattern(const QString &text)
 
 QVector<VxMirrorNames::Pair> VxMirrorNames::defaultPairs()
 {
-    static const char Text[] = "Left*/Right*, left*/right*, *Left/*Right, *_left/*_right, L_*/R_*, "
+    static const char text[] = "Left*/Right*, left*/right*, *Left/*Right, *_left/*_right, L_*/R_*, "
                                "l_*/r_*, *_L/*_R, *_l/*_r, *.L/*.R, *.l/*.r, l*/r*";
-    return pairsFromText(QString::fromLatin1(Text));
+    return pairsFromText(QString::fromLatin1(text));
 }
 
 VxMirrorNames::VxMirrorNames(const QVector<Pair> &pairs)
