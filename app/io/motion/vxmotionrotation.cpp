@@ -76,7 +76,7 @@ public:
     bool walk(const VxEuler &rest);
 
 private:
-    /// An end of a stretch: its tick and the angles there.
+    /// An end of a span: its tick and the angles there.
     struct End
     {
         VxTime tick = 0;
@@ -160,7 +160,7 @@ double AngleWalk::deviation(std::size_t segment, const End &from, const End &to)
     return worst;
 }
 
-/** Adds keys up to a tick, with halves where one stretch would deviate. Depth: 32 halvings. */
+/** Adds keys up to a tick, with halves where a span would deviate. Depth: 32 halvings. */
 AngleWalk::End AngleWalk::reach(std::size_t segment, const End &from, VxTime to)
 {
     const End end = endOf(segment, from, to);
