@@ -94,7 +94,7 @@ int NameNumbers::nextNumber(const Parts &parts) const
 QString NameNumbers::take(Parts parts, int number)
 {
     parts.number = number;
-    const QString name = join(parts);
+    QString name = join(parts);
     int &highest = m_highest[keyOf(parts.stem, parts.side)];
     highest = std::max(highest, number);
     return name;

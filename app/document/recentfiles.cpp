@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr QLatin1String FilesKey("Files");
+const QLatin1String FilesKey("Files");
 
 } // namespace
 

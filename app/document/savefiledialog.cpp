@@ -42,7 +42,7 @@ QString SaveFileDialog::ask() const
     dialog.selectFile(m_name + QLatin1Char('.') + m_suffix);
     while (dialog.exec() == QDialog::Accepted) {
         const QString typed = dialog.selectedFiles().constFirst();
-        const QString name = withSuffix(typed);
+        QString name = withSuffix(typed);
         if (name == typed || !QFileInfo::exists(name) || m_messages->askToReplace(name))
             return name;
     }

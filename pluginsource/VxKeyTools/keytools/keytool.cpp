@@ -67,9 +67,9 @@ KeyToolResult failure(const QString &message)
 
 const VxTypedInput &KeyToolArguments::input(const QString &name) const
 {
-    static const VxTypedInput None;
+    static const VxTypedInput none;
     const auto found = m_values.constFind(name);
-    return found == m_values.constEnd() ? None : *found;
+    return found == m_values.constEnd() ? none : *found;
 }
 
 const QVector<KeyTool> &KeyTool::all()

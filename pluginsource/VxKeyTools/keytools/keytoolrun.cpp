@@ -179,6 +179,7 @@ void KeyToolRun::replace(std::size_t track, const Replacement &replacement)
         return;
     const std::vector<VxKeySpan> &spans = m_targets.tracks[track].spans;
     std::vector<std::optional<VxFittedKeys>> results;
+    results.reserve(spans.size());
     for (const VxKeySpan &span : spans)
         results.push_back(replacement(*property, span));
     // From the last one on, so that the indexes of earlier ones stay.

@@ -24,7 +24,7 @@ QString VxActionText::asUndoText(const QString &text)
 
 QString VxActionText::withShortcut(const QString &text, const QKeySequence &shortcut)
 {
-    const QString plain = withoutMnemonics(text);
+    QString plain = withoutMnemonics(text);
     if (shortcut.isEmpty())
         return plain;
     return QStringLiteral("%1 (%2)").arg(plain, shortcut.toString(QKeySequence::NativeText));

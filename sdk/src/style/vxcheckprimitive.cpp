@@ -10,8 +10,8 @@ namespace {
 QRectF squareIn(const QRect &rect)
 {
     const int side = qMin(rect.width(), rect.height()) - 1;
-    return QRectF(rect.x() + (rect.width() - side) / 2 + 0.5,
-                  rect.y() + (rect.height() - side) / 2 + 0.5, side - 1, side - 1);
+    const QPoint corner((rect.width() - side) / 2, (rect.height() - side) / 2);
+    return QRectF(QPointF(rect.topLeft() + corner) + QPointF(0.5, 0.5), QSizeF(side - 1, side - 1));
 }
 
 } // namespace

@@ -35,7 +35,7 @@ IconColors iconColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::Stat
     const QPalette palette = VxColors::palette(scheme);
     const bool selected = mode == QIcon::Selected;
     const bool disabled = mode == QIcon::Disabled;
-    const QColor ground = palette.color(selected ? QPalette::Highlight : QPalette::Button);
+    const QColor &ground = palette.color(selected ? QPalette::Highlight : QPalette::Button);
     IconColors colors;
     colors.ink = palette.color(disabled ? QPalette::Disabled : QPalette::Active,
                                selected ? QPalette::HighlightedText : QPalette::ButtonText);

@@ -67,7 +67,7 @@ public:
     // The text elided to the width beside the other parts.
     QString fittingText() const
     {
-        const QString text = button->text();
+        QString text = button->text();
         const int room = vxPlaceButtonContents(contentsArea(), parts()).text.width();
         if (elideMode == Qt::ElideNone || textWidth(text) <= room)
             return text;
