@@ -24,6 +24,8 @@ private Q_SLOTS:
     void aDraggedDockIsMovedByTheProgram();
     void aPressedTabIsMovedByTheProgram_data() { addChanges(); }
     void aPressedTabIsMovedByTheProgram();
+    void aTabIsDraggedOutWhileTheProgramMovesDocks_data() { addChanges(); }
+    void aTabIsDraggedOutWhileTheProgramMovesDocks();
     void tabsAreReorderedByADrag();
     void tabsOutOfUseAreNotDragged();
     void aSeparatorIsDraggedWhileTheProgramMovesDocks_data() { addChanges(); }
@@ -187,6 +189,28 @@ void tst_DockGestures::aPressedTabIsMovedByTheProgram()
     mouse.release(at);
     checkAllDocksHavePlaces(what);
     QVERIFY(parameters->pane());
+}
+
+void tst_DockGestures::aTabIsDraggedOutWhileTheProgramMovesDocks()
+{
+    QFETCH(QByteArray, what);
+    QTabBar *tabs = tabsOf(dock("VxHistoryPane"));
+    QVERIFY(tabs);
+    VxMouseDriver mouse(window());
+    const QPoint at =
+        tabs->mapTo(window(), tabs->tabRect(tabOf(*tabs, dock("VxHistoryPane"))).center());
+    mouse.press(at);
+    for (int i = 1; i < 8; ++i) {
+        mouse.moveTo(at + QPoint(20 * i, -30 * i));
+        QCoreApplication::processEvents();
+    }
+    change(what, dock("VxHistoryPane"));
+    for (int i = 1; i < 8; ++i) {
+        mouse.moveTo(at + QPoint(140 + 20 * i, -210));
+        QCoreApplication::processEvents();
+    }
+    mouse.release(at);
+    checkAllDocksHavePlaces(what);
 }
 
 void tst_DockGestures::tabsAreReorderedByADrag()
