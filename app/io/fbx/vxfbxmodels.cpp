@@ -14,7 +14,7 @@ VxNode::RotationOrder orderOf(qint64 fileOrder)
     return fileOrder >= 0 && fileOrder < 6 ? orders[fileOrder] : VxNode::ZYX;
 }
 
-bool isZero(const VxFbxModel::Vector &vector)
+bool isZeroVector(const VxFbxModel::Vector &vector)
 {
     return vector == VxFbxModel::Vector{};
 }
@@ -181,9 +181,10 @@ VxFbxModel ModelReader::modelOf(int object, int parent)
     model.isVisible = m_objects.number(object, "Visibility", 1.0) != 0.0 &&
                       m_objects.number(object, "Show", 1.0) != 0.0;
     readRotation(&model);
-    const bool hasGeometric = !isZero(m_objects.vector(object, "GeometricTranslation", zero)) ||
-                              !isZero(m_objects.vector(object, "GeometricRotation", zero)) ||
-                              m_objects.vector(object, "GeometricScaling", one) != one;
+    const bool hasGeometric =
+        !isZeroVector(m_objects.vector(object, "GeometricTranslation", zero)) ||
+        !isZeroVector(m_objects.vector(object, "GeometricRotation", zero)) ||
+        m_objects.vector(object, "GeometricScaling", one) != one;
     if (hasGeometric && m_geometric++ == 0)
         m_firstGeometric = model.name;
     return model;

@@ -14,7 +14,7 @@ int rounded(qreal coordinate)
 }
 
 // For coordinates within the range of curve points.
-int floored(qreal coordinate)
+int pixelOf(qreal coordinate)
 {
     constexpr int shift = 1 << 28;
     return static_cast<int>(coordinate + shift) - shift;
@@ -76,8 +76,8 @@ bool DenseKeyPainter::isHidden(const QVector<QPointF> &points, int piece)
     if (hidden)
         return true;
     const QRectF area = m_pen.areaOf(points.at(piece - 1), points.at(piece), m_ratio);
-    hidden = m_canvas.hides(floored(area.left()), floored(area.top()), floored(area.right()),
-                            floored(area.bottom()));
+    hidden = m_canvas.hides(pixelOf(area.left()), pixelOf(area.top()), pixelOf(area.right()),
+                            pixelOf(area.bottom()));
     return hidden;
 }
 
