@@ -42,8 +42,8 @@ struct FigureLines
     /// Omits invisible nodes with everything below them, and positions that are not finite, or too
     /// large for single precision. A bone has a line to each child bone, visible or not; without
     /// any, to its end point. A bone without an end point, parent bone and child bones has a line
-    /// along its Y axis: a tenth as long as all joints are apart, or 10. A node that is neither bone nor figure has axes, and so has the
-    /// primary selection.
+    /// along its Y axis: a tenth as long as all joints are apart, or 10. A node that is neither
+    /// bone nor figure has axes, and so has the primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);
 
     /// Every joint and the end of every bone.
