@@ -55,6 +55,7 @@ private:
     static int tabOf(const QTabBar &tabs, const PaneDock *dock);
     QTabBar *tabsOf(const PaneDock *dock) const;
     QWidget *place() const { return window()->findChild<QRubberBand *>("DockPlace"); }
+    QPoint nestedSeparator() const;
     void checkAllDocksHavePlaces(const QByteArray &what) const;
 };
 
@@ -272,37 +273,41 @@ void tst_DockGestures::aSeparatorIsDraggedWhileTheProgramMovesDocks()
         QVERIFY(window()->tabifiedDockWidgets(scene).contains(dock("VxParametersPane")));
 }
 
+/** Two docks beside each other below the scene tree: the separator between them. */
+QPoint tst_DockGestures::nestedSeparator() const
+{
+    PaneDock *left = dock("VxParametersPane");
+    window()->addDockWidget(Qt::LeftDockWidgetArea, left, Qt::Vertical);
+    window()->splitDockWidget(left, dock("VxConsolePane"), Qt::Horizontal);
+    QCoreApplication::processEvents();
+    return {left->geometry().right() + 3, left->geometry().center().y()};
+}
+
 void tst_DockGestures::theCursorShowsHowASeparatorMoves()
 {
-    PaneDock *scene = dock("VxScenePane");
-    PaneDock *parameters = dock("VxParametersPane");
-    window()->splitDockWidget(scene, parameters, Qt::Vertical);
-    QCoreApplication::processEvents();
+    const QPoint separator = nestedSeparator();
+    const QRect below = dock("VxParametersPane")->geometry();
     VxMouseDriver mouse(window());
-    const QRect place = scene->geometry();
-    mouse.moveTo(QPoint(place.center().x(), place.bottom() + 3));
-    QCOMPARE(window()->cursor().shape(), Qt::SplitVCursor);
-    mouse.moveTo(place.center());
-    QCOMPARE(window()->cursor().shape(), Qt::ArrowCursor);
-    mouse.moveTo(QPoint(place.right() + 3, place.center().y()));
+    mouse.moveTo(separator);
     QCOMPARE(window()->cursor().shape(), Qt::SplitHCursor);
+    mouse.moveTo(below.center());
+    QCOMPARE(window()->cursor().shape(), Qt::ArrowCursor);
+    mouse.moveTo(QPoint(below.center().x(), below.top() - 3));
+    QCOMPARE(window()->cursor().shape(), Qt::SplitVCursor);
 }
 
 /** The toolkit reads what it kept of the separator at the next movement of the mouse. */
 void tst_DockGestures::aSeparatorUnderTheMouseIsRemoved()
 {
     QFETCH(QByteArray, what);
-    PaneDock *scene = dock("VxScenePane");
-    PaneDock *parameters = dock("VxParametersPane");
-    window()->splitDockWidget(scene, parameters, Qt::Vertical);
-    QCoreApplication::processEvents();
+    const QPoint separator = nestedSeparator();
+    QVERIFY(window()->isSeparator(separator));
     VxMouseDriver mouse(window());
-    const QRect place = scene->geometry();
-    mouse.moveTo(QPoint(place.center().x(), place.bottom() + 3));
-    change(what, parameters);
+    mouse.moveTo(separator);
+    change(what, dock("VxParametersPane"));
     QCoreApplication::processEvents();
-    mouse.moveTo(place.center());
-    mouse.moveTo(QPoint(place.right() + 3, place.center().y()));
+    mouse.moveTo(dock("VxScenePane")->geometry().center());
+    mouse.moveTo(separator);
     checkAllDocksHavePlaces(what);
 }
 
