@@ -24,8 +24,6 @@ private Q_SLOTS:
     void aDraggedDockIsMovedByTheProgram();
     void aPressedTabIsMovedByTheProgram_data() { addChanges(); }
     void aPressedTabIsMovedByTheProgram();
-    void aTabIsDraggedOutWhileTheProgramMovesDocks_data() { addChanges(); }
-    void aTabIsDraggedOutWhileTheProgramMovesDocks();
     void tabsAreReorderedByADrag();
     void tabsOutOfUseAreNotDragged();
     void aSeparatorIsDraggedWhileTheProgramMovesDocks_data() { addChanges(); }
@@ -54,6 +52,11 @@ private:
     }
     static int tabOf(const QTabBar &tabs, const PaneDock *dock);
     QTabBar *tabsOf(const PaneDock *dock) const;
+    QPoint tabIn(const PaneDock *dock) const
+    {
+        const QTabBar *tabs = tabsOf(dock);
+        return tabs->mapTo(window(), tabs->tabRect(tabOf(*tabs, dock)).center());
+    }
     QWidget *place() const { return window()->findChild<QRubberBand *>("DockPlace"); }
     QPoint nestedSeparator() const;
     void checkAllDocksHavePlaces(const QByteArray &what) const;
@@ -177,11 +180,9 @@ void tst_DockGestures::aPressedTabIsMovedByTheProgram()
 {
     QFETCH(QByteArray, what);
     PaneDock *parameters = dock("VxParametersPane");
-    QTabBar *tabs = tabsOf(dock("VxHistoryPane"));
-    QVERIFY(tabs);
+    QVERIFY(tabsOf(dock("VxHistoryPane")));
     VxMouseDriver mouse(window());
-    const QPoint at =
-        tabs->mapTo(window(), tabs->tabRect(tabOf(*tabs, dock("VxHistoryPane"))).center());
+    const QPoint at = tabIn(dock("VxHistoryPane"));
     mouse.press(at);
     mouse.moveTo(at + QPoint(3, 0));
     change(what, dock("VxHistoryPane"));
@@ -190,28 +191,6 @@ void tst_DockGestures::aPressedTabIsMovedByTheProgram()
     mouse.release(at);
     checkAllDocksHavePlaces(what);
     QVERIFY(parameters->pane());
-}
-
-void tst_DockGestures::aTabIsDraggedOutWhileTheProgramMovesDocks()
-{
-    QFETCH(QByteArray, what);
-    QTabBar *tabs = tabsOf(dock("VxHistoryPane"));
-    QVERIFY(tabs);
-    VxMouseDriver mouse(window());
-    const QPoint at =
-        tabs->mapTo(window(), tabs->tabRect(tabOf(*tabs, dock("VxHistoryPane"))).center());
-    mouse.press(at);
-    for (int i = 1; i < 8; ++i) {
-        mouse.moveTo(at + QPoint(20 * i, -30 * i));
-        QCoreApplication::processEvents();
-    }
-    change(what, dock("VxHistoryPane"));
-    for (int i = 1; i < 8; ++i) {
-        mouse.moveTo(at + QPoint(140 + 20 * i, -210));
-        QCoreApplication::processEvents();
-    }
-    mouse.release(at);
-    checkAllDocksHavePlaces(what);
 }
 
 void tst_DockGestures::tabsAreReorderedByADrag()

@@ -1,5 +1,5 @@
 #include "testing/vxtestmain.h"
-#include "timepanetestbase.h"
+#include "transformrowstestbase.h"
 
 #include <QtTest/QAbstractItemModelTester>
 
@@ -27,12 +27,12 @@ double processorMilliseconds()
 
 // Rows by the thousand in a shown pane: deep chains, and nodes whose property rows are made when
 // they are needed.
-class TestDopeSheetManyRows : public QObject, private TimePaneTest
+class TestDopeSheetManyRows : public QObject, private TransformRowsTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { setUpRows(); }
     void cleanup() { tearDown(); }
 
     void chainsInLinearTime_data();
@@ -60,24 +60,7 @@ private:
     VxNode *addChain(int count);
     const VxDopeSheetModel *model() const { return view->getSourceModel(); }
     VxDopeSheetItem *itemOf(VxNode *node) const { return model()->findItem(node); }
-    void settle() const
-    {
-        QCoreApplication::processEvents();
-        pane->grab();
-    }
-
-    VxDopeSheetView *view = nullptr;
 };
-
-void TestDopeSheetManyRows::init()
-{
-    setUp();
-    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4});
-    for (const auto &action : actions)
-        action->setChecked(true);
-    showPane(1200, 500);
-    view = pane->getDopeSheetView();
-}
 
 VxNode *TestDopeSheetManyRows::addChain(int count)
 {

@@ -1,5 +1,5 @@
 #include "testing/vxtestmain.h"
-#include "timepanetestbase.h"
+#include "transformrowstestbase.h"
 
 #include <QtTest/QAbstractItemModelTester>
 
@@ -14,12 +14,12 @@
 
 // Property rows of nodes without keys exist only after they were opened; the text filter searches
 // their names nevertheless.
-class TestDopeSheetRowsOnDemand : public QObject, private TimePaneTest
+class TestDopeSheetRowsOnDemand : public QObject, private TransformRowsTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { setUpRows(); }
     void cleanup() { tearDown(); }
 
     void nodesTakeLittleMemory_data();
@@ -58,26 +58,9 @@ private:
         const VxDopeSheetItem *item = itemOf(node);
         return !item->hasRowsToMake() && !item->child(0)->hasRowsToMake();
     }
-    void settle() const
-    {
-        QCoreApplication::processEvents();
-        pane->grab();
-    }
     // The shown rows with their levels; open rows end in "-", closed rows with others below in "+".
     QStringList shown(const QModelIndex &parent = QModelIndex(), int level = 0) const;
-
-    VxDopeSheetView *view = nullptr;
 };
-
-void TestDopeSheetRowsOnDemand::init()
-{
-    setUp();
-    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4});
-    for (const auto &action : actions)
-        action->setChecked(true);
-    showPane(1200, 500);
-    view = pane->getDopeSheetView();
-}
 
 QStringList TestDopeSheetRowsOnDemand::shown(const QModelIndex &parent, int level) const
 {

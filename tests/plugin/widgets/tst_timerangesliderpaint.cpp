@@ -62,8 +62,8 @@ void TestTimeRangeSliderPaint::cursors()
     QVERIFY(!m_slider->testAttribute(Qt::WA_SetCursor));
 }
 
-// The range changes while the mouse rests: the press tells what is there by then, the release what
-// was hovered.
+// The range changes while the mouse does not move: the cursor of a press follows the new range,
+// that of the release the part that was hovered.
 void TestTimeRangeSliderPaint::cursorOfARangeThatCame()
 {
     m_mouse->moveTo(body());
@@ -76,7 +76,7 @@ void TestTimeRangeSliderPaint::cursorOfARangeThatCame()
     compareRange(2400, 4000);
 }
 
-// The mouse stands still, what lies beneath does not.
+// The range below a mouse that does not move changes.
 void TestTimeRangeSliderPaint::cursorAfterADoubleClick()
 {
     m_mouse->moveTo(QPoint(5, 10));

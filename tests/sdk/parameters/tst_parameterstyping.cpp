@@ -198,7 +198,7 @@ void TestParametersTyping::severalRowsAreCopiedAndPasted()
     x()->setStoredValue(0.12345679f);
     hip()->getYPosControl()->setStoredValue(-2.0f);
     VxMouseDriver mouse(port());
-    // A heading stands for its group.
+    // Copying a heading copies its whole group.
     mouse.click(view()->visualRect(model()->index(cell(x(), 0).row() - 1, 0)).center());
     QTest::keyClick(view(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString("0.12345679\n-2\n0"));
@@ -280,7 +280,7 @@ void TestParametersTyping::columnsFitTheWidth()
         QVERIFY(width(Model::ValueColumn) >= 64 && width(Model::ValueColumn) <= 160);
         QVERIFY(width(Model::LabelColumn) >= width(Model::ValueColumn));
     }
-    QCOMPARE(view()->getValueWidth(), 0); // nobody has chosen
+    QCOMPARE(view()->getValueWidth(), 0); // no width was set
     view()->header()->resizeSection(Model::ValueColumn, 300);
     QCOMPARE(view()->getValueWidth(), 300);
     m_pane->resize(200, 500);

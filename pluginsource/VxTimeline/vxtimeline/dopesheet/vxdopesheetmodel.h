@@ -17,8 +17,8 @@ class VxProperty;
 // The model follows the scene for the nodes that the pane adds: it creates a node's rows, moves
 // them when the node gets another parent, and removes them. The property rows of a node that has
 // nothing but its default controls are created on demand; a text filter matches their names
-// without creating them. The listed property types are fixed at
-// construction: other types need another model.
+// without creating them. The listed property types are fixed at construction: other types need
+// another model.
 //
 // Thousands of rows may report changes of keys, so every report becomes the same dataChanged() over
 // the root rows, and views repaint everything.
