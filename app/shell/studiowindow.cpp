@@ -77,6 +77,8 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);
     connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
+    connect(m_viewport, &ViewportWidget::message, this,
+            [this](const QString &text) { m_messages->showStatus(text); });
     updateTitle();
 }
 

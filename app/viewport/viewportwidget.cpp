@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <utility>
+#include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -40,6 +41,7 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     , m_scene(scene)
     , m_conventions(conventions)
     , m_frameSelection(new QAction(tr("Frame &Selection"), this))
+    , m_gesture(new VxGestureGuard(this))
 {
     setObjectName(QStringLiteral("Viewport"));
     setMinimumSize(120, 80);
@@ -54,6 +56,9 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     connect(scene, &VxScene::viewChanged, this, repaint);
     connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
     connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::frameFigure);
+    connect(scene, &VxScene::sceneLoadStarting, this, &ViewportWidget::cancelTools);
+    connect(scene, &VxScene::sceneClearStarting, this, &ViewportWidget::cancelTools);
+    connect(m_gesture, &VxGestureGuard::dropped, this, &ViewportWidget::cancelGesture);
 }
 
 void ViewportWidget::setCamera(const ViewportCamera &camera)
@@ -135,6 +140,13 @@ void ViewportWidget::paintEvent(QPaintEvent *)
     else
         FigurePainter(&painter, m_camera, palette())
             .paint(FigureLines::collect(*m_scene, m_scene->getTime()), m_hovered);
+    const QVector<ViewportTool *> tools = toolsByPriority();
+    for (auto tool = tools.rbegin(); tool != tools.rend(); ++tool) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        (*tool)->paint(&painter, m_camera, palette());
+        painter.restore();
+    }
 }
 
 void ViewportWidget::resizeEvent(QResizeEvent *)

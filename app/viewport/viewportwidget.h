@@ -2,6 +2,7 @@
 #define VIEWPORTWIDGET_H
 
 #include "viewport/viewportcamera.h"
+#include "viewport/viewporttool.h"
 
 #include <QPixmap>
 #include <QPoint>
@@ -9,16 +10,17 @@
 #include <QWidget>
 #include <vxcore/vxnode.h>
 
+class VxGestureGuard;
 class VxScene;
 class VxViewportMgr;
 
 /// The view of the scene at the current time: figures as lines and joints, other nodes as axes,
 /// over a ground grid.
 ///
-/// The mouse follows the viewport conventions; without its own operation there the left button
-/// orbits when dragged and selects when clicked, and the wheel zooms about the point under the
-/// mouse. The grid depends on the camera only and is cached as an image, so that playback paints
-/// the figures alone.
+/// The mouse follows the viewport conventions. Without its own operation there the left button is
+/// offered to the layers and the current tool; else it orbits when dragged and selects when
+/// clicked. The wheel zooms about the point under the mouse. The grid depends on the camera only
+/// and is cached as an image, so that playback paints the figures alone.
 class ViewportWidget : public QWidget
 {
     Q_OBJECT
@@ -33,6 +35,14 @@ public:
     VxNode *nodeAt(const QPoint &pixel) const;
     /// The highlighted node under the mouse, or null.
     VxNode *hoveredNode() const { return m_hovered; }
+
+    /// The tool of the left button; null, as initially, to select only. Borrowed; the former one's
+    /// unfinished gesture is cancelled.
+    void setTool(ViewportTool *tool);
+    ViewportTool *tool() const { return m_tool; }
+    /// Adds a layer above the figures, painted in this order and asked for presses in reverse,
+    /// before the tool. Borrowed; a destroyed one is removed.
+    void addLayer(ViewportTool *layer);
 
     /// For menus; F frames the selection while the view has the focus.
     QAction *frameSelectionAction() const { return m_frameSelection; }
@@ -50,7 +60,14 @@ public Q_SLOTS:
     /// nothing is selected. A single joint is shown with some of its surroundings.
     void frameSelection();
 
+Q_SIGNALS:
+    void toolChanged(ViewportTool *tool);
+    /// A text of a tool for the status line.
+    void message(const QString &text);
+
 protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -62,6 +79,14 @@ protected:
 
 private:
     int operationOf(const QMouseEvent *event) const;
+    void connectTool(ViewportTool *tool);
+    QVector<ViewportTool *> toolsByPriority() const;
+    bool pressTool(const QMouseEvent *event);
+    void hoverAt(const QMouseEvent *event);
+    void leaveTools();
+    void cancelGesture();
+    void cancelTools();
+    ViewportTool *toolForKey(const QKeyEvent *event) const;
     void dragCamera(const QPoint &to);
     void selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifiers);
     void setHovered(VxNode *node);
@@ -76,6 +101,11 @@ private:
     bool m_isEmpty = false; // no nodes when last painted
     QPixmap m_ground;       // null when it must be painted again
     QPointer<VxNode> m_hovered;
+    QPointer<ViewportTool> m_tool;
+    QVector<QPointer<ViewportTool>> m_layers;
+    VxGestureGuard *const m_gesture;
+    QPointer<ViewportTool> m_pressedTool; // from its press to its release
+    ViewportCamera m_pressCamera;         // restored when a camera drag is dropped
     Qt::MouseButton m_dragButton = Qt::NoButton;
     Qt::KeyboardModifiers m_pressModifiers;
     int m_dragOperation = 0;
