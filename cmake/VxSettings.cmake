@@ -62,8 +62,10 @@ if(NOT VX_SANITIZE)
   endif()
 endif()
 if(VX_SANITIZE)
+  # Checks of null pointers and alignment take a third of the time to compile. A null pointer that is
+  # used ends the program in any case, and this processor reads unaligned memory.
   target_compile_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE} -fno-omit-frame-pointer
-    -fno-sanitize-recover=undefined)
+    -fno-sanitize-recover=undefined -fno-sanitize=null,alignment)
   target_link_options(vx_settings INTERFACE -fsanitize=${VX_SANITIZE})
 endif()
 
