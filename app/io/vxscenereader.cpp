@@ -42,6 +42,7 @@ private:
     bool readHeader(const QString &name, VxSceneContents *contents);
     void readFormat();
     VxTimeRange readRange();
+    VxCameraState readCamera();
     void readNode();
     bool readNodeMember(const QString &name, NodeRecord &record);
     void checkDepth(NodeRecord &record);
@@ -119,11 +120,37 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         contents->looping = m_input.boolean();
     else if (is("animating"))
         contents->animating = m_input.boolean();
+    else if (is("camera"))
+        contents->camera = readCamera();
     else if (is("nodes"))
         m_input.array([this] { readNode(); });
     else
         return false;
     return true;
+}
+
+/** Numbers out of range become the nearest valid ones. */
+VxCameraState SceneBuilder::readCamera()
+{
+    VxCameraState camera;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("target"))
+            camera.target = readVector();
+        else if (name == QLatin1String("distance"))
+            camera.distance = m_input.singleNumber();
+        else if (name == QLatin1String("yaw"))
+            camera.yaw = m_input.singleNumber();
+        else if (name == QLatin1String("pitch"))
+            camera.pitch = m_input.singleNumber();
+        else if (name == QLatin1String("fieldOfView"))
+            camera.fieldOfView = m_input.singleNumber();
+        else if (name == QLatin1String("orthographic"))
+            camera.orthographic = m_input.boolean();
+        else
+            return false;
+        return true;
+    });
+    return camera.corrected();
 }
 
 QVector3D SceneBuilder::readVector()
@@ -344,6 +371,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->setTime(contents.time);
     scene->loopPlayback(contents.looping);
     scene->setAnimating(contents.animating);
+    VxSceneCamera::of(scene)->setState(contents.camera);
     for (auto &node : contents.rootNodes)
         scene->addNode(node.release());
     contents.rootNodes.clear();

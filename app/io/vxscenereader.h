@@ -3,6 +3,7 @@
 
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"
+#include "io/vxscenecamera.h"
 
 #include <QStringList>
 #include <memory>
@@ -27,6 +28,7 @@ struct VxSceneContents
     VxTimeRange playRange;
     VxTimeRange animRange;
     VxSceneViews::Views views;
+    std::optional<VxCameraState> camera;
     bool looping = false;
     bool animating = true;
     /// Members of the file that this version does not support, each name once.

@@ -2,6 +2,7 @@
 
 #include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
+#include "io/vxscenecamera.h"
 #include "io/vxscenefile.h"
 
 #include <QCborStreamWriter>
@@ -41,6 +42,7 @@ public:
 private:
     void countProperties(VxElement *element);
     void writeHeader();
+    void writeCamera(const VxCameraState &camera);
     void writeNode(VxNode *node, int parent);
     void writeElement(VxElement *element);
     void writeObject(VxObject *object);
@@ -159,6 +161,22 @@ void SceneStream::writeHeader()
     }
     flag("looping", m_scene->isLoopingEnabled(), false);
     flag("animating", m_scene->isAnimating(), true);
+    if (const auto camera = VxSceneCamera::stateOf(m_scene))
+        writeCamera(*camera);
+}
+
+void SceneStream::writeCamera(const VxCameraState &camera)
+{
+    m_present = m_scene;
+    key("camera");
+    m_out.startMap();
+    numbers("target", {camera.target.x(), camera.target.y(), camera.target.z()});
+    number("distance", camera.distance);
+    number("yaw", camera.yaw);
+    number("pitch", camera.pitch);
+    number("fieldOfView", camera.fieldOfView);
+    flag("orthographic", camera.orthographic, false);
+    m_out.endMap();
 }
 
 bool SceneStream::write(const VxFileProgress &progress)

@@ -5,6 +5,7 @@
 #include "pose/vxposeactions.h"
 #include "scenetree/vxscenepane.h"
 #include "shell/vxhistorypane.h"
+#include "viewport/vxcameraactions.h"
 
 #include <vxcore/vxscriptablefactory.h>
 
@@ -69,6 +70,24 @@ QVector<VxClassFactory *> createFactories()
     return {&createNode, &createSkeleton, &createBone, &createFigure, &duplicateNodes, &groupNodes};
 }
 
+QVector<VxClassFactory *> cameraFactories()
+{
+    static VxScriptableFactoryOf<VxFrameAllAction> frameAll("4F8036EC-0144-491D-A4B8-9F2E6056D35B");
+    static VxScriptableFactoryOf<VxFrontViewAction> front("B3A524E7-DCAE-4991-9F63-10C846246DD6");
+    static VxScriptableFactoryOf<VxBackViewAction> back("05CADCE6-1CCF-4498-AB62-33B22E7083C4");
+    static VxScriptableFactoryOf<VxSideViewAction> side("2F216333-4C2C-4C27-A35B-536FD42186ED");
+    static VxScriptableFactoryOf<VxOppositeSideViewAction> oppositeSide(
+        "301E68B9-1007-416B-8680-4C78CA02F662");
+    static VxScriptableFactoryOf<VxTopViewAction> top("31F498E8-D146-430C-8160-D920950270D2");
+    static VxScriptableFactoryOf<VxBottomViewAction> bottom("20D0AA2F-2091-4123-A2F2-93F97126DDFA");
+    static VxScriptableFactoryOf<VxPerspectiveAction> perspective(
+        "005F31EB-B130-44D5-AB2F-79C83EBDDF62");
+    static VxScriptableFactoryOf<VxFieldOfViewAction> fieldOfView(
+        "063B74C2-F3CF-44CF-A911-34F9B034F8CB");
+    return {&frameAll, &front,  &back,        &side,       &oppositeSide,
+            &top,      &bottom, &perspective, &fieldOfView};
+}
+
 } // namespace
 
 QVector<VxClassFactory *> studioClassFactories()
@@ -77,5 +96,5 @@ QVector<VxClassFactory *> studioClassFactories()
     static PaneFactory<VxHistoryPane> historyPane("6B0D9D0E-2A57-4C7B-9B1E-52C0A3E4F7D2");
     static PaneFactory<VxConsolePane> consolePane("B41F7C35-8E0A-4D96-A6B3-9D2E1F60C8A4");
     return QVector<VxClassFactory *>{&scenePane, &historyPane, &consolePane} + createFactories() +
-           poseFactories();
+           poseFactories() + cameraFactories();
 }

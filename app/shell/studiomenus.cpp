@@ -137,13 +137,11 @@ void StudioMenus::setRevertEnabled(bool enabled)
 void StudioMenus::buildViewMenu()
 {
     QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
-    addEntry(menu,
-             {"StudioFrameAll", tr("&Frame All"), tr("Frames the whole scene in the viewport."),
-              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
-             &StudioMenus::frameAllRequested);
+    // Filled by the actions.
+    QMenu *camera = menu->addMenu(tr("&Camera"));
     QAction *frameSelection = m_window->viewport()->frameSelectionAction();
     frameSelection->setStatusTip(tr("Frames the selected nodes in the viewport."));
-    menu->addAction(frameSelection);
+    camera->addAction(frameSelection);
     menu->addSeparator();
     addTimeViews(menu);
     menu->addSeparator();

@@ -45,7 +45,6 @@ Q_SIGNALS:
     void importReportRequested();
     void recoverRequested();
     void quitRequested();
-    void frameAllRequested();
     void defaultLayoutRequested();
     void shortcutsRequested();
     void paletteRequested(VxStyle::ColorScheme scheme);

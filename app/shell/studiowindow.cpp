@@ -98,7 +98,6 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
             &RecoveryController::offerOnDemand);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
-    connect(m_menus, &StudioMenus::frameAllRequested, m_viewport, &ViewportWidget::frameAll);
     connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
         applyDefaultLayout();
         m_messages->showStatus(tr("The default pane layout has been restored."));

@@ -27,27 +27,32 @@ float groundGridStep(float viewDistance)
     return power * (digit < 1.5f ? 1 : digit < 3.5f ? 2 : digit < 7.5f ? 5 : 10);
 }
 
-QVector<GroundLine> groundGrid(const QVector3D &center, float step)
+QVector<GroundLine> groundGrid(const QVector3D &center, float step, GridPlane plane)
 {
     // Around a major line, so that the pattern stays in place when the view moves.
     const auto nearestMajor = [step](float at) {
         return qint64(std::llround(at / (step * MajorEvery))) * MajorEvery;
     };
-    const qint64 middleX = nearestMajor(center.x());
-    const qint64 middleZ = nearestMajor(center.z());
-    const auto at = [step](qint64 number) { return float(number) * step; };
+    const int u = plane == GridPlane::YZ ? 1 : 0;
+    const int v = plane == GridPlane::XY ? 1 : 2;
+    const qint64 middleU = nearestMajor(center[u]);
+    const qint64 middleV = nearestMajor(center[v]);
+    const auto at = [step, u, v](qint64 numberU, qint64 numberV) {
+        QVector3D point;
+        point[u] = float(numberU) * step;
+        point[v] = float(numberV) * step;
+        return point;
+    };
+    static constexpr GroundLine::Role axes[] = {GroundLine::XAxis, GroundLine::YAxis,
+                                                GroundLine::ZAxis};
 
     QVector<GroundLine> lines;
     lines.reserve(4 * LinesToEachSide + 2);
     for (int i = -LinesToEachSide; i <= LinesToEachSide; ++i) {
-        const qint64 x = middleX + i;
-        const qint64 z = middleZ + i;
-        lines.append({{at(x), 0, at(middleZ - LinesToEachSide)},
-                      {at(x), 0, at(middleZ + LinesToEachSide)},
-                      roleOf(x, GroundLine::ZAxis)});
-        lines.append({{at(middleX - LinesToEachSide), 0, at(z)},
-                      {at(middleX + LinesToEachSide), 0, at(z)},
-                      roleOf(z, GroundLine::XAxis)});
+        lines.append({at(middleU + i, middleV - LinesToEachSide),
+                      at(middleU + i, middleV + LinesToEachSide), roleOf(middleU + i, axes[v])});
+        lines.append({at(middleU - LinesToEachSide, middleV + i),
+                      at(middleU + LinesToEachSide, middleV + i), roleOf(middleV + i, axes[u])});
     }
     std::stable_sort(lines.begin(), lines.end(),
                      [](const GroundLine &a, const GroundLine &b) { return a.role < b.role; });

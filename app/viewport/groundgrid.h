@@ -4,10 +4,10 @@
 #include <QVector3D>
 #include <QVector>
 
-/// One line of the ground grid, at height 0.
+/// One line of the grid, on a plane through the world's origin.
 struct GroundLine
 {
-    enum Role { Minor, Major, XAxis, ZAxis };
+    enum Role { Minor, Major, XAxis, YAxis, ZAxis };
 
     QVector3D from;
     QVector3D to;
@@ -18,8 +18,12 @@ struct GroundLine
 /// about a twelfth of the distance. 1 for a distance that is not above 0.
 float groundGridStep(float viewDistance);
 
-/// The lines around the point below `center`, on whole multiples of `step`, every fifth a major
-/// one; minor lines first, axes last, so that important lines are painted on top.
-QVector<GroundLine> groundGrid(const QVector3D &center, float step);
+/// The plane of a grid, by its two axes; ZX is the ground.
+enum class GridPlane { ZX, XY, YZ };
+
+/// The lines around the point next to `center` on the plane, on whole multiples of `step`, every
+/// fifth a major one; minor lines first, axes last, so that important lines are painted on top.
+QVector<GroundLine> groundGrid(const QVector3D &center, float step,
+                               GridPlane plane = GridPlane::ZX);
 
 #endif

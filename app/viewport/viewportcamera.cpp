@@ -5,15 +5,12 @@
 #include <QRectF>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
-constexpr float HalfFieldOfView = 20; // degrees, over the shorter side of the view
 constexpr float DegreesPerPixel = 0.4f;
-constexpr float SteepestPitch = 89;
-// Figures come in any unit of length, from kilometres to microns.
-constexpr float SmallestDistance = 1e-6f;
-constexpr float LargestDistance = 1e18f;
+constexpr float SteepestPitch = 90;
 constexpr double Surroundings = 64; // pixels around the view in which lines are drawn, too
 constexpr float AxisPixels = 30;
 
@@ -65,21 +62,46 @@ void ViewportCamera::setViewSize(const QSizeF &size)
 
 QVector3D ViewportCamera::eye() const
 {
-    return m_target + m_back * m_distance;
+    return m_state.target + m_back * m_state.distance;
+}
+
+void ViewportCamera::setState(const VxCameraState &state)
+{
+    m_state = state.corrected();
+    updateAxes();
+}
+
+void ViewportCamera::setFieldOfView(float degrees)
+{
+    VxCameraState changed = m_state;
+    changed.fieldOfView = degrees;
+    changed = changed.corrected();
+    const float before = slope();
+    m_state.fieldOfView = changed.fieldOfView;
+    m_state.distance = std::clamp(m_state.distance * before / slope(), VxCameraState::MinDistance,
+                                  VxCameraState::MaxDistance);
+}
+
+void ViewportCamera::setDirection(float yaw, float pitch)
+{
+    VxCameraState changed = m_state;
+    changed.yaw = yaw;
+    changed.pitch = pitch;
+    setState(changed);
 }
 
 void ViewportCamera::orbit(const QPointF &pixels)
 {
-    m_yaw = std::fmod(m_yaw - float(pixels.x()) * DegreesPerPixel, 360.0f);
-    m_pitch =
-        std::clamp(m_pitch + float(pixels.y()) * DegreesPerPixel, -SteepestPitch, SteepestPitch);
+    m_state.yaw = std::fmod(m_state.yaw - float(pixels.x()) * DegreesPerPixel, 360.0f);
+    m_state.pitch = std::clamp(m_state.pitch + float(pixels.y()) * DegreesPerPixel, -SteepestPitch,
+                               SteepestPitch);
     updateAxes();
 }
 
 void ViewportCamera::pan(const QPointF &pixels)
 {
     const float units = unitsPerPixel();
-    m_target += m_up * (float(pixels.y()) * units) - m_right * (float(pixels.x()) * units);
+    m_state.target += m_up * (float(pixels.y()) * units) - m_right * (float(pixels.x()) * units);
 }
 
 void ViewportCamera::zoom(double factor)
@@ -93,30 +115,32 @@ void ViewportCamera::zoom(double factor, const QPointF &pixel)
         return;
     const QPointF offset = pixel - QPointF(m_size.width(), m_size.height()) / 2;
     const float before = unitsPerPixel();
-    m_distance = float(
-        std::clamp(double(m_distance) / factor, double(SmallestDistance), double(LargestDistance)));
+    m_state.distance =
+        float(std::clamp(double(m_state.distance) / factor, double(VxCameraState::MinDistance),
+                         double(VxCameraState::MaxDistance)));
     const float gained = before - unitsPerPixel();
-    m_target += (m_right * float(offset.x()) - m_up * float(offset.y())) * gained;
+    m_state.target += (m_right * float(offset.x()) - m_up * float(offset.y())) * gained;
 }
 
 void ViewportCamera::frame(const QVector<QVector3D> &points, float heightPart)
 {
     if (points.isEmpty())
         return;
-    m_target = PointBox(points).middle();
+    m_state.target = PointBox(points).middle();
     const float side = float(std::min(m_size.width(), m_size.height()));
-    const float slope = std::tan(radians(HalfFieldOfView)) / side;
-    const float slopeX = slope * FramedPart * float(m_size.width());
-    const float slopeY = slope * heightPart * float(m_size.height());
+    const float slopeX = slope() / side * FramedPart * float(m_size.width());
+    const float slopeY = slope() / side * heightPart * float(m_size.height());
     float needed = 0;
     for (const QVector3D &point : points) {
-        const QVector3D offset = point - m_target;
+        const QVector3D offset = point - m_state.target;
         const float x = std::abs(QVector3D::dotProduct(offset, m_right));
         const float y = std::abs(QVector3D::dotProduct(offset, m_up));
-        const float nearer = QVector3D::dotProduct(offset, m_back);
+        const float nearer = isOrthographic() ? 0 : QVector3D::dotProduct(offset, m_back);
         needed = std::max(needed, std::max(x / slopeX, y / slopeY) + nearer);
     }
-    m_distance = needed > 0 ? std::clamp(needed, SmallestDistance, LargestDistance) : FirstDistance;
+    m_state.distance =
+        needed > 0 ? std::clamp(needed, VxCameraState::MinDistance, VxCameraState::MaxDistance)
+                   : VxCameraState().distance;
 }
 
 std::optional<QPointF> ViewportCamera::project(const QVector3D &point) const
@@ -146,7 +170,31 @@ std::optional<QLineF> ViewportCamera::project(const QVector3D &from, const QVect
 float ViewportCamera::unitsPerPixel() const
 {
     const float side = float(std::min(m_size.width(), m_size.height()));
-    return 2 * m_distance * std::tan(radians(HalfFieldOfView)) / side;
+    return 2 * m_state.distance * slope() / side;
+}
+
+float ViewportCamera::unitsPerPixel(const QVector3D &point) const
+{
+    return isOrthographic() ? unitsPerPixel()
+                            : unitsPerPixel() * std::max(0.0f, depth(point)) / m_state.distance;
+}
+
+float ViewportCamera::standardDistance() const
+{
+    return m_state.distance * slope() / std::tan(radians(VxCameraState().fieldOfView / 2));
+}
+
+QVector3D ViewportCamera::pointAt(const QPointF &pixel, float depth) const
+{
+    const QPointF offset = pixel - QPointF(m_size.width(), m_size.height()) / 2;
+    const float units = unitsPerPixel() * (isOrthographic() ? 1 : depth / m_state.distance);
+    return eye() - m_back * depth +
+           (m_right * float(offset.x()) - m_up * float(offset.y())) * units;
+}
+
+QVector3D ViewportCamera::directionAt(const QPointF &pixel) const
+{
+    return isOrthographic() ? -m_back : (pointAt(pixel, m_state.distance) - eye()).normalized();
 }
 
 float ViewportCamera::depth(const QVector3D &point) const
@@ -162,27 +210,34 @@ float ViewportCamera::axisLength() const
 /** x to the right, y up, z the depth before the eye. */
 QVector3D ViewportCamera::toView(const QVector3D &point) const
 {
-    const QVector3D offset = point - m_target;
+    const QVector3D offset = point - m_state.target;
     return {QVector3D::dotProduct(offset, m_right), QVector3D::dotProduct(offset, m_up),
-            m_distance - QVector3D::dotProduct(offset, m_back)};
+            m_state.distance - QVector3D::dotProduct(offset, m_back)};
 }
 
 QPointF ViewportCamera::toPixel(const QVector3D &viewPoint) const
 {
-    const double pixelsPerUnit = double(m_distance) / double(unitsPerPixel() * viewPoint.z());
+    const double depth = isOrthographic() ? double(m_state.distance) : double(viewPoint.z());
+    const double pixelsPerUnit = double(m_state.distance) / (double(unitsPerPixel()) * depth);
     return {m_size.width() / 2 + double(viewPoint.x()) * pixelsPerUnit,
             m_size.height() / 2 - double(viewPoint.y()) * pixelsPerUnit};
 }
 
 float ViewportCamera::nearDepth() const
 {
-    return m_distance / 1000;
+    return isOrthographic() ? std::numeric_limits<float>::lowest() : m_state.distance / 1000;
+}
+
+/** Half of what the shorter side of the view shows at a distance of 1. */
+float ViewportCamera::slope() const
+{
+    return std::tan(radians(m_state.fieldOfView / 2));
 }
 
 void ViewportCamera::updateAxes()
 {
-    const float yaw = radians(m_yaw);
-    const float pitch = radians(m_pitch);
+    const float yaw = radians(m_state.yaw);
+    const float pitch = radians(m_state.pitch);
     m_right = {std::cos(yaw), 0, -std::sin(yaw)};
     m_back = {std::sin(yaw) * std::cos(pitch), std::sin(pitch), std::cos(yaw) * std::cos(pitch)};
     m_up = QVector3D::crossProduct(m_back, m_right);

@@ -1,6 +1,8 @@
 #ifndef VIEWPORTCAMERA_H
 #define VIEWPORTCAMERA_H
 
+#include "io/vxscenecamera.h"
+
 #include <QLineF>
 #include <QPointF>
 #include <QSizeF>
@@ -19,10 +21,29 @@ public:
     void setViewSize(const QSizeF &size);
     QSizeF viewSize() const { return m_size; }
 
-    QVector3D target() const { return m_target; }
+    QVector3D target() const { return m_state.target; }
     /// From the target to the eye, above 0.
-    float distance() const { return m_distance; }
+    float distance() const { return m_state.distance; }
     QVector3D eye() const;
+    /// From the target toward the eye, of length 1; the view's right and up are at right angles.
+    QVector3D back() const { return m_back; }
+    QVector3D right() const { return m_right; }
+    QVector3D up() const { return m_up; }
+
+    /// Everything but the view's size, for a document; a state that is not valid is corrected.
+    const VxCameraState &state() const { return m_state; }
+    void setState(const VxCameraState &state);
+
+    /// Without perspective, lines that are parallel in the world are parallel in the view. Sizes at
+    /// the target's depth stay as they are.
+    bool isOrthographic() const { return m_state.orthographic; }
+    void setOrthographic(bool orthographic) { m_state.orthographic = orthographic; }
+    /// Degrees over the shorter side of the view; limited as in VxCameraState. The eye moves, so
+    /// that sizes at the target's depth stay as they are.
+    float fieldOfView() const { return m_state.fieldOfView; }
+    void setFieldOfView(float degrees);
+    /// Degrees, as in VxCameraState.
+    void setDirection(float yaw, float pitch);
 
     /// Orbits about the target for a mouse delta in pixels; never over the top.
     void orbit(const QPointF &pixels);
@@ -45,33 +66,37 @@ public:
 
     /// The distance of a point from the eye, along the view's direction; below 0 behind it.
     float depth(const QVector3D &point) const;
+    /// The point seen at a pixel, at a depth from the eye.
+    QVector3D pointAt(const QPointF &pixel, float depth) const;
+    /// The direction from the eye to what a pixel shows, of length 1.
+    QVector3D directionAt(const QPointF &pixel) const;
     /// World units that one pixel covers at the target's depth.
     float unitsPerPixel() const;
+    /// The same at a point's depth; 0 for a point behind the eye.
+    float unitsPerPixel(const QVector3D &point) const;
+    /// The distance from which the initial field of view shows as much as this camera.
+    float standardDistance() const;
     /// World units of the axes that show a node: the same part of the view at any distance.
     float axisLength() const;
 
     friend bool operator==(const ViewportCamera &a, const ViewportCamera &b)
     {
-        return a.m_size == b.m_size && a.m_target == b.m_target && a.m_distance == b.m_distance &&
-               a.m_yaw == b.m_yaw && a.m_pitch == b.m_pitch;
+        return a.m_size == b.m_size && a.m_state == b.m_state;
     }
     friend bool operator!=(const ViewportCamera &a, const ViewportCamera &b) { return !(a == b); }
 
 private:
-    static constexpr float FirstDistance = 6;
     static constexpr float FramedPart = 0.85f; // of the view
 
     QVector3D toView(const QVector3D &point) const;
     QPointF toPixel(const QVector3D &viewPoint) const;
     float nearDepth() const;
+    float slope() const;
     void updateAxes();
 
     QSizeF m_size{100, 100};
-    QVector3D m_target{0, 1, 0};
-    float m_distance = FirstDistance;
-    float m_yaw = 35;   // degrees about the vertical axis; 0 looks along -z
-    float m_pitch = 18; // degrees above the ground
-    QVector3D m_right;  // the view's axes, from the two angles
+    VxCameraState m_state;
+    QVector3D m_right; // the view's axes, from the two angles
     QVector3D m_up;
     QVector3D m_back;
 };

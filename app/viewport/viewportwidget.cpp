@@ -4,10 +4,12 @@
 #include "viewport/figurepainter.h"
 #include "viewport/groundgrid.h"
 #include "viewport/pointbox.h"
+#include "viewport/viewportkeys.h"
 
 #include <QAction>
 #include <QEvent>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
@@ -15,6 +17,7 @@
 namespace {
 
 constexpr int FramedPoses = 9;
+constexpr int NameMargin = 6;                // pixels
 constexpr float FigureHeightPart = 2.0f / 3; // of the view's height, after a file was opened
 // A single joint is framed with this part of the scene's size around it.
 constexpr float LoneJointReach = 0.05f;
@@ -28,10 +31,43 @@ QColor groundColor(GroundLine::Role role, const QPalette &palette)
         return viewportColor("Style_Graph_Grid_Major", palette.color(QPalette::Dark));
     case GroundLine::XAxis:
         return viewportColor("Style_X_Axis", Qt::red);
+    case GroundLine::YAxis:
+        return viewportColor("Style_Y_Axis", Qt::green);
     case GroundLine::ZAxis:
         return viewportColor("Style_Z_Axis", Qt::blue);
     }
     return QColor();
+}
+
+bool looksAlong(const VxCameraState &camera, float yaw, float pitch)
+{
+    return camera.pitch == pitch && std::fmod(camera.yaw - yaw, 360.0f) == 0;
+}
+
+QString viewName(const VxCameraState &camera)
+{
+    if (!camera.orthographic)
+        return ViewportWidget::tr("Perspective");
+    if (camera.pitch == 90)
+        return ViewportWidget::tr("Top");
+    if (camera.pitch == -90)
+        return ViewportWidget::tr("Bottom");
+    return looksAlong(camera, 0, 0)     ? ViewportWidget::tr("Front")
+           : looksAlong(camera, 180, 0) ? ViewportWidget::tr("Back")
+           : looksAlong(camera, 90, 0)  ? ViewportWidget::tr("Side (+X)")
+           : looksAlong(camera, -90, 0) ? ViewportWidget::tr("Side (-X)")
+                                        : ViewportWidget::tr("Orthographic");
+}
+
+/** The plane that is seen as a whole; the ground, unless that is seen as a line. */
+GridPlane gridPlane(const ViewportCamera &camera)
+{
+    const VxCameraState &state = camera.state();
+    if (!state.orthographic)
+        return GridPlane::ZX;
+    return looksAlong(state, 0, 0) || looksAlong(state, 180, 0)    ? GridPlane::XY
+           : looksAlong(state, 90, 0) || looksAlong(state, -90, 0) ? GridPlane::YZ
+                                                                   : GridPlane::ZX;
 }
 
 } // namespace
@@ -55,19 +91,37 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     const auto repaint = [this] { update(); };
     connect(scene, &VxScene::viewChanged, this, repaint);
     connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
-    connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::frameFigure);
     connect(scene, &VxScene::sceneLoadStarting, this, &ViewportWidget::cancelTools);
     connect(scene, &VxScene::sceneClearStarting, this, &ViewportWidget::cancelTools);
     connect(m_gesture, &VxGestureGuard::dropped, this, &ViewportWidget::cancelGesture);
+    connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::showDocument);
+    new ViewportKeys(this);
 }
 
 void ViewportWidget::setCamera(const ViewportCamera &camera)
+{
+    showCamera(camera);
+    VxSceneCamera::of(m_scene)->setState(camera.state());
+}
+
+void ViewportWidget::showCamera(const ViewportCamera &camera)
 {
     if (camera == m_camera)
         return;
     m_camera = camera;
     m_ground = QPixmap();
     update();
+    Q_EMIT cameraChanged();
+}
+
+void ViewportWidget::showDocument()
+{
+    const std::optional<VxCameraState> stored = VxSceneCamera::stateOf(m_scene);
+    ViewportCamera camera = m_camera;
+    camera.setState(stored.value_or(VxCameraState()));
+    showCamera(camera);
+    if (!stored)
+        frameFigure();
 }
 
 QSize ViewportWidget::sizeHint() const
@@ -81,15 +135,18 @@ void ViewportWidget::frameFigure()
     const QVector<QVector3D> points =
         FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints();
     if (points.isEmpty()) {
-        frameAll();
+        ViewportCamera camera = m_camera;
+        camera.frame(scenePoints());
+        showCamera(camera);
         return;
     }
     ViewportCamera camera = m_camera;
     camera.frame(points, FigureHeightPart);
-    setCamera(camera);
+    showCamera(camera);
 }
 
-void ViewportWidget::frameAll()
+/** All positions within the play range; the world's origin in an empty scene. */
+QVector<QVector3D> ViewportWidget::scenePoints() const
 {
     QVector<QVector3D> points;
     const VxTimeRange range = m_scene->getPlayRange();
@@ -97,8 +154,13 @@ void ViewportWidget::frameAll()
         const qint64 offset = qint64(range.getDuration()) * i / (FramedPoses - 1);
         points += FigureLines::collect(*m_scene, VxTime(range.getStart() + offset)).points();
     }
+    return points.isEmpty() ? QVector<QVector3D>{QVector3D()} : points;
+}
+
+void ViewportWidget::frameAll()
+{
     ViewportCamera camera = m_camera;
-    camera.frame(points.isEmpty() ? QVector<QVector3D>{QVector3D()} : points);
+    camera.frame(scenePoints());
     setCamera(camera);
 }
 
@@ -171,12 +233,21 @@ void ViewportWidget::updateGround()
     m_ground.fill(viewportColor("Style_Graph_Background", palette().color(QPalette::Base)));
     QPainter painter(&m_ground);
     painter.setRenderHint(QPainter::Antialiasing);
-    const float step = groundGridStep(m_camera.distance());
-    for (const GroundLine &line : groundGrid(m_camera.target(), step)) {
+    const float step = groundGridStep(m_camera.standardDistance());
+    for (const GroundLine &line : groundGrid(m_camera.target(), step, gridPlane(m_camera))) {
         painter.setPen(QPen(groundColor(line.role, palette()), 1));
         if (const auto shown = m_camera.project(line.from, line.to))
             painter.drawLine(*shown);
     }
+    paintViewName(&painter, step);
+}
+
+void ViewportWidget::paintViewName(QPainter *painter, float gridStep) const
+{
+    painter->setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter->drawText(rect().adjusted(NameMargin, 0, 0, -NameMargin),
+                      Qt::AlignLeft | Qt::AlignBottom,
+                      tr("%1   Grid: %2").arg(viewName(m_camera.state())).arg(double(gridStep)));
 }
 
 void ViewportWidget::paintHint(QPainter *painter) const

@@ -29,6 +29,7 @@ public:
     ViewportWidget(VxScene *scene, const VxViewportMgr *conventions, QWidget *parent = nullptr);
 
     const ViewportCamera &camera() const { return m_camera; }
+    /// Becomes the document's camera, too.
     void setCamera(const ViewportCamera &camera);
 
     /// The node that a click at a pixel would select; null for none.
@@ -51,8 +52,8 @@ public:
 
 public Q_SLOTS:
     /// Shows the figures in their current pose at two thirds of the view's height; everything in a
-    /// scene without bones. Done whenever a document was loaded, and when the first figure appears
-    /// in an empty view.
+    /// scene without bones. Done when a document without a camera was loaded, and when the first
+    /// figure appears in an empty view.
     void frameFigure();
     /// Shows all positions within the play range; the world's origin in an empty scene.
     void frameAll();
@@ -64,6 +65,7 @@ Q_SIGNALS:
     void toolChanged(ViewportTool *tool);
     /// A text of a tool for the status line.
     void message(const QString &text);
+    void cameraChanged();
 
 protected:
     bool event(QEvent *event) override;
@@ -90,8 +92,12 @@ private:
     void dragCamera(const QPoint &to);
     void selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifiers);
     void setHovered(VxNode *node);
+    void showCamera(const ViewportCamera &camera);
+    void showDocument();
+    QVector<QVector3D> scenePoints() const;
     void frameFirstFigure();
     void updateGround();
+    void paintViewName(QPainter *painter, float gridStep) const;
     void paintHint(QPainter *painter) const;
 
     VxScene *const m_scene;
