@@ -30,7 +30,10 @@ const QVector<Section> &mouseSections()
           {QT_TRANSLATE_NOOP("KeyOverview", "Wheel"),
            QT_TRANSLATE_NOOP("KeyOverview", "zooms at the mouse position")},
           {QT_TRANSLATE_NOOP("KeyOverview", "F"),
-           QT_TRANSLATE_NOOP("KeyOverview", "frames the selected nodes")}}},
+           QT_TRANSLATE_NOOP("KeyOverview", "frames the selected nodes")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "1, 3, 7 on the number pad"),
+           QT_TRANSLATE_NOOP("KeyOverview", "front, side and top view; Ctrl: from the opposite "
+                                            "side. 5 toggles perspective")}}},
         {QT_TRANSLATE_NOOP("KeyOverview", "Scene"),
          {{QT_TRANSLATE_NOOP("KeyOverview", "F2 or double click"),
            QT_TRANSLATE_NOOP("KeyOverview", "renames a node")},

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr float DegreesPerPixel = 0.4f;
-constexpr float SteepestPitch = 90;
+constexpr float SteepestPitch = 89; // of a drag
 constexpr double Surroundings = 64; // pixels around the view in which lines are drawn, too
 constexpr float AxisPixels = 30;
 

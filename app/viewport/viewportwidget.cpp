@@ -95,6 +95,8 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     connect(scene, &VxScene::sceneClearStarting, this, &ViewportWidget::cancelTools);
     connect(m_gesture, &VxGestureGuard::dropped, this, &ViewportWidget::cancelGesture);
     connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::showDocument);
+    connect(scene, &VxScene::sceneLoadStarting, this, [this] { m_isNewDocument = false; });
+    connect(scene, &VxScene::sceneCleared, this, [this] { m_isNewDocument = true; });
     new ViewportKeys(this);
 }
 
@@ -111,16 +113,22 @@ void ViewportWidget::showCamera(const ViewportCamera &camera)
     m_camera = camera;
     m_ground = QPixmap();
     update();
+    VxSceneCamera *stored = VxSceneCamera::of(m_scene);
+    if (stored->state())
+        stored->setState(camera.state());
     Q_EMIT cameraChanged();
 }
 
+/** A motion that was imported into the scene is shown as a new document is. */
 void ViewportWidget::showDocument()
 {
     const std::optional<VxCameraState> stored = VxSceneCamera::stateOf(m_scene);
-    ViewportCamera camera = m_camera;
-    camera.setState(stored.value_or(VxCameraState()));
-    showCamera(camera);
-    if (!stored)
+    if (m_isNewDocument) {
+        ViewportCamera camera = m_camera;
+        camera.setState(stored.value_or(VxCameraState()));
+        showCamera(camera);
+    }
+    if (!m_isNewDocument || !stored)
         frameFigure();
 }
 

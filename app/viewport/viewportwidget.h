@@ -104,8 +104,9 @@ private:
     const VxViewportMgr *const m_conventions;
     QAction *m_frameSelection;
     ViewportCamera m_camera;
-    bool m_isEmpty = false; // no nodes when last painted
-    QPixmap m_ground;       // null when it must be painted again
+    bool m_isNewDocument = false; // cleared since the load began
+    bool m_isEmpty = false;       // no nodes when last painted
+    QPixmap m_ground;             // null when it must be painted again
     QPointer<VxNode> m_hovered;
     QPointer<ViewportTool> m_tool;
     QVector<QPointer<ViewportTool>> m_layers;

@@ -1,5 +1,6 @@
 // Scene files: what is written is read back, byte for byte; what is broken is refused whole.
 
+#include "io/vxscenecamera.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"
@@ -67,6 +68,7 @@ private Q_SLOTS:
 
     void sampleComesBackByteForByte();
     void everyTraitComesBack();
+    void theCameraComesBack();
     void keysOfEveryKindComeBack();
     void emptyScene();
     void aliasesAndLinksMayPointForward();
@@ -164,6 +166,37 @@ void TestSceneFile::everyTraitComesBack()
     QCOMPARE(p->getSensitivity(), 0.125f);
     QCOMPARE(p->getDefaultInterpolation(), 2);
     QCOMPARE(bytesOf(copy), bytes);
+}
+
+void TestSceneFile::theCameraComesBack()
+{
+    VxScene scene;
+    QVERIFY(
+        !sampleMap().contains(QStringLiteral("camera"))); // a scene that nobody looked around in
+    VxCameraState camera;
+    camera.target = {1, -2, 3};
+    camera.distance = 44;
+    camera.yaw = -90;
+    camera.pitch = 12.5f;
+    camera.fieldOfView = 55;
+    camera.orthographic = true;
+    VxSceneCamera::of(&scene)->setState(camera);
+    const QByteArray bytes = bytesOf(scene);
+    VxScene copy;
+    VxFileError error;
+    QVERIFY2(load(bytes, &copy, &error), qPrintable(error.text()));
+    QVERIFY(VxSceneCamera::stateOf(&copy) == camera);
+    QCOMPARE(bytesOf(copy), bytes);
+    // Numbers out of range are no reason to refuse a scene.
+    QCborMap map = QCborValue::fromCbor(bytes).toMap();
+    map.insert(QStringLiteral("camera"), QCborMap{{QStringLiteral("distance"), -1.0},
+                                                  {QStringLiteral("pitch"), 1000},
+                                                  {QStringLiteral("lens"), 1}});
+    QVERIFY2(load(map.toCborValue().toCbor(), &copy, &error), qPrintable(error.text()));
+    QCOMPARE(VxSceneCamera::stateOf(&copy)->distance, VxCameraState::MinDistance);
+    QCOMPARE(VxSceneCamera::stateOf(&copy)->pitch, 90.0f);
+    copy.clear();
+    QVERIFY(!VxSceneCamera::stateOf(&copy));
 }
 
 void TestSceneFile::keysOfEveryKindComeBack()
@@ -316,6 +349,10 @@ void TestSceneFile::brokenFiles_data()
                                                 {QStringLiteral("name"), QStringLiteral("x")},
                                                 {QStringLiteral("parent"), 5}}})
         << QStringLiteral("5 is out of range");
+    QTest::newRow("camera is a number") << changed("camera", 3) << QStringLiteral("Expected a map");
+    QTest::newRow("camera's distance is a text")
+        << changed("camera", QCborMap{{QStringLiteral("distance"), QStringLiteral("far")}})
+        << QStringLiteral("Expected a number");
     QTest::newRow("range with one end")
         << changed("playRange", QCborArray{1}) << QStringLiteral("Expected 2 numbers");
     QByteArray deep("\xa1\x61\x78", 3);

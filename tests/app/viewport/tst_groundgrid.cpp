@@ -13,6 +13,8 @@ private Q_SLOTS:
     void linesLieOnMultiplesOfTheStep();
     void everyFifthIsMajorAndTheAxesComeLast();
     void theAxesGoOutOfSightWithTheCenter();
+    void planesThroughTheOrigin_data();
+    void planesThroughTheOrigin();
 };
 
 void tst_GroundGrid::step_data()
@@ -54,7 +56,7 @@ void tst_GroundGrid::linesLieOnMultiplesOfTheStep()
 void tst_GroundGrid::everyFifthIsMajorAndTheAxesComeLast()
 {
     const QVector<GroundLine> lines = groundGrid({0.4f, 0, 0.1f}, 1);
-    int counts[4] = {};
+    int counts[5] = {};
     for (int i = 0; i < lines.size(); ++i) {
         ++counts[lines.at(i).role];
         QVERIFY(i == 0 || lines.at(i - 1).role <= lines.at(i).role);
@@ -70,6 +72,37 @@ void tst_GroundGrid::theAxesGoOutOfSightWithTheCenter()
 {
     for (const GroundLine &line : groundGrid({1000, 0, -1000}, 1))
         QVERIFY(line.role == GroundLine::Minor || line.role == GroundLine::Major);
+}
+
+void tst_GroundGrid::planesThroughTheOrigin_data()
+{
+    QTest::addColumn<int>("plane");
+    QTest::addColumn<int>("normal"); // the coordinate that is 0
+    QTest::newRow("ground") << int(GridPlane::ZX) << 1;
+    QTest::newRow("seen from the front") << int(GridPlane::XY) << 2;
+    QTest::newRow("seen from the side") << int(GridPlane::YZ) << 0;
+}
+
+void tst_GroundGrid::planesThroughTheOrigin()
+{
+    QFETCH(int, plane);
+    QFETCH(int, normal);
+    static const GroundLine::Role axes[] = {GroundLine::XAxis, GroundLine::YAxis,
+                                            GroundLine::ZAxis};
+    int axesFound = 0;
+    for (const GroundLine &line : groundGrid({1, 2, 3}, 1, GridPlane(plane))) {
+        QCOMPARE(line.from[normal], 0.0f);
+        QCOMPARE(line.to[normal], 0.0f);
+        const QVector3D along = (line.to - line.from).normalized();
+        for (int axis = 0; axis < 3; ++axis) {
+            // An axis of the world runs through the origin.
+            const bool isAxis =
+                along[axis] == 1.0f && QVector3D::crossProduct(line.from, along).length() == 0.0f;
+            QCOMPARE(line.role == axes[axis], isAxis);
+            axesFound += isAxis ? 1 : 0;
+        }
+    }
+    QCOMPARE(axesFound, 2);
 }
 
 VX_TEST_APPLESS_MAIN(tst_GroundGrid)

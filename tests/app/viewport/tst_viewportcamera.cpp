@@ -63,6 +63,17 @@ private Q_SLOTS:
     void framedPointsFillTheView();
     void framingLittle();
     void aViewWithoutSize();
+    void orthographicKeepsSizesAtEveryDepth();
+    void orthographicShowsWhatIsBehindTheEye();
+    void directionsAlongAxes_data();
+    void directionsAlongAxes();
+    void fieldOfViewKeepsTheTargetsSize_data();
+    void fieldOfViewKeepsTheTargetsSize();
+    void framingWithAnyProjection_data();
+    void framingWithAnyProjection();
+    void pointsAtPixels_data();
+    void pointsAtPixels();
+    void invalidStatesAreCorrected();
 };
 
 void tst_ViewportCamera::theTargetIsInTheMiddle()
@@ -292,6 +303,158 @@ void tst_ViewportCamera::aViewWithoutSize()
     const auto point = camera.project(camera.target() + QVector3D(1, 1, 1));
     QVERIFY(point);
     QVERIFY(std::isfinite(point->x()) && std::isfinite(point->y()));
+}
+
+void tst_ViewportCamera::orthographicKeepsSizesAtEveryDepth()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D side = rightOf(camera);
+    const QPointF before = *camera.project(camera.target() + side);
+    camera.setOrthographic(true);
+    for (const float depth : {0.0f, -5.0f, 3.0f, 100.0f}) {
+        const QVector3D point = camera.target() + side + backOf(camera) * depth;
+        QVERIFY(isAt(camera.project(point), before));
+        QCOMPARE(camera.unitsPerPixel(point), camera.unitsPerPixel());
+    }
+}
+
+void tst_ViewportCamera::orthographicShowsWhatIsBehindTheEye()
+{
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.setOrthographic(true);
+    const QVector3D behind = camera.eye() + backOf(camera) * 1000;
+    QVERIFY(isAt(camera.project(behind), {320, 200}, 0.1));
+    const auto line = camera.project(camera.target(), behind + rightOf(camera));
+    QVERIFY(line && isAt(line->p1(), {320, 200}) && line->p2().x() > 321);
+}
+
+void tst_ViewportCamera::directionsAlongAxes_data()
+{
+    QTest::addColumn<float>("yaw");
+    QTest::addColumn<float>("pitch");
+    QTest::addColumn<QVector3D>("right");
+    QTest::addColumn<QVector3D>("up");
+    QTest::newRow("front") << 0.0f << 0.0f << QVector3D(1, 0, 0) << QVector3D(0, 1, 0);
+    QTest::newRow("back") << 180.0f << 0.0f << QVector3D(-1, 0, 0) << QVector3D(0, 1, 0);
+    QTest::newRow("from +X") << 90.0f << 0.0f << QVector3D(0, 0, -1) << QVector3D(0, 1, 0);
+    QTest::newRow("from -X") << -90.0f << 0.0f << QVector3D(0, 0, 1) << QVector3D(0, 1, 0);
+    QTest::newRow("top") << 0.0f << 90.0f << QVector3D(1, 0, 0) << QVector3D(0, 0, -1);
+    QTest::newRow("bottom") << 0.0f << -90.0f << QVector3D(1, 0, 0) << QVector3D(0, 0, 1);
+}
+
+void tst_ViewportCamera::directionsAlongAxes()
+{
+    QFETCH(float, yaw);
+    QFETCH(float, pitch);
+    QFETCH(QVector3D, right);
+    QFETCH(QVector3D, up);
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.setDirection(yaw, pitch);
+    camera.setOrthographic(true);
+    const double pixels = 1 / double(camera.unitsPerPixel());
+    QVERIFY(isAt(camera.project(camera.target() + right), {320 + pixels, 200}));
+    QVERIFY(isAt(camera.project(camera.target() + up), {320, 200 - pixels}));
+}
+
+void tst_ViewportCamera::fieldOfViewKeepsTheTargetsSize_data()
+{
+    QTest::addColumn<float>("degrees");
+    QTest::addColumn<float>("result");
+    QTest::newRow("narrow") << 10.0f << 10.0f;
+    QTest::newRow("wide") << 90.0f << 90.0f;
+    QTest::newRow("none") << 0.0f << VxCameraState::MinFieldOfView;
+    QTest::newRow("negative") << -30.0f << VxCameraState::MinFieldOfView;
+    QTest::newRow("all around") << 360.0f << VxCameraState::MaxFieldOfView;
+    QTest::newRow("no number") << float(NAN) << VxCameraState().fieldOfView;
+}
+
+void tst_ViewportCamera::fieldOfViewKeepsTheTargetsSize()
+{
+    QFETCH(float, degrees);
+    ViewportCamera camera = cameraOf({640, 400});
+    const QVector3D side = camera.target() + rightOf(camera);
+    const QPointF before = *camera.project(side);
+    const float standard = camera.standardDistance();
+    QCOMPARE(standard, camera.distance());
+    camera.setFieldOfView(degrees);
+    QTEST(camera.fieldOfView(), "result");
+    QVERIFY(isAt(camera.project(side), before));
+    QVERIFY(std::abs(camera.standardDistance() / standard - 1) < 1e-4f);
+    const float half = 200 * camera.unitsPerPixel(); // of the shorter side
+    const float angle = 2 * std::atan(half / camera.distance()) * 180 / float(M_PI);
+    QVERIFY(std::abs(angle - camera.fieldOfView()) < 1e-3f);
+}
+
+void tst_ViewportCamera::framingWithAnyProjection_data()
+{
+    QTest::addColumn<bool>("orthographic");
+    QTest::addColumn<float>("degrees");
+    QTest::newRow("orthographic") << true << 40.0f;
+    QTest::newRow("wide") << false << 110.0f;
+    QTest::newRow("narrow") << false << 5.0f;
+}
+
+void tst_ViewportCamera::framingWithAnyProjection()
+{
+    QFETCH(bool, orthographic);
+    QFETCH(float, degrees);
+    ViewportCamera camera = cameraOf({900, 300});
+    camera.setFieldOfView(degrees);
+    camera.setOrthographic(orthographic);
+    QVector<QVector3D> corners;
+    for (int i = 0; i < 8; ++i)
+        corners << QVector3D(i & 1 ? 5 : -5, i & 2 ? 50 : 0, i & 4 ? 9 : -9);
+    camera.frame(corners);
+    double filled = 0;
+    for (const QVector3D &corner : corners) {
+        const auto at = camera.project(corner);
+        QVERIFY(at && QRectF(0, 0, 900, 300).contains(*at));
+        filled = std::max({filled, std::abs(at->x() - 450) / 450, std::abs(at->y() - 150) / 150});
+    }
+    QVERIFY(filled > 0.7);
+}
+
+void tst_ViewportCamera::pointsAtPixels_data()
+{
+    QTest::addColumn<bool>("orthographic");
+    QTest::newRow("perspective") << false;
+    QTest::newRow("orthographic") << true;
+}
+
+void tst_ViewportCamera::pointsAtPixels()
+{
+    QFETCH(bool, orthographic);
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.setOrthographic(orthographic);
+    const QPointF pixel(87, 311);
+    for (const float depth : {0.5f, 6.0f, 70.0f}) {
+        const QVector3D point = camera.pointAt(pixel, depth);
+        QVERIFY(isAt(camera.project(point), pixel, 0.02));
+        QVERIFY(std::abs(camera.depth(point) - depth) < 1e-3f);
+        const QVector3D farther = point + camera.directionAt(pixel) * 3;
+        QVERIFY(isAt(camera.project(farther), pixel, 0.02));
+        QVERIFY(camera.depth(farther) > depth);
+        const QVector3D beside = point + camera.right() * (10 * camera.unitsPerPixel(point));
+        QVERIFY(isAt(camera.project(beside), pixel + QPointF(10, 0), 0.02));
+    }
+}
+
+void tst_ViewportCamera::invalidStatesAreCorrected()
+{
+    VxCameraState state;
+    state.target = {float(NAN), 2, 1e30f};
+    state.distance = -4;
+    state.yaw = 725;
+    state.pitch = 100;
+    state.fieldOfView = float(NAN);
+    ViewportCamera camera = cameraOf({640, 400});
+    camera.setState(state);
+    VxCameraState corrected;
+    corrected.target = {0, 2, VxCameraState::MaxDistance};
+    corrected.distance = VxCameraState::MinDistance;
+    corrected.yaw = 5;
+    corrected.pitch = 90;
+    QVERIFY(camera.state() == corrected);
 }
 
 VX_TEST_APPLESS_MAIN(tst_ViewportCamera)
