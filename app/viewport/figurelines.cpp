@@ -17,6 +17,9 @@ struct Visit
     VxNode *parentBone; // null when the parent is no bone
 };
 
+// The part of a bone's length within which a child bone is at its end.
+constexpr float AtEnd = 1e-3f;
+
 // The squares of larger coordinates exceed single precision.
 constexpr float Farthest = 1e18f;
 
@@ -50,6 +53,41 @@ FigureLines::Axes axesOf(VxNode *node, const QMatrix4x4 &world, const QVector3D 
     return axes;
 }
 
+/** The axis of a bone's matrix that is most nearly at right angles to a direction. */
+QVector3D sideOf(const QMatrix4x4 &world, const QVector3D &along)
+{
+    QVector3D best;
+    float least = 2;
+    const QVector3D direction = along.normalized();
+    for (const int axis : {0, 2, 1}) {
+        const QVector3D side = world.column(axis).toVector3D().normalized();
+        const float slant = std::abs(QVector3D::dotProduct(side, direction));
+        if (!side.isNull() && slant < least - 0.1f) {
+            best = side;
+            least = slant;
+        }
+    }
+    return best;
+}
+
+/** What leads from a bone to a child bone. */
+void addChildLine(const Visit &visit, const QVector3D &at, FigureLines *lines)
+{
+    VxNode *bone = visit.parentBone;
+    const bool isSelected = bone->isSelected();
+    const QVector3D end = visit.parentWorld.map(bone->getEndPoint());
+    if (bone->getEndPoint().isNull() || !isPlace(end)) {
+        lines->bones.append(
+            {visit.parentAt, at, bone, isSelected, sideOf(visit.parentWorld, at - visit.parentAt)});
+        return;
+    }
+    const float fromEnd = (at - end).length();
+    if (fromEnd <= (end - visit.parentAt).length() * AtEnd)
+        return;
+    const bool isNearEnd = fromEnd < (at - visit.parentAt).length();
+    lines->links.append({isNearEnd ? end : visit.parentAt, at, bone, isSelected});
+}
+
 void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureLines *lines)
 {
     const bool bone = isBone(node);
@@ -57,8 +95,8 @@ void addNode(VxNode *node, const QMatrix4x4 &world, const QVector3D &at, FigureL
     if ((!bone && !figure) || node == node->getScene()->getPrimarySelection())
         lines->axes.append(axesOf(node, world, at));
     const QVector3D end = world.map(node->getEndPoint());
-    if (bone && !hasBoneBelow(node) && !node->getEndPoint().isNull() && isPlace(end))
-        lines->bones.append({at, end, node, node->isSelected()});
+    if (bone && !node->getEndPoint().isNull() && isPlace(end))
+        lines->bones.append({at, end, node, node->isSelected(), sideOf(world, end - at)});
     // A figure's own position is no joint of it; it is shown only without children.
     if (!figure || node->getNumNodeChildren() == 0)
         lines->joints.append({at, node, node->isSelected()});
@@ -120,8 +158,7 @@ FigureLines FigureLines::collect(const VxScene &scene, VxTime time)
             continue;
         // The line to a bone belongs to its parent, and is drawn even if the bone is hidden.
         if (visit.parentBone && isBone(node))
-            lines.bones.append(
-                {visit.parentAt, at, visit.parentBone, visit.parentBone->isSelected()});
+            addChildLine(visit, at, &lines);
         if (!node->isVisible())
             continue;
         addNode(node, world, at, &lines);

@@ -19,6 +19,15 @@ struct FigureLines
         QVector3D to;
         VxNode *node; ///< the bone of this line
         bool selected;
+        QVector3D side{1, 0, 0}; ///< a direction of the bone's axes, not along it where possible
+    };
+    /// A thin line from a bone to a child bone that is not at its end.
+    struct Link
+    {
+        QVector3D from;
+        QVector3D to;
+        VxNode *node; ///< the parent bone
+        bool selected;
     };
     struct Joint
     {
@@ -36,12 +45,14 @@ struct FigureLines
     };
 
     QVector<Bone> bones;
+    QVector<Link> links;
     QVector<Joint> joints;
     QVector<Axes> axes;
 
     /// Omits invisible nodes with everything below them, and positions that are not finite, or too
-    /// large for single precision. A bone has a line to each child bone, visible or not; without
-    /// any, to its end point. A bone without an end point, parent bone and child bones has a line
+    /// large for single precision. A bone leads to its end point, and has a link from its nearer
+    /// end to each child bone that is elsewhere, visible or not; without an end point it leads to
+    /// each child bone. A bone without an end point, parent bone and child bones has a line
     /// along its Y axis: a tenth as long as all joints are apart, or 10. A node that is neither
     /// bone nor figure has axes, and so has the primary selection.
     static FigureLines collect(const VxScene &scene, VxTime time);

@@ -1,5 +1,6 @@
 #include "viewport/figurepainter.h"
 
+#include "viewport/boneshape.h"
 #include "viewport/figurelines.h"
 #include "viewport/viewportcamera.h"
 
@@ -12,7 +13,9 @@
 namespace {
 
 constexpr double JointSide = 4.5;
-constexpr double BoneWidth = 2;
+constexpr double EdgeWidth = 1;
+constexpr double LinkWidth = 0.8;
+constexpr double BodyOpacity = 0.25;
 constexpr double AxisWidth = 1.6;
 constexpr double OutlineWidth = 2; // of selected bones, both sides together
 constexpr double HoverWidth = 2;
@@ -57,11 +60,27 @@ void FigurePainter::paintPass(const FigureLines &figure, const Pass &pass)
     const auto counts = [&pass](const auto &part) {
         return part.selected == pass.selected && (!pass.only || part.node == pass.only);
     };
-    m_painter->setPen(QPen(pass.ink, BoneWidth + pass.extraWidth, Qt::SolidLine, Qt::RoundCap));
+    QColor body = pass.ink;
+    body.setAlphaF(pass.extraWidth > 0 ? 0 : BodyOpacity);
+    m_painter->setBrush(body);
+    m_painter->setPen(
+        QPen(pass.ink, EdgeWidth + pass.extraWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     for (const FigureLines::Bone &bone : figure.bones) {
         if (!counts(bone))
             continue;
-        if (const auto line = m_camera.project(bone.from, bone.to))
+        const auto shape = boneShape(bone, m_camera);
+        if (!shape)
+            continue;
+        if (!shape->outline.isEmpty())
+            m_painter->drawConvexPolygon(shape->outline);
+        m_painter->drawLines(shape->ridges);
+    }
+    m_painter->setBrush(Qt::NoBrush);
+    m_painter->setPen(QPen(pass.ink, LinkWidth + pass.extraWidth, Qt::SolidLine, Qt::RoundCap));
+    for (const FigureLines::Link &link : figure.links) {
+        if (!counts(link))
+            continue;
+        if (const auto line = m_camera.project(link.from, link.to))
             m_painter->drawLine(*line);
     }
     m_painter->setPen(QPen(pass.ink, JointSide + pass.extraWidth, Qt::SolidLine, Qt::RoundCap));

@@ -1,5 +1,6 @@
 #include "viewport/figurepick.h"
 
+#include "viewport/boneshape.h"
 #include "viewport/figurelines.h"
 #include "viewport/viewportcamera.h"
 
@@ -76,8 +77,14 @@ VxNode *pickFigure(const FigureLines &figure, const ViewportCamera &camera, cons
             nearest.offer(node, distanceToLine(pixel, line->p1(), line->p2()),
                           camera.depth((from + to) / 2));
     };
-    for (const FigureLines::Bone &bone : figure.bones)
+    for (const FigureLines::Bone &bone : figure.bones) {
         offer(bone.node, bone.from, bone.to);
+        const auto shape = boneShape(bone, camera);
+        if (shape && shape->contains(pixel))
+            nearest.offer(bone.node, 0, camera.depth((bone.from + bone.to) / 2));
+    }
+    for (const FigureLines::Link &link : figure.links)
+        offer(link.node, link.from, link.to);
     const float axisLength = camera.axisLength();
     for (const FigureLines::Axes &axes : figure.axes) {
         for (const QVector3D &direction : axes.directions)

@@ -1,5 +1,7 @@
 #include "testing/vxtestmain.h"
+#include "viewport/boneshape.h"
 #include "viewport/figurelines.h"
+#include "viewport/viewportcamera.h"
 
 #include "testing/vxwarningguard.h"
 
@@ -44,6 +46,8 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void bonesLeadToBonesAndToTheirEnds();
+    void linksLeadToChildrenThatAreNotAtTheEnd();
+    void bonesWithoutALength();
     void loneBonesHaveALength();
     void theFigureFollowsTheTime();
     void selectionIsMarked();
@@ -72,6 +76,42 @@ void tst_FigureLines::bonesLeadToBonesAndToTheirEnds()
     QCOMPARE(lines.bones.at(1).to, QVector3D(-1, 1, 0));
     QCOMPARE(lines.bones.at(2).node, figure.hip); // to the spine, which ends nowhere
     QCOMPARE(lines.bones.at(2).to, QVector3D(0, 13, 0));
+}
+
+void tst_FigureLines::linksLeadToChildrenThatAreNotAtTheEnd()
+{
+    Figure figure;
+    figure.hip->setEndPoint({0, 3, 0});
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(lines.bones.size(), 2);
+    QCOMPARE(lines.bones.at(0).node, figure.hip); // to its end, where the spine is
+    QCOMPARE(lines.bones.at(0).to, QVector3D(0, 13, 0));
+    QCOMPARE(lines.bones.at(1).node, figure.knee);
+    QCOMPARE(lines.links.size(), 1); // to the knee, which is nearer to the hip's joint
+    QCOMPARE(lines.links.at(0).node, figure.hip);
+    QCOMPARE(lines.links.at(0).from, QVector3D(0, 10, 0));
+    QCOMPARE(lines.links.at(0).to, QVector3D(-1, 6, 0));
+    figure.spine->setOrigin({2, 4, 0});
+    const FigureLines moved = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(moved.links.size(), 2);
+    QCOMPARE(moved.links.at(1).from, QVector3D(0, 13, 0)); // from the end, which is nearer
+}
+
+void tst_FigureLines::bonesWithoutALength()
+{
+    Figure figure;
+    figure.hip->getScaleControl()->setStoredValue(0); // all of it in one place
+    ViewportCamera camera;
+    camera.setViewSize({400, 300});
+    const FigureLines lines = FigureLines::collect(figure.scene, 0);
+    QCOMPARE(lines.joints.size(), 3);
+    for (const FigureLines::Bone &bone : lines.bones)
+        QVERIFY(!boneShape(bone, camera));
+    // Seen from its end, a bone is a line of no length and no body.
+    camera.setDirection(0, 90);
+    camera.setOrthographic(true);
+    const auto shape = boneShape({{0, 0, 0}, {0, 5, 0}, figure.hip, false}, camera);
+    QVERIFY(shape && shape->outline.isEmpty() && !shape->contains({200, 150}));
 }
 
 void tst_FigureLines::loneBonesHaveALength()
