@@ -1,5 +1,6 @@
 #include "create/createedits.h"
 
+#include "create/boneedits.h"
 #include "create/namenumbers.h"
 #include "create/nodecopy.h"
 #include "create/standardfigure.h"
@@ -83,6 +84,7 @@ CreateResult CreateEdits::addBone(VxScene *scene, VxNode *parent)
     if (above && std::isfinite(above->getEndPoint().lengthSquared()))
         bone->setOrigin(above->getEndPoint());
     bone->setEndPoint(boneDirection(above));
+    bone->setRestPose(BoneEdits::restInPlace());
     return enter(scene, std::move(bone), parent);
 }
 

@@ -81,6 +81,7 @@ void copyTraits(const VxNode *from, VxNode *to)
     to->setRotationOrder(from->getRotationOrder());
     to->setOrigin(from->getOrigin());
     to->setEndPoint(from->getEndPoint());
+    to->setRestPose(from->getRestPose());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "create/standardfigure.h"
 
+#include "create/boneedits.h"
 #include "create/namenumbers.h"
 
 #include <QHash>
@@ -139,6 +140,7 @@ public:
         const QVector3D mirror(isRight ? -1.0f : 1.0f, 1, 1);
         made->setOrigin(bone.origin * mirror);
         made->setEndPoint(bone.end * mirror);
+        made->setRestPose(BoneEdits::restInPlace());
         made->setRotationOrder(bone.order);
         setLimits(made, bone, isRight);
         const QString parent = QLatin1String(bone.parent);

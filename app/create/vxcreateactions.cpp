@@ -1,7 +1,10 @@
 #include "create/vxcreateactions.h"
 
+#include "create/bonedialog.h"
 #include "create/createedits.h"
 
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 
 VxCreateNodeAction::VxCreateNodeAction()
@@ -51,6 +54,22 @@ VxCreateFigureAction::VxCreateFigureAction()
 QString VxCreateFigureAction::perform(VxScene *scene) const
 {
     return CreateEdits::addFigure(scene).message;
+}
+
+VxEditBoneAction::VxEditBoneAction()
+    : VxSceneAction("Create", tr("Edit Bone..."),
+                    tr("Sets the length, the position and the rest pose of the primary selection."),
+                    "Ctrl+Alt+E", "Nodes")
+{
+}
+
+QString VxEditBoneAction::perform(VxScene *scene) const
+{
+    VxNode *node = scene->getPrimarySelection();
+    if (!node)
+        return tr("Select the bone to edit.");
+    BoneDialog(node, vxApp->getInterface()).exec();
+    return {};
 }
 
 VxDuplicateNodesAction::VxDuplicateNodesAction()

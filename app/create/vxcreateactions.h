@@ -43,6 +43,16 @@ private:
     QString perform(VxScene *scene) const override;
 };
 
+class VxEditBoneAction : public VxSceneAction
+{
+    Q_OBJECT
+public:
+    VxEditBoneAction();
+
+private:
+    QString perform(VxScene *scene) const override;
+};
+
 class VxDuplicateNodesAction : public VxSceneAction
 {
     Q_OBJECT

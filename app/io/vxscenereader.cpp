@@ -48,6 +48,7 @@ private:
     void checkDepth(NodeRecord &record);
     bool readElementMember(const QString &name, VxElement *element);
     QVector3D readVector();
+    void readRestPose(VxNode *node);
     std::unique_ptr<VxNode> makeNode(const QString &kind, const QString &name);
     void readObject(VxNode *node);
     void readSubElement(VxObject *object);
@@ -160,6 +161,14 @@ QVector3D SceneBuilder::readVector()
     return {values[0], values[1], values[2]};
 }
 
+void SceneBuilder::readRestPose(VxNode *node)
+{
+    VxRestPose rest{};
+    m_input.numbers(rest.data(), int(rest.size()));
+    if (!m_input.failed())
+        node->setRestPose(rest);
+}
+
 std::unique_ptr<VxNode> SceneBuilder::makeNode(const QString &kind, const QString &name)
 {
     if (kind == QLatin1String("skeleton"))
@@ -230,6 +239,8 @@ bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
         node->setOrigin(readVector());
     else if (is("endPoint"))
         node->setEndPoint(readVector());
+    else if (is("restPose"))
+        readRestPose(node);
     else if (is("object"))
         readObject(node);
     else

@@ -42,6 +42,7 @@ public:
 private:
     void countProperties(VxElement *element);
     void writeHeader();
+    void writeRestPose(const VxRestPose &rest);
     void writeCamera(const VxCameraState &camera);
     void writeNode(VxNode *node, int parent);
     void writeElement(VxElement *element);
@@ -223,12 +224,23 @@ void SceneStream::writeNode(VxNode *node, int parent)
     integer("rotationOrder", node->getRotationOrder());
     vector("origin", node->getOrigin());
     vector("endPoint", node->getEndPoint());
+    if (const auto &rest = node->getRestPose())
+        writeRestPose(*rest);
     writeElement(node);
     if (VxObject *object = node->getObject()) {
         key("object");
         writeObject(object);
     }
     m_out.endMap();
+}
+
+void SceneStream::writeRestPose(const VxRestPose &rest)
+{
+    key("restPose");
+    m_out.startArray(rest.size());
+    for (const float value : rest)
+        append("restPose", value);
+    m_out.endArray();
 }
 
 void SceneStream::writeObject(VxObject *object)

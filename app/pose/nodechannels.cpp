@@ -1,5 +1,6 @@
 #include "pose/nodechannels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vxcore/vxfloatproperty.h>
 
@@ -27,6 +28,7 @@ double finite(double value, int channel)
 } // namespace
 
 NodeChannels::NodeChannels(const VxNode *node)
+    : m_node(node)
 {
     for (VxProperty *property : node->getMadeProperties()) {
         const int channel = channelOfName(property->getName());
@@ -46,6 +48,10 @@ PoseValues NodeChannels::values(VxTime time) const
 PoseValues NodeChannels::rest() const
 {
     PoseValues values;
+    if (const auto &rest = m_node->getRestPose()) {
+        std::copy(rest->begin(), rest->end(), values.begin());
+        return values;
+    }
     for (int i = 0; i < PoseChannelCount; ++i)
         values[std::size_t(i)] =
             at(i) ? finite(double(at(i)->getStoredValue()), i) : defaultValue(i);

@@ -213,6 +213,24 @@ PoseResult PoseCommands::resetToRest(VxScene *scene)
     return {true, StudioText::tr("Reset %1 nodes to rest.").arg(nodes.size()) + writer.report()};
 }
 
+PoseResult PoseCommands::setRest(VxScene *scene)
+{
+    const QVector<VxNode *> nodes = selectedJoints(scene);
+    if (nodes.isEmpty())
+        return PoseResult::nothingSelected();
+    VxUndoStackHold hold;
+    for (VxNode *node : nodes) {
+        const PoseValues values = NodeChannels(node).values(scene->getTime());
+        VxRestPose rest{};
+        std::transform(values.begin(), values.end(), rest.begin(),
+                       [](double value) { return float(value); });
+        node->setRestPose(rest);
+    }
+    hold.accept(StudioText::tr("Set Rest Pose"));
+    return {true,
+            StudioText::tr("The present pose is the rest pose of %1 nodes.").arg(nodes.size())};
+}
+
 PoseResult PoseCommands::selectMirror(VxScene *scene)
 {
     const QVector<VxNode *> nodes = scene->getSelectedNodes();

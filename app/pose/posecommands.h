@@ -32,6 +32,8 @@ PoseResult paste(VxScene *scene, bool mirrored);
 PoseResult mirrorSelected(VxScene *scene);
 /// Sets the selected nodes to their rest pose; a skeleton includes all its nodes.
 PoseResult resetToRest(VxScene *scene);
+/// Makes the present pose the rest pose of the selected nodes; a skeleton includes all its nodes.
+PoseResult setRest(VxScene *scene);
 
 /// Selects the nodes of the other side instead of the selected ones.
 PoseResult selectMirror(VxScene *scene);

@@ -1,5 +1,6 @@
 #include "pose/posescript.h"
 
+#include "create/boneedits.h"
 #include "pose/inbetween.h"
 
 #include <QScriptContext>
@@ -65,6 +66,17 @@ QScriptValue cycle(QScriptContext *context, QScriptEngine *engine)
     return toScript(engine, InBetween::cycle(vxScene, int(count), context->argument(1).toBool()));
 }
 
+QScriptValue setBoneLength(QScriptContext *context, QScriptEngine *engine)
+{
+    const QScriptValue length = context->argument(0);
+    if (!length.isNumber() || !std::isfinite(length.toNumber()))
+        return context->throwError(
+            QStringLiteral("setBoneLength() expects a finite number as argument 1 (length)"));
+    PoseResult result;
+    result.message = BoneEdits::setLength(vxScene, length.toNumber(), &result.done);
+    return toScript(engine, result);
+}
+
 QScriptValue differingEnds(QScriptContext *, QScriptEngine *)
 {
     return InBetween::differingEnds(vxScene);
@@ -83,6 +95,8 @@ void addPoseFunctions(QScriptEngine *engine)
                      {"pasteMirrored", run<pastePoseMirrored>},
                      {"mirrorSelected", run<PoseCommands::mirrorSelected>},
                      {"resetToRest", run<PoseCommands::resetToRest>},
+                     {"setRest", run<PoseCommands::setRest>},
+                     {"setBoneLength", setBoneLength},
                      {"selectMirror", run<PoseCommands::selectMirror>},
                      {"selectChildren", run<PoseCommands::selectChildren>},
                      {"selectParents", run<PoseCommands::selectParents>},

@@ -74,6 +74,19 @@ QString VxResetPoseAction::perform(VxScene *scene) const
     return PoseCommands::resetToRest(scene).message;
 }
 
+VxSetRestPoseAction::VxSetRestPoseAction()
+    : VxSceneAction("Pose", tr("Set Rest Pose"),
+                    tr("Makes the present pose the rest pose of the selected nodes; a skeleton "
+                       "includes all its nodes."),
+                    "", "Poses")
+{
+}
+
+QString VxSetRestPoseAction::perform(VxScene *scene) const
+{
+    return PoseCommands::setRest(scene).message;
+}
+
 VxSelectMirrorAction::VxSelectMirrorAction()
     : VxSceneAction("Pose", tr("Select Mirror"),
                     tr("Selects the nodes of the other side instead of the selected ones."),

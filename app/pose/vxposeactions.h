@@ -53,6 +53,16 @@ private:
     QString perform(VxScene *scene) const override;
 };
 
+class VxSetRestPoseAction : public VxSceneAction
+{
+    Q_OBJECT
+public:
+    VxSetRestPoseAction();
+
+private:
+    QString perform(VxScene *scene) const override;
+};
+
 class VxSelectMirrorAction : public VxSceneAction
 {
     Q_OBJECT

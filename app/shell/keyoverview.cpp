@@ -31,6 +31,9 @@ const QVector<Section> &mouseSections()
            QT_TRANSLATE_NOOP("KeyOverview", "zooms at the mouse position")},
           {QT_TRANSLATE_NOOP("KeyOverview", "F"),
            QT_TRANSLATE_NOOP("KeyOverview", "frames the selected nodes")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "T"),
+           QT_TRANSLATE_NOOP("KeyOverview", "shows motion trails of the selected nodes; a click on "
+                                            "a dot sets the current time")},
           {QT_TRANSLATE_NOOP("KeyOverview", "1, 3, 7 on the number pad"),
            QT_TRANSLATE_NOOP("KeyOverview", "front, side and top view; Ctrl: from the opposite "
                                             "side. 5 toggles perspective")}}},

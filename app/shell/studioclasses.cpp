@@ -35,6 +35,8 @@ QVector<VxClassFactory *> poseFactories()
         "3BD7AB94-818B-45CA-9AA3-01458178D5FA");
     static VxScriptableFactoryOf<VxResetPoseAction> resetPose(
         "EAF01A6C-DDCD-4A7A-8A85-1C578E47195C");
+    static VxScriptableFactoryOf<VxSetRestPoseAction> setRestPose(
+        "A82FC9EF-2BCB-4C5D-9352-1BA4E412C28E");
     static VxScriptableFactoryOf<VxSelectMirrorAction> selectMirror(
         "CCDEB15B-8303-4ADE-97EB-7DEC31D8CD21");
     static VxScriptableFactoryOf<VxSelectChildrenAction> selectChildren(
@@ -48,9 +50,9 @@ QVector<VxClassFactory *> poseFactories()
         "7D2B53FE-F04C-45AD-B3E7-164E7CB91F0A");
     static VxScriptableFactoryOf<VxMatchEndsAction> matchEnds(
         "0E5EC338-2CA3-4F30-A851-1D91CE20DB52");
-    return {&copyPose,  &pastePose,    &pastePoseMirrored, &mirrorPose,
-            &resetPose, &selectMirror, &selectChildren,    &selectParents,
-            &breakdown, &holdPose,     &cyclePoses,        &matchEnds};
+    return {&copyPose,    &pastePose,    &pastePoseMirrored, &mirrorPose,    &resetPose,
+            &setRestPose, &selectMirror, &selectChildren,    &selectParents, &breakdown,
+            &holdPose,    &cyclePoses,   &matchEnds};
 }
 
 QVector<VxClassFactory *> createFactories()
@@ -63,11 +65,13 @@ QVector<VxClassFactory *> createFactories()
         "8F700C25-1FE4-42AF-A36B-E82B80A2550B");
     static VxScriptableFactoryOf<VxCreateFigureAction> createFigure(
         "459FA6DB-FEBC-423F-9025-8CD2097FCA61");
+    static VxScriptableFactoryOf<VxEditBoneAction> editBone("D7F90462-389D-4FB9-90AE-8181B70614E5");
     static VxScriptableFactoryOf<VxDuplicateNodesAction> duplicateNodes(
         "EC3EE183-29EF-4D28-A1EC-A52EC8C36597");
     static VxScriptableFactoryOf<VxGroupNodesAction> groupNodes(
         "5BE5FBE5-C243-486B-8C00-60041159634E");
-    return {&createNode, &createSkeleton, &createBone, &createFigure, &duplicateNodes, &groupNodes};
+    return {&createNode, &createSkeleton, &createBone, &createFigure,
+            &editBone,   &duplicateNodes, &groupNodes};
 }
 
 QVector<VxClassFactory *> cameraFactories()
@@ -82,10 +86,12 @@ QVector<VxClassFactory *> cameraFactories()
     static VxScriptableFactoryOf<VxBottomViewAction> bottom("20D0AA2F-2091-4123-A2F2-93F97126DDFA");
     static VxScriptableFactoryOf<VxPerspectiveAction> perspective(
         "005F31EB-B130-44D5-AB2F-79C83EBDDF62");
+    static VxScriptableFactoryOf<VxMotionTrailsAction> motionTrails(
+        "E0A63119-C956-4532-9841-38586EE1FE0D");
     static VxScriptableFactoryOf<VxFieldOfViewAction> fieldOfView(
         "063B74C2-F3CF-44CF-A911-34F9B034F8CB");
-    return {&frameAll, &front,  &back,        &side,       &oppositeSide,
-            &top,      &bottom, &perspective, &fieldOfView};
+    return {&frameAll, &front,  &back,        &side,        &oppositeSide,
+            &top,      &bottom, &perspective, &fieldOfView, &motionTrails};
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include "shell/studiomenus.h"
 #include "shortcuts/shortcutcatalogue.h"
 #include "shortcuts/shortcutdialog.h"
+#include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
 #include "widgets/usermessages.h"
 
@@ -65,6 +66,7 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     setCentralWidget(m_viewport);
+    m_viewport->addLowerLayer(new MotionTrails(vxApp->getScene(), m_viewport));
     setAcceptDrops(true);
     resize(DefaultSize);
     statusBar();

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int FramedPoses = 9;
-constexpr int NameMargin = 6;                // pixels
+constexpr int ViewNameMargin = 6;            // pixels
 constexpr float FigureHeightPart = 2.0f / 3; // of the view's height, after a file was opened
 // A single joint is framed with this part of the scene's size around it.
 constexpr float LoneJointReach = 0.05f;
@@ -253,7 +253,7 @@ void ViewportWidget::updateGround()
 void ViewportWidget::paintViewName(QPainter *painter, float gridStep) const
 {
     painter->setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
-    painter->drawText(rect().adjusted(NameMargin, 0, 0, -NameMargin),
+    painter->drawText(rect().adjusted(ViewNameMargin, 0, 0, -ViewNameMargin),
                       Qt::AlignLeft | Qt::AlignBottom,
                       tr("%1   Grid: %2").arg(viewName(m_camera.state())).arg(double(gridStep)));
 }

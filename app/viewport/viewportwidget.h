@@ -44,6 +44,8 @@ public:
     /// Adds a layer above the figures, painted in this order and asked for presses in reverse,
     /// before the tool. Borrowed; a destroyed one is removed.
     void addLayer(ViewportTool *layer);
+    /// The same, painted below the tool and asked after it.
+    void addLowerLayer(ViewportTool *layer);
 
     /// For menus; F frames the selection while the view has the focus.
     QAction *frameSelectionAction() const { return m_frameSelection; }
@@ -110,6 +112,7 @@ private:
     QPointer<VxNode> m_hovered;
     QPointer<ViewportTool> m_tool;
     QVector<QPointer<ViewportTool>> m_layers;
+    QVector<QPointer<ViewportTool>> m_lowerLayers;
     VxGestureGuard *const m_gesture;
     QPointer<ViewportTool> m_pressedTool; // from its press to its release
     ViewportCamera m_pressCamera;         // restored when a camera drag is dropped

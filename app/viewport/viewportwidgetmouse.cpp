@@ -47,6 +47,13 @@ void ViewportWidget::addLayer(ViewportTool *layer)
     update();
 }
 
+void ViewportWidget::addLowerLayer(ViewportTool *layer)
+{
+    m_lowerLayers.append(layer);
+    connectTool(layer);
+    update();
+}
+
 void ViewportWidget::connectTool(ViewportTool *tool)
 {
     if (!tool)
@@ -56,7 +63,7 @@ void ViewportWidget::connectTool(ViewportTool *tool)
     connect(tool, &ViewportTool::message, this, &ViewportWidget::message, Qt::UniqueConnection);
 }
 
-/** Layers from the topmost down, then the current tool; painted in reverse. */
+/** Layers from the topmost down, the current tool, layers below it; painted in reverse. */
 QVector<ViewportTool *> ViewportWidget::toolsByPriority() const
 {
     QVector<ViewportTool *> tools;
@@ -66,6 +73,10 @@ QVector<ViewportTool *> ViewportWidget::toolsByPriority() const
     }
     if (m_tool)
         tools.append(m_tool);
+    for (auto layer = m_lowerLayers.rbegin(); layer != m_lowerLayers.rend(); ++layer) {
+        if (*layer)
+            tools.append(*layer);
+    }
     return tools;
 }
 

@@ -1,5 +1,6 @@
 #include "viewport/vxcameraactions.h"
 
+#include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
 
 #include <QInputDialog>
@@ -98,6 +99,35 @@ void VxPerspectiveAction::toggleAction(bool onOff)
 }
 
 void VxPerspectiveAction::perform(ViewportWidget *) {}
+
+VxMotionTrailsAction::VxMotionTrailsAction()
+    : VxViewportAction("View", tr("Motion Trails"),
+                       tr("Shows the paths of the selected nodes over the play range; a click on a "
+                          "dot sets the current time."),
+                       "T", "Trails", "", true)
+{
+}
+
+void VxMotionTrailsAction::init()
+{
+    VxViewportAction::init();
+    const ViewportWidget *view = viewport();
+    const auto *trails = view ? view->findChild<MotionTrails *>() : nullptr;
+    if (!trails)
+        return;
+    disconnect(trails, nullptr, this, nullptr);
+    connect(trails, &MotionTrails::enabledChanged, this, &QAction::setChecked);
+    setChecked(trails->isEnabled());
+}
+
+void VxMotionTrailsAction::toggleAction(bool onOff)
+{
+    const ViewportWidget *view = viewport();
+    if (auto *trails = view ? view->findChild<MotionTrails *>() : nullptr)
+        trails->setEnabled(onOff);
+}
+
+void VxMotionTrailsAction::perform(ViewportWidget *) {}
 
 VxFieldOfViewAction::VxFieldOfViewAction()
     : VxViewportAction("View", tr("Field of View..."),

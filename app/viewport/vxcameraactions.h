@@ -84,6 +84,19 @@ private:
     void perform(ViewportWidget *view) override;
 };
 
+/// Checked while the trails are shown.
+class VxMotionTrailsAction : public VxViewportAction
+{
+    Q_OBJECT
+public:
+    VxMotionTrailsAction();
+    void init() override;
+
+private:
+    void toggleAction(bool onOff) override;
+    void perform(ViewportWidget *view) override;
+};
+
 class VxFieldOfViewAction : public VxViewportAction
 {
     Q_OBJECT

@@ -3,6 +3,8 @@
 
 #include <QtGui/QMatrix4x4>
 #include <QtGui/QVector3D>
+#include <array>
+#include <optional>
 #include <vxcore/vxelement.h>
 #include <vxcore/vxeuler.h>
 #include <vxcore/vxtime.h>
@@ -13,13 +15,17 @@ class VxObject;
 class VxScene;
 class VxSkeleton;
 
+/// The values of the ten transform controls of a node at rest, in their order: translation along X,
+/// Y and Z, rotation about X, Y and Z in degrees, uniform scale, scale along X, Y and Z.
+using VxRestPose = std::array<float, 10>;
+
 /// A node of the scene: a transform with ten controls in the hierarchy.
 ///
 /// The controls are float properties in the groups "/General/Transforms/Translation",
 /// ".../Rotation" (degrees) and ".../Scale". A node owns its child nodes and its object. Nodes
 /// enter a scene with VxScene::addNode(). Within a scene and while a hold is open, changes of
-/// hierarchy, object, label, visibility, selectability, rotation order, origin and end point are
-/// recorded for undo; the selection is not.
+/// hierarchy, object, label, visibility, selectability, rotation order, origin, end point and rest
+/// pose are recorded for undo; the selection is not.
 class VXCORE_EXPORT VxNode : public VxElement
 {
     Q_OBJECT
@@ -111,6 +117,10 @@ public:
     void setOrigin(const QVector3D &origin);
     QVector3D getEndPoint() const;
     void setEndPoint(const QVector3D &endPoint);
+    /// The rest pose, in which poses are mirrored and to which they are reset; none, as initially,
+    /// when it is what the controls hold without their keys. Numbers must be finite.
+    const std::optional<VxRestPose> &getRestPose() const;
+    void setRestPose(const std::optional<VxRestPose> &restPose);
 
     /// The transform at a time relative to the parent: translate(origin + position) * rotation *
     /// scale, where each axis is scaled by the uniform scale times its own; and relative to the

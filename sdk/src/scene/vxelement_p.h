@@ -23,6 +23,7 @@ enum VxSceneUndoKind {
     VxUndoNodeRotationOrder,
     VxUndoNodeOrigin,
     VxUndoNodeEndPoint,
+    VxUndoNodeRestPose,
     VxUndoSceneTime,
     VxUndoSceneTimeStep,
     VxUndoScenePlayRange,

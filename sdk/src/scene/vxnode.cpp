@@ -5,6 +5,7 @@
 #include "scene/scenenodes.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
+#include <algorithm>
 #include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
@@ -356,6 +357,27 @@ void VxNode::setEndPoint(const QVector3D &endPoint)
         [](VxNode *n, const QVector3D &value) { n->setEndPoint(value); });
     priv()->endPoint = endPoint;
     priv()->touchView();
+}
+
+const std::optional<VxRestPose> &VxNode::getRestPose() const
+{
+    return priv()->restPose;
+}
+
+void VxNode::setRestPose(const std::optional<VxRestPose> &restPose)
+{
+    if (restPose && !std::all_of(restPose->begin(), restPose->end(),
+                                 [](float value) { return std::isfinite(value); })) {
+        qWarning("VxNode::setRestPose(): the rest pose of \"%s\" is not finite",
+                 qUtf8Printable(getName()));
+        return;
+    }
+    if (priv()->restPose == restPose)
+        return;
+    priv()->record<std::optional<VxRestPose>>(
+        VxUndoNodeRestPose, [](const VxNode *n) { return n->getRestPose(); },
+        [](VxNode *n, const std::optional<VxRestPose> &value) { n->setRestPose(value); });
+    priv()->restPose = restPose;
 }
 
 QMatrix4x4 VxNode::getLocalTransform(VxTime time) const

@@ -59,6 +59,7 @@ public:
     RotationOrder rotationOrder = XYZ;
     QVector3D origin;
     QVector3D endPoint;
+    std::optional<VxRestPose> restPose;
     /// The number of nodes from the top of the hierarchy to this one; 1 without a parent.
     int depth = 1;
     /// The node's last known index among its siblings.

@@ -117,6 +117,7 @@ void TestSceneFile::everyTraitComesBack()
     node->setIkNode(true);
     node->setOrigin({1, 2, 3});
     node->setEndPoint({4, 5, 6});
+    node->setRestPose(VxRestPose{1, 2, 3, 40, 50, 60, 1, 1, 2, 1});
     node->setRotationOrder(VxNode::YXZ);
     auto *property = new VxFloatProperty(QStringLiteral("p"), 0.25f);
     property->setLabel(QStringLiteral("P"));
@@ -151,6 +152,7 @@ void TestSceneFile::everyTraitComesBack()
     QVERIFY(read->isIkNode());
     QCOMPARE(read->getOrigin(), QVector3D(1, 2, 3));
     QCOMPARE(read->getEndPoint(), QVector3D(4, 5, 6));
+    QVERIFY((read->getRestPose() == VxRestPose{1, 2, 3, 40, 50, 60, 1, 1, 2, 1}));
     QCOMPARE(read->getRotationOrder(), VxNode::YXZ);
     QVERIFY(qobject_cast<VxBone *>(read->getNodeChild(0)));
     auto *p = qobject_cast<VxFloatProperty *>(read->findProperty(QStringLiteral("p")));
@@ -349,6 +351,11 @@ void TestSceneFile::brokenFiles_data()
                                                 {QStringLiteral("name"), QStringLiteral("x")},
                                                 {QStringLiteral("parent"), 5}}})
         << QStringLiteral("5 is out of range");
+    QTest::newRow("rest pose of two numbers")
+        << changed("nodes", QCborArray{QCborMap{{QStringLiteral("kind"), QStringLiteral("node")},
+                                                {QStringLiteral("name"), QStringLiteral("x")},
+                                                {QStringLiteral("restPose"), QCborArray{1, 2}}}})
+        << QStringLiteral("Expected 10 numbers");
     QTest::newRow("camera is a number") << changed("camera", 3) << QStringLiteral("Expected a map");
     QTest::newRow("camera's distance is a text")
         << changed("camera", QCborMap{{QStringLiteral("distance"), QStringLiteral("far")}})

@@ -387,7 +387,7 @@ void tst_Poses::resetsToRest()
 {
     angle("LeftThigh", 0)->setValue(-50);
     angle("RightThigh", 0)->setValue(-50);
-    angle("Head", 0)->setStoredValue(12); // its rest pose
+    node("Head")->setRestPose(VxRestPose{0, 0, 0, 12, 0, 0, 1, 1, 1, 1});
     angle("Head", 0)->setValue(30);
     node("Hips")->getYPosControl()->setValue(7);
     history()->clear();
