@@ -13,7 +13,7 @@ import sys
 import tempfile
 
 # Programs that print a table of their own; their arguments are parts of case names.
-OWN_TABLE = ("bench_dopesheetscale",)
+OWN_TABLE = ("bench_dopesheetscale", "bench_keytools")
 NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 

@@ -6,7 +6,9 @@
 
 VxTime wholeTick(double time)
 {
-    return VxTime(std::clamp(std::round(time), double(VxTimeMin), double(VxTimeMax)));
+    // Halves away from zero, as std::round(), which costs a call.
+    const double limited = std::clamp(time, double(VxTimeMin), double(VxTimeMax));
+    return VxTime(limited < 0 ? limited - 0.5 : limited + 0.5);
 }
 
 void moveTimes(KeySeries *keys, double offset)
@@ -23,8 +25,11 @@ void scaleTimes(KeySeries *keys, double factor, double pivot)
 
 void snapTimes(KeySeries *keys, VxTime step)
 {
-    for (VxTime &time : keys->times)
-        time = wholeTick(std::floor(double(time) / step + 0.5) * step);
+    for (VxTime &time : keys->times) {
+        const double steps = double(time) / step + 0.5;
+        const auto whole = qint64(steps);
+        time = wholeTick(double(whole - (double(whole) > steps ? 1 : 0)) * step);
+    }
 }
 
 void spaceTimes(KeySeries *keys)

@@ -73,16 +73,22 @@ VxKeySelectionEntries selectedKeys()
 
 } // namespace
 
+std::vector<VxKeySpan> KeyTarget::editedSpans() const
+{
+    std::vector<VxKeySpan> all = spans;
+    if (numLaterKeys() > 0)
+        all.push_back({spans.back().last, property->getNumKeys()});
+    return all;
+}
+
 std::vector<int> KeyTarget::indexes() const
 {
-    std::vector<int> all;
-    all.reserve(std::size_t(numKeys()));
-    for (const VxKeySpan &span : spans) {
-        for (int i = span.first; i < span.last; ++i)
-            all.push_back(i);
+    std::vector<int> all(std::size_t(numKeys() + numLaterKeys()));
+    auto next = all.begin();
+    for (const VxKeySpan &span : editedSpans()) {
+        std::iota(next, next + (span.last - span.first), span.first);
+        next += span.last - span.first;
     }
-    for (int i = 0; i < numLaterKeys(); ++i)
-        all.push_back(spans.back().last + i);
     return all;
 }
 

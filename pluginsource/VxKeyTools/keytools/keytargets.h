@@ -16,6 +16,8 @@ struct KeyTarget
     /// Keys after the last span are edited too, without being selected.
     bool withLaterKeys = false;
 
+    /// The edited keys as ascending spans, of which the last two may touch.
+    std::vector<VxKeySpan> editedSpans() const;
     /// The indexes of all edited keys, ascending.
     std::vector<int> indexes() const;
     int numKeys() const; ///< in the spans

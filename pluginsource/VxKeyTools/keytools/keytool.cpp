@@ -74,8 +74,12 @@ const VxTypedInput &KeyToolArguments::input(const QString &name) const
 
 const QVector<KeyTool> &KeyTool::all()
 {
-    static const QVector<KeyTool> tools =
-        selectionTools() + timeTools() + valueTools() + cleaningTools() + poseTools();
+    static const QVector<KeyTool> tools = [] {
+        QVector<KeyTool> selecting = selectionTools();
+        for (KeyTool &tool : selecting)
+            tool.changesKeys = false;
+        return selecting + timeTools() + valueTools() + cleaningTools() + poseTools();
+    }();
     return tools;
 }
 

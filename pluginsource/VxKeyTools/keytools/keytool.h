@@ -52,6 +52,8 @@ struct KeyTool
     QString description; ///< a sentence for status line and help
     QVector<KeyToolParameter> parameters;
     Run run = nullptr;
+    /// False for tools that change the selection alone.
+    bool changesKeys = true;
 
     /// Every tool, in the order of the menu.
     static const QVector<KeyTool> &all();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numeric>
 #include <vxcore/vxapp.h>
@@ -45,6 +46,18 @@ std::vector<VxKeySpan> joined(const std::vector<VxKeySpan> &spans)
 /// Ascending times; of keys at one time the last one is kept.
 void sortByTime(VxFittedKeys *keys)
 {
+    const auto findFirst = [keys](auto isWrong) {
+        return std::adjacent_find(keys->times.begin(), keys->times.end(), isWrong);
+    };
+    if (findFirst(std::less_equal<>()) == keys->times.end()) { // descending
+        std::reverse(keys->times.begin(), keys->times.end());
+        std::reverse(keys->values.begin(), keys->values.end());
+        std::reverse(keys->types.begin(), keys->types.end());
+        std::reverse(keys->tcb.begin(), keys->tcb.end());
+        return;
+    }
+    if (findFirst(std::greater_equal<>()) == keys->times.end())
+        return;
     std::vector<std::size_t> order(keys->times.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [keys](std::size_t a, std::size_t b) {
@@ -57,9 +70,26 @@ void sortByTime(VxFittedKeys *keys)
         sorted.times.push_back(keys->times[order[i]]);
         sorted.values.push_back(keys->values[order[i]]);
         sorted.types.push_back(keys->types[order[i]]);
-        sorted.tcb.push_back(keys->tcb[order[i]]);
+        if (!keys->tcb.empty())
+            sorted.tcb.push_back(keys->tcb[order[i]]);
     }
     *keys = std::move(sorted);
+}
+
+/// The keys of a property at given times, ascending, all of which have one.
+std::vector<VxKeySpan> spansAt(const std::vector<VxTime> &times, const VxProperty &property)
+{
+    std::vector<VxKeySpan> spans;
+    const VxTime *keyTimes = property.getKeyTimes();
+    int index = times.empty() ? 0 : property.getFirstKeyFrom(times.front());
+    for (const VxTime time : times) {
+        while (keyTimes[index] != time)
+            ++index;
+        if (spans.empty() || spans.back().last != index)
+            spans.push_back({index, index});
+        spans.back().last = ++index;
+    }
+    return spans;
 }
 
 /// Spans without the last `count` keys.
@@ -75,24 +105,90 @@ std::vector<VxKeySpan> shortened(std::vector<VxKeySpan> spans, int count)
     return spans;
 }
 
-/// Plans and writes an edit; the spans of the edited keys afterwards.
-template <class V, class Property>
-std::vector<VxKeySpan> writeEdit(Property *property, const std::vector<int> &source,
-                                 const KeySeries &former, const KeySeries &series, int *merged)
+/// The keys of spans as a series.
+template <class V>
+KeySeries seriesOf(const VxKeyColumns<V> &keys, const std::vector<VxKeySpan> &spans, int count)
 {
-    std::vector<V> values(series.values.size());
-    const VxKeyColumns<V> keys = property->getKeys();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        // An unedited value stays to the last bit, even beyond its limits.
-        values[i] = series.values[i] == former.values[i]
-                        ? keys.values[source[i]]
-                        : propertyValue(*property, series.values[i]);
+    KeySeries series;
+    series.times.reserve(std::size_t(count));
+    series.values.reserve(std::size_t(count));
+    for (const VxKeySpan &span : spans) {
+        series.times.insert(series.times.end(), keys.times + span.first, keys.times + span.last);
+        series.values.insert(series.values.end(), keys.values + span.first,
+                             keys.values + span.last);
     }
-    const VxKeyEdit<V> edit = {source.data(), series.times.data(), values.data(),
-                               int(source.size()), nullptr};
-    const VxKeyResult<V> result = vxPlanKeyEdit(keys, edit, VxCollision::Replace);
+    return series;
+}
+
+/// The edited values of keys. An unedited value stays to the last bit, even beyond its limits.
+template <class V, class Property>
+std::vector<V> editedValues(const Property &property, const KeySeries &series,
+                            const std::vector<int> &source)
+{
+    std::vector<V> values(source.size());
+    const V *former = property.getKeys().values;
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        const V old = former[source[i]];
+        values[i] =
+            series.values[i] == double(old) ? old : propertyValue(property, series.values[i]);
+    }
+    return values;
+}
+
+/// Writes values of keys that keep their times. False when all are the former ones.
+bool writeValues(VxFloatProperty *property, const std::vector<int> &source,
+                 const std::vector<float> &values)
+{
+    const float *former = property->getKeys().values;
+    QVector<int> indexes(int(source.size()));
+    QVector<float> changed(indexes.size());
+    int *nextIndex = indexes.data();
+    float *nextValue = changed.data();
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        *nextIndex = source[i];
+        *nextValue = values[i];
+        const bool isChanged = values[i] != former[source[i]];
+        nextIndex += isChanged ? 1 : 0;
+        nextValue += isChanged ? 1 : 0;
+    }
+    const auto count = int(nextIndex - indexes.constData());
+    indexes.resize(count);
+    changed.resize(count);
+    return count > 0 && property->setKeyValues(indexes, changed);
+}
+
+template <class T>
+bool areAt(const std::vector<T> &edited, const T *former, const std::vector<int> &source)
+{
+    return std::equal(edited.begin(), edited.end(), source.begin(),
+                      [former](T each, int index) { return each == former[index]; });
+}
+
+/// The edited spans afterwards; std::nullopt when nothing changed.
+template <class V, class Property>
+std::optional<std::vector<VxKeySpan>> editKeys(Property *property, const KeyTarget &target,
+                                               const std::function<void(KeySeries *)> &edit,
+                                               int *merged)
+{
+    const VxKeyColumns<V> keys = property->getKeys();
+    const std::vector<int> source = target.indexes();
+    KeySeries series = seriesOf(keys, target.editedSpans(), int(source.size()));
+    edit(&series);
+    const std::vector<V> values = editedValues<V>(*property, series, source);
+    if (areAt(series.times, keys.times, source)) {
+        if constexpr (std::is_same_v<V, float>) {
+            if (!writeValues(property, source, values))
+                return std::nullopt;
+            return target.editedSpans();
+        } else if (areAt(values, keys.values, source)) {
+            return std::nullopt;
+        }
+    }
+    const VxKeyResult<V> result = vxPlanKeyEdit<V>(
+        keys, {source.data(), series.times.data(), values.data(), int(source.size()), nullptr},
+        VxCollision::Replace);
     if (result.isEmpty())
-        return {};
+        return std::nullopt;
     *merged += result.merged;
     property->replaceKeys(result.span, result.keys);
     return result.selected;
@@ -135,23 +231,13 @@ void KeyToolRun::edit(const std::function<void(KeySeries *)> &edit)
 void KeyToolRun::edit(std::size_t track, const std::function<void(KeySeries *)> &edit)
 {
     const KeyTarget &target = m_targets.tracks[track];
-    const std::vector<int> source = target.indexes();
-    KeySeries former;
-    const VxTime *times = target.property->getKeyTimes();
-    for (const int i : source) {
-        former.times.push_back(times[i]);
-        former.values.push_back(target.property->getKeyDoubleValue(i));
-    }
-    KeySeries series = former;
-    edit(&series);
-    if (series.times == former.times && series.values == former.values)
-        return;
+    std::optional<std::vector<VxKeySpan>> edited;
     if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
-        select(track, shortened(writeEdit<float>(number, source, former, series, &m_result.merged),
-                                target.numLaterKeys()));
+        edited = editKeys<float>(number, target, edit, &m_result.merged);
     else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
-        select(track, shortened(writeEdit<qint32>(whole, source, former, series, &m_result.merged),
-                                target.numLaterKeys()));
+        edited = editKeys<qint32>(whole, target, edit, &m_result.merged);
+    if (edited)
+        select(track, shortened(std::move(*edited), target.numLaterKeys()));
 }
 
 void KeyToolRun::retarget(std::size_t track)
@@ -207,32 +293,37 @@ void KeyToolRun::rewrite(std::size_t track, const Rewrite &rewrite, bool keepsFo
     auto *property = qobject_cast<VxFloatProperty *>(m_targets.tracks[track].property);
     if (!property)
         return;
-    const std::vector<int> source = m_targets.tracks[track].indexes();
-    const VxKeyColumns<float> all = property->getKeys();
+    const KeyTarget &target = m_targets.tracks[track];
     VxFittedKeys keys;
-    for (const int i : source) {
-        keys.times.push_back(all.times[i]);
-        keys.values.push_back(all.values[i]);
-        keys.types.push_back(all.types ? all.types[i] : quint8(VxKeyInterp::Linear));
-        keys.tcb.push_back(all.tcb ? all.tcb[i] : VxTcb());
+    for (const VxKeySpan &span : target.editedSpans()) {
+        const VxKeyColumns<float> part = columnsOf(*property, span);
+        keys.times.insert(keys.times.end(), part.times, part.times + part.count);
+        keys.values.insert(keys.values.end(), part.values, part.values + part.count);
+        if (part.types)
+            keys.types.insert(keys.types.end(), part.types, part.types + part.count);
+        if (part.tcb)
+            keys.tcb.insert(keys.tcb.end(), part.tcb, part.tcb + part.count);
     }
+    keys.types.resize(keys.times.size(), VxKeyInterp::Linear);
     rewrite(&keys);
     sortByTime(&keys);
-    if (std::all_of(keys.tcb.begin(), keys.tcb.end(),
-                    [](const VxTcb &tcb) { return tcb == VxTcb(); }))
-        keys.tcb.clear();
     const int before = property->getNumKeys();
-    if (!keepsFormer)
-        property->deleteKeys(QVector<int>(source.begin(), source.end()));
-    property->setKeys(keys.columns());
-    const int added = keepsFormer ? int(source.size()) : 0;
-    m_result.merged += before + added - property->getNumKeys();
-    std::vector<VxKeySpan> selected;
-    for (const VxTime time : keys.times) {
-        const int index = property->findKey(time);
-        selected.push_back({index, index + 1});
+    const std::vector<VxKeySpan> &spans = target.spans;
+    const bool isOneSpan = spans.size() == 1 && !target.withLaterKeys;
+    if (!keepsFormer && isOneSpan) {
+        property->replaceKeys(VxTimeRange(property->getKeyTime(spans.front().first),
+                                          property->getKeyTime(spans.front().last - 1)),
+                              keys.columns());
+    } else {
+        if (!keepsFormer) {
+            const std::vector<int> source = target.indexes();
+            property->deleteKeys(QVector<int>(source.begin(), source.end()));
+        }
+        property->setKeys(keys.columns());
     }
-    select(track, joined(selected));
+    const int added = keepsFormer ? target.numKeys() + target.numLaterKeys() : 0;
+    m_result.merged += before + added - property->getNumKeys();
+    select(track, spansAt(keys.times, *property));
 }
 
 void KeyToolRun::remove(std::size_t track, const std::vector<int> &indexes)
@@ -261,8 +352,6 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
         for (const VxKeySpan &span : spans)
             m_result.after += span.last - span.first;
     }
-    // Views must receive the report of the new keys before selecting them.
-    m_block.reset();
     VxKeySelection *selection = VxKeySelection::current();
     if (selection && m_targets.isSelection) {
         VxKeySelectionEntries entries;
@@ -270,6 +359,9 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
             entries.push_back({m_targets.tracks[i].property, joined(m_selected[i]), 0});
         selection->setForHolders(entries);
     }
+    // Views find the selection by the present keys. Reported first, they would look for the former
+    // times of the selected keys.
+    m_block.reset();
     m_hold->accept(action);
     m_result.done = !m_targets.isEmpty();
     if (m_targets.isEmpty()) {

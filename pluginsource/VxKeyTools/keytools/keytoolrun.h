@@ -52,7 +52,8 @@ public:
     void replace(const Replacement &replacement);
     void replace(std::size_t track, const Replacement &replacement);
     /// Passes copies of the keys to `rewrite` and writes the results in their place, or, with
-    /// `keepsFormer`, in addition. The same collision rule as in edit().
+    /// `keepsFormer`, in addition. The same collision rule as in edit(). Without tension,
+    /// continuity and bias on the track, VxFittedKeys::tcb is empty.
     using Rewrite = std::function<void(VxFittedKeys *keys)>;
     void rewrite(std::size_t track, const Rewrite &rewrite, bool keepsFormer = false);
     /// Removes keys, ascending indexes.

@@ -143,12 +143,11 @@ KeyToolResult space(const KeyToolArguments &)
 /// beside a linear or constant one is then shaped by another key.
 void reverseKeys(VxFittedKeys *keys, const VxTimeRange &range)
 {
-    const std::vector<quint8> types = keys->types;
-    for (std::size_t i = 0; i < types.size(); ++i) {
-        keys->times[i] = wholeTick(double(range.getStart()) + range.getEnd() - keys->times[i]);
-        keys->types[i] = i > 0 ? types[i - 1] : types.back();
-        keys->tcb[i].bias = -keys->tcb[i].bias;
-    }
+    for (VxTime &time : keys->times)
+        time = wholeTick(double(range.getStart()) + range.getEnd() - time);
+    std::rotate(keys->types.begin(), keys->types.end() - 1, keys->types.end());
+    for (VxTcb &tcb : keys->tcb)
+        tcb.bias = -tcb.bias;
 }
 
 KeyToolResult reverse(const KeyToolArguments &)

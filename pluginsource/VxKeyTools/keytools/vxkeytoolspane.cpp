@@ -1,6 +1,6 @@
 #include "keytools/vxkeytoolspane.h"
 
-#include "keytools/keytool.h"
+#include "keytools/keytoolpreview.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QComboBox>
@@ -32,6 +32,7 @@ public:
     QMap<QString, QWidget *> fields; ///< by parameter
     QMap<QString, QString> typed;    ///< by tool and parameter
     QTimer targetsTimer;
+    KeyToolPreview preview;
 };
 
 QString VxKeyToolsPane::Private::text(const KeyToolParameter &parameter) const
@@ -96,6 +97,10 @@ VxKeyToolsPane::VxKeyToolsPane()
         connect(vxScene, &VxScene::playRangeChanged, this, changed);
         connect(vxScene, &VxScene::viewChanged, this, changed);
     }
+    connect(&d->preview, &KeyToolPreview::ended, this, [this] {
+        d->result->clear();
+        showTargets();
+    });
     showTool();
 }
 
@@ -165,6 +170,7 @@ bool VxKeyToolsPane::setField(const QString &parameter, const QString &text)
 
 void VxKeyToolsPane::showTool()
 {
+    d->preview.end();
     keepFields();
     d->fields.clear();
     delete d->form->layout();
@@ -178,10 +184,13 @@ void VxKeyToolsPane::showTool()
             auto *choice = new QComboBox;
             choice->addItems(parameter.choices);
             choice->setCurrentText(text);
+            connect(choice, QOverload<int>::of(&QComboBox::activated), this,
+                    [this, choice] { preview(choice); });
             field = choice;
         } else {
             auto *line = new QLineEdit(text);
             connect(line, &QLineEdit::returnPressed, this, &VxKeyToolsPane::apply);
+            connect(line, &QLineEdit::textEdited, this, [this, line] { preview(line); });
             field = line;
         }
         field->setObjectName(d->settingName(parameter));
@@ -198,12 +207,24 @@ void VxKeyToolsPane::showTargets()
     d->targets->setText(tr("Works on %1.").arg(KeyTargets::current().description()));
 }
 
-bool VxKeyToolsPane::apply()
+QVariantMap VxKeyToolsPane::typedArguments() const
 {
     QVariantMap arguments;
     for (const KeyToolParameter &parameter : d->tool().parameters)
         arguments.insert(parameter.name, d->text(parameter));
-    const KeyToolResult result = d->tool().runWith(arguments);
+    return arguments;
+}
+
+void VxKeyToolsPane::preview(QWidget *field)
+{
+    if (d->tool().changesKeys)
+        d->result->setText(d->preview.show(d->tool(), typedArguments(), field).message);
+}
+
+bool VxKeyToolsPane::apply()
+{
+    d->preview.end();
+    const KeyToolResult result = d->tool().runWith(typedArguments());
     d->result->setText(result.message);
     showTargets();
     return result.done;

@@ -1,11 +1,13 @@
 #ifndef KEYTOOLS_VXKEYTOOLSPANE_H
 #define KEYTOOLS_VXKEYTOOLSPANE_H
 
+#include <QtCore/QVariant>
 #include <memory>
 #include <vxcore/vxpane.h>
 
 /// A pane with the key tools: the list of tools, fields for the parameters of the chosen one, its
-/// targets, and its result. Return in a field, or the button, runs the tool.
+/// targets, and its result. What is typed is shown in all views; Return in a field, or the button,
+/// runs the tool, and Escape restores the keys (KeyToolPreview).
 class VxKeyToolsPane : public VxPane
 {
     Q_OBJECT
@@ -34,6 +36,8 @@ private:
     void showTool();
     void showTargets();
     void keepFields();
+    void preview(QWidget *field);
+    QVariantMap typedArguments() const;
 
     class Private;
     std::unique_ptr<Private> d;

@@ -69,20 +69,10 @@ public:
     bool setKeyTypes(const QVector<int> &indexes, int type);
     bool setKeyValues(const QVector<int> &indexes, const QVector<float> &values);
 
-    int getNumKeys() const override;
-    const VxTime *getKeyTimes() const override;
-    int deleteKeys(const VxTimeRange &range) override;
-    int deleteKeys(int first, int last) override;
-    int deleteKeys(const QVector<int> &indexes) override;
     using VxNumericProperty::getDoubleValue;
     using VxNumericProperty::setDoubleValue;
     double getDoubleValue(VxTime time) const override;
-    double getKeyDoubleValue(int index) const override;
     bool setDoubleValue(VxTime time, double value) override;
-    bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
-
-    /// Memory used by the keys in bytes, unused capacity included.
-    qint64 getKeyMemory() const;
 
 private:
     class Private;

@@ -45,20 +45,10 @@ public:
     bool setKeys(const VxKeyColumns<qint32> &keys);
     bool replaceKeys(const VxTimeRange &range, const VxKeyColumns<qint32> &keys);
 
-    int getNumKeys() const override;
-    const VxTime *getKeyTimes() const override;
-    int deleteKeys(const VxTimeRange &range) override;
-    int deleteKeys(int first, int last) override;
-    int deleteKeys(const QVector<int> &indexes) override;
     using VxNumericProperty::getDoubleValue;
     using VxNumericProperty::setDoubleValue;
     double getDoubleValue(VxTime time) const override;
-    double getKeyDoubleValue(int index) const override;
     bool setDoubleValue(VxTime time, double value) override;
-    bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
-
-    /// Memory used by the keys in bytes, unused capacity included.
-    qint64 getKeyMemory() const;
 
 protected:
     class Private;

@@ -19,6 +19,14 @@ public:
 
     bool canBeKeyed() const override;
 
+    int getNumKeys() const override;
+    const VxTime *getKeyTimes() const override;
+    int deleteKeys(const VxTimeRange &range) override;
+    int deleteKeys(int first, int last) override;
+    int deleteKeys(const QVector<int> &indexes) override;
+    /// Memory used by the keys in bytes, unused capacity included.
+    qint64 getKeyMemory() const;
+
     bool isLinked() const;
     bool isLinkTerminal() const;
     VxNumericProperty *getLinkedProperty() const;
@@ -34,7 +42,7 @@ public:
     /// The value at a time, at the scene's time, and of a key (0 when there is no such key).
     virtual double getDoubleValue(VxTime time) const = 0;
     double getDoubleValue() const;
-    virtual double getKeyDoubleValue(int index) const = 0;
+    double getKeyDoubleValue(int index) const;
 
     /// Sets the value at a time: while the scene animates and the property is animatable, makes
     /// or replaces the key there (a replaced key keeps its interpolation, a new one takes that of
@@ -47,7 +55,7 @@ public:
     /// Moves keys to new times in one pass: newTimes[i] is for the key at indexes[i] (ascending,
     /// no duplicates). Other keys at a new time are replaced. Two moved keys must not get the same
     /// time. A moved key keeps value and interpolation. False when refused.
-    virtual bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
+    bool moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes);
     /// Moves all keys within range by offset ticks; the same rules. Times are limited to 32 bits.
     bool shiftKeys(const VxTimeRange &range, VxTime offset);
 
@@ -55,8 +63,9 @@ public:
     bool isPercentage() const;
     void setPercentage(bool percentage);
 
+    class Private; // the library's own
+
 protected:
-    class Private;
     VxNumericProperty(const QString &name, Private *priv);
     Private *priv() const;
 };

@@ -35,6 +35,42 @@ std::vector<VxTime> presentTimes(const VxTime *times, const int *source, int cou
     return present;
 }
 
+// True for neighbouring keys that keep their order and pass no other key: edits of whole tracks.
+template <class V>
+bool isBlock(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &edit,
+             const std::vector<VxTime> &times)
+{
+    const int first = edit.source[0];
+    const int end = first + edit.count;
+    return edit.source[edit.count - 1] == end - 1 &&
+           (first == 0 || keys.times[first - 1] < times.front()) &&
+           (end == keys.count || keys.times[end] > times.back()) &&
+           isStrictlyAscending(times.data(), edit.count);
+}
+
+template <class V>
+VxKeyResult<V> moveBlock(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &edit,
+                         std::vector<VxTime> &&times)
+{
+    const int first = edit.source[0];
+    const int end = first + edit.count;
+    VxKeyResult<V> result;
+    result.span = VxTimeRange(std::min(keys.times[first], times.front()),
+                              std::max(keys.times[end - 1], times.back()));
+    result.keys.times = std::move(times);
+    if (edit.values)
+        result.keys.values.assign(edit.values, edit.values + edit.count);
+    else
+        result.keys.values.assign(keys.values + first, keys.values + end);
+    if (keys.types)
+        result.keys.types.assign(keys.types + first, keys.types + end);
+    if (keys.tcb)
+        result.keys.tcb.assign(keys.tcb + first, keys.tcb + end);
+    result.source.assign(edit.source, edit.source + edit.count);
+    result.selected = {{first, end}};
+    return result;
+}
+
 } // namespace
 
 // Unsigned, because the offset may be wider than a time; the sums are within range.
@@ -81,6 +117,8 @@ VxKeyResult<V> vxPlanKeyEdit(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &ed
     if (times.empty())
         return result;
 
+    if (isBlock(keys, edit, times))
+        return moveBlock(keys, edit, std::move(times));
     // A descending list is reversed, which saves sorting it.
     const bool descends = edit.source[0] > edit.source[edit.count - 1];
     std::vector<int> source(edit.source, edit.source + edit.count);

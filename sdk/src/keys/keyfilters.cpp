@@ -53,21 +53,106 @@ double spanOfKey(const VxTime *times, int count, int k)
     return (double(times[std::min(k + 1, count - 1)]) - times[std::max(k - 1, 0)]) / 2;
 }
 
-/// One pass of a second order low pass, started in the steady state of the first value.
-void lowPass(std::vector<double> *values, double tangent)
+/// The end of the keys from `first` on that have equal distances.
+int endOfEvenKeys(const VxTime *times, int count, int first)
 {
-    const double k = tangent;
-    const double norm = 1 / (1 + std::sqrt(2.0) * k + k * k);
-    const double b0 = k * k * norm;
-    const double a1 = 2 * (k * k - 1) * norm;
-    const double a2 = (1 - std::sqrt(2.0) * k + k * k) * norm;
-    double z1 = values->front() * (1 - b0);
-    double z2 = values->front() * (b0 - a2);
-    for (double &value : *values) {
-        const double out = b0 * value + z1;
-        z1 = 2 * b0 * value - a1 * out + z2;
-        z2 = b0 * value - a2 * out;
-        value = out;
+    int end = first + 1;
+    if (end == count)
+        return end;
+    const qint64 step = qint64(times[end]) - times[first];
+    while (end < count && qint64(times[end]) - times[end - 1] == step)
+        ++end;
+    return end;
+}
+
+/// The smoothed value of one key. `first`: the first key within reach, ascending from call to call.
+void smoothOne(const VxTime *times, const float *values, int count, int i,
+               const GaussianWeights &weights, int *first, float *result)
+{
+    while (qint64(times[i]) - times[*first] > weights.reach())
+        ++*first;
+    double s0 = 0, s1 = 0, s2 = 0, v0 = 0, v1 = 0;
+    for (int k = *first; k < count; ++k) {
+        const qint64 distance = qint64(times[k]) - times[i];
+        if (distance > weights.reach())
+            break;
+        const double w = weights.at(std::abs(distance)) * spanOfKey(times, count, k);
+        const double d = seconds(double(distance));
+        s0 += w;
+        s1 += w * d;
+        s2 += w * d * d;
+        v0 += w * double(values[k]);
+        v1 += w * d * double(values[k]);
+    }
+    const double determinant = s0 * s2 - s1 * s1;
+    if (determinant > 1e-12 * s0 * s2)
+        *result = float((v0 * s2 - v1 * s1) / determinant);
+}
+
+/// The weights, with a sum of 1, of a key and of those 1, 2, ... `steps` before and after it,
+/// `step` ticks apart.
+std::vector<double> kernel(const GaussianWeights &weights, qint64 step, int steps)
+{
+    std::vector<double> half(std::size_t(steps) + 1);
+    double sum = 0;
+    for (int k = 0; k <= steps; ++k) {
+        half[std::size_t(k)] = weights.at(k * step);
+        sum += (k == 0 ? 1 : 2) * half[std::size_t(k)];
+    }
+    for (double &weight : half)
+        weight /= sum;
+    return half;
+}
+
+/// Smooths keys at equal distances by their weighted mean: the slope of the line through a key has
+/// no effect where its neighbours are symmetric. Values before and after the keys are read too.
+void smoothEven(const float *values, int count, const std::vector<double> &half, float *result)
+{
+    constexpr int Lanes = 8; // in registers
+    const int steps = int(half.size()) - 1;
+    std::vector<double> wide(std::size_t(count) + 2 * std::size_t(steps) + Lanes);
+    std::copy(values - steps, values + count + steps, wide.begin());
+    for (int i = 0; i < count; i += Lanes) {
+        const double *middle = wide.data() + steps + i;
+        double sums[Lanes];
+        for (int lane = 0; lane < Lanes; ++lane)
+            sums[lane] = half[0] * middle[lane];
+        for (int k = 1; k <= steps; ++k) {
+            const double weight = half[std::size_t(k)];
+            for (int lane = 0; lane < Lanes; ++lane)
+                sums[lane] += weight * (middle[lane - k] + middle[lane + k]);
+        }
+        for (int lane = 0; lane < std::min(Lanes, count - i); ++lane)
+            result[i + lane] = float(sums[lane]);
+    }
+}
+
+/// The coefficients of a second order low pass: the input's are b, 2 b and b.
+struct LowPass
+{
+    explicit LowPass(double tangent)
+    {
+        const double norm = 1 / (1 + std::sqrt(2.0) * tangent + tangent * tangent);
+        b = tangent * tangent * norm;
+        a1 = 2 * (tangent * tangent - 1) * norm;
+        a2 = (1 - std::sqrt(2.0) * tangent + tangent * tangent) * norm;
+    }
+    double b, a1, a2;
+};
+
+/// One pass in place, started in the steady state of the first value. The terms of the input are
+/// added first: only the last two results are waited for.
+template <class Iterator> void filterOnce(Iterator begin, Iterator end, const LowPass &filter)
+{
+    double x1 = *begin, x2 = *begin, y1 = *begin, y2 = *begin;
+    for (Iterator at = begin; at != end; ++at) {
+        const double x = *at;
+        const double input = filter.b * (x + 2 * x1 + x2) - filter.a2 * y2;
+        y2 = y1;
+        y1 = input - filter.a1 * y1;
+        x2 = x1;
+        x1 = x;
+        *at = y1;
     }
 }
 
@@ -75,7 +160,7 @@ void lowPass(std::vector<double> *values, double tangent)
 void filterForwardAndBack(std::vector<double> *grid, double ratio)
 {
     const int count = int(grid->size());
-    const double tangent = std::tan(Pi * ratio) / std::pow(std::sqrt(2.0) - 1, 0.25);
+    const LowPass filter(std::tan(Pi * ratio) / std::pow(std::sqrt(2.0) - 1, 0.25));
     const int pad = std::min(count - 1, int(std::min(3 / ratio, 1e8)) + 6);
     std::vector<double> padded;
     padded.reserve(std::size_t(count) + 2 * std::size_t(pad));
@@ -84,10 +169,8 @@ void filterForwardAndBack(std::vector<double> *grid, double ratio)
     padded.insert(padded.end(), grid->begin(), grid->end());
     for (int i = 1; i <= pad; ++i)
         padded.push_back(2 * grid->back() - (*grid)[std::size_t(count - 1 - i)]);
-    lowPass(&padded, tangent);
-    std::reverse(padded.begin(), padded.end());
-    lowPass(&padded, tangent);
-    std::reverse(padded.begin(), padded.end());
+    filterOnce(padded.begin(), padded.end(), filter);
+    filterOnce(padded.rbegin(), padded.rend(), filter);
     std::copy_n(padded.begin() + pad, count, grid->begin());
 }
 
@@ -149,25 +232,25 @@ std::vector<float> vxSmoothGaussian(const VxTime *times, const float *values, in
         return result;
     const GaussianWeights weights(sigma);
     int first = 0;
-    for (int i = 0; i < count; ++i) {
-        while (qint64(times[i]) - times[first] > weights.reach())
-            ++first;
-        double s0 = 0, s1 = 0, s2 = 0, v0 = 0, v1 = 0;
-        for (int k = first; k < count; ++k) {
-            const qint64 distance = qint64(times[k]) - times[i];
-            if (distance > weights.reach())
-                break;
-            const double w = weights.at(std::abs(distance)) * spanOfKey(times, count, k);
-            const double d = seconds(double(distance));
-            s0 += w;
-            s1 += w * d;
-            s2 += w * d * d;
-            v0 += w * double(values[k]);
-            v1 += w * d * double(values[k]);
+    for (int i = 0; i < count;) {
+        const int even = endOfEvenKeys(times, count, i);
+        const qint64 step = even > i + 1 ? qint64(times[i + 1]) - times[i] : 1;
+        const int steps = int(std::min(weights.reach() / step, qint64(count)));
+        // Of keys at equal distances, those whose neighbours all have the same span.
+        const int from = i + steps + 1;
+        const int to = even - steps - 1;
+        const int next = from < to ? from : even;
+        for (; i < next; ++i)
+            smoothOne(times, values, count, i, weights, &first, &result[std::size_t(i)]);
+        if (from < to) {
+            smoothEven(values + from, to - from, kernel(weights, step, steps),
+                       &result[std::size_t(from)]);
+            i = to;
         }
-        const double determinant = s0 * s2 - s1 * s1;
-        if (determinant > 1e-12 * s0 * s2)
-            result[std::size_t(i)] = float((v0 * s2 - v1 * s1) / determinant);
+        while (i < even) {
+            smoothOne(times, values, count, i, weights, &first, &result[std::size_t(i)]);
+            ++i;
+        }
     }
     return result;
 }
@@ -185,24 +268,26 @@ std::vector<float> vxSmoothButterworth(const VxTime *times, const float *values,
     if (!(ratio < 0.5))
         return result;
     const std::size_t points = steps + 1;
-    const bool isEven = points == std::size_t(count);
+    std::vector<double> grid(values, values + count);
+    if (points == std::size_t(count)) { // keys at equal distances are the grid
+        filterForwardAndBack(&grid, ratio);
+        result.assign(grid.begin(), grid.end());
+        return result;
+    }
     std::vector<double> places(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         places[std::size_t(i)] = double(times[i]) - times[0];
-    std::vector<double> grid(values, values + count);
     std::vector<double> gridPlaces(points);
     for (std::size_t i = 0; i < points; ++i)
         gridPlaces[i] = double(i) * step;
-    if (!isEven) {
-        CubicThrough curve(places, grid);
-        grid.resize(points);
-        for (std::size_t i = 0; i < points; ++i)
-            grid[i] = curve.at(gridPlaces[i]);
-    }
+    CubicThrough curve(places, grid);
+    grid.resize(points);
+    for (std::size_t i = 0; i < points; ++i)
+        grid[i] = curve.at(gridPlaces[i]);
     filterForwardAndBack(&grid, ratio);
-    CubicThrough filtered(isEven ? places : gridPlaces, grid);
+    CubicThrough filtered(gridPlaces, grid);
     for (std::size_t i = 0; i < result.size(); ++i)
-        result[i] = float(isEven ? grid[i] : filtered.at(places[i]));
+        result[i] = float(filtered.at(places[i]));
     return result;
 }
 

@@ -268,8 +268,12 @@ template <class V> bool KeyStore<V>::setValues(const QVector<int> &indexes, cons
         return false;
     const VxTimeRange span = spanOf(indexes);
     touch(span);
-    for (int i = 0; i < indexes.size(); ++i)
-        m_track.setValues(indexes.at(i), values + i, 1);
+    if (indexes.last() - indexes.first() == indexes.size() - 1) {
+        m_track.setValues(indexes.first(), values, indexes.size());
+    } else {
+        for (int i = 0; i < indexes.size(); ++i)
+            m_track.setValues(indexes.at(i), values + i, 1);
+    }
     report(span);
     return true;
 }

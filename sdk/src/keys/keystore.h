@@ -11,12 +11,32 @@
 
 template <class V> class KeyUndoItem;
 
+/// The keys of a property whatever the type of their values.
+class KeyStoreBase
+{
+public:
+    virtual ~KeyStoreBase() = default;
+
+    virtual int count() const = 0;
+    /// Null without keys.
+    virtual const VxTime *times() const = 0;
+    /// The value of a key; 0 when there is no such key.
+    virtual double keyValue(int index) const = 0;
+    virtual qint64 memoryBytes() const = 0;
+
+    /// The number of keys removed.
+    virtual int removeRange(const VxTimeRange &range) = 0;
+    virtual int removeIndexRange(int first, int last) = 0; // [first, last)
+    virtual int removeIndexes(const QVector<int> &indexes) = 0;
+    virtual bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
+};
+
 /// The value of one property: its keys, and its stored value for when it has none.
 ///
 /// All edits pass through here, because each takes the same three steps in the same order: it
 /// reports the times to be touched to the open hold, changes the track in one pass, and reports
 /// the changed time span. An edit that changes nothing takes none of them.
-template <class V> class KeyStore
+template <class V> class KeyStore final : public KeyStoreBase
 {
 public:
     KeyStore(VxProperty *property, V value)
@@ -29,14 +49,22 @@ public:
     V stored() const { return m_stored; }
     V value(VxTime time) const { return KeyEvaluator<V>(m_track).value(time, m_stored, m_cursor); }
 
+    int count() const override { return m_track.count(); }
+    const VxTime *times() const override { return m_track.columns().times; }
+    double keyValue(int index) const override
+    {
+        return index >= 0 && index < m_track.count() ? double(m_track.value(index)) : 0.0;
+    }
+    qint64 memoryBytes() const override { return qint64(m_track.memoryBytes()); }
+
     bool setStored(V value);
     void set(VxTime time, V value, const VxKeyShape &shape);
     bool insertMany(const VxKeyColumns<V> &keys);
     bool replace(const VxTimeRange &range, const VxKeyColumns<V> &keys);
-    int removeRange(const VxTimeRange &range);
-    int removeIndexRange(int first, int last);
-    int removeIndexes(const QVector<int> &indexes);
-    bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes);
+    int removeRange(const VxTimeRange &range) override;
+    int removeIndexRange(int first, int last) override;
+    int removeIndexes(const QVector<int> &indexes) override;
+    bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes) override;
     bool setShape(const QVector<int> &indexes, const VxKeyShape &shape);
     bool setType(const QVector<int> &indexes, quint8 type);
     bool setValues(const QVector<int> &indexes, const V *values);

@@ -1,7 +1,6 @@
 #include <vxcore/vxfloatproperty.h>
 
-#include "keys/keystore.h"
-#include "keys/vxnumericproperty_p.h"
+#include "keys/numericrecord.h"
 
 #include <cmath>
 #include <limits>
@@ -18,13 +17,6 @@ bool isShape(int type, float tension, float continuity, float bias)
 VxKeyShape makeShape(int type, float tension, float continuity, float bias)
 {
     return {static_cast<quint8>(type), {tension, continuity, bias}};
-}
-
-/// Saturates to single precision, whose range a product of links can exceed.
-float saturated(double value)
-{
-    constexpr double Highest = double(std::numeric_limits<float>::max());
-    return static_cast<float>(qBound(-Highest, value, Highest));
 }
 
 bool areFinite(const float *values, int count)
@@ -47,59 +39,17 @@ bool areKeys(const VxKeyColumns<float> &keys)
 
 } // namespace
 
-class VxFloatProperty::Private : public VxNumericProperty::Private
+class VxFloatProperty::Private : public NumericRecord<float>
 {
 public:
     Private(VxProperty *property, float value)
-        : VxNumericProperty::Private(property)
-        , keys(property, value)
-        , defaultValue(value)
+        : NumericRecord(property, value, VxKeyInterp::Linear)
     {
     }
 
-    /// The record of the key holder, which is of the same class: the property shows its keys and
-    /// respects its limits. An alias's own limits apply to its editors only.
-    Private *holder()
-    {
-        return isPlain ? this : static_cast<VxFloatProperty *>(q->getKeyHolder())->priv();
-    }
-    KeyStore<float> &held() { return holder()->keys; }
-
-    float limited(float value) const { return clamped ? qBound(minimum, value, maximum) : value; }
-
-    /// The shape of a new key at a time without one.
-    VxKeyShape newShape(VxTime time) const
-    {
-        const int before = keys.track().lowerBound(time) - 1;
-        return before >= 0 ? keys.track().shape(before) : makeShape(defaultType, 0, 0, 0);
-    }
-
-    bool setValue(VxTime time, float value);
-
-    KeyStore<float> keys;
-    float defaultValue;
-    float minimum = -std::numeric_limits<float>::max();
-    float maximum = std::numeric_limits<float>::max();
     float sensitivity = 1.0f;
-    bool clamped = false;
     Axis axis = NoAxis;
-    int defaultType = VxKeyInterp::Linear;
 };
-
-bool VxFloatProperty::Private::setValue(VxTime time, float value)
-{
-    value = limited(value);
-    const int index = keys.track().find(time);
-    if (index >= 0) {
-        keys.set(time, value, keys.track().shape(index));
-        return true;
-    }
-    if (makesKeys()) {
-        keys.set(time, value, newShape(time));
-        return true;
-    }
-    return keys.track().isEmpty() && keys.setStored(value);
-}
 
 VxFloatProperty::VxFloatProperty(const QString &name, float defaultValue)
     : VxNumericProperty(name, new Private(this, std::isfinite(defaultValue) ? defaultValue : 0.0f))
@@ -153,10 +103,7 @@ void VxFloatProperty::setMinMax(float minimum, float maximum, bool clamped)
                  qUtf8Printable(getName()));
         return;
     }
-    priv()->minimum = qMin(minimum, maximum);
-    priv()->maximum = qMax(minimum, maximum);
-    priv()->clamped = clamped;
-    priv()->emitTraits();
+    priv()->setLimits(minimum, maximum, clamped);
 }
 
 float VxFloatProperty::getSensitivity() const
@@ -192,9 +139,7 @@ float VxFloatProperty::getValue() const
 
 float VxFloatProperty::getValue(VxTime time) const
 {
-    const Private *record = priv();
-    const float own = record->keys.value(time);
-    return record->isPlain ? own : saturated(record->dependentValue(time, double(own)));
+    return priv()->value(time);
 }
 
 void VxFloatProperty::getValues(const VxTime *times, int count, float *values) const
@@ -216,12 +161,7 @@ bool VxFloatProperty::setValue(float value)
 
 bool VxFloatProperty::setValue(VxTime time, float value)
 {
-    if (!std::isfinite(value) || !priv()->isEditable())
-        return false;
-    VxProperty *holder = getKeyHolder();
-    if (holder != this)
-        return static_cast<VxFloatProperty *>(holder)->setValue(time, value);
-    return !priv()->isDriven() && priv()->setValue(time, value);
+    return std::isfinite(value) && priv()->setValue(time, value);
 }
 
 float VxFloatProperty::getStoredValue() const
@@ -231,14 +171,12 @@ float VxFloatProperty::getStoredValue() const
 
 bool VxFloatProperty::setStoredValue(float value)
 {
-    return std::isfinite(value) && priv()->isEditable() &&
-           priv()->held().setStored(priv()->holder()->limited(value));
+    return std::isfinite(value) && priv()->setStored(value);
 }
 
 float VxFloatProperty::getKeyValue(int index) const
 {
-    const KeyTrack<float> &track = priv()->held().track();
-    return index >= 0 && index < track.count() ? track.value(index) : 0.0f;
+    return static_cast<float>(getKeyDoubleValue(index));
 }
 
 bool VxFloatProperty::setKeyValue(int index, float value)
@@ -271,11 +209,8 @@ bool VxFloatProperty::setKeyInterpolation(int index, int type, float tension, fl
 bool VxFloatProperty::setKey(VxTime time, float value, int type, float tension, float continuity,
                              float bias)
 {
-    if (!std::isfinite(value) || !isShape(type, tension, continuity, bias) || !priv()->takesKeys())
-        return false;
-    priv()->held().set(time, priv()->holder()->limited(value),
-                       makeShape(type, tension, continuity, bias));
-    return true;
+    return std::isfinite(value) && isShape(type, tension, continuity, bias) &&
+           priv()->setKey(time, value, makeShape(type, tension, continuity, bias));
 }
 
 VxKeyColumns<float> VxFloatProperty::getKeys() const
@@ -307,41 +242,8 @@ bool VxFloatProperty::setKeyTypes(const QVector<int> &indexes, int type)
 
 bool VxFloatProperty::setKeyValues(const QVector<int> &indexes, const QVector<float> &values)
 {
-    if (indexes.size() != values.size() || !areFinite(values.constData(), values.size()) ||
-        !priv()->isEditable())
-        return false;
-    const Private *holder = priv()->holder();
-    QVector<float> limited = values;
-    for (float &value : limited)
-        value = holder->limited(value);
-    return priv()->held().setValues(indexes, limited.constData());
-}
-
-int VxFloatProperty::getNumKeys() const
-{
-    return priv()->held().track().count();
-}
-
-const VxTime *VxFloatProperty::getKeyTimes() const
-{
-    return priv()->held().track().columns().times;
-}
-
-int VxFloatProperty::deleteKeys(const VxTimeRange &range)
-{
-    return priv()->isEditable() ? priv()->held().removeRange(range) : 0;
-}
-
-int VxFloatProperty::deleteKeys(int first, int last)
-{
-    if (last == std::numeric_limits<int>::max())
-        --last;
-    return priv()->isEditable() ? priv()->held().removeIndexRange(first, last + 1) : 0;
-}
-
-int VxFloatProperty::deleteKeys(const QVector<int> &indexes)
-{
-    return priv()->isEditable() ? priv()->held().removeIndexes(indexes) : 0;
+    return indexes.size() == values.size() && areFinite(values.constData(), values.size()) &&
+           priv()->setKeyValues(indexes, values.constData());
 }
 
 double VxFloatProperty::getDoubleValue(VxTime time) const
@@ -349,22 +251,7 @@ double VxFloatProperty::getDoubleValue(VxTime time) const
     return double(getValue(time));
 }
 
-double VxFloatProperty::getKeyDoubleValue(int index) const
-{
-    return double(getKeyValue(index));
-}
-
 bool VxFloatProperty::setDoubleValue(VxTime time, double value)
 {
     return setValue(time, static_cast<float>(value));
-}
-
-bool VxFloatProperty::moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes)
-{
-    return priv()->isEditable() && priv()->held().move(indexes, newTimes);
-}
-
-qint64 VxFloatProperty::getKeyMemory() const
-{
-    return qint64(priv()->held().track().memoryBytes());
 }

@@ -1,8 +1,10 @@
 #include "keys/vxnumericproperty_p.h"
 
+#include "keys/keystore.h"
 #include "undo/vxundovalueitem.h"
 
 #include <cmath>
+#include <limits>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -44,6 +46,11 @@ double VxNumericProperty::Private::dependentValue(VxTime time, double ownValue) 
     return (terminal ? ownValue : 0.0) + valueOf(link.get()) * factor + offset;
 }
 
+KeyStoreBase &VxNumericProperty::Private::shownKeys()
+{
+    return isPlain ? ownKeys() : static_cast<Private *>(of(q->getKeyHolder()))->ownKeys();
+}
+
 bool VxNumericProperty::Private::isEditable() const
 {
     return !locked && !of(q->getKeyHolder())->locked;
@@ -74,6 +81,48 @@ VxNumericProperty::Private *VxNumericProperty::priv() const
 bool VxNumericProperty::canBeKeyed() const
 {
     return isAnimatable();
+}
+
+int VxNumericProperty::getNumKeys() const
+{
+    return priv()->shownKeys().count();
+}
+
+const VxTime *VxNumericProperty::getKeyTimes() const
+{
+    return priv()->shownKeys().times();
+}
+
+double VxNumericProperty::getKeyDoubleValue(int index) const
+{
+    return priv()->shownKeys().keyValue(index);
+}
+
+qint64 VxNumericProperty::getKeyMemory() const
+{
+    return priv()->shownKeys().memoryBytes();
+}
+
+int VxNumericProperty::deleteKeys(const VxTimeRange &range)
+{
+    return priv()->isEditable() ? priv()->shownKeys().removeRange(range) : 0;
+}
+
+int VxNumericProperty::deleteKeys(int first, int last)
+{
+    if (last == std::numeric_limits<int>::max())
+        --last;
+    return priv()->isEditable() ? priv()->shownKeys().removeIndexRange(first, last + 1) : 0;
+}
+
+int VxNumericProperty::deleteKeys(const QVector<int> &indexes)
+{
+    return priv()->isEditable() ? priv()->shownKeys().removeIndexes(indexes) : 0;
+}
+
+bool VxNumericProperty::moveKeys(const QVector<int> &indexes, const QVector<VxTime> &newTimes)
+{
+    return priv()->isEditable() && priv()->shownKeys().move(indexes, newTimes);
 }
 
 bool VxNumericProperty::isLinked() const

@@ -5,12 +5,17 @@
 
 #include <vxcore/vxnumericproperty.h>
 
+class KeyStoreBase;
+
 class VxNumericProperty::Private : public VxProperty::Private
 {
 public:
     using VxProperty::Private::Private;
 
     VxProperty *linkedProperty() const override { return link.get(); }
+    virtual KeyStoreBase &ownKeys() = 0;
+    /// The keys of the key holder, which the property shows.
+    KeyStoreBase &shownKeys();
     /// True when an open link gives the value, so that the property cannot set one itself.
     bool isDriven() const { return link && !terminal; }
     /// The value through override, alias or link; ownValue is the property's own one.

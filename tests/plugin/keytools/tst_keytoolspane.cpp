@@ -3,17 +3,22 @@
 #include "keytools/vxkeytoolspane.h"
 #include "testing/vxtestmain.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <vxcore/vxsettings.h>
+#include <vxcore/vxundostack.h>
 
 class tst_KeyToolsPane : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void paneRunsWhatIsTyped();
+    void typingShowsAPreview();
+    void previewEnds_data();
+    void previewEnds();
     void paneKeepsItsFields();
 };
 
@@ -43,6 +48,81 @@ void tst_KeyToolsPane::paneRunsWhatIsTyped()
     QTRY_COMPARE(
         pane.findChild<QLabel *>("targets")->text(),
         QString("Works on 0 keys of the selected nodes in the play range, on 0 channels."));
+}
+
+// Each preview starts from the keys before the first one; Return makes a single undo entry.
+void tst_KeyToolsPane::typingShowsAPreview()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.show();
+    stage.draw("A B . . c");
+    vxApp->getUndoStack()->clear();
+    pane.setTool("move");
+    auto *field = pane.findChild<QLineEdit *>("move.by");
+    field->selectAll();
+    QTest::keyClicks(field, "1");
+    QCOMPARE(stage.drawing(5), QString(". A B . c"));
+    QTest::keyClicks(field, "+");
+    QCOMPARE(stage.drawing(5), QString("A B . . c"));
+    QVERIFY(pane.findChild<QLabel *>("result")->text().contains("1+"));
+    QTest::keyClicks(field, "1");
+    QCOMPARE(stage.drawing(5), QString(". . A B c"));
+    QCOMPARE(vxApp->getUndoStack()->count(), 0);
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(stage.drawing(5), QString(". . A B c"));
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(stage.drawing(5), QString("A B . . c"));
+}
+
+void tst_KeyToolsPane::previewEnds_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::newRow("Escape") << "escape";
+    QTest::newRow("the focus leaves the field") << "focus";
+    QTest::newRow("another tool is chosen") << "tool";
+    QTest::newRow("a command runs by its shortcut") << "shortcut";
+    QTest::newRow("the pane is hidden") << "hide";
+    QTest::newRow("the pane is destroyed") << "destroy";
+}
+
+void tst_KeyToolsPane::previewEnds()
+{
+    QFETCH(QString, how);
+    KeyToolStage stage;
+    auto pane = std::make_unique<VxKeyToolsPane>();
+    QAction command;
+    command.setShortcut(QKeySequence("Ctrl+J"));
+    pane->addAction(&command);
+    QString seen;
+    connect(&command, &QAction::triggered, this, [&] { seen = stage.drawing(5); });
+    pane->show();
+    QVERIFY(QTest::qWaitForWindowActive(pane.get()));
+    stage.draw("A B . . c");
+    vxApp->getUndoStack()->clear();
+    pane->setTool("move");
+    auto *field = pane->findChild<QLineEdit *>("move.by");
+    field->selectAll();
+    QTest::keyClicks(field, "2");
+    QCOMPARE(stage.drawing(5), QString(". . A B c"));
+    if (how == "escape")
+        QTest::keyClick(field, Qt::Key_Escape);
+    else if (how == "focus")
+        pane->findChild<QComboBox *>("tools")->setFocus();
+    else if (how == "tool")
+        pane->setTool("snap");
+    else if (how == "shortcut")
+        QTest::keyClick(field, Qt::Key_J, Qt::ControlModifier);
+    else if (how == "hide")
+        pane->hide();
+    else
+        pane.reset();
+    QCOMPARE(stage.drawing(5), QString("A B . . c"));
+    QCOMPARE(vxApp->getUndoStack()->count(), 0);
+    QVERIFY(!vxApp->getUndoStack()->isRecording());
+    if (how == "shortcut")
+        QCOMPARE(seen, QString("A B . . c"));
 }
 
 void tst_KeyToolsPane::paneKeepsItsFields()

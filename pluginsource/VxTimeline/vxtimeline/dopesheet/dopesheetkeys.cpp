@@ -141,15 +141,38 @@ void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
     dropFlagsOfNone();
 }
 
+void DopeSheetKeys::replaceTimes(const VxTime *fresh, int freshCount)
+{
+    if (freshCount == count() && areEqual(times.constData(), fresh, freshCount))
+        return;
+    if (freshCount != count() || !times.isDetached())
+        times = QVector<VxTime>(freshCount);
+    std::copy_n(fresh, freshCount, times.data());
+}
+
 void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
                                        const VxTime *selectedTimes, int selectedTimeCount)
 {
-    if (freshCount != count() || !areEqual(times.constData(), fresh, freshCount)) {
-        if (freshCount != count() || !times.isDetached())
-            times = QVector<VxTime>(freshCount);
-        std::copy_n(fresh, freshCount, times.data());
-    }
+    replaceTimes(fresh, freshCount);
     selectOnly(selectedTimes, selectedTimeCount);
+}
+
+void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
+                                       const std::vector<VxKeySpan> &spans)
+{
+    replaceTimes(fresh, freshCount);
+    selectedCount = 0;
+    flags.clear();
+    if (spans.empty())
+        return;
+    quint8 *all = flagsToWrite();
+    for (const VxKeySpan &span : spans) {
+        const int first = std::clamp(span.first, 0, count());
+        const int last = std::clamp(span.last, first, count());
+        std::fill(all + first, all + last, quint8(Selected));
+        selectedCount += last - first;
+    }
+    dropFlagsOfNone();
 }
 
 // Selected times are mostly contiguous keys, and all of them exist.
@@ -177,22 +200,6 @@ void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCoun
             continue;
         all[i] = Selected;
         ++selectedCount;
-    }
-    dropFlagsOfNone();
-}
-
-void DopeSheetKeys::selectOnlySpans(const std::vector<VxKeySpan> &spans)
-{
-    selectedCount = 0;
-    flags.clear();
-    if (spans.empty())
-        return;
-    quint8 *all = flagsToWrite();
-    for (const VxKeySpan &span : spans) {
-        const int first = std::clamp(span.first, 0, count());
-        const int last = std::clamp(span.last, first, count());
-        std::fill(all + first, all + last, quint8(Selected));
-        selectedCount += last - first;
     }
     dropFlagsOfNone();
 }

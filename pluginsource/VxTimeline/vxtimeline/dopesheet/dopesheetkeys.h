@@ -43,8 +43,9 @@ public:
     // Replaces the times, too, but selects the keys at the given times (ascending) and no others.
     void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
                             int selectedTimeCount);
-    // Selects the keys of ascending spans and no others; indexes outside are ignored.
-    void selectOnlySpans(const std::vector<VxKeySpan> &spans);
+    // The same for the keys of ascending spans; indexes outside are ignored.
+    void takeTimesSelecting(const VxTime *fresh, int freshCount,
+                            const std::vector<VxKeySpan> &spans);
     QVector<int> selectedIndexes() const;
     std::vector<VxKeySpan> selectedSpans() const;
     QVector<VxTime> selectedTimes() const;
@@ -56,6 +57,7 @@ public:
 private:
     quint8 *flagsToWrite();
     void dropFlagsOfNone();
+    void replaceTimes(const VxTime *fresh, int freshCount);
     void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
 };
 

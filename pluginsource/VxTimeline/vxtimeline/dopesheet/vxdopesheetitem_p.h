@@ -90,6 +90,8 @@ public:
     Private *selectedChild();
     // After a change of the selection: counts it, and invalidates the selection of the rows above.
     void selectionEdited(int selectedBefore);
+    // The same after the present times were taken from the property.
+    void keysTaken(int selectedBefore);
 
     QString pathOfNode();
     // For this row and all below, whose paths begin with it.

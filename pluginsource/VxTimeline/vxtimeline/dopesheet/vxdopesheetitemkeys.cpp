@@ -78,6 +78,13 @@ void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
         parent->invalidateKeys();
 }
 
+void VxDopeSheetItem::Private::keysTaken(int selectedBefore)
+{
+    isValid = isKept = true;
+    revision = property->keyRevision();
+    selectionEdited(selectedBefore);
+}
+
 // Collects first, because a row's keys need those of all rows below it, and a hierarchy can be a
 // chain of thousands of nodes.
 void VxDopeSheetItem::Private::update()
@@ -272,9 +279,7 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
         return;
     const int before = d->keys.selectedCount;
     d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), times, count);
-    d->isValid = d->isKept = true;
-    d->revision = d->property->keyRevision();
-    d->selectionEdited(before);
+    d->keysTaken(before);
     Q_EMIT keysChanged();
 }
 
@@ -282,10 +287,9 @@ void VxDopeSheetItem::selectOnlySpans(const std::vector<VxKeySpan> &spans)
 {
     if (!d->property)
         return;
-    d->updateForEdit();
     const int before = d->keys.selectedCount;
-    d->keys.selectOnlySpans(spans);
-    d->selectionEdited(before);
+    d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), spans);
+    d->keysTaken(before);
     Q_EMIT keysChanged();
 }
 

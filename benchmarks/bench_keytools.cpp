@@ -1,0 +1,100 @@
+// The key tools where there is much to edit: 4.6 million keys of 1,530 channels, all selected in
+// the dope sheet, each tool with an undo entry and its selection.
+//
+// Each line has the milliseconds of a tool (processor time, the best of several), those of a plain
+// loop over arrays of the same size in the same run, the ratio, and the highest accepted ratio.
+// Arguments: parts of names; only lines that contain one of them are measured.
+
+#include "largesheet.h"
+
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxundostack.h>
+
+#include "keytools/keytool.h"
+
+namespace {
+
+// The sheet's keys as the application's selection.
+class SheetSelection : public VxKeySelectionSource
+{
+public:
+    explicit SheetSelection(VxDopeSheetView *view)
+        : m_view(view)
+    {
+        VxKeySelection::current()->addSource(this);
+    }
+    ~SheetSelection() override { VxKeySelection::current()->removeSource(this); }
+    VxKeySelectionEntries entries() const override { return m_view->getKeyEntries(); }
+    std::vector<VxKeySpan> spansOf(VxProperty *holder) const override
+    {
+        return m_view->getKeySpansOf(holder);
+    }
+    void set(const VxKeySelectionEntries &entries, bool clearsOthers) override
+    {
+        m_view->selectKeyEntries(entries, clearsOthers);
+    }
+
+private:
+    VxDopeSheetView *m_view;
+};
+
+struct Case
+{
+    const char *tool;
+    QVariantMap arguments;
+    double mostRatio; // 0: reported only
+};
+
+void measure(Table &table, Sheet &sheet, const Case &each, double loop)
+{
+    const KeyTool *tool = KeyTool::find(QLatin1String(each.tool));
+    check(tool, each.tool);
+    VxUndoStack *stack = vxApp->getUndoStack();
+    KeyToolResult result;
+    table.measure(
+        each.tool, loop, each.mostRatio * loop,
+        [&] {
+            if (stack->count() > 0)
+                stack->undo();
+            stack->clear();
+            sheet.selectAll();
+            sheet.settle();
+        },
+        [&] { result = tool->runWith(each.arguments); });
+    if (!table.wants(each.tool))
+        return;
+    check(result.done && result.keys == Keys, qPrintable(result.message));
+    if (result.after != Keys)
+        std::printf("  %d keys afterwards, largest error %g\n", result.after, result.error);
+    stack->undo();
+    stack->clear();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    Table table(QCoreApplication::arguments().mid(1));
+    const Loops loops = measureLoops();
+    Sheet sheet;
+    const SheetSelection selection(&sheet.view);
+    const QVariantMap none;
+    for (const Case &each : {
+             Case{"move", {{"by", 7 * Step}}, 4},
+             Case{"scaleTimes", {{"factor", 1.5}}, 4},
+             Case{"snap", {{"step", 150}}, 4},
+             Case{"reverse", none, 4},
+             Case{"offset", {{"amount", 2}, {"end", End}}, 4},
+             Case{"scaleValues", {{"factor", 1.5}}, 4},
+             Case{"eulerFilter", none, 10},
+             Case{"smoothGaussian", none, 10},
+             Case{"smoothButterworth", none, 10},
+             Case{"removeSpikes", none, 0},
+             Case{"reduce", {{"error", 0.5}}, 0},
+             Case{"convert", {{"type", 2}, {"error", 0.5}}, 0},
+         })
+        measure(table, sheet, each, loops.copies);
+    return 0;
+}

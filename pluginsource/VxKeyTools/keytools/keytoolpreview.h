@@ -1,0 +1,40 @@
+#ifndef KEYTOOLS_KEYTOOLPREVIEW_H
+#define KEYTOOLS_KEYTOOLPREVIEW_H
+
+#include "keytools/keytool.h"
+
+#include <QtCore/QPointer>
+
+class VxGestureGuard;
+
+/// Shows the effect of a tool in all views while its parameters are typed.
+///
+/// The keys are restored, without an undo entry, when the field loses the focus, on Escape, before
+/// a command runs by its shortcut, and by end(). Each preview starts from the restored keys.
+class KeyToolPreview : public QObject
+{
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    ~KeyToolPreview() override;
+
+    /// Restores the keys and runs the tool; `field` is the edited field. Invalid arguments, and a
+    /// change that is being recorded, leave the keys restored.
+    KeyToolResult show(const KeyTool &tool, const QVariantMap &arguments, QWidget *field);
+    bool isShown() const { return bool(m_hold); }
+    /// Restores the keys.
+    void end();
+
+Q_SIGNALS:
+    /// The keys were restored by something else than a call.
+    void ended();
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void drop();
+
+    std::unique_ptr<VxUndoStackHold> m_hold;
+    QPointer<VxGestureGuard> m_guard;
+};
+
+#endif
