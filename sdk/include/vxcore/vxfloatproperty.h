@@ -42,6 +42,18 @@ public:
     /// See setDoubleValue().
     bool setValue(float value);
     bool setValue(VxTime time, float value);
+    /// Sets the value at the scene's time without a key, whether or not the scene animates: where
+    /// there are keys, a transient value that replaces theirs at that time only, until the scene's
+    /// time or the keys change; without keys the stored value. Limits apply. False when refused:
+    /// not finite, locked, or driven by a link. Recorded for undo, which has no effect once the
+    /// transient value is dropped. Files do not contain transient values.
+    bool setTransientValue(float value);
+    /// True while a transient value of this property or its key holder is in effect.
+    bool hasTransientValue() const;
+    void dropTransientValue();
+    /// Drops those of all properties; done whenever the scene's time changes.
+    static void dropTransientValues();
+
     /// The value of a property without keys.
     float getStoredValue() const;
     bool setStoredValue(float value);

@@ -22,7 +22,7 @@ class VXCORE_EXPORT VxScene : public VxSignalGuard<QObject>
     Q_PROPERTY(int timeStep READ getTimeStep WRITE setTimeStep NOTIFY timeStepChanged)
     Q_PROPERTY(bool playing READ isPlaying)
     Q_PROPERTY(bool looping READ isLoopingEnabled WRITE loopPlayback NOTIFY loopPlaybackChanged)
-    Q_PROPERTY(bool animating READ isAnimating WRITE setAnimating)
+    Q_PROPERTY(bool animating READ isAnimating WRITE setAnimating NOTIFY animatingChanged)
 public:
     class Private;
 
@@ -129,6 +129,7 @@ Q_SIGNALS:
     void playbackStarted();
     void playbackFinished();
     void loopPlaybackChanged(bool onOff);
+    void animatingChanged(bool animating);
 
     void nodeAdded(VxNode *node);
     /// node is removed with everything below it; only the top one is reported.

@@ -1,9 +1,14 @@
 #include <vxcore/vxfloatproperty.h>
 
 #include "keys/numericrecord.h"
+#include "undo/vxundovalueitem.h"
 
+#include <QtCore/QPointer>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
+#include <vxcore/vxchangeblock.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -37,6 +42,30 @@ bool areKeys(const VxKeyColumns<float> &keys)
     });
 }
 
+/// A value without a key, at one time.
+struct TransientValue
+{
+    VxTime time = 0;
+    float value = 0;
+    quint64 revision = 0; ///< of the keys that it replaces
+
+    bool isAt(VxTime other, quint64 keyRevision) const
+    {
+        return time == other && revision == keyRevision;
+    }
+    bool operator==(const TransientValue &other) const
+    {
+        return time == other.time && value == other.value && revision == other.revision;
+    }
+};
+
+/// The properties with a transient value.
+QVector<QPointer<VxFloatProperty>> &transientProperties()
+{
+    static QVector<QPointer<VxFloatProperty>> list;
+    return list;
+}
+
 } // namespace
 
 class VxFloatProperty::Private : public NumericRecord<float>
@@ -47,6 +76,16 @@ public:
     {
     }
 
+    /// The own value: the transient one where it is in effect, else that of the keys.
+    float ownValue(VxTime time) const
+    {
+        return hasTransient && transient.isAt(time, keyRevision) ? transient.value
+                                                                 : keys.value(time);
+    }
+    /// Sets or (none) drops the transient value, without a record for undo.
+    void applyTransient(const std::optional<TransientValue> &next);
+
+    TransientValue transient;
     float sensitivity = 1.0f;
     Axis axis = NoAxis;
 };
@@ -139,7 +178,10 @@ float VxFloatProperty::getValue() const
 
 float VxFloatProperty::getValue(VxTime time) const
 {
-    return priv()->value(time);
+    const Private *record = priv();
+    return record->isPlain
+               ? record->keys.value(time)
+               : Private::narrowed(record->dependentValue(time, double(record->ownValue(time))));
 }
 
 void VxFloatProperty::getValues(const VxTime *times, int count, float *values) const
@@ -162,6 +204,80 @@ bool VxFloatProperty::setValue(float value)
 bool VxFloatProperty::setValue(VxTime time, float value)
 {
     return std::isfinite(value) && priv()->setValue(time, value);
+}
+
+void VxFloatProperty::Private::applyTransient(const std::optional<TransientValue> &next)
+{
+    auto *property = static_cast<VxFloatProperty *>(q);
+    const VxTime before = transient.time;
+    const bool had = std::exchange(hasTransient, next.has_value());
+    updatePlain();
+    if (next) {
+        transient = *next;
+        if (!had)
+            transientProperties().append(property);
+        reportChange({transient.time, transient.time});
+    } else if (had) {
+        transientProperties().removeOne(property);
+        reportChange({before, before});
+    }
+}
+
+bool VxFloatProperty::setTransientValue(float value)
+{
+    if (!std::isfinite(value) || !priv()->isEditable())
+        return false;
+    VxProperty *holder = getKeyHolder();
+    if (holder != this)
+        return static_cast<VxFloatProperty *>(holder)->setTransientValue(value);
+    if (priv()->isDriven())
+        return false;
+    value = priv()->limited(value);
+    if (getNumKeys() == 0)
+        return priv()->keys.setStored(value);
+    using State = std::optional<TransientValue>;
+    const State next = TransientValue{vxScene ? vxScene->getTime() : 0, value, priv()->keyRevision};
+    const auto state = [](const VxFloatProperty *property) {
+        const Private *record = property->priv();
+        return record->hasTransient ? State(record->transient) : State();
+    };
+    if (state(this) == next)
+        return true;
+    vxRecordValue<VxFloatProperty, State>(
+        this, VxUndoTransientValue, state, [](VxFloatProperty *property, const State &other) {
+            // A value of another time or of other keys is out of date.
+            const bool current = other && other->isAt(vxScene ? vxScene->getTime() : 0,
+                                                      property->priv()->keyRevision);
+            property->priv()->applyTransient(current ? other : State());
+        });
+    priv()->applyTransient(next);
+    return true;
+}
+
+bool VxFloatProperty::hasTransientValue() const
+{
+    const Private *holder = static_cast<const VxFloatProperty *>(getKeyHolder())->priv();
+    return holder->hasTransient &&
+           holder->transient.isAt(vxScene ? vxScene->getTime() : 0, holder->keyRevision);
+}
+
+void VxFloatProperty::dropTransientValue()
+{
+    Private *holder = static_cast<VxFloatProperty *>(getKeyHolder())->priv();
+    if (holder->hasTransient)
+        holder->applyTransient(std::nullopt);
+}
+
+void VxFloatProperty::dropTransientValues()
+{
+    const QVector<QPointer<VxFloatProperty>> list = std::exchange(transientProperties(), {});
+    if (list.isEmpty())
+        return;
+    const VxChangeBlock block;
+    for (const QPointer<VxFloatProperty> &property : list) {
+        if (property)
+            property->dropTransientValue();
+    }
 }
 
 float VxFloatProperty::getStoredValue() const

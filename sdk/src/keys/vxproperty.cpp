@@ -91,7 +91,7 @@ void VxProperty::Private::emitTraits()
 
 void VxProperty::Private::updateDependencies()
 {
-    isPlain = !aliased && !overriding && !linkedProperty();
+    updatePlain();
     ++holderRevision;
     const auto length = [](const VxProperty *target) {
         return target ? of(target)->chainLength + 1 : 0;

@@ -17,6 +17,7 @@ enum VxPropertyUndoKind {
     VxUndoLink,
     VxUndoStoredValue,
     VxUndoKeys,
+    VxUndoTransientValue,
     VxUndoFirstFreeKind = 32
 };
 
@@ -63,6 +64,7 @@ public:
     void emitChange(const VxTimeRange &range);
     /// Emits traitsChanged().
     void emitTraits();
+    void updatePlain() { isPlain = !hasTransient && !aliased && !overriding && !linkedProperty(); }
     /// Recomputes isPlain and chainLength after a change of a reference, and reports it.
     void updateDependencies();
     /// False when a reference to target would close a cycle or make a chain of references longer
@@ -90,8 +92,9 @@ public:
     bool locked = false;
     bool animatable = true;
     bool excluded = false;
-    /// Neither alias nor override nor link: the value is the property's own. The only check on the
-    /// fast path of evaluation.
+    bool hasTransient = false;
+    /// Neither alias nor override nor link nor transient value: the value is that of the property's
+    /// own keys. The only check on the fast path of evaluation.
     bool isPlain = true;
     /// The list of changed properties that holds this one's pending report, and the index in it.
     QVector<VxProperty *> *pendingList = nullptr;

@@ -5,6 +5,7 @@
 #include "scene/vxnode_p.h"
 #include "undo/vxundovalueitem.h"
 #include <algorithm>
+#include <vxcore/vxfloatproperty.h>
 
 VxScene *vxScene = nullptr;
 
@@ -54,6 +55,7 @@ void VxScene::Private::applyTime(VxTime newTime)
     if (time == newTime)
         return;
     time = newTime;
+    VxFloatProperty::dropTransientValues();
     touchView();
     Q_EMIT q->timeChanged(newTime);
 }
@@ -288,6 +290,7 @@ void VxScene::setTime(int time)
     // The playback is updated first: receivers of the signal find it in the new state.
     d->time = time;
     d->playback.handleTimeSet();
+    VxFloatProperty::dropTransientValues();
     d->touchView();
     Q_EMIT timeChanged(time);
 }
@@ -332,7 +335,10 @@ void VxScene::setAnimRange(const VxTimeRange &range)
 
 void VxScene::setAnimating(bool animating)
 {
+    if (d->animating == animating)
+        return;
     d->animating = animating;
+    Q_EMIT animatingChanged(animating);
 }
 
 void VxScene::play(bool dropFrames)
