@@ -25,8 +25,6 @@ public:
     QString report() const;
 
 private:
-    double excess(const VxNode *node, const VxEuler &angles, const VxEuler &present) const;
-
     VxTime m_time;
     bool m_isAnimating;
     int m_refused = 0;
