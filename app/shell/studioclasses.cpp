@@ -3,6 +3,7 @@
 #include "console/vxconsolepane.h"
 #include "create/vxcreateactions.h"
 #include "pose/vxposeactions.h"
+#include "posetools/vxposetoolactions.h"
 #include "scenetree/vxscenepane.h"
 #include "shell/vxhistorypane.h"
 #include "viewport/vxcameraactions.h"
@@ -94,6 +95,31 @@ QVector<VxClassFactory *> cameraFactories()
             &top,      &bottom, &perspective, &fieldOfView, &motionTrails};
 }
 
+QVector<VxClassFactory *> toolFactories()
+{
+    static VxScriptableFactoryOf<VxSelectToolAction> selectTool(
+        "E310A0F4-EE6B-43D9-A8D8-F10D1799C43F");
+    static VxScriptableFactoryOf<VxMoveToolAction> moveTool("3153B6EE-5D80-4143-A19D-6C0F5F6F1950");
+    static VxScriptableFactoryOf<VxRotateToolAction> rotateTool(
+        "FE0C82A1-DF06-415A-9366-C898013DE7ED");
+    static VxScriptableFactoryOf<VxScaleToolAction> scaleTool(
+        "A4006055-8FB2-4011-8C8F-C090D7685FD6");
+    static VxScriptableFactoryOf<VxIkToolAction> ikTool("79D497AD-AC98-48E1-9B61-7133FAFDF3CA");
+    static VxScriptableFactoryOf<VxLocalOrientationAction> localOrientation(
+        "23F5B52D-8F4E-468C-A512-03E946C58906");
+    static VxScriptableFactoryOf<VxParentOrientationAction> parentOrientation(
+        "420E0659-E542-413E-A8F3-B5C16EE3B794");
+    static VxScriptableFactoryOf<VxWorldOrientationAction> worldOrientation(
+        "E441D061-94B4-4170-8FB9-2D7554B320FF");
+    static VxScriptableFactoryOf<VxCommonPivotAction> commonPivot(
+        "92176BD1-88FA-4E63-9DBA-03D1524FC173");
+    static VxScriptableFactoryOf<VxPinInIkAction> pinInIk("782F6D54-DC6C-4B30-9042-74138BA60629");
+    static VxScriptableFactoryOf<VxAutoKeyAction> autoKey("3E5DE3D9-174A-4C25-A7D3-273140DF46F7");
+    return {&selectTool,       &moveTool,          &rotateTool,       &scaleTool,   &ikTool,
+            &localOrientation, &parentOrientation, &worldOrientation, &commonPivot, &pinInIk,
+            &autoKey};
+}
+
 } // namespace
 
 QVector<VxClassFactory *> studioClassFactories()
@@ -102,5 +128,5 @@ QVector<VxClassFactory *> studioClassFactories()
     static PaneFactory<VxHistoryPane> historyPane("6B0D9D0E-2A57-4C7B-9B1E-52C0A3E4F7D2");
     static PaneFactory<VxConsolePane> consolePane("B41F7C35-8E0A-4D96-A6B3-9D2E1F60C8A4");
     return QVector<VxClassFactory *>{&scenePane, &historyPane, &consolePane} + createFactories() +
-           poseFactories() + cameraFactories();
+           toolFactories() + poseFactories() + cameraFactories();
 }

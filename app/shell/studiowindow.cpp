@@ -5,6 +5,9 @@
 #include "document/motioncommands.h"
 #include "document/recentfiles.h"
 #include "document/savefiledialog.h"
+#include "posetools/autokeymark.h"
+#include "posetools/posetoolbar.h"
+#include "posetools/posetools.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/aboutbox.h"
 #include "shell/historystatus.h"
@@ -69,7 +72,9 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     m_viewport->addLowerLayer(new MotionTrails(vxApp->getScene(), m_viewport));
     setAcceptDrops(true);
     resize(DefaultSize);
-    statusBar();
+    auto *tools = new PoseTools(vxApp->getScene(), m_viewport);
+    m_toolBar = new PoseToolBar(tools, m_viewport);
+    statusBar()->addPermanentWidget(new AutoKeyMark(vxApp->getScene(), this));
     m_menus->addRecentFiles(m_recentFiles);
     m_menus->addRecovery(m_recovery->autoSave());
     m_menus->addHistory(vxApp->getUndoStack());
@@ -115,6 +120,7 @@ void StudioWindow::connectMenus()
 void StudioWindow::completeMenus()
 {
     m_menus->addActionsAndPanes(*m_docks);
+    m_toolBar->showShortcuts(*getActionMgr());
 }
 
 QSize StudioWindow::firstSize(const QSize &available)
@@ -235,6 +241,7 @@ void StudioWindow::editShortcuts()
     if (dialog.exec() != QDialog::Accepted)
         return;
     ShortcutCatalogue::apply(dialog.list(), getActionMgr());
+    m_toolBar->showShortcuts(*getActionMgr());
     if (m_keyOverview)
         m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
     Q_EMIT shortcutsEdited();

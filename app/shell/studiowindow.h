@@ -7,6 +7,7 @@ class DocumentController;
 class KeyOverviewDialog;
 class MotionCommands;
 class PaneDocks;
+class PoseToolBar;
 class RecentFiles;
 class RecoveryController;
 class StudioMenus;
@@ -87,6 +88,7 @@ private:
     UserMessages *const m_messages;
     DocumentController *m_document;
     ViewportWidget *m_viewport;
+    PoseToolBar *m_toolBar = nullptr;
     PaneDocks *m_docks;
     RecentFiles *m_recentFiles;
     RecoveryController *m_recovery;

@@ -191,7 +191,7 @@ void tst_TimeKeys::sceneTreeKeepsItsArrows()
 // F frames what the focus is in: the viewport has a command of its own under it.
 void tst_TimeKeys::oneKeyOfTwoCommands()
 {
-    QAction *selection = entry("View", "Frame Selection");
+    QAction *selection = window()->viewport()->frameSelectionAction();
     QVERIFY(selection &&
             selection->shortcut() == action("VxTimePaneFrameGraphKeysAction")->shortcut());
     vxScene->setPrimarySelection(vxScene->getNodes().constFirst());

@@ -1,0 +1,167 @@
+#include "posetools/limb.h"
+
+#include "pose/channellimits.h"
+#include "widgets/studiotext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxskeleton.h>
+
+namespace {
+
+// Scales that differ by axis skew the solution: it is corrected this many times at most.
+constexpr int MostCorrections = 8;
+// Fractions of the limb's length.
+constexpr double GoodEnough = 1e-5;
+constexpr double ReachTolerance = 1e-3;
+constexpr double NoLimbLength = 1e-9; // of the positions
+
+VxQuaternion inverseOf(const VxQuaternion &q)
+{
+    return {q.w, -q.x, -q.y, -q.z};
+}
+
+} // namespace
+
+Limb::Limb(VxNode *end)
+{
+    for (std::size_t i = 3; i-- > 0 && end; end = end->getNodeParent())
+        m_nodes[i] = end;
+}
+
+QString Limb::obstacle(VxTime time) const
+{
+    if (!m_nodes[0] || qobject_cast<VxSkeleton *>(m_nodes[0]) ||
+        qobject_cast<VxSkeleton *>(m_nodes[1]))
+        return StudioText::tr("Drag a joint with two bones above it, such as a hand or a foot.");
+    std::array<VxVector, 3> at;
+    for (std::size_t i = 0; i < 3; ++i)
+        at[i] = Spaces::originOf(m_nodes[i]->getWorldTransform(time));
+    const double size = std::abs(at[0][0]) + std::abs(at[0][1]) + std::abs(at[0][2]);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const double length = Spaces::distance(at[i], at[i + 1]);
+        if (!(length > NoLimbLength * size) || !std::isfinite(length))
+            return StudioText::tr("The bone %1 has no length; its limb cannot be solved.")
+                .arg(m_nodes[i]->getLabel());
+    }
+    for (std::size_t i = 0; i < 2; ++i) {
+        const NodeChannels channels(m_nodes[i]);
+        for (int channel = XAngle; channel <= ZAngle; ++channel) {
+            if (channels.at(channel) && ChannelLimits::isDriven(channels.at(channel)))
+                return StudioText::tr("The rotation of %1 is locked or linked.")
+                    .arg(m_nodes[i]->getLabel());
+        }
+    }
+    return {};
+}
+
+Limb::Matrices Limb::matrices(const QMatrix4x4 &parent, const Poses &poses) const
+{
+    Matrices result;
+    QMatrix4x4 above = parent;
+    for (std::size_t i = 0; i < 3; ++i) {
+        result[i] = above * m_parts[i]->localMatrix(poses[i]);
+        above = result[i];
+    }
+    return result;
+}
+
+void Limb::begin(PoseGesture *gesture)
+{
+    m_gesture = gesture;
+    Poses poses;
+    for (std::size_t i = 0; i < 3; ++i) {
+        m_parts[i] = &gesture->node(m_nodes[i]);
+        poses[i] = m_parts[i]->start();
+    }
+    const Matrices worlds = matrices(m_parts[0]->parentMatrix(), poses);
+    m_startPosition = Spaces::originOf(worlds[2]);
+    m_endRotation = vxQuaternion(Spaces::rotationOf(worlds[2]));
+    m_length = Spaces::distance(Spaces::originOf(worlds[0]), Spaces::originOf(worlds[1])) +
+               Spaces::distance(Spaces::originOf(worlds[1]), m_startPosition);
+}
+
+/** Of the middle joint's axes across the bone the one with the widest limits, in the direction in
+ *  which they are wider; X without limits. */
+VxVector Limb::bendAxis(const Matrices &worlds) const
+{
+    const QVector3D bone = (worlds[2].column(3) - worlds[1].column(3)).toVector3D().normalized();
+    QVector3D result = worlds[1].column(0).toVector3D();
+    double widest = 0;
+    for (int i = 0; i < 3; ++i) {
+        const VxFloatProperty *control = m_parts[1]->channels().at(XAngle + i);
+        if (!control || !control->isClamped())
+            continue;
+        const QVector3D axis = worlds[1].column(i).toVector3D().normalized();
+        const double range = (double(control->getMax()) - double(control->getMin())) *
+                             double(QVector3D::crossProduct(axis, bone).length());
+        if (range <= widest)
+            continue;
+        widest = range;
+        result = -control->getMin() > control->getMax() ? -axis : axis;
+    }
+    return Spaces::toVector(result);
+}
+
+void Limb::setAngles(std::size_t index, const QMatrix4x4 &parent, const VxQuaternion &world,
+                     Poses *poses) const
+{
+    const GestureNode &part = *m_parts[index];
+    const VxQuaternion local = inverseOf(vxQuaternion(Spaces::rotationOf(parent))) * world;
+    const VxEuler angles = ChannelLimits::angles(part.channels(), part.time(), vxRotation(local),
+                                                 part.order(), anglesOf(part.start()));
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const int channel = XAngle + int(axis);
+        const VxFloatProperty *control = part.channels().at(channel);
+        (*poses)[index][std::size_t(channel)] =
+            control ? ChannelLimits::limited(control, part.time(), angles[axis]) : angles[axis];
+    }
+}
+
+/** The poses that bring the joint to a target, within limits. */
+Limb::Poses Limb::rotated(const QMatrix4x4 &parent, const VxVector &target) const
+{
+    Poses poses{m_parts[0]->start(), m_parts[1]->start(), m_parts[2]->start()};
+    const Matrices worlds = matrices(parent, poses);
+    const VxLimb limb{Spaces::originOf(worlds[0]), Spaces::originOf(worlds[1]),
+                      Spaces::originOf(worlds[2])};
+    const VxLimbSolution solution = vxSolveLimb(limb, target, bendAxis(worlds));
+    const auto rotation = [&worlds](std::size_t index) {
+        return vxQuaternion(Spaces::rotationOf(worlds[index]));
+    };
+    setAngles(0, parent, solution.upper * rotation(0), &poses);
+    const QMatrix4x4 upper = parent * m_parts[0]->localMatrix(poses[0]);
+    setAngles(1, upper, solution.upper * solution.lower * rotation(1), &poses);
+    const QMatrix4x4 lower = upper * m_parts[1]->localMatrix(poses[1]);
+    setAngles(2, lower, m_endRotation, &poses);
+    return poses;
+}
+
+bool Limb::solve(const VxVector &target)
+{
+    const QMatrix4x4 parent = m_parts[0]->parentMatrix();
+    VxVector aim = target;
+    Poses best;
+    double nearest = std::numeric_limits<double>::max();
+    for (int i = 0; i <= MostCorrections && nearest > GoodEnough * m_length; ++i) {
+        const Poses poses = rotated(parent, aim);
+        const VxVector end = Spaces::originOf(matrices(parent, poses)[2]);
+        const double missed = Spaces::distance(end, target);
+        if (!(missed < nearest))
+            break;
+        best = poses;
+        nearest = missed;
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            aim[axis] += target[axis] - end[axis];
+    }
+    m_error = m_length > 0 ? nearest / m_length : 0;
+    if (nearest == std::numeric_limits<double>::max())
+        return false; // not a number
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (int channel = XAngle; channel <= ZAngle; ++channel)
+            m_gesture->set(m_parts[i], channel, best[i][std::size_t(channel)]);
+    }
+    return m_error <= ReachTolerance;
+}

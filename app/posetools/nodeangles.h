@@ -1,0 +1,27 @@
+#ifndef NODEANGLES_H
+#define NODEANGLES_H
+
+#include "posetools/gesturenode.h"
+
+#include <vxcore/vxlimbsolver.h>
+
+/// The angles of a node that a gesture rotates, from its angles at the start.
+namespace NodeAngles {
+
+/// The rotation about an axis of the parent's space by an angle in degrees, applied after the
+/// node's own. The angles continue those of the start over any number of revolutions.
+VxEuler rotated(const GestureNode &node, const VxVector &axis, double degrees);
+/// The part of such an angle, 0 to 1, that limits allow: the end of the last stretch from 0 on
+/// which no channel exceeds its limits by more than at the start.
+double allowedPart(const GestureNode &node, const VxVector &axis, double degrees);
+
+/// The axis about which one channel rotates the node, in the parent's space.
+VxVector channelAxis(const GestureNode &node, int channel);
+/// True when the rotation about an axis changes free channels only.
+bool isRotatable(const GestureNode &node, const VxVector &axis);
+/// True when any of the three angles is locked or linked.
+bool hasLockedAngle(const GestureNode &node);
+
+} // namespace NodeAngles
+
+#endif

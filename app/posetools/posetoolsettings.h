@@ -1,0 +1,44 @@
+#ifndef POSETOOLSETTINGS_H
+#define POSETOOLSETTINGS_H
+
+#include <QObject>
+#include <QPointer>
+#include <QVector>
+#include <vxcore/vxnode.h>
+
+class VxScene;
+
+/// What the pose tools share: the orientation of their gizmos, the pivot, and the nodes pinned in
+/// IK.
+class PoseToolSettings : public QObject
+{
+    Q_OBJECT
+public:
+    enum class Orientation { Local, Parent, World };
+    enum class Pivot {
+        Own,   ///< every node about its own origin
+        Common ///< all nodes about the middle of their origins
+    };
+
+    using QObject::QObject;
+
+    Orientation orientation() const { return m_orientation; }
+    void setOrientation(Orientation orientation);
+    Pivot pivot() const { return m_pivot; }
+    void setPivot(Pivot pivot);
+
+    bool isPinned(const VxNode *node) const;
+    void setPinned(VxNode *node, bool pinned);
+    /// The pinned nodes of a scene.
+    QVector<VxNode *> pinnedNodes(const VxScene *scene) const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    Orientation m_orientation = Orientation::Local;
+    Pivot m_pivot = Pivot::Own;
+    QVector<QPointer<VxNode>> m_pinned;
+};
+
+#endif

@@ -1,0 +1,185 @@
+#include "posetools/rotatetool.h"
+
+#include "pose/posefigure.h"
+#include "posetools/nodeangles.h"
+#include "scenetree/sceneedits.h"
+#include "widgets/studiotext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+constexpr double SnapAngle = 15;
+constexpr double LargestAngle = 36000; // typed, degrees
+
+VxVector unitAxis(int axis)
+{
+    VxVector result{};
+    result[std::size_t(axis)] = 1;
+    return result;
+}
+
+} // namespace
+
+RotateTool::RotateTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
+    : TransformTool(scene, settings, GizmoKind::Rotate, parent)
+{
+    setObjectName(QStringLiteral("RotateTool"));
+}
+
+QString RotateTool::title() const
+{
+    return StudioText::tr("Rotate");
+}
+
+/** In the space of the node's parent, of length 1. */
+VxVector RotateTool::axisFor(const GestureNode &node, GizmoPart part,
+                             const QVector3D &worldAxis) const
+{
+    using Orientation = PoseToolSettings::Orientation;
+    const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
+    const int axis = gizmoAxis(part);
+    const auto orientation = settings()->orientation();
+    if (axis >= 0 && !isCommon && orientation == Orientation::Local)
+        return vxRotation(anglesOf(node.start()), node.order()) * unitAxis(axis);
+    if (axis >= 0 && !isCommon && orientation == Orientation::Parent)
+        return unitAxis(axis);
+    return vxTransposed(Spaces::rotationOf(node.parentMatrix())) * Spaces::toVector(worldAxis);
+}
+
+GizmoTarget RotateTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
+{
+    using Orientation = PoseToolSettings::Orientation;
+    const VxTime time = scene()->getTime();
+    const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
+    GizmoTarget target{isCommon ? SceneEdits::topmost(scene(), selected) : selected,
+                       primary,
+                       {primary->getWorldTransform(time).column(3).toVector3D(), axesFor(primary)},
+                       {}};
+    if (isCommon) {
+        QVector3D sum;
+        for (const VxNode *node : qAsConst(target.nodes))
+            sum += node->getWorldTransform(time).column(3).toVector3D();
+        target.frame.origin = sum / float(target.nodes.size());
+    }
+    const GestureNode node(primary, time, false);
+    const bool isLocked = NodeAngles::hasLockedAngle(node);
+    const bool byChannel = isLocked && !isCommon && settings()->orientation() == Orientation::Local;
+    const VxRotation parent = Spaces::rotationOf(node.parentMatrix());
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto index = size_t(axis);
+        const auto part = GizmoPart(int(GizmoPart::X) + axis);
+        if (byChannel)
+            target.frame.axes[index] =
+                Spaces::toVector3D(parent * NodeAngles::channelAxis(node, XAngle + axis));
+        target.locks[size_t(part)] =
+            byChannel
+                ? !node.isFree(XAngle + axis)
+                : isLocked &&
+                      !NodeAngles::isRotatable(node, axisFor(node, part, target.frame.axes[index]));
+    }
+    target.locks[size_t(GizmoPart::View)] = isLocked;
+    return target;
+}
+
+QVector3D RotateTool::worldAxis() const
+{
+    if (part() != GizmoPart::View)
+        return pressFrame().axisOf(part());
+    const auto middle = pressCamera().project(pressFrame().origin);
+    return -pressCamera().directionAt(middle.value_or(QPointF()));
+}
+
+void RotateTool::beginDrag(const GizmoTarget &target, const QPointF &pixel)
+{
+    m_axis = worldAxis();
+    m_angle = 0;
+    m_drag.emplace(pressCamera(), target.frame.origin, m_axis, pixel);
+    m_parts.clear();
+    const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
+    for (VxNode *node : target.nodes) {
+        GestureNode &each = gesture()->node(node);
+        const QMatrix4x4 world = node->getWorldTransform(each.time());
+        const QVector3D arm =
+            isCommon ? world.column(3).toVector3D() - target.frame.origin : QVector3D();
+        Part made{&each, axisFor(each, part(), m_axis), -1, Spaces::toVector(arm),
+                  each.parentMatrix()};
+        const bool byChannel = NodeAngles::hasLockedAngle(each) && !isCommon &&
+                               part() != GizmoPart::View &&
+                               settings()->orientation() == PoseToolSettings::Orientation::Local;
+        if (byChannel)
+            made.channel = XAngle + gizmoAxis(part());
+        m_parts.push_back(made);
+    }
+}
+
+void RotateTool::follow(const QPointF &pixel, bool snaps)
+{
+    const double angle = m_drag->follow(pixel);
+    m_angle = snaps ? std::round(angle / SnapAngle) * SnapAngle : angle;
+}
+
+bool RotateTool::hasAmount() const
+{
+    return true;
+}
+
+void RotateTool::setAmount(double amount)
+{
+    m_angle = std::clamp(amount, -LargestAngle, LargestAngle);
+}
+
+void RotateTool::write()
+{
+    for (const Part &each : m_parts) {
+        if (each.channel >= 0) {
+            gesture()->set(each.node, each.channel,
+                           each.node->start()[std::size_t(each.channel)] + m_angle);
+        } else if (NodeAngles::hasLockedAngle(*each.node) &&
+                   !NodeAngles::isRotatable(*each.node, each.axis)) {
+            gesture()->countRefused();
+        } else {
+            writePosition(each, writeAngles(each));
+        }
+    }
+}
+
+/** Returns the angle that limits allow. */
+double RotateTool::writeAngles(const Part &part)
+{
+    const double allowed = NodeAngles::allowedPart(*part.node, part.axis, m_angle) * m_angle;
+    if (allowed != m_angle)
+        gesture()->countLimited();
+    const VxEuler angles = NodeAngles::rotated(*part.node, part.axis, allowed);
+    for (int axis = 0; axis < 3; ++axis)
+        gesture()->set(part.node, XAngle + axis, angles[std::size_t(axis)]);
+    return allowed;
+}
+
+/** The node's origin, about the common pivot. */
+void RotateTool::writePosition(const Part &part, double angle)
+{
+    if (part.arm == VxVector{})
+        return;
+    const VxVector end = vxRotated(vxRotationAbout(Spaces::toVector(m_axis), angle), part.arm);
+    const auto local = Spaces::unmapped(
+        part.parent, {end[0] - part.arm[0], end[1] - part.arm[1], end[2] - part.arm[2]});
+    if (!local) {
+        gesture()->countRefused();
+        return;
+    }
+    for (int axis = 0; axis < 3; ++axis)
+        gesture()->set(part.node, XPlace + axis,
+                       part.node->start()[std::size_t(XPlace + axis)] +
+                           (*local)[std::size_t(axis)]);
+}
+
+QString RotateTool::amountText() const
+{
+    static const char *const names[] = {"X ", "Y ", "Z "};
+    const int axis = gizmoAxis(part());
+    return QLatin1String(axis >= 0 ? names[axis] : "") + QString::number(m_angle, 'f', 1) +
+           QChar(0xb0);
+}

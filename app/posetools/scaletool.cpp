@@ -1,0 +1,103 @@
+#include "posetools/scaletool.h"
+
+#include "gizmo/gizmodrag.h"
+#include "widgets/studiotext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vxcore/vxscene.h>
+
+namespace {
+
+constexpr double SnapFactor = 0.1;
+constexpr double PixelsPerUnit = 80; // of the factor, for the handle in the middle
+// The mouse cannot make a scale singular; a typed number can.
+constexpr double SmallestFactor = 0.01;
+
+} // namespace
+
+ScaleTool::ScaleTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
+    : TransformTool(scene, settings, GizmoKind::Scale, parent)
+{
+    setObjectName(QStringLiteral("ScaleTool"));
+}
+
+QString ScaleTool::title() const
+{
+    return StudioText::tr("Scale");
+}
+
+GizmoTarget ScaleTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
+{
+    const VxTime time = scene()->getTime();
+    const QMatrix4x4 world = primary->getWorldTransform(time);
+    GizmoTarget target{selected,
+                       primary,
+                       {world.column(3).toVector3D(), Spaces::axesOf(Spaces::rotationOf(world))},
+                       {}};
+    const GestureNode node(primary, time, false);
+    for (int axis = 0; axis < 3; ++axis)
+        target.locks[size_t(int(GizmoPart::X) + axis)] = !node.isFree(XStretch + axis);
+    target.locks[size_t(GizmoPart::View)] = !node.isFree(AllScale);
+    return target;
+}
+
+int ScaleTool::channel() const
+{
+    return part() == GizmoPart::View ? int(AllScale) : XStretch + gizmoAxis(part());
+}
+
+void ScaleTool::beginDrag(const GizmoTarget &target, const QPointF &pixel)
+{
+    m_nodes.clear();
+    for (VxNode *node : target.nodes)
+        m_nodes.push_back(&gesture()->node(node));
+    m_start = pixel;
+    m_factor = 1;
+    m_grabbed = 0;
+    if (part() != GizmoPart::View)
+        m_grabbed =
+            offsetOnAxis(pressCamera(), target.frame.origin, target.frame.axisOf(part()), pixel)
+                .value_or(0);
+}
+
+void ScaleTool::follow(const QPointF &pixel, bool snaps)
+{
+    double factor = m_factor;
+    if (m_grabbed == 0) {
+        const QPointF way = pixel - m_start;
+        factor = 1 + (way.x() - way.y()) / PixelsPerUnit;
+    } else if (const auto offset = offsetOnAxis(pressCamera(), pressFrame().origin,
+                                                pressFrame().axisOf(part()), pixel)) {
+        factor = *offset / m_grabbed;
+    }
+    if (snaps)
+        factor = std::round(factor / SnapFactor) * SnapFactor;
+    m_factor = std::max(SmallestFactor, factor);
+}
+
+bool ScaleTool::hasAmount() const
+{
+    return true;
+}
+
+void ScaleTool::setAmount(double amount)
+{
+    m_factor = amount;
+}
+
+void ScaleTool::write()
+{
+    for (GestureNode *node : m_nodes) {
+        const double start = node->start()[std::size_t(channel())];
+        gesture()->set(node, channel(), start == 0 ? m_factor - 1 : start * m_factor);
+    }
+}
+
+QString ScaleTool::amountText() const
+{
+    static const char *const names[] = {"X ", "Y ", "Z "};
+    const int axis = gizmoAxis(part());
+    return QLatin1String(axis >= 0 ? names[axis] : "") + QChar(0xd7) +
+           QString::number(m_factor, 'f', 2);
+}

@@ -1,0 +1,31 @@
+#ifndef SPACES_H
+#define SPACES_H
+
+#include <QMatrix4x4>
+#include <QVector3D>
+#include <array>
+#include <optional>
+#include <vxcore/vxlimbsolver.h>
+
+/// Conversions between the spaces of nodes.
+namespace Spaces {
+
+/// The rotation of a transform: its axes made perpendicular, X first. Axes of zero length or along
+/// another one are replaced, so that the result is always a rotation; a mirrored Z axis is
+/// inverted.
+VxRotation rotationOf(const QMatrix4x4 &transform);
+/// The columns of a rotation.
+std::array<QVector3D, 3> axesOf(const VxRotation &rotation);
+
+VxVector originOf(const QMatrix4x4 &transform);
+VxVector toVector(const QVector3D &vector);
+QVector3D toVector3D(const VxVector &vector);
+double distance(const VxVector &a, const VxVector &b);
+
+/// The direction in a transform's own space that it maps to a direction of the world. None for a
+/// transform that cannot be inverted.
+std::optional<VxVector> unmapped(const QMatrix4x4 &transform, const VxVector &direction);
+
+} // namespace Spaces
+
+#endif

@@ -1,0 +1,566 @@
+#include "testing/vxtestmain.h"
+#include "toolstestbase.h"
+
+#include "testing/vxlostrelease.h"
+
+#include <QLineEdit>
+#include <QScriptEngine>
+#include <vxcore/vxmainwindow.h>
+
+/// The Move, Rotate and Scale tools, dragged with the mouse in the program's window.
+class tst_TransformTools : public QObject, PoseToolTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { startOnce(); }
+    void cleanupTestCase() { endOnce(); }
+    void init() { newFigure(); }
+
+    void aRingKeysTheChannelThatItChanges();
+    void aTypedAngleIsExact_data();
+    void aTypedAngleIsExact();
+    void aTypedAngleEndsWithTheRelease();
+    void anglesContinueBeyondAHalfTurn();
+    void shiftSnapsAngles();
+    void ctrlDragsFinely();
+    void aDragOutAndBackLeavesNothing();
+    void aLostReleaseRestores_data();
+    void aLostReleaseRestores();
+    void aDeletedNodeRestoresTheOthers();
+    void anotherTimeEndsTheDrag();
+    void lockedAnglesCannotBeGrabbed();
+    void aLockedNodeRotatesAboutItsChannels();
+    void limitsStopTheRotation();
+    void severalNodesAboutTheirOwnOrigins();
+    void severalNodesAboutACommonPivot();
+    void worldAxes();
+    void aMoveIsExact();
+    void aMoveSnapsToTheGrid();
+    void aChildOfAMovedNodeMovesOnce();
+    void aSingularParentAllowsNoMove();
+    void lockedTranslations();
+    void scales();
+    void aScaleOfZeroCanGrow();
+    void withoutAutoKeyNoKeyIsMade();
+    void withoutAutoKeyTheTimeDropsThePose();
+    void autoKeyIsShown();
+    void anUndoEntryHasTheSizeOfItsChange();
+    void shortcutsOfTheTools();
+    void numbersDoNotReachShortcuts();
+    void theBarShowsTheTool();
+};
+
+void tst_TransformTools::aRingKeysTheChannelThatItChanges()
+{
+    vxScene->setTime(320);
+    use(PoseTools::Rotate, {"LeftForearm"});
+    const QByteArray before = sceneBytes();
+    const QPoint from = pixelOf(GizmoPart::Y);
+    VxMouseDriver mouse(view());
+    mouse.moveTo(from);
+    mouse.press(from);
+    mouse.moveTo(from + QPoint(-12, 0));
+    mouse.moveTo(from + QPoint(-25, 4));
+    QVERIFY2(tool()->readout().startsWith("Y "), qPrintable(tool()->readout()));
+    mouse.release(from + QPoint(-25, 4));
+    QVERIFY2(angle("LeftForearm", 1)->hasKey(320), qPrintable(status()));
+    QVERIFY(std::abs(angle("LeftForearm", 1)->getValue()) > 3.0f);
+    QCOMPARE(angle("LeftForearm", 0)->getNumKeys(), 0);
+    QCOMPARE(angle("LeftForearm", 2)->getNumKeys(), 0);
+    checkOneEntry(before, "Rotate");
+}
+
+void tst_TransformTools::aTypedAngleIsExact_data()
+{
+    QTest::addColumn<int>("axis");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("angle");
+    QTest::newRow("45") << 0 << "45" << 45.0;
+    QTest::newRow("negative") << 1 << "-10" << -10.0;
+    QTest::newRow("fraction") << 2 << "12.5" << 12.5;
+    QTest::newRow("comma") << 2 << "0,25" << 0.25;
+    QTest::newRow("arithmetic") << 0 << "360/16" << 22.5;
+    QTest::newRow("two revolutions") << 1 << "725" << 725.0;
+    QTest::newRow("backwards") << 2 << "-540" << -540.0;
+}
+
+void tst_TransformTools::aTypedAngleIsExact()
+{
+    QFETCH(int, axis);
+    QFETCH(QString, text);
+    QFETCH(double, angle);
+    use(PoseTools::Rotate, {"Hips"});
+    const QByteArray before = sceneBytes();
+    typeAmount(GizmoPart(int(GizmoPart::X) + axis), text);
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(this->angle("Hips", i)->getValue(), i == axis ? float(angle) : 0.0f);
+    checkOneEntry(before, "Rotate");
+}
+
+void tst_TransformTools::aTypedAngleEndsWithTheRelease()
+{
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::X);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(30, 30));
+    QTest::keyClicks(static_cast<QWidget *>(view()), "37");
+    QTest::keyClick(view(), Qt::Key_Backspace);
+    mouse.moveTo(at + QPoint(60, 60));
+    mouse.release(at + QPoint(60, 60));
+    QCOMPARE(angle("Hips", 0)->getValue(), 3.0f);
+    QCOMPARE(history()->count(), 1);
+}
+
+void tst_TransformTools::anglesContinueBeyondAHalfTurn()
+{
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint middle = pixelOf(node("Hips"));
+    const QPoint start = pixelOf(GizmoPart::View);
+    VxMouseDriver mouse(view());
+    mouse.press(start);
+    const QLineF arm(middle, start);
+    float last = 0;
+    for (int degrees = 15; degrees <= 540; degrees += 15) {
+        QLineF turned = arm;
+        turned.setAngle(arm.angle() + degrees);
+        mouse.moveTo(turned.p2().toPoint());
+        float sum = 0;
+        for (int i = 0; i < 3; ++i)
+            sum += angle("Hips", i)->getValue();
+        QVERIFY2(std::abs(sum - last) < 100, qPrintable(QString::number(degrees)));
+        last = sum;
+    }
+    QVERIFY2(tool()->readout().startsWith("5"), qPrintable(tool()->readout()));
+    mouse.release(start);
+}
+
+void tst_TransformTools::shiftSnapsAngles()
+{
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::Y);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(-40, 5), Qt::ShiftModifier);
+    mouse.release(at + QPoint(-40, 5));
+    const float value = angle("Hips", 1)->getValue();
+    QVERIFY(value != 0.0f);
+    QCOMPARE(std::remainder(value, 15.0f), 0.0f);
+}
+
+void tst_TransformTools::ctrlDragsFinely()
+{
+    use(PoseTools::Move, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::X);
+    const auto dragged = [&](Qt::KeyboardModifiers modifiers) {
+        VxMouseDriver mouse(view());
+        mouse.press(at);
+        mouse.moveTo(at + QPoint(50, 0), modifiers);
+        mouse.release(at + QPoint(50, 0));
+        const float value = node("Hips")->getXPosControl()->getValue();
+        history()->undo();
+        return value;
+    };
+    const float whole = dragged(Qt::NoModifier);
+    const float fine = dragged(Qt::ControlModifier);
+    QVERIFY(whole > 5);
+    QVERIFY(std::abs(fine - whole / 10) < whole / 40);
+}
+
+void tst_TransformTools::aDragOutAndBackLeavesNothing()
+{
+    angle("LeftUpperArm", 2)->setKey(480, 20, 0);
+    vxScene->setTime(320);
+    const QByteArray before = sceneBytes();
+    use(PoseTools::Rotate, {"LeftUpperArm"});
+    const QPoint at = pixelOf(GizmoPart::Z);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(20, 20));
+    QVERIFY(sceneBytes() != before);
+    mouse.moveTo(at);
+    mouse.release(at);
+    QCOMPARE(history()->count(), 0);
+    QVERIFY(sceneBytes() == before);
+    mouse.click(at);
+    QCOMPARE(history()->count(), 0);
+    QVERIFY(node("LeftUpperArm")->isSelected());
+}
+
+void tst_TransformTools::aLostReleaseRestores_data()
+{
+    QTest::addColumn<int>("way");
+    for (int way = 0; way < VxLostReleaseWays; ++way)
+        QTest::addRow("way %d", way) << way;
+}
+
+void tst_TransformTools::aLostReleaseRestores()
+{
+    QFETCH(int, way);
+    angle("LeftUpperArm", 2)->setKey(0, 20, 0);
+    const QByteArray before = sceneBytes();
+    use(PoseTools::Rotate, {"LeftUpperArm", "Hips"});
+    const QPoint at = pixelOf(GizmoPart::Z);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(20, 20));
+    QVERIFY(sceneBytes() != before);
+    vxLoseRelease(view(), way);
+    QVERIFY(sceneBytes() == before);
+    mouse.moveTo(at + QPoint(40, 40));
+    mouse.release(at);
+    QVERIFY(sceneBytes() == before);
+    QCOMPARE(history()->count(), 0);
+}
+
+void tst_TransformTools::aDeletedNodeRestoresTheOthers()
+{
+    use(PoseTools::Rotate, {"LeftUpperArm", "RightUpperArm"});
+    const QPoint at = pixelOf(GizmoPart::Y);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(20, 20));
+    {
+        VxUndoStackHold hold;
+        vxScene->removeNode(node("LeftShoulder"));
+        hold.accept("Delete");
+    }
+    QVERIFY(!tool()->readout().size());
+    mouse.moveTo(at + QPoint(40, 40));
+    mouse.release(at);
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(angle("RightUpperArm", i)->getNumKeys(), 0);
+    QCOMPARE(history()->count(), 1);
+    history()->undo();
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(angle("LeftUpperArm", i)->getNumKeys(), 0);
+}
+
+void tst_TransformTools::anotherTimeEndsTheDrag()
+{
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::Y);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(20, 20));
+    const float reached = angle("Hips", 1)->getValue();
+    vxScene->setTime(800);
+    mouse.moveTo(at + QPoint(40, 40));
+    mouse.release(at);
+    QCOMPARE(angle("Hips", 1)->getNumKeys(), 1);
+    QCOMPARE(angle("Hips", 1)->getValue(0), reached);
+    QCOMPARE(history()->count(), 1);
+}
+
+void tst_TransformTools::lockedAnglesCannotBeGrabbed()
+{
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::X);
+    QVERIFY(at.x() >= 0);
+    angle("Hips", 0)->setLocked(true);
+    QVERIFY(pixelOf(GizmoPart::X).x() < 0);
+    QVERIFY(pixelOf(GizmoPart::View).x() < 0);
+    QVERIFY(pixelOf(GizmoPart::Y).x() >= 0);
+    angle("Hips", 0)->setLocked(false);
+}
+
+// Rotation order YXZ: with the last angle not 0, the local X axis is no channel's.
+void tst_TransformTools::aLockedNodeRotatesAboutItsChannels()
+{
+    angle("Hips", 2)->setKey(0, 40, 0);
+    angle("Hips", 1)->setLocked(true);
+    use(PoseTools::Rotate, {"Hips"});
+    typeAmount(GizmoPart::X, "30");
+    angle("Hips", 1)->setLocked(false);
+    QCOMPARE(angle("Hips", 0)->getValue(), 30.0f);
+    QCOMPARE(angle("Hips", 1)->getValue(), 0.0f);
+    QCOMPARE(angle("Hips", 2)->getValue(), 40.0f);
+}
+
+void tst_TransformTools::limitsStopTheRotation()
+{
+    use(PoseTools::Rotate, {"LeftForearm"});
+    const QPoint at = pixelOf(GizmoPart::Y);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    QTest::keyClicks(static_cast<QWidget *>(view()), "-200");
+    QVERIFY2(tool()->readout().contains("limit"), qPrintable(tool()->readout()));
+    type(Qt::Key_Return);
+    mouse.release(at);
+    QVERIFY(std::abs(angle("LeftForearm", 1)->getValue() + 150) < 0.01f);
+    QVERIFY(status().contains("limit"));
+    // About an axis that needs several channels, the pose stops as a whole.
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Rotate, {"LeftHand"});
+    typeAmount(GizmoPart::X, "170");
+    for (int i = 0; i < 3; ++i) {
+        const float value = angle("LeftHand", i)->getValue();
+        QVERIFY(value >= angle("LeftHand", i)->getMin() - 0.01f);
+        QVERIFY(value <= angle("LeftHand", i)->getMax() + 0.01f);
+    }
+}
+
+void tst_TransformTools::severalNodesAboutTheirOwnOrigins()
+{
+    use(PoseTools::Rotate, {"LeftUpperArm", "RightUpperArm", "Head"});
+    const QByteArray before = sceneBytes();
+    typeAmount(GizmoPart::X, "20");
+    for (const char *name : {"LeftUpperArm", "RightUpperArm", "Head"}) {
+        QCOMPARE(angle(name, 0)->getValue(), 20.0f);
+        QCOMPARE(node(name)->getXPosControl()->getNumKeys(), 0);
+    }
+    checkOneEntry(before, "Rotate");
+}
+
+void tst_TransformTools::severalNodesAboutACommonPivot()
+{
+    CreateEdits::addNode(vxScene, nullptr);
+    VxNode *a = vxScene->getSelectedNodes().first();
+    CreateEdits::addNode(vxScene, nullptr);
+    VxNode *b = vxScene->getSelectedNodes().first();
+    b->setOrigin({10, 0, 0});
+    makeAllControls();
+    tools()->settings()->setPivot(PoseToolSettings::Pivot::Common);
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Rotate, {a->getName(), b->getName()});
+    typeAmount(GizmoPart::Y, "90");
+    QVERIFY((place(a) - QVector3D(5, 0, 5)).length() < 1e-4f);
+    QVERIFY((place(b) - QVector3D(5, 0, -5)).length() < 1e-4f);
+    QVERIFY(std::abs(a->getYRotControl()->getValue() - 90) < 1e-4f);
+    QVERIFY(std::abs(b->getYRotControl()->getValue() - 90) < 1e-4f);
+}
+
+void tst_TransformTools::worldAxes()
+{
+    angle("Hips", 0)->setKey(0, 30, 0);
+    angle("Chest", 2)->setKey(0, 20, 0);
+    const QMatrix4x4 before = node("Head")->getWorldTransform(0);
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Rotate, {"Head"});
+    typeAmount(GizmoPart::Z, "15");
+    QMatrix4x4 expected;
+    expected.rotate(15, 0, 0, 1);
+    const QMatrix4x4 after = node("Head")->getWorldTransform(0);
+    for (int column = 0; column < 3; ++column)
+        QVERIFY((expected.mapVector(before.column(column).toVector3D()) -
+                 after.column(column).toVector3D())
+                    .length() < 1e-4f);
+}
+
+void tst_TransformTools::aMoveIsExact()
+{
+    angle("Hips", 1)->setKey(0, 50, 0);
+    const QVector3D before = place(node("Chest"));
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Move, {"Chest"});
+    typeAmount(GizmoPart::Z, "-7.5");
+    QVERIFY((place(node("Chest")) - before - QVector3D(0, 0, -7.5f)).length() < 1e-4f);
+    // The mouse holds the point that it grabbed.
+    use(PoseTools::Move, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::View);
+    VxMouseDriver(view()).drag(at, at + QPoint(60, -33));
+    QVERIFY((pixelOf(node("Hips")) - (at + QPoint(60, -33))).manhattanLength() <= 2);
+}
+
+void tst_TransformTools::aMoveSnapsToTheGrid()
+{
+    node("Hips")->getXPosControl()->setKey(0, 1.25f, 0);
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Move, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::X);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    mouse.moveTo(at + QPoint(70, 0), Qt::ShiftModifier);
+    mouse.release(at + QPoint(70, 0));
+    const float x = place(node("Hips")).x();
+    QVERIFY(x > 2);
+    QVERIFY(std::abs(std::remainder(x, 5.0f)) < 1e-3f);
+}
+
+void tst_TransformTools::aChildOfAMovedNodeMovesOnce()
+{
+    const QVector3D before = place(node("Chest"));
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::World);
+    use(PoseTools::Move, {"Hips", "Chest"});
+    typeAmount(GizmoPart::Y, "4");
+    QVERIFY((place(node("Chest")) - before - QVector3D(0, 4, 0)).length() < 1e-4f);
+}
+
+void tst_TransformTools::aSingularParentAllowsNoMove()
+{
+    node("Hips")->getScaleControl()->setKey(0, 0, 0);
+    const QByteArray before = sceneBytes();
+    use(PoseTools::Move, {"Spine"});
+    for (int part = int(GizmoPart::X); part < GizmoPartCount; ++part)
+        QVERIFY(pixelOf(GizmoPart(part)).x() < 0);
+    use(PoseTools::Rotate, {"Spine"});
+    typeAmount(GizmoPart::Z, "10");
+    QCOMPARE(angle("Spine", 2)->getValue(), 10.0f);
+    history()->undo();
+    QVERIFY(sceneBytes() == before);
+}
+
+void tst_TransformTools::lockedTranslations()
+{
+    tools()->settings()->setOrientation(PoseToolSettings::Orientation::Parent);
+    node("Hips")->getYPosControl()->setLocked(true);
+    use(PoseTools::Move, {"Hips"});
+    QVERIFY(pixelOf(GizmoPart::X).x() >= 0);
+    QVERIFY(pixelOf(GizmoPart::Y).x() < 0);
+    QVERIFY(pixelOf(GizmoPart::XY).x() < 0);
+    QVERIFY(pixelOf(GizmoPart::View).x() < 0);
+    node("Hips")->getYPosControl()->setLocked(false);
+}
+
+void tst_TransformTools::scales()
+{
+    use(PoseTools::Scale, {"Spine"});
+    typeAmount(GizmoPart::Y, "1.5");
+    QCOMPARE(node("Spine")->getYScaleControl()->getValue(), 1.5f);
+    typeAmount(GizmoPart::View, "2");
+    QCOMPARE(node("Spine")->getScaleControl()->getValue(), 2.0f);
+    QCOMPARE(node("Spine")->getXScaleControl()->getNumKeys(), 0);
+    const QPoint at = pixelOf(GizmoPart::X);
+    VxMouseDriver(view()).drag(at, at + QPoint(30, 0));
+    QVERIFY(node("Spine")->getXScaleControl()->getValue() > 1.1f);
+}
+
+void tst_TransformTools::aScaleOfZeroCanGrow()
+{
+    node("Spine")->getScaleControl()->setKey(0, 0, 0);
+    use(PoseTools::Scale, {"Spine"});
+    typeAmount(GizmoPart::View, "1.5");
+    QCOMPARE(node("Spine")->getScaleControl()->getValue(), 0.5f);
+}
+
+void tst_TransformTools::withoutAutoKeyNoKeyIsMade()
+{
+    vxScene->setAnimating(false);
+    use(PoseTools::Rotate, {"Hips"});
+    typeAmount(GizmoPart::Y, "30");
+    QCOMPARE(angle("Hips", 1)->getNumKeys(), 0);
+    QCOMPARE(angle("Hips", 1)->getValue(), 30.0f);
+    QVERIFY(status().contains("Auto Key is off"));
+    QCOMPARE(history()->count(), 1);
+    history()->undo();
+    QCOMPARE(angle("Hips", 1)->getValue(), 0.0f);
+}
+
+void tst_TransformTools::withoutAutoKeyTheTimeDropsThePose()
+{
+    setKeys(angle("Hips", 1), "0=0 10=100");
+    vxScene->setTime(800);
+    vxScene->setAnimating(false);
+    use(PoseTools::Rotate, {"Hips"});
+    typeAmount(GizmoPart::Y, "30");
+    QCOMPARE(keysOf(angle("Hips", 1)), QString("0=0 10=100"));
+    QCOMPARE(angle("Hips", 1)->getValue(), 80.0f);
+    // A key of the present values keeps it.
+    vxScene->setAnimating(true);
+    action("VxAddKeysAction")->trigger();
+    QCOMPARE(keysOf(angle("Hips", 1)), QString("0=0 5=80 10=100"));
+    history()->undo();
+    vxScene->setAnimating(false);
+    typeAmount(GizmoPart::Y, "30");
+    vxScene->setTime(0);
+    vxScene->setTime(800);
+    QCOMPARE(angle("Hips", 1)->getValue(), 50.0f);
+}
+
+void tst_TransformTools::autoKeyIsShown()
+{
+    auto *mark = window()->findChild<QToolButton *>("AutoKeyMark");
+    QVERIFY(mark && mark->isVisible());
+    const auto edge = [this] { return QColor(view()->grab().toImage().pixel(200, 0)); };
+    const QColor on = edge();
+    QVERIFY(on.red() > on.green() + 60);
+    QTest::mouseClick(mark, Qt::LeftButton);
+    QVERIFY(!vxScene->isAnimating());
+    QVERIFY(!action("VxAutoKeyAction")->isChecked());
+    QVERIFY(edge().red() < edge().green() + 20);
+    action("VxAutoKeyAction")->trigger();
+    QVERIFY(vxScene->isAnimating() && action("VxAutoKeyAction")->isChecked());
+}
+
+void tst_TransformTools::anUndoEntryHasTheSizeOfItsChange()
+{
+    for (int i = 0; i < 3; ++i) {
+        for (int frame = 0; frame < 5000; ++frame)
+            angle("Hips", i)->setKey(frame * 160, float(frame % 7), 0);
+    }
+    vxScene->setTime(800);
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::Z);
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    for (int i = 1; i < 50; ++i)
+        mouse.moveTo(at + QPoint(i, i));
+    mouse.release(at + QPoint(50, 50));
+    QCOMPARE(history()->count(), 1);
+    QVERIFY2(history()->memoryUsed() < 2000, qPrintable(QString::number(history()->memoryUsed())));
+}
+
+void tst_TransformTools::shortcutsOfTheTools()
+{
+    view()->setFocus();
+    const QPair<int, PoseTools::Tool> keys[] = {{Qt::Key_W, PoseTools::Move},
+                                                {Qt::Key_E, PoseTools::Rotate},
+                                                {Qt::Key_R, PoseTools::Scale},
+                                                {Qt::Key_Y, PoseTools::Ik},
+                                                {Qt::Key_Q, PoseTools::Select}};
+    for (const auto &each : keys) {
+        type(each.first);
+        QCOMPARE(tools()->activeTool(), each.second);
+    }
+    QVERIFY(action("VxSelectToolAction")->isChecked());
+    QVERIFY(!action("VxMoveToolAction")->isChecked());
+    // Neither a text field nor the timeline loses its keys.
+    QLineEdit field(window());
+    field.show();
+    field.setFocus();
+    type(Qt::Key_W);
+    QCOMPARE(field.text(), QString("w"));
+    QCOMPARE(tools()->activeTool(), PoseTools::Select);
+    VxMouseDriver(view()).moveTo({200, 200});
+    inTimePane<QWidget>("TimelineDopeSheetTView")->setFocus();
+    type(Qt::Key_W);
+    QCOMPARE(tools()->activeTool(), PoseTools::Select);
+}
+
+void tst_TransformTools::numbersDoNotReachShortcuts()
+{
+    vxScene->setTime(480);
+    use(PoseTools::Rotate, {"Hips"});
+    const QPoint at = pixelOf(GizmoPart::Y);
+    const ViewportCamera camera = view()->camera();
+    VxMouseDriver mouse(view());
+    mouse.press(at);
+    for (const int key : {Qt::Key_1, Qt::Key_7, Qt::Key_Left, Qt::Key_Space, Qt::Key_Delete,
+                          Qt::Key_W, Qt::Key_Home})
+        type(key);
+    mouse.release(at);
+    QCOMPARE(vxScene->getTime(), 480);
+    QVERIFY(!vxScene->isPlaying());
+    QVERIFY(view()->camera() == camera);
+    QCOMPARE(tools()->activeTool(), PoseTools::Rotate);
+    QCOMPARE(angle("Hips", 1)->getValue(), 17.0f);
+}
+
+void tst_TransformTools::theBarShowsTheTool()
+{
+    auto *bar = view()->findChild<QWidget *>("PoseToolBar");
+    QVERIFY(bar && bar->isVisible());
+    auto *rotate = bar->findChild<QToolButton *>("RotateToolButton");
+    QTest::mouseClick(rotate, Qt::LeftButton);
+    QCOMPARE(tools()->activeTool(), PoseTools::Rotate);
+    QVERIFY(rotate->isChecked());
+    action("VxWorldOrientationAction")->trigger();
+    QCOMPARE(bar->findChild<QToolButton *>("GizmoOrientationButton")->text(), QString("World"));
+    QVERIFY(rotate->toolTip().contains("(E)"));
+    action("VxMoveToolAction")->trigger();
+    QVERIFY(!rotate->isChecked());
+    QVERIFY(bar->findChild<QToolButton *>("MoveToolButton")->isChecked());
+}
+
+VX_TEST_MAIN(tst_TransformTools)
+#include "tst_transformtools.moc"
