@@ -16,48 +16,63 @@ constexpr double Probe = 10;
 constexpr double Unchanged = 1e-4;
 constexpr int Bisections = 24;
 
+int stepsFor(double degrees)
+{
+    return int(std::clamp(std::ceil(std::abs(degrees) / LargestStep), 1.0, double(MostSteps)));
+}
+
+/** The angles after a rotation that is at most a step from the previous ones. */
+VxEuler stepTo(const GestureNode &node, const VxRotation &before, const VxVector &axis,
+               double degrees, const VxEuler &previous)
+{
+    return vxEulerAngles(vxRotation(vxRotationAbout(axis, degrees)) * before, node.order(),
+                         previous);
+}
+
 } // namespace
 
 VxEuler NodeAngles::rotated(const GestureNode &node, const VxVector &axis, double degrees)
 {
-    const VxEuler start = anglesOf(node.start());
-    const VxRotation before = vxRotation(start, node.order());
-    const int steps =
-        int(std::clamp(std::ceil(std::abs(degrees) / LargestStep), 1.0, double(MostSteps)));
-    VxEuler angles = start;
+    VxEuler angles = anglesOf(node.start());
+    const VxRotation before = vxRotation(angles, node.order());
+    const int steps = stepsFor(degrees);
     for (int i = 1; i <= steps; ++i)
-        angles = vxEulerAngles(vxRotation(vxRotationAbout(axis, degrees * i / steps)) * before,
-                               node.order(), angles);
+        angles = stepTo(node, before, axis, degrees * i / steps, angles);
     return angles;
 }
 
-double NodeAngles::allowedPart(const GestureNode &node, const VxVector &axis, double degrees)
+VxEuler NodeAngles::rotatedWithinLimits(const GestureNode &node, const VxVector &axis,
+                                        double degrees, double *allowed)
 {
     const VxEuler start = anglesOf(node.start());
-    const auto excessAt = [&](double part) {
-        return ChannelLimits::excess(node.channels(), node.time(),
-                                     rotated(node, axis, degrees * part), start);
+    const VxRotation before = vxRotation(start, node.order());
+    const auto excess = [&](const VxEuler &angles) {
+        return ChannelLimits::excess(node.channels(), node.time(), angles, start);
     };
-    const double allowed = excessAt(0) + Unchanged;
-    // Whole stretches first: a rotation beyond a limit may return into it.
-    const int stretches =
-        int(std::clamp(std::ceil(std::abs(degrees) / LargestStep), 1.0, double(MostSteps)));
+    const double most = excess(start) + Unchanged;
+    const int steps = stepsFor(degrees);
+    VxEuler angles = start;
     double low = 0;
-    double high = 0;
-    for (int i = 1; i <= stretches && high <= low; ++i) {
-        const double end = double(i) / stretches;
-        if (excessAt(end) > allowed)
-            high = end;
-        else
-            low = end;
+    for (int i = 1; i <= steps; ++i) {
+        double high = degrees * i / steps;
+        const VxEuler next = stepTo(node, before, axis, high, angles);
+        if (excess(next) <= most) {
+            angles = next;
+            low = high;
+            continue;
+        }
+        for (int bisection = 0; bisection < Bisections; ++bisection) {
+            const double middle = (low + high) / 2;
+            const VxEuler half = stepTo(node, before, axis, middle, angles);
+            const bool isAllowed = excess(half) <= most;
+            (isAllowed ? low : high) = middle;
+            if (isAllowed)
+                angles = half;
+        }
+        break;
     }
-    if (high <= low)
-        return 1;
-    for (int i = 0; i < Bisections; ++i) {
-        const double middle = (low + high) / 2;
-        (excessAt(middle) > allowed ? high : low) = middle;
-    }
-    return low;
+    *allowed = low;
+    return angles;
 }
 
 VxVector NodeAngles::channelAxis(const GestureNode &node, int channel)

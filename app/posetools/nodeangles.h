@@ -11,9 +11,10 @@ namespace NodeAngles {
 /// The rotation about an axis of the parent's space by an angle in degrees, applied after the
 /// node's own. The angles continue those of the start over any number of revolutions.
 VxEuler rotated(const GestureNode &node, const VxVector &axis, double degrees);
-/// The part of such an angle, 0 to 1, that limits allow: the end of the last stretch from 0 on
-/// which no channel exceeds its limits by more than at the start.
-double allowedPart(const GestureNode &node, const VxVector &axis, double degrees);
+/// The same as far as limits allow: it ends where a channel would exceed its limits by more than at
+/// the start. `allowed` receives the angle reached, in degrees.
+VxEuler rotatedWithinLimits(const GestureNode &node, const VxVector &axis, double degrees,
+                            double *allowed);
 
 /// The axis about which one channel rotates the node, in the parent's space.
 VxVector channelAxis(const GestureNode &node, int channel);

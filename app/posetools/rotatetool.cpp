@@ -149,10 +149,11 @@ void RotateTool::write()
 /** Returns the angle that limits allow. */
 double RotateTool::writeAngles(const Part &part)
 {
-    const double allowed = NodeAngles::allowedPart(*part.node, part.axis, m_angle) * m_angle;
+    double allowed = 0;
+    const VxEuler angles =
+        NodeAngles::rotatedWithinLimits(*part.node, part.axis, m_angle, &allowed);
     if (allowed != m_angle)
         gesture()->countLimited();
-    const VxEuler angles = NodeAngles::rotated(*part.node, part.axis, allowed);
     for (int axis = 0; axis < 3; ++axis)
         gesture()->set(part.node, XAngle + axis, angles[std::size_t(axis)]);
     return allowed;

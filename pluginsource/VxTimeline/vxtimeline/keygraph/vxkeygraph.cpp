@@ -41,6 +41,7 @@ public:
 
     void addChannel(VxProperty *property);
     void addNode(const VxPropertyListNode *node);
+    void readKeysOf(const VxProperty *property);
     void clearChannels();
     void clearAndAnnounce();
     void beginRebuild();
@@ -71,11 +72,15 @@ void VxKeyGraph::Private::addChannel(VxProperty *property)
     shown.insert(property);
     connections +=
         connect(property, &VxProperty::propertyDeleted, q, &VxKeyGraph::handlePropertyDeleted);
-    connections += connect(property, &VxProperty::valueChanged, q, &VxKeyGraph::handleValueChanged);
+    // Not by QObject::sender(), which searches all connections of the graph at every report.
+    const auto follow = [this](const VxProperty *changed) {
+        connections += connect(changed, &VxProperty::valueChanged, q,
+                               [this, changed] { readKeysOf(changed); });
+    };
+    follow(property);
     VxProperty *holder = property->getKeyHolder();
     if (holder != property)
-        connections +=
-            connect(holder, &VxProperty::valueChanged, q, &VxKeyGraph::handleValueChanged);
+        follow(holder);
     if (VxElement *owner = property->getOwner()) {
         connections +=
             connect(owner, &VxElement::propertyRemoved, q, &VxKeyGraph::handlePropertyDeleted);
@@ -233,16 +238,22 @@ void VxKeyGraph::handlePrimarySelectionChanged(VxNode *node)
     Q_UNUSED(node)
 }
 
+void VxKeyGraph::Private::readKeysOf(const VxProperty *property)
+{
+    for (const VxKeyGraphChannel *channel : q->getChannelsOf(property->getKeyHolder()))
+        channel->getKeyCache();
+    Q_EMIT q->channelsChanged();
+}
+
 // Selected keys are known by their times. The channels read them at every report, as the rows of
 // the dope sheet do: a key that leaves its time and returns later is deselected in both.
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)
-    if (const auto *property = qobject_cast<const VxProperty *>(sender())) {
-        for (const VxKeyGraphChannel *channel : getChannelsOf(property->getKeyHolder()))
-            channel->getKeyCache();
-    }
-    Q_EMIT channelsChanged();
+    if (const auto *property = qobject_cast<const VxProperty *>(sender()))
+        d->readKeysOf(property);
+    else
+        Q_EMIT channelsChanged();
 }
 
 void VxKeyGraph::handleAppStarting()
