@@ -15,6 +15,9 @@
 
 namespace {
 
+// The part of a bone's length within which a joint is at its end.
+constexpr float SameEnd = 1e-4f;
+
 QString depthMessage()
 {
     return StudioText::tr("Nodes cannot be nested deeper than %1 levels.").arg(VxNode::MaxDepth);
@@ -86,6 +89,70 @@ CreateResult CreateEdits::addBone(VxScene *scene, VxNode *parent)
     bone->setEndPoint(boneDirection(above));
     bone->setRestPose(BoneEdits::restInPlace());
     return enter(scene, std::move(bone), parent);
+}
+
+CreateResult CreateEdits::addBoneTo(VxScene *scene, VxNode *parent, const QVector3D &end)
+{
+    if (!parent)
+        return addBone(scene, parent);
+    const QVector3D start = qobject_cast<VxBone *>(parent) ? parent->getEndPoint() : QVector3D();
+    return addBoneChain(scene, parent,
+                        {parent->getWorldTransform(scene->getTime()).map(start), end});
+}
+
+CreateResult CreateEdits::addBoneChain(VxScene *scene, VxNode *parent,
+                                       const QVector<QVector3D> &joints)
+{
+    bool isInvertible = true;
+    const QMatrix4x4 toParent =
+        parent ? parent->getWorldTransform(scene->getTime()).inverted(&isInvertible) : QMatrix4x4();
+    QVector<QVector3D> local;
+    for (const QVector3D &joint : joints) {
+        local.append(toParent.map(joint));
+        isInvertible = isInvertible && std::isfinite(local.last().lengthSquared());
+    }
+    if (!isInvertible)
+        return {{},
+                StudioText::tr("\"%1\" is scaled to nothing: a bone below it has no position.")
+                    .arg(parent ? parent->getLabel() : QString())};
+    if (joints.size() < 2)
+        return {};
+    // Rounding must not part a bone from the end of its parent.
+    const QVector3D above = parent ? parent->getEndPoint() : QVector3D();
+    if ((local.first() - above).length() <= above.length() * SameEnd)
+        local.first() = above;
+    if (parent && parent->getDepth() + joints.size() - 1 > VxNode::MaxDepth)
+        return {{}, depthMessage()};
+    NameNumbers names(scene);
+    std::unique_ptr<VxNode> skeleton;
+    if (!parent)
+        skeleton = std::make_unique<VxSkeleton>(names.unique(QStringLiteral("Skeleton")));
+    std::unique_ptr<VxNode> first;
+    VxNode *last = nullptr;
+    for (int i = 1; i < local.size(); ++i) {
+        auto bone = std::make_unique<VxBone>(names.unique(QStringLiteral("Bone")));
+        bone->setOrigin(i == 1 ? local.first() : last->getEndPoint());
+        bone->setEndPoint(local.at(i) - local.at(i - 1));
+        bone->setRestPose(BoneEdits::restInPlace());
+        VxNode *made = bone.get();
+        if (last)
+            last->addNodeChild(bone.release());
+        else
+            first = std::move(bone);
+        last = made;
+    }
+    if (skeleton) {
+        skeleton->addNodeChild(first.release());
+        first = std::move(skeleton);
+    }
+    VxUndoStackHold hold;
+    if (!scene->addNode(first.get(), parent))
+        return {{}, StudioText::tr("The node could not be added.")};
+    VxNode *top = first.release();
+    hold.accept(joints.size() == 2 ? StudioText::tr("Create \"%1\"").arg(last->getLabel())
+                                   : StudioText::tr("Create %1 Bones").arg(joints.size() - 1));
+    SceneEdits::selectOnly(scene, {last});
+    return {{top}, {}};
 }
 
 CreateResult CreateEdits::addFigure(VxScene *scene)

@@ -2,6 +2,7 @@
 #define CREATEEDITS_H
 
 #include <QString>
+#include <QVector3D>
 #include <QVector>
 
 class VxNode;
@@ -31,6 +32,13 @@ CreateResult addSkeleton(VxScene *scene);
 /// in the parent bone's direction, or leads up along Y when the parent has none. Nothing without a
 /// parent.
 CreateResult addBone(VxScene *scene, VxNode *parent);
+/// A bone as addBone() makes it that ends at a point in the world, at the scene's time. Nothing
+/// when the parent's world transform has no inverse.
+CreateResult addBoneTo(VxScene *scene, VxNode *parent, const QVector3D &end);
+/// A chain of bones from joint to joint, in the world at the scene's time; two joints at least. The
+/// first bone is a child of the parent, a new skeleton without one. Nothing when the parent's world
+/// transform has no inverse. Selects the last bone.
+CreateResult addBoneChain(VxScene *scene, VxNode *parent, const QVector<QVector3D> &joints);
 /// The shipped figure, see makeStandardFigure().
 CreateResult addFigure(VxScene *scene);
 

@@ -10,6 +10,12 @@
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostack.h>
 
+// Within a namespace the macro does not compile.
+static void initSamples()
+{
+    Q_INIT_RESOURCE(sample);
+}
+
 namespace {
 
 QString nameOf(const QString &path)
@@ -120,6 +126,22 @@ bool DocumentController::mayOverwrite(const QString &fileName) const
     const bool isOwn = QFileInfo(fileName).absoluteFilePath() == m_fileName;
     return !isOwn || !present.exists() || present == m_stamp ||
            m_messages->askToOverwrite(displayName());
+}
+
+bool DocumentController::openSample()
+{
+    if (m_isBusy)
+        return false;
+    const QScopedValueRollback<bool> busy(m_isBusy, true);
+    initSamples();
+    m_scene->pause();
+    QString summary;
+    VxFileError error;
+    if (!readScene(QStringLiteral(":/samples/walk.vxscene"), &summary, &error))
+        return report(error, tr("Opening was cancelled."));
+    setDocument(QString(), summary);
+    m_messages->showStatus(tr("Opened the sample."));
+    return true;
 }
 
 void DocumentController::clear()

@@ -41,6 +41,8 @@ public:
     /// written by another program since the document was opened or saved. False when nothing was
     /// written. During a gesture the document still counts as changed afterwards.
     bool save(const QString &fileName);
+    /// Replaces the scene by the shipped sample, as a document without a file.
+    bool openSample();
     /// An empty scene without a file.
     void clear();
     /// Opens a recovery copy as its document with unsaved changes. fileName: the document's former

@@ -4,14 +4,13 @@
 #include "scenetree/scenetreemodel.h"
 #include "scenetree/treeindentation.h"
 #include "scenetree/visibilitydelegate.h"
+#include "widgets/actionsubmenu.h"
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QMenu>
 #include <QStatusTipEvent>
-#include <vxcore/vxaction.h>
-#include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
@@ -84,30 +83,14 @@ QMenu *SceneTreeView::makeContextMenu()
     add(tr("Show"), any, &SceneTreeView::showSelected, this);
     add(tr("Hide"), any, &SceneTreeView::hideSelected, this);
     menu->addSeparator();
-    addCreateCommands(menu);
+    // They act on the scene's selection, which is the tree's.
+    if (addActionSubMenu(menu, tr("Create"), QStringLiteral("Create")))
+        menu->addSeparator();
     add(tr("Select Children"), any, &SceneTreeView::selectChildren, this);
     menu->addSeparator();
     add(tr("Expand All"), true, &QTreeView::expandAll, this);
     add(tr("Collapse All"), true, &QTreeView::collapseAll, this);
     return menu;
-}
-
-/** They act on the scene's selection, which is the tree's. */
-void SceneTreeView::addCreateCommands(QMenu *menu)
-{
-    const VxMainWindow *window = vxApp->getInterface();
-    if (!window)
-        return;
-    QMenu *create = nullptr;
-    for (VxAction *action : window->getActionMgr()->getActions()) {
-        if (action->getDefaultMenuPath() != QLatin1String("Create"))
-            continue;
-        if (!create)
-            create = menu->addMenu(tr("Create"));
-        create->addAction(action);
-    }
-    if (create)
-        menu->addSeparator();
 }
 
 void SceneTreeView::renameCurrent()

@@ -47,7 +47,6 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void addCreateCommands(QMenu *menu);
     void pressEye(const QModelIndex &eye);
     void showDisplaced(const QVector<VxNode *> &nodes);
 

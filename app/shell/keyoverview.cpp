@@ -39,6 +39,11 @@ const QVector<Section> &mouseSections()
            QT_TRANSLATE_NOOP("KeyOverview", "zooms at the mouse position")},
           {QT_TRANSLATE_NOOP("KeyOverview", "F"),
            QT_TRANSLATE_NOOP("KeyOverview", "frames the selected nodes")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Right click"),
+           QT_TRANSLATE_NOOP("KeyOverview", "opens the context menu of the node")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Click, while Bone Chain is active"),
+           QT_TRANSLATE_NOOP("KeyOverview", "adds a bone; Backspace takes it back, Return, Escape "
+                                            "or a double click ends the chain")},
           {QT_TRANSLATE_NOOP("KeyOverview", "T"),
            QT_TRANSLATE_NOOP("KeyOverview", "shows motion trails of the selected nodes; a click on "
                                             "a dot sets the current time")},

@@ -1,6 +1,7 @@
 #include "shell/studioclasses.h"
 
 #include "console/vxconsolepane.h"
+#include "create/vxbonechainaction.h"
 #include "create/vxcreateactions.h"
 #include "pose/vxposeactions.h"
 #include "posetools/vxposetoolactions.h"
@@ -66,13 +67,15 @@ QVector<VxClassFactory *> createFactories()
         "8F700C25-1FE4-42AF-A36B-E82B80A2550B");
     static VxScriptableFactoryOf<VxCreateFigureAction> createFigure(
         "459FA6DB-FEBC-423F-9025-8CD2097FCA61");
+    static VxScriptableFactoryOf<VxBoneChainAction> boneChain(
+        "47D708FF-8BC4-4CC8-80A4-BF866F4C1F80");
     static VxScriptableFactoryOf<VxEditBoneAction> editBone("D7F90462-389D-4FB9-90AE-8181B70614E5");
     static VxScriptableFactoryOf<VxDuplicateNodesAction> duplicateNodes(
         "EC3EE183-29EF-4D28-A1EC-A52EC8C36597");
     static VxScriptableFactoryOf<VxGroupNodesAction> groupNodes(
         "5BE5FBE5-C243-486B-8C00-60041159634E");
-    return {&createNode, &createSkeleton, &createBone, &createFigure,
-            &editBone,   &duplicateNodes, &groupNodes};
+    return {&createNode, &createSkeleton, &createBone,     &createFigure,
+            &boneChain,  &editBone,       &duplicateNodes, &groupNodes};
 }
 
 QVector<VxClassFactory *> cameraFactories()

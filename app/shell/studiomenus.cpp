@@ -68,6 +68,9 @@ void StudioMenus::buildFileMenu()
         menu,
         {"StudioOpen", tr("&Open..."), tr("Opens a scene or motion file."), QKeySequence::Open},
         &StudioMenus::openRequested);
+    addEntry(menu,
+             {"StudioOpenSample", tr("Open Sa&mple"), tr("Opens a sample with a walking figure.")},
+             &StudioMenus::openSampleRequested);
     QAction *below = menu->addSeparator();
     below->setObjectName(QStringLiteral("BelowOpenSeparator"));
     addEntry(menu,

@@ -36,6 +36,7 @@ public:
 Q_SIGNALS:
     void newRequested();
     void openRequested();
+    void openSampleRequested();
     void recentFileRequested(const QString &fileName);
     void revertRequested();
     void saveRequested();

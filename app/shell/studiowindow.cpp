@@ -1,5 +1,6 @@
 #include "shell/studiowindow.h"
 
+#include "create/viewportmenu.h"
 #include "document/documentcontroller.h"
 #include "document/droppedfile.h"
 #include "document/motioncommands.h"
@@ -16,6 +17,7 @@
 #include "shell/studiomenus.h"
 #include "shortcuts/shortcutcatalogue.h"
 #include "shortcuts/shortcutdialog.h"
+#include "viewport/emptysceneoffer.h"
 #include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
 #include "widgets/usermessages.h"
@@ -95,6 +97,7 @@ void StudioWindow::connectMenus()
 {
     connect(m_menus, &StudioMenus::newRequested, this, &StudioWindow::newDocument);
     connect(m_menus, &StudioMenus::openRequested, this, &StudioWindow::openWithDialog);
+    connect(m_menus, &StudioMenus::openSampleRequested, this, &StudioWindow::openSample);
     connect(m_menus, &StudioMenus::recentFileRequested, this, &StudioWindow::openAfterAsking);
     connect(m_menus, &StudioMenus::revertRequested, this, &StudioWindow::revert);
     connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
@@ -121,6 +124,16 @@ void StudioWindow::completeMenus()
 {
     m_menus->addActionsAndPanes(*m_docks);
     m_toolBar->showShortcuts(*getActionMgr());
+    auto *offer = new EmptySceneOffer(vxApp->getScene(), m_viewport);
+    const auto offerCommand = [this, offer](const char *name, const QString &text = QString()) {
+        offer->addCommand(getActionMgr()->findCommand(QLatin1String(name)), text);
+    };
+    offerCommand("StudioOpen");
+    offerCommand("StudioImportMotion");
+    offerCommand("VxCreateFigureAction", tr("Create &Figure"));
+    offerCommand("VxCreateSkeletonAction", tr("Create &Skeleton"));
+    offerCommand("StudioOpenSample");
+    new ViewportMenu(vxApp->getScene(), m_viewport);
 }
 
 QSize StudioWindow::firstSize(const QSize &available)
@@ -184,6 +197,12 @@ void StudioWindow::openAfterAsking(const QString &fileName)
 {
     if (mayDiscard())
         m_document->open(fileName);
+}
+
+void StudioWindow::openSample()
+{
+    if (mayDiscard())
+        m_document->openSample();
 }
 
 void StudioWindow::revert()

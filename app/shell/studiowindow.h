@@ -50,6 +50,8 @@ public Q_SLOTS:
     void openWithDialog();
     /// Opens a file, after asking about unsaved changes.
     void openAfterAsking(const QString &fileName);
+    /// Opens the shipped sample, after asking about unsaved changes.
+    void openSample();
     /// Opens the document's file again, after asking about unsaved changes.
     void revert();
     /// Starts an empty scene, after asking.

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int FramedPoses = 9;
+constexpr double SmallestFigure = 40;        // pixels
 constexpr int ViewNameMargin = 6;            // pixels
 constexpr float FigureHeightPart = 2.0f / 3; // of the view's height, after a file was opened
 // A single joint is framed with this part of the scene's size around it.
@@ -194,7 +195,19 @@ void ViewportWidget::frameSelection()
 void ViewportWidget::frameFirstFigure()
 {
     const bool wasEmpty = std::exchange(m_isEmpty, m_scene->getNumNodes() == 0);
-    if (wasEmpty && !FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints().isEmpty())
+    if (!wasEmpty || m_isEmpty)
+        return;
+    QRectF seen;
+    bool isInView = true;
+    for (const QVector3D &point :
+         FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints()) {
+        const auto at = m_camera.project(point);
+        isInView = isInView && at && rect().contains(at->toPoint());
+        seen |= QRectF(at.value_or(QPointF()), QSizeF(1, 1));
+    }
+    // Bones that were drawn in this view stay where they are.
+    const bool isLarge = qMax(seen.width(), seen.height()) > SmallestFigure;
+    if (!seen.isNull() && !(isInView && isLarge))
         frameFigure();
 }
 
@@ -205,9 +218,7 @@ void ViewportWidget::paintEvent(QPaintEvent *)
         updateGround();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_ground);
-    if (m_isEmpty)
-        paintHint(&painter);
-    else
+    if (!m_isEmpty)
         FigurePainter(&painter, m_camera, palette())
             .paint(FigureLines::collect(*m_scene, m_scene->getTime()), m_hovered);
     const QVector<ViewportTool *> tools = toolsByPriority();
@@ -256,11 +267,4 @@ void ViewportWidget::paintViewName(QPainter *painter, float gridStep) const
     painter->drawText(rect().adjusted(ViewNameMargin, 0, 0, -ViewNameMargin),
                       Qt::AlignLeft | Qt::AlignBottom,
                       tr("%1   Grid: %2").arg(viewName(m_camera.state())).arg(double(gridStep)));
-}
-
-void ViewportWidget::paintHint(QPainter *painter) const
-{
-    painter->setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
-    painter->drawText(rect(), Qt::AlignCenter,
-                      tr("The scene is empty.\nOpen a file with File > Open."));
 }

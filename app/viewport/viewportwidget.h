@@ -100,7 +100,6 @@ private:
     void frameFirstFigure();
     void updateGround();
     void paintViewName(QPainter *painter, float gridStep) const;
-    void paintHint(QPainter *painter) const;
 
     VxScene *const m_scene;
     const VxViewportMgr *const m_conventions;

@@ -46,7 +46,6 @@ private Q_SLOTS:
     void selectionChangesTheColour();
     void timeMovesTheFigure();
     void paletteChangesTheGround();
-    void emptySceneShowsAHint();
     void wheelZooms();
     void conventionsAreFollowed();
     void aClickSelects();
@@ -152,16 +151,6 @@ void tst_ViewportWidget::paletteChangesTheGround()
     QVERIFY(lightness(picture(), {2, 2}) < 100);
     m_app->getStyle()->setColorScheme(VxStyle::ColorScheme::Light);
     QTRY_VERIFY(lightness(picture(), {2, 2}) > 180);
-}
-
-void tst_ViewportWidget::emptySceneShowsAHint()
-{
-    const QRect middle(100, 120, 200, 60);
-    vxScene->clear();
-    const QImage hint = picture().copy(middle);
-    vxScene->addNode(new VxSkeleton(QStringLiteral("out of sight")));
-    vxScene->getRootNodes().first()->setVisible(false);
-    QVERIFY(picture().copy(middle) != hint);
 }
 
 void tst_ViewportWidget::wheelZooms()

@@ -1,0 +1,23 @@
+#include "widgets/actionsubmenu.h"
+
+#include <QMenu>
+#include <vxcore/vxaction.h>
+#include <vxcore/vxactionmgr.h>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+
+QMenu *addActionSubMenu(QMenu *menu, const QString &title, const QString &menuPath)
+{
+    const VxMainWindow *window = vxApp->getInterface();
+    if (!window)
+        return nullptr;
+    QMenu *made = nullptr;
+    for (VxAction *action : window->getActionMgr()->getActions()) {
+        if (action->getDefaultMenuPath() != menuPath)
+            continue;
+        if (!made)
+            made = menu->addMenu(title);
+        made->addAction(action);
+    }
+    return made;
+}
