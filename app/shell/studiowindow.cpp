@@ -130,8 +130,8 @@ void StudioWindow::completeMenus()
     };
     offerCommand("StudioOpen");
     offerCommand("StudioImportMotion");
-    offerCommand("VxCreateFigureAction", tr("Create &Figure"));
-    offerCommand("VxCreateSkeletonAction", tr("Create &Skeleton"));
+    offerCommand("VxCreateFigureAction", tr("Create Figure"));
+    offerCommand("VxCreateSkeletonAction", tr("Create Skeleton"));
     offerCommand("StudioOpenSample");
     new ViewportMenu(vxApp->getScene(), m_viewport);
 }

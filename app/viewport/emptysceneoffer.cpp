@@ -30,7 +30,9 @@ void EmptySceneOffer::addCommand(QAction *action, const QString &text)
 {
     auto *button = new QPushButton(this);
     button->setObjectName(action->objectName() + QStringLiteral("Button"));
-    button->setText(text.isEmpty() ? action->text() : text);
+    // Letters with Alt belong to the menu bar.
+    QString shown = text.isEmpty() ? action->text() : text;
+    button->setText(shown.remove(QLatin1Char('&')));
     button->setStatusTip(action->statusTip());
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAutoDefault(true); // Return presses it
