@@ -47,6 +47,7 @@ private:
         QTest::qWait(0);
         VxMouseDriver(view()).click(pixel(at));
     }
+    QPoint freePixel(std::mt19937 *random) const;
     static QVector<VxBone *> bones();
 };
 
@@ -248,6 +249,17 @@ void tst_BoneChain::jointsLieOnTheGrid()
     QVERIFY(std::abs(tool->joints().first()[normal]) < 1e-3f);
 }
 
+/** Beside the tool bar and the buttons. */
+QPoint tst_BoneChain::freePixel(std::mt19937 *random) const
+{
+    QPoint pixel;
+    do {
+        pixel = {20 + int((*random)() % unsigned(view()->width() - 40)),
+                 20 + int((*random)() % unsigned(view()->height() - 40))};
+    } while (view()->childAt(pixel));
+    return pixel;
+}
+
 void tst_BoneChain::randomChains()
 {
     std::mt19937 random(17);
@@ -261,8 +273,7 @@ void tst_BoneChain::randomChains()
             if (below(4) == 0)
                 type(Qt::Key_Backspace);
             else
-                VxMouseDriver(view()).click(
-                    {20 + below(view()->width() - 40), 20 + below(view()->height() - 40)});
+                VxMouseDriver(view()).click(freePixel(&random));
         }
         type(below(2) ? Qt::Key_Return : Qt::Key_Escape);
         if (below(5) == 0)
