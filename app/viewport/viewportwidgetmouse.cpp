@@ -87,6 +87,7 @@ bool ViewportWidget::pressTool(const QMouseEvent *event)
         if (!tool->press(pointer))
             continue;
         m_pressedTool = tool;
+        setHovered(nullptr);
         return true;
     }
     return false;
