@@ -23,6 +23,7 @@ APP = [
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
     ["create", "pose"],
+    ["gizmo", "posetools"],
     ["shell"],
 ]
 TIMELINE = [["time"], ["keys"], ["dopesheet", "keygraph", "widgets"], ["pane"]]
