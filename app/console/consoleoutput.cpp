@@ -28,9 +28,9 @@ ConsoleOutput::ConsoleOutput(QWidget *parent)
 
 void ConsoleOutput::add(Kind kind, const QString &text)
 {
-    m_waiting.append({kind, text});
-    if (m_waiting.size() > 2 * MaxLines)
-        m_waiting.remove(0, MaxLines);
+    m_pending.append({kind, text});
+    if (m_pending.size() > 2 * MaxLines)
+        m_pending.remove(0, MaxLines);
     if (!m_timer.isActive())
         m_timer.start();
 }
@@ -38,7 +38,7 @@ void ConsoleOutput::add(Kind kind, const QString &text)
 void ConsoleOutput::flush()
 {
     m_timer.stop();
-    if (m_waiting.isEmpty())
+    if (m_pending.isEmpty())
         return;
     // Keeps the position of a user who has scrolled up.
     QScrollBar *bar = verticalScrollBar();
@@ -46,20 +46,20 @@ void ConsoleOutput::flush()
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
-    for (const Line &line : qAsConst(m_waiting)) {
+    for (const Line &line : qAsConst(m_pending)) {
         if (!document()->isEmpty())
             cursor.insertBlock();
         cursor.insertText(line.text, formatOf(line.kind));
     }
     cursor.endEditBlock();
-    m_waiting.clear();
+    m_pending.clear();
     if (follows)
         bar->setValue(bar->maximum());
 }
 
 void ConsoleOutput::clearAll()
 {
-    m_waiting.clear();
+    m_pending.clear();
     m_timer.stop();
     clear();
 }

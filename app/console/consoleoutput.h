@@ -34,7 +34,7 @@ private:
 
     QTextCharFormat formatOf(Kind kind) const;
 
-    QVector<Line> m_waiting;
+    QVector<Line> m_pending;
     QTimer m_timer;
 };
 

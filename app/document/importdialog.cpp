@@ -172,8 +172,8 @@ void ImportDialog::showNumbers()
         text += QLatin1Char(' ') + tr("Keys move by up to %1 ticks.").arg(numbers.largestMove);
     if (numbers.merged > 0)
         text +=
-            QLatin1Char(' ') + tr("%1 keys are dropped because another key lies on the same frame.")
-                                   .arg(numbers.merged);
+            QLatin1Char(' ') +
+            tr("%1 keys are dropped because another key is on the same frame.").arg(numbers.merged);
     if (numbers.leftOut > 0)
         text += QLatin1Char(' ') + tr("%1 keys are left out.").arg(numbers.leftOut);
     m_numbers->setText(text);

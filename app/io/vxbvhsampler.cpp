@@ -110,7 +110,7 @@ public:
 
     bool isAlways(const VxFloatProperty *control, float value) const;
     bool isUnscaled(const VxNode *node) const;
-    bool standsStill(const VxNode *node) const;
+    bool isAtOrigin(const VxNode *node) const;
     int jointAbove(const VxNode *node) const;
     void addJoint(const VxBone *bone);
 
@@ -146,7 +146,7 @@ bool VxBvhSampler::Private::isUnscaled(const VxNode *node) const
            isAlways(node->getYScaleControl(), 1.0f) && isAlways(node->getZScaleControl(), 1.0f);
 }
 
-bool VxBvhSampler::Private::standsStill(const VxNode *node) const
+bool VxBvhSampler::Private::isAtOrigin(const VxNode *node) const
 {
     bool still = node->getOrigin().isNull();
     for (const Controls &controls : {positions(node), rotations(node)}) {
@@ -316,7 +316,7 @@ VxBvhSampler::VxBvhSampler(const VxSkeleton *skeleton, const QVector<VxTime> &ti
     d->isSkeletonStill = d->isSkeletonUnscaled = true;
     for (const VxNode *node = skeleton; node; node = node->getNodeParent()) {
         d->isSkeletonUnscaled = d->isSkeletonUnscaled && d->isUnscaled(node);
-        d->isSkeletonStill = d->isSkeletonStill && d->standsStill(node);
+        d->isSkeletonStill = d->isSkeletonStill && d->isAtOrigin(node);
     }
     for (const VxBone *bone : skeleton->getAllBones())
         d->addJoint(bone);

@@ -83,7 +83,7 @@ void AutoSave::markCopyCurrent()
 void AutoSave::handleHistoryMoved()
 {
     if (m_interval > 0 && m_store->isEnabled() && !m_history->isClean() && !m_timer.isActive()) {
-        m_playingWait = 0;
+        m_playbackDelay = 0;
         m_timer.start(m_interval);
     }
 }
@@ -98,21 +98,21 @@ void AutoSave::handleCleanChanged(bool clean)
 
 void AutoSave::handleTimeout()
 {
-    if (mustWait())
+    if (mustDefer())
         m_timer.start(std::min(RetryMilliseconds, m_interval));
     else
         begin();
 }
 
-bool AutoSave::mustWait()
+bool AutoSave::mustDefer()
 {
     if (m_store->isWriting() || m_history->isRecording() || m_history->isApplying() ||
         m_document->isBusy() || m_scene->isLoading() ||
         QGuiApplication::mouseButtons() != Qt::NoButton)
         return true;
-    if (!m_scene->isPlaying() || m_playingWait >= m_interval)
+    if (!m_scene->isPlaying() || m_playbackDelay >= m_interval)
         return false;
-    m_playingWait += std::min(RetryMilliseconds, m_interval);
+    m_playbackDelay += std::min(RetryMilliseconds, m_interval);
     return true;
 }
 

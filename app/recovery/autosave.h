@@ -49,7 +49,7 @@ private:
     void handleHistoryMoved();
     void handleCleanChanged(bool clean);
     void handleTimeout();
-    bool mustWait();
+    bool mustDefer();
     void begin();
     void handleProgress();
     void fail(const QString &reason);
@@ -62,8 +62,8 @@ private:
     QTimer m_timer;
     QTimer m_progress; // polls for the end of writing
     int m_minutes = DefaultMinutes;
-    int m_interval;        // milliseconds
-    int m_playingWait = 0; // milliseconds waited for playback
+    int m_interval;          // milliseconds
+    int m_playbackDelay = 0; // milliseconds waited for playback
     bool m_hasFailed = false;
 };
 

@@ -22,7 +22,7 @@ protected:
     /// Schedules catchUp() for the next iteration.
     void catchUpLater() { m_timer.start(0); }
     /// Cancels the pending update.
-    void stopWaiting() { m_timer.stop(); }
+    void cancelCatchUp() { m_timer.stop(); }
 
     QTreeView *const m_view;
     SceneTreeModel *const m_model;

@@ -37,7 +37,7 @@ void SceneTreeFilter::setText(const QString &text)
 
 void SceneTreeFilter::apply()
 {
-    stopWaiting();
+    cancelCatchUp();
     m_matches.clear();
     QSet<const VxNode *> shown;
     const QVector<VxNode *> nodes = m_scene->getNodes();

@@ -140,10 +140,10 @@ void readLimit(const QCommandLineParser &parser, const char *option, int *limit,
 void readLog(const QString &text, CommandLine *line)
 {
     static const QStringList categories{name("plugins"), name("scripts"), name("files")};
-    QStringList wanted = text.split(QLatin1Char(','));
-    if (wanted == QStringList{name("all")})
-        wanted = categories;
-    for (const QString &category : qAsConst(wanted)) {
+    QStringList requested = text.split(QLatin1Char(','));
+    if (requested == QStringList{name("all")})
+        requested = categories;
+    for (const QString &category : qAsConst(requested)) {
         if (!categories.contains(category))
             fail(line, StudioText::tr("Unknown log category \"%1\": expected all, or some of %2.")
                            .arg(category, categories.join(name(", "))));

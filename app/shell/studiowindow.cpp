@@ -149,7 +149,7 @@ void StudioWindow::restoreLayout(const VxSettings &settings)
     const QByteArray state = settings.getBytesValue(QStringLiteral("State"));
     if ((geometry.isEmpty() || !restoreGeometry(geometry)) && hasRealScreen())
         resize(firstSize(screen()->availableSize()));
-    m_wantsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
+    m_needsDefaultLayout = state.isEmpty() || !restoreState(state, LayoutVersion);
     m_layoutSize = QSize(settings.getIntValue(QStringLiteral("Width"), 0),
                          settings.getIntValue(QStringLiteral("Height"), 0));
 }
@@ -169,7 +169,7 @@ bool StudioWindow::hasSizesOfAnother() const
 void StudioWindow::saveLayout(VxSettings *settings) const
 {
     // A window that was never shown has no layout yet; its docks' state would hide the timeline.
-    if (m_wantsDefaultLayout)
+    if (m_needsDefaultLayout)
         return;
     settings->setBytesValue(QStringLiteral("Geometry"), saveGeometry());
     settings->setBytesValue(QStringLiteral("State"), saveState(LayoutVersion));
@@ -307,11 +307,11 @@ void StudioWindow::closeEvent(QCloseEvent *event)
 void StudioWindow::showEvent(QShowEvent *event)
 {
     VxMainWindow::showEvent(event);
-    if (m_wantsDefaultLayout)
+    if (m_needsDefaultLayout)
         applyDefaultLayout();
     else if (hasSizesOfAnother())
         m_docks->applyDefaultSizes();
-    m_wantsDefaultLayout = false;
+    m_needsDefaultLayout = false;
     m_layoutSize = QSize();
 }
 

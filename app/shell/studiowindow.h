@@ -97,7 +97,7 @@ private:
     MotionCommands *m_motion;
     StudioMenus *m_menus;
     KeyOverviewDialog *m_keyOverview = nullptr; // null until first shown
-    bool m_wantsDefaultLayout = true;
+    bool m_needsDefaultLayout = true;
     QSize m_layoutSize; // of the window whose docks were restored; empty after its evaluation
 };
 

@@ -74,7 +74,7 @@ VxHistoryPane::VxHistoryPane()
     m_view->setTextElideMode(Qt::ElideRight);
     setFocusProxy(m_view);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &VxHistoryPane::goTo);
+            &VxHistoryPane::restoreState);
     connect(m_model, &HistoryModel::presentChanged, this, &VxHistoryPane::showPresent);
     showPresent();
 
@@ -85,7 +85,7 @@ VxHistoryPane::VxHistoryPane()
 
 VxHistoryPane::~VxHistoryPane() = default;
 
-void VxHistoryPane::goTo(const QModelIndex &state)
+void VxHistoryPane::restoreState(const QModelIndex &state)
 {
     if (m_isShowing || !state.isValid())
         return;

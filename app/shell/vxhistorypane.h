@@ -20,7 +20,7 @@ public:
     HistoryModel *getModel() const { return m_model; }
 
 private:
-    void goTo(const QModelIndex &state);
+    void restoreState(const QModelIndex &state);
     void showPresent();
 
     HistoryModel *m_model;

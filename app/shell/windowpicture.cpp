@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int LongestWait = 3000; // milliseconds
-constexpr int QuietTime = 150;    // longer than the panes' own timers
+constexpr int MaxWait = 3000;  // milliseconds
+constexpr int QuietTime = 150; // longer than the panes' own timers
 constexpr int Pause = 5;
 
 /// Detects every event that changes a window's appearance.
@@ -57,7 +57,7 @@ void waitUntilQuiet(const QWidget *window)
     QElapsedTimer quiet;
     total.start();
     quiet.start();
-    while (total.elapsed() < LongestWait) {
+    while (total.elapsed() < MaxWait) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const bool exposed = window->windowHandle() && window->windowHandle()->isExposed();

@@ -43,7 +43,7 @@ public:
     mutable QMutex mutex;
     std::vector<Expectation> expectations;
     std::vector<Failure> left; // heard on other threads, told at the end
-    QStringList heard;
+    QStringList received;
 
     void add(const QRegularExpression &pattern, const QString &shown)
     {
@@ -58,7 +58,7 @@ public:
     bool takeExpected(const QString &message)
     {
         QMutexLocker locker(&mutex);
-        heard.append(message);
+        received.append(message);
         const auto met =
             std::find_if(expectations.begin(), expectations.end(),
                          [&](const Expectation &e) { return e.pattern.match(message).hasMatch(); });
@@ -178,7 +178,8 @@ VxWarningGuard::~VxWarningGuard()
     for (const Failure &failure : d->left)
         failTest(failure);
     for (const Expectation &unmet : d->expectations)
-        failTest({"Announced warning did not come: " + unmet.shown.toUtf8(), __FILE__, __LINE__});
+        failTest(
+            {"Announced warning was not emitted: " + unmet.shown.toUtf8(), __FILE__, __LINE__});
 }
 
 void VxWarningGuard::expect(const QRegularExpression &pattern)
@@ -196,5 +197,5 @@ void VxWarningGuard::expect(const char *text)
 QStringList VxWarningGuard::messages() const
 {
     QMutexLocker locker(&d->mutex);
-    return d->heard;
+    return d->received;
 }

@@ -222,7 +222,7 @@ public:
                        QByteArray *text);
     bool writeFrames(const Table &table, const Sink &sink);
     VxFrameTimes frames(double rate) const { return {range, scene->getTimeStep(), rate}; }
-    bool goesOn(std::size_t done, std::size_t all) const
+    bool reportProgress(std::size_t done, std::size_t all) const
     {
         return !progress || progress(int(done * 100 / all));
     }
@@ -308,7 +308,7 @@ bool VxCsvExport::Private::writeKeys(const Table &table, const Sink &sink)
             ++described;
         }
         appendKeys(row, columns[i], &text);
-        if (text.size() >= CsvPieceBytes && !(goesOn(i, columns.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(reportProgress(i, columns.size()) && sink(&text)))
             return false;
     }
     return sink(&text);
@@ -341,7 +341,7 @@ bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
             vxAppendNumber(&text, column.at(times[i]));
         }
         text.append('\n');
-        if (text.size() >= CsvPieceBytes && !(goesOn(i, times.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(reportProgress(i, times.size()) && sink(&text)))
             return false;
     }
     numKeys = qint64(times.size());

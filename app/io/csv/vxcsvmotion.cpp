@@ -33,7 +33,7 @@ int VxCsvMotion::node(const QString &text, int column, VxFileError *error)
         return -1;
     m_nodeOf.insert(text, number);
     m_nodes.push_back(std::move(node));
-    m_known.push_back({});
+    m_declared.push_back({});
     return number;
 }
 
@@ -64,14 +64,14 @@ bool VxCsvMotion::setKind(int node, const QString &text, int column, VxFileError
                     VxFileText::tr("Unknown kind \"%1\". Supported: node, figure, bone.")
                         .arg(text.left(40)),
                     error);
-    Known &known = m_known[std::size_t(node)];
+    Declared &declared = m_declared[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
-    if (known.hasKind && data.kind != kind)
+    if (declared.hasKind && data.kind != kind)
         return fail(column,
                     VxFileText::tr("The kind of the node was %1 in an earlier row.")
                         .arg(kindName(data.kind)),
                     error);
-    known.hasKind = true;
+    declared.hasKind = true;
     data.kind = kind;
     return true;
 }
@@ -86,14 +86,14 @@ bool VxCsvMotion::setOrder(int node, const QString &text, int column, VxFileErro
                     VxFileText::tr("Unknown rotation order \"%1\". Expected one such as XYZ.")
                         .arg(text.left(40)),
                     error);
-    Known &known = m_known[std::size_t(node)];
+    Declared &declared = m_declared[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
-    if (known.hasOrder && data.order != order)
+    if (declared.hasOrder && data.order != order)
         return fail(column,
                     VxFileText::tr("The rotation order of the node was %1 in an earlier row.")
                         .arg(orderName(data.order)),
                     error);
-    known.hasOrder = true;
+    declared.hasOrder = true;
     data.order = order;
     return true;
 }

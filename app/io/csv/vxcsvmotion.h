@@ -45,7 +45,7 @@ private:
         bool isShaped = false; ///< not all segments are linear
         VxMotionCurve keys;
     };
-    struct Known
+    struct Declared
     {
         bool hasKind = false;
         bool hasOrder = false;
@@ -58,7 +58,7 @@ private:
     QHash<QString, int> m_nodeOf;
     QHash<QPair<int, QString>, int> m_propertyOf; ///< by node and name
     std::vector<VxMotionNode> m_nodes;
-    std::vector<Known> m_known;
+    std::vector<Declared> m_declared;
     std::vector<Curve> m_curves;
     qint64 m_numKeys = 0;
 };

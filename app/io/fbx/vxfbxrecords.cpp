@@ -84,12 +84,12 @@ bool VxFbxRecords::addValue(const VxFbxValue &value)
     return true;
 }
 
-VxFbxRecords::Index VxFbxRecords::child(Index record, std::string_view wanted) const
+VxFbxRecords::Index VxFbxRecords::child(Index record, std::string_view requested) const
 {
     if (record == None)
         return None;
     Index at = firstChild(record);
-    while (at != None && name(at) != wanted)
+    while (at != None && name(at) != requested)
         at = nextSibling(at);
     return at;
 }

@@ -21,9 +21,9 @@ bool beginsNumber(const char *at, const char *end)
            (end - at >= 3 && (std::equal(at, at + 3, "inf") || std::equal(at, at + 3, "nan")));
 }
 
-const char *find(const char *from, const char *end, char wanted)
+const char *find(const char *from, const char *end, char requested)
 {
-    const void *found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));
+    const void *found = std::memchr(from, requested, static_cast<std::size_t>(end - from));
     return found ? static_cast<const char *>(found) : end;
 }
 

@@ -162,7 +162,7 @@ bool VxImportedMotion::isValid(QString *message) const
     for (std::size_t i = 0; i < nodes.size() && error.isEmpty(); ++i) {
         if (!isNodeValid(nodes[i], i))
             error = VxFileText::tr(
-                        "The node \"%1\" has a parent that comes later or a number that is not "
+                        "The node \"%1\" has a parent that follows it or a number that is not "
                         "finite.")
                         .arg(nodes[i].name);
     }

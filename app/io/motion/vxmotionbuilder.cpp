@@ -76,30 +76,31 @@ bool Builder::checkDepth(VxFileError *error) const
 bool Builder::chooseClips(VxFileError *error)
 {
     const std::vector<VxMotionClip> &clips = m_motion.clips;
-    const QString &wanted = m_options.clip;
+    const QString &requested = m_options.clip;
     bool isNumber = false;
-    const int number = wanted.toInt(&isNumber);
+    const int number = requested.toInt(&isNumber);
     if (m_options.clipNumber >= 1 && std::size_t(m_options.clipNumber) <= clips.size()) {
         m_clips.push_back(&clips[std::size_t(m_options.clipNumber) - 1]);
         return true;
     }
     for (std::size_t i = 0; i < clips.size(); ++i) {
-        if (wanted.isEmpty() || clips[i].name == wanted)
+        if (requested.isEmpty() || clips[i].name == requested)
             m_clips.push_back(&clips[i]);
     }
     if (m_clips.empty() && isNumber && number >= 1 && std::size_t(number) <= clips.size())
         m_clips.push_back(&clips[std::size_t(number) - 1]);
-    if (m_clips.size() > 1 && !wanted.isEmpty())
+    if (m_clips.size() > 1 && !requested.isEmpty())
         m_clips.resize(1);
-    if (!m_clips.empty() || wanted.isEmpty())
+    if (!m_clips.empty() || requested.isEmpty())
         return true;
     QStringList names;
     for (const VxMotionClip &clip : clips)
         names.append(clip.name);
-    return vxFail(error, names.isEmpty()
-                             ? VxFileText::tr("The file has no animation named \"%1\".").arg(wanted)
-                             : VxFileText::tr("The file has no animation named \"%1\". It has: %2.")
-                                   .arg(wanted, names.join(QStringLiteral(", "))));
+    return vxFail(error,
+                  names.isEmpty()
+                      ? VxFileText::tr("The file has no animation named \"%1\".").arg(requested)
+                      : VxFileText::tr("The file has no animation named \"%1\". It has: %2.")
+                            .arg(requested, names.join(QStringLiteral(", "))));
 }
 
 bool Builder::checkTimes(VxFileError *error) const

@@ -193,7 +193,7 @@ VxImportReport VxMotionImport::report(const VxImportChoices &choices) const
     if (choices.snapsToFrames)
         report.notes.append(
             VxFileText::tr("Keys were snapped to frames: moved by up to %1 ticks; %2 "
-                           "were dropped because another key lies on the same frame.")
+                           "were dropped because another key is on the same frame.")
                 .arg(counts.largestMove)
                 .arg(counts.merged));
     if (choices.rotationsOnly)

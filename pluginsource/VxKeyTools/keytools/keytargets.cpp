@@ -24,9 +24,9 @@ public:
     void add(VxProperty *property, std::vector<VxKeySpan> spans)
     {
         auto *numeric = qobject_cast<VxNumericProperty *>(property);
-        if (!numeric || spans.empty() || m_known.contains(property))
+        if (!numeric || spans.empty() || m_collected.contains(property))
             return;
-        m_known.insert(property);
+        m_collected.insert(property);
         if (numeric->isLocked() || (numeric->isLinked() && !numeric->isLinkTerminal())) {
             ++m_targets->skipped;
             return;
@@ -62,7 +62,7 @@ private:
     }
 
     KeyTargets *m_targets;
-    QSet<const VxProperty *> m_known;
+    QSet<const VxProperty *> m_collected;
 };
 
 VxKeySelectionEntries selectedKeys()

@@ -184,7 +184,7 @@ QVector<KeyTool> selectionTools()
          &selectType},
         {"selectValues",
          KeyToolText::tr("Select by Value"),
-         KeyToolText::tr("Selects the keys whose value lies in a range, both ends included."),
+         KeyToolText::tr("Selects the keys whose value is in a range, both ends included."),
          {{"min", KeyToolText::tr("Minimum"), P::Number, "0"},
           {"max", KeyToolText::tr("Maximum"), P::Number, "0"}},
          &selectValues},

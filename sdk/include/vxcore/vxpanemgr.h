@@ -59,7 +59,7 @@ Q_SIGNALS:
 private:
     VxPane *makePane(const QString &className);
     void enterPane(VxPane *pane);
-    void forget(const VxPane *pane);
+    void removeDestroyed(const VxPane *pane);
 
     class Private;
     std::unique_ptr<Private> d;

@@ -32,7 +32,7 @@ protected:
 
 private:
     friend class VxPropertyListItemModel;
-    void forget(int index);
+    void clearProperty(int index);
 
     QVector<QPointer<VxProperty>> m_properties;
     QString m_heading;

@@ -81,7 +81,7 @@ public:
             action->updateInlineHelp();
     }
 
-    void forget(VxAction *action)
+    void removeDestroyed(VxAction *action)
     {
         actions.removeOne(action);
         // The class name is no longer available: the action is destroyed down to its QObject base.
@@ -90,7 +90,7 @@ public:
         shortcuts.remove(className);
     }
 
-    void forgetCommand(const QString &name)
+    void removeCommand(const QString &name)
     {
         commandsByName.remove(name);
         shortcuts.remove(name);
@@ -141,7 +141,7 @@ bool VxActionMgr::addAction(VxAction *action)
     d->actionsByName.insert(className, action);
     d->addShortcut(className, action);
     d->applyShortcut(className);
-    connect(action, &QObject::destroyed, this, [this, action] { d->forget(action); });
+    connect(action, &QObject::destroyed, this, [this, action] { d->removeDestroyed(action); });
     Q_EMIT actionAdded(action);
     return true;
 }
@@ -157,7 +157,7 @@ bool VxActionMgr::addCommand(const QString &name, QAction *command)
                  qUtf8Printable(name), qUtf8Printable(holder));
     d->commandsByName.insert(name, command);
     d->applyShortcut(name);
-    connect(command, &QObject::destroyed, this, [this, name] { d->forgetCommand(name); });
+    connect(command, &QObject::destroyed, this, [this, name] { d->removeCommand(name); });
     return true;
 }
 

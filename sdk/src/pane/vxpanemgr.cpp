@@ -131,7 +131,7 @@ void VxPaneMgr::enterPane(VxPane *pane)
     if (pane->objectName().isEmpty())
         pane->setObjectName(className);
     d->entries.append({className, pane});
-    connect(pane, &QObject::destroyed, this, [this, pane] { forget(pane); });
+    connect(pane, &QObject::destroyed, this, [this, pane] { removeDestroyed(pane); });
     if (d->settings)
         pane->restoreSettings(d->settings->getSettings(className));
 }
@@ -186,7 +186,7 @@ void VxPaneMgr::showPane(VxPane *pane)
 }
 
 /** Only the address of the pane is used: it is destroyed down to its QObject base. */
-void VxPaneMgr::forget(const VxPane *pane)
+void VxPaneMgr::removeDestroyed(const VxPane *pane)
 {
     for (int i = 0; i < d->entries.size(); ++i) {
         if (d->entries.at(i).pane != pane)

@@ -50,7 +50,7 @@ void setStoredValue(VxNumericProperty *property, double value)
         whole->setStoredValue(int(value));
 }
 
-Former remember(VxNumericProperty *property, VxTime time)
+Former formerValue(VxNumericProperty *property, VxTime time)
 {
     int key = -1;
     const bool hasKey = property->hasKey(time, &key);
@@ -147,7 +147,7 @@ VxPropertyEdit::VxPropertyEdit(const QVector<VxProperty *> &properties, VxTime t
     d->time = time;
     for (VxProperty *property : properties) {
         if (auto *number = qobject_cast<VxNumericProperty *>(property))
-            d->former.push_back(remember(number, time));
+            d->former.push_back(formerValue(number, time));
     }
     if (!d->former.empty())
         d->label = d->former.front().property->getLabel();

@@ -190,9 +190,9 @@ void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
     const Place place = *found;
     places.erase(found);
     lost = true;
-    listNodes[size_t(place.row)]->forget(place.index);
+    listNodes[size_t(place.row)]->clearProperty(place.index);
     if (place.heading >= 0)
-        listNodes[size_t(place.heading)]->forget(place.headingIndex);
+        listNodes[size_t(place.heading)]->clearProperty(place.headingIndex);
     refresh(place.row, place.row, LabelColumn);
 }
 

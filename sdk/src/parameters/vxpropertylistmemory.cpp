@@ -15,7 +15,7 @@ VxPropertyListMemory::RowName VxPropertyListMemory::nameOf(const VxSideNavProper
     return {model->getGroupPath(index), property ? property->getName() : QString()};
 }
 
-void VxPropertyListMemory::remember(const VxSideNavPropertyListView *view)
+void VxPropertyListMemory::save(const VxSideNavPropertyListView *view)
 {
     const QItemSelectionModel *selection = view->selectionModel();
     // An empty list, such as between two nodes, is not saved.

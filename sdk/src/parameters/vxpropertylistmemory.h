@@ -13,7 +13,7 @@ class VxPropertyListMemory
 {
 public:
     /// Saves selection, current row and scroll position.
-    void remember(const VxSideNavPropertyListView *view);
+    void save(const VxSideNavPropertyListView *view);
     /// Selects the saved rows that exist, in one change of the selection.
     void restore(VxSideNavPropertyListView *view);
 

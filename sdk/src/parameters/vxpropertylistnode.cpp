@@ -26,7 +26,7 @@ VxProperty *VxPropertyListNode::getProperty(int index) const
     return index >= 0 && index < m_properties.size() ? m_properties.at(index).data() : nullptr;
 }
 
-void VxPropertyListNode::forget(int index)
+void VxPropertyListNode::clearProperty(int index)
 {
     m_properties[index] = nullptr;
 }

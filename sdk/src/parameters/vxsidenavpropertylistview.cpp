@@ -383,7 +383,7 @@ void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
     d->fitColumns();
     connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         d->endGesture();
-        d->memory.remember(this);
+        d->memory.save(this);
         // Reports the deselection of the former rows: a reset would not.
         clearSelection();
     });

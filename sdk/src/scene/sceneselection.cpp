@@ -64,7 +64,7 @@ void SceneSelection::deselectAll()
     deselect(nodes());
 }
 
-void SceneSelection::forget()
+void SceneSelection::reset()
 {
     m_list.clear();
     m_gaps = 0;

@@ -32,7 +32,7 @@ public:
     void selectAll();
     void deselectAll();
     /// For the scene's destructor: sends no signal.
-    void forget();
+    void reset();
     /// Null: nodes stay selected, none of them primary.
     void setPrimary(VxNode *node);
 

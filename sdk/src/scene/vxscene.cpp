@@ -112,7 +112,7 @@ VxScene::~VxScene()
     // Receivers would use a half destroyed scene.
     blockSignals(true);
     d->playback.pause();
-    d->selection.forget();
+    d->selection.reset();
     d->nodes.destroyAll();
     if (vxScene == this)
         vxScene = nullptr;

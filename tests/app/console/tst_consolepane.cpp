@@ -26,7 +26,7 @@ private Q_SLOTS:
     void returnRuns();
     void printedLinesAreShown();
     void errorsNameTheLine();
-    void openProgramsGoOnInANewLine();
+    void unfinishedProgramsContinueOnANewLine();
     void shiftReturnAlwaysOpensALine();
     void controlReturnAlwaysRuns();
     void upAndDownBringProgramsBack();
@@ -45,7 +45,7 @@ private Q_SLOTS:
     void noSecondProgramMeanwhile();
     void theInputGrows();
     void lettersAreNoShortcuts();
-    void programsAreRemembered();
+    void programsAreKeptInTheHistory();
     void closingEndsTheProgram();
 
 private:
@@ -159,7 +159,7 @@ void tst_ConsolePane::errorsNameTheLine()
     QVERIFY(output().endsWith("= 2"));
 }
 
-void tst_ConsolePane::openProgramsGoOnInANewLine()
+void tst_ConsolePane::unfinishedProgramsContinueOnANewLine()
 {
     run("function twice(x) {");
     QCOMPARE(input()->toPlainText(), QString("function twice(x) {\n    "));
@@ -405,7 +405,7 @@ void tst_ConsolePane::lettersAreNoShortcuts()
     QCOMPARE(undo()->count(), 0);
 }
 
-void tst_ConsolePane::programsAreRemembered()
+void tst_ConsolePane::programsAreKeptInTheHistory()
 {
     run("var first = 1;\nfirst + 1");
     run("2");

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void placesWithinText();
     void completions_data();
     void completions();
-    void historyGoesBackAndForth();
+    void historyMovesBackAndForth();
     void historyKeepsTheDraft();
     void historyLeavesOutRepetitions();
     void historyIsLimited();
@@ -158,7 +158,7 @@ void tst_ScriptCompletion::completions()
         QVERIFY2(names.contains(name), qPrintable(name));
 }
 
-void tst_ScriptCompletion::historyGoesBackAndForth()
+void tst_ScriptCompletion::historyMovesBackAndForth()
 {
     ConsoleHistory history;
     QCOMPARE(history.previous("draft"), QString("draft"));

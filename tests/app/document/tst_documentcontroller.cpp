@@ -102,7 +102,7 @@ private Q_SLOTS:
     void openingShowsItsProgress();
     void savingCanBeCancelled();
     void savingShowsItsProgress();
-    void aSecondFileWaitsItsTurn();
+    void aSecondFileIsQueued();
     void progressEndsBeforeTheSceneChanges_data();
     void progressEndsBeforeTheSceneChanges();
 
@@ -243,7 +243,7 @@ void tst_DocumentController::savingShowsItsProgress()
     QCOMPARE(document.fileName(), name);
 }
 
-void tst_DocumentController::aSecondFileWaitsItsTurn()
+void tst_DocumentController::aSecondFileIsQueued()
 {
     const QString scene = makeScene();
     const QString motion = makeMotion();
@@ -277,22 +277,23 @@ void tst_DocumentController::progressEndsBeforeTheSceneChanges()
     QFETCH(bool, motion);
     bool changed = false;
     connect(m_scene.data(), &VxScene::sceneLoadStarting, this, [&] { changed = true; });
-    QVector<int> heard;
+    QVector<int> reports;
     QString summary;
     VxFileError error;
     const bool opened = VxFileFormats::standard().read(
         motion ? makeMotion() : makeScene(), m_scene.data(),
         [&](int percent) {
-            heard.append(percent);
+            reports.append(percent);
             return !changed;
         },
         &summary, &error);
     QVERIFY2(opened, qPrintable(error.text()));
     QVERIFY(changed);
-    QVERIFY(std::is_sorted(heard.begin(), heard.end()));
-    QVERIFY2(heard.last() > 90 && heard.last() <= 100, qPrintable(QString::number(heard.last())));
+    QVERIFY(std::is_sorted(reports.begin(), reports.end()));
+    QVERIFY2(reports.last() > 90 && reports.last() <= 100,
+             qPrintable(QString::number(reports.last())));
     if (motion) // the building is a part of it
-        QVERIFY(std::count_if(heard.begin(), heard.end(), [](int p) { return p > 71; }) > 10);
+        QVERIFY(std::count_if(reports.begin(), reports.end(), [](int p) { return p > 71; }) > 10);
 }
 
 VX_TEST_MAIN(tst_DocumentController)

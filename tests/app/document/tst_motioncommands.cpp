@@ -47,8 +47,8 @@ private Q_SLOTS:
         tearDown();
     }
 
-    void theFigureMeant();
-    void exportedMotionComesBack();
+    void targetFigure();
+    void exportedMotionRoundTrips();
     void exportBySuffix();
     void exportOfASelectedFigure();
     void exportAsksWhichFigure_data();
@@ -58,8 +58,8 @@ private Q_SLOTS:
     void exportOfAnEmptyScene();
     void exportOfPartsByTheWindow_data();
     void exportOfPartsByTheWindow();
-    void exportFailuresAreTold_data();
-    void exportFailuresAreTold();
+    void exportFailuresAreReported_data();
+    void exportFailuresAreReported();
     void exportCanBeCancelled();
     void namesWithDotsGetTheSuffix();
     void importIsOneEntry();
@@ -129,7 +129,7 @@ bool tst_MotionCommands::drop(const QString &file) const
     return event.isAccepted();
 }
 
-void tst_MotionCommands::theFigureMeant()
+void tst_MotionCommands::targetFigure()
 {
     QVERIFY(!FigureChoice::targetFigure(*vxScene));
     VxSceneBuilder builder(vxScene);
@@ -150,7 +150,7 @@ void tst_MotionCommands::theFigureMeant()
              QStringList({"figure", "figure (2)"}));
 }
 
-void tst_MotionCommands::exportedMotionComesBack()
+void tst_MotionCommands::exportedMotionRoundTrips()
 {
     openSample();
     const QString file = folder->filePath("out.bvh");
@@ -347,7 +347,7 @@ void tst_MotionCommands::exportOfPartsByTheWindow()
     QCOMPARE(vxScene->getAnimRange().getEnd(), range == 1 ? 3200 : 4800);
 }
 
-void tst_MotionCommands::exportFailuresAreTold_data()
+void tst_MotionCommands::exportFailuresAreReported_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("bones");
@@ -357,7 +357,7 @@ void tst_MotionCommands::exportFailuresAreTold_data()
     QTest::newRow("an unknown suffix") << "out.xyz" << 2 << "Supported: *.bvh, *.glb";
 }
 
-void tst_MotionCommands::exportFailuresAreTold()
+void tst_MotionCommands::exportFailuresAreReported()
 {
     QFETCH(QString, file);
     QFETCH(int, bones);
@@ -557,7 +557,7 @@ void tst_MotionCommands::droppedMotion_data()
     QTest::addColumn<QString>("button");
     QTest::newRow("is imported") << "ImportButton";
     QTest::newRow("is opened") << "OpenButton";
-    QTest::newRow("is not wanted") << "";
+    QTest::newRow("is not written") << "";
 }
 
 void tst_MotionCommands::droppedMotion()

@@ -56,10 +56,10 @@ private Q_SLOTS:
 
     void recentFilesAreListedAndKept();
     void aRecentFileIsOpenedAfterAsking();
-    void revertGoesBackToTheFile();
+    void revertReloadsTheFile();
     void revertMayBeCancelled();
     void droppedFilesAreOpened();
-    void droppedFilesWaitForTheAnswer();
+    void droppedFilesAreDeferredUntilTheAnswer();
     void otherDropsAreRefused_data();
     void otherDropsAreRefused();
     void closingAsks_data();
@@ -194,7 +194,7 @@ void tst_StudioDocuments::aRecentFileIsOpenedAfterAsking()
     QCOMPARE(window()->document()->fileName(), motion);
 }
 
-void tst_StudioDocuments::revertGoesBackToTheFile()
+void tst_StudioDocuments::revertReloadsTheFile()
 {
     QAction *revert = fileEntry("Revert");
     QVERIFY(revert && !revert->isEnabled());
@@ -236,7 +236,7 @@ void tst_StudioDocuments::droppedFilesAreOpened()
     QTRY_COMPARE(vxScene->getNumNodes(), 2);
 }
 
-void tst_StudioDocuments::droppedFilesWaitForTheAnswer()
+void tst_StudioDocuments::droppedFilesAreDeferredUntilTheAnswer()
 {
     const QString motion = write("walk.bvh", smallMotion);
     makeChange();

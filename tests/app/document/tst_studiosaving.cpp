@@ -56,13 +56,13 @@ private Q_SLOTS:
     }
 
     void theMarkFollowsTheHistory();
-    void aSavePointThatIsGone();
+    void aSavePointThatWasDropped();
     void savingInAGesture_data();
     void savingInAGesture();
     void savingWhileSomethingIsDragged();
     void saveAsIntoTheOpenFile();
-    void aFolderThatIsGone();
-    void aFileThatIsGone();
+    void aMissingFolder();
+    void aMissingFileIsCreatedAnew();
     void aFullDisk();
     void othersChangedTheFile();
     void openingTheOpenFile_data();
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void failedSavesStopEverything_data();
     void failedSavesStopEverything();
     void failedRevertKeepsTheChanges();
-    void aRecentFileThatGoesMeanwhile();
+    void aRecentFileDeletedWhileTheMenuIsOpen();
     void whatIsNoFile_data();
     void whatIsNoFile();
     void namesInTheTitle_data();
@@ -132,7 +132,7 @@ void tst_StudioSaving::theMarkFollowsTheHistory()
     QCOMPARE(vxScene->getTimeStep(), stepIn(file));
 }
 
-void tst_StudioSaving::aSavePointThatIsGone()
+void tst_StudioSaving::aSavePointThatWasDropped()
 {
     const QString file = saved();
     change();
@@ -216,7 +216,7 @@ void tst_StudioSaving::saveAsIntoTheOpenFile()
     QCOMPARE(window()->recentFiles()->files().constFirst(), file);
 }
 
-void tst_StudioSaving::aFolderThatIsGone()
+void tst_StudioSaving::aMissingFolder()
 {
     const QString file = changedInLostFolder();
     QString text;
@@ -237,7 +237,7 @@ void tst_StudioSaving::aFolderThatIsGone()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_StudioSaving::aFileThatIsGone()
+void tst_StudioSaving::aMissingFileIsCreatedAnew()
 {
     const QString file = saved();
     change();
@@ -432,7 +432,7 @@ void tst_StudioSaving::failedRevertKeepsTheChanges()
     QCOMPARE(history()->count(), 1);
 }
 
-void tst_StudioSaving::aRecentFileThatGoesMeanwhile()
+void tst_StudioSaving::aRecentFileDeletedWhileTheMenuIsOpen()
 {
     const QString gone = saved("gone.vxscene");
     const QString file = saved();

@@ -63,8 +63,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void sameValuesComeBack_data();
-    void sameValuesComeBack();
+    void sameValuesRoundTrip_data();
+    void sameValuesRoundTrip();
     void everyInterpolationIsSampled();
     void otherRatesAndStarts();
     void positionsOfBonesThatMove();
@@ -140,7 +140,7 @@ VxSkeleton *tst_VxBvhExport::roundTrip(const VxSkeleton *skeleton)
     return readBack();
 }
 
-void tst_VxBvhExport::sameValuesComeBack_data()
+void tst_VxBvhExport::sameValuesRoundTrip_data()
 {
     QTest::addColumn<QString>("file");
     QTest::newRow("the sample") << VX_SOURCE_DIR "/samples/walk.bvh";
@@ -149,7 +149,7 @@ void tst_VxBvhExport::sameValuesComeBack_data()
 }
 
 /// Every control of every bone at every frame, to the last bit.
-void tst_VxBvhExport::sameValuesComeBack()
+void tst_VxBvhExport::sameValuesRoundTrip()
 {
     QFETCH(QString, file);
     VxFileError error;
@@ -458,14 +458,14 @@ void tst_VxBvhExport::progressAscends()
     VxBvhImport import(m_scene.get());
     QVERIFY(import.importFile(QLatin1String(realFolder) + "01_01.bvh", &error));
     import.getSkeleton()->getXPosControl()->setStoredValue(5.0f);
-    QVector<int> heard;
+    QVector<int> reports;
     QVERIFY(write(import.getSkeleton(), &error, [&](int now) {
-        heard.append(now);
+        reports.append(now);
         return true;
     }));
-    QVERIFY(heard.size() > 20);
-    QVERIFY(std::is_sorted(heard.cbegin(), heard.cend()));
-    QVERIFY(heard.first() >= 0 && heard.last() > 80 && heard.last() <= 100);
+    QVERIFY(reports.size() > 20);
+    QVERIFY(std::is_sorted(reports.cbegin(), reports.cend()));
+    QVERIFY(reports.first() >= 0 && reports.last() > 80 && reports.last() <= 100);
 }
 
 void tst_VxBvhExport::nothingChangesInTheScene()

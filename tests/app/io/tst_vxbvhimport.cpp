@@ -113,8 +113,8 @@ private Q_SLOTS:
     void restPoseLeavesTheTime();
     void otherRatesKeepTheirTimes();
     void keepsTheRestPoseWithoutKeys();
-    void bonesStandWhereTheFileSays();
-    void realFileComesInWhole();
+    void bonesHaveThePositionsOfTheFile();
+    void realFileIsImportedCompletely();
     void undoAndRedo();
     void secondImportAddsAFigure();
     void namesOfFiguresDiffer();
@@ -300,7 +300,7 @@ void TestVxBvhImport::keepsTheRestPoseWithoutKeys()
     QCOMPARE(bone("left")->getYPosControl()->getValue(0), 0.0f);
 }
 
-void TestVxBvhImport::bonesStandWhereTheFileSays()
+void TestVxBvhImport::bonesHaveThePositionsOfTheFile()
 {
     VxBvhDocument document;
     VxFileError error;
@@ -321,7 +321,7 @@ void TestVxBvhImport::bonesStandWhereTheFileSays()
     }
 }
 
-void TestVxBvhImport::realFileComesInWhole()
+void TestVxBvhImport::realFileIsImportedCompletely()
 {
     VxFileError error;
     VxBvhImport importer(m_scene.get());
@@ -503,15 +503,15 @@ void TestVxBvhImport::progressAscends()
 {
     VxFileError error;
     VxBvhImport importer(m_scene.get());
-    QVector<int> heard;
-    importer.setProgress([&heard](int percent) {
-        heard << percent;
+    QVector<int> reports;
+    importer.setProgress([&reports](int percent) {
+        reports << percent;
         return true;
     });
     QVERIFY(importer.importFile(QLatin1String(realFile), &error));
-    QVERIFY(heard.size() > 40);
-    QVERIFY(std::is_sorted(heard.begin(), heard.end()));
-    QVERIFY(heard.first() >= 0 && heard.last() <= 100 && heard.last() > 90);
+    QVERIFY(reports.size() > 40);
+    QVERIFY(std::is_sorted(reports.begin(), reports.end()));
+    QVERIFY(reports.first() >= 0 && reports.last() <= 100 && reports.last() > 90);
 }
 
 VX_TEST_MAIN(TestVxBvhImport)

@@ -510,18 +510,18 @@ void TestVxBvhReader::cancels()
 void TestVxBvhReader::progressAscends()
 {
     VxBvhReader reader(QLatin1String(realFolder) + QLatin1String("01_01.bvh"));
-    std::vector<int> heard;
-    reader.setProgress([&heard](int percent) {
-        heard.push_back(percent);
+    std::vector<int> reports;
+    reader.setProgress([&reports](int percent) {
+        reports.push_back(percent);
         return true;
     });
     VxBvhDocument document;
     VxFileError error;
     QVERIFY(reader.readFile(&document, &error));
-    QVERIFY(heard.size() > 50);
-    for (std::size_t i = 1; i < heard.size(); ++i)
-        QVERIFY(heard[i] > heard[i - 1]);
-    QVERIFY(heard.front() >= 0 && heard.back() <= 100);
+    QVERIFY(reports.size() > 50);
+    for (std::size_t i = 1; i < reports.size(); ++i)
+        QVERIFY(reports[i] > reports[i - 1]);
+    QVERIFY(reports.front() >= 0 && reports.back() <= 100);
 }
 
 void TestVxBvhReader::roundTripsExtremes()

@@ -104,7 +104,7 @@ void TestVxBvhTiming::keysOfExactRates()
 void TestVxBvhTiming::keysOfOtherRatesDoNotDrift_data()
 {
     QTest::addColumn<double>("frameTime");
-    QTest::addColumn<double>("meant");
+    QTest::addColumn<double>("exactFrameTime");
     QTest::newRow("29.97") << .0333667 << .0333667;
     QTest::newRow("23.976") << .0417083 << .0417083;
     QTest::newRow("7") << .142857 << 1.0 / 7;
@@ -115,12 +115,12 @@ void TestVxBvhTiming::keysOfOtherRatesDoNotDrift_data()
 void TestVxBvhTiming::keysOfOtherRatesDoNotDrift()
 {
     QFETCH(double, frameTime);
-    QFETCH(double, meant);
+    QFETCH(double, exactFrameTime);
     VxBvhTiming timing;
     QString message;
     QVERIFY(timing.set(frameTime, 20000, &message));
     for (int i = 0; i < 20000; ++i)
-        QVERIFY(std::abs(timing.keyTime(i) - i * meant * 4800) <= 0.5 + 1e-6);
+        QVERIFY(std::abs(timing.keyTime(i) - i * exactFrameTime * 4800) <= 0.5 + 1e-6);
 }
 
 void TestVxBvhTiming::keysAscend_data()

@@ -116,10 +116,10 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void keysComeBack_data() { seeds(); }
-    void keysComeBack();
-    void framesComeBack_data() { seeds(); }
-    void framesComeBack();
+    void keysRoundTrip_data() { seeds(); }
+    void keysRoundTrip();
+    void framesRoundTrip_data() { seeds(); }
+    void framesRoundTrip();
     void aRangeKeepsTheCurvesWithin();
     void oneNodeAlone();
     void linkedValuesAreSampled();
@@ -203,7 +203,7 @@ const VxNode *tst_VxCsv::again(const VxNode *node) const
     return m_again->getNodes().at(m_scene->getNodes().indexOf(const_cast<VxNode *>(node)));
 }
 
-void tst_VxCsv::keysComeBack()
+void tst_VxCsv::keysRoundTrip()
 {
     QFETCH(unsigned, seed);
     makeScene(m_scene.data(), seed);
@@ -248,7 +248,7 @@ void tst_VxCsv::keysComeBack()
     QCOMPARE(m_report.keysAfter, m_report.keysBefore);
 }
 
-void tst_VxCsv::framesComeBack()
+void tst_VxCsv::framesRoundTrip()
 {
     QFETCH(unsigned, seed);
     makeScene(m_scene.data(), seed);

@@ -27,9 +27,9 @@ private Q_SLOTS:
 
     void formatIsFoundBySuffix_data();
     void formatIsFoundBySuffix();
-    void unknownKindsNameTheKnownOnes();
+    void unsupportedTypesListTheSupportedOnes();
     void motionReplacesTheScene();
-    void surplusFramesAreTold();
+    void surplusFramesAreReported();
     void aPoseLeavesNothingOfTheSceneBefore();
     void brokenMotionKeepsTheScene();
     void cancelledMotionKeepsTheScene();
@@ -105,7 +105,7 @@ void tst_VxFileFormats::formatIsFoundBySuffix()
     QCOMPARE(format ? format->suffixes.value(0) : QString(), suffix);
 }
 
-void tst_VxFileFormats::unknownKindsNameTheKnownOnes()
+void tst_VxFileFormats::unsupportedTypesListTheSupportedOnes()
 {
     QVERIFY(!m_formats.read(QStringLiteral("walk.txt"), m_scene.data(), {}, &m_summary, &m_error));
     QVERIFY(m_error.text().contains("walk.txt"));
@@ -130,7 +130,7 @@ void tst_VxFileFormats::motionReplacesTheScene()
     QCOMPARE(ended.count(), 1);
 }
 
-void tst_VxFileFormats::surplusFramesAreTold()
+void tst_VxFileFormats::surplusFramesAreReported()
 {
     const QString file = write("long.bvh", smallMotion + "4\n5\n");
     QVERIFY(m_formats.read(file, m_scene.data(), {}, &m_summary, &m_error));

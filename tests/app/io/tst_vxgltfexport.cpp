@@ -78,16 +78,16 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void motionComesBack_data();
-    void motionComesBack();
+    void motionRoundTrips_data();
+    void motionRoundTrips();
     void stepsStaySteps();
     void smoothCurvesStayAsFewKeys();
     void straightRotationsGetNoKeys();
-    void morphsComeBack();
+    void morphsRoundTrip();
     void aFigureAlone();
     void timesBeforeZeroAreMoved();
     void lateTimesStayApart();
-    void theRateComesBack();
+    void theRateRoundTrips();
     void validatorHasNothingToSay();
 
 private:
@@ -171,7 +171,7 @@ const VxNode *tst_VxGltfExport::again(const QString &name) const
     qFatal("no node %s", qPrintable(name));
 }
 
-void tst_VxGltfExport::motionComesBack_data()
+void tst_VxGltfExport::motionRoundTrips_data()
 {
     QTest::addColumn<QVector<int>>("types");
     const int linear = VxKeyInterp::Linear;
@@ -184,7 +184,7 @@ void tst_VxGltfExport::motionComesBack_data()
     QTest::newRow("all kinds") << QVector<int>{linear, constant, tcb};
 }
 
-void tst_VxGltfExport::motionComesBack()
+void tst_VxGltfExport::motionRoundTrips()
 {
     QFETCH(QVector<int>, types);
     for (unsigned seed = 1; seed <= 4; ++seed) {
@@ -267,7 +267,7 @@ void tst_VxGltfExport::straightRotationsGetNoKeys()
     QVERIFY(m_stated < 5e-4);
 }
 
-void tst_VxGltfExport::morphsComeBack()
+void tst_VxGltfExport::morphsRoundTrip()
 {
     auto *node = new VxNode(QStringLiteral("face"));
     auto *object = new VxObject(QStringLiteral("shape"));
@@ -328,7 +328,7 @@ void tst_VxGltfExport::lateTimesStayApart()
 }
 
 // Its keys fit 30 frames a second as well.
-void tst_VxGltfExport::theRateComesBack()
+void tst_VxGltfExport::theRateRoundTrips()
 {
     auto *node = new VxNode(QStringLiteral("ball"));
     m_scene->addNode(node);

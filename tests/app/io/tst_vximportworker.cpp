@@ -93,7 +93,7 @@ private Q_SLOTS:
     void cleanup();
 
     void readsAFile();
-    void messagesComeThrough();
+    void messagesAreForwarded();
     void badEndsGiveOneMessage_data();
     void badEndsGiveOneMessage();
     void tooMuchMemoryGivesOneMessage();
@@ -164,7 +164,7 @@ void tst_VxImportWorker::readsAFile()
     QVERIFY(std::is_sorted(percents.begin(), percents.end()));
 }
 
-void tst_VxImportWorker::messagesComeThrough()
+void tst_VxImportWorker::messagesAreForwarded()
 {
     const QString file = write("broken.gltf", "{ \"asset\": ");
     QVERIFY(!VxImportWorker().run(file, {}, {}, &m_contents, &m_report, &m_error));

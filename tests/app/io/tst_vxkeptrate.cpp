@@ -26,8 +26,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void bvhGoesOutAsItCame_data();
-    void bvhGoesOutAsItCame();
+    void bvhKeepsItsRate_data();
+    void bvhKeepsItsRate();
     void bvhOfAPartHasItsFrames();
     void timesInFilesAreTrue_data();
     void timesInFilesAreTrue();
@@ -100,7 +100,7 @@ void tst_VxKeptRate::import(const QString &file, bool replaces)
     m_report = import.report();
 }
 
-void tst_VxKeptRate::bvhGoesOutAsItCame_data()
+void tst_VxKeptRate::bvhKeepsItsRate_data()
 {
     QTest::addColumn<QByteArray>("frameTime");
     QTest::addColumn<double>("rate");
@@ -113,7 +113,7 @@ void tst_VxKeptRate::bvhGoesOutAsItCame_data()
 }
 
 // Through a saved document, too.
-void tst_VxKeptRate::bvhGoesOutAsItCame()
+void tst_VxKeptRate::bvhKeepsItsRate()
 {
     QFETCH(QByteArray, frameTime);
     QFETCH(double, rate);

@@ -106,7 +106,7 @@ private Q_SLOTS:
     void unusualNames_data();
     void unusualNames();
     void withoutCommitTheFormerFileStays();
-    void largePiecesComeInOrder();
+    void largePiecesAreWrittenInOrder();
 };
 
 void tst_VxSafeFile::fullDiskKeepsTheFormerFile_data()
@@ -242,7 +242,7 @@ void tst_VxSafeFile::withoutCommitTheFormerFileStays()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"file.any"});
 }
 
-void tst_VxSafeFile::largePiecesComeInOrder()
+void tst_VxSafeFile::largePiecesAreWrittenInOrder()
 {
     const VxWarningGuard guard;
     const QTemporaryDir folder;

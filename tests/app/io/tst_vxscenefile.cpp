@@ -66,10 +66,10 @@ private Q_SLOTS:
     void init() { m_guard = std::make_unique<VxWarningGuard>(); }
     void cleanup() { m_guard.reset(); }
 
-    void sampleComesBackByteForByte();
-    void everyTraitComesBack();
-    void theCameraComesBack();
-    void keysOfEveryKindComeBack();
+    void sampleRoundTripsByteForByte();
+    void everyTraitRoundTrips();
+    void theCameraRoundTrips();
+    void keysOfEveryKindRoundTrip();
     void emptyScene();
     void aliasesAndLinksMayPointForward();
     void lockedPropertiesKeepTheirKeys();
@@ -91,7 +91,7 @@ private:
     std::unique_ptr<VxWarningGuard> m_guard;
 };
 
-void TestSceneFile::sampleComesBackByteForByte()
+void TestSceneFile::sampleRoundTripsByteForByte()
 {
     const QByteArray bytes = sampleBytes();
     QVERIFY(bytes.size() > 10000);
@@ -101,7 +101,7 @@ void TestSceneFile::sampleComesBackByteForByte()
     QCOMPARE(bytesOf(scene), bytes);
 }
 
-void TestSceneFile::everyTraitComesBack()
+void TestSceneFile::everyTraitRoundTrips()
 {
     VxScene scene;
     scene.setTimeStep(200);
@@ -170,7 +170,7 @@ void TestSceneFile::everyTraitComesBack()
     QCOMPARE(bytesOf(copy), bytes);
 }
 
-void TestSceneFile::theCameraComesBack()
+void TestSceneFile::theCameraRoundTrips()
 {
     VxScene scene;
     QVERIFY(
@@ -201,7 +201,7 @@ void TestSceneFile::theCameraComesBack()
     QVERIFY(!VxSceneCamera::stateOf(&copy));
 }
 
-void TestSceneFile::keysOfEveryKindComeBack()
+void TestSceneFile::keysOfEveryKindRoundTrip()
 {
     VxScene scene;
     auto *node = new VxNode(QStringLiteral("n"));

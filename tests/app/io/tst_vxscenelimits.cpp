@@ -243,7 +243,7 @@ void TestSceneLimits::membersTwiceAreRefused_data()
                              out.endMap();
                          }),
         "times");
-    row("a member of no known name", document([](Writer &out) {
+    row("a member with an unknown name", document([](Writer &out) {
             text(out, "camera", "a");
             text(out, "camera", "b");
         }),

@@ -63,17 +63,17 @@ private Q_SLOTS:
     void changesAreCopied();
     void nothingIsWrittenWithoutChanges();
     void oneCopyForManyChanges();
-    void waitsForTheGesture();
-    void waitsForTheButton();
-    void waitsForPlayback();
+    void isDeferredDuringAGesture();
+    void isDeferredWhileAButtonIsPressed();
+    void isDeferredDuringPlayback();
     void playbackIsNotWaitedForForEver();
-    void waitsForSaving();
-    void goesWithTheChanges_data();
-    void goesWithTheChanges();
+    void isDeferredWhileSaving();
+    void isRemovedWithTheChanges_data();
+    void isRemovedWithTheChanges();
     void staysWhenTheFileCannotBeOpened();
     void canBeTurnedOff();
     void minutesAreKeptInRange();
-    void failureIsToldOnce();
+    void failureIsReportedOnce();
     void atTheEndItIsWrittenAtOnce();
     void saysWhatItIsACopyOf();
 
@@ -204,7 +204,7 @@ void tst_AutoSave::oneCopyForManyChanges()
     QVERIFY2(changes >= 9, qPrintable(QString::number(changes)));
 }
 
-void tst_AutoSave::waitsForTheGesture()
+void tst_AutoSave::isDeferredDuringAGesture()
 {
     change();
     const int before = m_scene->getTimeStep();
@@ -217,7 +217,7 @@ void tst_AutoSave::waitsForTheGesture()
     QCOMPARE(copiedStep(), before);
 }
 
-void tst_AutoSave::waitsForTheButton()
+void tst_AutoSave::isDeferredWhileAButtonIsPressed()
 {
     change();
     VxMouseDriver mouse(m_window.get());
@@ -228,7 +228,7 @@ void tst_AutoSave::waitsForTheButton()
     QVERIFY(m_written->wait());
 }
 
-void tst_AutoSave::waitsForPlayback()
+void tst_AutoSave::isDeferredDuringPlayback()
 {
     m_save->setInterval(2000);
     m_scene->loopPlayback(true);
@@ -256,7 +256,7 @@ void tst_AutoSave::playbackIsNotWaitedForForEver()
     QVERIFY2(clock.elapsed() >= 2 * (Interval - 5), qPrintable(QString::number(clock.elapsed())));
 }
 
-void tst_AutoSave::waitsForSaving()
+void tst_AutoSave::isDeferredWhileSaving()
 {
     build(slowFormats());
     change();
@@ -277,7 +277,7 @@ void tst_AutoSave::waitsForSaving()
     QVERIFY(!m_written->wait(Interval * 4)); // saved: there is nothing left to copy
 }
 
-void tst_AutoSave::goesWithTheChanges_data()
+void tst_AutoSave::isRemovedWithTheChanges_data()
 {
     QTest::addColumn<QString>("how");
     for (const char *how :
@@ -285,7 +285,7 @@ void tst_AutoSave::goesWithTheChanges_data()
         QTest::newRow(how) << QString(QLatin1String(how));
 }
 
-void tst_AutoSave::goesWithTheChanges()
+void tst_AutoSave::isRemovedWithTheChanges()
 {
     QFETCH(QString, how);
     const QString file = m_dir->filePath("walk.vxscene");
@@ -327,9 +327,9 @@ void tst_AutoSave::canBeTurnedOff()
 {
     change();
     QVERIFY(m_written->wait());
-    QSignalSpy told(m_save.get(), &AutoSave::minutesChanged);
+    QSignalSpy reported(m_save.get(), &AutoSave::minutesChanged);
     m_save->setMinutes(0);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     QVERIFY(!hasCopy());
     change();
     QVERIFY(!m_written->wait(Interval * 4));
@@ -348,7 +348,7 @@ void tst_AutoSave::minutesAreKeptInRange()
     QCOMPARE(m_save->minutes(), 1440);
 }
 
-void tst_AutoSave::failureIsToldOnce()
+void tst_AutoSave::failureIsReportedOnce()
 {
     QFile inTheWay(m_dir->filePath("recovery"));
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));

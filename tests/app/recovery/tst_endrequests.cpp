@@ -12,7 +12,7 @@
 namespace {
 
 /// The program as main() runs it, with copies so seldom that none is made before it ends.
-int workUntilTold(const QString &settings, const QString &file, float value)
+int workUntilEnded(const QString &settings, const QString &file, float value)
 {
     const CommandLine line = CommandLine::parse(
         {"vxstudio", "--settings", settings, "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)});
@@ -60,7 +60,7 @@ void tst_EndRequests::requestsToEndLeaveACopy()
     QFETCH(bool, changed);
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(),
-                  {"--work-until-told", settings(), copySample(), changed ? "44.5" : "0"});
+                  {"--work-until-ended", settings(), copySample(), changed ? "44.5" : "0"});
     QByteArray said;
     while (!said.contains("changed")) {
         QVERIFY(process.waitForReadyRead(30000));
@@ -146,8 +146,8 @@ static int runTests(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == QLatin1String("--work-until-told"))
-        return workUntilTold(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
+    if (arguments.value(1) == QLatin1String("--work-until-ended"))
+        return workUntilEnded(arguments.value(2), arguments.value(3), arguments.value(4).toFloat());
     tst_EndRequests test;
     return QTest::qExec(&test, argc, argv);
 }

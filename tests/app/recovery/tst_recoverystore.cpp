@@ -105,7 +105,7 @@ private Q_SLOTS:
     void lockOfAFormerLife();
     void remainsAreSwept();
     void theSceneIsTakenAsItIs();
-    void removingWaitsForTheDisk();
+    void removalIsDeferredUntilTheDiskAnswers();
     void aFullDiskKeepsTheFormerCopy();
     void foldersThatTakeNothing_data();
     void foldersThatTakeNothing();
@@ -444,7 +444,7 @@ void tst_RecoveryStore::theSceneIsTakenAsItIs()
     QVERIFY(!contents.rootNodes.empty());
 }
 
-void tst_RecoveryStore::removingWaitsForTheDisk()
+void tst_RecoveryStore::removalIsDeferredUntilTheDiskAnswers()
 {
     RecoveryStore store(folder());
     VxFileError error;

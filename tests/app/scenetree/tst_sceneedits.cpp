@@ -208,9 +208,9 @@ void tst_SceneEdits::moving_data()
     QTest::newRow("from several places") << "g c e"
                                          << "a" << 1 << "a(b c e g d) f"
                                          << "Reparent 3 Nodes";
-    QTest::newRow("what is below goes along") << "c b"
-                                              << "f" << -1 << "a(d e) f(b(c)) g"
-                                              << "Reparent \"b\"";
+    QTest::newRow("descendants move along") << "c b"
+                                            << "f" << -1 << "a(d e) f(b(c)) g"
+                                            << "Reparent \"b\"";
     QTest::newRow("below itself") << "b"
                                   << "b" << -1 << ""
                                   << "";

@@ -29,7 +29,7 @@ private Q_SLOTS:
     void cleanup();
 
     void showsTheTreeWithIcons();
-    void nodesComeAndGo();
+    void nodesAreAddedAndRemoved();
     void undoBringsNodesBackInTheirPlace();
     void nodesMove();
     void labelsFollow();
@@ -124,7 +124,7 @@ void tst_ScenePane::showsTheTreeWithIcons()
     QVERIFY(m_pane->getTreeView()->isExpanded(index(m_hip)));
 }
 
-void tst_ScenePane::nodesComeAndGo()
+void tst_ScenePane::nodesAreAddedAndRemoved()
 {
     const VxNode *toe = add("toe", m_left);
     QCOMPARE(index(toe).parent(), index(m_left));

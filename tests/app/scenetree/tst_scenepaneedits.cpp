@@ -37,7 +37,7 @@ private Q_SLOTS:
     void escapeLeavesTheName();
     void deleteRemovesAllSelected();
     void deleteWithinANameEditsTheName();
-    void ownKeysComeBeforeShortcuts();
+    void ownKeysTakePrecedenceOverShortcuts();
     void theEyeHidesAndShows();
     void theEyeOfASelectedNodeCountsForAll();
     void theEyeSelectsNothing();
@@ -51,7 +51,7 @@ private Q_SLOTS:
     void severalAreDraggedInOneEntry();
     void draggedNodesStayInPlace();
     void withShiftTheyKeepTheirValues();
-    void dropsThatCannotKeepThePlaceAreToldOf();
+    void dropsThatCannotKeepTheTransformAreReported();
     void whatWasDroppedIsSeen();
     void orderFollowsTheScene();
     void searchShowsMatchesAndWhatIsAbove();
@@ -259,7 +259,7 @@ void tst_ScenePaneEdits::deleteWithinANameEditsTheName()
     QVERIFY(vxScene->findNode("left"));
 }
 
-void tst_ScenePaneEdits::ownKeysComeBeforeShortcuts()
+void tst_ScenePaneEdits::ownKeysTakePrecedenceOverShortcuts()
 {
     QKeyEvent remove(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
     remove.ignore();
@@ -456,7 +456,7 @@ void tst_ScenePaneEdits::withShiftTheyKeepTheirValues()
     QCOMPARE(m_camera->getWorldTransform(0).column(3).toVector3D(), QVector3D());
 }
 
-void tst_ScenePaneEdits::dropsThatCannotKeepThePlaceAreToldOf()
+void tst_ScenePaneEdits::dropsThatCannotKeepTheTransformAreReported()
 {
     VxMainWindow window;
     m_hip->getScaleControl()->setStoredValue(0);

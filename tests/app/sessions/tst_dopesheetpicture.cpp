@@ -81,8 +81,8 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void marksStandAtTheFrames_data();
-    void marksStandAtTheFrames();
+    void marksAreDrawnAtTheirFrames_data();
+    void marksAreDrawnAtTheirFrames();
     void atTwiceTheScale();
 
 private:
@@ -98,7 +98,7 @@ private:
     Motion m_motion;
 };
 
-void TestDopeSheetPicture::marksStandAtTheFrames_data()
+void TestDopeSheetPicture::marksAreDrawnAtTheirFrames_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QSize>("size");
@@ -216,7 +216,7 @@ void TestDopeSheetPicture::checkRow(const QModelIndex &row, QStyle::State look)
     }
 }
 
-void TestDopeSheetPicture::marksStandAtTheFrames()
+void TestDopeSheetPicture::marksAreDrawnAtTheirFrames()
 {
     QFETCH(QByteArray, text);
     QFETCH(QSize, size);
@@ -257,7 +257,8 @@ void TestDopeSheetPicture::atTwiceTheScale()
     QProcess again;
     again.setProcessEnvironment(environment);
     again.setProcessChannelMode(QProcess::MergedChannels);
-    again.start(QCoreApplication::applicationFilePath(), {QStringLiteral("marksStandAtTheFrames")});
+    again.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("marksAreDrawnAtTheirFrames")});
     QVERIFY(again.waitForFinished(120000));
     QVERIFY2(again.exitStatus() == QProcess::NormalExit && again.exitCode() == 0,
              again.readAll().constData());

@@ -24,10 +24,10 @@ private Q_SLOTS:
     void everyOption();
     void wrong_data();
     void wrong();
-    void helpAndVersionGoFirst_data();
-    void helpAndVersionGoFirst();
-    void whatStandsBehindTheDashes();
-    void nobodyWatchesABatch();
+    void helpAndVersionTakePrecedence_data();
+    void helpAndVersionTakePrecedence();
+    void argumentsAfterTheDashes();
+    void aBatchIsNotInteractive();
     void helpNamesOptionsAndExitCodes();
 
 private:
@@ -98,7 +98,7 @@ void tst_CommandLine::wrong()
     QVERIFY2(line.errorText.contains(named), qPrintable(line.errorText));
 }
 
-void tst_CommandLine::helpAndVersionGoFirst_data()
+void tst_CommandLine::helpAndVersionTakePrecedence_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<bool>("help");
@@ -110,7 +110,7 @@ void tst_CommandLine::helpAndVersionGoFirst_data()
     QTest::newRow("short version") << QStringList{"-v", "a.bvh"} << false;
 }
 
-void tst_CommandLine::helpAndVersionGoFirst()
+void tst_CommandLine::helpAndVersionTakePrecedence()
 {
     QFETCH(QStringList, arguments);
     QFETCH(bool, help);
@@ -118,7 +118,7 @@ void tst_CommandLine::helpAndVersionGoFirst()
             (help ? CommandLine::Action::ShowHelp : CommandLine::Action::ShowVersion));
 }
 
-void tst_CommandLine::whatStandsBehindTheDashes()
+void tst_CommandLine::argumentsAfterTheDashes()
 {
     QCOMPARE(parse({"--", "-odd.bvh"}).file, QString("-odd.bvh"));
     const CommandLine script = parse({"--script", "a.js", "--", "x", "--", "y"});
@@ -126,7 +126,7 @@ void tst_CommandLine::whatStandsBehindTheDashes()
     QCOMPARE(script.scriptArguments, QStringList({"x", "--", "y"}));
 }
 
-void tst_CommandLine::nobodyWatchesABatch()
+void tst_CommandLine::aBatchIsNotInteractive()
 {
     QVERIFY(parse({"--headless"}).isBatch());
     QVERIFY(parse({"--list-actions"}).isBatch());

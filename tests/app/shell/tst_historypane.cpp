@@ -21,11 +21,11 @@ private Q_SLOTS:
 
     void theWindowMenuShowsThePane();
     void entriesAreListed();
-    void aClickGoesToAState();
-    void arrowKeysGo();
+    void aClickRestoresAState();
+    void arrowKeysStepThroughStates();
     void aNewEntryReplacesWhatWasUndone();
     void theSavedStateIsMarked();
-    void clicksWaitForGestures();
+    void clicksAreIgnoredDuringGestures();
     void openingAFileStartsAnew();
     void theModelIsRight();
     void theStatusLineSaysWhatWasDone();
@@ -116,7 +116,7 @@ void tst_HistoryPane::entriesAreListed()
     QVERIFY(!pane()->getModel()->index(1).data(Qt::ForegroundRole).isValid());
 }
 
-void tst_HistoryPane::aClickGoesToAState()
+void tst_HistoryPane::aClickRestoresAState()
 {
     for (int i = 1; i <= 5; ++i)
         makeEntry(i);
@@ -130,7 +130,7 @@ void tst_HistoryPane::aClickGoesToAState()
     QCOMPARE(selectedRow(), 5);
 }
 
-void tst_HistoryPane::arrowKeysGo()
+void tst_HistoryPane::arrowKeysStepThroughStates()
 {
     makeEntry(1);
     makeEntry(2);
@@ -177,7 +177,7 @@ void tst_HistoryPane::theSavedStateIsMarked()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_HistoryPane::clicksWaitForGestures()
+void tst_HistoryPane::clicksAreIgnoredDuringGestures()
 {
     makeEntry(1);
     makeEntry(2);

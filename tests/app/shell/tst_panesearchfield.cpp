@@ -53,7 +53,7 @@ private Q_SLOTS:
     void cleanup();
 
     void onlyPanesWithASearchHaveAField();
-    void typedTextGoesToThePane();
+    void typedTextReachesThePane();
     void escapeClearsThenGivesTheFocusBack();
     void anActiveSearchIsSeen();
     void theButtonClears();
@@ -86,7 +86,7 @@ void TestPaneSearchField::onlyPanesWithASearchHaveAField()
     QVERIFY(searched->findChild<PaneSearchField *>());
 }
 
-void TestPaneSearchField::typedTextGoesToThePane()
+void TestPaneSearchField::typedTextReachesThePane()
 {
     SearchedPane pane;
     PaneSearchField field(pane.search, &pane, &pane);

@@ -15,7 +15,7 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_guard.reset(); }
 
-    void theLatestStandsFirst();
+    void theLatestIsFirst();
     void theOldestIsDropped();
     void pathsAreAbsolute();
     void storedAndRestored();
@@ -47,7 +47,7 @@ QString tst_RecentFiles::make(const QString &name) const
     return file.fileName();
 }
 
-void tst_RecentFiles::theLatestStandsFirst()
+void tst_RecentFiles::theLatestIsFirst()
 {
     RecentFiles files;
     QSignalSpy changed(&files, &RecentFiles::changed);

@@ -62,11 +62,11 @@ private Q_SLOTS:
     void lettersOfTheBar();
     void everyMenuOpensByItsLetter();
     void entriesExplainThemselves();
-    void overviewTellsTheKeysOfNow();
+    void overviewShowsTheCurrentKeys();
     void overviewOpensAndStays();
     void overviewLeadsToTheEditor();
     void about();
-    void layoutIsTold();
+    void layoutIsReported();
 
 private:
     QMenu *menu(const QString &title) const;
@@ -148,8 +148,8 @@ void tst_StudioMenus::findsByLetters_data()
                                         << "Select";
     QTest::newRow("several letters stay where they are") << 0 << "se"
                                                          << "Select";
-    QTest::newRow("several letters go on") << 0 << "sk"
-                                           << "Skip";
+    QTest::newRow("several letters continue the search") << 0 << "sk"
+                                                         << "Skip";
     QTest::newRow("upper case") << -1 << "SK"
                                 << "Skip";
     QTest::newRow("not what is disabled") << -1 << "p"
@@ -234,7 +234,7 @@ void tst_StudioMenus::entriesExplainThemselves()
     }
 }
 
-void tst_StudioMenus::overviewTellsTheKeysOfNow()
+void tst_StudioMenus::overviewShowsTheCurrentKeys()
 {
     ShortcutList list;
     list.add(
@@ -305,7 +305,7 @@ void tst_StudioMenus::about()
     QCOMPARE(shown, text);
 }
 
-void tst_StudioMenus::layoutIsTold()
+void tst_StudioMenus::layoutIsReported()
 {
     start();
     window()->docks()->find("VxScenePane")->hide();

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void bottomOfASmallWindow();
     void firstSize_data();
     void firstSize();
-    void panesOfOnePlaceNeverStandSideBySide();
+    void panesOfOneAreaAreNeverSideBySide();
     void menus();
     void dockTogglesAndPaneActions();
     void optionsMenu();
@@ -65,7 +65,7 @@ private Q_SLOTS:
     void openFile();
     void brokenFileKeepsTheScene();
     void titleShowsChanges();
-    void undoWaitsForOpenHolds();
+    void undoIsRefusedDuringOpenHolds();
     void newAsksForChanges_data();
     void newAsksForChanges();
     void savesAndReopens();
@@ -247,7 +247,7 @@ void tst_StudioWindow::firstSize()
 }
 
 /// Two of them beside each other would make a first window wider than it should be, for good.
-void tst_StudioWindow::panesOfOnePlaceNeverStandSideBySide()
+void tst_StudioWindow::panesOfOneAreaAreNeverSideBySide()
 {
     m_studio.reset();
     QVERIFY(QFile::remove(m_dir->filePath("settings.ini")));
@@ -390,7 +390,7 @@ void tst_StudioWindow::titleShowsChanges()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_StudioWindow::undoWaitsForOpenHolds()
+void tst_StudioWindow::undoIsRefusedDuringOpenHolds()
 {
     makeChange();
     const VxTime step = vxScene->getTimeStep();

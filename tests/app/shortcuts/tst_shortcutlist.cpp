@@ -73,7 +73,7 @@ ShortcutList makeList()
 {
     ShortcutList list;
     list.add({"FirstAction", "Menu", "First", "Begins.", keys("Ctrl+1"), keys("Ctrl+1")});
-    list.add({"SecondAction", "Menu", "Second", "Goes on.", keys("Ctrl+2"), keys("Ctrl+2")});
+    list.add({"SecondAction", "Menu", "Second", "Continues.", keys("Ctrl+2"), keys("Ctrl+2")});
     list.add({"ThirdAction", "Other", "Third", "Ends.", QKeySequence(), QKeySequence()});
     list.add({QString(), "File", "Save", QString(), keys("Ctrl+S"), keys("Ctrl+S")});
     return list;
@@ -106,7 +106,7 @@ private Q_SLOTS:
     void appliesSwappedShortcuts();
     void refusals();
     void model();
-    void modelTellsOfChanges();
+    void modelNotifiesOfChanges();
     void search_data();
     void search();
     void pressedKeys_data();
@@ -279,14 +279,14 @@ void tst_ShortcutList::model()
     QCOMPARE(second, model.indexOf(1));
     QCOMPARE(second.data().toString(), QString("Second"));
     QCOMPARE(second.siblingAtColumn(1).data().toString(), QString("Ctrl+2"));
-    QCOMPARE(second.data(Qt::ToolTipRole).toString(), QString("Goes on."));
+    QCOMPARE(second.data(Qt::ToolTipRole).toString(), QString("Continues."));
     QCOMPARE(model.rowCount(second), 0);
     QVERIFY(!model.indexOf(3).data(Qt::ForegroundRole).isNull());
     QVERIFY(second.data(Qt::ForegroundRole).isNull());
     QVERIFY(!model.indexOf(17).isValid());
 }
 
-void tst_ShortcutList::modelTellsOfChanges()
+void tst_ShortcutList::modelNotifiesOfChanges()
 {
     ShortcutModel model(makeList());
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
@@ -310,7 +310,7 @@ void tst_ShortcutList::search_data()
     QTest::addColumn<QString>("found");
     QTest::newRow("") << "First Second Third Save";
     QTest::newRow("second") << "Second";
-    QTest::newRow("GOES") << "Second";
+    QTest::newRow("CONTINUES") << "Second";
     QTest::newRow("ctrl+") << "First Second Save";
     QTest::newRow("menu ctrl+1") << "First";
     QTest::newRow("thirdaction") << "Third";

@@ -53,8 +53,8 @@ private Q_SLOTS:
     void initWithoutPane_data();
     void initWithoutPane();
     void mainWindowWithoutPane();
-    void paneIsFoundAndForgotten();
-    void paneThatIsKnownIsNotSearchedFor();
+    void paneIsFoundUntilItIsDestroyed();
+    void cachedPaneIsNotSearchedForAgain();
     void everyActionRegistersWithThePane();
     void aSecondPaneLeavesTheMarksAlone();
     void animationMenu();
@@ -229,7 +229,7 @@ void TestVxTimelineActions::mainWindowWithoutPane()
     createAction("VxNextFrameAction")->trigger();
 }
 
-void TestVxTimelineActions::paneIsFoundAndForgotten()
+void TestVxTimelineActions::paneIsFoundUntilItIsDestroyed()
 {
     {
         VxMainWindow window;
@@ -247,7 +247,7 @@ void TestVxTimelineActions::paneIsFoundAndForgotten()
     QVERIFY(!VxAnimationAction::findTimePane());
 }
 
-void TestVxTimelineActions::paneThatIsKnownIsNotSearchedFor()
+void TestVxTimelineActions::cachedPaneIsNotSearchedForAgain()
 {
     const Stage stage;
     QCOMPARE(VxAnimationAction::findTimePane(), stage.pane);

@@ -43,7 +43,7 @@ private Q_SLOTS:
     void itemKeysOfARangeOfOneFrame();
     void itemKeysBeyondTheAnimation();
 
-    void commandsGoToTheNextPane();
+    void commandsReachTheNextPane();
 
 private:
     // Two nodes with a row each and keys on X Rotate at the frames 0, 5, 10 and 15.
@@ -500,7 +500,7 @@ void TestVxTimelineCommands::itemKeysBeyondTheAnimation()
     QCOMPARE(selectedFrames(stage, m_first), QString());
 }
 
-void TestVxTimelineCommands::commandsGoToTheNextPane()
+void TestVxTimelineCommands::commandsReachTheNextPane()
 {
     Stage stage;
     stage.trigger("VxTimePaneBasicViewAction");

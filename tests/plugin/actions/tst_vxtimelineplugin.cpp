@@ -301,8 +301,8 @@ void TestVxTimelinePlugin::paneChoicesInScripts_data()
                                           "pane.getControlsPosition() === pane.ControlsTop";
     QTest::newRow("key scope") << "pane.getFilteredKeyCreationScope() === pane.ScopeNode";
     QTest::newRow("what a signal carries")
-        << "told = null; pane.viewModeChanged.connect(function(mode) { told = mode; });"
-           "pane.setViewMode(pane.BasicView); told === pane.BasicView";
+        << "reported = null; pane.viewModeChanged.connect(function(mode) { reported = mode; });"
+           "pane.setViewMode(pane.BasicView); reported === pane.BasicView";
 }
 
 void TestVxTimelinePlugin::paneChoicesInScripts()

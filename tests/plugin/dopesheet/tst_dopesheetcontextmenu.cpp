@@ -128,7 +128,7 @@ void TestDopeSheetContextMenu::entries_data()
 
     QTest::newRow("no rows") << false << false << false << false
                              << joined({types, scopes, copyPaste, "RefreshDopesheet"});
-    QTest::newRow("rows, but none meant")
+    QTest::newRow("rows, but no context row")
         << true << false << false << false
         << joined(
                {types, scopes, copyPaste, "ExpandAllItems CollapseAllItems -", "RefreshDopesheet"});

@@ -96,9 +96,9 @@ private Q_SLOTS:
     void fittingNameHasNone();
     void nameThatJustFits();
     void fittingNameTakesAnotherAway();
-    void toolTipStandsAtTheMouse();
+    void toolTipIsShownAtTheMouse();
     void namesThatAreNoText();
-    void otherHelpGoesToTheBaseClass();
+    void otherHelpEventsReachTheBaseClass();
 
 private:
     QImage paint(const QModelIndex &index, const QRect &rect = cell) const
@@ -517,7 +517,7 @@ void TestDopeSheetDelegates::fittingNameTakesAnotherAway()
     QTRY_VERIFY(!QToolTip::isVisible());
 }
 
-void TestDopeSheetDelegates::toolTipStandsAtTheMouse()
+void TestDopeSheetDelegates::toolTipIsShownAtTheMouse()
 {
     showView();
     hip->setLabel(QStringLiteral("A name that does not fit into a hundred pixels"));
@@ -564,7 +564,7 @@ void TestDopeSheetDelegates::namesThatAreNoText()
     QCOMPARE(QToolTip::text(), QStringLiteral("i"));
 }
 
-void TestDopeSheetDelegates::otherHelpGoesToTheBaseClass()
+void TestDopeSheetDelegates::otherHelpEventsReachTheBaseClass()
 {
     showView();
     view->setColumnWidth(VxDopeSheetView::NameColumn, 30);

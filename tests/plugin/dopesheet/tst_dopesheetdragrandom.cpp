@@ -277,8 +277,8 @@ void TestDopeSheetDragRandom::dragOnce(int number)
         checkUnselectedUntouched(before);
         checkRows("preview");
     }
-    const bool goesBack = below(4) == 0;
-    const qint64 offset = goesBack ? 0 : limited((below(60) - 30) * (below(2) == 0 ? 160 : 1));
+    const bool returns = below(4) == 0;
+    const qint64 offset = returns ? 0 : limited((below(60) - 30) * (below(2) == 0 ? 160 : 1));
     if (offset == 0) { // the end of a drag that leads nowhere, and of one that is given up
         QVERIFY(drag.moveTo(0, VxCollision::WaitBeside));
         QVERIFY2(scene() == before, qPrintable(QString::number(number)));

@@ -64,11 +64,11 @@ private Q_SLOTS:
     void orderMadeByHandStays();
     void hiddenNodesAreLeftOutOfTheOrder();
     void aNodeThatIsShownGetsItsRow();
-    void propertiesComeAndGo();
+    void propertiesAreAddedAndRemoved();
     void objectsAreExchanged();
     void nothingLeadsToARemovedProperty();
     void rowsThatStayKeepTheirSelection();
-    void manyPropertiesComeAtOnce();
+    void manyPropertiesAreAddedAtOnce();
 
 private:
     VxDopeSheetModel *model() const { return pane->findChild<VxDopeSheetModel *>(); }
@@ -205,7 +205,7 @@ void TestDopeSheetFollow::aNodeThatIsShownGetsItsRow()
     QCOMPARE(nodes(), QString("figure(a hidden b c)"));
 }
 
-void TestDopeSheetFollow::propertiesComeAndGo()
+void TestDopeSheetFollow::propertiesAreAddedAndRemoved()
 {
     VxNode *a = vxScene->findNode("a");
     const QString before = properties(a);
@@ -284,7 +284,7 @@ void TestDopeSheetFollow::rowsThatStayKeepTheirSelection()
     QCOMPARE(kept->selectedKeyIndexes(), QVector<int>({1}));
 }
 
-void TestDopeSheetFollow::manyPropertiesComeAtOnce()
+void TestDopeSheetFollow::manyPropertiesAreAddedAtOnce()
 {
     VxNode *a = vxScene->findNode("a");
     const QSignalSpy inserted(model(), &QAbstractItemModel::rowsInserted);

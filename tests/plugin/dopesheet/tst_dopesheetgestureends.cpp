@@ -75,11 +75,11 @@ private Q_SLOTS:
     void init();
     void cleanup() { tearDown(); }
 
-    void pressOnASelectedKeyTellsAll();
-    void clickBesideTheKeysTellsThatNoneIs();
-    void escapeTellsWhereKeysAreAgain();
-    void dragBackTellsWhereKeysAreAgain_data();
-    void dragBackTellsWhereKeysAreAgain();
+    void pressOnASelectedKeyReportsTheWholeSelection();
+    void clickBesideTheKeysReportsAnEmptySelection();
+    void escapeReportsTheStartIndexes();
+    void dragBackReportsTheStartIndexes_data();
+    void dragBackReportsTheStartIndexes();
     void lostReleaseEndsAtTheNextPress();
     void lostReleasePutsKeysBack_data();
     void lostReleasePutsKeysBack();
@@ -137,7 +137,7 @@ void TestDopeSheetGestureEnds::init()
     showView(1000, 700);
 }
 
-void TestDopeSheetGestureEnds::pressOnASelectedKeyTellsAll()
+void TestDopeSheetGestureEnds::pressOnASelectedKeyReportsTheWholeSelection()
 {
     const Listener graph(view.get());
     selectBoth();
@@ -151,7 +151,7 @@ void TestDopeSheetGestureEnds::pressOnASelectedKeyTellsAll()
     view->setKeyCommunication(nullptr);
 }
 
-void TestDopeSheetGestureEnds::clickBesideTheKeysTellsThatNoneIs()
+void TestDopeSheetGestureEnds::clickBesideTheKeysReportsAnEmptySelection()
 {
     const Listener graph(view.get());
     selectBoth();
@@ -163,7 +163,7 @@ void TestDopeSheetGestureEnds::clickBesideTheKeysTellsThatNoneIs()
 }
 
 // On its way the key was the third one.
-void TestDopeSheetGestureEnds::escapeTellsWhereKeysAreAgain()
+void TestDopeSheetGestureEnds::escapeReportsTheStartIndexes()
 {
     const Listener graph(view.get());
     view->setKeySelection(true, hipX(), hipX(), 1600, 1600);
@@ -179,7 +179,7 @@ void TestDopeSheetGestureEnds::escapeTellsWhereKeysAreAgain()
     view->setKeyCommunication(nullptr);
 }
 
-void TestDopeSheetGestureEnds::dragBackTellsWhereKeysAreAgain_data()
+void TestDopeSheetGestureEnds::dragBackReportsTheStartIndexes_data()
 {
     QTest::addColumn<int>("pixels");
     QTest::newRow("to the press") << 0;
@@ -187,7 +187,7 @@ void TestDopeSheetGestureEnds::dragBackTellsWhereKeysAreAgain_data()
 }
 
 // The other side knows keys by their times, and on its way the key had another one.
-void TestDopeSheetGestureEnds::dragBackTellsWhereKeysAreAgain()
+void TestDopeSheetGestureEnds::dragBackReportsTheStartIndexes()
 {
     QFETCH(int, pixels);
     const Listener graph(view.get());

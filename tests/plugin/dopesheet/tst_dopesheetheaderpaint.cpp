@@ -87,7 +87,7 @@ private Q_SLOTS:
     void ticksLikeALoop();
     void labels_data();
     void labels();
-    void markerStandsOverItsFrame();
+    void markerIsCenteredOverItsFrame();
     void markerOfNoRangeIsBare();
     void keysTakeTheWholeHeight();
 
@@ -216,7 +216,7 @@ void TestDopeSheetHeaderPaint::labels()
     QCOMPARE(picture().toImage(), wanted.toImage());
 }
 
-void TestDopeSheetHeaderPaint::markerStandsOverItsFrame()
+void TestDopeSheetHeaderPaint::markerIsCenteredOverItsFrame()
 {
     vxScene->setTime(12 * 160);
     style->markers.clear();

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void deleteLeavesLockedKeys();
     void oneReportAProperty();
     void dragOfBothRowsKeepsTheirSelections();
-    void dragGoesOnWithoutKeysThatVanish();
+    void dragContinuesWithoutDeletedKeys();
 
     void interpolation();
     void interpolationKeepsShapes();
@@ -127,10 +127,10 @@ void TestDopeSheetKeyCommands::copyNothing()
     view->copyKeys();
     QVERIFY(view->hasCopiedKeys());
     view->clearSelectedKeys();
-    QSignalSpy told(view.get(), &VxDopeSheetView::copyContextChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::copyContextChanged);
     view->copyKeys();
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(told.first().first().toBool(), false);
+    QCOMPARE(reported.count(), 1);
+    QCOMPARE(reported.first().first().toBool(), false);
     QVERIFY(!view->hasCopiedKeys());
 }
 
@@ -138,9 +138,9 @@ void TestDopeSheetKeyCommands::copyAndPaste()
 {
     x()->setKey(2000, 7.0f, VxKeyInterp::Tcb, 0.5f, -0.5f, 0.25f);
     select(x());
-    QSignalSpy told(view.get(), &VxDopeSheetView::copyContextChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::copyContextChanged);
     view->copyKeys();
-    QCOMPARE(told.first().first().toBool(), true);
+    QCOMPARE(reported.first().first().toBool(), true);
     vxScene->setTime(4800);
     view->pasteKeys();
     QCOMPARE(keyTimes(x()), Times({1000, 2000, 4800, 5800}));
@@ -297,17 +297,17 @@ void TestDopeSheetKeyCommands::deleteLeavesLockedKeys()
 void TestDopeSheetKeyCommands::oneReportAProperty()
 {
     select(x());
-    QSignalSpy told(x(), &VxProperty::valueChanged);
+    QSignalSpy reported(x(), &VxProperty::valueChanged);
     view->setInterpType(VxKeyInterp::Constant);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     view->copyKeys();
     vxScene->setTime(4800);
-    told.clear();
+    reported.clear();
     view->pasteKeys();
-    QCOMPARE(told.count(), 1);
-    told.clear();
+    QCOMPARE(reported.count(), 1);
+    reported.clear();
     view->deleteKeys();
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
 }
 
 // Each row has one of the keys selected; both move, and each row still shows its own.
@@ -331,7 +331,7 @@ void TestDopeSheetKeyCommands::dragOfBothRowsKeepsTheirSelections()
 }
 
 // Others take a dragged key away and put another beside its place: that one is not dragged.
-void TestDopeSheetKeyCommands::dragGoesOnWithoutKeysThatVanish()
+void TestDopeSheetKeyCommands::dragContinuesWithoutDeletedKeys()
 {
     addKeys(x(), {3000, 9000});
     select(x(), 1000, 3001);

@@ -25,10 +25,10 @@ private Q_SLOTS:
     void previewsKeepWhatIsInTheWay();
     void previewIsTakenBackByAClick();
     void escapePutsBack();
-    void commandsWaitForTheDrop();
+    void commandsAreDeferredUntilTheDrop();
     void lockedKeysStay();
     void otherWindowEndsTheDrag();
-    void viewThatGoesPutsBack();
+    void destroyedViewRollsTheDragBack();
     void rowsThatVanishInADrag();
 };
 
@@ -206,7 +206,7 @@ void TestDopeSheetKeyDrag::escapePutsBack()
     QVERIFY(!vxApp->getUndoStack()->isRecording());
 }
 
-void TestDopeSheetKeyDrag::commandsWaitForTheDrop()
+void TestDopeSheetKeyDrag::commandsAreDeferredUntilTheDrop()
 {
     select(hipX(), 1600, 1600);
     VxMouseDriver hand = mouse();
@@ -255,7 +255,7 @@ void TestDopeSheetKeyDrag::otherWindowEndsTheDrag()
     QCOMPARE(selected(hipX()), Times({3200}));
 }
 
-void TestDopeSheetKeyDrag::viewThatGoesPutsBack()
+void TestDopeSheetKeyDrag::destroyedViewRollsTheDragBack()
 {
     select(hipX(), 1600, 1600);
     VxMouseDriver hand = mouse();

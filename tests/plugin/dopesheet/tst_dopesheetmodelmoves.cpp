@@ -115,12 +115,13 @@ void TestDopeSheetModelMoves::rootMoves()
         nodes[QString::fromLatin1(name)] = this->node(name);
         m_model->addNode(nodes[QString::fromLatin1(name)]);
     }
-    QVector<int> told;
-    connect(m_model.get(), &QAbstractItemModel::rowsMoved, this,
-            [&told](const QModelIndex &from, int start, int end, const QModelIndex &to, int row) {
-                QVERIFY(!from.isValid() && !to.isValid());
-                told << start << end << row;
-            });
+    QVector<int> reported;
+    connect(
+        m_model.get(), &QAbstractItemModel::rowsMoved, this,
+        [&reported](const QModelIndex &from, int start, int end, const QModelIndex &to, int row) {
+            QVERIFY(!from.isValid() && !to.isValid());
+            reported << start << end << row;
+        });
     const std::map<QString, void (VxDopeSheetModel::*)(VxNode *)> moves{
         {QStringLiteral("to top"), &VxDopeSheetModel::moveRootRowToTop},
         {QStringLiteral("up"), &VxDopeSheetModel::moveRootRowUp},
@@ -129,7 +130,7 @@ void TestDopeSheetModelMoves::rootMoves()
     };
     (m_model.get()->*moves.at(move))(nodes.value(node));
     QCOMPARE(nodesAtTop().join(QString()), order);
-    QCOMPARE(told, rows);
+    QCOMPARE(reported, rows);
     QCOMPARE(labelsAt(m_filter.get()).join(QString()), order);
 }
 

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void altClickTakesAway();
     void altOnASelectedKeyStartsNoDrag();
     void openRowsHaveNoKeysToHit();
-    void closedRowsStandForAllBelow();
+    void closedRowsSelectAllKeysBelow();
     void clickSelectsTheNode();
     void ctrlClickAddsTheNode();
 
@@ -32,14 +32,14 @@ private Q_SLOTS:
     void bandAddsAndTakesAway();
     void bandBelowTheRows();
     void bandPastTheEdges();
-    void straightBandMeansOneTime();
+    void bandWithoutWidthSelectsOneTime();
 
     void cursors();
     void doubleClickSetsTheTime();
     void doubleClickOnNamesOpens();
     void namesSelectRows();
     void otherButtonsDoNothing();
-    void theGraphHears();
+    void selectionIsSentToTheGraph();
 };
 
 void TestDopeSheetMouse::clickSelectsOneKey()
@@ -147,7 +147,7 @@ void TestDopeSheetMouse::openRowsHaveNoKeysToHit()
     QVERIFY(!view->hasSelectedKeys());
 }
 
-void TestDopeSheetMouse::closedRowsStandForAllBelow()
+void TestDopeSheetMouse::closedRowsSelectAllKeysBelow()
 {
     view->collapse(rowOf(hip));
     click(rowOf(hip), 1600);
@@ -245,7 +245,7 @@ void TestDopeSheetMouse::bandPastTheEdges()
     QCOMPARE(selected(translationOf(ball, 0)), Times());
 }
 
-void TestDopeSheetMouse::straightBandMeansOneTime()
+void TestDopeSheetMouse::bandWithoutWidthSelectsOneTime()
 {
     const int x = TimelineMetrics::shared().keyLeft(view->columnWidth(0), 1600, 0);
     VxMouseDriver hand = mouse();
@@ -334,24 +334,24 @@ void TestDopeSheetMouse::otherButtonsDoNothing()
 }
 
 // Whatever the mouse does, the other side ends up with the same keys selected.
-void TestDopeSheetMouse::theGraphHears()
+void TestDopeSheetMouse::selectionIsSentToTheGraph()
 {
     VxKeyCommunication ours;
     VxKeyCommunication theirs;
     VxKeyCommunication::connectEnds(&ours, &theirs);
     view->setKeyCommunication(&ours);
-    QMap<VxProperty *, QSet<int>> heard;
+    QMap<VxProperty *, QSet<int>> reports;
     QObject::connect(
-        &theirs, &VxKeyCommunication::received, &theirs, [&heard](const VxKeyMessage &message) {
+        &theirs, &VxKeyCommunication::received, &theirs, [&reports](const VxKeyMessage &message) {
             if (message.clearSelection)
-                heard.clear();
+                reports.clear();
             for (auto it = message.selectedKeys.cbegin(); it != message.selectedKeys.cend(); ++it)
-                heard[it.key()] += QSet<int>(it->cbegin(), it->cend());
+                reports[it.key()] += QSet<int>(it->cbegin(), it->cend());
             for (auto it = message.deselectedKeys.cbegin(); it != message.deselectedKeys.cend();
                  ++it)
-                heard[it.key()] -= QSet<int>(it->cbegin(), it->cend());
+                reports[it.key()] -= QSet<int>(it->cbegin(), it->cend());
         });
-    const auto indexes = [&heard](VxProperty *property) { return heard.value(property); };
+    const auto indexes = [&reports](VxProperty *property) { return reports.value(property); };
     click(hipX(), 1600);
     QCOMPARE(indexes(hip->getXPosControl()), QSet<int>({1}));
     click(translationOf(ball, 0), 1600, Qt::ControlModifier);

@@ -101,8 +101,8 @@ private Q_SLOTS:
     void wholeRowsWhateverTheColumn();
     void rangesThatMeet();
     void cellsStayCells();
-    void rowsComeAndGo();
-    void tellsBothSides();
+    void rowsAreAddedAndRemoved();
+    void reportsSelectedAndDeselectedRows();
     void silentReset();
     void asManyRangesAsParents();
     void randomSession();
@@ -185,7 +185,7 @@ void TestDopeSheetSelectionModel::cellsStayCells()
     QVERIFY(ours->isRowSelected(child({0})));
 }
 
-void TestDopeSheetSelectionModel::rowsComeAndGo()
+void TestDopeSheetSelectionModel::rowsAreAddedAndRemoved()
 {
     select(everything(*model), Flags(QItemSelectionModel::Select) | QItemSelectionModel::Rows);
     compare();
@@ -203,14 +203,14 @@ void TestDopeSheetSelectionModel::rowsComeAndGo()
 }
 
 // Whoever hears of a change finds it made.
-void TestDopeSheetSelectionModel::tellsBothSides()
+void TestDopeSheetSelectionModel::reportsSelectedAndDeselectedRows()
 {
     ours->select(child({0}), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     QVERIFY(ours->isRowSelected(child({0})));
-    int heard = 0;
+    int reports = 0;
     connect(ours.get(), &QItemSelectionModel::selectionChanged, this,
             [&](const QItemSelection &selected, const QItemSelection &deselected) {
-                ++heard;
+                ++reports;
                 QVERIFY(!ours->isRowSelected(child({0})));
                 QVERIFY(ours->isRowSelected(child({1, 2})));
                 QVERIFY(selected.contains(child({1, 2})));
@@ -220,7 +220,7 @@ void TestDopeSheetSelectionModel::tellsBothSides()
     other.select(child({1, 1}), child({1, 2}));
     other.select(child({3, 1}), child({3, 2}));
     ours->select(other, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    QCOMPARE(heard, 1);
+    QCOMPARE(reports, 1);
 }
 
 void TestDopeSheetSelectionModel::silentReset()

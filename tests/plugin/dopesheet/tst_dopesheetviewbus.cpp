@@ -23,7 +23,7 @@ private Q_SLOTS:
     void messageSelects();
     void messageClearsFirst();
     void messageOfUnknownPropertyChangesNothing();
-    void messageFindsRowsThatCame();
+    void messageReachesRowsAddedLater();
     void messageDuringOwnSelectionIsIgnored();
     void anotherBus();
 
@@ -81,10 +81,10 @@ void TestDopeSheetViewBus::echoIsDropped()
         answer.clearSelection = true;
         other.send(answer);
     });
-    QSignalSpy heard(&other, &VxKeyCommunication::received);
+    QSignalSpy reports(&other, &VxKeyCommunication::received);
     QSignalSpy echoed(&bus, &VxKeyCommunication::received);
     select(translationOf(hip, 0));
-    QCOMPARE(heard.count(), 1);
+    QCOMPARE(reports.count(), 1);
     QCOMPARE(echoed.count(), 0);
     QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 160}));
 }
@@ -110,7 +110,7 @@ void TestDopeSheetViewBus::messageSelects()
     select(translationOf(hip, 1));
     VxKeyCommunication bus;
     view->setKeyCommunication(&bus);
-    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::keySelectionChanged);
     VxKeyMessage message;
     message.selectedKeys.insert(x, {0, 2});
     message.deselectedKeys.insert(x, {1});
@@ -118,7 +118,7 @@ void TestDopeSheetViewBus::messageSelects()
     bus.private_received(message);
     QCOMPARE(selected(translationOf(hip, 0)), (Times{0, 320}));
     QCOMPARE(selected(translationOf(hip, 1)), (Times{0}));
-    QCOMPARE(told.count(), 0);
+    QCOMPARE(reported.count(), 0);
 }
 
 void TestDopeSheetViewBus::messageClearsFirst()
@@ -151,7 +151,7 @@ void TestDopeSheetViewBus::messageOfUnknownPropertyChangesNothing()
     QCOMPARE(selected(translationOf(hip, 0)), Times{0});
 }
 
-void TestDopeSheetViewBus::messageFindsRowsThatCame()
+void TestDopeSheetViewBus::messageReachesRowsAddedLater()
 {
     VxKeyMessage message;
     view->handleKeyMessage(message);

@@ -49,10 +49,10 @@ void TestDopeSheetViewRows::clickSelectsTheNode()
     showView();
     view->expand(rowOf(hip));
     VxMouseDriver mouse(view->viewport());
-    QSignalSpy told(view.get(), &VxDopeSheetView::itemSelectionChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::itemSelectionChanged);
     mouse.click(view->visualRect(rowOf(leg)).center());
     QVERIFY(leg->isSelected());
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     mouse.click(view->visualRect(rowOf(ball)).center());
     QVERIFY(!leg->isSelected());
     QVERIFY(ball->isSelected());
@@ -291,7 +291,7 @@ void TestDopeSheetViewRows::everyRowAtOnce()
 {
     view->expandAll();
     QSignalSpy hit(view.get(), &VxDopeSheetView::propertyHitListChanged);
-    QSignalSpy told(view.get(), &VxDopeSheetView::itemSelectionChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::itemSelectionChanged);
     view->selectAll();
     int rows = 0;
     DopeSheetWalk::all(model.get(), [&](const QModelIndex &row) {
@@ -301,7 +301,7 @@ void TestDopeSheetViewRows::everyRowAtOnce()
         QVERIFY(view->selectionModel()->isSelected(row.sibling(row.row(), 1)));
     });
     QCOMPARE(rows, 4 * 6);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     QCOMPARE(hit.count(), 1);
     QCOMPARE(hit.at(0).at(0).value<QVector<VxProperty *>>().size(), 4 * 3);
     QCOMPARE(selectedNodes(), (QStringList{"arm", "ball", "hip", "leg"}));

@@ -33,10 +33,10 @@ private Q_SLOTS:
     void shownTogetherWithOthers();
     void draggingInTheGraph();
     void draggingPastAnotherKey();
-    void nodesGone();
+    void nodeRemovedDuringADrag();
     void rowsMadeAnew();
-    void rowsGoDuringADrag_data();
-    void rowsGoDuringADrag();
+    void rowsRemovedDuringADrag_data();
+    void rowsRemovedDuringADrag();
     void clearingReachesRowsLeftOut();
     void namedKeysOfRowsLeftOut();
 
@@ -212,14 +212,14 @@ void TestKeyGraphInDopeSheet::shownTogetherWithOthers()
     m_sheet->setKeySelection(true, otherRow, otherRow, 160 * 7, 160 * 7);
     VxMouseDriver(m_view).click(placeOfKey(3), Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selectedInRow(), QVector<int>{3});
-    QSignalSpy told(m_sheet->getKeyCommunication(), &VxKeyCommunication::sent);
+    QSignalSpy reported(m_sheet->getKeyCommunication(), &VxKeyCommunication::sent);
     clickRows({m_property, other});
-    QCOMPARE(told.size(), 1);
+    QCOMPARE(reported.size(), 1);
     QCOMPARE(selectedInGraph(), QVector<int>{3});
     QVERIFY(!m_graph->getChannels().at(1)->isKeySelected(0));
     QVERIFY(m_graph->getChannels().at(1)->isKeySelected(1));
     clickRows({other});
-    QCOMPARE(told.size(), 1);
+    QCOMPARE(reported.size(), 1);
     QVERIFY(m_graph->getChannels().at(0)->isKeySelected(1));
 }
 
@@ -259,7 +259,7 @@ void TestKeyGraphInDopeSheet::draggingPastAnotherKey()
     QCOMPARE(undoTexts(), QStringList());
 }
 
-void TestKeyGraphInDopeSheet::nodesGone()
+void TestKeyGraphInDopeSheet::nodeRemovedDuringADrag()
 {
     VxMouseDriver mouse(m_view);
     const QPoint start = placeOfKey(0);
@@ -297,7 +297,7 @@ void TestKeyGraphInDopeSheet::rowsMadeAnew()
     QCOMPARE(m_graph->getChannels().size(), 0);
 }
 
-void TestKeyGraphInDopeSheet::rowsGoDuringADrag_data()
+void TestKeyGraphInDopeSheet::rowsRemovedDuringADrag_data()
 {
     QTest::addColumn<QString>("what");
     QTest::newRow("made anew") << QStringLiteral("refresh");
@@ -306,7 +306,7 @@ void TestKeyGraphInDopeSheet::rowsGoDuringADrag_data()
 }
 
 // The keys under the mouse lose their rows, or go themselves, before the button is let go.
-void TestKeyGraphInDopeSheet::rowsGoDuringADrag()
+void TestKeyGraphInDopeSheet::rowsRemovedDuringADrag()
 {
     QFETCH(QString, what);
     const QVector<VxTime> before = timesOfKeys();

@@ -21,21 +21,21 @@ private Q_SLOTS:
     void init();
     void cleanup() { tearDown(); }
 
-    void openRowsComeBack();
+    void openRowsAreRestored();
     void closedByHandStaysClosed();
     void matchesAreSeen();
     void reopenedWhileFiltered();
     void openRowsOverSeveralTexts();
-    void rowThatIsGone();
-    void scrollComesBack();
+    void rowsDeletedWhileFiltered();
+    void scrollPositionIsRestored();
     void whatWasFoundIsShown();
     void topRowStaysAtTheTop();
     void sceneSelectionStays();
-    void selectedPropertiesComeBack();
+    void selectedPropertiesAreRestored();
     void newSelectionCounts();
     void sceneSelectionMadeMeanwhile();
-    void currentRowComesBack();
-    void graphIsToldOfShownRows();
+    void currentRowIsRestored();
+    void graphReceivesTheShownRows();
 
 private:
     void filter(const char *text)
@@ -97,7 +97,7 @@ QStringList TestTreeViewState::openRows() const
     return names;
 }
 
-void TestTreeViewState::openRowsComeBack()
+void TestTreeViewState::openRowsAreRestored()
 {
     view->expandRecursively(rowOf(arms[3]));
     view->expand(rowOf(arms[7]));
@@ -166,7 +166,7 @@ void TestTreeViewState::openRowsOverSeveralTexts()
     QCOMPARE(openRows(), before);
 }
 
-void TestTreeViewState::rowThatIsGone()
+void TestTreeViewState::rowsDeletedWhileFiltered()
 {
     view->expandAll();
     arms[0]->select(true);
@@ -179,7 +179,7 @@ void TestTreeViewState::rowThatIsGone()
     QVERIFY(vxScene->getSelectedNodes().isEmpty());
 }
 
-void TestTreeViewState::scrollComesBack()
+void TestTreeViewState::scrollPositionIsRestored()
 {
     view->scrollTo(rowOf(arms[12]), QAbstractItemView::PositionAtTop);
     QCOMPARE(topNode(), arms[12]);
@@ -228,7 +228,7 @@ void TestTreeViewState::sceneSelectionStays()
     }
 }
 
-void TestTreeViewState::selectedPropertiesComeBack()
+void TestTreeViewState::selectedPropertiesAreRestored()
 {
     const VxProperty *turn = arms[1]->getXRotControl();
     view->expandRecursively(rowOf(arms[1]));
@@ -278,7 +278,7 @@ void TestTreeViewState::sceneSelectionMadeMeanwhile()
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{arms[20]});
 }
 
-void TestTreeViewState::currentRowComesBack()
+void TestTreeViewState::currentRowIsRestored()
 {
     VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[2])).center());
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
@@ -292,21 +292,21 @@ void TestTreeViewState::currentRowComesBack()
     QCOMPARE(view->currentIndex(), rowOf(arms[2]));
 }
 
-void TestTreeViewState::graphIsToldOfShownRows()
+void TestTreeViewState::graphReceivesTheShownRows()
 {
     const VxProperty *turn = arms[1]->getXRotControl();
     view->expandRecursively(rowOf(arms[1]));
     view->selectionModel()->select(propertyRow(arms[1], turn),
                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    QSignalSpy told(view, &VxDopeSheetView::propertyHitListChanged);
+    QSignalSpy reported(view, &VxDopeSheetView::propertyHitListChanged);
     filter("leg");
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(told.at(0).at(0).value<QVector<VxProperty *>>().size(), 0);
+    QCOMPARE(reported.count(), 1);
+    QCOMPARE(reported.at(0).at(0).value<QVector<VxProperty *>>().size(), 0);
     filter("le");
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     filter("");
-    QCOMPARE(told.count(), 2);
-    QCOMPARE(told.at(1).at(0).value<QVector<VxProperty *>>().size(), 1);
+    QCOMPARE(reported.count(), 2);
+    QCOMPARE(reported.at(1).at(0).value<QVector<VxProperty *>>().size(), 1);
 }
 
 VX_TEST_MAIN(TestTreeViewState)

@@ -44,7 +44,7 @@ private Q_SLOTS:
     void droppedDragRestoresTheTime();
     void sheetDestroyedInMidDrag();
     void moveWithoutAPress();
-    void playbackGoesOn();
+    void playbackContinues();
     void rightButtonDoesNothing();
 
     void hoverCursors_data();
@@ -374,7 +374,7 @@ void TestVxDopeSheetHeaderView::moveWithoutAPress()
     QCOMPARE(vxScene->getTime(), 0);
 }
 
-void TestVxDopeSheetHeaderView::playbackGoesOn()
+void TestVxDopeSheetHeaderView::playbackContinues()
 {
     vxScene->loopPlayback(true);
     vxScene->play();

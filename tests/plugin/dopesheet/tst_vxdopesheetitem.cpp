@@ -37,9 +37,9 @@ private Q_SLOTS:
     void valueSources();
     void endlessLinksEnd();
 
-    void oneChangeIsToldTwice();
-    void changesOfTheSourceAreTold();
-    void suppressedChangesAreNotTold();
+    void oneChangeEmitsTwoSignals();
+    void changesOfTheSourceAreReported();
+    void suppressedChangesAreNotReported();
 
     void selecting_data();
     void selecting();
@@ -62,7 +62,7 @@ private Q_SLOTS:
     void lockedKeysStaySelected();
 
     void selectedKeysAreCounted();
-    void selectionGoesWithDeletedKeys();
+    void deletedKeysLeaveTheSelection();
     void deletedPropertyLeavesAnEmptyRow();
     void rowMovesWithItsSelection();
 
@@ -227,7 +227,7 @@ void TestDopeSheetItem::endlessLinksEnd()
     QCOMPARE(dopeSheetValueSource(chain[128].get()), chain[28].get());
 }
 
-void TestDopeSheetItem::oneChangeIsToldTwice()
+void TestDopeSheetItem::oneChangeEmitsTwoSignals()
 {
     makeTree({}, {});
     const QSignalSpy spy(m_rowX, &VxDopeSheetItem::keysChanged);
@@ -239,7 +239,7 @@ void TestDopeSheetItem::oneChangeIsToldTwice()
     QCOMPARE(changed.count(), 0);
 }
 
-void TestDopeSheetItem::changesOfTheSourceAreTold()
+void TestDopeSheetItem::changesOfTheSourceAreReported()
 {
     const auto special = builder->addSpecialProperties(m_node);
     VxDopeSheetItem row;
@@ -254,7 +254,7 @@ void TestDopeSheetItem::changesOfTheSourceAreTold()
     QCOMPARE(row.keyCount(), 0);
 }
 
-void TestDopeSheetItem::suppressedChangesAreNotTold()
+void TestDopeSheetItem::suppressedChangesAreNotReported()
 {
     makeTree({10}, {});
     QCOMPARE(m_root->keyCount(), 1);
@@ -622,7 +622,7 @@ void TestDopeSheetItem::selectedKeysAreCounted()
     QVERIFY(!m_root->hasSelectedKeys());
 }
 
-void TestDopeSheetItem::selectionGoesWithDeletedKeys()
+void TestDopeSheetItem::deletedKeysLeaveTheSelection()
 {
     makeTree({10, 20}, {20});
     m_rowX->setKeysSelected(true, 20, 20);

@@ -22,11 +22,11 @@ private Q_SLOTS:
     void decorations();
     void everyIndexIsSelectableOnly();
 
-    void ancestorsComeFirst();
-    void childrenComeWhenAsked();
+    void ancestorsAreAddedFirst();
+    void childrenAreFetchedOnDemand();
     void addedTwice();
     void typesAreTheLowByte();
-    void propertyRowsStandFirst();
+    void propertyRowsAreFirst();
 
     void removal();
     void removalOfUnknownNodes();
@@ -34,10 +34,10 @@ private Q_SLOTS:
     void deletedWithoutRemoval();
     void removedAndAddedAgain();
 
-    void changesAreToldForTheTopLevel();
-    void anEmptyModelTellsNothing();
-    void labelsAreToldAlsoAfterRemoval();
-    void namesAreToldOnce();
+    void changesAreReportedForTheTopLevel();
+    void anEmptyModelEmitsNothing();
+    void labelChangesAreReportedEvenAfterRemoval();
+    void nameChangesAreReportedOnce();
     void objectsChange();
     void objectsThatAreNotListed();
     void selectedKeys();
@@ -113,7 +113,7 @@ void TestDopeSheetModel::everyIndexIsSelectableOnly()
     QCOMPARE(int(m_model->flags(QModelIndex())), 0);
 }
 
-void TestDopeSheetModel::ancestorsComeFirst()
+void TestDopeSheetModel::ancestorsAreAddedFirst()
 {
     VxNode *top = node("top");
     VxNode *middle = node("middle", top);
@@ -133,7 +133,7 @@ void TestDopeSheetModel::ancestorsComeFirst()
     QCOMPARE(added.size(), 3);
 }
 
-void TestDopeSheetModel::childrenComeWhenAsked()
+void TestDopeSheetModel::childrenAreFetchedOnDemand()
 {
     VxNode *top = node("top");
     VxNode *a = node("a", top);
@@ -165,7 +165,7 @@ void TestDopeSheetModel::typesAreTheLowByte()
     QCOMPARE(model.getKeyCreationScope(), 3);
 }
 
-void TestDopeSheetModel::propertyRowsStandFirst()
+void TestDopeSheetModel::propertyRowsAreFirst()
 {
     VxNode *top = node("top");
     node("child", top);
@@ -271,7 +271,7 @@ void TestDopeSheetModel::removedAndAddedAgain()
     QCOMPARE(changes.count(), 1);
 }
 
-void TestDopeSheetModel::changesAreToldForTheTopLevel()
+void TestDopeSheetModel::changesAreReportedForTheTopLevel()
 {
     VxNode *a = node("a");
     m_model->addNode(a);
@@ -285,14 +285,14 @@ void TestDopeSheetModel::changesAreToldForTheTopLevel()
     }
 }
 
-void TestDopeSheetModel::anEmptyModelTellsNothing()
+void TestDopeSheetModel::anEmptyModelEmitsNothing()
 {
     const QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
     m_model->keysChanged();
     QCOMPARE(changes.count(), 0);
 }
 
-void TestDopeSheetModel::labelsAreToldAlsoAfterRemoval()
+void TestDopeSheetModel::labelChangesAreReportedEvenAfterRemoval()
 {
     VxNode *a = node("a");
     m_model->addNode(a);
@@ -305,7 +305,7 @@ void TestDopeSheetModel::labelsAreToldAlsoAfterRemoval()
     QCOMPARE(changes.count(), 2);
 }
 
-void TestDopeSheetModel::namesAreToldOnce()
+void TestDopeSheetModel::nameChangesAreReportedOnce()
 {
     VxNode *a = node("a");
     m_model->addNode(a);

@@ -23,7 +23,7 @@ private Q_SLOTS:
 
     void construction();
 
-    void walkGoesInOrder();
+    void walkVisitsRowsInOrder();
     void walkStopsAtTheEnd();
     void closedEndTakesAllBelow();
     void walkPastTheEnd();
@@ -35,11 +35,11 @@ private Q_SLOTS:
     void closedNodeSelectsAllBelow();
     void openNodeLeavesThoseBelow();
     void rangeOfRows();
-    void oneRowMeansNoFurther();
-    void noRowMeansTheContextRow();
+    void oneRowSelectsInNoOther();
+    void noRowSelectsInTheContextRow();
     void noRowAndNoContextRow();
     void clearSelectedKeys();
-    void clearTellsEachRowOnce();
+    void clearReportsEachRowOnce();
 
     void commonTcb();
     void commonTcbOfThree();
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void timeLineFollows();
     void timeLineLeavesNoTrace_data();
     void timeLineLeavesNoTrace();
-    void keysWidthKnowsTheSizeToCome();
+    void keysWidthIncludesThePendingResize();
     void changesOfKeysAreRepainted();
 
 private:
@@ -89,7 +89,7 @@ QStringList TestVxDopeSheetView::walked(const QModelIndex &start, const QModelIn
     return names;
 }
 
-void TestVxDopeSheetView::walkGoesInOrder()
+void TestVxDopeSheetView::walkVisitsRowsInOrder()
 {
     QCOMPARE(walked(rowOf(hip), QModelIndex()),
              (QStringList{"hip", "X Tr", "Y Tr", "Z Tr", "leg", "X Tr", "Y Tr", "Z Tr", "arm",
@@ -152,11 +152,11 @@ void TestVxDopeSheetView::spans()
     QFETCH(VxTime, start);
     QFETCH(VxTime, end);
     addKeys(hip->getXPosControl(), {-160, 0, 4799, 4800, 9600});
-    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::keySelectionChanged);
     const QModelIndex row = translationOf(hip, 0);
     view->setKeySelection(true, row, row, start, end);
     QTEST(selected(row), "times");
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
 }
 
 void TestVxDopeSheetView::deselect()
@@ -208,7 +208,7 @@ void TestVxDopeSheetView::rangeOfRows()
     QCOMPARE(selected(translationOf(ball, 0)), Times{});
 }
 
-void TestVxDopeSheetView::oneRowMeansNoFurther()
+void TestVxDopeSheetView::oneRowSelectsInNoOther()
 {
     for (VxNode *node : {hip, leg, ball})
         addKeys(node->getXPosControl(), {160});
@@ -220,7 +220,7 @@ void TestVxDopeSheetView::oneRowMeansNoFurther()
     QCOMPARE(selected(translationOf(ball, 0)), Times{});
 }
 
-void TestVxDopeSheetView::noRowMeansTheContextRow()
+void TestVxDopeSheetView::noRowSelectsInTheContextRow()
 {
     addKeys(hip->getXPosControl(), {160});
     view->setContextIndex(translationOf(hip, 0));
@@ -235,9 +235,9 @@ void TestVxDopeSheetView::noRowMeansTheContextRow()
 void TestVxDopeSheetView::noRowAndNoContextRow()
 {
     addKeys(hip->getXPosControl(), {160});
-    QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+    QSignalSpy reported(view.get(), &VxDopeSheetView::keySelectionChanged);
     view->setKeySelection(true);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     QVERIFY(!view->hasSelectedKeys());
 }
 
@@ -256,7 +256,7 @@ void TestVxDopeSheetView::clearSelectedKeys()
         QCOMPARE(selected(rowOf(node)), Times{});
 }
 
-void TestVxDopeSheetView::clearTellsEachRowOnce()
+void TestVxDopeSheetView::clearReportsEachRowOnce()
 {
     addKeys(hip->getXPosControl(), {0, 160});
     for (const bool open : {false, true}) {
@@ -266,9 +266,9 @@ void TestVxDopeSheetView::clearTellsEachRowOnce()
         VxKeyCommunication bus;
         view->setKeyCommunication(&bus);
         QSignalSpy sent(&bus, &VxKeyCommunication::sent);
-        QSignalSpy told(view.get(), &VxDopeSheetView::keySelectionChanged);
+        QSignalSpy reported(view.get(), &VxDopeSheetView::keySelectionChanged);
         view->clearSelectedKeys();
-        QCOMPARE(told.count(), 4 * 6);
+        QCOMPARE(reported.count(), 4 * 6);
         QCOMPARE(sent.count(), 4 * 3);
         view->setKeyCommunication(nullptr);
     }
@@ -404,17 +404,17 @@ void TestVxDopeSheetView::timeLineLeavesNoTrace()
 }
 
 // A scroll bar comes: the width has to be right when the header tells of it.
-void TestVxDopeSheetView::keysWidthKnowsTheSizeToCome()
+void TestVxDopeSheetView::keysWidthIncludesThePendingResize()
 {
     showView(900, 120);
-    QVector<int> told;
+    QVector<int> reported;
     connect(header, &QHeaderView::sectionResized, view.get(),
-            [&] { told += view->getKeysWidth(); });
+            [&] { reported += view->getKeysWidth(); });
     view->expandAll();
     QTRY_VERIFY(view->verticalScrollBar()->isVisible());
-    QVERIFY(!told.isEmpty());
-    QCOMPARE(told.last(), view->columnWidth(VxDopeSheetView::KeysColumn));
-    QCOMPARE(told.last(), view->viewport()->width() - 200);
+    QVERIFY(!reported.isEmpty());
+    QCOMPARE(reported.last(), view->columnWidth(VxDopeSheetView::KeysColumn));
+    QCOMPARE(reported.last(), view->viewport()->width() - 200);
     header->setStretchLastSection(false);
     header->resizeSection(1, 123);
     QCOMPARE(view->getKeysWidth(), 123);

@@ -72,8 +72,8 @@ private Q_SLOTS:
         tearDown();
     }
 
-    void stampsLieUnderEachOther_data();
-    void stampsLieUnderEachOther();
+    void laterStampsAreDrawnUnderEarlierOnes_data();
+    void laterStampsAreDrawnUnderEarlierOnes();
     void areas();
 
     void linesCoverTheirPixels_data();
@@ -155,7 +155,7 @@ QImage TestDenseKeyPainter::empty(qreal ratio) const
     return image;
 }
 
-void TestDenseKeyPainter::stampsLieUnderEachOther_data()
+void TestDenseKeyPainter::laterStampsAreDrawnUnderEarlierOnes_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::newRow("narrower than a word") << QSize(20, 15);
@@ -167,7 +167,7 @@ void TestDenseKeyPainter::stampsLieUnderEachOther_data()
 
 // As a painter puts pictures under each other, with places at and beyond all edges. What is
 // called hidden is opaque, and the other way round.
-void TestDenseKeyPainter::stampsLieUnderEachOther()
+void TestDenseKeyPainter::laterStampsAreDrawnUnderEarlierOnes()
 {
     QFETCH(QSize, size);
     const QImage picture = drawn(diamond);

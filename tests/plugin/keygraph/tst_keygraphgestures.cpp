@@ -22,7 +22,7 @@ private Q_SLOTS:
     void neighboursKeepTheirDistance_data();
     void neighboursKeepTheirDistance();
     void aPressAloneHoldsNothing();
-    void channelsThatGoInADrag();
+    void channelsRemovedDuringADrag();
 
     void timeIsCutBeforeItIsRounded();
     void timeKeepsItsDistanceFromTheMouse();
@@ -36,7 +36,7 @@ private Q_SLOTS:
     void pressOnAKeyShowsTheHand();
     void pressOnSpaceTakesTheCursorAway();
     void doubleClicksAreAcceptedOnKeys();
-    void doubleClickForgetsFormerHits();
+    void doubleClickClearsFormerHits();
 
     void marksAreOfTheWidget();
     void timeLineIsCutToThePixel();
@@ -109,7 +109,7 @@ void TestKeyGraphGestures::aPressAloneHoldsNothing()
 }
 
 // Somebody who hears of the change shows other curves. Nothing is told of those that are gone.
-void TestKeyGraphGestures::channelsThatGoInADrag()
+void TestKeyGraphGestures::channelsRemovedDuringADrag()
 {
     showProperties({makeKeys(x(), "..a..b")});
     m_mouse->press(placeOfKey(x(), 1));
@@ -259,7 +259,7 @@ void TestKeyGraphGestures::doubleClicksAreAcceptedOnKeys()
     QVERIFY(!send(QEvent::MouseButtonDblClick, QPoint(300, 100)));
 }
 
-void TestKeyGraphGestures::doubleClickForgetsFormerHits()
+void TestKeyGraphGestures::doubleClickClearsFormerHits()
 {
     showProperties({makeKeys(x(), "..a..b")});
     m_mouse->click(placeOfKey(x(), 1));

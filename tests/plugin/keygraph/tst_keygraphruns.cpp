@@ -129,7 +129,7 @@ void TestKeyGraphRuns::aBandShowsItsCurve_data()
     QTest::newRow("keys that touch") << 8 << false << 1 << true;
     QTest::newRow("keys apart, one by one") << 10 << false << 1 << false;
     QTest::newRow("keys apart, in a dense") << 10 << true << 1 << false;
-    QTest::newRow("as many curves as colours tell apart") << 1 << false << 24 << true;
+    QTest::newRow("as many curves as distinct colours") << 1 << false << 24 << true;
     QTest::newRow("so many in a dense") << 1 << true << 24 << true;
     QTest::newRow("more curves") << 1 << false << 25 << false;
     QTest::newRow("more in a dense") << 1 << true << 25 << false;

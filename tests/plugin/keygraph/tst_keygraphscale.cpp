@@ -67,14 +67,14 @@ private Q_SLOTS:
     void framingOfFlatKeys();
     void framingOfNearlyFlatKeys();
     void framingBelowZero();
-    void zoomingTakesTheRememberedScaleOff();
+    void zoomingStartsFromTheScaleAtThePress();
     void zoomingEndsSomewhere();
     void fittingTimes();
     void fittingAnEmptyRange();
     void zoomingTimesKeepsTheMouse();
 
     void samplesAtEverySecondColumn();
-    void pointsLieAtTheirTimes();
+    void pointsAreAtTheirTimes();
 
     void hitsAreMarks_data();
     void hitsAreMarks();
@@ -215,7 +215,7 @@ void TestKeyGraphScale::framingBelowZero()
     QCOMPARE(span.high, 7.0);
 }
 
-void TestKeyGraphScale::zoomingTakesTheRememberedScaleOff()
+void TestKeyGraphScale::zoomingStartsFromTheScaleAtThePress()
 {
     const KeyGraphScale start = plainScale();
     KeyGraphScale scale = start;
@@ -289,7 +289,7 @@ void TestKeyGraphScale::samplesAtEverySecondColumn()
 }
 
 // Zoomed in beyond a tick a pixel, samples lie at whole ticks, not at the columns.
-void TestKeyGraphScale::pointsLieAtTheirTimes()
+void TestKeyGraphScale::pointsAreAtTheirTimes()
 {
     KeyGraphScale scale = plainScale();
     scale.ticksPerPixel = 0.25;

@@ -47,7 +47,7 @@ private Q_SLOTS:
     void units();
     void valuesAreNarrowed();
     void valuesThatDoNotFitAreRefused();
-    void oneThatDoesNotFitHoldsNobodyUp();
+    void oneInvalidMoveDoesNotBlockTheOthers();
     void interpolationPartsAreKeptApart();
     void keysAreRemoved();
     void manyValuesAtOnce();
@@ -57,7 +57,7 @@ private Q_SLOTS:
     void movesOntoItsOwnTime();
     void movedKeysKeepTheirShape();
     void movedKeysTakeTheirStartAlong();
-    void movesThatChangeTheOrderAreTold();
+    void movesThatChangeTheOrderSendMessages();
     void movesMayCross();
     void lockedKeysStay();
     void selectionFollowsKeysThroughARebuild();
@@ -66,16 +66,16 @@ private Q_SLOTS:
     void aSelectedNeighbourStaysSelected_data();
     void aSelectedNeighbourStaysSelected();
 
-    void selectingRemembersThePresentValue();
+    void selectingStoresTheDragStart();
     void refreshLeavesKeysThatAreNotSelected();
-    void selectingTellsTheOtherSide();
+    void selectingSendsAMessage();
     void publishing();
-    void applyingNeverTells();
-    void deselectingComesLast();
+    void applyingSendsNoMessage();
+    void deselectionIsSentLast();
     void applyingIgnoresKeysThatAreNone();
     void boxGivesBackWhatItTook();
     void boxTakesUpTheDragStart();
-    void boxToldOnce();
+    void boxSendsOneMessage();
 };
 
 void TestFloatChannel::labelNamesNodeAndProperty()
@@ -183,7 +183,7 @@ void TestFloatChannel::valuesThatDoNotFitAreRefused()
 }
 
 // Of keys that are moved together, only the one that does not fit stays.
-void TestFloatChannel::oneThatDoesNotFitHoldsNobodyUp()
+void TestFloatChannel::oneInvalidMoveDoesNotBlockTheOthers()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
     VxFloatChannel channel(property, nullptr);
@@ -327,7 +327,7 @@ void TestFloatChannel::movedKeysTakeTheirStartAlong()
     QCOMPARE(channel.getKeyCache().at(2).dragStartTime, 0);
 }
 
-void TestFloatChannel::movesThatChangeTheOrderAreTold()
+void TestFloatChannel::movesThatChangeTheOrderSendMessages()
 {
     VxKeyCommunication bus;
     listen(&bus);
@@ -422,7 +422,7 @@ void TestFloatChannel::aSelectedNeighbourStaysSelected()
     QCOMPARE(messages.at(1).selectedKeys.value(property), QVector<qint32>{index});
 }
 
-void TestFloatChannel::selectingRemembersThePresentValue()
+void TestFloatChannel::selectingStoresTheDragStart()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "ab");
     VxFloatChannel channel(property, nullptr);
@@ -447,7 +447,7 @@ void TestFloatChannel::refreshLeavesKeysThatAreNotSelected()
     QVERIFY(!channel.getKeyCache().at(1).selectedAtPress);
 }
 
-void TestFloatChannel::selectingTellsTheOtherSide()
+void TestFloatChannel::selectingSendsAMessage()
 {
     VxKeyCommunication bus;
     listen(&bus);
@@ -478,7 +478,7 @@ void TestFloatChannel::publishing()
     QVERIFY(messages.at(0).selectedTimes.isEmpty() && messages.at(0).deselectedTimes.isEmpty());
 }
 
-void TestFloatChannel::applyingNeverTells()
+void TestFloatChannel::applyingSendsNoMessage()
 {
     VxKeyCommunication bus;
     listen(&bus);
@@ -500,7 +500,7 @@ void TestFloatChannel::applyingNeverTells()
     QCOMPARE(messages.size(), 0);
 }
 
-void TestFloatChannel::deselectingComesLast()
+void TestFloatChannel::deselectionIsSentLast()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
     VxFloatChannel channel(property, nullptr);
@@ -555,7 +555,7 @@ void TestFloatChannel::boxTakesUpTheDragStart()
     QCOMPARE(channel.getKeyCache().at(3).dragStartValue, 3.0);
 }
 
-void TestFloatChannel::boxToldOnce()
+void TestFloatChannel::boxSendsOneMessage()
 {
     VxKeyCommunication bus;
     listen(&bus);

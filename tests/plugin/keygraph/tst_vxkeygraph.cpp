@@ -34,8 +34,8 @@ private Q_SLOTS:
     void othersThanFloatsAreIgnored();
     void changesInvalidateAllChannels();
     void changesOfTheKeyHolderArrive();
-    void propertyGone_data();
-    void propertyGone();
+    void removedPropertyLeavesTheGraph_data();
+    void removedPropertyLeavesTheGraph();
     void connectionsAreUndone();
     void messagesReachEveryChannel();
     void messagesForOthersChangeNothing();
@@ -45,7 +45,7 @@ private Q_SLOTS:
     void followsTheParametersPane();
     void followsTheCurrentRow();
     void monitoringEnds();
-    void monitoringWaitsForThePane();
+    void monitoringStartsWhenThePaneAppears();
 
 private:
     QVector<VxProperty *> shown() const;
@@ -206,7 +206,7 @@ void TestKeyGraph::changesOfTheKeyHolderArrive()
     QCOMPARE(m_graph->getChannels().at(0)->getKeyCache().size(), 2);
 }
 
-void TestKeyGraph::propertyGone_data()
+void TestKeyGraph::removedPropertyLeavesTheGraph_data()
 {
     QTest::addColumn<int>("way");
     QTest::newRow("the property is removed from its owner") << 0;
@@ -216,10 +216,10 @@ void TestKeyGraph::propertyGone_data()
     QTest::newRow("the object with the property is replaced") << 4;
     QTest::newRow("the scene is cleared") << 5;
     QTest::newRow("a property without owner is destroyed") << 6;
-    QTest::newRow("the node leaves the scene and can come back") << 7;
+    QTest::newRow("the node is removed and kept for undo") << 7;
 }
 
-void TestKeyGraph::propertyGone()
+void TestKeyGraph::removedPropertyLeavesTheGraph()
 {
     QFETCH(int, way);
     vxApp->start();
@@ -333,11 +333,11 @@ void TestKeyGraph::aNewPeerReplacesTheFormer()
     second.send(VxKeyMessage());
     QCOMPARE(received.size(), 1);
     // A channel from before speaks over the new end.
-    QSignalSpy heardByFirst(&first, &VxKeyCommunication::received);
-    QSignalSpy heardBySecond(&second, &VxKeyCommunication::received);
+    QSignalSpy receivedByFirst(&first, &VxKeyCommunication::received);
+    QSignalSpy receivedBySecond(&second, &VxKeyCommunication::received);
     m_graph->getChannels().at(0)->setKeySelected(0, true);
-    QCOMPARE(heardByFirst.size(), 0);
-    QCOMPARE(heardBySecond.size(), 1);
+    QCOMPARE(receivedByFirst.size(), 0);
+    QCOMPARE(receivedBySecond.size(), 1);
 }
 
 void TestKeyGraph::noEcho()
@@ -410,7 +410,7 @@ void TestKeyGraph::monitoringEnds()
     QVERIFY(shown().isEmpty());
 }
 
-void TestKeyGraph::monitoringWaitsForThePane()
+void TestKeyGraph::monitoringStartsWhenThePaneAppears()
 {
     m_graph->setMonitorParametersPane(true);
     auto *parameters = new VxParametersPane;

@@ -30,7 +30,7 @@ private Q_SLOTS:
     void altDragMovesTheRest();
     void undoAndRedo();
     void lockedKeysStay();
-    void theOtherSideHears();
+    void dragSendsMessages();
     void aSecondButtonDoesNotInterrupt();
     void nodesDeletedInMidDrag();
     void droppedDrag_data();
@@ -300,16 +300,16 @@ void TestKeyGraphDrag::lockedKeysStay()
 }
 
 // After each step the other side is told which keys are selected, by their present indexes.
-void TestKeyGraphDrag::theOtherSideHears()
+void TestKeyGraphDrag::dragSendsMessages()
 {
     showProperties({makeKeys(x(), "..a..b..c")});
-    QVector<VxKeyMessage> heard;
+    QVector<VxKeyMessage> reports;
     connect(peer.get(), &VxKeyCommunication::received, peer.get(),
-            [&](const VxKeyMessage &message) { heard += message; });
+            [&](const VxKeyMessage &message) { reports += message; });
     m_mouse->press(placeOfKey(x(), 0));
-    QCOMPARE(heard.size(), 1);
+    QCOMPARE(reports.size(), 1);
     m_mouse->moveTo(placeOfKey(x(), 0) + QPoint(90, 0));
-    QCOMPARE(heard.last().selectedKeys.value(x()), QVector<qint32>{2});
+    QCOMPARE(reports.last().selectedKeys.value(x()), QVector<qint32>{2});
     m_mouse->release(placeOfKey(x(), 0) + QPoint(90, 0));
 }
 

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void signalsAndSlotsInOrder();
     void relaysTheChannelList();
     void anotherGraph();
-    void aGraphThatIsGone();
+    void aDestroyedGraph();
     void paintsNothingWithoutAGraph();
 
     void firstViewShowsTheAnimationRange();
@@ -107,7 +107,7 @@ void TestKeyGraphView::anotherGraph()
     QCOMPARE(lists.size(), 1);
 }
 
-void TestKeyGraphView::aGraphThatIsGone()
+void TestKeyGraphView::aDestroyedGraph()
 {
     showView();
     showProperties({makeKeys(x(), "a...b")});

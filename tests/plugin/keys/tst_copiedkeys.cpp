@@ -118,7 +118,7 @@ void TestCopiedKeys::roundings_data()
     QTest::addColumn<double>("value");
     QTest::addColumn<int>("rounded");
 
-    QTest::newRow("a half goes down") << 2.5 << 2;
+    QTest::newRow("a half is rounded down") << 2.5 << 2;
     QTest::newRow("more than a half") << 2.6 << 3;
     QTest::newRow("little") << 2.1 << 2;
     QTest::newRow("whole") << 3.0 << 3;

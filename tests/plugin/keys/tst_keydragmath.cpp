@@ -59,7 +59,7 @@ void TestKeyDragMath::times_data()
 
     QTest::newRow("time 0") << 202 << 0 << 0;
     QTest::newRow("one frame on") << 212 << 160 << 160;
-    QTest::newRow("half a frame goes up") << 207 << 80 << 160;
+    QTest::newRow("half a frame is rounded up") << 207 << 80 << 160;
     QTest::newRow("just below half") << 206 << 64 << 0;
     QTest::newRow("left of time 0") << 192 << -160 << -160;
     QTest::newRow("in the names") << 2 << -3200 << -3200;
@@ -89,7 +89,7 @@ void TestKeyDragMath::offsets_data()
     QTest::newRow("half a frame") << 262 << 267 << 960 << true << 160;
     QTest::newRow("ten frames") << 264 << 364 << 960 << true << 1600;
     QTest::newRow("back") << 264 << 214 << 960 << true << -800;
-    QTest::newRow("a key between frames goes to one") << 266 << 300 << 1000 << true << 600;
+    QTest::newRow("a key between frames snaps to one") << 266 << 300 << 1000 << true << 600;
     QTest::newRow("even when the mouse rests") << 266 << 266 << 1000 << true << -40;
     QTest::newRow("Ctrl: to the tick") << 266 << 300 << 1000 << false << 544;
     QTest::newRow("Ctrl: back") << 266 << 265 << 1000 << false << -16;
@@ -132,11 +132,11 @@ void TestKeyDragMath::limits_data()
 
     QTest::newRow("free") << qint64(100) << 0 << 500 << 100;
     QTest::newRow("free, back") << qint64(-100) << 400 << 500 << -100;
-    QTest::newRow("the first key stands at 0") << qint64(-100) << 0 << 500 << 0;
-    QTest::newRow("the first key comes to 0") << qint64(-500) << 400 << 500 << -400;
+    QTest::newRow("the first key is at 0") << qint64(-100) << 0 << 500 << 0;
+    QTest::newRow("the first key reaches 0") << qint64(-500) << 400 << 500 << -400;
     QTest::newRow("exactly to 0") << qint64(-400) << 400 << 500 << -400;
-    QTest::newRow("the last key stands at the end") << qint64(100) << 0 << 9600 << 0;
-    QTest::newRow("the last key comes to the end") << qint64(9600) << 0 << 500 << 9100;
+    QTest::newRow("the last key is at the end") << qint64(100) << 0 << 9600 << 0;
+    QTest::newRow("the last key reaches the end") << qint64(9600) << 0 << 500 << 9100;
     QTest::newRow("exactly to the end") << qint64(9100) << 0 << 500 << 9100;
     QTest::newRow("nothing asked") << qint64(0) << 0 << 500 << 0;
     QTest::newRow("nothing asked, before 0") << qint64(0) << -400 << 500 << 400;

@@ -45,7 +45,7 @@ void TestKeyDragPlan::times_data()
     QTest::newRow("half a frame") << 0 << 80 << 160 << 160;
     QTest::newRow("half a frame before zero") << 0 << -80 << 160 << -160;
     QTest::newRow("less before zero") << 0 << -79 << 160 << 0;
-    QTest::newRow("off the frames comes onto one") << 70 << 20 << 160 << 160;
+    QTest::newRow("off the frames snaps to one") << 70 << 20 << 160 << 160;
     QTest::newRow("beyond all times") << 100 << int(VxTimeMax) << 0 << int(VxTimeMax);
 }
 

@@ -18,11 +18,11 @@ struct Side
     Side()
     {
         QObject::connect(&bus, &VxKeyCommunication::received, &bus,
-                         [this](const VxKeyMessage &message) { heard.append(message); });
+                         [this](const VxKeyMessage &message) { messages.append(message); });
     }
 
     VxKeyCommunication bus;
-    QVector<VxKeyMessage> heard;
+    QVector<VxKeyMessage> messages;
 };
 
 } // namespace
@@ -38,7 +38,7 @@ private Q_SLOTS:
     void aNewMessageIsEmpty();
     void metaMethodsInOrder();
     void aMessageArrivesWhole();
-    void aSenderDoesNotHearItself();
+    void aSenderReceivesNoMessageOfItsOwn();
     void aReplyDuringSendingIsDropped();
     void sendingPutsTheMutingBack();
     void mutedEndDropsMessages();
@@ -85,20 +85,20 @@ void TestKeyCommunication::aMessageArrivesWhole()
     message.deselectedKeys[&property] = {2};
     sheet.bus.send(message);
 
-    QCOMPARE(graph.heard.size(), 1);
-    QVERIFY(graph.heard.first().clearSelection);
-    QCOMPARE(graph.heard.first().selectedKeys, message.selectedKeys);
-    QCOMPARE(graph.heard.first().deselectedKeys, message.deselectedKeys);
+    QCOMPARE(graph.messages.size(), 1);
+    QVERIFY(graph.messages.first().clearSelection);
+    QCOMPARE(graph.messages.first().selectedKeys, message.selectedKeys);
+    QCOMPARE(graph.messages.first().deselectedKeys, message.deselectedKeys);
 }
 
-void TestKeyCommunication::aSenderDoesNotHearItself()
+void TestKeyCommunication::aSenderReceivesNoMessageOfItsOwn()
 {
     Side sheet;
     Side graph;
     VxKeyCommunication::connectEnds(&sheet.bus, &graph.bus);
     graph.bus.send(VxKeyMessage());
-    QCOMPARE(sheet.heard.size(), 1);
-    QVERIFY(graph.heard.isEmpty());
+    QCOMPARE(sheet.messages.size(), 1);
+    QVERIFY(graph.messages.isEmpty());
 }
 
 void TestKeyCommunication::aReplyDuringSendingIsDropped()
@@ -113,8 +113,8 @@ void TestKeyCommunication::aReplyDuringSendingIsDropped()
     });
     sheet.bus.send(VxKeyMessage());
     QCOMPARE(replies, 1);
-    QCOMPARE(graph.heard.size(), 1);
-    QVERIFY(sheet.heard.isEmpty());
+    QCOMPARE(graph.messages.size(), 1);
+    QVERIFY(sheet.messages.isEmpty());
 }
 
 void TestKeyCommunication::sendingPutsTheMutingBack()
@@ -138,10 +138,10 @@ void TestKeyCommunication::mutedEndDropsMessages()
     Side side;
     side.bus.setMuted(true);
     side.bus.private_received(VxKeyMessage());
-    QVERIFY(side.heard.isEmpty());
+    QVERIFY(side.messages.isEmpty());
     side.bus.setMuted(false);
     side.bus.private_received(VxKeyMessage());
-    QCOMPARE(side.heard.size(), 1);
+    QCOMPARE(side.messages.size(), 1);
 }
 
 void TestKeyCommunication::connectingTwiceDeliversOnce()
@@ -152,8 +152,8 @@ void TestKeyCommunication::connectingTwiceDeliversOnce()
     VxKeyCommunication::connectEnds(&graph.bus, &sheet.bus);
     sheet.bus.send(VxKeyMessage());
     graph.bus.send(VxKeyMessage());
-    QCOMPARE(graph.heard.size(), 1);
-    QCOMPARE(sheet.heard.size(), 1);
+    QCOMPARE(graph.messages.size(), 1);
+    QCOMPARE(sheet.messages.size(), 1);
 }
 
 void TestKeyCommunication::aNewPeerReplacesTheGraphsEnd()
@@ -162,19 +162,20 @@ void TestKeyCommunication::aNewPeerReplacesTheGraphsEnd()
     VxKeyGraph graph;
     Side first;
     Side second;
-    int heardByGraph = 0;
-    connect(&graph, &VxKeyGraph::receivedKeyMessage, &graph, [&heardByGraph] { ++heardByGraph; });
+    int receivedByGraph = 0;
+    connect(&graph, &VxKeyGraph::receivedKeyMessage, &graph,
+            [&receivedByGraph] { ++receivedByGraph; });
 
     graph.setKeyCommunication(&first.bus);
     graph.setKeyCommunication(&second.bus);
     graph.setKeyCommunication(&second.bus);
     first.bus.send(VxKeyMessage());
-    QCOMPARE(heardByGraph, 0);
+    QCOMPARE(receivedByGraph, 0);
     second.bus.send(VxKeyMessage());
-    QCOMPARE(heardByGraph, 1);
+    QCOMPARE(receivedByGraph, 1);
     graph.getKeyCommunication()->send(VxKeyMessage());
-    QCOMPARE(second.heard.size(), 1);
-    QVERIFY(first.heard.isEmpty());
+    QCOMPARE(second.messages.size(), 1);
+    QVERIFY(first.messages.isEmpty());
     QCOMPARE(graph.getKeyCommunication()->parent(), &graph);
     QCOMPARE(graph.findChildren<VxKeyCommunication *>().size(), 1);
 }

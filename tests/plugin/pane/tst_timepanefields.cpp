@@ -39,7 +39,7 @@ private Q_SLOTS:
     void rateOfNoneTwice();
     void rateOfOneIsTaken();
     void rateOfNoneThenAnother();
-    void stepKeysLeaveTheStandIn();
+    void stepKeysLeaveThePlaceholder();
 
     void oddRates_data();
     void oddRates();
@@ -371,7 +371,7 @@ void TestTimePaneFields::rateOfNoneThenAnother()
     QCOMPARE(undoTexts(), QStringList({"Set FPS", "Set FPS"}));
 }
 
-void TestTimePaneFields::stepKeysLeaveTheStandIn()
+void TestTimePaneFields::stepKeysLeaveThePlaceholder()
 {
     QTest::keyClick(enter(Rate), Qt::Key_Delete);
     QTest::keyClick(field(Rate), Qt::Key_Up);

@@ -36,15 +36,15 @@ Shape shapeOf(const VxFloatProperty *property, int key)
 }
 
 // Remembers what its status line was told.
-class TalkativeWindow : public VxMainWindow
+class MessageWindow : public VxMainWindow
 {
 public:
     void showStatusMessage(const QString &text, int milliseconds) override
     {
         Q_UNUSED(milliseconds)
-        told += text;
+        messages += text;
     }
-    QStringList told;
+    QStringList messages;
 };
 
 } // namespace
@@ -86,7 +86,7 @@ private Q_SLOTS:
     void framesBeyondTheEndOfTime();
 
     void buttonsCopyPasteDelete();
-    void copyingIsTold();
+    void copyingIsReported();
     void nothingToCopy();
     void nothingToPaste();
     void noRowToPasteInto();
@@ -554,53 +554,53 @@ void TestTimePaneKeyCommands::buttonsCopyPasteDelete()
     QCOMPARE(keyTimes(x()), Times({0, 1600, 3200}));
 }
 
-void TestTimePaneKeyCommands::copyingIsTold()
+void TestTimePaneKeyCommands::copyingIsReported()
 {
-    TalkativeWindow window;
+    MessageWindow window;
     clickKey(x(), 1600);
     pane->copySelectedKeys();
-    QCOMPARE(window.told, QStringList("Copied 1 key."));
+    QCOMPARE(window.messages, QStringList("Copied 1 key."));
     clickKey(x(), 3200, Qt::ControlModifier);
     pane->copySelectedKeys();
-    QCOMPARE(window.told.last(), QString("Copied 2 keys."));
+    QCOMPARE(window.messages.last(), QString("Copied 2 keys."));
 }
 
 void TestTimePaneKeyCommands::nothingToCopy()
 {
-    TalkativeWindow window;
+    MessageWindow window;
     view()->clearSelectedKeys();
     pane->copySelectedKeys();
-    QCOMPARE(window.told, QStringList("No keys are selected."));
+    QCOMPARE(window.messages, QStringList("No keys are selected."));
     QCOMPARE(undoTexts(), QStringList());
 }
 
 void TestTimePaneKeyCommands::nothingToPaste()
 {
-    TalkativeWindow window;
+    MessageWindow window;
     vxScene->setTime(4800);
     pane->pasteKeys();
-    QCOMPARE(window.told, QStringList("No keys have been copied."));
+    QCOMPARE(window.messages, QStringList("No keys have been copied."));
     QCOMPARE(keyTimes(x()), Times({0, 1600, 3200}));
     QCOMPARE(undoTexts(), QStringList());
 }
 
 void TestTimePaneKeyCommands::noRowToPasteInto()
 {
-    TalkativeWindow window;
+    MessageWindow window;
     clickKey(x(), 1600);
     pane->copySelectedKeys();
-    window.told.clear();
+    window.messages.clear();
     setTypes(VxTimePane::PropRotate);
     vxScene->setTime(4800);
     pane->pasteKeys();
-    QCOMPARE(window.told, QStringList("No row matches the copied keys."));
+    QCOMPARE(window.messages, QStringList("No row matches the copied keys."));
     setTypes(VxTimePane::PropTranslate);
     x()->setLocked(true);
     pane->pasteKeys();
-    QCOMPARE(window.told.size(), 2);
+    QCOMPARE(window.messages.size(), 2);
     x()->setLocked(false);
     pane->pasteKeys();
-    QCOMPARE(window.told.size(), 2);
+    QCOMPARE(window.messages.size(), 2);
     QCOMPARE(keyTimes(x()), Times({0, 1600, 3200, 4800}));
     QCOMPARE(undoTexts(), QStringList("Paste Keys"));
 }

@@ -33,13 +33,13 @@ private Q_SLOTS:
     void followsTheSelection();
     void followsAClickInTheSheet();
     void nodeWithoutRow();
-    void rowThatComesLater();
-    void rowThatGoes();
+    void rowAddedLater();
+    void rowRemoved();
     void rowTakenOutOfTheSheet();
     void anotherModel();
     void clearedScene();
     void hiddenPane();
-    void marksStandAtTheKeys();
+    void marksAreDrawnAtTheKeys();
     void playheadLeavesNoTrace();
     void columnsPaintedOneByOne();
 
@@ -126,7 +126,7 @@ void TestTimePaneKeySource::nodeWithoutRow()
     QVERIFY(isEverything());
 }
 
-void TestTimePaneKeySource::rowThatComesLater()
+void TestTimePaneKeySource::rowAddedLater()
 {
     showPane();
     vxScene->beginLoad();
@@ -137,7 +137,7 @@ void TestTimePaneKeySource::rowThatComesLater()
     QTRY_COMPARE(sourceNode(), late);
 }
 
-void TestTimePaneKeySource::rowThatGoes()
+void TestTimePaneKeySource::rowRemoved()
 {
     showPane();
     a->select(true);
@@ -205,7 +205,7 @@ void TestTimePaneKeySource::hiddenPane()
 }
 
 // A low band at the bottom; above it nothing changes.
-void TestTimePaneKeySource::marksStandAtTheKeys()
+void TestTimePaneKeySource::marksAreDrawnAtTheKeys()
 {
     showPane();
     vxScene->setAnimRange(VxTimeRange(0, 100 * 160));

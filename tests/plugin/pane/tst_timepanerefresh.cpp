@@ -24,7 +24,7 @@ private Q_SLOTS:
     void everythingStays();
     void groupsThatNestDeeper();
     void filterStays();
-    void keysOfRowsThatAreGone();
+    void keysOfRemovedRows();
     void clickKeepsTheGraph_data();
     void clickKeepsTheGraph();
     void clickOnAnotherNode();
@@ -150,7 +150,7 @@ void TestTimePaneRefresh::filterStays()
     QVERIFY(!view->isExpanded(rowOf(nodes[5])));
 }
 
-void TestTimePaneRefresh::keysOfRowsThatAreGone()
+void TestTimePaneRefresh::keysOfRemovedRows()
 {
     VxFloatProperty *turn = nodes[1]->getXRotControl();
     turn->setKey(320, 1.0f, VxKeyInterp::Linear);

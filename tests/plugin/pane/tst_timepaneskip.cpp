@@ -33,7 +33,7 @@ private Q_SLOTS:
     void onlyWhatIsSelected();
     void rangeEnds_data();
     void rangeEnds();
-    void undoGoesBackStepByStep();
+    void undoRevertsStepByStep();
     void nothingSelected();
     void severalAtOneTime();
     void farKeys();
@@ -119,13 +119,13 @@ void TestTimePaneSkip::rangeEnds_data()
                         VxTime then) { QTest::newRow(name) << forward << range << now << then; };
     row("back, no key before: the start", false, {0, 4800}, 500, 0);
     row("back, at the start", false, {0, 4800}, 0, 0);
-    row("back, the key lies before the start", false, {1000, 4800}, 1500, 1000);
+    row("back, the key is before the start", false, {1000, 4800}, 1500, 1000);
     row("back, a key on the start", false, {800, 4800}, 1500, 800);
     row("back, from before the start: forward to it", false, {1000, 4800}, 500, 1000);
     row("back, from beyond the end: the last key", false, {0, 3000}, 4500, 4000);
     row("forward, no key after: the end", true, {0, 4800}, 4000, 4800);
     row("forward, at the end", true, {0, 4800}, 4800, 4800);
-    row("forward, the key lies beyond the end", true, {0, 3000}, 2500, 3000);
+    row("forward, the key is beyond the end", true, {0, 3000}, 2500, 3000);
     row("forward, a key on the end", true, {0, 3200}, 2500, 3200);
     row("forward, from beyond the end: back to it", true, {0, 3000}, 4500, 3000);
     row("forward, from before the start: the first key", true, {1000, 4800}, -50, 800);
@@ -143,7 +143,7 @@ void TestTimePaneSkip::rangeEnds()
     QCOMPARE(undoTexts().size(), now == then ? 0 : 1);
 }
 
-void TestTimePaneSkip::undoGoesBackStepByStep()
+void TestTimePaneSkip::undoRevertsStepByStep()
 {
     walk(true, 3);
     VxUndoStack *stack = vxApp->getUndoStack();

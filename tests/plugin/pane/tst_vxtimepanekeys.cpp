@@ -37,8 +37,8 @@ private Q_SLOTS:
 
     void createKeysOnEverything();
     void deleteKeysAtTheTime();
-    void wantedProperties_data();
-    void wantedProperties();
+    void filteredProperties_data();
+    void filteredProperties();
     void aliasesNeedTheirBits();
     void lockedAndStillPropertiesAreLeftOut();
     void controlsOfOthersNeedNoBit();
@@ -119,7 +119,7 @@ void TestTimePaneKeys::deleteKeysAtTheTime()
     QCOMPARE(undoTexts(), QStringList("Delete Keys"));
 }
 
-void TestTimePaneKeys::wantedProperties_data()
+void TestTimePaneKeys::filteredProperties_data()
 {
     QTest::addColumn<int>("types");
     QTest::addColumn<QString>("keyed");
@@ -133,7 +133,7 @@ void TestTimePaneKeys::wantedProperties_data()
     QTest::newRow("all") << 63 << "position rotation scale uniform own hidden shy";
 }
 
-void TestTimePaneKeys::wantedProperties()
+void TestTimePaneKeys::filteredProperties()
 {
     QFETCH(int, types);
     VxNode *node = addNode("a");

@@ -48,21 +48,21 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void settingTheSameModeTellsNothing();
+    void settingTheSameModeEmitsNothing();
     void viewModes_data();
     void viewModes();
-    void nameColumnComesBack();
-    void nameColumnOfANewPaneComesBack();
+    void nameColumnIsRestored();
+    void nameColumnOfANewPaneIsRestored();
     void nameColumnOfOtherModesIsNotKept();
     void nameColumnTooNarrowForANameIsWidened();
-    void graphStandsRightOfTheNameColumn();
+    void graphIsRightOfTheNameColumn();
     void leavingTheAdvancedViewLeavesThePropertiesScope();
     void invalidChoicesAreRefused();
     void keyGraphOpensInTheAdvancedViewOnly();
     void keyGraphButtonOpensAndCloses();
     void keyGraphStateSurvivesModes();
     void controlsPosition();
-    void settingTheSamePositionTellsNothing();
+    void settingTheSamePositionEmitsNothing();
     void extrasFollowTheWidth();
     void everythingFitsASmallScreen();
     void extrasStayAwayWhenTheViewChangesBehindATab();
@@ -73,7 +73,7 @@ private Q_SLOTS:
     void controlsExplainThemselves();
 };
 
-void TestTimePaneLayout::settingTheSameModeTellsNothing()
+void TestTimePaneLayout::settingTheSameModeEmitsNothing()
 {
     const QSignalSpy changes(pane.get(), &VxTimePane::viewModeChanged);
     pane->setViewMode(VxTimePane::AdvancedView);
@@ -134,7 +134,7 @@ void TestTimePaneLayout::viewModes()
     QCOMPARE(find<QAbstractButton>("TimelineKeyGraphBtn")->isChecked(), isAdvanced);
 }
 
-void TestTimePaneLayout::nameColumnComesBack()
+void TestTimePaneLayout::nameColumnIsRestored()
 {
     showPane();
     VxDopeSheetView *view = pane->getDopeSheetView();
@@ -153,7 +153,7 @@ void TestTimePaneLayout::nameColumnComesBack()
     QCOMPARE(column->parentWidget()->childAt(331, 5), view->header()->viewport());
 }
 
-void TestTimePaneLayout::nameColumnOfANewPaneComesBack()
+void TestTimePaneLayout::nameColumnOfANewPaneIsRestored()
 {
     pane->setViewMode(VxTimePane::BasicView);
     showPane();
@@ -185,7 +185,7 @@ void TestTimePaneLayout::nameColumnTooNarrowForANameIsWidened()
 }
 
 // Below the names the graph has a ground of its own.
-void TestTimePaneLayout::graphStandsRightOfTheNameColumn()
+void TestTimePaneLayout::graphIsRightOfTheNameColumn()
 {
     showPane();
     const auto hasEdgeAt = [this](int x) {
@@ -302,7 +302,7 @@ void TestTimePaneLayout::controlsPosition()
     QCOMPARE(changes.count(), 2);
 }
 
-void TestTimePaneLayout::settingTheSamePositionTellsNothing()
+void TestTimePaneLayout::settingTheSamePositionEmitsNothing()
 {
     const QSignalSpy changes(pane.get(), &VxTimePane::controlsPositionChanged);
     pane->setControlsPosition(VxTimePane::ControlsBottom);

@@ -72,17 +72,17 @@ private Q_SLOTS:
     void closingApplicationScrollsNoMore();
     void keyScopeSelectsTheRowsAnew();
     void hidingLeavesTheRestForLater();
-    void paneGoesBeforeItsEvents();
+    void paneDestroyedBeforeItsEvents();
     void rowsFollowTheSelection();
     void rowsFollowWhenThePrimaryStays();
     void rowSelectionSelectsNodes();
     void rowsOfTheScene();
-    void nodesThatComeDuringALoad();
+    void nodesAddedDuringALoad();
     void loadsNest();
     void clearingDuringALoad();
     void rowsMadeAnew();
     void rowsMadeAnewDuringALoad();
-    void modelsKnowTheKeyScope();
+    void modelsReceiveTheKeyScope();
     void changedKeysAreShown();
     void clearingTheSceneEmptiesTheSheet();
     void helpersStayOut();
@@ -243,7 +243,7 @@ void TestTimePaneRows::hidingLeavesTheRestForLater()
 }
 
 // Another pane lives on, and the scene goes on changing.
-void TestTimePaneRows::paneGoesBeforeItsEvents()
+void TestTimePaneRows::paneDestroyedBeforeItsEvents()
 {
     VxTimePane other;
     other.resize(800, 300);
@@ -322,13 +322,13 @@ void TestTimePaneRows::rowSelectionSelectsNodes()
     QCoreApplication::processEvents();
     VxDopeSheetView *view = pane->getDopeSheetView();
     const EventCounter counter(pane.get());
-    const QSignalSpy told(view, &VxDopeSheetView::itemSelectionChanged);
+    const QSignalSpy reported(view, &VxDopeSheetView::itemSelectionChanged);
     const QSignalSpy lists(pane.get(), &VxTimePane::dopesheetPropertyListChanged);
     VxMouseDriver mouse(view->viewport());
     mouse.click(view->visualRect(view->findNodeIndex(b)).center());
     QVERIFY(b->isSelected());
     QVERIFY(!a->isSelected());
-    QVERIFY(told.count() > 0);
+    QVERIFY(reported.count() > 0);
     QVERIFY(lists.count() > 0);
     QVERIFY(!view->isChangingSelection());
     QCoreApplication::processEvents();
@@ -357,7 +357,7 @@ void TestTimePaneRows::rowsOfTheScene()
     QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("Camera 1"));
 }
 
-void TestTimePaneRows::nodesThatComeDuringALoad()
+void TestTimePaneRows::nodesAddedDuringALoad()
 {
     showPane();
     const QAbstractItemModel *model = pane->getDopeSheetView()->model();
@@ -428,7 +428,7 @@ void TestTimePaneRows::rowsMadeAnew()
     QVERIFY(view->selectionModel()->isSelected(view->findNodeIndex(figure)));
 }
 
-void TestTimePaneRows::modelsKnowTheKeyScope()
+void TestTimePaneRows::modelsReceiveTheKeyScope()
 {
     const auto scope = [this] {
         const QSortFilterProxyModel *filter = pane->getDopeSheetView()->getFilterModel();

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void propertyTypesByCheckMarks();
     void noneChecksOnlyWhatIsNone();
     void scopeByCheckMarks();
-    void tickingInTheFilterMenuTellsOnce();
+    void tickingInTheFilterMenuNotifiesOnce();
     void placeholders();
     void emptyStoreRestoresDefaults();
     void staleKeysAreReadInOrder();
@@ -167,7 +167,7 @@ void TestTimePaneSettings::scopeByCheckMarks()
 }
 
 // Ticking triggers the action, which sets the pane's types, which tells the menu: one change.
-void TestTimePaneSettings::tickingInTheFilterMenuTellsOnce()
+void TestTimePaneSettings::tickingInTheFilterMenuNotifiesOnce()
 {
     addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2});
     ChoiceAction *action = actions.front().get();

@@ -60,7 +60,7 @@ void TestRulerSteps::steps_data()
     QTest::newRow("0.1 pixels") << 0.1f << 10 << 100 << 500;
     QTest::newRow("0.015 pixels") << 0.015f << 10 << 1000 << 5000;
     QTest::newRow("wider spacing") << 12.0f << 40 << 5 << 10;
-    QTest::newRow("no spacing wanted") << 0.5f << 0 << 1 << 5;
+    QTest::newRow("no spacing required") << 0.5f << 0 << 1 << 5;
 }
 
 void TestRulerSteps::steps()

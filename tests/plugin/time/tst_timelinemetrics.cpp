@@ -233,8 +233,8 @@ void TestTimelineMetrics::xToFrameTime_data()
 
     QTest::newRow("zero") << 0 << 0;
     QTest::newRow("less than half a frame") << 4 << 0;
-    QTest::newRow("half a frame goes up") << 5 << 160;
-    QTest::newRow("half a frame before zero goes down") << -5 << -160;
+    QTest::newRow("half a frame is rounded up") << 5 << 160;
+    QTest::newRow("half a frame before zero is rounded down") << -5 << -160;
     QTest::newRow("one and a half frames") << 15 << 320;
 }
 

@@ -66,7 +66,7 @@ void TestTimeRangeMath::rangeRect_data()
     QTest::newRow("a start before 0")
         << QSize(480, 20) << VxTimeRange(-155, 800) << 4800 << -15 << 79;
     QTest::newRow("one point in time") << bar << VxTimeRange(1600, 1600) << 4800 << 206 << 205;
-    QTest::newRow("beyond what pixels can tell")
+    QTest::newRow("beyond the resolution of pixels")
         << bar << VxTimeRange(VxTimeMax - 1, VxTimeMax) << 1 << (1 << 29) << (1 << 29);
 }
 
@@ -200,8 +200,8 @@ void TestTimeRangeMath::dragged_data()
     row("end far before the start", Part::EndHandle, middle, VxTimeMin, {1600, 1760});
     row("end of a range shorter than a step", Part::EndHandle, {400, 500}, 0, {400, 560});
     row("end of it, drawn away", Part::EndHandle, {400, 500}, 1, {400, 501});
-    row("end that lies beyond, right", Part::EndHandle, beyond, 1, {0, 4800});
-    row("end that lies beyond, at rest", Part::EndHandle, beyond, 0, beyond);
+    row("end beyond the range, right", Part::EndHandle, beyond, 1, {0, 4800});
+    row("end beyond the range, at rest", Part::EndHandle, beyond, 0, beyond);
 }
 
 void TestTimeRangeMath::dragged()

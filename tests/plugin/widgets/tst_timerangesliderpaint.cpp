@@ -28,7 +28,7 @@ private Q_SLOTS:
 
     void cursors();
     void cursorAfterADoubleClick();
-    void cursorOfARangeThatCame();
+    void cursorFollowsARangeSetElsewhere();
     void hoverShowsOnThePart();
     void leavingPaintsAnew();
     void paintsInItsOrder();
@@ -64,7 +64,7 @@ void TestTimeRangeSliderPaint::cursors()
 
 // The range changes while the mouse does not move: the cursor of a press follows the new range,
 // that of the release the part that was hovered.
-void TestTimeRangeSliderPaint::cursorOfARangeThatCame()
+void TestTimeRangeSliderPaint::cursorFollowsARangeSetElsewhere()
 {
     m_mouse->moveTo(body());
     QCOMPARE(m_slider->cursor().shape(), Qt::PointingHandCursor);

@@ -20,7 +20,7 @@ private Q_SLOTS:
     void keepsBlockedSignalsBlocked();
     void disabledEntriesAreLeftAlone();
     void noEntryUnderTheMouse();
-    void notifyingWhileTickingTellsOnce();
+    void notifyingWhileTickingEmitsOnce();
 
     void patterns_data();
     void patterns();
@@ -107,7 +107,7 @@ void TestFilterMenu::noEntryUnderTheMouse()
     QCOMPARE(changes.count(), 0);
 }
 
-void TestFilterMenu::notifyingWhileTickingTellsOnce()
+void TestFilterMenu::notifyingWhileTickingEmitsOnce()
 {
     const QSignalSpy changes(m_menu.get(), &VxFilterMenu::filterChanged);
     connect(m_first, &QAction::triggered, m_menu.get(), &VxFilterMenu::notifyFilterChanged);
@@ -129,8 +129,8 @@ void TestFilterMenu::patterns_data()
                                        << "HIP bend" << true;
     QTest::newRow("not there") << "hip"
                                << "head" << false;
-    QTest::newRow("typed stars mean something") << "l*p"
-                                                << "the left lip" << true;
+    QTest::newRow("typed stars are wildcards") << "l*p"
+                                               << "the left lip" << true;
     QTest::newRow("empty matches") << ""
                                    << "anything" << true;
     QTest::newRow("expression minds case") << "rx::^Hip"

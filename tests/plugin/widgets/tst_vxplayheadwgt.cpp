@@ -59,8 +59,8 @@ private Q_SLOTS:
     void sliderMovesItToo();
     void isNotKeptInside();
     void keepsItsPlaceAfterHours();
-    void clicksGoThrough();
-    void clicksReachWhatLiesBeneath();
+    void clicksPassThrough();
+    void clicksReachTheWidgetBeneath();
     void paintsThroughTheStyle();
     void asksForOneMark();
 
@@ -233,7 +233,7 @@ void TestPlayhead::keepsItsPlaceAfterHours()
     QCOMPARE(playhead.x(), 500000 + 2 - 5);
 }
 
-void TestPlayhead::clicksGoThrough()
+void TestPlayhead::clicksPassThrough()
 {
     QPushButton button;
     button.resize(200, 60);
@@ -253,7 +253,7 @@ void TestPlayhead::clicksGoThrough()
 }
 
 // A widget that leaves its mouse events alone only hands them up to its parent.
-void TestPlayhead::clicksReachWhatLiesBeneath()
+void TestPlayhead::clicksReachTheWidgetBeneath()
 {
     QWidget sheet;
     sheet.resize(200, 60);

@@ -14,7 +14,7 @@ private Q_SLOTS:
 
     // First: nothing has been saved in this process yet.
     void doubleClickWithNothingSaved();
-    void doubleClickShowsAllAndGoesBack();
+    void doubleClickShowsAllAndRestores();
     void doubleClickOfAnotherButton();
 
     void holdsAHiddenScrollBar();
@@ -32,8 +32,8 @@ private Q_SLOTS:
     void leavingDropsTheDrag();
     void lostReleasePutsTheRangeBack_data();
     void lostReleasePutsTheRangeBack();
-    void timeComesIntoTheRange_data();
-    void timeComesIntoTheRange();
+    void timeIsMovedIntoTheRange_data();
+    void timeIsMovedIntoTheRange();
     void timeStaysWhilePlaying();
     void nothingForTheHistory();
 };
@@ -47,7 +47,7 @@ void TestTimeRangeSlider::doubleClickWithNothingSaved()
     compareRange(0, 4800);
 }
 
-void TestTimeRangeSlider::doubleClickShowsAllAndGoesBack()
+void TestTimeRangeSlider::doubleClickShowsAllAndRestores()
 {
     m_mouse->doubleClick(body());
     compareRange(0, 4800);
@@ -263,7 +263,7 @@ void TestTimeRangeSlider::lostReleasePutsTheRangeBack()
     compareRange(1600, 3200);
 }
 
-void TestTimeRangeSlider::timeComesIntoTheRange_data()
+void TestTimeRangeSlider::timeIsMovedIntoTheRange_data()
 {
     QTest::addColumn<VxTime>("before");
     QTest::addColumn<VxTime>("after");
@@ -274,7 +274,7 @@ void TestTimeRangeSlider::timeComesIntoTheRange_data()
     QTest::newRow("beyond the end") << 4800 << 4000;
 }
 
-void TestTimeRangeSlider::timeComesIntoTheRange()
+void TestTimeRangeSlider::timeIsMovedIntoTheRange()
 {
     QFETCH(VxTime, before);
     QFETCH(VxTime, after);

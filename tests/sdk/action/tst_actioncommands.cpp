@@ -16,8 +16,8 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
     void takesCommands();
     void commandsShareTheKeys();
-    void commandWantsATakenKey();
-    void forgetsADeletedCommand();
+    void commandRequestsAnAssignedKey();
+    void removesADeletedCommand();
     void savesAndRestoresCommands();
     void storedKeysOfCommands_data();
     void storedKeysOfCommands();
@@ -43,7 +43,7 @@ void tst_ActionCommands::takesCommands()
 
     QCOMPARE(manager.findCommand(QStringLiteral("Save")), &save);
     QCOMPARE(manager.findCommand(copyClass), manager.findAction(copyClass));
-    QVERIFY(!manager.findCommand(QStringLiteral("Nobody")));
+    QVERIFY(!manager.findCommand(QStringLiteral("Unregistered")));
     QVERIFY(!manager.findAction(QStringLiteral("Save"))); // no action
     QCOMPARE(manager.getNumActions(), 1);
     QCOMPARE(manager.getCommandName(&save), QStringLiteral("Save"));
@@ -75,7 +75,7 @@ void tst_ActionCommands::commandsShareTheKeys()
     QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
 }
 
-void tst_ActionCommands::commandWantsATakenKey()
+void tst_ActionCommands::commandRequestsAnAssignedKey()
 {
     VxActionMgr manager;
     manager.addAction(new CopyAction);
@@ -87,7 +87,7 @@ void tst_ActionCommands::commandWantsATakenKey()
     QVERIFY(late.shortcut().isEmpty());
 }
 
-void tst_ActionCommands::forgetsADeletedCommand()
+void tst_ActionCommands::removesADeletedCommand()
 {
     VxActionMgr manager;
     auto *save = new QAction;

@@ -105,7 +105,7 @@ private Q_SLOTS:
     void sliderSlides();
     void clickedButtonLeavesTheSpaceBar();
     void tabbedButtonKeepsTheSpaceBar();
-    void focusThatComesBackIsAsItWas();
+    void returningFocusKeepsItsReason();
     void nothingSpecialHasTheFocus();
     void nearestOfTwoCommands();
     void disabledNearCommand();
@@ -371,7 +371,7 @@ void TestFocusKeys::tabbedButtonKeepsTheSpaceBar()
 }
 
 // From a menu or another window: who was tabbed to still is, who was clicked was not.
-void TestFocusKeys::focusThatComesBackIsAsItWas()
+void TestFocusKeys::returningFocusKeepsItsReason()
 {
     const CountingAction *space = addShortcut(QKeySequence(Qt::Key_Space));
     auto *box = addFocused<QCheckBox>();

@@ -73,7 +73,7 @@ class tst_VxAction : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void aCommandExecutes();
-    void aToggleHearsItsNewState();
+    void aToggleReceivesItsNewState();
     void aToggleWithoutHandlerExecutes();
     void aChoiceExecutesAndStaysChecked();
     void defaultsAreEmpty();
@@ -93,7 +93,7 @@ void tst_VxAction::aCommandExecutes()
     QCOMPARE(action.log, QStringList{QStringLiteral("execute")});
 }
 
-void tst_VxAction::aToggleHearsItsNewState()
+void tst_VxAction::aToggleReceivesItsNewState()
 {
     ToggleAction action;
     action.trigger();

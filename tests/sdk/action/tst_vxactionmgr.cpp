@@ -129,11 +129,11 @@ private Q_SLOTS:
     void init() { m_guard.reset(new VxWarningGuard); }
     void cleanup() { m_guard.reset(); }
     void createsOneOfEachActionClass();
-    void goesOnWhenAFactoryFails();
+    void continuesWhenAFactoryFails();
     void refusesASecondActionOfAClass();
     void namesAndOwnsActions();
     void initsEveryActionInOrder();
-    void forgetsADeletedAction();
+    void removesADeletedAction();
     void givesDefaultShortcuts();
     void warnsOfTwoEqualDefaults();
     void warnsOfADefaultThatIsNoShortcut();
@@ -179,7 +179,7 @@ void tst_VxActionMgr::createsOneOfEachActionClass()
     QCOMPARE(static_cast<CopyAction *>(manager.getAction(0))->numInits, 0);
 }
 
-void tst_VxActionMgr::goesOnWhenAFactoryFails()
+void tst_VxActionMgr::continuesWhenAFactoryFails()
 {
     FailingFactory failing;
     Factory<PlayAction> play;
@@ -223,7 +223,7 @@ void tst_VxActionMgr::initsEveryActionInOrder()
     QCOMPARE(action->numInits, 2);
 }
 
-void tst_VxActionMgr::forgetsADeletedAction()
+void tst_VxActionMgr::removesADeletedAction()
 {
     VxActionMgr manager;
     manager.addAction(new CopyAction);

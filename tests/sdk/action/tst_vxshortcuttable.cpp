@@ -35,12 +35,12 @@ private Q_SLOTS:
     void settingTakesFromTheOwner();
     void settingTheSameChangesNothing();
     void unknownNamesAreIgnored();
-    void emptySequencesBelongToNobody();
+    void emptySequencesAreUnassigned();
     void removingFreesTheSequence();
     void onlyDifferencesAreChanges();
     void restoringChangesGivesTheSameState();
     void restoringNothingGivesTheDefaults();
-    void restoredSequencesGoBeforeDefaults();
+    void restoredSequencesTakePrecedenceOverDefaults();
     void firstOfTwoEqualRestoredSequencesGetsIt();
 };
 
@@ -87,7 +87,7 @@ void tst_VxShortcutTable::unknownNamesAreIgnored()
     QCOMPARE(table.find(keys("Ctrl+C")), copy);
 }
 
-void tst_VxShortcutTable::emptySequencesBelongToNobody()
+void tst_VxShortcutTable::emptySequencesAreUnassigned()
 {
     VxShortcutTable table = makeTable();
     QCOMPARE(table.set(copy, QKeySequence()), QStringList{copy});
@@ -133,7 +133,7 @@ void tst_VxShortcutTable::restoringNothingGivesTheDefaults()
     QVERIFY(table.shortcut(play).isEmpty());
 }
 
-void tst_VxShortcutTable::restoredSequencesGoBeforeDefaults()
+void tst_VxShortcutTable::restoredSequencesTakePrecedenceOverDefaults()
 {
     VxShortcutTable table = makeTable();
     // Stored when Copy had another default: it was never told that Play has this one.
@@ -145,7 +145,8 @@ void tst_VxShortcutTable::restoredSequencesGoBeforeDefaults()
 void tst_VxShortcutTable::firstOfTwoEqualRestoredSequencesGetsIt()
 {
     VxShortcutTable table = makeTable();
-    table.restore({{play, keys("F5")}, {copy, keys("F5")}, {QStringLiteral("Gone"), keys("F5")}});
+    table.restore(
+        {{play, keys("F5")}, {copy, keys("F5")}, {QStringLiteral("Removed"), keys("F5")}});
     QCOMPARE(table.find(keys("F5")), copy);
     QVERIFY(table.shortcut(play).isEmpty());
 }

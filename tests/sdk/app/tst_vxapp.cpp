@@ -101,7 +101,7 @@ private Q_SLOTS:
     void setsTheGlobalsAndClearsThem();
     void refusesToBeTwo();
     void ownsItsParts();
-    void knowsTheHostsClasses();
+    void registersTheHostsClasses();
     void hostClassesHaveDistinctIdentifiers();
     void givesItsStyleToTheToolkit();
     void replacesTheStyle();
@@ -109,17 +109,17 @@ private Q_SLOTS:
     void startsOnce();
     void closesOnce();
     void closesAtTheLatestAtTheEnd();
-    void keptNodesGoWithTheHistory();
-    void scriptEngineKnowsClassesLoadedLater();
+    void keptNodesAreDeletedWithTheHistory();
+    void scriptEngineFindsClassesLoadedLater();
     void windowRegistersAndWithdraws();
     void aWindowWithoutApplication();
-    void panesGoWhileTheWindowAnswers();
+    void panesAreDeletedWhileTheWindowExists();
     void panesRestoreFromTheirGroup();
-    void actionsReadTheirStateWhenAPaneComes();
+    void actionsReadTheirStateWhenAPaneIsAdded();
     void statusMessages();
     void paneActionTakesTheTitle();
     void paneActionOpensThePane();
-    void paneActionWithoutPaneTells();
+    void paneActionWithoutPaneShowsAMessage();
     void paneActionWithoutWindowWarns();
 
 private:
@@ -176,7 +176,7 @@ void tst_VxApp::ownsItsParts()
     QVERIFY(!scene && !history && !plugins && !scripts);
 }
 
-void tst_VxApp::knowsTheHostsClasses()
+void tst_VxApp::registersTheHostsClasses()
 {
     const VxApp app;
     QStringList names;
@@ -222,15 +222,15 @@ void tst_VxApp::replacesTheStyle()
     VxStyle *light = new VxStyle(VxStyle::ColorScheme::Light);
     const QColor window = light->standardPalette().color(QPalette::Window);
     QVERIFY(window != QApplication::palette().color(QPalette::Window));
-    VxStyle *told = nullptr;
+    VxStyle *reported = nullptr;
     int count = 0;
     connect(&app, &VxApp::styleChanged, this, [&](VxStyle *style) {
-        told = style;
+        reported = style;
         ++count;
     });
     app.setStyle(light);
     QCOMPARE(app.getStyle(), light);
-    QCOMPARE(told, light);
+    QCOMPARE(reported, light);
     QVERIFY(!former);
     QCOMPARE(QApplication::palette().color(QPalette::Window), window);
     app.setStyle(light);
@@ -263,14 +263,14 @@ void tst_VxApp::startsOnce()
 void tst_VxApp::closesOnce()
 {
     VxApp app;
-    bool closingWhenTold = false;
+    bool closingWhenEmitted = false;
     QSignalSpy closing(&app, &VxApp::closing);
-    connect(&app, &VxApp::closing, this, [&] { closingWhenTold = app.isClosing(); });
+    connect(&app, &VxApp::closing, this, [&] { closingWhenEmitted = app.isClosing(); });
     QVERIFY(!app.isClosing());
     app.beginClosing();
     app.beginClosing();
     QCOMPARE(closing.size(), 1);
-    QVERIFY(closingWhenTold);
+    QVERIFY(closingWhenEmitted);
 }
 
 void tst_VxApp::closesAtTheLatestAtTheEnd()
@@ -283,7 +283,7 @@ void tst_VxApp::closesAtTheLatestAtTheEnd()
     QCOMPARE(count, 1);
 }
 
-void tst_VxApp::keptNodesGoWithTheHistory()
+void tst_VxApp::keptNodesAreDeletedWithTheHistory()
 {
     QPointer<VxNode> node(new VxNode(QStringLiteral("node")));
     bool sceneLived = false;
@@ -303,7 +303,7 @@ void tst_VxApp::keptNodesGoWithTheHistory()
     QVERIFY(sceneLived);
 }
 
-void tst_VxApp::scriptEngineKnowsClassesLoadedLater()
+void tst_VxApp::scriptEngineFindsClassesLoadedLater()
 {
     const VxApp app;
     QScriptEngine *engine = app.getScriptEngine()->engine();
@@ -337,7 +337,7 @@ void tst_VxApp::aWindowWithoutApplication()
     QCOMPARE(window.getPaneMgr()->getPanes().size(), 1);
 }
 
-void tst_VxApp::panesGoWhileTheWindowAnswers()
+void tst_VxApp::panesAreDeletedWhileTheWindowExists()
 {
     const VxApp app;
     {
@@ -363,7 +363,7 @@ void tst_VxApp::panesRestoreFromTheirGroup()
     QVERIFY(static_cast<NotesPane *>(window.getPaneMgr()->findPane(notes))->open);
 }
 
-void tst_VxApp::actionsReadTheirStateWhenAPaneComes()
+void tst_VxApp::actionsReadTheirStateWhenAPaneIsAdded()
 {
     const VxApp app;
     app.getPluginMgr()->addClassFactory(&m_notes);
@@ -419,7 +419,7 @@ void tst_VxApp::paneActionOpensThePane()
     QCOMPARE(requested.at(1).at(0).value<VxPane *>(), pane);
 }
 
-void tst_VxApp::paneActionWithoutPaneTells()
+void tst_VxApp::paneActionWithoutPaneShowsAMessage()
 {
     const VxApp app;
     VxMainWindow window;

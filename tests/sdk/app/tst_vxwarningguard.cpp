@@ -43,7 +43,7 @@ private Q_SLOTS:
     {
         VxWarningGuard guard;
         qDebug("only talking");
-        qInfo("only telling");
+        qInfo("for information");
     }
     void platformNoticesPass()
     {
@@ -62,7 +62,7 @@ private Q_SLOTS:
         guard.expect(QRegularExpression("roof.*[0-9]+ places"));
         qWarning("the roof leaks in 3 places");
     }
-    void announcedOnceComesTwice()
+    void announcedOnceButEmittedTwice()
     {
         VxWarningGuard guard;
         guard.expect("drip");
@@ -104,7 +104,7 @@ private Q_SLOTS:
         guard.expect("far away");
         warnOnAnotherThread("far away");
     }
-    void innerGuardHearsAlone()
+    void onlyTheInnerGuardReceives()
     {
         VxWarningGuard outer;
         outer.expect("outside");
@@ -137,8 +137,8 @@ class TestVxWarningGuard : public QObject
 private Q_SLOTS:
     void outcome_data();
     void outcome();
-    void messagesHoldWhatWasHeard();
-    void formerHandlerHearsAndReturns();
+    void messagesHoldWhatWasReceived();
+    void formerHandlerReceivesMessagesAndIsRestored();
 };
 
 void TestVxWarningGuard::outcome_data()
@@ -147,20 +147,20 @@ void TestVxWarningGuard::outcome_data()
     QTest::addColumn<QString>("says");
     QTest::newRow("unannouncedWarning") << false << "Unexpected warning: the roof leaks";
     QTest::newRow("unannouncedCritical") << false << "Unexpected warning: the roof is gone";
-    QTest::newRow("debugAndInfoPass") << true << "only telling";
+    QTest::newRow("debugAndInfoPass") << true << "for information";
     QTest::newRow("platformNoticesPass") << true << "This plugin does not support raise()";
     QTest::newRow("platformNoticesPassOnlyInFull") << false << "Unexpected warning: Error: This";
     QTest::newRow("announcedWarning") << true << "";
-    QTest::newRow("announcedOnceComesTwice") << false << "Unexpected warning: drip";
+    QTest::newRow("announcedOnceButEmittedTwice") << false << "Unexpected warning: drip";
     QTest::newRow("exactTextIsNoPattern") << true << "";
-    QTest::newRow("exactTextIsNoPart") << false << "Announced warning did not come: abc";
-    QTest::newRow("unmetExpectation") << false << "Announced warning did not come: never said";
+    QTest::newRow("exactTextIsNoPart") << false << "Announced warning was not emitted: abc";
+    QTest::newRow("unmetExpectation") << false << "Announced warning was not emitted: never said";
     QTest::newRow("invalidPattern") << false << "invalid pattern (open";
     QTest::newRow("warningOnAnotherThread") << false << "Unexpected warning: far away";
     QTest::newRow("announcedOnAnotherThread") << true << "";
-    QTest::newRow("innerGuardHearsAlone") << true << "";
+    QTest::newRow("onlyTheInnerGuardReceives") << true << "";
     QTest::newRow("innerGuardDoesNotUseOuterExpectation")
-        << false << "Announced warning did not come: outside";
+        << false << "Announced warning was not emitted: outside";
     QTest::newRow("replacedGuardStillWatches") << false << "Unexpected warning: after the change";
 }
 
@@ -182,7 +182,7 @@ void TestVxWarningGuard::outcome()
              qPrintable(output));
 }
 
-void TestVxWarningGuard::messagesHoldWhatWasHeard()
+void TestVxWarningGuard::messagesHoldWhatWasReceived()
 {
     VxWarningGuard guard;
     QVERIFY(guard.messages().isEmpty());
@@ -193,7 +193,7 @@ void TestVxWarningGuard::messagesHoldWhatWasHeard()
     QCOMPARE(guard.messages(), QStringList({"two", "one"}));
 }
 
-void TestVxWarningGuard::formerHandlerHearsAndReturns()
+void TestVxWarningGuard::formerHandlerReceivesMessagesAndIsRestored()
 {
     const QtMessageHandler before = qInstallMessageHandler(&countMessage);
     countedMessages = 0;
@@ -203,12 +203,12 @@ void TestVxWarningGuard::formerHandlerHearsAndReturns()
         qWarning("announced");
         qDebug("passed on");
     }
-    const int heardThrough = countedMessages;
+    const int receivedThrough = countedMessages;
     qWarning("direct again");
-    const int heardDirect = countedMessages;
+    const int receivedDirectly = countedMessages;
     const QtMessageHandler restored = qInstallMessageHandler(before);
-    QCOMPARE(heardThrough, 1);
-    QCOMPARE(heardDirect, 2);
+    QCOMPARE(receivedThrough, 1);
+    QCOMPARE(receivedDirectly, 2);
     QVERIFY(restored == &countMessage);
 }
 

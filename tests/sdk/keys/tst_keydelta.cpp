@@ -30,7 +30,7 @@ private Q_SLOTS:
     void untouchedIsEmpty();
     void editsAsDrawn_data();
     void editsAsDrawn();
-    void trimForgetsWhatDidNotChange();
+    void trimRemovesUnchangedKeys();
     void trimNarrowsToTheDifference();
     void keysOutsideMayChange();
     void wholeRangeOfTime();
@@ -104,7 +104,7 @@ void tst_KeyDelta::editsAsDrawn()
     }
 }
 
-void tst_KeyDelta::trimForgetsWhatDidNotChange()
+void tst_KeyDelta::trimRemovesUnchangedKeys()
 {
     auto track = KeyDrawing::track("a B c");
     KeyDelta<float> delta;

@@ -54,7 +54,7 @@ void tst_KeyTrackEdits::moveKeys_data()
         << "a b c ." << Indexes{0, 1} << Times{3, 3} << ". . c b" << Indexes{-1, 1};
     QTest::newRow("two to one tick, out of order")
         << "a b c ." << Indexes{0, 1, 2} << Times{3, 1, 3} << ". b . c" << Indexes{-1, 0, 1};
-    QTest::newRow("where it stands") << "a b c" << Indexes{1} << Times{1} << "a b c" << Indexes{1};
+    QTest::newRow("at its own time") << "a b c" << Indexes{1} << Times{1} << "a b c" << Indexes{1};
     QTest::newRow("the only smooth key is replaced")
         << "a B c" << Indexes{0} << Times{1} << ". a c" << Indexes{0};
 }

@@ -46,7 +46,7 @@ private Q_SLOTS:
     void reportsAtOnceOutsideABlock();
     void reportsOnceWithTheUnionAtTheEnd();
     void nestedBlocksReportAtTheOutermostEnd();
-    void reportsComeInTheOrderOfTheFirstChange();
+    void reportsAreInTheOrderOfTheFirstChange();
     void destroyedPropertyReportsNothing();
     void receiverMayDestroyAPropertyThatIsStillToReport();
     void receiverMayChangeAPropertyThatIsStillToReport();
@@ -101,7 +101,7 @@ void TestChangeBlock::nestedBlocksReportAtTheOutermostEnd()
     QCOMPARE(spy.count(), 1);
 }
 
-void TestChangeBlock::reportsComeInTheOrderOfTheFirstChange()
+void TestChangeBlock::reportsAreInTheOrderOfTheFirstChange()
 {
     VxFloatProperty x(QStringLiteral("X")), y(QStringLiteral("Y"));
     QString order;
@@ -188,9 +188,9 @@ void TestChangeBlock::unchangedKeyReportsNothing()
 void TestChangeBlock::eachEditReportsItsSpan_data()
 {
     QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QVector<VxTimeRange>>("told");
-    const auto row = [](const char *name, const QVector<VxTimeRange> &told, const Edit &edit) {
-        QTest::newRow(name) << edit << told;
+    QTest::addColumn<QVector<VxTimeRange>>("reported");
+    const auto row = [](const char *name, const QVector<VxTimeRange> &reported, const Edit &edit) {
+        QTest::newRow(name) << edit << reported;
     };
     using P = VxFloatProperty;
     row("a new key", {{250, 250}}, [](P &x) { return x.setKey(250, 5.0f, 0); });
@@ -208,12 +208,15 @@ void TestChangeBlock::eachEditReportsItsSpan_data()
     row("no keys in a range", {{200, 300}}, [](P &x) {
         return x.replaceKeys({150, 350}, VxKeyColumns<float>());
     });
-    row("keys of a range go", {{200, 300}},
+    row("keys of a range removed", {{200, 300}},
         [](P &x) { return x.deleteKeys(VxTimeRange(150, 399)) == 2; });
     row("keys of a range without any", {},
         [](P &x) { return x.deleteKeys(VxTimeRange(150, 199)) == 0; });
-    row("keys from one to another go", {{100, 200}}, [](P &x) { return x.deleteKeys(-5, 1) == 2; });
-    row("some keys go", {{100, 300}}, [](P &x) { return x.deleteKeys(QVector<int>{0, 2}) == 2; });
+    row("keys between two indexes removed", {{100, 200}},
+        [](P &x) { return x.deleteKeys(-5, 1) == 2; });
+    row("some keys removed", {{100, 300}}, [](P &x) {
+        return x.deleteKeys(QVector<int>{0, 2}) == 2;
+    });
     row("keys move away", {{200, 500}}, [](P &x) { return x.moveKeys({1, 2}, {350, 500}); });
     row("a key moves back", {{50, 400}}, [](P &x) { return x.moveKeys({3}, {50}); });
     row("keys change places", {{100, 400}}, [](P &x) { return x.moveKeys({0, 3}, {400, 100}); });
@@ -230,7 +233,7 @@ void TestChangeBlock::eachEditReportsItsSpan_data()
 void TestChangeBlock::eachEditReportsItsSpan()
 {
     QFETCH(Edit, edit);
-    QFETCH(QVector<VxTimeRange>, told);
+    QFETCH(QVector<VxTimeRange>, reported);
     VxUndoStack stack;
     VxFloatProperty x(QStringLiteral("X"));
     for (int i = 1; i <= 4; ++i)
@@ -239,15 +242,15 @@ void TestChangeBlock::eachEditReportsItsSpan()
     VxUndoStackHold hold;
     QVERIFY(edit(x));
     hold.accept(QStringLiteral("Edit"));
-    QCOMPARE(ranges(spy), told);
+    QCOMPARE(ranges(spy), reported);
 
     // Undone, it is told where keys differ, which is no more than was told before.
     spy.clear();
     stack.undo();
-    QVERIFY(spy.count() <= told.size());
+    QVERIFY(spy.count() <= reported.size());
     for (const VxTimeRange &range : ranges(spy)) {
-        QVERIFY(range.getStart() >= told.first().getStart());
-        QVERIFY(range.getEnd() <= told.first().getEnd());
+        QVERIFY(range.getStart() >= reported.first().getStart());
+        QVERIFY(range.getEnd() <= reported.first().getEnd());
     }
 }
 

@@ -39,14 +39,14 @@ private Q_SLOTS:
     void badArgumentsAreRefused();
     void lockedRefusesEverything();
     void clampedLimitsWhatIsSet();
-    void traitsAreToldWhenTheyChange_data();
-    void traitsAreToldWhenTheyChange();
+    void traitChangesAreReported_data();
+    void traitChangesAreReported();
     void aliasSharesTheKeysOfItsProperty();
     void aliasKeepsTheLimitsOfItsProperty();
     void aliasMakesNoKeysWhereItsPropertyTakesNone();
     void aliasMayNotCloseACircle();
-    void aliasOfADestroyedPropertyStandsForItself();
-    void overridingControlComesBeforeAnAlias();
+    void aliasOfADestroyedPropertyUsesItsOwnKeys();
+    void overridingControlTakesPrecedenceOverAnAlias();
     void openLinkReplacesTheValue();
     void terminalLinkAddsToTheValue();
     void dependentPropertiesReportChanges();
@@ -264,7 +264,7 @@ void TestFloatProperty::clampedLimitsWhatIsSet()
     QCOMPARE(x.getValue(0), 0.0f);
 }
 
-void TestFloatProperty::traitsAreToldWhenTheyChange_data()
+void TestFloatProperty::traitChangesAreReported_data()
 {
     QTest::addColumn<Change>("change");
     const auto row = [](const char *name, const Change &change) { QTest::newRow(name) << change; };
@@ -277,15 +277,15 @@ void TestFloatProperty::traitsAreToldWhenTheyChange_data()
     row("percentage", [](VxFloatProperty &x) { x.setPercentage(true); });
 }
 
-void TestFloatProperty::traitsAreToldWhenTheyChange()
+void TestFloatProperty::traitChangesAreReported()
 {
     QFETCH(Change, change);
     VxFloatProperty x(QStringLiteral("X"));
-    QSignalSpy told(&x, &VxProperty::traitsChanged);
+    QSignalSpy reported(&x, &VxProperty::traitsChanged);
     change(x);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     change(x);
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
 }
 
 void TestFloatProperty::aliasSharesTheKeysOfItsProperty()
@@ -378,7 +378,7 @@ void TestFloatProperty::aliasMayNotCloseACircle()
     QVERIFY(!c.isLinked());
 }
 
-void TestFloatProperty::aliasOfADestroyedPropertyStandsForItself()
+void TestFloatProperty::aliasOfADestroyedPropertyUsesItsOwnKeys()
 {
     VxFloatProperty alias(QStringLiteral("Alias"), 3.0f);
     {
@@ -392,7 +392,7 @@ void TestFloatProperty::aliasOfADestroyedPropertyStandsForItself()
     QCOMPARE(alias.getNumKeys(), 1);
 }
 
-void TestFloatProperty::overridingControlComesBeforeAnAlias()
+void TestFloatProperty::overridingControlTakesPrecedenceOverAnAlias()
 {
     VxFloatProperty x(QStringLiteral("X"), 1.0f), source(QStringLiteral("S"), 2.0f),
         control(QStringLiteral("C"), 3.0f);

@@ -32,8 +32,8 @@ std::vector<VxTime> timesOf(const KeyTrack<float> &track, const std::vector<int>
 
 // The rule taken word by word: the key furthest in the direction of the move first, each one tick
 // back at a time until its place is free.
-std::vector<VxTime> naiveWaiting(const KeyTrack<float> &track, const std::vector<int> &selected,
-                                 const std::vector<VxTime> &origins, int offset)
+std::vector<VxTime> naiveWaitTimes(const KeyTrack<float> &track, const std::vector<int> &selected,
+                                   const std::vector<VxTime> &origins, int offset)
 {
     std::set<VxTime> taken;
     for (int i = 0; i < track.count(); ++i) {
@@ -54,9 +54,9 @@ std::vector<VxTime> naiveWaiting(const KeyTrack<float> &track, const std::vector
 
 // Waiting keys with targets of their own: those that move to later times, the latest target first,
 // then the others, the earliest first; with one target the key that is foremost.
-std::vector<VxTime> naiveWaitingAnywhere(const std::vector<VxTime> &times,
-                                         const std::vector<int> &selected,
-                                         const std::vector<VxTime> &targets)
+std::vector<VxTime> naiveWaitTimesAnywhere(const std::vector<VxTime> &times,
+                                           const std::vector<int> &selected,
+                                           const std::vector<VxTime> &targets)
 {
     std::set<VxTime> taken(times.begin(), times.end());
     for (const int i : selected)
@@ -152,9 +152,9 @@ private Q_SLOTS:
     void aDragNeverAddsUp();
     void nothingSelected();
     void stopsAtTheEndOfTime();
-    void noPlaceToWait();
-    void waitingAgainstTheWordedRule();
-    void waitingInBothDirections();
+    void noFreeTickForABlockedKey();
+    void blockedKeysMatchTheNaiveRule();
+    void blockedKeysInBothDirections();
     void nudges_data();
     void nudges();
     void nudgingAgainstTheWordedRule();
@@ -266,7 +266,7 @@ void tst_VxKeyEdit::stopsAtTheEndOfTime()
     }
 }
 
-void tst_VxKeyEdit::noPlaceToWait()
+void tst_VxKeyEdit::noFreeTickForABlockedKey()
 {
     // A key was put where the dragged one came from, at the very beginning of time.
     const auto track = KeyDrawing::track<float>(QStringLiteral("x y . a"), VxTimeMin);
@@ -275,7 +275,7 @@ void tst_VxKeyEdit::noPlaceToWait()
     QCOMPARE(plan(track, {2}, origin, 2, VxCollision::WaitBeside).front(), VxTimeMin + 2);
 }
 
-void tst_VxKeyEdit::waitingAgainstTheWordedRule()
+void tst_VxKeyEdit::blockedKeysMatchTheNaiveRule()
 {
     std::mt19937 random(77);
     const auto number = [&random](int from, int to) {
@@ -293,14 +293,14 @@ void tst_VxKeyEdit::waitingAgainstTheWordedRule()
         const auto origins = timesOf(track, selected);
         const int offset = number(-20, 20);
         const auto planned = plan(track, selected, origins, offset, VxCollision::WaitBeside);
-        QCOMPARE(planned, naiveWaiting(track, selected, origins, offset));
+        QCOMPARE(planned, naiveWaitTimes(track, selected, origins, offset));
         auto moved = track;
         QVERIFY(moved.moveKeys(selected.data(), planned.data(), int(planned.size())));
         QCOMPARE(moved.count(), track.count());
     }
 }
 
-void tst_VxKeyEdit::waitingInBothDirections()
+void tst_VxKeyEdit::blockedKeysInBothDirections()
 {
     Random random(5);
     for (int round = 0; round < 20000; ++round) {
@@ -313,7 +313,7 @@ void tst_VxKeyEdit::waitingInBothDirections()
             vxPlanKeyTimes(times.data(), int(times.size()),
                            {selected.data(), targets.data(), int(selected.size()), nullptr},
                            VxCollision::WaitBeside);
-        QCOMPARE(planned, naiveWaitingAnywhere(times, selected, targets));
+        QCOMPARE(planned, naiveWaitTimesAnywhere(times, selected, targets));
     }
 }
 

@@ -102,9 +102,9 @@ void TestKeySelection::revisionOfEveryChange()
 {
     QSet<quint64> seen{x()->keyRevision()};
     const auto isNew = [this, &seen] {
-        const bool isKnown = seen.contains(x()->keyRevision());
+        const bool wasSeen = seen.contains(x()->keyRevision());
         seen.insert(x()->keyRevision());
-        return !isKnown && x()->keyRevision() == VxProperty::latestKeyRevision();
+        return !wasSeen && x()->keyRevision() == VxProperty::latestKeyRevision();
     };
     const VxChangeBlock block;
     VxUndoStackHold hold;

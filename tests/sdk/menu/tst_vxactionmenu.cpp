@@ -65,12 +65,12 @@ private Q_SLOTS:
     void insertsAtAnIndex_data();
     void insertsAtAnIndex();
     void anActionIsMovedNotDoubled();
-    void separatorsDoNotStandBesideEachOther();
+    void separatorsAreNeverAdjacent();
     void subMenusAreFoundByTitle();
     void buildingTwiceChangesNothing();
     void rebuildingKeepsWhatOthersAppended();
     void queriesOutsideAreEmpty();
-    void menuShowsOnlyWhatIsKnown();
+    void menuOmitsUnregisteredActions();
     void subMenusWithoutContentsAreLeftOut();
     void menuFollowsTheDescriptionWhenShown();
     void aboutToFillIsTheLastMoment();
@@ -80,7 +80,7 @@ private Q_SLOTS:
     void triggersTheAction();
     void setMenuTakesOver();
     void aHandedOverSubMenuIsUsed();
-    void aDestroyedMenuIsForgotten();
+    void aDestroyedMenuIsRemoved();
     void clearDestroysSubMenus();
 
 private:
@@ -154,7 +154,7 @@ void tst_VxActionMenu::anActionIsMovedNotDoubled()
     QCOMPARE(menu.getNumEntries(), 3);
 }
 
-void tst_VxActionMenu::separatorsDoNotStandBesideEachOther()
+void tst_VxActionMenu::separatorsAreNeverAdjacent()
 {
     VxActionMenu menu;
     menu.insertAction(alphaClass);
@@ -215,7 +215,7 @@ void tst_VxActionMenu::queriesOutsideAreEmpty()
     QVERIFY(menu.getEntryKind(1) == VxActionMenu::EntryKind::Separator);
 }
 
-void tst_VxActionMenu::menuShowsOnlyWhatIsKnown()
+void tst_VxActionMenu::menuOmitsUnregisteredActions()
 {
     VxActionMenu menu(QStringLiteral("Title"));
     menu.insertSeparator();
@@ -357,7 +357,7 @@ void tst_VxActionMenu::aHandedOverSubMenuIsUsed()
     QCOMPARE(shownEntries(menu.getMenu()), QStringLiteral("Special(Alpha)"));
 }
 
-void tst_VxActionMenu::aDestroyedMenuIsForgotten()
+void tst_VxActionMenu::aDestroyedMenuIsRemoved()
 {
     VxActionMenu menu;
     menu.insertAction(alphaClass);

@@ -48,8 +48,8 @@ private Q_SLOTS:
     void cleanup();
     void addsActionsByClassName();
     void unknownActionsAreLeftOut();
-    void withoutApplicationNothingIsKnown();
-    void separatorsStandBetweenEntries();
+    void withoutApplicationNothingIsRegistered();
+    void separatorsAreBetweenEntries();
     void emptiness();
     void execGivesTheItemsIdentifier();
     void execTriggersAnAction();
@@ -101,7 +101,7 @@ void tst_VxMenu::unknownActionsAreLeftOut()
     QVERIFY(menu.actions().isEmpty());
 }
 
-void tst_VxMenu::withoutApplicationNothingIsKnown()
+void tst_VxMenu::withoutApplicationNothingIsRegistered()
 {
     m_window.reset();
     m_app.reset();
@@ -109,7 +109,7 @@ void tst_VxMenu::withoutApplicationNothingIsKnown()
     QVERIFY(!menu.addAction(alphaClass));
 }
 
-void tst_VxMenu::separatorsStandBetweenEntries()
+void tst_VxMenu::separatorsAreBetweenEntries()
 {
     VxMenu menu;
     menu.addSeparator();

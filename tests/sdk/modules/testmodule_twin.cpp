@@ -3,8 +3,8 @@
 
 namespace {
 
-VxPlugin plugin(QStringLiteral("Good"), QStringLiteral("Tests"), QStringLiteral("Comes late"), 9, 9,
-                9, 9);
+VxPlugin plugin(QStringLiteral("Good"), QStringLiteral("Tests"), QStringLiteral("Loaded late"), 9,
+                9, 9, 9);
 
 } // namespace
 

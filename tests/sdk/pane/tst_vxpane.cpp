@@ -64,12 +64,12 @@ private Q_SLOTS:
     void hasATitle();
     void bands_data();
     void bands();
-    void guidesAreRemembered();
-    void footerBandLiesBelowItsGuide();
-    void headerBandLiesAboveItsGuide();
+    void guidesAreStored();
+    void footerBandIsBelowItsGuide();
+    void headerBandIsAboveItsGuide();
     void withoutGuideThereIsNoBand();
     void aHiddenGuideDrawsNoBand();
-    void aDestroyedGuideIsForgotten();
+    void aDestroyedGuideIsUnset();
     void repaintsWhenTheGuideMoves();
     void optionsMenuIsBuiltOnce();
     void optionsMenuIsBuiltAnewForAnotherVersion();
@@ -134,7 +134,7 @@ void tst_VxPane::bands()
     QTEST(VxPaneBands::footer(pane, guide), "footer");
 }
 
-void tst_VxPane::guidesAreRemembered()
+void tst_VxPane::guidesAreStored()
 {
     StackedPane pane;
     QVERIFY(!pane.getBackgroundHeaderGuide());
@@ -147,7 +147,7 @@ void tst_VxPane::guidesAreRemembered()
     QVERIFY(!pane.getBackgroundHeaderGuide());
 }
 
-void tst_VxPane::footerBandLiesBelowItsGuide()
+void tst_VxPane::footerBandIsBelowItsGuide()
 {
     StackedPane pane;
     pane.setBackgroundFooterGuide(pane.middle);
@@ -159,7 +159,7 @@ void tst_VxPane::footerBandLiesBelowItsGuide()
     QVERIFY(pane.palette().color(QPalette::Button) != pane.palette().color(QPalette::Window));
 }
 
-void tst_VxPane::headerBandLiesAboveItsGuide()
+void tst_VxPane::headerBandIsAboveItsGuide()
 {
     StackedPane pane;
     pane.setBackgroundHeaderGuide(pane.middle);
@@ -189,7 +189,7 @@ void tst_VxPane::aHiddenGuideDrawsNoBand()
     QCOMPARE(colorAt(pane, 99), pane.palette().color(QPalette::Window));
 }
 
-void tst_VxPane::aDestroyedGuideIsForgotten()
+void tst_VxPane::aDestroyedGuideIsUnset()
 {
     StackedPane pane;
     pane.setBackgroundFooterGuide(pane.bottom);

@@ -100,15 +100,15 @@ private Q_SLOTS:
     void findsOnlyWhatExists();
     void createsAPaneOnDemand();
     void namesPanesAfterTheirClass();
-    void goesOnWhenAFactoryFails();
+    void continuesWhenAFactoryFails();
     void aPaneMayAskForItself();
     void refusesASecondPaneOfAClass();
     void restoresSettingsOnceFromItsGroup();
     void savesIntoTheGroups();
     void worksWithoutSettings();
-    void forgetsADestroyedPane();
+    void removesADestroyedPane();
     void destroysTheLastOneFirst();
-    void undockedPanesGoWithTheManager();
+    void undockedPanesAreDeletedWithTheManager();
     void dockedPanesOutliveTheManager();
     void showingIsARequest();
 
@@ -185,7 +185,7 @@ void tst_VxPaneMgr::namesPanesAfterTheirClass()
     QCOMPARE(other.findPane(notes), &named);
 }
 
-void tst_VxPaneMgr::goesOnWhenAFactoryFails()
+void tst_VxPaneMgr::continuesWhenAFactoryFails()
 {
     FailingFactory failing;
     VxPluginMgr plugins;
@@ -266,7 +266,7 @@ void tst_VxPaneMgr::worksWithoutSettings()
     QCOMPARE(static_cast<NotesPane *>(manager.findPane(notes))->numRestores, 0);
 }
 
-void tst_VxPaneMgr::forgetsADestroyedPane()
+void tst_VxPaneMgr::removesADestroyedPane()
 {
     VxPaneMgr manager;
     manager.createPanes(m_plugins.get());
@@ -290,7 +290,7 @@ void tst_VxPaneMgr::destroysTheLastOneFirst()
     manager.destroyPanes();
 }
 
-void tst_VxPaneMgr::undockedPanesGoWithTheManager()
+void tst_VxPaneMgr::undockedPanesAreDeletedWithTheManager()
 {
     QPointer<VxPane> pane;
     {

@@ -16,14 +16,14 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void aDragGoesOnBeyondTheScreen();
+    void aDragContinuesBeyondTheScreen();
     void escapePutsBackExactly_data();
     void escapePutsBackExactly();
-    void movesAfterEscapeMeanNothing();
-    void otherKeysMeanNothingInADrag();
-    void modifiersMayComeFirst();
+    void movesAfterEscapeAreIgnored();
+    void otherKeysAreIgnoredInADrag();
+    void modifiersMayBePressedFirst();
     void aClickWithAModifierSelects();
-    void anUndoInADragWaits();
+    void anUndoInADragIsRefused();
     void aNodeIsRemovedInADrag();
     void aPropertyIsRemovedInADrag();
     void playbackInADrag();
@@ -62,7 +62,7 @@ TestParametersGestures::Begun TestParametersGestures::begin(const VxProperty *pr
     return begun;
 }
 
-void TestParametersGestures::aDragGoesOnBeyondTheScreen()
+void TestParametersGestures::aDragContinuesBeyondTheScreen()
 {
     const QRect screen = m_pane->screen()->geometry();
     const QPoint from = port()->mapToGlobal(middle(x(), Model::ValueColumn));
@@ -92,7 +92,7 @@ void TestParametersGestures::escapePutsBackExactly_data()
 {
     QTest::addColumn<int>("keyed"); // bits: keys around, a key here
     QTest::addColumn<bool>("animating");
-    QTest::newRow("no keys, a key would come") << 0 << true;
+    QTest::newRow("no keys, a key would be added") << 0 << true;
     QTest::newRow("no keys, the value itself changes") << 0 << false;
     QTest::newRow("between keys") << 1 << true;
     QTest::newRow("on a key") << 3 << true;
@@ -133,7 +133,7 @@ void TestParametersGestures::escapePutsBackExactly()
     QVERIFY(!stack()->isRecording());
 }
 
-void TestParametersGestures::movesAfterEscapeMeanNothing()
+void TestParametersGestures::movesAfterEscapeAreIgnored()
 {
     Begun hand = begin(x());
     hand.to(40);
@@ -149,7 +149,7 @@ void TestParametersGestures::movesAfterEscapeMeanNothing()
     QCOMPARE(x()->getValue(), 20.0f);
 }
 
-void TestParametersGestures::otherKeysMeanNothingInADrag()
+void TestParametersGestures::otherKeysAreIgnoredInADrag()
 {
     Begun hand = begin(x());
     hand.to(40);
@@ -162,7 +162,7 @@ void TestParametersGestures::otherKeysMeanNothingInADrag()
     QCOMPARE(stack()->count(), 1);
 }
 
-void TestParametersGestures::modifiersMayComeFirst()
+void TestParametersGestures::modifiersMayBePressedFirst()
 {
     const QPoint from = middle(x(), Model::ValueColumn);
     click(hip()->getYRotControl(), Model::LabelColumn);
@@ -192,7 +192,7 @@ void TestParametersGestures::aClickWithAModifierSelects()
     QCOMPARE(stack()->count(), 0);
 }
 
-void TestParametersGestures::anUndoInADragWaits()
+void TestParametersGestures::anUndoInADragIsRefused()
 {
     drag(hip()->getYPosControl(), 40);
     Begun hand = begin(x());

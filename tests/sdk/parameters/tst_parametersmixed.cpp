@@ -26,7 +26,7 @@ private Q_SLOTS:
     void typingAChangeChangesEach();
     void steppingMovesEach();
     void draggingMovesEach();
-    void aDragTellsHowFar();
+    void aDragShowsItsDelta();
     void aDragThatBeginsAtTheEdgeOfTheScreen();
     void limitsDoNotLoseTheDistance();
     void leavingAMixedFieldChangesNothing();
@@ -178,7 +178,7 @@ void TestParametersMixed::draggingMovesEach()
 }
 
 /// The field cannot, while its values differ.
-void TestParametersMixed::aDragTellsHowFar()
+void TestParametersMixed::aDragShowsItsDelta()
 {
     const QPoint from = middle(xOf(0), Model::ValueColumn);
     VxMouseDriver mouse(port());

@@ -251,9 +251,9 @@ void TestParametersSession::checkHistory()
 {
     const VxUndoStack *stack = vxApp->getUndoStack();
     QVERIFY(!stack->isRecording());
-    const auto known = m_states.constFind(stack->index());
-    if (known != m_states.constEnd())
-        QCOMPARE(dump(), *known);
+    const auto former = m_states.constFind(stack->index());
+    if (former != m_states.constEnd())
+        QCOMPARE(dump(), *former);
     else
         m_states.insert(stack->index(), dump());
 }

@@ -23,11 +23,11 @@ private Q_SLOTS:
     void aDragOutlivesNoNode();
     void typingIsOneEntry();
     void openingAndLeavingTheFieldChangesNothing();
-    void escapeForgetsWhatWasTyped();
+    void escapeDiscardsTheTypedText();
     void commasAndPercentSigns();
     void wholeNumbersAreRounded();
     void digitsBeginToType();
-    void tabGoesToTheNextField();
+    void tabOpensTheNextField();
     void steppingIsOneEntry();
     void stepsAfterARestAreAnotherEntry();
     void undoKeyInTheField();
@@ -36,7 +36,7 @@ private Q_SLOTS:
     void theFieldFollowsTheTime();
     void switchesAreClicked();
     void textsAreTyped();
-    void lockedValuesStandFast();
+    void lockedValuesDoNotChange();
 };
 
 void TestParametersValues::draggingAValueIsOneEntry()
@@ -147,7 +147,7 @@ void TestParametersValues::openingAndLeavingTheFieldChangesNothing()
     QCOMPARE(vxApp->getUndoStack()->count(), 0);
 }
 
-void TestParametersValues::escapeForgetsWhatWasTyped()
+void TestParametersValues::escapeDiscardsTheTypedText()
 {
     click(x());
     QTRY_VERIFY(field());
@@ -218,7 +218,7 @@ void TestParametersValues::digitsBeginToType()
     QTRY_VERIFY(field());
 }
 
-void TestParametersValues::tabGoesToTheNextField()
+void TestParametersValues::tabOpensTheNextField()
 {
     VxFloatProperty *z = hip()->getZPosControl();
     click(z);
@@ -352,7 +352,7 @@ void TestParametersValues::textsAreTyped()
     QCOMPARE(vxApp->getUndoStack()->count(), 1);
 }
 
-void TestParametersValues::lockedValuesStandFast()
+void TestParametersValues::lockedValuesDoNotChange()
 {
     auto *locked = qobject_cast<VxFloatProperty *>(m_special.locked);
     const float before = locked->getValue();

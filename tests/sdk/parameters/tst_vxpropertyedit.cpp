@@ -24,13 +24,13 @@ private Q_SLOTS:
     void cleanup();
 
     void scrubCountsSteps();
-    void scrubKeepsWhatWasDraggedWhenAModifierComes();
+    void scrubKeepsItsDeltaWhenAModifierIsPressed();
     void stepOfNarrowLimits();
     void aGestureIsOneEntry();
     void offsetsCountFromTheBeginning();
     void severalPropertiesMoveTogether();
     void limitsHold();
-    void stepsGoOnFromALimit();
+    void stepsContinueFromALimit();
     void linkedToOneAnother_data();
     void linkedToOneAnother();
     void percentagesAreEditedAsShown();
@@ -90,7 +90,7 @@ void TestPropertyEdit::scrubCountsSteps()
     QCOMPARE(coarse.moveTo(20, Qt::ControlModifier), 100.0);
 }
 
-void TestPropertyEdit::scrubKeepsWhatWasDraggedWhenAModifierComes()
+void TestPropertyEdit::scrubKeepsItsDeltaWhenAModifierIsPressed()
 {
     VxPropertyScrub scrub(0);
     QCOMPARE(scrub.moveTo(20, Qt::NoModifier), 10.0);
@@ -168,7 +168,7 @@ void TestPropertyEdit::limitsHold()
     QCOMPARE(x()->getValue(0), -2.0f);
 }
 
-void TestPropertyEdit::stepsGoOnFromALimit()
+void TestPropertyEdit::stepsContinueFromALimit()
 {
     x()->setMinMax(-50.0f, 50.0f);
     VxPropertyEdit edit({x()}, 0);
@@ -182,8 +182,8 @@ void TestPropertyEdit::stepsGoOnFromALimit()
 void TestPropertyEdit::linkedToOneAnother_data()
 {
     QTest::addColumn<bool>("sourceFirst");
-    QTest::newRow("the source comes first") << true;
-    QTest::newRow("the source comes last") << false;
+    QTest::newRow("the source is first") << true;
+    QTest::newRow("the source is last") << false;
 }
 
 /// Values that are added up, all of them in the same gesture: each moves by the same amount.
@@ -246,7 +246,7 @@ void TestPropertyEdit::putBack_data()
     QTest::addColumn<bool>("keyed");
     QTest::addColumn<bool>("keyHere");
     QTest::addColumn<bool>("animating");
-    QTest::newRow("no keys, a key would come") << false << false << true;
+    QTest::newRow("no keys, a key would be added") << false << false << true;
     QTest::newRow("no keys, a stored value changes") << false << false << false;
     QTest::newRow("between keys") << true << false << true;
     QTest::newRow("on a key") << true << true << true;

@@ -16,10 +16,10 @@ private Q_SLOTS:
     void textsOfNumbers();
     void numbersInNarrowPlaces_data();
     void numbersInNarrowPlaces();
-    void floatsAreShownAsTheyAreMeant();
+    void floatsAreShownInTheirShortestForm();
     void everyFloatSurvivesItsText();
-    void whatIsSetIsTold();
-    void theHandGoesOnBeyondAnEdge();
+    void setTextReportsItsResult();
+    void thePointerContinuesBeyondAnEdge();
     void movesBeforeTheJumpCount();
     void aPointerThatStaysEndsAtTheEdge();
 };
@@ -69,7 +69,7 @@ void TestPropertyInput::numbersInNarrowPlaces()
           "text");
 }
 
-void TestPropertyInput::floatsAreShownAsTheyAreMeant()
+void TestPropertyInput::floatsAreShownInTheirShortestForm()
 {
     VxFloatProperty property(QStringLiteral("p"));
     property.setStoredValue(0.1f);
@@ -106,7 +106,7 @@ void TestPropertyInput::everyFloatSurvivesItsText()
     }
 }
 
-void TestPropertyInput::whatIsSetIsTold()
+void TestPropertyInput::setTextReportsItsResult()
 {
     VxIntProperty whole(QStringLiteral("i"));
     whole.setAnimatable(false);
@@ -126,7 +126,7 @@ void TestPropertyInput::whatIsSetIsTold()
     QCOMPARE(whole.getValue(0), 1);
 }
 
-void TestPropertyInput::theHandGoesOnBeyondAnEdge()
+void TestPropertyInput::thePointerContinuesBeyondAnEdge()
 {
     VxPointerWrap hand(0, 799);
     int target = -1;

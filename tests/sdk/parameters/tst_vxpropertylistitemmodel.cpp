@@ -21,15 +21,15 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void headingsStandForTheirGroups();
-    void groupsOfOneNameAreToldApart();
+    void headingsActOnTheirGroups();
+    void groupsOfOneNameAreDistinct();
     void rowsOfSeveralNodes();
     void settingIsForAllNodes();
     void valuesAndKeyStatesFollowTheTime();
-    void aTimeChangeTellsOfValuesOnly();
+    void aTimeChangeReportsValuesOnly();
     void traitsDoNotReset();
-    void hiddenRowsComeAndGo();
-    void aNodeThatLeavesIsForgotten();
+    void hiddenRowsAreShownAndHidden();
+    void aRemovedNodeLeavesTheModel();
     void linkedAndLockedAreNotEditable();
     void hints();
     void settingText_data();
@@ -85,7 +85,7 @@ QStringList TestPropertyListItemModel::labels() const
     return list;
 }
 
-void TestPropertyListItemModel::headingsStandForTheirGroups()
+void TestPropertyListItemModel::headingsActOnTheirGroups()
 {
     m_model->setNode(m_node);
     QCOMPARE(labels().mid(0, 9),
@@ -106,7 +106,7 @@ void TestPropertyListItemModel::headingsStandForTheirGroups()
     QCOMPARE(m_model->getGroupPath(m_model->index(5, 0)), QString("/General/Transforms/Rotation"));
 }
 
-void TestPropertyListItemModel::groupsOfOneNameAreToldApart()
+void TestPropertyListItemModel::groupsOfOneNameAreDistinct()
 {
     m_node->addProperty(new VxFloatProperty(QStringLiteral("a")), QStringLiteral("/Left/Hand"));
     m_node->addProperty(new VxFloatProperty(QStringLiteral("b")), QStringLiteral("/Right/Hand"));
@@ -173,7 +173,7 @@ void TestPropertyListItemModel::valuesAndKeyStatesFollowTheTime()
     QCOMPARE(key.data(Model::KeyStateRole).toInt(), int(Model::OnKey));
 }
 
-void TestPropertyListItemModel::aTimeChangeTellsOfValuesOnly()
+void TestPropertyListItemModel::aTimeChangeReportsValuesOnly()
 {
     m_model->setNode(m_node);
     QSignalSpy changed(m_model.get(), &Model::dataChanged);
@@ -199,7 +199,7 @@ void TestPropertyListItemModel::traitsDoNotReset()
     QTRY_COMPARE(changed.count(), 2);
 }
 
-void TestPropertyListItemModel::hiddenRowsComeAndGo()
+void TestPropertyListItemModel::hiddenRowsAreShownAndHidden()
 {
     m_model->setNode(m_node);
     QSignalSpy reset(m_model.get(), &Model::modelReset);
@@ -219,7 +219,7 @@ void TestPropertyListItemModel::hiddenRowsComeAndGo()
     QVERIFY(!labels().contains("extra"));
 }
 
-void TestPropertyListItemModel::aNodeThatLeavesIsForgotten()
+void TestPropertyListItemModel::aRemovedNodeLeavesTheModel()
 {
     m_model->setNodes({m_node, m_other});
     m_scene->removeNode(m_other);

@@ -52,9 +52,9 @@ class tst_VxClassFactory : public QObject
 private Q_SLOTS:
     void init() { m_guard.reset(new VxWarningGuard); }
     void cleanup() { m_guard.reset(); }
-    void tellsClassAndIdentifier();
+    void returnsClassAndIdentifier();
     void everyCreationEndsInThePlainOne();
-    void engineRemembersClassesInOrder();
+    void engineKeepsClassesInOrder();
     void enginesDoNotShareTheirLists();
     void registeringWithoutEngineWarns();
     void enumKeys_data();
@@ -70,7 +70,7 @@ private:
     std::unique_ptr<VxWarningGuard> m_guard;
 };
 
-void tst_VxClassFactory::tellsClassAndIdentifier()
+void tst_VxClassFactory::returnsClassAndIdentifier()
 {
     const DrumFactory factory;
     QCOMPARE(factory.className(), QStringLiteral("Drum"));
@@ -90,7 +90,7 @@ void tst_VxClassFactory::everyCreationEndsInThePlainOne()
     QVERIFY(qobject_cast<Drum *>(second.get()));
 }
 
-void tst_VxClassFactory::engineRemembersClassesInOrder()
+void tst_VxClassFactory::engineKeepsClassesInOrder()
 {
     QScriptEngine engine;
     const VxScriptableFactoryOf<Instrument> instrument(guidText);

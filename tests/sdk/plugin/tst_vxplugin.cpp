@@ -24,14 +24,14 @@ class tst_VxPlugin : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void tellsWhatItWasMadeWith();
+    void returnsItsConstructorArguments();
     void settersReplaceAllButTheName();
     void factoriesKeepTheirOrder();
     void nullAndRepeatedFactoriesAreIgnored();
     void indexesOutsideGiveNull();
 };
 
-void tst_VxPlugin::tellsWhatItWasMadeWith()
+void tst_VxPlugin::returnsItsConstructorArguments()
 {
     const VxPlugin plugin(QStringLiteral("Name"), QStringLiteral("Author"),
                           QStringLiteral("Description"), 1, 7, 0, 15);

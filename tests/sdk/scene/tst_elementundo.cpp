@@ -38,21 +38,21 @@ private Q_SLOTS:
     void cleanup();
 
     void anAddedPropertyIsUndone();
-    void aRemovedPropertyComesBackWithItsKeysAndPlace();
+    void aRemovedPropertyIsRestoredWithItsKeysAndIndex();
     void removalOutsideOfAHoldDestroys();
-    void comingAndGoingInOneHoldMakesNoEntry();
+    void addingAndRemovingInOneHoldMakesNoEntry();
     void placesAreExactAfterInterleavedChanges();
     void theHistoryDestroysWhatItKeeps();
     void anObjectIsExchanged();
     void anObjectBroughtAndReplacedInOneHold();
     void theObjectOfBeforePutBackMakesNoEntry();
     void aRemovedObjectOfADestroyedNode();
-    void elementsOfAnObjectAreToldTwice();
+    void redoReportsTheRemovalAgain();
     void aSubElementIsUndone();
     void subElementsOfANewObject();
     void theHistoryDestroysSubElementsItKeeps();
     void aSubElementDestroyedByOthers();
-    void theSceneTellsOfEveryChange();
+    void theSceneReportsEveryChange();
     void randomEditsAreUndoneExactly();
 
 private:
@@ -115,7 +115,7 @@ void TestElementUndo::anAddedPropertyIsUndone()
     QCOMPARE(property->parent(), m_node);
 }
 
-void TestElementUndo::aRemovedPropertyComesBackWithItsKeysAndPlace()
+void TestElementUndo::aRemovedPropertyIsRestoredWithItsKeysAndIndex()
 {
     add("first");
     VxFloatProperty *middle = add("middle");
@@ -145,7 +145,7 @@ void TestElementUndo::removalOutsideOfAHoldDestroys()
     QCOMPARE(m_stack->count(), 0);
 }
 
-void TestElementUndo::comingAndGoingInOneHoldMakesNoEntry()
+void TestElementUndo::addingAndRemovingInOneHoldMakesNoEntry()
 {
     QPointer<VxFloatProperty> property;
     asEntry("Nothing", [&] {
@@ -267,18 +267,18 @@ void TestElementUndo::aRemovedObjectOfADestroyedNode()
     QVERIFY(!object);
 }
 
-void TestElementUndo::elementsOfAnObjectAreToldTwice()
+void TestElementUndo::redoReportsTheRemovalAgain()
 {
     auto *object = new VxObject(QStringLiteral("shape"));
     auto *morph = new VxMorph(QStringLiteral("smile"));
     object->addSubElement(morph);
     m_node->setObject(object);
-    const QSignalSpy told(morph, &VxElement::aboutToBeRemoved);
+    const QSignalSpy reported(morph, &VxElement::aboutToBeRemoved);
     asEntry("Remove", [&] { m_node->setObject(nullptr); });
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(reported.count(), 1);
     m_stack->undo();
     m_stack->redo();
-    QCOMPARE(told.count(), 2);
+    QCOMPARE(reported.count(), 2);
 }
 
 void TestElementUndo::aSubElementIsUndone()
@@ -295,16 +295,16 @@ void TestElementUndo::aSubElementIsUndone()
     smile->getValueControl()->setKey(160, 1, 0);
     QCOMPARE(m_stack->count(), 1);
     const QSignalSpy left(smile, &VxElement::aboutToBeRemoved);
-    QSignalSpy told(m_scene.get(), &VxScene::nodePropertiesChanged);
+    QSignalSpy reported(m_scene.get(), &VxScene::nodePropertiesChanged);
     m_stack->undo();
     QCOMPARE(object->getNumSubElements(), 1);
     QCOMPARE(left.count(), 1);
     QVERIFY(!smile->getOwnerElement() && !smile->parent());
     QVERIFY(
         !m_node->getPropertyGroups()->collectAllProperties().contains(smile->getValueControl()));
-    QVERIFY(told.count() > 0);
+    QVERIFY(reported.count() > 0);
     QVERIFY(m_stack->memoryUsed() > qint64(sizeof(VxMorph)));
-    told.clear();
+    reported.clear();
     m_stack->redo();
     QCOMPARE(object->getNumSubElements(), 3);
     QCOMPARE(object->getSubElement(1), smile);
@@ -312,7 +312,7 @@ void TestElementUndo::aSubElementIsUndone()
     QCOMPARE(smile->getOwnerElement(), object);
     QCOMPARE(smile->getValueControl()->getNumKeys(), 1);
     QVERIFY(m_node->getPropertyGroups()->collectAllProperties().contains(smile->getValueControl()));
-    QVERIFY(told.count() > 0);
+    QVERIFY(reported.count() > 0);
     m_stack->undo();
     QCOMPARE(left.count(), 2);
 }
@@ -370,31 +370,31 @@ void TestElementUndo::aSubElementDestroyedByOthers()
     QCOMPARE(m_stack->count(), 1);
 }
 
-void TestElementUndo::theSceneTellsOfEveryChange()
+void TestElementUndo::theSceneReportsEveryChange()
 {
-    QSignalSpy told(m_scene.get(), &VxScene::nodePropertiesChanged);
+    QSignalSpy reported(m_scene.get(), &VxScene::nodePropertiesChanged);
     int expected = 0;
     const auto check = [&](const char *what) {
-        QVERIFY2(told.count() > expected, what);
-        expected = told.count();
-        QCOMPARE(told.last().at(0).value<VxNode *>(), m_node);
+        QVERIFY2(reported.count() > expected, what);
+        expected = reported.count();
+        QCOMPARE(reported.last().at(0).value<VxNode *>(), m_node);
     };
     VxFloatProperty *property = add("grip");
-    check("a property comes");
+    check("a property is added");
     m_node->removeProperty(property);
-    check("a property goes");
+    check("a property is removed");
     property = add("lost");
-    check("another property comes");
+    check("another property is added");
     delete property;
     check("a property is destroyed");
     auto *object = new VxObject(QStringLiteral("shape"));
     m_node->setObject(object);
-    check("an object comes");
+    check("an object is set");
     auto *morph = new VxMorph(QStringLiteral("smile"));
     object->addSubElement(morph);
-    check("a morph comes");
+    check("a morph is added");
     add("extra", morph);
-    check("a property of a morph comes");
+    check("a property of a morph is added");
     delete morph;
     check("a morph is destroyed");
     delete object;

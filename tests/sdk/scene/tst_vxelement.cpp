@@ -24,12 +24,12 @@ private Q_SLOTS:
     void refusedPropertiesStayTheCallers();
     void removedPropertyIsAnnouncedThenDestroyed();
     void builtInPropertiesCannotBeRemoved();
-    void propertyDestroyedOnItsOwnIsForgotten();
-    void destructionTellsAndDestroysProperties();
-    void groupsFollowThePropertiesThatCome();
+    void propertyDestroyedOnItsOwnIsRemoved();
+    void destructionReportsAndDestroysProperties();
+    void groupsFollowAddedProperties();
     void groupsSpanNodeObjectAndMorphs();
     void subElementsHaveOneOwner();
-    void subElementDestroyedOnItsOwnIsForgotten();
+    void subElementDestroyedOnItsOwnIsRemoved();
     void objectIsExchanged();
     void objectOfAnotherNodeIsRefused();
     void morphHasAPercentage();
@@ -135,7 +135,7 @@ void TestElement::builtInPropertiesCannotBeRemoved()
     QVERIFY(node.getLocalTransform(0).isIdentity());
 }
 
-void TestElement::propertyDestroyedOnItsOwnIsForgotten()
+void TestElement::propertyDestroyedOnItsOwnIsRemoved()
 {
     VxElement element(QStringLiteral("e"));
     VxProperty *property = element.addProperty(new VxFloatProperty(QStringLiteral("x")), QString());
@@ -147,20 +147,20 @@ void TestElement::propertyDestroyedOnItsOwnIsForgotten()
     QVERIFY(element.getPropertyGroups()->collectAllProperties().isEmpty());
 }
 
-void TestElement::destructionTellsAndDestroysProperties()
+void TestElement::destructionReportsAndDestroysProperties()
 {
     auto element = std::make_unique<VxElement>(QStringLiteral("e"));
     const QPointer<VxProperty> property(
         element->addProperty(new VxFloatProperty(QStringLiteral("x")), QString()));
-    QSignalSpy going(element.get(), &VxElement::aboutToBeRemoved);
+    QSignalSpy removed(element.get(), &VxElement::aboutToBeRemoved);
     QSignalSpy deleted(property.data(), &VxProperty::propertyDeleted);
     element.reset();
-    QCOMPARE(going.count(), 1);
+    QCOMPARE(removed.count(), 1);
     QCOMPARE(deleted.count(), 1);
     QVERIFY(!property);
 }
 
-void TestElement::groupsFollowThePropertiesThatCome()
+void TestElement::groupsFollowAddedProperties()
 {
     VxElement element(QStringLiteral("e"));
     QVERIFY(element.getPropertyGroups()->collectAllProperties().isEmpty());
@@ -232,7 +232,7 @@ void TestElement::subElementsHaveOneOwner()
     QVERIFY(!inner->addSubElement(&object));
 }
 
-void TestElement::subElementDestroyedOnItsOwnIsForgotten()
+void TestElement::subElementDestroyedOnItsOwnIsRemoved()
 {
     VxObject object(QStringLiteral("shape"));
     auto *morph = new VxMorph(QStringLiteral("smile"));
@@ -250,7 +250,7 @@ void TestElement::objectIsExchanged()
     auto *second = new VxObject(QStringLiteral("second"));
     node.setObject(first);
     QCOMPARE(first->getNode(), &node);
-    QSignalSpy going(first.data(), &VxElement::aboutToBeRemoved);
+    QSignalSpy removed(first.data(), &VxElement::aboutToBeRemoved);
     QSignalSpy changed(&node, &VxNode::objectChanged);
     connect(&node, &VxNode::objectChanged, this, [&](VxNode *, VxObject *former, VxObject *) {
         QCOMPARE(former, first.data());
@@ -258,7 +258,7 @@ void TestElement::objectIsExchanged()
     });
     node.setObject(second);
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(going.count(), 1);
+    QCOMPARE(removed.count(), 1);
     QVERIFY(!first);
     QCOMPARE(node.getObject(), second);
     node.setObject(second);

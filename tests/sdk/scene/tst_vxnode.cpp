@@ -44,7 +44,7 @@ private Q_SLOTS:
     void nodesNestedTooDeeplyAreRefused();
     void parentChangeIsReported();
     void destructionTakesTheChildrenAlong();
-    void childDestroyedOnItsOwnIsForgotten();
+    void childDestroyedOnItsOwnIsRemoved();
     void aDeepChainIsDestroyed();
     void traits();
     void wrongRotationOrder();
@@ -287,14 +287,14 @@ void TestNode::destructionTakesTheChildrenAlong()
     const QPointer<VxNode> grandchild(new VxNode(QStringLiteral("grandchild")));
     root->addNodeChild(child);
     child->addNodeChild(grandchild);
-    QSignalSpy going(grandchild.data(), &VxElement::aboutToBeRemoved);
+    QSignalSpy removed(grandchild.data(), &VxElement::aboutToBeRemoved);
     root.reset();
     QVERIFY(!child);
     QVERIFY(!grandchild);
-    QCOMPARE(going.count(), 1);
+    QCOMPARE(removed.count(), 1);
 }
 
-void TestNode::childDestroyedOnItsOwnIsForgotten()
+void TestNode::childDestroyedOnItsOwnIsRemoved()
 {
     VxNode root(QStringLiteral("root"));
     for (const char *name : {"a", "b"})

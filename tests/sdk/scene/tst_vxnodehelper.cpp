@@ -83,7 +83,7 @@ private Q_SLOTS:
     void sameSpaceChangesNothing();
     void aStretchedParent_data();
     void aStretchedParent();
-    void aSkewIsToldOf();
+    void aSkewIsReported();
     void keysKeepTheirPlaces_data();
     void keysKeepTheirPlaces();
     void aShiftKeepsTheKeysShapes();
@@ -240,7 +240,7 @@ void tst_VxNodeHelper::aStretchedParent()
     QVERIFY(difference(before, m_ball->getWorldTransform(0)) < Same);
 }
 
-void tst_VxNodeHelper::aSkewIsToldOf()
+void tst_VxNodeHelper::aSkewIsReported()
 {
     m_hand->getXScaleControl()->setStoredValue(3);
     const QVector3D before = m_ball->getWorldTransform(0).column(3).toVector3D();

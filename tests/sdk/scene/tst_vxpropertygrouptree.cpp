@@ -31,7 +31,7 @@ private Q_SLOTS:
     void sortsByPath_data();
     void sortsByPath();
     void emptyTree();
-    void groupsKnowTheirPaths();
+    void groupsReturnTheirPaths();
     void collectsInTreeOrder();
     void nullIsIgnored();
 
@@ -93,7 +93,7 @@ void TestPropertyGroupTree::emptyTree()
     QVERIFY(!groups.findGroup(QStringLiteral("/A")));
 }
 
-void TestPropertyGroupTree::groupsKnowTheirPaths()
+void TestPropertyGroupTree::groupsReturnTheirPaths()
 {
     VxPropertyGroupTree groups;
     groups.addProperty(make(QStringLiteral("p"), QStringLiteral("/A/B")));

@@ -21,7 +21,7 @@ private Q_SLOTS:
 
     void theGlobalIsTheFirstScene();
     void beginsWithDefaults();
-    void settersTellOfChangesOnly();
+    void settersReportChangesOnly();
     void oddValuesArePutRight();
     void stepping_data();
     void stepping();
@@ -33,8 +33,8 @@ private Q_SLOTS:
     void clearResetsEverything();
     void clearWhileAHoldIsOpen();
     void viewChangesAreGathered();
-    void viewChangesComeFromEverythingInSight_data();
-    void viewChangesComeFromEverythingInSight();
+    void everyVisibleChangeIsAViewChange_data();
+    void everyVisibleChangeIsAViewChange();
     void changesOutOfSightAreNotReported();
 
 private:
@@ -86,7 +86,7 @@ void TestScene::beginsWithDefaults()
     QVERIFY(!m_scene->nodeListIterator().hasNext());
 }
 
-void TestScene::settersTellOfChangesOnly()
+void TestScene::settersReportChangesOnly()
 {
     QSignalSpy time(m_scene.get(), &VxScene::timeChanged);
     QSignalSpy step(m_scene.get(), &VxScene::timeStepChanged);
@@ -272,18 +272,18 @@ void TestScene::clearResetsEverything()
     connect(m_scene.get(), &VxScene::playbackFinished, this,
             [&] { story << QStringLiteral("finished"); });
     connect(m_scene.get(), &VxScene::aboutToRemoveNode, this,
-            [&](VxNode *going) { story << QStringLiteral("removing ") + going->getName(); });
+            [&](VxNode *removed) { story << QStringLiteral("removing ") + removed->getName(); });
     connect(m_scene.get(), &VxScene::primarySelectionChanged, this,
             [&](VxNode *primary) { story << QLatin1String(primary ? "primary" : "no primary"); });
     connect(node.data(), &VxElement::aboutToBeRemoved, this,
-            [&] { story << QStringLiteral("going"); });
+            [&] { story << QStringLiteral("about to be removed"); });
     connect(m_scene.get(), &VxScene::sceneCleared, this, [&] {
         QCOMPARE(m_stack->count(), 0);
         story << QStringLiteral("cleared");
     });
     m_scene->clear();
-    QCOMPARE(story,
-             (QStringList{"starting", "finished", "removing n", "no primary", "going", "cleared"}));
+    QCOMPARE(story, (QStringList{"starting", "finished", "removing n", "no primary",
+                                 "about to be removed", "cleared"}));
     QVERIFY(!node);
     QVERIFY(!kept);
     QVERIFY(!m_scene->isPlaying());
@@ -324,7 +324,7 @@ void TestScene::viewChangesAreGathered()
     QCOMPARE(changed.count(), 1);
 }
 
-void TestScene::viewChangesComeFromEverythingInSight_data()
+void TestScene::everyVisibleChangeIsAViewChange_data()
 {
     QTest::addColumn<QString>("what");
     for (const char *what :
@@ -333,7 +333,7 @@ void TestScene::viewChangesComeFromEverythingInSight_data()
         QTest::newRow(what) << QString::fromLatin1(what);
 }
 
-void TestScene::viewChangesComeFromEverythingInSight()
+void TestScene::everyVisibleChangeIsAViewChange()
 {
     QFETCH(QString, what);
     auto *node = new VxNode(QStringLiteral("n"));

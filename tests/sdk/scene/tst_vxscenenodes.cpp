@@ -10,12 +10,12 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void nodesComeParentsFirst();
+    void parentsAreAddedBeforeChildren();
     void nodesAreListedInHierarchyOrder();
     void iteratorsKeepTheirList();
     void nodesAreFound();
     void refusedNodesStayTheCallers();
-    void removalIsToldInOrder();
+    void removalIsReportedInOrder();
     void removedNodesAreDestroyedOutsideOfAHold();
     void removalOfForeignNodesIsRefused();
     void receiversMayInterfereWithRemoval();
@@ -24,14 +24,14 @@ private Q_SLOTS:
     void nodeDestroyedOnItsOwnLeavesTheScene();
     void sceneTakesItsNodesAlong();
     void nodesMoveWithinTheScene();
-    void orderIsTold_data();
-    void orderIsTold();
+    void eventsAreReportedInOrder_data();
+    void eventsAreReportedInOrder();
     void nodesDoNotMoveBetweenScenes();
-    void manyNodesComeAndGoInLinearTime_data();
-    void manyNodesComeAndGoInLinearTime();
+    void manyNodesAreAddedAndRemovedInLinearTime_data();
+    void manyNodesAreAddedAndRemovedInLinearTime();
 };
 
-void TestSceneNodes::nodesComeParentsFirst()
+void TestSceneNodes::parentsAreAddedBeforeChildren()
 {
     auto *top = new VxNode(QStringLiteral("top"));
     auto *left = new VxNode(QStringLiteral("left"));
@@ -104,7 +104,7 @@ void TestSceneNodes::refusedNodesStayTheCallers()
     QCOMPARE(drawn(), QStringLiteral("a(b(c) d) e"));
 }
 
-void TestSceneNodes::removalIsToldInOrder()
+void TestSceneNodes::removalIsReportedInOrder()
 {
     buildSample();
     VxNode *b = find(QStringLiteral("b"));
@@ -117,24 +117,24 @@ void TestSceneNodes::removalIsToldInOrder()
     m_scene->setPrimarySelection(c);
 
     QStringList story;
-    const auto tell = [&story](const QString &what) { return [&story, what] { story << what; }; };
+    const auto note = [&story](const QString &what) { return [&story, what] { story << what; }; };
     connect(m_scene.get(), &VxScene::aboutToRemoveNode, this, [&](VxNode *node) {
         QCOMPARE(drawn(), QStringLiteral("a(b(c) d) e"));
         QVERIFY(c->isSelected());
         story << QStringLiteral("about ") + node->getName();
     });
-    connect(b, &VxNode::selectedChanged, this, tell(QStringLiteral("b deselected")));
-    connect(c, &VxNode::selectedChanged, this, tell(QStringLiteral("c deselected")));
-    connect(m_scene.get(), &VxScene::nodeSelectionListChanged, this, tell(QStringLiteral("list")));
+    connect(b, &VxNode::selectedChanged, this, note(QStringLiteral("b deselected")));
+    connect(c, &VxNode::selectedChanged, this, note(QStringLiteral("c deselected")));
+    connect(m_scene.get(), &VxScene::nodeSelectionListChanged, this, note(QStringLiteral("list")));
     connect(m_scene.get(), &VxScene::primarySelectionChanged, this,
             [&](VxNode *primary) { story << QStringLiteral("primary ") + primary->getName(); });
-    connect(b, &VxElement::aboutToBeRemoved, this, tell(QStringLiteral("b goes")));
+    connect(b, &VxElement::aboutToBeRemoved, this, note(QStringLiteral("b removed")));
     connect(c, &VxElement::aboutToBeRemoved, this, [&] {
         QCOMPARE(c->getScene(), m_scene.get());
-        story << QStringLiteral("c goes");
+        story << QStringLiteral("c removed");
     });
-    connect(object, &VxElement::aboutToBeRemoved, this, tell(QStringLiteral("shape goes")));
-    connect(morph, &VxElement::aboutToBeRemoved, this, tell(QStringLiteral("smile goes")));
+    connect(object, &VxElement::aboutToBeRemoved, this, note(QStringLiteral("shape removed")));
+    connect(morph, &VxElement::aboutToBeRemoved, this, note(QStringLiteral("smile removed")));
     connect(m_scene.get(), &VxScene::nodeRemoved, this, [&](VxNode *node) {
         QCOMPARE(drawn(), QStringLiteral("a(d) e"));
         QCOMPARE(drawn(node), QStringLiteral("b(c)"));
@@ -143,7 +143,8 @@ void TestSceneNodes::removalIsToldInOrder()
     });
     QVERIFY(m_scene->removeNode(b));
     QCOMPARE(story, (QStringList{"about b", "b deselected", "c deselected", "list", "primary e",
-                                 "b goes", "c goes", "shape goes", "smile goes", "removed b"}));
+                                 "b removed", "c removed", "shape removed", "smile removed",
+                                 "removed b"}));
     QCOMPARE(m_scene->getNumNodes(), 3);
 }
 
@@ -260,13 +261,13 @@ void TestSceneNodes::nodesMoveWithinTheScene()
     QCOMPARE(m_scene->getNodes().first(), c);
 }
 
-void TestSceneNodes::orderIsTold_data()
+void TestSceneNodes::eventsAreReportedInOrder_data()
 {
     QTest::addColumn<QString>("node");
     QTest::addColumn<QString>("parent");
     QTest::addColumn<int>("index");
     QTest::addColumn<QString>("drawing");
-    QTest::addColumn<bool>("told");
+    QTest::addColumn<bool>("reported");
     QTest::newRow("to the front of its siblings") << "d"
                                                   << "a" << 0 << "a(d b(c)) e" << true;
     QTest::newRow("to where it is") << "d"
@@ -285,19 +286,19 @@ void TestSceneNodes::orderIsTold_data()
                                          << "" << 0 << "e a(b(c) d)" << true;
 }
 
-void TestSceneNodes::orderIsTold()
+void TestSceneNodes::eventsAreReportedInOrder()
 {
     QFETCH(QString, node);
     QFETCH(QString, parent);
     QFETCH(int, index);
     QFETCH(QString, drawing);
-    QFETCH(bool, told);
+    QFETCH(bool, reported);
     buildSample();
-    QStringList heard;
-    connect(m_scene.get(), &VxScene::nodeParentChanged, this, [&] { heard << "parent"; });
-    connect(m_scene.get(), &VxScene::nodeAdded, this, [&] { heard << "added"; });
+    QStringList reports;
+    connect(m_scene.get(), &VxScene::nodeParentChanged, this, [&] { reports << "parent"; });
+    connect(m_scene.get(), &VxScene::nodeAdded, this, [&] { reports << "added"; });
     connect(m_scene.get(), &VxScene::nodeOrderChanged, this,
-            [&](const VxNode *moved) { heard << "order " + moved->getName(); });
+            [&](const VxNode *moved) { reports << "order " + moved->getName(); });
     const bool changesParent = find(node)->getNodeParent() != find(parent);
     VxUndoStackHold hold;
     QVERIFY(find(node)->setNodeParent(find(parent), index));
@@ -306,11 +307,11 @@ void TestSceneNodes::orderIsTold()
     QStringList expected;
     if (changesParent)
         expected << "parent";
-    if (told)
+    if (reported)
         expected << "order " + node;
-    QCOMPARE(heard, expected);
+    QCOMPARE(reports, expected);
     // A node that comes back among others is told of, too.
-    heard.clear();
+    reports.clear();
     VxUndoStackHold removal;
     m_scene->removeNode(find(node));
     removal.accept(QStringLiteral("Remove"));
@@ -318,8 +319,8 @@ void TestSceneNodes::orderIsTold()
     QCOMPARE(drawn(), drawing);
     const VxNode *above = find(node)->getNodeParent();
     const int siblings = above ? above->getNumNodeChildren() : m_scene->getRootNodes().size();
-    QCOMPARE(heard.contains("order " + node), find(node)->getSiblingIndex() != siblings - 1);
-    QCOMPARE(heard.first(), QString("added"));
+    QCOMPARE(reports.contains("order " + node), find(node)->getSiblingIndex() != siblings - 1);
+    QCOMPARE(reports.first(), QString("added"));
 }
 
 void TestSceneNodes::nodesDoNotMoveBetweenScenes()
@@ -340,7 +341,7 @@ void TestSceneNodes::nodesDoNotMoveBetweenScenes()
     QCOMPARE(drawn(), QStringLiteral("a(b(c) d) e"));
 }
 
-void TestSceneNodes::manyNodesComeAndGoInLinearTime_data()
+void TestSceneNodes::manyNodesAreAddedAndRemovedInLinearTime_data()
 {
     QTest::addColumn<QString>("shape");
     QTest::addColumn<QString>("order");
@@ -351,7 +352,7 @@ void TestSceneNodes::manyNodesComeAndGoInLinearTime_data()
     }
 }
 
-void TestSceneNodes::manyNodesComeAndGoInLinearTime()
+void TestSceneNodes::manyNodesAreAddedAndRemovedInLinearTime()
 {
     QFETCH(QString, shape);
     QFETCH(QString, order);

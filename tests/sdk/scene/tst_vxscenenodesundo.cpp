@@ -12,15 +12,15 @@ private Q_SLOTS:
 
     void additionIsUndone();
     void removalIsUndone();
-    void whatCameBackCanGoAgain();
+    void restoredNodesCanBeRemovedAgain();
     void movesAreUndone();
     void traitsAreUndone();
     void severalChangesInOneHold();
-    void comingAndGoingInOneHoldMakesNoEntry();
+    void addingAndRemovingInOneHoldMakesNoEntry();
     void movingThereAndBackMakesNoEntry();
     void interleavedMovesAreUndoneExactly();
     void randomEditsAreUndoneExactly();
-    void nodeThatComesWhereAnotherWas();
+    void nodeAtTheAddressOfADestroyedOne();
     void historyOwnsWhatItRemoved();
     void cancelledRemovalDestroys();
     void changesOutsideOfASceneAreNotRecorded();
@@ -58,7 +58,7 @@ void TestSceneNodesUndo::removalIsUndone()
     QCOMPARE(c->getXPosControl()->getNumKeys(), 1);
 }
 
-void TestSceneNodesUndo::whatCameBackCanGoAgain()
+void TestSceneNodesUndo::restoredNodesCanBeRemovedAgain()
 {
     buildSample();
     VxNode *b = find(QStringLiteral("b"));
@@ -133,7 +133,7 @@ void TestSceneNodesUndo::severalChangesInOneHold()
     checkUndo(QStringLiteral("a(b(c) d) e"), QStringLiteral("c e(f(b))"));
 }
 
-void TestSceneNodesUndo::comingAndGoingInOneHoldMakesNoEntry()
+void TestSceneNodesUndo::addingAndRemovingInOneHoldMakesNoEntry()
 {
     buildSample();
     VxUndoStackHold hold;
@@ -212,7 +212,7 @@ void TestSceneNodesUndo::randomEditsAreUndoneExactly()
 }
 
 // Memory is used again: the place of a node that is gone is not that of the next one.
-void TestSceneNodesUndo::nodeThatComesWhereAnotherWas()
+void TestSceneNodesUndo::nodeAtTheAddressOfADestroyedOne()
 {
     add(QStringLiteral("a"));
     void *room = ::operator new(sizeof(VxNode));

@@ -31,19 +31,19 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void startAndEndAreToldOnce();
+    void startAndEndAreReportedOnce();
     void startsWhereThereIsSomethingToPlay_data();
     void startsWhereThereIsSomethingToPlay();
     void droppingFollowsTheClock();
     void droppingCatchesUpWithASlowView();
     void everyFrameIsShown();
-    void everyFrameWaitsForASlowView();
+    void everyFrameIsShownToASlowView();
     void noFrameIsEarly_data();
     void noFrameIsEarly();
-    void pausedPlaybackStands();
+    void pausedPlaybackKeepsItsTime();
     void loopsUntilPaused();
     void loopSwitchedOffEnds();
-    void timeSetByOthersIsWhereItGoesOn();
+    void playbackContinuesFromATimeSetElsewhere();
     void receiverOfAFrameMaySetTheTime();
     void receiverOfAFrameMayPause();
     void receiverOfTheStartMayPause();
@@ -77,7 +77,7 @@ void TestScenePlayback::cleanup()
     m_guard.reset();
 }
 
-void TestScenePlayback::startAndEndAreToldOnce()
+void TestScenePlayback::startAndEndAreReportedOnce()
 {
     QSignalSpy started(m_scene.get(), &VxScene::playbackStarted);
     QSignalSpy finished(m_scene.get(), &VxScene::playbackFinished);
@@ -160,7 +160,7 @@ void TestScenePlayback::everyFrameIsShown()
     QVERIFY(m_clock.elapsed() < 4000);
 }
 
-void TestScenePlayback::everyFrameWaitsForASlowView()
+void TestScenePlayback::everyFrameIsShownToASlowView()
 {
     connect(m_scene.get(), &VxScene::timeChanged, this, [] { QThread::msleep(50); });
     m_scene->setPlayRange({0, 1600});
@@ -195,7 +195,7 @@ void TestScenePlayback::noFrameIsEarly()
     }
 }
 
-void TestScenePlayback::pausedPlaybackStands()
+void TestScenePlayback::pausedPlaybackKeepsItsTime()
 {
     m_scene->play();
     QTRY_VERIFY(m_shown.size() >= 3);
@@ -235,7 +235,7 @@ void TestScenePlayback::loopSwitchedOffEnds()
     QCOMPARE(m_scene->getTime(), 640);
 }
 
-void TestScenePlayback::timeSetByOthersIsWhereItGoesOn()
+void TestScenePlayback::playbackContinuesFromATimeSetElsewhere()
 {
     m_scene->setPlayRange({0, 48000});
     m_scene->play(false);

@@ -18,7 +18,7 @@ private Q_SLOTS:
 
     void selectingMakesPrimary();
     void nothingNewIsNotReported();
-    void deselectingThePrimaryGoesBackToTheLast();
+    void deselectingThePrimarySelectsTheLast();
     void deselectingAnotherLeavesThePrimary();
     void orderIsThatOfSelecting();
     void primaryWithoutAndBack();
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void allAndNone();
     void allKeepsThePrimary();
     void nodesThatAreNotSelectable();
-    void signalsComeInTheNewState();
+    void signalsAreEmittedInTheNewState();
     void receiversMayChangeTheSelection();
     void receiversMayRemoveNodes();
     void removedNodesAreDeselected();
@@ -110,7 +110,7 @@ void TestSceneSelection::nothingNewIsNotReported()
     QCOMPARE(list.count() + primary.count() + ofNode.count(), 0);
 }
 
-void TestSceneSelection::deselectingThePrimaryGoesBackToTheLast()
+void TestSceneSelection::deselectingThePrimarySelectsTheLast()
 {
     for (VxNode *node : {a, b, c, d})
         node->select();
@@ -236,7 +236,7 @@ void TestSceneSelection::nodesThatAreNotSelectable()
     QCOMPARE(drawn(), QStringLiteral("a c d*"));
 }
 
-void TestSceneSelection::signalsComeInTheNewState()
+void TestSceneSelection::signalsAreEmittedInTheNewState()
 {
     QStringList story;
     connect(a, &VxNode::selectedChanged, this, [&] { story << QStringLiteral("a ") + drawn(); });

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void membersRunNothing();
     void incompletePrograms_data();
     void incompletePrograms();
-    void runningIsKnown();
+    void runningIsReported();
     void endlessLoopCanBeStopped();
     void deletedObjectGivesAnError();
     void wrapperNeverOwnsTheObject();
@@ -265,7 +265,7 @@ void TestScriptEngine::incompletePrograms()
     QTEST(VxScriptEngine::isComplete(program), "complete");
 }
 
-void TestScriptEngine::runningIsKnown()
+void TestScriptEngine::runningIsReported()
 {
     QVERIFY(!m_engine->isRunning());
     bool seen = false;

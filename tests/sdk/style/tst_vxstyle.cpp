@@ -32,7 +32,7 @@ private Q_SLOTS:
     void signsOfMessageBoxesAreSharp();
     void arrowOfASelectedRowIsSeen_data() { addSchemes(); }
     void arrowOfASelectedRowIsSeen();
-    void pixmapForStateTellsStatesApart();
+    void pixmapForStateDiffersByState();
 
     void nameColumnFillsItsRectangle();
     void barButtonStatesDiffer_data() { addSchemes(); }
@@ -298,7 +298,7 @@ void tst_VxStyle::arrowOfASelectedRowIsSeen()
     QVERIFY2(lightest > ground + 50, qPrintable(QString::number(lightest - ground)));
 }
 
-void tst_VxStyle::pixmapForStateTellsStatesApart()
+void tst_VxStyle::pixmapForStateDiffersByState()
 {
     const VxStyle style;
     const auto picture = [&style](QStyle::State state) {

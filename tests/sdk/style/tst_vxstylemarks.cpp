@@ -16,26 +16,26 @@ private Q_SLOTS:
     void selectedKeyMarksDiffer_data() { addSchemesAndRatios(); }
     void selectedKeyMarksDiffer();
     void disabledKeyMarksDiffer();
-    void keyMarksStandOutFromTheRow_data() { addSchemes(); }
-    void keyMarksStandOutFromTheRow();
+    void keyMarksContrastWithTheRow_data() { addSchemes(); }
+    void keyMarksContrastWithTheRow();
     void keyMarksAreCentredOnTheFrame_data() { addSchemes(); }
     void keyMarksAreCentredOnTheFrame();
     void keyMarksAreDrawnAlikeFromTheCache();
     void keyMarksFollowThePalette();
     void keyMarksStaySharpBetweenDevicePixels();
     void keyMarksInEmptyRectanglesDrawNothing();
-    void keyMarksInHighRectanglesStandAtTheBottom();
+    void keyMarksInHighRectanglesAreAtTheBottom();
     void crowdedKeyMarksStayBright_data() { addSchemesAndRatios(); }
     void crowdedKeyMarksStayBright();
     void timeOnlyMarksAreLow();
     void linesInRowsCanBeSeen();
     void keyMarksWithAViewsStateKeepTheirShape();
-    void rangeHandlesTellSideAndHover_data() { addSchemes(); }
-    void rangeHandlesTellSideAndHover();
+    void rangeHandlesDifferBySideAndHover_data() { addSchemes(); }
+    void rangeHandlesDifferBySideAndHover();
     void rulerTicksDiffer_data() { addSchemes(); }
     void rulerTicksDiffer();
     void tickWithoutValueIsMinor();
-    void playheadStandsOnTheFrame();
+    void playheadIsDrawnAtTheFrame();
     void currentTimeMarkerIsInItsMiddleColumn();
 
 private:
@@ -99,7 +99,7 @@ void tst_VxStyleMarks::disabledKeyMarksDiffer()
 }
 
 // On a plain row and on a selected row, and for selected and unselected keys alike.
-void tst_VxStyleMarks::keyMarksStandOutFromTheRow()
+void tst_VxStyleMarks::keyMarksContrastWithTheRow()
 {
     QFETCH(Scheme, scheme);
     const VxStyle style(scheme);
@@ -220,7 +220,7 @@ void tst_VxStyleMarks::keyMarksInEmptyRectanglesDrawNothing()
     }
 }
 
-void tst_VxStyleMarks::keyMarksInHighRectanglesStandAtTheBottom()
+void tst_VxStyleMarks::keyMarksInHighRectanglesAreAtTheBottom()
 {
     const VxStyle style;
     const QImage image = drawn(style, VxStyle::PE_VxKeyMark, QRect(2, 2, 10, 28),
@@ -303,7 +303,7 @@ void tst_VxStyleMarks::keyMarksWithAViewsStateKeepTheirShape()
                  drawnMark(style, QStyle::State_Enabled | type.state));
 }
 
-void tst_VxStyleMarks::rangeHandlesTellSideAndHover()
+void tst_VxStyleMarks::rangeHandlesDifferBySideAndHover()
 {
     QFETCH(Scheme, scheme);
     const VxStyle style(scheme);
@@ -370,7 +370,7 @@ void tst_VxStyleMarks::tickWithoutValueIsMinor()
                           VxStyle::MinorTick));
 }
 
-void tst_VxStyleMarks::playheadStandsOnTheFrame()
+void tst_VxStyleMarks::playheadIsDrawnAtTheFrame()
 {
     const VxStyle style;
     const int side = 2 * style.metric(VxStyle::PM_VxTimelineKeyMargin);

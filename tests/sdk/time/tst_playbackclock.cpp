@@ -47,8 +47,8 @@ private Q_SLOTS:
     void init() { m_guard = std::make_unique<VxWarningGuard>(); }
     void cleanup() { m_guard.reset(); }
 
-    void framesComeInOrder_data();
-    void framesComeInOrder();
+    void framesAreInOrder_data();
+    void framesAreInOrder();
     void nothingIsShownBeforeItsTime_data() { rates(); }
     void nothingIsShownBeforeItsTime();
     void hoursOfDroppingPlaybackDoNotDrift_data() { rates(); }
@@ -87,7 +87,7 @@ void TestPlaybackClock::rates()
         QTest::addRow("%d frames a second", fps) << fps;
 }
 
-void TestPlaybackClock::framesComeInOrder_data()
+void TestPlaybackClock::framesAreInOrder_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<VxTimeRange>("range");
@@ -111,7 +111,7 @@ void TestPlaybackClock::framesComeInOrder_data()
         << 110 << VxTimeRange(110, 120) << true << Times{120, 110, 120};
 }
 
-void TestPlaybackClock::framesComeInOrder()
+void TestPlaybackClock::framesAreInOrder()
 {
     QFETCH(int, from);
     QFETCH(VxTimeRange, range);

@@ -28,16 +28,16 @@ std::vector<double> framesLate(const QVector<Shown> &shown, VxTime step, VxTime 
     std::vector<double> late;
     qint64 laps = 0;
     VxTime before = 0;
-    double letGo = 0;
+    double dropped = 0;
     const double mostFrames = patience * VxTicksPerSecond / step;
     for (const Shown &each : shown) {
         laps += each.time < before;
         before = each.time;
         const long double due = static_cast<long double>(laps) * lap + each.time;
         const long double run = static_cast<long double>(each.at) * VxTicksPerSecond / Second;
-        late.push_back(double((run - due) / step) - letGo);
+        late.push_back(double((run - due) / step) - dropped);
         if (patience > 0 && late.back() > mostFrames)
-            letGo += late.back();
+            dropped += late.back();
     }
     return late;
 }

@@ -77,22 +77,22 @@ private Q_SLOTS:
     void undoAndRedoRestoreEveryKey();
     void emptyHoldMakesNoEntry();
     void changesThatCancelOutMakeNoEntry();
-    void cancelKeepsTheChangesAndForgetsThem();
+    void cancelKeepsTheChangesWithoutAnEntry();
     void destroyedHoldIsDropped();
     void rollBackUndoesTheChanges();
     void rollBackOfAnInnerHoldOnlyEndsIt();
     void innerHoldFlowsIntoTheOuter_data();
     void innerHoldFlowsIntoTheOuter();
-    void outerHoldThatEndsFirstTakesWhatCameBefore();
+    void outerHoldThatEndsFirstRecordsTheEarlierChanges();
     void undoIsIgnoredWhileAHoldIsOpen();
     void nothingIsRecordedWhileUndoing();
     void entriesOfADestroyedPropertyDoNothing();
-    void propertyThatComesWhereAnotherWas();
+    void propertyAtTheAddressOfADestroyedOne();
     void keysOutsideTheSpanSurviveUndo();
     void itemsAreUndoneInReverseOrder();
     void memoryFollowsTheKeysThatChanged();
     void cleanStateFollowsTheIndex();
-    void stepsAndEntriesAreTold();
+    void stepsAndEntriesAreReported();
     void theIndexIsSet();
     void scriptBracket();
     void randomEditsUndoToTheStartAndRedoToTheEnd();
@@ -188,7 +188,7 @@ void TestUndoStack::changesThatCancelOutMakeNoEntry()
     QCOMPARE(stack.count(), 0);
 }
 
-void TestUndoStack::cancelKeepsTheChangesAndForgetsThem()
+void TestUndoStack::cancelKeepsTheChangesWithoutAnEntry()
 {
     VxUndoStack stack;
     VxFloatProperty x(QStringLiteral("X"));
@@ -286,7 +286,7 @@ void TestUndoStack::innerHoldFlowsIntoTheOuter()
     }
 }
 
-void TestUndoStack::outerHoldThatEndsFirstTakesWhatCameBefore()
+void TestUndoStack::outerHoldThatEndsFirstRecordsTheEarlierChanges()
 {
     VxUndoStack stack;
     VxFloatProperty x(QStringLiteral("X"));
@@ -355,7 +355,7 @@ void TestUndoStack::entriesOfADestroyedPropertyDoNothing()
 }
 
 // Memory is used again: what the hold knows of a property that is gone is not that of the next one.
-void TestUndoStack::propertyThatComesWhereAnotherWas()
+void TestUndoStack::propertyAtTheAddressOfADestroyedOne()
 {
     VxUndoStack stack;
     alignas(VxFloatProperty) unsigned char room[sizeof(VxFloatProperty)];
@@ -455,16 +455,16 @@ void TestUndoStack::cleanStateFollowsTheIndex()
     QCOMPARE(clean.count(), 2);
 }
 
-void TestUndoStack::stepsAndEntriesAreTold()
+void TestUndoStack::stepsAndEntriesAreReported()
 {
     VxUndoStack stack;
     VxFloatProperty x(QStringLiteral("X"));
-    QStringList heard;
+    QStringList reports;
     connect(&stack, &VxUndoStack::entryAdded, this, [&](const QString &text) {
-        heard << QStringLiteral("+%1 at %2").arg(text).arg(stack.index());
+        reports << QStringLiteral("+%1 at %2").arg(text).arg(stack.index());
     });
     connect(&stack, &VxUndoStack::stepped, this,
-            [&](int from, int to) { heard << QStringLiteral("%1>%2").arg(from).arg(to); });
+            [&](int from, int to) { reports << QStringLiteral("%1>%2").arg(from).arg(to); });
     for (int i = 1; i <= 3; ++i) {
         VxUndoStackHold hold;
         x.setKey(i, 1.0f, 0);
@@ -478,7 +478,7 @@ void TestUndoStack::stepsAndEntriesAreTold()
     stack.redo();
     stack.setIndex(3);
     stack.redo();
-    QCOMPARE(heard, QStringList({"+1 at 1", "+2 at 2", "+3 at 3", "3>2", "2>0", "0>1", "1>3"}));
+    QCOMPARE(reports, QStringList({"+1 at 1", "+2 at 2", "+3 at 3", "3>2", "2>0", "0>1", "1>3"}));
 }
 
 void TestUndoStack::theIndexIsSet()

@@ -26,7 +26,7 @@ private Q_SLOTS:
     void clickEmitsClicked();
     void clickLeavesTheFocus();
     void checkableToggles();
-    void sizeComesFromIconOrText();
+    void sizeFollowsIconOrText();
     void everyStateLooksDifferent_data();
     void everyStateLooksDifferent();
     void iconIsCentred_data();
@@ -65,7 +65,7 @@ void TestVxBarButton::toolTipText_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("toolTip");
     QTest::addColumn<QKeySequence>("shortcut");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("shown");
     const QKeySequence none;
     const QKeySequence keys(Qt::CTRL + Qt::Key_K);
     QTest::newRow("nothing") << ""
@@ -80,7 +80,7 @@ void TestVxBarButton::toolTipText_data()
                                        << "" << keys << "Create Keys (Ctrl+K)";
     QTest::newRow("tool tip and shortcut") << ""
                                            << "Make" << keys << "Make (Ctrl+K)";
-    QTest::newRow("shortcut alone tells nothing") << ""
+    QTest::newRow("shortcut alone shows nothing") << ""
                                                   << "" << keys << "";
     QTest::newRow("text with a place mark") << "50%1"
                                             << "" << keys << "50%1 (Ctrl+K)";
@@ -94,7 +94,7 @@ void TestVxBarButton::toolTipText()
     m_button->setText(text);
     m_button->setToolTip(toolTip);
     m_button->setShortcut(shortcut);
-    QTEST(m_button->toolTipText(), "told");
+    QTEST(m_button->toolTipText(), "shown");
 }
 
 void TestVxBarButton::toolTipIsShownOnRequest()
@@ -154,7 +154,7 @@ void TestVxBarButton::checkableToggles()
     QCOMPARE(toggled.count(), 2);
 }
 
-void TestVxBarButton::sizeComesFromIconOrText()
+void TestVxBarButton::sizeFollowsIconOrText()
 {
     const int height = hostStyle().metric(VxStyle::PM_VxControlHeight);
     const int margin = hostStyle().metric(VxStyle::PM_VxButtonMargin);

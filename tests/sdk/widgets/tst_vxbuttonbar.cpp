@@ -18,8 +18,8 @@ class TestVxButtonBar : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void itemsStandInIndexOrder_data();
-    void itemsStandInIndexOrder();
+    void itemsAreInIndexOrder_data();
+    void itemsAreInIndexOrder();
     void sparseAndNegativeIndices();
     void hiddenItemsTakeNoPlace();
     void hideAndShowTransportItems();
@@ -98,7 +98,7 @@ void TestVxButtonBar::show()
     settle();
 }
 
-void TestVxButtonBar::itemsStandInIndexOrder_data()
+void TestVxButtonBar::itemsAreInIndexOrder_data()
 {
     QTest::addColumn<QList<int>>("added");
     QTest::newRow("in order") << QList<int>{0, 1, 2, 3};
@@ -106,7 +106,7 @@ void TestVxButtonBar::itemsStandInIndexOrder_data()
     QTest::newRow("mixed") << QList<int>{2, 0, 3, 1};
 }
 
-void TestVxButtonBar::itemsStandInIndexOrder()
+void TestVxButtonBar::itemsAreInIndexOrder()
 {
     QFETCH(QList<int>, added);
     QMap<int, QWidget *> buttons;

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void otherMouseButtonsDoNotDrag();
     void dragStopsAtMinimumSizes();
     void dragIsMeasuredFromThePress();
-    void dragThatGoesNowhereKeepsTheRatio();
+    void dragWithoutMovementKeepsTheRatio();
     void doubleClickHalves();
     void resizingKeepsTheRatio();
     void hidingTheSecondFillsAndRestores();
@@ -38,7 +38,7 @@ private Q_SLOTS:
     void ratioOutsideIsClampedOrRefused();
     void deletedWidgetLeavesItsPlace();
     void missingWidgetsAreAccepted();
-    void cursorTellsTheDirection();
+    void cursorShowsTheDirection();
     void pictures_data();
     void pictures();
 
@@ -184,7 +184,7 @@ void TestVxDynamicDividerWgt::dragIsMeasuredFromThePress()
     QCOMPARE(m_first->height(), before + 10);
 }
 
-void TestVxDynamicDividerWgt::dragThatGoesNowhereKeepsTheRatio()
+void TestVxDynamicDividerWgt::dragWithoutMovementKeepsTheRatio()
 {
     make(Qt::Vertical);
     m_divider->setRatio(1.0 / 3.0);
@@ -352,7 +352,7 @@ void TestVxDynamicDividerWgt::missingWidgetsAreAccepted()
     QCOMPARE(divider.minimumSizeHint(), QSize(0, 0));
 }
 
-void TestVxDynamicDividerWgt::cursorTellsTheDirection()
+void TestVxDynamicDividerWgt::cursorShowsTheDirection()
 {
     make(Qt::Vertical);
     QCOMPARE(bar()->cursor().shape(), Qt::SplitVCursor);

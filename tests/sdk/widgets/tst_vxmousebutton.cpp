@@ -33,10 +33,10 @@ private Q_SLOTS:
     void disabledIsDimmed();
     void clickSendsEachSignalOnce();
     void otherButtonsDoNothing();
-    void dragTellsWayFromPress();
+    void dragReportsTheDeltaFromThePress();
     void dragOffAndBackIsOneGesture();
     void smallMoveStillClicks();
-    void letGoOutsideDoesNotClick();
+    void releaseOutsideDoesNotClick();
     void moveWithoutHoldIsNoDrag();
     void disablingEndsTheHold();
     void hidingEndsTheHold();
@@ -147,7 +147,7 @@ void TestVxMouseButton::otherButtonsDoNothing()
     QCOMPARE(dragged.count(), 0);
 }
 
-void TestVxMouseButton::dragTellsWayFromPress()
+void TestVxMouseButton::dragReportsTheDeltaFromThePress()
 {
     QSignalSpy dragged(m_button, &VxMouseButton::dragged);
     QSignalSpy clicked(m_button, &QAbstractButton::clicked);
@@ -188,7 +188,7 @@ void TestVxMouseButton::smallMoveStillClicks()
     QCOMPARE(clicked.count(), 1);
 }
 
-void TestVxMouseButton::letGoOutsideDoesNotClick()
+void TestVxMouseButton::releaseOutsideDoesNotClick()
 {
     QSignalSpy released(m_button, &QAbstractButton::released);
     QSignalSpy clicked(m_button, &QAbstractButton::clicked);

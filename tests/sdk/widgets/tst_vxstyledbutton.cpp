@@ -67,8 +67,8 @@ private Q_SLOTS:
     void arrowIsDrawnAtTheEnd_data();
     void arrowIsDrawnAtTheEnd();
     void menuAloneDrawsNoArrow();
-    void textStandsWhereTheFormatSays_data();
-    void textStandsWhereTheFormatSays();
+    void textIsAlignedAsTheFormatSays_data();
+    void textIsAlignedAsTheFormatSays();
     void iconAloneIsCentred();
     void sizeHintHoldsAll();
     void minimumWidthOfElidingButtonIsSmall();
@@ -78,9 +78,9 @@ private Q_SLOTS:
     void keysOpenTheMenu();
     void keysWithoutMenuDoNothing();
     void menuEntryIsTriggeredByTheMouse();
-    void buttonComesUpAgainAfterTheMenu();
+    void buttonIsRaisedAfterTheMenu();
     void clickWithoutMenu();
-    void toolTipTellsElidedText();
+    void toolTipShowsElidedText();
     void statesLookDifferent_data();
     void statesLookDifferent();
     void flatHasNoFrameWhenIdle();
@@ -245,7 +245,7 @@ void TestVxStyledButton::menuAloneDrawsNoArrow()
     QVERIFY(picture("TRS") != without);
 }
 
-void TestVxStyledButton::textStandsWhereTheFormatSays_data()
+void TestVxStyledButton::textIsAlignedAsTheFormatSays_data()
 {
     QTest::addColumn<Qt::Alignment>("format");
     QTest::addColumn<int>("place"); // -1 left, 0 middle, 1 right
@@ -254,7 +254,7 @@ void TestVxStyledButton::textStandsWhereTheFormatSays_data()
     QTest::newRow("right") << Qt::Alignment(Qt::AlignRight) << 1;
 }
 
-void TestVxStyledButton::textStandsWhereTheFormatSays()
+void TestVxStyledButton::textIsAlignedAsTheFormatSays()
 {
     QFETCH(Qt::Alignment, format);
     QFETCH(int, place);
@@ -394,7 +394,7 @@ void TestVxStyledButton::menuEntryIsTriggeredByTheMouse()
     QCOMPARE(first.count(), 0);
 }
 
-void TestVxStyledButton::buttonComesUpAgainAfterTheMenu()
+void TestVxStyledButton::buttonIsRaisedAfterTheMenu()
 {
     QMenu menu;
     menu.addAction("one");
@@ -418,7 +418,7 @@ void TestVxStyledButton::clickWithoutMenu()
     QCOMPARE(clicked.count(), 1);
 }
 
-void TestVxStyledButton::toolTipTellsElidedText()
+void TestVxStyledButton::toolTipShowsElidedText()
 {
     const auto ask = [this] {
         QToolTip::hideText();
