@@ -68,16 +68,12 @@ public:
 
     /// The shortcut in force; empty for none or for an unknown class.
     QKeySequence getShortcut(const QString &className) const;
-    /// The shortcut that resetShortcut() restores; empty for none, for an unknown class and for a
-    /// default that an earlier action had already.
+    /// The shortcut that the command was registered with; empty for none, for an unknown class and
+    /// for one that an earlier action had already.
     QKeySequence getDefaultShortcut(const QString &className) const;
     /// Sets the user's shortcut for an action; an empty one removes it. False for an unknown class.
     /// Another action with that shortcut loses it.
     bool setShortcut(const QString &className, const QKeySequence &shortcut);
-    /// Back to the action's default shortcut.
-    void resetShortcut(const QString &className);
-    /// All actions back to their defaults.
-    void resetAllShortcuts();
     /// The class name of the action that has a shortcut, or an empty string.
     QString findShortcut(const QKeySequence &shortcut) const;
 

@@ -85,7 +85,4 @@ struct VxRotationSamples
 VXCORE_EXPORT std::array<VxFittedKeys, 3> vxReduceRotation(const VxRotationSamples &samples,
                                                            VxKeyInterp::Type type, double error);
 
-/// The largest angle in degrees between two lists of rotations with the same times and order.
-VXCORE_EXPORT double vxLargestAngle(const VxRotationSamples &a, const VxRotationSamples &b);
-
 #endif

@@ -222,16 +222,6 @@ bool VxActionMgr::setShortcut(const QString &className, const QKeySequence &shor
     return true;
 }
 
-void VxActionMgr::resetShortcut(const QString &className)
-{
-    setShortcut(className, d->shortcuts.defaultShortcut(className));
-}
-
-void VxActionMgr::resetAllShortcuts()
-{
-    applyShortcuts(d->shortcuts.restore({}));
-}
-
 QString VxActionMgr::findShortcut(const QKeySequence &shortcut) const
 {
     return d->shortcuts.find(shortcut);

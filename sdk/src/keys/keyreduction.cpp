@@ -130,15 +130,3 @@ std::array<VxFittedKeys, 3> vxReduceRotation(const VxRotationSamples &rotation,
         channel.error = largest;
     return keys;
 }
-
-double vxLargestAngle(const VxRotationSamples &a, const VxRotationSamples &b)
-{
-    const KeySamples samples(a);
-    double largest = 0;
-    for (int k = 0; k < std::min(a.count, b.count); ++k) {
-        const std::array<double, 3> other = {double(b.angles[0][k]), double(b.angles[1][k]),
-                                             double(b.angles[2][k])};
-        largest = std::max(largest, samples.errorOf(k, other));
-    }
-    return largest;
-}

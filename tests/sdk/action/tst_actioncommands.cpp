@@ -51,7 +51,7 @@ void tst_ActionCommands::takesCommands()
     const QAction stranger;
     QCOMPARE(manager.getCommandName(&stranger), QString());
     QCOMPARE(manager.getCommandName(nullptr), QString());
-    const CopyAction unknown; // of a known class
+    const CopyAction unknown; // of a registered class
     QCOMPARE(manager.getCommandName(&unknown), QString());
 }
 
@@ -70,7 +70,8 @@ void tst_ActionCommands::commandsShareTheKeys()
     QVERIFY(save.shortcut().isEmpty());
     QVERIFY(manager.setShortcut(QStringLiteral("Save"), keys("F7")));
     QCOMPARE(save.shortcut(), keys("F7"));
-    manager.resetAllShortcuts();
+    for (const QString &name : {QStringLiteral("Save"), copyClass})
+        manager.setShortcut(name, manager.getDefaultShortcut(name));
     QCOMPARE(save.shortcut(), keys("Ctrl+S"));
     QCOMPARE(manager.findAction(copyClass)->shortcut(), keys("Ctrl+C"));
 }
@@ -97,7 +98,8 @@ void tst_ActionCommands::removesADeletedCommand()
     QVERIFY(!manager.findCommand(QStringLiteral("Save")));
     QCOMPARE(manager.findShortcut(keys("Ctrl+S")), QString());
     QVERIFY(!manager.setShortcut(QStringLiteral("Save"), keys("F7")));
-    manager.resetAllShortcuts();
+    const VxSettings none;
+    QCOMPARE(manager.restoreShortcuts(&none), QStringList());
 }
 
 void tst_ActionCommands::savesAndRestoresCommands()
@@ -113,7 +115,8 @@ void tst_ActionCommands::savesAndRestoresCommands()
             QCOMPARE(manager.restoreShortcuts(&settings), QStringList());
             QVERIFY(save.shortcut().isEmpty());
             QCOMPARE(manager.getShortcut(copyClass), keys("Ctrl+S"));
-            manager.resetAllShortcuts();
+            for (const QString &name : {QStringLiteral("Save"), copyClass})
+                manager.setShortcut(name, manager.getDefaultShortcut(name));
         } else {
             manager.setShortcut(copyClass, keys("Ctrl+S"));
         }
