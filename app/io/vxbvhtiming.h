@@ -8,7 +8,7 @@
 /// The mapping of a motion file's frames to the scene's ticks.
 ///
 /// Motion files give the length of a frame as a decimal number, usually a rounded or truncated one:
-/// ".0083333" stands for 120 frames per second. If the text allows a whole rate, that rate is used;
+/// ".0083333" for 120 frames per second. If the text allows a whole rate, that rate is used;
 /// if its frame is a whole number of ticks, every key is exactly on a frame. Otherwise (29.97
 /// frames per second) keys are rounded to the nearest tick of their true time, so that long takes
 /// do not drift, and the scene gets the nearest step.

@@ -6,7 +6,7 @@
 /// A failure with a file, and its position.
 ///
 /// Readers and writers fill one of these and return false; nothing is thrown and nothing is shown
-/// from inside the library. The caller decides whether \a text() goes into a message box, the log
+/// from inside the library. The caller decides whether \a text() is shown in a message box, the log
 /// or a test. A cancelled operation fills it too, with \a cancelled set, so that callers can omit
 /// the message.
 struct VxFileError
@@ -20,7 +20,7 @@ struct VxFileError
 
     bool isSet() const { return cancelled || !message.isEmpty(); }
 
-    /// The whole message: "walk.bvh, line 12: ...", with the known parts.
+    /// The whole message: "walk.bvh, line 12: ...", with the parts that are set.
     QString text() const;
 };
 

@@ -13,8 +13,8 @@ class VxUndoStack;
 /// Keeps a recovery copy of a document with unsaved changes, at most some minutes old.
 ///
 /// The interval starts at the first change that the copy lacks, so an idle program writes nothing.
-/// Writing waits for a gesture and for reading or writing a file as long as they last, for
-/// playback, which may loop for hours, at most for one more interval. When the document equals its
+/// Writing is deferred while a gesture or the reading or writing of a file lasts, and during
+/// playback, which may loop for hours, by one more interval at most. When the document equals its
 /// file the copy is removed.
 class AutoSave : public QObject
 {

@@ -61,7 +61,7 @@ public:
     QString settingsFile;
     QStringList pluginPaths;
     QString palette;          ///< "dark", "light" or empty
-    std::optional<int> frame; ///< to go to after the file was opened
+    std::optional<int> frame; ///< made current after the file was opened
 };
 
 #endif

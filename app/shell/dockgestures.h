@@ -21,7 +21,7 @@ class QTabBar;
 /// follows the mouse by this class, and the toolkit performs the drag from press to release at
 /// once when the dock is dropped, and to show the drop position. Drags of tabs and separators are
 /// the toolkit's; they end with the first change. The toolkit also keeps which separator the mouse
-/// hovers over, and crashes once that has gone; so it never sees a hover, and the cursor over a
+/// hovers over, and crashes once that is deleted; so it never sees a hover, and the cursor over a
 /// separator is set here.
 class DockGestures : public QObject
 {

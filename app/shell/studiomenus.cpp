@@ -233,8 +233,8 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     adopt(undo, {"StudioUndo", QString(), tr("Undoes the last change."), QKeySequence::Undo});
     adopt(redo,
           {"StudioRedo", QString(), tr("Redoes the last undone change."), QKeySequence::Redo});
-    // The toolkit's stack supplies text and state; the trigger calls the host's, which waits during
-    // a gesture.
+    // The toolkit's stack supplies text and state; the trigger calls the host's, which does nothing
+    // during a gesture.
     disconnect(undo, nullptr, stack, nullptr);
     disconnect(redo, nullptr, stack, nullptr);
     connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);

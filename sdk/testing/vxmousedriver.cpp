@@ -15,12 +15,12 @@ Q_GUI_EXPORT void qt_handleMouseEvent(QWindow *window, const QPointF &local, con
 
 namespace {
 
-// Shared by all drivers, because double clicks are told by the time between presses.
+// Shared by all drivers, because the time between presses makes double clicks.
 int now = 0;
 constexpr int withinDoubleClick = 10;
 constexpr int beyondDoubleClick = 2000;
 
-// The window the mouse was moved over last. A window only hears that the mouse enters it from the
+// The window the mouse was moved over last. A window receives the mouse's entry only from the
 // platform, and hovering works only in a window that was entered.
 QPointer<QWindow> &windowUnderMouse()
 {

@@ -5,9 +5,9 @@
 #include <QWidget>
 
 /**
- * Moves the mouse over a shown widget as a hand does: through the window system's own entrance, so
+ * Moves the mouse over a shown widget as a user does: through the window system's interface, so
  * that hovering, the grab of the pressed widget, buttons and modifiers are those of real use.
- * Positions are in the widget's pixels and may lie outside of it. The window must be exposed.
+ * Positions are in the widget's pixels and may be outside of it. The window must be exposed.
  */
 class VxMouseDriver
 {
@@ -24,8 +24,8 @@ public:
                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void doubleClick(const QPoint &position, Qt::MouseButton button = Qt::LeftButton,
                      Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /** Presses, goes to the end in two moves and lets go. Both positions are those of the widget
-     *  before the press: the hand does not follow a widget that moves under it. */
+    /** Presses, moves to the end in two steps and releases. Both positions are those of the widget
+     *  before the press: the pointer does not follow a widget that moves under it. */
     void drag(const QPoint &from, const QPoint &to, Qt::MouseButton button = Qt::LeftButton,
               Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

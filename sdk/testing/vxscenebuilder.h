@@ -15,7 +15,7 @@ class VxSkeleton;
 
 /**
  * Fills a scene for tests and benchmarks: figures of bones in chains or trees, keys on their
- * channels, and one of each kind of property that editors treat in a way of its own.
+ * channels, and one property of each kind that editors treat specially.
  *
  * Everything random comes from the seed, so that a scene is the same in every run. A channel is a
  * transform control other than the uniform scale: nine for a node. What is built is not recorded
@@ -29,7 +29,7 @@ public:
     /** The types of keys: all linear, or linear, constant and TCB by turns. */
     enum class KeyTypes { Linear, Mixed };
     /**
-     * Scenes of a known size, each of skeletons of 170 bones with nine keyed channels a bone, all
+     * Scenes of fixed sizes, each of skeletons of 170 bones with nine keyed channels a bone, all
      * keys linear, on every frame of 30 a second:
      * S: 1,530 channels of 300 keys; M: 1,530 of 3,000; W: 15,300 of 300, ten skeletons.
      */

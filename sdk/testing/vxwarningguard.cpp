@@ -42,7 +42,7 @@ class VxWarningGuard::Private
 public:
     mutable QMutex mutex;
     std::vector<Expectation> expectations;
-    std::vector<Failure> left; // heard on other threads, told at the end
+    std::vector<Failure> left; // received on other threads, reported at the end
     QStringList received;
 
     void add(const QRegularExpression &pattern, const QString &shown)
@@ -82,7 +82,7 @@ public:
 /**
  * The one message handler all guards share. It stays installed from the first guard to the last,
  * so that guards may end in any order: a test that replaces its guard makes the new one before the
- * old one goes.
+ * old one is destroyed.
  */
 class VxWarningGuardHandler
 {

@@ -9,11 +9,12 @@
  * Makes the current test fail on every warning it did not announce.
  *
  * While a guard lives it is the message handler's first listener; with several alive the one made
- * last hears alone. A warning or critical message fails the test at once when it is sent on the
- * GUI thread, and at the guard's end when it is sent on another one, because the test framework
- * may only be told from the GUI thread. Everything that was not announced is still passed on to
- * the handler that was installed before, so the log stays complete. Notices of the test platform
- * about its own limits ("This plugin does not support ...") neither fail nor meet anything.
+ * last is the only one that receives. A warning or critical message fails the test at once when it
+ * is sent on the GUI thread, and at the guard's end when it is sent on another one, because the
+ * test framework may only be called from the GUI thread. Everything that was not announced is still
+ * passed on to the handler that was installed before, so the log stays complete. Notices of the
+ * test platform about its own limits ("This plugin does not support ...") neither fail nor meet
+ * anything.
  *
  * Make it inside a test function, or in init() and destroy it in cleanup(): outside a running test
  * there is nothing to fail, and a broken promise then ends the program.
@@ -28,12 +29,12 @@ public:
     VxWarningGuard &operator=(const VxWarningGuard &) = delete;
 
     /** Announces one warning or critical message in which `pattern` is found. Call it again for
-     *  a message that comes twice. The earliest matching announcement is used up first. */
+     *  a message that is emitted twice. The earliest matching announcement is used up first. */
     void expect(const QRegularExpression &pattern);
     /** Announces one warning or critical message that reads exactly `text` (UTF-8). */
     void expect(const char *text);
 
-    /** The warnings and critical messages heard so far, announced or not, in order. */
+    /** The warnings and critical messages received so far, announced or not, in order. */
     QStringList messages() const;
 
 private:

@@ -11,7 +11,7 @@
 #include <QtTest>
 #include <functional>
 
-// Users for modal dialogs: each waits for its dialog, while the code under test runs it, and
+// Answers to modal dialogs: each waits for its dialog, while the code under test runs it, and
 // answers by buttons and typing. The platform's own file dialogs must be turned off.
 
 /// Answers the next modal dialog of a kind: what is given is called until it says that it is done.
@@ -55,7 +55,7 @@ inline std::function<bool(QFileDialog *)> typeName(const QString &name)
         if (field->text() != name) {
             field->setFocus();
             field->selectAll();
-            QTest::keyClicks(field, name); // typed, so that what is selected in the list goes
+            QTest::keyClicks(field, name); // typed, so that the selection in the list is cleared
         }
         auto *box = dialog->findChild<QDialogButtonBox *>();
         const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;

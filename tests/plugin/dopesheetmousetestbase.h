@@ -53,7 +53,7 @@ protected:
     {
         mouse().click(at(row, time), Qt::LeftButton, modifiers);
     }
-    // Selects by program, so that drags begin with a known selection.
+    // Selects by program, so that drags begin with a defined selection.
     void select(const QModelIndex &row, VxTime start, VxTime end)
     {
         view->setKeySelection(true, row, row, start, end);

@@ -148,7 +148,7 @@ private:
     mutable Engine m_engine;
 };
 
-// A key graph view in a window, 800 by 300 pixels: a frame is ten pixels wide, time 0 lies at 24,
+// A key graph view in a window, 800 by 300 pixels: a frame is ten pixels wide, time 0 is at 24,
 // ten pixels are a unit, and the bus has another end that listens.
 class KeyGraphViewTest : public KeyGraphTest
 {

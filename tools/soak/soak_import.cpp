@@ -115,7 +115,7 @@ Outcome importOne(const QString &file, QString *text)
     return done ? Accepted : isBadEnd(error.message) ? Stopped : Refused;
 }
 
-/// What came of all mutants of a file.
+/// Results of all mutants of a file.
 struct Totals
 {
     int counts[4] = {0, 0, 0, 0};

@@ -8,7 +8,7 @@ namespace {
 class FigureBuilder
 {
 public:
-    /// Adds a bone below a named one (empty: none) and remembers it by its name.
+    /// Adds a bone below a named one (empty: none) and stores it under its name.
     void add(const char *name, const char *label, const QString &parent, const QVector3D &origin,
              const QVector3D &end)
     {

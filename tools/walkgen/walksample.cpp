@@ -169,7 +169,7 @@ VxNode *makeLantern(VxFloatProperty *followed)
     return lantern;
 }
 
-/// A handle on the skeleton for a control that lies deep below.
+/// A handle on the skeleton for a control of a deep descendant.
 void addAlias(VxSkeleton *skeleton, VxFloatProperty *source)
 {
     auto *alias = new VxFloatProperty(QStringLiteral("HeadNod"));

@@ -5,7 +5,8 @@
 
 class VxScene;
 
-/// The sample scene: a walking figure with every kind of key and property that the program knows.
+/// The sample scene: a walking figure with every kind of key and property that the program
+/// supports.
 namespace WalkSample {
 
 /// Replaces what the scene holds. Trunk and legs are baked (a linear key each frame), the arms have

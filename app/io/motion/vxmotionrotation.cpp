@@ -83,7 +83,7 @@ private:
         VxEuler angles{};
     };
 
-    /// Within the segment that is walked over. Its ends count as lying on whole ticks: in one of
+    /// Within the segment that is walked over. Its ends count as whole ticks: in one of
     /// few ticks the rounding of their times would be a large part of it.
     VxQuaternion at(std::size_t segment, double tick) const
     {

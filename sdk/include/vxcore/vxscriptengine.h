@@ -24,7 +24,7 @@ struct VXCORE_EXPORT VxScriptError
 /// The application's script engine: ECMAScript with the globals `Scene`, `App`, `Undo`, `print`
 /// and `arguments`, nodes and properties with their keys, and every registered class.
 ///
-/// Edits made by a script go through the same operations as those made by hand.
+/// Edits made by a script use the same operations as those made by hand.
 class VXCORE_EXPORT VxScriptEngine : public QObject
 {
     Q_OBJECT

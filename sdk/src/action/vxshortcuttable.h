@@ -26,7 +26,7 @@ public:
     /// The name that presently has a sequence; empty for none and for an empty sequence.
     QString find(const QKeySequence &shortcut) const;
 
-    /// Sets a known name's sequence and removes it from its former name.
+    /// Sets the sequence of a name in the table and removes it from its former name.
     QStringList set(const QString &name, const QKeySequence &shortcut);
 
     /// The names whose sequence differs from the default, with the present sequence.

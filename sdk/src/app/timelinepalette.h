@@ -8,8 +8,8 @@ class QMainWindow;
 
 /// Gives a main window the colours of time lines. Time lines are drawn with the window's palette:
 /// the role Dark for their baseline and ticks, HighlightedText on a selected row. In the window's
-/// own palette both are faint, so that a row without keys looks empty and key marks stand out; its
-/// child widgets keep the application's colours for these roles.
+/// own palette both are faint, so that a row without keys looks empty and key marks are prominent;
+/// its child widgets keep the application's colours for these roles.
 class TimelinePalette : public QObject
 {
 public:

@@ -14,7 +14,7 @@ namespace {
 constexpr int ShownDecimals = 4;
 constexpr int FloatDigits = 9; // enough to distinguish any two floats
 constexpr double ManyDigits = 1e12;
-/// Limits are narrow when fewer steps than this lie between them.
+/// Limits are narrow when they are fewer steps than this apart.
 constexpr double FewSteps = 20;
 
 QString on()

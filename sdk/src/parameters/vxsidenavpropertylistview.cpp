@@ -242,7 +242,7 @@ void VxSideNavPropertyListView::Private::showDistance(const QPoint &place)
     if (!first || isDistanceBeingShown ||
         !pressed.data(VxPropertyListItemModel::MixedRole).toBool())
         return;
-    // While its window is made, moves that wait may arrive; two at a time cannot be made.
+    // Creating its window delivers queued mouse moves; a nested call would create a second one.
     isDistanceBeingShown = true;
     const QPointer<VxSideNavPropertyListView> view = q;
     QToolTip::showText(place, VxPropertyHints::offset(first, drag->steps()), q);

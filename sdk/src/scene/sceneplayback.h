@@ -9,8 +9,8 @@ class VxScene;
 
 /// Drives the scene's time from the system's monotonic clock while the scene plays.
 ///
-/// The playback clock schedules the frames; this class supplies the time of day and the waiting:
-/// one timer, restarted after each frame for the due time of the next.
+/// The playback clock schedules the frames; this class supplies the current time and a timer:
+/// it is restarted after each frame for the due time of the next.
 class ScenePlayback
 {
 public:

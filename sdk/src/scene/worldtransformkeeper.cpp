@@ -64,7 +64,7 @@ bool WorldTransformKeeper::sampleRelations(const VxNode *oldParent, const VxNode
     }
     if (!known[m_now])
         return false;
-    // From the requested time, where the relation is known, to either end.
+    // From the requested time, where the relation is defined, to either end.
     for (size_t i = m_now + 1; i < m_times.size(); ++i) {
         if (!known[i])
             m_relations[i] = m_relations[i - 1];

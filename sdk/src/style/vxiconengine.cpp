@@ -48,7 +48,7 @@ IconColors iconColors(VxStyle::ColorScheme scheme, QIcon::Mode mode, QIcon::Stat
     return colors;
 }
 
-// The icon on a field of its own: some cut gaps into what lies below, which must not be the
+// The icon in a pixmap of its own: some erase gaps from the pixels below, which must not be the
 // background. The files use black, gray and dodgerblue for those colours.
 QPixmap renderIcon(VxStyle::StandardIconId id, int side, const IconColors &colors)
 {

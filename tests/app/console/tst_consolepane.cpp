@@ -261,7 +261,7 @@ void tst_ConsolePane::theListIsChosenFrom()
     write("Scene.setTime");
     type(Qt::Key_Tab);
     QTRY_VERIFY(listIsOpen());
-    press(Qt::Key_S); // writing goes on and narrows the list
+    press(Qt::Key_S); // further typing narrows the list
     QCOMPARE(input()->toPlainText(), QString("Scene.setTimes"));
     QCOMPARE(input()->completer()->popup()->model()->rowCount(), 1);
     press(Qt::Key_Tab);
@@ -343,7 +343,7 @@ void tst_ConsolePane::theWindowLivesWhileAProgramRuns()
             VxMouseDriver(stop).click(stop->rect().center());
     });
     timer.start(20);
-    run("while (true) {}"); // comes back only because it is stopped
+    run("while (true) {}"); // returns only because it is stopped
     timer.stop();
     QVERIFY(ticks >= 3);
     QVERIFY(wasReadOnly);
@@ -428,7 +428,7 @@ void tst_ConsolePane::closingEndsTheProgram()
             window()->close();
     });
     timer.start(10);
-    run("while (true) {}"); // would never come back
+    run("while (true) {}"); // would never return
     QVERIFY(!pane()->getRunner()->isRunning());
     QVERIFY(!window()->isVisible());
 }

@@ -8,7 +8,7 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscriptengine.h>
 
-/// The word at a place of a program, what it can become, and the programs that come back.
+/// The word at a position in a program, its completions, and the history of programs.
 class tst_ScriptCompletion : public QObject
 {
     Q_OBJECT

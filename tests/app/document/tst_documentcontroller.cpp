@@ -54,8 +54,8 @@ VxFileFormats slowFormats(int milliseconds)
     return formats;
 }
 
-/// Waits for the progress dialog and cancels it once it shows as much as asked for. A timer that
-/// runs meanwhile tells whether the window was alive.
+/// Waits for the progress dialog and cancels it once it shows the requested percentage. A timer
+/// that runs meanwhile shows whether the window was responsive.
 class Canceller : public QObject
 {
 public:

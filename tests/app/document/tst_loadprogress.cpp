@@ -68,7 +68,7 @@ void tst_LoadProgress::nothingOnTheConsole()
 {
     const UserMessages messages(UserMessages::Mode::Console);
     LoadProgress progress(messages, QStringLiteral("Opening a.bvh..."));
-    QVERIFY(!progress.function()); // nobody watches
+    QVERIFY(!progress.function()); // no progress dialog
 }
 
 VX_TEST_MAIN(tst_LoadProgress)

@@ -405,7 +405,7 @@ void tst_MotionCommands::namesWithDotsGetTheSuffix()
             QVERIFY(QFile::exists(typed + ".bvh"));
             QVERIFY(!QFile::exists(typed));
         } else {
-            // Now there is such a file: the question comes though the name was typed without it.
+            // Now there is such a file: the question is asked though the suffix was not typed.
             write("take 1.5.bvh", "former");
             QString text;
             const DialogAnswer<QMessageBox> question(readAndPress(&text, QMessageBox::Yes));
@@ -481,7 +481,7 @@ void tst_MotionCommands::importOfABrokenFile()
     QCOMPARE(vxScene->getNumNodes(), nodes);
     QCOMPARE(history()->count(), 0);
     QVERIFY(!window()->isWindowModified());
-    // Reading a pipe would wait for ever.
+    // Reading a pipe would block for ever.
     const QString pipe = folder->filePath("pipe.bvh");
     QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
     const DialogAnswer<QMessageBox> refused(readAndPress(&text, QMessageBox::Ok));

@@ -134,7 +134,7 @@ QAction *tst_StudioDocuments::fileEntry(const QString &text) const
     return nullptr;
 }
 
-/** What the platform does when something is dragged in and let go: true when it was taken. */
+/** What the platform does when something is dropped: true when the drop was accepted. */
 bool tst_StudioDocuments::drop(const QList<QUrl> &urls) const
 {
     QMimeData data;
@@ -158,7 +158,7 @@ void tst_StudioDocuments::recentFilesAreListedAndKept()
     const QStringList expected = {m_dir->filePath("walk.vxscene"), motion};
     QCOMPARE(window()->recentFiles()->files(), expected);
     QVERIFY(fileEntry("Open Recent")->isEnabled());
-    // Stored at once: a crash does not forget them.
+    // Stored at once: a crash does not lose them.
     QFile settings(m_dir->filePath("settings.ini"));
     QVERIFY(settings.open(QIODevice::ReadOnly));
     QVERIFY(settings.readAll().contains("walk.vxscene"));

@@ -1,4 +1,4 @@
-// Whatever goes wrong with files, nobody loses work: what is not saved stays open and stays marked.
+// No failure to write a file loses work: an unsaved document stays open and stays marked.
 
 #include "dialoganswers.h"
 #include "document/recentfiles.h"
@@ -90,7 +90,7 @@ private:
             qFatal("cannot save %s", qPrintable(name));
         return file;
     }
-    /// A document in a folder that is gone, with a change: saving it fails.
+    /// A changed document in a deleted folder: saving it fails.
     QString changedInLostFolder() const
     {
         if (!QDir(folder->path()).mkdir("lost"))
@@ -351,7 +351,7 @@ void tst_StudioSaving::failedSavesStopEverything()
     const VxTime step = vxScene->getTimeStep();
     QString error;
     bool failed = false;
-    QTimer second; // the error comes from within the first box's answer
+    QTimer second; // the error is shown from within the first box's answer
     connect(&second, &QTimer::timeout, this, [&] {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         if (!box || !box->button(QMessageBox::Ok))
@@ -467,7 +467,7 @@ void tst_StudioSaving::whatIsNoFile_data()
     QTest::newRow("a link to nowhere") << "link.vxscene";
 }
 
-/// A clear message, and at once: reading a pipe would wait for ever.
+/// A clear message, and at once: reading a pipe would block for ever.
 void tst_StudioSaving::whatIsNoFile()
 {
     QFETCH(QString, name);
@@ -503,7 +503,7 @@ void tst_StudioSaving::namesInTheTitle()
     QFETCH(QString, name);
     const QString file = saved(name);
     QCOMPARE(window()->document()->displayName(), name);
-    // What the platform's window shows: the placeholder replaced, or gone.
+    // What the platform's window shows: the placeholder replaced or removed.
     QCOMPARE(window()->windowHandle()->title(), name + " - VxStudio");
     change();
     QCOMPARE(window()->windowHandle()->title(), name + "* - VxStudio");

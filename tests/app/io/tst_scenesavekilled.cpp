@@ -1,4 +1,4 @@
-// A program that dies while it saves costs nobody the file: what is there afterwards is the former
+// A program killed while it saves destroys no file: afterwards there is the former
 // file or the new one, whole.
 
 #include "io/vxscenereader.h"
@@ -45,7 +45,7 @@ int saveForever(const QString &fileName)
         QThread::usleep(300);
         return true;
     });
-    // Each mark is out before the next step: the last one tells where death came.
+    // Each mark is flushed before the next step: the last one shows where the program was killed.
     const auto mark = [](char letter) {
         std::fputc(letter, stdout);
         std::fflush(stdout);

@@ -1,4 +1,4 @@
-// Motion goes out and comes in again as the same motion.
+// Exported motion is imported as the same motion.
 
 #include "io/vxbvhexport.h"
 #include "io/vxbvhimport.h"
@@ -210,7 +210,7 @@ void tst_VxBvhExport::otherRatesAndStarts()
     turn->setKey(0, 0.0f, VxKeyInterp::Linear);
     turn->setKey(48000, 480.0f, VxKeyInterp::Linear);
     m_scene->setTimeStep(200);                            // 24 frames a second
-    m_scene->setAnimRange({1000, 1000 + 10 * 200 + 150}); // its end lies between two frames
+    m_scene->setAnimRange({1000, 1000 + 10 * 200 + 150}); // its end is between two frames
     const VxSkeleton *back = roundTrip(figure);
     QCOMPARE(m_other->getTimeStep(), 200);
     QCOMPARE(m_other->getAnimRange(), VxTimeRange(0, 2000));
@@ -250,7 +250,7 @@ void tst_VxBvhExport::rotationOrders()
     builder.keyChannels({bones.begin(), bones.end()}, 31);
     for (int i = 0; i < bones.size(); ++i) {
         bones.at(i)->setRotationOrder(VxNode::RotationOrder(i));
-        bones.at(i)->setOrigin({}); // else the positions come back with it
+        bones.at(i)->setOrigin({}); // else the positions are imported with it
         for (const Control scale :
              {&VxNode::getXScaleControl, &VxNode::getYScaleControl, &VxNode::getZScaleControl}) {
             (bones.at(i)->*scale)()->deleteAllKeys();
@@ -325,7 +325,7 @@ void tst_VxBvhExport::whatTheFormatLacksIsWorkedIn()
     const QVector<VxBone *> back = roundTrip(figure)->getAllBones();
     QCOMPARE(back.size(), bones.size());
     QVERIFY2(m_summary.contains("converted to positions"), qPrintable(m_summary));
-    // Below an uneven scale a turned bone is sheared: no rotation can tell that.
+    // Below an uneven scale a turned bone is sheared: no rotation can express that.
     const bool shears = what == "a bone is scaled unevenly";
     for (int frame = 0; frame <= 30; ++frame) {
         for (int i = 0; i < bones.size(); ++i) {

@@ -197,7 +197,7 @@ bool tst_VxCsv::read(const QByteArray &bytes, const QString &figureName)
     return true;
 }
 
-/** Nodes come back in the same order. */
+/** Nodes keep their order. */
 const VxNode *tst_VxCsv::again(const VxNode *node) const
 {
     return m_again->getNodes().at(m_scene->getNodes().indexOf(const_cast<VxNode *>(node)));

@@ -203,7 +203,7 @@ void tst_VxGltfExport::motionRoundTrips()
                 QCOMPARE(other->getRotationOrder(), node->getRotationOrder());
                 const double angle =
                     vxAngleBetween(rotationOf(node, time), rotationOf(other, time));
-                // Between frames the importer's own share of 0.1 degrees may come on top.
+                // Between frames the importer's own share of 0.1 degrees is added.
                 QVERIFY2(angle <= (onFrame ? 1e-3 : m_stated + 0.1),
                          qPrintable(QString("%1 degrees at %2, seed %3, %4")
                                         .arg(angle)

@@ -504,7 +504,7 @@ void tst_VxGltfReader::ratesOfKeys()
         QCOMPARE(x->getKeyTime(i), VxTime(std::lround(i * 4800.0 / rate)));
 }
 
-// Ten hours of a key a second at 29.97: single precision knows such times within 2 ms.
+// Ten hours of a key a second at 29.97: single precision holds such times within 2 ms.
 void tst_VxGltfReader::longTakesDoNotDrift()
 {
     GltfSample sample;

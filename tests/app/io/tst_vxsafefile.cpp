@@ -1,5 +1,5 @@
 // Files are replaced whole or not at all, also when the disk takes no more: the system's limit for
-// the size of files stands for a full disk here, and falls at every byte of a file in turn.
+// the size of files simulates a full disk, and is reached at every byte of a file in turn.
 
 #include "io/vxbvhwriter.h"
 #include "io/vxsafefile.h"

@@ -1,5 +1,5 @@
-// Scene files that nobody would write: members twice, numbers out of range, chains and nestings
-// beyond the limits, and documents that are large in an unusual way.
+// Scene files with invalid or extreme contents: members twice, numbers out of range, chains and
+// nestings beyond the limits, and documents that are large in an unusual way.
 
 #include "io/vxscenefile.h"
 #include "io/vxscenereader.h"
@@ -332,7 +332,7 @@ void TestSceneLimits::numbersOutOfRangeAreRefused()
              qPrintable(message));
 }
 
-/** Whatever is set, within the range or not: the file that comes of it is accepted again. */
+/** Whatever is set, within the range or not: the file written is accepted again. */
 void TestSceneLimits::whatIsWrittenCanBeRead()
 {
     // Three numbers are not finite, and there are six doors for each.

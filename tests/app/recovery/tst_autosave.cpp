@@ -1,4 +1,4 @@
-// When a copy of the document is made, when it waits, and when it goes.
+// When a copy of the document is written, deferred and removed.
 
 #include "document/documentcontroller.h"
 #include "io/vxscenereader.h"

@@ -19,7 +19,7 @@
 
 namespace {
 
-/// The program as somebody works with it: opens a file, changes it, and goes on living once the
+/// The program as a user works with it: opens a file, changes it, and continues to run once the
 /// copy is made.
 int work(const QString &settings, const QString &file, float value)
 {
@@ -185,7 +185,7 @@ void tst_Recovery::recoveredWorkIsGuardedAtOnce()
     changeValue(50.0f);
     QVERIFY(written.wait());
     QCOMPARE(recoveryFiles().size(), 3);
-    studio.reset(); // nobody was asked
+    studio.reset(); // no question was asked
     start();
     QVERIFY(recovery()->offer());
     press("RecoverButton");

@@ -306,7 +306,7 @@ void tst_RecoveryStore::adoptedCopiesAreOwn()
     QVERIFY(write(&store, "mine"));
     store.adopt(store.claim().at(0).id);
     QVERIFY(store.hasOwn());
-    QCOMPARE(files().size(), 3); // what was there before is gone
+    QCOMPARE(files().size(), 3); // the former copy is removed
     QVERIFY(store.claim().isEmpty());
     store.release();
     {
@@ -389,7 +389,7 @@ void tst_RecoveryStore::withoutRecord()
     QCOMPARE(copies.at(0).title, QString("Untitled"));
 }
 
-/// In a container programs get the same numbers again: such a lock is nobody's.
+/// In a container programs get the same numbers again: such a lock has no owner.
 void tst_RecoveryStore::lockOfAFormerLife()
 {
     leaveCopy();
@@ -454,7 +454,7 @@ void tst_RecoveryStore::removalIsDeferredUntilTheDiskAnswers()
         QVERIFY2(files().isEmpty(), qPrintable(files().join(' ')));
     }
     QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error));
-    QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error)); // the second waits, too
+    QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error)); // waits for the first
     QVERIFY(store.endWrite(&error));
     QVERIFY(store.hasOwn());
 }

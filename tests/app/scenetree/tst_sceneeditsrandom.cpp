@@ -324,7 +324,7 @@ void tst_SceneEditsRandom::checkViews()
     for (const VxNode *node : vxScene->getNodes())
         all << node->getName();
     QCOMPARE(paneNodes(QModelIndex()), sceneNodes(vxScene->getRootNodes(), all));
-    // A node that is hidden has a row, or none when it was hidden before it came.
+    // A node that is hidden has a row, or none when it was hidden before it was added.
     QString error;
     const QString rows = sheetNodes(QModelIndex(), &error);
     QVERIFY2(error.isEmpty(), qPrintable(error));

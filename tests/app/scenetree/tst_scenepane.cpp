@@ -158,7 +158,7 @@ void tst_ScenePane::nodesMove()
     QCOMPARE(index(m_left).parent(), index(m_figure));
     QCOMPARE(index(m_left).row(), 0);
     QCOMPARE(index(m_hip).row(), 1);
-    QVERIFY(isSelected(m_left)); // a move is no coming and going
+    QVERIFY(isSelected(m_left)); // a move is not a removal
     QVERIFY(m_left->setNodeParent(nullptr));
     QCOMPARE(index(m_left).row(), 2);
     QVERIFY(!index(m_left).parent().isValid());

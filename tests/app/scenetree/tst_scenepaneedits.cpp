@@ -131,8 +131,8 @@ void tst_ScenePaneEdits::click(const QPoint &at, Qt::KeyboardModifiers modifiers
     VxMouseDriver(view()->viewport()).click(at, Qt::LeftButton, modifiers);
 }
 
-/** The test platform knows no drags between windows: the mouse takes hold of the row, and what the
- *  window system would send on the way is sent from here. */
+/** The test platform has no drags between windows: the mouse presses the row, and the events that
+ * the window system would send are sent from here. */
 void tst_ScenePaneEdits::drag(const QPoint &from, const QPoint &to,
                               Qt::KeyboardModifiers modifiers) const
 {
@@ -335,10 +335,10 @@ void tst_ScenePaneEdits::eyesBelowAHiddenNodeAreDimmed()
     QCOMPARE(changed.count(), 3); // the figure, the hip, and both legs at once
     const QImage dimmed = view()->viewport()->grab(row).toImage();
     QVERIFY(dimmed != open);
-    click(eye(m_left)); // struck out now, and not told to those beside it
+    click(eye(m_left)); // struck out now, and not applied to its siblings
     QVERIFY(view()->viewport()->grab(row).toImage() != dimmed);
     QCOMPARE(changed.count(), 4);
-    // Where something is hidden by itself, what is below it does not hear of those above.
+    // Where something is hidden by itself, its descendants are not affected by its ancestors.
     changed.clear();
     m_hip->setVisible(false);
     m_figure->setVisible(true);
@@ -514,7 +514,7 @@ void tst_ScenePaneEdits::returnSelectsWhatWasFound()
     QTest::keyClick(m_pane->getSearchField(), Qt::Key_Return);
     QCOMPARE(vxScene->getNumSelectedNodes(), 2);
     QCOMPARE(vxScene->getPrimarySelection(), m_left);
-    // Nodes that went are not among what was found.
+    // Removed nodes are not among the results.
     vxScene->removeNode(m_left);
     QTest::keyClick(m_pane->getSearchField(), Qt::Key_Return);
     QCoreApplication::processEvents();

@@ -90,7 +90,7 @@ void tst_TreeIndentation::followsWhatIsOpen()
             m_view->fontMetrics().horizontalAdvance(QStringLiteral("joint")));
     m_view->collapse(m_model->index(0, 0));
     QTRY_COMPARE(m_view->indentation(), 20);
-    // Rows that come into an open row count, too.
+    // Rows inserted into an open row count, too.
     m_view->expand(m_model->index(0, 0));
     QTRY_VERIFY(m_view->indentation() < 20);
     m_model->removeRow(0);

@@ -1,4 +1,4 @@
-// The dope sheet's picture of a motion file: its marks stand in the columns that the frames of the
+// The dope sheet's picture of a motion file: its marks are in the columns that the frames of the
 // file ask for, and nowhere else. Everything expected is worked out here from the file's text and
 // the style's measures.
 
@@ -133,7 +133,7 @@ Scale TestDopeSheetPicture::scaleOf(const Motion &motion) const
     return scale;
 }
 
-// A node's properties come before the nodes below it.
+// A node's properties precede its children.
 QModelIndex TestDopeSheetPicture::rowOfProperty(const VxNode *node,
                                                 const VxProperty *property) const
 {

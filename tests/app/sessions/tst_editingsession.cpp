@@ -107,7 +107,7 @@ class TestEditingSession : public QObject, private StudioTest
     Q_OBJECT
 
 public:
-    // A test function may not take longer than that, unless it is told to.
+    // A test function may not take longer than that, unless this says so.
     static void initMain()
     {
         const qint64 asked = qEnvironmentVariableIntValue("VX_SESSION_SECONDS");

@@ -31,7 +31,7 @@ double runSeconds()
     return isNumber && minutes > 0 ? minutes * 60 : 3;
 }
 
-/// Keeps at each paint of a widget how many frames what it showed until then lay behind the clock:
+/// Keeps at each paint of a widget by how many frames its former picture lagged behind the clock:
 /// a little over 1 when each frame is replaced as soon as the next is due.
 class PaintWatch : public QObject
 {

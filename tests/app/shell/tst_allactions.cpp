@@ -88,7 +88,8 @@ void tst_AllActions::initTestCase()
     addCases();
 }
 
-// The sample again, with a marker of keys at the frames 0, 10, 20 and 30; the pane as it comes.
+// The sample again, with a marker of keys at the frames 0, 10, 20 and 30; the pane in its default
+// state.
 void tst_AllActions::init()
 {
     vxScene->pause();
@@ -375,7 +376,7 @@ void tst_AllActions::addOptions()
         "VxTimePaneAction", [this] { window()->docks()->find("VxTimePane")->hide(); },
         [this] { return window()->docks()->find("VxTimePane")->isVisible() ? "shown" : "hidden"; },
         "hidden", "shown");
-    // The graph shows other values after it: told by its picture.
+    // The graph shows other values after it: checked by its picture.
     add(
         "VxTimePaneFrameGraphKeysAction",
         [this] {

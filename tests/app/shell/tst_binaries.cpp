@@ -1,4 +1,4 @@
-// What the loader and the processor are told by the programs and libraries: search paths and
+// What the programs and libraries require of the loader and the processor: search paths and
 // hardening, read from their ELF headers. VX_INSTALLED_DIR adds an installed tree.
 
 #include "testing/vxtestmain.h"

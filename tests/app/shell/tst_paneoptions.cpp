@@ -161,7 +161,7 @@ void tst_PaneOptions::everyChoiceIsKept()
     QCOMPARE(options(), kept);
 }
 
-// Each choice takes the place of the one before it; none comes back.
+// Each choice replaces the former one; none is restored.
 void tst_PaneOptions::changesOverManyRuns()
 {
     const char *const steps[][2] = {

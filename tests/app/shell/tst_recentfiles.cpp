@@ -58,7 +58,7 @@ void tst_RecentFiles::theLatestIsFirst()
     QCOMPARE(files.files(), QStringList({"/a/one.bvh", "/b/two.bvh"}));
     QCOMPARE(files.latestFolder(), QString("/a"));
     QCOMPARE(changed.count(), 3);
-    files.add(QStringLiteral("/a/one.bvh")); // stands there already
+    files.add(QStringLiteral("/a/one.bvh")); // is listed already
     files.add(QString());                    // a new scene
     QCOMPARE(changed.count(), 3);
 }
@@ -153,7 +153,7 @@ void tst_RecentFiles::missingFilesAreGrey()
     QVERIFY(remove);
     remove->trigger();
     QCOMPARE(files.files(), QStringList{m_dir->filePath("there.bvh")});
-    // It may come back.
+    // It may reappear.
     files.add(m_dir->filePath("gone.bvh"));
     make(QStringLiteral("gone.bvh"));
     open(&menu);

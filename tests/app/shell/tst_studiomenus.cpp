@@ -119,7 +119,7 @@ void tst_StudioMenus::marked()
     QTEST(taken, "takenThen");
 }
 
-/// A mark that somebody chose counts, wherever it stands.
+/// An explicit mnemonic counts, wherever it is.
 void tst_StudioMenus::marksTheWholeMenu()
 {
     QMenu bar;
@@ -222,7 +222,7 @@ void tst_StudioMenus::everyMenuOpensByItsLetter()
     }
 }
 
-/// The status line tells what an entry of the program's own does while it is pointed at.
+/// The status line describes an entry of the program's own while it is hovered.
 void tst_StudioMenus::entriesExplainThemselves()
 {
     start();

@@ -278,7 +278,7 @@ void tst_StudioWindow::menus()
     QVERIFY(!menu("Animation")->actions().isEmpty());
     for (const char *text : {"New", "Open...", "Save", "Save As...", "Quit"})
         QVERIFY2(entry("File", QLatin1String(text)), text);
-    // Every action with a menu path stands in some menu.
+    // Every action with a menu path is in some menu.
     for (const VxAction *action : window()->getActionMgr()->getActions()) {
         if (!action->getDefaultMenuPath().isEmpty())
             QVERIFY2(action->associatedWidgets().size() > 1, qPrintable(action->objectName()));

@@ -298,7 +298,7 @@ void tst_VxStudioHeadless::palettesDiffer()
 void tst_VxStudioHeadless::missingPluginFolder()
 {
     const Result result = run({"--headless", "--plugin-path", path("nowhere")});
-    QCOMPARE(result.code, 0); // the program goes on
+    QCOMPARE(result.code, 0); // the program continues
     QVERIFY2(result.errors.contains(path("nowhere")), qPrintable(result.errors));
 }
 
@@ -353,7 +353,7 @@ void tst_VxStudioHeadless::listsActions()
     QVERIFY(result.output.count("App.action(") >= 56);
     QVERIFY2(result.output == sourceFile("docs/actions.md"),
              "docs/actions.md is out of date: vxstudio --list-actions > docs/actions.md");
-    // Whatever the user has chosen, the page tells the defaults.
+    // Whatever the user has chosen, the page lists the defaults.
     const QString settings =
         write("settings.ini", "[Shortcuts]\nVxPlayToggleAction=F9\nVxNextFrameAction=\n");
     QCOMPARE(run({"--list-actions", "--settings", settings}).output, result.output);
@@ -528,7 +528,7 @@ void tst_VxStudioHeadless::timelineSample()
     QCOMPARE(result.output.split('\n'), sourceFile("samples/timeline.txt").split('\n'));
 }
 
-// Rows are made when the pane is shown, which nobody does in a run without a window.
+// Rows are made when the pane is shown, which does not happen without a window.
 void tst_VxStudioHeadless::scriptFindsThePanesFilled()
 {
     const QString script =

@@ -272,7 +272,7 @@ void tst_ShortcutDialog::storedKeyOfAWindowCommand()
         window()->statusBar()->currentMessage(),
         QString(
             "The shortcut Ctrl+S stored for \"Toggle Looping\" is already assigned to \"Save\"."));
-    start(); // told once
+    start(); // reported once
     QVERIFY(window()->statusBar()->currentMessage().isEmpty());
 }
 

@@ -17,7 +17,7 @@
 
 namespace {
 
-// One class an action, because the manager tells them apart by class.
+// One class an action, because the manager identifies them by class.
 class TestAction : public VxAction
 {
     Q_OBJECT

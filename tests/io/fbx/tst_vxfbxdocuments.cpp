@@ -351,7 +351,7 @@ void TestVxFbxDocuments::layers()
     const VxImportedMotion motion = readGood(bytes);
     const Difference difference = fbxcomparison::compare(bytes, motion, 13);
     QVERIFY(difference.poses > 0);
-    // Joined keys lie one tick beside a jump; sampled ones within 1/100 degree on each axis.
+    // Joined keys are one tick beside a jump; sampled ones within 1/100 degree on each axis.
     QVERIFY2(difference.degrees < (isExact ? 1e-3 : 0.02), difference.where);
     QVERIFY2(difference.matrix < 1e-3, QByteArray::number(difference.matrix));
     QVERIFY2(difference.distance < 1e-3, QByteArray::number(difference.distance));

@@ -246,7 +246,7 @@ QByteArray named(const QByteArray &text)
     return QJsonDocument(root).toJson();
 }
 
-/** A copy of a glTF text in a folder with links to what lies beside it, with names for the nodes
+/** A copy of a glTF text in a folder with links to the files beside it, with names for the nodes
  * that have none, so that they can be compared. Files of other kinds stay where they are. */
 QString prepared(const QString &fileName, const QTemporaryDir &folder)
 {

@@ -6,7 +6,7 @@
 
 #include "vxtimeline/pane/timepanechoice.h"
 
-// The four choices that actions stand for, restored from the settings of an earlier session: the
+// The four choices that actions represent, restored from the settings of an earlier session: the
 // pane, its buttons and the check marks agree, whether the actions or the pane are created first.
 class TestRestoredChoices : public QObject
 {

@@ -229,7 +229,7 @@ void TestVxTimelineCommands::rootNodeOrder()
     QCOMPARE(order(), QString("acbd"));
 }
 
-// A selected row has two selected cells; its keys are told of once.
+// A selected row has two selected cells; its keys are reported once.
 void TestVxTimelineCommands::itemKeysOncePerSelectedRow()
 {
     Stage stage;
@@ -427,13 +427,13 @@ void TestVxTimelineCommands::itemKeysWithCtrl()
     VxMouseDriver(&menu).click(menu.actionGeometry(action).center(), Qt::LeftButton,
                                ctrl ? Qt::ControlModifier : Qt::NoModifier);
     QCOMPARE(triggered.size(), 1);
-    VxMouseDriver(&stage.window).moveTo(QPoint(1, 1)); // lets go of Ctrl
+    VxMouseDriver(&stage.window).moveTo(QPoint(1, 1)); // releases Ctrl
     QCOMPARE(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
     QCOMPARE(selectedFrames(stage, m_first), first);
     QCOMPARE(selectedFrames(stage, m_second), second);
 }
 
-// A closed row stands for what is below it, an open one for itself.
+// A closed row represents all rows below it, an open one itself.
 void TestVxTimelineCommands::itemKeysOfAClosedRow()
 {
     Stage stage;
@@ -484,8 +484,8 @@ void TestVxTimelineCommands::itemKeysOfARangeOfOneFrame()
     QCOMPARE(selectedFrames(stage, m_first), QString("10"));
 }
 
-// The pane is remembered once it was found, but not beyond its life.
-// "All" means all, also keys that the animation range leaves out.
+// The pane is cached once it was found, until it is destroyed.
+// "All" includes keys outside the animation range.
 void TestVxTimelineCommands::itemKeysBeyondTheAnimation()
 {
     Stage stage;

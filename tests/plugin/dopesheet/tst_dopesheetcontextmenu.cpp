@@ -59,7 +59,7 @@ const QString expansion =
 
 } // namespace
 
-// The menu of the right button: its entries in each state, and that the view tells the state.
+// The menu of the right button: its entries in each state, and that the view supplies the state.
 class TestDopeSheetContextMenu : public QObject, private DopeSheetTest
 {
     Q_OBJECT

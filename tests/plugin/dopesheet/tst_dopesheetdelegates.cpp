@@ -290,7 +290,7 @@ void TestDopeSheetDelegates::looksOfKeys()
     property->setKey(1600, 0, type);
     if (selected)
         view->setKeySelection(true, row);
-    // The mark stands at 302 .. 311.
+    // The mark covers 302 .. 311.
     QTEST(paint(row).pixelColor(307, 9), "color");
 }
 

@@ -59,7 +59,7 @@ int dragCount()
 } // namespace
 
 // Random drags of random keys, each undone and redone. A drag worked out key by key, in the
-// plainest way, tells what must come of it; nothing else may have changed.
+// plainest way, gives the expected keys; nothing else may have changed.
 class TestDopeSheetDragRandom : public QObject, private DopeSheetTest
 {
     Q_OBJECT
@@ -378,7 +378,7 @@ void TestDopeSheetDragRandom::dragsByHand()
         } else {
             ++changed;
             QCOMPARE(vxApp->getUndoStack()->undoText(), QStringLiteral("Move Keys"));
-            // The keys of one property tell the offset, the others must agree.
+            // The keys of one property give the offset, the others must agree.
             qint64 offset = 0;
             const auto now = selectedTimes();
             for (const auto &entry : chosen) {
@@ -399,7 +399,7 @@ void TestDopeSheetDragRandom::dragsByHand()
             QVERIFY(times > 0);
         QVERIFY2(previewed >= 10, qPrintable(QString::number(previewed)));
     }
-    QVERIFY2(changed > count / 8, qPrintable(QString::number(changed))); // many stand at both ends
+    QVERIFY2(changed > count / 8, qPrintable(QString::number(changed))); // many are at both ends
 }
 
 VX_TEST_MAIN(TestDopeSheetDragRandom)

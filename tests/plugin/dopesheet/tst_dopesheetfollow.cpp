@@ -50,7 +50,7 @@ QString drawn(const VxDopeSheetItem *item, bool nodesOnly)
 } // namespace
 
 // What the rows do when nodes that have some are put into another order, shown or hidden, and when
-// properties come and go.
+// properties are added and removed.
 class TestDopeSheetFollow : public QObject, private TimePaneTest
 {
     Q_OBJECT
@@ -188,7 +188,7 @@ void TestDopeSheetFollow::hiddenNodesAreLeftOutOfTheOrder()
     QCOMPARE(nodes(), QString("figure(a b c)"));
     vxScene->findNode("c")->setNodeParent(m_figure, 1);
     QCOMPARE(nodes(), QString("figure(c a b)"));
-    // What comes below it brings it in, at its place.
+    // A descendant that is added inserts it at its index.
     add("leaf", hidden);
     QCOMPARE(nodes(), QString("figure(hidden(leaf) c a b)"));
 }

@@ -13,7 +13,7 @@ using Marks = std::vector<DopeSheetMark>;
 
 Q_DECLARE_METATYPE(QVector<int>)
 
-// Where the parts of a row stand, by numbers worked out by hand and against loops over everything.
+// Positions of the parts of a row: against numbers calculated by hand and against naive loops.
 // At the default scale a frame of 160 ticks is ten pixels wide: x = time / 16.
 class TestDopeSheetGeometry : public QObject
 {
@@ -236,10 +236,10 @@ void TestDopeSheetGeometry::markPlaces_data()
     QTest::newRow("time 0") << 0 << 0 << 102;
     QTest::newRow("one frame") << 0 << 160 << 112;
     QTest::newRow("a part of a pixel is cut off") << 0 << 175 << 112;
-    // x(480) = 30, and 2.5 - 30 = -27.5 is cut to -27: time 0 stands at 73.
+    // x(480) = 30, and 2.5 - 30 = -27.5 is cut to -27: time 0 is at 73.
     QTest::newRow("the start of a later play range") << 480 << 480 << 103;
     QTest::newRow("a frame after that") << 480 << 640 << 113;
-    // x(-480) = -30, and 32.5 is cut to 32: time 0 stands at 132.
+    // x(-480) = -30, and 32.5 is cut to 32: time 0 is at 132.
     QTest::newRow("the start of an earlier play range") << -480 << -480 << 102;
     QTest::newRow("a negative time within it") << -480 << -160 << 122;
     QTest::newRow("a part of a pixel below zero is cut off") << -480 << -175 << 122;
@@ -385,7 +385,7 @@ void TestDopeSheetGeometry::touchingTicksBecomeOne()
 {
     TimelineMetrics metrics;
     metrics.zoom = 0.1;
-    // Frame n stands at 107 + n, so the ticks of frames 1 to 592 fill the cell.
+    // Frame n is at 107 + n, so the ticks of frames 1 to 592 fill the cell.
     const DopeSheetGeometry geometry(cell, metrics, 0);
     QVERIFY(geometry.frameTicks(480000, 160) == (Rects{QRect(108, 47, 592, 6)}));
 }
@@ -435,7 +435,7 @@ void TestDopeSheetGeometry::hit_data()
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("firstSelected");
 
-    // Keys at 0 and 48 stand at 102 .. 112 and 105 .. 115, the one at 1600 at 202 .. 212.
+    // Keys at 0 and 48 cover 102 .. 112 and 105 .. 115, the one at 1600 at 202 .. 212.
     QTest::newRow("left of all") << 101 << -1 << -1;
     QTest::newRow("left edge") << 102 << 0 << -1;
     QTest::newRow("two of which one is selected") << 105 << 0 << 1;
@@ -456,7 +456,7 @@ void TestDopeSheetGeometry::hit()
     QTEST(found.firstSelected, "firstSelected");
 }
 
-// Three ticks make no pixel: the keys lie on each other, and the selected one counts all the same.
+// Three ticks make no pixel: the keys overlap, and the selected one counts all the same.
 void TestDopeSheetGeometry::hitAmongKeysOfOnePlace()
 {
     Keys keys({1600, 1601, 1602});

@@ -65,7 +65,7 @@ protected:
 } // namespace
 
 // What is left when a gesture of the mouse in the dope sheet ends, however it ends, and what the
-// key graph hears on the way. Hip's X has keys on the frames 0, 10, 20 and 30 of 60, ball's X on
+// key graph receives during it. Hip's X has keys on the frames 0, 10, 20 and 30 of 60, ball's X on
 // 10. All rows are open; a frame takes ten pixels.
 class TestDopeSheetGestureEnds : public QObject, private DopeSheetTest
 {
@@ -117,7 +117,7 @@ private:
         };
         QTRY_VERIFY(isShown());
     }
-    // An event for the view alone: without what the window system knows of the mouse.
+    // An event sent to the view alone: the window system's state of the mouse does not change.
     void send(QEvent::Type type, const QPoint &position, Qt::MouseButtons held) const
     {
         const bool moves = type == QEvent::MouseMove;
@@ -186,7 +186,7 @@ void TestDopeSheetGestureEnds::dragBackReportsTheStartIndexes_data()
     QTest::newRow("left of it, within the frame") << -3;
 }
 
-// The other side knows keys by their times, and on its way the key had another one.
+// The other side identifies keys by their times, which change during the drag.
 void TestDopeSheetGestureEnds::dragBackReportsTheStartIndexes()
 {
     QFETCH(int, pixels);

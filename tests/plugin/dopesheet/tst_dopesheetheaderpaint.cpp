@@ -10,7 +10,7 @@
 
 namespace {
 
-// A style that notes what the header asks it to draw, and whose ruler has the wanted parts.
+// A style that notes what the header asks it to draw, and whose ruler has the given parts.
 class HeaderStyle : public VxStyle
 {
 public:
@@ -183,7 +183,7 @@ void TestDopeSheetHeaderPaint::labels_data()
     QTest::newRow("both") << 3;
 }
 
-// Each number stands centred over its frame, its foot at the font's ascent.
+// Each number is centred over its frame, its foot at the font's ascent.
 void TestDopeSheetHeaderPaint::labels()
 {
     QFETCH(int, flags);
@@ -228,7 +228,7 @@ void TestDopeSheetHeaderPaint::markerIsCenteredOverItsFrame()
     QVERIFY(marker.state & QStyle::State_Enabled);
 }
 
-// The style hears of a marker that has no place.
+// The style is passed a marker that has no space.
 void TestDopeSheetHeaderPaint::markerOfNoRangeIsBare()
 {
     vxScene->setPlayRange(VxTimeRange(1600, 1600));

@@ -410,7 +410,7 @@ private:
             mark = mark->second ? row->marks.erase(mark) : std::next(mark);
     }
 
-    // As a drag does: the selected keys go to a place of their own.
+    // As a drag does: the selected keys move to times of their own.
     void moveSelected(Row *row)
     {
         const QVector<int> indexes = row->item->selectedKeyIndexes();

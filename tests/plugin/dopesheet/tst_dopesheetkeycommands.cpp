@@ -150,7 +150,7 @@ void TestDopeSheetKeyCommands::copyAndPaste()
     QCOMPARE(x()->getKeyInterpolationType(3, &tension, &continuity, &bias), 2);
     QCOMPARE(QVector<float>({tension, continuity, bias}), QVector<float>({0.5f, -0.5f, 0.25f}));
     QCOMPARE(x()->getKeyValue(3), 7.0f);
-    // The selection stays where it was, and rows above know of the new keys.
+    // The selection stays where it was, and rows above include the new keys.
     QCOMPARE(selected(rowOfProperty(x())), Times({1000, 2000}));
     QCOMPARE(model->getItem(rowOf(hip))->keyCount(), 4);
 }
@@ -271,7 +271,7 @@ void TestDopeSheetKeyCommands::deleteInAnAlias()
     QCOMPARE(keyTimes(x()), Times({2000}));
 }
 
-// Each row has keys selected that the other has not; every one of them goes, no other does.
+// Each row has keys selected that the other has not; all of them are removed, and no other.
 void TestDopeSheetKeyCommands::deleteInBothRows()
 {
     addKeys(x(), {3000, 4000, 5000});

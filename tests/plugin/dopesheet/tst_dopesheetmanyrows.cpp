@@ -376,7 +376,7 @@ void TestDopeSheetManyRows::manyChangesKeepRows()
     }
     QVERIFY(view->isExpanded(view->findIndex(itemOf(nodes.at(402))->child(0)->child(0))));
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>{nodes.at(402)});
-    // What is selected goes with its row, and is reported.
+    // Removing a row deselects it, and is reported.
     for (int i = 380; i < 500; ++i)
         vxScene->removeNode(nodes.at(i));
     settle();
@@ -418,7 +418,7 @@ void TestDopeSheetManyRows::manyChangesEndWhenRowsAreAsked()
     QVERIFY(view->isRowSelected(view->findNodeIndex(nodes.last())));
 }
 
-// The model goes away in the midst of them, and another one comes.
+// The model is destroyed in the midst of them and replaced.
 void TestDopeSheetManyRows::manyChangesWithoutTheirModel()
 {
     addLevel(500);

@@ -304,8 +304,8 @@ void TestDopeSheetModelRandom::changeKeys()
         row->setKeysSelected(below(2) == 0, VxTime(below(20)), VxTime(below(40)));
 }
 
-// The rows of a node's object come and go with it; where only transform controls are listed there
-// are none.
+// The rows of a node's object are added and removed with it; where only transform controls are
+// listed there are none.
 void TestDopeSheetModelRandom::changeObject()
 {
     VxNode *node = anyNode();
@@ -322,7 +322,7 @@ void TestDopeSheetModelRandom::changeObject()
 }
 
 // Aliases, overriding controls and links: rows show the keys of another property, and those are
-// removed with subtrees and come back with undo.
+// removed with subtrees and restored by undo.
 void TestDopeSheetModelRandom::changeDependency()
 {
     VxNode *node = anyNode();
@@ -519,8 +519,8 @@ void TestDopeSheetModelRandom::checkSelection(const QModelIndex &parent)
     }
 }
 
-// An index follows its row wherever it goes and ends with it; in the filter it also ends when the
-// row is left out.
+// An index follows its row through moves and becomes invalid with it; in the filter it also ends
+// when the row is left out.
 void TestDopeSheetModelRandom::followRows()
 {
     for (const Followed &followed : qAsConst(m_followed)) {

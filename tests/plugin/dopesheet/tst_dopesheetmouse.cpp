@@ -64,7 +64,7 @@ void TestDopeSheetMouse::reportsOfAClick_data()
     QTest::addColumn<int>("atPress");
     QTest::addColumn<int>("atRelease");
 
-    // Whatever is deselected before is told of on its own.
+    // An earlier deselection is reported separately.
     QTest::newRow("a selected key") << 3200 << int(Qt::NoModifier) << 1 << 2;
     QTest::newRow("another key") << 1600 << int(Qt::NoModifier) << 2 << 2;
     QTest::newRow("beside the keys") << 2400 << int(Qt::NoModifier) << 0 << 2;
@@ -268,7 +268,7 @@ void TestDopeSheetMouse::cursors()
     QCOMPARE(shape(), Qt::PointingHandCursor);
     hand.moveTo(QPoint(60, view->viewport()->height() - 3));
     QCOMPARE(shape(), Qt::ArrowCursor);
-    // While keys are dragged, wherever the mouse goes; never while a band is drawn.
+    // While keys are dragged, wherever the mouse is; never while a band is drawn.
     hand.press(at(hipX(), 1600));
     hand.moveTo(at(hipX(), 2400));
     QCOMPARE(shape(), Qt::PointingHandCursor);
@@ -279,7 +279,7 @@ void TestDopeSheetMouse::cursors()
     hand.moveTo(at(hipX(), 1600));
     QCOMPARE(shape(), Qt::ArrowCursor);
     hand.release(at(hipX(), 2400));
-    // Nothing lies right of the columns.
+    // There is nothing to the right of the columns.
     header->setStretchLastSection(false);
     view->setColumnWidth(VxDopeSheetView::KeysColumn, 400);
     hand.moveTo(at(hipX(), 1600));

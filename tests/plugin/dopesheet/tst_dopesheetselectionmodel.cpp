@@ -202,7 +202,7 @@ void TestDopeSheetSelectionModel::rowsAreAddedAndRemoved()
     QVERIFY(!ours->hasSelection());
 }
 
-// Whoever hears of a change finds it made.
+// Listeners of a change read the new state.
 void TestDopeSheetSelectionModel::reportsSelectedAndDeselectedRows()
 {
     ours->select(child({0}), QItemSelectionModel::Select | QItemSelectionModel::Rows);

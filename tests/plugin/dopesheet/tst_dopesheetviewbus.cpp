@@ -7,7 +7,7 @@
 using Times = QVector<VxTime>;
 using Indexes = QVector<qint32>;
 
-// What the dope sheet view says on the key bus, and what it does with what it hears there.
+// What the dope sheet view sends on the key bus, and how it applies what it receives.
 class TestDopeSheetViewBus : public QObject, private DopeSheetTest
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ void TestDopeSheetViewBus::nodeRowsSendNothing()
     QCOMPARE(sent.count(), 3 * 3);
 }
 
-// The other side answers everything it hears at once.
+// The other side answers every message at once.
 void TestDopeSheetViewBus::echoIsDropped()
 {
     addKeys(hip->getXPosControl(), {0, 160});

@@ -6,7 +6,7 @@
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 
-// How the rows of the dope sheet view and the scene's selection go together.
+// The rows of the dope sheet view and the scene's selection.
 class TestDopeSheetViewRows : public QObject, private DopeSheetTest
 {
     Q_OBJECT

@@ -305,7 +305,7 @@ void TestKeyGraphInDopeSheet::rowsRemovedDuringADrag_data()
     QTest::newRow("with the scene") << QStringLiteral("clear");
 }
 
-// The keys under the mouse lose their rows, or go themselves, before the button is let go.
+// The keys under the mouse lose their rows, or are removed, before the button is released.
 void TestKeyGraphInDopeSheet::rowsRemovedDuringADrag()
 {
     QFETCH(QString, what);
@@ -331,7 +331,7 @@ void TestKeyGraphInDopeSheet::rowsRemovedDuringADrag()
         QVERIFY(!pane->hasSelectedKeys());
         return;
     }
-    // As far as the range goes, and no further.
+    // Up to the end of the range, and no further.
     QCOMPARE(timesOfKeys(), QVector<VxTime>({160 * 10, 160 * 30, 160 * 40, 160 * 60}));
     while (vxApp->getUndoStack()->canUndo())
         vxApp->getUndoStack()->undo();
@@ -374,7 +374,7 @@ void TestKeyGraphInDopeSheet::namedKeysOfRowsLeftOut()
     m_graph->getKeyCommunication()->send(message);
     m_sheet->applyFilterText(QString());
     QCOMPARE(selectedInRow(), QVector<int>({1, 3}));
-    // A row that comes while it is left out, and goes.
+    // A row that is added and removed while it is filtered out.
     m_sheet->applyFilterText(QStringLiteral("nothing of the kind"));
     auto *other = new VxNode(QStringLiteral("Knee"));
     vxScene->addNode(other);

@@ -92,7 +92,8 @@ QSet<QRgb> TestVxDopeSheetHeaderView::colors(int first, int last) const
     return found;
 }
 
-// The frames are ten pixels wide, and the style wants 16 from tick to tick: one every fifth frame.
+// The frames are ten pixels wide, and the style requires 16 from tick to tick: one every fifth
+// frame.
 void TestVxDopeSheetHeaderView::paintsTicks()
 {
     vxScene->setTime(9600);
@@ -134,7 +135,7 @@ void TestVxDopeSheetHeaderView::paintsNumbers()
     QVERIFY(hasText(60));
 }
 
-// Of what comes before the play range nothing reaches over the names.
+// Nothing before the play range is drawn over the names.
 void TestVxDopeSheetHeaderView::marksStayOverTheKeys()
 {
     addKeys(hip->getXPosControl(), {0, 1600, 2400});
@@ -183,7 +184,7 @@ void TestVxDopeSheetHeaderView::paintsKeysOfItsSource()
     const QImage without = picture();
     header->setKeySource(model->findItem(hip));
     QCOMPARE(picture(), without);
-    // The header hears of the row's keys itself.
+    // The header observes the row's keys itself.
     addKeys(hip->getXPosControl(), {7 * 160});
     const QImage with = picture();
     bool inside = false, outside = false;

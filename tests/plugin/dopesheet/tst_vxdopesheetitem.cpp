@@ -515,7 +515,7 @@ void TestDopeSheetItem::deletesSelectedKeys()
     QCOMPARE(m_x->getNumKeys(), 2);
 }
 
-// The row has not been told yet that a key came before the selected one.
+// The row has not been notified yet of the key added before the selected one.
 void TestDopeSheetItem::deletesWhatIsSelectedWithinAChangeBlock()
 {
     makeTree({10, 20}, {});

@@ -8,7 +8,7 @@
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
-// The rows of the model, and what it tells of them.
+// The rows of the model, and its signals.
 class TestDopeSheetModel : public QObject, private DopeSheetModelTest
 {
     Q_OBJECT
@@ -244,7 +244,7 @@ void TestDopeSheetModel::deletedWithoutRemoval()
     m_view->selectAll();
     rowOf(m_model->getRootItem(), child->getXPosControl())->setKeysSelected(true, 10, 10);
     QVERIFY(m_model->hasSelectedKeys());
-    // Whoever asks for the name of a row that goes meets no node that is gone.
+    // Reading the name of a row during its removal accesses no destroyed node.
     QStringList names;
     connect(m_model.get(), &QAbstractItemModel::rowsAboutToBeRemoved, this,
             [this, &names](const QModelIndex &parent, int first) {
@@ -323,7 +323,8 @@ void TestDopeSheetModel::nameChangesAreReportedOnce()
     QTRY_COMPARE(names.count(), 2);
 }
 
-// The rows of an object's properties come and go with it; the node's own stay as they are.
+// The rows of an object's properties are added and removed with it; the node's own stay as they
+// are.
 void TestDopeSheetModel::objectsChange()
 {
     VxNode *a = node("a");
@@ -361,7 +362,7 @@ void TestDopeSheetModel::objectsChange()
     QCOMPARE(labelsBelow(model.getRootItem()), with);
     QCOMPARE(keyTimes(*model.findItem(a)), (QVector<VxTime>{15, 20, 30, 40}));
     QCOMPARE(selectedTimes(*model.findItem(a)), QVector<VxTime>{30});
-    // The new rows are heard of, and renaming counts.
+    // Changes of the new rows are reported, and renaming counts.
     setKeys(other->getValueControl(), {16});
     QCOMPARE(model.findItem(a)->keyCount(), 5);
 

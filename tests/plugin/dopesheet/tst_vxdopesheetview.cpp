@@ -335,7 +335,7 @@ void TestVxDopeSheetView::paintsBehindRows()
 {
     showView();
     vxScene->setTime(1600);
-    // Below the two rows there is only what lies behind them.
+    // Below the two rows there is only the background.
     const int y = view->viewport()->height() - 20;
     VxMouseDriver(view->viewport()).moveTo(QPoint(600, y));
     const QPalette palette = view->palette();
@@ -357,7 +357,7 @@ void TestVxDopeSheetView::timeLineFollows()
     const int y = view->viewport()->height() - 20;
     vxScene->setPlayRange(VxTimeRange(480, 9600));
     vxScene->setTime(480);
-    // Time 0 stands at 200 - 27.
+    // Time 0 is at 200 - 27.
     QCOMPARE(pixel(208, y), view->palette().color(QPalette::Text));
     vxScene->setTime(640);
     QCOMPARE(pixel(208, y), view->palette().color(QPalette::Base));
@@ -403,7 +403,7 @@ void TestVxDopeSheetView::timeLineLeavesNoTrace()
     }
 }
 
-// A scroll bar comes: the width has to be right when the header tells of it.
+// A scroll bar appears: the width has to be right when the header reports it.
 void TestVxDopeSheetView::keysWidthIncludesThePendingResize()
 {
     showView(900, 120);

@@ -137,7 +137,7 @@ QVector<VxKeyGraphChannel *> TestDenseKeyPainter::list() const
     return result;
 }
 
-// Some keys lie beyond every edge.
+// Some keys are beyond every edge.
 KeyGraphScale TestDenseKeyPainter::scaleFor(VxTime duration) const
 {
     KeyGraphScale scale;
@@ -260,7 +260,7 @@ void TestDenseKeyPainter::linesCoverTheirPixels_data()
     row("through the upper edge", {5, 12}, {15, -20}, 1.0);
 }
 
-// Across the line its pixels add up to its width, and lie around where it runs.
+// Across the line its pixels add up to its width, and are centred on it.
 void TestDenseKeyPainter::linesCoverTheirPixels()
 {
     QFETCH(QPointF, from);

@@ -9,7 +9,7 @@
 
 using namespace KeyDrawing;
 
-// The finer points of the key graph view: what single mouse events do that come without others
+// Details of the key graph view: single mouse events without the others of a gesture
 // before them, ends of ranges between frames, and the legend to the pixel.
 class TestKeyGraphGestures : public QObject, private KeyGraphViewTest
 {
@@ -83,7 +83,7 @@ void TestKeyGraphGestures::neighboursKeepTheirDistance_data()
     QTest::newRow("to the left") << -1;
 }
 
-// In a single step: the foremost key goes first, so that none finds its place taken.
+// In a single step: the foremost key moves first, so that no target is occupied.
 void TestKeyGraphGestures::neighboursKeepTheirDistance()
 {
     QFETCH(int, frames);
@@ -108,7 +108,7 @@ void TestKeyGraphGestures::aPressAloneHoldsNothing()
     QCOMPARE(undoTexts(), QStringList());
 }
 
-// Somebody who hears of the change shows other curves. Nothing is told of those that are gone.
+// A listener of the change shows other curves. The removed ones are not reported.
 void TestKeyGraphGestures::channelsRemovedDuringADrag()
 {
     showProperties({makeKeys(x(), "..a..b")});

@@ -68,7 +68,7 @@ private:
     std::unique_ptr<VxFloatChannel> channel;
 };
 
-// A mark's key lies four pixels to the right of its corner.
+// A mark's key is four pixels to the right of its corner.
 void TestKeyGraphRuns::runs_data()
 {
     QTest::addColumn<Columns>("columns");
@@ -135,7 +135,7 @@ void TestKeyGraphRuns::aBandShowsItsCurve_data()
     QTest::newRow("more in a dense") << 1 << true << 25 << false;
 }
 
-// A pixel is a frame, and the curve is level through the middle; further ones lie on top of it.
+// A pixel is a frame, and the curve is level through the middle; further ones are drawn over it.
 QImage TestKeyGraphRuns::painted(int framesApart, bool dense, int curves)
 {
     VxFloatProperty *property = addProperty(QStringLiteral("Curve"));

@@ -288,7 +288,7 @@ void TestKeyGraphScale::samplesAtEverySecondColumn()
     QCOMPARE(keyGraphSampleTimes(scale, 0).size(), std::size_t(0));
 }
 
-// Zoomed in beyond a tick a pixel, samples lie at whole ticks, not at the columns.
+// Zoomed in beyond a tick a pixel, samples are at whole ticks, not at the columns.
 void TestKeyGraphScale::pointsAreAtTheirTimes()
 {
     KeyGraphScale scale = plainScale();
@@ -395,7 +395,7 @@ void TestKeyGraphScale::marksAtOnePlaceAreDrawnOnce()
     QCOMPARE(marks.find(curve.keys(), curve.records.data(), scale).size(), std::size_t(5));
 }
 
-// What lies on top is the last key's mark, as when every key were painted.
+// On top is the last key's mark, as when every key were painted.
 void TestKeyGraphScale::marksKeepTheirOrder()
 {
     std::mt19937 random(3);

@@ -133,7 +133,7 @@ void TestKeyGraphViewPaint::curvesFollowTheView()
     view->resize(900, 300);
     QCoreApplication::processEvents();
     QVERIFY(isFresh());
-    // Behind its last key a curve goes on to the edge.
+    // After its last key a curve continues to the edge.
     const QImage image = picture();
     const int row = qRound(view->getScale().y(double(x()->getKeyValue(8))));
     for (const int column : {700, 890}) {

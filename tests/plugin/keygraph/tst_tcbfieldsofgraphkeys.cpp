@@ -11,7 +11,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
-// The fields for tension, continuity and bias know of keys that are selected in the key graph.
+// The fields for tension, continuity and bias show the keys selected in the key graph.
 class TestTcbFieldsOfGraphKeys : public QObject, private TimePaneTest
 {
     Q_OBJECT
@@ -113,7 +113,7 @@ void TestTcbFieldsOfGraphKeys::commonValues()
         QCOMPARE(double(values[i]), shown.at(i));
 }
 
-// A drag tells of its keys at every move of the mouse; the fields are written when it rests.
+// A drag reports its keys at every mouse move; the fields are updated when it pauses.
 void TestTcbFieldsOfGraphKeys::fieldsFollowWhenItRests()
 {
     QSignalSpy written(m_fields[0], QOverload<double>::of(&QDoubleSpinBox::valueChanged));

@@ -243,7 +243,7 @@ void TestFloatChannel::manyValuesAtOnce()
         QCOMPARE(values[i], channel.getValue(times[i]));
 }
 
-// Keys stand at ticks, so that one sign is one tick and a key can wait beside another.
+// Keys are at ticks, so that one character is one tick and a key can wait beside another.
 void TestFloatChannel::moves_data()
 {
     QTest::addColumn<QString>("before");
@@ -404,7 +404,7 @@ void TestFloatChannel::aSelectedNeighbourStaysSelected_data()
     QTest::newRow("moved earlier") << 2 << 80 << 1 << QVector<int>({1, 2});
 }
 
-// The key that is passed is told of, too, and as what it is.
+// The passed key is reported, too, with its own state.
 void TestFloatChannel::aSelectedNeighbourStaysSelected()
 {
     QFETCH(int, index);
@@ -539,7 +539,7 @@ void TestFloatChannel::boxGivesBackWhatItTook()
     QCOMPARE(selectedOf(channel), QVector<int>({0, 4}));
 }
 
-// Whatever the box does to a key, a drag goes on from where the key is now.
+// Whatever the box does to a key, a drag starts from the key's current position.
 void TestFloatChannel::boxTakesUpTheDragStart()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abcd");

@@ -299,7 +299,7 @@ void TestKeyGraphDrag::lockedKeysStay()
     QCOMPARE(selected(0), QVector<int>({0, 1}));
 }
 
-// After each step the other side is told which keys are selected, by their present indexes.
+// After each step the other side receives the current indexes of the selected keys.
 void TestKeyGraphDrag::dragSendsMessages()
 {
     showProperties({makeKeys(x(), "..a..b..c")});

@@ -55,7 +55,7 @@ bool isTaken(const Keys &keys, VxTime time, int butId)
                        [&](const Key &key) { return key.time == time && key.id != butId; });
 }
 
-// Moves one key; on the time of another it comes to lie beside it, on the side it came from.
+// Moves one key; at the time of another it is placed beside it, on the side it came from.
 void move(Keys &keys, int id, VxTime time, float value)
 {
     const auto key =
@@ -256,7 +256,7 @@ void TestKeyGraphDragRandom::dragOnce()
     QPoint previous = from;
     for (int steps = 1 + below(5); steps > 0; --steps) {
         const QPoint to = below(5) == 0 ? from : from + QPoint(below(240) - 120, below(120) - 60);
-        if (to == previous) // such a mouse tells nothing
+        if (to == previous) // such a mouse changes nothing
             continue;
         const Qt::KeyboardModifiers modifiers = someModifiers();
         mouse->moveTo(to, modifiers);

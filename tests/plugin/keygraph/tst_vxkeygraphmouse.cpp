@@ -59,7 +59,7 @@ private Q_SLOTS:
 private:
     QVector<int> selected(int index) const { return selectedOf(channel(index)); }
     QVector<int> frames(const VxProperty *property) const;
-    // Opens the context menu and tells its texts; sub-menus as "title>entry".
+    // Opens the context menu and returns its texts; sub-menus as "title>entry".
     QStringList menuTexts(const QPoint &position);
 
     std::unique_ptr<VxMouseDriver> m_mouse;

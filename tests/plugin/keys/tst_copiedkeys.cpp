@@ -9,7 +9,7 @@
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/copiedkeys.h"
 
-// Copied keys, without rows: what is kept, what comes out where.
+// Copied keys, without rows: what is stored, and which keys are pasted where.
 class TestCopiedKeys : public QObject
 {
     Q_OBJECT

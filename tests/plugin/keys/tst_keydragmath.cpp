@@ -13,8 +13,8 @@ Q_DECLARE_METATYPE(KeyDragMath::Hit)
 Q_DECLARE_METATYPE(KeyDragMath::Change)
 Q_DECLARE_METATYPE(KeyDragMath::Release)
 
-// What the mouse means in the keys column, without any window: a pixel is 16 ticks, a frame of 160
-// ticks ten pixels, and time 0 stands at x 202.
+// What the mouse does in the keys column, without any window: a pixel is 16 ticks, a frame of 160
+// ticks ten pixels, and time 0 is at x 202.
 class TestKeyDragMath : public QObject
 {
     Q_OBJECT

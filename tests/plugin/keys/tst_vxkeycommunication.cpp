@@ -12,7 +12,7 @@
 
 namespace {
 
-// One side of the line: an end, and what its owner heard.
+// One end of the connection and the messages that it received.
 struct Side
 {
     Side()

@@ -301,7 +301,7 @@ void tst_KeyTools::snapping()
     stage.channel->setKey(390, 3, VxKeyInterp::Linear);
     stage.channel->setKey(410, 4, VxKeyInterp::Linear);
     stage.app.getKeySelection()->set({{stage.channel, {{0, 4}}, 0}});
-    // 390 and 410 go to frames 2 and 3; a half goes up.
+    // 390 and 410 snap to frames 2 and 3; a half is rounded up.
     QCOMPARE(stage.run("KeyTools.snap().merged"), QString("0"));
     QCOMPARE(stage.run("Scene.findNode('node').getXPosControl().getKeyTimes().join()"),
              QString("0,160,320,480"));

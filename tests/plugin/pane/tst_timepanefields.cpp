@@ -273,7 +273,7 @@ void TestTimePaneFields::currentFrameIsClampedWhileItIsTyped()
     QCOMPARE(textOf(Current), QStringLiteral("15"));
     pressEnter(Current);
     QCOMPARE(textOf(Current), QStringLiteral("100"));
-    // What comes from elsewhere is shown at once, and so is what no further digit can mend.
+    // A value set elsewhere is shown at once, as is an error that no further digit can correct.
     QTest::keyClick(enter(Current), Qt::Key_7);
     vxScene->setTime(160 * 110);
     QCOMPARE(textOf(Current), QStringLiteral("110"));
@@ -303,7 +303,7 @@ void TestTimePaneFields::rateAboveTheMost()
     pressEnter(Rate);
     leave(Rate);
     QCOMPARE(entries(), 4);
-    // What is above the most again leads to nothing new, and still is not left standing.
+    // A value above the maximum changes nothing when typed again, and is still corrected.
     type(Rate, QStringLiteral("1200"));
     const int before = entries();
     QTest::keyClicks(field(Rate), QStringLiteral("9"));

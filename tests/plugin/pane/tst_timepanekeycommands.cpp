@@ -35,7 +35,7 @@ Shape shapeOf(const VxFloatProperty *property, int key)
     return shape;
 }
 
-// Remembers what its status line was told.
+// Stores the messages of its status line.
 class MessageWindow : public VxMainWindow
 {
 public:
@@ -276,7 +276,7 @@ void TestTimePaneKeyCommands::fieldsShowWhatKeysHaveInCommon()
     QCOMPARE(undoTexts(), QStringList());
 }
 
-// A key that is not selected has no say, wherever it lies.
+// A key that is not selected has no effect, wherever it is.
 void TestTimePaneKeyCommands::fieldsLeaveOutKeysBetween()
 {
     x()->setKeyInterpolation(0, VxKeyInterp::Tcb, 0.5f, 0.5f, 0.5f);
@@ -498,7 +498,7 @@ void TestTimePaneKeyCommands::repeatedKeysAreLikeTheFirst()
 {
     x()->setKey(1600, 7.0f, VxKeyInterp::Tcb, 0.5f, -0.25f, 1.0f);
     x()->setKey(1800, 3.0f, VxKeyInterp::Constant); // between two of the new keys
-    x()->setKey(1920, 4.0f, VxKeyInterp::Constant); // where one comes
+    x()->setKey(1920, 4.0f, VxKeyInterp::Constant); // where one is added
     ball->select(true);
     pane->createFilteredKeys(4);
     QCOMPARE(keyTimes(x()), Times({0, 1600, 1760, 1800, 1920, 2080, 3200}));

@@ -222,7 +222,7 @@ void TestTimePaneKeySelection::controlsFollowTheSelection()
     QVector<QWidget *> controls{tension(), find<QWidget>("TimelineDeleteKeysBtn"),
                                 find<QWidget>("TimelineCopySelectedKeysBtn")};
     for (const QWidget *control : qAsConst(controls))
-        QTRY_VERIFY(control && control->isEnabled()); // the fields wait for drags to rest
+        QTRY_VERIFY(control && control->isEnabled()); // the fields are updated when drags pause
     if (change == "node") {
         delete ball;
         ball = nullptr;

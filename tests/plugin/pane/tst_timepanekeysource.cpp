@@ -186,7 +186,7 @@ void TestTimePaneKeySource::clearedScene()
     vxScene->clear();
     QVERIFY(isEverything());
     QCOMPARE(header->getKeySource()->keyCount(), 0);
-    // With nothing selected nothing else tells that the rows are other ones.
+    // With nothing selected no other signal reports the changed rows.
     addNode("again");
     vxScene->clear();
     QVERIFY(isEverything());

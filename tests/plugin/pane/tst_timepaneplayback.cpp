@@ -25,7 +25,7 @@ private Q_SLOTS:
     void fieldFollows();
 
 private:
-    // A frame that was shown: its time, counted on over the loops, and when it came, in ticks.
+    // A frame that was shown: its time, continued over the loops, and when it was shown, in ticks.
     struct Shown
     {
         qint64 position;
@@ -94,7 +94,7 @@ void TestTimePanePlayback::twoSecondsInLoops()
     const qint64 median = lateness.at(lateness.size() / 2);
     qInfo("%d frames in 2 s; lateness in ticks: least %lld, median %lld, most %lld", m_shown.size(),
           lateness.first(), median, lateness.last());
-    // A frame may not come before its time, but for the rounding of a tick.
+    // A frame may not be shown before its time, except for the rounding of a tick.
     QVERIFY(lateness.first() >= -1);
     QVERIFY(median < Step);
     // Nor does it get later and later: the last second is not behind the first one.

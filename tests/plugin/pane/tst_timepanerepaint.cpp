@@ -23,8 +23,8 @@
 // What is on the screen after only some parts were painted anew is what a whole painting shows.
 //
 // The dope sheet paints no more than strips when the time moves, the key graph keeps a picture of
-// its curves, the ruler and the playhead hear of changes from others: whatever is forgotten by one
-// of them stands on the screen as a difference.
+// its curves, the ruler and the playhead are notified of changes: whatever one of them fails to
+// repaint is on the screen as a difference.
 class TestTimePaneRepaint : public QObject, private TimePaneTest
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ private:
             .toImage()
             .convertToFormat(QImage::Format_RGB32);
     }
-    // Given its graph anew, the key graph forgets all that it has kept.
+    // Setting its graph again clears all caches of the key graph.
     QImage painted() const
     {
         m_graph->setKeyGraph(m_graph->getKeyGraph());
@@ -131,7 +131,7 @@ QRect TestTimePaneRepaint::difference(const QImage &a, const QImage &b)
     return found;
 }
 
-// Otherwise nothing below would mean anything.
+// Otherwise the comparisons below would prove nothing.
 void TestTimePaneRepaint::theScreenCanBeRead()
 {
     const QImage before = screen();

@@ -15,7 +15,7 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    // First: a type that another slot's call registers is known to all later ones.
+    // First: a type that another slot's call registers is available to all later ones.
     void placeholdersGiveNull();
     void everySlot();
 };

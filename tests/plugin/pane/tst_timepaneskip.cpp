@@ -207,7 +207,7 @@ void TestTimePaneSkip::bruteForceAgrees()
 }
 
 // Forty times as many keys on the same channels: a search that looked at each would take forty
-// times as long. Some more it takes, because they lie further apart in memory.
+// times as long. It takes somewhat more, because they are further apart in memory.
 void TestTimePaneSkip::keysCostNextToNothing()
 {
     VxSceneBuilder builder(vxScene);

@@ -571,7 +571,7 @@ void TestTimePane::interpolationIconFollowsThePalette()
     }
 }
 
-// From left to right, as the controls stand.
+// From left to right, in the order of the controls.
 void TestTimePane::tabOrder()
 {
     QStringList names;
@@ -608,7 +608,7 @@ void TestTimePane::tabOrder()
                                  "TimelineInterpBiasSBox"}));
 }
 
-// A screen reader tells a field by its own name or by its label's.
+// A screen reader announces a field by its own name or by its label's.
 void TestTimePane::fieldsHaveNames()
 {
     QSet<const QWidget *> labelled;

@@ -309,7 +309,7 @@ void TestTimePaneLayout::settingTheSamePositionEmitsNothing()
     QCOMPARE(changes.count(), 0);
 }
 
-// The pane stands in a window that does not keep it from becoming too narrow.
+// The pane is in a window that does not keep it from becoming too narrow.
 void TestTimePaneLayout::extrasFollowTheWidth()
 {
     QWidget window;
@@ -344,12 +344,12 @@ void TestTimePaneLayout::extrasFollowTheWidth()
     resizeTo(threshold + 2);
     QCOMPARE(shown(), 5);
 
-    // A second pane in the process knows the width already, and begins without.
+    // A second pane in the process has no stored width at first.
     const VxTimePane second;
     QVERIFY(second.findChild<QWidget *>(QStringLiteral("TimelineKeyScopeBtn"))->isHidden());
 }
 
-// A pane that comes back with the width it had is not resized.
+// A pane restored with its former width is not resized.
 void TestTimePaneLayout::extrasStayAwayWhenTheViewChangesBehindATab()
 {
     QWidget window;
@@ -405,7 +405,7 @@ void TestTimePaneLayout::graphWithoutCurvesSaysHowToGetSome()
     QVERIFY(!hint->isVisible());
     Q_EMIT view->channelListChanged({});
     QVERIFY(hint->isVisible());
-    // A press goes to the graph.
+    // A press reaches the graph.
     QCOMPARE(view->childAt(hint->geometry().center()), nullptr);
 }
 

@@ -242,7 +242,7 @@ void TestTimePaneRows::hidingLeavesTheRestForLater()
     QVERIFY(!view->selectionModel()->hasSelection());
 }
 
-// Another pane lives on, and the scene goes on changing.
+// Another pane lives on, and the scene keeps changing.
 void TestTimePaneRows::paneDestroyedBeforeItsEvents()
 {
     VxTimePane other;
@@ -392,7 +392,7 @@ void TestTimePaneRows::loadsNest()
     QCOMPARE(model->rowCount(), 2);
 }
 
-// What waits for the end of the load is gone by then.
+// The rows deferred to the end of the load are removed by then.
 void TestTimePaneRows::clearingDuringALoad()
 {
     showPane();

@@ -166,7 +166,7 @@ void TestTimePaneSettings::scopeByCheckMarks()
     QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeNode);
 }
 
-// Ticking triggers the action, which sets the pane's types, which tells the menu: one change.
+// Ticking triggers the action, which sets the pane's types, which notifies the menu: one change.
 void TestTimePaneSettings::tickingInTheFilterMenuNotifiesOnce()
 {
     addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2});

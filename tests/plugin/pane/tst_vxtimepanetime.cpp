@@ -179,7 +179,7 @@ void TestTimePaneTime::refusedNumbersBringTheFieldsBack()
     pane->setTotalFrames(0);
     QCOMPARE(field("TimelineTotalFramesLEdit")->value(), 31);
 
-    // Where the scene has nothing to change it does not tell, either.
+    // Where the scene has nothing to change it emits no signal, either.
     vxScene->setPlayRange(VxTimeRange(4800, 4800));
     scribble("TimelinePlayStartLEdit", 50);
     pane->setPlayRangeStart(50);
@@ -383,7 +383,7 @@ void TestTimePaneTime::playheadFollowsTheRangeControl()
     QScrollBar *control = find<VxTimeRangeSlider>("TimelineTimeRangeSldr")->getScrollBar();
     const QPoint place = playhead->pos();
     playhead->move(0, 0);
-    // The play range stays as it is; only the control tells.
+    // The play range stays as it is; only the control emits a signal.
     control->setRange(0, 29);
     vxScene->setPlayRange(VxTimeRange(160, 30 * 160));
     playhead->move(0, 0);

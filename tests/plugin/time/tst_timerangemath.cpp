@@ -266,7 +266,7 @@ void TestTimeRangeMath::picture()
     QCOMPARE(picture.endHandle, QRect(QPoint(392, 1), QPoint(409, 18)));
     QCOMPARE(picture.startLabel, QRect(QPoint(226, 2), QPoint(257, 18)));
     QCOMPARE(picture.endLabel, QRect(QPoint(370, 2), QPoint(390, 18)));
-    // Smaller letters stand in the middle, larger ones as far above as below.
+    // Smaller letters are in the middle, larger ones as far above as below.
     for (const auto &[height, top] : {std::pair(8, 6), std::pair(24, -2)}) {
         const auto other = TimeRangeMath::picture(QRect(206, 0, 206, 20), 14, 21, height);
         QCOMPARE(other.startLabel.top(), top);

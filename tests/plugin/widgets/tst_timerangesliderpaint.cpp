@@ -127,7 +127,7 @@ void TestTimeRangeSliderPaint::hoverShowsOnThePart()
     QCOMPARE(picture().pixelColor(border), highlight);
     m_mouse->moveTo(QPoint(100, 10));
     QCOMPARE(picture().pixelColor(border), dark);
-    // What is hovered at the press stays so while the mouse is held, and goes when it leaves.
+    // The hovered part stays highlighted while the mouse is held, and not once it leaves.
     m_mouse->moveTo(body());
     m_mouse->press(body());
     m_mouse->moveTo(QPoint(100, -30));
@@ -215,7 +215,7 @@ void TestTimeRangeSliderPaint::labels()
         painter.setPen(m_slider->palette().buttonText().color());
         painter.drawText(place, Qt::AlignLeft, text);
         painter.end();
-        // Above and below lie the lines of the border.
+        // Above and below are the lines of the border.
         const QRect inside = place.intersected(QRect(0, 1, m_slider->width(), 17));
         return image.copy(inside) == expected.copy(inside);
     };
@@ -223,7 +223,7 @@ void TestTimeRangeSliderPaint::labels()
     QVERIFY(look(endText, drawn.at(1).rect.left() - 1 - metrics.horizontalAdvance(endText)));
 }
 
-// A range without a length has handles all the same: it can be seen where it lies.
+// A range without a length has handles all the same: its position is visible.
 void TestTimeRangeSliderPaint::rangeOfOneMoment()
 {
     vxScene->setPlayRange(VxTimeRange(2400, 2400));

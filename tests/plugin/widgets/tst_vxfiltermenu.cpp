@@ -63,7 +63,7 @@ void TestFilterMenu::tickingKeepsTheMenuOpen()
     const QSignalSpy changes(m_menu.get(), &VxFilterMenu::filterChanged);
     const QSignalSpy triggers(m_first, &QAction::triggered);
     const QSignalSpy toggles(m_first, &QAction::toggled);
-    // Nobody hears that the entry is disabled for a moment, only that it is ticked.
+    // The moment in which the entry is disabled emits no signal, only the tick does.
     const QSignalSpy looks(m_first, &QAction::changed);
     clickOn(m_first);
     QCOMPARE(looks.count(), 1);

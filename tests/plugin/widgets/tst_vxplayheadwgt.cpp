@@ -107,7 +107,7 @@ void TestPlayhead::slotsInOrder()
                                    QStringLiteral("handleTimeChanged(VxTime) time")}));
 }
 
-// With a = cut(margin / 2 - px(start)), the marker stands at cut(a + offset + px(time) - width /
+// With a = cut(margin / 2 - px(start)), the marker is at cut(a + offset + px(time) - width /
 // 2).
 void TestPlayhead::positions_data()
 {
@@ -175,7 +175,7 @@ void TestPlayhead::positions()
     QTEST(playhead.x(), "x");
 }
 
-// Margin 5 gives 2.5 pixels, cut to 2; half a frame is 5 pixels: frame f stands at 10 f - 3.
+// Margin 5 gives 2.5 pixels, cut to 2; half a frame is 5 pixels: frame f is at 10 f - 3.
 void TestPlayhead::followsTheTime()
 {
     const VxPlayheadWgt playhead;
@@ -248,7 +248,7 @@ void TestPlayhead::clicksPassThrough()
     VxMouseDriver(&button).click(middle);
     QCOMPARE(clicks, 1);
     QCOMPARE(vxScene->getTime(), 0);
-    // Not by way of the marker: hovering and cursors are those of what lies beneath, too.
+    // Not through the marker: hovering and cursors are those of the widget beneath, too.
     QVERIFY(!button.childAt(middle));
 }
 

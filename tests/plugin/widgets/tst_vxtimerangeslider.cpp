@@ -168,7 +168,7 @@ void TestTimeRangeSlider::aDragToAndFroLosesNothing()
     compareRange(1600, 3200);
 }
 
-// What a drag of the body by 50 pixels, 400 ticks, comes to at the release.
+// The result of a drag of the body by 50 pixels, 400 ticks, at the release.
 void TestTimeRangeSlider::oddRates_data()
 {
     QTest::addColumn<VxTime>("step");

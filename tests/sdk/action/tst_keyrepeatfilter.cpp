@@ -27,8 +27,8 @@ protected:
 
 } // namespace
 
-/// A held key as the window system tells of it, with the times at which its repeats were made.
-/// All come at once here, so those that were made long before the newest are late.
+/// A held key as the window system reports it, with the times at which its repeats were made.
+/// All are delivered at once here, so those that were made long before the newest are late.
 class TestKeyRepeatFilter : public QObject
 {
     Q_OBJECT

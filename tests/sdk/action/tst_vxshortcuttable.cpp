@@ -136,7 +136,7 @@ void tst_VxShortcutTable::restoringNothingGivesTheDefaults()
 void tst_VxShortcutTable::restoredSequencesTakePrecedenceOverDefaults()
 {
     VxShortcutTable table = makeTable();
-    // Stored when Copy had another default: it was never told that Play has this one.
+    // Stored when Copy had another default: Play had this one and was never reset.
     table.restore({{play, keys("Ctrl+C")}});
     QCOMPARE(table.find(keys("Ctrl+C")), play);
     QVERIFY(table.shortcut(copy).isEmpty());

@@ -106,7 +106,7 @@ void tst_KeyPasses::keepsOrder_data()
     QTest::addColumn<QVector<int>>("indexes");
     QTest::addColumn<QVector<VxTime>>("newTimes");
     QTest::addColumn<bool>("keeps");
-    // The keys lie at 0, 10, 20, 30, 40.
+    // The keys are at 0, 10, 20, 30, 40.
     using I = QVector<int>;
     using T = QVector<VxTime>;
     QTest::newRow("all, far away") << I{0, 1, 2, 3, 4} << T{500, 510, 520, 530, 540} << true;

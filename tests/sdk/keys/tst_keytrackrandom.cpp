@@ -8,7 +8,7 @@
 
 namespace {
 
-// What the track says of its spacing holds: every key stands where the arithmetic finds it. Not
+// The track's spacing is correct: every key is at the time that it implies. Not
 // knowing a spacing is always right.
 template <class V> bool hasRightSpacing(const KeyTrack<V> &track)
 {

@@ -244,7 +244,7 @@ void TestChangeBlock::eachEditReportsItsSpan()
     hold.accept(QStringLiteral("Edit"));
     QCOMPARE(ranges(spy), reported);
 
-    // Undone, it is told where keys differ, which is no more than was told before.
+    // Undo reports where keys differ, which is no more than was reported before.
     spy.clear();
     stack.undo();
     QVERIFY(spy.count() <= reported.size());

@@ -1,4 +1,4 @@
-// Float and int properties: values, keys, and what stands between a property and its keys
+// Float and int properties: values, keys, and what overrides a property's keys
 // (aliases, overriding controls, links, locks).
 
 #include "testing/vxtestmain.h"

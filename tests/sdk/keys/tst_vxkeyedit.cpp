@@ -268,7 +268,7 @@ void tst_VxKeyEdit::stopsAtTheEndOfTime()
 
 void tst_VxKeyEdit::noFreeTickForABlockedKey()
 {
-    // A key was put where the dragged one came from, at the very beginning of time.
+    // A key was put at the dragged one's start, at the very beginning of time.
     const auto track = KeyDrawing::track<float>(QStringLiteral("x y . a"), VxTimeMin);
     const std::vector<VxTime> origin = {VxTimeMin};
     QVERIFY(plan(track, {2}, origin, 1, VxCollision::WaitBeside).empty());
@@ -467,7 +467,7 @@ void tst_VxKeyEdit::emptyEdits()
         QVERIFY(vxPlanKeyEdit(track.columns(), VxKeyEdit<float>(), rule).isEmpty());
         QVERIFY(vxPlanKeyTimes(nullptr, 0, {}, rule).empty());
     }
-    // A key that finds no place to wait leaves everything as it is.
+    // A key without a free tick beside it leaves everything as it is.
     const auto crowded = KeyDrawing::track<float>(QStringLiteral("x y . a"), VxTimeMin);
     const int source = 2;
     const VxTime target = VxTimeMin + 1;

@@ -105,7 +105,7 @@ VxFittedKeys drawn(const QString &drawing)
 
 } // namespace
 
-/// Filters against what is known of them: lines, sines and noise of known size.
+/// Filters against their theory: lines, sines and noise of fixed amplitude.
 class tst_VxKeyFilter : public QObject
 {
     Q_OBJECT

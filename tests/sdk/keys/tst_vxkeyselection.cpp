@@ -1,4 +1,4 @@
-// The application's selection of keys, with a source that only remembers, and what undo entries of
+// The application's selection of keys, with a source that only records, and what undo entries of
 // key edits do with it.
 
 #include "testing/vxtestmain.h"
@@ -211,7 +211,7 @@ void TestKeySelection::changesAreSentOnce()
         QCOMPARE(changes.size(), 2);
     }
     QCOMPARE(changes.size(), 3);
-    // What waits for the event loop is sent by a block that ends before.
+    // A pending report is sent early by a block that ends.
     m_selection->notifyChanged();
     m_selection->clear();
     QCOMPARE(changes.size(), 4);

@@ -205,7 +205,7 @@ void tst_VxPane::repaintsWhenTheGuideMoves()
     pane.show();
     QVERIFY(QTest::qWaitForWindowExposed(&pane));
     QCoreApplication::processEvents();
-    // Below the rows that the guide leaves: nobody else asks for those.
+    // Below the rows that the guide leaves over: no other widget paints those.
     class PaintCounter : public QObject
     {
     public:

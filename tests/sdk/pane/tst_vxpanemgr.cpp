@@ -250,7 +250,7 @@ void tst_VxPaneMgr::savesIntoTheGroups()
     settings.getSettings(notes)->setBoolValue(QStringLiteral("Closed"), true);
     settings.getSettings(QStringLiteral("OtherPane"))->setIntValue(QStringLiteral("Width"), 7);
     manager.saveSettings();
-    // What the pane no longer writes does not come back beside what it does write.
+    // Settings that the pane no longer writes are not restored beside those that it writes.
     QCOMPARE(settings.getSettings(notes)->getKeys(), QStringList("Open"));
     QCOMPARE(settings.getSettings(QStringLiteral("OtherPane"))->getKeys(), QStringList("Width"));
     settings.getSettings(QStringLiteral("OtherPane"))->clear();

@@ -97,7 +97,7 @@ void tst_VxViewportMgr::operationsCanBeChanged()
 
 void tst_VxViewportMgr::panIsThree()
 {
-    // Views outside of the host know the operation by its number.
+    // Views outside of the host use the operation's number.
     QCOMPARE(int(VxViewportMgr::Pan), 3);
 }
 

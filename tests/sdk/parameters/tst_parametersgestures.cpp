@@ -74,7 +74,7 @@ void TestParametersGestures::aDragContinuesBeyondTheScreen()
     mouse.moveTo(place(edge));
     const int travelled = edge.x() - from.x() - 20;
     QCOMPARE(x()->getValue(), float(travelled / 2));
-    // The pointer was sent to the other side, and the hand goes on from there.
+    // The pointer was moved to the other side, and the drag continues from there.
     const QPoint other = QCursor::pos();
     QVERIFY2(other.x() < screen.left() + 10, qPrintable(QString::number(other.x())));
     QCOMPARE(other.y(), from.y());

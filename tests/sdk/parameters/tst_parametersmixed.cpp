@@ -259,7 +259,7 @@ void TestParametersMixed::oneLockedAmongThem()
     QCOMPARE(notice(), QString("X Translate was not changed on 1 of 3 nodes, where it is locked or "
                                "follows another value."));
     click(xOf(0), Model::LabelColumn);
-    QCOMPARE(notice(), QString()); // until the user goes on
+    QCOMPARE(notice(), QString()); // until the user continues
 }
 
 void TestParametersMixed::switches()

@@ -1,5 +1,5 @@
-// Random sessions in the Parameters pane: whatever hands do, every state of the history comes back
-// as it was, and the rows say what the keys are.
+// Random sessions in the Parameters pane: whatever the user does, undo and redo restore every state
+// of the history as it was, and the rows say what the keys are.
 
 #include "parameterspanetestbase.h"
 #include "testing/vxtestmain.h"
@@ -106,7 +106,7 @@ void TestParametersSession::dragSomehow(const VxProperty *property)
     if (upTo(4) == 0)
         QTest::keyClick(view(), Qt::Key_Escape);
     if (upTo(6) == 0)
-        vxApp->getUndoStack()->undo(); // waits: nothing is undone in a gesture
+        vxApp->getUndoStack()->undo(); // ignored: nothing is undone in a gesture
     mouse.release(place);
 }
 
@@ -126,7 +126,7 @@ void TestParametersSession::stepSomehow(const VxProperty *property)
     leaveField();
 }
 
-/// A field that a key has ended is gone when the event loop is next at rest.
+/// A field closed by a key is deleted when the event loop is next idle.
 void TestParametersSession::leaveField() const
 {
     QCoreApplication::processEvents();

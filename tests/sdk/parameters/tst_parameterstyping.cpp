@@ -115,7 +115,7 @@ void TestParametersTyping::aPressElsewhereKeepsTheWord()
     QCOMPARE(notice(), QString());
 }
 
-/// The press ends the typing, which makes the key, before it means the mark.
+/// The press ends the typing, which sets the key, before it toggles the mark.
 void TestParametersTyping::theKeyMarkAfterTypingKeepsTheKey()
 {
     vxScene->setTime(160);
@@ -128,7 +128,7 @@ void TestParametersTyping::theKeyMarkAfterTypingKeepsTheKey()
     QCOMPARE(x()->getKeyValue(0), 5.0f);
     click(x(), Model::KeyColumn);
     QCOMPARE(x()->getNumKeys(), 0);
-    // The mark of another row means what it always does.
+    // The mark of another row works as always.
     click(x());
     QTRY_VERIFY(field());
     QTest::keyClicks(field(), "6");

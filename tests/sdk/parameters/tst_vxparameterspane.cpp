@@ -68,7 +68,7 @@ void TestParametersPane::aLongNameMakesNothingWider()
     QCOMPARE(m_pane->width(), 280);
 }
 
-// The controls of nodes that nobody looks at are not made.
+// The controls of nodes that are not shown are not created.
 void TestParametersPane::tooManyNodes()
 {
     QVector<VxNode *> nodes;
@@ -188,7 +188,7 @@ void TestParametersPane::selectionIsKeptFromNodeToNode()
     click(hip()->getYRotControl(), Model::LabelColumn);
     QSignalSpy selected(view()->selectionModel(), &QItemSelectionModel::selectionChanged);
     vxScene->selectAllNodes(false);
-    QVERIFY(selected.count() > 0); // told, though the rows are gone
+    QVERIFY(selected.count() > 0); // reported, though the rows are removed
     QVERIFY(!view()->selectionModel()->hasSelection());
     m_bones.at(1)->select();
     QCOMPARE(view()->selectionModel()->selectedRows(),

@@ -304,7 +304,7 @@ void TestPropertyEdit::lockedRefuses()
     QCOMPARE(x()->getNumKeys(), 0);
     QCOMPARE(m_stack->count(), 0);
     QVERIFY(y()->setAliasedProperty(x()));
-    QVERIFY(!VxPropertyValue::isEditable(y())); // its keys lie where it is locked
+    QVERIFY(!VxPropertyValue::isEditable(y())); // its keys are on the locked source
 }
 
 void TestPropertyEdit::aGesturePausesPlayback()

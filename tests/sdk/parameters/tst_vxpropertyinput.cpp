@@ -156,7 +156,7 @@ void TestPropertyInput::movesBeforeTheJumpCount()
     QVERIFY(hand.needsJump(&target));
     QCOMPARE(hand.follow(790), 790);
     QCOMPARE(hand.follow(795), 795);
-    QCOMPARE(hand.follow(5), 798); // from the target, which stands for where the hand was last
+    QCOMPARE(hand.follow(5), 798); // from the target, which replaces the pointer's last position
 }
 
 void TestPropertyInput::aPointerThatStaysEndsAtTheEdge()

@@ -28,7 +28,7 @@ template <class Change> void asEntry(const char *text, Change change)
 
 } // namespace
 
-/// Properties and objects that come and go under undo, in a scene with one node.
+/// Adding and removing properties and objects with undo, in a scene with one node.
 class TestElementUndo : public QObject
 {
     Q_OBJECT
@@ -262,7 +262,7 @@ void TestElementUndo::aRemovedObjectOfADestroyedNode()
     asEntry("Remove", [&] { m_node->setObject(nullptr); });
     m_scene->removeNode(m_node);
     QVERIFY(object);
-    m_stack->undo(); // finds nobody
+    m_stack->undo(); // has no receiver
     m_stack->clear();
     QVERIFY(!object);
 }
@@ -358,10 +358,10 @@ void TestElementUndo::aSubElementDestroyedByOthers()
     auto *morph = new VxMorph(QStringLiteral("smile"));
     asEntry("Add Morph", [&] { object->addSubElement(morph); });
     delete morph;
-    m_stack->undo(); // finds nobody
+    m_stack->undo(); // has no receiver
     m_stack->redo();
     QCOMPARE(object->getNumSubElements(), 0);
-    // One that came and went within the same hold leaves no entry.
+    // One added and removed within the same hold leaves no entry.
     asEntry("Nothing", [&] {
         auto *passing = new VxMorph(QStringLiteral("passing"));
         object->addSubElement(passing);

@@ -68,7 +68,7 @@ constexpr float Same = 2e-5f;
 
 } // namespace
 
-/// A node "ball" at the top level that goes below "hand", which hangs below "arm"; both are away
+/// A node "ball" at the top level that is moved below "hand", a child of "arm"; both are away
 /// from the world's origin and turned.
 class tst_VxNodeHelper : public QObject
 {
@@ -369,7 +369,7 @@ void tst_VxNodeHelper::aParentOfNoSizeChangesNothing()
     QVERIFY(!move(m_hand));
     QCOMPARE(valuesOf(m_ball), before);
     QCOMPARE(m_ball->getNodeParent(), m_hand);
-    // Both hang below what has no size: nothing comes between them.
+    // Both are below an ancestor of scale 0: nothing between them changes.
     VxNode *finger = add("finger", m_hand);
     setTurn(finger, 10, 20, 30);
     const QMatrix4x4 local = m_ball->getLocalTransform(0);
@@ -421,7 +421,7 @@ void tst_VxNodeHelper::fromAParentOfNoSizeThePlaceIsKept()
     m_ball->setNodeParent(m_hand);
     m_hand->getScaleControl()->setStoredValue(0);
     const QVector3D before = m_ball->getWorldTransform(0).column(3).toVector3D();
-    QVERIFY(!move(nullptr)); // its size cannot come along
+    QVERIFY(!move(nullptr)); // its scale cannot be kept
     const QVector3D after = m_ball->getWorldTransform(0).column(3).toVector3D();
     QVERIFY((after - before).length() < 1e-4f);
     QCOMPARE(m_ball->getXRotControl()->getStoredValue(), 15.0f);

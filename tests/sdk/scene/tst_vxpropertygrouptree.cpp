@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The tree as text: a group is name(contents), its properties come first.
+/// The tree as text: a group is name(contents), its properties are first.
 QString drawn(const VxPropertyGroup *group)
 {
     QStringList parts;

@@ -1,7 +1,7 @@
 #include "scenenodestestbase.h"
 #include "testing/vxtestmain.h"
 
-/// Hierarchies: how nodes come, go and move, and what is told of it.
+/// Hierarchies: adding, removing and moving nodes, and the signals of it.
 class TestSceneNodes : public SceneNodesTestBase
 {
     Q_OBJECT
@@ -310,7 +310,7 @@ void TestSceneNodes::eventsAreReportedInOrder()
     if (reported)
         expected << "order " + node;
     QCOMPARE(reports, expected);
-    // A node that comes back among others is told of, too.
+    // A node restored among others is reported, too.
     reports.clear();
     VxUndoStackHold removal;
     m_scene->removeNode(find(node));
@@ -394,7 +394,7 @@ void TestSceneNodes::manyNodesAreAddedAndRemovedInLinearTime()
         return timer.nsecsElapsed();
     };
     // How much more the scene's work grows than that of making and destroying the nodes, which
-    // caches and a busy machine slow down alike. Quadratic cost would come near to 8.
+    // caches and a busy machine slow down alike. Quadratic cost would be near 8.
     // A chain stays within the limit of depth.
     const int many = shape == QLatin1String("chain") ? 4000 : 8000;
     double least = 1e9;

@@ -1,7 +1,7 @@
 #include "scenenodestestbase.h"
 #include "testing/vxtestmain.h"
 
-/// Nodes that come, go and move, undone and redone.
+/// Adding, removing and moving nodes, undone and redone.
 class TestSceneNodesUndo : public SceneNodesTestBase
 {
     Q_OBJECT
@@ -162,7 +162,7 @@ void TestSceneNodesUndo::interleavedMovesAreUndoneExactly()
     for (const char *name : {"a", "b", "c"})
         add(QString::fromLatin1(name));
     VxUndoStackHold hold;
-    // After the removal b stands at its old index again, though it has moved.
+    // After the removal b has its old index again, though it has moved.
     find(QStringLiteral("b"))->setNodeParent(nullptr, 2);
     m_scene->removeNode(find(QStringLiteral("a")));
     hold.accept(QStringLiteral("Move and remove"));
@@ -211,7 +211,7 @@ void TestSceneNodesUndo::randomEditsAreUndoneExactly()
     }
 }
 
-// Memory is used again: the place of a node that is gone is not that of the next one.
+// Memory is reused: the position of a destroyed node is not that of the next one.
 void TestSceneNodesUndo::nodeAtTheAddressOfADestroyedOne()
 {
     add(QStringLiteral("a"));

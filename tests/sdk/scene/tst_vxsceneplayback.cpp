@@ -253,7 +253,7 @@ void TestScenePlayback::playbackContinuesFromATimeSetElsewhere()
 
 void TestScenePlayback::receiverOfAFrameMaySetTheTime()
 {
-    // At the end, back once: playback goes on although the frame it came with was the last.
+    // At the end, back once: playback continues although the frame was the last.
     bool back = false;
     connect(m_scene.get(), &VxScene::timeChanged, this, [&](VxTime time) {
         if (time == 480 && !back) {

@@ -326,7 +326,7 @@ void TestSceneSelection::manyNodesInLinearTime()
     while (m_scene->getNumNodes() < 16000)
         m_scene->addNode(new VxNode(QStringLiteral("n")));
     const auto nodes = m_scene->getNodes();
-    // The floor goes over the same nodes in the same order and makes each send a signal twice, so
+    // The floor visits the same nodes in the same order and makes each send a signal twice, so
     // that what caches and a busy machine do counts on both sides.
     const auto walk = [&](auto on, auto off) {
         QElapsedTimer timer;

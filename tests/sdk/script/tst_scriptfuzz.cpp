@@ -23,7 +23,7 @@
 
 namespace {
 
-/// Reads what it is told about, as views do.
+/// Reads what signals report, as views do.
 class Reader : public QObject
 {
 public:
@@ -53,7 +53,7 @@ private:
     static inline qint64 m_sum = 0;
 };
 
-/// Functions that would end the test, wait, or fill the memory.
+/// Functions that would end the test, block, or fill the memory.
 bool isLeftOut(const QString &name)
 {
     static const std::set<QString> names{
@@ -183,7 +183,7 @@ QString TestScriptFuzz::argument()
 QString TestScriptFuzz::call()
 {
     const QString target = object();
-    // The members are listed anew: objects come and go.
+    // The members are listed anew: objects are created and destroyed.
     QScriptEngine *engine = m_app->getScriptEngine()->engine();
     const QScriptValue value = engine->evaluate(target);
     engine->clearExceptions();

@@ -21,7 +21,7 @@
 
 namespace {
 
-/// Notes what it is told about nodes, as a view would; it uses every node that it is given.
+/// Records reports about nodes, as a view would; it uses every node that it is given.
 class NodeListener : public QObject
 {
 public:

@@ -236,7 +236,7 @@ void TestScriptEngine::membersRunNothing()
     QVERIFY(m_engine->memberNames(QStringLiteral("f()")).isEmpty());
     QVERIFY(m_engine->memberNames(QStringLiteral("f")).contains(QStringLiteral("apply")));
     QCOMPARE(m_engine->evaluate(QStringLiteral("calls")), QStringLiteral("0"));
-    // A node that is gone has nothing to offer, and leaves no error behind.
+    // A removed node has no completions and causes no error.
     m_engine->evaluate(QStringLiteral("var gone = Scene.addNode('x'); Scene.removeNode(gone);"));
     m_engine->memberNames(QStringLiteral("gone.label"));
     VxScriptError error;

@@ -10,7 +10,8 @@
 #include <memory>
 #include <vxcore/vxstyle.h>
 
-/// The square of a check box: seen on its ground in both palettes, and told apart by its states.
+/// The square of a check box: visible on its background in both palettes, and different in each
+/// state.
 class TestVxCheckPrimitive : public QObject
 {
     Q_OBJECT
@@ -28,7 +29,7 @@ private Q_SLOTS:
 private:
     static void addSchemes();
     static QImage draw(const VxStyle &style, QStyle::State state, const QSize &size = {13, 13});
-    // How far the strongest pixel of a line stands out from the ground, of 255.
+    // Contrast of the strongest pixel of a line to the background, of 255.
     static int contrast(const QImage &picture, const QPoint &from, const QPoint &to);
 
     std::unique_ptr<VxWarningGuard> m_guard;

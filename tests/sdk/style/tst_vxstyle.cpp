@@ -97,7 +97,7 @@ void tst_VxStyle::metricsOfTheTimelineFitTogether()
 {
     const VxStyle style;
     QCOMPARE(style.metric(VxStyle::PM_VxTimelineFrameWidth), 10);
-    // The playhead's left edge lies half a mark left of the mark's; its middle is the mark's.
+    // The playhead's left edge is half a mark left of the mark's; its middle is the mark's.
     QCOMPARE(2 * style.metric(VxStyle::PM_VxTimelineKeyMargin),
              2 * style.metric(VxStyle::PM_VxTimelineFrameWidth));
     QVERIFY(style.metric(VxStyle::PM_VxDopeSheetRowHeight) >

@@ -121,7 +121,7 @@ void tst_VxStyleMarks::keyMarksContrastWithTheRow()
     }
 }
 
-// The frame's tick stands in the sixth of a mark's ten columns.
+// The frame's tick is in the sixth of a mark's ten columns.
 void tst_VxStyleMarks::keyMarksAreCentredOnTheFrame()
 {
     QFETCH(Scheme, scheme);
@@ -146,7 +146,7 @@ void tst_VxStyleMarks::keyMarksAreDrawnAlikeFromTheCache()
     const QStyle::State state = QStyle::State_Enabled | QStyle::State_Raised;
     const QImage first = drawnMark(style, state);
     QCOMPARE(drawnMark(style, state), first);
-    // More sizes and ratios than are kept push the first out; it comes back as it was.
+    // More sizes and ratios than the cache holds evict the first; it is drawn again unchanged.
     for (int side = 5; side < 30; ++side) {
         for (const qreal ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
             const VxStyle fresh;
@@ -158,7 +158,7 @@ void tst_VxStyleMarks::keyMarksAreDrawnAlikeFromTheCache()
     QCOMPARE(drawnMark(style, state), first);
 }
 
-// A widget whose palette has another ground gets marks that stand out from it.
+// A widget whose palette has another background gets marks that contrast with it.
 void tst_VxStyleMarks::keyMarksFollowThePalette()
 {
     const VxStyle dark(Scheme::Dark);
@@ -181,7 +181,7 @@ void tst_VxStyleMarks::keyMarksFollowThePalette()
     QCOMPARE(mark(dark, dark.standardPalette()), onDark);
 }
 
-// At 1.5 every second position lies between two device pixels; the mark moves to a whole one and
+// At 1.5 every second position is between two device pixels; the mark moves to a whole one and
 // keeps its pixels.
 void tst_VxStyleMarks::keyMarksStaySharpBetweenDevicePixels()
 {
@@ -320,7 +320,7 @@ void tst_VxStyleMarks::rangeHandlesDifferBySideAndHover()
     QVERIFY(differingPixels(blackAndWhite(start.copy(rect)),
                             blackAndWhite(end.copy(rect).mirrored(true, false))) <= 4);
     QVERIFY(rect.contains(extent(start)));
-    // Its edge stands out from what lies around and within it.
+    // Its edge contrasts with its surroundings and its inside.
     const int middle = rect.center().y();
     const int edge = start.pixelColor(rect.left(), middle).lightness();
     const int inside = start.pixelColor(rect.left() + 2, middle).lightness();

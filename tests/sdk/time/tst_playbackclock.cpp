@@ -12,7 +12,7 @@ constexpr qint64 Minute = 60 * Second;
 constexpr qint64 Hour = 60 * Minute;
 
 /// Where playback is after that many nanoseconds, counted with long doubles and no frames: the
-/// independent answer. Valid when the end of the range lies on a frame.
+/// independent answer. Valid when the end of the range is on a frame.
 long double expectedPosition(VxTime from, const PlaybackSettings &settings, qint64 elapsed)
 {
     const long double lap = settings.range.getDuration() + settings.step;
@@ -28,7 +28,7 @@ qint64 dueAfter(qint64 ticks)
     return ticks / 4800 * Second + (ticks % 4800 * Second + 4799) / 4800;
 }
 
-/// Plays by waiting for exactly what the clock asks for.
+/// Plays by waiting exactly as long as the clock requests.
 QVector<VxTime> playByDueTimes(PlaybackClock &clock, int frames)
 {
     QVector<VxTime> times;
@@ -150,7 +150,7 @@ void TestPlaybackClock::hoursOfDroppingPlaybackDoNotDrift()
     const VxTime from = 50 * step;
     PlaybackClock clock;
     clock.start(from, settings, 0);
-    // An odd interval, so that all places within a frame come up.
+    // An odd interval, so that all positions within a frame occur.
     for (qint64 now = 0; now < 10 * Hour; now += 7 * Second + 123456789) {
         const VxTime shown = clock.advance(now).time;
         const long double position = expectedPosition(from, settings, now);
@@ -176,7 +176,7 @@ void TestPlaybackClock::hoursOfEveryFrameDoNotDrift()
         if (shown != VxTime(frames % 31) * step)
             QCOMPARE(shown, VxTime(frames % 31) * step);
     }
-    // The frame to come is due where an unbroken count has it.
+    // The next frame is due where an uninterrupted count has it.
     QCOMPARE(due, dueAfter((frames + 1) * step));
 }
 
@@ -255,7 +255,7 @@ void TestPlaybackClock::everyFrameKeepsUpThroughRandomDelays()
         if (now < dueAfter(frame * step))
             QFAIL("shown before its time");
     }
-    // Slow rates lose nothing; faster than the machine, what adds up to half a second is let go.
+    // Slow rates lose nothing; faster than the machine, lag of half a second or more is dropped.
     if (fps <= 48)
         QCOMPARE(clock.nextDue(), dueAfter(50001 * step));
     else

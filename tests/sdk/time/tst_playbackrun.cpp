@@ -19,9 +19,9 @@ struct Shown
     qint64 at;
 };
 
-/// How far behind the clock each frame came, in frames: 0 when it is shown the moment it is due.
-/// What a machine lost that stood still for longer than patience, in seconds, is left out from the
-/// next frame on; nothing is, with a patience of 0.
+/// How far behind the clock each frame was shown, in frames: 0 when it is shown the moment it is
+/// due. The delay of a machine that stopped for longer than patience, in seconds, is left out from
+/// the next frame on; nothing is, with a patience of 0.
 std::vector<double> framesLate(const QVector<Shown> &shown, VxTime step, VxTime lap,
                                double patience)
 {

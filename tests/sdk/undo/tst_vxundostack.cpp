@@ -354,7 +354,7 @@ void TestUndoStack::entriesOfADestroyedPropertyDoNothing()
     QCOMPARE(y.getNumKeys(), 1);
 }
 
-// Memory is used again: what the hold knows of a property that is gone is not that of the next one.
+// Memory is reused: the hold's record of a destroyed property is not that of the next one.
 void TestUndoStack::propertyAtTheAddressOfADestroyedOne()
 {
     VxUndoStack stack;

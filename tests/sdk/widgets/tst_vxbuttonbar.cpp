@@ -270,7 +270,7 @@ void TestVxButtonBar::separatorWidths()
     QCOMPARE(m_bar->widget(2)->width(), 1);
     QVERIFY(m_bar->widget(3)->width() > 4);
     const auto drawn = [this](int index) {
-        // In the bar, whose frame lies below.
+        // In the bar, whose frame is below.
         const QWidget *separator = m_bar->widget(index);
         const QImage picture = pictureOf(*m_bar);
         const QColor ground = m_bar->palette().color(QPalette::Button);

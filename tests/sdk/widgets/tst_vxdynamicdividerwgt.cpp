@@ -385,7 +385,7 @@ void TestVxDynamicDividerWgt::pictures()
     QImage blank = still;
     blank.fill(window);
     const QRect drawn = differenceOf(still, blank);
-    // The grip stands in the middle; the line goes from end to end.
+    // The grip is in the middle; the line runs from end to end.
     if (style == VxDynamicDividerWgt::GripBar)
         QVERIFY(qAbs(drawn.center().x() - 200) <= 1 && drawn.width() < 60 && drawn.height() == 2);
     else

@@ -166,7 +166,7 @@ void TestVxStyledButton::textIsElidedWhereAsked()
     QVERIFY2(QRegularExpression(pattern).match(shown).hasMatch(), qPrintable(shown));
     if (mode == Qt::ElideNone)
         return;
-    // What is told is what is painted.
+    // The tool tip shows the painted text.
     QCOMPARE(picture(longText), picture(shown));
     QVERIFY(picture(longText) != picture(longText.left(6)));
 }

@@ -18,7 +18,8 @@ class StudioWindow;
 
 /// Works the whole program with random input: mouse, wheel, keys, menus, docks that are moved by
 /// program, windows and scripts, everywhere where something can be seen. Each event is one step of
-/// the event loop, so that it goes on within menus, dialogs and drags that run loops of their own.
+/// the event loop, so that it continues within menus, dialogs and drags that run loops of their
+/// own.
 ///
 /// The same seed makes the same choices; what they meet may differ with timing.
 class Monkey : public QObject

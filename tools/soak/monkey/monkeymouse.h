@@ -7,8 +7,8 @@
 #include <QWidget>
 #include <QWindow>
 
-/// The mouse as the window system reports it: a press, moves and a release go to the window that
-/// was pressed, wherever the mouse is. Positions are global, in pixels.
+/// The mouse as the window system reports it: a press, moves and a release are sent to the window
+/// that was pressed, wherever the mouse is. Positions are global, in pixels.
 class MonkeyMouse
 {
 public:

@@ -27,7 +27,7 @@ bool TimePaneFieldFocus::isField(const QWidget *widget) const
 }
 
 // A window that is deactivated takes the focus from a field for a while; then there is no former
-// widget, and the one that is known stays.
+// widget, and the stored one stays.
 void TimePaneFieldFocus::handleFocusChanged(QWidget *former, QWidget *present)
 {
     if (former && isField(present) && !isField(former))

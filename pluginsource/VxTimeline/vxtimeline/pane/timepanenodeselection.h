@@ -16,14 +16,14 @@ public:
     // All borrowed.
     TimePaneNodeSelection(QWidget *pane, VxDopeSheetView *sheet, const TimePaneRows &rows);
 
-    // Requests a synchronisation, which waits while the pane is hidden.
+    // Requests a synchronisation, which is deferred while the pane is hidden.
     void update();
     void updateIfPending();
     // True for one of the pane's own events, which is then handled.
     bool handle(const QEvent *event);
     // Scrolls to the row of the primary selection.
     void ensureVisible();
-    // Synchronisation waits between the two, which may be nested.
+    // Synchronisation is deferred between the two, which may be nested.
     void block() { m_blockCount.ref(); }
     void unblock();
 
