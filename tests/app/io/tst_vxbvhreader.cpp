@@ -88,10 +88,6 @@ private Q_SLOTS:
     void realFileWithARowTooMany();
     void cancels();
     void progressAscends();
-    void roundTripsExtremes();
-    void writerRefuses_data();
-    void writerRefuses();
-    void writesAFile();
     void valuesInAHugeClaimCostNothing();
 
 private:
@@ -522,80 +518,6 @@ void TestVxBvhReader::progressAscends()
     for (std::size_t i = 1; i < reports.size(); ++i)
         QVERIFY(reports[i] > reports[i - 1]);
     QVERIFY(reports.front() >= 0 && reports.back() <= 100);
-}
-
-void TestVxBvhReader::roundTripsExtremes()
-{
-    VxBvhDocument document = readGood(smallFile);
-    document.frameTime = 1.0 / 29.97;
-    document.values = columns({0.1f, -0.0f, std::numeric_limits<float>::denorm_min(),
-                               std::numeric_limits<float>::max(), 1.0f / 3.0f, -179.99998f});
-    document.joints.front().offset = {1e-30f, 1e30f, 0.3f};
-    QByteArray bytes;
-    VxFileError error;
-    QVERIFY(VxBvhWriter::write(document, &bytes, &error));
-    const VxBvhDocument again = readGood(bytes);
-    QVERIFY(again == document);
-    QVERIFY(std::signbit(again.values[1]));
-}
-
-void TestVxBvhReader::writerRefuses_data()
-{
-    QTest::addColumn<QString>("what");
-    for (const char *what :
-         {"no joint", "name with a line end", "name that ends with a brace",
-          "name with a blank at its end", "empty name", "parent behind the joint",
-          "a duplicate channel", "a value not finite", "an offset not finite", "a value missing",
-          "frame time zero", "frames without channels"})
-        QTest::newRow(what) << QString::fromUtf8(what);
-}
-
-void TestVxBvhReader::writerRefuses()
-{
-    QFETCH(QString, what);
-    VxBvhDocument document = readGood(smallFile);
-    const float infinite = std::numeric_limits<float>::infinity();
-    const std::map<QString, std::function<void(VxBvhDocument &)>> damage = {
-        {"no joint", [](VxBvhDocument &d) { d.joints.clear(); }},
-        {"name with a line end", [](VxBvhDocument &d) { d.joints[0].name = "a\nb"; }},
-        {"name that ends with a brace", [](VxBvhDocument &d) { d.joints[0].name = "a{"; }},
-        {"name with a blank at its end", [](VxBvhDocument &d) { d.joints[0].name = "a "; }},
-        {"empty name", [](VxBvhDocument &d) { d.joints[0].name.clear(); }},
-        {"parent behind the joint", [](VxBvhDocument &d) { d.joints[0].parent = 1; }},
-        {"a duplicate channel",
-         [](VxBvhDocument &d) { d.joints[0].channels[0] = d.joints[0].channels[1]; }},
-        {"a value not finite", [=](VxBvhDocument &d) { d.values[3] = infinite; }},
-        {"an offset not finite", [=](VxBvhDocument &d) { d.joints[0].endSites[0].x = infinite; }},
-        {"a value missing", [](VxBvhDocument &d) { d.values.pop_back(); }},
-        {"frame time zero", [](VxBvhDocument &d) { d.frameTime = 0.0; }},
-        {"frames without channels",
-         [](VxBvhDocument &d) {
-             d.joints[0].channels.clear();
-             d.values.clear();
-         }},
-    };
-    damage.at(what)(document);
-    QByteArray bytes = "untouched";
-    VxFileError error;
-    QVERIFY(!VxBvhWriter::write(document, &bytes, &error));
-    QVERIFY(!error.message.isEmpty());
-    QCOMPARE(bytes, QByteArray("untouched"));
-}
-
-void TestVxBvhReader::writesAFile()
-{
-    QTemporaryDir folder;
-    const VxBvhDocument document = readGood(smallFile);
-    const QString name = folder.filePath(QStringLiteral("out.bvh"));
-    VxFileError error;
-    QVERIFY(VxBvhWriter::writeFile(document, name, &error));
-    VxBvhDocument again;
-    QVERIFY(VxBvhReader(name).readFile(&again, &error));
-    QVERIFY(again == document);
-    QVERIFY(
-        !VxBvhWriter::writeFile(document, folder.filePath(QStringLiteral("no/out.bvh")), &error));
-    QVERIFY(error.text().contains(QLatin1String("The file cannot be written: ")));
-    QVERIFY(error.file.endsWith(QLatin1String("no/out.bvh")));
 }
 
 // Two thousand million frames of 96 values would be 700 GB: must be refused before memory is asked

@@ -2,7 +2,7 @@
 // in all forms of the format, compared with the format's definition at and between its keys.
 
 #include "fbxcomparison.h"
-#include "fbxdocument.h"
+#include "fbxsamples.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -11,127 +11,9 @@
 
 using fbxcomparison::Difference;
 using fbxcomparison::readGood;
-using fbxdocument::Document;
-using fbxdocument::Format;
-using fbxdocument::Record;
+using namespace fbxsamples;
 
 Q_DECLARE_METATYPE(fbxdocument::Format)
-
-namespace {
-
-using Properties = QVector<Record>;
-
-constexpr qint64 stackId = 1000;
-constexpr qint64 layerId = 2000;
-
-Record vec(const QByteArray &name, double x, double y, double z)
-{
-    return Document::property(name, {x, y, z});
-}
-
-Record whole(const QByteArray &name, int value)
-{
-    return Document::property(name, {value});
-}
-
-const QVector<double> linear{4};
-const QVector<double> cubic{8 | 0x400};
-const QVector<float> noData{0, 0, 0, 0};
-
-// Curves of the three components of a property, over two seconds; the last key of one is early.
-void animate(Document *document, qint64 base, qint64 layer, qint64 target,
-             const QByteArray &property, const QVector<float> &x, const QVector<float> &y,
-             const QVector<float> &z, const QVector<double> &flags = linear,
-             const QVector<float> &data = noData)
-{
-    document->curveNode(base, layer, target, property);
-    document->curve(base + 1, base, "d|X", {0, 0.5, 2}, x, flags, data);
-    document->curve(base + 2, base, "d|Y", {0, 0.7, 1.8}, y, flags, data);
-    document->curve(base + 3, base, "d|Z", {0.1, 0.5, 2}, z, flags, data);
-}
-
-void spin(Document *document, qint64 base, qint64 layer, qint64 target)
-{
-    animate(document, base, layer, target, "Lcl Rotation", {0, 70, -50}, {10, -40, 60},
-            {-20, 110, 30}, cubic, {25, -60, 0, 0});
-}
-
-// A chain of three nodes of which the middle one has the properties; all rotate.
-Document chain(const Properties &properties)
-{
-    Document document;
-    document.stack(stackId, "take");
-    document.layer(layerId, stackId);
-    document.model(1, 0, "root", {vec("Lcl Translation", 1, 2, 3)});
-    Properties middle = properties;
-    middle.append({vec("Lcl Translation", 4, 1, -2), vec("Lcl Rotation", 20, 30, 40)});
-    document.model(2, 1, "middle", middle);
-    document.model(3, 2, "end", {vec("Lcl Translation", 0, 5, 1)});
-    for (const qint64 id : {1, 2, 3})
-        spin(&document, 3000 + 10 * id, layerId, id);
-    animate(&document, 3900, layerId, 2, "Lcl Translation", {4, 5, 6}, {1, -1, 1}, {-2, -3, 2});
-    return document;
-}
-
-// One node with one curve of X rotation.
-Document oneCurve(const QVector<double> &seconds, const QVector<float> &values,
-                  const QVector<double> &flags, const QVector<float> &data,
-                  const QVector<Record> &more = {})
-{
-    Document document;
-    document.stack(stackId, "take");
-    document.layer(layerId, stackId);
-    document.model(1, 0, "node", {});
-    document.curveNode(3000, layerId, 1, "Lcl Rotation");
-    document.curve(3001, 3000, "d|X", seconds, values, flags, data, more);
-    return document;
-}
-
-float weights(int right, int nextLeft)
-{
-    const quint32 bits = quint32(right) | quint32(nextLeft) << 16;
-    float number = 0;
-    std::memcpy(&number, &bits, 4);
-    return number;
-}
-
-// Two layers on one node with scale, rotation and translation each; the upper one as given.
-Document layered(const Properties &upper)
-{
-    Document document;
-    document.stack(stackId, "take");
-    document.layer(layerId, stackId);
-    document.layer(layerId + 1, stackId, upper);
-    document.model(1, 0, "node", {whole("RotationOrder", 4), whole("RotationActive", 1)});
-    document.model(2, 1, "child", {vec("Lcl Translation", 1, 2, 3)});
-    for (const qint64 i : {0, 1}) {
-        const qint64 base = 3000 + 100 * i;
-        if (i == 0)
-            spin(&document, base, layerId, 1);
-        else // about other axes, as rotations about the same ones commute
-            animate(&document, base, layerId + 1, 1, "Lcl Rotation", {30, -20, 80}, {0, 45, 5},
-                    {10, 15, -35});
-        animate(&document, base + 10, layerId + i, 1, "Lcl Translation", {1, 3, 2}, {4, 1, 1},
-                {0, -1, 2}, cubic, {1, -2, 0, 0});
-        animate(&document, base + 20, layerId + i, 1, "Lcl Scaling", {1, 2, 1.5f}, {1, 1.2f, 0.8f},
-                {0.5f, 1, 1});
-    }
-    return document;
-}
-
-QVector<Format> allFormats()
-{
-    return {{false, 7100, false}, {false, 7400, true}, {false, 7500, false},
-            {false, 7700, true},  {true, 7200, false}, {true, 7700, false}};
-}
-
-QByteArray nameOf(const Format &format)
-{
-    return QByteArray(format.isText ? "text " : "binary ") + QByteArray::number(format.version) +
-           (format.isDeflated ? ", deflated" : "");
-}
-
-} // namespace
 
 class TestVxFbxDocuments : public QObject
 {
@@ -147,7 +29,6 @@ private Q_SLOTS:
     void curves();
     void layers_data();
     void layers();
-    void coarseSamplingIsReported();
     void formats_data();
     void formats();
     void keysStay();
@@ -159,12 +40,7 @@ private Q_SLOTS:
     void settings();
     void bonesGetASkeleton();
     void axesAreExchanged();
-    void extrapolationIsReported_data();
-    void extrapolationIsReported();
-    void keysOutOfOrder();
     void namesOfBothForms();
-    void refuses_data();
-    void refuses();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -362,18 +238,6 @@ void TestVxFbxDocuments::layers()
 }
 
 // A layer that turns a thousand times between two keys, added as a rotation.
-void TestVxFbxDocuments::coarseSamplingIsReported()
-{
-    for (const float turns : {0.5f, 1000.0f}) {
-        Document document = layered({});
-        document.layer(layerId + 2, stackId);
-        animate(&document, 3500, layerId + 2, 1, "Lcl Rotation", {0, 360 * turns, 0}, {0, 0, 0},
-                {0, 100 * turns, 0});
-        const VxImportedMotion motion = readGood(document.write({}));
-        QCOMPARE(motion.facts.notes.filter(QStringLiteral("too fast")).isEmpty(), turns < 10);
-    }
-}
-
 void TestVxFbxDocuments::formats_data()
 {
     QTest::addColumn<Format>("format");
@@ -586,46 +450,6 @@ void TestVxFbxDocuments::axesAreExchanged()
     }
 }
 
-void TestVxFbxDocuments::extrapolationIsReported_data()
-{
-    QTest::addColumn<char>("letter");
-    QTest::addColumn<bool>("isReported");
-    QTest::newRow("constant") << 'C' << false;
-    QTest::newRow("slope") << 'K' << true;
-    QTest::newRow("repeat") << 'R' << true;
-    QTest::newRow("mirror") << 'M' << true;
-    QTest::newRow("repeat with an offset") << 'A' << true;
-}
-
-void TestVxFbxDocuments::extrapolationIsReported()
-{
-    QFETCH(char, letter);
-    QFETCH(bool, isReported);
-    const Record after{
-        "Post-Extrapolation",
-        {},
-        {{"Type", {fbxdocument::Value::letter(letter)}, {}}, {"Repetition", {-1}, {}}}};
-    const Document document = oneCurve({0, 1}, {0, 40}, linear, noData, {after});
-    for (const Format &format : allFormats()) {
-        const VxImportedMotion motion = readGood(document.write(format));
-        bool hasNote = false;
-        for (const QString &note : motion.facts.notes)
-            hasNote = hasNote || note.contains(QLatin1String("outside of their keys"));
-        QVERIFY2(hasNote == isReported, nameOf(format));
-    }
-}
-
-void TestVxFbxDocuments::keysOutOfOrder()
-{
-    constexpr float none = std::numeric_limits<float>::quiet_NaN();
-    const Document document = oneCurve({0, 2, 1, 1, 3}, {0, 20, 10, 11, none}, linear, noData);
-    const VxImportedMotion motion = readGood(document.write({}));
-    const VxMotionCurve &curve = motion.clips.at(0).channels.at(0).curve;
-    QCOMPARE(curve.times, (std::vector<double>{0, 1, 2}));
-    QCOMPARE(curve.values, (std::vector<double>{0, 11, 20}));
-    QCOMPARE(motion.facts.notes.size(), 3);
-}
-
 void TestVxFbxDocuments::namesOfBothForms()
 {
     Document document;
@@ -633,62 +457,6 @@ void TestVxFbxDocuments::namesOfBothForms()
     for (const Format &format : allFormats())
         QCOMPARE(readGood(document.write(format)).nodes.at(0).name,
                  QStringLiteral(u"figure:hip \u00FC"));
-}
-
-void TestVxFbxDocuments::refuses_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("reason");
-    const auto row = [](const char *name, const QByteArray &bytes, const char *reason) {
-        QTest::newRow(name) << bytes << QString::fromLatin1(reason);
-    };
-    const QByteArray binary = chain({}).write({});
-    const QByteArray text = chain({}).write({true, 7700, false});
-    row("nothing", "", "version is missing");
-    row("other text", "hello world", "outside of all records");
-    row("an old version", chain({}).write({true, 6100, false}), "version 6.1 is not supported");
-    row("an old binary version", chain({}).write({false, 6100, false}), "version 6.1");
-    row("the end of a binary file missing", binary.chopped(40), "ends");
-    row("the end of a text missing", text.chopped(40), "ends inside");
-    row("a brace too many", text + "}", "Unmatched");
-    row("no objects", QByteArray("FBXHeaderExtension: {\nFBXVersion: 7400\n}\n"), "Objects");
-    Document circle;
-    circle.model(1, 2, "a", {});
-    circle.model(2, 1, "b", {});
-    row("parents in a circle", circle.write({}), "form a cycle");
-    Document own;
-    own.model(1, 1, "a", {});
-    row("a node below itself", own.write({true, 7400, false}), "form a cycle");
-    Document counts = oneCurve({0, 1}, {0, 40}, linear, noData);
-    counts.objects().last().children[2].values = {fbxdocument::Value(QVector<float>{1, 2, 3})};
-    row("more values than times", counts.write({}), "2 key times and 3 key values");
-    Document runs = oneCurve({0, 1}, {0, 40}, linear, noData);
-    runs.objects().last().children[5].values = {fbxdocument::Value('i', {5})};
-    row("runs that are too long", runs.write({true, 7400, false}), "do not add up");
-    Document far = oneCurve({0, 1e6}, {0, 40}, linear, noData);
-    row("a key in a million seconds", far.write({}), "440000 seconds");
-    row("nothing but braces", QByteArray("a:{").repeated(100000), "nested more than");
-    QByteArray bomb = oneCurve({0, 1}, {0, 40}, linear, noData).write({true, 7400, false});
-    bomb.replace("KeyTime: *2", "KeyTime: *2000000000");
-    row("a count by billions", bomb, "declares more values");
-    // Two times 512 MB of zeros in half a megabyte each.
-    Document zeros = oneCurve({0, 1}, {0, 40}, linear, noData);
-    zeros.objects().last().children[1].values = {
-        fbxdocument::Value('l', QVector<double>(8 * 1000 * 1000, 0.0))};
-    row("a deflate bomb", zeros.write({false, 7400, true}), "too large for its size");
-}
-
-void TestVxFbxDocuments::refuses()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, reason);
-    VxImportedMotion motion;
-    motion.nodes.resize(1);
-    VxFileError error;
-    QVERIFY(!vxReadFbx(bytes, {}, &motion, &error));
-    QVERIFY2(error.message.contains(reason), qPrintable(error.text()));
-    QVERIFY((error.line >= 1) != (error.offset >= 0));
-    QCOMPARE(motion.nodes.size(), std::size_t(1));
 }
 
 VX_TEST_MAIN(TestVxFbxDocuments)

@@ -1,32 +1,21 @@
-#include "dopesheetrowstestbase.h"
+#include "dopesheetitemtestbase.h"
 #include "testing/vxtestmain.h"
 
 #include <random>
-#include <vxcore/vxchangeblock.h>
 #include <vxcore/vxmorph.h>
 
 #include "vxtimeline/dopesheet/dopesheetvaluesource.h"
 
 using Times = QVector<VxTime>;
 
-namespace {
-
-Times timesOf(const VxDopeSheetItem &row)
-{
-    const int count = row.keyCount();
-    return Times(row.keyTimes(), row.keyTimes() + count);
-}
-
-} // namespace
-
 // One row and its tree: labels, children, keys and their selection.
-class TestDopeSheetItem : public QObject, private DopeSheetRowsTest
+class TestDopeSheetItem : public QObject, private DopeSheetItemTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void labels();
     void paths();
@@ -53,60 +42,10 @@ private Q_SLOTS:
     void binarySearch();
     void badIndexes();
     void savedTimesStay();
-    void deletesSelectedKeys();
-    void deletesWhatIsSelectedWithinAChangeBlock();
-    void showsPresentKeysWithinAChangeBlock();
-    void showsPresentKeysWhileOthersReport();
-    void suppressedRowsKeepTheirKeysWithinAChangeBlock();
-    void groupsDeleteNothing();
-    void lockedKeysStaySelected();
 
     void selectedKeysAreCounted();
-    void deletedKeysLeaveTheSelection();
-    void deletedPropertyLeavesAnEmptyRow();
     void rowMovesWithItsSelection();
-
-private:
-    // A tree: root, group, rows for m_x and m_y, each with its keys.
-    void makeTree(std::initializer_list<VxTime> x, std::initializer_list<VxTime> y);
-
-    VxNode *m_node = nullptr;
-    VxFloatProperty *m_x = nullptr;
-    VxFloatProperty *m_y = nullptr;
-    std::unique_ptr<VxDopeSheetItem> m_root;
-    VxDopeSheetItem *m_group = nullptr;
-    VxDopeSheetItem *m_rowX = nullptr;
-    VxDopeSheetItem *m_rowY = nullptr;
 };
-
-void TestDopeSheetItem::init()
-{
-    setUp();
-    m_node = builder->addNode(QStringLiteral("hip"));
-    m_x = m_node->getXPosControl();
-    m_y = m_node->getYPosControl();
-}
-
-void TestDopeSheetItem::cleanup()
-{
-    m_root.reset();
-    tearDown();
-}
-
-void TestDopeSheetItem::makeTree(std::initializer_list<VxTime> x, std::initializer_list<VxTime> y)
-{
-    setKeys(m_x, x);
-    setKeys(m_y, y);
-    m_root = std::make_unique<VxDopeSheetItem>();
-    m_group = new VxDopeSheetItem;
-    m_group->setParent(m_root.get());
-    m_rowX = new VxDopeSheetItem;
-    m_rowX->setParent(m_group);
-    m_rowX->setProperty(m_x);
-    m_rowY = new VxDopeSheetItem;
-    m_rowY->setParent(m_group);
-    m_rowY->setProperty(m_y);
-}
 
 void TestDopeSheetItem::labels()
 {
@@ -503,111 +442,6 @@ void TestDopeSheetItem::savedTimesStay()
     QCOMPARE(m_rowX->savedTimeCount(), 0);
 }
 
-void TestDopeSheetItem::deletesSelectedKeys()
-{
-    makeTree({10, 20, 30, 40}, {20});
-    m_rowX->setKeySelectedAt({1, 3}, true);
-    m_rowX->deleteSelectedKeys();
-    QCOMPARE(keyTimes(*m_rowX), Times({10, 30}));
-    QCOMPARE(keyTimes(*m_root), Times({10, 20, 30}));
-    QVERIFY(!m_root->hasSelectedKeys());
-    m_rowX->deleteSelectedKeys();
-    QCOMPARE(m_x->getNumKeys(), 2);
-}
-
-// The row has not been notified yet of the key added before the selected one.
-void TestDopeSheetItem::deletesWhatIsSelectedWithinAChangeBlock()
-{
-    makeTree({10, 20}, {});
-    m_rowX->setKeysSelected(true, 20, 20);
-    const VxChangeBlock block;
-    setKeys(m_x, {5});
-    m_rowX->setKeysSelected(true, 5, 5);
-    m_rowX->deleteSelectedKeys();
-    QCOMPARE(m_x->getNumKeys(), 1);
-    QCOMPARE(m_x->getKeyTime(0), 10);
-    // Selected before, and at another place in the list by now.
-    m_rowX->setKeysSelected(true, 10, 10);
-    setKeys(m_x, {5});
-    m_rowX->deleteSelectedKeys();
-    QCOMPARE(m_x->getNumKeys(), 1);
-    QCOMPARE(m_x->getKeyTime(0), 5);
-}
-
-// No report has been sent yet, and the number of keys stays.
-void TestDopeSheetItem::showsPresentKeysWithinAChangeBlock()
-{
-    makeTree({0, 10}, {5});
-    m_rowX->setKeySelectedAt({1}, true);
-    QCOMPARE(m_root->keyCount(), 3);
-    QVERIFY(m_group->hasSelectedKeys());
-    const VxChangeBlock block;
-    QVERIFY(m_x->moveKeys({1}, {20}));
-    QCOMPARE(timesOf(*m_root), Times({0, 5, 20}));
-    QCOMPARE(timesOf(*m_group), Times({0, 5, 20}));
-    QCOMPARE(timesOf(*m_rowX), Times({0, 20}));
-    QVERIFY(!m_root->hasSelectedKeys());
-    // The row is asked first: those above follow all the same.
-    QVERIFY(m_y->moveKeys({0}, {6}));
-    QCOMPARE(timesOf(*m_rowY), Times({6}));
-    QCOMPARE(timesOf(*m_root), Times({0, 6, 20}));
-}
-
-// At the end of a block properties report one after the other: whoever listens to the first one
-// sees the present keys of all.
-void TestDopeSheetItem::showsPresentKeysWhileOthersReport()
-{
-    makeTree({0, 10}, {5});
-    QCOMPARE(m_root->keyCount(), 3);
-    Times seen;
-    Times seenY;
-    connect(m_x, &VxProperty::valueChanged, this, [&] {
-        seenY = timesOf(*m_rowY);
-        seen = timesOf(*m_root);
-    });
-    {
-        const VxChangeBlock block;
-        QVERIFY(m_x->moveKeys({1}, {20}));
-        QVERIFY(m_y->moveKeys({0}, {6}));
-    }
-    QCOMPARE(seenY, Times({6}));
-    QCOMPARE(seen, Times({0, 6, 20}));
-}
-
-void TestDopeSheetItem::suppressedRowsKeepTheirKeysWithinAChangeBlock()
-{
-    makeTree({0, 10}, {5});
-    QCOMPARE(m_root->keyCount(), 3);
-    {
-        const VxChangeBlock block;
-        m_rowX->setSuppressKeyChanges(true);
-        QVERIFY(m_x->moveKeys({1}, {20}));
-        QCOMPARE(timesOf(*m_rowX), Times({0, 10}));
-        QCOMPARE(timesOf(*m_root), Times({0, 5, 10}));
-    }
-    m_rowX->setSuppressKeyChanges(false);
-    QCOMPARE(timesOf(*m_rowX), Times({0, 10}));
-    m_rowX->invalidateKeys();
-    QCOMPARE(timesOf(*m_root), Times({0, 5, 20}));
-}
-
-void TestDopeSheetItem::groupsDeleteNothing()
-{
-    makeTree({10}, {20});
-    m_rowX->setKeysSelected(true, 0, 100);
-    m_group->deleteSelectedKeys();
-    QCOMPARE(m_root->keyCount(), 2);
-}
-
-void TestDopeSheetItem::lockedKeysStaySelected()
-{
-    makeTree({10}, {});
-    m_rowX->setKeysSelected(true, 10, 10);
-    m_x->setLocked(true);
-    m_rowX->deleteSelectedKeys();
-    QCOMPARE(selectedTimes(*m_root), Times({10}));
-}
-
 void TestDopeSheetItem::selectedKeysAreCounted()
 {
     makeTree({10, 20}, {20});
@@ -620,35 +454,6 @@ void TestDopeSheetItem::selectedKeysAreCounted()
     QVERIFY(!m_rowX->hasSelectedKeys());
     m_rowY->setKeysSelected(false, 20, 20);
     QVERIFY(!m_root->hasSelectedKeys());
-}
-
-void TestDopeSheetItem::deletedKeysLeaveTheSelection()
-{
-    makeTree({10, 20}, {20});
-    m_rowX->setKeysSelected(true, 20, 20);
-    m_x->deleteKeys(VxTimeRange(20, 20));
-    QVERIFY(!m_root->hasSelectedKeys());
-}
-
-void TestDopeSheetItem::deletedPropertyLeavesAnEmptyRow()
-{
-    makeTree({}, {20});
-    auto *own = new VxFloatProperty(QStringLiteral("own"));
-    m_node->addProperty(own, QStringLiteral("/Own"));
-    setKeys(own, {10});
-    m_rowX->setProperty(own);
-    m_rowX->setKeysSelected(true, 0, 100);
-    QCOMPARE(keyTimes(*m_root), Times({10, 20}));
-    const QSignalSpy spy(m_rowX, &VxDopeSheetItem::keysChanged);
-    QVERIFY(m_node->removeProperty(own));
-    QVERIFY(spy.count() > 0);
-    QVERIFY(!m_rowX->property());
-    QCOMPARE(m_rowX->label(), QString());
-    QVERIFY(!m_root->hasSelectedKeys());
-    QCOMPARE(keyTimes(*m_root), Times({20}));
-    m_rowX->deleteSelectedKeys();
-    m_rowX->setKeySelectedAt({0}, true);
-    QVERIFY(!m_rowX->hasKeys());
 }
 
 void TestDopeSheetItem::rowMovesWithItsSelection()
