@@ -140,7 +140,7 @@ VxFbxCurve::Extrapolation VxFbxCurves::extrapolation(VxFbxRecords::Index record,
     const auto type = m_records.child(m_records.child(record, side), "Type");
     const VxFbxValue *value = m_records.value(type, 0);
     const std::string_view word = m_records.characters(value);
-    qint64 letter = word.empty() ? 'C' : word.front();
+    qint64 letter = word.empty() ? 'C' : static_cast<unsigned char>(word.front());
     if (word.empty() && value)
         m_records.integer(value, &letter);
     switch (letter) {

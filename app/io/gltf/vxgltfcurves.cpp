@@ -319,6 +319,7 @@ VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angl
                               const VxFrameTimes &frames)
 {
     std::vector<Curve> curves;
+    curves.reserve(angles.size());
     for (const VxFloatProperty *angle : angles)
         curves.emplace_back(VxGltfValue{angle, 1.0, 0.0});
     const Rotations rotations(angles, order);

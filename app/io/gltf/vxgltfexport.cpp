@@ -254,6 +254,7 @@ void Writer::addTranslation(const VxNode *node)
     if (!std::any_of(controls, controls + 3, vxIsAnimated))
         return;
     std::vector<VxGltfValue> values;
+    values.reserve(3);
     for (int axis = 0; axis < 3; ++axis)
         values.push_back({controls[axis], 1.0, double(node->getOrigin()[axis])});
     addChannel(node, "translation", vxGltfKeysOf(values, m_range, framesOf(node)), "VEC3");
