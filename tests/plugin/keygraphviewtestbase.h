@@ -12,6 +12,7 @@
 #include <vxcore/vxstyle.h>
 
 #include "testing/vxmousedriver.h"
+#include "testing/vxpaintwatch.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
@@ -46,21 +47,6 @@ public:
 
     mutable QVector<Mark> marks;
     mutable QVector<QRect> bands;
-};
-
-// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-    int count = 0;
 };
 
 // Notes the texts that are painted on it, and where.

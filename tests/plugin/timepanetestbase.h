@@ -2,6 +2,7 @@
 #define TIMEPANETESTBASE_H
 
 #include <QtTest>
+#include <QtWidgets/QBoxLayout>
 
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
@@ -90,6 +91,24 @@ protected:
     template <typename Widget> Widget *find(const char *name) const
     {
         return pane->findChild<Widget *>(QLatin1String(name));
+    }
+
+    // What a layout holds, item by item: "name/stretch", with "*" for a stretch and "_n" for a
+    // space.
+    static QStringList layoutItems(const QWidget *widget)
+    {
+        const auto *box = qobject_cast<const QBoxLayout *>(widget->layout());
+        QStringList items;
+        for (int i = 0; i < box->count(); ++i) {
+            QLayoutItem *item = box->itemAt(i);
+            QString text = QStringLiteral("*");
+            if (item->widget())
+                text = item->widget()->objectName();
+            else if (item->sizeHint().width() > 0)
+                text = QStringLiteral("_%1").arg(item->sizeHint().width());
+            items += QStringLiteral("%1/%2").arg(text).arg(box->stretch(i));
+        }
+        return items;
     }
 
     static QStringList undoTexts()

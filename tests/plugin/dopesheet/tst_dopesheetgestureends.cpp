@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 
 #include <QtGui/QPaintEvent>
@@ -44,22 +45,6 @@ private:
 
     VxKeyCommunication m_ours;
     QMap<VxProperty *, QSet<int>> m_selected;
-};
-
-// Adds up what a widget is asked to paint.
-class PaintedRegion : public QObject
-{
-public:
-    explicit PaintedRegion(QWidget *widget) { widget->installEventFilter(this); }
-    QRegion region;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            region += static_cast<QPaintEvent *>(event)->region();
-        return false;
-    }
 };
 
 } // namespace
@@ -295,7 +280,7 @@ void TestDopeSheetGestureEnds::shrinkingBandLeavesNothing()
     hand.moveTo(QPoint(400, 300));
     QTRY_VERIFY(!view->viewport()->testAttribute(Qt::WA_PendingUpdate));
     QCoreApplication::processEvents();
-    const PaintedRegion painted(view->viewport());
+    const VxPaintWatch painted(view->viewport());
     hand.moveTo(QPoint(900, 600));
     QTRY_VERIFY(painted.region.contains(QPoint(401, 301)));
     QVERIFY(painted.region.contains(QRect(QPoint(400, 300), from)));

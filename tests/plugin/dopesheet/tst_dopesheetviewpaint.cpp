@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 
 #include <vector>
@@ -90,23 +91,6 @@ protected:
         }
         QTreeView::paintEvent(event);
     }
-};
-
-// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget)
-    {
-        QCoreApplication::processEvents();
-        widget->installEventFilter(this);
-    }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-    int count = 0;
 };
 
 } // namespace
@@ -239,22 +223,25 @@ void TestDopeSheetViewPaint::namesLookLikeATreesOwn()
 
 void TestDopeSheetViewPaint::selectionRepaints()
 {
-    PaintCounter rows(view->viewport());
+    QCoreApplication::processEvents();
+    VxPaintWatch rows(view->viewport());
     view->setKeySelection(true);
     QTRY_VERIFY(rows.count > 0);
 }
 
 void TestDopeSheetViewPaint::messageRepaints()
 {
-    PaintCounter rows(view->viewport());
+    QCoreApplication::processEvents();
+    VxPaintWatch rows(view->viewport());
     view->handleKeyMessage(VxKeyMessage());
     QTRY_VERIFY(rows.count > 0);
 }
 
 void TestDopeSheetViewPaint::updateRepaintsTheHeader()
 {
-    PaintCounter rows(view->viewport());
-    PaintCounter ruler(header->viewport());
+    QCoreApplication::processEvents();
+    VxPaintWatch rows(view->viewport());
+    VxPaintWatch ruler(header->viewport());
     view->doUpdate();
     QTRY_VERIFY(rows.count > 0);
     QTRY_VERIFY(ruler.count > 0);
@@ -266,7 +253,8 @@ void TestDopeSheetViewPaint::graphChannelsRepaint()
     VxMainWindow window;
     auto *pane = new VxTimePane;
     window.getPaneMgr()->addPane(pane);
-    PaintCounter rows(view->viewport());
+    QCoreApplication::processEvents();
+    VxPaintWatch rows(view->viewport());
     Q_EMIT pane->graphChannelListChanged({hip->getXPosControl()});
     QCoreApplication::processEvents();
     QCOMPARE(rows.count, 0);

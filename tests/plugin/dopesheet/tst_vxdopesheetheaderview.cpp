@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 
 #include "testing/vxmousedriver.h"
@@ -456,22 +457,11 @@ void TestVxDopeSheetHeaderView::namesGripResizes()
 
 void TestVxDopeSheetHeaderView::repaintsOnLeave()
 {
-    class Painted : public QObject
-    {
-    public:
-        int count = 0;
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            count += event->type() == QEvent::Paint;
-            return false;
-        }
-    } painted;
     QCoreApplication::processEvents();
-    viewport->installEventFilter(&painted);
+    const VxPaintWatch painted(viewport);
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(header, &leave);
     QTRY_VERIFY(painted.count > 0);
-    viewport->removeEventFilter(&painted);
 }
 
 VX_TEST_MAIN(TestVxDopeSheetHeaderView)

@@ -197,7 +197,7 @@ void TestKeyGraphGestures::theLineIsPlainOnceKeysMove()
 // Without the picture of a grab, which paints in any case.
 void TestKeyGraphGestures::hoveringRepaintsTheLineAlone()
 {
-    PaintCounter paints(view.get());
+    VxPaintWatch paints(view.get());
     const auto paintsAt = [this, &paints](const QPoint &place) {
         QCoreApplication::processEvents();
         paints.count = 0;

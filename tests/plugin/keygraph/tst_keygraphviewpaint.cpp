@@ -407,7 +407,7 @@ void TestKeyGraphViewPaint::theSceneIsFollowed()
 {
     showView();
     QCoreApplication::processEvents();
-    PaintCounter paints(view.get());
+    VxPaintWatch paints(view.get());
     const auto isPainted = [&paints](const auto &change) {
         QCoreApplication::processEvents();
         paints.count = 0;

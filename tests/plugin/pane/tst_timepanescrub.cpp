@@ -1,3 +1,4 @@
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -106,22 +107,10 @@ void TestTimePaneScrub::nothingIsLeftBehind()
 
 void TestTimePaneScrub::onlyTheLineIsPainted()
 {
-    class Painted : public QObject
-    {
-    public:
-        QRegion region;
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            if (event->type() == QEvent::Paint)
-                region += static_cast<QPaintEvent *>(event)->region();
-            return false;
-        }
-    };
     vxScene->setTime(40 * 160);
     onScreen();
-    Painted painted;
     const VxDopeSheetView *view = pane->getDopeSheetView();
-    view->viewport()->installEventFilter(&painted);
+    const VxPaintWatch painted(view->viewport());
     vxScene->setTime(41 * 160);
     onScreen();
     const auto lineAt = [view](VxTime time) {

@@ -18,27 +18,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
-namespace {
-
-// What a layout holds, item by item: "name/stretch", with "*" for a stretch and "_n" for a space.
-QStringList layoutItems(const QWidget *widget)
-{
-    const auto *box = qobject_cast<const QBoxLayout *>(widget->layout());
-    QStringList items;
-    for (int i = 0; i < box->count(); ++i) {
-        QLayoutItem *item = box->itemAt(i);
-        QString text = QStringLiteral("*");
-        if (item->widget())
-            text = item->widget()->objectName();
-        else if (item->sizeHint().width() > 0)
-            text = QStringLiteral("_%1").arg(item->sizeHint().width());
-        items += QStringLiteral("%1/%2").arg(text).arg(box->stretch(i));
-    }
-    return items;
-}
-
-} // namespace
-
 // View modes, the place of the controls, the key graph, and the width.
 class TestTimePaneLayout : public QObject, private TimePaneTest
 {

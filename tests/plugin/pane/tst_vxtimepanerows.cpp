@@ -1,3 +1,4 @@
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -33,22 +34,6 @@ protected:
             ++selectionChanges;
         if (event->type() == VxTimelineDopesheetEnsureItemVisibleEvent::eventType())
             ++ensureVisibles;
-        return false;
-    }
-};
-
-// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *watched) { watched->installEventFilter(this); }
-
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        paints += int(event->type() == QEvent::Paint);
         return false;
     }
 };
@@ -451,17 +436,17 @@ void TestTimePaneRows::changedKeysAreShown()
     auto *node = new VxNode(QStringLiteral("a"));
     vxScene->addNode(node);
     const VxDopeSheetView *view = pane->getDopeSheetView();
-    PaintCounter rows(view->viewport());
-    PaintCounter ruler(view->header()->viewport());
+    VxPaintWatch rows(view->viewport());
+    VxPaintWatch ruler(view->header()->viewport());
     const auto isCalm = [&rows, &ruler] {
-        rows.paints = ruler.paints = 0;
+        rows.count = ruler.count = 0;
         QCoreApplication::processEvents();
-        return rows.paints + ruler.paints == 0;
+        return rows.count + ruler.count == 0;
     };
     QTRY_VERIFY(isCalm());
     node->getXPosControl()->setKey(160, 1.0f, VxKeyInterp::Linear);
-    QTRY_VERIFY(rows.paints > 0);
-    QTRY_VERIFY(ruler.paints > 0);
+    QTRY_VERIFY(rows.count > 0);
+    QTRY_VERIFY(ruler.count > 0);
 }
 
 void TestTimePaneRows::rowsMadeAnewDuringALoad()

@@ -1,22 +1,6 @@
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 #include "timerangesliderstage.h"
-
-namespace {
-
-// Counts how often a widget is painted.
-class PaintCount : public QObject
-{
-public:
-    int count = 0;
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
-} // namespace
 
 class TestTimeRangeSliderPaint : public QObject, private TimeRangeSliderStage
 {
@@ -96,8 +80,7 @@ void TestTimeRangeSliderPaint::leavingPaintsAnew()
 {
     m_mouse->moveTo(QPoint(210, 10));
     QCoreApplication::processEvents();
-    PaintCount paints;
-    m_slider->installEventFilter(&paints);
+    const VxPaintWatch paints(m_slider);
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(m_slider, &leave);
     QTRY_VERIFY(paints.count > 0);
@@ -247,12 +230,9 @@ void TestTimeRangeSliderPaint::repaintsOnlyItself()
     QWidget neighbour(m_window.get());
     neighbour.setGeometry(0, 0, 700, 40);
     neighbour.lower();
-    PaintCount slider;
-    PaintCount window;
-    PaintCount others;
-    m_slider->installEventFilter(&slider);
-    m_window->installEventFilter(&window);
-    neighbour.installEventFilter(&others);
+    VxPaintWatch slider(m_slider);
+    VxPaintWatch window(m_window);
+    VxPaintWatch others(&neighbour);
     neighbour.show();
     m_mouse->moveTo(QPoint(100, 10));
     QTRY_VERIFY(others.count > 0 && slider.count > 0);
@@ -270,8 +250,7 @@ void TestTimeRangeSliderPaint::repaintsOnlyItself()
 void TestTimeRangeSliderPaint::followsTheScene()
 {
     const QImage before = picture();
-    PaintCount paints;
-    m_slider->installEventFilter(&paints);
+    const VxPaintWatch paints(m_slider);
     vxScene->setAnimRange(VxTimeRange(0, 9600));
     QTRY_COMPARE(paints.count, 1);
     vxScene->setTimeStep(80);

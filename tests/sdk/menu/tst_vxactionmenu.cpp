@@ -1,18 +1,11 @@
-#include "testing/vxmenuactions.h"
+#include "menutestbase.h"
 #include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
 
 #include <QtTest>
 #include <vxcore/vxactionmenu.h>
-#include <vxcore/vxactionmgr.h>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 
 namespace {
 
-const QString alphaClass = QStringLiteral("AlphaAction");
-const QString betaClass = QStringLiteral("BetaAction");
-const QString gammaClass = QStringLiteral("GammaAction");
 const QString unknown = QStringLiteral("UnknownAction");
 
 /** The description as text: "-" for a separator, "Title(...)" for a sub-menu. */
@@ -55,12 +48,12 @@ void build(VxActionMenu &menu)
 
 } // namespace
 
-class tst_VxActionMenu : public QObject
+class tst_VxActionMenu : public QObject, private MenuTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
     void describesEntriesInOrder();
     void insertsAtAnIndex_data();
     void insertsAtAnIndex();
@@ -82,31 +75,7 @@ private Q_SLOTS:
     void aHandedOverSubMenuIsUsed();
     void aDestroyedMenuIsRemoved();
     void clearDestroysSubMenus();
-
-private:
-    std::unique_ptr<VxWarningGuard> m_guard;
-    std::unique_ptr<VxApp> m_app;
-    std::unique_ptr<VxMainWindow> m_window;
-    AlphaAction *m_alpha = nullptr;
 };
-
-void tst_VxActionMenu::init()
-{
-    m_guard.reset(new VxWarningGuard);
-    m_app.reset(new VxApp);
-    m_window.reset(new VxMainWindow);
-    m_alpha = new AlphaAction;
-    m_window->getActionMgr()->addAction(m_alpha);
-    m_window->getActionMgr()->addAction(new BetaAction);
-    m_window->getActionMgr()->addAction(new GammaAction);
-}
-
-void tst_VxActionMenu::cleanup()
-{
-    m_window.reset();
-    m_app.reset();
-    m_guard.reset();
-}
 
 void tst_VxActionMenu::describesEntriesInOrder()
 {

@@ -1,20 +1,12 @@
-#include "testing/vxmenuactions.h"
+#include "menutestbase.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
 
 #include <QtTest>
 #include <functional>
-#include <vxcore/vxactionmgr.h>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxmenu.h>
 
 namespace {
-
-const QString alphaClass = QStringLiteral("AlphaAction");
-const QString betaClass = QStringLiteral("BetaAction");
-const QString gammaClass = QStringLiteral("GammaAction");
 
 /** Calls the function as soon as a menu has been popped up, with that menu. */
 void whenShown(const std::function<void(QMenu *)> &function)
@@ -40,12 +32,12 @@ void clickEntry(QMenu *menu, const char *text)
 
 } // namespace
 
-class tst_VxMenu : public QObject
+class tst_VxMenu : public QObject, private MenuTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
     void addsActionsByClassName();
     void unknownActionsAreLeftOut();
     void withoutApplicationNothingIsRegistered();
@@ -58,31 +50,7 @@ private Q_SLOTS:
     void anItemOfASubMenuIsChosen();
     void emptySubMenusAreNotShown();
     void actionsOutliveTheMenu();
-
-private:
-    std::unique_ptr<VxWarningGuard> m_guard;
-    std::unique_ptr<VxApp> m_app;
-    std::unique_ptr<VxMainWindow> m_window;
-    AlphaAction *m_alpha = nullptr;
 };
-
-void tst_VxMenu::init()
-{
-    m_guard.reset(new VxWarningGuard);
-    m_app.reset(new VxApp);
-    m_window.reset(new VxMainWindow);
-    m_alpha = new AlphaAction;
-    m_window->getActionMgr()->addAction(m_alpha);
-    m_window->getActionMgr()->addAction(new BetaAction);
-    m_window->getActionMgr()->addAction(new GammaAction);
-}
-
-void tst_VxMenu::cleanup()
-{
-    m_window.reset();
-    m_app.reset();
-    m_guard.reset();
-}
 
 void tst_VxMenu::addsActionsByClassName()
 {

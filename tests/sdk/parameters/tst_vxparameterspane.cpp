@@ -1,6 +1,7 @@
 // The rows of the Parameters pane: whose they are, key marks, groups, menu and look.
 
 #include "parameterspanetestbase.h"
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 #include "vxwidgetpictures.h"
 
@@ -261,20 +262,10 @@ void TestParametersPane::contextMenuOfALockedRow()
 
 void TestParametersPane::playbackRepaintsNoMoreThanOnceAFrame()
 {
-    class Painted : public QObject
-    {
-    public:
-        int count = 0;
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            count += event->type() == QEvent::Paint;
-            return false;
-        }
-    } painted;
     x()->setKey(0, 0.0f, 0);
     x()->setKey(4800, 3.0f, 0);
     QCoreApplication::processEvents();
-    port()->installEventFilter(&painted);
+    const VxPaintWatch painted(port());
     for (VxTime time = 160; time <= 1600; time += 160) {
         vxScene->setTime(time);
         QCoreApplication::processEvents();
