@@ -231,7 +231,7 @@ void TestTimeRangeSliderPaint::repaintsOnlyItself()
     neighbour.setGeometry(0, 0, 700, 40);
     neighbour.lower();
     VxPaintWatch slider(m_slider);
-    VxPaintWatch window(m_window);
+    VxPaintWatch window(m_window.get());
     VxPaintWatch others(&neighbour);
     neighbour.show();
     m_mouse->moveTo(QPoint(100, 10));
