@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy with the checks of .clang-tidy, a room at a time as one unit.
+"""Runs clang-tidy with the checks of .clang-tidy, each library as one unit.
 
-    tools/tidy.py           the public headers and the rooms of ROOMS, as CI does
-    tools/tidy.py ROOM...   the sources of these folders
-    tools/tidy.py --all     every room
+    tools/tidy.py           the public headers and all product sources, as CI does
+    tools/tidy.py ROOM...   the sources of these folders, each as one unit
 
 Reads the compile commands of build/dev. Exits with 1 if there are findings.
 """
@@ -17,14 +16,12 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-ROOMS = ["sdk/src/keys", "sdk/src/math", "sdk/src/time", "sdk/src/undo"]
 HEADERS = "sdk/include/vxcore"
-PRODUCT = ["sdk/src", "app", "pluginsource"]
-# The target whose settings the sources of a folder are compiled with; the first match counts.
+# The target with whose settings the sources of a folder are compiled; the first match counts.
 TARGETS = {"sdk": "vxcore_objects", "app/io": "vxio", "app/import": "vxstudio-import",
            "app": "vxstudio_code", "pluginsource/VxTimeline": "vxtimeline_objects",
            "pluginsource/VxKeyTools": "vxkeytools_objects"}
-# The compiler's precompiled header is of no use to another compiler.
+# Other compilers cannot use the precompiled header; the build reports the compiler's warnings.
 UNUSED = re.compile(r"-Winvalid-pch|-include \S*cmake_pch\.hxx|-MD|-M[TF] \S+|-o \S+|-c \S+|\S*ccache")
 
 
@@ -38,27 +35,35 @@ def settings():
     return found
 
 
-def rooms_of(product):
-    return sorted({path.parent.relative_to(ROOT).as_posix()
-                   for folder in product for path in (ROOT / folder).rglob("*.cpp")})
+def folder_of(path):
+    """The key of TARGETS for a path relative to ROOT."""
+    return next(folder for folder in TARGETS if f"{path}/".startswith(f"{folder}/"))
 
 
-def main(arguments):
-    rooms = rooms_of(PRODUCT) if arguments == ["--all"] else arguments or ROOMS
-    if not arguments or arguments == ["--all"]:
-        rooms = [HEADERS] + rooms
+def units(rooms):
+    """Names of units with their sources: a unit for each room, else the headers and the libraries."""
+    if rooms:
+        return {room: sorted((ROOT / room).glob("*.h" if room == HEADERS else "*.cpp"))
+                for room in rooms}
+    found = {HEADERS: sorted((ROOT / HEADERS).glob("*.h"))}
+    for top in ["sdk/src", "app", "pluginsource"]:
+        for source in sorted((ROOT / top).rglob("*.cpp")):
+            found.setdefault(folder_of(source.relative_to(ROOT)), []).append(source)
+    return found
+
+
+def main(rooms):
     commands = settings()
+    checked = units(rooms)
     entries = []
     with tempfile.TemporaryDirectory() as temporary:
         folder = pathlib.Path(temporary)
-        for number, room in enumerate(rooms):
-            sources = sorted((ROOT / room).glob("*.h" if room == HEADERS else "*.cpp"))
+        for number, (name, sources) in enumerate(checked.items()):
             unit = folder / f"unit{number}.cpp"
             unit.write_text("".join(f'#include "{source}"\n' for source in sources))
-            target = next(target for start, target in TARGETS.items() if room.startswith(start))
-            directory, command = commands[target]
+            directory, command = commands[TARGETS[folder_of(name)]]
             entries.append({"directory": directory, "file": str(unit),
-                            "command": f"{command} -Wno-unknown-warning-option -c {unit}"})
+                            "command": f"{command} -w -c {unit}"})
         (folder / "compile_commands.json").write_text(json.dumps(entries))
 
         def check(entry):
@@ -71,8 +76,8 @@ def main(arguments):
             results = list(pool.map(check, entries))
     for result in results:
         print(result.stdout or (result.stderr if result.returncode else ""), end="")
-    failed = [room for room, result in zip(rooms, results) if result.returncode]
-    print(f"{len(rooms)} rooms checked;", "findings in " + ", ".join(failed) if failed else "clean.")
+    failed = [name for name, result in zip(checked, results) if result.returncode]
+    print(f"{len(checked)} units checked;", "findings in " + ", ".join(failed) if failed else "clean.")
     return bool(failed)
 
 

@@ -13,7 +13,7 @@ QString nameText(const VxBvhTokenizer::Word &word)
 {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const QTextCodec *utf8 = QTextCodec::codecForMib(106);
-    QString text = utf8->toUnicode(word.data, word.size, &state);
+    const QString text = utf8->toUnicode(word.data, word.size, &state);
     if (state.invalidChars == 0 && state.remainingChars == 0)
         return text;
     return QString::fromLatin1(word.data, word.size);

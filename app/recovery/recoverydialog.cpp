@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr QSize FirstSize(740, 300); // pixels
-constexpr int NameWidth = 280;       // pixels
+constexpr QSize DialogSize(740, 300); // pixels
+constexpr int NameWidth = 280;        // pixels
 
 enum Column { NameColumn, TimeColumn, FolderColumn, NumColumns };
 
@@ -36,7 +36,7 @@ RecoveryDialog::RecoveryDialog(const QVector<RecoveryCopy> &copies, QWidget *par
     buildList();
     layout->addWidget(m_list, 1);
     buildButtons();
-    resize(FirstSize);
+    resize(DialogSize);
 }
 
 void RecoveryDialog::buildList()

@@ -20,8 +20,8 @@ namespace {
 
 constexpr char ScenePrefix[] = "copy-";
 constexpr char BrokenPrefix[] = "broken-";
-constexpr QLatin1String FileKey("File");
-constexpr QLatin1String TitleKey("Title");
+const QLatin1String FileKey("File");
+const QLatin1String TitleKey("Title");
 
 using Lock = std::unique_ptr<QLockFile>;
 

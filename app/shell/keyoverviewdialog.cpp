@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr QSize FirstSize(640, 620); // pixels
-constexpr int PageMargin = 10;       // pixels
+constexpr QSize OverviewSize(640, 620); // pixels
+constexpr int PageMargin = 10;          // pixels
 
 } // namespace
 
@@ -34,7 +34,7 @@ KeyOverviewDialog::KeyOverviewDialog(QWidget *parent)
     layout->addWidget(box);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(change, &QPushButton::clicked, this, &KeyOverviewDialog::changeRequested);
-    resize(FirstSize);
+    resize(OverviewSize);
 }
 
 void KeyOverviewDialog::showShortcuts(const ShortcutList &shortcuts)

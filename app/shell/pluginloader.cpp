@@ -17,8 +17,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "vx.plugins", QtWarningMsg)
 
-constexpr QLatin1String StoreName("Plugins");
-constexpr QLatin1String SkippedKey("Skipped");
+const QLatin1String StoreName("Plugins");
+const QLatin1String SkippedKey("Skipped");
 
 bool isRunning(qint64 process)
 {

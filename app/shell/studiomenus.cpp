@@ -101,8 +101,7 @@ void StudioMenus::buildFileMenu()
     menu->addSeparator();
     menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(
-        menu,
-        {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        menu, {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence("Ctrl+Q")},
         &StudioMenus::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 }

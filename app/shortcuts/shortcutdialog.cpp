@@ -17,9 +17,9 @@
 
 namespace {
 
-constexpr QSize FirstSize(680, 620); // pixels
-constexpr int WarningSize = 20;      // pixels
-constexpr int ShortcutWidth = 150;   // of its column and its field, pixels
+constexpr QSize EditorSize(680, 620); // pixels
+constexpr int WarningSize = 20;       // pixels
+constexpr int ShortcutWidth = 150;    // of its column and its field, pixels
 
 QPushButton *makeButton(const char *name, const QString &text)
 {
@@ -78,7 +78,7 @@ ShortcutDialog::ShortcutDialog(const ShortcutList &list, QWidget *parent)
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ShortcutDialog::showCurrent);
     connect(m_model, &ShortcutModel::edited, this, &ShortcutDialog::showCurrent);
-    resize(FirstSize);
+    resize(EditorSize);
     showCurrent();
 }
 

@@ -35,8 +35,8 @@ QPalette TimelinePalette::faint(const QPalette &palette)
 {
     QPalette result = palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const QColor ground = palette.color(group, QPalette::Base);
-        const QColor text = palette.color(group, QPalette::Text);
+        const QColor &ground = palette.color(group, QPalette::Base);
+        const QColor &text = palette.color(group, QPalette::Text);
         const QColor selected =
             VxColors::mix(ground, palette.color(group, QPalette::Highlight), HighlightShare);
         result.setColor(group, QPalette::Dark, VxColors::mix(ground, text, LineStrength));

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr QLatin1String CollapsedKey("CollapsedGroups");
-constexpr QLatin1String WidthKey("ValueWidth");
+const QLatin1String CollapsedKey("CollapsedGroups");
+const QLatin1String WidthKey("ValueWidth");
 constexpr int NoticeMilliseconds = 10000;
 /// Larger selections are not edited together: all their controls would be created and compared.
 constexpr int MaxNodes = 5000;

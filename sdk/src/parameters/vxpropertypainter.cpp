@@ -82,8 +82,9 @@ void drawText(QPainter *painter, const QRect &rect, const QString &text, int ali
 
 void drawPadlock(QPainter *painter, const QRect &field, const QColor &color)
 {
-    const QRectF box(field.left() + Margin, field.center().y() - Padlock.height() / 2 + 1,
-                     Padlock.width(), Padlock.height());
+    QRect outline(QPoint(), Padlock);
+    outline.moveTo(field.left() + Margin, field.center().y() - Padlock.height() / 2 + 1);
+    const QRectF box(outline);
     painter->setPen(QPen(color, 1.5));
     painter->setBrush(Qt::NoBrush);
     painter->drawArc(QRectF(box.left() + 2, box.top(), box.width() - 4, 8), 0, 180 * 16);

@@ -16,10 +16,11 @@ double factorOf(Qt::KeyboardModifiers modifiers)
 double VxPropertyScrub::moveTo(int x, Qt::KeyboardModifiers modifiers)
 {
     const double factor = factorOf(modifiers);
-    if (factor != m_factor) {
-        m_before += (x - m_anchor) / PixelsPerStep * m_factor;
-        m_anchor = x;
-        m_factor = factor;
-    }
-    return m_before + (x - m_anchor) / PixelsPerStep * m_factor;
+    const int steps = (x - m_anchor) / PixelsPerStep;
+    if (factor == m_factor)
+        return m_before + steps * m_factor;
+    m_before += steps * m_factor;
+    m_anchor = x;
+    m_factor = factor;
+    return m_before;
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-enum Needs { SelectedKeys, CopiedKeys };
+enum class Needs { SelectedKeys, CopiedKeys };
 
 // Actions are identified by class name here, because the pane does not include them.
 const struct ActionNeed
@@ -13,12 +13,12 @@ const struct ActionNeed
     const char *className;
     Needs needs;
 } actionNeeds[] = {
-    {"VxTimePaneCopySelectedKeysAction", SelectedKeys},
-    {"VxTimePaneDeleteSelectedKeysAction", SelectedKeys},
-    {"VxTimePaneSetInterpTcbAction", SelectedKeys},
-    {"VxTimePaneSetInterpLinearAction", SelectedKeys},
-    {"VxTimePaneSetInterpConstantAction", SelectedKeys},
-    {"VxTimePanePasteKeysAction", CopiedKeys},
+    {"VxTimePaneCopySelectedKeysAction", Needs::SelectedKeys},
+    {"VxTimePaneDeleteSelectedKeysAction", Needs::SelectedKeys},
+    {"VxTimePaneSetInterpTcbAction", Needs::SelectedKeys},
+    {"VxTimePaneSetInterpLinearAction", Needs::SelectedKeys},
+    {"VxTimePaneSetInterpConstantAction", Needs::SelectedKeys},
+    {"VxTimePanePasteKeysAction", Needs::CopiedKeys},
 };
 
 const ActionNeed *findNeed(const QAction *action)
@@ -130,6 +130,7 @@ void TimePaneChoices::updateEnabled(bool hasSelectedKeys, bool hasCopiedKeys)
     m_hasCopiedKeys = hasCopiedKeys;
     for (QAction *action : qAsConst(m_actions)) {
         if (const ActionNeed *need = findNeed(action))
-            action->setEnabled(need->needs == SelectedKeys ? hasSelectedKeys : hasCopiedKeys);
+            action->setEnabled(need->needs == Needs::SelectedKeys ? hasSelectedKeys
+                                                                  : hasCopiedKeys);
     }
 }
