@@ -90,7 +90,7 @@ int main(int argc, char **argv)
         std::fputs("vxstudio-import reads motion files for vxstudio, which starts it.\n", stderr);
         return 2;
     }
-    const QString fileName = arguments.at(1);
+    const QString &fileName = arguments.at(1);
     const QJsonObject request = QJsonDocument::fromJson(arguments.at(2).toUtf8()).object();
     const qint64 size = QFileInfo(fileName).size();
     const auto memory = qint64(request.value(QStringLiteral("memory")).toDouble());

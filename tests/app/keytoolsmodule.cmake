@@ -9,7 +9,7 @@ run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
 file(GLOB_RECURSE installed "${WORK}/prefix/*/VxKeyTools.so")
 file(REMOVE ${installed})
 run("${CMAKE_COMMAND}" -S "${SOURCE}/pluginsource/VxKeyTools" -B "${WORK}/build" -G Ninja
-    "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
+    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" -DCMAKE_UNITY_BUILD=ON)
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
 run("${WORK}/prefix/bin/vxstudio" --headless --settings "${WORK}/settings.ini"
     --plugin-path "${WORK}/build" --script "${SOURCE}/pluginsource/VxKeyTools/try.js")
