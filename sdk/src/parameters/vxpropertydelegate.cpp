@@ -169,7 +169,7 @@ bool VxPropertyDelegate::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Escape)
-            field->putBack();
+            field->rollBack();
         if (commits(key) && field->complain())
             return true;
     }

@@ -33,9 +33,9 @@ void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers
         QCursor::setPos(target, place.y());
 }
 
-void VxPropertyDrag::putBack()
+void VxPropertyDrag::rollBack()
 {
-    m_edit.putBack();
+    m_edit.rollBack();
 }
 
 double VxPropertyDrag::steps() const

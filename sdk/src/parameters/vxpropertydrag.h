@@ -17,7 +17,7 @@ public:
 
     void moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers);
     /// Ends the drag and restores every value.
-    void putBack();
+    void rollBack();
     /// The offset of the values in their own steps.
     double steps() const;
     /// Why some values were not changed; empty when all were.

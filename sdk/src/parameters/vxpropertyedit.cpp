@@ -199,7 +199,7 @@ void VxPropertyEdit::finish()
         d->hold.accept(QCoreApplication::translate("VxPropertyEdit", "Set %1").arg(d->label));
 }
 
-void VxPropertyEdit::putBack()
+void VxPropertyEdit::rollBack()
 {
     if (!d->hold.isOpen())
         return;

@@ -45,7 +45,7 @@ public:
     /// Ends the gesture with an undo entry; with none when nothing changed.
     void finish();
     /// Ends the gesture and restores every key and value.
-    void putBack();
+    void rollBack();
 
 private:
     class Private;

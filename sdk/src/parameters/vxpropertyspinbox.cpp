@@ -165,12 +165,12 @@ void VxPropertySpinBox::finishSteps()
     m_edit.reset();
 }
 
-void VxPropertySpinBox::putBack()
+void VxPropertySpinBox::rollBack()
 {
     m_rest.stop();
     m_typed = false;
     if (m_edit)
-        m_edit->putBack();
+        m_edit->rollBack();
     m_edit.reset();
 }
 

@@ -39,7 +39,7 @@ public:
     /// Ends the steps with their undo entry.
     void finishSteps();
     /// Reverts the steps without an undo entry yet, and drops typed text.
-    void putBack();
+    void rollBack();
 
     void stepBy(int steps) override;
     /// Refuses only characters that cannot be part of a number.

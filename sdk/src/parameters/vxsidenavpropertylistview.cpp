@@ -525,7 +525,7 @@ void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)
     // While a value is dragged, no other key may start another edit of it.
     if (d->drag) {
         if (event->key() == Qt::Key_Escape) {
-            d->drag->putBack();
+            d->drag->rollBack();
             d->endGesture();
         }
         return;

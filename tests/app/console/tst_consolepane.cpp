@@ -40,7 +40,7 @@ private Q_SLOTS:
     void aProgramIsOneEntry();
     void programsThatUseTheHistory();
     void programsThatFailCanBeUndone();
-    void theWindowLivesWhileAProgramRuns();
+    void theWindowRespondsWhileAProgramRuns();
     void aFloodOfLines();
     void noSecondProgramMeanwhile();
     void theInputGrows();
@@ -330,7 +330,7 @@ void tst_ConsolePane::programsThatFailCanBeUndone()
     QVERIFY(vxScene->getRootNodes().first()->getLabel() != "x");
 }
 
-void tst_ConsolePane::theWindowLivesWhileAProgramRuns()
+void tst_ConsolePane::theWindowRespondsWhileAProgramRuns()
 {
     auto *stop = pane()->findChild<QToolButton *>("ConsoleStopBtn");
     QVERIFY(!stop->isEnabled());

@@ -21,7 +21,7 @@ private Q_SLOTS:
     void lengths();
     void childrenAtTheEndFollow();
     void restValuesOfChannelsWithoutKeys();
-    void theDialogShowsWhatIsTyped();
+    void theDialogPreviewsTypedValues();
     void aCancelledDialogRestoresTheBone();
     void scriptsSetLengths();
     void theRestPoseIsSetAndFound();
@@ -89,7 +89,7 @@ void tst_BoneEdits::inDialog(const std::function<void(QDialog *)> &edit, bool ac
     QVERIFY(answer.met());
 }
 
-void tst_BoneEdits::theDialogShowsWhatIsTyped()
+void tst_BoneEdits::theDialogPreviewsTypedValues()
 {
     select({"LeftForearm"});
     const QByteArray before = sceneBytes();

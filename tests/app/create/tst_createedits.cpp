@@ -32,7 +32,7 @@ private Q_SLOTS:
     void copiesNames();
     void duplicateHasKeysAndReferences();
     void duplicateOfSeveral();
-    void groupKeepsWorldPlaces();
+    void groupKeepsWorldTransforms();
     void groupOfLockedNodesReportsThem();
     void nothingSelected_data();
     void nothingSelected();
@@ -317,7 +317,7 @@ void tst_CreateEdits::duplicateOfSeveral()
     QCOMPARE(names.size(), 2 * nodes);
 }
 
-void tst_CreateEdits::groupKeepsWorldPlaces()
+void tst_CreateEdits::groupKeepsWorldTransforms()
 {
     CreateEdits::addFigure(vxScene);
     node("LeftUpperArm")->getZRotControl()->setKey(0, 40, 0);

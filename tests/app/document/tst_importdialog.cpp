@@ -55,7 +55,7 @@ private Q_SLOTS:
     void reportIsShown();
     void reportNeedsNoScrolling();
     void longReportFitsTheScreen();
-    void reportAloneNeedsNoScrolling();
+    void reportFitsWithoutScrolling();
     void numbersFollowTheChoices();
     void reportFollowsTheChoices();
     void anotherAnimationIsRead();
@@ -151,7 +151,7 @@ void tst_ImportDialog::longReportFitsTheScreen()
     QVERIFY(accept->geometry().bottom() < m_dialog->height());
 }
 
-void tst_ImportDialog::reportAloneNeedsNoScrolling()
+void tst_ImportDialog::reportFitsWithoutScrolling()
 {
     VxImportReport report = m_import->report();
     report.notes = QStringList{QString(40, QLatin1Char('n')), QString(150, QLatin1Char('m'))};

@@ -71,8 +71,8 @@ private Q_SLOTS:
     void failedSavesStopEverything();
     void failedRevertKeepsTheChanges();
     void aRecentFileDeletedWhileTheMenuIsOpen();
-    void whatIsNoFile_data();
-    void whatIsNoFile();
+    void pathsThatAreNoFiles_data();
+    void pathsThatAreNoFiles();
     void namesInTheTitle_data();
     void namesInTheTitle();
     void namesAreNoMarkup();
@@ -457,7 +457,7 @@ void tst_StudioSaving::aRecentFileDeletedWhileTheMenuIsOpen()
     QVERIFY(grey);
 }
 
-void tst_StudioSaving::whatIsNoFile_data()
+void tst_StudioSaving::pathsThatAreNoFiles_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("a folder") << "folder.vxscene";
@@ -468,7 +468,7 @@ void tst_StudioSaving::whatIsNoFile_data()
 }
 
 /// A clear message, and at once: reading a pipe would block for ever.
-void tst_StudioSaving::whatIsNoFile()
+void tst_StudioSaving::pathsThatAreNoFiles()
 {
     QFETCH(QString, name);
     const QString file = saved();

@@ -69,8 +69,8 @@ private Q_SLOTS:
     void otherRatesAndStarts();
     void positionsOfBonesThatMove();
     void rotationOrders();
-    void whatTheFormatLacksIsWorkedIn_data();
-    void whatTheFormatLacksIsWorkedIn();
+    void unsupportedTransformsAreConverted_data();
+    void unsupportedTransformsAreConverted();
     void namesAreMadeToFit();
     void endsOfBones();
     void refuses_data();
@@ -267,7 +267,7 @@ void tst_VxBvhExport::rotationOrders()
     }
 }
 
-void tst_VxBvhExport::whatTheFormatLacksIsWorkedIn_data()
+void tst_VxBvhExport::unsupportedTransformsAreConverted_data()
 {
     QTest::addColumn<QString>("what");
     for (const char *what :
@@ -279,7 +279,7 @@ void tst_VxBvhExport::whatTheFormatLacksIsWorkedIn_data()
 
 /// Places and directions of all bones in the world, at each frame, are those of the scene; numbers
 /// of size 10 are worked out in single precision, so a thousandth is allowed.
-void tst_VxBvhExport::whatTheFormatLacksIsWorkedIn()
+void tst_VxBvhExport::unsupportedTransformsAreConverted()
 {
     QFETCH(QString, what);
     VxSceneBuilder builder(m_scene.get());

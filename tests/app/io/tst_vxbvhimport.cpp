@@ -105,7 +105,7 @@ private Q_SLOTS:
     void cleanup();
 
     void buildsTheHierarchy();
-    void givesKeysInFileOrder();
+    void keysAreInFileOrder();
     void placesBones();
     void rotationOrders_data();
     void rotationOrders();
@@ -185,7 +185,7 @@ void TestVxBvhImport::buildsTheHierarchy()
     QVERIFY(importer.getSummary().contains(QLatin1String("3 frames at 30 frames per second")));
 }
 
-void TestVxBvhImport::givesKeysInFileOrder()
+void TestVxBvhImport::keysAreInFileOrder()
 {
     import(branched);
     const QVector<VxTime> times = {0, 160, 320};

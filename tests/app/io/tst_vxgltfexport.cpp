@@ -88,7 +88,7 @@ private Q_SLOTS:
     void timesBeforeZeroAreMoved();
     void lateTimesStayApart();
     void theRateRoundTrips();
-    void validatorHasNothingToSay();
+    void validatorReportsNothing();
 
 private:
     VxSkeleton *makeFigure(unsigned seed, const QVector<int> &types);
@@ -340,7 +340,7 @@ void tst_VxGltfExport::theRateRoundTrips()
     QCOMPARE(m_contents.timeStep, 200);
 }
 
-void tst_VxGltfExport::validatorHasNothingToSay()
+void tst_VxGltfExport::validatorReportsNothing()
 {
     const QString npm = QStandardPaths::findExecutable("npm");
     const QString node = QStandardPaths::findExecutable("node");

@@ -62,7 +62,7 @@ private Q_SLOTS:
 
     void nodesInAnyOrderBecomeAHierarchy();
     void jointsBecomeBonesOfAFigure();
-    void matrixIsTakenApart();
+    void matrixIsDecomposed();
     void segmentsKeepTheirShape_data();
     void segmentsKeepTheirShape();
     void sparseRotationsFollowTheArc_data();
@@ -114,7 +114,7 @@ void tst_VxGltfReader::jointsBecomeBonesOfAFigure()
     QCOMPARE(m_report.bones, 2);
 }
 
-void tst_VxGltfReader::matrixIsTakenApart()
+void tst_VxGltfReader::matrixIsDecomposed()
 {
     // A quarter turn about Z, scaled by 2, 3 and 4, moved by 5, 6 and 7; column by column.
     GltfSample sample;

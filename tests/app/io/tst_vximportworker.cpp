@@ -101,7 +101,7 @@ private Q_SLOTS:
     void theProcessCannotWrite();
     void aFailedImportKeepsTheScene();
     void anImportIsOneEntry();
-    void choicesCountWhatTheyDo();
+    void choicesReportTheirNumbers();
     void reportSurvivesJson();
     void costOfTheProcess();
 
@@ -319,7 +319,7 @@ void tst_VxImportWorker::anImportIsOneEntry()
 }
 
 // Keys on every 30th of a second in a scene of 24 frames a second.
-void tst_VxImportWorker::choicesCountWhatTheyDo()
+void tst_VxImportWorker::choicesReportTheirNumbers()
 {
     VxUndoStack undo;
     VxScene scene;

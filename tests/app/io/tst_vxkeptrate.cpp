@@ -34,8 +34,8 @@ private Q_SLOTS:
     void sparseKeysOverHours();
     void severalRoots();
     void wholeRatesAreNotKept();
-    void anotherStepGivesItUp();
-    void reportNamesIt();
+    void anotherTimeStepRemovesTheRate();
+    void reportNamesTheRate();
 
 private:
     QString write(const char *name, const QByteArray &bytes) const;
@@ -282,7 +282,7 @@ void tst_VxKeptRate::wholeRatesAreNotKept()
 }
 
 // A scene of 25 frames a second has other frames than the file.
-void tst_VxKeptRate::anotherStepGivesItUp()
+void tst_VxKeptRate::anotherTimeStepRemovesTheRate()
 {
     m_scene->addNode(new VxNode(QStringLiteral("before")));
     m_scene->setTimeStep(192);
@@ -298,7 +298,7 @@ void tst_VxKeptRate::anotherStepGivesItUp()
     QCOMPARE(m_scene->getNumNodes(), 1);
 }
 
-void tst_VxKeptRate::reportNamesIt()
+void tst_VxKeptRate::reportNamesTheRate()
 {
     GltfSample sample;
     sample.root.insert("nodes", QJsonArray{QJsonObject{{"name", "ball"}}});

@@ -173,8 +173,7 @@ void TestSceneFile::everyTraitRoundTrips()
 void TestSceneFile::theCameraRoundTrips()
 {
     VxScene scene;
-    QVERIFY(
-        !sampleMap().contains(QStringLiteral("camera"))); // a scene that nobody looked around in
+    QVERIFY(!sampleMap().contains(QStringLiteral("camera"))); // the camera was never moved
     VxCameraState camera;
     camera.target = {1, -2, 3};
     camera.distance = 44;

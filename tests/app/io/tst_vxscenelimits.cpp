@@ -51,7 +51,7 @@ private Q_SLOTS:
     void membersTwiceAreRefused();
     void numbersOutOfRangeAreRefused_data();
     void numbersOutOfRangeAreRefused();
-    void whatIsWrittenCanBeRead();
+    void writtenScenesCanBeRead();
     void depthOfNodes_data();
     void depthOfNodes();
     void chainsOfReferences_data();
@@ -252,7 +252,7 @@ void TestSceneLimits::numbersOutOfRangeAreRefused()
 }
 
 /** Whatever is set, within the range or not: the file written is accepted again. */
-void TestSceneLimits::whatIsWrittenCanBeRead()
+void TestSceneLimits::writtenScenesCanBeRead()
 {
     // Three numbers are not finite, and there are six doors for each.
     for (int i = 0; i < 3 * 6; ++i)

@@ -37,8 +37,8 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void figureHasAboutSixtyBones();
-    void sceneFileIsWhatTheGeneratorMakes();
-    void motionFileIsWhatTheGeneratorMakes();
+    void sceneFileMatchesTheGenerator();
+    void motionFileMatchesTheGenerator();
     void everyKindOfPropertyIsThere();
     void feetStayNearTheGround();
     void motionMatchesTheBakedScene();
@@ -60,7 +60,7 @@ void TestWalkSample::figureHasAboutSixtyBones()
     QCOMPARE(names.size(), int(bones.size()));
 }
 
-void TestWalkSample::sceneFileIsWhatTheGeneratorMakes()
+void TestWalkSample::sceneFileMatchesTheGenerator()
 {
     VxScene scene;
     WalkSample::build(&scene);
@@ -72,7 +72,7 @@ void TestWalkSample::sceneFileIsWhatTheGeneratorMakes()
     QVERIFY2(bytes == shipped("walk.vxscene"), "run walkgen on the samples folder");
 }
 
-void TestWalkSample::motionFileIsWhatTheGeneratorMakes()
+void TestWalkSample::motionFileMatchesTheGenerator()
 {
     QByteArray bytes;
     VxFileError error;

@@ -33,8 +33,8 @@ private Q_SLOTS:
     void holds();
     void cycles_data();
     void cycles();
-    void cycleMovesTheRootOn();
-    void cycleTakesTheRanges();
+    void cycleContinuesTheRootsMotion();
+    void cycleExtendsTheRanges();
     void cycleReportsEndsThatDiffer();
     void cycleOfWholeNumbersAndLocks();
     void refusedCycles();
@@ -277,7 +277,7 @@ void tst_InBetween::cycles()
     checkOneEntry(before, "Cycle");
 }
 
-void tst_InBetween::cycleMovesTheRootOn()
+void tst_InBetween::cycleContinuesTheRootsMotion()
 {
     setKeys(node("Hips")->getZPosControl(), "0=0 5=30 10=60");
     setKeys(node("Hips")->getYPosControl(), "0=0 5=4 10=0");
@@ -295,7 +295,7 @@ void tst_InBetween::cycleMovesTheRootOn()
     QCOMPARE(keysOf(node("Hips")->getZPosControl()), QString("0=0 5=30 10=60 15=30 20=60"));
 }
 
-void tst_InBetween::cycleTakesTheRanges()
+void tst_InBetween::cycleExtendsTheRanges()
 {
     setKeys(angle("Hips", 1), "0=0 10=0");
     vxScene->setAnimRange({0, 3200});

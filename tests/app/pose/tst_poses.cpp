@@ -59,7 +59,7 @@ private Q_SLOTS:
     void mirroredWorldPosesAgree_data();
     void mirroredWorldPosesAgree();
     void mirrorsAnArmInTwoGestures();
-    void mirrorsWithinATurnedBody();
+    void mirrorsWithinARotatedBody();
     void swapsBothSides();
     void anglesContinue();
     void limitsAndLocks();
@@ -250,7 +250,7 @@ void tst_Poses::mirrorsAnArmInTwoGestures()
 }
 
 // The other arm takes the pose relative to the chest, however that is turned.
-void tst_Poses::mirrorsWithinATurnedBody()
+void tst_Poses::mirrorsWithinARotatedBody()
 {
     angle("Hips", 1)->setValue(130);
     angle("Chest", 2)->setValue(25);

@@ -66,7 +66,7 @@ private Q_SLOTS:
     void isDeferredDuringAGesture();
     void isDeferredWhileAButtonIsPressed();
     void isDeferredDuringPlayback();
-    void playbackIsNotWaitedForForEver();
+    void playbackDefersOnceOnly();
     void isDeferredWhileSaving();
     void isRemovedWithTheChanges_data();
     void isRemovedWithTheChanges();
@@ -74,8 +74,8 @@ private Q_SLOTS:
     void canBeTurnedOff();
     void minutesAreKeptInRange();
     void failureIsReportedOnce();
-    void atTheEndItIsWrittenAtOnce();
-    void saysWhatItIsACopyOf();
+    void isWrittenAtOnceAtTheEnd();
+    void namesTheDocumentOfTheCopy();
 
 private:
     void change();
@@ -244,7 +244,7 @@ void tst_AutoSave::isDeferredDuringPlayback()
     QVERIFY(clock.elapsed() >= 600);
 }
 
-void tst_AutoSave::playbackIsNotWaitedForForEver()
+void tst_AutoSave::playbackDefersOnceOnly()
 {
     m_scene->loopPlayback(true);
     m_scene->play();
@@ -365,7 +365,7 @@ void tst_AutoSave::failureIsReportedOnce()
     QVERIFY(hasCopy());
 }
 
-void tst_AutoSave::atTheEndItIsWrittenAtOnce()
+void tst_AutoSave::isWrittenAtOnceAtTheEnd()
 {
     m_save->setInterval(60000);
     m_save->writeNow();
@@ -388,7 +388,7 @@ void tst_AutoSave::atTheEndItIsWrittenAtOnce()
     QVERIFY(!hasCopy());
 }
 
-void tst_AutoSave::saysWhatItIsACopyOf()
+void tst_AutoSave::namesTheDocumentOfTheCopy()
 {
     const QString file = m_dir->filePath("walk.vxscene");
     QVERIFY(m_document->save(file));

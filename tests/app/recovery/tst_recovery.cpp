@@ -91,15 +91,15 @@ private Q_SLOTS:
     void recoveredWorkIsSavedInItsPlace();
     void recoveredWorkIsGuardedAtOnce();
     void laterAsksAgain();
-    void discardIsForEver();
+    void discardDeletesTheCopy();
     void oneOfSeveral();
     void aRunningProgramIsLeftAlone();
     void brokenCopyIsKeptAside();
     void aNewerFileIsNotReplacedUnasked();
     void presentWorkIsNotLost_data();
     void presentWorkIsNotLost();
-    void aCleanEndAsksNothing_data();
-    void aCleanEndAsksNothing();
+    void noQuestionAfterACleanEnd_data();
+    void noQuestionAfterACleanEnd();
     void anEndWithoutAnswerKeepsTheCopy();
     void startOfTheProgramAsks();
     void scriptsAreNotAsked();
@@ -210,7 +210,7 @@ void tst_Recovery::laterAsksAgain()
     QCOMPARE(recoveryFiles().size(), 2);
 }
 
-void tst_Recovery::discardIsForEver()
+void tst_Recovery::discardDeletesTheCopy()
 {
     const QString file = copySample();
     Worker(settings(), file, 1.0f).kill();
@@ -349,14 +349,14 @@ void tst_Recovery::presentWorkIsNotLost()
         press("LaterButton");
 }
 
-void tst_Recovery::aCleanEndAsksNothing_data()
+void tst_Recovery::noQuestionAfterACleanEnd_data()
 {
     QTest::addColumn<int>("button");
     QTest::newRow("saved at the end") << int(QMessageBox::Save);
     QTest::newRow("given up at the end") << int(QMessageBox::Discard);
 }
 
-void tst_Recovery::aCleanEndAsksNothing()
+void tst_Recovery::noQuestionAfterACleanEnd()
 {
     QFETCH(int, button);
     start();

@@ -89,10 +89,10 @@ private Q_SLOTS:
     void cleanup();
 
     void aKilledProgramLeavesItsCopy();
-    void copiesAreTheUsersAlone();
+    void copiesAreReadableByTheOwnerOnly();
     void aLivingProgramKeepsItsCopy();
     void aCopyIsOfferedByOneProgramOnly();
-    void whateverTheMomentOfDeathTheCopyIsWhole();
+    void aKilledProgramLeavesAWholeCopy();
     void ownCopyIsNotOffered();
     void aProgramThatEndsLeavesItsCopy();
     void removedCopiesLeaveNothing();
@@ -104,7 +104,7 @@ private Q_SLOTS:
     void withoutRecord();
     void lockOfAFormerLife();
     void remainsAreSwept();
-    void theSceneIsTakenAsItIs();
+    void theSceneIsCopiedAtTheStart();
     void removalIsDeferredUntilTheDiskAnswers();
     void aFullDiskKeepsTheFormerCopy();
     void foldersThatTakeNothing_data();
@@ -175,7 +175,7 @@ void tst_RecoveryStore::aKilledProgramLeavesItsCopy()
 }
 
 /// Whatever the folder and the copies were before.
-void tst_RecoveryStore::copiesAreTheUsersAlone()
+void tst_RecoveryStore::copiesAreReadableByTheOwnerOnly()
 {
     const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                       QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
@@ -227,7 +227,7 @@ void tst_RecoveryStore::aCopyIsOfferedByOneProgramOnly()
     QCOMPARE(later.claim().size(), 1);
 }
 
-void tst_RecoveryStore::whateverTheMomentOfDeathTheCopyIsWhole()
+void tst_RecoveryStore::aKilledProgramLeavesAWholeCopy()
 {
     std::mt19937 random(3);
     for (int round = 0; round < 25; ++round) {
@@ -425,7 +425,7 @@ void tst_RecoveryStore::remainsAreSwept()
 }
 
 /// What changes once writing has begun belongs to the next copy.
-void tst_RecoveryStore::theSceneIsTakenAsItIs()
+void tst_RecoveryStore::theSceneIsCopiedAtTheStart()
 {
     RecoveryStore store(folder());
     VxFileError error;

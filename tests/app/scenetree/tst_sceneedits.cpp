@@ -26,7 +26,7 @@ private Q_SLOTS:
     void moving();
     void movedNodesStayInPlace();
     void movedNodesKeepTheirValues();
-    void thoseThatCannotStayAreNamed();
+    void nodesThatCannotKeepTheirTransformAreNamed();
     void picturesBeforeAndAfter();
     void visibility();
     void topmostNodes();
@@ -291,7 +291,7 @@ void tst_SceneEdits::movedNodesKeepTheirValues()
     QCOMPARE(g->getWorldTransform(0).column(3).x(), 42.0f);
 }
 
-void tst_SceneEdits::thoseThatCannotStayAreNamed()
+void tst_SceneEdits::nodesThatCannotKeepTheirTransformAreNamed()
 {
     nodes("f").first()->getScaleControl()->setStoredValue(0);
     QVector<VxNode *> displaced;

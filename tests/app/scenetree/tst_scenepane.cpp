@@ -30,12 +30,12 @@ private Q_SLOTS:
 
     void showsTheTreeWithIcons();
     void nodesAreAddedAndRemoved();
-    void undoBringsNodesBackInTheirPlace();
+    void undoRestoresNodesAtTheirIndex();
     void nodesMove();
     void labelsFollow();
     void aLoadIsShownAtItsEnd();
     void clickSelectsInTheScene();
-    void ctrlClickAddsAndTakesAway();
+    void ctrlClickAddsAndRemoves();
     void shiftClickSelectsARun();
     void theSceneSelectsInTheView();
     void thePrimaryBecomesCurrentAndVisible();
@@ -135,7 +135,7 @@ void tst_ScenePane::nodesAreAddedAndRemoved()
     QCOMPARE(m_pane->getModel()->rowCount(), 0);
 }
 
-void tst_ScenePane::undoBringsNodesBackInTheirPlace()
+void tst_ScenePane::undoRestoresNodesAtTheirIndex()
 {
     {
         VxUndoStackHold hold;
@@ -197,7 +197,7 @@ void tst_ScenePane::clickSelectsInTheScene()
     QCOMPARE(vxScene->getPrimarySelection(), m_light);
 }
 
-void tst_ScenePane::ctrlClickAddsAndTakesAway()
+void tst_ScenePane::ctrlClickAddsAndRemoves()
 {
     click(m_left);
     click(m_light, Qt::ControlModifier);

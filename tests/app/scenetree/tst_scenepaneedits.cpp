@@ -52,11 +52,11 @@ private Q_SLOTS:
     void draggedNodesStayInPlace();
     void withShiftTheyKeepTheirValues();
     void dropsThatCannotKeepTheTransformAreReported();
-    void whatWasDroppedIsSeen();
+    void droppedNodesAreVisible();
     void orderFollowsTheScene();
-    void searchShowsMatchesAndWhatIsAbove();
+    void searchShowsMatchesAndTheirAncestors();
     void searchFollowsTheScene();
-    void returnSelectsWhatWasFound();
+    void returnSelectsTheMatches();
     void searchKeys();
 
 private:
@@ -464,7 +464,7 @@ void tst_ScenePaneEdits::dropsThatCannotKeepTheTransformAreReported()
     QVERIFY(window.statusBar()->currentMessage().contains("\"light\""));
 }
 
-void tst_ScenePaneEdits::whatWasDroppedIsSeen()
+void tst_ScenePaneEdits::droppedNodesAreVisible()
 {
     view()->collapse(index(m_hip));
     drag(middle(m_light), middle(m_hip));
@@ -483,7 +483,7 @@ void tst_ScenePaneEdits::orderFollowsTheScene()
     QCOMPARE(drawn(), QString("camera figure(hip(left light right))"));
 }
 
-void tst_ScenePaneEdits::searchShowsMatchesAndWhatIsAbove()
+void tst_ScenePaneEdits::searchShowsMatchesAndTheirAncestors()
 {
     view()->collapseAll();
     m_right->select();
@@ -508,7 +508,7 @@ void tst_ScenePaneEdits::searchFollowsTheScene()
     QTRY_COMPARE(shown(), QString("camera lamp"));
 }
 
-void tst_ScenePaneEdits::returnSelectsWhatWasFound()
+void tst_ScenePaneEdits::returnSelectsTheMatches()
 {
     QTest::keyClicks(m_pane->getSearchField(), "l");
     QTest::keyClick(m_pane->getSearchField(), Qt::Key_Return);

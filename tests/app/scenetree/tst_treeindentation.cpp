@@ -21,7 +21,7 @@ private Q_SLOTS:
 
     void fitting_data();
     void fitting();
-    void followsWhatIsOpen();
+    void followsOpenRows();
     void followsTheRoom();
 
 private:
@@ -75,7 +75,7 @@ void tst_TreeIndentation::fitting()
     QTEST(TreeIndentation::fitting(rows, room, 14, 6), "indentation");
 }
 
-void tst_TreeIndentation::followsWhatIsOpen()
+void tst_TreeIndentation::followsOpenRows()
 {
     build(12);
     QCoreApplication::processEvents();

@@ -75,8 +75,8 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void whatIsShownKeepsUpWithTheClock_data();
-    void whatIsShownKeepsUpWithTheClock();
+    void frameOnScreenKeepsUpWithTheClock_data();
+    void frameOnScreenKeepsUpWithTheClock();
 
 private:
     static void addFigure();
@@ -106,14 +106,14 @@ void tst_PlaybackOnScreen::addFigure()
     vxScene->addNode(figure);
 }
 
-void tst_PlaybackOnScreen::whatIsShownKeepsUpWithTheClock_data()
+void tst_PlaybackOnScreen::frameOnScreenKeepsUpWithTheClock_data()
 {
     QTest::addColumn<bool>("dropFrames");
     QTest::newRow("dropping") << true;
     QTest::newRow("every frame") << false;
 }
 
-void tst_PlaybackOnScreen::whatIsShownKeepsUpWithTheClock()
+void tst_PlaybackOnScreen::frameOnScreenKeepsUpWithTheClock()
 {
     QFETCH(bool, dropFrames);
     start({"--size", "1280x800"});

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void theCursorShowsHowASeparatorMoves();
     void aSeparatorUnderTheMouseIsRemoved_data() { addChanges(); }
     void aSeparatorUnderTheMouseIsRemoved();
-    void aDropPutsTheDockAtThePlaceShown();
+    void aDropPutsTheDockAtTheShownPosition();
     void aDropOutsideLeavesTheDockFloating();
     void controlLeavesTheDockFloating();
     void aLostReleaseEndsTheDrag();
@@ -291,7 +291,7 @@ void tst_DockGestures::aSeparatorUnderTheMouseIsRemoved()
 }
 
 /** The user's own drop moves a dock as well, and is no reason to end anything. */
-void tst_DockGestures::aDropPutsTheDockAtThePlaceShown()
+void tst_DockGestures::aDropPutsTheDockAtTheShownPosition()
 {
     PaneDock *scene = dock("VxScenePane");
     VxMouseDriver mouse(window());

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void clicksAreIgnoredDuringGestures();
     void openingAFileStartsAnew();
     void theModelIsRight();
-    void theStatusLineSaysWhatWasDone();
+    void theStatusLineNamesTheChange();
     void thePaneKeepsItsPlace();
 
 private:
@@ -214,7 +214,7 @@ void tst_HistoryPane::theModelIsRight()
     QCOMPARE(rows(), QStringList({"Start"}));
 }
 
-void tst_HistoryPane::theStatusLineSaysWhatWasDone()
+void tst_HistoryPane::theStatusLineNamesTheChange()
 {
     for (int i = 1; i <= 4; ++i)
         makeEntry(i);

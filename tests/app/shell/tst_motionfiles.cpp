@@ -19,8 +19,8 @@ private Q_SLOTS:
     void oneAnimationIsOpened();
     void scriptsOpenAndImport();
     void scriptsExport();
-    void scriptErrorsSayWhy_data();
-    void scriptErrorsSayWhy();
+    void scriptErrorsGiveTheReason_data();
+    void scriptErrorsGiveTheReason();
     void brokenFileEndsTheRun();
 
 private:
@@ -129,7 +129,7 @@ void tst_MotionFiles::scriptsExport()
     QVERIFY(QFile::exists(m_dir->filePath("out.glb")));
 }
 
-void tst_MotionFiles::scriptErrorsSayWhy_data()
+void tst_MotionFiles::scriptErrorsGiveTheReason_data()
 {
     QTest::addColumn<QByteArray>("call");
     QTest::addColumn<QString>("message");
@@ -149,7 +149,7 @@ void tst_MotionFiles::scriptErrorsSayWhy_data()
         << QByteArray("Scene.exportFile('/tmp/a.xyz')") << "Supported: *.bvh";
 }
 
-void tst_MotionFiles::scriptErrorsSayWhy()
+void tst_MotionFiles::scriptErrorsGiveTheReason()
 {
     QFETCH(QByteArray, call);
     QFETCH(QString, message);

@@ -54,8 +54,8 @@ private Q_SLOTS:
 
     void onlyPanesWithASearchHaveAField();
     void typedTextReachesThePane();
-    void escapeClearsThenGivesTheFocusBack();
-    void anActiveSearchIsSeen();
+    void escapeClearsThenReturnsTheFocus();
+    void anActiveSearchIsVisible();
     void theButtonClears();
     void theFieldFollowsTheSearch();
     void anotherDocumentClearsTheSearch();
@@ -97,7 +97,7 @@ void TestPaneSearchField::typedTextReachesThePane()
     QCOMPARE(pane.texts, QStringList{QString()});
 }
 
-void TestPaneSearchField::escapeClearsThenGivesTheFocusBack()
+void TestPaneSearchField::escapeClearsThenReturnsTheFocus()
 {
     SearchedPane pane;
     auto *field = new PaneSearchField(pane.search, &pane, &pane);
@@ -113,7 +113,7 @@ void TestPaneSearchField::escapeClearsThenGivesTheFocusBack()
     QTRY_VERIFY(pane.hasFocus());
 }
 
-void TestPaneSearchField::anActiveSearchIsSeen()
+void TestPaneSearchField::anActiveSearchIsVisible()
 {
     SearchedPane pane;
     PaneSearchField field(pane.search, &pane, &pane);

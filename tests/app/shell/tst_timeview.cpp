@@ -23,10 +23,10 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void showAllLeavesNoTrace();
-    void zoomWithoutKeysSaysSo();
+    void zoomWithoutKeysShowsAMessage();
     void zoomShowsTheSelectedKeys();
     void viewsAreStoredAndShown();
-    void emptyViewSaysSo();
+    void emptyViewShowsAMessage();
     void viewsAreSavedInTheDocument();
 
 private:
@@ -54,7 +54,7 @@ void tst_TimeView::showAllLeavesNoTrace()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_TimeView::zoomWithoutKeysSaysSo()
+void tst_TimeView::zoomWithoutKeysShowsAMessage()
 {
     const VxTimeRange before = vxScene->getPlayRange();
     trigger("StudioZoomToKeys");
@@ -109,7 +109,7 @@ void tst_TimeView::viewsAreStoredAndShown()
     QCOMPARE(*VxSceneViews::of(vxScene)->view(1), VxTimeRange(1600, 3200));
 }
 
-void tst_TimeView::emptyViewSaysSo()
+void tst_TimeView::emptyViewShowsAMessage()
 {
     const VxTimeRange before = vxScene->getPlayRange();
     trigger("StudioShowView3");

@@ -26,8 +26,8 @@ private Q_SLOTS:
     void cleanup();
 
     void listsEveryCommand();
-    void givesAFreeKey();
-    void takesOverAfterAWord();
+    void assignsAFreeShortcut();
+    void reassignsAfterConfirmation();
     void windowCommandsHaveKeysToo();
     void storedKeyOfAWindowCommand();
     void clearsAndResetsOne();
@@ -178,7 +178,7 @@ void tst_ShortcutDialog::listsEveryCommand()
     });
 }
 
-void tst_ShortcutDialog::givesAFreeKey()
+void tst_ShortcutDialog::assignsAFreeShortcut()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -202,7 +202,7 @@ void tst_ShortcutDialog::givesAFreeKey()
     QCOMPARE(vxScene->isLoopingEnabled(), !before);
 }
 
-void tst_ShortcutDialog::takesOverAfterAWord()
+void tst_ShortcutDialog::reassignsAfterConfirmation()
 {
     edit([this] {
         choose("VxLoopToggleAction");

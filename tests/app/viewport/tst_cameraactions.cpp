@@ -33,7 +33,7 @@ private Q_SLOTS:
     void perspectiveIsToggled();
     void fieldOfViewIsShownWhileItIsTyped();
     void everyDocumentHasItsCamera();
-    void lookingAroundIsNoChangeOfTheDocument();
+    void movingTheCameraDoesNotModifyTheDocument();
 
 private:
     ViewportWidget *view() const { return window()->viewport(); }
@@ -195,7 +195,7 @@ void tst_CameraActions::everyDocumentHasItsCamera()
     QVERIFY(view()->camera().project({0, 90, 0}));
 }
 
-void tst_CameraActions::lookingAroundIsNoChangeOfTheDocument()
+void tst_CameraActions::movingTheCameraDoesNotModifyTheDocument()
 {
     action("VxTopViewAction")->trigger();
     action("VxFrameAllAction")->trigger();

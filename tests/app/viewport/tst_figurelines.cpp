@@ -45,23 +45,23 @@ private Q_SLOTS:
     void init() { m_guard.reset(new VxWarningGuard); }
     void cleanup() { m_guard.reset(); }
 
-    void bonesLeadToBonesAndToTheirEnds();
-    void linksLeadToChildrenThatAreNotAtTheEnd();
+    void bonesEndAtBonesOrAtTheirEndPoints();
+    void linksConnectChildrenAwayFromTheEnd();
     void bonesWithoutALength();
     void loneBonesHaveALength();
     void theFigureFollowsTheTime();
     void selectionIsMarked();
     void hiddenNodesAreLeftOut();
-    void hidingHidesWhatIsBelow();
+    void hidingHidesDescendants();
     void plainNodesAreJoints();
-    void placesThatAreNoNumbersAreLeftOut();
+    void positionsThatAreNotFiniteAreSkipped();
     void points();
 
 private:
     QScopedPointer<VxWarningGuard> m_guard;
 };
 
-void tst_FigureLines::bonesLeadToBonesAndToTheirEnds()
+void tst_FigureLines::bonesEndAtBonesOrAtTheirEndPoints()
 {
     const Figure figure;
     const FigureLines lines = FigureLines::collect(figure.scene, 0);
@@ -78,7 +78,7 @@ void tst_FigureLines::bonesLeadToBonesAndToTheirEnds()
     QCOMPARE(lines.bones.at(2).to, QVector3D(0, 13, 0));
 }
 
-void tst_FigureLines::linksLeadToChildrenThatAreNotAtTheEnd()
+void tst_FigureLines::linksConnectChildrenAwayFromTheEnd()
 {
     Figure figure;
     figure.hip->setEndPoint({0, 3, 0});
@@ -179,7 +179,7 @@ void tst_FigureLines::hiddenNodesAreLeftOut()
     QCOMPARE(lines.bones.at(1).node, figure.hip);
 }
 
-void tst_FigureLines::hidingHidesWhatIsBelow()
+void tst_FigureLines::hidingHidesDescendants()
 {
     Figure figure;
     figure.knee->select(); // the primary selection has axes, where it is shown
@@ -208,7 +208,7 @@ void tst_FigureLines::plainNodesAreJoints()
     QCOMPARE(lines.joints.at(0).at, QVector3D(1, 2, 3));
 }
 
-void tst_FigureLines::placesThatAreNoNumbersAreLeftOut()
+void tst_FigureLines::positionsThatAreNotFiniteAreSkipped()
 {
     Figure figure;
     // Its place is a number still; that of its end is none.

@@ -23,8 +23,8 @@ private Q_SLOTS:
     void distances();
     void jointsAndBones_data();
     void jointsAndBones();
-    void theJointWinsOverTheBone();
-    void theNearerOneWins();
+    void jointsTakePrecedenceOverBones();
+    void theNearerBoneIsPicked();
     void nodesThatCannotBeSelected();
     void hiddenNodes();
     void axesCount();
@@ -116,13 +116,13 @@ void tst_FigurePick::jointsAndBones()
     QTEST(node ? node->getName() : QString(), "name");
 }
 
-void tst_FigurePick::theJointWinsOverTheBone()
+void tst_FigurePick::jointsTakePrecedenceOverBones()
 {
     // Nearer to the hip's bone than to the knee, but within reach of the knee.
     QCOMPARE(pick({0, -2, 0}, {0, -6}), m_knee);
 }
 
-void tst_FigurePick::theNearerOneWins()
+void tst_FigurePick::theNearerBoneIsPicked()
 {
     auto *behind = new VxNode("behind");
     const QVector3D away = (m_camera.target() - m_camera.eye()).normalized();

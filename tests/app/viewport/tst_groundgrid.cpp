@@ -10,9 +10,9 @@ class tst_GroundGrid : public QObject
 private Q_SLOTS:
     void step_data();
     void step();
-    void linesLieOnMultiplesOfTheStep();
-    void everyFifthIsMajorAndTheAxesComeLast();
-    void theAxesGoOutOfSightWithTheCenter();
+    void linesAreAtMultiplesOfTheStep();
+    void everyFifthIsMajorAndTheAxesAreLast();
+    void theAxesLeaveTheViewWithTheCenter();
     void planesThroughTheOrigin_data();
     void planesThroughTheOrigin();
 };
@@ -38,7 +38,7 @@ void tst_GroundGrid::step()
     QVERIFY(std::abs(groundGridStep(distance) - expected) < expected * 1e-5f);
 }
 
-void tst_GroundGrid::linesLieOnMultiplesOfTheStep()
+void tst_GroundGrid::linesAreAtMultiplesOfTheStep()
 {
     const QVector<GroundLine> lines = groundGrid({13.7f, 5, -8.2f}, 0.5f);
     QCOMPARE(lines.size(), 82);
@@ -53,7 +53,7 @@ void tst_GroundGrid::linesLieOnMultiplesOfTheStep()
     }
 }
 
-void tst_GroundGrid::everyFifthIsMajorAndTheAxesComeLast()
+void tst_GroundGrid::everyFifthIsMajorAndTheAxesAreLast()
 {
     const QVector<GroundLine> lines = groundGrid({0.4f, 0, 0.1f}, 1);
     int counts[5] = {};
@@ -68,7 +68,7 @@ void tst_GroundGrid::everyFifthIsMajorAndTheAxesComeLast()
     QCOMPARE(lines.constLast().from.x(), 0.0f);
 }
 
-void tst_GroundGrid::theAxesGoOutOfSightWithTheCenter()
+void tst_GroundGrid::theAxesLeaveTheViewWithTheCenter()
 {
     for (const GroundLine &line : groundGrid({1000, 0, -1000}, 1))
         QVERIFY(line.role == GroundLine::Minor || line.role == GroundLine::Major);

@@ -26,15 +26,15 @@ private Q_SLOTS:
     }
     void init();
 
-    void dotsLieOnFramesAndKeys();
+    void dotsAreAtFramesAndKeys();
     void dotsFollowTheParents();
     void longRangesAreThinnedOut();
-    void positionsThatAreNoNumbersAreLeftOut();
+    void positionsThatAreNotFiniteAreLeftOut();
     void theActionShowsTheTrailsOfTheSelection();
     void coloursChangeAtThePlayhead();
     void aClickOnADotSetsTheTime_data();
     void aClickOnADotSetsTheTime();
-    void playbackComputesNothing();
+    void playbackKeepsTheTrails();
     void changesAreShown_data();
     void changesAreShown();
     void removedNodesHaveNoTrail();
@@ -73,7 +73,7 @@ void tst_MotionTrails::init()
     vxScene->setTime(320);
 }
 
-void tst_MotionTrails::dotsLieOnFramesAndKeys()
+void tst_MotionTrails::dotsAreAtFramesAndKeys()
 {
     const MotionTrail trail = MotionTrail::of(m_joint, {0, 1600}, 160);
     QCOMPARE(trail.dots.size(), 12);
@@ -106,7 +106,7 @@ void tst_MotionTrails::longRangesAreThinnedOut()
     QCOMPARE(std::count_if(trail.dots.begin(), trail.dots.end(), isKey), 3);
 }
 
-void tst_MotionTrails::positionsThatAreNoNumbersAreLeftOut()
+void tst_MotionTrails::positionsThatAreNotFiniteAreLeftOut()
 {
     m_parent->getScaleControl()->setKey(0, 1, 1);
     m_parent->getScaleControl()->setKey(800, 3e38f, 1);
@@ -180,7 +180,7 @@ void tst_MotionTrails::aClickOnADotSetsTheTime()
     }
 }
 
-void tst_MotionTrails::playbackComputesNothing()
+void tst_MotionTrails::playbackKeepsTheTrails()
 {
     layer()->setEnabled(true);
     picture();

@@ -47,24 +47,24 @@ private Q_SLOTS:
     void theTargetIsInTheMiddle();
     void rightIsRightAndUpIsUp();
     void onePixelAtTheTargetsDepth();
-    void fartherThingsLookSmaller();
-    void whatLiesBehindIsNotShown();
+    void fartherPointsAreSmaller();
+    void pointsBehindTheEyeAreNotShown();
     void aLineIsCutWhereItPassesTheEye();
     void orbitKeepsTargetAndDistance();
-    void orbitNeverGoesOverTheTop();
-    void dragToTheRightTurnsTheFrontToTheRight();
-    void panTakesThePointAlong();
+    void orbitStopsAtTheTop();
+    void dragToTheRightOrbitsToTheRight();
+    void panKeepsThePointUnderTheMouse();
     void zoom();
-    void zoomKeepsWhatIsUnderTheMouse();
+    void zoomKeepsThePointUnderTheMouse();
     void linesAreCutNearTheView();
-    void zoomIgnoresNonsense_data();
-    void zoomIgnoresNonsense();
+    void zoomIgnoresInvalidFactors_data();
+    void zoomIgnoresInvalidFactors();
     void framedPointsFillTheView_data();
     void framedPointsFillTheView();
-    void framingLittle();
+    void framingFewPoints();
     void aViewWithoutSize();
     void orthographicKeepsSizesAtEveryDepth();
-    void orthographicShowsWhatIsBehindTheEye();
+    void orthographicShowsPointsBehindTheEye();
     void directionsAlongAxes_data();
     void directionsAlongAxes();
     void fieldOfViewKeepsTheTargetsSize_data();
@@ -101,7 +101,7 @@ void tst_ViewportCamera::onePixelAtTheTargetsDepth()
     QVERIFY(isAt(camera.project(point), {420, 250}));
 }
 
-void tst_ViewportCamera::fartherThingsLookSmaller()
+void tst_ViewportCamera::fartherPointsAreSmaller()
 {
     const ViewportCamera camera = cameraOf({640, 400});
     const QVector3D away = backOf(camera) * -camera.distance();
@@ -111,7 +111,7 @@ void tst_ViewportCamera::fartherThingsLookSmaller()
     QVERIFY(std::abs(there - here / 2) < Near); // at twice the depth
 }
 
-void tst_ViewportCamera::whatLiesBehindIsNotShown()
+void tst_ViewportCamera::pointsBehindTheEyeAreNotShown()
 {
     const ViewportCamera camera = cameraOf({640, 400});
     const QVector3D behind = camera.eye() + backOf(camera);
@@ -147,7 +147,7 @@ void tst_ViewportCamera::orbitKeepsTargetAndDistance()
     QVERIFY((camera.eye() - before.eye()).length() < 1e-4f);
 }
 
-void tst_ViewportCamera::orbitNeverGoesOverTheTop()
+void tst_ViewportCamera::orbitStopsAtTheTop()
 {
     ViewportCamera camera = cameraOf({640, 400});
     camera.orbit({0, 10000});
@@ -158,7 +158,7 @@ void tst_ViewportCamera::orbitNeverGoesOverTheTop()
     QVERIFY(upOf(camera).y() > 0);
 }
 
-void tst_ViewportCamera::dragToTheRightTurnsTheFrontToTheRight()
+void tst_ViewportCamera::dragToTheRightOrbitsToTheRight()
 {
     ViewportCamera camera = cameraOf({640, 400});
     const QVector3D front = camera.target() + backOf(camera); // between target and eye
@@ -166,7 +166,7 @@ void tst_ViewportCamera::dragToTheRightTurnsTheFrontToTheRight()
     QVERIFY(camera.project(front)->x() > 321);
 }
 
-void tst_ViewportCamera::panTakesThePointAlong()
+void tst_ViewportCamera::panKeepsThePointUnderTheMouse()
 {
     ViewportCamera camera = cameraOf({640, 400});
     const QVector3D held = camera.target() + upOf(camera) * 0.3f;
@@ -188,7 +188,7 @@ void tst_ViewportCamera::zoom()
     QVERIFY(isAt(camera.project(camera.target()), {320, 200}));
 }
 
-void tst_ViewportCamera::zoomKeepsWhatIsUnderTheMouse()
+void tst_ViewportCamera::zoomKeepsThePointUnderTheMouse()
 {
     ViewportCamera camera = cameraOf({640, 400});
     const QPointF pixel(500, 90);
@@ -233,7 +233,7 @@ void tst_ViewportCamera::linesAreCutNearTheView()
     QVERIFY(whole && isAt(camera.project(camera.target() + right * 0.1f), whole->p2()));
 }
 
-void tst_ViewportCamera::zoomIgnoresNonsense_data()
+void tst_ViewportCamera::zoomIgnoresInvalidFactors_data()
 {
     QTest::addColumn<double>("factor");
     QTest::newRow("zero") << 0.0;
@@ -242,7 +242,7 @@ void tst_ViewportCamera::zoomIgnoresNonsense_data()
     QTest::newRow("no number") << double(NAN);
 }
 
-void tst_ViewportCamera::zoomIgnoresNonsense()
+void tst_ViewportCamera::zoomIgnoresInvalidFactors()
 {
     QFETCH(double, factor);
     ViewportCamera camera;
@@ -285,7 +285,7 @@ void tst_ViewportCamera::framedPointsFillTheView()
     QVERIFY2(reach > 0.84 && reach < 0.86, qPrintable(QString::number(reach)));
 }
 
-void tst_ViewportCamera::framingLittle()
+void tst_ViewportCamera::framingFewPoints()
 {
     ViewportCamera camera = cameraOf({400, 300});
     const ViewportCamera before = camera;
@@ -318,7 +318,7 @@ void tst_ViewportCamera::orthographicKeepsSizesAtEveryDepth()
     }
 }
 
-void tst_ViewportCamera::orthographicShowsWhatIsBehindTheEye()
+void tst_ViewportCamera::orthographicShowsPointsBehindTheEye()
 {
     ViewportCamera camera = cameraOf({640, 400});
     camera.setOrthographic(true);

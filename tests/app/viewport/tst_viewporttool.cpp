@@ -78,7 +78,7 @@ private Q_SLOTS:
 
     void aGestureReachesTheTool();
     void aRefusedPressOrbits();
-    void aLayerComesBeforeTheTool();
+    void aLayerTakesPrecedenceOverTheTool();
     void mappedButtonsStayWithTheCamera();
     void theCameraRestsDuringAGesture();
     void aLostReleaseCancels_data();
@@ -142,7 +142,7 @@ void tst_ViewportTool::aRefusedPressOrbits()
     QVERIFY(m_view->camera() != camera);
 }
 
-void tst_ViewportTool::aLayerComesBeforeTheTool()
+void tst_ViewportTool::aLayerTakesPrecedenceOverTheTool()
 {
     BoxTool layer(QRect(110, 110, 20, 20));
     m_view->addLayer(&layer);

@@ -49,7 +49,7 @@ private Q_SLOTS:
     void wheelZooms();
     void conventionsAreFollowed();
     void aClickSelects();
-    void modifiersAddAndTakeAway();
+    void modifiersAddAndRemove();
     void aClickOnNothingClears();
     void aDragSelectsNothing();
     void theNodeUnderTheMouseIsShown();
@@ -208,7 +208,7 @@ void tst_ViewportWidget::aClickSelects()
     QCOMPARE(m_app->getUndoStack()->count(), 0);
 }
 
-void tst_ViewportWidget::modifiersAddAndTakeAway()
+void tst_ViewportWidget::modifiersAddAndRemove()
 {
     VxNode *light = addNode("light", {1.5f, 2, 0});
     click({0, 2, 0});

@@ -1,4 +1,4 @@
-// FBX files damaged in three hundred ways that a seed decides: each gives a motion that keeps all
+// FBX files damaged in a hundred ways that a seed decides: each gives a motion that keeps all
 // its rules, or one message with a place in the file. tools/soak runs more of them.
 
 #include "fbxmutations.h"
@@ -32,7 +32,7 @@ void TestVxFbxMutations::damagedFiles()
         document.write({false, 7400, false}), document.write({false, 7400, true}),
         document.write({false, 7700, true}), document.write({true, 7700, false})};
     int accepted = 0;
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
         double milliseconds = 0;
         bool isAccepted = false;
         const QByteArray wrong =
@@ -41,7 +41,7 @@ void TestVxFbxMutations::damagedFiles()
         accepted += isAccepted;
     }
     // Both outcomes are there, else the damage is too large or too small to test anything.
-    QVERIFY2(accepted > 30 && accepted < 270, QByteArray::number(accepted));
+    QVERIFY2(accepted > 10 && accepted < 90, QByteArray::number(accepted));
 }
 
 // A binary file that ends early is refused, wherever it ends; a text wherever a record is open.

@@ -62,8 +62,8 @@ private Q_SLOTS:
 
     void exclusiveChoice_data();
     void exclusiveChoice();
-    void choosingWhatIsChosen_data();
-    void choosingWhatIsChosen();
+    void choosingTheCurrentChoice_data();
+    void choosingTheCurrentChoice();
     void uncheckedChoiceOfTheCurrentValue();
     void scopeThatIsSetStays();
     void keyScopes();
@@ -394,7 +394,7 @@ void TestVxTimelineActions::exclusiveChoice()
     QVERIFY(tried >= 2);
 }
 
-void TestVxTimelineActions::choosingWhatIsChosen_data()
+void TestVxTimelineActions::choosingTheCurrentChoice_data()
 {
     QTest::addColumn<QString>("className");
     QTest::newRow("controls position") << "VxTimePaneControlsTopAction";
@@ -402,7 +402,7 @@ void TestVxTimelineActions::choosingWhatIsChosen_data()
     QTest::newRow("key scope") << "VxTimePaneSetKeyScopeObjectAction";
 }
 
-void TestVxTimelineActions::choosingWhatIsChosen()
+void TestVxTimelineActions::choosingTheCurrentChoice()
 {
     QFETCH(QString, className);
     const Stage stage;

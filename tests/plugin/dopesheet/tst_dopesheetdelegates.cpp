@@ -93,9 +93,9 @@ private Q_SLOTS:
     void rowHeight();
     void longNameHasAToolTip();
     void markupInNamesIsShown();
-    void fittingNameHasNone();
+    void fittingNameHasNoToolTip();
     void nameThatJustFits();
-    void fittingNameTakesAnotherAway();
+    void fittingNameHidesTheFormerToolTip();
     void toolTipIsShownAtTheMouse();
     void namesThatAreNoText();
     void otherHelpEventsReachTheBaseClass();
@@ -482,7 +482,7 @@ void TestDopeSheetDelegates::markupInNamesIsShown()
              QStringLiteral("&lt;b&gt;left &amp; right&lt;/b&gt; and a good deal more"));
 }
 
-void TestDopeSheetDelegates::fittingNameHasNone()
+void TestDopeSheetDelegates::fittingNameHasNoToolTip()
 {
     showView();
     QVERIFY(askForToolTip(rowOf(hip)));
@@ -508,7 +508,7 @@ void TestDopeSheetDelegates::nameThatJustFits()
     QCOMPARE(QToolTip::text(), hip->getLabel());
 }
 
-void TestDopeSheetDelegates::fittingNameTakesAnotherAway()
+void TestDopeSheetDelegates::fittingNameHidesTheFormerToolTip()
 {
     showView();
     QToolTip::showText(view->mapToGlobal(QPoint(10, 10)), QStringLiteral("another"), view.get());

@@ -46,7 +46,7 @@ Keys keysOf(const VxNumericProperty *property)
 }
 
 constexpr VxTime Duration = 9600;
-constexpr int TestCount = 2500;
+constexpr int TestCount = 1500;
 
 // VX_RANDOM_DRAGS: another number of drags than the one of an ordinary run.
 int dragCount()
@@ -324,7 +324,7 @@ bool TestDopeSheetDragRandom::isPreviewed(VxMouseDriver &hand, const QPoint &pos
 {
     QElapsedTimer time;
     time.start();
-    for (int up = 0; scene() == before && time.elapsed() < 500; up = 1 - up) {
+    for (int up = 0; scene() == before && time.elapsed() < 200; up = 1 - up) {
         QCoreApplication::processEvents();
         hand.moveTo(position - QPoint(0, up));
     }

@@ -23,18 +23,18 @@ private Q_SLOTS:
     void init() { m_guard = std::make_unique<VxWarningGuard>(); }
     void cleanup() { m_guard.reset(); }
 
-    void visibleKeysAreThoseOfALoop_data();
-    void visibleKeysAreThoseOfALoop();
-    void visibleTicksAreThoseOfALoop_data();
-    void visibleTicksAreThoseOfALoop();
-    void fewPositionsAreAsked();
+    void visibleKeysMatchALoop_data();
+    void visibleKeysMatchALoop();
+    void visibleTicksMatchALoop_data();
+    void visibleTicksMatchALoop();
+    void fewPositionsAreEvaluated();
 
     void markPlaces_data();
     void markPlaces();
     void marksAtTheCellsEdges();
     void marksNeedTheirHeight();
     void marksOfOnePlace();
-    void marksAreThoseOfALoop();
+    void marksMatchALoop();
 
     void baseline_data();
     void baseline();
@@ -142,12 +142,12 @@ void addScales()
 
 } // namespace
 
-void TestDopeSheetGeometry::visibleKeysAreThoseOfALoop_data()
+void TestDopeSheetGeometry::visibleKeysMatchALoop_data()
 {
     addScales();
 }
 
-void TestDopeSheetGeometry::visibleKeysAreThoseOfALoop()
+void TestDopeSheetGeometry::visibleKeysMatchALoop()
 {
     QFETCH(int, scale);
     const Scale &row = scales()[size_t(scale)];
@@ -178,12 +178,12 @@ void TestDopeSheetGeometry::visibleKeysAreThoseOfALoop()
     }
 }
 
-void TestDopeSheetGeometry::visibleTicksAreThoseOfALoop_data()
+void TestDopeSheetGeometry::visibleTicksMatchALoop_data()
 {
     addScales();
 }
 
-void TestDopeSheetGeometry::visibleTicksAreThoseOfALoop()
+void TestDopeSheetGeometry::visibleTicksMatchALoop()
 {
     QFETCH(int, scale);
     const Scale &row = scales()[size_t(scale)];
@@ -208,7 +208,7 @@ void TestDopeSheetGeometry::visibleTicksAreThoseOfALoop()
 }
 
 // A hundred pixels of a million things, a thousand of them at each: a few dozen looks a pixel.
-void TestDopeSheetGeometry::fewPositionsAreAsked()
+void TestDopeSheetGeometry::fewPositionsAreEvaluated()
 {
     int asked = 0, visited = 0;
     TimelineVisible::visitAscending(
@@ -299,7 +299,7 @@ void TestDopeSheetGeometry::marksOfOnePlace()
     QVERIFY(geometry.marks(keys.view()) == expected);
 }
 
-void TestDopeSheetGeometry::marksAreThoseOfALoop()
+void TestDopeSheetGeometry::marksMatchALoop()
 {
     std::mt19937 random(3);
     for (int round = 0; round < 200; ++round) {

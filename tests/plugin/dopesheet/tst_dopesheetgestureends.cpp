@@ -66,12 +66,12 @@ private Q_SLOTS:
     void dragBackReportsTheStartIndexes_data();
     void dragBackReportsTheStartIndexes();
     void lostReleaseEndsAtTheNextPress();
-    void lostReleasePutsKeysBack_data();
-    void lostReleasePutsKeysBack();
-    void whatCannotBePutBackCanBeUndone();
+    void lostReleaseRestoresKeys_data();
+    void lostReleaseRestoresKeys();
+    void unrestorableKeysCanBeUndone();
     void modifiersEndWithTheGesture();
     void shrinkingBandLeavesNothing();
-    void bandTakesTheHandAway();
+    void bandHidesTheHandCursor();
     void escapeDropsABand();
     void dragShowsTheHandUnasked();
 
@@ -190,14 +190,14 @@ void TestDopeSheetGestureEnds::dragBackReportsTheStartIndexes()
     view->setKeyCommunication(nullptr);
 }
 
-void TestDopeSheetGestureEnds::lostReleasePutsKeysBack_data()
+void TestDopeSheetGestureEnds::lostReleaseRestoresKeys_data()
 {
     QTest::addColumn<QString>("how");
     for (const char *how : {"escape in another widget", "hidden", "focus", "window"})
         QTest::newRow(how) << QString::fromLatin1(how);
 }
 
-void TestDopeSheetGestureEnds::lostReleasePutsKeysBack()
+void TestDopeSheetGestureEnds::lostReleaseRestoresKeys()
 {
     QFETCH(QString, how);
     VxMouseDriver hand = mouse();
@@ -242,7 +242,7 @@ void TestDopeSheetGestureEnds::lostReleaseEndsAtTheNextPress()
 }
 
 // A property that is locked in the middle of a drag keeps the keys where they are by then.
-void TestDopeSheetGestureEnds::whatCannotBePutBackCanBeUndone()
+void TestDopeSheetGestureEnds::unrestorableKeysCanBeUndone()
 {
     view->setKeySelection(true, hipX(), hipX(), 1600, 1600);
     VxMouseDriver hand = mouse();
@@ -288,7 +288,7 @@ void TestDopeSheetGestureEnds::shrinkingBandLeavesNothing()
 }
 
 // Alt takes the key away, and what follows is a band although it began on a key.
-void TestDopeSheetGestureEnds::bandTakesTheHandAway()
+void TestDopeSheetGestureEnds::bandHidesTheHandCursor()
 {
     selectBoth();
     VxMouseDriver hand = mouse();

@@ -92,7 +92,7 @@ private Q_SLOTS:
     void keysTakeTheWholeHeight();
 
     void movesRepaint();
-    void pressOnTheGripShowsIt();
+    void pressOnTheGripSetsItsCursor();
     void anotherButtonDoesNotEndTheDrag();
 
 private:
@@ -267,7 +267,7 @@ void TestDopeSheetHeaderPaint::movesRepaint()
 }
 
 // Without a move before it that would have shown the cursor already.
-void TestDopeSheetHeaderPaint::pressOnTheGripShowsIt()
+void TestDopeSheetHeaderPaint::pressOnTheGripSetsItsCursor()
 {
     header->unsetCursor();
     const QPoint place(202, 10);

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void deletesSelectedKeys();
-    void deletesWhatIsSelectedWithinAChangeBlock();
+    void deletesSelectedKeysWithinAChangeBlock();
     void showsPresentKeysWithinAChangeBlock();
     void showsPresentKeysWhileOthersReport();
     void suppressedRowsKeepTheirKeysWithinAChangeBlock();
@@ -48,7 +48,7 @@ void TestDopeSheetItemChanges::deletesSelectedKeys()
 }
 
 // The row has not been notified yet of the key added before the selected one.
-void TestDopeSheetItemChanges::deletesWhatIsSelectedWithinAChangeBlock()
+void TestDopeSheetItemChanges::deletesSelectedKeysWithinAChangeBlock()
 {
     makeTree({10, 20}, {});
     m_rowX->setKeysSelected(true, 20, 20);

@@ -476,7 +476,7 @@ Marks shown(const VxDopeSheetItem *item)
 void TestDopeSheetKeyCache::editsOfATree_data()
 {
     QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 8; ++seed)
+    for (quint32 seed = 1; seed <= 4; ++seed)
         QTest::addRow("seed %u", seed) << seed;
 }
 

@@ -39,7 +39,7 @@ private Q_SLOTS:
     void copyNothing();
     void copyAndPaste();
     void pasteKeepsSpacingAcrossRows();
-    void pasteLooksAtPaths();
+    void pasteMatchesPaths();
     void pasteOfInts();
     void pasteOfNothing();
     void pasteOntoARowMadeAnew();
@@ -167,7 +167,7 @@ void TestDopeSheetKeyCommands::pasteKeepsSpacingAcrossRows()
     QCOMPARE(keyTimes(x()), Times({1000, 2000, 3900}));
 }
 
-void TestDopeSheetKeyCommands::pasteLooksAtPaths()
+void TestDopeSheetKeyCommands::pasteMatchesPaths()
 {
     select(x());
     view->copyKeys();

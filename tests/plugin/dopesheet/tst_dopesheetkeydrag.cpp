@@ -20,11 +20,11 @@ private Q_SLOTS:
     void ctrlDragsToTheTick();
     void dragStopsAtTime0();
     void dragStopsAtTheEnd();
-    void dragToWhereItBegan();
+    void dragBackToTheStart();
     void dragReplacesAtTheDrop();
-    void previewsKeepWhatIsInTheWay();
-    void previewIsTakenBackByAClick();
-    void escapePutsBack();
+    void previewsKeepKeysInTheWay();
+    void clickRevertsAPreview();
+    void escapeRestoresTheKeys();
     void commandsAreDeferredUntilTheDrop();
     void lockedKeysStay();
     void otherWindowEndsTheDrag();
@@ -127,7 +127,7 @@ void TestDopeSheetKeyDrag::dragStopsAtTheEnd()
     QCOMPARE(undoCount(), 1);
 }
 
-void TestDopeSheetKeyDrag::dragToWhereItBegan()
+void TestDopeSheetKeyDrag::dragBackToTheStart()
 {
     select(hipX(), 1600, 3201);
     VxMouseDriver hand = mouse();
@@ -155,7 +155,7 @@ void TestDopeSheetKeyDrag::dragReplacesAtTheDrop()
     QCOMPARE(hip->getXPosControl()->getKeyValue(2), 1.0f);
 }
 
-void TestDopeSheetKeyDrag::previewsKeepWhatIsInTheWay()
+void TestDopeSheetKeyDrag::previewsKeepKeysInTheWay()
 {
     select(hipX(), 1600, 1600);
     VxMouseDriver hand = mouse();
@@ -174,7 +174,7 @@ void TestDopeSheetKeyDrag::previewsKeepWhatIsInTheWay()
 }
 
 // Away and back again within the distance of a click.
-void TestDopeSheetKeyDrag::previewIsTakenBackByAClick()
+void TestDopeSheetKeyDrag::clickRevertsAPreview()
 {
     select(hipX(), 1600, 3201);
     VxMouseDriver hand = mouse();
@@ -188,7 +188,7 @@ void TestDopeSheetKeyDrag::previewIsTakenBackByAClick()
     QVERIFY(!vxApp->getUndoStack()->isRecording());
 }
 
-void TestDopeSheetKeyDrag::escapePutsBack()
+void TestDopeSheetKeyDrag::escapeRestoresTheKeys()
 {
     select(hipX(), 1600, 3201);
     VxMouseDriver hand = mouse();

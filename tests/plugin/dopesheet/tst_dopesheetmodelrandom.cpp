@@ -91,9 +91,9 @@ private:
 
 } // namespace
 
-// Random sessions with the model, the filter and an open view with a selection: nodes come, go and
-// move, are renamed, taken back and filtered. After each step the rows are those that the plainest
-// way of keeping them gives; the testers watch every signal on the way.
+// Random sessions with the model, the filter and an open view with a selection: nodes are added,
+// removed, moved, renamed, restored and filtered. After each step the rows are those of a naive
+// model; the testers watch every signal.
 class TestDopeSheetModelRandom : public QObject, private DopeSheetRowsTest
 {
     Q_OBJECT
@@ -543,7 +543,7 @@ void TestDopeSheetModelRandom::sessions_data()
     QTest::addColumn<quint32>("seed");
     QTest::addColumn<int>("types");
     const int translation = DopeSheetPropertyTypes::Translation | DopeSheetPropertyTypes::Alias;
-    for (quint32 seed = 1; seed <= 4; ++seed) {
+    for (quint32 seed = 1; seed <= 2; ++seed) {
         QTest::addRow("translations, seed %u", seed) << seed << translation;
         QTest::addRow("others, too, seed %u", seed)
             << seed << (translation | DopeSheetPropertyTypes::Other);

@@ -20,7 +20,7 @@ private Q_SLOTS:
     void clickAtTheEdgesOfAMark();
     void clickBesideTheKeysSelectsNone();
     void ctrlClickAdds();
-    void altClickTakesAway();
+    void altClickDeselects();
     void altOnASelectedKeyStartsNoDrag();
     void openRowsHaveNoKeysToHit();
     void closedRowsSelectAllKeysBelow();
@@ -29,7 +29,7 @@ private Q_SLOTS:
 
     void bandSelects();
     void bandUpwardsAndBackwards();
-    void bandAddsAndTakesAway();
+    void bandAddsAndRemoves();
     void bandBelowTheRows();
     void bandPastTheEdges();
     void bandWithoutWidthSelectsOneTime();
@@ -123,7 +123,7 @@ void TestDopeSheetMouse::ctrlClickAdds()
     QCOMPARE(selected(hipX()), Times({1600, 3200}));
 }
 
-void TestDopeSheetMouse::altClickTakesAway()
+void TestDopeSheetMouse::altClickDeselects()
 {
     select(hipX(), -1, VxTimeMax);
     click(hipX(), 1600, Qt::AltModifier);
@@ -206,7 +206,7 @@ void TestDopeSheetMouse::bandUpwardsAndBackwards()
     QCOMPARE(selected(translationOf(hip, 1)), Times({1600}));
 }
 
-void TestDopeSheetMouse::bandAddsAndTakesAway()
+void TestDopeSheetMouse::bandAddsAndRemoves()
 {
     select(translationOf(ball, 0), -1, VxTimeMax);
     VxMouseDriver hand = mouse();

@@ -98,7 +98,7 @@ private Q_SLOTS:
     }
 
     void nothingAtFirst();
-    void wholeRowsWhateverTheColumn();
+    void wholeRowsForAnyColumn();
     void rangesThatMeet();
     void cellsStayCells();
     void rowsAreAddedAndRemoved();
@@ -146,7 +146,7 @@ void TestDopeSheetSelectionModel::nothingAtFirst()
     QVERIFY(!ours->isRowSelected(other.index(0, 0)));
 }
 
-void TestDopeSheetSelectionModel::wholeRowsWhateverTheColumn()
+void TestDopeSheetSelectionModel::wholeRowsForAnyColumn()
 {
     QItemSelection selection;
     selection.select(child({1, 0}), child({1, 2}));

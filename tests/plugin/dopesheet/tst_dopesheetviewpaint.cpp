@@ -116,8 +116,8 @@ private Q_SLOTS:
     void bandLast();
     void noBandWhileKeysAreDragged();
 
-    void namesLookLikeATreesOwn_data();
-    void namesLookLikeATreesOwn();
+    void namesAreDrawnAsByTheTreeView_data();
+    void namesAreDrawnAsByTheTreeView();
     void selectionRepaints();
     void messageRepaints();
     void updateRepaintsTheHeader();
@@ -178,7 +178,7 @@ void TestDopeSheetViewPaint::noBandWhileKeysAreDragged()
     mouse.release(QPoint(307, 10));
 }
 
-void TestDopeSheetViewPaint::namesLookLikeATreesOwn_data()
+void TestDopeSheetViewPaint::namesAreDrawnAsByTheTreeView_data()
 {
     QTest::addColumn<bool>("isDark");
     QTest::addColumn<bool>("isEnabled");
@@ -190,7 +190,7 @@ void TestDopeSheetViewPaint::namesLookLikeATreesOwn_data()
 }
 
 // Selected and open rows, the current row, rows without others below.
-void TestDopeSheetViewPaint::namesLookLikeATreesOwn()
+void TestDopeSheetViewPaint::namesAreDrawnAsByTheTreeView()
 {
     QFETCH(bool, isDark);
     QFETCH(bool, isEnabled);

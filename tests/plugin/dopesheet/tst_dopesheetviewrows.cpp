@@ -17,12 +17,12 @@ private Q_SLOTS:
 
     void clickSelectsTheNode();
     void ctrlClickAddsANode();
-    void shiftClickTakesARange();
+    void shiftClickSelectsARange();
     void severalRowsByProgram();
     void propertyRowsAreReported();
     void rangeByKeyboard();
     void clickOnASelectedRow();
-    void ctrlClickTakesARowOut();
+    void ctrlClickDeselectsARow();
     void ctrlClickAmongKeysAdds();
     void clickIntoTheEmptyPart();
     void oneReportForManyRows();
@@ -69,7 +69,7 @@ void TestDopeSheetViewRows::ctrlClickAddsANode()
     QCOMPARE(view->selectionModel()->selectedRows().size(), 2);
 }
 
-void TestDopeSheetViewRows::shiftClickTakesARange()
+void TestDopeSheetViewRows::shiftClickSelectsARange()
 {
     showView();
     view->expand(rowOf(hip));
@@ -151,7 +151,7 @@ void TestDopeSheetViewRows::clickOnASelectedRow()
     QCOMPARE(selectedNodes(), QStringList{"ball"});
 }
 
-void TestDopeSheetViewRows::ctrlClickTakesARowOut()
+void TestDopeSheetViewRows::ctrlClickDeselectsARow()
 {
     showView();
     view->expandAll();

@@ -23,12 +23,12 @@ private Q_SLOTS:
 
     void openRowsAreRestored();
     void closedByHandStaysClosed();
-    void matchesAreSeen();
+    void matchesAreVisible();
     void reopenedWhileFiltered();
     void openRowsOverSeveralTexts();
     void rowsDeletedWhileFiltered();
     void scrollPositionIsRestored();
-    void whatWasFoundIsShown();
+    void matchesAreShown();
     void topRowStaysAtTheTop();
     void sceneSelectionStays();
     void selectedPropertiesAreRestored();
@@ -128,7 +128,7 @@ void TestTreeViewState::closedByHandStaysClosed()
     QVERIFY(!isOpen(leg));
 }
 
-void TestTreeViewState::matchesAreSeen()
+void TestTreeViewState::matchesAreVisible()
 {
     view->expand(rowOf(arms[7]));
     const QStringList before = openRows();
@@ -193,7 +193,7 @@ void TestTreeViewState::scrollPositionIsRestored()
     QCOMPARE(view->verticalScrollBar()->value(), value);
 }
 
-void TestTreeViewState::whatWasFoundIsShown()
+void TestTreeViewState::matchesAreShown()
 {
     filter("arm 28");
     VxMouseDriver(view->viewport()).click(view->visualRect(rowOf(arms[28])).center());

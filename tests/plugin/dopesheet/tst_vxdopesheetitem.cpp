@@ -21,7 +21,7 @@ private Q_SLOTS:
     void paths();
     void childrenKeepTheirNumbers();
     void leavingAParent();
-    void prunesWhatHoldsNothing();
+    void prunesEmptyRows();
 
     void valueSources();
     void endlessLinksEnd();
@@ -128,7 +128,7 @@ void TestDopeSheetItem::leavingAParent()
     QCOMPARE(keyTimes(*m_root), Times({20}));
 }
 
-void TestDopeSheetItem::prunesWhatHoldsNothing()
+void TestDopeSheetItem::prunesEmptyRows()
 {
     makeTree({}, {});
     auto *outer = new VxDopeSheetItem;

@@ -25,7 +25,7 @@ private Q_SLOTS:
 
     void walkVisitsRowsInOrder();
     void walkStopsAtTheEnd();
-    void closedEndTakesAllBelow();
+    void closedEndIncludesAllBelow();
     void walkPastTheEnd();
     void walkFromNowhere();
 
@@ -33,7 +33,7 @@ private Q_SLOTS:
     void spans();
     void deselect();
     void closedNodeSelectsAllBelow();
-    void openNodeLeavesThoseBelow();
+    void openNodeExcludesRowsBelow();
     void rangeOfRows();
     void oneRowSelectsInNoOther();
     void noRowSelectsInTheContextRow();
@@ -111,7 +111,7 @@ void TestVxDopeSheetView::walkStopsAtTheEnd()
     QCOMPARE(walked(rowOf(arm), rowOf(arm)), (QStringList{"arm"}));
 }
 
-void TestVxDopeSheetView::closedEndTakesAllBelow()
+void TestVxDopeSheetView::closedEndIncludesAllBelow()
 {
     QCOMPARE(walked(rowOf(leg), rowOf(leg)), (QStringList{"leg", "X Tr", "Y Tr", "Z Tr"}));
     QCOMPARE(walked(rowOf(hip), rowOf(hip)).size(), 12);
@@ -185,7 +185,7 @@ void TestVxDopeSheetView::closedNodeSelectsAllBelow()
     QCOMPARE(selected(translationOf(ball, 0)), Times{});
 }
 
-void TestVxDopeSheetView::openNodeLeavesThoseBelow()
+void TestVxDopeSheetView::openNodeExcludesRowsBelow()
 {
     addKeys(hip->getXPosControl(), {0, 160});
     addKeys(leg->getZPosControl(), {320});
@@ -371,7 +371,7 @@ void TestVxDopeSheetView::timeLineLeavesNoTrace_data()
     QTest::newRow("every row selected") << true;
 }
 
-// The line's way through the rows paints only what it must: what stands on the screen then is what
+// Moving the line paints only what it must: what is on the screen then is what
 // painting everything shows.
 void TestVxDopeSheetView::timeLineLeavesNoTrace()
 {

@@ -21,7 +21,7 @@ private Q_SLOTS:
 
     void neighboursKeepTheirDistance_data();
     void neighboursKeepTheirDistance();
-    void aPressAloneHoldsNothing();
+    void aPressOpensNoHold();
     void channelsRemovedDuringADrag();
 
     void timeIsCutBeforeItIsRounded();
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void panningWithTheRightButtonOpensNoMenu();
 
     void pressOnAKeyShowsTheHand();
-    void pressOnSpaceTakesTheCursorAway();
+    void pressOnSpaceResetsTheCursor();
     void doubleClicksAreAcceptedOnKeys();
     void doubleClickClearsFormerHits();
 
@@ -98,7 +98,7 @@ void TestKeyGraphGestures::neighboursKeepTheirDistance()
 }
 
 // The hold of a drag begins with its first move.
-void TestKeyGraphGestures::aPressAloneHoldsNothing()
+void TestKeyGraphGestures::aPressOpensNoHold()
 {
     showProperties({makeKeys(x(), "..a..b")});
     const QPoint start = placeOfKey(x(), 1);
@@ -244,7 +244,7 @@ void TestKeyGraphGestures::pressOnAKeyShowsTheHand()
     QCOMPARE(view->cursor().shape(), Qt::ArrowCursor);
 }
 
-void TestKeyGraphGestures::pressOnSpaceTakesTheCursorAway()
+void TestKeyGraphGestures::pressOnSpaceResetsTheCursor()
 {
     view->setCursor(Qt::PointingHandCursor);
     send(QEvent::MouseButtonPress, QPoint(300, 100));

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void timeStepsPaintNoKeys();
     void changesPaintKeys();
     void anotherStylePaintsKeys();
-    void theLastLabelIsLookedAt();
+    void theLastLabelSetsTheWidth();
     void theSceneIsFollowed();
     void outsideOfThePlayRangeIsShaded();
     void thePlayRangeIncludesItsEnds();
@@ -384,7 +384,7 @@ void TestKeyGraphViewPaint::anotherStylePaintsKeys()
 }
 
 // Also the one of which only the upper part is seen.
-void TestKeyGraphViewPaint::theLastLabelIsLookedAt()
+void TestKeyGraphViewPaint::theLastLabelSetsTheWidth()
 {
     showView();
     view->setLeftBackgroundWidth(300);

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void fieldsFollowTheGraph();
     void commonValues_data();
     void commonValues();
-    void fieldsFollowWhenItRests();
+    void fieldsAreUpdatedWhenADragPauses();
 
 private:
     void selectInGraph(const QVector<int> &indexes, bool yesNo = true)
@@ -114,7 +114,7 @@ void TestTcbFieldsOfGraphKeys::commonValues()
 }
 
 // A drag reports its keys at every mouse move; the fields are updated when it pauses.
-void TestTcbFieldsOfGraphKeys::fieldsFollowWhenItRests()
+void TestTcbFieldsOfGraphKeys::fieldsAreUpdatedWhenADragPauses()
 {
     QSignalSpy written(m_fields[0], QOverload<double>::of(&QDoubleSpinBox::valueChanged));
     selectInGraph({0});

@@ -72,9 +72,9 @@ private Q_SLOTS:
     void publishing();
     void applyingSendsNoMessage();
     void deselectionIsSentLast();
-    void applyingIgnoresKeysThatAreNone();
-    void boxGivesBackWhatItTook();
-    void boxTakesUpTheDragStart();
+    void applyingIgnoresInvalidKeys();
+    void boxRestoresItsFormerKeys();
+    void boxUpdatesTheDragStart();
     void boxSendsOneMessage();
 };
 
@@ -511,7 +511,7 @@ void TestFloatChannel::deselectionIsSentLast()
     QCOMPARE(selectedOf(channel), QVector<int>{0});
 }
 
-void TestFloatChannel::applyingIgnoresKeysThatAreNone()
+void TestFloatChannel::applyingIgnoresInvalidKeys()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "ab");
     VxFloatChannel channel(property, nullptr);
@@ -522,7 +522,7 @@ void TestFloatChannel::applyingIgnoresKeysThatAreNone()
     QCOMPARE(selectedOf(channel), QVector<int>{1});
 }
 
-void TestFloatChannel::boxGivesBackWhatItTook()
+void TestFloatChannel::boxRestoresItsFormerKeys()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abcdef");
     VxFloatChannel channel(property, nullptr);
@@ -540,7 +540,7 @@ void TestFloatChannel::boxGivesBackWhatItTook()
 }
 
 // Whatever the box does to a key, a drag starts from the key's current position.
-void TestFloatChannel::boxTakesUpTheDragStart()
+void TestFloatChannel::boxUpdatesTheDragStart()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abcd");
     VxFloatChannel channel(property, nullptr);

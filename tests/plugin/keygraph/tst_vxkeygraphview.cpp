@@ -29,7 +29,7 @@ private Q_SLOTS:
     void refitsWhenTheAnimationRangeChanges();
     void resizingKeepsTheTimeScale();
     void theRangeKeepsClearOfTheSides();
-    void sidesWithoutRoomBetweenThem();
+    void sidesWithoutSpaceBetween();
 
     void framing();
     void channelsEnteringAnEmptyGraphAreFramed();
@@ -186,7 +186,7 @@ void TestKeyGraphView::theRangeKeepsClearOfTheSides()
     QCOMPARE(view->getScale().x(20000), 916.0);
 }
 
-void TestKeyGraphView::sidesWithoutRoomBetweenThem()
+void TestKeyGraphView::sidesWithoutSpaceBetween()
 {
     view->setLeftBackgroundWidth(500);
     view->resize(600, 300);

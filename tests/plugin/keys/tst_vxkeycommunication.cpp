@@ -40,7 +40,7 @@ private Q_SLOTS:
     void aMessageArrivesWhole();
     void aSenderReceivesNoMessageOfItsOwn();
     void aReplyDuringSendingIsDropped();
-    void sendingPutsTheMutingBack();
+    void sendingRestoresTheMuting();
     void mutedEndDropsMessages();
     void connectingTwiceDeliversOnce();
     void aNewPeerReplacesTheGraphsEnd();
@@ -117,7 +117,7 @@ void TestKeyCommunication::aReplyDuringSendingIsDropped()
     QVERIFY(sheet.messages.isEmpty());
 }
 
-void TestKeyCommunication::sendingPutsTheMutingBack()
+void TestKeyCommunication::sendingRestoresTheMuting()
 {
     VxKeyCommunication bus;
     bool mutedWhileSending = false;

@@ -15,14 +15,14 @@ class tst_KeyToolsPane : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void paneRunsWhatIsTyped();
+    void paneRunsTheTypedParameters();
     void typingShowsAPreview();
     void previewEnds_data();
     void previewEnds();
     void paneKeepsItsFields();
 };
 
-void tst_KeyToolsPane::paneRunsWhatIsTyped()
+void tst_KeyToolsPane::paneRunsTheTypedParameters()
 {
     KeyToolStage stage;
     VxKeyToolsPane pane;

@@ -53,8 +53,8 @@ private Q_SLOTS:
     void init() { m_guard = std::make_unique<VxWarningGuard>(); }
     void cleanup() { m_guard.reset(); }
 
-    void numbersAreSeenAsAWhole_data();
-    void numbersAreSeenAsAWhole();
+    void numbersAreFullyVisible_data();
+    void numbersAreFullyVisible();
     void fittingTextKeepsItsFont();
     void growsAgain();
     void followsTheFieldsFont();
@@ -65,14 +65,14 @@ private:
     std::unique_ptr<VxWarningGuard> m_guard;
 };
 
-void TestFieldTextFit::numbersAreSeenAsAWhole_data()
+void TestFieldTextFit::numbersAreFullyVisible_data()
 {
     QTest::addColumn<int>("number");
     for (const int number : {7, 42, 300, 2752, -240, 27520, -9999, 345678, 1000000})
         QTest::addRow("%d", number) << number;
 }
 
-void TestFieldTextFit::numbersAreSeenAsAWhole()
+void TestFieldTextFit::numbersAreFullyVisible()
 {
     QFETCH(int, number);
     QSpinBox whole;

@@ -23,11 +23,11 @@ private Q_SLOTS:
     void playStartDigitByDigit();
     void rateDigitByDigit();
     void currentFrameDigitByDigit();
-    void whatIsThereAlready_data();
-    void whatIsThereAlready();
+    void enteringTheCurrentValueChangesNothing_data();
+    void enteringTheCurrentValueChangesNothing();
     void leavingAddsNothing();
-    void leavingKeepsWhatTheFieldsCannotShow_data();
-    void leavingKeepsWhatTheFieldsCannotShow();
+    void leavingKeepsValuesThatTheFieldsCannotShow_data();
+    void leavingKeepsValuesThatTheFieldsCannotShow();
     void endIsClampedWhileItIsTyped();
     void currentFrameIsClampedWhileItIsTyped();
     void endsShareTheirRange();
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void rateOfNoneStaysOutOfTheScene();
     void rateOfNoneTwice_data();
     void rateOfNoneTwice();
-    void rateOfOneIsTaken();
+    void rateOfOneIsAccepted();
     void rateOfNoneThenAnother();
     void stepKeysLeaveThePlaceholder();
 
@@ -47,8 +47,8 @@ private Q_SLOTS:
     void farEnd();
     void digitsOfTheSystem();
     void undoShowsEachStep();
-    void returnGivesTheFocusBack_data();
-    void returnGivesTheFocusBack();
+    void returnReturnsTheFocus_data();
+    void returnReturnsTheFocus();
     void returnWithoutAFormerView();
     void wheelNeedsTheFocus_data();
     void wheelNeedsTheFocus();
@@ -161,7 +161,7 @@ void TestTimePaneFields::currentFrameDigitByDigit()
     QCOMPARE(changes.count(), 2);
 }
 
-void TestTimePaneFields::whatIsThereAlready_data()
+void TestTimePaneFields::enteringTheCurrentValueChangesNothing_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("text");
@@ -171,7 +171,7 @@ void TestTimePaneFields::whatIsThereAlready_data()
     QTest::newRow("current frame") << QByteArray(Current) << QStringLiteral("0");
 }
 
-void TestTimePaneFields::whatIsThereAlready()
+void TestTimePaneFields::enteringTheCurrentValueChangesNothing()
 {
     QFETCH(QByteArray, name);
     QFETCH(QString, text);
@@ -197,7 +197,7 @@ void TestTimePaneFields::leavingAddsNothing()
     QCOMPARE(vxScene->getPlayRange(), VxTimeRange(0, 4800));
 }
 
-void TestTimePaneFields::leavingKeepsWhatTheFieldsCannotShow_data()
+void TestTimePaneFields::leavingKeepsValuesThatTheFieldsCannotShow_data()
 {
     QTest::addColumn<VxTime>("step");
     QTest::addColumn<VxTime>("start");
@@ -209,7 +209,7 @@ void TestTimePaneFields::leavingKeepsWhatTheFieldsCannotShow_data()
     QTest::newRow("a rate that is cut") << 685 << 0 << 685 << 6850;
 }
 
-void TestTimePaneFields::leavingKeepsWhatTheFieldsCannotShow()
+void TestTimePaneFields::leavingKeepsValuesThatTheFieldsCannotShow()
 {
     QFETCH(VxTime, step);
     QFETCH(VxTime, start);
@@ -352,7 +352,7 @@ void TestTimePaneFields::rateOfNoneTwice()
     QCOMPARE(entries(), 0);
 }
 
-void TestTimePaneFields::rateOfOneIsTaken()
+void TestTimePaneFields::rateOfOneIsAccepted()
 {
     QTest::keyClick(enter(Rate), Qt::Key_Delete);
     QTest::keyClicks(field(Rate), QStringLiteral("1"));
@@ -478,14 +478,14 @@ void TestTimePaneFields::undoShowsEachStep()
     QCOMPARE(entries(), 3);
 }
 
-void TestTimePaneFields::returnGivesTheFocusBack_data()
+void TestTimePaneFields::returnReturnsTheFocus_data()
 {
     QTest::addColumn<QString>("field");
     for (const char *name : {Total, PlayStart, PlayEnd, Current, Rate})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
-void TestTimePaneFields::returnGivesTheFocusBack()
+void TestTimePaneFields::returnReturnsTheFocus()
 {
     QFETCH(QString, field);
     auto *graph = pane->findChild<VxKeyGraphView *>();

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void typingMakesAnEntryForEachNewNumber();
     void typingKeepsTheOtherComponents();
     void leavingAFieldChangesNoKey();
-    void enterAppliesWhatIsShown();
+    void enterAppliesTheShownValue();
     void undoneValuesAreShown();
 
     void keysOfSelectedRows();
@@ -364,7 +364,7 @@ void TestTimePaneKeyCommands::leavingAFieldChangesNoKey()
     QCOMPARE(undoTexts(), QStringList());
 }
 
-void TestTimePaneKeyCommands::enterAppliesWhatIsShown()
+void TestTimePaneKeyCommands::enterAppliesTheShownValue()
 {
     selectTwoShapes({0.5f, 0, 0}, {-0.75f, 0, 0});
     QCOMPARE(tension()->value(), 0.5);

@@ -52,8 +52,8 @@ private Q_SLOTS:
     void deletedKeysAreSelectedAfterUndo();
     void controlsFollowTheSelection_data();
     void controlsFollowTheSelection();
-    void commandsSayWhyTheyDoNothing_data();
-    void commandsSayWhyTheyDoNothing();
+    void commandsWithoutEffectGiveTheReason_data();
+    void commandsWithoutEffectGiveTheReason();
     void scripts();
     void scriptErrors_data();
     void scriptErrors();
@@ -243,7 +243,7 @@ void TestTimePaneKeySelection::controlsFollowTheSelection()
         QVERIFY2(!control->isEnabled(), qPrintable(control->objectName()));
 }
 
-void TestTimePaneKeySelection::commandsSayWhyTheyDoNothing_data()
+void TestTimePaneKeySelection::commandsWithoutEffectGiveTheReason_data()
 {
     QTest::addColumn<QString>("state");
     QTest::addColumn<QString>("text");
@@ -255,7 +255,7 @@ void TestTimePaneKeySelection::commandsSayWhyTheyDoNothing_data()
                             << "The selected keys belong to locked properties.";
 }
 
-void TestTimePaneKeySelection::commandsSayWhyTheyDoNothing()
+void TestTimePaneKeySelection::commandsWithoutEffectGiveTheReason()
 {
     QFETCH(QString, state);
     QFETCH(QString, text);

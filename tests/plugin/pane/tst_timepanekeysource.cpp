@@ -35,7 +35,7 @@ private Q_SLOTS:
     void nodeWithoutRow();
     void rowAddedLater();
     void rowRemoved();
-    void rowTakenOutOfTheSheet();
+    void rowRemovedFromTheSheet();
     void anotherModel();
     void clearedScene();
     void hiddenPane();
@@ -153,7 +153,7 @@ void TestTimePaneKeySource::rowRemoved()
 }
 
 // The node stays, and stays selected.
-void TestTimePaneKeySource::rowTakenOutOfTheSheet()
+void TestTimePaneKeySource::rowRemovedFromTheSheet()
 {
     showPane();
     a->select(true);

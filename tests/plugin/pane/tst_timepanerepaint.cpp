@@ -288,7 +288,7 @@ void TestTimePaneRepaint::randomSteps()
     QFETCH(bool, light);
     const int count = qEnvironmentVariableIsSet("VX_REPAINT_STEPS")
                           ? qEnvironmentVariableIntValue("VX_REPAINT_STEPS")
-                          : 150;
+                          : 80;
     m_random.seed(quint32(seed));
     vxApp->getStyle()->setColorScheme(light ? VxStyle::ColorScheme::Light
                                             : VxStyle::ColorScheme::Dark);

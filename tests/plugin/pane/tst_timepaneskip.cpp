@@ -30,7 +30,7 @@ private Q_SLOTS:
 
     void forwardOverEverything();
     void backOverEverything();
-    void onlyWhatIsSelected();
+    void onlySelectedRows();
     void rangeEnds_data();
     void rangeEnds();
     void undoRevertsStepByStep();
@@ -100,7 +100,7 @@ void TestTimePaneSkip::backOverEverything()
     QCOMPARE(undoTexts(), QVector<QString>(6, QStringLiteral("Skip to Previous Key")).toList());
 }
 
-void TestTimePaneSkip::onlyWhatIsSelected()
+void TestTimePaneSkip::onlySelectedRows()
 {
     m_a->select(false);
     QCOMPARE(walk(true, 2), QVector<VxTime>({1600, 4800}));

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void transportButtons();
-    void playButtonShowsWhatItWillDo();
+    void playButtonShowsItsNextAction();
     void loopButtonShowsTheState();
     void playAllFrames();
     void skipsToTheRangesEnds();
@@ -73,7 +73,7 @@ void TestTimePaneTransport::transportButtons()
     QVERIFY(!vxScene->isPlaying());
 }
 
-void TestTimePaneTransport::playButtonShowsWhatItWillDo()
+void TestTimePaneTransport::playButtonShowsItsNextAction()
 {
     const auto *button = find<QAbstractButton>("TimelinePlayPauseBtn");
     const qint64 play = button->icon().cacheKey();

@@ -41,7 +41,7 @@ private Q_SLOTS:
     void transportItems();
     void buttonSizes();
     void stylesChange();
-    void scaleTakesTheStylesSizes();
+    void scaleUsesTheStylesSizes();
     void wideMarksKeepTheRangeInTheColumn();
     void interpolationIconFollowsThePalette();
     void tabOrder();
@@ -338,7 +338,7 @@ void TestTimePane::stylesChange()
     QVERIFY(dark != light);
 }
 
-void TestTimePane::scaleTakesTheStylesSizes()
+void TestTimePane::scaleUsesTheStylesSizes()
 {
     showPane();
     TimelineMetrics &metrics = TimelineMetrics::shared();

@@ -47,7 +47,7 @@ private Q_SLOTS:
     void threeKeysOnThreeFrames();
     void moreKeysThanThereIsTime();
     void scopeNodeRecurse();
-    void scopeObjectTakesTheFigure();
+    void scopeObjectIncludesTheFigure();
     void scopeObjectOfABoneWithoutAFigure();
     void controlsWithoutAnAxisNeedNoType();
     void scopePropertiesWithoutRows();
@@ -279,7 +279,7 @@ void TestTimePaneKeys::scopeNodeRecurse()
     QCOMPARE(grandChild->getXPosControl()->getNumKeys(), 1);
 }
 
-void TestTimePaneKeys::scopeObjectTakesTheFigure()
+void TestTimePaneKeys::scopeObjectIncludesTheFigure()
 {
     auto *figure = new VxSkeleton(QStringLiteral("figure"));
     auto *hip = new VxBone(QStringLiteral("hip"));

@@ -44,11 +44,11 @@ private Q_SLOTS:
     void settingTheSamePositionEmitsNothing();
     void extrasFollowTheWidth();
     void everythingFitsASmallScreen();
-    void extrasStayAwayWhenTheViewChangesBehindATab();
+    void extrasStayHiddenWhenTheViewChangesBehindATab();
     void widthChangesNothingInOtherModes();
-    void graphWithoutCurvesSaysHowToGetSome();
+    void graphWithoutCurvesShowsAHint();
     void hintKeepsClearOfTheLabels();
-    void emptySheetSaysWhatIsListed();
+    void emptySheetShowsAHint();
     void controlsExplainThemselves();
 };
 
@@ -329,7 +329,7 @@ void TestTimePaneLayout::extrasFollowTheWidth()
 }
 
 // A pane restored with its former width is not resized.
-void TestTimePaneLayout::extrasStayAwayWhenTheViewChangesBehindATab()
+void TestTimePaneLayout::extrasStayHiddenWhenTheViewChangesBehindATab()
 {
     QWidget window;
     window.resize(1000, 600);
@@ -366,7 +366,7 @@ void TestTimePaneLayout::everythingFitsASmallScreen()
     QCOMPARE(types->displayedText(), QStringLiteral("TRSOAH"));
 }
 
-void TestTimePaneLayout::graphWithoutCurvesSaysHowToGetSome()
+void TestTimePaneLayout::graphWithoutCurvesShowsAHint()
 {
     showPane();
     auto *view = find<VxKeyGraphView>("TimelineKeyGraphView");
@@ -429,7 +429,7 @@ void TestTimePaneLayout::controlsExplainThemselves()
 }
 
 // The picture below the first rows, where nothing is painted but the time's line at the left.
-void TestTimePaneLayout::emptySheetSaysWhatIsListed()
+void TestTimePaneLayout::emptySheetShowsAHint()
 {
     showPane();
     const auto *view = find<VxDopeSheetView>("TimelineDopeSheetTView");

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void closingApplicationPostsNothing();
     void closingApplicationScrollsNoMore();
     void keyScopeSelectsTheRowsAnew();
-    void hidingLeavesTheRestForLater();
+    void hidingDefersTheRest();
     void paneDestroyedBeforeItsEvents();
     void rowsFollowTheSelection();
     void rowsFollowWhenThePrimaryStays();
@@ -205,7 +205,7 @@ void TestTimePaneRows::blocksNest()
 }
 
 // The event is on its way when the pane is hidden.
-void TestTimePaneRows::hidingLeavesTheRestForLater()
+void TestTimePaneRows::hidingDefersTheRest()
 {
     showPane();
     auto *node = new VxNode(QStringLiteral("a"));

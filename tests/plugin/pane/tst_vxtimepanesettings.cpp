@@ -18,10 +18,10 @@ private Q_SLOTS:
 
     void menus();
     void checkMarksFollow();
-    void destroyedActionsLeave();
+    void destroyedActionsAreRemoved();
     void lateActionsGetTheirMarks();
     void propertyTypesByCheckMarks();
-    void noneChecksOnlyWhatIsNone();
+    void noneChecksOnlyTheChoiceNone();
     void scopeByCheckMarks();
     void tickingInTheFilterMenuNotifiesOnce();
     void placeholders();
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void savingEachChoice();
     void settingsRoundTrip();
     void optionsMenu();
-    void optionsMenuIsAddedToWhatIsThere();
+    void optionsMenuKeepsPresentEntries();
 
 private:
     QString describe(const VxActionMenu *menu) const;
@@ -105,7 +105,7 @@ void TestTimePaneSettings::checkMarksFollow()
     QCOMPARE(toggles, 0);
 }
 
-void TestTimePaneSettings::destroyedActionsLeave()
+void TestTimePaneSettings::destroyedActionsAreRemoved()
 {
     addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
     QCOMPARE(pane->getRegisteredActions().size(), 4);
@@ -146,7 +146,7 @@ void TestTimePaneSettings::propertyTypesByCheckMarks()
     QCOMPARE(int(pane->getFilteredPropertyTypes()), 0);
 }
 
-void TestTimePaneSettings::noneChecksOnlyWhatIsNone()
+void TestTimePaneSettings::noneChecksOnlyTheChoiceNone()
 {
     addChoices(TimePaneChoice::PropertyTypeFamily, {0, 1, 2});
     pane->setFilteredPropertyTypes(VxTimePane::PropRotate);
@@ -369,7 +369,7 @@ void TestTimePaneSettings::optionsMenu()
 }
 
 // Somebody else's preferences are no reason to leave out the pane's own.
-void TestTimePaneSettings::optionsMenuIsAddedToWhatIsThere()
+void TestTimePaneSettings::optionsMenuKeepsPresentEntries()
 {
     VxActionMenu menu;
     menu.findOrCreateSubMenu(QStringLiteral("Preferences"))

@@ -28,9 +28,9 @@ private Q_SLOTS:
     void currentFrame();
     void framesPerSecond();
     void refusedNumbersBringTheFieldsBack();
-    void refreshLeavesOtherFieldsAlone();
+    void refreshKeepsOtherFields();
     void emptyFieldsGiveNumbers();
-    void undoBringsTheFieldsBack();
+    void undoRestoresTheFields();
 
     void typedTotal();
     void typedTotalOfNothing();
@@ -192,7 +192,7 @@ void TestTimePaneTime::refusedNumbersBringTheFieldsBack()
     }
 }
 
-void TestTimePaneTime::refreshLeavesOtherFieldsAlone()
+void TestTimePaneTime::refreshKeepsOtherFields()
 {
     scribble("TimelinePlayStartLEdit", 7);
     scribble("TimelineTotalFramesLEdit", 8);
@@ -222,7 +222,7 @@ void TestTimePaneTime::emptyFieldsGiveNumbers()
     QCOMPARE(pane->getFramesPerSecond(), 1);
 }
 
-void TestTimePaneTime::undoBringsTheFieldsBack()
+void TestTimePaneTime::undoRestoresTheFields()
 {
     pane->setTotalFrames(61);
     pane->setPlayRangeEnd(60);

@@ -62,7 +62,7 @@ private Q_SLOTS:
     void clicksPassThrough();
     void clicksReachTheWidgetBeneath();
     void paintsThroughTheStyle();
-    void asksForOneMark();
+    void drawsOneMark();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -280,7 +280,7 @@ void TestPlayhead::paintsThroughTheStyle()
     QVERIFY(image != empty);
 }
 
-void TestPlayhead::asksForOneMark()
+void TestPlayhead::drawsOneMark()
 {
     DrawnPrimitives style;
     VxPlayheadWgt playhead;

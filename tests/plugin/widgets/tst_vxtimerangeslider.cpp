@@ -30,8 +30,8 @@ private Q_SLOTS:
     void pressBesideTheStretch();
     void otherButtons();
     void leavingDropsTheDrag();
-    void lostReleasePutsTheRangeBack_data();
-    void lostReleasePutsTheRangeBack();
+    void lostReleaseRestoresTheRange_data();
+    void lostReleaseRestoresTheRange();
     void timeIsMovedIntoTheRange_data();
     void timeIsMovedIntoTheRange();
     void timeStaysWhilePlaying();
@@ -229,7 +229,7 @@ void TestTimeRangeSlider::leavingDropsTheDrag()
     compareRange(1600, 3200);
 }
 
-void TestTimeRangeSlider::lostReleasePutsTheRangeBack_data()
+void TestTimeRangeSlider::lostReleaseRestoresTheRange_data()
 {
     QTest::addColumn<QString>("how");
     QTest::addColumn<int>("x");
@@ -239,7 +239,7 @@ void TestTimeRangeSlider::lostReleasePutsTheRangeBack_data()
     }
 }
 
-void TestTimeRangeSlider::lostReleasePutsTheRangeBack()
+void TestTimeRangeSlider::lostReleaseRestoresTheRange()
 {
     QFETCH(QString, how);
     QFETCH(int, x);

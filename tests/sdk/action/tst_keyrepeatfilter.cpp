@@ -41,7 +41,7 @@ private Q_SLOTS:
     void lateRepeatsAreLeftOut();
     void timelyOnesFollow();
     void pressesAlwaysCount();
-    void anotherHoldBeginsAnew();
+    void anotherHoldStartsAgain();
     void textFieldsGetAll();
     void keysReachTheAction();
 
@@ -128,7 +128,7 @@ void TestKeyRepeatFilter::pressesAlwaysCount()
 }
 
 // The window system's clock may have begun anew.
-void TestKeyRepeatFilter::anotherHoldBeginsAnew()
+void TestKeyRepeatFilter::anotherHoldStartsAgain()
 {
     key(5000, false);
     key(9000, true);

@@ -64,7 +64,7 @@ private Q_SLOTS:
     void texts();
     void clears_data();
     void clears();
-    void undoBringsEverythingBack();
+    void undoRestoresEverything();
     void withoutKeysThereIsNoEntry();
     void withoutSelectionNothingHappens();
     void lockedPropertiesKeepTheirKeys();
@@ -191,7 +191,7 @@ void tst_VxClearKeysActions::clears()
     QCOMPARE(m_app->getUndoStack()->count(), 1);
 }
 
-void tst_VxClearKeysActions::undoBringsEverythingBack()
+void tst_VxClearKeysActions::undoRestoresEverything()
 {
     const QString before = keyedNow();
     m_hand->select();

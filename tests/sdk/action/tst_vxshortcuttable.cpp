@@ -32,7 +32,7 @@ class tst_VxShortcutTable : public QObject
 private Q_SLOTS:
     void defaultsAreInForce();
     void firstOfTwoEqualDefaultsKeepsIt();
-    void settingTakesFromTheOwner();
+    void settingRemovesFromTheFormerOwner();
     void settingTheSameChangesNothing();
     void unknownNamesAreIgnored();
     void emptySequencesAreUnassigned();
@@ -64,7 +64,7 @@ void tst_VxShortcutTable::firstOfTwoEqualDefaultsKeepsIt()
     QVERIFY(table.changes().isEmpty());
 }
 
-void tst_VxShortcutTable::settingTakesFromTheOwner()
+void tst_VxShortcutTable::settingRemovesFromTheFormerOwner()
 {
     VxShortcutTable table = makeTable();
     QCOMPARE(table.set(play, keys("Ctrl+C")), (QStringList{copy, play}));

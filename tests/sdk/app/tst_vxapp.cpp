@@ -103,9 +103,9 @@ private Q_SLOTS:
     void ownsItsParts();
     void registersTheHostsClasses();
     void hostClassesHaveDistinctIdentifiers();
-    void givesItsStyleToTheToolkit();
+    void setsTheToolkitsStyle();
     void replacesTheStyle();
-    void styleBringsItsPaletteWhateverWasSet();
+    void styleReplacesTheFormerPalette();
     void startsOnce();
     void closesOnce();
     void closesAtTheLatestAtTheEnd();
@@ -117,7 +117,7 @@ private Q_SLOTS:
     void panesRestoreFromTheirGroup();
     void actionsReadTheirStateWhenAPaneIsAdded();
     void statusMessages();
-    void paneActionTakesTheTitle();
+    void paneActionHasThePanesTitle();
     void paneActionOpensThePane();
     void paneActionWithoutPaneShowsAMessage();
     void paneActionWithoutWindowWarns();
@@ -206,7 +206,7 @@ void tst_VxApp::hostClassesHaveDistinctIdentifiers()
     QCOMPARE(identifiers.size(), app.getPluginMgr()->getClassFactories().size());
 }
 
-void tst_VxApp::givesItsStyleToTheToolkit()
+void tst_VxApp::setsTheToolkitsStyle()
 {
     const VxApp app;
     QVERIFY(app.getStyle());
@@ -239,7 +239,7 @@ void tst_VxApp::replacesTheStyle()
     QCOMPARE(count, 1);
 }
 
-void tst_VxApp::styleBringsItsPaletteWhateverWasSet()
+void tst_VxApp::styleReplacesTheFormerPalette()
 {
     VxApp app;
     app.getStyle()->setColorScheme(VxStyle::ColorScheme::Light);
@@ -383,7 +383,7 @@ void tst_VxApp::statusMessages()
     QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Hello"));
 }
 
-void tst_VxApp::paneActionTakesTheTitle()
+void tst_VxApp::paneActionHasThePanesTitle()
 {
     const VxApp app;
     app.getPluginMgr()->addClassFactory(&m_notes);

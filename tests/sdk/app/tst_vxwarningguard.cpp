@@ -123,7 +123,7 @@ private Q_SLOTS:
         VxWarningGuard inner;
         qWarning("outside");
     }
-    void replacedGuardStillWatches()
+    void replacedGuardStillReports()
     {
         auto guard = std::make_unique<VxWarningGuard>();
         guard = std::make_unique<VxWarningGuard>();
@@ -161,7 +161,7 @@ void TestVxWarningGuard::outcome_data()
     QTest::newRow("onlyTheInnerGuardReceives") << true << "";
     QTest::newRow("innerGuardDoesNotUseOuterExpectation")
         << false << "Announced warning was not emitted: outside";
-    QTest::newRow("replacedGuardStillWatches") << false << "Unexpected warning: after the change";
+    QTest::newRow("replacedGuardStillReports") << false << "Unexpected warning: after the change";
 }
 
 void TestVxWarningGuard::outcome()

@@ -216,7 +216,7 @@ private Q_SLOTS:
     void integersHold();
     void wholeRangeOfTime();
     void keyTimesAreExact();
-    void anyCursorGivesTheSame();
+    void anyCursorGivesTheSameValue();
     void manyAsOneByOne();
     void referenceInDouble();
     void referenceInSingle();
@@ -333,7 +333,7 @@ void tst_KeyEvaluator::keyTimesAreExact()
         QVERIFY(valueAt(track, track.time(i)) == track.value(i));
 }
 
-void tst_KeyEvaluator::anyCursorGivesTheSame()
+void tst_KeyEvaluator::anyCursorGivesTheSameValue()
 {
     const auto track = KeyDrawing::track(". a . B . . c D E f . g .");
     const KeyEvaluator<float> evaluator(track);

@@ -28,22 +28,22 @@ private Q_SLOTS:
 
     void storedValueHoldsWithoutKeys();
     void settingAValueMakesAKeyAtTheCurrentTime();
-    void newKeyTakesTheShapeOfTheKeyBefore();
+    void newKeyHasTheShapeOfThePreviousKey();
     void replacedKeyKeepsItsShape();
     void withoutAnimatingOnlyKeysThereAreChanged();
-    void notAnimatableTakesValuesButNoKeys();
+    void notAnimatableHasValuesButNoKeys();
     void keysInTimeOrder();
     void deleteKeysWithinARange_data();
     void deleteKeysWithinARange();
     void deleteKeysByIndex();
     void badArgumentsAreRefused();
     void lockedRefusesEverything();
-    void clampedLimitsWhatIsSet();
+    void clampedLimitsSetValues();
     void traitChangesAreReported_data();
     void traitChangesAreReported();
     void aliasSharesTheKeysOfItsProperty();
     void aliasKeepsTheLimitsOfItsProperty();
-    void aliasMakesNoKeysWhereItsPropertyTakesNone();
+    void aliasOfANotAnimatablePropertyMakesNoKeys();
     void aliasMayNotCloseACircle();
     void aliasOfADestroyedPropertyUsesItsOwnKeys();
     void overridingControlTakesPrecedenceOverAnAlias();
@@ -93,7 +93,7 @@ void TestFloatProperty::settingAValueMakesAKeyAtTheCurrentTime()
     QCOMPARE(x.getValue(), 8.0f);
 }
 
-void TestFloatProperty::newKeyTakesTheShapeOfTheKeyBefore()
+void TestFloatProperty::newKeyHasTheShapeOfThePreviousKey()
 {
     VxFloatProperty x(QStringLiteral("X"));
     x.setDefaultInterpolation(1);
@@ -136,7 +136,7 @@ void TestFloatProperty::withoutAnimatingOnlyKeysThereAreChanged()
     QCOMPARE(x.getKeyValue(0), 2.0f);
 }
 
-void TestFloatProperty::notAnimatableTakesValuesButNoKeys()
+void TestFloatProperty::notAnimatableHasValuesButNoKeys()
 {
     VxFloatProperty x(QStringLiteral("X"));
     x.setAnimatable(false);
@@ -250,7 +250,7 @@ void TestFloatProperty::lockedRefusesEverything()
     QCOMPARE(x.getNumKeys(), 1);
 }
 
-void TestFloatProperty::clampedLimitsWhatIsSet()
+void TestFloatProperty::clampedLimitsSetValues()
 {
     VxFloatProperty x(QStringLiteral("X"));
     x.setMinMax(0.0f, 1.0f, false);
@@ -334,7 +334,7 @@ void TestFloatProperty::aliasKeepsTheLimitsOfItsProperty()
     QCOMPARE(whole.getKeyValue(0), 0);
 }
 
-void TestFloatProperty::aliasMakesNoKeysWhereItsPropertyTakesNone()
+void TestFloatProperty::aliasOfANotAnimatablePropertyMakesNoKeys()
 {
     const VxTime time = 0;
     const float value = 1.0f;

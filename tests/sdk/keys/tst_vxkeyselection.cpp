@@ -59,12 +59,12 @@ private Q_SLOTS:
     void revisionOfAnAlias();
     void unsentReports();
     void nothingWithoutASource();
-    void theLastSourceIsAsked();
+    void theLastSourceIsUsed();
     void changesAreSentOnce();
     void staleEntriesAreLeftOut();
-    void undoBringsTheSelectionBack();
-    void undoLeavesOthersAlone();
-    void rollBackBringsTheSelectionBack();
+    void undoRestoresTheSelection();
+    void undoKeepsTheSelectionOfOthers();
+    void rollBackRestoresTheSelection();
     void rollBackWithinAnotherHold();
 
 private:
@@ -180,7 +180,7 @@ void TestKeySelection::nothingWithoutASource()
     QVERIFY(m_source.selected.empty());
 }
 
-void TestKeySelection::theLastSourceIsAsked()
+void TestKeySelection::theLastSourceIsUsed()
 {
     MemorySource second;
     m_selection->addSource(&second);
@@ -231,7 +231,7 @@ void TestKeySelection::staleEntriesAreLeftOut()
     m_selection->clear();
 }
 
-void TestKeySelection::undoBringsTheSelectionBack()
+void TestKeySelection::undoRestoresTheSelection()
 {
     m_selection->set({{x(), {{1, 3}}, 0}});
     VxUndoStackHold hold;
@@ -251,7 +251,7 @@ void TestKeySelection::undoBringsTheSelectionBack()
 }
 
 // An edit of keys that are not selected leaves what is selected later, and other properties stay.
-void TestKeySelection::undoLeavesOthersAlone()
+void TestKeySelection::undoKeepsTheSelectionOfOthers()
 {
     VxFloatProperty other(QStringLiteral("Other"));
     other.setKey(0, 0.0f, VxKeyInterp::Linear);
@@ -267,7 +267,7 @@ void TestKeySelection::undoLeavesOthersAlone()
     m_selection->clear();
 }
 
-void TestKeySelection::rollBackBringsTheSelectionBack()
+void TestKeySelection::rollBackRestoresTheSelection()
 {
     m_selection->set({{x(), {{1, 3}}, 0}});
     QSignalSpy reports(x(), &VxProperty::valueChanged);

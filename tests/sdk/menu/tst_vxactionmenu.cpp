@@ -61,7 +61,7 @@ private Q_SLOTS:
     void separatorsAreNeverAdjacent();
     void subMenusAreFoundByTitle();
     void buildingTwiceChangesNothing();
-    void rebuildingKeepsWhatOthersAppended();
+    void rebuildingKeepsAppendedEntries();
     void queriesOutsideAreEmpty();
     void menuOmitsUnregisteredActions();
     void subMenusWithoutContentsAreLeftOut();
@@ -160,7 +160,7 @@ void tst_VxActionMenu::buildingTwiceChangesNothing()
     QCOMPARE(described(menu), once);
 }
 
-void tst_VxActionMenu::rebuildingKeepsWhatOthersAppended()
+void tst_VxActionMenu::rebuildingKeepsAppendedEntries()
 {
     VxActionMenu menu;
     menu.insertAction(alphaClass);

@@ -97,7 +97,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void createsOneOfEachPaneClass();
-    void findsOnlyWhatExists();
+    void findsExistingPanesOnly();
     void createsAPaneOnDemand();
     void namesPanesAfterTheirClass();
     void continuesWhenAFactoryFails();
@@ -147,7 +147,7 @@ void tst_VxPaneMgr::createsOneOfEachPaneClass()
     QVERIFY(qobject_cast<CurvesPane *>(manager.getPanes().at(1)));
 }
 
-void tst_VxPaneMgr::findsOnlyWhatExists()
+void tst_VxPaneMgr::findsExistingPanesOnly()
 {
     VxPaneMgr manager;
     QVERIFY(!manager.findPane(notes));

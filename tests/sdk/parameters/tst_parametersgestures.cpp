@@ -17,8 +17,8 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void aDragContinuesBeyondTheScreen();
-    void escapePutsBackExactly_data();
-    void escapePutsBackExactly();
+    void escapeRestoresExactValues_data();
+    void escapeRestoresExactValues();
     void movesAfterEscapeAreIgnored();
     void otherKeysAreIgnoredInADrag();
     void modifiersMayBePressedFirst();
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void theFocusIsLostInADrag();
     void anotherNodeIsSelectedInADrag();
     void theOtherButtonInADrag();
-    void aDragThatIsRefusedSaysWhy();
+    void aRefusedDragShowsTheReason();
 
 private:
     struct Begun
@@ -88,7 +88,7 @@ void TestParametersGestures::aDragContinuesBeyondTheScreen()
     QCOMPARE(x()->getNumKeys(), 0);
 }
 
-void TestParametersGestures::escapePutsBackExactly_data()
+void TestParametersGestures::escapeRestoresExactValues_data()
 {
     QTest::addColumn<int>("keyed"); // bits: keys around, a key here
     QTest::addColumn<bool>("animating");
@@ -99,7 +99,7 @@ void TestParametersGestures::escapePutsBackExactly_data()
     QTest::newRow("on a key that alone can change") << 3 << false;
 }
 
-void TestParametersGestures::escapePutsBackExactly()
+void TestParametersGestures::escapeRestoresExactValues()
 {
     QFETCH(int, keyed);
     QFETCH(bool, animating);
@@ -352,7 +352,7 @@ void TestParametersGestures::theOtherButtonInADrag()
     QCOMPARE(stack()->count(), 1);
 }
 
-void TestParametersGestures::aDragThatIsRefusedSaysWhy()
+void TestParametersGestures::aRefusedDragShowsTheReason()
 {
     x()->setKey(160, 1.0f, 0);
     vxScene->setAnimating(false);

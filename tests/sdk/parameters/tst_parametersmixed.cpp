@@ -22,7 +22,7 @@ private Q_SLOTS:
     void differentValuesAreMixed();
     void equalValuesAreNotMixed();
     void keyStatesAreMixed();
-    void typingGivesAllTheValue();
+    void typingSetsTheValueOfAll();
     void typingAChangeChangesEach();
     void steppingMovesEach();
     void draggingMovesEach();
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void switches();
     void texts();
     void copiedAndPasted();
-    void theTimeDecidesWhatIsMixed();
+    void mixedDependsOnTheTime();
 
 private:
     VxFloatProperty *xOf(int bone) const { return m_bones.at(bone)->getXPosControl(); }
@@ -116,7 +116,7 @@ void TestParametersMixed::keyStatesAreMixed()
     QCOMPARE(state(), int(Model::NoKeys));
 }
 
-void TestParametersMixed::typingGivesAllTheValue()
+void TestParametersMixed::typingSetsTheValueOfAll()
 {
     click(xOf(0));
     QTRY_VERIFY(field());
@@ -322,7 +322,7 @@ void TestParametersMixed::copiedAndPasted()
     QCOMPARE(vxApp->getUndoStack()->count(), 1);
 }
 
-void TestParametersMixed::theTimeDecidesWhatIsMixed()
+void TestParametersMixed::mixedDependsOnTheTime()
 {
     for (int i = 0; i < 3; ++i) {
         xOf(i)->setKey(0, 2.0f, 0);

@@ -20,7 +20,7 @@ private Q_SLOTS:
 
     void valuesBeyondTheLimitsAreCutOffWithAWord();
     void unreadableTextKeepsTheFieldOpen();
-    void unreadableTextThatIsLeftSaysSo();
+    void leavingUnreadableTextShowsAMessage();
     void foreignLettersAreRefusedWithAWord();
     void aPressElsewhereKeepsTheWord();
     void theKeyMarkAfterTypingKeepsTheKey();
@@ -30,7 +30,7 @@ private Q_SLOTS:
     void theMenuKeySetsAKey();
     void severalRowsAreCopiedAndPasted();
     void theListCopiesBeforeTheProgramDoes();
-    void pastingWhatDoesNotFitSaysSo();
+    void pastingInvalidTextShowsAMessage();
     void aShortListInBetweenKeepsThePlace();
     void columnsFitTheWidth();
 
@@ -79,7 +79,7 @@ void TestParametersTyping::unreadableTextKeepsTheFieldOpen()
     QCOMPARE(stack()->count(), 1);
 }
 
-void TestParametersTyping::unreadableTextThatIsLeftSaysSo()
+void TestParametersTyping::leavingUnreadableTextShowsAMessage()
 {
     x()->setStoredValue(4.0f);
     click(x());
@@ -234,7 +234,7 @@ void TestParametersTyping::theListCopiesBeforeTheProgramDoes()
     QCOMPARE(triggered, 1);
 }
 
-void TestParametersTyping::pastingWhatDoesNotFitSaysSo()
+void TestParametersTyping::pastingInvalidTextShowsAMessage()
 {
     click(x(), Model::LabelColumn);
     QGuiApplication::clipboard()->setText("wide");

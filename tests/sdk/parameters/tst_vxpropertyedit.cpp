@@ -34,19 +34,19 @@ private Q_SLOTS:
     void linkedToOneAnother_data();
     void linkedToOneAnother();
     void percentagesAreEditedAsShown();
-    void whatALinkAddsIsTakenOff();
-    void putBack_data();
-    void putBack();
+    void linkOffsetsAreSubtracted();
+    void formerValuesAreRestored_data();
+    void formerValuesAreRestored();
     void anUnchangedGestureMakesNoEntry();
     void lockedRefuses();
     void aGesturePausesPlayback();
-    void aPropertyMayDieMeanwhile();
+    void aPropertyMayBeDestroyedMeanwhile();
     void keyStates();
     void settingAKeyKeepsTheCurve();
     void keysAreSetWithoutAnimating();
     void deletingKeys();
     void togglingCompletesFirst();
-    void resetGivesDefaults();
+    void resetSetsDefaults();
     void keysBeside();
 
 private:
@@ -225,7 +225,7 @@ void TestPropertyEdit::percentagesAreEditedAsShown()
     QCOMPARE(scale->getValue(0), 0.8f);
 }
 
-void TestPropertyEdit::whatALinkAddsIsTakenOff()
+void TestPropertyEdit::linkOffsetsAreSubtracted()
 {
     y()->setStoredValue(100.0f);
     QVERIFY(x()->setLink(y(), true));
@@ -241,7 +241,7 @@ void TestPropertyEdit::whatALinkAddsIsTakenOff()
     QCOMPARE(x()->getKeyValue(0), 5.0f);
 }
 
-void TestPropertyEdit::putBack_data()
+void TestPropertyEdit::formerValuesAreRestored_data()
 {
     QTest::addColumn<bool>("keyed");
     QTest::addColumn<bool>("keyHere");
@@ -252,7 +252,7 @@ void TestPropertyEdit::putBack_data()
     QTest::newRow("on a key") << true << true << true;
 }
 
-void TestPropertyEdit::putBack()
+void TestPropertyEdit::formerValuesAreRestored()
 {
     QFETCH(bool, keyed);
     QFETCH(bool, keyHere);
@@ -272,7 +272,7 @@ void TestPropertyEdit::putBack()
         VxPropertyEdit edit({x()}, 480);
         edit.offsetBy(12);
         QVERIFY(x()->getValue(480) != value);
-        edit.putBack();
+        edit.rollBack();
     }
     QCOMPARE(x()->getNumKeys(), keys);
     QCOMPARE(x()->getValue(480), value);
@@ -315,7 +315,7 @@ void TestPropertyEdit::aGesturePausesPlayback()
     QVERIFY(!m_scene->isPlaying());
 }
 
-void TestPropertyEdit::aPropertyMayDieMeanwhile()
+void TestPropertyEdit::aPropertyMayBeDestroyedMeanwhile()
 {
     auto *extra = new VxFloatProperty(QStringLiteral("extra"));
     m_node->addProperty(extra, QStringLiteral("/G"));
@@ -403,7 +403,7 @@ void TestPropertyEdit::togglingCompletesFirst()
     QVERIFY(!x()->hasKey(0) && !y()->hasKey(0));
 }
 
-void TestPropertyEdit::resetGivesDefaults()
+void TestPropertyEdit::resetSetsDefaults()
 {
     m_node->getScaleControl()->setKey(0, 3.0f, 0);
     x()->setKey(0, 3.0f, 0);

@@ -44,8 +44,8 @@ private Q_SLOTS:
     void placesAreExactAfterInterleavedChanges();
     void theHistoryDestroysWhatItKeeps();
     void anObjectIsExchanged();
-    void anObjectBroughtAndReplacedInOneHold();
-    void theObjectOfBeforePutBackMakesNoEntry();
+    void anObjectSetAndReplacedInOneHold();
+    void restoringTheFormerObjectMakesNoEntry();
     void aRemovedObjectOfADestroyedNode();
     void redoReportsTheRemovalAgain();
     void aSubElementIsUndone();
@@ -220,7 +220,7 @@ void TestElementUndo::anObjectIsExchanged()
     QCOMPARE(morph->getValueControl()->getNumKeys(), 1);
 }
 
-void TestElementUndo::anObjectBroughtAndReplacedInOneHold()
+void TestElementUndo::anObjectSetAndReplacedInOneHold()
 {
     const QPointer<VxObject> passing(new VxObject(QStringLiteral("passing")));
     auto *last = new VxObject(QStringLiteral("last"));
@@ -236,7 +236,7 @@ void TestElementUndo::anObjectBroughtAndReplacedInOneHold()
     QCOMPARE(m_node->getObject(), last);
 }
 
-void TestElementUndo::theObjectOfBeforePutBackMakesNoEntry()
+void TestElementUndo::restoringTheFormerObjectMakesNoEntry()
 {
     auto *object = new VxObject(QStringLiteral("shape"));
     m_node->setObject(object);

@@ -43,7 +43,7 @@ private Q_SLOTS:
     void impossibleParentsAreRefused();
     void nodesNestedTooDeeplyAreRefused();
     void parentChangeIsReported();
-    void destructionTakesTheChildrenAlong();
+    void destructionDestroysTheChildren();
     void childDestroyedOnItsOwnIsRemoved();
     void aDeepChainIsDestroyed();
     void traits();
@@ -280,7 +280,7 @@ void TestNode::parentChangeIsReported()
     QCOMPARE(first.getNumNodeChildren() + second.getNumNodeChildren(), 0);
 }
 
-void TestNode::destructionTakesTheChildrenAlong()
+void TestNode::destructionDestroysTheChildren()
 {
     auto root = std::make_unique<VxNode>(QStringLiteral("root"));
     const QPointer<VxNode> child(new VxNode(QStringLiteral("child")));

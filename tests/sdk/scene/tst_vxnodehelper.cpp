@@ -79,7 +79,7 @@ private Q_SLOTS:
 
     void shownUnlessSomethingAboveIsHidden();
     void aNodeWithoutKeysStays();
-    void thereAndBackGivesTheOldValues();
+    void movingThereAndBackRestoresTheValues();
     void sameSpaceChangesNothing();
     void aStretchedParent_data();
     void aStretchedParent();
@@ -87,7 +87,7 @@ private Q_SLOTS:
     void keysKeepTheirPlaces_data();
     void keysKeepTheirPlaces();
     void aShiftKeepsTheKeysShapes();
-    void onlyWhatMovesGetsKeys();
+    void onlyMovedNodesGetKeys();
     void betweenKeysThePresentPlaceIsKept();
     void spinsAreKept();
     void aParentOfNoSizeChangesNothing();
@@ -183,7 +183,7 @@ void tst_VxNodeHelper::aNodeWithoutKeysStays()
     QCOMPARE(m_ball->getScaleControl()->getStoredValue(), 1.0f);
 }
 
-void tst_VxNodeHelper::thereAndBackGivesTheOldValues()
+void tst_VxNodeHelper::movingThereAndBackRestoresTheValues()
 {
     QVector<float> before;
     for (const VxFloatProperty *control : controls(m_ball))
@@ -314,7 +314,7 @@ void tst_VxNodeHelper::aShiftKeepsTheKeysShapes()
         QVERIFY(difference(before.at(time / 10), m_ball->getWorldTransform(time)) < Same);
 }
 
-void tst_VxNodeHelper::onlyWhatMovesGetsKeys()
+void tst_VxNodeHelper::onlyMovedNodesGetKeys()
 {
     // Turned about Z only: X and Y mix, Z does not.
     setTurn(m_arm, 0, 0, 90);

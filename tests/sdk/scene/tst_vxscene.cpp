@@ -22,7 +22,7 @@ private Q_SLOTS:
     void theGlobalIsTheFirstScene();
     void beginsWithDefaults();
     void settersReportChangesOnly();
-    void oddValuesArePutRight();
+    void invalidValuesAreCorrected();
     void stepping_data();
     void stepping();
     void timeAndRangesAreUndone();
@@ -109,7 +109,7 @@ void TestScene::settersReportChangesOnly()
     QCOMPARE(m_scene->getTime(), -320);
 }
 
-void TestScene::oddValuesArePutRight()
+void TestScene::invalidValuesAreCorrected()
 {
     m_scene->setTimeStep(0);
     QCOMPARE(m_scene->getTimeStep(), 1);

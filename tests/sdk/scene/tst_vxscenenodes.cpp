@@ -20,9 +20,9 @@ private Q_SLOTS:
     void removalOfForeignNodesIsRefused();
     void receiversMayInterfereWithRemoval();
     void receiversMayRemoveAddedNodes();
-    void nodesTakenOutByAReceiverAreNotAnnounced();
+    void nodesRemovedByAReceiverAreNotReported();
     void nodeDestroyedOnItsOwnLeavesTheScene();
-    void sceneTakesItsNodesAlong();
+    void sceneDestroysItsNodes();
     void nodesMoveWithinTheScene();
     void eventsAreReportedInOrder_data();
     void eventsAreReportedInOrder();
@@ -201,7 +201,7 @@ void TestSceneNodes::receiversMayRemoveAddedNodes()
 }
 
 // The history keeps them alive, but they are not in the scene any more.
-void TestSceneNodes::nodesTakenOutByAReceiverAreNotAnnounced()
+void TestSceneNodes::nodesRemovedByAReceiverAreNotReported()
 {
     auto *top = new VxNode(QStringLiteral("top"));
     auto *below = new VxNode(QStringLiteral("below"));
@@ -232,7 +232,7 @@ void TestSceneNodes::nodeDestroyedOnItsOwnLeavesTheScene()
     QVERIFY(!m_scene->getPrimarySelection());
 }
 
-void TestSceneNodes::sceneTakesItsNodesAlong()
+void TestSceneNodes::sceneDestroysItsNodes()
 {
     buildSample();
     const QPointer<VxNode> c(find(QStringLiteral("c")));

@@ -21,7 +21,7 @@ private Q_SLOTS:
     void interleavedMovesAreUndoneExactly();
     void randomEditsAreUndoneExactly();
     void nodeAtTheAddressOfADestroyedOne();
-    void historyOwnsWhatItRemoved();
+    void historyOwnsRemovedNodes();
     void cancelledRemovalDestroys();
     void changesOutsideOfASceneAreNotRecorded();
 };
@@ -229,7 +229,7 @@ void TestSceneNodesUndo::nodeAtTheAddressOfADestroyedOne()
     checkUndo(QStringLiteral("a"), QStringLiteral("a second"));
 }
 
-void TestSceneNodesUndo::historyOwnsWhatItRemoved()
+void TestSceneNodesUndo::historyOwnsRemovedNodes()
 {
     buildSample();
     const QPointer<VxNode> e(find(QStringLiteral("e")));

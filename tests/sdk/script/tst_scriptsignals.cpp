@@ -71,8 +71,8 @@ private Q_SLOTS:
     void signalsCannotBeCalled();
     void signalsCanBeConnectedAndEmitted();
     void toolkitObjectsStayOutside();
-    void handlersMayRemoveWhatIsAnnounced_data();
-    void handlersMayRemoveWhatIsAnnounced();
+    void handlersMayRemoveTheReportedNode_data();
+    void handlersMayRemoveTheReportedNode();
     void removedNodesAreDestroyedAfterwards();
 
 private:
@@ -183,7 +183,7 @@ void TestScriptSignals::toolkitObjectsStayOutside()
     QVERIFY(engine->toScriptValue(widget).isNull());
 }
 
-void TestScriptSignals::handlersMayRemoveWhatIsAnnounced_data()
+void TestScriptSignals::handlersMayRemoveTheReportedNode_data()
 {
     QTest::addColumn<QString>("program");
     const auto row = [](const char *title, const char *program) {
@@ -269,7 +269,7 @@ void TestScriptSignals::handlersMayRemoveWhatIsAnnounced_data()
         "Undo.undo(); Undo.redo(); Scene.getNodes().length");
 }
 
-void TestScriptSignals::handlersMayRemoveWhatIsAnnounced()
+void TestScriptSignals::handlersMayRemoveTheReportedNode()
 {
     QFETCH(QString, program);
     // Listeners before the script's handlers and after them.

@@ -64,7 +64,7 @@ private Q_SLOTS:
     void errorsNameFileAndLine_data();
     void errorsNameFileAndLine();
     void missingFileIsAnErrorWithoutALine();
-    void argumentsAreSeen();
+    void argumentsAreAvailable();
     void globalNamesAreSorted();
     void membersBehindADot_data();
     void membersBehindADot();
@@ -82,7 +82,7 @@ private Q_SLOTS:
     void holdsEndWithTheProgram();
     void anotherParentWithAndWithoutThePlace();
     void nodesAreNotNestedTooDeeply();
-    void manualExamplesDoWhatTheManualSays();
+    void manualExamplesPrintTheDocumentedResults();
     void badArguments_data();
     void badArguments();
 
@@ -160,7 +160,7 @@ void TestScriptEngine::missingFileIsAnErrorWithoutALine()
     QCOMPARE(m_printed, QStringList{QString(QChar(0xe4))});
 }
 
-void TestScriptEngine::argumentsAreSeen()
+void TestScriptEngine::argumentsAreAvailable()
 {
     m_engine->setArguments({QStringLiteral("one"), QStringLiteral("2")});
     QCOMPARE(m_engine->evaluate(QStringLiteral("arguments.length + arguments[1]")),
@@ -414,7 +414,7 @@ void TestScriptEngine::nodesAreNotNestedTooDeeply()
     QCOMPARE(run("pair.setParent(last.getNodeParent().getNodeParent())"), QStringLiteral("true"));
 }
 
-void TestScriptEngine::manualExamplesDoWhatTheManualSays()
+void TestScriptEngine::manualExamplesPrintTheDocumentedResults()
 {
     const QString name = QStringLiteral(VX_SOURCE_DIR "/docs/scripting.md");
     QFile file(name);

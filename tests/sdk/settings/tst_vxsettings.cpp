@@ -51,7 +51,7 @@ private Q_SLOTS:
     void fileShowsPlainWords();
     void handWrittenFilesAreRead();
     void loadingReplacesButKeepsSubStores();
-    void savingTwiceInTheSameMomentIsSeen();
+    void savingTwiceInTheSameMomentIsDetected();
     void aMissingFileIsEmpty();
     void aDamagedFileChangesNothing();
     void groupsNestedTooDeeplyAreRefused();
@@ -326,7 +326,7 @@ void tst_VxSettings::loadingReplacesButKeepsSubStores()
     QCOMPARE(sub->getKeys(), QStringList{QStringLiteral("New")});
 }
 
-void tst_VxSettings::savingTwiceInTheSameMomentIsSeen()
+void tst_VxSettings::savingTwiceInTheSameMomentIsDetected()
 {
     VxSettings settings;
     for (int i = 0; i < 10; ++i) {

@@ -19,8 +19,8 @@ private Q_SLOTS:
     void init() { m_guard = std::make_unique<VxWarningGuard>(); }
     void cleanup() { m_guard.reset(); }
 
-    void emptySquareIsSeen_data() { addSchemes(); }
-    void emptySquareIsSeen();
+    void emptySquareIsVisible_data() { addSchemes(); }
+    void emptySquareIsVisible();
     void statesDiffer_data() { addSchemes(); }
     void statesDiffer();
     void staysInItsRectangle();
@@ -66,7 +66,7 @@ int TestVxCheckPrimitive::contrast(const QImage &picture, const QPoint &from, co
     return strongest;
 }
 
-void TestVxCheckPrimitive::emptySquareIsSeen()
+void TestVxCheckPrimitive::emptySquareIsVisible()
 {
     QFETCH(int, scheme);
     const VxStyle style(static_cast<VxStyle::ColorScheme>(scheme));

@@ -30,8 +30,8 @@ private Q_SLOTS:
     void iconsInWideRectanglesStayInTheMiddle();
     void unknownIconsAreNull();
     void signsOfMessageBoxesAreSharp();
-    void arrowOfASelectedRowIsSeen_data() { addSchemes(); }
-    void arrowOfASelectedRowIsSeen();
+    void arrowOfASelectedRowIsVisible_data() { addSchemes(); }
+    void arrowOfASelectedRowIsVisible();
     void pixmapForStateDiffersByState();
 
     void nameColumnFillsItsRectangle();
@@ -270,7 +270,7 @@ void tst_VxStyle::signsOfMessageBoxesAreSharp()
 }
 
 /// An arrow on the ground of a selected row must not be lost on it.
-void tst_VxStyle::arrowOfASelectedRowIsSeen()
+void tst_VxStyle::arrowOfASelectedRowIsVisible()
 {
     QFETCH(Scheme, scheme);
     VxStyle style(scheme);

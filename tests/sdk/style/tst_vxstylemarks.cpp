@@ -28,7 +28,7 @@ private Q_SLOTS:
     void crowdedKeyMarksStayBright_data() { addSchemesAndRatios(); }
     void crowdedKeyMarksStayBright();
     void timeOnlyMarksAreLow();
-    void linesInRowsCanBeSeen();
+    void linesInRowsAreVisible();
     void keyMarksWithAViewsStateKeepTheirShape();
     void rangeHandlesDifferBySideAndHover_data() { addSchemes(); }
     void rangeHandlesDifferBySideAndHover();
@@ -272,7 +272,7 @@ void tst_VxStyleMarks::timeOnlyMarksAreLow()
     }
 }
 
-void tst_VxStyleMarks::linesInRowsCanBeSeen()
+void tst_VxStyleMarks::linesInRowsAreVisible()
 {
     // Relative luminance and contrast as they are reckoned for text.
     const auto linear = [](qreal c) {

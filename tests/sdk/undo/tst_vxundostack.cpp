@@ -81,8 +81,8 @@ private Q_SLOTS:
     void destroyedHoldIsDropped();
     void rollBackUndoesTheChanges();
     void rollBackOfAnInnerHoldOnlyEndsIt();
-    void innerHoldFlowsIntoTheOuter_data();
-    void innerHoldFlowsIntoTheOuter();
+    void innerHoldJoinsTheOuter_data();
+    void innerHoldJoinsTheOuter();
     void outerHoldThatEndsFirstRecordsTheEarlierChanges();
     void undoIsIgnoredWhileAHoldIsOpen();
     void nothingIsRecordedWhileUndoing();
@@ -253,7 +253,7 @@ void TestUndoStack::rollBackOfAnInnerHoldOnlyEndsIt()
     QCOMPARE(x.getNumKeys(), 0);
 }
 
-void TestUndoStack::innerHoldFlowsIntoTheOuter_data()
+void TestUndoStack::innerHoldJoinsTheOuter_data()
 {
     QTest::addColumn<bool>("acceptInner");
     QTest::addColumn<bool>("acceptOuter");
@@ -264,7 +264,7 @@ void TestUndoStack::innerHoldFlowsIntoTheOuter_data()
     QTest::newRow("both cancelled") << false << false << 0;
 }
 
-void TestUndoStack::innerHoldFlowsIntoTheOuter()
+void TestUndoStack::innerHoldJoinsTheOuter()
 {
     QFETCH(bool, acceptInner);
     QFETCH(bool, acceptOuter);

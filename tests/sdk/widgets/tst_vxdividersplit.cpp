@@ -13,7 +13,7 @@ class TestVxDividerSplit : public QObject
 private Q_SLOTS:
     void split_data();
     void split();
-    void ratioGivesTheSameLengthBack();
+    void ratioRestoresTheLength();
     void ratioAtTheEnds();
 };
 
@@ -59,7 +59,7 @@ void TestVxDividerSplit::split()
     QCOMPARE(parts.first + parts.second, std::max(0, length));
 }
 
-void TestVxDividerSplit::ratioGivesTheSameLengthBack()
+void TestVxDividerSplit::ratioRestoresTheLength()
 {
     for (int length : {1, 2, 3, 7, 100, 999, 2160, 7681}) {
         for (int first = 0; first <= length; ++first) {

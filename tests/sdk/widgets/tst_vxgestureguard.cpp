@@ -26,7 +26,7 @@ private Q_SLOTS:
     void escapeIsNotSeenByOthers();
     void escapeIsFreeOutsideOfAGesture();
     void gestureCanBeginAgainWhileItIsDropped();
-    void guardDiesInAGesture();
+    void guardDestroyedInAGesture();
 
 private:
     std::unique_ptr<VxWarningGuard> m_warnings;
@@ -199,7 +199,7 @@ void TestVxGestureGuard::gestureCanBeginAgainWhileItIsDropped()
     QCOMPARE(dropped.count(), 1);
 }
 
-void TestVxGestureGuard::guardDiesInAGesture()
+void TestVxGestureGuard::guardDestroyedInAGesture()
 {
     m_guard->begin();
     delete m_view;

@@ -59,8 +59,8 @@ private Q_SLOTS:
     void cleanup();
     void initialValues();
     void settersAndGetters();
-    void textIsElidedWhereAsked_data();
-    void textIsElidedWhereAsked();
+    void textIsElidedAtTheGivenEnd_data();
+    void textIsElidedAtTheGivenEnd();
     void textThatFitsIsNotElided();
     void elidedTextNeverMeetsTheArrow_data();
     void elidedTextNeverMeetsTheArrow();
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void textIsAlignedAsTheFormatSays_data();
     void textIsAlignedAsTheFormatSays();
     void iconAloneIsCentred();
-    void sizeHintHoldsAll();
+    void sizeHintIncludesAllParts();
     void minimumWidthOfElidingButtonIsSmall();
     void propertyTypesTextFitsItsFixedSize();
     void clickOpensMenuBelow();
@@ -146,7 +146,7 @@ void TestVxStyledButton::settersAndGetters()
     QCOMPARE(m_button->buttonTextFormat(), Qt::AlignLeft);
 }
 
-void TestVxStyledButton::textIsElidedWhereAsked_data()
+void TestVxStyledButton::textIsElidedAtTheGivenEnd_data()
 {
     QTest::addColumn<Qt::TextElideMode>("mode");
     QTest::addColumn<QString>("pattern");
@@ -156,7 +156,7 @@ void TestVxStyledButton::textIsElidedWhereAsked_data()
     QTest::newRow("not at all") << Qt::ElideNone << "^Translation, Rotation, Scale$";
 }
 
-void TestVxStyledButton::textIsElidedWhereAsked()
+void TestVxStyledButton::textIsElidedAtTheGivenEnd()
 {
     QFETCH(Qt::TextElideMode, mode);
     QFETCH(QString, pattern);
@@ -281,7 +281,7 @@ void TestVxStyledButton::iconAloneIsCentred()
     QCOMPARE(differenceOf(pictureOf(*m_button), without), QRect(8, 3, 16, 16));
 }
 
-void TestVxStyledButton::sizeHintHoldsAll()
+void TestVxStyledButton::sizeHintIncludesAllParts()
 {
     const QSize empty = m_button->sizeHint();
     QCOMPARE(empty.height(), hostStyle().metric(VxStyle::PM_VxControlHeight));
