@@ -1,5 +1,6 @@
 #include "io/vxbvhtokenizer.h"
 
+#include "io/vxfiletext.h"
 #include "io/vxtextbytes.h"
 
 #include <algorithm>
@@ -79,13 +80,7 @@ bool VxBvhTokenizer::Word::is(const char *lower) const
 
 QString VxBvhTokenizer::Word::shown() const
 {
-    constexpr int longest = 40;
-    QString text = QString::fromUtf8(data, qMin(size, longest));
-    for (QChar &c : text) {
-        if (!c.isPrint())
-            c = u'?';
-    }
-    return size > longest ? text + QStringLiteral("...") : text;
+    return VxFileText::shown({data, std::size_t(size)});
 }
 
 VxBvhTokenizer::VxBvhTokenizer(const QByteArray &bytes)

@@ -2,11 +2,25 @@
 #define VXIO_VXFILETEXT_H
 
 #include <QCoreApplication>
+#include <string_view>
 
 /// Translation context of what the readers and writers of files show to users.
 class VxFileText
 {
     Q_DECLARE_TR_FUNCTIONS(VxFileText)
+
+public:
+    /// The beginning of a file's text for a message, without unprintable characters.
+    static QString shown(std::string_view part)
+    {
+        constexpr std::size_t Longest = 40;
+        QString text = QString::fromUtf8(part.data(), int(qMin(part.size(), Longest)));
+        for (QChar &c : text) {
+            if (!c.isPrint())
+                c = QLatin1Char('?');
+        }
+        return part.size() > Longest ? text + QStringLiteral("...") : text;
+    }
 };
 
 #endif

@@ -43,18 +43,6 @@ qint64 linesIn(std::string_view text)
     return lines;
 }
 
-/// A cell for a message: its beginning, without unprintable characters.
-QString shown(std::string_view cell)
-{
-    constexpr std::size_t Longest = 40;
-    QString text = QString::fromUtf8(cell.data(), int(std::min(cell.size(), Longest)));
-    for (QChar &c : text) {
-        if (!c.isPrint())
-            c = QLatin1Char('?');
-    }
-    return cell.size() > Longest ? text + QStringLiteral("...") : text;
-}
-
 } // namespace
 
 VxCsvRows::VxCsvRows(const QByteArray &bytes)
@@ -189,10 +177,12 @@ bool VxCsvRows::number(int column, double *value, VxFileError *error) const
     const std::from_chars_result result = std::from_chars(text.data(), end, *value);
     const bool isOutOfRange = result.ec == std::errc::result_out_of_range;
     if (!isOutOfRange && (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value)))
-        return fail(column, VxFileText::tr("\"%1\" is not a number.").arg(shown(cell(column))),
+        return fail(column,
+                    VxFileText::tr("\"%1\" is not a number.").arg(VxFileText::shown(cell(column))),
                     error);
     return (!isOutOfRange && std::abs(*value) <= double(std::numeric_limits<float>::max())) ||
            fail(column,
-                VxFileText::tr("The number \"%1\" is out of range.").arg(shown(cell(column))),
+                VxFileText::tr("The number \"%1\" is out of range.")
+                    .arg(VxFileText::shown(cell(column))),
                 error);
 }

@@ -35,16 +35,15 @@ VxTime spanEnd(const VxTimeRange &range)
     return range.getEnd() == VxTimeMax ? VxTimeMax : range.getEnd() + 1;
 }
 
-VxTimeRange playRange()
-{
-    return vxScene ? vxScene->getPlayRange() : VxTimeRange();
-}
-
 } // namespace
 
-VxTimePaneItemKeysSelectionAction::VxTimePaneItemKeysSelectionAction(const QString &text,
+VxTimePaneItemKeysSelectionAction::VxTimePaneItemKeysSelectionAction(Direction direction,
+                                                                     Range range,
+                                                                     const QString &text,
                                                                      const QString &description)
     : VxAnimationAction(text, description)
+    , m_direction(direction)
+    , m_range(range)
 {
 }
 
@@ -66,11 +65,11 @@ void VxTimePaneItemKeysSelectionAction::executeAction()
     if (!pane)
         return;
     VxDopeSheetView *view = pane->getDopeSheetView();
-    const bool select = selectsKeys();
+    const bool select = m_direction == Select;
     const bool add = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
     if (select && !add)
         view->clearSelectedKeys();
-    const VxTimeRange range = getKeyRange();
+    const VxTimeRange range = m_range == AllTimes ? VxTimeRange::all() : vxScene->getPlayRange();
     const QModelIndexList rows = selectedRows(view);
     for (const QModelIndex &row : rows)
         view->setKeySelection(select, row, row, range.getStart(), spanEnd(range));
@@ -78,7 +77,7 @@ void VxTimePaneItemKeysSelectionAction::executeAction()
 
 VxTimePaneSelectItemPlayRangeKeysAction::VxTimePaneSelectItemPlayRangeKeysAction()
     : VxTimePaneItemKeysSelectionAction(
-          tr("Select Item Keys (Filtered)"),
+          Select, PlayRange, tr("Select Item Keys (Filtered)"),
           tr("Selects keys within the play range for the properties associated with the "
              "currently selected item(s) in the navigation column of the Timeline pane "
              "dopesheet view. If a selected item is collapsible and is currently collapsed, "
@@ -87,19 +86,9 @@ VxTimePaneSelectItemPlayRangeKeysAction::VxTimePaneSelectItemPlayRangeKeysAction
     completeConstruction();
 }
 
-bool VxTimePaneSelectItemPlayRangeKeysAction::selectsKeys() const
-{
-    return true;
-}
-
-VxTimeRange VxTimePaneSelectItemPlayRangeKeysAction::getKeyRange() const
-{
-    return playRange();
-}
-
 VxTimePaneSelectItemAnimRangeKeysAction::VxTimePaneSelectItemAnimRangeKeysAction()
     : VxTimePaneItemKeysSelectionAction(
-          tr("Select All Item Keys (Filtered)"),
+          Select, AllTimes, tr("Select All Item Keys (Filtered)"),
           tr("Selects all keys in the entire animation range for the properties associated "
              "with the currently selected item(s) in the navigation column of the Timeline "
              "pane dopesheet view. If a selected item is collapsible and is currently "
@@ -109,19 +98,9 @@ VxTimePaneSelectItemAnimRangeKeysAction::VxTimePaneSelectItemAnimRangeKeysAction
     completeConstruction();
 }
 
-bool VxTimePaneSelectItemAnimRangeKeysAction::selectsKeys() const
-{
-    return true;
-}
-
-VxTimeRange VxTimePaneSelectItemAnimRangeKeysAction::getKeyRange() const
-{
-    return VxTimeRange::all();
-}
-
 VxTimePaneDeselectItemPlayRangeKeysAction::VxTimePaneDeselectItemPlayRangeKeysAction()
     : VxTimePaneItemKeysSelectionAction(
-          tr("Deselect Item Keys (Filtered)"),
+          Deselect, PlayRange, tr("Deselect Item Keys (Filtered)"),
           tr("Deselects keys within the play range for the properties associated with the "
              "currently selected item(s) in the navigation column of the Timeline pane "
              "dopesheet view. If a selected item is collapsible and is currently collapsed, "
@@ -130,19 +109,9 @@ VxTimePaneDeselectItemPlayRangeKeysAction::VxTimePaneDeselectItemPlayRangeKeysAc
     completeConstruction();
 }
 
-bool VxTimePaneDeselectItemPlayRangeKeysAction::selectsKeys() const
-{
-    return false;
-}
-
-VxTimeRange VxTimePaneDeselectItemPlayRangeKeysAction::getKeyRange() const
-{
-    return playRange();
-}
-
 VxTimePaneDeselectItemAnimRangeKeysAction::VxTimePaneDeselectItemAnimRangeKeysAction()
     : VxTimePaneItemKeysSelectionAction(
-          tr("Deselect All Item Keys (Filtered)"),
+          Deselect, AllTimes, tr("Deselect All Item Keys (Filtered)"),
           tr("Deselects all keys in the entire animation range for the properties associated"
              " with the currently selected item(s) in the navigation column of the Timeline "
              "pane dopesheet view. If a selected item is collapsible and is currently "
@@ -150,14 +119,4 @@ VxTimePaneDeselectItemAnimRangeKeysAction::VxTimePaneDeselectItemAnimRangeKeysAc
              "selected."))
 {
     completeConstruction();
-}
-
-bool VxTimePaneDeselectItemAnimRangeKeysAction::selectsKeys() const
-{
-    return false;
-}
-
-VxTimeRange VxTimePaneDeselectItemAnimRangeKeysAction::getKeyRange() const
-{
-    return VxTimeRange::all();
 }

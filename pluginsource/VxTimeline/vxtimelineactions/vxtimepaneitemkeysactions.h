@@ -1,8 +1,6 @@
 #ifndef VXTIMEPANEITEMKEYSACTIONS_H
 #define VXTIMEPANEITEMKEYSACTIONS_H
 
-#include <vxcore/vxtimerange.h>
-
 #include "vxtimelineactions/vxanimationaction.h"
 
 // Base of the four commands that select or deselect the keys of the selected rows.
@@ -19,12 +17,16 @@ public:
     QString getActionGroup() const override;
 
 protected:
-    VxTimePaneItemKeysSelectionAction(const QString &text, const QString &description);
+    enum Direction { Select, Deselect };
+    enum Range { PlayRange, AllTimes };
+
+    VxTimePaneItemKeysSelectionAction(Direction direction, Range range, const QString &text,
+                                      const QString &description);
     void executeAction() override;
 
-    virtual bool selectsKeys() const = 0;
-    // Both ends included.
-    virtual VxTimeRange getKeyRange() const = 0;
+private:
+    const Direction m_direction;
+    const Range m_range;
 };
 
 // Selects the keys within the play range.
@@ -33,10 +35,6 @@ class VxTimePaneSelectItemPlayRangeKeysAction : public VxTimePaneItemKeysSelecti
     Q_OBJECT
 public:
     VxTimePaneSelectItemPlayRangeKeysAction();
-
-protected:
-    bool selectsKeys() const override;
-    VxTimeRange getKeyRange() const override;
 };
 
 // Selects the keys at all times.
@@ -45,10 +43,6 @@ class VxTimePaneSelectItemAnimRangeKeysAction : public VxTimePaneItemKeysSelecti
     Q_OBJECT
 public:
     VxTimePaneSelectItemAnimRangeKeysAction();
-
-protected:
-    bool selectsKeys() const override;
-    VxTimeRange getKeyRange() const override;
 };
 
 // Deselects the keys within the play range.
@@ -57,10 +51,6 @@ class VxTimePaneDeselectItemPlayRangeKeysAction : public VxTimePaneItemKeysSelec
     Q_OBJECT
 public:
     VxTimePaneDeselectItemPlayRangeKeysAction();
-
-protected:
-    bool selectsKeys() const override;
-    VxTimeRange getKeyRange() const override;
 };
 
 // Deselects the keys at all times.
@@ -69,10 +59,6 @@ class VxTimePaneDeselectItemAnimRangeKeysAction : public VxTimePaneItemKeysSelec
     Q_OBJECT
 public:
     VxTimePaneDeselectItemAnimRangeKeysAction();
-
-protected:
-    bool selectsKeys() const override;
-    VxTimeRange getKeyRange() const override;
 };
 
 #endif
