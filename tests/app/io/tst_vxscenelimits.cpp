@@ -163,10 +163,10 @@ void TestSceneLimits::membersTwiceAreRefused_data()
                          }),
         "times");
     row("a member with an unknown name", document([](Writer &out) {
-            text(out, "camera", "a");
-            text(out, "camera", "b");
+            text(out, "weather", "a");
+            text(out, "weather", "b");
         }),
-        "camera");
+        "weather");
 }
 
 void TestSceneLimits::membersTwiceAreRefused()
