@@ -202,9 +202,9 @@ void tst_ViewportWidget::aClickSelects()
     QCOMPARE(vxScene->getPrimarySelection(), m_bone);
     click({1.5f, 2, 0});
     QCOMPARE(vxScene->getSelectedNodes(), QVector<VxNode *>({light}));
-    const QSignalSpy told(vxScene, &VxScene::nodeSelectionListChanged);
+    const QSignalSpy reports(vxScene, &VxScene::nodeSelectionListChanged);
     click({1.5f, 2, 0}); // the only one already
-    QCOMPARE(told.count(), 0);
+    QCOMPARE(reports.count(), 0);
     QCOMPARE(m_app->getUndoStack()->count(), 0);
 }
 
