@@ -432,8 +432,8 @@ void tst_CreateEdits::shortcuts()
 
 void tst_CreateEdits::inTheTreesMenu()
 {
-    const QStringList texts{"Node",      "Skeleton",  "Bone", "Figure",
-                            "Edit Bone", "Duplicate", "Group"};
+    const QStringList texts{"Node",       "Skeleton",     "Bone",      "Figure",
+                            "Bone Chain", "Edit Bone...", "Duplicate", "Group"};
     for (const QString &text : texts)
         QVERIFY2(entry("Create", text), qPrintable(text));
     auto *pane = qobject_cast<VxScenePane *>(window()->getPaneMgr()->findPane("VxScenePane"));
