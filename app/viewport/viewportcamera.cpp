@@ -148,7 +148,10 @@ std::optional<QPointF> ViewportCamera::project(const QVector3D &point) const
     const QVector3D inView = toView(point);
     if (inView.z() < nearDepth())
         return std::nullopt;
-    return toPixel(inView);
+    const QPointF pixel = toPixel(inView);
+    // Of a point too far for single precision.
+    const bool isFinite = std::isfinite(pixel.x()) && std::isfinite(pixel.y());
+    return isFinite ? std::optional<QPointF>(pixel) : std::nullopt;
 }
 
 std::optional<QLineF> ViewportCamera::project(const QVector3D &from, const QVector3D &to) const
