@@ -7,10 +7,13 @@
 
 #include "largesheet.h"
 
+#include <QTableView>
+#include <memory>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxundostack.h>
 
 #include "keytools/keytool.h"
+#include "keytools/vxkeytablepane.h"
 
 namespace {
 
@@ -70,6 +73,26 @@ void measure(Table &table, Sheet &sheet, const Case &each, double loop)
     stack->clear();
 }
 
+// The pane with all keys as rows, from its creation to its picture.
+void measureTable(Table &table, Sheet &sheet, double loop)
+{
+    const char *name = "key table opened";
+    if (!table.wants(name))
+        return;
+    sheet.selectAll();
+    std::unique_ptr<VxKeyTablePane> pane;
+    table.measure(
+        name, loop, 250, [&pane] { pane.reset(); },
+        [&pane] {
+            pane = std::make_unique<VxKeyTablePane>();
+            pane->resize(900, 400);
+            pane->show();
+            QCoreApplication::processEvents();
+            pane->repaint();
+        });
+    check(pane->findChild<QTableView *>()->model()->rowCount() == Keys, "rows are missing");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -96,5 +119,6 @@ int main(int argc, char **argv)
              Case{"convert", {{"type", 2}, {"error", 0.5}}, 0},
          })
         measure(table, sheet, each, loops.copies);
+    measureTable(table, sheet, loops.copies);
     return 0;
 }

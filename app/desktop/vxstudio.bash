@@ -18,5 +18,5 @@ _vxstudio()
             grep -oE '^  (-[a-z], )?--[a-z-]+' | grep -oE -- '--[a-z-]+')" -- "$cur"))
         return
     fi
-    _filedir '@(vxscene|bvh|glb|gltf|fbx)'
+    _filedir '@(vxscene|bvh|glb|gltf|fbx|csv|dae)'
 } && complete -F _vxstudio vxstudio

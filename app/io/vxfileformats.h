@@ -34,7 +34,7 @@ struct VxFileFormat
 class VxFileFormats
 {
 public:
-    /// All formats of this library. New formats are added only here.
+    /// All formats of this library; the readers of motion formats are chosen by vxstudio-import.
     static VxFileFormats standard();
 
     /// A suffix in use stays with the earlier format.

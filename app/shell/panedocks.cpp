@@ -31,6 +31,7 @@ constexpr Place Places[] = {
     {"VxParametersPane", Qt::RightDockWidgetArea, 260, nullptr},
     {"VxHistoryPane", Qt::LeftDockWidgetArea, 220, "VxScenePane"},
     {"VxKeyToolsPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
+    {"VxKeyTablePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
     {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
     {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
 };

@@ -2,6 +2,7 @@
 
 #include "keytools/keytoolactions.h"
 #include "keytools/keytoolscript.h"
+#include "keytools/vxkeytablepane.h"
 #include "keytools/vxkeytoolspane.h"
 
 #include <vxcore/vxclassfactory.h>
@@ -74,6 +75,8 @@ void addClasses(VxPlugin *plugin)
     addClass<VxKeyToolsBakeAction>(plugin, "CEE78A3D-396F-4072-97AD-142CFF133643");
     addClass<VxKeyToolsConvertAction>(plugin, "3DB05692-E73A-4C98-8E98-964EA7B1FBF7");
     addClass<VxKeyToolsPinAction>(plugin, "6941590F-9220-441F-A8C5-F982D1519709");
+    addClass<VxKeyTablePane>(plugin, "5B7E1C1E-3A0E-4F0B-9E55-0B6C2C9D41A7");
+    addClass<VxKeyTableAction>(plugin, "C0A9D8F4-7C1B-4E5D-8B7A-2F6E1D90B3C5");
 }
 
 VxPlugin *definition()

@@ -1,8 +1,8 @@
 #ifndef KEYTOOLSTAGE_H
 #define KEYTOOLSTAGE_H
 
-#include <QMap>
 #include <QtTest>
+#include <algorithm>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyselection.h>
@@ -19,31 +19,35 @@
 class SelectionKeeper : public VxKeySelectionSource
 {
 public:
-    VxKeySelectionEntries entries() const override
-    {
-        VxKeySelectionEntries all;
-        for (auto it = m_spans.begin(); it != m_spans.end(); ++it)
-            all.push_back({it.key(), it.value(), 0});
-        return all;
-    }
+    VxKeySelectionEntries entries() const override { return m_entries; }
     std::vector<VxKeySpan> spansOf(VxProperty *holder) const override
     {
-        return m_spans.value(holder);
+        for (const VxKeySelectionEntry &entry : m_entries) {
+            if (entry.holder == holder)
+                return entry.spans;
+        }
+        return {};
     }
     void set(const VxKeySelectionEntries &entries, bool clearsOthers) override
     {
         if (clearsOthers)
-            m_spans.clear();
+            m_entries.clear();
         for (const VxKeySelectionEntry &entry : entries) {
-            if (entry.spans.empty())
-                m_spans.remove(entry.holder);
+            const auto same = std::find_if(
+                m_entries.begin(), m_entries.end(),
+                [&entry](const VxKeySelectionEntry &each) { return each.holder == entry.holder; });
+            if (same != m_entries.end())
+                same->spans = entry.spans;
             else
-                m_spans.insert(entry.holder, entry.spans);
+                m_entries.push_back({entry.holder, entry.spans, 0});
         }
+        m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
+                                       [](const auto &entry) { return entry.spans.empty(); }),
+                        m_entries.end());
     }
 
 private:
-    QMap<VxProperty *, std::vector<VxKeySpan>> m_spans;
+    VxKeySelectionEntries m_entries; // in the order of selection
 };
 
 /// An application with one selected node and a selection of keys.

@@ -249,7 +249,3 @@ QString VxMotionImport::getSummary() const
     return d->summary;
 }
 
-QStringList VxMotionImport::suffixes()
-{
-    return QStringList{QStringLiteral("bvh")} + VxImportWorker::suffixes();
-}

@@ -63,8 +63,6 @@ public:
     /// For the status line, after enter().
     QString getSummary() const;
 
-    /// The suffixes of the files that can be imported, lower case, without a dot.
-    static QStringList suffixes();
 
 private:
     class Private;

@@ -191,12 +191,6 @@ VxImportWorker::VxImportWorker()
 {
 }
 
-QStringList VxImportWorker::suffixes()
-{
-    return {QStringLiteral("glb"), QStringLiteral("gltf"), QStringLiteral("fbx"),
-            QStringLiteral("dae"), QStringLiteral("csv")};
-}
-
 QString VxImportWorker::defaultProgram()
 {
     const QDir folder(QCoreApplication::applicationDirPath());

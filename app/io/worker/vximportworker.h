@@ -33,8 +33,6 @@ public:
              const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
              VxFileError *error) const;
 
-    /// The suffixes of the formats that it reads, lower case, without a dot.
-    static QStringList suffixes();
 
     /// The importer program: beside this program, or in the folder bin of the build or the
     /// installation that contains this program.

@@ -395,7 +395,7 @@ void tst_VxStudioHeadless::everyActionAndSlotIsAnswered()
                 if (!/Quit|Exit/.test(name)) { App.action(name).trigger(); ++triggered; }
             });
             ["VxTimePane", "VxScenePane", "VxParametersPane", "VxHistoryPane", "VxKeyToolsPane",
-             "VxConsolePane"].forEach(function(name) {
+             "VxKeyTablePane", "VxConsolePane"].forEach(function(name) {
                 var pane = App.findPane(name);
                 if (!pane) throw new Error("no pane " + name);
                 called[name] = 0;
@@ -424,7 +424,8 @@ void tst_VxStudioHeadless::everyActionAndSlotIsAnswered()
     QVERIFY2(result.code == 0, qPrintable(result.errors + result.output));
     QCOMPARE(result.output,
              QString("actions true\nVxTimePane true\nVxScenePane true\nVxParametersPane true\n"
-                     "VxHistoryPane true\nVxKeyToolsPane true\nVxConsolePane true\n"));
+                     "VxHistoryPane true\nVxKeyToolsPane true\nVxKeyTablePane true\n"
+                     "VxConsolePane true\n"));
     QVERIFY2(result.errors.contains("cancelled, no user to answer"), qPrintable(result.errors));
     QVERIFY(timer.elapsed() < 40000);
 }

@@ -1,0 +1,41 @@
+#ifndef KEYTOOLS_KEYTABLEMODEL_H
+#define KEYTOOLS_KEYTABLEMODEL_H
+
+#include "keytools/keytablecells.h"
+
+#include <QtCore/QAbstractTableModel>
+
+/// The rows of the key table for a view. Edits go through KeyTableCells.
+class KeyTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    const KeyTableRows &rows() const { return m_rows; }
+    /// Shows the present targets of the key tools.
+    void refresh();
+    /// True when keys have changed since the last refresh.
+    bool isStale() const;
+    void setFilter(const QString &text);
+    void setTimeUnit(KeyTableCells::TimeUnit unit);
+    KeyTableCells::TimeUnit timeUnit() const { return m_unit; }
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// A negative column restores the order of the views.
+    void sort(int column, Qt::SortOrder order) override;
+
+private:
+    template <class Change> void change(const Change &change);
+
+    KeyTableRows m_rows;
+    int m_count = 0; // as announced to views
+    quint64 m_revision = 0;
+    KeyTableCells::TimeUnit m_unit = KeyTableCells::TimeUnit::Frames;
+};
+
+#endif

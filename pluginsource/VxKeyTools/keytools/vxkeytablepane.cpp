@@ -1,0 +1,273 @@
+#include "keytools/vxkeytablepane.h"
+
+#include "keytools/keytablemodel.h"
+
+#include <QtCore/QTimer>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyledItemDelegate>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxsettings.h>
+
+namespace {
+
+constexpr int RowPadding = 4; // pixels, of a row's height
+
+/// A table whose copy and paste are the pane's.
+class KeyTableView : public QTableView
+{
+public:
+    explicit KeyTableView(VxKeyTablePane *pane)
+        : m_pane(pane)
+    {
+    }
+
+protected:
+    // Claims the keys before commands of other panes.
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::ShortcutOverride) {
+            auto *key = static_cast<QKeyEvent *>(event);
+            if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste) ||
+                key->matches(QKeySequence::SelectAll)) {
+                event->accept();
+                return true;
+            }
+        }
+        return QTableView::event(event);
+    }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Copy))
+            m_pane->copyRows();
+        else if (event->matches(QKeySequence::Paste))
+            m_pane->pasteRows();
+        else
+            QTableView::keyPressEvent(event);
+    }
+
+private:
+    VxKeyTablePane *m_pane;
+};
+
+} // namespace
+
+/// Edits cells as text and gives what was typed to the pane.
+class KeyTableDelegate : public QStyledItemDelegate
+{
+public:
+    explicit KeyTableDelegate(VxKeyTablePane *pane)
+        : QStyledItemDelegate(pane)
+        , m_pane(pane)
+    {
+    }
+    void setModelData(QWidget *editor, QAbstractItemModel *,
+                      const QModelIndex &index) const override
+    {
+        const QString typed = static_cast<QLineEdit *>(editor)->text();
+        if (typed != index.data().toString())
+            m_pane->setCells(index, typed);
+    }
+
+private:
+    VxKeyTablePane *m_pane;
+};
+
+class VxKeyTablePane::Private
+{
+public:
+    explicit Private(VxKeyTablePane *pane)
+        : view(new KeyTableView(pane))
+    {
+    }
+
+    std::vector<int> selectedRows() const;
+
+    KeyTableModel model;
+    QTableView *view;
+    QLineEdit *filter = new QLineEdit;
+    QComboBox *unit = new QComboBox;
+    QLabel *message = new QLabel;
+    QTimer timer;
+};
+
+std::vector<int> VxKeyTablePane::Private::selectedRows() const
+{
+    std::vector<int> rows;
+    for (const QItemSelectionRange &range : view->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+VxKeyTablePane::VxKeyTablePane()
+    : VxPane(tr("Key Table"))
+    , d(std::make_unique<Private>(this))
+{
+    d->filter->setObjectName(QStringLiteral("filter"));
+    d->filter->setPlaceholderText(tr("Filter by node or property"));
+    d->filter->setClearButtonEnabled(true);
+    d->filter->setAccessibleName(tr("Filter by node or property"));
+    d->unit->setObjectName(QStringLiteral("unit"));
+    d->unit->addItems({tr("Frames"), tr("Seconds"), tr("Ticks"), tr("Timecode")});
+    d->unit->setToolTip(tr("Unit of times"));
+    d->unit->setAccessibleName(tr("Unit of times"));
+    d->message->setObjectName(QStringLiteral("message"));
+    d->message->setWordWrap(true);
+    d->view->setObjectName(QStringLiteral("table"));
+    d->view->setAccessibleName(tr("Keys"));
+    d->view->setModel(&d->model);
+    d->view->setItemDelegate(new KeyTableDelegate(this));
+    d->view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    d->view->setWordWrap(false);
+    QHeaderView *rows = d->view->verticalHeader();
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    rows->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+    rows->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QHeaderView *columns = d->view->horizontalHeader();
+    columns->setSortIndicator(-1, Qt::AscendingOrder);
+    d->view->setSortingEnabled(true);
+    auto *strip = new QHBoxLayout;
+    strip->addWidget(d->filter);
+    strip->addWidget(d->unit);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addLayout(strip);
+    layout->addWidget(d->view);
+    layout->addWidget(d->message);
+
+    connect(d->filter, &QLineEdit::textChanged, this, &VxKeyTablePane::setFilter);
+    connect(d->unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this](int unit) { d->model.setTimeUnit(KeyTableCells::TimeUnit(unit)); });
+    // Listing the keys needs a pass: once per event loop iteration, and only while visible.
+    d->timer.setSingleShot(true);
+    connect(&d->timer, &QTimer::timeout, this, &VxKeyTablePane::refresh);
+    const auto changed = [this] { d->timer.start(0); };
+    if (const VxKeySelection *selection = VxKeySelection::current())
+        connect(selection, &VxKeySelection::changed, this, changed);
+    if (vxScene) {
+        connect(vxScene, &VxScene::nodeSelectionListChanged, this, changed);
+        connect(vxScene, &VxScene::playRangeChanged, this, changed);
+        connect(vxScene, &VxScene::timeStepChanged, this, changed);
+    }
+}
+
+VxKeyTablePane::~VxKeyTablePane() = default;
+
+void VxKeyTablePane::restoreSettings(VxSettings *settings)
+{
+    const int unit = d->unit->findText(settings->getStringValue(QStringLiteral("TimeUnit")));
+    d->unit->setCurrentIndex(qMax(0, unit));
+}
+
+void VxKeyTablePane::saveSettings(VxSettings *settings) const
+{
+    settings->setStringValue(QStringLiteral("TimeUnit"), d->unit->currentText());
+}
+
+void VxKeyTablePane::setFilter(const QString &text)
+{
+    d->filter->setText(text);
+    d->model.setFilter(text);
+}
+
+void VxKeyTablePane::showEvent(QShowEvent *event)
+{
+    VxPane::showEvent(event);
+    refresh();
+}
+
+void VxKeyTablePane::refresh()
+{
+    if (!isVisible())
+        return;
+    d->model.refresh();
+    d->message->setText(tr("Shows %1.").arg(d->model.rows().targets().description()));
+}
+
+// What was typed or pasted belongs to the keys that the table shows.
+bool VxKeyTablePane::isCurrent()
+{
+    if (!d->model.isStale())
+        return true;
+    refresh();
+    d->message->setText(tr("The keys have changed meanwhile; nothing was set."));
+    return false;
+}
+
+bool VxKeyTablePane::setCells(const QModelIndex &index, const QString &typed)
+{
+    if (!isCurrent())
+        return false;
+    std::vector<int> rows = d->selectedRows();
+    if (!std::binary_search(rows.begin(), rows.end(), index.row()))
+        rows = {index.row()};
+    const KeyToolResult result =
+        KeyTableCells::setColumn(d->model.rows(), rows, KeyTableColumn(index.column()), typed);
+    refresh();
+    d->message->setText(result.message);
+    return result.done;
+}
+
+void VxKeyTablePane::copyRows()
+{
+    QGuiApplication::clipboard()->setText(
+        KeyTableCells::copied(d->model.rows(), d->selectedRows(), d->model.timeUnit()));
+}
+
+bool VxKeyTablePane::pasteRows()
+{
+    const QModelIndex current = d->view->currentIndex();
+    const QString text = QGuiApplication::clipboard()->text();
+    if (!current.isValid() || text.isEmpty() || !isCurrent())
+        return false;
+    const bool isWholeRow =
+        text.leftRef(text.indexOf(QLatin1Char('\n'))).count(QLatin1Char('\t')) + 1 ==
+        KeyTableColumns;
+    const KeyToolResult result = KeyTableCells::paste(
+        d->model.rows(), current.row(),
+        isWholeRow ? KeyTableColumn::Node : KeyTableColumn(current.column()), text);
+    refresh();
+    d->message->setText(result.message);
+    return result.done;
+}
+
+VxKeyTableAction::VxKeyTableAction()
+    : VxAction(tr("Key Table"), tr("Shows the selected keys as a table."))
+{
+}
+
+QString VxKeyTableAction::getDefaultMenuPath() const
+{
+    return tr("Keys");
+}
+
+QString VxKeyTableAction::getActionGroup() const
+{
+    return QStringLiteral("VxKeyToolsPane::");
+}
+
+void VxKeyTableAction::executeAction()
+{
+    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
+    if (!window)
+        return;
+    VxPane *pane = window->getPaneMgr()->findOrCreatePane(QStringLiteral("VxKeyTablePane"));
+    if (pane)
+        window->getPaneMgr()->showPane(pane);
+}
