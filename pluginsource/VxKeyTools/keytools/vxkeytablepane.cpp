@@ -119,6 +119,8 @@ VxKeyTablePane::VxKeyTablePane()
     : VxPane(tr("Key Table"))
     , d(std::make_unique<Private>(this))
 {
+    // Panes in the same place may be lower than the table's header and a row.
+    setMinimumSize(1, 1);
     d->filter->setObjectName(QStringLiteral("filter"));
     d->filter->setPlaceholderText(tr("Filter by node or property"));
     d->filter->setClearButtonEnabled(true);

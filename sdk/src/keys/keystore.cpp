@@ -3,7 +3,18 @@
 #include "undo/vxundovalueitem.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vxcore/vxkeyselection.h>
+
+namespace {
+
+/// To the last bit: 0 and -0 differ, as in the keys of an undo entry.
+template <class V> bool isSame(V a, V b)
+{
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+} // namespace
 
 /// Key changes of one property within a hold.
 template <class V> class KeyUndoItem : public VxUndoItem
@@ -89,7 +100,7 @@ public:
         m_value = present;
     }
 
-    bool finish() override { return m_property && !(m_store->stored() == m_value); }
+    bool finish() override { return m_property && !isSame(m_store->stored(), m_value); }
     qint64 memoryUsed() const override { return qint64(sizeof(*this)); }
 
 private:
@@ -131,7 +142,7 @@ template <class V> bool KeyStore<V>::areIndexes(const QVector<int> &indexes) con
 
 template <class V> bool KeyStore<V>::setStored(V value)
 {
-    if (m_stored == value)
+    if (isSame(m_stored, value))
         return true;
     VxUndoStack *stack = VxUndoStack::current();
     using Item = StoredValueUndoItem<V>;

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void storedValueHoldsWithoutKeys();
+    void undoRestoresTheSignOfZero();
     void settingAValueMakesAKeyAtTheCurrentTime();
     void newKeyHasTheShapeOfThePreviousKey();
     void replacedKeyKeepsItsShape();
@@ -77,6 +78,21 @@ void TestFloatProperty::storedValueHoldsWithoutKeys()
     QCOMPARE(x.getDefaultValue(), 2.5f);
     QCOMPARE(x.getKeyTimes(), nullptr);
     QCOMPARE(x.getFirstKeyFrom(0), 0);
+}
+
+// A limit can be -0, as those of mirrored joints: a drag that ends there is undone to the last bit.
+void TestFloatProperty::undoRestoresTheSignOfZero()
+{
+    VxUndoStack stack;
+    VxFloatProperty x(QStringLiteral("X"));
+    x.setMinMax(-0.0f, 150.0f, true);
+    VxUndoStackHold hold;
+    QVERIFY(x.setStoredValue(5.0f));
+    QVERIFY(x.setStoredValue(-1.0f));
+    QVERIFY(std::signbit(x.getStoredValue()));
+    hold.accept(QStringLiteral("Drag"));
+    stack.undo();
+    QVERIFY(!std::signbit(x.getStoredValue()));
 }
 
 void TestFloatProperty::settingAValueMakesAKeyAtTheCurrentTime()
