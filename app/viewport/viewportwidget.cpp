@@ -202,7 +202,7 @@ void ViewportWidget::frameFirstFigure()
     for (const QVector3D &point :
          FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints()) {
         const auto at = m_camera.project(point);
-        isInView = isInView && at && rect().contains(at->toPoint());
+        isInView = isInView && at && QRectF(rect()).contains(*at);
         seen |= QRectF(at.value_or(QPointF()), QSizeF(1, 1));
     }
     // Bones that were drawn in this view stay where they are.

@@ -145,7 +145,9 @@ private:
             return anyPixel();
         const GizmoShape &shape = shapes.at(below(shapes.size()));
         const QPolygonF &points = shape.area.isEmpty() ? shape.line : shape.area;
-        return points.at(below(points.size())).toPoint();
+        const QPointF point = points.at(below(points.size()));
+        const QRectF near = QRectF(m_view.rect()).adjusted(-1e4, -1e4, 1e4, 1e4);
+        return near.contains(point) ? point.toPoint() : anyPixel();
     }
 
     void disturb()
