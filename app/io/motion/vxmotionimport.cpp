@@ -248,4 +248,3 @@ QString VxMotionImport::getSummary() const
 {
     return d->summary;
 }
-

@@ -63,7 +63,6 @@ public:
     /// For the status line, after enter().
     QString getSummary() const;
 
-
 private:
     class Private;
     std::unique_ptr<Private> d;
