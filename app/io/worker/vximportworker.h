@@ -33,7 +33,6 @@ public:
              const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
              VxFileError *error) const;
 
-
     /// The importer program: beside this program, or in the folder bin of the build or the
     /// installation that contains this program.
     static QString defaultProgram();
