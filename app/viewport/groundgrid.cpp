@@ -7,6 +7,8 @@ namespace {
 
 constexpr int LinesToEachSide = 20;
 constexpr int MajorEvery = 5;
+// Beyond it, single precision has the same place for neighbouring lines.
+constexpr double FurthestMajor = 1e15;
 
 GroundLine::Role roleOf(qint64 number, GroundLine::Role axis)
 {
@@ -31,7 +33,8 @@ QVector<GroundLine> groundGrid(const QVector3D &center, float step, GridPlane pl
 {
     // Around a major line, so that the pattern stays in place when the view moves.
     const auto nearestMajor = [step](float at) {
-        return qint64(std::llround(at / (step * MajorEvery))) * MajorEvery;
+        const double majors = double(at) / (double(step) * MajorEvery);
+        return qint64(std::llround(std::clamp(majors, -FurthestMajor, FurthestMajor))) * MajorEvery;
     };
     const int u = plane == GridPlane::YZ ? 1 : 0;
     const int v = plane == GridPlane::XY ? 1 : 2;

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void linesAreAtMultiplesOfTheStep();
     void everyFifthIsMajorAndTheAxesAreLast();
     void theAxesLeaveTheViewWithTheCenter();
+    void farCentersHaveNoAxes();
     void planesThroughTheOrigin_data();
     void planesThroughTheOrigin();
 };
@@ -72,6 +73,18 @@ void tst_GroundGrid::theAxesLeaveTheViewWithTheCenter()
 {
     for (const GroundLine &line : groundGrid({1000, 0, -1000}, 1))
         QVERIFY(line.role == GroundLine::Minor || line.role == GroundLine::Major);
+}
+
+// The multiples of the step there are more than a whole number can hold.
+void tst_GroundGrid::farCentersHaveNoAxes()
+{
+    for (const float far : {1e30f, -1e30f}) {
+        for (const GroundLine &line : groundGrid({far, 0, far}, 1)) {
+            QVERIFY(line.role == GroundLine::Minor || line.role == GroundLine::Major);
+            QCOMPARE(line.from.x() > 0, far > 0);
+            QCOMPARE(line.to.z() > 0, far > 0);
+        }
+    }
 }
 
 void tst_GroundGrid::planesThroughTheOrigin_data()
