@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double Farthest = 1e9;
+constexpr double FarthestEnd = 1e9;
 constexpr int Decimals = 4;
 constexpr int FieldWidth = 90; // pixels
 
@@ -70,7 +70,7 @@ BoneDialog::~BoneDialog()
 QDoubleSpinBox *BoneDialog::addNumber(const QString &suffix)
 {
     auto *box = new QDoubleSpinBox(this);
-    box->setRange(-Farthest, Farthest);
+    box->setRange(-FarthestEnd, FarthestEnd);
     box->setDecimals(Decimals);
     box->setSuffix(suffix);
     box->setMinimumWidth(FieldWidth);

@@ -1,6 +1,7 @@
 #include "gizmo/gizmopainter.h"
 
 #include "viewport/figurepainter.h"
+#include "viewport/palettetone.h"
 
 #include <QPainter>
 #include <QPalette>
@@ -10,22 +11,17 @@ namespace {
 constexpr double ShapeWidth = 2.2;
 constexpr double ViewRingWidth = 1.2;
 constexpr double ActiveWidth = 3.6;
-constexpr double OutlineWidth = 1.6; // on each side
+constexpr double HandleOutlineWidth = 1.6; // on each side
 constexpr int BackAlpha = 60;
 constexpr int SquareAlpha = 110;
 constexpr QPointF ReadoutOffset(18, 22); // clear of the pointer
 constexpr double ReadoutMargin = 5;
 
-bool isDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Window).lightness() < 128;
-}
-
 QColor inkOf(const GizmoShape &shape, GizmoPart active, const QPalette &palette)
 {
     if (shape.locked)
         return palette.color(QPalette::Disabled, QPalette::WindowText);
-    const bool dark = isDark(palette);
+    const bool dark = hasDarkBase(palette);
     if (shape.part == active)
         return dark ? QColor(255, 214, 64) : QColor(214, 120, 0);
     switch (gizmoAxis(shape.part)) {
@@ -80,8 +76,8 @@ void paintGizmo(QPainter *painter, const QVector<GizmoShape> &shapes, GizmoPart 
                                  : isViewRing ? ViewRingWidth
                                               : ShapeWidth;
             if (shape.line.size() > 1) {
-                painter->setPen(QPen(outline, width + 2 * OutlineWidth, Qt::SolidLine, Qt::RoundCap,
-                                     Qt::RoundJoin));
+                painter->setPen(QPen(outline, width + 2 * HandleOutlineWidth, Qt::SolidLine,
+                                     Qt::RoundCap, Qt::RoundJoin));
                 painter->setBrush(Qt::NoBrush);
                 painter->drawPolyline(shape.line);
             }

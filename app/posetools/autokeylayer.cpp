@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double EdgeWidth = 2;
+constexpr double TintWidth = 2;
 constexpr int EdgeAlpha = 150;
 
 } // namespace
@@ -29,9 +29,9 @@ void AutoKeyLayer::paint(QPainter *painter, const ViewportCamera &camera,
     red.setAlpha(EdgeAlpha);
     painter->setRenderHint(QPainter::Antialiasing, false);
     const QRectF view(QPointF(), camera.viewSize());
-    painter->fillRect(QRectF(0, 0, view.width(), EdgeWidth), red);
-    painter->fillRect(QRectF(0, view.height() - EdgeWidth, view.width(), EdgeWidth), red);
-    const QRectF side(0, EdgeWidth, EdgeWidth, view.height() - 2 * EdgeWidth);
+    painter->fillRect(QRectF(0, 0, view.width(), TintWidth), red);
+    painter->fillRect(QRectF(0, view.height() - TintWidth, view.width(), TintWidth), red);
+    const QRectF side(0, TintWidth, TintWidth, view.height() - 2 * TintWidth);
     painter->fillRect(side, red);
-    painter->fillRect(side.translated(view.width() - EdgeWidth, 0), red);
+    painter->fillRect(side.translated(view.width() - TintWidth, 0), red);
 }

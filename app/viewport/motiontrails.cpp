@@ -1,5 +1,6 @@
 #include "viewport/motiontrails.h"
 
+#include "viewport/palettetone.h"
 #include "viewport/viewportcamera.h"
 
 #include <QPainter>
@@ -17,19 +18,14 @@ constexpr QPointF LabelOffset(8, -6);
 // Points farther out are not painted: a painter is slow with lines far beyond its image.
 constexpr double TrailSurroundings = 2000;
 
-bool isDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Base).lightness() < 128;
-}
-
 QColor inkBefore(const QPalette &palette)
 {
-    return isDark(palette) ? QColor(240, 120, 110) : QColor(190, 50, 40);
+    return hasDarkBase(palette) ? QColor(240, 120, 110) : QColor(190, 50, 40);
 }
 
 QColor inkAfter(const QPalette &palette)
 {
-    return isDark(palette) ? QColor(100, 175, 245) : QColor(25, 90, 190);
+    return hasDarkBase(palette) ? QColor(100, 175, 245) : QColor(25, 90, 190);
 }
 
 QRectF square(const QPointF &at, double side)
