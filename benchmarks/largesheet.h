@@ -78,7 +78,7 @@ public:
                    return QLatin1String(name).contains(part);
                });
     }
-    // most: 0 for a line that is only told.
+    // most: 0 for a line that is reported only.
     void add(const char *name, double milliseconds, double loop, double most)
     {
         std::printf("%-34s %9.3f %9.4f %8.1f", name, milliseconds, loop, milliseconds / loop);

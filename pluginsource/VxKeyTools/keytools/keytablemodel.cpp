@@ -41,7 +41,9 @@ void KeyTableModel::setFilter(const QString &text)
 void KeyTableModel::setTimeUnit(KeyTableCells::TimeUnit unit)
 {
     m_unit = unit;
-    change([](KeyTableRows *) {});
+    if (m_count > 0)
+        Q_EMIT dataChanged(index(0, int(KeyTableColumn::Time)),
+                           index(m_count - 1, int(KeyTableColumn::Time)));
 }
 
 int KeyTableModel::rowCount(const QModelIndex &parent) const

@@ -153,7 +153,7 @@ VxKeyTablePane::VxKeyTablePane()
     layout->addWidget(d->view);
     layout->addWidget(d->message);
 
-    connect(d->filter, &QLineEdit::textChanged, this, &VxKeyTablePane::setFilter);
+    connect(d->filter, &QLineEdit::textChanged, &d->model, &KeyTableModel::setFilter);
     connect(d->unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this](int unit) { d->model.setTimeUnit(KeyTableCells::TimeUnit(unit)); });
     // Listing the keys needs a pass: once per event loop iteration, and only while visible.
@@ -185,7 +185,6 @@ void VxKeyTablePane::saveSettings(VxSettings *settings) const
 void VxKeyTablePane::setFilter(const QString &text)
 {
     d->filter->setText(text);
-    d->model.setFilter(text);
 }
 
 void VxKeyTablePane::showEvent(QShowEvent *event)

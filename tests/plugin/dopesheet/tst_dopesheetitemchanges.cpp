@@ -85,8 +85,8 @@ void TestDopeSheetItemChanges::showsPresentKeysWithinAChangeBlock()
     QCOMPARE(timesOf(*m_root), Times({0, 6, 20}));
 }
 
-// At the end of a block properties report one after the other: whoever listens to the first one
-// sees the present keys of all.
+// At the end of a block properties report one after the other: a receiver of the first report
+// gets the present keys of all.
 void TestDopeSheetItemChanges::showsPresentKeysWhileOthersReport()
 {
     makeTree({0, 10}, {5});
