@@ -33,6 +33,16 @@ QRectF square(const QPointF &at, double side)
     return {at - QPointF(side, side) / 2, QSizeF(side, side)};
 }
 
+/// Larger than a frame: a key, unless the dots on both sides are keys too. The trail of a capture
+/// with keys on every frame would be a band.
+bool isMarked(const MotionTrail &trail, int i)
+{
+    const auto isKey = [&trail](int index) {
+        return index >= 0 && index < trail.dots.size() && trail.dots.at(index).isKey;
+    };
+    return isKey(i) && !(isKey(i - 1) && isKey(i + 1));
+}
+
 /// The dots of a trail on the screen; a break in the line is a point that is null.
 class TrailPicture
 {
@@ -228,9 +238,8 @@ void MotionTrails::paintTrail(const MotionTrail &trail, QPainter *painter,
     picture.paintLine(painter, playhead > 0 ? playhead - 1 : 0, count - 1);
     painter->setRenderHint(QPainter::Antialiasing, false);
     for (std::size_t i = 0; i < count; ++i) {
-        const MotionTrail::Dot &dot = trail.dots.at(int(i));
         if (const auto &at = picture.at(i))
-            painter->fillRect(square(*at, dot.isKey ? KeySide : FrameSide),
+            painter->fillRect(square(*at, isMarked(trail, int(i)) ? KeySide : FrameSide),
                               i < playhead ? before : after);
     }
     painter->setRenderHint(QPainter::Antialiasing);

@@ -10,8 +10,8 @@
 class VxScene;
 
 /// The motion trails of the selected nodes over the play range, as a layer of the viewport: frames
-/// as dots, keys as larger ones, in one colour before the playhead and in another after it. A click
-/// on a dot sets the scene's time.
+/// as dots, keys as larger ones (of keys on neighbouring frames the first and the last), in one
+/// colour before the playhead and in another after it. A click on a dot sets the scene's time.
 ///
 /// A trail is kept until values, hierarchy or play range change; time and camera do not count, so
 /// that playback only projects and paints.

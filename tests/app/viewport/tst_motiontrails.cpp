@@ -148,6 +148,12 @@ void tst_MotionTrails::coloursChangeAtThePlayhead()
     const QPoint above(0, -2);
     QVERIFY(other.pixelColor(pixel({5.5f, 0, 0}) + above).blue() > 150);
     QVERIFY(other.pixelColor(pixel({8, 0, 0}) + above).blue() < 150);
+    // Of keys on neighbouring frames only the ends are.
+    for (int frame = 0; frame <= 8; ++frame)
+        m_joint->getXPosControl()->setKey(frame * 160, float(frame), 0);
+    const QImage dense = picture();
+    QVERIFY(dense.pixelColor(pixel({8, 0, 0}) + above).blue() > 150);
+    QVERIFY(dense.pixelColor(pixel({3, 0, 0}) + above).blue() < 150);
 }
 
 void tst_MotionTrails::aClickOnADotSetsTheTime_data()
