@@ -43,6 +43,7 @@ private:
     void readFormat();
     VxTimeRange readRange();
     VxCameraState readCamera();
+    VxMarker readMarker();
     void readNode();
     bool readNodeMember(const QString &name, NodeRecord &record);
     void checkDepth(NodeRecord &record);
@@ -117,6 +118,8 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         contents->views[1] = readRange();
     else if (is("view3"))
         contents->views[2] = readRange();
+    else if (is("markers"))
+        m_input.array([&] { contents->markers.append(readMarker()); });
     else if (is("looping"))
         contents->looping = m_input.boolean();
     else if (is("animating"))
@@ -152,6 +155,32 @@ VxCameraState SceneBuilder::readCamera()
         return true;
     });
     return camera.corrected();
+}
+
+VxMarker SceneBuilder::readMarker()
+{
+    VxMarker marker;
+    std::optional<VxTime> start;
+    std::optional<VxTime> end;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("name"))
+            marker.name = m_input.text();
+        else if (name == QLatin1String("start"))
+            start = m_input.int32();
+        else if (name == QLatin1String("end"))
+            end = m_input.int32();
+        else if (name == QLatin1String("color"))
+            marker.color = 0xff000000 | QRgb(m_input.integer(0, 0xffffff));
+        else
+            return false;
+        return true;
+    });
+    if (!m_input.failed() && !start)
+        m_input.fail(VxFileText::tr("The marker \"%1\" has no start.").arg(marker.name));
+    marker.span = VxTimeRange(start.value_or(0), end.value_or(start.value_or(0)));
+    if (!m_input.failed() && marker.span.getEnd() < marker.span.getStart())
+        m_input.fail(VxFileText::tr("The marker \"%1\" ends before it starts.").arg(marker.name));
+    return marker;
 }
 
 QVector3D SceneBuilder::readVector()
@@ -379,6 +408,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->setAnimRange(contents.animRange);
     scene->setPlayRange(contents.playRange);
     VxSceneViews::of(scene)->setViews(contents.views);
+    VxMarkers::of(scene)->replaceAll(contents.markers);
     scene->setTime(contents.time);
     scene->loopPlayback(contents.looping);
     scene->setAnimating(contents.animating);

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <memory>
 #include <vector>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxtimerange.h>
 
@@ -28,6 +29,7 @@ struct VxSceneContents
     VxTimeRange playRange;
     VxTimeRange animRange;
     VxSceneViews::Views views;
+    VxMarkerList markers;
     std::optional<VxCameraState> camera;
     bool looping = false;
     bool animating = true;

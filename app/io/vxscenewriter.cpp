@@ -14,6 +14,7 @@
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
@@ -44,6 +45,7 @@ private:
     void writeHeader();
     void writeRestPose(const VxRestPose &rest);
     void writeCamera(const VxCameraState &camera);
+    void writeMarkers(const VxMarkerList &markers);
     void writeNode(VxNode *node, int parent);
     void writeElement(VxElement *element);
     void writeObject(VxObject *object);
@@ -164,6 +166,26 @@ void SceneStream::writeHeader()
     flag("animating", m_scene->isAnimating(), true);
     if (const auto camera = VxSceneCamera::stateOf(m_scene))
         writeCamera(*camera);
+    writeMarkers(VxMarkers::listOf(m_scene));
+}
+
+/** Without markers the member is left out. The end of a point is left out. */
+void SceneStream::writeMarkers(const VxMarkerList &markers)
+{
+    if (markers.isEmpty())
+        return;
+    key("markers");
+    m_out.startArray(quint64(markers.size()));
+    for (const VxMarker &marker : markers) {
+        m_out.startMap();
+        text("name", marker.name);
+        integer("start", marker.span.getStart());
+        if (!marker.isPoint())
+            integer("end", marker.span.getEnd());
+        integer("color", marker.color & 0xffffff);
+        m_out.endMap();
+    }
+    m_out.endArray();
 }
 
 void SceneStream::writeCamera(const VxCameraState &camera)

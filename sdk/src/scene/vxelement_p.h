@@ -28,7 +28,8 @@ enum VxSceneUndoKind {
     VxUndoSceneTimeStep,
     VxUndoScenePlayRange,
     VxUndoSceneAnimRange,
-    VxUndoSceneViews
+    VxUndoSceneViews,
+    VxUndoSceneMarkers
 };
 
 /// The record of every element. Those of nodes and objects derive from it; virtual functions notify

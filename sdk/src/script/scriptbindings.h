@@ -17,6 +17,8 @@ void registerProperties(QScriptEngine *engine);
 void registerNodes(QScriptEngine *engine);
 /// The scene: nodes, ranges, building.
 void registerScene(QScriptEngine *engine);
+/// The markers of the scene, `Scene.markers`.
+void registerMarkers(QScriptEngine *engine);
 /// The selected keys, with entries() and set().
 QScriptValue makeKeySelection(QScriptEngine *engine, VxKeySelection *selection);
 /// The application: panes and actions. Sets the globals Scene, App and Undo.

@@ -2,6 +2,7 @@
 #include "script/scriptbindings.h"
 
 #include <vxcore/vxbone.h>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
@@ -84,6 +85,13 @@ QScriptValue getAnimRange(QScriptContext *context, QScriptEngine *engine)
     return arguments.failed() ? arguments.error() : engine->toScriptValue(scene->getAnimRange());
 }
 
+QScriptValue getMarkers(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "markers");
+    auto *scene = arguments.self<VxScene>();
+    return arguments.failed() ? arguments.error() : toScript(engine, VxMarkers::of(scene));
+}
+
 QScriptValue setRange(ScriptArguments &arguments, void (VxScene::*setter)(const VxTimeRange &))
 {
     auto *scene = arguments.self<VxScene>();
@@ -126,5 +134,7 @@ void ScriptBindings::registerScene(QScriptEngine *engine)
 {
     QScriptValue prototype = engine->newObject();
     installFunctions(engine, prototype, sceneFunctions);
+    prototype.setProperty(QStringLiteral("markers"), engine->newFunction(getMarkers),
+                          QScriptValue::PropertyGetter | QScriptValue::SkipInEnumeration);
     engine->setDefaultPrototype(qMetaTypeId<VxScene *>(), prototype);
 }

@@ -113,6 +113,7 @@ VxScriptEngine::VxScriptEngine(QObject *parent)
     ScriptBindings::registerProperties(engine);
     ScriptBindings::registerNodes(engine);
     ScriptBindings::registerScene(engine);
+    ScriptBindings::registerMarkers(engine);
     setArguments({});
     d->memoryTimer.setInterval(AbortInterval);
     connect(&d->memoryTimer, &QTimer::timeout, this, [this] {

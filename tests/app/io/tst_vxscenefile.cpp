@@ -16,6 +16,7 @@
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void sampleRoundTripsByteForByte();
     void everyTraitRoundTrips();
     void theCameraRoundTrips();
+    void markersRoundTrip();
     void keysOfEveryKindRoundTrip();
     void emptyScene();
     void aliasesAndLinksMayPointForward();
@@ -198,6 +200,43 @@ void TestSceneFile::theCameraRoundTrips()
     QCOMPARE(VxSceneCamera::stateOf(&copy)->pitch, 90.0f);
     copy.clear();
     QVERIFY(!VxSceneCamera::stateOf(&copy));
+}
+
+void TestSceneFile::markersRoundTrip()
+{
+    VxScene scene;
+    QVERIFY(!sampleMap().contains(QStringLiteral("markers"))); // as in older files
+    VxMarker point;
+    point.name = QStringLiteral("Zürich, \"line\"\nbreak");
+    point.span = VxTimeRange(VxTimeMin, VxTimeMin);
+    VxMarker span;
+    span.span = VxTimeRange(-5, VxTimeMax);
+    span.color = 0xff010203;
+    VxMarkers::of(&scene)->add({span, point});
+    const QByteArray bytes = bytesOf(scene);
+    VxScene copy;
+    VxFileError error;
+    QVERIFY2(load(bytes, &copy, &error), qPrintable(error.text()));
+    const VxMarkerList read = VxMarkers::listOf(&copy);
+    QCOMPARE(read.size(), 2);
+    QCOMPARE(read.at(0).name, point.name);
+    QCOMPARE(read.at(0).span, point.span);
+    QCOMPARE(read.at(0).color, VxMarker::DefaultColor);
+    QCOMPARE(read.at(1).name, QString());
+    QCOMPARE(read.at(1).span, span.span);
+    QCOMPARE(read.at(1).color, span.color);
+    QCOMPARE(bytesOf(copy), bytes);
+    // A later version's member is skipped; markers of the former scene are not kept.
+    QCborMap map = QCborValue::fromCbor(bytes).toMap();
+    map.insert(QStringLiteral("markers"),
+               QCborArray{QCborMap{{QStringLiteral("icon"), 3}, {QStringLiteral("start"), 7}}});
+    VxSceneContents contents;
+    QVERIFY(VxSceneReader().read(map.toCborValue().toCbor(), &contents, &error));
+    QCOMPARE(contents.unknownMembers, QStringList{QStringLiteral("icon")});
+    VxSceneReader::install(std::move(contents), &copy);
+    QCOMPARE(VxMarkers::listOf(&copy).size(), 1);
+    QVERIFY(load(sampleBytes(), &copy, &error));
+    QVERIFY(VxMarkers::listOf(&copy).isEmpty());
 }
 
 void TestSceneFile::keysOfEveryKindRoundTrip()
@@ -361,6 +400,22 @@ void TestSceneFile::brokenFiles_data()
         << QStringLiteral("Expected a number");
     QTest::newRow("range with one end")
         << changed("playRange", QCborArray{1}) << QStringLiteral("Expected 2 numbers");
+    const auto marker = [&changed](const QCborMap &members) {
+        return changed("markers", QCborArray{members});
+    };
+    QTest::newRow("markers are a map")
+        << changed("markers", QCborMap{}) << QStringLiteral("Expected an array");
+    QTest::newRow("marker without a start")
+        << marker({{QStringLiteral("name"), QStringLiteral("m")}})
+        << QStringLiteral("The marker \"m\" has no start.");
+    QTest::newRow("marker that ends before it starts")
+        << marker({{QStringLiteral("start"), 5}, {QStringLiteral("end"), 4}})
+        << QStringLiteral("ends before it starts");
+    QTest::newRow("marker beyond all times")
+        << marker({{QStringLiteral("start"), qint64(1) << 40}}) << QStringLiteral("out of range");
+    QTest::newRow("marker of a colour that is a text")
+        << marker({{QStringLiteral("start"), 5}, {QStringLiteral("color"), QStringLiteral("red")}})
+        << QStringLiteral("Expected");
     QByteArray deep("\xa1\x61\x78", 3);
     deep += QByteArray(100000, '\x81');
     QTest::newRow("deep nesting") << QByteArray("\xa2\x66"
@@ -379,8 +434,10 @@ void TestSceneFile::brokenFiles()
     QFETCH(QString, message);
     VxScene scene;
     scene.addNode(new VxNode(QStringLiteral("kept")));
+    VxMarkers::of(&scene)->add(VxMarker());
     VxFileError error;
     QVERIFY(!load(bytes, &scene, &error));
+    QCOMPARE(VxMarkers::listOf(&scene).size(), 1);
     QVERIFY2(error.message.contains(message), qPrintable(error.text()));
     QVERIFY(error.offset >= 0);
     QVERIFY(scene.findNode(QStringLiteral("kept")));

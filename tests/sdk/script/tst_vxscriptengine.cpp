@@ -442,6 +442,19 @@ void TestScriptEngine::badArguments_data()
                                   << "finite number";
     QTest::newRow("unknown interpolation") << "p.setKey(0, 1, 5)"
                                            << "0, 1 or 2";
+    QTest::newRow("marker without a time") << "Scene.markers.add({ name: 'a' })"
+                                           << "Scene.markers.add() expects a whole number as start";
+    QTest::newRow("marker of a list") << "Scene.markers.add([{ start: 1 }, { start: NaN }])"
+                                      << "expects a whole number as start of marker 1";
+    QTest::newRow("marker with an unreadable colour")
+        << "Scene.markers.add({ start: 1, colour: 'of the sky' })"
+        << "expects a colour such as";
+    QTest::newRow("marker that ends before it starts") << "Scene.markers.add({ start: 5, end: 4 })"
+                                                       << "an end that is not before the start";
+    QTest::newRow("no marker at all") << "Scene.markers.add(5)"
+                                      << "expects a whole number as start";
+    QTest::newRow("unknown marker") << "Scene.markers.set(12345, {})"
+                                    << "has no marker with id 12345";
     QTest::newRow("no array") << "p.setKeys(3)"
                               << "expects an array";
     QTest::newRow("an array that says it is huge")

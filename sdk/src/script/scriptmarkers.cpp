@@ -1,0 +1,224 @@
+#include "script/scriptarguments.h"
+#include "script/scriptbindings.h"
+
+#include <QtGui/QColor>
+#include <vxcore/vxmarkers.h>
+#include <vxcore/vxscene.h>
+
+#include <cmath>
+
+namespace {
+
+const auto MarkerIdText = QStringLiteral("id");
+const auto MarkerNameText = QStringLiteral("name");
+const auto MarkerStartText = QStringLiteral("start");
+const auto MarkerEndText = QStringLiteral("end");
+const auto MarkerColourText = QStringLiteral("colour");
+
+QScriptValue toScript(QScriptEngine *engine, const VxMarker &marker)
+{
+    QScriptValue value = engine->newObject();
+    value.setProperty(MarkerIdText, marker.id);
+    value.setProperty(MarkerNameText, marker.name);
+    value.setProperty(MarkerStartText, marker.span.getStart());
+    value.setProperty(MarkerEndText, marker.span.getEnd());
+    value.setProperty(MarkerColourText, QColor(marker.color).name());
+    return value;
+}
+
+/// Reads the members that an object has into a marker. Without an end, a point stays a point and a
+/// span keeps its length.
+class MarkerReader
+{
+public:
+    /// place: for messages, such as " of marker 2".
+    MarkerReader(ScriptArguments *arguments, const QScriptValue &value, const QString &place)
+        : m_arguments(arguments)
+        , m_value(value)
+        , m_place(place)
+    {
+    }
+
+    void read(VxMarker *marker)
+    {
+        if (!m_value.isObject())
+            return fail(QStringLiteral("expects an object with name, start, end and colour"));
+        if (has(MarkerNameText)) {
+            if (!m_value.property(MarkerNameText).isString())
+                return fail(QStringLiteral("expects a string as name"));
+            marker->name = m_value.property(MarkerNameText).toString();
+        }
+        readSpan(&marker->span);
+        if (has(MarkerColourText))
+            readColour(&marker->color);
+    }
+
+    bool has(const QString &name) const { return m_value.property(name).isValid(); }
+
+private:
+    void fail(const QString &message) { m_arguments->fail(message + m_place); }
+
+    VxTime time(const QString &name)
+    {
+        const double number = m_value.property(name).toNumber();
+        const bool isTime = m_value.property(name).isNumber() && number == std::floor(number) &&
+                            number >= VxTimeMin && number <= VxTimeMax;
+        if (!isTime)
+            fail(QStringLiteral("expects a whole number as %1").arg(name));
+        return isTime ? VxTime(number) : 0;
+    }
+
+    void readSpan(VxTimeRange *span)
+    {
+        const qint64 length = qint64(span->getEnd()) - span->getStart();
+        if (has(MarkerStartText)) {
+            span->setStart(time(MarkerStartText));
+            span->setEnd(int(qMin<qint64>(span->getStart() + length, VxTimeMax)));
+        }
+        if (has(MarkerEndText))
+            span->setEnd(time(MarkerEndText));
+        if (span->getEnd() < span->getStart())
+            fail(QStringLiteral("expects an end that is not before the start"));
+    }
+
+    void readColour(QRgb *result)
+    {
+        const QColor colour(m_value.property(MarkerColourText).toString());
+        if (!colour.isValid())
+            fail(QStringLiteral("expects a colour such as \"#e0a030\""));
+        *result = colour.rgb();
+    }
+
+    ScriptArguments *m_arguments;
+    QScriptValue m_value;
+    QString m_place;
+};
+
+QScriptValue listMarkers(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "Scene.markers.list()");
+    const auto *markers = arguments.self<VxMarkers>();
+    if (arguments.failed())
+        return arguments.error();
+    const VxMarkerList present = markers->list();
+    QScriptValue array = engine->newArray(uint(present.size()));
+    for (int i = 0; i < present.size(); ++i)
+        array.setProperty(quint32(i), toScript(engine, present.at(i)));
+    return array;
+}
+
+VxMarker newMarker(ScriptArguments &arguments, const QScriptValue &value, const QString &place)
+{
+    VxMarker marker;
+    MarkerReader reader(&arguments, value, place);
+    if (!reader.has(MarkerStartText))
+        arguments.fail(QStringLiteral("expects a whole number as start") + place);
+    reader.read(&marker);
+    return marker;
+}
+
+QScriptValue addMarkers(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "Scene.markers.add()");
+    auto *markers = arguments.self<VxMarkers>();
+    const QScriptValue given = context->argument(0);
+    VxMarkerList added;
+    if (given.isArray()) {
+        const quint32 count = given.property(QStringLiteral("length")).toUInt32();
+        for (quint32 i = 0; i < count && !arguments.failed(); ++i)
+            added.append(
+                newMarker(arguments, given.property(i), QStringLiteral(" of marker %1").arg(i)));
+    } else {
+        added.append(newMarker(arguments, given, QString()));
+    }
+    if (arguments.failed())
+        return arguments.error();
+    const QVector<int> ids = markers->add(added);
+    if (!given.isArray())
+        return QScriptValue(ids.first());
+    QScriptValue array = engine->newArray(uint(ids.size()));
+    for (int i = 0; i < ids.size(); ++i)
+        array.setProperty(quint32(i), ids.at(i));
+    return array;
+}
+
+QScriptValue setMarker(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "Scene.markers.set()");
+    auto *markers = arguments.self<VxMarkers>();
+    const int id = arguments.integer(0, "id");
+    std::optional<VxMarker> marker;
+    if (!arguments.failed()) {
+        marker = markers->find(id);
+        if (!marker)
+            arguments.fail(QStringLiteral("has no marker with id %1").arg(id));
+    }
+    if (marker)
+        MarkerReader(&arguments, context->argument(1), QString()).read(&*marker);
+    if (arguments.failed())
+        return arguments.error();
+    markers->set(*marker);
+    return engine->undefinedValue();
+}
+
+QScriptValue removeMarkers(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "Scene.markers.remove()");
+    auto *markers = arguments.self<VxMarkers>();
+    const QVector<int> ids = context->argument(0).isArray()
+                                 ? arguments.integers(0, "ids")
+                                 : QVector<int>{arguments.integer(0, "id")};
+    if (arguments.failed())
+        return arguments.error();
+    const int before = markers->count();
+    markers->remove(ids);
+    return QScriptValue(before - markers->count());
+}
+
+QScriptValue clearMarkers(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "Scene.markers.clear()");
+    auto *markers = arguments.self<VxMarkers>();
+    if (arguments.failed())
+        return arguments.error();
+    markers->replaceAll({});
+    return engine->undefinedValue();
+}
+
+template <std::optional<VxTime> (VxMarkers::*step)(VxTime) const>
+QScriptValue stepMarkers(ScriptArguments &arguments)
+{
+    const auto *markers = arguments.self<VxMarkers>();
+    const int time = arguments.integer(0, "time");
+    if (arguments.failed())
+        return arguments.error();
+    const std::optional<VxTime> found = (markers->*step)(time);
+    return found ? QScriptValue(*found) : arguments.engine()->nullValue();
+}
+
+QScriptValue markerAfter(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "Scene.markers.after()");
+    return stepMarkers<&VxMarkers::timeAfter>(arguments);
+}
+
+QScriptValue markerBefore(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "Scene.markers.before()");
+    return stepMarkers<&VxMarkers::timeBefore>(arguments);
+}
+
+const ScriptFunction markerFunctions[] = {
+    {"list", listMarkers, 0},     {"add", addMarkers, 1},     {"set", setMarker, 2},
+    {"remove", removeMarkers, 1}, {"clear", clearMarkers, 0}, {"after", markerAfter, 1},
+    {"before", markerBefore, 1},
+};
+
+} // namespace
+
+void ScriptBindings::registerMarkers(QScriptEngine *engine)
+{
+    QScriptValue prototype = engine->newObject();
+    installFunctions(engine, prototype, markerFunctions);
+    engine->setDefaultPrototype(qMetaTypeId<VxMarkers *>(), prototype);
+}
