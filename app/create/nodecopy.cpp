@@ -78,6 +78,7 @@ void copyTraits(const VxNode *from, VxNode *to)
     to->setVisible(from->isVisible());
     to->setSelectable(from->isSelectable());
     to->setIkNode(from->isIkNode());
+    to->setPinned(from->isPinned());
     to->setRotationOrder(from->getRotationOrder());
     to->setOrigin(from->getOrigin());
     to->setEndPoint(from->getEndPoint());

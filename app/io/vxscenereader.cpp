@@ -262,6 +262,8 @@ bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
         node->setSelectable(m_input.boolean());
     else if (is("ik"))
         node->setIkNode(m_input.boolean());
+    else if (is("pinned"))
+        node->setPinned(m_input.boolean());
     else if (is("rotationOrder"))
         node->setRotationOrder(VxNode::RotationOrder(m_input.integer(0, VxNode::ZYX)));
     else if (is("origin"))

@@ -243,6 +243,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
     flag("visible", node->isVisible(), true);
     flag("selectable", node->isSelectable(), true);
     flag("ik", node->isIkNode(), false);
+    flag("pinned", node->isPinned(), false);
     integer("rotationOrder", node->getRotationOrder());
     vector("origin", node->getOrigin());
     vector("endPoint", node->getEndPoint());

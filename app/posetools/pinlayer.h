@@ -3,7 +3,6 @@
 
 #include "viewport/viewporttool.h"
 
-class PoseToolSettings;
 class VxScene;
 
 /// Marks the nodes that are pinned in IK.
@@ -11,14 +10,13 @@ class PinLayer : public ViewportTool
 {
     Q_OBJECT
 public:
-    PinLayer(const VxScene *scene, const PoseToolSettings *settings, QObject *parent);
+    PinLayer(const VxScene *scene, QObject *parent);
 
     void paint(QPainter *painter, const ViewportCamera &camera,
                const QPalette &palette) const override;
 
 private:
     const VxScene *const m_scene;
-    const PoseToolSettings *const m_settings;
 };
 
 #endif

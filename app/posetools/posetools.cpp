@@ -25,7 +25,7 @@ PoseTools::PoseTools(VxScene *scene, ViewportWidget *viewport)
     m_tools[Scale] = new ScaleTool(scene, m_settings, this);
     m_tools[Ik] = new IkTool(scene, m_settings, this);
     viewport->addLayer(new AutoKeyLayer(scene, this));
-    viewport->addLayer(new PinLayer(scene, m_settings, this));
+    viewport->addLayer(new PinLayer(scene, this));
     connect(viewport, &ViewportWidget::toolChanged, this, &PoseTools::activeToolChanged);
 }
 
@@ -72,9 +72,7 @@ QString PoseTools::title(Tool tool)
 bool PoseTools::areSelectedPinned() const
 {
     const QVector<VxNode *> nodes = m_scene->getSelectedNodes();
-    return !nodes.isEmpty() && std::all_of(nodes.begin(), nodes.end(), [this](const VxNode *node) {
-        return m_settings->isPinned(node);
-    });
+    return !nodes.isEmpty() && std::all_of(nodes.begin(), nodes.end(), [](const VxNode *node) { return node->isPinned(); });
 }
 
 QString PoseTools::togglePins()
@@ -82,15 +80,17 @@ QString PoseTools::togglePins()
     const bool pins = !areSelectedPinned();
     int count = 0;
     QString obstacle;
+    VxUndoStackHold hold;
     for (VxNode *node : m_scene->getSelectedNodes()) {
         const QString reason = pins ? Limb(node).obstacle(m_scene->getTime()) : QString();
         if (!reason.isEmpty()) {
             obstacle = reason;
             continue;
         }
-        m_settings->setPinned(node, pins);
+        node->setPinned(pins);
         ++count;
     }
+    hold.accept(pins ? StudioText::tr("Pin in IK") : StudioText::tr("Unpin in IK"));
     if (count == 0)
         return obstacle.isEmpty() ? StudioText::tr("Select hands or feet first.") : obstacle;
     return pins ? StudioText::tr("Pinned in IK: %1.").arg(count)

@@ -2,14 +2,8 @@
 #define POSETOOLSETTINGS_H
 
 #include <QObject>
-#include <QPointer>
-#include <QVector>
-#include <vxcore/vxnode.h>
 
-class VxScene;
-
-/// What the pose tools share: the orientation of their gizmos, the pivot, and the nodes pinned in
-/// IK.
+/// What the pose tools share: the orientation of their gizmos and the pivot.
 class PoseToolSettings : public QObject
 {
     Q_OBJECT
@@ -27,18 +21,12 @@ public:
     Pivot pivot() const { return m_pivot; }
     void setPivot(Pivot pivot);
 
-    bool isPinned(const VxNode *node) const;
-    void setPinned(VxNode *node, bool pinned);
-    /// The pinned nodes of a scene.
-    QVector<VxNode *> pinnedNodes(const VxScene *scene) const;
-
 Q_SIGNALS:
     void changed();
 
 private:
     Orientation m_orientation = Orientation::Local;
     Pivot m_pivot = Pivot::Own;
-    QVector<QPointer<VxNode>> m_pinned;
 };
 
 #endif

@@ -102,7 +102,9 @@ void TransformTool::begin(const GizmoTarget &target, GizmoPart part, const Viewp
 /** The limbs of pinned joints that the nodes carry along. */
 void TransformTool::beginPins(const QVector<VxNode *> &moved)
 {
-    for (VxNode *pinned : m_settings->pinnedNodes(m_scene)) {
+    for (VxNode *pinned : m_scene->getNodes()) {
+        if (!pinned->isPinned())
+            continue;
         Limb limb(pinned);
         const std::array<VxNode *, 3> &nodes = limb.nodes();
         const bool isCarried =

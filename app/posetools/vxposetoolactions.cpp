@@ -25,6 +25,7 @@ void VxPoseToolAction::init()
         connect(tools->settings(), &PoseToolSettings::changed, this, show);
         connect(vxScene, &VxScene::animatingChanged, this, show);
         connect(vxScene, &VxScene::nodeSelectionListChanged, this, show);
+        connect(vxScene, &VxScene::viewChanged, this, show);
     }
     show();
 }

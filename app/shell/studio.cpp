@@ -4,6 +4,7 @@
 #include "document/recentfiles.h"
 #include "document/scenesummary.h"
 #include "pose/posescript.h"
+#include "viewport/camerascript.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/batchdialogs.h"
@@ -173,6 +174,7 @@ void Studio::Private::connectScripts()
     scripts->registerHost();
     addFileFunctions(scripts, window->document());
     addPoseFunctions(scripts->engine());
+    addCameraFunctions(scripts->engine());
     QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
 }
 

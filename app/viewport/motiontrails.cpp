@@ -89,8 +89,8 @@ MotionTrails::MotionTrails(VxScene *scene, QObject *parent)
     , m_scene(scene)
 {
     setObjectName(QStringLiteral("MotionTrails"));
-    connect(scene, &VxScene::nodeValuesChanged, this, &MotionTrails::drop);
-    connect(scene, &VxScene::nodePropertiesChanged, this, &MotionTrails::drop);
+    connect(scene, &VxScene::nodeValuesChanged, this, &MotionTrails::dropTrailsOf);
+    connect(scene, &VxScene::nodePropertiesChanged, this, &MotionTrails::dropTrailsOf);
     connect(scene, &VxScene::playRangeChanged, this, &MotionTrails::drop);
     connect(scene, &VxScene::timeStepChanged, this, &MotionTrails::drop);
     connect(scene, &VxScene::nodeRemoved, this, &MotionTrails::drop);
@@ -110,6 +110,17 @@ void MotionTrails::setEnabled(bool enabled)
 void MotionTrails::drop()
 {
     m_trails.clear();
+    setHovered({});
+}
+
+/** The trails of the node and of those below it. */
+void MotionTrails::dropTrailsOf(const VxNode *node)
+{
+    const auto isBelow = [node](const Trail &trail) {
+        return std::any_of(trail.source.links.begin(), trail.source.links.end(),
+                           [node](const TrailSource::Link &link) { return link.node == node; });
+    };
+    m_trails.erase(std::remove_if(m_trails.begin(), m_trails.end(), isBelow), m_trails.end());
     setHovered({});
 }
 

@@ -13,8 +13,8 @@ class VxScene;
 /// as dots, keys as larger ones (of keys on neighbouring frames the first and the last), in one
 /// colour before the playhead and in another after it. A click on a dot sets the scene's time.
 ///
-/// A trail is kept until values, hierarchy or play range change; time and camera do not count, so
-/// that playback only projects and paints.
+/// A trail is kept until values or parents of its node, or of a node above, or the play range
+/// change; time and camera do not count, so that playback only projects and paints.
 class MotionTrails : public ViewportTool
 {
     Q_OBJECT
@@ -57,6 +57,7 @@ private:
     /// The trails of the present selection, computed where needed.
     const std::vector<Trail> &trails() const;
     void drop();
+    void dropTrailsOf(const VxNode *node);
     const MotionTrail::Dot *dotAt(const QPointF &pixel, const ViewportCamera &camera) const;
     void setHovered(const std::optional<MotionTrail::Dot> &dot);
     void paintTrail(const MotionTrail &trail, QPainter *painter, const ViewportCamera &camera,

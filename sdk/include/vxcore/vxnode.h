@@ -108,6 +108,10 @@ public:
     /// True for a helper node that drives others by inverse kinematics.
     bool isIkNode() const;
     void setIkNode(bool ik);
+    /// True for a hand or foot that stays where it is while nodes above it are posed: its limb is
+    /// solved by inverse kinematics.
+    bool isPinned() const;
+    void setPinned(bool pinned);
 
     RotationOrder getRotationOrder() const;
     void setRotationOrder(RotationOrder order);

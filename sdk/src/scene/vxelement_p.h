@@ -20,6 +20,7 @@ enum VxSceneUndoKind {
     VxUndoNodeVisible,
     VxUndoNodeSelectable,
     VxUndoNodeIk,
+    VxUndoNodePinned,
     VxUndoNodeRotationOrder,
     VxUndoNodeOrigin,
     VxUndoNodeEndPoint,

@@ -297,6 +297,22 @@ void VxNode::setIkNode(bool ik)
     priv()->touchView();
 }
 
+bool VxNode::isPinned() const
+{
+    return priv()->pinned;
+}
+
+void VxNode::setPinned(bool pinned)
+{
+    if (priv()->pinned == pinned)
+        return;
+    priv()->record<bool>(
+        VxUndoNodePinned, [](const VxNode *n) { return n->isPinned(); },
+        [](VxNode *n, const bool &value) { n->setPinned(value); });
+    priv()->pinned = pinned;
+    priv()->touchView();
+}
+
 VxNode::RotationOrder VxNode::getRotationOrder() const
 {
     return priv()->rotationOrder;

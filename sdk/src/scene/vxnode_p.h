@@ -69,6 +69,7 @@ public:
     bool selectable = true;
     bool visible = true;
     bool ik = false;
+    bool pinned = false;
     /// Between the announcement of its removal and the removal.
     bool leaving = false;
 

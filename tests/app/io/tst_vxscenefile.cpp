@@ -117,6 +117,7 @@ void TestSceneFile::everyTraitRoundTrips()
     node->setVisible(false);
     node->setSelectable(false);
     node->setIkNode(true);
+    node->setPinned(true);
     node->setOrigin({1, 2, 3});
     node->setEndPoint({4, 5, 6});
     node->setRestPose(VxRestPose{1, 2, 3, 40, 50, 60, 1, 1, 2, 1});
@@ -152,6 +153,7 @@ void TestSceneFile::everyTraitRoundTrips()
     QVERIFY(!read->isVisible());
     QVERIFY(!read->isSelectable());
     QVERIFY(read->isIkNode());
+    QVERIFY(read->isPinned());
     QCOMPARE(read->getOrigin(), QVector3D(1, 2, 3));
     QCOMPARE(read->getEndPoint(), QVector3D(4, 5, 6));
     QVERIFY((read->getRestPose() == VxRestPose{1, 2, 3, 40, 50, 60, 1, 1, 2, 1}));

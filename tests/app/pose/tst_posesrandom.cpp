@@ -1,3 +1,4 @@
+#include "create/boneedits.h"
 #include "pose/inbetween.h"
 #include "posetestbase.h"
 #include "scenetree/sceneedits.h"
@@ -30,6 +31,7 @@ private:
     void step();
     void runCommand();
     void editChannel();
+    void editBone();
     void refer();
     void selectSome();
 
@@ -60,6 +62,18 @@ void tst_PosesRandom::editChannel()
     hold.accept("Edit");
 }
 
+void tst_PosesRandom::editBone()
+{
+    VxNode *bone = anyNode();
+    BoneValues values = BoneEdits::valuesOf(bone);
+    values.origin[below(3)] = float(below(200) - 100) / 10;
+    values.end[below(3)] = float(below(200) - 100) / 10;
+    values.rest[std::size_t(below(6))] = float(below(3600) - 1800) / 10;
+    VxUndoStackHold hold;
+    BoneEdits::setValues(bone, values, below(2));
+    hold.accept("Edit Bone");
+}
+
 /** Traits and references are not recorded: they are part of the scene from then on. */
 void tst_PosesRandom::refer()
 {
@@ -86,9 +100,10 @@ void tst_PosesRandom::runCommand()
         "VxGroupNodesAction",        "VxCopyPoseAction",       "VxPastePoseAction",
         "VxPastePoseMirroredAction", "VxMirrorPoseAction",     "VxResetPoseAction",
         "VxSelectMirrorAction",      "VxSelectChildrenAction", "VxSelectParentsAction",
-        "VxHoldPoseAction",          "VxMatchEndsAction"};
+        "VxHoldPoseAction",          "VxMatchEndsAction",      "VxSetRestPoseAction",
+        "VxPinInIkAction"};
     const int count = int(sizeof names / sizeof *names);
-    const int which = below(count + 4);
+    const int which = below(count + 6);
     if (which < count) {
         const bool grows = which == 2 && vxScene->getNumNodes() > 60;
         if (!grows)
@@ -97,6 +112,11 @@ void tst_PosesRandom::runCommand()
         const VxTime start = below(10) * 160;
         vxScene->setPlayRange({start, start + (1 + below(20)) * 160});
         InBetween::cycle(vxScene, 2 + below(3), below(2));
+    } else if (which == count + 1) {
+        bool done = false;
+        BoneEdits::setLength(vxScene, below(5) ? below(500) / 10.0 : 0, &done);
+    } else if (which == count + 2) {
+        editBone();
     } else {
         InBetween::breakdown(vxScene, (below(201) - 50) / 100.0, Breakdown::Toward(below(3)));
     }

@@ -9,6 +9,7 @@
 #include "posetools/transformtool.h"
 #include "scenetree/sceneedits.h"
 #include "testing/vxmousedriver.h"
+#include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
 
 #include <memory>
@@ -34,6 +35,7 @@ public:
         if (!QTest::qWaitForWindowExposed(&m_view))
             qFatal("the viewport is not shown");
         m_view.activateWindow();
+        m_trails.setEnabled(true);
         fillScene();
         m_firstCamera = m_view.camera();
     }
@@ -119,7 +121,7 @@ private:
                 anyNode()->select();
         }
         if (below(5) == 0)
-            m_tools->settings()->setPinned(anyNode(), below(3) > 0);
+            pin();
         ViewportCamera camera = m_view.camera();
         camera.orbit(QPointF(below(200) - 100, below(100) - 50));
         if (below(10) == 0)
@@ -127,6 +129,31 @@ private:
         m_view.setCamera(camera);
         if (below(10) == 0)
             m_view.frameSelection();
+    }
+
+    void pin()
+    {
+        VxUndoStackHold hold;
+        anyNode()->setPinned(below(3) > 0);
+        hold.accept(QStringLiteral("Pin"));
+    }
+
+    /** What a layer paints with the present camera. */
+    QImage picture(const MotionTrails &trails) const
+    {
+        QImage image(m_view.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        trails.paint(&painter, m_view.camera(), m_view.palette());
+        return image;
+    }
+
+    /** Kept trails are those that would be computed now. */
+    bool areTrailsCurrent()
+    {
+        MotionTrails computed(vxScene);
+        computed.setEnabled(true);
+        return picture(m_trails) == picture(computed);
     }
 
     /** Mostly on the gizmo. */
@@ -221,6 +248,8 @@ private:
             const QString fault = keyFault();
             if (!fault.isEmpty())
                 return fault;
+            if (below(4) == 0 && !areTrailsCurrent())
+                return QStringLiteral("a motion trail is not that of the present values");
         }
         QCoreApplication::processEvents();
         m_entries += history()->count();
@@ -256,6 +285,7 @@ private:
     VxViewportMgr m_conventions;
     ViewportWidget m_view;
     PoseTools *m_tools;
+    MotionTrails m_trails{vxScene};
     ViewportCamera m_firstCamera;
     int m_entries = 0;
 };

@@ -18,8 +18,6 @@ protected:
         vxScene->setAnimating(true);
         tools()->settings()->setOrientation(PoseToolSettings::Orientation::Local);
         tools()->settings()->setPivot(PoseToolSettings::Pivot::Own);
-        for (VxNode *pinned : tools()->settings()->pinnedNodes(vxScene))
-            tools()->settings()->setPinned(pinned, false);
         view()->grab(); // the first figure in a view is framed when it is painted
         window()->viewport()->setCamera(ViewportCamera(startCamera()));
         window()->viewport()->setFocus();

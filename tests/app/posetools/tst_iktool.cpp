@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aBoneWithoutLength();
     void pinnedFeetStay_data();
     void pinnedFeetStay();
+    void pinningIsUndone();
     void aPinnedLimbCanBePosed();
     void pinsNeedALimb();
 
@@ -181,11 +182,11 @@ void tst_IkTool::pinnedFeetStay()
         angle(QString(side) + "Shin", 0)->setKey(0, 50, 0);
         angle(QString(side) + "Foot", 0)->setKey(0, -25, 0);
     }
-    history()->clear();
-    const QByteArray before = sceneBytes();
     select({"LeftFoot", "RightFoot"});
     action("VxPinInIkAction")->trigger();
     QVERIFY(action("VxPinInIkAction")->isChecked());
+    history()->clear();
+    const QByteArray before = sceneBytes();
     const QMatrix4x4 left = node("LeftFoot")->getWorldTransform(0);
     const QMatrix4x4 right = node("RightFoot")->getWorldTransform(0);
     use(PoseTools::Tool(tool), {"Hips"});
@@ -199,6 +200,21 @@ void tst_IkTool::pinnedFeetStay()
              qPrintable(QString::number(drift("RightFoot", right))));
     QVERIFY2(!status().contains("Pins"), qPrintable(status()));
     checkOneEntry(before, tool == PoseTools::Move ? "Move" : "Rotate");
+}
+
+void tst_IkTool::pinningIsUndone()
+{
+    select({"LeftFoot", "RightHand"});
+    const QByteArray before = sceneBytes();
+    action("VxPinInIkAction")->trigger();
+    QVERIFY(node("LeftFoot")->isPinned() && node("RightHand")->isPinned());
+    checkOneEntry(before, "Pin in IK");
+    const QByteArray pinned = sceneBytes();
+    action("VxPinInIkAction")->trigger();
+    QVERIFY(!node("LeftFoot")->isPinned() && !node("RightHand")->isPinned());
+    history()->undo();
+    QCOMPARE(sceneBytes(), pinned);
+    QTRY_VERIFY(action("VxPinInIkAction")->isChecked());
 }
 
 void tst_IkTool::aPinnedLimbCanBePosed()

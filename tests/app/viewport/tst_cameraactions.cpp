@@ -7,7 +7,9 @@
 
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QScriptEngine>
 #include <QTreeView>
+#include <vxcore/vxscriptengine.h>
 
 /// The commands of the viewport's camera by menu, key and script, and the camera in the document.
 class tst_CameraActions : public QObject, private StudioTest
@@ -32,6 +34,8 @@ private Q_SLOTS:
     void keysUnderTheMouse();
     void perspectiveIsToggled();
     void fieldOfViewIsShownWhileItIsTyped();
+    void scriptsMoveTheCamera();
+    void selectionIsFramed();
     void everyDocumentHasItsCamera();
     void movingTheCameraDoesNotModifyTheDocument();
 
@@ -175,6 +179,38 @@ void tst_CameraActions::fieldOfViewIsShownWhileItIsTyped()
     action("VxFieldOfViewAction")->trigger();
     QVERIFY(agrees.met());
     QCOMPARE(camera().fieldOfView, 70.0f);
+}
+
+void tst_CameraActions::scriptsMoveTheCamera()
+{
+    const auto run = [](const char *script) {
+        return vxApp->getScriptEngine()->engine()->evaluate(QLatin1String(script)).toString();
+    };
+    QCOMPARE(run("Camera.get().yaw"), QString::number(double(camera().yaw)));
+    QCOMPARE(run("Camera.set({ yaw: -90, target: [1, 2, 3], fieldOfView: 400 }).fieldOfView"),
+             QString::number(double(VxCameraState::MaxFieldOfView)));
+    QCOMPARE(camera().yaw, -90.0f);
+    QCOMPARE(camera().target, QVector3D(1, 2, 3));
+    const VxCameraState before = camera();
+    QCOMPARE(run("Camera.set({ pitch: 10, distance: 'far' })"),
+             QString("Error: set() expects a finite number as distance"));
+    QCOMPARE(run("Camera.set({ target: [1, 2] })"),
+             QString("Error: set() expects an array of three finite numbers as target"));
+    QVERIFY(run("Camera.set({ zoom: 2 })").contains("not zoom"));
+    QVERIFY(run("Camera.set(3)").contains("expects an object"));
+    QVERIFY(camera() == before);
+}
+
+void tst_CameraActions::selectionIsFramed()
+{
+    vxScene->setPrimarySelection(vxScene->findNode("Head"));
+    QScriptEngine *engine = vxApp->getScriptEngine()->engine();
+    engine->evaluate("Camera.frameAll()");
+    const float distance = camera().distance;
+    engine->evaluate("Camera.frameSelection()");
+    QVERIFY(camera().distance < distance);
+    const QPointF at = view()->camera().project({0, camera().target.y(), 0}).value_or(QPointF());
+    QVERIFY((at - QRectF(view()->rect()).center()).manhattanLength() < 2);
 }
 
 void tst_CameraActions::everyDocumentHasItsCamera()
