@@ -203,7 +203,8 @@ void tst_CameraActions::scriptsMoveTheCamera()
 
 void tst_CameraActions::selectionIsFramed()
 {
-    vxScene->setPrimarySelection(vxScene->findNode("Head"));
+    vxScene->selectAllNodes(false);
+    vxScene->findNode("Head")->select();
     QScriptEngine *engine = vxApp->getScriptEngine()->engine();
     engine->evaluate("Camera.frameAll()");
     const float distance = camera().distance;
