@@ -1,5 +1,6 @@
 #include "vxkeytoolsplugin.h"
 
+#include "keytools/keygestureactions.h"
 #include "keytools/keytoolactions.h"
 #include "keytools/keytoolscript.h"
 #include "keytools/vxkeytablepane.h"
@@ -75,6 +76,13 @@ void addClasses(VxPlugin *plugin)
     addClass<VxKeyToolsBakeAction>(plugin, "CEE78A3D-396F-4072-97AD-142CFF133643");
     addClass<VxKeyToolsConvertAction>(plugin, "3DB05692-E73A-4C98-8E98-964EA7B1FBF7");
     addClass<VxKeyToolsPinAction>(plugin, "6941590F-9220-441F-A8C5-F982D1519709");
+    addClass<VxKeyToolsMoveGestureAction>(plugin, "BAD49A2A-308D-4751-A797-B786D999A4C5");
+    addClass<VxKeyToolsDuplicateGestureAction>(plugin, "429A4228-492A-416C-B58A-6FD6F7B6D88A");
+    addClass<VxKeyToolsScaleTimesGestureAction>(plugin, "CDDF75A3-454F-4259-8D10-E81A643E8FBF");
+    addClass<VxKeyToolsScaleTimesInSelectionGestureAction>(plugin,
+                                                           "EA33F45B-CA25-4F4C-BD4E-4169A8B4AAA6");
+    addClass<VxKeyToolsMoveValuesGestureAction>(plugin, "B590CAE1-A92B-494E-BC44-BFCA0BE06C8B");
+    addClass<VxKeyToolsScaleValuesGestureAction>(plugin, "AF65C69B-06E8-48A5-8992-80948DC8C13D");
     addClass<VxKeyTablePane>(plugin, "5B7E1C1E-3A0E-4F0B-9E55-0B6C2C9D41A7");
     addClass<VxKeyTableAction>(plugin, "C0A9D8F4-7C1B-4E5D-8B7A-2F6E1D90B3C5");
 }

@@ -3,8 +3,10 @@
 
 #include <QtTest>
 #include <algorithm>
+#include <cmath>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
@@ -122,6 +124,53 @@ public:
         VxScriptError error;
         const QString result = app.getScriptEngine()->evaluate(script, "test", &error);
         return error.isNull() ? result : error.message;
+    }
+
+    /// Everything about a scene's keys, to compare it byte for byte.
+    static QByteArray snapshot()
+    {
+        QByteArray bytes;
+        const auto append = [&bytes](const auto *data, int count) {
+            bytes.append(reinterpret_cast<const char *>(data), count * int(sizeof *data));
+        };
+        for (const VxNode *node : vxScene->getNodes()) {
+            for (int i = 0; i < node->getNumProperties(); ++i) {
+                const auto *number = qobject_cast<VxFloatProperty *>(node->getProperty(i));
+                const auto *whole = qobject_cast<VxIntProperty *>(node->getProperty(i));
+                bytes.append('|');
+                if (number) {
+                    const VxKeyColumns<float> keys = number->getKeys();
+                    append(keys.times, keys.count);
+                    append(keys.values, keys.count);
+                    for (int k = 0; k < keys.count; ++k) {
+                        float shape[3];
+                        bytes.append(char(
+                            number->getKeyInterpolationType(k, &shape[0], &shape[1], &shape[2])));
+                        append(shape, 3);
+                    }
+                } else if (whole) {
+                    append(whole->getKeys().times, whole->getKeys().count);
+                    append(whole->getKeys().values, whole->getKeys().count);
+                }
+            }
+        }
+        return bytes;
+    }
+
+    /// Sorted, no two at one time, finite.
+    static bool areKeysSound()
+    {
+        for (const VxNode *node : vxScene->getNodes()) {
+            for (int i = 0; i < node->getNumProperties(); ++i) {
+                const auto *property = qobject_cast<VxNumericProperty *>(node->getProperty(i));
+                for (int k = 0; property && k < property->getNumKeys(); ++k) {
+                    if (!std::isfinite(property->getKeyDoubleValue(k)) ||
+                        (k > 0 && property->getKeyTime(k - 1) >= property->getKeyTime(k)))
+                        return false;
+                }
+            }
+        }
+        return true;
     }
 
     VxWarningGuard guard;

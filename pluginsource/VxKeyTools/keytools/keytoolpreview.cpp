@@ -5,6 +5,7 @@
 #include <QtWidgets/QWidget>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
+#include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
 KeyToolPreview::~KeyToolPreview()
@@ -24,9 +25,13 @@ KeyToolResult KeyToolPreview::show(const KeyTool &tool, const QVariantMap &argum
         end();
         return result;
     }
-    m_guard = new VxGestureGuard(field);
-    connect(m_guard, &VxGestureGuard::dropped, this, &KeyToolPreview::drop);
-    m_guard->begin();
+    if (field) {
+        m_guard = new VxGestureGuard(field);
+        connect(m_guard, &VxGestureGuard::dropped, this, &KeyToolPreview::drop);
+        m_guard->begin();
+    }
+    connect(vxScene, &VxScene::aboutToRemoveNode, this, &KeyToolPreview::drop);
+    connect(vxScene, &VxScene::sceneClearStarting, this, &KeyToolPreview::drop);
     QCoreApplication::instance()->installEventFilter(this);
     return result;
 }
@@ -41,8 +46,26 @@ void KeyToolPreview::end()
         m_guard->deleteLater();
     }
     m_guard.clear();
-    m_hold->rollBack();
+    if (vxScene)
+        disconnect(vxScene, nullptr, this, nullptr);
+    rollBack();
     m_hold.reset();
+}
+
+// Playback, zooming and scrolling belong to somebody else, but the hold recorded them.
+void KeyToolPreview::rollBack()
+{
+    if (!vxScene) {
+        m_hold->rollBack();
+        return;
+    }
+    const VxTime time = vxScene->getTime();
+    const VxTimeRange play = vxScene->getPlayRange();
+    const VxTimeRange animation = vxScene->getAnimRange();
+    m_hold->rollBack();
+    vxScene->setAnimRange(animation);
+    vxScene->setPlayRange(play);
+    vxScene->setTime(time);
 }
 
 void KeyToolPreview::drop()

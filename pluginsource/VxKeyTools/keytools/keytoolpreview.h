@@ -10,7 +10,8 @@ class VxGestureGuard;
 /// Shows the effect of a tool in all views while its parameters are typed.
 ///
 /// The keys are restored, without an undo entry, when the field loses the focus, on Escape, before
-/// a command runs by its shortcut, and by end(). Each preview starts from the restored keys.
+/// a command runs by its shortcut or a node is removed, and by end(). Each preview starts from the
+/// restored keys. The scene's time and ranges are no part of it: they may change meanwhile.
 class KeyToolPreview : public QObject
 {
     Q_OBJECT
@@ -18,9 +19,10 @@ public:
     using QObject::QObject;
     ~KeyToolPreview() override;
 
-    /// Restores the keys and runs the tool; `field` is the edited field. Invalid arguments, and a
-    /// change that is being recorded, leave the keys restored.
-    KeyToolResult show(const KeyTool &tool, const QVariantMap &arguments, QWidget *field);
+    /// Restores the keys and runs the tool; `field` is the edited field, null when the caller
+    /// itself ends the preview with the gesture. Invalid arguments, and a change that is being
+    /// recorded, leave the keys restored.
+    KeyToolResult show(const KeyTool &tool, const QVariantMap &arguments, QWidget *field = nullptr);
     bool isShown() const { return bool(m_hold); }
     /// Restores the keys.
     void end();
@@ -32,6 +34,7 @@ Q_SIGNALS:
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void drop();
+    void rollBack();
 
     std::unique_ptr<VxUndoStackHold> m_hold;
     QPointer<VxGestureGuard> m_guard;

@@ -37,6 +37,9 @@ public:
     /// The widget in which an overlay can be made as a child; never null while the pane exists. It
     /// contains all views along the axis and nothing else.
     virtual QWidget *overlayParent() const = 0;
+    /// The change of a value by a pixel upwards in the view that shows curves, above 0; 0 (unless
+    /// overridden) while no such view is visible.
+    virtual double valuePerPixel() const;
 
 Q_SIGNALS:
     /// The scale or the visible range may have changed. Emitted at most once per change of the

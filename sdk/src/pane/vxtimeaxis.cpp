@@ -11,3 +11,8 @@ VxTimeAxis *VxTimeAxis::of(const QObject *pane)
 {
     return pane ? pane->findChild<VxTimeAxis *>() : nullptr;
 }
+
+double VxTimeAxis::valuePerPixel() const
+{
+    return 0;
+}

@@ -14,53 +14,6 @@ namespace {
 
 constexpr double Pi = 3.14159265358979323846;
 
-/// Everything about a scene's keys, to compare it byte for byte.
-QByteArray snapshot()
-{
-    QByteArray bytes;
-    const auto append = [&bytes](const auto *data, int count) {
-        bytes.append(reinterpret_cast<const char *>(data), count * int(sizeof *data));
-    };
-    for (const VxNode *node : vxScene->getNodes()) {
-        for (int i = 0; i < node->getNumProperties(); ++i) {
-            const auto *number = qobject_cast<VxFloatProperty *>(node->getProperty(i));
-            const auto *whole = qobject_cast<VxIntProperty *>(node->getProperty(i));
-            bytes.append('|');
-            if (number) {
-                const VxKeyColumns<float> keys = number->getKeys();
-                append(keys.times, keys.count);
-                append(keys.values, keys.count);
-                for (int k = 0; k < keys.count; ++k) {
-                    float shape[3];
-                    bytes.append(
-                        char(number->getKeyInterpolationType(k, &shape[0], &shape[1], &shape[2])));
-                    append(shape, 3);
-                }
-            } else if (whole) {
-                append(whole->getKeys().times, whole->getKeys().count);
-                append(whole->getKeys().values, whole->getKeys().count);
-            }
-        }
-    }
-    return bytes;
-}
-
-/// Sorted, no two at one time, finite.
-bool areKeysSound()
-{
-    for (const VxNode *node : vxScene->getNodes()) {
-        for (int i = 0; i < node->getNumProperties(); ++i) {
-            const auto *property = qobject_cast<VxNumericProperty *>(node->getProperty(i));
-            for (int k = 0; property && k < property->getNumKeys(); ++k) {
-                if (!std::isfinite(property->getKeyDoubleValue(k)) ||
-                    (k > 0 && property->getKeyTime(k - 1) >= property->getKeyTime(k)))
-                    return false;
-            }
-        }
-    }
-    return true;
-}
-
 /// A leg whose hip wanders and whose joints swing, keyed on every fifth frame.
 struct Leg
 {
@@ -180,18 +133,18 @@ void tst_KeyTools::drawings()
     KeyToolStage stage;
     vxScene->setTime(3 * KeyToolStage::Frame);
     stage.draw(before);
-    const QByteArray start = snapshot();
+    const QByteArray start = KeyToolStage::snapshot();
     QCOMPARE(stage.run("KeyTools." + call + ".done"), QString("true"));
     const int frames = after.split(' ').size();
     QCOMPARE(stage.drawing(frames), after);
     const bool isEdit = !call.startsWith("select");
     if (!isEdit)
         return;
-    const QByteArray end = snapshot();
+    const QByteArray end = KeyToolStage::snapshot();
     VxUndoStack::current()->undo();
-    QCOMPARE(snapshot(), start);
+    QCOMPARE(KeyToolStage::snapshot(), start);
     VxUndoStack::current()->redo();
-    QCOMPARE(snapshot(), end);
+    QCOMPARE(KeyToolStage::snapshot(), end);
 }
 
 void tst_KeyTools::rowsOfNodes_data()
@@ -285,12 +238,12 @@ void tst_KeyTools::refusals()
     QFETCH(QString, message);
     KeyToolStage stage;
     stage.draw("A B C");
-    const QByteArray start = snapshot();
+    const QByteArray start = KeyToolStage::snapshot();
     QVERIFY2(stage.run("KeyTools." + call).contains(message),
              qPrintable(stage.run("KeyTools." + call)));
-    QCOMPARE(snapshot(), start);
+    QCOMPARE(KeyToolStage::snapshot(), start);
     VxUndoStack::current()->undo();
-    QCOMPARE(snapshot(), start);
+    QCOMPARE(KeyToolStage::snapshot(), start);
 }
 
 void tst_KeyTools::snapping()
@@ -493,7 +446,7 @@ void tst_KeyTools::pinnedFootStays()
     std::vector<QVector3D> before;
     for (int frame = 0; frame <= 60; ++frame)
         before.push_back(leg.place(frame * KeyToolStage::Frame));
-    const QByteArray start = snapshot();
+    const QByteArray start = KeyToolStage::snapshot();
     const QString result =
         stage.run("var r = KeyTools.pin({start: '20', end: '30', falloff: '6'}); r.done + ' ' + "
                   "(r.error < 1e-3) + ' ' + r.message");
@@ -520,7 +473,7 @@ void tst_KeyTools::pinnedFootStays()
     for (int frame = 1; frame <= 60; ++frame)
         QVERIFY((leg.place(frame * 160) - leg.place((frame - 1) * 160)).length() < bound);
     VxUndoStack::current()->undo();
-    QCOMPARE(snapshot(), start);
+    QCOMPARE(KeyToolStage::snapshot(), start);
 }
 
 void tst_KeyTools::randomToolsUndoAndRedo_data()
@@ -540,7 +493,7 @@ void tst_KeyTools::randomToolsUndoAndRedo()
     builder.keyChannels({stage.node, leg.foot}, 30, 160, VxSceneBuilder::KeyTypes::Mixed);
     builder.addSpecialProperties(stage.node);
     leg.knee->getYRotControl()->setOverridingControl(stage.node->getYRotControl());
-    const QByteArray start = snapshot();
+    const QByteArray start = KeyToolStage::snapshot();
     std::vector<QByteArray> states = {start};
     const QStringList texts = {"0",  "3",   "-2",  "150%", "-50%", "+4",
                                "=1", "0.5", "17t", "1e9",  "-0"};
@@ -569,23 +522,23 @@ void tst_KeyTools::randomToolsUndoAndRedo()
                 arguments.insert(parameter.name, texts[int(random() % unsigned(texts.size()))]);
         }
         tool.runWith(arguments);
-        QVERIFY2(areKeysSound(), qPrintable(tool.name));
+        QVERIFY2(KeyToolStage::areKeysSound(), qPrintable(tool.name));
         // Indexes of the former keys select none of the present ones.
         stage.app.getKeySelection()->clear();
-        const QByteArray state = snapshot();
+        const QByteArray state = KeyToolStage::snapshot();
         if (state != states.back())
             states.push_back(state);
     }
     QVERIFY(states.size() > 20);
     VxUndoStack *stack = VxUndoStack::current();
     for (std::size_t i = states.size(); i-- > 1;) {
-        QCOMPARE(snapshot(), states[i]);
+        QCOMPARE(KeyToolStage::snapshot(), states[i]);
         stack->undo();
     }
-    QCOMPARE(snapshot(), start);
+    QCOMPARE(KeyToolStage::snapshot(), start);
     for (std::size_t i = 1; i < states.size(); ++i) {
         stack->redo();
-        QCOMPARE(snapshot(), states[i]);
+        QCOMPARE(KeyToolStage::snapshot(), states[i]);
     }
 }
 

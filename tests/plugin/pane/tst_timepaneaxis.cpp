@@ -13,6 +13,7 @@
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -258,6 +259,11 @@ void TestTimePaneAxis::axisIsPublished()
     QVERIFY(m_axis->overlayParent()->isAncestorOf(m_sheet));
     QVERIFY(m_axis->overlayParent()->isAncestorOf(m_graph));
     QVERIFY(!m_axis->overlayParent()->isAncestorOf(pane->findChild<VxTimeRangeSlider *>()));
+    const KeyGraphScale &scale = m_graph->getScale();
+    QCOMPARE(float(m_axis->valuePerPixel()), float(scale.value(0) - scale.value(1)));
+    QVERIFY(m_axis->valuePerPixel() > 0);
+    m_graph->hide();
+    QCOMPARE(m_axis->valuePerPixel(), 0.0);
 }
 
 void TestTimePaneAxis::changesAreReportedOnce()

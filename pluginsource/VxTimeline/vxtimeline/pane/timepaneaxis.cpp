@@ -8,6 +8,7 @@
 #include <vxcore/vxscene.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/widgets/timerangemath.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
@@ -88,6 +89,11 @@ VxTimeRange TimePaneAxis::visible() const
 QWidget *TimePaneAxis::overlayParent() const
 {
     return m_views;
+}
+
+double TimePaneAxis::valuePerPixel() const
+{
+    return m_graph->isVisible() ? -m_graph->getScale().valuePerPixel : 0;
 }
 
 void TimePaneAxis::update()

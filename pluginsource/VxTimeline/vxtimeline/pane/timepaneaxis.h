@@ -30,6 +30,7 @@ public:
     VxTime timeAt(int x) const override;
     VxTimeRange visible() const override;
     QWidget *overlayParent() const override;
+    double valuePerPixel() const override;
 
     // Aligns the key graph with the dope sheet and reports a change of the axis. Call it after a
     // change of anything in State.

@@ -1,0 +1,74 @@
+#ifndef KEYTOOLS_KEYGESTUREACTIONS_H
+#define KEYTOOLS_KEYGESTUREACTIONS_H
+
+#include "keytools/keygestureamount.h"
+#include <vxcore/vxaction.h>
+
+/// Base of the actions that begin a KeyGesture in the timeline. Its shortcut works while the mouse
+/// is over the views of the timeline or one of them has the focus; elsewhere the key has no effect.
+class KeyGestureAction : public VxAction
+{
+    Q_OBJECT
+public:
+    QString getDefaultAccel() const override;
+    QString getDefaultMenuPath() const override;
+    QString getActionGroup() const override;
+    int getMenuOrder() const override;
+    QString getMenuFolder() const override;
+
+    bool event(QEvent *event) override;
+
+protected:
+    KeyGestureAction(const QString &text, const QString &description, const char *shortcut,
+                     KeyGestureKind kind, int pivot = 0);
+    void executeAction() override;
+
+private:
+    QString m_shortcut;
+    KeyGestureKind m_kind;
+    int m_pivot;
+};
+
+class VxKeyToolsMoveGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsMoveGestureAction();
+};
+
+class VxKeyToolsDuplicateGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsDuplicateGestureAction();
+};
+
+class VxKeyToolsScaleTimesGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsScaleTimesGestureAction();
+};
+
+class VxKeyToolsScaleTimesInSelectionGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsScaleTimesInSelectionGestureAction();
+};
+
+class VxKeyToolsMoveValuesGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsMoveValuesGestureAction();
+};
+
+class VxKeyToolsScaleValuesGestureAction : public KeyGestureAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsScaleValuesGestureAction();
+};
+
+#endif

@@ -1,0 +1,144 @@
+#include "studiotestbase.h"
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSpinBox>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxtimeaxis.h>
+
+/// The shortcuts of gestures on keys in the whole program: they work over the timeline's views and
+/// leave text fields and other panes alone.
+class tst_KeyGestureKeys : public QObject, private StudioTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { tearDown(); }
+
+    void overTheViews_data();
+    void overTheViews();
+    void notInTextFields();
+    void notInOtherPanes();
+    void byTheMenu();
+
+private:
+    QWidget *sheet() const { return inTimePane<QWidget>("TimelineDopeSheetTView"); }
+    QWidget *gesture() const
+    {
+        auto *found = timePane()->findChild<QWidget *>("KeyGesture");
+        return found && found->isVisible() ? found : nullptr;
+    }
+    static VxTime firstTime() { return m_channel->getKeyTime(0); }
+
+    static VxFloatProperty *m_channel;
+};
+
+VxFloatProperty *tst_KeyGestureKeys::m_channel = nullptr;
+
+void tst_KeyGestureKeys::init()
+{
+    setUp();
+    start();
+    auto *node = new VxNode("node");
+    vxScene->addNode(node);
+    m_channel = node->getXPosControl();
+    for (int frame = 0; frame < 3; ++frame)
+        m_channel->setKey(frame * 160, float(frame), VxKeyInterp::Linear);
+    vxApp->getKeySelection()->set({{m_channel, {{0, 3}}, 0}});
+    vxApp->getUndoStack()->clear();
+    window()->viewport()->setFocus();
+    QCoreApplication::processEvents();
+}
+
+void tst_KeyGestureKeys::overTheViews_data()
+{
+    QTest::addColumn<bool>("byFocus");
+    QTest::newRow("with the focus in the dope sheet") << true;
+    QTest::newRow("with the mouse over it") << false;
+}
+
+void tst_KeyGestureKeys::overTheViews()
+{
+    QFETCH(bool, byFocus);
+    if (byFocus)
+        sheet()->setFocus();
+    else
+        VxMouseDriver(sheet()).moveTo(sheet()->rect().center());
+    type(Qt::Key_G);
+    QVERIFY(gesture());
+    type(Qt::Key_1);
+    type(Qt::Key_0);
+    QCOMPARE(firstTime(), 1600);
+    type(Qt::Key_Space); // no shortcut in mid gesture
+    QVERIFY(!vxScene->isPlaying());
+    type(Qt::Key_Backspace);
+    type(Qt::Key_Return);
+    QVERIFY(!gesture());
+    QCOMPARE(firstTime(), 160);
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
+    sheet()->setFocus();
+    type(Qt::Key_S, Qt::ShiftModifier);
+    QVERIFY(gesture());
+    type(Qt::Key_2);
+    QCOMPARE(m_channel->getKeyTime(2), 160 + 4 * 160);
+    type(Qt::Key_Escape);
+    QCOMPARE(m_channel->getKeyTime(2), 160 + 2 * 160);
+    QCOMPARE(QApplication::focusWidget(), sheet());
+    type(Qt::Key_D, Qt::ShiftModifier);
+    type(Qt::Key_5);
+    type(Qt::Key_Return);
+    QCOMPARE(m_channel->getNumKeys(), 6);
+    type(Qt::Key_V);
+    type(Qt::Key_5);
+    type(Qt::Key_Return);
+    QCOMPARE(m_channel->getKeyValue(3), 5.0F);
+    type(Qt::Key_V, Qt::ShiftModifier);
+    type(Qt::Key_2);
+    type(Qt::Key_Return);
+    QCOMPARE(m_channel->getKeyValue(3), 10.0F);
+    QCOMPARE(m_channel->getKeyValue(0), 0.0F);
+}
+
+void tst_KeyGestureKeys::notInTextFields()
+{
+    auto *field = inTimePane<QSpinBox>("TimelineCurrentFrameLEdit");
+    field->setFocus();
+    VxMouseDriver(sheet()).moveTo(sheet()->rect().center());
+    type(Qt::Key_G);
+    QVERIFY(!gesture());
+    QLineEdit text(window());
+    text.show();
+    text.setFocus();
+    type(Qt::Key_G);
+    type(Qt::Key_D, Qt::ShiftModifier);
+    QCOMPARE(text.text().toLower(), QString("gd"));
+    QVERIFY(!gesture());
+}
+
+void tst_KeyGestureKeys::notInOtherPanes()
+{
+    VxMouseDriver(window()->viewport()).moveTo(window()->viewport()->rect().center());
+    type(Qt::Key_G);
+    QVERIFY(!gesture());
+}
+
+void tst_KeyGestureKeys::byTheMenu()
+{
+    action("VxKeyToolsMoveGestureAction")->trigger();
+    QVERIFY(gesture());
+    // Playback, scripts and the rest of the program go on; opening a menu drops the gesture.
+    type(Qt::Key_3);
+    QCOMPARE(firstTime(), 480);
+    QMenu *menu = window()->menuBar()->actions().first()->menu();
+    menu->popup(QPoint(10, 10));
+    QVERIFY(!gesture());
+    menu->close();
+    QCOMPARE(firstTime(), 0);
+    QCOMPARE(vxApp->getUndoStack()->count(), 0);
+}
+
+VX_TEST_MAIN(tst_KeyGestureKeys)
+#include "tst_keygesturekeys.moc"
