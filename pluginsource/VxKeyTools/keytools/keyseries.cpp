@@ -11,47 +11,48 @@ VxTime wholeTick(double time)
     return VxTime(limited < 0 ? limited - 0.5 : limited + 0.5);
 }
 
-void moveTimes(KeySeries *keys, double offset)
+void moveTimes(std::vector<VxTime> *times, double offset)
 {
-    for (VxTime &time : keys->times)
+    for (VxTime &time : *times)
         time = wholeTick(time + offset);
 }
 
-void scaleTimes(KeySeries *keys, double factor, double pivot)
+void scaleTimes(std::vector<VxTime> *times, double factor, double pivot)
 {
-    for (VxTime &time : keys->times)
+    for (VxTime &time : *times)
         time = wholeTick(pivot + (time - pivot) * factor);
 }
 
-void snapTimes(KeySeries *keys, VxTime step)
+void snapTimes(std::vector<VxTime> *times, VxTime step)
 {
-    for (VxTime &time : keys->times) {
-        const double steps = double(time) / step + 0.5;
-        const auto whole = qint64(steps);
-        time = wholeTick(double(whole - (double(whole) > steps ? 1 : 0)) * step);
+    for (VxTime &time : *times) {
+        const VxTime rest = time % step;
+        const qint64 below = qint64(time) - (rest < 0 ? rest + step : rest);
+        const qint64 nearest = below + (2 * (time - below) >= step ? step : 0);
+        time = VxTime(std::clamp(nearest, qint64(VxTimeMin), qint64(VxTimeMax)));
     }
 }
 
-void spaceTimes(KeySeries *keys)
+void spaceTimes(std::vector<VxTime> *times)
 {
-    const int last = keys->count() - 1;
+    const int last = int(times->size()) - 1;
     for (int i = 1; i < last; ++i) {
-        const double first = keys->times.front();
-        keys->times[std::size_t(i)] = wholeTick(first + (keys->times.back() - first) * i / last);
+        const double first = times->front();
+        (*times)[std::size_t(i)] = wholeTick(first + (times->back() - first) * i / last);
     }
 }
 
-void insertTime(KeySeries *keys, VxTime time, VxTime count)
+void insertTime(std::vector<VxTime> *times, VxTime time, VxTime count)
 {
-    for (VxTime &key : keys->times) {
+    for (VxTime &key : *times) {
         if (key >= time)
             key = wholeTick(double(key) + count);
     }
 }
 
-void removeTime(KeySeries *keys, VxTime time, VxTime count)
+void removeTime(std::vector<VxTime> *times, VxTime time, VxTime count)
 {
-    for (VxTime &key : keys->times) {
+    for (VxTime &key : *times) {
         if (key >= time)
             key = wholeTick(double(key) - count);
     }
@@ -76,8 +77,19 @@ double falloffWeight(double time, double start, double end, double falloff)
 
 void offsetValues(KeySeries *keys, double amount, VxTime start, VxTime end, VxTime falloff)
 {
-    for (std::size_t i = 0; i < keys->times.size(); ++i)
-        keys->values[i] += amount * falloffWeight(keys->times[i], start, end, falloff);
+    const std::vector<VxTime> &times = keys->times;
+    const auto indexFrom = [&times](auto place) { return std::size_t(place - times.begin()); };
+    const std::size_t first = indexFrom(std::lower_bound(times.begin(), times.end(), start));
+    const std::size_t last =
+        std::max(first, indexFrom(std::upper_bound(times.begin(), times.end(), end)));
+    const auto addWeighted = [&](std::size_t from, std::size_t to) {
+        for (std::size_t i = from; i < to; ++i)
+            keys->values[i] += amount * falloffWeight(times[i], start, end, falloff);
+    };
+    addWeighted(0, first);
+    for (std::size_t i = first; i < last; ++i)
+        keys->values[i] += amount;
+    addWeighted(last, times.size());
 }
 
 double meanValue(const KeySeries &keys)

@@ -18,22 +18,22 @@ struct KeySeries
 /// The whole tick nearest to a time, within the range of times.
 VxTime wholeTick(double time);
 
-/// Edits of times. Drawings show keys over frames before and after.
+/// Edits of times, in ticks. Drawings show keys over frames before and after.
 
 /// Moves each key by `offset` ticks: `a b . .` by 2: `. . a b`.
-void moveTimes(KeySeries *keys, double offset);
+void moveTimes(std::vector<VxTime> *times, double offset);
 /// Multiplies distances from `pivot` by `factor`: `a b c . .` by 2 about a: `a . b . c`. A factor
 /// of 0 moves all keys to the pivot, where one remains; below 0 their order is reversed.
-void scaleTimes(KeySeries *keys, double factor, double pivot);
+void scaleTimes(std::vector<VxTime> *times, double factor, double pivot);
 /// Moves each key to the nearest multiple of `step` ticks: `a .b . c` becomes `a b . c`.
-void snapTimes(KeySeries *keys, VxTime step);
+void snapTimes(std::vector<VxTime> *times, VxTime step);
 /// Equal distances between the first and the last key: `a b . . c` becomes `a . b . c`.
-void spaceTimes(KeySeries *keys);
+void spaceTimes(std::vector<VxTime> *times);
 /// Inserts `count` ticks at `time`: keys at or after it move later. `a b c` with 1 at b: `a . b c`.
-void insertTime(KeySeries *keys, VxTime time, VxTime count);
+void insertTime(std::vector<VxTime> *times, VxTime time, VxTime count);
 /// Removes the ticks from `time` to before `time + count`, which must have no keys: later keys
 /// move earlier. `a . . d` without the two ticks after a: `a d`.
-void removeTime(KeySeries *keys, VxTime time, VxTime count);
+void removeTime(std::vector<VxTime> *times, VxTime time, VxTime count);
 
 /// Edits of values.
 

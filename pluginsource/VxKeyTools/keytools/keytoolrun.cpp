@@ -15,20 +15,29 @@
 
 namespace {
 
-float propertyValue(const VxFloatProperty &property, double value)
-{
-    constexpr double Largest = std::numeric_limits<float>::max();
-    const auto single = float(std::clamp(std::isfinite(value) ? value : 0, -Largest, Largest));
-    return property.isClamped() ? std::clamp(single, property.getMin(), property.getMax()) : single;
-}
+using EditedSpans = std::optional<std::vector<VxKeySpan>>;
 
-qint32 propertyValue(const VxIntProperty &property, double value)
+/// Makes values of a property from numbers: within its limits and those of its type.
+template <class V> class ValueLimiter
 {
-    constexpr double Largest = std::numeric_limits<qint32>::max();
-    const auto whole =
-        qint32(std::round(std::clamp(std::isfinite(value) ? value : 0, -Largest, Largest)));
-    return property.isClamped() ? std::clamp(whole, property.getMin(), property.getMax()) : whole;
-}
+public:
+    template <class Property> explicit ValueLimiter(const Property &property)
+    {
+        if (!property.isClamped())
+            return;
+        m_low = double(property.getMin());
+        m_high = double(property.getMax());
+    }
+    V operator()(double value) const
+    {
+        const double limited = std::clamp(std::isfinite(value) ? value : 0, m_low, m_high);
+        return std::is_same_v<V, float> ? V(limited) : V(std::round(limited));
+    }
+
+private:
+    double m_low = double(std::numeric_limits<V>::lowest());
+    double m_high = double(std::numeric_limits<V>::max());
+};
 
 /// The same keys by spans with gaps between them.
 std::vector<VxKeySpan> joined(const std::vector<VxKeySpan> &spans)
@@ -105,93 +114,130 @@ std::vector<VxKeySpan> shortened(std::vector<VxKeySpan> spans, int count)
     return spans;
 }
 
-/// The keys of spans as a series.
-template <class V>
-KeySeries seriesOf(const VxKeyColumns<V> &keys, const std::vector<VxKeySpan> &spans, int count)
+/// The elements of spans of an array, one after the other.
+template <class To, class From>
+std::vector<To> picked(const From *from, const std::vector<VxKeySpan> &spans, int count)
 {
-    KeySeries series;
-    series.times.reserve(std::size_t(count));
-    series.values.reserve(std::size_t(count));
-    for (const VxKeySpan &span : spans) {
-        series.times.insert(series.times.end(), keys.times + span.first, keys.times + span.last);
-        series.values.insert(series.values.end(), keys.values + span.first,
-                             keys.values + span.last);
-    }
-    return series;
+    std::vector<To> result;
+    result.reserve(std::size_t(count));
+    for (const VxKeySpan &span : spans)
+        result.insert(result.end(), from + span.first, from + span.last);
+    return result;
 }
 
-/// The edited values of keys. An unedited value stays to the last bit, even beyond its limits.
-template <class V, class Property>
-std::vector<V> editedValues(const Property &property, const KeySeries &series,
-                            const std::vector<int> &source)
+QVector<int> indexesOf(const std::vector<VxKeySpan> &spans, int count)
 {
-    std::vector<V> values(source.size());
-    const V *former = property.getKeys().values;
-    for (std::size_t i = 0; i < source.size(); ++i) {
-        const V old = former[source[i]];
-        values[i] =
-            series.values[i] == double(old) ? old : propertyValue(property, series.values[i]);
+    QVector<int> indexes(count);
+    int *next = indexes.data();
+    for (const VxKeySpan &span : spans) {
+        std::iota(next, next + (span.last - span.first), span.first);
+        next += span.last - span.first;
+    }
+    return indexes;
+}
+
+bool areAt(const std::vector<VxTime> &times, const VxTime *former,
+           const std::vector<VxKeySpan> &spans)
+{
+    const VxTime *next = times.data();
+    for (const VxKeySpan &span : spans) {
+        if (!std::equal(former + span.first, former + span.last, next))
+            return false;
+        next += span.last - span.first;
+    }
+    return true;
+}
+
+/// The edited values of keys, and the number of those that differ from the former ones. An unedited
+/// value stays to the last bit, even beyond its limits.
+template <class V>
+QVector<V> limitedValues(const std::vector<double> &edited, const V *former,
+                         const std::vector<VxKeySpan> &spans, const ValueLimiter<V> &limiter,
+                         int *changed)
+{
+    QVector<V> values(int(edited.size()));
+    V *next = values.data();
+    const double *number = edited.data();
+    for (const VxKeySpan &span : spans) {
+        for (int i = span.first; i < span.last; ++i, ++next, ++number) {
+            *next = *number == double(former[i]) ? former[i] : limiter(*number);
+            *changed += *next != former[i] ? 1 : 0;
+        }
     }
     return values;
 }
 
-/// Writes values of keys that keep their times. False when all are the former ones.
-bool writeValues(VxFloatProperty *property, const std::vector<int> &source,
-                 const std::vector<float> &values)
+/// Writes values of keys that keep their times, `changed` of which differ from the former ones.
+void writeValues(VxFloatProperty *property, QVector<int> indexes, QVector<float> values,
+                 int changed)
 {
-    const float *former = property->getKeys().values;
-    QVector<int> indexes(int(source.size()));
-    QVector<float> changed(indexes.size());
-    int *nextIndex = indexes.data();
-    float *nextValue = changed.data();
-    for (std::size_t i = 0; i < source.size(); ++i) {
-        *nextIndex = source[i];
-        *nextValue = values[i];
-        const bool isChanged = values[i] != former[source[i]];
-        nextIndex += isChanged ? 1 : 0;
-        nextValue += isChanged ? 1 : 0;
-    }
-    const auto count = int(nextIndex - indexes.constData());
-    indexes.resize(count);
-    changed.resize(count);
-    return count > 0 && property->setKeyValues(indexes, changed);
-}
-
-template <class T>
-bool areAt(const std::vector<T> &edited, const T *former, const std::vector<int> &source)
-{
-    return std::equal(edited.begin(), edited.end(), source.begin(),
-                      [former](T each, int index) { return each == former[index]; });
-}
-
-/// The edited spans afterwards; std::nullopt when nothing changed.
-template <class V, class Property>
-std::optional<std::vector<VxKeySpan>> editKeys(Property *property, const KeyTarget &target,
-                                               const std::function<void(KeySeries *)> &edit,
-                                               int *merged)
-{
-    const VxKeyColumns<V> keys = property->getKeys();
-    const std::vector<int> source = target.indexes();
-    KeySeries series = seriesOf(keys, target.editedSpans(), int(source.size()));
-    edit(&series);
-    const std::vector<V> values = editedValues<V>(*property, series, source);
-    if (areAt(series.times, keys.times, source)) {
-        if constexpr (std::is_same_v<V, float>) {
-            if (!writeValues(property, source, values))
-                return std::nullopt;
-            return target.editedSpans();
-        } else if (areAt(values, keys.values, source)) {
-            return std::nullopt;
+    if (changed < indexes.size()) {
+        const float *former = property->getKeys().values;
+        int kept = 0;
+        for (int i = 0; i < indexes.size(); ++i) {
+            if (values.at(i) == former[indexes.at(i)])
+                continue;
+            indexes[kept] = indexes.at(i);
+            values[kept++] = values.at(i);
         }
+        indexes.resize(kept);
+        values.resize(kept);
     }
+    property->setKeyValues(indexes, values);
+}
+
+template <class V, class Property>
+EditedSpans planAndReplace(Property *property, const QVector<int> &indexes,
+                           const std::vector<VxTime> &times, const V *values, int *merged)
+{
     const VxKeyResult<V> result = vxPlanKeyEdit<V>(
-        keys, {source.data(), series.times.data(), values.data(), int(source.size()), nullptr},
+        property->getKeys(), {indexes.constData(), times.data(), values, indexes.size(), nullptr},
         VxCollision::Replace);
     if (result.isEmpty())
         return std::nullopt;
     *merged += result.merged;
     property->replaceKeys(result.span, result.keys);
     return result.selected;
+}
+
+template <class V, class Property>
+EditedSpans editKeys(Property *property, const KeyTarget &target, const KeyToolRun::Edit &edit,
+                     int *merged)
+{
+    const VxKeyColumns<V> keys = property->getKeys();
+    const std::vector<VxKeySpan> spans = target.editedSpans();
+    const int count = target.numKeys() + target.numLaterKeys();
+    KeySeries series;
+    series.times = picked<VxTime>(keys.times, spans, count);
+    series.values = picked<double>(keys.values, spans, count);
+    edit(&series);
+    int changed = 0;
+    const QVector<V> values =
+        limitedValues<V>(series.values, keys.values, spans, ValueLimiter<V>(*property), &changed);
+    if (areAt(series.times, keys.times, spans)) {
+        if (changed == 0)
+            return std::nullopt;
+        if constexpr (std::is_same_v<V, float>) {
+            writeValues(property, indexesOf(spans, count), values, changed);
+            return spans;
+        }
+    }
+    return planAndReplace<V>(property, indexesOf(spans, count), series.times, values.constData(),
+                             merged);
+}
+
+template <class V, class Property>
+EditedSpans editTimesOf(Property *property, const KeyTarget &target,
+                        const KeyToolRun::TimeEdit &edit, int *merged)
+{
+    const VxKeyColumns<V> keys = property->getKeys();
+    const std::vector<VxKeySpan> spans = target.editedSpans();
+    const int count = target.numKeys() + target.numLaterKeys();
+    std::vector<VxTime> times = picked<VxTime>(keys.times, spans, count);
+    edit(&times);
+    if (areAt(times, keys.times, spans))
+        return std::nullopt;
+    return planAndReplace<V>(property, indexesOf(spans, count), times, nullptr, merged);
 }
 
 } // namespace
@@ -222,22 +268,45 @@ KeyToolRun::KeyToolRun(KeyTargets targets)
 
 KeyToolRun::~KeyToolRun() = default;
 
-void KeyToolRun::edit(const std::function<void(KeySeries *)> &edit)
+void KeyToolRun::edit(const Edit &edit)
 {
     for (std::size_t track = 0; track < m_targets.tracks.size(); ++track)
         this->edit(track, edit);
 }
 
-void KeyToolRun::edit(std::size_t track, const std::function<void(KeySeries *)> &edit)
+void KeyToolRun::edit(std::size_t track, const Edit &edit)
 {
     const KeyTarget &target = m_targets.tracks[track];
-    std::optional<std::vector<VxKeySpan>> edited;
+    const int later = target.numLaterKeys();
     if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
-        edited = editKeys<float>(number, target, edit, &m_result.merged);
+        selectEdited(track, editKeys<float>(number, target, edit, &m_result.merged), later);
     else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
-        edited = editKeys<qint32>(whole, target, edit, &m_result.merged);
-    if (edited)
-        select(track, shortened(std::move(*edited), target.numLaterKeys()));
+        selectEdited(track, editKeys<qint32>(whole, target, edit, &m_result.merged), later);
+}
+
+void KeyToolRun::editTimes(const TimeEdit &edit)
+{
+    for (std::size_t track = 0; track < m_targets.tracks.size(); ++track)
+        editTimes(track, edit);
+}
+
+void KeyToolRun::editTimes(std::size_t track, const TimeEdit &edit)
+{
+    const KeyTarget &target = m_targets.tracks[track];
+    const int later = target.numLaterKeys();
+    if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
+        selectEdited(track, editTimesOf<float>(number, target, edit, &m_result.merged), later);
+    else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
+        selectEdited(track, editTimesOf<qint32>(whole, target, edit, &m_result.merged), later);
+}
+
+// Later keys are edited too, but not selected. Their number is that before the edit, which may have
+// replaced keys.
+void KeyToolRun::selectEdited(std::size_t track, std::optional<std::vector<VxKeySpan>> spans,
+                              int later)
+{
+    if (spans)
+        select(track, shortened(std::move(*spans), later));
 }
 
 void KeyToolRun::retarget(std::size_t track)

@@ -30,7 +30,7 @@ struct KeyToolResult
 /// block, selects the edited keys where keys had been selected, and makes one undo entry.
 ///
 ///     KeyToolRun run;
-///     run.edit([](KeySeries *keys) { moveTimes(keys, 160); });
+///     run.editTimes([](std::vector<VxTime> *times) { moveTimes(times, 160); });
 ///     return run.finish(tr("Move Keys"));
 class KeyToolRun
 {
@@ -43,8 +43,13 @@ public:
     const KeyTargets &targets() const { return m_targets; }
 
     /// Edits times and values of the keys of each property.
-    void edit(const std::function<void(KeySeries *)> &edit);
-    void edit(std::size_t track, const std::function<void(KeySeries *)> &edit);
+    using Edit = std::function<void(KeySeries *)>;
+    void edit(const Edit &edit);
+    void edit(std::size_t track, const Edit &edit);
+    /// Edits times alone, without a pass over the values.
+    using TimeEdit = std::function<void(std::vector<VxTime> *)>;
+    void editTimes(const TimeEdit &edit);
+    void editTimes(std::size_t track, const TimeEdit &edit);
     /// Replaces the keys of each span of float properties; std::nullopt leaves the span unchanged.
     /// Other properties are left out.
     using Replacement = std::function<std::optional<VxFittedKeys>(const VxFloatProperty &property,
@@ -72,6 +77,7 @@ public:
 
 private:
     void select(std::size_t track, std::vector<VxKeySpan> spans);
+    void selectEdited(std::size_t track, std::optional<std::vector<VxKeySpan>> spans, int later);
 
     KeyTargets m_targets;
     std::vector<std::vector<VxKeySpan>> m_selected; ///< by track, after the edit

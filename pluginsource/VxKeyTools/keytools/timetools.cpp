@@ -30,11 +30,11 @@ KeyTargets rippleTargets(const KeyToolArguments &arguments)
 }
 
 /// Maps the times from first to last to another range; keys after last keep their distance from it.
-void mapTimes(KeySeries *keys, const VxTimeRange &from, double start, double end)
+void mapTimes(std::vector<VxTime> *times, const VxTimeRange &from, double start, double end)
 {
     const double span = double(from.getEnd()) - from.getStart();
     const double factor = span > 0 ? (end - start) / span : 1;
-    for (VxTime &time : keys->times) {
+    for (VxTime &time : *times) {
         const double beyond = double(time) - from.getEnd();
         time = wholeTick(beyond > 0 ? end + beyond
                                     : start + (double(time) - from.getStart()) * factor);
@@ -44,7 +44,7 @@ void mapTimes(KeySeries *keys, const VxTimeRange &from, double start, double end
 KeyToolResult move(const KeyToolArguments &arguments)
 {
     KeyToolRun run(rippleTargets(arguments));
-    run.edit([&](KeySeries *keys) { moveTimes(keys, arguments.amount("by")); });
+    run.editTimes([&](std::vector<VxTime> *times) { moveTimes(times, arguments.amount("by")); });
     return run.finish(KeyToolText::tr("Move Keys"));
 }
 
@@ -69,7 +69,7 @@ KeyToolResult scale(const KeyToolArguments &arguments)
         return refused(KeyToolText::tr("Scale Times: the factor must be a number or a percentage"));
     KeyToolRun run;
     const double pivot = pivotTime(arguments.choice("pivot"), run.targets().range());
-    run.edit([&](KeySeries *keys) { scaleTimes(keys, factor.amount, pivot); });
+    run.editTimes([&](std::vector<VxTime> *times) { scaleTimes(times, factor.amount, pivot); });
     return run.finish(KeyToolText::tr("Scale Times"));
 }
 
@@ -88,7 +88,7 @@ KeyToolResult retime(const KeyToolArguments &arguments)
     if (end < start)
         return refused(KeyToolText::tr("Retime: the end is before the start"));
     KeyToolRun run(targets);
-    run.edit([&](KeySeries *keys) { mapTimes(keys, range, start, end); });
+    run.editTimes([&](std::vector<VxTime> *times) { mapTimes(times, range, start, end); });
     return run.finish(KeyToolText::tr("Retime Keys"));
 }
 
@@ -100,8 +100,9 @@ KeyTargets frameTargets(const KeyToolArguments &arguments)
 KeyToolResult insertFrames(const KeyToolArguments &arguments)
 {
     KeyToolRun run(frameTargets(arguments));
-    run.edit(
-        [&](KeySeries *keys) { insertTime(keys, vxScene->getTime(), arguments.ticks("count")); });
+    run.editTimes([&](std::vector<VxTime> *times) {
+        insertTime(times, vxScene->getTime(), arguments.ticks("count"));
+    });
     return run.finish(KeyToolText::tr("Insert Frames"));
 }
 
@@ -118,7 +119,7 @@ KeyToolResult removeFrames(const KeyToolArguments &arguments)
             property->deleteKeys(first, last - 1);
         // All remaining keys are the target.
         run.retarget(track);
-        run.edit(track, [&](KeySeries *keys) { removeTime(keys, time, count); });
+        run.editTimes(track, [&](std::vector<VxTime> *times) { removeTime(times, time, count); });
     }
     return run.finish(KeyToolText::tr("Remove Frames"));
 }
@@ -127,14 +128,14 @@ KeyToolResult snap(const KeyToolArguments &arguments)
 {
     KeyToolRun run;
     const VxTime step = std::max<VxTime>(1, arguments.ticks("step"));
-    run.edit([step](KeySeries *keys) { snapTimes(keys, step); });
+    run.editTimes([step](std::vector<VxTime> *times) { snapTimes(times, step); });
     return run.finish(KeyToolText::tr("Snap Keys"));
 }
 
 KeyToolResult space(const KeyToolArguments &)
 {
     KeyToolRun run;
-    run.edit([](KeySeries *keys) { spaceTimes(keys); });
+    run.editTimes([](std::vector<VxTime> *times) { spaceTimes(times); });
     return run.finish(KeyToolText::tr("Space Keys Evenly"));
 }
 
@@ -160,8 +161,8 @@ KeyToolResult reverse(const KeyToolArguments &)
         if (hasTypes)
             run.rewrite(track, [&](VxFittedKeys *keys) { reverseKeys(keys, range); });
         else
-            run.edit(track, [&](KeySeries *keys) {
-                scaleTimes(keys, -1, (double(range.getStart()) + range.getEnd()) / 2);
+            run.editTimes(track, [&](std::vector<VxTime> *times) {
+                scaleTimes(times, -1, (double(range.getStart()) + range.getEnd()) / 2);
             });
     }
     return run.finish(KeyToolText::tr("Reverse Keys"));

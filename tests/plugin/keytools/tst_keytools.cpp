@@ -93,6 +93,8 @@ void tst_KeyTools::drawings_data()
     row("move back", ". . A b", "move({by: '-1'})", ". A . b");
     row("move by seconds", "A . . . . b", "move({by: '0.1s'})", ". . . A . b");
     row("move with ripple", "A B . c . d", "move({by: '1', ripple: 1})", ". A B . c . d");
+    row("move with ripple onto another key", "a B c . d", "move({by: '-1', ripple: 1})",
+        "B c . d .");
     row("scale about the start", "A B C . .", "scaleTimes({factor: '200%', pivot: 'Start'})",
         "A . B . C");
     row("scale about the middle", ". A . B . C .", "scaleTimes({factor: '50%', pivot: 'Middle'})",
