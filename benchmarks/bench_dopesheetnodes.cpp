@@ -4,7 +4,6 @@
 //
 // Arguments: parts of names; only lines that have one of them are measured.
 
-#include <QAction>
 #include <QApplication>
 #include <algorithm>
 #include <cstdio>
@@ -18,8 +17,8 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
+#include "allkeytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
@@ -38,24 +37,6 @@ double allocatedBytes()
     const auto info = mallinfo2();
     return double(info.uordblks) + double(info.hblkhd);
 }
-
-// A check mark for a property type.
-class TypeAction : public QAction, public TimePaneChoice
-{
-public:
-    explicit TypeAction(int value)
-        : m_value(value)
-    {
-        setCheckable(true);
-        setChecked(true);
-    }
-
-    Family family() const override { return PropertyTypeFamily; }
-    int value() const override { return m_value; }
-
-private:
-    int m_value;
-};
 
 // A pane over an empty scene, with the transform controls listed, or everything.
 class Stage

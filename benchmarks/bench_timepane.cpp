@@ -3,7 +3,6 @@
 //
 // Floors: the pane without rows to paint; one plain search in an array for each channel.
 
-#include <QAction>
 #include <QApplication>
 #include <benchmark/benchmark.h>
 #include <testing/vxscenebuilder.h>
@@ -12,9 +11,9 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
+#include "allkeytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keyskip.h"
-#include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelineplayback.h"
 
@@ -27,24 +26,6 @@ namespace {
 constexpr VxTime Step = 160;
 constexpr int Frames = 300;
 
-/// A check mark for one type of property: without any, the rows show no keys.
-class TypeAction : public QAction, public TimePaneChoice
-{
-public:
-    explicit TypeAction(int type)
-        : m_type(type)
-    {
-        setCheckable(true);
-        setChecked(true);
-    }
-
-    Family family() const override { return PropertyTypeFamily; }
-    int value() const override { return m_type; }
-
-private:
-    int m_type;
-};
-
 /// A shown pane over scene W, with the keys of all types, and nothing left to be done.
 class Fixture
 {
@@ -52,10 +33,7 @@ public:
     explicit Fixture(VxTimePane::ViewMode mode = VxTimePane::AdvancedView)
     {
         VxSceneBuilder(vxScene).build(VxSceneBuilder::Size::W);
-        for (const int type : {1, 2, 4, 8}) {
-            m_types.push_back(std::make_unique<TypeAction>(type));
-            m_pane.registerAction(m_types.back().get());
-        }
+        m_types.addTo(&m_pane);
         m_pane.setViewMode(mode);
         m_pane.resize(1600, 800);
         m_pane.show();
@@ -72,7 +50,7 @@ public:
 
 private:
     VxApp m_app;
-    std::vector<std::unique_ptr<TypeAction>> m_types;
+    AllKeyTypes m_types;
     VxTimePane m_pane;
 };
 

@@ -1,5 +1,6 @@
-// The viewport of 1280 by 800 pixels with a figure of 170 bones in motion and the motion trails of
-// five joints over 300 frames: a frame of playback, and a frame after a curve has changed.
+// The viewport of 1280 by 800 pixels with a figure of 170 bones in motion, the motion trails of
+// five joints over 300 frames and the rotation gizmo: a frame of playback, and a frame after a
+// curve has changed.
 //
 // Floor: QPainter drawing the same edges, lines and dots straight, already projected.
 
@@ -13,6 +14,8 @@
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxviewportmgr.h>
 
+#include "posetools/posetools.h"
+#include "posetools/transformtool.h"
 #include "viewport/boneshape.h"
 #include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
@@ -39,11 +42,13 @@ public:
         m_view.resize(1280, 800);
         m_view.frameAll();
         m_trails.setEnabled(true);
+        m_tools->activate(PoseTools::Rotate);
         paint();
     }
 
     void paint() { m_view.render(&m_target); }
     ViewportWidget &view() { return m_view; }
+    TransformTool *gizmo() { return m_tools->tool(PoseTools::Rotate); }
     QImage &target() { return m_target; }
     const QVector<VxNode *> &joints() const { return m_joints; }
 
@@ -70,6 +75,7 @@ private:
     VxApp m_app;
     VxViewportMgr m_conventions;
     ViewportWidget m_view{vxScene, &m_conventions};
+    PoseTools *m_tools = new PoseTools(vxScene, &m_view);
     MotionTrails m_trails{vxScene};
     QImage m_target{QSize(1280, 800), QImage::Format_ARGB32_Premultiplied};
     QVector<VxNode *> m_joints;
@@ -121,6 +127,9 @@ void drawnStraight(benchmark::State &state)
             line.append(camera.project(dot.at).value_or(QPointF()));
         lines.append(line);
     }
+    const auto target = fixture.gizmo()->target();
+    const QVector<GizmoShape> gizmo =
+        gizmoShapes(GizmoKind::Rotate, target->frame, target->locks, camera);
     QPixmap ground(fixture.target().size());
     ground.fill(Qt::black);
     for (auto _ : state) {
@@ -136,6 +145,14 @@ void drawnStraight(benchmark::State &state)
             painter.drawPolyline(line);
             for (const QPointF &dot : line)
                 painter.fillRect(QRectF(dot, QSizeF(2, 2)), Qt::white);
+        }
+        for (const GizmoShape &shape : gizmo) {
+            painter.setPen(QPen(Qt::black, 5.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            painter.drawPolyline(shape.line);
+            painter.setPen(QPen(Qt::white, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            painter.drawPolyline(shape.line);
+            painter.setPen(QPen(Qt::white, 1.2));
+            painter.drawPolyline(shape.back);
         }
     }
 }

@@ -25,15 +25,13 @@ bool isMovable(const GestureNode &node, const QMatrix4x4 &parent, const QVector3
     return true;
 }
 
-} // namespace
-
-GizmoLocks moveLocks(const VxNode *node, VxTime time, const GizmoFrame &frame)
+/** Which of a gizmo's parts a node's translation channels do not allow. */
+GizmoLocks moveLocks(const GestureNode &node, const GizmoFrame &frame)
 {
-    const GestureNode part(const_cast<VxNode *>(node), time, false);
-    const QMatrix4x4 parent = part.parentMatrix();
+    const QMatrix4x4 parent = node.parentMatrix();
     std::array<bool, 3> locked{};
     for (std::size_t axis = 0; axis < 3; ++axis)
-        locked[axis] = !isMovable(part, parent, frame.axes[axis]);
+        locked[axis] = !isMovable(node, parent, frame.axes[axis]);
     GizmoLocks locks{};
     locks[size_t(GizmoPart::X)] = locked[0];
     locks[size_t(GizmoPart::Y)] = locked[1];
@@ -44,6 +42,8 @@ GizmoLocks moveLocks(const VxNode *node, VxTime time, const GizmoFrame &frame)
     locks[size_t(GizmoPart::View)] = locked[0] || locked[1] || locked[2];
     return locks;
 }
+
+} // namespace
 
 MoveTool::MoveTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
     : TransformTool(scene, settings, GizmoKind::Move, parent)
@@ -68,9 +68,9 @@ GizmoTarget MoveTool::targetOf(const QVector<VxNode *> &selected, VxNode *primar
         origin /= float(target.nodes.size());
     }
     target.frame = {origin, axesFor(primary)};
-    // A part that the first node does not allow is locked for all of them.
-    target.locks = moveLocks(target.nodes.contains(primary) ? primary : target.nodes.first(), time,
-                             target.frame);
+    target.locks = commonLocks(target.nodes, [&target](const GestureNode &node) {
+        return moveLocks(node, target.frame);
+    });
     return target;
 }
 

@@ -32,7 +32,4 @@ private:
     std::optional<MoveDrag> m_drag;
 };
 
-/// Which of a gizmo's parts a node's translation channels do not allow, for axes of the world.
-GizmoLocks moveLocks(const VxNode *node, VxTime time, const GizmoFrame &frame);
-
 #endif

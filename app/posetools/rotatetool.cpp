@@ -51,7 +51,6 @@ VxVector RotateTool::axisFor(const GestureNode &node, GizmoPart part,
 
 GizmoTarget RotateTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
 {
-    using Orientation = PoseToolSettings::Orientation;
     const VxTime time = scene()->getTime();
     const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
     GizmoTarget target{isCommon ? SceneEdits::topmost(scene(), selected) : selected,
@@ -65,23 +64,40 @@ GizmoTarget RotateTool::targetOf(const QVector<VxNode *> &selected, VxNode *prim
         target.frame.origin = sum / float(target.nodes.size());
     }
     const GestureNode node(primary, time, false);
-    const bool isLocked = NodeAngles::hasLockedAngle(node);
-    const bool byChannel = isLocked && !isCommon && settings()->orientation() == Orientation::Local;
-    const VxRotation parent = Spaces::rotationOf(node.parentMatrix());
-    for (int axis = 0; axis < 3; ++axis) {
-        const auto index = size_t(axis);
-        const auto part = GizmoPart(int(GizmoPart::X) + axis);
-        if (byChannel)
-            target.frame.axes[index] =
+    if (isByChannel(node)) {
+        const VxRotation parent = Spaces::rotationOf(node.parentMatrix());
+        for (int axis = 0; axis < 3; ++axis)
+            target.frame.axes[size_t(axis)] =
                 Spaces::toVector3D(parent * NodeAngles::channelAxis(node, XAngle + axis));
-        target.locks[size_t(part)] =
-            byChannel
-                ? !node.isFree(XAngle + axis)
-                : isLocked &&
-                      !NodeAngles::isRotatable(node, axisFor(node, part, target.frame.axes[index]));
     }
-    target.locks[size_t(GizmoPart::View)] = isLocked;
+    target.locks = commonLocks(target.nodes, [this, &target](const GestureNode &each) {
+        return locksOf(each, target.frame);
+    });
     return target;
+}
+
+/** Whether each ring changes one channel only. */
+bool RotateTool::isByChannel(const GestureNode &node) const
+{
+    return NodeAngles::hasLockedAngle(node) &&
+           settings()->pivot() == PoseToolSettings::Pivot::Own &&
+           settings()->orientation() == PoseToolSettings::Orientation::Local;
+}
+
+GizmoLocks RotateTool::locksOf(const GestureNode &node, const GizmoFrame &frame) const
+{
+    GizmoLocks locks{};
+    if (!NodeAngles::hasLockedAngle(node))
+        return locks;
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto part = GizmoPart(int(GizmoPart::X) + axis);
+        locks[size_t(part)] =
+            isByChannel(node)
+                ? !node.isFree(XAngle + axis)
+                : !NodeAngles::isRotatable(node, axisFor(node, part, frame.axes[size_t(axis)]));
+    }
+    locks[size_t(GizmoPart::View)] = true;
+    return locks;
 }
 
 QVector3D RotateTool::worldAxis() const
@@ -106,10 +122,7 @@ void RotateTool::beginDrag(const GizmoTarget &target, const QPointF &pixel)
             isCommon ? world.column(3).toVector3D() - target.frame.origin : QVector3D();
         Part made{&each, axisFor(each, part(), m_axis), -1, Spaces::toVector(arm),
                   each.parentMatrix()};
-        const bool byChannel = NodeAngles::hasLockedAngle(each) && !isCommon &&
-                               part() != GizmoPart::View &&
-                               settings()->orientation() == PoseToolSettings::Orientation::Local;
-        if (byChannel)
+        if (isByChannel(each) && part() != GizmoPart::View)
             made.channel = XAngle + gizmoAxis(part());
         m_parts.push_back(made);
     }

@@ -35,6 +35,8 @@ private:
         QMatrix4x4 parent;
     };
     VxVector axisFor(const GestureNode &node, GizmoPart part, const QVector3D &worldAxis) const;
+    bool isByChannel(const GestureNode &node) const;
+    GizmoLocks locksOf(const GestureNode &node, const GizmoFrame &frame) const;
     QVector3D worldAxis() const;
     double writeAngles(const Part &part);
     void writePosition(const Part &part, double angle);

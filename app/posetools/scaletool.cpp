@@ -35,10 +35,13 @@ GizmoTarget ScaleTool::targetOf(const QVector<VxNode *> &selected, VxNode *prima
                        primary,
                        {world.column(3).toVector3D(), Spaces::axesOf(Spaces::rotationOf(world))},
                        {}};
-    const GestureNode node(primary, time, false);
-    for (int axis = 0; axis < 3; ++axis)
-        target.locks[size_t(int(GizmoPart::X) + axis)] = !node.isFree(XStretch + axis);
-    target.locks[size_t(GizmoPart::View)] = !node.isFree(AllScale);
+    target.locks = commonLocks(selected, [](const GestureNode &node) {
+        GizmoLocks locks{};
+        for (int axis = 0; axis < 3; ++axis)
+            locks[size_t(int(GizmoPart::X) + axis)] = !node.isFree(XStretch + axis);
+        locks[size_t(GizmoPart::View)] = !node.isFree(AllScale);
+        return locks;
+    });
     return target;
 }
 

@@ -67,6 +67,22 @@ std::array<QVector3D, 3> TransformTool::axesFor(const VxNode *node) const
     return Spaces::axesOf(Spaces::rotationOf(space->getWorldTransform(m_scene->getTime())));
 }
 
+GizmoLocks
+TransformTool::commonLocks(const QVector<VxNode *> &nodes,
+                           const std::function<GizmoLocks(const GestureNode &)> &locksOf) const
+{
+    GizmoLocks common;
+    common.fill(true);
+    for (VxNode *node : nodes) {
+        const GizmoLocks locks = locksOf(GestureNode(node, m_scene->getTime(), false));
+        for (std::size_t part = 0; part < common.size(); ++part)
+            common[part] = common[part] && locks[part];
+        if (std::none_of(common.begin(), common.end(), [](bool isLocked) { return isLocked; }))
+            break;
+    }
+    return common;
+}
+
 bool TransformTool::press(const ViewportPointer &at)
 {
     const auto target = this->target();

@@ -7,6 +7,7 @@
 #include "viewport/viewportcamera.h"
 #include "viewport/viewporttool.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -80,6 +81,9 @@ protected:
     /// A sentence behind the amount, such as about a limit; empty for none.
     virtual QString remark() const;
 
+    /// The parts that none of the nodes allows. locksOf: those of one node.
+    GizmoLocks commonLocks(const QVector<VxNode *> &nodes,
+                           const std::function<GizmoLocks(const GestureNode &)> &locksOf) const;
     /// The axes of a node in the settings' orientation.
     std::array<QVector3D, 3> axesFor(const VxNode *node) const;
 

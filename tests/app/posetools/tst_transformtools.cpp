@@ -29,6 +29,7 @@ private Q_SLOTS:
     void aDeletedNodeRestoresTheOthers();
     void anotherTimeEndsTheDrag();
     void lockedAnglesCannotBeGrabbed();
+    void ofSeveralNodesTheFreeOnesFollow();
     void aLockedNodeRotatesAboutItsChannels();
     void limitsStopTheRotation();
     void severalNodesAboutTheirOwnOrigins();
@@ -261,6 +262,20 @@ void tst_TransformTools::lockedAnglesCannotBeGrabbed()
     QVERIFY(pixelOf(GizmoPart::X).x() < 0);
     QVERIFY(pixelOf(GizmoPart::View).x() < 0);
     QVERIFY(pixelOf(GizmoPart::Y).x() >= 0);
+    angle("Hips", 0)->setLocked(false);
+}
+
+void tst_TransformTools::ofSeveralNodesTheFreeOnesFollow()
+{
+    use(PoseTools::Rotate, {"Spine", "Hips"});
+    angle("Hips", 0)->setLocked(true);
+    typeAmount(GizmoPart::X, "20");
+    QCOMPARE(angle("Spine", 0)->getValue(), 20.0f);
+    QCOMPARE(angle("Hips", 0)->getValue(), 0.0f);
+    QVERIFY2(status().contains("not changed: 1"), qPrintable(status()));
+    angle("Spine", 0)->setLocked(true);
+    QVERIFY(pixelOf(GizmoPart::X).x() < 0);
+    angle("Spine", 0)->setLocked(false);
     angle("Hips", 0)->setLocked(false);
 }
 
