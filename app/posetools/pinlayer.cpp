@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
 namespace {

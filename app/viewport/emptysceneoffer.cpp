@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
 EmptySceneOffer::EmptySceneOffer(VxScene *scene, QWidget *viewport)
