@@ -22,7 +22,7 @@ APP = [
     ["widgets", "import"],
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
-    ["create", "pose"],
+    ["create", "pose", "markers"],
     ["gizmo", "posetools"],
     ["shell"],
 ]

@@ -103,6 +103,16 @@ const QVector<Section> &mouseSections()
                              "switches between the whole animation and the previous range")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Double click the edge of the names column"),
            QT_TRANSLATE_NOOP("KeyOverview", "fits the column to the names")}}},
+        {QT_TRANSLATE_NOOP("KeyOverview", "Markers"),
+         {{QT_TRANSLATE_NOOP("KeyOverview", "Double click"),
+           QT_TRANSLATE_NOOP("KeyOverview", "adds a marker, or renames the one below the mouse")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Drag a marker, or an end of a span"),
+           QT_TRANSLATE_NOOP("KeyOverview", "moves it; it snaps to the playhead, other markers and "
+                                            "frames. Ctrl: freely")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Left, Right, F2, Del in the strip"),
+           QT_TRANSLATE_NOOP("KeyOverview", "select, rename and delete a marker")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Right click"),
+           QT_TRANSLATE_NOOP("KeyOverview", "opens the menu of a marker: colour, span, delete")}}},
         {QT_TRANSLATE_NOOP("KeyOverview", "Key graph"),
          {{QT_TRANSLATE_NOOP("KeyOverview", "Drag a key"),
            QT_TRANSLATE_NOOP("KeyOverview", "moves the selected keys in time and value; Shift: in "

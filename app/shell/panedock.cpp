@@ -42,6 +42,9 @@ PaneDock::PaneDock(VxPane *pane, QWidget *parent)
 {
     setObjectName(QStringLiteral("Dock") + m_paneClassName);
     setWidget(pane);
+    // A strip has its title on the left, so that the dock is no higher than the strip.
+    if (isStrip())
+        setFeatures(features() | DockWidgetVerticalTitleBar);
     setTitleBarWidget(makeTitleBar());
     connect(pane, &QObject::destroyed, this, &QObject::deleteLater);
 }
@@ -49,6 +52,11 @@ PaneDock::PaneDock(VxPane *pane, QWidget *parent)
 VxPane *PaneDock::pane() const
 {
     return qobject_cast<VxPane *>(widget());
+}
+
+bool PaneDock::isStrip() const
+{
+    return widget() && widget()->minimumHeight() == widget()->maximumHeight();
 }
 
 bool PaneDock::isHeightLimited() const

@@ -21,6 +21,8 @@ public:
     VxPane *pane() const;
     /// The class name of the pane, which also names the dock: "Dock" and that name.
     QString paneClassName() const { return m_paneClassName; }
+    /// True for a pane of a fixed height.
+    bool isStrip() const;
 
 Q_SIGNALS:
     /// The pane no longer limits its height. height: that of the dock before the limit, in pixels;

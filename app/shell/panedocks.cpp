@@ -21,7 +21,7 @@ struct Place
 };
 
 // Enough for ten rows of the dope sheet above the curves of the key graph.
-constexpr int BottomExtent = 456;
+constexpr int BottomExtent = 454;
 // The bottom's share of a window's height: limits it in large windows and extends it in small ones.
 constexpr double LeastBottomShare = 0.45;
 constexpr double LargestBottomShare = 0.57;
@@ -32,6 +32,7 @@ constexpr Place Places[] = {
     {"VxHistoryPane", Qt::LeftDockWidgetArea, 220, "VxScenePane"},
     {"VxKeyToolsPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
     {"VxKeyTablePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
+    {"VxMarkersPane", Qt::BottomDockWidgetArea, 0, nullptr},
     {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
     {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
 };
@@ -95,12 +96,14 @@ PaneDock *PaneDocks::find(const QString &paneClassName) const
 void PaneDocks::applyDefaultLayout()
 {
     // All are removed first: panes of one area must never be side by side, even temporarily,
-    // because that would widen the window permanently.
+    // because that would widen the window permanently. Strips are above the others of their area.
     for (PaneDock *dock : docks())
         m_window->removeDockWidget(dock);
-    for (PaneDock *dock : docks()) {
-        if (!frontOf(dock))
-            m_window->addDockWidget(placeOf(dock).area, dock);
+    for (const bool strips : {true, false}) {
+        for (PaneDock *dock : docks()) {
+            if (!frontOf(dock) && dock->isStrip() == strips)
+                m_window->addDockWidget(placeOf(dock).area, dock, Qt::Vertical);
+        }
     }
     tabifyDocks();
     for (PaneDock *dock : docks()) {
@@ -115,7 +118,8 @@ void PaneDocks::applyDefaultSizes()
 {
     for (PaneDock *dock : docks()) {
         const Qt::DockWidgetArea area = m_window->dockWidgetArea(dock);
-        if (dock->isFloating() || dock->isHidden() || area == Qt::NoDockWidgetArea)
+        if (dock->isFloating() || dock->isHidden() || dock->isStrip() ||
+            area == Qt::NoDockWidgetArea)
             continue;
         m_window->resizeDocks({dock}, {firstExtent(placeOf(dock), area, m_window->size())},
                               isAcross(area) ? Qt::Vertical : Qt::Horizontal);
@@ -150,7 +154,7 @@ void PaneDocks::addPane(VxPane *pane)
     auto *dock = new PaneDock(pane, m_window);
     // A pane added later returns to its former position, if the window has saved it.
     if (!m_window->restoreDockWidget(dock))
-        m_window->addDockWidget(placeOf(dock).area, dock);
+        m_window->addDockWidget(placeOf(dock).area, dock, Qt::Vertical);
     // Before the window is shown there is no user's arrangement.
     if (!m_window->isVisible())
         tabifyDocks();

@@ -3,6 +3,8 @@
 #include "console/vxconsolepane.h"
 #include "create/vxbonechainaction.h"
 #include "create/vxcreateactions.h"
+#include "markers/vxmarkeractions.h"
+#include "markers/vxmarkerspane.h"
 #include "pose/vxposeactions.h"
 #include "posetools/vxposetoolactions.h"
 #include "scenetree/vxscenepane.h"
@@ -78,6 +80,16 @@ QVector<VxClassFactory *> createFactories()
             &boneChain,  &editBone,       &duplicateNodes, &groupNodes};
 }
 
+QVector<VxClassFactory *> markerFactories()
+{
+    static PaneFactory<VxMarkersPane> strip("59F4B5B2-68CB-4A35-A2FA-4E0C7DCE2B0E");
+    static VxScriptableFactoryOf<VxAddMarkerAction> add("C53D93A2-7AC0-4B77-9A83-6F5BC0D5F1E1");
+    static VxScriptableFactoryOf<VxPreviousMarkerAction> previous(
+        "0A3A2E5B-4C0D-4E57-8C84-9C2B6B0D7B13");
+    static VxScriptableFactoryOf<VxNextMarkerAction> next("E7B0B9D4-2F5B-4D62-9E2B-0D9C9E5F7A55");
+    return {&strip, &add, &previous, &next};
+}
+
 QVector<VxClassFactory *> cameraFactories()
 {
     static VxScriptableFactoryOf<VxFrameAllAction> frameAll("4F8036EC-0144-491D-A4B8-9F2E6056D35B");
@@ -131,5 +143,5 @@ QVector<VxClassFactory *> studioClassFactories()
     static PaneFactory<VxHistoryPane> historyPane("6B0D9D0E-2A57-4C7B-9B1E-52C0A3E4F7D2");
     static PaneFactory<VxConsolePane> consolePane("B41F7C35-8E0A-4D96-A6B3-9D2E1F60C8A4");
     return QVector<VxClassFactory *>{&scenePane, &historyPane, &consolePane} + createFactories() +
-           toolFactories() + poseFactories() + cameraFactories();
+           toolFactories() + poseFactories() + cameraFactories() + markerFactories();
 }

@@ -44,7 +44,7 @@ constexpr QSize DefaultSize(1280, 800);
 constexpr QSize FrameRoom(16, 48); // window frame of a desktop, pixels
 constexpr double LargeScreenShare = 0.8;
 constexpr double LikeSizes = 0.1; // windows that differ by less share a layout
-constexpr int LayoutVersion = 2;  // to increase when docks are arranged in another way
+constexpr int LayoutVersion = 3;  // to increase when docks are arranged in another way
 
 /** The offscreen platform's screen has no meaningful size. */
 bool hasRealScreen()
