@@ -26,7 +26,7 @@ private Q_SLOTS:
     void scriptsSetLengths();
     void theRestPoseIsSetAndFound();
     void theRestPoseIsIndependentOfValuesWithoutKeys();
-    void copiesHaveTheRestPose();
+    void copiesHaveRestPoseAndPin();
 
 private:
     void inDialog(const std::function<void(QDialog *)> &edit, bool accept) const;
@@ -171,14 +171,17 @@ void tst_BoneEdits::theRestPoseIsIndependentOfValuesWithoutKeys()
     QCOMPARE(angle("Head", 0)->getValue(), 0.0f);
 }
 
-void tst_BoneEdits::copiesHaveTheRestPose()
+void tst_BoneEdits::copiesHaveRestPoseAndPin()
 {
     node("Head")->setRestPose(VxRestPose{0, 0, 0, 7, 8, 9, 1, 1, 1, 1});
+    node("Head")->setPinned(true);
     select({"Head"});
     action("VxDuplicateNodesAction")->trigger();
     const VxNode *copy = vxScene->getPrimarySelection();
     QVERIFY(copy != node("Head"));
     QVERIFY(copy->getRestPose() == node("Head")->getRestPose());
+    QVERIFY(copy->isPinned());
+    node("Head")->setPinned(false);
 }
 
 VX_TEST_MAIN(tst_BoneEdits)
