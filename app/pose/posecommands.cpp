@@ -24,22 +24,32 @@ Pose &clipboard()
     return pose;
 }
 
-/** " Not found: a, b." with a blank in front; empty when nothing is missing. */
-QString missingText(const QStringList &missing)
+/// Names that have no match, each once.
+class MissingNames
 {
-    if (missing.isEmpty())
-        return {};
-    const QString names = QStringList(missing.mid(0, ListedNames)).join(QStringLiteral(", "));
-    const int more = missing.size() - ListedNames;
-    return more > 0 ? StudioText::tr(" Not found: %1 and %2 more.").arg(names).arg(more)
-                    : StudioText::tr(" Not found: %1.").arg(names);
-}
+public:
+    void add(const QString &name)
+    {
+        if (!m_all.contains(name) && m_first.size() < ListedNames)
+            m_first.append(name);
+        m_all.insert(name);
+    }
 
-void appendOnce(QStringList *names, const QString &name)
-{
-    if (!names->contains(name))
-        names->append(name);
-}
+    /** " Not found: a, b." with a blank in front; empty when nothing is missing. */
+    QString text() const
+    {
+        if (m_first.isEmpty())
+            return {};
+        const QString names = m_first.join(QStringLiteral(", "));
+        const int more = m_all.size() - m_first.size();
+        return more > 0 ? StudioText::tr(" Not found: %1 and %2 more.").arg(names).arg(more)
+                        : StudioText::tr(" Not found: %1.").arg(names);
+    }
+
+private:
+    QStringList m_first;
+    QSet<QString> m_all;
+};
 
 VxRotation reflectionFor(const Pose &pose, bool mirrored)
 {
@@ -62,7 +72,7 @@ Pose poseOf(const PoseFigure &figure, const QVector<VxNode *> &nodes, VxTime tim
 struct Counts
 {
     int matched = 0;
-    QStringList missing;
+    MissingNames missing;
 };
 
 void applyTo(const PoseFigure &figure, const Pose &pose, bool mirrored, PoseWriter *writer,
@@ -71,8 +81,7 @@ void applyTo(const PoseFigure &figure, const Pose &pose, bool mirrored, PoseWrit
     for (const JointPose &joint : pose.joints) {
         const VxNode *node = mirrored ? figure.findMirrored(joint.name) : figure.find(joint.name);
         if (!node) {
-            if (counts->missing.size() <= 1000)
-                appendOnce(&counts->missing, joint.name);
+            counts->missing.add(joint.name);
             continue;
         }
         ++counts->matched;
@@ -83,7 +92,7 @@ void applyTo(const PoseFigure &figure, const Pose &pose, bool mirrored, PoseWrit
 PoseResult finish(VxUndoStackHold *hold, const QString &entry, const QString &done,
                   const Counts &counts, const PoseWriter &writer)
 {
-    const QString rest = missingText(counts.missing) + writer.report();
+    const QString rest = counts.missing.text() + writer.report();
     if (counts.matched == 0) {
         hold->cancel();
         return {false, StudioText::tr("No node of the figure matches the pose.") + rest};
@@ -135,10 +144,10 @@ PoseResult PoseCommands::copy(const VxScene *scene)
     const QVector<VxNode *> nodes = selectedTrees(scene);
     if (nodes.isEmpty())
         return PoseResult::nothingSelected();
-    const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
-    if (roots.size() > 1)
+    const QVector<FigureNodes> figures = PoseFigure::byFigure(nodes);
+    if (figures.size() > 1)
         return {false, StudioText::tr("Select nodes of one figure only to copy a pose.")};
-    const Pose pose = poseOf(PoseFigure(roots.first()), nodes, scene->getTime());
+    const Pose pose = poseOf(PoseFigure(figures.first().root), nodes, scene->getTime());
     if (pose.joints.empty())
         return {false,
                 StudioText::tr("The selected node has no joints below it to copy the pose of.")};
@@ -151,7 +160,9 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
     const Pose &pose = clipboard();
     if (pose.joints.empty())
         return {false, StudioText::tr("No pose was copied yet.")};
-    QVector<VxNode *> roots = PoseFigure::rootsOf(scene->getSelectedNodes());
+    QVector<VxNode *> roots;
+    for (const FigureNodes &figure : PoseFigure::byFigure(scene->getSelectedNodes()))
+        roots.append(figure.root);
     if (roots.isEmpty() && pose.root && pose.root->getScene() == scene)
         roots.append(PoseFigure::rootOf(pose.root));
     if (roots.isEmpty())
@@ -178,15 +189,14 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
     const QVector<VxNode *> nodes = selectedTrees(scene);
     if (nodes.isEmpty())
         return PoseResult::nothingSelected();
-    const QVector<VxNode *> roots = PoseFigure::rootsOf(nodes);
     PoseWriter writer(scene->getTime(), scene->isAnimating());
     Counts counts;
     VxUndoStackHold hold;
     {
         const VxChangeBlock block;
-        for (VxNode *root : roots) {
-            const PoseFigure figure(root);
-            applyTo(figure, poseOf(figure, nodes, scene->getTime()), true, &writer, &counts);
+        for (const FigureNodes &part : PoseFigure::byFigure(nodes)) {
+            const PoseFigure figure(part.root);
+            applyTo(figure, poseOf(figure, part.nodes, scene->getTime()), true, &writer, &counts);
         }
     }
     return finish(&hold, StudioText::tr("Mirror to Other Side"),
@@ -237,24 +247,23 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
     if (nodes.isEmpty())
         return PoseResult::nothingSelected();
     QVector<VxNode *> others;
-    QStringList missing;
-    for (VxNode *root : PoseFigure::rootsOf(nodes)) {
-        const PoseFigure figure(root);
-        for (VxNode *node : nodes) {
+    MissingNames missing;
+    for (const FigureNodes &part : PoseFigure::byFigure(nodes)) {
+        const PoseFigure figure(part.root);
+        for (const VxNode *node : part.nodes) {
             if (!figure.contains(node))
                 continue;
             if (VxNode *other = figure.findMirrored(node->getName()))
                 others.append(other);
             else
-                appendOnce(&missing, node->getName());
+                missing.add(node->getName());
         }
     }
     if (others.isEmpty())
-        return {false,
-                StudioText::tr("The selected nodes have no other side.") + missingText(missing)};
+        return {false, StudioText::tr("The selected nodes have no other side.") + missing.text()};
     SceneEdits::selectOnly(scene, others);
     return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) +
-                      missingText(missing)};
+                      missing.text()};
 }
 
 PoseResult PoseCommands::selectChildren(VxScene *scene)

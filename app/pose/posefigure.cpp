@@ -2,7 +2,6 @@
 
 #include "create/namenumbers.h"
 
-#include <QSet>
 #include <cmath>
 #include <vxcore/vxmirrornames.h>
 #include <vxcore/vxskeleton.h>
@@ -44,18 +43,29 @@ VxNode *PoseFigure::rootOf(VxNode *node)
     return node;
 }
 
-QVector<VxNode *> PoseFigure::rootsOf(const QVector<VxNode *> &nodes)
+QVector<FigureNodes> PoseFigure::byFigure(const QVector<VxNode *> &nodes)
 {
-    QVector<VxNode *> roots;
-    QSet<const VxNode *> found;
+    QVector<FigureNodes> figures;
+    QHash<const VxNode *, int> figureOf; // the nodes passed so far
     for (VxNode *node : nodes) {
-        VxNode *root = rootOf(node);
-        if (found.contains(root))
-            continue;
-        found.insert(root);
-        roots.append(root);
+        QVector<const VxNode *> passed;
+        VxNode *at = node;
+        int figure = figureOf.value(at, -1);
+        while (figure < 0) {
+            passed.append(at);
+            if (qobject_cast<VxSkeleton *>(at) || !at->getNodeParent()) {
+                figure = figures.size();
+                figures.append(FigureNodes{at, {}});
+                break;
+            }
+            at = at->getNodeParent();
+            figure = figureOf.value(at, -1);
+        }
+        for (const VxNode *each : qAsConst(passed))
+            figureOf.insert(each, figure);
+        figures[figure].nodes.append(node);
     }
-    return roots;
+    return figures;
 }
 
 PoseFigure::PoseFigure(VxNode *root)

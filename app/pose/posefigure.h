@@ -10,6 +10,13 @@
 
 class VxScene;
 
+/// Some nodes of one figure.
+struct FigureNodes
+{
+    VxNode *root; ///< of the figure
+    QVector<VxNode *> nodes;
+};
+
 /// A figure as poses are copied to it and mirrored in it: its nodes by name, the axes of its rest
 /// pose and its mirror plane. Made for one operation; valid until the scene changes.
 ///
@@ -20,8 +27,9 @@ class PoseFigure
 public:
     /// The root of the figure that a node belongs to; the node itself for a root.
     static VxNode *rootOf(VxNode *node);
-    /// The roots of several nodes, each once, in their order.
-    static QVector<VxNode *> rootsOf(const QVector<VxNode *> &nodes);
+    /// Several nodes by their figures, both in the order of the nodes. The cost is linear in the
+    /// nodes and those above them.
+    static QVector<FigureNodes> byFigure(const QVector<VxNode *> &nodes);
 
     explicit PoseFigure(VxNode *root);
 

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void nothingSelected_data();
     void nothingSelected();
     void degenerateFigures();
+    void thousandsOfFigures();
 
 private:
     VxNode *buildFigure(std::mt19937 *random, bool ownAxes, bool ownOrders,
@@ -493,6 +494,26 @@ void tst_Poses::degenerateFigures()
             QCOMPARE(keyFault(), QString());
         }
     }
+}
+
+// Figures that look at the nodes of all others take more than 20 seconds.
+void tst_Poses::thousandsOfFigures()
+{
+    constexpr int Figures = 20000;
+    vxScene->clear();
+    for (int i = 0; i < Figures; ++i) {
+        auto *root = new VxNode(QStringLiteral("LeftRoot%1").arg(i));
+        root->addNodeChild(new VxNode(QStringLiteral("LeftArm%1").arg(i)));
+        vxScene->addNode(root);
+    }
+    vxScene->selectAllNodes(true);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!PoseCommands::selectMirror(vxScene).done);
+    QVERIFY(!PoseCommands::mirrorSelected(vxScene).done);
+    QVERIFY(!PoseCommands::copy(vxScene).done);
+    QVERIFY2(timer.elapsed() < 10000, qPrintable(QString::number(timer.elapsed())));
+    vxScene->clear();
 }
 
 VX_TEST_MAIN(tst_Poses)
