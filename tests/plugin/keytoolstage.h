@@ -48,6 +48,10 @@ public:
                         m_entries.end());
     }
 
+    const std::vector<VxCopiedKeys> &copiedKeys() const override { return copied; }
+
+    std::vector<VxCopiedKeys> copied;
+
 private:
     VxKeySelectionEntries m_entries; // in the order of selection
 };

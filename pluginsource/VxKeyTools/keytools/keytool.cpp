@@ -58,12 +58,24 @@ KeyToolResult failure(const QString &message)
     KeyToolResult result;
     result.isArgumentError = true;
     result.message = message;
-    if (vxApp && vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(message);
-    return result;
+    return shownResult(result);
 }
 
 } // namespace
+
+KeyToolResult shownResult(const KeyToolResult &result)
+{
+    if (vxApp && vxApp->getInterface())
+        vxApp->getInterface()->showStatusMessage(result.message);
+    return result;
+}
+
+KeyToolResult refusedResult(const QString &message)
+{
+    KeyToolResult result;
+    result.message = message;
+    return shownResult(result);
+}
 
 const VxTypedInput &KeyToolArguments::input(const QString &name) const
 {
@@ -78,7 +90,8 @@ const QVector<KeyTool> &KeyTool::all()
         QVector<KeyTool> selecting = selectionTools();
         for (KeyTool &tool : selecting)
             tool.changesKeys = false;
-        return selecting + timeTools() + valueTools() + cleaningTools() + poseTools();
+        return selecting + timeTools() + pasteTools() + valueTools() + cleaningTools() +
+               poseTools();
     }();
     return tools;
 }

@@ -66,11 +66,17 @@ struct KeyTool
     KeyToolResult runWith(const QVariantMap &values) const;
 };
 
+/// Shows the message of a result in the status line and returns the result.
+KeyToolResult shownResult(const KeyToolResult &result);
+/// A result of a tool that changed nothing; the message is shown in the status line.
+KeyToolResult refusedResult(const QString &message);
+
 /// The tools by kind; each list is a part of KeyTool::all().
 QVector<KeyTool> selectionTools();
 QVector<KeyTool> timeTools();
 QVector<KeyTool> valueTools();
 QVector<KeyTool> cleaningTools();
+QVector<KeyTool> pasteTools();
 QVector<KeyTool> poseTools();
 
 #endif

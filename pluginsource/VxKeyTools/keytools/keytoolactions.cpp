@@ -47,7 +47,7 @@ QString KeyToolAction::getMenuFolder() const
 {
     const int count = int(selectionTools().size());
     const int index = indexOf(m_tool);
-    const int times = count + int(timeTools().size());
+    const int times = count + int(timeTools().size()) + int(pasteTools().size());
     const int values = times + int(valueTools().size());
     const int cleaning = values + int(cleaningTools().size());
     if (index < count)
@@ -157,6 +157,11 @@ VxKeyToolsReverseAction::VxKeyToolsReverseAction()
 
 VxKeyToolsDuplicateAction::VxKeyToolsDuplicateAction()
     : KeyToolAction("duplicate")
+{
+}
+
+VxKeyToolsPasteAction::VxKeyToolsPasteAction()
+    : KeyToolAction("paste")
 {
 }
 

@@ -142,6 +142,13 @@ public:
     VxKeyToolsDuplicateAction();
 };
 
+class VxKeyToolsPasteAction : public KeyToolAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsPasteAction();
+};
+
 class VxKeyToolsSetValuesAction : public KeyToolAction
 {
     Q_OBJECT

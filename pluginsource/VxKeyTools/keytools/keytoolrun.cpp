@@ -1,6 +1,7 @@
 #include "keytools/keytoolrun.h"
 
 #include "keytools/keytooltext.h"
+#include "keytools/valuelimiter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,28 +17,6 @@
 namespace {
 
 using EditedSpans = std::optional<std::vector<VxKeySpan>>;
-
-/// Makes values of a property from numbers: within its limits and those of its type.
-template <class V> class ValueLimiter
-{
-public:
-    template <class Property> explicit ValueLimiter(const Property &property)
-    {
-        if (!property.isClamped())
-            return;
-        m_low = double(property.getMin());
-        m_high = double(property.getMax());
-    }
-    V operator()(double value) const
-    {
-        const double limited = std::clamp(std::isfinite(value) ? value : 0, m_low, m_high);
-        return std::is_same_v<V, float> ? V(limited) : V(std::round(limited));
-    }
-
-private:
-    double m_low = double(std::numeric_limits<V>::lowest());
-    double m_high = double(std::numeric_limits<V>::max());
-};
 
 /// The same keys by spans with gaps between them.
 std::vector<VxKeySpan> joined(const std::vector<VxKeySpan> &spans)
@@ -83,22 +62,6 @@ void sortByTime(VxFittedKeys *keys)
             sorted.tcb.push_back(keys->tcb[order[i]]);
     }
     *keys = std::move(sorted);
-}
-
-/// The keys of a property at given times, ascending, all of which have one.
-std::vector<VxKeySpan> spansAt(const std::vector<VxTime> &times, const VxProperty &property)
-{
-    std::vector<VxKeySpan> spans;
-    const VxTime *keyTimes = property.getKeyTimes();
-    int index = times.empty() ? 0 : property.getFirstKeyFrom(times.front());
-    for (const VxTime time : times) {
-        while (keyTimes[index] != time)
-            ++index;
-        if (spans.empty() || spans.back().last != index)
-            spans.push_back({index, index});
-        spans.back().last = ++index;
-    }
-    return spans;
 }
 
 /// Spans without the last `count` keys.
@@ -241,6 +204,21 @@ EditedSpans editTimesOf(Property *property, const KeyTarget &target,
 }
 
 } // namespace
+
+std::vector<VxKeySpan> keySpansAt(const std::vector<VxTime> &times, const VxProperty &property)
+{
+    std::vector<VxKeySpan> spans;
+    const VxTime *keyTimes = property.getKeyTimes();
+    int index = times.empty() ? 0 : property.getFirstKeyFrom(times.front());
+    for (const VxTime time : times) {
+        while (keyTimes[index] != time)
+            ++index;
+        if (spans.empty() || spans.back().last != index)
+            spans.push_back({index, index});
+        spans.back().last = ++index;
+    }
+    return spans;
+}
 
 VxKeyColumns<float> columnsOf(const VxFloatProperty &property, const VxKeySpan &span)
 {
@@ -392,7 +370,7 @@ void KeyToolRun::rewrite(std::size_t track, const Rewrite &rewrite, bool keepsFo
     }
     const int added = keepsFormer ? target.numKeys() + target.numLaterKeys() : 0;
     m_result.merged += before + added - property->getNumKeys();
-    select(track, spansAt(keys.times, *property));
+    select(track, keySpansAt(keys.times, *property));
 }
 
 void KeyToolRun::remove(std::size_t track, const std::vector<int> &indexes)

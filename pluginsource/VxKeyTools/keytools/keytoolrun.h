@@ -87,6 +87,9 @@ private:
     std::unique_ptr<VxChangeBlock> m_block;
 };
 
+/// The keys of a property at given times, ascending, all of which have one.
+std::vector<VxKeySpan> keySpansAt(const std::vector<VxTime> &times, const VxProperty &property);
+
 /// The keys of a span of a float property as borrowed arrays.
 VxKeyColumns<float> columnsOf(const VxFloatProperty &property, const VxKeySpan &span);
 

@@ -3,8 +3,6 @@
 #include "keytools/keytooltext.h"
 #include "keytools/limbpin.h"
 
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
@@ -12,13 +10,6 @@ namespace {
 
 // More frames than this in one span indicate a mistyped number.
 constexpr qint64 MaxFrames = 1000000;
-
-KeyToolResult shown(KeyToolResult result)
-{
-    if (vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(result.message);
-    return result;
-}
 
 KeyToolResult pin(const KeyToolArguments &arguments)
 {
@@ -35,7 +26,7 @@ KeyToolResult pin(const KeyToolArguments &arguments)
         obstacle = KeyToolText::tr("the span has too many frames");
     if (!obstacle.isEmpty()) {
         result.message = KeyToolText::tr("Pin Joint: %1").arg(obstacle);
-        return shown(result);
+        return shownResult(result);
     }
     VxUndoStackHold hold;
     {
@@ -53,7 +44,7 @@ KeyToolResult pin(const KeyToolArguments &arguments)
     if (limb.framesOutOfReach() > 0)
         result.message +=
             KeyToolText::tr("; out of reach on %1 frames").arg(limb.framesOutOfReach());
-    return shown(result);
+    return shownResult(result);
 }
 
 } // namespace

@@ -3,22 +3,11 @@
 #include "keytools/keytooltext.h"
 
 #include <algorithm>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 
 namespace {
-
-KeyToolResult refused(const QString &message)
-{
-    KeyToolResult result;
-    result.message = message;
-    if (vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(message);
-    return result;
-}
 
 /// The current targets; with ripple also the later keys of their channels.
 KeyTargets rippleTargets(const KeyToolArguments &arguments)
@@ -66,7 +55,8 @@ KeyToolResult scale(const KeyToolArguments &arguments)
 {
     const VxTypedInput factor = arguments.input("factor");
     if (factor.kind == VxTypedInput::Offset)
-        return refused(KeyToolText::tr("Scale Times: the factor must be a number or a percentage"));
+        return refusedResult(
+            KeyToolText::tr("Scale Times: the factor must be a number or a percentage"));
     KeyToolRun run;
     const double pivot = pivotTime(arguments.choice("pivot"), run.targets().range());
     run.editTimes([&](std::vector<VxTime> *times) { scaleTimes(times, factor.amount, pivot); });
@@ -84,9 +74,9 @@ KeyToolResult retime(const KeyToolArguments &arguments)
     const double end = endInput.kind == VxTypedInput::Factor ? start + span * endInput.amount
                                                              : endInput.appliedTo(range.getEnd());
     if (startInput.kind == VxTypedInput::Factor)
-        return refused(KeyToolText::tr("Retime: the start must be a time or an offset"));
+        return refusedResult(KeyToolText::tr("Retime: the start must be a time or an offset"));
     if (end < start)
-        return refused(KeyToolText::tr("Retime: the end is before the start"));
+        return refusedResult(KeyToolText::tr("Retime: the end is before the start"));
     KeyToolRun run(targets);
     run.editTimes([&](std::vector<VxTime> *times) { mapTimes(times, range, start, end); });
     return run.finish(KeyToolText::tr("Retime Keys"));

@@ -5,6 +5,7 @@
 #include <QtCore/QVariant>
 #include <memory>
 #include <vector>
+#include <vxcore/vxcopiedkeys.h>
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxkeyspan.h>
 
@@ -36,6 +37,9 @@ public:
     /// Selects exactly these keys of the entries' holders, in every view that shows them; the keys
     /// of others are deselected when `clearsOthers` is true, else unchanged.
     virtual void set(const VxKeySelectionEntries &entries, bool clearsOthers) = 0;
+    /// The clipboard of keys, in the order of the rows; empty unless overridden. Valid until the
+    /// next copy.
+    virtual const std::vector<VxCopiedKeys> &copiedKeys() const;
 };
 
 /// The selected keys of the application, one selection across all panes; see
@@ -63,6 +67,8 @@ public:
     VxKeySelectionEntries entries() const;
     /// The selected keys of one key holder.
     std::vector<VxKeySpan> spansOf(VxProperty *holder) const;
+    /// The copied keys of the views, in the order of the rows. Valid until the next copy.
+    const std::vector<VxCopiedKeys> &copiedKeys() const;
     /// Selects these keys and no others, also those of rows that are closed or filtered out.
     void set(const VxKeySelectionEntries &entries);
     /// Selects exactly these keys of the entries' holders and leaves the keys of others unchanged;

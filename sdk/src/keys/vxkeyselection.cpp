@@ -17,6 +17,12 @@ VxKeySelection *theCurrent = nullptr;
 
 VxKeySelectionSource::~VxKeySelectionSource() = default;
 
+const std::vector<VxCopiedKeys> &VxKeySelectionSource::copiedKeys() const
+{
+    static const std::vector<VxCopiedKeys> none;
+    return none;
+}
+
 class VxKeySelection::Private
 {
 public:
@@ -99,6 +105,12 @@ VxKeySelectionEntries VxKeySelection::entries() const
 std::vector<VxKeySpan> VxKeySelection::spansOf(VxProperty *holder) const
 {
     return d->source() ? d->source()->spansOf(holder) : std::vector<VxKeySpan>();
+}
+
+const std::vector<VxCopiedKeys> &VxKeySelection::copiedKeys() const
+{
+    static const std::vector<VxCopiedKeys> none;
+    return d->source() ? d->source()->copiedKeys() : none;
 }
 
 void VxKeySelection::set(const VxKeySelectionEntries &entries)

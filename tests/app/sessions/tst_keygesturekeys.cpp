@@ -7,7 +7,7 @@
 #include <QSpinBox>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyselection.h>
-#include <vxcore/vxtimeaxis.h>
+#include <vxcore/vxscriptengine.h>
 
 /// The shortcuts of gestures on keys in the whole program: they work over the timeline's views and
 /// leave text fields and other panes alone.
@@ -23,6 +23,7 @@ private Q_SLOTS:
     void notInTextFields();
     void notInOtherPanes();
     void byTheMenu();
+    void copiedKeysGetToAnotherNode();
 
 private:
     QWidget *sheet() const { return inTimePane<QWidget>("TimelineDopeSheetTView"); }
@@ -138,6 +139,28 @@ void tst_KeyGestureKeys::byTheMenu()
     menu->close();
     QCOMPARE(firstTime(), 0);
     QCOMPARE(vxApp->getUndoStack()->count(), 0);
+}
+
+// The clipboard is that of the timeline.
+void tst_KeyGestureKeys::copiedKeysGetToAnotherNode()
+{
+    auto *other = new VxNode("other");
+    vxScene->addNode(other);
+    sheet()->setFocus();
+    type(Qt::Key_C, Qt::ControlModifier);
+    other->select();
+    vxScene->setTime(160);
+    vxApp->getScriptEngine()->evaluate("KeyTools.paste()", "test");
+    QCOMPARE(other->getXPosControl()->getNumKeys(), 3);
+    QCOMPARE(other->getXPosControl()->getKeyTime(2), 3 * 160);
+    QCOMPARE(other->getXPosControl()->getKeyValue(2), 2.0F);
+    // The pasted keys are the selected ones.
+    const VxKeySelectionEntries entries = vxApp->getKeySelection()->entries();
+    QCOMPARE(entries.size(), std::size_t(1));
+    QCOMPARE(entries[0].holder, other->getXPosControl());
+    QCOMPARE(vxApp->getUndoStack()->undoText(), QString("Paste Keys"));
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(other->getXPosControl()->getNumKeys(), 0);
 }
 
 VX_TEST_MAIN(tst_KeyGestureKeys)

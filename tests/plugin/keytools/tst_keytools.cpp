@@ -495,6 +495,10 @@ void tst_KeyTools::randomToolsUndoAndRedo()
     builder.keyChannels({stage.node, leg.foot}, 30, 160, VxSceneBuilder::KeyTypes::Mixed);
     builder.addSpecialProperties(stage.node);
     leg.knee->getYRotControl()->setOverridingControl(stage.node->getYRotControl());
+    for (const char *property : {"XTranslate", "YRotate", "alias", "none"}) {
+        stage.keeper.copied.push_back(
+            {{}, "node", QLatin1String(property), {0, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}});
+    }
     const QByteArray start = KeyToolStage::snapshot();
     std::vector<QByteArray> states = {start};
     const QStringList texts = {"0",  "3",   "-2",  "150%", "-50%", "+4",

@@ -1,6 +1,7 @@
 #include "vxtimeline/dopesheet/copiedkeys.h"
 
 #include <algorithm>
+#include <vxcore/vxelement.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 
@@ -76,6 +77,15 @@ bool pasteInts(const CopiedKeys::Entry &entry, VxIntProperty *property,
     return property->setKeys(keys);
 }
 
+// Of the node that owns the property itself or through an object.
+QString nodeName(const VxProperty *property)
+{
+    const VxElement *owner = property->getOwner();
+    while (owner && owner->getOwnerElement())
+        owner = owner->getOwnerElement();
+    return owner ? owner->getName() : QString();
+}
+
 } // namespace
 
 void CopiedKeys::add(const QString &path, const VxProperty *property, const QVector<int> &indexes)
@@ -90,6 +100,8 @@ void CopiedKeys::add(const QString &path, const VxProperty *property, const QVec
         takeColumns(entry, whole->getKeys(), indexes);
     else
         return;
+    entry.node = nodeName(property);
+    entry.property = property->getName();
     m_earliest = std::min(m_earliest, entry.times.front());
     m_latest = std::max(m_latest, entry.times.back());
     if (!m_byPath.contains(path))

@@ -5,7 +5,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 #include <vector>
-#include <vxcore/vxkey.h>
+#include <vxcore/vxcopiedkeys.h>
 #include <vxcore/vxtime.h>
 
 class VxProperty;
@@ -17,18 +17,11 @@ class VxProperty;
 class CopiedKeys
 {
 public:
-    // The keys copied from one row.
-    struct Entry
-    {
-        QString path; // names the row, see VxDopeSheetItem::path()
-        std::vector<VxTime> times;
-        std::vector<double> values;
-        std::vector<quint8> types;
-        std::vector<VxTcb> tcb; // empty when all are zero
-    };
+    using Entry = VxCopiedKeys;
 
     void clear() { *this = CopiedKeys(); }
     bool isEmpty() const { return m_entries.empty(); }
+    const std::vector<Entry> &entries() const { return m_entries; }
     // Of all keys; VxTimeMax when there are none.
     VxTime earliest() const { return m_earliest; }
 

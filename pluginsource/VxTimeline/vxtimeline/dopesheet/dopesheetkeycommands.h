@@ -18,6 +18,7 @@ public:
     DopeSheetKeyCommands(VxDopeSheetView *view, DopeSheetKeySelection *selection);
 
     bool hasCopiedKeys() const { return !m_copied.isEmpty(); }
+    const CopiedKeys &copiedKeys() const { return m_copied; }
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const { return m_copiedCount; }
     void copy();

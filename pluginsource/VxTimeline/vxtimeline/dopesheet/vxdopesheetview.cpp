@@ -424,6 +424,11 @@ int VxDopeSheetView::numCopiedKeys() const
     return d->commands.numCopiedKeys();
 }
 
+const std::vector<VxCopiedKeys> &VxDopeSheetView::copiedKeys() const
+{
+    return d->commands.copiedKeys().entries();
+}
+
 void VxDopeSheetView::copyKeys()
 {
     d->commands.copy();

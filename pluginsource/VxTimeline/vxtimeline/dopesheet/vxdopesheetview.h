@@ -114,6 +114,7 @@ public:
     bool hasCopiedKeys() const;
     // A key that was selected in several rows counts once.
     int numCopiedKeys() const;
+    const std::vector<VxCopiedKeys> &copiedKeys() const;
     // Like pasteKeys(). False when no key was set: none was copied, their rows are not listed, or
     // all of these are locked.
     bool pasteCopiedKeys();

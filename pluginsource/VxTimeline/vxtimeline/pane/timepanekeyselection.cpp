@@ -93,3 +93,8 @@ void TimePaneKeySelection::set(const VxKeySelectionEntries &entries, bool clears
     m_views.sheet()->selectKeyEntries(entries, clearsOthers);
     Q_EMIT graph->channelsChanged();
 }
+
+const std::vector<VxCopiedKeys> &TimePaneKeySelection::copiedKeys() const
+{
+    return m_views.sheet()->copiedKeys();
+}

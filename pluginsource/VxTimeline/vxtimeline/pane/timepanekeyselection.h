@@ -25,6 +25,7 @@ public:
     VxKeySelectionEntries entries() const override;
     std::vector<VxKeySpan> spansOf(VxProperty *holder) const override;
     void set(const VxKeySelectionEntries &entries, bool clearsOthers) override;
+    const std::vector<VxCopiedKeys> &copiedKeys() const override;
 
 private:
     const TimePaneViews &m_views;
