@@ -21,6 +21,9 @@ constexpr quint64 TagUint8 = 64;
 constexpr quint64 TagInt32 = 78;
 constexpr quint64 TagFloat32 = 85;
 
+/// The names of VxTimeDisplay::Unit, in its order.
+constexpr const char *TimeUnits[] = {"frames", "seconds", "ticks", "timecode"};
+
 } // namespace VxSceneFile
 
 #endif

@@ -7,11 +7,13 @@
 
 #include <QFile>
 #include <QVector3D>
+#include <cmath>
 #include <limits>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
@@ -44,6 +46,8 @@ private:
     VxTimeRange readRange();
     VxCameraState readCamera();
     VxMarker readMarker();
+    VxTimeDisplay readTimeDisplay();
+    void readTimeUnit(VxTimeDisplay *display);
     void readNode();
     bool readNodeMember(const QString &name, NodeRecord &record);
     void checkDepth(NodeRecord &record);
@@ -59,6 +63,7 @@ private:
     VxScenePropertyReader m_properties;
     const VxFileProgress &m_progress;
     std::vector<NodeRecord> m_nodes;
+    QStringList m_unknownValues;
     bool m_hasFormat = false;
     bool m_cancelled = false;
 };
@@ -120,6 +125,8 @@ bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
         contents->views[2] = readRange();
     else if (is("markers"))
         m_input.array([&] { contents->markers.append(readMarker()); });
+    else if (is("timeDisplay"))
+        contents->timeDisplay = readTimeDisplay();
     else if (is("looping"))
         contents->looping = m_input.boolean();
     else if (is("animating"))
@@ -155,6 +162,46 @@ VxCameraState SceneBuilder::readCamera()
         return true;
     });
     return camera.corrected();
+}
+
+void SceneBuilder::readTimeUnit(VxTimeDisplay *display)
+{
+    const QString unit = m_input.text();
+    for (int i = 0; i < int(std::size(VxSceneFile::TimeUnits)); ++i) {
+        if (unit == QLatin1String(VxSceneFile::TimeUnits[i])) {
+            display->unit = VxTimeDisplay::Unit(i);
+            return;
+        }
+    }
+    m_unknownValues.append(QStringLiteral("unit \"%1\"").arg(unit));
+}
+
+/** A unit or rate that is unknown is no reason to refuse a scene. */
+VxTimeDisplay SceneBuilder::readTimeDisplay()
+{
+    VxTimeDisplay display;
+    m_input.map([&](const QString &name) {
+        if (name == QLatin1String("unit")) {
+            readTimeUnit(&display);
+        } else if (name == QLatin1String("rate")) {
+            double parts[2] = {0, 1};
+            m_input.numbers(parts, 2);
+            const auto whole = [](double part) {
+                return part >= 1 && part <= 1e6 && part == std::floor(part) ? int(part) : 0;
+            };
+            const VxFrameRate rate{whole(parts[0]), whole(parts[1])};
+            if (rate.isValid())
+                display.rate = rate;
+            else
+                m_unknownValues.append(QStringLiteral("rate %1/%2").arg(parts[0]).arg(parts[1]));
+        } else if (name == QLatin1String("dropFrame")) {
+            display.dropsFrames = m_input.boolean();
+        } else {
+            return false;
+        }
+        return true;
+    });
+    return display;
 }
 
 VxMarker SceneBuilder::readMarker()
@@ -358,7 +405,7 @@ bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
         return false;
     }
     assemble(contents);
-    contents->unknownMembers = m_input.unknownMembers();
+    contents->unknownMembers = m_input.unknownMembers() + m_unknownValues;
     return true;
 }
 
@@ -411,6 +458,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->setPlayRange(contents.playRange);
     VxSceneViews::of(scene)->setViews(contents.views);
     VxMarkers::of(scene)->replaceAll(contents.markers);
+    VxSceneTimeDisplay::of(scene)->setDisplay(contents.timeDisplay);
     scene->setTime(contents.time);
     scene->loopPlayback(contents.looping);
     scene->setAnimating(contents.animating);

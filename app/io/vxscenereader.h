@@ -10,6 +10,7 @@
 #include <vector>
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxsceneviews.h>
+#include <vxcore/vxtimedisplay.h>
 #include <vxcore/vxtimerange.h>
 
 class VxNode;
@@ -30,10 +31,12 @@ struct VxSceneContents
     VxTimeRange animRange;
     VxSceneViews::Views views;
     VxMarkerList markers;
+    VxTimeDisplay timeDisplay;
     std::optional<VxCameraState> camera;
     bool looping = false;
     bool animating = true;
-    /// Members of the file that this version does not support, each name once.
+    /// Members of the file that this version does not support, each name once, and settings of an
+    /// unknown value, which have their default instead.
     QStringList unknownMembers;
 };
 

@@ -18,6 +18,7 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstringproperty.h>
@@ -46,6 +47,7 @@ private:
     void writeRestPose(const VxRestPose &rest);
     void writeCamera(const VxCameraState &camera);
     void writeMarkers(const VxMarkerList &markers);
+    void writeTimeDisplay(const VxTimeDisplay &display);
     void writeNode(VxNode *node, int parent);
     void writeElement(VxElement *element);
     void writeObject(VxObject *object);
@@ -167,6 +169,26 @@ void SceneStream::writeHeader()
     if (const auto camera = VxSceneCamera::stateOf(m_scene))
         writeCamera(*camera);
     writeMarkers(VxMarkers::listOf(m_scene));
+    writeTimeDisplay(VxSceneTimeDisplay::displayOf(m_scene));
+}
+
+/** The initial one is left out. */
+void SceneStream::writeTimeDisplay(const VxTimeDisplay &display)
+{
+    if (display == VxTimeDisplay())
+        return;
+    key("timeDisplay");
+    m_out.startMap();
+    text("unit", QLatin1String(VxSceneFile::TimeUnits[display.unit]));
+    if (display.rate.isValid()) {
+        key("rate");
+        m_out.startArray(2);
+        m_out.append(qint64(display.rate.frames));
+        m_out.append(qint64(display.rate.seconds));
+        m_out.endArray();
+    }
+    flag("dropFrame", display.dropsFrames, true);
+    m_out.endMap();
 }
 
 /** Without markers the member is left out. The end of a point is left out. */

@@ -5,6 +5,8 @@
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>
 
+struct VxTimeDisplay;
+
 /// A parsed text for a value or a time: the number itself, or a change of a present one.
 ///
 /// Both kinds are arithmetic: numbers with + - * / and parentheses, a comma or a point as decimal
@@ -35,6 +37,9 @@ struct VXCORE_EXPORT VxTypedInput
     /// "1.5s - 2", "2 * 00:00:01:12". A frame has `ticksPerFrame` ticks, above 0; a timecode uses
     /// the nearest whole number of frames a second.
     static VxTypedInput readTime(const QString &text, VxTime ticksPerFrame, Signs signs = OfValues);
+    /// The same with timecodes as VxTimeDisplay::read() reads them.
+    static VxTypedInput readTime(const QString &text, VxTime ticksPerFrame,
+                                 const VxTimeDisplay &display, Signs signs = OfValues);
 
     /// The value that results from a present one; the present one itself when there is no change.
     double appliedTo(double present) const;

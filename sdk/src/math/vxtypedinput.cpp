@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <vxcore/vxtimedisplay.h>
 
 namespace {
 
@@ -21,12 +22,11 @@ struct Amount
 struct Units
 {
     double ticksPerFrame = 0;
+    int timecodeFrames = 1;     ///< a second
+    bool canDropFrames = false; ///< timecodes with ";"
+    bool dropsFrames = false;   ///< timecodes with ":" too
 
     bool allowed() const { return ticksPerFrame > 0; }
-    double framesPerSecond() const
-    {
-        return std::max(1.0, std::round(VxTicksPerSecond / ticksPerFrame));
-    }
 };
 
 /// Parses a text without blanks in one pass, with a function for each operator precedence.
@@ -145,7 +145,7 @@ private:
         const double value = digits();
         if (!m_units.allowed())
             return {value, false};
-        if (m_at != m_end && *m_at == ':')
+        if (m_at != m_end && (*m_at == ':' || *m_at == ';'))
             return timecode(value);
         if (take('s'))
             return {value * VxTicksPerSecond, true};
@@ -162,20 +162,27 @@ private:
     Amount timecode(double first)
     {
         constexpr int MaxFields = 4;
-        double seconds = 0;
-        double last = first;
-        int fields = 1;
-        while (take(':')) {
-            seconds = seconds * 60 + last;
-            last = digits();
-            if (++fields > MaxFields || last != std::floor(last))
+        double fields[MaxFields] = {0, 0, 0, first};
+        int count = 1;
+        bool drops = m_units.dropsFrames;
+        while (take(':') || isDropSeparator()) {
+            if (take(';')) {
+                if (!m_units.canDropFrames)
+                    return {};
+                drops = true;
+                count = MaxFields - 1; // frames are last
+            }
+            if (++count > MaxFields)
                 return {};
+            std::copy(fields + 1, fields + MaxFields, fields);
+            fields[MaxFields - 1] = digits();
         }
-        if (first != std::floor(first) || last >= m_units.framesPerSecond())
-            return {};
-        const double frames = seconds * m_units.framesPerSecond() + last;
-        return {frames * m_units.ticksPerFrame, true};
+        const qint64 frame = VxTimecode::frameOf(fields[0], fields[1], fields[2], fields[3],
+                                                 m_units.timecodeFrames, drops);
+        return {frame < 0 ? NoNumber : double(frame) * m_units.ticksPerFrame, true};
     }
+
+    bool isDropSeparator() const { return m_at != m_end && *m_at == ';'; }
 
     const char *m_at;
     const char *m_end;
@@ -254,9 +261,19 @@ VxTypedInput VxTypedInput::read(const QString &text, Signs signs)
 
 VxTypedInput VxTypedInput::readTime(const QString &text, VxTime ticksPerFrame, Signs signs)
 {
+    return readTime(text, ticksPerFrame, VxTimeDisplay(), signs);
+}
+
+VxTypedInput VxTypedInput::readTime(const QString &text, VxTime ticksPerFrame,
+                                    const VxTimeDisplay &display, Signs signs)
+{
     if (ticksPerFrame <= 0)
         return {Unreadable, 0};
-    return readInput(text, {double(ticksPerFrame)}, signs);
+    const VxFrameRate rate = display.timecodeRate(ticksPerFrame);
+    const bool canDrop = rate.canDropFrames();
+    return readInput(
+        text, {double(ticksPerFrame), rate.nominal(), canDrop, canDrop && display.dropsFrames},
+        signs);
 }
 
 double VxTypedInput::appliedTo(double present) const

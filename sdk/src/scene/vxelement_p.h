@@ -30,7 +30,8 @@ enum VxSceneUndoKind {
     VxUndoScenePlayRange,
     VxUndoSceneAnimRange,
     VxUndoSceneViews,
-    VxUndoSceneMarkers
+    VxUndoSceneMarkers,
+    VxUndoSceneTimeDisplay
 };
 
 /// The record of every element. Those of nodes and objects derive from it; virtual functions notify

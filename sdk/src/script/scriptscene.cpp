@@ -4,6 +4,7 @@
 #include <vxcore/vxbone.h>
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxskeleton.h>
 
 #include <memory>
@@ -92,6 +93,76 @@ QScriptValue getMarkers(QScriptContext *context, QScriptEngine *engine)
     return arguments.failed() ? arguments.error() : toScript(engine, VxMarkers::of(scene));
 }
 
+const char *const DisplayUnits[] = {"frames", "seconds", "ticks", "timecode"};
+
+// Getters and setters in one: a setter is called with the new value.
+
+QScriptValue displayUnit(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "displayUnit");
+    auto *scene = arguments.self<VxScene>();
+    if (arguments.failed())
+        return arguments.error();
+    VxTimeDisplay display = VxSceneTimeDisplay::displayOf(scene);
+    if (arguments.count() == 0)
+        return QString::fromLatin1(DisplayUnits[display.unit]);
+    const QString unit = arguments.text(0, "unit");
+    for (int i = 0; i < 4; ++i) {
+        if (unit != QLatin1String(DisplayUnits[i]))
+            continue;
+        display.unit = VxTimeDisplay::Unit(i);
+        VxSceneTimeDisplay::of(scene)->setDisplay(display);
+        return engine->undefinedValue();
+    }
+    arguments.fail(QStringLiteral("expects frames, seconds, ticks or timecode, not %1").arg(unit));
+    return arguments.error();
+}
+
+QScriptValue displayRate(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "displayRate");
+    auto *scene = arguments.self<VxScene>();
+    if (arguments.failed())
+        return arguments.error();
+    VxTimeDisplay display = VxSceneTimeDisplay::displayOf(scene);
+    if (arguments.count() == 0)
+        return display.rate.isValid() ? display.rate.value() : 0.0;
+    const double number = arguments.number(0, "framesPerSecond");
+    display.rate = VxFrameRate::of(number);
+    if (number != 0 && !display.rate.isValid())
+        arguments.fail(QStringLiteral("expects a rate up to %1 frames a second, or 0 for that of "
+                                      "the time step")
+                           .arg(VxFrameRate::MaxRate));
+    if (arguments.failed())
+        return arguments.error();
+    VxSceneTimeDisplay::of(scene)->setDisplay(display);
+    return engine->undefinedValue();
+}
+
+QScriptValue dropFrame(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "dropFrame");
+    auto *scene = arguments.self<VxScene>();
+    if (arguments.failed())
+        return arguments.error();
+    VxTimeDisplay display = VxSceneTimeDisplay::displayOf(scene);
+    if (arguments.count() == 0)
+        return display.dropsFrames;
+    display.dropsFrames = arguments.boolean(0, "dropFrame");
+    if (arguments.failed())
+        return arguments.error();
+    VxSceneTimeDisplay::of(scene)->setDisplay(display);
+    return engine->undefinedValue();
+}
+
+QScriptValue timeText(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "timeText()");
+    const auto *scene = arguments.self<VxScene>();
+    const int time = arguments.integer(0, "time");
+    return arguments.failed() ? arguments.error() : VxSceneTimeDisplay::textOf(scene, time);
+}
+
 QScriptValue setRange(ScriptArguments &arguments, void (VxScene::*setter)(const VxTimeRange &))
 {
     auto *scene = arguments.self<VxScene>();
@@ -126,6 +197,7 @@ const ScriptFunction sceneFunctions[] = {
     {"getAnimRange", getAnimRange, 0},
     {"setPlayTicks", setPlayTicks, 2},
     {"setAnimTicks", setAnimTicks, 2},
+    {"timeText", timeText, 1},
 };
 
 } // namespace
@@ -134,7 +206,15 @@ void ScriptBindings::registerScene(QScriptEngine *engine)
 {
     QScriptValue prototype = engine->newObject();
     installFunctions(engine, prototype, sceneFunctions);
-    prototype.setProperty(QStringLiteral("markers"), engine->newFunction(getMarkers),
-                          QScriptValue::PropertyGetter | QScriptValue::SkipInEnumeration);
+    const auto addProperty = [&](const char *name, QScriptEngine::FunctionSignature function,
+                                 QScriptValue::PropertyFlags flags) {
+        prototype.setProperty(QLatin1String(name), engine->newFunction(function),
+                              flags | QScriptValue::SkipInEnumeration);
+    };
+    const auto both = QScriptValue::PropertyGetter | QScriptValue::PropertySetter;
+    addProperty("markers", getMarkers, QScriptValue::PropertyGetter);
+    addProperty("displayUnit", displayUnit, both);
+    addProperty("displayRate", displayRate, both);
+    addProperty("dropFrame", dropFrame, both);
     engine->setDefaultPrototype(qMetaTypeId<VxScene *>(), prototype);
 }

@@ -20,6 +20,7 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstringproperty.h>
 #include <vxcore/vxundostack.h>
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void everyTraitRoundTrips();
     void theCameraRoundTrips();
     void markersRoundTrip();
+    void theTimeDisplayRoundTrips();
     void keysOfEveryKindRoundTrip();
     void emptyScene();
     void aliasesAndLinksMayPointForward();
@@ -241,6 +243,36 @@ void TestSceneFile::markersRoundTrip()
     QVERIFY(VxMarkers::listOf(&copy).isEmpty());
 }
 
+void TestSceneFile::theTimeDisplayRoundTrips()
+{
+    QVERIFY(!sampleMap().contains(QStringLiteral("timeDisplay"))); // as in older files
+    for (const VxTimeDisplay display :
+         {VxTimeDisplay{VxTimeDisplay::Timecode, {30000, 1001}, true},
+          VxTimeDisplay{VxTimeDisplay::Seconds, {}, false}, VxTimeDisplay()}) {
+        VxScene scene, copy;
+        VxSceneTimeDisplay::of(&scene)->setDisplay(display);
+        VxSceneTimeDisplay::of(&copy)->setDisplay({VxTimeDisplay::Ticks, {24, 1}, false});
+        VxFileError error;
+        QVERIFY2(load(bytesOf(scene), &copy, &error), qPrintable(error.text()));
+        QVERIFY(VxSceneTimeDisplay::displayOf(&copy) == display);
+        QCOMPARE(bytesOf(copy), bytesOf(scene));
+    }
+    // Unknown values are reported, and the scene is opened.
+    QCborMap map = sampleMap();
+    map.insert(QStringLiteral("timeDisplay"),
+               QCborMap{{QStringLiteral("unit"), QStringLiteral("feet")},
+                        {QStringLiteral("rate"), QCborArray{1000000, 3}},
+                        {QStringLiteral("offset"), 5}});
+    VxSceneContents contents;
+    VxFileError error;
+    QVERIFY2(VxSceneReader().read(map.toCborValue().toCbor(), &contents, &error),
+             qPrintable(error.text()));
+    QCOMPARE(contents.unknownMembers,
+             (QStringList{QStringLiteral("offset"), QStringLiteral("unit \"feet\""),
+                          QStringLiteral("rate 1e+06/3")}));
+    QVERIFY(contents.timeDisplay == VxTimeDisplay());
+}
+
 void TestSceneFile::keysOfEveryKindRoundTrip()
 {
     VxScene scene;
@@ -405,6 +437,11 @@ void TestSceneFile::brokenFiles_data()
     const auto marker = [&changed](const QCborMap &members) {
         return changed("markers", QCborArray{members});
     };
+    QTest::newRow("time display is a text")
+        << changed("timeDisplay", QStringLiteral("frames")) << QStringLiteral("Expected a map");
+    QTest::newRow("rate of one number")
+        << changed("timeDisplay", QCborMap{{QStringLiteral("rate"), QCborArray{30}}})
+        << QStringLiteral("Expected 2 numbers");
     QTest::newRow("markers are a map")
         << changed("markers", QCborMap{}) << QStringLiteral("Expected an array");
     QTest::newRow("marker without a start")

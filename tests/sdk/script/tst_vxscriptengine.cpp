@@ -453,6 +453,12 @@ void TestScriptEngine::badArguments_data()
                                                        << "an end that is not before the start";
     QTest::newRow("no marker at all") << "Scene.markers.add(5)"
                                       << "expects a whole number as start";
+    QTest::newRow("unknown unit of times") << "Scene.displayUnit = 'feet'"
+                                           << "expects frames, seconds, ticks or timecode";
+    QTest::newRow("negative display rate") << "Scene.displayRate = -1"
+                                           << "expects a rate up to 4800";
+    QTest::newRow("display rate that is no number") << "Scene.displayRate = NaN"
+                                                    << "finite number";
     QTest::newRow("unknown marker") << "Scene.markers.set(12345, {})"
                                     << "has no marker with id 12345";
     QTest::newRow("no array") << "p.setKeys(3)"

@@ -1,0 +1,40 @@
+#ifndef VXCORE_VXSCENETIMEDISPLAY_H
+#define VXCORE_VXSCENETIMEDISPLAY_H
+
+#include <QtCore/QObject>
+#include <memory>
+#include <vxcore/vxcoreglobal.h>
+#include <vxcore/vxtimedisplay.h>
+
+class VxScene;
+
+/// How the program shows the times of a scene, part of the document: frames in a cleared scene.
+class VXCORE_EXPORT VxSceneTimeDisplay : public QObject
+{
+    Q_OBJECT
+public:
+    /// That of a scene, which owns it. Never null for a scene.
+    static VxSceneTimeDisplay *of(VxScene *scene);
+    /// A copy of a scene's.
+    static VxTimeDisplay displayOf(const VxScene *scene);
+    /// A time of a scene as text.
+    static QString textOf(const VxScene *scene, VxTime time);
+    /// A typed time of a scene, or a change of one.
+    static VxTypedInput read(const VxScene *scene, const QString &text,
+                             VxTypedInput::Signs signs = VxTypedInput::OfValues);
+    ~VxSceneTimeDisplay() override;
+
+    const VxTimeDisplay &display() const;
+    /// Recorded for undo within a hold.
+    void setDisplay(const VxTimeDisplay &display);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    explicit VxSceneTimeDisplay(VxScene *scene);
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,61 @@
+#include <vxcore/vxscenetimedisplay.h>
+
+#include <vxcore/vxscene.h>
+
+#include "scene/vxelement_p.h"
+#include "undo/vxundovalueitem.h"
+
+class VxSceneTimeDisplay::Private
+{
+public:
+    VxTimeDisplay display;
+};
+
+VxSceneTimeDisplay::VxSceneTimeDisplay(VxScene *scene)
+    : QObject(scene)
+    , d(std::make_unique<Private>())
+{
+    connect(scene, &VxScene::sceneCleared, this, [this] { setDisplay(VxTimeDisplay()); });
+}
+
+VxSceneTimeDisplay::~VxSceneTimeDisplay() = default;
+
+VxSceneTimeDisplay *VxSceneTimeDisplay::of(VxScene *scene)
+{
+    auto *found = scene->findChild<VxSceneTimeDisplay *>(QString(), Qt::FindDirectChildrenOnly);
+    return found ? found : new VxSceneTimeDisplay(scene);
+}
+
+VxTimeDisplay VxSceneTimeDisplay::displayOf(const VxScene *scene)
+{
+    const auto *found =
+        scene->findChild<VxSceneTimeDisplay *>(QString(), Qt::FindDirectChildrenOnly);
+    return found ? found->display() : VxTimeDisplay();
+}
+
+QString VxSceneTimeDisplay::textOf(const VxScene *scene, VxTime time)
+{
+    return displayOf(scene).text(time, scene->getTimeStep());
+}
+
+VxTypedInput VxSceneTimeDisplay::read(const VxScene *scene, const QString &text,
+                                      VxTypedInput::Signs signs)
+{
+    return displayOf(scene).read(text, scene->getTimeStep(), signs);
+}
+
+const VxTimeDisplay &VxSceneTimeDisplay::display() const
+{
+    return d->display;
+}
+
+void VxSceneTimeDisplay::setDisplay(const VxTimeDisplay &display)
+{
+    if (display == d->display)
+        return;
+    vxRecordValue<VxSceneTimeDisplay, VxTimeDisplay>(
+        this, VxUndoSceneTimeDisplay, [](const VxSceneTimeDisplay *s) { return s->display(); },
+        [](VxSceneTimeDisplay *s, const VxTimeDisplay &value) { s->setDisplay(value); });
+    d->display = display;
+    Q_EMIT changed();
+}
