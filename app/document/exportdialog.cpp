@@ -7,15 +7,19 @@
 #include <QFormLayout>
 #include <QPushButton>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
 
-QString rangeText(const QString &name, const VxTimeRange &range, VxTime step)
+QString rangeText(const QString &name, const VxTimeRange &range, const VxScene &scene)
 {
-    const auto frame = [step](VxTime time) { return QString::number(double(time) / step, 'g', 6); };
-    return ExportDialog::tr("%1 (frames %2 to %3)")
-        .arg(name, frame(range.getStart()), frame(range.getEnd()));
+    const VxTimeDisplay display = VxSceneTimeDisplay::displayOf(&scene);
+    const QString text = display.unit == VxTimeDisplay::Frames
+                             ? ExportDialog::tr("%1 (frames %2 to %3)")
+                             : ExportDialog::tr("%1 (%2 to %3)");
+    return text.arg(name, display.text(range.getStart(), scene.getTimeStep()),
+                    display.text(range.getEnd(), scene.getTimeStep()));
 }
 
 } // namespace
@@ -27,13 +31,12 @@ ExportDialog::ExportDialog(const VxScene &scene, QWidget *parent)
     for (VxSkeleton *figure : figures)
         m_figures.append(figure);
     setWindowTitle(tr("Export Motion"));
-    const VxTime step = scene.getTimeStep();
     m_what = makeBox(QStringLiteral("exportWhat"),
                      QStringList{tr("Whole scene")} + FigureChoice::names(figures));
     m_what->setCurrentIndex(figures.indexOf(FigureChoice::targetFigure(scene)) + 1);
     m_range = makeBox(QStringLiteral("exportRange"),
-                      {rangeText(tr("Animation range"), scene.getAnimRange(), step),
-                       rangeText(tr("Play range"), scene.getPlayRange(), step)});
+                      {rangeText(tr("Animation range"), scene.getAnimRange(), scene),
+                       rangeText(tr("Play range"), scene.getPlayRange(), scene)});
     m_rows =
         makeBox(QStringLiteral("exportRows"), {tr("One row per key"), tr("One row per frame")});
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

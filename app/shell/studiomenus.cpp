@@ -17,6 +17,7 @@
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxundostack.h>
 
@@ -146,6 +147,8 @@ void StudioMenus::buildViewMenu()
     camera->addAction(frameSelection);
     menu->addSeparator();
     addTimeViews(menu);
+    m_timeDisplayMenu = menu->addMenu(tr("Time D&isplay"));
+    addTimeDisplay(m_timeDisplayMenu);
     menu->addSeparator();
     addPaletteChoice(menu);
 }
@@ -183,6 +186,77 @@ void StudioMenus::addTimeViews(QMenu *menu)
                  {storeNames[i], storeTexts[i],
                   tr("Stores what the timeline shows as view %1 of the document.").arg(i + 1)},
                  [i] { TimeView::storeView(vxScene, i + 1); });
+    }
+}
+
+/** An entry that changes the scene's time display, checked when it would change nothing. */
+void StudioMenus::addTimeChoice(QMenu *menu, QActionGroup *group, const Entry &entry,
+                                const std::function<void(VxTimeDisplay *)> &change)
+{
+    VxSceneTimeDisplay *shown = VxSceneTimeDisplay::of(vxScene);
+    const auto changed = [shown, change] {
+        VxTimeDisplay display = shown->display();
+        change(&display);
+        return display;
+    };
+    QAction *action =
+        addEntry(menu, entry, [changed] { TimeView::setDisplay(vxScene, changed()); });
+    action->setCheckable(true);
+    group->addAction(action);
+    const auto show = [action, shown, changed] {
+        action->setChecked(changed() == shown->display());
+    };
+    connect(shown, &VxSceneTimeDisplay::changed, action, show);
+    show();
+}
+
+void StudioMenus::addTimeDisplay(QMenu *menu)
+{
+    auto *units = new QActionGroup(this);
+    const auto addUnit = [&](const char *name, const QString &text, const QString &help,
+                             VxTimeDisplay::Unit unit) {
+        addTimeChoice(menu, units, {name, text, help},
+                      [unit](VxTimeDisplay *display) { display->unit = unit; });
+    };
+    addUnit("StudioTimeInFrames", tr("&Frames"), tr("Shows times in frames."),
+            VxTimeDisplay::Frames);
+    addUnit("StudioTimeInSeconds", tr("&Seconds"), tr("Shows times in seconds of playback."),
+            VxTimeDisplay::Seconds);
+    addUnit("StudioTimeInTicks", tr("Tic&ks"), tr("Shows times in ticks, 4800 a second."),
+            VxTimeDisplay::Ticks);
+    addUnit("StudioTimecode", tr("&Timecode"),
+            tr("Shows times as hours, minutes, seconds and frames."), VxTimeDisplay::Timecode);
+    menu->addSeparator();
+    auto *rates = new QActionGroup(this);
+    const struct
+    {
+        const char *name;
+        VxFrameRate rate;
+        bool dropsFrames;
+    } choices[] = {{"StudioRateOfStep", {}, true},
+                   {"StudioRate23976", {24000, 1001}, true},
+                   {"StudioRate24", {24, 1}, true},
+                   {"StudioRate25", {25, 1}, true},
+                   {"StudioRate2997Drop", {30000, 1001}, true},
+                   {"StudioRate2997", {30000, 1001}, false},
+                   {"StudioRate30", {30, 1}, true},
+                   {"StudioRate50", {50, 1}, true},
+                   {"StudioRate5994Drop", {60000, 1001}, true},
+                   {"StudioRate5994", {60000, 1001}, false},
+                   {"StudioRate60", {60, 1}, true}};
+    for (const auto &choice : choices) {
+        const QString rate = choice.rate.text();
+        const bool canDrop = choice.rate.isValid() && choice.rate.canDropFrames();
+        const QString text = !choice.rate.isValid() ? tr("Rate of the Time Step")
+                             : !canDrop             ? rate
+                             : choice.dropsFrames   ? tr("%1 Drop-Frame").arg(rate)
+                                                    : tr("%1 Non-Drop").arg(rate);
+        addTimeChoice(menu, rates,
+                      {choice.name, text, tr("The rate at which timecodes count frames.")},
+                      [choice](VxTimeDisplay *display) {
+                          display->rate = choice.rate;
+                          display->dropsFrames = choice.dropsFrames;
+                      });
     }
 }
 

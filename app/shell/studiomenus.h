@@ -3,11 +3,14 @@
 
 #include <QKeySequence>
 #include <QObject>
+#include <functional>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxtimedisplay.h>
 
 class AutoSave;
 class PaneDocks;
 class QAction;
+class QActionGroup;
 class QMenu;
 class RecentFiles;
 class StudioWindow;
@@ -28,6 +31,8 @@ public:
     /// The sub-menu of recovery copies, before "Quit".
     void addRecovery(AutoSave *autoSave);
     void setRevertEnabled(bool enabled);
+    /// The sub-menu of units and rates of times.
+    QMenu *timeDisplayMenu() const { return m_timeDisplayMenu; }
     /// Undo and redo of a history, with the entries' texts.
     void addHistory(VxUndoStack *undoStack);
     /// Adds the actions of the action manager and the docks. Call it once, when all of them exist.
@@ -69,6 +74,9 @@ private:
     void buildHelpMenu();
     void buildWindowMenu(const PaneDocks &docks);
     void addTimeViews(QMenu *menu);
+    void addTimeDisplay(QMenu *menu);
+    void addTimeChoice(QMenu *menu, QActionGroup *group, const Entry &entry,
+                       const std::function<void(VxTimeDisplay *)> &change);
     void addPaletteChoice(QMenu *menu);
     QMenu *findMenu(const QString &title) const;
     void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
@@ -77,6 +85,7 @@ private:
     QMenu *m_fileMenu = nullptr;
     QAction *m_revert = nullptr;
     QMenu *m_editMenu = nullptr;
+    QMenu *m_timeDisplayMenu = nullptr;
     QMenu *m_windowMenu = nullptr;
     QMenu *m_helpMenu = nullptr;
     QAction *m_defaultLayout = nullptr;

@@ -15,6 +15,7 @@
 #include "shell/keyoverviewdialog.h"
 #include "shell/panedocks.h"
 #include "shell/studiomenus.h"
+#include "shell/timelabel.h"
 #include "shortcuts/shortcutcatalogue.h"
 #include "shortcuts/shortcutdialog.h"
 #include "viewport/emptysceneoffer.h"
@@ -76,6 +77,8 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     resize(DefaultSize);
     auto *tools = new PoseTools(vxApp->getScene(), m_viewport);
     m_toolBar = new PoseToolBar(tools, m_viewport);
+    statusBar()->addPermanentWidget(
+        new TimeLabel(vxApp->getScene(), m_menus->timeDisplayMenu(), this));
     statusBar()->addPermanentWidget(new AutoKeyMark(vxApp->getScene(), this));
     m_menus->addRecentFiles(m_recentFiles);
     m_menus->addRecovery(m_recovery->autoSave());

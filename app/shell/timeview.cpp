@@ -7,6 +7,7 @@
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -60,4 +61,11 @@ QString TimeView::showView(VxScene *scene, int number)
         return StudioText::tr("View %1 is empty. Store it first.").arg(number);
     scene->setPlayRange(*view);
     return QString();
+}
+
+void TimeView::setDisplay(VxScene *scene, const VxTimeDisplay &display)
+{
+    VxUndoStackHold hold;
+    VxSceneTimeDisplay::of(scene)->setDisplay(display);
+    hold.accept(StudioText::tr("Set Time Display"));
 }

@@ -2,6 +2,7 @@
 #define TIMEVIEW_H
 
 #include <QString>
+#include <vxcore/vxtimedisplay.h>
 
 class VxKeySelection;
 class VxScene;
@@ -22,6 +23,9 @@ QString zoomToKeys(VxScene *scene, const VxKeySelection &selection);
 void storeView(VxScene *scene, int number);
 /// Shows a stored view.
 QString showView(VxScene *scene, int number);
+
+/// Sets how times are shown: an undo entry of the document.
+void setDisplay(VxScene *scene, const VxTimeDisplay &display);
 
 } // namespace TimeView
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 namespace {
 
@@ -265,8 +266,6 @@ void MotionTrails::paintHovered(QPainter *painter, const ViewportCamera &camera,
     const QColor ink =
         m_hovered->time <= m_scene->getTime() ? inkBefore(palette) : inkAfter(palette);
     painter->fillRect(square(*at, HoveredSide), ink);
-    const double frame = double(m_hovered->time) / m_scene->getTimeStep();
     painter->setPen(palette.color(QPalette::WindowText));
-    painter->drawText(*at + LabelOffset,
-                      tr("Frame %1").arg(QString::number(std::round(frame * 100) / 100)));
+    painter->drawText(*at + LabelOffset, VxSceneTimeDisplay::labelOf(m_scene, m_hovered->time));
 }

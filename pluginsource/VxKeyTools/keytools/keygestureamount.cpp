@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 namespace {
 
@@ -42,9 +43,9 @@ QString signedNumber(double number)
 // A number is the amount, as the mouse sets it: a sign is that of the amount.
 VxTypedInput readTyped(KeyGestureKind kind, const QString &typed)
 {
-    VxTypedInput input = isOfTimes(kind) ? VxTypedInput::readTime(typed, vxScene->getTimeStep(),
-                                                                  VxTypedInput::OfOffsets)
-                                         : VxTypedInput::read(typed, VxTypedInput::OfOffsets);
+    VxTypedInput input = isOfTimes(kind)
+                             ? VxSceneTimeDisplay::read(vxScene, typed, VxTypedInput::OfOffsets)
+                             : VxTypedInput::read(typed, VxTypedInput::OfOffsets);
     if (kind == KeyGestureKind::MoveValues)
         return input;
     const bool isScale = !isOfTimes(kind);

@@ -8,6 +8,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 using Column = KeyTableColumn;
 
@@ -33,15 +34,6 @@ bool isShape(Column column)
     return column >= Column::Tension;
 }
 
-QString decimals(double number, int most)
-{
-    QString text = QString::number(number, 'f', most);
-    while (text.contains(QLatin1Char('.')) &&
-           (text.endsWith(QLatin1Char('0')) || text.endsWith(QLatin1Char('.'))))
-        text.chop(1);
-    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
-}
-
 template <class Number> QString shortest(Number number)
 {
     char buffer[64];
@@ -58,7 +50,7 @@ VxTypedInput readTyped(Column column, const QString &typed)
         return {VxTypedInput::Value, double(type)};
     }
     return column == Column::Time
-               ? VxTypedInput::readTime(typed, vxScene->getTimeStep(), VxTypedInput::OfOffsets)
+               ? VxSceneTimeDisplay::read(vxScene, typed, VxTypedInput::OfOffsets)
                : VxTypedInput::read(typed, VxTypedInput::OfOffsets);
 }
 
@@ -67,9 +59,8 @@ VxTypedInput readCell(Column column, const QString &cell)
 {
     if (column == Column::Type)
         return readTyped(column, cell);
-    return column == Column::Time
-               ? VxTypedInput::readTime(cell, vxScene->getTimeStep(), VxTypedInput::OfValues)
-               : VxTypedInput::read(cell, VxTypedInput::OfValues);
+    return column == Column::Time ? VxSceneTimeDisplay::read(vxScene, cell)
+                                  : VxTypedInput::read(cell, VxTypedInput::OfValues);
 }
 
 bool isUsable(const VxTypedInput &input)
@@ -139,34 +130,6 @@ KeyToolResult applyEdits(const KeyTableRows &rows, const CellEdits &edits)
 
 } // namespace
 
-QString KeyTableCells::timeText(VxTime time, VxTime ticksPerFrame, TimeUnit unit)
-{
-    const double frames = double(time) / ticksPerFrame;
-    const bool isOnFrame = time % ticksPerFrame == 0;
-    switch (unit) {
-    case TimeUnit::Seconds:
-        return decimals(double(time) / VxTicksPerSecond, 6) + QLatin1Char('s');
-    case TimeUnit::Ticks:
-        return QString::number(time) + QLatin1Char('t');
-    case TimeUnit::Timecode:
-        if (isOnFrame && time >= 0) {
-            const auto rate =
-                std::max(1, int(std::lround(double(VxTicksPerSecond) / ticksPerFrame)));
-            const int frame = time / ticksPerFrame;
-            const int seconds = frame / rate;
-            const auto two = [](int number) {
-                return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-            };
-            return two(seconds / 3600) + QLatin1Char(':') + two(seconds / 60 % 60) +
-                   QLatin1Char(':') + two(seconds % 60) + QLatin1Char(':') + two(frame % rate);
-        }
-        break;
-    case TimeUnit::Frames:
-        break;
-    }
-    return isOnFrame ? QString::number(time / ticksPerFrame) : decimals(frames, 6);
-}
-
 QString KeyTableCells::valueText(const VxNumericProperty &property, int index)
 {
     if (const auto *number = qobject_cast<const VxFloatProperty *>(&property))
@@ -174,7 +137,8 @@ QString KeyTableCells::valueText(const VxNumericProperty &property, int index)
     return shortest(static_cast<const VxIntProperty &>(property).getKeyValue(index));
 }
 
-QString KeyTableCells::text(const KeyTableRows &rows, int row, Column column, TimeUnit unit)
+QString KeyTableCells::text(const KeyTableRows &rows, int row, Column column,
+                            const VxTimeDisplay &display)
 {
     const KeyTableRows::Key key = rows.at(row);
     if (!rows.property(key.track))
@@ -186,7 +150,7 @@ QString KeyTableCells::text(const KeyTableRows &rows, int row, Column column, Ti
     case Column::Property:
         return rows.propertyName(key.track);
     case Column::Time:
-        return timeText(property.getKeyTime(key.index), vxScene->getTimeStep(), unit);
+        return display.text(property.getKeyTime(key.index), vxScene->getTimeStep());
     case Column::Value:
         return valueText(property, key.index);
     default:
@@ -243,12 +207,12 @@ KeyToolResult KeyTableCells::setColumn(const KeyTableRows &rows, const std::vect
 }
 
 QString KeyTableCells::copied(const KeyTableRows &rows, const std::vector<int> &rowNumbers,
-                              TimeUnit unit)
+                              const VxTimeDisplay &display)
 {
     QString all;
     for (const int row : rowNumbers) {
         for (int column = 0; column < KeyTableColumns; ++column) {
-            all += text(rows, row, Column(column), unit);
+            all += text(rows, row, Column(column), display);
             all += QLatin1Char(column + 1 < KeyTableColumns ? '\t' : '\n');
         }
     }

@@ -5,21 +5,17 @@
 #include "keytools/keytoolrun.h"
 
 #include <QtCore/QStringList>
-#include <vxcore/vxtypedinput.h>
+#include <vxcore/vxtimedisplay.h>
 
 /// The texts of cells, and edits of keys by texts. Typed times are frames unless they have a unit,
 /// as in all fields of the tools.
 namespace KeyTableCells {
 
-/// The unit in which times are shown. A time between two frames is shown in frames, with decimals,
-/// where the unit is Timecode.
-enum class TimeUnit { Frames, Seconds, Ticks, Timecode };
-
-QString timeText(VxTime time, VxTime ticksPerFrame, TimeUnit unit);
 /// The shortest text that is read as the same value.
 QString valueText(const VxNumericProperty &property, int index);
 /// The text of a cell; tension, continuity and bias of keys of other types than TCB are empty.
-QString text(const KeyTableRows &rows, int row, KeyTableColumn column, TimeUnit unit);
+QString text(const KeyTableRows &rows, int row, KeyTableColumn column,
+             const VxTimeDisplay &display);
 QString title(KeyTableColumn column);
 /// False for names, and for parts that the key does not have.
 bool isEditable(const KeyTableRows &rows, int row, KeyTableColumn column);
@@ -30,7 +26,8 @@ KeyToolResult setColumn(const KeyTableRows &rows, const std::vector<int> &rowNum
                         KeyTableColumn column, const QString &typed);
 
 /// Rows as text: cells separated by tabs, rows by line ends.
-QString copied(const KeyTableRows &rows, const std::vector<int> &rowNumbers, TimeUnit unit);
+QString copied(const KeyTableRows &rows, const std::vector<int> &rowNumbers,
+               const VxTimeDisplay &display);
 /// Sets cells by such text, from a row and a column on. Names must be those of the rows. A cell
 /// that cannot be used, or lies outside of the table, changes nothing; the message names row and
 /// column.

@@ -1,5 +1,8 @@
 #include "keytools/keytablemodel.h"
 
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
+
 // A reset would cost views their current cell and the widths of columns: rows are added or removed
 // at the end instead, and all cells are reported as changed.
 template <class Change> void KeyTableModel::change(const Change &change)
@@ -38,9 +41,21 @@ void KeyTableModel::setFilter(const QString &text)
     change([&text](KeyTableRows *rows) { rows->setFilter(text); });
 }
 
-void KeyTableModel::setTimeUnit(KeyTableCells::TimeUnit unit)
+void KeyTableModel::setTimeUnit(std::optional<VxTimeDisplay::Unit> unit)
 {
     m_unit = unit;
+    updateTimes();
+}
+
+VxTimeDisplay KeyTableModel::timeDisplay() const
+{
+    VxTimeDisplay display = VxSceneTimeDisplay::displayOf(vxScene);
+    display.unit = m_unit.value_or(display.unit);
+    return display;
+}
+
+void KeyTableModel::updateTimes()
+{
     if (m_count > 0)
         Q_EMIT dataChanged(index(0, int(KeyTableColumn::Time)),
                            index(m_count - 1, int(KeyTableColumn::Time)));
@@ -60,7 +75,7 @@ QVariant KeyTableModel::data(const QModelIndex &index, int role) const
 {
     const auto column = KeyTableColumn(index.column());
     if (role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole)
-        return KeyTableCells::text(m_rows, index.row(), column, m_unit);
+        return KeyTableCells::text(m_rows, index.row(), column, timeDisplay());
     if (role == Qt::TextAlignmentRole && index.column() >= int(KeyTableColumn::Time) &&
         column != KeyTableColumn::Type)
         return int(Qt::AlignRight | Qt::AlignVCenter);

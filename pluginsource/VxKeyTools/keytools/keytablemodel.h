@@ -4,6 +4,7 @@
 #include "keytools/keytablecells.h"
 
 #include <QtCore/QAbstractTableModel>
+#include <optional>
 
 /// The rows of the key table for a view. Edits go through KeyTableCells.
 class KeyTableModel : public QAbstractTableModel
@@ -18,8 +19,12 @@ public:
     /// True when keys have changed since the last refresh.
     bool isStale() const;
     void setFilter(const QString &text);
-    void setTimeUnit(KeyTableCells::TimeUnit unit);
-    KeyTableCells::TimeUnit timeUnit() const { return m_unit; }
+    /// Shows times in a unit of the table's own; null for the scene's.
+    void setTimeUnit(std::optional<VxTimeDisplay::Unit> unit);
+    /// The present unit, with the scene's rate of timecodes.
+    VxTimeDisplay timeDisplay() const;
+    /// The time display of the scene has changed.
+    void updateTimes();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -35,7 +40,7 @@ private:
     KeyTableRows m_rows;
     int m_count = 0; // as announced to views
     quint64 m_revision = 0;
-    KeyTableCells::TimeUnit m_unit = KeyTableCells::TimeUnit::Frames;
+    std::optional<VxTimeDisplay::Unit> m_unit;
 };
 
 #endif

@@ -7,6 +7,7 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 namespace {
 
@@ -30,7 +31,7 @@ VxTypedInput readText(const KeyToolParameter &parameter, const QString &text)
     const auto signs = isChange(parameter.kind) ? VxTypedInput::OfOffsets : VxTypedInput::OfValues;
     const bool isTime =
         parameter.kind == KeyToolParameter::Time || parameter.kind == KeyToolParameter::TimeChange;
-    return isTime ? VxTypedInput::readTime(text, vxScene->getTimeStep(), signs)
+    return isTime ? VxSceneTimeDisplay::read(vxScene, text, signs)
                   : VxTypedInput::read(text, signs);
 }
 

@@ -19,6 +19,7 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsettings.h>
 
 namespace {
@@ -126,7 +127,8 @@ VxKeyTablePane::VxKeyTablePane()
     d->filter->setClearButtonEnabled(true);
     d->filter->setAccessibleName(tr("Filter by node or property"));
     d->unit->setObjectName(QStringLiteral("unit"));
-    d->unit->addItems({tr("Frames"), tr("Seconds"), tr("Ticks"), tr("Timecode")});
+    d->unit->addItems(
+        {tr("As in the Scene"), tr("Frames"), tr("Seconds"), tr("Ticks"), tr("Timecode")});
     d->unit->setToolTip(tr("Unit of times"));
     d->unit->setAccessibleName(tr("Unit of times"));
     d->message->setObjectName(QStringLiteral("message"));
@@ -154,8 +156,10 @@ VxKeyTablePane::VxKeyTablePane()
     layout->addWidget(d->message);
 
     connect(d->filter, &QLineEdit::textChanged, &d->model, &KeyTableModel::setFilter);
-    connect(d->unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this](int unit) { d->model.setTimeUnit(KeyTableCells::TimeUnit(unit)); });
+    connect(d->unit, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
+        d->model.setTimeUnit(index < 1 ? std::nullopt
+                                       : std::make_optional(VxTimeDisplay::Unit(index - 1)));
+    });
     // Listing the keys needs a pass: once per event loop iteration, and only while visible.
     d->timer.setSingleShot(true);
     connect(&d->timer, &QTimer::timeout, this, &VxKeyTablePane::refresh);
@@ -166,6 +170,8 @@ VxKeyTablePane::VxKeyTablePane()
         connect(vxScene, &VxScene::nodeSelectionListChanged, this, changed);
         connect(vxScene, &VxScene::playRangeChanged, this, changed);
         connect(vxScene, &VxScene::timeStepChanged, this, changed);
+        connect(VxSceneTimeDisplay::of(vxScene), &VxSceneTimeDisplay::changed, &d->model,
+                &KeyTableModel::updateTimes);
     }
 }
 
@@ -228,7 +234,7 @@ bool VxKeyTablePane::setCells(const QModelIndex &index, const QString &typed)
 void VxKeyTablePane::copyRows()
 {
     QGuiApplication::clipboard()->setText(
-        KeyTableCells::copied(d->model.rows(), d->selectedRows(), d->model.timeUnit()));
+        KeyTableCells::copied(d->model.rows(), d->selectedRows(), d->model.timeDisplay()));
 }
 
 bool VxKeyTablePane::pasteRows()

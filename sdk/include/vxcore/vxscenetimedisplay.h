@@ -19,6 +19,8 @@ public:
     static VxTimeDisplay displayOf(const VxScene *scene);
     /// A time of a scene as text.
     static QString textOf(const VxScene *scene, VxTime time);
+    /// The same for a label: frames follow the word "Frame", other units show what they are.
+    static QString labelOf(const VxScene *scene, VxTime time);
     /// A typed time of a scene, or a change of one.
     static VxTypedInput read(const VxScene *scene, const QString &text,
                              VxTypedInput::Signs signs = VxTypedInput::OfValues);

@@ -38,6 +38,13 @@ QString VxSceneTimeDisplay::textOf(const VxScene *scene, VxTime time)
     return displayOf(scene).text(time, scene->getTimeStep());
 }
 
+QString VxSceneTimeDisplay::labelOf(const VxScene *scene, VxTime time)
+{
+    const VxTimeDisplay display = displayOf(scene);
+    const QString text = display.text(time, scene->getTimeStep());
+    return display.unit == VxTimeDisplay::Frames ? tr("Frame %1").arg(text) : text;
+}
+
 VxTypedInput VxSceneTimeDisplay::read(const VxScene *scene, const QString &text,
                                       VxTypedInput::Signs signs)
 {

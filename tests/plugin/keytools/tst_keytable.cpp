@@ -12,9 +12,10 @@
 #include <QTableView>
 #include <cmath>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 using Column = KeyTableColumn;
-using Unit = KeyTableCells::TimeUnit;
+using Unit = VxTimeDisplay::Unit;
 
 /// The rows, columns, edits and texts of the key table.
 class tst_KeyTable : public QObject
@@ -22,8 +23,7 @@ class tst_KeyTable : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void rowsAreTheSelectedKeys();
-    void times_data();
-    void times();
+    void timesFollowTheScene();
     void typedTextSetsCells_data();
     void typedTextSetsCells();
     void shapesOfTcbKeys();
@@ -38,11 +38,11 @@ private Q_SLOTS:
 
 namespace {
 
-QStringList column(const KeyTableRows &rows, Column which, Unit unit = Unit::Frames)
+QStringList column(const KeyTableRows &rows, Column which, VxTimeDisplay display = {})
 {
     QStringList texts;
     for (int row = 0; row < rows.count(); ++row)
-        texts << KeyTableCells::text(rows, row, which, unit);
+        texts << KeyTableCells::text(rows, row, which, display);
     return texts;
 }
 
@@ -97,31 +97,33 @@ void tst_KeyTable::rowsAreTheSelectedKeys()
     QCOMPARE(column(rows, Column::Tension), QStringList({"", "", "", ""}));
 }
 
-void tst_KeyTable::times_data()
+// In the unit of the scene, or in one of the table's own with the scene's timecodes.
+void tst_KeyTable::timesFollowTheScene()
 {
-    QTest::addColumn<int>("time");
-    QTest::addColumn<int>("unit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("frames") << 1600 << int(Unit::Frames) << "10";
-    QTest::newRow("between frames") << 40 << int(Unit::Frames) << "0.25";
-    QTest::newRow("before the start") << -160 << int(Unit::Frames) << "-1";
-    QTest::newRow("seconds") << 2400 << int(Unit::Seconds) << "0.5s";
-    QTest::newRow("ticks") << -7 << int(Unit::Ticks) << "-7t";
-    QTest::newRow("timecode") << (3600 + 61) * 4800 + 3 * 160 << int(Unit::Timecode)
-                              << "01:01:01:03";
-    QTest::newRow("timecode between frames") << 40 << int(Unit::Timecode) << "0.25";
-}
-
-// Each text is read as the same time.
-void tst_KeyTable::times()
-{
-    QFETCH(int, time);
-    QFETCH(int, unit);
-    const QString text = KeyTableCells::timeText(time, 160, Unit(unit));
-    QTEST(text, "text");
-    const VxTypedInput read = VxTypedInput::readTime(text, 160);
-    QCOMPARE(read.kind, VxTypedInput::Value);
-    QCOMPARE(int(std::lround(read.amount)), time);
+    KeyToolStage stage;
+    vxScene->setPlayRange(VxTimeRange(0, 20000 * 160));
+    stage.channel->setKey(1800 * 160, 0.0f, 0);
+    stage.node->select(true);
+    KeyTableModel model;
+    model.refresh();
+    const int last = model.rowCount() - 1;
+    const auto shown = [&] {
+        return model.index(last, int(KeyTableColumn::Time)).data().toString();
+    };
+    VxSceneTimeDisplay *scene = VxSceneTimeDisplay::of(vxScene);
+    QCOMPARE(shown(), QString("1800"));
+    scene->setDisplay({Unit::Seconds, {}, true});
+    QCOMPARE(shown(), QString("60s"));
+    scene->setDisplay({Unit::Timecode, {30000, 1001}, true});
+    QCOMPARE(shown(), QString("00:01:00;02"));
+    model.setTimeUnit(Unit::Ticks);
+    QCOMPARE(shown(), QString("288000t"));
+    scene->setDisplay({Unit::Frames, {30000, 1001}, true});
+    model.setTimeUnit(Unit::Timecode);
+    QCOMPARE(shown(), QString("00:01:00;02"));
+    const KeyTableRows rows = presentRows();
+    QVERIFY(KeyTableCells::setColumn(rows, {last}, KeyTableColumn::Time, "00:10:00;00").done);
+    QCOMPARE(stage.channel->getKeyTime(stage.channel->getNumKeys() - 1), 17982 * 160);
 }
 
 void tst_KeyTable::typedTextSetsCells_data()
@@ -220,7 +222,7 @@ void tst_KeyTable::copiedRowsArePasted()
     vxApp->getUndoStack()->clear();
     const KeyTableRows rows = presentRows();
     const QString before = state(stage.channel);
-    const QString text = KeyTableCells::copied(rows, allOf(rows), Unit::Timecode);
+    const QString text = KeyTableCells::copied(rows, allOf(rows), {Unit::Timecode, {}, true});
     const QString x = stage.channel->getLabel();
     QCOMPARE(text, "node\t" + x + "\t00:00:00:00\t97\tLinear\t\t\t\nnode\t" + x +
                        "\t00:00:00:02\t98\tTCB\t0.5\t0\t-1\n");
