@@ -35,6 +35,7 @@
 #include <cmath>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxnodeisolation.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxundostack.h>
@@ -89,6 +90,10 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);
     connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
+    connect(m_viewport, &ViewportWidget::isolationRequested, this, [](VxNode *node) {
+        if (VxNodeIsolation *isolation = VxNodeIsolation::current())
+            isolation->setNodes({node});
+    });
     connect(m_viewport, &ViewportWidget::message, this,
             [this](const QString &text) { m_messages->showStatus(text); });
     updateTitle();

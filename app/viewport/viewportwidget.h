@@ -68,6 +68,8 @@ Q_SIGNALS:
     /// A text of a tool for the status line.
     void message(const QString &text);
     void cameraChanged();
+    /// A click with Alt: on a node, or null beside all of them.
+    void isolationRequested(VxNode *node);
 
 protected:
     bool event(QEvent *event) override;

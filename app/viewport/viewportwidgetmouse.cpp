@@ -107,7 +107,8 @@ void ViewportWidget::mousePressEvent(QMouseEvent *event)
     if (operation == VxViewportMgr::NoOperation && !isFree)
         return;
     m_pressCamera = m_camera;
-    m_isClick = isFree && !pressTool(event);
+    const bool isolates = isFree && (event->modifiers() & Qt::AltModifier);
+    m_isClick = isolates || (isFree && !pressTool(event));
     m_dragButton = event->button();
     m_dragOperation = m_isClick ? VxViewportMgr::Orbit : operation;
     m_pressModifiers = event->modifiers();
@@ -272,6 +273,8 @@ void ViewportWidget::selectAt(const QPoint &pixel, Qt::KeyboardModifiers modifie
         m_scene->selectAllNodes(false);
     if (node)
         node->select(!(modifiers & Qt::ControlModifier) || !node->isSelected());
+    if (modifiers & Qt::AltModifier)
+        Q_EMIT isolationRequested(node);
     // Shows the effect of the click unobscured; the next move highlights again.
     setHovered(nullptr);
 }

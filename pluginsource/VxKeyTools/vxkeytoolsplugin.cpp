@@ -1,5 +1,6 @@
 #include "vxkeytoolsplugin.h"
 
+#include "keytools/isolateaction.h"
 #include "keytools/keygestureactions.h"
 #include "keytools/keytoolactions.h"
 #include "keytools/keytoolscript.h"
@@ -84,6 +85,7 @@ void addClasses(VxPlugin *plugin)
                                                            "EA33F45B-CA25-4F4C-BD4E-4169A8B4AAA6");
     addClass<VxKeyToolsMoveValuesGestureAction>(plugin, "B590CAE1-A92B-494E-BC44-BFCA0BE06C8B");
     addClass<VxKeyToolsScaleValuesGestureAction>(plugin, "AF65C69B-06E8-48A5-8992-80948DC8C13D");
+    addClass<VxKeyToolsIsolateAction>(plugin, "7A0E3C55-8F2E-4F0B-8C55-3D5B8E4E2B19");
     addClass<VxKeyTablePane>(plugin, "5B7E1C1E-3A0E-4F0B-9E55-0B6C2C9D41A7");
     addClass<VxKeyTableAction>(plugin, "C0A9D8F4-7C1B-4E5D-8B7A-2F6E1D90B3C5");
 }

@@ -1,10 +1,13 @@
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QSet>
 #include <QtCore/QSignalBlocker>
 #include <vector>
+#include <vxcore/vxnode.h>
 
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 
 namespace {
@@ -21,6 +24,9 @@ class VxDopeSheetFilterModel::Private
 public:
     // Bits of Match by the source rows' internal ids; empty while invalid.
     QHash<quintptr, quint8> matches;
+    // Both empty while all nodes are shown.
+    QSet<const VxNode *> isolated;
+    QSet<const VxNode *> aboveIsolated;
 
     // The match bits of a source row; -1 if unknown.
     int matchOf(const QModelIndex &row) const
@@ -157,8 +163,31 @@ QModelIndex VxDopeSheetFilterModel::findShown(const QModelIndex &sourceRow) cons
     return isLeftOut ? QModelIndex() : mapFromSource(sourceRow);
 }
 
+void VxDopeSheetFilterModel::setIsolatedNodes(const QVector<VxNode *> &nodes)
+{
+    d->isolated.clear();
+    d->aboveIsolated.clear();
+    for (const VxNode *node : nodes) {
+        d->isolated.insert(node);
+        for (const VxNode *above = node->getNodeParent();
+             above && !d->aboveIsolated.contains(above); above = above->getNodeParent())
+            d->aboveIsolated.insert(above);
+    }
+    refilter(filterRegExp());
+}
+
+bool VxDopeSheetFilterModel::isIsolated(const QModelIndex &sourceRow) const
+{
+    const auto *source = qobject_cast<const VxDopeSheetModel *>(sourceModel());
+    const VxDopeSheetItem *item = source ? source->getItem(sourceRow) : nullptr;
+    return !item || d->isolated.contains(item->ownerNode()) ||
+           d->aboveIsolated.contains(item->node());
+}
+
 bool VxDopeSheetFilterModel::filterAcceptsRow(int row, const QModelIndex &parent) const
 {
+    if (!d->isolated.isEmpty() && !isIsolated(sourceModel()->index(row, 0, parent)))
+        return false;
     const int match = d->matches.isEmpty() ? -1 : d->matchOf(sourceModel()->index(row, 0, parent));
     return match >= 0 ? match != NoMatch : QSortFilterProxyModel::filterAcceptsRow(row, parent);
 }

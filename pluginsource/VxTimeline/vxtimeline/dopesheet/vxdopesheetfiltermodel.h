@@ -3,7 +3,10 @@
 
 #include <QtCore/QRegExp>
 #include <QtCore/QSortFilterProxyModel>
+#include <QtCore/QVector>
 #include <memory>
+
+class VxNode;
 
 // The proxy between the dope sheet's model and its view, for the text filter.
 //
@@ -27,6 +30,9 @@ public:
     // out rows.
     void refilter(const QRegExp &pattern);
     void refilter();
+    // Leaves out the rows of all other nodes, except those above these nodes; none: shows all. The
+    // text filter applies to the remaining rows. The nodes must live until the next call.
+    void setIsolatedNodes(const QVector<VxNode *> &nodes);
     // Whether any row below an index of this model matches the pattern, created yet or not; false
     // when rows were added or removed since the last refilter().
     bool hasMatchBelow(const QModelIndex &index) const;
@@ -40,6 +46,7 @@ private:
     void findMatches(const QRegExp &pattern);
     void addMatchesBelow(const QModelIndex &top, const QRegExp &pattern) const;
     void forgetMatches();
+    bool isIsolated(const QModelIndex &sourceRow) const;
     class Private;
     std::unique_ptr<Private> d;
 };

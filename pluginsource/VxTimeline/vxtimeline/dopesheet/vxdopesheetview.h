@@ -78,6 +78,8 @@ public:
     void showSceneSelection();
     // Opens the ancestors of a node's row and scrolls to it; ignored for a node without a row.
     void ensureNodeVisible(VxNode *node);
+    // Opens the rows of a node's properties that have keys, and returns them; none without a row.
+    QItemSelection openKeyedProperties(VxNode *node);
     // Repaints everything that depends on the scope of key creation.
     void updateKeyScopeDisplay();
 

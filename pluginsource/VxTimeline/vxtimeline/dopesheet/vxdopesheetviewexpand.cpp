@@ -62,6 +62,25 @@ void VxDopeSheetView::expandKeyedFromContextItem()
                  [](const VxDopeSheetItem *item) { return item->hasKeys(); });
 }
 
+QItemSelection VxDopeSheetView::openKeyedProperties(VxNode *node)
+{
+    QItemSelection rows;
+    const QModelIndex top = findNodeIndex(node);
+    if (!top.isValid())
+        return rows;
+    const auto isKeyed = [node](const VxDopeSheetItem *item) {
+        return item->ownerNode() == node && item->hasKeys();
+    };
+    setOpenBelow(this, top, true, isKeyed);
+    DopeSheetWalk::visitBelow(model(), top, [&](const QModelIndex &row) {
+        const VxDopeSheetItem *item = getItem(row);
+        if (item && item->property() && isKeyed(item))
+            rows.select(row, row);
+        return item && item->ownerNode() == node;
+    });
+    return rows;
+}
+
 void VxDopeSheetView::collapseContextItem()
 {
     if (hasContextItem())

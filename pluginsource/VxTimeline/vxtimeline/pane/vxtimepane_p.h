@@ -4,6 +4,7 @@
 #include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/timepanecontrols.h"
 #include "vxtimeline/pane/timepanefilter.h"
+#include "vxtimeline/pane/timepaneisolation.h"
 #include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepanelayout.h"
@@ -26,6 +27,7 @@ public:
         , rows(pane, views, keys, keySelection)
         , nodes(pane, views.sheet(), rows)
         , filter(choices, controls, views.sheet(), rows, nodes)
+        , isolation(pane, views)
     {
     }
 
@@ -38,6 +40,7 @@ public:
     TimePaneRows rows;
     TimePaneNodeSelection nodes;
     TimePaneFilter filter;
+    TimePaneIsolation isolation;
 };
 
 #endif
