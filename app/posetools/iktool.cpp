@@ -23,7 +23,7 @@ QString IkTool::title() const
 GizmoTarget IkTool::targetFor(VxNode *joint) const
 {
     const QVector3D at = joint->getWorldTransform(scene()->getTime()).column(3).toVector3D();
-    return {{joint}, joint, {at, axesFor(joint)}, {}};
+    return {{joint}, joint, {at, arrowAxes(joint, settings()->orientation())}, {}};
 }
 
 GizmoTarget IkTool::targetOf(const QVector<VxNode *> &, VxNode *primary) const

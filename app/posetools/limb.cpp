@@ -78,9 +78,17 @@ void Limb::begin(PoseGesture *gesture)
     }
     const Matrices worlds = matrices(m_parts[0]->parentMatrix(), poses);
     m_startPosition = Spaces::originOf(worlds[2]);
-    m_endRotation = vxQuaternion(Spaces::rotationOf(worlds[2]));
+    m_endRotation = rotation(2, worlds[1], poses[2]);
     m_length = Spaces::distance(Spaces::originOf(worlds[0]), Spaces::originOf(worlds[1])) +
                Spaces::distance(Spaces::originOf(worlds[1]), m_startPosition);
+}
+
+/** Of a part in the world, without its own scales: those are applied before it. */
+VxQuaternion Limb::rotation(std::size_t index, const QMatrix4x4 &parent,
+                            const PoseValues &values) const
+{
+    return vxQuaternion(Spaces::rotationOf(parent)) *
+           vxQuaternion(anglesOf(values), m_parts[index]->order());
 }
 
 /** Of the middle joint's axes across the bone the one with the widest limits, in the direction in
@@ -88,13 +96,15 @@ void Limb::begin(PoseGesture *gesture)
 VxVector Limb::bendAxis(const Matrices &worlds) const
 {
     const QVector3D bone = (worlds[2].column(3) - worlds[1].column(3)).toVector3D().normalized();
-    QVector3D result = worlds[1].column(0).toVector3D();
+    const VxRotation middle = vxRotation(rotation(1, worlds[0], m_parts[1]->start()));
+    const std::array<QVector3D, 3> axes = Spaces::axesOf(middle);
+    QVector3D result = axes[0];
     double widest = 0;
     for (int i = 0; i < 3; ++i) {
         const VxFloatProperty *control = m_parts[1]->channels().at(XAngle + i);
         if (!control || !control->isClamped())
             continue;
-        const QVector3D axis = worlds[1].column(i).toVector3D().normalized();
+        const QVector3D axis = axes[std::size_t(i)];
         const double range = (double(control->getMax()) - double(control->getMin())) *
                              double(QVector3D::crossProduct(axis, bone).length());
         if (range <= widest)
@@ -128,12 +138,11 @@ Limb::Poses Limb::rotated(const QMatrix4x4 &parent, const VxVector &target) cons
     const VxLimb limb{Spaces::originOf(worlds[0]), Spaces::originOf(worlds[1]),
                       Spaces::originOf(worlds[2])};
     const VxLimbSolution solution = vxSolveLimb(limb, target, bendAxis(worlds));
-    const auto rotation = [&worlds](std::size_t index) {
-        return vxQuaternion(Spaces::rotationOf(worlds[index]));
-    };
-    setAngles(0, parent, solution.upper * rotation(0), &poses);
+    const VxQuaternion first = rotation(0, parent, poses[0]);
+    const VxQuaternion second = rotation(1, worlds[0], poses[1]);
+    setAngles(0, parent, solution.upper * first, &poses);
     const QMatrix4x4 upper = parent * m_parts[0]->localMatrix(poses[0]);
-    setAngles(1, upper, solution.upper * solution.lower * rotation(1), &poses);
+    setAngles(1, upper, solution.upper * solution.lower * second, &poses);
     const QMatrix4x4 lower = upper * m_parts[1]->localMatrix(poses[1]);
     setAngles(2, lower, m_endRotation, &poses);
     return poses;

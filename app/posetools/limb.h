@@ -34,6 +34,8 @@ private:
     using Matrices = std::array<QMatrix4x4, 3>;
 
     Matrices matrices(const QMatrix4x4 &parent, const Poses &poses) const;
+    VxQuaternion rotation(std::size_t index, const QMatrix4x4 &parent,
+                          const PoseValues &values) const;
     VxVector bendAxis(const Matrices &worlds) const;
     Poses rotated(const QMatrix4x4 &parent, const VxVector &target) const;
     void setAngles(std::size_t index, const QMatrix4x4 &parent, const VxQuaternion &world,

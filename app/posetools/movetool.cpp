@@ -67,10 +67,9 @@ GizmoTarget MoveTool::targetOf(const QVector<VxNode *> &selected, VxNode *primar
             origin += node->getWorldTransform(time).column(3).toVector3D();
         origin /= float(target.nodes.size());
     }
-    target.frame = {origin, axesFor(primary)};
-    target.locks = commonLocks(target.nodes, [&target](const GestureNode &node) {
-        return moveLocks(node, target.frame);
-    });
+    target.frame = {origin, arrowAxes(primary, settings()->orientation())};
+    target.locks = commonLocks(
+        target.nodes, [&target](const GestureNode &node) { return moveLocks(node, target.frame); });
     return target;
 }
 

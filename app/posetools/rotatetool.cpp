@@ -55,7 +55,8 @@ GizmoTarget RotateTool::targetOf(const QVector<VxNode *> &selected, VxNode *prim
     const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
     GizmoTarget target{isCommon ? SceneEdits::topmost(scene(), selected) : selected,
                        primary,
-                       {primary->getWorldTransform(time).column(3).toVector3D(), axesFor(primary)},
+                       {primary->getWorldTransform(time).column(3).toVector3D(),
+                        ringAxes(primary, settings()->orientation())},
                        {}};
     if (isCommon) {
         QVector3D sum;

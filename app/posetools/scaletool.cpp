@@ -29,12 +29,9 @@ QString ScaleTool::title() const
 
 GizmoTarget ScaleTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
 {
-    const VxTime time = scene()->getTime();
-    const QMatrix4x4 world = primary->getWorldTransform(time);
-    GizmoTarget target{selected,
-                       primary,
-                       {world.column(3).toVector3D(), Spaces::axesOf(Spaces::rotationOf(world))},
-                       {}};
+    const QVector3D origin = primary->getWorldTransform(scene()->getTime()).column(3).toVector3D();
+    GizmoTarget target{
+        selected, primary, {origin, arrowAxes(primary, PoseToolSettings::Orientation::Local)}, {}};
     target.locks = commonLocks(selected, [](const GestureNode &node) {
         GizmoLocks locks{};
         for (int axis = 0; axis < 3; ++axis)

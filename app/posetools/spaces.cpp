@@ -32,6 +32,23 @@ VxVector columnOf(const QMatrix4x4 &transform, int column)
             double(transform(2, column))};
 }
 
+double determinantOf(const QMatrix4x4 &transform)
+{
+    return dotProduct(columnOf(transform, 0),
+                      crossed(columnOf(transform, 1), columnOf(transform, 2)));
+}
+
+/** The determinant of perpendicular axes of the same lengths. */
+double largestDeterminant(const QMatrix4x4 &transform)
+{
+    double product = 1;
+    for (int column = 0; column < 3; ++column) {
+        const VxVector axis = columnOf(transform, column);
+        product *= std::sqrt(dotProduct(axis, axis));
+    }
+    return product;
+}
+
 /** Y without its part along X; any perpendicular axis where nothing remains. */
 VxVector secondAxis(const VxVector &x, const std::optional<VxVector> &y)
 {
@@ -47,10 +64,16 @@ VxVector secondAxis(const VxVector &x, const std::optional<VxVector> &y)
 
 } // namespace
 
+bool Spaces::isMirrored(const QMatrix4x4 &transform)
+{
+    return determinantOf(transform) < -NoExtent * largestDeterminant(transform);
+}
+
 VxRotation Spaces::rotationOf(const QMatrix4x4 &transform)
 {
-    const VxVector x = direction(columnOf(transform, 0)).value_or(VxVector{1, 0, 0});
-    const VxVector y = secondAxis(x, direction(columnOf(transform, 1)));
+    const QMatrix4x4 upright = isMirrored(transform) ? transform * -1 : transform;
+    const VxVector x = direction(columnOf(upright, 0)).value_or(VxVector{1, 0, 0});
+    const VxVector y = secondAxis(x, direction(columnOf(upright, 1)));
     const VxVector z = crossed(x, y);
     VxRotation rotation{};
     for (std::size_t row = 0; row < 3; ++row)
@@ -92,10 +115,9 @@ std::optional<VxVector> Spaces::unmapped(const QMatrix4x4 &transform, const VxVe
     const VxVector x = columnOf(transform, 0);
     const VxVector y = columnOf(transform, 1);
     const VxVector z = columnOf(transform, 2);
-    const double determinant = dotProduct(x, crossed(y, z));
-    const double size =
-        std::sqrt(dotProduct(x, x)) * std::sqrt(dotProduct(y, y)) * std::sqrt(dotProduct(z, z));
-    if (!(std::abs(determinant) > NoExtent * size) || !std::isfinite(determinant))
+    const double determinant = determinantOf(transform);
+    if (!(std::abs(determinant) > NoExtent * largestDeterminant(transform)) ||
+        !std::isfinite(determinant))
         return std::nullopt;
     return VxVector{dotProduct(given, crossed(y, z)) / determinant,
                     dotProduct(given, crossed(z, x)) / determinant,

@@ -10,9 +10,14 @@
 /// Conversions between the spaces of nodes.
 namespace Spaces {
 
+/// True for a transform that makes left hands of right ones. False when it cannot be inverted.
+bool isMirrored(const QMatrix4x4 &transform);
 /// The rotation of a transform: its axes made perpendicular, X first. Axes of zero length or along
-/// another one are replaced, so that the result is always a rotation; a mirrored Z axis is
-/// inverted.
+/// another one are replaced, so that the result is always a rotation.
+///
+/// All axes of a mirrored transform are inverted: a point reflection commutes with every rotation,
+/// so that a rotation about an axis of the result is a rotation by the same angle about that axis
+/// in the transform's own space. Directions to move in are the opposite ones.
 VxRotation rotationOf(const QMatrix4x4 &transform);
 /// The columns of a rotation.
 std::array<QVector3D, 3> axesOf(const VxRotation &rotation);

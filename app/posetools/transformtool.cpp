@@ -57,14 +57,29 @@ std::optional<GizmoTarget> TransformTool::target() const
     return target;
 }
 
-std::array<QVector3D, 3> TransformTool::axesFor(const VxNode *node) const
+std::array<QVector3D, 3> TransformTool::ringAxes(VxNode *node,
+                                                 PoseToolSettings::Orientation orientation) const
 {
-    const VxNode *space = node;
-    if (m_settings->orientation() == PoseToolSettings::Orientation::Parent)
-        space = node->getNodeParent();
-    if (m_settings->orientation() == PoseToolSettings::Orientation::World || !space)
+    if (orientation == PoseToolSettings::Orientation::World)
         return Spaces::axesOf(Spaces::rotationOf(QMatrix4x4()));
-    return Spaces::axesOf(Spaces::rotationOf(space->getWorldTransform(m_scene->getTime())));
+    const GestureNode each(node, m_scene->getTime(), false);
+    const VxRotation parent = Spaces::rotationOf(each.parentMatrix());
+    return Spaces::axesOf(orientation == PoseToolSettings::Orientation::Parent
+                              ? parent
+                              : parent * vxRotation(anglesOf(each.start()), each.order()));
+}
+
+std::array<QVector3D, 3> TransformTool::arrowAxes(VxNode *node,
+                                                  PoseToolSettings::Orientation orientation) const
+{
+    std::array<QVector3D, 3> axes = ringAxes(node, orientation);
+    const VxNode *parent = node->getNodeParent();
+    if (orientation != PoseToolSettings::Orientation::World && parent &&
+        Spaces::isMirrored(parent->getWorldTransform(m_scene->getTime()))) {
+        for (QVector3D &axis : axes)
+            axis = -axis;
+    }
+    return axes;
 }
 
 GizmoLocks

@@ -84,8 +84,12 @@ protected:
     /// The parts that none of the nodes allows. locksOf: those of one node.
     GizmoLocks commonLocks(const QVector<VxNode *> &nodes,
                            const std::function<GizmoLocks(const GestureNode &)> &locksOf) const;
-    /// The axes of a node in the settings' orientation.
-    std::array<QVector3D, 3> axesFor(const VxNode *node) const;
+    /// The axes of a node in an orientation: those of rings, which rotate counterclockwise seen
+    /// from their tips, and those of arrows. They differ below a mirrored parent.
+    std::array<QVector3D, 3> ringAxes(VxNode *node,
+                                      PoseToolSettings::Orientation orientation) const;
+    std::array<QVector3D, 3> arrowAxes(VxNode *node,
+                                       PoseToolSettings::Orientation orientation) const;
 
 private:
     void update(Qt::KeyboardModifiers modifiers);

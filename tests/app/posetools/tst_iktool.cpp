@@ -13,6 +13,8 @@ private Q_SLOTS:
     void theJointReachesItsTarget_data();
     void theJointReachesItsTarget();
     void skewedLimbsReachTheirTargets();
+    void mirroredLimbs_data();
+    void mirroredLimbs();
     void theMouseHoldsTheJoint();
     void anElbowBendsAsItsLimitsAllow();
     void outOfReach();
@@ -85,6 +87,47 @@ void tst_IkTool::skewedLimbsReachTheirTargets()
     node("Hips")->getXScaleControl()->setKey(0, 1.2f, 0);
     angle("LeftShin", 0)->setKey(0, 30, 0);
     checkReach("LeftFoot", place(node("LeftFoot")) + QVector3D(0, 8, 6));
+}
+
+void tst_IkTool::mirroredLimbs_data()
+{
+    QTest::addColumn<QString>("mirrored");
+    QTest::addColumn<int>("axes"); // bits
+    for (const char *name : {"Figure", "Hips", "LeftThigh", "LeftShin", "LeftFoot"}) {
+        for (int axes = 1; axes < 8; ++axes)
+            QTest::addRow("%s, axes %d%d%d", name, axes & 1, axes >> 1 & 1, axes >> 2)
+                << name << axes;
+    }
+}
+
+// The angles of a limb at its target stay, whatever scales are negative, and so does the joint's
+// rotation while the limb is bent.
+void tst_IkTool::mirroredLimbs()
+{
+    QFETCH(QString, mirrored);
+    QFETCH(int, axes);
+    VxFloatProperty *scales[] = {node(mirrored)->getXScaleControl(),
+                                 node(mirrored)->getYScaleControl(),
+                                 node(mirrored)->getZScaleControl()};
+    for (int axis = 0; axis < 3; ++axis) {
+        if (axes & 1 << axis)
+            scales[axis]->setKey(0, -1, 0);
+    }
+    angle("Hips", 1)->setKey(0, 25, 0);
+    angle("LeftThigh", 2)->setKey(0, 10, 0);
+    angle("LeftShin", 0)->setKey(0, 40, 0);
+    angle("LeftFoot", 1)->setKey(0, 15, 0);
+    history()->clear();
+    const QByteArray before = sceneBytes();
+    const QVector3D start = place(node("LeftFoot"));
+    const QMatrix4x4 rotated = node("LeftFoot")->getWorldTransform(0);
+    checkReach("LeftFoot", start);
+    QVERIFY(sceneBytes() == before);
+    QCOMPARE(history()->count(), 0);
+    checkReach("LeftFoot", start + QVector3D(2, 1.5f, -1));
+    const QMatrix4x4 after = node("LeftFoot")->getWorldTransform(0);
+    for (int column = 0; column < 3; ++column)
+        QVERIFY((after.column(column) - rotated.column(column)).length() < 1e-3f);
 }
 
 void tst_IkTool::theMouseHoldsTheJoint()

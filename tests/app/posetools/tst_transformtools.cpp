@@ -1,3 +1,4 @@
+#include "pose/nodechannels.h"
 #include "testing/vxtestmain.h"
 #include "toolstestbase.h"
 
@@ -35,6 +36,10 @@ private Q_SLOTS:
     void severalNodesAboutTheirOwnOrigins();
     void severalNodesAboutACommonPivot();
     void worldAxes();
+    void mirroredNodesRotateAsTheRingShows_data();
+    void mirroredNodesRotateAsTheRingShows();
+    void mirroredParentsMoveAsTheArrowShows_data();
+    void mirroredParentsMoveAsTheArrowShows();
     void aMoveIsExact();
     void aMoveSnapsToTheGrid();
     void aChildOfAMovedNodeMovesOnce();
@@ -363,6 +368,94 @@ void tst_TransformTools::worldAxes()
         QVERIFY((expected.mapVector(before.column(column).toVector3D()) -
                  after.column(column).toVector3D())
                     .length() < 1e-4f);
+}
+
+void tst_TransformTools::mirroredNodesRotateAsTheRingShows_data()
+{
+    QTest::addColumn<QString>("mirrored");
+    QTest::addColumn<int>("axis");
+    for (const char *name : {"Figure", "Hips", "Spine"}) {
+        for (int axis = 0; axis < 3; ++axis)
+            QTest::addRow("%s, %c", name, 'X' + axis) << name << axis;
+    }
+}
+
+// The node follows the mouse about the axis of the ring, though one scale is negative; the ring of
+// the channel that is applied first, or last to the parent's axes, adds to that channel.
+void tst_TransformTools::mirroredNodesRotateAsTheRingShows()
+{
+    using Orientation = PoseToolSettings::Orientation;
+    QFETCH(QString, mirrored);
+    QFETCH(int, axis);
+    VxFloatProperty *scales[] = {node(mirrored)->getXScaleControl(),
+                                 node(mirrored)->getYScaleControl(),
+                                 node(mirrored)->getZScaleControl()};
+    scales[axis]->setKey(0, -1, 0);
+    angle("Hips", 0)->setKey(0, 20, 0);
+    angle("Spine", 2)->setKey(0, 5, 0);
+    ViewportCamera camera = startCamera();
+    const QVector3D at = place(node("Spine")); // below the ground when Y is inverted
+    camera.frame({at - QVector3D(60, 60, 60), at + QVector3D(60, 60, 60)});
+    view()->setCamera(camera);
+    const std::array<int, 3> &applied = vxRotationAxes(orderOf(node("Spine")));
+    for (const auto orientation : {Orientation::Local, Orientation::Parent, Orientation::World}) {
+        tools()->settings()->setOrientation(orientation);
+        use(PoseTools::Rotate, {"Spine"});
+        const int own = orientation == Orientation::Local    ? applied[2]
+                        : orientation == Orientation::Parent ? applied[0]
+                                                             : -1;
+        for (int i = 0; i < 3; ++i) {
+            const auto part = GizmoPart(int(GizmoPart::X) + i);
+            const QVector3D about = tool()->target()->frame.axisOf(part);
+            const QMatrix4x4 before = node("Spine")->getWorldTransform(0);
+            const float channel = angle("Spine", i)->getValue();
+            typeAmount(part, "4");
+            QMatrix4x4 expected;
+            expected.rotate(4, about);
+            const QMatrix4x4 after = node("Spine")->getWorldTransform(0);
+            for (int column = 0; column < 3; ++column)
+                QVERIFY((expected.mapVector(before.column(column).toVector3D()) -
+                         after.column(column).toVector3D())
+                            .length() < 1e-4f);
+            if (i == own)
+                QVERIFY(std::abs(angle("Spine", i)->getValue() - channel - 4) < 1e-3f);
+        }
+    }
+}
+
+void tst_TransformTools::mirroredParentsMoveAsTheArrowShows_data()
+{
+    QTest::addColumn<int>("axes"); // bits
+    for (int axes = 0; axes < 8; ++axes)
+        QTest::addRow("axes %d%d%d", axes & 1, axes >> 1 & 1, axes >> 2) << axes;
+}
+
+void tst_TransformTools::mirroredParentsMoveAsTheArrowShows()
+{
+    QFETCH(int, axes);
+    VxFloatProperty *scales[] = {node("Hips")->getXScaleControl(), node("Hips")->getYScaleControl(),
+                                 node("Hips")->getZScaleControl()};
+    for (int axis = 0; axis < 3; ++axis) {
+        if (axes & 1 << axis)
+            scales[axis]->setKey(0, -1, 0);
+    }
+    for (const auto orientation :
+         {PoseToolSettings::Orientation::Parent, PoseToolSettings::Orientation::Local}) {
+        tools()->settings()->setOrientation(orientation);
+        use(PoseTools::Move, {"Chest"});
+        VxFloatProperty *places[] = {node("Chest")->getXPosControl(),
+                                     node("Chest")->getYPosControl(),
+                                     node("Chest")->getZPosControl()};
+        for (int axis = 0; axis < 3; ++axis) {
+            const QVector3D before = place(node("Chest"));
+            const float channel = places[axis]->getValue();
+            const auto part = GizmoPart(int(GizmoPart::X) + axis);
+            const QVector3D arrow = tool()->target()->frame.axisOf(part);
+            typeAmount(part, "3");
+            QVERIFY((place(node("Chest")) - before - arrow * 3).length() < 1e-4f);
+            QVERIFY(std::abs(places[axis]->getValue() - channel - 3) < 1e-4f);
+        }
+    }
 }
 
 void tst_TransformTools::aMoveIsExact()
