@@ -109,6 +109,9 @@ const QVector<Section> &mouseSections()
           {QT_TRANSLATE_NOOP("KeyOverview", "Drag a marker, or an end of a span"),
            QT_TRANSLATE_NOOP("KeyOverview", "moves it; it snaps to the playhead, other markers and "
                                             "frames. Ctrl: freely")},
+          {QT_TRANSLATE_NOOP("KeyOverview", "Click in the marker list"),
+           QT_TRANSLATE_NOOP("KeyOverview", "sets the current time to the marker; a double click "
+                                            "edits a cell")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Left, Right, F2, Del in the strip"),
            QT_TRANSLATE_NOOP("KeyOverview", "select, rename and delete a marker")},
           {QT_TRANSLATE_NOOP("KeyOverview", "Right click"),

@@ -33,6 +33,7 @@ constexpr Place Places[] = {
     {"VxKeyToolsPane", Qt::RightDockWidgetArea, 260, "VxParametersPane"},
     {"VxKeyTablePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
     {"VxMarkersPane", Qt::BottomDockWidgetArea, 0, nullptr},
+    {"VxMarkerListPane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
     {"VxTimePane", Qt::BottomDockWidgetArea, BottomExtent, nullptr},
     {"VxConsolePane", Qt::BottomDockWidgetArea, BottomExtent, "VxTimePane"},
 };

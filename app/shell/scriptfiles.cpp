@@ -1,6 +1,7 @@
 #include "shell/scriptfiles.h"
 
 #include "document/documentcontroller.h"
+#include "markers/markerfiles.h"
 #include "widgets/studiotext.h"
 
 #include <QJsonDocument>
@@ -8,6 +9,7 @@
 #include <QScriptEngine>
 #include <QScriptValue>
 #include <QScriptValueIterator>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscriptengine.h>
 
@@ -135,6 +137,30 @@ QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
     return true;
 }
 
+QScriptValue importMarkers(QScriptContext *context, QScriptEngine *)
+{
+    const QString file = context->argument(0).toString();
+    if (!context->argument(0).isString() || file.isEmpty())
+        return fail(context, "Scene.markers.importFile()",
+                    StudioText::tr("argument 1 must be the name of a file"));
+    VxFileError error;
+    const QString done = MarkerFiles::importFile(vxScene, file, &error);
+    return error.isSet() ? fail(context, "Scene.markers.importFile()", error.text())
+                         : QScriptValue(done);
+}
+
+QScriptValue exportMarkers(QScriptContext *context, QScriptEngine *)
+{
+    const QString file = context->argument(0).toString();
+    if (!context->argument(0).isString() || file.isEmpty())
+        return fail(context, "Scene.markers.exportFile()",
+                    StudioText::tr("argument 1 must be the name of a file"));
+    VxFileError error;
+    if (!MarkerFiles::exportFile(vxScene, file, &error))
+        return fail(context, "Scene.markers.exportFile()", error.text());
+    return true;
+}
+
 void add(QScriptEngine *engine, const char *object, const char *name,
          QScriptEngine::FunctionSignature function, DocumentController *document)
 {
@@ -152,4 +178,7 @@ void addFileFunctions(VxScriptEngine *engine, DocumentController *document)
     add(engine->engine(), "App", "open", open, document);
     add(engine->engine(), "Scene", "importFile", importFile, document);
     add(engine->engine(), "Scene", "exportFile", exportFile, document);
+    QScriptValue markers = engine->engine()->defaultPrototype(qMetaTypeId<VxMarkers *>());
+    markers.setProperty(QStringLiteral("importFile"), engine->engine()->newFunction(importMarkers));
+    markers.setProperty(QStringLiteral("exportFile"), engine->engine()->newFunction(exportMarkers));
 }

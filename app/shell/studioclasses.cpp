@@ -4,6 +4,7 @@
 #include "create/vxbonechainaction.h"
 #include "create/vxcreateactions.h"
 #include "markers/vxmarkeractions.h"
+#include "markers/vxmarkerlistpane.h"
 #include "markers/vxmarkerspane.h"
 #include "pose/vxposeactions.h"
 #include "posetools/vxposetoolactions.h"
@@ -83,11 +84,12 @@ QVector<VxClassFactory *> createFactories()
 QVector<VxClassFactory *> markerFactories()
 {
     static PaneFactory<VxMarkersPane> strip("59F4B5B2-68CB-4A35-A2FA-4E0C7DCE2B0E");
+    static PaneFactory<VxMarkerListPane> list("7C6B8F0E-93D3-4B1F-8E57-1D3B62A5C9F4");
     static VxScriptableFactoryOf<VxAddMarkerAction> add("C53D93A2-7AC0-4B77-9A83-6F5BC0D5F1E1");
     static VxScriptableFactoryOf<VxPreviousMarkerAction> previous(
         "0A3A2E5B-4C0D-4E57-8C84-9C2B6B0D7B13");
     static VxScriptableFactoryOf<VxNextMarkerAction> next("E7B0B9D4-2F5B-4D62-9E2B-0D9C9E5F7A55");
-    return {&strip, &add, &previous, &next};
+    return {&strip, &list, &add, &previous, &next};
 }
 
 QVector<VxClassFactory *> cameraFactories()

@@ -100,6 +100,15 @@ void StudioMenus::buildFileMenu()
               tr("Shows what was found in the motion file that was read last.")},
              &StudioMenus::importReportRequested);
     menu->addSeparator();
+    addEntry(menu,
+             {"StudioImportMarkers", tr("Import Mar&kers..."),
+              tr("Adds the markers of a CSV file to the scene.")},
+             &StudioMenus::importMarkersRequested);
+    addEntry(menu,
+             {"StudioExportMarkers", tr("E&xport Markers..."),
+              tr("Saves the markers of the scene to a CSV file.")},
+             &StudioMenus::exportMarkersRequested);
+    menu->addSeparator();
     menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(
         menu, {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence("Ctrl+Q")},

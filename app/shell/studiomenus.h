@@ -49,6 +49,8 @@ Q_SIGNALS:
     void importRequested();
     void exportRequested();
     void importReportRequested();
+    void importMarkersRequested();
+    void exportMarkersRequested();
     void recoverRequested();
     void quitRequested();
     void defaultLayoutRequested();

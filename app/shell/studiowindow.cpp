@@ -6,6 +6,7 @@
 #include "document/motioncommands.h"
 #include "document/recentfiles.h"
 #include "document/savefiledialog.h"
+#include "markers/markerfiles.h"
 #include "posetools/autokeymark.h"
 #include "posetools/posetoolbar.h"
 #include "posetools/posetools.h"
@@ -115,6 +116,8 @@ void StudioWindow::connectMenus()
     connect(m_menus, &StudioMenus::importReportRequested, m_motion, &MotionCommands::showReport);
     connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
             &RecoveryController::offerOnDemand);
+    connect(m_menus, &StudioMenus::importMarkersRequested, this, &StudioWindow::importMarkers);
+    connect(m_menus, &StudioMenus::exportMarkersRequested, this, &StudioWindow::exportMarkers);
     connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
     connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
         applyDefaultLayout();
@@ -260,6 +263,35 @@ void StudioWindow::importMotion()
 void StudioWindow::exportMotion()
 {
     m_motion->exportWithDialog(startFolder());
+}
+
+void StudioWindow::importMarkers()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Import Markers"), startFolder(),
+                                                      tr("Tables of markers (*.csv)"));
+    if (file.isEmpty())
+        return;
+    VxFileError error;
+    const QString done = MarkerFiles::importFile(vxApp->getScene(), file, &error);
+    if (error.isSet())
+        m_messages->showError(error.text());
+    else
+        m_messages->showStatus(done);
+}
+
+void StudioWindow::exportMarkers()
+{
+    SaveFileDialog dialog(tr("Export Markers"), m_messages, this);
+    dialog.setStart(startFolder(), tr("Markers"));
+    dialog.setKind(QStringLiteral("csv"), {tr("Tables of markers (*.csv)")});
+    const QString file = dialog.ask();
+    if (file.isEmpty())
+        return;
+    VxFileError error;
+    if (MarkerFiles::exportFile(vxApp->getScene(), file, &error))
+        m_messages->showStatus(tr("The markers have been saved."));
+    else
+        m_messages->showError(error.text());
 }
 
 void StudioWindow::editShortcuts()

@@ -63,6 +63,9 @@ public Q_SLOTS:
     void importMotion();
     /// Asks for a file and writes the motion of a figure.
     void exportMotion();
+    /// Asks for a CSV file and adds its markers to the scene, or writes the scene's markers to it.
+    void importMarkers();
+    void exportMarkers();
     /// Lets the user change the shortcuts of the actions.
     void editShortcuts();
     /// Shows the page about keys and mouse, not modal.

@@ -1,6 +1,7 @@
 #include "io/csv/vxcsvexport.h"
 
 #include "io/csv/vxcsvnames.h"
+#include "io/csv/vxcsvrows.h"
 #include "io/motion/vxframetimes.h"
 #include "io/motion/vxkeptrate.h"
 #include "io/vxfileerror.h"
@@ -23,18 +24,6 @@ namespace {
 constexpr int CsvPieceBytes = 1 << 16;
 /// Larger files are impractical: several GB of text.
 constexpr qint64 MaxCsvValues = 200 * 1000 * 1000;
-
-QByteArray cell(const QString &text)
-{
-    QByteArray bytes = text.toUtf8();
-    const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
-    // Blanks at the ends of a cell count only within quotation marks.
-    const bool isTrimmed = text == text.trimmed();
-    if (isTrimmed && std::none_of(bytes.begin(), bytes.end(), isSpecial))
-        return bytes;
-    bytes.replace('"', "\"\"");
-    return '"' + bytes + '"';
-}
 
 /// One node of the file, as cells.
 struct Row
@@ -117,7 +106,7 @@ void Table::addNode(const VxNode *node, VxTime step)
     const bool isFigure = qobject_cast<const VxSkeleton *>(node) != nullptr;
     const bool isBone = qobject_cast<const VxBone *>(node) != nullptr;
     Row row;
-    row.name = cell(VxCsvNames::escaped(name, m_names.next(name)));
+    row.name = vxCsvCell(VxCsvNames::escaped(name, m_names.next(name)));
     const auto parent = m_rowOf.constFind(node->getNodeParent());
     const bool isTop = parent == m_rowOf.constEnd();
     if (!isTop)
@@ -144,7 +133,7 @@ void Table::addNode(const VxNode *node, VxTime step)
 void Table::add(const QString &property, const VxFloatProperty *control, float constant,
                 float usual)
 {
-    const Column column{m_rows.size() - 1, cell(property), control, constant};
+    const Column column{m_rows.size() - 1, vxCsvCell(property), control, constant};
     if (column.isAnimated() || column.at(0) != usual)
         m_columns.push_back(column);
 }
@@ -183,8 +172,8 @@ void Table::addMorphs(const VxNode *node)
             continue;
         const QString name = morph->getLabel();
         m_columns.push_back({m_rows.size() - 1,
-                             cell(QLatin1String(VxCsvNames::MorphPrefix) +
-                                  VxCsvNames::escaped(name, names.next(name))),
+                             vxCsvCell(QLatin1String(VxCsvNames::MorphPrefix) +
+                                       VxCsvNames::escaped(name, names.next(name))),
                              morph->getValueControl()});
     }
 }
@@ -201,8 +190,8 @@ void Table::addFurther(const VxNode *node)
         const QString name = number->getName();
         m_columns.push_back(
             {m_rows.size() - 1,
-             cell(QLatin1String(VxCsvNames::PropertyPrefix) +
-                  VxCsvNames::escapedInGroup(number->getPath(), name, names.next(name))),
+             vxCsvCell(QLatin1String(VxCsvNames::PropertyPrefix) +
+                       VxCsvNames::escapedInGroup(number->getPath(), name, names.next(name))),
              number});
     }
 }

@@ -45,6 +45,18 @@ qint64 linesIn(std::string_view text)
 
 } // namespace
 
+QByteArray vxCsvCell(const QString &text)
+{
+    QByteArray bytes = text.toUtf8();
+    const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
+    // Blanks at the ends of a cell count only within quotation marks.
+    const bool isTrimmed = text == text.trimmed();
+    if (isTrimmed && std::none_of(bytes.begin(), bytes.end(), isSpecial))
+        return bytes;
+    bytes.replace('"', "\"\"");
+    return '"' + bytes + '"';
+}
+
 VxCsvRows::VxCsvRows(const QByteArray &bytes)
     : m_begin(bytes.constData())
     , m_at(m_begin)

@@ -9,6 +9,9 @@
 #include <string_view>
 #include <vector>
 
+/// A text as a cell, within quotation marks where RFC 4180 or VxCsvRows requires it.
+QByteArray vxCsvCell(const QString &text);
+
 /// Splits the text of a CSV file into rows of cells by RFC 4180: cells are separated by commas, a
 /// cell in quotation marks may contain commas, line ends and doubled quotation marks. Rows end with
 /// LF, CR LF or CR; empty rows are skipped. The text is UTF-8, with or without a byte order mark.
