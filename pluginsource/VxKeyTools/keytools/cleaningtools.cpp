@@ -1,5 +1,7 @@
 #include "keytools/keytool.h"
 
+#include "keytools/keyreduction.h"
+#include "keytools/keysteps.h"
 #include "keytools/keytooltext.h"
 #include "keytools/rotationtracks.h"
 
@@ -15,16 +17,7 @@ VxKeyInterp::Type keyType(int choice)
     return static_cast<VxKeyInterp::Type>(choice);
 }
 
-// More samples than this in one span of keys indicate a mistyped time: steps get longer.
-constexpr qint64 MaxSamples = 100000;
-
-/// The step between samples, at least a tick, that keeps their number within bounds.
-qint64 boundedStep(qint64 step, VxTime first, VxTime last)
-{
-    return std::max({step, qint64(1), (qint64(last) - first) / MaxSamples});
-}
-
-VxTime boundedStep(const VxFloatProperty &property, const VxKeySpan &span)
+VxTime sampleStep(const VxFloatProperty &property, const VxKeySpan &span)
 {
     return VxTime(boundedStep(vxScene->getTimeStep(), property.getKeyTime(span.first),
                               property.getKeyTime(span.last - 1)));
@@ -112,104 +105,21 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
     return run.finish(KeyToolText::tr("Remove Spikes"));
 }
 
-/// The samples that measure a span of keys: its keys and, unless all segments are linear, every
-/// frame.
-struct Samples
-{
-    Samples(const VxFloatProperty &property, const VxKeySpan &span)
-    {
-        const VxKeyColumns<float> keys = columnsOf(property, span);
-        const bool isLinear =
-            !keys.types || std::all_of(keys.types, keys.types + keys.count,
-                                       [](quint8 type) { return type == VxKeyInterp::Linear; });
-        times.assign(keys.times, keys.times + keys.count);
-        if (!isLinear)
-            addFrames(VxTimeRange(times.front(), times.back()));
-        values.resize(times.size());
-        property.getValues(times.data(), int(times.size()), values.data());
-    }
-
-    std::vector<VxTime> times;
-    std::vector<float> values;
-
-private:
-    void addFrames(const VxTimeRange &range)
-    {
-        const qint64 step = boundedStep(vxScene->getTimeStep(), range.getStart(), range.getEnd());
-        for (qint64 t = range.getStart() + step; t < range.getEnd(); t += step)
-            times.push_back(VxTime(t));
-        std::sort(times.begin(), times.end());
-        times.erase(std::unique(times.begin(), times.end()), times.end());
-    }
-};
-
-void reduceRotation(KeyToolRun *run, const RotationTracks &rotation, VxKeyInterp::Type type,
-                    double error)
-{
-    std::array<std::vector<VxFittedKeys>, 3> results;
-    const KeyTargets &targets = run->targets();
-    const auto property = [&](std::size_t axis) {
-        return static_cast<VxFloatProperty *>(targets.tracks[rotation.tracks[axis]].property);
-    };
-    for (std::size_t i = 0; i < targets.tracks[rotation.tracks[0]].spans.size(); ++i) {
-        std::array<VxKeyColumns<float>, 3> keys;
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            keys[axis] = columnsOf(*property(axis), targets.tracks[rotation.tracks[axis]].spans[i]);
-        const VxRotationSamples samples = {keys[0].times,
-                                           {keys[0].values, keys[1].values, keys[2].values},
-                                           keys[0].count,
-                                           rotation.order};
-        auto reduced = vxReduceRotation(samples, type, error);
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            results[axis].push_back(std::move(reduced[axis]));
-    }
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        std::size_t next = 0;
-        run->replace(
-            rotation.tracks[axis],
-            [&](const VxFloatProperty &, const VxKeySpan &) -> std::optional<VxFittedKeys> {
-                return std::move(results[axis][next++]);
-            });
-    }
-}
-
-bool isLinear(const KeyTargets &targets, const RotationTracks &rotation)
-{
-    return std::all_of(rotation.tracks.begin(), rotation.tracks.end(), [&](std::size_t track) {
-        const KeyTarget &target = targets.tracks[track];
-        const auto indexes = target.indexes();
-        return std::all_of(indexes.begin(), indexes.end(), [&target](int i) {
-            return target.property->getKeyInterpolationType(i) == VxKeyInterp::Linear;
-        });
-    });
-}
-
+/// A percentage of the keys is reached by the least error that does it.
 KeyToolResult reduce(const KeyToolArguments &arguments)
 {
-    KeyToolRun run;
-    const double error = arguments.amount("error");
-    const VxKeyInterp::Type type =
-        arguments.choice("type") == 0 ? VxKeyInterp::Linear : VxKeyInterp::Tcb;
-    std::vector<std::size_t> others;
-    int incomplete = 0;
-    for (const RotationTracks &rotation :
-         RotationTracks::find(run.targets(), &others, &incomplete)) {
-        if (isLinear(run.targets(), rotation))
-            reduceRotation(&run, rotation, type, error);
-        else
-            others.insert(others.end(), rotation.tracks.begin(), rotation.tracks.end());
-    }
-    for (const std::size_t track : others) {
-        run.replace(track,
-                    [&](const VxFloatProperty &property,
-                        const VxKeySpan &span) -> std::optional<VxFittedKeys> {
-                        if (property.isLinked())
-                            return std::nullopt;
-                        const Samples samples(property, span);
-                        return vxReduceKeys(samples.times.data(), samples.values.data(),
-                                            int(samples.times.size()), type, error);
-                    });
-    }
+    const int scope = arguments.choice("scope");
+    KeyToolRun run(scope == 0   ? KeyTargets::current()
+                   : scope == 1 ? KeyTargets::figures()
+                                : KeyTargets::scene());
+    const VxTypedInput error = arguments.input("error");
+    KeyReduction reduction(run.targets(),
+                           arguments.choice("type") == 0 ? VxKeyInterp::Linear : VxKeyInterp::Tcb);
+    if (error.kind == VxTypedInput::Factor)
+        reduction.planForCount(error.amount * run.targets().numKeys());
+    else
+        reduction.plan(error.amount);
+    reduction.apply(&run);
     return run.finish(KeyToolText::tr("Reduce Keys"), true);
 }
 
@@ -267,7 +177,7 @@ KeyToolResult convert(const KeyToolArguments &arguments)
     const VxKeyInterp::Type type = keyType(arguments.choice("type"));
     run.replace([&](const VxFloatProperty &property, const VxKeySpan &span) {
         return std::optional<VxFittedKeys>(vxConvertKeys(columnsOf(property, span), type,
-                                                         boundedStep(property, span),
+                                                         sampleStep(property, span),
                                                          arguments.amount("error")));
     });
     return run.finish(KeyToolText::tr("Convert Keys"), true);
@@ -307,10 +217,22 @@ QVector<KeyTool> cleaningTools()
          &removeSpikes},
         {"reduce",
          KeyToolText::tr("Reduce Keys"),
-         KeyToolText::tr(
-             "Removes keys as long as the curve stays within the error. The three angles of a "
-             "rotation are reduced together."),
-         {error, {"type", KeyToolText::tr("To"), P::Choice, types[0], {types[0], types[2]}}},
+         KeyToolText::tr("Removes keys as long as the curve stays within the error, or until a "
+                         "percentage of them "
+                         "is left. The three angles of a rotation are reduced together."),
+         {{"error",
+           KeyToolText::tr("Error (unit or degrees), or percent of keys"),
+           P::Change,
+           "0.1",
+           {},
+           0},
+          {"type", KeyToolText::tr("To"), P::Choice, types[0], {types[0], types[2]}},
+          {"scope",
+           KeyToolText::tr("Keys"),
+           P::Choice,
+           KeyToolText::tr("Selected"),
+           {KeyToolText::tr("Selected"), KeyToolText::tr("Figure"),
+            KeyToolText::tr("All of the scene")}}},
          &reduce},
         {"removeFlat",
          KeyToolText::tr("Remove Flat Keys"),

@@ -9,6 +9,7 @@
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxskeleton.h>
 
 namespace {
 
@@ -125,6 +126,26 @@ KeyTargets KeyTargets::candidates()
         collector.add(entry.holder, {{0, entry.holder->getNumKeys()}});
     if (vxScene)
         collector.addNodes(vxScene->getSelectedNodes(), VxTimeRange::all());
+    return targets;
+}
+
+KeyTargets KeyTargets::figures()
+{
+    KeyTargets targets;
+    if (!vxScene)
+        return targets;
+    QVector<VxNode *> nodes;
+    QSet<const VxNode *> roots;
+    for (VxNode *node : vxScene->getSelectedNodes()) {
+        while (!qobject_cast<VxSkeleton *>(node) && node->getNodeParent())
+            node = node->getNodeParent();
+        if (roots.contains(node))
+            continue;
+        roots.insert(node);
+        nodes.append(node);
+        node->getNodeChildren(nodes, true);
+    }
+    TargetCollector(&targets).addNodes(nodes, vxScene->getPlayRange());
     return targets;
 }
 

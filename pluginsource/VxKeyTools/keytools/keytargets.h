@@ -33,6 +33,9 @@ struct KeyTargets
     /// without selected keys too: the candidates of selection tools.
     static KeyTargets candidates();
 
+    /// The keys of the figures of the selected nodes, in the play range: of a skeleton, or else the
+    /// topmost node, and everything below it.
+    static KeyTargets figures();
     /// All keys of the scene.
     static KeyTargets scene();
 

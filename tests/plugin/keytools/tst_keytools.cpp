@@ -73,6 +73,7 @@ private Q_SLOTS:
     void smoothingRemovesJitter();
     void spikesAreRemoved();
     void rotationsAreReducedTogether();
+    void aFigureIsReducedToAPercentage();
     void conversionKeepsTheCurve();
     void pinnedFootStays();
 
@@ -118,6 +119,8 @@ void tst_KeyTools::drawings_data()
     row("bake", "A . C . E", "bake({step: '1'})", "A B C D E");
     row("reduce", "A B C D C B", "reduce({error: 0.1})", "A . . D . B");
     row("reduce what is selected", "a b C D E f", "reduce({error: 0.1})", "a b C . E f");
+    row("reduce to a percentage", "A C E G I H G F E D", "reduce({error: '30%'})",
+        "A . . . I . . . . D");
     row("select frames", "A b c d", "selectFrames({start: '1', end: '2'})", "a B C d");
     row("select before the playhead", "A b c d e", "selectBefore()", "A B C d e");
     row("select after the playhead", "A b c d e", "selectAfter()", "a b c d E");
@@ -216,7 +219,7 @@ void tst_KeyTools::refusals_data()
         << "KeyTools.setValues: Set Values: \"nan\" cannot be used for Value";
     QTest::newRow("too small") << "reduce({error: -1})"
                                << "KeyTools.reduce: Reduce Keys: \"-1\" cannot be used for Error "
-                                  "(unit or degrees)";
+                                  "(unit or degrees), or percent of keys";
     QTest::newRow("not among the choices")
         << "convert({type: 'Bezier'})"
         << "KeyTools.convert: Convert Keys: \"Bezier\" cannot be used for To";
@@ -420,6 +423,37 @@ void tst_KeyTools::rotationsAreReducedTogether()
     const QString after = stage.run("var r = KeyTools.reduce({error: 0.5}); r.after + ' ' + "
                                     "(r.error <= 0.5) + ' ' + r.keys");
     QCOMPARE(after, QString("6 true 123"));
+}
+
+/// All channels share the keys that are left; the error is the largest of all.
+void tst_KeyTools::aFigureIsReducedToAPercentage()
+{
+    KeyToolStage stage;
+    const Leg leg;
+    vxScene->setPlayRange({0, 60 * KeyToolStage::Frame});
+    leg.foot->select();
+    stage.run("KeyTools.bake({step: '1'})");
+    const auto keys = [&leg] {
+        return leg.hip->getZPosControl()->getNumKeys() + leg.hip->getXRotControl()->getNumKeys() +
+               leg.knee->getXRotControl()->getNumKeys() + leg.foot->getYRotControl()->getNumKeys();
+    };
+    const int before = keys();
+    const QString result =
+        stage.run("var r = KeyTools.reduce({error: '50%', type: 'TCB', scope: 'Figure'}); "
+                  "r.keys + ' ' + r.after + ' ' + (r.error > 0) + ' ' + r.message");
+    const QStringList parts = result.split(' ');
+    QCOMPARE(parts[0].toInt(), before);
+    QCOMPARE(parts[1].toInt(), keys());
+    QVERIFY2(keys() <= before / 2 && keys() > before / 3, qPrintable(result));
+    QVERIFY2(result.contains("largest error"), qPrintable(result));
+    // A greater share has a lesser error.
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(keys(), before);
+    QVERIFY(stage.run("KeyTools.reduce({error: '80%', type: 'TCB', scope: 'Figure'}).error")
+                .toDouble() < stage.run("r.error").toDouble());
+    // Fewer than the ends of each channel are not possible.
+    stage.run("KeyTools.reduce({error: '0%', type: 'TCB', scope: 'Figure'})");
+    QVERIFY(leg.hip->getZPosControl()->getNumKeys() >= 2);
 }
 
 void tst_KeyTools::conversionKeepsTheCurve()
