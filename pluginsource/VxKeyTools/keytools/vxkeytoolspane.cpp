@@ -3,6 +3,7 @@
 #include "keytools/keytoolpreview.h"
 
 #include <QtCore/QTimer>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
@@ -154,8 +155,13 @@ void VxKeyToolsPane::setTool(const QString &name)
     if (!tool)
         return;
     d->tools->setCurrentIndex(int(tool - KeyTool::all().constData()));
-    if (!tool->parameters.isEmpty())
-        d->fields.value(tool->parameters.first().name)->setFocus();
+    if (tool->parameters.isEmpty())
+        return;
+    QWidget *first = d->fields.value(tool->parameters.first().name);
+    first->setFocus();
+    // What is typed replaces the former text.
+    if (auto *line = qobject_cast<QLineEdit *>(first))
+        line->selectAll();
 }
 
 bool VxKeyToolsPane::setField(const QString &parameter, const QString &text)
@@ -189,7 +195,6 @@ void VxKeyToolsPane::showTool()
             field = choice;
         } else {
             auto *line = new QLineEdit(text);
-            connect(line, &QLineEdit::returnPressed, this, &VxKeyToolsPane::apply);
             connect(line, &QLineEdit::textEdited, this, [this, line] { preview(line); });
             field = line;
         }
@@ -219,6 +224,15 @@ void VxKeyToolsPane::preview(QWidget *field)
 {
     if (d->tool().changesKeys)
         d->result->setText(d->preview.show(d->tool(), typedArguments(), field).message);
+}
+
+// No field uses Return, neither texts nor choices.
+void VxKeyToolsPane::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        apply();
+    else
+        VxPane::keyPressEvent(event);
 }
 
 bool VxKeyToolsPane::apply()

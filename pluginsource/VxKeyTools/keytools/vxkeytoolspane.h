@@ -24,13 +24,16 @@ public:
     void saveSettings(VxSettings *settings) const override;
 
 public Q_SLOTS:
-    /// Chooses a tool by its name and puts the cursor into its first field; other names are
+    /// Chooses a tool by its name and selects the text of its first field; other names are
     /// ignored.
     void setTool(const QString &name);
     /// Sets a field's text as if typed. False when the tool has no such parameter.
     bool setField(const QString &parameter, const QString &text);
     /// Runs the tool with the fields' values. False when it changed nothing.
     bool apply();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void showTool();

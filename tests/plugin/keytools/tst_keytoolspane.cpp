@@ -16,6 +16,7 @@ class tst_KeyToolsPane : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void paneRunsTheTypedParameters();
+    void returnInAChoiceApplies();
     void typingShowsAPreview();
     void previewEnds_data();
     void previewEnds();
@@ -48,6 +49,23 @@ void tst_KeyToolsPane::paneRunsTheTypedParameters()
     QTRY_COMPARE(
         pane.findChild<QLabel *>("targets")->text(),
         QString("Works on 0 keys of the selected nodes in the play range, on 0 channels."));
+}
+
+void tst_KeyToolsPane::returnInAChoiceApplies()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.show();
+    stage.draw("A B . . c");
+    vxApp->getUndoStack()->clear();
+    pane.setTool("move");
+    QTest::keyClicks(pane.findChild<QLineEdit *>("move.by"), "1"); // replaces the default
+    auto *ripple = pane.findChild<QComboBox *>("move.ripple");
+    QTest::keyClicks(ripple, "Later");
+    QCOMPARE(stage.drawing(6), QString(". A B . . c"));
+    QTest::keyClick(ripple, Qt::Key_Return);
+    QCOMPARE(stage.drawing(6), QString(". A B . . c"));
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
 }
 
 // Each preview starts from the keys before the first one; Return makes a single undo entry.

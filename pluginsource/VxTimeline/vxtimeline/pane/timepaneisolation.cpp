@@ -28,7 +28,12 @@ void TimePaneIsolation::showCurves()
         sheet->ensureNodeVisible(node);
         rows.merge(sheet->openKeyedProperties(node), QItemSelectionModel::Select);
     }
-    if (!rows.isEmpty())
-        sheet->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect |
-                                                  QItemSelectionModel::Rows);
+    if (rows.isEmpty())
+        return;
+    sheet->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect |
+                                              QItemSelectionModel::Rows);
+    // As many of the selected rows as there is room for, from the first one on.
+    const QModelIndexList listed = rows.indexes();
+    sheet->scrollTo(listed.last());
+    sheet->scrollTo(listed.first());
 }
