@@ -2,6 +2,7 @@
 #include "pose/inbetween.h"
 #include "posetestbase.h"
 #include "scenetree/sceneedits.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include <random>
@@ -95,13 +96,14 @@ void tst_PosesRandom::refer()
 
 void tst_PosesRandom::runCommand()
 {
-    static const char *const names[] = {
-        "VxCreateNodeAction",        "VxCreateBoneAction",     "VxDuplicateNodesAction",
-        "VxGroupNodesAction",        "VxCopyPoseAction",       "VxPastePoseAction",
-        "VxPastePoseMirroredAction", "VxMirrorPoseAction",     "VxResetPoseAction",
-        "VxSelectMirrorAction",      "VxSelectChildrenAction", "VxSelectParentsAction",
-        "VxHoldPoseAction",          "VxMatchEndsAction",      "VxSetRestPoseAction",
-        "VxPinInIkAction"};
+    static const char *const names[] = {"VxCreateNodeAction",        "VxCreateBoneAction",
+                                        "VxDuplicateNodesAction",    "VxGroupNodesAction",
+                                        "VxCopyPoseAction",          "VxPastePoseAction",
+                                        "VxPastePoseMirroredAction", "VxMirrorPoseAction",
+                                        "VxResetPoseAction",         "VxSelectMirrorAction",
+                                        "VxSelectChildrenAction",    "VxSelectParentsAction",
+                                        "VxHoldPoseAction",          "VxMatchEndsAction",
+                                        "VxSetRestPoseAction",       "VxPinInIkAction"};
     const int count = int(sizeof names / sizeof *names);
     const int which = below(count + 6);
     if (which < count) {
@@ -166,7 +168,7 @@ void tst_PosesRandom::historyHolds()
         vxScene->setAnimating(true);
         return sceneBytes();
     };
-    for (int round = 0; round < Steps / 20; ++round) {
+    for (int round = 0; round < vxSessionLength(Steps / 20); ++round) {
         vxScene->setPlayRange({0, 1600});
         vxScene->setAnimRange({0, 9600});
         history()->clear();

@@ -1,4 +1,5 @@
 #include "gesturesession.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -23,9 +24,10 @@ void tst_GesturesRandom::historyHolds()
     QFETCH(uint, seed);
     VxWarningGuard guard;
     GestureSession session(seed);
-    const QString fault = session.run(100);
+    const QString fault = session.run(vxSessionLength(100));
     QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    QVERIFY2(session.entries() > 20, qPrintable(QString::number(session.entries())));
+    QVERIFY2(session.entries() > vxSessionLength(20),
+             qPrintable(QString::number(session.entries())));
 }
 
 VX_TEST_MAIN(tst_GesturesRandom)

@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include <algorithm>
@@ -53,7 +54,7 @@ int dragCount()
 {
     bool isNumber = false;
     const int count = qEnvironmentVariableIntValue("VX_RANDOM_DRAGS", &isNumber);
-    return isNumber ? count : TestCount;
+    return isNumber ? count : vxSessionLength(TestCount);
 }
 
 } // namespace

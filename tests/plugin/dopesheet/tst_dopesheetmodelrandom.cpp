@@ -1,4 +1,5 @@
 #include "dopesheetrowstestbase.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include <QtTest/QAbstractItemModelTester>
@@ -554,7 +555,7 @@ void TestDopeSheetModelRandom::sessions()
 {
     QFETCH(quint32, seed);
     m_random.seed(seed);
-    for (int i = 0; i < 250 && !QTest::currentTestFailed(); ++i) {
+    for (int i = 0; i < vxSessionLength(250) && !QTest::currentTestFailed(); ++i) {
         step();
         settle();
         const VxDopeSheetItem *root = m_model->getRootItem();

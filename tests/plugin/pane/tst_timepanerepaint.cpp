@@ -1,3 +1,4 @@
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -288,7 +289,7 @@ void TestTimePaneRepaint::randomSteps()
     QFETCH(bool, light);
     const int count = qEnvironmentVariableIsSet("VX_REPAINT_STEPS")
                           ? qEnvironmentVariableIntValue("VX_REPAINT_STEPS")
-                          : 80;
+                          : vxSessionLength(80);
     m_random.seed(quint32(seed));
     vxApp->getStyle()->setColorScheme(light ? VxStyle::ColorScheme::Light
                                             : VxStyle::ColorScheme::Dark);

@@ -2,6 +2,7 @@
 // of the history as it was, and the rows say what the keys are.
 
 #include "parameterspanetestbase.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include <QClipboard>
@@ -282,7 +283,7 @@ void TestParametersSession::sessions()
             state = state.key() >= stack->index() ? m_states.erase(state) : std::next(state);
     });
     int entries = 0;
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < vxSessionLength(150); ++i) {
         doSomething();
         entries = qMax(entries, stack->count());
         checkHistory();
@@ -291,7 +292,7 @@ void TestParametersSession::sessions()
         if (QTest::currentTestFailed())
             QFAIL(qPrintable(QStringLiteral("step %1: %2").arg(i).arg(m_last)));
     }
-    QVERIFY2(entries > 20, qPrintable(QString::number(entries)));
+    QVERIFY2(entries > vxSessionLength(20), qPrintable(QString::number(entries)));
     disconnect(ended);
     const QString end = dump();
     const int last = stack->index();
