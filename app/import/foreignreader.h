@@ -6,7 +6,7 @@
 #include "io/vxfileprogress.h"
 
 /// Reads a motion file of a foreign format, by the suffix of its name. Runs in the importer
-/// process; VxImportWorker has the list of the formats. On failure returns false with one sentence
+/// process; vxMotionFormats() lists the formats. On failure returns false with one sentence
 /// in `error`, which must not be null.
 bool readForeignMotion(const QString &fileName, const VxFileProgress &progress,
                        VxImportedMotion *motion, VxFileError *error);
