@@ -27,10 +27,10 @@ VxFileFormat format(const char *name, const QStringList &suffixes)
 QVector<VxFileFormat> vxMotionFormats()
 {
     return {
-        format(QT_TRANSLATE_NOOP("VxFileFormats", "BVH motion"), {QStringLiteral("bvh")}),
-        format(QT_TRANSLATE_NOOP("VxFileFormats", "glTF"),
+        format(QT_TRANSLATE_NOOP("VxFileText", "BVH motion"), {QStringLiteral("bvh")}),
+        format(QT_TRANSLATE_NOOP("VxFileText", "glTF"),
                {QStringLiteral("glb"), QStringLiteral("gltf")}),
-        format(QT_TRANSLATE_NOOP("VxFileFormats", "FBX"), {QStringLiteral("fbx")}),
-        format(QT_TRANSLATE_NOOP("VxFileFormats", "COLLADA"), {QStringLiteral("dae")}),
-        format(QT_TRANSLATE_NOOP("VxFileFormats", "CSV table of motion"), {QStringLiteral("csv")})};
+        format(QT_TRANSLATE_NOOP("VxFileText", "FBX"), {QStringLiteral("fbx")}),
+        format(QT_TRANSLATE_NOOP("VxFileText", "COLLADA"), {QStringLiteral("dae")}),
+        format(QT_TRANSLATE_NOOP("VxFileText", "CSV table of motion"), {QStringLiteral("csv")})};
 }

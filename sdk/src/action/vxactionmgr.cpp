@@ -101,8 +101,8 @@ VxActionMgr::VxActionMgr(QObject *parent)
     : QObject(parent)
     , d(new Private)
 {
-    new KeyRepeatFilter(this);
     new FocusKeyFilter(this);
+    new KeyRepeatFilter(this); // the last one installed sees an event first
 }
 
 VxActionMgr::~VxActionMgr()

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void timelyOnesFollow();
     void pressesAlwaysCount();
     void anotherHoldStartsAgain();
+    void theNearestOfTwoActionsIsNotRepeatedLate();
     void textFieldsGetAll();
     void keysReachTheAction();
 
@@ -53,6 +54,7 @@ private:
     std::unique_ptr<VxActionMgr> m_actions;
     StepAction *m_action = nullptr;
     std::unique_ptr<QWidget> m_window;
+    bool m_isAmbiguous = false;
 };
 
 void TestKeyRepeatFilter::init()
@@ -86,7 +88,7 @@ void TestKeyRepeatFilter::key(ulong time, bool isRepeat, QObject *focus)
         QCoreApplication::sendEvent(receiver, &press);
         return;
     }
-    QShortcutEvent shortcut(m_action->shortcut(), 0);
+    QShortcutEvent shortcut(m_action->shortcut(), 0, m_isAmbiguous);
     QCoreApplication::sendEvent(m_action, &shortcut);
 }
 
@@ -125,6 +127,29 @@ void TestKeyRepeatFilter::pressesAlwaysCount()
     key(5100, false);
     key(5200, false);
     QCOMPARE(m_action->steps, 4);
+}
+
+// A shortcut of two commands runs the one that is nearest to the focus.
+void TestKeyRepeatFilter::theNearestOfTwoActionsIsNotRepeatedLate()
+{
+    QAction near;
+    near.setShortcut(m_action->shortcut());
+    near.setShortcutContext(Qt::WidgetShortcut);
+    QSignalSpy runs(&near, &QAction::triggered);
+    m_window->addAction(&near);
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_window->setFocus();
+    m_isAmbiguous = true;
+    key(5000, false);
+    key(9000, true);
+    QCOMPARE(runs.count(), 2);
+    for (ulong time = 5500; time < 8900; time += 33)
+        key(time, true);
+    QCOMPARE(runs.count(), 2);
+    QCOMPARE(m_action->steps, 0);
+    m_isAmbiguous = false;
 }
 
 // The window system's clock may have begun anew.
