@@ -74,13 +74,11 @@ void measure(Table &table, Sheet &sheet, const Case &each, double loop)
     stack->clear();
 }
 
-// The pane with all keys as rows, from its creation to its picture.
-void measureTable(Table &table, Sheet &sheet, double loop)
+// The pane with all selected keys as rows, from its creation to its picture.
+void measureTable(Table &table, const char *name, int rows, double loop)
 {
-    const char *name = "key table opened";
     if (!table.wants(name))
         return;
-    sheet.selectAll();
     std::unique_ptr<VxKeyTablePane> pane;
     table.measure(
         name, loop, 250, [&pane] { pane.reset(); },
@@ -91,7 +89,7 @@ void measureTable(Table &table, Sheet &sheet, double loop)
             QCoreApplication::processEvents();
             pane->repaint();
         });
-    check(pane->findChild<QTableView *>()->model()->rowCount() == Keys, "rows are missing");
+    check(pane->findChild<QTableView *>()->model()->rowCount() == rows, "rows are missing");
 }
 
 // A step of a live preview on 1,530 channels with 300 keys each: the keys are restored and edited
@@ -147,6 +145,12 @@ int main(int argc, char **argv)
              Case{"convert", {{"type", 2}, {"error", 0.5}}, 0},
          })
         measure(table, sheet, each, loops.copies);
-    measureTable(table, sheet, loops.copies);
+    sheet.selectAll();
+    measureTable(table, "key table opened", Keys, loops.copies);
+    KeyTool::find(QStringLiteral("selectEvery"))->runWith({{"n", 2}});
+    table.measure(
+        "every second key listed", loops.copies, 60, [] {},
+        [] { check(!VxKeySelection::current()->entries().empty(), "no entries"); });
+    measureTable(table, "key table opened, every second", Keys / 2, loops.copies);
     return 0;
 }

@@ -111,7 +111,7 @@ public:
             bool isSelected = false;
             for (const VxKeySpan &span : spans)
                 isSelected = isSelected || (span.first <= i && i < span.last);
-            const QChar mark(ushort(property->getKeyValue(i)));
+            const QChar mark(ushort(std::lround(property->getKeyValue(i))));
             const VxTime time = property->getKeyTime(i);
             const QString text = isSelected ? QString(mark.toUpper()) : QString(mark);
             if (time % Frame == 0 && time >= 0 && time < frames * Frame)

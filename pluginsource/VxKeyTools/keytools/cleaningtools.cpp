@@ -220,12 +220,7 @@ QVector<KeyTool> cleaningTools()
          KeyToolText::tr("Removes keys as long as the curve stays within the error, or until a "
                          "percentage of them "
                          "is left. The three angles of a rotation are reduced together."),
-         {{"error",
-           KeyToolText::tr("Error (unit or degrees), or percent of keys"),
-           P::Change,
-           "0.1",
-           {},
-           0},
+         {{"error", KeyToolText::tr("Error, or percentage of keys"), P::Change, "0.1", {}, 0},
           {"type", KeyToolText::tr("To"), P::Choice, types[0], {types[0], types[2]}},
           {"scope",
            KeyToolText::tr("Keys"),

@@ -89,8 +89,7 @@ void KeyPaste::paste(const VxCopiedKeys &keys, VxProperty *property)
     if (m_holders.contains(holder))
         return;
     m_holders.insert(holder);
-    const bool isDriven = !holder || !holder->canBeKeyed() || holder->isLocked() ||
-                          (holder->isLinked() && !holder->isLinkTerminal());
+    const bool isDriven = !holder || !holder->canBeKeyed() || KeyTargets::isReadOnly(*holder);
     if (isDriven || !makeRoom(holder) || !write(keys, holder))
         ++m_skipped;
 }

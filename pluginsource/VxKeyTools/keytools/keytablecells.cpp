@@ -178,9 +178,15 @@ QString KeyTableCells::title(Column column)
     return KeyToolText::tr(titles[int(column)]);
 }
 
+bool KeyTableCells::isReadOnly(const KeyTableRows &rows, int row)
+{
+    const VxNumericProperty *property = rows.property(rows.at(row).track);
+    return !property || KeyTargets::isReadOnly(*property);
+}
+
 bool KeyTableCells::isEditable(const KeyTableRows &rows, int row, Column column)
 {
-    if (column == Column::Node || column == Column::Property)
+    if (column == Column::Node || column == Column::Property || isReadOnly(rows, row))
         return false;
     if (column == Column::Time || column == Column::Value)
         return true;
@@ -255,6 +261,9 @@ KeyToolResult KeyTableCells::paste(const KeyTableRows &rows, int firstRow, Colum
                                     KeyToolText::tr("\"%1\" is not \"%2\"").arg(typed, name));
                 continue;
             }
+            if (isReadOnly(rows, row))
+                return unusable(place(row, column) +
+                                KeyToolText::tr("the property is locked or linked"));
             if (isShape(column) && typed.isEmpty())
                 continue;
             const VxTypedInput input = readCell(column, typed);

@@ -17,7 +17,9 @@ QString valueText(const VxNumericProperty &property, int index);
 QString text(const KeyTableRows &rows, int row, KeyTableColumn column,
              const VxTimeDisplay &display);
 QString title(KeyTableColumn column);
-/// False for names, and for parts that the key does not have.
+/// True for keys of locked and linked properties, which are listed all the same.
+bool isReadOnly(const KeyTableRows &rows, int row);
+/// False for names and read-only keys, and for parts that the key does not have.
 bool isEditable(const KeyTableRows &rows, int row, KeyTableColumn column);
 
 /// Sets a column of rows as if `typed` was entered in each: a value, or a change of the present one

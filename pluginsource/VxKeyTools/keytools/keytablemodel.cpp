@@ -1,5 +1,7 @@
 #include "keytools/keytablemodel.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPalette>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 
@@ -27,8 +29,11 @@ template <class Change> void KeyTableModel::change(const Change &change)
 
 void KeyTableModel::refresh()
 {
+    KeyTargets targets = KeyTargets::listed();
+    if (!isStale() && targets == m_rows.targets() && m_rows.areNamesCurrent())
+        return;
     m_revision = VxProperty::latestKeyRevision();
-    change([](KeyTableRows *rows) { rows->setTargets(KeyTargets::current()); });
+    change([&targets](KeyTableRows *rows) { rows->setTargets(std::move(targets)); });
 }
 
 bool KeyTableModel::isStale() const
@@ -76,6 +81,8 @@ QVariant KeyTableModel::data(const QModelIndex &index, int role) const
     const auto column = KeyTableColumn(index.column());
     if (role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole)
         return KeyTableCells::text(m_rows, index.row(), column, timeDisplay());
+    if (role == Qt::ForegroundRole && KeyTableCells::isReadOnly(m_rows, index.row()))
+        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     if (role == Qt::TextAlignmentRole && index.column() >= int(KeyTableColumn::Time) &&
         column != KeyTableColumn::Type)
         return int(Qt::AlignRight | Qt::AlignVCenter);

@@ -7,29 +7,44 @@
 
 void KeyTableRows::setTargets(KeyTargets targets)
 {
-    m_targets = std::move(targets);
-    m_properties.clear();
-    m_names.clear();
-    m_starts.clear();
-    for (const KeyTarget &track : m_targets.tracks) {
-        const VxNode *node = VxPropertyHelper::getNode(track.property);
-        m_properties.emplace_back(track.property);
-        m_names.push_back({node ? node->getLabel() : QString(), track.property->getLabel()});
-        std::vector<int> starts;
-        starts.reserve(track.spans.size());
+    auto listing = std::make_shared<Listing>();
+    listing->targets = std::move(targets);
+    for (const KeyTarget &track : listing->targets.tracks) {
+        listing->properties.emplace_back(track.property);
+        listing->names.push_back(namesOf(*track.property));
+        std::vector<int> starts(track.spans.size());
         int position = 0;
-        for (const VxKeySpan &span : track.spans) {
-            starts.push_back(position);
-            position += span.last - span.first;
+        for (std::size_t i = 0; i < starts.size(); ++i) {
+            starts[i] = position;
+            position += track.spans[i].last - track.spans[i].first;
         }
-        m_starts.push_back(std::move(starts));
+        listing->starts.push_back(std::move(starts));
     }
+    m_listing = std::move(listing);
     rebuild();
+}
+
+KeyTableRows::Names KeyTableRows::namesOf(const VxNumericProperty &property)
+{
+    const VxNode *node = VxPropertyHelper::getNode(&property);
+    return {node ? node->getLabel() : QString(), property.getLabel()};
+}
+
+bool KeyTableRows::areNamesCurrent() const
+{
+    for (std::size_t track = 0; track < m_listing->names.size(); ++track) {
+        const VxNumericProperty *property = m_listing->properties[track];
+        const Names &names = m_listing->names[track];
+        const Names present = property ? namesOf(*property) : Names();
+        if (present.node != names.node || present.property != names.property)
+            return false;
+    }
+    return true;
 }
 
 bool KeyTableRows::areAlive() const
 {
-    return std::none_of(m_properties.begin(), m_properties.end(),
+    return std::none_of(m_listing->properties.begin(), m_listing->properties.end(),
                         [](const auto &property) { return property.isNull(); });
 }
 
@@ -64,10 +79,10 @@ KeyTableRows::Key KeyTableRows::unsorted(int row) const
     const auto shown = std::size_t(after - m_firstRows.begin() - 1);
     const auto track = std::size_t(m_shown[shown]);
     const int position = row - m_firstRows[shown];
-    const std::vector<int> &starts = m_starts[track];
+    const std::vector<int> &starts = m_listing->starts[track];
     const auto span =
         std::size_t(std::upper_bound(starts.begin(), starts.end(), position) - starts.begin() - 1);
-    const int index = m_targets.tracks[track].spans[span].first + position - starts[span];
+    const int index = m_listing->targets.tracks[track].spans[span].first + position - starts[span];
     return {int(track), position, index};
 }
 
@@ -77,14 +92,14 @@ void KeyTableRows::rebuild()
     m_firstRows.clear();
     m_order.clear();
     m_count = 0;
-    for (std::size_t track = 0; track < m_names.size(); ++track) {
-        const Names &names = m_names[track];
+    for (std::size_t track = 0; track < m_listing->names.size(); ++track) {
+        const Names &names = m_listing->names[track];
         if (!m_filter.isEmpty() && !names.node.contains(m_filter, Qt::CaseInsensitive) &&
             !names.property.contains(m_filter, Qt::CaseInsensitive))
             continue;
         m_shown.push_back(int(track));
         m_firstRows.push_back(m_count);
-        m_count += m_targets.tracks[track].numKeys();
+        m_count += m_listing->targets.tracks[track].numKeys();
     }
     if (!m_isSorted || !areAlive())
         return;

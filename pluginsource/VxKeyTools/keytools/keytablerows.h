@@ -4,6 +4,7 @@
 #include "keytools/keytargets.h"
 
 #include <QtCore/QPointer>
+#include <memory>
 #include <vxcore/vxnumericproperty.h>
 
 /// The columns of the key table.
@@ -33,16 +34,24 @@ public:
     /// The order of the tracks, which is that of the views.
     void unsort();
 
-    const KeyTargets &targets() const { return m_targets; }
+    const KeyTargets &targets() const { return m_listing->targets; }
     int count() const { return m_count; }
     /// `row` from 0 to below count().
     Key at(int row) const;
     /// Null when it was destroyed.
-    VxNumericProperty *property(int track) const { return m_properties[std::size_t(track)]; }
+    VxNumericProperty *property(int track) const
+    {
+        return m_listing->properties[std::size_t(track)];
+    }
     /// False when a property was destroyed.
     bool areAlive() const;
-    const QString &nodeName(int track) const { return m_names[std::size_t(track)].node; }
-    const QString &propertyName(int track) const { return m_names[std::size_t(track)].property; }
+    /// False when a node or property has another name than it had in setTargets().
+    bool areNamesCurrent() const;
+    const QString &nodeName(int track) const { return m_listing->names[std::size_t(track)].node; }
+    const QString &propertyName(int track) const
+    {
+        return m_listing->names[std::size_t(track)].property;
+    }
 
 private:
     struct Names
@@ -50,18 +59,24 @@ private:
         QString node;
         QString property;
     };
+    /// What does not depend on filter and order; shared by copies.
+    struct Listing
+    {
+        KeyTargets targets;
+        std::vector<QPointer<VxNumericProperty>> properties; // by track
+        std::vector<Names> names;                            // by track
+        std::vector<std::vector<int>> starts; // by track: the position of each span's first key
+    };
 
+    static Names namesOf(const VxNumericProperty &property);
     void rebuild();
     Key unsorted(int row) const;
     template <class T, class Read> void sortBy(const Read &read);
 
-    KeyTargets m_targets;
-    std::vector<QPointer<VxNumericProperty>> m_properties; // by track
-    std::vector<Names> m_names;                            // by track
-    std::vector<std::vector<int>> m_starts; // by track: the position of each span's first key
-    std::vector<int> m_shown;               // the tracks that the filter accepts
-    std::vector<int> m_firstRows;           // of each shown track, before sorting
-    std::vector<qint32> m_order;            // by row; empty when not sorted
+    std::shared_ptr<const Listing> m_listing = std::make_shared<Listing>();
+    std::vector<int> m_shown;     // the tracks that the filter accepts
+    std::vector<int> m_firstRows; // of each shown track, before sorting
+    std::vector<qint32> m_order;  // by row; empty when not sorted
     QString m_filter;
     bool m_isSorted = false;
     KeyTableColumn m_column = KeyTableColumn::Time;

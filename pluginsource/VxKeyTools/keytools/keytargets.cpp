@@ -17,8 +17,9 @@ namespace {
 class TargetCollector
 {
 public:
-    explicit TargetCollector(KeyTargets *targets)
+    explicit TargetCollector(KeyTargets *targets, bool includesReadOnly = false)
         : m_targets(targets)
+        , m_includesReadOnly(includesReadOnly)
     {
     }
 
@@ -28,9 +29,10 @@ public:
         if (!numeric || spans.empty() || m_collected.contains(property))
             return;
         m_collected.insert(property);
-        if (numeric->isLocked() || (numeric->isLinked() && !numeric->isLinkTerminal())) {
-            ++m_targets->skipped;
-            return;
+        if (KeyTargets::isReadOnly(*numeric)) {
+            ++(m_includesReadOnly ? m_targets->readOnly : m_targets->skipped);
+            if (!m_includesReadOnly)
+                return;
         }
         m_targets->tracks.push_back({numeric, std::move(spans)});
     }
@@ -63,6 +65,7 @@ private:
     }
 
     KeyTargets *m_targets;
+    bool m_includesReadOnly;
     QSet<const VxProperty *> m_collected;
 };
 
@@ -70,6 +73,20 @@ VxKeySelectionEntries selectedKeys()
 {
     const VxKeySelection *selection = VxKeySelection::current();
     return selection ? selection->entries() : VxKeySelectionEntries();
+}
+
+/// The selected keys or, without any, those of the selected nodes in the play range.
+KeyTargets collected(bool includesReadOnly)
+{
+    KeyTargets targets;
+    TargetCollector collector(&targets, includesReadOnly);
+    for (const VxKeySelectionEntry &entry : selectedKeys()) {
+        targets.isSelection = true;
+        collector.add(entry.holder, entry.spans);
+    }
+    if (!targets.isSelection && vxScene)
+        collector.addNodes(vxScene->getSelectedNodes(), vxScene->getPlayRange());
+    return targets;
 }
 
 } // namespace
@@ -107,15 +124,27 @@ int KeyTarget::numKeys() const
 
 KeyTargets KeyTargets::current()
 {
-    KeyTargets targets;
-    TargetCollector collector(&targets);
-    for (const VxKeySelectionEntry &entry : selectedKeys()) {
-        targets.isSelection = true;
-        collector.add(entry.holder, entry.spans);
-    }
-    if (!targets.isSelection && vxScene)
-        collector.addNodes(vxScene->getSelectedNodes(), vxScene->getPlayRange());
-    return targets;
+    return collected(false);
+}
+
+KeyTargets KeyTargets::listed()
+{
+    return collected(true);
+}
+
+bool KeyTargets::isReadOnly(const VxNumericProperty &holder)
+{
+    return holder.isLocked() || (holder.isLinked() && !holder.isLinkTerminal());
+}
+
+bool operator==(const KeyTargets &a, const KeyTargets &b)
+{
+    const auto isSame = [](const KeyTarget &left, const KeyTarget &right) {
+        return left.property == right.property && left.withLaterKeys == right.withLaterKeys &&
+               left.spans == right.spans;
+    };
+    return a.isSelection == b.isSelection && a.skipped == b.skipped && a.readOnly == b.readOnly &&
+           std::equal(a.tracks.begin(), a.tracks.end(), b.tracks.begin(), b.tracks.end(), isSame);
 }
 
 KeyTargets KeyTargets::candidates()
@@ -188,6 +217,8 @@ QString KeyTargets::description() const
             .arg(keys == 1 ? KeyToolText::tr("key") : KeyToolText::tr("keys"))
             .arg(channels)
             .arg(channels == 1 ? KeyToolText::tr("channel") : KeyToolText::tr("channels"));
+    if (readOnly > 0)
+        result += KeyToolText::tr(" (%1 locked or linked, read-only)").arg(readOnly);
     if (skipped > 0)
         result += KeyToolText::tr(" (%1 locked or linked skipped)").arg(skipped);
     return result;

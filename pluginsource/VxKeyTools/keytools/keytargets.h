@@ -29,6 +29,10 @@ struct KeyTarget
 struct KeyTargets
 {
     static KeyTargets current();
+    /// As current(), with the keys of properties that refuse changes, too.
+    static KeyTargets listed();
+    /// True for a key holder whose keys cannot be changed: it is locked or has an open link.
+    static bool isReadOnly(const VxNumericProperty &holder);
     /// All keys of the properties in current(), and, if nodes are selected, of their properties
     /// without selected keys too: the candidates of selection tools.
     static KeyTargets candidates();
@@ -42,13 +46,15 @@ struct KeyTargets
     int numKeys() const;
     /// From the first to the last key; from 0 to 0 without keys.
     VxTimeRange range() const;
+    friend bool operator==(const KeyTargets &a, const KeyTargets &b);
     bool isEmpty() const { return tracks.empty(); }
     /// Such as "12 selected keys of 3 channels", for the status line.
     QString description() const;
 
     std::vector<KeyTarget> tracks; ///< each key holder once, none without keys
     bool isSelection = false;
-    int skipped = 0; ///< properties that refuse changes
+    int skipped = 0;  ///< properties that refuse changes, left out
+    int readOnly = 0; ///< properties that refuse changes, included
 };
 
 #endif

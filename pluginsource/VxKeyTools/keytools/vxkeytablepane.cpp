@@ -169,7 +169,7 @@ VxKeyTablePane::VxKeyTablePane()
     if (vxScene) {
         connect(vxScene, &VxScene::nodeSelectionListChanged, this, changed);
         connect(vxScene, &VxScene::playRangeChanged, this, changed);
-        connect(vxScene, &VxScene::timeStepChanged, this, changed);
+        connect(vxScene, &VxScene::timeStepChanged, &d->model, &KeyTableModel::updateTimes);
         connect(VxSceneTimeDisplay::of(vxScene), &VxSceneTimeDisplay::changed, &d->model,
                 &KeyTableModel::updateTimes);
     }

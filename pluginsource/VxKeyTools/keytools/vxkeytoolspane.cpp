@@ -4,6 +4,7 @@
 
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QResizeEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
 #include <QtWidgets/QLabel>
@@ -11,9 +12,34 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QVBoxLayout>
+#include <algorithm>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxsettings.h>
+
+namespace {
+
+/// Contents of a scroll area that are as high as their wrapped texts need at the present width: in
+/// a low pane they scroll instead of being squeezed.
+class WrappedContents : public QWidget
+{
+public:
+    QSize minimumSizeHint() const override
+    {
+        const QSize least = QWidget::minimumSizeHint();
+        return {least.width(), std::max(least.height(), layout()->totalHeightForWidth(width()))};
+    }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QWidget::resizeEvent(event);
+        if (event->size().width() != event->oldSize().width())
+            updateGeometry();
+    }
+};
+
+} // namespace
 
 class VxKeyToolsPane::Private
 {
@@ -71,7 +97,7 @@ VxKeyToolsPane::VxKeyToolsPane()
     auto *outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(area);
-    auto *contents = new QWidget;
+    auto *contents = new WrappedContents;
     auto *layout = new QVBoxLayout(contents);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(d->tools);
@@ -183,6 +209,8 @@ void VxKeyToolsPane::showTool()
     qDeleteAll(d->form->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
     auto *layout = new QFormLayout(d->form);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
+    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const KeyToolParameter &parameter : d->tool().parameters) {
         const QString text = d->typed.value(d->settingName(parameter), parameter.defaultText);
         QWidget *field = nullptr;

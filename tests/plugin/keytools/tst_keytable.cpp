@@ -34,6 +34,8 @@ private Q_SLOTS:
     void randomEdits();
     void typingInThePane();
     void destroyedPropertiesAreEmptyRows();
+    void lockedRowsAreReadOnly();
+    void onlyChangesAreListedAgain();
 };
 
 namespace {
@@ -374,6 +376,67 @@ void tst_KeyTable::destroyedPropertiesAreEmptyRows()
     model.sort(int(Column::Value), Qt::AscendingOrder);
     model.refresh();
     QCOMPARE(model.rowCount(), 0);
+}
+
+/// They are listed, and no edit or paste reaches them.
+void tst_KeyTable::lockedRowsAreReadOnly()
+{
+    KeyToolStage stage;
+    VxFloatProperty *locked = stage.node->getYPosControl();
+    stage.draw("A B");
+    stage.draw(locked, "C D");
+    locked->setLocked(true);
+    KeyTableModel model;
+    model.refresh();
+    QCOMPARE(model.rowCount(), 4);
+    const int value = int(Column::Value);
+    QVERIFY(model.flags(model.index(0, value)) & Qt::ItemIsEditable);
+    QVERIFY(!(model.flags(model.index(2, value)) & Qt::ItemIsEditable));
+    QVERIFY(model.index(0, value).data(Qt::ForegroundRole).isNull());
+    QVERIFY(!model.index(2, value).data(Qt::ForegroundRole).isNull());
+    QVERIFY2(model.rows().targets().description().contains("1 locked or linked, read-only"),
+             qPrintable(model.rows().targets().description()));
+    // Of several rows the others are set.
+    KeyTableCells::setColumn(model.rows(), allOf(model.rows()), Column::Value, "+2");
+    QCOMPARE(stage.drawing(2), QString("C D"));
+    QCOMPARE(stage.drawing(locked, 2), QString("C D"));
+    const KeyToolResult result =
+        KeyTableCells::paste(model.rows(), 1, Column::Value, "97\n97\n97\n");
+    QVERIFY(!result.done);
+    QCOMPARE(result.message, QString("Row 3, Value: the property is locked or linked"));
+    QCOMPARE(stage.drawing(2), QString("C D"));
+    // Locked while it is listed.
+    stage.channel->setLocked(true);
+    QVERIFY(!(model.flags(model.index(0, value)) & Qt::ItemIsEditable));
+    KeyTableCells::setColumn(model.rows(), {0}, Column::Value, "+2");
+    QCOMPARE(stage.drawing(2), QString("C D"));
+}
+
+void tst_KeyTable::onlyChangesAreListedAgain()
+{
+    KeyToolStage stage;
+    stage.draw("A B C");
+    KeyTableModel model;
+    model.refresh();
+    model.sort(int(Column::Value), Qt::DescendingOrder);
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    model.refresh();
+    vxScene->setPlayRange({0, 5 * KeyToolStage::Frame});
+    model.refresh();
+    QCOMPARE(changed.count(), 0);
+    stage.channel->setKeyValue(0, 150);
+    model.refresh();
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(model.index(0, int(Column::Value)).data().toString(), QString("150"));
+    stage.node->setLabel("renamed");
+    model.refresh();
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(model.index(0, int(Column::Node)).data().toString(), QString("renamed"));
+    stage.draw("A B c");
+    model.refresh();
+    QCOMPARE(removed.count(), 1);
+    QCOMPARE(model.rowCount(), 2);
 }
 
 VX_TEST_MAIN(tst_KeyTable)

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void drawings();
     void rowsOfNodes_data();
     void rowsOfNodes();
+    void sameFramesOnOtherChannels();
     void messagesNameTheTargets();
     void refusals_data();
     void refusals();
@@ -107,6 +108,13 @@ void tst_KeyTools::drawings_data()
     row("retime by percent", "A B C . .", "retime({end: '200%'})", "A . B . C");
     row("retime to a start", ". . A . B", "retime({start: '=0'})", "A . . . B");
     row("retime with ripple", "A . B c . d", "retime({end: '+2', ripple: 1})", "A . . . B c . d");
+    row("snap to every second frame", "A B . C .", "snap({step: '2'})", "A . B . C");
+    row("offset with falloff", "A A A A A",
+        "offset({amount: 2, start: '1', end: '2', falloff: '2'})", "B C C B A");
+    row("remove spikes", "A A Z A A", "removeSpikes({window: '5', threshold: 5})", "A A A A A");
+    row("smooth by a Gaussian", "A A A M A A A", "smoothGaussian({width: '1'})", "A A D F D A A");
+    row("smooth by a low pass", "A A A A A M A A A A A", "smoothButterworth({cutoff: 5})",
+        "A A A B D F D B A A A");
     row("space evenly", "A B . . C", "spaceEvenly()", "A . B . C");
     row("reverse", "A B . C", "reverse()", "C . B A");
     row("reverse some", "A b . C", "reverse()", "C b . A");
@@ -193,6 +201,18 @@ void tst_KeyTools::rowsOfNodes()
     }
 }
 
+void tst_KeyTools::sameFramesOnOtherChannels()
+{
+    KeyToolStage stage;
+    VxFloatProperty *other = stage.node->getYPosControl();
+    stage.draw("A b C . e");
+    stage.draw(other, "f g h i j");
+    stage.node->select();
+    QCOMPARE(stage.run("KeyTools.selectSameFrames().done"), QString("true"));
+    QCOMPARE(stage.drawing(5), QString("A b C . e"));
+    QCOMPARE(stage.drawing(other, 5), QString("F g H i j"));
+}
+
 void tst_KeyTools::messagesNameTheTargets()
 {
     KeyToolStage stage;
@@ -218,8 +238,8 @@ void tst_KeyTools::refusals_data()
         << "setValues({value: NaN})"
         << "KeyTools.setValues: Set Values: \"nan\" cannot be used for Value";
     QTest::newRow("too small") << "reduce({error: -1})"
-                               << "KeyTools.reduce: Reduce Keys: \"-1\" cannot be used for Error "
-                                  "(unit or degrees), or percent of keys";
+                               << "KeyTools.reduce: Reduce Keys: \"-1\" cannot be used for Error, "
+                                  "or percentage of keys";
     QTest::newRow("not among the choices")
         << "convert({type: 'Bezier'})"
         << "KeyTools.convert: Convert Keys: \"Bezier\" cannot be used for To";

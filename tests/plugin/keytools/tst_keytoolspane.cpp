@@ -21,6 +21,7 @@ private Q_SLOTS:
     void previewEnds_data();
     void previewEnds();
     void paneKeepsItsFields();
+    void fieldsAreNotSqueezed();
 };
 
 void tst_KeyToolsPane::paneRunsTheTypedParameters()
@@ -165,6 +166,35 @@ void tst_KeyToolsPane::paneKeepsItsFields()
     QCOMPARE(pane.findChild<QComboBox *>("reduce.type")->currentText(), QString("TCB"));
     pane.setTool("move");
     QCOMPARE(pane.findChild<QLineEdit *>("move.by")->text(), QString("7"));
+}
+
+/// In a low and narrow pane every field of every tool has the height it asks for, and room for a
+/// number.
+void tst_KeyToolsPane::fieldsAreNotSqueezed()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.resize(240, 160);
+    pane.show();
+    for (const KeyTool &tool : KeyTool::all()) {
+        pane.setTool(tool.name);
+        for (int i = 0; i < 4; ++i) // a scroll bar may change the width
+            QCoreApplication::processEvents();
+        for (const KeyToolParameter &parameter : tool.parameters) {
+            const auto *field = pane.findChild<QWidget *>(tool.name + '.' + parameter.name);
+            QVERIFY(field);
+            QVERIFY2(field->height() >= field->minimumSizeHint().height() && field->width() >= 60,
+                     qPrintable(QString("%1: %2 x %3")
+                                    .arg(field->objectName())
+                                    .arg(field->width())
+                                    .arg(field->height())));
+        }
+        for (const char *name : {"description", "targets"}) {
+            const auto *label = pane.findChild<QLabel *>(name);
+            QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                     qPrintable(tool.name + ' ' + name));
+        }
+    }
 }
 
 VX_TEST_MAIN(tst_KeyToolsPane)
