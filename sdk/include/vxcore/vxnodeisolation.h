@@ -11,8 +11,8 @@ class VxPane;
 /// The nodes that a pane shows alone. A pane that supports this creates one and follows changed().
 ///
 /// Isolation ends when its last node is removed from the scene or the scene is cleared, and by
-/// Escape wherever no widget of the main window uses that key. It is not saved and makes no undo
-/// entry.
+/// Escape where no widget of the main window or a floating pane uses that key. It is not saved and
+/// makes no undo entry.
 class VXCORE_EXPORT VxNodeIsolation : public QObject
 {
     Q_OBJECT

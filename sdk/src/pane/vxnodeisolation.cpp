@@ -1,9 +1,10 @@
 #include <vxcore/vxnodeisolation.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QMainWindow>
 #include <algorithm>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxscene.h>
@@ -14,6 +15,14 @@ QVector<VxNodeIsolation *> &instances()
 {
     static QVector<VxNodeIsolation *> all;
     return all;
+}
+
+/// The main window, or a floating pane; no dialogs.
+bool isPaneWindow(QObject *object)
+{
+    const auto *widget = qobject_cast<QWidget *>(object);
+    return widget && widget->isWindow() &&
+           (qobject_cast<const QMainWindow *>(widget) || qobject_cast<const QDockWidget *>(widget));
 }
 
 } // namespace
@@ -46,11 +55,10 @@ void VxNodeIsolation::setNodes(QVector<VxNode *> nodes)
     if (nodes == m_nodes)
         return;
     m_nodes = nodes;
-    // Only a key press that no widget has accepted gets to the window itself.
-    if (VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr) {
-        window->removeEventFilter(this);
+    if (QCoreApplication *application = QCoreApplication::instance()) {
+        application->removeEventFilter(this);
         if (isActive())
-            window->installEventFilter(this);
+            application->installEventFilter(this);
     }
     Q_EMIT changed();
 }
@@ -64,10 +72,13 @@ void VxNodeIsolation::leaveOut(const VxNode *removed)
     setNodes(others);
 }
 
+// Only a key press that no widget has accepted gets to the window itself.
 bool VxNodeIsolation::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress ||
-        static_cast<const QKeyEvent *>(event)->key() != Qt::Key_Escape)
+    const bool isUnusedEscape = event->type() == QEvent::KeyPress &&
+                                static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Escape &&
+                                isPaneWindow(watched);
+    if (!isUnusedEscape)
         return QObject::eventFilter(watched, event);
     setNodes({});
     return true;
