@@ -101,15 +101,22 @@ void MarkerStrip::selectMarker(int id)
     update();
 }
 
-/** Repaints the columns of the former and the present time. */
+/** The rectangle of the current time's mark at a column. */
+QRect MarkerStrip::timeMark(int x) const
+{
+    const int width =
+        style()->pixelMetric(QStyle::PixelMetric(VxStyle::PM_VxCurrentTimeMarkerWidth));
+    return {x - width / 2, 0, width, height()};
+}
+
+/** Repaints the former and the present mark. */
 void MarkerStrip::followTime()
 {
     const int x = m_scale->xOf(m_scene->getTime());
     if (x == m_timeX)
         return;
-    const int reach = 4;
-    for (const int column : {m_timeX, x})
-        update(QRect(column - reach, 0, 2 * reach + 1, height()));
+    update(timeMark(m_timeX));
+    update(timeMark(x));
 }
 
 bool MarkerStrip::event(QEvent *event)
@@ -187,12 +194,10 @@ void MarkerStrip::paintShape(QPainter *painter, const MarkerShape &shape, QRgb c
 /** The line of the current time, as in the other views along the axis. */
 void MarkerStrip::paintTime(QPainter *painter)
 {
-    const int width =
-        style()->pixelMetric(QStyle::PixelMetric(VxStyle::PM_VxCurrentTimeMarkerWidth));
     QStyleOption option;
     option.initFrom(this);
     m_timeX = m_scale->xOf(m_scene->getTime());
-    option.rect = QRect(m_timeX - width / 2, 0, width, height());
+    option.rect = timeMark(m_timeX);
     style()->drawPrimitive(QStyle::PrimitiveElement(VxStyle::PE_VxCurrentTimeMarker), &option,
                            painter, this);
 }

@@ -61,6 +61,7 @@ private:
     void paintTime(QPainter *painter);
     void handleMarkersChanged();
     void followTime();
+    QRect timeMark(int x) const;
     QRect timeArea() const;
     std::optional<MarkerHit> hitAt(const QPoint &pos) const;
     MarkerSnap snapFor(int id, const QPoint &pos, Qt::KeyboardModifiers modifiers) const;

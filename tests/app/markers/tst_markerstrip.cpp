@@ -4,6 +4,7 @@
 #include "studiotestbase.h"
 #include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
+#include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 
 #include "markers/markeredits.h"
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void oneColumn();
     void theStripFollowsTheTimeline();
     void withoutATimelineThePlayRangeFillsIt();
+    void aStepOfTheTimeRepaintsAllThatChanged();
 
     void dragMovesByFrames();
     void ctrlDragsFreely();
@@ -253,6 +255,27 @@ void tst_MarkerStrip::withoutATimelineThePlayRangeFillsIt()
     QTRY_VERIFY(strip()->scale().isAligned());
     delete timePane();
     QVERIFY(fills());
+}
+
+void tst_MarkerStrip::aStepOfTheTimeRepaintsAllThatChanged()
+{
+    vxScene->setTime(10 * Step);
+    const QImage before = picture();
+    VxPaintWatch watch(strip());
+    vxScene->setTime(30 * Step);
+    QTRY_VERIFY(watch.count > 0);
+    const QRegion painted = watch.region.translated(areaOf(strip()).topLeft());
+    const QImage after = picture();
+    const QRect area = areaOf(strip());
+    int changes = 0;
+    for (int x = area.left(); x <= area.right(); ++x) {
+        if (before.pixel(x, area.center().y()) == after.pixel(x, area.center().y()))
+            continue;
+        ++changes;
+        QVERIFY2(painted.contains(QPoint(x, area.center().y())), qPrintable(QString::number(x)));
+    }
+    QVERIFY(changes > 1);
+    QVERIFY(painted.boundingRect() != area); // and no more than that
 }
 
 void tst_MarkerStrip::dragMovesByFrames()
