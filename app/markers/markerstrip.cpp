@@ -160,8 +160,15 @@ void MarkerStrip::paintEvent(QPaintEvent *)
     QHash<int, QRgb> colors;
     for (const VxMarker &marker : VxMarkers::of(m_scene)->list())
         colors.insert(marker.id, marker.color);
-    for (const MarkerShape &shape : shapes())
-        paintShape(&painter, shape, colors.value(shape.id));
+    const QVector<MarkerShape> all = shapes();
+    for (int i = 0; i < all.size(); ++i) {
+        // A point below another one of the same column is covered by it, unless it has an outline.
+        const bool isCovered = all.at(i).isPoint && i + 1 < all.size() &&
+                               all.at(i + 1).startX == all.at(i).startX &&
+                               all.at(i).id != m_selected;
+        if (!isCovered)
+            paintShape(&painter, all.at(i), colors.value(all.at(i).id));
+    }
     paintTime(&painter);
 }
 
