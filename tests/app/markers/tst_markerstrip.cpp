@@ -5,6 +5,7 @@
 #include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include "markers/markeredits.h"
@@ -639,7 +640,7 @@ void tst_MarkerStrip::randomSessions()
         const VxMarker &each = markers()->list().at(below(markers()->count()));
         return at(below(2) ? each.span.getStart() : each.span.getEnd());
     };
-    for (int step = 0; step < 120; ++step) {
+    for (int step = vxSessionLength(240); step > 0; --step) {
         const QString before = state();
         const int entries = history()->index();
         const Qt::KeyboardModifiers modifiers =

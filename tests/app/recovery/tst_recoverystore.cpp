@@ -16,7 +16,9 @@
 #include <memory>
 #include <random>
 #include <sys/resource.h>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 namespace {
 
@@ -430,6 +432,10 @@ void tst_RecoveryStore::theSceneIsCopiedAtTheStart()
     RecoveryStore store(folder());
     VxFileError error;
     m_scene->setTime(480);
+    VxMarker marker;
+    marker.name = "Contact";
+    VxMarkers::of(m_scene.get())->add(marker);
+    VxSceneTimeDisplay::of(m_scene.get())->setDisplay({VxTimeDisplay::Timecode, {25, 1}, true});
     QVERIFY(!store.isWriting());
     QVERIFY(store.beginWrite(*m_scene, QString(), "walk", &error));
     m_scene->setTime(1600);
@@ -441,6 +447,8 @@ void tst_RecoveryStore::theSceneIsCopiedAtTheStart()
     const QString name = folder() + '/' + files().filter(".vxscene").constFirst();
     QVERIFY(VxSceneReader().readFile(name, &contents, &error));
     QCOMPARE(contents.time, 480);
+    QCOMPARE(contents.markers.value(0).name, QString("Contact"));
+    QCOMPARE(contents.timeDisplay.rate.frames, 25);
     QVERIFY(!contents.rootNodes.empty());
 }
 
