@@ -33,7 +33,7 @@ BreakdownDialog::BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes,
     : QDialog(parent)
     , m_scene(scene)
     , m_nodes(guarded(nodes))
-    , m_time(scene->getTime())
+    , m_time((scene->pause(), scene->getTime()))
     , m_toward(new QComboBox(this))
     , m_slider(new QSlider(Qt::Horizontal, this))
     , m_percent(new QSpinBox(this))

@@ -4,6 +4,8 @@
 #include "pose/cycledialog.h"
 #include "pose/inbetween.h"
 #include "pose/posecommands.h"
+#include "viewport/viewportwidget.h"
+#include "widgets/dialogcorner.h"
 
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
@@ -135,7 +137,10 @@ QString VxBreakdownAction::perform(VxScene *scene) const
     const QVector<VxNode *> nodes = PoseCommands::selectedJoints(scene);
     if (nodes.isEmpty())
         return InBetween::breakdown(scene, 0, Breakdown::Toward::Neighbours).message;
-    BreakdownDialog(scene, nodes, vxApp->getInterface()).exec();
+    BreakdownDialog dialog(scene, nodes, vxApp->getInterface());
+    if (const auto *view = vxApp->getInterface()->findChild<ViewportWidget *>())
+        placeInCorner(&dialog, view);
+    dialog.exec();
     return {};
 }
 

@@ -50,11 +50,10 @@ GestureNode::Outcome GestureNode::set(int channel, double value)
         StartState state;
         state.hasKey = holder->hasKey(m_time, &index);
         state.hasTransient = control->hasTransientValue();
-        state.own =
-            state.hasTransient
-                ? float(ChannelLimits::ownPart(control, m_time, double(control->getValue(m_time))))
-            : state.hasKey ? holder->getKeyValue(index)
-                           : holder->getStoredValue();
+        state.own = state.hasKey ? holder->getKeyValue(index) : holder->getStoredValue();
+        if (state.hasTransient)
+            state.transient =
+                float(ChannelLimits::ownPart(control, m_time, double(control->getValue(m_time))));
         m_startStates[std::size_t(channel)] = state;
         m_touched.set(std::size_t(channel));
     }
@@ -91,14 +90,23 @@ void GestureNode::restore(int channel)
     int index = -1;
     if (holder->hasKey(m_time, &index) && !state.hasKey)
         holder->deleteKeys(VxTimeRange(m_time, m_time));
-    else if (index >= 0 && !state.hasTransient)
+    else if (index >= 0)
         holder->setKeyValue(index, state.own);
     else if (holder->getNumKeys() == 0)
         holder->setStoredValue(state.own);
     if (state.hasTransient)
-        holder->setTransientValue(state.own);
+        holder->setTransientValue(state.transient);
     else
         holder->dropTransientValue();
+}
+
+void GestureNode::restoreTransientValues()
+{
+    for (int channel = 0; channel < PoseChannelCount; ++channel) {
+        const StartState &state = m_startStates[std::size_t(channel)];
+        if (m_touched.test(std::size_t(channel)) && state.hasTransient)
+            keyHolderOf(m_channels.at(channel))->setTransientValue(state.transient);
+    }
 }
 
 QMatrix4x4 GestureNode::localMatrix(const PoseValues &values) const

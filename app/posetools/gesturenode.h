@@ -36,6 +36,10 @@ public:
     /// Returns every channel to its state at the start.
     void revert();
 
+    /// Sets the transient values of the start again, which a key at their time has dropped; for
+    /// everything else already in the state of the start.
+    void restoreTransientValues();
+
     /// translate(origin + position) * rotation * scale with some values.
     QMatrix4x4 localMatrix(const PoseValues &values) const;
     /// From the parent's space to the world, in the scene's present state.
@@ -46,7 +50,8 @@ private:
     {
         bool hasKey = false;
         bool hasTransient = false;
-        float own = 0; // of the key or the transient value, else the stored value
+        float own = 0;       // of the key, else the stored value
+        float transient = 0; // own part
     };
     void restore(int channel);
 

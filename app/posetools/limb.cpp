@@ -102,15 +102,17 @@ VxVector Limb::bendAxis(const Matrices &worlds) const
     double widest = 0;
     for (int i = 0; i < 3; ++i) {
         const VxFloatProperty *control = m_parts[1]->channels().at(XAngle + i);
-        if (!control || !control->isClamped())
+        const auto *holder =
+            control ? static_cast<const VxFloatProperty *>(control->getKeyHolder()) : nullptr;
+        if (!holder || !holder->isClamped())
             continue;
         const QVector3D axis = axes[std::size_t(i)];
-        const double range = (double(control->getMax()) - double(control->getMin())) *
+        const double range = (double(holder->getMax()) - double(holder->getMin())) *
                              double(QVector3D::crossProduct(axis, bone).length());
         if (range <= widest)
             continue;
         widest = range;
-        result = -control->getMin() > control->getMax() ? -axis : axis;
+        result = -holder->getMin() > holder->getMax() ? -axis : axis;
     }
     return Spaces::toVector(result);
 }

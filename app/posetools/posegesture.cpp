@@ -78,10 +78,15 @@ void PoseGesture::rollBack()
 {
     if (!isOpen())
         return;
-    if (!m_hold->rollBack()) {
+    const bool isRolledBack = m_hold->rollBack();
+    {
         const VxChangeBlock block;
-        for (const auto &entry : m_nodes)
-            entry.second->revert();
+        for (const auto &entry : m_nodes) {
+            if (isRolledBack)
+                entry.second->restoreTransientValues();
+            else
+                entry.second->revert();
+        }
     }
     m_nodes.clear();
 }

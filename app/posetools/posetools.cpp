@@ -72,7 +72,8 @@ QString PoseTools::title(Tool tool)
 bool PoseTools::areSelectedPinned() const
 {
     const QVector<VxNode *> nodes = m_scene->getSelectedNodes();
-    return !nodes.isEmpty() && std::all_of(nodes.begin(), nodes.end(), [](const VxNode *node) { return node->isPinned(); });
+    return !nodes.isEmpty() && std::all_of(nodes.begin(), nodes.end(),
+                                           [](const VxNode *node) { return node->isPinned(); });
 }
 
 QString PoseTools::togglePins()

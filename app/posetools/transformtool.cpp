@@ -1,11 +1,13 @@
 #include "posetools/transformtool.h"
 
 #include "gizmo/gizmopainter.h"
+#include "scenetree/sceneedits.h"
 #include "widgets/studiotext.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxchangeblock.h>
@@ -133,18 +135,19 @@ void TransformTool::begin(const GizmoTarget &target, GizmoPart part, const Viewp
 /** The limbs of pinned joints that the nodes carry along. */
 void TransformTool::beginPins(const QVector<VxNode *> &moved)
 {
-    for (VxNode *pinned : m_scene->getNodes()) {
+    const QSet<const VxNode *> posed(moved.begin(), moved.end());
+    QVector<VxNode *> below;
+    for (const VxNode *top : SceneEdits::topmost(m_scene, moved))
+        top->getNodeChildren(below, true);
+    const QSet<const VxNode *> carried(below.begin(), below.end());
+    for (VxNode *pinned : qAsConst(below)) {
         if (!pinned->isPinned())
             continue;
         Limb limb(pinned);
         const std::array<VxNode *, 3> &nodes = limb.nodes();
-        const bool isCarried =
-            nodes[0] && std::any_of(moved.begin(), moved.end(), [&nodes](const VxNode *node) {
-                return node->isAncestorOf(nodes[0]);
-            });
         const bool isPosed = std::any_of(nodes.begin(), nodes.end(),
-                                         [&moved](VxNode *node) { return moved.contains(node); });
-        if (!isCarried || isPosed || !limb.obstacle(m_scene->getTime()).isEmpty())
+                                         [&](const VxNode *node) { return posed.contains(node); });
+        if (!carried.contains(nodes[0]) || isPosed || !limb.obstacle(m_scene->getTime()).isEmpty())
             continue;
         limb.begin(m_gesture.get());
         m_pins.push_back(limb);

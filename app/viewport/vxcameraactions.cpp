@@ -2,6 +2,7 @@
 
 #include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
+#include "widgets/dialogcorner.h"
 
 #include <QInputDialog>
 
@@ -155,6 +156,7 @@ void VxFieldOfViewAction::perform(ViewportWidget *view)
         camera.setOrthographic(false);
         view->setCamera(camera);
     });
+    placeInCorner(&dialog, view);
     if (dialog.exec() != QDialog::Accepted)
         view->setCamera(before);
 }

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void breakdownOfFewKeys();
     void sliderShowsThePose();
     void escapeRestores();
+    void theSliderLeavesTheFigureVisible();
+    void theSliderStopsPlayback();
     void breakdownInTwoGestures();
     void holds_data();
     void holds();
@@ -191,6 +193,44 @@ void tst_InBetween::escapeRestores()
     action("VxBreakdownAction")->trigger();
     QVERIFY(sceneBytes() == before);
     QCOMPARE(history()->count(), 0);
+}
+
+// It shows its poses in the viewport.
+void tst_InBetween::theSliderLeavesTheFigureVisible()
+{
+    setKeys(angle("Hips", 1), "0=10 8=30");
+    select({"Hips"});
+    const QSize size = window()->size();
+    window()->resize(1600, 1200);
+    const QWidget *view = window()->viewport();
+    QTRY_VERIFY(view->height() > 400);
+    QRect box;
+    inDialog<BreakdownDialog>([&box](BreakdownDialog *dialog) {
+        box = dialog->frameGeometry();
+        dialog->reject();
+    });
+    action("VxBreakdownAction")->trigger();
+    const QRect picture(view->mapToGlobal(QPoint()), view->size());
+    QVERIFY(picture.contains(box));
+    QVERIFY(!box.contains(picture.center()));
+    window()->resize(size);
+}
+
+// The dialog's time would no longer be the scene's, and the entry would contain times.
+void tst_InBetween::theSliderStopsPlayback()
+{
+    setKeys(angle("Hips", 1), "0=10 8=30");
+    select({"Hips"});
+    vxScene->play();
+    QVERIFY(vxScene->isPlaying());
+    bool isPlaying = true;
+    inDialog<BreakdownDialog>([&isPlaying](BreakdownDialog *dialog) {
+        isPlaying = vxScene->isPlaying();
+        dialog->reject();
+    });
+    action("VxBreakdownAction")->trigger();
+    vxScene->pause();
+    QVERIFY(!isPlaying);
 }
 
 // The command and Return.

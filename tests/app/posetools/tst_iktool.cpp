@@ -17,6 +17,7 @@ private Q_SLOTS:
     void mirroredLimbs();
     void theMouseHoldsTheJoint();
     void anElbowBendsAsItsLimitsAllow();
+    void aliasedLimitsBendTheElbow();
     void outOfReach();
     void theJointKeepsItsRotation();
     void jointsWithoutALimb();
@@ -158,6 +159,18 @@ void tst_IkTool::anElbowBendsAsItsLimitsAllow()
     QVERIFY(angle("LeftForearm", 1)->getValue() < -20);
     checkReach("LeftFoot", place(node("LeftFoot")) + QVector3D(0, 20, 0));
     QVERIFY(angle("LeftShin", 0)->getValue() > 20);
+}
+
+void tst_IkTool::aliasedLimitsBendTheElbow()
+{
+    VxFloatProperty *control = angle("LeftForearm", 1);
+    auto *limited = new VxFloatProperty("Elbow", 0);
+    limited->setMinMax(-150, 5, true);
+    node("Head")->addProperty(limited, QStringLiteral("General"));
+    control->setMinMax(-360, 360, false);
+    QVERIFY(control->setAliasedProperty(limited));
+    checkReach("LeftHand", place(node("LeftHand")) + QVector3D(-20, 0, 0));
+    QVERIFY(control->getValue() < -20);
 }
 
 void tst_IkTool::outOfReach()
