@@ -140,7 +140,8 @@ void BoneChainTool::cancel()
 void BoneChainTool::finish()
 {
     const QVector<QVector3D> joints = m_joints;
-    VxNode *parent = m_parent;
+    // A node that was deleted may still exist, for undo.
+    VxNode *parent = m_parent && m_parent->getScene() == m_scene ? m_parent.data() : nullptr;
     cancel();
     if (joints.size() < 2)
         return;

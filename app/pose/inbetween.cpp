@@ -197,7 +197,7 @@ PoseResult InBetween::breakdown(VxScene *scene, double part, Breakdown::Toward t
         breakdown.apply(part, &writer);
     }
     hold.accept(StudioText::tr("Breakdown"));
-    return {true, StudioText::tr("Breakdown at %1 % of %2 nodes.")
+    return {true, StudioText::tr("Breakdown at %1 %. Nodes: %2.")
                           .arg(qRound(part * 100))
                           .arg(breakdown.numNodes()) +
                       writer.report()};
@@ -230,7 +230,9 @@ PoseResult InBetween::hold(VxScene *scene)
         return {false,
                 StudioText::tr("No channel to hold: there are no keys before the playhead.") +
                     refusedText(refused)};
-    return {true, StudioText::tr("Held the pose on %1 channels.").arg(held) + refusedText(refused)};
+    return {true, StudioText::counted(held, "Held the pose on 1 channel.",
+                                      "Held the pose on %1 channels.") +
+                      refusedText(refused)};
 }
 
 PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
@@ -265,7 +267,8 @@ PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
     hold.accept(StudioText::tr("Cycle"));
     QString message = StudioText::tr("Repeated the play range: %1 cycles.").arg(count);
     if (differing > 0)
-        message += StudioText::tr(" First and last pose differ in %1 channels.").arg(differing);
+        message += StudioText::counted(differing, " First and last pose differ in 1 channel.",
+                                       " First and last pose differ in %1 channels.");
     return {true, message + refusedText(refused)};
 }
 
@@ -293,8 +296,9 @@ PoseResult InBetween::matchEnds(VxScene *scene)
     hold.accept(StudioText::tr("Match First and Last Pose"));
     if (changed == 0)
         return {false, StudioText::tr("First and last pose agree already.")};
-    return {true, StudioText::tr("First and last pose agree now: %1 channels changed.")
-                          .arg(changed - writer.refused()) +
+    return {true, StudioText::counted(changed - writer.refused(),
+                                      "First and last pose agree now: 1 channel changed.",
+                                      "First and last pose agree now: %1 channels changed.") +
                       writer.report()};
 }
 

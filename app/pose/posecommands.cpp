@@ -152,7 +152,8 @@ PoseResult PoseCommands::copy(const VxScene *scene)
         return {false,
                 StudioText::tr("The selected node has no joints below it to copy the pose of.")};
     clipboard() = pose;
-    return {true, StudioText::tr("Copied the pose of %1 nodes.").arg(int(pose.joints.size()))};
+    return {true, StudioText::counted(int(pose.joints.size()), "Copied the pose of 1 node.",
+                                      "Copied the pose of %1 nodes.")};
 }
 
 PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
@@ -200,8 +201,9 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
         }
     }
     return finish(&hold, StudioText::tr("Mirror to Other Side"),
-                  StudioText::tr("Mirrored the pose of %1 nodes.").arg(counts.matched), counts,
-                  writer);
+                  StudioText::counted(counts.matched, "Mirrored the pose of 1 node.",
+                                      "Mirrored the pose of %1 nodes."),
+                  counts, writer);
 }
 
 PoseResult PoseCommands::resetToRest(VxScene *scene)
@@ -220,7 +222,9 @@ PoseResult PoseCommands::resetToRest(VxScene *scene)
         }
     }
     hold.accept(StudioText::tr("Reset to Rest"));
-    return {true, StudioText::tr("Reset %1 nodes to rest.").arg(nodes.size()) + writer.report()};
+    return {true,
+            StudioText::counted(nodes.size(), "Reset 1 node to rest.", "Reset %1 nodes to rest.") +
+                writer.report()};
 }
 
 PoseResult PoseCommands::setRest(VxScene *scene)
@@ -237,8 +241,8 @@ PoseResult PoseCommands::setRest(VxScene *scene)
         node->setRestPose(rest);
     }
     hold.accept(StudioText::tr("Set Rest Pose"));
-    return {true,
-            StudioText::tr("The present pose is the rest pose of %1 nodes.").arg(nodes.size())};
+    return {true, StudioText::counted(nodes.size(), "The present pose is the rest pose of 1 node.",
+                                      "The present pose is the rest pose of %1 nodes.")};
 }
 
 PoseResult PoseCommands::selectMirror(VxScene *scene)
@@ -262,7 +266,8 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
     if (others.isEmpty())
         return {false, StudioText::tr("The selected nodes have no other side.") + missing.text()};
     SceneEdits::selectOnly(scene, others);
-    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes()) +
+    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
+                                      "Selected %1 nodes.") +
                       missing.text()};
 }
 
@@ -274,7 +279,8 @@ PoseResult PoseCommands::selectChildren(VxScene *scene)
     scene->selectNodes(selectedTrees(scene), true);
     if (primary)
         scene->setPrimarySelection(primary);
-    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
+                                      "Selected %1 nodes.")};
 }
 
 PoseResult PoseCommands::selectParents(VxScene *scene)
@@ -293,5 +299,6 @@ PoseResult PoseCommands::selectParents(VxScene *scene)
     if (parents.isEmpty())
         return {false, StudioText::tr("The selected nodes have no parents.")};
     SceneEdits::selectOnly(scene, parents);
-    return {true, StudioText::tr("Selected %1 nodes.").arg(scene->getNumSelectedNodes())};
+    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
+                                      "Selected %1 nodes.")};
 }

@@ -298,8 +298,11 @@ QString TransformTool::readout() const
 {
     if (!m_gesture)
         return {};
-    const QString amount = m_typed.isEmpty() ? amountText() : m_typed + QChar(0x2502);
-    return amount + remark();
+    if (m_typed.isEmpty())
+        return amountText() + remark();
+    static const char *const names[] = {"X ", "Y ", "Z "};
+    const int axis = gizmoAxis(m_part);
+    return QLatin1String(axis >= 0 ? names[axis] : "") + m_typed + QChar(0x2502) + remark();
 }
 
 void TransformTool::paint(QPainter *painter, const ViewportCamera &camera,

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void aNewDocumentDiscardsTheChain();
     void belowAParentScaledToNothing();
     void jointsLieOnTheGrid_data();
+    void aParentMayBeDeleted();
     void jointsLieOnTheGrid();
     void randomChains();
     void bonesEndWhereTheMouseIs();
@@ -231,6 +232,29 @@ void tst_BoneChain::jointsLieOnTheGrid_data()
     QTest::newRow("side") << "VxSideViewAction" << 0;
     QTest::newRow("top") << "VxTopViewAction" << 1;
     QTest::newRow("perspective") << "VxPerspectiveAction" << 1;
+}
+
+// The clicks are kept as a skeleton of their own.
+void tst_BoneChain::aParentMayBeDeleted()
+{
+    CreateEdits::addFigure(vxScene);
+    select({"Head"});
+    VxNode *figure = node("Figure");
+    history()->clear();
+    begin();
+    clickAt({40, 20, 0});
+    clickAt({60, 20, 0});
+    {
+        VxUndoStackHold hold; // keeps the node
+        vxScene->removeNode(figure);
+        hold.accept("Delete");
+    }
+    view()->setFocus();
+    type(Qt::Key_Return);
+    QCOMPARE(bones().size(), 2);
+    QCOMPARE(vxScene->getRootNodes().size(), 1);
+    history()->undo();
+    QCOMPARE(vxScene->getNumNodes(), 0);
 }
 
 void tst_BoneChain::jointsLieOnTheGrid()

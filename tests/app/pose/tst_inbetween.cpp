@@ -277,7 +277,7 @@ void tst_InBetween::holds()
     select({"Hips"});
     const QByteArray before = sceneBytes();
     action("VxHoldPoseAction")->trigger();
-    QCOMPARE(status(), QString("Held the pose on 1 channels."));
+    QCOMPARE(status(), QString("Held the pose on 1 channel."));
     QTEST(keysOf(angle("LeftThigh", 0)), "result");
     QCOMPARE(keysOf(angle("RightThigh", 0)), QString("8=30"));
     checkOneEntry(before, "Hold");
@@ -362,9 +362,9 @@ void tst_InBetween::cycleReportsEndsThatDiffer()
              QString("Repeated the play range: 2 cycles."));
     vxScene->setPlayRange({0, 1600});
     setKeys(angle("Hips", 1), "0=3 10=4");
-    QCOMPARE(InBetween::cycle(vxScene, 2, true).message,
-             QString("Repeated the play range: 2 cycles. First and last pose differ in 1 "
-                     "channels."));
+    QCOMPARE(
+        InBetween::cycle(vxScene, 2, true).message,
+        QString("Repeated the play range: 2 cycles. First and last pose differ in 1 channel."));
 }
 
 void tst_InBetween::cycleOfWholeNumbersAndLocks()

@@ -478,6 +478,7 @@ void tst_TransformTools::limitsStopTheRotation()
     VxMouseDriver mouse(view());
     mouse.press(at);
     QTest::keyClicks(static_cast<QWidget *>(view()), "-200");
+    QVERIFY2(tool()->readout().startsWith("Y -200"), qPrintable(tool()->readout()));
     QVERIFY2(tool()->readout().contains("limit"), qPrintable(tool()->readout()));
     type(Qt::Key_Return);
     mouse.release(at);
