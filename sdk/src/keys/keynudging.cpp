@@ -30,7 +30,7 @@ public:
         const VxTime time = target > own ? free<-1>(target, own) : free<1>(target, own);
         add(time);
         if (time != own && m_runLow <= own && own <= m_runHigh)
-            forgetRun();
+            dropRun();
         return time;
     }
 
@@ -88,7 +88,7 @@ private:
         m_place = std::size_t(found - m_times.begin());
     }
 
-    void forgetRun()
+    void dropRun()
     {
         m_runLow = VxTimeMax;
         m_runHigh = VxTimeMin;

@@ -17,19 +17,19 @@ namespace {
 // The indexes of the keys that are selected, or of those that are not.
 QVector<qint32> indexesOf(const DopeSheetRowKeys &keys, bool selected)
 {
-    const auto isWanted = [selected](quint8 flags) {
+    const auto isCounted = [selected](quint8 flags) {
         return bool(flags & DopeSheetRowKeys::Selected) == selected;
     };
     QVector<qint32> indexes;
-    const auto wanted = std::count_if(keys.flags, keys.flags + keys.count, isWanted);
-    if (wanted == keys.count) {
+    const auto counted = std::count_if(keys.flags, keys.flags + keys.count, isCounted);
+    if (counted == keys.count) {
         indexes.resize(keys.count);
         std::iota(indexes.begin(), indexes.end(), 0);
         return indexes;
     }
-    indexes.reserve(int(wanted));
+    indexes.reserve(int(counted));
     for (int i = 0; i < keys.count; ++i) {
-        if (isWanted(keys.flags[i]))
+        if (isCounted(keys.flags[i]))
             indexes.append(i);
     }
     return indexes;

@@ -63,7 +63,7 @@ public:
     void visitShown(const Operation &visit) const;
     void visitAll(const Operation &visit) const;
     // Call after the flags of rows were changed from outside.
-    void forgetCommonTcb() { m_commonTcbStale = true; }
+    void invalidateCommonTcb() { m_commonTcbStale = true; }
 
     // The selected keys, to be restored in the rows of another model.
     struct Saved

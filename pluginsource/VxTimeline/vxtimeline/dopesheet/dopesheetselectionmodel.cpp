@@ -87,18 +87,18 @@ DopeSheetSelectionModel::DopeSheetSelectionModel(QAbstractItemModel *model, QObj
     : QItemSelectionModel(model, parent)
     , d(std::make_unique<Private>())
 {
-    const auto forget = &DopeSheetSelectionModel::forgetRows;
-    connect(this, &QItemSelectionModel::selectionChanged, this, forget);
-    connect(model, &QAbstractItemModel::rowsInserted, this, forget);
-    connect(model, &QAbstractItemModel::rowsRemoved, this, forget);
-    connect(model, &QAbstractItemModel::rowsMoved, this, forget);
-    connect(model, &QAbstractItemModel::layoutChanged, this, forget);
-    connect(model, &QAbstractItemModel::modelReset, this, forget);
+    const auto invalidate = &DopeSheetSelectionModel::invalidateSpans;
+    connect(this, &QItemSelectionModel::selectionChanged, this, invalidate);
+    connect(model, &QAbstractItemModel::rowsInserted, this, invalidate);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, invalidate);
+    connect(model, &QAbstractItemModel::rowsMoved, this, invalidate);
+    connect(model, &QAbstractItemModel::layoutChanged, this, invalidate);
+    connect(model, &QAbstractItemModel::modelReset, this, invalidate);
 }
 
 DopeSheetSelectionModel::~DopeSheetSelectionModel() = default;
 
-void DopeSheetSelectionModel::forgetRows()
+void DopeSheetSelectionModel::invalidateSpans()
 {
     d->isValid = false;
 }
@@ -124,7 +124,7 @@ const std::vector<DopeSheetSelectionModel::RowSpan> &DopeSheetSelectionModel::sp
 // Receivers of selectionChanged() may query rows before this object's own slot runs.
 void DopeSheetSelectionModel::select(const QItemSelection &selection, SelectionFlags command)
 {
-    forgetRows();
+    invalidateSpans();
     if (command & Rows && selection.size() > 1) {
         const RowSpans spans = spansOf(selection);
         if (areDisjoint(spans)) {

@@ -61,7 +61,7 @@ private:
     // The selected rows in the order of the selection's ranges; valid until the next change of the
     // selection or the model.
     const std::vector<RowSpan> &spans() const;
-    void forgetRows();
+    void invalidateSpans();
     // Ranges of whole rows that do not meet.
     void selectRows(const QItemSelection &rows, SelectionFlags command);
     class Private;

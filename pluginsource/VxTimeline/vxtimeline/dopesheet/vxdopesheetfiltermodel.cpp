@@ -47,7 +47,7 @@ VxDopeSheetFilterModel::~VxDopeSheetFilterModel() = default;
 // Connected before the base class, which filters rows as soon as they are added.
 void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
 {
-    forgetMatches();
+    invalidateMatches();
     if (sourceModel())
         disconnect(sourceModel(), nullptr, this, nullptr);
     if (auto *former = qobject_cast<VxDopeSheetModel *>(sourceModel()))
@@ -55,13 +55,14 @@ void VxDopeSheetFilterModel::setSourceModel(QAbstractItemModel *model)
     if (auto *rows = qobject_cast<VxDopeSheetModel *>(model))
         rows->setNameFilter(this);
     if (model) {
-        const auto forget = &VxDopeSheetFilterModel::forgetMatches;
-        connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, forget);
-        connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, forget);
-        connect(model, &QAbstractItemModel::rowsAboutToBeMoved, this, forget);
-        connect(model, &QAbstractItemModel::layoutAboutToBeChanged, this, forget);
-        connect(model, &QAbstractItemModel::modelAboutToBeReset, this, forget);
-        connect(model, &QAbstractItemModel::dataChanged, this, forget); // names may have changed
+        const auto invalidate = &VxDopeSheetFilterModel::invalidateMatches;
+        connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, invalidate);
+        connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, invalidate);
+        connect(model, &QAbstractItemModel::rowsAboutToBeMoved, this, invalidate);
+        connect(model, &QAbstractItemModel::layoutAboutToBeChanged, this, invalidate);
+        connect(model, &QAbstractItemModel::modelAboutToBeReset, this, invalidate);
+        connect(model, &QAbstractItemModel::dataChanged, this,
+                invalidate); // names may have changed
     }
     QSortFilterProxyModel::setSourceModel(model);
 }
@@ -80,7 +81,7 @@ int VxDopeSheetFilterModel::rowCount(const QModelIndex &parent) const
     return isEmpty ? 0 : QSortFilterProxyModel::rowCount(parent);
 }
 
-void VxDopeSheetFilterModel::forgetMatches()
+void VxDopeSheetFilterModel::invalidateMatches()
 {
     d->matches.clear();
 }

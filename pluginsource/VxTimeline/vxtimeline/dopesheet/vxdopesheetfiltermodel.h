@@ -45,7 +45,7 @@ protected:
 private:
     void findMatches(const QRegExp &pattern);
     void addMatchesBelow(const QModelIndex &top, const QRegExp &pattern) const;
-    void forgetMatches();
+    void invalidateMatches();
     bool isIsolated(const QModelIndex &sourceRow) const;
     class Private;
     std::unique_ptr<Private> d;

@@ -122,9 +122,9 @@ VxNode *VxDopeSheetItem::ownerNode() const
 
 void VxDopeSheetItem::setNode(VxNode *node)
 {
-    d->forgetNodePaths();
+    d->invalidateNodePaths();
     d->node = node;
-    d->forgetNodePaths();
+    d->invalidateNodePaths();
 }
 
 VxProperty *VxDopeSheetItem::property() const
@@ -179,7 +179,7 @@ void VxDopeSheetItem::setParent(VxDopeSheetItem *newParent)
     d->row = newParent ? newParent->d->children.size() : -1;
     if (!newParent)
         return;
-    d->forgetNodePaths();
+    d->invalidateNodePaths();
     newParent->d->children.append(this);
     newParent->d->addSelected(d->selectedBelow);
     newParent->invalidateKeys();

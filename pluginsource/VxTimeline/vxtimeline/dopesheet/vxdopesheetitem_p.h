@@ -95,7 +95,7 @@ public:
 
     QString pathOfNode();
     // For this row and all below, whose paths begin with it.
-    void forgetNodePaths();
+    void invalidateNodePaths();
     // This row and all below, each before those below it.
     QVector<VxDopeSheetItem *> allRows() const;
 };

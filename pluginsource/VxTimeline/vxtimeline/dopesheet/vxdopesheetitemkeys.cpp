@@ -190,7 +190,7 @@ QString VxDopeSheetItem::Private::pathOfNode()
     return nodePath;
 }
 
-void VxDopeSheetItem::Private::forgetNodePaths()
+void VxDopeSheetItem::Private::invalidateNodePaths()
 {
     if (!node)
         return; // no node is below a property or a group

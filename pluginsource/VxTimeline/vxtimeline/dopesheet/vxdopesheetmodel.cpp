@@ -306,7 +306,8 @@ void VxDopeSheetModel::addRow(VxNode *node)
         addPropertyRows(node, item);
     connect(node, &VxElement::labelChanged, this, &VxDopeSheetModel::handleLabelChanged,
             Qt::UniqueConnection);
-    connect(node, &QObject::destroyed, this, &VxDopeSheetModel::forgetNode, Qt::UniqueConnection);
+    connect(node, &QObject::destroyed, this, &VxDopeSheetModel::removeDestroyedNode,
+            Qt::UniqueConnection);
     connect(node, &VxNode::parentChanged, this, &VxDopeSheetModel::parentChanged);
     connect(node, &VxNode::objectChanged, this, &VxDopeSheetModel::objectChanged);
     d->rows.insert(node, item);
@@ -426,7 +427,7 @@ void VxDopeSheetModel::removeNode(VxNode *node)
     }
 }
 
-void VxDopeSheetModel::forgetNode(QObject *node)
+void VxDopeSheetModel::removeDestroyedNode(QObject *node)
 {
     if (VxDopeSheetItem *item = d->rows.value(node, nullptr))
         removeNodeRow(item, node);
@@ -435,7 +436,7 @@ void VxDopeSheetModel::forgetNode(QObject *node)
 void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode)
 {
     // Receivers of the signals may still read the row's name.
-    d->forgetRows(item, destroyedNode);
+    d->disconnectRows(item, destroyedNode);
     if (destroyedNode)
         item->setNode(nullptr);
     d->beginRemove(item);
@@ -445,7 +446,7 @@ void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destr
 }
 
 // The label's connection stays: a node without a row may still be part of what a view shows.
-void VxDopeSheetModel::Private::forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode)
+void VxDopeSheetModel::Private::disconnectRows(VxDopeSheetItem *item, const QObject *destroyedNode)
 {
     propertyRowsValid = false;
     QVector<VxDopeSheetItem *> open{item};

@@ -132,7 +132,7 @@ private:
     void handleLabelChanged();
     void handleNodeValuesChanged(VxNode *node);
     // For a node that is destroyed without having been removed: only its address is used.
-    void forgetNode(QObject *node);
+    void removeDestroyedNode(QObject *node);
     bool canMakeRowsLater(const VxNode *node) const;
     bool leavesOutRowsBelow(const VxDopeSheetItem *item) const;
     void followRows(const QVector<VxDopeSheetItem *> &propertyRows);

@@ -65,7 +65,7 @@ public:
     bool isOneOfMany();
     void updatePropertyIndex();
     // Removes the nodes of a row and of all below from the table and drops their connections.
-    void forgetRows(VxDopeSheetItem *item, const QObject *destroyedNode);
+    void disconnectRows(VxDopeSheetItem *item, const QObject *destroyedNode);
 
     int topLevelRow(VxNode *node) const
     {

@@ -165,14 +165,14 @@ void VxDopeSheetModel::updatePendingRows()
 void VxDopeSheetModel::updatePropertyRows(VxNode *node, VxDopeSheetItem *item)
 {
     d->propertyRowsValid = false;
-    VxDopeSheetItem wantedNodeRow;
-    addPropertyRows(node, &wantedNodeRow);
-    VxDopeSheetItem *wanted = wantedNodeRow.child(0);
+    VxDopeSheetItem rebuiltNodeRow;
+    addPropertyRows(node, &rebuiltNodeRow);
+    VxDopeSheetItem *rebuilt = rebuiltNodeRow.child(0);
     VxDopeSheetItem *present = propertiesRow(item);
-    if (wanted && present)
-        mergeRows(present, wanted);
-    else if (wanted)
-        insertRow(item, 0, wanted);
+    if (rebuilt && present)
+        mergeRows(present, rebuilt);
+    else if (rebuilt)
+        insertRow(item, 0, rebuilt);
     else if (present)
         removeRow(present);
 }
@@ -186,11 +186,11 @@ void VxDopeSheetModel::insertRow(VxDopeSheetItem *above, int row, VxDopeSheetIte
     handleNameChanged();
 }
 
-void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *wanted)
+void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *rebuilt)
 {
-    const auto wantedRows = childrenByKey(wanted);
+    const auto rebuiltRows = childrenByKey(rebuilt);
     for (int i = present->childCount() - 1; i >= 0; --i) {
-        if (!wantedRows.contains(keyOf(present->child(i)))) {
+        if (!rebuiltRows.contains(keyOf(present->child(i)))) {
             d->beginRemove(present->child(i));
             delete present->child(i);
             d->endRemove();
@@ -199,8 +199,8 @@ void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *want
     }
     const auto presentRows = childrenByKey(present);
     QVector<VxDopeSheetItem *> order;
-    for (int i = 0; i < wanted->childCount(); ++i)
-        order.append(wanted->child(i));
+    for (int i = 0; i < rebuilt->childCount(); ++i)
+        order.append(rebuilt->child(i));
     for (int i = 0; i < order.size(); ++i) {
         VxDopeSheetItem *known = presentRows.value(keyOf(order.at(i)), nullptr);
         if (!known) {

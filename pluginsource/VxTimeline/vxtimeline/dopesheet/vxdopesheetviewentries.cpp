@@ -74,6 +74,6 @@ void VxDopeSheetView::selectKeyEntries(const VxKeySelectionEntries &entries, boo
         for (VxDopeSheetItem *item : model->findHolderItems(entry.holder))
             item->selectOnlySpans(entry.spans);
     }
-    d->keys.forgetCommonTcb();
+    d->keys.invalidateCommonTcb();
     viewport()->update();
 }

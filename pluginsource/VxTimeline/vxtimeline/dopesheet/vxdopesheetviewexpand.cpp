@@ -6,18 +6,18 @@
 
 namespace {
 
-// Opens or closes a row and the rows below it that isWanted(item) accepts. Until the next layout,
+// Opens or closes a row and the rows below it that isIncluded(item) accepts. Until the next layout,
 // each is only a set insertion or removal.
-template <typename IsWanted>
+template <typename IsIncluded>
 void setOpenBelow(VxDopeSheetView *view, const QModelIndex &top, bool open,
-                  const IsWanted &isWanted)
+                  const IsIncluded &isIncluded)
 {
     if (!top.isValid())
         return;
     view->scheduleDelayedItemsLayout();
     const auto apply = [&](const QModelIndex &row) {
         const VxDopeSheetItem *item = view->getItem(row);
-        if (item && row.model()->hasChildren(row) && isWanted(item))
+        if (item && row.model()->hasChildren(row) && isIncluded(item))
             view->setExpanded(row, open);
         // Rows not yet created are closed.
         return item && (open || !item->hasRowsToMake());
