@@ -4,6 +4,7 @@
 
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxnodeisolation.h>
 #include <vxcore/vxscene.h>
 

@@ -11,6 +11,7 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>

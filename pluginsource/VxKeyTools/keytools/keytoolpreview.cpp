@@ -5,6 +5,7 @@
 #include <QtWidgets/QWidget>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
