@@ -53,7 +53,7 @@ void KeyToolPreview::end()
     m_hold.reset();
 }
 
-// Playback, zooming and scrolling belong to somebody else, but the hold recorded them.
+// The hold has also recorded changes of time and ranges, which are no part of the preview.
 void KeyToolPreview::rollBack()
 {
     if (!vxScene) {

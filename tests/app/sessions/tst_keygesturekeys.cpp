@@ -23,7 +23,7 @@ private Q_SLOTS:
     void notInTextFields();
     void notInOtherPanes();
     void byTheMenu();
-    void copiedKeysGetToAnotherNode();
+    void copiedKeysArePastedToAnotherNode();
 
 private:
     QWidget *sheet() const { return inTimePane<QWidget>("TimelineDopeSheetTView"); }
@@ -142,7 +142,7 @@ void tst_KeyGestureKeys::byTheMenu()
 }
 
 // The clipboard is that of the timeline.
-void tst_KeyGestureKeys::copiedKeysGetToAnotherNode()
+void tst_KeyGestureKeys::copiedKeysArePastedToAnotherNode()
 {
     auto *other = new VxNode("other");
     vxScene->addNode(other);

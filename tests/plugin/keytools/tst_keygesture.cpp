@@ -162,7 +162,7 @@ void tst_KeyGesture::amounts()
     QCOMPARE(stage.drawing(before.split(' ').size()), before);
 }
 
-// Each preview starts from the keys at the start: the way of the mouse does not matter.
+// Each preview starts from the keys at the start: only the last mouse position counts.
 void tst_KeyGesture::mouseMovesInFrames()
 {
     GestureStage stage;

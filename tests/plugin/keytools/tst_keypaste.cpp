@@ -84,7 +84,7 @@ void tst_KeyPaste::drawings()
     QCOMPARE(KeyToolStage::snapshot(), end);
 }
 
-// The n-th copied node's keys get to the n-th selected node, by property names.
+// The keys of the n-th copied node are pasted to the n-th selected node, by property names.
 void tst_KeyPaste::severalNodes()
 {
     KeyToolStage stage;
