@@ -42,6 +42,7 @@ QMenu *ViewportMenu::makeMenu(const QPoint &pixel)
     selectAt(pixel);
     auto *menu = new QMenu(m_viewport);
     if (QMenu *create = addActionSubMenu(menu, tr("Create"), QStringLiteral("Create"))) {
+        create->addSeparator();
         QAction *bone =
             create->addAction(tr("Bone Ending Here"), this, [this, pixel] { addBoneTo(pixel); });
         bone->setEnabled(m_scene->getPrimarySelection() != nullptr);
