@@ -119,7 +119,7 @@ void Breakdown::addNeighbours(const VxNode *node, VxTime time, Item *item)
 void Breakdown::apply(double part, PoseWriter *writer) const
 {
     for (const Item &item : m_items) {
-        if (!item.node)
+        if (!item.node || !item.node->getScene()) // removed while a slider shows the breakdown
             continue;
         const PoseValues values = blended(item.from, item.to, part, orderOf(item.node));
         for (std::size_t i = 0; i < item.groups.size(); ++i) {

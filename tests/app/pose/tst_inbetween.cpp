@@ -2,6 +2,7 @@
 #include "pose/cycledialog.h"
 #include "pose/inbetween.h"
 #include "posetestbase.h"
+#include "scenetree/sceneedits.h"
 #include "testing/vxtestmain.h"
 
 #include <QDialogButtonBox>
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void escapeRestores();
     void theSliderLeavesTheFigureVisible();
     void theSliderStopsPlayback();
+    void aNodeIsRemovedUnderTheSlider();
     void breakdownInTwoGestures();
     void holds_data();
     void holds();
@@ -231,6 +233,28 @@ void tst_InBetween::theSliderStopsPlayback()
     action("VxBreakdownAction")->trigger();
     vxScene->pause();
     QVERIFY(!isPlaying);
+}
+
+void tst_InBetween::aNodeIsRemovedUnderTheSlider()
+{
+    setKeys(angle("Hips", 1), "0=10 8=30");
+    setKeys(angle("Head", 1), "0=10 8=30");
+    history()->clear();
+    vxScene->setTime(4 * 160);
+    select({"Hips", "Head"});
+    const QByteArray before = sceneBytes();
+    const VxFloatProperty *removed = angle("Head", 1);
+    inDialog<BreakdownDialog>([removed](BreakdownDialog *dialog) {
+        QCOMPARE(removed->getValue(4 * 160), 20.0f);
+        SceneEdits::remove(vxScene, {node("Head")});
+        dialog->findChild<QSpinBox *>()->setValue(100);
+        QCOMPARE(angle("Hips", 1)->getValue(4 * 160), 30.0f);
+        QCOMPARE(removed->getValue(4 * 160), 20.0f);
+        dialog->reject();
+    });
+    action("VxBreakdownAction")->trigger();
+    QCOMPARE(sceneBytes(), before);
+    QCOMPARE(history()->count(), 0);
 }
 
 // The command and Return.
