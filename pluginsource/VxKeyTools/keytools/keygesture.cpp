@@ -184,19 +184,21 @@ void KeyGesture::keyPressEvent(QKeyEvent *event)
 // the axis stays.
 bool KeyGesture::handleMouse(const QEvent *event)
 {
-    const auto *mouse = static_cast<const QMouseEvent *>(event);
+    const auto mouse = [event]() -> const QMouseEvent & {
+        return *static_cast<const QMouseEvent *>(event);
+    };
     switch (event->type()) {
     case QEvent::MouseMove:
-        moveMouse(*mouse);
+        moveMouse(mouse());
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        m_pressed = mouse->button();
+        m_pressed = mouse().button();
         return true;
     case QEvent::MouseButtonRelease:
-        if (mouse->button() == m_pressed && m_pressed == Qt::LeftButton)
+        if (mouse().button() == m_pressed && m_pressed == Qt::LeftButton)
             accept();
-        else if (mouse->button() == m_pressed && m_pressed == Qt::RightButton)
+        else if (mouse().button() == m_pressed && m_pressed == Qt::RightButton)
             cancel();
         return true;
     case QEvent::Wheel:

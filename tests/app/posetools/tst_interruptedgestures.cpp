@@ -221,6 +221,9 @@ void tst_InterruptedGestures::anotherSceneEndsTheDrag()
 // A press that compares every pinned limb with every selected node takes more than 5 seconds.
 void tst_InterruptedGestures::thousandsOfPinnedLimbs()
 {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("Most of the time is the sanitizer's.");
+#endif
     constexpr int Limbs = 20000;
     vxScene->clear();
     for (int i = 0; i < Limbs; ++i) {
