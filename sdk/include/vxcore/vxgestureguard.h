@@ -39,6 +39,7 @@ private:
 
     QWidget *m_widget;
     bool m_active = false;
+    const QMetaObject *m_class = nullptr;
 };
 
 #endif

@@ -82,11 +82,7 @@ void SceneNodes::add(VxNode *node, VxNode *parent)
 void SceneNodes::remove(VxNode *node)
 {
     const DeferredDeletion hold;
-    const VxUndoStack *stack = VxUndoStack::current();
-    if (stack && stack->isRecording())
-        takeOut({node}, true);
-    else
-        DeferredDeletion::discardAll(takeOut({node}, false));
+    DeferredDeletion::discardAll(takeOut({node}, true));
 }
 
 void SceneNodes::move(VxNode *node, VxNode *parent, int index)
@@ -230,15 +226,18 @@ QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool record
     const GuardedNodes targets = guarded(tops);
     announce(tops);
     GuardedNodes taken;
+    QVector<const VxNode *> owned;
     // Backwards, because removing from the end of a long list is cheap.
     for (int i = targets.size() - 1; i >= 0; --i) {
         VxNode *top = targets.at(i);
         if (!top || top->getScene() != m_scene)
             continue;
         VxNode::Private::of(top)->leaving = false;
-        NodePlaceItem *item = recorded ? recordPlace(top) : nullptr;
-        if (item)
+        // The announcement may have begun or ended a hold.
+        if (NodePlaceItem *item = recorded ? recordPlace(top) : nullptr) {
             item->setOwning(true);
+            owned.append(top);
+        }
         detach(top);
         const QVector<VxNode *> nodes = nodesBelow({top});
         m_count -= nodes.size();
@@ -254,7 +253,7 @@ QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool record
             Q_EMIT m_scene->nodeRemoved(top);
     }
     for (VxNode *top : qAsConst(taken)) {
-        if (top && !top->getScene() && !top->getNodeParent())
+        if (top && !top->getScene() && !top->getNodeParent() && !owned.contains(top))
             alive.append(top);
     }
     return alive;

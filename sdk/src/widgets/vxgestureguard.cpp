@@ -17,6 +17,7 @@ void VxGestureGuard::begin()
     if (!m_active)
         QCoreApplication::instance()->installEventFilter(this);
     m_active = true;
+    m_class = m_widget->metaObject();
 }
 
 void VxGestureGuard::end()
@@ -29,7 +30,9 @@ void VxGestureGuard::end()
 void VxGestureGuard::drop()
 {
     end();
-    Q_EMIT dropped();
+    // A widget that is being destroyed loses the focus when it is no more than a QWidget.
+    if (m_widget->metaObject() == m_class)
+        Q_EMIT dropped();
 }
 
 bool VxGestureGuard::isLostBy(const QObject *watched, const QEvent *event) const

@@ -442,7 +442,9 @@ void tst_ViewportWidget::aFrameOf170Bones()
     }
     const double floor = (now() - start) / Frames;
     qInfo("a frame of 170 bones at 1280 x 800: %.2f ms, the bare lines %.2f ms", frame, floor);
+#ifndef __SANITIZE_ADDRESS__
     QVERIFY(frame < 3 * floor + 1);
+#endif
 }
 
 VX_TEST_MAIN(tst_ViewportWidget)

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void nodeAtTheAddressOfADestroyedOne();
     void historyOwnsRemovedNodes();
     void cancelledRemovalDestroys();
+    void listenersEndAndBeginHolds();
     void changesOutsideOfASceneAreNotRecorded();
 };
 
@@ -56,6 +57,32 @@ void TestSceneNodesUndo::removalIsUndone()
     m_stack->undo();
     QCOMPARE(find(QStringLiteral("c")), c);
     QCOMPARE(c->getXPosControl()->getNumKeys(), 1);
+}
+
+// Such as a gesture, which ends when one of its nodes is removed. The history owns what was removed
+// while it recorded; anything else is destroyed.
+void TestSceneNodesUndo::listenersEndAndBeginHolds()
+{
+    buildSample();
+    const QPointer<VxNode> first = find(QStringLiteral("b"));
+    const QPointer<VxNode> second = find(QStringLiteral("d"));
+    auto hold = std::make_unique<VxUndoStackHold>();
+    const auto change = connect(m_scene.get(), &VxScene::aboutToRemoveNode, this, [&hold] {
+        if (hold)
+            hold.reset();
+        else
+            hold = std::make_unique<VxUndoStackHold>();
+    });
+    m_scene->removeNode(first);
+    QVERIFY(!hold);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!first);
+    m_scene->removeNode(second);
+    QVERIFY(hold && second);
+    hold->accept(QStringLiteral("Remove"));
+    disconnect(change);
+    m_stack->undo();
+    QCOMPARE(drawn(), QStringLiteral("a(d) e"));
 }
 
 void TestSceneNodesUndo::restoredNodesCanBeRemovedAgain()
