@@ -4,7 +4,6 @@
 #include "document/recentfiles.h"
 #include "document/scenesummary.h"
 #include "pose/posescript.h"
-#include "viewport/camerascript.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/batchdialogs.h"
@@ -18,6 +17,7 @@
 #include "shell/studiowindow.h"
 #include "shell/windowpicture.h"
 #include "shortcuts/shortcutcatalogue.h"
+#include "viewport/camerascript.h"
 #include "widgets/studiotext.h"
 #include "widgets/usermessages.h"
 

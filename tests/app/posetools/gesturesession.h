@@ -12,6 +12,7 @@
 #include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
 
+#include <QPainter>
 #include <memory>
 #include <random>
 #include <vxcore/vxapp.h>
