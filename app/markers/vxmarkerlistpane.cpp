@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr int RowPadding = 4; // pixels, of a row's height
-constexpr int NameWidth = 220;
+constexpr int MarkerRowPadding = 4; // pixels, of a row's height
+constexpr int NameColumnWidth = 220;
 
 /** Triggers a command of the program's menus. */
 void runCommand(const char *name)
@@ -62,9 +62,9 @@ VxMarkerListPane::VxMarkerListPane()
     d->view->setWordWrap(false);
     d->view->setFrameShape(QFrame::NoFrame);
     d->view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    d->view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+    d->view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + MarkerRowPadding);
     d->view->verticalHeader()->hide();
-    d->view->setColumnWidth(MarkerTableModel::Name, NameWidth);
+    d->view->setColumnWidth(MarkerTableModel::Name, NameColumnWidth);
     d->view->horizontalHeader()->setStretchLastSection(true);
     d->view->horizontalHeader()->setSortIndicator(MarkerTableModel::Start, Qt::AscendingOrder);
     d->view->setSortingEnabled(true);
