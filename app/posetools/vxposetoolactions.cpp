@@ -5,6 +5,7 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
 
 VxPoseToolAction::VxPoseToolAction(const QString &text, const QString &description,
                                    const char *accel, const char *group, const char *folder)
@@ -25,7 +26,7 @@ void VxPoseToolAction::init()
         connect(tools->settings(), &PoseToolSettings::changed, this, show);
         connect(vxScene, &VxScene::animatingChanged, this, show);
         connect(vxScene, &VxScene::nodeSelectionListChanged, this, show);
-        connect(vxScene, &VxScene::viewChanged, this, show);
+        connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, this, show);
     }
     show();
 }

@@ -10,7 +10,7 @@ struct KeyTool;
 /// What the mouse or a typed number changes in a gesture on keys.
 enum class KeyGestureKind { Move, Duplicate, ScaleTimes, MoveValues, ScaleValues };
 
-/// The amount of a gesture on keys, and the call of a key tool that it stands for.
+/// The amount of a gesture on keys, and the key tool with its arguments that makes the edit.
 ///
 /// The amount is a number of ticks, a value or a factor; the mouse sets it until a number is typed.
 class KeyGestureAmount

@@ -54,8 +54,8 @@ private:
     void announce(const QVector<VxNode *> &tops);
     /// Records the node's present place; null when nothing is recorded.
     NodePlaceItem *recordPlace(VxNode *node);
-    /// Removes nodes and returns those that nobody owns now: neither another parent nor, where
-    /// recorded, the history.
+    /// Removes nodes and returns those without an owner, which is a parent or, where recorded, the
+    /// history.
     QVector<VxNode *> takeOut(const QVector<VxNode *> &tops, bool recorded);
 
     VxScene *m_scene;

@@ -240,13 +240,13 @@ int VxMarkers::add(const VxMarker &marker)
 
 void VxMarkers::set(const VxMarkerList &markers)
 {
-    const auto wanted = byId(markers);
+    const auto given = byId(markers);
     VxMarkerList changed = d->list;
     for (VxMarker &marker : changed) {
         const auto found =
-            std::lower_bound(wanted.begin(), wanted.end(), marker.id,
+            std::lower_bound(given.begin(), given.end(), marker.id,
                              [](const VxMarker *each, int id) { return each->id < id; });
-        if (found != wanted.end() && (*found)->id == marker.id)
+        if (found != given.end() && (*found)->id == marker.id)
             marker = corrected(**found, marker.id);
     }
     if (changed == d->list)
