@@ -12,8 +12,8 @@ import subprocess
 import sys
 import tempfile
 
-# Programs that print a table of their own; their arguments are parts of case names.
-OWN_TABLE = ("bench_dopesheetscale", "bench_keytools")
+# These programs print a table of their own; their arguments are parts of case names.
+OWN_TABLE = ("bench_dopesheetnodes", "bench_dopesheetscale", "bench_keytools")
 NANOSECONDS = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
