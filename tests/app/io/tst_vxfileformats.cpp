@@ -205,7 +205,7 @@ void tst_VxFileFormats::filters()
 {
     const QStringList read = m_formats.readFilters();
     QVERIFY(read.at(0).contains("*.vxscene *.bvh"));
-    for (const char *suffix : {"*.glb", "*.gltf", "*.fbx"}) {
+    for (const char *suffix : {"*.bvh", "*.glb", "*.gltf", "*.fbx", "*.dae", "*.csv"}) {
         QVERIFY2(read.at(0).contains(suffix), suffix);
         QCOMPARE(read.mid(1).filter(suffix).size(), 1);
         QCOMPARE(m_formats.motionFilters().filter(suffix).size(), 2);
