@@ -2,16 +2,16 @@
 #define NAMENUMBERS_H
 
 #include <QHash>
-#include <QString>
+#include <QStringList>
 #include <QVector>
+#include <vxcore/vxcopyname.h>
 
 class VxNode;
 class VxScene;
 
 /// Names for new nodes and copies that no node of a scene has yet.
 ///
-/// A copy's number follows an underscore: "Hips_2". In a name of the left or right side whose side
-/// is at the end, it precedes the side, so that mirrored names remain pairs: "Hand_L" becomes
+/// Copies are numbered as VxCopyName describes: "Hips" becomes "Hips_2", "Hand_L" becomes
 /// "Hand_2_L".
 class NameNumbers
 {
@@ -25,21 +25,10 @@ public:
     /// it.
     QStringList copies(const QVector<VxNode *> &nodes);
 
-    /// The name without a copy's number: "Hips" for "Hips_2", "Hand_L" for "Hand_2_L".
-    static QString withoutNumber(const QString &name);
-
 private:
-    struct Parts
-    {
-        QString stem;
-        QString side; ///< "_L" at the end of "Hand_L"; usually empty
-        int number;   ///< 1 without a number
-    };
-    static Parts split(const QString &name);
-    static QString join(const Parts &parts);
     void add(const QString &name);
-    int nextNumber(const Parts &parts) const;
-    QString take(Parts parts, int number);
+    int nextNumber(const VxCopyName &parts) const;
+    QString take(VxCopyName parts, int number);
 
     QHash<QString, int> m_highest; ///< by stem and side: the highest number in use
 };

@@ -41,8 +41,6 @@ public:
     PoseValues rest() const;
 
     static double defaultValue(int channel) { return channel < AllScale ? 0.0 : 1.0; }
-    /// The control itself, which is made when it is missing. Never null.
-    static VxFloatProperty *make(const VxNode *node, int channel);
 
 private:
     const VxNode *m_node;

@@ -1,7 +1,6 @@
 #include "pose/posecommands.h"
 
 #include "pose/pose.h"
-#include "pose/posefigure.h"
 #include "pose/posewriter.h"
 #include "scenetree/sceneedits.h"
 #include "widgets/studiotext.h"
@@ -9,6 +8,7 @@
 #include <QSet>
 #include <memory>
 #include <vxcore/vxchangeblock.h>
+#include <vxcore/vxposefigure.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostackhold.h>
@@ -53,11 +53,11 @@ private:
 
 VxRotation reflectionFor(const Pose &pose, bool mirrored)
 {
-    return mirrored ? pose.reflection : identityRotation();
+    return mirrored ? pose.reflection : VxIdentityRotation;
 }
 
 /** The pose of nodes of one figure, roots left out. */
-Pose poseOf(const PoseFigure &figure, const QVector<VxNode *> &nodes, VxTime time)
+Pose poseOf(const VxPoseFigure &figure, const QVector<VxNode *> &nodes, VxTime time)
 {
     Pose pose;
     pose.root = figure.root();
@@ -75,7 +75,7 @@ struct Counts
     MissingNames missing;
 };
 
-void applyTo(const PoseFigure &figure, const Pose &pose, bool mirrored, PoseWriter *writer,
+void applyTo(const VxPoseFigure &figure, const Pose &pose, bool mirrored, PoseWriter *writer,
              Counts *counts)
 {
     for (const JointPose &joint : pose.joints) {
@@ -144,10 +144,10 @@ PoseResult PoseCommands::copy(const VxScene *scene)
     const QVector<VxNode *> nodes = selectedTrees(scene);
     if (nodes.isEmpty())
         return PoseResult::nothingSelected();
-    const QVector<FigureNodes> figures = PoseFigure::byFigure(nodes);
+    const QVector<VxFigureNodes> figures = VxPoseFigure::byFigure(nodes);
     if (figures.size() > 1)
         return {false, StudioText::tr("Select nodes of one figure only to copy a pose.")};
-    const Pose pose = poseOf(PoseFigure(figures.first().root), nodes, scene->getTime());
+    const Pose pose = poseOf(VxPoseFigure(figures.first().root), nodes, scene->getTime());
     if (pose.joints.empty())
         return {false,
                 StudioText::tr("The selected node has no joints below it to copy the pose of.")};
@@ -162,10 +162,10 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
     if (pose.joints.empty())
         return {false, StudioText::tr("No pose was copied yet.")};
     QVector<VxNode *> roots;
-    for (const FigureNodes &figure : PoseFigure::byFigure(scene->getSelectedNodes()))
+    for (const VxFigureNodes &figure : VxPoseFigure::byFigure(scene->getSelectedNodes()))
         roots.append(figure.root);
     if (roots.isEmpty() && pose.root && pose.root->getScene() == scene)
-        roots.append(PoseFigure::rootOf(pose.root));
+        roots.append(VxPoseFigure::rootOf(pose.root));
     if (roots.isEmpty())
         return PoseResult::nothingSelected();
     PoseWriter writer(scene->getTime(), scene->isAnimating());
@@ -174,7 +174,7 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
     {
         const VxChangeBlock block;
         for (VxNode *root : qAsConst(roots))
-            applyTo(PoseFigure(root), pose, mirrored, &writer, &counts);
+            applyTo(VxPoseFigure(root), pose, mirrored, &writer, &counts);
     }
     const QString text =
         mirrored ? StudioText::tr("Paste Pose Mirrored") : StudioText::tr("Paste Pose");
@@ -195,8 +195,8 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
     VxUndoStackHold hold;
     {
         const VxChangeBlock block;
-        for (const FigureNodes &part : PoseFigure::byFigure(nodes)) {
-            const PoseFigure figure(part.root);
+        for (const VxFigureNodes &part : VxPoseFigure::byFigure(nodes)) {
+            const VxPoseFigure figure(part.root);
             applyTo(figure, poseOf(figure, part.nodes, scene->getTime()), true, &writer, &counts);
         }
     }
@@ -252,8 +252,8 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
         return PoseResult::nothingSelected();
     QVector<VxNode *> others;
     MissingNames missing;
-    for (const FigureNodes &part : PoseFigure::byFigure(nodes)) {
-        const PoseFigure figure(part.root);
+    for (const VxFigureNodes &part : VxPoseFigure::byFigure(nodes)) {
+        const VxPoseFigure figure(part.root);
         for (const VxNode *node : part.nodes) {
             if (!figure.contains(node))
                 continue;

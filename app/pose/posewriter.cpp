@@ -27,7 +27,7 @@ void PoseWriter::set(const VxNode *node, int channel, double value)
         (!control || !m_isAnimating || control->getNumKeys() == 0 || control->hasKey(m_time)))
         return;
     if (!control)
-        control = NodeChannels::make(node, channel);
+        control = node->getTransformControl(channel);
     const double target = stays ? present : value;
     const double own = ChannelLimits::ownPart(control, m_time, target);
     if (ChannelLimits::isDriven(control) || !control->setValue(m_time, float(own))) {

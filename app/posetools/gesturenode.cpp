@@ -40,7 +40,7 @@ GestureNode::Outcome GestureNode::set(int channel, double value)
         !isFree(channel))
         return Outcome::Refused;
     if (!m_channels.at(channel)) {
-        NodeChannels::make(m_node, channel);
+        m_node->getTransformControl(channel);
         m_channels = NodeChannels(m_node);
     }
     VxFloatProperty *control = m_channels.at(channel);

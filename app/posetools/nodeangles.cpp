@@ -1,7 +1,6 @@
 #include "posetools/nodeangles.h"
 
 #include "pose/channellimits.h"
-#include "pose/posefigure.h"
 
 #include <algorithm>
 #include <cmath>

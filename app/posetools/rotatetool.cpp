@@ -1,6 +1,5 @@
 #include "posetools/rotatetool.h"
 
-#include "pose/posefigure.h"
 #include "posetools/nodeangles.h"
 #include "scenetree/sceneedits.h"
 #include "widgets/studiotext.h"

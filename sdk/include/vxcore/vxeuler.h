@@ -15,6 +15,8 @@ using VxEuler = std::array<double, 3>;
 /// A rotation as a matrix: rotation[row][column], orthonormal, determinant 1.
 using VxRotation = std::array<std::array<double, 3>, 3>;
 
+inline constexpr VxRotation VxIdentityRotation = {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
+
 /// A rotation as a quaternion of length 1; q and -q are the same rotation.
 struct VxQuaternion
 {

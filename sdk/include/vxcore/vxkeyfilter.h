@@ -46,6 +46,11 @@ VXCORE_EXPORT int vxFilterEuler(const std::array<float *, 3> &angles, int count,
 /// last key of such a run stay; with smooth keys two at either end, which shape its ends.
 VXCORE_EXPORT std::vector<int> vxFlatKeys(const VxKeyColumns<float> &keys, double tolerance = 0);
 
+/// The values of the curve at many times, ascending; before the first and after the last key its
+/// value holds. There must be a key.
+VXCORE_EXPORT std::vector<float> vxSampleKeys(const VxKeyColumns<float> &keys, const VxTime *times,
+                                              int count);
+
 /// The same curve by keys of one type, within an error at every multiple of `step` ticks counted
 /// from each key. All keys stay; more are added where the new type needs them: before a jump, along
 /// a bend. To Constant the curve becomes steps. Error and rounding as in vxFitCurve(); a step below

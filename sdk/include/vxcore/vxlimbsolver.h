@@ -39,6 +39,7 @@ struct VxLimbSolution
 VXCORE_EXPORT VxLimbSolution vxSolveLimb(const VxLimb &limb, const VxVector &target,
                                          const VxVector &bendAxis);
 
+VXCORE_EXPORT VxVector operator*(const VxRotation &matrix, const VxVector &vector);
 /// A vector rotated by a quaternion of length 1.
 VXCORE_EXPORT VxVector vxRotated(const VxQuaternion &rotation, const VxVector &vector);
 /// The rotation by an angle in degrees about an axis; identity for an axis of zero length.

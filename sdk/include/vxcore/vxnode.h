@@ -95,6 +95,10 @@ public:
     Q_INVOKABLE VxFloatProperty *getXScaleControl() const;
     Q_INVOKABLE VxFloatProperty *getYScaleControl() const;
     Q_INVOKABLE VxFloatProperty *getZScaleControl() const;
+    /// One of these by its index in VxRestPose, 0 to 9, and the index of a name; -1 for other
+    /// names.
+    VxFloatProperty *getTransformControl(int index) const;
+    static int getTransformControlIndex(const QString &name);
 
     bool isSelected() const;
     /// Selecting makes the node the primary selection. Selecting a node that is not selectable,
@@ -125,6 +129,9 @@ public:
     /// when it is what the controls hold without their keys. Numbers must be finite.
     const std::optional<VxRestPose> &getRestPose() const;
     void setRestPose(const std::optional<VxRestPose> &restPose);
+    /// The rest pose; where none was set, what the controls hold without their keys. A control that
+    /// was not made yet, or holds no finite number, counts with its default.
+    VxRestPose getRestValues() const;
 
     /// The transform at a time relative to the parent: translate(origin + position) * rotation *
     /// scale, where each axis is scaled by the uniform scale times its own; and relative to the

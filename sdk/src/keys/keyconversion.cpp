@@ -159,3 +159,18 @@ VxFittedKeys vxConvertKeys(const VxKeyColumns<float> &keys, VxKeyInterp::Type ty
     return type == VxKeyInterp::Linear ? toLinear(curve, step, error)
                                        : toConstant(curve, step, error > 0 ? error : 0);
 }
+
+std::vector<float> vxSampleKeys(const VxKeyColumns<float> &keys, const VxTime *times, int count)
+{
+    const ColumnCurve curve(keys);
+    std::vector<float> values(std::size_t(count), 0.0F);
+    int i = 0; // the first key after the time
+    for (int k = 0; k < count; ++k) {
+        while (i < keys.count && keys.times[i] <= times[k])
+            ++i;
+        const int key = std::max(i - 1, 0);
+        const bool isHeld = i == 0 || i == keys.count || keys.times[key] == times[k];
+        values[std::size_t(k)] = isHeld ? keys.values[key] : float(curve.segment(key).at(times[k]));
+    }
+    return values;
+}

@@ -70,6 +70,13 @@ double angleBetween(const VxVector &a, const VxVector &b)
 
 } // namespace
 
+VxVector operator*(const VxRotation &matrix, const VxVector &vector)
+{
+    return {matrix[0][0] * vector[0] + matrix[0][1] * vector[1] + matrix[0][2] * vector[2],
+            matrix[1][0] * vector[0] + matrix[1][1] * vector[1] + matrix[1][2] * vector[2],
+            matrix[2][0] * vector[0] + matrix[2][1] * vector[1] + matrix[2][2] * vector[2]};
+}
+
 VxVector vxRotated(const VxQuaternion &q, const VxVector &v)
 {
     const VxVector axis = {q.x, q.y, q.z};

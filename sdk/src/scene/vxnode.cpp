@@ -177,6 +177,16 @@ VxSkeleton *VxNode::getSkeleton() const
     return nullptr;
 }
 
+VxFloatProperty *VxNode::getTransformControl(int index) const
+{
+    return priv()->control(static_cast<NodeControl>(index));
+}
+
+int VxNode::getTransformControlIndex(const QString &name)
+{
+    return nodeControlOfName(name);
+}
+
 VxFloatProperty *VxNode::getXPosControl() const
 {
     return priv()->control(XPosition);
@@ -394,6 +404,20 @@ void VxNode::setRestPose(const std::optional<VxRestPose> &restPose)
         VxUndoNodeRestPose, [](const VxNode *n) { return n->getRestPose(); },
         [](VxNode *n, const std::optional<VxRestPose> &value) { n->setRestPose(value); });
     priv()->restPose = restPose;
+}
+
+VxRestPose VxNode::getRestValues() const
+{
+    if (const std::optional<VxRestPose> &set = priv()->restPose)
+        return *set;
+    VxRestPose values;
+    for (size_t i = 0; i < values.size(); ++i) {
+        const VxFloatProperty *control = priv()->controls[i];
+        const bool isUsable = control && std::isfinite(control->getStoredValue());
+        values[i] = isUsable ? control->getStoredValue()
+                             : float(nodeControlDefault(static_cast<NodeControl>(i)));
+    }
+    return values;
 }
 
 QMatrix4x4 VxNode::getLocalTransform(VxTime time) const

@@ -1,17 +1,12 @@
-#ifndef POSEFIGURE_H
-#define POSEFIGURE_H
+#ifndef VXCORE_VXPOSEFIGURE_H
+#define VXCORE_VXPOSEFIGURE_H
 
-#include "pose/nodechannels.h"
-
-#include <QHash>
-#include <QStringList>
-#include <QVector>
-#include <vxcore/vxlimbsolver.h>
-
-class VxScene;
+#include <QtCore/QHash>
+#include <QtCore/QVector>
+#include <vxcore/vxposetransfer.h>
 
 /// Some nodes of one figure.
-struct FigureNodes
+struct VxFigureNodes
 {
     VxNode *root; ///< of the figure
     QVector<VxNode *> nodes;
@@ -21,17 +16,17 @@ struct FigureNodes
 /// pose and its mirror plane. Made for one operation; valid until the scene changes.
 ///
 /// The figure's space is that of its root, a skeleton or else the topmost node. The root itself is
-/// not part of the pose.
-class PoseFigure
+/// not found by name.
+class VXCORE_EXPORT VxPoseFigure
 {
 public:
     /// The root of the figure that a node belongs to; the node itself for a root.
     static VxNode *rootOf(VxNode *node);
     /// Several nodes by their figures, both in the order of the nodes. The cost is linear in the
     /// nodes and those above them.
-    static QVector<FigureNodes> byFigure(const QVector<VxNode *> &nodes);
+    static QVector<VxFigureNodes> byFigure(const QVector<VxNode *> &nodes);
 
-    explicit PoseFigure(VxNode *root);
+    explicit VxPoseFigure(VxNode *root);
 
     VxNode *root() const { return m_root; }
     bool contains(const VxNode *node) const { return m_axes.contains(node) && node != m_root; }
@@ -42,10 +37,9 @@ public:
     /// The same for the name's other side; names that belong to no side are their own.
     VxNode *findMirrored(const QString &name) const;
 
-    /// The axes of a node's rest pose in the figure's space, and those of its parent. Scales are
-    /// left out.
-    VxRotation restAxes(const VxNode *node) const;
-    VxRotation parentRestAxes(const VxNode *node) const;
+    /// The rest pose of a node. The root's axes are those of the figure's space, its parent's are
+    /// where they are seen from there at rest.
+    VxJointRest rest(const VxNode *node) const;
 
     /// The reflection at the mirror plane: I - 2 n nT. Its normal n is the mean direction from the
     /// nodes of one side to those of the other in the rest pose; X in a figure without pairs.
@@ -63,9 +57,5 @@ private:
     QHash<const VxNode *, VxRotation> m_axes;
     QHash<const VxNode *, VxVector> m_places;
 };
-
-/// A vector multiplied by a matrix.
-VxVector operator*(const VxRotation &matrix, const VxVector &vector);
-VxRotation identityRotation();
 
 #endif

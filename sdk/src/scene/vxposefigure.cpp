@@ -1,8 +1,10 @@
-#include "pose/posefigure.h"
+#include <vxcore/vxposefigure.h>
 
-#include "create/namenumbers.h"
+#include "scene/nodecontrols.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vxcore/vxcopyname.h>
 #include <vxcore/vxmirrornames.h>
 #include <vxcore/vxskeleton.h>
 
@@ -10,42 +12,34 @@ namespace {
 
 constexpr double NoLength = 1e-9; // relative to the figure's numbers
 
-double dot(const VxVector &a, const VxVector &b)
+double scalarProduct(const VxVector &a, const VxVector &b)
 {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }
 
-VxVector difference(const VxVector &a, const VxVector &b)
+VxVector stepBetween(const VxVector &from, const VxVector &to)
 {
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
+}
+
+VxRotation rotationOf(const VxRestPose &rest, const VxNode *node)
+{
+    return vxRotation({rest[XRotation], rest[YRotation], rest[ZRotation]},
+                      vxRotationOrder(node->getRotationOrder()));
 }
 
 } // namespace
 
-VxVector operator*(const VxRotation &matrix, const VxVector &vector)
-{
-    VxVector result{};
-    for (std::size_t row = 0; row < 3; ++row)
-        result[row] =
-            matrix[row][0] * vector[0] + matrix[row][1] * vector[1] + matrix[row][2] * vector[2];
-    return result;
-}
-
-VxRotation identityRotation()
-{
-    return {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
-}
-
-VxNode *PoseFigure::rootOf(VxNode *node)
+VxNode *VxPoseFigure::rootOf(VxNode *node)
 {
     while (!qobject_cast<VxSkeleton *>(node) && node->getNodeParent())
         node = node->getNodeParent();
     return node;
 }
 
-QVector<FigureNodes> PoseFigure::byFigure(const QVector<VxNode *> &nodes)
+QVector<VxFigureNodes> VxPoseFigure::byFigure(const QVector<VxNode *> &nodes)
 {
-    QVector<FigureNodes> figures;
+    QVector<VxFigureNodes> figures;
     QHash<const VxNode *, int> figureOf; // the nodes passed so far
     for (VxNode *node : nodes) {
         QVector<const VxNode *> passed;
@@ -55,7 +49,7 @@ QVector<FigureNodes> PoseFigure::byFigure(const QVector<VxNode *> &nodes)
             passed.append(at);
             if (qobject_cast<VxSkeleton *>(at) || !at->getNodeParent()) {
                 figure = figures.size();
-                figures.append(FigureNodes{at, {}});
+                figures.append(VxFigureNodes{at, {}});
                 break;
             }
             at = at->getNodeParent();
@@ -68,16 +62,16 @@ QVector<FigureNodes> PoseFigure::byFigure(const QVector<VxNode *> &nodes)
     return figures;
 }
 
-PoseFigure::PoseFigure(VxNode *root)
+VxPoseFigure::VxPoseFigure(VxNode *root)
     : m_root(root)
 {
-    m_axes.insert(root, identityRotation());
+    m_axes.insert(root, VxIdentityRotation);
     m_places.insert(root, VxVector{});
     collect();
 }
 
 /** Another skeleton below the root is a figure of its own. */
-void PoseFigure::collect()
+void VxPoseFigure::collect()
 {
     QVector<VxNode *> open{m_root};
     while (!open.isEmpty()) {
@@ -89,13 +83,13 @@ void PoseFigure::collect()
         for (VxNode *node : qAsConst(children)) {
             if (qobject_cast<VxSkeleton *>(node))
                 continue;
-            const PoseValues rest = NodeChannels(node).rest();
+            const VxRestPose rest = node->getRestValues();
             const QVector3D origin = node->getOrigin();
-            const VxVector local{double(origin.x()) + rest[XPlace],
-                                 double(origin.y()) + rest[YPlace],
-                                 double(origin.z()) + rest[ZPlace]};
+            const VxVector local{double(origin.x()) + double(rest[XPosition]),
+                                 double(origin.y()) + double(rest[YPosition]),
+                                 double(origin.z()) + double(rest[ZPosition])};
             const VxVector moved = axes * local;
-            m_axes.insert(node, axes * vxRotation(anglesOf(rest), orderOf(node)));
+            m_axes.insert(node, axes * rotationOf(rest, node));
             m_places.insert(node, {from[0] + moved[0], from[1] + moved[1], from[2] + moved[2]});
             m_nodes.append(node);
             if (!m_byName.contains(node->getName()))
@@ -107,66 +101,67 @@ void PoseFigure::collect()
     }
 }
 
-QString PoseFigure::plainName(const QString &name)
+QString VxPoseFigure::plainName(const QString &name)
 {
-    return NameNumbers::withoutNumber(name.section(QLatin1Char(':'), -1)).toLower();
+    return VxCopyName::read(name.section(QLatin1Char(':'), -1)).original().toLower();
 }
 
-VxNode *PoseFigure::find(const QString &name) const
+VxNode *VxPoseFigure::find(const QString &name) const
 {
     VxNode *same = m_byName.value(name);
     return same ? same : m_byPlainName.value(plainName(name));
 }
 
-VxNode *PoseFigure::findMirrored(const QString &name) const
+VxNode *VxPoseFigure::findMirrored(const QString &name) const
 {
     static const VxMirrorNames names;
     const QString other = names.mirrored(name);
     return find(other.isEmpty() ? name : other);
 }
 
-VxRotation PoseFigure::restAxes(const VxNode *node) const
+VxJointRest VxPoseFigure::rest(const VxNode *node) const
 {
-    return m_axes.value(node, identityRotation());
+    VxJointRest rest;
+    rest.values = node->getRestValues();
+    rest.order = vxRotationOrder(node->getRotationOrder());
+    rest.axes = m_axes.value(node, VxIdentityRotation);
+    rest.parentAxes = node == m_root ? vxTransposed(rotationOf(rest.values, node))
+                                     : m_axes.value(node->getNodeParent(), VxIdentityRotation);
+    return rest;
 }
 
-VxRotation PoseFigure::parentRestAxes(const VxNode *node) const
-{
-    return restAxes(node->getNodeParent());
-}
-
-VxVector PoseFigure::findNormal() const
+VxVector VxPoseFigure::findNormal() const
 {
     QVector<VxVector> across;
     VxVector longest{};
     double size = 0;
     for (const VxNode *node : m_nodes) {
         const VxVector place = m_places.value(node);
-        size = std::max(size, dot(place, place));
+        size = std::max(size, scalarProduct(place, place));
         const VxNode *other = findMirrored(node->getName());
         if (!other || other == node)
             continue;
-        const VxVector step = difference(m_places.value(other), place);
+        const VxVector step = stepBetween(place, m_places.value(other));
         across.append(step);
-        if (dot(step, step) > dot(longest, longest))
+        if (scalarProduct(step, step) > scalarProduct(longest, longest))
             longest = step;
     }
     VxVector sum{};
     for (const VxVector &step : qAsConst(across)) {
-        const double sign = dot(step, longest) < 0 ? -1 : 1;
+        const double sign = scalarProduct(step, longest) < 0 ? -1 : 1;
         for (std::size_t i = 0; i < 3; ++i)
             sum[i] += sign * step[i];
     }
-    const double length = std::sqrt(dot(sum, sum));
+    const double length = std::sqrt(scalarProduct(sum, sum));
     if (!std::isfinite(length) || length <= NoLength * std::sqrt(size))
         return {1, 0, 0};
     return {sum[0] / length, sum[1] / length, sum[2] / length};
 }
 
-VxRotation PoseFigure::reflection() const
+VxRotation VxPoseFigure::reflection() const
 {
     const VxVector normal = findNormal();
-    VxRotation matrix = identityRotation();
+    VxRotation matrix = VxIdentityRotation;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column)
             matrix[row][column] -= 2 * normal[row] * normal[column];
