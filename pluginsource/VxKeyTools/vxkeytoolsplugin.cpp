@@ -65,6 +65,7 @@ void addClasses(VxPlugin *plugin)
     addClass<VxKeyToolsReverseAction>(plugin, "E122CF93-BFB5-4ED7-BB58-8CA4210FC66A");
     addClass<VxKeyToolsDuplicateAction>(plugin, "C67D7C85-CAF4-488E-A159-429F34813C6A");
     addClass<VxKeyToolsPasteAction>(plugin, "D4B6C1D0-52C7-4D0B-9F0A-7B1B5A7C7E11");
+    addClass<VxKeyToolsPasteMirroredAction>(plugin, "E48507DD-A2D1-4BC7-A872-5DDC80110DB2");
     addClass<VxKeyToolsSetValuesAction>(plugin, "77B5400E-7967-4D4D-8CA6-9A8DDBD13D6B");
     addClass<VxKeyToolsScaleValuesAction>(plugin, "30D3A7CD-02A7-4A9E-9986-FA68FC86C703");
     addClass<VxKeyToolsMirrorValuesAction>(plugin, "24C666B0-EF78-4069-A906-09E769E2635C");

@@ -122,6 +122,30 @@ public:
         return places.join(' ');
     }
 
+    /// Copies keys of a property, as the timeline does: the selected ones, or all.
+    void copy(const VxFloatProperty *property, bool all = false)
+    {
+        std::vector<VxKeySpan> spans = {{0, property->getNumKeys()}};
+        if (!all)
+            spans = keeper.spansOf(const_cast<VxFloatProperty *>(property));
+        VxCopiedKeys keys;
+        keys.node = property->getOwner()->getName();
+        keys.property = property->getName();
+        for (const VxKeySpan &span : spans)
+            for (int i = span.first; i < span.last; ++i) {
+                VxTcb tcb;
+                keys.times.push_back(property->getKeyTime(i));
+                keys.values.push_back(double(property->getKeyValue(i)));
+                keys.types.push_back(quint8(property->getKeyInterpolationType(
+                    i, &tcb.tension, &tcb.continuity, &tcb.bias)));
+                keys.tcb.push_back(tcb);
+            }
+        if (std::all_of(keys.tcb.begin(), keys.tcb.end(),
+                        [](const VxTcb &tcb) { return tcb == VxTcb(); }))
+            keys.tcb.clear();
+        keeper.copied.push_back(keys);
+    }
+
     /// Runs a script; what it returns, or its error.
     QString run(const QString &script) const
     {

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpropertygrouptree.h>
 
 namespace {
 
@@ -26,6 +28,20 @@ bool setKeys(Property *property, const VxCopiedKeys &copied, const std::vector<V
     return property->setKeys(keys);
 }
 
+/// A property below a group with a name; null for none.
+VxProperty *findBelow(const VxPropertyGroup *group, const QString &name)
+{
+    for (int i = 0; i < group->getNumProperties(); ++i) {
+        if (group->getProperty(i)->getName() == name)
+            return group->getProperty(i);
+    }
+    for (int i = 0; i < group->getNumChildren(); ++i) {
+        if (VxProperty *found = findBelow(group->getChild(i), name))
+            return found;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 KeyPaste::KeyPaste(const std::vector<VxCopiedKeys> &copied, VxTime at, VxTime step, Mode mode)
@@ -40,6 +56,12 @@ KeyPaste::KeyPaste(const std::vector<VxCopiedKeys> &copied, VxTime at, VxTime st
     }
     m_offset = std::min(qint64(at) - first, qint64(VxTimeMax) - last);
     m_span = VxTimeRange(VxTime(first + m_offset), VxTime(last + m_offset));
+}
+
+VxProperty *KeyPaste::findProperty(const VxNode *node, const QString &name)
+{
+    VxProperty *own = node->findProperty(name);
+    return own ? own : findBelow(node->getPropertyGroups()->getRoot(), name);
 }
 
 // Before the first key is written: false leaves the property as it is.

@@ -5,6 +5,7 @@
 #include <QtCore/QSet>
 #include <vxcore/vxcopiedkeys.h>
 
+class VxNode;
 class VxNumericProperty;
 
 /// Sets copied keys on properties, at other times.
@@ -20,9 +21,15 @@ public:
     /// The earliest copied key gets the time `at`; earlier where keys would have no time.
     KeyPaste(const std::vector<VxCopiedKeys> &copied, VxTime at, VxTime step, Mode mode);
 
+    /// The node's property with a name, or that of its object; null for none.
+    static VxProperty *findProperty(const VxNode *node, const QString &name);
+
     /// Pastes into the key holder of a property; a holder that has keys pasted already is left out.
     /// Counts a property that refuses keys.
     void paste(const VxCopiedKeys &keys, VxProperty *property);
+
+    /// The time of the earliest key.
+    VxTime start() const { return m_span.getStart(); }
 
     int keys() const { return m_keys; } ///< pasted ones
     int channels() const { return int(m_entries.size()); }

@@ -165,6 +165,11 @@ VxKeyToolsPasteAction::VxKeyToolsPasteAction()
 {
 }
 
+VxKeyToolsPasteMirroredAction::VxKeyToolsPasteMirroredAction()
+    : KeyToolAction("pasteMirrored")
+{
+}
+
 VxKeyToolsSetValuesAction::VxKeyToolsSetValuesAction()
     : KeyToolAction("setValues")
 {

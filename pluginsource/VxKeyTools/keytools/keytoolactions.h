@@ -149,6 +149,13 @@ public:
     VxKeyToolsPasteAction();
 };
 
+class VxKeyToolsPasteMirroredAction : public KeyToolAction
+{
+    Q_OBJECT
+public:
+    VxKeyToolsPasteMirroredAction();
+};
+
 class VxKeyToolsSetValuesAction : public KeyToolAction
 {
     Q_OBJECT

@@ -2,42 +2,26 @@
 
 #include "keytools/keypaste.h"
 #include "keytools/keytooltext.h"
+#include "keytools/mirroredpaste.h"
 
 #include <QtCore/QHash>
 #include <algorithm>
 #include <vxcore/vxnode.h>
-#include <vxcore/vxnumericproperty.h>
-#include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxscene.h>
 
 namespace {
 
 enum Destination { CopiedNodes, SelectedNodes };
 
-KeyToolResult refusedPaste(const QString &reason)
+KeyToolResult refusedPaste(const QString &action, const QString &reason)
 {
-    return refusedResult(KeyToolText::tr("Paste Keys: %1").arg(reason));
+    return refusedResult(QStringLiteral("%1: %2").arg(action, reason));
 }
 
-/// A property below a group with a name; null for none.
-VxProperty *findBelow(const VxPropertyGroup *group, const QString &name)
+KeyPaste pasteAtPlayhead(const std::vector<VxCopiedKeys> &copied, const KeyToolArguments &arguments)
 {
-    for (int i = 0; i < group->getNumProperties(); ++i) {
-        if (group->getProperty(i)->getName() == name)
-            return group->getProperty(i);
-    }
-    for (int i = 0; i < group->getNumChildren(); ++i) {
-        if (VxProperty *found = findBelow(group->getChild(i), name))
-            return found;
-    }
-    return nullptr;
-}
-
-/// The node's property with a name, or that of its object.
-VxProperty *findProperty(const VxNode *node, const QString &name)
-{
-    VxProperty *own = node->findProperty(name);
-    return own ? own : findBelow(node->getPropertyGroups()->getRoot(), name);
+    return {copied, vxScene->getTime(), vxScene->getTimeStep(),
+            KeyPaste::Mode(arguments.choice("mode"))};
 }
 
 QStringList copiedNodeNames(const std::vector<VxCopiedKeys> &copied)
@@ -68,8 +52,9 @@ Receivers receiversOf(const QStringList &names, Destination to, QString *obstacl
 {
     Receivers receivers;
     if (to == CopiedNodes) {
+        const QSet<QString> copied(names.begin(), names.end());
         for (VxNode *node : vxScene->getNodes()) {
-            if (names.contains(node->getName()) && !receivers.contains(node->getName()))
+            if (copied.contains(node->getName()) && !receivers.contains(node->getName()))
                 receivers[node->getName()].append(node);
         }
         return receivers;
@@ -96,7 +81,7 @@ int pasteAll(const std::vector<VxCopiedKeys> &copied, const Receivers &receivers
         const QVector<VxNode *> nodes = receivers.value(keys.node);
         missing += nodes.isEmpty() ? 1 : 0;
         for (const VxNode *node : nodes) {
-            if (VxProperty *property = findProperty(node, keys.property))
+            if (VxProperty *property = KeyPaste::findProperty(node, keys.property))
                 paste->paste(keys, property);
             else
                 ++missing;
@@ -105,44 +90,84 @@ int pasteAll(const std::vector<VxCopiedKeys> &copied, const Receivers &receivers
     return missing;
 }
 
-KeyToolResult finish(const KeyPaste &paste, int missing)
+KeyToolResult finish(const QString &action, const KeyPaste &paste, const QString &notes)
 {
     KeyToolResult result;
     result.done = paste.keys() > 0;
     result.keys = result.after = paste.keys();
     result.channels = paste.channels();
-    result.message =
-        result.done
-            ? KeyToolText::tr("Paste Keys: %1 on %2 channels").arg(result.keys).arg(result.channels)
-            : KeyToolText::tr("Paste Keys: no property takes the keys");
-    if (missing > 0)
-        result.message += KeyToolText::tr("; not found: %1").arg(missing);
+    result.message = result.done ? KeyToolText::tr("%1: %2 on %3 channels")
+                                       .arg(action)
+                                       .arg(result.keys)
+                                       .arg(result.channels)
+                                 : KeyToolText::tr("%1: no property takes the keys").arg(action);
+    result.message += notes;
     if (paste.skipped() > 0)
         result.message += KeyToolText::tr(" (%1 locked or linked skipped)").arg(paste.skipped());
     return shownResult(result);
 }
 
+/// Pastes in one undo entry and selects the keys.
+template <class Paste> void commit(const QString &action, KeyPaste *paste, Paste pasteTo)
+{
+    VxUndoStackHold hold;
+    auto block = std::make_unique<VxChangeBlock>();
+    pasteTo();
+    if (paste->keys() > 0)
+        VxKeySelection::current()->set(paste->entries());
+    block.reset();
+    hold.accept(action);
+}
+
 KeyToolResult pasteKeys(const KeyToolArguments &arguments)
 {
-    VxKeySelection *selection = VxKeySelection::current();
+    const QString action = KeyToolText::tr("Paste Keys");
+    const VxKeySelection *selection = VxKeySelection::current();
     if (!selection || selection->copiedKeys().empty())
-        return refusedPaste(KeyToolText::tr("copy keys first"));
+        return refusedPaste(action, KeyToolText::tr("copy keys first"));
     const std::vector<VxCopiedKeys> &copied = selection->copiedKeys();
     QString obstacle;
     const Receivers receivers =
         receiversOf(copiedNodeNames(copied), Destination(arguments.choice("to")), &obstacle);
     if (!obstacle.isEmpty())
-        return refusedPaste(obstacle);
-    KeyPaste paste(copied, vxScene->getTime(), vxScene->getTimeStep(),
-                   KeyPaste::Mode(arguments.choice("mode")));
-    VxUndoStackHold hold;
-    auto block = std::make_unique<VxChangeBlock>();
-    const int missing = pasteAll(copied, receivers, &paste);
-    if (paste.keys() > 0)
-        selection->set(paste.entries());
-    block.reset();
-    hold.accept(KeyToolText::tr("Paste Keys"));
-    return finish(paste, missing);
+        return refusedPaste(action, obstacle);
+    KeyPaste paste = pasteAtPlayhead(copied, arguments);
+    int missing = 0;
+    commit(action, &paste, [&] { missing = pasteAll(copied, receivers, &paste); });
+    return finish(action, paste,
+                  missing > 0 ? KeyToolText::tr("; not found: %1").arg(missing) : "");
+}
+
+QString notesOn(const MirroredPaste &mirrored)
+{
+    constexpr int ListedNames = 5;
+    QString notes = KeyToolText::tr("; nodes: %1 to the other side, %2 in place")
+                        .arg(mirrored.otherSide())
+                        .arg(mirrored.inPlace());
+    const QStringList &missing = mirrored.missingNodes();
+    if (!missing.isEmpty())
+        notes += KeyToolText::tr("; not found: %1")
+                     .arg(missing.mid(0, ListedNames).join(QStringLiteral(", ")));
+    if (missing.size() > ListedNames)
+        notes += KeyToolText::tr(" and %1 more").arg(missing.size() - ListedNames);
+    if (mirrored.missingProperties() > 0)
+        notes += KeyToolText::tr("; properties not found: %1").arg(mirrored.missingProperties());
+    return notes;
+}
+
+KeyToolResult pasteMirrored(const KeyToolArguments &arguments)
+{
+    const QString action = KeyToolText::tr("Paste Mirrored");
+    const VxKeySelection *selection = VxKeySelection::current();
+    if (!selection || selection->copiedKeys().empty())
+        return refusedPaste(action, KeyToolText::tr("copy keys first"));
+    QVector<VxNode *> figures;
+    for (const VxFigureNodes &figure : VxPoseFigure::byFigure(vxScene->getSelectedNodes()))
+        figures.append(figure.root);
+    KeyPaste paste = pasteAtPlayhead(selection->copiedKeys(), arguments);
+    const MirroredPaste mirrored(selection->copiedKeys(), figures, paste.start());
+    commit(action, &paste, [&] { mirrored.pasteTo(&paste); });
+    return finish(action, paste, notesOn(mirrored));
 }
 
 } // namespace
@@ -161,5 +186,11 @@ QVector<KeyTool> pasteTools()
          {{"to", KeyToolText::tr("To"), P::Choice, destinations[1], destinations},
           {"mode", KeyToolText::tr("Other keys"), P::Choice, modes[0], modes}},
          &pasteKeys},
+        {"pasteMirrored",
+         KeyToolText::tr("Paste Mirrored"),
+         KeyToolText::tr("Pastes copied keys at the playhead, mirrored, to the nodes of the other "
+                         "side."),
+         {{"mode", KeyToolText::tr("Other keys"), P::Choice, modes[0], modes}},
+         &pasteMirrored},
     };
 }

@@ -21,21 +21,6 @@ namespace {
 
 constexpr VxTime Frame = KeyToolStage::Frame;
 
-/// Copies the selected keys of a property, as the timeline does.
-void copy(KeyToolStage *stage, const VxFloatProperty *property)
-{
-    VxCopiedKeys keys;
-    keys.node = property->getOwner()->getName();
-    keys.property = property->getName();
-    for (const VxKeySpan &span : stage->keeper.spansOf(const_cast<VxFloatProperty *>(property)))
-        for (int i = span.first; i < span.last; ++i) {
-            keys.times.push_back(property->getKeyTime(i));
-            keys.values.push_back(double(property->getKeyValue(i)));
-            keys.types.push_back(quint8(property->getKeyInterpolationType(i)));
-        }
-    stage->keeper.copied.push_back(keys);
-}
-
 } // namespace
 
 void tst_KeyPaste::drawings_data()
@@ -67,7 +52,7 @@ void tst_KeyPaste::drawings()
     vxScene->addNode(other);
     vxScene->setTime(2 * Frame);
     stage.draw(copied);
-    copy(&stage, stage.channel);
+    stage.copy(stage.channel);
     const QByteArray source = stage.drawing(8).toUtf8();
     stage.draw(other->getXPosControl(), before);
     other->select();
@@ -94,9 +79,9 @@ void tst_KeyPaste::severalNodes()
     stage.draw("A");
     stage.draw(nodes[0]->getXPosControl(), "B");
     stage.draw(nodes[0]->getYRotControl(), "C");
-    copy(&stage, stage.channel);
-    copy(&stage, nodes[0]->getXPosControl());
-    copy(&stage, nodes[0]->getYRotControl());
+    stage.copy(stage.channel);
+    stage.copy(nodes[0]->getXPosControl());
+    stage.copy(nodes[0]->getYRotControl());
     vxScene->setTime(Frame);
     nodes[2]->select(); // the order of the scene counts, not that of selecting
     nodes[1]->select();
@@ -119,9 +104,9 @@ void tst_KeyPaste::refusals()
     vxScene->addNode(other);
     stage.draw("A");
     stage.draw(other->getXPosControl(), "B");
-    copy(&stage, stage.channel);
+    stage.copy(stage.channel);
     QCOMPARE(stage.run("KeyTools.paste().message"), QString("Paste Keys: select nodes"));
-    copy(&stage, other->getXPosControl());
+    stage.copy(other->getXPosControl());
     other->select();
     QCOMPARE(stage.run("KeyTools.paste().message"),
              QString("Paste Keys: the keys are of 2 nodes; select as many"));
@@ -169,7 +154,7 @@ void tst_KeyPaste::lockedIsSkipped()
     auto *other = new VxNode("other");
     vxScene->addNode(other);
     stage.draw("A B");
-    copy(&stage, stage.channel);
+    stage.copy(stage.channel);
     other->getXPosControl()->setLocked(true);
     other->select();
     QCOMPARE(stage.run("KeyTools.paste({mode: 2}).message"),
@@ -185,7 +170,7 @@ void tst_KeyPaste::aliasesShareTheirKeys()
     stage.node->addProperty(alias, "/Special");
     alias->setAliasedProperty(stage.channel);
     stage.draw("A B");
-    copy(&stage, stage.channel);
+    stage.copy(stage.channel);
     stage.keeper.copied.push_back(stage.keeper.copied[0]);
     stage.keeper.copied[1].property = "alias";
     vxScene->setTime(3 * Frame);
@@ -197,7 +182,7 @@ void tst_KeyPaste::atTheEndOfTime()
 {
     KeyToolStage stage;
     stage.draw("A . B");
-    copy(&stage, stage.channel);
+    stage.copy(stage.channel);
     vxScene->setTime(VxTimeMax - 1);
     QCOMPARE(stage.run("KeyTools.paste({to: 0}).keys"), QString("2"));
     QCOMPARE(stage.channel->getKeyTime(3), VxTimeMax);

@@ -519,6 +519,17 @@ void tst_KeyTools::randomToolsUndoAndRedo()
         stage.keeper.copied.push_back(
             {{}, "node", QLatin1String(property), {0, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}});
     }
+    // Arms of different rest axes, to be mirrored.
+    const std::array<VxNode *, 2> arms = {new VxBone("LeftArm"), new VxBone("RightArm")};
+    for (VxNode *arm : arms) {
+        vxScene->addNode(arm, leg.hip);
+        arm->getZRotControl()->setStoredValue(arm == arms[0] ? 20 : 75);
+        builder.keyChannels({arm}, 12, 160, VxSceneBuilder::KeyTypes::Mixed);
+    }
+    for (const char *property : {"ZTranslate", "YRotate"}) {
+        stage.keeper.copied.push_back(
+            {{}, "LeftArm", QLatin1String(property), {90, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}});
+    }
     const QByteArray start = KeyToolStage::snapshot();
     std::vector<QByteArray> states = {start};
     const QStringList texts = {"0",  "3",   "-2",  "150%", "-50%", "+4",
