@@ -24,6 +24,7 @@ constexpr double PixelsPerFactor = 100; // of scaled values
 constexpr double LeastArm = 30;         // pixels from the pivot of scaled times to the mouse
 constexpr int AxisSample = 1000;        // pixels
 constexpr int TextMargin = 6;           // pixels
+constexpr int MarkerReach = 6;          // pixels
 
 void showMessage(const QString &text)
 {
@@ -70,8 +71,7 @@ KeyGesture *KeyGesture::begin(VxTimeAxis *axis, KeyGestureKind kind, int pivot)
                         .arg(amount.tool().label));
         return nullptr;
     }
-    auto *gesture = new KeyGesture(axis, amount);
-    gesture->m_range = targets.range();
+    auto *gesture = new KeyGesture(axis, amount, targets.range());
     gesture->m_valuePerPixel = axis->valuePerPixel();
     if (amount.isOfValues() && !(gesture->m_valuePerPixel > 0))
         gesture->m_valuePerPixel = valuePerPixelOf(targets);
@@ -79,12 +79,14 @@ KeyGesture *KeyGesture::begin(VxTimeAxis *axis, KeyGestureKind kind, int pivot)
     return gesture;
 }
 
-KeyGesture::KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount)
+KeyGesture::KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount, const VxTimeRange &range)
     : QWidget(axis->overlayParent())
     , m_axis(axis)
     , m_amount(amount)
     , m_guard(new VxGestureGuard(this))
     , m_formerFocus(QApplication::focusWidget())
+    , m_range(range)
+    , m_markers(VxMarkers::listOf(vxScene), range)
 {
     setObjectName(QStringLiteral("KeyGesture"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -235,12 +237,12 @@ double KeyGesture::ticksPerPixel() const
            (2 * AxisSample);
 }
 
-double KeyGesture::pivotX() const
+double KeyGesture::pivotTime() const
 {
     const double times[] = {double(vxScene->getTime()), double(m_range.getStart()),
                             double(m_range.getEnd()),
                             (double(m_range.getStart()) + m_range.getEnd()) / 2};
-    return m_axis->xOf(VxTime(times[m_amount.pivot()]));
+    return times[m_amount.pivot()];
 }
 
 void KeyGesture::followMouse(bool snaps)
@@ -248,19 +250,26 @@ void KeyGesture::followMouse(bool snaps)
     if (!m_axis || !m_hasMouse)
         return;
     const QPointF moved = m_pixel - m_origin;
+    // Keys beside a marker stay until the mouse moves.
+    const double reach = snaps && moved.x() != 0 ? MarkerReach * ticksPerPixel() : -1;
     switch (m_amount.kind()) {
     case KeyGestureKind::Move:
-    case KeyGestureKind::Duplicate:
-        m_amount.setByMouse(std::round(moved.x() * ticksPerPixel()),
-                            snaps ? vxScene->getTimeStep() : 0);
+    case KeyGestureKind::Duplicate: {
+        const double offset = std::round(moved.x() * ticksPerPixel());
+        const std::optional<double> atMarker = m_markers.offset(offset, reach);
+        m_amount.setByMouse(atMarker.value_or(offset),
+                            snaps && !atMarker ? vxScene->getTimeStep() : 0);
         break;
+    }
     case KeyGestureKind::ScaleTimes: {
         // The time under the mouse follows it. Beside the pivot small movements would be huge
         // factors.
-        double arm = m_origin.x() - pivotX();
+        double arm = m_origin.x() - m_axis->xOf(VxTime(pivotTime()));
         if (std::abs(arm) < LeastArm)
             arm = arm < 0 ? -LeastArm : LeastArm;
-        m_amount.setByMouse(1 + moved.x() / arm, snaps ? FactorStep : 0);
+        const double factor = 1 + moved.x() / arm;
+        const std::optional<double> atMarker = m_markers.factor(factor, pivotTime(), reach);
+        m_amount.setByMouse(atMarker.value_or(factor), snaps && !atMarker ? FactorStep : 0);
         break;
     }
     case KeyGestureKind::MoveValues:

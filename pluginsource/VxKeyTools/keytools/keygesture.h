@@ -2,6 +2,7 @@
 #define KEYTOOLS_KEYGESTURE_H
 
 #include "keytools/keygestureamount.h"
+#include "keytools/keymarkersnap.h"
 #include "keytools/keytoolpreview.h"
 
 #include <QtCore/QPointer>
@@ -41,13 +42,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount);
+    KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount, const VxTimeRange &range);
     void start();
     bool handleMouse(const QEvent *event);
     void moveMouse(const QMouseEvent &event);
     void followMouse(bool snaps);
     double ticksPerPixel() const;
-    double pivotX() const;
+    double pivotTime() const;
     void showAmount();
     void end();
 
@@ -57,6 +58,7 @@ private:
     QPointer<VxGestureGuard> m_guard;
     QPointer<QWidget> m_formerFocus;
     VxTimeRange m_range; // of the edited keys at the start
+    KeyMarkerSnap m_markers;
     double m_valuePerPixel = 0;
     QPointer<QObject> m_window; // source of the mouse events
     bool m_hasMouse = false;    // it was seen

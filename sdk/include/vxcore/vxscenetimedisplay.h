@@ -21,7 +21,11 @@ public:
     static QString textOf(const VxScene *scene, VxTime time);
     /// The same for a label: frames follow the word "Frame", other units show what they are.
     static QString labelOf(const VxScene *scene, VxTime time);
-    /// A typed time of a scene, or a change of one.
+    /// A typed time of a scene, or a change of one, as VxTimeDisplay::read() reads it. In it
+    /// "@Step" is the start of the marker of that name, "@Step.end" its end (the first one of that
+    /// name, else of that name in other letters), "@>" and "@<" are the next and the previous start
+    /// or end of a marker after and before the current time. A name of other than letters, digits
+    /// and underscores has quotation marks: @"Left step" - 2.
     static VxTypedInput read(const VxScene *scene, const QString &text,
                              VxTypedInput::Signs signs = VxTypedInput::OfValues);
     ~VxSceneTimeDisplay() override;

@@ -2,6 +2,7 @@
 
 #include <vxcore/vxscene.h>
 
+#include "scene/markerinput.h"
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
 
@@ -48,7 +49,14 @@ QString VxSceneTimeDisplay::labelOf(const VxScene *scene, VxTime time)
 VxTypedInput VxSceneTimeDisplay::read(const VxScene *scene, const QString &text,
                                       VxTypedInput::Signs signs)
 {
-    return displayOf(scene).read(text, scene->getTimeStep(), signs);
+    QString times = text;
+    if (text.contains(QLatin1Char('@'))) {
+        const auto *markers = scene->findChild<VxMarkers *>(QString(), Qt::FindDirectChildrenOnly);
+        times = markers ? withMarkerTimes(text, *markers, scene->getTime()) : QString();
+        if (times.isNull())
+            return {VxTypedInput::Unreadable, 0};
+    }
+    return displayOf(scene).read(times, scene->getTimeStep(), signs);
 }
 
 const VxTimeDisplay &VxSceneTimeDisplay::display() const

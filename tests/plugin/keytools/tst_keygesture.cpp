@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 #include <random>
+#include <vxcore/vxmarkers.h>
 
 namespace {
 
@@ -94,6 +95,8 @@ private Q_SLOTS:
     void mouseWithModifiers();
     void mouseScalesAboutThePivot();
     void mouseChangesValues();
+    void keysSnapToMarkers_data();
+    void keysSnapToMarkers();
     void typedNumbersReplaceTheMouse();
     void headUpLine();
     void accepts_data();
@@ -251,6 +254,61 @@ void tst_KeyGesture::mouseChangesValues()
     stage.type("v");
     QVERIFY(stage.gesture->headUpText().contains("about Mean"));
     QCOMPARE(stage.channel->getKeyValue(0), float('a') - 0.5F);
+}
+
+void tst_KeyGesture::keysSnapToMarkers_data()
+{
+    QTest::addColumn<KeyGestureKind>("kind");
+    QTest::addColumn<int>("pivot");
+    QTest::addColumn<QVector<int>>("markers");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("pixels");
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("last");
+    const auto row = [](const char *name, KeyGestureKind kind, int pivot,
+                        const QVector<int> &markers, Qt::KeyboardModifier modifiers, int pixels,
+                        int first, int last) {
+        QTest::newRow(name) << kind << pivot << markers << int(modifiers) << pixels << first
+                            << last;
+    };
+    using K = KeyGestureKind;
+    const Qt::KeyboardModifier none = Qt::NoModifier;
+    row("the first key", K::Move, 0, {840}, none, 103, 840, 1640);
+    row("the last key", K::Move, 0, {1448}, none, 82, 648, 1448);
+    row("the nearer of both", K::Move, 0, {856, 1630}, none, 103, 830, 1630);
+    row("the end of a span", K::Move, 0, {-5000, 840}, none, 103, 840, 1640);
+    row("backwards", K::Move, 0, {-130}, none, -15, -130, 670);
+    row("7 pixels away: a frame", K::Move, 0, {880}, none, 103, 800, 1600);
+    row("with Shift not at all", K::Move, 0, {840}, Qt::ShiftModifier, 103, 824, 1624);
+    row("copies", K::Duplicate, 0, {840}, none, 103, 0, 1640);
+    row("the scaled last key", K::ScaleTimes, 1, {824}, none, 12, 0, 824);
+    row("the scaled first key", K::ScaleTimes, 2, {-37}, none, 3, -37, 800);
+    row("without movement not at all", K::Move, 0, {16}, none, 0, 0, 800);
+}
+
+// Keys on frames 0 and 5; a pixel is 8 ticks.
+void tst_KeyGesture::keysSnapToMarkers()
+{
+    QFETCH(KeyGestureKind, kind);
+    QFETCH(int, pivot);
+    QFETCH(QVector<int>, markers);
+    QFETCH(int, modifiers);
+    QFETCH(int, pixels);
+    QFETCH(int, first);
+    QFETCH(int, last);
+    GestureStage stage;
+    const bool isSpan = markers[0] < -1000;
+    for (int i = isSpan ? 1 : 0; i < markers.size(); ++i) {
+        VxMarker marker;
+        marker.span = VxTimeRange(isSpan ? markers[0] : markers[i], markers[i]);
+        VxMarkers::of(vxScene)->add(marker);
+    }
+    stage.draw("A . . . . B");
+    QVERIFY(stage.begin(kind, pivot));
+    stage.moveMouse({pixels, 0}, Qt::KeyboardModifiers(modifiers));
+    stage.press(Qt::Key_Return);
+    QCOMPARE(stage.channel->getKeyTime(0), first);
+    QCOMPARE(stage.channel->getKeyTime(stage.channel->getNumKeys() - 1), last);
 }
 
 void tst_KeyGesture::typedNumbersReplaceTheMouse()

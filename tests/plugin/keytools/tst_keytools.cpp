@@ -9,6 +9,7 @@
 #include <random>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxmarkers.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
@@ -31,6 +32,8 @@ private Q_SLOTS:
     void refusals_data();
     void refusals();
 
+    void typedMarkers_data();
+    void typedMarkers();
     void snapping();
     void reversedCurvesRunBackwards();
     void limitedAndWholeValues();
@@ -235,6 +238,58 @@ void tst_KeyTools::refusals()
     QCOMPARE(KeyToolStage::snapshot(), start);
     VxUndoStack::current()->undo();
     QCOMPARE(KeyToolStage::snapshot(), start);
+}
+
+void tst_KeyTools::typedMarkers_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("after");
+    const auto row = [](const char *name, const char *call, const char *after) {
+        QTest::newRow(name) << call << after;
+    };
+    row("start of a span", "move({by: '@Step'})", ". . A B . . . . . .");
+    row("its end", "retime({end: '@Step.end'})", "A . . . . B . . . .");
+    row("from start to end", "retime({start: '@Step.start', end: '@Step.end'})",
+        ". . A . . B . . . .");
+    row("in other letters", "retime({end: '@step + 1'})", "A . . B . . . . . .");
+    row("the exact letters first", "retime({end: '@STEP'})", "A . . . . . . . B .");
+    row("a quoted name", "retime({end: '@\"Right-step 2\" - 1f'})", "A . . . . . B . . .");
+    row("the next one", "retime({end: '@>'})", "A . . . . B . . . .");
+    row("the previous one", "retime({end: '2 * @<'})", "A . . . B . . . . .");
+    row("in another alphabet", "retime({end: '@\u00dcbung1'})", "A . . . . . . . . B");
+    row("a distance", "move({by: '@Step.end-@Step'})", ". . . A B . . . . .");
+    row("select between markers", "selectFrames({start: '@<', end: '@>'})", "a b . . . . . . . .");
+    row("no such marker", "retime({end: '@Stop'})", "error");
+    row("no name", "retime({end: '@'})", "error");
+    row("an open quotation mark", "retime({end: '@\"Step'})", "error");
+}
+
+// The playhead is on frame 3, between the start and the end of a marker.
+void tst_KeyTools::typedMarkers()
+{
+    QFETCH(QString, call);
+    QFETCH(QString, after);
+    KeyToolStage stage;
+    const auto add = [](const QString &name, int first, int last) {
+        VxMarker marker;
+        marker.name = name;
+        marker.span = VxTimeRange(first * KeyToolStage::Frame, last * KeyToolStage::Frame);
+        VxMarkers::of(vxScene)->add(marker);
+    };
+    add("Step", 2, 5);
+    add("Right-step 2", 7, 7);
+    add("STEP", 8, 8);
+    add(QString::fromUtf8("\u00dcbung1"), 9, 9);
+    vxScene->setTime(3 * KeyToolStage::Frame);
+    stage.draw("A B . . . . . . . .");
+    const QString result = stage.run("KeyTools." + call + ".done");
+    if (after == "error") {
+        QVERIFY2(result.contains("cannot be used for End"), qPrintable(result));
+        QCOMPARE(stage.drawing(10), QString("A B . . . . . . . ."));
+        return;
+    }
+    QCOMPARE(result, QString("true"));
+    QCOMPARE(stage.drawing(10), after);
 }
 
 void tst_KeyTools::snapping()
