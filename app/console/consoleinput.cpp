@@ -27,6 +27,7 @@ ConsoleInput::ConsoleInput(VxScriptEngine *engine, QWidget *parent)
     , m_completer(new QCompleter(this))
 {
     setObjectName(QStringLiteral("ConsoleInput"));
+    setAccessibleName(tr("Script"));
     setPlaceholderText(tr("Type a script; Return runs it, Tab completes names"));
     setLineWrapMode(NoWrap);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

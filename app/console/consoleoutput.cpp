@@ -16,6 +16,7 @@ ConsoleOutput::ConsoleOutput(QWidget *parent)
     : QPlainTextEdit(parent)
 {
     setObjectName(QStringLiteral("ConsoleOutput"));
+    setAccessibleName(tr("Output of Scripts"));
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setFrameShape(QFrame::NoFrame);

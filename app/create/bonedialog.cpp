@@ -84,6 +84,8 @@ void BoneDialog::addTriple(QFormLayout *form, const QString &text, QDoubleSpinBo
     auto *row = new QHBoxLayout;
     for (int i = 0; i < 3; ++i) {
         boxes[i] = addNumber(suffix);
+        boxes[i]->setAccessibleName(tr("%1: %2").arg(QString(text).remove(QLatin1Char('&')),
+                                                     QString(QLatin1Char(char('X' + i)))));
         row->addWidget(boxes[i]);
         connect(boxes[i], QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
                 &BoneDialog::applyFields);

@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -24,6 +25,7 @@ public:
         : QPlainTextEdit(parent)
     {
         setObjectName(QStringLiteral("importReport"));
+        setAccessibleName(ImportDialog::tr("Import Report"));
         setReadOnly(true);
         setTabChangesFocus(true);
         setMinimumSize(360, 120);
@@ -68,8 +70,7 @@ ImportDialog::ImportDialog(VxMotionImport *import, const QString &fileName, QWid
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_report, 1);
-    makeAnimations();
-    layout->addWidget(m_animation);
+    layout->addWidget(makeAnimations());
     layout->addWidget(makeChoices());
     layout->addWidget(m_numbers);
     layout->addWidget(buttons);
@@ -90,17 +91,26 @@ QCheckBox *ImportDialog::addChoice(const char *name, const QString &text, bool i
     return box;
 }
 
-void ImportDialog::makeAnimations()
+/** Hidden when there is no choice. */
+QWidget *ImportDialog::makeAnimations()
 {
-    m_animation = new QComboBox(this);
+    auto *group = new QWidget(this);
+    auto *row = new QHBoxLayout(group);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto *label = new QLabel(tr("&Animation"), group);
+    m_animation = new QComboBox(group);
+    label->setBuddy(m_animation);
+    row->addWidget(label);
+    row->addWidget(m_animation, 1);
     m_animation->setObjectName(QStringLiteral("importAnimation"));
     m_animation->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_animation->addItem(tr("All animations, one after another"));
     for (const VxImportedClip &clip : m_import->report().clips)
         m_animation->addItem(clip.name);
-    m_animation->setVisible(m_animation->count() > 2);
+    group->setVisible(m_animation->count() > 2);
     connect(m_animation, QOverload<int>::of(&QComboBox::activated), this,
             &ImportDialog::readAnimation);
+    return group;
 }
 
 QWidget *ImportDialog::makeChoices()

@@ -27,7 +27,7 @@ public:
 
 private:
     QWidget *makeChoices();
-    void makeAnimations();
+    QWidget *makeAnimations();
     QCheckBox *addChoice(const char *name, const QString &text, bool isOffered, QWidget *group);
     void readAnimation();
     void showReport();

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QStyleOption>
 #include <QToolTip>
+#include <vxcore/vxaccessible.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -32,6 +33,7 @@ MarkerStrip::MarkerStrip(VxScene *scene, VxPaneMgr *panes, QWidget *parent)
     , m_nameEdit(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("MarkerStrip"));
+    vxSetAccessibleRole(this, QAccessible::Canvas);
     setAccessibleName(tr("Markers"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

@@ -43,19 +43,26 @@ BreakdownDialog::BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes,
     setWindowTitle(tr("Breakdown"));
     m_toward->addItems({tr("Between the previous and the next pose"), tr("Toward the rest pose"),
                         tr("Toward the average of the neighbours")});
+    m_slider->setAccessibleName(tr("Breakdown"));
     m_slider->setRange(MinPercent, MaxPercent);
     m_slider->setTickInterval(TickDistance);
     m_slider->setTickPosition(QSlider::TicksBelow);
     m_slider->setValue(FirstPercent);
+    m_percent->setAccessibleName(tr("Breakdown"));
     m_percent->setRange(MinPercent, MaxPercent);
     m_percent->setSuffix(tr(" %"));
     m_percent->setValue(FirstPercent);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    auto *choice = new QHBoxLayout;
+    auto *towardLabel = new QLabel(tr("&Pose"), this);
+    towardLabel->setBuddy(m_toward);
+    choice->addWidget(towardLabel);
+    choice->addWidget(m_toward, 1);
     auto *row = new QHBoxLayout;
     row->addWidget(m_slider);
     row->addWidget(m_percent);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_toward);
+    layout->addLayout(choice);
     layout->addLayout(row);
     layout->addWidget(m_report);
     layout->addWidget(buttons);

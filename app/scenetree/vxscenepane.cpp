@@ -30,6 +30,7 @@ VxScenePane::VxScenePane()
     , m_hint(new EmptyHint(m_view))
 {
     m_view->setObjectName(QStringLiteral("SceneTView"));
+    m_view->setAccessibleName(tr("Nodes of the Scene"));
     setFocusProxy(m_view);
     new SceneSelectionLink(m_view, m_model, vxScene, m_view);
     connect(m_model, &QAbstractItemModel::modelReset, this, &VxScenePane::showFirstLevels);

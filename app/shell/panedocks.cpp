@@ -3,6 +3,7 @@
 #include "shell/dockgestures.h"
 #include "shell/panedock.h"
 
+#include <QChildEvent>
 #include <QMainWindow>
 #include <QTabBar>
 #include <vxcore/vxpane.h>
@@ -70,6 +71,7 @@ PaneDocks::PaneDocks(QMainWindow *window, VxPaneMgr *panes)
     , m_window(window)
 {
     new DockGestures(window);
+    window->installEventFilter(this);
     connect(panes, &VxPaneMgr::paneAdded, this, &PaneDocks::addPane);
     connect(panes, &VxPaneMgr::showRequested, this, &PaneDocks::showPane);
 }
@@ -188,6 +190,16 @@ int PaneDocks::tabHeight(PaneDock *dock) const
         }
     }
     return 0;
+}
+
+/** The window makes the tab bars, whenever docks are put on top of each other. */
+bool PaneDocks::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_window && event->type() == QEvent::ChildPolished) {
+        if (auto *tabs = qobject_cast<QTabBar *>(static_cast<QChildEvent *>(event)->child()))
+            tabs->setAccessibleName(tr("Panes"));
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void PaneDocks::showPane(VxPane *pane)

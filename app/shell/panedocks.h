@@ -31,6 +31,9 @@ public:
 Q_SIGNALS:
     void dockAdded(PaneDock *dock);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void addPane(VxPane *pane);
     void showPane(VxPane *pane);

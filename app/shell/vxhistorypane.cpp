@@ -66,6 +66,7 @@ VxHistoryPane::VxHistoryPane()
     , m_view(new QListView(this))
 {
     m_view->setObjectName(QStringLiteral("HistoryLView"));
+    m_view->setAccessibleName(tr("Undo History"));
     m_view->setModel(m_model);
     m_view->setItemDelegate(new StateDelegate(m_view));
     m_view->setUniformItemSizes(true);

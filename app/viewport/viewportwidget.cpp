@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <cmath>
 #include <utility>
+#include <vxcore/vxaccessible.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 
@@ -81,6 +82,8 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     , m_gesture(new VxGestureGuard(this))
 {
     setObjectName(QStringLiteral("Viewport"));
+    vxSetAccessibleRole(this, QAccessible::Canvas);
+    setAccessibleName(tr("3D Viewport"));
     setMinimumSize(120, 80);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -130,7 +130,6 @@ VxKeyTablePane::VxKeyTablePane()
     d->unit->addItems(
         {tr("As in the Scene"), tr("Frames"), tr("Seconds"), tr("Ticks"), tr("Timecode")});
     d->unit->setToolTip(tr("Unit of times"));
-    d->unit->setAccessibleName(tr("Unit of times"));
     d->message->setObjectName(QStringLiteral("message"));
     d->message->setWordWrap(true);
     d->view->setObjectName(QStringLiteral("table"));
@@ -148,6 +147,9 @@ VxKeyTablePane::VxKeyTablePane()
     d->view->setSortingEnabled(true);
     auto *strip = new QHBoxLayout;
     strip->addWidget(d->filter);
+    auto *unitLabel = new QLabel(tr("Times"));
+    unitLabel->setBuddy(d->unit);
+    strip->addWidget(unitLabel);
     strip->addWidget(d->unit);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);

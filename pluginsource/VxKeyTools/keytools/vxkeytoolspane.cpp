@@ -7,6 +7,7 @@
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QFormLayout>
+#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
@@ -94,13 +95,20 @@ VxKeyToolsPane::VxKeyToolsPane()
     auto *area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // The fields have the focus, and are scrolled into view by it.
+    area->setFocusPolicy(Qt::NoFocus);
     auto *outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(area);
     auto *contents = new WrappedContents;
     auto *layout = new QVBoxLayout(contents);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(d->tools);
+    auto *choice = new QHBoxLayout;
+    auto *toolLabel = new QLabel(tr("&Tool"));
+    toolLabel->setBuddy(d->tools);
+    choice->addWidget(toolLabel);
+    choice->addWidget(d->tools, 1);
+    layout->addLayout(choice);
     layout->addWidget(d->description);
     d->form = new QWidget;
     layout->addWidget(d->form);

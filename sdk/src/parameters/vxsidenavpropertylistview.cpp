@@ -339,6 +339,7 @@ VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
     , d(std::make_unique<Private>(this))
 {
     setObjectName(QStringLiteral("ParametersPropertyList"));
+    setAccessibleName(tr("Parameters"));
     setRootIsDecorated(false);
     setIndentation(0);
     setUniformRowHeights(true);

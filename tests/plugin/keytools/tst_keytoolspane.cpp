@@ -122,6 +122,7 @@ void tst_KeyToolsPane::previewEnds()
     vxApp->getUndoStack()->clear();
     pane->setTool("move");
     auto *field = pane->findChild<QLineEdit *>("move.by");
+    field->setFocus();
     field->selectAll();
     QTest::keyClicks(field, "2");
     QCOMPARE(stage.drawing(5), QString(". . A B c"));

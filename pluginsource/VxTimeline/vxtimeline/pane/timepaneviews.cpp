@@ -6,6 +6,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxaccessible.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
 #include <vxcore/vxpanesearch.h>
@@ -81,6 +82,7 @@ void TimePaneViews::buildDopeSheet()
 {
     m_sheet = new VxDopeSheetView(m_pane);
     m_sheet->setObjectName(QStringLiteral("TimelineDopeSheetTView"));
+    m_sheet->setAccessibleName(VxTimePane::tr("Dope Sheet"));
     // Without a frame the playhead has the coordinates of the rows and the ruler.
     m_sheet->setFrameShape(QFrame::NoFrame);
     m_sheet->setHeader(m_header);
@@ -111,6 +113,8 @@ void TimePaneViews::buildKeyGraph()
     m_graph->setKeyCommunication(m_bus);
     m_graphView = new VxKeyGraphView(frame);
     m_graphView->setObjectName(QStringLiteral("TimelineKeyGraphView"));
+    vxSetAccessibleRole(m_graphView, QAccessible::List);
+    m_graphView->setAccessibleName(VxTimePane::tr("Key Graph"));
     m_graphView->setKeyGraph(m_graph);
     layout->addWidget(m_graphView);
     new TimePaneGraphHint(m_graphView);
