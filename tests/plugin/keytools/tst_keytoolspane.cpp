@@ -122,6 +122,7 @@ void tst_KeyToolsPane::previewEnds()
     vxApp->getUndoStack()->clear();
     pane->setTool("move");
     auto *field = pane->findChild<QLineEdit *>("move.by");
+    QTRY_VERIFY(field->isVisible());
     field->setFocus();
     field->selectAll();
     QTest::keyClicks(field, "2");
