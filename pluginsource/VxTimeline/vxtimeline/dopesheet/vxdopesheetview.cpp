@@ -18,6 +18,7 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
 
+#include "vxtimeline/dopesheet/accessiblesheet.h"
 #include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
@@ -112,6 +113,17 @@ void VxDopeSheetView::selectionChanged(const QItemSelection &selected,
     Q_UNUSED(selected)
     Q_UNUSED(deselected)
     viewport()->update();
+}
+
+void VxDopeSheetView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QAbstractItemView::currentChanged(current, previous);
+    if (!QAccessible::isActive() || !hasFocus())
+        return;
+    if (QAccessibleInterface *row = AccessibleSheet::rowOf(this, getItem(current))) {
+        QAccessibleEvent event(row, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void VxDopeSheetView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)

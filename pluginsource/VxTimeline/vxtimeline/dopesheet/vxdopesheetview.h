@@ -186,6 +186,8 @@ private Q_SLOTS:
 protected:
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
+    // Screen readers get the object of the row: the base class reports the number of a cell.
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

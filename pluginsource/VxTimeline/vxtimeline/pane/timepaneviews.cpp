@@ -6,7 +6,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
-#include <vxcore/vxaccessible.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
 #include <vxcore/vxpanesearch.h>
@@ -20,6 +19,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepaneaccessible.h"
 #include "vxtimeline/pane/timepaneaxis.h"
 #include "vxtimeline/pane/timepanegraphhint.h"
 #include "vxtimeline/pane/timepanestrip.h"
@@ -43,6 +43,7 @@ TimePaneViews::TimePaneViews(VxPane *pane, const TimePaneStrip &strip)
     : m_pane(pane)
     , m_bus(new VxKeyCommunication(pane))
 {
+    TimePaneAccessible::install();
     buildHeader(strip);
     buildDopeSheet();
     m_playhead = new VxPlayheadWgt(m_sheet);
@@ -113,7 +114,6 @@ void TimePaneViews::buildKeyGraph()
     m_graph->setKeyCommunication(m_bus);
     m_graphView = new VxKeyGraphView(frame);
     m_graphView->setObjectName(QStringLiteral("TimelineKeyGraphView"));
-    vxSetAccessibleRole(m_graphView, QAccessible::List);
     m_graphView->setAccessibleName(VxTimePane::tr("Key Graph"));
     m_graphView->setKeyGraph(m_graph);
     layout->addWidget(m_graphView);

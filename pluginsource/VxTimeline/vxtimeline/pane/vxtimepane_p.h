@@ -1,6 +1,7 @@
 #ifndef VXTIMEPANE_P_H
 #define VXTIMEPANE_P_H
 
+#include "vxtimeline/pane/timepaneaccessible.h"
 #include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/timepanecontrols.h"
 #include "vxtimeline/pane/timepanefilter.h"
@@ -28,6 +29,7 @@ public:
         , nodes(pane, views.sheet(), rows)
         , filter(choices, controls, views.sheet(), rows, nodes)
         , isolation(pane, views)
+        , accessible(views)
     {
     }
 
@@ -41,6 +43,7 @@ public:
     TimePaneNodeSelection nodes;
     TimePaneFilter filter;
     TimePaneIsolation isolation;
+    TimePaneAccessible accessible;
 };
 
 #endif

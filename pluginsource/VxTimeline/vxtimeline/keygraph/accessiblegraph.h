@@ -1,0 +1,29 @@
+#ifndef ACCESSIBLEGRAPH_H
+#define ACCESSIBLEGRAPH_H
+
+#include <QtWidgets/QAccessibleWidget>
+
+#include "vxtimeline/keys/accessiblekeys.h"
+
+class VxKeyGraphView;
+
+// The key graph as a list: its children are the channels, each a list of keys, followed by its
+// buttons.
+class AccessibleGraph : public QAccessibleWidget
+{
+public:
+    explicit AccessibleGraph(VxKeyGraphView *view);
+
+    // The keys of the channel at an index; it must exist.
+    static AccessibleKeys::Source keysOf(VxKeyGraphView *view, int channel);
+
+    QAccessibleInterface *child(int index) const override;
+    int childCount() const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+
+private:
+    VxKeyGraphView *view() const;
+    int channelCount() const;
+};
+
+#endif

@@ -1,0 +1,163 @@
+#include "vxtimeline/keys/accessiblekeys.h"
+
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
+
+#include "vxtimeline/keys/accessiblekey.h"
+#include "vxtimeline/keys/accessiblepool.h"
+
+namespace {
+
+// The object of the list itself, among the places of its keys.
+constexpr int ListIndex = -1;
+
+QString timeText(VxTime time)
+{
+    return VxSceneTimeDisplay::labelOf(vxScene, time);
+}
+
+bool hasKey(const std::vector<VxKeySpan> &spans, int index)
+{
+    for (const VxKeySpan &span : spans) {
+        if (index >= span.first && index < span.last)
+            return true;
+    }
+    return false;
+}
+
+// The spans with or without one key.
+std::vector<VxKeySpan> changed(const std::vector<VxKeySpan> &spans, int index, bool selected)
+{
+    std::vector<VxKeySpan> result;
+    VxKeySpan added{index, index + 1};
+    for (const VxKeySpan &span : spans) {
+        const bool touches = span.first <= added.last && span.last >= added.first;
+        if (!touches) {
+            result.push_back(span);
+        } else if (selected) {
+            added = {std::min(span.first, added.first), std::max(span.last, added.last)};
+        } else {
+            if (span.first < index)
+                result.push_back({span.first, std::min(span.last, index)});
+            if (span.last > index + 1)
+                result.push_back({std::max(span.first, index + 1), span.last});
+        }
+    }
+    if (selected)
+        result.push_back(added);
+    std::sort(result.begin(), result.end(),
+              [](const VxKeySpan &a, const VxKeySpan &b) { return a.first < b.first; });
+    return result;
+}
+
+QVector<VxProperty *> holdersOf(const AccessibleKeySource &source)
+{
+    QVector<VxProperty *> holders;
+    for (VxProperty *property : source.properties())
+        holders += property->getKeyHolder();
+    std::sort(holders.begin(), holders.end());
+    holders.erase(std::unique(holders.begin(), holders.end()), holders.end());
+    return holders;
+}
+
+void applySelection(const VxKeySelectionEntries &entries, AccessibleKeys::Change change)
+{
+    VxKeySelection *selection = VxKeySelection::current();
+    if (!selection)
+        return;
+    if (change == AccessibleKeys::Change::SelectOnly)
+        selection->set(entries);
+    else
+        selection->setForHolders(entries);
+}
+
+} // namespace
+
+AccessibleKeySource::~AccessibleKeySource() = default;
+
+QAccessibleInterface *AccessibleKeys::listOf(const Source &source)
+{
+    if (!source->isValid())
+        return nullptr;
+    return AccessiblePool::ofContainers().get({source->owner(), ListIndex},
+                                              [&] { return new AccessibleKeyList(source); });
+}
+
+QAccessibleInterface *AccessibleKeys::keyOf(const Source &source, int index)
+{
+    if (!source->isValid() || index < 0 || index >= source->count())
+        return nullptr;
+    return AccessiblePool::ofKeys().get({source->owner(), index},
+                                        [&] { return new AccessibleKey(source, index); });
+}
+
+QString AccessibleKeys::description(const AccessibleKeySource &source)
+{
+    const int count = source.count();
+    QStringList parts(count == 1 ? tr("1 key") : tr("%1 keys").arg(count));
+    if (const int selected = source.selectedCount())
+        parts += tr("%1 selected").arg(selected);
+    const VxTime now = vxScene->getTime();
+    const int next = source.firstFrom(now);
+    const bool isAtKey = next < count && source.time(next) == now;
+    if (isAtKey)
+        parts += tr("key at the current time");
+    if (next > 0)
+        parts += tr("previous key at %1").arg(timeText(source.time(next - 1)));
+    const int after = isAtKey ? next + 1 : next;
+    if (after < count)
+        parts += tr("next key at %1").arg(timeText(source.time(after)));
+    return parts.join(QStringLiteral(", "));
+}
+
+QString AccessibleKeys::valueText(const AccessibleKeySource &source, int index)
+{
+    const auto *number = qobject_cast<const VxNumericProperty *>(source.property());
+    if (!number)
+        return QString();
+    const double value = number->getKeyDoubleValue(index);
+    return number->isPercentage() ? tr("%1 %").arg(value * 100) : QString::number(value);
+}
+
+QString AccessibleKeys::typeText(const AccessibleKeySource &source, int index)
+{
+    const VxProperty *property = source.property();
+    if (!property)
+        return QString();
+    const QString types[] = {tr("Linear"), tr("Constant"), tr("TCB")};
+    return types[qBound(0, property->getKeyInterpolationType(index), 2)];
+}
+
+void AccessibleKeys::changeKey(const AccessibleKeySource &source, int index, Change change)
+{
+    const VxTime time = source.time(index);
+    const bool selects =
+        change == Change::Toggle ? !source.isSelected(index) : change != Change::Deselect;
+    const VxKeySelection *selection = VxKeySelection::current();
+    VxKeySelectionEntries entries;
+    for (VxProperty *holder : holdersOf(source)) {
+        const int key = holder->findKey(time);
+        if (key < 0 || !selection)
+            continue;
+        const std::vector<VxKeySpan> former =
+            change == Change::SelectOnly ? std::vector<VxKeySpan>() : selection->spansOf(holder);
+        if (hasKey(former, key) != selects)
+            entries.push_back({holder, changed(former, key, selects), 0});
+    }
+    applySelection(entries, change);
+}
+
+void AccessibleKeys::changeAll(const AccessibleKeySource &source, Change change)
+{
+    VxKeySelectionEntries entries;
+    for (VxProperty *holder : holdersOf(source)) {
+        const int count = holder->getNumKeys();
+        if (change == Change::Deselect)
+            entries.push_back({holder, {}, 0});
+        else if (count > 0)
+            entries.push_back({holder, {VxKeySpan{0, count}}, 0});
+    }
+    applySelection(entries, change);
+}

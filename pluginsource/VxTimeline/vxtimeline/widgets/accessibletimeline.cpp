@@ -1,0 +1,133 @@
+#include "vxtimeline/widgets/accessibletimeline.h"
+
+#include <cmath>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
+
+#include "vxtimeline/widgets/timerangemath.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
+
+namespace {
+
+double frameOf(VxTime time)
+{
+    return double(time) / vxScene->getTimeStep();
+}
+
+// The nearest whole frame within a range of times.
+bool readFrame(const QVariant &value, double low, double high, VxTime *time)
+{
+    bool isNumber = false;
+    const double frame = value.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(frame))
+        return false;
+    *time = VxTime(std::round(qBound(low, frame, high)) * vxScene->getTimeStep());
+    return true;
+}
+
+} // namespace
+
+AccessiblePlayhead::AccessiblePlayhead(VxPlayheadWgt *playhead)
+    : QAccessibleWidget(playhead, QAccessible::Indicator)
+{
+}
+
+QString AccessiblePlayhead::text(QAccessible::Text kind) const
+{
+    if (kind == QAccessible::Name)
+        return tr("Playhead");
+    return kind == QAccessible::Value || kind == QAccessible::Description
+               ? VxSceneTimeDisplay::labelOf(vxScene, vxScene->getTime())
+               : QString();
+}
+
+void *AccessiblePlayhead::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                               : QAccessibleWidget::interface_cast(type);
+}
+
+QVariant AccessiblePlayhead::currentValue() const
+{
+    return frameOf(vxScene->getTime());
+}
+
+void AccessiblePlayhead::setCurrentValue(const QVariant &value)
+{
+    VxTime time = 0;
+    if (readFrame(value, minimumValue().toDouble(), maximumValue().toDouble(), &time))
+        vxScene->setTime(time);
+}
+
+QVariant AccessiblePlayhead::maximumValue() const
+{
+    return std::floor(frameOf(vxScene->getAnimRange().getEnd()));
+}
+
+QVariant AccessiblePlayhead::minimumValue() const
+{
+    return std::ceil(frameOf(vxScene->getAnimRange().getStart()));
+}
+
+QVariant AccessiblePlayhead::minimumStepSize() const
+{
+    return 1.0;
+}
+
+AccessibleTimeRange::AccessibleTimeRange(VxTimeRangeSlider *slider)
+    : QAccessibleWidget(slider, QAccessible::Slider)
+{
+}
+
+QString AccessibleTimeRange::text(QAccessible::Text kind) const
+{
+    if (kind == QAccessible::Name)
+        return tr("Play Range");
+    if (kind != QAccessible::Value && kind != QAccessible::Description)
+        return QString();
+    const VxTimeRange range = vxScene->getPlayRange();
+    return tr("%1 to %2")
+        .arg(VxSceneTimeDisplay::labelOf(vxScene, range.getStart()),
+             VxSceneTimeDisplay::labelOf(vxScene, range.getEnd()));
+}
+
+void *AccessibleTimeRange::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                               : QAccessibleWidget::interface_cast(type);
+}
+
+QVariant AccessibleTimeRange::currentValue() const
+{
+    return frameOf(vxScene->getPlayRange().getStart());
+}
+
+// As a drag of the bar does it.
+void AccessibleTimeRange::setCurrentValue(const QVariant &value)
+{
+    const VxTimeRange range = vxScene->getPlayRange();
+    VxTime start = 0;
+    if (!readFrame(value, minimumValue().toDouble(), maximumValue().toDouble(), &start))
+        return;
+    vxScene->setPlayRange(
+        TimeRangeMath::dragged(TimeRangeMath::Part::Body, range, start - range.getStart(),
+                               vxScene->getAnimRange().getDuration(), vxScene->getTimeStep()));
+}
+
+QVariant AccessibleTimeRange::maximumValue() const
+{
+    const VxTime last =
+        vxScene->getAnimRange().getDuration() - vxScene->getPlayRange().getDuration();
+    return std::floor(frameOf(qMax(0, last)));
+}
+
+QVariant AccessibleTimeRange::minimumValue() const
+{
+    return 0.0;
+}
+
+QVariant AccessibleTimeRange::minimumStepSize() const
+{
+    return 1.0;
+}
