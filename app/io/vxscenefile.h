@@ -7,9 +7,9 @@
 ///
 /// A scene file is one CBOR map. Key times, values, types and shapes are typed byte arrays, so
 /// that millions of keys are read and written as a few blocks of memory. Nodes are in the order of
-/// the hierarchy and name their parent by index; properties are numbered through the file in the
-/// order of their appearance, and aliases, overriding controls and links refer to those numbers. A
-/// reader skips unknown members and reports them.
+/// the hierarchy, have an identifier, and name their parent by index; properties are numbered
+/// through the file in the order of their appearance, and aliases, overriding controls and links
+/// refer to those numbers. A reader skips unknown members and reports them.
 namespace VxSceneFile {
 
 /// To be increased when older readers cannot read a new kind of file.

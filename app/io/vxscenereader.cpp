@@ -301,7 +301,9 @@ bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
 {
     const auto is = [&name](const char *text) { return name == QLatin1String(text); };
     VxNode *node = record.node.get();
-    if (is("parent"))
+    if (is("id"))
+        node->setId(quint64(m_input.integer(0, qint64(VxNode::MaxId))));
+    else if (is("parent"))
         record.parent = int(m_input.integer(-1, qint64(m_nodes.size()) - 1));
     else if (is("visible"))
         node->setVisible(m_input.boolean());

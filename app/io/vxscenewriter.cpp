@@ -38,11 +38,16 @@ public:
 
     /// False when cancelled by the progress callback.
     bool write(const VxFileProgress &progress);
+    void writeNodes(const QVector<VxNode *> &nodes);
+    /// A reference to a property that is not written.
+    bool hasOuterReference() const { return m_hasOuterReference; }
     /// The location of a number that no reader accepts; empty when there is none.
     const QString &unreadable() const { return m_unreadable; }
 
 private:
     void countProperties(VxElement *element);
+    QHash<const VxNode *, int> countNodes(const QVector<VxNode *> &nodes);
+    void writeFormat();
     void writeHeader();
     void writeRestPose(const VxRestPose &rest);
     void writeCamera(const VxCameraState &camera);
@@ -74,6 +79,7 @@ private:
     QHash<const VxProperty *, int> m_numbers;
     const QObject *m_present = nullptr; // the node or property that is being written
     QString m_unreadable;
+    bool m_hasOuterReference = false;
 };
 
 void SceneStream::text(const char *name, const QString &value)
@@ -149,10 +155,15 @@ void SceneStream::countProperties(VxElement *element)
         m_numbers.insert(property, m_numbers.size());
 }
 
-void SceneStream::writeHeader()
+void SceneStream::writeFormat()
 {
     text("format", QLatin1String(VxSceneFile::Format));
     integer("version", VxSceneFile::Version);
+}
+
+void SceneStream::writeHeader()
+{
+    writeFormat();
     integer("ticksPerSecond", VxTicksPerSecond);
     integer("time", m_scene->getTime());
     integer("timeStep", m_scene->getTimeStep());
@@ -224,9 +235,8 @@ void SceneStream::writeCamera(const VxCameraState &camera)
     m_out.endMap();
 }
 
-bool SceneStream::write(const VxFileProgress &progress)
+QHash<const VxNode *, int> SceneStream::countNodes(const QVector<VxNode *> &nodes)
 {
-    const QVector<VxNode *> nodes = m_scene->getNodes();
     QHash<const VxNode *, int> places;
     for (VxNode *node : nodes) {
         places.insert(node, places.size());
@@ -237,6 +247,27 @@ bool SceneStream::write(const VxFileProgress &progress)
                 countProperties(object->getSubElement(i));
         }
     }
+    return places;
+}
+
+void SceneStream::writeNodes(const QVector<VxNode *> &nodes)
+{
+    const QHash<const VxNode *, int> places = countNodes(nodes);
+    m_out.startMap();
+    writeFormat();
+    integer("numProperties", m_numbers.size());
+    key("nodes");
+    m_out.startArray(quint64(nodes.size()));
+    for (VxNode *node : nodes)
+        writeNode(node, places.value(node->getNodeParent(), -1));
+    m_out.endArray();
+    m_out.endMap();
+}
+
+bool SceneStream::write(const VxFileProgress &progress)
+{
+    const QVector<VxNode *> nodes = m_scene->getNodes();
+    const QHash<const VxNode *, int> places = countNodes(nodes);
     m_out.startMap();
     writeHeader();
     integer("numProperties", m_numbers.size());
@@ -261,6 +292,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
     m_out.startMap();
     text("kind", QLatin1String(kind));
     text("name", node->getName());
+    integer("id", qint64(node->getId()));
     integer("parent", parent);
     flag("visible", node->isVisible(), true);
     flag("selectable", node->isSelectable(), true);
@@ -409,13 +441,17 @@ void SceneStream::writeInt(VxIntProperty *property)
 void SceneStream::writeReferences(VxProperty *property)
 {
     const auto reference = [this](const char *name, const VxProperty *target) {
+        m_hasOuterReference |= target && !m_numbers.contains(target);
         if (target && m_numbers.contains(target))
             integer(name, m_numbers.value(target));
     };
     reference("alias", property->getAliasedProperty());
     reference("override", property->getOverridingControl());
     auto *number = qobject_cast<VxNumericProperty *>(property);
-    if (!number || !number->isLinked() || !m_numbers.contains(number->getLinkedProperty()))
+    if (!number || !number->isLinked())
+        return;
+    m_hasOuterReference |= !m_numbers.contains(number->getLinkedProperty());
+    if (!m_numbers.contains(number->getLinkedProperty()))
         return;
     key("link");
     m_out.startMap();
@@ -452,6 +488,17 @@ private:
     QString m_failure;
 };
 
+/** Empty when all is well. */
+QString failureOf(const SceneStream &stream, const WatchedDevice &watched)
+{
+    if (!stream.unreadable().isEmpty())
+        return VxFileText::tr("The scene holds a number that is not finite: %1.")
+            .arg(stream.unreadable());
+    if (!watched.failure().isEmpty())
+        return VxFileText::tr("The file cannot be written: %1.").arg(watched.failure());
+    return {};
+}
+
 } // namespace
 
 VxSceneWriter::VxSceneWriter(const VxScene *scene)
@@ -472,11 +519,19 @@ bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
         error->cancelled = true;
         return false;
     }
-    if (!stream.unreadable().isEmpty())
-        error->message = VxFileText::tr("The scene holds a number that is not finite: %1.")
-                             .arg(stream.unreadable());
-    else if (!watched.failure().isEmpty())
-        error->message = VxFileText::tr("The file cannot be written: %1.").arg(watched.failure());
+    error->message = failureOf(stream, watched);
+    return error->message.isEmpty();
+}
+
+bool VxSceneWriter::writeNodes(const QVector<VxNode *> &nodes, QIODevice *device,
+                               VxFileError *error)
+{
+    WatchedDevice watched(device);
+    SceneStream stream(nullptr, &watched);
+    stream.writeNodes(nodes);
+    error->message = failureOf(stream, watched);
+    if (error->message.isEmpty() && stream.hasOuterReference())
+        error->message = VxFileText::tr("A property refers to one that is not among the nodes.");
     return error->message.isEmpty();
 }
 

@@ -5,8 +5,10 @@
 #include "io/vxfileprogress.h"
 
 #include <QByteArray>
+#include <QVector>
 
 class QIODevice;
+class VxNode;
 class VxScene;
 
 /// Writes a scene file. The same scene gives the same bytes each time.
@@ -23,6 +25,9 @@ public:
     bool writeFile(const QString &fileName, VxFileError *error) const;
     /// Writes to an open device. False when cancelled or when the device refused bytes.
     bool write(QIODevice *device, VxFileError *error) const;
+    /// Writes nodes, parents first, as a scene file of their own. A node whose parent is not among
+    /// them is a root node there. False when one of their properties refers to one outside of them.
+    static bool writeNodes(const QVector<VxNode *> &nodes, QIODevice *device, VxFileError *error);
 
 private:
     const VxScene *m_scene;

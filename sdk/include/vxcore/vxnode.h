@@ -49,6 +49,18 @@ public:
     /// The scene the node is in, or null.
     VxScene *getScene() const;
 
+    /// The highest identifier: numbers up to it are exact in every file format and in scripts.
+    static constexpr quint64 MaxId = (quint64(1) << 53) - 1;
+    /// The node's identifier, unique in its scene and kept in scene files; see
+    /// VxScene::findNodeById(). 0 until the node is added to a scene for the first time. It stays
+    /// the same when the node is removed and the removal is undone. A property has no number of its
+    /// own: its name, which never changes, identifies it within its element.
+    quint64 getId() const;
+    /// Gives a node outside of a scene the identifier that it has in a file. When another node of
+    /// the scene has it, or it is above MaxId, the node gets a new one there. Within a scene the
+    /// call is ignored with a warning.
+    void setId(quint64 id);
+
     Q_INVOKABLE VxNode *getNodeParent() const;
     Q_INVOKABLE int getNumNodeChildren() const;
     /// Null when index is outside 0 .. getNumNodeChildren() - 1.

@@ -65,6 +65,9 @@ public:
     /// The first node of that name (or of that label), in hierarchy order; null when none has it.
     Q_INVOKABLE VxNode *findNode(const QString &name) const;
     Q_INVOKABLE VxNode *findNodeByLabel(const QString &label) const;
+    /// The node with an identifier, see VxNode::getId(); null when none has it. Takes a constant
+    /// time.
+    VxNode *findNodeById(quint64 id) const;
 
     /// Adds a node with everything below it to the scene, as the last root node or, with a
     /// parent, as its last child. Emits nodeAdded() for each of them, parents first. Ownership

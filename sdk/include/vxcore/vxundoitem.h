@@ -5,6 +5,8 @@
 
 #include <QtCore/qglobal.h>
 
+class VxJournalWriter;
+
 /// One object's part of an undo entry: its former state, to be exchanged with the present one.
 ///
 /// Undo and redo are the same step, swap(). An item refers to its object through a guarded pointer:
@@ -31,6 +33,11 @@ public:
     /// Called once when the hold is accepted: drops unchanged state. Returns false when nothing is
     /// left, and the item is dropped.
     virtual bool finish() { return true; }
+    /// Writes what the item changed, the kept state and the present one, to a record of the
+    /// journal. Called when the entry was just added, undone or redone. False when the item cannot
+    /// be written: the journal takes a snapshot of the document instead, and drops what was
+    /// written.
+    virtual bool write(VxJournalWriter &) const { return false; }
     /// Bytes kept.
     virtual qint64 memoryUsed() const { return 0; }
 

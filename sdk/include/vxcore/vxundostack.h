@@ -7,6 +7,7 @@
 #include <vxcore/vxsignalguard.h>
 
 class QUndoStack;
+class VxJournalWriter;
 class VxUndoItem;
 
 /// The scene's history: a list of entries, each made by an accepted VxUndoStackHold.
@@ -37,6 +38,15 @@ public:
     void record(VxUndoItem *item);
     /// The item that the open hold already has for an object and a kind, or null.
     VxUndoItem *findItem(const void *object, int kind) const;
+
+    /// Writes the items of an entry, 0 .. count() - 1, that was just added, undone or redone; see
+    /// VxUndoItem::write(). False when one of them cannot be written.
+    bool writeEntry(int index, VxJournalWriter &writer) const;
+    /// Notes a change of the document that no entry holds, such as one outside of any hold. Sends
+    /// unrecordedChange() in the next event loop turn, once until takeUnrecordedChange().
+    void noteUnrecordedChange();
+    /// True when such a change was noted since the last call.
+    bool takeUnrecordedChange();
 
     /// Bytes used by all entries, as reported by their items.
     qint64 memoryUsed() const;
@@ -73,6 +83,8 @@ Q_SIGNALS:
     /// Undo or redo has moved the index, in either direction.
     void stepped(int from, int to);
     void cleanChanged(bool clean);
+    /// See noteUnrecordedChange().
+    void unrecordedChange();
 
 private:
     friend class VxUndoStackHold;

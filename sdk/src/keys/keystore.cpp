@@ -1,9 +1,12 @@
 #include "keys/keystore.h"
 
+#include "keys/keyjournal.h"
+#include "scene/journalitems.h"
 #include "undo/vxundovalueitem.h"
 
 #include <algorithm>
 #include <cstring>
+#include <vxcore/vxjournalwriter.h>
 #include <vxcore/vxkeyselection.h>
 
 namespace {
@@ -16,6 +19,10 @@ template <class V> bool isSame(V a, V b)
 
 } // namespace
 
+template <class V>
+constexpr JournalNumber NumberType =
+    std::is_floating_point_v<V> ? JournalNumber::Float : JournalNumber::Int;
+
 /// Key changes of one property within a hold.
 template <class V> class KeyUndoItem : public VxUndoItem
 {
@@ -25,6 +32,7 @@ public:
         , m_property(property)
         , m_store(store)
         , m_selected(selectedKeys())
+        , m_wasInDocument(vxIsInDocument(property))
     {
     }
 
@@ -56,6 +64,28 @@ public:
         return m_property && !m_delta.isEmpty();
     }
 
+    bool write(VxJournalWriter &writer) const override
+    {
+        if (!m_wasInDocument)
+            return true;
+        if (!m_property || m_delta.isEmpty())
+            return false;
+        const KeyTrack<V> &track = m_store->track();
+        const auto [first, last] = track.indexRange(m_delta.range());
+        const VxKeyColumns<V> before = m_delta.keys().columns();
+        const VxKeyColumns<V> after = track.columns(first, last);
+        constexpr qint64 HeaderBytes = 64;
+        writer.reserve(HeaderBytes + KeyJournal::bytesOf(before) + KeyJournal::bytesOf(after));
+        writer.number(JournalItem::Keys);
+        if (!writer.property(m_property))
+            return false;
+        writer.number(NumberType<V>);
+        journalPut(writer, m_delta.range());
+        KeyJournal::put(writer, before);
+        KeyJournal::put(writer, after);
+        return true;
+    }
+
     qint64 memoryUsed() const override
     {
         const std::size_t spans = m_selected.capacity() + m_othersSelected.capacity();
@@ -75,6 +105,7 @@ private:
     KeyDelta<V> m_delta;
     std::vector<VxKeySpan> m_selected;       // of the keys in m_delta
     std::vector<VxKeySpan> m_othersSelected; // of the keys now in the track
+    const bool m_wasInDocument;
 };
 
 /// Changes of the stored value within a hold.
@@ -86,6 +117,7 @@ public:
         , m_property(property)
         , m_store(store)
         , m_value(store->stored())
+        , m_wasInDocument(vxIsInDocument(property))
     {
     }
 
@@ -101,18 +133,31 @@ public:
     }
 
     bool finish() override { return m_property && !isSame(m_store->stored(), m_value); }
+    bool write(VxJournalWriter &writer) const override
+    {
+        if (!m_wasInDocument)
+            return true;
+        writer.number(JournalItem::StoredValue);
+        if (!m_property || !writer.property(m_property))
+            return false;
+        writer.number(NumberType<V>);
+        writer.number(m_value);
+        writer.number(m_store->stored());
+        return true;
+    }
     qint64 memoryUsed() const override { return qint64(sizeof(*this)); }
 
 private:
     QPointer<VxProperty> m_property;
     KeyStore<V> *m_store;
     V m_value;
+    const bool m_wasInDocument;
 };
 
 template <class V> void KeyStore<V>::touch(const VxTimeRange &times)
 {
     VxUndoStack *stack = VxUndoStack::current();
-    if (!stack || !stack->isRecording())
+    if (!vxMustRecord(stack, m_property, VxUndoKeys))
         return;
     auto *item = vxFindLivingItem<KeyUndoItem<V>>(stack, m_property, VxUndoKeys);
     if (!item) {
@@ -146,7 +191,7 @@ template <class V> bool KeyStore<V>::setStored(V value)
         return true;
     VxUndoStack *stack = VxUndoStack::current();
     using Item = StoredValueUndoItem<V>;
-    if (stack && stack->isRecording() &&
+    if (vxMustRecord(stack, m_property, VxUndoStoredValue) &&
         !vxFindLivingItem<Item>(stack, m_property, VxUndoStoredValue))
         stack->record(new Item(m_property, this));
     m_stored = value;

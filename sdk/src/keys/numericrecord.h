@@ -89,6 +89,7 @@ public:
         minimum = qMin(lowest, highest);
         maximum = qMax(lowest, highest);
         clamped = clamps;
+        noteUnrecordable();
         emitTraits();
     }
 

@@ -59,6 +59,12 @@ struct TransientValue
     }
 };
 
+/** Not part of the document: the journal writes the item without its values. */
+bool journalPut(VxJournalWriter &, const std::optional<TransientValue> &)
+{
+    return true;
+}
+
 /// The properties with a transient value.
 QVector<QPointer<VxFloatProperty>> &transientProperties()
 {
@@ -113,6 +119,7 @@ VxFloatProperty::Axis VxFloatProperty::getAxis() const
 void VxFloatProperty::setAxis(Axis axis)
 {
     priv()->axis = axis;
+    priv()->noteUnrecordable();
 }
 
 float VxFloatProperty::getDefaultValue() const
@@ -158,6 +165,7 @@ void VxFloatProperty::setSensitivity(float step)
         return;
     }
     priv()->sensitivity = step;
+    priv()->noteUnrecordable();
 }
 
 int VxFloatProperty::getDefaultInterpolation() const
@@ -167,8 +175,10 @@ int VxFloatProperty::getDefaultInterpolation() const
 
 void VxFloatProperty::setDefaultInterpolation(int type)
 {
-    if (isShape(type, 0, 0, 0))
-        priv()->defaultType = type;
+    if (!isShape(type, 0, 0, 0))
+        return;
+    priv()->defaultType = type;
+    priv()->noteUnrecordable();
 }
 
 float VxFloatProperty::getValue() const

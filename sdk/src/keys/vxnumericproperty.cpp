@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vxcore/vxjournalwriter.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -28,6 +29,16 @@ LinkState linkState(const VxNumericProperty *property)
 {
     return {property->getLinkedProperty(), property->isLinkTerminal(), property->getLinkFactor(),
             property->getLinkOffset()};
+}
+
+bool journalPut(VxJournalWriter &writer, const LinkState &state)
+{
+    if (!writer.property(state.property))
+        return false;
+    writer.number(quint8(state.terminal));
+    writer.number(state.factor);
+    writer.number(state.offset);
+    return true;
 }
 
 } // namespace
@@ -212,5 +223,6 @@ void VxNumericProperty::setPercentage(bool percentage)
     if (priv()->percentage == percentage)
         return;
     priv()->percentage = percentage;
+    priv()->noteUnrecordable();
     priv()->emitTraits();
 }

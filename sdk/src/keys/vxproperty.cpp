@@ -89,6 +89,13 @@ void VxProperty::Private::emitTraits()
     Q_EMIT q->traitsChanged();
 }
 
+void VxProperty::Private::noteUnrecordable() const
+{
+    VxUndoStack *stack = VxUndoStack::current();
+    if (stack && vxIsInDocument(q))
+        stack->noteUnrecordedChange();
+}
+
 void VxProperty::Private::updateDependencies()
 {
     updatePlain();
@@ -226,6 +233,7 @@ void VxProperty::setDynamicallyHidden(bool hidden)
     if (d->dynamicallyHidden == hidden)
         return;
     d->dynamicallyHidden = hidden;
+    d->noteUnrecordable();
     d->emitTraits();
 }
 
@@ -276,6 +284,7 @@ void VxProperty::setExcluded(bool excluded)
     if (d->excluded == excluded)
         return;
     d->excluded = excluded;
+    d->noteUnrecordable();
     d->emitTraits();
 }
 

@@ -64,6 +64,8 @@ public:
     void emitChange(const VxTimeRange &range);
     /// Emits traitsChanged().
     void emitTraits();
+    /// Notes a change of something that undo items do not record.
+    void noteUnrecordable() const;
     void updatePlain() { isPlain = !hasTransient && !aliased && !overriding && !linkedProperty(); }
     /// Recomputes isPlain and chainLength after a change of a reference, and reports it.
     void updateDependencies();

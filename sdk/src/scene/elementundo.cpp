@@ -3,6 +3,7 @@
 #include "scene/deferreddeletion.h"
 #include "scene/vxelement_p.h"
 #include "scene/vxnode_p.h"
+#include "undo/vxundovalueitem.h"
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxundostack.h>
@@ -11,8 +12,8 @@ namespace {
 
 bool isRecording(VxElement *element)
 {
-    const VxUndoStack *stack = VxUndoStack::current();
-    return stack && stack->isRecording() && VxElement::Private::of(element)->findScene();
+    return VxElement::Private::of(element)->findScene() &&
+           vxMustRecord(VxUndoStack::current(), static_cast<const VxElement *>(element), 0);
 }
 
 qint64 propertyMemory(const VxProperty *property)

@@ -4,6 +4,7 @@
 #include "scene/sceneundo.h"
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
+#include "undo/vxundovalueitem.h"
 #include <algorithm>
 #include <vxcore/vxundostack.h>
 
@@ -50,6 +51,7 @@ void SceneNodes::destroyAll()
     const QVector<VxNode *> roots = m_roots;
     m_roots.clear();
     m_all.clear();
+    m_byId.clear();
     m_count = 0;
     qDeleteAll(roots);
 }
@@ -74,8 +76,10 @@ int SceneNodes::indexIn(const QVector<VxNode *> &siblings, const VxNode *node)
 
 void SceneNodes::add(VxNode *node, VxNode *parent)
 {
-    if (NodePlaceItem *item = recordPlace(node))
+    if (NodePlaceItem *item = recordPlace(node)) {
         item->setOwning(false);
+        item->setAdded(nodesBelow({node}));
+    }
     insert(node, parent, -1);
 }
 
@@ -155,6 +159,7 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
     m_count += nodes.size();
     for (VxNode *added : nodes) {
         VxNode::Private::of(added)->scene = m_scene;
+        enterId(added);
         const auto elements = elementsOf(added);
         for (VxElement *element : elements)
             VxElement::Private::of(element)->removalAnnounced = false;
@@ -166,6 +171,16 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
             Q_EMIT m_scene->nodeAdded(added);
     }
     reportOrder(announced.first());
+}
+
+void SceneNodes::enterId(VxNode *node)
+{
+    quint64 &id = VxNode::Private::of(node)->id;
+    const bool isFree = id > 0 && id <= VxNode::MaxId && !m_byId.contains(id);
+    while (!isFree && (id == 0 || id > VxNode::MaxId || m_byId.contains(id)))
+        id = m_lastId = m_lastId < VxNode::MaxId ? m_lastId + 1 : 1;
+    m_lastId = std::max(m_lastId, id);
+    m_byId.insert(id, node);
 }
 
 /** nodeAdded() implies that a node is the last of its siblings; another index is reported. */
@@ -241,8 +256,10 @@ QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool record
         detach(top);
         const QVector<VxNode *> nodes = nodesBelow({top});
         m_count -= nodes.size();
-        for (VxNode *node : nodes)
+        for (VxNode *node : nodes) {
             VxNode::Private::of(node)->scene = nullptr;
+            m_byId.remove(node->getId());
+        }
         taken.append(top);
     }
     std::reverse(taken.begin(), taken.end());
@@ -262,7 +279,7 @@ QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool record
 NodePlaceItem *SceneNodes::recordPlace(VxNode *node)
 {
     VxUndoStack *stack = VxUndoStack::current();
-    if (!stack || !stack->isRecording())
+    if (!vxMustRecord(stack, static_cast<const QObject *>(m_scene), VxUndoNodePlace))
         return nullptr;
     const bool sameHold = m_lastItem && stack->findItem(m_lastNode, VxUndoNodePlace) == m_lastItem;
     // The item of a destroyed node stays, and the next node may get its address.

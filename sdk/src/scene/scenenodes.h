@@ -1,6 +1,7 @@
 #ifndef SCENE_SCENENODES_H
 #define SCENE_SCENENODES_H
 
+#include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 
@@ -27,6 +28,10 @@ public:
     const QVector<VxNode *> &roots() const { return m_roots; }
     const QVector<VxNode *> &all() const;
     int count() const { return m_count; }
+    /// The node with an identifier, or null.
+    VxNode *findById(quint64 id) const { return m_byId.value(id); }
+    /// New identifiers start at 1 again, for a scene without nodes and history.
+    void restartIds() { m_lastId = 0; }
     /// The index of a node in a list of siblings that contains it, starting at its last index.
     static int indexIn(const QVector<VxNode *> &siblings, const VxNode *node);
 
@@ -50,6 +55,8 @@ private:
     void detach(VxNode *node);
     void insert(VxNode *node, VxNode *parent, int index);
     void relocate(VxNode *node, VxNode *parent, int index);
+    /// Keeps the node's identifier where it is free, else gives the node a new one.
+    void enterId(VxNode *node);
     void reportOrder(const QPointer<VxNode> &node);
     void announce(const QVector<VxNode *> &tops);
     /// Records the node's present place; null when nothing is recorded.
@@ -63,6 +70,8 @@ private:
     mutable QVector<VxNode *> m_all;
     mutable bool m_allValid = true;
     int m_count = 0;
+    QHash<quint64, VxNode *> m_byId;
+    quint64 m_lastId = 0; // the highest identifier so far
     /// The item recorded last and its node, only for comparison with the open hold's item.
     NodePlaceItem *m_lastItem = nullptr;
     const VxNode *m_lastNode = nullptr;

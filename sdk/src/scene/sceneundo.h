@@ -2,6 +2,7 @@
 #define SCENE_SCENEUNDO_H
 
 #include <QtCore/QPointer>
+#include <optional>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundoitem.h>
@@ -36,17 +37,26 @@ public:
     void swap() override;
     /// Drops the item of a node back at its place, unless other nodes moved since.
     bool finish() override;
+    bool write(VxJournalWriter &writer) const override;
     qint64 memoryUsed() const override;
 
     bool isAlive() const { return m_node; }
     /// Another node's item follows in the same hold.
-    void setFollowed() { m_followed = true; }
+    void setFollowed();
+    /// Call before the node is added: those that are added with it.
+    void setAdded(const QVector<VxNode *> &nodes);
     void setOwning(bool owning) { m_owning = owning; }
 
 private:
     QPointer<VxScene> m_scene;
     QPointer<VxNode> m_node;
+    NodePlace present() const;
+    bool writeAdded(VxJournalWriter &writer) const;
+    void writeRemoved(VxJournalWriter &writer) const;
+
     NodePlace m_place;
+    std::optional<NodePlace> m_followedPlace; // before the item that follows; none once swapped
+    QVector<QPointer<VxNode>> m_added;
     bool m_owning = false;
     bool m_followed = false;
 };

@@ -1,6 +1,7 @@
 #include <vxcore/vxmarkers.h>
 
 #include "keys/vxchangeblock_p.h"
+#include "scene/journalitems.h"
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
 
@@ -9,6 +10,7 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+#include <vxcore/vxjournalwriter.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -102,6 +104,22 @@ public:
         return m_markers && !m_changed.isEmpty();
     }
 
+    bool write(VxJournalWriter &writer) const override
+    {
+        if (!m_markers || !m_isReduced)
+            return false;
+        const QSet<int> ids(m_changed.cbegin(), m_changed.cend());
+        VxMarkerList present;
+        for (const VxMarker &marker : m_markers->list()) {
+            if (ids.contains(marker.id))
+                present.append(marker);
+        }
+        writer.number(JournalItem::Markers);
+        put(writer, m_former);
+        put(writer, present);
+        return true;
+    }
+
     qint64 memoryUsed() const override
     {
         qint64 bytes = qint64(sizeof(*this)) + m_changed.size() * qint64(sizeof(int));
@@ -111,6 +129,17 @@ public:
     }
 
 private:
+    static void put(VxJournalWriter &writer, const VxMarkerList &markers)
+    {
+        writer.number(qint32(markers.size()));
+        for (const VxMarker &marker : markers) {
+            writer.number(qint32(marker.id));
+            writer.text(marker.name);
+            journalPut(writer, marker.span);
+            writer.number(quint32(marker.color));
+        }
+    }
+
     /// Drops unchanged markers.
     void reduce()
     {
@@ -144,7 +173,8 @@ private:
 void VxMarkers::Private::record()
 {
     VxUndoStack *stack = VxUndoStack::current();
-    if (stack && stack->isRecording() && !vxFindLivingItem<UndoItem>(stack, q, VxUndoSceneMarkers))
+    if (vxMustRecord(stack, static_cast<const QObject *>(q), VxUndoSceneMarkers) &&
+        !vxFindLivingItem<UndoItem>(stack, q, VxUndoSceneMarkers))
         stack->record(new UndoItem(q));
 }
 

@@ -41,8 +41,11 @@ VxNode::VxNode(const QString &name, Private *priv)
 VxNode::~VxNode()
 {
     Private *record = priv();
-    if (record->scene)
+    if (record->scene) {
+        if (VxUndoStack *stack = VxUndoStack::current())
+            stack->noteUnrecordedChange();
         VxScene::Private::of(record->scene)->nodes.take({this});
+    }
     record->announceRemoval();
     if (record->parent)
         Private::of(record->parent)->children.removeOne(this);
@@ -71,6 +74,19 @@ VxNode::Private *VxNode::priv() const
 VxScene *VxNode::getScene() const
 {
     return priv()->scene;
+}
+
+quint64 VxNode::getId() const
+{
+    return priv()->id;
+}
+
+void VxNode::setId(quint64 id)
+{
+    if (priv()->scene)
+        qWarning("VxNode::setId(): %s is in a scene", qUtf8Printable(getName()));
+    else
+        priv()->id = id;
 }
 
 VxNode *VxNode::getNodeParent() const

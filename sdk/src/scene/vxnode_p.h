@@ -47,6 +47,7 @@ public:
     /// Moves the node within a hierarchy that is in no scene.
     void moveOutside(VxNode *newParent, int index);
 
+    quint64 id = 0;
     VxNode *parent = nullptr;
     QVector<VxNode *> children;
     VxObject *object = nullptr;

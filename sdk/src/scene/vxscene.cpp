@@ -208,6 +208,11 @@ VxNode *VxScene::findNodeByLabel(const QString &label) const
     return findFirst(d->nodes.all(), [&](const VxNode *node) { return node->getLabel() == label; });
 }
 
+VxNode *VxScene::findNodeById(quint64 id) const
+{
+    return d->nodes.findById(id);
+}
+
 bool VxScene::addNode(VxNode *node, VxNode *parent)
 {
     if (!node || node->getScene() || node->getNodeParent()) {
@@ -277,6 +282,7 @@ void VxScene::clear()
     d->applyDefaults();
     if (VxUndoStack *stack = VxUndoStack::current())
         stack->clear();
+    d->nodes.restartIds();
     Q_EMIT sceneCleared();
 }
 

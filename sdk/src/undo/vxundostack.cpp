@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 #include <vxcore/vxchangeblock.h>
+#include <vxcore/vxjournalwriter.h>
 
 namespace {
 
@@ -64,6 +65,16 @@ qint64 VxUndoEntry::memoryUsed() const
     return bytes;
 }
 
+bool VxUndoEntry::write(VxJournalWriter &writer) const
+{
+    return std::all_of(m_items.begin(), m_items.end(), [&writer](const auto &item) {
+        writer.beginItem();
+        const bool isWritten = item->write(writer);
+        writer.endItem();
+        return isWritten;
+    });
+}
+
 void VxUndoStack::Private::open(const VxUndoStackHold *hold)
 {
     holds.push_back(hold);
@@ -83,13 +94,15 @@ void VxUndoStack::Private::close(const VxUndoStackHold *hold, const QString *tex
     VxUndoItems finished;
     finished.swap(items);
     index.clear();
-    if (!text)
-        return;
     finished.erase(std::remove_if(finished.begin(), finished.end(),
                                   [](const auto &item) { return !item->finish(); }),
                    finished.end());
     if (finished.empty())
         return;
+    if (!text) {
+        q->noteUnrecordedChange();
+        return;
+    }
     stack->push(new VxUndoEntry(*text, std::move(finished), &applying));
     Q_EMIT q->entryAdded(*text);
 }
@@ -183,6 +196,23 @@ void VxUndoStack::record(VxUndoItem *item)
 VxUndoItem *VxUndoStack::findItem(const void *object, int kind) const
 {
     return isRecording() ? d->index.value({object, kind}) : nullptr;
+}
+
+bool VxUndoStack::writeEntry(int index, VxJournalWriter &writer) const
+{
+    const auto *entry = static_cast<const VxUndoEntry *>(d->stack->command(index));
+    return entry && entry->write(writer);
+}
+
+void VxUndoStack::noteUnrecordedChange()
+{
+    if (!std::exchange(d->hasUnrecordedChange, true))
+        QMetaObject::invokeMethod(this, &VxUndoStack::unrecordedChange, Qt::QueuedConnection);
+}
+
+bool VxUndoStack::takeUnrecordedChange()
+{
+    return std::exchange(d->hasUnrecordedChange, false);
 }
 
 qint64 VxUndoStack::memoryUsed() const

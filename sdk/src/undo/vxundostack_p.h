@@ -24,6 +24,7 @@ public:
     void undo() override;
     void redo() override;
     qint64 memoryUsed() const;
+    bool write(VxJournalWriter &writer) const;
 
 private:
     VxUndoItems m_items;
@@ -57,6 +58,7 @@ public:
     /// A step is running; clear() is deferred to its end.
     bool stepping = false;
     bool clearAfterStep = false;
+    bool hasUnrecordedChange = false;
 };
 
 #endif

@@ -1,6 +1,8 @@
 #ifndef VXUNDOVALUEITEM_H
 #define VXUNDOVALUEITEM_H
 
+#include "undo/journalvalues.h"
+
 #include <QtCore/QPointer>
 #include <vxcore/vxundoitem.h>
 #include <vxcore/vxundostack.h>
@@ -19,6 +21,7 @@ public:
         , m_get(get)
         , m_set(set)
         , m_value(get(object))
+        , m_wasInDocument(vxIsInDocument(object))
     {
     }
 
@@ -34,6 +37,13 @@ public:
     }
 
     bool finish() override { return m_object && !(m_get(m_object) == m_value); }
+    bool write(VxJournalWriter &writer) const override
+    {
+        if (!m_wasInDocument)
+            return true;
+        return m_object && journalBegin(writer, m_object.data(), kind()) &&
+               journalPut(writer, m_value) && journalPut(writer, m_get(m_object));
+    }
     qint64 memoryUsed() const override { return qint64(sizeof(*this)); }
 
 private:
@@ -41,6 +51,7 @@ private:
     Getter m_get;
     Setter m_set;
     Value m_value;
+    const bool m_wasInDocument;
 };
 
 /// The item that the open hold has for an object, or null. Ignores the leftover item of an object
@@ -51,6 +62,17 @@ template <class Item> Item *vxFindLivingItem(const VxUndoStack *stack, const voi
     return item && item->isAlive() ? item : nullptr;
 }
 
+/// True when a change about to be made must be recorded. Notes a change of the document outside of
+/// any hold.
+template <class Object> bool vxMustRecord(VxUndoStack *stack, const Object *object, int kind)
+{
+    if (!stack || stack->isRecording())
+        return stack != nullptr;
+    if (!stack->isApplying() && vxIsInDocument(object) && !vxIsView(object, kind))
+        stack->noteUnrecordedChange();
+    return false;
+}
+
 /// Records the present value, before a change, unless the open hold has it already. Call it with
 /// captureless lambdas: get(const Object *) and set(Object *, const Value &).
 template <class Object, class Value>
@@ -59,8 +81,9 @@ void vxRecordValue(Object *object, int kind, Value (*get)(const Object *),
 {
     using Item = VxUndoValueItem<Object, Value>;
     VxUndoStack *stack = VxUndoStack::current();
-    if (stack && stack->isRecording() && !vxFindLivingItem<Item>(stack, object, kind))
-        stack->record(new Item(object, kind, get, set));
+    if (!vxMustRecord(stack, object, kind) || vxFindLivingItem<Item>(stack, object, kind))
+        return;
+    stack->record(new Item(object, kind, get, set));
 }
 
 #endif

@@ -272,6 +272,8 @@ void tst_CreateEdits::duplicateHasKeysAndReferences()
     VxNode *arm2 = node("LeftArm_2");
     VxNode *hand2 = node("LeftHand_2");
     QCOMPARE(vxScene->getNumNodes(), 5);
+    QVERIFY(hand2->getId() != hand->getId());
+    QCOMPARE(vxScene->findNodeById(hand2->getId()), hand2);
     QCOMPARE(hand2->getNodeParent(), arm2);
     QVERIFY(qobject_cast<VxBone *>(hand2));
     QCOMPARE(hand2->getLabel(), QString("Left Hand"));

@@ -7,6 +7,7 @@
 #include "walksample.h"
 
 #include <QBuffer>
+#include <QCborArray>
 #include <QCborMap>
 #include <QCborValue>
 #include <QTemporaryDir>
@@ -70,6 +71,8 @@ private Q_SLOTS:
 
     void sampleRoundTripsByteForByte();
     void everyTraitRoundTrips();
+    void identifiersRoundTrip();
+    void olderFilesGetIdentifiers();
     void theCameraRoundTrips();
     void markersRoundTrip();
     void theTimeDisplayRoundTrips();
@@ -174,6 +177,36 @@ void TestSceneFile::everyTraitRoundTrips()
     QCOMPARE(p->getSensitivity(), 0.125f);
     QCOMPARE(p->getDefaultInterpolation(), 2);
     QCOMPARE(bytesOf(copy), bytes);
+}
+
+void TestSceneFile::identifiersRoundTrip()
+{
+    VxScene scene;
+    for (const char *name : {"a", "b", "c"})
+        scene.addNode(new VxNode(QLatin1String(name)));
+    scene.removeNode(scene.findNode(QStringLiteral("a")));
+    VxScene read;
+    VxFileError error;
+    QVERIFY(load(bytesOf(scene), &read, &error));
+    QCOMPARE(read.findNode(QStringLiteral("b"))->getId(), quint64(2));
+    QCOMPARE(read.findNodeById(3)->getName(), QStringLiteral("c"));
+}
+
+void TestSceneFile::olderFilesGetIdentifiers()
+{
+    QCborMap map = sampleMap();
+    QCborArray nodes = map.value(QLatin1String("nodes")).toArray();
+    for (int i = 0; i < nodes.size(); ++i) {
+        QCborMap node = nodes.at(i).toMap();
+        QVERIFY(node.take(QLatin1String("id")).isInteger());
+        nodes[i] = node;
+    }
+    map[QLatin1String("nodes")] = nodes;
+    VxScene read;
+    VxFileError error;
+    QVERIFY2(load(QCborValue(map).toCbor(), &read, &error), qPrintable(error.text()));
+    for (int i = 0; i < read.getNumNodes(); ++i)
+        QCOMPARE(read.getNodes().at(i)->getId(), quint64(i + 1));
 }
 
 void TestSceneFile::theCameraRoundTrips()

@@ -1,0 +1,384 @@
+#include "scene/journalitems.h"
+
+#include "keys/keyjournal.h"
+#include "keys/keystore.h"
+#include "keys/vxnumericproperty_p.h"
+#include "scene/vxnode_p.h"
+#include "undo/journalvalues.h"
+
+#include <cmath>
+#include <functional>
+#include <vector>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxintproperty.h>
+#include <vxcore/vxmarkers.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
+#include <vxcore/vxstringproperty.h>
+
+namespace {
+
+using Reader = VxJournalReader;
+
+/// Applies the former and the present value of an item: the one that the direction asks for.
+class ItemReader
+{
+public:
+    ItemReader(Reader &reader, Reader::Direction direction)
+        : r(reader)
+        , m_forward(direction == Reader::Forward)
+    {
+    }
+
+    bool applyItem();
+
+private:
+    struct Place
+    {
+        bool inScene = false;
+        quint64 parent = 0;
+        int index = 0;
+    };
+
+    bool applyKeys();
+    template <class V> bool applyKeysOf(VxNumericProperty *property);
+    bool applyStoredValue();
+    template <class V> bool applyStoredValueOf(VxNumericProperty *property);
+    bool applyPropertyValue();
+    bool applyReference(int kind, VxProperty *property);
+    bool applyLink(VxProperty *property);
+    bool applyNodeValue();
+    bool applySceneValue();
+    bool applyNodePlace();
+    Place readPlace();
+    bool addNode(quint64 id, const Place &place);
+    bool moveNode(VxNode *node, const Place &place);
+    bool applyMarkers();
+    VxMarkerList readMarkers();
+
+    /// Reads both values and passes on the one to set. False after a failure.
+    template <class Value, class Set> bool value(const Set &set)
+    {
+        Value before{};
+        Value after{};
+        journalGet(r, &before);
+        journalGet(r, &after);
+        if (r.failed())
+            return false;
+        set(m_forward ? after : before);
+        return true;
+    }
+    /// The property of the item, if its values are of the type that follows it; else null.
+    VxNumericProperty *numberProperty(JournalNumber *type);
+
+    Reader &r;
+    const bool m_forward;
+};
+
+VxNumericProperty *ItemReader::numberProperty(JournalNumber *type)
+{
+    VxProperty *property = r.property();
+    *type = r.number<JournalNumber>();
+    const bool isFloat = qobject_cast<VxFloatProperty *>(property);
+    const bool isInt = qobject_cast<VxIntProperty *>(property);
+    if (r.failed() || !(*type == JournalNumber::Float ? isFloat : isInt))
+        return nullptr;
+    return static_cast<VxNumericProperty *>(property);
+}
+
+template <class V> KeyStore<V> &storeOf(VxNumericProperty *property)
+{
+    VxProperty::Private *record = VxProperty::Private::of(property);
+    return static_cast<KeyStore<V> &>(static_cast<VxNumericProperty::Private *>(record)->ownKeys());
+}
+
+template <class V> bool ItemReader::applyKeysOf(VxNumericProperty *property)
+{
+    VxTimeRange range;
+    journalGet(r, &range);
+    const KeyTrack<V> before = KeyJournal::get<V>(r, range);
+    const KeyTrack<V> after = KeyJournal::get<V>(r, range);
+    return !r.failed() &&
+           storeOf<V>(property).replace(range, (m_forward ? after : before).columns());
+}
+
+bool ItemReader::applyKeys()
+{
+    JournalNumber type;
+    VxNumericProperty *property = numberProperty(&type);
+    if (!property)
+        return false;
+    return type == JournalNumber::Float ? applyKeysOf<float>(property)
+                                        : applyKeysOf<qint32>(property);
+}
+
+template <class V> bool ItemReader::applyStoredValueOf(VxNumericProperty *property)
+{
+    const V before = r.number<V>();
+    const V after = r.number<V>();
+    return !r.failed() && std::isfinite(double(before)) && std::isfinite(double(after)) &&
+           storeOf<V>(property).setStored(m_forward ? after : before);
+}
+
+bool ItemReader::applyStoredValue()
+{
+    JournalNumber type;
+    VxNumericProperty *property = numberProperty(&type);
+    if (!property)
+        return false;
+    return type == JournalNumber::Float ? applyStoredValueOf<float>(property)
+                                        : applyStoredValueOf<qint32>(property);
+}
+
+bool ItemReader::applyReference(int kind, VxProperty *property)
+{
+    VxProperty *before = r.property();
+    VxProperty *after = r.property();
+    VxProperty *target = m_forward ? after : before;
+    // Scene files have no values and keys of a property that shows those of another one: it cannot
+    // be made to show its own again.
+    if (r.failed() || (!m_forward && !target))
+        return false;
+    return kind == VxUndoAlias ? property->setAliasedProperty(target)
+                               : property->setOverridingControl(target);
+}
+
+bool ItemReader::applyLink(VxProperty *property)
+{
+    struct State
+    {
+        VxProperty *target;
+        bool terminal;
+        double factor;
+        double offset;
+    };
+    const auto read = [this] {
+        VxProperty *target = r.property();
+        const bool terminal = r.number<quint8>() != 0;
+        const auto factor = r.number<double>();
+        return State{target, terminal, factor, r.number<double>()};
+    };
+    const State before = read();
+    const State after = read();
+    const State state = m_forward ? after : before;
+    auto *number = qobject_cast<VxNumericProperty *>(property);
+    auto *target = qobject_cast<VxNumericProperty *>(state.target);
+    if (r.failed() || !number || (state.target && !target))
+        return false;
+    return number->setLink(target, state.terminal, state.factor, state.offset);
+}
+
+bool ItemReader::applyPropertyValue()
+{
+    const int kind = r.number<quint8>();
+    VxProperty *property = r.property();
+    if (!property)
+        return false;
+    switch (kind) {
+    case VxUndoLabel:
+        return value<QString>([&](const QString &label) { property->setLabel(label); });
+    case VxUndoHidden:
+        return value<bool>([&](bool hidden) { property->setHidden(hidden); });
+    case VxUndoLocked:
+        return value<bool>([&](bool locked) { property->setLocked(locked); });
+    case VxUndoAnimatable:
+        return value<bool>([&](bool animatable) { property->setAnimatable(animatable); });
+    case VxUndoStoredValue: {
+        auto *string = qobject_cast<VxStringProperty *>(property);
+        return string && value<QString>([&](const QString &text) { string->setValue(text); });
+    }
+    case VxUndoAlias:
+    case VxUndoOverride:
+        return applyReference(kind, property);
+    case VxUndoLink:
+        return applyLink(property);
+    case VxUndoTransientValue:
+        return true; // not part of the document
+    default:
+        return false;
+    }
+}
+
+bool ItemReader::applyNodeValue()
+{
+    const int kind = r.number<quint8>();
+    VxNode *node = r.node();
+    if (!node)
+        return false;
+    switch (kind) {
+    case VxUndoElementLabel:
+        return value<QString>([&](const QString &label) { node->setLabel(label); });
+    case VxUndoNodeVisible:
+        return value<bool>([&](bool visible) { node->setVisible(visible); });
+    case VxUndoNodeSelectable:
+        return value<bool>([&](bool selectable) { node->setSelectable(selectable); });
+    case VxUndoNodeIk:
+        return value<bool>([&](bool ik) { node->setIkNode(ik); });
+    case VxUndoNodePinned:
+        return value<bool>([&](bool pinned) { node->setPinned(pinned); });
+    case VxUndoNodeRotationOrder:
+        return value<VxNode::RotationOrder>(
+            [&](VxNode::RotationOrder order) { node->setRotationOrder(order); });
+    case VxUndoNodeOrigin:
+        return value<QVector3D>([&](const QVector3D &point) { node->setOrigin(point); });
+    case VxUndoNodeEndPoint:
+        return value<QVector3D>([&](const QVector3D &point) { node->setEndPoint(point); });
+    case VxUndoNodeRestPose:
+        return value<std::optional<VxRestPose>>(
+            [&](const std::optional<VxRestPose> &pose) { node->setRestPose(pose); });
+    default:
+        return false;
+    }
+}
+
+bool ItemReader::applySceneValue()
+{
+    VxScene *scene = r.scene();
+    switch (r.number<quint8>()) {
+    case VxUndoSceneTime:
+        return value<VxTime>([&](VxTime time) { scene->setTime(time); });
+    case VxUndoSceneTimeStep:
+        return value<VxTime>([&](VxTime step) { scene->setTimeStep(step); });
+    case VxUndoScenePlayRange:
+        return value<VxTimeRange>([&](const VxTimeRange &range) { scene->setPlayRange(range); });
+    case VxUndoSceneAnimRange:
+        return value<VxTimeRange>([&](const VxTimeRange &range) { scene->setAnimRange(range); });
+    case VxUndoSceneViews:
+        return value<VxSceneViews::Views>(
+            [&](const VxSceneViews::Views &views) { VxSceneViews::of(scene)->setViews(views); });
+    case VxUndoSceneTimeDisplay:
+        return value<VxTimeDisplay>([&](const VxTimeDisplay &display) {
+            VxSceneTimeDisplay::of(scene)->setDisplay(display);
+        });
+    default:
+        return false;
+    }
+}
+
+ItemReader::Place ItemReader::readPlace()
+{
+    Place place;
+    place.inScene = r.number<quint8>() != 0;
+    place.parent = r.number<quint64>();
+    place.index = r.number<qint32>();
+    return place;
+}
+
+bool ItemReader::moveNode(VxNode *node, const Place &place)
+{
+    VxNode *parent = place.parent ? r.scene()->findNodeById(place.parent) : nullptr;
+    return (parent || !place.parent) && node->setNodeParent(parent, place.index);
+}
+
+bool ItemReader::addNode(quint64 id, const Place &place)
+{
+    std::unique_ptr<VxNode> made = r.contents();
+    VxNode *parent = place.parent ? r.scene()->findNodeById(place.parent) : nullptr;
+    if (!made || made->getId() != id || (place.parent && !parent) ||
+        (parent && !VxNode::Private::of(made.get())->fitsBelow(parent)) ||
+        !r.scene()->addNode(made.get(), parent))
+        return false;
+    VxNode *node = made.release();
+    return node->getId() == id && moveNode(node, place);
+}
+
+bool ItemReader::applyNodePlace()
+{
+    const auto id = r.number<quint64>();
+    const Place before = readPlace();
+    const Place after = readPlace();
+    if (r.failed())
+        return false;
+    const Place &place = m_forward ? after : before;
+    VxNode *node = r.scene()->findNodeById(id);
+    if (!node)
+        return before.inScene != after.inScene && place.inScene && addNode(id, place);
+    return place.inScene ? before.inScene && moveNode(node, place) : r.scene()->removeNode(node);
+}
+
+VxMarkerList ItemReader::readMarkers()
+{
+    const auto count = r.number<qint32>();
+    VxMarkerList markers;
+    for (int i = 0; i < count && !r.failed(); ++i) {
+        VxMarker marker;
+        marker.id = r.number<qint32>();
+        marker.name = r.text();
+        journalGet(r, &marker.span);
+        marker.color = r.number<quint32>();
+        markers.append(marker);
+    }
+    return markers;
+}
+
+/** Identifiers of markers are those of one run of the program: the markers are found by what they
+ *  are, and changed where one of the same identifier replaces them. */
+bool ItemReader::applyMarkers()
+{
+    VxMarkerList former = readMarkers();
+    VxMarkerList present = readMarkers();
+    if (r.failed())
+        return false;
+    if (!m_forward)
+        former.swap(present);
+    VxMarkers *markers = VxMarkers::of(r.scene());
+    VxMarkerList added = present;
+    VxMarkerList changed;
+    QVector<int> removed;
+    QVector<int> found;
+    for (const VxMarker &old : qAsConst(former)) {
+        const VxMarkerList &list = markers->list();
+        const auto same = std::find_if(list.cbegin(), list.cend(), [&](const VxMarker &marker) {
+            return marker.name == old.name && marker.span == old.span &&
+                   marker.color == old.color && !found.contains(marker.id);
+        });
+        if (same == list.cend())
+            return false;
+        found.append(same->id);
+        const auto next = std::find_if(added.begin(), added.end(), [&old](const VxMarker &marker) {
+            return marker.id == old.id;
+        });
+        if (next == added.end()) {
+            removed.append(found.last());
+        } else {
+            changed.append(*next);
+            changed.last().id = found.last();
+            added.erase(next);
+        }
+    }
+    markers->set(changed);
+    markers->remove(removed);
+    markers->add(added);
+    return true;
+}
+
+bool ItemReader::applyItem()
+{
+    switch (r.number<JournalItem>()) {
+    case JournalItem::Keys:
+        return applyKeys();
+    case JournalItem::StoredValue:
+        return applyStoredValue();
+    case JournalItem::PropertyValue:
+        return applyPropertyValue();
+    case JournalItem::NodeValue:
+        return applyNodeValue();
+    case JournalItem::SceneValue:
+        return applySceneValue();
+    case JournalItem::NodePlace:
+        return applyNodePlace();
+    case JournalItem::Markers:
+        return applyMarkers();
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool JournalItems::apply(VxJournalReader &reader, VxJournalReader::Direction direction)
+{
+    const VxChangeBlock block;
+    return ItemReader(reader, direction).applyItem();
+}
