@@ -1,6 +1,7 @@
 #include "vxkeytoolsplugin.h"
 
 #include "keytools/isolateaction.h"
+#include "keytools/keycursoraction.h"
 #include "keytools/keygestureactions.h"
 #include "keytools/keytoolactions.h"
 #include "keytools/keytoolscript.h"
@@ -79,6 +80,7 @@ void addClasses(VxPlugin *plugin)
     addClass<VxKeyToolsBakeAction>(plugin, "CEE78A3D-396F-4072-97AD-142CFF133643");
     addClass<VxKeyToolsConvertAction>(plugin, "3DB05692-E73A-4C98-8E98-964EA7B1FBF7");
     addClass<VxKeyToolsPinAction>(plugin, "6941590F-9220-441F-A8C5-F982D1519709");
+    addClass<VxKeyToolsKeyCursorAction>(plugin, "206413A4-A013-4FA4-BAAA-55D339F0A519");
     addClass<VxKeyToolsMoveGestureAction>(plugin, "BAD49A2A-308D-4751-A797-B786D999A4C5");
     addClass<VxKeyToolsDuplicateGestureAction>(plugin, "429A4228-492A-416C-B58A-6FD6F7B6D88A");
     addClass<VxKeyToolsScaleTimesGestureAction>(plugin, "CDDF75A3-454F-4259-8D10-E81A643E8FBF");

@@ -20,6 +20,7 @@ namespace {
 
 constexpr double FineSpeed = 0.1;
 constexpr double FactorStep = 0.05;
+constexpr int LargeStep = 10;           // steps
 constexpr double PixelsPerFactor = 100; // of scaled values
 constexpr double LeastArm = 30;         // pixels from the pivot of scaled times to the mouse
 constexpr int AxisSample = 1000;        // pixels
@@ -153,6 +154,11 @@ bool KeyGesture::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride)
         event->accept();
+    // Tab must not lead to another widget, which would drop the gesture.
+    if (event->type() == QEvent::KeyPress) {
+        keyPressEvent(static_cast<QKeyEvent *>(event));
+        return true;
+    }
     return QWidget::event(event);
 }
 
@@ -177,9 +183,25 @@ void KeyGesture::keyPressEvent(QKeyEvent *event)
     else if (m_amount.isScale() && event->key() == letter && !event->isAutoRepeat()) {
         m_amount.choosePivot();
         followMouse(!(event->modifiers() & Qt::ShiftModifier));
-    } else if (!m_amount.type(event->text()))
+    } else if (!step(*event) && !m_amount.type(event->text()))
         return;
     showAmount();
+}
+
+// The arrow keys along the axis that the gesture changes: a frame, 5 % or a round value; with Shift
+// ten times as much.
+bool KeyGesture::step(const QKeyEvent &event)
+{
+    const int forwards = m_amount.isOfValues() ? Qt::Key_Up : Qt::Key_Right;
+    const int backwards = m_amount.isOfValues() ? Qt::Key_Down : Qt::Key_Left;
+    if (event.key() != forwards && event.key() != backwards)
+        return false;
+    const double one = m_amount.isScale()      ? FactorStep
+                       : m_amount.isOfValues() ? valueStep(m_valuePerPixel)
+                                               : vxScene->getTimeStep();
+    const double by = event.modifiers() & Qt::ShiftModifier ? LargeStep * one : one;
+    m_amount.addByKeys(event.key() == forwards ? by : -by);
+    return true;
 }
 
 // The gesture ends at the release, which must not get to the widget below. The wheel has no effect:
@@ -292,7 +314,8 @@ void KeyGesture::showAmount()
         m_preview.end();
         outcome = KeyTargets::current().description();
     }
-    m_text = KeyToolText::tr("%1   |   %2   |   Enter or click: accept, Esc: cancel")
+    m_text = KeyToolText::tr("%1   |   %2   |   Mouse or arrows: change, Enter or click: accept, "
+                             "Esc: cancel")
                  .arg(m_amount.text(), outcome);
     if (m_amount.isScale())
         m_text += m_amount.kind() == KeyGestureKind::ScaleTimes

@@ -46,6 +46,7 @@ private:
     void start();
     bool handleMouse(const QEvent *event);
     void moveMouse(const QMouseEvent &event);
+    bool step(const QKeyEvent &event);
     void followMouse(bool snaps);
     double ticksPerPixel() const;
     double pivotTime() const;

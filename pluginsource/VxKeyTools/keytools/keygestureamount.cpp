@@ -91,7 +91,15 @@ void KeyGestureAmount::choosePivot()
 
 void KeyGestureAmount::setByMouse(double amount, double step)
 {
-    m_amount = step > 0 ? std::round(amount / step) * step : amount;
+    m_amount = (step > 0 ? std::round(amount / step) * step : amount) + m_byKeys;
+}
+
+void KeyGestureAmount::addByKeys(double amount)
+{
+    if (!m_typed.isEmpty())
+        return;
+    m_byKeys += amount;
+    m_amount += amount;
 }
 
 bool KeyGestureAmount::type(const QString &character)

@@ -32,6 +32,9 @@ public:
     /// Sets the amount by the mouse: ticks, a value or a factor. With a step above 0 it is rounded
     /// to a multiple of it. Without effect after a number was typed.
     void setByMouse(double amount, double step);
+    /// Adds to the amount of the mouse: ticks, a value or a part of a factor. Without effect after
+    /// a number was typed.
+    void addByKeys(double amount);
 
     /// Appends a character of a number, a time or a percentage; false when it is none.
     bool type(const QString &character);
@@ -53,7 +56,8 @@ private:
 
     KeyGestureKind m_kind;
     int m_pivot = 0;
-    double m_amount = 0; // by the mouse
+    double m_amount = 0; // by mouse and arrow keys
+    double m_byKeys = 0; // of it
     QString m_typed;
 };
 

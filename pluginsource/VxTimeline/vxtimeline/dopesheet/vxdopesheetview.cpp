@@ -117,6 +117,7 @@ void VxDopeSheetView::selectionChanged(const QItemSelection &selected,
 
 void VxDopeSheetView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
+    // The tree view would only add its report. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     QAbstractItemView::currentChanged(current, previous);
     if (!QAccessible::isActive() || !hasFocus())
         return;

@@ -161,3 +161,20 @@ void AccessibleKeys::changeAll(const AccessibleKeySource &source, Change change)
     }
     applySelection(entries, change);
 }
+
+void AccessibleKeys::selectBetween(const std::vector<Source> &sources, VxTime first, VxTime last)
+{
+    QVector<VxProperty *> holders;
+    for (const Source &source : sources)
+        holders += holdersOf(*source);
+    std::sort(holders.begin(), holders.end());
+    holders.erase(std::unique(holders.begin(), holders.end()), holders.end());
+    VxKeySelectionEntries entries;
+    for (VxProperty *holder : holders) {
+        const int from = holder->getFirstKeyFrom(first);
+        const int to = last == VxTimeMax ? holder->getNumKeys() : holder->getFirstKeyFrom(last + 1);
+        if (from < to)
+            entries.push_back({holder, {VxKeySpan{from, to}}, 0});
+    }
+    applySelection(entries, Change::SelectOnly);
+}

@@ -63,6 +63,8 @@ public:
     // Such as "Linear"; empty for a key of several properties.
     static QString typeText(const AccessibleKeySource &source, int index);
 
+    // Selects the keys of several rows from one time to another, both included, and no others.
+    static void selectBetween(const std::vector<Source> &sources, VxTime first, VxTime last);
     enum class Change { SelectOnly, Select, Deselect, Toggle };
     // Changes the selection by one key, and by all keys.
     static void changeKey(const AccessibleKeySource &source, int index, Change change);

@@ -8,6 +8,7 @@
 #include <QtWidgets/QVBoxLayout>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxkeycursor.h>
 #include <vxcore/vxpanesearch.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -22,6 +23,7 @@
 #include "vxtimeline/pane/timepaneaccessible.h"
 #include "vxtimeline/pane/timepaneaxis.h"
 #include "vxtimeline/pane/timepanegraphhint.h"
+#include "vxtimeline/pane/timepanekeycursor.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelinemetrics.h"
@@ -52,10 +54,14 @@ TimePaneViews::TimePaneViews(VxPane *pane, const TimePaneStrip &strip)
     buildKeyGraph();
     buildTimeRange(strip);
     m_axis = new TimePaneAxis(pane, m_divider, m_sheet, m_graphView, m_slider);
+    m_keyCursor = new TimePaneKeyCursor(*this);
+    QObject::connect(new VxKeyCursor(pane), &VxKeyCursor::beginRequested, m_keyCursor,
+                     &TimePaneKeyCursor::begin);
 }
 
 TimePaneViews::~TimePaneViews()
 {
+    delete m_keyCursor;
     delete m_axis;
     delete m_divider;
 }

@@ -4,6 +4,7 @@
 class QAbstractItemModel;
 class QWidget;
 class TimePaneAxis;
+class TimePaneKeyCursor;
 class TimePaneStrip;
 class VxDopeSheetFilterModel;
 class VxDopeSheetHeaderView;
@@ -87,6 +88,7 @@ private:
     QWidget *m_timeRange = nullptr;
     VxTimeRangeSlider *m_slider = nullptr;
     TimePaneAxis *m_axis = nullptr;
+    TimePaneKeyCursor *m_keyCursor = nullptr;
     int m_savedNameColumnWidth = 250; // pixels
     bool m_rowsVisible = true;
 };

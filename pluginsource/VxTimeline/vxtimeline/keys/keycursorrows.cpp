@@ -1,0 +1,3 @@
+#include "vxtimeline/keys/keycursorrows.h"
+
+KeyCursorRows::~KeyCursorRows() = default;
