@@ -46,7 +46,8 @@ struct Case
 {
     const char *tool;
     QVariantMap arguments;
-    double mostRatio; // 0: reported only
+    double mostRatio;           // 0: reported only
+    const char *name = nullptr; // of the line; null: that of the tool
 };
 
 void measure(Table &table, Sheet &sheet, const Case &each, double loop)
@@ -54,9 +55,10 @@ void measure(Table &table, Sheet &sheet, const Case &each, double loop)
     const KeyTool *tool = KeyTool::find(QLatin1String(each.tool));
     check(tool, each.tool);
     VxUndoStack *stack = vxApp->getUndoStack();
+    const char *name = each.name ? each.name : each.tool;
     KeyToolResult result;
     table.measure(
-        each.tool, loop, each.mostRatio * loop,
+        name, loop, each.mostRatio * loop,
         [&] {
             if (stack->count() > 0)
                 stack->undo();
@@ -65,7 +67,7 @@ void measure(Table &table, Sheet &sheet, const Case &each, double loop)
             sheet.settle();
         },
         [&] { result = tool->runWith(each.arguments); });
-    if (!table.wants(each.tool))
+    if (!table.wants(name))
         return;
     check(result.done && result.keys == Keys, qPrintable(result.message));
     if (result.after != Keys)
@@ -142,6 +144,8 @@ int main(int argc, char **argv)
              Case{"smoothButterworth", none, 10},
              Case{"removeSpikes", none, 0},
              Case{"reduce", {{"error", 0.5}}, 0},
+             Case{"reduce", {{"error", "30%"}}, 0, "reduce to a percentage"},
+             Case{"reduce", {{"error", "10%"}, {"type", 1}}, 0, "reduce to a percentage, TCB"},
              Case{"convert", {{"type", 2}, {"error", 0.5}}, 0},
          })
         measure(table, sheet, each, loops.copies);

@@ -1,5 +1,6 @@
 #include "keytools/keyreduction.h"
 
+#include "keytools/errorsearch.h"
 #include "keytools/keysteps.h"
 
 #include <algorithm>
@@ -9,10 +10,14 @@
 
 namespace {
 
-// Bounds of the searched error, and the number of halvings of its exponent between them.
-constexpr double LeastError = 1e-5;
-constexpr double LargestError = 1e5;
-constexpr int Halvings = 16;
+// More keys than these are first estimated by a part of the properties.
+constexpr int SampleKeys = 200000;
+
+/// One of `every`, in no pattern that properties could have.
+bool isChosen(std::size_t index, int every)
+{
+    return (quint32(index) * 2654435761U >> 8) % quint32(every) == 0;
+}
 
 /// The samples that measure a span of keys: its keys and, unless all segments are linear, every
 /// frame.
@@ -116,23 +121,59 @@ KeyReduction::Spans KeyReduction::planTrack(std::size_t track, double error) con
 
 void KeyReduction::plan(double error)
 {
-    for (const RotationTracks &rotation : m_rotations)
-        planRotation(rotation, error);
-    for (const std::size_t track : m_others)
-        m_plan[track] = planTrack(track, error);
+    planSome(error, 1);
 }
 
-// The number of keys falls as the error grows, apart from a few keys.
+void KeyReduction::planSome(double error, int every)
+{
+    for (std::size_t i = 0; i < m_rotations.size(); ++i) {
+        if (isChosen(i, every))
+            planRotation(m_rotations[i], error);
+    }
+    for (std::size_t i = 0; i < m_others.size(); ++i) {
+        if (isChosen(i, every))
+            m_plan[m_others[i]] = planTrack(m_others[i], error);
+    }
+}
+
+int KeyReduction::keysOfSome(int every) const
+{
+    int count = 0;
+    for (std::size_t i = 0; i < m_rotations.size(); ++i) {
+        if (isChosen(i, every))
+            count += 3 * m_targets.tracks[m_rotations[i].tracks[0]].numKeys();
+    }
+    for (std::size_t i = 0; i < m_others.size(); ++i) {
+        if (isChosen(i, every))
+            count += m_targets.tracks[m_others[i]].numKeys();
+    }
+    return count;
+}
+
 void KeyReduction::planForCount(double count)
 {
-    double low = std::log(LeastError);
-    double high = std::log(LargestError);
-    for (int i = 0; i < Halvings; ++i) {
-        const double middle = (low + high) / 2;
-        plan(std::exp(middle));
-        (numKeys() <= count ? high : low) = middle;
+    const int all = keysOfSome(1);
+    const int every = std::max(1, all / SampleKeys);
+    ErrorSearch search(count);
+    if (every > 1) {
+        ErrorSearch estimate(count * keysOfSome(every) / all);
+        while (!estimate.isDone()) {
+            planSome(estimate.next(), every);
+            estimate.add(numKeys());
+        }
+        search.setFirst(estimate.error());
     }
-    plan(std::exp(high));
+    std::vector<Spans> best; // the plan of the error found so far
+    while (!search.isDone()) {
+        plan(search.next());
+        if (search.add(numKeys()))
+            best.swap(m_plan);
+        m_plan.assign(m_targets.tracks.size(), {});
+    }
+    if (best.empty())
+        plan(search.error());
+    else
+        m_plan = std::move(best);
 }
 
 int KeyReduction::numKeys() const

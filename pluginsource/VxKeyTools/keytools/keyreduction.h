@@ -16,7 +16,8 @@ public:
 
     /// As few keys as the error allows, in the unit of the values, or in degrees of rotation.
     void plan(double error);
-    /// At most `count` keys by the least error that gives as few; where no error does, the fewest.
+    /// At most `count` keys by the least error that gives as few, see ErrorSearch; where no error
+    /// does, the fewest.
     void planForCount(double count);
     /// Of the plan, without properties that are left unchanged.
     int numKeys() const;
@@ -25,6 +26,9 @@ public:
 
 private:
     using Spans = std::vector<std::optional<VxFittedKeys>>;
+    /// The plan of one of `every` rotations and other tracks; those of others stay.
+    void planSome(double error, int every);
+    int keysOfSome(int every) const;
     void planRotation(const RotationTracks &rotation, double error);
     Spans planTrack(std::size_t track, double error) const;
     const VxFloatProperty *propertyOf(std::size_t track) const;

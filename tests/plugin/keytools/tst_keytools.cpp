@@ -9,6 +9,7 @@
 #include <random>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxkeyarrays.h>
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxskeleton.h>
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void spikesAreRemoved();
     void rotationsAreReducedTogether();
     void aFigureIsReducedToAPercentage();
+    void manyKeysAreReducedToAPercentage();
     void conversionKeepsTheCurve();
     void pinnedFootStays();
 
@@ -495,6 +497,36 @@ void tst_KeyTools::aFigureIsReducedToAPercentage()
     // Fewer than the ends of each channel are not possible.
     stage.run("KeyTools.reduce({error: '0%', type: 'TCB', scope: 'Figure'})");
     QVERIFY(leg.hip->getZPosControl()->getNumKeys() >= 2);
+}
+
+/// Channels of very different movement, of which a part alone gives another error.
+void tst_KeyTools::manyKeysAreReducedToAPercentage()
+{
+    KeyToolStage stage;
+    constexpr int Channels = 300;
+    constexpr int KeysEach = 2001;
+    std::mt19937 random(5);
+    std::uniform_real_distribution<float> exponent(-3, 3);
+    std::normal_distribution<float> step(0, 1);
+    for (int c = 0; c < Channels; ++c) {
+        auto *channel = new VxFloatProperty(QString("noise %1").arg(c));
+        stage.node->addProperty(channel, "/Special");
+        const float size = std::exp(exponent(random));
+        VxKeyArrays<float> keys;
+        float value = 0;
+        for (int k = 0; k < KeysEach; ++k) {
+            value += size * step(random);
+            keys.times.push_back(k * 10);
+            keys.values.push_back(value);
+        }
+        keys.types.assign(keys.times.size(), VxKeyInterp::Linear);
+        channel->setKeys(keys);
+    }
+    vxScene->setPlayRange({0, KeysEach * 10});
+    stage.node->select();
+    const int after = stage.run("KeyTools.reduce({error: '20%'}).after").toInt();
+    const int most = Channels * KeysEach / 5;
+    QVERIFY2(after <= most && after > most * 0.995, qPrintable(QString::number(after)));
 }
 
 void tst_KeyTools::conversionKeepsTheCurve()
