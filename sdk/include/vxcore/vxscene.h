@@ -18,8 +18,6 @@ class VxNode;
 class VXCORE_EXPORT VxScene : public VxSignalGuard<QObject>
 {
     Q_OBJECT
-    Q_PROPERTY(int time READ getTime WRITE setTime NOTIFY timeChanged)
-    Q_PROPERTY(int timeStep READ getTimeStep WRITE setTimeStep NOTIFY timeStepChanged)
     Q_PROPERTY(bool playing READ isPlaying)
     Q_PROPERTY(bool looping READ isLoopingEnabled WRITE loopPlayback NOTIFY loopPlaybackChanged)
     Q_PROPERTY(bool animating READ isAnimating WRITE setAnimating NOTIFY animatingChanged)
@@ -50,7 +48,7 @@ public:
     Q_INVOKABLE VxNode *getPrimarySelection() const;
     /// Selects the node and makes it the primary selection; null leaves the others selected
     /// without a primary one.
-    Q_INVOKABLE void setPrimarySelection(VxNode *node);
+    void setPrimarySelection(VxNode *node);
 
     /// All nodes, each parent before its children, in the order of the hierarchy.
     VxNodeListIterator nodeListIterator() const;
@@ -91,13 +89,17 @@ public:
     /// sceneCleared() at the end. Playback is stopped.
     void clear();
 
-public Q_SLOTS:
     void setTime(int time);
     /// Values below 1 count as 1.
     void setTimeStep(int ticksPerFrame);
     /// An end before the start counts as the start.
     void setPlayRange(const VxTimeRange &range);
     void setAnimRange(const VxTimeRange &range);
+    /// Moves the time by a number of frames, forward or back, within the play range; from outside
+    /// the range, to its nearer end. Does not stop playback, which continues from there.
+    void stepTime(int frames, bool forward);
+
+public Q_SLOTS:
     void setAnimating(bool animating);
 
     /// Starts playback from the current time, or from the start of the play range when the time
@@ -111,9 +113,6 @@ public Q_SLOTS:
     /// Ends playback at the shown time. Ignored when nothing is played.
     void pause();
     void loopPlayback(bool onOff);
-    /// Moves the time by a number of frames, forward or back, within the play range; from outside
-    /// the range, to its nearer end. Does not stop playback, which continues from there.
-    void stepTime(int frames, bool forward);
 
     /// Selects every selectable node, or none, with one report. An existing primary selection
     /// stays, else it is the last node.

@@ -3,6 +3,17 @@
 #include <cmath>
 #include <limits>
 
+namespace {
+
+bool isWhole(const QScriptValue &value)
+{
+    const double number = value.toNumber();
+    return value.isNumber() && number == std::floor(number) &&
+           number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
+}
+
+} // namespace
+
 ScriptArguments::ScriptArguments(QScriptContext *context, const char *function)
     : m_context(context)
     , m_function(QLatin1String(function))
@@ -75,6 +86,22 @@ QVector<int> ScriptArguments::integers(int index, const char *name)
     return list;
 }
 
+VxTimeRange ScriptArguments::range(int index, const char *name)
+{
+    const QScriptValue value = m_context->argument(index);
+    VxTime ends[2] = {0, 0};
+    const QString names[2] = {QStringLiteral("start"), QStringLiteral("end")};
+    for (int i = 0; i < 2; ++i) {
+        const QScriptValue end = value.property(names[i]);
+        if (!value.isObject() || !isWhole(end)) {
+            failArgument(index, name, "an object with whole numbers as start and end");
+            break;
+        }
+        ends[i] = VxTime(end.toNumber());
+    }
+    return {ends[0], ends[1]};
+}
+
 void ScriptArguments::fail(const QString &message)
 {
     if (!failed())
@@ -98,12 +125,8 @@ void ScriptArguments::failArgument(int index, const char *name, const char *expe
 
 int ScriptArguments::toInteger(const QScriptValue &value, int index, const char *name)
 {
-    const double number = value.toNumber();
-    const bool whole = value.isNumber() && number == std::floor(number) &&
-                       number >= std::numeric_limits<int>::min() &&
-                       number <= std::numeric_limits<int>::max();
-    if (whole)
-        return static_cast<int>(number);
+    if (isWhole(value))
+        return static_cast<int>(value.toNumber());
     failArgument(index, name, "a whole number");
     return 0;
 }

@@ -31,6 +31,8 @@ public:
     QString text(int index, const char *name);
     QVector<int> integers(int index, const char *name);
     QScriptValue array(int index, const char *name);
+    /// An object with whole numbers as start and end.
+    VxTimeRange range(int index, const char *name);
 
     /// The object that the function was called on, or that an argument refers to; a failure when it
     /// is of another class or has been destroyed.

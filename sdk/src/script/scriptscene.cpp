@@ -174,6 +174,93 @@ QScriptValue setRange(ScriptArguments &arguments, void (VxScene::*setter)(const 
     return arguments.engine()->undefinedValue();
 }
 
+QScriptValue setRangeObject(ScriptArguments &arguments,
+                            void (VxScene::*setter)(const VxTimeRange &))
+{
+    auto *scene = arguments.self<VxScene>();
+    const VxTimeRange range = arguments.range(0, "range");
+    if (arguments.failed())
+        return arguments.error();
+    (scene->*setter)(range);
+    return arguments.engine()->undefinedValue();
+}
+
+QScriptValue setPlayRange(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setPlayRange()");
+    return setRangeObject(arguments, &VxScene::setPlayRange);
+}
+
+QScriptValue setAnimRange(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setAnimRange()");
+    return setRangeObject(arguments, &VxScene::setAnimRange);
+}
+
+QScriptValue setTicks(ScriptArguments &arguments, const char *name, void (VxScene::*setter)(int))
+{
+    auto *scene = arguments.self<VxScene>();
+    const int ticks = arguments.integer(0, name);
+    if (arguments.failed())
+        return arguments.error();
+    (scene->*setter)(ticks);
+    return arguments.engine()->undefinedValue();
+}
+
+QScriptValue setTime(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setTime()");
+    return setTicks(arguments, "time", &VxScene::setTime);
+}
+
+QScriptValue setTimeStep(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "setTimeStep()");
+    return setTicks(arguments, "ticksPerFrame", &VxScene::setTimeStep);
+}
+
+QScriptValue timeProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "time");
+    if (arguments.count() > 0)
+        return setTicks(arguments, "time", &VxScene::setTime);
+    const auto *scene = arguments.self<VxScene>();
+    return arguments.failed() ? arguments.error() : scene->getTime();
+}
+
+QScriptValue timeStepProperty(QScriptContext *context, QScriptEngine *)
+{
+    ScriptArguments arguments(context, "timeStep");
+    if (arguments.count() > 0)
+        return setTicks(arguments, "ticksPerFrame", &VxScene::setTimeStep);
+    const auto *scene = arguments.self<VxScene>();
+    return arguments.failed() ? arguments.error() : scene->getTimeStep();
+}
+
+QScriptValue stepTime(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "stepTime()");
+    auto *scene = arguments.self<VxScene>();
+    const int frames = arguments.integer(0, "frames");
+    const bool forward = arguments.boolean(1, "forward");
+    if (arguments.failed())
+        return arguments.error();
+    scene->stepTime(frames, forward);
+    return engine->undefinedValue();
+}
+
+QScriptValue setPrimarySelection(QScriptContext *context, QScriptEngine *engine)
+{
+    ScriptArguments arguments(context, "setPrimarySelection()");
+    auto *scene = arguments.self<VxScene>();
+    const bool isNone = arguments.count() > 0 && context->argument(0).isNull();
+    VxNode *node = isNone ? nullptr : arguments.object<VxNode>(0, "node");
+    if (arguments.failed())
+        return arguments.error();
+    scene->setPrimarySelection(node);
+    return engine->undefinedValue();
+}
+
 QScriptValue setPlayTicks(QScriptContext *context, QScriptEngine *)
 {
     ScriptArguments arguments(context, "setPlayTicks()");
@@ -195,6 +282,12 @@ const ScriptFunction sceneFunctions[] = {
     {"addSkeleton", addSkeleton, 2},
     {"getPlayRange", getPlayRange, 0},
     {"getAnimRange", getAnimRange, 0},
+    {"setPlayRange", setPlayRange, 1},
+    {"setAnimRange", setAnimRange, 1},
+    {"setTime", setTime, 1},
+    {"setTimeStep", setTimeStep, 1},
+    {"stepTime", stepTime, 2},
+    {"setPrimarySelection", setPrimarySelection, 1},
     {"setPlayTicks", setPlayTicks, 2},
     {"setAnimTicks", setAnimTicks, 2},
     {"timeText", timeText, 1},
@@ -212,6 +305,8 @@ void ScriptBindings::registerScene(QScriptEngine *engine)
                               flags | QScriptValue::SkipInEnumeration);
     };
     const auto both = QScriptValue::PropertyGetter | QScriptValue::PropertySetter;
+    addProperty("time", timeProperty, both);
+    addProperty("timeStep", timeStepProperty, both);
     addProperty("markers", getMarkers, QScriptValue::PropertyGetter);
     addProperty("displayUnit", displayUnit, both);
     addProperty("displayRate", displayRate, both);

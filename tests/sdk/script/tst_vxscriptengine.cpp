@@ -472,6 +472,28 @@ void TestScriptEngine::badArguments_data()
                                               << "VxNumericProperty";
     QTest::newRow("alias of a node") << "p.setAlias(n)"
                                      << "VxProperty";
+    QTest::newRow("numbers for a range")
+        << "Scene.setPlayRange(0, 10)"
+        << "setPlayRange() expects an object with whole numbers as start and end as argument 1 "
+           "(range), not 0";
+    QTest::newRow("a range without an end") << "Scene.setAnimRange({ start: 1 })"
+                                            << "setAnimRange() expects an object";
+    QTest::newRow("no range") << "Scene.setPlayRange()"
+                              << "not nothing";
+    QTest::newRow("text for the time") << "Scene.time = 'x'"
+                                       << "time expects a whole number";
+    QTest::newRow("text for a set time") << "Scene.setTime('x')"
+                                         << "setTime() expects a whole number";
+    QTest::newRow("nothing for the time step") << "Scene.timeStep = undefined"
+                                               << "timeStep expects a whole number";
+    QTest::newRow("a fraction for the time step") << "Scene.setTimeStep(1.5)"
+                                                  << "setTimeStep() expects a whole number";
+    QTest::newRow("text for frames") << "Scene.stepTime('x', true)"
+                                     << "stepTime() expects a whole number";
+    QTest::newRow("no direction") << "Scene.stepTime(2)"
+                                  << "stepTime() expects true or false";
+    QTest::newRow("a number for a node") << "Scene.setPrimarySelection(3)"
+                                         << "setPrimarySelection() expects VxNode";
     QTest::newRow("beyond 32 bits") << "p.deleteKeys(0, 1e12)"
                                     << "whole number";
 }
@@ -481,10 +503,19 @@ void TestScriptEngine::badArguments()
     QFETCH(QString, program);
     QFETCH(QString, message);
     VxScriptError error;
-    m_engine->evaluate(QStringLiteral("var n = Scene.addNode('n'); var p = n.getXPosControl();") +
-                           program,
-                       {}, &error);
+    m_engine->evaluate(
+        QStringLiteral("var n = Scene.addNode('n'); var p = n.getXPosControl();"
+                       "Scene.setPrimarySelection(n); Scene.time = 30;"
+                       "Scene.timeStep = 200; Scene.setAnimRange({start: 7, end: 9});"
+                       "Scene.setPlayRange(Scene.getAnimRange());") +
+            program,
+        {}, &error);
     QVERIFY2(error.message.contains(message), qPrintable(error.message));
+    QCOMPARE(vxScene->getTime(), 30);
+    QCOMPARE(vxScene->getTimeStep(), 200);
+    QVERIFY(vxScene->getPlayRange() == VxTimeRange(7, 9));
+    QVERIFY(vxScene->getAnimRange() == VxTimeRange(7, 9));
+    QCOMPARE(vxScene->getPrimarySelection(), vxScene->findNode(QStringLiteral("n")));
     QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
 }
 
