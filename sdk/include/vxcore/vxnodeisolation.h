@@ -2,6 +2,7 @@
 #define VXCORE_VXNODEISOLATION_H
 
 #include <QtCore/QObject>
+#include <QtCore/QSet>
 #include <QtCore/QVector>
 #include <vxcore/vxcoreglobal.h>
 
@@ -24,21 +25,27 @@ public:
     /// That of the first pane that supports it; null without such a pane.
     static VxNodeIsolation *current();
 
-    /// The isolated nodes; none while every node is shown. Not owned.
-    const QVector<VxNode *> &nodes() const { return m_nodes; }
-    bool isActive() const { return !m_nodes.isEmpty(); }
+    /// The isolated nodes, each once; none while every node is shown. Not owned; valid until one is
+    /// removed from the scene.
+    const QVector<VxNode *> &nodes() const;
+    bool isActive() const { return !m_isolated.isEmpty(); }
     /// Shows these nodes alone; none: every node. Nodes outside of the scene are left out.
-    void setNodes(QVector<VxNode *> nodes);
+    void setNodes(const QVector<VxNode *> &nodes);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
+    /// Other nodes are isolated. Sent at once, or once for all nodes that are removed from the
+    /// scene in an event loop iteration as long as others remain.
     void changed();
 
 private:
-    void leaveOut(const VxNode *removed);
+    void leaveOut(VxNode *removed);
+    void report();
 
-    QVector<VxNode *> m_nodes;
+    mutable QVector<VxNode *> m_nodes; // with removed ones until it is read
+    QSet<const VxNode *> m_isolated;
+    bool m_isReportPending = false;
 };
 
 #endif

@@ -5,6 +5,7 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QMainWindow>
 #include <algorithm>
+#include <utility>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpane.h>
 #include <vxcore/vxscene.h>
@@ -47,14 +48,36 @@ VxNodeIsolation *VxNodeIsolation::current()
     return instances().isEmpty() ? nullptr : instances().first();
 }
 
-void VxNodeIsolation::setNodes(QVector<VxNode *> nodes)
+const QVector<VxNode *> &VxNodeIsolation::nodes() const
 {
-    nodes.erase(std::remove_if(nodes.begin(), nodes.end(),
-                               [](const VxNode *node) { return !node || !node->getScene(); }),
-                nodes.end());
-    if (nodes == m_nodes)
+    if (m_nodes.size() != m_isolated.size())
+        m_nodes.erase(
+            std::remove_if(m_nodes.begin(), m_nodes.end(),
+                           [this](const VxNode *node) { return !m_isolated.contains(node); }),
+            m_nodes.end());
+    return m_nodes;
+}
+
+void VxNodeIsolation::setNodes(const QVector<VxNode *> &nodes)
+{
+    QVector<VxNode *> present;
+    QSet<const VxNode *> isolated;
+    for (VxNode *node : nodes) {
+        if (!node || !node->getScene() || isolated.contains(node))
+            continue;
+        present.append(node);
+        isolated.insert(node);
+    }
+    if (present == this->nodes())
         return;
-    m_nodes = nodes;
+    m_nodes = present;
+    m_isolated = isolated;
+    report();
+}
+
+void VxNodeIsolation::report()
+{
+    m_isReportPending = false;
     if (QCoreApplication *application = QCoreApplication::instance()) {
         application->removeEventFilter(this);
         if (isActive())
@@ -63,13 +86,30 @@ void VxNodeIsolation::setNodes(QVector<VxNode *> nodes)
     Q_EMIT changed();
 }
 
-void VxNodeIsolation::leaveOut(const VxNode *removed)
+// Nodes are often removed one by one: the cost of each is that of the nodes below it.
+void VxNodeIsolation::leaveOut(VxNode *removed)
 {
-    QVector<VxNode *> others;
-    std::copy_if(
-        m_nodes.cbegin(), m_nodes.cend(), std::back_inserter(others),
-        [removed](const VxNode *node) { return node != removed && !removed->isAncestorOf(node); });
-    setNodes(others);
+    if (!isActive())
+        return;
+    QVector<VxNode *> leaving = {removed};
+    removed->getNodeChildren(leaving, true);
+    const int before = m_isolated.size();
+    for (const VxNode *node : qAsConst(leaving))
+        m_isolated.remove(node);
+    if (m_isolated.size() == before)
+        return;
+    if (!isActive()) {
+        m_nodes.clear();
+        report();
+    } else if (!std::exchange(m_isReportPending, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (m_isReportPending)
+                    report();
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 // Only a key press that no widget has accepted gets to the window itself.

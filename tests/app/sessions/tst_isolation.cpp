@@ -19,6 +19,7 @@ private Q_SLOTS:
     void actionToggles();
     void ends_data();
     void ends();
+    void removedNodesAreReportedTogether();
     void withTheTextFilter();
     void aPlainClickIsolatesNothing();
 
@@ -152,6 +153,36 @@ void tst_Isolation::ends()
     }
     QVERIFY(!isolate()->isChecked());
     QVERIFY(rows().contains("Hip") || how == "above");
+}
+
+// Removed one by one: one report for all of them, and at once when none is left.
+void tst_Isolation::removedNodesAreReportedTogether()
+{
+    VxNodeIsolation *isolation = VxNodeIsolation::current();
+    VxNode *const hand = vxScene->findNode("lHand");
+    VxNode *const forearm = vxScene->findNode("rForearm");
+    VxNode *const shin = vxScene->findNode("lShin");
+    QVERIFY(hand && forearm && shin);
+    isolation->setNodes({hand, shin, forearm, shin, nullptr, m_thigh});
+    QCOMPARE(isolation->nodes(), QVector<VxNode *>({hand, shin, forearm, m_thigh}));
+    QCoreApplication::processEvents();
+    const QSignalSpy changes(isolation, &VxNodeIsolation::changed);
+    vxScene->removeNode(hand);
+    vxScene->removeNode(vxScene->findNode("rHand"));
+    QCOMPARE(isolation->nodes(), QVector<VxNode *>({shin, forearm, m_thigh}));
+    vxScene->removeNode(forearm);
+    QCOMPARE(changes.size(), 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(changes.size(), 1);
+    QVERIFY(rows().contains("Left Shin") && !rows().contains("Left Hand"));
+    QVERIFY(isolate()->isChecked());
+    vxScene->removeNode(m_thigh); // with the shin below it
+    QCOMPARE(changes.size(), 2);
+    QVERIFY(!isolation->isActive());
+    QVERIFY(isolation->nodes().isEmpty());
+    QVERIFY(!isolate()->isChecked());
+    QCoreApplication::processEvents();
+    QCOMPARE(changes.size(), 2);
 }
 
 // The text filters the isolated rows; each of the two ends by itself.

@@ -26,7 +26,7 @@ void TimePaneIsolation::showCurves()
     QItemSelection rows;
     for (VxNode *node : m_isolation->nodes()) {
         sheet->ensureNodeVisible(node);
-        rows.merge(sheet->openKeyedProperties(node), QItemSelectionModel::Select);
+        rows += sheet->openKeyedProperties(node);
     }
     if (rows.isEmpty())
         return;
