@@ -43,6 +43,7 @@ QVector<MarkerShape> MarkerLayout::shapes(const VxMarkerList &markers,
         MarkerShape shape;
         shape.id = marker.id;
         shape.isPoint = marker.isPoint();
+        shape.color = marker.color;
         shape.startX = xOf(marker.span.getStart());
         if (shape.startX > area.right())
             break; // the others start later

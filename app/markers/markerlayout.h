@@ -17,6 +17,7 @@ struct MarkerShape
     int endX = 0;   ///< the column of the end; of a point that of the start
     QRect label;    ///< empty where there is no room
     QString text;   ///< elided to the label's width
+    QRgb color = 0;
 };
 
 /// The marker and its part at a pixel.

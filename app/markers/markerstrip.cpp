@@ -4,7 +4,6 @@
 #include "markers/markertext.h"
 #include "markers/markertimescale.h"
 
-#include <QHash>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,6 +11,7 @@
 #include <QStyleOption>
 #include <QToolTip>
 #include <vxcore/vxaccessible.h>
+#include <vxcore/vxchangeblock.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
@@ -44,7 +44,7 @@ MarkerStrip::MarkerStrip(VxScene *scene, VxPaneMgr *panes, QWidget *parent)
     m_nameEdit->installEventFilter(this);
     connect(m_nameEdit, &QLineEdit::editingFinished, this, [this] { endNameEdit(true); });
     connect(m_guard, &VxGestureGuard::dropped, this, &MarkerStrip::dropDrag);
-    connect(m_scale, &MarkerTimeScale::changed, this, QOverload<>::of(&QWidget::update));
+    connect(m_scale, &MarkerTimeScale::changed, this, &MarkerStrip::dropShapes);
     connect(VxMarkers::of(scene), &VxMarkers::changed, this, &MarkerStrip::handleMarkersChanged);
     connect(scene, &VxScene::timeChanged, this, &MarkerStrip::followTime);
     connect(scene, &VxScene::sceneClearStarting, this, [this] {
@@ -70,11 +70,28 @@ QRect MarkerStrip::timeArea() const
     return {QPoint(m_scale->left(), 0), QPoint(m_scale->right(), height() - 1)};
 }
 
-QVector<MarkerShape> MarkerStrip::shapes() const
+/** Changes within a block are reported at its end. */
+const QVector<MarkerShape> &MarkerStrip::shapes() const
 {
-    return MarkerLayout::shapes(
-        VxMarkers::listOf(m_scene), [this](VxTime time) { return m_scale->xOf(time); }, timeArea(),
-        fontMetrics());
+    if (!m_areShapesCurrent || VxChangeBlock::isActive())
+        m_shapes = MarkerLayout::shapes(
+            VxMarkers::listOf(m_scene), [this](VxTime time) { return m_scale->xOf(time); },
+            timeArea(), fontMetrics());
+    m_areShapesCurrent = !VxChangeBlock::isActive();
+    return m_shapes;
+}
+
+void MarkerStrip::dropShapes()
+{
+    m_areShapesCurrent = false;
+    update();
+}
+
+void MarkerStrip::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        dropShapes();
 }
 
 std::optional<MarkerHit> MarkerStrip::hitAt(const QPoint &pos) const
@@ -91,7 +108,7 @@ void MarkerStrip::handleMarkersChanged()
     if (m_selected != 0 && markers->indexOf(m_selected) < 0)
         m_selected = 0;
     selectMarker(m_selected); // its text
-    update();
+    dropShapes();
 }
 
 void MarkerStrip::selectMarker(int id)
@@ -151,7 +168,7 @@ QString MarkerStrip::helpAt(const QPoint &pos) const
     return tr("Markers: double click to add one");
 }
 
-void MarkerStrip::paintEvent(QPaintEvent *)
+void MarkerStrip::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     const QRect area = timeArea();
@@ -159,36 +176,35 @@ void MarkerStrip::paintEvent(QPaintEvent *)
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(area.bottomLeft(), area.bottomRight());
     painter.setClipRect(area);
-    QHash<int, QRgb> colors;
-    for (const VxMarker &marker : VxMarkers::of(m_scene)->list())
-        colors.insert(marker.id, marker.color);
-    const QVector<MarkerShape> all = shapes();
+    const QVector<MarkerShape> &all = shapes();
     for (int i = 0; i < all.size(); ++i) {
+        const MarkerShape &shape = all.at(i);
         // A point below another one of the same column is covered by it, unless it has an outline.
-        const bool isCovered = all.at(i).isPoint && i + 1 < all.size() &&
-                               all.at(i + 1).startX == all.at(i).startX &&
-                               all.at(i).id != m_selected;
-        if (!isCovered)
-            paintShape(&painter, all.at(i), colors.value(all.at(i).id));
+        const bool isCovered = shape.isPoint && i + 1 < all.size() &&
+                               all.at(i + 1).startX == shape.startX && shape.id != m_selected;
+        const int right = qMax(shape.endX, shape.startX + MarkerLayout::FlagWidth);
+        const QRect extent = QRect(QPoint(shape.startX, 0), QPoint(right, height())) | shape.label;
+        if (!isCovered && extent.intersects(event->rect()))
+            paintShape(&painter, shape);
     }
     paintTime(&painter);
 }
 
-void MarkerStrip::paintShape(QPainter *painter, const MarkerShape &shape, QRgb color) const
+void MarkerStrip::paintShape(QPainter *painter, const MarkerShape &shape) const
 {
     const bool selected = shape.id == m_selected;
     const QColor outline = selected
                                ? palette().color(hasFocus() ? QPalette::Highlight : QPalette::Text)
-                               : QColor(color);
+                               : QColor(shape.color);
     painter->setPen(outline);
     if (shape.isPoint) {
         const QRect flag(shape.startX + 1, 2, MarkerLayout::FlagWidth - 1, height() / 2 - 2);
-        painter->fillRect(flag, QColor(color));
+        painter->fillRect(flag, QColor(shape.color));
         if (selected)
             painter->drawRect(flag.adjusted(-1, -1, 0, 0));
     } else {
         const QRect bar(QPoint(shape.startX, 2), QPoint(shape.endX, height() - 3));
-        QColor fill(color);
+        QColor fill(shape.color);
         fill.setAlpha(SpanAlpha);
         painter->fillRect(bar, fill);
         painter->drawLine(bar.topLeft(), bar.topRight());

@@ -31,8 +31,9 @@ public:
     ~MarkerStrip() override;
 
     const MarkerTimeScale &scale() const { return *m_scale; }
-    /// The visible markers, in the order in which they are painted.
-    QVector<MarkerShape> shapes() const;
+    /// The visible markers, in the order in which they are painted. Valid until the next change of
+    /// the markers or of the time scale.
+    const QVector<MarkerShape> &shapes() const;
 
     /// The id of the selected marker; 0 for none.
     int selectedMarker() const { return m_selected; }
@@ -46,6 +47,7 @@ public:
 protected:
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -57,8 +59,9 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void paintShape(QPainter *painter, const MarkerShape &shape, QRgb color) const;
+    void paintShape(QPainter *painter, const MarkerShape &shape) const;
     void paintTime(QPainter *painter);
+    void dropShapes();
     void handleMarkersChanged();
     void followTime();
     QRect timeMark(int x) const;
@@ -89,7 +92,9 @@ private:
     QLineEdit *m_nameEdit;
     int m_selected = 0;
     int m_edited = 0; // the marker that is being renamed
-    int m_timeX = 0;  // where the current time was painted last
+    mutable QVector<MarkerShape> m_shapes;
+    mutable bool m_areShapesCurrent = false;
+    int m_timeX = 0; // where the current time was painted last
     std::unique_ptr<Drag> m_drag;
 };
 

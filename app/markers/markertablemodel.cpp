@@ -6,6 +6,7 @@
 #include <QFont>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 
@@ -46,27 +47,27 @@ MarkerTableModel::MarkerTableModel(VxScene *scene, QObject *parent)
     connect(scene, &VxScene::timeStepChanged, this, updateTimes);
 }
 
-/** A table of the same markers in the same order stays, with its selection and open editor. */
+/** A table of the same markers in the same order stays, with its selection. A reported row loses
+ * what is typed in it: only changed ones are reported. */
 void MarkerTableModel::refresh()
 {
     const VxMarkerList present = VxMarkers::listOf(m_scene);
     const auto sameId = [](const VxMarker &a, const VxMarker &b) { return a.id == b.id; };
     if (std::equal(present.begin(), present.end(), m_markers.begin(), m_markers.end(), sameId)) {
-        m_markers = present;
-        if (!present.isEmpty())
-            Q_EMIT dataChanged(index(0, 0), index(present.size() - 1, ColumnCount - 1));
+        const VxMarkerList former = std::exchange(m_markers, present);
+        for (int first = 0; first < present.size(); ++first) {
+            int last = first;
+            while (last < present.size() && present.at(last) != former.at(last))
+                ++last;
+            if (last > first)
+                Q_EMIT dataChanged(index(first, 0), index(last - 1, ColumnCount - 1));
+            first = last;
+        }
         return;
     }
     beginResetModel();
     m_markers = present;
     endResetModel();
-}
-
-int MarkerTableModel::rowOf(int id) const
-{
-    const auto found = std::find_if(m_markers.begin(), m_markers.end(),
-                                    [id](const VxMarker &marker) { return marker.id == id; });
-    return found == m_markers.end() ? -1 : int(found - m_markers.begin());
 }
 
 int MarkerTableModel::rowCount(const QModelIndex &parent) const

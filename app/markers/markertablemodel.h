@@ -21,7 +21,6 @@ public:
 
     /// The marker of a row as the table shows it.
     const VxMarker &markerAt(int row) const { return m_markers.at(row); }
-    int rowOf(int id) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;

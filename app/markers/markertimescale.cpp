@@ -23,6 +23,7 @@ MarkerTimeScale::MarkerTimeScale(VxScene *scene, VxPaneMgr *panes, QWidget *stri
     , m_strip(strip)
 {
     strip->installEventFilter(this);
+    watchAxis();
     connect(scene, &VxScene::playRangeChanged, this, &MarkerTimeScale::changed);
     if (!panes)
         return;
@@ -49,7 +50,8 @@ void MarkerTimeScale::findAxis()
     Q_EMIT changed();
 }
 
-/** Follows the position of the axis' widget, which depends on all widgets above it. */
+/** Follows the positions of the axis' widget and of the strip, which depend on all widgets above.
+ */
 void MarkerTimeScale::watchAxis()
 {
     for (const QPointer<QWidget> &widget : qAsConst(m_watched)) {
@@ -57,10 +59,12 @@ void MarkerTimeScale::watchAxis()
             widget->removeEventFilter(this);
     }
     m_watched.clear();
-    for (QWidget *widget = m_axis ? m_axis->overlayParent() : nullptr; widget;
-         widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
-        widget->installEventFilter(this);
-        m_watched.append(widget);
+    for (QWidget *first : {m_axis ? m_axis->overlayParent() : nullptr, m_strip->parentWidget()}) {
+        for (QWidget *widget = first; widget;
+             widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+            widget->installEventFilter(this);
+            m_watched.append(widget);
+        }
     }
 }
 

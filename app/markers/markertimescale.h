@@ -47,7 +47,7 @@ private:
     const QPointer<VxPaneMgr> m_panes;
     QWidget *const m_strip;
     QPointer<VxTimeAxis> m_axis;
-    QVector<QPointer<QWidget>> m_watched; // the axis' widget and those above it
+    QVector<QPointer<QWidget>> m_watched; // the axis' widget, and those above it and the strip
 };
 
 #endif

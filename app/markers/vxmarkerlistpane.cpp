@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QSet>
 #include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -133,16 +134,21 @@ QVector<int> VxMarkerListPane::selectedIds() const
 void VxMarkerListPane::keepSelection()
 {
     showCount();
-    for (const int id : qAsConst(d->selected)) {
-        const int row = d->model->rowOf(id);
-        if (row < 0)
+    const QSet<int> ids(d->selected.cbegin(), d->selected.cend());
+    QItemSelection rows;
+    for (int row = 0; row < d->model->rowCount(); ++row) {
+        if (!ids.contains(d->model->markerAt(row).id))
             continue;
         const QModelIndex index = d->sorted->mapFromSource(d->model->index(row, 0));
-        if (!d->view->currentIndex().isValid())
-            d->view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        d->view->selectionModel()->select(index,
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        rows.append(QItemSelectionRange(index));
     }
+    if (rows.isEmpty())
+        return;
+    if (!d->view->currentIndex().isValid())
+        d->view->selectionModel()->setCurrentIndex(rows.first().topLeft(),
+                                                   QItemSelectionModel::NoUpdate);
+    d->view->selectionModel()->select(rows,
+                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void VxMarkerListPane::showTime(const QModelIndex &index)

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void sortsByAnyColumn();
     void theSelectionFollowsTheMarkers();
     void typingInPlace();
+    void anOpenEditorStays();
     void deleteAndAdd();
     void anotherUnit();
     void exportAndImport();
@@ -208,6 +209,30 @@ void tst_MarkerList::typingInPlace()
     QCOMPARE(history()->undoText(), QString("Rename Marker"));
 }
 
+// While other markers change, as by a script.
+void tst_MarkerList::anOpenEditorStays()
+{
+    addMarker("a", 10, 10);
+    const int other = addMarker("b", 20, 20);
+    click(0, MarkerTableModel::Name);
+    QTest::keyClick(table(), Qt::Key_F2);
+    QTRY_VERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+    QTest::keyClicks(QApplication::focusWidget(), "jum");
+    VxMarker moved = *markers()->find(other);
+    moved.span = VxTimeRange(30 * Step, 40 * Step);
+    markers()->set(moved);
+    QCoreApplication::processEvents();
+    QVERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+    QTest::keyClicks(QApplication::focusWidget(), "p");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_COMPARE(shown(), QString("jump 10  Orange|b 30 40 Orange"));
+    // The same text again is no edit.
+    const int entries = history()->count();
+    QVERIFY(table()->model()->setData(cell(0, 0), "jump"));
+    QVERIFY(table()->model()->setData(cell(1, 1), "30"));
+    QCOMPARE(history()->count(), entries);
+}
+
 void tst_MarkerList::deleteAndAdd()
 {
     for (int i = 0; i < 4; ++i)
@@ -231,10 +256,17 @@ void tst_MarkerList::deleteAndAdd()
 void tst_MarkerList::anotherUnit()
 {
     addMarker("a", 1800, 1800);
+    const QSignalSpy changes(table()->model(), &QAbstractItemModel::dataChanged);
     VxSceneTimeDisplay::of(vxScene)->setDisplay({VxTimeDisplay::Timecode, {30000, 1001}, true});
+    QCOMPARE(changes.size(), 1);
     QCOMPARE(shown(), QString("a 00:01:00;02  Orange"));
     QVERIFY(table()->model()->setData(cell(0, 2), "00:10:00;00"));
     QCOMPARE(markers()->list().first().span.getEnd(), 17982 * Step);
+    VxSceneTimeDisplay::of(vxScene)->setDisplay({});
+    const int before = changes.size();
+    vxScene->setTimeStep(2 * Step);
+    QCOMPARE(changes.size(), before + 1);
+    QCOMPARE(shown(), QString("a 900 8991 Orange"));
 }
 
 void tst_MarkerList::exportAndImport()
@@ -277,6 +309,23 @@ void tst_MarkerList::importAddsWhatIsMissing()
     QCOMPARE(MarkerFiles::importFile(vxScene, name, &error),
              QString("Markers imported: 0; already there: 1"));
     QCOMPARE(history()->count(), 1);
+    // Others of the same name, time or colour are not the same marker.
+    VxMarker other = markers()->list().last();
+    const VxMarker same = other;
+    for (const auto change : {0, 1, 2, 3}) {
+        other = same;
+        if (change == 0)
+            other.name = "A";
+        else if (change == 1)
+            other.span = VxTimeRange(same.span.getStart() + 1, same.span.getEnd());
+        else if (change == 2)
+            other.span = VxTimeRange(same.span.getStart(), same.span.getEnd() + 1);
+        else
+            other.color = 0xff0000ff;
+        markers()->replaceAll({other});
+        QCOMPARE(MarkerFiles::importFile(vxScene, name, &error), QString("Markers imported: 1"));
+        QCOMPARE(markers()->count(), 2);
+    }
 }
 
 void tst_MarkerList::aFaultyFileAddsNothing()

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QTabBar>
 #include <QTreeView>
+#include <vxcore/vxchangeblock.h>
 
 class tst_MarkerStripAxis : public QObject, private MarkerStripTest
 {
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void oneColumn_data();
     void oneColumn();
     void theStripFollowsTheTimeline();
+    void shapesFollowPositionAndFont();
     void withoutATimelineThePlayRangeFillsIt();
     void aStepOfTheTimeRepaintsAllThatChanged();
 };
@@ -130,6 +132,29 @@ void tst_MarkerStripAxis::theStripFollowsTheTimeline()
     PaneDock *time = window()->docks()->find("VxTimePane");
     window()->addDockWidget(Qt::RightDockWidgetArea, time);
     QVERIFY(check());
+}
+
+// Hits are tested by shapes that are kept between repaints.
+void tst_MarkerStripAxis::shapesFollowPositionAndFont()
+{
+    addMarker("a very long name of a marker", 20, 20);
+    addMarker("next", 50, 50);
+    picture();
+    QCOMPARE(strip()->shapes()[0].startX, x(20 * Step));
+    QWidget *holder = strip()->parentWidget();
+    const int before = x(20 * Step);
+    holder->move(holder->x() + 30, holder->y());
+    QCOMPARE(x(20 * Step), before - 30);
+    QCOMPARE(strip()->shapes()[0].startX, before - 30);
+    const QString text = strip()->shapes()[0].text;
+    QFont font = strip()->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    strip()->setFont(font);
+    QVERIFY2(strip()->shapes()[0].text.size() < text.size(), qPrintable(text));
+    // In mid block, too, where the change has not been reported yet.
+    const VxChangeBlock block;
+    markers()->remove({strip()->shapes()[0].id});
+    QCOMPARE(strip()->shapes().size(), 1);
 }
 
 void tst_MarkerStripAxis::withoutATimelineThePlayRangeFillsIt()
