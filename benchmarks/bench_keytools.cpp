@@ -9,6 +9,7 @@
 
 #include <QTableView>
 #include <memory>
+#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxundostack.h>
 
@@ -37,9 +38,26 @@ public:
     {
         m_view->selectKeyEntries(entries, clearsOthers);
     }
+    const std::vector<VxCopiedKeys> &copiedKeys() const override { return m_copied; }
+    // As the timeline copies the selected keys.
+    void copy()
+    {
+        for (const VxKeySelectionEntry &entry : entries()) {
+            const auto *channel = static_cast<const VxFloatProperty *>(entry.holder);
+            const VxKeyColumns<float> keys = channel->getKeys();
+            VxCopiedKeys copied;
+            copied.node = channel->getOwner()->getName();
+            copied.property = channel->getName();
+            copied.times.assign(keys.times, keys.times + keys.count);
+            copied.values.assign(keys.values, keys.values + keys.count);
+            copied.types.assign(copied.times.size(), VxKeyInterp::Linear);
+            m_copied.push_back(copied);
+        }
+    }
 
 private:
     VxDopeSheetView *m_view;
+    std::vector<VxCopiedKeys> m_copied;
 };
 
 struct Case
@@ -130,7 +148,7 @@ int main(int argc, char **argv)
     measurePreview(table, "preview: scaleTimes", "scaleTimes", "factor", loops.copies / 10);
     measurePreview(table, "preview: setValues", "setValues", "value", loops.copies / 10);
     Sheet sheet;
-    const SheetSelection selection(&sheet.view);
+    SheetSelection selection(&sheet.view);
     const QVariantMap none;
     for (const Case &each : {
              Case{"move", {{"by", 7 * Step}}, 4},
@@ -150,6 +168,15 @@ int main(int argc, char **argv)
          })
         measure(table, sheet, each, loops.copies);
     sheet.selectAll();
+    selection.copy();
+    measure(table, sheet, {"pasteMirrored", none, 0}, loops.copies);
+    // Rest poses that are not symmetrical: angles and translations depend on each other.
+    QVector<VxNode *> bones;
+    sheet.figure->getNodeChildren(bones, true);
+    for (VxNode *bone : qAsConst(bones))
+        bone->setRestPose(VxRestPose{0, 0, 0, 20, 30, 40, 1, 1, 1, 1});
+    measure(table, sheet, {"pasteMirrored", none, 0, "pasteMirrored, dependent angles"},
+            loops.copies);
     measureTable(table, "key table opened", Keys, loops.copies);
     KeyTool::find(QStringLiteral("selectEvery"))->runWith({{"n", 2}});
     table.measure(

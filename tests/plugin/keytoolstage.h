@@ -208,4 +208,43 @@ public:
     VxFloatProperty *channel;
 };
 
+/// The states of a random session: undo goes back through them, redo forward.
+class KeyStates
+{
+public:
+    KeyStates()
+        : m_states{KeyToolStage::snapshot()}
+    {
+    }
+
+    /// Adds the present state unless it is the last one.
+    void add()
+    {
+        const QByteArray state = KeyToolStage::snapshot();
+        if (state != m_states.back())
+            m_states.push_back(state);
+    }
+    const QByteArray &last() const { return m_states.back(); }
+    int count() const { return int(m_states.size()); }
+
+    /// Undoes and redoes everything; one entry a state.
+    bool areRestored() const
+    {
+        VxUndoStack *stack = VxUndoStack::current();
+        for (std::size_t i = m_states.size(); i-- > 1; stack->undo()) {
+            if (KeyToolStage::snapshot() != m_states[i])
+                return false;
+        }
+        for (std::size_t i = 0; i < m_states.size(); ++i) {
+            if (KeyToolStage::snapshot() != m_states[i])
+                return false;
+            stack->redo();
+        }
+        return true;
+    }
+
+private:
+    std::vector<QByteArray> m_states;
+};
+
 #endif
