@@ -24,6 +24,7 @@ private Q_SLOTS:
     void notInOtherPanes();
     void byTheMenu();
     void copiedKeysArePastedToAnotherNode();
+    void aCopiedWalkIsPastedMirrored();
 
 private:
     QWidget *sheet() const { return inTimePane<QWidget>("TimelineDopeSheetTView"); }
@@ -161,6 +162,49 @@ void tst_KeyGestureKeys::copiedKeysArePastedToAnotherNode()
     QCOMPARE(vxApp->getUndoStack()->undoText(), QString("Paste Keys"));
     vxApp->getUndoStack()->undo();
     QCOMPARE(other->getXPosControl()->getNumKeys(), 0);
+}
+
+// All keys of the sample's figure, in their place: linear, constant and smooth ones.
+void tst_KeyGestureKeys::aCopiedWalkIsPastedMirrored()
+{
+    openSample();
+    VxKeySelectionEntries all;
+    for (const VxNode *node : vxScene->getNodes()) {
+        for (VxProperty *property : node->getMadeProperties()) {
+            if (property->getNumKeys() > 0)
+                all.push_back({property, {{0, property->getNumKeys()}}, 0});
+        }
+    }
+    vxApp->getKeySelection()->set(all);
+    sheet()->setFocus();
+    type(Qt::Key_C, Qt::ControlModifier);
+    const auto places = [](const char *name) {
+        std::vector<QVector3D> found;
+        for (VxTime time = 0; time <= vxScene->getAnimRange().getEnd(); time += 80)
+            found.push_back(
+                vxScene->findNode(name)->getWorldTransform(time).column(3).toVector3D());
+        return found;
+    };
+    const std::vector<QVector3D> hand = places("lHand");
+    const std::vector<QVector3D> foot = places("rFoot");
+    const std::vector<QVector3D> otherFoot = places("lFoot");
+    vxApp->getUndoStack()->clear();
+    const QString message =
+        vxApp->getScriptEngine()->evaluate("KeyTools.pasteMirrored().message", "test");
+    QVERIFY2(message.contains("39 to the other side, 10 in place"), qPrintable(message));
+    QVERIFY2(!message.contains("not found"), qPrintable(message));
+    const auto isMirrored = [](const QVector3D &a, const QVector3D &b) {
+        return (QVector3D(-a.x(), a.y(), a.z()) - b).length() < 1e-2F;
+    };
+    const std::vector<QVector3D> pastedHand = places("rHand");
+    const std::vector<QVector3D> pastedFoot = places("lFoot");
+    QVERIFY(std::equal(hand.begin(), hand.end(), pastedHand.begin(), isMirrored));
+    QVERIFY(std::equal(foot.begin(), foot.end(), pastedFoot.begin(), isMirrored));
+    QVERIFY(otherFoot != pastedFoot);
+    QCOMPARE(vxApp->getUndoStack()->count(), 1);
+    QCOMPARE(vxApp->getUndoStack()->undoText(), QString("Paste Mirrored"));
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(places("lFoot"), otherFoot);
 }
 
 VX_TEST_MAIN(tst_KeyGestureKeys)
