@@ -8,6 +8,7 @@
 #include <QtWidgets/QApplication>
 #include <algorithm>
 #include <cmath>
+#include <vxcore/vxaccessible.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmainwindow.h>
@@ -90,6 +91,8 @@ KeyGesture::KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount, const V
     , m_markers(VxMarkers::listOf(vxScene), range)
 {
     setObjectName(QStringLiteral("KeyGesture"));
+    vxSetAccessibleRole(this, QAccessible::Grouping);
+    setAccessibleName(m_amount.tool().label);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::StrongFocus);
     connect(m_guard, &VxGestureGuard::dropped, this, &KeyGesture::cancel);
@@ -321,6 +324,7 @@ void KeyGesture::showAmount()
         m_text += m_amount.kind() == KeyGestureKind::ScaleTimes
                       ? KeyToolText::tr(", S: next pivot")
                       : KeyToolText::tr(", V: next pivot");
+    setAccessibleDescription(m_text);
     update();
 }
 

@@ -256,6 +256,11 @@ void TestTimePaneAccessible::actionsOfARow()
     QVERIFY(vxApp->getKeySelection()->entries().empty());
     act(childNamed(sheetObject(), "hip"), QAccessibleActionInterface::pressAction());
     QCOMPARE(vxScene->getPrimarySelection(), hip);
+    pane->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(pane.get()));
+    act(legRow(), QAccessibleActionInterface::setFocusAction());
+    QVERIFY(legRow()->state().focused);
+    QCOMPARE(sheetObject()->focusChild(), legRow());
 }
 
 void TestTimePaneAccessible::keysOfManyPropertiesAreSelectedTogether()
