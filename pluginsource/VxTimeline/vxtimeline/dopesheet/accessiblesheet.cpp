@@ -60,7 +60,9 @@ public:
         const TimelineMetrics &metrics = TimelineMetrics::shared();
         const int middle = metrics.keyMiddle(cell.left(), m_item->keyTime(index),
                                              vxScene->getPlayRange().getStart());
-        const int half = cell.height() / 2;
+        // Keys on every frame may be closer to each other than the height of a row.
+        const double frame = vxScene->getTimeStep() / metrics.ticksPerPixel();
+        const int half = int(qBound(4.0, frame / 2, cell.height() / 2.0));
         const QRect mark(middle - half, cell.top(), 2 * half + 1, cell.height());
         return toGlobal(m_sheet->viewport(), mark.intersected(cell));
     }

@@ -1,5 +1,8 @@
 #include "vxtimeline/dopesheet/sheetcursorrows.h"
 
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+
 #include "vxtimeline/dopesheet/accessiblesheet.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
@@ -18,8 +21,8 @@ bool SheetCursorRows::isEmpty() const
     return !m_sheet->model() || m_sheet->model()->rowCount() == 0;
 }
 
-// A row that was removed, filtered out or closed away is replaced by the current one, or by the
-// first.
+// A row that was removed, filtered out or closed away is replaced by the current one, by that of
+// the primary selection, or by the first.
 QModelIndex SheetCursorRows::index()
 {
     QModelIndex found = m_item ? m_sheet->findIndex(m_item) : QModelIndex();
@@ -29,6 +32,8 @@ QModelIndex SheetCursorRows::index()
     }
     if (!found.isValid() && !isEmpty()) {
         found = m_sheet->currentIndex();
+        if (!found.isValid())
+            found = m_sheet->findNodeIndex(vxScene->getPrimarySelection());
         if (!found.isValid())
             found = m_sheet->model()->index(0, 0);
     }
