@@ -34,9 +34,14 @@ bool VxSafeFile::startPrivate()
            fail(m_file.errorString());
 }
 
+bool VxSafeFile::flush()
+{
+    return passOnBuffer() && synchronize();
+}
+
 bool VxSafeFile::commit()
 {
-    const bool complete = passOnBuffer() && synchronize();
+    const bool complete = flush();
     close();
     if (!complete) {
         m_file.cancelWriting();

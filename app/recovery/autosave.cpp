@@ -1,6 +1,7 @@
 #include "recovery/autosave.h"
 
 #include "document/documentcontroller.h"
+#include "recovery/recoveryjournal.h"
 #include "recovery/recoverystore.h"
 #include "widgets/usermessages.h"
 
@@ -71,7 +72,12 @@ void AutoSave::writeNow()
     if (m_history->isClean() && !m_history->isRecording())
         return;
     VxFileError error;
-    if (!m_store->write(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+    // The history does not fit a scene in mid-gesture.
+    const bool hasHistory = m_journal && !m_history->isRecording();
+    const bool isWritten = hasHistory ? m_journal->compact(&error) && m_store->endWrite(&error)
+                                      : m_store->write(*m_scene, m_document->fileName(),
+                                                       m_document->displayName(), &error);
+    if (!isWritten)
         fail(error.text());
 }
 
@@ -116,10 +122,19 @@ bool AutoSave::mustDefer()
     return true;
 }
 
+void AutoSave::setJournal(RecoveryJournal *journal)
+{
+    m_journal = journal;
+    connect(journal, &RecoveryJournal::failed, this, &AutoSave::fail);
+}
+
 void AutoSave::begin()
 {
     VxFileError error;
-    if (m_store->beginWrite(*m_scene, m_document->fileName(), m_document->displayName(), &error))
+    const bool begun = m_journal ? m_journal->compact(&error)
+                                 : m_store->beginWrite(*m_scene, m_document->fileName(),
+                                                       m_document->displayName(), &error);
+    if (begun)
         m_progress.start(ProgressMilliseconds);
     else
         fail(error.text());

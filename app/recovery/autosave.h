@@ -5,12 +5,14 @@
 #include <QTimer>
 
 class DocumentController;
+class RecoveryJournal;
 class RecoveryStore;
 class UserMessages;
 class VxScene;
 class VxUndoStack;
 
-/// Keeps a recovery copy of a document with unsaved changes, at most some minutes old.
+/// Keeps a recovery copy of a document with unsaved changes, at most some minutes old. The journal
+/// has the changes since then.
 ///
 /// The interval starts at the first change that the copy lacks, so an idle program writes nothing.
 /// Writing is deferred while a gesture or the reading or writing of a file lasts, and during
@@ -33,6 +35,10 @@ public:
     /// The same time in finer steps, for tests.
     void setInterval(int milliseconds);
 
+    /// From now on copies are made by the journal of the same store, which is borrowed.
+    void setJournal(RecoveryJournal *journal);
+    /// Shows a notice, the first time, and tries again after the interval.
+    void fail(const QString &reason);
     /// Discards the changes up to now and removes the copy: the user has given them up.
     void dropCopy();
     /// Writes a copy at once, even during a gesture or playback: the program must end.
@@ -52,13 +58,13 @@ private:
     bool mustDefer();
     void begin();
     void handleProgress();
-    void fail(const QString &reason);
 
     DocumentController *const m_document;
     VxScene *const m_scene;
     VxUndoStack *const m_history;
     RecoveryStore *const m_store;
     const UserMessages *const m_messages;
+    RecoveryJournal *m_journal = nullptr;
     QTimer m_timer;
     QTimer m_progress; // polls for the end of writing
     int m_minutes = DefaultMinutes;

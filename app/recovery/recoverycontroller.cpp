@@ -1,22 +1,31 @@
 #include "recovery/recoverycontroller.h"
 
 #include "document/documentcontroller.h"
+#include "recovery/journalreplay.h"
 #include "recovery/recoverydialog.h"
 #include "widgets/usermessages.h"
 
 #include <QDir>
+#include <QUndoStack>
 #include <vxcore/vxmainwindow.h>
+#include <vxcore/vxundostack.h>
 
 RecoveryController::RecoveryController(const QString &folder, DocumentController *document,
                                        VxScene *scene, VxUndoStack *history,
                                        const UserMessages *messages, QObject *parent)
     : QObject(parent)
     , m_document(document)
+    , m_scene(scene)
+    , m_history(history)
     , m_messages(messages)
     , m_store(folder)
     , m_autoSave(document, scene, history, &m_store, messages)
+    , m_journal(document, scene, history, &m_store)
     , m_mayReplace([] { return true; })
 {
+    m_autoSave.setJournal(&m_journal);
+    connect(&m_autoSave, &AutoSave::minutesChanged, &m_journal,
+            [this](int minutes) { m_journal.setOn(minutes > 0); });
 }
 
 RecoveryController::~RecoveryController()
@@ -57,14 +66,39 @@ void RecoveryController::offerOnDemand()
         m_messages->showStatus(tr("There are no documents to recover."));
 }
 
+bool RecoveryController::open(const RecoveryCopy &copy, std::vector<QByteArray> *entries,
+                              VxFileError *error)
+{
+    VxJournalContents journal;
+    const bool hasJournal = m_store.readJournal(copy.id, &journal);
+    m_journal.setOn(false);
+    bool isOpen = m_document->recover(copy.sceneFile, copy.documentFile, error);
+    if (isOpen && hasJournal) {
+        JournalReplay replay(m_scene, m_history);
+        if (!replay.run(journal)) {
+            // Without the entries that the copy has: they cannot be undone then.
+            journal.records.remove(0, journal.kept);
+            journal.kept = 0;
+            isOpen = m_document->recover(copy.sceneFile, copy.documentFile, error) &&
+                     replay.run(journal);
+        }
+        *entries = replay.entries();
+        m_history->qtStack()->resetClean();
+    }
+    m_journal.setOn(m_autoSave.minutes() > 0);
+    return isOpen;
+}
+
 void RecoveryController::recover(const RecoveryCopy &copy)
 {
     if (!m_mayReplace())
         return;
     VxFileError error;
-    if (m_document->recover(copy.sceneFile, copy.documentFile, &error)) {
+    std::vector<QByteArray> entries;
+    if (open(copy, &entries, &error)) {
         m_store.adopt(copy.id);
         m_autoSave.markCopyCurrent();
+        m_journal.resume(entries);
     } else if (!error.cancelled) {
         handleBroken(copy, error);
     }

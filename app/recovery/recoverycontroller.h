@@ -2,6 +2,7 @@
 #define RECOVERYCONTROLLER_H
 
 #include "recovery/autosave.h"
+#include "recovery/recoveryjournal.h"
 #include "recovery/recoverystore.h"
 
 #include <QObject>
@@ -26,6 +27,7 @@ public:
     ~RecoveryController() override;
 
     AutoSave *autoSave() { return &m_autoSave; }
+    RecoveryJournal *journal() { return &m_journal; }
     void setMayReplace(const MayReplace &mayReplace);
 
     /// Asks about leftover copies; returns at once, with the dialog open. False, without a dialog,
@@ -39,12 +41,17 @@ public:
 private:
     void recover(const RecoveryCopy &copy);
     void discard(const RecoveryCopy &copy);
+    /// Opens the copy and applies its journal, if any, to it.
+    bool open(const RecoveryCopy &copy, std::vector<QByteArray> *entries, VxFileError *error);
     void handleBroken(const RecoveryCopy &copy, const VxFileError &error);
 
     DocumentController *const m_document;
+    VxScene *const m_scene;
+    VxUndoStack *const m_history;
     const UserMessages *const m_messages;
     RecoveryStore m_store;
     AutoSave m_autoSave;
+    RecoveryJournal m_journal;
     MayReplace m_mayReplace;
     QPointer<RecoveryDialog> m_dialog;
 };

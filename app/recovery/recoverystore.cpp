@@ -1,6 +1,5 @@
 #include "recovery/recoverystore.h"
 
-#include "io/vxsafefile.h"
 #include "io/vxscenewriter.h"
 #include "widgets/studiotext.h"
 
@@ -11,8 +10,6 @@
 #include <QLockFile>
 #include <QUuid>
 #include <algorithm>
-#include <chrono>
-#include <future>
 #include <map>
 #include <vxcore/vxsettings.h>
 
@@ -47,15 +44,6 @@ bool makePrivateFolder(const QString &folder)
            QFile::setPermissions(folder, QFile::permissions(folder) & owner);
 }
 
-/// Runs in another thread. Returns the reason of a failure, else an empty text.
-QString writeFile(const QString &name, const QByteArray &bytes)
-{
-    VxSafeFile file(name);
-    if (file.startPrivate() && file.write(bytes) == bytes.size() && file.commit())
-        return {};
-    return file.failure();
-}
-
 } // namespace
 
 class RecoveryStore::Private
@@ -67,12 +55,12 @@ public:
     }
     QString scene(const QString &id) const { return path(id, ".vxscene"); }
     QString record(const QString &id) const { return path(id, ".ini"); }
+    QString journal(const QString &id) const { return path(id, ".journal"); }
     Lock makeLock(const QString &id) const;
     Lock tryLock(const QString &id) const;
 
     bool begin(VxFileError *error);
     bool serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error);
-    void waitForWriting();
     bool writeRecord(const QString &documentFile, const QString &title, VxFileError *error);
     QStringList ids() const;
     RecoveryCopy read(const QString &id) const;
@@ -83,8 +71,9 @@ public:
     Lock ownLock;
     QString recordedFile;
     QString recordedTitle;
-    std::future<QString> writing; // the reason of a failure
-    int lastSize = 0;             // bytes
+    RecoveryWriter writer;
+    bool hasBegun = false;
+    int lastSize = 0; // bytes
     std::map<QString, Lock> claims;
 };
 
@@ -153,12 +142,6 @@ bool RecoveryStore::Private::serialize(const VxScene &scene, QByteArray *bytes, 
     return done;
 }
 
-void RecoveryStore::Private::waitForWriting()
-{
-    if (writing.valid())
-        writing.wait();
-}
-
 /** The ids of all files, complete or not. */
 QStringList RecoveryStore::Private::ids() const
 {
@@ -176,7 +159,7 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
     RecoveryCopy copy;
     copy.id = id;
     copy.sceneFile = QFileInfo(scene(id)).absoluteFilePath();
-    copy.time = QFileInfo(scene(id)).lastModified();
+    copy.time = qMax(QFileInfo(scene(id)).lastModified(), QFileInfo(journal(id)).lastModified());
     VxSettings record;
     // A missing record is that of a document that was never saved.
     record.load(this->record(id));
@@ -206,7 +189,7 @@ RecoveryStore::RecoveryStore(const QString &folder)
 
 RecoveryStore::~RecoveryStore()
 {
-    d->waitForWriting();
+    d->writer.finish();
 }
 
 bool RecoveryStore::isEnabled() const
@@ -220,29 +203,31 @@ QString RecoveryStore::folder() const
 }
 
 bool RecoveryStore::beginWrite(const VxScene &scene, const QString &documentFile,
-                               const QString &title, VxFileError *error)
+                               const QString &title, VxFileError *error,
+                               const RecoveryHistory *history)
 {
-    d->waitForWriting();
+    d->writer.finish();
     QByteArray bytes;
     if (!isEnabled() || !d->begin(error) || !d->writeRecord(documentFile, title, error) ||
         !d->serialize(scene, &bytes, error))
         return false;
-    d->writing = std::async(std::launch::async, writeFile, d->scene(d->ownId), bytes);
+    d->writer.start(d->scene(d->ownId), bytes, history ? d->journal(d->ownId) : QString(),
+                    history ? *history : RecoveryHistory());
+    d->hasBegun = true;
     return true;
 }
 
 bool RecoveryStore::isWriting() const
 {
-    return d->writing.valid() &&
-           d->writing.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+    return d->writer.isWriting();
 }
 
 bool RecoveryStore::endWrite(VxFileError *error)
 {
     *error = VxFileError();
     error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
-    error->message = d->writing.valid() ? d->writing.get()
-                                        : StudioText::tr("No recovery copy has been started.");
+    error->message =
+        d->hasBegun ? d->writer.finish() : StudioText::tr("No recovery copy has been started.");
     return error->message.isEmpty();
 }
 
@@ -252,6 +237,16 @@ bool RecoveryStore::write(const VxScene &scene, const QString &documentFile, con
     return beginWrite(scene, documentFile, title, error) && endWrite(error);
 }
 
+RecoveryWriter &RecoveryStore::writer()
+{
+    return d->writer;
+}
+
+int RecoveryStore::size() const
+{
+    return d->lastSize;
+}
+
 bool RecoveryStore::hasOwn() const
 {
     return d->ownLock && QFile::exists(d->scene(d->ownId));
@@ -259,7 +254,9 @@ bool RecoveryStore::hasOwn() const
 
 void RecoveryStore::removeOwn()
 {
-    d->waitForWriting();
+    d->writer.finish();
+    d->writer.close();
+    d->hasBegun = false;
     if (!d->ownLock)
         return;
     d->remove(d->ownId);
@@ -291,6 +288,19 @@ QVector<RecoveryCopy> RecoveryStore::claim()
 void RecoveryStore::release()
 {
     d->claims.clear();
+}
+
+bool RecoveryStore::readJournal(const QString &id, VxJournalContents *contents) const
+{
+    const auto bytesOf = [](const QString &name) {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray digest = VxJournalFile::digestOf(bytesOf(d->scene(id)));
+    const QString journal = d->journal(id);
+    // The program may have ended between the replacement of the scene and that of the journal.
+    return VxJournalFile::read(bytesOf(journal), digest, contents) ||
+           VxJournalFile::read(bytesOf(JournalFileWriter::newFileName(journal)), digest, contents);
 }
 
 void RecoveryStore::adopt(const QString &id)

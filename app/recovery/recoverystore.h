@@ -2,6 +2,7 @@
 #define RECOVERYSTORE_H
 
 #include "io/vxfileerror.h"
+#include "recovery/recoverywriter.h"
 
 #include <QDateTime>
 #include <QVector>
@@ -21,10 +22,10 @@ struct RecoveryCopy
 
 /// The folder in which running programs keep copies of documents with unsaved changes.
 ///
-/// A copy is three files: the scene, a small record of its document, and a lock that its program
-/// holds as long as it runs. The lock is created first and the scene last, so a scene always has
-/// both; a copy whose lock is not held can be recovered. The search takes those locks, too, so that
-/// two programs never offer the same one.
+/// A copy is four files: the scene, the journal of changes since then, a small record of its
+/// document, and a lock that its program holds as long as it runs. The lock is created first and
+/// the scene last, so a scene always has both; a copy whose lock is not held can be recovered. The
+/// search takes those locks, too, so that two programs never offer the same one.
 class RecoveryStore
 {
 public:
@@ -41,16 +42,21 @@ public:
     /// Starts replacing this program's copy of the document. The scene is serialised at once;
     /// another thread writes to the disk, without blocking. False with the reason in `error`, which
     /// must not be null.
+    /// With a history the copy gets a journal, see append(); without, a former journal ends.
     bool beginWrite(const VxScene &scene, const QString &documentFile, const QString &title,
-                    VxFileError *error);
+                    VxFileError *error, const RecoveryHistory *history = nullptr);
     /// True from beginWrite() until the copy is on the disk or has failed.
     bool isWriting() const;
     /// Waits for the end of writing. False with the reason when it failed; the former copy is then
-    /// unchanged.
+    /// unchanged. The answer stays the same until the next copy.
     bool endWrite(VxFileError *error);
     /// beginWrite() and endWrite().
     bool write(const VxScene &scene, const QString &documentFile, const QString &title,
                VxFileError *error);
+    /// Appends changes to the journal of this program's copy, and knows about them.
+    RecoveryWriter &writer();
+    /// The size of the latest copy, in bytes.
+    int size() const;
     /// True when this program has a copy of its document.
     bool hasOwn() const;
     void removeOwn();
@@ -60,6 +66,8 @@ public:
     QVector<RecoveryCopy> claim();
     void release();
 
+    /// Reads the journal of a claimed copy. False when it has none that fits the scene.
+    bool readJournal(const QString &id, VxJournalContents *contents) const;
     /// Makes a claimed copy this program's own, replacing an existing one.
     void adopt(const QString &id);
     /// Removes a claimed copy.

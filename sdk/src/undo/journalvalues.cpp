@@ -1,5 +1,6 @@
 #include "undo/journalvalues.h"
 
+#include "keys/vxproperty_p.h"
 #include "scene/journalitems.h"
 #include "scene/vxelement_p.h"
 
@@ -194,6 +195,11 @@ bool vxIsInDocument(const VxElement *element)
 bool vxIsInDocument(const QObject *)
 {
     return true;
+}
+
+bool vxIsView(const VxProperty *, int kind)
+{
+    return kind == VxUndoTransientValue;
 }
 
 bool vxIsView(const VxScene *, int kind)

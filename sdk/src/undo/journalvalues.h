@@ -50,7 +50,9 @@ bool journalBegin(VxJournalWriter &writer, const VxSceneTimeDisplay *display, in
 bool vxIsInDocument(const VxProperty *property);
 bool vxIsInDocument(const VxElement *element);
 bool vxIsInDocument(const QObject *ofScene);
-/// True for the time and the play range of a scene, which are the view on the document.
+/// True for the time and the play range of a scene, and for values without a key at one time: they
+/// are the view on the document.
+bool vxIsView(const VxProperty *property, int kind);
 bool vxIsView(const VxScene *scene, int kind);
 bool vxIsView(const QObject *object, int kind);
 

@@ -131,7 +131,7 @@ void tst_Recovery::workIsRecovered()
     QFETCH(QString, title);
     const QString file = copySample(name);
     Worker(settings(), file, 33.25f).kill();
-    QCOMPARE(recoveryFiles().size(), 3);
+    QCOMPARE(recoveryFiles().size(), 4);
     QCOMPARE(QDir(folder->path()).entryList(QDir::Files).size(), 2); // file and settings
     start();
     QVERIFY(recovery()->offer());
@@ -150,8 +150,13 @@ void tst_Recovery::workIsRecovered()
     QCOMPARE(window()->document()->fileName(), untitled ? QString() : file);
     QCOMPARE(entry("File", "Revert")->isEnabled(), !untitled);
     QCOMPARE(window()->document()->hasWritableFile(), name == title && name.endsWith("vxscene"));
-    QCOMPARE(vxApp->getUndoStack()->count(), 0);
     QVERIFY(!vxScene->isLoading());
+    // The history is recovered, too.
+    QCOMPARE(vxApp->getUndoStack()->undoText(), QString("Change"));
+    vxApp->getUndoStack()->undo();
+    QVERIFY(changedValue() != 33.25f);
+    vxApp->getUndoStack()->redo();
+    QCOMPARE(changedValue(), 33.25f);
 }
 
 void tst_Recovery::recoveredWorkIsSavedInItsPlace()
@@ -178,13 +183,13 @@ void tst_Recovery::recoveredWorkIsGuardedAtOnce()
     start();
     recovery()->offer();
     press("RecoverButton");
-    QCOMPARE(recoveryFiles().size(), 3);
+    QTRY_COMPARE(recoveryFiles().size(), 4);
     recovery()->autoSave()->setInterval(20);
     QSignalSpy written(recovery()->autoSave(), &AutoSave::written);
     QVERIFY(!written.wait(200)); // the copy is up to date
     changeValue(50.0f);
     QVERIFY(written.wait());
-    QCOMPARE(recoveryFiles().size(), 3);
+    QTRY_COMPARE(recoveryFiles().size(), 4);
     studio.reset(); // no question was asked
     start();
     QVERIFY(recovery()->offer());
@@ -207,7 +212,7 @@ void tst_Recovery::laterAsksAgain()
         QTest::keyClick(dialog(), Qt::Key_Escape);
         QTRY_VERIFY(!dialog());
     }
-    QCOMPARE(recoveryFiles().size(), 2);
+    QCOMPARE(recoveryFiles().size(), 3);
 }
 
 void tst_Recovery::discardDeletesTheCopy()
@@ -223,7 +228,7 @@ void tst_Recovery::discardDeletesTheCopy()
                  qPrintable(answer.text()));
     }
     QVERIFY(dialog() && dialog()->isVisible());
-    QCOMPARE(recoveryFiles().size(), 3);
+    QCOMPARE(recoveryFiles().size(), 4);
     const BoxAnswer answer(QMessageBox::Discard);
     press("DiscardButton");
     QTRY_VERIFY(!dialog());
@@ -267,7 +272,7 @@ void tst_Recovery::aRunningProgramIsLeftAlone()
     recovery()->autoSave()->setInterval(20);
     QSignalSpy written(recovery()->autoSave(), &AutoSave::written);
     QVERIFY(written.wait());
-    QCOMPARE(recoveryFiles().size(), 6);
+    QCOMPARE(recoveryFiles().size(), 8);
     QVERIFY(!recovery()->offer());
     other.kill();
     QVERIFY(recovery()->offer());
@@ -317,7 +322,7 @@ void tst_Recovery::aNewerFileIsNotReplacedUnasked()
         QVERIFY2(answer.text().contains("changed by another program"), qPrintable(answer.text()));
     }
     QVERIFY(window()->isWindowModified());
-    QCOMPARE(recoveryFiles().size(), 3);
+    QTRY_COMPARE(recoveryFiles().size(), 4);
     const BoxAnswer answer(QMessageBox::Save);
     QVERIFY(window()->save());
     QVERIFY(recoveryFiles().isEmpty());
@@ -365,7 +370,7 @@ void tst_Recovery::noQuestionAfterACleanEnd()
     QSignalSpy written(recovery()->autoSave(), &AutoSave::written);
     changeValue(5.0f);
     QVERIFY(written.wait());
-    QCOMPARE(recoveryFiles().size(), 3);
+    QCOMPARE(recoveryFiles().size(), 4);
     const BoxAnswer answer(static_cast<QMessageBox::StandardButton>(button));
     QVERIFY(window()->close());
     QVERIFY(!answer.text().isEmpty());
@@ -431,7 +436,7 @@ void tst_Recovery::scriptsAreNotAsked()
     QCOMPARE(studio->run(), int(CommandLine::Success));
     QVERIFY(!asked);
     QVERIFY(vxScene->findNode("made"));
-    QCOMPARE(recoveryFiles().size(), 3); // and left alone
+    QCOMPARE(recoveryFiles().size(), 4); // and left alone
 }
 
 void tst_Recovery::theMenuSetsTheTime()
