@@ -9,7 +9,8 @@ struct VxJournalRecord
 {
     enum Kind : quint8 {
         Entry = 1, ///< its text and its items, as VxJournalWriter writes them
-        Step       ///< the number of entries redone, negative for undone ones, as a qint32
+        Step       ///< the number of entries redone, negative for undone ones, as a qint32; then
+                   ///< what that changed, for a document whose history lacks the entry, or nothing
     };
     Kind kind = Entry;
     QByteArray bytes;

@@ -2,7 +2,6 @@
 
 #include "io/vxscenejournalreader.h"
 
-#include <cstring>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundoitem.h>
 #include <vxcore/vxundostack.h>
@@ -55,14 +54,26 @@ bool JournalReplay::applyEntry(const QByteArray &entry)
 
 bool JournalReplay::applyStep(const QByteArray &step)
 {
-    qint32 steps = 0;
-    if (step.size() != int(sizeof steps))
-        return false;
-    std::memcpy(&steps, step.constData(), sizeof steps);
+    VxSceneJournalReader reader(step, m_scene);
+    const auto steps = reader.number<qint32>();
     const qint64 index = qint64(m_history->index()) + steps;
-    if (index < 0 || index > m_history->count())
+    if (reader.failed())
         return false;
-    m_history->setIndex(int(index));
+    if (index >= 0 && index <= m_history->count()) {
+        m_history->setIndex(int(index));
+        return true;
+    }
+    if (reader.atEnd())
+        return false;
+    // The step leads to an entry that the history lacks: it begins anew there.
+    VxUndoStackHold hold;
+    if (!reader.apply(VxJournalReader::Forward)) {
+        hold.rollBack();
+        return false;
+    }
+    hold.cancel();
+    m_history->clear();
+    m_all.clear();
     return true;
 }
 

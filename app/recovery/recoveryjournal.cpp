@@ -66,9 +66,7 @@ std::optional<VxJournalRecord> RecoveryJournal::recordOf(const QString &text)
 {
     m_writer.exchange({});
     m_writer.text(text);
-    if (!m_history->writeEntry(m_history->index() - 1, m_writer))
-        return std::nullopt;
-    if (m_writer.bytes().size() > std::max<qint64>(m_store->size(), SmallBytes))
+    if (!m_history->writeEntry(m_history->index() - 1, m_writer) || isTooLarge())
         return std::nullopt;
     return VxJournalRecord{VxJournalRecord::Entry, m_writer.exchange({})};
 }
@@ -121,12 +119,32 @@ void RecoveryJournal::handleStep(int from, int to)
         return; // the copy was removed
     const bool isUnrecorded = m_history->takeUnrecordedChange();
     const auto [lowest, highest] = std::minmax(from, to);
-    const qint32 steps = to - from;
-    const VxJournalRecord record{VxJournalRecord::Step,
-                                 QByteArray(reinterpret_cast<const char *>(&steps), sizeof steps)};
-    if (!isCurrent() || isUnrecorded || lowest < m_first ||
-        highest > m_first + int(m_entries.size()) || !m_store->writer().append(m_position, record))
+    const bool isKnown =
+        isCurrent() && lowest >= m_first && highest <= m_first + int(m_entries.size());
+    const std::optional<VxJournalRecord> record =
+        isKnown && !isUnrecorded ? recordOfStep(from, to) : std::nullopt;
+    if (!record || !m_store->writer().append(m_position, *record))
         restart(std::nullopt);
+}
+
+/** Entries that the copy has may prove impossible to revert in a recovery: a step over one of them
+ *  is written with what it changed, and so is every later step. Null when that cannot be written.
+ */
+std::optional<VxJournalRecord> RecoveryJournal::recordOfStep(int from, int to)
+{
+    const auto [lowest, highest] = std::minmax(from, to);
+    m_writer.exchange({});
+    m_writer.number(qint32(to - from));
+    m_stepsOverCopy |= m_entries.at(size_t(lowest - m_first)) <= m_copyPosition;
+    if (m_stepsOverCopy &&
+        (highest - lowest != 1 || !m_history->writeEntry(lowest, m_writer) || isTooLarge()))
+        return std::nullopt;
+    return VxJournalRecord{VxJournalRecord::Step, m_writer.exchange({})};
+}
+
+bool RecoveryJournal::isTooLarge() const
+{
+    return m_writer.bytes().size() > std::max<qint64>(m_store->size(), SmallBytes);
 }
 
 /** A clean document equals its file, whatever a script changed without an entry. */
@@ -199,6 +217,8 @@ bool RecoveryJournal::copy(const std::vector<quint64> &kept,
                                       error, &history);
     m_copies = m_isCurrent;
     m_bytes = 0;
+    m_copyPosition = m_position;
+    m_stepsOverCopy &= history.continues; // the copy may fail
     m_entries = kept;
     for (const auto &change : history.further)
         m_entries.push_back(change.position);

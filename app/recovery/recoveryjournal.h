@@ -59,6 +59,8 @@ private:
     void handleCleanChanged(bool clean);
     void handleWritten();
     std::optional<VxJournalRecord> recordOf(const QString &text);
+    std::optional<VxJournalRecord> recordOfStep(int from, int to);
+    bool isTooLarge() const;
     bool isCurrent() const;
     bool hasGrown(const VxJournalRecord &record);
     std::vector<quint64> keptPositions() const;
@@ -82,6 +84,8 @@ private:
     bool m_copies = false;          // a copy is being written
     int m_first = 0;                // index of the first entry in the journal
     std::vector<quint64> m_entries; // their positions, undone ones last
+    quint64 m_copyPosition = 0;     // the copy has the changes up to this one
+    bool m_stepsOverCopy = false;   // since the copy, over an entry that it has
     qint64 m_bytes = 0;             // of records since the copy
     qint64 m_maxBytes = 0;
     int m_failures = 0; // one after another

@@ -297,9 +297,11 @@ inline Outcome run(const QString &program, const QStringList &arguments, unsigne
     if (found < 0 || !outcome.fault.isEmpty())
         return outcome;
     if (log.changes.at(found).position < log.synchronized)
-        outcome.fault = QStringLiteral("change %1 was on the disk, the recovered one is %2")
-                            .arg(log.synchronized)
-                            .arg(log.changes.at(found).position);
+        outcome.fault =
+            QStringLiteral("change %1 was on the disk, the recovered one is %2%3")
+                .arg(log.synchronized)
+                .arg(log.changes.at(found).position)
+                .arg(QLatin1String(log.changes.at(found).isClean ? ", the saved one" : ""));
     if (!outcome.fault.isEmpty() && qEnvironmentVariableIsSet("VX_KEEP_FAULTS")) {
         folder.setAutoRemove(false);
         outcome.fault += QStringLiteral(" (") + folder.path() + QLatin1Char(')');
