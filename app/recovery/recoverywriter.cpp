@@ -41,7 +41,7 @@ public:
     QString replaceFiles(const std::vector<Change> &before, const std::vector<Change> &later);
     void writeBatch(Lock &lock);
     std::vector<Change> takeQueue();
-    void report(Lock &lock);
+    void report() const;
 
     mutable std::mutex mutex;
     std::condition_variable wake;
@@ -68,13 +68,11 @@ std::vector<Change> RecoveryWriter::Private::takeQueue()
     return std::exchange(queue, {});
 }
 
-void RecoveryWriter::Private::report(Lock &lock)
+/** Under the lock, so that setChanged() returns when no call is under way. */
+void RecoveryWriter::Private::report() const
 {
-    const std::function<void()> call = changed;
-    lock.unlock();
-    if (call)
-        call();
-    lock.lock();
+    if (changed)
+        changed();
 }
 
 /** In a thread of its own: changes are written to the former journal meanwhile. */
@@ -119,12 +117,15 @@ void RecoveryWriter::Private::finishCopy(Lock &lock)
     copyFailure = reason;
     copy.reset();
     finished.notify_all();
-    report(lock);
+    report();
 }
 
 QString RecoveryWriter::Private::replaceFiles(const std::vector<Change> &before,
                                               const std::vector<Change> &later)
 {
+    // Also when the copy has failed: the former journal is continued then.
+    if (journal.isOpen() && !journal.append(before))
+        journal.close();
     VxSafeFile *file = copy->file.get();
     if (!file->failure().isEmpty())
         return file->failure();
@@ -132,8 +133,6 @@ QString RecoveryWriter::Private::replaceFiles(const std::vector<Change> &before,
         journal.close();
         return file->commit() ? QString() : file->failure();
     }
-    if (journal.isOpen() && !journal.append(before))
-        journal.close();
     const bool done = journal.replace(file, copy->digest, copy->journalFile, copy->history.kept,
                                       copy->history.further, later);
     return done ? QString() : journal.failure();
@@ -155,7 +154,7 @@ void RecoveryWriter::Private::writeBatch(Lock &lock)
         hasJournal = false;
         takeQueue();
     }
-    report(lock);
+    report();
 }
 
 void RecoveryWriter::Private::run()

@@ -27,6 +27,7 @@ public:
     static constexpr qint64 MaxQueuedBytes = 64 * 1024 * 1024;
 
     /// changed is called in the thread when a copy was finished, changes were written, or failed.
+    /// It must not call the writer.
     explicit RecoveryWriter(const std::function<void()> &changed = {});
     /// Writes what is queued.
     ~RecoveryWriter();

@@ -92,6 +92,8 @@ public:
         m_timer.stop();
         return digestOf(&m_scene);
     }
+    /// True when no copy is needed.
+    bool isClean() const { return m_history.isClean(); }
 
 private:
     void act()
@@ -278,8 +280,11 @@ inline Outcome run(const QString &program, const QStringList &arguments, unsigne
     // A change may be on the disk before its digest is in the log.
     if (log.isActing && !log.changes.isEmpty()) {
         const QTemporaryDir other;
-        const QByteArray digest = Editor(other.path(), seed).digestAfter(log.actions);
-        log.changes.append({log.changes.last().position + 1, digest, killed, false});
+        Editor again(other.path(), seed);
+        const QByteArray digest = again.digestAfter(log.actions);
+        // The child may have saved the document and removed the copy.
+        log.changes.append({std::max(log.changes.last().position + 1, log.synchronized), digest,
+                            killed, again.isClean()});
     }
     outcome.changes = log.changes.size() - log.isActing;
     if (child.exitStatus() != QProcess::CrashExit || log.changes.isEmpty()) {
