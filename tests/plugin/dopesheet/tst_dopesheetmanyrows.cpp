@@ -1,3 +1,4 @@
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "transformrowstestbase.h"
 
@@ -444,7 +445,7 @@ void TestDopeSheetManyRows::randomManyChanges()
     addLevel(300);
     settle();
     QSignalSpy many(model(), &VxDopeSheetModel::manyChangesFinished);
-    for (int turn = 0; turn < 5; ++turn) {
+    for (int turn = 0; turn < vxSessionLength(8); ++turn) {
         for (int i = 0; i < 10; ++i) {
             const QVector<VxNode *> nodes = vxScene->getNodes();
             VxNode *node = nodes.at(below(nodes.size()));
