@@ -77,9 +77,9 @@ function(vx_precompile target)
   endif()
 endfunction()
 
-# Product sources are compiled a dozen to a unit: a build from nothing takes half the time. To edit
-# one file over and over, configure with -DVX_UNITY=OFF.
-option(VX_UNITY "Compile product sources a dozen to a unit" OFF)
+# Sources are compiled a dozen to a unit: a build from nothing takes half the time. To edit one file
+# over and over, configure with -DVX_UNITY=OFF.
+option(VX_UNITY "Compile sources a dozen to a unit" OFF)
 function(vx_unity target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${VX_UNITY} UNITY_BUILD_BATCH_SIZE 12)
   # A private record may hold what its source file alone knows.

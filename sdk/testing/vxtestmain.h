@@ -36,7 +36,9 @@ template <class Test> int vxRunTestWithoutApplication(int argc, char **argv)
 }
 
 /** A unit with a main function of its own. */
-#define VX_TEST_UNIT(run) static const VxTestUnit vxTestUnit(__FILE__, run);
+#define VX_TEST_UNIT(run) VX_TEST_UNIT_NAMED(run, __COUNTER__)
+#define VX_TEST_UNIT_NAMED(run, number) VX_TEST_UNIT_JOINED(run, number)
+#define VX_TEST_UNIT_JOINED(run, number) static const VxTestUnit vxTestUnit##number(__FILE__, run);
 /** A unit that has windows, one with an event loop only, and one with neither. */
 #define VX_TEST_MAIN(Test) VX_TEST_UNIT((&vxRunTest<Test, QApplication>))
 #define VX_TEST_GUILESS_MAIN(Test) VX_TEST_UNIT((&vxRunTest<Test, QCoreApplication>))

@@ -7,6 +7,8 @@
 #include "testing/vxwarningguard.h"
 
 #include <QScopedPointer>
+#include <vxcore/vxeuler.h>
+#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
 /// A cube with one node, whose channel has keys at 0, 1 and 3 seconds.
@@ -18,6 +20,15 @@ inline GltfSample oneNode(const char *path, const char *interpolation,
     const int times = sample.floats({0, 1, 3}, "SCALAR", 1);
     sample.animate(0, 0, path, interpolation, times, sample.floats(numbers, type, components));
     return sample;
+}
+
+/// The angles of a node as a quaternion.
+inline VxQuaternion rotationOf(const VxNode *node, VxTime time)
+{
+    const VxEuler angles{double(node->getXRotControl()->getValue(time)),
+                         double(node->getYRotControl()->getValue(time)),
+                         double(node->getZRotControl()->getValue(time))};
+    return vxQuaternion(angles, VxRotationOrder(node->getRotationOrder()));
 }
 
 /// Reads glTF files and keeps the nodes, the report and the error of the last one.

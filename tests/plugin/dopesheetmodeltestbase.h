@@ -2,24 +2,13 @@
 #define DOPESHEETMODELTESTBASE_H
 
 #include "dopesheetrowstestbase.h"
+#include "firstcolumnonly.h"
 
 #include <QtTest/QAbstractItemModelTester>
 
-#include <QtCore/QIdentityProxyModel>
 #include <QtWidgets/QTreeView>
 
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-
-// The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester takes for a mistake.
-class FirstColumnOnly : public QIdentityProxyModel
-{
-public:
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.column() > 0 ? 0 : QIdentityProxyModel::rowCount(parent);
-    }
-};
 
 // The model alone and, through all that happens, behind the filter and under an open view.
 class DopeSheetModelTest : public DopeSheetRowsTest

@@ -5,17 +5,9 @@
 
 #include <vxcore/vxundostack.h>
 
+#include "testing/keytimes.h"
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/time/timelineplayback.h"
-
-using Times = QVector<VxTime>;
-
-inline Times keyTimes(const VxProperty *property)
-{
-    return property->getNumKeys() == 0
-               ? Times()
-               : Times(property->getKeyTimes(), property->getKeyTimes() + property->getNumKeys());
-}
 
 // The mouse over the dope sheet, with real events: hip's X has keys on the frames 0, 10, 20 and 59
 // of 60, its Y on 10, ball's X on 10. All rows are open; a frame takes ten pixels.

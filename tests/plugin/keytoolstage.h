@@ -247,4 +247,6 @@ private:
     std::vector<QByteArray> m_states;
 };
 
+constexpr VxTime Frame = KeyToolStage::Frame;
+
 #endif

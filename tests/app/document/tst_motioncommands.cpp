@@ -6,6 +6,7 @@
 #include "document/importdialog.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhimport.h"
+#include "smallmotion.h"
 #include "studiotestbase.h"
 #include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
@@ -22,14 +23,6 @@
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxskeleton.h>
-
-namespace {
-
-const QByteArray smallMotion =
-    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
-    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
-
-} // namespace
 
 class tst_MotionCommands : public QObject, public StudioTest
 {

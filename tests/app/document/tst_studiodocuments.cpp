@@ -9,6 +9,7 @@
 #include "shell/commandline.h"
 #include "shell/studio.h"
 #include "shell/studiowindow.h"
+#include "smallmotion.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -32,12 +33,6 @@
 #include <vxcore/vxundostackhold.h>
 
 namespace {
-
-const QByteArray smallMotion =
-    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
-    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
-
-const char realFolder[] = "/usr/share/assimp/models/BVH/";
 
 bool acceptImport(ImportDialog *dialog)
 {

@@ -4,6 +4,7 @@
 #include "gltfsample.h"
 #include "io/gltf/vxgltfreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "soundscene.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -39,29 +40,6 @@ QByteArray sampleFile()
     sample.animate(1, 2, "weights", "STEP", times,
                    sample.floats({0, 1, 0.5f, 0.5f, 1, 0}, "SCALAR", 1));
     return QJsonDocument(sample.json()).toJson(QJsonDocument::Compact);
-}
-
-/// Keys of all nodes: sorted and finite.
-bool isSound(const VxSceneContents &contents)
-{
-    for (const auto &root : contents.rootNodes) {
-        QVector<VxNode *> nodes{root.get()};
-        root->getNodeChildren(nodes, true);
-        for (const VxNode *node : qAsConst(nodes)) {
-            for (int p = 0; p < node->getNumProperties(); ++p) {
-                const auto *property = qobject_cast<const VxFloatProperty *>(node->getProperty(p));
-                const VxKeyColumns<float> keys = property->getKeys();
-                for (int i = 0; i < keys.count; ++i) {
-                    if (!std::isfinite(keys.values[i]) ||
-                        (i > 0 && keys.times[i] <= keys.times[i - 1]))
-                        return false;
-                }
-                if (!std::isfinite(property->getStoredValue()))
-                    return false;
-            }
-        }
-    }
-    return true;
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "io/motion/vxmotionexport.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxscenewriter.h"
+#include "soundscene.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -90,16 +91,6 @@ QByteArray gltf()
                        sample.floats({0, 0.5f, 1.01f}, "SCALAR", 1),
                        sample.floats({1, 2, 3, 4, 5, 6, 7, 8, 9}, "VEC3", 3));
     return sample.text();
-}
-
-bool isSound(const VxFloatProperty *property)
-{
-    const VxKeyColumns<float> keys = property->getKeys();
-    for (int i = 0; i < keys.count; ++i) {
-        if (!std::isfinite(keys.values[i]) || (i > 0 && keys.times[i] <= keys.times[i - 1]))
-            return false;
-    }
-    return true;
 }
 
 } // namespace
@@ -299,7 +290,7 @@ bool tst_MotionSession::areKeysSound() const
     for (const VxNode *node : nodes) {
         for (int i = 0; i < node->getNumProperties(); ++i) {
             const auto *property = qobject_cast<const VxFloatProperty *>(node->getProperty(i));
-            if (property && !isSound(property))
+            if (property && !isSound(*property))
                 return false;
         }
     }

@@ -3,6 +3,7 @@
 #include "io/vxbvhexport.h"
 #include "io/vxbvhimport.h"
 #include "io/vxbvhreader.h"
+#include "smallmotion.h"
 #include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -19,8 +20,6 @@
 #include <vxcore/vxundostack.h>
 
 namespace {
-
-const char realFolder[] = "/usr/share/assimp/models/BVH/";
 
 using Control = VxFloatProperty *(VxNode::*)() const;
 const Control movingControls[] = {&VxNode::getXPosControl, &VxNode::getYPosControl,

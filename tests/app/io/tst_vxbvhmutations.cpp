@@ -3,6 +3,7 @@
 
 #include "io/vxbvhreader.h"
 #include "io/vxbvhwriter.h"
+#include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -14,12 +15,8 @@
 
 namespace {
 
-using Random = std::mt19937;
-
-int below(Random &random, int limit)
-{
-    return static_cast<int>(random() % static_cast<unsigned>(qMax(1, limit)));
-}
+using VxFileMutations::below;
+using VxFileMutations::Random;
 
 void flipBytes(QByteArray &bytes, Random &random)
 {

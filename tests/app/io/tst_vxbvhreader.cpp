@@ -1,5 +1,6 @@
 #include "io/vxbvhreader.h"
 #include "io/vxbvhwriter.h"
+#include "smallmotion.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -9,8 +10,6 @@
 #include <memory>
 
 namespace {
-
-const char realFolder[] = "/usr/share/assimp/models/BVH/";
 
 // Lines 1 to 10; "MOTION" is line 8, "Frames:" 9, "Frame Time:" 10, the first row 11.
 const QByteArray smallHead = "HIERARCHY\n"

@@ -3,6 +3,7 @@
 #include "io/csv/vxcsvexport.h"
 #include "io/csv/vxcsvreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "randomkeys.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -20,16 +21,6 @@
 #include <vxcore/vxundostack.h>
 
 namespace {
-
-using Random = std::mt19937;
-
-constexpr VxTime Step = 160;
-constexpr VxTime End = 60 * Step;
-
-float number(Random &random, float low, float high)
-{
-    return std::uniform_real_distribution<float>(low, high)(random);
-}
 
 void addKeys(VxFloatProperty *property, Random &random, float size)
 {

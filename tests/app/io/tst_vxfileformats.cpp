@@ -1,4 +1,5 @@
 #include "io/vxfileformats.h"
+#include "smallmotion.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -9,14 +10,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
-
-namespace {
-
-const QByteArray smallMotion =
-    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
-    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
-
-} // namespace
 
 class tst_VxFileFormats : public QObject
 {

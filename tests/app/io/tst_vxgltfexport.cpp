@@ -1,8 +1,10 @@
 // Scenes written as glTF and read back: the same motion, and files that other programs accept.
 
+#include "gltfreading.h"
 #include "io/gltf/vxgltfexport.h"
 #include "io/gltf/vxgltfreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "randomkeys.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -24,16 +26,6 @@
 
 namespace {
 
-using Random = std::mt19937;
-
-constexpr VxTime Step = 160;
-constexpr VxTime End = 60 * Step;
-
-float number(Random &random, float low, float high)
-{
-    return std::uniform_real_distribution<float>(low, high)(random);
-}
-
 /// Keys of the types given, at times that need not be frames.
 void addKeys(VxFloatProperty *property, Random &random, float size, const QVector<int> &types)
 {
@@ -54,14 +46,6 @@ VxBone *addBone(VxNode *parent, const char *name, Random &random)
     bone->setEndPoint({0, 4, 0});
     bone->setRotationOrder(VxNode::RotationOrder(random() % 6));
     return bone;
-}
-
-VxQuaternion rotationOf(const VxNode *node, VxTime time)
-{
-    const VxEuler angles{double(node->getXRotControl()->getValue(time)),
-                         double(node->getYRotControl()->getValue(time)),
-                         double(node->getZRotControl()->getValue(time))};
-    return vxQuaternion(angles, VxRotationOrder(node->getRotationOrder()));
 }
 
 double distance(const QVector4D &a, const QVector4D &b)

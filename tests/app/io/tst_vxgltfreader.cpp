@@ -43,14 +43,6 @@ std::vector<float> numbersOf(const std::vector<VxQuaternion> &rotations)
     return numbers;
 }
 
-VxQuaternion rotationOf(const VxNode *node, VxTime time)
-{
-    const VxEuler angles{double(node->getXRotControl()->getValue(time)),
-                         double(node->getYRotControl()->getValue(time)),
-                         double(node->getZRotControl()->getValue(time))};
-    return vxQuaternion(angles, VxRotationOrder(node->getRotationOrder()));
-}
-
 } // namespace
 
 class tst_VxGltfReader : public QObject, private GltfReading

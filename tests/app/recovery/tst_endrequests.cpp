@@ -141,7 +141,7 @@ void tst_EndRequests::ignoredRequestsStayIgnored()
     QVERIFY(std::signal(SIGHUP, former) == SIG_IGN);
 }
 
-static int runTests(int argc, char **argv)
+static int runEndRequests(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
@@ -151,6 +151,6 @@ static int runTests(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runEndRequests)
 
 #include "tst_endrequests.moc"

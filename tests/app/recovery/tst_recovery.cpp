@@ -492,7 +492,7 @@ void tst_Recovery::picture()
     }
 }
 
-static int runTests(int argc, char **argv)
+static int runRecovery(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
@@ -502,6 +502,6 @@ static int runTests(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runRecovery)
 
 #include "tst_recovery.moc"

@@ -522,7 +522,7 @@ void tst_RecoveryStore::withoutFolderNothingIsKept()
     QVERIFY(store.claim().isEmpty());
 }
 
-static int runTests(int argc, char **argv)
+static int runRecoveryStore(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
@@ -535,6 +535,6 @@ static int runTests(int argc, char **argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runRecoveryStore)
 
 #include "tst_recoverystore.moc"

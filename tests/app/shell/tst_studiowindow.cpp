@@ -6,6 +6,7 @@
 #include "shell/studio.h"
 #include "shell/studioclasses.h"
 #include "shell/studiowindow.h"
+#include "smallmotion.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -32,14 +33,6 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-namespace {
-
-const QByteArray smallMotion =
-    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
-    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
-
-} // namespace
 
 /// The whole window, with the module loaded from the plug-in folder.
 class tst_StudioWindow : public QObject

@@ -1,3 +1,4 @@
+#include "smallmotion.h"
 #include "testing/vxtestmain.h"
 
 #include <QImage>
@@ -15,10 +16,6 @@ struct Result
     QString output;
     QString errors;
 };
-
-const QByteArray smallMotion =
-    "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
-    "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
 
 } // namespace
 

@@ -1,8 +1,8 @@
+#include "firstcolumnonly.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
 #include <QAbstractItemModelTester>
-#include <QIdentityProxyModel>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxnode.h>
@@ -14,17 +14,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 namespace {
-
-// The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester takes for a mistake.
-class FirstColumnOnly : public QIdentityProxyModel
-{
-public:
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.column() > 0 ? 0 : QIdentityProxyModel::rowCount(parent);
-    }
-};
 
 template <class Change> void asEntry(Change change)
 {

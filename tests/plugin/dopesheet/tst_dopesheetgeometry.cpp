@@ -9,7 +9,7 @@
 #include <random>
 
 using Rects = std::vector<QRect>;
-using Marks = std::vector<DopeSheetMark>;
+using RowMarks = std::vector<DopeSheetMark>;
 
 Q_DECLARE_METATYPE(QVector<int>)
 
@@ -58,16 +58,16 @@ private:
 
 namespace {
 
-const QRect cell(100, 40, 600, 20);
+const QRect keysCell(100, 40, 600, 20);
 
-// Keys of a property row whose arrays live here.
-struct Keys
+// RowOfKeys of a property row whose arrays live here.
+struct RowOfKeys
 {
     QVector<VxTime> times;
     QVector<quint8> flags;
     QVector<quint8> types;
 
-    explicit Keys(const QVector<VxTime> &keyTimes)
+    explicit RowOfKeys(const QVector<VxTime> &keyTimes)
         : times(keyTimes)
         , flags(keyTimes.size(), 0)
         , types(keyTimes.size(), DopeSheetRowKeys::Linear)
@@ -84,7 +84,7 @@ struct Keys
     }
 };
 
-QVector<int> lefts(const Marks &marks)
+QVector<int> lefts(const RowMarks &marks)
 {
     QVector<int> found;
     for (const DopeSheetMark &mark : marks)
@@ -102,7 +102,7 @@ QVector<int> columns(const Rects &rects)
     return found;
 }
 
-struct Scale
+struct TimeScale
 {
     const char *name;
     TimelineMetrics metrics;
@@ -118,9 +118,9 @@ TimelineMetrics scaled(double zoom, int fps = 30, int frameWidth = 10)
     return metrics;
 }
 
-const std::vector<Scale> &scales()
+const std::vector<TimeScale> &scales()
 {
-    static const std::vector<Scale> all = {
+    static const std::vector<TimeScale> all = {
         {"ten pixels a frame", scaled(1), 20000},
         {"three keys a pixel", scaled(0.03), 480000},
         {"wide frames", scaled(40), 20000},
@@ -150,7 +150,7 @@ void TestDopeSheetGeometry::visibleKeysMatchALoop_data()
 void TestDopeSheetGeometry::visibleKeysMatchALoop()
 {
     QFETCH(int, scale);
-    const Scale &row = scales()[size_t(scale)];
+    const TimeScale &row = scales()[size_t(scale)];
     std::mt19937 random(7);
     std::uniform_int_distribution<VxTime> anyTime(-row.lastTime, row.lastTime);
     QVector<VxTime> times;
@@ -186,7 +186,7 @@ void TestDopeSheetGeometry::visibleTicksMatchALoop_data()
 void TestDopeSheetGeometry::visibleTicksMatchALoop()
 {
     QFETCH(int, scale);
-    const Scale &row = scales()[size_t(scale)];
+    const TimeScale &row = scales()[size_t(scale)];
     const VxTime step = row.lastTime / 5000 + 1;
     for (int from = -300; from < 700; from += 97) {
         QVector<int> expected;
@@ -253,8 +253,8 @@ void TestDopeSheetGeometry::markPlaces()
 {
     QFETCH(VxTime, playStart);
     QFETCH(VxTime, time);
-    const DopeSheetGeometry geometry(cell, TimelineMetrics(), playStart);
-    const Marks marks = geometry.marks(Keys({time}).view());
+    const DopeSheetGeometry geometry(keysCell, TimelineMetrics(), playStart);
+    const RowMarks marks = geometry.marks(RowOfKeys({time}).view());
     QCOMPARE(int(marks.size()), 1);
     QTEST(marks[0].left, "left");
     // Row middle 50, half a mark 5.
@@ -264,25 +264,30 @@ void TestDopeSheetGeometry::markPlaces()
 void TestDopeSheetGeometry::marksAtTheCellsEdges()
 {
     const TimelineMetrics metrics;
-    const DopeSheetGeometry geometry(cell, metrics, 0);
+    const DopeSheetGeometry geometry(keysCell, metrics, 0);
     // Left edges at 99, 100, 690 and 691: only whole marks show, from 100 to 699.
-    QCOMPARE(lefts(geometry.marks(Keys({-48, -32, 9408, 9424}).view())), (QVector<int>{100, 690}));
-    QVERIFY(geometry.marks(Keys({}).view()).empty());
+    QCOMPARE(lefts(geometry.marks(RowOfKeys({-48, -32, 9408, 9424}).view())),
+             (QVector<int>{100, 690}));
+    QVERIFY(geometry.marks(RowOfKeys({}).view()).empty());
     const DopeSheetGeometry narrow(QRect(100, 40, 9, 20), metrics, 0);
-    QVERIFY(narrow.marks(Keys({0}).view()).empty());
+    QVERIFY(narrow.marks(RowOfKeys({0}).view()).empty());
 }
 
 void TestDopeSheetGeometry::marksNeedTheirHeight()
 {
     TimelineMetrics metrics;
-    QCOMPARE(DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(Keys({0}).view()).size(),
-             size_t(1));
-    QVERIFY(DopeSheetGeometry(QRect(0, 0, 100, 9), metrics, 0).marks(Keys({0}).view()).empty());
-    // One that begins with the cell and ends a pixel below it.
+    QCOMPARE(
+        DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(RowOfKeys({0}).view()).size(),
+        size_t(1));
+    QVERIFY(
+        DopeSheetGeometry(QRect(0, 0, 100, 9), metrics, 0).marks(RowOfKeys({0}).view()).empty());
+    // One that begins with the keysCell and ends a pixel below it.
     metrics.frameWidth = 11;
-    QVERIFY(DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(Keys({0}).view()).empty());
-    QCOMPARE(DopeSheetGeometry(QRect(0, 0, 100, 11), metrics, 0).marks(Keys({0}).view()).size(),
-             size_t(1));
+    QVERIFY(
+        DopeSheetGeometry(QRect(0, 0, 100, 10), metrics, 0).marks(RowOfKeys({0}).view()).empty());
+    QCOMPARE(
+        DopeSheetGeometry(QRect(0, 0, 100, 11), metrics, 0).marks(RowOfKeys({0}).view()).size(),
+        size_t(1));
 }
 
 // Of marks that look the same at one place one is enough; which one is painted last counts.
@@ -290,12 +295,12 @@ void TestDopeSheetGeometry::marksOfOnePlace()
 {
     TimelineMetrics metrics;
     metrics.zoom = 0.01; // x(t) = t / 1600
-    const DopeSheetGeometry geometry(cell, metrics, 0);
-    Keys keys({0, 160, 320, 480, 640, 1600, 1760});
+    const DopeSheetGeometry geometry(keysCell, metrics, 0);
+    RowOfKeys keys({0, 160, 320, 480, 640, 1600, 1760});
     keys.flags = {1, 0, 1, 0, 0, 0, 0};
     keys.types = {0, 2, 2, 0, 2, 1, 1};
     // At 102 linear selected, TCB selected, linear, TCB; at 103 constant.
-    const Marks expected = {{102, 1}, {102, 5}, {102, 0}, {102, 4}, {103, 2}};
+    const RowMarks expected = {{102, 1}, {102, 5}, {102, 0}, {102, 4}, {103, 2}};
     QVERIFY(geometry.marks(keys.view()) == expected);
 }
 
@@ -310,22 +315,22 @@ void TestDopeSheetGeometry::marksMatchALoop()
         for (VxTime time = -20000; time < 60000;
              time += std::uniform_int_distribution<>(1, 300)(random))
             times.append(time);
-        Keys keys(times);
+        RowOfKeys keys(times);
         for (int i = 0; i < times.size(); ++i) {
             keys.flags[i] = random() & 1;
             keys.types[i] = quint8(random() % 3);
         }
         // The last one of each kind at each place stays.
-        Marks expected;
+        RowMarks expected;
         for (int i = 0; i < times.size(); ++i) {
-            const int left = metrics.keyLeft(cell.x(), times.at(i), playStart);
+            const int left = metrics.keyLeft(keysCell.x(), times.at(i), playStart);
             const DopeSheetMark mark{left, keys.view().stateOf(i)};
-            if (left < cell.left() || left + 9 > cell.right())
+            if (left < keysCell.left() || left + 9 > keysCell.right())
                 continue;
             expected.erase(std::remove(expected.begin(), expected.end(), mark), expected.end());
             expected.push_back(mark);
         }
-        QVERIFY(DopeSheetGeometry(cell, metrics, playStart).marks(keys.view()) == expected);
+        QVERIFY(DopeSheetGeometry(keysCell, metrics, playStart).marks(keys.view()) == expected);
     }
 }
 
@@ -340,7 +345,7 @@ void TestDopeSheetGeometry::baseline_data()
     QTest::newRow("cut at the left") << 480 << 4800 << QRect(100, 50, 278, 1);
     QTest::newRow("nothing") << 0 << 0 << QRect();
     QTest::newRow("less than a pixel") << 0 << 15 << QRect();
-    QTest::newRow("all before the cell") << 48000 << 480 << QRect();
+    QTest::newRow("all before the keysCell") << 48000 << 480 << QRect();
     QTest::newRow("negative") << 0 << -4800 << QRect();
 }
 
@@ -348,23 +353,23 @@ void TestDopeSheetGeometry::baseline()
 {
     QFETCH(VxTime, playStart);
     QFETCH(VxTime, end);
-    QTEST(DopeSheetGeometry(cell, TimelineMetrics(), playStart).baseline(end), "rect");
+    QTEST(DopeSheetGeometry(keysCell, TimelineMetrics(), playStart).baseline(end), "rect");
 }
 
 void TestDopeSheetGeometry::secondTicks()
 {
-    // A second is 300 pixels. Within the cell's width of 600 less the origin of 2 there are
+    // A second is 300 pixels. Within the keysCell's width of 600 less the origin of 2 there are
     // 598 / 300 = 1, and the one at 0.
-    const DopeSheetGeometry geometry(cell, TimelineMetrics(), 0);
+    const DopeSheetGeometry geometry(keysCell, TimelineMetrics(), 0);
     QVERIFY(geometry.secondTicks(48000) == (Rects{QRect(107, 45, 1, 10), QRect(407, 45, 1, 10)}));
-    // From second 1 on: the tick at 0 is left of the cell, second 2 at 100 + 2 - 300 + 605.
-    const DopeSheetGeometry later(cell, TimelineMetrics(), 4800);
+    // From second 1 on: the tick at 0 is left of the keysCell, second 2 at 100 + 2 - 300 + 605.
+    const DopeSheetGeometry later(keysCell, TimelineMetrics(), 4800);
     QCOMPARE(columns(later.secondTicks(48000)), (QVector<int>{108, 408}));
 }
 
 void TestDopeSheetGeometry::secondTicksEndWithTheLine()
 {
-    const DopeSheetGeometry geometry(cell, TimelineMetrics(), 0);
+    const DopeSheetGeometry geometry(keysCell, TimelineMetrics(), 0);
     // 5 + 294 pixels hold no whole second, 5 + 295 hold one.
     QCOMPARE(columns(geometry.secondTicks(4719)), (QVector<int>{107}));
     QCOMPARE(columns(geometry.secondTicks(4720)), (QVector<int>{107, 407}));
@@ -372,7 +377,7 @@ void TestDopeSheetGeometry::secondTicksEndWithTheLine()
 
 void TestDopeSheetGeometry::frameTicks()
 {
-    const DopeSheetGeometry geometry(cell, TimelineMetrics(), 0);
+    const DopeSheetGeometry geometry(keysCell, TimelineMetrics(), 0);
     // Five frames: ticks 1 to 4.
     QVERIFY(geometry.frameTicks(800, 160) == (Rects{QRect(117, 47, 1, 6), QRect(127, 47, 1, 6),
                                                     QRect(137, 47, 1, 6), QRect(147, 47, 1, 6)}));
@@ -385,14 +390,14 @@ void TestDopeSheetGeometry::touchingTicksBecomeOne()
 {
     TimelineMetrics metrics;
     metrics.zoom = 0.1;
-    // Frame n is at 107 + n, so the ticks of frames 1 to 592 fill the cell.
-    const DopeSheetGeometry geometry(cell, metrics, 0);
+    // Frame n is at 107 + n, so the ticks of frames 1 to 592 fill the keysCell.
+    const DopeSheetGeometry geometry(keysCell, metrics, 0);
     QVERIFY(geometry.frameTicks(480000, 160) == (Rects{QRect(108, 47, 592, 6)}));
 }
 
 void TestDopeSheetGeometry::oneFrameHasNoTicks()
 {
-    const DopeSheetGeometry geometry(cell, TimelineMetrics(), 0);
+    const DopeSheetGeometry geometry(keysCell, TimelineMetrics(), 0);
     QVERIFY(geometry.frameTicks(160, 160).empty());
     QVERIFY(geometry.frameTicks(319, 160).empty());
     QVERIFY(geometry.frameTicks(0, 160).empty());
@@ -414,11 +419,11 @@ void TestDopeSheetGeometry::timeTick_data()
     QTest::addColumn<VxTime>("time");
     QTest::addColumn<QRect>("rect");
 
-    QTest::newRow("in the middle") << cell << 160 << QRect(117, 48, 1, 4);
-    QTest::newRow("left of the cell") << cell << -128 << QRect();
-    QTest::newRow("first column") << cell << -112 << QRect(100, 48, 1, 4);
-    QTest::newRow("last column") << cell << 9472 << QRect(699, 48, 1, 4);
-    QTest::newRow("right of the cell") << cell << 9488 << QRect();
+    QTest::newRow("in the middle") << keysCell << 160 << QRect(117, 48, 1, 4);
+    QTest::newRow("left of the keysCell") << keysCell << -128 << QRect();
+    QTest::newRow("first column") << keysCell << -112 << QRect(100, 48, 1, 4);
+    QTest::newRow("last column") << keysCell << 9472 << QRect(699, 48, 1, 4);
+    QTest::newRow("right of the keysCell") << keysCell << 9488 << QRect();
     QTest::newRow("cut to a low row") << QRect(100, 40, 600, 3) << 0 << QRect(107, 40, 1, 3);
 }
 
@@ -435,7 +440,7 @@ void TestDopeSheetGeometry::hit_data()
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("firstSelected");
 
-    // Keys at 0 and 48 cover 102 .. 112 and 105 .. 115, the one at 1600 at 202 .. 212.
+    // RowOfKeys at 0 and 48 cover 102 .. 112 and 105 .. 115, the one at 1600 at 202 .. 212.
     QTest::newRow("left of all") << 101 << -1 << -1;
     QTest::newRow("left edge") << 102 << 0 << -1;
     QTest::newRow("two of which one is selected") << 105 << 0 << 1;
@@ -449,9 +454,10 @@ void TestDopeSheetGeometry::hit_data()
 void TestDopeSheetGeometry::hit()
 {
     QFETCH(int, x);
-    Keys keys({0, 48, 1600});
+    RowOfKeys keys({0, 48, 1600});
     keys.flags[1] = DopeSheetRowKeys::Selected;
-    const DopeSheetHit found = DopeSheetGeometry(cell, TimelineMetrics(), 0).hit(keys.view(), x);
+    const DopeSheetHit found =
+        DopeSheetGeometry(keysCell, TimelineMetrics(), 0).hit(keys.view(), x);
     QTEST(found.first, "first");
     QTEST(found.firstSelected, "firstSelected");
 }
@@ -459,9 +465,10 @@ void TestDopeSheetGeometry::hit()
 // Three ticks make no pixel: the keys overlap, and the selected one counts all the same.
 void TestDopeSheetGeometry::hitAmongKeysOfOnePlace()
 {
-    Keys keys({1600, 1601, 1602});
+    RowOfKeys keys({1600, 1601, 1602});
     keys.flags[2] = DopeSheetRowKeys::Selected;
-    const DopeSheetHit found = DopeSheetGeometry(cell, TimelineMetrics(), 0).hit(keys.view(), 205);
+    const DopeSheetHit found =
+        DopeSheetGeometry(keysCell, TimelineMetrics(), 0).hit(keys.view(), 205);
     QCOMPARE(found.first, 0);
     QCOMPARE(found.firstSelected, 2);
 }
@@ -469,7 +476,7 @@ void TestDopeSheetGeometry::hitAmongKeysOfOnePlace()
 void TestDopeSheetGeometry::hitPrefersNothing()
 {
     const DopeSheetHit found =
-        DopeSheetGeometry(cell, TimelineMetrics(), 0).hit(Keys({}).view(), 9);
+        DopeSheetGeometry(keysCell, TimelineMetrics(), 0).hit(RowOfKeys({}).view(), 9);
     QCOMPARE(found.first, -1);
     QCOMPARE(found.firstSelected, -1);
 }

@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 
@@ -8,17 +9,7 @@
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 
-using Times = QVector<VxTime>;
-
 namespace {
-
-Times keyTimes(const VxProperty *property)
-{
-    Times times;
-    for (int i = 0; i < property->getNumKeys(); ++i)
-        times.append(property->getKeyTime(i));
-    return times;
-}
 
 // The other side of the bus: what it would show as selected.
 class Listener : public VxKeyCommunication

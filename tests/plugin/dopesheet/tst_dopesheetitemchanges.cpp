@@ -1,9 +1,8 @@
 #include "dopesheetitemtestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include <vxcore/vxchangeblock.h>
-
-using Times = QVector<VxTime>;
 
 namespace {
 

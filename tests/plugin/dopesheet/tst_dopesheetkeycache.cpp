@@ -1,4 +1,5 @@
 #include "dopesheetrowstestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 #include <vxcore/vxchangeblock.h>
 
 #include "vxtimeline/dopesheet/dopesheetkeys.h"
-
-using Times = QVector<VxTime>;
 
 namespace {
 

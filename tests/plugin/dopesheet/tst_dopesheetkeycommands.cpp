@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include <QtTest/QSignalSpy>
@@ -11,16 +12,7 @@
 #include "vxtimeline/dopesheet/selectedkeys.h"
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 
-using Times = QVector<VxTime>;
-
 namespace {
-
-Times keyTimes(const VxProperty *property)
-{
-    return property->getNumKeys() == 0
-               ? Times()
-               : Times(property->getKeyTimes(), property->getKeyTimes() + property->getNumKeys());
-}
 
 constexpr int allTypes = 63;
 

@@ -1,10 +1,10 @@
 #include "dopesheetrowstestbase.h"
+#include "firstcolumnonly.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 
 #include <QtTest/QAbstractItemModelTester>
 
-#include <QtCore/QIdentityProxyModel>
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPointer>
 #include <map>
@@ -22,17 +22,6 @@
 using Tester = QAbstractItemModelTester;
 
 namespace {
-
-// The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester takes for a mistake.
-class FirstColumnOnly : public QIdentityProxyModel
-{
-public:
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override
-    {
-        return parent.column() > 0 ? 0 : QIdentityProxyModel::rowCount(parent);
-    }
-};
 
 // What the sheet ought to hold, in the plainest way: the nodes below each node, null for the top.
 class PlainSheet

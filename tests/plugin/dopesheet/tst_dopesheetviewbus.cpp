@@ -1,10 +1,10 @@
 #include "dopesheettestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 
-using Times = QVector<VxTime>;
 using Indexes = QVector<qint32>;
 
 // What the dope sheet view sends on the key bus, and how it applies what it receives.

@@ -1,12 +1,11 @@
 #include "dopesheetitemtestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include <random>
 #include <vxcore/vxmorph.h>
 
 #include "vxtimeline/dopesheet/dopesheetvaluesource.h"
-
-using Times = QVector<VxTime>;
 
 // One row and its tree: labels, children, keys and their selection.
 class TestDopeSheetItem : public QObject, private DopeSheetItemTest

@@ -1,4 +1,5 @@
 #include "dopesheettestbase.h"
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
 #include <QtGui/QScreen>
@@ -9,7 +10,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 
-using Times = QVector<VxTime>;
 using Indexes = QVector<qint32>;
 
 // The dope sheet view: the walk over its rows, key selection by program, and what is painted.

@@ -20,8 +20,8 @@
 
 namespace {
 
-constexpr VxTime Step = 160;
-constexpr VxTime Duration = Step * 60;
+constexpr VxTime Frame = 160;
+constexpr VxTime Duration = Frame * 60;
 constexpr int TestCount = 300;
 
 // VX_RANDOM_GESTURES: another number of gestures than the one of an ordinary run. VX_RANDOM_SEED:
@@ -132,7 +132,7 @@ void TestKeyGraphSession::init()
     }
     for (VxFloatProperty *property : qAsConst(properties)) {
         for (int i = 0; i < 8; ++i)
-            property->setKey(below(12) * Step * 5 + below(3) * 40, float(below(20)), below(3),
+            property->setKey(below(12) * Frame * 5 + below(3) * 40, float(below(20)), below(3),
                              float(below(3)) - 1.0f, 0.0f, 0.5f);
     }
     // Keys of others: the same two and more rows, and as many channels, show them.
@@ -409,7 +409,7 @@ void TestKeyGraphSession::command()
         showSome();
         break;
     case 6:
-        vxScene->setTime(below(60) * Step);
+        vxScene->setTime(below(60) * Frame);
         break;
     case 7:
     case 8:
@@ -434,8 +434,8 @@ void TestKeyGraphSession::command()
         const QModelIndex row = rowOf(properties.at(below(properties.size())));
         if (!row.isValid())
             break;
-        const VxTime start = below(60) * Step;
-        sheet->setKeySelection(below(3) != 0, row, row, start, start + below(20) * Step);
+        const VxTime start = below(60) * Frame;
+        sheet->setKeySelection(below(3) != 0, row, row, start, start + below(20) * Frame);
         break;
     }
 }

@@ -13,7 +13,7 @@ using namespace KeyDrawing;
 namespace {
 
 // A key of the plainest way to reckon a drag.
-struct Key
+struct DraggedKey
 {
     int id; // the key's index at the press
     VxTime time;
@@ -25,22 +25,22 @@ struct Key
     VxTime startTime;
     double startValue; // display units
 
-    friend bool operator==(const Key &a, const Key &b)
+    friend bool operator==(const DraggedKey &a, const DraggedKey &b)
     {
         return a.time == b.time && std::memcmp(&a.value, &b.value, sizeof a.value) == 0 &&
                a.type == b.type && a.tcb == b.tcb && a.selected == b.selected;
     }
 };
-using Keys = std::vector<Key>;
+using DraggedKeys = std::vector<DraggedKey>;
 
-constexpr int TestCount = 150;
+constexpr int DragCount = 150;
 
 // VX_RANDOM_DRAGS: another number of drags than the one of an ordinary run.
 int dragCount()
 {
     bool isNumber = false;
     const int count = qEnvironmentVariableIntValue("VX_RANDOM_DRAGS", &isNumber);
-    return isNumber ? count : TestCount;
+    return isNumber ? count : DragCount;
 }
 
 // Rounds to frames, halves away from zero.
@@ -49,23 +49,24 @@ VxTime rounded(VxTime time, VxTime step)
     return (time < 1 ? time - step / 2 : time + step / 2) / step * step;
 }
 
-bool isTaken(const Keys &keys, VxTime time, int butId)
+bool isTaken(const DraggedKeys &keys, VxTime time, int butId)
 {
     return std::any_of(keys.begin(), keys.end(),
-                       [&](const Key &key) { return key.time == time && key.id != butId; });
+                       [&](const DraggedKey &key) { return key.time == time && key.id != butId; });
 }
 
 // Moves one key; at the time of another it is placed beside it, on the side it came from.
-void move(Keys &keys, int id, VxTime time, float value)
+void move(DraggedKeys &keys, int id, VxTime time, float value)
 {
     const auto key =
-        std::find_if(keys.begin(), keys.end(), [id](const Key &k) { return k.id == id; });
+        std::find_if(keys.begin(), keys.end(), [id](const DraggedKey &k) { return k.id == id; });
     const VxTime back = time > key->time ? -1 : 1;
     while (time != key->time && isTaken(keys, time, id))
         time += back;
     key->time = time;
     key->value = value;
-    std::sort(keys.begin(), keys.end(), [](const Key &a, const Key &b) { return a.time < b.time; });
+    std::sort(keys.begin(), keys.end(),
+              [](const DraggedKey &a, const DraggedKey &b) { return a.time < b.time; });
 }
 
 } // namespace
@@ -94,10 +95,10 @@ private:
     int below(int limit) { return int(random() % unsigned(limit)); }
     Qt::KeyboardModifiers someModifiers();
     void makeKeys();
-    Keys keysOf(int number) const;
-    std::vector<Keys> scene() const;
-    void reckon(Keys &keys, const VxFloatProperty *property, const Move &move) const;
-    void check(const std::vector<Keys> &expected, const char *when) const;
+    DraggedKeys keysOf(int number) const;
+    std::vector<DraggedKeys> scene() const;
+    void reckon(DraggedKeys &keys, const VxFloatProperty *property, const Move &move) const;
+    void check(const std::vector<DraggedKeys> &expected, const char *when) const;
     void dragOnce();
 
     std::mt19937 random{5};
@@ -165,17 +166,17 @@ void TestKeyGraphDragRandom::makeKeys()
     }
 }
 
-Keys TestKeyGraphDragRandom::keysOf(int number) const
+DraggedKeys TestKeyGraphDragRandom::keysOf(int number) const
 {
     const VxFloatProperty *property = properties.at(number);
     const double unit = property->isPercentage() ? 100.0 : 1.0;
-    Keys keys;
+    DraggedKeys keys;
     for (int i = 0; i < property->getNumKeys(); ++i) {
         const VxTime time = property->getKeyTime(i);
         const float value = property->getKeyValue(i);
-        Key key{i,     time, value,
-                0,     {},   channel(number).isKeySelected(i),
-                false, time, double(value) * unit};
+        DraggedKey key{i,     time, value,
+                       0,     {},   channel(number).isKeySelected(i),
+                       false, time, double(value) * unit};
         key.type = property->getKeyInterpolationType(i, &key.tcb.tension, &key.tcb.continuity,
                                                      &key.tcb.bias);
         keys.push_back(key);
@@ -183,15 +184,15 @@ Keys TestKeyGraphDragRandom::keysOf(int number) const
     return keys;
 }
 
-std::vector<Keys> TestKeyGraphDragRandom::scene() const
+std::vector<DraggedKeys> TestKeyGraphDragRandom::scene() const
 {
-    std::vector<Keys> result;
+    std::vector<DraggedKeys> result;
     for (int i = 0; i < properties.size(); ++i)
         result.push_back(keysOf(i));
     return result;
 }
 
-void TestKeyGraphDragRandom::reckon(Keys &keys, const VxFloatProperty *property,
+void TestKeyGraphDragRandom::reckon(DraggedKeys &keys, const VxFloatProperty *property,
                                     const Move &way) const
 {
     double dx = way.to.x() - way.from.x();
@@ -205,10 +206,10 @@ void TestKeyGraphDragRandom::reckon(Keys &keys, const VxFloatProperty *property,
         snaps = snaps && dx != 0.0;
     }
     const double unit = property->isPercentage() ? 100.0 : 1.0;
-    Keys order = keys;
+    DraggedKeys order = keys;
     if (way.to.x() >= way.previous.x())
         std::reverse(order.begin(), order.end());
-    for (const Key &key : order) {
+    for (const DraggedKey &key : order) {
         if (!key.moves)
             continue;
         VxTime time = key.startTime + VxTime(dx * view->getScale().ticksPerPixel);
@@ -221,10 +222,10 @@ void TestKeyGraphDragRandom::reckon(Keys &keys, const VxFloatProperty *property,
     }
 }
 
-void TestKeyGraphDragRandom::check(const std::vector<Keys> &expected, const char *when) const
+void TestKeyGraphDragRandom::check(const std::vector<DraggedKeys> &expected, const char *when) const
 {
     for (int c = 0; c < properties.size(); ++c) {
-        const Keys now = keysOf(c);
+        const DraggedKeys now = keysOf(c);
         for (std::size_t i = 1; i < now.size(); ++i)
             QVERIFY2(now[i - 1].time < now[i].time, when);
         QVERIFY2(now == expected[std::size_t(c)], when);
@@ -243,14 +244,14 @@ void TestKeyGraphDragRandom::dragOnce()
         placeOf(0, double(property->getKeyValue(index)) * unit) +
         QPoint(qRound(property->getKeyTime(index) / view->getScale().ticksPerPixel), 0);
     mouse->press(from, Qt::LeftButton, below(3) == 0 ? Qt::ControlModifier : Qt::NoModifier);
-    const std::vector<Keys> before = scene();
-    std::vector<Keys> expected = before;
+    const std::vector<DraggedKeys> before = scene();
+    std::vector<DraggedKeys> expected = before;
     // A key that a property and its alias show moves when either has it selected.
     for (std::size_t i = 0; i < expected[0].size(); ++i)
         expected[0][i].moves = expected[3][i].moves =
             before[0][i].selected || before[3][i].selected;
     for (const std::size_t c : {1u, 2u}) {
-        for (Key &key : expected[c])
+        for (DraggedKey &key : expected[c])
             key.moves = key.selected;
     }
     QPoint previous = from;
@@ -281,10 +282,10 @@ void TestKeyGraphDragRandom::dragOnce()
     check(expected, "at the end");
     const bool moved = expected != before;
     movedDrags += moved;
-    QCOMPARE(undoTexts(), moved ? QStringList{"Move Keys"} : QStringList());
-    const auto withoutSelection = [](std::vector<Keys> all) {
-        for (Keys &keys : all) {
-            for (Key &key : keys)
+    QCOMPARE(undoTexts(), moved ? QStringList{"Move DraggedKeys"} : QStringList());
+    const auto withoutSelection = [](std::vector<DraggedKeys> all) {
+        for (DraggedKeys &keys : all) {
+            for (DraggedKey &key : keys)
                 key.selected = false;
         }
         return all;

@@ -13,8 +13,6 @@
 namespace {
 
 constexpr int PixelsPerFrame = 20;
-constexpr VxTime Frame = KeyToolStage::Frame;
-
 /// An axis with 20 pixels a frame from the left edge on; a pixel upwards is half a unit of value.
 class StripAxis : public VxTimeAxis
 {

@@ -17,12 +17,6 @@ private Q_SLOTS:
     void atTheEndOfTime();
 };
 
-namespace {
-
-constexpr VxTime Frame = KeyToolStage::Frame;
-
-} // namespace
-
 void tst_KeyPaste::drawings_data()
 {
     QTest::addColumn<QString>("copied");

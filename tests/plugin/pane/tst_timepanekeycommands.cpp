@@ -1,3 +1,4 @@
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -17,16 +18,7 @@
 
 namespace {
 
-using Times = QVector<VxTime>;
 using Shape = QVector<float>; // type, tension, continuity, bias
-
-Times keyTimes(const VxProperty *property)
-{
-    Times times;
-    for (int i = 0; i < property->getNumKeys(); ++i)
-        times.append(property->getKeyTime(i));
-    return times;
-}
 
 Shape shapeOf(const VxFloatProperty *property, int key)
 {

@@ -1,3 +1,4 @@
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -18,19 +19,12 @@
 namespace {
 
 using Spans = std::vector<VxKeySpan>;
-using Times = QVector<VxTime>;
-
 class StatusWindow : public VxMainWindow
 {
 public:
     void showStatusMessage(const QString &text, int) override { texts += text; }
     QStringList texts;
 };
-
-Times keyTimes(const VxProperty *property)
-{
-    return Times(property->getKeyTimes(), property->getKeyTimes() + property->getNumKeys());
-}
 
 } // namespace
 

@@ -1,3 +1,4 @@
+#include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -14,18 +15,6 @@
 
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/keys/keycreation.h"
-
-namespace {
-
-QVector<VxTime> keyTimes(const VxProperty *property)
-{
-    QVector<VxTime> times;
-    for (int i = 0; i < property->getNumKeys(); ++i)
-        times.append(property->getKeyTime(i));
-    return times;
-}
-
-} // namespace
 
 class TestTimePaneKeys : public QObject, private TimePaneTest
 {

@@ -1,14 +1,10 @@
 #include "action/vxshortcuttable.h"
+#include "actionclasses.h"
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
 
 namespace {
-
-QKeySequence keys(const char *text)
-{
-    return QKeySequence::fromString(QString::fromLatin1(text), QKeySequence::PortableText);
-}
 
 const QString copy = QStringLiteral("Copy");
 const QString cut = QStringLiteral("Cut");

@@ -10,20 +10,18 @@
 
 namespace {
 
-using Times = std::vector<VxTime>;
-
 // Around the ends of the blocks that are looked at together.
 const std::vector<int> lengths = {0, 1, 2, 3, 255, 256, 257, 258, 511, 512, 513, 514, 700};
 
-Times even(int count, VxTime first, VxTime distance)
+std::vector<VxTime> even(int count, VxTime first, VxTime distance)
 {
-    Times times;
+    std::vector<VxTime> times;
     for (int i = 0; i < count; ++i)
         times.push_back(first + i * distance);
     return times;
 }
 
-int countOf(const Times &times)
+int countOf(const std::vector<VxTime> &times)
 {
     return int(times.size());
 }
@@ -51,11 +49,11 @@ private:
 void tst_KeyPasses::ascending()
 {
     for (const int length : lengths) {
-        const Times times = even(length, -100, 3);
+        const std::vector<VxTime> times = even(length, -100, 3);
         QVERIFY2(isStrictlyAscending(times.data(), length), qPrintable(QString::number(length)));
     }
     QVERIFY(isStrictlyAscending(nullptr, 0));
-    const Times wide = {VxTimeMin, VxTimeMax};
+    const std::vector<VxTime> wide = {VxTimeMin, VxTimeMax};
     QVERIFY(isStrictlyAscending(wide.data(), 2));
 }
 
@@ -63,7 +61,7 @@ void tst_KeyPasses::ascendingFindsEachDisorder()
 {
     for (const int length : lengths) {
         for (int i = 1; i < length; ++i) {
-            Times times = even(length, 0, 2);
+            std::vector<VxTime> times = even(length, 0, 2);
             times[i] = times[i - 1];
             QVERIFY2(!isStrictlyAscending(times.data(), length),
                      qPrintable(QStringLiteral("%1 of %2").arg(i).arg(length)));
@@ -74,7 +72,7 @@ void tst_KeyPasses::ascendingFindsEachDisorder()
 void tst_KeyPasses::spacing()
 {
     for (const int length : lengths) {
-        const Times times = even(length, -7, 160);
+        const std::vector<VxTime> times = even(length, -7, 160);
         QCOMPARE(evenSpacing(times.data(), length), length < 2 ? 0 : 160);
     }
 }
@@ -83,7 +81,7 @@ void tst_KeyPasses::spacingFindsEachDifference()
 {
     for (const int length : lengths) {
         for (int i = 0; length > 2 && i < length; ++i) {
-            Times times = even(length, 0, 160);
+            std::vector<VxTime> times = even(length, 0, 160);
             ++times[i];
             QVERIFY2(evenSpacing(times.data(), length) == 0,
                      qPrintable(QStringLiteral("%1 of %2").arg(i).arg(length)));
@@ -93,11 +91,11 @@ void tst_KeyPasses::spacingFindsEachDifference()
 
 void tst_KeyPasses::spacingOfWideGaps()
 {
-    const Times widest = {0, VxTimeMax};
+    const std::vector<VxTime> widest = {0, VxTimeMax};
     QCOMPARE(evenSpacing(widest.data(), 2), VxTimeMax);
-    const Times wider = {-1, VxTimeMax};
+    const std::vector<VxTime> wider = {-1, VxTimeMax};
     QCOMPARE(evenSpacing(wider.data(), 2), 0);
-    const Times all = {VxTimeMin, VxTimeMax};
+    const std::vector<VxTime> all = {VxTimeMin, VxTimeMax};
     QCOMPARE(evenSpacing(all.data(), 2), 0);
 }
 
@@ -132,7 +130,7 @@ void tst_KeyPasses::keepsOrder()
 {
     QFETCH(QVector<int>, indexes);
     QFETCH(QVector<VxTime>, newTimes);
-    const Times times = even(5, 0, 10);
+    const std::vector<VxTime> times = even(5, 0, 10);
     const bool keeps = ::keepsOrder(times.data(), countOf(times), indexes.constData(),
                                     newTimes.constData(), indexes.size());
     QTEST(keeps, "keeps");
@@ -146,10 +144,10 @@ void tst_KeyPasses::keepsOrderAgainstSorting()
     };
     int kept = 0;
     for (int round = 0; round < 20000; ++round) {
-        const Times times = even(number(1, 9), 0, 4);
+        const std::vector<VxTime> times = even(number(1, 9), 0, 4);
         std::vector<int> indexes;
-        Times newTimes;
-        Times after = times;
+        std::vector<VxTime> newTimes;
+        std::vector<VxTime> after = times;
         const int offset = number(-4, 4);
         for (int i = 0; i < countOf(times); ++i) {
             if (number(0, 1) == 0 && (!indexes.empty() || i + 1 < countOf(times)))

@@ -12,8 +12,6 @@ Q_DECLARE_METATYPE(std::vector<VxCurvePoint>)
 
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-
 VxCurvePoint point(VxTime time, double value, double in, double out, quint8 type = VxKeyInterp::Tcb)
 {
     VxCurvePoint p;
@@ -383,7 +381,7 @@ void tst_VxCurveFit::bendsAreInvisible()
     constexpr double Error = 0.05;
     constexpr VxTime Corner = 230 * 160;
     const Samples samples(400, 160, [](int i) {
-        return 30 * std::sin(2 * Pi * i / 100) + (i > 230 ? (i - 230) * 0.9 : 0);
+        return 30 * std::sin(2 * M_PI * i / 100) + (i > 230 ? (i - 230) * 0.9 : 0);
     });
     const VxFittedKeys keys =
         vxReduceKeys(samples.times.data(), samples.values.data(), 400, VxKeyInterp::Tcb, Error);

@@ -322,11 +322,12 @@ void tst_VxKeyEdit::nudges_data()
     QTest::addColumn<std::vector<VxTime>>("keys");
     QTest::addColumn<std::vector<VxTime>>("targets"); // from the last key to the first
     QTest::addColumn<std::vector<VxTime>>("places");
-    using Times = std::vector<VxTime>;
-    QTest::newRow("nothing moves") << Times{0, 5} << Times{5, 0} << Times{5, 0};
-    QTest::newRow("all by one") << Times{0, 1, 2} << Times{3, 2, 1} << Times{3, 2, 1};
-    QTest::newRow("all onto one") << Times{0, 1, 2} << Times{9, 9, 9} << Times{9, 8, 7};
-    QTest::newRow("crowded from both sides") << Times{0, 20} << Times{10, 10} << Times{10, 9};
+    using KeyTimes = std::vector<VxTime>;
+    QTest::newRow("nothing moves") << KeyTimes{0, 5} << KeyTimes{5, 0} << KeyTimes{5, 0};
+    QTest::newRow("all by one") << KeyTimes{0, 1, 2} << KeyTimes{3, 2, 1} << KeyTimes{3, 2, 1};
+    QTest::newRow("all onto one") << KeyTimes{0, 1, 2} << KeyTimes{9, 9, 9} << KeyTimes{9, 8, 7};
+    QTest::newRow("crowded from both sides")
+        << KeyTimes{0, 20} << KeyTimes{10, 10} << KeyTimes{10, 9};
 }
 
 void tst_VxKeyEdit::nudges()

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
 constexpr VxTime Frame = 160; // 30 a second
 
 struct Curve
@@ -50,7 +49,7 @@ std::vector<VxTime> unevenTimes(int count)
 
 double sine(double seconds, double hertz)
 {
-    return 10 * std::sin(2 * Pi * hertz * seconds);
+    return 10 * std::sin(2 * M_PI * hertz * seconds);
 }
 
 /// The amplitude, of 10, that is left of a sine, by projection on it far from both ends.
@@ -59,7 +58,7 @@ double amplitude(const Curve &curve, const std::vector<float> &values, double he
     double projected = 0;
     double norm = 0;
     for (int i = curve.count() / 4; i < curve.count() * 3 / 4; ++i) {
-        const double s = std::sin(2 * Pi * hertz * curve.seconds(i));
+        const double s = std::sin(2 * M_PI * hertz * curve.seconds(i));
         projected += s * double(values[std::size_t(i)]);
         norm += s * s;
     }
@@ -84,7 +83,7 @@ double largestDifference(const std::vector<float> &a, const std::vector<float> &
 
 double butterworthGain(double hertz, double cutoff, double rate)
 {
-    const double part = std::tan(Pi * hertz / rate) / std::tan(Pi * cutoff / rate);
+    const double part = std::tan(M_PI * hertz / rate) / std::tan(M_PI * cutoff / rate);
     return 1 / (1 + (std::sqrt(2.0) - 1) * std::pow(part, 4));
 }
 
@@ -155,7 +154,7 @@ void tst_VxKeyFilter::gaussianResponse()
         const Curve curve = sampled(times, [hertz](double s) { return sine(s, hertz); });
         const auto smooth =
             vxSmoothGaussian(curve.times.data(), curve.values.data(), curve.count(), Sigma);
-        const double expected = 10 * std::exp(-std::pow(2 * Pi * hertz * Sigma, 2) / 2);
+        const double expected = 10 * std::exp(-std::pow(2 * M_PI * hertz * Sigma, 2) / 2);
         QVERIFY2(std::abs(amplitude(curve, smooth, hertz) - expected) < 0.02,
                  qPrintable(QString::number(amplitude(curve, smooth, hertz))));
     }
@@ -174,7 +173,7 @@ void tst_VxKeyFilter::butterworthResponse()
     // Nothing is delayed: what is left is the sine itself, made smaller.
     for (int i = curve.count() / 4; i < curve.count() * 3 / 4; ++i)
         QVERIFY(std::abs(double(smooth[std::size_t(i)]) -
-                         expected * std::sin(2 * Pi * hertz * curve.seconds(i))) < 0.02);
+                         expected * std::sin(2 * M_PI * hertz * curve.seconds(i))) < 0.02);
 }
 
 /// The same gains on keys at uneven distances: a filter by key indexes is far from them.
@@ -229,7 +228,7 @@ void tst_VxKeyFilter::noiseIsReduced()
         value += float(noise(random));
     const auto gaussian =
         vxSmoothGaussian(noisy.times.data(), noisy.values.data(), noisy.count(), 0.1);
-    const double expected = std::sqrt(1 / (2 * std::sqrt(Pi) * 0.1 * 30));
+    const double expected = std::sqrt(1 / (2 * std::sqrt(M_PI) * 0.1 * 30));
     QVERIFY(std::abs(deviation(gaussian, clean.values) / expected - 1) < 0.1);
     // The square of the gain, summed over all frequencies.
     double band = 0;

@@ -8,7 +8,7 @@
 
 namespace {
 
-double distance(const VxVector &a, const VxVector &b)
+double distanceOf(const VxVector &a, const VxVector &b)
 {
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
@@ -18,7 +18,7 @@ VxVector sum(const VxVector &a, const VxVector &b)
     return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};
 }
 
-VxVector difference(const VxVector &a, const VxVector &b)
+VxVector offsetOf(const VxVector &a, const VxVector &b)
 {
     return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
 }
@@ -59,24 +59,24 @@ void tst_VxLimbSolver::randomTargetsAreReached()
         VxLimb limb;
         for (VxVector *joint : {&limb.root, &limb.middle, &limb.end})
             *joint = {unit(random), unit(random), unit(random)};
-        const double upper = distance(limb.root, limb.middle);
-        const double lower = distance(limb.middle, limb.end);
+        const double upper = distanceOf(limb.root, limb.middle);
+        const double lower = distanceOf(limb.middle, limb.end);
         const double part = (unit(random) + 1) / 2;
         const double reach =
             std::abs(upper - lower) + part * (upper + lower - std::abs(upper - lower));
         VxVector way = {unit(random), unit(random), unit(random)};
-        const double size = distance(way, {});
+        const double size = distanceOf(way, {});
         const VxVector target =
             sum(limb.root, {way[0] / size * reach, way[1] / size * reach, way[2] / size * reach});
         const VxLimbSolution solution = vxSolveLimb(limb, target, AlongX);
         QVERIFY(solution.reached);
-        QVERIFY(distance(solution.limb.end, target) < 1e-9);
-        QVERIFY(std::abs(distance(solution.limb.root, solution.limb.middle) - upper) < 1e-12);
-        QVERIFY(std::abs(distance(solution.limb.middle, solution.limb.end) - lower) < 1e-12);
+        QVERIFY(distanceOf(solution.limb.end, target) < 1e-9);
+        QVERIFY(std::abs(distanceOf(solution.limb.root, solution.limb.middle) - upper) < 1e-12);
+        QVERIFY(std::abs(distanceOf(solution.limb.middle, solution.limb.end) - lower) < 1e-12);
         // The rotations are those of the result.
-        const VxVector bent = sum(difference(limb.middle, limb.root),
-                                  vxRotated(solution.lower, difference(limb.end, limb.middle)));
-        QVERIFY(distance(sum(limb.root, vxRotated(solution.upper, bent)), target) < 1e-9);
+        const VxVector bent = sum(offsetOf(limb.middle, limb.root),
+                                  vxRotated(solution.lower, offsetOf(limb.end, limb.middle)));
+        QVERIFY(distanceOf(sum(limb.root, vxRotated(solution.upper, bent)), target) < 1e-9);
     }
 }
 
@@ -88,8 +88,8 @@ void tst_VxLimbSolver::kneeStaysInItsPlane()
         QVERIFY(solution.reached);
         QVERIFY(std::abs(solution.limb.middle[0]) < 1e-9);
         // In front of the line from hip to target.
-        const VxVector line = difference(target, Leg.root);
-        const VxVector knee = difference(solution.limb.middle, Leg.root);
+        const VxVector line = offsetOf(target, Leg.root);
+        const VxVector knee = offsetOf(solution.limb.middle, Leg.root);
         QVERIFY(line[1] * knee[2] - line[2] * knee[1] < 0);
     }
 }
@@ -114,8 +114,8 @@ void tst_VxLimbSolver::beyondReach_data()
     QTest::addColumn<double>("y"); // of the target
     QTest::addColumn<double>("z");
     QTest::addColumn<double>("reach"); // of the limb in the end
-    const double upper = distance(Leg.root, Leg.middle);
-    const double lower = distance(Leg.middle, Leg.end);
+    const double upper = distanceOf(Leg.root, Leg.middle);
+    const double lower = distanceOf(Leg.middle, Leg.end);
     QTest::newRow("too far") << -30.0 << 40.0 << upper + lower;
     QTest::newRow("too near") << 10.5 << 0.0 << upper - lower;
     QTest::newRow("at the root") << 10.0 << 0.0 << upper - lower;
@@ -129,11 +129,11 @@ void tst_VxLimbSolver::beyondReach()
     QFETCH(double, reach);
     const VxLimbSolution solution = vxSolveLimb(Leg, target, AlongX);
     QVERIFY(!solution.reached);
-    QVERIFY(std::abs(distance(solution.limb.root, solution.limb.end) - reach) < 1e-6);
+    QVERIFY(std::abs(distanceOf(solution.limb.root, solution.limb.end) - reach) < 1e-6);
     // On the line from root to target, where there is one.
-    const double away = distance(Leg.root, target);
+    const double away = distanceOf(Leg.root, target);
     if (away > 0)
-        QVERIFY(std::abs(distance(solution.limb.end, target) - std::abs(away - reach)) < 1e-6);
+        QVERIFY(std::abs(distanceOf(solution.limb.end, target) - std::abs(away - reach)) < 1e-6);
 }
 
 void tst_VxLimbSolver::segmentsOfNoLength()
@@ -142,7 +142,7 @@ void tst_VxLimbSolver::segmentsOfNoLength()
     QVERIFY(!vxSolveLimb(point, {2, 2, 2}, AlongX).reached);
     const VxLimb forearm = {{0, 0, 0}, {0, 0, 0}, {0, 2, 0}};
     const VxLimbSolution solution = vxSolveLimb(forearm, {2, 0, 0}, AlongX);
-    QVERIFY(distance(solution.limb.end, {2, 0, 0}) < 1e-9);
+    QVERIFY(distanceOf(solution.limb.end, {2, 0, 0}) < 1e-9);
 }
 
 void tst_VxLimbSolver::smallStepsOfTheTargetAreSmallRotations()

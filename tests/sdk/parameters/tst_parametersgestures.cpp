@@ -363,11 +363,6 @@ void TestParametersGestures::aRefusedDragShowsTheReason()
     QCOMPARE(stack()->count(), 0);
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersGestures>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersGestures>)
 
 #include "tst_parametersgestures.moc"

@@ -164,11 +164,6 @@ void TestParametersMany::aFrameOfALargeScene()
     QVERIFY(laps.at(0).second / 200 < 5);
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersMany>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersMany>)
 
 #include "tst_parametersmany.moc"

@@ -340,11 +340,6 @@ void TestParametersMixed::mixedDependsOnTheTime()
     QTRY_COMPARE(field()->text(), QString());
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersMixed>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersMixed>)
 
 #include "tst_parametersmixed.moc"

@@ -304,11 +304,6 @@ void TestParametersSession::sessions()
     checkRows();
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersSession>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersSession>)
 
 #include "tst_parameterssession.moc"

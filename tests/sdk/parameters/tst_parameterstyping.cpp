@@ -291,11 +291,6 @@ void TestParametersTyping::columnsFitTheWidth()
     QCOMPARE(width(Model::ValueColumn), 300);
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersTyping>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersTyping>)
 
 #include "tst_parameterstyping.moc"

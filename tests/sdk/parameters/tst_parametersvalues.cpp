@@ -367,11 +367,6 @@ void TestParametersValues::lockedValuesDoNotChange()
     QCOMPARE(vxApp->getUndoStack()->count(), 0);
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersValues>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersValues>)
 
 #include "tst_parametersvalues.moc"

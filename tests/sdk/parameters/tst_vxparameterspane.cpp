@@ -317,11 +317,6 @@ void TestParametersPane::pictures()
     QVERIFY(differs(x(), {}) && differs(x(), edge));
 }
 
-static int runTests(int argc, char **argv)
-{
-    return runParametersTest<TestParametersPane>(argc, argv);
-}
-
-VX_TEST_UNIT(&runTests)
+VX_TEST_UNIT(&runParametersTest<TestParametersPane>)
 
 #include "tst_vxparameterspane.moc"

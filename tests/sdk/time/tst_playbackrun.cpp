@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qint64 Second = 1000000000;
+constexpr qint64 SecondInNanoseconds = 1000000000;
 
 /// What was shown, and when after the start, in nanoseconds.
 struct Shown
@@ -34,7 +34,8 @@ std::vector<double> framesLate(const QVector<Shown> &shown, VxTime step, VxTime 
         laps += each.time < before;
         before = each.time;
         const long double due = static_cast<long double>(laps) * lap + each.time;
-        const long double run = static_cast<long double>(each.at) * VxTicksPerSecond / Second;
+        const long double run =
+            static_cast<long double>(each.at) * VxTicksPerSecond / SecondInNanoseconds;
         late.push_back(double((run - due) / step) - dropped);
         if (patience > 0 && late.back() > mostFrames)
             dropped += late.back();
