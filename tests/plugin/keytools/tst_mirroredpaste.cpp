@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr VxTime Frame = KeyToolStage::Frame;
 constexpr VxTime Shift = 40 * Frame; // from the copied keys to the pasted ones
 
 using Channels = std::array<VxFloatProperty *, 6>;
