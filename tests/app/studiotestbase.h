@@ -26,6 +26,8 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
+constexpr VxTime Frame = 160; // ticks, of a new scene
+
 // The whole program, with the real module and settings of its own, made anew for each test
 // function. start() again is a second run that finds what the first has saved.
 class StudioTest

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr VxTime Frame = 160;
 constexpr int MarkSide = 9; // pixels
 constexpr int Cycles = 4;   // of the captured walk, 145 frames each
 

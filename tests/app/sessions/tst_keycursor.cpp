@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr VxTime Frame = 160;
-
 double luminance(const QColor &color)
 {
     const auto linear = [](double part) {

@@ -345,7 +345,7 @@ void TestDopeSheetGeometry::baseline_data()
     QTest::newRow("cut at the left") << 480 << 4800 << QRect(100, 50, 278, 1);
     QTest::newRow("nothing") << 0 << 0 << QRect();
     QTest::newRow("less than a pixel") << 0 << 15 << QRect();
-    QTest::newRow("all before the keysCell") << 48000 << 480 << QRect();
+    QTest::newRow("all before the cell") << 48000 << 480 << QRect();
     QTest::newRow("negative") << 0 << -4800 << QRect();
 }
 
@@ -420,10 +420,10 @@ void TestDopeSheetGeometry::timeTick_data()
     QTest::addColumn<QRect>("rect");
 
     QTest::newRow("in the middle") << keysCell << 160 << QRect(117, 48, 1, 4);
-    QTest::newRow("left of the keysCell") << keysCell << -128 << QRect();
+    QTest::newRow("left of the cell") << keysCell << -128 << QRect();
     QTest::newRow("first column") << keysCell << -112 << QRect(100, 48, 1, 4);
     QTest::newRow("last column") << keysCell << 9472 << QRect(699, 48, 1, 4);
-    QTest::newRow("right of the keysCell") << keysCell << 9488 << QRect();
+    QTest::newRow("right of the cell") << keysCell << 9488 << QRect();
     QTest::newRow("cut to a low row") << QRect(100, 40, 600, 3) << 0 << QRect(107, 40, 1, 3);
 }
 

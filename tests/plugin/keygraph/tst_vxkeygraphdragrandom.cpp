@@ -282,7 +282,7 @@ void TestKeyGraphDragRandom::dragOnce()
     check(expected, "at the end");
     const bool moved = expected != before;
     movedDrags += moved;
-    QCOMPARE(undoTexts(), moved ? QStringList{"Move DraggedKeys"} : QStringList());
+    QCOMPARE(undoTexts(), moved ? QStringList{"Move Keys"} : QStringList());
     const auto withoutSelection = [](std::vector<DraggedKeys> all) {
         for (DraggedKeys &keys : all) {
             for (DraggedKey &key : keys)
