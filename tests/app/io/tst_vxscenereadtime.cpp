@@ -137,7 +137,7 @@ void TestSceneReadTime::readingIsLinear_data()
 void TestSceneReadTime::readingIsLinear()
 {
     QFETCH(QString, kind);
-    const double ratio = growth(2500, [&kind](int size) {
+    const double ratio = growth(5000, [&kind](int size) {
         VxSceneContents contents;
         QString message;
         read(largeDocument(kind, size), &contents, &message);

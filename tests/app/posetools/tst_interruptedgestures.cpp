@@ -4,8 +4,8 @@
 
 #include "testing/vxlostrelease.h"
 
-#include <QElapsedTimer>
 #include <QScriptEngine>
+#include <ctime>
 
 /// Drags of gizmos that something else interrupts: lost releases, removals, undo, other times and
 /// scenes.
@@ -224,7 +224,7 @@ void tst_InterruptedGestures::thousandsOfPinnedLimbs()
 #ifdef __SANITIZE_ADDRESS__
     QSKIP("Most of the time is the sanitizer's.");
 #endif
-    constexpr int Limbs = 10000;
+    constexpr int Limbs = 20000;
     vxScene->clear();
     for (int i = 0; i < Limbs; ++i) {
         auto *root = new VxNode(QStringLiteral("Root%1").arg(i));
@@ -249,14 +249,13 @@ void tst_InterruptedGestures::thousandsOfPinnedLimbs()
     QVERIFY(at.x() >= 0);
     window()->setUpdatesEnabled(false);
     VxMouseDriver mouse(view());
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t start = std::clock();
     mouse.press(at);
-    const qint64 elapsed = timer.elapsed();
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
     type(Qt::Key_Escape);
     mouse.release(at);
     window()->setUpdatesEnabled(true);
-    QVERIFY2(elapsed < 1500, qPrintable(QString::number(elapsed)));
+    QVERIFY2(seconds < 3, qPrintable(QString::number(seconds)));
     vxScene->clear();
 }
 

@@ -277,12 +277,12 @@ void tst_StudioWindow::menus()
         if (!action->getDefaultMenuPath().isEmpty())
             QVERIFY2(action->associatedWidgets().size() > 1, qPrintable(action->objectName()));
     }
-    // The 56 actions of the Timeline, the 30 key tools, six of the library and the host's
-    // own.
+    // The 56 actions of the Timeline, those of the key tools, six of the library and the
+    // host's own.
     int own = 0;
     for (const VxClassFactory *factory : studioClassFactories())
         own += factory->metaObject()->inherits(&VxAction::staticMetaObject) ? 1 : 0;
-    QCOMPARE(window()->getActionMgr()->getNumActions(), 56 + 39 + 6 + own);
+    QCOMPARE(window()->getActionMgr()->getNumActions(), 56 + 41 + 6 + own);
 }
 
 void tst_StudioWindow::dockTogglesAndPaneActions()
