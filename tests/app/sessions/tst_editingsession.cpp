@@ -316,6 +316,8 @@ void TestEditingSession::changeDependency()
 void TestEditingSession::changeNodes()
 {
     const QVector<VxNode *> nodes = vxScene->getNodes();
+    if (nodes.size() < 2)
+        return;
     VxNode *node = nodes.at(number(1, nodes.size() - 1));
     VxUndoStackHold hold;
     if (node->getNumNodeChildren() < 4 && chance(2))
