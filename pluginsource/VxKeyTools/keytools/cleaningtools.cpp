@@ -106,12 +106,27 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
 }
 
 /// A percentage of the keys is reached by the least error that does it.
+QStringList reduceScopes()
+{
+    return {KeyToolText::tr("Selected"), KeyToolText::tr("Figure"),
+            KeyToolText::tr("All of the scene")};
+}
+
+KeyTargets targetsOf(int scope)
+{
+    return scope == 0   ? KeyTargets::current()
+           : scope == 1 ? KeyTargets::figures()
+                        : KeyTargets::scene();
+}
+
+QString targetsOfReduce(const QVariantMap &texts)
+{
+    return targetsOf(qMax(0, reduceScopes().indexOf(texts["scope"].toString()))).description();
+}
+
 KeyToolResult reduce(const KeyToolArguments &arguments)
 {
-    const int scope = arguments.choice("scope");
-    KeyToolRun run(scope == 0   ? KeyTargets::current()
-                   : scope == 1 ? KeyTargets::figures()
-                                : KeyTargets::scene());
+    KeyToolRun run(targetsOf(arguments.choice("scope")));
     const VxTypedInput error = arguments.input("error");
     KeyReduction reduction(run.targets(),
                            arguments.choice("type") == 0 ? VxKeyInterp::Linear : VxKeyInterp::Tcb);
@@ -222,13 +237,11 @@ QVector<KeyTool> cleaningTools()
                          "is left. The three angles of a rotation are reduced together."),
          {{"error", KeyToolText::tr("Error, or percentage of keys"), P::Change, "0.1", {}, 0},
           {"type", KeyToolText::tr("To"), P::Choice, types[0], {types[0], types[2]}},
-          {"scope",
-           KeyToolText::tr("Keys"),
-           P::Choice,
-           KeyToolText::tr("Selected"),
-           {KeyToolText::tr("Selected"), KeyToolText::tr("Figure"),
-            KeyToolText::tr("All of the scene")}}},
-         &reduce},
+          {"scope", KeyToolText::tr("Keys"), P::Choice, reduceScopes().constFirst(),
+           reduceScopes()}},
+         &reduce,
+         true,
+         &targetsOfReduce},
         {"removeFlat",
          KeyToolText::tr("Remove Flat Keys"),
          KeyToolText::tr("Removes keys in flat segments, where they do not change the curve."),

@@ -161,6 +161,7 @@ KeyTargets KeyTargets::candidates()
 KeyTargets KeyTargets::figures()
 {
     KeyTargets targets;
+    targets.owner = Figures;
     if (!vxScene)
         return targets;
     QVector<VxNode *> nodes;
@@ -181,6 +182,7 @@ KeyTargets KeyTargets::figures()
 KeyTargets KeyTargets::scene()
 {
     KeyTargets targets;
+    targets.owner = Scene;
     if (vxScene)
         TargetCollector(&targets).addNodes(vxScene->getNodes(), VxTimeRange::all());
     return targets;
@@ -207,9 +209,12 @@ int KeyTargets::numKeys() const
 
 QString KeyTargets::description() const
 {
-    const QString text = KeyToolText::tr(isSelection ? "%1 selected %2 on %3 %4"
-                                                     : "%1 %2 of the selected nodes in the "
-                                                       "play range, on %3 %4");
+    static const char *const texts[] = {
+        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the selected nodes in the play range, on %3 %4"),
+        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the figure in the play range, on %3 %4"),
+        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the scene, on %3 %4")};
+    const QString text =
+        KeyToolText::tr(isSelection ? "%1 selected %2 on %3 %4" : texts[std::size_t(owner)]);
     const int keys = numKeys();
     const auto channels = int(tracks.size());
     QString result =

@@ -51,8 +51,12 @@ struct KeyTargets
     /// Such as "12 selected keys of 3 channels", for the status line.
     QString description() const;
 
+    /// Whose keys are meant where none are selected.
+    enum Owner { SelectedNodes, Figures, Scene };
+
     std::vector<KeyTarget> tracks; ///< each key holder once, none without keys
     bool isSelection = false;
+    Owner owner = SelectedNodes;
     int skipped = 0;  ///< properties that refuse changes, left out
     int readOnly = 0; ///< properties that refuse changes, included
 };

@@ -54,6 +54,10 @@ struct KeyTool
     Run run = nullptr;
     /// False for tools that change the selection alone.
     bool changesKeys = true;
+    /// What the tool works on with these texts of its parameters, such as "12 selected keys on 3
+    /// channels"; null means KeyTargets::current().
+    using Targets = QString (*)(const QVariantMap &texts);
+    Targets targets = nullptr;
 
     /// Every tool, in the order of the menu.
     static const QVector<KeyTool> &all();

@@ -172,6 +172,20 @@ KeyToolResult pasteMirrored(const KeyToolArguments &arguments)
 
 } // namespace
 
+/// What the paste tools work on.
+static QString copiedKeys(const QVariantMap & /*texts*/)
+{
+    int count = 0;
+    int channels = 0;
+    if (const VxKeySelection *selection = VxKeySelection::current()) {
+        for (const VxCopiedKeys &keys : selection->copiedKeys()) {
+            count += int(keys.times.size());
+            ++channels;
+        }
+    }
+    return KeyToolText::tr("%1 copied keys of %2 channels").arg(count).arg(channels);
+}
+
 QVector<KeyTool> pasteTools()
 {
     using P = KeyToolParameter;
@@ -185,12 +199,16 @@ QVector<KeyTool> pasteTools()
          KeyToolText::tr("Pastes copied keys at the playhead, by the names of properties."),
          {{"to", KeyToolText::tr("To"), P::Choice, destinations[1], destinations},
           {"mode", KeyToolText::tr("Other keys"), P::Choice, modes[0], modes}},
-         &pasteKeys},
+         &pasteKeys,
+         true,
+         &copiedKeys},
         {"pasteMirrored",
          KeyToolText::tr("Paste Mirrored"),
          KeyToolText::tr("Pastes copied keys at the playhead, mirrored, to the nodes of the other "
                          "side."),
          {{"mode", KeyToolText::tr("Other keys"), P::Choice, modes[0], modes}},
-         &pasteMirrored},
+         &pasteMirrored,
+         true,
+         &copiedKeys},
     };
 }

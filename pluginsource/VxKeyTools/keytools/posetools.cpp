@@ -11,6 +11,13 @@ namespace {
 // More frames than this in one span indicate a mistyped number.
 constexpr qint64 MaxFrames = 1000000;
 
+QString pinnedJoint(const QVariantMap & /*texts*/)
+{
+    const VxNode *joint = vxScene ? vxScene->getPrimarySelection() : nullptr;
+    return joint ? KeyToolText::tr("the keys of the two bones above %1").arg(joint->getLabel())
+                 : KeyToolText::tr("no joint: select one");
+}
+
 KeyToolResult pin(const KeyToolArguments &arguments)
 {
     KeyToolResult result;
@@ -60,6 +67,8 @@ QVector<KeyTool> poseTools()
          {{"start", KeyToolText::tr("Start (frame)"), P::Time, "0"},
           {"end", KeyToolText::tr("End (frame)"), P::Time, "30"},
           {"falloff", KeyToolText::tr("Falloff (frames)"), P::Time, "5", {}, 0}},
-         &pin},
+         &pin,
+         true,
+         &pinnedJoint},
     };
 }

@@ -57,6 +57,7 @@ public:
     QLabel *description = nullptr;
     QLabel *targets = nullptr;
     QLabel *result = nullptr;
+    QScrollArea *area = nullptr;
     QMap<QString, QWidget *> fields; ///< by parameter
     QMap<QString, QString> typed;    ///< by tool and parameter
     QTimer targetsTimer;
@@ -93,6 +94,7 @@ VxKeyToolsPane::VxKeyToolsPane()
     button->setObjectName(QStringLiteral("apply"));
     // In a small window the fields scroll instead of displacing other panes.
     auto *area = new QScrollArea;
+    d->area = area;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     // The fields have the focus, and are scrolled into view by it.
@@ -226,8 +228,10 @@ void VxKeyToolsPane::showTool()
             auto *choice = new QComboBox;
             choice->addItems(parameter.choices);
             choice->setCurrentText(text);
-            connect(choice, QOverload<int>::of(&QComboBox::activated), this,
-                    [this, choice] { preview(choice); });
+            connect(choice, QOverload<int>::of(&QComboBox::activated), this, [this, choice] {
+                preview(choice);
+                showTargets();
+            });
             field = choice;
         } else {
             auto *line = new QLineEdit(text);
@@ -245,7 +249,10 @@ void VxKeyToolsPane::showTool()
 
 void VxKeyToolsPane::showTargets()
 {
-    d->targets->setText(tr("Works on %1.").arg(KeyTargets::current().description()));
+    const KeyTool &tool = d->tool();
+    d->targets->setText(tr("Works on %1.")
+                            .arg(tool.targets ? tool.targets(typedArguments())
+                                              : KeyTargets::current().description()));
 }
 
 QVariantMap VxKeyToolsPane::typedArguments() const
@@ -277,5 +284,8 @@ bool VxKeyToolsPane::apply()
     const KeyToolResult result = d->tool().runWith(typedArguments());
     d->result->setText(result.message);
     showTargets();
+    // The new text has its place after the layout is activated.
+    d->area->widget()->layout()->activate();
+    d->area->ensureWidgetVisible(d->result);
     return result.done;
 }

@@ -16,6 +16,8 @@ class tst_KeyToolsPane : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void paneRunsTheTypedParameters();
+    void toolsNameWhatTheyWorkOn();
+    void theResultIsScrolledIntoView();
     void returnInAChoiceApplies();
     void typingShowsAPreview();
     void previewEnds_data();
@@ -50,6 +52,43 @@ void tst_KeyToolsPane::paneRunsTheTypedParameters()
     QTRY_COMPARE(
         pane.findChild<QLabel *>("targets")->text(),
         QString("Works on 0 keys of the selected nodes in the play range, on 0 channels."));
+}
+
+void tst_KeyToolsPane::toolsNameWhatTheyWorkOn()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.show();
+    stage.draw("A B . . c");
+    const auto *targets = pane.findChild<QLabel *>("targets");
+    pane.setTool("reduce");
+    QCOMPARE(targets->text(), QString("Works on 2 selected keys on 1 channel."));
+    stage.node->select(true);
+    auto *scope = pane.findChild<QComboBox *>("reduce.scope");
+    QTest::keyClick(scope, Qt::Key_Down);
+    QCOMPARE(targets->text(),
+             QString("Works on 3 keys of the figure in the play range, on 1 channel."));
+    QTest::keyClick(scope, Qt::Key_Down);
+    QCOMPARE(targets->text(), QString("Works on 3 keys of the scene, on 1 channel."));
+    pane.setTool("pin");
+    QCOMPARE(targets->text(), QString("Works on the keys of the two bones above node."));
+    pane.setTool("paste");
+    QCOMPARE(targets->text(), QString("Works on 0 copied keys of 0 channels."));
+}
+
+void tst_KeyToolsPane::theResultIsScrolledIntoView()
+{
+    KeyToolStage stage;
+    VxKeyToolsPane pane;
+    pane.resize(260, 200);
+    pane.show();
+    stage.draw("A B . . c");
+    pane.setTool("reduce");
+    const auto *result = pane.findChild<QLabel *>("result");
+    QVERIFY(result->visibleRegion().isEmpty());
+    QTest::keyClick(pane.findChild<QLineEdit *>("reduce.error"), Qt::Key_Return);
+    QVERIFY(!result->text().isEmpty());
+    QCOMPARE(result->visibleRegion().boundingRect(), result->rect());
 }
 
 void tst_KeyToolsPane::returnInAChoiceApplies()
