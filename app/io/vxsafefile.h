@@ -23,7 +23,8 @@ public:
     /// The same for a file that only its owner can read and write, whatever the permissions of a
     /// former file of that name.
     bool startPrivate();
-    /// Passes everything on to the disk, so that commit() takes no time. False as there.
+    /// Synchronises what was written to the disk, so that commit() does not have to wait for it.
+    /// False when that or an earlier write failed.
     bool flush();
     /// Synchronises to the disk and replaces the former file. False, with the former file
     /// unchanged, when that or an earlier write failed.

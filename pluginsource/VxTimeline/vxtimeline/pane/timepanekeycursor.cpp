@@ -117,8 +117,9 @@ void TimePaneKeyCursor::followKeys()
     if (here.key < 0 || !m_isAtKey || here.row->time(here.key) == m_time)
         return;
     int nearest = here.key;
-    const int count = here.row->count();
-    for (int distance = 0; here.row->selectedCount() > 0 && distance < count; ++distance) {
+    // Counting passes over all selected spans of a channel.
+    const int count = here.row->selectedCount() > 0 ? here.row->count() : 0;
+    for (int distance = 0; distance < count; ++distance) {
         const int before = here.key - distance;
         const int after = here.key + distance;
         if (after < count && here.row->isSelected(after)) {
