@@ -172,18 +172,10 @@ KeyToolResult pasteMirrored(const KeyToolArguments &arguments)
 
 } // namespace
 
-/// What the paste tools work on.
+/// Copying is not reported, so the pane does not count the keys.
 static QString copiedKeys(const QVariantMap & /*texts*/)
 {
-    int count = 0;
-    int channels = 0;
-    if (const VxKeySelection *selection = VxKeySelection::current()) {
-        for (const VxCopiedKeys &keys : selection->copiedKeys()) {
-            count += int(keys.times.size());
-            ++channels;
-        }
-    }
-    return KeyToolText::tr("%1 copied keys of %2 channels").arg(count).arg(channels);
+    return KeyToolText::tr("the copied keys");
 }
 
 QVector<KeyTool> pasteTools()
