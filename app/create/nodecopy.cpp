@@ -6,6 +6,7 @@
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
+#include <vxcore/vxowncontents.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstringproperty.h>
 
@@ -30,8 +31,16 @@ VxProperty *propertyLike(const VxProperty *source)
     if (const auto *whole = qobject_cast<const VxIntProperty *>(source))
         return new VxIntProperty(name, whole->getDefaultValue());
     if (const auto *text = qobject_cast<const VxStringProperty *>(source))
-        return new VxStringProperty(name, text->getValue());
+        return new VxStringProperty(name, vxOwnText(text));
     return nullptr;
+}
+
+/** What a reference hides as well: the copy shows it when its reference is removed. */
+template <class Property> void copyOwnContents(const Property *from, Property *to)
+{
+    const auto own = vxOwnContents(from);
+    to->setStoredValue(own.stored);
+    to->setKeys(own.keys);
 }
 
 void copyNumber(const VxFloatProperty *from, VxFloatProperty *to)
@@ -39,19 +48,13 @@ void copyNumber(const VxFloatProperty *from, VxFloatProperty *to)
     to->setAxis(from->getAxis());
     to->setSensitivity(from->getSensitivity());
     to->setDefaultInterpolation(from->getDefaultInterpolation());
-    if (from->getKeyHolder() == from) {
-        to->setStoredValue(from->getStoredValue());
-        to->setKeys(from->getKeys());
-    }
+    copyOwnContents(from, to);
     to->setMinMax(from->getMin(), from->getMax(), from->isClamped());
 }
 
 void copyNumber(const VxIntProperty *from, VxIntProperty *to)
 {
-    if (from->getKeyHolder() == from) {
-        to->setStoredValue(from->getStoredValue());
-        to->setKeys(from->getKeys());
-    }
+    copyOwnContents(from, to);
     to->setMinMax(from->getMin(), from->getMax(), from->isClamped());
 }
 
@@ -67,7 +70,7 @@ void copyProperty(const VxProperty *from, VxProperty *to)
     else if (const auto *whole = qobject_cast<const VxIntProperty *>(from))
         copyNumber(whole, static_cast<VxIntProperty *>(to));
     else if (const auto *text = qobject_cast<const VxStringProperty *>(from))
-        static_cast<VxStringProperty *>(to)->setValue(text->getValue());
+        static_cast<VxStringProperty *>(to)->setValue(vxOwnText(text));
     if (const auto *number = qobject_cast<const VxNumericProperty *>(from))
         static_cast<VxNumericProperty *>(to)->setPercentage(number->isPercentage());
     to->setAnimatable(from->isAnimatable());

@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <memory>
+#include <optional>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxelement.h>
 #include <vxcore/vxfloatproperty.h>
@@ -26,7 +27,8 @@ struct VxScenePropertyReader::Record
     bool hidden = false, dynamicallyHidden = false, locked = false, animatable = true;
     bool excluded = false, percentage = false, clamped = false, hasLimits = false;
     int axis = 0, interpolation = 0;
-    double value = 0, defaultValue = 0;
+    double defaultValue = 0;
+    std::optional<double> value; // absent: the default
     float sensitivity = 1;
     double limits[2] = {0, 0};
     QByteArray times, values, types, tcb;
@@ -35,6 +37,7 @@ struct VxScenePropertyReader::Record
     bool isFloat() const { return kind == QLatin1String("float"); }
     bool isBool() const { return kind == QLatin1String("bool"); }
     bool isInt() const { return kind == QLatin1String("int") || isBool(); }
+    double storedValue() const { return value.value_or(defaultValue); }
     bool isString() const { return kind == QLatin1String("string"); }
     int numKeys() const { return times.size() / int(sizeof(VxTime)); }
 };
@@ -61,7 +64,7 @@ bool VxScenePropertyReader::checkRange(const Record &record)
     const double highest =
         record.isFloat() ? double(std::numeric_limits<float>::max()) : double(IntMax);
     const double lowest = record.isFloat() ? -highest : double(IntMin);
-    const std::pair<const char *, double> numbers[] = {{"value", record.value},
+    const std::pair<const char *, double> numbers[] = {{"value", record.storedValue()},
                                                        {"default", record.defaultValue},
                                                        {"limits", record.limits[0]},
                                                        {"limits", record.limits[1]}};
@@ -253,11 +256,11 @@ void VxScenePropertyReader::applyValues(VxProperty *property, const Record &reco
     const int count = record.numKeys();
     bool accepted = true;
     if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
-        number->setStoredValue(float(record.value));
+        number->setStoredValue(float(record.storedValue()));
         const auto *values = reinterpret_cast<const float *>(record.values.constData());
         accepted = number->setKeys({times, values, types, tcb, count});
     } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
-        whole->setStoredValue(int(record.value));
+        whole->setStoredValue(int(record.storedValue()));
         const auto *values = reinterpret_cast<const qint32 *>(record.values.constData());
         accepted = whole->setKeys({times, values, nullptr, nullptr, count});
     } else if (auto *string = qobject_cast<VxStringProperty *>(property)) {

@@ -17,6 +17,7 @@
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
+#include <vxcore/vxowncontents.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>
@@ -61,7 +62,7 @@ private:
     void writeFloat(VxFloatProperty *property);
     void writeInt(VxIntProperty *property);
     void writeReferences(VxProperty *property);
-    template <class Property> void writeKeyArrays(Property *property);
+    template <class V> void writeKeyArrays(const VxKeyColumns<V> &keys);
 
     void key(const char *name) { m_out.append(QLatin1String(name)); }
     void text(const char *name, const QString &value);
@@ -363,7 +364,7 @@ void SceneStream::writeProperty(VxProperty *property)
     else if (auto *whole = qobject_cast<VxIntProperty *>(property))
         writeInt(whole);
     else if (auto *string = qobject_cast<VxStringProperty *>(property))
-        text("value", string->getValue());
+        text("value", vxOwnText(string));
     writeReferences(property);
     m_out.endMap();
 }
@@ -387,14 +388,15 @@ void SceneStream::writeTraits(VxProperty *property)
         flag("percentage", number->isPercentage(), false);
 }
 
-template <class Property> void SceneStream::writeKeyArrays(Property *property)
+template <class V> void SceneStream::writeKeyArrays(const VxKeyColumns<V> &keys)
 {
-    const auto keys = property->getKeys();
     const qint64 count = keys.count;
+    if (count == 0)
+        return;
     key("keys");
     m_out.startMap();
     array("times", VxSceneFile::TagInt32, keys.times, count * qint64(sizeof(VxTime)));
-    const bool isFloat = std::is_same<decltype(keys.values), const float *>::value;
+    const bool isFloat = std::is_same_v<V, float>;
     array("values", isFloat ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32, keys.values,
           count * 4);
     const bool allLinear = !keys.types || std::all_of(keys.types, keys.types + count,
@@ -414,12 +416,9 @@ void SceneStream::writeFloat(VxFloatProperty *property)
     number("sensitivity", property->getSensitivity());
     integer("interpolation", property->getDefaultInterpolation());
     number("default", property->getDefaultValue());
-    // An alias or an overridden property shows the value and keys of another one.
-    if (property->getKeyHolder() != property)
-        return;
-    number("value", property->getStoredValue());
-    if (property->getNumKeys() > 0)
-        writeKeyArrays(property);
+    const VxOwnContents<float> own = vxOwnContents(property);
+    number("value", own.stored);
+    writeKeyArrays(own.keys);
 }
 
 void SceneStream::writeInt(VxIntProperty *property)
@@ -431,11 +430,9 @@ void SceneStream::writeInt(VxIntProperty *property)
     m_out.endArray();
     flag("clamped", property->isClamped(), false);
     integer("default", property->getDefaultValue());
-    if (property->getKeyHolder() != property)
-        return;
-    integer("value", property->getStoredValue());
-    if (property->getNumKeys() > 0)
-        writeKeyArrays(property);
+    const VxOwnContents<qint32> own = vxOwnContents(property);
+    integer("value", own.stored);
+    writeKeyArrays(own.keys);
 }
 
 void SceneStream::writeReferences(VxProperty *property)

@@ -64,7 +64,6 @@ public:
     {
         WalkSample::build(&m_scene);
         makeAllControls(&m_scene);
-        m_edits.setHidesKeys(false);
         m_save.setJournal(&m_journal);
         m_save.setInterval(400);
         m_journal.setMaxBytes(30000);

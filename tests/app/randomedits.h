@@ -25,9 +25,6 @@ public:
     {
     }
 
-    /// False: no aliases and overriding controls, which hide a property's own keys from files.
-    void setHidesKeys(bool hides) { m_hidesKeys = hides; }
-
     int below(int limit) { return int(m_random() % unsigned(qMax(1, limit))); }
 
     /// One to three edits within a hold. Empty hold: no entry.
@@ -194,7 +191,7 @@ private:
             property->setHidden(below(8) == 0);
             property->setLocked(below(8) == 0);
             property->setAnimatable(below(8) != 0);
-        } else if (kind == 12 || !m_hidesKeys) {
+        } else if (kind == 12) {
             property->setLink(below(2) ? other : nullptr, below(2), 2, 1);
         } else if (below(2)) {
             property->setAliasedProperty(below(2) ? other : nullptr);
@@ -229,7 +226,6 @@ private:
     VxScene *m_scene;
     std::mt19937 m_random;
     int m_names = 0;
-    bool m_hidesKeys = true;
 };
 
 #endif

@@ -29,8 +29,7 @@ public:
     /// Applies all items to the scene: in their order, or from the last to the first. False when
     /// the record is damaged, or does not fit the scene; some items may have been applied then.
     /// The caller holds an undo hold that it rolls back, or drops the scene. Cannot be reverted:
-    /// the removal of nodes whose contents() could not be written, and the first alias or
-    /// overriding control of a property, whose own keys scene files do not have.
+    /// the removal of nodes whose contents() could not be written.
     bool apply(Direction direction);
 
     bool failed() const { return m_failed; }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 #include <vxcore/vxchangeblock.h>
+#include <vxcore/vxowncontents.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -380,4 +381,11 @@ double VxFloatProperty::getDoubleValue(VxTime time) const
 bool VxFloatProperty::setDoubleValue(VxTime time, double value)
 {
     return setValue(time, static_cast<float>(value));
+}
+
+VxOwnContents<float> vxOwnContents(const VxFloatProperty *property)
+{
+    const auto *record =
+        static_cast<const NumericRecord<float> *>(VxProperty::Private::of(property));
+    return {record->keys.stored(), record->keys.track().columns()};
 }

@@ -3,6 +3,7 @@
 #include "keys/vxintproperty_p.h"
 
 #include <cmath>
+#include <vxcore/vxowncontents.h>
 #include <vxcore/vxscene.h>
 
 VxIntProperty::VxIntProperty(const QString &name, int defaultValue)
@@ -127,4 +128,14 @@ double VxIntProperty::getDoubleValue(VxTime time) const
 bool VxIntProperty::setDoubleValue(VxTime time, double value)
 {
     return std::isfinite(value) && setValue(time, Private::narrowed(value));
+}
+
+VxOwnContents<qint32> vxOwnContents(const VxIntProperty *property)
+{
+    const auto *record =
+        static_cast<const NumericRecord<qint32> *>(VxProperty::Private::of(property));
+    VxOwnContents<qint32> own{record->keys.stored(), record->keys.track().columns()};
+    own.keys.types = nullptr;
+    own.keys.tcb = nullptr;
+    return own;
 }

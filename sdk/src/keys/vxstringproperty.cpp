@@ -3,16 +3,30 @@
 #include "keys/vxproperty_p.h"
 #include "undo/vxundovalueitem.h"
 
-class VxStringProperty::Private : public VxProperty::Private
+#include <vxcore/vxowncontents.h>
+
+/// The text apart from the class's own record, for vxOwnText().
+class StringRecord : public VxProperty::Private
 {
 public:
-    Private(VxProperty *property, const QString &text)
+    StringRecord(VxProperty *property, const QString &text)
         : VxProperty::Private(property)
         , value(text)
     {
     }
     QString value;
 };
+
+class VxStringProperty::Private : public StringRecord
+{
+public:
+    using StringRecord::StringRecord;
+};
+
+QString vxOwnText(const VxStringProperty *property)
+{
+    return static_cast<const StringRecord *>(VxProperty::Private::of(property))->value;
+}
 
 VxStringProperty::VxStringProperty(const QString &name, const QString &value)
     : VxProperty(name, new Private(this, value))

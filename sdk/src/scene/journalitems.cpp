@@ -136,9 +136,7 @@ bool ItemReader::applyReference(int kind, VxProperty *property)
     VxProperty *before = r.property();
     VxProperty *after = r.property();
     VxProperty *target = m_forward ? after : before;
-    // Scene files have no values and keys of a property that shows those of another one: it cannot
-    // be made to show its own again.
-    if (r.failed() || (!m_forward && !target))
+    if (r.failed())
         return false;
     return kind == VxUndoAlias ? property->setAliasedProperty(target)
                                : property->setOverridingControl(target);

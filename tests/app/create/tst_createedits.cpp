@@ -11,6 +11,7 @@
 #include <vxcore/vxmirrornames.h>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
+#include <vxcore/vxowncontents.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostackhold.h>
 
@@ -257,6 +258,7 @@ void tst_CreateEdits::duplicateHasKeysAndReferences()
     grip->setValue(0.5f);
     auto *alias = new VxFloatProperty("Bend");
     hand->addProperty(alias, "/Pose");
+    alias->setKey(480, 3, 0); // hidden by the reference
     alias->setAliasedProperty(bend);
     auto *object = new VxObject("glove");
     auto *morph = new VxMorph("Fist");
@@ -291,7 +293,9 @@ void tst_CreateEdits::duplicateHasKeysAndReferences()
     QCOMPARE(hand2->getXRotControl()->getLinkFactor(), 2.0);
     QCOMPARE(hand2->getYRotControl()->getLinkedProperty(), light->getXPosControl());
     QVERIFY(hand2->getZRotControl()->isLocked());
-    QCOMPARE(hand2->findProperty("Bend")->getAliasedProperty(), bend2);
+    VxProperty *alias2 = hand2->findProperty("Bend");
+    QCOMPARE(alias2->getAliasedProperty(), bend2);
+    QCOMPARE(vxOwnContents(static_cast<VxFloatProperty *>(alias2)).keys.count, 1);
     auto *grip2 = qobject_cast<VxFloatProperty *>(hand2->findProperty("Grip"));
     QCOMPARE(grip2->getValue(), 0.5f);
     QCOMPARE(grip2->getMax(), 1.0f);

@@ -79,6 +79,9 @@ private Q_SLOTS:
     void keysOfEveryKindRoundTrip();
     void emptyScene();
     void aliasesAndLinksMayPointForward();
+    void ownKeysBehindAReferenceRoundTrip_data();
+    void ownKeysBehindAReferenceRoundTrip();
+    void ownKeysOfALockedAliasRoundTrip();
     void lockedPropertiesKeepTheirKeys();
     void installIsOneLoadAndClearsTheHistory();
     void unknownMembersAreReported();
@@ -376,6 +379,76 @@ void TestSceneFile::aliasesAndLinksMayPointForward()
     QCOMPARE(read->getYPosControl()->getValue(0), 11.0f);
     QCOMPARE(read->getZPosControl()->getOverridingControl(), target->getYPosControl());
     QCOMPARE(bytesOf(copy), bytes);
+}
+
+void TestSceneFile::ownKeysBehindAReferenceRoundTrip_data()
+{
+    QTest::addColumn<bool>("overrides");
+    QTest::newRow("aliases") << false;
+    QTest::newRow("overridden properties") << true;
+}
+
+/// A property that shows the keys of another one has its own ones again when the reference is
+/// removed after the file was opened.
+void TestSceneFile::ownKeysBehindAReferenceRoundTrip()
+{
+    QFETCH(bool, overrides);
+    const auto refer = [overrides](VxProperty *from, VxProperty *to) {
+        return overrides ? from->setOverridingControl(to) : from->setAliasedProperty(to);
+    };
+    VxScene scene;
+    auto *node = new VxNode(QStringLiteral("n"));
+    scene.addNode(node);
+    const auto add = [node](auto *property) {
+        node->addProperty(property, QString());
+        return property;
+    };
+    auto *keyed = add(new VxFloatProperty(QStringLiteral("keyed")));
+    auto *stored = add(new VxFloatProperty(QStringLiteral("stored"), 1.0f));
+    auto *count = add(new VxIntProperty(QStringLiteral("count")));
+    auto *text = add(new VxStringProperty(QStringLiteral("text"), QStringLiteral("mine")));
+    auto *number = add(new VxFloatProperty(QStringLiteral("number")));
+    auto *whole = add(new VxIntProperty(QStringLiteral("whole")));
+    auto *note = add(new VxStringProperty(QStringLiteral("note"), QStringLiteral("theirs")));
+    keyed->setKey(160, 2.0f, VxKeyInterp::Tcb, 0.5f, 0.25f, -0.5f);
+    keyed->setKey(320, 3.0f, VxKeyInterp::Constant);
+    stored->setStoredValue(7.5f);
+    count->setKey(480, 9);
+    number->setKey(0, 100.0f, 0);
+    whole->setKey(0, 200);
+    const QByteArray before = bytesOf(scene);
+    QVERIFY(refer(keyed, number) && refer(stored, number) && refer(count, whole));
+    QVERIFY(refer(text, note));
+
+    VxScene copy;
+    VxFileError error;
+    QVERIFY2(load(bytesOf(scene), &copy, &error), qPrintable(error.text()));
+    VxNode *read = copy.findNode(QStringLiteral("n"));
+    QCOMPARE(static_cast<VxFloatProperty *>(read->findProperty("keyed"))->getValue(200), 100.0f);
+    QCOMPARE(static_cast<VxStringProperty *>(read->findProperty("text"))->getValue(),
+             QStringLiteral("theirs"));
+    for (const char *name : {"keyed", "stored", "count", "text"})
+        QVERIFY(refer(read->findProperty(QLatin1String(name)), nullptr));
+    QCOMPARE(bytesOf(copy).toHex(' '), before.toHex(' '));
+}
+
+void TestSceneFile::ownKeysOfALockedAliasRoundTrip()
+{
+    VxScene scene, copy;
+    auto *node = new VxNode(QStringLiteral("n"));
+    scene.addNode(node);
+    node->getXPosControl()->setKey(160, 5.0f, 0);
+    node->getYPosControl()->setLocked(true);
+    QVERIFY(node->getXPosControl()->setAliasedProperty(node->getYPosControl()));
+    node->getXPosControl()->setLocked(true);
+    VxFileError error;
+    QVERIFY2(load(bytesOf(scene), &copy, &error), qPrintable(error.text()));
+    auto *read = copy.findNode(QStringLiteral("n"))->getXPosControl();
+    QVERIFY(read->isLocked() && read->isAlias());
+    read->setLocked(false);
+    QVERIFY(read->setAliasedProperty(nullptr));
+    QCOMPARE(read->getNumKeys(), 1);
+    QCOMPARE(read->getValue(160), 5.0f);
 }
 
 void TestSceneFile::lockedPropertiesKeepTheirKeys()

@@ -114,7 +114,8 @@ private Q_SLOTS:
     void aJournalOfAnotherCopyIsIgnored();
     void whatNeedsACopy_data();
     void whatNeedsACopy();
-    void stepsOverEntriesThatCannotBeReverted();
+    void historyBeginsAfterAnEntryThatCannotBeReverted();
+    void anAliasIsUndoneWithItsOwnKeys();
     void aFullQueueRefusesChanges();
     void twoProgramsHaveJournalsOfTheirOwn();
 
@@ -310,33 +311,62 @@ void TestRecoveryJournal::whatNeedsACopy()
     QCOMPARE(shown(&found.scene) == end, true);
 }
 
-/// Scene files do not have the own keys of an alias: its entry cannot be reverted in a recovery,
-/// but the program undoes it.
-void TestRecoveryJournal::stepsOverEntriesThatCannotBeReverted()
+/// A record cannot hold a removed node that refers to another one: the history of a recovery begins
+/// after that entry.
+void TestRecoveryJournal::historyBeginsAfterAnEntryThatCannotBeReverted()
 {
+    m_program->edit(0);
     {
         VxUndoStackHold hold;
-        const QVector<VxNode *> nodes = m_program->scene.getNodes();
-        nodes.at(1)->getXScaleControl()->setAliasedProperty(nodes.at(2)->getXScaleControl());
-        hold.accept(QStringLiteral("Alias"));
+        VxNode *node = m_program->scene.getNodes().last();
+        VxNode *other = m_program->scene.getNodes().at(1);
+        node->getXScaleControl()->setLink(other->getXScaleControl());
+        m_program->scene.removeNode(node);
+        hold.accept(QStringLiteral("Remove"));
     }
     m_program->edit(1);
     VxFileError error;
     QVERIFY(m_program->waitForDisk() && m_program->journal.compact(&error));
     QVERIFY(m_program->waitForDisk());
     m_program->history.undo();
-    m_program->history.undo();
-    m_program->history.redo();
     m_program->edit(2);
-    const VxFloatProperty *aliased = m_program->scene.getNodes().at(1)->getXScaleControl();
-    QVERIFY(aliased->isAlias());
+    m_program->edit(3);
     const QByteArray end = shown(&m_program->scene);
     QVERIFY(m_program->waitForDisk());
     m_program.reset();
     Recovery found(m_dir->path());
     QVERIFY(found.isWhole);
     QCOMPARE(shown(&found.scene), end);
-    QCOMPARE(found.history.undoText(), QStringLiteral("Edit 2"));
+    QCOMPARE(found.history.count(), 2);
+    QCOMPARE(found.history.text(0), QStringLiteral("Edit 2"));
+}
+
+/// The copy has the keys that an alias hides: a recovery can undo the entry that made the alias.
+void TestRecoveryJournal::anAliasIsUndoneWithItsOwnKeys()
+{
+    const QVector<VxNode *> nodes = m_program->scene.getNodes();
+    nodes.at(1)->getXScaleControl()->setKey(160, 3, 0);
+    m_program->edit(0);
+    const QByteArray before = shown(&m_program->scene);
+    {
+        VxUndoStackHold hold;
+        nodes.at(1)->getXScaleControl()->setAliasedProperty(nodes.at(2)->getXScaleControl());
+        hold.accept(QStringLiteral("Alias"));
+    }
+    VxFileError error;
+    QVERIFY(m_program->waitForDisk() && m_program->journal.compact(&error));
+    m_program->edit(1);
+    const QByteArray end = shown(&m_program->scene);
+    QVERIFY(m_program->waitForDisk());
+    m_program.reset();
+    Recovery found(m_dir->path());
+    QVERIFY(found.isWhole);
+    QCOMPARE(shown(&found.scene), end);
+    QCOMPARE(found.history.undoText(), QStringLiteral("Edit 1"));
+    found.history.undo();
+    QCOMPARE(found.history.undoText(), QStringLiteral("Alias"));
+    found.history.undo();
+    QCOMPARE(shown(&found.scene), before);
 }
 
 void TestRecoveryJournal::aFullQueueRefusesChanges()
