@@ -24,6 +24,8 @@ set(CPACK_COMPONENT_VXSTUDIO_DESCRIPTION "animate figures and edit motion captur
 VxStudio opens motion-capture files and scenes, shows their keys in a dope
 sheet and a key graph, and edits millions of keys without delay.")
 set(CPACK_COMPONENT_VXSTUDIO_DEPENDS libvxcore4)
+# The toolkit's own texts in the user's language.
+set(CPACK_DEBIAN_VXSTUDIO_PACKAGE_RECOMMENDS qttranslations5-l10n)
 
 set(CPACK_DEBIAN_LIBVXCORE4_PACKAGE_NAME libvxcore4)
 set(CPACK_DEBIAN_LIBVXCORE4_PACKAGE_SECTION libs)
@@ -33,7 +35,7 @@ Scene, keys, undo, panes, actions and scripts for plug-ins of VxStudio.")
 
 set(CPACK_DEBIAN_LIBVXCORE-DEV_PACKAGE_NAME libvxcore-dev)
 set(CPACK_DEBIAN_LIBVXCORE-DEV_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_LIBVXCORE-DEV_PACKAGE_DEPENDS "qtbase5-dev, qtscript5-dev")
+set(CPACK_DEBIAN_LIBVXCORE-DEV_PACKAGE_DEPENDS "qtbase5-dev, qtscript5-dev, qttools5-dev")
 set(CPACK_COMPONENT_LIBVXCORE-DEV_DESCRIPTION "development files of VxStudio's plug-ins
 Headers and CMake files for building plug-ins of VxStudio.")
 set(CPACK_COMPONENT_LIBVXCORE-DEV_DEPENDS libvxcore4)

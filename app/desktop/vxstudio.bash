@@ -9,6 +9,7 @@ _vxstudio()
         --settings) _filedir ini; return ;;
         --plugin-path) _filedir -d; return ;;
         --palette) COMPREPLY=($(compgen -W 'dark light' -- "$cur")); return ;;
+        --language) COMPREPLY=($(compgen -W 'de en' -- "$cur")); return ;;
         --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
         --log) COMPREPLY=($(compgen -W 'all plugins scripts files' -- "$cur")); return ;;
         --frame | --animation | --time-limit | --memory-limit) return ;;

@@ -18,6 +18,7 @@
 #include <QJsonDocument>
 #include <cstdio>
 #include <new>
+#include <vxcore/vxlanguage.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -92,6 +93,7 @@ int main(int argc, char **argv)
     }
     const QString &fileName = arguments.at(1);
     const QJsonObject request = QJsonDocument::fromJson(arguments.at(2).toUtf8()).object();
+    VxLanguage::setCurrent(request.value(QStringLiteral("language")).toString());
     const qint64 size = QFileInfo(fileName).size();
     const auto memory = qint64(request.value(QStringLiteral("memory")).toDouble());
     const int seconds = request.value(QStringLiteral("seconds")).toInt();

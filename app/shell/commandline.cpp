@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxlanguage.h>
 #include <vxcore/vxversion.h>
 
 namespace {
@@ -52,6 +53,8 @@ void addOptions(QCommandLineParser *parser)
     parser->addOption({name("size"), StudioText::tr("Window size in pixels."), name("WxH")});
     parser->addOption({name("frame"), StudioText::tr("Frame to show."), name("N")});
     parser->addOption({name("palette"), StudioText::tr("Palette: dark or light."), name("NAME")});
+    parser->addOption(
+        {name("language"), StudioText::tr("Language of all texts, such as de."), name("CODE")});
     parser->addOption(
         {name("settings"),
          StudioText::tr(
@@ -120,6 +123,15 @@ void readPalette(const QString &text, CommandLine *line)
     line->palette = text;
     if (text != name("dark") && text != name("light"))
         fail(line, StudioText::tr("Unknown palette \"%1\": expected dark or light.").arg(text));
+}
+
+void readLanguage(const QString &text, CommandLine *line)
+{
+    const QStringList available = VxLanguage::available();
+    line->language = text;
+    if (!available.contains(text))
+        fail(line, StudioText::tr("Unknown language \"%1\": expected one of %2.")
+                       .arg(text, available.join(name(", "))));
 }
 
 /// A limit of at least 0 (none).
@@ -200,6 +212,9 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     QCommandLineParser parser;
     addOptions(&parser);
     const bool understood = parser.parse(own);
+    // The help is shown in it.
+    if (parser.isSet(name("language")))
+        readLanguage(parser.value(name("language")), &line);
     if (parser.isSet(name("help")))
         line.action = Action::ShowHelp;
     else if (parser.isSet(name("version")))

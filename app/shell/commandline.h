@@ -61,6 +61,7 @@ public:
     QString settingsFile;
     QStringList pluginPaths;
     QString palette;          ///< "dark", "light" or empty
+    QString language;         ///< a code of VxLanguage::available(), or empty
     std::optional<int> frame; ///< made current after the file was opened
 };
 

@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QLoggingCategory>
 #include <cstdio>
+#include <vxcore/vxlanguage.h>
 
 namespace {
 
@@ -74,13 +75,17 @@ int explain(const CommandLine &line)
 
 int main(int argc, char **argv)
 {
-    choosePlatform(CommandLine::parse(rawArguments(argc, argv)));
+    const CommandLine raw = CommandLine::parse(rawArguments(argc, argv));
+    choosePlatform(raw);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("VxStudio"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VX_STUDIO_VERSION));
 
+    // The texts about the command line are already in the user's language.
+    if (!VxLanguage::setCurrent(raw.language))
+        VxLanguage::setCurrent(QString());
     const CommandLine line = CommandLine::parse(QCoreApplication::arguments());
     if (line.action != CommandLine::Action::Run)
         return explain(line);

@@ -9,6 +9,7 @@
 #include "shell/batchdialogs.h"
 #include "shell/diagnosis.h"
 #include "shell/endsignals.h"
+#include "shell/languagesetting.h"
 #include "shell/pluginloader.h"
 #include "shell/scriptfiles.h"
 #include "shell/scriptwatchdog.h"
@@ -28,6 +29,7 @@
 #include <QMenuBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxlanguage.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxpluginmgr.h>
 #include <vxcore/vxscene.h>
@@ -105,6 +107,8 @@ void Studio::Private::loadSettings()
 {
     VxSettings *settings = app->getSettings();
     settingsStore.load(settings, messages);
+    if (commandLine.language.isEmpty())
+        VxLanguage::setCurrent(LanguageSetting::code(*settings));
     StudioSettings::fillDefaults(settings);
     const QString saved = settings->getStringValue(key("Palette"), key("dark"));
     const QString palette = commandLine.palette.isEmpty() ? saved : commandLine.palette;

@@ -11,6 +11,7 @@
 #include <QJsonDocument>
 #include <QProcess>
 #include <csignal>
+#include <vxcore/vxlanguage.h>
 
 namespace {
 
@@ -63,6 +64,7 @@ bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxF
     QJsonObject request = options.toJson();
     request.insert(QStringLiteral("memory"), double(m_limits.memory));
     request.insert(QStringLiteral("seconds"), m_limits.seconds);
+    request.insert(QStringLiteral("language"), VxLanguage::current());
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.start(program,

@@ -6,6 +6,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QLibrary>
 #include <vxcore/vxclassfactory.h>
+#include <vxcore/vxlanguage.h>
 #include <vxcore/vxplugin.h>
 
 class VxPluginMgr::Private
@@ -116,6 +117,7 @@ void VxPluginMgr::addPlugin(VxPlugin *plugin)
         return;
     }
     d->plugins.append(plugin);
+    VxLanguage::addNewResources();
     d->addFactories(plugin);
     Q_EMIT pluginAdded(plugin);
 }

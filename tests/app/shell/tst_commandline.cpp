@@ -50,8 +50,9 @@ void tst_CommandLine::everyOption()
         parse({"--headless",    "--script", "a.js",          "--screenshot=b.png",
                "--size",        "1600x900", "--frame",       "-3",
                "--palette",     "light",    "--settings",    "c.ini",
-               "--plugin-path", "d",        "--plugin-path", "e",
-               "walk.bvh",      "--",       "one",           "--two"});
+               "--language",    "de",       "--plugin-path", "d",
+               "--plugin-path", "e",        "walk.bvh",      "--",
+               "one",           "--two"});
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
     QVERIFY(line.headless);
     QCOMPARE(line.scriptFile, QString("a.js"));
@@ -59,6 +60,7 @@ void tst_CommandLine::everyOption()
     QCOMPARE(line.size, QSize(1600, 900));
     QCOMPARE(line.frame.value_or(0), -3);
     QCOMPARE(line.palette, QString("light"));
+    QCOMPARE(line.language, QString("de"));
     QCOMPARE(line.settingsFile, QString("c.ini"));
     QCOMPARE(line.pluginPaths, QStringList({"d", "e"}));
     QCOMPARE(line.file, QString("walk.bvh"));
@@ -85,6 +87,8 @@ void tst_CommandLine::wrong_data()
     QTest::newRow("frame with a point") << QStringList{"--frame", "1.5"} << "1.5";
     QTest::newRow("frame beyond numbers") << QStringList{"--frame", "9999999999"} << "9999999999";
     QTest::newRow("unknown palette") << QStringList{"--palette", "pink"} << "pink";
+    QTest::newRow("unknown language") << QStringList{"--language", "xx"} << "xx";
+    QTest::newRow("languages to choose from") << QStringList{"--language", "xx"} << "de, en";
     QTest::newRow("two files") << QStringList{"a.bvh", "b.bvh"} << "b.bvh";
     QTest::newRow("second file behind dashes") << QStringList{"a.bvh", "--", "c.bvh"} << "c.bvh";
 }

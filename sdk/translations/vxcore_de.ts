@@ -1,0 +1,509 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ElfFile</name>
+    <message>
+        <source>it is not a module</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is truncated</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxBarButton</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name of a command and its shortcut</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysFigureAction</name>
+    <message>
+        <source>Clear Figure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes all animation from the figure(s) of the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysFigurePoseAction</name>
+    <message>
+        <source>Clear Figure Pose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes the animation of translation, rotation and scale from the figure(s) of the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysFigureShapeAction</name>
+    <message>
+        <source>Clear Figure Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes the animation of everything but translation, rotation and scale from the figure(s) of the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysPoseAction</name>
+    <message>
+        <source>Clear Selected Item(s) Pose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes the animation of translation, rotation and scale from the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysSelectedItemsAction</name>
+    <message>
+        <source>Clear Selected Item(s)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes all animation from the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxClearKeysShapeAction</name>
+    <message>
+        <source>Clear Selected Item(s) Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Removes the animation of everything but translation, rotation and scale from the selected item(s).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxNode</name>
+    <message>
+        <source>X Translate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y Translate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Z Translate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X Rotate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y Rotate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Z Rotate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>X Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Y Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Z Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPaneAction</name>
+    <message>
+        <source>Opens the pane &quot;%1&quot; and brings it to the front.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no pane &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxParametersPane</name>
+    <message>
+        <source>Nothing selected</source>
+        <translation>Nichts ausgewählt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiterer</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 only: %n more are too many to edit together</source>
+        <translation>
+            <numerusform>Nur %1: Einer mehr ist zu viel, um gemeinsam bearbeitet zu werden</numerusform>
+            <numerusform>Nur %1: %n weitere sind zu viele, um gemeinsam bearbeitet zu werden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>%1 values cannot be pasted into %2 rows.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste Value</source>
+        <translation type="unfinished">Wert einfügen</translation>
+    </message>
+    <message>
+        <source>Alias of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controlled by %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Adds %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follows %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No keys. Click to set one here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No keys.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyed, but not at this time. Click to set a key here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyed, but not at this time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On a key. Click to delete it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On a key.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyed on some of the nodes. Click to set the missing keys here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyed on some of the nodes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot be keyed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changes apply to %1 nodes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Values from %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not changed on %2 of %3 nodes, where it is locked or follows another value.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed: it is locked or follows another value.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be set: it has no key at this time, and creating keys automatically is off.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 must be a whole number. The nearest one was set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 must be from %2 to %3. The nearest value was set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is not a valid value.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set Key</source>
+        <translation type="unfinished">Schlüssel setzen</translation>
+    </message>
+    <message>
+        <source>Delete Key</source>
+        <translation type="unfinished">Schlüssel löschen</translation>
+    </message>
+    <message>
+        <source>Delete All Keys</source>
+        <translation type="unfinished">Alle Schlüssel löschen</translation>
+    </message>
+    <message>
+        <source>Reset Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mixed values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keyed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On a key</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mixed keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPluginMgr</name>
+    <message>
+        <source>its plug-in record has no name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a plug-in named &quot;%1&quot; is already loaded (version %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was not loaded: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The plug-in folder %1 does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPluginModule</name>
+    <message>
+        <source>%1 returned no plug-in record.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 does not exist or is not a file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be loaded: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 was built for SDK version %2, which is not compatible with SDK version %3 of this program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not a plug-in: it has no entry point &quot;%2&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPropertyEdit</name>
+    <message>
+        <source>Set %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPropertyListItemModel</name>
+    <message>
+        <source>Mixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPropertyMenu</name>
+    <message>
+        <source>Set Key</source>
+        <translation>Schlüssel setzen</translation>
+    </message>
+    <message>
+        <source>Delete Key</source>
+        <translation>Schlüssel löschen</translation>
+    </message>
+    <message>
+        <source>Delete All Keys</source>
+        <translation>Alle Schlüssel löschen</translation>
+    </message>
+    <message>
+        <source>Previous Key</source>
+        <translation>Vorheriger Schlüssel</translation>
+    </message>
+    <message>
+        <source>Next Key</source>
+        <translation>Nächster Schlüssel</translation>
+    </message>
+    <message>
+        <source>Copy Value</source>
+        <translation>Wert kopieren</translation>
+    </message>
+    <message>
+        <source>Paste Value</source>
+        <translation>Wert einfügen</translation>
+    </message>
+    <message>
+        <source>Reset to Default</source>
+        <translation>Auf Vorgabe zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>VxPropertySpinBox</name>
+    <message>
+        <source>Only numbers and + - * / ( ) are allowed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mixed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxPropertyValue</name>
+    <message>
+        <source>On</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxSceneTimeDisplay</name>
+    <message>
+        <source>Frame %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxScriptEngine</name>
+    <message>
+        <source>Syntax error: unexpected end of the script</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Syntax error: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>script</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped: the program has exceeded its memory limit of %1 MB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxSettingsFile</name>
+    <message>
+        <source>%1 cannot be read: it is not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: no temporary file can be written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is not an INI file, or is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: &quot;%2...&quot; has more than %3 groups inside each other</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: no temporary file can be written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: the disk for temporary files is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxSideNavPropertyListView</name>
+    <message>
+        <source>Parameters</source>
+        <translation type="unfinished">Parameter</translation>
+    </message>
+</context>
+</TS>
