@@ -22,7 +22,7 @@ APP = [
     ["widgets", "import"],
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
-    ["create", "pose", "markers"],
+    ["create", "pose", "markers", "preferences"],
     ["gizmo", "posetools"],
     ["shell"],
 ]

@@ -8,8 +8,9 @@ _vxstudio()
         --screenshot) _filedir png; return ;;
         --settings) _filedir ini; return ;;
         --plugin-path) _filedir -d; return ;;
-        --palette) COMPREPLY=($(compgen -W 'dark light' -- "$cur")); return ;;
         --language) COMPREPLY=($(compgen -W 'de en' -- "$cur")); return ;;
+        --palette) COMPREPLY=($(compgen -W 'dark light contrast' -- "$cur")); return ;;
+        --text-size) COMPREPLY=($(compgen -W '8 10 12 14 18 24' -- "$cur")); return ;;
         --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
         --log) COMPREPLY=($(compgen -W 'all plugins scripts files' -- "$cur")); return ;;
         --frame | --animation | --time-limit | --memory-limit) return ;;

@@ -1,5 +1,6 @@
 #include "shell/commandline.h"
 
+#include "preferences/appearance.h"
 #include "widgets/studiotext.h"
 
 #include <QCommandLineParser>
@@ -52,7 +53,13 @@ void addOptions(QCommandLineParser *parser)
         {name("list-actions"), StudioText::tr("Print a page about all actions and exit.")});
     parser->addOption({name("size"), StudioText::tr("Window size in pixels."), name("WxH")});
     parser->addOption({name("frame"), StudioText::tr("Frame to show."), name("N")});
-    parser->addOption({name("palette"), StudioText::tr("Palette: dark or light."), name("NAME")});
+    parser->addOption(
+        {name("palette"), StudioText::tr("Palette: dark, light or contrast."), name("NAME")});
+    parser->addOption({name("text-size"),
+                       StudioText::tr("Text size from %1 to %2 points; 0 for that of the desktop.")
+                           .arg(VxStyle::SmallestTextSize)
+                           .arg(VxStyle::LargestTextSize),
+                       name("POINTS")});
     parser->addOption(
         {name("language"), StudioText::tr("Language of all texts, such as de."), name("CODE")});
     parser->addOption(
@@ -121,8 +128,23 @@ void readFrame(const QString &text, CommandLine *line)
 void readPalette(const QString &text, CommandLine *line)
 {
     line->palette = text;
-    if (text != name("dark") && text != name("light"))
-        fail(line, StudioText::tr("Unknown palette \"%1\": expected dark or light.").arg(text));
+    if (!Appearance::paletteNames().contains(text))
+        fail(line,
+             StudioText::tr("Unknown palette \"%1\": expected dark, light or contrast.").arg(text));
+}
+
+void readTextSize(const QString &text, CommandLine *line)
+{
+    bool ok = false;
+    const int size = text.toInt(&ok);
+    line->textSize = size;
+    const bool isInRange =
+        size == 0 || (size >= VxStyle::SmallestTextSize && size <= VxStyle::LargestTextSize);
+    if (!ok || !isInRange)
+        fail(line, StudioText::tr("Invalid text size \"%1\": expected %2 to %3 points, or 0.")
+                       .arg(text)
+                       .arg(VxStyle::SmallestTextSize)
+                       .arg(VxStyle::LargestTextSize));
 }
 
 void readLanguage(const QString &text, CommandLine *line)
@@ -198,6 +220,8 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
         readFrame(parser.value(name("frame")), line);
     if (parser.isSet(name("palette")))
         readPalette(parser.value(name("palette")), line);
+    if (parser.isSet(name("text-size")))
+        readTextSize(parser.value(name("text-size")), line);
 }
 
 } // namespace

@@ -60,9 +60,10 @@ public:
     QSize size; ///< of the window in logical pixels; empty when not given
     QString settingsFile;
     QStringList pluginPaths;
-    QString palette;          ///< "dark", "light" or empty
-    QString language;         ///< a code of VxLanguage::available(), or empty
-    std::optional<int> frame; ///< made current after the file was opened
+    QString language;            ///< a code of VxLanguage::available(), or empty
+    QString palette;             ///< a name of Appearance::paletteNames(), or empty
+    std::optional<int> textSize; ///< points; 0 for the desktop's
+    std::optional<int> frame;    ///< made current after the file was opened
 };
 
 #endif

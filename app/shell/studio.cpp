@@ -4,6 +4,8 @@
 #include "document/recentfiles.h"
 #include "document/scenesummary.h"
 #include "pose/posescript.h"
+#include "preferences/animations.h"
+#include "preferences/appearance.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/batchdialogs.h"
@@ -98,6 +100,7 @@ public:
     UserMessages messages;
     StudioSettings settingsStore;
     std::unique_ptr<VxApp> app;
+    std::unique_ptr<Animations> animations;
     std::unique_ptr<StudioWindow> window;
     std::unique_ptr<BatchDialogs> batchDialogs; // of a run without a user
     int endCode = 0;                            // set by a request to end
@@ -110,17 +113,23 @@ void Studio::Private::loadSettings()
     if (commandLine.language.isEmpty())
         VxLanguage::setCurrent(LanguageSetting::code(*settings));
     StudioSettings::fillDefaults(settings);
-    const QString saved = settings->getStringValue(key("Palette"), key("dark"));
-    const QString palette = commandLine.palette.isEmpty() ? saved : commandLine.palette;
-    app->getStyle()->setColorScheme(palette == key("light") ? VxStyle::ColorScheme::Light
-                                                            : VxStyle::ColorScheme::Dark);
+    VxStyle *style = app->getStyle();
+    Appearance::restore(*settings, style);
+    if (!commandLine.palette.isEmpty())
+        style->setColorScheme(Appearance::paletteOf(commandLine.palette));
+    if (commandLine.textSize)
+        style->setTextSize(*commandLine.textSize);
+    animations = std::make_unique<Animations>(style);
+    animations->setChoice(Animations::choiceOf(settings->getStringValue(key("Animation"))));
+    if (!commandLine.isBatch())
+        animations->followSessionBus();
 }
 
 void Studio::Private::saveSettings()
 {
     VxSettings *settings = app->getSettings();
-    const bool dark = app->getStyle()->colorScheme() == VxStyle::ColorScheme::Dark;
-    settings->setStringValue(key("Palette"), key(dark ? "dark" : "light"));
+    Appearance::store(*app->getStyle(), settings);
+    settings->setStringValue(key("Animation"), Animations::nameOf(animations->choice()));
     window->saveLayout(settings->getSettings(key("Window")));
     window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
     settings->getSettings(key("Recovery"))
@@ -334,6 +343,7 @@ Studio::~Studio()
     d->saveSettings();
     d->app->beginClosing();
     d->window.reset();
+    d->animations.reset();
     d->app.reset();
 }
 

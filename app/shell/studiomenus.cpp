@@ -288,6 +288,28 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
         VxStyle::ColorScheme::Dark);
     add({"StudioLightPalette", tr("&Light Palette"), tr("Dark text on a light background.")},
         VxStyle::ColorScheme::Light);
+    add({"StudioContrastPalette", tr("&High-Contrast Palette"),
+         tr("White text on a black background.")},
+        VxStyle::ColorScheme::Contrast);
+    addCurveColors(menu);
+}
+
+void StudioMenus::addCurveColors(QMenu *menu)
+{
+    VxStyle *style = vxApp->getStyle();
+    auto *action = addEntry(menu,
+                            {"StudioSafeCurveColors", tr("Colour-&Blind Safe Curves"),
+                             tr("Shows the axes in colours that everybody can distinguish.")},
+                            [style](bool isSafe) {
+                                style->setCurveColors(isSafe ? VxStyle::CurveColors::Safe
+                                                             : VxStyle::CurveColors::Standard);
+                            });
+    action->setCheckable(true);
+    const auto show = [action, style] {
+        action->setChecked(style->curveColors() == VxStyle::CurveColors::Safe);
+    };
+    connect(style, &VxStyle::curveColorsChanged, action, show);
+    show();
 }
 
 /** Created with the others, because its shortcuts are needed; inserted last. */

@@ -80,6 +80,7 @@ private:
     void addTimeChoice(QMenu *menu, QActionGroup *group, const Entry &entry,
                        const std::function<void(VxTimeDisplay *)> &change);
     void addPaletteChoice(QMenu *menu);
+    void addCurveColors(QMenu *menu);
     QMenu *findMenu(const QString &title) const;
     void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
 

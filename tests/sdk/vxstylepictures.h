@@ -125,6 +125,8 @@ inline bool isBlank(const QImage &image)
     return true;
 }
 
+/// Relative luminance and contrast ratio (1 to 21) of the Web Content Accessibility Guidelines
+/// (WCAG) 2.1, W3C 2018, section "Glossary".
 inline qreal luminance(const QColor &color)
 {
     const auto linear = [](qreal part) {
@@ -153,6 +155,7 @@ inline void addSchemes()
     QTest::addColumn<Scheme>("scheme");
     QTest::newRow("dark") << Scheme::Dark;
     QTest::newRow("light") << Scheme::Light;
+    QTest::newRow("high contrast") << Scheme::Contrast;
 }
 
 inline void addSchemesAndRatios()
@@ -162,6 +165,7 @@ inline void addSchemesAndRatios()
     for (const qreal ratio : {1.0, 1.5, 2.0}) {
         QTest::addRow("dark at %.1f", ratio) << Scheme::Dark << ratio;
         QTest::addRow("light at %.1f", ratio) << Scheme::Light << ratio;
+        QTest::addRow("high contrast at %.1f", ratio) << Scheme::Contrast << ratio;
     }
 }
 

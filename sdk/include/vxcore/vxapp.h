@@ -69,6 +69,7 @@ public:
     void beginClosing();
 
 Q_SIGNALS:
+    /// Another style is in use, or its metrics have changed with the text size.
     void styleChanged(VxStyle *style);
     void starting();
     void closing();

@@ -135,8 +135,22 @@ public:
     };
     Q_ENUM(TextStyleId)
 
-    enum class ColorScheme { Dark, Light };
+    enum class ColorScheme {
+        Dark,
+        Light,
+        Contrast ///< white on black: texts have a contrast of 7:1 and more, controls 4.5:1
+    };
     Q_ENUM(ColorScheme)
+
+    /// The colours of the axes, which are those of curves.
+    enum class CurveColors {
+        Standard, ///< red, green and blue
+        Safe      ///< distinct with protanopia, deuteranopia and tritanopia too
+    };
+    Q_ENUM(CurveColors)
+
+    static constexpr int SmallestTextSize = 8;
+    static constexpr int LargestTextSize = 24;
 
     VxStyle();
     explicit VxStyle(ColorScheme scheme);
@@ -146,6 +160,20 @@ public:
     /// Changes the palette. When this is the application's style, the application's palette
     /// changes with it, and existing icons are repainted in the new colours.
     void setColorScheme(ColorScheme scheme);
+
+    CurveColors curveColors() const;
+    void setCurveColors(CurveColors colors);
+
+    /// Points; 0 for the desktop's size, which is the default.
+    int textSize() const;
+    /// Sets the application's font when this is the application's style. Sizes other than 0 are
+    /// bounded to SmallestTextSize to LargestTextSize. Heights of rows and controls grow with the
+    /// font.
+    void setTextSize(int points);
+
+    /// Whether menus, tabs and other controls move and fade. Default: they do.
+    bool isAnimated() const;
+    void setAnimated(bool animated);
 
     /// The value of a metric, as pixelMetric() gives it.
     int metric(PixelMetricId id) const;
@@ -169,9 +197,12 @@ public:
 
     /// Adds the colours of the application's palette, except where the caller set a colour.
     void polish(QPalette &palette) override;
-    /// Gives the application the style's palette.
+    /// Gives the application the style's palette and text size.
     void polish(QApplication *application) override;
     using QProxyStyle::polish;
+    /// Gives the application the desktop's text size again.
+    void unpolish(QApplication *application) override;
+    using QProxyStyle::unpolish;
 
     QPalette standardPalette() const override;
     int pixelMetric(PixelMetric which, const QStyleOption *option = nullptr,
@@ -181,11 +212,18 @@ public:
                   QStyleHintReturn *returnData = nullptr) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget = nullptr) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget = nullptr) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
 
 Q_SIGNALS:
     void colorSchemeChanged();
+    void curveColorsChanged();
+    void textSizeChanged();
+    void animatedChanged();
 
 private:
     class Private;

@@ -149,6 +149,8 @@ void VxApp::setStyle(VxStyle *style)
     d->style = style;
     // polish() sets its palette.
     QApplication::setStyle(style);
+    // Text sizes change metrics of the style.
+    connect(style, &VxStyle::textSizeChanged, this, [this, style] { Q_EMIT styleChanged(style); });
     Q_EMIT styleChanged(style);
 }
 

@@ -43,8 +43,13 @@ QColor buttonGround(const QStyleOption *option)
     if (state & QStyle::State_Sunken)
         return VxColors::mix(button, palette.color(QPalette::Shadow), 0.4);
     const bool hovered = (state & QStyle::State_MouseOver) && (state & QStyle::State_Enabled);
-    if (state & QStyle::State_On)
-        return VxColors::mix(button, palette.color(QPalette::Highlight), hovered ? 0.85 : 0.65);
+    if (state & QStyle::State_On) {
+        // A light highlight leaves little contrast to the icon; the edge shows the state as well.
+        const bool light = VxColors::schemeFor(palette) == VxStyle::ColorScheme::Contrast;
+        const qreal share = light ? 0.25 : 0.65;
+        return VxColors::mix(button, palette.color(QPalette::Highlight),
+                             hovered ? share + (light ? 0.12 : 0.2) : share);
+    }
     if (hovered)
         return VxColors::mix(button, text, 0.13);
     return state & QStyle::State_Raised ? button : QColor();

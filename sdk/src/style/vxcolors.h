@@ -6,7 +6,7 @@
 
 #include <vxcore/vxstyle.h>
 
-// The colours of both schemes: the palettes, and the named colours.
+// The colours of all schemes: the palettes, and the named colours.
 namespace VxColors {
 
 QPalette palette(VxStyle::ColorScheme scheme);
@@ -14,6 +14,10 @@ QPalette palette(VxStyle::ColorScheme scheme);
 // Invalid when there is no colour of that name.
 QColor interfaceColor(VxStyle::ColorScheme scheme, const QString &name);
 QStringList interfaceColorNames();
+
+// An axis' colour of the set that people with a dichromacy can distinguish; invalid for other
+// names.
+QColor safeCurveColor(VxStyle::ColorScheme scheme, const QString &name);
 
 // The scheme that contrasts with the palette's base colour. Painting follows the palette in use, so
 // that a widget with its own palette stays readable.

@@ -19,11 +19,12 @@ struct VxKeyMarkLook
     static VxKeyMarkLook fromState(QStyle::State state, VxStyle::ColorScheme scheme);
 
     // All looks are numbered from 0 to LookCount - 1.
-    static constexpr int LookCount = ShapeCount * 8;
+    static constexpr int SchemeCount = 3;
+    static constexpr int LookCount = ShapeCount * 4 * SchemeCount;
     int index() const
     {
-        return ((shape * 2 + (selected ? 1 : 0)) * 2 + (enabled ? 1 : 0)) * 2 +
-               (scheme == VxStyle::ColorScheme::Dark ? 0 : 1);
+        return ((shape * 2 + (selected ? 1 : 0)) * 2 + (enabled ? 1 : 0)) * SchemeCount +
+               static_cast<int>(scheme);
     }
 };
 

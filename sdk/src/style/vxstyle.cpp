@@ -1,13 +1,17 @@
 #include <vxcore/vxstyle.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>
 #include <QtWidgets/QTreeView>
 
+#include <algorithm>
+
 #include "style/vxbarprimitives.h"
 #include "style/vxcheckprimitive.h"
 #include "style/vxcolors.h"
+#include "style/vxcontrastframes.h"
 #include "style/vxiconengine.h"
 #include "style/vxkeymarkcache.h"
 #include "style/vxtimelineprimitives.h"
@@ -23,10 +27,51 @@ public:
 
     ColorScheme scheme;
     QPalette palette;
+    CurveColors curveColors = CurveColors::Standard;
+    int textSize = 0;
+    bool animated = true;
+    bool desktopEffects = true; // of the application before they were turned off
+    QFont desktopFont;          // of the application before the text size was set
     VxKeyMarkCache keyMarks;
+    VxContrastFrames contrastFrames;
 };
 
 namespace {
+
+// The application's font, smaller by a number of steps, but still readable.
+QFont smallerFont(int steps)
+{
+    QFont font = QApplication::font();
+    if (font.pixelSize() > 0)
+        font.setPixelSize(qMax(9, font.pixelSize() - steps));
+    else
+        font.setPointSizeF(qMax(7.0, font.pointSizeF() - steps * 0.75));
+    return font;
+}
+
+// Heights that grow with the application's font beyond 19 pixels, in logical pixels.
+int controlHeight()
+{
+    const int text = QFontMetrics(QApplication::font()).height();
+    return qMax(22, text + text / 6);
+}
+
+int rowHeight()
+{
+    const int text = QFontMetrics(QApplication::font()).height();
+    return qMax(20, text + text / 16);
+}
+
+// Icons and check marks of the toolkit, which should be as large as the text beside them.
+int grownWithText(int size)
+{
+    return qMax(size, size * QFontMetrics(QApplication::font()).height() / 19);
+}
+
+int barIconSize()
+{
+    return qBound(16, controlHeight() - 6, 24);
+}
 
 // A metric of our own, or -1. The playhead's metric is twice that of half a frame's mark: its left
 // edge is half a mark left of the key's left edge, so that a side of two marks centres it on the
@@ -39,25 +84,28 @@ int ownMetric(quint32 id)
     case VxStyle::PM_VxPaneMargin:
         return 4;
     case VxStyle::PM_VxControlHeight:
-        return 22;
+        return controlHeight();
     case VxStyle::PM_VxButtonInset:
         return 16;
     case VxStyle::PM_VxButtonMargin:
         return 3;
     case VxStyle::PM_VxBarIconSize:
-        return 16;
+        return barIconSize();
     case VxStyle::PM_VxDividerWidth:
         return 6;
     case VxStyle::PM_VxTreeIndentation:
         return 14;
     case VxStyle::PM_VxDopeSheetHeaderHeight:
-        return 28;
+        // The labels are above the range marks, which reach half way up.
+        return qMax(28, 2 * QFontMetrics(smallerFont(2)).ascent() + 2);
     case VxStyle::PM_VxDopeSheetRowHeight:
-        return 20;
+        return rowHeight();
     case VxStyle::PM_VxHeaderGripMargin:
         return 4;
     case VxStyle::PM_VxRulerLabelSpacing:
-        return 16;
+        // Two labels are at least two distances apart.
+        return qMax(16,
+                    QFontMetrics(smallerFont(2)).horizontalAdvance(QStringLiteral("0000")) / 2 + 1);
     case VxStyle::PM_VxRulerTickWidth:
         return 1;
     case VxStyle::PM_VxPlayheadInset:
@@ -119,15 +167,23 @@ bool isBeforeSelectedRow(const QStyleOption &arrow, const QWidget *widget)
         view->indexAt(arrow.rect.center()).siblingAtColumn(0));
 }
 
-// The application's font, smaller by a number of steps, but still readable.
-QFont smallerFont(int steps)
+// The toolkit sends such events for a changed palette, font or style, but not for colours and sizes
+// that widgets ask of their style.
+void sendToAllWidgets(QEvent::Type type)
 {
-    QFont font = QApplication::font();
-    if (font.pixelSize() > 0)
-        font.setPixelSize(qMax(9, font.pixelSize() - steps));
-    else
-        font.setPointSizeF(qMax(7.0, font.pointSizeF() - steps * 0.75));
-    return font;
+    const QVector<QPointer<QWidget>> widgets = [] {
+        QVector<QPointer<QWidget>> all;
+        for (QWidget *widget : QApplication::allWidgets())
+            all.append(widget);
+        return all;
+    }();
+    for (const QPointer<QWidget> &widget : widgets) {
+        if (!widget)
+            continue;
+        QEvent event(type);
+        QApplication::sendEvent(widget, &event);
+        widget->update();
+    }
 }
 
 QIcon::Mode iconMode(QStyle::State state)
@@ -171,6 +227,58 @@ void VxStyle::setColorScheme(ColorScheme scheme)
     Q_EMIT colorSchemeChanged();
 }
 
+VxStyle::CurveColors VxStyle::curveColors() const
+{
+    return d->curveColors;
+}
+
+void VxStyle::setCurveColors(CurveColors colors)
+{
+    if (colors == d->curveColors)
+        return;
+    d->curveColors = colors;
+    if (qApp != nullptr && QApplication::style() == this)
+        sendToAllWidgets(QEvent::PaletteChange);
+    Q_EMIT curveColorsChanged();
+}
+
+int VxStyle::textSize() const
+{
+    return d->textSize;
+}
+
+void VxStyle::setTextSize(int points)
+{
+    const int size = points > 0 ? qBound(SmallestTextSize, points, LargestTextSize) : 0;
+    if (size == d->textSize)
+        return;
+    d->textSize = size;
+    if (qApp != nullptr && QApplication::style() == this) {
+        QFont font = d->desktopFont;
+        if (size > 0)
+            font.setPointSize(size);
+        QApplication::setFont(font);
+        sendToAllWidgets(QEvent::StyleChange);
+    }
+    Q_EMIT textSizeChanged();
+}
+
+bool VxStyle::isAnimated() const
+{
+    return d->animated;
+}
+
+void VxStyle::setAnimated(bool animated)
+{
+    if (animated == d->animated)
+        return;
+    d->animated = animated;
+    if (!animated)
+        d->desktopEffects = QApplication::isEffectEnabled(Qt::UI_General);
+    QApplication::setEffectEnabled(Qt::UI_General, animated && d->desktopEffects);
+    Q_EMIT animatedChanged();
+}
+
 int VxStyle::metric(PixelMetricId id) const
 {
     return pixelMetric(static_cast<PixelMetric>(id));
@@ -185,7 +293,9 @@ QIcon VxStyle::icon(StandardIconId id) const
 
 QColor VxStyle::getInterfaceColor(const QString &name) const
 {
-    return VxColors::interfaceColor(d->scheme, name);
+    const QColor safe =
+        d->curveColors == CurveColors::Safe ? VxColors::safeCurveColor(d->scheme, name) : QColor();
+    return safe.isValid() ? safe : VxColors::interfaceColor(d->scheme, name);
 }
 
 QStringList VxStyle::getInterfaceColorNames() const
@@ -224,6 +334,19 @@ void VxStyle::polish(QApplication *application)
 {
     QProxyStyle::polish(application);
     QApplication::setPalette(d->palette);
+    d->desktopFont = QApplication::font();
+    if (d->textSize > 0) {
+        QFont font = d->desktopFont;
+        font.setPointSize(d->textSize);
+        QApplication::setFont(font);
+    }
+}
+
+void VxStyle::unpolish(QApplication *application)
+{
+    if (d->textSize > 0)
+        QApplication::setFont(d->desktopFont);
+    QProxyStyle::unpolish(application);
 }
 
 void VxStyle::polish(QPalette &palette)
@@ -239,7 +362,22 @@ QPalette VxStyle::standardPalette() const
 int VxStyle::pixelMetric(PixelMetric which, const QStyleOption *option, const QWidget *widget) const
 {
     const int own = ownMetric(static_cast<quint32>(which));
-    return own >= 0 ? own : QProxyStyle::pixelMetric(which, option, widget);
+    if (own >= 0)
+        return own;
+    const int size = QProxyStyle::pixelMetric(which, option, widget);
+    switch (which) {
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+    case PM_ListViewIconSize:
+    case PM_TabBarIconSize:
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return grownWithText(size);
+    default:
+        return size;
+    }
 }
 
 int VxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
@@ -252,6 +390,9 @@ int VxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget
         return 0;
     // The desktop's coloured icons fit neither palette.
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    if (!d->animated && (hint == SH_Widget_Animation_Duration || hint == SH_Widget_Animate ||
+                         hint == SH_Menu_FlashTriggeredItem))
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
@@ -271,8 +412,23 @@ void VxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option
         onGround.palette.setColor(QPalette::WindowText,
                                   option->palette.color(QPalette::HighlightedText));
         QProxyStyle::drawPrimitive(element, &onGround, painter, widget);
-    } else
+    } else if (!d->contrastFrames.drawPrimitive(baseStyle(), element, option, painter, widget)) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void VxStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                          const QWidget *widget) const
+{
+    if (!d->contrastFrames.drawControl(baseStyle(), element, option, painter, widget))
+        QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void VxStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                 QPainter *painter, const QWidget *widget) const
+{
+    if (!d->contrastFrames.drawComplexControl(baseStyle(), control, option, painter, widget))
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 QIcon VxStyle::standardIcon(StandardPixmap which, const QStyleOption *option,

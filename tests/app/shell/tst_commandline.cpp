@@ -49,18 +49,19 @@ void tst_CommandLine::everyOption()
     const CommandLine line =
         parse({"--headless",    "--script", "a.js",          "--screenshot=b.png",
                "--size",        "1600x900", "--frame",       "-3",
-               "--palette",     "light",    "--settings",    "c.ini",
-               "--language",    "de",       "--plugin-path", "d",
-               "--plugin-path", "e",        "walk.bvh",      "--",
-               "one",           "--two"});
+               "--language",    "de",       "--palette",     "contrast",
+               "--settings",    "c.ini",    "--text-size",   "18",
+               "--plugin-path", "d",        "--plugin-path", "e",
+               "walk.bvh",      "--",       "one",           "--two"});
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
     QVERIFY(line.headless);
     QCOMPARE(line.scriptFile, QString("a.js"));
     QCOMPARE(line.screenshotFile, QString("b.png"));
     QCOMPARE(line.size, QSize(1600, 900));
     QCOMPARE(line.frame.value_or(0), -3);
-    QCOMPARE(line.palette, QString("light"));
     QCOMPARE(line.language, QString("de"));
+    QCOMPARE(line.palette, QString("contrast"));
+    QCOMPARE(line.textSize.value_or(0), 18);
     QCOMPARE(line.settingsFile, QString("c.ini"));
     QCOMPARE(line.pluginPaths, QStringList({"d", "e"}));
     QCOMPARE(line.file, QString("walk.bvh"));
@@ -89,6 +90,9 @@ void tst_CommandLine::wrong_data()
     QTest::newRow("unknown palette") << QStringList{"--palette", "pink"} << "pink";
     QTest::newRow("unknown language") << QStringList{"--language", "xx"} << "xx";
     QTest::newRow("languages to choose from") << QStringList{"--language", "xx"} << "de, en";
+    QTest::newRow("text too small") << QStringList{"--text-size", "7"} << "7";
+    QTest::newRow("text too large") << QStringList{"--text-size", "25"} << "25";
+    QTest::newRow("text size with a unit") << QStringList{"--text-size", "12pt"} << "12pt";
     QTest::newRow("two files") << QStringList{"a.bvh", "b.bvh"} << "b.bvh";
     QTest::newRow("second file behind dashes") << QStringList{"a.bvh", "--", "c.bvh"} << "c.bvh";
 }
@@ -143,9 +147,9 @@ void tst_CommandLine::aBatchIsNotInteractive()
 void tst_CommandLine::helpNamesOptionsAndExitCodes()
 {
     const QString help = CommandLine::helpText();
-    for (const char *part :
-         {"--headless", "--script", "--screenshot", "--size", "--frame", "--palette", "--settings",
-          "--plugin-path", "--version", "--help", "FILE", "Exit codes", "  0  ", "  1  ", "  2  "})
+    for (const char *part : {"--headless", "--script", "--screenshot", "--size", "--frame",
+                             "--palette", "--text-size", "--settings", "--plugin-path", "--version",
+                             "--help", "FILE", "Exit codes", "  0  ", "  1  ", "  2  "})
         QVERIFY2(help.contains(QLatin1String(part)), part);
     QVERIFY(CommandLine::versionText().contains("4.22.0.7"));
 }

@@ -40,6 +40,7 @@ void TestVxCheckPrimitive::addSchemes()
     QTest::addColumn<int>("scheme");
     QTest::newRow("dark") << int(VxStyle::ColorScheme::Dark);
     QTest::newRow("light") << int(VxStyle::ColorScheme::Light);
+    QTest::newRow("high contrast") << int(VxStyle::ColorScheme::Contrast);
 }
 
 QImage TestVxCheckPrimitive::draw(const VxStyle &style, QStyle::State state, const QSize &size)
