@@ -40,13 +40,17 @@ set(CPACK_COMPONENT_LIBVXCORE-DEV_DESCRIPTION "development files of VxStudio's p
 Headers and CMake files for building plug-ins of VxStudio.")
 set(CPACK_COMPONENT_LIBVXCORE-DEV_DEPENDS libvxcore4)
 
-# What every package says about itself: its licence and the log of its versions.
+# What every package says about itself: its licence and the changes of this version.
+string(REPLACE "\n" "\n  " changes "  ${VX_RELEASE_CHANGES}")
+execute_process(COMMAND env LC_ALL=C date --utc --rfc-email --date=${VX_RELEASE_DATE}
+                OUTPUT_VARIABLE release_date OUTPUT_STRIP_TRAILING_WHITESPACE
+                COMMAND_ERROR_IS_FATAL ANY)
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/packages/changelog" @ONLY CONTENT
 "vxstudio (@PROJECT_VERSION@) stable; urgency=medium
 
-  * Version @PROJECT_VERSION@; see CHANGELOG.md of the sources.
+@changes@
 
- -- VxTimeline maintainers <maintainers@vxstudio.example>  @VX_RELEASE_DATE_RFC5322@
+ -- VxTimeline maintainers <maintainers@vxstudio.example>  @release_date@
 ")
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/packages/copyright" @ONLY CONTENT
 "Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/

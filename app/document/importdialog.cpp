@@ -62,6 +62,7 @@ ImportDialog::ImportDialog(VxMotionImport *import, const QString &fileName, QWid
     m_report = new ReportText(this);
     m_numbers = new QLabel(this);
     m_numbers->setObjectName(QStringLiteral("importNumbers"));
+    m_numbers->setTextFormat(Qt::PlainText);
     m_numbers->setWordWrap(true);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("Import"));

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <vxcore/vxtextstyle.h>
 
 namespace {
 
@@ -56,6 +57,6 @@ void RecentFilesMenu::addFile(const QString &fileName, int number)
     if (!exists)
         text = tr("%1 (missing)").arg(text);
     QAction *entry = addAction(text, this, [this, fileName] { Q_EMIT openRequested(fileName); });
-    entry->setToolTip(QDir::toNativeSeparators(fileName));
+    entry->setToolTip(vxToolTipText(QDir::toNativeSeparators(fileName)));
     entry->setEnabled(exists);
 }

@@ -15,6 +15,7 @@
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxtextstyle.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
@@ -142,7 +143,7 @@ bool MarkerStrip::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto *help = static_cast<QHelpEvent *>(event);
-        QToolTip::showText(help->globalPos(), helpAt(help->pos()), this);
+        QToolTip::showText(help->globalPos(), vxToolTipText(helpAt(help->pos())), this);
         return true;
     }
     if (event->type() == QEvent::ShortcutOverride) {

@@ -10,6 +10,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <vxcore/vxtextstyle.h>
 
 namespace {
 
@@ -69,8 +70,8 @@ void RecoveryDialog::addRow(const RecoveryCopy &copy)
     row->setText(NameColumn, copy.title);
     row->setText(TimeColumn, QLocale().toString(copy.time, QLocale::ShortFormat));
     row->setText(FolderColumn, folder);
-    row->setToolTip(NameColumn, copy.title);
-    row->setToolTip(FolderColumn, folder);
+    row->setToolTip(NameColumn, vxToolTipText(copy.title));
+    row->setToolTip(FolderColumn, vxToolTipText(folder));
     row->setToolTip(TimeColumn, QLocale().toString(copy.time, QLocale::LongFormat));
 }
 

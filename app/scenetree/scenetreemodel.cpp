@@ -10,6 +10,7 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnodehelper.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxtextstyle.h>
 
 namespace {
 
@@ -202,8 +203,9 @@ QVariant SceneTreeModel::nameData(const VxNode *node, const QIcon &icon, int rol
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:
         return node->getLabel();
+    case Qt::ToolTipRole:
+        return vxToolTipText(node->getLabel());
     case Qt::DecorationRole:
         return icon;
     case Qt::ForegroundRole:
@@ -233,7 +235,7 @@ QVariant SceneTreeModel::eyeData(const VxNode *node, int role)
     case ShownRole:
         return VxNodeHelper::isShown(node);
     case Qt::ToolTipRole:
-        return eyeTip(node);
+        return vxToolTipText(eyeTip(node));
     case Qt::AccessibleTextRole:
         return !node->isVisible()            ? tr("hidden")
                : VxNodeHelper::isShown(node) ? tr("visible")

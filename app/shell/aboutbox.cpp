@@ -2,6 +2,7 @@
 
 #include "widgets/studiotext.h"
 
+#include <QFile>
 #include <QMessageBox>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxplugin.h>
@@ -35,6 +36,13 @@ QString aboutText(const VxPluginMgr &plugins)
     return text;
 }
 
+QString changesText()
+{
+    Q_INIT_RESOURCE(changes);
+    QFile file(QStringLiteral(":/shell/changes"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+}
+
 void showAboutBox(QWidget *parent, const VxPluginMgr &plugins)
 {
     QMessageBox box(parent);
@@ -42,6 +50,7 @@ void showAboutBox(QWidget *parent, const VxPluginMgr &plugins)
     box.setWindowTitle(StudioText::tr("About %1").arg(VxApp::getAppName()));
     box.setTextFormat(Qt::RichText);
     box.setText(aboutText(plugins));
+    box.setDetailedText(changesText());
     box.setStandardButtons(QMessageBox::Close);
     box.exec();
 }

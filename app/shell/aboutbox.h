@@ -8,7 +8,9 @@ class VxPluginMgr;
 
 /// The versions of the program and of its components, in rich text, for error reports.
 QString aboutText(const VxPluginMgr &plugins);
-/// Shows it modally.
+/// What changed in this version, as in the log of changes.
+QString changesText();
+/// Shows both modally; the changes as details.
 void showAboutBox(QWidget *parent, const VxPluginMgr &plugins);
 
 #endif

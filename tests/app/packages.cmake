@@ -12,6 +12,17 @@ if(NOT count EQUAL 3)
   message(FATAL_ERROR "three packages were expected: ${packages}")
 endif()
 
+# The packages list the changes of this version.
+file(STRINGS "${SOURCE}/CHANGELOG.md" first_change REGEX "^\\* " LIMIT_COUNT 1)
+foreach(package IN LISTS packages)
+  execute_process(COMMAND sh -c "dpkg-deb --fsys-tarfile '${package}' | tar -xO --wildcards '*/changelog.gz' | gzip -d"
+                  OUTPUT_VARIABLE changes COMMAND_ERROR_IS_FATAL ANY)
+  string(FIND "${changes}" "  ${first_change}" found)
+  if(found EQUAL -1)
+    message(FATAL_ERROR "${package} does not list the change \"${first_change}\":\n${changes}")
+  endif()
+endforeach()
+
 run(lintian --allow-root --fail-on error ${packages})
 file(GLOB_RECURSE catalogue "${BUILD}/app/desktop/*.metainfo.xml")
 run(appstreamcli validate --no-net ${catalogue})

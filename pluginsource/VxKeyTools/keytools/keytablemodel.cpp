@@ -4,6 +4,7 @@
 #include <QtGui/QPalette>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
+#include <vxcore/vxtextstyle.h>
 
 // A reset would cost views their current cell and the widths of columns: rows are added or removed
 // at the end instead, and all cells are reported as changed.
@@ -79,8 +80,10 @@ int KeyTableModel::columnCount(const QModelIndex &parent) const
 QVariant KeyTableModel::data(const QModelIndex &index, int role) const
 {
     const auto column = KeyTableColumn(index.column());
-    if (role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole)
+    if (role == Qt::DisplayRole || role == Qt::EditRole)
         return KeyTableCells::text(m_rows, index.row(), column, timeDisplay());
+    if (role == Qt::ToolTipRole)
+        return vxToolTipText(KeyTableCells::text(m_rows, index.row(), column, timeDisplay()));
     if (role == Qt::ForegroundRole && KeyTableCells::isReadOnly(m_rows, index.row()))
         return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     if (role == Qt::TextAlignmentRole && index.column() >= int(KeyTableColumn::Time) &&

@@ -131,6 +131,7 @@ VxKeyTablePane::VxKeyTablePane()
         {tr("As in the Scene"), tr("Frames"), tr("Seconds"), tr("Ticks"), tr("Timecode")});
     d->unit->setToolTip(tr("Unit of times"));
     d->message->setObjectName(QStringLiteral("message"));
+    d->message->setTextFormat(Qt::PlainText);
     d->message->setWordWrap(true);
     d->view->setObjectName(QStringLiteral("table"));
     d->view->setAccessibleName(tr("Keys"));

@@ -84,6 +84,7 @@ VxKeyToolsPane::VxKeyToolsPane()
     const auto makeLabel = [](const char *name) {
         auto *label = new QLabel;
         label->setObjectName(QString::fromLatin1(name));
+        label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
         return label;
     };

@@ -37,4 +37,8 @@ private:
     QFontMetrics m_fontMetrics;
 };
 
+/// The text of a tool tip that shows a name exactly as it is written, also one that looks like
+/// markup: names are read from files of others.
+VXCORE_EXPORT QString vxToolTipText(const QString &plain);
+
 #endif

@@ -11,6 +11,7 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxsidenavpropertylistview.h>
+#include <vxcore/vxtextstyle.h>
 
 namespace {
 
@@ -100,7 +101,7 @@ void VxParametersPane::Private::showTitle()
                                     numLeftOut)
                    .arg(text);
     title->setText(text);
-    title->setToolTip(text.toHtmlEscaped());
+    title->setToolTip(vxToolTipText(text));
 }
 
 void VxParametersPane::Private::showNotice(const QString &text)

@@ -17,6 +17,7 @@
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxtextstyle.h>
 #include <vxcore/vxundostackhold.h>
 
 namespace {
@@ -225,7 +226,7 @@ QVariant VxPropertyListItemModel::Private::headingData(int row, int role) const
     if (role == Qt::DisplayRole)
         return rows.at(row).heading;
     if (role == Qt::ToolTipRole)
-        return rows.at(row).path;
+        return vxToolTipText(rows.at(row).path);
     return role == KeyStateRole ? QVariant(NotKeyable) : QVariant();
 }
 
@@ -233,8 +234,9 @@ QVariant VxPropertyListItemModel::Private::labelData(const VxPropertyListNode *r
 {
     if (role == Qt::DisplayRole || role == Qt::EditRole)
         return row->getLabel();
-    return role == Qt::ToolTipRole ? VxPropertyHints::propertyHint(row->getProperties())
-                                   : QVariant();
+    return role == Qt::ToolTipRole
+               ? vxToolTipText(VxPropertyHints::propertyHint(row->getProperties()))
+               : QVariant();
 }
 
 QVariant VxPropertyListItemModel::Private::valueData(const VxPropertyListNode *row, int role) const
@@ -252,7 +254,7 @@ QVariant VxPropertyListItemModel::Private::valueData(const VxPropertyListNode *r
         const QVector<VxProperty *> properties = row->getProperties();
         const QString value = VxPropertyHints::valueHint(properties, vxCurrentTime());
         const QString hint = VxPropertyHints::propertyHint(properties);
-        return value.isEmpty() ? hint : hint + QLatin1Char('\n') + value;
+        return vxToolTipText(value.isEmpty() ? hint : hint + QLatin1Char('\n') + value);
     }
     case Qt::TextAlignmentRole:
         return int(Qt::AlignRight | Qt::AlignVCenter);

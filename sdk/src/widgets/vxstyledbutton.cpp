@@ -1,4 +1,5 @@
 #include <vxcore/vxstyledbutton.h>
+#include <vxcore/vxtextstyle.h>
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -233,7 +234,8 @@ bool VxStyledButton::event(QEvent *event)
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && displayedText() != text()) {
         QString whole = text();
         whole.remove(QLatin1Char('&'));
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), whole, this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), vxToolTipText(whole),
+                           this);
         return true;
     }
     return QPushButton::event(event);

@@ -294,6 +294,12 @@ void tst_StudioMenus::about()
     QVERIFY2(text.contains("VxStudio " VX_STUDIO_VERSION), qPrintable(text));
     QVERIFY2(text.contains("VxTimeline"), qPrintable(text));
     QVERIFY(aboutText(VxPluginMgr()).contains("No plug-in"));
+    // Version and changes are those of the newest heading of the log of changes.
+    QFile file(QStringLiteral(VX_SOURCE_DIR "/CHANGELOG.md"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList log = QString::fromUtf8(file.readAll()).split("\n## ");
+    QVERIFY2(log.value(1).startsWith(VX_STUDIO_VERSION " ("), qPrintable(log.value(1).left(40)));
+    QCOMPARE(changesText(), log.value(1).section('\n', 1).trimmed());
     QString shown;
     QTimer::singleShot(0, this, [&shown] {
         if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {

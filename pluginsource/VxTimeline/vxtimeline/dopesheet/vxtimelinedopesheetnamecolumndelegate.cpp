@@ -5,6 +5,7 @@
 #include <QtWidgets/QToolTip>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxtextstyle.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
@@ -43,7 +44,7 @@ bool VxTimelineDopeSheetNameColumnDelegate::helpEvent(QHelpEvent *event, QAbstra
     if (view->visualRect(index).width() < sizeHint(option, index).width()) {
         const QVariant name = index.data(Qt::DisplayRole);
         if (name.canConvert<QString>()) {
-            QToolTip::showText(event->globalPos(), name.toString().toHtmlEscaped(), view);
+            QToolTip::showText(event->globalPos(), vxToolTipText(name.toString()), view);
             return true;
         }
     }
