@@ -12,7 +12,7 @@ _vxstudio()
         --palette) COMPREPLY=($(compgen -W 'dark light contrast' -- "$cur")); return ;;
         --text-size) COMPREPLY=($(compgen -W '8 10 12 14 18 24' -- "$cur")); return ;;
         --size) COMPREPLY=($(compgen -W '1280x800 1920x1080 2560x1440' -- "$cur")); return ;;
-        --log) COMPREPLY=($(compgen -W 'all plugins scripts files' -- "$cur")); return ;;
+        --log) COMPREPLY=($(compgen -W 'all plugins scripts files recovery' -- "$cur")); return ;;
         --frame | --animation | --time-limit | --memory-limit) return ;;
     esac
     if [[ $cur == -* ]]; then

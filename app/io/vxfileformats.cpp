@@ -6,12 +6,11 @@
 #include "io/vxsceneformat.h"
 
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <algorithm>
 
-namespace {
+Q_LOGGING_CATEGORY(vxFilesLog, "vx.files", QtWarningMsg)
 
-Q_LOGGING_CATEGORY(log, "vx.files", QtWarningMsg)
+namespace {
 
 QStringList patternsOf(const VxFileFormat &format)
 {
@@ -66,7 +65,7 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
         return vxFail(error, VxFileText::tr("Not a regular file."), fileName);
     if (const VxFileFormat *format = find(fileName)) {
         const bool done = format->read(fileName, scene, progress, summary, error);
-        qCInfo(log).noquote() << "read" << fileName << (done ? *summary : error->text());
+        qCInfo(vxFilesLog).noquote() << "read" << fileName << (done ? *summary : error->text());
         return done;
     }
     return vxFail(error,
@@ -80,7 +79,7 @@ bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
 {
     if (canWrite(fileName)) {
         const bool done = find(fileName)->write(fileName, scene, progress, error);
-        qCInfo(log).noquote() << "wrote" << fileName << (done ? QString() : error->text());
+        qCInfo(vxFilesLog).noquote() << "wrote" << fileName << (done ? QString() : error->text());
         return done;
     }
     return vxFail(error,

@@ -2,7 +2,11 @@
 #define VXIO_VXFILETEXT_H
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <string_view>
+
+/// What was read and written, "vx.files".
+Q_DECLARE_LOGGING_CATEGORY(vxFilesLog)
 
 /// Translation context of what the readers and writers of files show to users.
 class VxFileText

@@ -147,6 +147,7 @@ void AutoSave::handleProgress()
     m_progress.stop();
     VxFileError error;
     if (m_store->endWrite(&error)) {
+        qCInfo(recoveryLog) << "copy written";
         m_hasFailed = false;
         Q_EMIT written();
     } else {
@@ -156,6 +157,7 @@ void AutoSave::handleProgress()
 
 void AutoSave::fail(const QString &reason)
 {
+    qCInfo(recoveryLog).noquote() << "copy failed:" << reason;
     // Only one notice: a retry in some minutes will probably fail, too.
     if (!m_hasFailed)
         m_messages->showNotice(tr("Cannot make a recovery copy: %1").arg(reason));

@@ -50,6 +50,7 @@ bool RecoveryController::offer()
     const QVector<RecoveryCopy> copies = m_store.claim();
     if (copies.isEmpty())
         return false;
+    qCInfo(recoveryLog) << "copies found:" << copies.size();
     m_dialog = new RecoveryDialog(copies, m_messages->window());
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &RecoveryDialog::recoverRequested, this, &RecoveryController::recover);
@@ -86,6 +87,8 @@ bool RecoveryController::open(const RecoveryCopy &copy, std::vector<QByteArray> 
         m_history->qtStack()->resetClean();
     }
     m_journal.setOn(m_autoSave.minutes() > 0);
+    qCInfo(recoveryLog).noquote() << "recovered" << copy.title << "with" << entries->size()
+                                  << "entries" << (isOpen ? QString() : error->text());
     return isOpen;
 }
 

@@ -13,6 +13,8 @@
 #include <map>
 #include <vxcore/vxsettings.h>
 
+Q_LOGGING_CATEGORY(recoveryLog, "vx.recovery", QtWarningMsg)
+
 namespace {
 
 constexpr char ScenePrefix[] = "copy-";

@@ -5,10 +5,14 @@
 #include "recovery/recoverywriter.h"
 
 #include <QDateTime>
+#include <QLoggingCategory>
 #include <QVector>
 #include <memory>
 
 class VxScene;
+
+/// Copies that were written, found and recovered, "vx.recovery".
+Q_DECLARE_LOGGING_CATEGORY(recoveryLog)
 
 /// A copy of a document, left by an earlier run of the program.
 struct RecoveryCopy

@@ -173,7 +173,8 @@ void readLimit(const QCommandLineParser &parser, const char *option, int *limit,
 
 void readLog(const QString &text, CommandLine *line)
 {
-    static const QStringList categories{name("plugins"), name("scripts"), name("files")};
+    static const QStringList categories{name("plugins"), name("scripts"), name("files"),
+                                        name("recovery")};
     QStringList requested = text.split(QLatin1Char(','));
     if (requested == QStringList{name("all")})
         requested = categories;

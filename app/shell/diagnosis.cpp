@@ -1,7 +1,6 @@
 #include "shell/diagnosis.h"
 
 #include "shell/pluginloader.h"
-#include "shell/studiosettings.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -36,6 +35,25 @@ QStringList pluginLines(const VxApp &app, const QString &folder, const VxSetting
     return lines;
 }
 
+/// One line per stored value. File names and what was typed are private: a diagnosis is sent to
+/// others.
+void addSettings(const VxSettings &settings, const QString &group, QStringList *lines)
+{
+    static const QStringList privateKeys{QStringLiteral("RecentFiles/Files"),
+                                         QStringLiteral("Panes/VxConsolePane/Programs")};
+    constexpr int LongestShown = 60;
+    for (const QString &key : settings.getKeys()) {
+        const QString value = settings.getStringValue(key);
+        const bool isShown = !privateKeys.contains(group + key) && value.size() <= LongestShown;
+        lines->append(
+            QStringLiteral("Setting: %1%2 = %3")
+                .arg(group, key,
+                     isShown ? value : QStringLiteral("(%1 characters)").arg(value.size())));
+    }
+    for (const QString &name : settings.getSettingsNames())
+        addSettings(*settings.findSettings(name), group + name + QLatin1Char('/'), lines);
+}
+
 QStringList screenLines()
 {
     QStringList lines{QStringLiteral("Platform: %1").arg(QGuiApplication::platformName())};
@@ -55,18 +73,19 @@ QStringList screenLines()
 
 } // namespace
 
-QString diagnosisPage(const VxApp &app, const QString &pluginFolder)
+QString diagnosisPage(const VxApp &app, const QString &pluginFolder, const QString &settingsFile)
 {
-    const QString fileName = StudioSettings::defaultFileName();
     VxSettings settings;
     QString error;
-    const bool readable = settings.load(fileName, &error);
+    const bool readable = settings.load(settingsFile, &error);
     QStringList lines = versionLines();
     lines += pluginLines(app, pluginFolder, settings);
     lines.append(QStringLiteral("Settings: %1 (%2)")
-                     .arg(fileName, !readable                     ? error
-                                    : QFileInfo::exists(fileName) ? QStringLiteral("readable")
-                                                                  : QStringLiteral("none yet")));
+                     .arg(settingsFile, !readable ? error
+                                        : QFileInfo::exists(settingsFile)
+                                            ? QStringLiteral("readable")
+                                            : QStringLiteral("none yet")));
+    addSettings(settings, QString(), &lines);
     lines += screenLines();
     return lines.join(QLatin1Char('\n'));
 }

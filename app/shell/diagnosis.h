@@ -6,8 +6,8 @@
 class VxApp;
 
 /// A page of plain text about the program and its environment, for error reports: versions,
-/// plug-ins, settings and screens. Nothing of any document. A run without a user may have separate
-/// settings; the page names the user's.
-QString diagnosisPage(const VxApp &app, const QString &pluginFolder);
+/// plug-ins, settings of a file, except what is private in them, and screens. Nothing of any
+/// document.
+QString diagnosisPage(const VxApp &app, const QString &pluginFolder, const QString &settingsFile);
 
 #endif

@@ -359,7 +359,10 @@ int Studio::run()
         return CommandLine::Success;
     }
     if (d->commandLine.diagnose) {
-        UserMessages::print(diagnosisPage(*d->app, defaultPluginFolder()));
+        UserMessages::print(diagnosisPage(*d->app, defaultPluginFolder(),
+                                          d->commandLine.settingsFile.isEmpty()
+                                              ? StudioSettings::defaultFileName()
+                                              : d->commandLine.settingsFile));
         return CommandLine::Success;
     }
     if (!d->commandLine.isBatch())

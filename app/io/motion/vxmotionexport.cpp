@@ -93,11 +93,9 @@ bool run(Export &out, const QString &fileName, const VxFileProgress &progress, Q
     return done;
 }
 
-} // namespace
-
-bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
-                    const QString &fileName, const VxFileProgress &progress, QString *summary,
-                    VxFileError *error)
+bool exportMotion(const VxScene *scene, const VxMotionExportOptions &options,
+                  const QString &fileName, const VxFileProgress &progress, QString *summary,
+                  VxFileError *error)
 {
     const QString suffix = QFileInfo(fileName).suffix().toLower();
     const VxTimeRange range = options.playRangeOnly ? scene->getPlayRange() : scene->getAnimRange();
@@ -133,6 +131,17 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
     VxBvhExport out(figure, range, scene->getTimeStep());
     out.setRate(vxKeptRate(figure, scene->getTimeStep()));
     return addLeftOut(figure, run(out, fileName, progress, summary, error));
+}
+
+} // namespace
+
+bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
+                    const QString &fileName, const VxFileProgress &progress, QString *summary,
+                    VxFileError *error)
+{
+    const bool done = exportMotion(scene, options, fileName, progress, summary, error);
+    qCInfo(vxFilesLog).noquote() << "wrote" << fileName << (done ? *summary : error->text());
+    return done;
 }
 
 QStringList vxExportSuffixes()

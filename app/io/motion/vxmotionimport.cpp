@@ -160,6 +160,7 @@ bool VxMotionImport::load(const QString &fileName, VxFileError *error)
     const bool done = d->isBvh ? d->loadBvh(fileName, error) : d->loadByWorker(fileName, error);
     if (done)
         d->report = report({});
+    qCInfo(vxFilesLog).noquote() << "read" << fileName << (done ? QString() : error->text());
     return done;
 }
 

@@ -161,6 +161,10 @@ void tst_Recovery::workIsRecovered()
 
 void tst_Recovery::recoveredWorkIsSavedInItsPlace()
 {
+    QLoggingCategory::setFilterRules("vx.recovery.info=true");
+    const auto quiet = qScopeGuard([] { QLoggingCategory::setFilterRules(QString()); });
+    QTest::ignoreMessage(QtInfoMsg, "copies found: 1");
+    QTest::ignoreMessage(QtInfoMsg, QRegularExpression("^recovered .* with [0-9]+ entries"));
     const QString file = copySample();
     Worker(settings(), file, 12.5f).kill();
     start();

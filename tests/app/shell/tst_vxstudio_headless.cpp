@@ -363,6 +363,16 @@ void tst_VxStudioHeadless::diagnosis()
     for (const char *part : {"Program: VxStudio ", "Host library: 4.22.0.7", "Qt: 5.",
                              "System: ", "Plug-in: VxTimeline 1.7.0.15", "Settings: ", "Screen: "})
         QVERIFY2(result.output.contains(QLatin1String(part)), qPrintable(result.output));
+    // Settings, but nothing private.
+    const QString settings =
+        write("settings.ini", "[General]\nPalette=light\n[Panes]\nVxTimePane\\GraphOpen=true\n"
+                              "VxConsolePane\\Programs=mine\n[RecentFiles]\nFiles=secret,\n");
+    const QString page = run({"--diagnose", "--settings", settings}).output;
+    for (const char *part :
+         {"Setting: Palette = light", "Setting: Panes/VxTimePane/GraphOpen = true",
+          "Setting: RecentFiles/Files = (7 characters)"})
+        QVERIFY2(page.contains(QLatin1String(part)), qPrintable(page));
+    QVERIFY2(!page.contains("mine") && !page.contains("secret"), qPrintable(page));
 }
 
 void tst_VxStudioHeadless::logCategories()
@@ -376,6 +386,10 @@ void tst_VxStudioHeadless::logCategories()
     const Result all = run({"--headless", "--log", "all", file});
     QVERIFY2(all.errors.contains("vx.files: read") && all.errors.contains("walk.vxscene"),
              qPrintable(all.errors));
+    const Result motion =
+        run({"--headless", "--log", "files", QStringLiteral(VX_SOURCE_DIR "/samples/walk.bvh")});
+    QVERIFY2(motion.errors.contains("vx.files: read") && motion.errors.contains("walk.bvh"),
+             qPrintable(motion.errors));
     const Result unknown = run({"--headless", "--log", "plugins,weather"});
     QCOMPARE(unknown.code, 2);
     QVERIFY2(unknown.errors.contains("\"weather\""), qPrintable(unknown.errors));
