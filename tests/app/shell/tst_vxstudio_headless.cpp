@@ -370,7 +370,7 @@ void tst_VxStudioHeadless::diagnosis()
     const QString page = run({"--diagnose", "--settings", settings}).output;
     for (const char *part :
          {"Setting: Palette = light", "Setting: Panes/VxTimePane/GraphOpen = true",
-          "Setting: RecentFiles/Files = (7 characters)"})
+          "Setting: RecentFiles/Files = (8 characters)"})
         QVERIFY2(page.contains(QLatin1String(part)), qPrintable(page));
     QVERIFY2(!page.contains("mine") && !page.contains("secret"), qPrintable(page));
 }
