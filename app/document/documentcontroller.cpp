@@ -1,8 +1,11 @@
 #include "document/documentcontroller.h"
 
 #include "document/loadprogress.h"
+#include "io/vxbackups.h"
+#include "io/vxfileexchange.h"
 #include "widgets/usermessages.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QUndoStack>
@@ -38,6 +41,7 @@ DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
     , m_undoStack(undoStack)
     , m_messages(messages)
     , m_formats(formats)
+    , m_backups(VxBackups::DefaultCount)
 {
 }
 
@@ -49,6 +53,7 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
         return false;
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
+    const bool isFinished = VxFileExchange::finishInterrupted(fileName);
     QString summary;
     VxFileError error;
     VxMotionImport import(m_scene);
@@ -58,8 +63,16 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
     const bool isRead =
         isMotion ? enterMotion(&import, fileName, tr("Opening %1..."), choices, chooser, &error)
                  : readScene(fileName, &summary, &error);
-    if (!isRead)
+    if (!isRead) {
+        const QString former = VxFileExchange::oldName(fileName);
+        if (!error.cancelled && QFileInfo::exists(former))
+            error.message +=
+                QLatin1Char(' ') + tr("A save was interrupted; the former file is %1.").arg(former);
         return report(error, tr("Opening was cancelled."));
+    }
+    if (isFinished)
+        summary = tr("The last save was interrupted and has been completed.") + QLatin1Char(' ') +
+                  summary;
     setDocument(QFileInfo(fileName).absoluteFilePath(), isMotion ? import.getSummary() : summary);
     m_messages->showStatus(m_summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : m_summary);
     return true;
@@ -95,19 +108,46 @@ bool DocumentController::save(const QString &fileName)
 {
     if (m_isBusy)
         return false;
+    const bool isOwn = QFileInfo(fileName).absoluteFilePath() == m_fileName;
+    const QString change = isOwn ? changeByOthers() : QString();
+    if (!change.isEmpty() && m_messages->isConsole()) {
+        VxFileError error;
+        vxFail(&error, tr("%1 It was not saved.").arg(change), fileName);
+        return report(error, QString());
+    }
+    if (!change.isEmpty()) {
+        const UserMessages::Overwrite answer = m_messages->askToOverwrite(change);
+        if (answer == UserMessages::Overwrite::SaveAs)
+            return m_saveAs && m_saveAs();
+        if (answer == UserMessages::Overwrite::Cancel)
+            return false;
+    }
+    return write(fileName);
+}
+
+bool DocumentController::write(const QString &fileName)
+{
     const QScopedValueRollback<bool> busy(m_isBusy, true);
-    if (!mayOverwrite(fileName))
-        return false;
     m_scene->pause();
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
-    if (!m_formats.write(fileName, m_scene, progress.function(), &error))
+    VxBackups backups(fileName, m_backups);
+    QString failure;
+    const bool isPreserved = backups.preserve(&failure);
+    if (!m_formats.write(fileName, m_scene, progress.function(), &error)) {
+        backups.drop();
         return report(error, tr("Saving was cancelled."));
+    }
+    const bool hasBackup = isPreserved && backups.rotate(&failure);
     m_fileName = QFileInfo(fileName).absoluteFilePath();
     m_stamp = FileStamp::of(m_fileName);
     markSaved();
     Q_EMIT documentChanged();
-    m_messages->showStatus(tr("Saved %1.").arg(displayName()));
+    if (hasBackup)
+        m_messages->showStatus(tr("Saved %1.").arg(displayName()));
+    else
+        m_messages->showNotice(
+            tr("Saved %1, but its backup could not be made. %2.").arg(displayName(), failure));
     return true;
 }
 
@@ -120,12 +160,39 @@ void DocumentController::markSaved()
         m_undoStack->setClean();
 }
 
-bool DocumentController::mayOverwrite(const QString &fileName) const
+/** A sentence for the user; empty when the document's file is as it was read or written last. */
+QString DocumentController::changeByOthers() const
 {
-    const FileStamp present = FileStamp::of(fileName);
-    const bool isOwn = QFileInfo(fileName).absoluteFilePath() == m_fileName;
-    return !isOwn || !present.exists() || present == m_stamp ||
-           m_messages->askToOverwrite(displayName());
+    const FileStamp present = FileStamp::of(m_fileName);
+    // Without its folder nothing can be saved: the failure says so.
+    if (present == m_stamp || !m_stamp.exists() || !QFileInfo(m_fileName).dir().exists())
+        return {};
+    return present.exists()
+               ? tr("\"%1\" was changed by another program since it was opened or saved here.")
+                     .arg(displayName())
+               : tr("\"%1\" was removed or renamed by another program since it was opened or saved "
+                    "here.")
+                     .arg(displayName());
+}
+
+void DocumentController::checkFile()
+{
+    const QString change = m_isBusy ? QString() : changeByOthers();
+    const FileStamp present = FileStamp::of(m_fileName);
+    if (change.isEmpty() || (m_noticed == present && m_noticedFile == m_fileName))
+        return;
+    m_noticed = present;
+    m_noticedFile = m_fileName;
+    m_messages->showStatus(change);
+}
+
+void DocumentController::setBackups(int count)
+{
+    count = qBound(0, count, VxBackups::MaxCount);
+    if (m_backups == count)
+        return;
+    m_backups = count;
+    Q_EMIT backupsChanged();
 }
 
 bool DocumentController::openSample()

@@ -37,10 +37,22 @@ public:
     /// chooser are for motion files. False when it could not be read or the user cancelled.
     bool open(const QString &fileName, const VxMotionBuildOptions &options = {},
               const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
-    /// Writes the scene to a file, which becomes the document's. Asks before it replaces a file
-    /// written by another program since the document was opened or saved. False when nothing was
+    /// Writes the scene to a file, which becomes the document's, and keeps its former versions as
+    /// backups; a backup that cannot be made is reported, and the document saved without it. When
+    /// another program has changed, replaced or removed the document's file since it was opened or
+    /// saved, the user is asked first; without a window that is a failure. False when nothing was
     /// written. During a gesture the document still counts as changed afterwards.
     bool save(const QString &fileName);
+    /// Saves under a name that the user chooses; called when the user answers the question above
+    /// so. Returns true when the document was saved.
+    void setSaveAs(const std::function<bool()> &saveAs) { m_saveAs = saveAs; }
+    /// The number of former versions of a file that saving keeps, 0 to VxBackups::MaxCount;
+    /// initially VxBackups::DefaultCount. 0 makes no backups and leaves those that exist.
+    int backups() const { return m_backups; }
+    /// A number out of range becomes the nearest one.
+    void setBackups(int count);
+    /// Shows a notice, once a change, when another program has changed the document's file.
+    void checkFile();
     /// Replaces the scene by the shipped sample, as a document without a file.
     bool openSample();
     /// An empty scene without a file.
@@ -81,10 +93,12 @@ public:
 Q_SIGNALS:
     /// Another document is open, or the same one under another name.
     void documentChanged();
+    void backupsChanged();
 
 private:
     void setDocument(const QString &fileName, const QString &summary);
-    bool mayOverwrite(const QString &fileName) const;
+    QString changeByOthers() const;
+    bool write(const QString &fileName);
     void markSaved();
     bool enterMotion(VxMotionImport *import, const QString &fileName, const QString &title,
                      const VxImportChoices &choices, const ImportChooser &chooser,
@@ -97,7 +111,11 @@ private:
     const UserMessages *const m_messages;
     VxFileFormats m_formats;
     QString m_fileName;
-    FileStamp m_stamp; // of the document's file, as last read or written
+    FileStamp m_stamp;   // of the document's file, as last read or written
+    FileStamp m_noticed; // of the change by another program that was shown last
+    QString m_noticedFile;
+    std::function<bool()> m_saveAs;
+    int m_backups;
     QString m_summary;
     VxImportReport m_report;
     QString m_lastError;

@@ -4,7 +4,8 @@
 #include <QDateTime>
 #include <QString>
 
-/// Size and time of a file, to detect later whether another program has written it since.
+/// Size, time and identity of a file, to detect later whether another program has written, replaced
+/// or removed it since.
 struct FileStamp
 {
     /// Of the file at present; an empty stamp for a missing file.
@@ -13,12 +14,13 @@ struct FileStamp
     bool exists() const { return size >= 0; }
     bool operator==(const FileStamp &other) const
     {
-        return size == other.size && modified == other.modified;
+        return size == other.size && modified == other.modified && inode == other.inode;
     }
     bool operator!=(const FileStamp &other) const { return !(*this == other); }
 
     QDateTime modified;
-    qint64 size = -1; ///< bytes; -1 for a missing file
+    qint64 size = -1;  ///< bytes; -1 for a missing file
+    quint64 inode = 0; ///< the file system's number of the file
 };
 
 #endif

@@ -1,37 +1,113 @@
 #include "io/vxsafefile.h"
 
-#ifdef Q_OS_UNIX
+#include "io/vxfileexchange.h"
+#include "io/vxfiletext.h"
+
+#include <QFileInfo>
+#include <QRandomGenerator>
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace {
 
 constexpr int BufferBytes = 256 * 1024;
+constexpr int MaxAttempts = 100;
+
+/// "walk.vxscene.k3x9aq" beside "walk.vxscene".
+QString randomNameBeside(const QString &fileName)
+{
+    constexpr char Letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    QString name = fileName + QLatin1Char('.');
+    for (int i = 0; i < 6; ++i)
+        name += QLatin1Char(Letters[QRandomGenerator::global()->bounded(int(sizeof Letters) - 1)]);
+    return name;
+}
+
+/// Empty when the file may be replaced. The system lets an administrator write everything: a file
+/// without any permission to write is refused all the same.
+QString obstacle(const QString &fileName)
+{
+    struct stat status = {};
+    const QByteArray name = QFile::encodeName(fileName);
+    if (::stat(name.constData(), &status) != 0)
+        return {};
+    if (S_ISDIR(status.st_mode))
+        return VxFileText::tr("the name refers to a directory");
+    if (!S_ISREG(status.st_mode))
+        return VxFileText::tr("the name refers to a device or pipe");
+    constexpr auto AnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    return (status.st_mode & AnyWrite) == 0 || ::access(name.constData(), W_OK) != 0
+               ? VxFileText::tr("it is read-only")
+               : QString();
+}
 
 } // namespace
 
 VxSafeFile::VxSafeFile(const QString &fileName)
-    : m_file(fileName)
+    : m_name(VxFileExchange::targetOf(fileName))
 {
 }
 
-VxSafeFile::~VxSafeFile() = default;
+VxSafeFile::~VxSafeFile()
+{
+    if (m_file.isOpen())
+        m_file.remove();
+}
 
 bool VxSafeFile::start()
 {
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return fail(m_file.errorString());
+    if (m_name.isEmpty())
+        return fail(qt_error_string(ELOOP));
+    const QString reason = obstacle(m_name);
+    if (!reason.isEmpty())
+        return fail(reason);
+    if (!openBeside())
+        return false;
     m_buffer.reserve(BufferBytes);
     return open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 bool VxSafeFile::startPrivate()
 {
-    if (!start())
-        return false;
-    return m_file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-           fail(m_file.errorString());
+    m_isPrivate = true;
+    return start();
+}
+
+/** Others cannot read it before it has its permissions. */
+bool VxSafeFile::openBeside()
+{
+    const bool isNew = !QFileInfo::exists(m_name);
+    int handle = -1;
+    for (int i = 0; i < MaxAttempts && handle < 0; ++i) {
+        m_file.setFileName(randomNameBeside(m_name));
+        handle =
+            ::open(QFile::encodeName(m_file.fileName()).constData(),
+                   O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isNew && !m_isPrivate ? 0666 : 0600);
+        if (handle < 0 && errno != EEXIST)
+            break;
+    }
+    if (handle < 0)
+        return fail(qt_error_string(errno));
+    // The toolkit cannot create a file with permissions.
+    ::close(handle);
+    return m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || fail(m_file.errorString());
+}
+
+/** The group of the former file first: changing it may drop permissions. */
+bool VxSafeFile::applyPermissions()
+{
+    struct stat former = {};
+    if (m_isPrivate || ::stat(QFile::encodeName(m_name).constData(), &former) != 0)
+        return true;
+    mode_t mode = former.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    // The user's own group, where the former one cannot be given, may do no more than others.
+    if (::fchown(m_file.handle(), uid_t(-1), former.st_gid) != 0)
+        mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3);
+    // File systems without permissions refuse the change.
+    return ::fchmod(m_file.handle(), mode) == 0 || errno == EPERM || errno == ENOTSUP ||
+           fail(qt_error_string(errno));
 }
 
 bool VxSafeFile::flush()
@@ -41,13 +117,15 @@ bool VxSafeFile::flush()
 
 bool VxSafeFile::commit()
 {
-    const bool complete = flush();
+    const bool complete = passOnBuffer() && applyPermissions() && synchronize();
     close();
     if (!complete) {
-        m_file.cancelWriting();
+        m_file.remove();
         return false;
     }
-    return m_file.commit() || fail(m_file.errorString());
+    m_file.close();
+    QString reason;
+    return VxFileExchange::replace(m_file.fileName(), m_name, &reason) || fail(reason);
 }
 
 qint64 VxSafeFile::readData(char *, qint64)
@@ -90,11 +168,9 @@ bool VxSafeFile::passOn(const char *data, qint64 size)
 /** A network file system may report only now that a write failed. */
 bool VxSafeFile::synchronize()
 {
-#ifdef Q_OS_UNIX
     // Some kinds of files do not support it; that is no failure.
     if (::fsync(m_file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
         return fail(qt_error_string(errno));
-#endif
     return true;
 }
 

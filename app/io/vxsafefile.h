@@ -2,15 +2,16 @@
 #define VXIO_VXSAFEFILE_H
 
 #include <QByteArray>
+#include <QFile>
 #include <QIODevice>
-#include <QSaveFile>
 
-/// A file that replaces another one atomically.
+/// A file that replaces another one atomically: it is written beside it and put into its place when
+/// it is complete, see VxFileExchange. The first failure is stored with its reason and prevents
+/// that.
 ///
-/// The toolkit's safe file is committed although its last part did not fit on the disk: an error
-/// while closing flushes its buffer is ignored, and the former file is replaced by a truncated one.
-/// So the buffer is here, it is flushed straight to the system, and the first failure is stored
-/// with its reason and prevents the commit.
+/// The file keeps the permissions of the former one, and its group where the user may give it that
+/// one. A symbolic link stays, and the file that it leads to is replaced. A file that is read-only
+/// for the user, or that nobody may write, is refused.
 class VxSafeFile : public QIODevice
 {
 public:
@@ -41,12 +42,16 @@ protected:
     qint64 writeData(const char *data, qint64 size) override;
 
 private:
+    bool openBeside();
+    bool applyPermissions();
     bool passOn(const char *data, qint64 size);
     bool passOnBuffer();
     bool synchronize();
     bool fail(const QString &reason);
 
-    QSaveFile m_file;
+    const QString m_name; // the file to be replaced, which no link leads on
+    QFile m_file;         // the new one
+    bool m_isPrivate = false;
     QByteArray m_buffer;
     QString m_failure;
 };

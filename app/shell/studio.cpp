@@ -3,6 +3,7 @@
 #include "document/documentcontroller.h"
 #include "document/recentfiles.h"
 #include "document/scenesummary.h"
+#include "io/vxbackups.h"
 #include "pose/posescript.h"
 #include "preferences/animations.h"
 #include "preferences/appearance.h"
@@ -134,6 +135,8 @@ void Studio::Private::saveSettings()
     window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
     settings->getSettings(key("Recovery"))
         ->setIntValue(key("Minutes"), window->recovery()->autoSave()->minutes());
+    settings->getSettings(key("Saving"))
+        ->setIntValue(key("Backups"), window->document()->backups());
     window->getPaneMgr()->saveSettings();
     window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
     settingsStore.save(*settings, messages);
@@ -167,6 +170,9 @@ void Studio::Private::buildPanesAndActions()
         window->recovery()->autoSave()->setMinutes(
             recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
     }
+    if (const VxSettings *saving = settings->findSettings(key("Saving")))
+        window->document()->setBackups(
+            saving->getIntValue(key("Backups"), VxBackups::DefaultCount));
 }
 
 /** A manually edited file may give two commands one shortcut: reports it instead of dead keys. */
@@ -332,6 +338,8 @@ Studio::Studio(const CommandLine &commandLine)
     QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
                      [this] { d->saveSettings(); });
     QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
+                     [this] { d->saveSettings(); });
+    QObject::connect(d->window->document(), &DocumentController::backupsChanged, d->window.get(),
                      [this] { d->saveSettings(); });
     QObject::connect(d->window->recovery()->autoSave(), &AutoSave::minutesChanged, d->window.get(),
                      [this] { d->saveSettings(); });

@@ -87,6 +87,7 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     m_menus->addHistory(vxApp->getUndoStack());
     new HistoryStatus(vxApp->getUndoStack(), messages, this);
     m_recovery->setMayReplace([this] { return mayDiscard(); });
+    m_document->setSaveAs([this] { return saveWithDialog(); });
     connectMenus();
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);
@@ -341,6 +342,13 @@ void StudioWindow::closeEvent(QCloseEvent *event)
     // Saved, or discarded by the user; the copy is kept if the program ends in any other way.
     if (event->isAccepted())
         m_recovery->autoSave()->dropCopy();
+}
+
+bool StudioWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        m_document->checkFile();
+    return VxMainWindow::event(event);
 }
 
 /** Dock sizes take effect only once the window has its own. */

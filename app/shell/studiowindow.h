@@ -75,6 +75,7 @@ Q_SIGNALS:
     void shortcutsEdited();
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
     /// A dropped file is opened; a motion may be imported into the scene instead.

@@ -97,16 +97,19 @@ bool UserMessages::askToRevert(const QString &documentName) const
                QMessageBox::Cancel) == QMessageBox::Discard;
 }
 
-bool UserMessages::askToOverwrite(const QString &documentName) const
+UserMessages::Overwrite UserMessages::askToOverwrite(const QString &text) const
 {
-    if (isConsole())
-        return true;
-    const QString text =
-        StudioText::tr("\"%1\" was changed by another program since it was opened or saved "
-                       "here. Saving overwrites those changes.")
-            .arg(documentName);
-    return ask(QMessageBox::Warning, text, QMessageBox::Save | QMessageBox::Cancel,
-               QMessageBox::Cancel) == QMessageBox::Save;
+    QMessageBox box(QMessageBox::Warning, VxApp::getAppName(), text,
+                    QMessageBox::Save | QMessageBox::Cancel, m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Save)->setText(StudioText::tr("Save &Anyway"));
+    QPushButton *elsewhere = box.addButton(StudioText::tr("Save A&s..."), QMessageBox::AcceptRole);
+    elsewhere->setObjectName(QStringLiteral("SaveAsButton"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == elsewhere                       ? Overwrite::SaveAs
+           : box.clickedButton() == box.button(QMessageBox::Save) ? Overwrite::Save
+                                                                  : Overwrite::Cancel;
 }
 
 bool UserMessages::askToReplace(const QString &fileName) const

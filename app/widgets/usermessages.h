@@ -35,9 +35,10 @@ public:
     /// Asks whether to discard the changes since the last save; an unattended run does.
     bool askToRevert(const QString &documentName) const;
 
-    /// Asks whether to replace a document's file that another program has written; an unattended
-    /// run does.
-    bool askToOverwrite(const QString &documentName) const;
+    enum class Overwrite { Save, SaveAs, Cancel };
+    /// Asks whether to save although another program did something to the document's file, which
+    /// the text says. Only with a window.
+    Overwrite askToOverwrite(const QString &text) const;
     /// Asks whether to replace a file that was not chosen under its full name.
     bool askToReplace(const QString &fileName) const;
 

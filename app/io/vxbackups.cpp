@@ -1,0 +1,87 @@
+#include "io/vxbackups.h"
+
+#include "io/vxfileexchange.h"
+#include "io/vxfiletext.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool fail(QString *reason, const QString &fileName, const QString &text)
+{
+    *reason = QStringLiteral("%1: %2").arg(fileName, text);
+    return false;
+}
+
+} // namespace
+
+VxBackups::VxBackups(const QString &fileName, int count)
+    : m_file(VxFileExchange::targetOf(fileName))
+    , m_count(qBound(0, count, MaxCount))
+{
+}
+
+QString VxBackups::name(int number) const
+{
+    const QFileInfo file(m_file);
+    const QString suffix = file.suffix().isEmpty() ? QString() : QLatin1Char('.') + file.suffix();
+    return file.dir().filePath(
+        QStringLiteral("%1.bak%2%3").arg(file.completeBaseName(), QString::number(number), suffix));
+}
+
+bool VxBackups::isPresentFile(const QString &other) const
+{
+    struct stat a = {};
+    struct stat b = {};
+    return ::stat(QFile::encodeName(m_file).constData(), &a) == 0 &&
+           ::stat(QFile::encodeName(other).constData(), &b) == 0 && a.st_ino == b.st_ino &&
+           a.st_dev == b.st_dev;
+}
+
+bool VxBackups::preserve(QString *reason)
+{
+    m_hasPreserved = false;
+    if (m_count == 0 || !QFileInfo(m_file).isFile())
+        return true;
+    const QString zero = name(0);
+    // What an interrupted save left: the present file itself, or its former version.
+    if (isPresentFile(zero))
+        QFile::remove(zero);
+    else if (QFileInfo::exists(zero) && !rotate(reason))
+        return false;
+    if (::link(QFile::encodeName(m_file).constData(), QFile::encodeName(zero).constData()) == 0)
+        m_hasPreserved = true;
+    else
+        m_hasPreserved = VxFileExchange::copy(m_file, zero, reason) || fail(reason, zero, *reason);
+    return m_hasPreserved;
+}
+
+bool VxBackups::rotate(QString *reason) const
+{
+    if (!QFileInfo::exists(name(0)))
+        return true;
+    int free = 1;
+    while (free < m_count && QFileInfo::exists(name(free)))
+        ++free;
+    // No file is renamed over another one: some network folders refuse that.
+    if (QFileInfo::exists(name(free)) && !QFile::remove(name(free)))
+        return fail(reason, name(free), VxFileText::tr("The oldest backup cannot be removed"));
+    for (; free > 0; --free) {
+        if (std::rename(QFile::encodeName(name(free - 1)).constData(),
+                        QFile::encodeName(name(free)).constData()) != 0)
+            return fail(reason, name(free), qt_error_string(errno));
+    }
+    return true;
+}
+
+void VxBackups::drop() const
+{
+    if (m_hasPreserved)
+        QFile::remove(name(0));
+}

@@ -1,0 +1,36 @@
+#ifndef VXIO_VXFILEEXCHANGE_H
+#define VXIO_VXFILEEXCHANGE_H
+
+#include <QString>
+
+/// Puts a complete new file into the place of an existing one.
+///
+/// Normally that is one rename. Where renaming over an existing file is refused, as in some network
+/// folders, the files are exchanged in steps, and where nothing can be renamed, as with a file that
+/// is mounted by itself, the contents are copied. At every moment a complete file of the former or
+/// the new contents exists: under its own name, or under newName() or oldName() beside it.
+namespace VxFileExchange {
+
+/// Replaces `fileName` by `complete`, a file in the same folder whose contents are on the disk.
+/// False with the reason when that fails; `complete` is removed then, and the former file is in its
+/// place, or the reason says where it is.
+bool replace(const QString &complete, const QString &fileName, QString *reason);
+
+/// Finishes an exchange that was interrupted while no file had the name: the new file is put there,
+/// else the former one. False when there is nothing to do, or when it fails.
+bool finishInterrupted(const QString &fileName);
+
+/// What an interrupted exchange leaves beside a file: the complete new and the former file.
+QString newName(const QString &fileName);
+QString oldName(const QString &fileName);
+
+/// The file that a chain of symbolic links leads to, whether or not it exists; the name itself
+/// without a link. Empty for a circle.
+QString targetOf(const QString &fileName);
+
+/// Copies a file with its permissions, as a whole or not at all. An existing copy is replaced.
+bool copy(const QString &from, const QString &to, QString *reason);
+
+} // namespace VxFileExchange
+
+#endif
