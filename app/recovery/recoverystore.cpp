@@ -10,6 +10,8 @@
 #include <QLockFile>
 #include <QUuid>
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <map>
 #include <vxcore/vxsettings.h>
 
@@ -34,6 +36,16 @@ bool isOrphaned(const QLockFile &lock)
     if (!lock.getLockInfo(&pid, &host, &program))
         return true;
     return pid == QCoreApplication::applicationPid() && host == QSysInfo::machineHostName();
+}
+
+/// True for the lock of a process of this machine that has ended.
+bool isOfEndedProcess(const QLockFile &lock)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    return lock.getLockInfo(&pid, &host, &program) && host == QSysInfo::machineHostName() &&
+           ::kill(pid_t(pid), 0) != 0 && errno == ESRCH;
 }
 
 /// A folder that only its owner can enter, since copies can hold confidential documents. An
@@ -95,6 +107,10 @@ Lock RecoveryStore::Private::tryLock(const QString &id) const
     // Removal is verified by the system, which detects a program that still has the lock.
     if (lock->error() == QLockFile::LockFailedError && isOrphaned(*lock) &&
         lock->removeStaleLockFile() && lock->tryLock(0))
+        return lock;
+    // A network folder without locks: the toolkit cannot lock the file in order to remove it.
+    if (lock->error() == QLockFile::LockFailedError && isOfEndedProcess(*lock) &&
+        QFile::remove(path(id, ".lock")) && lock->tryLock(0))
         return lock;
     return nullptr;
 }

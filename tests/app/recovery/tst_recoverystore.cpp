@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <memory>
@@ -59,8 +60,17 @@ int countCopies(const QString &folder)
 class Child
 {
 public:
-    Child(const char *job, const QString &folder)
+    /// refusesLocks: in a folder of a network that has none.
+    Child(const char *job, const QString &folder, bool refusesLocks = false)
     {
+        if (refusesLocks) {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert("LD_PRELOAD",
+                               QStringLiteral(VX_BINARY_DIR "/tests/strangefolder.so"));
+            environment.insert("VX_FOLDER", folder);
+            environment.insert("VX_REFUSES", QStringLiteral("lock=%1").arg(ENOLCK));
+            m_process.setProcessEnvironment(environment);
+        }
         m_process.start(QCoreApplication::applicationFilePath(),
                         {QStringLiteral("--job"), QLatin1String(job), folder});
         if (!m_process.waitForReadyRead(20000))
@@ -94,6 +104,7 @@ private Q_SLOTS:
     void copiesAreReadableByTheOwnerOnly();
     void aLivingProgramKeepsItsCopy();
     void aCopyIsOfferedByOneProgramOnly();
+    void foldersWithoutLocks();
     void aKilledProgramLeavesAWholeCopy();
     void ownCopyIsNotOffered();
     void aProgramThatEndsLeavesItsCopy();
@@ -227,6 +238,24 @@ void tst_RecoveryStore::aCopyIsOfferedByOneProgramOnly()
     }
     RecoveryStore later(folder());
     QCOMPARE(later.claim().size(), 1);
+}
+
+/// Of a living program no copy is offered, that of a killed one is.
+void tst_RecoveryStore::foldersWithoutLocks()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer must be the first library that is loaded");
+#endif
+    Child keeper("keep", folder(), true);
+    {
+        Child first("count", folder(), true);
+        QCOMPARE(first.firstLine(), QByteArray("0"));
+    }
+    keeper.kill();
+    Child second("count", folder(), true);
+    QCOMPARE(second.firstLine(), QByteArray("1"));
+    Child third("count", folder(), true);
+    QCOMPARE(third.firstLine(), QByteArray("0"));
 }
 
 void tst_RecoveryStore::aKilledProgramLeavesAWholeCopy()

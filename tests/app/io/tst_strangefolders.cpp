@@ -1,0 +1,322 @@
+// Saving in folders where files cannot be renamed over others, linked or locked, and with an
+// operation that fails or a program that is killed at every step: a complete document is always
+// there.
+
+#include "document/documentcontroller.h"
+#include "io/vxfileexchange.h"
+#include "io/vxscenereader.h"
+#include "io/vxscenewriter.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "walksample.h"
+#include "widgets/usermessages.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
+
+namespace {
+
+constexpr VxTime OldStep = 160;
+constexpr VxTime NewStep = 320;
+constexpr int Backups = 2;
+constexpr int MostSteps = 20; // no save has as many operations
+
+bool saveWithStep(const QString &fileName, VxTime step, QString *message)
+{
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages);
+    document.setBackups(Backups);
+    WalkSample::build(&scene);
+    scene.setTimeStep(step);
+    const bool done = document.save(fileName);
+    *message = document.lastError();
+    return done;
+}
+
+/// The step in a complete document; -1 for a missing or damaged file.
+VxTime stepIn(const QString &fileName)
+{
+    VxSceneContents contents;
+    VxFileError error;
+    return VxSceneReader().readFile(fileName, &contents, &error) ? contents.timeStep : -1;
+}
+
+struct Run
+{
+    bool killed = false;
+    bool done = false;
+    QString message;
+};
+
+/// Saves in a program of its own that the shim gives its folder.
+Run save(const QString &fileName, const QString &refuses, const char *setting = nullptr, int at = 0)
+{
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", QStringLiteral(VX_BINARY_DIR "/tests/strangefolder.so"));
+    environment.insert("VX_FOLDER", QFileInfo(fileName).absolutePath());
+    environment.insert("VX_REFUSES", refuses);
+    if (setting)
+        environment.insert(QLatin1String(setting), QString::number(at));
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(), {"--save", fileName});
+    if (!child.waitForFinished(20000))
+        qFatal("the child does not end");
+    return {child.exitStatus() == QProcess::CrashExit, child.exitCode() == 0,
+            QString::fromLocal8Bit(child.readAllStandardError())};
+}
+
+QStringList filesIn(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::Files, QDir::Name);
+}
+
+} // namespace
+
+class tst_StrangeFolders : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+
+    void savesInFoldersThatRefuse_data();
+    void savesInFoldersThatRefuse();
+    void aStepThatFails_data() { savesInFoldersThatRefuse_data(); }
+    void aStepThatFails();
+    void killedAtAStep_data() { savesInFoldersThatRefuse_data(); }
+    void killedAtAStep();
+    void interruptedSavesAreCompleted_data();
+    void interruptedSavesAreCompleted();
+    void permissionsAreKept_data();
+    void permissionsAreKept();
+    void linksStay();
+    void circlesOfLinksAreRefused();
+    void readOnlyFilesAreRefused();
+
+private:
+    QStringList states() const;
+
+    const VxWarningGuard m_guard;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+void tst_StrangeFolders::init()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer must be the first library that is loaded");
+#endif
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_file = m_folder->filePath("walk.vxscene");
+    QString message;
+    QVERIFY(saveWithStep(m_file, OldStep, &message));
+}
+
+void tst_StrangeFolders::savesInFoldersThatRefuse_data()
+{
+    QTest::addColumn<QString>("refuses");
+    QTest::newRow("nothing") << "";
+    QTest::newRow("to rename over a file") << QString("over=%1").arg(EEXIST);
+    QTest::newRow("to rename over a file, and hard links")
+        << QString("over=%1 link=%2").arg(EPERM).arg(EPERM);
+    QTest::newRow("to rename a file onto itself, and locks")
+        << QString("over=%1 lock=%2").arg(EACCES).arg(ENOLCK);
+    QTest::newRow("to rename any file") << QString("rename=%1").arg(EXDEV);
+    QTest::newRow("to rename any file, and hard links")
+        << QString("rename=%1 link=%2").arg(EPERM).arg(EOPNOTSUPP);
+}
+
+void tst_StrangeFolders::savesInFoldersThatRefuse()
+{
+    QFETCH(QString, refuses);
+    const bool renames = !refuses.contains("rename=");
+    const Run run = save(m_file, refuses);
+    QVERIFY2(run.done, qPrintable(run.message));
+    QCOMPARE(stepIn(m_file), NewStep);
+    // Where nothing can be renamed the only backup is the one preserved first.
+    const QString backup = renames ? "walk.bak1.vxscene" : "walk.bak0.vxscene";
+    if (renames || !refuses.contains("link="))
+        QCOMPARE(filesIn(m_folder->path()), QStringList({backup, "walk.vxscene"}));
+}
+
+/// Empty when a complete document is under its name and nothing incomplete under any other.
+QStringList tst_StrangeFolders::states() const
+{
+    QStringList faults;
+    VxFileExchange::finishInterrupted(m_file);
+    const VxTime step = stepIn(m_file);
+    const VxTime former = stepIn(VxFileExchange::oldName(m_file));
+    if (step != OldStep && step != NewStep && former != OldStep)
+        faults.append("no complete document");
+    for (int number = 1; number <= Backups; ++number) {
+        const QString backup = m_folder->filePath(QString("walk.bak%1.vxscene").arg(number));
+        if (QFile::exists(backup) && stepIn(backup) < 0)
+            faults.append(backup);
+    }
+    return faults;
+}
+
+void tst_StrangeFolders::aStepThatFails()
+{
+    QFETCH(QString, refuses);
+    int failures = 0;
+    for (int step = 1; step <= MostSteps; ++step) {
+        init();
+        const Run run = save(m_file, refuses, "VX_FAILS_AT", step);
+        QVERIFY(!run.killed);
+        const QString place = QString("step %1: %2").arg(step).arg(run.message);
+        QVERIFY2(states().isEmpty(), qPrintable(place + states().join(' ')));
+        // What is said is true.
+        const VxTime found = stepIn(m_file);
+        const bool isNamed = run.message.contains(VxFileExchange::oldName(m_file));
+        QVERIFY2(run.done ? found == NewStep : found == OldStep || isNamed, qPrintable(place));
+        QVERIFY2(run.done || run.message.contains(m_file), qPrintable(place));
+        failures += !run.done;
+    }
+    QVERIFY2(failures >= 2, qPrintable(QString::number(failures)));
+}
+
+void tst_StrangeFolders::killedAtAStep()
+{
+    QFETCH(QString, refuses);
+    int kills = 0;
+    for (int step = 1; step <= MostSteps; ++step) {
+        init();
+        const Run run = save(m_file, refuses, "VX_KILLED_AT", step);
+        QVERIFY2(states().isEmpty(),
+                 qPrintable(QString("step %1: %2").arg(step).arg(states().join(' '))));
+        if (!run.killed)
+            break;
+        ++kills;
+        // The next save works and clears up.
+        QString message;
+        QVERIFY2(saveWithStep(m_file, NewStep, &message), qPrintable(message));
+        QCOMPARE(stepIn(m_file), NewStep);
+        QVERIFY(!QFile::exists(m_folder->filePath("walk.bak0.vxscene")));
+        QVERIFY(step < MostSteps);
+    }
+    QVERIFY2(kills >= 4, qPrintable(QString::number(kills)));
+}
+
+void tst_StrangeFolders::interruptedSavesAreCompleted_data()
+{
+    QTest::addColumn<bool>("hasNew");
+    QTest::addColumn<VxTime>("step");
+    QTest::newRow("with the new file") << true << NewStep;
+    QTest::newRow("without it") << false << OldStep;
+}
+
+/// Opening the document finishes what a killed program has begun, and says so.
+void tst_StrangeFolders::interruptedSavesAreCompleted()
+{
+    QFETCH(bool, hasNew);
+    QFETCH(VxTime, step);
+    QString message;
+    QVERIFY(QFile::rename(m_file, VxFileExchange::oldName(m_file)));
+    if (hasNew) {
+        const QString next = m_folder->filePath("next.vxscene");
+        QVERIFY(saveWithStep(next, NewStep, &message));
+        QVERIFY(QFile::rename(next, VxFileExchange::newName(m_file)));
+    }
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages);
+    QVERIFY2(document.open(m_file), qPrintable(document.lastError()));
+    QCOMPARE(scene.getTimeStep(), step);
+    QVERIFY2(document.summary().contains("interrupted"), qPrintable(document.summary()));
+    QCOMPARE(filesIn(m_folder->path()), QStringList{"walk.vxscene"});
+}
+
+void tst_StrangeFolders::permissionsAreKept_data()
+{
+    QTest::addColumn<QString>("refuses");
+    QTest::addColumn<int>("mode");
+    for (const int mode : {0600, 0640, 0664, 0666, 0755}) {
+        QTest::addRow("%o", mode) << QString() << mode;
+        QTest::addRow("%o, in steps", mode) << QString("over=%1").arg(EEXIST) << mode;
+        QTest::addRow("%o, in place", mode) << QString("rename=%1").arg(EPERM) << mode;
+    }
+}
+
+void tst_StrangeFolders::permissionsAreKept()
+{
+    QFETCH(QString, refuses);
+    QFETCH(int, mode);
+    const QByteArray name = QFile::encodeName(m_file);
+    QVERIFY(::chmod(name.constData(), mode_t(mode)) == 0);
+    constexpr gid_t OtherGroup = 12345;
+    const bool hasOtherGroup = ::chown(name.constData(), uid_t(-1), OtherGroup) == 0;
+    const Run run = save(m_file, refuses);
+    QVERIFY2(run.done, qPrintable(run.message));
+    QCOMPARE(stepIn(m_file), NewStep);
+    struct stat status = {};
+    QVERIFY(::stat(name.constData(), &status) == 0);
+    QCOMPARE(int(status.st_mode & 0777), mode);
+    if (hasOtherGroup) // only an administrator can give it
+        QCOMPARE(status.st_gid, OtherGroup);
+}
+
+void tst_StrangeFolders::linksStay()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir("elsewhere"));
+    const QString target = m_folder->filePath("elsewhere/real.vxscene");
+    QVERIFY(QFile::rename(m_file, target));
+    QVERIFY(QFile::link("elsewhere/second.vxscene", m_file));
+    QVERIFY(QFile::link("real.vxscene", m_folder->filePath("elsewhere/second.vxscene")));
+    for (const QString &refuses : {QString(), QString("over=%1").arg(EEXIST)}) {
+        QString message;
+        QVERIFY(saveWithStep(target, OldStep, &message));
+        const Run run = save(m_file, refuses);
+        QVERIFY2(run.done, qPrintable(run.message));
+        QVERIFY(QFileInfo(m_file).isSymLink());
+        QVERIFY(QFileInfo(m_folder->filePath("elsewhere/second.vxscene")).isSymLink());
+        QVERIFY(!QFileInfo(target).isSymLink());
+        QCOMPARE(stepIn(target), NewStep);
+    }
+}
+
+void tst_StrangeFolders::circlesOfLinksAreRefused()
+{
+    QVERIFY(QFile::remove(m_file));
+    QVERIFY(QFile::link("b.vxscene", m_file));
+    QVERIFY(QFile::link("walk.vxscene", m_folder->filePath("b.vxscene")));
+    const Run run = save(m_file, QString());
+    QVERIFY(!run.done);
+    QVERIFY2(run.message.contains("Too many levels of symbolic links"), qPrintable(run.message));
+}
+
+void tst_StrangeFolders::readOnlyFilesAreRefused()
+{
+    QVERIFY(::chmod(QFile::encodeName(m_file).constData(), 0444) == 0);
+    const Run run = save(m_file, QString());
+    QVERIFY(!run.done);
+    QVERIFY2(run.message.startsWith(m_file) && run.message.contains("read-only"),
+             qPrintable(run.message));
+    QCOMPARE(stepIn(m_file), OldStep);
+    QCOMPARE(filesIn(m_folder->path()), QStringList{"walk.vxscene"});
+}
+
+static int runStrangeFolders(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.value(1) == QLatin1String("--save")) {
+        QString message;
+        return saveWithStep(arguments.value(2), NewStep, &message) ? 0 : 1;
+    }
+    tst_StrangeFolders test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+VX_TEST_UNIT(&runStrangeFolders)
+#include "tst_strangefolders.moc"
