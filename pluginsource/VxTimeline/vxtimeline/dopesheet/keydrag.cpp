@@ -78,7 +78,9 @@ bool Moved::moveTo(qint64 offset, VxCollision rule)
         {indexes.constData(), targets.data(), indexes.size(), origins.constData()}, rule);
     if (planned.empty())
         return false;
-    const QVector<VxTime> times(planned.cbegin(), planned.cend());
+    // Its constructor from a range appends value by value.
+    QVector<VxTime> times(int(planned.size()));
+    std::copy(planned.cbegin(), planned.cend(), times.begin());
     if (times != placed && !property->moveKeys(indexes, times))
         return false;
     placed = times;
