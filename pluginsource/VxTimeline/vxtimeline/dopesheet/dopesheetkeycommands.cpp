@@ -61,7 +61,7 @@ bool DopeSheetKeyCommands::paste()
             item->invalidateKeys();
         });
     }
-    m_selection->updateCommonTcb();
+    m_selection->invalidateCommonTcb();
     return pasted;
 }
 
@@ -72,7 +72,7 @@ void DopeSheetKeyCommands::remove()
         for (const SelectedKeys &keys : m_selection->collect())
             keys.property->deleteKeys(keys.indexes);
     }
-    m_selection->updateCommonTcb();
+    m_selection->invalidateCommonTcb();
 }
 
 void DopeSheetKeyCommands::setType(int type)
@@ -84,7 +84,7 @@ void DopeSheetKeyCommands::setType(int type)
                 property->setKeyTypes(keys.indexes, type);
         }
     }
-    m_selection->updateCommonTcb();
+    m_selection->invalidateCommonTcb();
 }
 
 void DopeSheetKeyCommands::setTcb(float tension, float continuity, float bias)
@@ -99,7 +99,7 @@ void DopeSheetKeyCommands::setTcb(float tension, float continuity, float bias)
                 property->setKeyInterpolations(tcbKeys(property, keys.indexes), shape);
         }
     }
-    m_selection->updateCommonTcb();
+    m_selection->invalidateCommonTcb();
 }
 
 // A row shows the keys of all rows below it, so root rows have every key.

@@ -33,21 +33,20 @@ int equalRun(const VxTime *a, const VxTime *b, int most)
     return run;
 }
 
-// Copies flags between keys at equal times. Few times differ as a rule, so equal runs are copied
-// as blocks.
-void carryFlags(const DopeSheetKeys &from, quint8 *flags, const DopeSheetKeys *to)
+// Copies flags to the keys at equal times. Few times differ as a rule, so equal runs are copied as
+// blocks.
+void carryFlags(const DopeSheetKeys &from, const VxTime *fresh, int freshCount, quint8 *flags)
 {
     const VxTime *old = from.times.constData();
-    const VxTime *fresh = to->times.constData();
     const quint8 *oldFlags = from.flags.constData();
     int i = 0;
     int j = 0;
-    while (i < from.count() && j < to->count()) {
-        const int run = equalRun(old + i, fresh + j, std::min(from.count() - i, to->count() - j));
+    while (i < from.count() && j < freshCount) {
+        const int run = equalRun(old + i, fresh + j, std::min(from.count() - i, freshCount - j));
         std::copy_n(oldFlags + i, run, flags + j);
         i += run;
         j += run;
-        if (i == from.count() || j == to->count())
+        if (i == from.count() || j == freshCount)
             break;
         const bool oldIsEarlier = old[i] < fresh[j];
         i += int(oldIsEarlier);
@@ -66,16 +65,14 @@ void DopeSheetKeys::takeTimes(const VxTime *fresh, int freshCount)
 {
     if (freshCount == count() && areEqual(times.constData(), fresh, freshCount))
         return;
-    const DopeSheetKeys old = *this;
-    times = QVector<VxTime>(freshCount);
-    std::copy_n(fresh, freshCount, times.data());
-    flags.clear();
-    selectedCount = 0;
-    if (old.selectedCount == 0)
-        return;
-    carryFlags(old, flagsToWrite(), this);
-    selectedCount = countSelected(flags.constData(), freshCount);
-    dropFlagsOfNone();
+    if (selectedCount > 0) {
+        QVector<quint8> carried(freshCount);
+        carryFlags(*this, fresh, freshCount, carried.data());
+        flags = carried;
+        selectedCount = countSelected(flags.constData(), freshCount);
+        dropFlagsOfNone();
+    }
+    replaceTimes(fresh, freshCount);
 }
 
 // Outgrown buffers are kept: rows may still read them.
@@ -93,7 +90,7 @@ const quint8 *DopeSheetKeys::noFlags(int flagCount)
 quint8 *DopeSheetKeys::flagsToWrite()
 {
     if (flags.isEmpty())
-        flags = QVector<quint8>(count(), 0);
+        flags = QVector<quint8>(count());
     return flags.data();
 }
 

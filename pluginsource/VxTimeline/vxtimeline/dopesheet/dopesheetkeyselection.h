@@ -40,9 +40,8 @@ public:
 
     // By property, in the order of the rows; only keys in rows that the filter shows.
     std::vector<SelectedKeys> collect() const;
-    // The common values of the selected TCB keys.
+    // The common values of the selected TCB keys, computed on demand after invalidateCommonTcb().
     const CommonTcb &commonTcb();
-    void updateCommonTcb();
 
     // Sends to the key graph: that everything is deselected; the selection of a row; of all rows
     // with selected keys.
@@ -62,7 +61,7 @@ public:
     // not; and for all of them.
     void visitShown(const Operation &visit) const;
     void visitAll(const Operation &visit) const;
-    // Call after the flags of rows were changed from outside.
+    // Call after keys, or the flags of rows, were changed from outside.
     void invalidateCommonTcb() { m_commonTcbStale = true; }
 
     // The selected keys, to be restored in the rows of another model.
@@ -77,6 +76,7 @@ public:
 private:
     void selectKeys(VxDopeSheetItem *item, bool select, VxTime start, VxTime end);
     void applyMessage(const VxKeyMessage &message) const;
+    void updateCommonTcb();
     template <typename Visit> void visitSelected(const Visit &visit) const;
 
     VxDopeSheetView *m_view;

@@ -54,7 +54,7 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     connect(vxScene, &VxScene::timeChanged, this, &VxDopeSheetView::timeChanged);
     connect(vxApp, &VxApp::starting, this, &VxDopeSheetView::handleAppStarting);
     connect(vxApp->getUndoStack(), &VxUndoStack::indexChanged, this,
-            [this] { d->keys.updateCommonTcb(); });
+            [this] { d->keys.invalidateCommonTcb(); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex &row) { d->treeState.handleCollapsed(row); });
     d->guard = new VxGestureGuard(viewport());
@@ -79,7 +79,7 @@ void VxDopeSheetView::setModel(QAbstractItemModel *newModel)
         return;
     d->manyChanges.reset();
     QTreeView::setModel(newModel);
-    d->keys.updateCommonTcb();
+    d->keys.invalidateCommonTcb();
     if (!newModel)
         return;
     const std::unique_ptr<QItemSelectionModel> plain(selectionModel());

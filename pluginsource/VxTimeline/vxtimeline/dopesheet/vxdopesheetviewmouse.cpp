@@ -52,7 +52,7 @@ void VxDopeSheetView::Private::selectKeys(const QModelIndex &first, const QModel
                                           bool select, VxTime start, VxTime end)
 {
     keys.select(first, last, select, start, end);
-    keys.updateCommonTcb();
+    keys.invalidateCommonTcb();
     Q_EMIT view->keySelectionChanged();
 }
 
