@@ -4,6 +4,7 @@
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QStandardItemModel>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QToolTip>
 #include <QtWidgets/QTreeView>
