@@ -31,6 +31,22 @@ QString titleOf(const QString &path)
     return path.isEmpty() ? DocumentController::tr("Untitled") : nameOf(path);
 }
 
+/// Where former versions of a document are that cannot be opened; empty when there are none.
+QString formerVersions(const QString &fileName)
+{
+    const QString former = VxFileExchange::oldName(VxFileExchange::targetOf(fileName));
+    const QString backup = VxBackups(fileName, 1).name(1);
+    QString text;
+    if (QFileInfo::exists(former))
+        text +=
+            QLatin1Char(' ') +
+            DocumentController::tr("A save was interrupted; the former file is %1.").arg(former);
+    if (QFileInfo::exists(backup))
+        text += QLatin1Char(' ') +
+                DocumentController::tr("The version before the last save is %1.").arg(backup);
+    return text;
+}
+
 } // namespace
 
 DocumentController::DocumentController(VxScene *scene, VxUndoStack *undoStack,
@@ -64,10 +80,8 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
         isMotion ? enterMotion(&import, fileName, tr("Opening %1..."), choices, chooser, &error)
                  : readScene(fileName, &summary, &error);
     if (!isRead) {
-        const QString former = VxFileExchange::oldName(fileName);
-        if (!error.cancelled && QFileInfo::exists(former))
-            error.message +=
-                QLatin1Char(' ') + tr("A save was interrupted; the former file is %1.").arg(former);
+        if (!error.cancelled && !isMotion)
+            error.message += formerVersions(fileName);
         return report(error, tr("Opening was cancelled."));
     }
     if (isFinished)

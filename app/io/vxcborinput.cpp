@@ -16,18 +16,32 @@ constexpr int MaxShownName = 60;
 } // namespace
 
 VxCborInput::VxCborInput(const QByteArray &bytes)
-    : m_reader(bytes)
+    : m_bytes(bytes)
+    , m_reader(bytes)
     , m_size(bytes.size())
 {
 }
 
 bool VxCborInput::fail(const QString &message)
 {
+    return failAt(m_reader.currentOffset(), message);
+}
+
+bool VxCborInput::failAt(qint64 offset, const QString &message)
+{
     if (!failed()) {
         m_error.message = message;
-        m_error.offset = m_reader.currentOffset();
+        m_error.offset = offset;
     }
     return false;
+}
+
+void VxCborInput::Names::add(const QString &name)
+{
+    const int count = seen.size();
+    seen.insert(name);
+    if (seen.size() > count)
+        names.append(name);
 }
 
 bool VxCborInput::expect(bool matches, const char *what)
@@ -60,12 +74,26 @@ template <class Step> void VxCborInput::container(const Step &step)
     --m_depth;
 }
 
-void VxCborInput::map(const std::function<bool(const QString &)> &member)
+void VxCborInput::skipUnknown(const QString &name, qint64 begin, QByteArray *kept)
+{
+    skip();
+    m_unknown.add(name);
+    const qint64 size = m_reader.currentOffset() - begin;
+    if (kept && m_keptBytes + size <= MaxKeptBytes) {
+        kept->append(m_bytes.constData() + begin, int(size));
+        m_keptBytes += size;
+    } else {
+        m_dropped.add(name);
+    }
+}
+
+void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteArray *kept)
 {
     if (!expect(m_reader.isMap(), "a map"))
         return;
     QSet<QString> names;
     container([&] {
+        const qint64 begin = offset();
         const QString name = text();
         if (failed())
             return;
@@ -75,13 +103,8 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member)
             fail(VxFileText::tr("The member \"%1\" occurs twice.").arg(name.left(MaxShownName)));
             return;
         }
-        if (member(name))
-            return;
-        skip();
-        const int unknown = m_unknownNames.size();
-        m_unknownNames.insert(name);
-        if (m_unknownNames.size() > unknown)
-            m_unknown.append(name);
+        if (!member(name))
+            skipUnknown(name, begin, kept);
     });
 }
 

@@ -15,6 +15,9 @@
 class VxCborInput
 {
 public:
+    /// The size up to which unknown members are kept.
+    static constexpr qint64 MaxKeptBytes = 16 << 20;
+
     /// The bytes are borrowed.
     explicit VxCborInput(const QByteArray &bytes);
 
@@ -22,12 +25,16 @@ public:
     const VxFileError &error() const { return m_error; }
     /// Stores a failure at the present offset; the first one counts. Returns false.
     bool fail(const QString &message);
+    /// The same at another offset.
+    bool failAt(qint64 offset, const QString &message);
 
     /// Reads the map at the present offset and calls `member` for each of its members. The callback
     /// reads the value and returns true, or returns false without reading for an unknown name: the
-    /// value is then skipped, and the name added to unknownMembers(). A duplicate name in one map
-    /// is a failure.
-    void map(const std::function<bool(const QString &)> &member);
+    /// value is then skipped, and the name added to unknownMembers(). Names and values of unknown
+    /// members are appended to `kept` as they are in the stream, up to MaxKeptBytes in all; without
+    /// `kept`, and beyond, the name is added to droppedMembers(). A duplicate name in one map is a
+    /// failure.
+    void map(const std::function<bool(const QString &)> &member, QByteArray *kept = nullptr);
     /// Calls `element` for each element of the array at the present offset; it must read it.
     void array(const std::function<void()> &element);
 
@@ -47,22 +54,36 @@ public:
     QByteArray bytes(quint64 tag, int unit);
 
     /// Names that were skipped, each once, in the order of the file.
-    const QStringList &unknownMembers() const { return m_unknown; }
+    const QStringList &unknownMembers() const { return m_unknown.names; }
+    /// Those that were skipped at least once without being kept.
+    const QStringList &droppedMembers() const { return m_dropped.names; }
     qint64 offset() const { return m_reader.currentOffset(); }
     qint64 size() const { return m_size; }
 
 private:
+    /// Names, each once.
+    struct Names
+    {
+        QStringList names;
+        QSet<QString> seen;
+
+        void add(const QString &name);
+    };
+
     bool expect(bool matches, const char *what);
     void skip();
+    void skipUnknown(const QString &name, qint64 begin, QByteArray *kept);
     template <class Step> void container(const Step &step);
     template <class Step> void fixedArray(int count, const Step &step);
 
+    const QByteArray m_bytes;
     QCborStreamReader m_reader;
     qint64 m_size;
     int m_depth = 0;
     VxFileError m_error;
-    QStringList m_unknown;
-    QSet<QString> m_unknownNames;
+    Names m_unknown;
+    Names m_dropped;
+    qint64 m_keptBytes = 0;
 };
 
 #endif

@@ -9,7 +9,8 @@
 /// that millions of keys are read and written as a few blocks of memory. Nodes are in the order of
 /// the hierarchy, have an identifier, and name their parent by index; properties are numbered
 /// through the file in the order of their appearance, and aliases, overriding controls and links
-/// refer to those numbers. A reader skips unknown members and reports them.
+/// refer to those numbers. A reader skips unknown members, reports them and keeps them for a save.
+/// docs/format.md describes every member; a test compares it with what is written.
 namespace VxSceneFile {
 
 /// To be increased when older readers cannot read a new kind of file.
@@ -20,6 +21,9 @@ constexpr char Format[] = "vxscene";
 constexpr quint64 TagUint8 = 64;
 constexpr quint64 TagInt32 = 78;
 constexpr quint64 TagFloat32 = 85;
+
+/// The checksum of a column: CRC-32 of its bytes, as in ISO 3309.
+quint32 checksum(const void *bytes, qint64 size);
 
 /// The names of VxTimeDisplay::Unit, in its order.
 constexpr const char *TimeUnits[] = {"frames", "seconds", "ticks", "timecode"};

@@ -19,6 +19,21 @@ QString shownNames(const QStringList &names)
     return shown.join(QStringLiteral(", "));
 }
 
+/// What the file has from a later version of the program, and whether saving keeps it.
+QString unknownText(const VxSceneContents &contents)
+{
+    if (contents.unknownMembers.isEmpty())
+        return {};
+    const QString names = shownNames(contents.unknownMembers);
+    if (contents.droppedMembers.isEmpty())
+        return VxFileText::tr("The file contains data that this version does not support: %1. "
+                              "Saving keeps it.")
+            .arg(names);
+    return VxFileText::tr("The file contains data that this version does not support: %1. "
+                          "Saving loses: %2.")
+        .arg(names, shownNames(contents.droppedMembers));
+}
+
 bool readScene(const QString &fileName, VxScene *scene, const VxFileProgress &progress,
                QString *summary, VxFileError *error)
 {
@@ -27,13 +42,10 @@ bool readScene(const QString &fileName, VxScene *scene, const VxFileProgress &pr
     VxSceneContents contents;
     if (!reader.readFile(fileName, &contents, error))
         return false;
-    const QStringList unknown = contents.unknownMembers;
+    const QString unknown = unknownText(contents);
     VxSceneReader::install(std::move(contents), scene);
     if (!unknown.isEmpty())
-        *summary =
-            VxFileText::tr(
-                "The file contains data that this version does not support; it was ignored: %1.")
-                .arg(shownNames(unknown));
+        *summary = unknown;
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "io/vxcborinput.h"
 #include "io/vxfiletext.h"
+#include "io/vxkeptmembers.h"
 #include "io/vxscenefile.h"
 
 #include <limits>
@@ -31,24 +32,45 @@ struct VxScenePropertyReader::Record
     std::optional<double> value; // absent: the default
     float sensitivity = 1;
     double limits[2] = {0, 0};
-    QByteArray times, values, types, tcb;
+    struct Column
+    {
+        QByteArray bytes;
+        qint64 offset = 0;              // in the file
+        std::optional<qint64> checksum; // absent in older files
+    };
+    Column times, values, types, tcb;
+    QByteArray kept;
     QVector<Reference> references;
+
+    Column *column(const QString &name);
 
     bool isFloat() const { return kind == QLatin1String("float"); }
     bool isBool() const { return kind == QLatin1String("bool"); }
     bool isInt() const { return kind == QLatin1String("int") || isBool(); }
     double storedValue() const { return value.value_or(defaultValue); }
     bool isString() const { return kind == QLatin1String("string"); }
-    int numKeys() const { return times.size() / int(sizeof(VxTime)); }
+    int numKeys() const { return times.bytes.size() / int(sizeof(VxTime)); }
 };
+
+/** Null for an unknown name. */
+VxScenePropertyReader::Record::Column *VxScenePropertyReader::Record::column(const QString &member)
+{
+    return member == QLatin1String("times")    ? &times
+           : member == QLatin1String("values") ? &values
+           : member == QLatin1String("types")  ? &types
+           : member == QLatin1String("tcb")    ? &tcb
+                                               : nullptr;
+}
 
 void VxScenePropertyReader::read(VxElement *element)
 {
     Record record;
-    m_input->map([&](const QString &name) {
-        return readMember(name, record) || readReference(name, record);
-    });
-    if (m_input->failed())
+    m_input->map(
+        [&](const QString &name) {
+            return readMember(name, record) || readReference(name, record);
+        },
+        &record.kept);
+    if (m_input->failed() || !checkColumns(element, record))
         return;
     if (!record.isFloat() && !record.isInt() && !record.isString())
         m_input->fail(VxFileText::tr("The property \"%1\" has an unknown kind.").arg(record.name));
@@ -159,26 +181,63 @@ bool VxScenePropertyReader::readReference(const QString &name, Record &record)
 void VxScenePropertyReader::readKeys(Record &record)
 {
     const quint64 valueTag = record.isFloat() ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32;
+    const auto unitOf = [valueTag](const Record &owner, const Record::Column *column) {
+        return column == &owner.times    ? std::pair(VxSceneFile::TagInt32, 4)
+               : column == &owner.values ? std::pair(valueTag, 4)
+               : column == &owner.types  ? std::pair(VxSceneFile::TagUint8, 1)
+                                         : std::pair(VxSceneFile::TagFloat32, int(sizeof(VxTcb)));
+    };
     m_input->map([&](const QString &name) {
-        if (name == QLatin1String("times"))
-            record.times = m_input->bytes(VxSceneFile::TagInt32, 4);
-        else if (name == QLatin1String("values"))
-            record.values = m_input->bytes(valueTag, 4);
-        else if (name == QLatin1String("types"))
-            record.types = m_input->bytes(VxSceneFile::TagUint8, 1);
-        else if (name == QLatin1String("tcb"))
-            record.tcb = m_input->bytes(VxSceneFile::TagFloat32, int(sizeof(VxTcb)));
-        else
+        if (name == QLatin1String("crc32")) {
+            readChecksums(record);
+            return true;
+        }
+        Record::Column *column = record.column(name);
+        if (!column)
             return false;
+        const auto [tag, unit] = unitOf(record, column);
+        column->offset = m_input->offset();
+        column->bytes = m_input->bytes(tag, unit);
         return true;
     });
+}
+
+void VxScenePropertyReader::readChecksums(Record &record)
+{
+    m_input->map([&](const QString &name) {
+        Record::Column *column = record.column(name);
+        if (column)
+            column->checksum = m_input->integer(0, std::numeric_limits<quint32>::max());
+        return column != nullptr;
+    });
+}
+
+/** Before the values are used: a damaged column is named as one, whatever its numbers are. */
+bool VxScenePropertyReader::checkColumns(const VxElement *element, const Record &record)
+{
+    const std::pair<const char *, const Record::Column *> columns[] = {{"times", &record.times},
+                                                                       {"values", &record.values},
+                                                                       {"types", &record.types},
+                                                                       {"tcb", &record.tcb}};
+    for (const auto &[name, column] : columns) {
+        const QByteArray &bytes = column->bytes;
+        if (column->checksum &&
+            *column->checksum != VxSceneFile::checksum(bytes.constData(), bytes.size()))
+            return m_input->failAt(
+                column->offset,
+                VxFileText::tr("The key column \"%1\" of the property \"%2\" of \"%3\" is "
+                               "damaged: its checksum differs.")
+                    .arg(QLatin1String(name), record.name, element->getName()));
+    }
     const int count = record.numKeys();
-    const bool agree = record.values.size() == count * 4 &&
-                       (record.types.isEmpty() || record.types.size() == count) &&
-                       (record.tcb.isEmpty() || record.tcb.size() == count * int(sizeof(VxTcb)));
-    if (!agree)
-        m_input->fail(
-            VxFileText::tr("The key arrays of \"%1\" differ in length.").arg(record.name));
+    const auto fits = [count](const Record::Column &column, int unit) {
+        return column.bytes.isEmpty() || column.bytes.size() == count * unit;
+    };
+    if (record.values.bytes.size() == count * 4 && fits(record.types, 1) &&
+        fits(record.tcb, int(sizeof(VxTcb))))
+        return true;
+    return m_input->fail(
+        VxFileText::tr("The key arrays of \"%1\" differ in length.").arg(record.name));
 }
 
 VxProperty *VxScenePropertyReader::makeProperty(const Record &record) const
@@ -213,6 +272,7 @@ void VxScenePropertyReader::build(VxElement *element, const Record &record)
     }
     applyValues(property, record);
     applyTraits(property, record);
+    VxKeptMembers::set(property, record.kept);
     if (record.locked)
         m_locked.append(property);
     for (Reference reference : record.references) {
@@ -247,21 +307,22 @@ void VxScenePropertyReader::applyTraits(VxProperty *property, const Record &reco
 
 void VxScenePropertyReader::applyValues(VxProperty *property, const Record &record) const
 {
-    const auto *times = reinterpret_cast<const VxTime *>(record.times.constData());
-    const auto *types = record.types.isEmpty()
+    const auto *times = reinterpret_cast<const VxTime *>(record.times.bytes.constData());
+    const auto *types = record.types.bytes.isEmpty()
                             ? nullptr
-                            : reinterpret_cast<const quint8 *>(record.types.constData());
-    const auto *tcb =
-        record.tcb.isEmpty() ? nullptr : reinterpret_cast<const VxTcb *>(record.tcb.constData());
+                            : reinterpret_cast<const quint8 *>(record.types.bytes.constData());
+    const auto *tcb = record.tcb.bytes.isEmpty()
+                          ? nullptr
+                          : reinterpret_cast<const VxTcb *>(record.tcb.bytes.constData());
     const int count = record.numKeys();
     bool accepted = true;
     if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
         number->setStoredValue(float(record.storedValue()));
-        const auto *values = reinterpret_cast<const float *>(record.values.constData());
+        const auto *values = reinterpret_cast<const float *>(record.values.bytes.constData());
         accepted = number->setKeys({times, values, types, tcb, count});
     } else if (auto *whole = qobject_cast<VxIntProperty *>(property)) {
         whole->setStoredValue(int(record.storedValue()));
-        const auto *values = reinterpret_cast<const qint32 *>(record.values.constData());
+        const auto *values = reinterpret_cast<const qint32 *>(record.values.bytes.constData());
         accepted = whole->setKeys({times, values, nullptr, nullptr, count});
     } else if (auto *string = qobject_cast<VxStringProperty *>(property)) {
         string->setValue(record.textValue);

@@ -41,6 +41,8 @@ private:
     bool readMember(const QString &name, Record &record);
     bool readReference(const QString &name, Record &record);
     void readKeys(Record &record);
+    void readChecksums(Record &record);
+    bool checkColumns(const VxElement *element, const Record &record);
     void build(VxElement *element, const Record &record);
     VxProperty *makeProperty(const Record &record) const;
     void applyTraits(VxProperty *property, const Record &record) const;

@@ -2,6 +2,7 @@
 
 #include "io/vxcborinput.h"
 #include "io/vxfiletext.h"
+#include "io/vxkeptmembers.h"
 #include "io/vxscenefile.h"
 #include "io/vxscenepropertyreader.h"
 
@@ -266,19 +267,25 @@ void SceneBuilder::readNode()
     }
     NodeRecord record;
     QString kind;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("kind")) {
-            kind = m_input.text();
-            return true;
-        }
-        if (name == QLatin1String("name")) {
-            record.node = makeNode(kind, m_input.text());
-            return true;
-        }
-        if (!record.node)
-            return m_input.fail(VxFileText::tr("A node does not begin with its kind and name."));
-        return readNodeMember(name, record);
-    });
+    QByteArray kept;
+    m_input.map(
+        [&](const QString &name) {
+            if (name == QLatin1String("kind")) {
+                kind = m_input.text();
+                return true;
+            }
+            if (name == QLatin1String("name")) {
+                record.node = makeNode(kind, m_input.text());
+                return true;
+            }
+            if (!record.node)
+                return m_input.fail(
+                    VxFileText::tr("A node does not begin with its kind and name."));
+            return readNodeMember(name, record);
+        },
+        &kept);
+    if (record.node)
+        VxKeptMembers::set(record.node.get(), kept);
     if (!m_input.failed() && !record.node)
         m_input.fail(VxFileText::tr("A node has no name."));
     checkDepth(record);
@@ -342,41 +349,51 @@ bool SceneBuilder::readElementMember(const QString &name, VxElement *element)
 void SceneBuilder::readObject(VxNode *node)
 {
     VxObject *object = nullptr;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("name")) {
-            object = new VxObject(m_input.text());
-            node->setObject(object);
-            return true;
-        }
-        if (!object)
-            return m_input.fail(VxFileText::tr("An object does not begin with its name."));
-        if (name == QLatin1String("subElements")) {
-            m_input.array([&] { readSubElement(object); });
-            return true;
-        }
-        return readElementMember(name, object);
-    });
+    QByteArray kept;
+    m_input.map(
+        [&](const QString &name) {
+            if (name == QLatin1String("name")) {
+                object = new VxObject(m_input.text());
+                node->setObject(object);
+                return true;
+            }
+            if (!object)
+                return m_input.fail(VxFileText::tr("An object does not begin with its name."));
+            if (name == QLatin1String("subElements")) {
+                m_input.array([&] { readSubElement(object); });
+                return true;
+            }
+            return readElementMember(name, object);
+        },
+        &kept);
+    if (object)
+        VxKeptMembers::set(object, kept);
 }
 
 void SceneBuilder::readSubElement(VxObject *object)
 {
     VxElement *element = nullptr;
     bool morph = false;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("kind")) {
-            morph = m_input.text() == QLatin1String("morph");
-            return true;
-        }
-        if (name == QLatin1String("name")) {
-            const QString text = m_input.text();
-            element = morph ? new VxMorph(text) : new VxElement(text);
-            object->addSubElement(element);
-            return true;
-        }
-        if (!element)
-            return m_input.fail(VxFileText::tr("A sub-element does not begin with its name."));
-        return readElementMember(name, element);
-    });
+    QByteArray kept;
+    m_input.map(
+        [&](const QString &name) {
+            if (name == QLatin1String("kind")) {
+                morph = m_input.text() == QLatin1String("morph");
+                return true;
+            }
+            if (name == QLatin1String("name")) {
+                const QString text = m_input.text();
+                element = morph ? new VxMorph(text) : new VxElement(text);
+                object->addSubElement(element);
+                return true;
+            }
+            if (!element)
+                return m_input.fail(VxFileText::tr("A sub-element does not begin with its name."));
+            return readElementMember(name, element);
+        },
+        &kept);
+    if (element)
+        VxKeptMembers::set(element, kept);
 }
 
 void SceneBuilder::assemble(VxSceneContents *contents)
@@ -396,7 +413,8 @@ void SceneBuilder::assemble(VxSceneContents *contents)
 
 bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
 {
-    m_input.map([&](const QString &name) { return readHeader(name, contents); });
+    m_input.map([&](const QString &name) { return readHeader(name, contents); },
+                &contents->keptMembers);
     if (!m_input.failed() && !m_hasFormat)
         m_input.fail(VxFileText::tr("This is not a scene file."));
     if (!m_input.failed())
@@ -408,6 +426,7 @@ bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
     }
     assemble(contents);
     contents->unknownMembers = m_input.unknownMembers() + m_unknownValues;
+    contents->droppedMembers = m_input.droppedMembers() + m_unknownValues;
     return true;
 }
 
@@ -465,6 +484,7 @@ void VxSceneReader::install(VxSceneContents &&contents, VxScene *scene)
     scene->loopPlayback(contents.looping);
     scene->setAnimating(contents.animating);
     VxSceneCamera::of(scene)->setState(contents.camera);
+    VxKeptMembers::setForScene(scene, contents.keptMembers);
     for (auto &node : contents.rootNodes)
         scene->addNode(node.release());
     contents.rootNodes.clear();

@@ -5,6 +5,7 @@
 #include "io/vxfileprogress.h"
 #include "io/vxscenecamera.h"
 
+#include <QByteArray>
 #include <QStringList>
 #include <memory>
 #include <vector>
@@ -38,6 +39,10 @@ struct VxSceneContents
     /// Members of the file that this version does not support, each name once, and settings of an
     /// unknown value, which have their default instead.
     QStringList unknownMembers;
+    /// Those of them that are not kept for a save.
+    QStringList droppedMembers;
+    /// The kept ones of the file's own map; see VxKeptMembers.
+    QByteArray keptMembers;
 };
 
 /// Reads scene files. A file that is damaged, too new or no scene at all gives one message with

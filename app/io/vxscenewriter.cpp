@@ -1,6 +1,7 @@
 #include "io/vxscenewriter.h"
 
 #include "io/vxfiletext.h"
+#include "io/vxkeptmembers.h"
 #include "io/vxsafefile.h"
 #include "io/vxscenecamera.h"
 #include "io/vxscenefile.h"
@@ -10,6 +11,8 @@
 #include <QVector3D>
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
@@ -74,6 +77,7 @@ private:
     template <class Number> void numbers(const char *name, std::initializer_list<Number> values);
     void vector(const char *name, const QVector3D &value);
     void array(const char *name, quint64 tag, const void *data, qint64 bytes);
+    void kept(const QObject *owner);
 
     const VxScene *m_scene;
     QCborStreamWriter m_out;
@@ -280,6 +284,7 @@ bool SceneStream::write(const VxFileProgress &progress)
         writeNode(nodes.at(i), places.value(nodes.at(i)->getNodeParent(), -1));
     }
     m_out.endArray();
+    kept(m_scene);
     m_out.endMap();
     return true;
 }
@@ -309,6 +314,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
         key("object");
         writeObject(object);
     }
+    kept(node);
     m_out.endMap();
 }
 
@@ -335,9 +341,11 @@ void SceneStream::writeObject(VxObject *object)
                                                       : QStringLiteral("element"));
         text("name", element->getName());
         writeElement(element);
+        kept(element);
         m_out.endMap();
     }
     m_out.endArray();
+    kept(object);
     m_out.endMap();
 }
 
@@ -366,6 +374,7 @@ void SceneStream::writeProperty(VxProperty *property)
     else if (auto *string = qobject_cast<VxStringProperty *>(property))
         text("value", vxOwnText(string));
     writeReferences(property);
+    kept(property);
     m_out.endMap();
 }
 
@@ -395,17 +404,35 @@ template <class V> void SceneStream::writeKeyArrays(const VxKeyColumns<V> &keys)
         return;
     key("keys");
     m_out.startMap();
-    array("times", VxSceneFile::TagInt32, keys.times, count * qint64(sizeof(VxTime)));
+    std::vector<std::pair<const char *, quint32>> checksums;
+    const auto column = [&](const char *name, quint64 tag, const void *data, qint64 bytes) {
+        array(name, tag, data, bytes);
+        checksums.emplace_back(name, VxSceneFile::checksum(data, bytes));
+    };
+    column("times", VxSceneFile::TagInt32, keys.times, count * qint64(sizeof(VxTime)));
     const bool isFloat = std::is_same_v<V, float>;
-    array("values", isFloat ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32, keys.values,
-          count * 4);
+    column("values", isFloat ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32, keys.values,
+           count * 4);
     const bool allLinear = !keys.types || std::all_of(keys.types, keys.types + count,
                                                       [](quint8 type) { return type == 0; });
     if (!allLinear)
-        array("types", VxSceneFile::TagUint8, keys.types, count);
+        column("types", VxSceneFile::TagUint8, keys.types, count);
     if (keys.tcb)
-        array("tcb", VxSceneFile::TagFloat32, keys.tcb, count * qint64(sizeof(VxTcb)));
+        column("tcb", VxSceneFile::TagFloat32, keys.tcb, count * qint64(sizeof(VxTcb)));
+    key("crc32");
+    m_out.startMap();
+    for (const auto &[name, sum] : checksums)
+        integer(name, sum);
     m_out.endMap();
+    m_out.endMap();
+}
+
+/** Only within a map that is written without its length. */
+void SceneStream::kept(const QObject *owner)
+{
+    const QByteArray members = VxKeptMembers::of(owner);
+    if (!members.isEmpty())
+        m_out.device()->write(members);
 }
 
 void SceneStream::writeFloat(VxFloatProperty *property)
