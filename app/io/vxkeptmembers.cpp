@@ -7,17 +7,23 @@ namespace {
 
 constexpr char Name[] = "vxKeptMembers";
 
+/// Without a search by name, since hardly any object has one.
+bool hasAny(const QObject *owner)
+{
+    return !owner->dynamicPropertyNames().isEmpty();
+}
+
 } // namespace
 
 QByteArray VxKeptMembers::of(const QObject *owner)
 {
-    return owner->property(Name).toByteArray();
+    return hasAny(owner) ? owner->property(Name).toByteArray() : QByteArray();
 }
 
 void VxKeptMembers::set(QObject *owner, const QByteArray &members)
 {
     // An invalid value removes the property.
-    if (!members.isEmpty() || owner->property(Name).isValid())
+    if (!members.isEmpty() || hasAny(owner))
         owner->setProperty(Name, members.isEmpty() ? QVariant() : QVariant(members));
 }
 
