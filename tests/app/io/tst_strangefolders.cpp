@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cerrno>
+#include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vxcore/vxscene.h>
@@ -26,6 +27,7 @@ namespace {
 constexpr VxTime OldStep = 160;
 constexpr VxTime NewStep = 320;
 constexpr int Backups = 2;
+constexpr uid_t Nobody = 65534;
 constexpr int MostSteps = 20; // no save has as many operations
 
 bool saveWithStep(const QString &fileName, VxTime step, QString *message)
@@ -101,6 +103,10 @@ private Q_SLOTS:
     void linksStay();
     void circlesOfLinksAreRefused();
     void readOnlyFilesAreRefused();
+    void filesOfOthers_data();
+    void filesOfOthers();
+    void withoutAWindowNothingIsOverwritten_data();
+    void withoutAWindowNothingIsOverwritten();
 
 private:
     QStringList states() const;
@@ -307,11 +313,81 @@ void tst_StrangeFolders::readOnlyFilesAreRefused()
     QCOMPARE(filesIn(m_folder->path()), QStringList{"walk.vxscene"});
 }
 
+void tst_StrangeFolders::filesOfOthers_data()
+{
+    QTest::addColumn<bool>("isOwn");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("after"); // 0: refused
+    // What a group may do that cannot be given is not for the user's own group.
+    QTest::newRow("own file of another group") << true << 0660 << 0600;
+    QTest::newRow("own file of another group, readable by all") << true << 0664 << 0644;
+    QTest::newRow("another's file that all may write") << false << 0666 << 0666;
+    QTest::newRow("another's file that all may read") << false << 0644 << 0;
+}
+
+void tst_StrangeFolders::filesOfOthers()
+{
+    QFETCH(bool, isOwn);
+    QFETCH(int, mode);
+    QFETCH(int, after);
+    if (::getuid() != 0)
+        QSKIP("only an administrator can act as another user");
+    const QByteArray name = QFile::encodeName(m_file);
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777) == 0);
+    QVERIFY(::chown(name.constData(), isOwn ? Nobody : 0, 12345) == 0);
+    QVERIFY(::chmod(name.constData(), mode_t(mode)) == 0);
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {"--save-as-nobody", m_file});
+    QVERIFY(child.waitForFinished(20000));
+    const QString message = QString::fromLocal8Bit(child.readAllStandardError());
+    QVERIFY2((child.exitCode() == 0) == (after != 0), qPrintable(message));
+    QCOMPARE(stepIn(m_file), after != 0 ? NewStep : OldStep);
+    struct stat status = {};
+    QVERIFY(::stat(name.constData(), &status) == 0);
+    QCOMPARE(int(status.st_mode & 0777), after != 0 ? after : mode);
+    if (after == 0)
+        QVERIFY2(message.contains("it is read-only"), qPrintable(message));
+}
+
+void tst_StrangeFolders::withoutAWindowNothingIsOverwritten_data()
+{
+    QTest::addColumn<bool>("removes");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a changed file") << false << "was changed by another program";
+    QTest::newRow("a removed file") << true << "was removed or renamed by another program";
+}
+
+void tst_StrangeFolders::withoutAWindowNothingIsOverwritten()
+{
+    QFETCH(bool, removes);
+    QFETCH(QString, text);
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages);
+    QVERIFY(document.open(m_file));
+    QString message;
+    if (removes)
+        QVERIFY(QFile::remove(m_file));
+    else
+        QVERIFY(saveWithStep(m_file, NewStep, &message));
+    QVERIFY(!document.save(m_file));
+    QVERIFY2(document.lastError().startsWith(m_file) && document.lastError().contains(text) &&
+                 document.lastError().endsWith("It was not saved."),
+             qPrintable(document.lastError()));
+    QCOMPARE(stepIn(m_file), removes ? -1 : NewStep);
+    QVERIFY(document.save(m_folder->filePath("other.vxscene")));
+}
+
 static int runStrangeFolders(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == QLatin1String("--save")) {
+    const bool asNobody = arguments.value(1) == QLatin1String("--save-as-nobody");
+    if (asNobody &&
+        (::setgroups(0, nullptr) != 0 || ::setgid(Nobody) != 0 || ::setuid(Nobody) != 0))
+        return 2;
+    if (asNobody || arguments.value(1) == QLatin1String("--save")) {
         QString message;
         return saveWithStep(arguments.value(2), NewStep, &message) ? 0 : 1;
     }

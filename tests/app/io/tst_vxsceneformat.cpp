@@ -7,6 +7,8 @@
 #include "io/vxscenewriter.h"
 #include "richscene.h"
 #include "scenebytes.h"
+#include "testing/vxfilemutations.h"
+#include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "widgets/usermessages.h"
@@ -213,6 +215,7 @@ private Q_SLOTS:
     void newDocumentsHaveNothingOfFormerOnes();
     void membersThatCannotBeKeptAreNamed();
     void tooMuchToBeKept();
+    void whatIsKeptCanBeReadAgain();
     void laterVersionsAreRefused();
     void damagedColumnsAreNamed_data();
     void damagedColumnsAreNamed();
@@ -355,6 +358,36 @@ void tst_VxSceneFormat::tooMuchToBeKept()
     QVERIFY(VxSceneReader().read(map.toCborValue().toCbor(), &contents, &error));
     QCOMPARE(contents.droppedMembers, QStringList{QStringLiteral("large")});
     QVERIFY(contents.keptMembers.size() < 100);
+}
+
+/// Damaged members of a later version included: what was accepted is saved as a readable file.
+void tst_VxSceneFormat::whatIsKeptCanBeReadAgain()
+{
+    QCborMap map = laterMap();
+    for (int i = 0; i < 20; ++i)
+        map.insert(QStringLiteral("later-%1").arg(i),
+                   QCborMap{{QStringLiteral("a"), QCborArray{i, QStringLiteral("\u00e4"), 0.5}}});
+    const QByteArray whole = map.toCborValue().toCbor();
+    int kept = 0;
+    for (int seed = 0; seed < vxSessionLength(4000); ++seed) {
+        VxSceneContents contents;
+        VxFileError error;
+        const QByteArray bytes = VxFileMutations::mutant(whole, unsigned(seed));
+        if (!VxSceneReader().read(bytes, &contents, &error))
+            continue;
+        const QStringList unknown = contents.unknownMembers;
+        const QStringList dropped = contents.droppedMembers;
+        VxScene scene;
+        VxSceneReader::install(std::move(contents), &scene);
+        const QByteArray saved = sceneBytes(&scene);
+        QVERIFY2(VxSceneReader().read(saved, &contents, &error),
+                 qPrintable(QStringLiteral("seed %1: %2").arg(seed).arg(error.text())));
+        for (const QString &name : unknown)
+            QVERIFY2(dropped.contains(name) || contents.unknownMembers.contains(name),
+                     qPrintable(QString::number(seed)));
+        ++kept;
+    }
+    QVERIFY2(kept > vxSessionLength(100), qPrintable(QString::number(kept)));
 }
 
 void tst_VxSceneFormat::laterVersionsAreRefused()
