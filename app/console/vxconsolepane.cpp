@@ -4,6 +4,7 @@
 #include "console/consoleoutput.h"
 #include "console/consolerunner.h"
 
+#include <QEvent>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QToolButton>
@@ -34,14 +35,7 @@ VxConsolePane::VxConsolePane()
     , m_stop(makeButton("ConsoleStopBtn", tr("Stop"), tr("Stop the running script (Escape)")))
     , m_clear(makeButton("ConsoleClearBtn", tr("Clear"), tr("Clear the output")))
 {
-    const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    for (QWidget *text : {static_cast<QWidget *>(m_output), static_cast<QWidget *>(m_input)}) {
-        QFont font = fixed;
-        font.setPointSizeF(QFontInfo(this->font()).pointSizeF());
-        text->setFont(font);
-    }
-    // One line, so that its minimum does not keep the dock area high.
-    m_output->setMinimumHeight(m_output->fontMetrics().lineSpacing());
+    applyFont();
     setFocusProxy(m_input);
     build();
     connect(vxApp->getScriptEngine(), &VxScriptEngine::printed, m_output,
@@ -61,6 +55,24 @@ VxConsolePane::VxConsolePane()
 }
 
 VxConsolePane::~VxConsolePane() = default;
+
+/// The system's font of fixed width, in the size of all other texts.
+void VxConsolePane::applyFont()
+{
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPointSizeF(QFontInfo(font()).pointSizeF());
+    m_output->setFont(fixed);
+    m_input->setFont(fixed);
+    // One line, so that its minimum does not keep the dock area high.
+    m_output->setMinimumHeight(m_output->fontMetrics().lineSpacing());
+}
+
+void VxConsolePane::changeEvent(QEvent *event)
+{
+    VxPane::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        applyFont();
+}
 
 void VxConsolePane::build()
 {

@@ -26,8 +26,12 @@ public:
     void restoreSettings(VxSettings *settings) override;
     void saveSettings(VxSettings *settings) const override;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void build();
+    void applyFont();
     QToolButton *makeButton(const char *name, const QString &text, const QString &help);
     void run(const QString &program);
     void showError(const VxScriptError &error);

@@ -50,6 +50,8 @@ BoneDialog::BoneDialog(VxNode *node, QWidget *parent)
     addTriple(form, tr("&Origin (X, Y, Z)"), m_origin.data());
     addTriple(form, tr("Rest &translation (X, Y, Z)"), m_restPlace.data());
     addTriple(form, tr("Rest &rotation (X, Y, Z)"), m_restAngles.data(), tr("°"));
+    setTabOrder(m_end[2], m_follow);
+    setTabOrder(m_follow, m_origin[0]);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     form->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &BoneDialog::accept);

@@ -55,7 +55,8 @@ VxMarkerListPane::VxMarkerListPane()
     d->sorted->setSourceModel(d->model);
     d->sorted->setSortRole(MarkerTableModel::SortRole);
     d->sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
-    d->view = new QTableView(this);
+    // Joins the pane after the buttons, which precede it for the Tab key.
+    d->view = new QTableView;
     d->view->setObjectName(QStringLiteral("MarkerTable"));
     d->view->setAccessibleName(tr("Markers"));
     d->view->setModel(d->sorted);
@@ -63,8 +64,8 @@ VxMarkerListPane::VxMarkerListPane()
     d->view->setWordWrap(false);
     d->view->setFrameShape(QFrame::NoFrame);
     d->view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    d->view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + MarkerRowPadding);
     d->view->verticalHeader()->hide();
+    fitRows();
     d->view->setColumnWidth(MarkerTableModel::Name, NameColumnWidth);
     d->view->horizontalHeader()->setStretchLastSection(true);
     d->view->horizontalHeader()->setSortIndicator(MarkerTableModel::Start, Qt::AscendingOrder);
@@ -100,6 +101,23 @@ VxMarkerListPane::VxMarkerListPane()
 }
 
 VxMarkerListPane::~VxMarkerListPane() = default;
+
+void VxMarkerListPane::fitRows()
+{
+    d->view->verticalHeader()->setDefaultSectionSize(d->view->fontMetrics().height() +
+                                                     MarkerRowPadding);
+    QHeaderView *columns = d->view->horizontalHeader();
+    for (int i = 0; i < columns->count(); ++i)
+        columns->resizeSection(i, qMax(columns->sectionSize(i), columns->sectionSizeHint(i)));
+}
+
+void VxMarkerListPane::changeEvent(QEvent *event)
+{
+    VxPane::changeEvent(event);
+    // The table has the pane's font already.
+    if (event->type() == QEvent::FontChange && d && d->view)
+        fitRows();
+}
 
 QAbstractItemView *VxMarkerListPane::getTable() const
 {

@@ -25,9 +25,11 @@ public Q_SLOTS:
     void deleteSelected();
 
 protected:
+    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void fitRows();
     void showTime(const QModelIndex &index);
     void showCount();
     void keepSelection();

@@ -32,7 +32,6 @@ AutoKeyMark::AutoKeyMark(VxScene *scene, QWidget *parent)
     setAutoRaise(true);
     setFocusPolicy(Qt::NoFocus);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    setIconSize(QSize(MarkSide, MarkSide));
     connect(this, &QToolButton::clicked, this,
             [this] { m_scene->setAnimating(!m_scene->isAnimating()); });
     connect(scene, &VxScene::animatingChanged, this, &AutoKeyMark::showState);
@@ -50,7 +49,9 @@ void AutoKeyMark::showState()
     const bool isOn = m_scene->isAnimating();
     const QColor ink =
         isOn ? color(palette()) : palette().color(QPalette::Disabled, QPalette::WindowText);
-    setIcon(markIcon(ink, isOn, devicePixelRatioF()));
+    const int side = qMax(MarkSide, fontMetrics().height() * 2 / 3);
+    setIconSize(QSize(side, side));
+    setIcon(markIcon(ink, isOn, devicePixelRatioF() * side / MarkSide));
     const QString text = isOn ? tr("Auto Key is on: changed values become keys.")
                               : tr("Auto Key is off: no keys are made.");
     setToolTip(text);
@@ -59,7 +60,7 @@ void AutoKeyMark::showState()
 
 void AutoKeyMark::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         showState();
     QToolButton::changeEvent(event);
 }

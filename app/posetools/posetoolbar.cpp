@@ -35,7 +35,6 @@ QToolButton *makeButton(QWidget *parent, const char *name)
     button->setObjectName(QLatin1String(name));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
-    button->setIconSize(QSize(ToolIconSide, ToolIconSide));
     return button;
 }
 
@@ -140,14 +139,27 @@ void PoseToolBar::showState()
 void PoseToolBar::updateIcons()
 {
     const QColor ink = palette().color(QPalette::ButtonText);
+    // As large as the text beside them.
+    const int side = qMax(ToolIconSide, fontMetrics().height());
+    const double ratio = devicePixelRatioF() * side / ToolIconSide;
     for (int i = 0; i < m_toolButtons.size(); ++i)
-        m_toolButtons.at(i)->setIcon(toolIcon(PoseTools::Tool(i), ink, devicePixelRatioF()));
-    m_pivot->setIcon(pivotIcon(ink, devicePixelRatioF()));
+        m_toolButtons.at(i)->setIcon(toolIcon(PoseTools::Tool(i), ink, ratio));
+    m_pivot->setIcon(pivotIcon(ink, ratio));
+    for (QToolButton *button : findChildren<QToolButton *>())
+        button->setIconSize(QSize(side, side));
 }
 
 void PoseToolBar::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         updateIcons();
     QFrame::changeEvent(event);
+}
+
+/// The buttons' sizes change after that of the bar's font.
+bool PoseToolBar::event(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        adjustSize();
+    return QFrame::event(event);
 }

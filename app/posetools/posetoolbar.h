@@ -21,6 +21,7 @@ public:
     void showShortcuts(const VxActionMgr &actions);
 
 protected:
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

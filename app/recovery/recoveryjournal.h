@@ -26,6 +26,7 @@ class RecoveryJournal : public QObject
     Q_OBJECT
 public:
     static constexpr int DefaultKeptEntries = 50;
+    static constexpr int LargestKeptEntries = 1000;
 
     /// All are borrowed and must outlive the object.
     RecoveryJournal(DocumentController *document, const VxScene *scene, VxUndoStack *history,
@@ -34,8 +35,9 @@ public:
 
     /// Initially on. While off, nothing is written.
     void setOn(bool on);
-    /// The entries that a new copy keeps.
-    void setKeptEntries(int count) { m_keptEntries = count; }
+    /// The entries that a new copy keeps, from 0 to LargestKeptEntries.
+    int keptEntries() const { return m_keptEntries; }
+    void setKeptEntries(int count) { m_keptEntries = qBound(0, count, LargestKeptEntries); }
     /// The size at which the journal is replaced by a new copy, in bytes; 0: by the size of the
     /// document.
     void setMaxBytes(qint64 bytes) { m_maxBytes = bytes; }

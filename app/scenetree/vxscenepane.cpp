@@ -24,9 +24,9 @@ constexpr int FirstLevels = 2;
 VxScenePane::VxScenePane()
     : VxPane(tr("Scene"))
     , m_model(new SceneTreeModel(vxScene, this))
+    , m_search(new SearchField(tr("Search nodes"), this))
     , m_view(new SceneTreeView(m_model, vxScene, this))
     , m_filter(new SceneTreeFilter(m_view, m_model, vxScene, m_view))
-    , m_search(new SearchField(tr("Search nodes"), this))
     , m_hint(new EmptyHint(m_view))
 {
     m_view->setObjectName(QStringLiteral("SceneTView"));

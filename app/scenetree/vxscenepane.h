@@ -34,9 +34,9 @@ private:
     void selectFound();
 
     SceneTreeModel *m_model;
+    SearchField *m_search; // before the view, for the Tab key
     SceneTreeView *m_view;
     SceneTreeFilter *m_filter;
-    SearchField *m_search;
     EmptyHint *m_hint;
 };
 

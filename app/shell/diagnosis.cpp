@@ -1,6 +1,6 @@
 #include "shell/diagnosis.h"
 
-#include "shell/pluginloader.h"
+#include "preferences/pluginmodule.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -30,7 +30,7 @@ QStringList pluginLines(const VxApp &app, const QString &folder, const VxSetting
     for (const VxPlugin *plugin : app.getPluginMgr()->getPlugins())
         lines.append(QStringLiteral("Plug-in: %1 %2")
                          .arg(plugin->getName(), plugin->getVersion().toString()));
-    for (const QString &module : PluginLoader::skipped(settings))
+    for (const QString &module : PluginLists::skipped(settings))
         lines.append(QStringLiteral("Skipped plug-in: %1").arg(module));
     return lines;
 }

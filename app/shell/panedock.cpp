@@ -41,11 +41,12 @@ PaneDock::PaneDock(VxPane *pane, QWidget *parent)
     , m_paneClassName(QString::fromLatin1(pane->metaObject()->className()))
 {
     setObjectName(QStringLiteral("Dock") + m_paneClassName);
+    // Before the pane: Tab follows the order in which widgets join the window.
+    setTitleBarWidget(makeTitleBar(pane));
     setWidget(pane);
     // A strip has its title on the left, so that the dock is no higher than the strip.
     if (isStrip())
         setFeatures(features() | DockWidgetVerticalTitleBar);
-    setTitleBarWidget(makeTitleBar());
     connect(pane, &QObject::destroyed, this, &QObject::deleteLater);
 }
 
@@ -78,7 +79,7 @@ bool PaneDock::event(QEvent *event)
 }
 
 /** The bar ignores presses, so that the dock is still dragged and floated by it. */
-QWidget *PaneDock::makeTitleBar()
+QWidget *PaneDock::makeTitleBar(VxPane *pane)
 {
     auto *bar = new QWidget(this);
     bar->setObjectName(QStringLiteral("PaneTitleBar"));
@@ -89,10 +90,10 @@ QWidget *PaneDock::makeTitleBar()
     auto *title = new QLabel(windowTitle());
     connect(this, &QWidget::windowTitleChanged, title, &QLabel::setText);
     layout->addWidget(title, 1);
-    if (VxPaneSearch *search = VxPaneSearch::of(pane()))
-        layout->addWidget(new PaneSearchField(search, pane(), bar));
+    if (VxPaneSearch *search = VxPaneSearch::of(pane))
+        layout->addWidget(new PaneSearchField(search, pane, bar));
 
-    if (pane()->getOptionsMenu()->getNumEntries() > 0) {
+    if (pane->getOptionsMenu()->getNumEntries() > 0) {
         const TitleBarButton *options =
             addButton(TitleBarButton::Glyph::Options, "PaneOptionsBtn", tr("Pane options"), layout);
         connect(options, &QAbstractButton::clicked, this,

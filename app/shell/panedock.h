@@ -33,7 +33,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    QWidget *makeTitleBar();
+    QWidget *makeTitleBar(VxPane *pane);
     void showOptionsMenu(const QWidget *button);
     bool isHeightLimited() const;
 

@@ -3,6 +3,7 @@
 #include "shell/dockgestures.h"
 #include "shell/panedock.h"
 
+#include <QApplication>
 #include <QChildEvent>
 #include <QMainWindow>
 #include <QTabBar>
@@ -26,6 +27,10 @@ constexpr int BottomExtent = 454;
 // The bottom's share of a window's height: limits it in large windows and extends it in small ones.
 constexpr double LeastBottomShare = 0.45;
 constexpr double LargestBottomShare = 0.57;
+
+// A side's width grows with the text beyond this height, in pixels, up to a share of the window.
+constexpr int CommonTextHeight = 19;
+constexpr double LargestSideShare = 0.25;
 
 constexpr Place Places[] = {
     {"VxScenePane", Qt::LeftDockWidgetArea, 220, nullptr},
@@ -58,8 +63,12 @@ bool isAcross(Qt::DockWidgetArea area)
 int firstExtent(const Place &place, Qt::DockWidgetArea area, const QSize &window)
 {
     const bool isMoved = isAcross(area) != isAcross(place.area);
-    if (!isAcross(area))
-        return qMax(isMoved ? OtherPlace.extent : place.extent, window.width() / 8);
+    if (!isAcross(area)) {
+        const int extent = isMoved ? OtherPlace.extent : place.extent;
+        const int forText = extent * QFontMetrics(QApplication::font()).height() / CommonTextHeight;
+        return qMax(qMax(extent, window.width() / 8),
+                    qMin(forText, int(window.width() * LargestSideShare)));
+    }
     return qBound(int(window.height() * LeastBottomShare), isMoved ? BottomExtent : place.extent,
                   int(window.height() * LargestBottomShare));
 }

@@ -10,15 +10,13 @@
 #include <QLoggingCategory>
 #include <cerrno>
 #include <csignal>
+#include <vxcore/vxplugin.h>
 #include <vxcore/vxpluginmgr.h>
 #include <vxcore/vxsettings.h>
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "vx.plugins", QtWarningMsg)
-
-const QLatin1String StoreName("Plugins");
-const QLatin1String SkippedKey("Skipped");
 
 bool isRunning(qint64 process)
 {
@@ -44,22 +42,16 @@ PluginLoader::PluginLoader(const QString &settingsFile, VxSettings *store)
 {
 }
 
-QStringList PluginLoader::skipped(const VxSettings &store)
-{
-    const VxSettings *plugins = store.findSettings(StoreName);
-    return plugins ? plugins->getStringListValue(SkippedKey) : QStringList();
-}
-
 void PluginLoader::enableAll()
 {
     collectCrashes();
-    m_store->getSettings(StoreName)->removeValue(SkippedKey);
+    PluginLists::setSkipped(m_store, {});
 }
 
 QStringList PluginLoader::load(const QStringList &folders, VxPluginMgr *plugins)
 {
     collectCrashes();
-    const QStringList skippedModules = skipped(*m_store);
+    m_modules.clear();
     QStringList messages;
     QStringList done;
     for (const QString &folder : folders) {
@@ -71,24 +63,44 @@ QStringList PluginLoader::load(const QStringList &folders, VxPluginMgr *plugins)
         if (!QDir(path).exists())
             messages.append(StudioText::tr("The plug-in folder %1 does not exist.").arg(path));
         for (const QString &module : modulesIn(QDir(path))) {
-            if (skippedModules.contains(module)) {
-                messages.append(
-                    StudioText::tr("%1 was skipped, because the program ended while loading it. "
-                                   "Start it with --enable-plugins to load it again.")
-                        .arg(module));
-                continue;
-            }
-            const bool marked = mark(module);
-            QString error;
-            const bool loaded = plugins->loadPlugin(module, &error) != nullptr;
-            if (marked)
-                unmark();
-            qCInfo(log).noquote() << (loaded ? "loaded" : "refused") << module << error;
-            if (!loaded)
-                messages.append(error);
+            const QString message = loadModule(module, plugins);
+            if (!message.isEmpty())
+                messages.append(message);
         }
     }
     return messages;
+}
+
+QString PluginLoader::loadModule(const QString &file, VxPluginMgr *plugins)
+{
+    using State = PluginModule::State;
+    PluginModule module{file, QFileInfo(file).completeBaseName(), QString(), QString(),
+                        State::Loaded};
+    QString message;
+    if (PluginLists::skipped(*m_store).contains(file)) {
+        module.state = State::Skipped;
+        message = StudioText::tr("%1 was skipped, because the program ended while loading it. "
+                                 "Start it with --enable-plugins to load it again.")
+                      .arg(file);
+    } else if (PluginLists::disabled(*m_store).contains(file)) {
+        module.state = State::Disabled;
+    } else {
+        const bool marked = mark(file);
+        const VxPlugin *plugin = plugins->loadPlugin(file, &message);
+        if (marked)
+            unmark();
+        qCInfo(log).noquote() << (plugin ? "loaded" : "refused") << file << message;
+        if (plugin) {
+            module.name = plugin->getName();
+            module.version = plugin->getVersion().toString();
+            message.clear();
+        } else {
+            module.state = State::Failed;
+            module.message = message;
+        }
+    }
+    m_modules.append(module);
+    return message;
 }
 
 QString PluginLoader::markerFile(const QString &process) const
@@ -103,7 +115,7 @@ void PluginLoader::collectCrashes()
     if (m_settingsFile.isEmpty())
         return;
     const QFileInfo pattern(markerFile(QStringLiteral("*")));
-    QStringList modules = skipped(*m_store);
+    QStringList modules = PluginLists::skipped(*m_store);
     const auto markers = pattern.dir().entryInfoList({pattern.fileName()}, QDir::Files);
     for (const QFileInfo &marker : markers) {
         if (isRunning(marker.fileName().section(QLatin1Char('-'), -1).toLongLong()))
@@ -115,8 +127,8 @@ void PluginLoader::collectCrashes()
             modules.append(module);
         file.remove();
     }
-    if (modules != skipped(*m_store))
-        m_store->getSettings(StoreName)->setStringListValue(SkippedKey, modules);
+    if (modules != PluginLists::skipped(*m_store))
+        PluginLists::setSkipped(m_store, modules);
 }
 
 bool PluginLoader::mark(const QString &module) const

@@ -7,12 +7,17 @@
 #include "pose/posescript.h"
 #include "preferences/animations.h"
 #include "preferences/appearance.h"
+#include "preferences/generalpage.h"
+#include "preferences/keyspage.h"
+#include "preferences/languagesetting.h"
+#include "preferences/pluginspage.h"
+#include "preferences/preferencesdialog.h"
+#include "preferences/timelinepage.h"
 #include "recovery/recoverycontroller.h"
 #include "shell/actionlist.h"
 #include "shell/batchdialogs.h"
 #include "shell/diagnosis.h"
 #include "shell/endsignals.h"
-#include "shell/languagesetting.h"
 #include "shell/pluginloader.h"
 #include "shell/scriptfiles.h"
 #include "shell/scriptwatchdog.h"
@@ -84,6 +89,7 @@ public:
 
     void loadSettings();
     void saveSettings();
+    void showPreferences(const QString &page);
     void loadPlugins();
     void buildPanesAndActions();
     void restoreShortcuts();
@@ -102,6 +108,7 @@ public:
     StudioSettings settingsStore;
     std::unique_ptr<VxApp> app;
     std::unique_ptr<Animations> animations;
+    QVector<PluginModule> modules;
     std::unique_ptr<StudioWindow> window;
     std::unique_ptr<BatchDialogs> batchDialogs; // of a run without a user
     int endCode = 0;                            // set by a request to end
@@ -135,6 +142,8 @@ void Studio::Private::saveSettings()
     window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
     settings->getSettings(key("Recovery"))
         ->setIntValue(key("Minutes"), window->recovery()->autoSave()->minutes());
+    settings->getSettings(key("Recovery"))
+        ->setIntValue(key("Entries"), window->recovery()->journal()->keptEntries());
     settings->getSettings(key("Saving"))
         ->setIntValue(key("Backups"), window->document()->backups());
     window->getPaneMgr()->saveSettings();
@@ -150,6 +159,24 @@ void Studio::Private::loadPlugins()
     const QStringList folders = QStringList(defaultPluginFolder()) + commandLine.pluginPaths;
     for (const QString &message : loader.load(folders, app->getPluginMgr()))
         messages.showNotice(message);
+    modules = loader.modules();
+}
+
+void Studio::Private::showPreferences(const QString &page)
+{
+    VxSettings *settings = app->getSettings();
+    const QVector<PreferencesPage *> pages{
+        new GeneralPage({settings, app->getStyle(), animations.get(), window->document(),
+                         window->recovery()->autoSave(), window->recovery()->journal()}),
+        new TimelinePage(*window->getActionMgr()),
+        new KeysPage(window->shortcuts(),
+                     [this](const ShortcutList &list) { window->applyShortcuts(list); }),
+        new PluginsPage(modules, settings)};
+    PreferencesDialog dialog(pages, window.get());
+    dialog.showPage(page);
+    QObject::connect(&dialog, &PreferencesDialog::applied, window.get(),
+                     [this] { saveSettings(); });
+    dialog.exec();
 }
 
 void Studio::Private::buildPanesAndActions()
@@ -169,6 +196,8 @@ void Studio::Private::buildPanesAndActions()
     if (const VxSettings *recovery = settings->findSettings(key("Recovery"))) {
         window->recovery()->autoSave()->setMinutes(
             recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
+        window->recovery()->journal()->setKeptEntries(
+            recovery->getIntValue(key("Entries"), RecoveryJournal::DefaultKeptEntries));
     }
     if (const VxSettings *saving = settings->findSettings(key("Saving")))
         window->document()->setBackups(
@@ -335,8 +364,8 @@ Studio::Studio(const CommandLine &commandLine)
     if (!commandLine.size.isEmpty())
         d->window->resize(commandLine.size);
     // At once, not only at the end: a crash should not lose them.
-    QObject::connect(d->window.get(), &StudioWindow::shortcutsEdited, d->window.get(),
-                     [this] { d->saveSettings(); });
+    QObject::connect(d->window.get(), &StudioWindow::preferencesRequested, d->window.get(),
+                     [this](const QString &page) { d->showPreferences(page); });
     QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
                      [this] { d->saveSettings(); });
     QObject::connect(d->window->document(), &DocumentController::backupsChanged, d->window.get(),

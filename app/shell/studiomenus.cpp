@@ -2,6 +2,7 @@
 
 #include "document/recentfilesmenu.h"
 #include "recovery/recoverymenu.h"
+#include "shell/graphview.h"
 #include "shell/menutypeahead.h"
 #include "shell/panedock.h"
 #include "shell/panedocks.h"
@@ -156,6 +157,7 @@ void StudioMenus::buildViewMenu()
     camera->addAction(frameSelection);
     menu->addSeparator();
     addTimeViews(menu);
+    addGraphViews(menu->addMenu(tr("Key &Graph")));
     m_timeDisplayMenu = menu->addMenu(tr("Time D&isplay"));
     addTimeDisplay(m_timeDisplayMenu);
     menu->addSeparator();
@@ -196,6 +198,34 @@ void StudioMenus::addTimeViews(QMenu *menu)
                   tr("Stores what the timeline shows as view %1 of the document.").arg(i + 1)},
                  [i] { TimeView::storeView(vxScene, i + 1); });
     }
+}
+
+/** What the buttons of the key graph do, for the keyboard. */
+void StudioMenus::addGraphViews(QMenu *menu)
+{
+    const auto run = [this](QString (*step)(const VxPaneMgr &, int), int steps) {
+        return [this, step, steps] {
+            const QString reason = step(*m_window->getPaneMgr(), steps);
+            if (!reason.isEmpty())
+                m_window->showStatusMessage(reason);
+        };
+    };
+    addEntry(menu,
+             {"StudioGraphHigher", tr("Show &Higher Values"),
+              tr("Moves the curves of the key graph down."), QKeySequence("Ctrl+Alt+Up")},
+             run(GraphView::panValues, 1));
+    addEntry(menu,
+             {"StudioGraphLower", tr("Show &Lower Values"),
+              tr("Moves the curves of the key graph up."), QKeySequence("Ctrl+Alt+Down")},
+             run(GraphView::panValues, -1));
+    addEntry(menu,
+             {"StudioGraphZoomIn", tr("Zoom &In"), tr("Enlarges the values of the key graph."),
+              QKeySequence("Ctrl+Alt+PgUp")},
+             run(GraphView::zoomValues, 1));
+    addEntry(menu,
+             {"StudioGraphZoomOut", tr("Zoom &Out"), tr("Reduces the values of the key graph."),
+              QKeySequence("Ctrl+Alt+PgDown")},
+             run(GraphView::zoomValues, -1));
 }
 
 /** An entry that changes the scene's time display, checked when it would change nothing. */
@@ -345,6 +375,12 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
     m_editMenu->addActions({undo, redo});
     m_editMenu->addSeparator();
+    QAction *preferences =
+        addEntry(m_editMenu,
+                 {"StudioPreferences", tr("&Preferences..."),
+                  tr("Shows and changes the preferences."), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
+                 &StudioMenus::preferencesRequested);
+    preferences->setMenuRole(QAction::PreferencesRole);
     addEntry(m_editMenu,
              {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
               tr("Shows and changes the shortcuts of all commands.")},

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void recoverRequested();
     void quitRequested();
     void defaultLayoutRequested();
+    void preferencesRequested();
     void shortcutsRequested();
     void paletteRequested(VxStyle::ColorScheme scheme);
     void keyOverviewRequested();
@@ -76,6 +77,7 @@ private:
     void buildHelpMenu();
     void buildWindowMenu(const PaneDocks &docks);
     void addTimeViews(QMenu *menu);
+    void addGraphViews(QMenu *menu);
     void addTimeDisplay(QMenu *menu);
     void addTimeChoice(QMenu *menu, QActionGroup *group, const Entry &entry,
                        const std::function<void(VxTimeDisplay *)> &change);

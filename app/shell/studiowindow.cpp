@@ -18,10 +18,10 @@
 #include "shell/studiomenus.h"
 #include "shell/timelabel.h"
 #include "shortcuts/shortcutcatalogue.h"
-#include "shortcuts/shortcutdialog.h"
 #include "viewport/emptysceneoffer.h"
 #include "viewport/motiontrails.h"
 #include "viewport/viewportwidget.h"
+#include "widgets/focusring.h"
 #include "widgets/usermessages.h"
 
 #include <QApplication>
@@ -85,6 +85,7 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     m_menus->addRecentFiles(m_recentFiles);
     m_menus->addRecovery(m_recovery->autoSave());
     m_menus->addHistory(vxApp->getUndoStack());
+    new FocusRing(this);
     new HistoryStatus(vxApp->getUndoStack(), messages, this);
     m_recovery->setMayReplace([this] { return mayDiscard(); });
     m_document->setSaveAs([this] { return saveWithDialog(); });
@@ -124,7 +125,9 @@ void StudioWindow::connectMenus()
         applyDefaultLayout();
         m_messages->showStatus(tr("The default pane layout has been restored."));
     });
-    connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::editShortcuts);
+    connect(m_menus, &StudioMenus::preferencesRequested, this,
+            [this] { Q_EMIT preferencesRequested(QString()); });
+    connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::requestShortcuts);
     connect(m_menus, &StudioMenus::paletteRequested, this,
             [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
     connect(m_menus, &StudioMenus::keyOverviewRequested, this, &StudioWindow::showKeyOverview);
@@ -295,16 +298,22 @@ void StudioWindow::exportMarkers()
         m_messages->showError(error.text());
 }
 
-void StudioWindow::editShortcuts()
+ShortcutList StudioWindow::shortcuts() const
 {
-    ShortcutDialog dialog(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()), this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    ShortcutCatalogue::apply(dialog.list(), getActionMgr());
+    return ShortcutCatalogue::collect(*menuBar(), *getActionMgr());
+}
+
+void StudioWindow::applyShortcuts(const ShortcutList &list)
+{
+    ShortcutCatalogue::apply(list, getActionMgr());
     m_toolBar->showShortcuts(*getActionMgr());
     if (m_keyOverview)
-        m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
-    Q_EMIT shortcutsEdited();
+        m_keyOverview->showShortcuts(shortcuts());
+}
+
+void StudioWindow::requestShortcuts()
+{
+    Q_EMIT preferencesRequested(QStringLiteral("KeysPage"));
 }
 
 void StudioWindow::showKeyOverview()
@@ -312,9 +321,9 @@ void StudioWindow::showKeyOverview()
     if (!m_keyOverview) {
         m_keyOverview = new KeyOverviewDialog(this);
         connect(m_keyOverview, &KeyOverviewDialog::changeRequested, this,
-                &StudioWindow::editShortcuts);
+                &StudioWindow::requestShortcuts);
     }
-    m_keyOverview->showShortcuts(ShortcutCatalogue::collect(*menuBar(), *getActionMgr()));
+    m_keyOverview->showShortcuts(shortcuts());
     m_keyOverview->show();
     m_keyOverview->raise();
     m_keyOverview->activateWindow();

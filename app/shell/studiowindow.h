@@ -10,6 +10,7 @@ class PaneDocks;
 class PoseToolBar;
 class RecentFiles;
 class RecoveryController;
+class ShortcutList;
 class StudioMenus;
 class UserMessages;
 class ViewportWidget;
@@ -25,6 +26,10 @@ public:
     /// recoveryFolder: see RecoveryController.
     explicit StudioWindow(UserMessages *messages, const QString &recoveryFolder = QString());
     ~StudioWindow() override;
+
+    /// The shortcuts of all commands, for an editor, and their changes there.
+    ShortcutList shortcuts() const;
+    void applyShortcuts(const ShortcutList &list);
 
     DocumentController *document() const { return m_document; }
     ViewportWidget *viewport() const { return m_viewport; }
@@ -66,13 +71,12 @@ public Q_SLOTS:
     /// Asks for a CSV file and adds its markers to the scene, or writes the scene's markers to it.
     void importMarkers();
     void exportMarkers();
-    /// Lets the user change the shortcuts of the actions.
-    void editShortcuts();
     /// Shows the page about keys and mouse, not modal.
     void showKeyOverview();
 
 Q_SIGNALS:
-    void shortcutsEdited();
+    /// page: its object name; empty for the first one.
+    void preferencesRequested(const QString &page);
 
 protected:
     bool event(QEvent *event) override;
@@ -83,6 +87,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void requestShortcuts();
     bool hasSizesOfAnother() const;
     void connectMenus();
     bool mayDiscard();

@@ -1,6 +1,8 @@
 #include "shell/timelabel.h"
 
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 
@@ -16,8 +18,6 @@ TimeLabel::TimeLabel(VxScene *scene, QMenu *menu, QWidget *parent)
     setStatusTip(toolTip());
     setMenu(menu);
     setPopupMode(QToolButton::InstantPopup);
-    // Without the menu's arrow.
-    setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     VxSceneTimeDisplay *display = VxSceneTimeDisplay::of(scene);
     connect(scene, &VxScene::timeChanged, this, &TimeLabel::showTime);
     connect(scene, &VxScene::timeStepChanged, this, &TimeLabel::showTime);
@@ -26,6 +26,25 @@ TimeLabel::TimeLabel(VxScene *scene, QMenu *menu, QWidget *parent)
         showTime();
     });
     showTime();
+}
+
+/** Without the menu's arrow. */
+void TimeLabel::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.features &= ~QStyleOptionToolButton::HasMenu;
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+}
+
+void TimeLabel::changeEvent(QEvent *event)
+{
+    QToolButton::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        setMinimumWidth(0);
+        setMinimumWidth(sizeHint().width());
+    }
 }
 
 /** Only grows while the unit stays, so that the status bar does not move during playback. */

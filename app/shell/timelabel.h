@@ -14,6 +14,10 @@ public:
     /// Both borrowed; must outlive the label.
     TimeLabel(VxScene *scene, QMenu *menu, QWidget *parent = nullptr);
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 private:
     void showTime();
 

@@ -37,7 +37,8 @@ TitleBarButton::TitleBarButton(Glyph glyph, QWidget *parent)
 
 QSize TitleBarButton::sizeHint() const
 {
-    return {Side, Side};
+    const int side = qMax(Side, fontMetrics().height() * 3 / 4);
+    return {side, side};
 }
 
 void TitleBarButton::paintEvent(QPaintEvent *)
@@ -50,8 +51,11 @@ void TitleBarButton::paintEvent(QPaintEvent *)
         painter.drawRoundedRect(rect(), 3, 3);
         painter.setBrush(Qt::NoBrush);
     }
+    // Glyphs are drawn in the smallest size.
+    const qreal scale = qMin(width(), height()) / qreal(Side);
+    painter.scale(scale, scale);
     painter.setPen(QPen(palette().color(QPalette::WindowText), 1.2));
-    paintGlyph(m_glyph, QRectF(rect()).adjusted(5, 5, -5, -5), &painter);
+    paintGlyph(m_glyph, QRectF(0, 0, Side, Side).adjusted(5, 5, -5, -5), &painter);
 }
 
 void TitleBarButton::enterEvent(QEvent *event)

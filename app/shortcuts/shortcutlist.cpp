@@ -70,3 +70,9 @@ QHash<QString, QKeySequence> ShortcutList::changes() const
     }
     return changed;
 }
+
+void ShortcutList::markApplied()
+{
+    for (int i = 0; i < m_commands.size(); ++i)
+        m_before[i] = m_commands.at(i).current;
+}

@@ -43,8 +43,10 @@ public:
 
     bool isStandard(int index) const;
     bool areStandard() const;
-    /// The sequences by class name that differ from the added ones.
+    /// The sequences by class name that differ from the added ones, or from those of the last
+    /// markApplied().
     QHash<QString, QKeySequence> changes() const;
+    void markApplied();
 
 private:
     QVector<ShortcutCommand> m_commands;

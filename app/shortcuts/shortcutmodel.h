@@ -24,6 +24,7 @@ public:
     /// Like the list's functions.
     void assign(int command, const QKeySequence &shortcut);
     void resetAll();
+    void markApplied() { m_list.markApplied(); }
     /// The row of a command, in the first column.
     QModelIndex indexOf(int command) const;
 

@@ -793,7 +793,7 @@ The copy is kept as %3.</source>
     </message>
 </context>
 <context>
-    <name>ShortcutDialog</name>
+    <name>ShortcutEditor</name>
     <message>
         <source>Keyboard Shortcuts</source>
         <translation type="unfinished"></translation>

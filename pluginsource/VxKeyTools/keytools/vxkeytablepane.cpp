@@ -141,7 +141,7 @@ VxKeyTablePane::VxKeyTablePane()
     d->view->setWordWrap(false);
     QHeaderView *rows = d->view->verticalHeader();
     rows->setSectionResizeMode(QHeaderView::Fixed);
-    rows->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+    fitRows();
     rows->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QHeaderView *columns = d->view->horizontalHeader();
     columns->setSortIndicator(-1, Qt::AscendingOrder);
@@ -194,6 +194,21 @@ void VxKeyTablePane::saveSettings(VxSettings *settings) const
 void VxKeyTablePane::setFilter(const QString &text)
 {
     d->filter->setText(text);
+}
+
+void VxKeyTablePane::fitRows()
+{
+    d->view->verticalHeader()->setDefaultSectionSize(d->view->fontMetrics().height() + RowPadding);
+    QHeaderView *columns = d->view->horizontalHeader();
+    for (int i = 0; i < columns->count(); ++i)
+        columns->resizeSection(i, qMax(columns->sectionSize(i), columns->sectionSizeHint(i)));
+}
+
+void VxKeyTablePane::changeEvent(QEvent *event)
+{
+    VxPane::changeEvent(event);
+    if (event->type() == QEvent::FontChange && d && d->view)
+        fitRows();
 }
 
 void VxKeyTablePane::showEvent(QShowEvent *event)

@@ -34,11 +34,13 @@ public Q_SLOTS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     friend class KeyTableDelegate;
     bool setCells(const QModelIndex &index, const QString &typed);
     void refresh();
+    void fitRows();
     bool isCurrent();
 
     class Private;

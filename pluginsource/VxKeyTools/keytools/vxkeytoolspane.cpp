@@ -222,6 +222,7 @@ void VxKeyToolsPane::showTool()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    QWidget *previous = d->tools;
     for (const KeyToolParameter &parameter : d->tool().parameters) {
         const QString text = d->typed.value(d->settingName(parameter), parameter.defaultText);
         QWidget *field = nullptr;
@@ -242,6 +243,8 @@ void VxKeyToolsPane::showTool()
         field->setObjectName(d->settingName(parameter));
         layout->addRow(parameter.label, field);
         d->fields.insert(parameter.name, field);
+        setTabOrder(previous, field);
+        previous = field;
     }
     d->description->setText(d->tool().description);
     d->result->clear();

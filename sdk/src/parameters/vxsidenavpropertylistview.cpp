@@ -29,7 +29,8 @@ constexpr int KeyWidth = 22;
 constexpr qreal ValueShare = 0.38;
 constexpr int NarrowestValue = 64;
 constexpr int WidestValue = 160;
-constexpr qreal LargestShare = 0.6; // of a column whose width was set in a wider list
+constexpr int CommonTextHeight = 19; // pixels
+constexpr qreal LargestShare = 0.6;  // of a column whose width was set in a wider list
 
 } // namespace
 
@@ -168,8 +169,13 @@ void VxSideNavPropertyListView::Private::fitColumns()
     if (!q->getPropertyListModel())
         return;
     const int room = q->viewport()->width() - KeyWidth;
-    const int own = qBound(NarrowestValue, qRound(room * ValueShare), WidestValue);
-    const int chosen = qMin(valueWidth, qMax(NarrowestValue, qRound(room * LargestShare)));
+    // The limits are for texts of common size.
+    const auto forText = [this](int width) {
+        return qMax(width, width * q->fontMetrics().height() / CommonTextHeight);
+    };
+    const int narrowest = forText(NarrowestValue);
+    const int own = qBound(narrowest, qRound(room * ValueShare), forText(WidestValue));
+    const int chosen = qMin(valueWidth, qMax(narrowest, qRound(room * LargestShare)));
     fitting = true;
     q->header()->resizeSection(VxPropertyListItemModel::ValueColumn, valueWidth > 0 ? chosen : own);
     fitting = false;
@@ -377,6 +383,7 @@ void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
     if (!getPropertyListModel())
         return;
     header()->setStretchLastSection(false);
+    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionResizeMode(VxPropertyListItemModel::LabelColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(VxPropertyListItemModel::KeyColumn, QHeaderView::Fixed);
     header()->setMinimumSectionSize(KeyWidth);
@@ -451,7 +458,10 @@ bool VxSideNavPropertyListView::event(QEvent *event)
             return true;
         }
     }
-    return QTreeView::event(event);
+    const bool done = QTreeView::event(event);
+    if (event->type() == QEvent::FontChange)
+        d->fitColumns();
+    return done;
 }
 
 void VxSideNavPropertyListView::resizeEvent(QResizeEvent *event)

@@ -186,6 +186,20 @@ void sendToAllWidgets(QEvent::Type type)
     }
 }
 
+// Fusion draws the focus of a push button as it draws a dialog's default button.
+void drawButtonFocus(const QStyleOption *option, QPainter *painter)
+{
+    const QStyle::State focused = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    if ((option->state & focused) != focused)
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(option->palette.color(QPalette::ButtonText));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+    painter->restore();
+}
+
 QIcon::Mode iconMode(QStyle::State state)
 {
     if (!(state & QStyle::State_Enabled))
@@ -412,8 +426,11 @@ void VxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option
         onGround.palette.setColor(QPalette::WindowText,
                                   option->palette.color(QPalette::HighlightedText));
         QProxyStyle::drawPrimitive(element, &onGround, painter, widget);
-    } else if (!d->contrastFrames.drawPrimitive(baseStyle(), element, option, painter, widget)) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    } else {
+        if (!d->contrastFrames.drawPrimitive(baseStyle(), element, option, painter, widget))
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_PanelButtonCommand)
+            drawButtonFocus(option, painter);
     }
 }
 

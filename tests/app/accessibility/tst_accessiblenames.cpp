@@ -126,9 +126,9 @@ void tst_AccessibleNames::dialogsOfTheMenus()
     QCOMPARE(reported(faults), 0);
     titles.removeDuplicates();
     titles.sort();
-    QCOMPARE(titles, QStringList({"About VxStudio", "Breakdown", "Cycle", "Edit \"Left Thigh\"",
-                                  "Export Motion", "Field of View", "Keyboard Shortcuts",
-                                  "Keyboard and Mouse"}));
+    QCOMPARE(titles,
+             QStringList({"About VxStudio", "Breakdown", "Cycle", "Edit \"Left Thigh\"",
+                          "Export Motion", "Field of View", "Keyboard and Mouse", "Preferences"}));
 }
 
 void tst_AccessibleNames::dialogsOfFiles()

@@ -5,7 +5,7 @@
 #include "shell/keyoverview.h"
 #include "shell/keyoverviewdialog.h"
 #include "shell/menutypeahead.h"
-#include "shortcuts/shortcutdialog.h"
+#include "shortcuts/shortcuteditor.h"
 #include "shortcuts/shortcutlist.h"
 #include "widgets/menumnemonics.h"
 
@@ -275,10 +275,11 @@ void tst_StudioMenus::overviewLeadsToTheEditor()
     const auto *dialog = window()->findChild<KeyOverviewDialog *>();
     bool wasShown = false;
     QTimer::singleShot(0, this, [&wasShown] {
-        auto *editor = qobject_cast<ShortcutDialog *>(QApplication::activeModalWidget());
-        wasShown = editor != nullptr;
-        if (editor)
-            editor->reject();
+        auto *shown = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        const auto *editor = shown ? shown->findChild<ShortcutEditor *>() : nullptr;
+        wasShown = editor && editor->isVisible();
+        if (shown)
+            shown->reject();
     });
     for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
         if (button->text().contains("Shortcuts"))

@@ -26,13 +26,36 @@ struct SeenEvent
 {
     QAccessible::Event type;
     QString name;
+    QString description;
 };
 std::vector<SeenEvent> seenEvents;
 
 void seeEvent(QAccessibleEvent *event)
 {
     QAccessibleInterface *object = event->accessibleInterface();
-    seenEvents.push_back({event->type(), object ? object->text(QAccessible::Name) : QString()});
+    seenEvents.push_back({event->type(), object ? object->text(QAccessible::Name) : QString(),
+                          object ? object->text(QAccessible::Description) : QString()});
+}
+
+/// The events of a type since the last call for any type, as names of their objects.
+QStringList namesOf(QAccessible::Event type)
+{
+    QStringList names;
+    for (const SeenEvent &event : seenEvents) {
+        if (event.type == type)
+            names += event.name;
+    }
+    return names;
+}
+
+/// The objects at a place from the outermost to the innermost, as a screen reader finds them.
+QStringList pathTo(QAccessibleInterface *root, const QPoint &place)
+{
+    QStringList names;
+    for (QAccessibleInterface *object = root; object && names.size() < 10;
+         object = object->childAt(place.x(), place.y()))
+        names += object->text(QAccessible::Name);
+    return names;
 }
 
 /// The first child with a name; null for none.
@@ -82,6 +105,9 @@ private Q_SLOTS:
     void removedRows();
     void channelsAreAList();
     void playheadAndTimeRange();
+    void objectsAtAPlace();
+    void buttonsAtAPlace();
+    void changesAreReported();
     void nothingIsMadeWhileNobodyListens();
 
 private:
@@ -421,6 +447,97 @@ void TestTimePaneAccessible::playheadAndTimeRange()
     QCOMPARE(vxScene->getPlayRange(), VxTimeRange(20 * Frame, 40 * Frame));
     slider->valueInterface()->setCurrentValue(1000);
     QCOMPARE(vxScene->getPlayRange(), VxTimeRange(80 * Frame, 100 * Frame));
+}
+
+void TestTimePaneAccessible::objectsAtAPlace()
+{
+    QAccessibleInterface *list = xKeys();
+    for (int i = 0; i < 3; ++i) {
+        const QRect mark = list->child(i)->rect();
+        QVERIFY(!mark.isEmpty());
+        const QStringList path = pathTo(list->parent(), mark.center());
+        QCOMPARE(path, QStringList({list->parent()->text(QAccessible::Name),
+                                    list->text(QAccessible::Name),
+                                    list->child(i)->text(QAccessible::Name)}));
+        QCOMPARE(sheetObject()->childAt(mark.center().x(), mark.center().y()), list->parent());
+    }
+    // Between two keys, and in the column of names.
+    const QPoint between = (list->child(0)->rect().center() + list->child(1)->rect().center()) / 2;
+    QVERIFY(list->rect().contains(between));
+    QVERIFY(!list->childAt(between.x(), between.y()));
+    const QRect row = list->parent()->rect();
+    QVERIFY(!list->parent()->childAt(row.left() + 2, row.center().y()));
+
+    sheet()->setCurrentIndex(sheet()->findNodeIndex(leg));
+    pane->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
+    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(pane->getKeyGraphView());
+    QAccessibleInterface *channel = graph->child(0);
+    for (int i = 0; i < 3; ++i) {
+        const QPoint place = channel->child(i)->rect().center();
+        QVERIFY(!channel->child(i)->rect().isEmpty());
+        QCOMPARE(pathTo(graph, place),
+                 QStringList({graph->text(QAccessible::Name), channel->text(QAccessible::Name),
+                              channel->child(i)->text(QAccessible::Name)}));
+    }
+}
+
+void TestTimePaneAccessible::buttonsAtAPlace()
+{
+    pane->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
+    VxKeyGraphView *view = pane->getKeyGraphView();
+    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(view);
+    auto *button = find<QWidget>("KeyGraphFrameBtn");
+    const QPoint place = button->mapToGlobal(button->rect().center());
+    QCOMPARE(graph->childAt(place.x(), place.y()), QAccessible::queryAccessibleInterface(button));
+    // No key, and outside.
+    const QPoint empty = view->mapToGlobal(QPoint(2, view->height() / 2));
+    QVERIFY(!graph->childAt(empty.x(), empty.y()));
+    const QPoint outside = view->mapToGlobal(QPoint(-5, -5));
+    QVERIFY(!graph->childAt(outside.x(), outside.y()));
+}
+
+/// Each change is reported once it has happened, by the object that it happened to.
+void TestTimePaneAccessible::changesAreReported()
+{
+    sheet()->setCurrentIndex(sheet()->findNodeIndex(hip));
+    pane->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(pane->window()));
+    sheet()->setFocus();
+    QAccessible::installUpdateHandler(seeEvent);
+    QAccessible::setActive(true);
+    const auto after = [](const auto &change) {
+        seenEvents.clear();
+        change();
+        QCoreApplication::processEvents();
+    };
+    after([&] { sheet()->setCurrentIndex(sheet()->findNodeIndex(leg)); });
+    QCOMPARE(namesOf(QAccessible::Focus), QStringList{"leg"});
+    // The number of keys of the current row.
+    after([&] { x->setKey(15 * Frame, 1.0f, 0); });
+    QVERIFY(!namesOf(QAccessible::DescriptionChanged).isEmpty());
+    QCOMPARE(namesOf(QAccessible::DescriptionChanged).constFirst(), QString("leg"));
+    QVERIFY2(seenEvents.back().description.contains("4 keys"),
+             qPrintable(seenEvents.back().description));
+    after([&] { sheet()->setKeySelection(true, sheet()->findNodeIndex(leg)); });
+    QVERIFY(namesOf(QAccessible::SelectionWithin).contains("Dope Sheet"));
+    QVERIFY(namesOf(QAccessible::SelectionWithin).contains("Key Graph"));
+    QVERIFY(seenEvents.back().description.contains("4 selected"));
+    after([&] { vxScene->setTime(7 * Frame); });
+    QCOMPARE(namesOf(QAccessible::ValueChanged), QStringList{"Playhead"});
+    after([&] { sheet()->expand(sheet()->findNodeIndex(leg)); });
+    QVERIFY(namesOf(QAccessible::StateChanged).contains("leg"));
+    // Rows.
+    auto *foot = new VxNode("foot");
+    after([&] { vxScene->addNode(foot); });
+    QVERIFY(namesOf(QAccessible::TableModelChanged).contains("Dope Sheet"));
+    after([&] { vxScene->removeNode(foot); });
+    QVERIFY(namesOf(QAccessible::TableModelChanged).contains("Dope Sheet"));
+    // The focus returns to the current row.
+    pane->setFocusPolicy(Qt::StrongFocus);
+    pane->setFocus();
+    after([&] { sheet()->setFocus(); });
+    QVERIFY(namesOf(QAccessible::Focus).contains("leg"));
+    QAccessible::setActive(false);
 }
 
 void TestTimePaneAccessible::nothingIsMadeWhileNobodyListens()

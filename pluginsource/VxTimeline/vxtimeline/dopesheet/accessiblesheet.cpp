@@ -67,6 +67,16 @@ public:
         return toGlobal(m_sheet->viewport(), mark.intersected(cell));
     }
 
+    VxTime timeAt(int x) const override
+    {
+        const QRect cell = cellOf(m_sheet, m_item, VxDopeSheetView::KeysColumn);
+        const TimelineMetrics &metrics = TimelineMetrics::shared();
+        const VxTime start = vxScene->getPlayRange().getStart();
+        const int column = m_sheet->viewport()->mapFromGlobal(QPoint(x, 0)).x();
+        const int distance = column - metrics.keyMiddle(cell.left(), start, start);
+        return TimelineSnap::limited(qint64(start + distance * metrics.ticksPerPixel()));
+    }
+
     int count() const override { return m_item->keyCount(); }
     int selectedCount() const override { return m_item->selectedKeyCount(); }
     VxTime time(int index) const override { return m_item->keyTime(index); }
@@ -233,9 +243,10 @@ QAccessibleInterface *AccessibleRow::child(int index) const
 
 QAccessibleInterface *AccessibleRow::childAt(int x, int y) const
 {
-    Q_UNUSED(x)
-    Q_UNUSED(y)
-    return nullptr;
+    if (!isValid())
+        return nullptr;
+    const AccessibleKeys::Source keys = AccessibleSheet::keysOf(m_sheet, m_item);
+    return keys->rect().contains(x, y) ? AccessibleKeys::listOf(keys) : nullptr;
 }
 
 int AccessibleRow::indexOfChild(const QAccessibleInterface *child) const

@@ -43,6 +43,11 @@ public:
             m_view->getScale().markRectOf(keys->getKeyTime(index), keys->getKeyValue(index)));
     }
 
+    VxTime timeAt(int x) const override
+    {
+        return m_view->getScale().time(m_view->mapFromGlobal(QPoint(x, 0)).x());
+    }
+
     int count() const override { return channel()->getNumKeys(); }
     int selectedCount() const override
     {
@@ -122,6 +127,23 @@ QAccessibleInterface *AccessibleGraph::child(int index) const
     if (index < 0 || index >= channels)
         return QAccessibleWidget::child(index - channels);
     return AccessibleKeys::listOf(keysOf(view(), index));
+}
+
+QAccessibleInterface *AccessibleGraph::childAt(int x, int y) const
+{
+    const QPoint place(x, y);
+    const QPoint local = view()->mapFromGlobal(place);
+    if (!view()->rect().contains(local))
+        return nullptr;
+    if (QWidget *button = view()->childAt(local))
+        return QAccessible::queryAccessibleInterface(button);
+    // The last ones are painted on top.
+    for (int channel = channelCount() - 1; channel >= 0; --channel) {
+        const AccessibleKeys::Source keys = keysOf(view(), channel);
+        if (AccessibleKeys::indexAt(*keys, place) >= 0)
+            return AccessibleKeys::listOf(keys);
+    }
+    return nullptr;
 }
 
 int AccessibleGraph::indexOfChild(const QAccessibleInterface *child) const

@@ -18,6 +18,8 @@ public:
     static AccessibleKeys::Source keysOf(VxKeyGraphView *view, int channel);
 
     QAccessibleInterface *child(int index) const override;
+    // The button or the channel with a key there; null for none.
+    QAccessibleInterface *childAt(int x, int y) const override;
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
 

@@ -42,9 +42,7 @@ QAccessibleInterface *AccessibleKeyList::child(int index) const
 
 QAccessibleInterface *AccessibleKeyList::childAt(int x, int y) const
 {
-    Q_UNUSED(x)
-    Q_UNUSED(y)
-    return nullptr;
+    return AccessibleKeys::keyOf(m_source, AccessibleKeys::indexAt(*m_source, QPoint(x, y)));
 }
 
 int AccessibleKeyList::childCount() const

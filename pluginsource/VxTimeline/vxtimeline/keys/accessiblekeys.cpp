@@ -10,6 +10,9 @@
 
 namespace {
 
+// Keys that are examined on both sides of a place: as many marks may share a column's pixels.
+constexpr int MarksAround = 16;
+
 // The object of the list itself, among the places of its keys.
 constexpr int ListIndex = -1;
 
@@ -83,6 +86,27 @@ QAccessibleInterface *AccessibleKeys::listOf(const Source &source)
         return nullptr;
     return AccessiblePool::ofContainers().get({source->owner(), ListIndex},
                                               [&] { return new AccessibleKeyList(source); });
+}
+
+int AccessibleKeys::indexAt(const AccessibleKeySource &source, const QPoint &place)
+{
+    if (!source.isValid() || source.count() == 0)
+        return -1;
+    const int near = source.firstFrom(source.timeAt(place.x()));
+    int best = -1;
+    int least = 0;
+    const int last = std::min(source.count(), near + MarksAround);
+    for (int index = std::max(0, near - MarksAround); index < last; ++index) {
+        const QRect mark = source.keyRect(index);
+        if (!mark.contains(place))
+            continue;
+        const int distance = (mark.center() - place).manhattanLength();
+        if (best < 0 || distance < least) {
+            best = index;
+            least = distance;
+        }
+    }
+    return best;
 }
 
 QAccessibleInterface *AccessibleKeys::keyOf(const Source &source, int index)

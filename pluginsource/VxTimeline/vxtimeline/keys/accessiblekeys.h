@@ -29,6 +29,8 @@ public:
     // In global pixels; empty for a key that is not visible.
     virtual QRect rect() const = 0;
     virtual QRect keyRect(int index) const = 0;
+    // The time at a column, in global pixels.
+    virtual VxTime timeAt(int x) const = 0;
     virtual QWindow *window() const = 0;
 
     virtual int count() const = 0;
@@ -52,6 +54,8 @@ public:
 
     // The object of the list of keys, with a child for each key; null for an invalid source.
     static QAccessibleInterface *listOf(const Source &source);
+    // The key whose mark is at a place in global pixels, the nearest of several; -1 for none.
+    static int indexAt(const AccessibleKeySource &source, const QPoint &place);
     // The object of a key; null outside of 0 .. count() - 1.
     static QAccessibleInterface *keyOf(const Source &source, int index);
 

@@ -71,6 +71,14 @@ void TimePaneAccessible::handleSelectionChanged()
         return;
     sendEvent(m_views.sheet(), QAccessible::SelectionWithin);
     sendEvent(m_views.graphView(), QAccessible::SelectionWithin);
+    // The current row's number of keys, selected keys and keys near the current time.
+    VxDopeSheetView *sheet = m_views.sheet();
+    QAccessibleInterface *row =
+        AccessibleSheet::rowOf(sheet, sheet->getItem(sheet->currentIndex()));
+    if (!row)
+        return;
+    QAccessibleEvent described(row, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
 }
 
 // Playback changes the time at every frame.

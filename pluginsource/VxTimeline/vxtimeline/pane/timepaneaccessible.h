@@ -8,7 +8,8 @@ class QModelIndex;
 class TimePaneViews;
 
 // The pane's views for screen readers: makes the toolkit use the accessible objects of dope sheet,
-// key graph, playhead and time range slider, and reports changes of selection, value and open rows.
+// key graph, playhead and time range slider, and reports changes of keys, selection, value and open
+// rows. Changes of rows and of the current row are reported by the dope sheet itself.
 //
 // Nothing is made or sent while no screen reader is active.
 class TimePaneAccessible : public QObject

@@ -1,8 +1,9 @@
 #include "studiotestbase.h"
 #include "testing/vxtestmain.h"
 
+#include "preferences/preferencesdialog.h"
 #include "shortcuts/shortcutcatalogue.h"
-#include "shortcuts/shortcutdialog.h"
+#include "shortcuts/shortcuteditor.h"
 #include "shortcuts/shortcutmodel.h"
 #include "testing/vxmousedriver.h"
 
@@ -18,7 +19,7 @@
 #include <vxcore/vxstyle.h>
 
 /// The shortcut editor as a user has it: from the menu, by hand, over two runs of the program.
-class tst_ShortcutDialog : public QObject, private StudioTest
+class tst_ShortcutEditor : public QObject, private StudioTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -57,26 +58,29 @@ private:
         return actions()->getShortcut(QLatin1String(className)).toString();
     }
 
-    ShortcutDialog *m_dialog = nullptr;
+    PreferencesDialog *m_dialog = nullptr;
+    ShortcutEditor *m_editor = nullptr;
 };
 
-void tst_ShortcutDialog::init()
+void tst_ShortcutEditor::init()
 {
     setUp();
     start();
 }
 
-void tst_ShortcutDialog::cleanup()
+void tst_ShortcutEditor::cleanup()
 {
     tearDown();
 }
 
-void tst_ShortcutDialog::edit(const std::function<void()> &work)
+void tst_ShortcutEditor::edit(const std::function<void()> &work)
 {
     bool worked = false;
     QTimer::singleShot(0, this, [this, &work, &worked] {
-        m_dialog = qobject_cast<ShortcutDialog *>(QApplication::activeModalWidget());
+        m_dialog = qobject_cast<PreferencesDialog *>(QApplication::activeModalWidget());
         QVERIFY(m_dialog);
+        m_editor = m_dialog->findChild<ShortcutEditor *>();
+        QVERIFY(m_editor && m_editor->isVisible());
         // A check that fails leaves the function early: the dialog must not stay open.
         const auto close = qScopeGuard([this] {
             if (m_dialog->isVisible())
@@ -92,7 +96,7 @@ void tst_ShortcutDialog::edit(const std::function<void()> &work)
     QVERIFY(worked);
 }
 
-template <class Widget> Widget *tst_ShortcutDialog::part(const char *name) const
+template <class Widget> Widget *tst_ShortcutEditor::part(const char *name) const
 {
     auto *found = m_dialog->findChild<Widget *>(QLatin1String(name));
     if (!found)
@@ -101,38 +105,38 @@ template <class Widget> Widget *tst_ShortcutDialog::part(const char *name) const
 }
 
 /** Clicks the command's row. */
-void tst_ShortcutDialog::choose(const char *className) const
+void tst_ShortcutEditor::choose(const char *className) const
 {
-    const ShortcutList &list = m_dialog->list();
+    const ShortcutList &list = m_editor->list();
     int command = 0;
     while (list.at(command).className != QLatin1String(className))
         ++command;
     auto *tree = part<QTreeView>("ShortcutTree");
-    m_dialog->selectCommand(command);
+    m_editor->selectCommand(command);
     VxMouseDriver(tree->viewport()).click(tree->visualRect(tree->currentIndex()).center());
     QCOMPARE(tree->currentIndex().data(ShortcutModel::CommandRole).toInt(), command);
 }
 
-void tst_ShortcutDialog::press(int key, Qt::KeyboardModifiers modifiers) const
+void tst_ShortcutEditor::press(int key, Qt::KeyboardModifiers modifiers) const
 {
     QTest::keyClick(m_dialog->windowHandle(), static_cast<Qt::Key>(key), modifiers);
 }
 
-void tst_ShortcutDialog::click(QWidget *button) const
+void tst_ShortcutEditor::click(QWidget *button) const
 {
     QVERIFY(button->isVisible() && button->isEnabled());
     VxMouseDriver(button).click(button->rect().center());
 }
 
-void tst_ShortcutDialog::clickButton(QDialogButtonBox::StandardButton button) const
+void tst_ShortcutEditor::clickButton(QDialogButtonBox::StandardButton button) const
 {
     click(m_dialog->findChild<QDialogButtonBox *>()->button(button));
 }
 
 /** What the tree shows for a command. */
-QString tst_ShortcutDialog::shown(const char *className) const
+QString tst_ShortcutEditor::shown(const char *className) const
 {
-    const ShortcutList &list = m_dialog->list();
+    const ShortcutList &list = m_editor->list();
     const QAbstractItemModel *model = part<QTreeView>("ShortcutTree")->model();
     for (int group = 0; group < model->rowCount(); ++group) {
         const QModelIndex parent = model->index(group, 0);
@@ -146,15 +150,15 @@ QString tst_ShortcutDialog::shown(const char *className) const
     return QStringLiteral("not shown");
 }
 
-void tst_ShortcutDialog::listsEveryCommand()
+void tst_ShortcutEditor::listsEveryCommand()
 {
     edit([this] {
         QSet<QString> listed;
-        for (int i = 0; i < m_dialog->list().count(); ++i) {
-            const ShortcutCommand &command = m_dialog->list().at(i);
+        for (int i = 0; i < m_editor->list().count(); ++i) {
+            const ShortcutCommand &command = m_editor->list().at(i);
             QVERIFY(!command.text.isEmpty() && !command.group.isEmpty());
             // Two commands with one key would leave both dead.
-            const int other = m_dialog->list().holderOf(command.current, i);
+            const int other = m_editor->list().holderOf(command.current, i);
             QVERIFY2(other < 0, qPrintable(command.text));
             if (command.isFixed())
                 continue;
@@ -178,7 +182,7 @@ void tst_ShortcutDialog::listsEveryCommand()
     });
 }
 
-void tst_ShortcutDialog::assignsAFreeShortcut()
+void tst_ShortcutEditor::assignsAFreeShortcut()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -202,7 +206,7 @@ void tst_ShortcutDialog::assignsAFreeShortcut()
     QCOMPARE(vxScene->isLoopingEnabled(), !before);
 }
 
-void tst_ShortcutDialog::reassignsAfterConfirmation()
+void tst_ShortcutEditor::reassignsAfterConfirmation()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -226,7 +230,7 @@ void tst_ShortcutDialog::reassignsAfterConfirmation()
 }
 
 /// The entries of the program's own menus are as much the user's as the actions.
-void tst_ShortcutDialog::windowCommandsHaveKeysToo()
+void tst_ShortcutEditor::windowCommandsHaveKeysToo()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -257,7 +261,7 @@ void tst_ShortcutDialog::windowCommandsHaveKeysToo()
 }
 
 /// Settings that somebody wrote by hand.
-void tst_ShortcutDialog::storedKeyOfAWindowCommand()
+void tst_ShortcutEditor::storedKeyOfAWindowCommand()
 {
     start(); // the settings are there
     studio.reset();
@@ -276,7 +280,7 @@ void tst_ShortcutDialog::storedKeyOfAWindowCommand()
     QVERIFY(window()->statusBar()->currentMessage().isEmpty());
 }
 
-void tst_ShortcutDialog::clearsAndResetsOne()
+void tst_ShortcutEditor::clearsAndResetsOne()
 {
     edit([this] {
         choose("VxPlayToggleAction");
@@ -291,7 +295,7 @@ void tst_ShortcutDialog::clearsAndResetsOne()
     });
 }
 
-void tst_ShortcutDialog::resetMeetsAnotherHolder()
+void tst_ShortcutEditor::resetMeetsAnotherHolder()
 {
     actions()->setShortcut("VxLoopToggleAction", QKeySequence(Qt::Key_Space));
     edit([this] {
@@ -307,7 +311,7 @@ void tst_ShortcutDialog::resetMeetsAnotherHolder()
     QCOMPARE(shortcut("VxLoopToggleAction"), QString());
 }
 
-void tst_ShortcutDialog::resetsAll()
+void tst_ShortcutEditor::resetsAll()
 {
     actions()->setShortcut("VxLoopToggleAction", QKeySequence(Qt::Key_Space));
     actions()->setShortcut("VxNextFrameAction", QKeySequence(Qt::Key_F9));
@@ -324,7 +328,7 @@ void tst_ShortcutDialog::resetsAll()
     QCOMPARE(shortcut("VxPlayToggleAction"), QString("Space"));
 }
 
-void tst_ShortcutDialog::cancelChangesNothing()
+void tst_ShortcutEditor::cancelChangesNothing()
 {
     edit([this] {
         choose("VxPlayToggleAction");
@@ -334,7 +338,7 @@ void tst_ShortcutDialog::cancelChangesNothing()
     QCOMPARE(shortcut("VxPlayToggleAction"), QString("Space"));
 }
 
-void tst_ShortcutDialog::searchFindsAndKeeps()
+void tst_ShortcutEditor::searchFindsAndKeeps()
 {
     edit([this] {
         auto *field = part<QLineEdit>("ShortcutSearchField");
@@ -359,7 +363,7 @@ void tst_ShortcutDialog::searchFindsAndKeeps()
 }
 
 // From the search to the result to its field and out with Enter, without touching the mouse.
-void tst_ShortcutDialog::keyboardAlone()
+void tst_ShortcutEditor::keyboardAlone()
 {
     edit([this] {
         QCOMPARE(QApplication::focusWidget(), part<QLineEdit>("ShortcutSearchField"));
@@ -378,7 +382,7 @@ void tst_ShortcutDialog::keyboardAlone()
 }
 
 // Backspace, Delete and the letters of mnemonics are shortcuts like others; Tab and Escape are not.
-void tst_ShortcutDialog::dialogKeysStayTheDialogs()
+void tst_ShortcutEditor::dialogKeysStayTheDialogs()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -397,7 +401,7 @@ void tst_ShortcutDialog::dialogKeysStayTheDialogs()
     QCOMPARE(shortcut("VxLoopToggleAction"), QString());
 }
 
-void tst_ShortcutDialog::shownInMenusAndTips()
+void tst_ShortcutEditor::shownInMenusAndTips()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -415,7 +419,7 @@ void tst_ShortcutDialog::shownInMenusAndTips()
     QCOMPARE(button->toolTip(), QString("Loop (Ctrl+J)"));
 }
 
-void tst_ShortcutDialog::keptOverTwoRuns()
+void tst_ShortcutEditor::keptOverTwoRuns()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -437,7 +441,7 @@ void tst_ShortcutDialog::keptOverTwoRuns()
     QCOMPARE(shortcut("VxLoopToggleAction"), QString());
 }
 
-void tst_ShortcutDialog::savedWithoutAQuit()
+void tst_ShortcutEditor::savedWithoutAQuit()
 {
     edit([this] {
         choose("VxLoopToggleAction");
@@ -451,7 +455,7 @@ void tst_ShortcutDialog::savedWithoutAQuit()
 }
 
 // Pictures to look at, when a folder for them is named; that they differ is checked always.
-void tst_ShortcutDialog::pictures()
+void tst_ShortcutEditor::pictures()
 {
     QVector<QImage> taken;
     for (const VxStyle::ColorScheme scheme :
@@ -473,5 +477,5 @@ void tst_ShortcutDialog::pictures()
     }
 }
 
-VX_TEST_MAIN(tst_ShortcutDialog)
-#include "tst_shortcutdialog.moc"
+VX_TEST_MAIN(tst_ShortcutEditor)
+#include "tst_shortcuteditor.moc"

@@ -1,9 +1,8 @@
-#include "shortcuts/shortcutdialog.h"
+#include "shortcuts/shortcuteditor.h"
 
 #include "shortcuts/shortcutfield.h"
 #include "shortcuts/shortcutmodel.h"
 
-#include <QDialogButtonBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -17,9 +16,8 @@
 
 namespace {
 
-constexpr QSize EditorSize(680, 620); // pixels
-constexpr int WarningSize = 20;       // pixels
-constexpr int ShortcutWidth = 150;    // of its column and its field, pixels
+constexpr int WarningSize = 20;     // pixels
+constexpr int ShortcutLetters = 18; // of the shortcuts' column and field
 
 QPushButton *makeButton(const char *name, const QString &text)
 {
@@ -60,36 +58,38 @@ QString native(const QKeySequence &shortcut)
 
 } // namespace
 
-ShortcutDialog::ShortcutDialog(const ShortcutList &list, QWidget *parent)
-    : QDialog(parent)
+ShortcutEditor::ShortcutEditor(const ShortcutList &list, QWidget *parent)
+    : QWidget(parent)
     , m_model(new ShortcutModel(list, this))
     , m_search(new ShortcutSearch(this))
 {
-    setObjectName(QStringLiteral("ShortcutDialog"));
-    setWindowTitle(tr("Keyboard Shortcuts"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setObjectName(QStringLiteral("ShortcutEditor"));
     m_search->setSourceModel(m_model);
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(10);
     layout->addWidget(buildSearch());
     layout->addWidget(buildTree(), 1);
     layout->addWidget(buildDetails());
-    layout->addWidget(buildButtons());
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &ShortcutDialog::showCurrent);
-    connect(m_model, &ShortcutModel::edited, this, &ShortcutDialog::showCurrent);
-    resize(EditorSize);
+            &ShortcutEditor::showCurrent);
+    connect(m_model, &ShortcutModel::edited, this, &ShortcutEditor::showCurrent);
+    connect(m_model, &ShortcutModel::edited, this, &ShortcutEditor::edited);
     showCurrent();
 }
 
-ShortcutDialog::~ShortcutDialog() = default;
+ShortcutEditor::~ShortcutEditor() = default;
 
-const ShortcutList &ShortcutDialog::list() const
+const ShortcutList &ShortcutEditor::list() const
 {
     return m_model->list();
 }
 
-QWidget *ShortcutDialog::buildSearch()
+void ShortcutEditor::markApplied()
+{
+    m_model->markApplied();
+}
+
+QWidget *ShortcutEditor::buildSearch()
 {
     auto *field = new QLineEdit;
     field->setObjectName(QStringLiteral("ShortcutSearchField"));
@@ -97,12 +97,13 @@ QWidget *ShortcutDialog::buildSearch()
     field->setAccessibleName(tr("Search"));
     if (vxApp && vxApp->getStyle())
         field->addAction(vxApp->getStyle()->icon(VxStyle::SP_VxSearch), QLineEdit::LeadingPosition);
-    connect(field, &QLineEdit::textChanged, this, &ShortcutDialog::search);
+    connect(field, &QLineEdit::textChanged, this, &ShortcutEditor::search);
     field->installEventFilter(this);
+    setFocusProxy(field);
     return field;
 }
 
-QWidget *ShortcutDialog::buildTree()
+QWidget *ShortcutEditor::buildTree()
 {
     m_tree = new QTreeView;
     m_tree->setObjectName(QStringLiteral("ShortcutTree"));
@@ -113,9 +114,10 @@ QWidget *ShortcutDialog::buildTree()
     m_tree->setExpandsOnDoubleClick(false);
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(ShortcutModel::CommandColumn, QHeaderView::Stretch);
-    m_tree->header()->resizeSection(ShortcutModel::ShortcutColumn, ShortcutWidth);
+    m_tree->header()->resizeSection(ShortcutModel::ShortcutColumn,
+                                    ShortcutLetters * fontMetrics().averageCharWidth());
     m_tree->expandAll();
-    connect(m_tree, &QTreeView::doubleClicked, this, &ShortcutDialog::beginCapture);
+    connect(m_tree, &QTreeView::doubleClicked, this, &ShortcutEditor::beginCapture);
     m_tree->installEventFilter(this);
 
     m_nothingFound = new QLabel(tr("No matching commands."), m_tree);
@@ -127,7 +129,7 @@ QWidget *ShortcutDialog::buildTree()
     return m_tree;
 }
 
-QWidget *ShortcutDialog::buildDetails()
+QWidget *ShortcutEditor::buildDetails()
 {
     auto *details = new QWidget;
     auto *layout = new QVBoxLayout(details);
@@ -145,11 +147,11 @@ QWidget *ShortcutDialog::buildDetails()
     return details;
 }
 
-QLayout *ShortcutDialog::buildShortcutLine()
+QLayout *ShortcutEditor::buildShortcutLine()
 {
     auto *layout = new QHBoxLayout;
     m_field = new ShortcutField;
-    m_field->setFixedWidth(ShortcutWidth);
+    m_field->setFixedWidth(ShortcutLetters * fontMetrics().averageCharWidth());
     auto *label = new QLabel(tr("&Shortcut:"));
     label->setBuddy(m_field);
     m_clear = makeButton("ShortcutClearBtn", tr("&Clear"));
@@ -159,14 +161,18 @@ QLayout *ShortcutDialog::buildShortcutLine()
     layout->addWidget(m_clear);
     layout->addWidget(m_reset);
     layout->addStretch(1);
-    connect(m_field, &ShortcutField::captured, this, &ShortcutDialog::propose);
+    m_resetAll = makeButton("ShortcutResetAllBtn", tr("Reset &All"));
+    m_resetAll->setToolTip(tr("Restores the default shortcuts of all commands."));
+    connect(m_resetAll, &QPushButton::clicked, m_model, &ShortcutModel::resetAll);
+    layout->addWidget(m_resetAll);
+    connect(m_field, &ShortcutField::captured, this, &ShortcutEditor::propose);
     connect(m_clear, &QPushButton::clicked, this, [this] { propose(QKeySequence()); });
     connect(m_reset, &QPushButton::clicked, this,
             [this] { propose(list().at(current()).standard); });
     return layout;
 }
 
-QLayout *ShortcutDialog::buildConflictLine()
+QLayout *ShortcutEditor::buildConflictLine()
 {
     auto *layout = new QHBoxLayout;
     m_conflict = makeText("ShortcutConflict");
@@ -180,36 +186,24 @@ QLayout *ShortcutDialog::buildConflictLine()
     layout->addWidget(m_warning);
     layout->addWidget(m_conflict, 1);
     layout->addWidget(m_takeOver);
-    connect(m_takeOver, &QPushButton::clicked, this, &ShortcutDialog::takeOver);
+    connect(m_takeOver, &QPushButton::clicked, this, &ShortcutEditor::takeOver);
     return layout;
 }
 
-QWidget *ShortcutDialog::buildButtons()
-{
-    auto *box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    m_resetAll = makeButton("ShortcutResetAllBtn", tr("Reset &All"));
-    m_resetAll->setToolTip(tr("Restores the default shortcuts of all commands."));
-    box->addButton(m_resetAll, QDialogButtonBox::ResetRole);
-    connect(m_resetAll, &QPushButton::clicked, m_model, &ShortcutModel::resetAll);
-    connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    return box;
-}
-
-int ShortcutDialog::current() const
+int ShortcutEditor::current() const
 {
     const QModelIndex row = m_tree->currentIndex();
     return row.isValid() ? row.data(ShortcutModel::CommandRole).toInt() : -1;
 }
 
-void ShortcutDialog::selectCommand(int command)
+void ShortcutEditor::selectCommand(int command)
 {
     const QModelIndex row = m_search->mapFromSource(m_model->indexOf(command));
     m_tree->setCurrentIndex(row);
     m_tree->scrollTo(row);
 }
 
-void ShortcutDialog::showCurrent()
+void ShortcutEditor::showCurrent()
 {
     clearConflict();
     const int command = current();
@@ -229,7 +223,7 @@ void ShortcutDialog::showCurrent()
     m_resetAll->setEnabled(!list().areStandard());
 }
 
-void ShortcutDialog::propose(const QKeySequence &shortcut)
+void ShortcutEditor::propose(const QKeySequence &shortcut)
 {
     const int command = current();
     if (command < 0 || list().at(command).isFixed())
@@ -242,7 +236,7 @@ void ShortcutDialog::propose(const QKeySequence &shortcut)
         explainConflict(shortcut);
 }
 
-void ShortcutDialog::explainConflict(const QKeySequence &shortcut)
+void ShortcutEditor::explainConflict(const QKeySequence &shortcut)
 {
     const ShortcutCommand &holder = list().at(list().holderOf(shortcut, current()));
     const QString whose =
@@ -258,7 +252,7 @@ void ShortcutDialog::explainConflict(const QKeySequence &shortcut)
     m_takeOver->show();
 }
 
-void ShortcutDialog::clearConflict()
+void ShortcutEditor::clearConflict()
 {
     m_pending = QKeySequence();
     m_conflict->clear();
@@ -266,13 +260,13 @@ void ShortcutDialog::clearConflict()
     m_takeOver->hide();
 }
 
-void ShortcutDialog::takeOver()
+void ShortcutEditor::takeOver()
 {
     m_field->setFocus(Qt::OtherFocusReason);
     m_model->assign(current(), QKeySequence(m_pending));
 }
 
-void ShortcutDialog::search(const QString &text)
+void ShortcutEditor::search(const QString &text)
 {
     const int before = current();
     m_search->setText(text);
@@ -283,14 +277,14 @@ void ShortcutDialog::search(const QString &text)
     showCurrent();
 }
 
-void ShortcutDialog::beginCapture()
+void ShortcutEditor::beginCapture()
 {
     if (m_field->isEnabled())
         m_field->setFocus(Qt::OtherFocusReason);
 }
 
 /** Down moves from the search to the matches, Enter from a command to its field. */
-bool ShortcutDialog::eventFilter(QObject *watched, QEvent *event)
+bool ShortcutEditor::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent *>(event)->key();
@@ -306,5 +300,5 @@ bool ShortcutDialog::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    return QDialog::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }

@@ -1,9 +1,9 @@
-#ifndef SHORTCUTDIALOG_H
-#define SHORTCUTDIALOG_H
+#ifndef SHORTCUTEDITOR_H
+#define SHORTCUTEDITOR_H
 
 #include "shortcuts/shortcutlist.h"
 
-#include <QDialog>
+#include <QWidget>
 
 class QLabel;
 class QLineEdit;
@@ -15,19 +15,24 @@ class ShortcutSearch;
 
 /// Finds a command and changes its shortcut.
 ///
-/// All changes are made to the dialog's list; the caller applies list() after acceptance. A key in
-/// use by another command is not reassigned silently: the dialog names that command, and offers the
-/// reassignment.
-class ShortcutDialog : public QDialog
+/// All changes are made to the editor's list, which the caller applies. A key in use by another
+/// command is not reassigned silently: the editor names that command, and offers the reassignment.
+class ShortcutEditor : public QWidget
 {
     Q_OBJECT
 public:
-    explicit ShortcutDialog(const ShortcutList &list, QWidget *parent = nullptr);
-    ~ShortcutDialog() override;
+    explicit ShortcutEditor(const ShortcutList &list, QWidget *parent = nullptr);
+    ~ShortcutEditor() override;
 
     const ShortcutList &list() const;
+    /// The present shortcuts were applied: changes count from here.
+    void markApplied();
     /// Makes a command the current one, as if clicked.
     void selectCommand(int command);
+
+Q_SIGNALS:
+    /// A shortcut was changed in the list.
+    void edited();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -38,7 +43,6 @@ private:
     QWidget *buildDetails();
     QLayout *buildShortcutLine();
     QLayout *buildConflictLine();
-    QWidget *buildButtons();
 
     int current() const;
     void showCurrent();

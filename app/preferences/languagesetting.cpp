@@ -1,4 +1,4 @@
-#include "shell/languagesetting.h"
+#include "preferences/languagesetting.h"
 
 #include <vxcore/vxlanguage.h>
 #include <vxcore/vxsettings.h>
