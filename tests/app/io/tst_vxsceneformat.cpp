@@ -211,6 +211,7 @@ private Q_SLOTS:
     void theRichSceneRoundTrips();
     void oldFilesOpen_data();
     void oldFilesOpen();
+    void anAbsentValueIsTheDefault();
     void membersOfALaterVersionAreKept();
     void newDocumentsHaveNothingOfFormerOnes();
     void membersThatCannotBeKeptAreNamed();
@@ -294,6 +295,32 @@ void tst_VxSceneFormat::oldFilesOpen()
     VxScene copy;
     VxSceneReader::install(std::move(again), &copy);
     QCOMPARE(summaryOf(copy), summaryOf(scene));
+}
+
+/// As in files of earlier programs, which left out the value of an alias.
+void tst_VxSceneFormat::anAbsentValueIsTheDefault()
+{
+    QCborMap map = QCborValue::fromCbor(richBytes()).toMap();
+    QCborArray nodes = map.value(QLatin1String("nodes")).toArray();
+    QCborMap light = nodes.last().toMap();
+    QCborArray properties = light.value(QLatin1String("properties")).toArray();
+    for (QCborValueRef element : properties) {
+        QCborMap property = element.toMap();
+        property.remove(QLatin1String("value"));
+        element = property;
+    }
+    light[QLatin1String("properties")] = properties;
+    nodes[nodes.size() - 1] = light;
+    map[QLatin1String("nodes")] = nodes;
+    VxSceneContents contents;
+    VxFileError error;
+    QVERIFY2(VxSceneReader().read(map.toCborValue().toCbor(), &contents, &error),
+             qPrintable(error.text()));
+    VxNode *node = contents.rootNodes.back().get();
+    const auto *fixed = qobject_cast<VxFloatProperty *>(node->findProperty("fixed"));
+    const auto *count = qobject_cast<VxIntProperty *>(node->findProperty("count"));
+    QCOMPARE(vxOwnContents(fixed).stored, 3.0f);
+    QCOMPARE(vxOwnContents(count).stored, 4);
 }
 
 void tst_VxSceneFormat::membersOfALaterVersionAreKept()
