@@ -44,9 +44,9 @@ template <typename Visit> void visitSelectedItems(const VxDopeSheetModel *model,
         open.append(model->getRootItem());
     while (!open.isEmpty()) {
         VxDopeSheetItem *item = open.takeLast();
-        if (!item->hasSelectedKeys())
+        if (!item->mayHaveSelectedKeys())
             continue;
-        if (item->property())
+        if (item->property() && item->hasSelectedKeys())
             visit(item);
         for (int i = item->childCount() - 1; i >= 0; --i)
             open.append(item->child(i));
@@ -65,9 +65,9 @@ template <typename Visit> void DopeSheetKeySelection::visitSelected(const Visit 
 {
     DopeSheetWalk::visitBelow(m_view->model(), QModelIndex(), [&](const QModelIndex &row) {
         VxDopeSheetItem *item = m_view->getItem(row);
-        if (!item || !item->hasSelectedKeys())
+        if (!item || !item->mayHaveSelectedKeys())
             return false;
-        if (item->property())
+        if (item->property() && item->hasSelectedKeys())
             visit(item);
         return !item->property();
     });

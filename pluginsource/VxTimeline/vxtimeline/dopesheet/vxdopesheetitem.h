@@ -96,6 +96,9 @@ public:
     int selectedKeyCount() const;
     // Without gathering the row's keys.
     bool hasSelectedKeys() const;
+    // The same without reading changed properties, so that a pass over all rows of a deep chain
+    // stays linear: false is certain.
+    bool mayHaveSelectedKeys() const;
 
     // Selects or deselects the keys from start on and before end, or, when the two are the same,
     // the key at just that time. Rows below keep their selection; a row without a property

@@ -250,6 +250,11 @@ bool VxDopeSheetItem::hasSelectedKeys() const
     return d->hasSelected();
 }
 
+bool VxDopeSheetItem::mayHaveSelectedKeys() const
+{
+    return d->selectedBelow != 0;
+}
+
 // A row without property shows the selection of those below it, which stays: nothing is stored.
 void VxDopeSheetItem::setKeysSelected(bool select, VxTime start, VxTime end)
 {
