@@ -378,7 +378,7 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     QAction *preferences =
         addEntry(m_editMenu,
                  {"StudioPreferences", tr("&Preferences..."),
-                  tr("Shows and changes the preferences."), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
+                  tr("Shows and changes the preferences."), QKeySequence("Ctrl+,")},
                  &StudioMenus::preferencesRequested);
     preferences->setMenuRole(QAction::PreferencesRole);
     addEntry(m_editMenu,
