@@ -57,6 +57,8 @@ def outdated(component, folders):
             if old != new:
                 found.append("\n".join([f"{file.relative_to(ROOT)} is not up to date:"]
                                        + changes[:10]))
+            if file.stem.endswith("_en") and "unfinished" in "\n".join(new):
+                found.append(f"{file.relative_to(ROOT)}: fill in the plural forms")
     return found
 
 
@@ -70,7 +72,8 @@ def main():
     found = [text for component, folders in COMPONENTS for text in outdated(component, folders)]
     if found:
         print("\n".join(found))
-        print("Run: ninja -C build/dev update_translations   (and commit the changed files)")
+        print("Run `cmake --build --preset dev --target update_translations`, fill in the plural "
+              "forms in the *_en.ts files, and commit the files.")
         return 1
     print("The translation files have all texts of the sources.")
     return 0

@@ -149,8 +149,9 @@ CreateResult CreateEdits::addBoneChain(VxScene *scene, VxNode *parent,
     if (!scene->addNode(first.get(), parent))
         return {{}, StudioText::tr("The node could not be added.")};
     VxNode *top = first.release();
-    hold.accept(joints.size() == 2 ? StudioText::tr("Create \"%1\"").arg(last->getLabel())
-                                   : StudioText::tr("Create %1 Bones").arg(joints.size() - 1));
+    hold.accept(joints.size() == 2
+                    ? StudioText::tr("Create \"%1\"").arg(last->getLabel())
+                    : StudioText::tr("Create %n Bones", nullptr, int(joints.size() - 1)));
     SceneEdits::selectOnly(scene, {last});
     return {{top}, {}};
 }
@@ -180,7 +181,7 @@ CreateResult CreateEdits::duplicate(VxScene *scene, const QVector<VxNode *> &nod
             result.nodes.append(top.release());
     }
     hold.accept(tops.size() == 1 ? StudioText::tr("Duplicate \"%1\"").arg(tops.first()->getLabel())
-                                 : StudioText::tr("Duplicate %1 Nodes").arg(tops.size()));
+                                 : StudioText::tr("Duplicate %n Nodes", nullptr, tops.size()));
     SceneEdits::selectOnly(scene, result.nodes);
     return result;
 }
@@ -205,13 +206,13 @@ CreateResult CreateEdits::group(VxScene *scene, const QVector<VxNode *> &nodes)
         return {{}, depthMessage()};
     }
     hold.accept(tops.size() == 1 ? StudioText::tr("Group \"%1\"").arg(tops.first()->getLabel())
-                                 : StudioText::tr("Group %1 Nodes").arg(tops.size()));
+                                 : StudioText::tr("Group %n Nodes", nullptr, tops.size()));
     SceneEdits::selectOnly(scene, {group});
     const QString message = displaced.isEmpty() ? QString()
                             : displaced.size() == 1
                                 ? StudioText::tr("\"%1\" could not keep its world position.")
                                       .arg(displaced.first()->getLabel())
-                                : StudioText::tr("%1 nodes could not keep their world positions.")
-                                      .arg(displaced.size());
+                                : StudioText::tr("%n nodes could not keep their world positions.",
+                                                 nullptr, displaced.size());
     return {{group}, message};
 }

@@ -178,15 +178,15 @@ void ImportDialog::showNumbers()
 {
     const VxImportNumbers numbers = m_import->numbers(choices());
     QString text =
-        tr("%1 keys, %2 of them between frames.").arg(numbers.keys).arg(numbers.offFrame);
+        tr("%n keys, %1 of them between frames.", nullptr, numbers.keys).arg(numbers.offFrame);
     if (numbers.largestMove > 0)
-        text += QLatin1Char(' ') + tr("Keys move by up to %1 ticks.").arg(numbers.largestMove);
+        text += QLatin1Char(' ') + tr("Keys move by up to %n ticks.", nullptr, numbers.largestMove);
     if (numbers.merged > 0)
         text +=
-            QLatin1Char(' ') +
-            tr("%1 keys are dropped because another key is on the same frame.").arg(numbers.merged);
+            QLatin1Char(' ') + tr("%n keys are dropped because another key is on the same frame.",
+                                  nullptr, numbers.merged);
     if (numbers.leftOut > 0)
-        text += QLatin1Char(' ') + tr("%1 keys are left out.").arg(numbers.leftOut);
+        text += QLatin1Char(' ') + tr("%n keys are left out.", nullptr, numbers.leftOut);
     m_numbers->setText(text);
 }
 

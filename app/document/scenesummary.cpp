@@ -42,11 +42,11 @@ QString sceneSummary(const VxScene &scene)
 {
     const SceneCounts counts = SceneCounts::of(scene);
     const VxTime step = scene.getTimeStep();
-    return StudioText::tr("%1 nodes, %2 keyed properties, %3 keys, frames %4 to %5 at "
-                          "%6 frames per second")
-        .arg(counts.nodes)
-        .arg(counts.keyedProperties)
-        .arg(counts.keys)
+    return StudioText::tr("%1, %2, %3, frames %4 to %5 at %L6 frames per second",
+                          "nodes, keyed properties and keys, each with its number")
+        .arg(StudioText::tr("%n nodes", nullptr, counts.nodes),
+             StudioText::tr("%n keyed properties", nullptr, counts.keyedProperties),
+             StudioText::tr("%n keys", nullptr, counts.keys))
         .arg(scene.getAnimRange().getStart() / step)
         .arg(scene.getAnimRange().getEnd() / step)
         .arg(double(VxTicksPerSecond) / step);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vxcore/vxlocalnumber.h>
 
 MoveDrag::MoveDrag(const ViewportCamera &camera, const GizmoFrame &frame, GizmoPart part,
                    const QPointF &pixel)
@@ -64,7 +65,9 @@ void MoveDrag::setAmount(double amount)
 
 QString MoveDrag::text() const
 {
-    const auto number = [](float value) { return QString::number(double(value), 'f', 2); };
+    const auto number = [](float value) {
+        return vxLocalNumber(QString::number(double(value), 'f', 2));
+    };
     if (hasAmount()) {
         static const char *const names[] = {"X ", "Y ", "Z "};
         return QLatin1String(names[std::max(0, gizmoAxis(m_part))]) +

@@ -220,7 +220,7 @@ bool Converter::addClip(const aiAnimation &animation, VxFileError *error)
     VxMotionClip clip;
     clip.name = text(animation.mName);
     if (clip.name.isEmpty())
-        clip.name = VxFileText::tr("Animation %1").arg(m_motion.clips.size() + 1);
+        clip.name = QStringLiteral("Animation %1").arg(m_motion.clips.size() + 1);
     std::set<std::string> seen;
     for (unsigned i = 0; i < animation.mNumChannels; ++i) {
         const aiNodeAnim &channel = *animation.mChannels[i];
@@ -252,8 +252,8 @@ void Converter::addFacts()
                                           "straight ones."));
     if (m_sheared > 0)
         facts.notes.append(
-            VxFileText::tr("The rest transforms of %1 nodes have a shear, which is left out.")
-                .arg(m_sheared));
+            VxFileText::tr("The rest transforms of %n nodes have a shear, which is left out.",
+                           nullptr, m_sheared));
     const QString why = VxFileText::tr("Only nodes and their motion are imported.");
     for (int i = 0; i < m_info.meshes; ++i)
         facts.addOmission(VxFileText::tr("mesh"), why, QString());

@@ -88,7 +88,9 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3) {
-        std::fputs("vxstudio-import reads motion files for vxstudio, which starts it.\n", stderr);
+        std::fputs(qPrintable(VxFileText::tr(
+                       "vxstudio-import reads motion files for vxstudio, which starts it.\n")),
+                   stderr);
         return 2;
     }
     const QString &fileName = arguments.at(1);

@@ -68,8 +68,8 @@ void VxBvhExport::Private::summarise(const VxBvhDocument &document, int workedOu
     if (workedOut > 0)
         summary += QLatin1Char(' ') +
                    VxFileText::tr("Scales and other values that the format does not support were "
-                                  "converted to positions and rotations for %1 bone(s).")
-                       .arg(workedOut);
+                                  "converted to positions and rotations for %n bones.",
+                                  nullptr, workedOut);
 }
 
 VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)

@@ -98,9 +98,9 @@ bool VxBvhParser::checkRoom()
 {
     const qint64 frames = m_document.frameCount;
     if (frames > 0 && m_channelCount == 0)
-        return fail(
-            m_framesLine,
-            VxFileText::tr("%1 frames are declared, but no joint has a channel.").arg(frames));
+        return fail(m_framesLine,
+                    VxFileText::tr("%n frames are declared, but no joint has a channel.", nullptr,
+                                   int(frames)));
     const qint64 room = (m_tokens.remaining() + 1) / 2;
     if (frames * m_channelCount <= room)
         return true;
@@ -181,9 +181,9 @@ bool VxBvhParser::failTooFew(int frame, int channel)
 {
     if (m_irregularLine > 0)
         return fail(m_irregularLine,
-                    VxFileText::tr("This row does not have the %1 values of one frame, and "
-                                   "values are missing at the end of the file.")
-                        .arg(m_channelCount));
+                    VxFileText::tr("This row does not have the %n values of one frame, and "
+                                   "values are missing at the end of the file.",
+                                   nullptr, m_channelCount));
     if (channel == 0)
         return failAtEnd(VxFileText::tr("%1 frames are declared, but the file ends after %2.")
                              .arg(m_document.frameCount)
@@ -201,9 +201,9 @@ bool VxBvhParser::failTooMany()
     const Word word = m_tokens.next();
     if (m_irregularLine > 0)
         return fail(m_irregularLine,
-                    VxFileText::tr("This row does not have the %1 values of one frame, and "
-                                   "the end of the file has extra values.")
-                        .arg(m_channelCount));
+                    VxFileText::tr("This row does not have the %n values of one frame, and "
+                                   "the end of the file has extra values.",
+                                   nullptr, m_channelCount));
     return fail(word.line,
                 VxFileText::tr(
                     "There are more values than the %1 frames of %2 declared in line %3: found %4.")

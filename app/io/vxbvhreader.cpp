@@ -39,9 +39,9 @@ bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError 
     *out = std::move(parser.document());
     d->note.clear();
     if (parser.surplusFrames() > 0)
-        d->note = VxFileText::tr("The file has %1 more frame(s) than the %2 it "
-                                 "declares; the extra frames were ignored.")
-                      .arg(parser.surplusFrames())
+        d->note = VxFileText::tr("The file has %n more frames than the %1 it "
+                                 "declares; the extra frames were ignored.",
+                                 nullptr, int(parser.surplusFrames()))
                       .arg(out->frameCount);
     return true;
 }

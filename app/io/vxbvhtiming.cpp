@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <vxcore/vxlocalnumber.h>
 
 namespace {
 
@@ -58,7 +59,7 @@ int wholeRate(double frameTime)
 
 QString rateText(double rate)
 {
-    return QString::number(rate, 'g', 6);
+    return vxLocalNumber(QString::number(rate, 'g', 6));
 }
 
 } // namespace
@@ -134,7 +135,7 @@ QString VxBvhTiming::sentence() const
                               .arg(rateText(sceneRate()), QString::number(m_step));
     const QString keys =
         isExact()
-            ? VxFileText::tr("each frame of the motion is %1 ticks long.").arg(m_ticks)
+            ? VxFileText::tr("each frame of the motion is %n ticks long.", nullptr, m_ticks)
             : VxFileText::tr("keys are placed at the nearest tick, so some are between frames.");
     return source + QLatin1Char(' ') + scene + QLatin1Char(' ') + keys;
 }

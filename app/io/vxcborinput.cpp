@@ -65,10 +65,12 @@ template <class Step> void VxCborInput::container(const Step &step)
 {
     if (++m_depth > MaxDepth)
         fail(VxFileText::tr("The file is nested too deeply."));
-    else if (expect(m_reader.enterContainer(), "a readable container")) {
+    else if (expect(m_reader.enterContainer(),
+                    QT_TRANSLATE_NOOP("VxFileText", "a readable container"))) {
         while (!failed() && m_reader.hasNext())
             step();
-        if (expect(m_reader.lastError() == QCborError::NoError, "a complete container"))
+        if (expect(m_reader.lastError() == QCborError::NoError,
+                   QT_TRANSLATE_NOOP("VxFileText", "a complete container")))
             m_reader.leaveContainer();
     }
     --m_depth;
@@ -89,7 +91,7 @@ void VxCborInput::skipUnknown(const QString &name, qint64 begin, QByteArray *kep
 
 void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteArray *kept)
 {
-    if (!expect(m_reader.isMap(), "a map"))
+    if (!expect(m_reader.isMap(), QT_TRANSLATE_NOOP("VxFileText", "a map")))
         return;
     QSet<QString> names;
     container([&] {
@@ -110,13 +112,13 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteA
 
 void VxCborInput::array(const std::function<void()> &element)
 {
-    if (expect(m_reader.isArray(), "an array"))
+    if (expect(m_reader.isArray(), QT_TRANSLATE_NOOP("VxFileText", "an array")))
         container(element);
 }
 
 QString VxCborInput::text()
 {
-    if (!expect(m_reader.isString(), "a text string"))
+    if (!expect(m_reader.isString(), QT_TRANSLATE_NOOP("VxFileText", "a text string")))
         return {};
     QString result;
     auto chunk = m_reader.readString();
@@ -124,13 +126,14 @@ QString VxCborInput::text()
         result += chunk.data;
         chunk = m_reader.readString();
     }
-    expect(chunk.status == QCborStreamReader::EndOfString, "a complete text string");
+    expect(chunk.status == QCborStreamReader::EndOfString,
+           QT_TRANSLATE_NOOP("VxFileText", "a complete text string"));
     return result;
 }
 
 bool VxCborInput::boolean()
 {
-    if (!expect(m_reader.isBool(), "true or false"))
+    if (!expect(m_reader.isBool(), QT_TRANSLATE_NOOP("VxFileText", "true or false")))
         return false;
     const bool value = m_reader.toBool();
     m_reader.next();
@@ -139,7 +142,7 @@ bool VxCborInput::boolean()
 
 qint64 VxCborInput::integer(qint64 lowest, qint64 highest)
 {
-    if (!expect(m_reader.isInteger(), "a whole number"))
+    if (!expect(m_reader.isInteger(), QT_TRANSLATE_NOOP("VxFileText", "a whole number")))
         return lowest;
     const qint64 value = m_reader.toInteger();
     if (value < lowest || value > highest) {
@@ -168,8 +171,8 @@ double VxCborInput::number()
     else if (m_reader.isFloat16())
         value = double(float(m_reader.toFloat16()));
     else
-        expect(false, "a number");
-    if (!expect(std::isfinite(value), "a finite number"))
+        expect(false, QT_TRANSLATE_NOOP("VxFileText", "a number"));
+    if (!expect(std::isfinite(value), QT_TRANSLATE_NOOP("VxFileText", "a finite number")))
         return 0.0;
     m_reader.next();
     return value;
@@ -179,7 +182,7 @@ float VxCborInput::singleNumber()
 {
     const double value = number();
     if (expect(std::abs(value) <= double(std::numeric_limits<float>::max()),
-               "a number within single precision"))
+               QT_TRANSLATE_NOOP("VxFileText", "a number within single precision")))
         return static_cast<float>(value);
     return 0.0f;
 }
@@ -210,10 +213,11 @@ void VxCborInput::numbers(float *values, int count)
 
 QByteArray VxCborInput::bytes(quint64 tag, int unit)
 {
-    if (!expect(m_reader.isTag() && quint64(m_reader.toTag()) == tag, "a typed array"))
+    if (!expect(m_reader.isTag() && quint64(m_reader.toTag()) == tag,
+                QT_TRANSLATE_NOOP("VxFileText", "a typed array")))
         return {};
     m_reader.next();
-    if (!expect(m_reader.isByteArray(), "a typed array"))
+    if (!expect(m_reader.isByteArray(), QT_TRANSLATE_NOOP("VxFileText", "a typed array")))
         return {};
     const qint64 claimed = m_reader.isLengthKnown() ? qint64(m_reader.length()) : 0;
     if (claimed < 0 || claimed > m_size - m_reader.currentOffset()) {
@@ -230,7 +234,8 @@ QByteArray VxCborInput::bytes(quint64 tag, int unit)
             result.append(chunk.data);
         chunk = m_reader.readByteArray();
     }
-    expect(chunk.status == QCborStreamReader::EndOfString, "a complete array");
+    expect(chunk.status == QCborStreamReader::EndOfString,
+           QT_TRANSLATE_NOOP("VxFileText", "a complete array"));
     if (result.size() % unit != 0)
         fail(VxFileText::tr("An array has %1 bytes, which is not a multiple of %2.")
                  .arg(result.size())

@@ -15,7 +15,7 @@ QString shownNames(const QStringList &names)
     for (const QString &name : names.mid(0, MaxShown))
         shown.append(name.left(60));
     if (names.size() > MaxShown)
-        shown.append(VxFileText::tr("%1 more").arg(names.size() - MaxShown));
+        shown.append(VxFileText::tr("%n more", nullptr, names.size() - MaxShown));
     return shown.join(QStringLiteral(", "));
 }
 

@@ -174,7 +174,7 @@ void SceneBuilder::readTimeUnit(VxTimeDisplay *display)
             return;
         }
     }
-    m_unknownValues.append(QStringLiteral("unit \"%1\"").arg(unit));
+    m_unknownValues.append(VxFileText::tr("unit \"%1\"").arg(unit));
 }
 
 /** A unit or rate that is unknown is no reason to refuse a scene. */
@@ -194,7 +194,7 @@ VxTimeDisplay SceneBuilder::readTimeDisplay()
             if (rate.isValid())
                 display.rate = rate;
             else
-                m_unknownValues.append(QStringLiteral("rate %1/%2").arg(parts[0]).arg(parts[1]));
+                m_unknownValues.append(VxFileText::tr("rate %1/%2").arg(parts[0]).arg(parts[1]));
         } else if (name == QLatin1String("dropFrame")) {
             display.dropsFrames = m_input.boolean();
         } else {

@@ -141,8 +141,8 @@ template <class Number> void SceneStream::number(const char *name, Number value)
 template <class Number> void SceneStream::append(const char *name, Number value)
 {
     if (!std::isfinite(value) && m_unreadable.isEmpty())
-        m_unreadable =
-            QStringLiteral("%1 of \"%2\"").arg(QLatin1String(name), m_present->objectName());
+        m_unreadable = VxFileText::tr("%1 of \"%2\"", "a number of a property")
+                           .arg(QLatin1String(name), m_present->objectName());
     m_out.append(value);
 }
 

@@ -32,7 +32,8 @@ QString unusedName(const VxMarkerList &markers)
     for (const VxMarker &marker : markers)
         names.insert(marker.name);
     for (int number = 1;; ++number) {
-        const QString name = StudioText::tr("Marker %1").arg(number);
+        // A name in the document: the same in every language.
+        const QString name = QStringLiteral("Marker %1").arg(number);
         if (!names.contains(name))
             return name;
     }

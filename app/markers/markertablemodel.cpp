@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 
@@ -86,10 +87,11 @@ QString MarkerTableModel::text(const VxMarker &marker, int column) const
     case Name:
         return marker.name;
     case Start:
-        return VxSceneTimeDisplay::textOf(m_scene, marker.span.getStart());
+        return vxLocalNumber(VxSceneTimeDisplay::textOf(m_scene, marker.span.getStart()));
     case End:
-        return marker.isPoint() ? QString()
-                                : VxSceneTimeDisplay::textOf(m_scene, marker.span.getEnd());
+        return marker.isPoint()
+                   ? QString()
+                   : vxLocalNumber(VxSceneTimeDisplay::textOf(m_scene, marker.span.getEnd()));
     default:
         return colorText(marker.color);
     }

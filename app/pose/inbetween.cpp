@@ -230,9 +230,8 @@ PoseResult InBetween::hold(VxScene *scene)
         return {false,
                 StudioText::tr("No channel to hold: there are no keys before the playhead.") +
                     refusedText(refused)};
-    return {true, StudioText::counted(held, "Held the pose on 1 channel.",
-                                      "Held the pose on %1 channels.") +
-                      refusedText(refused)};
+    return {true,
+            StudioText::tr("Held the pose on %n channels.", nullptr, held) + refusedText(refused)};
 }
 
 PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
@@ -265,10 +264,10 @@ PoseResult InBetween::cycle(VxScene *scene, int count, bool withOffset)
     scene->setAnimRange({animation.getStart(), std::max(animation.getEnd(), VxTime(end))});
     scene->setPlayRange({range.getStart(), VxTime(end)});
     hold.accept(StudioText::tr("Cycle"));
-    QString message = StudioText::tr("Repeated the play range: %1 cycles.").arg(count);
+    QString message = StudioText::tr("Repeated the play range: %n cycles.", nullptr, count);
     if (differing > 0)
-        message += StudioText::counted(differing, " First and last pose differ in 1 channel.",
-                                       " First and last pose differ in %1 channels.");
+        message +=
+            StudioText::tr(" First and last pose differ in %n channels.", nullptr, differing);
     return {true, message + refusedText(refused)};
 }
 
@@ -296,9 +295,8 @@ PoseResult InBetween::matchEnds(VxScene *scene)
     hold.accept(StudioText::tr("Match First and Last Pose"));
     if (changed == 0)
         return {false, StudioText::tr("First and last pose agree already.")};
-    return {true, StudioText::counted(changed - writer.refused(),
-                                      "First and last pose agree now: 1 channel changed.",
-                                      "First and last pose agree now: %1 channels changed.") +
+    return {true, StudioText::tr("First and last pose agree now: %n channels changed.", nullptr,
+                                 changed - writer.refused()) +
                       writer.report()};
 }
 

@@ -152,8 +152,7 @@ PoseResult PoseCommands::copy(const VxScene *scene)
         return {false,
                 StudioText::tr("The selected node has no joints below it to copy the pose of.")};
     clipboard() = pose;
-    return {true, StudioText::counted(int(pose.joints.size()), "Copied the pose of 1 node.",
-                                      "Copied the pose of %1 nodes.")};
+    return {true, StudioText::tr("Copied the pose of %n nodes.", nullptr, int(pose.joints.size()))};
 }
 
 PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
@@ -179,9 +178,9 @@ PoseResult PoseCommands::paste(VxScene *scene, bool mirrored)
     const QString text =
         mirrored ? StudioText::tr("Paste Pose Mirrored") : StudioText::tr("Paste Pose");
     return finish(&hold, text,
-                  StudioText::tr("Pasted the pose to %1 of %2 nodes.")
-                      .arg(counts.matched)
-                      .arg(int(pose.joints.size()) * roots.size()),
+                  StudioText::tr("Pasted the pose to %1 of %n nodes.", nullptr,
+                                 int(pose.joints.size()) * roots.size())
+                      .arg(counts.matched),
                   counts, writer);
 }
 
@@ -201,9 +200,8 @@ PoseResult PoseCommands::mirrorSelected(VxScene *scene)
         }
     }
     return finish(&hold, StudioText::tr("Mirror to Other Side"),
-                  StudioText::counted(counts.matched, "Mirrored the pose of 1 node.",
-                                      "Mirrored the pose of %1 nodes."),
-                  counts, writer);
+                  StudioText::tr("Mirrored the pose of %n nodes.", nullptr, counts.matched), counts,
+                  writer);
 }
 
 PoseResult PoseCommands::resetToRest(VxScene *scene)
@@ -223,8 +221,7 @@ PoseResult PoseCommands::resetToRest(VxScene *scene)
     }
     hold.accept(StudioText::tr("Reset to Rest"));
     return {true,
-            StudioText::counted(nodes.size(), "Reset 1 node to rest.", "Reset %1 nodes to rest.") +
-                writer.report()};
+            StudioText::tr("Reset %n nodes to rest.", nullptr, nodes.size()) + writer.report()};
 }
 
 PoseResult PoseCommands::setRest(VxScene *scene)
@@ -241,8 +238,8 @@ PoseResult PoseCommands::setRest(VxScene *scene)
         node->setRestPose(rest);
     }
     hold.accept(StudioText::tr("Set Rest Pose"));
-    return {true, StudioText::counted(nodes.size(), "The present pose is the rest pose of 1 node.",
-                                      "The present pose is the rest pose of %1 nodes.")};
+    return {true, StudioText::tr("The present pose is the rest pose of %n nodes.", nullptr,
+                                 nodes.size())};
 }
 
 PoseResult PoseCommands::selectMirror(VxScene *scene)
@@ -266,8 +263,7 @@ PoseResult PoseCommands::selectMirror(VxScene *scene)
     if (others.isEmpty())
         return {false, StudioText::tr("The selected nodes have no other side.") + missing.text()};
     SceneEdits::selectOnly(scene, others);
-    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
-                                      "Selected %1 nodes.") +
+    return {true, StudioText::tr("Selected %n nodes.", nullptr, scene->getNumSelectedNodes()) +
                       missing.text()};
 }
 
@@ -279,8 +275,7 @@ PoseResult PoseCommands::selectChildren(VxScene *scene)
     scene->selectNodes(selectedTrees(scene), true);
     if (primary)
         scene->setPrimarySelection(primary);
-    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
-                                      "Selected %1 nodes.")};
+    return {true, StudioText::tr("Selected %n nodes.", nullptr, scene->getNumSelectedNodes())};
 }
 
 PoseResult PoseCommands::selectParents(VxScene *scene)
@@ -299,6 +294,5 @@ PoseResult PoseCommands::selectParents(VxScene *scene)
     if (parents.isEmpty())
         return {false, StudioText::tr("The selected nodes have no parents.")};
     SceneEdits::selectOnly(scene, parents);
-    return {true, StudioText::counted(scene->getNumSelectedNodes(), "Selected 1 node.",
-                                      "Selected %1 nodes.")};
+    return {true, StudioText::tr("Selected %n nodes.", nullptr, scene->getNumSelectedNodes())};
 }

@@ -2,6 +2,7 @@
 
 #include "create/boneedits.h"
 #include "pose/inbetween.h"
+#include "widgets/studiotext.h"
 
 #include <QScriptContext>
 #include <QScriptEngine>
@@ -44,7 +45,7 @@ QScriptValue breakdown(QScriptContext *context, QScriptEngine *engine)
     const QScriptValue percent = context->argument(0);
     if (!percent.isNumber() || !std::isfinite(percent.toNumber()))
         return context->throwError(
-            QStringLiteral("breakdown() expects a finite number as argument 1 (percent)"));
+            StudioText::tr("breakdown() expects a finite number as argument 1 (percent)"));
     static const char *const names[] = {"neighbours", "rest", "average"};
     const QString requested = context->argument(1).isUndefined() ? QLatin1String(names[0])
                                                                  : context->argument(1).toString();
@@ -54,7 +55,7 @@ QScriptValue breakdown(QScriptContext *context, QScriptEngine *engine)
                                                          Breakdown::Toward(i)));
     }
     return context->throwError(
-        QStringLiteral("breakdown() expects neighbours, rest or average as argument 2 (toward)"));
+        StudioText::tr("breakdown() expects neighbours, rest or average as argument 2 (toward)"));
 }
 
 QScriptValue cycle(QScriptContext *context, QScriptEngine *engine)
@@ -62,7 +63,7 @@ QScriptValue cycle(QScriptContext *context, QScriptEngine *engine)
     const double count = context->argument(0).toNumber();
     if (!context->argument(0).isNumber() || count != std::floor(count) || std::abs(count) > 1e9)
         return context->throwError(
-            QStringLiteral("cycle() expects a whole number as argument 1 (count)"));
+            StudioText::tr("cycle() expects a whole number as argument 1 (count)"));
     return toScript(engine, InBetween::cycle(vxScene, int(count), context->argument(1).toBool()));
 }
 
@@ -71,7 +72,7 @@ QScriptValue setBoneLength(QScriptContext *context, QScriptEngine *engine)
     const QScriptValue length = context->argument(0);
     if (!length.isNumber() || !std::isfinite(length.toNumber()))
         return context->throwError(
-            QStringLiteral("setBoneLength() expects a finite number as argument 1 (length)"));
+            StudioText::tr("setBoneLength() expects a finite number as argument 1 (length)"));
     PoseResult result;
     result.message = BoneEdits::setLength(vxScene, length.toNumber(), &result.done);
     return toScript(engine, result);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -194,6 +195,6 @@ QString RotateTool::amountText() const
 {
     static const char *const names[] = {"X ", "Y ", "Z "};
     const int axis = gizmoAxis(part());
-    return QLatin1String(axis >= 0 ? names[axis] : "") + QString::number(m_angle, 'f', 1) +
-           QChar(0xb0);
+    return QLatin1String(axis >= 0 ? names[axis] : "") +
+           vxLocalNumber(QString::number(m_angle, 'f', 1)) + QChar(0xb0);
 }

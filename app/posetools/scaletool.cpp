@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -99,5 +100,5 @@ QString ScaleTool::amountText() const
     static const char *const names[] = {"X ", "Y ", "Z "};
     const int axis = gizmoAxis(part());
     return QLatin1String(axis >= 0 ? names[axis] : "") + QChar(0xd7) +
-           QString::number(m_factor, 'f', 2);
+           vxLocalNumber(QString::number(m_factor, 'f', 2));
 }

@@ -1,6 +1,7 @@
 #include "recovery/journalfilewriter.h"
 
 #include "io/vxsafefile.h"
+#include "widgets/studiotext.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -124,7 +125,7 @@ bool JournalFileWriter::replace(VxSafeFile *scene, const QByteArray &digest,
 {
     std::vector<Change> changes;
     if (!readKept(kept, &changes))
-        return fail(QStringLiteral("the former journal cannot be read"));
+        return fail(StudioText::tr("the former journal cannot be read"));
     changes.insert(changes.end(), further.begin(), further.end());
     const int count = int(changes.size());
     changes.insert(changes.end(), later.begin(), later.end());

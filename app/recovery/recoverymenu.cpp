@@ -37,9 +37,7 @@ void RecoveryMenu::fill()
 
 void RecoveryMenu::addChoice(int minutes)
 {
-    const QString text = minutes == 0   ? tr("&Never")
-                         : minutes == 1 ? tr("Every Minute")
-                                        : tr("Every %1 Minutes").arg(minutes);
+    const QString text = minutes == 0 ? tr("&Never") : tr("Every %n Minutes", nullptr, minutes);
     // Queued: the handler refills the menu that owns the entry.
     QAction *entry = addAction(text);
     connect(

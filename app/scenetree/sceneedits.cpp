@@ -12,12 +12,12 @@
 
 namespace {
 
-/// "Hide "hip"" or "Hide 3 Nodes": one is the pattern with a name, many that with a number.
+/// "Hide "hip"" or "Hide 3 Nodes": one is the pattern with a name, many that with a number, %n.
 QString textFor(const QVector<VxNode *> &nodes, const char *one, const char *many)
 {
     if (nodes.size() == 1)
-        return StudioText::tr(one).arg(nodes.first()->getLabel());
-    return StudioText::tr(many).arg(nodes.size());
+        return QCoreApplication::translate("SceneEdits", one).arg(nodes.first()->getLabel());
+    return QCoreApplication::translate("SceneEdits", many, nullptr, nodes.size());
 }
 
 QVector<VxNode *> childrenOf(const VxScene *scene, const VxNode *parent)
@@ -62,7 +62,7 @@ bool SceneEdits::remove(VxScene *scene, const QVector<VxNode *> &nodes)
     if (tops.isEmpty())
         return false;
     const QString text = textFor(tops, QT_TRANSLATE_NOOP("SceneEdits", "Delete \"%1\""),
-                                 QT_TRANSLATE_NOOP("SceneEdits", "Delete %1 Nodes"));
+                                 QT_TRANSLATE_N_NOOP("SceneEdits", "Delete %n Nodes"));
     VxUndoStackHold hold;
     const VxChangeBlock block;
     // Backwards: removing from the end of many siblings is cheap.
@@ -83,9 +83,9 @@ bool SceneEdits::setVisible(const QVector<VxNode *> &nodes, bool visible)
     for (VxNode *node : qAsConst(changed))
         node->setVisible(visible);
     hold.accept(visible ? textFor(changed, QT_TRANSLATE_NOOP("SceneEdits", "Show \"%1\""),
-                                  QT_TRANSLATE_NOOP("SceneEdits", "Show %1 Nodes"))
+                                  QT_TRANSLATE_N_NOOP("SceneEdits", "Show %n Nodes"))
                         : textFor(changed, QT_TRANSLATE_NOOP("SceneEdits", "Hide \"%1\""),
-                                  QT_TRANSLATE_NOOP("SceneEdits", "Hide %1 Nodes")));
+                                  QT_TRANSLATE_N_NOOP("SceneEdits", "Hide %n Nodes")));
     return true;
 }
 
@@ -119,9 +119,9 @@ bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *pa
     VxUndoStackHold hold;
     const QString text = isReorder
                              ? textFor(moved, QT_TRANSLATE_NOOP("SceneEdits", "Reorder \"%1\""),
-                                       QT_TRANSLATE_NOOP("SceneEdits", "Reorder %1 Nodes"))
+                                       QT_TRANSLATE_N_NOOP("SceneEdits", "Reorder %n Nodes"))
                              : textFor(moved, QT_TRANSLATE_NOOP("SceneEdits", "Reparent \"%1\""),
-                                       QT_TRANSLATE_NOOP("SceneEdits", "Reparent %1 Nodes"));
+                                       QT_TRANSLATE_N_NOOP("SceneEdits", "Reparent %n Nodes"));
     const VxChangeBlock block;
     for (VxNode *node : moved) {
         const bool stays =

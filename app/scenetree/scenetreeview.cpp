@@ -228,7 +228,7 @@ void SceneTreeView::showDisplaced(const QVector<VxNode *> &nodes)
             ? tr("\"%1\" could not keep its world position: values are locked or linked, or a "
                  "parent is scaled.")
                   .arg(nodes.first()->getLabel())
-            : tr("%1 nodes could not keep their world positions below their new parent.")
-                  .arg(nodes.size());
+            : tr("%n nodes could not keep their world positions below their new parent.", nullptr,
+                 nodes.size());
     window->showStatusMessage(text);
 }

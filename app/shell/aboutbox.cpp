@@ -30,9 +30,10 @@ QString aboutText(const VxPluginMgr &plugins)
     if (loaded.isEmpty())
         return text + paragraph(StudioText::tr("No plug-ins are loaded."));
     for (const VxPlugin *plugin : loaded)
-        text += paragraph(
-            StudioText::tr("%1 %2: %3")
-                .arg(plugin->getName(), plugin->getVersion().toString(), plugin->getDescription()));
+        text += paragraph(StudioText::tr("%1 %2: %3")
+                              .arg(plugin->getName(), plugin->getVersion().toString(),
+                                   QCoreApplication::translate(
+                                       "VxPlugin", qUtf8Printable(plugin->getDescription()))));
     return text;
 }
 

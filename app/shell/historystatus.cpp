@@ -20,6 +20,6 @@ QString HistoryStatus::sentence(const VxUndoStack &history, int from, int to)
         return tr("Undid %1").arg(history.text(to));
     if (to == from + 1)
         return tr("Redid %1").arg(history.text(from));
-    return to < from ? tr("Undid %1 commands").arg(from - to)
-                     : tr("Redid %1 commands").arg(to - from);
+    return to < from ? tr("Undid %n commands", nullptr, from - to)
+                     : tr("Redid %n commands", nullptr, to - from);
 }

@@ -1,6 +1,7 @@
 #include "shell/scriptwatchdog.h"
 
 #include "shell/commandline.h"
+#include "widgets/studiotext.h"
 
 #include <chrono>
 #include <cstdio>
@@ -23,8 +24,15 @@ constexpr qint64 Megabyte = 1024 * 1024;
 } // namespace
 
 ScriptWatchdog::ScriptWatchdog(const QString &scriptFile, const Limits &limits)
-    : m_scriptFile(scriptFile.toLocal8Bit())
-    , m_limits(limits)
+    : m_limits(limits)
+    , m_timeMessage(StudioText::tr("%1: the script has exceeded its time limit of %2 s\n")
+                        .arg(scriptFile)
+                        .arg(limits.seconds)
+                        .toLocal8Bit())
+    , m_memoryMessage(StudioText::tr("%1: the script has exceeded its memory limit of %2 MB\n")
+                          .arg(scriptFile)
+                          .arg(limits.megabytes)
+                          .toLocal8Bit())
     , m_firstBytes(VxScriptEngine::memoryInUse())
     , m_thread([this] { watch(); })
 {
@@ -47,11 +55,9 @@ void ScriptWatchdog::watch()
     while (!m_condition.wait_for(lock, Interval, [this] { return m_done; })) {
         const auto spent = std::chrono::steady_clock::now() - start;
         if (m_limits.seconds > 0 && spent >= std::chrono::seconds(m_limits.seconds))
-            end(m_scriptFile + ": the script has exceeded its time limit of " +
-                QByteArray::number(m_limits.seconds) + " s\n");
+            end(m_timeMessage);
         const qint64 used = VxScriptEngine::memoryInUse() - m_firstBytes;
         if (m_limits.megabytes > 0 && used > m_limits.megabytes * Megabyte)
-            end(m_scriptFile + ": the script has exceeded its memory limit of " +
-                QByteArray::number(m_limits.megabytes) + " MB\n");
+            end(m_memoryMessage);
     }
 }

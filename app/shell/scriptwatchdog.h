@@ -28,8 +28,9 @@ public:
 private:
     void watch();
 
-    const QByteArray m_scriptFile;
     const Limits m_limits;
+    const QByteArray m_timeMessage;
+    const QByteArray m_memoryMessage;
     const qint64 m_firstBytes;
     std::mutex m_mutex;
     std::condition_variable m_condition;

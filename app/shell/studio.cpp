@@ -87,6 +87,7 @@ public:
     {
     }
 
+    QString language() const;
     void loadSettings();
     void saveSettings();
     void showPreferences(const QString &page);
@@ -114,12 +115,20 @@ public:
     int endCode = 0;                            // set by a request to end
 };
 
+/** The pages for developers are in English, whoever prints them. */
+QString Studio::Private::language() const
+{
+    if (commandLine.listActions || commandLine.diagnose)
+        return key("en");
+    return commandLine.language.isEmpty() ? LanguageSetting::code(*app->getSettings())
+                                          : commandLine.language;
+}
+
 void Studio::Private::loadSettings()
 {
     VxSettings *settings = app->getSettings();
     settingsStore.load(settings, messages);
-    if (commandLine.language.isEmpty())
-        VxLanguage::setCurrent(LanguageSetting::code(*settings));
+    VxLanguage::setCurrent(language());
     StudioSettings::fillDefaults(settings);
     VxStyle *style = app->getStyle();
     Appearance::restore(*settings, style);

@@ -22,17 +22,31 @@
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxundostack.h>
 
+namespace {
+
+// The parts of the paths of the program's actions.
+[[maybe_unused]] const char *const partsOfPaths[] = {
+    QT_TRANSLATE_NOOP("VxMenuPath", "Create"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Pose"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "View"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Camera"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Markers"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Gizmo Orientation"),
+};
+
+} // namespace
+
 StudioMenus::StudioMenus(StudioWindow *window)
     : QObject(window)
     , m_window(window)
 {
     new MenuTypeAhead(this);
     buildFileMenu();
-    m_editMenu = window->menuBar()->addMenu(tr("&Edit"));
+    m_editMenu = addBarMenu("Edit", tr("&Edit"));
     buildViewMenu();
     // Filled by the actions.
-    window->menuBar()->addMenu(tr("&Create"));
-    window->menuBar()->addMenu(tr("&Pose"));
+    addBarMenu("Create", tr("&Create"));
+    addBarMenu("Pose", tr("&Pose"));
     buildHelpMenu();
     m_defaultLayout = new QAction(this);
     adopt(m_defaultLayout,
@@ -62,7 +76,7 @@ void StudioMenus::adopt(QAction *action, const Entry &entry)
 
 void StudioMenus::buildFileMenu()
 {
-    QMenu *menu = m_window->menuBar()->addMenu(tr("&File"));
+    QMenu *menu = addBarMenu("File", tr("&File"));
     m_fileMenu = menu;
     addEntry(menu, {"StudioNew", tr("&New"), tr("Creates an empty scene."), QKeySequence::New},
              &StudioMenus::newRequested);
@@ -149,9 +163,10 @@ void StudioMenus::setRevertEnabled(bool enabled)
 
 void StudioMenus::buildViewMenu()
 {
-    QMenu *menu = m_window->menuBar()->addMenu(tr("&View"));
+    QMenu *menu = addBarMenu("View", tr("&View"));
     // Filled by the actions.
     QMenu *camera = menu->addMenu(tr("&Camera"));
+    camera->setObjectName(QStringLiteral("Camera"));
     QAction *frameSelection = m_window->viewport()->frameSelectionAction();
     frameSelection->setStatusTip(tr("Frames the selected nodes in the viewport."));
     camera->addAction(frameSelection);
@@ -406,9 +421,11 @@ void StudioMenus::buildWindowMenu(const PaneDocks &docks)
 {
     // Last in the bar, wherever the actions have inserted it.
     QMenuBar *bar = m_window->menuBar();
-    m_windowMenu = findMenu(tr("Window"));
-    if (!m_windowMenu)
+    m_windowMenu = bar->findChild<QMenu *>(QStringLiteral("Window"));
+    if (!m_windowMenu) {
         m_windowMenu = new QMenu(tr("Window"), bar);
+        m_windowMenu->setObjectName(QStringLiteral("Window"));
+    }
     bar->removeAction(m_windowMenu->menuAction());
     bar->addMenu(m_windowMenu);
 
@@ -424,11 +441,10 @@ void StudioMenus::buildWindowMenu(const PaneDocks &docks)
     });
 }
 
-QMenu *StudioMenus::findMenu(const QString &title) const
+/** A menu of the bar with its name in the paths of actions. */
+QMenu *StudioMenus::addBarMenu(const char *part, const QString &title)
 {
-    for (const QAction *entry : m_window->menuBar()->actions()) {
-        if (entry->menu() && entry->text().remove(QLatin1Char('&')) == title)
-            return entry->menu();
-    }
-    return nullptr;
+    QMenu *menu = m_window->menuBar()->addMenu(title);
+    menu->setObjectName(QLatin1String(part));
+    return menu;
 }

@@ -83,7 +83,7 @@ private:
                        const std::function<void(VxTimeDisplay *)> &change);
     void addPaletteChoice(QMenu *menu);
     void addCurveColors(QMenu *menu);
-    QMenu *findMenu(const QString &title) const;
+    QMenu *addBarMenu(const char *part, const QString &title);
     void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
 
     StudioWindow *const m_window;

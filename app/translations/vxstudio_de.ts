@@ -167,31 +167,31 @@
     <name>DocumentController</name>
     <message>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbenannt</translation>
     </message>
     <message>
         <source>Opening %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird geöffnet …</translation>
     </message>
     <message>
         <source>Opening was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Öffnen wurde abgebrochen.</translation>
     </message>
     <message>
         <source>Opened %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geöffnet.</translation>
     </message>
     <message>
         <source>Saving %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird gespeichert …</translation>
     </message>
     <message>
         <source>Saving was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Speichern wurde abgebrochen.</translation>
     </message>
     <message>
         <source>Saved %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 gespeichert.</translation>
     </message>
     <message>
         <source>Opened the sample.</source>
@@ -223,6 +223,34 @@
     </message>
     <message>
         <source>Exported %1. %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A save was interrupted; the former file is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last save was interrupted and has been completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 It was not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved %1, but its backup could not be made. %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was changed by another program since it was opened or saved here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was removed or renamed by another program since it was opened or saved here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The version before the last save is %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -285,6 +313,101 @@
     </message>
 </context>
 <context>
+    <name>GeneralPage</name>
+    <message>
+        <source>System (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Used from the next start on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Palette:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>High contrast</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As on the desktop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Curve colours:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Red, green and blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colour-blind safe</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Animation:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Backups of a file:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recovery copies every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo steps in a copy:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The steps that can be undone after a recovery, at least.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>HistoryModel</name>
     <message>
         <source>Start</source>
@@ -299,19 +422,25 @@
     <name>HistoryStatus</name>
     <message>
         <source>Undid %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig gemacht: %1</translation>
     </message>
     <message>
         <source>Redid %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholt: %1</translation>
     </message>
-    <message>
-        <source>Undid %1 commands</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>Undid %n commands</source>
+        <translation>
+            <numerusform>%Ln Befehl rückgängig gemacht</numerusform>
+            <numerusform>%Ln Befehle rückgängig gemacht</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>Redid %1 commands</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>Redid %n commands</source>
+        <translation>
+            <numerusform>%Ln Befehl wiederholt</numerusform>
+            <numerusform>%Ln Befehle wiederholt</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -364,21 +493,33 @@
         <source>The first key is at time 0 already.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>%1 keys, %2 of them between frames.</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%n keys, %1 of them between frames.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
-    <message>
-        <source>Keys move by up to %1 ticks.</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>Keys move by up to %n ticks.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 keys are dropped because another key is on the same frame.</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%n keys are dropped because another key is on the same frame.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 keys are left out.</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%n keys are left out.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -393,10 +534,17 @@
     </message>
 </context>
 <context>
+    <name>KeysPage</name>
+    <message>
+        <source>Keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MarkerStrip</name>
     <message>
         <source>Markers</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Marken</translation>
     </message>
     <message>
         <source>Name of the marker</source>
@@ -547,6 +695,49 @@
     </message>
 </context>
 <context>
+    <name>PluginsPage</name>
+    <message>
+        <source>Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skipped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disabled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loaded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program ended while it was loading this plug-in. Check it to load it again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug-ins</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug-in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only checked plug-ins are loaded at the next start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PoseToolBar</name>
     <message>
         <source>Local</source>
@@ -570,6 +761,17 @@
     </message>
     <message>
         <source>%1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pages</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -609,88 +811,79 @@ The copy is kept as %3.</source>
     <name>RecoveryDialog</name>
     <message>
         <source>Recover Documents</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokumente wiederherstellen</translation>
     </message>
     <message>
         <source>The program ended before these documents were saved. Recovery copies were made at the times shown below.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm wurde beendet, bevor diese Dokumente gespeichert waren. Sicherungskopien entstanden zu den unten gezeigten Zeiten.</translation>
     </message>
     <message>
         <source>Documents</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokumente</translation>
     </message>
     <message>
         <source>Document</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokument</translation>
     </message>
     <message>
         <source>Copied</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiert</translation>
     </message>
     <message>
         <source>Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner</translation>
     </message>
     <message>
         <source>not saved yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch nicht gespeichert</translation>
     </message>
     <message>
         <source>&amp;Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederherstellen</translation>
     </message>
     <message>
         <source>Opens the copy; saving it replaces the document</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffnet die Kopie; Speichern ersetzt das Dokument</translation>
     </message>
     <message>
         <source>&amp;Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Verwerfen</translation>
     </message>
     <message>
         <source>Deletes the copy; the document itself stays as last saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Löscht die Kopie; das Dokument selbst bleibt, wie es zuletzt gespeichert wurde</translation>
     </message>
     <message>
         <source>&amp;Later</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Später</translation>
     </message>
     <message>
         <source>Keeps all copies and asks again at the next start</source>
-        <translation type="unfinished"></translation>
+        <translation>Behält alle Kopien und fragt beim nächsten Start erneut</translation>
     </message>
 </context>
 <context>
     <name>RecoveryMenu</name>
     <message>
         <source>&amp;Never</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nie</translation>
     </message>
-    <message>
-        <source>Every Minute</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Every %1 Minutes</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>Every %n Minutes</source>
+        <translation>
+            <numerusform>Jede Minute</numerusform>
+            <numerusform>Alle %Ln Minuten</numerusform>
+        </translation>
     </message>
 </context>
 <context>
     <name>SceneEdits</name>
     <message>
         <source>Delete &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete %1 Nodes</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ löschen</translation>
     </message>
     <message>
         <source>Show &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Show %1 Nodes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -698,24 +891,47 @@ The copy is kept as %3.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Hide %1 Nodes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Reorder &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Reorder %1 Nodes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Reparent &quot;%1&quot;</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>Reparent %1 Nodes</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>Delete %n Nodes</source>
+        <translation>
+            <numerusform>%Ln Knoten löschen</numerusform>
+            <numerusform>%Ln Knoten löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Nodes</source>
+        <translation>
+            <numerusform>%Ln Knoten zeigen</numerusform>
+            <numerusform>%Ln Knoten zeigen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Hide %n Nodes</source>
+        <translation>
+            <numerusform>%Ln Knoten verbergen</numerusform>
+            <numerusform>%Ln Knoten verbergen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reorder %n Nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reparent %n Nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -765,7 +981,7 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Create</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Erstellen</translation>
     </message>
     <message>
         <source>Select Children</source>
@@ -787,17 +1003,16 @@ The copy is kept as %3.</source>
         <source>&quot;%1&quot; could not keep its world position: values are locked or linked, or a parent is scaled.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>%1 nodes could not keep their world positions below their new parent.</source>
-        <translation type="unfinished"></translation>
+    <message numerus="yes">
+        <source>%n nodes could not keep their world positions below their new parent.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
     <name>ShortcutEditor</name>
-    <message>
-        <source>Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message>
         <source>Search by name, description or shortcut</source>
         <translation type="unfinished"></translation>
@@ -1037,7 +1252,7 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>&amp;Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kamera</translation>
     </message>
     <message>
         <source>Frames the selected nodes in the viewport.</source>
@@ -1209,6 +1424,66 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;High-Contrast Palette</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>White text on a black background.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colour-&amp;Blind Safe Curves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows the axes in colours that everybody can distinguish.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Key &amp;Graph</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show &amp;Higher Values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moves the curves of the key graph down.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show &amp;Lower Values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moves the curves of the key graph up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enlarges the values of the key graph.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reduces the values of the key graph.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Preferences...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows and changes the preferences.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1251,19 +1526,11 @@ The copy is kept as %3.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Create %1 Bones</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Select the nodes to duplicate.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Duplicate &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Duplicate %1 Nodes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1275,15 +1542,7 @@ The copy is kept as %3.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Group %1 Nodes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>&quot;%1&quot; could not keep its world position.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes could not keep their world positions.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1292,14 +1551,6 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes, %2 keyed properties, %3 keys, frames %4 to %5 at %6 frames per second</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Marker %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1455,10 +1706,6 @@ The copy is kept as %3.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Repeated the play range: %1 cycles.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Match First and Last Pose</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1500,10 +1747,6 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Paste Pose</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pasted the pose to %1 of %2 nodes.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1620,7 +1863,7 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Unbenannt</translation>
     </message>
     <message>
         <source>No recovery copy has been started.</source>
@@ -1691,10 +1934,6 @@ The copy is kept as %3.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Palette: dark or light.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Language of all texts, such as de.</source>
         <translation>Sprache aller Texte, etwa de.</translation>
     </message>
@@ -1736,10 +1975,6 @@ The copy is kept as %3.</source>
     </message>
     <message>
         <source>Invalid frame &quot;%1&quot;: expected a whole number.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown palette &quot;%1&quot;: expected dark or light.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2106,7 +2341,7 @@ Exit codes:
     </message>
     <message>
         <source>Markers</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Marken</translation>
     </message>
     <message>
         <source>adds a marker, or renames the one below the mouse</source>
@@ -2237,10 +2472,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&quot;%1&quot; was changed by another program since it was opened or saved here. Saving overwrites those changes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 already exists. Do you want to replace it?</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2258,6 +2489,212 @@ Exit codes:
     </message>
     <message>
         <source>&amp;Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Create %n Bones</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Duplicate %n Nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %n Nodes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes could not keep their world positions.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes</source>
+        <translation>
+            <numerusform>%Ln Knoten</numerusform>
+            <numerusform>%Ln Knoten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keyed properties</source>
+        <translation>
+            <numerusform>%Ln Eigenschaft mit Schlüsseln</numerusform>
+            <numerusform>%Ln Eigenschaften mit Schlüsseln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys</source>
+        <translation>
+            <numerusform>%Ln Schlüssel</numerusform>
+            <numerusform>%Ln Schlüssel</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Held the pose on %n channels.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Repeated the play range: %n cycles.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> First and last pose differ in %n channels.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>First and last pose agree now: %n channels changed.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied the pose of %n nodes.</source>
+        <translation>
+            <numerusform>Die Pose eines Knotens wurde kopiert.</numerusform>
+            <numerusform>Die Pose von %Ln Knoten wurde kopiert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pasted the pose to %1 of %n nodes.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Mirrored the pose of %n nodes.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reset %n nodes to rest.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The present pose is the rest pose of %n nodes.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Selected %n nodes.</source>
+        <translation>
+            <numerusform>%Ln Knoten ausgewählt.</numerusform>
+            <numerusform>%Ln Knoten ausgewählt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>breakdown() expects a finite number as argument 1 (percent)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>breakdown() expects neighbours, rest or average as argument 2 (toward)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cycle() expects a whole number as argument 1 (count)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>setBoneLength() expects a finite number as argument 1 (length)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the former journal cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: the script has exceeded its time limit of %2 s
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: the script has exceeded its memory limit of %2 MB
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set() expects an array of three finite numbers as target</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set() expects true or false as orthographic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set() expects a finite number as %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set() expects an object with target, distance, yaw, pitch, fieldOfView or orthographic, not %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>set() expects an object as argument 1 (camera)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The camera can frame nodes in a window only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Palette: dark, light or contrast.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text size from %1 to %2 points; 0 for that of the desktop.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown palette &quot;%1&quot;: expected dark, light or contrast.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid text size &quot;%1&quot;: expected %2 to %3 points, or 0.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save &amp;Anyway</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save A&amp;s...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2, %3, frames %4 to %5 at %L6 frames per second</source>
+        <comment>nodes, keyed properties and keys, each with its number</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The key graph is not visible.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2297,7 +2734,7 @@ Exit codes:
     </message>
     <message>
         <source>Markers</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Marken</translation>
     </message>
     <message>
         <source>The markers have been saved.</source>
@@ -2316,10 +2753,41 @@ Exit codes:
     </message>
 </context>
 <context>
+    <name>TimelinePage</name>
+    <message>
+        <source>&amp;View mode:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controls &amp;position:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Key creation scope:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Properties:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Behaviour:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The timeline&apos;s plug-in is not loaded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Timeline</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ViewportMenu</name>
     <message>
         <source>Create</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Erstellen</translation>
     </message>
     <message>
         <source>Bone Ending Here</source>
@@ -2327,11 +2795,11 @@ Exit codes:
     </message>
     <message>
         <source>Pose</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Pose</translation>
     </message>
     <message>
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Ansicht</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2674,10 +3142,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Animation %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Another channel has the same target.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -2695,10 +3159,6 @@ Exit codes:
     </message>
     <message>
         <source>The file has smooth segments; their keys are joined by straight ones.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The rest transforms of %1 nodes have a shear, which is left out.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2751,18 +3211,6 @@ Exit codes:
     </message>
     <message>
         <source>The export was cancelled.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes, %2 frames.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes, %2 keys.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 linked properties were sampled once a frame.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2975,10 +3423,6 @@ Exit codes:
     </message>
     <message>
         <source>Unknown array encoding %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>An array declares %1 values, more than its bytes can hold.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -3382,10 +3826,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>A chunk of %1 bytes extends beyond the end of the file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The first chunk is not JSON.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3435,10 +3875,6 @@ Exit codes:
     </message>
     <message>
         <source>The motion is too long: %1 frames of %2 nodes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes, %2 keys; rotations deviate by up to %3 degrees between keys.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -3523,10 +3959,6 @@ Exit codes:
     </message>
     <message>
         <source>The node &quot;%1&quot; has a parent that follows it or a number that is not finite.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 nodes (%2 bones), %3 animated channels, %4 keys.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -3638,10 +4070,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1, of which %2 bones</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Morphs</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3694,10 +4122,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Source Frame Rate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The node &quot;%1&quot; is deeper than %2 levels, which a scene does not allow.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3734,14 +4158,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 other properties</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 morphs</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Left out, because the format does not support them: %1.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3770,10 +4186,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 orientation</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Z up</source>
         <translation type="unfinished"></translation>
     </message>
@@ -3795,10 +4207,6 @@ Exit codes:
     </message>
     <message>
         <source>Keys were snapped to frames: moved by up to %1 ticks; %2 were dropped because another key is on the same frame.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rotations only: %1 keys of other properties were left out.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -3859,10 +4267,6 @@ Exit codes:
     </message>
     <message>
         <source>The motion of &quot;%1&quot; has %2 frames at %3 frames per second.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Scales and other values that the format does not support were converted to positions and rotations for %1 bone(s).</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -4038,19 +4442,11 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 frames are declared, but no joint has a channel.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 frames of %2 values are declared, but the rest of the file can hold at most %3 values.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Value %1 of frame %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>This row does not have the %1 values of one frame, and values are missing at the end of the file.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -4062,19 +4458,11 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>This row does not have the %1 values of one frame, and the end of the file has extra values.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>There are more values than the %1 frames of %2 declared in line %3: found %4.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Reading was cancelled.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file has %1 more frame(s) than the %2 it declares; the extra frames were ignored.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -4095,10 +4483,6 @@ Exit codes:
     </message>
     <message>
         <source>The scene has %1 frames per second (%2 ticks per frame);</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>each frame of the motion is %1 ticks long.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -4167,14 +4551,6 @@ Exit codes:
     </message>
     <message>
         <source>All scene files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 more</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The file contains data that this version does not support; it was ignored: %1.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -4301,6 +4677,267 @@ Exit codes:
         <source>The answer of the importer is invalid. %1</source>
         <translation type="unfinished"></translation>
     </message>
+    <message numerus="yes">
+        <source>The rest transforms of %n nodes have a shear, which is left out.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>vxstudio-import reads motion files for vxstudio, which starts it.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2.</source>
+        <comment>nodes and frames or keys, each with its number</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n nodes</source>
+        <translation>
+            <numerusform>%Ln Knoten</numerusform>
+            <numerusform>%Ln Knoten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n frames</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys</source>
+        <translation>
+            <numerusform>%Ln Schlüssel</numerusform>
+            <numerusform>%Ln Schlüssel</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n linked properties were sampled once a frame.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>An array declares %n values, more than its bytes can hold.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>A chunk of %n bytes extends beyond the end of the file.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2; rotations deviate by up to %3 degrees between keys.</source>
+        <comment>nodes and keys, each with its number</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2), %3, %4.</source>
+        <comment>nodes, bones, animated channels and keys, each with its number</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bones</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n animated channels</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, of which %n bones</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n other properties</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n morphs</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Rotations only: %n keys of other properties were left out.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Scales and other values that the format does not support were converted to positions and rotations for %n bones.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n frames are declared, but no joint has a channel.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This row does not have the %n values of one frame, and values are missing at the end of the file.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This row does not have the %n values of one frame, and the end of the file has extra values.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The file has %n more frames than the %1 it declares; the extra frames were ignored.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>each frame of the motion is %n ticks long.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>a readable container</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a complete container</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a text string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a complete text string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a finite number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a number within single precision</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a typed array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a complete array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>unit &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rate %1/%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of &quot;%2&quot;</source>
+        <comment>a number of a property</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The oldest backup cannot be removed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1. The former file is %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The permissions cannot be copied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the name refers to a directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the name refers to a device or pipe</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is read-only</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file contains data that this version does not support: %1. Saving keeps it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file contains data that this version does not support: %1. Saving loses: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The key column &quot;%1&quot; of the property &quot;%2&quot; of &quot;%3&quot; is damaged: its checksum differs.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>VxFrameAllAction</name>
@@ -4383,7 +5020,7 @@ Exit codes:
     </message>
     <message>
         <source>Markers</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Marken</translation>
     </message>
     <message>
         <source>Add</source>
@@ -4426,7 +5063,7 @@ Exit codes:
     <name>VxMarkersPane</name>
     <message>
         <source>Markers</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Marken</translation>
     </message>
 </context>
 <context>
@@ -4437,6 +5074,33 @@ Exit codes:
     </message>
     <message>
         <source>Sets the pose at the end of the play range to the one at its start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxMenuPath</name>
+    <message>
+        <source>Create</source>
+        <translation>Erstellen</translation>
+    </message>
+    <message>
+        <source>Pose</source>
+        <translation>Pose</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marken</translation>
+    </message>
+    <message>
+        <source>Gizmo Orientation</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -1,6 +1,7 @@
 #include "viewport/camerascript.h"
 
 #include "viewport/viewportwidget.h"
+#include "widgets/studiotext.h"
 
 #include <QScriptContext>
 #include <QScriptEngine>
@@ -88,19 +89,19 @@ QString readMember(const QString &name, const QScriptValue &value, VxCameraState
     if (name == QLatin1String("target"))
         return readTarget(value, &state->target)
                    ? QString()
-                   : QStringLiteral("set() expects an array of three finite numbers as target");
+                   : StudioText::tr("set() expects an array of three finite numbers as target");
     if (name == QLatin1String("orthographic")) {
         state->orthographic = value.toBool();
         return value.isBool() ? QString()
-                              : QStringLiteral("set() expects true or false as orthographic");
+                              : StudioText::tr("set() expects true or false as orthographic");
     }
     for (const CameraNumber &number : CameraNumbers) {
         if (name == QLatin1String(number.name))
             return readNumber(value, &(state->*number.member))
                        ? QString()
-                       : QStringLiteral("set() expects a finite number as %1").arg(name);
+                       : StudioText::tr("set() expects a finite number as %1").arg(name);
     }
-    return QStringLiteral("set() expects an object with target, distance, yaw, pitch, fieldOfView "
+    return StudioText::tr("set() expects an object with target, distance, yaw, pitch, fieldOfView "
                           "or orthographic, not %1")
         .arg(name);
 }
@@ -114,7 +115,7 @@ QScriptValue set(QScriptContext *context, QScriptEngine *engine)
 {
     if (!context->argument(0).isObject())
         return context->throwError(
-            QStringLiteral("set() expects an object as argument 1 (camera)"));
+            StudioText::tr("set() expects an object as argument 1 (camera)"));
     VxCameraState state = presentState();
     QScriptValueIterator member(context->argument(0));
     while (member.hasNext()) {
@@ -132,7 +133,7 @@ QScriptValue run(QScriptContext *context, QScriptEngine *engine)
 {
     ViewportWidget *view = viewport();
     if (!view)
-        return context->throwError(QStringLiteral("The camera can frame nodes in a window only."));
+        return context->throwError(StudioText::tr("The camera can frame nodes in a window only."));
     (view->*frame)();
     return cameraObject(engine);
 }

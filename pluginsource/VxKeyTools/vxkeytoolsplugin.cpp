@@ -96,8 +96,9 @@ void addClasses(VxPlugin *plugin)
 VxPlugin *definition()
 {
     static VxPlugin plugin(QStringLiteral("Key Tools"), QStringLiteral("VxTimeline Developers"),
-                           QStringLiteral("Retimes, cleans and edits keys numerically."), 1, 0, 0,
-                           0);
+                           QString::fromLatin1(QT_TRANSLATE_NOOP(
+                               "VxPlugin", "Retimes, cleans and edits keys numerically.")),
+                           1, 0, 0, 0);
     addClasses(&plugin);
     return &plugin;
 }

@@ -13,6 +13,138 @@
     </message>
 </context>
 <context>
+    <name>ScriptText</name>
+    <message>
+        <source>%1 cannot be constructed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1.%2 is a signal: it can be connected, but not called</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an object with whole numbers as start and end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>expects %1 as argument %2 (%3), not %4</source>
+        <translation>erwartet %1 als Argument %2 (%3), nicht %4</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>a finite number</source>
+        <translation>eine endliche Zahl</translation>
+    </message>
+    <message>
+        <source>is called on an object that is not a %1 or no longer exists</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects ascending spans of keys, first &lt; last &lt;= %1, in entry %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a property as holder and an array as spans of entry %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has an outdated entry %1: the keys of %2 have changed since</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects an object with name, start, end and colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a string as name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of marker %2</source>
+        <comment>what is expected</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a whole number as %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects an end that is not before the start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a colour such as &quot;#e0a030&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a whole number as start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no marker with id %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepts at most %1 groups, one in another, as argument 2 (path)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot use the name &quot;%1&quot;: it is in use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a finite number as %1 of key %2, not %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects whole ticks as time of key %1, not %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects 0, 1 or 2 as type of key %1, not %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects 0, 1 or 2 as argument 3 (type), not %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot nest nodes deeper than %1 levels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cannot add a node below one that is not in the scene</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects frames, seconds, ticks or timecode, not %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>expects a rate up to %1 frames a second, or 0 for that of the time step</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>VxBarButton</name>
     <message>
         <source>%1 (%2)</source>
@@ -87,46 +219,22 @@
     </message>
 </context>
 <context>
-    <name>VxNode</name>
+    <name>VxMenuPath</name>
     <message>
-        <source>X Translate</source>
-        <translation type="unfinished"></translation>
+        <source>Animation</source>
+        <translation>Animation</translation>
     </message>
     <message>
-        <source>Y Translate</source>
-        <translation type="unfinished"></translation>
+        <source>Clear Animation</source>
+        <translation>Animation löschen</translation>
     </message>
     <message>
-        <source>Z Translate</source>
-        <translation type="unfinished"></translation>
+        <source>Window</source>
+        <translation>Fenster</translation>
     </message>
     <message>
-        <source>X Rotate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Y Rotate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Z Rotate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Scale</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>X Scale</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Y Scale</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Z Scale</source>
-        <translation type="unfinished"></translation>
+        <source>Panes</source>
+        <translation>Bereiche</translation>
     </message>
 </context>
 <context>
@@ -229,10 +337,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Changes apply to %1 nodes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Values from %1 to %2</source>
         <translation type="unfinished"></translation>
     </message>
@@ -299,6 +403,13 @@
     <message>
         <source>Mixed keys</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Changes apply to %n nodes.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -430,7 +541,7 @@
     <name>VxSceneTimeDisplay</name>
     <message>
         <source>Frame %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild %1</translation>
     </message>
 </context>
 <context>

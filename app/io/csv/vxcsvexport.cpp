@@ -352,13 +352,14 @@ bool VxCsvExport::Private::write(const Sink &sink, VxFileError *error)
                                  .arg(table.columns().size()));
     if (!(rowPerFrame ? writeFrames(table, sink) : writeKeys(table, sink)))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
-    summary =
-        rowPerFrame ? VxFileText::tr("%1 nodes, %2 frames.") : VxFileText::tr("%1 nodes, %2 keys.");
-    summary = summary.arg(QString::number(table.rows().size()), QString::number(numKeys));
+    summary = VxFileText::tr("%1, %2.", "nodes and frames or keys, each with its number")
+                  .arg(VxFileText::tr("%n nodes", nullptr, int(table.rows().size())),
+                       rowPerFrame ? VxFileText::tr("%n frames", nullptr, int(numKeys))
+                                   : VxFileText::tr("%n keys", nullptr, int(numKeys)));
     if (numSampled > 0 && !rowPerFrame)
         summary +=
             QLatin1Char(' ') +
-            VxFileText::tr("%1 linked properties were sampled once a frame.").arg(numSampled);
+            VxFileText::tr("%n linked properties were sampled once a frame.", nullptr, numSampled);
     return true;
 }
 

@@ -140,8 +140,8 @@ bool VxFbxArrays::decodeBinary(const VxFbxValue &value, std::vector<Number> *out
         return fail(value.offset + 4, VxFileText::tr("Unknown array encoding %1.").arg(encoding));
     if (size > maxArraySize || (encoding == 0 ? size != payload : size > payload * maxInflation))
         return fail(value.offset,
-                    VxFileText::tr("An array declares %1 values, more than its bytes can hold.")
-                        .arg(count));
+                    VxFileText::tr("An array declares %n values, more than its bytes can hold.",
+                                   nullptr, int(count)));
     if (!spend(count * qint64(sizeof(Number)) + (encoding ? size : 0), value))
         return false;
     QByteArray inflated;

@@ -281,7 +281,7 @@ bool vxReadGltfAnimations(VxGltfDocument *document, const std::vector<int> &plac
         VxMotionClip clip;
         clip.name = object.value(QLatin1String("name")).toString();
         if (clip.name.isEmpty())
-            clip.name = VxFileText::tr("Animation %1").arg(i + 1);
+            clip.name = QStringLiteral("Animation %1").arg(i + 1);
         AnimationReader reader(document, places, motion, &clip, object);
         const QJsonArray channels = object.value(QLatin1String("channels")).toArray();
         for (int c = 0; c < channels.size(); ++c) {

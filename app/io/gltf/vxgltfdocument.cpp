@@ -146,8 +146,8 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
         at += ChunkHeader;
         if (length > announced - at)
             return vxFail(message,
-                          VxFileText::tr("A chunk of %1 bytes extends beyond the end of the file.")
-                              .arg(length));
+                          VxFileText::tr("A chunk of %n bytes extends beyond the end of the file.",
+                                         nullptr, int(length)));
         if (chunk == 0 && type != JsonChunk)
             return vxFail(message, VxFileText::tr("The first chunk is not JSON."));
         if (chunk == 0 && !parseJson(bytes.mid(int(at), int(length)), at, message, offset))

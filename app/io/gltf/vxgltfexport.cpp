@@ -425,10 +425,11 @@ bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
     writer.addSkins();
     *bytes = writer.bytes(binary);
     d->error = writer.error();
-    d->summary =
-        VxFileText::tr("%1 nodes, %2 keys; rotations deviate by up to %3 degrees between keys.")
-            .arg(QString::number(writer.numNodes()), QString::number(writer.numKeys()),
-                 QString::number(d->error, 'g', 3));
+    d->summary = VxFileText::tr("%1, %2; rotations deviate by up to %3 degrees between keys.",
+                                "nodes and keys, each with its number")
+                     .arg(VxFileText::tr("%n nodes", nullptr, int(writer.numNodes())),
+                          VxFileText::tr("%n keys", nullptr, int(writer.numKeys())),
+                          QString::number(d->error, 'g', 3));
     if (d->range.getStart() < 0)
         d->summary +=
             QLatin1Char(' ') + VxFileText::tr("The motion is moved so that it starts at time 0.");

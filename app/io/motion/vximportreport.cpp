@@ -3,12 +3,13 @@
 #include "io/vxfiletext.h"
 
 #include <QJsonArray>
+#include <vxcore/vxlocalnumber.h>
 
 namespace {
 
 QString number(double value)
 {
-    return QString::number(value, 'g', 6);
+    return vxLocalNumber(QString::number(value, 'g', 6));
 }
 
 QJsonArray clipsOf(const VxImportReport &report)
@@ -130,9 +131,12 @@ VxImportReport VxImportReport::fromJson(const QJsonObject &object)
 
 QString VxImportReport::summary() const
 {
-    QString text = VxFileText::tr("%1 nodes (%2 bones), %3 animated channels, %4 keys.")
-                       .arg(QString::number(nodes), QString::number(bones),
-                            QString::number(channels), QString::number(keysAfter));
+    QString text = VxFileText::tr("%1 (%2), %3, %4.",
+                                  "nodes, bones, animated channels and keys, each with its number")
+                       .arg(VxFileText::tr("%n nodes", nullptr, nodes),
+                            VxFileText::tr("%n bones", nullptr, bones),
+                            VxFileText::tr("%n animated channels", nullptr, channels),
+                            VxFileText::tr("%n keys", nullptr, int(keysAfter)));
     const bool isOtherRate = qAbs(sourceRate - sceneRate()) > 1e-6 * sourceRate;
     if (sourceRate > 0.0)
         text += QLatin1Char(' ') +
@@ -187,7 +191,8 @@ QStringList VxImportReport::lines() const
     add(VxFileText::tr("First key"), isMovedToZero
                                          ? VxFileText::tr("%1 s, moved to 0").arg(number(firstKey))
                                          : VxFileText::tr("%1 s, kept").arg(number(firstKey)));
-    add(VxFileText::tr("Nodes"), VxFileText::tr("%1, of which %2 bones").arg(nodes).arg(bones));
+    add(VxFileText::tr("Nodes"),
+        VxFileText::tr("%1, of which %n bones", nullptr, bones).arg(nodes));
     add(VxFileText::tr("Morphs"), QString::number(morphs));
     add(VxFileText::tr("Other properties"), QString::number(properties));
     add(VxFileText::tr("Animated channels"), QString::number(channels));

@@ -34,7 +34,8 @@ void vxKeepRate(VxNode *node, double rate)
         property = made.release();
     }
     property->setLocked(false);
-    property->setLabel(VxFileText::tr("Source Frame Rate"));
+    // A label in the document: the same in every language.
+    property->setLabel(QStringLiteral("Source Frame Rate"));
     property->deleteAllKeys();
     property->setStoredValue(float(rate));
     property->setAnimatable(false);

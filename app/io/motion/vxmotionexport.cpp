@@ -72,9 +72,9 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
     }
     QStringList parts;
     if (properties > 0)
-        parts.append(VxFileText::tr("%1 other properties").arg(properties));
+        parts.append(VxFileText::tr("%n other properties", nullptr, properties));
     if (morphs > 0)
-        parts.append(VxFileText::tr("%1 morphs").arg(morphs));
+        parts.append(VxFileText::tr("%n morphs", nullptr, morphs));
     if (parts.isEmpty())
         return {};
     return QLatin1Char(' ') +

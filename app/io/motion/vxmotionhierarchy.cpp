@@ -42,7 +42,7 @@ void splitOrientations(VxImportedMotion *motion)
         Place place{int(nodes.size()), int(nodes.size())};
         if (!isIdentity(node.orientation)) {
             VxMotionNode mount;
-            mount.name = VxFileText::tr("%1 orientation").arg(node.name);
+            mount.name = QStringLiteral("%1 orientation").arg(node.name);
             mount.parent = node.parent;
             mount.translation = node.translation;
             const VxMotionQuaternion &q = node.orientation;

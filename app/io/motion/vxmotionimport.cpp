@@ -198,9 +198,8 @@ VxImportReport VxMotionImport::report(const VxImportChoices &choices) const
                 .arg(counts.largestMove)
                 .arg(counts.merged));
     if (choices.rotationsOnly)
-        report.notes.append(
-            VxFileText::tr("Rotations only: %1 keys of other properties were left out.")
-                .arg(counts.leftOut));
+        report.notes.append(VxFileText::tr(
+            "Rotations only: %n keys of other properties were left out.", nullptr, counts.leftOut));
     return report;
 }
 

@@ -58,14 +58,13 @@ KeyToolResult eulerFilter(const KeyToolArguments &)
             });
         }
     }
-    run.addNote(KeyToolText::tr("; %1 keys changed on %2 rotations")
-                    .arg(changed)
-                    .arg(int(rotations.size())));
+    run.addNote(KeyToolText::tr("; %1 changed on %2")
+                    .arg(KeyToolText::tr("%n keys", nullptr, changed),
+                         KeyToolText::tr("%n rotations", nullptr, int(rotations.size()))));
     if (incomplete > 0)
-        run.addNote(
-            KeyToolText::tr(
-                "; %1 rotations skipped, because their three angles do not have the same keys")
-                .arg(incomplete));
+        run.addNote(KeyToolText::tr(
+            "; %n rotations skipped, because their three angles do not have the same keys", nullptr,
+            incomplete));
     return run.finish(KeyToolText::tr("Euler Filter"));
 }
 
@@ -101,7 +100,7 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
         spikes += removed;
         return result;
     });
-    run.addNote(KeyToolText::tr("; %1 spikes").arg(spikes));
+    run.addNote(KeyToolText::tr("; %n spikes", nullptr, int(spikes)));
     return run.finish(KeyToolText::tr("Remove Spikes"));
 }
 

@@ -39,7 +39,7 @@ QString VxKeyToolsIsolateAction::getDefaultAccel() const
 
 QString VxKeyToolsIsolateAction::getDefaultMenuPath() const
 {
-    return KeyToolText::tr("Keys");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
 }
 
 QString VxKeyToolsIsolateAction::getActionGroup() const
@@ -49,7 +49,7 @@ QString VxKeyToolsIsolateAction::getActionGroup() const
 
 QString VxKeyToolsIsolateAction::getMenuFolder() const
 {
-    return KeyToolText::tr("Select");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Select"));
 }
 
 void VxKeyToolsIsolateAction::toggleAction(bool onOff)

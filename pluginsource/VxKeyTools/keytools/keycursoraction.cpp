@@ -23,7 +23,7 @@ QString VxKeyToolsKeyCursorAction::getDefaultAccel() const
 
 QString VxKeyToolsKeyCursorAction::getDefaultMenuPath() const
 {
-    return KeyToolText::tr("Keys");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
 }
 
 QString VxKeyToolsKeyCursorAction::getActionGroup() const
@@ -33,7 +33,7 @@ QString VxKeyToolsKeyCursorAction::getActionGroup() const
 
 QString VxKeyToolsKeyCursorAction::getMenuFolder() const
 {
-    return KeyToolText::tr("Select");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Select"));
 }
 
 void VxKeyToolsKeyCursorAction::executeAction()

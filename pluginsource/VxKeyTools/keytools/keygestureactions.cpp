@@ -54,7 +54,7 @@ QString KeyGestureAction::getDefaultAccel() const
 
 QString KeyGestureAction::getDefaultMenuPath() const
 {
-    return KeyToolText::tr("Keys");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
 }
 
 QString KeyGestureAction::getActionGroup() const
@@ -69,7 +69,7 @@ int KeyGestureAction::getMenuOrder() const
 
 QString KeyGestureAction::getMenuFolder() const
 {
-    return KeyToolText::tr("With the Mouse");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "With the Mouse"));
 }
 
 bool KeyGestureAction::event(QEvent *event)

@@ -4,6 +4,7 @@
 #include "keytools/keytooltext.h"
 
 #include <cmath>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 
@@ -36,7 +37,7 @@ bool isOfTimes(KeyGestureKind kind)
 
 QString signedNumber(double number)
 {
-    const QString text = QString::number(number, 'g', 6);
+    const QString text = vxLocalNumber(QString::number(number, 'g', 6));
     return number < 0 ? text : QLatin1Char('+') + text;
 }
 
@@ -154,7 +155,7 @@ QString KeyGestureAmount::amountText() const
     if (!m_typed.isEmpty())
         return m_typed + Cursor;
     if (isScale())
-        return KeyToolText::tr("%1 %").arg(m_amount * 100, 0, 'f', 1);
+        return KeyToolText::tr("%L1 %").arg(m_amount * 100, 0, 'f', 1);
     if (m_kind == KeyGestureKind::MoveValues)
         return signedNumber(m_amount);
     return KeyToolText::tr("%1 frames").arg(signedNumber(m_amount / vxScene->getTimeStep()));

@@ -2,6 +2,7 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxtextstyle.h>
@@ -77,13 +78,21 @@ int KeyTableModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : KeyTableColumns;
 }
 
+QString KeyTableModel::shownText(const QModelIndex &index) const
+{
+    const auto column = KeyTableColumn(index.column());
+    const QString text = KeyTableCells::text(m_rows, index.row(), column, timeDisplay());
+    return column < KeyTableColumn::Time || column == KeyTableColumn::Type ? text
+                                                                           : vxLocalNumber(text);
+}
+
 QVariant KeyTableModel::data(const QModelIndex &index, int role) const
 {
     const auto column = KeyTableColumn(index.column());
     if (role == Qt::DisplayRole || role == Qt::EditRole)
-        return KeyTableCells::text(m_rows, index.row(), column, timeDisplay());
+        return shownText(index);
     if (role == Qt::ToolTipRole)
-        return vxToolTipText(KeyTableCells::text(m_rows, index.row(), column, timeDisplay()));
+        return vxToolTipText(shownText(index));
     if (role == Qt::ForegroundRole && KeyTableCells::isReadOnly(m_rows, index.row()))
         return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     if (role == Qt::TextAlignmentRole && index.column() >= int(KeyTableColumn::Time) &&

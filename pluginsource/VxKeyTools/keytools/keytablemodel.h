@@ -35,6 +35,7 @@ public:
     void sort(int column, Qt::SortOrder order) override;
 
 private:
+    QString shownText(const QModelIndex &index) const;
     template <class Change> void change(const Change &change);
 
     KeyTableRows m_rows;

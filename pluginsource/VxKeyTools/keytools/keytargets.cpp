@@ -210,21 +210,18 @@ int KeyTargets::numKeys() const
 QString KeyTargets::description() const
 {
     static const char *const texts[] = {
-        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the selected nodes in the play range, on %3 %4"),
-        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the figure in the play range, on %3 %4"),
-        QT_TRANSLATE_NOOP("KeyToolText", "%1 %2 of the scene, on %3 %4")};
-    const QString text =
-        KeyToolText::tr(isSelection ? "%1 selected %2 on %3 %4" : texts[std::size_t(owner)]);
-    const int keys = numKeys();
-    const auto channels = int(tracks.size());
-    QString result =
-        text.arg(keys)
-            .arg(keys == 1 ? KeyToolText::tr("key") : KeyToolText::tr("keys"))
-            .arg(channels)
-            .arg(channels == 1 ? KeyToolText::tr("channel") : KeyToolText::tr("channels"));
+        QT_TRANSLATE_N_NOOP("KeyToolText",
+                            "%n keys of the selected nodes in the play range, on %1"),
+        QT_TRANSLATE_N_NOOP("KeyToolText", "%n keys of the figure in the play range, on %1"),
+        QT_TRANSLATE_N_NOOP("KeyToolText", "%n keys of the scene, on %1")};
+    const char *const text = isSelection
+                                 ? QT_TRANSLATE_N_NOOP("KeyToolText", "%n selected keys on %1")
+                                 : texts[std::size_t(owner)];
+    QString result = KeyToolText::tr(text, nullptr, numKeys())
+                         .arg(KeyToolText::tr("%n channels", nullptr, int(tracks.size())));
     if (readOnly > 0)
-        result += KeyToolText::tr(" (%1 locked or linked, read-only)").arg(readOnly);
+        result += KeyToolText::tr(" (%n locked or linked, read-only)", nullptr, readOnly);
     if (skipped > 0)
-        result += KeyToolText::tr(" (%1 locked or linked skipped)").arg(skipped);
+        result += KeyToolText::tr(" (%n locked or linked skipped)", nullptr, skipped);
     return result;
 }

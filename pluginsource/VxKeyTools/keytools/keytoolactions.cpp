@@ -30,7 +30,7 @@ KeyToolAction::KeyToolAction(const char *tool)
 
 QString KeyToolAction::getDefaultMenuPath() const
 {
-    return tr("Keys");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
 }
 
 QString KeyToolAction::getActionGroup() const
@@ -51,12 +51,13 @@ QString KeyToolAction::getMenuFolder() const
     const int values = times + int(valueTools().size());
     const int cleaning = values + int(cleaningTools().size());
     if (index < count)
-        return tr("Select");
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Select"));
     if (index < times)
-        return tr("Times");
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Times"));
     if (index < values)
-        return tr("Values");
-    return index < cleaning ? tr("Clean Up") : tr("Pose");
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Values"));
+    return index < cleaning ? QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Clean Up"))
+                            : QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Pose"));
 }
 
 void KeyToolAction::executeAction()

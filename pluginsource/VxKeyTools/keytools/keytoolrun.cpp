@@ -418,11 +418,11 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
         m_result.message = action + QStringLiteral(": ") + m_targets.description() + m_note;
     }
     if (showsCounts && !m_targets.isEmpty())
-        m_result.message += KeyToolText::tr("; now %1, largest error %2")
+        m_result.message += KeyToolText::tr("; now %L1, largest error %L2")
                                 .arg(m_result.after)
                                 .arg(m_result.error, 0, 'g', 3);
     if (m_result.merged > 0)
-        m_result.message += KeyToolText::tr("; %1 overwritten").arg(m_result.merged);
+        m_result.message += KeyToolText::tr("; %n overwritten", nullptr, m_result.merged);
     const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
     if (window)
         const_cast<VxMainWindow *>(window)->showStatusMessage(m_result.message);

@@ -26,7 +26,7 @@ QScriptValue runTool(QScriptContext *context, QScriptEngine *engine)
     if (context->argumentCount() > 0) {
         if (!context->argument(0).isObject())
             return context->throwError(
-                QStringLiteral("KeyTools.%1: the argument must be an object with the parameters")
+                KeyToolText::tr("KeyTools.%1: the argument must be an object with the parameters")
                     .arg(tool.name));
         arguments = context->argument(0).toVariant().toMap();
     }

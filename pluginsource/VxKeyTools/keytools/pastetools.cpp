@@ -66,7 +66,8 @@ Receivers receiversOf(const QStringList &names, Destination to, QString *obstacl
         for (int i = 0; i < names.size(); ++i)
             receivers[names[i]].append(selected[i]);
     } else {
-        *obstacle = KeyToolText::tr("the keys are of %1 nodes; select as many").arg(names.size());
+        *obstacle =
+            KeyToolText::tr("the keys are of %n nodes; select as many", nullptr, names.size());
     }
     if (selected.isEmpty())
         *obstacle = KeyToolText::tr("select nodes");
@@ -96,14 +97,15 @@ KeyToolResult finish(const QString &action, const KeyPaste &paste, const QString
     result.done = paste.keys() > 0;
     result.keys = result.after = paste.keys();
     result.channels = paste.channels();
-    result.message = result.done ? KeyToolText::tr("%1: %2 on %3 channels")
-                                       .arg(action)
-                                       .arg(result.keys)
-                                       .arg(result.channels)
-                                 : KeyToolText::tr("%1: no property takes the keys").arg(action);
+    result.message = result.done
+                         ? KeyToolText::tr("%1: %2 on %n channels", nullptr, result.channels)
+                               .arg(action)
+                               .arg(result.keys)
+                         : KeyToolText::tr("%1: no property takes the keys").arg(action);
     result.message += notes;
     if (paste.skipped() > 0)
-        result.message += KeyToolText::tr(" (%1 locked or linked skipped)").arg(paste.skipped());
+        result.message +=
+            KeyToolText::tr(" (%n locked or linked skipped)", nullptr, paste.skipped());
     return shownResult(result);
 }
 
@@ -149,7 +151,7 @@ QString notesOn(const MirroredPaste &mirrored)
         notes += KeyToolText::tr("; not found: %1")
                      .arg(missing.mid(0, ListedNames).join(QStringLiteral(", ")));
     if (missing.size() > ListedNames)
-        notes += KeyToolText::tr(" and %1 more").arg(missing.size() - ListedNames);
+        notes += KeyToolText::tr(" and %n more", nullptr, missing.size() - ListedNames);
     if (mirrored.missingProperties() > 0)
         notes += KeyToolText::tr("; properties not found: %1").arg(mirrored.missingProperties());
     return notes;

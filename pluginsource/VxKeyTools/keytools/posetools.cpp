@@ -45,12 +45,12 @@ KeyToolResult pin(const KeyToolArguments &arguments)
     result.done = true;
     result.channels = 9;
     result.error = limb.largestError();
-    result.message = KeyToolText::tr("Pin Joint: %1, largest distance %2 % of the limb")
+    result.message = KeyToolText::tr("Pin Joint: %1, largest distance %L2 % of the limb")
                          .arg(vxScene->getPrimarySelection()->getLabel())
                          .arg(result.error * 100, 0, 'g', 3);
     if (limb.framesOutOfReach() > 0)
         result.message +=
-            KeyToolText::tr("; out of reach on %1 frames").arg(limb.framesOutOfReach());
+            KeyToolText::tr("; out of reach on %n frames", nullptr, limb.framesOutOfReach());
     return shownResult(result);
 }
 

@@ -45,12 +45,11 @@ template <class Takes> KeyToolResult selectKeys(const QString &label, const Take
     result.done = selection && !candidates.isEmpty();
     if (result.done)
         selection->set(entries);
-    result.message = result.done
-                         ? KeyToolText::tr("%1: %2 selected on %3 channels")
-                               .arg(label)
-                               .arg(result.keys)
-                               .arg(result.channels)
-                         : KeyToolText::tr("%1: select keys, or nodes with keys").arg(label);
+    result.message =
+        result.done ? KeyToolText::tr("%1: %2 selected on %n channels", nullptr, result.channels)
+                          .arg(label)
+                          .arg(result.keys)
+                    : KeyToolText::tr("%1: select keys, or nodes with keys").arg(label);
     if (vxApp->getInterface())
         vxApp->getInterface()->showStatusMessage(result.message);
     return result;

@@ -279,7 +279,7 @@ VxKeyTableAction::VxKeyTableAction()
 
 QString VxKeyTableAction::getDefaultMenuPath() const
 {
-    return tr("Keys");
+    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
 }
 
 QString VxKeyTableAction::getActionGroup() const

@@ -2,42 +2,7 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>KeyToolAction</name>
-    <message>
-        <source>Keys</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Select</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Times</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Values</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Clean Up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pose</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>KeyToolText</name>
-    <message>
-        <source>; %1 keys changed on %2 rotations</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>; %1 rotations skipped, because their three angles do not have the same keys</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message>
         <source>Euler Filter</source>
         <translation type="unfinished"></translation>
@@ -48,10 +13,6 @@
     </message>
     <message>
         <source>Smooth (Butterworth)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>; %1 spikes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -152,7 +113,7 @@
     </message>
     <message>
         <source>Keys</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Schlüssel</translation>
     </message>
     <message>
         <source>Removes keys in flat segments, where they do not change the curve.</source>
@@ -172,10 +133,6 @@
     </message>
     <message>
         <source>Changes the interpolation type of keys and keeps the curve within the error.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Select</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -200,14 +157,6 @@
     </message>
     <message>
         <source>, V: next pivot</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>With the Mouse</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 %</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -299,55 +248,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 %2 of the selected nodes in the play range, on %3 %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 %2 of the figure in the play range, on %3 %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 %2 of the scene, on %3 %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>key</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>keys</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>channel</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>channels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> (%1 locked or linked, read-only)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> (%1 locked or linked skipped)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1: &quot;%2&quot; cannot be used for %3</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1 has no parameter %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>; now %1, largest error %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>; %1 overwritten</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -359,15 +264,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>the keys are of %1 nodes; select as many</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>select nodes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2 on %3 channels</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -388,10 +285,6 @@
     </message>
     <message>
         <source>; nodes: %1 to the other side, %2 in place</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source> and %1 more</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -467,14 +360,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Pin Joint: %1, largest distance %2 % of the limb</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>; out of reach on %1 frames</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Keeps the primary selected joint in place by rotating the two bones above it.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -488,10 +373,6 @@
     </message>
     <message>
         <source>Falloff (frames)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2 selected on %3 channels</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -778,6 +659,145 @@
         <source>Amount</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>; %1 changed on %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n rotations</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n rotations skipped, because their three angles do not have the same keys</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n spikes</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys of the selected nodes in the play range, on %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys of the figure in the play range, on %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n keys of the scene, on %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n selected keys on %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n channels</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> (%n locked or linked, read-only)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> (%n locked or linked skipped)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n overwritten</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>KeyTools.%1: the argument must be an object with the parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>the keys are of %n nodes; select as many</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %2 on %n channels</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> and %n more</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; out of reach on %n frames</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %2 selected on %n channels</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%L1 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>; now %L1, largest error %L2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pin Joint: %1, largest distance %L2 % of the limb</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>VxKeyTableAction</name>
@@ -787,10 +807,6 @@
     </message>
     <message>
         <source>Shows the selected keys as a table.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Keys</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -830,11 +846,11 @@
     </message>
     <message>
         <source>Keys</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Schlüssel</translation>
     </message>
     <message>
         <source>Times</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Zeiten</translation>
     </message>
     <message>
         <source>Shows %1.</source>
@@ -957,6 +973,44 @@
     </message>
     <message>
         <source>Scales the values of keys about zero with the mouse or by a typed factor. V again: about their mean, the playhead&apos;s value.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VxMenuPath</name>
+    <message>
+        <source>Keys</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>With the Mouse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Clean Up</source>
+        <translation>Aufräumen</translation>
+    </message>
+    <message>
+        <source>Pose</source>
+        <translation>Pose</translation>
+    </message>
+</context>
+<context>
+    <name>VxPlugin</name>
+    <message>
+        <source>Retimes, cleans and edits keys numerically.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -24,18 +24,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>1 key</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 keys</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 selected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>key at the current time</source>
         <translation type="unfinished"></translation>
     </message>
@@ -63,6 +51,20 @@
         <source>TCB</source>
         <translation type="unfinished"></translation>
     </message>
+    <message numerus="yes">
+        <source>%n keys</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n selected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>AccessibleRow</name>
@@ -87,17 +89,6 @@
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>AnimationMenu</name>
-    <message>
-        <source>Select Keys</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rows</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -243,7 +234,7 @@
     </message>
     <message>
         <source>Set Key Interpolation</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Interpolation der Schlüssel</translation>
     </message>
     <message>
         <source>Move Root Item</source>
@@ -294,7 +285,7 @@
     </message>
     <message>
         <source>Set Key Interpolation</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Interpolation der Schlüssel</translation>
     </message>
     <message>
         <source>Move Keys</source>
@@ -317,10 +308,45 @@
     </message>
 </context>
 <context>
+    <name>VxMenuPath</name>
+    <message>
+        <source>Set Key Interpolation</source>
+        <translation>Interpolation der Schlüssel</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Controls Position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Key Creation Scope</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Property Types</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Darstellung</translation>
+    </message>
+    <message>
+        <source>Select Keys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>VxNextFrameAction</name>
     <message>
         <source>Step to Next Frame</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Ein Bild vor</translation>
     </message>
     <message>
         <source>Sets the current time to the time of the next frame.</source>
@@ -331,7 +357,7 @@
     <name>VxPlayToggleAction</name>
     <message>
         <source>Play / Pause</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Abspielen / Anhalten</translation>
     </message>
     <message>
         <source>Toggles animation playback on/off.</source>
@@ -342,7 +368,7 @@
     <name>VxPrevFrameAction</name>
     <message>
         <source>Step to Previous Frame</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Ein Bild zurück</translation>
     </message>
     <message>
         <source>Sets the current time to the time of the previous frame.</source>
@@ -353,7 +379,7 @@
     <name>VxSkipToNextKeyAction</name>
     <message>
         <source>Skip to Next Key</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Zum nächsten Schlüssel</translation>
     </message>
     <message>
         <source>Sets the current time to the time of the next key, regardless of whether or not the key is currently displayed in the Timeline pane.</source>
@@ -364,7 +390,7 @@
     <name>VxSkipToPlayrangeEndAction</name>
     <message>
         <source>Skip to Play Range End</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Zum Ende des Abspielbereichs</translation>
     </message>
     <message>
         <source>Sets the current time to the end of the play range.</source>
@@ -375,7 +401,7 @@
     <name>VxSkipToPlayrangeStartAction</name>
     <message>
         <source>Skip to Play Range Start</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Zum Anfang des Abspielbereichs</translation>
     </message>
     <message>
         <source>Sets the current time to the beginning of the play range.</source>
@@ -386,7 +412,7 @@
     <name>VxSkipToPrevKeyAction</name>
     <message>
         <source>Skip to Previous Key</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Zum vorherigen Schlüssel</translation>
     </message>
     <message>
         <source>Sets the current time to the time of the previous key, regardless of whether or not the key is currently displayed in the Timeline pane.</source>
@@ -397,7 +423,7 @@
     <name>VxTimePane</name>
     <message>
         <source>Set Key Interpolation</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Interpolation der Schlüssel</translation>
     </message>
     <message>
         <source>Keys :</source>
@@ -537,7 +563,7 @@
     </message>
     <message>
         <source>No keys are selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es sind keine Schlüssel ausgewählt.</translation>
     </message>
     <message>
         <source>The selected keys are in rows that the filter hides.</source>
@@ -548,16 +574,8 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Copied 1 key.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Copied %1 keys.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>No keys have been copied.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurden keine Schlüssel kopiert.</translation>
     </message>
     <message>
         <source>No row matches the copied keys.</source>
@@ -597,7 +615,7 @@
     </message>
     <message>
         <source>View Mode</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Darstellung</translation>
     </message>
     <message>
         <source>Clear Animation</source>
@@ -605,7 +623,7 @@
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Einstellungen</translation>
     </message>
     <message>
         <source>Name</source>
@@ -617,35 +635,35 @@
     </message>
     <message>
         <source>Loop</source>
-        <translation type="unfinished"></translation>
+        <translation>Schleife</translation>
     </message>
     <message>
         <source>Skip to Play Range Start</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum Anfang des Abspielbereichs</translation>
     </message>
     <message>
         <source>Skip to Previous Key</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum vorherigen Schlüssel</translation>
     </message>
     <message>
         <source>Step to Previous Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild zurück</translation>
     </message>
     <message>
         <source>Play / Pause</source>
-        <translation type="unfinished"></translation>
+        <translation>Abspielen / Anhalten</translation>
     </message>
     <message>
         <source>Step to Next Frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Bild vor</translation>
     </message>
     <message>
         <source>Skip to Next Key</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum nächsten Schlüssel</translation>
     </message>
     <message>
         <source>Skip to Play Range End</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum Ende des Abspielbereichs</translation>
     </message>
     <message>
         <source>Skip to Previous Filtered Key</source>
@@ -658,6 +676,13 @@
     <message>
         <source>Timeline</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n keys.</source>
+        <translation>
+            <numerusform>%Ln Schlüssel kopiert.</numerusform>
+            <numerusform>%Ln Schlüssel kopiert.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

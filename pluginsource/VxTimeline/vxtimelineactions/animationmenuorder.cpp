@@ -13,10 +13,20 @@ struct Folder
 };
 
 const Folder folders[] = {
-    {1, QT_TRANSLATE_NOOP("AnimationMenu", "Select Keys")},
-    {6, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
-    {7, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
-    {8, QT_TRANSLATE_NOOP("AnimationMenu", "Rows")},
+    {1, QT_TRANSLATE_NOOP("VxMenuPath", "Select Keys")},
+    {6, QT_TRANSLATE_NOOP("VxMenuPath", "Rows")},
+    {7, QT_TRANSLATE_NOOP("VxMenuPath", "Rows")},
+    {8, QT_TRANSLATE_NOOP("VxMenuPath", "Rows")},
+};
+
+// The parts of the paths of the actions.
+[[maybe_unused]] const char *const partsOfPaths[] = {
+    QT_TRANSLATE_NOOP("VxMenuPath", "Set Key Interpolation"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Preferences"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Controls Position"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Key Creation Scope"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Property Types"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "View Mode"),
 };
 
 // From top to bottom; null ends a section.
@@ -92,7 +102,7 @@ QString animationMenuFolder(const char *className)
     const int section = animationMenuOrder(className) / 100;
     for (const Folder &folder : folders) {
         if (folder.section == section)
-            return QCoreApplication::translate("AnimationMenu", folder.title);
+            return QString::fromLatin1(folder.title);
     }
     return QString();
 }

@@ -56,8 +56,9 @@ public:
     /// order of the actions. Within a group a separator divides entries of different hundreds. 0
     /// unless overridden.
     virtual int getMenuOrder() const;
-    /// The title of a sub-menu that holds the action together with those of the same title and
-    /// group; empty (unless overridden) for the menu itself. Keeps a long menu short.
+    /// The name of a sub-menu that holds the action together with those of the same name and
+    /// group; empty (unless overridden) for the menu itself. Keeps a long menu short. Shown like a
+    /// part of the menu path.
     virtual QString getMenuFolder() const;
 
     /// True for an action on the clipboard of the focused pane: it checks before it takes a key

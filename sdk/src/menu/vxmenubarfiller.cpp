@@ -2,6 +2,7 @@
 
 #include "action/vxactiontext.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QVariant>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -14,10 +15,26 @@ namespace {
 constexpr char subMenuGroupProperty[] = "vxMenuGroup";
 constexpr char subMenuSectionProperty[] = "vxMenuSection";
 
-QMenu *findMenu(const QWidget *parent, const QString &title)
+// The parts of the paths of this library's actions; plug-ins and the program mark theirs.
+[[maybe_unused]] const char *const partsOfPaths[] = {
+    QT_TRANSLATE_NOOP("VxMenuPath", "Animation"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Clear Animation"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Window"),
+    QT_TRANSLATE_NOOP("VxMenuPath", "Panes"),
+};
+
+/** What the user reads for a part of a menu path, which is the same in every language. */
+QString titleOf(const QString &part)
+{
+    return QCoreApplication::translate("VxMenuPath", qUtf8Printable(part));
+}
+
+/** The menu of a part of a path, by its object name, or by its title when others made it. */
+QMenu *findMenu(const QWidget *parent, const QString &part)
 {
     for (QAction *entry : parent->actions()) {
-        if (entry->menu() && VxActionText::withoutMnemonics(entry->text()) == title)
+        if (entry->menu() && (entry->menu()->objectName() == part ||
+                              VxActionText::withoutMnemonics(entry->text()) == titleOf(part)))
             return entry->menu();
     }
     return nullptr;
@@ -71,11 +88,12 @@ void insertIntoGroup(QMenu *menu, QAction *entry, const QString &group)
     menu->insertAction(next, entry);
 }
 
-QMenu *subMenu(QMenu *menu, const QString &title, const QString &group, int section = 0)
+QMenu *subMenu(QMenu *menu, const QString &part, const QString &group, int section = 0)
 {
-    if (QMenu *existing = findMenu(menu, title))
+    if (QMenu *existing = findMenu(menu, part))
         return existing;
-    QMenu *made = new QMenu(title, menu);
+    QMenu *made = new QMenu(titleOf(part), menu);
+    made->setObjectName(part);
     made->menuAction()->setProperty(subMenuGroupProperty, group);
     made->menuAction()->setProperty(subMenuSectionProperty, section);
     insertIntoGroup(menu, made->menuAction(), group);
@@ -128,9 +146,11 @@ void VxMenuBarFiller::addAction(VxAction *action) const
         insertIntoGroup(menu, action, group);
 }
 
-QMenu *VxMenuBarFiller::barMenu(const QString &title) const
+QMenu *VxMenuBarFiller::barMenu(const QString &part) const
 {
-    if (QMenu *existing = findMenu(m_menuBar, title))
+    if (QMenu *existing = findMenu(m_menuBar, part))
         return existing;
-    return m_menuBar->addMenu(title);
+    QMenu *made = m_menuBar->addMenu(titleOf(part));
+    made->setObjectName(part);
+    return made;
 }

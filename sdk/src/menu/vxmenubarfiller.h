@@ -34,7 +34,7 @@ public:
 
 private:
     void addAction(VxAction *action) const;
-    QMenu *barMenu(const QString &title) const;
+    QMenu *barMenu(const QString &part) const;
 
     QMenuBar *m_menuBar;
 };

@@ -3,6 +3,7 @@
 #include "parameters/vxpropertyvalue.h"
 
 #include <QtCore/QStringList>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxparameterspane.h>
@@ -12,7 +13,7 @@ namespace {
 
 QString shown(const VxNumericProperty *property, double value)
 {
-    const QString digits = VxPropertyValue::numberText(value, 4);
+    const QString digits = vxLocalNumber(VxPropertyValue::numberText(value, 4));
     return property->isPercentage() ? digits + QLatin1Char('%') : digits;
 }
 
@@ -76,7 +77,8 @@ QString VxPropertyHints::propertyHint(const QVector<VxProperty *> &properties)
     if (number && !number->isAnimatable())
         lines.append(VxParametersPane::tr("Cannot be keyed"));
     if (properties.size() > 1)
-        lines.append(VxParametersPane::tr("Changes apply to %1 nodes.").arg(properties.size()));
+        lines.append(
+            VxParametersPane::tr("Changes apply to %n nodes.", nullptr, properties.size()));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -96,7 +98,8 @@ QString VxPropertyHints::valueHint(const QVector<VxProperty *> &properties, VxTi
     if (lowest < highest)
         return VxParametersPane::tr("Values from %1 to %2")
             .arg(shown(first, lowest), shown(first, highest));
-    return VxParametersPane::tr("Value %1").arg(VxPropertyValue::fullText(first, time));
+    return VxParametersPane::tr("Value %1")
+        .arg(vxLocalNumber(VxPropertyValue::fullText(first, time)));
 }
 
 QString VxPropertyHints::offset(const VxNumericProperty *property, double steps)

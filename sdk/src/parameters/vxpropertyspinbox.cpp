@@ -8,6 +8,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 #include <algorithm>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxtypedinput.h>
@@ -86,7 +87,8 @@ void VxPropertySpinBox::showValue()
         return;
     const bool mixed = differ(properties);
     const QString shown =
-        mixed ? QString() : VxPropertyValue::fullText(properties.first(), vxCurrentTime());
+        mixed ? QString()
+              : vxLocalNumber(VxPropertyValue::fullText(properties.first(), vxCurrentTime()));
     lineEdit()->setPlaceholderText(mixed ? tr("Mixed") : QString());
     if (lineEdit()->text() == shown)
         return;

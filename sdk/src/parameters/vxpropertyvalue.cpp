@@ -6,6 +6,7 @@
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxstringproperty.h>
 #include <vxcore/vxtypedinput.h>
 
@@ -75,7 +76,8 @@ QString VxPropertyValue::text(const VxProperty *property, VxTime time)
     if (const auto *flag = qobject_cast<const VxBoolProperty *>(property))
         return flag->getBoolValue(time) ? on() : off();
     const auto *number = qobject_cast<const VxNumericProperty *>(property);
-    return number ? withSign(number, numberText(shownValue(number, time), ShownDecimals))
+    return number ? vxLocalNumber(
+                        withSign(number, numberText(shownValue(number, time), ShownDecimals)))
                   : QString();
 }
 
@@ -84,13 +86,13 @@ QString VxPropertyValue::narrowText(const VxNumericProperty *property, VxTime ti
 {
     const double value = shownValue(property, time);
     for (int decimals = ShownDecimals; decimals >= 0; --decimals) {
-        const QString text = withSign(property, numberText(value, decimals));
+        const QString text = vxLocalNumber(withSign(property, numberText(value, decimals)));
         if (fits(text))
             return text;
     }
     QString text;
     for (int digits = ShownDecimals; digits > 0; --digits) {
-        text = withSign(property, QString::number(value, 'g', digits));
+        text = vxLocalNumber(withSign(property, QString::number(value, 'g', digits)));
         if (fits(text))
             break;
     }

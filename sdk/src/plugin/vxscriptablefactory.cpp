@@ -1,5 +1,6 @@
 #include <vxcore/vxscriptablefactory.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtScript/QScriptContext>
 
 VxScriptableFactory::VxScriptableFactory(const QMetaObject *metaObject, const VxGuid &guid)
@@ -44,7 +45,8 @@ QScriptValue VxScriptableFactory::construct(QScriptContext *context, QScriptEngi
 {
     QObject *object = createInstance(context);
     if (!object)
-        return context->throwError(QStringLiteral("%1 cannot be constructed").arg(className()));
+        return context->throwError(
+            QCoreApplication::translate("ScriptText", "%1 cannot be constructed").arg(className()));
     const auto ownership = static_cast<QScriptEngine::ValueOwnership>(m_ownership);
     // With `new` the engine has created the object already, with the class as its prototype:
     // filling that one keeps `instanceof` true.

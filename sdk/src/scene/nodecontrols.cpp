@@ -2,7 +2,6 @@
 
 #include "keys/vxproperty_p.h"
 
-#include <QtCore/QCoreApplication>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {
@@ -21,24 +20,22 @@ constexpr const char Rotation[] = "/General/Transforms/Rotation";
 constexpr const char Scale[] = "/General/Transforms/Scale";
 
 constexpr ControlInfo Controls[NodeControlCount] = {
-    {"XTranslate", QT_TRANSLATE_NOOP("VxNode", "X Translate"), Translation, VxFloatProperty::XAxis,
-     false},
-    {"YTranslate", QT_TRANSLATE_NOOP("VxNode", "Y Translate"), Translation, VxFloatProperty::YAxis,
-     false},
-    {"ZTranslate", QT_TRANSLATE_NOOP("VxNode", "Z Translate"), Translation, VxFloatProperty::ZAxis,
-     false},
-    {"XRotate", QT_TRANSLATE_NOOP("VxNode", "X Rotate"), Rotation, VxFloatProperty::XAxis, false},
-    {"YRotate", QT_TRANSLATE_NOOP("VxNode", "Y Rotate"), Rotation, VxFloatProperty::YAxis, false},
-    {"ZRotate", QT_TRANSLATE_NOOP("VxNode", "Z Rotate"), Rotation, VxFloatProperty::ZAxis, false},
-    {"Scale", QT_TRANSLATE_NOOP("VxNode", "Scale"), Scale, VxFloatProperty::AllAxes, true},
-    {"XScale", QT_TRANSLATE_NOOP("VxNode", "X Scale"), Scale, VxFloatProperty::XAxis, true},
-    {"YScale", QT_TRANSLATE_NOOP("VxNode", "Y Scale"), Scale, VxFloatProperty::YAxis, true},
-    {"ZScale", QT_TRANSLATE_NOOP("VxNode", "Z Scale"), Scale, VxFloatProperty::ZAxis, true},
+    {"XTranslate", "X Translate", Translation, VxFloatProperty::XAxis, false},
+    {"YTranslate", "Y Translate", Translation, VxFloatProperty::YAxis, false},
+    {"ZTranslate", "Z Translate", Translation, VxFloatProperty::ZAxis, false},
+    {"XRotate", "X Rotate", Rotation, VxFloatProperty::XAxis, false},
+    {"YRotate", "Y Rotate", Rotation, VxFloatProperty::YAxis, false},
+    {"ZRotate", "Z Rotate", Rotation, VxFloatProperty::ZAxis, false},
+    {"Scale", "Scale", Scale, VxFloatProperty::AllAxes, true},
+    {"XScale", "X Scale", Scale, VxFloatProperty::XAxis, true},
+    {"YScale", "Y Scale", Scale, VxFloatProperty::YAxis, true},
+    {"ZScale", "Z Scale", Scale, VxFloatProperty::ZAxis, true},
 };
 
 struct ControlTexts
 {
     QString name;
+    QString label; ///< in the document, which is the same in every language
     QString path;
 };
 
@@ -49,6 +46,7 @@ const std::array<ControlTexts, NodeControlCount> &controlTexts()
         std::array<ControlTexts, NodeControlCount> made;
         for (size_t i = 0; i < made.size(); ++i)
             made[i] = {QString::fromLatin1(Controls[i].name),
+                       QString::fromLatin1(Controls[i].label),
                        QString::fromLatin1(Controls[i].group)};
         return made;
     }();
@@ -63,7 +61,7 @@ VxFloatProperty *makeNodeControl(NodeControl control)
     auto *property = new VxFloatProperty(controlTexts()[control].name, info.isScale ? 1.0f : 0.0f);
     property->setPath(controlTexts()[control].path);
     // Bypasses the setter: an open hold would record a label for each control of each new node.
-    VxProperty::Private::of(property)->label = QCoreApplication::translate("VxNode", info.label);
+    VxProperty::Private::of(property)->label = controlTexts()[control].label;
     property->setAxis(info.axis);
     if (info.isScale) {
         property->setPercentage(true);

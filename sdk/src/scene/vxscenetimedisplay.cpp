@@ -1,3 +1,4 @@
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscenetimedisplay.h>
 
 #include <vxcore/vxscene.h>
@@ -42,7 +43,7 @@ QString VxSceneTimeDisplay::textOf(const VxScene *scene, VxTime time)
 QString VxSceneTimeDisplay::labelOf(const VxScene *scene, VxTime time)
 {
     const VxTimeDisplay display = displayOf(scene);
-    const QString text = display.text(time, scene->getTimeStep());
+    const QString text = vxLocalNumber(display.text(time, scene->getTimeStep()));
     return display.unit == VxTimeDisplay::Frames ? tr("Frame %1").arg(text) : text;
 }
 

@@ -54,7 +54,7 @@ bool ScriptArguments::boolean(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isBool())
-        failArgument(index, name, "true or false");
+        failArgument(index, name, ScriptText::tr("true or false"));
     return value.toBool();
 }
 
@@ -62,7 +62,7 @@ QString ScriptArguments::text(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isString())
-        failArgument(index, name, "a string");
+        failArgument(index, name, ScriptText::tr("a string"));
     return value.toString();
 }
 
@@ -70,7 +70,7 @@ QScriptValue ScriptArguments::array(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
     if (!value.isArray())
-        failArgument(index, name, "an array");
+        failArgument(index, name, ScriptText::tr("an array"));
     return value;
 }
 
@@ -94,7 +94,8 @@ VxTimeRange ScriptArguments::range(int index, const char *name)
     for (int i = 0; i < 2; ++i) {
         const QScriptValue end = value.property(names[i]);
         if (!value.isObject() || !isWhole(end)) {
-            failArgument(index, name, "an object with whole numbers as start and end");
+            failArgument(index, name,
+                         ScriptText::tr("an object with whole numbers as start and end"));
             break;
         }
         ends[i] = VxTime(end.toNumber());
@@ -113,12 +114,12 @@ QScriptValue ScriptArguments::error() const
     return m_context->throwError(QScriptContext::TypeError, m_message);
 }
 
-void ScriptArguments::failArgument(int index, const char *name, const char *expected)
+void ScriptArguments::failArgument(int index, const char *name, const QString &expected)
 {
     const QScriptValue value = m_context->argument(index);
-    const QString given = index < count() ? value.toString() : QStringLiteral("nothing");
-    fail(QStringLiteral("expects %1 as argument %2 (%3), not %4")
-             .arg(QLatin1String(expected))
+    const QString given = index < count() ? value.toString() : ScriptText::tr("nothing");
+    fail(ScriptText::tr("expects %1 as argument %2 (%3), not %4")
+             .arg(expected)
              .arg(index + 1)
              .arg(QLatin1String(name), given));
 }
@@ -127,7 +128,7 @@ int ScriptArguments::toInteger(const QScriptValue &value, int index, const char 
 {
     if (isWhole(value))
         return static_cast<int>(value.toNumber());
-    failArgument(index, name, "a whole number");
+    failArgument(index, name, ScriptText::tr("a whole number"));
     return 0;
 }
 
@@ -136,7 +137,7 @@ double ScriptArguments::toNumber(const QScriptValue &value, int index, const cha
     const double number = value.toNumber();
     if (value.isNumber() && std::isfinite(number))
         return number;
-    failArgument(index, name, "a finite number");
+    failArgument(index, name, ScriptText::tr("a finite number"));
     return 0.0;
 }
 

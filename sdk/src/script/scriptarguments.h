@@ -2,6 +2,7 @@
 #define SCRIPT_SCRIPTARGUMENTS_H
 
 #include "scene/deferreddeletion.h"
+#include "script/scripttext.h"
 
 #include <QtCore/QVector>
 #include <QtScript/QScriptContext>
@@ -40,7 +41,7 @@ public:
     {
         auto *object = qobject_cast<Class *>(m_context->thisObject().toQObject());
         if (!object)
-            fail(QStringLiteral("is called on an object that is not a %1 or no longer exists")
+            fail(ScriptText::tr("is called on an object that is not a %1 or no longer exists")
                      .arg(QLatin1String(Class::staticMetaObject.className())));
         return object;
     }
@@ -48,7 +49,7 @@ public:
     {
         auto *object = qobject_cast<Class *>(m_context->argument(index).toQObject());
         if (!object)
-            failArgument(index, name, Class::staticMetaObject.className());
+            failArgument(index, name, QLatin1String(Class::staticMetaObject.className()));
         return object;
     }
 
@@ -61,7 +62,7 @@ public:
     QScriptEngine *engine() const { return m_context->engine(); }
 
 private:
-    void failArgument(int index, const char *name, const char *expected);
+    void failArgument(int index, const char *name, const QString &expected);
     int toInteger(const QScriptValue &value, int index, const char *name);
     double toNumber(const QScriptValue &value, int index, const char *name);
 

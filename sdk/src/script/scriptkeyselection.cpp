@@ -51,7 +51,7 @@ VxKeySpan readSpan(ScriptArguments &arguments, const QScriptValue &value, quint3
     const VxKeySpan span{int(first), int(last)};
     if (span.first != first || span.last != last || span.first < from || span.last <= span.first ||
         span.last > holder->getNumKeys())
-        arguments.fail(QStringLiteral("expects ascending spans of keys, first < last <= %1, in "
+        arguments.fail(ScriptText::tr("expects ascending spans of keys, first < last <= %1, in "
                                       "entry %2")
                            .arg(holder->getNumKeys())
                            .arg(entry));
@@ -65,7 +65,7 @@ VxKeySelectionEntry readEntry(ScriptArguments &arguments, const QScriptValue &va
     const QScriptValue spans = value.property(SpansName);
     if (!property || !spans.isArray()) {
         arguments.fail(
-            QStringLiteral("expects a property as holder and an array as spans of entry %1")
+            ScriptText::tr("expects a property as holder and an array as spans of entry %1")
                 .arg(index));
         return entry;
     }
@@ -73,7 +73,7 @@ VxKeySelectionEntry readEntry(ScriptArguments &arguments, const QScriptValue &va
     const QScriptValue revision = value.property(RevisionName);
     entry.revision = revision.isNumber() ? quint64(revision.toNumber()) : 0;
     if (entry.revision != 0 && entry.revision != entry.holder->keyRevision())
-        arguments.fail(QStringLiteral("has an outdated entry %1: the keys of %2 have changed since")
+        arguments.fail(ScriptText::tr("has an outdated entry %1: the keys of %2 have changed since")
                            .arg(index)
                            .arg(property->getName()));
     const quint32 count = spans.property(LengthName).toUInt32();

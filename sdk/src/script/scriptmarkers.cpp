@@ -31,21 +31,21 @@ QScriptValue toScript(QScriptEngine *engine, const VxMarker &marker)
 class MarkerReader
 {
 public:
-    /// place: for messages, such as " of marker 2".
-    MarkerReader(ScriptArguments *arguments, const QScriptValue &value, const QString &place)
+    /// index: for messages, of the marker in a list; -1 for a marker alone.
+    MarkerReader(ScriptArguments *arguments, const QScriptValue &value, int index)
         : m_arguments(arguments)
         , m_value(value)
-        , m_place(place)
+        , m_index(index)
     {
     }
 
     void read(VxMarker *marker)
     {
         if (!m_value.isObject())
-            return fail(QStringLiteral("expects an object with name, start, end and colour"));
+            return fail(ScriptText::tr("expects an object with name, start, end and colour"));
         if (has(MarkerNameText)) {
             if (!m_value.property(MarkerNameText).isString())
-                return fail(QStringLiteral("expects a string as name"));
+                return fail(ScriptText::tr("expects a string as name"));
             marker->name = m_value.property(MarkerNameText).toString();
         }
         readSpan(&marker->span);
@@ -55,16 +55,22 @@ public:
 
     bool has(const QString &name) const { return m_value.property(name).isValid(); }
 
-private:
-    void fail(const QString &message) { m_arguments->fail(message + m_place); }
+    void fail(const QString &message)
+    {
+        m_arguments->fail(
+            m_index < 0
+                ? message
+                : ScriptText::tr("%1 of marker %2", "what is expected").arg(message).arg(m_index));
+    }
 
+private:
     VxTime time(const QString &name)
     {
         const double number = m_value.property(name).toNumber();
         const bool isTime = m_value.property(name).isNumber() && number == std::floor(number) &&
                             number >= VxTimeMin && number <= VxTimeMax;
         if (!isTime)
-            fail(QStringLiteral("expects a whole number as %1").arg(name));
+            fail(ScriptText::tr("expects a whole number as %1").arg(name));
         return isTime ? VxTime(number) : 0;
     }
 
@@ -78,20 +84,20 @@ private:
         if (has(MarkerEndText))
             span->setEnd(time(MarkerEndText));
         if (span->getEnd() < span->getStart())
-            fail(QStringLiteral("expects an end that is not before the start"));
+            fail(ScriptText::tr("expects an end that is not before the start"));
     }
 
     void readColour(QRgb *result)
     {
         const QColor colour(m_value.property(MarkerColourText).toString());
         if (!colour.isValid())
-            fail(QStringLiteral("expects a colour such as \"#e0a030\""));
+            fail(ScriptText::tr("expects a colour such as \"#e0a030\""));
         *result = colour.rgb();
     }
 
     ScriptArguments *m_arguments;
     QScriptValue m_value;
-    QString m_place;
+    int m_index;
 };
 
 QScriptValue listMarkers(QScriptContext *context, QScriptEngine *engine)
@@ -107,12 +113,12 @@ QScriptValue listMarkers(QScriptContext *context, QScriptEngine *engine)
     return array;
 }
 
-VxMarker newMarker(ScriptArguments &arguments, const QScriptValue &value, const QString &place)
+VxMarker newMarker(ScriptArguments &arguments, const QScriptValue &value, int index)
 {
     VxMarker marker;
-    MarkerReader reader(&arguments, value, place);
+    MarkerReader reader(&arguments, value, index);
     if (!reader.has(MarkerStartText))
-        arguments.fail(QStringLiteral("expects a whole number as start") + place);
+        reader.fail(ScriptText::tr("expects a whole number as start"));
     reader.read(&marker);
     return marker;
 }
@@ -126,10 +132,9 @@ QScriptValue addMarkers(QScriptContext *context, QScriptEngine *engine)
     if (given.isArray()) {
         const quint32 count = given.property(QStringLiteral("length")).toUInt32();
         for (quint32 i = 0; i < count && !arguments.failed(); ++i)
-            added.append(
-                newMarker(arguments, given.property(i), QStringLiteral(" of marker %1").arg(i)));
+            added.append(newMarker(arguments, given.property(i), int(i)));
     } else {
-        added.append(newMarker(arguments, given, QString()));
+        added.append(newMarker(arguments, given, -1));
     }
     if (arguments.failed())
         return arguments.error();
@@ -151,10 +156,10 @@ QScriptValue setMarker(QScriptContext *context, QScriptEngine *engine)
     if (!arguments.failed()) {
         marker = markers->find(id);
         if (!marker)
-            arguments.fail(QStringLiteral("has no marker with id %1").arg(id));
+            arguments.fail(ScriptText::tr("has no marker with id %1").arg(id));
     }
     if (marker)
-        MarkerReader(&arguments, context->argument(1), QString()).read(&*marker);
+        MarkerReader(&arguments, context->argument(1), -1).read(&*marker);
     if (arguments.failed())
         return arguments.error();
     markers->set(*marker);

@@ -34,14 +34,14 @@ QScriptValue addProperty(ScriptArguments &arguments, const Value &defaultValue)
     const QString name = arguments.text(0, "name");
     const QString path = arguments.text(1, "path");
     if (path.count(QLatin1Char('/')) > VxProperty::MaxGroupDepth)
-        arguments.fail(QStringLiteral("accepts at most %1 groups, one in another, as argument 2 "
+        arguments.fail(ScriptText::tr("accepts at most %1 groups, one in another, as argument 2 "
                                       "(path)")
                            .arg(VxProperty::MaxGroupDepth));
     if (arguments.failed())
         return arguments.error();
     auto property = std::make_unique<Property>(name, defaultValue);
     if (!element->addProperty(property.get(), path)) {
-        arguments.fail(QStringLiteral("cannot use the name \"%1\": it is in use").arg(name));
+        arguments.fail(ScriptText::tr("cannot use the name \"%1\": it is in use").arg(name));
         return arguments.error();
     }
     return toScript(arguments.engine(), property.release());

@@ -47,9 +47,9 @@ double member(ScriptArguments &arguments, const QScriptValue &key, quint32 index
     const QScriptValue value = key.property(QLatin1String(name));
     if (!required && !value.isValid())
         return 0.0;
-    const QString given = value.isValid() ? value.toString() : QStringLiteral("nothing");
+    const QString given = value.isValid() ? value.toString() : ScriptText::tr("nothing");
     if (!value.isNumber() || !std::isfinite(value.toNumber()))
-        arguments.fail(QStringLiteral("expects a finite number as %1 of key %2, not %3")
+        arguments.fail(ScriptText::tr("expects a finite number as %1 of key %2, not %3")
                            .arg(QLatin1String(name))
                            .arg(index)
                            .arg(given));
@@ -61,7 +61,7 @@ VxTime keyTime(ScriptArguments &arguments, const QScriptValue &key, quint32 inde
     const double time = member(arguments, key, index, "time", true);
     if (!arguments.failed() && (time != std::floor(time) || std::abs(time) > VxTimeMax))
         arguments.fail(
-            QStringLiteral("expects whole ticks as time of key %1, not %2").arg(index).arg(time));
+            ScriptText::tr("expects whole ticks as time of key %1, not %2").arg(index).arg(time));
     return arguments.failed() ? 0 : static_cast<VxTime>(time);
 }
 
@@ -70,7 +70,7 @@ int keyType(ScriptArguments &arguments, const QScriptValue &key, quint32 index)
     const double type = member(arguments, key, index, "type", false);
     if (!arguments.failed() && type != 0.0 && type != 1.0 && type != 2.0)
         arguments.fail(
-            QStringLiteral("expects 0, 1 or 2 as type of key %1, not %2").arg(index).arg(type));
+            ScriptText::tr("expects 0, 1 or 2 as type of key %1, not %2").arg(index).arg(type));
     return arguments.failed() ? 0 : static_cast<int>(type);
 }
 
@@ -240,7 +240,7 @@ QScriptValue setKey(QScriptContext *context, QScriptEngine *)
                          static_cast<float>(arguments.number(5, "bias", 0.0))}};
     if (!arguments.failed() && (key.type < 0 || key.type > 2))
         arguments.fail(
-            QStringLiteral("expects 0, 1 or 2 as argument 3 (type), not %1").arg(key.type));
+            ScriptText::tr("expects 0, 1 or 2 as argument 3 (type), not %1").arg(key.type));
     if (arguments.failed())
         return arguments.error();
     return putKeys(property, {key}, nullptr);

@@ -47,8 +47,8 @@ template <class Node> QScriptValue addNode(ScriptArguments &arguments)
     if (!fits || !scene->addNode(node.get(), parent)) {
         arguments.fail(
             parent && parent->getDepth() >= VxNode::MaxDepth
-                ? QStringLiteral("cannot nest nodes deeper than %1 levels").arg(VxNode::MaxDepth)
-                : QStringLiteral("cannot add a node below one that is not in the scene"));
+                ? ScriptText::tr("cannot nest nodes deeper than %1 levels").arg(VxNode::MaxDepth)
+                : ScriptText::tr("cannot add a node below one that is not in the scene"));
         return arguments.error();
     }
     return toScript(arguments.engine(), node.release());
@@ -114,7 +114,7 @@ QScriptValue displayUnit(QScriptContext *context, QScriptEngine *engine)
         VxSceneTimeDisplay::of(scene)->setDisplay(display);
         return engine->undefinedValue();
     }
-    arguments.fail(QStringLiteral("expects frames, seconds, ticks or timecode, not %1").arg(unit));
+    arguments.fail(ScriptText::tr("expects frames, seconds, ticks or timecode, not %1").arg(unit));
     return arguments.error();
 }
 
@@ -130,7 +130,7 @@ QScriptValue displayRate(QScriptContext *context, QScriptEngine *engine)
     const double number = arguments.number(0, "framesPerSecond");
     display.rate = VxFrameRate::of(number);
     if (number != 0 && !display.rate.isValid())
-        arguments.fail(QStringLiteral("expects a rate up to %1 frames a second, or 0 for that of "
+        arguments.fail(ScriptText::tr("expects a rate up to %1 frames a second, or 0 for that of "
                                       "the time step")
                            .arg(VxFrameRate::MaxRate));
     if (arguments.failed())

@@ -76,18 +76,26 @@ void installLanguage(const QString &language)
         install(file);
 }
 
-void startLanguage()
+/** Without a language of its own the system has plain numbers, without groups of digits. */
+QLocale systemNumbers()
 {
-    currentLanguage() = sourceLanguage();
-    installLanguage(sourceLanguage());
+    const QLocale system = QLocale::system();
+    return system.language() == QLocale::C ? QLocale::c() : system;
 }
 
 void setNumberLocale(const QString &language)
 {
-    const QLocale system = QLocale::system();
+    const QLocale system = systemNumbers();
     const QLocale chosen(language);
     const bool isSystems = language.isEmpty() || chosen.language() == system.language();
     QLocale::setDefault(isSystems ? system : chosen);
+}
+
+void startLanguage()
+{
+    currentLanguage() = sourceLanguage();
+    QLocale::setDefault(systemNumbers());
+    installLanguage(sourceLanguage());
 }
 
 } // namespace

@@ -477,8 +477,8 @@ void TestVxBvhReader::realFileWithARowTooMany()
     VxBvhReader reader;
     QVERIFY2(reader.read(bytes, &document, &error), qPrintable(error.text()));
     QCOMPARE(document.frameCount, 3069);
-    QCOMPARE(reader.getNote(), QStringLiteral("The file has 1 more frame(s) than the 3069 it "
-                                              "declares; the extra frames were ignored."));
+    QCOMPARE(reader.getNote(), QStringLiteral("The file has 1 more frame than the 3069 it "
+                                              "declares; the extra frame was ignored."));
     bytes.replace("3069", "3070");
     QVERIFY(reader.read(bytes, &document, &error));
     QCOMPARE(document.frameCount, 3070);

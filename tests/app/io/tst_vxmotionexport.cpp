@@ -81,8 +81,8 @@ void tst_VxMotionExport::summaryNamesLosses_data()
                          << "2 other properties, 2 morphs."
                          << "2 other properties, 2 morphs.";
     QTest::newRow("CSV") << "csv"
-                         << "1 other properties."
-                         << "1 other properties.";
+                         << "1 other property."
+                         << "1 other property.";
 }
 
 void tst_VxMotionExport::summaryNamesLosses()

@@ -157,7 +157,7 @@ void tst_VxStudioHeadless::loadsAndReports()
     QCOMPARE(result.errors, QString());
     const QStringList lines = result.output.split('\n');
     QCOMPARE(lines.at(0),
-             QString("walk.bvh: 2 nodes, 1 keyed properties, 3 keys, frames 0 to 2 at 40 frames "
+             QString("walk.bvh: 2 nodes, 1 keyed property, 3 keys, frames 0 to 2 at 40 frames "
                      "per second"));
     QVERIFY2(lines.at(1).contains("40"), qPrintable(result.output));
 }

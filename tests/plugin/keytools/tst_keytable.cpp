@@ -24,6 +24,7 @@ class tst_KeyTable : public QObject
 private Q_SLOTS:
     void rowsAreTheSelectedKeys();
     void timesFollowTheScene();
+    void germanNumbersHaveACommaAndAreCopiedPlain();
     void typedTextSetsCells_data();
     void typedTextSetsCells();
     void shapesOfTcbKeys();
@@ -126,6 +127,29 @@ void tst_KeyTable::timesFollowTheScene()
     const KeyTableRows rows = presentRows();
     QVERIFY(KeyTableCells::setColumn(rows, {last}, KeyTableColumn::Time, "00:10:00;00").done);
     QCOMPARE(stage.channel->getKeyTime(stage.channel->getNumKeys() - 1), 17982 * 160);
+}
+
+void tst_KeyTable::germanNumbersHaveACommaAndAreCopiedPlain()
+{
+    const QLocale former;
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    KeyToolStage stage;
+    stage.node->setLabel(QStringLiteral("left.leg"));
+    stage.channel->setKey(80, 0.0f, 0);
+    stage.node->select(true);
+    KeyTableModel model;
+    model.refresh();
+    const KeyTableRows rows = presentRows();
+    QVERIFY(KeyTableCells::setColumn(rows, {0}, Column::Value, "1,25").done);
+    QCOMPARE(stage.channel->getKeyValue(0), 1.25F);
+    QVERIFY(KeyTableCells::setColumn(rows, {0}, Column::Value, "1.5").done);
+    model.refresh();
+    const auto shown = [&](Column column) { return model.index(0, int(column)).data().toString(); };
+    QCOMPARE(shown(Column::Node), QString("left.leg"));
+    QCOMPARE(shown(Column::Time), QString("0,5"));
+    QCOMPARE(shown(Column::Value), QString("1,5"));
+    QVERIFY(KeyTableCells::copied(presentRows(), {0}, {}).contains("\t0.5\t1.5\t"));
+    QLocale::setDefault(former);
 }
 
 void tst_KeyTable::typedTextSetsCells_data()

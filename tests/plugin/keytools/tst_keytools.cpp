@@ -409,7 +409,7 @@ void tst_KeyTools::eulerFilterKeepsRotations()
         before.push_back(stage.node->getLocalTransform(frame * 160));
     stage.node->select();
     const QString message = stage.run("KeyTools.eulerFilter().message");
-    QVERIFY2(message.contains("on 1 rotations"), qPrintable(message));
+    QVERIFY2(message.contains("on 1 rotation"), qPrintable(message));
     for (int frame = 1; frame <= 40; ++frame) {
         for (const VxFloatProperty *control : controls)
             QVERIFY(std::abs(control->getValue(frame * 160) -
@@ -420,7 +420,7 @@ void tst_KeyTools::eulerFilterKeepsRotations()
     }
     // One angle alone is no rotation.
     controls[1]->deleteKeys(0, 3);
-    QVERIFY(stage.run("KeyTools.eulerFilter().message").contains("1 rotations skipped"));
+    QVERIFY(stage.run("KeyTools.eulerFilter().message").contains("1 rotation skipped"));
 }
 
 void tst_KeyTools::smoothingRemovesJitter()
@@ -448,7 +448,7 @@ void tst_KeyTools::spikesAreRemoved()
     KeyToolStage stage;
     stage.draw("A A A Z A A A");
     QVERIFY(stage.run("KeyTools.removeSpikes({window: '6', threshold: 5}).message")
-                .contains("1 spikes"));
+                .contains("1 spike"));
     QCOMPARE(stage.drawing(7), QString("A A A A A A A"));
 }
 

@@ -196,7 +196,7 @@ void tst_MirroredPaste::drawings()
     const QByteArray start = KeyToolStage::snapshot();
     vxApp->getUndoStack()->clear();
     QCOMPARE(stage.run("KeyTools." + call + ".message"),
-             QString("Paste Mirrored: 2 on 1 channels; nodes: 1 to the other side, 0 in place"));
+             QString("Paste Mirrored: 2 on 1 channel; nodes: 1 to the other side, 0 in place"));
     QCOMPARE(stage.drawing(right, after.split(' ').size()), after);
     QCOMPARE(stage.drawing(left, 8).toLower(), source);
     QCOMPARE(vxApp->getUndoStack()->count(), 1);
@@ -444,7 +444,7 @@ void tst_MirroredPaste::anotherFigure()
                true);
     arm->select();
     QCOMPARE(stage.run("KeyTools.pasteMirrored().message"),
-             QString("Paste Mirrored: 1 on 1 channels; nodes: 1 to the other side, 0 in place; "
+             QString("Paste Mirrored: 1 on 1 channel; nodes: 1 to the other side, 0 in place; "
                      "not found: LeftHand"));
     QCOMPARE(arm->getXPosControl()->getKeyValue(0), -5.0F);
     QCOMPARE(figure.partner(2)->getXPosControl()->getNumKeys(), 0);

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void numbersInNarrowPlaces_data();
     void numbersInNarrowPlaces();
     void floatsAreShownInTheirShortestForm();
+    void germanNumbersAreShownAndTypedWithAComma();
     void everyFloatSurvivesItsText();
     void setTextReportsItsResult();
     void thePointerContinuesBeyondAnEdge();
@@ -82,6 +83,27 @@ void TestPropertyInput::floatsAreShownInTheirShortestForm()
     property.setPercentage(true);
     property.setStoredValue(0.07f);
     QCOMPARE(VxPropertyValue::fullText(&property, 0), QString("7%"));
+}
+
+/** What is copied to other programs stays plain; a point is read as well. */
+void TestPropertyInput::germanNumbersAreShownAndTypedWithAComma()
+{
+    const QLocale former;
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    VxFloatProperty property(QStringLiteral("p"));
+    property.setAnimatable(false);
+    property.setMinMax(-10, 10);
+    for (const char *typed : {"1,5", "1.5", "3,0/2"}) {
+        property.setValue(0, 0);
+        const auto result = VxPropertyValue::setText(&property, 0, QLatin1String(typed));
+        QVERIFY2(result == VxPropertyValue::Set, typed);
+        QCOMPARE(property.getValue(0), 1.5F);
+    }
+    QCOMPARE(VxPropertyValue::text(&property, 0), QString("1,5"));
+    QCOMPARE(VxPropertyValue::narrowText(&property, 0, [](const QString &) { return true; }),
+             QString("1,5"));
+    QCOMPARE(VxPropertyValue::fullText(&property, 0), QString("1.5"));
+    QLocale::setDefault(former);
 }
 
 /// Nothing is lost when a text is copied, or confirmed in its field.

@@ -120,9 +120,9 @@ QAccessibleInterface *AccessibleKeys::keyOf(const Source &source, int index)
 QString AccessibleKeys::description(const AccessibleKeySource &source)
 {
     const int count = source.count();
-    QStringList parts(count == 1 ? tr("1 key") : tr("%1 keys").arg(count));
+    QStringList parts(tr("%n keys", nullptr, count));
     if (const int selected = source.selectedCount())
-        parts += tr("%1 selected").arg(selected);
+        parts += tr("%n selected", nullptr, selected);
     const VxTime now = vxScene->getTime();
     const int next = source.firstFrom(now);
     const bool isAtKey = next < count && source.time(next) == now;

@@ -24,6 +24,7 @@ TcbFields::Field TcbFields::makeField(const char *name, QWidget *parent)
     box->setAlignment(Qt::AlignCenter);
     box->setFixedWidth(TcbFieldWidth);
     box->setSingleStep(0.1);
+    box->setLocale(QLocale::c());
     box->setRange(-Limit, Limit);
     box->setEnabled(false);
     new FieldTextFit(box);

@@ -180,8 +180,7 @@ void TimePaneKeys::copySelectedKeys()
     if (count == 0)
         showWhyNoKeys();
     else
-        showStatus(count == 1 ? VxTimePane::tr("Copied 1 key.")
-                              : VxTimePane::tr("Copied %1 keys.").arg(count));
+        showStatus(VxTimePane::tr("Copied %n keys.", nullptr, count));
     updateStates();
 }
 

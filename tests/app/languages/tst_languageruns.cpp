@@ -13,6 +13,7 @@ private Q_SLOTS:
     void cleanup() { m_dir.reset(); }
     void helpIsInTheLanguage_data();
     void helpIsInTheLanguage();
+    void pagesForDevelopersAreEnglish();
 
 private:
     QString run(const QStringList &arguments, const QString &systemLanguage);
@@ -59,6 +60,14 @@ void tst_LanguageRuns::helpIsInTheLanguage()
     QVERIFY2(help.contains("--screenshot"), qPrintable(help));
     QVERIFY2(help.contains(german ? "Zeigt diese Hilfe." : "Show this help."), qPrintable(help));
     QVERIFY2(!help.contains(german ? "Show this help." : "Zeigt diese Hilfe."), qPrintable(help));
+}
+
+void tst_LanguageRuns::pagesForDevelopersAreEnglish()
+{
+    const QString page = run({"--list-actions"}, "C.UTF-8");
+    QVERIFY2(page.contains("| Undo |") || page.contains("VxAddKeysAction"), qPrintable(page));
+    QCOMPARE(run({"--list-actions"}, "de_DE.UTF-8"), page);
+    QCOMPARE(run({"--list-actions", "--language", "de"}, "C.UTF-8"), page);
 }
 
 VX_TEST_MAIN(tst_LanguageRuns)

@@ -1,0 +1,13 @@
+#ifndef SCRIPT_SCRIPTTEXT_H
+#define SCRIPT_SCRIPTTEXT_H
+
+#include <QtCore/QCoreApplication>
+
+/// The translated messages of script functions. They continue the name of the function: "addNode()
+/// expects ...".
+class ScriptText
+{
+    Q_DECLARE_TR_FUNCTIONS(ScriptText)
+};
+
+#endif
