@@ -70,6 +70,8 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     const bool isFinished = VxFileExchange::finishInterrupted(fileName);
+    // Before the file is read: what another program writes meanwhile is a change.
+    const FileStamp stamp = FileStamp::of(fileName);
     QString summary;
     VxFileError error;
     VxMotionImport import(m_scene);
@@ -87,7 +89,8 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
     if (isFinished)
         summary = tr("The last save was interrupted and has been completed.") + QLatin1Char(' ') +
                   summary;
-    setDocument(QFileInfo(fileName).absoluteFilePath(), isMotion ? import.getSummary() : summary);
+    setDocument(VxFileExchange::absoluteName(fileName), isMotion ? import.getSummary() : summary,
+                stamp);
     m_messages->showStatus(m_summary.isEmpty() ? tr("Opened %1.").arg(displayName()) : m_summary);
     return true;
 }
@@ -122,7 +125,9 @@ bool DocumentController::save(const QString &fileName)
 {
     if (m_isBusy)
         return false;
-    const bool isOwn = QFileInfo(fileName).absoluteFilePath() == m_fileName;
+    // Under another spelling of its path as well.
+    const bool isOwn = !m_fileName.isEmpty() &&
+                       VxFileExchange::targetOf(fileName) == VxFileExchange::targetOf(m_fileName);
     const QString change = isOwn ? changeByOthers() : QString();
     if (!change.isEmpty() && m_messages->isConsole()) {
         VxFileError error;
@@ -153,7 +158,7 @@ bool DocumentController::write(const QString &fileName)
         return report(error, tr("Saving was cancelled."));
     }
     const bool hasBackup = isPreserved && backups.rotate(&failure);
-    m_fileName = QFileInfo(fileName).absoluteFilePath();
+    m_fileName = VxFileExchange::absoluteName(fileName);
     m_stamp = FileStamp::of(m_fileName);
     markSaved();
     Q_EMIT documentChanged();
@@ -247,7 +252,7 @@ bool DocumentController::recover(const QString &copy, const QString &fileName, V
     LoadProgress progress(*m_messages, tr("Recovering %1...").arg(titleOf(fileName)));
     if (!m_formats.read(copy, m_scene, progress.function(), &summary, error))
         return false;
-    setDocument(fileName, summary);
+    setDocument(fileName, summary, FileStamp::of(fileName));
     // A file saved after the copy was made is not the base of the copy.
     const FileStamp copied = FileStamp::of(copy);
     if (m_stamp.exists() && m_stamp.modified > copied.modified)
@@ -312,13 +317,14 @@ bool DocumentController::hasWritableFile() const
     return !m_fileName.isEmpty() && m_formats.canWrite(m_fileName);
 }
 
-void DocumentController::setDocument(const QString &fileName, const QString &summary)
+void DocumentController::setDocument(const QString &fileName, const QString &summary,
+                                     const FileStamp &stamp)
 {
     // Opening cannot be undone, and the opened file counts as saved.
     m_undoStack->clear();
     m_undoStack->setClean();
     m_fileName = fileName;
-    m_stamp = fileName.isEmpty() ? FileStamp() : FileStamp::of(fileName);
+    m_stamp = stamp;
     m_summary = summary;
     Q_EMIT documentChanged();
 }

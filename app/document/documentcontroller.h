@@ -96,7 +96,7 @@ Q_SIGNALS:
     void backupsChanged();
 
 private:
-    void setDocument(const QString &fileName, const QString &summary);
+    void setDocument(const QString &fileName, const QString &summary, const FileStamp &stamp = {});
     QString changeByOthers() const;
     bool write(const QString &fileName);
     void markSaved();

@@ -44,6 +44,26 @@ bool VxBackups::isPresentFile(const QString &other) const
            a.st_dev == b.st_dev;
 }
 
+/** Not where the file cannot be renamed, as another user's one in some folders: it is overwritten
+ * in place then, and what a link leads to with it. */
+bool VxBackups::linkAs(const QString &backup) const
+{
+    const QByteArray file = QFile::encodeName(m_file);
+    const QString next = VxFileExchange::newName(backup);
+    const QByteArray nextName = QFile::encodeName(next);
+    struct stat status = {};
+    const uid_t user = ::geteuid();
+    if (::stat(file.constData(), &status) != 0 || (user != 0 && user != status.st_uid))
+        return false;
+    QFile::remove(next);
+    if (::link(file.constData(), nextName.constData()) != 0)
+        return false;
+    if (std::rename(nextName.constData(), QFile::encodeName(backup).constData()) == 0)
+        return true;
+    QFile::remove(next);
+    return false;
+}
+
 bool VxBackups::preserve(QString *reason)
 {
     m_hasPreserved = false;
@@ -51,14 +71,12 @@ bool VxBackups::preserve(QString *reason)
         return true;
     const QString zero = name(0);
     // What an interrupted save left: the present file itself, or its former version.
-    if (isPresentFile(zero))
-        QFile::remove(zero);
-    else if (QFileInfo::exists(zero) && !rotate(reason))
+    if (isPresentFile(zero) && !QFile::remove(zero))
+        return fail(reason, zero, qt_error_string(errno));
+    if (QFileInfo::exists(zero) && !rotate(reason))
         return false;
-    if (::link(QFile::encodeName(m_file).constData(), QFile::encodeName(zero).constData()) == 0)
-        m_hasPreserved = true;
-    else
-        m_hasPreserved = VxFileExchange::copy(m_file, zero, reason) || fail(reason, zero, *reason);
+    m_hasPreserved =
+        linkAs(zero) || VxFileExchange::copy(m_file, zero, reason) || fail(reason, zero, *reason);
     return m_hasPreserved;
 }
 

@@ -35,6 +35,7 @@ public:
     QString name(int number) const;
 
 private:
+    bool linkAs(const QString &backup) const;
     bool isPresentFile(const QString &other) const;
 
     QString m_file;

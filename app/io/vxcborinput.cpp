@@ -54,11 +54,16 @@ bool VxCborInput::expect(bool matches, const char *what)
     return matches || fail(VxFileText::tr("Expected %1.").arg(VxFileText::tr(what)));
 }
 
+/** The stream reader counts a tag as an element of its own. */
 void VxCborInput::skip()
 {
-    if (!m_reader.next(MaxDepth))
-        fail(VxFileText::tr("The file is damaged or truncated: %1.")
-                 .arg(m_reader.lastError().toString()));
+    bool isTag = true;
+    while (isTag && !failed()) {
+        isTag = m_reader.isTag();
+        if (!m_reader.next(MaxDepth))
+            fail(VxFileText::tr("The file is damaged or truncated: %1.")
+                     .arg(m_reader.lastError().toString()));
+    }
 }
 
 template <class Step> void VxCborInput::container(const Step &step)

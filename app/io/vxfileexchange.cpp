@@ -3,11 +3,14 @@
 #include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -61,11 +64,43 @@ bool pour(const QString &from, QIODevice *to, QString *reason)
 bool overwrite(const QString &from, const QString &to, QString *reason)
 {
     QFile target(to);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+    if (!target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered |
+                     QIODevice::ExistingOnly))
         return fail(reason, target.errorString());
     if (!pour(from, &target, reason))
         return false;
     return ::fsync(target.handle()) == 0 || fail(reason, qt_error_string(errno));
+}
+
+/// Nobody else can read it, and no link of that name is followed.
+bool createPrivate(QFile *file, QString *reason)
+{
+    const int handle = ::open(QFile::encodeName(file->fileName()).constData(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (handle < 0)
+        return fail(reason, QStringLiteral("%1: %2").arg(file->fileName(), qt_error_string(errno)));
+    return file->open(handle, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                      QFileDevice::AutoCloseHandle) ||
+           fail(reason, file->errorString());
+}
+
+/// The path in a link, which may be relative to the link's folder; empty when it cannot be read.
+QString pathInLink(const QFileInfo &link)
+{
+    char path[PATH_MAX];
+    const ssize_t size =
+        ::readlink(QFile::encodeName(link.filePath()).constData(), path, sizeof path);
+    if (size <= 0)
+        return {};
+    const QString target = QFile::decodeName(QByteArray(path, int(size)));
+    return target.startsWith(QLatin1Char('/')) ? target : link.path() + QLatin1Char('/') + target;
+}
+
+/// With a folder in which no link is; empty when the folder is missing.
+QString nameInRealFolder(const QFileInfo &file)
+{
+    const QString folder = QFileInfo(file.path()).canonicalFilePath();
+    return folder.isEmpty() ? QString() : QDir(folder).filePath(file.fileName());
 }
 
 /// Nothing can be renamed: the former contents are copied beside the file, then it is overwritten.
@@ -74,11 +109,9 @@ bool replaceContents(const QString &complete, const QString &fileName, QString *
     const QString old = VxFileExchange::oldName(fileName);
     QFile::remove(old);
     QFile copy(old);
-    bool isKept = copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-                  copy.setPermissions(QFile::permissions(fileName));
-    if (!isKept)
-        fail(reason, copy.errorString());
-    isKept = isKept && pour(fileName, &copy, reason);
+    bool isKept = createPrivate(&copy, reason) &&
+                  VxFileExchange::applyPermissions(copy.handle(), fileName, reason) &&
+                  pour(fileName, &copy, reason);
     if (isKept && ::fsync(copy.handle()) != 0)
         isKept = fail(reason, qt_error_string(errno));
     copy.close();
@@ -173,15 +206,39 @@ QString VxFileExchange::targetOf(const QString &fileName)
     QFileInfo file(fileName);
     int links = 0;
     for (; file.isSymLink() && links < MaxLinks; ++links)
-        file.setFile(file.symLinkTarget());
-    return links < MaxLinks ? file.absoluteFilePath() : QString();
+        file.setFile(pathInLink(file));
+    if (links == MaxLinks)
+        return {};
+    const QString name = nameInRealFolder(file);
+    return name.isEmpty() ? file.absoluteFilePath() : name;
+}
+
+QString VxFileExchange::absoluteName(const QString &fileName)
+{
+    const QFileInfo file(fileName);
+    const QString name =
+        fileName.contains(QLatin1String("../")) ? nameInRealFolder(file) : QString();
+    return name.isEmpty() ? file.absoluteFilePath() : name;
+}
+
+/** The group first: changing it may drop permissions. */
+bool VxFileExchange::applyPermissions(int handle, const QString &model, QString *reason)
+{
+    struct stat former = {};
+    if (::stat(QFile::encodeName(model).constData(), &former) != 0)
+        return true;
+    mode_t mode = former.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    if (::fchown(handle, uid_t(-1), former.st_gid) != 0)
+        mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3);
+    // File systems without permissions refuse the change.
+    return ::fchmod(handle, mode) == 0 || errno == EPERM || errno == ENOTSUP ||
+           fail(reason, qt_error_string(errno));
 }
 
 bool VxFileExchange::copy(const QString &from, const QString &to, QString *reason)
 {
     VxSafeFile file(to);
-    if (!file.startPrivate() || !pour(from, &file, reason) || !file.commit())
-        return fail(reason, file.failure().isEmpty() ? *reason : file.failure());
-    return QFile::setPermissions(to, QFile::permissions(from)) ||
-           fail(reason, VxFileText::tr("The permissions cannot be copied"));
+    if (file.startLike(from) && pour(from, &file, reason) && file.commit())
+        return true;
+    return fail(reason, file.failure().isEmpty() ? *reason : file.failure());
 }

@@ -24,9 +24,18 @@ bool finishInterrupted(const QString &fileName);
 QString newName(const QString &fileName);
 QString oldName(const QString &fileName);
 
+/// The absolute path of a name. Other than by the toolkit's function, ".." after a link to a folder
+/// leads to the parent of the folder that it leads to, as it does when the file is opened.
+QString absoluteName(const QString &fileName);
+
 /// The file that a chain of symbolic links leads to, whether or not it exists; the name itself
-/// without a link. Empty for a circle.
+/// without a link. No folder in the path is a link, so that two spellings of one file have the same
+/// target. Empty for a circle.
 QString targetOf(const QString &fileName);
+
+/// Gives an open file the permissions of another one, and its group. Where the user may not give it
+/// that group the user's own may do no more than others. A missing `model` changes nothing.
+bool applyPermissions(int handle, const QString &model, QString *reason);
 
 /// Copies a file with its permissions, as a whole or not at all. An existing copy is replaced.
 bool copy(const QString &from, const QString &to, QString *reason);

@@ -47,6 +47,7 @@ QString obstacle(const QString &fileName)
 
 VxSafeFile::VxSafeFile(const QString &fileName)
     : m_name(VxFileExchange::targetOf(fileName))
+    , m_model(m_name)
 {
 }
 
@@ -71,20 +72,24 @@ bool VxSafeFile::start()
 
 bool VxSafeFile::startPrivate()
 {
-    m_isPrivate = true;
+    return startLike(QString());
+}
+
+bool VxSafeFile::startLike(const QString &model)
+{
+    m_model = model;
     return start();
 }
 
 /** Others cannot read it before it has its permissions. */
 bool VxSafeFile::openBeside()
 {
-    const bool isNew = !QFileInfo::exists(m_name);
+    const bool isNew = m_model == m_name && !QFileInfo::exists(m_name);
     int handle = -1;
     for (int i = 0; i < MaxAttempts && handle < 0; ++i) {
         m_file.setFileName(randomNameBeside(m_name));
-        handle =
-            ::open(QFile::encodeName(m_file.fileName()).constData(),
-                   O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isNew && !m_isPrivate ? 0666 : 0600);
+        handle = ::open(QFile::encodeName(m_file.fileName()).constData(),
+                        O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, isNew ? 0666 : 0600);
         if (handle < 0 && errno != EEXIST)
             break;
     }
@@ -95,19 +100,11 @@ bool VxSafeFile::openBeside()
     return m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || fail(m_file.errorString());
 }
 
-/** The group of the former file first: changing it may drop permissions. */
 bool VxSafeFile::applyPermissions()
 {
-    struct stat former = {};
-    if (m_isPrivate || ::stat(QFile::encodeName(m_name).constData(), &former) != 0)
-        return true;
-    mode_t mode = former.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
-    // The user's own group, where the former one cannot be given, may do no more than others.
-    if (::fchown(m_file.handle(), uid_t(-1), former.st_gid) != 0)
-        mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3);
-    // File systems without permissions refuse the change.
-    return ::fchmod(m_file.handle(), mode) == 0 || errno == EPERM || errno == ENOTSUP ||
-           fail(qt_error_string(errno));
+    QString reason;
+    return m_model.isEmpty() ||
+           VxFileExchange::applyPermissions(m_file.handle(), m_model, &reason) || fail(reason);
 }
 
 bool VxSafeFile::flush()

@@ -24,6 +24,8 @@ public:
     /// The same for a file that only its owner can read and write, whatever the permissions of a
     /// former file of that name.
     bool startPrivate();
+    /// The same for a file that gets the permissions and group of another one.
+    bool startLike(const QString &model);
     /// Synchronises what was written to the disk, so that commit() does not have to wait for it.
     /// False when that or an earlier write failed.
     bool flush();
@@ -51,7 +53,7 @@ private:
 
     const QString m_name; // the file to be replaced, which no link leads on
     QFile m_file;         // the new one
-    bool m_isPrivate = false;
+    QString m_model;      // whose permissions it gets; empty for a private one
     QByteArray m_buffer;
     QString m_failure;
 };

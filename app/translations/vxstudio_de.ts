@@ -4911,10 +4911,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The permissions cannot be copied</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>the name refers to a directory</source>
         <translation type="unfinished"></translation>
     </message>

@@ -4,6 +4,7 @@
 
 #include "document/documentcontroller.h"
 #include "io/vxfileexchange.h"
+#include "io/vxfileformats.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"
@@ -60,7 +61,8 @@ struct Run
 };
 
 /// Saves in a program of its own that the shim gives its folder.
-Run save(const QString &fileName, const QString &refuses, const char *setting = nullptr, int at = 0)
+Run save(const QString &fileName, const QString &refuses, const char *setting = nullptr, int at = 0,
+         const QString &option = "--save")
 {
     QProcess child;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -70,7 +72,7 @@ Run save(const QString &fileName, const QString &refuses, const char *setting = 
     if (setting)
         environment.insert(QLatin1String(setting), QString::number(at));
     child.setProcessEnvironment(environment);
-    child.start(QCoreApplication::applicationFilePath(), {"--save", fileName});
+    child.start(QCoreApplication::applicationFilePath(), {option, fileName});
     if (!child.waitForFinished(20000))
         qFatal("the child does not end");
     return {child.exitStatus() == QProcess::CrashExit, child.exitCode() == 0,
@@ -101,12 +103,17 @@ private Q_SLOTS:
     void permissionsAreKept_data();
     void permissionsAreKept();
     void linksStay();
+    void pathsThatLeadUpThroughLinks();
     void circlesOfLinksAreRefused();
     void readOnlyFilesAreRefused();
     void filesOfOthers_data();
     void filesOfOthers();
+    void copiedBackupsOfOtherGroups();
+    void foldersInWhichOnlyOwnFilesAreRenamed();
+    void linksInThePlaceOfTheFormerFile();
     void withoutAWindowNothingIsOverwritten_data();
     void withoutAWindowNothingIsOverwritten();
+    void changesWhileADocumentIsReadAreNoticed();
 
 private:
     QStringList states() const;
@@ -148,10 +155,14 @@ void tst_StrangeFolders::savesInFoldersThatRefuse()
     const Run run = save(m_file, refuses);
     QVERIFY2(run.done, qPrintable(run.message));
     QCOMPARE(stepIn(m_file), NewStep);
-    // Where nothing can be renamed the only backup is the one preserved first.
-    const QString backup = renames ? "walk.bak1.vxscene" : "walk.bak0.vxscene";
-    if (renames || !refuses.contains("link="))
-        QCOMPARE(filesIn(m_folder->path()), QStringList({backup, "walk.vxscene"}));
+    if (renames) {
+        QCOMPARE(filesIn(m_folder->path()), QStringList({"walk.bak1.vxscene", "walk.vxscene"}));
+        QCOMPARE(stepIn(m_folder->filePath("walk.bak1.vxscene")), OldStep);
+    } else {
+        // Where nothing can be renamed there is none, and the message says so.
+        QCOMPARE(filesIn(m_folder->path()), QStringList{"walk.vxscene"});
+        QVERIFY2(run.message.contains("backup could not be made"), qPrintable(run.message));
+    }
 }
 
 /// Empty when a complete document is under its name and nothing incomplete under any other.
@@ -292,6 +303,28 @@ void tst_StrangeFolders::linksStay()
     }
 }
 
+/// ".." after a link to a folder leads to the parent of the folder that it leads to.
+void tst_StrangeFolders::pathsThatLeadUpThroughLinks()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath("deep/inner"));
+    QVERIFY(QFile::link("deep/inner", m_folder->filePath("short")));
+    QVERIFY(QFile::link("../walk.vxscene", m_folder->filePath("deep/inner/link.vxscene")));
+    const QString target = m_folder->filePath("deep/walk.vxscene");
+    for (const char *const path : {"short/link.vxscene", "short/../walk.vxscene"}) {
+        QString message;
+        QVERIFY(saveWithStep(target, OldStep, &message));
+        VxScene scene;
+        VxUndoStack history;
+        const UserMessages messages(UserMessages::Mode::Console);
+        DocumentController document(&scene, &history, &messages);
+        QVERIFY(document.open(m_folder->path() + '/' + path));
+        scene.setTimeStep(NewStep);
+        QVERIFY2(document.save(document.fileName()), qPrintable(document.lastError()));
+        QCOMPARE(stepIn(target), NewStep);
+        QCOMPARE(stepIn(m_file), OldStep);
+    }
+}
+
 void tst_StrangeFolders::circlesOfLinksAreRefused()
 {
     QVERIFY(QFile::remove(m_file));
@@ -349,18 +382,75 @@ void tst_StrangeFolders::filesOfOthers()
         QVERIFY2(message.contains("it is read-only"), qPrintable(message));
 }
 
+/// Where there are no hard links: what a group may do that cannot be given is for nobody else.
+void tst_StrangeFolders::copiedBackupsOfOtherGroups()
+{
+    if (::getuid() != 0)
+        QSKIP("only an administrator can act as another user");
+    const QByteArray name = QFile::encodeName(m_file);
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777) == 0);
+    QVERIFY(::chown(name.constData(), Nobody, 12345) == 0);
+    QVERIFY(::chmod(name.constData(), 0660) == 0);
+    const Run run = save(m_file, QString("link=%1").arg(EPERM), nullptr, 0, "--save-as-nobody");
+    QVERIFY2(run.done, qPrintable(run.message));
+    const QString backup = m_folder->filePath("walk.bak1.vxscene");
+    QCOMPARE(stepIn(backup), OldStep);
+    struct stat status = {};
+    QVERIFY(::stat(QFile::encodeName(backup).constData(), &status) == 0);
+    QCOMPARE(int(status.st_mode & 0777), 0600);
+}
+
+/// Another's file is overwritten in place there: its backup is no link to it.
+void tst_StrangeFolders::foldersInWhichOnlyOwnFilesAreRenamed()
+{
+    if (::getuid() != 0)
+        QSKIP("only an administrator can act as another user");
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 01777) == 0);
+    QVERIFY(::chmod(QFile::encodeName(m_file).constData(), 0666) == 0);
+    const Run run = save(m_file, QString(), nullptr, 0, "--save-as-nobody");
+    QVERIFY2(run.done && !run.message.contains("backup"), qPrintable(run.message));
+    QCOMPARE(stepIn(m_file), NewStep);
+    QCOMPARE(stepIn(m_folder->filePath("walk.bak1.vxscene")), OldStep);
+    QCOMPARE(filesIn(m_folder->path()), QStringList({"walk.bak1.vxscene", "walk.vxscene"}));
+}
+
+/// Nothing is written through a link that another user has put there.
+void tst_StrangeFolders::linksInThePlaceOfTheFormerFile()
+{
+    if (::getuid() != 0)
+        QSKIP("only an administrator can act as another user");
+    QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 01777) == 0);
+    QVERIFY(::chmod(QFile::encodeName(m_file).constData(), 0666) == 0);
+    const QString own = m_folder->filePath("own.vxscene");
+    QString message;
+    QVERIFY(saveWithStep(own, NewStep + 1, &message));
+    QVERIFY(::chown(QFile::encodeName(own).constData(), Nobody, Nobody) == 0);
+    QVERIFY(QFile::link(own, VxFileExchange::oldName(m_file)));
+    const Run run = save(m_file, QString(), nullptr, 0, "--save-as-nobody");
+    QVERIFY2(!run.done && run.message.contains(m_file), qPrintable(run.message));
+    QCOMPARE(stepIn(own), NewStep + 1);
+    QCOMPARE(stepIn(m_file), OldStep);
+}
+
 void tst_StrangeFolders::withoutAWindowNothingIsOverwritten_data()
 {
     QTest::addColumn<bool>("removes");
+    QTest::addColumn<QString>("savedAs");
     QTest::addColumn<QString>("text");
-    QTest::newRow("a changed file") << false << "was changed by another program";
-    QTest::newRow("a removed file") << true << "was removed or renamed by another program";
+    QTest::newRow("a changed file") << false << "walk.vxscene"
+                                    << "was changed by another program";
+    QTest::newRow("a changed file, by the name of a link") << false << "link.vxscene"
+                                                           << "was changed by another program";
+    QTest::newRow("a removed file") << true << "walk.vxscene"
+                                    << "was removed or renamed by another program";
 }
 
 void tst_StrangeFolders::withoutAWindowNothingIsOverwritten()
 {
     QFETCH(bool, removes);
+    QFETCH(QString, savedAs);
     QFETCH(QString, text);
+    QVERIFY(QFile::link("walk.vxscene", m_folder->filePath("link.vxscene")));
     VxScene scene;
     VxUndoStack history;
     const UserMessages messages(UserMessages::Mode::Console);
@@ -371,12 +461,35 @@ void tst_StrangeFolders::withoutAWindowNothingIsOverwritten()
         QVERIFY(QFile::remove(m_file));
     else
         QVERIFY(saveWithStep(m_file, NewStep, &message));
-    QVERIFY(!document.save(m_file));
-    QVERIFY2(document.lastError().startsWith(m_file) && document.lastError().contains(text) &&
+    const QString name = m_folder->filePath(savedAs);
+    QVERIFY(!document.save(name));
+    QVERIFY2(document.lastError().startsWith(name) && document.lastError().contains(text) &&
                  document.lastError().endsWith("It was not saved."),
              qPrintable(document.lastError()));
     QCOMPARE(stepIn(m_file), removes ? -1 : NewStep);
     QVERIFY(document.save(m_folder->filePath("other.vxscene")));
+}
+
+void tst_StrangeFolders::changesWhileADocumentIsReadAreNoticed()
+{
+    VxFileFormat format = *VxFileFormats::standard().find(m_file);
+    format.read = [read = format.read](const QString &fileName, VxScene *scene,
+                                       const VxFileProgress &progress, QString *summary,
+                                       VxFileError *error) {
+        const bool isRead = read(fileName, scene, progress, summary, error);
+        QString message;
+        return isRead && saveWithStep(fileName, NewStep, &message);
+    };
+    VxFileFormats formats;
+    formats.add(format);
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages, nullptr, formats);
+    QVERIFY(document.open(m_file));
+    QCOMPARE(scene.getTimeStep(), OldStep);
+    QVERIFY(!document.save(m_file));
+    QCOMPARE(stepIn(m_file), NewStep);
 }
 
 static int runStrangeFolders(int argc, char **argv)

@@ -167,7 +167,7 @@ QCborMap laterMap()
     object.insert(later, QCborArray{3, QStringLiteral("three")});
     light[QLatin1String("object")] = object;
     QCborArray properties = light.value(QLatin1String("properties")).toArray();
-    add(properties[0], QByteArray(300, 'x'));
+    add(properties[0], QCborValue(QCborTag(VxSceneFile::TagInt32), QByteArray(300, 'x')));
     light[QLatin1String("properties")] = properties;
     light.insert(later, QCborMap{{QStringLiteral("deep"), QCborArray{1.5, true}}});
     nodes[nodes.size() - 1] = light;
