@@ -31,16 +31,22 @@ QString titleOf(const QString &path)
     return path.isEmpty() ? DocumentController::tr("Untitled") : nameOf(path);
 }
 
-/// Where former versions of a document are that cannot be opened; empty when there are none.
-QString formerVersions(const QString &fileName)
+/// Where there are other versions of a document that cannot be read; empty when there are none.
+QString otherVersions(const QString &fileName)
 {
-    const QString former = VxFileExchange::oldName(VxFileExchange::targetOf(fileName));
+    const QString target = VxFileExchange::targetOf(fileName);
+    const QString next = VxFileExchange::newName(target);
+    const QString former = VxFileExchange::oldName(target);
     const QString backup = VxBackups(fileName, 1).name(1);
     QString text;
+    if (QFileInfo::exists(next))
+        text += QLatin1Char(' ') +
+                DocumentController::tr("A save was interrupted; rename %1 to open what it saved.")
+                    .arg(next);
     if (QFileInfo::exists(former))
-        text +=
-            QLatin1Char(' ') +
-            DocumentController::tr("A save was interrupted; the former file is %1.").arg(former);
+        text += QLatin1Char(' ') +
+                DocumentController::tr("A save was interrupted; rename %1 to open the former file.")
+                    .arg(former);
     if (QFileInfo::exists(backup))
         text += QLatin1Char(' ') +
                 DocumentController::tr("The version before the last save is %1.").arg(backup);
@@ -83,7 +89,7 @@ bool DocumentController::open(const QString &fileName, const VxMotionBuildOption
                  : readScene(fileName, &summary, &error);
     if (!isRead) {
         if (!error.cancelled && !isMotion)
-            error.message += formerVersions(fileName);
+            error.message += otherVersions(fileName);
         return report(error, tr("Opening was cancelled."));
     }
     if (isFinished)

@@ -226,10 +226,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>A save was interrupted; the former file is %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The last save was interrupted and has been completed.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -251,6 +247,14 @@
     </message>
     <message>
         <source>The version before the last save is %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A save was interrupted; rename %1 to open what it saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A save was interrupted; rename %1 to open the former file.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -100,6 +100,7 @@ private Q_SLOTS:
     void killedAtAStep();
     void interruptedSavesAreCompleted_data();
     void interruptedSavesAreCompleted();
+    void interruptedOverwritesAreNamed();
     void permissionsAreKept_data();
     void permissionsAreKept();
     void linksStay();
@@ -253,6 +254,23 @@ void tst_StrangeFolders::interruptedSavesAreCompleted()
     QCOMPARE(scene.getTimeStep(), step);
     QVERIFY2(document.summary().contains("interrupted"), qPrintable(document.summary()));
     QCOMPARE(filesIn(m_folder->path()), QStringList{"walk.vxscene"});
+}
+
+/// A file that was being overwritten in place is damaged: both complete ones are named.
+void tst_StrangeFolders::interruptedOverwritesAreNamed()
+{
+    const QString next = VxFileExchange::newName(m_file);
+    const QString old = VxFileExchange::oldName(m_file);
+    QVERIFY(QFile::copy(m_file, next) && QFile::copy(m_file, old));
+    QVERIFY(QFile::resize(m_file, 100));
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages);
+    QVERIFY(!document.open(m_file));
+    for (const QString &name : {next, old})
+        QVERIFY2(document.lastError().contains("rename " + name), qPrintable(document.lastError()));
+    QVERIFY(QFile::exists(next) && QFile::exists(old));
 }
 
 void tst_StrangeFolders::permissionsAreKept_data()
