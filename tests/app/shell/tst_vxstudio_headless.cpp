@@ -35,6 +35,7 @@ private Q_SLOTS:
     void brokenFile();
     void missingFile();
     void unknownKindOfFile();
+    void openingRunsNoScript();
     void scriptPrintsItsArguments();
     void scriptSeesTheFileAndTheFrame();
     void scriptError();
@@ -177,6 +178,29 @@ void tst_VxStudioHeadless::missingFile()
     const Result result = run({"--headless", path("nowhere.bvh")});
     QCOMPARE(result.code, 1);
     QVERIFY(result.errors.contains("nowhere.bvh"));
+}
+
+/// Not as the file, not in its folder and not in its texts.
+void tst_VxStudioHeadless::openingRunsNoScript()
+{
+    const QByteArray program = "print('ran');";
+    const QString script = write("walk.js", program);
+    QCOMPARE(run({"--headless", script}).code, 1);
+    for (const char *name : {"walk.bvh.js", "autorun.js", "startup.js", "vxstudio.js"})
+        write(name, program);
+    QByteArray motion = smallMotion;
+    motion.replace("ROOT hip", "ROOT print('ran')");
+    const QString file = write("walk.bvh", motion);
+    const Result opened = run({"--headless", file});
+    QCOMPARE(opened.code, 0);
+    QVERIFY2(opened.output.contains("2 nodes") && !opened.output.contains("\nran"),
+             qPrintable(opened.output));
+    const Result read =
+        run({"--headless", "--script",
+             write("names.js", "Scene.getNodes().forEach(function (node) { print(node.name); });"),
+             file});
+    QVERIFY2(read.output.contains("print('ran')") && !read.output.contains("\nran"),
+             qPrintable(read.output + read.errors));
 }
 
 void tst_VxStudioHeadless::unknownKindOfFile()
