@@ -320,7 +320,8 @@ QString DocumentController::displayName() const
 
 bool DocumentController::hasWritableFile() const
 {
-    return !m_fileName.isEmpty() && m_formats.canWrite(m_fileName);
+    return !m_fileName.isEmpty() && m_formats.canWrite(m_fileName) &&
+           VxBackups::originalOf(m_fileName).isEmpty();
 }
 
 void DocumentController::setDocument(const QString &fileName, const QString &summary,

@@ -85,7 +85,8 @@ public:
     const VxFileFormats &formats() const { return m_formats; }
     VxScene *scene() const { return m_scene; }
 
-    /// True when the document has a file that it can be saved to.
+    /// True when the document has a file that it can be saved to. A backup is none as long as its
+    /// document exists: later saves of that would remove what was saved there.
     bool hasWritableFile() const;
     /// True while a file is read or written.
     bool isBusy() const { return m_isBusy; }

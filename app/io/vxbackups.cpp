@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <cerrno>
 #include <cstdio>
 #include <sys/stat.h>
@@ -33,6 +34,17 @@ QString VxBackups::name(int number) const
     const QString suffix = file.suffix().isEmpty() ? QString() : QLatin1Char('.') + file.suffix();
     return file.dir().filePath(
         QStringLiteral("%1.bak%2%3").arg(file.completeBaseName(), QString::number(number), suffix));
+}
+
+QString VxBackups::originalOf(const QString &fileName)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(.+)\\.bak[0-9]{1,2}(\\.[^.]+)?$"));
+    const QFileInfo file(fileName);
+    const QRegularExpressionMatch match = pattern.match(file.fileName());
+    if (!match.hasMatch())
+        return {};
+    const QString original = file.dir().filePath(match.captured(1) + match.captured(2));
+    return QFileInfo::exists(original) ? original : QString();
 }
 
 bool VxBackups::isPresentFile(const QString &other) const

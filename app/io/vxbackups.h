@@ -31,6 +31,9 @@ public:
     /// After the file could not be saved: removes the preserved version.
     void drop() const;
 
+    /// The existing file that this one has the name of a version of; empty when there is none.
+    static QString originalOf(const QString &fileName);
+
     /// The name of a version; number 1 is the latest.
     QString name(int number) const;
 

@@ -6,6 +6,7 @@
 #include "document/motioncommands.h"
 #include "document/recentfiles.h"
 #include "document/savefiledialog.h"
+#include "io/vxbackups.h"
 #include "markers/markerfiles.h"
 #include "posetools/autokeymark.h"
 #include "posetools/posetoolbar.h"
@@ -249,7 +250,9 @@ bool StudioWindow::save()
 
 bool StudioWindow::saveWithDialog()
 {
-    const QFileInfo present(m_document->fileName());
+    // A backup is saved as the document that it is one of.
+    const QString original = VxBackups::originalOf(m_document->fileName());
+    const QFileInfo present(original.isEmpty() ? m_document->fileName() : original);
     const QString name =
         m_document->fileName().isEmpty() ? m_document->displayName() : present.completeBaseName();
     SaveFileDialog dialog(tr("Save As"), m_messages, this);

@@ -115,6 +115,7 @@ private Q_SLOTS:
     void withoutAWindowNothingIsOverwritten_data();
     void withoutAWindowNothingIsOverwritten();
     void changesWhileADocumentIsReadAreNoticed();
+    void backupsAreSavedUnderAnotherName();
 
 private:
     QStringList states() const;
@@ -508,6 +509,22 @@ void tst_StrangeFolders::changesWhileADocumentIsReadAreNoticed()
     QCOMPARE(scene.getTimeStep(), OldStep);
     QVERIFY(!document.save(m_file));
     QCOMPARE(stepIn(m_file), NewStep);
+}
+
+/// Later saves of the document would remove what was saved in its backup.
+void tst_StrangeFolders::backupsAreSavedUnderAnotherName()
+{
+    QString message;
+    QVERIFY(saveWithStep(m_file, NewStep, &message));
+    VxScene scene;
+    VxUndoStack history;
+    const UserMessages messages(UserMessages::Mode::Console);
+    DocumentController document(&scene, &history, &messages);
+    QVERIFY(document.open(m_file) && document.hasWritableFile());
+    QVERIFY(document.open(m_folder->filePath("walk.bak1.vxscene")));
+    QVERIFY(!document.hasWritableFile());
+    QVERIFY(QFile::remove(m_file)); // now it is a document like others
+    QVERIFY(document.hasWritableFile());
 }
 
 static int runStrangeFolders(int argc, char **argv)

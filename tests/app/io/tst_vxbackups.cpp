@@ -48,6 +48,8 @@ private Q_SLOTS:
     void whatAnInterruptedSaveLeft();
     void permissionsAreKept();
     void backupsAreBesideTheTargetOfALink();
+    void originals_data();
+    void originals();
 
 private:
     QString file(const char *name = "walk.vxscene") const { return m_folder->filePath(name); }
@@ -183,6 +185,38 @@ void tst_VxBackups::backupsAreBesideTheTargetOfALink()
     QVERIFY(backups.rotate(&reason));
     QCOMPARE(contents(file("real/scene.bak1.vxscene")), QByteArray("0"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"walk.vxscene"});
+}
+
+void tst_VxBackups::originals_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("original");
+    QTest::newRow("the latest") << "walk.bak1.vxscene"
+                                << "walk.vxscene";
+    QTest::newRow("of an interrupted save") << "walk.bak0.vxscene"
+                                            << "walk.vxscene";
+    QTest::newRow("two digits") << "walk.bak12.vxscene"
+                                << "walk.vxscene";
+    QTest::newRow("no suffix") << "plain.bak1"
+                               << "plain";
+    QTest::newRow("the file itself") << "walk.vxscene"
+                                     << "";
+    QTest::newRow("of no file") << "run.bak1.vxscene"
+                                << "";
+    QTest::newRow("no number") << "walk.bak.vxscene"
+                               << "";
+    QTest::newRow("a word") << "walk.bak1a.vxscene"
+                            << "";
+}
+
+void tst_VxBackups::originals()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, original);
+    put(file(), "0");
+    put(file("plain"), "0");
+    QCOMPARE(VxBackups::originalOf(m_folder->filePath(name)),
+             original.isEmpty() ? QString() : m_folder->filePath(original));
 }
 
 VX_TEST_GUILESS_MAIN(tst_VxBackups)
