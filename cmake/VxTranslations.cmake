@@ -33,5 +33,5 @@ function(vx_add_translations name)
   add_library(${name}_translations OBJECT "${unit}")
   set_target_properties(${name}_translations PROPERTIES AUTOMOC OFF AUTORCC OFF
     POSITION_INDEPENDENT_CODE ON)
-  target_link_libraries(${name}_translations PRIVATE Qt5::Core)
+  target_link_libraries(${name}_translations PRIVATE Qt5::Core $<TARGET_NAME_IF_EXISTS:vx_settings>)
 endfunction()

@@ -372,7 +372,7 @@ void tst_MotionCommands::exportCanBeCancelled()
     VxSceneBuilder builder(vxScene);
     VxSkeleton *figure = builder.addSkeleton("figure", 170);
     figure->getScaleControl()->setStoredValue(2.0f); // so that it takes a while
-    vxScene->setAnimRange({0, 160 * 4000});
+    vxScene->setAnimRange({0, 160 * 40000});
     const QString name = write("out.bvh", "former");
     const DialogAnswer<QProgressDialog> answer([](QProgressDialog *dialog) {
         if (dialog->value() < 5)
