@@ -4,10 +4,11 @@
 #include <QLabel>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <vxcore/vxtextstyle.h>
 
 namespace {
 
-enum Column { NameColumn, VersionColumn, StateColumn, ColumnCount };
+enum PluginColumn { PluginNameColumn, PluginVersionColumn, PluginStateColumn, PluginColumnCount };
 
 QString stateText(PluginModule::State state)
 {
@@ -75,17 +76,18 @@ void PluginsPage::fill()
     for (const PluginModule &module : m_modules) {
         auto *row =
             new QTreeWidgetItem(m_list, {module.name, module.version, stateText(module.state)});
-        row->setCheckState(NameColumn, off.contains(module.file) ? Qt::Unchecked : Qt::Checked);
-        row->setToolTip(NameColumn, module.file);
+        row->setCheckState(PluginNameColumn,
+                           off.contains(module.file) ? Qt::Unchecked : Qt::Checked);
+        row->setToolTip(PluginNameColumn, vxToolTipText(module.file));
     }
     m_list->header()->setStretchLastSection(true);
-    for (int column = 0; column < ColumnCount; ++column)
+    for (int column = 0; column < PluginColumnCount; ++column)
         m_list->resizeColumnToContents(column);
 }
 
 bool PluginsPage::isEnabled(int module) const
 {
-    return m_list->topLevelItem(module)->checkState(NameColumn) == Qt::Checked;
+    return m_list->topLevelItem(module)->checkState(PluginNameColumn) == Qt::Checked;
 }
 
 bool PluginsPage::isChanged() const
