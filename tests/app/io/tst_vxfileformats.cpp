@@ -127,8 +127,7 @@ void tst_VxFileFormats::surplusFramesAreReported()
 {
     const QString file = write("long.bvh", smallMotion + "4\n5\n");
     QVERIFY(m_formats.read(file, m_scene.data(), {}, &m_summary, &m_error));
-    QVERIFY2(m_summary.contains(QLatin1String("2 more frames than the 3")),
-             qPrintable(m_summary));
+    QVERIFY2(m_summary.contains(QLatin1String("2 more frames than the 3")), qPrintable(m_summary));
     QCOMPARE(m_scene->findNode(QStringLiteral("hip"))->getXPosControl()->getNumKeys(), 3);
 }
 
