@@ -70,6 +70,7 @@ void PoseToolBar::addTools(QLayout *layout)
     for (int i = 0; i < PoseTools::ToolCount; ++i) {
         QToolButton *button = makeButton(this, names[i]);
         button->setCheckable(true);
+        button->setAccessibleName(PoseTools::title(PoseTools::Tool(i)));
         button->setToolTip(PoseTools::title(PoseTools::Tool(i)));
         connect(button, &QToolButton::clicked, this, [this, i] {
             m_tools->activate(PoseTools::Tool(i));
@@ -102,6 +103,7 @@ void PoseToolBar::addOrientation(QLayout *layout)
 void PoseToolBar::addPivot(QLayout *layout)
 {
     m_pivot->setCheckable(true);
+    m_pivot->setAccessibleName(tr("Common pivot"));
     m_pivot->setToolTip(tr("Common pivot: rotates all selected nodes about their middle"));
     connect(m_pivot, &QToolButton::clicked, this, [this](bool isCommon) {
         m_tools->settings()->setPivot(isCommon ? PoseToolSettings::Pivot::Common

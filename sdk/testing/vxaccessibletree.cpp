@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMetaEnum>
 #include <QTabBar>
 #include <QWidget>
@@ -83,12 +84,15 @@ QString faultOf(QAccessibleInterface *object, const QWidget *widget)
 }
 
 // The list of a combo box is part of it, and a main window keeps tab bars that it does not use.
-bool isFocusable(QAccessibleInterface *object, const QWidget *widget)
+bool isChecked(QAccessibleInterface *object, const QWidget *widget)
 {
     if (widget->window()->inherits("QComboBoxPrivateContainer") ||
         (qobject_cast<const QTabBar *>(widget) && !widget->isVisible()))
         return false;
-    return object->state().focusable || (widget->focusPolicy() & Qt::TabFocus);
+    // Screen readers read buttons that only the mouse or a shortcut reaches, too.
+    return object->state().focusable || (widget->focusPolicy() & Qt::TabFocus) ||
+           (qobject_cast<const QAbstractButton *>(widget) &&
+            !qobject_cast<const QLineEdit *>(widget->parentWidget())); // the toolkit's, to clear it
 }
 
 void visitBelow(QAccessibleInterface *object,
@@ -126,7 +130,7 @@ QStringList VxAccessibleTree::faults(QWidget *root)
     QStringList found;
     visit(root, [&found](QAccessibleInterface *object) {
         const auto *widget = qobject_cast<const QWidget *>(object->object());
-        if (!widget || !isFocusable(object, widget))
+        if (!widget || !isChecked(object, widget))
             return;
         const QString fault = faultOf(object, widget);
         if (!fault.isEmpty())
