@@ -4,16 +4,13 @@
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimelineactions/vxkeyactions.h"
 #include "vxtimelineactions/vxtimepaneaction.h"
-#include "vxtimelineactions/vxtimepanecontrolspositionactions.h"
+#include "vxtimelineactions/vxtimepanechoiceactions.h"
 #include "vxtimelineactions/vxtimepaneexpandactions.h"
 #include "vxtimelineactions/vxtimepaneinterpactions.h"
 #include "vxtimelineactions/vxtimepaneitemkeysactions.h"
-#include "vxtimelineactions/vxtimepanekeyscopeactions.h"
 #include "vxtimelineactions/vxtimepanemoverootactions.h"
 #include "vxtimelineactions/vxtimepaneoptionactions.h"
-#include "vxtimelineactions/vxtimepanepropertytypeactions.h"
 #include "vxtimelineactions/vxtimepaneviewactions.h"
-#include "vxtimelineactions/vxtimepaneviewmodeactions.h"
 #include "vxtimelineactions/vxtransportactions.h"
 
 #include <vxcore/vxscriptablefactory.h>

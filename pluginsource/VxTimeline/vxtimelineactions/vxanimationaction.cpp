@@ -1,6 +1,7 @@
 #include "vxtimelineactions/vxanimationaction.h"
 
 #include <QtCore/QPointer>
+#include <utility>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
@@ -10,16 +11,21 @@
 #include "vxtimelineactions/animationmenuorder.h"
 
 VxAnimationAction::VxAnimationAction(const QString &text, const QString &description,
-                                     bool checkable)
-    : VxAction(text, description, checkable)
+                                     Command command, const char *shortcut)
+    : VxAction(text, description)
+    , m_command(std::move(command))
+    , m_shortcut(QString::fromLatin1(shortcut))
 {
 }
 
-VxAnimationAction::~VxAnimationAction() = default;
-
 void VxAnimationAction::init()
 {
-    requireTimePaneForInit(VX_HERE);
+    requireTimePaneForInit(metaObject()->superClass());
+}
+
+QString VxAnimationAction::getDefaultAccel() const
+{
+    return m_shortcut;
 }
 
 QString VxAnimationAction::getDefaultMenuPath() const
@@ -61,19 +67,25 @@ void VxAnimationAction::completeConstruction()
     updateInlineHelp();
 }
 
-VxTimePane *VxAnimationAction::requireTimePane(const VxSourcePosition &position)
+void VxAnimationAction::executeAction()
+{
+    if (VxTimePane *pane = requireTimePane(metaObject(), "executeAction"))
+        m_command(pane);
+}
+
+VxTimePane *VxAnimationAction::requireTimePane(const QMetaObject *caller, const char *method)
 {
     VxTimePane *pane = findTimePane();
     if (!pane) {
-        vxWarning(position, QStringLiteral("No VxTimePane instance found in %1()")
-                                .arg(vxMethodName(QString::fromUtf8(position.function))));
+        vxWarning(VX_HERE, QStringLiteral("No VxTimePane instance found in %1::%2()")
+                               .arg(QLatin1String(caller->className()), QLatin1String(method)));
     }
     return pane;
 }
 
-VxTimePane *VxAnimationAction::requireTimePaneForInit(const VxSourcePosition &position)
+VxTimePane *VxAnimationAction::requireTimePaneForInit(const QMetaObject *caller)
 {
-    VxTimePane *pane = requireTimePane(position);
+    VxTimePane *pane = requireTimePane(caller, "init");
     if (pane)
         pane->registerAction(this);
     return pane;

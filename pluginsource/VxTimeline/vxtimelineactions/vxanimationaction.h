@@ -1,10 +1,10 @@
 #ifndef VXANIMATIONACTION_H
 #define VXANIMATIONACTION_H
 
+#include <functional>
 #include <vxcore/vxaction.h>
 
 class VxTimePane;
-struct VxSourcePosition;
 
 // Base of every command of the time pane.
 //
@@ -15,11 +15,11 @@ class VxAnimationAction : public VxAction
 {
     Q_OBJECT
 public:
-    ~VxAnimationAction() override;
-
-    // Registers the action with the pane, which enables and checks registered actions.
+    // Registers the action with the pane, which enables and checks registered actions. The warning
+    // names the class that the action is derived from.
     void init() override;
 
+    QString getDefaultAccel() const override;
     QString getDefaultMenuPath() const override;
     QString getActionGroup() const override;
     int getMenuOrder() const override;
@@ -29,16 +29,27 @@ public:
     static VxTimePane *findTimePane();
 
 protected:
-    VxAnimationAction(const QString &text, const QString &description, bool checkable = false);
+    using Command = std::function<void(VxTimePane *)>;
+
+    // command: called with the pane; none for a class that overrides executeAction() or
+    // toggleAction(). shortcut: the default one, if any.
+    VxAnimationAction(const QString &text, const QString &description, Command command = nullptr,
+                      const char *shortcut = "");
 
     // Call it at the end of the constructor of each class that can be created: sets the class name
     // as the object's name and updates the help texts. Only there is the class name available.
     void completeConstruction();
 
-    // The pane, or null after a warning that names the caller: give VX_HERE as position.
-    static VxTimePane *requireTimePane(const VxSourcePosition &position);
+    void executeAction() override;
+
+    // The pane, or null after a warning that names a class and its method.
+    static VxTimePane *requireTimePane(const QMetaObject *caller, const char *method);
     // The same for an init(): also registers the action with the pane.
-    VxTimePane *requireTimePaneForInit(const VxSourcePosition &position);
+    VxTimePane *requireTimePaneForInit(const QMetaObject *caller);
+
+private:
+    Command m_command;
+    QString m_shortcut;
 };
 
 #endif

@@ -11,9 +11,6 @@ class VxAddKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxAddKeysAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Deletes the keys at the current time from every property of the selected nodes.
@@ -22,9 +19,6 @@ class VxDeleteKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxDeleteKeysAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Creates keys on the properties that filter and scope include.
@@ -33,10 +27,6 @@ class VxTimePaneCreateKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCreateKeysAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // Deletes the keys that are selected in the dope sheet.
@@ -45,10 +35,6 @@ class VxTimePaneDeleteSelectedKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneDeleteSelectedKeysAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // Copies the keys that are selected in the dope sheet.
@@ -57,11 +43,7 @@ class VxTimePaneCopySelectedKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCopySelectedKeysAction();
-    QString getDefaultAccel() const override;
     bool isClipboardAction() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // Pastes the copied keys at the current time.
@@ -70,10 +52,6 @@ class VxTimePanePasteKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePanePasteKeysAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 #endif

@@ -2,118 +2,77 @@
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimeline/time/vxwarning.h"
 
 VxTimePaneExpandAllItemsAction::VxTimePaneExpandAllItemsAction()
     : VxAnimationAction(
           tr("Expand All"),
           tr("Set all items in the Timeline pane to be open, making all their children "
-             "visible"))
+             "visible"),
+          &VxTimePane::expandAll)
 {
     completeConstruction();
-}
-
-void VxTimePaneExpandAllItemsAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->expandAll();
 }
 
 VxTimePaneExpandItemAction::VxTimePaneExpandItemAction()
     : VxAnimationAction(tr("Expand Item"),
-                        tr("Set the context item in the Timeline pane to be open"))
+                        tr("Set the context item in the Timeline pane to be open"),
+                        [](VxTimePane *pane) { pane->getDopeSheetView()->expandContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneExpandItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->expandContextItem();
 }
 
 VxTimePaneExpandFromItemAction::VxTimePaneExpandFromItemAction()
     : VxAnimationAction(tr("Expand from Item"),
                         tr("Set the context item in the Timeline pane to be open, making all their "
-                           "children visible"))
+                           "children visible"),
+                        [](VxTimePane *pane) { pane->getDopeSheetView()->expandFromContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneExpandFromItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->expandFromContextItem();
 }
 
 VxTimePaneExpandKeyedFromItemAction::VxTimePaneExpandKeyedFromItemAction()
     : VxAnimationAction(
           tr("Expand Keyed from Item"),
           tr("Set the context item in the Timeline pane to be open, making all their keyed "
-             "children visible"))
+             "children visible"),
+          [](VxTimePane *pane) { pane->getDopeSheetView()->expandKeyedFromContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneExpandKeyedFromItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->expandKeyedFromContextItem();
 }
 
 VxTimePaneCollapseAllItemsAction::VxTimePaneCollapseAllItemsAction()
     : VxAnimationAction(
           tr("Collapse All"),
-          tr("Set all items in the Timeline pane to be collapsed, hiding all their children "))
+          tr("Set all items in the Timeline pane to be collapsed, hiding all their children "),
+          &VxTimePane::collapseAll)
 {
     completeConstruction();
-}
-
-void VxTimePaneCollapseAllItemsAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->collapseAll();
 }
 
 VxTimePaneCollapseItemAction::VxTimePaneCollapseItemAction()
     : VxAnimationAction(tr("Collapse Item"),
-                        tr("Set the context item in the Timeline pane to be collapsed"))
+                        tr("Set the context item in the Timeline pane to be collapsed"),
+                        [](VxTimePane *pane) { pane->getDopeSheetView()->collapseContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneCollapseItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->collapseContextItem();
 }
 
 VxTimePaneCollapseFromItemAction::VxTimePaneCollapseFromItemAction()
     : VxAnimationAction(
           tr("Collapse from Item"),
           tr("Set the context item in the Timeline pane to be collapsed, hiding all their "
-             "children "))
+             "children "),
+          [](VxTimePane *pane) { pane->getDopeSheetView()->collapseFromContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneCollapseFromItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->collapseFromContextItem();
 }
 
 VxTimePaneCollapseNonKeyedFromItemAction::VxTimePaneCollapseNonKeyedFromItemAction()
     : VxAnimationAction(
           tr("Collapse Non-Keyed from Item"),
           tr("Set the context item in the Timeline pane to be collapsed, hiding all their "
-             "children "))
+             "children "),
+          [](VxTimePane *pane) { pane->getDopeSheetView()->collapseNonKeyedFromContextItem(); })
 {
     completeConstruction();
-}
-
-void VxTimePaneCollapseNonKeyedFromItemAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->getDopeSheetView()->collapseNonKeyedFromContextItem();
 }

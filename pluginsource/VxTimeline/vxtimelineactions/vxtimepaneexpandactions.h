@@ -12,9 +12,6 @@ class VxTimePaneExpandAllItemsAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneExpandAllItemsAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Opens the row.
@@ -23,9 +20,6 @@ class VxTimePaneExpandItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneExpandItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Opens the row and all below it.
@@ -34,9 +28,6 @@ class VxTimePaneExpandFromItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneExpandFromItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Opens the row and those below it that have keys.
@@ -45,9 +36,6 @@ class VxTimePaneExpandKeyedFromItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneExpandKeyedFromItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Closes every row.
@@ -56,9 +44,6 @@ class VxTimePaneCollapseAllItemsAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCollapseAllItemsAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Closes the row.
@@ -67,9 +52,6 @@ class VxTimePaneCollapseItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCollapseItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Closes the row and all below it.
@@ -78,9 +60,6 @@ class VxTimePaneCollapseFromItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCollapseFromItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Closes the rows without keys, from the row on.
@@ -89,9 +68,6 @@ class VxTimePaneCollapseNonKeyedFromItemAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneCollapseNonKeyedFromItemAction();
-
-protected:
-    void executeAction() override;
 };
 
 #endif

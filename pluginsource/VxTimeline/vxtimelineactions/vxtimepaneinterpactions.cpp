@@ -1,19 +1,12 @@
 #include "vxtimelineactions/vxtimepaneinterpactions.h"
 
 #include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimeline/time/vxwarning.h"
 
 VxTimePaneSetInterpAction::VxTimePaneSetInterpAction(const QString &text,
-                                                     const QString &description)
-    : VxAnimationAction(text, description)
+                                                     const QString &description, int interpType)
+    : VxAnimationAction(text, description,
+                        [interpType](VxTimePane *pane) { pane->setInterpType(interpType); })
 {
-}
-
-VxTimePaneSetInterpAction::~VxTimePaneSetInterpAction() = default;
-
-void VxTimePaneSetInterpAction::init()
-{
-    requireTimePaneForInit(VX_HERE);
 }
 
 QString VxTimePaneSetInterpAction::getActionGroup() const
@@ -24,40 +17,23 @@ QString VxTimePaneSetInterpAction::getActionGroup() const
 VxTimePaneSetInterpConstantAction::VxTimePaneSetInterpConstantAction()
     : VxTimePaneSetInterpAction(
           tr("Constant"),
-          tr("Sets the interpolation type on the selected key(s) to the \"Constant\" type."))
+          tr("Sets the interpolation type on the selected key(s) to the \"Constant\" type."), 1)
 {
     completeConstruction();
-}
-
-void VxTimePaneSetInterpConstantAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->setInterpType(1);
 }
 
 VxTimePaneSetInterpLinearAction::VxTimePaneSetInterpLinearAction()
     : VxTimePaneSetInterpAction(
           tr("Linear"),
-          tr("Sets the interpolation type on the selected key(s) to the \"Linear\" type."))
+          tr("Sets the interpolation type on the selected key(s) to the \"Linear\" type."), 0)
 {
     completeConstruction();
-}
-
-void VxTimePaneSetInterpLinearAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->setInterpType(0);
 }
 
 VxTimePaneSetInterpTcbAction::VxTimePaneSetInterpTcbAction()
     : VxTimePaneSetInterpAction(
-          tr("TCB"), tr("Sets the interpolation type on the selected key(s) to the \"TCB\" type."))
+          tr("TCB"), tr("Sets the interpolation type on the selected key(s) to the \"TCB\" type."),
+          2)
 {
     completeConstruction();
-}
-
-void VxTimePaneSetInterpTcbAction::executeAction()
-{
-    if (VxTimePane *pane = requireTimePane(VX_HERE))
-        pane->setInterpType(2);
 }

@@ -9,13 +9,10 @@ class VxTimePaneSetInterpAction : public VxAnimationAction
 {
     Q_OBJECT
 public:
-    ~VxTimePaneSetInterpAction() override;
-
-    void init() override;
     QString getActionGroup() const override;
 
 protected:
-    VxTimePaneSetInterpAction(const QString &text, const QString &description);
+    VxTimePaneSetInterpAction(const QString &text, const QString &description, int interpType);
 };
 
 // The value of a key holds until the next one.
@@ -24,9 +21,6 @@ class VxTimePaneSetInterpConstantAction : public VxTimePaneSetInterpAction
     Q_OBJECT
 public:
     VxTimePaneSetInterpConstantAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Straight from key to key.
@@ -35,9 +29,6 @@ class VxTimePaneSetInterpLinearAction : public VxTimePaneSetInterpAction
     Q_OBJECT
 public:
     VxTimePaneSetInterpLinearAction();
-
-protected:
-    void executeAction() override;
 };
 
 // A curve shaped by tension, continuity and bias.
@@ -46,9 +37,6 @@ class VxTimePaneSetInterpTcbAction : public VxTimePaneSetInterpAction
     Q_OBJECT
 public:
     VxTimePaneSetInterpTcbAction();
-
-protected:
-    void executeAction() override;
 };
 
 #endif

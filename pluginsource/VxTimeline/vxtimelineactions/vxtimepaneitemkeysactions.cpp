@@ -7,7 +7,6 @@
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimeline/time/vxwarning.h"
 
 namespace {
 
@@ -47,13 +46,6 @@ VxTimePaneItemKeysSelectionAction::VxTimePaneItemKeysSelectionAction(Direction d
 {
 }
 
-VxTimePaneItemKeysSelectionAction::~VxTimePaneItemKeysSelectionAction() = default;
-
-void VxTimePaneItemKeysSelectionAction::init()
-{
-    requireTimePaneForInit(VX_HERE);
-}
-
 QString VxTimePaneItemKeysSelectionAction::getActionGroup() const
 {
     return QString();
@@ -61,7 +53,7 @@ QString VxTimePaneItemKeysSelectionAction::getActionGroup() const
 
 void VxTimePaneItemKeysSelectionAction::executeAction()
 {
-    VxTimePane *pane = requireTimePane(VX_HERE);
+    VxTimePane *pane = requireTimePane(&staticMetaObject, "executeAction");
     if (!pane)
         return;
     VxDopeSheetView *view = pane->getDopeSheetView();

@@ -11,9 +11,6 @@ class VxTimePaneItemKeysSelectionAction : public VxAnimationAction
 {
     Q_OBJECT
 public:
-    ~VxTimePaneItemKeysSelectionAction() override;
-
-    void init() override;
     QString getActionGroup() const override;
 
 protected:

@@ -8,13 +8,8 @@
 class VxTimePaneMoveRootNodeAction : public VxAnimationAction
 {
     Q_OBJECT
-public:
-    ~VxTimePaneMoveRootNodeAction() override;
-
-    void init() override;
-
 protected:
-    VxTimePaneMoveRootNodeAction(const QString &text, const QString &description);
+    using VxAnimationAction::VxAnimationAction;
 };
 
 // To the top of the list.
@@ -23,9 +18,6 @@ class VxTimePaneMoveRootNodeToTopAction : public VxTimePaneMoveRootNodeAction
     Q_OBJECT
 public:
     VxTimePaneMoveRootNodeToTopAction();
-
-protected:
-    void executeAction() override;
 };
 
 // One row up.
@@ -34,9 +26,6 @@ class VxTimePaneMoveRootNodeUpAction : public VxTimePaneMoveRootNodeAction
     Q_OBJECT
 public:
     VxTimePaneMoveRootNodeUpAction();
-
-protected:
-    void executeAction() override;
 };
 
 // One row down.
@@ -45,9 +34,6 @@ class VxTimePaneMoveRootNodeDownAction : public VxTimePaneMoveRootNodeAction
     Q_OBJECT
 public:
     VxTimePaneMoveRootNodeDownAction();
-
-protected:
-    void executeAction() override;
 };
 
 // To the bottom of the list.
@@ -56,9 +42,6 @@ class VxTimePaneMoveRootNodeToBottomAction : public VxTimePaneMoveRootNodeAction
     Q_OBJECT
 public:
     VxTimePaneMoveRootNodeToBottomAction();
-
-protected:
-    void executeAction() override;
 };
 
 #endif

@@ -1,88 +1,61 @@
 #include "vxtimelineactions/vxtimepaneoptionactions.h"
 
-#include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimeline/time/vxwarning.h"
+TimePaneOptionAction::TimePaneOptionAction(const QString &text, const QString &description,
+                                           Getter get, Setter set, Setter changedSignal)
+    : VxAnimationAction(text, description)
+    , m_get(get)
+    , m_set(set)
+    , m_changedSignal(changedSignal)
+{
+    setCheckable(true);
+}
+
+void TimePaneOptionAction::init()
+{
+    VxTimePane *pane = requireTimePaneForInit(metaObject());
+    if (!pane)
+        return;
+    setChecked((pane->*m_get)());
+    connect(pane, m_changedSignal, this, &QAction::setChecked, Qt::UniqueConnection);
+}
+
+void TimePaneOptionAction::toggleAction(bool onOff)
+{
+    VxTimePane *pane = requireTimePane(metaObject(), "toggleAction");
+    if (!pane)
+        return;
+    (pane->*m_set)(onOff);
+    setChecked((pane->*m_get)());
+}
 
 VxTimePaneKeyGraphToggleAction::VxTimePaneKeyGraphToggleAction()
-    : VxAnimationAction(tr("Show Key Graph"),
-                        tr("Toggles whether or not the Key Graph is displayed in Advanced Mode."),
-                        true)
+    : TimePaneOptionAction(
+          tr("Show Key Graph"),
+          tr("Toggles whether or not the Key Graph is displayed in Advanced Mode."),
+          &VxTimePane::getKeyGraphOpen, &VxTimePane::setKeyGraphOpen,
+          &VxTimePane::keyGraphOpenChanged)
 {
     completeConstruction();
-}
-
-void VxTimePaneKeyGraphToggleAction::init()
-{
-    VxTimePane *pane = requireTimePaneForInit(VX_HERE);
-    if (!pane)
-        return;
-    setChecked(pane->getKeyGraphOpen());
-    connect(pane, &VxTimePane::keyGraphOpenChanged, this, &QAction::setChecked,
-            Qt::UniqueConnection);
-}
-
-void VxTimePaneKeyGraphToggleAction::toggleAction(bool onOff)
-{
-    VxTimePane *pane = requireTimePane(VX_HERE);
-    if (!pane)
-        return;
-    pane->setKeyGraphOpen(onOff);
-    setChecked(pane->getKeyGraphOpen());
 }
 
 VxTimePaneMonitorParametersPaneAction::VxTimePaneMonitorParametersPaneAction()
-    : VxAnimationAction(
+    : TimePaneOptionAction(
           tr("Monitor Parameters Pane"),
-          tr("Toggles whether or not to monitor property selection in the Parameters pane."), true)
+          tr("Toggles whether or not to monitor property selection in the Parameters pane."),
+          &VxTimePane::getMonitorParametersPane, &VxTimePane::setMonitorParametersPane,
+          &VxTimePane::monitorParametersPaneChanged)
 {
     completeConstruction();
 }
 
-void VxTimePaneMonitorParametersPaneAction::init()
-{
-    VxTimePane *pane = requireTimePaneForInit(VX_HERE);
-    if (!pane)
-        return;
-    setChecked(pane->getMonitorParametersPane());
-    connect(pane, &VxTimePane::monitorParametersPaneChanged, this, &QAction::setChecked,
-            Qt::UniqueConnection);
-}
-
-void VxTimePaneMonitorParametersPaneAction::toggleAction(bool onOff)
-{
-    VxTimePane *pane = requireTimePane(VX_HERE);
-    if (!pane)
-        return;
-    pane->setMonitorParametersPane(onOff);
-    setChecked(pane->getMonitorParametersPane());
-}
-
 VxTimePanePlayAllFramesAction::VxTimePanePlayAllFramesAction()
-    : VxAnimationAction(
+    : TimePaneOptionAction(
           tr("Play All Frames"),
           tr("Toggles whether or not to force all frames in the play range to cause the "
              "viewport to update or to allow updates to be skipped in order to achieve the "
              "desired Frames Per Second (FPS)."),
-          true)
+          &VxTimePane::getPlayAllFrames, &VxTimePane::setPlayAllFrames,
+          &VxTimePane::playAllFramesChanged)
 {
     completeConstruction();
-}
-
-void VxTimePanePlayAllFramesAction::init()
-{
-    VxTimePane *pane = requireTimePaneForInit(VX_HERE);
-    if (!pane)
-        return;
-    setChecked(pane->getPlayAllFrames());
-    connect(pane, &VxTimePane::playAllFramesChanged, this, &QAction::setChecked,
-            Qt::UniqueConnection);
-}
-
-void VxTimePanePlayAllFramesAction::toggleAction(bool onOff)
-{
-    VxTimePane *pane = requireTimePane(VX_HERE);
-    if (!pane)
-        return;
-    pane->setPlayAllFrames(onOff);
-    setChecked(pane->getPlayAllFrames());
 }

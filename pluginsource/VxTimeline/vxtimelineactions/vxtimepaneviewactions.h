@@ -11,9 +11,6 @@ class VxTimePaneRefreshDopesheetAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneRefreshDopesheetAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Fits the key graph to its keys.
@@ -22,10 +19,6 @@ class VxTimePaneFrameGraphKeysAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneFrameGraphKeysAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 #endif

@@ -11,9 +11,6 @@ class VxLoopToggleAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxLoopToggleAction();
-
-protected:
-    void executeAction() override;
 };
 
 // Starts or pauses playback.
@@ -22,10 +19,6 @@ class VxPlayToggleAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxPlayToggleAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // To the first frame of the play range.
@@ -34,10 +27,6 @@ class VxSkipToPlayrangeStartAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxSkipToPlayrangeStartAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // To the last frame of the play range.
@@ -46,10 +35,6 @@ class VxSkipToPlayrangeEndAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxSkipToPlayrangeEndAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // One frame back. The arrow keys are left to the rows of trees and lists.
@@ -58,10 +43,6 @@ class VxPrevFrameAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxPrevFrameAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // One frame forward.
@@ -70,10 +51,6 @@ class VxNextFrameAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxNextFrameAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // To the previous key, shown or not.
@@ -82,9 +59,6 @@ class VxSkipToPrevKeyAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxSkipToPrevKeyAction();
-
-protected:
-    void executeAction() override;
 };
 
 // To the next key, shown or not.
@@ -93,9 +67,6 @@ class VxSkipToNextKeyAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxSkipToNextKeyAction();
-
-protected:
-    void executeAction() override;
 };
 
 // To the previous key among the shown ones.
@@ -104,10 +75,6 @@ class VxTimePanePrevKeyAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePanePrevKeyAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 // To the next key among the shown ones.
@@ -116,10 +83,6 @@ class VxTimePaneNextKeyAction : public VxAnimationAction
     Q_OBJECT
 public:
     VxTimePaneNextKeyAction();
-    QString getDefaultAccel() const override;
-
-protected:
-    void executeAction() override;
 };
 
 #endif

@@ -4,31 +4,12 @@
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/time/vxwarning.h"
 
-namespace {
-
-class Talker
-{
-public:
-    static VxSourcePosition here() { return VX_HERE; }
-    VxSourcePosition hereWithArguments(bool, const QString &) const { return VX_HERE; }
-    const char *pointerOf(QString *method) const
-    {
-        *method = vxMethodName(QString::fromUtf8(Q_FUNC_INFO));
-        return "";
-    }
-};
-
-} // namespace
-
 class TestVxWarning : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void sourcePath_data();
     void sourcePath();
-    void methodName_data();
-    void methodName();
-    void methodNameOfRealSignatures();
     void format();
     void positionOfThisFile();
     void percentSignsArePrinted();
@@ -63,51 +44,9 @@ void TestVxWarning::sourcePath()
     QCOMPARE(vxSourcePath(file), path);
 }
 
-void TestVxWarning::methodName_data()
-{
-    QTest::addColumn<QString>("signature");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("virtual") << "virtual void Class::method()"
-                             << "Class::method";
-    QTest::newRow("arguments") << "virtual void Class::method(bool, int) const"
-                               << "Class::method";
-    QTest::newRow("constructor") << "Class::Class()"
-                                 << "Class::Class";
-    QTest::newRow("pointer result") << "Other *Class::method()"
-                                    << "Class::method";
-    QTest::newRow("pointer result, other spacing") << "Other* Class::method()"
-                                                   << "Class::method";
-    QTest::newRow("reference result") << "const Other &Class::method()"
-                                      << "Class::method";
-    QTest::newRow("no arguments at all") << "Class::method"
-                                         << "Class::method";
-    QTest::newRow("empty") << ""
-                           << "";
-}
-
-void TestVxWarning::methodName()
-{
-    QFETCH(QString, signature);
-    QFETCH(QString, name);
-    QCOMPARE(vxMethodName(signature), name);
-}
-
-void TestVxWarning::methodNameOfRealSignatures()
-{
-    const auto ending = [](const VxSourcePosition &position) {
-        return vxMethodName(QString::fromUtf8(position.function)).section("::", -2);
-    };
-    QCOMPARE(ending(Talker::here()), QString("Talker::here"));
-    QCOMPARE(ending(Talker().hereWithArguments(true, QString())),
-             QString("Talker::hereWithArguments"));
-    QString method;
-    Talker().pointerOf(&method);
-    QCOMPARE(method.section("::", -2), QString("Talker::pointerOf"));
-}
-
 void TestVxWarning::format()
 {
-    const VxSourcePosition position{"/src/room/file.cpp", 42, "void Class::method()"};
+    const VxSourcePosition position{"/src/room/file.cpp", 42};
     QCOMPARE(vxFormatWarning(position, "something is amiss"),
              QString("\\src\\room\\file.cpp(42): something is amiss"));
     QCOMPARE(vxFormatWarning(position, "%1 of %2"), QString("\\src\\room\\file.cpp(42): %1 of %2"));
@@ -129,7 +68,7 @@ void TestVxWarning::percentSignsArePrinted()
 {
     VxWarningGuard guard;
     guard.expect("\\src\\a.cpp(1): 100 %s, %n \xc3\xa4");
-    vxWarning({"/src/a.cpp", 1, ""}, QString::fromUtf8("100 %s, %n \xc3\xa4"));
+    vxWarning({"/src/a.cpp", 1}, QString::fromUtf8("100 %s, %n \xc3\xa4"));
 }
 
 VX_TEST_GUILESS_MAIN(TestVxWarning)

@@ -17,18 +17,6 @@ QString vxSourcePath(const QString &fileName)
     return start == 0 ? path : QStringLiteral("\\src\\") + path.mid(start);
 }
 
-QString vxMethodName(const QString &signature)
-{
-    const int arguments = signature.indexOf(QLatin1Char('('));
-    const QString head = signature.left(arguments < 0 ? signature.size() : arguments);
-    // The return type may end in a star directly before the name.
-    int start = head.lastIndexOf(QLatin1Char(' ')) + 1;
-    while (start < head.size() &&
-           (head.at(start) == QLatin1Char('*') || head.at(start) == QLatin1Char('&')))
-        ++start;
-    return head.mid(start);
-}
-
 QString vxFormatWarning(const VxSourcePosition &position, const QString &message)
 {
     return QStringLiteral("%1(%2): %3")
