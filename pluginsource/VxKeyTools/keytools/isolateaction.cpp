@@ -9,17 +9,18 @@
 #include <vxcore/vxscene.h>
 
 VxKeyToolsIsolateAction::VxKeyToolsIsolateAction()
-    : VxAction(
+    : KeysMenuAction(
           tr("Isolate Selected Nodes"),
           tr("Shows the rows and curves of the selected nodes alone; again, or Escape: of all. "
              "Alt with a click in the viewport isolates a node."),
-          true)
+          QT_TRANSLATE_NOOP("VxMenuPath", "Select"), "Shift+I")
 {
+    setCheckable(true);
 }
 
 void VxKeyToolsIsolateAction::init()
 {
-    VxAction::init();
+    KeysMenuAction::init();
     if (VxNodeIsolation *isolation = VxNodeIsolation::current())
         connect(isolation, &VxNodeIsolation::changed, this, &VxKeyToolsIsolateAction::followState,
                 Qt::UniqueConnection);
@@ -30,26 +31,6 @@ void VxKeyToolsIsolateAction::followState()
 {
     const VxNodeIsolation *isolation = VxNodeIsolation::current();
     setChecked(isolation && isolation->isActive());
-}
-
-QString VxKeyToolsIsolateAction::getDefaultAccel() const
-{
-    return QStringLiteral("Shift+I");
-}
-
-QString VxKeyToolsIsolateAction::getDefaultMenuPath() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
-}
-
-QString VxKeyToolsIsolateAction::getActionGroup() const
-{
-    return QStringLiteral("VxKeyToolsPane::");
-}
-
-QString VxKeyToolsIsolateAction::getMenuFolder() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Select"));
 }
 
 void VxKeyToolsIsolateAction::toggleAction(bool onOff)

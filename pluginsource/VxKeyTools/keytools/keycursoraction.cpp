@@ -9,31 +9,12 @@
 #include <vxcore/vxpanemgr.h>
 
 VxKeyToolsKeyCursorAction::VxKeyToolsKeyCursorAction()
-    : VxAction(
+    : KeysMenuAction(
           tr("Key Cursor"),
           tr("Moves among the keys and rows of the timeline with the arrow keys. Space selects, "
-             "Escape ends it."))
+             "Escape ends it."),
+          QT_TRANSLATE_NOOP("VxMenuPath", "Select"), "Shift+K")
 {
-}
-
-QString VxKeyToolsKeyCursorAction::getDefaultAccel() const
-{
-    return QStringLiteral("Shift+K");
-}
-
-QString VxKeyToolsKeyCursorAction::getDefaultMenuPath() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
-}
-
-QString VxKeyToolsKeyCursorAction::getActionGroup() const
-{
-    return QStringLiteral("VxKeyToolsPane::");
-}
-
-QString VxKeyToolsKeyCursorAction::getMenuFolder() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Select"));
 }
 
 void VxKeyToolsKeyCursorAction::executeAction()

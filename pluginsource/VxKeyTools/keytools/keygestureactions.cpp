@@ -40,26 +40,10 @@ bool isOverViews()
 
 KeyGestureAction::KeyGestureAction(const QString &text, const QString &description,
                                    const char *shortcut, KeyGestureKind kind, int pivot)
-    : VxAction(text, description)
-    , m_shortcut(QString::fromLatin1(shortcut))
+    : KeysMenuAction(text, description, QT_TRANSLATE_NOOP("VxMenuPath", "With the Mouse"), shortcut)
     , m_kind(kind)
     , m_pivot(pivot)
 {
-}
-
-QString KeyGestureAction::getDefaultAccel() const
-{
-    return m_shortcut;
-}
-
-QString KeyGestureAction::getDefaultMenuPath() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
-}
-
-QString KeyGestureAction::getActionGroup() const
-{
-    return QStringLiteral("VxKeyToolsPane::");
 }
 
 int KeyGestureAction::getMenuOrder() const
@@ -67,14 +51,9 @@ int KeyGestureAction::getMenuOrder() const
     return int(KeyTool::all().size()) + int(m_kind);
 }
 
-QString KeyGestureAction::getMenuFolder() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "With the Mouse"));
-}
-
 bool KeyGestureAction::event(QEvent *event)
 {
-    return (event->type() == QEvent::Shortcut && !isOverViews()) || VxAction::event(event);
+    return (event->type() == QEvent::Shortcut && !isOverViews()) || KeysMenuAction::event(event);
 }
 
 void KeyGestureAction::executeAction()

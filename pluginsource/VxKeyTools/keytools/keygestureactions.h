@@ -2,19 +2,15 @@
 #define KEYTOOLS_KEYGESTUREACTIONS_H
 
 #include "keytools/keygestureamount.h"
-#include <vxcore/vxaction.h>
+#include "keytools/keysmenuaction.h"
 
 /// Base of the actions that begin a KeyGesture in the timeline. Its shortcut works while the mouse
 /// is over the views of the timeline or one of them has the focus; elsewhere the key has no effect.
-class KeyGestureAction : public VxAction
+class KeyGestureAction : public KeysMenuAction
 {
     Q_OBJECT
 public:
-    QString getDefaultAccel() const override;
-    QString getDefaultMenuPath() const override;
-    QString getActionGroup() const override;
     int getMenuOrder() const override;
-    QString getMenuFolder() const override;
 
     bool event(QEvent *event) override;
 
@@ -24,7 +20,6 @@ protected:
     void executeAction() override;
 
 private:
-    QString m_shortcut;
     KeyGestureKind m_kind;
     int m_pivot;
 };

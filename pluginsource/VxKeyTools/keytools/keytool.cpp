@@ -91,8 +91,19 @@ const QVector<KeyTool> &KeyTool::all()
         QVector<KeyTool> selecting = selectionTools();
         for (KeyTool &tool : selecting)
             tool.changesKeys = false;
-        return selecting + timeTools() + pasteTools() + valueTools() + cleaningTools() +
-               poseTools();
+        QVector<KeyTool> all;
+        const auto add = [&all](const char *folder, const QVector<KeyTool> &some) {
+            for (KeyTool tool : some) {
+                tool.folder = folder;
+                all.append(tool);
+            }
+        };
+        add(QT_TRANSLATE_NOOP("VxMenuPath", "Select"), selecting);
+        add(QT_TRANSLATE_NOOP("VxMenuPath", "Times"), timeTools() + pasteTools());
+        add(QT_TRANSLATE_NOOP("VxMenuPath", "Values"), valueTools());
+        add(QT_TRANSLATE_NOOP("VxMenuPath", "Clean Up"), cleaningTools());
+        add(QT_TRANSLATE_NOOP("VxMenuPath", "Pose"), poseTools());
+        return all;
     }();
     return tools;
 }

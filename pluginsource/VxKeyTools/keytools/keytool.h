@@ -58,6 +58,7 @@ struct KeyTool
     /// channels"; null means KeyTargets::current().
     using Targets = QString (*)(const QVariantMap &texts);
     Targets targets = nullptr;
+    const char *folder = ""; ///< the sub-menu, set by all()
 
     /// Every tool, in the order of the menu.
     static const QVector<KeyTool> &all();

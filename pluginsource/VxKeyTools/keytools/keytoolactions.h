@@ -1,18 +1,17 @@
 #ifndef KEYTOOLS_KEYTOOLACTIONS_H
 #define KEYTOOLS_KEYTOOLACTIONS_H
 
-#include <vxcore/vxaction.h>
+#include "keytools/keysmenuaction.h"
+
+struct KeyTool;
 
 /// Base of the actions of the key tools: an action without parameters runs its tool, one with
 /// parameters opens the pane with it. Without a window the tool runs with its defaults.
-class KeyToolAction : public VxAction
+class KeyToolAction : public KeysMenuAction
 {
     Q_OBJECT
 public:
-    QString getDefaultMenuPath() const override;
-    QString getActionGroup() const override;
     int getMenuOrder() const override;
-    QString getMenuFolder() const override;
 
 protected:
     /// `tool` is the tool's name.
@@ -20,231 +19,329 @@ protected:
     void executeAction() override;
 
 private:
-    QString m_tool;
+    explicit KeyToolAction(const KeyTool &tool);
+
+    const KeyTool &m_tool;
 };
 
 class VxKeyToolsSelectFramesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectFramesAction();
+    VxKeyToolsSelectFramesAction()
+        : KeyToolAction("selectFrames")
+    {
+    }
 };
 
 class VxKeyToolsSelectBeforeAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectBeforeAction();
+    VxKeyToolsSelectBeforeAction()
+        : KeyToolAction("selectBefore")
+    {
+    }
 };
 
 class VxKeyToolsSelectAfterAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectAfterAction();
+    VxKeyToolsSelectAfterAction()
+        : KeyToolAction("selectAfter")
+    {
+    }
 };
 
 class VxKeyToolsSelectSameFramesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectSameFramesAction();
+    VxKeyToolsSelectSameFramesAction()
+        : KeyToolAction("selectSameFrames")
+    {
+    }
 };
 
 class VxKeyToolsSelectEveryAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectEveryAction();
+    VxKeyToolsSelectEveryAction()
+        : KeyToolAction("selectEvery")
+    {
+    }
 };
 
 class VxKeyToolsSelectInverseAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectInverseAction();
+    VxKeyToolsSelectInverseAction()
+        : KeyToolAction("selectInverse")
+    {
+    }
 };
 
 class VxKeyToolsSelectTypeAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectTypeAction();
+    VxKeyToolsSelectTypeAction()
+        : KeyToolAction("selectType")
+    {
+    }
 };
 
 class VxKeyToolsSelectValuesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSelectValuesAction();
+    VxKeyToolsSelectValuesAction()
+        : KeyToolAction("selectValues")
+    {
+    }
 };
 
 class VxKeyToolsMoveAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsMoveAction();
+    VxKeyToolsMoveAction()
+        : KeyToolAction("move")
+    {
+    }
 };
 
 class VxKeyToolsScaleTimesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsScaleTimesAction();
+    VxKeyToolsScaleTimesAction()
+        : KeyToolAction("scaleTimes")
+    {
+    }
 };
 
 class VxKeyToolsRetimeAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsRetimeAction();
+    VxKeyToolsRetimeAction()
+        : KeyToolAction("retime")
+    {
+    }
 };
 
 class VxKeyToolsInsertFramesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsInsertFramesAction();
+    VxKeyToolsInsertFramesAction()
+        : KeyToolAction("insertFrames")
+    {
+    }
 };
 
 class VxKeyToolsRemoveFramesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsRemoveFramesAction();
+    VxKeyToolsRemoveFramesAction()
+        : KeyToolAction("removeFrames")
+    {
+    }
 };
 
 class VxKeyToolsSnapAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSnapAction();
+    VxKeyToolsSnapAction()
+        : KeyToolAction("snap")
+    {
+    }
 };
 
 class VxKeyToolsSpaceEvenlyAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSpaceEvenlyAction();
+    VxKeyToolsSpaceEvenlyAction()
+        : KeyToolAction("spaceEvenly")
+    {
+    }
 };
 
 class VxKeyToolsReverseAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsReverseAction();
+    VxKeyToolsReverseAction()
+        : KeyToolAction("reverse")
+    {
+    }
 };
 
 class VxKeyToolsDuplicateAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsDuplicateAction();
+    VxKeyToolsDuplicateAction()
+        : KeyToolAction("duplicate")
+    {
+    }
 };
 
 class VxKeyToolsPasteAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsPasteAction();
+    VxKeyToolsPasteAction()
+        : KeyToolAction("paste")
+    {
+    }
 };
 
 class VxKeyToolsPasteMirroredAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsPasteMirroredAction();
+    VxKeyToolsPasteMirroredAction()
+        : KeyToolAction("pasteMirrored")
+    {
+    }
 };
 
 class VxKeyToolsSetValuesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSetValuesAction();
+    VxKeyToolsSetValuesAction()
+        : KeyToolAction("setValues")
+    {
+    }
 };
 
 class VxKeyToolsScaleValuesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsScaleValuesAction();
+    VxKeyToolsScaleValuesAction()
+        : KeyToolAction("scaleValues")
+    {
+    }
 };
 
 class VxKeyToolsMirrorValuesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsMirrorValuesAction();
+    VxKeyToolsMirrorValuesAction()
+        : KeyToolAction("mirrorValues")
+    {
+    }
 };
 
 class VxKeyToolsOffsetAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsOffsetAction();
+    VxKeyToolsOffsetAction()
+        : KeyToolAction("offset")
+    {
+    }
 };
 
 class VxKeyToolsEulerFilterAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsEulerFilterAction();
+    VxKeyToolsEulerFilterAction()
+        : KeyToolAction("eulerFilter")
+    {
+    }
 };
 
 class VxKeyToolsSmoothGaussianAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSmoothGaussianAction();
+    VxKeyToolsSmoothGaussianAction()
+        : KeyToolAction("smoothGaussian")
+    {
+    }
 };
 
 class VxKeyToolsSmoothButterworthAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsSmoothButterworthAction();
+    VxKeyToolsSmoothButterworthAction()
+        : KeyToolAction("smoothButterworth")
+    {
+    }
 };
 
 class VxKeyToolsRemoveSpikesAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsRemoveSpikesAction();
+    VxKeyToolsRemoveSpikesAction()
+        : KeyToolAction("removeSpikes")
+    {
+    }
 };
 
 class VxKeyToolsReduceAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsReduceAction();
+    VxKeyToolsReduceAction()
+        : KeyToolAction("reduce")
+    {
+    }
 };
 
 class VxKeyToolsRemoveFlatAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsRemoveFlatAction();
+    VxKeyToolsRemoveFlatAction()
+        : KeyToolAction("removeFlat")
+    {
+    }
 };
 
 class VxKeyToolsBakeAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsBakeAction();
+    VxKeyToolsBakeAction()
+        : KeyToolAction("bake")
+    {
+    }
 };
 
 class VxKeyToolsConvertAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsConvertAction();
+    VxKeyToolsConvertAction()
+        : KeyToolAction("convert")
+    {
+    }
 };
 
 class VxKeyToolsPinAction : public KeyToolAction
 {
     Q_OBJECT
 public:
-    VxKeyToolsPinAction();
+    VxKeyToolsPinAction()
+        : KeyToolAction("pin")
+    {
+    }
 };
 
 #endif

@@ -273,18 +273,8 @@ bool VxKeyTablePane::pasteRows()
 }
 
 VxKeyTableAction::VxKeyTableAction()
-    : VxAction(tr("Key Table"), tr("Shows the selected keys as a table."))
+    : KeysMenuAction(tr("Key Table"), tr("Shows the selected keys as a table."))
 {
-}
-
-QString VxKeyTableAction::getDefaultMenuPath() const
-{
-    return QString::fromLatin1(QT_TRANSLATE_NOOP("VxMenuPath", "Keys"));
-}
-
-QString VxKeyTableAction::getActionGroup() const
-{
-    return QStringLiteral("VxKeyToolsPane::");
 }
 
 void VxKeyTableAction::executeAction()

@@ -1,8 +1,9 @@
 #ifndef KEYTOOLS_VXKEYTABLEPANE_H
 #define KEYTOOLS_VXKEYTABLEPANE_H
 
+#include "keytools/keysmenuaction.h"
+
 #include <memory>
-#include <vxcore/vxaction.h>
 #include <vxcore/vxpane.h>
 
 class QModelIndex;
@@ -48,13 +49,11 @@ private:
 };
 
 /// Shows the key table.
-class VxKeyTableAction : public VxAction
+class VxKeyTableAction : public KeysMenuAction
 {
     Q_OBJECT
 public:
     VxKeyTableAction();
-    QString getDefaultMenuPath() const override;
-    QString getActionGroup() const override;
 
 protected:
     void executeAction() override;

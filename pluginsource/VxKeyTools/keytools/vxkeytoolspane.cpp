@@ -40,13 +40,19 @@ protected:
     }
 };
 
+QString textOf(const QWidget *field)
+{
+    if (const auto *choice = qobject_cast<const QComboBox *>(field))
+        return choice->currentText();
+    return static_cast<const QLineEdit *>(field)->text();
+}
+
 } // namespace
 
 class VxKeyToolsPane::Private
 {
 public:
     const KeyTool &tool() const { return KeyTool::all()[tools->currentIndex()]; }
-    QString text(const KeyToolParameter &parameter) const;
     QString settingName(const KeyToolParameter &parameter) const
     {
         return tool().name + QLatin1Char('.') + parameter.name;
@@ -63,15 +69,6 @@ public:
     QTimer targetsTimer;
     KeyToolPreview preview;
 };
-
-QString VxKeyToolsPane::Private::text(const KeyToolParameter &parameter) const
-{
-    QWidget *field = fields.value(parameter.name);
-    if (const auto *choice = qobject_cast<QComboBox *>(field))
-        return choice->currentText();
-    const auto *line = qobject_cast<QLineEdit *>(field);
-    return line ? line->text() : QString();
-}
 
 VxKeyToolsPane::VxKeyToolsPane()
     : VxPane(tr("Key Tools"))
@@ -173,17 +170,11 @@ void VxKeyToolsPane::saveSettings(VxSettings *settings) const
     settings->setStringValue(QStringLiteral("Tool"), getTool());
 }
 
+// An object name is that of the setting.
 void VxKeyToolsPane::keepFields()
 {
-    for (const KeyTool &tool : KeyTool::all()) {
-        for (const KeyToolParameter &parameter : tool.parameters) {
-            const QString key = tool.name + QLatin1Char('.') + parameter.name;
-            for (QWidget *field : qAsConst(d->fields)) {
-                if (field->objectName() == key)
-                    d->typed.insert(key, d->text(parameter));
-            }
-        }
-    }
+    for (const QWidget *field : qAsConst(d->fields))
+        d->typed.insert(field->objectName(), textOf(field));
 }
 
 void VxKeyToolsPane::setTool(const QString &name)
@@ -263,7 +254,7 @@ QVariantMap VxKeyToolsPane::typedArguments() const
 {
     QVariantMap arguments;
     for (const KeyToolParameter &parameter : d->tool().parameters)
-        arguments.insert(parameter.name, d->text(parameter));
+        arguments.insert(parameter.name, textOf(d->fields.value(parameter.name)));
     return arguments;
 }
 
