@@ -21,34 +21,29 @@ VxMainWindow *mainWindow()
     return vxApp ? vxApp->getInterface() : nullptr;
 }
 
-QScriptValue findPane(QScriptContext *context, QScriptEngine *engine)
+QScriptValue findPane(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "App.findPane()");
     const QString name = arguments.text(0, "className");
-    if (arguments.failed())
-        return arguments.error();
     const VxMainWindow *window = mainWindow();
     VxPane *pane = window ? window->getPaneMgr()->findPane(name) : nullptr;
-    QScriptValue value = toScript(engine, pane);
+    QScriptValue value = toScript(arguments.engine(), pane);
     // The keys of the pane's enumerations, as on a pane that a script creates.
     if (pane)
-        VxClassFactory::registerEnumsOnClass(engine, pane->metaObject(), value);
+        VxClassFactory::registerEnumsOnClass(arguments.engine(), pane->metaObject(), value);
     return value;
 }
 
-QScriptValue action(QScriptContext *context, QScriptEngine *engine)
+QScriptValue action(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "App.action()");
     const QString name = arguments.text(0, "className");
-    if (arguments.failed())
-        return arguments.error();
     const VxMainWindow *window = mainWindow();
-    return toScript(engine, window ? window->getActionMgr()->findAction(name) : nullptr);
+    return toScript(arguments.engine(),
+                    window ? window->getActionMgr()->findAction(name) : nullptr);
 }
 
-QScriptValue actionNames(QScriptContext *, QScriptEngine *engine)
+QScriptValue actionNames(ScriptArguments &arguments)
 {
-    QScriptValue names = engine->newArray();
+    QScriptValue names = arguments.engine()->newArray();
     const VxMainWindow *window = mainWindow();
     for (int i = 0; window && i < window->getActionMgr()->getNumActions(); ++i) {
         const VxAction *entry = window->getActionMgr()->getAction(i);
@@ -58,27 +53,25 @@ QScriptValue actionNames(QScriptContext *, QScriptEngine *engine)
 }
 
 /// Processes everything queued in the event loop, such as deferred updates of panes.
-QScriptValue processEvents(QScriptContext *, QScriptEngine *engine)
+QScriptValue processEvents(ScriptArguments &)
 {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents();
-    return engine->undefinedValue();
+    return {};
 }
 
-QScriptValue status(QScriptContext *context, QScriptEngine *engine)
+QScriptValue status(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "App.status()");
     const QString text = arguments.text(0, "text");
-    if (arguments.failed())
-        return arguments.error();
     if (VxMainWindow *window = mainWindow())
         window->showStatusMessage(text);
-    return engine->undefinedValue();
+    return {};
 }
 
 const ScriptFunction applicationFunctions[] = {
-    {"findPane", findPane, 1},           {"action", action, 1}, {"actionNames", actionNames, 0},
-    {"processEvents", processEvents, 0}, {"status", status, 1},
+    {"App.findPane()", findPane, 1},       {"App.action()", action, 1},
+    {"App.actionNames()", actionNames, 0}, {"App.processEvents()", processEvents, 0},
+    {"App.status()", status, 1},
 };
 
 } // namespace

@@ -12,6 +12,19 @@ bool isWhole(const QScriptValue &value)
            number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
 }
 
+// The data of the called function refers to its entry.
+QScriptValue call(QScriptContext *context, QScriptEngine *)
+{
+    const auto *entry =
+        static_cast<const ScriptFunction *>(context->callee().data().toVariant().value<void *>());
+    try {
+        ScriptArguments arguments(context, entry->name);
+        return entry->function(arguments);
+    } catch (const ScriptFailure &failure) {
+        return context->throwError(QScriptContext::TypeError, failure.message);
+    }
+}
+
 } // namespace
 
 ScriptArguments::ScriptArguments(QScriptContext *context, const char *function)
@@ -58,6 +71,11 @@ bool ScriptArguments::boolean(int index, const char *name)
     return value.toBool();
 }
 
+bool ScriptArguments::boolean(int index, const char *name, bool defaultValue)
+{
+    return has(index) ? boolean(index, name) : defaultValue;
+}
+
 QString ScriptArguments::text(int index, const char *name)
 {
     const QScriptValue value = m_context->argument(index);
@@ -78,10 +96,8 @@ QVector<int> ScriptArguments::integers(int index, const char *name)
 {
     const QScriptValue values = array(index, name);
     QVector<int> list;
-    if (failed())
-        return list;
     const quint32 length = values.property(QStringLiteral("length")).toUInt32();
-    for (quint32 i = 0; i < length && !failed(); ++i)
+    for (quint32 i = 0; i < length; ++i)
         list.append(toInteger(values.property(i), index, name));
     return list;
 }
@@ -93,28 +109,20 @@ VxTimeRange ScriptArguments::range(int index, const char *name)
     const QString names[2] = {QStringLiteral("start"), QStringLiteral("end")};
     for (int i = 0; i < 2; ++i) {
         const QScriptValue end = value.property(names[i]);
-        if (!value.isObject() || !isWhole(end)) {
+        if (!value.isObject() || !isWhole(end))
             failArgument(index, name,
                          ScriptText::tr("an object with whole numbers as start and end"));
-            break;
-        }
         ends[i] = VxTime(end.toNumber());
     }
     return {ends[0], ends[1]};
 }
 
-void ScriptArguments::fail(const QString &message)
+void ScriptArguments::fail(const QString &message) const
 {
-    if (!failed())
-        m_message = m_function + QLatin1Char(' ') + message;
+    throw ScriptFailure{m_function + QLatin1Char(' ') + message};
 }
 
-QScriptValue ScriptArguments::error() const
-{
-    return m_context->throwError(QScriptContext::TypeError, m_message);
-}
-
-void ScriptArguments::failArgument(int index, const char *name, const QString &expected)
+void ScriptArguments::failArgument(int index, const char *name, const QString &expected) const
 {
     const QScriptValue value = m_context->argument(index);
     const QString given = index < count() ? value.toString() : ScriptText::tr("nothing");
@@ -126,19 +134,17 @@ void ScriptArguments::failArgument(int index, const char *name, const QString &e
 
 int ScriptArguments::toInteger(const QScriptValue &value, int index, const char *name)
 {
-    if (isWhole(value))
-        return static_cast<int>(value.toNumber());
-    failArgument(index, name, ScriptText::tr("a whole number"));
-    return 0;
+    if (!isWhole(value))
+        failArgument(index, name, ScriptText::tr("a whole number"));
+    return static_cast<int>(value.toNumber());
 }
 
 double ScriptArguments::toNumber(const QScriptValue &value, int index, const char *name)
 {
     const double number = value.toNumber();
-    if (value.isNumber() && std::isfinite(number))
-        return number;
-    failArgument(index, name, ScriptText::tr("a finite number"));
-    return 0.0;
+    if (!value.isNumber() || !std::isfinite(number))
+        failArgument(index, name, ScriptText::tr("a finite number"));
+    return number;
 }
 
 QScriptValue toScript(QScriptEngine *engine, QObject *object)
@@ -149,4 +155,12 @@ QScriptValue toScript(QScriptEngine *engine, QObject *object)
                               QScriptEngine::PreferExistingWrapperObject |
                                   QScriptEngine::ExcludeDeleteLater |
                                   QScriptEngine::ExcludeChildObjects);
+}
+
+QScriptValue toScript(QScriptEngine *engine, const ScriptFunction &function)
+{
+    QScriptValue value = engine->newFunction(call, function.length);
+    void *entry = const_cast<ScriptFunction *>(&function); // call() only reads
+    value.setData(engine->newVariant(QVariant::fromValue(entry)));
+    return value;
 }

@@ -10,12 +10,17 @@
 #include <QtScript/QScriptValue>
 #include <vxcore/vxtimerange.h>
 
+/// The exception of a call with an unusable argument; it is thrown in the script.
+struct ScriptFailure
+{
+    QString message;
+};
+
 /// Reads and checks the arguments of one call of a native function.
 ///
 /// Scripts can pass anything; a value of the wrong type must end in a message that names the
-/// function and the argument, not in a silent zero. The first failure is stored: the function
-/// continues with harmless values, checks failed(), and returns error(), which throws in the
-/// script.
+/// function and the argument, not in a silent zero: reading it throws a ScriptFailure, so that all
+/// arguments are read before anything is changed.
 class ScriptArguments
 {
 public:
@@ -29,6 +34,7 @@ public:
     double number(int index, const char *name);
     double number(int index, const char *name, double defaultValue);
     bool boolean(int index, const char *name);
+    bool boolean(int index, const char *name, bool defaultValue);
     QString text(int index, const char *name);
     QVector<int> integers(int index, const char *name);
     QScriptValue array(int index, const char *name);
@@ -53,16 +59,19 @@ public:
         return object;
     }
 
-    bool failed() const { return !m_message.isEmpty(); }
-    void fail(const QString &message);
-    /// Throws the first failure in the script.
-    QScriptValue error() const;
+    /// The same; null gives null.
+    template <class Class> Class *objectOrNull(int index, const char *name)
+    {
+        return m_context->argument(index).isNull() ? nullptr : object<Class>(index, name);
+    }
+
+    [[noreturn]] void fail(const QString &message) const;
 
     QScriptContext *context() const { return m_context; }
     QScriptEngine *engine() const { return m_context->engine(); }
 
 private:
-    void failArgument(int index, const char *name, const QString &expected);
+    [[noreturn]] void failArgument(int index, const char *name, const QString &expected) const;
     int toInteger(const QScriptValue &value, int index, const char *name);
     double toNumber(const QScriptValue &value, int index, const char *name);
 
@@ -70,16 +79,18 @@ private:
     DeferredDeletion m_hold;
     QScriptContext *m_context;
     QString m_function;
-    QString m_message;
 };
 
-/// A native function of a script object.
+/// A native function of a script object. An invalid result is undefined for the script.
 struct ScriptFunction
 {
-    const char *name;
-    QScriptEngine::FunctionSignature function;
+    const char *name; ///< for messages, such as "App.findPane()"; its last part is the member's
+    QScriptValue (*function)(ScriptArguments &arguments);
     int length; ///< the number of arguments it expects
 };
+
+/// The script value of a function, which must outlive the engine.
+QScriptValue toScript(QScriptEngine *engine, const ScriptFunction &function);
 
 /// Installs functions on a script object; scripts can neither replace nor list them.
 template <int Count>
@@ -87,8 +98,8 @@ void installFunctions(QScriptEngine *engine, QScriptValue &object,
                       const ScriptFunction (&functions)[Count])
 {
     for (const ScriptFunction &entry : functions) {
-        object.setProperty(QLatin1String(entry.name),
-                           engine->newFunction(entry.function, entry.length),
+        const QString name = QString::fromLatin1(entry.name).section(QLatin1Char('.'), -1);
+        object.setProperty(name.chopped(2), toScript(engine, entry),
                            QScriptValue::SkipInEnumeration | QScriptValue::ReadOnly);
     }
 }
@@ -96,13 +107,20 @@ void installFunctions(QScriptEngine *engine, QScriptValue &object,
 /// The script value of a host object: one wrapper an object, owned by the host. Null gives null.
 QScriptValue toScript(QScriptEngine *engine, QObject *object);
 
+/// A script array of item(0), item(1) and so on.
+template <class Item> QScriptValue makeArray(QScriptEngine *engine, int count, const Item &item)
+{
+    QScriptValue array = engine->newArray(uint(count));
+    for (int i = 0; i < count; ++i)
+        array.setProperty(quint32(i), item(i));
+    return array;
+}
+
 /// A script array of host objects.
 template <class Objects> QScriptValue toScriptArray(QScriptEngine *engine, const Objects &objects)
 {
-    QScriptValue array = engine->newArray(uint(objects.size()));
-    for (int i = 0; i < objects.size(); ++i)
-        array.setProperty(quint32(i), toScript(engine, objects.at(i)));
-    return array;
+    return makeArray(engine, objects.size(),
+                     [&](int i) { return toScript(engine, objects.at(i)); });
 }
 
 #endif

@@ -21,25 +21,20 @@ QScriptValue toScript(QScriptEngine *engine, const VxKeySpan &span)
     return value;
 }
 
-QScriptValue entries(QScriptContext *context, QScriptEngine *engine)
+QScriptValue entries(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "App.keySelection.entries()");
-    const auto *selection = arguments.self<VxKeySelection>();
-    if (arguments.failed())
-        return arguments.error();
-    QScriptValue list = engine->newArray();
-    quint32 count = 0;
-    for (const VxKeySelectionEntry &entry : selection->entries()) {
-        QScriptValue spans = engine->newArray(uint(entry.spans.size()));
-        for (std::size_t i = 0; i < entry.spans.size(); ++i)
-            spans.setProperty(quint32(i), toScript(engine, entry.spans[i]));
+    const VxKeySelectionEntries present = arguments.self<VxKeySelection>()->entries();
+    QScriptEngine *engine = arguments.engine();
+    return makeArray(engine, int(present.size()), [&](int i) {
+        const VxKeySelectionEntry &entry = present[std::size_t(i)];
         QScriptValue value = engine->newObject();
         value.setProperty(HolderName, ::toScript(engine, entry.holder));
-        value.setProperty(SpansName, spans);
+        value.setProperty(SpansName, makeArray(engine, int(entry.spans.size()), [&](int span) {
+                              return toScript(engine, entry.spans[std::size_t(span)]);
+                          }));
         value.setProperty(RevisionName, double(entry.revision));
-        list.setProperty(count++, value);
-    }
-    return list;
+        return value;
+    });
 }
 
 // One span of an entry; it must be within the holder's keys and after the previous span.
@@ -63,12 +58,10 @@ VxKeySelectionEntry readEntry(ScriptArguments &arguments, const QScriptValue &va
     VxKeySelectionEntry entry;
     const auto *property = qobject_cast<VxProperty *>(value.property(HolderName).toQObject());
     const QScriptValue spans = value.property(SpansName);
-    if (!property || !spans.isArray()) {
+    if (!property || !spans.isArray())
         arguments.fail(
             ScriptText::tr("expects a property as holder and an array as spans of entry %1")
                 .arg(index));
-        return entry;
-    }
     entry.holder = property->getKeyHolder();
     const QScriptValue revision = value.property(RevisionName);
     entry.revision = revision.isNumber() ? quint64(revision.toNumber()) : 0;
@@ -77,31 +70,28 @@ VxKeySelectionEntry readEntry(ScriptArguments &arguments, const QScriptValue &va
                            .arg(index)
                            .arg(property->getName()));
     const quint32 count = spans.property(LengthName).toUInt32();
-    for (quint32 i = 0; i < count && !arguments.failed(); ++i) {
+    for (quint32 i = 0; i < count; ++i) {
         const int from = entry.spans.empty() ? 0 : entry.spans.back().last;
         entry.spans.push_back(readSpan(arguments, spans.property(i), index, entry.holder, from));
     }
     return entry;
 }
 
-QScriptValue set(QScriptContext *context, QScriptEngine *engine)
+QScriptValue set(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "App.keySelection.set()");
     auto *selection = arguments.self<VxKeySelection>();
     const QScriptValue list = arguments.array(0, "entries");
     VxKeySelectionEntries entries;
-    const quint32 count = arguments.failed() ? 0 : list.property(LengthName).toUInt32();
-    for (quint32 i = 0; i < count && !arguments.failed(); ++i)
+    const quint32 count = list.property(LengthName).toUInt32();
+    for (quint32 i = 0; i < count; ++i)
         entries.push_back(readEntry(arguments, list.property(i), i));
-    if (arguments.failed())
-        return arguments.error();
     selection->set(entries);
-    return engine->undefinedValue();
+    return {};
 }
 
 const ScriptFunction keySelectionFunctions[] = {
-    {"entries", entries, 0},
-    {"set", set, 1},
+    {"App.keySelection.entries()", entries, 0},
+    {"App.keySelection.set()", set, 1},
 };
 
 } // namespace

@@ -42,10 +42,10 @@ public:
     void read(VxMarker *marker)
     {
         if (!m_value.isObject())
-            return fail(ScriptText::tr("expects an object with name, start, end and colour"));
+            fail(ScriptText::tr("expects an object with name, start, end and colour"));
         if (has(MarkerNameText)) {
             if (!m_value.property(MarkerNameText).isString())
-                return fail(ScriptText::tr("expects a string as name"));
+                fail(ScriptText::tr("expects a string as name"));
             marker->name = m_value.property(MarkerNameText).toString();
         }
         readSpan(&marker->span);
@@ -55,7 +55,7 @@ public:
 
     bool has(const QString &name) const { return m_value.property(name).isValid(); }
 
-    void fail(const QString &message)
+    [[noreturn]] void fail(const QString &message) const
     {
         m_arguments->fail(
             m_index < 0
@@ -71,7 +71,7 @@ private:
                             number >= VxTimeMin && number <= VxTimeMax;
         if (!isTime)
             fail(ScriptText::tr("expects a whole number as %1").arg(name));
-        return isTime ? VxTime(number) : 0;
+        return VxTime(number);
     }
 
     void readSpan(VxTimeRange *span)
@@ -100,17 +100,12 @@ private:
     int m_index;
 };
 
-QScriptValue listMarkers(QScriptContext *context, QScriptEngine *engine)
+QScriptValue listMarkers(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "Scene.markers.list()");
     const auto *markers = arguments.self<VxMarkers>();
-    if (arguments.failed())
-        return arguments.error();
     const VxMarkerList present = markers->list();
-    QScriptValue array = engine->newArray(uint(present.size()));
-    for (int i = 0; i < present.size(); ++i)
-        array.setProperty(quint32(i), toScript(engine, present.at(i)));
-    return array;
+    return makeArray(arguments.engine(), present.size(),
+                     [&](int i) { return toScript(arguments.engine(), present.at(i)); });
 }
 
 VxMarker newMarker(ScriptArguments &arguments, const QScriptValue &value, int index)
@@ -123,71 +118,51 @@ VxMarker newMarker(ScriptArguments &arguments, const QScriptValue &value, int in
     return marker;
 }
 
-QScriptValue addMarkers(QScriptContext *context, QScriptEngine *engine)
+QScriptValue addMarkers(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "Scene.markers.add()");
     auto *markers = arguments.self<VxMarkers>();
-    const QScriptValue given = context->argument(0);
+    const QScriptValue given = arguments.context()->argument(0);
     VxMarkerList added;
     if (given.isArray()) {
         const quint32 count = given.property(QStringLiteral("length")).toUInt32();
-        for (quint32 i = 0; i < count && !arguments.failed(); ++i)
+        for (quint32 i = 0; i < count; ++i)
             added.append(newMarker(arguments, given.property(i), int(i)));
     } else {
         added.append(newMarker(arguments, given, -1));
     }
-    if (arguments.failed())
-        return arguments.error();
     const QVector<int> ids = markers->add(added);
     if (!given.isArray())
         return QScriptValue(ids.first());
-    QScriptValue array = engine->newArray(uint(ids.size()));
-    for (int i = 0; i < ids.size(); ++i)
-        array.setProperty(quint32(i), ids.at(i));
-    return array;
+    return makeArray(arguments.engine(), ids.size(), [&ids](int i) { return ids.at(i); });
 }
 
-QScriptValue setMarker(QScriptContext *context, QScriptEngine *engine)
+QScriptValue setMarker(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "Scene.markers.set()");
     auto *markers = arguments.self<VxMarkers>();
     const int id = arguments.integer(0, "id");
-    std::optional<VxMarker> marker;
-    if (!arguments.failed()) {
-        marker = markers->find(id);
-        if (!marker)
-            arguments.fail(ScriptText::tr("has no marker with id %1").arg(id));
-    }
-    if (marker)
-        MarkerReader(&arguments, context->argument(1), -1).read(&*marker);
-    if (arguments.failed())
-        return arguments.error();
+    std::optional<VxMarker> marker = markers->find(id);
+    if (!marker)
+        arguments.fail(ScriptText::tr("has no marker with id %1").arg(id));
+    MarkerReader(&arguments, arguments.context()->argument(1), -1).read(&*marker);
     markers->set(*marker);
-    return engine->undefinedValue();
+    return {};
 }
 
-QScriptValue removeMarkers(QScriptContext *context, QScriptEngine *)
+QScriptValue removeMarkers(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "Scene.markers.remove()");
     auto *markers = arguments.self<VxMarkers>();
-    const QVector<int> ids = context->argument(0).isArray()
+    const QVector<int> ids = arguments.context()->argument(0).isArray()
                                  ? arguments.integers(0, "ids")
                                  : QVector<int>{arguments.integer(0, "id")};
-    if (arguments.failed())
-        return arguments.error();
     const int before = markers->count();
     markers->remove(ids);
     return QScriptValue(before - markers->count());
 }
 
-QScriptValue clearMarkers(QScriptContext *context, QScriptEngine *engine)
+QScriptValue clearMarkers(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "Scene.markers.clear()");
-    auto *markers = arguments.self<VxMarkers>();
-    if (arguments.failed())
-        return arguments.error();
-    markers->replaceAll({});
-    return engine->undefinedValue();
+    arguments.self<VxMarkers>()->replaceAll({});
+    return {};
 }
 
 template <std::optional<VxTime> (VxMarkers::*step)(VxTime) const>
@@ -195,28 +170,18 @@ QScriptValue stepMarkers(ScriptArguments &arguments)
 {
     const auto *markers = arguments.self<VxMarkers>();
     const int time = arguments.integer(0, "time");
-    if (arguments.failed())
-        return arguments.error();
     const std::optional<VxTime> found = (markers->*step)(time);
     return found ? QScriptValue(*found) : arguments.engine()->nullValue();
 }
 
-QScriptValue markerAfter(QScriptContext *context, QScriptEngine *)
-{
-    ScriptArguments arguments(context, "Scene.markers.after()");
-    return stepMarkers<&VxMarkers::timeAfter>(arguments);
-}
-
-QScriptValue markerBefore(QScriptContext *context, QScriptEngine *)
-{
-    ScriptArguments arguments(context, "Scene.markers.before()");
-    return stepMarkers<&VxMarkers::timeBefore>(arguments);
-}
-
 const ScriptFunction markerFunctions[] = {
-    {"list", listMarkers, 0},     {"add", addMarkers, 1},     {"set", setMarker, 2},
-    {"remove", removeMarkers, 1}, {"clear", clearMarkers, 0}, {"after", markerAfter, 1},
-    {"before", markerBefore, 1},
+    {"Scene.markers.list()", listMarkers, 0},
+    {"Scene.markers.add()", addMarkers, 1},
+    {"Scene.markers.set()", setMarker, 2},
+    {"Scene.markers.remove()", removeMarkers, 1},
+    {"Scene.markers.clear()", clearMarkers, 0},
+    {"Scene.markers.after()", stepMarkers<&VxMarkers::timeAfter>, 1},
+    {"Scene.markers.before()", stepMarkers<&VxMarkers::timeBefore>, 1},
 };
 
 } // namespace

@@ -17,13 +17,10 @@
 
 namespace {
 
-QScriptValue getProperties(QScriptContext *context, QScriptEngine *engine)
+QScriptValue getProperties(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getProperties()");
     auto *element = arguments.self<VxElement>();
-    if (arguments.failed())
-        return arguments.error();
-    return toScriptArray(engine, element->getPropertyGroups()->collectAllProperties());
+    return toScriptArray(arguments.engine(), element->getPropertyGroups()->collectAllProperties());
 }
 
 /// Adds a new property of a kind to the element that the function is called on.
@@ -37,65 +34,49 @@ QScriptValue addProperty(ScriptArguments &arguments, const Value &defaultValue)
         arguments.fail(ScriptText::tr("accepts at most %1 groups, one in another, as argument 2 "
                                       "(path)")
                            .arg(VxProperty::MaxGroupDepth));
-    if (arguments.failed())
-        return arguments.error();
     auto property = std::make_unique<Property>(name, defaultValue);
-    if (!element->addProperty(property.get(), path)) {
+    if (!element->addProperty(property.get(), path))
         arguments.fail(ScriptText::tr("cannot use the name \"%1\": it is in use").arg(name));
-        return arguments.error();
-    }
     return toScript(arguments.engine(), property.release());
 }
 
-QScriptValue addFloatProperty(QScriptContext *context, QScriptEngine *)
+QScriptValue addFloatProperty(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addFloatProperty()");
     return addProperty<VxFloatProperty>(
         arguments, static_cast<float>(arguments.number(2, "defaultValue", 0.0)));
 }
 
-QScriptValue addIntProperty(QScriptContext *context, QScriptEngine *)
+QScriptValue addIntProperty(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addIntProperty()");
     return addProperty<VxIntProperty>(arguments, arguments.integer(2, "defaultValue", 0));
 }
 
-QScriptValue addBoolProperty(QScriptContext *context, QScriptEngine *)
+QScriptValue addBoolProperty(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addBoolProperty()");
-    return addProperty<VxBoolProperty>(arguments,
-                                       arguments.has(2) && arguments.boolean(2, "defaultValue"));
+    return addProperty<VxBoolProperty>(arguments, arguments.boolean(2, "defaultValue", false));
 }
 
-QScriptValue addStringProperty(QScriptContext *context, QScriptEngine *)
+QScriptValue addStringProperty(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addStringProperty()");
     return addProperty<VxStringProperty>(arguments,
                                          arguments.has(2) ? arguments.text(2, "value") : QString());
 }
 
-QScriptValue getChildren(QScriptContext *context, QScriptEngine *engine)
+QScriptValue getChildren(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getChildren()");
     auto *node = arguments.self<VxNode>();
-    const bool recursive = arguments.has(0) && arguments.boolean(0, "recursive");
-    if (arguments.failed())
-        return arguments.error();
+    const bool recursive = arguments.boolean(0, "recursive", false);
     QVector<VxNode *> children;
     node->getNodeChildren(children, recursive);
-    return toScriptArray(engine, children);
+    return toScriptArray(arguments.engine(), children);
 }
 
-QScriptValue setParent(QScriptContext *context, QScriptEngine *)
+QScriptValue setParent(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setParent()");
     auto *node = arguments.self<VxNode>();
-    const bool none = arguments.has(0) && context->argument(0).isNull();
-    auto *parent = none ? nullptr : arguments.object<VxNode>(0, "parent");
+    auto *parent = arguments.objectOrNull<VxNode>(0, "parent");
     const int index = arguments.integer(1, "index", -1);
-    const bool keepPlace = arguments.has(2) && arguments.boolean(2, "keepPlace");
-    if (arguments.failed())
-        return arguments.error();
+    const bool keepPlace = arguments.boolean(2, "keepPlace", false);
     const VxNode *oldParent = node->getNodeParent();
     if (!node->setNodeParent(parent, index))
         return false;
@@ -103,56 +84,46 @@ QScriptValue setParent(QScriptContext *context, QScriptEngine *)
     return !keepPlace || VxNodeHelper::keepWorldTransform(node, oldParent, parent, now);
 }
 
-QScriptValue select(QScriptContext *context, QScriptEngine *engine)
+QScriptValue select(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "select()");
     auto *node = arguments.self<VxNode>();
-    const bool onOff = !arguments.has(0) || arguments.boolean(0, "onOff");
-    if (arguments.failed())
-        return arguments.error();
-    node->select(onOff);
-    return engine->undefinedValue();
+    node->select(arguments.boolean(0, "onOff", true));
+    return {};
 }
 
-QScriptValue addObject(QScriptContext *context, QScriptEngine *engine)
+QScriptValue addObject(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addObject()");
     auto *node = arguments.self<VxNode>();
     const QString name = arguments.text(0, "name");
-    if (arguments.failed())
-        return arguments.error();
     auto *object = new VxObject(name);
     node->setObject(object);
-    return toScript(engine, object);
+    return toScript(arguments.engine(), object);
 }
 
-QScriptValue addMorph(QScriptContext *context, QScriptEngine *engine)
+QScriptValue addMorph(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "addMorph()");
     auto *object = arguments.self<VxObject>();
     const QString name = arguments.text(0, "name");
-    if (arguments.failed())
-        return arguments.error();
     auto *morph = new VxMorph(name);
     object->addSubElement(morph);
-    return toScript(engine, morph);
+    return toScript(arguments.engine(), morph);
 }
 
 const ScriptFunction elementFunctions[] = {
-    {"getProperties", getProperties, 0},         {"addFloatProperty", addFloatProperty, 3},
-    {"addIntProperty", addIntProperty, 3},       {"addBoolProperty", addBoolProperty, 3},
-    {"addStringProperty", addStringProperty, 3},
+    {"getProperties()", getProperties, 0},         {"addFloatProperty()", addFloatProperty, 3},
+    {"addIntProperty()", addIntProperty, 3},       {"addBoolProperty()", addBoolProperty, 3},
+    {"addStringProperty()", addStringProperty, 3},
 };
 
 const ScriptFunction nodeFunctions[] = {
-    {"getChildren", getChildren, 1},
-    {"setParent", setParent, 3},
-    {"select", select, 1},
-    {"addObject", addObject, 1},
+    {"getChildren()", getChildren, 1},
+    {"setParent()", setParent, 3},
+    {"select()", select, 1},
+    {"addObject()", addObject, 1},
 };
 
 const ScriptFunction objectFunctions[] = {
-    {"addMorph", addMorph, 1},
+    {"addMorph()", addMorph, 1},
 };
 
 } // namespace

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -59,19 +60,19 @@ double member(ScriptArguments &arguments, const QScriptValue &key, quint32 index
 VxTime keyTime(ScriptArguments &arguments, const QScriptValue &key, quint32 index)
 {
     const double time = member(arguments, key, index, "time", true);
-    if (!arguments.failed() && (time != std::floor(time) || std::abs(time) > VxTimeMax))
+    if (time != std::floor(time) || std::abs(time) > VxTimeMax)
         arguments.fail(
             ScriptText::tr("expects whole ticks as time of key %1, not %2").arg(index).arg(time));
-    return arguments.failed() ? 0 : static_cast<VxTime>(time);
+    return static_cast<VxTime>(time);
 }
 
 int keyType(ScriptArguments &arguments, const QScriptValue &key, quint32 index)
 {
     const double type = member(arguments, key, index, "type", false);
-    if (!arguments.failed() && type != 0.0 && type != 1.0 && type != 2.0)
+    if (type != 0.0 && type != 1.0 && type != 2.0)
         arguments.fail(
             ScriptText::tr("expects 0, 1 or 2 as type of key %1, not %2").arg(index).arg(type));
-    return arguments.failed() ? 0 : static_cast<int>(type);
+    return static_cast<int>(type);
 }
 
 /// The keys of an argument, sorted by time; of several at one time the last one counts.
@@ -79,9 +80,8 @@ QVector<ScriptKey> readKeys(ScriptArguments &arguments, int argument)
 {
     const QScriptValue array = arguments.array(argument, "keys");
     QVector<ScriptKey> keys;
-    const quint32 length =
-        arguments.failed() ? 0 : array.property(QStringLiteral("length")).toUInt32();
-    for (quint32 i = 0; i < length && !arguments.failed(); ++i) {
+    const quint32 length = array.property(QStringLiteral("length")).toUInt32();
+    for (quint32 i = 0; i < length; ++i) {
         const QScriptValue key = array.property(i);
         const auto shape = [&](const char *name) {
             return static_cast<float>(member(arguments, key, i, name, false));
@@ -140,50 +140,35 @@ QVector<VxTime> toTimes(const QVector<ScriptKey> &keys)
     return times;
 }
 
-QScriptValue getKeys(QScriptContext *context, QScriptEngine *engine)
+QScriptValue getKeys(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getKeys()");
     auto *property = arguments.self<VxNumericProperty>();
-    if (arguments.failed())
-        return arguments.error();
-    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
-    for (int i = 0; i < property->getNumKeys(); ++i) {
+    return makeArray(arguments.engine(), property->getNumKeys(), [&](int i) {
         float tension = 0, continuity = 0, bias = 0;
         const int type = property->getKeyInterpolationType(i, &tension, &continuity, &bias);
-        QScriptValue key = engine->newObject();
+        QScriptValue key = arguments.engine()->newObject();
         key.setProperty(QStringLiteral("time"), property->getKeyTime(i));
         key.setProperty(QStringLiteral("value"), property->getKeyDoubleValue(i));
         key.setProperty(QStringLiteral("type"), type);
         key.setProperty(QStringLiteral("tension"), qsreal(tension));
         key.setProperty(QStringLiteral("continuity"), qsreal(continuity));
         key.setProperty(QStringLiteral("bias"), qsreal(bias));
-        array.setProperty(quint32(i), key);
-    }
-    return array;
+        return key;
+    });
 }
 
-QScriptValue getKeyTimes(QScriptContext *context, QScriptEngine *engine)
+QScriptValue getKeyTimes(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getKeyTimes()");
     auto *property = arguments.self<VxProperty>();
-    if (arguments.failed())
-        return arguments.error();
-    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
-    for (int i = 0; i < property->getNumKeys(); ++i)
-        array.setProperty(quint32(i), property->getKeyTimes()[i]);
-    return array;
+    return makeArray(arguments.engine(), property->getNumKeys(),
+                     [property](int i) { return property->getKeyTimes()[i]; });
 }
 
-QScriptValue getKeyValues(QScriptContext *context, QScriptEngine *engine)
+QScriptValue getKeyValues(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getKeyValues()");
     auto *property = arguments.self<VxNumericProperty>();
-    if (arguments.failed())
-        return arguments.error();
-    QScriptValue array = engine->newArray(uint(property->getNumKeys()));
-    for (int i = 0; i < property->getNumKeys(); ++i)
-        array.setProperty(quint32(i), property->getKeyDoubleValue(i));
-    return array;
+    return makeArray(arguments.engine(), property->getNumKeys(),
+                     [property](int i) { return property->getKeyDoubleValue(i); });
 }
 
 /// Sets keys of a property of either kind; range null merges, else replaces the keys within.
@@ -206,31 +191,23 @@ bool putKeys(VxNumericProperty *property, const QVector<ScriptKey> &keys, const 
     return range ? whole->replaceKeys(*range, columns) : whole->setKeys(columns);
 }
 
-QScriptValue setKeys(QScriptContext *context, QScriptEngine *)
+QScriptValue setKeys(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setKeys()");
     auto *property = arguments.self<VxNumericProperty>();
-    const QVector<ScriptKey> keys = readKeys(arguments, 0);
-    if (arguments.failed())
-        return arguments.error();
-    return putKeys(property, keys, nullptr);
+    return putKeys(property, readKeys(arguments, 0), nullptr);
 }
 
-QScriptValue replaceKeys(QScriptContext *context, QScriptEngine *)
+QScriptValue replaceKeys(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "replaceKeys()");
     auto *property = arguments.self<VxNumericProperty>();
     const int start = arguments.integer(0, "start");
     const VxTimeRange range(start, arguments.integer(1, "end"));
     const QVector<ScriptKey> keys = readKeys(arguments, 2);
-    if (arguments.failed())
-        return arguments.error();
     return putKeys(property, keys, &range);
 }
 
-QScriptValue setKey(QScriptContext *context, QScriptEngine *)
+QScriptValue setKey(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setKey()");
     auto *property = arguments.self<VxNumericProperty>();
     const ScriptKey key{arguments.integer(0, "time"),
                         arguments.number(1, "value"),
@@ -238,139 +215,96 @@ QScriptValue setKey(QScriptContext *context, QScriptEngine *)
                         {static_cast<float>(arguments.number(3, "tension", 0.0)),
                          static_cast<float>(arguments.number(4, "continuity", 0.0)),
                          static_cast<float>(arguments.number(5, "bias", 0.0))}};
-    if (!arguments.failed() && (key.type < 0 || key.type > 2))
+    if (key.type < 0 || key.type > 2)
         arguments.fail(
             ScriptText::tr("expects 0, 1 or 2 as argument 3 (type), not %1").arg(key.type));
-    if (arguments.failed())
-        return arguments.error();
     return putKeys(property, {key}, nullptr);
 }
 
-QScriptValue deleteKeys(QScriptContext *context, QScriptEngine *)
+QScriptValue deleteKeys(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "deleteKeys()");
     auto *property = arguments.self<VxProperty>();
     const int start = arguments.integer(0, "start");
     const int end = arguments.integer(1, "end", start);
-    if (arguments.failed())
-        return arguments.error();
     return property->deleteKeys(VxTimeRange(start, end));
 }
 
-QScriptValue moveKeys(QScriptContext *context, QScriptEngine *)
+QScriptValue moveKeys(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "moveKeys()");
     auto *property = arguments.self<VxNumericProperty>();
     const QVector<int> indexes = arguments.integers(0, "indexes");
     const QVector<int> times = arguments.integers(1, "times");
-    if (arguments.failed())
-        return arguments.error();
     return property->moveKeys(indexes, times);
 }
 
-QScriptValue setKeyInterpolation(QScriptContext *context, QScriptEngine *)
+QScriptValue setKeyInterpolation(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setKeyInterpolation()");
     auto *property = arguments.self<VxFloatProperty>();
     const int index = arguments.integer(0, "index");
     const int type = arguments.integer(1, "type");
     const auto tension = static_cast<float>(arguments.number(2, "tension", 0.0));
     const auto continuity = static_cast<float>(arguments.number(3, "continuity", 0.0));
     const auto bias = static_cast<float>(arguments.number(4, "bias", 0.0));
-    if (arguments.failed())
-        return arguments.error();
     return property->setKeyInterpolation(index, type, tension, continuity, bias);
 }
 
-QScriptValue getValue(QScriptContext *context, QScriptEngine *)
+QScriptValue getValue(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getValue()");
     auto *property = arguments.self<VxProperty>();
     const int time = arguments.integer(0, "time", vxCurrentTime());
-    if (arguments.failed())
-        return arguments.error();
     if (auto *text = qobject_cast<VxStringProperty *>(property))
         return text->getValue();
     auto *number = qobject_cast<VxNumericProperty *>(property);
     return number ? QScriptValue(number->getDoubleValue(time)) : QScriptValue();
 }
 
-QScriptValue setValue(QScriptContext *context, QScriptEngine *)
+QScriptValue setValue(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setValue()");
     auto *property = arguments.self<VxNumericProperty>();
     const double value = arguments.number(0, "value");
     const int time = arguments.integer(1, "time", vxCurrentTime());
-    if (arguments.failed())
-        return arguments.error();
     return property->setDoubleValue(time, value);
 }
 
-QScriptValue setLink(QScriptContext *context, QScriptEngine *)
+QScriptValue setLink(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setLink()");
     auto *property = arguments.self<VxNumericProperty>();
-    const bool none = arguments.has(0) && context->argument(0).isNull();
-    auto *target = none ? nullptr : arguments.object<VxNumericProperty>(0, "property");
-    const bool terminal = arguments.has(1) && arguments.boolean(1, "terminal");
+    auto *target = arguments.objectOrNull<VxNumericProperty>(0, "property");
+    const bool terminal = arguments.boolean(1, "terminal", false);
     const double factor = arguments.number(2, "factor", 1.0);
     const double offset = arguments.number(3, "offset", 0.0);
-    if (arguments.failed())
-        return arguments.error();
     return property->setLink(target, terminal, factor, offset);
 }
 
-QScriptValue setAlias(QScriptContext *context, QScriptEngine *)
+QScriptValue setAlias(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "setAlias()");
     auto *property = arguments.self<VxProperty>();
-    const bool none = arguments.has(0) && context->argument(0).isNull();
-    auto *target = none ? nullptr : arguments.object<VxProperty>(0, "property");
-    if (arguments.failed())
-        return arguments.error();
-    return property->setAliasedProperty(target);
+    return property->setAliasedProperty(arguments.objectOrNull<VxProperty>(0, "property"));
 }
 
-QScriptValue getAliasedProperty(QScriptContext *context, QScriptEngine *engine)
+/// The object that a function returns for the property.
+template <auto get> QScriptValue relative(ScriptArguments &arguments)
 {
-    ScriptArguments arguments(context, "getAliasedProperty()");
-    auto *property = arguments.self<VxProperty>();
-    return arguments.failed() ? arguments.error()
-                              : toScript(engine, property->getAliasedProperty());
-}
-
-QScriptValue getOwner(QScriptContext *context, QScriptEngine *engine)
-{
-    ScriptArguments arguments(context, "getOwner()");
-    auto *property = arguments.self<VxProperty>();
-    return arguments.failed() ? arguments.error() : toScript(engine, property->getOwner());
-}
-
-QScriptValue getNode(QScriptContext *context, QScriptEngine *engine)
-{
-    ScriptArguments arguments(context, "getNode()");
-    auto *property = arguments.self<VxProperty>();
-    return arguments.failed() ? arguments.error()
-                              : toScript(engine, VxPropertyHelper::getNode(property));
+    return toScript(arguments.engine(), std::invoke(get, arguments.self<VxProperty>()));
 }
 
 const ScriptFunction propertyFunctions[] = {
-    {"getKeys", getKeys, 0},
-    {"getKeyTimes", getKeyTimes, 0},
-    {"getKeyValues", getKeyValues, 0},
-    {"setKeys", setKeys, 1},
-    {"replaceKeys", replaceKeys, 3},
-    {"setKey", setKey, 6},
-    {"deleteKeys", deleteKeys, 2},
-    {"moveKeys", moveKeys, 2},
-    {"setKeyInterpolation", setKeyInterpolation, 5},
-    {"getValue", getValue, 1},
-    {"setValue", setValue, 2},
-    {"setLink", setLink, 4},
-    {"setAlias", setAlias, 1},
-    {"getAliasedProperty", getAliasedProperty, 0},
-    {"getOwner", getOwner, 0},
-    {"getNode", getNode, 0},
+    {"getKeys()", getKeys, 0},
+    {"getKeyTimes()", getKeyTimes, 0},
+    {"getKeyValues()", getKeyValues, 0},
+    {"setKeys()", setKeys, 1},
+    {"replaceKeys()", replaceKeys, 3},
+    {"setKey()", setKey, 6},
+    {"deleteKeys()", deleteKeys, 2},
+    {"moveKeys()", moveKeys, 2},
+    {"setKeyInterpolation()", setKeyInterpolation, 5},
+    {"getValue()", getValue, 1},
+    {"setValue()", setValue, 2},
+    {"setLink()", setLink, 4},
+    {"setAlias()", setAlias, 1},
+    {"getAliasedProperty()", relative<&VxProperty::getAliasedProperty>, 0},
+    {"getOwner()", relative<&VxProperty::getOwner>, 0},
+    {"getNode()", relative<&VxPropertyHelper::getNode>, 0},
 };
 
 } // namespace
