@@ -6,7 +6,6 @@
 #include <vxcore/vxscene.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/accessiblekey.h"
 #include "vxtimeline/keys/accessiblepool.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
@@ -197,11 +196,6 @@ bool AccessibleRow::isValid() const
     return m_sheet && m_item;
 }
 
-QObject *AccessibleRow::object() const
-{
-    return nullptr;
-}
-
 QWindow *AccessibleRow::window() const
 {
     return isValid() ? m_sheet->window()->windowHandle() : nullptr;
@@ -270,12 +264,6 @@ QString AccessibleRow::text(QAccessible::Text kind) const
         .arg(AccessibleKeys::description(*AccessibleSheet::keysOf(m_sheet, m_item)));
 }
 
-void AccessibleRow::setText(QAccessible::Text kind, const QString &text)
-{
-    Q_UNUSED(kind)
-    Q_UNUSED(text)
-}
-
 QRect AccessibleRow::rect() const
 {
     if (!isValid())
@@ -321,12 +309,6 @@ QAccessible::State AccessibleRow::state() const
     return state;
 }
 
-void *AccessibleRow::interface_cast(QAccessible::InterfaceType type)
-{
-    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this)
-                                                : nullptr;
-}
-
 QStringList AccessibleRow::actionNames() const
 {
     QStringList names{pressAction(), setFocusAction(), AccessibleKeyList::selectAction(),
@@ -358,10 +340,4 @@ void AccessibleRow::doAction(const QString &name)
         AccessibleKeys::changeAll(*AccessibleSheet::keysOf(view, m_item),
                                   AccessibleKeys::Change::Deselect);
     }
-}
-
-QStringList AccessibleRow::keyBindingsForAction(const QString &name) const
-{
-    Q_UNUSED(name)
-    return {};
 }

@@ -5,7 +5,7 @@
 #include <QtWidgets/QAccessibleWidget>
 
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/keys/accessiblekeys.h"
+#include "vxtimeline/keys/accessiblekey.h"
 
 class VxDopeSheetView;
 
@@ -34,7 +34,7 @@ private:
 };
 
 // A row: its list of keys, and when it is open the rows below it.
-class AccessibleRow : public QAccessibleInterface, public QAccessibleActionInterface
+class AccessibleRow : public AccessiblePart
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleRow)
 public:
@@ -43,7 +43,6 @@ public:
     VxDopeSheetItem *item() const { return m_item; }
 
     bool isValid() const override;
-    QObject *object() const override;
     QWindow *window() const override;
     QAccessibleInterface *parent() const override;
     QAccessibleInterface *child(int index) const override;
@@ -51,17 +50,14 @@ public:
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
     QString text(QAccessible::Text kind) const override;
-    void setText(QAccessible::Text kind, const QString &text) override;
     QRect rect() const override;
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
-    void *interface_cast(QAccessible::InterfaceType type) override;
 
     // Press selects the row, Toggle opens or closes it; further ones select all of its keys or
     // none, and scroll to it and make it the current row.
     QStringList actionNames() const override;
     void doAction(const QString &name) override;
-    QStringList keyBindingsForAction(const QString &name) const override;
 
 private:
     bool canOpen() const;

@@ -60,21 +60,10 @@ bool GraphCursorRows::move(int rows)
     return to != from;
 }
 
-// A channel has no place of its own.
-QRect GraphCursorRows::rect()
-{
-    return QRect();
-}
-
 void GraphCursorRows::reveal(int key)
 {
     if (key >= 0 && row()->keyRect(key).isEmpty())
         m_view->frameKeys();
-}
-
-void GraphCursorRows::setOpen(bool open)
-{
-    Q_UNUSED(open)
 }
 
 void GraphCursorRows::setAnchor()

@@ -20,9 +20,7 @@ public:
     AccessibleKeys::Source row() override;
     bool showsKeys() override;
     bool move(int rows) override;
-    QRect rect() override;
     void reveal(int key) override;
-    void setOpen(bool open) override;
     void setAnchor() override;
     std::vector<AccessibleKeys::Source> fromAnchor() override;
 

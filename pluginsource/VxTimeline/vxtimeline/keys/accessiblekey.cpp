@@ -18,11 +18,6 @@ bool AccessibleKeyList::isValid() const
     return m_source->isValid();
 }
 
-QObject *AccessibleKeyList::object() const
-{
-    return nullptr;
-}
-
 QWindow *AccessibleKeyList::window() const
 {
     return isValid() ? m_source->window() : nullptr;
@@ -65,12 +60,6 @@ QString AccessibleKeyList::text(QAccessible::Text kind) const
     return kind == QAccessible::Description ? AccessibleKeys::description(*m_source) : QString();
 }
 
-void AccessibleKeyList::setText(QAccessible::Text kind, const QString &text)
-{
-    Q_UNUSED(kind)
-    Q_UNUSED(text)
-}
-
 QRect AccessibleKeyList::rect() const
 {
     return isValid() ? m_source->rect() : QRect();
@@ -90,12 +79,6 @@ QAccessible::State AccessibleKeyList::state() const
     return state;
 }
 
-void *AccessibleKeyList::interface_cast(QAccessible::InterfaceType type)
-{
-    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this)
-                                                : nullptr;
-}
-
 QStringList AccessibleKeyList::actionNames() const
 {
     return {selectAction(), deselectAction()};
@@ -111,12 +94,6 @@ void AccessibleKeyList::doAction(const QString &name)
         AccessibleKeys::changeAll(*m_source, AccessibleKeys::Change::Deselect);
 }
 
-QStringList AccessibleKeyList::keyBindingsForAction(const QString &name) const
-{
-    Q_UNUSED(name)
-    return {};
-}
-
 AccessibleKey::AccessibleKey(AccessibleKeys::Source source, int index)
     : m_source(std::move(source))
     , m_index(index)
@@ -128,11 +105,6 @@ bool AccessibleKey::isValid() const
     return m_source->isValid() && m_index < m_source->count();
 }
 
-QObject *AccessibleKey::object() const
-{
-    return nullptr;
-}
-
 QWindow *AccessibleKey::window() const
 {
     return isValid() ? m_source->window() : nullptr;
@@ -141,30 +113,6 @@ QWindow *AccessibleKey::window() const
 QAccessibleInterface *AccessibleKey::parent() const
 {
     return AccessibleKeys::listOf(m_source);
-}
-
-QAccessibleInterface *AccessibleKey::child(int index) const
-{
-    Q_UNUSED(index)
-    return nullptr;
-}
-
-QAccessibleInterface *AccessibleKey::childAt(int x, int y) const
-{
-    Q_UNUSED(x)
-    Q_UNUSED(y)
-    return nullptr;
-}
-
-int AccessibleKey::childCount() const
-{
-    return 0;
-}
-
-int AccessibleKey::indexOfChild(const QAccessibleInterface *child) const
-{
-    Q_UNUSED(child)
-    return -1;
 }
 
 QString AccessibleKey::text(QAccessible::Text kind) const
@@ -217,11 +165,9 @@ QAccessible::State AccessibleKey::state() const
 
 void *AccessibleKey::interface_cast(QAccessible::InterfaceType type)
 {
-    if (type == QAccessible::ActionInterface)
-        return static_cast<QAccessibleActionInterface *>(this);
     if (type == QAccessible::ValueInterface && isValid() && m_source->property())
         return static_cast<QAccessibleValueInterface *>(this);
-    return nullptr;
+    return AccessiblePart::interface_cast(type);
 }
 
 QStringList AccessibleKey::actionNames() const
@@ -239,12 +185,6 @@ void AccessibleKey::doAction(const QString &name)
         AccessibleKeys::changeKey(*m_source, m_index, AccessibleKeys::Change::Toggle);
     else if (name == timeAction())
         vxScene->setTime(m_source->time(m_index));
-}
-
-QStringList AccessibleKey::keyBindingsForAction(const QString &name) const
-{
-    Q_UNUSED(name)
-    return {};
 }
 
 QVariant AccessibleKey::currentValue() const

@@ -3,8 +3,28 @@
 
 #include "vxtimeline/keys/accessiblekeys.h"
 
+// Base of the objects that are no widgets: rows, lists of keys and keys. They have actions, and
+// unless a class overrides it no children.
+class AccessiblePart : public QAccessibleInterface, public QAccessibleActionInterface
+{
+public:
+    QObject *object() const override { return nullptr; }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    void setText(QAccessible::Text, const QString &) override {}
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface
+                   ? static_cast<QAccessibleActionInterface *>(this)
+                   : nullptr;
+    }
+    QStringList keyBindingsForAction(const QString &) const override { return {}; }
+};
+
 // A list of keys: that of a row, or a channel. Its actions select all of them, or none.
-class AccessibleKeyList : public QAccessibleInterface, public QAccessibleActionInterface
+class AccessibleKeyList : public AccessiblePart
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleKeys)
 public:
@@ -15,7 +35,6 @@ public:
     static QString deselectAction() { return tr("Deselect Keys"); }
 
     bool isValid() const override;
-    QObject *object() const override;
     QWindow *window() const override;
     QAccessibleInterface *parent() const override;
     QAccessibleInterface *child(int index) const override;
@@ -23,15 +42,12 @@ public:
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
     QString text(QAccessible::Text kind) const override;
-    void setText(QAccessible::Text kind, const QString &text) override;
     QRect rect() const override;
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
-    void *interface_cast(QAccessible::InterfaceType type) override;
 
     QStringList actionNames() const override;
     void doAction(const QString &name) override;
-    QStringList keyBindingsForAction(const QString &name) const override;
 
 private:
     AccessibleKeys::Source m_source;
@@ -39,9 +55,7 @@ private:
 
 // A key: its time as its name, its value as the value, its type as the description. The number is
 // that of the key at present; a key that moves past another changes places with it.
-class AccessibleKey : public QAccessibleInterface,
-                      public QAccessibleActionInterface,
-                      public QAccessibleValueInterface
+class AccessibleKey : public AccessiblePart, public QAccessibleValueInterface
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleKeys)
 public:
@@ -51,13 +65,8 @@ public:
     const AccessibleKeySource &source() const { return *m_source; }
 
     bool isValid() const override;
-    QObject *object() const override;
     QWindow *window() const override;
     QAccessibleInterface *parent() const override;
-    QAccessibleInterface *child(int index) const override;
-    QAccessibleInterface *childAt(int x, int y) const override;
-    int childCount() const override;
-    int indexOfChild(const QAccessibleInterface *child) const override;
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text kind, const QString &text) override;
     QRect rect() const override;
@@ -69,7 +78,6 @@ public:
     // the scene's time.
     QStringList actionNames() const override;
     void doAction(const QString &name) override;
-    QStringList keyBindingsForAction(const QString &name) const override;
     static QString timeAction() { return tr("Go to Key"); }
 
     // Only of a property's key. Setting a value is one undo entry; a locked property refuses it.

@@ -78,8 +78,6 @@ void applySelection(const VxKeySelectionEntries &entries, AccessibleKeys::Change
 
 } // namespace
 
-AccessibleKeySource::~AccessibleKeySource() = default;
-
 QAccessibleInterface *AccessibleKeys::listOf(const Source &source)
 {
     if (!source->isValid())

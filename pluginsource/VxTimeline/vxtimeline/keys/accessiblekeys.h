@@ -15,7 +15,7 @@ class VxProperty;
 class AccessibleKeySource
 {
 public:
-    virtual ~AccessibleKeySource();
+    virtual ~AccessibleKeySource() = default;
 
     // False once the row or channel was removed; nothing else may be called then.
     virtual bool isValid() const = 0;

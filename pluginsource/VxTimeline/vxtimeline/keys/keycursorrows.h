@@ -12,7 +12,7 @@ class QWidget;
 class KeyCursorRows
 {
 public:
-    virtual ~KeyCursorRows();
+    virtual ~KeyCursorRows() = default;
 
     // The widget in which the rows are painted.
     virtual QWidget *area() const = 0;
@@ -23,12 +23,12 @@ public:
     virtual bool showsKeys() = 0;
     // Moves by a number of rows, as far as there are any; false when the row stays.
     virtual bool move(int rows) = 0;
-    // The row in global pixels; empty when it is not visible.
-    virtual QRect rect() = 0;
+    // The row in global pixels; empty when it is not visible or has no place of its own.
+    virtual QRect rect() { return QRect(); }
     // Scrolls to the row, and in the key graph to the values of a key of it; -1 for none.
     virtual void reveal(int key) = 0;
     // Opens or closes the row; nothing for a row without rows below it.
-    virtual void setOpen(bool open) = 0;
+    virtual void setOpen(bool) {}
 
     // Remembers the present row as the beginning of a selection.
     virtual void setAnchor() = 0;

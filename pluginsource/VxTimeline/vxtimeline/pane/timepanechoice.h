@@ -17,7 +17,7 @@ public:
         PropertyTypeFamily      // value: one flag of VxTimePane::PropertyType
     };
 
-    virtual ~TimePaneChoice();
+    virtual ~TimePaneChoice() = default;
 
     virtual Family family() const = 0;
     // The value within the family, as the number of the pane's enumeration.

@@ -15,21 +15,26 @@ double frameOf(VxTime time)
     return double(time) / vxScene->getTimeStep();
 }
 
-// The nearest whole frame within a range of times.
-bool readFrame(const QVariant &value, double low, double high, VxTime *time)
+} // namespace
+
+void *AccessibleFrames::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                               : QAccessibleWidget::interface_cast(type);
+}
+
+void AccessibleFrames::setCurrentValue(const QVariant &value)
 {
     bool isNumber = false;
     const double frame = value.toDouble(&isNumber);
     if (!isNumber || !std::isfinite(frame))
-        return false;
-    *time = VxTime(std::round(qBound(low, frame, high)) * vxScene->getTimeStep());
-    return true;
+        return;
+    const double limited = qBound(minimumValue().toDouble(), frame, maximumValue().toDouble());
+    setTime(VxTime(std::round(limited) * vxScene->getTimeStep()));
 }
 
-} // namespace
-
 AccessiblePlayhead::AccessiblePlayhead(VxPlayheadWgt *playhead)
-    : QAccessibleWidget(playhead, QAccessible::Indicator)
+    : AccessibleFrames(playhead, QAccessible::Indicator)
 {
 }
 
@@ -42,22 +47,14 @@ QString AccessiblePlayhead::text(QAccessible::Text kind) const
                : QString();
 }
 
-void *AccessiblePlayhead::interface_cast(QAccessible::InterfaceType type)
-{
-    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
-                                               : QAccessibleWidget::interface_cast(type);
-}
-
 QVariant AccessiblePlayhead::currentValue() const
 {
     return frameOf(vxScene->getTime());
 }
 
-void AccessiblePlayhead::setCurrentValue(const QVariant &value)
+void AccessiblePlayhead::setTime(VxTime time)
 {
-    VxTime time = 0;
-    if (readFrame(value, minimumValue().toDouble(), maximumValue().toDouble(), &time))
-        vxScene->setTime(time);
+    vxScene->setTime(time);
 }
 
 QVariant AccessiblePlayhead::maximumValue() const
@@ -70,13 +67,8 @@ QVariant AccessiblePlayhead::minimumValue() const
     return std::ceil(frameOf(vxScene->getAnimRange().getStart()));
 }
 
-QVariant AccessiblePlayhead::minimumStepSize() const
-{
-    return 1.0;
-}
-
 AccessibleTimeRange::AccessibleTimeRange(VxTimeRangeSlider *slider)
-    : QAccessibleWidget(slider, QAccessible::Slider)
+    : AccessibleFrames(slider, QAccessible::Slider)
 {
 }
 
@@ -92,24 +84,15 @@ QString AccessibleTimeRange::text(QAccessible::Text kind) const
              VxSceneTimeDisplay::labelOf(vxScene, range.getEnd()));
 }
 
-void *AccessibleTimeRange::interface_cast(QAccessible::InterfaceType type)
-{
-    return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
-                                               : QAccessibleWidget::interface_cast(type);
-}
-
 QVariant AccessibleTimeRange::currentValue() const
 {
     return frameOf(vxScene->getPlayRange().getStart());
 }
 
 // As a drag of the bar does it.
-void AccessibleTimeRange::setCurrentValue(const QVariant &value)
+void AccessibleTimeRange::setTime(VxTime start)
 {
     const VxTimeRange range = vxScene->getPlayRange();
-    VxTime start = 0;
-    if (!readFrame(value, minimumValue().toDouble(), maximumValue().toDouble(), &start))
-        return;
     vxScene->setPlayRange(
         TimeRangeMath::dragged(TimeRangeMath::Part::Body, range, start - range.getStart(),
                                vxScene->getAnimRange().getDuration(), vxScene->getTimeStep()));
@@ -125,9 +108,4 @@ QVariant AccessibleTimeRange::maximumValue() const
 QVariant AccessibleTimeRange::minimumValue() const
 {
     return 0.0;
-}
-
-QVariant AccessibleTimeRange::minimumStepSize() const
-{
-    return 1.0;
 }

@@ -1,3 +1,0 @@
-#include "vxtimeline/keys/keycursorrows.h"
-
-KeyCursorRows::~KeyCursorRows() = default;

@@ -1,3 +1,0 @@
-#include "vxtimeline/pane/timepanechoice.h"
-
-TimePaneChoice::~TimePaneChoice() = default;
