@@ -290,7 +290,9 @@ bool KeyStore<V>::move(const QVector<int> &indexes, const QVector<VxTime> &newTi
     return true;
 }
 
-template <class V> bool KeyStore<V>::setShape(const QVector<int> &indexes, const VxKeyShape &shape)
+template <class V>
+template <class Change>
+bool KeyStore<V>::edit(const QVector<int> &indexes, const Change &change)
 {
     if (indexes.isEmpty())
         return true;
@@ -298,40 +300,34 @@ template <class V> bool KeyStore<V>::setShape(const QVector<int> &indexes, const
         return false;
     const VxTimeRange span = spanOf(indexes);
     touch(span);
-    if (m_track.setShape(indexes.constData(), indexes.size(), shape) > 0)
+    if (change())
         report(span);
     return true;
+}
+
+template <class V> bool KeyStore<V>::setShape(const QVector<int> &indexes, const VxKeyShape &shape)
+{
+    return edit(indexes,
+                [&] { return m_track.setShape(indexes.constData(), indexes.size(), shape) > 0; });
 }
 
 template <class V> bool KeyStore<V>::setType(const QVector<int> &indexes, quint8 type)
 {
-    if (indexes.isEmpty())
-        return true;
-    if (!areIndexes(indexes))
-        return false;
-    const VxTimeRange span = spanOf(indexes);
-    touch(span);
-    if (m_track.setType(indexes.constData(), indexes.size(), type) > 0)
-        report(span);
-    return true;
+    return edit(indexes,
+                [&] { return m_track.setType(indexes.constData(), indexes.size(), type) > 0; });
 }
 
 template <class V> bool KeyStore<V>::setValues(const QVector<int> &indexes, const V *values)
 {
-    if (indexes.isEmpty())
+    return edit(indexes, [&] {
+        if (indexes.last() - indexes.first() == indexes.size() - 1) {
+            m_track.setValues(indexes.first(), values, indexes.size());
+        } else {
+            for (int i = 0; i < indexes.size(); ++i)
+                m_track.setValues(indexes.at(i), values + i, 1);
+        }
         return true;
-    if (!areIndexes(indexes))
-        return false;
-    const VxTimeRange span = spanOf(indexes);
-    touch(span);
-    if (indexes.last() - indexes.first() == indexes.size() - 1) {
-        m_track.setValues(indexes.first(), values, indexes.size());
-    } else {
-        for (int i = 0; i < indexes.size(); ++i)
-            m_track.setValues(indexes.at(i), values + i, 1);
-    }
-    report(span);
-    return true;
+    });
 }
 
 template <class V> void KeyStore<V>::swap(KeyDelta<V> &delta)

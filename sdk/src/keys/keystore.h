@@ -75,6 +75,8 @@ public:
 private:
     void touch(const VxTimeRange &times);
     void report(const VxTimeRange &times);
+    /// An edit of keys that keep their times; change() is false when it changed none.
+    template <class Change> bool edit(const QVector<int> &indexes, const Change &change);
     VxTimeRange spanOf(const QVector<int> &indexes) const;
     bool areIndexes(const QVector<int> &indexes) const;
 

@@ -183,13 +183,8 @@ QString VxProperty::getLabel() const
 
 void VxProperty::setLabel(const QString &label)
 {
-    if (d->label == label)
-        return;
-    vxRecordValue<VxProperty, QString>(
-        this, VxUndoLabel, [](const VxProperty *p) { return p->getLabel(); },
-        [](VxProperty *p, const QString &value) { p->setLabel(value); });
-    d->label = label;
-    d->emitTraits();
+    if (vxChange<&VxProperty::getLabel, &VxProperty::setLabel>(this, VxUndoLabel, &d->label, label))
+        d->emitTraits();
 }
 
 QString VxProperty::getPath() const
@@ -214,13 +209,9 @@ bool VxProperty::isHidden() const
 
 void VxProperty::setHidden(bool hidden)
 {
-    if (d->hidden == hidden)
-        return;
-    vxRecordValue<VxProperty, bool>(
-        this, VxUndoHidden, [](const VxProperty *p) { return p->isHidden(); },
-        [](VxProperty *p, const bool &value) { p->setHidden(value); });
-    d->hidden = hidden;
-    d->emitTraits();
+    if (vxChange<&VxProperty::isHidden, &VxProperty::setHidden>(this, VxUndoHidden, &d->hidden,
+                                                                hidden))
+        d->emitTraits();
 }
 
 bool VxProperty::isDynamicallyHidden() const
@@ -244,13 +235,9 @@ bool VxProperty::isLocked() const
 
 void VxProperty::setLocked(bool locked)
 {
-    if (d->locked == locked)
-        return;
-    vxRecordValue<VxProperty, bool>(
-        this, VxUndoLocked, [](const VxProperty *p) { return p->isLocked(); },
-        [](VxProperty *p, const bool &value) { p->setLocked(value); });
-    d->locked = locked;
-    d->emitTraits();
+    if (vxChange<&VxProperty::isLocked, &VxProperty::setLocked>(this, VxUndoLocked, &d->locked,
+                                                                locked))
+        d->emitTraits();
 }
 
 bool VxProperty::isAnimatable() const
@@ -260,13 +247,9 @@ bool VxProperty::isAnimatable() const
 
 void VxProperty::setAnimatable(bool animatable)
 {
-    if (d->animatable == animatable)
-        return;
-    vxRecordValue<VxProperty, bool>(
-        this, VxUndoAnimatable, [](const VxProperty *p) { return p->isAnimatable(); },
-        [](VxProperty *p, const bool &value) { p->setAnimatable(value); });
-    d->animatable = animatable;
-    d->emitTraits();
+    if (vxChange<&VxProperty::isAnimatable, &VxProperty::setAnimatable>(this, VxUndoAnimatable,
+                                                                        &d->animatable, animatable))
+        d->emitTraits();
 }
 
 bool VxProperty::canBeKeyed() const
@@ -288,6 +271,22 @@ void VxProperty::setExcluded(bool excluded)
     d->emitTraits();
 }
 
+template <auto get, auto set>
+bool VxProperty::Private::refer(int kind, VxPropertyDependency *reference, VxProperty *property)
+{
+    if (property == reference->get())
+        return true;
+    if (property && (property->metaObject() != q->metaObject() || !canReferTo(property)))
+        return false;
+    using Guarded = QPointer<VxProperty>;
+    vxRecordValue<VxProperty, Guarded>(
+        q, kind, [](const VxProperty *p) { return Guarded((p->*get)()); },
+        [](VxProperty *p, const Guarded &value) { (p->*set)(value); });
+    reference->set(this, property);
+    updateDependencies();
+    return true;
+}
+
 bool VxProperty::isAlias() const
 {
     return bool(d->aliased);
@@ -300,17 +299,8 @@ VxProperty *VxProperty::getAliasedProperty() const
 
 bool VxProperty::setAliasedProperty(VxProperty *property)
 {
-    if (property == d->aliased.get())
-        return true;
-    if (property && (property->metaObject() != metaObject() || !d->canReferTo(property)))
-        return false;
-    using Guarded = QPointer<VxProperty>;
-    vxRecordValue<VxProperty, Guarded>(
-        this, VxUndoAlias, [](const VxProperty *p) { return Guarded(p->getAliasedProperty()); },
-        [](VxProperty *p, const Guarded &value) { p->setAliasedProperty(value); });
-    d->aliased.set(d.get(), property);
-    d->updateDependencies();
-    return true;
+    return d->refer<&VxProperty::getAliasedProperty, &VxProperty::setAliasedProperty>(
+        VxUndoAlias, &d->aliased, property);
 }
 
 VxProperty *VxProperty::getOverridingControl() const
@@ -320,18 +310,8 @@ VxProperty *VxProperty::getOverridingControl() const
 
 bool VxProperty::setOverridingControl(VxProperty *property)
 {
-    if (property == d->overriding.get())
-        return true;
-    if (property && (property->metaObject() != metaObject() || !d->canReferTo(property)))
-        return false;
-    using Guarded = QPointer<VxProperty>;
-    vxRecordValue<VxProperty, Guarded>(
-        this, VxUndoOverride,
-        [](const VxProperty *p) { return Guarded(p->getOverridingControl()); },
-        [](VxProperty *p, const Guarded &value) { p->setOverridingControl(value); });
-    d->overriding.set(d.get(), property);
-    d->updateDependencies();
-    return true;
+    return d->refer<&VxProperty::getOverridingControl, &VxProperty::setOverridingControl>(
+        VxUndoOverride, &d->overriding, property);
 }
 
 VxProperty *VxProperty::getKeyHolder() const

@@ -72,6 +72,10 @@ public:
     /// False when a reference to target would close a cycle or make a chain of references longer
     /// than MaxReferenceChain.
     bool canReferTo(const VxProperty *target) const;
+    /// Sets the alias or the overriding control, recorded; get and set are the property's functions
+    /// for it. False when the kinds differ or the reference is not possible.
+    template <auto get, auto set>
+    bool refer(int kind, VxPropertyDependency *reference, VxProperty *property);
     /// Clears the references of all dependents: the property is being destroyed.
     void releaseDependents();
     /// The target of the link; only numeric properties have links.

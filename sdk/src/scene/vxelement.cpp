@@ -177,15 +177,10 @@ QString VxElement::getLabel() const
 
 void VxElement::setLabel(const QString &label)
 {
-    if (d->label == label)
+    if (!vxChange<&VxElement::getLabel, &VxElement::setLabel>(this, VxUndoElementLabel, &d->label,
+                                                              label, d->findScene()))
         return;
-    if (d->findScene()) {
-        vxRecordValue<VxElement, QString>(
-            this, VxUndoElementLabel, [](const VxElement *e) { return e->getLabel(); },
-            [](VxElement *e, const QString &value) { e->setLabel(value); });
-    }
     const DeferredDeletion hold;
-    d->label = label;
     Q_EMIT labelChanged(label);
 }
 

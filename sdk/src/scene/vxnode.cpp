@@ -19,12 +19,10 @@ bool isFinite(const QVector3D &point)
 
 } // namespace
 
-template <class Value>
-void VxNode::Private::record(int kind, Value (*get)(const VxNode *),
-                             void (*set)(VxNode *, const Value &))
+template <auto get, auto set, class Value>
+bool VxNode::Private::change(int kind, Value *member, const Value &value)
 {
-    if (scene)
-        vxRecordValue<VxNode, Value>(self(), kind, get, set);
+    return vxChange<get, set>(self(), kind, member, value, scene != nullptr);
 }
 
 VxNode::VxNode(const QString &name)
@@ -276,13 +274,10 @@ bool VxNode::isSelectable() const
 
 void VxNode::setSelectable(bool selectable)
 {
-    if (priv()->selectable == selectable)
+    if (!priv()->change<&VxNode::isSelectable, &VxNode::setSelectable>(
+            VxUndoNodeSelectable, &priv()->selectable, selectable))
         return;
-    priv()->record<bool>(
-        VxUndoNodeSelectable, [](const VxNode *n) { return n->isSelectable(); },
-        [](VxNode *n, const bool &value) { n->setSelectable(value); });
     const DeferredDeletion hold;
-    priv()->selectable = selectable;
     if (!selectable)
         select(false);
 }
@@ -294,13 +289,10 @@ bool VxNode::isVisible() const
 
 void VxNode::setVisible(bool visible)
 {
-    if (priv()->visible == visible)
+    if (!priv()->change<&VxNode::isVisible, &VxNode::setVisible>(VxUndoNodeVisible,
+                                                                 &priv()->visible, visible))
         return;
-    priv()->record<bool>(
-        VxUndoNodeVisible, [](const VxNode *n) { return n->isVisible(); },
-        [](VxNode *n, const bool &value) { n->setVisible(value); });
     const DeferredDeletion hold;
-    priv()->visible = visible;
     Q_EMIT visibleChanged(visible);
     if (VxScene *scene = getScene())
         Q_EMIT scene->nodeVisibleChanged(this, visible);
@@ -314,13 +306,8 @@ bool VxNode::isIkNode() const
 
 void VxNode::setIkNode(bool ik)
 {
-    if (priv()->ik == ik)
-        return;
-    priv()->record<bool>(
-        VxUndoNodeIk, [](const VxNode *n) { return n->isIkNode(); },
-        [](VxNode *n, const bool &value) { n->setIkNode(value); });
-    priv()->ik = ik;
-    priv()->touchView();
+    if (priv()->change<&VxNode::isIkNode, &VxNode::setIkNode>(VxUndoNodeIk, &priv()->ik, ik))
+        priv()->touchView();
 }
 
 bool VxNode::isPinned() const
@@ -330,13 +317,9 @@ bool VxNode::isPinned() const
 
 void VxNode::setPinned(bool pinned)
 {
-    if (priv()->pinned == pinned)
-        return;
-    priv()->record<bool>(
-        VxUndoNodePinned, [](const VxNode *n) { return n->isPinned(); },
-        [](VxNode *n, const bool &value) { n->setPinned(value); });
-    priv()->pinned = pinned;
-    priv()->touchView();
+    if (priv()->change<&VxNode::isPinned, &VxNode::setPinned>(VxUndoNodePinned, &priv()->pinned,
+                                                              pinned))
+        priv()->touchView();
 }
 
 VxNode::RotationOrder VxNode::getRotationOrder() const
@@ -350,13 +333,9 @@ void VxNode::setRotationOrder(RotationOrder order)
         qWarning("VxNode::setRotationOrder(): %d is not a rotation order", int(order));
         return;
     }
-    if (priv()->rotationOrder == order)
-        return;
-    priv()->record<RotationOrder>(
-        VxUndoNodeRotationOrder, [](const VxNode *n) { return n->getRotationOrder(); },
-        [](VxNode *n, const RotationOrder &value) { n->setRotationOrder(value); });
-    priv()->rotationOrder = order;
-    priv()->touchView();
+    if (priv()->change<&VxNode::getRotationOrder, &VxNode::setRotationOrder>(
+            VxUndoNodeRotationOrder, &priv()->rotationOrder, order))
+        priv()->touchView();
 }
 
 QVector3D VxNode::getOrigin() const
@@ -371,13 +350,9 @@ void VxNode::setOrigin(const QVector3D &origin)
                  qUtf8Printable(getName()));
         return;
     }
-    if (priv()->origin == origin)
-        return;
-    priv()->record<QVector3D>(
-        VxUndoNodeOrigin, [](const VxNode *n) { return n->getOrigin(); },
-        [](VxNode *n, const QVector3D &value) { n->setOrigin(value); });
-    priv()->origin = origin;
-    priv()->touchView();
+    if (priv()->change<&VxNode::getOrigin, &VxNode::setOrigin>(VxUndoNodeOrigin, &priv()->origin,
+                                                               origin))
+        priv()->touchView();
 }
 
 QVector3D VxNode::getEndPoint() const
@@ -392,13 +367,9 @@ void VxNode::setEndPoint(const QVector3D &endPoint)
                  qUtf8Printable(getName()));
         return;
     }
-    if (priv()->endPoint == endPoint)
-        return;
-    priv()->record<QVector3D>(
-        VxUndoNodeEndPoint, [](const VxNode *n) { return n->getEndPoint(); },
-        [](VxNode *n, const QVector3D &value) { n->setEndPoint(value); });
-    priv()->endPoint = endPoint;
-    priv()->touchView();
+    if (priv()->change<&VxNode::getEndPoint, &VxNode::setEndPoint>(VxUndoNodeEndPoint,
+                                                                   &priv()->endPoint, endPoint))
+        priv()->touchView();
 }
 
 const std::optional<VxRestPose> &VxNode::getRestPose() const
@@ -414,12 +385,8 @@ void VxNode::setRestPose(const std::optional<VxRestPose> &restPose)
                  qUtf8Printable(getName()));
         return;
     }
-    if (priv()->restPose == restPose)
-        return;
-    priv()->record<std::optional<VxRestPose>>(
-        VxUndoNodeRestPose, [](const VxNode *n) { return n->getRestPose(); },
-        [](VxNode *n, const std::optional<VxRestPose> &value) { n->setRestPose(value); });
-    priv()->restPose = restPose;
+    priv()->change<&VxNode::getRestPose, &VxNode::setRestPose>(VxUndoNodeRestPose,
+                                                               &priv()->restPose, restPose);
 }
 
 VxRestPose VxNode::getRestValues() const

@@ -30,9 +30,10 @@ public:
     const NodeControls &allControls();
 
     VxNode *self() const { return static_cast<VxNode *>(q); }
-    /// Records a plain value for undo when the node is in a scene. kind is a VxSceneUndoKind.
-    template <class Value>
-    void record(int kind, Value (*get)(const VxNode *), void (*set)(VxNode *, const Value &));
+    /// Changes a plain value by vxChange(), recorded when the node is in a scene. kind is a
+    /// VxSceneUndoKind.
+    template <auto get, auto set, class Value>
+    bool change(int kind, Value *member, const Value &value);
     /// Notifies the scene that its views need repainting.
     void touchView();
     /// Replaces the object by another one, which has no owner, or by null, and reports it. Returns

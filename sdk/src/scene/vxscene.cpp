@@ -288,13 +288,9 @@ void VxScene::clear()
 
 void VxScene::setTime(int time)
 {
-    if (d->time == time)
+    if (!vxChange<&VxScene::getTime, &VxScene::setTime>(this, VxUndoSceneTime, &d->time, time))
         return;
-    vxRecordValue<VxScene, VxTime>(
-        this, VxUndoSceneTime, [](const VxScene *s) { return s->getTime(); },
-        [](VxScene *s, const VxTime &value) { s->setTime(value); });
     // The playback is updated first: receivers of the signal find it in the new state.
-    d->time = time;
     d->playback.handleTimeSet();
     VxFloatProperty::dropTransientValues();
     d->touchView();
@@ -304,12 +300,9 @@ void VxScene::setTime(int time)
 void VxScene::setTimeStep(int ticksPerFrame)
 {
     const VxTime step = std::max(1, ticksPerFrame);
-    if (d->timeStep == step)
+    if (!vxChange<&VxScene::getTimeStep, &VxScene::setTimeStep>(this, VxUndoSceneTimeStep,
+                                                                &d->timeStep, step))
         return;
-    vxRecordValue<VxScene, VxTime>(
-        this, VxUndoSceneTimeStep, [](const VxScene *s) { return s->getTimeStep(); },
-        [](VxScene *s, const VxTime &value) { s->setTimeStep(value); });
-    d->timeStep = step;
     d->playback.handleSettingsChanged();
     Q_EMIT timeStepChanged(step);
 }
@@ -317,12 +310,9 @@ void VxScene::setTimeStep(int ticksPerFrame)
 void VxScene::setPlayRange(const VxTimeRange &range)
 {
     const VxTimeRange valid = Private::ordered(range);
-    if (d->playRange == valid)
+    if (!vxChange<&VxScene::getPlayRange, &VxScene::setPlayRange>(this, VxUndoScenePlayRange,
+                                                                  &d->playRange, valid))
         return;
-    vxRecordValue<VxScene, VxTimeRange>(
-        this, VxUndoScenePlayRange, [](const VxScene *s) { return s->getPlayRange(); },
-        [](VxScene *s, const VxTimeRange &value) { s->setPlayRange(value); });
-    d->playRange = valid;
     d->playback.handleSettingsChanged();
     Q_EMIT playRangeChanged(valid);
 }
@@ -330,12 +320,9 @@ void VxScene::setPlayRange(const VxTimeRange &range)
 void VxScene::setAnimRange(const VxTimeRange &range)
 {
     const VxTimeRange valid = Private::ordered(range);
-    if (d->animRange == valid)
+    if (!vxChange<&VxScene::getAnimRange, &VxScene::setAnimRange>(this, VxUndoSceneAnimRange,
+                                                                  &d->animRange, valid))
         return;
-    vxRecordValue<VxScene, VxTimeRange>(
-        this, VxUndoSceneAnimRange, [](const VxScene *s) { return s->getAnimRange(); },
-        [](VxScene *s, const VxTimeRange &value) { s->setAnimRange(value); });
-    d->animRange = valid;
     Q_EMIT animRangeChanged(valid);
 }
 

@@ -67,11 +67,7 @@ const VxTimeDisplay &VxSceneTimeDisplay::display() const
 
 void VxSceneTimeDisplay::setDisplay(const VxTimeDisplay &display)
 {
-    if (display == d->display)
-        return;
-    vxRecordValue<VxSceneTimeDisplay, VxTimeDisplay>(
-        this, VxUndoSceneTimeDisplay, [](const VxSceneTimeDisplay *s) { return s->display(); },
-        [](VxSceneTimeDisplay *s, const VxTimeDisplay &value) { s->setDisplay(value); });
-    d->display = display;
-    Q_EMIT changed();
+    if (vxChange<&VxSceneTimeDisplay::display, &VxSceneTimeDisplay::setDisplay>(
+            this, VxUndoSceneTimeDisplay, &d->display, display))
+        Q_EMIT changed();
 }

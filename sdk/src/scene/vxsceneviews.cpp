@@ -44,13 +44,9 @@ std::optional<VxTimeRange> VxSceneViews::view(int index) const
 
 void VxSceneViews::setViews(const Views &views)
 {
-    if (views == d->views)
-        return;
-    vxRecordValue<VxSceneViews, Views>(
-        this, VxUndoSceneViews, [](const VxSceneViews *s) { return s->views(); },
-        [](VxSceneViews *s, const Views &value) { s->setViews(value); });
-    d->views = views;
-    Q_EMIT changed();
+    if (vxChange<&VxSceneViews::views, &VxSceneViews::setViews>(this, VxUndoSceneViews, &d->views,
+                                                                views))
+        Q_EMIT changed();
 }
 
 void VxSceneViews::setView(int index, const std::optional<VxTimeRange> &range)

@@ -86,4 +86,19 @@ void vxRecordValue(Object *object, int kind, Value (*get)(const Object *),
     stack->record(new Item(object, kind, get, set));
 }
 
+/// Gives a member of an object's record another value, recorded unless isRecorded is false. get and
+/// set are the object's functions for it. False when the member has that value.
+template <auto get, auto set, class Object, class Value>
+bool vxChange(Object *object, int kind, Value *member, const Value &value, bool isRecorded = true)
+{
+    if (*member == value)
+        return false;
+    if (isRecorded)
+        vxRecordValue<Object, Value>(
+            object, kind, [](const Object *o) -> Value { return (o->*get)(); },
+            [](Object *o, const Value &v) { (o->*set)(v); });
+    *member = value;
+    return true;
+}
+
 #endif
