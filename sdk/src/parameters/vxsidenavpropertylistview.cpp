@@ -6,6 +6,7 @@
 #include "parameters/vxpropertydrag.h"
 #include "parameters/vxpropertyhints.h"
 #include "parameters/vxpropertykeys.h"
+#include "parameters/vxpropertylistcolumns.h"
 #include "parameters/vxpropertylistmemory.h"
 #include "parameters/vxpropertymenu.h"
 #include "parameters/vxpropertypainter.h"
@@ -16,29 +17,17 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QToolTip>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxscene.h>
-
-namespace {
-
-constexpr int KeyWidth = 22;
-// Share of the value column, until the user sets its width.
-constexpr qreal ValueShare = 0.38;
-constexpr int NarrowestValue = 64;
-constexpr int WidestValue = 160;
-constexpr int CommonTextHeight = 19; // pixels
-constexpr qreal LargestShare = 0.6;  // of a column whose width was set in a wider list
-
-} // namespace
 
 class VxSideNavPropertyListView::Private
 {
 public:
     explicit Private(VxSideNavPropertyListView *view)
         : q(view)
+        , columns(view)
     {
     }
 
@@ -51,11 +40,12 @@ public:
     bool isSwitch(const QModelIndex &index) const;
     bool isEditable(const QModelIndex &index) const;
     QModelIndex valueBeside(const QModelIndex &index, int direction) const;
-    QRect rowRect(const QModelIndex &index) const;
+    bool isHeading(const QModelIndex &index) const;
+    bool isOnArrow(const QModelIndex &heading, const QPoint &place) const;
 
     void showHeadings();
     void showRows();
-    void fitColumns();
+    void toggleGroup(const QModelIndex &heading);
     void endGesture();
     bool pressCell(const QModelIndex &index, const QPoint &place);
     void dragTo(const QMouseEvent *event);
@@ -71,8 +61,7 @@ public:
     VxSideNavPropertyListView *q;
     QSet<QString> collapsed;
     VxPropertyListMemory memory;
-    int valueWidth = 0; // set by the user
-    bool fitting = false;
+    VxPropertyListColumns columns;
 
     QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
     QPoint pressPlace;
@@ -137,10 +126,18 @@ QModelIndex VxSideNavPropertyListView::Private::valueBeside(const QModelIndex &i
     return {};
 }
 
-QRect VxSideNavPropertyListView::Private::rowRect(const QModelIndex &index) const
+bool VxSideNavPropertyListView::Private::isHeading(const QModelIndex &index) const
 {
-    const QRect cell = q->visualRect(index.sibling(index.row(), 0));
-    return {0, cell.top(), q->viewport()->width(), cell.height()};
+    const VxPropertyListItemModel *model = q->getPropertyListModel();
+    return model && model->isHeading(index);
+}
+
+bool VxSideNavPropertyListView::Private::isOnArrow(const QModelIndex &heading,
+                                                   const QPoint &place) const
+{
+    const QRect cell = q->visualRect(heading.sibling(heading.row(), 0));
+    const QRect row(0, cell.top(), q->viewport()->width(), cell.height());
+    return VxPropertyPainter::arrowRect(row).contains(place);
 }
 
 /** Once for new rows, and before any is hidden: each call lays out all visible rows again. */
@@ -162,23 +159,13 @@ void VxSideNavPropertyListView::Private::showRows()
         q->setRowHidden(row, QModelIndex(),
                         !heading && collapsed.contains(model->getGroupPath(index)));
     }
+    q->viewport()->update(); // the arrows of headings
 }
 
-void VxSideNavPropertyListView::Private::fitColumns()
+void VxSideNavPropertyListView::Private::toggleGroup(const QModelIndex &heading)
 {
-    if (!q->getPropertyListModel())
-        return;
-    const int room = q->viewport()->width() - KeyWidth;
-    // The limits are for texts of common size.
-    const auto forText = [this](int width) {
-        return qMax(width, width * q->fontMetrics().height() / CommonTextHeight);
-    };
-    const int narrowest = forText(NarrowestValue);
-    const int own = qBound(narrowest, qRound(room * ValueShare), forText(WidestValue));
-    const int chosen = qMin(valueWidth, qMax(narrowest, qRound(room * LargestShare)));
-    fitting = true;
-    q->header()->resizeSection(VxPropertyListItemModel::ValueColumn, valueWidth > 0 ? chosen : own);
-    fitting = false;
+    const QString path = q->getPropertyListModel()->getGroupPath(heading);
+    q->setGroupCollapsed(path, !q->isGroupCollapsed(path));
 }
 
 /** With its undo entry; events until the release are ignored. */
@@ -195,15 +182,13 @@ void VxSideNavPropertyListView::Private::endGesture()
 /** True when the press was a command of its own and does not select. */
 bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, const QPoint &place)
 {
-    const VxPropertyListItemModel *model = q->getPropertyListModel();
-    if (!model || !index.isValid())
+    if (!q->getPropertyListModel() || !index.isValid())
         return false;
-    if (model->isHeading(index)) {
-        if (!VxPropertyPainter::arrowRect(rowRect(index)).contains(place))
-            return false;
-        const QString path = model->getGroupPath(index);
-        q->setGroupCollapsed(path, !q->isGroupCollapsed(path));
-        return true;
+    if (isHeading(index)) {
+        const bool isCommand = isOnArrow(index, place);
+        if (isCommand)
+            toggleGroup(index);
+        return isCommand;
     }
     if (index.column() == VxPropertyListItemModel::KeyColumn) {
         // A click on the mark after typing keeps the key that the commit made.
@@ -304,14 +289,14 @@ bool VxSideNavPropertyListView::Private::typeInto(const QModelIndex &value, QKey
 
 bool VxSideNavPropertyListView::Private::openOrClose(const QModelIndex &index, int key)
 {
-    const VxPropertyListItemModel *model = q->getPropertyListModel();
-    if (!model || !model->isHeading(index))
+    if (!isHeading(index))
         return false;
-    const QString path = model->getGroupPath(index);
-    const bool toggles = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!toggles && key != Qt::Key_Left && key != Qt::Key_Right)
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        toggleGroup(index);
+    else if (key == Qt::Key_Left || key == Qt::Key_Right)
+        q->setGroupCollapsed(q->getPropertyListModel()->getGroupPath(index), key == Qt::Key_Left);
+    else
         return false;
-    q->setGroupCollapsed(path, toggles ? !q->isGroupCollapsed(path) : key == Qt::Key_Left);
     return true;
 }
 
@@ -362,10 +347,6 @@ VxSideNavPropertyListView::VxSideNavPropertyListView(QWidget *parent)
         d->noticedByPress = QGuiApplication::mouseButtons() != Qt::NoButton;
         Q_EMIT noticed(text);
     });
-    connect(header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
-        if (section == VxPropertyListItemModel::ValueColumn && !d->fitting)
-            d->valueWidth = width;
-    });
 }
 
 VxSideNavPropertyListView::~VxSideNavPropertyListView() = default;
@@ -382,13 +363,7 @@ void VxSideNavPropertyListView::setModel(QAbstractItemModel *newModel)
     QTreeView::setModel(newModel);
     if (!getPropertyListModel())
         return;
-    header()->setStretchLastSection(false);
-    header()->setTextElideMode(Qt::ElideRight);
-    header()->setSectionResizeMode(VxPropertyListItemModel::LabelColumn, QHeaderView::Stretch);
-    header()->setSectionResizeMode(VxPropertyListItemModel::KeyColumn, QHeaderView::Fixed);
-    header()->setMinimumSectionSize(KeyWidth);
-    header()->resizeSection(VxPropertyListItemModel::KeyColumn, KeyWidth);
-    d->fitColumns();
+    d->columns.setUp();
     connect(newModel, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         d->endGesture();
         d->memory.save(this);
@@ -416,7 +391,6 @@ void VxSideNavPropertyListView::setGroupCollapsed(const QString &path, bool coll
     else
         d->collapsed.remove(path);
     d->showRows();
-    viewport()->update(); // the heading's arrow
 }
 
 QStringList VxSideNavPropertyListView::getCollapsedGroups() const
@@ -430,18 +404,16 @@ void VxSideNavPropertyListView::setCollapsedGroups(const QStringList &paths)
 {
     d->collapsed = QSet<QString>(paths.begin(), paths.end());
     d->showRows();
-    viewport()->update();
 }
 
 int VxSideNavPropertyListView::getValueWidth() const
 {
-    return d->valueWidth;
+    return d->columns.valueWidth();
 }
 
 void VxSideNavPropertyListView::setValueWidth(int width)
 {
-    d->valueWidth = qMax(0, width);
-    d->fitColumns();
+    d->columns.setValueWidth(width);
 }
 
 /** Keys with priority over shortcuts elsewhere. */
@@ -460,14 +432,14 @@ bool VxSideNavPropertyListView::event(QEvent *event)
     }
     const bool done = QTreeView::event(event);
     if (event->type() == QEvent::FontChange)
-        d->fitColumns();
+        d->columns.fit();
     return done;
 }
 
 void VxSideNavPropertyListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
-    d->fitColumns();
+    d->columns.fit();
 }
 
 void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
@@ -520,15 +492,10 @@ void VxSideNavPropertyListView::mouseReleaseEvent(QMouseEvent *event)
 void VxSideNavPropertyListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());
-    const VxPropertyListItemModel *list = getPropertyListModel();
-    const bool onText = list && list->isHeading(index) &&
-                        !VxPropertyPainter::arrowRect(d->rowRect(index)).contains(event->pos());
-    if (onText) {
-        const QString path = list->getGroupPath(index);
-        setGroupCollapsed(path, !isGroupCollapsed(path));
-    } else {
+    if (d->isHeading(index) && !d->isOnArrow(index, event->pos()))
+        d->toggleGroup(index);
+    else
         mousePressEvent(event);
-    }
 }
 
 void VxSideNavPropertyListView::keyPressEvent(QKeyEvent *event)

@@ -7,7 +7,6 @@
 #include "undo/journalvalues.h"
 
 #include <cmath>
-#include <functional>
 #include <vector>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
@@ -57,16 +56,17 @@ private:
     bool applyMarkers();
     VxMarkerList readMarkers();
 
-    /// Reads both values and passes on the one to set. False after a failure.
-    template <class Value, class Set> bool value(const Set &set)
+    /// Reads both values and sets the one that is asked for. False after a failure.
+    template <class Object, class Class, class Result, class Argument>
+    bool value(Object *object, Result (Class::*set)(Argument))
     {
-        Value before{};
-        Value after{};
+        std::decay_t<Argument> before{};
+        std::decay_t<Argument> after{};
         journalGet(r, &before);
         journalGet(r, &after);
         if (r.failed())
             return false;
-        set(m_forward ? after : before);
+        (object->*set)(m_forward ? after : before);
         return true;
     }
     /// The property of the item, if its values are of the type that follows it; else null.
@@ -175,16 +175,16 @@ bool ItemReader::applyPropertyValue()
         return false;
     switch (kind) {
     case VxUndoLabel:
-        return value<QString>([&](const QString &label) { property->setLabel(label); });
+        return value(property, &VxProperty::setLabel);
     case VxUndoHidden:
-        return value<bool>([&](bool hidden) { property->setHidden(hidden); });
+        return value(property, &VxProperty::setHidden);
     case VxUndoLocked:
-        return value<bool>([&](bool locked) { property->setLocked(locked); });
+        return value(property, &VxProperty::setLocked);
     case VxUndoAnimatable:
-        return value<bool>([&](bool animatable) { property->setAnimatable(animatable); });
+        return value(property, &VxProperty::setAnimatable);
     case VxUndoStoredValue: {
         auto *string = qobject_cast<VxStringProperty *>(property);
-        return string && value<QString>([&](const QString &text) { string->setValue(text); });
+        return string && value(string, &VxStringProperty::setValue);
     }
     case VxUndoAlias:
     case VxUndoOverride:
@@ -206,25 +206,23 @@ bool ItemReader::applyNodeValue()
         return false;
     switch (kind) {
     case VxUndoElementLabel:
-        return value<QString>([&](const QString &label) { node->setLabel(label); });
+        return value(node, &VxNode::setLabel);
     case VxUndoNodeVisible:
-        return value<bool>([&](bool visible) { node->setVisible(visible); });
+        return value(node, &VxNode::setVisible);
     case VxUndoNodeSelectable:
-        return value<bool>([&](bool selectable) { node->setSelectable(selectable); });
+        return value(node, &VxNode::setSelectable);
     case VxUndoNodeIk:
-        return value<bool>([&](bool ik) { node->setIkNode(ik); });
+        return value(node, &VxNode::setIkNode);
     case VxUndoNodePinned:
-        return value<bool>([&](bool pinned) { node->setPinned(pinned); });
+        return value(node, &VxNode::setPinned);
     case VxUndoNodeRotationOrder:
-        return value<VxNode::RotationOrder>(
-            [&](VxNode::RotationOrder order) { node->setRotationOrder(order); });
+        return value(node, &VxNode::setRotationOrder);
     case VxUndoNodeOrigin:
-        return value<QVector3D>([&](const QVector3D &point) { node->setOrigin(point); });
+        return value(node, &VxNode::setOrigin);
     case VxUndoNodeEndPoint:
-        return value<QVector3D>([&](const QVector3D &point) { node->setEndPoint(point); });
+        return value(node, &VxNode::setEndPoint);
     case VxUndoNodeRestPose:
-        return value<std::optional<VxRestPose>>(
-            [&](const std::optional<VxRestPose> &pose) { node->setRestPose(pose); });
+        return value(node, &VxNode::setRestPose);
     default:
         return false;
     }
@@ -235,20 +233,17 @@ bool ItemReader::applySceneValue()
     VxScene *scene = r.scene();
     switch (r.number<quint8>()) {
     case VxUndoSceneTime:
-        return value<VxTime>([&](VxTime time) { scene->setTime(time); });
+        return value(scene, &VxScene::setTime);
     case VxUndoSceneTimeStep:
-        return value<VxTime>([&](VxTime step) { scene->setTimeStep(step); });
+        return value(scene, &VxScene::setTimeStep);
     case VxUndoScenePlayRange:
-        return value<VxTimeRange>([&](const VxTimeRange &range) { scene->setPlayRange(range); });
+        return value(scene, &VxScene::setPlayRange);
     case VxUndoSceneAnimRange:
-        return value<VxTimeRange>([&](const VxTimeRange &range) { scene->setAnimRange(range); });
+        return value(scene, &VxScene::setAnimRange);
     case VxUndoSceneViews:
-        return value<VxSceneViews::Views>(
-            [&](const VxSceneViews::Views &views) { VxSceneViews::of(scene)->setViews(views); });
+        return value(VxSceneViews::of(scene), &VxSceneViews::setViews);
     case VxUndoSceneTimeDisplay:
-        return value<VxTimeDisplay>([&](const VxTimeDisplay &display) {
-            VxSceneTimeDisplay::of(scene)->setDisplay(display);
-        });
+        return value(VxSceneTimeDisplay::of(scene), &VxSceneTimeDisplay::setDisplay);
     default:
         return false;
     }

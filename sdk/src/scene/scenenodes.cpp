@@ -15,11 +15,7 @@ using GuardedNodes = QVector<QPointer<VxNode>>;
 /// For iterating while signals are sent, whose receivers may destroy nodes.
 GuardedNodes guarded(const QVector<VxNode *> &nodes)
 {
-    GuardedNodes list;
-    list.reserve(nodes.size());
-    for (VxNode *node : nodes)
-        list.append(node);
-    return list;
+    return GuardedNodes(nodes.begin(), nodes.end());
 }
 
 QVector<VxNode *> nodesBelow(const QVector<VxNode *> &tops)
@@ -34,10 +30,7 @@ QVector<QPointer<VxElement>> elementsOf(VxNode *node)
 {
     QVector<VxElement *> elements;
     VxElement::Private::collect(node, elements);
-    QVector<QPointer<VxElement>> list;
-    for (VxElement *element : qAsConst(elements))
-        list.append(element);
-    return list;
+    return QVector<QPointer<VxElement>>(elements.begin(), elements.end());
 }
 
 } // namespace

@@ -124,11 +124,8 @@ void SceneSelection::report(const QVector<VxNode *> &changed)
     if (changed.isEmpty() && m_primary == m_reportedPrimary)
         return;
     const DeferredDeletion hold;
-    QVector<QPointer<VxNode>> guarded;
-    guarded.reserve(changed.size());
-    for (VxNode *node : changed)
-        guarded.append(node);
-    for (VxNode *node : qAsConst(guarded)) {
+    const QVector<QPointer<VxNode>> guarded(changed.begin(), changed.end());
+    for (VxNode *node : guarded) {
         if (node)
             Q_EMIT node->selectedChanged(node->isSelected());
     }

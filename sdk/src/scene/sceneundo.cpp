@@ -45,9 +45,7 @@ void NodePlaceItem::setFollowed()
 
 void NodePlaceItem::setAdded(const QVector<VxNode *> &nodes)
 {
-    m_added.clear();
-    for (VxNode *node : nodes)
-        m_added.append(node);
+    m_added = QVector<QPointer<VxNode>>(nodes.begin(), nodes.end());
 }
 
 NodePlace NodePlaceItem::present() const

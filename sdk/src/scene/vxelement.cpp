@@ -107,10 +107,8 @@ void VxElement::Private::announceRemovalOfAll()
 {
     QVector<VxElement *> elements;
     collect(q, elements);
-    QVector<QPointer<VxElement>> guarded;
-    for (VxElement *element : qAsConst(elements))
-        guarded.append(element);
-    for (VxElement *element : qAsConst(guarded)) {
+    const QVector<QPointer<VxElement>> guarded(elements.begin(), elements.end());
+    for (VxElement *element : guarded) {
         if (element)
             of(element)->announceRemoval();
     }

@@ -7,6 +7,7 @@
 
 #include <QtCore/QSet>
 #include <algorithm>
+#include <functional>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -42,6 +43,21 @@ std::vector<const VxMarker *> byId(const VxMarkerList &list)
     std::sort(result.begin(), result.end(),
               [](const VxMarker *a, const VxMarker *b) { return a->id < b->id; });
     return result;
+}
+
+/** The start or end of a marker next to a time; precedes(time, each) for those on the right side.
+ */
+template <class Precedes>
+std::optional<VxTime> nearestTime(const VxMarkerList &list, VxTime time, const Precedes &precedes)
+{
+    std::optional<VxTime> nearest;
+    for (const VxMarker &marker : list) {
+        for (const VxTime each : {marker.span.getStart(), marker.span.getEnd()}) {
+            if (precedes(time, each) && (!nearest || precedes(each, *nearest)))
+                nearest = each;
+        }
+    }
+    return nearest;
 }
 
 } // namespace
@@ -86,14 +102,9 @@ public:
             return;
         reduce();
         Private *d = m_markers->d.get();
-        QSet<int> ids(m_changed.cbegin(), m_changed.cend());
-        VxMarkerList present;
-        for (const VxMarker &marker : qAsConst(d->list)) {
-            if (ids.contains(marker.id))
-                present.append(marker);
-        }
-        d->removeIds(ids);
-        d->list += std::exchange(m_former, present);
+        const VxMarkerList changed = present();
+        d->removeIds(QSet<int>(m_changed.cbegin(), m_changed.cend()));
+        d->list += std::exchange(m_former, changed);
         d->finishChange();
     }
 
@@ -108,15 +119,9 @@ public:
     {
         if (!m_markers || !m_isReduced)
             return false;
-        const QSet<int> ids(m_changed.cbegin(), m_changed.cend());
-        VxMarkerList present;
-        for (const VxMarker &marker : m_markers->list()) {
-            if (ids.contains(marker.id))
-                present.append(marker);
-        }
         writer.number(JournalItem::Markers);
         put(writer, m_former);
-        put(writer, present);
+        put(writer, present());
         return true;
     }
 
@@ -138,6 +143,18 @@ private:
             journalPut(writer, marker.span);
             writer.number(quint32(marker.color));
         }
+    }
+
+    /// The present states of the changed markers.
+    VxMarkerList present() const
+    {
+        const QSet<int> ids(m_changed.cbegin(), m_changed.cend());
+        VxMarkerList markers;
+        for (const VxMarker &marker : m_markers->list()) {
+            if (ids.contains(marker.id))
+                markers.append(marker);
+        }
+        return markers;
     }
 
     /// Drops unchanged markers.
@@ -317,24 +334,10 @@ void VxMarkers::replaceAll(const VxMarkerList &markers)
 
 std::optional<VxTime> VxMarkers::timeAfter(VxTime time) const
 {
-    std::optional<VxTime> nearest;
-    for (const VxMarker &marker : d->list) {
-        for (const VxTime each : {marker.span.getStart(), marker.span.getEnd()}) {
-            if (each > time && (!nearest || each < *nearest))
-                nearest = each;
-        }
-    }
-    return nearest;
+    return nearestTime(d->list, time, std::less<>());
 }
 
 std::optional<VxTime> VxMarkers::timeBefore(VxTime time) const
 {
-    std::optional<VxTime> nearest;
-    for (const VxMarker &marker : d->list) {
-        for (const VxTime each : {marker.span.getStart(), marker.span.getEnd()}) {
-            if (each < time && (!nearest || each > *nearest))
-                nearest = each;
-        }
-    }
-    return nearest;
+    return nearestTime(d->list, time, std::greater<>());
 }

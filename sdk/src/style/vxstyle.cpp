@@ -123,38 +123,32 @@ int ownMetric(quint32 id)
 
 using DrawFunction = void (*)(const QStyleOption *, QPainter *);
 
-// The functions of our own primitives, except key marks, which need the style's cache.
+// Our own primitives, except key marks, which need the style's cache.
+const struct
+{
+    quint32 id;
+    DrawFunction draw;
+} ownPrimitives[] = {
+    {VxStyle::PE_VxPaneBackground, VxBarPrimitives::drawPaneBackground},
+    {VxStyle::PE_VxBarBackground, VxBarPrimitives::drawBarBackground},
+    {VxStyle::PE_VxBarButton, VxBarPrimitives::drawBarButton},
+    {QStyle::PE_PanelButtonTool, VxBarPrimitives::drawBarButton},
+    {VxStyle::PE_VxBarSeparator, VxBarPrimitives::drawBarSeparator},
+    {QStyle::PE_IndicatorCheckBox, vxDrawCheckBox},
+    {VxStyle::PE_VxDownArrow, VxBarPrimitives::drawDownArrow},
+    {VxStyle::PE_VxDividerBar, VxBarPrimitives::drawDividerBar},
+    {VxStyle::PE_VxRangeHandle, VxTimelinePrimitives::drawRangeHandle},
+    {VxStyle::PE_VxTimelineNameColumn, VxTimelinePrimitives::drawNameColumn},
+    {VxStyle::PE_VxRulerTick, VxTimelinePrimitives::drawRulerTick},
+    {VxStyle::PE_VxPlayhead, VxTimelinePrimitives::drawPlayhead},
+    {VxStyle::PE_VxCurrentTimeMarker, VxTimelinePrimitives::drawCurrentTimeMarker},
+};
+
 DrawFunction ownPrimitive(quint32 id)
 {
-    switch (id) {
-    case VxStyle::PE_VxPaneBackground:
-        return VxBarPrimitives::drawPaneBackground;
-    case VxStyle::PE_VxBarBackground:
-        return VxBarPrimitives::drawBarBackground;
-    case VxStyle::PE_VxBarButton:
-    case QStyle::PE_PanelButtonTool:
-        return VxBarPrimitives::drawBarButton;
-    case VxStyle::PE_VxBarSeparator:
-        return VxBarPrimitives::drawBarSeparator;
-    case QStyle::PE_IndicatorCheckBox:
-        return vxDrawCheckBox;
-    case VxStyle::PE_VxDownArrow:
-        return VxBarPrimitives::drawDownArrow;
-    case VxStyle::PE_VxDividerBar:
-        return VxBarPrimitives::drawDividerBar;
-    case VxStyle::PE_VxRangeHandle:
-        return VxTimelinePrimitives::drawRangeHandle;
-    case VxStyle::PE_VxTimelineNameColumn:
-        return VxTimelinePrimitives::drawNameColumn;
-    case VxStyle::PE_VxRulerTick:
-        return VxTimelinePrimitives::drawRulerTick;
-    case VxStyle::PE_VxPlayhead:
-        return VxTimelinePrimitives::drawPlayhead;
-    case VxStyle::PE_VxCurrentTimeMarker:
-        return VxTimelinePrimitives::drawCurrentTimeMarker;
-    default:
-        return nullptr;
-    }
+    const auto own = std::find_if(std::begin(ownPrimitives), std::end(ownPrimitives),
+                                  [id](const auto &each) { return each.id == id; });
+    return own == std::end(ownPrimitives) ? nullptr : own->draw;
 }
 
 // Views do not set the selected state for an arrow.
@@ -171,12 +165,8 @@ bool isBeforeSelectedRow(const QStyleOption &arrow, const QWidget *widget)
 // that widgets ask of their style.
 void sendToAllWidgets(QEvent::Type type)
 {
-    const QVector<QPointer<QWidget>> widgets = [] {
-        QVector<QPointer<QWidget>> all;
-        for (QWidget *widget : QApplication::allWidgets())
-            all.append(widget);
-        return all;
-    }();
+    const QWidgetList all = QApplication::allWidgets();
+    const QVector<QPointer<QWidget>> widgets(all.begin(), all.end());
     for (const QPointer<QWidget> &widget : widgets) {
         if (!widget)
             continue;

@@ -229,11 +229,6 @@ void VxDopeSheetItem::pruneEmpty()
     }
 }
 
-bool VxDopeSheetItem::isSuppressingKeyChanges() const
-{
-    return d->suppressesKeyChanges;
-}
-
 void VxDopeSheetItem::setSuppressKeyChanges(bool suppress)
 {
     if (d->suppressesKeyChanges == suppress)

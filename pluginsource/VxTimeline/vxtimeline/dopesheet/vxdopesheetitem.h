@@ -127,7 +127,6 @@ public:
     // Invalidates the keys of this row and all above; they are gathered again on demand.
     void invalidateKeys();
     // While set, changes of the property neither invalidate keys nor emit keysChanged().
-    bool isSuppressingKeyChanges() const;
     void setSuppressKeyChanges(bool suppress);
 
 Q_SIGNALS:

@@ -72,6 +72,7 @@ public:
     void updateChangedRows();
     // Makes the keys valid, those of the rows below first.
     void update();
+    const DopeSheetKeys &presentKeys();
     // The rows of properties and nodes below whose united keys are this row's; groups: this row and
     // the skipped groups, each after the one above it.
     void findSources(Rows *sources, Rows *groups);
@@ -84,14 +85,15 @@ public:
     }
     // For property rows. Reads the property's present keys, reported or not.
     void updateFromProperty();
-    void updateForEdit();
     bool hasSelected();
     // A child with selected keys below it; null when there is none.
     Private *selectedChild();
-    // After a change of the selection: counts it, and invalidates the selection of the rows above.
-    void selectionEdited(int selectedBefore);
-    // The same after the present times were taken from the property.
-    void keysTaken(int selectedBefore);
+    // Changes the selection: counts it, and invalidates the selection of the rows above.
+    template <class Change> void editSelection(const Change &change);
+    // The same for the property's present keys.
+    template <class Change> void editPresent(const Change &change);
+    // Takes the present times from the property and selects the given ones, see DopeSheetKeys.
+    template <class... Selected> void takeTimesSelecting(const Selected &...selected);
 
     QString pathOfNode();
     // For this row and all below, whose paths begin with it.

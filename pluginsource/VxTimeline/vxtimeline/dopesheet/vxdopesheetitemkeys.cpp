@@ -65,24 +65,36 @@ void VxDopeSheetItem::Private::updateFromProperty()
     addSelected(keys.selectedCount - before);
 }
 
-void VxDopeSheetItem::Private::updateForEdit()
+template <class Change> void VxDopeSheetItem::Private::editSelection(const Change &change)
 {
-    if (!isValid || revision != property->keyRevision())
-        updateFromProperty();
-}
-
-void VxDopeSheetItem::Private::selectionEdited(int selectedBefore)
-{
-    addSelected(keys.selectedCount - selectedBefore);
+    const int before = keys.selectedCount;
+    change();
+    addSelected(keys.selectedCount - before);
     if (parent)
         parent->invalidateKeys();
 }
 
-void VxDopeSheetItem::Private::keysTaken(int selectedBefore)
+template <class Change> void VxDopeSheetItem::Private::editPresent(const Change &change)
 {
+    if (!isValid || revision != property->keyRevision())
+        updateFromProperty();
+    editSelection(change);
+}
+
+template <class... Selected>
+void VxDopeSheetItem::Private::takeTimesSelecting(const Selected &...selected)
+{
+    editSelection([&] {
+        keys.takeTimesSelecting(property->getKeyTimes(), property->getNumKeys(), selected...);
+    });
     isValid = isKept = true;
     revision = property->keyRevision();
-    selectionEdited(selectedBefore);
+}
+
+const DopeSheetKeys &VxDopeSheetItem::Private::presentKeys()
+{
+    update();
+    return keys;
 }
 
 // Collects first, because a row's keys need those of all rows below it, and a hierarchy can be a
@@ -205,44 +217,37 @@ bool VxDopeSheetItem::hasKeys() const
 
 int VxDopeSheetItem::keyCount() const
 {
-    d->update();
-    return d->keys.count();
+    return d->presentKeys().count();
 }
 
 VxTime VxDopeSheetItem::keyTime(int index) const
 {
-    d->update();
-    return d->keys.times.value(index, 0);
+    return d->presentKeys().times.value(index, 0);
 }
 
 bool VxDopeSheetItem::isKeySelected(int index) const
 {
-    d->update();
-    return d->keys.isSelected(index);
+    return d->presentKeys().isSelected(index);
 }
 
 const VxTime *VxDopeSheetItem::keyTimes() const
 {
-    d->update();
-    return d->keys.times.constData();
+    return d->presentKeys().times.constData();
 }
 
 const quint8 *VxDopeSheetItem::keyFlags() const
 {
-    d->update();
-    return d->keys.allFlags();
+    return d->presentKeys().allFlags();
 }
 
 int VxDopeSheetItem::firstKeyFrom(VxTime time) const
 {
-    d->update();
-    return d->keys.firstFrom(time);
+    return d->presentKeys().firstFrom(time);
 }
 
 int VxDopeSheetItem::selectedKeyCount() const
 {
-    d->update();
-    return d->keys.selectedCount;
+    return d->presentKeys().selectedCount;
 }
 
 bool VxDopeSheetItem::hasSelectedKeys() const
@@ -258,12 +263,8 @@ bool VxDopeSheetItem::mayHaveSelectedKeys() const
 // A row without property shows the selection of those below it, which stays: nothing is stored.
 void VxDopeSheetItem::setKeysSelected(bool select, VxTime start, VxTime end)
 {
-    if (d->property) {
-        d->updateForEdit();
-        const int before = d->keys.selectedCount;
-        d->keys.setSelected(select, start, end);
-        d->selectionEdited(before);
-    }
+    if (d->property)
+        d->editPresent([&] { d->keys.setSelected(select, start, end); });
     Q_EMIT keysChanged();
 }
 
@@ -271,10 +272,7 @@ void VxDopeSheetItem::setKeySelectedAt(const QVector<int> &indexes, bool select)
 {
     if (!d->property)
         return;
-    d->updateForEdit();
-    const int before = d->keys.selectedCount;
-    d->keys.setSelectedAt(indexes, select);
-    d->selectionEdited(before);
+    d->editPresent([&] { d->keys.setSelectedAt(indexes, select); });
     Q_EMIT keysChanged();
 }
 
@@ -282,9 +280,7 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
 {
     if (!d->property)
         return;
-    const int before = d->keys.selectedCount;
-    d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), times, count);
-    d->keysTaken(before);
+    d->takeTimesSelecting(times, count);
     Q_EMIT keysChanged();
 }
 
@@ -292,28 +288,23 @@ void VxDopeSheetItem::selectOnlySpans(const std::vector<VxKeySpan> &spans)
 {
     if (!d->property)
         return;
-    const int before = d->keys.selectedCount;
-    d->keys.takeTimesSelecting(d->property->getKeyTimes(), d->property->getNumKeys(), spans);
-    d->keysTaken(before);
+    d->takeTimesSelecting(spans);
     Q_EMIT keysChanged();
 }
 
 std::vector<VxKeySpan> VxDopeSheetItem::selectedKeySpans() const
 {
-    d->update();
-    return d->keys.selectedSpans();
+    return d->presentKeys().selectedSpans();
 }
 
 QVector<int> VxDopeSheetItem::selectedKeyIndexes() const
 {
-    d->update();
-    return d->keys.selectedIndexes();
+    return d->presentKeys().selectedIndexes();
 }
 
 void VxDopeSheetItem::saveSelectedKeyTimes()
 {
-    d->update();
-    d->savedTimes = d->keys.selectedTimes();
+    d->savedTimes = d->presentKeys().selectedTimes();
 }
 
 const VxTime *VxDopeSheetItem::savedTimes() const

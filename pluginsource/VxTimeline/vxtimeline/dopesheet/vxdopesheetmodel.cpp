@@ -439,6 +439,11 @@ void VxDopeSheetModel::removeNodeRow(VxDopeSheetItem *item, const QObject *destr
     d->disconnectRows(item, destroyedNode);
     if (destroyedNode)
         item->setNode(nullptr);
+    destroyRow(item);
+}
+
+void VxDopeSheetModel::destroyRow(VxDopeSheetItem *item)
+{
     d->beginRemove(item);
     delete item;
     d->endRemove();

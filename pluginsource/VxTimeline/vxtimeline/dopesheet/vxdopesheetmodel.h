@@ -144,6 +144,7 @@ private:
     void moveRootRow(int from, int to);
     void moveRow(VxDopeSheetItem *item, int destination);
     void removeRow(VxDopeSheetItem *item);
+    void destroyRow(VxDopeSheetItem *item);
     void insertRow(VxDopeSheetItem *above, int row, VxDopeSheetItem *item);
     void updateRowsLater(VxNode *node);
     void updatePendingRows();

@@ -145,10 +145,7 @@ void VxDopeSheetModel::removeRow(VxDopeSheetItem *item)
         above = item->parentItem();
     }
     d->propertyRowsValid = false;
-    d->beginRemove(item);
-    delete item;
-    d->endRemove();
-    handleNameChanged();
+    destroyRow(item);
 }
 
 void VxDopeSheetModel::updatePendingRows()
@@ -190,12 +187,8 @@ void VxDopeSheetModel::mergeRows(VxDopeSheetItem *present, VxDopeSheetItem *rebu
 {
     const auto rebuiltRows = childrenByKey(rebuilt);
     for (int i = present->childCount() - 1; i >= 0; --i) {
-        if (!rebuiltRows.contains(keyOf(present->child(i)))) {
-            d->beginRemove(present->child(i));
-            delete present->child(i);
-            d->endRemove();
-            handleNameChanged();
-        }
+        if (!rebuiltRows.contains(keyOf(present->child(i))))
+            destroyRow(present->child(i));
     }
     const auto presentRows = childrenByKey(present);
     QVector<VxDopeSheetItem *> order;

@@ -11,7 +11,6 @@ class VxTimeRangeSlider;
 // Base of a widget whose value is a number of frames.
 class AccessibleFrames : public QAccessibleWidget, public QAccessibleValueInterface
 {
-    Q_DECLARE_TR_FUNCTIONS(AccessibleTimeline)
 public:
     using QAccessibleWidget::QAccessibleWidget;
 
@@ -28,6 +27,7 @@ private:
 // animation range. Setting it sets the scene's time.
 class AccessiblePlayhead : public AccessibleFrames
 {
+    Q_DECLARE_TR_FUNCTIONS(AccessibleTimeline)
 public:
     explicit AccessiblePlayhead(VxPlayheadWgt *playhead);
 
@@ -44,6 +44,7 @@ private:
 // when the value is set. Its description says both ends.
 class AccessibleTimeRange : public AccessibleFrames
 {
+    Q_DECLARE_TR_FUNCTIONS(AccessibleTimeline)
 public:
     explicit AccessibleTimeRange(VxTimeRangeSlider *slider);
 
