@@ -147,16 +147,19 @@ bool DocumentController::save(const QString &fileName)
         if (answer == UserMessages::Overwrite::Cancel)
             return false;
     }
-    return write(fileName);
+    // The present file is the former version already: a backup of it would cost the oldest one.
+    const bool isUnchanged = isOwn && change.isEmpty() && !m_undoStack->isRecording() &&
+                             m_undoStack->qtStack()->isClean();
+    return write(fileName, isUnchanged ? 0 : m_backups);
 }
 
-bool DocumentController::write(const QString &fileName)
+bool DocumentController::write(const QString &fileName, int backupCount)
 {
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
-    VxBackups backups(fileName, m_backups);
+    VxBackups backups(fileName, backupCount);
     QString failure;
     const bool isPreserved = backups.preserve(&failure);
     if (!m_formats.write(fileName, m_scene, progress.function(), &error)) {

@@ -38,10 +38,11 @@ public:
     bool open(const QString &fileName, const VxMotionBuildOptions &options = {},
               const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
     /// Writes the scene to a file, which becomes the document's, and keeps its former versions as
-    /// backups; a backup that cannot be made is reported, and the document saved without it. When
-    /// another program has changed, replaced or removed the document's file since it was opened or
-    /// saved, the user is asked first; without a window that is a failure. False when nothing was
-    /// written. During a gesture the document still counts as changed afterwards.
+    /// backups, unless the document is unchanged; a backup that cannot be made is reported, and the
+    /// document saved without it. When another program has changed, replaced or removed the
+    /// document's file since it was opened or saved, the user is asked first; without a window that
+    /// is a failure. False when nothing was written. During a gesture the document still counts as
+    /// changed afterwards.
     bool save(const QString &fileName);
     /// Saves under a name that the user chooses; called when the user answers the question above
     /// so. Returns true when the document was saved.
@@ -99,7 +100,7 @@ Q_SIGNALS:
 private:
     void setDocument(const QString &fileName, const QString &summary, const FileStamp &stamp = {});
     QString changeByOthers() const;
-    bool write(const QString &fileName);
+    bool write(const QString &fileName, int backupCount);
     void markSaved();
     bool enterMotion(VxMotionImport *import, const QString &fileName, const QString &title,
                      const VxImportChoices &choices, const ImportChooser &chooser,

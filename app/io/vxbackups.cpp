@@ -94,7 +94,7 @@ bool VxBackups::preserve(QString *reason)
 
 bool VxBackups::rotate(QString *reason) const
 {
-    if (!QFileInfo::exists(name(0)))
+    if (m_count == 0 || !QFileInfo::exists(name(0)))
         return true;
     int free = 1;
     while (free < m_count && QFileInfo::exists(name(free)))

@@ -41,7 +41,8 @@ QString changesText()
 {
     Q_INIT_RESOURCE(changes);
     QFile file(QStringLiteral(":/shell/changes"));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+    QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return text.replace(QLatin1String("\n  "), QLatin1String(" ")).trimmed();
 }
 
 void showAboutBox(QWidget *parent, const VxPluginMgr &plugins)
@@ -53,5 +54,6 @@ void showAboutBox(QWidget *parent, const VxPluginMgr &plugins)
     box.setText(aboutText(plugins));
     box.setDetailedText(changesText());
     box.setStandardButtons(QMessageBox::Close);
+    box.setDefaultButton(QMessageBox::Close);
     box.exec();
 }

@@ -32,6 +32,7 @@ KeyOverviewDialog::KeyOverviewDialog(QWidget *parent)
     layout->setSpacing(10);
     layout->addWidget(m_page, 1);
     layout->addWidget(box);
+    setTabOrder(change, box->button(QDialogButtonBox::Close)); // from left to right
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(change, &QPushButton::clicked, this, &KeyOverviewDialog::changeRequested);
     resize(OverviewSize);

@@ -103,9 +103,9 @@ int ownMetric(quint32 id)
     case VxStyle::PM_VxHeaderGripMargin:
         return 4;
     case VxStyle::PM_VxRulerLabelSpacing:
-        // Two labels are at least two distances apart.
+        // Two labels are at least two distances apart, and a fifth of a label's width is free.
         return qMax(16,
-                    QFontMetrics(smallerFont(2)).horizontalAdvance(QStringLiteral("0000")) / 2 + 1);
+                    QFontMetrics(smallerFont(2)).horizontalAdvance(QStringLiteral("0000")) * 3 / 5);
     case VxStyle::PM_VxRulerTickWidth:
         return 1;
     case VxStyle::PM_VxPlayheadInset:

@@ -1,62 +1,23 @@
 // No failure to write a file loses work: an unsaved document stays open and stays marked.
 
-#include "dialoganswers.h"
 #include "document/recentfiles.h"
 #include "document/recentfilesmenu.h"
-#include "io/vxbackups.h"
-#include "io/vxscenereader.h"
-#include "studiotestbase.h"
+#include "savingtestbase.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 
 #include <QMimeData>
 #include <QStatusBar>
 #include <csignal>
-#include <fcntl.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxundostackhold.h>
 
-namespace {
-
-QByteArray contents(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-VxTime stepIn(const QString &scene)
-{
-    VxSceneContents read;
-    VxFileError error;
-    return VxSceneReader().readFile(scene, &read, &error) ? read.timeStep : -1;
-}
-
-void change()
-{
-    VxUndoStackHold hold;
-    vxScene->setTimeStep(vxScene->getTimeStep() + 1);
-    hold.accept("Change");
-}
-
-} // namespace
-
-class tst_StudioSaving : public QObject, public StudioTest
+class tst_StudioSaving : public QObject, public SavingTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        setUp();
-        start();
-    }
-    void cleanup()
-    {
-        vxApp->getUndoStack()->setClean();
-        tearDown();
-    }
+    void init() { setUpSaving(); }
+    void cleanup() { tearDownSaving(); }
 
     void theMarkFollowsTheHistory();
     void aSavePointThatWasDropped();
@@ -65,15 +26,7 @@ private Q_SLOTS:
     void savingWhileSomethingIsDragged();
     void saveAsIntoTheOpenFile();
     void aMissingFolder();
-    void aRemovedFile();
-    void aReplacedFile();
-    void aChangedFileIsSavedUnderAnotherName();
-    void aChangeIsNoticedWhenTheWindowIsUsedAgain();
-    void backupsOfADocument();
-    void aSaveWithoutItsBackup();
-    void theNumberOfBackupsIsASetting();
     void aFullDisk();
-    void othersChangedTheFile();
     void openingTheOpenFile_data();
     void openingTheOpenFile();
     void failedSavesStopEverything_data();
@@ -87,28 +40,6 @@ private Q_SLOTS:
     void namesAreNoMarkup();
     void suffixes_data();
     void suffixes();
-
-private:
-    static VxUndoStack *history() { return vxApp->getUndoStack(); }
-    DocumentController *document() const { return window()->document(); }
-    QString saved(const QString &name = "walk.vxscene") const
-    {
-        openSample();
-        const QString file = folder->filePath(name);
-        if (!document()->save(file))
-            qFatal("cannot save %s", qPrintable(name));
-        return file;
-    }
-    /// A changed document in a deleted folder: saving it fails.
-    QString changedInLostFolder() const
-    {
-        if (!QDir(folder->path()).mkdir("lost"))
-            qFatal("cannot make the folder");
-        const QString file = saved("lost/walk.vxscene");
-        change();
-        QDir(folder->filePath("lost")).removeRecursively();
-        return file;
-    }
 };
 
 void tst_StudioSaving::theMarkFollowsTheHistory()
@@ -246,136 +177,6 @@ void tst_StudioSaving::aMissingFolder()
     QVERIFY(!window()->isWindowModified());
 }
 
-void tst_StudioSaving::aRemovedFile()
-{
-    const QString file = saved();
-    change();
-    QVERIFY(QFile::remove(file));
-    QString text;
-    {
-        const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Cancel));
-        QVERIFY(!window()->save());
-        QVERIFY(answer.met());
-    }
-    QVERIFY2(text.contains("\"walk.vxscene\" was removed or renamed"), qPrintable(text));
-    QVERIFY(!QFile::exists(file));
-    const DialogAnswer<QMessageBox> answer(pressButton(QMessageBox::Save));
-    QVERIFY(window()->save());
-    QVERIFY(answer.met());
-    QCOMPARE(stepIn(file), vxScene->getTimeStep());
-}
-
-void tst_StudioSaving::aReplacedFile()
-{
-    const QString file = saved();
-    change();
-    // Of the same size and time: only the file itself is another one.
-    struct stat former = {};
-    QVERIFY(::stat(QFile::encodeName(file).constData(), &former) == 0);
-    QVERIFY(QFile::copy(file, folder->filePath("other")));
-    const timespec times[] = {former.st_atim, former.st_mtim};
-    QVERIFY(::utimensat(AT_FDCWD, QFile::encodeName(folder->filePath("other")).constData(), times,
-                        0) == 0);
-    QVERIFY(std::rename(QFile::encodeName(folder->filePath("other")).constData(),
-                        QFile::encodeName(file).constData()) == 0);
-    const QByteArray theirs = contents(file);
-    const DialogAnswer<QMessageBox> answer(pressButton(QMessageBox::Cancel));
-    QVERIFY(!window()->save());
-    QVERIFY(answer.met());
-    QVERIFY(contents(file) == theirs);
-}
-
-/// The answer leads to the dialog for another name, and their file stays as it is.
-void tst_StudioSaving::aChangedFileIsSavedUnderAnotherName()
-{
-    const QString file = saved();
-    change();
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    const QByteArray theirs = contents(file);
-    const QString mine = folder->filePath("mine.vxscene");
-    const DialogAnswer<QMessageBox> question([](QMessageBox *box) {
-        box->findChild<QPushButton *>("SaveAsButton")->click();
-        return true;
-    });
-    const DialogAnswer<QFileDialog> dialog(typeName(mine));
-    QVERIFY(window()->save());
-    QVERIFY(question.met() && dialog.met());
-    QVERIFY(contents(file) == theirs);
-    QCOMPARE(stepIn(mine), vxScene->getTimeStep());
-    QCOMPARE(document()->fileName(), mine);
-    QVERIFY(!window()->isWindowModified());
-}
-
-void tst_StudioSaving::aChangeIsNoticedWhenTheWindowIsUsedAgain()
-{
-    const QString file = saved();
-    const auto activate = [this] {
-        window()->showStatusMessage(QString());
-        QEvent event(QEvent::WindowActivate);
-        QApplication::sendEvent(window(), &event);
-        return window()->statusBar()->currentMessage();
-    };
-    QCOMPARE(activate(), QString());
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    QVERIFY2(activate().contains("was changed by another program"), "no notice");
-    QCOMPARE(activate(), QString()); // once
-    QVERIFY(QFile::remove(file));
-    QVERIFY2(activate().contains("was removed or renamed"), "no notice");
-    QVERIFY(document()->save(folder->filePath("mine.vxscene")));
-    QCOMPARE(activate(), QString());
-}
-
-void tst_StudioSaving::backupsOfADocument()
-{
-    document()->setBackups(2);
-    const QString file = saved();
-    QVector<QByteArray> versions{contents(file)};
-    for (int i = 0; i < 3; ++i) {
-        change();
-        QVERIFY(window()->save());
-        versions.prepend(contents(file));
-    }
-    QVERIFY(contents(file) == versions.at(0));
-    QVERIFY(contents(folder->filePath("walk.bak1.vxscene")) == versions.at(1));
-    QVERIFY(contents(folder->filePath("walk.bak2.vxscene")) == versions.at(2));
-    QCOMPARE(QDir(folder->path()).entryList({"walk*"}).size(), 3);
-    // They are documents like any other.
-    QVERIFY(document()->open(folder->filePath("walk.bak2.vxscene")));
-    QCOMPARE(vxScene->getTimeStep() + 2, stepIn(file));
-}
-
-void tst_StudioSaving::aSaveWithoutItsBackup()
-{
-    const QString file = saved();
-    change();
-    QVERIFY(QDir().mkpath(folder->filePath("walk.bak0.vxscene/full"))); // in the way
-    for (int number = 1; number <= 3; ++number)
-        QVERIFY(QDir().mkpath(folder->filePath(QString("walk.bak%1.vxscene/full").arg(number))));
-    QVERIFY(window()->save());
-    QCOMPARE(stepIn(file), vxScene->getTimeStep());
-    QVERIFY(!window()->isWindowModified());
-    const QString message = window()->statusBar()->currentMessage();
-    QVERIFY2(message.contains("Saved walk.vxscene, but its backup could not be made."),
-             qPrintable(message));
-    QVERIFY2(message.contains("walk.bak"), qPrintable(message));
-}
-
-void tst_StudioSaving::theNumberOfBackupsIsASetting()
-{
-    QCOMPARE(document()->backups(), VxBackups::DefaultCount);
-    document()->setBackups(7);
-    start();
-    QCOMPARE(document()->backups(), 7);
-    document()->setBackups(-1);
-    QCOMPARE(document()->backups(), 0);
-    document()->setBackups(1000);
-    QCOMPARE(document()->backups(), VxBackups::MaxCount);
-}
-
 void tst_StudioSaving::aFullDisk()
 {
     const QString file = saved();
@@ -400,41 +201,6 @@ void tst_StudioSaving::aFullDisk()
     QVERIFY(window()->isWindowModified());
     QVERIFY(window()->save());
     QCOMPARE(stepIn(file), vxScene->getTimeStep());
-}
-
-void tst_StudioSaving::othersChangedTheFile()
-{
-    const QString file = saved();
-    change();
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    const QByteArray theirs = contents(file);
-    QString text;
-    {
-        const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Cancel));
-        QVERIFY(!window()->save());
-        QVERIFY(answer.met());
-    }
-    QVERIFY2(text.contains("\"walk.vxscene\" was changed by another program"), qPrintable(text));
-    QVERIFY(contents(file) == theirs);
-    QVERIFY(window()->isWindowModified());
-    // Under another name there is nothing to ask.
-    QVERIFY(document()->save(folder->filePath("mine.vxscene")));
-    QVERIFY(document()->open(folder->filePath("mine.vxscene")));
-    QVERIFY(document()->save(folder->filePath("mine.vxscene")));
-    QVERIFY(QFile::remove(file) && QFile::copy(folder->filePath("mine.vxscene"), file));
-    QVERIFY(document()->open(file));
-    change();
-    QFile again(file);
-    QVERIFY(again.open(QIODevice::Append) && again.write("x") == 1);
-    again.close();
-    const DialogAnswer<QMessageBox> answer(pressButton(QMessageBox::Save));
-    QVERIFY(window()->save());
-    QVERIFY(answer.met());
-    QCOMPARE(stepIn(file), vxScene->getTimeStep());
-    change();
-    QVERIFY(window()->save()); // asked once
 }
 
 void tst_StudioSaving::openingTheOpenFile_data()

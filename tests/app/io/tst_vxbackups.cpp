@@ -43,6 +43,7 @@ private Q_SLOTS:
     void names();
     void versionsMoveUp_data();
     void versionsMoveUp();
+    void aCountOfNoneTouchesNothing();
     void aGapIsFilled();
     void aSaveThatFailsMakesNoBackup();
     void whatAnInterruptedSaveLeft();
@@ -108,6 +109,19 @@ void tst_VxBackups::versionsMoveUp()
                      QByteArray::number(i - number));
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1 + qMin(i, count));
     }
+}
+
+void tst_VxBackups::aCountOfNoneTouchesNothing()
+{
+    for (int i = 0; i < 4; ++i)
+        QVERIFY(save(QByteArray::number(i), 3));
+    QFile left(file("walk.bak0.vxscene")); // by an interrupted save
+    QVERIFY(left.open(QIODevice::WriteOnly));
+    left.close();
+    QVERIFY(save("4", 0));
+    for (int number = 1; number <= 3; ++number)
+        QCOMPARE(contents(VxBackups(file(), 3).name(number)), QByteArray::number(3 - number));
+    QVERIFY(left.exists());
 }
 
 /// A version that the user removed costs none of the others.

@@ -473,7 +473,9 @@ void tst_VxSceneFormat::aDamagedDocumentNamesItsBackup()
     const QString name = m_folder->filePath("walk.vxscene");
     Document document;
     RichScene::build(&document.scene);
-    QVERIFY(document.controller.save(name) && document.controller.save(name));
+    QVERIFY(document.controller.save(name));
+    document.history.qtStack()->resetClean(); // a document without changes makes no backup
+    QVERIFY(document.controller.save(name));
     QByteArray bytes = fileBytes(name);
     bytes.chop(40);
     write(name, bytes);

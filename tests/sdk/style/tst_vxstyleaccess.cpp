@@ -367,6 +367,9 @@ void tst_VxStyleAccess::metricsGrowWithTheText()
         QVERIFY(style->metric(VxStyle::PM_VxDopeSheetRowHeight) >= qMax(20, text));
         const VxTextStyle ruler = style->textStyle(VxStyle::TS_Ruler);
         QVERIFY(2 * ruler.getAscent() < style->metric(VxStyle::PM_VxDopeSheetHeaderHeight));
+        // Labels are two distances apart, with a gap that can be seen.
+        const int label = ruler.getWidth(QStringLiteral("0000"));
+        QVERIFY(2 * style->metric(VxStyle::PM_VxRulerLabelSpacing) >= label + label / 8);
     }
     // Marks and distances of time stay.
     QCOMPARE(style->metric(VxStyle::PM_VxTimelineFrameWidth), 10);
