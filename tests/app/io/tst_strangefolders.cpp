@@ -201,6 +201,9 @@ void tst_StrangeFolders::aStepThatFails()
         QVERIFY2(states().isEmpty(), qPrintable(place + states().join(' ')));
         QVERIFY2(run.done || run.message.contains(m_file), qPrintable(place));
         failures += !run.done;
+        if (!run.message.contains("strangefolder:"))
+            break; // the save has no further step
+        QVERIFY(step < MostSteps);
     }
     QVERIFY2(failures >= 2, qPrintable(QString::number(failures)));
 }

@@ -361,7 +361,7 @@ void TestSceneJournal::damagedRecordsChangeNothing()
     const QByteArray before = shown(m_copy.get());
     const int entries = m_history->count();
     int refused = 0;
-    for (int i = 0; i < vxSessionLength(6000); ++i) {
+    for (int i = 0; i < vxSessionLength(3000); ++i) {
         m_record = VxFileMutations::mutant(records.at(i % records.size()), unsigned(i));
         VxUndoStackHold hold;
         refused += !apply(VxJournalReader::Forward, m_copy.get());

@@ -3,8 +3,8 @@
 //
 // VX_FOLDER: the folder. VX_REFUSES: what it refuses, as words with the number of an error, such as
 // "over=17 link=1": over (renaming over an existing file), rename (renaming at all), link (hard
-// links), lock (locks of any kind). VX_FAILS_AT: the number of the operation that fails, from 1.
-// VX_KILLED_AT: the number of the operation before which the program is killed.
+// links), lock (locks of any kind). VX_FAILS_AT: the number of the operation that fails, from 1;
+// standard error says so. VX_KILLED_AT: the number of the operation before which the program is killed.
 
 #include <cerrno>
 #include <csignal>
@@ -61,6 +61,9 @@ bool fails()
         kill(getpid(), SIGKILL);
     if (std::atoi(setting("VX_FAILS_AT").c_str()) != count)
         return false;
+    static const char message[] = "strangefolder: an operation fails\n";
+    if (write(STDERR_FILENO, message, sizeof message - 1) < 0)
+        abort();
     errno = EIO;
     return true;
 }
