@@ -1,34 +1,15 @@
 // Large scene files of each form are read in time proportional to their size.
 
 #include "scenedocuments.h"
+#include "testing/vxgrowth.h"
 #include "testing/vxtestmain.h"
 
-#include <QElapsedTimer>
 #include <QtTest/QtTest>
-#include <limits>
 #include <testing/vxwarningguard.h>
 
 namespace {
 
 using namespace scenedocuments;
-
-/// The ratio of the times for eight times the size and for the size itself: 8 for linear work.
-template <class Step> double growth(int size, const Step &step)
-{
-    const auto milliseconds = [&step](int count) {
-        QElapsedTimer timer;
-        timer.start();
-        step(count);
-        return double(timer.nsecsElapsed()) / 1e6;
-    };
-    double best = std::numeric_limits<double>::max();
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const double small = milliseconds(size);
-        const double large = milliseconds(size * 8);
-        best = std::min(best, large / std::max(small, 0.5));
-    }
-    return best;
-}
 
 /// An indefinite byte string or text of many chunks: the stream writer has none.
 QByteArray chunks(char start, const QByteArray &chunk, int count)
@@ -137,10 +118,13 @@ void TestSceneReadTime::readingIsLinear_data()
 void TestSceneReadTime::readingIsLinear()
 {
     QFETCH(QString, kind);
-    const double ratio = growth(5000, [&kind](int size) {
+    const double ratio = vxGrowth(5000, 8, 24, [&kind](int size) {
+        const QByteArray bytes = largeDocument(kind, size);
+        const double start = vxProcessorMilliseconds();
         VxSceneContents contents;
         QString message;
-        read(largeDocument(kind, size), &contents, &message);
+        read(bytes, &contents, &message);
+        return vxProcessorMilliseconds() - start;
     });
     // 8 times the document in 64 times the time would be quadratic.
     QVERIFY2(ratio < 24, qPrintable(QString::number(ratio)));

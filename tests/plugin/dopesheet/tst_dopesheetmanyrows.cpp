@@ -1,10 +1,10 @@
+#include "testing/vxgrowth.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "transformrowstestbase.h"
 
 #include <QtTest/QAbstractItemModelTester>
 
-#include <ctime>
 #include <random>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
@@ -14,17 +14,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-
-namespace {
-
-double processorMilliseconds()
-{
-    timespec now = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
-}
-
-} // namespace
 
 // Rows by the thousand in a shown pane: deep chains, and nodes whose property rows are made when
 // they are needed.
@@ -104,7 +93,7 @@ void TestDopeSheetManyRows::chainsInLinearTime()
             view->selectionModel()->select(view->model()->index(0, 0),
                                            QItemSelectionModel::Deselect |
                                                QItemSelectionModel::Rows);
-        const double start = processorMilliseconds();
+        const double start = vxProcessorMilliseconds();
         if (work == QLatin1String("filter"))
             view->applyFilterText(QStringLiteral("bone %1").arg(count - 1));
         else if (work == QLatin1String("filter for nothing"))
@@ -113,17 +102,13 @@ void TestDopeSheetManyRows::chainsInLinearTime()
             view->selectAll();
         else
             vxScene->removeNode(chain);
-        const double took = processorMilliseconds() - start;
+        const double took = vxProcessorMilliseconds() - start;
         view->applyFilterText(QString());
         vxScene->clear();
         settle();
         return took;
     };
-    double ratio = 100;
-    for (int i = 0; i < 10 && ratio > 9; ++i) {
-        const double few = milliseconds(100);
-        ratio = std::min(ratio, milliseconds(400) / few);
-    }
+    const double ratio = vxGrowth(100, 4, 9, milliseconds);
     QVERIFY2(ratio < 9, qPrintable(QString::number(ratio)));
 }
 
@@ -167,22 +152,18 @@ void TestDopeSheetManyRows::siblingsInLinearTime()
         if (work.endsWith(QLatin1String("selected")))
             view->selectAll();
         settle();
-        const double start = processorMilliseconds();
+        const double start = vxProcessorMilliseconds();
         if (adds)
             addLevel(nodes);
         for (int i = 0; !adds && i < nodes; ++i)
             vxScene->removeNode(level.at(i));
         settle();
-        const double took = processorMilliseconds() - start;
+        const double took = vxProcessorMilliseconds() - start;
         vxScene->clear();
         settle();
         return took;
     };
-    double ratio = 100;
-    for (int i = 0; i < 10 && ratio > 10; ++i) {
-        const double few = milliseconds(count);
-        ratio = std::min(ratio, milliseconds(4 * count) / few);
-    }
+    const double ratio = vxGrowth(count, 4, 10, milliseconds);
     QVERIFY2(ratio < 10, qPrintable(QString::number(ratio)));
 }
 
