@@ -4,7 +4,8 @@
 // VX_FOLDER: the folder. VX_REFUSES: what it refuses, as words with the number of an error, such as
 // "over=17 link=1": over (renaming over an existing file), rename (renaming at all), link (hard
 // links), lock (locks of any kind). VX_FAILS_AT: the number of the operation that fails, from 1;
-// standard error says so. VX_KILLED_AT: the number of the operation before which the program is killed.
+// standard error says so. VX_KILLED_AT: the number of the operation before which the program is
+// killed.
 
 #include <cerrno>
 #include <csignal>
