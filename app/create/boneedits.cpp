@@ -16,14 +16,6 @@ constexpr double ShortestDirection = 1e-6;
 // The part of a bone's length within which a child node is at its end.
 constexpr float EndReach = 1e-3f;
 
-std::array<VxFloatProperty *, 10> controlsOf(const VxNode *node)
-{
-    return {node->getXPosControl(),  node->getYPosControl(),   node->getZPosControl(),
-            node->getXRotControl(),  node->getYRotControl(),   node->getZRotControl(),
-            node->getScaleControl(), node->getXScaleControl(), node->getYScaleControl(),
-            node->getZScaleControl()};
-}
-
 } // namespace
 
 VxRestPose BoneEdits::restInPlace()
@@ -38,9 +30,8 @@ BoneValues BoneEdits::valuesOf(const VxNode *node)
         values.rest = *node->getRestPose();
         return values;
     }
-    const auto controls = controlsOf(node);
-    for (std::size_t i = 0; i < controls.size(); ++i)
-        values.rest[i] = controls[i]->getStoredValue();
+    for (std::size_t i = 0; i < values.rest.size(); ++i)
+        values.rest[i] = node->getTransformControl(int(i))->getStoredValue();
     return values;
 }
 
@@ -52,11 +43,11 @@ void BoneEdits::setValues(VxNode *node, const BoneValues &values, bool childrenF
     node->setEndPoint(values.end);
     if (values.rest != formerRest) {
         node->setRestPose(values.rest);
-        const auto controls = controlsOf(node);
-        for (std::size_t i = 0; i < controls.size(); ++i) {
-            if (values.rest[i] != formerRest[i] && controls[i]->getKeyHolder() == controls[i] &&
-                controls[i]->getNumKeys() == 0 && !controls[i]->isLocked())
-                controls[i]->setStoredValue(values.rest[i]);
+        for (std::size_t i = 0; i < formerRest.size(); ++i) {
+            VxFloatProperty *control = node->getTransformControl(int(i));
+            if (values.rest[i] != formerRest[i] && control->getKeyHolder() == control &&
+                control->getNumKeys() == 0 && !control->isLocked())
+                control->setStoredValue(values.rest[i]);
         }
     }
     const float reach = formerEnd.length() * EndReach;

@@ -38,20 +38,6 @@ CreateResult enter(VxScene *scene, std::unique_ptr<VxNode> node, VxNode *parent)
     return {{made}, {}};
 }
 
-/** Of length BoneLength; up where the parent bone has no direction. */
-QVector3D boneDirection(const VxNode *parent)
-{
-    const QVector3D end = parent ? parent->getEndPoint() : QVector3D();
-    const double length =
-        std::sqrt(double(end.x()) * double(end.x()) + double(end.y()) * double(end.y()) +
-                  double(end.z()) * double(end.z()));
-    if (!std::isfinite(length) || length < 1e-6)
-        return {0, CreateEdits::BoneLength, 0};
-    const double factor = double(CreateEdits::BoneLength) / length;
-    return {float(double(end.x()) * factor), float(double(end.y()) * factor),
-            float(double(end.z()) * factor)};
-}
-
 VxNode *commonParent(const QVector<VxNode *> &tops)
 {
     VxNode *parent = tops.first()->getNodeParent();
@@ -86,7 +72,8 @@ CreateResult CreateEdits::addBone(VxScene *scene, VxNode *parent)
     const VxNode *above = qobject_cast<VxBone *>(parent);
     if (above && std::isfinite(above->getEndPoint().lengthSquared()))
         bone->setOrigin(above->getEndPoint());
-    bone->setEndPoint(boneDirection(above));
+    bone->setEndPoint(
+        BoneEdits::withLength(above ? above->getEndPoint() : QVector3D(), BoneLength));
     bone->setRestPose(BoneEdits::restInPlace());
     return enter(scene, std::move(bone), parent);
 }

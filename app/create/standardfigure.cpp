@@ -4,6 +4,7 @@
 #include "create/namenumbers.h"
 
 #include <QHash>
+#include <QRegularExpression>
 #include <array>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
@@ -20,108 +21,47 @@ struct Limits
 /// One bone of the trunk or of the left side.
 struct FigureBone
 {
-    const char *name;
-    const char *label;
+    const char *name; ///< begins each word with a capital
     const char *parent;
     QVector3D origin; ///< centimetres, in the parent's space
     QVector3D end;
     VxNode::RotationOrder order;
-    std::array<Limits, 3> limits; ///< degrees about X, Y and Z; equal ones: no limits
+    Limits limits[3]; ///< degrees about X, Y and Z; equal ones: no limits
 };
 
 constexpr Limits Free{0, 0};
 
 // The rotation order keeps each joint's wide angles away from the middle axis.
 const FigureBone trunk[] = {
-    {"Hips", "Hips", "", {0, 98, 0}, {0, 8, 0}, VxNode::YXZ, {Free, Free, Free}},
-    {"Spine",
-     "Spine",
-     "Hips",
-     {0, 8, 0},
-     {0, 18, 0},
-     VxNode::XZY,
-     {{{-30, 60}, {-45, 45}, {-35, 35}}}},
-    {"Chest",
-     "Chest",
-     "Spine",
-     {0, 18, 0},
-     {0, 24, 0},
-     VxNode::XZY,
-     {{{-30, 50}, {-45, 45}, {-30, 30}}}},
-    {"Neck",
-     "Neck",
-     "Chest",
-     {0, 24, 0},
-     {0, 8, 0},
-     VxNode::XZY,
-     {{{-45, 45}, {-45, 45}, {-35, 35}}}},
-    {"Head",
-     "Head",
-     "Neck",
-     {0, 8, 0},
-     {0, 20, 0},
-     VxNode::XZY,
-     {{{-45, 45}, {-60, 60}, {-35, 35}}}},
+    {"Hips", "", {0, 98, 0}, {0, 8, 0}, VxNode::YXZ, {Free, Free, Free}},
+    {"Spine", "Hips", {0, 8, 0}, {0, 18, 0}, VxNode::XZY, {{-30, 60}, {-45, 45}, {-35, 35}}},
+    {"Chest", "Spine", {0, 18, 0}, {0, 24, 0}, VxNode::XZY, {{-30, 50}, {-45, 45}, {-30, 30}}},
+    {"Neck", "Chest", {0, 24, 0}, {0, 8, 0}, VxNode::XZY, {{-45, 45}, {-45, 45}, {-35, 35}}},
+    {"Head", "Neck", {0, 8, 0}, {0, 20, 0}, VxNode::XZY, {{-45, 45}, {-60, 60}, {-35, 35}}},
 };
 
 const FigureBone leftSide[] = {
-    {"Shoulder",
-     "Shoulder",
-     "Chest",
-     {3, 20, 0},
-     {14, 1, 0},
-     VxNode::ZYX,
-     {{{-20, 20}, {-30, 30}, {-15, 45}}}},
+    {"Shoulder", "Chest", {3, 20, 0}, {14, 1, 0}, VxNode::ZYX, {{-20, 20}, {-30, 30}, {-15, 45}}},
     {"UpperArm",
-     "Upper Arm",
      "Shoulder",
      {14, 1, 0},
      {28, 0, 0},
      VxNode::ZYX,
-     {{{-90, 90}, {-135, 60}, {-100, 90}}}},
-    {"Forearm",
-     "Forearm",
-     "UpperArm",
-     {28, 0, 0},
-     {25, 0, 0},
-     VxNode::ZYX,
-     {{{-90, 90}, {-150, 0}, {-10, 10}}}},
-    {"Hand",
-     "Hand",
-     "Forearm",
-     {25, 0, 0},
-     {17, 0, 0},
-     VxNode::ZYX,
-     {{{-20, 20}, {-40, 40}, {-80, 80}}}},
-    {"Thigh",
-     "Thigh",
-     "Hips",
-     {9, -4, 0},
-     {0, -42, 0},
-     VxNode::XZY,
-     {{{-120, 45}, {-45, 45}, {-30, 60}}}},
-    {"Shin",
-     "Shin",
-     "Thigh",
-     {0, -42, 0},
-     {0, -42, 0},
-     VxNode::XZY,
-     {{{0, 150}, {-20, 20}, {-10, 10}}}},
-    {"Foot",
-     "Foot",
-     "Shin",
-     {0, -42, 0},
-     {0, -10, 12},
-     VxNode::XZY,
-     {{{-40, 60}, {-30, 30}, {-30, 30}}}},
-    {"Toes",
-     "Toes",
-     "Foot",
-     {0, -10, 12},
-     {0, 0, 8},
-     VxNode::XZY,
-     {{{-60, 40}, {-10, 10}, {-10, 10}}}},
+     {{-90, 90}, {-135, 60}, {-100, 90}}},
+    {"Forearm", "UpperArm", {28, 0, 0}, {25, 0, 0}, VxNode::ZYX, {{-90, 90}, {-150, 0}, {-10, 10}}},
+    {"Hand", "Forearm", {25, 0, 0}, {17, 0, 0}, VxNode::ZYX, {{-20, 20}, {-40, 40}, {-80, 80}}},
+    {"Thigh", "Hips", {9, -4, 0}, {0, -42, 0}, VxNode::XZY, {{-120, 45}, {-45, 45}, {-30, 60}}},
+    {"Shin", "Thigh", {0, -42, 0}, {0, -42, 0}, VxNode::XZY, {{0, 150}, {-20, 20}, {-10, 10}}},
+    {"Foot", "Shin", {0, -42, 0}, {0, -10, 12}, VxNode::XZY, {{-40, 60}, {-30, 30}, {-30, 30}}},
+    {"Toes", "Foot", {0, -10, 12}, {0, 0, 8}, VxNode::XZY, {{-60, 40}, {-10, 10}, {-10, 10}}},
 };
+
+/** "Left Upper Arm" of "LeftUpperArm". */
+QString wordsOf(QString name)
+{
+    static const QRegularExpression wordStart(QStringLiteral("(?<=[a-z])(?=[A-Z])"));
+    return name.replace(wordStart, QStringLiteral(" "));
+}
 
 class FigureBuilder
 {
@@ -131,11 +71,11 @@ public:
     {
     }
 
-    void add(const FigureBone &bone, const QString &side, const QString &sideLabel)
+    void add(const FigureBone &bone, const QString &side)
     {
         const QString name = side + QLatin1String(bone.name);
         auto *made = new VxBone(m_names->unique(name));
-        made->setLabel(sideLabel + QLatin1String(bone.label));
+        made->setLabel(wordsOf(name));
         const bool isRight = side == QLatin1String("Right");
         const QVector3D mirror(isRight ? -1.0f : 1.0f, 1, 1);
         made->setOrigin(bone.origin * mirror);
@@ -153,11 +93,10 @@ public:
     {
         m_skeleton = std::make_unique<VxSkeleton>(m_names->unique(QStringLiteral("Figure")));
         for (const FigureBone &bone : trunk)
-            add(bone, {}, {});
+            add(bone, {});
         for (const char *side : {"Left", "Right"}) {
-            const QString name = QLatin1String(side);
             for (const FigureBone &bone : leftSide)
-                add(bone, name, name + QLatin1Char(' '));
+                add(bone, QLatin1String(side));
         }
         return std::move(m_skeleton);
     }

@@ -48,8 +48,6 @@ void VxBoneChainAction::toggleAction(bool onOff)
     m_tool->begin();
 }
 
-void VxBoneChainAction::perform(ViewportWidget *) {}
-
 void VxBoneChainAction::end()
 {
     ViewportWidget *view = viewport();

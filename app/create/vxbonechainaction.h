@@ -19,7 +19,6 @@ public:
 
 private:
     void toggleAction(bool onOff) override;
-    void perform(ViewportWidget *view) override;
     void end();
 
     QPointer<BoneChainTool> m_tool;

@@ -8,9 +8,6 @@ class VxCreateNodeAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCreateNodeAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxCreateSkeletonAction : public VxSceneAction
@@ -18,9 +15,6 @@ class VxCreateSkeletonAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCreateSkeletonAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxCreateBoneAction : public VxSceneAction
@@ -28,9 +22,6 @@ class VxCreateBoneAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCreateBoneAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxCreateFigureAction : public VxSceneAction
@@ -38,9 +29,6 @@ class VxCreateFigureAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCreateFigureAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxEditBoneAction : public VxSceneAction
@@ -48,9 +36,6 @@ class VxEditBoneAction : public VxSceneAction
     Q_OBJECT
 public:
     VxEditBoneAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxDuplicateNodesAction : public VxSceneAction
@@ -58,9 +43,6 @@ class VxDuplicateNodesAction : public VxSceneAction
     Q_OBJECT
 public:
     VxDuplicateNodesAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxGroupNodesAction : public VxSceneAction
@@ -68,9 +50,6 @@ class VxGroupNodesAction : public VxSceneAction
     Q_OBJECT
 public:
     VxGroupNodesAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 #endif

@@ -9,40 +9,30 @@ namespace {
 constexpr char MarkersMenu[] = "Animation/Markers";
 constexpr char MarkersGroup[] = "Markers";
 
-} // namespace
-
-VxAddMarkerAction::VxAddMarkerAction()
-    : VxSceneAction(MarkersMenu, tr("Add Marker"), tr("Adds a marker at the current time."), "M",
-                    MarkersGroup)
-{
-}
-
-QString VxAddMarkerAction::perform(VxScene *scene) const
+QString addMarker(VxScene *scene)
 {
     MarkerEdits::add(scene, scene->getTime());
     return QString();
 }
 
-VxPreviousMarkerAction::VxPreviousMarkerAction()
-    : VxSceneAction(MarkersMenu, tr("Previous Marker"),
-                    tr("Sets the current time to the previous start or end of a marker."), ",",
-                    MarkersGroup)
+} // namespace
+
+VxAddMarkerAction::VxAddMarkerAction()
+    : VxSceneAction(MarkersMenu, tr("Add Marker"), tr("Adds a marker at the current time."), "M",
+                    MarkersGroup, &addMarker)
 {
 }
 
-QString VxPreviousMarkerAction::perform(VxScene *scene) const
+VxPreviousMarkerAction::VxPreviousMarkerAction()
+    : VxSceneAction(MarkersMenu, tr("Previous Marker"),
+                    tr("Sets the current time to the previous start or end of a marker."), ",",
+                    MarkersGroup, [](VxScene *scene) { return MarkerEdits::step(scene, false); })
 {
-    return MarkerEdits::step(scene, false);
 }
 
 VxNextMarkerAction::VxNextMarkerAction()
     : VxSceneAction(MarkersMenu, tr("Next Marker"),
                     tr("Sets the current time to the next start or end of a marker."), ".",
-                    MarkersGroup)
+                    MarkersGroup, [](VxScene *scene) { return MarkerEdits::step(scene, true); })
 {
-}
-
-QString VxNextMarkerAction::perform(VxScene *scene) const
-{
-    return MarkerEdits::step(scene, true);
 }

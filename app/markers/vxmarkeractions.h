@@ -9,9 +9,6 @@ class VxAddMarkerAction : public VxSceneAction
     Q_OBJECT
 public:
     VxAddMarkerAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 /// Sets the current time to the previous start or end of a marker.
@@ -20,9 +17,6 @@ class VxPreviousMarkerAction : public VxSceneAction
     Q_OBJECT
 public:
     VxPreviousMarkerAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 /// Sets the current time to the next start or end of a marker.
@@ -31,9 +25,6 @@ class VxNextMarkerAction : public VxSceneAction
     Q_OBJECT
 public:
     VxNextMarkerAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 #endif

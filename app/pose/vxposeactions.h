@@ -8,9 +8,6 @@ class VxCopyPoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCopyPoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxPastePoseAction : public VxSceneAction
@@ -18,9 +15,6 @@ class VxPastePoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxPastePoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxPastePoseMirroredAction : public VxSceneAction
@@ -28,9 +22,6 @@ class VxPastePoseMirroredAction : public VxSceneAction
     Q_OBJECT
 public:
     VxPastePoseMirroredAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxMirrorPoseAction : public VxSceneAction
@@ -38,9 +29,6 @@ class VxMirrorPoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxMirrorPoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxResetPoseAction : public VxSceneAction
@@ -48,9 +36,6 @@ class VxResetPoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxResetPoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxSetRestPoseAction : public VxSceneAction
@@ -58,9 +43,6 @@ class VxSetRestPoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxSetRestPoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxSelectMirrorAction : public VxSceneAction
@@ -68,9 +50,6 @@ class VxSelectMirrorAction : public VxSceneAction
     Q_OBJECT
 public:
     VxSelectMirrorAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxSelectChildrenAction : public VxSceneAction
@@ -78,9 +57,6 @@ class VxSelectChildrenAction : public VxSceneAction
     Q_OBJECT
 public:
     VxSelectChildrenAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxSelectParentsAction : public VxSceneAction
@@ -88,9 +64,6 @@ class VxSelectParentsAction : public VxSceneAction
     Q_OBJECT
 public:
     VxSelectParentsAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxBreakdownAction : public VxSceneAction
@@ -98,9 +71,6 @@ class VxBreakdownAction : public VxSceneAction
     Q_OBJECT
 public:
     VxBreakdownAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxHoldPoseAction : public VxSceneAction
@@ -108,9 +78,6 @@ class VxHoldPoseAction : public VxSceneAction
     Q_OBJECT
 public:
     VxHoldPoseAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxCyclePosesAction : public VxSceneAction
@@ -118,9 +85,6 @@ class VxCyclePosesAction : public VxSceneAction
     Q_OBJECT
 public:
     VxCyclePosesAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 class VxMatchEndsAction : public VxSceneAction
@@ -128,9 +92,6 @@ class VxMatchEndsAction : public VxSceneAction
     Q_OBJECT
 public:
     VxMatchEndsAction();
-
-private:
-    QString perform(VxScene *scene) const override;
 };
 
 #endif

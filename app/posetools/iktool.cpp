@@ -1,6 +1,6 @@
 #include "posetools/iktool.h"
 
-#include "posetools/movetool.h"
+#include "posetools/spaces.h"
 #include "scenetree/sceneedits.h"
 #include "viewport/figurelines.h"
 #include "viewport/figurepick.h"
@@ -10,14 +10,9 @@
 #include <vxcore/vxscene.h>
 
 IkTool::IkTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
-    : TransformTool(scene, settings, GizmoKind::Move, parent)
+    : OffsetTool(PoseTools::Ik, scene, settings, GizmoKind::Move, parent)
 {
     setObjectName(QStringLiteral("IkTool"));
-}
-
-QString IkTool::title() const
-{
-    return StudioText::tr("IK");
 }
 
 GizmoTarget IkTool::targetFor(VxNode *joint) const
@@ -57,40 +52,15 @@ void IkTool::beginDrag(const GizmoTarget &target, const QPointF &pixel)
 {
     m_limb.emplace(target.primary);
     m_limb->begin(gesture());
-    m_drag.emplace(pressCamera(), target.frame, part(), pixel);
+    OffsetTool::beginDrag(target, pixel);
     m_reached = true;
-}
-
-void IkTool::follow(const QPointF &pixel, bool snaps)
-{
-    if (snaps)
-        m_drag->followGrid(pixel,
-                           settings()->orientation() == PoseToolSettings::Orientation::World);
-    else
-        m_drag->follow(pixel);
-}
-
-bool IkTool::hasAmount() const
-{
-    return m_drag->hasAmount();
-}
-
-void IkTool::setAmount(double amount)
-{
-    m_drag->setAmount(amount);
 }
 
 void IkTool::write()
 {
     const VxVector start = m_limb->startPosition();
-    const QVector3D offset = m_drag->offset();
-    m_reached = m_limb->solve({start[0] + double(offset.x()), start[1] + double(offset.y()),
-                               start[2] + double(offset.z())});
-}
-
-QString IkTool::amountText() const
-{
-    return m_drag->text();
+    const VxVector moved = Spaces::toVector(offset());
+    m_reached = m_limb->solve({start[0] + moved[0], start[1] + moved[1], start[2] + moved[2]});
 }
 
 QString IkTool::remark() const

@@ -1,7 +1,6 @@
 #include "posetools/movetool.h"
 
 #include "scenetree/sceneedits.h"
-#include "widgets/studiotext.h"
 
 #include <cmath>
 #include <vxcore/vxscene.h>
@@ -46,28 +45,15 @@ GizmoLocks moveLocks(const GestureNode &node, const GizmoFrame &frame)
 } // namespace
 
 MoveTool::MoveTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
-    : TransformTool(scene, settings, GizmoKind::Move, parent)
+    : OffsetTool(PoseTools::Move, scene, settings, GizmoKind::Move, parent)
 {
     setObjectName(QStringLiteral("MoveTool"));
-}
-
-QString MoveTool::title() const
-{
-    return StudioText::tr("Move");
 }
 
 GizmoTarget MoveTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
 {
     GizmoTarget target{SceneEdits::topmost(scene(), selected), primary, {}, {}};
-    const VxTime time = scene()->getTime();
-    QVector3D origin = primary->getWorldTransform(time).column(3).toVector3D();
-    if (settings()->pivot() == PoseToolSettings::Pivot::Common) {
-        origin = QVector3D();
-        for (const VxNode *node : qAsConst(target.nodes))
-            origin += node->getWorldTransform(time).column(3).toVector3D();
-        origin /= float(target.nodes.size());
-    }
-    target.frame = {origin, arrowAxes(primary, settings()->orientation())};
+    target.frame = {pivotOf(target.nodes, primary), arrowAxes(primary, settings()->orientation())};
     target.locks = commonLocks(
         target.nodes, [&target](const GestureNode &node) { return moveLocks(node, target.frame); });
     return target;
@@ -80,44 +66,11 @@ void MoveTool::beginDrag(const GizmoTarget &target, const QPointF &pixel)
         GestureNode &part = gesture()->node(node);
         m_parts.push_back({&part, part.parentMatrix()});
     }
-    m_drag.emplace(pressCamera(), target.frame, part(), pixel);
-}
-
-void MoveTool::follow(const QPointF &pixel, bool snaps)
-{
-    if (snaps)
-        m_drag->followGrid(pixel,
-                           settings()->orientation() == PoseToolSettings::Orientation::World);
-    else
-        m_drag->follow(pixel);
-}
-
-bool MoveTool::hasAmount() const
-{
-    return m_drag->hasAmount();
-}
-
-void MoveTool::setAmount(double amount)
-{
-    m_drag->setAmount(amount);
+    OffsetTool::beginDrag(target, pixel);
 }
 
 void MoveTool::write()
 {
-    for (const Part &each : m_parts) {
-        const auto local = Spaces::unmapped(each.parent, Spaces::toVector(m_drag->offset()));
-        if (!local) {
-            gesture()->countRefused();
-            continue;
-        }
-        for (int axis = 0; axis < 3; ++axis)
-            gesture()->set(each.node, XPlace + axis,
-                           each.node->start()[std::size_t(XPlace + axis)] +
-                               (*local)[std::size_t(axis)]);
-    }
-}
-
-QString MoveTool::amountText() const
-{
-    return m_drag->text();
+    for (const Part &each : m_parts)
+        gesture()->move(each.node, each.parent, Spaces::toVector(offset()));
 }

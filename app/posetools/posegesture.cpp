@@ -1,6 +1,7 @@
 #include "posetools/posegesture.h"
 
 #include "pose/channellimits.h"
+#include "posetools/spaces.h"
 
 #include <algorithm>
 #include <vxcore/vxchangeblock.h>
@@ -47,14 +48,16 @@ void PoseGesture::set(GestureNode *node, int channel, double value)
     m_refused += outcome == GestureNode::Outcome::Refused ? 1 : 0;
 }
 
-void PoseGesture::setRotation(GestureNode *node, const VxRotation &rotation)
+void PoseGesture::move(GestureNode *node, const QMatrix4x4 &parent, const VxVector &offset)
 {
-    const VxEuler angles = ChannelLimits::angles(node->channels(), m_time, rotation, node->order(),
-                                                 anglesOf(node->start()));
-    for (int axis = 0; axis < 3; ++axis)
-        set(node, XAngle + axis, angles[std::size_t(axis)]);
+    const auto local = Spaces::unmapped(parent, offset);
+    if (!local) {
+        countRefused();
+        return;
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        set(node, XPlace + int(axis), node->start()[XPlace + axis] + (*local)[axis]);
 }
-
 void PoseGesture::resetCounts()
 {
     m_limited = 0;

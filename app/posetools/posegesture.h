@@ -7,6 +7,7 @@
 #include <QString>
 #include <memory>
 #include <unordered_map>
+#include <vxcore/vxlimbsolver.h>
 #include <vxcore/vxundostackhold.h>
 
 class VxScene;
@@ -31,8 +32,8 @@ public:
     GestureNode &node(VxNode *node);
     /// Writes a value and counts the outcome.
     void set(GestureNode *node, int channel, double value);
-    /// Writes the angles of a rotation, those that limits and locks allow.
-    void setRotation(GestureNode *node, const VxRotation &rotation);
+    /// Moves a node by an offset in the world; parent: from its parent's space to the world.
+    void move(GestureNode *node, const QMatrix4x4 &parent, const VxVector &offset);
 
     /// Forgets the outcomes; call it before the writes of every move.
     void resetCounts();

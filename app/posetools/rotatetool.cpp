@@ -2,7 +2,6 @@
 
 #include "posetools/nodeangles.h"
 #include "scenetree/sceneedits.h"
-#include "widgets/studiotext.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,14 +23,9 @@ VxVector unitAxis(int axis)
 } // namespace
 
 RotateTool::RotateTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
-    : TransformTool(scene, settings, GizmoKind::Rotate, parent)
+    : TransformTool(PoseTools::Rotate, scene, settings, GizmoKind::Rotate, parent)
 {
     setObjectName(QStringLiteral("RotateTool"));
-}
-
-QString RotateTool::title() const
-{
-    return StudioText::tr("Rotate");
 }
 
 /** In the space of the node's parent, of length 1. */
@@ -51,20 +45,11 @@ VxVector RotateTool::axisFor(const GestureNode &node, GizmoPart part,
 
 GizmoTarget RotateTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
 {
-    const VxTime time = scene()->getTime();
     const bool isCommon = settings()->pivot() == PoseToolSettings::Pivot::Common;
-    GizmoTarget target{isCommon ? SceneEdits::topmost(scene(), selected) : selected,
-                       primary,
-                       {primary->getWorldTransform(time).column(3).toVector3D(),
-                        ringAxes(primary, settings()->orientation())},
-                       {}};
-    if (isCommon) {
-        QVector3D sum;
-        for (const VxNode *node : qAsConst(target.nodes))
-            sum += node->getWorldTransform(time).column(3).toVector3D();
-        target.frame.origin = sum / float(target.nodes.size());
-    }
-    const GestureNode node(primary, time, false);
+    GizmoTarget target{
+        isCommon ? SceneEdits::topmost(scene(), selected) : selected, primary, {}, {}};
+    target.frame = {pivotOf(target.nodes, primary), ringAxes(primary, settings()->orientation())};
+    const GestureNode node(primary, scene()->getTime(), false);
     if (isByChannel(node)) {
         const VxRotation parent = Spaces::rotationOf(node.parentMatrix());
         for (int axis = 0; axis < 3; ++axis)
@@ -135,11 +120,6 @@ void RotateTool::follow(const QPointF &pixel, bool snaps)
     m_angle = snaps ? std::round(angle / SnapAngle) * SnapAngle : angle;
 }
 
-bool RotateTool::hasAmount() const
-{
-    return true;
-}
-
 void RotateTool::setAmount(double amount)
 {
     m_angle = std::clamp(amount, -LargestAngle, LargestAngle);
@@ -179,22 +159,11 @@ void RotateTool::writePosition(const Part &part, double angle)
     if (part.arm == VxVector{})
         return;
     const VxVector end = vxRotated(vxRotationAbout(Spaces::toVector(m_axis), angle), part.arm);
-    const auto local = Spaces::unmapped(
-        part.parent, {end[0] - part.arm[0], end[1] - part.arm[1], end[2] - part.arm[2]});
-    if (!local) {
-        gesture()->countRefused();
-        return;
-    }
-    for (int axis = 0; axis < 3; ++axis)
-        gesture()->set(part.node, XPlace + axis,
-                       part.node->start()[std::size_t(XPlace + axis)] +
-                           (*local)[std::size_t(axis)]);
+    gesture()->move(part.node, part.parent,
+                    {end[0] - part.arm[0], end[1] - part.arm[1], end[2] - part.arm[2]});
 }
 
 QString RotateTool::amountText() const
 {
-    static const char *const names[] = {"X ", "Y ", "Z "};
-    const int axis = gizmoAxis(part());
-    return QLatin1String(axis >= 0 ? names[axis] : "") +
-           vxLocalNumber(QString::number(m_angle, 'f', 1)) + QChar(0xb0);
+    return axisPrefix() + vxLocalNumber(QString::number(m_angle, 'f', 1)) + QChar(0xb0);
 }

@@ -17,11 +17,9 @@ public:
 
 protected:
     GizmoTarget targetOf(const QVector<VxNode *> &selected, VxNode *primary) const override;
-    QString title() const override;
     void beginDrag(const GizmoTarget &target, const QPointF &pixel) override;
     void follow(const QPointF &pixel, bool snaps) override;
     void setAmount(double amount) override;
-    bool hasAmount() const override;
     void write() override;
     QString amountText() const override;
 

@@ -1,7 +1,6 @@
 #include "posetools/scaletool.h"
 
 #include "gizmo/gizmodrag.h"
-#include "widgets/studiotext.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,14 +17,9 @@ constexpr double SmallestFactor = 0.01;
 } // namespace
 
 ScaleTool::ScaleTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)
-    : TransformTool(scene, settings, GizmoKind::Scale, parent)
+    : TransformTool(PoseTools::Scale, scene, settings, GizmoKind::Scale, parent)
 {
     setObjectName(QStringLiteral("ScaleTool"));
-}
-
-QString ScaleTool::title() const
-{
-    return StudioText::tr("Scale");
 }
 
 GizmoTarget ScaleTool::targetOf(const QVector<VxNode *> &selected, VxNode *primary) const
@@ -77,11 +71,6 @@ void ScaleTool::follow(const QPointF &pixel, bool snaps)
     m_factor = std::max(SmallestFactor, factor);
 }
 
-bool ScaleTool::hasAmount() const
-{
-    return true;
-}
-
 void ScaleTool::setAmount(double amount)
 {
     m_factor = amount;
@@ -97,8 +86,5 @@ void ScaleTool::write()
 
 QString ScaleTool::amountText() const
 {
-    static const char *const names[] = {"X ", "Y ", "Z "};
-    const int axis = gizmoAxis(part());
-    return QLatin1String(axis >= 0 ? names[axis] : "") + QChar(0xd7) +
-           vxLocalNumber(QString::number(m_factor, 'f', 2));
+    return axisPrefix() + QChar(0xd7) + vxLocalNumber(QString::number(m_factor, 'f', 2));
 }

@@ -32,9 +32,10 @@ bool isNumberPart(const QString &text)
 
 } // namespace
 
-TransformTool::TransformTool(VxScene *scene, PoseToolSettings *settings, GizmoKind kind,
-                             QObject *parent)
+TransformTool::TransformTool(PoseTools::Tool tool, VxScene *scene, PoseToolSettings *settings,
+                             GizmoKind kind, QObject *parent)
     : ViewportTool(parent)
+    , m_tool(tool)
     , m_scene(scene)
     , m_settings(settings)
     , m_kind(kind)
@@ -82,6 +83,24 @@ std::array<QVector3D, 3> TransformTool::arrowAxes(VxNode *node,
             axis = -axis;
     }
     return axes;
+}
+
+QVector3D TransformTool::pivotOf(const QVector<VxNode *> &nodes, const VxNode *primary) const
+{
+    const VxTime time = m_scene->getTime();
+    if (m_settings->pivot() == PoseToolSettings::Pivot::Own)
+        return primary->getWorldTransform(time).column(3).toVector3D();
+    QVector3D sum;
+    for (const VxNode *node : nodes)
+        sum += node->getWorldTransform(time).column(3).toVector3D();
+    return sum / float(nodes.size());
+}
+
+QLatin1String TransformTool::axisPrefix() const
+{
+    static const char *const names[] = {"X ", "Y ", "Z "};
+    const int axis = gizmoAxis(m_part);
+    return QLatin1String(axis >= 0 ? names[axis] : "");
 }
 
 GizmoLocks
@@ -282,6 +301,11 @@ void TransformTool::applyTyped()
     update(Qt::NoModifier);
 }
 
+bool TransformTool::hasAmount() const
+{
+    return true;
+}
+
 QString TransformTool::remark() const
 {
     QString text;
@@ -300,9 +324,7 @@ QString TransformTool::readout() const
         return {};
     if (m_typed.isEmpty())
         return amountText() + remark();
-    static const char *const names[] = {"X ", "Y ", "Z "};
-    const int axis = gizmoAxis(m_part);
-    return QLatin1String(axis >= 0 ? names[axis] : "") + m_typed + QChar(0x2502) + remark();
+    return axisPrefix() + m_typed + QChar(0x2502) + remark();
 }
 
 void TransformTool::paint(QPainter *painter, const ViewportCamera &camera,

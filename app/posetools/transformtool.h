@@ -3,6 +3,7 @@
 
 #include "gizmo/gizmo.h"
 #include "posetools/limb.h"
+#include "posetools/posetools.h"
 #include "posetools/posetoolsettings.h"
 #include "viewport/viewportcamera.h"
 #include "viewport/viewporttool.h"
@@ -53,7 +54,8 @@ public:
     QString readout() const;
 
 protected:
-    TransformTool(VxScene *scene, PoseToolSettings *settings, GizmoKind kind, QObject *parent);
+    TransformTool(PoseTools::Tool tool, VxScene *scene, PoseToolSettings *settings, GizmoKind kind,
+                  QObject *parent);
 
     VxScene *scene() const { return m_scene; }
     const PoseToolSettings *settings() const { return m_settings; }
@@ -66,15 +68,13 @@ protected:
     void begin(const GizmoTarget &target, GizmoPart part, const ViewportPointer &at);
 
     virtual GizmoTarget targetOf(const QVector<VxNode *> &selected, VxNode *primary) const = 0;
-    /// Of the undo entry and of messages.
-    virtual QString title() const = 0;
     /// Takes the nodes into gesture().
     virtual void beginDrag(const GizmoTarget &target, const QPointF &pixel) = 0;
     /// Sets the amount of the drag.
     virtual void follow(const QPointF &pixel, bool snaps) = 0;
     /// The same from a typed number, for a part that has a single amount.
     virtual void setAmount(double amount) = 0;
-    virtual bool hasAmount() const = 0;
+    virtual bool hasAmount() const;
     /// Gives the nodes the values for the amount.
     virtual void write() = 0;
     virtual QString amountText() const = 0;
@@ -90,8 +90,14 @@ protected:
                                       PoseToolSettings::Orientation orientation) const;
     std::array<QVector3D, 3> arrowAxes(VxNode *node,
                                        PoseToolSettings::Orientation orientation) const;
+    /// The origin of the primary node, or with a common pivot the middle of all nodes' origins.
+    QVector3D pivotOf(const QVector<VxNode *> &nodes, const VxNode *primary) const;
+    /// The name of the part's axis and a blank, for a text about the drag; empty without an axis.
+    QLatin1String axisPrefix() const;
 
 private:
+    /// Of the undo entry and of messages.
+    QString title() const { return PoseTools::title(m_tool); }
     void update(Qt::KeyboardModifiers modifiers);
     void applyTyped();
     void beginPins(const QVector<VxNode *> &moved);
@@ -100,6 +106,7 @@ private:
     void paintReadout(QPainter *painter, const ViewportCamera &camera,
                       const QPalette &palette) const;
 
+    const PoseTools::Tool m_tool;
     VxScene *const m_scene;
     PoseToolSettings *const m_settings;
     const GizmoKind m_kind;

@@ -42,8 +42,6 @@ void VxPoseToolAction::executeAction()
         vxApp->getInterface()->showStatusMessage(message);
 }
 
-void VxPoseToolAction::perform(ViewportWidget *) {}
-
 VxToolAction::VxToolAction(PoseTools::Tool tool, const QString &description, const char *accel)
     : VxPoseToolAction(tr("%1 Tool").arg(PoseTools::title(tool)), description, accel, "Tools")
     , m_tool(tool)

@@ -20,7 +20,6 @@ protected:
     bool isToggle() const override { return false; }
 
 private:
-    void perform(ViewportWidget *view) override;
     virtual bool isCurrent(const PoseTools &tools) const = 0;
     /// Returns the text for the status line; empty when there is nothing to report.
     virtual QString choose(PoseTools *tools) = 0;

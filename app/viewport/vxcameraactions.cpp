@@ -99,8 +99,6 @@ void VxPerspectiveAction::toggleAction(bool onOff)
     view->setCamera(camera);
 }
 
-void VxPerspectiveAction::perform(ViewportWidget *) {}
-
 VxMotionTrailsAction::VxMotionTrailsAction()
     : VxViewportAction("View", tr("Motion Trails"),
                        tr("Shows the paths of the selected nodes over the play range; a click on a "
@@ -127,8 +125,6 @@ void VxMotionTrailsAction::toggleAction(bool onOff)
     if (auto *trails = view ? view->findChild<MotionTrails *>() : nullptr)
         trails->setEnabled(onOff);
 }
-
-void VxMotionTrailsAction::perform(ViewportWidget *) {}
 
 VxFieldOfViewAction::VxFieldOfViewAction()
     : VxViewportAction("View", tr("Field of View..."),

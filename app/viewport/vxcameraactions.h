@@ -81,7 +81,6 @@ public:
 
 private:
     void toggleAction(bool onOff) override;
-    void perform(ViewportWidget *view) override;
 };
 
 /// Checked while the trails are shown.
@@ -94,7 +93,6 @@ public:
 
 private:
     void toggleAction(bool onOff) override;
-    void perform(ViewportWidget *view) override;
 };
 
 class VxFieldOfViewAction : public VxViewportAction

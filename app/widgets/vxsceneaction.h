@@ -1,36 +1,26 @@
 #ifndef VXSCENEACTION_H
 #define VXSCENEACTION_H
 
-#include <vxcore/vxaction.h>
+#include "widgets/vxstudioaction.h"
 
 class VxScene;
 
 /// Base of the program's own commands on the scene and its selection. The status line shows what
 /// was done, or why nothing was.
-class VxSceneAction : public VxAction
+class VxSceneAction : public VxStudioAction
 {
     Q_OBJECT
-public:
-    ~VxSceneAction() override;
-
-    QString getDefaultAccel() const override;
-    QString getDefaultMenuPath() const override;
-    QString getActionGroup() const override;
-
 protected:
-    /// menu: the title of the menu; accel: a key sequence as text; group: entries of one group are
-    /// listed together. All three must outlive the action.
+    /// Returns the text for the status line; empty when there is nothing to report.
+    using Command = QString (*)(VxScene *scene);
+
+    /// menu, accel, group: see VxStudioAction.
     VxSceneAction(const char *menu, const QString &text, const QString &description,
-                  const char *accel, const char *group);
+                  const char *accel, const char *group, Command command);
     void executeAction() override;
 
 private:
-    /// Returns the text for the status line; empty when there is nothing to report.
-    virtual QString perform(VxScene *scene) const = 0;
-
-    const char *const m_menu;
-    const char *const m_accel;
-    const char *const m_group;
+    const Command m_command;
 };
 
 #endif
