@@ -162,12 +162,8 @@ void BoneChainTool::paint(QPainter *painter, const ViewportCamera &camera,
     painter->setBrush(body);
     painter->setPen(QPen(ink, 1));
     for (int i = 1; i < joints.size(); ++i) {
-        const auto shape = boneShape({joints.at(i - 1), joints.at(i), nullptr, false}, camera);
-        if (!shape)
-            continue;
-        if (!shape->outline.isEmpty())
-            painter->drawConvexPolygon(shape->outline);
-        painter->drawLines(shape->ridges);
+        if (const auto shape = boneShape({joints.at(i - 1), joints.at(i), nullptr, false}, camera))
+            shape->paint(painter);
     }
     painter->setPen(QPen(ink, 5, Qt::SolidLine, Qt::RoundCap));
     for (const QVector3D &joint : qAsConst(joints)) {

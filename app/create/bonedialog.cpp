@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <vxcore/vxchangeblock.h>
-#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -32,7 +31,7 @@ float taken(const QDoubleSpinBox *box, float present)
 } // namespace
 
 BoneDialog::BoneDialog(VxNode *node, QWidget *parent)
-    : QDialog(parent)
+    : PreviewDialog(tr("Edit Bone"), parent)
     , m_node(node)
     , m_values(BoneEdits::valuesOf(node))
     , m_length(addNumber())
@@ -62,11 +61,6 @@ BoneDialog::BoneDialog(VxNode *node, QWidget *parent)
     showValues();
     m_length->setFocus();
     m_length->selectAll();
-}
-
-BoneDialog::~BoneDialog()
-{
-    restore();
 }
 
 QDoubleSpinBox *BoneDialog::addNumber(const QString &suffix)
@@ -134,28 +128,7 @@ void BoneDialog::apply()
     restore();
     if (!m_node)
         return;
-    m_hold = std::make_unique<VxUndoStackHold>();
+    begin();
     const VxChangeBlock block;
     BoneEdits::setValues(m_node, m_values, m_follow->isChecked());
-}
-
-void BoneDialog::restore()
-{
-    if (m_hold)
-        m_hold->rollBack();
-    m_hold.reset();
-}
-
-void BoneDialog::accept()
-{
-    if (m_hold)
-        m_hold->accept(tr("Edit Bone"));
-    m_hold.reset();
-    QDialog::accept();
-}
-
-void BoneDialog::reject()
-{
-    restore();
-    QDialog::reject();
 }

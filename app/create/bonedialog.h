@@ -2,29 +2,22 @@
 #define BONEDIALOG_H
 
 #include "create/boneedits.h"
+#include "widgets/previewdialog.h"
 
-#include <QDialog>
 #include <QPointer>
 #include <array>
-#include <memory>
 
 class QCheckBox;
 class QDoubleSpinBox;
 class QFormLayout;
-class VxUndoStackHold;
 
 /// Edits the length, the origin and the rest pose of one bone; the viewport shows the result while
 /// it is typed. Return keeps it as one undo entry, Escape restores the bone.
-class BoneDialog : public QDialog
+class BoneDialog : public PreviewDialog
 {
     Q_OBJECT
 public:
     explicit BoneDialog(VxNode *node, QWidget *parent = nullptr);
-    ~BoneDialog() override;
-
-public Q_SLOTS:
-    void accept() override;
-    void reject() override;
 
 private:
     QDoubleSpinBox *addNumber(const QString &suffix = QString());
@@ -34,11 +27,9 @@ private:
     void changeLength(double length);
     void applyFields();
     void apply();
-    void restore();
 
     const QPointer<VxNode> m_node;
     BoneValues m_values;
-    std::unique_ptr<VxUndoStackHold> m_hold;
     QDoubleSpinBox *m_length;
     std::array<QDoubleSpinBox *, 3> m_end{};
     std::array<QDoubleSpinBox *, 3> m_origin{};

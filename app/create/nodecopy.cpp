@@ -114,8 +114,6 @@ NodeCopy::NodeCopy(const QVector<VxNode *> &sources, const QStringList &names)
     copyReferences();
 }
 
-NodeCopy::~NodeCopy() = default;
-
 std::vector<std::unique_ptr<VxNode>> NodeCopy::takeTops()
 {
     return std::move(m_tops);

@@ -6,9 +6,9 @@
 #include <QVector>
 #include <memory>
 #include <vector>
+#include <vxcore/vxnode.h>
 
 class VxElement;
-class VxNode;
 class VxObject;
 class VxProperty;
 
@@ -22,7 +22,6 @@ public:
     /// The sources in pre-order; each one's parent is one before it in the list or not in it.
     /// names: one for each source. Nothing of the sources is changed.
     NodeCopy(const QVector<VxNode *> &sources, const QStringList &names);
-    ~NodeCopy();
 
     /// The copies of the sources whose parents were not copied, in their order; the caller's. Each
     /// owns what is below it.

@@ -19,7 +19,7 @@ VxBoneChainAction::VxBoneChainAction()
 void VxBoneChainAction::init()
 {
     VxViewportAction::init();
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (m_tool || !view)
         return;
     m_tool = new BoneChainTool(vxScene, view);
@@ -34,7 +34,7 @@ void VxBoneChainAction::init()
 
 void VxBoneChainAction::toggleAction(bool onOff)
 {
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (!view || !m_tool)
         return;
     if (!onOff) {
@@ -50,7 +50,7 @@ void VxBoneChainAction::toggleAction(bool onOff)
 
 void VxBoneChainAction::end()
 {
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (view && m_tool && view->tool() == m_tool)
         view->setTool(m_former);
 }

@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -30,7 +29,7 @@ QVector<QPointer<VxNode>> guarded(const QVector<VxNode *> &nodes)
 } // namespace
 
 BreakdownDialog::BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes, QWidget *parent)
-    : QDialog(parent)
+    : PreviewDialog(tr("Breakdown"), parent)
     , m_scene(scene)
     , m_nodes(guarded(nodes))
     , m_time((scene->pause(), scene->getTime()))
@@ -78,18 +77,6 @@ BreakdownDialog::BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes,
     chooseToward(0);
 }
 
-BreakdownDialog::~BreakdownDialog()
-{
-    restore();
-}
-
-void BreakdownDialog::restore()
-{
-    if (m_hold)
-        m_hold->rollBack();
-    m_hold.reset();
-}
-
 /** Every choice begins at the pose from before the dialog. */
 void BreakdownDialog::chooseToward(int index)
 {
@@ -100,7 +87,7 @@ void BreakdownDialog::chooseToward(int index)
             nodes.append(node);
     }
     m_breakdown = std::make_unique<Breakdown>(nodes, m_time, Breakdown::Toward(index));
-    m_hold = std::make_unique<VxUndoStackHold>();
+    begin();
     showPercent(m_percent->value());
 }
 
@@ -118,18 +105,4 @@ void BreakdownDialog::showPercent(int percent)
     m_report->setText(m_breakdown->isEmpty()
                           ? tr("The selected nodes have no keys before or after this frame.")
                           : tr("Nodes: %1.").arg(m_breakdown->numNodes()) + writer.report());
-}
-
-void BreakdownDialog::accept()
-{
-    if (m_hold)
-        m_hold->accept(tr("Breakdown"));
-    m_hold.reset();
-    QDialog::accept();
-}
-
-void BreakdownDialog::reject()
-{
-    restore();
-    QDialog::reject();
 }

@@ -2,8 +2,8 @@
 #define BREAKDOWNDIALOG_H
 
 #include "pose/breakdown.h"
+#include "widgets/previewdialog.h"
 
-#include <QDialog>
 #include <memory>
 
 class QComboBox;
@@ -11,11 +11,10 @@ class QLabel;
 class QSlider;
 class QSpinBox;
 class VxScene;
-class VxUndoStackHold;
 
 /// The breakdown slider: shows the pose between two poses while it is moved. Return keeps it as one
 /// undo entry, Escape restores the pose.
-class BreakdownDialog : public QDialog
+class BreakdownDialog : public PreviewDialog
 {
     Q_OBJECT
 public:
@@ -24,21 +23,14 @@ public:
 
     /// The nodes' pose is changed at once, to 50 %. The scene is borrowed.
     BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes, QWidget *parent = nullptr);
-    ~BreakdownDialog() override;
-
-public Q_SLOTS:
-    void accept() override;
-    void reject() override;
 
 private:
     void chooseToward(int index);
     void showPercent(int percent);
-    void restore();
 
     VxScene *const m_scene;
     const QVector<QPointer<VxNode>> m_nodes;
     const VxTime m_time;
-    std::unique_ptr<VxUndoStackHold> m_hold;
     std::unique_ptr<Breakdown> m_breakdown;
     QComboBox *m_toward;
     QSlider *m_slider;

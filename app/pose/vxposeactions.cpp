@@ -19,7 +19,7 @@ QString showBreakdown(VxScene *scene)
     if (nodes.isEmpty())
         return InBetween::breakdown(scene, 0, Breakdown::Toward::Neighbours).message;
     BreakdownDialog dialog(scene, nodes, vxApp->getInterface());
-    if (const auto *view = vxApp->getInterface()->findChild<ViewportWidget *>())
+    if (const auto *view = ViewportWidget::current())
         placeInCorner(&dialog, view);
     dialog.exec();
     return {};
