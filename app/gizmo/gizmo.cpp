@@ -1,5 +1,6 @@
 #include "gizmo/gizmo.h"
 
+#include "gizmo/gizmodrag.h"
 #include "viewport/figurepick.h"
 #include "viewport/viewportcamera.h"
 
@@ -96,12 +97,10 @@ public:
         const bool isView = part == GizmoPart::View;
         const QVector3D axis = isView ? m_toEye : m_frame.axisOf(part);
         const float radius = isView ? ViewRingRadius : RingRadius;
-        const QVector3D helper =
-            std::abs(axis.x()) < 0.8f ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
         // Begins where the ring passes from the far half to the near one.
         QVector3D start = QVector3D::crossProduct(m_toEye, axis);
         if (start.length() < 1e-3f)
-            start = QVector3D::crossProduct(axis, helper);
+            start = perpendicularTo(axis);
         start.normalize();
         const QVector3D up = QVector3D::crossProduct(axis, start).normalized();
         const bool isWhole = std::abs(QVector3D::dotProduct(axis, m_toEye)) > 0.995f;
@@ -164,21 +163,8 @@ double distanceTo(const GizmoShape &shape, const QPointF &pixel)
 
 int gizmoAxis(GizmoPart part)
 {
-    switch (part) {
-    case GizmoPart::X:
-    case GizmoPart::YZ:
-        return 0;
-    case GizmoPart::Y:
-    case GizmoPart::ZX:
-        return 1;
-    case GizmoPart::Z:
-    case GizmoPart::XY:
-        return 2;
-    case GizmoPart::None:
-    case GizmoPart::View:
-        break;
-    }
-    return -1;
+    static constexpr int axes[GizmoPartCount] = {-1, 0, 1, 2, 0, 1, 2, -1};
+    return axes[size_t(part)];
 }
 
 QVector3D GizmoFrame::axisOf(GizmoPart part) const

@@ -10,13 +10,13 @@ constexpr float SmallestSine = 0.02f;
 constexpr float SmallestRingSine = 0.2f;
 constexpr double RingPixels = 66;
 
-QVector3D perpendicular(const QVector3D &axis)
+} // namespace
+
+QVector3D perpendicularTo(const QVector3D &axis)
 {
     const QVector3D helper = std::abs(axis.x()) < 0.8f ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
     return QVector3D::crossProduct(axis, helper).normalized();
 }
-
-} // namespace
 
 std::optional<double> offsetOnAxis(const ViewportCamera &camera, const QVector3D &origin,
                                    const QVector3D &axis, const QPointF &pixel)
@@ -48,7 +48,7 @@ RotationDrag::RotationDrag(const ViewportCamera &camera, const QVector3D &origin
     : m_camera(camera)
     , m_origin(origin)
     , m_axis(axis)
-    , m_right(perpendicular(axis))
+    , m_right(perpendicularTo(axis))
     , m_up(QVector3D::crossProduct(axis, m_right))
     , m_start(pixel)
 {

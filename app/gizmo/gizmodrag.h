@@ -7,6 +7,9 @@
 
 /// The world coordinates of a drag: what a pixel means for an axis, a plane or a rotation.
 
+/// A direction of length 1 at right angles to an axis.
+QVector3D perpendicularTo(const QVector3D &axis);
+
 /// The position on a line, in world units from `origin` along `axis` (of length 1), that is nearest
 /// to what a pixel shows. None when the line points at the eye.
 std::optional<double> offsetOnAxis(const ViewportCamera &camera, const QVector3D &origin,

@@ -2,6 +2,7 @@
 
 #include "viewport/viewportcamera.h"
 
+#include <QPainter>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -83,6 +84,13 @@ QVector<QLineF> visibleRidges(const Pixels &at)
 }
 
 } // namespace
+
+void BoneShape::paint(QPainter *painter) const
+{
+    if (!outline.isEmpty())
+        painter->drawConvexPolygon(outline);
+    painter->drawLines(ridges);
+}
 
 std::optional<BoneShape> boneShape(const FigureLines::Bone &bone, const ViewportCamera &camera)
 {

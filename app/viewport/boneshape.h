@@ -8,6 +8,7 @@
 #include <QVector>
 #include <optional>
 
+class QPainter;
 class ViewportCamera;
 
 /// A bone as a view shows it: an octahedron from its joint to its end, widest near the joint.
@@ -26,6 +27,8 @@ struct BoneShape
     {
         return outline.containsPoint(pixel, Qt::WindingFill);
     }
+    /// With the painter's pen and brush.
+    void paint(QPainter *painter) const;
 };
 
 /// What a camera sees of a bone. None for a bone that is not before the camera, or without length.

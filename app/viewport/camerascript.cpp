@@ -7,8 +7,6 @@
 #include <QScriptEngine>
 #include <QScriptValueIterator>
 #include <cmath>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -24,23 +22,16 @@ constexpr CameraNumber CameraNumbers[] = {{"distance", &VxCameraState::distance}
                                           {"pitch", &VxCameraState::pitch},
                                           {"fieldOfView", &VxCameraState::fieldOfView}};
 
-/** The viewport of the window; null without one. */
-ViewportWidget *viewport()
-{
-    const VxMainWindow *window = vxApp->getInterface();
-    return window ? window->findChild<ViewportWidget *>() : nullptr;
-}
-
 VxCameraState presentState()
 {
-    if (const ViewportWidget *view = viewport())
+    if (const ViewportWidget *view = ViewportWidget::current())
         return view->camera().state();
     return VxSceneCamera::stateOf(vxScene).value_or(VxCameraState());
 }
 
 void setPresentState(const VxCameraState &state)
 {
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (!view) {
         VxSceneCamera::of(vxScene)->setState(state);
         return;
@@ -131,7 +122,7 @@ QScriptValue set(QScriptContext *context, QScriptEngine *engine)
 template <void (ViewportWidget::*frame)()>
 QScriptValue run(QScriptContext *context, QScriptEngine *engine)
 {
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (!view)
         return context->throwError(StudioText::tr("The camera can frame nodes in a window only."));
     (view->*frame)();

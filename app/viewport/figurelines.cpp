@@ -1,5 +1,7 @@
 #include "viewport/figurelines.h"
 
+#include "viewport/pointbox.h"
+
 #include <QMatrix4x4>
 #include <algorithm>
 #include <cmath>
@@ -19,15 +21,6 @@ struct Visit
 
 // The part of a bone's length within which a child bone is at its end.
 constexpr float AtEnd = 1e-3f;
-
-// The squares of larger coordinates exceed single precision.
-constexpr float Farthest = 1e18f;
-
-bool isPlace(const QVector3D &at)
-{
-    return std::abs(at.x()) < Farthest && std::abs(at.y()) < Farthest &&
-           std::abs(at.z()) < Farthest;
-}
 
 bool isBone(const VxNode *node)
 {
@@ -113,16 +106,11 @@ struct LoneBone
 /** The longest side of the box around all joints. */
 float extent(const FigureLines &lines)
 {
-    QVector3D low;
-    QVector3D high;
-    for (int i = 0; i < lines.joints.size(); ++i) {
-        const QVector3D at = lines.joints.at(i).at;
-        for (int axis = 0; axis < 3; ++axis) {
-            low[axis] = i == 0 ? at[axis] : std::min(low[axis], at[axis]);
-            high[axis] = i == 0 ? at[axis] : std::max(high[axis], at[axis]);
-        }
-    }
-    const QVector3D size = high - low;
+    QVector<QVector3D> joints;
+    for (const FigureLines::Joint &joint : lines.joints)
+        joints.append(joint.at);
+    const PointBox box(joints);
+    const QVector3D size = box.high - box.low;
     return std::max({size.x(), size.y(), size.z()});
 }
 

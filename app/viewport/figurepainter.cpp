@@ -68,12 +68,8 @@ void FigurePainter::paintPass(const FigureLines &figure, const Pass &pass)
     for (const FigureLines::Bone &bone : figure.bones) {
         if (!counts(bone))
             continue;
-        const auto shape = boneShape(bone, m_camera);
-        if (!shape)
-            continue;
-        if (!shape->outline.isEmpty())
-            m_painter->drawConvexPolygon(shape->outline);
-        m_painter->drawLines(shape->ridges);
+        if (const auto shape = boneShape(bone, m_camera))
+            shape->paint(m_painter);
     }
     m_painter->setBrush(Qt::NoBrush);
     m_painter->setPen(QPen(pass.ink, LinkWidth + pass.extraWidth, Qt::SolidLine, Qt::RoundCap));

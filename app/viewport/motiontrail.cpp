@@ -1,18 +1,12 @@
 #include "viewport/motiontrail.h"
 
+#include "viewport/pointbox.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {
-
-constexpr float FarthestDot = 1e18f;
-
-bool isShown(const QVector3D &at)
-{
-    return std::abs(at.x()) < FarthestDot && std::abs(at.y()) < FarthestDot &&
-           std::abs(at.z()) < FarthestDot;
-}
 
 /** The times of the keys of a node's transform controls within a range, each once, ascending. */
 std::vector<VxTime> keyTimes(const VxNode *node, const VxTimeRange &range)
@@ -60,7 +54,7 @@ MotionTrail MotionTrail::of(const VxNode *node, const VxTimeRange &range, VxTime
         while (key < keys.size() && keys[key] < time)
             ++key;
         const QVector3D at = node->getWorldTransform(time).column(3).toVector3D();
-        if (isShown(at))
+        if (isPlace(at))
             trail.dots.append({time, at, key < keys.size() && keys[key] == time});
     }
     return trail;

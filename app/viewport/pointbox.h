@@ -4,6 +4,15 @@
 #include <QVector3D>
 #include <QVector>
 #include <algorithm>
+#include <cmath>
+
+/// True for a position that is finite and whose coordinates have squares in single precision.
+inline bool isPlace(const QVector3D &at)
+{
+    constexpr float Farthest = 1e18f;
+    return std::abs(at.x()) < Farthest && std::abs(at.y()) < Farthest &&
+           std::abs(at.z()) < Farthest;
+}
 
 /// The smallest box around points, along the axes of the world; a point at the origin for none.
 struct PointBox

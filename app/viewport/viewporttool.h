@@ -30,33 +30,32 @@ class ViewportTool : public QObject
 {
     Q_OBJECT
 public:
-    explicit ViewportTool(QObject *parent = nullptr);
+    using QObject::QObject;
 
     /// Starts a gesture of the left button. False when the viewport is to handle the press.
-    virtual bool press(const ViewportPointer &at);
-    virtual void drag(const ViewportPointer &at);
+    virtual bool press(const ViewportPointer &) { return false; }
+    virtual void drag(const ViewportPointer &) {}
     /// The end of the gesture; the mouse may have stayed where it was pressed.
-    virtual void release(const ViewportPointer &at);
+    virtual void release(const ViewportPointer &) {}
     /// The mouse moves without a button. True when something of the tool's own is below it; no node
     /// is highlighted then.
-    virtual bool hover(const ViewportPointer &at);
+    virtual bool hover(const ViewportPointer &) { return false; }
     /// The mouse is over something else now.
-    virtual void leave();
+    virtual void leave() {}
 
     /// True for a key press to be delivered to key(), before any shortcut.
-    virtual bool usesKey(const QKeyEvent &event) const;
-    virtual void key(const QKeyEvent &event);
+    virtual bool usesKey(const QKeyEvent &) const { return false; }
+    virtual void key(const QKeyEvent &) {}
 
     /// True while something is unfinished: from press to release, or between the clicks of a tool
     /// that needs several. Escape then calls cancel().
-    virtual bool isBusy() const;
+    virtual bool isBusy() const { return false; }
     /// Reverts what is unfinished: Escape, a lost release, another tool, another scene. Called at
     /// any time.
-    virtual void cancel();
+    virtual void cancel() {}
 
     /// Paints over the figures. The painter is antialiased; its state needs no restoring.
-    virtual void paint(QPainter *painter, const ViewportCamera &camera,
-                       const QPalette &palette) const;
+    virtual void paint(QPainter *, const ViewportCamera &, const QPalette &) const {}
 
 Q_SIGNALS:
     /// paint() shows something else now.

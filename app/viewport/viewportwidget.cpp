@@ -12,7 +12,9 @@
 #include <cmath>
 #include <utility>
 #include <vxcore/vxaccessible.h>
+#include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
+#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -104,6 +106,12 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     new ViewportKeys(this);
 }
 
+ViewportWidget *ViewportWidget::current()
+{
+    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
+    return window ? window->findChild<ViewportWidget *>() : nullptr;
+}
+
 void ViewportWidget::setCamera(const ViewportCamera &camera)
 {
     showCamera(camera);
@@ -146,14 +154,11 @@ void ViewportWidget::frameFigure()
 {
     const QVector<QVector3D> points =
         FigureLines::collect(*m_scene, m_scene->getTime()).figurePoints();
-    if (points.isEmpty()) {
-        ViewportCamera camera = m_camera;
-        camera.frame(scenePoints());
-        showCamera(camera);
-        return;
-    }
     ViewportCamera camera = m_camera;
-    camera.frame(points, FigureHeightPart);
+    if (points.isEmpty())
+        camera.frame(scenePoints());
+    else
+        camera.frame(points, FigureHeightPart);
     showCamera(camera);
 }
 

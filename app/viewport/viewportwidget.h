@@ -28,6 +28,9 @@ public:
     /// Both are borrowed and must outlive the widget.
     ViewportWidget(VxScene *scene, const VxViewportMgr *conventions, QWidget *parent = nullptr);
 
+    /// That of the program's window; null without one.
+    static ViewportWidget *current();
+
     const ViewportCamera &camera() const { return m_camera; }
     /// Becomes the document's camera, too.
     void setCamera(const ViewportCamera &camera);

@@ -80,7 +80,7 @@ VxPerspectiveAction::VxPerspectiveAction()
 void VxPerspectiveAction::init()
 {
     VxViewportAction::init();
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (!view)
         return;
     const auto show = [this, view] { setChecked(!view->camera().isOrthographic()); };
@@ -91,7 +91,7 @@ void VxPerspectiveAction::init()
 
 void VxPerspectiveAction::toggleAction(bool onOff)
 {
-    ViewportWidget *view = viewport();
+    ViewportWidget *view = ViewportWidget::current();
     if (!view)
         return;
     ViewportCamera camera = view->camera();
@@ -110,7 +110,7 @@ VxMotionTrailsAction::VxMotionTrailsAction()
 void VxMotionTrailsAction::init()
 {
     VxViewportAction::init();
-    const ViewportWidget *view = viewport();
+    const ViewportWidget *view = ViewportWidget::current();
     const auto *trails = view ? view->findChild<MotionTrails *>() : nullptr;
     if (!trails)
         return;
@@ -121,7 +121,7 @@ void VxMotionTrailsAction::init()
 
 void VxMotionTrailsAction::toggleAction(bool onOff)
 {
-    const ViewportWidget *view = viewport();
+    const ViewportWidget *view = ViewportWidget::current();
     if (auto *trails = view ? view->findChild<MotionTrails *>() : nullptr)
         trails->setEnabled(onOff);
 }

@@ -2,9 +2,6 @@
 
 #include "viewport/viewportwidget.h"
 
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
-
 VxViewportAction::VxViewportAction(const char *menu, const QString &text,
                                    const QString &description, const char *accel, const char *group,
                                    const char *folder, bool checkable)
@@ -16,20 +13,13 @@ VxViewportAction::VxViewportAction(const char *menu, const QString &text,
 void VxViewportAction::init()
 {
     VxStudioAction::init();
-    if (ViewportWidget *view = viewport())
+    if (ViewportWidget *view = ViewportWidget::current())
         view->addAction(this);
 }
 
 void VxViewportAction::executeAction()
 {
-    if (ViewportWidget *view = viewport())
+    if (ViewportWidget *view = ViewportWidget::current())
         perform(view);
 }
-
-ViewportWidget *VxViewportAction::viewport()
-{
-    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-    return window ? window->findChild<ViewportWidget *>() : nullptr;
-}
-
 void VxViewportAction::perform(ViewportWidget *) {}

@@ -22,9 +22,6 @@ protected:
                      bool checkable = false);
     void executeAction() override;
 
-    /// The viewport of the program's window; null without one.
-    static ViewportWidget *viewport();
-
 private:
     /// The effect of a command that is not checkable. The base does nothing.
     virtual void perform(ViewportWidget *view);
