@@ -3,8 +3,7 @@
 //
 // S: 1,530 channels of 300 keys; M: 1,530 of 3,000; W: 15,300 of 300.
 
-#include "io/vxbvhimport.h"
-#include "io/vxbvhreader.h"
+#include "io/motion/vxmotionimport.h"
 #include "io/vxbvhwriter.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
@@ -69,7 +68,7 @@ QByteArray sceneBytes(const VxScene &scene)
 
 /// Motion of the same number of values as the scene has keys, give or take: three rotations a
 /// joint, in a file's text.
-QByteArray motionBytes(int joints, int frames)
+VxBvhDocument motion(int joints, int frames)
 {
     VxBvhDocument document;
     document.frameCount = frames;
@@ -83,10 +82,7 @@ QByteArray motionBytes(int joints, int frames)
     }
     for (int i = 0; i < joints * 3 * frames; ++i)
         document.values.push_back(float(std::round(std::sin(i * 0.01) * 1e6) / 1e4));
-    QByteArray bytes;
-    VxFileError error;
-    VxBvhWriter::write(document, &bytes, &error);
-    return bytes;
+    return document;
 }
 
 void memoryPerKey(benchmark::State &state, Size size)
@@ -212,13 +208,15 @@ void copyFloor(benchmark::State &state, Size size)
 /// Reading half a million values of motion text and building the figure with its keys.
 void openMotion(benchmark::State &state)
 {
-    const QByteArray bytes = motionBytes(170, 1000);
+    const QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("motion.bvh"));
+    VxFileError error;
+    if (!VxBvhWriter::writeFile(motion(170, 1000), fileName, &error))
+        state.SkipWithError(qPrintable(error.text()));
     for (auto _ : state) {
         VxScene target;
-        VxBvhDocument document;
-        VxFileError error;
-        if (!VxBvhReader(QStringLiteral("motion.bvh")).read(bytes, &document, &error) ||
-            !VxBvhImport(&target).importDocument(document, QStringLiteral("motion"), &error))
+        VxMotionImport import(&target);
+        if (!import.load(fileName, &error) || !import.enter({}, &error))
             state.SkipWithError(qPrintable(error.text()));
         benchmark::DoNotOptimize(target.getNumNodes());
     }

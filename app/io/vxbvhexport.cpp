@@ -1,6 +1,5 @@
 #include "io/vxbvhexport.h"
 
-#include "io/motion/vxframetimes.h"
 #include "io/vxbvhsampler.h"
 #include "io/vxbvhwriter.h"
 #include "io/vxfileerror.h"
@@ -19,28 +18,19 @@ constexpr int SamplePercent = 40;
 
 } // namespace
 
-class VxBvhExport::Private
+VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)
+    : m_skeleton(skeleton)
+    , m_range(range)
+    , m_step(qMax(1, step))
 {
-public:
-    VxFrameTimes frames() const { return {range, step, rate}; }
-    bool checkSize(VxFileError *error) const;
-    QVector<VxTime> times() const;
-    void summarise(const VxBvhDocument &document, int workedOut);
+}
 
-    const VxSkeleton *skeleton = nullptr;
-    VxTimeRange range;
-    VxTime step = 1;
-    double rate = 0.0; // 0: that of the step
-    VxFileProgress progress;
-    QString summary;
-};
-
-bool VxBvhExport::Private::checkSize(VxFileError *error) const
+bool VxBvhExport::checkSize(VxFileError *error) const
 {
-    const int bones = skeleton->getAllBones().size();
+    const int bones = m_skeleton->getAllBones().size();
     if (bones == 0)
         return vxFail(error,
-                      VxFileText::tr("\"%1\" has no bones to export.").arg(skeleton->getLabel()));
+                      VxFileText::tr("\"%1\" has no bones to export.").arg(m_skeleton->getLabel()));
     // Six channels a bone at most.
     if (frames().count() * bones * 6 > MaxValues)
         return vxFail(
@@ -51,59 +41,34 @@ bool VxBvhExport::Private::checkSize(VxFileError *error) const
     return true;
 }
 
-QVector<VxTime> VxBvhExport::Private::times() const
+void VxBvhExport::summarise(const VxBvhDocument &document, int workedOut)
 {
-    const VxFrameTimes all = frames();
-    QVector<VxTime> list(int(all.count()));
-    for (int frame = 0; frame < list.size(); ++frame)
-        list[frame] = all.at(frame);
-    return list;
-}
-
-void VxBvhExport::Private::summarise(const VxBvhDocument &document, int workedOut)
-{
-    summary = VxFileText::tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
-                  .arg(skeleton->getLabel(), QString::number(document.frameCount),
-                       QString::number(VxTicksPerSecond / frames().ticksPerFrame(), 'g', 6));
+    m_summary = VxFileText::tr("The motion of \"%1\" has %2 frames at %3 frames per second.")
+                    .arg(m_skeleton->getLabel(), QString::number(document.frameCount),
+                         QString::number(VxTicksPerSecond / frames().ticksPerFrame(), 'g', 6));
     if (workedOut > 0)
-        summary += QLatin1Char(' ') +
-                   VxFileText::tr("Scales and other values that the format does not support were "
-                                  "converted to positions and rotations for %n bones.",
-                                  nullptr, workedOut);
-}
-
-VxBvhExport::VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step)
-    : d(std::make_unique<Private>())
-{
-    d->skeleton = skeleton;
-    d->range = range;
-    d->step = qMax(1, step);
-}
-
-VxBvhExport::~VxBvhExport() = default;
-
-void VxBvhExport::setRate(double rate)
-{
-    d->rate = rate;
-}
-
-void VxBvhExport::setProgress(const VxFileProgress &progress)
-{
-    d->progress = progress;
+        m_summary += QLatin1Char(' ') +
+                     VxFileText::tr("Scales and other values that the format does not support were "
+                                    "converted to positions and rotations for %n bones.",
+                                    nullptr, workedOut);
 }
 
 bool VxBvhExport::sample(VxBvhDocument *document, VxFileError *error)
 {
-    if (!d->checkSize(error))
+    if (!checkSize(error))
         return false;
-    const VxBvhSampler sampler(d->skeleton, d->times());
+    const VxFrameTimes all = frames();
+    QVector<VxTime> times(int(all.count()));
+    for (int frame = 0; frame < times.size(); ++frame)
+        times[frame] = all.at(frame);
+    const VxBvhSampler sampler(m_skeleton, times);
     VxBvhDocument sampled;
     sampled.joints = sampler.joints();
-    sampled.frameCount = int(d->frames().count());
-    sampled.frameTime = d->frames().ticksPerFrame() / VxTicksPerSecond;
-    if (!sampler.sample(&sampled.values, partOfProgress(d->progress, 0, SamplePercent)))
+    sampled.frameCount = times.size();
+    sampled.frameTime = all.ticksPerFrame() / VxTicksPerSecond;
+    if (!sampler.sample(&sampled.values, partOfProgress(m_progress, 0, SamplePercent)))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
-    d->summarise(sampled, sampler.numWorkedOut());
+    summarise(sampled, sampler.numWorkedOut());
     *document = std::move(sampled);
     return true;
 }
@@ -113,12 +78,7 @@ bool VxBvhExport::exportFile(const QString &fileName, VxFileError *error)
     VxBvhDocument document;
     if (sample(&document, error))
         return VxBvhWriter::writeFile(document, fileName, error,
-                                      partOfProgress(d->progress, SamplePercent, 100));
+                                      partOfProgress(m_progress, SamplePercent, 100));
     error->file = fileName;
     return false;
-}
-
-QString VxBvhExport::getSummary() const
-{
-    return d->summary;
 }

@@ -1,12 +1,9 @@
 #ifndef VXIO_VXBVHEXPORT_H
 #define VXIO_VXBVHEXPORT_H
 
+#include "io/motion/vxframetimes.h"
+#include "io/motion/vxmotionwriter.h"
 #include "io/vxbvhdocument.h"
-#include "io/vxfileerror.h"
-#include "io/vxfileprogress.h"
-
-#include <memory>
-#include <vxcore/vxtimerange.h>
 
 class VxSkeleton;
 
@@ -16,33 +13,28 @@ class VxSkeleton;
 /// included: such a file has only keys on frames. Its first frame is the range's start, since the
 /// file has no start time. Features that the format lacks (scales, motion of the figure's
 /// ancestors, nodes between bones) are baked into the positions and rotations.
-class VxBvhExport
+class VxBvhExport : public VxMotionWriter
 {
 public:
     /// The figure is borrowed and not changed. step: ticks per frame, at least 1.
     VxBvhExport(const VxSkeleton *skeleton, const VxTimeRange &range, VxTime step);
-    ~VxBvhExport();
-    VxBvhExport(const VxBvhExport &) = delete;
-    VxBvhExport &operator=(const VxBvhExport &) = delete;
 
     /// Samples at a rate (frames per second, up to 4800) without a whole number of ticks a frame
     /// instead: each frame at the nearest tick of its true time.
-    void setRate(double rate);
-    /// Reports progress of sampling and writing from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setRate(double rate) { m_rate = rate; }
 
-    /// Samples, and writes the file atomically. False with the reason in `error`, which must not be
-    /// null.
-    bool exportFile(const QString &fileName, VxFileError *error);
-    /// Samples only.
-    bool sample(VxBvhDocument *document, VxFileError *error);
-
-    /// A summary of the last success for the user: figure, frames, rate, and baked features.
-    QString getSummary() const;
+    bool exportFile(const QString &fileName, VxFileError *error) override;
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    VxFrameTimes frames() const { return {m_range, m_step, m_rate}; }
+    bool checkSize(VxFileError *error) const;
+    bool sample(VxBvhDocument *document, VxFileError *error);
+    void summarise(const VxBvhDocument &document, int workedOut);
+
+    const VxSkeleton *const m_skeleton;
+    const VxTimeRange m_range;
+    const VxTime m_step;
+    double m_rate = 0.0; // 0: that of the step
 };
 
 #endif

@@ -14,20 +14,7 @@ QVector3D vector(const VxBvhOffset &offset)
 
 VxFloatProperty *control(const VxNode &node, VxBvhChannel channel)
 {
-    switch (channel) {
-    case VxBvhChannel::XPosition:
-        return node.getXPosControl();
-    case VxBvhChannel::YPosition:
-        return node.getYPosControl();
-    case VxBvhChannel::ZPosition:
-        return node.getZPosControl();
-    case VxBvhChannel::XRotation:
-        return node.getXRotControl();
-    case VxBvhChannel::YRotation:
-        return node.getYRotControl();
-    default:
-        return node.getZRotControl();
-    }
+    return node.getTransformControl(static_cast<int>(channel));
 }
 
 VxNode::RotationOrder rotationOrder(const std::vector<VxBvhChannel> &channels)

@@ -6,7 +6,6 @@
 #include "io/vxfileprogress.h"
 
 #include <QByteArray>
-#include <memory>
 
 /// Reads BVH motion files.
 ///
@@ -21,13 +20,13 @@
 class VxBvhReader
 {
 public:
-    explicit VxBvhReader(const QString &fileName = QString());
-    ~VxBvhReader();
-    VxBvhReader(const VxBvhReader &) = delete;
-    VxBvhReader &operator=(const VxBvhReader &) = delete;
+    explicit VxBvhReader(const QString &fileName = QString())
+        : m_fileName(fileName)
+    {
+    }
 
     /// Reports the progress of reading and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setProgress(const VxFileProgress &progress) { m_progress = progress; }
 
     /// Reads \a bytes into \a out. On failure returns false, sets \a error and leaves \a out
     /// unchanged. Both pointers must not be null.
@@ -35,14 +34,15 @@ public:
 
     /// A note for the user about the last file, such as omitted surplus frames; empty when there is
     /// none.
-    QString getNote() const;
+    QString getNote() const { return m_note; }
 
     /// Opens the file named at construction and reads it.
     bool readFile(VxBvhDocument *out, VxFileError *error);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    const QString m_fileName;
+    VxFileProgress m_progress;
+    QString m_note;
 };
 
 #endif

@@ -432,16 +432,6 @@ bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
 
 } // namespace
 
-VxSceneContents::VxSceneContents() = default;
-VxSceneContents::~VxSceneContents() = default;
-VxSceneContents::VxSceneContents(VxSceneContents &&) noexcept = default;
-VxSceneContents &VxSceneContents::operator=(VxSceneContents &&) noexcept = default;
-
-void VxSceneReader::setProgress(const VxFileProgress &progress)
-{
-    m_progress = progress;
-}
-
 bool VxSceneReader::read(const QByteArray &bytes, VxSceneContents *contents,
                          VxFileError *error) const
 {
@@ -456,15 +446,12 @@ bool VxSceneReader::read(const QByteArray &bytes, VxSceneContents *contents,
 bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
                              VxFileError *error) const
 {
-    *error = VxFileError();
-    error->file = fileName;
     QFile file(fileName);
     const bool open = file.open(QIODevice::ReadOnly);
     const QByteArray bytes = open ? file.readAll() : QByteArray();
-    if (!open || file.error() != QFileDevice::NoError) {
-        error->message = VxFileText::tr("The file cannot be read: %1.").arg(file.errorString());
-        return false;
-    }
+    if (!open || file.error() != QFileDevice::NoError)
+        return vxFail(error, VxFileText::tr("The file cannot be read: %1.").arg(file.errorString()),
+                      fileName);
     const bool done = read(bytes, contents, error);
     error->file = fileName;
     return done;

@@ -10,21 +10,16 @@
 #include <memory>
 #include <vector>
 #include <vxcore/vxmarkers.h>
+#include <vxcore/vxnode.h>
 #include <vxcore/vxsceneviews.h>
 #include <vxcore/vxtimedisplay.h>
 #include <vxcore/vxtimerange.h>
 
-class VxNode;
 class VxScene;
 
 /// The contents of a scene file, complete but in no scene yet. Dropping it deletes everything.
 struct VxSceneContents
 {
-    VxSceneContents();
-    ~VxSceneContents();
-    VxSceneContents(VxSceneContents &&) noexcept;
-    VxSceneContents &operator=(VxSceneContents &&) noexcept;
-
     std::vector<std::unique_ptr<VxNode>> rootNodes; ///< each owns its descendants
     VxTime time = 0;
     VxTime timeStep = 160;
@@ -51,7 +46,7 @@ class VxSceneReader
 {
 public:
     /// Reports progress from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setProgress(const VxFileProgress &progress) { m_progress = progress; }
 
     /// False with the reason in `error`, which must not be null.
     bool readFile(const QString &fileName, VxSceneContents *contents, VxFileError *error) const;

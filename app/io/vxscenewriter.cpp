@@ -40,9 +40,8 @@ public:
     {
     }
 
-    /// False when cancelled by the progress callback.
-    bool write(const VxFileProgress &progress);
-    void writeNodes(const QVector<VxNode *> &nodes);
+    /// Nodes, parents first. False when cancelled by the progress callback.
+    bool write(const QVector<VxNode *> &nodes, const VxFileProgress &progress);
     /// A reference to a property that is not written.
     bool hasOuterReference() const { return m_hasOuterReference; }
     /// The location of a number that no reader accepts; empty when there is none.
@@ -51,9 +50,7 @@ public:
 private:
     void countProperties(VxElement *element);
     QHash<const VxNode *, int> countNodes(const QVector<VxNode *> &nodes);
-    void writeFormat();
     void writeHeader();
-    void writeRestPose(const VxRestPose &rest);
     void writeCamera(const VxCameraState &camera);
     void writeMarkers(const VxMarkerList &markers);
     void writeTimeDisplay(const VxTimeDisplay &display);
@@ -71,15 +68,17 @@ private:
     void text(const char *name, const QString &value);
     void flag(const char *name, bool value, bool usual);
     void integer(const char *name, qint64 value);
+    void integers(const char *name, qint64 first, qint64 second);
     void range(const char *name, const VxTimeRange &value);
     template <class Number> void append(const char *name, Number value);
     template <class Number> void number(const char *name, Number value);
-    template <class Number> void numbers(const char *name, std::initializer_list<Number> values);
+    template <std::size_t Count>
+    void numbers(const char *name, const std::array<float, Count> &values);
     void vector(const char *name, const QVector3D &value);
     void array(const char *name, quint64 tag, const void *data, qint64 bytes);
     void kept(const QObject *owner);
 
-    const VxScene *m_scene;
+    const VxScene *m_scene; // null for nodes alone
     QCborStreamWriter m_out;
     QHash<const VxProperty *, int> m_numbers;
     const QObject *m_present = nullptr; // the node or property that is being written
@@ -107,27 +106,32 @@ void SceneStream::integer(const char *name, qint64 value)
     m_out.append(value);
 }
 
-void SceneStream::range(const char *name, const VxTimeRange &value)
+void SceneStream::integers(const char *name, qint64 first, qint64 second)
 {
     key(name);
     m_out.startArray(2);
-    m_out.append(qint64(value.getStart()));
-    m_out.append(qint64(value.getEnd()));
+    m_out.append(first);
+    m_out.append(second);
     m_out.endArray();
+}
+
+void SceneStream::range(const char *name, const VxTimeRange &value)
+{
+    integers(name, value.getStart(), value.getEnd());
 }
 
 void SceneStream::vector(const char *name, const QVector3D &value)
 {
     if (!value.isNull())
-        numbers(name, {value.x(), value.y(), value.z()});
+        numbers<3>(name, {value.x(), value.y(), value.z()});
 }
 
-template <class Number>
-void SceneStream::numbers(const char *name, std::initializer_list<Number> values)
+template <std::size_t Count>
+void SceneStream::numbers(const char *name, const std::array<float, Count> &values)
 {
     key(name);
     m_out.startArray(values.size());
-    for (const Number value : values)
+    for (const float value : values)
         append(name, value);
     m_out.endArray();
 }
@@ -159,16 +163,8 @@ void SceneStream::countProperties(VxElement *element)
     for (const VxProperty *property : element->getMadeProperties())
         m_numbers.insert(property, m_numbers.size());
 }
-
-void SceneStream::writeFormat()
-{
-    text("format", QLatin1String(VxSceneFile::Format));
-    integer("version", VxSceneFile::Version);
-}
-
 void SceneStream::writeHeader()
 {
-    writeFormat();
     integer("ticksPerSecond", VxTicksPerSecond);
     integer("time", m_scene->getTime());
     integer("timeStep", m_scene->getTimeStep());
@@ -196,13 +192,8 @@ void SceneStream::writeTimeDisplay(const VxTimeDisplay &display)
     key("timeDisplay");
     m_out.startMap();
     text("unit", QLatin1String(VxSceneFile::TimeUnits[display.unit]));
-    if (display.rate.isValid()) {
-        key("rate");
-        m_out.startArray(2);
-        m_out.append(qint64(display.rate.frames));
-        m_out.append(qint64(display.rate.seconds));
-        m_out.endArray();
-    }
+    if (display.rate.isValid())
+        integers("rate", display.rate.frames, display.rate.seconds);
     flag("dropFrame", display.dropsFrames, true);
     m_out.endMap();
 }
@@ -231,7 +222,7 @@ void SceneStream::writeCamera(const VxCameraState &camera)
     m_present = m_scene;
     key("camera");
     m_out.startMap();
-    numbers("target", {camera.target.x(), camera.target.y(), camera.target.z()});
+    numbers<3>("target", {camera.target.x(), camera.target.y(), camera.target.z()});
     number("distance", camera.distance);
     number("yaw", camera.yaw);
     number("pitch", camera.pitch);
@@ -255,26 +246,14 @@ QHash<const VxNode *, int> SceneStream::countNodes(const QVector<VxNode *> &node
     return places;
 }
 
-void SceneStream::writeNodes(const QVector<VxNode *> &nodes)
+bool SceneStream::write(const QVector<VxNode *> &nodes, const VxFileProgress &progress)
 {
     const QHash<const VxNode *, int> places = countNodes(nodes);
     m_out.startMap();
-    writeFormat();
-    integer("numProperties", m_numbers.size());
-    key("nodes");
-    m_out.startArray(quint64(nodes.size()));
-    for (VxNode *node : nodes)
-        writeNode(node, places.value(node->getNodeParent(), -1));
-    m_out.endArray();
-    m_out.endMap();
-}
-
-bool SceneStream::write(const VxFileProgress &progress)
-{
-    const QVector<VxNode *> nodes = m_scene->getNodes();
-    const QHash<const VxNode *, int> places = countNodes(nodes);
-    m_out.startMap();
-    writeHeader();
+    text("format", QLatin1String(VxSceneFile::Format));
+    integer("version", VxSceneFile::Version);
+    if (m_scene)
+        writeHeader();
     integer("numProperties", m_numbers.size());
     key("nodes");
     m_out.startArray(quint64(nodes.size()));
@@ -284,7 +263,8 @@ bool SceneStream::write(const VxFileProgress &progress)
         writeNode(nodes.at(i), places.value(nodes.at(i)->getNodeParent(), -1));
     }
     m_out.endArray();
-    kept(m_scene);
+    if (m_scene)
+        kept(m_scene);
     m_out.endMap();
     return true;
 }
@@ -308,7 +288,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
     vector("origin", node->getOrigin());
     vector("endPoint", node->getEndPoint());
     if (const auto &rest = node->getRestPose())
-        writeRestPose(*rest);
+        numbers("restPose", *rest);
     writeElement(node);
     if (VxObject *object = node->getObject()) {
         key("object");
@@ -317,16 +297,6 @@ void SceneStream::writeNode(VxNode *node, int parent)
     kept(node);
     m_out.endMap();
 }
-
-void SceneStream::writeRestPose(const VxRestPose &rest)
-{
-    key("restPose");
-    m_out.startArray(rest.size());
-    for (const float value : rest)
-        append("restPose", value);
-    m_out.endArray();
-}
-
 void SceneStream::writeObject(VxObject *object)
 {
     m_out.startMap();
@@ -438,7 +408,7 @@ void SceneStream::kept(const QObject *owner)
 void SceneStream::writeFloat(VxFloatProperty *property)
 {
     integer("axis", property->getAxis());
-    numbers("limits", {property->getMin(), property->getMax()});
+    numbers<2>("limits", {property->getMin(), property->getMax()});
     flag("clamped", property->isClamped(), false);
     number("sensitivity", property->getSensitivity());
     integer("interpolation", property->getDefaultInterpolation());
@@ -450,11 +420,7 @@ void SceneStream::writeFloat(VxFloatProperty *property)
 
 void SceneStream::writeInt(VxIntProperty *property)
 {
-    key("limits");
-    m_out.startArray(2);
-    m_out.append(qint64(property->getMin()));
-    m_out.append(qint64(property->getMax()));
-    m_out.endArray();
+    integers("limits", property->getMin(), property->getMax());
     flag("clamped", property->isClamped(), false);
     integer("default", property->getDefaultValue());
     const VxOwnContents<qint32> own = vxOwnContents(property);
@@ -525,21 +491,11 @@ QString failureOf(const SceneStream &stream, const WatchedDevice &watched)
 
 } // namespace
 
-VxSceneWriter::VxSceneWriter(const VxScene *scene)
-    : m_scene(scene)
-{
-}
-
-void VxSceneWriter::setProgress(const VxFileProgress &progress)
-{
-    m_progress = progress;
-}
-
 bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
 {
     WatchedDevice watched(device);
     SceneStream stream(m_scene, &watched);
-    if (!stream.write(m_progress)) {
+    if (!stream.write(m_scene->getNodes(), m_progress)) {
         error->cancelled = true;
         return false;
     }
@@ -552,7 +508,7 @@ bool VxSceneWriter::writeNodes(const QVector<VxNode *> &nodes, QIODevice *device
 {
     WatchedDevice watched(device);
     SceneStream stream(nullptr, &watched);
-    stream.writeNodes(nodes);
+    stream.write(nodes, {});
     error->message = failureOf(stream, watched);
     if (error->message.isEmpty() && stream.hasOuterReference())
         error->message = VxFileText::tr("A property refers to one that is not among the nodes.");

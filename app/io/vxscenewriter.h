@@ -15,10 +15,13 @@ class VxScene;
 class VxSceneWriter
 {
 public:
-    explicit VxSceneWriter(const VxScene *scene);
+    explicit VxSceneWriter(const VxScene *scene)
+        : m_scene(scene)
+    {
+    }
 
     /// Reports progress from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setProgress(const VxFileProgress &progress) { m_progress = progress; }
 
     /// Writes the file atomically: until everything is written the former file stays unchanged.
     /// False with the reason in `error`, which must not be null.

@@ -11,11 +11,9 @@
 
 #include <QHash>
 #include <algorithm>
-#include <functional>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
-#include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
@@ -79,17 +77,8 @@ private:
 
 void Table::addNodes(const VxScene *scene, const VxNode *root)
 {
-    const QVector<VxNode *> tops = scene->getRootNodes();
-    for (const VxNode *top : tops) {
-        if (root && top != tops.constFirst())
-            break;
-        const VxNode *first = root ? root : top;
-        QVector<VxNode *> below;
-        first->getNodeChildren(below, true);
-        addNode(first, scene->getTimeStep());
-        for (const VxNode *node : qAsConst(below))
-            addNode(node, scene->getTimeStep());
-    }
+    for (const VxNode *node : vxNodesToExport(scene, root))
+        addNode(node, scene->getTimeStep());
 }
 
 double Table::commonRate() const
@@ -140,15 +129,9 @@ void Table::add(const QString &property, const VxFloatProperty *control, float c
 
 void Table::addColumns(const VxNode *node)
 {
-    const VxFloatProperty *const controls[] = {
-        node->getXPosControl(),   node->getYPosControl(),   node->getZPosControl(),
-        node->getXRotControl(),   node->getYRotControl(),   node->getZRotControl(),
-        node->getScaleControl(),  node->getXScaleControl(), node->getYScaleControl(),
-        node->getZScaleControl(),
-    };
     for (int i = 0; i < 10; ++i)
-        add(VxCsvNames::nameOf(VxMotionTarget(i)), controls[i], i < 3 ? node->getOrigin()[i] : 0.0f,
-            i < 6 ? 0.0f : 1.0f);
+        add(VxCsvNames::nameOf(VxMotionTarget(i)), node->getTransformControl(i),
+            i < 3 ? node->getOrigin()[i] : 0.0f, i < 6 ? 0.0f : 1.0f);
     const QVector3D end = node->getEndPoint();
     const bool isBone = qobject_cast<const VxBone *>(node) != nullptr;
     for (int axis = 0; axis < 3 && (isBone || !end.isNull()); ++axis)
@@ -164,12 +147,8 @@ void Table::addVisibility(const VxNode *node)
 
 void Table::addMorphs(const VxNode *node)
 {
-    const VxObject *object = node->getObject();
     VxCsvNames::Numbering names;
-    for (int i = 0; object && i < object->getNumSubElements(); ++i) {
-        const auto *morph = qobject_cast<const VxMorph *>(object->getSubElement(i));
-        if (!morph)
-            continue;
+    for (const VxMorph *morph : vxMorphsOf(node)) {
         const QString name = morph->getLabel();
         m_columns.push_back({m_rows.size() - 1,
                              vxCsvCell(QLatin1String(VxCsvNames::MorphPrefix) +
@@ -196,51 +175,67 @@ void Table::addFurther(const VxNode *node)
     }
 }
 
-} // namespace
-
-class VxCsvExport::Private
+/// Writes a table to a file.
+class Writer
 {
 public:
-    /// Consumes the text in pieces and clears it; false ends the writing.
-    using Sink = std::function<bool(QByteArray *text)>;
+    Writer(const VxScene *scene, const VxTimeRange &range, const VxFileProgress &progress,
+           VxSafeFile *file)
+        : m_scene(scene)
+        , m_range(range)
+        , m_progress(progress)
+        , m_file(file)
+    {
+    }
 
-    bool write(const Sink &sink, VxFileError *error);
-    bool writeKeys(const Table &table, const Sink &sink);
+    /// False when cancelled or when the file refused bytes.
+    bool writeKeys(const Table &table);
+    bool writeFrames(const Table &table);
+
+    qint64 numKeys() const { return m_numKeys; }
+    int numSampled() const { return m_numSampled; }
+
+private:
     void appendKeys(const Row &row, const Column &column, QByteArray *text);
     void appendSamples(const QByteArray &head, const Column &column, const VxFrameTimes &frames,
                        QByteArray *text);
-    bool writeFrames(const Table &table, const Sink &sink);
-    VxFrameTimes frames(double rate) const { return {range, scene->getTimeStep(), rate}; }
+    VxFrameTimes frames(double rate) const { return {m_range, m_scene->getTimeStep(), rate}; }
     bool reportProgress(std::size_t done, std::size_t all) const
     {
-        return !progress || progress(int(done * 100 / all));
+        return !m_progress || m_progress(int(done * 100 / all));
     }
+    bool flush(QByteArray *text);
 
-    const VxScene *scene = nullptr;
-    const VxNode *root = nullptr;
-    VxTimeRange range;
-    bool rowPerFrame = false;
-    VxFileProgress progress;
-    qint64 numKeys = 0;
-    int numSampled = 0;
-    QString summary;
+    const VxScene *const m_scene;
+    const VxTimeRange m_range;
+    const VxFileProgress &m_progress;
+    VxSafeFile *const m_file;
+    qint64 m_numKeys = 0;
+    int m_numSampled = 0;
 };
 
-void VxCsvExport::Private::appendSamples(const QByteArray &head, const Column &column,
-                                         const VxFrameTimes &frames, QByteArray *text)
+bool Writer::flush(QByteArray *text)
 {
-    ++numSampled;
+    m_file->write(*text);
+    text->resize(0);
+    return m_file->failure().isEmpty();
+}
+
+void Writer::appendSamples(const QByteArray &head, const Column &column, const VxFrameTimes &frames,
+                           QByteArray *text)
+{
+    ++m_numSampled;
     for (const VxTime time : frames.all()) {
         text->append(head);
         vxAppendNumber(text, frames.seconds(time));
         text->append(',');
         vxAppendNumber(text, column.at(time));
         text->append(",linear,,,\n");
-        ++numKeys;
+        ++m_numKeys;
     }
 }
 
-void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByteArray *text)
+void Writer::appendKeys(const Row &row, const Column &column, QByteArray *text)
 {
     static const char *const types[] = {",linear,", ",constant,", ",tcb,"};
     const QByteArray head = row.name + ",,,," + column.property + ',';
@@ -259,8 +254,8 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
     const VxKeyColumns<float> keys = holder->getKeys();
     // A smooth curve's tangent at a key depends on the keys on either side of it.
     const VxTime *const end = keys.times + keys.count;
-    const auto first = std::lower_bound(keys.times, end, range.getStart()) - keys.times;
-    const auto last = std::upper_bound(keys.times, end, range.getEnd()) - keys.times;
+    const auto first = std::lower_bound(keys.times, end, m_range.getStart()) - keys.times;
+    const auto last = std::upper_bound(keys.times, end, m_range.getEnd()) - keys.times;
     const int to = std::min(keys.count, int(last) + 2);
     for (int i = std::max(0, int(first) - 2); i < to; ++i) {
         text->append(head);
@@ -280,11 +275,11 @@ void VxCsvExport::Private::appendKeys(const Row &row, const Column &column, QByt
         } else {
             text->append(",,\n");
         }
-        ++numKeys;
+        ++m_numKeys;
     }
 }
 
-bool VxCsvExport::Private::writeKeys(const Table &table, const Sink &sink)
+bool Writer::writeKeys(const Table &table)
 {
     QByteArray text = "node,parent,kind,order,property,time,value,interpolation,tension,"
                       "continuity,bias\n";
@@ -297,13 +292,13 @@ bool VxCsvExport::Private::writeKeys(const Table &table, const Sink &sink)
             ++described;
         }
         appendKeys(row, columns[i], &text);
-        if (text.size() >= CsvPieceBytes && !(reportProgress(i, columns.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(reportProgress(i, columns.size()) && flush(&text)))
             return false;
     }
-    return sink(&text);
+    return flush(&text);
 }
 
-bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
+bool Writer::writeFrames(const Table &table)
 {
     QByteArray text;
     const std::vector<Column> &columns = table.columns();
@@ -330,96 +325,49 @@ bool VxCsvExport::Private::writeFrames(const Table &table, const Sink &sink)
             vxAppendNumber(&text, column.at(times[i]));
         }
         text.append('\n');
-        if (text.size() >= CsvPieceBytes && !(reportProgress(i, times.size()) && sink(&text)))
+        if (text.size() >= CsvPieceBytes && !(reportProgress(i, times.size()) && flush(&text)))
             return false;
     }
-    numKeys = qint64(times.size());
-    return sink(&text);
+    m_numKeys = qint64(times.size());
+    return flush(&text);
 }
 
-bool VxCsvExport::Private::write(const Sink &sink, VxFileError *error)
+} // namespace
+
+bool VxCsvExport::write(VxSafeFile *file, VxFileError *error)
 {
-    numKeys = 0;
-    numSampled = 0;
-    if (scene->getNumNodes() == 0)
+    if (m_scene->getNumNodes() == 0)
         return vxFail(error, VxFileText::tr("The scene is empty."));
     Table table;
-    table.addNodes(scene, root);
-    const qint64 numFrames = (qint64(range.getEnd()) - range.getStart()) / scene->getTimeStep() + 1;
-    if (rowPerFrame && numFrames > MaxCsvValues / qint64(table.columns().size()))
+    table.addNodes(m_scene, m_root);
+    const qint64 numFrames =
+        (qint64(m_range.getEnd()) - m_range.getStart()) / m_scene->getTimeStep() + 1;
+    if (m_hasRowPerFrame && numFrames > MaxCsvValues / qint64(table.columns().size()))
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 properties.")
                                  .arg(numFrames)
                                  .arg(table.columns().size()));
-    if (!(rowPerFrame ? writeFrames(table, sink) : writeKeys(table, sink)))
+    Writer writer(m_scene, m_range, m_progress, file);
+    if (!(m_hasRowPerFrame ? writer.writeFrames(table) : writer.writeKeys(table)))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
-    summary = VxFileText::tr("%1, %2.", "nodes and frames or keys, each with its number")
-                  .arg(VxFileText::tr("%n nodes", nullptr, int(table.rows().size())),
-                       rowPerFrame ? VxFileText::tr("%n frames", nullptr, int(numKeys))
-                                   : VxFileText::tr("%n keys", nullptr, int(numKeys)));
-    if (numSampled > 0 && !rowPerFrame)
-        summary +=
-            QLatin1Char(' ') +
-            VxFileText::tr("%n linked properties were sampled once a frame.", nullptr, numSampled);
-    return true;
-}
-
-VxCsvExport::VxCsvExport(const VxScene *scene, const VxTimeRange &range)
-    : d(std::make_unique<Private>())
-{
-    d->scene = scene;
-    d->range = range;
-}
-
-VxCsvExport::~VxCsvExport() = default;
-
-void VxCsvExport::setRoot(const VxNode *root)
-{
-    d->root = root;
-}
-
-void VxCsvExport::setHasRowPerFrame(bool rowPerFrame)
-{
-    d->rowPerFrame = rowPerFrame;
-}
-
-void VxCsvExport::setProgress(const VxFileProgress &progress)
-{
-    d->progress = progress;
-}
-
-bool VxCsvExport::write(QByteArray *bytes, VxFileError *error)
-{
-    QByteArray text;
-    const auto sink = [&text](QByteArray *piece) {
-        text += *piece;
-        piece->resize(0);
-        return true;
-    };
-    if (!d->write(sink, error))
-        return false;
-    *bytes = text;
+    m_summary =
+        VxFileText::tr("%1, %2.", "nodes and frames or keys, each with its number")
+            .arg(VxFileText::tr("%n nodes", nullptr, int(table.rows().size())),
+                 m_hasRowPerFrame ? VxFileText::tr("%n frames", nullptr, int(writer.numKeys()))
+                                  : VxFileText::tr("%n keys", nullptr, int(writer.numKeys())));
+    if (writer.numSampled() > 0 && !m_hasRowPerFrame)
+        m_summary +=
+            QLatin1Char(' ') + VxFileText::tr("%n linked properties were sampled once a frame.",
+                                              nullptr, writer.numSampled());
     return true;
 }
 
 bool VxCsvExport::exportFile(const QString &fileName, VxFileError *error)
 {
     VxSafeFile file(fileName);
-    const bool isOpen = file.start();
-    const auto sink = [&file](QByteArray *piece) {
-        file.write(*piece);
-        piece->resize(0);
-        return file.failure().isEmpty();
-    };
-    const bool isWritten = isOpen && d->write(sink, error);
-    if (isWritten && file.commit())
+    if (file.start() && write(&file, error) && file.commit())
         return true;
     if (!file.failure().isEmpty())
         vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
-}
-
-QString VxCsvExport::getSummary() const
-{
-    return d->summary;
 }

@@ -1,48 +1,41 @@
 #ifndef VXIO_VXCSVEXPORT_H
 #define VXIO_VXCSVEXPORT_H
 
-#include "io/vxfileerror.h"
-#include "io/vxfileprogress.h"
+#include "io/motion/vxmotionwriter.h"
 
-#include <QByteArray>
-#include <memory>
 #include <vxcore/vxtimerange.h>
 
-class VxNode;
-class VxScene;
+class VxSafeFile;
 
 /// Writes nodes and their motion to a CSV file; see VxCsvNames for its contents.
 ///
 /// One row a key: the keys within a range, and up to two more on either side of it, so that the
 /// curves within the range are the same at every tick. One row a frame: the values at every frame
 /// from the range's start to its end. Dependent values are sampled at frames.
-class VxCsvExport
+class VxCsvExport : public VxMotionWriter
 {
 public:
-    /// The scene is borrowed and not changed. The range's ends are included.
-    VxCsvExport(const VxScene *scene, const VxTimeRange &range);
-    ~VxCsvExport();
-    VxCsvExport(const VxCsvExport &) = delete;
-    VxCsvExport &operator=(const VxCsvExport &) = delete;
+    /// The range's ends are included.
+    VxCsvExport(const VxScene *scene, const VxTimeRange &range)
+        : m_scene(scene)
+        , m_range(range)
+    {
+    }
 
     /// One node with everything below it instead of the whole scene.
-    void setRoot(const VxNode *root);
+    void setRoot(const VxNode *root) { m_root = root; }
     /// One row a frame instead of one a key. Initially false.
-    void setHasRowPerFrame(bool rowPerFrame);
-    /// Reports progress from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setHasRowPerFrame(bool rowPerFrame) { m_hasRowPerFrame = rowPerFrame; }
 
-    /// Writes the file atomically. False with the reason in `error`, which must not be null.
-    bool exportFile(const QString &fileName, VxFileError *error);
-    /// The bytes alone.
-    bool write(QByteArray *bytes, VxFileError *error);
-
-    /// Numbers of the last success for the user.
-    QString getSummary() const;
+    bool exportFile(const QString &fileName, VxFileError *error) override;
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    bool write(VxSafeFile *file, VxFileError *error);
+
+    const VxScene *const m_scene;
+    const VxTimeRange m_range;
+    const VxNode *m_root = nullptr;
+    bool m_hasRowPerFrame = false;
 };
 
 #endif

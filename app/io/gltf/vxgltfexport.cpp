@@ -14,7 +14,6 @@
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
-#include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
@@ -23,17 +22,6 @@ namespace {
 QString key(const char *text)
 {
     return QString::fromLatin1(text);
-}
-
-QVector<const VxMorph *> morphsOf(const VxNode *node)
-{
-    QVector<const VxMorph *> morphs;
-    const VxObject *object = node->getObject();
-    for (int i = 0; object && i < object->getNumSubElements(); ++i) {
-        if (const auto *morph = qobject_cast<const VxMorph *>(object->getSubElement(i)))
-            morphs.append(morph);
-    }
-    return morphs;
 }
 
 std::array<const VxFloatProperty *, 3> rotationsOf(const VxNode *node)
@@ -105,23 +93,7 @@ private:
 
 void Writer::addNodes(const VxNode *root)
 {
-    const QVector<VxNode *> roots = m_scene->getRootNodes();
-    for (const VxNode *node : roots) {
-        if (root && node != root)
-            continue;
-        QVector<VxNode *> all;
-        node->getNodeChildren(all, true);
-        m_nodes.append(node);
-        for (const VxNode *child : qAsConst(all))
-            m_nodes.append(child);
-    }
-    if (root && m_nodes.isEmpty()) {
-        QVector<VxNode *> all;
-        root->getNodeChildren(all, true);
-        m_nodes.append(root);
-        for (const VxNode *child : qAsConst(all))
-            m_nodes.append(child);
-    }
+    m_nodes = vxNodesToExport(m_scene, root);
     const VxTime step = m_scene->getTimeStep();
     for (int i = 0; i < m_nodes.size(); ++i) {
         const VxNode *node = m_nodes[i];
@@ -171,7 +143,7 @@ QJsonObject Writer::nodeObject(const VxNode *node)
         children.append(m_index.value(node->getNodeChild(i)));
     if (!children.isEmpty())
         object.insert(key("children"), children);
-    const QVector<const VxMorph *> morphs = morphsOf(node);
+    const QVector<const VxMorph *> morphs = vxMorphsOf(node);
     if (!morphs.isEmpty())
         object.insert(key("mesh"), addMorphMesh(node, morphs));
     return object;
@@ -300,7 +272,7 @@ void Writer::addWeights(const VxNode *node)
 {
     std::vector<VxGltfValue> values;
     bool isAnimated = false;
-    for (const VxMorph *morph : morphsOf(node)) {
+    for (const VxMorph *morph : vxMorphsOf(node)) {
         values.push_back({morph->getValueControl(), 1.0, 0.0});
         isAnimated = isAnimated || vxIsAnimated(morph->getValueControl());
     }
@@ -376,62 +348,32 @@ QByteArray Writer::bytes(bool binary) const
 
 } // namespace
 
-class VxGltfExport::Private
-{
-public:
-    const VxScene *scene = nullptr;
-    const VxNode *root = nullptr;
-    VxTimeRange range;
-    VxFileProgress progress;
-    double error = 0.0;
-    QString summary;
-};
-
-VxGltfExport::VxGltfExport(const VxScene *scene, const VxTimeRange &range)
-    : d(std::make_unique<Private>())
-{
-    d->scene = scene;
-    d->range = range;
-}
-
-VxGltfExport::~VxGltfExport() = default;
-
-void VxGltfExport::setRoot(const VxNode *root)
-{
-    d->root = root;
-}
-
-void VxGltfExport::setProgress(const VxFileProgress &progress)
-{
-    d->progress = progress;
-}
-
 bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
 {
     // Larger exports exceed the format's sizes.
     constexpr qint64 MaxKeys = 40 * 1000 * 1000;
     const qint64 frames =
-        (qint64(d->range.getEnd()) - d->range.getStart()) / d->scene->getTimeStep() + 1;
-    if (d->scene->getNumNodes() == 0)
+        (qint64(m_range.getEnd()) - m_range.getStart()) / m_scene->getTimeStep() + 1;
+    if (m_scene->getNumNodes() == 0)
         return vxFail(error, VxFileText::tr("The scene is empty."));
-    if (frames > MaxKeys / d->scene->getNumNodes())
+    if (frames > MaxKeys / m_scene->getNumNodes())
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 nodes.")
                                  .arg(frames)
-                                 .arg(d->scene->getNumNodes()));
-    Writer writer(d->scene, d->range);
-    writer.addNodes(d->root);
-    if (!writer.addAnimation(d->progress))
+                                 .arg(m_scene->getNumNodes()));
+    Writer writer(m_scene, m_range);
+    writer.addNodes(m_root);
+    if (!writer.addAnimation(m_progress))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
     writer.addSkins();
     *bytes = writer.bytes(binary);
-    d->error = writer.error();
-    d->summary = VxFileText::tr("%1, %2; rotations deviate by up to %3 degrees between keys.",
-                                "nodes and keys, each with its number")
-                     .arg(VxFileText::tr("%n nodes", nullptr, int(writer.numNodes())),
-                          VxFileText::tr("%n keys", nullptr, int(writer.numKeys())),
-                          QString::number(d->error, 'g', 3));
-    if (d->range.getStart() < 0)
-        d->summary +=
+    m_error = writer.error();
+    m_summary = VxFileText::tr("%1, %2; rotations deviate by up to %3 degrees between keys.",
+                               "nodes and keys, each with its number")
+                    .arg(VxFileText::tr("%n nodes", nullptr, int(writer.numNodes())),
+                         VxFileText::tr("%n keys", nullptr, int(writer.numKeys())),
+                         QString::number(m_error, 'g', 3));
+    if (m_range.getStart() < 0)
+        m_summary +=
             QLatin1Char(' ') + VxFileText::tr("The motion is moved so that it starts at time 0.");
     return true;
 }
@@ -450,14 +392,4 @@ bool VxGltfExport::exportFile(const QString &fileName, VxFileError *error)
     vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
     error->file = fileName;
     return false;
-}
-
-double VxGltfExport::getError() const
-{
-    return d->error;
-}
-
-QString VxGltfExport::getSummary() const
-{
-    return d->summary;
 }

@@ -1,15 +1,10 @@
 #ifndef VXIO_VXGLTFEXPORT_H
 #define VXIO_VXGLTFEXPORT_H
 
-#include "io/vxfileerror.h"
-#include "io/vxfileprogress.h"
+#include "io/motion/vxmotionwriter.h"
 
 #include <QByteArray>
-#include <memory>
 #include <vxcore/vxtimerange.h>
-
-class VxNode;
-class VxScene;
 
 /// Writes nodes and their motion to a glTF 2.0 file: .glb in binary form, .gltf as one text.
 ///
@@ -18,34 +13,32 @@ class VxScene;
 /// segments); rotations are the same within 0.0005 degrees at every frame and within getError()
 /// between them. A file has no times before 0: a range that starts earlier is shifted to 0. Times
 /// are single precision, about a tick after half an hour.
-class VxGltfExport
+class VxGltfExport : public VxMotionWriter
 {
 public:
-    /// The scene is borrowed and not changed. The range's ends are included.
-    VxGltfExport(const VxScene *scene, const VxTimeRange &range);
-    ~VxGltfExport();
-    VxGltfExport(const VxGltfExport &) = delete;
-    VxGltfExport &operator=(const VxGltfExport &) = delete;
+    /// The range's ends are included.
+    VxGltfExport(const VxScene *scene, const VxTimeRange &range)
+        : m_scene(scene)
+        , m_range(range)
+    {
+    }
 
     /// One node with everything below it instead of the whole scene.
-    void setRoot(const VxNode *root);
-    /// Reports progress from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress);
+    void setRoot(const VxNode *root) { m_root = root; }
 
-    /// Writes the file atomically; its suffix decides the form. False with the reason in `error`,
-    /// which must not be null.
-    bool exportFile(const QString &fileName, VxFileError *error);
+    /// The file's suffix decides the form.
+    bool exportFile(const QString &fileName, VxFileError *error) override;
     /// The bytes alone.
     bool write(bool binary, QByteArray *bytes, VxFileError *error);
 
     /// The largest deviation of a rotation between its keys, in degrees, after a success.
-    double getError() const;
-    /// A summary of the last success for the user.
-    QString getSummary() const;
+    double getError() const { return m_error; }
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    const VxScene *const m_scene;
+    const VxTimeRange m_range;
+    const VxNode *m_root = nullptr;
+    double m_error = 0.0;
 };
 
 #endif

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vxcore/vxelement.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyarrays.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 
@@ -83,47 +84,24 @@ void count(const VxFloatProperty *property, const VxImportChoices &choices, VxTi
 void snap(VxFloatProperty *property, VxTime step)
 {
     const VxKeyColumns<float> keys = property->getKeys();
-    std::vector<VxTime> times;
-    std::vector<float> values;
-    std::vector<quint8> types;
-    std::vector<VxTcb> tcb;
+    VxKeyArrays<float> snapped;
     for (int i = 0; i < keys.count; ++i) {
         const VxTime frame = nearestFrame(keys.times[i], step);
         if (i + 1 < keys.count && nearestFrame(keys.times[i + 1], step) == frame)
             continue;
-        times.push_back(frame);
-        values.push_back(keys.values[i]);
-        types.push_back(keys.types ? keys.types[i] : quint8(VxKeyInterp::Linear));
-        tcb.push_back(keys.tcb ? keys.tcb[i] : VxTcb());
+        snapped.times.push_back(frame);
+        snapped.values.push_back(keys.values[i]);
+        snapped.types.push_back(keys.types ? keys.types[i] : quint8(VxKeyInterp::Linear));
+        snapped.tcb.push_back(keys.tcb ? keys.tcb[i] : VxTcb());
     }
-    VxKeyColumns<float> snapped;
-    snapped.times = times.data();
-    snapped.values = values.data();
-    snapped.types = types.data();
-    const bool hasTcb =
-        std::any_of(tcb.begin(), tcb.end(), [](const VxTcb &t) { return t != VxTcb(); });
-    snapped.tcb = hasTcb ? tcb.data() : nullptr;
-    snapped.count = int(times.size());
+    const bool hasTcb = std::any_of(snapped.tcb.begin(), snapped.tcb.end(),
+                                    [](const VxTcb &t) { return t != VxTcb(); });
+    if (!hasTcb)
+        snapped.tcb.clear();
     property->replaceKeys(VxTimeRange::all(), snapped);
 }
 
 } // namespace
-
-QJsonObject VxImportChoices::toJson() const
-{
-    return {{QStringLiteral("snapToFrames"), snapsToFrames},
-            {QStringLiteral("matchRate"), matchesRate},
-            {QStringLiteral("rotationsOnly"), rotationsOnly}};
-}
-
-VxImportChoices VxImportChoices::fromJson(const QJsonObject &object)
-{
-    VxImportChoices choices;
-    choices.snapsToFrames = object.value(QStringLiteral("snapToFrames")).toBool();
-    choices.matchesRate = object.value(QStringLiteral("matchRate")).toBool();
-    choices.rotationsOnly = object.value(QStringLiteral("rotationsOnly")).toBool();
-    return choices;
-}
 
 VxImportNumbers vxCountKeys(const VxSceneContents &contents, const VxImportChoices &choices,
                             VxTime step)
@@ -141,10 +119,8 @@ VxImportNumbers vxCountKeys(const VxSceneContents &contents, const VxImportChoic
     return numbers;
 }
 
-VxImportNumbers vxApplyChoices(const VxImportChoices &choices, VxTime step,
-                               VxSceneContents *contents)
+void vxApplyChoices(const VxImportChoices &choices, VxTime step, VxSceneContents *contents)
 {
-    const VxImportNumbers numbers = vxCountKeys(*contents, choices, step);
     const Keyed keyed = keyedProperties(*contents);
     for (VxFloatProperty *property : keyed.others) {
         if (!choices.rotationsOnly)
@@ -154,12 +130,11 @@ VxImportNumbers vxApplyChoices(const VxImportChoices &choices, VxTime step,
         property->setStoredValue(first);
     }
     if (!choices.snapsToFrames)
-        return numbers;
+        return;
     for (VxFloatProperty *property : keyed.rotations)
         snap(property, step);
     for (VxFloatProperty *property : keyed.others) {
         if (property->getNumKeys() > 0)
             snap(property, step);
     }
-    return numbers;
 }

@@ -3,8 +3,6 @@
 
 #include "io/vxscenereader.h"
 
-#include <QJsonObject>
-
 /// The user's choices about imported motion, before it is added to a scene.
 struct VxImportChoices
 {
@@ -15,9 +13,6 @@ struct VxImportChoices
     bool matchesRate = false; ///< ignored where the file's rate is unknown
     /// Keys of anything but rotations are left out; the first value of each stays.
     bool rotationsOnly = false;
-
-    QJsonObject toJson() const;
-    static VxImportChoices fromJson(const QJsonObject &object);
 };
 
 /// The effect of the choices on the keys.
@@ -34,8 +29,7 @@ struct VxImportNumbers
 /// target scene.
 VxImportNumbers vxCountKeys(const VxSceneContents &contents, const VxImportChoices &choices,
                             VxTime step);
-/// Applies the choices to the keys; the numbers are those of vxCountKeys().
-VxImportNumbers vxApplyChoices(const VxImportChoices &choices, VxTime step,
-                               VxSceneContents *contents);
+/// Applies the choices to the keys.
+void vxApplyChoices(const VxImportChoices &choices, VxTime step, VxSceneContents *contents);
 
 #endif

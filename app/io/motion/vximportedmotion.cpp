@@ -16,12 +16,7 @@ bool isFinite(double number)
     return std::abs(number) <= double(std::numeric_limits<float>::max());
 }
 
-bool isFinite(const std::vector<double> &numbers)
-{
-    return std::all_of(numbers.begin(), numbers.end(), [](double n) { return isFinite(n); });
-}
-
-template <std::size_t N> bool isFinite(const std::array<double, N> &numbers)
+template <class Numbers> bool isFinite(const Numbers &numbers)
 {
     return std::all_of(numbers.begin(), numbers.end(), [](double n) { return isFinite(n); });
 }

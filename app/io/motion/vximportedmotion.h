@@ -89,6 +89,12 @@ struct VxMotionChannel
     int index = 0;                  ///< only for Morph and Property
     VxMotionCurve curve;            ///< for every target but Rotation
     VxMotionRotationTrack rotation; ///< only for Rotation
+
+    /// Seconds; of the keys.
+    const std::vector<double> &times() const
+    {
+        return target == VxMotionTarget::Rotation ? rotation.times : curve.times;
+    }
 };
 
 /// One animation of a file.

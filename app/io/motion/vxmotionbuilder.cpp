@@ -109,9 +109,7 @@ bool Builder::checkTimes(VxFileError *error) const
         const auto [first, last] = VxMotionTiming::span(*clip);
         const double limit = VxMotionTiming::maxSeconds();
         for (const VxMotionChannel &channel : clip->channels) {
-            const bool isRotation = channel.target == VxMotionTarget::Rotation;
-            const std::vector<double> &times =
-                isRotation ? channel.rotation.times : channel.curve.times;
+            const std::vector<double> &times = channel.times();
             if (!times.empty() && (times.front() < -limit || times.back() > limit))
                 return vxFail(
                     error, VxFileText::tr("The animation \"%1\" has a key at %2 s; a scene holds "

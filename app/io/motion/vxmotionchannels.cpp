@@ -24,30 +24,7 @@ bool isRotation(VxMotionTarget target)
 
 VxFloatProperty *control(const VxNode *node, VxMotionTarget target)
 {
-    switch (target) {
-    case VxMotionTarget::XTranslate:
-        return node->getXPosControl();
-    case VxMotionTarget::YTranslate:
-        return node->getYPosControl();
-    case VxMotionTarget::ZTranslate:
-        return node->getZPosControl();
-    case VxMotionTarget::XRotate:
-        return node->getXRotControl();
-    case VxMotionTarget::YRotate:
-        return node->getYRotControl();
-    case VxMotionTarget::ZRotate:
-        return node->getZRotControl();
-    case VxMotionTarget::Scale:
-        return node->getScaleControl();
-    case VxMotionTarget::XScale:
-        return node->getXScaleControl();
-    case VxMotionTarget::YScale:
-        return node->getYScaleControl();
-    case VxMotionTarget::ZScale:
-        return node->getZScaleControl();
-    default:
-        return nullptr;
-    }
+    return target <= VxMotionTarget::ZScale ? node->getTransformControl(int(target)) : nullptr;
 }
 
 double restOf(const VxMotionNode &node, VxMotionTarget target, int index)
@@ -78,14 +55,12 @@ VxFloatProperty *furtherProperty(const VxNode *node, const VxMotionNode &data,
 
 double rangeOf(const VxMotionPoints &points)
 {
-    double low = 0.0;
-    double high = 0.0;
-    for (std::size_t i = 0; i < points.points.size(); ++i) {
-        const double value = points.points[i].value;
-        low = i == 0 ? value : std::min(low, value);
-        high = i == 0 ? value : std::max(high, value);
-    }
-    return high - low;
+    if (points.points.empty())
+        return 0.0;
+    const auto [low, high] = std::minmax_element(
+        points.points.begin(), points.points.end(),
+        [](const VxCurvePoint &a, const VxCurvePoint &b) { return a.value < b.value; });
+    return high->value - low->value;
 }
 
 } // namespace
@@ -104,10 +79,9 @@ VxMotionChannels::VxMotionChannels(const VxImportedMotion &motion,
 {
     for (std::size_t clip = 0; clip < clips.size(); ++clip) {
         for (const VxMotionChannel &channel : clips[clip]->channels) {
-            const bool isEmpty = channel.curve.isEmpty() && channel.rotation.isEmpty();
             const VxMotionTarget target =
                 isRotation(channel.target) ? VxMotionTarget::Rotation : channel.target;
-            if (!isEmpty)
+            if (!channel.times().empty())
                 m_sources[{channel.node, target, channel.index}].push_back({clip, &channel});
         }
     }

@@ -9,8 +9,6 @@
 
 #include <QFileInfo>
 #include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxmorph.h>
-#include <vxcore/vxobject.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
@@ -33,15 +31,6 @@ const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
     return figure;
 }
 
-int numMorphs(const VxNode *node)
-{
-    const VxObject *object = node->getObject();
-    int count = 0;
-    for (int i = 0; object && i < object->getNumSubElements(); ++i)
-        count += qobject_cast<const VxMorph *>(object->getSubElement(i)) ? 1 : 0;
-    return count;
-}
-
 /** Other properties than those of the transform: CSV files have those that are plain numbers. */
 int numFurther(const VxNode *node, bool isCsv)
 {
@@ -62,13 +51,9 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
     const bool isBvh = suffix == QLatin1String("bvh");
     int properties = 0;
     int morphs = 0;
-    VxNodeListIterator nodes = scene->nodeListIterator();
-    while (nodes.hasNext()) {
-        const VxNode *node = nodes.next();
-        if (root && node != root && !root->isAncestorOf(node))
-            continue;
+    for (const VxNode *node : vxNodesToExport(scene, root)) {
         properties += numFurther(node, suffix == QLatin1String("csv"));
-        morphs += isBvh ? numMorphs(node) : 0;
+        morphs += isBvh ? vxMorphsOf(node).size() : 0;
     }
     QStringList parts;
     if (properties > 0)
@@ -82,10 +67,8 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
                .arg(parts.join(", "));
 }
 
-/// Runs any of the writers, which have the same functions.
-template <class Export>
-bool run(Export &out, const QString &fileName, const VxFileProgress &progress, QString *summary,
-         VxFileError *error)
+bool run(VxMotionWriter &out, const QString &fileName, const VxFileProgress &progress,
+         QString *summary, VxFileError *error)
 {
     out.setProgress(progress);
     const bool done = out.exportFile(fileName, error);

@@ -4,8 +4,6 @@
 #include "io/motion/vxmotionentry.h"
 #include "io/vxbvhfigure.h"
 #include "io/vxbvhreader.h"
-#include "io/vxbvhtiming.h"
-#include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 #include "io/worker/vximportworker.h"
 
@@ -40,155 +38,85 @@ VxImportReport reportOf(const VxBvhDocument &document, const VxBvhTiming &timing
 
 } // namespace
 
-class VxMotionImport::Private
+bool VxMotionImport::isBeside() const
 {
-public:
-    explicit Private(VxScene *s)
-        : scene(s)
-    {
-    }
+    return !m_replaces && m_scene->getNumNodes() > 0;
+}
 
-    QString figureName(const QString &fileName) const;
-    bool loadBvh(const QString &fileName, VxFileError *error);
-    bool loadByWorker(const QString &fileName, VxFileError *error);
-    bool build(const VxBvhDocument &document, const QString &readNote, const QString &fileName,
-               const VxFileProgress &buildProgress, VxFileError *error);
-    VxTime stepAfter(const VxImportChoices &choices) const;
-    bool matchesRate(const VxImportChoices &choices) const
-    {
-        return choices.matchesRate && report.sourceRate > 0.0;
-    }
-    bool isBeside() const { return !replaces && scene->getNumNodes() > 0; }
-
-    VxScene *const scene;
-    VxFileProgress progress;
-    VxMotionBuildOptions options;
-    bool replaces = false;
-    bool isBvh = false; // what was loaded last
-    VxSceneContents contents;
-    VxImportReport report;
-    VxBvhTiming timing; // of a BVH file
-    QString note;       // the same
-    QVector<VxNode *> roots;
-    QString summary;
-};
-
-QString VxMotionImport::Private::figureName(const QString &fileName) const
+QString VxMotionImport::figureName(const QString &fileName) const
 {
-    QString name = options.figureName;
+    QString name = m_options.figureName;
     if (name.isEmpty())
         name = QFileInfo(fileName).completeBaseName();
     if (name.isEmpty())
         name = VxFileText::tr("Motion");
-    return isBeside() ? vxUnusedNodeName(*scene, name) : name;
+    return isBeside() ? vxUnusedNodeName(*m_scene, name) : name;
 }
 
 /** In this process: the reader is the program's own and validates everything itself. */
-bool VxMotionImport::Private::loadBvh(const QString &fileName, VxFileError *error)
+bool VxMotionImport::loadBvh(const QString &fileName, VxFileError *error)
 {
     VxBvhReader reader(fileName);
-    reader.setProgress(partOfProgress(progress, 0, ReadPercent));
+    reader.setProgress(partOfProgress(m_progress, 0, ReadPercent));
     VxBvhDocument document;
-    return reader.readFile(&document, error) &&
-           build(document, reader.getNote(), fileName, partOfProgress(progress, ReadPercent, 100),
-                 error);
-}
-
-bool VxMotionImport::Private::loadByWorker(const QString &fileName, VxFileError *error)
-{
-    VxMotionBuildOptions request = options;
-    request.figureName = figureName(fileName);
-    return VxImportWorker().run(fileName, request, progress, &contents, &report, error);
-}
-
-bool VxMotionImport::Private::build(const VxBvhDocument &document, const QString &readNote,
-                                    const QString &fileName, const VxFileProgress &buildProgress,
-                                    VxFileError *error)
-{
-    VxBvhTiming read;
-    QString message;
-    if (!document.isValid(&message) || !read.set(document.frameTime, document.frameCount, &message))
-        return vxFail(error, message, fileName);
-    std::unique_ptr<VxSkeleton> figure =
-        vxBvhBuildFigure(document, read, figureName(fileName), buildProgress);
-    if (!figure)
-        return vxCancel(error, VxFileText::tr("The import was cancelled."), fileName);
-    contents = VxSceneContents();
-    contents.timeStep = read.step();
-    contents.animRange = VxTimeRange(0, read.lastKeyTime());
-    contents.playRange = contents.animRange;
-    contents.rootNodes.push_back(std::move(figure));
-    timing = read;
-    note = readNote;
-    report = reportOf(document, read);
-    report.file = fileName;
-    if (!note.isEmpty())
-        report.notes.append(note);
+    if (!reader.readFile(&document, error) || !build(document, fileName, error))
+        return false;
+    m_note = reader.getNote();
+    if (!m_note.isEmpty())
+        m_report.notes.append(m_note);
     return true;
 }
 
-VxTime VxMotionImport::Private::stepAfter(const VxImportChoices &choices) const
+bool VxMotionImport::loadByWorker(const QString &fileName, VxFileError *error)
 {
-    return isBeside() && !matchesRate(choices) ? scene->getTimeStep() : contents.timeStep;
+    VxMotionBuildOptions request = m_options;
+    request.figureName = figureName(fileName);
+    return VxImportWorker().run(fileName, request, m_progress, &m_contents, &m_report, error);
 }
 
-VxMotionImport::VxMotionImport(VxScene *scene)
-    : d(std::make_unique<Private>(scene))
+bool VxMotionImport::build(const VxBvhDocument &document, const QString &fileName,
+                           VxFileError *error)
 {
+    VxBvhTiming timing;
+    QString message;
+    if (!document.isValid(&message) ||
+        !timing.set(document.frameTime, document.frameCount, &message))
+        return vxFail(error, message, fileName);
+    std::unique_ptr<VxSkeleton> figure = vxBvhBuildFigure(
+        document, timing, figureName(fileName), partOfProgress(m_progress, ReadPercent, 100));
+    if (!figure)
+        return vxCancel(error, VxFileText::tr("The import was cancelled."), fileName);
+    m_contents = VxSceneContents();
+    m_contents.timeStep = timing.step();
+    m_contents.animRange = VxTimeRange(0, timing.lastKeyTime());
+    m_contents.playRange = m_contents.animRange;
+    m_contents.rootNodes.push_back(std::move(figure));
+    m_timing = timing;
+    m_report = reportOf(document, timing);
+    m_report.file = fileName;
+    return true;
 }
 
-VxMotionImport::~VxMotionImport() = default;
-
-void VxMotionImport::setProgress(const VxFileProgress &progress)
+VxTime VxMotionImport::stepAfter(const VxImportChoices &choices) const
 {
-    d->progress = progress;
-}
-
-void VxMotionImport::setReplacesScene(bool replaces)
-{
-    d->replaces = replaces;
-}
-
-void VxMotionImport::setOptions(const VxMotionBuildOptions &options)
-{
-    d->options = options;
+    return isBeside() && !matchesRate(choices) ? m_scene->getTimeStep() : m_contents.timeStep;
 }
 
 bool VxMotionImport::load(const QString &fileName, VxFileError *error)
 {
-    d->isBvh = isBvhFile(fileName);
-    const bool done = d->isBvh ? d->loadBvh(fileName, error) : d->loadByWorker(fileName, error);
+    m_isBvh = isBvhFile(fileName);
+    const bool done = m_isBvh ? loadBvh(fileName, error) : loadByWorker(fileName, error);
     if (done)
-        d->report = report({});
+        m_report = report({});
     qCInfo(vxFilesLog).noquote() << "read" << fileName << (done ? QString() : error->text());
     return done;
-}
-
-bool VxMotionImport::loadDocument(const VxBvhDocument &document, const QString &note,
-                                  const QString &fileName, VxFileError *error)
-{
-    d->isBvh = true;
-    const bool done = d->build(document, note, fileName, d->progress, error);
-    if (done)
-        d->report = report({});
-    return done;
-}
-
-bool VxMotionImport::setsRate() const
-{
-    return !d->isBeside();
-}
-
-const VxImportReport &VxMotionImport::report() const
-{
-    return d->report;
 }
 
 VxImportReport VxMotionImport::report(const VxImportChoices &choices) const
 {
     const VxImportNumbers counts = numbers(choices);
-    VxImportReport report = d->report;
-    report.sceneStep = d->stepAfter(choices);
+    VxImportReport report = m_report;
+    report.sceneStep = stepAfter(choices);
     report.keysAfter = counts.keys;
     report.offFrameKeys = counts.offFrame;
     if (choices.snapsToFrames)
@@ -205,46 +133,36 @@ VxImportReport VxMotionImport::report(const VxImportChoices &choices) const
 
 VxImportNumbers VxMotionImport::numbers(const VxImportChoices &choices) const
 {
-    return vxCountKeys(d->contents, choices, d->stepAfter(choices));
+    return vxCountKeys(m_contents, choices, stepAfter(choices));
 }
 
 bool VxMotionImport::enter(const VxImportChoices &choices, VxFileError *error)
 {
-    if (d->contents.rootNodes.empty())
-        return vxFail(error, VxFileText::tr("There is nothing to import."), d->report.file);
-    const bool isBeside = d->isBeside();
-    d->report = report(choices);
-    vxApplyChoices(choices, d->stepAfter(choices), &d->contents);
-    for (const auto &root : d->contents.rootNodes) {
-        if (d->report.isRateKept())
-            vxKeepRate(root.get(), d->report.sourceRate);
+    if (m_contents.rootNodes.empty())
+        return vxFail(error, VxFileText::tr("There is nothing to import."), m_report.file);
+    const bool wasBeside = isBeside();
+    m_report = report(choices);
+    vxApplyChoices(choices, stepAfter(choices), &m_contents);
+    for (const auto &root : m_contents.rootNodes) {
+        if (m_report.isRateKept())
+            vxKeepRate(root.get(), m_report.sourceRate);
     }
     VxMotionEntry entry;
-    entry.replacesScene = d->replaces;
-    entry.setsRate = d->matchesRate(choices);
-    entry.hasMotion = d->isBvh ? d->timing.frameCount() > 1 : d->report.channels > 0;
-    d->roots = vxEnterScene(std::move(d->contents), entry, d->scene);
-    d->contents = VxSceneContents();
-    if (d->roots.isEmpty())
+    entry.replacesScene = m_replaces;
+    entry.setsRate = matchesRate(choices);
+    entry.hasMotion = m_isBvh ? m_timing.frameCount() > 1 : m_report.channels > 0;
+    m_roots = vxEnterScene(std::move(m_contents), entry, m_scene);
+    m_contents = VxSceneContents();
+    if (m_roots.isEmpty())
         return vxFail(error, VxFileText::tr("The figure could not be added to the scene."),
-                      d->report.file);
-    d->summary = d->report.summary();
-    if (d->isBvh) {
-        d->summary = isBeside && !choices.matchesRate
-                         ? d->timing.sentenceBeside(d->scene->getTimeStep())
-                         : d->timing.sentence();
-        if (!d->note.isEmpty())
-            d->summary += QLatin1Char(' ') + d->note;
+                      m_report.file);
+    m_summary = m_report.summary();
+    if (m_isBvh) {
+        m_summary = wasBeside && !choices.matchesRate
+                        ? m_timing.sentenceBeside(m_scene->getTimeStep())
+                        : m_timing.sentence();
+        if (!m_note.isEmpty())
+            m_summary += QLatin1Char(' ') + m_note;
     }
     return true;
-}
-
-QVector<VxNode *> VxMotionImport::getRoots() const
-{
-    return d->roots;
-}
-
-QString VxMotionImport::getSummary() const
-{
-    return d->summary;
 }

@@ -25,12 +25,9 @@ std::unique_ptr<VxNode> makeNode(const VxMotionNode &data)
 /** A bone's rest position is its origin, except on axes with a channel of absolute positions. */
 void place(VxNode *node, const VxMotionNode &data, int index, const VxMotionChannels &channels)
 {
-    VxFloatProperty *const positions[] = {node->getXPosControl(), node->getYPosControl(),
-                                          node->getZPosControl()};
-    VxFloatProperty *const rotations[] = {node->getXRotControl(), node->getYRotControl(),
-                                          node->getZRotControl()};
-    VxFloatProperty *const scales[] = {node->getXScaleControl(), node->getYScaleControl(),
-                                       node->getZScaleControl()};
+    const auto store = [node](VxMotionTarget target, int axis, double value) {
+        node->getTransformControl(int(target) + axis)->setStoredValue(float(value));
+    };
     QVector3D origin;
     for (int axis = 0; axis < 3; ++axis) {
         const auto i = std::size_t(axis);
@@ -38,9 +35,9 @@ void place(VxNode *node, const VxMotionNode &data, int index, const VxMotionChan
         if (data.kind == VxMotionNode::Bone && !channels.drives(index, target))
             origin[axis] = float(data.translation[i]);
         else
-            positions[axis]->setStoredValue(float(data.translation[i]));
-        rotations[axis]->setStoredValue(float(data.rotation[i]));
-        scales[axis]->setStoredValue(float(data.scale[i]));
+            store(VxMotionTarget::XTranslate, axis, data.translation[i]);
+        store(VxMotionTarget::XRotate, axis, data.rotation[i]);
+        store(VxMotionTarget::XScale, axis, data.scale[i]);
     }
     node->setOrigin(origin);
     node->setRotationOrder(data.order);

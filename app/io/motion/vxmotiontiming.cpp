@@ -10,12 +10,6 @@ namespace {
 constexpr double FrameTolerance = 0.01;
 constexpr std::size_t KeysLookedAt = 4096;
 
-const std::vector<double> &timesOf(const VxMotionChannel &channel)
-{
-    return channel.target == VxMotionTarget::Rotation ? channel.rotation.times
-                                                      : channel.curve.times;
-}
-
 bool areOnFrames(const std::vector<double> &times, double rate)
 {
     const std::size_t count = std::min(times.size(), KeysLookedAt);
@@ -29,7 +23,7 @@ bool areOnFrames(const VxImportedMotion &motion, double rate)
 {
     for (const VxMotionClip &clip : motion.clips) {
         for (const VxMotionChannel &channel : clip.channels) {
-            if (!areOnFrames(timesOf(channel), rate))
+            if (!areOnFrames(channel.times(), rate))
                 return false;
         }
     }
@@ -40,7 +34,7 @@ bool hasKeys(const VxImportedMotion &motion)
 {
     for (const VxMotionClip &clip : motion.clips) {
         for (const VxMotionChannel &channel : clip.channels) {
-            if (!timesOf(channel).empty())
+            if (!channel.times().empty())
                 return true;
         }
     }
@@ -87,7 +81,7 @@ std::pair<double, double> VxMotionTiming::span(const VxMotionClip &clip)
     double last = 0.0;
     bool isFirst = true;
     for (const VxMotionChannel &channel : clip.channels) {
-        const std::vector<double> &times = timesOf(channel);
+        const std::vector<double> &times = channel.times();
         if (times.empty())
             continue;
         first = isFirst ? times.front() : std::min(first, times.front());

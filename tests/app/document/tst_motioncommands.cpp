@@ -1,11 +1,11 @@
 // Motion in and out of a scene, by menu, dialog and drop.
 
+#include "bvhimport.h"
 #include "dialoganswers.h"
 #include "document/exportdialog.h"
 #include "document/figurechoice.h"
 #include "document/importdialog.h"
 #include "io/motion/vxmotionimport.h"
-#include "io/vxbvhimport.h"
 #include "smallmotion.h"
 #include "studiotestbase.h"
 #include "testing/vxscenebuilder.h"
@@ -156,7 +156,7 @@ void tst_MotionCommands::exportedMotionRoundTrips()
     QVERIFY(!window()->isWindowModified());
     const VxSkeleton *figure = FigureChoice::targetFigure(*vxScene);
     VxScene other;
-    VxBvhImport import(&other);
+    BvhImport import(&other);
     VxFileError error;
     QVERIFY2(import.importFile(file, &error), qPrintable(error.text()));
     const auto before = figure->getAllBones();
@@ -211,7 +211,7 @@ void tst_MotionCommands::exportOfASelectedFigure()
         return offered == "two.bvh" && typeName(file)(dialog);
     });
     VxScene other;
-    VxBvhImport import(&other);
+    BvhImport import(&other);
     VxFileError error;
     QVERIFY(import.importFile(file, &error));
     QCOMPARE(import.getSkeleton()->getAllBones().size(), 5);
@@ -249,7 +249,7 @@ void tst_MotionCommands::exportAsksWhichFigure()
     if (!answers)
         return;
     VxScene other;
-    VxBvhImport import(&other);
+    BvhImport import(&other);
     VxFileError error;
     QVERIFY(import.importFile(file, &error));
     QCOMPARE(import.getSkeleton()->getAllBones().size(), 4);

@@ -1,7 +1,7 @@
 // Exported motion is imported as the same motion.
 
+#include "bvhimport.h"
 #include "io/vxbvhexport.h"
-#include "io/vxbvhimport.h"
 #include "io/vxbvhreader.h"
 #include "smallmotion.h"
 #include "testing/vxscenebuilder.h"
@@ -125,7 +125,7 @@ bool tst_VxBvhExport::write(const VxSkeleton *skeleton, VxFileError *error,
 VxSkeleton *tst_VxBvhExport::readBack()
 {
     VxFileError error;
-    VxBvhImport import(m_other.get());
+    BvhImport import(m_other.get());
     if (!import.importFile(m_file, &error))
         QTest::qFail(qPrintable(error.text()), __FILE__, __LINE__);
     return import.getSkeleton();
@@ -152,7 +152,7 @@ void tst_VxBvhExport::sameValuesRoundTrip()
 {
     QFETCH(QString, file);
     VxFileError error;
-    VxBvhImport import(m_scene.get());
+    BvhImport import(m_scene.get());
     QVERIFY2(import.importFile(file, &error), qPrintable(error.text()));
     const QVector<VxBone *> before = import.getSkeleton()->getAllBones();
     const QVector<VxBone *> after = roundTrip(import.getSkeleton())->getAllBones();
@@ -432,7 +432,7 @@ void tst_VxBvhExport::cancelKeepsTheFile()
     QFETCH(int, percent);
     QFETCH(bool, worksOut);
     VxFileError error;
-    VxBvhImport import(m_scene.get());
+    BvhImport import(m_scene.get());
     QVERIFY(import.importFile(QLatin1String(realFolder) + "01_01.bvh", &error));
     if (worksOut)
         import.getSkeleton()->getXPosControl()->setStoredValue(5.0f);
@@ -454,7 +454,7 @@ void tst_VxBvhExport::cancelKeepsTheFile()
 void tst_VxBvhExport::progressAscends()
 {
     VxFileError error;
-    VxBvhImport import(m_scene.get());
+    BvhImport import(m_scene.get());
     QVERIFY(import.importFile(QLatin1String(realFolder) + "01_01.bvh", &error));
     import.getSkeleton()->getXPosControl()->setStoredValue(5.0f);
     QVector<int> reports;

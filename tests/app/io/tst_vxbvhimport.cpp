@@ -1,4 +1,4 @@
-#include "io/vxbvhimport.h"
+#include "bvhimport.h"
 #include "io/vxbvhreader.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -159,7 +159,7 @@ VxBone *TestVxBvhImport::bone(const char *name) const
 void TestVxBvhImport::import(const QByteArray &bytes)
 {
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY2(importer.importDocument(documentOf(bytes), QStringLiteral("walk.bvh"), &error),
              qPrintable(error.text()));
 }
@@ -167,7 +167,7 @@ void TestVxBvhImport::import(const QByteArray &bytes)
 void TestVxBvhImport::buildsTheHierarchy()
 {
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY(!importer.getSkeleton());
     QVERIFY(
         importer.importDocument(documentOf(branched), QStringLiteral("dir/a.walk.bvh"), &error));
@@ -306,7 +306,7 @@ void TestVxBvhImport::bonesHaveThePositionsOfTheFile()
     VxFileError error;
     QVERIFY2(VxBvhReader(QLatin1String(realFile)).readFile(&document, &error),
              qPrintable(error.text()));
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY(importer.importDocument(document, QStringLiteral("walk.bvh"), &error));
     const QVector<VxBone *> bones = importer.getSkeleton()->getAllBones();
     QCOMPARE(std::size_t(bones.size()), document.joints.size());
@@ -324,7 +324,7 @@ void TestVxBvhImport::bonesHaveThePositionsOfTheFile()
 void TestVxBvhImport::realFileIsImportedCompletely()
 {
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY2(importer.importFile(QLatin1String(realFile), &error), qPrintable(error.text()));
     QCOMPARE(importer.getSkeleton()->getLabel(), QStringLiteral("01_01"));
     QCOMPARE(m_scene->getNumNodes(), 32);
@@ -409,7 +409,7 @@ void TestVxBvhImport::besideOthersTheSceneKeepsItsTime()
     m_scene->setPlayRange(play);
     m_scene->setTime(120);
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY(importer.importDocument(documentOf(branched), QStringLiteral("walk.bvh"), &error));
     QCOMPARE(m_scene->getTimeStep(), 200);
     QCOMPARE(m_scene->getTime(), 120);
@@ -461,7 +461,7 @@ void TestVxBvhImport::failureLeavesTheScene()
     const QVector<int> before = stateOf(*m_scene);
     QSignalSpy added(m_scene.get(), &VxScene::nodeAdded);
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVERIFY(!importer.importFile(file.fileName(), &error));
     QVERIFY2(error.text().contains(part), qPrintable(error.text()));
     QCOMPARE(error.file, file.fileName());
@@ -485,7 +485,7 @@ void TestVxBvhImport::cancelLeavesTheScene()
     const QVector<int> before = stateOf(*m_scene);
     QSignalSpy added(m_scene.get(), &VxScene::nodeAdded);
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     int last = -1;
     importer.setProgress([percent, &last](int now) {
         last = now;
@@ -502,7 +502,7 @@ void TestVxBvhImport::cancelLeavesTheScene()
 void TestVxBvhImport::progressAscends()
 {
     VxFileError error;
-    VxBvhImport importer(m_scene.get());
+    BvhImport importer(m_scene.get());
     QVector<int> reports;
     importer.setProgress([&reports](int percent) {
         reports << percent;

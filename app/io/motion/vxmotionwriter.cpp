@@ -1,0 +1,26 @@
+#include "io/motion/vxmotionwriter.h"
+
+#include <vxcore/vxmorph.h>
+#include <vxcore/vxobject.h>
+#include <vxcore/vxscene.h>
+
+QVector<const VxNode *> vxNodesToExport(const VxScene *scene, const VxNode *root)
+{
+    QVector<const VxNode *> nodes;
+    for (const VxNode *node : scene->getNodes()) {
+        if (!root || node == root || root->isAncestorOf(node))
+            nodes.append(node);
+    }
+    return nodes;
+}
+
+QVector<const VxMorph *> vxMorphsOf(const VxNode *node)
+{
+    QVector<const VxMorph *> morphs;
+    const VxObject *object = node->getObject();
+    for (int i = 0; object && i < object->getNumSubElements(); ++i) {
+        if (const auto *morph = qobject_cast<const VxMorph *>(object->getSubElement(i)))
+            morphs.append(morph);
+    }
+    return morphs;
+}
