@@ -42,8 +42,6 @@ BatchDialogs::BatchDialogs(QObject *parent)
     qApp->installEventFilter(this);
 }
 
-BatchDialogs::~BatchDialogs() = default;
-
 bool BatchDialogs::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::Show)

@@ -15,7 +15,6 @@ class BatchDialogs : public QObject
     Q_OBJECT
 public:
     explicit BatchDialogs(QObject *parent = nullptr);
-    ~BatchDialogs() override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -22,66 +22,53 @@ QString name(const char *text)
 /// The options, in the order in which the help lists them.
 void addOptions(QCommandLineParser *parser)
 {
-    parser->addOption(
-        {name("headless"), StudioText::tr("Run without a display and without dialogs.")});
-    parser->addOption(
-        {name("script"),
-         StudioText::tr("Run a script after the file is opened. Arguments after \"--\" are "
-                        "passed to the script."),
-         name("FILE.js")});
-    parser->addOption(
-        {name("animation"),
-         StudioText::tr("Animation to read from a motion file that has several, by name or "
-                        "number. Without this option all are read, one after another."),
-         name("NAME")});
-    parser->addOption({name("import-report"),
-                       StudioText::tr("Print what was found in the motion file as JSON.")});
-    parser->addOption(
-        {name("time-limit"),
-         StudioText::tr("End a run without a window when its script takes longer. Default: no "
-                        "limit."),
-         name("SECONDS")});
-    parser->addOption(
-        {name("memory-limit"),
-         StudioText::tr("Stop the script when it takes more memory; 0 for no limit. Default: "
-                        "%1.")
-             .arg(CommandLine().scriptMegabytes),
-         name("MEGABYTES")});
-    parser->addOption({name("screenshot"), StudioText::tr("Save a picture of the window and exit."),
-                       name("OUT.png")});
-    parser->addOption(
-        {name("list-actions"), StudioText::tr("Print a page about all actions and exit.")});
-    parser->addOption({name("size"), StudioText::tr("Window size in pixels."), name("WxH")});
-    parser->addOption({name("frame"), StudioText::tr("Frame to show."), name("N")});
-    parser->addOption(
-        {name("palette"), StudioText::tr("Palette: dark, light or contrast."), name("NAME")});
-    parser->addOption({name("text-size"),
-                       StudioText::tr("Text size from %1 to %2 points; 0 for that of the desktop.")
-                           .arg(VxStyle::SmallestTextSize)
-                           .arg(VxStyle::LargestTextSize),
-                       name("POINTS")});
-    parser->addOption(
-        {name("language"), StudioText::tr("Language of all texts, such as de."), name("CODE")});
-    parser->addOption(
-        {name("settings"),
-         StudioText::tr(
-             "Store the settings in this file, and recovery copies in a folder next to it. Without "
-             "this option, --headless and --screenshot neither read nor write settings."),
-         name("FILE.ini")});
-    parser->addOption({name("plugin-path"),
-                       StudioText::tr("Additional plug-in folder; may be repeated."), name("DIR")});
-    parser->addOption(
-        {name("enable-plugins"),
-         StudioText::tr("Enable plug-ins again that are skipped because the program ended while "
-                        "it was loading them.")});
-    parser->addOption(
-        {name("log"),
-         StudioText::tr("Write messages of these categories to standard error, such as "
-                        "plugins,scripts; \"all\" for every one."),
-         name("CATEGORIES")});
-    parser->addOption(
-        {name("diagnose"),
-         StudioText::tr("Print versions, plug-ins, settings and screens, and exit.")});
+    const auto add = [parser](const char *option, const QString &text, const char *value = "") {
+        parser->addOption({name(option), text, name(value)});
+    };
+    add("headless", StudioText::tr("Run without a display and without dialogs."));
+    add("script",
+        StudioText::tr("Run a script after the file is opened. Arguments after \"--\" are "
+                       "passed to the script."),
+        "FILE.js");
+    add("animation",
+        StudioText::tr("Animation to read from a motion file that has several, by name or "
+                       "number. Without this option all are read, one after another."),
+        "NAME");
+    add("import-report", StudioText::tr("Print what was found in the motion file as JSON."));
+    add("time-limit",
+        StudioText::tr("End a run without a window when its script takes longer. Default: no "
+                       "limit."),
+        "SECONDS");
+    add("memory-limit",
+        StudioText::tr("Stop the script when it takes more memory; 0 for no limit. Default: "
+                       "%1.")
+            .arg(CommandLine().scriptMegabytes),
+        "MEGABYTES");
+    add("screenshot", StudioText::tr("Save a picture of the window and exit."), "OUT.png");
+    add("list-actions", StudioText::tr("Print a page about all actions and exit."));
+    add("size", StudioText::tr("Window size in pixels."), "WxH");
+    add("frame", StudioText::tr("Frame to show."), "N");
+    add("palette", StudioText::tr("Palette: dark, light or contrast."), "NAME");
+    add("text-size",
+        StudioText::tr("Text size from %1 to %2 points; 0 for that of the desktop.")
+            .arg(VxStyle::SmallestTextSize)
+            .arg(VxStyle::LargestTextSize),
+        "POINTS");
+    add("language", StudioText::tr("Language of all texts, such as de."), "CODE");
+    add("settings",
+        StudioText::tr(
+            "Store the settings in this file, and recovery copies in a folder next to it. Without "
+            "this option, --headless and --screenshot neither read nor write settings."),
+        "FILE.ini");
+    add("plugin-path", StudioText::tr("Additional plug-in folder; may be repeated."), "DIR");
+    add("enable-plugins",
+        StudioText::tr("Enable plug-ins again that are skipped because the program ended while "
+                       "it was loading them."));
+    add("log",
+        StudioText::tr("Write messages of these categories to standard error, such as "
+                       "plugins,scripts; \"all\" for every one."),
+        "CATEGORIES");
+    add("diagnose", StudioText::tr("Print versions, plug-ins, settings and screens, and exit."));
     parser->addOption({{name("v"), name("version")}, StudioText::tr("Show version information.")});
     parser->addOption({{name("h"), name("help")}, StudioText::tr("Show this help.")});
     parser->addPositionalArgument(name("FILE"), StudioText::tr("The scene or motion file to open."),
@@ -213,16 +200,15 @@ void readOptions(const QCommandLineParser &parser, CommandLine *line)
     }
     readLimit(parser, "time-limit", &line->scriptSeconds, line);
     readLimit(parser, "memory-limit", &line->scriptMegabytes, line);
-    if (parser.isSet(name("log")))
-        readLog(parser.value(name("log")), line);
-    if (parser.isSet(name("size")))
-        readSize(parser.value(name("size")), line);
-    if (parser.isSet(name("frame")))
-        readFrame(parser.value(name("frame")), line);
-    if (parser.isSet(name("palette")))
-        readPalette(parser.value(name("palette")), line);
-    if (parser.isSet(name("text-size")))
-        readTextSize(parser.value(name("text-size")), line);
+    const auto read = [&](const char *option, void (*reader)(const QString &, CommandLine *)) {
+        if (parser.isSet(name(option)))
+            reader(parser.value(name(option)), line);
+    };
+    read("log", readLog);
+    read("size", readSize);
+    read("frame", readFrame);
+    read("palette", readPalette);
+    read("text-size", readTextSize);
 }
 
 } // namespace

@@ -40,22 +40,38 @@ void readOption(const QString &name, const QScriptValue &value, Request *request
         request->error = StudioText::tr("there is no option \"%1\"").arg(name);
 }
 
-Request readRequest(QScriptContext *context)
+/** Argument 1; else an error text. */
+QString readFileName(const QScriptContext *context, QString *error)
 {
-    Request request;
-    request.file = context->argument(0).toString();
-    if (!context->argument(0).isString() || request.file.isEmpty())
-        request.error = StudioText::tr("argument 1 must be the name of a file");
+    const QScriptValue file = context->argument(0);
+    if (!file.isString() || file.toString().isEmpty())
+        *error = StudioText::tr("argument 1 must be the name of a file");
+    return file.toString();
+}
+
+/** Calls `read` for each member of argument 2, an object that may be left out, without an error. */
+template <class Read>
+void readOptions(const QScriptContext *context, QString *error, const Read &read)
+{
     const QScriptValue options = context->argument(1);
     if (options.isUndefined() || options.isNull())
-        return request;
+        return;
     if (!options.isObject())
-        request.error = StudioText::tr("argument 2 must be an object with options");
+        *error = StudioText::tr("argument 2 must be an object with options");
     QScriptValueIterator members(options);
-    while (members.hasNext() && request.error.isEmpty()) {
+    while (members.hasNext() && error->isEmpty()) {
         members.next();
-        readOption(members.name(), members.value(), &request);
+        read(members.name(), members.value());
     }
+}
+
+Request readRequest(const QScriptContext *context)
+{
+    Request request;
+    request.file = readFileName(context, &request.error);
+    readOptions(context, &request.error, [&](const QString &name, const QScriptValue &value) {
+        readOption(name, value, &request);
+    });
     return request;
 }
 
@@ -95,41 +111,27 @@ QScriptValue importFile(QScriptContext *context, QScriptEngine *engine)
     return parse.call(QScriptValue(), QScriptValueList{QScriptValue(QString::fromUtf8(json))});
 }
 
-/** Fills the options; an error text otherwise. */
-QString readExport(const QScriptValue &options, const VxScene *scene, VxMotionExportOptions *out)
-{
-    if (options.isUndefined() || options.isNull())
-        return {};
-    if (!options.isObject())
-        return StudioText::tr("argument 2 must be an object with options");
-    QScriptValueIterator members(options);
-    while (members.hasNext()) {
-        members.next();
-        const QString name = members.name();
-        if (name == QLatin1String("node")) {
-            out->root = scene->findNode(members.value().toString());
-            if (!out->root)
-                return StudioText::tr("there is no node \"%1\"").arg(members.value().toString());
-        } else if (name == QLatin1String("playRange")) {
-            out->playRangeOnly = members.value().toBool();
-        } else if (name == QLatin1String("rowPerFrame")) {
-            out->hasRowPerFrame = members.value().toBool();
-        } else {
-            return StudioText::tr("there is no option \"%1\"").arg(name);
-        }
-    }
-    return {};
-}
-
 QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
 {
-    const QString file = context->argument(0).toString();
-    if (!context->argument(0).isString() || file.isEmpty())
-        return fail(context, "exportFile()",
-                    StudioText::tr("argument 1 must be the name of a file"));
+    QString error;
+    const QString file = readFileName(context, &error);
+    if (!error.isEmpty())
+        return fail(context, "exportFile()", error);
     DocumentController *document = documentOf(context);
     VxMotionExportOptions options;
-    const QString error = readExport(context->argument(1), document->scene(), &options);
+    readOptions(context, &error, [&](const QString &name, const QScriptValue &value) {
+        if (name == QLatin1String("node")) {
+            options.root = document->scene()->findNode(value.toString());
+            if (!options.root)
+                error = StudioText::tr("there is no node \"%1\"").arg(value.toString());
+        } else if (name == QLatin1String("playRange")) {
+            options.playRangeOnly = value.toBool();
+        } else if (name == QLatin1String("rowPerFrame")) {
+            options.hasRowPerFrame = value.toBool();
+        } else {
+            error = StudioText::tr("there is no option \"%1\"").arg(name);
+        }
+    });
     if (!error.isEmpty())
         return fail(context, "exportFile()", error);
     if (!document->exportMotion(options, file))
@@ -139,10 +141,10 @@ QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
 
 QScriptValue importMarkers(QScriptContext *context, QScriptEngine *)
 {
-    const QString file = context->argument(0).toString();
-    if (!context->argument(0).isString() || file.isEmpty())
-        return fail(context, "Scene.markers.importFile()",
-                    StudioText::tr("argument 1 must be the name of a file"));
+    QString invalid;
+    const QString file = readFileName(context, &invalid);
+    if (!invalid.isEmpty())
+        return fail(context, "Scene.markers.importFile()", invalid);
     VxFileError error;
     const QString done = MarkerFiles::importFile(vxScene, file, &error);
     return error.isSet() ? fail(context, "Scene.markers.importFile()", error.text())
@@ -151,10 +153,10 @@ QScriptValue importMarkers(QScriptContext *context, QScriptEngine *)
 
 QScriptValue exportMarkers(QScriptContext *context, QScriptEngine *)
 {
-    const QString file = context->argument(0).toString();
-    if (!context->argument(0).isString() || file.isEmpty())
-        return fail(context, "Scene.markers.exportFile()",
-                    StudioText::tr("argument 1 must be the name of a file"));
+    QString invalid;
+    const QString file = readFileName(context, &invalid);
+    if (!invalid.isEmpty())
+        return fail(context, "Scene.markers.exportFile()", invalid);
     VxFileError error;
     if (!MarkerFiles::exportFile(vxScene, file, &error))
         return fail(context, "Scene.markers.exportFile()", error.text());

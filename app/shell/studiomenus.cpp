@@ -1,6 +1,7 @@
 #include "shell/studiomenus.h"
 
 #include "document/recentfilesmenu.h"
+#include "recovery/recoverycontroller.h"
 #include "recovery/recoverymenu.h"
 #include "shell/graphview.h"
 #include "shell/menutypeahead.h"
@@ -51,14 +52,14 @@ StudioMenus::StudioMenus(StudioWindow *window)
     m_defaultLayout = new QAction(this);
     adopt(m_defaultLayout,
           {"StudioDefaultLayout", tr("Default &Layout"), tr("Restores the default pane layout.")});
-    connect(m_defaultLayout, &QAction::triggered, this, &StudioMenus::defaultLayoutRequested);
+    connect(m_defaultLayout, &QAction::triggered, m_window, &StudioWindow::restoreDefaultLayout);
 }
 
 template <typename Slot> QAction *StudioMenus::addEntry(QMenu *menu, const Entry &entry, Slot slot)
 {
     auto *action = new QAction(menu);
     adopt(action, entry);
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, m_window, slot);
     menu->addAction(action);
     return action;
 }
@@ -79,62 +80,62 @@ void StudioMenus::buildFileMenu()
     QMenu *menu = addBarMenu("File", tr("&File"));
     m_fileMenu = menu;
     addEntry(menu, {"StudioNew", tr("&New"), tr("Creates an empty scene."), QKeySequence::New},
-             &StudioMenus::newRequested);
+             &StudioWindow::newDocument);
     addEntry(
         menu,
         {"StudioOpen", tr("&Open..."), tr("Opens a scene or motion file."), QKeySequence::Open},
-        &StudioMenus::openRequested);
+        &StudioWindow::openWithDialog);
     addEntry(menu,
              {"StudioOpenSample", tr("Open Sa&mple"), tr("Opens a sample with a walking figure.")},
-             &StudioMenus::openSampleRequested);
+             &StudioWindow::openSample);
     QAction *below = menu->addSeparator();
     below->setObjectName(QStringLiteral("BelowOpenSeparator"));
     addEntry(menu,
              {"StudioSave", tr("&Save"), tr("Saves the scene to its file."), QKeySequence::Save},
-             &StudioMenus::saveRequested);
+             &StudioWindow::save);
     addEntry(menu,
              {"StudioSaveAs", tr("Save &As..."), tr("Saves the scene to another file."),
               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
-             &StudioMenus::saveAsRequested);
+             &StudioWindow::saveWithDialog);
     m_revert = addEntry(menu,
                         {"StudioRevert", tr("Re&vert"),
                          tr("Opens the file again and discards all unsaved changes.")},
-                        &StudioMenus::revertRequested);
+                        &StudioWindow::revert);
     m_revert->setEnabled(false);
     menu->addSeparator();
     addEntry(menu,
              {"StudioImportMotion", tr("&Import Motion..."),
               tr("Adds the figure of a motion file to the scene.")},
-             &StudioMenus::importRequested);
+             &StudioWindow::importMotion);
     addEntry(menu,
              {"StudioExportMotion", tr("&Export Motion..."),
               tr("Saves the motion of a figure to a file.")},
-             &StudioMenus::exportRequested);
+             &StudioWindow::exportMotion);
     addEntry(menu,
              {"StudioImportReport", tr("Import Repor&t..."),
               tr("Shows what was found in the motion file that was read last.")},
-             &StudioMenus::importReportRequested);
+             &StudioWindow::showImportReport);
     menu->addSeparator();
     addEntry(menu,
              {"StudioImportMarkers", tr("Import Mar&kers..."),
               tr("Adds the markers of a CSV file to the scene.")},
-             &StudioMenus::importMarkersRequested);
+             &StudioWindow::importMarkers);
     addEntry(menu,
              {"StudioExportMarkers", tr("E&xport Markers..."),
               tr("Saves the markers of the scene to a CSV file.")},
-             &StudioMenus::exportMarkersRequested);
+             &StudioWindow::exportMarkers);
     menu->addSeparator();
     menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
     QAction *quit = addEntry(
         menu, {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence("Ctrl+Q")},
-        &StudioMenus::quitRequested);
+        &QWidget::close);
     quit->setMenuRole(QAction::QuitRole);
 }
 
 void StudioMenus::addRecentFiles(RecentFiles *files)
 {
     auto *recent = new RecentFilesMenu(tr("Open &Recent"), files, m_fileMenu);
-    connect(recent, &RecentFilesMenu::openRequested, this, &StudioMenus::recentFileRequested);
+    connect(recent, &RecentFilesMenu::openRequested, m_window, &StudioWindow::openAfterAsking);
     insertIntoFileMenu(QStringLiteral("BelowOpenSeparator"), recent);
 }
 
@@ -143,7 +144,7 @@ void StudioMenus::addRecovery(AutoSave *autoSave)
     auto *recover = new QAction(this);
     adopt(recover, {"StudioRecover", tr("&Recover Documents..."),
                     tr("Shows recovery copies of unsaved documents from earlier sessions.")});
-    connect(recover, &QAction::triggered, this, &StudioMenus::recoverRequested);
+    connect(recover, &QAction::triggered, m_window->recovery(), &RecoveryController::offerOnDemand);
     auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, recover, m_fileMenu);
     insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
 }
@@ -319,8 +320,7 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
     VxStyle *style = vxApp->getStyle();
     auto *group = new QActionGroup(this);
     const auto add = [&](const Entry &entry, VxStyle::ColorScheme scheme) {
-        QAction *action =
-            addEntry(menu, entry, [this, scheme] { Q_EMIT paletteRequested(scheme); });
+        QAction *action = addEntry(menu, entry, [style, scheme] { style->setColorScheme(scheme); });
         action->setCheckable(true);
         group->addAction(action);
         const auto show = [action, style, scheme] {
@@ -364,12 +364,12 @@ void StudioMenus::buildHelpMenu()
     addEntry(m_helpMenu,
              {"StudioKeyOverview", tr("&Keyboard and Mouse"),
               tr("Shows help for the keyboard and the mouse."), QKeySequence(Qt::Key_F1)},
-             &StudioMenus::keyOverviewRequested);
+             &StudioWindow::showKeyOverview);
     m_helpMenu->addSeparator();
     addEntry(m_helpMenu,
              {"StudioAbout", tr("&About %1").arg(VxApp::getAppName()),
               tr("Shows version information for the program and its plug-ins.")},
-             &StudioMenus::aboutRequested);
+             &StudioWindow::showAbout);
 }
 
 void StudioMenus::addHistory(VxUndoStack *undoStack)
@@ -394,12 +394,12 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
         addEntry(m_editMenu,
                  {"StudioPreferences", tr("&Preferences..."),
                   tr("Shows and changes the preferences."), QKeySequence("Ctrl+,")},
-                 &StudioMenus::preferencesRequested);
+                 [this] { Q_EMIT m_window->preferencesRequested(QString()); });
     preferences->setMenuRole(QAction::PreferencesRole);
     addEntry(m_editMenu,
              {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
               tr("Shows and changes the shortcuts of all commands.")},
-             &StudioMenus::shortcutsRequested);
+             &StudioWindow::requestShortcuts);
 }
 
 void StudioMenus::addActionsAndPanes(const PaneDocks &docks)

@@ -38,28 +38,6 @@ public:
     /// Adds the actions of the action manager and the docks. Call it once, when all of them exist.
     void addActionsAndPanes(const PaneDocks &docks);
 
-Q_SIGNALS:
-    void newRequested();
-    void openRequested();
-    void openSampleRequested();
-    void recentFileRequested(const QString &fileName);
-    void revertRequested();
-    void saveRequested();
-    void saveAsRequested();
-    void importRequested();
-    void exportRequested();
-    void importReportRequested();
-    void importMarkersRequested();
-    void exportMarkersRequested();
-    void recoverRequested();
-    void quitRequested();
-    void defaultLayoutRequested();
-    void preferencesRequested();
-    void shortcutsRequested();
-    void paletteRequested(VxStyle::ColorScheme scheme);
-    void keyOverviewRequested();
-    void aboutRequested();
-
 private:
     /// The texts of an entry in a menu and in a list of shortcuts.
     struct Entry
@@ -69,6 +47,7 @@ private:
         QString help; ///< a sentence for the status line
         QKeySequence shortcut = {};
     };
+    /// slot: of the window, or a function.
     template <typename Slot> QAction *addEntry(QMenu *menu, const Entry &entry, Slot slot);
     void adopt(QAction *action, const Entry &entry);
 

@@ -90,7 +90,6 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     new HistoryStatus(vxApp->getUndoStack(), messages, this);
     m_recovery->setMayReplace([this] { return mayDiscard(); });
     m_document->setSaveAs([this] { return saveWithDialog(); });
-    connectMenus();
     connect(m_document, &DocumentController::documentChanged, this,
             &StudioWindow::handleDocumentChanged);
     connect(vxApp->getUndoStack(), &VxUndoStack::cleanChanged, this, &StudioWindow::updateTitle);
@@ -101,39 +100,6 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     connect(m_viewport, &ViewportWidget::message, this,
             [this](const QString &text) { m_messages->showStatus(text); });
     updateTitle();
-}
-
-StudioWindow::~StudioWindow() = default;
-
-void StudioWindow::connectMenus()
-{
-    connect(m_menus, &StudioMenus::newRequested, this, &StudioWindow::newDocument);
-    connect(m_menus, &StudioMenus::openRequested, this, &StudioWindow::openWithDialog);
-    connect(m_menus, &StudioMenus::openSampleRequested, this, &StudioWindow::openSample);
-    connect(m_menus, &StudioMenus::recentFileRequested, this, &StudioWindow::openAfterAsking);
-    connect(m_menus, &StudioMenus::revertRequested, this, &StudioWindow::revert);
-    connect(m_menus, &StudioMenus::saveRequested, this, &StudioWindow::save);
-    connect(m_menus, &StudioMenus::saveAsRequested, this, &StudioWindow::saveWithDialog);
-    connect(m_menus, &StudioMenus::importRequested, this, &StudioWindow::importMotion);
-    connect(m_menus, &StudioMenus::exportRequested, this, &StudioWindow::exportMotion);
-    connect(m_menus, &StudioMenus::importReportRequested, m_motion, &MotionCommands::showReport);
-    connect(m_menus, &StudioMenus::recoverRequested, m_recovery,
-            &RecoveryController::offerOnDemand);
-    connect(m_menus, &StudioMenus::importMarkersRequested, this, &StudioWindow::importMarkers);
-    connect(m_menus, &StudioMenus::exportMarkersRequested, this, &StudioWindow::exportMarkers);
-    connect(m_menus, &StudioMenus::quitRequested, this, &QWidget::close);
-    connect(m_menus, &StudioMenus::defaultLayoutRequested, this, [this] {
-        applyDefaultLayout();
-        m_messages->showStatus(tr("The default pane layout has been restored."));
-    });
-    connect(m_menus, &StudioMenus::preferencesRequested, this,
-            [this] { Q_EMIT preferencesRequested(QString()); });
-    connect(m_menus, &StudioMenus::shortcutsRequested, this, &StudioWindow::requestShortcuts);
-    connect(m_menus, &StudioMenus::paletteRequested, this,
-            [](VxStyle::ColorScheme scheme) { vxApp->getStyle()->setColorScheme(scheme); });
-    connect(m_menus, &StudioMenus::keyOverviewRequested, this, &StudioWindow::showKeyOverview);
-    connect(m_menus, &StudioMenus::aboutRequested, this,
-            [this] { showAboutBox(this, *vxApp->getPluginMgr()); });
 }
 
 void StudioWindow::completeMenus()
@@ -196,6 +162,12 @@ void StudioWindow::saveLayout(VxSettings *settings) const
 void StudioWindow::applyDefaultLayout()
 {
     m_docks->applyDefaultLayout();
+}
+
+void StudioWindow::restoreDefaultLayout()
+{
+    applyDefaultLayout();
+    m_messages->showStatus(tr("The default pane layout has been restored."));
 }
 
 void StudioWindow::openWithDialog()
@@ -317,6 +289,16 @@ void StudioWindow::applyShortcuts(const ShortcutList &list)
 void StudioWindow::requestShortcuts()
 {
     Q_EMIT preferencesRequested(QStringLiteral("KeysPage"));
+}
+
+void StudioWindow::showImportReport()
+{
+    m_motion->showReport();
+}
+
+void StudioWindow::showAbout()
+{
+    showAboutBox(this, *vxApp->getPluginMgr());
 }
 
 void StudioWindow::showKeyOverview()

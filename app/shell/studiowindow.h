@@ -25,7 +25,6 @@ public:
     /// The application object must exist. messages is borrowed and must outlive the window.
     /// recoveryFolder: see RecoveryController.
     explicit StudioWindow(UserMessages *messages, const QString &recoveryFolder = QString());
-    ~StudioWindow() override;
 
     /// The shortcuts of all commands, for an editor, and their changes there.
     ShortcutList shortcuts() const;
@@ -71,8 +70,15 @@ public Q_SLOTS:
     /// Asks for a CSV file and adds its markers to the scene, or writes the scene's markers to it.
     void importMarkers();
     void exportMarkers();
+    /// Shows what was found in the motion file that was read last.
+    void showImportReport();
+    /// applyDefaultLayout(), with a message.
+    void restoreDefaultLayout();
+    /// Requests the preferences' page of shortcuts.
+    void requestShortcuts();
     /// Shows the page about keys and mouse, not modal.
     void showKeyOverview();
+    void showAbout();
 
 Q_SIGNALS:
     /// page: its object name; empty for the first one.
@@ -87,9 +93,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void requestShortcuts();
     bool hasSizesOfAnother() const;
-    void connectMenus();
     bool mayDiscard();
     void takeDroppedFile(const QString &fileName);
     void handleDocumentChanged();

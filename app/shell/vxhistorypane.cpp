@@ -84,8 +84,6 @@ VxHistoryPane::VxHistoryPane()
     layout->addWidget(m_view);
 }
 
-VxHistoryPane::~VxHistoryPane() = default;
-
 void VxHistoryPane::restoreState(const QModelIndex &state)
 {
     if (m_isShowing || !state.isValid())

@@ -13,7 +13,6 @@ class VxHistoryPane : public VxPane
     Q_OBJECT
 public:
     VxHistoryPane();
-    ~VxHistoryPane() override;
 
     /// Both never null; owned by the pane.
     QListView *getListView() const { return m_view; }
