@@ -18,5 +18,3 @@ VxMarkersPane::VxMarkersPane()
     setFixedHeight(m_strip->sizeHint().height());
     setFocusProxy(m_strip);
 }
-
-VxMarkersPane::~VxMarkersPane() = default;

@@ -12,7 +12,6 @@ class VxMarkersPane : public VxPane
     Q_OBJECT
 public:
     VxMarkersPane();
-    ~VxMarkersPane() override;
 
     /// Never null; owned by the pane.
     MarkerStrip *getStrip() const { return m_strip; }

@@ -29,8 +29,6 @@ PoseTools::PoseTools(VxScene *scene, ViewportWidget *viewport)
     connect(viewport, &ViewportWidget::toolChanged, this, &PoseTools::activeToolChanged);
 }
 
-PoseTools::~PoseTools() = default;
-
 PoseTools *PoseTools::current()
 {
     const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;

@@ -20,7 +20,6 @@ public:
     /// Both are borrowed; the viewport must outlive the object. Adds the mark of Auto Key to the
     /// viewport's layers.
     PoseTools(VxScene *scene, ViewportWidget *viewport);
-    ~PoseTools() override;
 
     /// Those of the program's window; null without one.
     static PoseTools *current();

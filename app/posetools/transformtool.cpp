@@ -43,8 +43,6 @@ TransformTool::TransformTool(PoseTools::Tool tool, VxScene *scene, PoseToolSetti
     connect(settings, &PoseToolSettings::changed, this, &ViewportTool::changed);
 }
 
-TransformTool::~TransformTool() = default;
-
 std::optional<GizmoTarget> TransformTool::target() const
 {
     const QVector<VxNode *> selected = m_scene->getSelectedNodes();

@@ -34,8 +34,6 @@ class TransformTool : public ViewportTool
 {
     Q_OBJECT
 public:
-    ~TransformTool() override;
-
     bool press(const ViewportPointer &at) override;
     void drag(const ViewportPointer &at) override;
     void release(const ViewportPointer &at) override;

@@ -52,8 +52,6 @@ VxScenePane::VxScenePane()
     layout->addWidget(m_view);
 }
 
-VxScenePane::~VxScenePane() = default;
-
 void VxScenePane::buildSearch()
 {
     m_search->setObjectName(QStringLiteral("SceneSearchField"));

@@ -15,7 +15,6 @@ class VxScenePane : public VxPane
     Q_OBJECT
 public:
     VxScenePane();
-    ~VxScenePane() override;
 
     /// All never null; owned by the pane.
     SceneTreeView *getTreeView() const { return m_view; }

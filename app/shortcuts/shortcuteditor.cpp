@@ -77,8 +77,6 @@ ShortcutEditor::ShortcutEditor(const ShortcutList &list, QWidget *parent)
     showCurrent();
 }
 
-ShortcutEditor::~ShortcutEditor() = default;
-
 const ShortcutList &ShortcutEditor::list() const
 {
     return m_model->list();

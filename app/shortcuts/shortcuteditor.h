@@ -22,7 +22,6 @@ class ShortcutEditor : public QWidget
     Q_OBJECT
 public:
     explicit ShortcutEditor(const ShortcutList &list, QWidget *parent = nullptr);
-    ~ShortcutEditor() override;
 
     const ShortcutList &list() const;
     /// The present shortcuts were applied: changes count from here.
