@@ -27,11 +27,6 @@ ConsoleRunner::ConsoleRunner(VxScriptEngine *engine, QObject *parent)
     connect(vxApp, &VxApp::closing, this, &ConsoleRunner::stop);
 }
 
-bool ConsoleRunner::isRunning() const
-{
-    return m_isRunning;
-}
-
 bool ConsoleRunner::run(const QString &program)
 {
     if (m_isRunning || m_engine->isRunning())

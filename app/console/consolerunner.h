@@ -17,7 +17,7 @@ public:
     /// The engine is borrowed and must outlive the runner.
     explicit ConsoleRunner(VxScriptEngine *engine, QObject *parent = nullptr);
 
-    bool isRunning() const;
+    bool isRunning() const { return m_isRunning; }
     /// Returns when the program has ended; false when another one is running.
     bool run(const QString &program);
     /// Ends the running program at its next statement.

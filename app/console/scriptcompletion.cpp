@@ -80,12 +80,10 @@ QStringList scriptCompletions(const VxScriptEngine &engine, const ScriptWord &wo
         for (const char *keyword : Keywords)
             names.append(QLatin1String(keyword));
     }
-    const auto fits = [&word](const QString &name) {
-        return name.startsWith(word.prefix, Qt::CaseInsensitive);
+    const auto misfits = [&word](const QString &name) {
+        return !name.startsWith(word.prefix, Qt::CaseInsensitive);
     };
-    names.erase(std::remove_if(names.begin(), names.end(),
-                               [&fits](const QString &name) { return !fits(name); }),
-                names.end());
+    names.erase(std::remove_if(names.begin(), names.end(), misfits), names.end());
     std::sort(names.begin(), names.end(), [](const QString &a, const QString &b) {
         const int order = a.compare(b, Qt::CaseInsensitive);
         return order != 0 ? order < 0 : a < b;

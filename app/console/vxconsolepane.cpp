@@ -54,8 +54,6 @@ VxConsolePane::VxConsolePane()
     showRunning(false);
 }
 
-VxConsolePane::~VxConsolePane() = default;
-
 /// The system's font of fixed width, in the size of all other texts.
 void VxConsolePane::applyFont()
 {

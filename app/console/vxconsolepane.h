@@ -16,7 +16,6 @@ class VxConsolePane : public VxPane
     Q_OBJECT
 public:
     VxConsolePane();
-    ~VxConsolePane() override;
 
     /// All never null; owned by the pane.
     ConsoleInput *getInput() const { return m_input; }

@@ -90,12 +90,10 @@ bool JournalReplay::run(const VxJournalContents &contents)
     int first = contents.kept;
     while (first > 0 && revert(contents.records.at(first - 1).bytes))
         --first;
-    bool isWhole = true;
     int next = first;
     while (next < contents.records.size() && apply(contents.records.at(next)))
         ++next;
-    isWhole = next >= contents.kept;
     m_entries.assign(m_all.begin(), m_all.begin() + m_history->index());
     m_history->takeUnrecordedChange();
-    return isWhole;
+    return next >= contents.kept;
 }

@@ -33,11 +33,6 @@ RecoveryController::~RecoveryController()
     delete m_dialog;
 }
 
-void RecoveryController::setMayReplace(const MayReplace &mayReplace)
-{
-    m_mayReplace = mayReplace;
-}
-
 RecoveryDialog *RecoveryController::dialog() const
 {
     return m_dialog;

@@ -28,7 +28,7 @@ public:
 
     AutoSave *autoSave() { return &m_autoSave; }
     RecoveryJournal *journal() { return &m_journal; }
-    void setMayReplace(const MayReplace &mayReplace);
+    void setMayReplace(const MayReplace &mayReplace) { m_mayReplace = mayReplace; }
 
     /// Asks about leftover copies; returns at once, with the dialog open. False, without a dialog,
     /// when there are none.

@@ -7,12 +7,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QUuid>
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <map>
 #include <vxcore/vxsettings.h>
 
 Q_LOGGING_CATEGORY(recoveryLog, "vx.recovery", QtWarningMsg)
@@ -23,8 +21,6 @@ constexpr char ScenePrefix[] = "copy-";
 constexpr char BrokenPrefix[] = "broken-";
 const QLatin1String FileKey("File");
 const QLatin1String TitleKey("Title");
-
-using Lock = std::unique_ptr<QLockFile>;
 
 /// True for a lock file without a process: one whose process died before it was written, or one
 /// with this process's id, from before the machine or its container restarted.
@@ -60,38 +56,7 @@ bool makePrivateFolder(const QString &folder)
 
 } // namespace
 
-class RecoveryStore::Private
-{
-public:
-    QString path(const QString &id, const char *suffix) const
-    {
-        return QDir(folder).filePath(QLatin1String(ScenePrefix) + id + QLatin1String(suffix));
-    }
-    QString scene(const QString &id) const { return path(id, ".vxscene"); }
-    QString record(const QString &id) const { return path(id, ".ini"); }
-    QString journal(const QString &id) const { return path(id, ".journal"); }
-    Lock makeLock(const QString &id) const;
-    Lock tryLock(const QString &id) const;
-
-    bool begin(VxFileError *error);
-    bool serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error);
-    bool writeRecord(const QString &documentFile, const QString &title, VxFileError *error);
-    QStringList ids() const;
-    RecoveryCopy read(const QString &id) const;
-    void remove(const QString &id) const;
-
-    QString folder;
-    QString ownId;
-    Lock ownLock;
-    QString recordedFile;
-    QString recordedTitle;
-    RecoveryWriter writer;
-    bool hasBegun = false;
-    int lastSize = 0; // bytes
-    std::map<QString, Lock> claims;
-};
-
-Lock RecoveryStore::Private::makeLock(const QString &id) const
+RecoveryStore::Lock RecoveryStore::makeLock(const QString &id) const
 {
     Lock lock = std::make_unique<QLockFile>(path(id, ".lock"));
     lock->setStaleLockTime(0); // a program may run for days
@@ -99,7 +64,7 @@ Lock RecoveryStore::Private::makeLock(const QString &id) const
 }
 
 /** Null when another program has it. */
-Lock RecoveryStore::Private::tryLock(const QString &id) const
+RecoveryStore::Lock RecoveryStore::tryLock(const QString &id) const
 {
     Lock lock = makeLock(id);
     if (lock->tryLock(0))
@@ -115,72 +80,69 @@ Lock RecoveryStore::Private::tryLock(const QString &id) const
     return nullptr;
 }
 
-bool RecoveryStore::Private::begin(VxFileError *error)
+bool RecoveryStore::begin(VxFileError *error)
 {
-    if (ownLock)
+    if (m_ownLock)
         return true;
     const QString id = QUuid::createUuid().toString(QUuid::Id128);
     Lock lock = makeLock(id);
-    if (!makePrivateFolder(folder) || !lock->tryLock(0)) {
-        *error = VxFileError();
-        error->file = folder;
-        error->message = StudioText::tr("Cannot write to the folder.");
-        return false;
-    }
-    ownId = id;
-    ownLock = std::move(lock);
-    recordedFile = recordedTitle = QString();
+    if (!makePrivateFolder(m_folder) || !lock->tryLock(0))
+        return vxFail(error, StudioText::tr("Cannot write to the folder."), m_folder);
+    m_ownId = id;
+    m_ownLock = std::move(lock);
+    m_recordedFile = m_recordedTitle = QString();
     return true;
 }
 
-bool RecoveryStore::Private::writeRecord(const QString &documentFile, const QString &title,
-                                         VxFileError *error)
+bool RecoveryStore::writeRecord(const QString &documentFile, const QString &title,
+                                VxFileError *error)
 {
-    if (!recordedTitle.isNull() && documentFile == recordedFile && title == recordedTitle)
+    if (!m_recordedTitle.isNull() && documentFile == m_recordedFile && title == m_recordedTitle)
         return true;
     VxSettings record;
     record.setStringValue(FileKey, documentFile);
     record.setStringValue(TitleKey, title);
     *error = VxFileError();
-    if (!record.save(this->record(ownId), &error->message))
+    if (!record.save(recordFile(m_ownId), &error->message))
         return false;
-    recordedFile = documentFile;
-    recordedTitle = title;
+    m_recordedFile = documentFile;
+    m_recordedTitle = title;
     return true;
 }
 
-bool RecoveryStore::Private::serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error)
+bool RecoveryStore::serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error)
 {
     *error = VxFileError();
-    bytes->reserve(lastSize + lastSize / 8);
+    bytes->reserve(m_size + m_size / 8);
     QBuffer buffer(bytes);
     buffer.open(QIODevice::WriteOnly);
     const bool done = VxSceneWriter(&scene).write(&buffer, error);
-    lastSize = bytes->size();
+    m_size = bytes->size();
     return done;
 }
 
 /** The ids of all files, complete or not. */
-QStringList RecoveryStore::Private::ids() const
+QStringList RecoveryStore::ids() const
 {
     QStringList list;
     const QStringList pattern{QLatin1String(ScenePrefix) + QLatin1Char('*')};
-    const auto files = QDir(folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
+    const auto files = QDir(m_folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
     for (const QFileInfo &file : files)
         list.append(file.baseName().mid(int(sizeof(ScenePrefix)) - 1));
     list.removeDuplicates();
     return list;
 }
 
-RecoveryCopy RecoveryStore::Private::read(const QString &id) const
+RecoveryCopy RecoveryStore::read(const QString &id) const
 {
     RecoveryCopy copy;
     copy.id = id;
-    copy.sceneFile = QFileInfo(scene(id)).absoluteFilePath();
-    copy.time = qMax(QFileInfo(scene(id)).lastModified(), QFileInfo(journal(id)).lastModified());
+    copy.sceneFile = QFileInfo(sceneFile(id)).absoluteFilePath();
+    copy.time =
+        qMax(QFileInfo(sceneFile(id)).lastModified(), QFileInfo(journalFile(id)).lastModified());
     VxSettings record;
     // A missing record is that of a document that was never saved.
-    record.load(this->record(id));
+    record.load(recordFile(id));
     copy.documentFile = record.getStringValue(FileKey);
     copy.title = record.getStringValue(TitleKey, StudioText::tr("Untitled"));
     return copy;
@@ -188,11 +150,11 @@ RecoveryCopy RecoveryStore::Private::read(const QString &id) const
 
 /** The scene first: a later run removes the rest of a copy without it. Everything but the lock,
  *  including a partial scene whose writer was interrupted. */
-void RecoveryStore::Private::remove(const QString &id) const
+void RecoveryStore::remove(const QString &id) const
 {
-    QFile::remove(scene(id));
+    QFile::remove(sceneFile(id));
     const QStringList pattern{QLatin1String(ScenePrefix) + id + QStringLiteral(".*")};
-    const auto files = QDir(folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
+    const auto files = QDir(m_folder).entryInfoList(pattern, QDir::Files | QDir::Hidden);
     for (const QFileInfo &file : files) {
         if (file.suffix() != QLatin1String("lock"))
             QFile::remove(file.filePath());
@@ -200,52 +162,36 @@ void RecoveryStore::Private::remove(const QString &id) const
 }
 
 RecoveryStore::RecoveryStore(const QString &folder)
-    : d(std::make_unique<Private>())
+    : m_folder(folder)
 {
-    d->folder = folder;
 }
 
 RecoveryStore::~RecoveryStore()
 {
-    d->writer.finish();
-}
-
-bool RecoveryStore::isEnabled() const
-{
-    return !d->folder.isEmpty();
-}
-
-QString RecoveryStore::folder() const
-{
-    return d->folder;
+    m_writer.finish();
 }
 
 bool RecoveryStore::beginWrite(const VxScene &scene, const QString &documentFile,
                                const QString &title, VxFileError *error,
                                const RecoveryHistory *history)
 {
-    d->writer.finish();
+    m_writer.finish();
     QByteArray bytes;
-    if (!isEnabled() || !d->begin(error) || !d->writeRecord(documentFile, title, error) ||
-        !d->serialize(scene, &bytes, error))
+    if (!isEnabled() || !begin(error) || !writeRecord(documentFile, title, error) ||
+        !serialize(scene, &bytes, error))
         return false;
-    d->writer.start(d->scene(d->ownId), bytes, history ? d->journal(d->ownId) : QString(),
-                    history ? *history : RecoveryHistory());
-    d->hasBegun = true;
+    m_writer.start(sceneFile(m_ownId), bytes, history ? journalFile(m_ownId) : QString(),
+                   history ? *history : RecoveryHistory());
+    m_hasBegun = true;
     return true;
-}
-
-bool RecoveryStore::isWriting() const
-{
-    return d->writer.isWriting();
 }
 
 bool RecoveryStore::endWrite(VxFileError *error)
 {
     *error = VxFileError();
-    error->file = d->ownId.isEmpty() ? d->folder : d->scene(d->ownId);
+    error->file = m_ownId.isEmpty() ? m_folder : sceneFile(m_ownId);
     error->message =
-        d->hasBegun ? d->writer.finish() : StudioText::tr("No recovery copy has been started.");
+        m_hasBegun ? m_writer.finish() : StudioText::tr("No recovery copy has been started.");
     return error->message.isEmpty();
 }
 
@@ -255,31 +201,26 @@ bool RecoveryStore::write(const VxScene &scene, const QString &documentFile, con
     return beginWrite(scene, documentFile, title, error) && endWrite(error);
 }
 
-RecoveryWriter &RecoveryStore::writer()
+QString RecoveryStore::path(const QString &id, const char *suffix) const
 {
-    return d->writer;
-}
-
-int RecoveryStore::size() const
-{
-    return d->lastSize;
+    return QDir(m_folder).filePath(QLatin1String(ScenePrefix) + id + QLatin1String(suffix));
 }
 
 bool RecoveryStore::hasOwn() const
 {
-    return d->ownLock && QFile::exists(d->scene(d->ownId));
+    return m_ownLock && QFile::exists(sceneFile(m_ownId));
 }
 
 void RecoveryStore::removeOwn()
 {
-    d->writer.finish();
-    d->writer.close();
-    d->hasBegun = false;
-    if (!d->ownLock)
+    m_writer.finish();
+    m_writer.close();
+    m_hasBegun = false;
+    if (!m_ownLock)
         return;
-    d->remove(d->ownId);
-    d->ownLock.reset();
-    d->ownId.clear();
+    remove(m_ownId);
+    m_ownLock.reset();
+    m_ownId.clear();
 }
 
 QVector<RecoveryCopy> RecoveryStore::claim()
@@ -287,14 +228,14 @@ QVector<RecoveryCopy> RecoveryStore::claim()
     QVector<RecoveryCopy> copies;
     if (!isEnabled())
         return copies;
-    for (const QString &id : d->ids()) {
-        if (id == d->ownId)
+    for (const QString &id : ids()) {
+        if (id == m_ownId)
             continue;
-        Lock &lock = d->claims[id];
+        Lock &lock = m_claims[id];
         if (!lock)
-            lock = d->tryLock(id);
-        if (lock && QFile::exists(d->scene(id)))
-            copies.append(d->read(id));
+            lock = tryLock(id);
+        if (lock && QFile::exists(sceneFile(id)))
+            copies.append(read(id));
         else if (lock)
             discard(id);
     }
@@ -303,19 +244,14 @@ QVector<RecoveryCopy> RecoveryStore::claim()
     return copies;
 }
 
-void RecoveryStore::release()
-{
-    d->claims.clear();
-}
-
 bool RecoveryStore::readJournal(const QString &id, VxJournalContents *contents) const
 {
     const auto bytesOf = [](const QString &name) {
         QFile file(name);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     };
-    const QByteArray digest = VxJournalFile::digestOf(bytesOf(d->scene(id)));
-    const QString journal = d->journal(id);
+    const QByteArray digest = VxJournalFile::digestOf(bytesOf(sceneFile(id)));
+    const QString journal = journalFile(id);
     // The program may have ended between the replacement of the scene and that of the journal.
     return VxJournalFile::read(bytesOf(journal), digest, contents) ||
            VxJournalFile::read(bytesOf(JournalFileWriter::newFileName(journal)), digest, contents);
@@ -323,36 +259,31 @@ bool RecoveryStore::readJournal(const QString &id, VxJournalContents *contents) 
 
 void RecoveryStore::adopt(const QString &id)
 {
-    const auto claim = d->claims.find(id);
-    if (claim == d->claims.end() || !claim->second)
+    if (!m_claims[id])
         return;
     removeOwn();
-    d->ownId = id;
-    d->ownLock = std::move(claim->second);
-    d->claims.erase(claim);
-    const RecoveryCopy copy = d->read(id);
-    d->recordedFile = copy.documentFile;
-    d->recordedTitle = copy.title;
+    m_ownId = id;
+    m_ownLock = std::move(m_claims[id]);
+    const RecoveryCopy copy = read(id);
+    m_recordedFile = copy.documentFile;
+    m_recordedTitle = copy.title;
 }
 
 void RecoveryStore::discard(const QString &id)
 {
-    const auto claim = d->claims.find(id);
-    if (claim == d->claims.end() || !claim->second)
+    Lock &lock = m_claims[id];
+    if (!lock)
         return;
-    d->remove(id);
-    d->claims.erase(claim);
+    remove(id);
+    lock.reset();
 }
 
 QString RecoveryStore::setAside(const QString &id)
 {
-    const auto claim = d->claims.find(id);
-    const QString former = d->scene(id);
-    if (claim == d->claims.end() || !claim->second)
-        return former;
+    const QString former = sceneFile(id);
     const QString name =
-        QDir(d->folder).filePath(QLatin1String(BrokenPrefix) + id + QStringLiteral(".vxscene"));
-    if (!QFile::rename(former, name))
+        QDir(m_folder).filePath(QLatin1String(BrokenPrefix) + id + QStringLiteral(".vxscene"));
+    if (!m_claims[id] || !QFile::rename(former, name))
         return former;
     discard(id);
     return name;

@@ -5,8 +5,10 @@
 #include "recovery/recoverywriter.h"
 
 #include <QDateTime>
+#include <QLockFile>
 #include <QLoggingCategory>
 #include <QVector>
+#include <map>
 #include <memory>
 
 class VxScene;
@@ -40,8 +42,8 @@ public:
     RecoveryStore(const RecoveryStore &) = delete;
     RecoveryStore &operator=(const RecoveryStore &) = delete;
 
-    bool isEnabled() const;
-    QString folder() const;
+    bool isEnabled() const { return !m_folder.isEmpty(); }
+    QString folder() const { return m_folder; }
 
     /// Starts replacing this program's copy of the document. The scene is serialised at once;
     /// another thread writes to the disk, without blocking. False with the reason in `error`, which
@@ -50,7 +52,7 @@ public:
     bool beginWrite(const VxScene &scene, const QString &documentFile, const QString &title,
                     VxFileError *error, const RecoveryHistory *history = nullptr);
     /// True from beginWrite() until the copy is on the disk or has failed.
-    bool isWriting() const;
+    bool isWriting() const { return m_writer.isWriting(); }
     /// Waits for the end of writing. False with the reason when it failed; the former copy is then
     /// unchanged. The answer stays the same until the next copy.
     bool endWrite(VxFileError *error);
@@ -58,9 +60,9 @@ public:
     bool write(const VxScene &scene, const QString &documentFile, const QString &title,
                VxFileError *error);
     /// Appends changes to the journal of this program's copy, and knows about them.
-    RecoveryWriter &writer();
+    RecoveryWriter &writer() { return m_writer; }
     /// The size of the latest copy, in bytes.
-    int size() const;
+    int size() const { return m_size; }
     /// True when this program has a copy of its document.
     bool hasOwn() const;
     void removeOwn();
@@ -68,7 +70,7 @@ public:
     /// The copies that no running program holds, the latest first; they are this program's until
     /// release(). Removes files that earlier programs have left without a scene.
     QVector<RecoveryCopy> claim();
-    void release();
+    void release() { m_claims.clear(); }
 
     /// Reads the journal of a claimed copy. False when it has none that fits the scene.
     bool readJournal(const QString &id, VxJournalContents *contents) const;
@@ -81,8 +83,31 @@ public:
     QString setAside(const QString &id);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    using Lock = std::unique_ptr<QLockFile>;
+
+    QString path(const QString &id, const char *suffix) const;
+    QString sceneFile(const QString &id) const { return path(id, ".vxscene"); }
+    QString recordFile(const QString &id) const { return path(id, ".ini"); }
+    QString journalFile(const QString &id) const { return path(id, ".journal"); }
+
+    Lock makeLock(const QString &id) const;
+    Lock tryLock(const QString &id) const;
+    bool begin(VxFileError *error);
+    bool serialize(const VxScene &scene, QByteArray *bytes, VxFileError *error);
+    bool writeRecord(const QString &documentFile, const QString &title, VxFileError *error);
+    QStringList ids() const;
+    RecoveryCopy read(const QString &id) const;
+    void remove(const QString &id) const;
+
+    QString m_folder;
+    QString m_ownId;
+    Lock m_ownLock;
+    QString m_recordedFile;
+    QString m_recordedTitle;
+    RecoveryWriter m_writer;
+    bool m_hasBegun = false;
+    int m_size = 0; // of the latest copy, in bytes
+    std::map<QString, Lock> m_claims;
 };
 
 #endif
