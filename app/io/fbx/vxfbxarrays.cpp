@@ -75,16 +75,9 @@ bool VxFbxArrays::floats(VxFbxRecords::Index record, std::vector<float> *out, bo
     return decode(record, out);
 }
 
-bool VxFbxArrays::doubles(VxFbxRecords::Index record, std::vector<double> *out)
-{
-    m_areBits = false;
-    return decode(record, out);
-}
-
 bool VxFbxArrays::fail(qint32 offset, const QString &message)
 {
-    m_error = m_records.errorAt(offset, message);
-    return false;
+    return m_records.fail(&m_error, offset, message);
 }
 
 bool VxFbxArrays::spend(qint64 bytes, const VxFbxValue &value)

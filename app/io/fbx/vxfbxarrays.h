@@ -24,8 +24,6 @@ public:
     /// The same for single-precision numbers, which may be NaN or infinite. Whole numbers of text
     /// arrays are bit patterns when `areBits`.
     bool floats(VxFbxRecords::Index record, std::vector<float> *out, bool areBits = false);
-    /// The same in double precision.
-    bool doubles(VxFbxRecords::Index record, std::vector<double> *out);
 
     const VxFileError &error() const { return m_error; }
 

@@ -29,8 +29,7 @@ VxFbxBinaryParser::VxFbxBinaryParser(const QByteArray &bytes, const VxFileProgre
 
 bool VxFbxBinaryParser::fail(qint64 offset, const QString &message)
 {
-    m_error = m_records.errorAt(static_cast<qint32>(std::min(offset, m_size)), message);
-    return false;
+    return m_records.fail(&m_error, static_cast<qint32>(std::min(offset, m_size)), message);
 }
 
 bool VxFbxBinaryParser::report()

@@ -25,8 +25,7 @@ VxFbxCurves::VxFbxCurves(const VxFbxRecords &records, qint64 version, double tic
 
 bool VxFbxCurves::fail(VxFbxRecords::Index record, const QString &message)
 {
-    m_error = m_records.errorAt(m_records.offset(record), message);
-    return false;
+    return m_records.failAt(&m_error, record, message);
 }
 
 bool VxFbxCurves::read(VxFbxRecords::Index record, VxFbxCurve *out)

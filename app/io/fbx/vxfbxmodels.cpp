@@ -72,13 +72,10 @@ bool ModelReader::read(std::vector<VxFbxModel> *models, VxFileError *error)
             return false;
     }
     for (int i = 1; i < count; ++i) {
-        if (isModel(i) && !m_isPlaced[std::size_t(i)]) {
-            *error =
-                m_records.errorAt(m_records.offset(m_objects.record(i)),
-                                  VxFileText::tr("The ancestors of the node \"%1\" form a cycle.")
-                                      .arg(m_objects.name(i)));
-            return false;
-        }
+        if (isModel(i) && !m_isPlaced[std::size_t(i)])
+            return m_records.failAt(error, m_objects.record(i),
+                                    VxFileText::tr("The ancestors of the node \"%1\" form a cycle.")
+                                        .arg(m_objects.name(i)));
     }
     markSkeletons();
     *models = std::move(m_models);
@@ -149,10 +146,8 @@ bool ModelReader::append(int object, int parent, VxFileError *error)
             VxFileText::tr("The hierarchy has more than %1 levels.").arg(VxMotionLimits::MaxDepth);
     else if (m_models.size() >= std::size_t(VxMotionLimits::MaxNodes))
         message = VxFileText::tr("The file has more than %1 nodes.").arg(VxMotionLimits::MaxNodes);
-    if (!message.isEmpty()) {
-        *error = m_records.errorAt(m_records.offset(m_objects.record(object)), message);
-        return false;
-    }
+    if (!message.isEmpty())
+        return m_records.failAt(error, m_objects.record(object), message);
     m_isPlaced[std::size_t(object)] = 1;
     m_models.push_back(modelOf(object, parent));
     m_depths.push_back(depth);

@@ -2,8 +2,6 @@
 
 #include "io/vxfiletext.h"
 
-#include <cmath>
-
 namespace {
 
 constexpr int firstPropertyValue = 4; // after name, type, label and flags
@@ -26,9 +24,7 @@ const VxFbxValue *vxFbxProperty(const VxFbxRecords &records, VxFbxRecords::Index
 double vxFbxNumber(const VxFbxRecords &records, VxFbxRecords::Index properties,
                    std::string_view name, double fallback)
 {
-    double number = 0.0;
-    const bool isNumber = records.number(vxFbxProperty(records, properties, name), &number);
-    return isNumber && std::isfinite(number) ? number : fallback;
+    return records.finite(vxFbxProperty(records, properties, name), fallback);
 }
 
 VxFbxObjects::VxFbxObjects(const VxFbxRecords &records)
@@ -41,11 +37,9 @@ VxFbxObjects::VxFbxObjects(const VxFbxRecords &records)
 bool VxFbxObjects::read(VxFileError *error)
 {
     const VxFbxRecords::Index section = m_records.find({"Objects"});
-    if (section == VxFbxRecords::None) {
-        *error = m_records.errorAt(m_records.bytes().size(),
-                                   VxFileText::tr("The section \"Objects\" is missing."));
-        return false;
-    }
+    if (section == VxFbxRecords::None)
+        return m_records.fail(error, m_records.bytes().size(),
+                              VxFileText::tr("The section \"Objects\" is missing."));
     readTemplates();
     readObjects(section);
     const std::vector<Connection> connections = readConnections();
@@ -174,9 +168,7 @@ const VxFbxValue *VxFbxObjects::property(int object, std::string_view name, int 
 
 double VxFbxObjects::number(int object, std::string_view name, double fallback) const
 {
-    double number = 0.0;
-    return m_records.number(property(object, name), &number) && std::isfinite(number) ? number
-                                                                                      : fallback;
+    return m_records.finite(property(object, name), fallback);
 }
 
 qint64 VxFbxObjects::integer(int object, std::string_view name, qint64 fallback) const
@@ -188,12 +180,9 @@ qint64 VxFbxObjects::integer(int object, std::string_view name, qint64 fallback)
 std::array<double, 3> VxFbxObjects::vector(int object, std::string_view name,
                                            const std::array<double, 3> &fallback) const
 {
-    std::array<double, 3> result = fallback;
-    for (int i = 0; i < 3; ++i) {
-        double number = 0.0;
-        if (m_records.number(property(object, name, i), &number) && std::isfinite(number))
-            result[static_cast<std::size_t>(i)] = number;
-    }
+    std::array<double, 3> result{};
+    for (std::size_t i = 0; i < 3; ++i)
+        result[i] = m_records.finite(property(object, name, static_cast<int>(i)), fallback[i]);
     return result;
 }
 

@@ -22,10 +22,9 @@ bool checkVersion(const VxFbxRecords &records, qint64 version, qint32 offset, Vx
 {
     if (version >= firstVersion && version <= lastVersion)
         return true;
-    *error = records.errorAt(
-        offset, VxFileText::tr("FBX version %1 is not supported. Supported: 7.0 to 7.9.")
-                    .arg(versionText(version)));
-    return false;
+    return records.fail(error, offset,
+                        VxFileText::tr("FBX version %1 is not supported. Supported: 7.0 to 7.9.")
+                            .arg(versionText(version)));
 }
 
 bool parseBinary(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRecords *records,
@@ -54,8 +53,7 @@ bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRec
         if (!checkVersion(parsed, *version, parsed.offset(record), error))
             return false;
     } else if (isParsed) {
-        *error = parsed.errorAt(0, VxFileText::tr("Not an FBX file: the version is missing."));
-        return false;
+        return parsed.fail(error, 0, VxFileText::tr("Not an FBX file: the version is missing."));
     }
     *error = parser.error();
     *records = parsed;
@@ -82,10 +80,8 @@ bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress, VxImport
     if (vxFbxConvertAxes(scene.settings().axes, &result))
         result.facts.notes.append(VxFileText::tr("The file's axes were converted to Y up."));
     QString message;
-    if (!result.isValid(&message)) {
-        *error = records.errorAt(0, message);
-        return false;
-    }
+    if (!result.isValid(&message))
+        return records.fail(error, 0, message);
     *motion = std::move(result);
     return !progress || progress(100) || (error->cancelled = true, false);
 }

@@ -129,81 +129,83 @@ QString VxFbxRecords::text(const VxFbxValue *value) const
     return m_isText ? withoutEntities(text) : text;
 }
 
-// One number in both forms; whole numbers keep all their 64 bits.
-bool VxFbxRecords::scalar(const VxFbxValue &value, qint64 *whole, double *real, bool *isWhole) const
+// Whole numbers keep all their 64 bits.
+std::optional<std::variant<qint64, double>> VxFbxRecords::scalar(const VxFbxValue *value) const
 {
-    const char *at = m_bytes.constData() + value.offset;
-    *isWhole = true;
-    switch (value.code) {
+    if (!value)
+        return std::nullopt;
+    const char *at = m_bytes.constData() + value->offset;
+    switch (value->code) {
     case 'C':
     case 'B':
     case 'Z':
-        *whole = static_cast<quint8>(*at);
-        break;
+        return qint64(static_cast<quint8>(*at));
     case 'Y':
-        *whole = qFromLittleEndian<qint16>(at);
-        break;
+        return qint64(qFromLittleEndian<qint16>(at));
     case 'I':
-        *whole = qFromLittleEndian<qint32>(at);
-        break;
+        return qint64(qFromLittleEndian<qint32>(at));
     case 'L':
-        *whole = qFromLittleEndian<qint64>(at);
-        break;
+        return qFromLittleEndian<qint64>(at);
     case 'F':
-        *isWhole = false;
-        *real = static_cast<double>(qFromLittleEndian<float>(at));
-        return true;
+        return static_cast<double>(qFromLittleEndian<float>(at));
     case 'D':
-        *isWhole = false;
-        *real = qFromLittleEndian<double>(at);
-        return true;
+        return qFromLittleEndian<double>(at);
     case VxFbxValue::Number: {
-        const std::from_chars_result result = std::from_chars(at, at + value.size, *whole);
-        if (result.ec == std::errc() && result.ptr == at + value.size)
-            break;
-        *isWhole = false;
-        return vxFbxTextNumber({at, static_cast<std::size_t>(value.size)}, real);
+        qint64 whole = 0;
+        double real = 0.0;
+        const std::from_chars_result result = std::from_chars(at, at + value->size, whole);
+        if (result.ec == std::errc() && result.ptr == at + value->size)
+            return whole;
+        if (vxFbxTextNumber({at, static_cast<std::size_t>(value->size)}, &real))
+            return real;
+        return std::nullopt;
     }
     default:
-        return false;
+        return std::nullopt;
     }
-    *real = static_cast<double>(*whole);
-    return true;
 }
 
 bool VxFbxRecords::number(const VxFbxValue *value, double *out) const
 {
-    qint64 whole = 0;
-    bool isWhole = false;
-    return value && scalar(*value, &whole, out, &isWhole);
+    const auto any = scalar(value);
+    if (any)
+        *out = std::visit([](auto number) { return static_cast<double>(number); }, *any);
+    return any.has_value();
+}
+
+double VxFbxRecords::finite(const VxFbxValue *value, double fallback) const
+{
+    double result = 0.0;
+    return number(value, &result) && std::isfinite(result) ? result : fallback;
 }
 
 bool VxFbxRecords::integer(const VxFbxValue *value, qint64 *out) const
 {
-    double real = 0.0;
-    bool isWhole = false;
-    if (!value || !scalar(*value, out, &real, &isWhole))
+    const auto any = scalar(value);
+    if (!any)
         return false;
-    if (isWhole)
+    if (const qint64 *whole = std::get_if<qint64>(&*any)) {
+        *out = *whole;
         return true;
+    }
+    const double real = std::get<double>(*any);
     if (!(std::abs(real) < 9.0e18) || std::floor(real) != real)
         return false;
     *out = static_cast<qint64>(real);
     return true;
 }
 
-VxFileError VxFbxRecords::errorAt(qint32 offset, const QString &message) const
+bool VxFbxRecords::fail(VxFileError *error, qint32 offset, const QString &message) const
 {
-    VxFileError error;
-    error.message = message;
+    vxFail(error, message);
     if (!m_isText) {
-        error.offset = offset;
-        return error;
+        error->offset = offset;
+        return false;
     }
     const char *end = m_bytes.constData() + m_bytes.size();
     const char *place = m_bytes.constData() + std::min(offset, m_bytes.size());
-    error.line = 1;
+    error->line = 1;
     for (const char *at = m_bytes.constData(); at < place; ++at)
-        error.line += *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
-    return error;
+        error->line += *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
+    return false;
 }

@@ -4,7 +4,9 @@
 #include "io/vxfileerror.h"
 
 #include <QByteArray>
+#include <optional>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 /// One value of a record: the position of its bytes. Values are decoded on demand, so that meshes
@@ -78,9 +80,17 @@ public:
     bool number(const VxFbxValue *value, double *out) const;
     /// A whole number; false also for a fraction or one beyond 64 bits.
     bool integer(const VxFbxValue *value, qint64 *out) const;
+    /// A finite number, else `fallback`.
+    double finite(const VxFbxValue *value, double fallback) const;
 
-    /// An error at a position of the file: byte offset of a binary file, line of a text file.
-    VxFileError errorAt(qint32 offset, const QString &message) const;
+    /// Sets an error at a position of the file: byte offset of a binary file, line of a text file.
+    /// Returns false.
+    bool fail(VxFileError *error, qint32 offset, const QString &message) const;
+    /// The same at the name of a record.
+    bool failAt(VxFileError *error, Index record, const QString &message) const
+    {
+        return fail(error, offset(record), message);
+    }
 
 private:
     struct Record
@@ -94,7 +104,7 @@ private:
         Index valueCount;
     };
 
-    bool scalar(const VxFbxValue &value, qint64 *whole, double *real, bool *isWhole) const;
+    std::optional<std::variant<qint64, double>> scalar(const VxFbxValue *value) const;
 
     QByteArray m_bytes;
     bool m_isText = false;

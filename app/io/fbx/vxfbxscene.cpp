@@ -35,25 +35,21 @@ bool VxFbxScene::read(const VxFileProgress &progress, VxImportedMotion *motion, 
     facts->metresPerUnit = m_settings.metresPerUnit;
     if (!m_objects.read(error) || !vxFbxReadModels(m_records, m_objects, &m_models, facts, error))
         return false;
-    if (m_models.empty()) {
-        *error = m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                                   VxFileText::tr("The file has no nodes."));
-        return false;
-    }
+    if (m_models.empty())
+        return m_records.failAt(error, m_records.find({"Objects"}),
+                                VxFileText::tr("The file has no nodes."));
     facts->notes += m_objects.notes();
     m_modelOf.assign(static_cast<std::size_t>(m_objects.count()), -1);
     for (std::size_t i = 0; i < m_models.size(); ++i)
         m_modelOf[std::size_t(m_models[i].object)] = static_cast<int>(i);
     m_modelOf[0] = -1;
     m_stacks = vxFbxReadStacks(m_records, m_objects, facts);
-    if (m_stacks.size() * m_models.size() > maxTracks) {
-        *error =
-            m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                              VxFileText::tr("%1 animations of %2 nodes are more than can be read.")
-                                  .arg(m_stacks.size())
-                                  .arg(m_models.size()));
-        return false;
-    }
+    if (m_stacks.size() * m_models.size() > maxTracks)
+        return m_records.failAt(
+            error, m_records.find({"Objects"}),
+            VxFileText::tr("%1 animations of %2 nodes are more than can be read.")
+                .arg(m_stacks.size())
+                .arg(m_models.size()));
     findMorphs();
     findProperties();
     if (!readTracks(progress, motion, error))
@@ -84,10 +80,8 @@ int VxFbxScene::modelOfMorph(int channel) const
 // A property in most files, a record of its own in others.
 double VxFbxScene::morphPercent(int channel) const
 {
-    double own = 0.0;
     const auto record = m_records.child(m_objects.record(channel), "DeformPercent");
-    if (!m_records.number(m_records.value(record, 0), &own) || !std::isfinite(own))
-        own = 0.0;
+    const double own = m_records.finite(m_records.value(record, 0), 0.0);
     return m_objects.number(channel, "DeformPercent", own);
 }
 
@@ -151,11 +145,9 @@ bool VxFbxScene::readTracks(const VxFileProgress &progress, VxImportedMotion *mo
         m_extrapolatedCount += blend.extrapolatedCount();
     }
     VxFbxFigure figure(m_models, &m_tracks);
-    if (!figure.addNodes(motion)) {
-        *error = m_records.errorAt(m_records.offset(m_records.find({"Objects"})),
-                                   VxFileText::tr("The file has too many nodes."));
-        return false;
-    }
+    if (!figure.addNodes(motion))
+        return m_records.failAt(error, m_records.find({"Objects"}),
+                                VxFileText::tr("The file has too many nodes."));
     addValues(figure, motion);
     for (std::size_t i = 0; i < m_stacks.size(); ++i)
         addClip(i, &figure, motion);

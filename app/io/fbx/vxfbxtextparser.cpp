@@ -42,8 +42,7 @@ VxFbxTextParser::VxFbxTextParser(const QByteArray &bytes, const VxFileProgress &
 
 bool VxFbxTextParser::fail(const char *place, const QString &message)
 {
-    m_error = m_records.errorAt(static_cast<qint32>(place - m_begin), message);
-    return false;
+    return m_records.fail(&m_error, static_cast<qint32>(place - m_begin), message);
 }
 
 bool VxFbxTextParser::report()
