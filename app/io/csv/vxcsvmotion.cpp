@@ -11,12 +11,7 @@ VxCsvMotion::VxCsvMotion(const VxCsvRows &rows)
 {
 }
 
-bool VxCsvMotion::fail(int column, const QString &message, VxFileError *error) const
-{
-    return m_rows.fail(column, message, error);
-}
-
-int VxCsvMotion::node(const QString &text, int column, VxFileError *error)
+int VxCsvMotion::node(const QString &text, int column)
 {
     const auto found = m_nodeOf.constFind(text);
     if (found != m_nodeOf.constEnd())
@@ -24,12 +19,10 @@ int VxCsvMotion::node(const QString &text, int column, VxFileError *error)
     VxMotionNode node;
     const int number = int(m_nodes.size());
     if (!unescape(text, &node.name))
-        fail(column, VxFileText::tr("A \"\\\" in a name must be followed by \"\\\" or a number."),
-             error);
+        fail(column, VxFileText::tr("A \"\\\" in a name must be followed by \"\\\" or a number."));
     else if (number >= VxMotionLimits::MaxNodes)
-        fail(column, VxFileText::tr("There are more than %1 nodes.").arg(VxMotionLimits::MaxNodes),
-             error);
-    if (error->isSet())
+        fail(column, VxFileText::tr("There are more than %1 nodes.").arg(VxMotionLimits::MaxNodes));
+    if (m_rows.hasFailed())
         return -1;
     m_nodeOf.insert(text, number);
     m_nodes.push_back(std::move(node));
@@ -37,7 +30,7 @@ int VxCsvMotion::node(const QString &text, int column, VxFileError *error)
     return number;
 }
 
-bool VxCsvMotion::setParent(int node, const QString &text, int column, VxFileError *error)
+bool VxCsvMotion::setParent(int node, const QString &text, int column)
 {
     if (text.isEmpty())
         return true;
@@ -46,37 +39,32 @@ bool VxCsvMotion::setParent(int node, const QString &text, int column, VxFileErr
     if (parent >= node)
         return fail(
             column,
-            VxFileText::tr("The parent \"%1\" does not occur before the node.").arg(text.left(40)),
-            error);
+            VxFileText::tr("The parent \"%1\" does not occur before the node.").arg(text.left(40)));
     if (data.parent >= 0 && data.parent != parent)
-        return fail(column, VxFileText::tr("The node has another parent already."), error);
+        return fail(column, VxFileText::tr("The node has another parent already."));
     data.parent = parent;
     return true;
 }
 
-bool VxCsvMotion::setKind(int node, const QString &text, int column, VxFileError *error)
+bool VxCsvMotion::setKind(int node, const QString &text, int column)
 {
     if (text.isEmpty())
         return true;
     VxMotionNode::Kind kind = VxMotionNode::Node;
     if (!kindOf(text, &kind))
-        return fail(column,
-                    VxFileText::tr("Unknown kind \"%1\". Supported: node, figure, bone.")
-                        .arg(text.left(40)),
-                    error);
+        return fail(column, VxFileText::tr("Unknown kind \"%1\". Supported: node, figure, bone.")
+                                .arg(text.left(40)));
     Declared &declared = m_declared[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (declared.hasKind && data.kind != kind)
-        return fail(column,
-                    VxFileText::tr("The kind of the node was %1 in an earlier row.")
-                        .arg(kindName(data.kind)),
-                    error);
+        return fail(column, VxFileText::tr("The kind of the node was %1 in an earlier row.")
+                                .arg(kindName(data.kind)));
     declared.hasKind = true;
     data.kind = kind;
     return true;
 }
 
-bool VxCsvMotion::setOrder(int node, const QString &text, int column, VxFileError *error)
+bool VxCsvMotion::setOrder(int node, const QString &text, int column)
 {
     if (text.isEmpty())
         return true;
@@ -84,21 +72,19 @@ bool VxCsvMotion::setOrder(int node, const QString &text, int column, VxFileErro
     if (!orderOf(text, &order))
         return fail(column,
                     VxFileText::tr("Unknown rotation order \"%1\". Expected one such as XYZ.")
-                        .arg(text.left(40)),
-                    error);
+                        .arg(text.left(40)));
     Declared &declared = m_declared[std::size_t(node)];
     VxMotionNode &data = m_nodes[std::size_t(node)];
     if (declared.hasOrder && data.order != order)
         return fail(column,
                     VxFileText::tr("The rotation order of the node was %1 in an earlier row.")
-                        .arg(orderName(data.order)),
-                    error);
+                        .arg(orderName(data.order)));
     declared.hasOrder = true;
     data.order = order;
     return true;
 }
 
-int VxCsvMotion::property(int node, const QString &text, int column, VxFileError *error)
+int VxCsvMotion::property(int node, const QString &text, int column)
 {
     const Property meaning = propertyOf(text);
     const bool isNamed = meaning.kind == Property::Morph || meaning.kind == Property::Further;
@@ -107,7 +93,7 @@ int VxCsvMotion::property(int node, const QString &text, int column, VxFileError
     if (found != m_propertyOf.constEnd())
         return *found;
     if (meaning.kind == Property::Invalid) {
-        fail(column, VxFileText::tr("Unknown property \"%1\".").arg(text.left(40)), error);
+        fail(column, VxFileText::tr("Unknown property \"%1\".").arg(text.left(40)));
         return -1;
     }
     Curve curve;
@@ -126,41 +112,36 @@ int VxCsvMotion::property(int node, const QString &text, int column, VxFileError
     return number;
 }
 
-bool VxCsvMotion::setValue(int property, double value, int column, VxFileError *error)
+bool VxCsvMotion::setValue(int property, double value, int column)
 {
     Curve &curve = m_curves[std::size_t(property)];
     if (curve.hasValue || !curve.keys.isEmpty())
-        return fail(column, VxFileText::tr("The property has a value or a key already."), error);
+        return fail(column, VxFileText::tr("The property has a value or a key already."));
     curve.hasValue = true;
     curve.value = value;
     return true;
 }
 
 bool VxCsvMotion::addKey(int property, double time, double value, const VxMotionShape &shape,
-                         int timeColumn, VxFileError *error)
+                         int timeColumn)
 {
     Curve &curve = m_curves[std::size_t(property)];
     if (curve.property.kind == Property::End || curve.property.kind == Property::Visible) {
         if (curve.hasValue && curve.value != value)
-            return fail(timeColumn,
-                        curve.property.kind == Property::End
-                            ? VxFileText::tr("The end of a bone cannot be animated.")
-                            : VxFileText::tr("The visibility cannot be animated."),
-                        error);
+            return fail(timeColumn, curve.property.kind == Property::End
+                                        ? VxFileText::tr("The end of a bone cannot be animated.")
+                                        : VxFileText::tr("The visibility cannot be animated."));
         curve.hasValue = true;
         curve.value = value;
         return true;
     }
     if (curve.hasValue)
-        return fail(timeColumn, VxFileText::tr("The property has a value without a time already."),
-                    error);
+        return fail(timeColumn, VxFileText::tr("The property has a value without a time already."));
     if (!curve.keys.isEmpty() && time <= curve.keys.times.back())
-        return fail(timeColumn, VxFileText::tr("The times of a property's keys must ascend."),
-                    error);
+        return fail(timeColumn, VxFileText::tr("The times of a property's keys must ascend."));
     if (++m_numKeys > VxMotionLimits::MaxKeys)
         return fail(timeColumn,
-                    VxFileText::tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys),
-                    error);
+                    VxFileText::tr("There are more than %1 keys.").arg(VxMotionLimits::MaxKeys));
     const bool isPlain = shape.segment == VxMotionSegment::Linear && shape.tcb == VxTcb();
     if (!isPlain && !curve.isShaped) {
         curve.isShaped = true;

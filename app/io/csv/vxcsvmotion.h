@@ -15,19 +15,19 @@ public:
     explicit VxCsvMotion(const VxCsvRows &rows);
 
     /// The node of a name, made when it is new; -1 with an error.
-    int node(const QString &text, int column, VxFileError *error);
+    int node(const QString &text, int column);
     /// An empty text leaves the node unchanged; one that contradicts an earlier one is an error.
-    bool setParent(int node, const QString &text, int column, VxFileError *error);
-    bool setKind(int node, const QString &text, int column, VxFileError *error);
-    bool setOrder(int node, const QString &text, int column, VxFileError *error);
+    bool setParent(int node, const QString &text, int column);
+    bool setKind(int node, const QString &text, int column);
+    bool setOrder(int node, const QString &text, int column);
 
     /// The number of a node's property among all of the file; -1 with an error.
-    int property(int node, const QString &text, int column, VxFileError *error);
+    int property(int node, const QString &text, int column);
     /// The value of a property without keys.
-    bool setValue(int property, double value, int column, VxFileError *error);
+    bool setValue(int property, double value, int column);
     /// Appends a key to the property. The end of a bone is a constant: all its keys must be equal.
-    bool addKey(int property, double time, double value, const VxMotionShape &shape, int timeColumn,
-                VxFileError *error);
+    bool addKey(int property, double time, double value, const VxMotionShape &shape,
+                int timeColumn);
 
     /// Converts properties whose keys all have the same value to constants.
     void dropConstantKeys();
@@ -51,7 +51,7 @@ private:
         bool hasOrder = false;
     };
 
-    bool fail(int column, const QString &message, VxFileError *error) const;
+    bool fail(int column, const QString &message) const { return m_rows.fail(column, message); }
     void setRest(const Curve &curve);
 
     const VxCsvRows &m_rows;

@@ -7,7 +7,6 @@ const char *const targetNames[] = {"x position", "y position", "z position", "x 
                                    "y scale",    "z scale"};
 const char *const endNames[] = {"x end", "y end", "z end"};
 const char *const kindNames[] = {"node", "figure", "bone"};
-const char *const orderNames[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
 
 /// The index of a text among names, whatever its case; -1 when it is none of them.
 template <std::size_t N> int indexOf(const char *const (&names)[N], const QString &text)
@@ -140,12 +139,12 @@ bool VxCsvNames::kindOf(const QString &text, VxMotionNode::Kind *kind)
 
 QString VxCsvNames::orderName(VxNode::RotationOrder order)
 {
-    return QLatin1String(orderNames[order]);
+    return QLatin1String(VxRotationOrderNames[order]);
 }
 
 bool VxCsvNames::orderOf(const QString &text, VxNode::RotationOrder *order)
 {
-    const int index = indexOf(orderNames, text);
+    const int index = indexOf(VxRotationOrderNames, text);
     *order = VxNode::RotationOrder(qMax(0, index));
     return index >= 0;
 }

@@ -57,21 +57,23 @@ QByteArray vxCsvCell(const QString &text)
     return '"' + bytes + '"';
 }
 
-VxCsvRows::VxCsvRows(const QByteArray &bytes)
+VxCsvRows::VxCsvRows(const QByteArray &bytes, VxFileError *error)
     : m_begin(bytes.constData())
     , m_at(m_begin)
     , m_end(m_begin + bytes.size())
+    , m_error(error)
 {
+    *error = VxFileError();
     if (bytes.startsWith("\xEF\xBB\xBF"))
         m_at += 3;
 }
 
-bool VxCsvRows::fail(int column, const QString &message, VxFileError *error) const
+bool VxCsvRows::fail(int column, const QString &message) const
 {
-    *error = VxFileError();
-    error->line = m_line;
-    error->column = column + 1;
-    error->message = message;
+    *m_error = VxFileError();
+    m_error->line = m_line;
+    m_error->column = column + 1;
+    m_error->message = message;
     return false;
 }
 
@@ -90,14 +92,13 @@ bool VxCsvRows::endsRow()
 }
 
 /** The position is after the opening quotation mark. */
-bool VxCsvRows::readQuoted(VxFileError *error)
+bool VxCsvRows::readQuoted()
 {
     const char *const start = m_at;
     bool hasDoubled = false;
     for (;; ++m_at) {
         if (m_at == m_end)
-            return fail(count(), VxFileText::tr("The quotation mark of this cell is not closed."),
-                        error);
+            return fail(count(), VxFileText::tr("The quotation mark of this cell is not closed."));
         if (*m_at != '"')
             continue;
         if (m_at + 1 == m_end || m_at[1] != '"')
@@ -111,7 +112,7 @@ bool VxCsvRows::readQuoted(VxFileError *error)
     while (m_at < m_end && isBlank(*m_at))
         ++m_at;
     if (m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r')
-        return fail(count(), VxFileText::tr("A comma is missing after the quotation mark."), error);
+        return fail(count(), VxFileText::tr("A comma is missing after the quotation mark."));
     if (hasDoubled) {
         std::string text;
         for (std::size_t i = 0; i < cell.size(); ++i) {
@@ -125,43 +126,42 @@ bool VxCsvRows::readQuoted(VxFileError *error)
     return true;
 }
 
-bool VxCsvRows::readCell(VxFileError *error)
+bool VxCsvRows::readCell()
 {
     while (m_at < m_end && isBlank(*m_at))
         ++m_at;
     if (m_at < m_end && *m_at == '"') {
         ++m_at;
-        if (!readQuoted(error))
+        if (!readQuoted())
             return false;
     } else {
         const char *const start = m_at;
         for (; m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r'; ++m_at) {
             if (*m_at == '"')
-                return fail(count(), VxFileText::tr("A quotation mark within an unquoted cell."),
-                            error);
+                return fail(count(), VxFileText::tr("A quotation mark within an unquoted cell."));
         }
         m_cells.push_back(trimmed({start, std::size_t(m_at - start)}));
     }
     const std::string_view cell = m_cells.back();
     const int column = count() - 1;
     if (cell.find('\0') != std::string_view::npos)
-        return fail(column, VxFileText::tr("The file is not text."), error);
+        return fail(column, VxFileText::tr("The file is not text."));
     if (!isUtf8(cell))
-        return fail(column, VxFileText::tr("The text is not UTF-8."), error);
+        return fail(column, VxFileText::tr("The text is not UTF-8."));
     return true;
 }
 
-bool VxCsvRows::next(VxFileError *error)
+bool VxCsvRows::next()
 {
     while (m_at < m_end) {
         m_cells.clear();
         m_unquoted.clear();
         m_line = m_nextLine;
-        if (!readCell(error))
+        if (!readCell())
             return false;
         while (!endsRow()) {
             ++m_at; // the comma
-            if (!readCell(error))
+            if (!readCell())
                 return false;
         }
         for (const std::string_view cell : m_cells) {
@@ -180,7 +180,7 @@ QString VxCsvRows::text(int column) const
     return QString::fromUtf8(text.data(), int(text.size()));
 }
 
-bool VxCsvRows::number(int column, double *value, VxFileError *error) const
+bool VxCsvRows::number(int column, double *value) const
 {
     std::string_view text = cell(column);
     if (!text.empty() && text.front() == '+')
@@ -190,11 +190,8 @@ bool VxCsvRows::number(int column, double *value, VxFileError *error) const
     const bool isOutOfRange = result.ec == std::errc::result_out_of_range;
     if (!isOutOfRange && (result.ec != std::errc() || result.ptr != end || !std::isfinite(*value)))
         return fail(column,
-                    VxFileText::tr("\"%1\" is not a number.").arg(VxFileText::shown(cell(column))),
-                    error);
+                    VxFileText::tr("\"%1\" is not a number.").arg(VxFileText::shown(cell(column))));
     return (!isOutOfRange && std::abs(*value) <= double(std::numeric_limits<float>::max())) ||
-           fail(column,
-                VxFileText::tr("The number \"%1\" is out of range.")
-                    .arg(VxFileText::shown(cell(column))),
-                error);
+           fail(column, VxFileText::tr("The number \"%1\" is out of range.")
+                            .arg(VxFileText::shown(cell(column))));
 }

@@ -18,11 +18,11 @@ QByteArray vxCsvCell(const QString &text);
 class VxCsvRows
 {
 public:
-    /// The bytes are borrowed.
-    explicit VxCsvRows(const QByteArray &bytes);
+    /// Both are borrowed; the error is reset.
+    VxCsvRows(const QByteArray &bytes, VxFileError *error);
 
     /// Reads the next row. False at the end of the text, or with an error.
-    bool next(VxFileError *error);
+    bool next();
 
     /// The cells of the present row, valid until the next one; surrounding blanks are dropped.
     int count() const { return int(m_cells.size()); }
@@ -31,7 +31,7 @@ public:
     QString text(int column) const;
     /// The finite number of a cell that is not empty, within the range of single precision.
     /// Returns false with an error otherwise.
-    bool number(int column, double *value, VxFileError *error) const;
+    bool number(int column, double *value) const;
 
     /// The line on which the present row starts, from 1.
     qint64 line() const { return m_line; }
@@ -39,16 +39,18 @@ public:
     qint64 position() const { return m_at - m_begin; }
 
     /// Fills the error with the row's line and a column, from 0. Always false.
-    bool fail(int column, const QString &message, VxFileError *error) const;
+    bool fail(int column, const QString &message) const;
+    bool hasFailed() const { return m_error->isSet(); }
 
 private:
-    bool readCell(VxFileError *error);
-    bool readQuoted(VxFileError *error);
+    bool readCell();
+    bool readQuoted();
     bool endsRow();
 
     const char *m_begin;
     const char *m_at;
     const char *m_end;
+    VxFileError *const m_error;
     qint64 m_line = 0;
     qint64 m_nextLine = 1;
     std::vector<std::string_view> m_cells;

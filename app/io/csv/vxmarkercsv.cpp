@@ -19,21 +19,24 @@ QByteArray secondsText(VxTime time)
 class MarkerReading
 {
 public:
-    MarkerReading(const QByteArray &bytes, const VxTimeDisplay &display, VxTime ticksPerFrame)
-        : m_rows(bytes)
+    MarkerReading(const QByteArray &bytes, const VxTimeDisplay &display, VxTime ticksPerFrame,
+                  VxFileError *error)
+        : m_error(error)
+        , m_rows(bytes, error)
         , m_display(display)
         , m_ticksPerFrame(ticksPerFrame)
     {
     }
 
-    bool readHeader(VxFileError *error);
-    bool readRows(VxMarkerList *markers, VxFileError *error);
+    bool readHeader();
+    bool readRows(VxMarkerList *markers);
 
 private:
-    bool readMarker(VxMarker *marker, VxFileError *error) const;
-    bool readTime(int column, VxTime *time, VxFileError *error) const;
+    bool readMarker(VxMarker *marker) const;
+    bool readTime(int column, VxTime *time) const;
     QString text(MarkerColumn column) const { return m_rows.text(m_places[column]); }
 
+    VxFileError *const m_error;
     VxCsvRows m_rows;
     VxTimeDisplay m_display;
     VxTime m_ticksPerFrame;
@@ -41,12 +44,11 @@ private:
     int m_count = 0;                                ///< columns of the header
 };
 
-bool MarkerReading::readHeader(VxFileError *error)
+bool MarkerReading::readHeader()
 {
-    *error = VxFileError();
-    if (!m_rows.next(error)) {
-        if (!error->isSet())
-            error->message = VxFileText::tr("The file is empty.");
+    if (!m_rows.next()) {
+        if (!m_rows.hasFailed())
+            m_error->message = VxFileText::tr("The file is empty.");
         return false;
     }
     m_count = m_rows.count();
@@ -60,20 +62,17 @@ bool MarkerReading::readHeader(VxFileError *error)
                                                              : MarkerColumns;
         if (column == MarkerColumns)
             return m_rows.fail(
-                i,
-                VxFileText::tr("Unknown column \"%1\"; expected name, start, end and colour.")
-                    .arg(VxFileText::shown(m_rows.cell(i))),
-                error);
+                i, VxFileText::tr("Unknown column \"%1\"; expected name, start, end and colour.")
+                       .arg(VxFileText::shown(m_rows.cell(i))));
         if (m_places[column] >= 0)
-            return m_rows.fail(i, VxFileText::tr("The column \"%1\" is there twice.").arg(name),
-                               error);
+            return m_rows.fail(i, VxFileText::tr("The column \"%1\" is there twice.").arg(name));
         m_places[column] = i;
     }
     return m_places[StartCell] >= 0 ||
-           m_rows.fail(0, VxFileText::tr("The column \"start\" is missing."), error);
+           m_rows.fail(0, VxFileText::tr("The column \"start\" is missing."));
 }
 
-bool MarkerReading::readTime(int column, VxTime *time, VxFileError *error) const
+bool MarkerReading::readTime(int column, VxTime *time) const
 {
     const QString typed = m_rows.text(column);
     bool isNumber = false;
@@ -86,35 +85,30 @@ bool MarkerReading::readTime(int column, VxTime *time, VxFileError *error) const
     if (!isNumber || !std::isfinite(ticks))
         return m_rows.fail(
             column,
-            VxFileText::tr("\"%1\" is not a time.").arg(VxFileText::shown(m_rows.cell(column))),
-            error);
+            VxFileText::tr("\"%1\" is not a time.").arg(VxFileText::shown(m_rows.cell(column))));
     ticks = std::round(ticks);
     if (ticks < VxTimeMin || ticks > VxTimeMax)
-        return m_rows.fail(column,
-                           VxFileText::tr("The time \"%1\" is out of range.")
-                               .arg(VxFileText::shown(m_rows.cell(column))),
-                           error);
+        return m_rows.fail(column, VxFileText::tr("The time \"%1\" is out of range.")
+                                       .arg(VxFileText::shown(m_rows.cell(column))));
     *time = VxTime(ticks);
     return true;
 }
 
-bool MarkerReading::readMarker(VxMarker *marker, VxFileError *error) const
+bool MarkerReading::readMarker(VxMarker *marker) const
 {
     if (m_rows.count() > m_count)
-        return m_rows.fail(m_count, VxFileText::tr("The row has more cells than the first row."),
-                           error);
+        return m_rows.fail(m_count, VxFileText::tr("The row has more cells than the first row."));
     const int startPlace = m_places[StartCell];
     VxTime start = 0;
     if (text(StartCell).isEmpty())
-        return m_rows.fail(startPlace, VxFileText::tr("The start is missing."), error);
-    if (!readTime(startPlace, &start, error))
+        return m_rows.fail(startPlace, VxFileText::tr("The start is missing."));
+    if (!readTime(startPlace, &start))
         return false;
     VxTime end = start;
-    if (!text(EndCell).isEmpty() && !readTime(m_places[EndCell], &end, error))
+    if (!text(EndCell).isEmpty() && !readTime(m_places[EndCell], &end))
         return false;
     if (end < start)
-        return m_rows.fail(m_places[EndCell], VxFileText::tr("The end is before the start."),
-                           error);
+        return m_rows.fail(m_places[EndCell], VxFileText::tr("The end is before the start."));
     marker->name = text(NameCell);
     marker->span = VxTimeRange(start, end);
     const QString colour = text(ColourCell);
@@ -122,21 +116,20 @@ bool MarkerReading::readMarker(VxMarker *marker, VxFileError *error) const
         return true;
     if (!QColor::isValidColor(colour))
         return m_rows.fail(m_places[ColourCell],
-                           VxFileText::tr("\"%1\" is not a colour such as #e0a030.").arg(colour),
-                           error);
+                           VxFileText::tr("\"%1\" is not a colour such as #e0a030.").arg(colour));
     marker->color = QColor(colour).rgb();
     return true;
 }
 
-bool MarkerReading::readRows(VxMarkerList *markers, VxFileError *error)
+bool MarkerReading::readRows(VxMarkerList *markers)
 {
-    while (m_rows.next(error)) {
+    while (m_rows.next()) {
         VxMarker marker;
-        if (!readMarker(&marker, error))
+        if (!readMarker(&marker))
             return false;
         markers->append(marker);
     }
-    return !error->isSet();
+    return !m_rows.hasFailed();
 }
 
 } // namespace
@@ -159,8 +152,8 @@ bool vxReadMarkerCsv(const QByteArray &bytes, const VxTimeDisplay &display, VxTi
                      VxMarkerList *markers, VxFileError *error)
 {
     VxMarkerList read;
-    MarkerReading reading(bytes, display, ticksPerFrame);
-    if (!reading.readHeader(error) || !reading.readRows(&read, error))
+    MarkerReading reading(bytes, display, ticksPerFrame, error);
+    if (!reading.readHeader() || !reading.readRows(&read))
         return false;
     *markers = read;
     return true;

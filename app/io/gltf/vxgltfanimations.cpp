@@ -46,8 +46,7 @@ private:
     bool readSampler(qint64 index, Sampler *sampler, QString *message);
     bool readTimes(qint64 accessor, Sampler *sampler, QString *message);
     bool checkTimes(Sampler *sampler, QString *message);
-    void addVector(int node, VxMotionTarget first, const Sampler &sampler);
-    void addWeights(int node, const Sampler &sampler);
+    void addCurves(int node, VxMotionTarget first, const Sampler &sampler);
     void addRotation(int node, const Sampler &sampler);
     VxMotionCurve curveOf(const Sampler &sampler, std::size_t component) const;
     bool omit(const QString &why, int node);
@@ -167,24 +166,15 @@ VxMotionCurve AnimationReader::curveOf(const Sampler &sampler, std::size_t compo
     return curve;
 }
 
-void AnimationReader::addVector(int node, VxMotionTarget first, const Sampler &sampler)
+/** The axes of a vector, or the weights of all morphs. */
+void AnimationReader::addCurves(int node, VxMotionTarget first, const Sampler &sampler)
 {
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        VxMotionChannel channel;
-        channel.node = node;
-        channel.target = VxMotionTarget(int(first) + int(axis));
-        channel.curve = curveOf(sampler, axis);
-        m_clip->channels.push_back(std::move(channel));
-    }
-}
-
-void AnimationReader::addWeights(int node, const Sampler &sampler)
-{
+    const bool isMorph = first == VxMotionTarget::Morph;
     for (std::size_t i = 0; i < sampler.width; ++i) {
         VxMotionChannel channel;
         channel.node = node;
-        channel.target = VxMotionTarget::Morph;
-        channel.index = int(i);
+        channel.target = isMorph ? first : VxMotionTarget(int(first) + int(i));
+        channel.index = isMorph ? int(i) : 0;
         channel.curve = curveOf(sampler, i);
         m_clip->channels.push_back(std::move(channel));
     }
@@ -259,12 +249,13 @@ bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
                 .arg(path, m_motion->nodes[std::size_t(node)].name)
                 .arg(sampler.width)
                 .arg(width));
-    if (isWeights)
-        addWeights(node, sampler);
-    else if (isRotation)
+    if (isRotation)
         addRotation(node, sampler);
     else
-        addVector(node, isTranslation ? VxMotionTarget::XTranslate : VxMotionTarget::XScale,
+        addCurves(node,
+                  isWeights       ? VxMotionTarget::Morph
+                  : isTranslation ? VxMotionTarget::XTranslate
+                                  : VxMotionTarget::XScale,
                   sampler);
     return true;
 }

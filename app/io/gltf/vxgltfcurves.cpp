@@ -39,10 +39,8 @@ public:
         const int i = keyAt(time);
         if (i < 0 || i + 1 >= m_keys.count)
             return VxKeyInterp::Constant;
-        return m_keys.types ? m_keys.types[i] : int(VxKeyInterp::Linear);
+        return typeOf(i);
     }
-
-    bool isFlatAt(VxTime time) const { return keyAt(time) < 0 || keyAt(time) + 1 >= m_keys.count; }
 
     /// Slope per second just before (-1) or after (1) a time. The curve is a cubic between keys:
     /// three more of its values determine it exactly.
@@ -287,10 +285,7 @@ bool vxIsAnimated(const VxFloatProperty *property)
 VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRange &range,
                         const VxFrameTimes &frames)
 {
-    std::vector<Curve> curves;
-    curves.reserve(values.size());
-    for (const VxGltfValue &value : values)
-        curves.emplace_back(value);
+    const std::vector<Curve> curves(values.begin(), values.end());
     VxGltfKeys keys;
     const bool isSampled =
         std::any_of(curves.begin(), curves.end(), [](const Curve &c) { return c.isLinked(); });

@@ -1,7 +1,5 @@
 #include "io/gltf/vxgltfdocument.h"
 
-#include "io/gltf/vxgltfbuffers.h"
-#include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 
@@ -17,9 +15,6 @@ constexpr quint32 JsonChunk = 0x4e4f534a;
 constexpr quint32 BinaryChunk = 0x004e4942;
 constexpr int GlbHeader = 12;
 constexpr int ChunkHeader = 8;
-
-/// Limit of numbers read; a key has up to 12 of them.
-constexpr qint64 MaxNumbers = VxMotionLimits::MaxKeys * 4;
 
 quint32 word(const QByteArray &bytes, qint64 offset)
 {
@@ -88,8 +83,10 @@ double decode(const char *bytes, qint64 type, bool normalized)
     }
 }
 
+} // namespace
+
 /// Elements in a buffer view.
-struct Block
+struct VxGltfDocument::Block
 {
     qint64 view = 0;
     qint64 offset = 0; ///< in the view
@@ -99,32 +96,8 @@ struct Block
     bool normalized = false;
 };
 
-} // namespace
-
-class VxGltfDocument::Private
-{
-public:
-    bool parseBinary(const QByteArray &bytes, QString *message, qint64 *offset);
-    bool parseJson(const QByteArray &text, qint64 at, QString *message, qint64 *offset);
-    bool checkVersion(QString *message) const;
-    bool readBlock(const Block &block, std::vector<double> *numbers, QString *message);
-    bool putSparse(const QJsonObject &sparse, const Block &block, std::vector<double> *numbers,
-                   QString *message);
-
-    explicit Private(const QString &folder)
-        : buffers(folder)
-    {
-    }
-
-    VxGltfBuffers buffers;
-    QJsonObject root;
-    QJsonArray accessors;
-    bool isBinary = false;
-    qint64 numbersLeft = MaxNumbers;
-};
-
 /** A header, then chunks: text first, binary data second; further ones are skipped. */
-bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *message, qint64 *offset)
+bool VxGltfDocument::parseBinary(const QByteArray &bytes, QString *message, qint64 *offset)
 {
     *offset = 4;
     if (bytes.size() < GlbHeader + ChunkHeader)
@@ -153,14 +126,13 @@ bool VxGltfDocument::Private::parseBinary(const QByteArray &bytes, QString *mess
         if (chunk == 0 && !parseJson(bytes.mid(int(at), int(length)), at, message, offset))
             return false;
         if (chunk == 1 && type == BinaryChunk)
-            buffers.setBinaryChunk(bytes.mid(int(at), int(length)));
+            m_buffers.setBinaryChunk(bytes.mid(int(at), int(length)));
         at += (length + 3) / 4 * 4;
     }
     return true;
 }
 
-bool VxGltfDocument::Private::parseJson(const QByteArray &text, qint64 at, QString *message,
-                                        qint64 *offset)
+bool VxGltfDocument::parseJson(const QByteArray &text, qint64 at, QString *message, qint64 *offset)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
@@ -171,13 +143,13 @@ bool VxGltfDocument::Private::parseJson(const QByteArray &text, qint64 at, QStri
     *offset = -1;
     if (!document.isObject())
         return vxFail(message, VxFileText::tr("Not a glTF file."));
-    root = document.object();
+    m_root = document.object();
     return checkVersion(message);
 }
 
-bool VxGltfDocument::Private::checkVersion(QString *message) const
+bool VxGltfDocument::checkVersion(QString *message) const
 {
-    const QJsonObject asset = root.value(QLatin1String("asset")).toObject();
+    const QJsonObject asset = m_root.value(QLatin1String("asset")).toObject();
     const QString version = asset.value(QLatin1String("version")).toString();
     const QString needed = asset.value(QLatin1String("minVersion")).toString();
     if (version.isEmpty())
@@ -189,13 +161,12 @@ bool VxGltfDocument::Private::checkVersion(QString *message) const
     return true;
 }
 
-bool VxGltfDocument::Private::readBlock(const Block &block, std::vector<double> *numbers,
-                                        QString *message)
+bool VxGltfDocument::readBlock(const Block &block, std::vector<double> *numbers, QString *message)
 {
     const qint64 size = componentSize(block.type);
     const qint64 element = size * block.components;
     VxGltfView view;
-    if (!buffers.view(block.view, &view, message))
+    if (!m_buffers.view(block.view, &view, message))
         return false;
     const qint64 stride = view.stride > 0 ? view.stride : element;
     if (stride < element)
@@ -222,8 +193,8 @@ bool VxGltfDocument::Private::readBlock(const Block &block, std::vector<double> 
     return true;
 }
 
-bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &block,
-                                        std::vector<double> *numbers, QString *message)
+bool VxGltfDocument::putSparse(const QJsonObject &sparse, const Block &block,
+                               std::vector<double> *numbers, QString *message)
 {
     const QJsonObject indices = sparse.value(QLatin1String("indices")).toObject();
     const QJsonObject values = sparse.value(QLatin1String("values")).toObject();
@@ -254,60 +225,48 @@ bool VxGltfDocument::Private::putSparse(const QJsonObject &sparse, const Block &
 }
 
 VxGltfDocument::VxGltfDocument(const QString &folder)
-    : d(std::make_unique<Private>(folder))
+    : m_buffers(folder)
 {
 }
-
-VxGltfDocument::~VxGltfDocument() = default;
 
 bool VxGltfDocument::parse(const QByteArray &bytes, QString *message, qint64 *offset)
 {
     *offset = -1;
-    d->isBinary = bytes.size() >= 4 && word(bytes, 0) == GlbMagic;
-    const bool parsed = d->isBinary ? d->parseBinary(bytes, message, offset)
-                                    : d->parseJson(bytes, 0, message, offset);
+    m_isBinary = bytes.size() >= 4 && word(bytes, 0) == GlbMagic;
+    const bool parsed =
+        m_isBinary ? parseBinary(bytes, message, offset) : parseJson(bytes, 0, message, offset);
     if (!parsed)
         return false;
-    d->accessors = array("accessors");
-    d->buffers.setDescriptions(array("buffers"), array("bufferViews"));
+    m_accessors = array("accessors");
+    m_buffers.setDescriptions(array("buffers"), array("bufferViews"));
     *offset = -1;
     return true;
 }
 
-bool VxGltfDocument::isBinary() const
-{
-    return d->isBinary;
-}
-
-const QJsonObject &VxGltfDocument::root() const
-{
-    return d->root;
-}
-
 QJsonArray VxGltfDocument::array(const char *name) const
 {
-    return d->root.value(QLatin1String(name)).toArray();
+    return m_root.value(QLatin1String(name)).toArray();
 }
 
 bool VxGltfDocument::describe(int accessor, VxGltfAccessorInfo *info, QString *message) const
 {
     *info = VxGltfAccessorInfo();
-    if (accessor < 0 || accessor >= d->accessors.size())
+    if (accessor < 0 || accessor >= m_accessors.size())
         return vxFail(message, VxFileText::tr("Accessor %1 does not exist.").arg(accessor));
-    const QJsonObject object = d->accessors.at(accessor).toObject();
+    const QJsonObject object = m_accessors.at(accessor).toObject();
     const qint64 type = vxGltfIndex(object, "componentType");
     const int components = componentsOf(object.value(QLatin1String("type")).toString());
     const qint64 count = vxGltfIndex(object, "count");
     if (componentSize(type) == 0 || components == 0 || count < 0 ||
         vxGltfIndex(object, "byteOffset", 0) < 0)
         return vxFail(message, VxFileText::tr("Invalid description of accessor %1.").arg(accessor));
-    if (count > d->numbersLeft / components)
+    if (count > m_numbersLeft / components)
         return vxFail(
             message, VxFileText::tr("Accessor %1 declares %2 values; the file has more than can be "
                                     "read.")
                          .arg(accessor)
                          .arg(count));
-    *info = {components, count, type == 5126};
+    *info = {components, count};
     return true;
 }
 
@@ -316,7 +275,7 @@ bool VxGltfDocument::read(int accessor, std::vector<double> *numbers, QString *m
     VxGltfAccessorInfo info;
     if (!describe(accessor, &info, message))
         return false;
-    const QJsonObject object = d->accessors.at(accessor).toObject();
+    const QJsonObject object = m_accessors.at(accessor).toObject();
     Block block;
     block.view = vxGltfIndex(object, "bufferView");
     block.offset = vxGltfIndex(object, "byteOffset", 0);
@@ -324,18 +283,17 @@ bool VxGltfDocument::read(int accessor, std::vector<double> *numbers, QString *m
     block.type = vxGltfIndex(object, "componentType");
     block.components = info.components;
     block.normalized = object.value(QLatin1String("normalized")).toBool();
-    d->numbersLeft -= info.count * info.components;
+    m_numbersLeft -= info.count * info.components;
 
     const bool hasView = object.contains(QLatin1String("bufferView"));
     const bool isSparse = object.contains(QLatin1String("sparse"));
     bool done = true;
     if (hasView)
-        done = d->readBlock(block, numbers, message);
+        done = readBlock(block, numbers, message);
     else
         numbers->assign(std::size_t(info.count * info.components), 0.0);
     if (done && isSparse)
-        done =
-            d->putSparse(object.value(QLatin1String("sparse")).toObject(), block, numbers, message);
+        done = putSparse(object.value(QLatin1String("sparse")).toObject(), block, numbers, message);
     if (!done)
         *message = VxFileText::tr("Accessor %1: %2").arg(QString::number(accessor), *message);
     return done;

@@ -1,11 +1,13 @@
 #ifndef VXIO_VXGLTFDOCUMENT_H
 #define VXIO_VXGLTFDOCUMENT_H
 
+#include "io/gltf/vxgltfbuffers.h"
+#include "io/motion/vximportedmotion.h"
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
-#include <memory>
 #include <vector>
 
 /// The layout of an accessor's numbers.
@@ -13,7 +15,6 @@ struct VxGltfAccessorInfo
 {
     int components = 0; ///< numbers an element, 1 to 16; 0: no such accessor
     qint64 count = 0;   ///< elements
-    bool isFloat = false;
 };
 
 /// The JSON and the binary data of a glTF 2.0 file, as .gltf text or .glb.
@@ -29,16 +30,13 @@ public:
     /// folder: of the files named in the document, which must be in it or below it; empty refuses
     /// them.
     explicit VxGltfDocument(const QString &folder);
-    ~VxGltfDocument();
-    VxGltfDocument(const VxGltfDocument &) = delete;
-    VxGltfDocument &operator=(const VxGltfDocument &) = delete;
 
     /// Parses the text or binary form. offset: where reading stopped, -1 where no offset applies;
     /// must not be null.
     bool parse(const QByteArray &bytes, QString *message, qint64 *offset);
 
-    bool isBinary() const;
-    const QJsonObject &root() const;
+    bool isBinary() const { return m_isBinary; }
+    const QJsonObject &root() const { return m_root; }
     /// A top-level array; empty if missing.
     QJsonArray array(const char *name) const;
 
@@ -50,8 +48,20 @@ public:
     bool read(int accessor, std::vector<double> *numbers, QString *message);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    struct Block;
+
+    bool parseBinary(const QByteArray &bytes, QString *message, qint64 *offset);
+    bool parseJson(const QByteArray &text, qint64 at, QString *message, qint64 *offset);
+    bool checkVersion(QString *message) const;
+    bool readBlock(const Block &block, std::vector<double> *numbers, QString *message);
+    bool putSparse(const QJsonObject &sparse, const Block &block, std::vector<double> *numbers,
+                   QString *message);
+
+    VxGltfBuffers m_buffers;
+    QJsonObject m_root;
+    QJsonArray m_accessors;
+    bool m_isBinary = false;
+    qint64 m_numbersLeft = VxMotionLimits::MaxKeys * 4; // a key has up to 12 of them
 };
 
 /// A member that is an index or a count: the whole number from 0 to 2^53 - 1, `missing` without the

@@ -2,6 +2,7 @@
 
 #include "io/gltf/vxgltfcurves.h"
 #include "io/gltf/vxgltfoutput.h"
+#include "io/motion/vximportedmotion.h"
 #include "io/motion/vxkeptrate.h"
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
@@ -35,12 +36,6 @@ QJsonArray arrayOf(const std::vector<double> &numbers)
     for (const double number : numbers)
         array.append(number);
     return array;
-}
-
-const char *orderName(VxNode::RotationOrder order)
-{
-    static const char *const names[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
-    return names[order];
 }
 
 /// One file.
@@ -134,10 +129,11 @@ QJsonObject Writer::nodeObject(const VxNode *node)
     QJsonObject object{{key("name"), node->getLabel()}};
     addRest(node, &object);
     const QVector3D end = node->getEndPoint();
-    object.insert(key("extras"),
-                  QJsonObject{{key("rotationOrder"), key(orderName(node->getRotationOrder()))},
-                              {key("endPoint"),
-                               arrayOf({double(end.x()), double(end.y()), double(end.z())})}});
+    object.insert(
+        key("extras"),
+        QJsonObject{
+            {key("rotationOrder"), key(VxRotationOrderNames[node->getRotationOrder()])},
+            {key("endPoint"), arrayOf({double(end.x()), double(end.y()), double(end.z())})}});
     QJsonArray children;
     for (int i = 0; i < node->getNumNodeChildren(); ++i)
         children.append(m_index.value(node->getNodeChild(i)));

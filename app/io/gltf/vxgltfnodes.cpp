@@ -89,11 +89,10 @@ bool readTransform(const QJsonObject &object, VxMotionNode *node)
 /// Extras of our own writer, which the format lacks: rotation order and end of a bone.
 void readExtras(const QJsonObject &object, VxMotionNode *node)
 {
-    static const char *const names[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
     const QJsonObject extras = object.value(QLatin1String("extras")).toObject();
     const QString order = extras.value(QLatin1String("rotationOrder")).toString();
     for (int i = 0; i < 6; ++i) {
-        if (order == QLatin1String(names[i]))
+        if (order == QLatin1String(VxRotationOrderNames[i]))
             node->order = VxNode::RotationOrder(i);
     }
     node->hasEndPoint = extras.contains(QLatin1String("endPoint")) &&

@@ -38,6 +38,9 @@ struct VxMotionShape
     VxTcb tcb; ///< of a Tcb segment's ends
 };
 
+/// The names of rotation orders in files, by VxNode::RotationOrder.
+inline constexpr const char *VxRotationOrderNames[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
+
 /// A number over time.
 struct VxMotionCurve
 {
