@@ -4,6 +4,7 @@
 #include "io/vxfiletext.h"
 
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -31,23 +32,12 @@ bool isNameValid(const QString &name)
     return name.isValidUtf16();
 }
 
-bool hasDuplicates(const std::vector<VxBvhChannel> &channels)
-{
-    unsigned seen = 0;
-    for (const VxBvhChannel channel : channels) {
-        const unsigned bit = 1u << static_cast<unsigned>(channel);
-        if (seen & bit)
-            return true;
-        seen |= bit;
-    }
-    return false;
-}
-
 bool isJointValid(const VxBvhJoint &joint, QString *message)
 {
     if (!isNameValid(joint.name))
         return vxFail(message, VxFileText::tr("A joint cannot be named \"%1\".").arg(joint.name));
-    if (hasDuplicates(joint.channels))
+    const std::set<VxBvhChannel> kinds(joint.channels.begin(), joint.channels.end());
+    if (kinds.size() != joint.channels.size())
         return vxFail(message,
                       VxFileText::tr("Joint \"%1\" has a duplicate channel.").arg(joint.name));
     bool finite = isFinite(joint.offset);

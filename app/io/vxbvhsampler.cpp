@@ -1,7 +1,5 @@
 #include "io/vxbvhsampler.h"
 
-#include <QHash>
-#include <QMatrix4x4>
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxbone.h>
@@ -69,8 +67,15 @@ VxRotation rotationOf(const QMatrix4x4 &matrix)
     return rotation;
 }
 
+std::array<double, 3> pointOf(const QVector3D &v)
+{
+    return {double(v.x()), double(v.y()), double(v.z())};
+}
+
+} // namespace
+
 /// A joint's position and rotation in the world.
-struct Frame
+struct VxBvhSampler::Frame
 {
     std::array<double, 3> position{};
     VxRotation rotation{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
@@ -88,65 +93,21 @@ struct Frame
     VxRotation toLocal(const VxRotation &other) const { return vxTransposed(rotation) * other; }
 };
 
-std::array<double, 3> pointOf(const QVector3D &v)
+bool VxBvhSampler::isAlways(const VxFloatProperty *control, float value) const
 {
-    return {double(v.x()), double(v.y()), double(v.z())};
-}
-
-} // namespace
-
-class VxBvhSampler::Private
-{
-public:
-    struct Joint
-    {
-        const VxBone *bone = nullptr;
-        int parent = -1;
-        bool isDirect = false;   // copied control by control
-        bool isUnscaled = false; // neither inherits nor passes on a scale
-        bool moves = false;      // has position channels
-        bool isLeaf = true;
-    };
-
-    bool isAlways(const VxFloatProperty *control, float value) const;
-    bool isUnscaled(const VxNode *node) const;
-    bool isAtOrigin(const VxNode *node) const;
-    int jointAbove(const VxNode *node) const;
-    void addJoint(const VxBone *bone);
-
-    std::vector<QMatrix4x4> worlds(VxTime time) const;
-    QMatrix4x4 worldOf(const VxNode *node, VxTime time,
-                       const std::vector<QMatrix4x4> &worlds) const;
-    void setOffset(const Joint &joint, std::size_t index, const std::vector<QMatrix4x4> &first,
-                   VxBvhJoint *out) const;
-    Frame frameOf(int joint, const std::vector<QMatrix4x4> &worlds) const;
-    void copy(const Joint &joint, float *values) const;
-    bool workOut(std::vector<float> *values, const VxFileProgress &progress) const;
-    std::vector<std::size_t> firstChannels() const;
-
-    QVector<VxTime> times;
-    const VxSkeleton *skeleton = nullptr;
-    std::vector<Joint> joints;
-    QHash<const VxNode *, int> indexes;
-    bool isSkeletonStill = false;
-    bool isSkeletonUnscaled = false;
-};
-
-bool VxBvhSampler::Private::isAlways(const VxFloatProperty *control, float value) const
-{
-    QVector<float> values(times.size());
-    control->getValues(times.constData(), times.size(), values.data());
+    QVector<float> values(m_times.size());
+    control->getValues(m_times.constData(), m_times.size(), values.data());
     return std::all_of(values.cbegin(), values.cend(),
                        [value](float other) { return other == value; });
 }
 
-bool VxBvhSampler::Private::isUnscaled(const VxNode *node) const
+bool VxBvhSampler::isUnscaled(const VxNode *node) const
 {
     return isAlways(node->getScaleControl(), 1.0f) && isAlways(node->getXScaleControl(), 1.0f) &&
            isAlways(node->getYScaleControl(), 1.0f) && isAlways(node->getZScaleControl(), 1.0f);
 }
 
-bool VxBvhSampler::Private::isAtOrigin(const VxNode *node) const
+bool VxBvhSampler::isAtOrigin(const VxNode *node) const
 {
     bool still = node->getOrigin().isNull();
     for (const Controls &controls : {positions(node), rotations(node)}) {
@@ -156,17 +117,17 @@ bool VxBvhSampler::Private::isAtOrigin(const VxNode *node) const
     return still;
 }
 
-int VxBvhSampler::Private::jointAbove(const VxNode *node) const
+int VxBvhSampler::jointAbove(const VxNode *node) const
 {
     for (const VxNode *above = node->getNodeParent(); above; above = above->getNodeParent()) {
-        const auto found = indexes.constFind(above);
-        if (found != indexes.constEnd())
+        const auto found = m_indexes.constFind(above);
+        if (found != m_indexes.constEnd())
             return *found;
     }
     return -1;
 }
 
-void VxBvhSampler::Private::addJoint(const VxBone *bone)
+void VxBvhSampler::addJoint(const VxBone *bone)
 {
     Joint joint;
     joint.bone = bone;
@@ -174,46 +135,46 @@ void VxBvhSampler::Private::addJoint(const VxBone *bone)
     const VxNode *above = bone->getNodeParent();
     const bool isRoot = joint.parent < 0;
     const bool isBelowUnscaled =
-        isRoot ? isSkeletonUnscaled : joints[std::size_t(joint.parent)].isUnscaled;
-    const bool isRightBelow = isRoot ? above == skeleton && isSkeletonStill
-                                     : above == joints[std::size_t(joint.parent)].bone;
+        isRoot ? m_isSkeletonUnscaled : m_joints[std::size_t(joint.parent)].isUnscaled;
+    const bool isRightBelow = isRoot ? above == m_skeleton && m_isSkeletonStill
+                                     : above == m_joints[std::size_t(joint.parent)].bone;
     joint.isDirect = isRightBelow && isBelowUnscaled;
     joint.isUnscaled = isBelowUnscaled && isUnscaled(bone);
     // Nodes between two bones may have a scale, too.
-    for (; above != skeleton && !indexes.contains(above); above = above->getNodeParent())
+    for (; above != m_skeleton && !m_indexes.contains(above); above = above->getNodeParent())
         joint.isUnscaled = joint.isUnscaled && isUnscaled(above);
     joint.moves = isRoot || !joint.isDirect;
     for (const VxFloatProperty *control : positions(bone)) {
-        const float first = control->getValue(times.constFirst());
+        const float first = control->getValue(m_times.constFirst());
         joint.moves = joint.moves || control->getNumKeys() > 0 || !isAlways(control, first);
     }
     if (!isRoot)
-        joints[std::size_t(joint.parent)].isLeaf = false;
-    indexes.insert(bone, int(joints.size()));
-    joints.push_back(joint);
+        m_joints[std::size_t(joint.parent)].isLeaf = false;
+    m_indexes.insert(bone, int(m_joints.size()));
+    m_joints.push_back(joint);
 }
 
-QMatrix4x4 VxBvhSampler::Private::worldOf(const VxNode *node, VxTime time,
-                                          const std::vector<QMatrix4x4> &done) const
+QMatrix4x4 VxBvhSampler::worldOf(const VxNode *node, VxTime time,
+                                 const std::vector<QMatrix4x4> &done) const
 {
     if (!node)
         return {};
-    const auto found = indexes.constFind(node);
-    if (found != indexes.constEnd() && std::size_t(*found) < done.size())
+    const auto found = m_indexes.constFind(node);
+    if (found != m_indexes.constEnd() && std::size_t(*found) < done.size())
         return done[std::size_t(*found)];
     return worldOf(node->getNodeParent(), time, done) * node->getLocalTransform(time);
 }
 
-std::vector<QMatrix4x4> VxBvhSampler::Private::worlds(VxTime time) const
+std::vector<QMatrix4x4> VxBvhSampler::worlds(VxTime time) const
 {
     std::vector<QMatrix4x4> done;
-    done.reserve(joints.size());
-    for (const Joint &joint : joints)
+    done.reserve(m_joints.size());
+    for (const Joint &joint : m_joints)
         done.push_back(worldOf(joint.bone, time, done));
     return done;
 }
 
-Frame VxBvhSampler::Private::frameOf(int joint, const std::vector<QMatrix4x4> &all) const
+VxBvhSampler::Frame VxBvhSampler::frameOf(int joint, const std::vector<QMatrix4x4> &all) const
 {
     if (joint < 0)
         return {};
@@ -221,8 +182,8 @@ Frame VxBvhSampler::Private::frameOf(int joint, const std::vector<QMatrix4x4> &a
     return {pointOf(world.column(3).toVector3D()), rotationOf(world)};
 }
 
-void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
-                                      const std::vector<QMatrix4x4> &first, VxBvhJoint *out) const
+void VxBvhSampler::setOffset(const Joint &joint, std::size_t index,
+                             const std::vector<QMatrix4x4> &first, VxBvhJoint *out) const
 {
     if (joint.isDirect) {
         QVector3D offset = joint.bone->getOrigin();
@@ -230,7 +191,7 @@ void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
         for (int axis = 0; axis < 3; ++axis) {
             const VxFloatProperty *control = controls[std::size_t(axis)];
             offset[axis] += control->getNumKeys() > 0 ? control->getStoredValue()
-                                                      : control->getValue(times.constFirst());
+                                                      : control->getValue(m_times.constFirst());
         }
         out->offset = offsetOf(offset);
     } else {
@@ -248,48 +209,48 @@ void VxBvhSampler::Private::setOffset(const Joint &joint, std::size_t index,
     out->endSites.push_back(offsetOf(end));
 }
 
-void VxBvhSampler::Private::copy(const Joint &joint, float *values) const
+void VxBvhSampler::copy(const Joint &joint, float *values) const
 {
-    const int count = times.size();
+    const int count = m_times.size();
     if (joint.moves) {
         const QVector3D origin = joint.bone->getOrigin();
         const Controls controls = positions(joint.bone);
         for (int axis = 0; axis < 3; ++axis, values += count) {
-            controls[std::size_t(axis)]->getValues(times.constData(), count, values);
+            controls[std::size_t(axis)]->getValues(m_times.constData(), count, values);
             std::transform(values, values + count, values,
                            [part = origin[axis]](float value) { return part + value; });
         }
     }
     const Controls controls = rotations(joint.bone);
     for (const int axis : vxRotationAxes(vxRotationOrder(joint.bone->getRotationOrder()))) {
-        controls[std::size_t(axis)]->getValues(times.constData(), count, values);
+        controls[std::size_t(axis)]->getValues(m_times.constData(), count, values);
         values += count;
     }
 }
 
-std::vector<std::size_t> VxBvhSampler::Private::firstChannels() const
+std::vector<std::size_t> VxBvhSampler::firstChannels() const
 {
     std::vector<std::size_t> first;
     std::size_t channels = 0;
-    for (const Joint &joint : joints) {
+    for (const Joint &joint : m_joints) {
         first.push_back(channels);
         channels += joint.moves ? 6 : 3;
     }
+    first.push_back(channels);
     return first;
 }
 
-bool VxBvhSampler::Private::workOut(std::vector<float> *values,
-                                    const VxFileProgress &progress) const
+bool VxBvhSampler::workOut(std::vector<float> *values, const VxFileProgress &progress) const
 {
     const std::vector<std::size_t> first = firstChannels();
-    const auto count = std::size_t(times.size());
-    std::vector<std::array<double, 3>> before(joints.size());
+    const auto count = std::size_t(m_times.size());
+    std::vector<std::array<double, 3>> before(m_joints.size());
     for (std::size_t t = 0; t < count; ++t) {
         if (progress && t % 16 == 0 && !progress(int(t * 100 / count)))
             return false;
-        const std::vector<QMatrix4x4> all = worlds(times.at(int(t)));
-        for (std::size_t i = 0; i < joints.size(); ++i) {
-            const Joint &joint = joints[i];
+        const std::vector<QMatrix4x4> all = worlds(m_times.at(int(t)));
+        for (std::size_t i = 0; i < m_joints.size(); ++i) {
+            const Joint &joint = m_joints[i];
             if (joint.isDirect)
                 continue;
             const Frame parent = frameOf(joint.parent, all);
@@ -309,32 +270,28 @@ bool VxBvhSampler::Private::workOut(std::vector<float> *values,
 }
 
 VxBvhSampler::VxBvhSampler(const VxSkeleton *skeleton, const QVector<VxTime> &times)
-    : d(std::make_unique<Private>())
+    : m_times(times)
+    , m_skeleton(skeleton)
 {
-    d->times = times;
-    d->skeleton = skeleton;
-    d->isSkeletonStill = d->isSkeletonUnscaled = true;
     for (const VxNode *node = skeleton; node; node = node->getNodeParent()) {
-        d->isSkeletonUnscaled = d->isSkeletonUnscaled && d->isUnscaled(node);
-        d->isSkeletonStill = d->isSkeletonStill && d->isAtOrigin(node);
+        m_isSkeletonUnscaled = m_isSkeletonUnscaled && isUnscaled(node);
+        m_isSkeletonStill = m_isSkeletonStill && isAtOrigin(node);
     }
     for (const VxBone *bone : skeleton->getAllBones())
-        d->addJoint(bone);
+        addJoint(bone);
 }
-
-VxBvhSampler::~VxBvhSampler() = default;
 
 std::vector<VxBvhJoint> VxBvhSampler::joints() const
 {
-    const std::vector<QMatrix4x4> first = d->worlds(d->times.constFirst());
+    const std::vector<QMatrix4x4> first = worlds(m_times.constFirst());
     std::vector<VxBvhJoint> list;
-    list.reserve(d->joints.size());
-    for (std::size_t i = 0; i < d->joints.size(); ++i) {
-        const Private::Joint &joint = d->joints[i];
+    list.reserve(m_joints.size());
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        const Joint &joint = m_joints[i];
         VxBvhJoint out;
         out.name = jointName(joint.bone->getLabel());
         out.parent = joint.parent;
-        d->setOffset(joint, i, first, &out);
+        setOffset(joint, i, first, &out);
         if (joint.moves)
             out.channels = {VxBvhChannel::XPosition, VxBvhChannel::YPosition,
                             VxBvhChannel::ZPosition};
@@ -347,32 +304,29 @@ std::vector<VxBvhJoint> VxBvhSampler::joints() const
 
 bool VxBvhSampler::sample(std::vector<float> *values, const VxFileProgress &progress) const
 {
-    const std::vector<std::size_t> first = d->firstChannels();
-    const auto count = std::size_t(d->times.size());
-    std::size_t channels = 0;
-    for (const Private::Joint &joint : d->joints)
-        channels += joint.moves ? 6 : 3;
-    values->assign(channels * count, 0.0f);
-    const int direct = int(d->joints.size()) - numWorkedOut();
+    const std::vector<std::size_t> first = firstChannels();
+    const auto count = std::size_t(m_times.size());
+    values->assign(first.back() * count, 0.0f);
+    const int direct = int(m_joints.size()) - numWorkedOut();
     // Copying is negligible beside computing.
     const int copyPercent = numWorkedOut() == 0 ? 100 : 10;
     int copied = 0;
-    for (std::size_t i = 0; i < d->joints.size(); ++i) {
-        if (!d->joints[i].isDirect)
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        if (!m_joints[i].isDirect)
             continue;
         if (progress && !progress(copied++ * copyPercent / direct))
             return false;
-        d->copy(d->joints[i], values->data() + first[i] * count);
+        copy(m_joints[i], values->data() + first[i] * count);
     }
     if (numWorkedOut() == 0)
         return true;
-    return d->workOut(values, [&progress, copyPercent](int percent) {
+    return workOut(values, [&progress, copyPercent](int percent) {
         return !progress || progress(copyPercent + percent * (100 - copyPercent) / 100);
     });
 }
 
 int VxBvhSampler::numWorkedOut() const
 {
-    return int(std::count_if(d->joints.cbegin(), d->joints.cend(),
-                             [](const Private::Joint &joint) { return !joint.isDirect; }));
+    return int(std::count_if(m_joints.cbegin(), m_joints.cend(),
+                             [](const Joint &joint) { return !joint.isDirect; }));
 }

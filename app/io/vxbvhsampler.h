@@ -4,10 +4,15 @@
 #include "io/vxbvhdocument.h"
 #include "io/vxfileprogress.h"
 
+#include <QHash>
+#include <QMatrix4x4>
 #include <QVector>
-#include <memory>
+#include <vector>
 #include <vxcore/vxtime.h>
 
+class VxBone;
+class VxFloatProperty;
+class VxNode;
 class VxSkeleton;
 
 /// Samples the joints of a figure, and the values of their channels at given times, for a motion
@@ -22,9 +27,6 @@ class VxBvhSampler
 public:
     /// The figure is borrowed. Times ascend.
     VxBvhSampler(const VxSkeleton *skeleton, const QVector<VxTime> &times);
-    ~VxBvhSampler();
-    VxBvhSampler(const VxBvhSampler &) = delete;
-    VxBvhSampler &operator=(const VxBvhSampler &) = delete;
 
     /// Joints without a parent get three positions and three rotations, others three rotations,
     /// and positions only where they move. A joint without joints below it gets an end site.
@@ -36,8 +38,39 @@ public:
     int numWorkedOut() const;
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    struct Frame;
+    struct Joint
+    {
+        const VxBone *bone = nullptr;
+        int parent = -1;
+        bool isDirect = false;   // copied control by control
+        bool isUnscaled = false; // neither inherits nor passes on a scale
+        bool moves = false;      // has position channels
+        bool isLeaf = true;
+    };
+
+    bool isAlways(const VxFloatProperty *control, float value) const;
+    bool isUnscaled(const VxNode *node) const;
+    bool isAtOrigin(const VxNode *node) const;
+    int jointAbove(const VxNode *node) const;
+    void addJoint(const VxBone *bone);
+    std::vector<QMatrix4x4> worlds(VxTime time) const;
+    QMatrix4x4 worldOf(const VxNode *node, VxTime time,
+                       const std::vector<QMatrix4x4> &worlds) const;
+    void setOffset(const Joint &joint, std::size_t index, const std::vector<QMatrix4x4> &first,
+                   VxBvhJoint *out) const;
+    Frame frameOf(int joint, const std::vector<QMatrix4x4> &worlds) const;
+    void copy(const Joint &joint, float *values) const;
+    bool workOut(std::vector<float> *values, const VxFileProgress &progress) const;
+    // Of each joint, and behind the last one.
+    std::vector<std::size_t> firstChannels() const;
+
+    const QVector<VxTime> m_times;
+    const VxSkeleton *const m_skeleton;
+    std::vector<Joint> m_joints;
+    QHash<const VxNode *, int> m_indexes;
+    bool m_isSkeletonStill = true;
+    bool m_isSkeletonUnscaled = true;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "io/vxbvhtiming.h"
 
+#include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 
 #include <algorithm>
@@ -71,20 +72,17 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     const double ticks = frameTime * VxTicksPerSecond;
     const int rate = ticks > 0.5 ? wholeRate(frameTime) : 0;
     timing.m_rate = rate > 0 ? rate : 1.0 / frameTime;
-    if (timing.m_rate > VxTicksPerSecond * (1.0 + 1e-9)) {
-        *message = VxFileText::tr("The motion has %1 frames per second; at most %2 are supported.")
-                       .arg(rateText(timing.m_rate))
-                       .arg(VxTicksPerSecond);
-        return false;
-    }
+    if (timing.m_rate > VxTicksPerSecond * (1.0 + 1e-9))
+        return vxFail(message, VxFileText::tr(
+                                   "The motion has %1 frames per second; at most %2 are supported.")
+                                   .arg(rateText(timing.m_rate))
+                                   .arg(VxTicksPerSecond));
     const double exactTicks = rate > 0 ? double(VxTicksPerSecond) / rate : ticks;
     if (exactTicks * std::max(0, frameCount - 1) > double(VxTimeMax) - 1.0 ||
-        exactTicks > VxTimeMax) {
-        *message = VxFileText::tr("The motion is too long: %1 frames of %2 seconds.")
-                       .arg(frameCount)
-                       .arg(rateText(frameTime));
-        return false;
-    }
+        exactTicks > VxTimeMax)
+        return vxFail(message, VxFileText::tr("The motion is too long: %1 frames of %2 seconds.")
+                                   .arg(frameCount)
+                                   .arg(rateText(frameTime)));
     if (isNearly(std::round(exactTicks), exactTicks))
         timing.m_ticks = static_cast<int>(std::round(exactTicks));
     // A whole rate gets the step that the scene itself uses for it, which is truncated.

@@ -1,5 +1,6 @@
 #include "io/vxfileexchange.h"
 
+#include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
 #include "io/vxsafefile.h"
 
@@ -26,36 +27,19 @@ int renameFile(const QString &from, const QString &to)
                : errno;
 }
 
-bool fail(QString *reason, const QString &text)
-{
-    *reason = text;
-    return false;
-}
-
-/** After a loss of power the folder has the new names. Not every file system supports it. */
-void synchronizeFolder(const QString &fileName)
-{
-    const QByteArray folder = QFile::encodeName(QFileInfo(fileName).absolutePath());
-    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    ::fsync(handle);
-    ::close(handle);
-}
-
 /** Copies everything to an open device. */
 bool pour(const QString &from, QIODevice *to, QString *reason)
 {
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly))
-        return fail(reason, source.errorString());
+        return vxFail(reason, source.errorString());
     constexpr int BlockBytes = 1 << 20;
     while (!source.atEnd()) {
         const QByteArray block = source.read(BlockBytes);
         if (block.isEmpty())
-            return fail(reason, source.errorString());
+            return vxFail(reason, source.errorString());
         if (to->write(block) != block.size())
-            return fail(reason, to->errorString());
+            return vxFail(reason, to->errorString());
     }
     return true;
 }
@@ -66,10 +50,10 @@ bool overwrite(const QString &from, const QString &to, QString *reason)
     QFile target(to);
     if (!target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered |
                      QIODevice::ExistingOnly))
-        return fail(reason, target.errorString());
+        return vxFail(reason, target.errorString());
     if (!pour(from, &target, reason))
         return false;
-    return ::fsync(target.handle()) == 0 || fail(reason, qt_error_string(errno));
+    return ::fsync(target.handle()) == 0 || vxFail(reason, qt_error_string(errno));
 }
 
 /// Nobody else can read it, and no link of that name is followed.
@@ -78,10 +62,11 @@ bool createPrivate(QFile *file, QString *reason)
     const int handle = ::open(QFile::encodeName(file->fileName()).constData(),
                               O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (handle < 0)
-        return fail(reason, QStringLiteral("%1: %2").arg(file->fileName(), qt_error_string(errno)));
+        return vxFail(reason,
+                      QStringLiteral("%1: %2").arg(file->fileName(), qt_error_string(errno)));
     return file->open(handle, QIODevice::WriteOnly | QIODevice::Unbuffered,
                       QFileDevice::AutoCloseHandle) ||
-           fail(reason, file->errorString());
+           vxFail(reason, file->errorString());
 }
 
 /// The path in a link, which may be relative to the link's folder; empty when it cannot be read.
@@ -113,7 +98,7 @@ bool replaceContents(const QString &complete, const QString &fileName, QString *
                   VxFileExchange::applyPermissions(copy.handle(), fileName, reason) &&
                   pour(fileName, &copy, reason);
     if (isKept && ::fsync(copy.handle()) != 0)
-        isKept = fail(reason, qt_error_string(errno));
+        isKept = vxFail(reason, qt_error_string(errno));
     copy.close();
     if (!isKept) {
         QFile::remove(old);
@@ -152,10 +137,8 @@ bool replaceInSteps(const QString &complete, const QString &fileName, QString *r
         return true;
     }
     *reason = qt_error_string(error);
-    if (renameFile(old, fileName) != 0) {
-        *reason = VxFileText::tr("%1. The former file is %2").arg(*reason, old);
-        return false;
-    }
+    if (renameFile(old, fileName) != 0)
+        return vxFail(reason, VxFileText::tr("%1. The former file is %2").arg(*reason, old));
     QFile::remove(next);
     return false;
 }
@@ -169,11 +152,23 @@ bool VxFileExchange::replace(const QString &complete, const QString &fileName, Q
     if (!isDone && QFileInfo::exists(fileName))
         isDone = replaceInSteps(complete, fileName, reason);
     else if (!isDone)
-        fail(reason, qt_error_string(error));
+        vxFail(reason, qt_error_string(error));
     if (isDone)
         synchronizeFolder(fileName);
     else
         QFile::remove(complete);
+    return isDone;
+}
+
+/** Not every file system supports it. */
+bool VxFileExchange::synchronizeFolder(const QString &fileName)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(fileName).absolutePath());
+    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const bool isDone = ::fsync(handle) == 0 || errno == EINVAL;
+    ::close(handle);
     return isDone;
 }
 
@@ -232,7 +227,7 @@ bool VxFileExchange::applyPermissions(int handle, const QString &model, QString 
         mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3);
     // File systems without permissions refuse the change.
     return ::fchmod(handle, mode) == 0 || errno == EPERM || errno == ENOTSUP ||
-           fail(reason, qt_error_string(errno));
+           vxFail(reason, qt_error_string(errno));
 }
 
 bool VxFileExchange::copy(const QString &from, const QString &to, QString *reason)
@@ -240,5 +235,5 @@ bool VxFileExchange::copy(const QString &from, const QString &to, QString *reaso
     VxSafeFile file(to);
     if (file.startLike(from) && pour(from, &file, reason) && file.commit())
         return true;
-    return fail(reason, file.failure().isEmpty() ? *reason : file.failure());
+    return vxFail(reason, file.failure().isEmpty() ? *reason : file.failure());
 }

@@ -16,6 +16,9 @@ namespace VxFileExchange {
 /// place, or the reason says where it is.
 bool replace(const QString &complete, const QString &fileName, QString *reason);
 
+/// After a loss of power the folder of a file has its present names. False when that fails.
+bool synchronizeFolder(const QString &fileName);
+
 /// Finishes an exchange that was interrupted while no file had the name: the new file is put there,
 /// else the former one. False when there is nothing to do, or when it fails.
 bool finishInterrupted(const QString &fileName);

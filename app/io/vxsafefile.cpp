@@ -70,11 +70,6 @@ bool VxSafeFile::start()
     return open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
-bool VxSafeFile::startPrivate()
-{
-    return startLike(QString());
-}
-
 bool VxSafeFile::startLike(const QString &model)
 {
     m_model = model;

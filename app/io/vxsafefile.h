@@ -23,7 +23,7 @@ public:
     bool start();
     /// The same for a file that only its owner can read and write, whatever the permissions of a
     /// former file of that name.
-    bool startPrivate();
+    bool startPrivate() { return startLike({}); }
     /// The same for a file that gets the permissions and group of another one.
     bool startLike(const QString &model);
     /// Synchronises what was written to the disk, so that commit() does not have to wait for it.

@@ -1,29 +1,16 @@
 #include "recovery/journalfilewriter.h"
 
+#include "io/vxfileexchange.h"
 #include "io/vxsafefile.h"
 #include "widgets/studiotext.h"
 
-#include <QFileInfo>
 #include <algorithm>
 #include <cstdio>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int FrameBytes = 12; // before the bytes of a record
-
-/// Names in the folder are on the disk, too, when it returns.
-bool synchronizeFolder(const QString &fileName)
-{
-    const QByteArray folder = QFile::encodeName(QFileInfo(fileName).absolutePath());
-    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool done = ::fsync(handle) == 0 || errno == EINVAL;
-    ::close(handle);
-    return done;
-}
 
 } // namespace
 
@@ -142,8 +129,9 @@ bool JournalFileWriter::replace(VxSafeFile *scene, const QByteArray &digest,
     *this = std::move(next);
     const QByteArray from = QFile::encodeName(m_name);
     const QByteArray to = QFile::encodeName(journalFile);
-    if (!synchronizeFolder(journalFile) || std::rename(from.constData(), to.constData()) != 0 ||
-        !synchronizeFolder(journalFile)) {
+    if (!VxFileExchange::synchronizeFolder(journalFile) ||
+        std::rename(from.constData(), to.constData()) != 0 ||
+        !VxFileExchange::synchronizeFolder(journalFile)) {
         fail(qt_error_string(errno));
         close();
         return false;
