@@ -7,9 +7,21 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
+namespace {
+
+bool isCommon(const PoseTools &tools)
+{
+    return tools.settings()->pivot() == PoseToolSettings::Pivot::Common;
+}
+
+} // namespace
+
 VxPoseToolAction::VxPoseToolAction(const QString &text, const QString &description,
-                                   const char *accel, const char *group, const char *folder)
-    : VxViewportAction("Pose", text, description, accel, group, folder, true)
+                                   const char *accel, const char *folder, const Question &isCurrent,
+                                   const Choice &choose)
+    : VxViewportAction("Pose", text, description, accel, "Tools", folder, true)
+    , m_isCurrent(isCurrent)
+    , m_choose(choose)
 {
 }
 
@@ -19,7 +31,7 @@ void VxPoseToolAction::init()
     PoseTools *tools = PoseTools::current();
     if (!tools)
         return;
-    const auto show = [this, tools] { setChecked(isCurrent(*tools)); };
+    const auto show = [this, tools] { setChecked(m_isCurrent(*tools)); };
     if (!m_isConnected) {
         m_isConnected = true;
         connect(tools, &PoseTools::activeToolChanged, this, show);
@@ -36,27 +48,21 @@ void VxPoseToolAction::executeAction()
     PoseTools *tools = PoseTools::current();
     if (!tools)
         return;
-    const QString message = choose(tools);
-    setChecked(isCurrent(*tools));
+    const QString message = m_choose(tools);
+    setChecked(m_isCurrent(*tools));
     if (!message.isEmpty())
         vxApp->getInterface()->showStatusMessage(message);
 }
 
 VxToolAction::VxToolAction(PoseTools::Tool tool, const QString &description, const char *accel)
-    : VxPoseToolAction(tr("%1 Tool").arg(PoseTools::title(tool)), description, accel, "Tools")
-    , m_tool(tool)
+    : VxPoseToolAction(
+          tr("%1 Tool").arg(PoseTools::title(tool)), description, accel, "",
+          [tool](const PoseTools &tools) { return tools.activeTool() == tool; },
+          [tool](PoseTools *tools) {
+              tools->activate(tool);
+              return QString();
+          })
 {
-}
-
-bool VxToolAction::isCurrent(const PoseTools &tools) const
-{
-    return tools.activeTool() == m_tool;
-}
-
-QString VxToolAction::choose(PoseTools *tools)
-{
-    tools->activate(m_tool);
-    return {};
 }
 
 VxSelectToolAction::VxSelectToolAction()
@@ -93,20 +99,16 @@ VxIkToolAction::VxIkToolAction()
 
 VxOrientationAction::VxOrientationAction(PoseToolSettings::Orientation orientation,
                                          const QString &text, const QString &description)
-    : VxPoseToolAction(text, description, "", "Tools", "Gizmo Orientation")
-    , m_orientation(orientation)
+    : VxPoseToolAction(
+          text, description, "", "Gizmo Orientation",
+          [orientation](const PoseTools &tools) {
+              return tools.settings()->orientation() == orientation;
+          },
+          [orientation](PoseTools *tools) {
+              tools->settings()->setOrientation(orientation);
+              return QString();
+          })
 {
-}
-
-bool VxOrientationAction::isCurrent(const PoseTools &tools) const
-{
-    return tools.settings()->orientation() == m_orientation;
-}
-
-QString VxOrientationAction::choose(PoseTools *tools)
-{
-    tools->settings()->setOrientation(m_orientation);
-    return {};
 }
 
 VxLocalOrientationAction::VxLocalOrientationAction()
@@ -131,56 +133,33 @@ VxCommonPivotAction::VxCommonPivotAction()
     : VxPoseToolAction(tr("Common Pivot"),
                        tr("Rotates all selected nodes about the middle of their origins instead of "
                           "each about its own."),
-                       "", "Tools")
+                       "", "", isCommon, [](PoseTools *tools) {
+                           tools->settings()->setPivot(isCommon(*tools)
+                                                           ? PoseToolSettings::Pivot::Own
+                                                           : PoseToolSettings::Pivot::Common);
+                           return QString();
+                       })
 {
-}
-
-bool VxCommonPivotAction::isCurrent(const PoseTools &tools) const
-{
-    return tools.settings()->pivot() == PoseToolSettings::Pivot::Common;
-}
-
-QString VxCommonPivotAction::choose(PoseTools *tools)
-{
-    tools->settings()->setPivot(isCurrent(*tools) ? PoseToolSettings::Pivot::Own
-                                                  : PoseToolSettings::Pivot::Common);
-    return {};
 }
 
 VxPinInIkAction::VxPinInIkAction()
     : VxPoseToolAction(tr("Pin in IK"),
                        tr("Pins the selected hands and feet: they stay where they are while nodes "
                           "above their limbs are posed in the viewport."),
-                       "Ctrl+Shift+I", "Tools")
+                       "Ctrl+Shift+I", "", &PoseTools::areSelectedPinned, &PoseTools::togglePins)
 {
-}
-
-bool VxPinInIkAction::isCurrent(const PoseTools &tools) const
-{
-    return tools.areSelectedPinned();
-}
-
-QString VxPinInIkAction::choose(PoseTools *tools)
-{
-    return tools->togglePins();
 }
 
 VxAutoKeyAction::VxAutoKeyAction()
-    : VxPoseToolAction(tr("Auto Key"),
-                       tr("Toggles whether changed values become keys at the current time. Off, "
-                          "the viewport's tools set values without keys."),
-                       "Ctrl+K", "Tools")
+    : VxPoseToolAction(
+          tr("Auto Key"),
+          tr("Toggles whether changed values become keys at the current time. Off, "
+             "the viewport's tools set values without keys."),
+          "Ctrl+K", "", [](const PoseTools &) { return vxScene && vxScene->isAnimating(); },
+          [](PoseTools *) {
+              vxScene->setAnimating(!vxScene->isAnimating());
+              return vxScene->isAnimating() ? tr("Auto Key is on: changed values become keys.")
+                                            : tr("Auto Key is off: no keys are made.");
+          })
 {
-}
-
-bool VxAutoKeyAction::isCurrent(const PoseTools &) const
-{
-    return vxScene && vxScene->isAnimating();
-}
-
-QString VxAutoKeyAction::choose(PoseTools *)
-{
-    vxScene->setAnimating(!vxScene->isAnimating());
-    return vxScene->isAnimating() ? tr("Auto Key is on: changed values become keys.")
-                                  : tr("Auto Key is off: no keys are made.");
 }

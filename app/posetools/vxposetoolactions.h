@@ -5,6 +5,8 @@
 #include "posetools/posetoolsettings.h"
 #include "viewport/vxviewportaction.h"
 
+#include <functional>
+
 /// Base of the actions that choose among the viewport's tools or orientations: the check mark shows
 /// the current one.
 class VxPoseToolAction : public VxViewportAction
@@ -14,16 +16,18 @@ public:
     void init() override;
 
 protected:
+    using Question = std::function<bool(const PoseTools &)>;
+    /// Returns the text for the status line; empty when there is nothing to report.
+    using Choice = std::function<QString(PoseTools *)>;
+
     VxPoseToolAction(const QString &text, const QString &description, const char *accel,
-                     const char *group, const char *folder = "");
+                     const char *folder, const Question &isCurrent, const Choice &choose);
     void executeAction() override;
     bool isToggle() const override { return false; }
 
 private:
-    virtual bool isCurrent(const PoseTools &tools) const = 0;
-    /// Returns the text for the status line; empty when there is nothing to report.
-    virtual QString choose(PoseTools *tools) = 0;
-
+    const Question m_isCurrent;
+    const Choice m_choose;
     bool m_isConnected = false;
 };
 
@@ -33,12 +37,6 @@ class VxToolAction : public VxPoseToolAction
     Q_OBJECT
 protected:
     VxToolAction(PoseTools::Tool tool, const QString &description, const char *accel);
-
-private:
-    bool isCurrent(const PoseTools &tools) const override;
-    QString choose(PoseTools *tools) override;
-
-    const PoseTools::Tool m_tool;
 };
 
 class VxSelectToolAction : public VxToolAction
@@ -83,12 +81,6 @@ class VxOrientationAction : public VxPoseToolAction
 protected:
     VxOrientationAction(PoseToolSettings::Orientation orientation, const QString &text,
                         const QString &description);
-
-private:
-    bool isCurrent(const PoseTools &tools) const override;
-    QString choose(PoseTools *tools) override;
-
-    const PoseToolSettings::Orientation m_orientation;
 };
 
 class VxLocalOrientationAction : public VxOrientationAction
@@ -117,10 +109,6 @@ class VxCommonPivotAction : public VxPoseToolAction
     Q_OBJECT
 public:
     VxCommonPivotAction();
-
-private:
-    bool isCurrent(const PoseTools &tools) const override;
-    QString choose(PoseTools *tools) override;
 };
 
 class VxPinInIkAction : public VxPoseToolAction
@@ -128,10 +116,6 @@ class VxPinInIkAction : public VxPoseToolAction
     Q_OBJECT
 public:
     VxPinInIkAction();
-
-private:
-    bool isCurrent(const PoseTools &tools) const override;
-    QString choose(PoseTools *tools) override;
 };
 
 class VxAutoKeyAction : public VxPoseToolAction
@@ -139,10 +123,6 @@ class VxAutoKeyAction : public VxPoseToolAction
     Q_OBJECT
 public:
     VxAutoKeyAction();
-
-private:
-    bool isCurrent(const PoseTools &tools) const override;
-    QString choose(PoseTools *tools) override;
 };
 
 #endif
