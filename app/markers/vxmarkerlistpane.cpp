@@ -12,7 +12,6 @@
 #include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QVBoxLayout>
-#include <functional>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
@@ -34,79 +33,65 @@ void runCommand(const char *name)
 
 } // namespace
 
-class VxMarkerListPane::Private
-{
-public:
-    MarkerTableModel *model = nullptr;
-    QSortFilterProxyModel *sorted = nullptr;
-    QTableView *view = nullptr;
-    EmptyHint *hint = nullptr;
-    QHBoxLayout *buttons = nullptr;
-    QVector<int> selected; // ids, while the model is reset
-};
-
 VxMarkerListPane::VxMarkerListPane()
     : VxPane(tr("Marker List"))
-    , d(std::make_unique<Private>())
+    , m_model(new MarkerTableModel(vxScene, this))
+    , m_sorted(new QSortFilterProxyModel(this))
 {
     setMinimumSize(1, 1); // panes in the same place may be lower
-    d->model = new MarkerTableModel(vxScene, this);
-    d->sorted = new QSortFilterProxyModel(this);
-    d->sorted->setSourceModel(d->model);
-    d->sorted->setSortRole(MarkerTableModel::SortRole);
-    d->sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
+    m_sorted->setSourceModel(m_model);
+    m_sorted->setSortRole(MarkerTableModel::SortRole);
+    m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
     // Joins the pane after the buttons, which precede it for the Tab key.
-    d->view = new QTableView;
-    d->view->setObjectName(QStringLiteral("MarkerTable"));
-    d->view->setAccessibleName(tr("Markers"));
-    d->view->setModel(d->sorted);
-    d->view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    d->view->setWordWrap(false);
-    d->view->setFrameShape(QFrame::NoFrame);
-    d->view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    d->view->verticalHeader()->hide();
+    m_view = new QTableView;
+    m_view->setObjectName(QStringLiteral("MarkerTable"));
+    m_view->setAccessibleName(tr("Markers"));
+    m_view->setModel(m_sorted);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_view->setWordWrap(false);
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_view->verticalHeader()->hide();
     fitRows();
-    d->view->setColumnWidth(MarkerTableModel::Name, NameColumnWidth);
-    d->view->horizontalHeader()->setStretchLastSection(true);
-    d->view->horizontalHeader()->setSortIndicator(MarkerTableModel::Start, Qt::AscendingOrder);
-    d->view->setSortingEnabled(true);
-    d->view->installEventFilter(this);
-    d->hint = new EmptyHint(d->view);
-    setFocusProxy(d->view);
+    m_view->setColumnWidth(MarkerTableModel::Name, NameColumnWidth);
+    m_view->horizontalHeader()->setStretchLastSection(true);
+    m_view->horizontalHeader()->setSortIndicator(MarkerTableModel::Start, Qt::AscendingOrder);
+    m_view->setSortingEnabled(true);
+    m_view->installEventFilter(this);
+    m_hint = new EmptyHint(m_view);
+    setFocusProxy(m_view);
 
-    d->buttons = new QHBoxLayout;
+    m_buttons = new QHBoxLayout;
     addButton("addMarker", tr("Add"), tr("Adds a marker at the current time."),
               [] { MarkerEdits::add(vxScene, vxScene->getTime()); });
     addButton("deleteMarkers", tr("Delete"), tr("Deletes the selected markers."),
               [this] { deleteSelected(); });
-    d->buttons->addStretch();
+    m_buttons->addStretch();
     addButton("importMarkers", tr("Import..."), tr("Adds the markers of a CSV file."),
               [] { runCommand("StudioImportMarkers"); });
     addButton("exportMarkers", tr("Export..."), tr("Saves all markers to a CSV file."),
               [] { runCommand("StudioExportMarkers"); });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addLayout(d->buttons);
-    layout->addWidget(d->view);
+    layout->addLayout(m_buttons);
+    layout->addWidget(m_view);
 
-    connect(d->view, &QTableView::clicked, this, &VxMarkerListPane::showTime);
-    connect(d->model, &MarkerTableModel::refused, this, [](const QString &message) {
+    connect(m_view, &QTableView::clicked, this, &VxMarkerListPane::showTime);
+    connect(m_model, &MarkerTableModel::refused, this, [](const QString &message) {
         if (VxMainWindow *window = vxApp->getInterface())
             window->showStatusMessage(message);
     });
-    connect(d->model, &QAbstractItemModel::modelAboutToBeReset, this,
-            [this] { d->selected = selectedIds(); });
-    connect(d->sorted, &QAbstractItemModel::modelReset, this, &VxMarkerListPane::keepSelection);
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
+            [this] { m_selected = selectedIds(); });
+    connect(m_sorted, &QAbstractItemModel::modelReset, this, &VxMarkerListPane::keepSelection);
     showCount();
 }
 
-VxMarkerListPane::~VxMarkerListPane() = default;
-
 void VxMarkerListPane::fitRows()
 {
-    d->view->verticalHeader()->setDefaultSectionSize(d->view->fontMetrics().height() +
-                                                     MarkerRowPadding);
-    QHeaderView *columns = d->view->horizontalHeader();
+    m_view->verticalHeader()->setDefaultSectionSize(m_view->fontMetrics().height() +
+                                                    MarkerRowPadding);
+    QHeaderView *columns = m_view->horizontalHeader();
     for (int i = 0; i < columns->count(); ++i)
         columns->resizeSection(i, qMax(columns->sectionSize(i), columns->sectionSizeHint(i)));
 }
@@ -115,13 +100,13 @@ void VxMarkerListPane::changeEvent(QEvent *event)
 {
     VxPane::changeEvent(event);
     // The table has the pane's font already.
-    if (event->type() == QEvent::FontChange && d && d->view)
+    if (event->type() == QEvent::FontChange && m_view)
         fitRows();
 }
 
 QAbstractItemView *VxMarkerListPane::getTable() const
 {
-    return d->view;
+    return m_view;
 }
 
 void VxMarkerListPane::addButton(const char *name, const QString &text, const QString &help,
@@ -132,19 +117,19 @@ void VxMarkerListPane::addButton(const char *name, const QString &text, const QS
     button->setToolTip(help);
     button->setStatusTip(help);
     connect(button, &QPushButton::clicked, this, run);
-    d->buttons->addWidget(button);
+    m_buttons->addWidget(button);
 }
 
 void VxMarkerListPane::showCount()
 {
-    d->hint->showMessage(d->model->rowCount() == 0 ? tr("The scene has no markers.") : QString());
+    m_hint->showMessage(m_model->rowCount() == 0 ? tr("The scene has no markers.") : QString());
 }
 
 QVector<int> VxMarkerListPane::selectedIds() const
 {
     QVector<int> ids;
-    for (const QModelIndex &index : d->view->selectionModel()->selectedRows())
-        ids.append(d->model->markerAt(d->sorted->mapToSource(index).row()).id);
+    for (const QModelIndex &index : m_view->selectionModel()->selectedRows())
+        ids.append(m_model->markerAt(m_sorted->mapToSource(index).row()).id);
     return ids;
 }
 
@@ -152,26 +137,25 @@ QVector<int> VxMarkerListPane::selectedIds() const
 void VxMarkerListPane::keepSelection()
 {
     showCount();
-    const QSet<int> ids(d->selected.cbegin(), d->selected.cend());
+    const QSet<int> ids(m_selected.cbegin(), m_selected.cend());
     QItemSelection rows;
-    for (int row = 0; row < d->model->rowCount(); ++row) {
-        if (!ids.contains(d->model->markerAt(row).id))
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        if (!ids.contains(m_model->markerAt(row).id))
             continue;
-        const QModelIndex index = d->sorted->mapFromSource(d->model->index(row, 0));
+        const QModelIndex index = m_sorted->mapFromSource(m_model->index(row, 0));
         rows.append(QItemSelectionRange(index));
     }
     if (rows.isEmpty())
         return;
-    if (!d->view->currentIndex().isValid())
-        d->view->selectionModel()->setCurrentIndex(rows.first().topLeft(),
-                                                   QItemSelectionModel::NoUpdate);
-    d->view->selectionModel()->select(rows,
-                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (!m_view->currentIndex().isValid())
+        m_view->selectionModel()->setCurrentIndex(rows.first().topLeft(),
+                                                  QItemSelectionModel::NoUpdate);
+    m_view->selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void VxMarkerListPane::showTime(const QModelIndex &index)
 {
-    const VxTimeRange span = d->model->markerAt(d->sorted->mapToSource(index).row()).span;
+    const VxTimeRange span = m_model->markerAt(m_sorted->mapToSource(index).row()).span;
     vxScene->setTime(index.column() == MarkerTableModel::End ? span.getEnd() : span.getStart());
 }
 
@@ -186,7 +170,7 @@ void VxMarkerListPane::deleteSelected()
 bool VxMarkerListPane::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isPress = event->type() == QEvent::KeyPress;
-    if (watched != d->view || (!isPress && event->type() != QEvent::ShortcutOverride))
+    if (watched != m_view || (!isPress && event->type() != QEvent::ShortcutOverride))
         return VxPane::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent *>(event)->key();
     const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -195,7 +179,7 @@ bool VxMarkerListPane::eventFilter(QObject *watched, QEvent *event)
     event->accept();
     if (isPress && !isReturn)
         deleteSelected();
-    else if (isPress && d->view->currentIndex().isValid())
-        showTime(d->view->currentIndex());
+    else if (isPress && m_view->currentIndex().isValid())
+        showTime(m_view->currentIndex());
     return true;
 }

@@ -2,11 +2,15 @@
 #define VXMARKERLISTPANE_H
 
 #include <functional>
-#include <memory>
 #include <vxcore/vxpane.h>
 
+class EmptyHint;
+class MarkerTableModel;
 class QAbstractItemView;
+class QHBoxLayout;
 class QModelIndex;
+class QSortFilterProxyModel;
+class QTableView;
 
 /// The pane "Marker List": the markers as a table. A click sets the current time to the marker,
 /// cells are edited in place, Delete deletes the selected rows, a click on a header sorts.
@@ -15,7 +19,6 @@ class VxMarkerListPane : public VxPane
     Q_OBJECT
 public:
     VxMarkerListPane();
-    ~VxMarkerListPane() override;
 
     /// Never null; owned by the pane.
     QAbstractItemView *getTable() const;
@@ -37,8 +40,12 @@ private:
     void addButton(const char *name, const QString &text, const QString &help,
                    const std::function<void()> &run);
 
-    class Private;
-    std::unique_ptr<Private> d;
+    MarkerTableModel *const m_model;
+    QSortFilterProxyModel *const m_sorted;
+    QTableView *m_view = nullptr;
+    EmptyHint *m_hint = nullptr;
+    QHBoxLayout *m_buttons = nullptr;
+    QVector<int> m_selected; // ids, while the model is reset
 };
 
 #endif

@@ -4,10 +4,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <condition_variable>
-#include <future>
-#include <mutex>
-#include <thread>
 #include <utility>
 
 namespace {
@@ -17,8 +13,10 @@ using Change = JournalFileWriter::Change;
 /// How long changes are gathered before they are written at once.
 constexpr std::chrono::milliseconds BatchTime(100);
 
+} // namespace
+
 /// A copy that is being written.
-struct Copy
+struct RecoveryWriter::Copy
 {
     QString journalFile;
     RecoveryHistory history;
@@ -27,253 +25,217 @@ struct Copy
     std::vector<Change> later;        // changes since the copy was made
 };
 
-} // namespace
-
-class RecoveryWriter::Private
+std::vector<Change> RecoveryWriter::takeQueue()
 {
-public:
-    using Lock = std::unique_lock<std::mutex>;
-
-    void run();
-    void writeScene(const QByteArray &scene);
-    void finishCopy(Lock &lock);
-    /// Returns the reason of a failure, else an empty text.
-    QString replaceFiles(const std::vector<Change> &before, const std::vector<Change> &later);
-    void writeBatch(Lock &lock);
-    std::vector<Change> takeQueue();
-    void report() const;
-
-    mutable std::mutex mutex;
-    std::condition_variable wake;
-    std::condition_variable finished;
-    std::function<void()> changed;
-    std::thread thread;
-    std::future<void> scene;
-    std::unique_ptr<Copy> copy;
-    bool sceneIsWritten = false;
-    bool ends = false;
-    bool closes = false;
-    bool hasJournal = false;
-    std::vector<Change> queue;
-    qint64 queuedBytes = 0;
-    quint64 synchronized = 0;
-    QString copyFailure;
-    QString failure;
-    JournalFileWriter journal; // the thread's own
-};
-
-std::vector<Change> RecoveryWriter::Private::takeQueue()
-{
-    queuedBytes = 0;
-    return std::exchange(queue, {});
+    m_queuedBytes = 0;
+    return std::exchange(m_queue, {});
 }
 
 /** Under the lock, so that setChanged() returns when no call is under way. */
-void RecoveryWriter::Private::report() const
+void RecoveryWriter::report() const
 {
-    if (changed)
-        changed();
+    if (m_changed)
+        m_changed();
 }
 
 /** In a thread of its own: changes are written to the former journal meanwhile. */
-void RecoveryWriter::Private::writeScene(const QByteArray &bytes)
+void RecoveryWriter::writeScene(const QByteArray &bytes)
 {
-    VxSafeFile *file = copy->file.get();
+    VxSafeFile *file = m_copy->file.get();
     const QByteArray digest = VxJournalFile::digestOf(bytes);
     if (file->startPrivate() && file->write(bytes) == bytes.size())
         file->flush();
-    const Lock lock(mutex);
-    copy->digest = digest;
-    sceneIsWritten = true;
-    wake.notify_one();
+    const Lock lock(m_mutex);
+    m_copy->digest = digest;
+    m_sceneIsWritten = true;
+    m_wake.notify_one();
 }
 
-void RecoveryWriter::Private::finishCopy(Lock &lock)
+void RecoveryWriter::finishCopy(Lock &lock)
 {
-    sceneIsWritten = false;
+    m_sceneIsWritten = false;
     // Changes before the copy, some of which it may keep, and those since then.
     const std::vector<Change> queued = takeQueue();
     const auto since = std::find_if(queued.begin(), queued.end(), [this](const Change &change) {
-        return change.position > copy->history.position;
+        return change.position > m_copy->history.position;
     });
-    const std::vector<Change> later = copy->later;
+    const std::vector<Change> later = m_copy->later;
     lock.unlock();
     const QString reason = replaceFiles({queued.begin(), since}, later);
     lock.lock();
-    const auto added = copy->later.begin() + std::ptrdiff_t(later.size());
+    const auto added = m_copy->later.begin() + std::ptrdiff_t(later.size());
     if (reason.isEmpty()) {
-        failure.clear();
-        synchronized = later.empty() ? copy->history.position : later.back().position;
-        queue.assign(added, copy->later.end());
-    } else if (journal.isOpen() && copy->history.continues) {
-        queue.assign(since, queued.end());
-        queue.insert(queue.end(), added, copy->later.end());
+        m_failure.clear();
+        m_synchronized = later.empty() ? m_copy->history.position : later.back().position;
+        m_queue.assign(added, m_copy->later.end());
+    } else if (m_journal.isOpen() && m_copy->history.continues) {
+        m_queue.assign(since, queued.end());
+        m_queue.insert(m_queue.end(), added, m_copy->later.end());
     } else {
-        journal.close();
-        failure = reason;
+        m_journal.close();
+        m_failure = reason;
         takeQueue();
     }
-    hasJournal = journal.isOpen();
-    copyFailure = reason;
-    copy.reset();
-    finished.notify_all();
+    m_hasJournal = m_journal.isOpen();
+    m_copyFailure = reason;
+    m_copy.reset();
+    m_finished.notify_all();
     report();
 }
 
-QString RecoveryWriter::Private::replaceFiles(const std::vector<Change> &before,
-                                              const std::vector<Change> &later)
+QString RecoveryWriter::replaceFiles(const std::vector<Change> &before,
+                                     const std::vector<Change> &later)
 {
     // Also when the copy has failed: the former journal is continued then.
-    if (journal.isOpen() && !journal.append(before))
-        journal.close();
-    VxSafeFile *file = copy->file.get();
+    if (m_journal.isOpen() && !m_journal.append(before))
+        m_journal.close();
+    VxSafeFile *file = m_copy->file.get();
     if (!file->failure().isEmpty())
         return file->failure();
-    if (copy->journalFile.isEmpty()) {
-        journal.close();
+    if (m_copy->journalFile.isEmpty()) {
+        m_journal.close();
         return file->commit() ? QString() : file->failure();
     }
-    const bool done = journal.replace(file, copy->digest, copy->journalFile, copy->history.kept,
-                                      copy->history.further, later);
-    return done ? QString() : journal.failure();
+    const bool done = m_journal.replace(file, m_copy->digest, m_copy->journalFile,
+                                        m_copy->history.kept, m_copy->history.further, later);
+    return done ? QString() : m_journal.failure();
 }
 
-void RecoveryWriter::Private::writeBatch(Lock &lock)
+void RecoveryWriter::writeBatch(Lock &lock)
 {
-    wake.wait_for(lock, BatchTime, [this] { return ends || closes || sceneIsWritten; });
-    if (closes || sceneIsWritten)
+    m_wake.wait_for(lock, BatchTime, [this] { return m_ends || m_closes || m_sceneIsWritten; });
+    if (m_closes || m_sceneIsWritten)
         return;
     const std::vector<Change> batch = takeQueue();
     lock.unlock();
-    const bool done = journal.append(batch) && journal.synchronize();
+    const bool done = m_journal.append(batch) && m_journal.synchronize();
     lock.lock();
     if (done) {
-        synchronized = batch.back().position;
+        m_synchronized = batch.back().position;
     } else {
-        failure = journal.failure();
-        hasJournal = false;
+        m_failure = m_journal.failure();
+        m_hasJournal = false;
         takeQueue();
     }
     report();
 }
 
-void RecoveryWriter::Private::run()
+void RecoveryWriter::run()
 {
-    Lock lock(mutex);
+    Lock lock(m_mutex);
     while (true) {
-        wake.wait(lock, [this] {
-            return (ends && !copy) || (closes && !copy) || sceneIsWritten ||
-                   (hasJournal && !queue.empty());
+        m_wake.wait(lock, [this] {
+            return (m_ends && !m_copy) || (m_closes && !m_copy) || m_sceneIsWritten ||
+                   (m_hasJournal && !m_queue.empty());
         });
-        if (sceneIsWritten) {
+        if (m_sceneIsWritten) {
             finishCopy(lock);
-        } else if (closes && !copy) {
+        } else if (m_closes && !m_copy) {
             takeQueue();
-            journal.close();
-            hasJournal = closes = false;
-            failure.clear();
-            finished.notify_all();
-        } else if (hasJournal && !queue.empty()) {
+            m_journal.close();
+            m_hasJournal = m_closes = false;
+            m_failure.clear();
+            m_finished.notify_all();
+        } else if (m_hasJournal && !m_queue.empty()) {
             writeBatch(lock);
-        } else if (ends) {
+        } else if (m_ends) {
             return;
         }
     }
 }
 
 RecoveryWriter::RecoveryWriter(const std::function<void()> &changed)
-    : d(std::make_unique<Private>())
+    : m_changed(changed)
 {
-    d->changed = changed;
 }
 
 RecoveryWriter::~RecoveryWriter()
 {
-    if (!d->thread.joinable())
+    if (!m_thread.joinable())
         return;
     {
-        const Private::Lock lock(d->mutex);
-        d->ends = true;
-        d->changed = {};
+        const Lock lock(m_mutex);
+        m_ends = true;
+        m_changed = {};
     }
-    d->wake.notify_one();
-    d->thread.join();
+    m_wake.notify_one();
+    m_thread.join();
 }
 
 void RecoveryWriter::setChanged(const std::function<void()> &changed)
 {
-    const Private::Lock lock(d->mutex);
-    d->changed = changed;
+    const Lock lock(m_mutex);
+    m_changed = changed;
 }
 
 void RecoveryWriter::start(const QString &sceneFile, const QByteArray &scene,
                            const QString &journalFile, const RecoveryHistory &history)
 {
     finish();
-    if (d->scene.valid())
-        d->scene.get();
+    if (m_scene.valid())
+        m_scene.get();
     {
-        const Private::Lock lock(d->mutex);
-        d->copy = std::make_unique<Copy>();
-        d->copy->journalFile = journalFile;
-        d->copy->history = history;
-        d->copy->file = std::make_unique<VxSafeFile>(sceneFile);
-        d->copyFailure.clear();
+        const Lock lock(m_mutex);
+        m_copy = std::make_unique<Copy>();
+        m_copy->journalFile = journalFile;
+        m_copy->history = history;
+        m_copy->file = std::make_unique<VxSafeFile>(sceneFile);
+        m_copyFailure.clear();
     }
-    if (!d->thread.joinable())
-        d->thread = std::thread([this] { d->run(); });
-    d->scene = std::async(std::launch::async, [this, scene] { d->writeScene(scene); });
+    if (!m_thread.joinable())
+        m_thread = std::thread([this] { run(); });
+    m_scene = std::async(std::launch::async, [this, scene] { writeScene(scene); });
 }
 
 bool RecoveryWriter::isWriting() const
 {
-    const Private::Lock lock(d->mutex);
-    return d->copy != nullptr;
+    const Lock lock(m_mutex);
+    return m_copy != nullptr;
 }
 
 QString RecoveryWriter::finish()
 {
-    Private::Lock lock(d->mutex);
-    d->finished.wait(lock, [this] { return !d->copy; });
-    return d->copyFailure;
+    Lock lock(m_mutex);
+    m_finished.wait(lock, [this] { return !m_copy; });
+    return m_copyFailure;
 }
 
 bool RecoveryWriter::append(quint64 position, const VxJournalRecord &record)
 {
-    const Private::Lock lock(d->mutex);
-    const bool startsAnew = d->copy && !d->copy->journalFile.isEmpty();
+    const Lock lock(m_mutex);
+    const bool startsAnew = m_copy && !m_copy->journalFile.isEmpty();
     const bool continues =
-        d->hasJournal && d->failure.isEmpty() && (!d->copy || d->copy->history.continues);
-    if ((!startsAnew && !continues) || d->queuedBytes + record.bytes.size() > MaxQueuedBytes)
+        m_hasJournal && m_failure.isEmpty() && (!m_copy || m_copy->history.continues);
+    if ((!startsAnew && !continues) || m_queuedBytes + record.bytes.size() > MaxQueuedBytes)
         return false;
-    d->queuedBytes += record.bytes.size();
+    m_queuedBytes += record.bytes.size();
     if (startsAnew)
-        d->copy->later.push_back({position, record});
+        m_copy->later.push_back({position, record});
     if (continues) {
-        d->queue.push_back({position, record});
-        d->wake.notify_one();
+        m_queue.push_back({position, record});
+        m_wake.notify_one();
     }
     return true;
 }
 
 quint64 RecoveryWriter::synchronized() const
 {
-    const Private::Lock lock(d->mutex);
-    return d->synchronized;
+    const Lock lock(m_mutex);
+    return m_synchronized;
 }
 
 QString RecoveryWriter::failure() const
 {
-    const Private::Lock lock(d->mutex);
-    return d->failure;
+    const Lock lock(m_mutex);
+    return m_failure;
 }
 
 void RecoveryWriter::close()
 {
-    Private::Lock lock(d->mutex);
-    if (!d->thread.joinable())
+    Lock lock(m_mutex);
+    if (!m_thread.joinable())
         return;
-    d->closes = true;
-    d->wake.notify_one();
-    d->finished.wait(lock, [this] { return !d->closes; });
+    m_closes = true;
+    m_wake.notify_one();
+    m_finished.wait(lock, [this] { return !m_closes; });
 }

@@ -3,8 +3,12 @@
 
 #include "recovery/journalfilewriter.h"
 
+#include <condition_variable>
 #include <functional>
+#include <future>
 #include <memory>
+#include <mutex>
+#include <thread>
 
 /// What a new copy takes over from the history.
 struct RecoveryHistory
@@ -53,8 +57,36 @@ public:
     void close();
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    struct Copy;
+    using Change = JournalFileWriter::Change;
+    using Lock = std::unique_lock<std::mutex>;
+
+    void run();
+    void writeScene(const QByteArray &scene);
+    void finishCopy(Lock &lock);
+    /// Returns the reason of a failure, else an empty text.
+    QString replaceFiles(const std::vector<Change> &before, const std::vector<Change> &later);
+    void writeBatch(Lock &lock);
+    std::vector<Change> takeQueue();
+    void report() const;
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::condition_variable m_finished;
+    std::function<void()> m_changed;
+    std::thread m_thread;
+    std::future<void> m_scene;
+    std::unique_ptr<Copy> m_copy;
+    bool m_sceneIsWritten = false;
+    bool m_ends = false;
+    bool m_closes = false;
+    bool m_hasJournal = false;
+    std::vector<Change> m_queue;
+    qint64 m_queuedBytes = 0;
+    quint64 m_synchronized = 0;
+    QString m_copyFailure;
+    QString m_failure;
+    JournalFileWriter m_journal; // the thread's own
 };
 
 #endif

@@ -1,7 +1,6 @@
 #include "scenetree/scenetreemodel.h"
 
 #include <QGuiApplication>
-#include <QHash>
 #include <QIcon>
 #include <QMimeData>
 #include <QPalette>
@@ -43,7 +42,9 @@ private:
     QVector<QPointer<VxNode>> m_nodes;
 };
 
-struct Row
+} // namespace
+
+struct SceneTreeModel::Row
 {
     VxNode *node = nullptr; // null for the invisible root
     Row *parent = nullptr;
@@ -58,6 +59,12 @@ struct Row
         return child->lastIndex;
     }
 
+    /// A node's index among the existing children, of which it may be one.
+    int place(const VxNode *child, bool isIn = false) const
+    {
+        return qBound(0, child->getSiblingIndex(), int(children.size()) - (isIn ? 1 : 0));
+    }
+
 private:
     void renumber() const
     {
@@ -66,55 +73,10 @@ private:
     }
 };
 
-} // namespace
-
-class SceneTreeModel::Private
-{
-public:
-    VxScene *scene;
-    Row root;
-    QHash<const VxNode *, Row *> rows;
-    SceneEdits::Kept dropKeeps = SceneEdits::Kept::WorldPlace;
-
-    Row *rowOf(const VxNode *node) { return node ? rows.value(node) : &root; }
-
-    /// A node's index among the existing rows, of which it may be one.
-    static int place(const VxNode *node, const Row *parent, bool isIn = false)
-    {
-        const int others = int(parent->children.size()) - (isIn ? 1 : 0);
-        return qBound(0, node->getSiblingIndex(), others);
-    }
-
-    Row *insert(SceneTreeModel *q, VxNode *node, Row *parent, int at)
-    {
-        auto *row = new Row;
-        row->node = node;
-        row->parent = parent;
-        row->icon = node->getIcon();
-        row->lastIndex = at;
-        parent->children.insert(at, row);
-        rows.insert(node, row);
-        QObject::connect(node, &VxElement::labelChanged, q, [q, node] { q->refresh(node); });
-        return row;
-    }
-
-    /// Destroys detached rows with all below them.
-    void destroy(SceneTreeModel *q, const QVector<Row *> &tops)
-    {
-        QVector<Row *> open = tops;
-        while (!open.isEmpty()) {
-            const Row *row = open.takeLast();
-            open += row->children;
-            QObject::disconnect(row->node, nullptr, q, nullptr);
-            rows.remove(row->node);
-            delete row;
-        }
-    }
-};
-
 SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
     : QAbstractItemModel(parent)
-    , d(new Private{scene, {}, {}, SceneEdits::Kept::WorldPlace})
+    , m_scene(scene)
+    , m_root(std::make_unique<Row>())
 {
     connect(scene, &VxScene::nodeAdded, this, &SceneTreeModel::addNode);
     connect(scene, &VxScene::aboutToRemoveNode, this, &SceneTreeModel::removeNode);
@@ -131,26 +93,57 @@ SceneTreeModel::SceneTreeModel(VxScene *scene, QObject *parent)
 
 SceneTreeModel::~SceneTreeModel()
 {
-    qDeleteAll(d->rows);
+    qDeleteAll(m_rows);
+}
+
+SceneTreeModel::Row *SceneTreeModel::rowOf(const VxNode *node) const
+{
+    return node ? m_rows.value(node) : m_root.get();
+}
+
+void SceneTreeModel::insert(VxNode *node, Row *parent, int at)
+{
+    auto *row = new Row;
+    row->node = node;
+    row->parent = parent;
+    row->icon = node->getIcon();
+    row->lastIndex = at;
+    parent->children.insert(at, row);
+    m_rows.insert(node, row);
+    connect(node, &VxElement::labelChanged, this, [this, node] { refresh(node); });
+}
+
+void SceneTreeModel::destroy(const QVector<Row *> &tops)
+{
+    QVector<Row *> open = tops;
+    while (!open.isEmpty()) {
+        const Row *row = open.takeLast();
+        open += row->children;
+        disconnect(row->node, nullptr, this, nullptr);
+        m_rows.remove(row->node);
+        delete row;
+    }
+}
+
+const SceneTreeModel::Row *SceneTreeModel::rowAt(const QModelIndex &index) const
+{
+    return index.isValid() ? static_cast<const Row *>(index.internalPointer()) : m_root.get();
 }
 
 VxNode *SceneTreeModel::nodeAt(const QModelIndex &index) const
 {
-    if (!index.isValid() || index.model() != this)
-        return nullptr;
-    return static_cast<const Row *>(index.internalPointer())->node;
+    return index.model() == this ? rowAt(index)->node : nullptr;
 }
 
 QModelIndex SceneTreeModel::indexOf(const VxNode *node) const
 {
-    Row *row = node ? d->rows.value(node) : nullptr;
+    Row *row = node ? m_rows.value(node) : nullptr;
     return row ? createIndex(row->parent->childIndex(row), 0, row) : QModelIndex();
 }
 
 QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex &parent) const
 {
-    const Row *above =
-        parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
+    const Row *above = rowAt(parent);
     if (parent.column() > 0 || column < 0 || column >= NumColumns || row < 0 ||
         row >= int(above->children.size()))
         return QModelIndex();
@@ -159,17 +152,14 @@ QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex &parent
 
 QModelIndex SceneTreeModel::parent(const QModelIndex &index) const
 {
-    if (!index.isValid())
-        return QModelIndex();
-    Row *above = static_cast<const Row *>(index.internalPointer())->parent;
-    return above == &d->root ? QModelIndex()
-                             : createIndex(above->parent->childIndex(above), 0, above);
+    Row *above = rowAt(index)->parent;
+    return above && above->parent ? createIndex(above->parent->childIndex(above), 0, above)
+                                  : QModelIndex();
 }
 
 int SceneTreeModel::rowCount(const QModelIndex &parent) const
 {
-    const Row *above =
-        parent.isValid() ? static_cast<const Row *>(parent.internalPointer()) : &d->root;
+    const Row *above = rowAt(parent);
     return parent.column() > 0 ? 0 : int(above->children.size());
 }
 
@@ -193,7 +183,7 @@ QVariant SceneTreeModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return QVariant();
-    const Row *row = static_cast<const Row *>(index.internalPointer());
+    const Row *row = rowAt(index);
     return index.column() == EyeColumn ? eyeData(row->node, role)
                                        : nameData(row->node, row->icon, role);
 }
@@ -287,7 +277,7 @@ bool SceneTreeModel::canDropMimeData(const QMimeData *data, Qt::DropAction actio
 {
     const auto *dragged = qobject_cast<const DraggedNodes *>(data);
     return dragged && action == Qt::MoveAction &&
-           SceneEdits::canMove(dragged->nodes(d->scene), nodeAt(parent));
+           SceneEdits::canMove(dragged->nodes(m_scene), nodeAt(parent));
 }
 
 bool SceneTreeModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
@@ -297,26 +287,21 @@ bool SceneTreeModel::dropMimeData(const QMimeData *data, Qt::DropAction action, 
         return false;
     const auto *dragged = qobject_cast<const DraggedNodes *>(data);
     QVector<VxNode *> left;
-    const bool done = SceneEdits::move(d->scene, dragged->nodes(d->scene), nodeAt(parent), row,
-                                       d->dropKeeps, &left);
+    const bool done =
+        SceneEdits::move(m_scene, dragged->nodes(m_scene), nodeAt(parent), row, m_dropKeeps, &left);
     if (done && !left.isEmpty())
         Q_EMIT displaced(left);
     return done;
 }
 
-void SceneTreeModel::setDropKeeps(SceneEdits::Kept kept)
-{
-    d->dropKeeps = kept;
-}
-
 void SceneTreeModel::rebuild()
 {
     beginResetModel();
-    d->destroy(this, std::exchange(d->root.children, {}));
+    destroy(std::exchange(m_root->children, {}));
     // Parents precede their children, siblings are in their order.
-    for (VxNode *node : d->scene->getNodes()) {
-        Row *parent = d->rowOf(node->getNodeParent());
-        d->insert(this, node, parent, int(parent->children.size()));
+    for (VxNode *node : m_scene->getNodes()) {
+        Row *parent = rowOf(node->getNodeParent());
+        insert(node, parent, int(parent->children.size()));
     }
     endResetModel();
 }
@@ -324,51 +309,51 @@ void SceneTreeModel::rebuild()
 void SceneTreeModel::dropAll()
 {
     beginResetModel();
-    d->destroy(this, std::exchange(d->root.children, {}));
+    destroy(std::exchange(m_root->children, {}));
     endResetModel();
 }
 
 void SceneTreeModel::addNode(VxNode *node)
 {
-    if (d->scene->isLoading())
+    if (m_scene->isLoading())
         return;
     // Another receiver of the signal may have removed the node, or added nodes below it that were
     // reported before it.
     QVector<VxNode *> nodes{node};
     node->getNodeChildren(nodes, true);
     for (VxNode *added : qAsConst(nodes)) {
-        Row *parent = d->rowOf(added->getNodeParent());
-        if (added->getScene() != d->scene || !parent || d->rows.contains(added))
+        Row *parent = rowOf(added->getNodeParent());
+        if (added->getScene() != m_scene || !parent || m_rows.contains(added))
             continue;
-        const int at = Private::place(added, parent);
+        const int at = parent->place(added);
         beginInsertRows(indexOf(parent->node), at, at);
-        d->insert(this, added, parent, at);
+        insert(added, parent, at);
         endInsertRows();
     }
 }
 
 void SceneTreeModel::removeNode(VxNode *node)
 {
-    Row *row = d->rows.value(node);
+    Row *row = m_rows.value(node);
     if (!row)
         return;
     Row *parent = row->parent;
     const int at = parent->childIndex(row);
     beginRemoveRows(indexOf(parent->node), at, at);
     parent->children.remove(at);
-    d->destroy(this, {row});
+    destroy({row});
     endRemoveRows();
 }
 
 void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
 {
-    Row *row = d->rows.value(node);
-    Row *target = d->rowOf(newParent);
+    Row *row = m_rows.value(node);
+    Row *target = rowOf(newParent);
     if (!row || !target)
         return;
     Row *source = row->parent;
     const int from = source->childIndex(row);
-    int to = Private::place(node, target, source == target);
+    int to = target->place(node, source == target);
     // Views require the target index before the row is taken out.
     if (source == target && to > from)
         ++to;

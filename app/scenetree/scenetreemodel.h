@@ -4,6 +4,7 @@
 #include "scenetree/sceneedits.h"
 
 #include <QAbstractItemModel>
+#include <QHash>
 #include <QVector>
 #include <memory>
 
@@ -54,7 +55,7 @@ public:
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
     /// The invariant of drops from now on; initially the world transform.
-    void setDropKeeps(SceneEdits::Kept kept);
+    void setDropKeeps(SceneEdits::Kept kept) { m_dropKeeps = kept; }
     /// row -1: behind the last row below the parent.
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
@@ -75,8 +76,19 @@ private:
     void refreshVisibility(const VxNode *node);
     void moveRow(VxNode *node, VxNode *newParent);
 
-    class Private;
-    std::unique_ptr<Private> d;
+    struct Row;
+
+    Row *rowOf(const VxNode *node) const;
+    /// The invisible root for an invalid index.
+    const Row *rowAt(const QModelIndex &index) const;
+    void insert(VxNode *node, Row *parent, int at);
+    /// Destroys detached rows with all below them.
+    void destroy(const QVector<Row *> &tops);
+
+    VxScene *const m_scene;
+    std::unique_ptr<Row> m_root;
+    QHash<const VxNode *, Row *> m_rows;
+    SceneEdits::Kept m_dropKeeps = SceneEdits::Kept::WorldPlace;
 };
 
 #endif

@@ -1,14 +1,9 @@
 #include "shell/endsignals.h"
 
-#include <QSocketNotifier>
-#include <array>
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace {
-
-constexpr std::array<int, 3> Numbers = {SIGTERM, SIGHUP, SIGINT};
 
 int writeEnd = -1;
 
@@ -22,49 +17,40 @@ void handle(int number)
 
 } // namespace
 
-class EndSignals::Private
-{
-public:
-    std::array<int, 2> pipe = {-1, -1};
-    std::unique_ptr<QSocketNotifier> notifier;
-    std::array<struct sigaction, Numbers.size()> former = {};
-};
-
 EndSignals::EndSignals(QObject *parent)
     : QObject(parent)
-    , d(std::make_unique<Private>())
 {
     // Without a pipe the signals keep their default effect.
-    if (::pipe2(d->pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    if (::pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
-    d->notifier = std::make_unique<QSocketNotifier>(d->pipe[0], QSocketNotifier::Read);
-    connect(d->notifier.get(), &QSocketNotifier::activated, this, &EndSignals::read);
-    writeEnd = d->pipe[1];
+    m_notifier = std::make_unique<QSocketNotifier>(m_pipe[0], QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &EndSignals::read);
+    writeEnd = m_pipe[1];
     struct sigaction action = {};
     action.sa_handler = handle;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (std::size_t i = 0; i < Numbers.size(); ++i) {
-        ::sigaction(Numbers[i], nullptr, &d->former[i]);
+        ::sigaction(Numbers[i], nullptr, &m_former[i]);
         // Keeps signals ignored that the parent process disabled, as nohup does.
-        if (d->former[i].sa_handler != SIG_IGN)
+        if (m_former[i].sa_handler != SIG_IGN)
             ::sigaction(Numbers[i], &action, nullptr);
     }
 }
 
 EndSignals::~EndSignals()
 {
-    if (!d->notifier)
+    if (!m_notifier)
         return;
     for (std::size_t i = 0; i < Numbers.size(); ++i)
-        ::sigaction(Numbers[i], &d->former[i], nullptr);
-    d->notifier.reset();
-    ::close(d->pipe[0]);
-    ::close(d->pipe[1]);
+        ::sigaction(Numbers[i], &m_former[i], nullptr);
+    m_notifier.reset();
+    ::close(m_pipe[0]);
+    ::close(m_pipe[1]);
 }
 
 void EndSignals::read()
 {
     char number = 0;
-    if (::read(d->pipe[0], &number, 1) == 1)
+    if (::read(m_pipe[0], &number, 1) == 1)
         Q_EMIT received(number);
 }

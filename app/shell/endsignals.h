@@ -2,6 +2,9 @@
 #define ENDSIGNALS_H
 
 #include <QObject>
+#include <QSocketNotifier>
+#include <array>
+#include <csignal>
 #include <memory>
 
 /// Reports the system's requests to end: the machine shuts down, the terminal is closed or
@@ -23,8 +26,11 @@ Q_SIGNALS:
 private:
     void read();
 
-    class Private;
-    std::unique_ptr<Private> d;
+    static constexpr std::array<int, 3> Numbers = {SIGTERM, SIGHUP, SIGINT};
+
+    std::array<int, 2> m_pipe = {-1, -1};
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::array<struct sigaction, Numbers.size()> m_former = {};
 };
 
 #endif

@@ -18,17 +18,14 @@
 #include "shell/batchdialogs.h"
 #include "shell/diagnosis.h"
 #include "shell/endsignals.h"
-#include "shell/pluginloader.h"
 #include "shell/scriptfiles.h"
 #include "shell/scriptwatchdog.h"
 #include "shell/studioclasses.h"
-#include "shell/studiosettings.h"
 #include "shell/studiowindow.h"
 #include "shell/windowpicture.h"
 #include "shortcuts/shortcutcatalogue.h"
 #include "viewport/camerascript.h"
 #include "widgets/studiotext.h"
-#include "widgets/usermessages.h"
 
 #include <QApplication>
 #include <QDir>
@@ -77,205 +74,167 @@ QString recoveryFolder(const CommandLine &commandLine)
 
 } // namespace
 
-class Studio::Private
-{
-public:
-    explicit Private(const CommandLine &line)
-        : commandLine(line)
-        , messages(line.isBatch() ? UserMessages::Mode::Console : UserMessages::Mode::Window)
-        , settingsStore(settingsFile(line))
-    {
-    }
-
-    QString language() const;
-    void loadSettings();
-    void saveSettings();
-    void showPreferences(const QString &page);
-    void loadPlugins();
-    void buildPanesAndActions();
-    void restoreShortcuts();
-    void connectScripts();
-    void printImportReport() const;
-    bool openFile();
-    bool runScript();
-    void runInWindow(VxScriptEngine *scripts, VxScriptError *error);
-    void showUnseen();
-    bool writePicture();
-    void end(int signalNumber);
-    int runWithWindow();
-
-    const CommandLine commandLine;
-    UserMessages messages;
-    StudioSettings settingsStore;
-    std::unique_ptr<VxApp> app;
-    std::unique_ptr<Animations> animations;
-    QVector<PluginModule> modules;
-    std::unique_ptr<StudioWindow> window;
-    std::unique_ptr<BatchDialogs> batchDialogs; // of a run without a user
-    int endCode = 0;                            // set by a request to end
-};
-
 /** The pages for developers are in English, whoever prints them. */
-QString Studio::Private::language() const
+QString Studio::language() const
 {
-    if (commandLine.listActions || commandLine.diagnose)
+    if (m_commandLine.listActions || m_commandLine.diagnose)
         return key("en");
-    return commandLine.language.isEmpty() ? LanguageSetting::code(*app->getSettings())
-                                          : commandLine.language;
+    return m_commandLine.language.isEmpty() ? LanguageSetting::code(*m_app->getSettings())
+                                            : m_commandLine.language;
 }
 
-void Studio::Private::loadSettings()
+void Studio::loadSettings()
 {
-    VxSettings *settings = app->getSettings();
-    settingsStore.load(settings, messages);
+    VxSettings *settings = m_app->getSettings();
+    m_settingsStore.load(settings, m_messages);
     VxLanguage::setCurrent(language());
     StudioSettings::fillDefaults(settings);
-    VxStyle *style = app->getStyle();
+    VxStyle *style = m_app->getStyle();
     Appearance::restore(*settings, style);
-    if (!commandLine.palette.isEmpty())
-        style->setColorScheme(Appearance::paletteOf(commandLine.palette));
-    if (commandLine.textSize)
-        style->setTextSize(*commandLine.textSize);
-    animations = std::make_unique<Animations>(style);
-    animations->setChoice(Animations::choiceOf(settings->getStringValue(key("Animation"))));
-    if (!commandLine.isBatch())
-        animations->followSessionBus();
+    if (!m_commandLine.palette.isEmpty())
+        style->setColorScheme(Appearance::paletteOf(m_commandLine.palette));
+    if (m_commandLine.textSize)
+        style->setTextSize(*m_commandLine.textSize);
+    m_animations = std::make_unique<Animations>(style);
+    m_animations->setChoice(Animations::choiceOf(settings->getStringValue(key("Animation"))));
+    if (!m_commandLine.isBatch())
+        m_animations->followSessionBus();
 }
 
-void Studio::Private::saveSettings()
+void Studio::saveSettings()
 {
-    VxSettings *settings = app->getSettings();
-    Appearance::store(*app->getStyle(), settings);
-    settings->setStringValue(key("Animation"), Animations::nameOf(animations->choice()));
-    window->saveLayout(settings->getSettings(key("Window")));
-    window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
+    VxSettings *settings = m_app->getSettings();
+    Appearance::store(*m_app->getStyle(), settings);
+    settings->setStringValue(key("Animation"), Animations::nameOf(m_animations->choice()));
+    m_window->saveLayout(settings->getSettings(key("Window")));
+    m_window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
     settings->getSettings(key("Recovery"))
-        ->setIntValue(key("Minutes"), window->recovery()->autoSave()->minutes());
+        ->setIntValue(key("Minutes"), m_window->recovery()->autoSave()->minutes());
     settings->getSettings(key("Recovery"))
-        ->setIntValue(key("Entries"), window->recovery()->journal()->keptEntries());
+        ->setIntValue(key("Entries"), m_window->recovery()->journal()->keptEntries());
     settings->getSettings(key("Saving"))
-        ->setIntValue(key("Backups"), window->document()->backups());
-    window->getPaneMgr()->saveSettings();
-    window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
-    settingsStore.save(*settings, messages);
+        ->setIntValue(key("Backups"), m_window->document()->backups());
+    m_window->getPaneMgr()->saveSettings();
+    m_window->getActionMgr()->saveShortcuts(settings->getSettings(key("Shortcuts")));
+    m_settingsStore.save(*settings, m_messages);
 }
 
-void Studio::Private::loadPlugins()
+void Studio::loadPlugins()
 {
-    PluginLoader loader(settingsFile(commandLine), app->getSettings());
-    if (commandLine.enablePlugins)
+    PluginLoader loader(settingsFile(m_commandLine), m_app->getSettings());
+    if (m_commandLine.enablePlugins)
         loader.enableAll();
-    const QStringList folders = QStringList(defaultPluginFolder()) + commandLine.pluginPaths;
-    for (const QString &message : loader.load(folders, app->getPluginMgr()))
-        messages.showNotice(message);
-    modules = loader.modules();
+    const QStringList folders = QStringList(defaultPluginFolder()) + m_commandLine.pluginPaths;
+    for (const QString &message : loader.load(folders, m_app->getPluginMgr()))
+        m_messages.showNotice(message);
+    m_modules = loader.modules();
 }
 
-void Studio::Private::showPreferences(const QString &page)
+void Studio::showPreferences(const QString &page)
 {
-    VxSettings *settings = app->getSettings();
+    VxSettings *settings = m_app->getSettings();
     const QVector<PreferencesPage *> pages{
-        new GeneralPage({settings, app->getStyle(), animations.get(), window->document(),
-                         window->recovery()->autoSave(), window->recovery()->journal()}),
-        new TimelinePage(*window->getActionMgr()),
-        new KeysPage(window->shortcuts(),
-                     [this](const ShortcutList &list) { window->applyShortcuts(list); }),
-        new PluginsPage(modules, settings)};
-    PreferencesDialog dialog(pages, window.get());
+        new GeneralPage({settings, m_app->getStyle(), m_animations.get(), m_window->document(),
+                         m_window->recovery()->autoSave(), m_window->recovery()->journal()}),
+        new TimelinePage(*m_window->getActionMgr()),
+        new KeysPage(m_window->shortcuts(),
+                     [this](const ShortcutList &list) { m_window->applyShortcuts(list); }),
+        new PluginsPage(m_modules, settings)};
+    PreferencesDialog dialog(pages, m_window.get());
     dialog.showPage(page);
-    QObject::connect(&dialog, &PreferencesDialog::applied, window.get(),
+    QObject::connect(&dialog, &PreferencesDialog::applied, m_window.get(),
                      [this] { saveSettings(); });
     dialog.exec();
 }
 
-void Studio::Private::buildPanesAndActions()
+void Studio::buildPanesAndActions()
 {
-    VxPluginMgr *plugins = app->getPluginMgr();
+    VxPluginMgr *plugins = m_app->getPluginMgr();
     for (VxClassFactory *factory : studioClassFactories())
         plugins->addClassFactory(factory);
-    window->getActionMgr()->createActions(plugins);
-    window->getPaneMgr()->createPanes(plugins);
-    window->getActionMgr()->initActions();
-    const VxSettings *settings = app->getSettings();
+    m_window->getActionMgr()->createActions(plugins);
+    m_window->getPaneMgr()->createPanes(plugins);
+    m_window->getActionMgr()->initActions();
+    const VxSettings *settings = m_app->getSettings();
     restoreShortcuts();
-    window->completeMenus();
-    window->restoreLayout(*app->getSettings()->getSettings(key("Window")));
+    m_window->completeMenus();
+    m_window->restoreLayout(*m_app->getSettings()->getSettings(key("Window")));
     if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
-        window->recentFiles()->restore(*recent);
+        m_window->recentFiles()->restore(*recent);
     if (const VxSettings *recovery = settings->findSettings(key("Recovery"))) {
-        window->recovery()->autoSave()->setMinutes(
+        m_window->recovery()->autoSave()->setMinutes(
             recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
-        window->recovery()->journal()->setKeptEntries(
+        m_window->recovery()->journal()->setKeptEntries(
             recovery->getIntValue(key("Entries"), RecoveryJournal::DefaultKeptEntries));
     }
     if (const VxSettings *saving = settings->findSettings(key("Saving")))
-        window->document()->setBackups(
+        m_window->document()->setBackups(
             saving->getIntValue(key("Backups"), VxBackups::DefaultCount));
 }
 
 /** A manually edited file may give two commands one shortcut: reports it instead of dead keys. */
-void Studio::Private::restoreShortcuts()
+void Studio::restoreShortcuts()
 {
-    const VxSettings *stored = app->getSettings()->findSettings(key("Shortcuts"));
+    const VxSettings *stored = m_app->getSettings()->findSettings(key("Shortcuts"));
     if (!stored)
         return;
-    VxActionMgr *actions = window->getActionMgr();
+    VxActionMgr *actions = m_window->getActionMgr();
     const QStringList refused = actions->restoreShortcuts(stored);
     if (!refused.isEmpty())
-        messages.showNotice(ShortcutCatalogue::refusalText(refused, *stored, *actions));
+        m_messages.showNotice(ShortcutCatalogue::refusalText(refused, *stored, *actions));
 }
 
-void Studio::Private::connectScripts()
+void Studio::connectScripts()
 {
-    VxScriptEngine *scripts = app->getScriptEngine();
+    VxScriptEngine *scripts = m_app->getScriptEngine();
     scripts->registerHost();
-    addFileFunctions(scripts, window->document());
+    addFileFunctions(scripts, m_window->document());
     addPoseFunctions(scripts->engine());
     addCameraFunctions(scripts->engine());
-    QObject::connect(scripts, &VxScriptEngine::printed, window.get(), &UserMessages::print);
+    QObject::connect(scripts, &VxScriptEngine::printed, m_window.get(), &UserMessages::print);
 }
 
-void Studio::Private::printImportReport() const
+void Studio::printImportReport() const
 {
-    const VxImportReport &report = window->document()->importReport();
-    if (commandLine.importReport && !report.file.isEmpty())
+    const VxImportReport &report = m_window->document()->importReport();
+    if (m_commandLine.importReport && !report.file.isEmpty())
         UserMessages::print(
             QString::fromUtf8(QJsonDocument(report.toJson()).toJson(QJsonDocument::Indented)));
 }
 
-bool Studio::Private::openFile()
+bool Studio::openFile()
 {
-    if (!commandLine.file.isEmpty()) {
+    if (!m_commandLine.file.isEmpty()) {
         VxMotionBuildOptions options;
-        options.clip = commandLine.animation;
-        if (!window->document()->open(commandLine.file, options))
+        options.clip = m_commandLine.animation;
+        if (!m_window->document()->open(m_commandLine.file, options))
             return false;
         printImportReport();
-        if (commandLine.headless) {
-            UserMessages::print(QStringLiteral("%1: %2").arg(window->document()->displayName(),
-                                                             sceneSummary(*app->getScene())));
-            if (!window->document()->summary().isEmpty())
-                UserMessages::print(window->document()->summary());
+        if (m_commandLine.headless) {
+            UserMessages::print(QStringLiteral("%1: %2").arg(m_window->document()->displayName(),
+                                                             sceneSummary(*m_app->getScene())));
+            if (!m_window->document()->summary().isEmpty())
+                UserMessages::print(m_window->document()->summary());
         }
     }
-    VxScene *scene = app->getScene();
-    if (commandLine.frame)
-        scene->setTime(*commandLine.frame * scene->getTimeStep());
+    VxScene *scene = m_app->getScene();
+    if (m_commandLine.frame)
+        scene->setTime(*m_commandLine.frame * scene->getTimeStep());
     return true;
 }
 
-bool Studio::Private::runScript()
+bool Studio::runScript()
 {
-    if (commandLine.scriptFile.isEmpty())
+    if (m_commandLine.scriptFile.isEmpty())
         return true;
-    VxScriptEngine *scripts = app->getScriptEngine();
-    scripts->setArguments(commandLine.scriptArguments);
+    VxScriptEngine *scripts = m_app->getScriptEngine();
+    scripts->setArguments(m_commandLine.scriptArguments);
     VxScriptError error;
-    if (commandLine.isBatch()) {
+    if (m_commandLine.isBatch()) {
         showUnseen();
-        const ScriptWatchdog watchdog(commandLine.scriptFile,
-                                      {commandLine.scriptSeconds, commandLine.scriptMegabytes});
-        scripts->runFile(commandLine.scriptFile, &error);
+        const ScriptWatchdog watchdog(m_commandLine.scriptFile,
+                                      {m_commandLine.scriptSeconds, m_commandLine.scriptMegabytes});
+        scripts->runFile(m_commandLine.scriptFile, &error);
     } else {
         runInWindow(scripts, &error);
     }
@@ -286,134 +245,132 @@ bool Studio::Private::runScript()
 }
 
 /** The window stays responsive and requests to end are obeyed; the changes can be undone. */
-void Studio::Private::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
+void Studio::runInWindow(VxScriptEngine *scripts, VxScriptError *error)
 {
-    scripts->setMemoryLimit(qint64(commandLine.scriptMegabytes) << 20);
+    scripts->setMemoryLimit(qint64(m_commandLine.scriptMegabytes) << 20);
     scripts->setStoppable(true);
-    QFile file(commandLine.scriptFile);
+    QFile file(m_commandLine.scriptFile);
     // A script from a pipe can be read only once.
     const bool usesHistory = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) &&
                              file.readAll().contains("Undo");
     if (usesHistory) {
-        scripts->runFile(commandLine.scriptFile, error);
+        scripts->runFile(m_commandLine.scriptFile, error);
     } else {
         VxUndoStackHold hold;
-        scripts->runFile(commandLine.scriptFile, error);
-        hold.accept(StudioText::tr("Script: %1").arg(QFileInfo(commandLine.scriptFile).fileName()));
+        scripts->runFile(m_commandLine.scriptFile, error);
+        hold.accept(
+            StudioText::tr("Script: %1").arg(QFileInfo(m_commandLine.scriptFile).fileName()));
     }
     scripts->setStoppable(false);
 }
 
 /** Panes fill themselves when they are shown: so a script finds them filled. */
-void Studio::Private::showUnseen()
+void Studio::showUnseen()
 {
-    window->setAttribute(Qt::WA_DontShowOnScreen);
-    window->show();
+    m_window->setAttribute(Qt::WA_DontShowOnScreen);
+    m_window->show();
     QCoreApplication::processEvents();
 }
 
-bool Studio::Private::writePicture()
+bool Studio::writePicture()
 {
-    if (commandLine.screenshotFile.isEmpty())
+    if (m_commandLine.screenshotFile.isEmpty())
         return true;
-    window->hide();
-    window->setAttribute(Qt::WA_DontShowOnScreen, false);
+    m_window->hide();
+    m_window->setAttribute(Qt::WA_DontShowOnScreen, false);
     QString error;
-    const QSize size = commandLine.size.isEmpty() ? PictureSize : commandLine.size;
-    if (writeWindowPicture(window.get(), size, commandLine.screenshotFile, &error))
+    const QSize size = m_commandLine.size.isEmpty() ? PictureSize : m_commandLine.size;
+    if (writeWindowPicture(m_window.get(), size, m_commandLine.screenshotFile, &error))
         return true;
-    messages.showError(error);
+    m_messages.showError(error);
     return false;
 }
 
 /** The system or a terminal requests the end: no questions about unsaved work are possible. */
-void Studio::Private::end(int signalNumber)
+void Studio::end(int signalNumber)
 {
-    window->recovery()->autoSave()->writeNow();
-    endCode = SignalExit + signalNumber;
-    app->getScriptEngine()->abort();
-    QCoreApplication::exit(endCode);
+    m_window->recovery()->autoSave()->writeNow();
+    m_endCode = SignalExit + signalNumber;
+    m_app->getScriptEngine()->abort();
+    QCoreApplication::exit(m_endCode);
 }
 
-int Studio::Private::runWithWindow()
+int Studio::runWithWindow()
 {
     EndSignals requests;
-    QObject::connect(&requests, &EndSignals::received, window.get(),
+    QObject::connect(&requests, &EndSignals::received, m_window.get(),
                      [this](int number) { end(number); });
-    window->show();
+    m_window->show();
     // A file that could not be opened was reported; the user can open another one.
     openFile();
     const bool done = runScript();
-    if (endCode != 0)
-        return endCode;
+    if (m_endCode != 0)
+        return m_endCode;
     if (!done)
         return CommandLine::Failure;
     // Closed while the script was running.
-    if (!window->isVisible())
+    if (!m_window->isVisible())
         return CommandLine::Success;
     // A script on the command line has priority; the recovery menu offers the copies as well.
-    if (commandLine.scriptFile.isEmpty())
-        window->recovery()->offer();
+    if (m_commandLine.scriptFile.isEmpty())
+        m_window->recovery()->offer();
     return QApplication::exec();
 }
 
 Studio::Studio(const CommandLine &commandLine)
-    : d(std::make_unique<Private>(commandLine))
+    : m_commandLine(commandLine)
+    , m_messages(commandLine.isBatch() ? UserMessages::Mode::Console : UserMessages::Mode::Window)
+    , m_settingsStore(settingsFile(commandLine))
 {
     VxApp::setAppName(QStringLiteral("VxStudio"));
     if (commandLine.isBatch())
-        d->batchDialogs = std::make_unique<BatchDialogs>();
-    d->app = std::make_unique<VxApp>();
-    d->loadSettings();
-    d->window = std::make_unique<StudioWindow>(&d->messages, recoveryFolder(commandLine));
-    d->messages.setWindow(d->window.get());
-    d->loadPlugins();
-    d->buildPanesAndActions();
-    d->connectScripts();
+        m_batchDialogs = std::make_unique<BatchDialogs>();
+    m_app = std::make_unique<VxApp>();
+    loadSettings();
+    m_window = std::make_unique<StudioWindow>(&m_messages, recoveryFolder(commandLine));
+    m_messages.setWindow(m_window.get());
+    loadPlugins();
+    buildPanesAndActions();
+    connectScripts();
     if (!commandLine.size.isEmpty())
-        d->window->resize(commandLine.size);
+        m_window->resize(commandLine.size);
     // At once, not only at the end: a crash should not lose them.
-    QObject::connect(d->window.get(), &StudioWindow::preferencesRequested, d->window.get(),
-                     [this](const QString &page) { d->showPreferences(page); });
-    QObject::connect(d->window->recentFiles(), &RecentFiles::changed, d->window.get(),
-                     [this] { d->saveSettings(); });
-    QObject::connect(d->window->document(), &DocumentController::backupsChanged, d->window.get(),
-                     [this] { d->saveSettings(); });
-    QObject::connect(d->window->recovery()->autoSave(), &AutoSave::minutesChanged, d->window.get(),
-                     [this] { d->saveSettings(); });
-    d->app->start();
+    QObject::connect(m_window.get(), &StudioWindow::preferencesRequested, m_window.get(),
+                     [this](const QString &page) { showPreferences(page); });
+    QObject::connect(m_window->recentFiles(), &RecentFiles::changed, m_window.get(),
+                     [this] { saveSettings(); });
+    QObject::connect(m_window->document(), &DocumentController::backupsChanged, m_window.get(),
+                     [this] { saveSettings(); });
+    QObject::connect(m_window->recovery()->autoSave(), &AutoSave::minutesChanged, m_window.get(),
+                     [this] { saveSettings(); });
+    m_app->start();
 }
 
 Studio::~Studio()
 {
-    d->saveSettings();
-    d->app->beginClosing();
-    d->window.reset();
-    d->animations.reset();
-    d->app.reset();
-}
-
-StudioWindow *Studio::window() const
-{
-    return d->window.get();
+    saveSettings();
+    m_app->beginClosing();
+    m_window.reset();
+    m_animations.reset();
+    m_app.reset();
 }
 
 int Studio::run()
 {
-    if (d->commandLine.listActions) {
-        UserMessages::print(actionListPage(*d->window->menuBar(), *d->window->getActionMgr()));
+    if (m_commandLine.listActions) {
+        UserMessages::print(actionListPage(*m_window->menuBar(), *m_window->getActionMgr()));
         return CommandLine::Success;
     }
-    if (d->commandLine.diagnose) {
-        UserMessages::print(diagnosisPage(*d->app, defaultPluginFolder(),
-                                          d->commandLine.settingsFile.isEmpty()
+    if (m_commandLine.diagnose) {
+        UserMessages::print(diagnosisPage(*m_app, defaultPluginFolder(),
+                                          m_commandLine.settingsFile.isEmpty()
                                               ? StudioSettings::defaultFileName()
-                                              : d->commandLine.settingsFile));
+                                              : m_commandLine.settingsFile));
         return CommandLine::Success;
     }
-    if (!d->commandLine.isBatch())
-        return d->runWithWindow();
-    const bool done = d->openFile() && d->runScript() && d->writePicture();
+    if (!m_commandLine.isBatch())
+        return runWithWindow();
+    const bool done = openFile() && runScript() && writePicture();
     return done ? CommandLine::Success : CommandLine::Failure;
 }
 

@@ -2,10 +2,18 @@
 #define STUDIO_H
 
 #include "shell/commandline.h"
+#include "shell/pluginloader.h"
+#include "shell/studiosettings.h"
+#include "widgets/usermessages.h"
 
 #include <memory>
 
+class Animations;
+class BatchDialogs;
 class StudioWindow;
+class VxApp;
+class VxScriptEngine;
+struct VxScriptError;
 
 /// The running program: creates application object, window, plug-ins and panes in the order of
 /// their dependencies, executes the command line, and destroys everything in reverse order.
@@ -19,7 +27,7 @@ public:
     Studio(const Studio &) = delete;
     Studio &operator=(const Studio &) = delete;
 
-    StudioWindow *window() const;
+    StudioWindow *window() const { return m_window.get(); }
 
     /// Opens, runs and writes the files of the command line, and in between runs the user's
     /// session. Returns the exit code.
@@ -29,8 +37,32 @@ public:
     static QString defaultPluginFolder();
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    QString language() const;
+    void loadSettings();
+    void saveSettings();
+    void showPreferences(const QString &page);
+    void loadPlugins();
+    void buildPanesAndActions();
+    void restoreShortcuts();
+    void connectScripts();
+    void printImportReport() const;
+    bool openFile();
+    bool runScript();
+    void runInWindow(VxScriptEngine *scripts, VxScriptError *error);
+    void showUnseen();
+    bool writePicture();
+    void end(int signalNumber);
+    int runWithWindow();
+
+    const CommandLine m_commandLine;
+    UserMessages m_messages;
+    StudioSettings m_settingsStore;
+    std::unique_ptr<VxApp> m_app;
+    std::unique_ptr<Animations> m_animations;
+    QVector<PluginModule> m_modules;
+    std::unique_ptr<StudioWindow> m_window;
+    std::unique_ptr<BatchDialogs> m_batchDialogs; // of a run without a user
+    int m_endCode = 0;                            // set by a request to end
 };
 
 #endif
