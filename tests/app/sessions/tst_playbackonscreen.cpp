@@ -24,6 +24,16 @@ double threadTime()
     return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
 }
 
+/// For how many frames other programs have kept this thread from the processor; 0 where the system
+/// does not count it.
+double framesWaited()
+{
+    QFile file(QStringLiteral("/proc/thread-self/schedstat")); // running, waiting, turns
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toDouble() * FramesPerSecond / 1e9;
+}
+
 double runSeconds()
 {
     bool isNumber = false;
@@ -130,11 +140,13 @@ void tst_PlaybackOnScreen::frameOnScreenKeepsUpWithTheClock()
         connect(vxScene, &VxScene::playbackStarted, this, [&clock] { clock.start(); });
     const auto counted = connect(vxScene, &VxScene::timeChanged, this, [&shown] { ++shown; });
     const double before = threadTime();
+    const double waitedBefore = framesWaited();
     vxScene->play(dropFrames);
     QTRY_VERIFY_WITH_TIMEOUT(clock.elapsed() > runSeconds() * 1000,
                              int(runSeconds() * 1000) + 60000);
     vxScene->pause();
     const double used = threadTime() - before;
+    const double waited = framesWaited() - waitedBefore;
     clock.invalidate();
     disconnect(started);
     disconnect(counted);
@@ -146,13 +158,14 @@ void tst_PlaybackOnScreen::frameOnScreenKeepsUpWithTheClock()
         const double middle = behind.at(behind.size() / 2);
         const auto late = behind.end() - std::lower_bound(behind.begin(), behind.end(), 2.0);
         std::printf("%s, %s: %d frames, %d paints, %d of them over one frame late, in the middle "
-                    "%.3f and at most %.3f frames behind; %.2f ms of the processor a frame\n",
+                    "%.3f and at most %.3f frames behind; %.2f ms of the processor a frame; "
+                    "other programs delayed it by %.1f frames in all\n",
                     QTest::currentDataTag(), watch == &figure ? "figure" : "playhead", shown,
-                    int(behind.size()), int(late), middle, behind.back(), used / shown);
-        // A frame stays for one frame; from two on, what was seen was more than one frame late. The
-        // sanitizers make painting several times slower.
+                    int(behind.size()), int(late), middle, behind.back(), used / shown, waited);
+        // A frame stays for one frame; from two on, what was seen was more than one frame late, if
+        // not by the work of other programs. The sanitizers make painting several times slower.
 #ifndef __SANITIZE_ADDRESS__
-        QVERIFY2(middle < 2, qPrintable(QString::number(middle)));
+        QVERIFY2(middle < 2 + waited / 4, qPrintable(QString::number(middle)));
 #endif
         QVERIFY(int(behind.size()) * 2 > shown);
     }
