@@ -115,9 +115,7 @@ void VxDopeSheetItem::Private::update()
         Rows groups;
         stale.at(i)->findSources(&sources, &groups);
         for (Private *source : sources) {
-            if (source->property)
-                source->update();
-            else if (!source->isValid || !source->isKept)
+            if (!source->property && (!source->isValid || !source->isKept))
                 stale.append(source);
         }
     }
@@ -147,8 +145,12 @@ void VxDopeSheetItem::Private::unite()
     Rows groups;
     findSources(&sources, &groups);
     QVarLengthArray<DopeSheetKeys *, 32> below;
-    for (Private *source : sources)
+    for (Private *source : sources) {
+        // Just before they are read, while they are in the processor's cache.
+        if (source->property)
+            source->update();
         below.append(&source->keys);
+    }
     keys = uniteKeys(below.constData(), below.size());
     isKept = true;
     for (Private *group : groups)
