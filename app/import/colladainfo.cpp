@@ -38,8 +38,7 @@ private:
 
 bool Scanner::fail(const QString &message, VxFileError *error) const
 {
-    *error = VxFileError();
-    error->message = message;
+    vxFail(error, message);
     error->line = m_xml.lineNumber();
     error->column = m_xml.columnNumber() + 1;
     return false;

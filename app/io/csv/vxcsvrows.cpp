@@ -70,10 +70,9 @@ VxCsvRows::VxCsvRows(const QByteArray &bytes, VxFileError *error)
 
 bool VxCsvRows::fail(int column, const QString &message) const
 {
-    *m_error = VxFileError();
+    vxFail(m_error, message);
     m_error->line = m_line;
     m_error->column = column + 1;
-    m_error->message = message;
     return false;
 }
 

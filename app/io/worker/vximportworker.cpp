@@ -57,10 +57,8 @@ private:
 bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxFileError *error)
 {
     if (!QFileInfo(program).isExecutable())
-        return vxFail(error,
-                      VxFileText::tr("The importer program is missing: %1")
-                          .arg(QDir::toNativeSeparators(program)),
-                      m_fileName);
+        return vxFail(error, VxFileText::tr("The importer program is missing: %1")
+                                 .arg(QDir::toNativeSeparators(program)));
     QJsonObject request = options.toJson();
     request.insert(QStringLiteral("memory"), double(m_limits.memory));
     request.insert(QStringLiteral("seconds"), m_limits.seconds);
@@ -73,10 +71,8 @@ bool Run::start(const QString &program, const VxMotionBuildOptions &options, VxF
                     QIODevice::ReadOnly);
     if (m_process.waitForStarted())
         return true;
-    return vxFail(error,
-                  VxFileText::tr("The importer program could not be started: %1.")
-                      .arg(m_process.errorString()),
-                  m_fileName);
+    return vxFail(error, VxFileText::tr("The importer program could not be started: %1.")
+                             .arg(m_process.errorString()));
 }
 
 /** Kills and reaps the process: it must not outlive its run. */
@@ -91,7 +87,7 @@ void Run::stop()
 bool Run::failFromJson(const QByteArray &json, VxFileError *error) const
 {
     const QJsonObject object = QJsonDocument::fromJson(json).object();
-    vxFail(error, object.value(QStringLiteral("message")).toString(), m_fileName);
+    vxFail(error, object.value(QStringLiteral("message")).toString());
     if (error->message.isEmpty())
         error->message = VxFileText::tr("The importer could not read the file.");
     error->line = qint64(object.value(QStringLiteral("line")).toDouble(-1));
@@ -116,7 +112,7 @@ bool Run::readMessages(VxFileError *error)
             m_report = bytes;
     }
     if (m_parser.isBroken())
-        return vxFail(error, VxFileText::tr("The answer of the importer is invalid."), m_fileName);
+        return vxFail(error, VxFileText::tr("The answer of the importer is invalid."));
     return true;
 }
 
@@ -129,18 +125,14 @@ bool Run::checkEnd(VxFileError *error) const
             return vxFail(
                 error,
                 VxFileText::tr("Reading was stopped: the file takes more processor time than is "
-                               "reasonable for its size."),
-                m_fileName);
+                               "reasonable for its size."));
         return vxFail(
             error,
-            VxFileText::tr("The importer crashed while reading the file (signal %1).").arg(signal),
-            m_fileName);
+            VxFileText::tr("The importer crashed while reading the file (signal %1).").arg(signal));
     }
     if (m_process.exitCode() != 0 || m_scene.isEmpty() || m_report.isEmpty())
-        return vxFail(error,
-                      VxFileText::tr("The importer ended without a result (code %1).")
-                          .arg(m_process.exitCode()),
-                      m_fileName);
+        return vxFail(error, VxFileText::tr("The importer ended without a result (code %1).")
+                                 .arg(m_process.exitCode()));
     return true;
 }
 
@@ -156,13 +148,12 @@ bool Run::wait(VxFileError *error)
         if (!readMessages(error))
             return false;
         if (m_progress && !m_progress(m_percent))
-            return vxCancel(error, VxFileText::tr("The import was cancelled."), m_fileName);
+            return vxCancel(error, VxFileText::tr("The import was cancelled."));
         if (quiet.elapsed() > silence)
             return vxFail(error,
                           VxFileText::tr(
                               "Reading was stopped: the importer has not responded for %1 seconds.")
-                              .arg(quiet.elapsed() / 1000),
-                          m_fileName);
+                              .arg(quiet.elapsed() / 1000));
     }
     return readMessages(error) && checkEnd(error);
 }
@@ -178,8 +169,7 @@ bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImpo
             error,
             cancelled
                 ? VxFileText::tr("The import was cancelled.")
-                : VxFileText::tr("The answer of the importer is invalid. %1").arg(error->message),
-            m_fileName);
+                : VxFileText::tr("The answer of the importer is invalid. %1").arg(error->message));
     }
     *report = VxImportReport::fromJson(QJsonDocument::fromJson(m_report).object());
     report->file = m_fileName;
@@ -209,6 +199,8 @@ bool VxImportWorker::run(const QString &fileName, const VxMotionBuildOptions &op
                          VxImportReport *report, VxFileError *error) const
 {
     Run run(fileName, m_limits, progress);
-    return run.start(m_program, options, error) && run.wait(error) &&
-           run.take(progress, contents, report, error);
+    const bool done = run.start(m_program, options, error) && run.wait(error) &&
+                      run.take(progress, contents, report, error);
+    error->file = fileName;
+    return done;
 }
