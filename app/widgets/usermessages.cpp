@@ -48,8 +48,8 @@ void UserMessages::showError(const QString &text) const
 void UserMessages::showNotice(const QString &text) const
 {
     printError(text);
-    if (!isConsole() && m_window)
-        m_window->showStatusMessage(text, NoticeMilliseconds);
+    if (!isConsole())
+        showStatus(text);
 }
 
 void UserMessages::showStatus(const QString &text) const
@@ -73,16 +73,12 @@ UserMessages::Choice UserMessages::askToSave(const QString &documentName) const
     if (isConsole())
         return Choice::Discard;
     const QString text = StudioText::tr("\"%1\" has unsaved changes. Save them?").arg(documentName);
-    switch (ask(QMessageBox::Question, text,
-                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                QMessageBox::Save)) {
-    case QMessageBox::Save:
-        return Choice::Save;
-    case QMessageBox::Discard:
-        return Choice::Discard;
-    default:
-        return Choice::Cancel;
-    }
+    const int button =
+        ask(QMessageBox::Question, text,
+            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    return button == QMessageBox::Save      ? Choice::Save
+           : button == QMessageBox::Discard ? Choice::Discard
+                                            : Choice::Cancel;
 }
 
 bool UserMessages::askToRevert(const QString &documentName) const

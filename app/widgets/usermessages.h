@@ -16,7 +16,6 @@ public:
 
     explicit UserMessages(Mode mode);
 
-    Mode mode() const { return m_mode; }
     bool isConsole() const { return m_mode == Mode::Console; }
     /// The window for the status line and the parent of boxes; may be null.
     void setWindow(VxMainWindow *window);
