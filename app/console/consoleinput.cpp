@@ -48,11 +48,6 @@ QSize ConsoleInput::sizeHint() const
     return {200, inner + 2 * frameWidth()};
 }
 
-QSize ConsoleInput::minimumSizeHint() const
-{
-    return {80, sizeHint().height()};
-}
-
 void ConsoleInput::updateHeight()
 {
     const bool fits = document()->blockCount() <= MaxLines;

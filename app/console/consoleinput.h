@@ -28,7 +28,7 @@ public:
     QCompleter *completer() const { return m_completer; }
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override { return {80, sizeHint().height()}; }
 
 Q_SIGNALS:
     /// The user submitted the program; it is in the history and no longer in the field.

@@ -122,11 +122,6 @@ void BoneChainTool::takeBack()
     Q_EMIT changed();
 }
 
-bool BoneChainTool::isBusy() const
-{
-    return m_joints.size() > m_given;
-}
-
 void BoneChainTool::cancel()
 {
     m_joints.clear();

@@ -35,7 +35,7 @@ public:
     void leave() override;
     bool usesKey(const QKeyEvent &event) const override;
     void key(const QKeyEvent &event) override;
-    bool isBusy() const override;
+    bool isBusy() const override { return m_joints.size() > m_given; }
     void cancel() override;
     void paint(QPainter *painter, const ViewportCamera &camera,
                const QPalette &palette) const override;

@@ -114,11 +114,6 @@ NodeCopy::NodeCopy(const QVector<VxNode *> &sources, const QStringList &names)
     copyReferences();
 }
 
-std::vector<std::unique_ptr<VxNode>> NodeCopy::takeTops()
-{
-    return std::move(m_tops);
-}
-
 void NodeCopy::copyElement(const VxElement *from, VxElement *to)
 {
     for (const VxProperty *source : from->getMadeProperties()) {

@@ -25,7 +25,7 @@ public:
 
     /// The copies of the sources whose parents were not copied, in their order; the caller's. Each
     /// owns what is below it.
-    std::vector<std::unique_ptr<VxNode>> takeTops();
+    std::vector<std::unique_ptr<VxNode>> takeTops() { return std::move(m_tops); }
     /// The source of a top copy.
     VxNode *sourceOf(const VxNode *top) const { return m_sources.value(top); }
 

@@ -52,11 +52,6 @@ void MoveDrag::followGrid(const QPointF &pixel, bool isWorld)
     m_offset = result;
 }
 
-bool MoveDrag::hasAmount() const
-{
-    return m_part != GizmoPart::View && !isGizmoPlane(m_part);
-}
-
 void MoveDrag::setAmount(double amount)
 {
     if (hasAmount())

@@ -24,7 +24,7 @@ public:
     void followGrid(const QPointF &pixel, bool isWorld);
 
     /// True for a part with a single amount: an axis.
-    bool hasAmount() const;
+    bool hasAmount() const { return m_part != GizmoPart::View && !isGizmoPlane(m_part); }
     /// Sets the offset along the axis, in world units.
     void setAmount(double amount);
     /// "X 1.25", or three numbers.

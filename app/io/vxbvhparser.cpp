@@ -49,7 +49,8 @@ bool VxBvhParser::parse()
         return fail(binaryLine, VxFileText::tr("This is not a text file."));
     if (!report())
         return false;
-    return parseHierarchy() && parseMotionHeader() && checkRoom() && parseMotion();
+    return parseHierarchy() && parseFrameCount() && parseFrameTime() && checkRoom() &&
+           parseMotion();
 }
 
 bool VxBvhParser::fail(qint64 line, const QString &message)
@@ -57,11 +58,6 @@ bool VxBvhParser::fail(qint64 line, const QString &message)
     m_error.line = line;
     m_error.message = message;
     return false;
-}
-
-bool VxBvhParser::failAtEnd(const QString &message)
-{
-    return fail(m_tokens.lastLine(), message);
 }
 
 bool VxBvhParser::failNumber(VxBvhTokenizer::NumberResult result, const QString &what)

@@ -38,7 +38,7 @@ private:
     };
 
     bool fail(qint64 line, const QString &message);
-    bool failAtEnd(const QString &message);
+    bool failAtEnd(const QString &message) { return fail(m_tokens.lastLine(), message); }
     bool failNumber(VxBvhTokenizer::NumberResult result, const QString &what);
     QString found(const Word &word) const;
 
@@ -55,7 +55,6 @@ private:
     bool readOffset(VxBvhOffset *offset, const QString &owner);
     bool expectBrace(const char *brace, const QString &where);
 
-    bool parseMotionHeader();
     bool parseFrameCount();
     bool parseFrameTime();
     bool parseCount(const QString &what, qint64 *count, qint64 *line);

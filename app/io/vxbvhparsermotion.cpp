@@ -26,11 +26,6 @@ void scatter(const std::vector<float> &rows, int channels, int frame, int count,
 
 } // namespace
 
-bool VxBvhParser::parseMotionHeader()
-{
-    return parseFrameCount() && parseFrameTime();
-}
-
 bool VxBvhParser::parseFrameCount()
 {
     const Word word = m_tokens.next();

@@ -93,21 +93,11 @@ bool VxBvhTiming::set(double frameTime, int frameCount, QString *message)
     return true;
 }
 
-double VxBvhTiming::sceneRate() const
-{
-    return double(VxTicksPerSecond) / m_step;
-}
-
 VxTime VxBvhTiming::keyTime(int frame) const
 {
     if (m_ticks > 0)
         return frame * m_ticks;
     return static_cast<VxTime>(std::llround(frame * double(VxTicksPerSecond) / m_rate));
-}
-
-VxTime VxBvhTiming::lastKeyTime() const
-{
-    return m_frameCount > 0 ? keyTime(m_frameCount - 1) : 0;
 }
 
 QVector<VxTime> VxBvhTiming::keyTimes() const

@@ -26,7 +26,7 @@ public:
     /// Ticks per frame for the scene, 1 to 4800 (the scene counts whole frames per second).
     VxTime step() const { return m_step; }
     /// Frames per second of the scene at that step.
-    double sceneRate() const;
+    double sceneRate() const { return double(VxTicksPerSecond) / m_step; }
     /// True when a frame of the file is a whole number of ticks.
     bool isExact() const { return m_ticks > 0; }
     /// True when each frame of the file is one frame of the scene.
@@ -35,7 +35,7 @@ public:
     /// Time of frame \a frame, 0 to frameCount - 1; strictly increasing, 0 for the first.
     VxTime keyTime(int frame) const;
     /// Time of the last frame; 0 when there is none.
-    VxTime lastKeyTime() const;
+    VxTime lastKeyTime() const { return m_frameCount > 0 ? keyTime(m_frameCount - 1) : 0; }
     QVector<VxTime> keyTimes() const;
 
     /// One or two sentences for the user: the file's rate, the scene's rate, and whether the keys

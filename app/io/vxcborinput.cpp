@@ -22,11 +22,6 @@ VxCborInput::VxCborInput(const QByteArray &bytes)
 {
 }
 
-bool VxCborInput::fail(const QString &message)
-{
-    return failAt(m_reader.currentOffset(), message);
-}
-
 bool VxCborInput::failAt(qint64 offset, const QString &message)
 {
     if (!failed()) {

@@ -24,7 +24,7 @@ public:
     bool failed() const { return !m_error.message.isEmpty(); }
     const VxFileError &error() const { return m_error; }
     /// Stores a failure at the present offset; the first one counts. Returns false.
-    bool fail(const QString &message);
+    bool fail(const QString &message) { return failAt(m_reader.currentOffset(), message); }
     /// The same at another offset.
     bool failAt(qint64 offset, const QString &message);
 

@@ -42,11 +42,6 @@ VxFileFormats VxFileFormats::standard()
     return formats;
 }
 
-void VxFileFormats::add(const VxFileFormat &format)
-{
-    m_formats.append(format);
-}
-
 const VxFileFormat *VxFileFormats::find(const QString &fileName) const
 {
     const QString suffix = QFileInfo(fileName).suffix().toLower();

@@ -38,7 +38,7 @@ public:
     static VxFileFormats standard();
 
     /// A suffix in use stays with the earlier format.
-    void add(const VxFileFormat &format);
+    void add(const VxFileFormat &format) { m_formats.append(format); }
     /// The format of a file name's suffix, whatever its case; null when there is none.
     const VxFileFormat *find(const QString &fileName) const;
 

@@ -102,11 +102,6 @@ bool VxSafeFile::applyPermissions()
            VxFileExchange::applyPermissions(m_file.handle(), m_model, &reason) || fail(reason);
 }
 
-bool VxSafeFile::flush()
-{
-    return passOnBuffer() && synchronize();
-}
-
 bool VxSafeFile::commit()
 {
     const bool complete = passOnBuffer() && applyPermissions() && synchronize();
@@ -118,11 +113,6 @@ bool VxSafeFile::commit()
     m_file.close();
     QString reason;
     return VxFileExchange::replace(m_file.fileName(), m_name, &reason) || fail(reason);
-}
-
-qint64 VxSafeFile::readData(char *, qint64)
-{
-    return -1;
 }
 
 qint64 VxSafeFile::writeData(const char *data, qint64 size)

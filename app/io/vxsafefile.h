@@ -28,7 +28,7 @@ public:
     bool startLike(const QString &model);
     /// Synchronises what was written to the disk, so that commit() does not have to wait for it.
     /// False when that or an earlier write failed.
-    bool flush();
+    bool flush() { return passOnBuffer() && synchronize(); }
     /// Synchronises to the disk and replaces the former file. False, with the former file
     /// unchanged, when that or an earlier write failed.
     bool commit();
@@ -39,7 +39,7 @@ public:
     bool isSequential() const override { return true; }
 
 protected:
-    qint64 readData(char *data, qint64 size) override;
+    qint64 readData(char *, qint64) override { return -1; }
     /// After a failure always -1, with the reason as error string.
     qint64 writeData(const char *data, qint64 size) override;
 

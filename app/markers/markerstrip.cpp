@@ -61,11 +61,6 @@ QSize MarkerStrip::sizeHint() const
     return {200, qMax(StripHeight, fontMetrics().height() + 2)};
 }
 
-QSize MarkerStrip::minimumSizeHint() const
-{
-    return {1, sizeHint().height()};
-}
-
 QRect MarkerStrip::timeArea() const
 {
     return {QPoint(m_scale->left(), 0), QPoint(m_scale->right(), height() - 1)};

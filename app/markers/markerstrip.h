@@ -42,7 +42,7 @@ public:
     void editName(int id);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override { return {1, sizeHint().height()}; }
 
 protected:
     bool event(QEvent *event) override;

@@ -13,18 +13,3 @@ void OffsetTool::follow(const QPointF &pixel, bool snaps)
     else
         m_drag->follow(pixel);
 }
-
-bool OffsetTool::hasAmount() const
-{
-    return m_drag->hasAmount();
-}
-
-void OffsetTool::setAmount(double amount)
-{
-    m_drag->setAmount(amount);
-}
-
-QString OffsetTool::amountText() const
-{
-    return m_drag->text();
-}

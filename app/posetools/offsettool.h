@@ -13,9 +13,9 @@ protected:
 
     void beginDrag(const GizmoTarget &target, const QPointF &pixel) override;
     void follow(const QPointF &pixel, bool snaps) override;
-    void setAmount(double amount) override;
-    bool hasAmount() const override;
-    QString amountText() const override;
+    void setAmount(double amount) override { m_drag->setAmount(amount); }
+    bool hasAmount() const override { return m_drag->hasAmount(); }
+    QString amountText() const override { return m_drag->text(); }
 
     /// Of the drag.
     QVector3D offset() const { return m_drag->offset(); }

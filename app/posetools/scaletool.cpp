@@ -71,11 +71,6 @@ void ScaleTool::follow(const QPointF &pixel, bool snaps)
     m_factor = std::max(SmallestFactor, factor);
 }
 
-void ScaleTool::setAmount(double amount)
-{
-    m_factor = amount;
-}
-
 void ScaleTool::write()
 {
     for (GestureNode *node : m_nodes) {

@@ -15,7 +15,7 @@ protected:
     GizmoTarget targetOf(const QVector<VxNode *> &selected, VxNode *primary) const override;
     void beginDrag(const GizmoTarget &target, const QPointF &pixel) override;
     void follow(const QPointF &pixel, bool snaps) override;
-    void setAmount(double amount) override;
+    void setAmount(double amount) override { m_factor = amount; }
     void write() override;
     QString amountText() const override;
 

@@ -239,11 +239,6 @@ void TransformTool::cancel()
     Q_EMIT message(StudioText::tr("%1 was cancelled.").arg(title()));
 }
 
-bool TransformTool::isBusy() const
-{
-    return m_isPressed;
-}
-
 bool TransformTool::hover(const ViewportPointer &at)
 {
     const auto target = this->target();
@@ -297,11 +292,6 @@ void TransformTool::applyTyped()
     if (input.kind == VxTypedInput::Value)
         setAmount(input.amount);
     update(Qt::NoModifier);
-}
-
-bool TransformTool::hasAmount() const
-{
-    return true;
 }
 
 QString TransformTool::remark() const

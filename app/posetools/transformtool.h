@@ -41,7 +41,7 @@ public:
     void leave() override;
     bool usesKey(const QKeyEvent &event) const override;
     void key(const QKeyEvent &event) override;
-    bool isBusy() const override;
+    bool isBusy() const override { return m_isPressed; }
     void cancel() override;
     void paint(QPainter *painter, const ViewportCamera &camera,
                const QPalette &palette) const override;
@@ -72,7 +72,7 @@ protected:
     virtual void follow(const QPointF &pixel, bool snaps) = 0;
     /// The same from a typed number, for a part that has a single amount.
     virtual void setAmount(double amount) = 0;
-    virtual bool hasAmount() const;
+    virtual bool hasAmount() const { return true; }
     /// Gives the nodes the values for the amount.
     virtual void write() = 0;
     virtual QString amountText() const = 0;

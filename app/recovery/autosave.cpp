@@ -81,11 +81,6 @@ void AutoSave::writeNow()
         fail(error.text());
 }
 
-void AutoSave::markCopyCurrent()
-{
-    m_timer.stop();
-}
-
 void AutoSave::handleHistoryMoved()
 {
     if (m_interval > 0 && m_store->isEnabled() && !m_history->isClean() && !m_timer.isActive()) {

@@ -44,7 +44,7 @@ public:
     /// Writes a copy at once, even during a gesture or playback: the program must end.
     void writeNow();
     /// Marks the copy that the document was recovered from as current.
-    void markCopyCurrent();
+    void markCopyCurrent() { m_timer.stop(); }
 
 Q_SIGNALS:
     void minutesChanged(int minutes);

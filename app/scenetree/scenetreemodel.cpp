@@ -163,11 +163,6 @@ int SceneTreeModel::rowCount(const QModelIndex &parent) const
     return parent.column() > 0 ? 0 : int(above->children.size());
 }
 
-int SceneTreeModel::columnCount(const QModelIndex &) const
-{
-    return NumColumns;
-}
-
 QVector<VxNode *> SceneTreeModel::nodesAt(const QModelIndexList &indexes) const
 {
     QVector<VxNode *> nodes;
@@ -255,11 +250,6 @@ Qt::ItemFlags SceneTreeModel::flags(const QModelIndex &index) const
     const Qt::ItemFlags all =
         Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled | Qt::ItemIsDropEnabled;
     return all | (index.column() == EyeColumn ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
-}
-
-Qt::DropActions SceneTreeModel::supportedDropActions() const
-{
-    return Qt::MoveAction;
 }
 
 QStringList SceneTreeModel::mimeTypes() const

@@ -286,11 +286,6 @@ void StudioWindow::applyShortcuts(const ShortcutList &list)
         m_keyOverview->showShortcuts(shortcuts());
 }
 
-void StudioWindow::requestShortcuts()
-{
-    Q_EMIT preferencesRequested(QStringLiteral("KeysPage"));
-}
-
 void StudioWindow::showImportReport()
 {
     m_motion->showReport();

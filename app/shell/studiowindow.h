@@ -75,7 +75,7 @@ public Q_SLOTS:
     /// applyDefaultLayout(), with a message.
     void restoreDefaultLayout();
     /// Requests the preferences' page of shortcuts.
-    void requestShortcuts();
+    void requestShortcuts() { Q_EMIT preferencesRequested(QStringLiteral("KeysPage")); }
     /// Shows the page about keys and mouse, not modal.
     void showKeyOverview();
     void showAbout();

@@ -87,11 +87,6 @@ int ShortcutModel::rowCount(const QModelIndex &parent) const
     return isGroup ? m_groups.at(parent.row()).commands.size() : 0;
 }
 
-int ShortcutModel::columnCount(const QModelIndex &) const
-{
-    return NumColumns;
-}
-
 QVariant ShortcutModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())

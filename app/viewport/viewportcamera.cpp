@@ -60,11 +60,6 @@ void ViewportCamera::setViewSize(const QSizeF &size)
     m_size = QSizeF(std::max(1.0, size.width()), std::max(1.0, size.height()));
 }
 
-QVector3D ViewportCamera::eye() const
-{
-    return m_state.target + m_back * m_state.distance;
-}
-
 void ViewportCamera::setState(const VxCameraState &state)
 {
     m_state = state.corrected();
@@ -198,11 +193,6 @@ QVector3D ViewportCamera::pointAt(const QPointF &pixel, float depth) const
 QVector3D ViewportCamera::directionAt(const QPointF &pixel) const
 {
     return isOrthographic() ? -m_back : (pointAt(pixel, m_state.distance) - eye()).normalized();
-}
-
-float ViewportCamera::depth(const QVector3D &point) const
-{
-    return toView(point).z();
 }
 
 float ViewportCamera::axisLength() const

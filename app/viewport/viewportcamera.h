@@ -24,7 +24,7 @@ public:
     QVector3D target() const { return m_state.target; }
     /// From the target to the eye, above 0.
     float distance() const { return m_state.distance; }
-    QVector3D eye() const;
+    QVector3D eye() const { return m_state.target + m_back * m_state.distance; }
     /// From the target toward the eye, of length 1; the view's right and up are at right angles.
     QVector3D back() const { return m_back; }
     QVector3D right() const { return m_right; }
@@ -65,7 +65,7 @@ public:
     std::optional<QLineF> project(const QVector3D &from, const QVector3D &to) const;
 
     /// The distance of a point from the eye, along the view's direction; below 0 behind it.
-    float depth(const QVector3D &point) const;
+    float depth(const QVector3D &point) const { return toView(point).z(); }
     /// The point seen at a pixel, at a depth from the eye.
     QVector3D pointAt(const QPointF &pixel, float depth) const;
     /// The direction from the eye to what a pixel shows, of length 1.

@@ -144,11 +144,6 @@ void ViewportWidget::showDocument()
         frameFigure();
 }
 
-QSize ViewportWidget::sizeHint() const
-{
-    return {640, 400};
-}
-
 /** The current pose; including the path of a motion would make the figure tiny. */
 void ViewportWidget::frameFigure()
 {

@@ -53,7 +53,7 @@ public:
     /// For menus; F frames the selection while the view has the focus.
     QAction *frameSelectionAction() const { return m_frameSelection; }
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {640, 400}; }
 
 public Q_SLOTS:
     /// Shows the figures in their current pose at two thirds of the view's height; everything in a

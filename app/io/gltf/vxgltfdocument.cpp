@@ -243,11 +243,6 @@ bool VxGltfDocument::parse(const QByteArray &bytes, QString *message, qint64 *of
     return true;
 }
 
-QJsonArray VxGltfDocument::array(const char *name) const
-{
-    return m_root.value(QLatin1String(name)).toArray();
-}
-
 bool VxGltfDocument::describe(int accessor, VxGltfAccessorInfo *info, QString *message) const
 {
     *info = VxGltfAccessorInfo();

@@ -38,7 +38,7 @@ public:
     bool isBinary() const { return m_isBinary; }
     const QJsonObject &root() const { return m_root; }
     /// A top-level array; empty if missing.
-    QJsonArray array(const char *name) const;
+    QJsonArray array(const char *name) const { return m_root.value(QLatin1String(name)).toArray(); }
 
     /// Kind and size of an accessor. False for an index that does not exist or inconsistent
     /// members.
