@@ -2,7 +2,6 @@
 
 #include "keytools/keytooltext.h"
 
-#include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnodeisolation.h>
@@ -40,7 +39,7 @@ void VxKeyToolsIsolateAction::toggleAction(bool onOff)
         return;
     const QVector<VxNode *> nodes = onOff ? vxScene->getSelectedNodes() : QVector<VxNode *>();
     isolation->setNodes(nodes);
-    if (onOff && nodes.isEmpty() && vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(tr("Isolate: select nodes"));
+    if (onOff && nodes.isEmpty())
+        vxShowStatusMessage(tr("Isolate: select nodes"));
     followState();
 }

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxaccessible.h>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
@@ -27,12 +26,6 @@ constexpr double LeastArm = 30;         // pixels from the pivot of scaled times
 constexpr int AxisSample = 1000;        // pixels
 constexpr int TextMargin = 6;           // pixels
 constexpr int MarkerReach = 6;          // pixels
-
-void showMessage(const QString &text)
-{
-    if (vxApp && vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(text);
-}
 
 /// Values of a span of 200 pixels are those between the extremes of the keys.
 double valuePerPixelOf(const KeyTargets &targets)
@@ -64,13 +57,13 @@ KeyGesture *KeyGesture::begin(VxTimeAxis *axis, KeyGestureKind kind, int pivot)
     const KeyGestureAmount amount(kind, pivot);
     QWidget *views = axis ? axis->overlayParent() : nullptr;
     if (!views || !views->isVisible() || !vxScene || VxUndoStack::current()->isRecording()) {
-        showMessage(KeyToolText::tr("%1: not possible now").arg(amount.tool().label));
+        vxShowStatusMessage(KeyToolText::tr("%1: not possible now").arg(amount.tool().label));
         return nullptr;
     }
     const KeyTargets targets = KeyTargets::current();
     if (targets.isEmpty()) {
-        showMessage(KeyToolText::tr("%1: select keys, or nodes with keys in the play range")
-                        .arg(amount.tool().label));
+        vxShowStatusMessage(KeyToolText::tr("%1: select keys, or nodes with keys in the play range")
+                                .arg(amount.tool().label));
         return nullptr;
     }
     auto *gesture = new KeyGesture(axis, amount, targets.range());
@@ -149,7 +142,7 @@ void KeyGesture::cancel()
     if (!m_isOpen)
         return;
     end();
-    showMessage(KeyToolText::tr("%1 was cancelled.").arg(m_amount.tool().label));
+    vxShowStatusMessage(KeyToolText::tr("%1 was cancelled.").arg(m_amount.tool().label));
 }
 
 // A shortcut must not change the scene in mid gesture: all keys are the gesture's.

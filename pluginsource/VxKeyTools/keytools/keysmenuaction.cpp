@@ -1,5 +1,9 @@
 #include "keytools/keysmenuaction.h"
 
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxpanemgr.h>
+
 KeysMenuAction::KeysMenuAction(const QString &text, const QString &description, const char *folder,
                                const char *shortcut)
     : VxAction(text, description)
@@ -26,4 +30,13 @@ QString KeysMenuAction::getActionGroup() const
 QString KeysMenuAction::getMenuFolder() const
 {
     return QString::fromLatin1(m_folder);
+}
+
+VxPane *KeysMenuAction::showPane(const QString &className)
+{
+    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
+    VxPane *pane = window ? window->getPaneMgr()->findOrCreatePane(className) : nullptr;
+    if (pane)
+        window->getPaneMgr()->showPane(pane);
+    return pane;
 }

@@ -3,6 +3,8 @@
 
 #include <vxcore/vxaction.h>
 
+class VxPane;
+
 /// Base of the actions in the menu "Keys".
 class KeysMenuAction : public VxAction
 {
@@ -18,6 +20,8 @@ protected:
     /// Both are string literals.
     KeysMenuAction(const QString &text, const QString &description, const char *folder = "",
                    const char *shortcut = "");
+    /// Shows the pane of a class, made if it does not exist; null without a main window.
+    static VxPane *showPane(const QString &className);
 
 private:
     const char *m_folder;

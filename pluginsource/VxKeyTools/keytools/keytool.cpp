@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
@@ -66,8 +65,7 @@ KeyToolResult failure(const QString &message)
 
 KeyToolResult shownResult(const KeyToolResult &result)
 {
-    if (vxApp && vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(result.message);
+    vxShowStatusMessage(result.message);
     return result;
 }
 

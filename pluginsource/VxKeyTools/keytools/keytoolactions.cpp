@@ -3,10 +3,6 @@
 #include "keytools/keytool.h"
 #include "keytools/vxkeytoolspane.h"
 
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
-#include <vxcore/vxpanemgr.h>
-
 KeyToolAction::KeyToolAction(const char *tool)
     : KeyToolAction(*KeyTool::find(QString::fromLatin1(tool)))
 {
@@ -26,15 +22,10 @@ int KeyToolAction::getMenuOrder() const
 
 void KeyToolAction::executeAction()
 {
-    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-    auto *pane = window && !m_tool.parameters.isEmpty()
-                     ? qobject_cast<VxKeyToolsPane *>(
-                           window->getPaneMgr()->findOrCreatePane(QStringLiteral("VxKeyToolsPane")))
-                     : nullptr;
-    if (!pane) {
+    VxPane *pane =
+        m_tool.parameters.isEmpty() ? nullptr : showPane(QStringLiteral("VxKeyToolsPane"));
+    if (auto *tools = qobject_cast<VxKeyToolsPane *>(pane))
+        tools->setTool(m_tool.name);
+    else
         m_tool.runWith({});
-        return;
-    }
-    window->getPaneMgr()->showPane(pane);
-    pane->setTool(m_tool.name);
 }

@@ -1,5 +1,6 @@
 #include "keytools/keytoolrun.h"
 
+#include "keytools/keytool.h"
 #include "keytools/keytooltext.h"
 #include "keytools/valuelimiter.h"
 
@@ -8,11 +9,9 @@
 #include <functional>
 #include <limits>
 #include <numeric>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxkeyedit.h>
-#include <vxcore/vxmainwindow.h>
 
 namespace {
 
@@ -164,10 +163,9 @@ EditedSpans planAndReplace(Property *property, const QVector<int> &indexes,
 }
 
 template <class V, class Property>
-EditedSpans editKeys(Property *property, const KeyTarget &target, const KeyToolRun::Edit &edit,
-                     int *merged)
+EditedSpans editKeys(Property *property, const VxKeyColumns<V> &keys, const KeyTarget &target,
+                     const KeyToolRun::Edit &edit, int *merged)
 {
-    const VxKeyColumns<V> keys = property->getKeys();
     const std::vector<VxKeySpan> spans = target.editedSpans();
     const int count = target.numKeys() + target.numLaterKeys();
     KeySeries series;
@@ -190,10 +188,9 @@ EditedSpans editKeys(Property *property, const KeyTarget &target, const KeyToolR
 }
 
 template <class V, class Property>
-EditedSpans editTimesOf(Property *property, const KeyTarget &target,
+EditedSpans editTimesOf(Property *property, const VxKeyColumns<V> &keys, const KeyTarget &target,
                         const KeyToolRun::TimeEdit &edit, int *merged)
 {
-    const VxKeyColumns<V> keys = property->getKeys();
     const std::vector<VxKeySpan> spans = target.editedSpans();
     const int count = target.numKeys() + target.numLaterKeys();
     std::vector<VxTime> times = picked<VxTime>(keys.times, spans, count);
@@ -246,6 +243,21 @@ KeyToolRun::KeyToolRun(KeyTargets targets)
 
 KeyToolRun::~KeyToolRun() = default;
 
+// Later keys are edited too, but not selected. Their number is that before the edit, which may have
+// replaced keys.
+template <class TrackEdit> void KeyToolRun::editTrack(std::size_t track, const TrackEdit &edit)
+{
+    const KeyTarget &target = m_targets.tracks[track];
+    const int later = target.numLaterKeys();
+    EditedSpans edited;
+    if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
+        edited = edit(number, target);
+    else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
+        edited = edit(whole, target);
+    if (edited)
+        select(track, shortened(std::move(*edited), later));
+}
+
 void KeyToolRun::edit(const Edit &edit)
 {
     for (std::size_t track = 0; track < m_targets.tracks.size(); ++track)
@@ -254,12 +266,9 @@ void KeyToolRun::edit(const Edit &edit)
 
 void KeyToolRun::edit(std::size_t track, const Edit &edit)
 {
-    const KeyTarget &target = m_targets.tracks[track];
-    const int later = target.numLaterKeys();
-    if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
-        selectEdited(track, editKeys<float>(number, target, edit, &m_result.merged), later);
-    else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
-        selectEdited(track, editKeys<qint32>(whole, target, edit, &m_result.merged), later);
+    editTrack(track, [&](auto *property, const KeyTarget &target) {
+        return editKeys(property, property->getKeys(), target, edit, &m_result.merged);
+    });
 }
 
 void KeyToolRun::editTimes(const TimeEdit &edit)
@@ -270,21 +279,9 @@ void KeyToolRun::editTimes(const TimeEdit &edit)
 
 void KeyToolRun::editTimes(std::size_t track, const TimeEdit &edit)
 {
-    const KeyTarget &target = m_targets.tracks[track];
-    const int later = target.numLaterKeys();
-    if (auto *number = qobject_cast<VxFloatProperty *>(target.property))
-        selectEdited(track, editTimesOf<float>(number, target, edit, &m_result.merged), later);
-    else if (auto *whole = qobject_cast<VxIntProperty *>(target.property))
-        selectEdited(track, editTimesOf<qint32>(whole, target, edit, &m_result.merged), later);
-}
-
-// Later keys are edited too, but not selected. Their number is that before the edit, which may have
-// replaced keys.
-void KeyToolRun::selectEdited(std::size_t track, std::optional<std::vector<VxKeySpan>> spans,
-                              int later)
-{
-    if (spans)
-        select(track, shortened(std::move(*spans), later));
+    editTrack(track, [&](auto *property, const KeyTarget &target) {
+        return editTimesOf(property, property->getKeys(), target, edit, &m_result.merged);
+    });
 }
 
 void KeyToolRun::retarget(std::size_t track)
@@ -423,8 +420,5 @@ KeyToolResult KeyToolRun::finish(const QString &action, bool showsCounts)
                                 .arg(m_result.error, 0, 'g', 3);
     if (m_result.merged > 0)
         m_result.message += KeyToolText::tr("; %n overwritten", nullptr, m_result.merged);
-    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-    if (window)
-        const_cast<VxMainWindow *>(window)->showStatusMessage(m_result.message);
-    return m_result;
+    return shownResult(m_result);
 }

@@ -77,7 +77,9 @@ public:
 
 private:
     void select(std::size_t track, std::vector<VxKeySpan> spans);
-    void selectEdited(std::size_t track, std::optional<std::vector<VxKeySpan>> spans, int later);
+    /// Passes a track's property, as the class that it has, and its target to `edit`, and selects
+    /// the keys whose spans that returns.
+    template <class TrackEdit> void editTrack(std::size_t track, const TrackEdit &edit);
 
     KeyTargets m_targets;
     std::vector<std::vector<VxKeySpan>> m_selected; ///< by track, after the edit

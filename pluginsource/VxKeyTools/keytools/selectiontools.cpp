@@ -4,8 +4,6 @@
 
 #include <QtCore/QHash>
 #include <algorithm>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 
@@ -50,9 +48,7 @@ template <class Takes> KeyToolResult selectKeys(const QString &label, const Take
                           .arg(label)
                           .arg(result.keys)
                     : KeyToolText::tr("%1: select keys, or nodes with keys").arg(label);
-    if (vxApp->getInterface())
-        vxApp->getInterface()->showStatusMessage(result.message);
-    return result;
+    return shownResult(result);
 }
 
 KeyToolResult selectTimes(const KeyToolArguments &arguments)

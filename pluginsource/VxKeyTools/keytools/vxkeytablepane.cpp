@@ -14,10 +14,7 @@
 #include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QVBoxLayout>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxkeyselection.h>
-#include <vxcore/vxmainwindow.h>
-#include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsettings.h>
@@ -279,10 +276,5 @@ VxKeyTableAction::VxKeyTableAction()
 
 void VxKeyTableAction::executeAction()
 {
-    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-    if (!window)
-        return;
-    VxPane *pane = window->getPaneMgr()->findOrCreatePane(QStringLiteral("VxKeyTablePane"));
-    if (pane)
-        window->getPaneMgr()->showPane(pane);
+    showPane(QStringLiteral("VxKeyTablePane"));
 }

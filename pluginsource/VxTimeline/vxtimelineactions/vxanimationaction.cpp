@@ -2,9 +2,7 @@
 
 #include <QtCore/QPointer>
 #include <utility>
-#include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
-#include <vxcore/vxpanemgr.h>
 
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/vxwarning.h"
@@ -52,12 +50,8 @@ VxTimePane *VxAnimationAction::findTimePane()
 {
     // Guarded, so that a destroyed pane is looked up again.
     static QPointer<VxTimePane> found;
-    if (!found) {
-        VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-        VxPaneMgr *panes = window ? window->getPaneMgr() : nullptr;
-        if (panes)
-            found = qobject_cast<VxTimePane *>(panes->findPane(QStringLiteral("VxTimePane")));
-    }
+    if (!found)
+        found = qobject_cast<VxTimePane *>(vxFindPane(QStringLiteral("VxTimePane")));
     return found;
 }
 

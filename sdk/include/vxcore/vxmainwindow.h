@@ -6,6 +6,7 @@
 #include <vxcore/vxcoreglobal.h>
 
 class VxActionMgr;
+class VxPane;
 class VxPaneMgr;
 class VxViewportMgr;
 
@@ -35,5 +36,10 @@ private:
     class Private;
     std::unique_ptr<Private> d;
 };
+
+/// For callers that may run without a main window: shows a sentence in its status line.
+VXCORE_EXPORT void vxShowStatusMessage(const QString &text);
+/// The main window's pane of a class; null without a main window or such a pane.
+VXCORE_EXPORT VxPane *vxFindPane(const QString &className);
 
 #endif

@@ -56,3 +56,15 @@ void VxMainWindow::showStatusMessage(const QString &text, int milliseconds)
 {
     statusBar()->showMessage(text, milliseconds);
 }
+
+void vxShowStatusMessage(const QString &text)
+{
+    if (VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr)
+        window->showStatusMessage(text);
+}
+
+VxPane *vxFindPane(const QString &className)
+{
+    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
+    return window ? window->getPaneMgr()->findPane(className) : nullptr;
+}

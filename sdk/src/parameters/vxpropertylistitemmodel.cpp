@@ -39,6 +39,18 @@ struct Place
     int headingIndex = 0;
 };
 
+/// The elements whose properties are listed: the node, its object and the object's elements.
+QVector<VxElement *> elementsOf(VxNode *node)
+{
+    QVector<VxElement *> elements{node};
+    if (VxObject *object = node->getObject()) {
+        elements.append(object);
+        for (int i = 0; i < object->getNumSubElements(); ++i)
+            elements.append(object->getSubElement(i));
+    }
+    return elements;
+}
+
 } // namespace
 
 class VxPropertyListItemModel::Private
@@ -135,13 +147,9 @@ void VxPropertyListItemModel::Private::watch()
 
 void VxPropertyListItemModel::Private::watchNode(VxNode *node)
 {
-    watchElement(node);
     connections << connect(node, &VxNode::objectChanged, q, [this] { updateTimer.start(); });
-    if (VxObject *object = node->getObject()) {
-        watchElement(object);
-        for (int i = 0; i < object->getNumSubElements(); ++i)
-            watchElement(object->getSubElement(i));
-    }
+    for (VxElement *element : elementsOf(node))
+        watchElement(element);
 }
 
 void VxPropertyListItemModel::Private::watchElement(VxElement *element)
@@ -199,17 +207,11 @@ void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
 
 void VxPropertyListItemModel::Private::loseNode(VxNode *node)
 {
-    const auto loseAllOf = [this](const VxElement *element) {
-        for (int i = 0; i < element->getNumProperties(); ++i)
-            loseProperty(element->getProperty(i));
-    };
     node->disconnect(q);
     nodes.removeAll(node);
-    loseAllOf(node);
-    if (const VxObject *object = node->getObject()) {
-        loseAllOf(object);
-        for (int i = 0; i < object->getNumSubElements(); ++i)
-            loseAllOf(object->getSubElement(i));
+    for (const VxElement *element : elementsOf(node)) {
+        for (int i = 0; i < element->getNumProperties(); ++i)
+            loseProperty(element->getProperty(i));
     }
     if (nodes.isEmpty())
         rebuild();
@@ -243,13 +245,10 @@ QVariant VxPropertyListItemModel::Private::valueData(const VxPropertyListNode *r
 {
     switch (role) {
     case Qt::DisplayRole:
-        return VxPropertyRow::isMixed(row, vxCurrentTime())
-                   ? tr("Mixed")
-                   : VxPropertyValue::text(VxPropertyRow::leading(row), vxCurrentTime());
     case Qt::EditRole:
-        return VxPropertyRow::isMixed(row, vxCurrentTime())
-                   ? QString()
-                   : VxPropertyValue::text(VxPropertyRow::leading(row), vxCurrentTime());
+        if (VxPropertyRow::isMixed(row, vxCurrentTime()))
+            return role == Qt::DisplayRole ? tr("Mixed") : QString();
+        return VxPropertyValue::text(VxPropertyRow::leading(row), vxCurrentTime());
     case Qt::ToolTipRole: {
         const QVector<VxProperty *> properties = row->getProperties();
         const QString value = VxPropertyHints::valueHint(properties, vxCurrentTime());

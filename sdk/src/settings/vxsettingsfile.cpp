@@ -72,19 +72,13 @@ bool VxSettingsFile::read(Values &values)
     if (!file.exists())
         return true;
     // A pipe or a device could block the program forever.
-    if (!QFileInfo(m_fileName).isFile()) {
-        m_error = tr("%1 cannot be read: it is not a regular file").arg(m_fileName);
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        m_error = tr("%1 cannot be read: %2").arg(m_fileName, file.errorString());
-        return false;
-    }
+    if (!QFileInfo(m_fileName).isFile())
+        return fail(tr("%1 cannot be read: it is not a regular file").arg(m_fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(tr("%1 cannot be read: %2").arg(m_fileName, file.errorString()));
     const QByteArray contents = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        m_error = tr("%1 cannot be read: %2").arg(m_fileName, file.errorString());
-        return false;
-    }
+    if (file.error() != QFileDevice::NoError)
+        return fail(tr("%1 cannot be read: %2").arg(m_fileName, file.errorString()));
     return parse(contents, values);
 }
 
@@ -98,11 +92,15 @@ bool VxSettingsFile::write(const Values &values)
     // first failure's text: after a failed commit there may be none.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        file.write(contents) != contents.size() || !file.commit()) {
-        m_error = tr("%1 cannot be written: %2").arg(m_fileName, file.errorString());
-        return false;
-    }
+        file.write(contents) != contents.size() || !file.commit())
+        return fail(tr("%1 cannot be written: %2").arg(m_fileName, file.errorString()));
     return true;
+}
+
+bool VxSettingsFile::fail(const QString &error)
+{
+    m_error = error;
+    return false;
 }
 
 bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
@@ -110,24 +108,18 @@ bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
     const QTemporaryDir dir;
     QFile scratch(scratchFile(dir));
     if (!dir.isValid() || !scratch.open(QIODevice::WriteOnly) ||
-        scratch.write(contents) != contents.size() || !scratch.flush()) {
-        m_error = tr("%1 cannot be read: no temporary file can be written").arg(m_fileName);
-        return false;
-    }
+        scratch.write(contents) != contents.size() || !scratch.flush())
+        return fail(tr("%1 cannot be read: no temporary file can be written").arg(m_fileName));
     scratch.close();
     QSettings store(scratch.fileName(), QSettings::IniFormat);
     store.setIniCodec("UTF-8");
     const QStringList paths = store.allKeys();
-    if (store.status() != QSettings::NoError) {
-        m_error = tr("%1 is not an INI file, or is damaged").arg(m_fileName);
-        return false;
-    }
+    if (store.status() != QSettings::NoError)
+        return fail(tr("%1 is not an INI file, or is damaged").arg(m_fileName));
     for (const QString &path : paths) {
-        if (path.count(QLatin1Char('/')) > MaxGroups) {
-            m_error = tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
-                          .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups));
-            return false;
-        }
+        if (path.count(QLatin1Char('/')) > MaxGroups)
+            return fail(tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
+                            .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups)));
         values.insert(path, textOf(store.value(path)));
     }
     return true;
@@ -146,10 +138,8 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
     // Without any value no file is written.
     const bool isComplete = dir.isValid() && store.status() == QSettings::NoError &&
                             (values.isEmpty() || scratch.open(QIODevice::ReadOnly));
-    if (!isComplete) {
-        m_error = tr("%1 cannot be written: no temporary file can be written").arg(m_fileName);
-        return false;
-    }
+    if (!isComplete)
+        return fail(tr("%1 cannot be written: no temporary file can be written").arg(m_fileName));
     contents = scratch.isOpen() ? scratch.readAll() : QByteArray();
     // On a full disk the toolkit takes a truncated file for a whole one: then the last line has no
     // end, or lines are missing.
@@ -157,6 +147,5 @@ bool VxSettingsFile::format(const Values &values, QByteArray &contents)
     if (values.isEmpty() ||
         (contents.endsWith('\n') && parse(contents, complete) && complete.size() == values.size()))
         return true;
-    m_error = tr("%1 cannot be written: the disk for temporary files is full").arg(m_fileName);
-    return false;
+    return fail(tr("%1 cannot be written: the disk for temporary files is full").arg(m_fileName));
 }

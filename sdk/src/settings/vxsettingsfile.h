@@ -33,6 +33,7 @@ public:
     static QStringList names(const QString &path);
 
 private:
+    bool fail(const QString &error); // always false
     bool parse(const QByteArray &contents, Values &values);
     bool format(const Values &values, QByteArray &contents);
 

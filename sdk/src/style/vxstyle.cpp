@@ -25,6 +25,15 @@ public:
     {
     }
 
+    // The text size replaces that of the desktop's font.
+    void applyFont() const
+    {
+        QFont font = desktopFont;
+        if (textSize > 0)
+            font.setPointSize(textSize);
+        QApplication::setFont(font);
+    }
+
     ColorScheme scheme;
     QPalette palette;
     CurveColors curveColors = CurveColors::Standard;
@@ -258,10 +267,7 @@ void VxStyle::setTextSize(int points)
         return;
     d->textSize = size;
     if (qApp != nullptr && QApplication::style() == this) {
-        QFont font = d->desktopFont;
-        if (size > 0)
-            font.setPointSize(size);
-        QApplication::setFont(font);
+        d->applyFont();
         sendToAllWidgets(QEvent::StyleChange);
     }
     Q_EMIT textSizeChanged();
@@ -339,11 +345,8 @@ void VxStyle::polish(QApplication *application)
     QProxyStyle::polish(application);
     QApplication::setPalette(d->palette);
     d->desktopFont = QApplication::font();
-    if (d->textSize > 0) {
-        QFont font = d->desktopFont;
-        font.setPointSize(d->textSize);
-        QApplication::setFont(font);
-    }
+    if (d->textSize > 0)
+        d->applyFont();
 }
 
 void VxStyle::unpolish(QApplication *application)

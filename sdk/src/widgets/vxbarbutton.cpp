@@ -20,8 +20,6 @@ public:
     VxBarButton *const button;
     Qt::Edges joinedEdges;
 
-    bool hovered() const { return button->isEnabled() && button->underMouse(); }
-
     QKeySequence toolTipShortcut() const
     {
         const QAction *action = button->defaultAction();
@@ -39,19 +37,7 @@ public:
         constexpr int beyond = 6;
         const QRect rect = button->rect().adjusted(joinedEdges & Qt::LeftEdge ? -beyond : 0, 0,
                                                    joinedEdges & Qt::RightEdge ? beyond : 0, 0);
-        QStyle::State state;
-        state.setFlag(QStyle::State_Sunken, button->isDown());
-        state.setFlag(QStyle::State_On, button->isChecked());
-        drawPrimitive(painter, button, VxStyle::PE_VxBarButton, rect, state);
-    }
-
-    void paintIcon(QPainter &painter) const
-    {
-        QIcon::Mode mode = QIcon::Disabled;
-        if (button->isEnabled())
-            mode = hovered() ? QIcon::Active : QIcon::Normal;
-        button->icon().paint(&painter, iconRect(), Qt::AlignCenter, mode,
-                             button->isChecked() ? QIcon::On : QIcon::Off);
+        drawButtonGround(painter, button, rect);
     }
 
     QRect iconRect() const
@@ -147,7 +133,7 @@ void VxBarButton::paintEvent(QPaintEvent *event)
     QStylePainter painter(this);
     d->paintGround(painter);
     if (!icon().isNull())
-        d->paintIcon(painter);
+        drawButtonIcon(painter, this, d->iconRect(), underMouse());
     else
         painter.drawItemText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
                              text(), QPalette::ButtonText);

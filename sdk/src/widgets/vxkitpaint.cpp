@@ -1,7 +1,7 @@
 #include "widgets/vxkitpaint.h"
 
+#include <QAbstractButton>
 #include <QStyleOption>
-#include <QWidget>
 
 int VxKitPaint::styleLength(const QWidget *widget, VxStyle::PixelMetricId id, int otherwise)
 {
@@ -21,6 +21,25 @@ void VxKitPaint::drawPrimitive(QPainter &painter, const QWidget *widget, VxStyle
         option.state &= ~QStyle::State_MouseOver;
     widget->style()->drawPrimitive(static_cast<QStyle::PrimitiveElement>(id), &option, &painter,
                                    widget);
+}
+
+void VxKitPaint::drawButtonGround(QPainter &painter, const QAbstractButton *button,
+                                  const QRect &rect)
+{
+    QStyle::State state;
+    state.setFlag(QStyle::State_Sunken, button->isDown());
+    state.setFlag(QStyle::State_On, button->isChecked());
+    drawPrimitive(painter, button, VxStyle::PE_VxBarButton, rect, state);
+}
+
+void VxKitPaint::drawButtonIcon(QPainter &painter, const QAbstractButton *button, const QRect &rect,
+                                bool active)
+{
+    QIcon::Mode mode = QIcon::Disabled;
+    if (button->isEnabled())
+        mode = active ? QIcon::Active : QIcon::Normal;
+    button->icon().paint(&painter, rect, Qt::AlignCenter, mode,
+                         button->isChecked() ? QIcon::On : QIcon::Off);
 }
 
 bool VxKitPaint::drawStyleSheetBox(QPainter &painter, const QWidget *widget)

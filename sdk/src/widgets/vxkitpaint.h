@@ -5,6 +5,7 @@
 
 #include <vxcore/vxstyle.h>
 
+class QAbstractButton;
 class QPainter;
 
 // Access of the kit's widgets to the application's style, which they have as a plain QStyle, since
@@ -19,6 +20,11 @@ int styleLength(const QWidget *widget, VxStyle::PixelMetricId id, int otherwise)
 // hovered only counts while the widget is enabled.
 void drawPrimitive(QPainter &painter, const QWidget *widget, VxStyle::PrimitiveId id,
                    const QRect &rect, QStyle::State state = QStyle::State_None);
+
+// The kit's flat button: its ground, sunken or lit, and its icon. `active`: pointed at or focused.
+void drawButtonGround(QPainter &painter, const QAbstractButton *button, const QRect &rect);
+void drawButtonIcon(QPainter &painter, const QAbstractButton *button, const QRect &rect,
+                    bool active);
 
 // Draws the widget's style sheet box; false when it has none.
 bool drawStyleSheetBox(QPainter &painter, const QWidget *widget);

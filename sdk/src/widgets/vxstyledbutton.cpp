@@ -110,32 +110,15 @@ public:
         button->update();
     }
 
-    void paintFlatFrame(QPainter &painter) const
-    {
-        QStyle::State state;
-        state.setFlag(QStyle::State_Sunken, button->isDown());
-        state.setFlag(QStyle::State_On, button->isChecked());
-        drawPrimitive(painter, button, VxStyle::PE_VxBarButton, button->rect(), state);
-    }
-
     void paintFrame(QStylePainter &painter) const
     {
         const QStyleOptionButton option = frameOption();
         if (buttonStyle == Flat && !button->testAttribute(Qt::WA_StyleSheetTarget))
-            paintFlatFrame(painter);
+            drawButtonGround(painter, button, button->rect());
         else
             painter.drawControl(QStyle::CE_PushButtonBevel, option);
         drawFocus(painter, button,
                   button->style()->subElementRect(QStyle::SE_PushButtonFocusRect, &option, button));
-    }
-
-    void paintIcon(QPainter &painter, const QRect &rect) const
-    {
-        QIcon::Mode mode = QIcon::Disabled;
-        if (button->isEnabled())
-            mode = button->underMouse() || button->hasFocus() ? QIcon::Active : QIcon::Normal;
-        button->icon().paint(&painter, rect, Qt::AlignCenter, mode,
-                             button->isChecked() ? QIcon::On : QIcon::Off);
     }
 
     void paintArrow(QPainter &painter, const QRect &rect) const
@@ -257,7 +240,7 @@ void VxStyledButton::paintEvent(QPaintEvent *)
     d->paintFrame(painter);
     const VxButtonContents placed = d->contents();
     if (!placed.icon.isNull())
-        d->paintIcon(painter, placed.icon);
+        drawButtonIcon(painter, this, placed.icon, underMouse() || hasFocus());
     if (!placed.text.isNull())
         painter.drawItemText(placed.text,
                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine |

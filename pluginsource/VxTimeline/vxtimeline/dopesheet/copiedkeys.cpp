@@ -1,9 +1,10 @@
 #include "vxtimeline/dopesheet/copiedkeys.h"
 
 #include <algorithm>
-#include <vxcore/vxelement.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpropertyhelper.h>
 
 #include "vxtimeline/time/timelinesnap.h"
 
@@ -80,10 +81,8 @@ bool pasteInts(const CopiedKeys::Entry &entry, VxIntProperty *property,
 // Of the node that owns the property itself or through an object.
 QString nodeName(const VxProperty *property)
 {
-    const VxElement *owner = property->getOwner();
-    while (owner && owner->getOwnerElement())
-        owner = owner->getOwnerElement();
-    return owner ? owner->getName() : QString();
+    const VxNode *node = VxPropertyHelper::getNode(property);
+    return node ? node->getName() : QString();
 }
 
 } // namespace

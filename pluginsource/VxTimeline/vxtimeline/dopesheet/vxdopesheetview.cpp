@@ -13,7 +13,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpane.h>
-#include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
@@ -311,9 +310,7 @@ VxDopeSheetItem *VxDopeSheetView::searchPrevious()
 // The pane's class is declared in a folder that this one must not include.
 void VxDopeSheetView::handleAppStarting()
 {
-    const VxMainWindow *window = vxApp->getInterface();
-    VxPane *pane = window ? window->getPaneMgr()->findPane(QStringLiteral("VxTimePane")) : nullptr;
-    if (pane)
+    if (VxPane *pane = vxFindPane(QStringLiteral("VxTimePane")))
         connect(pane, SIGNAL(graphChannelListChanged(QVector<VxProperty *>)), this,
                 SLOT(handleGraphChannelListChanged(QVector<VxProperty *>)), Qt::UniqueConnection);
 }

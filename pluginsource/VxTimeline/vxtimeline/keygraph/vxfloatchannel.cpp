@@ -38,6 +38,14 @@ public:
     {
         property->setKeyInterpolation(index, type, tcb.tension, tcb.continuity, tcb.bias);
     }
+    void setTcb(int index, float VxTcb::*part, double value)
+    {
+        if (!isKey(index))
+            return;
+        VxTcb next = tcb(index);
+        next.*part = VxFloatChannel::narrowed(value);
+        setShape(index, property->getKeyInterpolationType(index), next);
+    }
     bool replaceKey(int index, VxTime time, double value);
 
     VxFloatProperty *property = nullptr;
@@ -190,21 +198,6 @@ int VxFloatChannel::getKeyInterpolation(int index, float *tension, float *contin
     return d->property->getKeyInterpolationType(index, tension, continuity, bias);
 }
 
-double VxFloatChannel::getKeyTension(int index) const
-{
-    return double(d->tcb(index).tension);
-}
-
-double VxFloatChannel::getKeyContinuity(int index) const
-{
-    return double(d->tcb(index).continuity);
-}
-
-double VxFloatChannel::getKeyBias(int index) const
-{
-    return double(d->tcb(index).bias);
-}
-
 void VxFloatChannel::setKeyInterpolation(int index, int type)
 {
     if (d->isKey(index))
@@ -213,29 +206,17 @@ void VxFloatChannel::setKeyInterpolation(int index, int type)
 
 void VxFloatChannel::setKeyTension(int index, double tension)
 {
-    if (!d->isKey(index))
-        return;
-    VxTcb tcb = d->tcb(index);
-    tcb.tension = VxFloatChannel::narrowed(tension);
-    d->setShape(index, getKeyInterpolation(index), tcb);
+    d->setTcb(index, &VxTcb::tension, tension);
 }
 
 void VxFloatChannel::setKeyContinuity(int index, double continuity)
 {
-    if (!d->isKey(index))
-        return;
-    VxTcb tcb = d->tcb(index);
-    tcb.continuity = VxFloatChannel::narrowed(continuity);
-    d->setShape(index, getKeyInterpolation(index), tcb);
+    d->setTcb(index, &VxTcb::continuity, continuity);
 }
 
 void VxFloatChannel::setKeyBias(int index, double bias)
 {
-    if (!d->isKey(index))
-        return;
-    VxTcb tcb = d->tcb(index);
-    tcb.bias = VxFloatChannel::narrowed(bias);
-    d->setShape(index, getKeyInterpolation(index), tcb);
+    d->setTcb(index, &VxTcb::bias, bias);
 }
 
 void VxFloatChannel::removeKey(int index)

@@ -33,9 +33,6 @@ public:
     void setKey(int index, VxTime time, double value) override;
     int getKeyInterpolation(int index, float *tension = nullptr, float *continuity = nullptr,
                             float *bias = nullptr) const override;
-    double getKeyTension(int index) const override;
-    double getKeyContinuity(int index) const override;
-    double getKeyBias(int index) const override;
     void setKeyInterpolation(int index, int type) override;
     void setKeyTension(int index, double tension) override;
     void setKeyContinuity(int index, double continuity) override;

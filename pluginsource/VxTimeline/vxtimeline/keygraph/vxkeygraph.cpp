@@ -10,7 +10,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpane.h>
-#include <vxcore/vxpanemgr.h>
 #include <vxcore/vxparameterspane.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxpropertylistitemmodel.h>
@@ -20,16 +19,6 @@
 
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
-
-namespace {
-
-VxPane *findPane(const char *className)
-{
-    const VxMainWindow *window = vxApp->getInterface();
-    return window ? window->getPaneMgr()->findPane(QLatin1String(className)) : nullptr;
-}
-
-} // namespace
 
 class VxKeyGraph::Private
 {
@@ -146,7 +135,8 @@ void VxKeyGraph::Private::announce()
 void VxKeyGraph::Private::connectParametersPane()
 {
     if (!parametersView) {
-        const auto *pane = qobject_cast<VxParametersPane *>(findPane("VxParametersPane"));
+        const auto *pane =
+            qobject_cast<VxParametersPane *>(vxFindPane(QStringLiteral("VxParametersPane")));
         parametersView = pane ? pane->getPropertyListView() : nullptr;
     }
     if (parametersView && parametersView->selectionModel())
@@ -209,7 +199,7 @@ void VxKeyGraph::connectDopesheet()
 {
     if (d->dopesheetConnected)
         return;
-    const VxPane *pane = findPane("VxTimePane");
+    const VxPane *pane = vxFindPane(QStringLiteral("VxTimePane"));
     if (!pane)
         return;
     d->dopesheetConnected =

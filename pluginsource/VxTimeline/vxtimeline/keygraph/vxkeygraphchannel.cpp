@@ -83,19 +83,25 @@ int VxKeyGraphChannel::getKeyInterpolation(int index, float *tension, float *con
     return 0;
 }
 
-double VxKeyGraphChannel::getKeyTension(int) const
+double VxKeyGraphChannel::getKeyTension(int index) const
 {
-    return 0.0;
+    float value = 0;
+    getKeyInterpolation(index, &value, nullptr, nullptr);
+    return double(value);
 }
 
-double VxKeyGraphChannel::getKeyContinuity(int) const
+double VxKeyGraphChannel::getKeyContinuity(int index) const
 {
-    return 0.0;
+    float value = 0;
+    getKeyInterpolation(index, nullptr, &value, nullptr);
+    return double(value);
 }
 
-double VxKeyGraphChannel::getKeyBias(int) const
+double VxKeyGraphChannel::getKeyBias(int index) const
 {
-    return 0.0;
+    float value = 0;
+    getKeyInterpolation(index, nullptr, nullptr, &value);
+    return double(value);
 }
 
 void VxKeyGraphChannel::setKeyInterpolation(int, int) {}

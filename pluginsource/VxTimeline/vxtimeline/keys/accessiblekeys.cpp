@@ -55,10 +55,10 @@ std::vector<VxKeySpan> changed(const std::vector<VxKeySpan> &spans, int index, b
     return result;
 }
 
-QVector<VxProperty *> holdersOf(const AccessibleKeySource &source)
+QVector<VxProperty *> holdersOf(const QVector<VxProperty *> &properties)
 {
     QVector<VxProperty *> holders;
-    for (VxProperty *property : source.properties())
+    for (VxProperty *property : properties)
         holders += property->getKeyHolder();
     std::sort(holders.begin(), holders.end());
     holders.erase(std::unique(holders.begin(), holders.end()), holders.end());
@@ -159,7 +159,7 @@ void AccessibleKeys::changeKey(const AccessibleKeySource &source, int index, Cha
         change == Change::Toggle ? !source.isSelected(index) : change != Change::Deselect;
     const VxKeySelection *selection = VxKeySelection::current();
     VxKeySelectionEntries entries;
-    for (VxProperty *holder : holdersOf(source)) {
+    for (VxProperty *holder : holdersOf(source.properties())) {
         const int key = holder->findKey(time);
         if (key < 0 || !selection)
             continue;
@@ -174,7 +174,7 @@ void AccessibleKeys::changeKey(const AccessibleKeySource &source, int index, Cha
 void AccessibleKeys::changeAll(const AccessibleKeySource &source, Change change)
 {
     VxKeySelectionEntries entries;
-    for (VxProperty *holder : holdersOf(source)) {
+    for (VxProperty *holder : holdersOf(source.properties())) {
         const int count = holder->getNumKeys();
         if (change == Change::Deselect)
             entries.push_back({holder, {}, 0});
@@ -186,13 +186,11 @@ void AccessibleKeys::changeAll(const AccessibleKeySource &source, Change change)
 
 void AccessibleKeys::selectBetween(const std::vector<Source> &sources, VxTime first, VxTime last)
 {
-    QVector<VxProperty *> holders;
+    QVector<VxProperty *> properties;
     for (const Source &source : sources)
-        holders += holdersOf(*source);
-    std::sort(holders.begin(), holders.end());
-    holders.erase(std::unique(holders.begin(), holders.end()), holders.end());
+        properties += source->properties();
     VxKeySelectionEntries entries;
-    for (VxProperty *holder : holders) {
+    for (VxProperty *holder : holdersOf(properties)) {
         const int from = holder->getFirstKeyFrom(first);
         const int to = last == VxTimeMax ? holder->getNumKeys() : holder->getFirstKeyFrom(last + 1);
         if (from < to)

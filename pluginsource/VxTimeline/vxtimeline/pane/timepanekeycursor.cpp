@@ -58,8 +58,7 @@ void TimePaneKeyCursor::begin()
                          m_views.graphView()->hasFocus();
     m_rows = inGraph ? static_cast<KeyCursorRows *>(&m_graphRows) : &m_sheetRows;
     if (!m_views.sheet()->isVisible() || m_rows->isEmpty() || m_rows->area()->height() < 1) {
-        if (vxApp->getInterface())
-            vxApp->getInterface()->showStatusMessage(tr("Key Cursor: no rows are shown"));
+        vxShowStatusMessage(tr("Key Cursor: no rows are shown"));
         return;
     }
     if (isVisible())

@@ -57,13 +57,6 @@ QVector<VxTime> frameTimes(VxTime first, int count)
     return times;
 }
 
-// In the window's status line; says why a command did nothing.
-void showStatus(const QString &text)
-{
-    if (VxMainWindow *window = vxApp->getInterface())
-        window->showStatusMessage(text);
-}
-
 } // namespace
 
 TimePaneKeys::TimePaneKeys(const VxTimePane *pane, VxDopeSheetView *sheet,
@@ -160,11 +153,11 @@ void TimePaneKeys::showWhyNoKeys() const
 {
     const VxDopeSheetView::EditableKeys keys = m_sheet->getEditableKeys();
     if (keys == VxDopeSheetView::NoneSelected)
-        showStatus(VxTimePane::tr("No keys are selected."));
+        vxShowStatusMessage(VxTimePane::tr("No keys are selected."));
     else if (keys == VxDopeSheetView::AllFilteredOut)
-        showStatus(VxTimePane::tr("The selected keys are in rows that the filter hides."));
+        vxShowStatusMessage(VxTimePane::tr("The selected keys are in rows that the filter hides."));
     else if (keys == VxDopeSheetView::AllLocked)
-        showStatus(VxTimePane::tr("The selected keys belong to locked properties."));
+        vxShowStatusMessage(VxTimePane::tr("The selected keys belong to locked properties."));
 }
 
 void TimePaneKeys::deleteSelectedKeys()
@@ -180,7 +173,7 @@ void TimePaneKeys::copySelectedKeys()
     if (count == 0)
         showWhyNoKeys();
     else
-        showStatus(VxTimePane::tr("Copied %n keys.", nullptr, count));
+        vxShowStatusMessage(VxTimePane::tr("Copied %n keys.", nullptr, count));
     updateStates();
 }
 
@@ -190,9 +183,9 @@ void TimePaneKeys::pasteKeys()
     const bool pasted = m_sheet->pasteCopiedKeys();
     hold.accept(VxTimePane::tr("Paste Keys"));
     if (!m_sheet->hasCopiedKeys())
-        showStatus(VxTimePane::tr("No keys have been copied."));
+        vxShowStatusMessage(VxTimePane::tr("No keys have been copied."));
     else if (!pasted)
-        showStatus(VxTimePane::tr("No row matches the copied keys."));
+        vxShowStatusMessage(VxTimePane::tr("No row matches the copied keys."));
     updateStates();
 }
 
