@@ -56,7 +56,7 @@ void SceneSelectionLink::handleViewCurrent(const QModelIndex &current)
         m_scene->setPrimarySelection(node);
 }
 
-void SceneSelectionLink::showSceneSelection()
+void SceneSelectionLink::catchUp()
 {
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     QItemSelectionModel *rows = m_view->selectionModel();

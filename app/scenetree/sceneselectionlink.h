@@ -20,8 +20,7 @@ public:
 private:
     void handleViewSelection(const QItemSelection &selected, const QItemSelection &deselected);
     void handleViewCurrent(const QModelIndex &current);
-    void catchUp() override { showSceneSelection(); }
-    void showSceneSelection();
+    void catchUp() override;
     QItemSelection sceneSelection() const;
 
     bool m_isShowing = false; // the scene's state is being applied to the view

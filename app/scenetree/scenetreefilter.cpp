@@ -32,10 +32,10 @@ void SceneTreeFilter::setText(const QString &text)
     if (text == m_text)
         return;
     m_text = text;
-    apply();
+    catchUp();
 }
 
-void SceneTreeFilter::apply()
+void SceneTreeFilter::catchUp()
 {
     cancelCatchUp();
     m_matches.clear();

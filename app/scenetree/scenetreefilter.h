@@ -27,8 +27,7 @@ Q_SIGNALS:
     void matchesChanged();
 
 private:
-    void catchUp() override { apply(); }
-    void apply();
+    void catchUp() override;
 
     QString m_text;
     QVector<VxNode *> m_matches;

@@ -70,26 +70,26 @@ QMenu *SceneTreeView::makeContextMenu()
 {
     auto *menu = new QMenu(this);
     const bool any = selectionModel()->hasSelection();
-    const auto add = [menu](const QString &text, bool enabled, auto slot, SceneTreeView *view,
-                            const QKeySequence &shown = {}) {
-        QAction *action = menu->addAction(text, view, slot);
+    const auto add = [this, menu](const QString &text, bool enabled, auto slot,
+                                  const QKeySequence &shown = {}) {
+        QAction *action = menu->addAction(text, this, slot);
         action->setEnabled(enabled);
         action->setShortcut(shown);
     };
-    add(tr("Rename"), currentIndex().isValid(), &SceneTreeView::renameCurrent, this,
+    add(tr("Rename"), currentIndex().isValid(), &SceneTreeView::renameCurrent,
         QKeySequence(Qt::Key_F2));
-    add(tr("Delete"), any, &SceneTreeView::removeSelected, this, QKeySequence(Qt::Key_Delete));
+    add(tr("Delete"), any, &SceneTreeView::removeSelected, QKeySequence(Qt::Key_Delete));
     menu->addSeparator();
-    add(tr("Show"), any, &SceneTreeView::showSelected, this);
-    add(tr("Hide"), any, &SceneTreeView::hideSelected, this);
+    add(tr("Show"), any, &SceneTreeView::showSelected);
+    add(tr("Hide"), any, &SceneTreeView::hideSelected);
     menu->addSeparator();
     // They act on the scene's selection, which is the tree's.
     if (addActionSubMenu(menu, tr("Create"), QStringLiteral("Create")))
         menu->addSeparator();
-    add(tr("Select Children"), any, &SceneTreeView::selectChildren, this);
+    add(tr("Select Children"), any, &SceneTreeView::selectChildren);
     menu->addSeparator();
-    add(tr("Expand All"), true, &QTreeView::expandAll, this);
-    add(tr("Collapse All"), true, &QTreeView::collapseAll, this);
+    add(tr("Expand All"), true, &QTreeView::expandAll);
+    add(tr("Collapse All"), true, &QTreeView::collapseAll);
     return menu;
 }
 

@@ -15,11 +15,6 @@ constexpr int EyeMargin = 5;
 
 } // namespace
 
-VisibilityDelegate::VisibilityDelegate(QObject *parent)
-    : QStyledItemDelegate(parent)
-{
-}
-
 int VisibilityDelegate::columnWidth()
 {
     return EyeSide + 2 * EyeMargin;
@@ -52,10 +47,4 @@ void VisibilityDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     painter->drawLine(QPointF(eye.left() + 1.5, eye.bottom() - 0.5),
                       QPointF(eye.right() - 0.5, eye.top() + 1.5));
     painter->restore();
-}
-
-bool VisibilityDelegate::editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &,
-                                     const QModelIndex &)
-{
-    return false;
 }

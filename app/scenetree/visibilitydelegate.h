@@ -9,15 +9,18 @@ class VisibilityDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit VisibilityDelegate(QObject *parent);
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     /// The width of a column of eyes in a view; pixels.
     static int columnWidth();
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
-    bool editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,
-                     const QModelIndex &index) override;
+    bool editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &,
+                     const QModelIndex &) override
+    {
+        return false;
+    }
 };
 
 #endif

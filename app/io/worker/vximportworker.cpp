@@ -178,11 +178,6 @@ bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImpo
 
 } // namespace
 
-VxImportWorker::VxImportWorker()
-    : m_program(defaultProgram())
-{
-}
-
 QString VxImportWorker::defaultProgram()
 {
     const QDir folder(QCoreApplication::applicationDirPath());

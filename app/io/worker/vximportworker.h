@@ -21,7 +21,6 @@ public:
         int silence = 30 * 1000; ///< maximum milliseconds without output; extended likewise
     };
 
-    VxImportWorker();
     void setLimits(const Limits &limits) { m_limits = limits; }
     /// The program to run; by default the one beside this program.
     void setProgram(const QString &program) { m_program = program; }
@@ -38,7 +37,7 @@ public:
     static QString defaultProgram();
 
 private:
-    QString m_program;
+    QString m_program = defaultProgram();
     Limits m_limits;
 };
 
