@@ -77,10 +77,7 @@ VxMarkerListPane::VxMarkerListPane()
     layout->addWidget(m_view);
 
     connect(m_view, &QTableView::clicked, this, &VxMarkerListPane::showTime);
-    connect(m_model, &MarkerTableModel::refused, this, [](const QString &message) {
-        if (VxMainWindow *window = vxApp->getInterface())
-            window->showStatusMessage(message);
-    });
+    connect(m_model, &MarkerTableModel::refused, this, &vxShowStatusMessage);
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
             [this] { m_selected = selectedIds(); });
     connect(m_sorted, &QAbstractItemModel::modelReset, this, &VxMarkerListPane::keepSelection);

@@ -220,9 +220,6 @@ void SceneTreeView::dropEvent(QDropEvent *event)
 
 void SceneTreeView::showDisplaced(const QVector<VxNode *> &nodes)
 {
-    VxMainWindow *window = vxApp->getInterface();
-    if (!window)
-        return;
     const QString text =
         nodes.size() == 1
             ? tr("\"%1\" could not keep its world position: values are locked or linked, or a "
@@ -230,5 +227,5 @@ void SceneTreeView::showDisplaced(const QVector<VxNode *> &nodes)
                   .arg(nodes.first()->getLabel())
             : tr("%n nodes could not keep their world positions below their new parent.", nullptr,
                  nodes.size());
-    window->showStatusMessage(text);
+    vxShowStatusMessage(text);
 }

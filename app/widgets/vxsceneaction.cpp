@@ -1,6 +1,5 @@
 #include "widgets/vxsceneaction.h"
 
-#include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 
@@ -16,7 +15,6 @@ void VxSceneAction::executeAction()
     if (!vxScene)
         return;
     const QString message = m_command(vxScene);
-    VxMainWindow *window = vxApp->getInterface();
-    if (window && !message.isEmpty())
-        window->showStatusMessage(message);
+    if (!message.isEmpty())
+        vxShowStatusMessage(message);
 }
