@@ -9,7 +9,7 @@
 #include <vxcore/vxkey.h>
 #include <vxcore/vxnode.h>
 
-/// The output of motion file readers, which VxMotionBuilder converts to nodes with keys: plain
+/// The output of motion file readers, which vxBuildMotion() converts to nodes with keys: plain
 /// values, independent of any scene and of any particular format.
 ///
 /// A reader passes curves on as in the file. It does not round times to ticks, sample keyed values,
