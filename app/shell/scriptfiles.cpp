@@ -75,33 +75,28 @@ Request readRequest(const QScriptContext *context)
     return request;
 }
 
-DocumentController *documentOf(QScriptContext *context)
-{
-    return qobject_cast<DocumentController *>(context->callee().data().toQObject());
-}
-
 QScriptValue fail(QScriptContext *context, const char *function, const QString &error)
 {
     return context->throwError(QStringLiteral("%1: %2").arg(QLatin1String(function), error));
 }
 
-QScriptValue open(QScriptContext *context, QScriptEngine *)
+QScriptValue open(QScriptContext *context, QScriptEngine *, void *controller)
 {
     const Request request = readRequest(context);
     if (!request.error.isEmpty())
         return fail(context, "open()", request.error);
-    DocumentController *document = documentOf(context);
+    auto *document = static_cast<DocumentController *>(controller);
     if (!document->open(request.file, request.options, request.choices))
         return fail(context, "open()", document->lastError());
     return true;
 }
 
-QScriptValue importFile(QScriptContext *context, QScriptEngine *engine)
+QScriptValue importFile(QScriptContext *context, QScriptEngine *engine, void *controller)
 {
     const Request request = readRequest(context);
     if (!request.error.isEmpty())
         return fail(context, "importFile()", request.error);
-    DocumentController *document = documentOf(context);
+    auto *document = static_cast<DocumentController *>(controller);
     if (!document->importMotion(request.file, request.options, request.choices))
         return fail(context, "importFile()", document->lastError());
     // Through JSON: a plain object that scripts can modify.
@@ -111,13 +106,13 @@ QScriptValue importFile(QScriptContext *context, QScriptEngine *engine)
     return parse.call(QScriptValue(), QScriptValueList{QScriptValue(QString::fromUtf8(json))});
 }
 
-QScriptValue exportFile(QScriptContext *context, QScriptEngine *)
+QScriptValue exportFile(QScriptContext *context, QScriptEngine *, void *controller)
 {
     QString error;
     const QString file = readFileName(context, &error);
     if (!error.isEmpty())
         return fail(context, "exportFile()", error);
-    DocumentController *document = documentOf(context);
+    auto *document = static_cast<DocumentController *>(controller);
     VxMotionExportOptions options;
     readOptions(context, &error, [&](const QString &name, const QScriptValue &value) {
         if (name == QLatin1String("node")) {
@@ -164,13 +159,12 @@ QScriptValue exportMarkers(QScriptContext *context, QScriptEngine *)
 }
 
 void add(QScriptEngine *engine, const char *object, const char *name,
-         QScriptEngine::FunctionSignature function, DocumentController *document)
+         QScriptEngine::FunctionWithArgSignature function, DocumentController *document)
 {
-    QScriptValue callable = engine->newFunction(function);
-    callable.setData(engine->newQObject(document));
+    // Not as the function's data, which scripts can replace.
     engine->globalObject()
         .property(QLatin1String(object))
-        .setProperty(QLatin1String(name), callable);
+        .setProperty(QLatin1String(name), engine->newFunction(function, document));
 }
 
 } // namespace

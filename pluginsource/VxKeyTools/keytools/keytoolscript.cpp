@@ -19,9 +19,9 @@ QScriptValue resultObject(QScriptEngine *engine, const KeyToolResult &result)
     return object;
 }
 
-QScriptValue runTool(QScriptContext *context, QScriptEngine *engine)
+QScriptValue runTool(QScriptContext *context, QScriptEngine *engine, void *entry)
 {
-    const KeyTool &tool = KeyTool::all()[context->callee().data().toInt32()];
+    const KeyTool &tool = *static_cast<const KeyTool *>(entry);
     QVariantMap arguments;
     if (context->argumentCount() > 0) {
         if (!context->argument(0).isObject())
@@ -42,10 +42,14 @@ QScriptValue runTool(QScriptContext *context, QScriptEngine *engine)
 void registerKeyToolScript(QScriptEngine *engine)
 {
     QScriptValue tools = engine->newObject();
-    for (int i = 0; i < KeyTool::all().size(); ++i) {
-        QScriptValue function = engine->newFunction(&runTool, 1);
-        function.setData(i);
-        tools.setProperty(KeyTool::all()[i].name, function);
+    for (const KeyTool &tool : KeyTool::all()) {
+        // Not as the function's data, which scripts can replace.
+        void *entry = const_cast<KeyTool *>(&tool); // runTool() only reads
+        QScriptValue function = engine->newFunction(&runTool, entry);
+        function.setProperty(QStringLiteral("length"), 1,
+                             QScriptValue::ReadOnly | QScriptValue::Undeletable |
+                                 QScriptValue::SkipInEnumeration);
+        tools.setProperty(tool.name, function);
     }
     engine->globalObject().setProperty(QStringLiteral("KeyTools"), tools);
 }

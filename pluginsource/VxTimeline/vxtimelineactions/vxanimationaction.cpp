@@ -63,6 +63,9 @@ void VxAnimationAction::completeConstruction()
 
 void VxAnimationAction::executeAction()
 {
+    // A script can make an option one that is not checkable.
+    if (!m_command)
+        return;
     if (VxTimePane *pane = requireTimePane(metaObject(), "executeAction"))
         m_command(pane);
 }

@@ -12,11 +12,9 @@ bool isWhole(const QScriptValue &value)
            number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
 }
 
-// The data of the called function refers to its entry.
-QScriptValue call(QScriptContext *context, QScriptEngine *)
+QScriptValue call(QScriptContext *context, QScriptEngine *, void *function)
 {
-    const auto *entry =
-        static_cast<const ScriptFunction *>(context->callee().data().toVariant().value<void *>());
+    const auto *entry = static_cast<const ScriptFunction *>(function);
     try {
         ScriptArguments arguments(context, entry->name);
         return entry->function(arguments);
@@ -159,8 +157,11 @@ QScriptValue toScript(QScriptEngine *engine, QObject *object)
 
 QScriptValue toScript(QScriptEngine *engine, const ScriptFunction &function)
 {
-    QScriptValue value = engine->newFunction(call, function.length);
+    // Not as the function's data, which scripts can replace.
     void *entry = const_cast<ScriptFunction *>(&function); // call() only reads
-    value.setData(engine->newVariant(QVariant::fromValue(entry)));
+    QScriptValue value = engine->newFunction(call, entry);
+    value.setProperty(QStringLiteral("length"), function.length,
+                      QScriptValue::ReadOnly | QScriptValue::Undeletable |
+                          QScriptValue::SkipInEnumeration);
     return value;
 }

@@ -73,6 +73,7 @@ private Q_SLOTS:
     void monitorParametersPaneFollowsThePane();
     void playAllFramesFollowsThePane();
     void optionsReadThePaneAtInit();
+    void optionThatIsNotCheckable();
 
 private:
     static void addRows();
@@ -577,6 +578,20 @@ void TestVxTimelineActions::optionsReadThePaneAtInit()
         action->init();
         QVERIFY2(action->isChecked(), className);
     }
+}
+
+// As a script can make it.
+void TestVxTimelineActions::optionThatIsNotCheckable()
+{
+    const Stage stage;
+    const bool playsAll = stage.pane->getPlayAllFrames();
+    VxAction *action = stage.action("VxTimePanePlayAllFramesAction");
+    action->setCheckable(false);
+    action->trigger();
+    action->setCheckable(true);
+    QCOMPARE(stage.pane->getPlayAllFrames(), playsAll);
+    action->trigger();
+    QCOMPARE(stage.pane->getPlayAllFrames(), !playsAll);
 }
 
 VX_TEST_MAIN(TestVxTimelineActions)

@@ -85,6 +85,7 @@ private Q_SLOTS:
     void manualExamplesPrintTheDocumentedResults();
     void badArguments_data();
     void badArguments();
+    void functionsCannotBeRedirected();
 
 private:
     std::unique_ptr<VxWarningGuard> m_guard;
@@ -517,6 +518,21 @@ void TestScriptEngine::badArguments()
     QVERIFY(vxScene->getAnimRange() == VxTimeRange(7, 9));
     QCOMPARE(vxScene->getPrimarySelection(), vxScene->findNode(QStringLiteral("n")));
     QCOMPARE(vxScene->findNode(QStringLiteral("n"))->getXPosControl()->getNumKeys(), 0);
+}
+
+// QtScript keeps the data of a native function in a property that scripts can read and write.
+void TestScriptEngine::functionsCannotBeRedirected()
+{
+    VxScriptError error;
+    const QString result = m_engine->evaluate(
+        QStringLiteral("var f = Scene.addNode; var own = [];"
+                       "for (var name in f) if (f.hasOwnProperty(name)) own.push(name);"
+                       "f.__qt_data__ = 5; f.length = 7;"
+                       "Scene.addNode('n'); [own, f.length].join('/')"),
+        {}, &error);
+    QVERIFY2(error.isNull(), qPrintable(error.message));
+    QCOMPARE(result, QStringLiteral("/2"));
+    QCOMPARE(vxScene->getNumNodes(), 1);
 }
 
 VX_TEST_MAIN(TestScriptEngine)

@@ -76,7 +76,7 @@ public:
     // The rows of properties and nodes below whose united keys are this row's; groups: this row and
     // the skipped groups, each after the one above it.
     void findSources(Rows *sources, Rows *groups);
-    // Unites the keys of the sources, which are valid.
+    // Unites the keys of the sources; nodes and groups among them are valid, properties are read.
     void unite();
     void dropKeys()
     {
