@@ -163,6 +163,7 @@ void SceneStream::countProperties(VxElement *element)
     for (const VxProperty *property : element->getMadeProperties())
         m_numbers.insert(property, m_numbers.size());
 }
+
 void SceneStream::writeHeader()
 {
     integer("ticksPerSecond", VxTicksPerSecond);
@@ -297,6 +298,7 @@ void SceneStream::writeNode(VxNode *node, int parent)
     kept(node);
     m_out.endMap();
 }
+
 void SceneStream::writeObject(VxObject *object)
 {
     m_out.startMap();

@@ -58,6 +58,7 @@ void PoseGesture::move(GestureNode *node, const QMatrix4x4 &parent, const VxVect
     for (std::size_t axis = 0; axis < 3; ++axis)
         set(node, XPlace + int(axis), node->start()[XPlace + axis] + (*local)[axis]);
 }
+
 void PoseGesture::resetCounts()
 {
     m_limited = 0;

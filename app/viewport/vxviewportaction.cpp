@@ -22,4 +22,5 @@ void VxViewportAction::executeAction()
     if (ViewportWidget *view = ViewportWidget::current())
         perform(view);
 }
+
 void VxViewportAction::perform(ViewportWidget *) {}
