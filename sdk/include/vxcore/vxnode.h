@@ -97,16 +97,16 @@ public:
     /// The nearest skeleton above a bone, the node itself for a skeleton, null for others.
     Q_INVOKABLE virtual VxSkeleton *getSkeleton() const;
 
-    Q_INVOKABLE VxFloatProperty *getXPosControl() const { return getTransformControl(0); }
-    Q_INVOKABLE VxFloatProperty *getYPosControl() const { return getTransformControl(1); }
-    Q_INVOKABLE VxFloatProperty *getZPosControl() const { return getTransformControl(2); }
-    Q_INVOKABLE VxFloatProperty *getXRotControl() const { return getTransformControl(3); }
-    Q_INVOKABLE VxFloatProperty *getYRotControl() const { return getTransformControl(4); }
-    Q_INVOKABLE VxFloatProperty *getZRotControl() const { return getTransformControl(5); }
-    Q_INVOKABLE VxFloatProperty *getScaleControl() const { return getTransformControl(6); }
-    Q_INVOKABLE VxFloatProperty *getXScaleControl() const { return getTransformControl(7); }
-    Q_INVOKABLE VxFloatProperty *getYScaleControl() const { return getTransformControl(8); }
-    Q_INVOKABLE VxFloatProperty *getZScaleControl() const { return getTransformControl(9); }
+    Q_INVOKABLE VxFloatProperty *getXPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getYPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getZPosControl() const;
+    Q_INVOKABLE VxFloatProperty *getXRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getYRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getZRotControl() const;
+    Q_INVOKABLE VxFloatProperty *getScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getXScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getYScaleControl() const;
+    Q_INVOKABLE VxFloatProperty *getZScaleControl() const;
     /// One of these by its index in VxRestPose, 0 to 9, and the index of a name; -1 for other
     /// names.
     VxFloatProperty *getTransformControl(int index) const;

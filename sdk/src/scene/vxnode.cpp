@@ -201,6 +201,57 @@ int VxNode::getTransformControlIndex(const QString &name)
     return nodeControlOfName(name);
 }
 
+// Not in the header: modules that were built before call them in the library.
+VxFloatProperty *VxNode::getXPosControl() const
+{
+    return priv()->control(XPosition);
+}
+
+VxFloatProperty *VxNode::getYPosControl() const
+{
+    return priv()->control(YPosition);
+}
+
+VxFloatProperty *VxNode::getZPosControl() const
+{
+    return priv()->control(ZPosition);
+}
+
+VxFloatProperty *VxNode::getXRotControl() const
+{
+    return priv()->control(XRotation);
+}
+
+VxFloatProperty *VxNode::getYRotControl() const
+{
+    return priv()->control(YRotation);
+}
+
+VxFloatProperty *VxNode::getZRotControl() const
+{
+    return priv()->control(ZRotation);
+}
+
+VxFloatProperty *VxNode::getScaleControl() const
+{
+    return priv()->control(UniformScale);
+}
+
+VxFloatProperty *VxNode::getXScaleControl() const
+{
+    return priv()->control(XScale);
+}
+
+VxFloatProperty *VxNode::getYScaleControl() const
+{
+    return priv()->control(YScale);
+}
+
+VxFloatProperty *VxNode::getZScaleControl() const
+{
+    return priv()->control(ZScale);
+}
+
 bool VxNode::isSelected() const
 {
     return priv()->selectionIndex >= 0;
