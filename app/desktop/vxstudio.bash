@@ -6,7 +6,7 @@ _vxstudio()
     case $prev in
         --script) _filedir js; return ;;
         --screenshot) _filedir png; return ;;
-        --settings) _filedir ini; return ;;
+        --settings) _filedir json; return ;;
         --plugin-path) _filedir -d; return ;;
         --language) COMPREPLY=($(compgen -W 'de en' -- "$cur")); return ;;
         --palette) COMPREPLY=($(compgen -W 'dark light contrast' -- "$cur")); return ;;

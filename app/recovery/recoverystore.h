@@ -87,6 +87,7 @@ private:
 
     QString path(const QString &id, const char *suffix) const;
     QString sceneFile(const QString &id) const { return path(id, ".vxscene"); }
+    /// With the suffix of former versions, so that their copies are found.
     QString recordFile(const QString &id) const { return path(id, ".ini"); }
     QString journalFile(const QString &id) const { return path(id, ".journal"); }
 

@@ -59,7 +59,7 @@ void addOptions(QCommandLineParser *parser)
         StudioText::tr(
             "Store the settings in this file, and recovery copies in a folder next to it. Without "
             "this option, --headless and --screenshot neither read nor write settings."),
-        "FILE.ini");
+        "FILE.json");
     add("plugin-path", StudioText::tr("Additional plug-in folder; may be repeated."), "DIR");
     add("enable-plugins",
         StudioText::tr("Enable plug-ins again that are skipped because the program ended while "

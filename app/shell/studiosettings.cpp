@@ -16,13 +16,22 @@ StudioSettings::StudioSettings(const QString &fileName)
 QString StudioSettings::defaultFileName()
 {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
-        .filePath(QStringLiteral("vxstudio.ini"));
+        .filePath(QStringLiteral("vxstudio.json"));
+}
+
+/// The settings of a version before 1.8.1 are read until there are present ones.
+QString StudioSettings::fileToLoad() const
+{
+    const QString former = QFileInfo(m_fileName).dir().filePath(QStringLiteral("vxstudio.ini"));
+    const bool isFormer = m_fileName == defaultFileName() && !QFileInfo::exists(m_fileName) &&
+                          QFileInfo::exists(former);
+    return isFormer ? former : m_fileName;
 }
 
 void StudioSettings::load(VxSettings *settings, const UserMessages &messages)
 {
     QString error;
-    if (m_fileName.isEmpty() || settings->load(m_fileName, &error))
+    if (m_fileName.isEmpty() || settings->load(fileToLoad(), &error))
         return;
     messages.showNotice(StudioText::tr("The settings will not be used or saved: %1").arg(error));
     m_fileName.clear();

@@ -24,6 +24,8 @@ public:
     void save(const VxSettings &settings, const UserMessages &messages) const;
 
 private:
+    QString fileToLoad() const;
+
     QString m_fileName;
 };
 

@@ -590,23 +590,15 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 cannot be read: no temporary file can be written</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 is not an INI file, or is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 cannot be read: &quot;%2...&quot; has more than %3 groups inside each other</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 cannot be written: no temporary file can be written</source>
+        <source>%1 is damaged at byte %2: %3</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 cannot be written: the disk for temporary files is full</source>
+        <source>%1 is damaged</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

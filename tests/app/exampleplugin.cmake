@@ -10,7 +10,7 @@ run("${CMAKE_COMMAND}" -E env "VX_INSTALLED_DIR=${WORK}/prefix"
 run("${CMAKE_COMMAND}" -S "${SOURCE}/examples/notes" -B "${WORK}/build" -G Ninja
     "-DCMAKE_PREFIX_PATH=${WORK}/prefix")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
-run("${WORK}/prefix/bin/vxstudio" --headless --settings "${WORK}/settings.ini"
+run("${WORK}/prefix/bin/vxstudio" --headless --settings "${WORK}/settings.json"
     --plugin-path "${WORK}/build" --script "${SOURCE}/examples/notes/try.js")
 if(NOT output MATCHES "first \\| Frame 3: nothing selected")
   message(FATAL_ERROR "the script printed something else:\n${output}")

@@ -11,7 +11,7 @@ file(REMOVE ${installed})
 run("${CMAKE_COMMAND}" -S "${SOURCE}/pluginsource/VxKeyTools" -B "${WORK}/build" -G Ninja
     "-DCMAKE_PREFIX_PATH=${WORK}/prefix" -DCMAKE_UNITY_BUILD=ON)
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
-run("${WORK}/prefix/bin/vxstudio" --headless --settings "${WORK}/settings.ini"
+run("${WORK}/prefix/bin/vxstudio" --headless --settings "${WORK}/settings.json"
     --plugin-path "${WORK}/build" --script "${SOURCE}/pluginsource/VxKeyTools/try.js")
 if(NOT output MATCHES "true 0,960,1920 Move Keys")
   message(FATAL_ERROR "the script printed something else:\n${output}")

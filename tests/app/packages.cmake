@@ -41,7 +41,7 @@ run("${root}/usr/bin/vxstudio" --version)
 run("${CMAKE_COMMAND}" -S "${SOURCE}/examples/notes" -B "${WORK}/build" -G Ninja
     "-DCMAKE_PREFIX_PATH=${root}/usr")
 run("${CMAKE_COMMAND}" --build "${WORK}/build")
-run("${root}/usr/bin/vxstudio" --headless --settings "${WORK}/settings.ini"
+run("${root}/usr/bin/vxstudio" --headless --settings "${WORK}/settings.json"
     --plugin-path "${WORK}/build" --script "${SOURCE}/examples/notes/try.js")
 if(NOT output MATCHES "first \\| Frame 3: nothing selected")
   message(FATAL_ERROR "the script printed something else:\n${output}")

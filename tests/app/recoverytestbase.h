@@ -34,7 +34,7 @@ public:
         tearDown();
     }
 
-    QString settings() const { return folder->filePath("settings.ini"); }
+    QString settings() const { return folder->filePath("settings.json"); }
     QString copySample(const QString &name = "walk.vxscene") const
     {
         const QString file = folder->filePath(name);

@@ -50,7 +50,7 @@ protected:
     {
         studio.reset();
         const CommandLine line = CommandLine::parse(
-            QStringList{"vxstudio", "--settings", folder->filePath("settings.ini"), "--plugin-path",
+            QStringList{"vxstudio", "--settings", folder->filePath("settings.json"), "--plugin-path",
                         QStringLiteral(VX_PLUGIN_DIR)} +
             arguments);
         if (line.action != CommandLine::Action::Run)

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vxcore/vxcoreglobal.h>
 
-/// A named store of simple values with sub-stores, kept in memory and written to an INI file on
+/// A named store of simple values with sub-stores, kept in memory and written to a JSON file on
 /// demand.
 ///
 /// A value is returned as it was stored; the default replaces a missing key, or one whose text
@@ -46,11 +46,12 @@ public:
 
     void clear();
 
-    /// Replaces the contents by those of an INI file. A missing file gives an empty store and true.
+    /// Replaces the contents by those of a file written by save(), or by an INI file, as former
+    /// versions have written. A missing file gives an empty store and true.
     /// On a file that cannot be read or parsed: false, a text in error (when given), and the
     /// contents are unchanged.
     bool load(const QString &fileName, QString *error = nullptr);
-    /// Writes everything to an INI file, in one step: the old file stays until the new one is
+    /// Writes everything to a JSON file, in one step: the old file stays until the new one is
     /// complete.
     bool save(const QString &fileName, QString *error = nullptr) const;
 

@@ -2,22 +2,19 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QSaveFile>
 #include <QtCore/QSettings>
-#include <QtCore/QTemporaryDir>
+#include <QtCore/QTemporaryFile>
 
 namespace {
 
 constexpr int MaxGroups = 64; // inside each other; the program uses a few
 constexpr int MaxShownPath = 40;
 
-QString scratchFile(const QTemporaryDir &dir)
-{
-    return dir.filePath(QStringLiteral("settings.ini"));
-}
-
-// The toolkit treats both slashes as separators and drops empty names. A lone percent sign, which
-// encoding never leaves otherwise, represents the empty name.
+// A lone percent sign, which encoding never leaves otherwise, represents the empty name: INI files
+// have none.
 QString encode(const QString &name)
 {
     if (name.isEmpty())
@@ -84,9 +81,10 @@ bool VxSettingsFile::read(Values &values)
 
 bool VxSettingsFile::write(const Values &values)
 {
-    QByteArray contents;
-    if (!format(values, contents))
-        return false;
+    QJsonObject members;
+    for (auto it = values.begin(); it != values.end(); ++it)
+        members.insert(it.key(), it.value());
+    const QByteArray contents = QJsonDocument(members).toJson();
     QSaveFile file(m_fileName);
     // Unbuffered: data that cannot be flushed on closing would be committed truncated. And the
     // first failure's text: after a failed commit there may be none.
@@ -105,47 +103,43 @@ bool VxSettingsFile::fail(const QString &error)
 
 bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
 {
-    const QTemporaryDir dir;
-    QFile scratch(scratchFile(dir));
-    if (!dir.isValid() || !scratch.open(QIODevice::WriteOnly) ||
-        scratch.write(contents) != contents.size() || !scratch.flush())
-        return fail(tr("%1 cannot be read: no temporary file can be written").arg(m_fileName));
-    scratch.close();
-    QSettings store(scratch.fileName(), QSettings::IniFormat);
-    store.setIniCodec("UTF-8");
-    const QStringList paths = store.allKeys();
-    if (store.status() != QSettings::NoError)
-        return fail(tr("%1 is not an INI file, or is damaged").arg(m_fileName));
-    for (const QString &path : paths) {
-        if (path.count(QLatin1Char('/')) > MaxGroups)
-            return fail(tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
-                            .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups)));
-        values.insert(path, textOf(store.value(path)));
+    if (!contents.trimmed().startsWith('{'))
+        return parseIni(contents, values);
+    QJsonParseError error;
+    const QJsonObject members = QJsonDocument::fromJson(contents, &error).object();
+    if (error.error != QJsonParseError::NoError)
+        return fail(tr("%1 is damaged at byte %2: %3")
+                        .arg(m_fileName, QString::number(error.offset), error.errorString()));
+    for (auto it = members.begin(); it != members.end(); ++it) {
+        if (!insert(it.key(), it.value().toVariant().toString(), values))
+            return false;
     }
     return true;
 }
 
-bool VxSettingsFile::format(const Values &values, QByteArray &contents)
+// Through a copy: the toolkit remembers files by their names, a damaged one as an empty one.
+bool VxSettingsFile::parseIni(const QByteArray &contents, Values &values)
 {
-    const QTemporaryDir dir;
-    QSettings store(scratchFile(dir), QSettings::IniFormat);
-    // Without a codec all non-ASCII characters are escaped; with one, surrogate pairs would be
-    // lost.
-    for (auto it = values.begin(); it != values.end(); ++it)
-        store.setValue(it.key(), it.value());
-    store.sync();
-    QFile scratch(scratchFile(dir));
-    // Without any value no file is written.
-    const bool isComplete = dir.isValid() && store.status() == QSettings::NoError &&
-                            (values.isEmpty() || scratch.open(QIODevice::ReadOnly));
-    if (!isComplete)
-        return fail(tr("%1 cannot be written: no temporary file can be written").arg(m_fileName));
-    contents = scratch.isOpen() ? scratch.readAll() : QByteArray();
-    // On a full disk the toolkit takes a truncated file for a whole one: then the last line has no
-    // end, or lines are missing.
-    Values complete;
-    if (values.isEmpty() ||
-        (contents.endsWith('\n') && parse(contents, complete) && complete.size() == values.size()))
-        return true;
-    return fail(tr("%1 cannot be written: the disk for temporary files is full").arg(m_fileName));
+    QTemporaryFile copy;
+    if (!copy.open() || copy.write(contents) != contents.size() || !copy.flush())
+        return fail(tr("%1 cannot be read: %2").arg(m_fileName, copy.errorString()));
+    QSettings store(copy.fileName(), QSettings::IniFormat);
+    store.setIniCodec("UTF-8");
+    const QStringList paths = store.allKeys();
+    if (store.status() != QSettings::NoError)
+        return fail(tr("%1 is damaged").arg(m_fileName));
+    for (const QString &path : paths) {
+        if (!insert(path, textOf(store.value(path)), values))
+            return false;
+    }
+    return true;
+}
+
+bool VxSettingsFile::insert(const QString &path, const QString &text, Values &values)
+{
+    if (path.count(QLatin1Char('/')) > MaxGroups)
+        return fail(tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
+                        .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups)));
+    values.insert(path, text);
+    return true;
 }

@@ -6,11 +6,11 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// Reads and writes a flat list of paths and texts as an INI file.
+/// Reads and writes a flat list of paths and texts as a JSON object, whose members are the paths.
+/// The INI files of former versions are read too.
 ///
-/// A path is a list of names of any characters: those of the groups, then the key. The file is read
-/// as a whole before parsing and written atomically, and it bypasses the toolkit's cache of files,
-/// which would miss a file rewritten within the clock's resolution.
+/// A path is a list of names of any characters: those of the groups, then the key. The file is
+/// written atomically.
 class VxSettingsFile
 {
     Q_DECLARE_TR_FUNCTIONS(VxSettingsFile)
@@ -35,7 +35,8 @@ public:
 private:
     bool fail(const QString &error); // always false
     bool parse(const QByteArray &contents, Values &values);
-    bool format(const Values &values, QByteArray &contents);
+    bool parseIni(const QByteArray &contents, Values &values);
+    bool insert(const QString &path, const QString &text, Values &values);
 
     QString m_fileName;
     QString m_error;

@@ -166,7 +166,7 @@ def main():
     environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
     with tempfile.TemporaryDirectory() as folder:
         process = subprocess.Popen(
-            [program, "--settings", f"{folder}/settings.ini", sample], env=environment)
+            [program, "--settings", f"{folder}/settings.json", sample], env=environment)
         try:
             code = NOT_YET
             for _ in range(10):

@@ -96,7 +96,7 @@ void tst_StudioDocuments::start()
 {
     m_studio.reset();
     const CommandLine line =
-        CommandLine::parse({"vxstudio", "--settings", m_dir->filePath("settings.ini"),
+        CommandLine::parse({"vxstudio", "--settings", m_dir->filePath("settings.json"),
                             "--plugin-path", VX_PLUGIN_DIR});
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
     m_studio.reset(new Studio(line));
@@ -154,7 +154,7 @@ void tst_StudioDocuments::recentFilesAreListedAndKept()
     QCOMPARE(window()->recentFiles()->files(), expected);
     QVERIFY(fileEntry("Open Recent")->isEnabled());
     // Stored at once: a crash does not lose them.
-    QFile settings(m_dir->filePath("settings.ini"));
+    QFile settings(m_dir->filePath("settings.json"));
     QVERIFY(settings.open(QIODevice::ReadOnly));
     QVERIFY(settings.readAll().contains("walk.vxscene"));
     start();

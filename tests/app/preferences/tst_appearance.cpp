@@ -131,7 +131,7 @@ void tst_Appearance::animation()
     QVERIFY(vxApp->getStyle()->isAnimated());
     const auto choose = [this](const char *name) {
         studio.reset();
-        const QString file = folder->filePath("settings.ini");
+        const QString file = folder->filePath("settings.json");
         VxSettings settings;
         QVERIFY(settings.load(file, nullptr));
         settings.setStringValue(QStringLiteral("Animation"), QLatin1String(name));

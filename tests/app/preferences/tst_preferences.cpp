@@ -184,7 +184,7 @@ void tst_Preferences::applyUsesAtOnce()
         QVERIFY(m_dialog->isVisible() && !apply->isEnabled());
         // Saved at once, too.
         VxSettings saved;
-        QVERIFY(saved.load(folder->filePath("settings.ini")));
+        QVERIFY(saved.load(folder->filePath("settings.json")));
         QCOMPARE(saved.getStringValue(QStringLiteral("Palette")), QString("contrast"));
     });
     // Applied changes stay after Cancel.
@@ -384,7 +384,7 @@ void tst_Preferences::disabledPlugin()
 void tst_Preferences::skippedPlugin()
 {
     studio.reset();
-    const QString file = folder->filePath("settings.ini");
+    const QString file = folder->filePath("settings.json");
     const QString module =
         QDir(QStringLiteral(VX_PLUGIN_DIR)).canonicalPath() + QStringLiteral("/VxKeyTools.so");
     {

@@ -50,7 +50,7 @@ void tst_CommandLine::everyOption()
         parse({"--headless",    "--script", "a.js",          "--screenshot=b.png",
                "--size",        "1600x900", "--frame",       "-3",
                "--language",    "de",       "--palette",     "contrast",
-               "--settings",    "c.ini",    "--text-size",   "18",
+               "--settings",    "c.json",    "--text-size",   "18",
                "--plugin-path", "d",        "--plugin-path", "e",
                "walk.bvh",      "--",       "one",           "--two"});
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
@@ -62,7 +62,7 @@ void tst_CommandLine::everyOption()
     QCOMPARE(line.language, QString("de"));
     QCOMPARE(line.palette, QString("contrast"));
     QCOMPARE(line.textSize.value_or(0), 18);
-    QCOMPARE(line.settingsFile, QString("c.ini"));
+    QCOMPARE(line.settingsFile, QString("c.json"));
     QCOMPARE(line.pluginPaths, QStringList({"d", "e"}));
     QCOMPARE(line.file, QString("walk.bvh"));
     QCOMPARE(line.scriptArguments, QStringList({"one", "--two"}));

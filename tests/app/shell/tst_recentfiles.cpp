@@ -87,9 +87,9 @@ void tst_RecentFiles::storedAndRestored()
     files.add(QStringLiteral("/b/zwölf.vxscene"));
     VxSettings settings;
     files.store(&settings);
-    QVERIFY(settings.save(m_dir->filePath("settings.ini")));
+    QVERIFY(settings.save(m_dir->filePath("settings.json")));
     VxSettings loaded;
-    QVERIFY(loaded.load(m_dir->filePath("settings.ini")));
+    QVERIFY(loaded.load(m_dir->filePath("settings.json")));
     RecentFiles copy;
     copy.restore(loaded);
     QCOMPARE(copy.files(), files.files());

@@ -103,7 +103,7 @@ void tst_StudioWindow::start(const QStringList &arguments)
 {
     m_studio.reset();
     const CommandLine line =
-        CommandLine::parse(QStringList{"vxstudio", "--settings", m_dir->filePath("settings.ini"),
+        CommandLine::parse(QStringList{"vxstudio", "--settings", m_dir->filePath("settings.json"),
                                        "--plugin-path", VX_PLUGIN_DIR} +
                            arguments);
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
@@ -182,7 +182,7 @@ void tst_StudioWindow::defaultLayout()
 void tst_StudioWindow::defaultLayoutOfALargeWindow()
 {
     m_studio.reset();
-    QVERIFY(QFile::remove(m_dir->filePath("settings.ini"))); // the first start of all
+    QVERIFY(QFile::remove(m_dir->filePath("settings.json"))); // the first start of all
     start({"--size", "2560x1440"});
     QCOMPARE(window()->size(), QSize(2560, 1440));
     const auto dock = [this](const char *name) {
@@ -216,7 +216,7 @@ void tst_StudioWindow::firstLayoutHasRoomToWork()
 void tst_StudioWindow::bottomOfASmallWindow()
 {
     m_studio.reset();
-    QVERIFY(QFile::remove(m_dir->filePath("settings.ini")));
+    QVERIFY(QFile::remove(m_dir->filePath("settings.json")));
     start({"--size", "1100x640"});
     QTRY_VERIFY(window()->docks()->find("VxTimePane")->height() > 300);
     QVERIFY2(window()->viewport()->height() > 180,
@@ -244,9 +244,9 @@ void tst_StudioWindow::firstSize()
 void tst_StudioWindow::panesOfOneAreaAreNeverSideBySide()
 {
     m_studio.reset();
-    QVERIFY(QFile::remove(m_dir->filePath("settings.ini")));
+    QVERIFY(QFile::remove(m_dir->filePath("settings.json")));
     m_studio.reset(
-        new Studio(CommandLine::parse({"vxstudio", "--settings", m_dir->filePath("settings.ini"),
+        new Studio(CommandLine::parse({"vxstudio", "--settings", m_dir->filePath("settings.json"),
                                        "--plugin-path", VX_PLUGIN_DIR})));
     PaneDock *time = window()->docks()->find("VxTimePane");
     PaneDock *console = window()->docks()->find("VxConsolePane");
@@ -474,7 +474,7 @@ void tst_StudioWindow::windowNeverShownKeepsNoLayout()
 {
     // A first run whose file cannot be opened ends before there is a window.
     m_studio.reset();
-    const QString settings = m_dir->filePath("other.ini");
+    const QString settings = m_dir->filePath("other.json");
     const QStringList arguments{"vxstudio", "--settings", settings, "--plugin-path", VX_PLUGIN_DIR};
     {
         const Studio unseen(CommandLine::parse(arguments));

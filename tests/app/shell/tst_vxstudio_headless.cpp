@@ -334,9 +334,9 @@ void tst_VxStudioHeadless::brokenPlugin()
 
 void tst_VxStudioHeadless::settingsAreKept()
 {
-    const QString file = path("sub/settings.ini");
+    const QString file = path("sub/settings.json");
     QCOMPARE(run({"--headless", "--settings", file, "--palette", "light"}).code, 0);
-    QVERIFY(read("sub/settings.ini").contains("light"));
+    QVERIFY(read("sub/settings.json").contains("light"));
     QCOMPARE(run({"--headless", "--settings", file, "--screenshot", path("a.png")}).code, 0);
     const QImage picture(path("a.png"));
     QVERIFY(qGray(picture.pixel(picture.width() - 3, 3)) > 150);
@@ -508,7 +508,7 @@ void tst_VxStudioHeadless::interruptEndsAScript()
 
 void tst_VxStudioHeadless::settingsThatAreNoFileAreRefused()
 {
-    const QString fifo = path("pipe.ini");
+    const QString fifo = path("pipe.json");
     QCOMPARE(::mkfifo(fifo.toLocal8Bit().constData(), 0600), 0);
     for (const QString &file : {fifo, QStringLiteral("/dev/zero"), m_dir->path()}) {
         const Result result = run({"--headless", "--settings", file});
@@ -519,7 +519,7 @@ void tst_VxStudioHeadless::settingsThatAreNoFileAreRefused()
 
 void tst_VxStudioHeadless::settingsAreTheUsersAlone()
 {
-    const QString file = path("own/settings.ini");
+    const QString file = path("own/settings.json");
     QCOMPARE(run({"--headless", "--settings", file}).code, 0);
     QCOMPARE(QFile::permissions(file) &
                  (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
@@ -533,7 +533,7 @@ void tst_VxStudioHeadless::pluginsThatCrashedAreSkipped()
     const QString module = path("plugins/crash.so");
     QVERIFY(QFile::copy(QStringLiteral(VX_BINARY_DIR "/tests/modules/crash/testmodule_crash.so"),
                         module));
-    const QStringList arguments{"--headless", "--settings", path("settings.ini"), "--plugin-path",
+    const QStringList arguments{"--headless", "--settings", path("settings.json"), "--plugin-path",
                                 path("plugins")};
     QVERIFY(run(arguments).code != 0);
     for (int start = 0; start < 2; ++start) {

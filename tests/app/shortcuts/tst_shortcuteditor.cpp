@@ -266,9 +266,9 @@ void tst_ShortcutEditor::storedKeyOfAWindowCommand()
     start(); // the settings are there
     studio.reset();
     VxSettings stored;
-    QVERIFY(stored.load(folder->filePath("settings.ini")));
+    QVERIFY(stored.load(folder->filePath("settings.json")));
     stored.getSettings("Shortcuts")->setStringValue("VxLoopToggleAction", "Ctrl+S");
-    QVERIFY(stored.save(folder->filePath("settings.ini")));
+    QVERIFY(stored.save(folder->filePath("settings.json")));
     start();
     QCOMPARE(actions()->findCommand("StudioSave")->shortcut(), QKeySequence("Ctrl+S"));
     QVERIFY(actions()->findAction("VxLoopToggleAction")->shortcut().isEmpty());
@@ -450,7 +450,7 @@ void tst_ShortcutEditor::savedWithoutAQuit()
         clickButton(QDialogButtonBox::Ok);
     });
     VxSettings stored;
-    QVERIFY(stored.load(folder->filePath("settings.ini")));
+    QVERIFY(stored.load(folder->filePath("settings.json")));
     QCOMPARE(stored.getSettings("Shortcuts")->getStringValue("VxLoopToggleAction"), QString("F8"));
 }
 

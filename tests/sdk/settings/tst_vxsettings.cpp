@@ -49,10 +49,12 @@ private Q_SLOTS:
     void oddTextsSurviveTheFile();
     void nestedStoresSurviveTheFile();
     void fileShowsPlainWords();
+    void handWrittenFilesAreRead_data();
     void handWrittenFilesAreRead();
     void loadingReplacesButKeepsSubStores();
     void savingTwiceInTheSameMomentIsDetected();
     void aMissingFileIsEmpty();
+    void aDamagedFileChangesNothing_data();
     void aDamagedFileChangesNothing();
     void groupsNestedTooDeeplyAreRefused();
     void anUnreadableFileChangesNothing();
@@ -69,7 +71,7 @@ void tst_VxSettings::init()
 {
     m_guard.reset(new VxWarningGuard);
     QVERIFY(m_dir.isValid());
-    m_file = m_dir.filePath(QStringLiteral("settings.ini"));
+    m_file = m_dir.filePath(QStringLiteral("settings.json"));
     QFile::remove(m_file);
 }
 
@@ -254,6 +256,7 @@ void tst_VxSettings::oddTextsSurviveTheFile_data()
     QTest::newRow("a hex escape beside a digit") << QString::fromUtf8("\u00011\u00e9a");
     QTest::newRow("umlauts and others") << QString::fromUtf8("Grö\u00dfe \u6642\u9593 \U0001F3AC");
     QTest::newRow("a zero character") << QString(QChar(0)) + QStringLiteral("x");
+    QTest::newRow("half a character") << QString(QChar(0xd83c)) + QStringLiteral("x");
 }
 
 void tst_VxSettings::oddTextsSurviveTheFile()
@@ -296,12 +299,23 @@ void tst_VxSettings::fileShowsPlainWords()
     pane->setBoolValue(QStringLiteral("ControlsTop"), true);
     pane->setBoolValue(QStringLiteral("GraphOpen"), false);
     QVERIFY(settings.save(m_file));
-    QCOMPARE(contentsOf(m_file), QByteArray("[Panes]\nControlsTop=true\nGraphOpen=false\n"));
+    QCOMPARE(contentsOf(m_file), QByteArray("{\n    \"Panes/ControlsTop\": \"true\",\n"
+                                            "    \"Panes/GraphOpen\": \"false\"\n}\n"));
+}
+
+void tst_VxSettings::handWrittenFilesAreRead_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::newRow("of former versions")
+        << QByteArray("Top=1\n[Group]\nText=one, two\nFlag=TRUE\n; a comment\n");
+    QTest::newRow("with values of their own kinds") << QByteArray(
+        "{ \"Top\": 1, \"Group/Text\": \"one, two\", \"Group/Flag\": true, \"Group/List\": [1] }");
 }
 
 void tst_VxSettings::handWrittenFilesAreRead()
 {
-    writeFile(m_file, "Top=1\n[Group]\nText=one, two\nFlag=TRUE\n; a comment\n");
+    QFETCH(QByteArray, contents);
+    writeFile(m_file, contents);
     VxSettings settings;
     QVERIFY(settings.load(m_file));
     QVERIFY(settings.getBoolValue(QStringLiteral("Top")));
@@ -343,19 +357,31 @@ void tst_VxSettings::aMissingFileIsEmpty()
     VxSettings settings;
     settings.setIntValue(key, 1);
     QString error = QStringLiteral("untouched");
-    QVERIFY(settings.load(m_dir.filePath(QStringLiteral("absent.ini")), &error));
+    QVERIFY(settings.load(m_dir.filePath(QStringLiteral("absent.json")), &error));
     QVERIFY(error.isEmpty());
     QVERIFY(!settings.hasValue(key));
 }
 
+void tst_VxSettings::aDamagedFileChangesNothing_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("what");
+    QTest::newRow("of a former version")
+        << QByteArray("[Group\nthis is no setting\n") << " is damaged";
+    QTest::newRow("cut off") << QByteArray("{ \"Top\": \"1\",") << " is damaged at byte 13";
+    QTest::newRow("with a line between") << QByteArray("{\n<<<<\n}") << " is damaged at byte 3";
+}
+
 void tst_VxSettings::aDamagedFileChangesNothing()
 {
-    writeFile(m_file, "[Group\nthis is no setting\n");
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, what);
+    writeFile(m_file, contents);
     VxSettings settings;
     settings.setIntValue(key, 1);
     QString error;
     QVERIFY(!settings.load(m_file, &error));
-    QVERIFY2(error.contains(m_file), qPrintable(error));
+    QVERIFY2(error.contains(m_file + what), qPrintable(error));
     QCOMPARE(settings.getIntValue(key), 1);
     QVERIFY(!settings.load(m_file));
 }
@@ -365,10 +391,10 @@ void tst_VxSettings::groupsNestedTooDeeplyAreRefused()
 {
     VxSettings settings;
     QString error;
-    writeFile(m_file, "[Group]\n" + QByteArray("a/").repeated(63) + "Key=1\n");
+    writeFile(m_file, "{\"Group/" + QByteArray("a/").repeated(63) + "Key\": \"1\"}");
     QVERIFY2(settings.load(m_file, &error), qPrintable(error));
     for (const int groups : {64, 100000}) {
-        writeFile(m_file, "[Group]\n" + QByteArray("a/").repeated(groups) + "Key=1\n");
+        writeFile(m_file, "{\"Group/" + QByteArray("a/").repeated(groups) + "Key\": \"1\"}");
         QVERIFY(!settings.load(m_file, &error));
         QVERIFY2(error.contains(m_file) && error.contains("more than 64 groups"),
                  qPrintable(error));
@@ -392,7 +418,7 @@ void tst_VxSettings::aFileThatCannotBeWrittenIsReported()
     VxSettings settings;
     settings.setIntValue(key, 1);
     QString error;
-    const QString file = m_dir.filePath(QStringLiteral("absent/settings.ini"));
+    const QString file = m_dir.filePath(QStringLiteral("absent/settings.json"));
     QVERIFY(!settings.save(file, &error));
     QVERIFY2(error.startsWith(file), qPrintable(error));
     QVERIFY(settings.save(m_file, &error));

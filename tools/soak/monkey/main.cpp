@@ -70,7 +70,7 @@ QString makeDocument(const QTemporaryDir &folder)
 int run(const QCommandLineParser &parser, const QTemporaryDir &folder)
 {
     const CommandLine line =
-        CommandLine::parse({"vxstudio", "--settings", folder.filePath("settings.ini"),
+        CommandLine::parse({"vxstudio", "--settings", folder.filePath("settings.json"),
                             "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)});
     Studio studio(line);
     studio.window()->resize(WindowSize);
