@@ -50,8 +50,8 @@ protected:
     {
         studio.reset();
         const CommandLine line = CommandLine::parse(
-            QStringList{"vxstudio", "--settings", folder->filePath("settings.json"), "--plugin-path",
-                        QStringLiteral(VX_PLUGIN_DIR)} +
+            QStringList{"vxstudio", "--settings", folder->filePath("settings.json"),
+                        "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)} +
             arguments);
         if (line.action != CommandLine::Action::Run)
             qFatal("%s", qPrintable(line.errorText));

@@ -50,7 +50,7 @@ void tst_CommandLine::everyOption()
         parse({"--headless",    "--script", "a.js",          "--screenshot=b.png",
                "--size",        "1600x900", "--frame",       "-3",
                "--language",    "de",       "--palette",     "contrast",
-               "--settings",    "c.json",    "--text-size",   "18",
+               "--settings",    "c.json",   "--text-size",   "18",
                "--plugin-path", "d",        "--plugin-path", "e",
                "walk.bvh",      "--",       "one",           "--two"});
     QVERIFY2(line.action == CommandLine::Action::Run, qPrintable(line.errorText));
