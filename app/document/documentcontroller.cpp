@@ -148,8 +148,10 @@ bool DocumentController::save(const QString &fileName)
             return false;
     }
     // The present file is the former version already: a backup of it would cost the oldest one.
+    // A clean history does not know of changes that no entry holds.
     const bool isUnchanged = isOwn && change.isEmpty() && !m_undoStack->isRecording() &&
-                             m_undoStack->qtStack()->isClean();
+                             m_undoStack->isClean() &&
+                             m_undoStack->numUnrecordedChanges() == m_savedUnrecorded;
     return write(fileName, isUnchanged ? 0 : m_backups);
 }
 
@@ -182,6 +184,7 @@ bool DocumentController::write(const QString &fileName, int backupCount)
 /** In mid-gesture the file has changes that may yet be reverted. */
 void DocumentController::markSaved()
 {
+    m_savedUnrecorded = m_undoStack->numUnrecordedChanges();
     if (m_undoStack->isRecording())
         m_undoStack->qtStack()->resetClean();
     else
@@ -333,6 +336,7 @@ void DocumentController::setDocument(const QString &fileName, const QString &sum
     // Opening cannot be undone, and the opened file counts as saved.
     m_undoStack->clear();
     m_undoStack->setClean();
+    m_savedUnrecorded = m_undoStack->numUnrecordedChanges();
     m_fileName = fileName;
     m_stamp = stamp;
     m_summary = summary;

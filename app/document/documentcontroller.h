@@ -122,6 +122,7 @@ private:
     VxImportReport m_report;
     QString m_lastError;
     bool m_isBusy = false;
+    quint64 m_savedUnrecorded = 0; // VxUndoStack::numUnrecordedChanges() of the file's contents
 };
 
 #endif

@@ -59,6 +59,7 @@ public:
     bool stepping = false;
     bool clearAfterStep = false;
     bool hasUnrecordedChange = false;
+    quint64 unrecordedChanges = 0;
 };
 
 #endif

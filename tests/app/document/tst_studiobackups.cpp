@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aChangeIsNoticedWhenTheWindowIsUsedAgain();
     void backupsOfADocument();
     void savesWithoutChanges();
+    void aChangeThatNoEntryHolds();
     void aSaveWithoutItsBackup();
     void theNumberOfBackupsIsASetting();
 };
@@ -184,6 +185,22 @@ void tst_StudioBackups::savesWithoutChanges()
     QVERIFY(answer.met());
     QVERIFY(contents(folder->filePath("walk.bak1.vxscene")) == theirs);
     QVERIFY(contents(folder->filePath("walk.bak2.vxscene")) == first);
+}
+
+/// Such as one by a script with "Undo" in it, outside of its holds.
+void tst_StudioBackups::aChangeThatNoEntryHolds()
+{
+    const QString file = saved();
+    const VxTime former = vxScene->getTimeStep();
+    vxScene->setTimeStep(former + 1);
+    QVERIFY(history()->isClean());
+    QVERIFY(window()->save());
+    QCOMPARE(stepIn(folder->filePath("walk.bak1.vxscene")), former);
+    QVERIFY(window()->save());
+    QVERIFY(!QFile::exists(folder->filePath("walk.bak2.vxscene")));
+    QVERIFY(document()->open(file));
+    QVERIFY(window()->save());
+    QVERIFY(!QFile::exists(folder->filePath("walk.bak2.vxscene")));
 }
 
 void tst_StudioBackups::aSaveWithoutItsBackup()
