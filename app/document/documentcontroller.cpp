@@ -148,7 +148,7 @@ bool DocumentController::save(const QString &fileName)
             return false;
     }
     // The present file is the former version already: a backup of it would cost the oldest one.
-    // A clean history does not know of changes that no entry holds.
+    // A clean history says nothing of changes that no entry holds.
     const bool isUnchanged = isOwn && change.isEmpty() && !m_undoStack->isRecording() &&
                              m_undoStack->isClean() &&
                              m_undoStack->numUnrecordedChanges() == m_savedUnrecorded;
