@@ -39,10 +39,10 @@ QJsonArray arrayOf(const std::vector<double> &numbers)
 }
 
 /// One file.
-class Writer
+class GltfWriter
 {
 public:
-    Writer(const VxScene *scene, const VxTimeRange &range)
+    GltfWriter(const VxScene *scene, const VxTimeRange &range)
         : m_scene(scene)
         , m_range(range)
     {
@@ -86,7 +86,7 @@ private:
     qint64 m_numKeys = 0;
 };
 
-void Writer::addNodes(const VxNode *root)
+void GltfWriter::addNodes(const VxNode *root)
 {
     m_nodes = vxNodesToExport(m_scene, root);
     const VxTime step = m_scene->getTimeStep();
@@ -102,7 +102,7 @@ void Writer::addNodes(const VxNode *root)
 }
 
 /** The node's transform at the range's start: for programs that show no motion. */
-void Writer::addRest(const VxNode *node, QJsonObject *object) const
+void GltfWriter::addRest(const VxNode *node, QJsonObject *object) const
 {
     const VxTime time = m_range.getStart();
     const QVector3D origin = node->getOrigin();
@@ -124,7 +124,7 @@ void Writer::addRest(const VxNode *node, QJsonObject *object) const
                                           uniform * value(node->getZScaleControl())}));
 }
 
-QJsonObject Writer::nodeObject(const VxNode *node)
+QJsonObject GltfWriter::nodeObject(const VxNode *node)
 {
     QJsonObject object{{key("name"), node->getLabel()}};
     addRest(node, &object);
@@ -146,7 +146,7 @@ QJsonObject Writer::nodeObject(const VxNode *node)
 }
 
 /** Weights need a mesh: a minimal triangle, with targets that change nothing. */
-int Writer::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &morphs)
+int GltfWriter::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &morphs)
 {
     constexpr float Side = 1e-3f;
     const int corners = m_output.addFloats({0, 0, 0, Side, 0, 0, 0, Side, 0}, "VEC3", true);
@@ -168,13 +168,13 @@ int Writer::addMorphMesh(const VxNode *node, const QVector<const VxMorph *> &mor
     return m_meshes.size() - 1;
 }
 
-VxFrameTimes Writer::framesOf(const VxNode *node) const
+VxFrameTimes GltfWriter::framesOf(const VxNode *node) const
 {
     return {m_range, m_scene->getTimeStep(), m_rates[std::size_t(m_index.value(node))]};
 }
 
 /** That of all motion in the file: the kept one, or the scene's if nodes have different ones. */
-double Writer::commonRate() const
+double GltfWriter::commonRate() const
 {
     const bool isCommon = std::all_of(m_rates.begin(), m_rates.end(),
                                       [this](double rate) { return rate == m_rates.front(); });
@@ -183,7 +183,7 @@ double Writer::commonRate() const
 }
 
 /** Late times that are equal in single precision are moved to the next larger number. */
-int Writer::addTimes(const VxFrameTimes &frames, const std::vector<VxTime> &times)
+int GltfWriter::addTimes(const VxFrameTimes &frames, const std::vector<VxTime> &times)
 {
     const double start = m_range.getStart() < 0 ? frames.seconds(m_range.getStart()) : 0.0;
     std::vector<float> seconds;
@@ -201,8 +201,8 @@ int Writer::addTimes(const VxFrameTimes &frames, const std::vector<VxTime> &time
     return m_lastInput;
 }
 
-void Writer::addChannel(const VxNode *node, const char *path, const VxGltfKeys &keys,
-                        const char *type)
+void GltfWriter::addChannel(const VxNode *node, const char *path, const VxGltfKeys &keys,
+                            const char *type)
 {
     static const char *const names[] = {"STEP", "LINEAR", "CUBICSPLINE"};
     m_samplers.append(QJsonObject{{key("input"), addTimes(framesOf(node), keys.times)},
@@ -215,7 +215,7 @@ void Writer::addChannel(const VxNode *node, const char *path, const VxGltfKeys &
     m_numKeys += qint64(keys.times.size());
 }
 
-void Writer::addTranslation(const VxNode *node)
+void GltfWriter::addTranslation(const VxNode *node)
 {
     const VxFloatProperty *const controls[] = {node->getXPosControl(), node->getYPosControl(),
                                                node->getZPosControl()};
@@ -228,7 +228,7 @@ void Writer::addTranslation(const VxNode *node)
     addChannel(node, "translation", vxGltfKeysOf(values, m_range, framesOf(node)), "VEC3");
 }
 
-void Writer::addRotation(const VxNode *node)
+void GltfWriter::addRotation(const VxNode *node)
 {
     const std::array<const VxFloatProperty *, 3> controls = rotationsOf(node);
     if (!std::any_of(controls.begin(), controls.end(), vxIsAnimated))
@@ -240,7 +240,7 @@ void Writer::addRotation(const VxNode *node)
 }
 
 /** The product of two animated numbers is no curve of the format: it is sampled. */
-void Writer::addScale(const VxNode *node)
+void GltfWriter::addScale(const VxNode *node)
 {
     const VxFloatProperty *common = node->getScaleControl();
     const VxFloatProperty *const controls[] = {node->getXScaleControl(), node->getYScaleControl(),
@@ -264,7 +264,7 @@ void Writer::addScale(const VxNode *node)
                "VEC3");
 }
 
-void Writer::addWeights(const VxNode *node)
+void GltfWriter::addWeights(const VxNode *node)
 {
     std::vector<VxGltfValue> values;
     bool isAnimated = false;
@@ -276,7 +276,7 @@ void Writer::addWeights(const VxNode *node)
         addChannel(node, "weights", vxGltfKeysOf(values, m_range, framesOf(node)), "SCALAR");
 }
 
-bool Writer::addAnimation(const VxFileProgress &progress)
+bool GltfWriter::addAnimation(const VxFileProgress &progress)
 {
     for (int i = 0; i < m_nodes.size(); ++i) {
         if (progress && !progress(i * 100 / m_nodes.size()))
@@ -289,7 +289,7 @@ bool Writer::addAnimation(const VxFileProgress &progress)
     return true;
 }
 
-void Writer::addSkins()
+void GltfWriter::addSkins()
 {
     for (const VxNode *node : qAsConst(m_nodes)) {
         const auto *skeleton = qobject_cast<const VxSkeleton *>(node);
@@ -316,7 +316,7 @@ void Writer::addSkins()
     }
 }
 
-QByteArray Writer::bytes(bool binary) const
+QByteArray GltfWriter::bytes(bool binary) const
 {
     QJsonObject root{{key("asset"),
                       QJsonObject{{key("version"), key("2.0")},
@@ -356,7 +356,7 @@ bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 nodes.")
                                  .arg(frames)
                                  .arg(m_scene->getNumNodes()));
-    Writer writer(m_scene, m_range);
+    GltfWriter writer(m_scene, m_range);
     writer.addNodes(m_root);
     if (!writer.addAnimation(m_progress))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));

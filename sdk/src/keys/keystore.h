@@ -31,6 +31,9 @@ public:
     virtual bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
 };
 
+/// Bytes that the processor reads from memory at once.
+constexpr std::size_t CacheLine = 64;
+
 /// The value of one property: its keys, and its stored value for when it has none.
 ///
 /// All edits pass through here, because each takes the same three steps in the same order: it
@@ -81,7 +84,8 @@ private:
     bool areIndexes(const QVector<int> &indexes) const;
 
     VxProperty *m_property;
-    KeyTrack<V> m_track;
+    // What the evaluation of a frame reads of a channel: two cache lines.
+    alignas(CacheLine) KeyTrack<V> m_track;
     mutable int m_cursor = 0;
     V m_stored;
 };

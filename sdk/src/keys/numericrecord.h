@@ -2,11 +2,13 @@
 #define KEYS_NUMERICRECORD_H
 
 #include "keys/keystore.h"
+#include "keys/recordmemory.h"
 #include "keys/vxnumericproperty_p.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 
 /// The private record that float and int properties share. V is the type of their values; the
 /// limits of a new property are those of V.
@@ -19,6 +21,12 @@ public:
         , defaultValue(value)
         , defaultType(type)
     {
+    }
+
+    static void *operator new(std::size_t size, std::align_val_t) { return allocateRecord(size); }
+    static void operator delete(void *record, std::size_t size, std::align_val_t)
+    {
+        freeRecord(record, size);
     }
 
     KeyStoreBase &ownKeys() override { return keys; }

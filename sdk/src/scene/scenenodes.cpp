@@ -26,7 +26,7 @@ QVector<VxNode *> nodesBelow(const QVector<VxNode *> &tops)
     return nodes;
 }
 
-QVector<QPointer<VxElement>> elementsOf(VxNode *node)
+QVector<QPointer<VxElement>> guardedElements(VxNode *node)
 {
     QVector<VxElement *> elements;
     VxElement::Private::collect(node, elements);
@@ -153,7 +153,7 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
     for (VxNode *added : nodes) {
         VxNode::Private::of(added)->scene = m_scene;
         enterId(added);
-        const auto elements = elementsOf(added);
+        const auto elements = guardedElements(added);
         for (VxElement *element : elements)
             VxElement::Private::of(element)->removalAnnounced = false;
     }
@@ -220,7 +220,7 @@ void SceneNodes::announce(const QVector<VxNode *> &tops)
     const GuardedNodes leaving = guarded(nodesBelow(present));
     VxScene::Private::of(m_scene)->selection.deselect(nodesBelow(present));
     for (VxNode *node : leaving) {
-        const auto elements = node ? elementsOf(node) : QVector<QPointer<VxElement>>();
+        const auto elements = node ? guardedElements(node) : QVector<QPointer<VxElement>>();
         for (VxElement *element : elements) {
             if (element)
                 VxElement::Private::of(element)->announceRemoval();

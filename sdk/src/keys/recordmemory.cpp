@@ -1,0 +1,31 @@
+#include "keys/recordmemory.h"
+
+#include "keys/keystore.h"
+
+#include <memory_resource>
+
+namespace {
+
+// Never destroyed: objects with static storage may own properties. The sanitizers find accesses to
+// freed records only in memory of their own.
+std::pmr::memory_resource *records()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return std::pmr::new_delete_resource();
+#else
+    static auto *const pool = new std::pmr::synchronized_pool_resource;
+    return pool;
+#endif
+}
+
+} // namespace
+
+void *allocateRecord(std::size_t size)
+{
+    return records()->allocate(size, CacheLine);
+}
+
+void freeRecord(void *record, std::size_t size)
+{
+    records()->deallocate(record, size, CacheLine);
+}
