@@ -338,7 +338,7 @@ void tst_ConsolePane::theWindowRespondsWhileAProgramRuns()
     bool wasReadOnly = false;
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
-        wasReadOnly = input()->isReadOnly();
+        wasReadOnly = wasReadOnly || input()->isReadOnly();
         if (++ticks == 3)
             VxMouseDriver(stop).click(stop->rect().center());
     });

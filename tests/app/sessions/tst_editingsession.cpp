@@ -101,7 +101,7 @@ qint64 keyCount(const Snapshot &keys)
 // release of a drag is lost. Then all of it is undone, which must give the file's keys, and redone,
 // which must give the last ones.
 //
-// VX_SESSION_SECONDS says how long (3 by default), VX_SESSION_SEED which hand.
+// VX_SESSION_SECONDS says how long (1 by default), VX_SESSION_SEED which hand.
 class TestEditingSession : public QObject, private StudioTest
 {
     Q_OBJECT
@@ -437,7 +437,7 @@ void TestEditingSession::everythingCanBeUndone()
         round();
         if (QTest::currentTestFailed())
             qWarning("round %d of seed %d", rounds, seed);
-    } while (!QTest::currentTestFailed() && clock.elapsed() < 1000 * (isSet ? seconds : 3));
+    } while (!QTest::currentTestFailed() && clock.elapsed() < 1000 * (isSet ? seconds : 1));
     QVERIFY2(m_edits >= MinEdits * rounds, "the hand has hardly changed anything");
     QVERIFY(m_dependencies > 0 && m_nodeChanges > 0);
     qInfo("%d edits in %d rounds, %d lost releases, %d dependencies, %d changes of nodes", m_edits,
