@@ -147,21 +147,16 @@ bool DocumentController::save(const QString &fileName)
         if (answer == UserMessages::Overwrite::Cancel)
             return false;
     }
-    // The present file is the former version already: a backup of it would cost the oldest one.
-    // A clean history says nothing of changes that no entry holds.
-    const bool isUnchanged = isOwn && change.isEmpty() && !m_undoStack->isRecording() &&
-                             m_undoStack->isClean() &&
-                             m_undoStack->numUnrecordedChanges() == m_savedUnrecorded;
-    return write(fileName, isUnchanged ? 0 : m_backups);
+    return write(fileName);
 }
 
-bool DocumentController::write(const QString &fileName, int backupCount)
+bool DocumentController::write(const QString &fileName)
 {
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     VxFileError error;
     LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
-    VxBackups backups(fileName, backupCount);
+    VxBackups backups(fileName, m_backups);
     QString failure;
     const bool isPreserved = backups.preserve(&failure);
     if (!m_formats.write(fileName, m_scene, progress.function(), &error)) {
@@ -184,7 +179,6 @@ bool DocumentController::write(const QString &fileName, int backupCount)
 /** In mid-gesture the file has changes that may yet be reverted. */
 void DocumentController::markSaved()
 {
-    m_savedUnrecorded = m_undoStack->numUnrecordedChanges();
     if (m_undoStack->isRecording())
         m_undoStack->qtStack()->resetClean();
     else
@@ -336,7 +330,6 @@ void DocumentController::setDocument(const QString &fileName, const QString &sum
     // Opening cannot be undone, and the opened file counts as saved.
     m_undoStack->clear();
     m_undoStack->setClean();
-    m_savedUnrecorded = m_undoStack->numUnrecordedChanges();
     m_fileName = fileName;
     m_stamp = stamp;
     m_summary = summary;

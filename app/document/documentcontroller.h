@@ -38,7 +38,7 @@ public:
     bool open(const QString &fileName, const VxMotionBuildOptions &options = {},
               const VxImportChoices &choices = {}, const ImportChooser &chooser = {});
     /// Writes the scene to a file, which becomes the document's, and keeps its former versions as
-    /// backups, unless the document is unchanged; a backup that cannot be made is reported, and the
+    /// backups, unless they are the same; a backup that cannot be made is reported, and the
     /// document saved without it. When another program has changed, replaced or removed the
     /// document's file since it was opened or saved, the user is asked first; without a window that
     /// is a failure. False when nothing was written. During a gesture the document still counts as
@@ -100,7 +100,7 @@ Q_SIGNALS:
 private:
     void setDocument(const QString &fileName, const QString &summary, const FileStamp &stamp = {});
     QString changeByOthers() const;
-    bool write(const QString &fileName, int backupCount);
+    bool write(const QString &fileName);
     void markSaved();
     bool enterMotion(VxMotionImport *import, const QString &fileName, const QString &title,
                      const VxImportChoices &choices, const ImportChooser &chooser,
@@ -122,7 +122,6 @@ private:
     VxImportReport m_report;
     QString m_lastError;
     bool m_isBusy = false;
-    quint64 m_savedUnrecorded = 0; // VxUndoStack::numUnrecordedChanges() of the file's contents
 };
 
 #endif

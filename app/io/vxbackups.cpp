@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr qint64 BlockSize = 1 << 20; // bytes that are compared at once
+
 bool fail(QString *reason, const QString &fileName, const QString &text)
 {
     *reason = QStringLiteral("%1: %2").arg(fileName, text);
@@ -56,6 +58,22 @@ bool VxBackups::isPresentFile(const QString &other) const
            a.st_dev == b.st_dev;
 }
 
+bool VxBackups::isSameAsPresent(const QString &other) const
+{
+    QFile present(m_file);
+    QFile former(other);
+    if (!present.open(QIODevice::ReadOnly) || !former.open(QIODevice::ReadOnly) ||
+        present.size() != former.size())
+        return false;
+    QByteArray bytes;
+    do {
+        bytes = present.read(BlockSize);
+        if (former.read(BlockSize) != bytes)
+            return false;
+    } while (!bytes.isEmpty());
+    return present.error() == QFile::NoError;
+}
+
 /** Not where the file cannot be renamed, as another user's one in some folders: it is overwritten
  * in place then, and what a link leads to with it. */
 bool VxBackups::linkAs(const QString &backup) const
@@ -96,6 +114,9 @@ bool VxBackups::rotate(QString *reason) const
 {
     if (m_count == 0 || !QFileInfo::exists(name(0)))
         return true;
+    // A version of the same contents would only push out the oldest one.
+    if (isSameAsPresent(name(0)))
+        return QFile::remove(name(0)) || fail(reason, name(0), qt_error_string(errno));
     int free = 1;
     while (free < m_count && QFileInfo::exists(name(free)))
         ++free;

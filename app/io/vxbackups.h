@@ -24,7 +24,8 @@ public:
     /// has hard links. True, and nothing is done, for a missing file and a count of 0. False with
     /// the reason, without a full stop.
     bool preserve(QString *reason);
-    /// After the file was saved: the preserved version becomes number 1, and each other one the
+    /// After the file was saved: a preserved version with the same contents is removed; any other
+    /// becomes number 1, and each other one the
     /// next number, up to the first number that is free; the one beyond the count is removed.
     /// False with the reason: the preserved version stays number 0.
     bool rotate(QString *reason) const;
@@ -40,6 +41,7 @@ public:
 private:
     bool linkAs(const QString &backup) const;
     bool isPresentFile(const QString &other) const;
+    bool isSameAsPresent(const QString &other) const;
 
     QString m_file;
     int m_count;

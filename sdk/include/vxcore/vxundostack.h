@@ -47,8 +47,6 @@ public:
     void noteUnrecordedChange();
     /// True when such a change was noted since the last call.
     bool takeUnrecordedChange();
-    /// How many such changes were noted so far.
-    quint64 numUnrecordedChanges() const;
 
     /// Bytes used by all entries, as reported by their items.
     qint64 memoryUsed() const;

@@ -206,14 +206,8 @@ bool VxUndoStack::writeEntry(int index, VxJournalWriter &writer) const
 
 void VxUndoStack::noteUnrecordedChange()
 {
-    ++d->unrecordedChanges;
     if (!std::exchange(d->hasUnrecordedChange, true))
         QMetaObject::invokeMethod(this, &VxUndoStack::unrecordedChange, Qt::QueuedConnection);
-}
-
-quint64 VxUndoStack::numUnrecordedChanges() const
-{
-    return d->unrecordedChanges;
 }
 
 bool VxUndoStack::takeUnrecordedChange()

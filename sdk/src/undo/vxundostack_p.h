@@ -59,7 +59,6 @@ public:
     bool stepping = false;
     bool clearAfterStep = false;
     bool hasUnrecordedChange = false;
-    quint64 unrecordedChanges = 0;
 };
 
 #endif

@@ -7,6 +7,20 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace {
+
+/// Changes a file as another program does; returns what it contains then.
+QByteArray changedByOthers(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::Append) || file.write("x") != 1)
+        qFatal("cannot change the file");
+    file.close();
+    return contents(name);
+}
+
+} // namespace
+
 class tst_StudioBackups : public QObject, public SavingTest
 {
     Q_OBJECT
@@ -70,10 +84,7 @@ void tst_StudioBackups::aChangedFileIsSavedUnderAnotherName()
 {
     const QString file = saved();
     change();
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    const QByteArray theirs = contents(file);
+    const QByteArray theirs = changedByOthers(file);
     const QString mine = folder->filePath("mine.vxscene");
     const DialogAnswer<QMessageBox> question([](QMessageBox *box) {
         box->findChild<QPushButton *>("SaveAsButton")->click();
@@ -92,10 +103,7 @@ void tst_StudioBackups::othersChangedTheFile()
 {
     const QString file = saved();
     change();
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    const QByteArray theirs = contents(file);
+    const QByteArray theirs = changedByOthers(file);
     QString text;
     {
         const DialogAnswer<QMessageBox> answer(readAndPress(&text, QMessageBox::Cancel));
@@ -112,9 +120,7 @@ void tst_StudioBackups::othersChangedTheFile()
     QVERIFY(QFile::remove(file) && QFile::copy(folder->filePath("mine.vxscene"), file));
     QVERIFY(document()->open(file));
     change();
-    QFile again(file);
-    QVERIFY(again.open(QIODevice::Append) && again.write("x") == 1);
-    again.close();
+    changedByOthers(file);
     const DialogAnswer<QMessageBox> answer(pressButton(QMessageBox::Save));
     QVERIFY(window()->save());
     QVERIFY(answer.met());
@@ -133,9 +139,7 @@ void tst_StudioBackups::aChangeIsNoticedWhenTheWindowIsUsedAgain()
         return window()->statusBar()->currentMessage();
     };
     QCOMPARE(activate(), QString());
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
+    changedByOthers(file);
     QVERIFY2(activate().contains("was changed by another program"), "no notice");
     QCOMPARE(activate(), QString()); // once
     QVERIFY(QFile::remove(file));
@@ -176,10 +180,7 @@ void tst_StudioBackups::savesWithoutChanges()
     QVERIFY(contents(folder->filePath("walk.bak1.vxscene")) == first);
     QVERIFY(!QFile::exists(folder->filePath("walk.bak2.vxscene")));
     // What another program wrote meanwhile is a version of its own.
-    QFile other(file);
-    QVERIFY(other.open(QIODevice::Append) && other.write("x") == 1);
-    other.close();
-    const QByteArray theirs = contents(file);
+    const QByteArray theirs = changedByOthers(file);
     const DialogAnswer<QMessageBox> answer(pressButton(QMessageBox::Save));
     QVERIFY(window()->save());
     QVERIFY(answer.met());
