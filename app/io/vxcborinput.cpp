@@ -2,7 +2,11 @@
 
 #include "io/vxfiletext.h"
 
+#include <QTextCodec>
+#include <QVarLengthArray>
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -10,8 +14,36 @@ namespace {
 /// Maps and arrays nested deeper than this are refused: the format needs far less.
 constexpr int MaxDepth = 32;
 
+/// The number of UTF-8 in the register of character sets.
+constexpr int Utf8Mib = 106;
+
 /// The length to which a name from the file is cut in messages.
 constexpr int MaxShownName = 60;
+
+/// The names of one map. The first ones are compared one by one: most maps have few members.
+class UniqueNames
+{
+public:
+    /// False for a name that was added before.
+    bool add(const QString &name)
+    {
+        if (std::find(m_first.cbegin(), m_first.cend(), name) != m_first.cend())
+            return false;
+        if (m_first.size() < MaxFirst) {
+            m_first.append(name);
+            return true;
+        }
+        const int count = m_further.size();
+        m_further.insert(name);
+        return m_further.size() > count;
+    }
+
+private:
+    static constexpr int MaxFirst = 24;
+
+    QVarLengthArray<QString, MaxFirst> m_first;
+    QSet<QString> m_further;
+};
 
 } // namespace
 
@@ -19,6 +51,7 @@ VxCborInput::VxCborInput(const QByteArray &bytes)
     : m_bytes(bytes)
     , m_reader(bytes)
     , m_size(bytes.size())
+    , m_utf8(QTextCodec::codecForMib(Utf8Mib))
 {
 }
 
@@ -93,15 +126,13 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteA
 {
     if (!expect(m_reader.isMap(), QT_TRANSLATE_NOOP("VxFileText", "a map")))
         return;
-    QSet<QString> names;
+    UniqueNames names;
     container([&] {
         const qint64 begin = offset();
         const QString name = text();
         if (failed())
             return;
-        const int count = names.size();
-        names.insert(name);
-        if (names.size() == count) {
+        if (!names.add(name)) {
             fail(VxFileText::tr("The member \"%1\" occurs twice.").arg(name.left(MaxShownName)));
             return;
         }
@@ -120,6 +151,8 @@ QString VxCborInput::text()
 {
     if (!expect(m_reader.isString(), QT_TRANSLATE_NOOP("VxFileText", "a text string")))
         return {};
+    if (m_reader.isLengthKnown() && m_reader.length() <= quint64(MaxShortText))
+        return shortText();
     QString result;
     auto chunk = m_reader.readString();
     while (chunk.status == QCborStreamReader::Ok) {
@@ -129,6 +162,32 @@ QString VxCborInput::text()
     expect(chunk.status == QCborStreamReader::EndOfString,
            QT_TRANSLATE_NOOP("VxFileText", "a complete text string"));
     return result;
+}
+
+/** The same few names and kinds fill a file: what was read before is shared. */
+QString VxCborInput::shortText()
+{
+    char bytes[MaxShortText];
+    qsizetype size = 0;
+    auto chunk = m_reader.readStringChunk(bytes, MaxShortText);
+    while (chunk.status == QCborStreamReader::Ok) {
+        size += chunk.data;
+        chunk = m_reader.readStringChunk(bytes + size, MaxShortText - size);
+    }
+    if (!expect(chunk.status == QCborStreamReader::EndOfString,
+                QT_TRANSLATE_NOOP("VxFileText", "a complete text string")))
+        return {};
+    const std::string_view text(bytes, std::size_t(size));
+    ReadText &known = m_readTexts[std::hash<std::string_view>()(text) % m_readTexts.size()];
+    if (known.bytes != text) {
+        QTextCodec::ConverterState state;
+        known.text = m_utf8->toUnicode(bytes, int(size), &state);
+        known.bytes = text;
+        if (state.invalidChars > 0 || state.remainingChars > 0)
+            fail(VxFileText::tr("The file is damaged or truncated: %1.")
+                     .arg(QCborError{QCborError::InvalidUtf8String}.toString()));
+    }
+    return known.text;
 }
 
 bool VxCborInput::boolean()

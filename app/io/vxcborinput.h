@@ -7,7 +7,11 @@
 #include <QCborStreamReader>
 #include <QSet>
 #include <QStringList>
+#include <array>
 #include <functional>
+#include <string>
+
+class QTextCodec;
 
 /// Reads a CBOR stream member by member and stores the first error with its offset. After a failure
 /// every further read fails at once, so callers check where it suits them. Declared sizes are
@@ -70,6 +74,15 @@ private:
         void add(const QString &name);
     };
 
+    /// Texts of at most this many bytes are looked up among those that were read before.
+    static constexpr int MaxShortText = 48;
+    struct ReadText
+    {
+        std::string bytes; // UTF-8
+        QString text;
+    };
+
+    QString shortText();
     bool expect(bool matches, const char *what);
     void skip();
     void skipUnknown(const QString &name, qint64 begin, QByteArray *kept);
@@ -83,6 +96,9 @@ private:
     VxFileError m_error;
     Names m_unknown;
     Names m_dropped;
+    QTextCodec *const m_utf8;
+    std::array<ReadText, 512>
+        m_readTexts; // by a hash of their bytes; a newer one replaces an older
     qint64 m_keptBytes = 0;
 };
 

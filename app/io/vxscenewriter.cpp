@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QVector3D>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -454,7 +455,8 @@ void SceneStream::writeReferences(VxProperty *property)
     m_out.endMap();
 }
 
-/// Detects a device that accepts fewer bytes than given: the stream writer does not report it.
+/// Passes what is written to a device, in blocks: the stream writer writes a few bytes at a time.
+/// Detects a device that accepts fewer bytes than given, which the stream writer does not report.
 class WatchedDevice : public QIODevice
 {
 public:
@@ -463,31 +465,51 @@ public:
     {
         open(QIODevice::WriteOnly);
     }
-    const QString &failure() const { return m_failure; }
+    /// Writes what is left, and returns what failed first; empty when all is well.
+    QString finish()
+    {
+        flush();
+        return m_failure;
+    }
 
 protected:
     qint64 readData(char *, qint64) override { return -1; }
     qint64 writeData(const char *data, qint64 size) override
     {
-        const qint64 written = m_target->write(data, size);
-        if (written != size && m_failure.isEmpty())
-            m_failure = m_target->errorString();
+        if (size > BlockSize - m_filled)
+            flush();
+        if (size > BlockSize)
+            pass(data, size);
+        else
+            m_filled = int(std::copy_n(data, size, m_block.data() + m_filled) - m_block.data());
         return size;
     }
 
 private:
+    static constexpr int BlockSize = 4 * 1024;
+
+    void flush() { pass(m_block.data(), std::exchange(m_filled, 0)); }
+    void pass(const char *data, qint64 size)
+    {
+        if (m_target->write(data, size) != size && m_failure.isEmpty())
+            m_failure = m_target->errorString();
+    }
+
     QIODevice *m_target;
+    std::array<char, BlockSize> m_block;
+    int m_filled = 0;
     QString m_failure;
 };
 
 /** Empty when all is well. */
-QString failureOf(const SceneStream &stream, const WatchedDevice &watched)
+QString failureOf(const SceneStream &stream, WatchedDevice *watched)
 {
+    const QString failure = watched->finish();
     if (!stream.unreadable().isEmpty())
         return VxFileText::tr("The scene holds a number that is not finite: %1.")
             .arg(stream.unreadable());
-    if (!watched.failure().isEmpty())
-        return VxFileText::tr("The file cannot be written: %1.").arg(watched.failure());
+    if (!failure.isEmpty())
+        return VxFileText::tr("The file cannot be written: %1.").arg(failure);
     return {};
 }
 
@@ -501,7 +523,7 @@ bool VxSceneWriter::write(QIODevice *device, VxFileError *error) const
         error->cancelled = true;
         return false;
     }
-    error->message = failureOf(stream, watched);
+    error->message = failureOf(stream, &watched);
     return error->message.isEmpty();
 }
 
@@ -511,7 +533,7 @@ bool VxSceneWriter::writeNodes(const QVector<VxNode *> &nodes, QIODevice *device
     WatchedDevice watched(device);
     SceneStream stream(nullptr, &watched);
     stream.write(nodes, {});
-    error->message = failureOf(stream, watched);
+    error->message = failureOf(stream, &watched);
     if (error->message.isEmpty() && stream.hasOuterReference())
         error->message = VxFileText::tr("A property refers to one that is not among the nodes.");
     return error->message.isEmpty();

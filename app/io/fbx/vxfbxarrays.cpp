@@ -7,9 +7,10 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <libdeflate.h>
 #include <limits>
+#include <memory>
 #include <type_traits>
-#include <zlib.h>
 
 namespace {
 
@@ -170,22 +171,16 @@ bool VxFbxArrays::inflate(const VxFbxValue &value, qint64 size, QByteArray *out)
 {
     out->resize(static_cast<int>(size));
     const char *from = m_records.bytes().constData() + value.offset + HeadSize;
-    z_stream stream{};
-    // The interface has no const; the bytes are not written.
-    stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(from));
-    stream.avail_in = static_cast<uInt>(value.size - HeadSize);
-    if (inflateInit(&stream) != Z_OK)
+    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)>
+        decompressor(libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    if (!decompressor)
         return fail(value.offset, VxFileText::tr("Not enough memory for an array."));
-    // An array without values still has a stream, which needs space for its end.
-    Bytef spare = 0;
-    stream.next_out = size ? reinterpret_cast<Bytef *>(out->data()) : &spare;
-    stream.avail_out = static_cast<uInt>(size);
-    const int result = ::inflate(&stream, Z_FINISH);
-    const bool isComplete = result == Z_STREAM_END && stream.total_out == static_cast<uLong>(size);
-    inflateEnd(&stream);
-    if (isComplete)
+    const libdeflate_result result = libdeflate_zlib_decompress(
+        decompressor.get(), from, static_cast<std::size_t>(value.size - HeadSize), out->data(),
+        static_cast<std::size_t>(size), nullptr);
+    if (result == LIBDEFLATE_SUCCESS)
         return true;
-    if (result == Z_BUF_ERROR && stream.avail_out == 0)
+    if (result == LIBDEFLATE_INSUFFICIENT_SPACE)
         return fail(value.offset, VxFileText::tr("A compressed array is larger than declared."));
     return fail(value.offset, VxFileText::tr("A compressed array is damaged."));
 }

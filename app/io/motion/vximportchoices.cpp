@@ -67,12 +67,12 @@ void count(const VxFloatProperty *property, const VxImportChoices &choices, VxTi
     const VxTime *times = property->getKeyTimes();
     const int keys = property->getNumKeys();
     for (int i = 0; i < keys; ++i) {
-        const VxTime frame = nearestFrame(times[i], step);
         if (!choices.snapsToFrames) {
-            numbers->offFrame += frame != times[i] ? 1 : 0;
+            numbers->offFrame += times[i] % step != 0 ? 1 : 0;
             ++numbers->keys;
             continue;
         }
+        const VxTime frame = nearestFrame(times[i], step);
         numbers->largestMove = std::max(numbers->largestMove, std::abs(frame - times[i]));
         if (i + 1 < keys && nearestFrame(times[i + 1], step) == frame)
             ++numbers->merged;

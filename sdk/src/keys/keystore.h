@@ -31,9 +31,6 @@ public:
     virtual bool move(const QVector<int> &indexes, const QVector<VxTime> &newTimes) = 0;
 };
 
-/// Bytes that the processor reads from memory at once.
-constexpr std::size_t CacheLine = 64;
-
 /// The value of one property: its keys, and its stored value for when it has none.
 ///
 /// All edits pass through here, because each takes the same three steps in the same order: it
@@ -43,8 +40,8 @@ template <class V> class KeyStore final : public KeyStoreBase
 {
 public:
     KeyStore(VxProperty *property, V value)
-        : m_property(property)
-        , m_stored(value)
+        : m_stored(value)
+        , m_property(property)
     {
     }
 
@@ -83,11 +80,11 @@ private:
     VxTimeRange spanOf(const QVector<int> &indexes) const;
     bool areIndexes(const QVector<int> &indexes) const;
 
-    VxProperty *m_property;
-    // What the evaluation of a frame reads of a channel: two cache lines.
-    alignas(CacheLine) KeyTrack<V> m_track;
+    // First what the evaluation of a frame reads: with the table of functions two cache lines.
+    KeyTrack<V> m_track;
     mutable int m_cursor = 0;
     V m_stored;
+    VxProperty *m_property;
 };
 
 extern template class KeyStore<float>;

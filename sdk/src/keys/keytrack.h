@@ -51,8 +51,16 @@ public:
     VxTime spacing() const { return m_spacing; }
     /// The first key's time where the spacing is known; else 0.
     VxTime spacedFrom() const { return m_spacedFrom; }
-    /// The arrays themselves, valid until the next change; `tcb` is null while all are zero.
-    Columns columns() const { return columns(0, count()); }
+    /// The arrays themselves, valid until the next change; `tcb` is null while all are zero, all
+    /// are null without keys.
+    Columns columns() const
+    {
+        if (isEmpty())
+            return {};
+        return {m_times.data(), m_values.data(), m_types.data(),
+                m_tcb.empty() ? nullptr : m_tcb.data(), count()};
+    }
+    /// Those of the keys [first, last); all null for none.
     Columns columns(int first, int last) const;
 
     /// Index of the key at `time`, or -1.

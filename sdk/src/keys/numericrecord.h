@@ -23,10 +23,13 @@ public:
     {
     }
 
-    static void *operator new(std::size_t size, std::align_val_t) { return allocateRecord(size); }
-    static void operator delete(void *record, std::size_t size, std::align_val_t)
+    static void *operator new(std::size_t size, std::align_val_t alignment)
     {
-        freeRecord(record, size);
+        return allocateRecord(size, std::size_t(alignment));
+    }
+    static void operator delete(void *record, std::size_t size, std::align_val_t alignment)
+    {
+        freeRecord(record, size, std::size_t(alignment));
     }
 
     KeyStoreBase &ownKeys() override { return keys; }
@@ -101,7 +104,7 @@ public:
         emitTraits();
     }
 
-    KeyStore<V> keys;
+    alignas(CacheLine) KeyStore<V> keys;
     V defaultValue;
     V minimum = std::numeric_limits<V>::lowest();
     V maximum = std::numeric_limits<V>::max();

@@ -1,7 +1,5 @@
 #include "keys/recordmemory.h"
 
-#include "keys/keystore.h"
-
 #include <memory_resource>
 
 namespace {
@@ -20,12 +18,12 @@ std::pmr::memory_resource *records()
 
 } // namespace
 
-void *allocateRecord(std::size_t size)
+void *allocateRecord(std::size_t size, std::size_t alignment)
 {
-    return records()->allocate(size, CacheLine);
+    return records()->allocate(size, alignment);
 }
 
-void freeRecord(void *record, std::size_t size)
+void freeRecord(void *record, std::size_t size, std::size_t alignment)
 {
-    records()->deallocate(record, size, CacheLine);
+    records()->deallocate(record, size, alignment);
 }

@@ -1,5 +1,6 @@
 #include "scene/nodecontrols.h"
 
+#include "keys/recordmemory.h"
 #include "keys/vxproperty_p.h"
 
 #include <vxcore/vxfloatproperty.h>
@@ -53,12 +54,28 @@ const std::array<ControlTexts, NodeControlCount> &controlTexts()
     return texts;
 }
 
+/// Controls are made on demand, between keys: like their records, they lie together in memory.
+class ControlProperty final : public VxFloatProperty
+{
+public:
+    using VxFloatProperty::VxFloatProperty;
+
+    static void *operator new(std::size_t size)
+    {
+        return allocateRecord(size, alignof(ControlProperty));
+    }
+    static void operator delete(void *property, std::size_t size)
+    {
+        freeRecord(property, size, alignof(ControlProperty));
+    }
+};
+
 } // namespace
 
 VxFloatProperty *makeNodeControl(NodeControl control)
 {
     const ControlInfo &info = Controls[control];
-    auto *property = new VxFloatProperty(controlTexts()[control].name, info.isScale ? 1.0f : 0.0f);
+    auto *property = new ControlProperty(controlTexts()[control].name, info.isScale ? 1.0f : 0.0f);
     property->setPath(controlTexts()[control].path);
     // Bypasses the setter: an open hold would record a label for each control of each new node.
     VxProperty::Private::of(property)->label = controlTexts()[control].label;
