@@ -362,10 +362,10 @@ int Studio::run()
         return CommandLine::Success;
     }
     if (m_commandLine.diagnose) {
-        UserMessages::print(diagnosisPage(*m_app, defaultPluginFolder(),
-                                          m_commandLine.settingsFile.isEmpty()
-                                              ? StudioSettings::defaultFileName()
-                                              : m_commandLine.settingsFile));
+        const StudioSettings settings(m_commandLine.settingsFile.isEmpty()
+                                          ? StudioSettings::defaultFileName()
+                                          : m_commandLine.settingsFile);
+        UserMessages::print(diagnosisPage(*m_app, defaultPluginFolder(), settings.fileToLoad()));
         return CommandLine::Success;
     }
     if (!m_commandLine.isBatch())

@@ -23,9 +23,10 @@ public:
     static void fillDefaults(VxSettings *settings);
     void save(const VxSettings &settings, const UserMessages &messages) const;
 
-private:
+    /// The file that load() reads: that of a former version until there is a present one.
     QString fileToLoad() const;
 
+private:
     QString m_fileName;
 };
 

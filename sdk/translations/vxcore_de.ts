@@ -590,7 +590,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 cannot be read: &quot;%2...&quot; has more than %3 groups inside each other</source>
+        <source>%1: &quot;%2...&quot; has more than %3 groups inside each other</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

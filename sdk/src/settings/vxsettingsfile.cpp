@@ -44,6 +44,18 @@ QString textOf(const QVariant &value)
                                                 : value.toString();
 }
 
+/** A partial write is accepted silently; only the next attempt gives the reason. */
+bool writeAll(const QByteArray &bytes, QIODevice *file)
+{
+    for (qint64 done = 0; done < bytes.size();) {
+        const qint64 taken = file->write(bytes.constData() + done, bytes.size() - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
+}
+
 } // namespace
 
 QString VxSettingsFile::path(const QStringList &names)
@@ -82,15 +94,18 @@ bool VxSettingsFile::read(Values &values)
 bool VxSettingsFile::write(const Values &values)
 {
     QJsonObject members;
-    for (auto it = values.begin(); it != values.end(); ++it)
+    for (auto it = values.begin(); it != values.end(); ++it) {
+        if (!isReadable(it.key()))
+            return false;
         members.insert(it.key(), it.value());
+    }
     const QByteArray contents = QJsonDocument(members).toJson();
     QSaveFile file(m_fileName);
     // Unbuffered: data that cannot be flushed on closing would be committed truncated. And the
     // first failure's text: after a failed commit there may be none.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        file.write(contents) != contents.size() || !file.commit())
+        !writeAll(contents, &file) || !file.commit())
         return fail(tr("%1 cannot be written: %2").arg(m_fileName, file.errorString()));
     return true;
 }
@@ -111,7 +126,9 @@ bool VxSettingsFile::parse(const QByteArray &contents, Values &values)
         return fail(tr("%1 is damaged at byte %2: %3")
                         .arg(m_fileName, QString::number(error.offset), error.errorString()));
     for (auto it = members.begin(); it != members.end(); ++it) {
-        if (!insert(it.key(), it.value().toVariant().toString(), values))
+        const QJsonValue value = it.value();
+        const bool hasText = !value.isNull() && !value.isArray() && !value.isObject();
+        if (hasText && !insert(it.key(), value.toVariant().toString(), values))
             return false;
     }
     return true;
@@ -137,9 +154,15 @@ bool VxSettingsFile::parseIni(const QByteArray &contents, Values &values)
 
 bool VxSettingsFile::insert(const QString &path, const QString &text, Values &values)
 {
-    if (path.count(QLatin1Char('/')) > MaxGroups)
-        return fail(tr("%1 cannot be read: \"%2...\" has more than %3 groups inside each other")
-                        .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups)));
+    if (!isReadable(path))
+        return false;
     values.insert(path, text);
     return true;
+}
+
+bool VxSettingsFile::isReadable(const QString &path)
+{
+    return path.count(QLatin1Char('/')) <= MaxGroups ||
+           fail(tr("%1: \"%2...\" has more than %3 groups inside each other")
+                    .arg(m_fileName, path.left(MaxShownPath), QString::number(MaxGroups)));
 }

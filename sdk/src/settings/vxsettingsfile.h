@@ -22,7 +22,8 @@ public:
     {
     }
 
-    /// Missing files have no values. False when the file cannot be read or parsed.
+    /// Missing files have no values. Members other than texts, numbers and truth values are left
+    /// out. False when the file cannot be read or parsed.
     bool read(Values &values);
     bool write(const Values &values);
     QString error() const { return m_error; }
@@ -37,6 +38,7 @@ private:
     bool parse(const QByteArray &contents, Values &values);
     bool parseIni(const QByteArray &contents, Values &values);
     bool insert(const QString &path, const QString &text, Values &values);
+    bool isReadable(const QString &path); // not too many groups
 
     QString m_fileName;
     QString m_error;

@@ -397,6 +397,12 @@ void tst_VxStudioHeadless::diagnosis()
           "Setting: RecentFiles/Files = (8 characters)"})
         QVERIFY2(page.contains(QLatin1String(part)), qPrintable(page));
     QVERIFY2(!page.contains("mine") && !page.contains("secret"), qPrintable(page));
+    // Those of a former version, as long as there are no present ones.
+    QVERIFY(QDir().mkpath(path("config/VxStudio")));
+    write("config/VxStudio/vxstudio.ini", "[Saving]\nBackups=7\n");
+    QVERIFY(run({"--diagnose"}).output.contains("Setting: Saving/Backups = 7"));
+    write("config/VxStudio/vxstudio.json", "{ \"Saving/Backups\": \"5\" }");
+    QVERIFY(run({"--diagnose"}).output.contains("Setting: Saving/Backups = 5"));
 }
 
 void tst_VxStudioHeadless::logCategories()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void aDamagedFileChangesNothing_data();
     void aDamagedFileChangesNothing();
     void groupsNestedTooDeeplyAreRefused();
+    void groupsNestedTooDeeplyAreNotWritten();
     void anUnreadableFileChangesNothing();
     void aFileThatCannotBeWrittenIsReported();
     void savingNothingWritesAnEmptyFile();
@@ -309,7 +310,8 @@ void tst_VxSettings::handWrittenFilesAreRead_data()
     QTest::newRow("of former versions")
         << QByteArray("Top=1\n[Group]\nText=one, two\nFlag=TRUE\n; a comment\n");
     QTest::newRow("with values of their own kinds") << QByteArray(
-        "{ \"Top\": 1, \"Group/Text\": \"one, two\", \"Group/Flag\": true, \"Group/List\": [1] }");
+        "{ \"Top\": 1, \"Group/Text\": \"one, two\", \"Group/Flag\": true, \"Group/List\": [1], "
+        "\"Group/Store\": { \"Key\": 1 }, \"Group/Null\": null }");
 }
 
 void tst_VxSettings::handWrittenFilesAreRead()
@@ -323,6 +325,7 @@ void tst_VxSettings::handWrittenFilesAreRead()
     QVERIFY(group);
     QCOMPARE(group->getStringValue(QStringLiteral("Text")), QStringLiteral("one, two"));
     QVERIFY(group->getBoolValue(QStringLiteral("Flag")));
+    QCOMPARE(group->getKeys(), QStringList({QStringLiteral("Flag"), QStringLiteral("Text")}));
 }
 
 void tst_VxSettings::loadingReplacesButKeepsSubStores()
@@ -400,6 +403,25 @@ void tst_VxSettings::groupsNestedTooDeeplyAreRefused()
                  qPrintable(error));
         QCOMPARE(settings.getSettingsNames(), QStringList{QStringLiteral("Group")});
     }
+}
+
+/// No file is written that load() would refuse.
+void tst_VxSettings::groupsNestedTooDeeplyAreNotWritten()
+{
+    VxSettings settings;
+    settings.setIntValue(key, 1);
+    QVERIFY(settings.save(m_file));
+    const QByteArray former = contentsOf(m_file);
+    VxSettings *group = &settings;
+    for (int i = 0; i < 65; ++i)
+        group = group->getSettings(QStringLiteral("Group"));
+    group->setIntValue(key, 2);
+    QString error;
+    QVERIFY(!settings.save(m_file, &error));
+    QVERIFY2(error.contains(m_file) && error.contains("more than 64 groups"), qPrintable(error));
+    QCOMPARE(contentsOf(m_file), former);
+    group->clear();
+    QVERIFY2(settings.save(m_file, &error), qPrintable(error));
 }
 
 void tst_VxSettings::anUnreadableFileChangesNothing()
