@@ -25,9 +25,9 @@ public:
     /// the reason, without a full stop.
     bool preserve(QString *reason);
     /// After the file was saved: a preserved version with the same contents is removed; any other
-    /// becomes number 1, and each other one the
-    /// next number, up to the first number that is free; the one beyond the count is removed.
-    /// False with the reason: the preserved version stays number 0.
+    /// becomes number 1, and each other one the next number, up to the first number that is free;
+    /// the one beyond the count is removed. False with the reason: the preserved version stays
+    /// number 0.
     bool rotate(QString *reason) const;
     /// After the file could not be saved: removes the preserved version.
     void drop() const;
