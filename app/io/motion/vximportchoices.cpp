@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int FirstRotation = 3; // of the transform controls
+
 VxTime nearestFrame(VxTime time, VxTime step)
 {
     const qint64 half = time >= 0 ? step / 2 : -(step / 2);
@@ -17,11 +19,20 @@ VxTime nearestFrame(VxTime time, VxTime step)
 
 void collect(const VxElement *element, std::vector<VxFloatProperty *> *properties)
 {
-    for (int i = 0; i < element->getNumProperties(); ++i) {
-        auto *property = qobject_cast<VxFloatProperty *>(element->getProperty(i));
+    for (VxProperty *made : element->getMadeProperties()) {
+        auto *property = qobject_cast<VxFloatProperty *>(made);
         if (property && property->getNumKeys() > 0)
             properties->push_back(property);
     }
+}
+
+/** By name: asking a node for a control that it has not made would make it. */
+bool isRotation(const VxFloatProperty *property)
+{
+    const int control = qobject_cast<VxNode *>(property->getOwner())
+                            ? VxNode::getTransformControlIndex(property->getName())
+                            : -1;
+    return control >= FirstRotation && control < FirstRotation + 3;
 }
 
 /// The keyed properties of all nodes and their morphs, with whether each is a rotation.
@@ -41,10 +52,7 @@ void collect(const VxNode *node, Keyed *keyed)
             collect(object->getSubElement(i), &properties);
     }
     for (VxFloatProperty *property : properties) {
-        const bool isRotation = property == node->getXRotControl() ||
-                                property == node->getYRotControl() ||
-                                property == node->getZRotControl();
-        (isRotation ? keyed->rotations : keyed->others).push_back(property);
+        (isRotation(property) ? keyed->rotations : keyed->others).push_back(property);
     }
 }
 
@@ -60,18 +68,31 @@ Keyed keyedProperties(const VxSceneContents &contents)
     return keyed;
 }
 
+int offFrameKeys(const VxTime *times, int count, VxTime step)
+{
+    int offFrame = 0;
+    VxTime lastFrame = 0;
+    for (int i = 0; i < count; ++i) {
+        // Most motions have a key at each frame, which needs no division.
+        const bool isOnFrame = qint64(times[i]) - step == lastFrame || times[i] % step == 0;
+        lastFrame = isOnFrame ? times[i] : lastFrame;
+        offFrame += isOnFrame ? 0 : 1;
+    }
+    return offFrame;
+}
+
 /** Counts the resulting keys of one property. */
 void count(const VxFloatProperty *property, const VxImportChoices &choices, VxTime step,
            VxImportNumbers *numbers)
 {
     const VxTime *times = property->getKeyTimes();
     const int keys = property->getNumKeys();
+    if (!choices.snapsToFrames) {
+        numbers->keys += keys;
+        numbers->offFrame += offFrameKeys(times, keys, step);
+        return;
+    }
     for (int i = 0; i < keys; ++i) {
-        if (!choices.snapsToFrames) {
-            numbers->offFrame += times[i] % step != 0 ? 1 : 0;
-            ++numbers->keys;
-            continue;
-        }
         const VxTime frame = nearestFrame(times[i], step);
         numbers->largestMove = std::max(numbers->largestMove, std::abs(frame - times[i]));
         if (i + 1 < keys && nearestFrame(times[i + 1], step) == frame)

@@ -106,6 +106,7 @@ private Q_SLOTS:
 
     void buildsTheHierarchy();
     void keysAreInFileOrder();
+    void makesNoControlsWithoutKeys();
     void placesBones();
     void rotationOrders_data();
     void rotationOrders();
@@ -213,6 +214,15 @@ void TestVxBvhImport::keysAreInFileOrder()
         QVERIFY(undriven);
         QCOMPARE(undriven->getNumKeys(), 0);
     }
+}
+
+// Controls are made on demand, and thousands of bones use few of theirs.
+void TestVxBvhImport::makesNoControlsWithoutKeys()
+{
+    import(branched);
+    QCOMPARE(bone("left")->getMadeProperties().size(), 3);
+    QCOMPARE(bone("right")->getMadeProperties().size(), 2);
+    QCOMPARE(bone("handle")->getMadeProperties().size(), 0);
 }
 
 void TestVxBvhImport::placesBones()
