@@ -95,10 +95,8 @@ bool VxScenePropertyReader::checkRange(const Record &record)
             return m_input->fail(
                 VxFileText::tr("The member \"%1\" of the property \"%2\" is %3, outside of "
                                "%4 to %5.")
-                    .arg(QLatin1String(member), record.name)
-                    .arg(number)
-                    .arg(lowest)
-                    .arg(highest));
+                    .arg(QLatin1String(member), record.name, QString::number(number),
+                         QString::number(lowest), QString::number(highest)));
     }
     return true;
 }
@@ -356,9 +354,8 @@ void VxScenePropertyReader::failReference(const Reference &reference)
     m_input->fail(
         VxFileText::tr("The property \"%1\" has an invalid reference to property %2: "
                        "a different kind, a cycle, or a chain of more than %3 references.")
-            .arg(m_properties.at(reference.from)->getName())
-            .arg(reference.to)
-            .arg(VxProperty::MaxReferenceChain));
+            .arg(m_properties.at(reference.from)->getName(), QString::number(reference.to),
+                 QString::number(VxProperty::MaxReferenceChain)));
 }
 
 QVector<int> VxScenePropertyReader::referencesFromTheirEnds() const

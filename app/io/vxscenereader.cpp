@@ -300,8 +300,7 @@ void SceneBuilder::checkDepth(NodeRecord &record)
     record.depth = m_nodes[size_t(record.parent)].depth + 1;
     if (record.depth > VxNode::MaxDepth)
         m_input.fail(VxFileText::tr("The node \"%1\" is nested deeper than %2 levels.")
-                         .arg(record.node->getName())
-                         .arg(VxNode::MaxDepth));
+                         .arg(record.node->getName(), QString::number(VxNode::MaxDepth)));
 }
 
 bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)

@@ -42,8 +42,9 @@ public:
             return {};
         const QString names = m_first.join(QStringLiteral(", "));
         const int more = m_all.size() - m_first.size();
-        return more > 0 ? StudioText::tr(" Not found: %1 and %2 more.").arg(names).arg(more)
-                        : StudioText::tr(" Not found: %1.").arg(names);
+        return more > 0
+                   ? StudioText::tr(" Not found: %1 and %2 more.").arg(names, QString::number(more))
+                   : StudioText::tr(" Not found: %1.").arg(names);
     }
 
 private:

@@ -246,9 +246,8 @@ bool AnimationReader::readChannel(const QJsonObject &channel, QString *message)
         return vxFail(
             message,
             VxFileText::tr("the channel \"%1\" of \"%2\" has %3 numbers per key instead of %4.")
-                .arg(path, m_motion->nodes[std::size_t(node)].name)
-                .arg(sampler.width)
-                .arg(width));
+                .arg(path, m_motion->nodes[std::size_t(node)].name, QString::number(sampler.width),
+                     QString::number(width)));
     if (isRotation)
         addRotation(node, sampler);
     else

@@ -67,8 +67,7 @@ bool Builder::checkDepth(VxFileError *error) const
                 error,
                 VxFileText::tr("The node \"%1\" is deeper than %2 levels, which a scene does not "
                                "allow.")
-                    .arg(node.name)
-                    .arg(VxNode::MaxDepth));
+                    .arg(node.name, QString::number(VxNode::MaxDepth)));
     }
     return true;
 }
@@ -112,11 +111,12 @@ bool Builder::checkTimes(VxFileError *error) const
             const std::vector<double> &times = channel.times();
             if (!times.empty() && (times.front() < -limit || times.back() > limit))
                 return vxFail(
-                    error, VxFileText::tr("The animation \"%1\" has a key at %2 s; a scene holds "
-                                          "times of up to %3 s.")
-                               .arg(clip->name)
-                               .arg(times.back() > limit ? times.back() : times.front())
-                               .arg(limit));
+                    error,
+                    VxFileText::tr("The animation \"%1\" has a key at %2 s; a scene holds "
+                                   "times of up to %3 s.")
+                        .arg(clip->name,
+                             QString::number(times.back() > limit ? times.back() : times.front()),
+                             QString::number(limit)));
         }
         if (first < -limit || last > limit || last - first > limit)
             return vxFail(error,

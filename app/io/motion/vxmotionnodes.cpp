@@ -63,7 +63,7 @@ void addProperties(VxNode *node, const VxMotionNode &data)
     for (const VxMotionValue &value : data.properties) {
         QString name = value.name.isEmpty() ? QStringLiteral("Property") : value.name;
         for (int number = 2; node->findProperty(name); ++number)
-            name = QStringLiteral("%1 %2").arg(value.name).arg(number);
+            name = QStringLiteral("%1 %2").arg(value.name, QString::number(number));
         auto *property = new VxFloatProperty(name, float(value.value));
         node->addProperty(property, value.path.isEmpty() ? QStringLiteral("/Custom") : value.path);
     }

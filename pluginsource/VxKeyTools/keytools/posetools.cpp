@@ -3,6 +3,7 @@
 #include "keytools/keytooltext.h"
 #include "keytools/limbpin.h"
 
+#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
@@ -46,8 +47,8 @@ KeyToolResult pin(const KeyToolArguments &arguments)
     result.channels = 9;
     result.error = limb.largestError();
     result.message = KeyToolText::tr("Pin Joint: %1, largest distance %L2 % of the limb")
-                         .arg(vxScene->getPrimarySelection()->getLabel())
-                         .arg(result.error * 100, 0, 'g', 3);
+                         .arg(vxScene->getPrimarySelection()->getLabel(),
+                              vxLocalNumber(QString::number(result.error * 100, 'g', 3)));
     if (limb.framesOutOfReach() > 0)
         result.message +=
             KeyToolText::tr("; out of reach on %n frames", nullptr, limb.framesOutOfReach());

@@ -54,5 +54,6 @@ VxCopyName VxCopyName::read(const QString &name)
 
 QString VxCopyName::text() const
 {
-    return number < 2 ? original() : QStringLiteral("%1_%2%3").arg(stem).arg(number).arg(side);
+    return number < 2 ? original()
+                      : QStringLiteral("%1_%2%3").arg(stem, QString::number(number), side);
 }

@@ -116,9 +116,7 @@ QString VxPropertyHints::refusal(const QString &label, int refused, int locked, 
         return VxParametersPane::tr(
                    "%1 was not changed on %2 of %3 nodes, where it is locked or follows another "
                    "value.")
-            .arg(label)
-            .arg(locked)
-            .arg(count);
+            .arg(label, QString::number(locked), QString::number(count));
     if (locked > 0)
         return VxParametersPane::tr("%1 cannot be changed: it is locked or follows another value.")
             .arg(label);

@@ -76,7 +76,7 @@ private:
 QString VxScriptError::toString() const
 {
     const QString file = fileName.isEmpty() ? VxScriptEngine::tr("script") : fileName;
-    return line > 0 ? QStringLiteral("%1:%2: %3").arg(file).arg(line).arg(message)
+    return line > 0 ? QStringLiteral("%1:%2: %3").arg(file, QString::number(line), message)
                     : QStringLiteral("%1: %2").arg(file, message);
 }
 

@@ -219,6 +219,8 @@ void tst_CreateEdits::copiesNames_data()
                                         << "Spine1_2 Spine_1_2 Spine_01_2";
     QTest::newRow("huge number") << "n_99999999999"
                                  << "n_99999999999_2";
+    QTest::newRow("percent signs") << "Load%1 Load%2_L %3"
+                                   << "Load%1_2 Load%2_2_L %3_2";
     QTest::newRow("no stem") << "_2 2"
                              << "_2_2 2_2";
 }

@@ -1,6 +1,7 @@
 // Gestures on values, and the commands on keys, without any widget.
 
 #include "parameters/vxpropertyedit.h"
+#include "parameters/vxpropertyhints.h"
 #include "parameters/vxpropertykeys.h"
 #include "parameters/vxpropertyscrub.h"
 #include "parameters/vxpropertyvalue.h"
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void togglingCompletesFirst();
     void resetSetsDefaults();
     void keysBeside();
+    void refusalsNameAnyLabel();
 
 private:
     VxFloatProperty *x() const { return m_node->getXPosControl(); }
@@ -429,6 +431,13 @@ void TestPropertyEdit::keysBeside()
     QCOMPARE(found, -160);
     QVERIFY(!VxPropertyKeys::findKeyBeside({x(), y()}, VxTimeMin, false, &found));
     QVERIFY(!VxPropertyKeys::findKeyBeside({x(), y()}, VxTimeMax, true, &found));
+}
+
+void TestPropertyEdit::refusalsNameAnyLabel()
+{
+    const QString text = VxPropertyHints::refusal(QStringLiteral("%2 %3"), 1, 1, 4);
+    QVERIFY2(text.startsWith(QLatin1String("%2 %3 was not changed on 1 of 4 nodes")),
+             qPrintable(text));
 }
 
 VX_TEST_GUILESS_MAIN(TestPropertyEdit)

@@ -143,6 +143,9 @@ void TestScriptEngine::errorsNameFileAndLine()
     QVERIFY(!error.isNull());
     QTEST(error.line, "line");
     QVERIFY(error.toString().startsWith(QStringLiteral("test.js:%1: ").arg(error.line)));
+    m_engine->evaluate(program, QStringLiteral("%1%2%3.js"), &error);
+    QCOMPARE(error.toString(), QStringLiteral("%1%2%3.js:") + QString::number(error.line) +
+                                   QStringLiteral(": ") + error.message);
     QCOMPARE(m_engine->evaluate(QStringLiteral("2"), {}, &error), QStringLiteral("2"));
     QVERIFY(error.isNull());
 }
