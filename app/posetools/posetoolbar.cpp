@@ -144,6 +144,11 @@ void PoseToolBar::updateIcons()
     // As large as the text beside them.
     const int side = qMax(ToolIconSide, fontMetrics().height());
     const double ratio = devicePixelRatioF() * side / ToolIconSide;
+    // Events of a change come when nothing has changed, too.
+    if (ink == m_ink && ratio == m_iconRatio)
+        return;
+    m_ink = ink;
+    m_iconRatio = ratio;
     for (int i = 0; i < m_toolButtons.size(); ++i)
         m_toolButtons.at(i)->setIcon(toolIcon(PoseTools::Tool(i), ink, ratio));
     m_pivot->setIcon(pivotIcon(ink, ratio));

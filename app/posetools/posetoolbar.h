@@ -1,6 +1,7 @@
 #ifndef POSETOOLBAR_H
 #define POSETOOLBAR_H
 
+#include <QColor>
 #include <QFrame>
 
 class PoseTools;
@@ -35,6 +36,8 @@ private:
     QVector<QToolButton *> m_toolButtons; ///< by tool
     QToolButton *m_orientation;
     QToolButton *m_pivot;
+    QColor m_ink;           ///< of the icons
+    double m_iconRatio = 0; ///< pixels of the screen per pixel of an icon's drawing
 };
 
 #endif

@@ -32,7 +32,10 @@ PoseTools::PoseTools(VxScene *scene, ViewportWidget *viewport)
 PoseTools *PoseTools::current()
 {
     const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
-    return window ? window->findChild<PoseTools *>() : nullptr;
+    // The viewport, whose child they are. Many actions ask, so the whole window is not searched.
+    const QWidget *viewport = window ? window->centralWidget() : nullptr;
+    return viewport ? viewport->findChild<PoseTools *>(QString(), Qt::FindDirectChildrenOnly)
+                    : nullptr;
 }
 
 PoseTools::Tool PoseTools::activeTool() const

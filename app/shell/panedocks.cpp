@@ -153,6 +153,16 @@ void PaneDocks::tabifyDocks()
     }
 }
 
+/** Puts a new dock behind its front, and the docks behind it that were there before. */
+void PaneDocks::tabify(PaneDock *added)
+{
+    for (PaneDock *dock : docks()) {
+        PaneDock *front = frontOf(dock);
+        if (front && (dock == added || front == added))
+            m_window->tabifyDockWidget(front, dock);
+    }
+}
+
 void PaneDocks::raiseFronts()
 {
     for (PaneDock *dock : docks()) {
@@ -169,7 +179,7 @@ void PaneDocks::addPane(VxPane *pane)
         m_window->addDockWidget(placeOf(dock).area, dock, Qt::Vertical);
     // Before the window is shown there is no user's arrangement.
     if (!m_window->isVisible())
-        tabifyDocks();
+        tabify(dock);
     connect(dock, &PaneDock::heightLimitLifted, this,
             [this, dock](int height) { restoreHeight(dock, height); });
     Q_EMIT dockAdded(dock);

@@ -41,6 +41,7 @@ private:
     int tabHeight(PaneDock *dock) const;
     PaneDock *frontOf(const PaneDock *dock) const;
     void tabifyDocks();
+    void tabify(PaneDock *added);
     void raiseFronts();
 
     QMainWindow *const m_window;

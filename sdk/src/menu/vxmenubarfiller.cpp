@@ -32,9 +32,10 @@ QString titleOf(const QString &part)
 /** The menu of a part of a path, by its object name, or by its title when others made it. */
 QMenu *findMenu(const QWidget *parent, const QString &part)
 {
+    const QString title = titleOf(part);
     for (QAction *entry : parent->actions()) {
         if (entry->menu() && (entry->menu()->objectName() == part ||
-                              VxActionText::withoutMnemonics(entry->text()) == titleOf(part)))
+                              VxActionText::withoutMnemonics(entry->text()) == title))
             return entry->menu();
     }
     return nullptr;

@@ -6,6 +6,7 @@
 #include <QtCore/QLocale>
 #include <QtCore/QTranslator>
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -20,14 +21,25 @@ QString &currentLanguage()
     return code;
 }
 
-/** The files of a language; of all for "*". */
-QStringList translationFiles(const QString &language)
+/** The files of all languages. */
+QStringList translationFiles()
 {
     const QDir folder(QStringLiteral(":/translations"));
     QStringList files;
-    for (const QString &name :
-         folder.entryList({QLatin1String("*_") + language + QLatin1String(".qm")}))
-        files.append(folder.filePath(name));
+    for (const QString &name : folder.entryList()) {
+        if (name.endsWith(QLatin1String(".qm")))
+            files.append(folder.filePath(name));
+    }
+    return files;
+}
+
+QStringList translationFiles(const QString &language)
+{
+    const QStringList all = translationFiles();
+    const QString ending = QLatin1Char('_') + language + QLatin1String(".qm");
+    QStringList files;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(files),
+                 [&ending](const QString &file) { return file.endsWith(ending); });
     return files;
 }
 
@@ -105,7 +117,7 @@ Q_COREAPP_STARTUP_FUNCTION(startLanguage)
 QStringList VxLanguage::available()
 {
     QStringList codes{sourceLanguage()};
-    for (const QString &file : translationFiles(QStringLiteral("*")))
+    for (const QString &file : translationFiles())
         codes.append(languageOf(file));
     codes.sort();
     codes.removeDuplicates();

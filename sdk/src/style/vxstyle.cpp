@@ -43,6 +43,7 @@ public:
     QFont desktopFont;          // of the application before the text size was set
     VxKeyMarkCache keyMarks;
     VxContrastFrames contrastFrames;
+    QHash<int, QIcon> dockIcons; // of the base style, by StandardPixmap
 };
 
 namespace {
@@ -445,5 +446,14 @@ QIcon VxStyle::standardIcon(StandardPixmap which, const QStyleOption *option,
                             const QWidget *widget) const
 {
     const QIcon own = icon(static_cast<StandardIconId>(which));
-    return own.isNull() ? QProxyStyle::standardIcon(which, option, widget) : own;
+    if (!own.isNull())
+        return own;
+    // Docks ask for both at every change, whether they show them or not; the base style parses a
+    // picture each time.
+    if (which != SP_TitleBarNormalButton && which != SP_TitleBarCloseButton)
+        return QProxyStyle::standardIcon(which, option, widget);
+    QIcon &kept = d->dockIcons[which];
+    if (kept.isNull())
+        kept = QProxyStyle::standardIcon(which, option, widget);
+    return kept;
 }

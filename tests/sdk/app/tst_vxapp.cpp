@@ -372,8 +372,12 @@ void tst_VxApp::actionsReadTheirStateWhenAPaneIsAdded()
     window.getActionMgr()->addAction(action);
     QCOMPARE(action->numInits, 0);
     window.getPaneMgr()->createPanes(app.getPluginMgr());
-    QCOMPARE(action->numInits, 2);
+    QVERIFY(window.getPaneMgr()->getPanes().size() > 1);
+    QCOMPARE(action->numInits, 1); // once for all that are announced together
     QVERIFY(action->foundPane);
+    delete window.getPaneMgr()->findPane(notes);
+    QVERIFY(window.getPaneMgr()->findOrCreatePane(notes));
+    QCOMPARE(action->numInits, 2);
 }
 
 void tst_VxApp::statusMessages()
