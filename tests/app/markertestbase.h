@@ -17,8 +17,7 @@ protected:
 
     void startWithStrip()
     {
-        setUp();
-        start();
+        setUpShared();
         window()->docks()->applyDefaultLayout();
         openSample();
         QCOMPARE(vxScene->getTimeStep(), Step);

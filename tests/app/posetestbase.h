@@ -29,10 +29,7 @@ protected:
     // With every control made, so that two files of one scene can be compared.
     void newScene() const
     {
-        // A dialog may have had the focus.
-        window()->activateWindow();
-        if (!QTest::qWaitForWindowActive(window()))
-            qFatal("the window does not become active");
+        activate(); // a dialog may have had the focus
         vxScene->clear();
         CreateEdits::addFigure(vxScene);
         makeAllControls();

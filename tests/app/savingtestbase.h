@@ -36,13 +36,7 @@ protected:
     void setUpSaving()
     {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        setUp();
-        start();
-    }
-    void tearDownSaving()
-    {
-        vxApp->getUndoStack()->setClean();
-        tearDown();
+        setUpShared();
     }
     static VxUndoStack *history() { return vxApp->getUndoStack(); }
     DocumentController *document() const { return window()->document(); }

@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <memory>
 #include <vxcore/vxaction.h>
@@ -46,17 +47,66 @@ protected:
         guard.reset();
     }
 
+    // For units that test what the program does, not how it starts: one program for all functions.
+    // Each begins with an empty document and an empty folder, and with the panes and the size of
+    // the first. endShared() belongs into cleanupTestCase().
+    void setUpShared()
+    {
+        setUp();
+        if (!studio) {
+            m_settingsFolder = std::make_unique<QTemporaryDir>();
+            start();
+            m_firstLayout = window()->saveState();
+            m_firstSize = window()->size();
+            return;
+        }
+        window()->document()->clear();
+        window()->statusBar()->clearMessage();
+        window()->resize(m_firstSize);
+        if (window()->saveState() != m_firstLayout)
+            window()->applyDefaultLayout();
+        activate();
+        QCoreApplication::processEvents();
+    }
+
+    void tearDownShared()
+    {
+        if (vxApp)
+            vxApp->getUndoStack()->setClean();
+        folder.reset();
+        guard.reset();
+    }
+
+    void endShared()
+    {
+        setUp();
+        tearDown();
+        m_settingsFolder.reset();
+    }
+
+    void restartShared()
+    {
+        endShared();
+        setUpShared();
+    }
+
     void start(const QStringList &arguments = {})
     {
         studio.reset();
+        const QTemporaryDir *settings = m_settingsFolder ? m_settingsFolder.get() : folder.get();
         const CommandLine line = CommandLine::parse(
-            QStringList{"vxstudio", "--settings", folder->filePath("settings.json"),
+            QStringList{"vxstudio", "--settings", settings->filePath("settings.json"),
                         "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)} +
             arguments);
         if (line.action != CommandLine::Action::Run)
             qFatal("%s", qPrintable(line.errorText));
         studio = std::make_unique<Studio>(line);
         window()->show();
+        activate();
+    }
+
+    void activate() const
+    {
         window()->activateWindow();
         if (!QTest::qWaitForWindowActive(window()))
             qFatal("the window does not become active");
@@ -115,6 +165,11 @@ protected:
     std::unique_ptr<VxWarningGuard> guard;
     std::unique_ptr<QTemporaryDir> folder;
     std::unique_ptr<Studio> studio;
+
+private:
+    std::unique_ptr<QTemporaryDir> m_settingsFolder; // of a shared program
+    QByteArray m_firstLayout;
+    QSize m_firstSize;
 };
 
 #endif

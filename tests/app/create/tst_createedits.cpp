@@ -20,8 +20,9 @@ class tst_CreateEdits : public QObject, private StudioTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUpShared(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void figureHasTheHeightsOfMotionFiles();
     void figureIsSymmetric();
@@ -72,18 +73,6 @@ private:
         QVERIFY(wholeScene() == after);
     }
 };
-
-void tst_CreateEdits::init()
-{
-    setUp();
-    start();
-}
-
-void tst_CreateEdits::cleanup()
-{
-    vxApp->getUndoStack()->setClean();
-    tearDown();
-}
 
 // Centimetres, with the feet on the ground.
 void tst_CreateEdits::figureHasTheHeightsOfMotionFiles()

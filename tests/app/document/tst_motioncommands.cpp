@@ -31,14 +31,10 @@ private Q_SLOTS:
     void init()
     {
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        setUp();
-        start();
+        setUpShared();
     }
-    void cleanup()
-    {
-        vxApp->getUndoStack()->setClean();
-        tearDown();
-    }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void targetFigure();
     void exportedMotionRoundTrips();

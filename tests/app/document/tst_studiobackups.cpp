@@ -26,7 +26,8 @@ class tst_StudioBackups : public QObject, public SavingTest
     Q_OBJECT
 private Q_SLOTS:
     void init() { setUpSaving(); }
-    void cleanup() { tearDownSaving(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void aRemovedFile();
     void aReplacedFile();
@@ -222,6 +223,7 @@ void tst_StudioBackups::aSaveWithoutItsBackup()
 
 void tst_StudioBackups::theNumberOfBackupsIsASetting()
 {
+    restartShared();
     QCOMPARE(document()->backups(), VxBackups::DefaultCount);
     document()->setBackups(7);
     start();

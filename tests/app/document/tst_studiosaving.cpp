@@ -17,7 +17,8 @@ class tst_StudioSaving : public QObject, public SavingTest
     Q_OBJECT
 private Q_SLOTS:
     void init() { setUpSaving(); }
-    void cleanup() { tearDownSaving(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void theMarkFollowsTheHistory();
     void aSavePointThatWasDropped();

@@ -30,7 +30,8 @@ class tst_MarkerList : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void rowsAreTheMarkers();
     void cellsAreEdited_data();
@@ -84,8 +85,7 @@ private:
 void tst_MarkerList::init()
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    setUp();
-    start();
+    setUpShared();
     openSample();
     window()->getPaneMgr()->showPane(pane());
     QTRY_VERIFY(!table()->viewport()->visibleRegion().isEmpty());

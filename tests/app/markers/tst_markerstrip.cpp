@@ -19,7 +19,8 @@ class tst_MarkerStrip : public QObject, private MarkerStripTest
     Q_OBJECT
 private Q_SLOTS:
     void init() { startWithStrip(); }
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void dragMovesByFrames();
     void ctrlDragsFreely();

@@ -15,7 +15,8 @@ class tst_MarkerStripAxis : public QObject, private MarkerStripTest
     Q_OBJECT
 private Q_SLOTS:
     void init() { startWithStrip(); }
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void theDockIsThinAndAboveTheTimeline();
     void oneColumn_data();
@@ -188,6 +189,7 @@ void tst_MarkerStripAxis::withoutATimelineThePlayRangeFillsIt()
     QTRY_VERIFY(strip()->scale().isAligned());
     delete timePane();
     QVERIFY(fills());
+    endShared(); // the other functions need a timeline
 }
 
 void tst_MarkerStripAxis::aStepOfTheTimeRepaintsAllThatChanged()

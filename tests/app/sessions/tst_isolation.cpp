@@ -13,7 +13,8 @@ class tst_Isolation : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void altClickIsolates();
     void actionToggles();
@@ -55,8 +56,7 @@ private:
 
 void tst_Isolation::init()
 {
-    setUp();
-    start();
+    setUpShared();
     openSample();
     QCoreApplication::processEvents();
     window()->viewport()->grab();

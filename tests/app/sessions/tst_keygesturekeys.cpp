@@ -16,7 +16,8 @@ class tst_KeyGestureKeys : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void overTheViews_data();
     void overTheViews();
@@ -42,8 +43,7 @@ VxFloatProperty *tst_KeyGestureKeys::m_channel = nullptr;
 
 void tst_KeyGestureKeys::init()
 {
-    setUp();
-    start();
+    setUpShared();
     auto *node = new VxNode("node");
     vxScene->addNode(node);
     m_channel = node->getXPosControl();

@@ -15,10 +15,14 @@ class tst_DockGestures : public QObject, protected StudioTest
 private Q_SLOTS:
     void init()
     {
-        setUp();
-        start();
+        // The same window for the rows of a function, which differ in what the program does to it.
+        if (studio && m_function != QTest::currentTestFunction())
+            endShared();
+        m_function = QTest::currentTestFunction();
+        setUpShared();
     }
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void aDraggedDockIsMovedByTheProgram_data();
     void aDraggedDockIsMovedByTheProgram();
@@ -60,6 +64,8 @@ private:
     QWidget *place() const { return window()->findChild<QRubberBand *>("DockPlace"); }
     QPoint nestedSeparator() const;
     void checkAllDocksHavePlaces(const QByteArray &what) const;
+
+    QByteArray m_function;
 };
 
 void tst_DockGestures::addChanges()

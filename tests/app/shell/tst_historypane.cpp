@@ -17,7 +17,8 @@ class tst_HistoryPane : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void theWindowMenuShowsThePane();
     void entriesAreListed();
@@ -47,18 +48,11 @@ private:
 
 void tst_HistoryPane::init()
 {
-    setUp();
-    start();
+    setUpShared();
     openSample();
     PaneDock *dock = window()->docks()->find("VxHistoryPane");
     dock->raise();
     QTRY_VERIFY(list()->isVisible());
-}
-
-void tst_HistoryPane::cleanup()
-{
-    vxApp->getUndoStack()->setClean();
-    tearDown();
 }
 
 QStringList tst_HistoryPane::rows() const

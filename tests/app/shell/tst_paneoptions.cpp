@@ -19,7 +19,8 @@ class tst_PaneOptions : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void firstStart();
     void everyChoiceIsKept_data();
@@ -46,12 +47,18 @@ private:
     {
         return vxApp->getSettings()->getSettings("Panes")->getSettings("VxTimePane");
     }
+
+    VxSettings m_firstOptions; // of the first start
 };
 
 void tst_PaneOptions::init()
 {
-    setUp();
-    start();
+    const bool isFirst = !studio;
+    setUpShared();
+    if (isFirst)
+        timePane()->saveSettings(&m_firstOptions);
+    else
+        timePane()->restoreSettings(&m_firstOptions);
 }
 
 QString tst_PaneOptions::script(const QString &program) const
@@ -200,6 +207,7 @@ void tst_PaneOptions::storeWithStaleChoices()
 
 void tst_PaneOptions::damagedValuesGiveDefaults()
 {
+    restartShared();
     for (const char *key : {"AdvancedView", "PropTranslate", "PropScale", "ControlsTop"})
         store()->setStringValue(QLatin1String(key), QStringLiteral("perhaps"));
     store()->removeValue("GraphOpen");

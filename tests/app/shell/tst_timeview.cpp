@@ -15,12 +15,9 @@ class tst_TimeView : public QObject, private StudioTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        setUp();
-        start();
-    }
-    void cleanup() { tearDown(); }
+    void init() { setUpShared(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void showAllLeavesNoTrace();
     void zoomWithoutKeysShowsAMessage();

@@ -52,12 +52,9 @@ class tst_WheelFields : public QObject, protected StudioTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        setUp();
-        start();
-    }
-    void cleanup() { tearDown(); }
+    void init() { setUpShared(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void fieldsOfAllPanes();
     void fieldsOfAllKeyTools();

@@ -19,7 +19,8 @@ class tst_TimeKeys : public QObject, private StudioTest
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup() { tearDown(); }
+    void cleanup() { tearDownShared(); }
+    void cleanupTestCase() { endShared(); }
 
     void stepThroughTime_data();
     void stepThroughTime();
@@ -35,8 +36,7 @@ private Q_SLOTS:
 
 void tst_TimeKeys::init()
 {
-    setUp();
-    start();
+    setUpShared();
     openSample();
     vxScene->setPlayRange({5 * vxScene->getTimeStep(), 20 * vxScene->getTimeStep()});
     vxScene->setTime(10 * vxScene->getTimeStep());
