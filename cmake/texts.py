@@ -68,16 +68,20 @@ ALLOWED = [
     ("*/shell/keyoverview.cpp", "<t*", "markup without words"),
 ]
 
+# Words come first because most tokens are; the one before a quote may be a literal's prefix. A "#" is
+# no sign, so that the spaces before it belong to the directive.
 TOKEN = re.compile(r'''
-  (?P<comment>//[^\n]*|/\*.*?\*/)
+\s*(?:
+  (?P<word>[A-Za-z_]\w*(?!["\w]))
+ |(?P<comment>//[^\n]*|/\*.*?\*/)
  |(?P<raw>R"(?P<delim>[^(\s]{0,16})\((?P<rawtext>.*?)\)(?P=delim)")
  |(?P<string>(?:u8|u|U|L)?"(?P<text>(?:[^"\\\n]|\\.)*)")
  |(?P<char>'(?:[^'\\\n]|\\.)+')
  |(?P<directive>^[ \t]*\#[ \t]*\w+(?:[^\n\\]|\\.|\\\n)*)
- |(?P<word>[A-Za-z_]\w*)
+ |(?P<prefix>[A-Za-z_]\w*)
  |(?P<number>\d[\w.']*)
- |(?P<sign>::|->|==|[^\s\w])
-''', re.X | re.S | re.M)
+ |(?P<sign>::|->|==|[^\s\w\#])
+)''', re.X | re.S | re.M)
 MARKUP = re.compile(r"<[^<>]*>|%[0-9n]|\\.|&\w+;")
 LETTERS = re.compile(r"[A-Za-z]{2,}")
 IDENTIFIER = re.compile(r"[\w.]+\(\)$|[A-Za-z]+[a-z][A-Z]\w*$")
@@ -89,19 +93,17 @@ def tokens(source):
     """Kind, text and line; adjacent literals are joined."""
     line, start, held = 1, 0, None
     for match in TOKEN.finditer(source):
-        line += source.count("\n", start, match.start())
-        start = match.start()
-        kind = match.lastgroup if match.lastgroup not in ("text", "rawtext", "delim") else "string"
-        if match.group("raw") or match.group("string"):
-            text = match.group("rawtext") if match.group("raw") else match.group("text")
+        kind, begin = match.lastgroup, match.start(match.lastindex)
+        line += source.count("\n", start, begin)
+        start = begin
+        if kind in ("raw", "string"):
+            text = match.group("rawtext" if kind == "raw" else "text")
             held = ("string", held[1] + text, held[2]) if held else ("string", text, line)
-            continue
-        if match.group("comment") or match.group("directive"):
-            continue
-        if held:
-            yield held
-            held = None
-        yield kind, match.group(), line
+        elif kind not in ("comment", "directive"):
+            if held:
+                yield held
+                held = None
+            yield "word" if kind == "prefix" else kind, match.group(match.lastindex), line
     if held:
         yield held
 
@@ -182,8 +184,11 @@ class Finder:
             if passed in SHOWN and not IDENTIFIER.match(text):
                 self.fault(line, text)
 
+    def follows(self, i, text):
+        return i + 1 < len(self.tokens) and self.tokens[i + 1][1] == text
+
     def name(self, i, text, line, calls):
-        if text == "tr" and i + 2 < len(self.tokens) and self.tokens[i + 1][1] == "(":
+        if text == "tr" and i + 2 < len(self.tokens) and self.follows(i, "("):
             kind, argument, _ = self.tokens[i + 2]
             if kind != "string" and argument not in MARKS and not self.has_table and \
                     argument != "const":
@@ -195,7 +200,7 @@ class Finder:
             if around and around[0] in SHOWN and before in ("(", ",") and after in (")", ","):
                 self.fault(line, self.constants[text])
         # count == 1 ? tr("1 key") : tr("%1 keys").arg(count)
-        words = [t for _, t, _ in self.tokens[i:i + 12]]
+        words = [t for _, t, _ in self.tokens[i:i + 12]] if self.follows(i, "==") else []
         if words[1:4] == ["==", "1", "?"] and "tr" in words[4:]:
             later = [t for k, t, _ in self.tokens[i:i + 40] if k == "string"]
             if any(re.search(r"%\d", t) for t in later[1:2]) and not re.search(r"%\d", later[0]):

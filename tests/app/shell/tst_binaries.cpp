@@ -93,7 +93,10 @@ Binary readBinary(const QString &fileName)
 {
     Binary binary;
     QFile file(fileName);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const uchar *content = file.open(QIODevice::ReadOnly) ? file.map(0, file.size()) : nullptr;
+    // The mapping ends with the file; most of a large program is never read.
+    const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(content),
+                                               content ? int(file.size()) : 0);
     const auto *header = at<Elf64_Ehdr>(bytes, 0);
     binary.isElf = header && std::memcmp(header->e_ident, ELFMAG, SELFMAG) == 0 &&
                    header->e_ident[EI_CLASS] == ELFCLASS64;
