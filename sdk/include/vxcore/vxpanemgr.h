@@ -53,6 +53,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void paneAdded(VxPane *pane);
+    /// Once after the paneAdded() of all panes that were created together.
+    void panesAdded();
     void paneRemoved(const QString &className);
     void showRequested(VxPane *pane);
 

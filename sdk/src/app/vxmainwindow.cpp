@@ -22,11 +22,7 @@ VxMainWindow::VxMainWindow(QWidget *parent)
     , d(new Private{new VxActionMgr(this), new VxViewportMgr(this), new VxPaneMgr(this)})
 {
     new TimelinePalette(this);
-    // Once for all panes that are announced together.
-    connect(d->paneMgr, &VxPaneMgr::paneAdded, d->actionMgr, [this](const VxPane *pane) {
-        if (d->paneMgr->getPanes().constLast() == pane)
-            d->actionMgr->initActions();
-    });
+    connect(d->paneMgr, &VxPaneMgr::panesAdded, d->actionMgr, &VxActionMgr::initActions);
     if (!vxApp)
         return;
     d->paneMgr->setSettings(vxApp->getSettings()->getSettings(QStringLiteral("Panes")));

@@ -86,15 +86,19 @@ void VxPaneMgr::createPanes(const VxPluginMgr *plugins)
         if (pane)
             Q_EMIT paneAdded(pane);
     }
+    if (!made.isEmpty())
+        Q_EMIT panesAdded();
 }
 
 VxPane *VxPaneMgr::findOrCreatePane(const QString &className)
 {
     if (VxPane *pane = findPane(className))
         return pane;
-    VxPane *pane = makePane(className);
-    if (pane)
+    const QPointer<VxPane> pane = makePane(className);
+    if (pane) {
         Q_EMIT paneAdded(pane);
+        Q_EMIT panesAdded();
+    }
     return pane;
 }
 
@@ -122,6 +126,7 @@ bool VxPaneMgr::addPane(VxPane *pane)
         return false;
     enterPane(pane);
     Q_EMIT paneAdded(pane);
+    Q_EMIT panesAdded();
     return true;
 }
 
