@@ -386,6 +386,16 @@ void StudioMenus::addHistory(VxUndoStack *undoStack)
     // during a gesture.
     disconnect(undo, nullptr, stack, nullptr);
     disconnect(redo, nullptr, stack, nullptr);
+    // After the toolkit, which takes an ampersand in a node's name or a script for a mnemonic.
+    const auto showEntry = [](QAction *action, const QString &verb) {
+        return [action, verb](QString entry) {
+            if (entry.contains(QLatin1Char('&')))
+                action->setText(verb + QLatin1Char(' ') +
+                                entry.replace(QLatin1Char('&'), QLatin1String("&&")));
+        };
+    };
+    connect(stack, &QUndoStack::undoTextChanged, undo, showEntry(undo, tr("&Undo")));
+    connect(stack, &QUndoStack::redoTextChanged, redo, showEntry(redo, tr("&Redo")));
     connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
     connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
     m_editMenu->addActions({undo, redo});

@@ -17,6 +17,7 @@
 #include <QTextDocument>
 #include <QTimer>
 #include <vxcore/vxpluginmgr.h>
+#include <vxcore/vxundostackhold.h>
 
 namespace {
 
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void typesInAMenu();
     void lettersOfTheBar();
     void everyMenuOpensByItsLetter();
+    void undoEntriesShowAmpersands();
     void entriesExplainThemselves();
     void overviewShowsTheCurrentKeys();
     void overviewOpensAndStays();
@@ -220,6 +222,28 @@ void tst_StudioMenus::everyMenuOpensByItsLetter()
         entry->menu()->close();
         QTRY_VERIFY(!QApplication::activePopupWidget());
     }
+}
+
+/// Those of nodes' names and of scripts, which are no mnemonics.
+void tst_StudioMenus::undoEntriesShowAmpersands()
+{
+    start();
+    for (const char *text : {"Rename \"A & B\"", "Script: x && y", "Plain"}) {
+        VxUndoStackHold hold;
+        vxScene->setTimeStep(vxScene->getTimeStep() + 1);
+        hold.accept(text);
+    }
+    const auto *undo = window()->getActionMgr()->findCommand("StudioUndo");
+    const auto *redo = window()->getActionMgr()->findCommand("StudioRedo");
+    QCOMPARE(undo->text(), QString("&Undo Plain"));
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(undo->text(), QString("&Undo Script: x &&&& y"));
+    QCOMPARE(redo->text(), QString("&Redo Plain"));
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(undo->text(), QString("&Undo Rename \"A && B\""));
+    QCOMPARE(redo->text(), QString("&Redo Script: x &&&& y"));
+    vxApp->getUndoStack()->undo();
+    QCOMPARE(undo->text(), QString("&Undo"));
 }
 
 /// The status line describes an entry of the program's own while it is hovered.
