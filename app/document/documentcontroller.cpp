@@ -107,6 +107,12 @@ bool DocumentController::readScene(const QString &fileName, QString *summary, Vx
     return m_formats.read(fileName, m_scene, progress.function(), summary, error);
 }
 
+bool DocumentController::writeScene(const QString &fileName, VxFileError *error)
+{
+    LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
+    return m_formats.write(fileName, m_scene, progress.function(), error);
+}
+
 /** Loads a motion file, asks for import choices and adds its nodes to the scene. */
 bool DocumentController::enterMotion(VxMotionImport *import, const QString &fileName,
                                      const QString &title, const VxImportChoices &choices,
@@ -155,11 +161,10 @@ bool DocumentController::write(const QString &fileName)
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     VxFileError error;
-    LoadProgress progress(*m_messages, tr("Saving %1...").arg(nameOf(fileName)));
     VxBackups backups(fileName, m_backups);
     QString failure;
     const bool isPreserved = backups.preserve(&failure);
-    if (!m_formats.write(fileName, m_scene, progress.function(), &error)) {
+    if (!writeScene(fileName, &error)) {
         backups.drop();
         return report(error, tr("Saving was cancelled."));
     }
@@ -294,9 +299,14 @@ bool DocumentController::exportMotion(const VxMotionExportOptions &options, cons
     const QScopedValueRollback<bool> busy(m_isBusy, true);
     m_scene->pause();
     VxFileError error;
-    LoadProgress progress(*m_messages, tr("Exporting %1...").arg(nameOf(fileName)));
     QString summary;
-    if (!vxExportMotion(m_scene, options, fileName, progress.function(), &summary, &error))
+    bool isWritten = false;
+    {
+        LoadProgress progress(*m_messages, tr("Exporting %1...").arg(nameOf(fileName)));
+        isWritten =
+            vxExportMotion(m_scene, options, fileName, progress.function(), &summary, &error);
+    }
+    if (!isWritten)
         return report(error, tr("The export was cancelled."));
     m_messages->showStatus(tr("Exported %1. %2").arg(nameOf(fileName), summary));
     return true;

@@ -106,6 +106,7 @@ private:
                      const VxImportChoices &choices, const ImportChooser &chooser,
                      VxFileError *error);
     bool readScene(const QString &fileName, QString *summary, VxFileError *error);
+    bool writeScene(const QString &fileName, VxFileError *error);
     bool report(const VxFileError &error, const QString &cancelled);
 
     VxScene *const m_scene;

@@ -1,6 +1,7 @@
 // Long work on documents: its progress is shown, the window lives, and cancelling leaves the scene
 // and the files as they were.
 
+#include "dialoganswers.h"
 #include "document/documentcontroller.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxscenebuilder.h"
@@ -102,6 +103,7 @@ private Q_SLOTS:
     void openingShowsItsProgress();
     void savingCanBeCancelled();
     void savingShowsItsProgress();
+    void aFailureIsShownWithoutTheProgress();
     void aSecondFileIsQueued();
     void progressEndsBeforeTheSceneChanges_data();
     void progressEndsBeforeTheSceneChanges();
@@ -241,6 +243,36 @@ void tst_DocumentController::savingShowsItsProgress()
     QVERIFY(document.save(name));
     QVERIFY(observer.turns() > 10);
     QCOMPARE(document.fileName(), name);
+}
+
+/// The disk becomes full at the end.
+void tst_DocumentController::aFailureIsShownWithoutTheProgress()
+{
+    VxFileFormat format = *VxFileFormats::standard().find(QStringLiteral("x.vxscene"));
+    format.write = [](const QString &, const VxScene *, const VxFileProgress &progress,
+                      VxFileError *error) {
+        for (int percent = 0; percent < 100; ++percent) {
+            QThread::msleep(10);
+            progress(percent);
+        }
+        error->message = QStringLiteral("The disk is full.");
+        return false;
+    };
+    VxFileFormats formats;
+    formats.add(format);
+    DocumentController document(m_scene.data(), m_stack.data(), m_messages.data(), nullptr,
+                                formats);
+    const Canceller observer(1000);
+    bool isProgressShown = false;
+    const DialogAnswer<QMessageBox> answer([&isProgressShown](QMessageBox *box) {
+        for (const QWidget *window : QApplication::topLevelWidgets())
+            isProgressShown |= qobject_cast<const QProgressDialog *>(window) && window->isVisible();
+        box->button(QMessageBox::Ok)->click();
+        return true;
+    });
+    QVERIFY(!document.save(m_dir->filePath(QStringLiteral("new.vxscene"))));
+    QVERIFY(observer.turns() > 10 && answer.met());
+    QVERIFY(!isProgressShown);
 }
 
 void tst_DocumentController::aSecondFileIsQueued()
