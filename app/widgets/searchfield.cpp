@@ -17,8 +17,10 @@ SearchField::SearchField(const QString &what, QWidget *parent)
     setAccessibleName(what);
     m_clear->setVisible(false);
     connect(m_clear, &QAction::triggered, this, &QLineEdit::clear);
-    if (vxApp && vxApp->getStyle())
+    if (vxApp && vxApp->getStyle()) {
         addAction(vxApp->getStyle()->icon(VxStyle::SP_VxSearch), LeadingPosition);
+        connect(vxApp->getStyle(), &VxStyle::colorSchemeChanged, this, &SearchField::showState);
+    }
     connect(this, &QLineEdit::textChanged, this, &SearchField::showState);
 }
 

@@ -14,6 +14,7 @@
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpanesearch.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 
@@ -121,6 +122,11 @@ void TestPaneSearchField::anActiveSearchIsVisible()
     field.setText(QStringLiteral("hip"));
     QCOMPARE(field.palette().color(QPalette::Base), pane.palette().color(QPalette::Highlight));
     QVERIFY(field.palette().color(QPalette::Base) != usual);
+    const QColor former = field.palette().color(QPalette::Base);
+    m_app->getStyle()->setColorScheme(VxStyle::ColorScheme::Contrast);
+    QVERIFY(pane.palette().color(QPalette::Highlight) != former);
+    QCOMPARE(field.palette().color(QPalette::Base), pane.palette().color(QPalette::Highlight));
+    m_app->getStyle()->setColorScheme(VxStyle::ColorScheme::Dark);
     field.clear();
     QCOMPARE(field.palette().color(QPalette::Base), usual);
 }
