@@ -124,26 +124,24 @@ QString tst_AllActions::script(const QString &program) const
 QByteArray tst_AllActions::scenePrint()
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    const auto add = [&hash](const QString &text) { hash.addData(text.toUtf8()); };
+    const auto add = [&hash](auto... numbers) {
+        const double bytes[] = {double(numbers)...};
+        hash.addData(reinterpret_cast<const char *>(bytes), sizeof bytes);
+    };
     for (const VxNode *node : vxScene->getNodes()) {
-        add(node->objectName());
+        hash.addData(node->objectName().toUtf8());
         for (int i = 0; i < node->getNumProperties(); ++i) {
             const VxProperty *property = node->getProperty(i);
             const auto *number = qobject_cast<const VxFloatProperty *>(property);
             for (int k = 0; k < property->getNumKeys(); ++k) {
                 float tcb[3] = {0, 0, 0};
                 const int type = property->getKeyInterpolationType(k, &tcb[0], &tcb[1], &tcb[2]);
-                add(QStringLiteral("%1 %2 %3 %4 %5 %6;")
-                        .arg(property->getKeyTime(k))
-                        .arg(type)
-                        .arg(double(tcb[0]))
-                        .arg(double(tcb[1]))
-                        .arg(double(tcb[2]))
-                        .arg(number ? double(number->getKeyValue(k)) : 0.0));
+                add(property->getKeyTime(k), type, tcb[0], tcb[1], tcb[2],
+                    number ? number->getKeyValue(k) : 0.0f);
             }
         }
     }
-    add(QStringLiteral("%1 %2").arg(vxScene->getPlayRange().getStart()).arg(vxScene->getTime()));
+    add(vxScene->getPlayRange().getStart(), vxScene->getTime());
     return hash.result().toHex();
 }
 
