@@ -3,16 +3,18 @@
 #include "keytools/keytool.h"
 #include "keytools/vxkeytoolspane.h"
 
-KeyToolAction::KeyToolAction(const char *tool)
-    : KeyToolAction(*KeyTool::find(QString::fromLatin1(tool)))
-{
-}
-
 KeyToolAction::KeyToolAction(const KeyTool &tool)
     : KeysMenuAction(tool.parameters.isEmpty() ? tool.label : tool.label + QStringLiteral("..."),
                      tool.description, tool.folder)
     , m_tool(tool)
 {
+}
+
+const KeyTool &KeyToolAction::toolOf(const QMetaObject &actionClass)
+{
+    QString name = QString::fromLatin1(actionClass.className());
+    name.remove(QStringLiteral("VxKeyTools")).chop(int(qstrlen("Action")));
+    return *KeyTool::find(name.at(0).toLower() + name.mid(1));
 }
 
 int KeyToolAction::getMenuOrder() const

@@ -14,334 +14,184 @@ public:
     int getMenuOrder() const override;
 
 protected:
-    /// `tool` is the tool's name.
-    explicit KeyToolAction(const char *tool);
+    explicit KeyToolAction(const KeyTool &tool);
     void executeAction() override;
 
-private:
-    explicit KeyToolAction(const KeyTool &tool);
+    /// The tool that a class of actions is named after: "move" of VxKeyToolsMoveAction.
+    static const KeyTool &toolOf(const QMetaObject &actionClass);
 
+private:
     const KeyTool &m_tool;
 };
 
-class VxKeyToolsSelectFramesAction : public KeyToolAction
+/// Base of the one action of a tool.
+template <class Action> class NamedToolAction : public KeyToolAction
 {
-    Q_OBJECT
 public:
-    VxKeyToolsSelectFramesAction()
-        : KeyToolAction("selectFrames")
+    NamedToolAction()
+        : KeyToolAction(toolOf(Action::staticMetaObject))
     {
     }
 };
 
-class VxKeyToolsSelectBeforeAction : public KeyToolAction
+class VxKeyToolsSelectFramesAction : public NamedToolAction<VxKeyToolsSelectFramesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectBeforeAction()
-        : KeyToolAction("selectBefore")
-    {
-    }
 };
 
-class VxKeyToolsSelectAfterAction : public KeyToolAction
+class VxKeyToolsSelectBeforeAction : public NamedToolAction<VxKeyToolsSelectBeforeAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectAfterAction()
-        : KeyToolAction("selectAfter")
-    {
-    }
 };
 
-class VxKeyToolsSelectSameFramesAction : public KeyToolAction
+class VxKeyToolsSelectAfterAction : public NamedToolAction<VxKeyToolsSelectAfterAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectSameFramesAction()
-        : KeyToolAction("selectSameFrames")
-    {
-    }
 };
 
-class VxKeyToolsSelectEveryAction : public KeyToolAction
+class VxKeyToolsSelectSameFramesAction : public NamedToolAction<VxKeyToolsSelectSameFramesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectEveryAction()
-        : KeyToolAction("selectEvery")
-    {
-    }
 };
 
-class VxKeyToolsSelectInverseAction : public KeyToolAction
+class VxKeyToolsSelectEveryAction : public NamedToolAction<VxKeyToolsSelectEveryAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectInverseAction()
-        : KeyToolAction("selectInverse")
-    {
-    }
 };
 
-class VxKeyToolsSelectTypeAction : public KeyToolAction
+class VxKeyToolsSelectInverseAction : public NamedToolAction<VxKeyToolsSelectInverseAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectTypeAction()
-        : KeyToolAction("selectType")
-    {
-    }
 };
 
-class VxKeyToolsSelectValuesAction : public KeyToolAction
+class VxKeyToolsSelectTypeAction : public NamedToolAction<VxKeyToolsSelectTypeAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSelectValuesAction()
-        : KeyToolAction("selectValues")
-    {
-    }
 };
 
-class VxKeyToolsMoveAction : public KeyToolAction
+class VxKeyToolsSelectValuesAction : public NamedToolAction<VxKeyToolsSelectValuesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsMoveAction()
-        : KeyToolAction("move")
-    {
-    }
 };
 
-class VxKeyToolsScaleTimesAction : public KeyToolAction
+class VxKeyToolsMoveAction : public NamedToolAction<VxKeyToolsMoveAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsScaleTimesAction()
-        : KeyToolAction("scaleTimes")
-    {
-    }
 };
 
-class VxKeyToolsRetimeAction : public KeyToolAction
+class VxKeyToolsScaleTimesAction : public NamedToolAction<VxKeyToolsScaleTimesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsRetimeAction()
-        : KeyToolAction("retime")
-    {
-    }
 };
 
-class VxKeyToolsInsertFramesAction : public KeyToolAction
+class VxKeyToolsRetimeAction : public NamedToolAction<VxKeyToolsRetimeAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsInsertFramesAction()
-        : KeyToolAction("insertFrames")
-    {
-    }
 };
 
-class VxKeyToolsRemoveFramesAction : public KeyToolAction
+class VxKeyToolsInsertFramesAction : public NamedToolAction<VxKeyToolsInsertFramesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsRemoveFramesAction()
-        : KeyToolAction("removeFrames")
-    {
-    }
 };
 
-class VxKeyToolsSnapAction : public KeyToolAction
+class VxKeyToolsRemoveFramesAction : public NamedToolAction<VxKeyToolsRemoveFramesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSnapAction()
-        : KeyToolAction("snap")
-    {
-    }
 };
 
-class VxKeyToolsSpaceEvenlyAction : public KeyToolAction
+class VxKeyToolsSnapAction : public NamedToolAction<VxKeyToolsSnapAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSpaceEvenlyAction()
-        : KeyToolAction("spaceEvenly")
-    {
-    }
 };
 
-class VxKeyToolsReverseAction : public KeyToolAction
+class VxKeyToolsSpaceEvenlyAction : public NamedToolAction<VxKeyToolsSpaceEvenlyAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsReverseAction()
-        : KeyToolAction("reverse")
-    {
-    }
 };
 
-class VxKeyToolsDuplicateAction : public KeyToolAction
+class VxKeyToolsReverseAction : public NamedToolAction<VxKeyToolsReverseAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsDuplicateAction()
-        : KeyToolAction("duplicate")
-    {
-    }
 };
 
-class VxKeyToolsPasteAction : public KeyToolAction
+class VxKeyToolsDuplicateAction : public NamedToolAction<VxKeyToolsDuplicateAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsPasteAction()
-        : KeyToolAction("paste")
-    {
-    }
 };
 
-class VxKeyToolsPasteMirroredAction : public KeyToolAction
+class VxKeyToolsPasteAction : public NamedToolAction<VxKeyToolsPasteAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsPasteMirroredAction()
-        : KeyToolAction("pasteMirrored")
-    {
-    }
 };
 
-class VxKeyToolsSetValuesAction : public KeyToolAction
+class VxKeyToolsPasteMirroredAction : public NamedToolAction<VxKeyToolsPasteMirroredAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSetValuesAction()
-        : KeyToolAction("setValues")
-    {
-    }
 };
 
-class VxKeyToolsScaleValuesAction : public KeyToolAction
+class VxKeyToolsSetValuesAction : public NamedToolAction<VxKeyToolsSetValuesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsScaleValuesAction()
-        : KeyToolAction("scaleValues")
-    {
-    }
 };
 
-class VxKeyToolsMirrorValuesAction : public KeyToolAction
+class VxKeyToolsScaleValuesAction : public NamedToolAction<VxKeyToolsScaleValuesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsMirrorValuesAction()
-        : KeyToolAction("mirrorValues")
-    {
-    }
 };
 
-class VxKeyToolsOffsetAction : public KeyToolAction
+class VxKeyToolsMirrorValuesAction : public NamedToolAction<VxKeyToolsMirrorValuesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsOffsetAction()
-        : KeyToolAction("offset")
-    {
-    }
 };
 
-class VxKeyToolsEulerFilterAction : public KeyToolAction
+class VxKeyToolsOffsetAction : public NamedToolAction<VxKeyToolsOffsetAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsEulerFilterAction()
-        : KeyToolAction("eulerFilter")
-    {
-    }
 };
 
-class VxKeyToolsSmoothGaussianAction : public KeyToolAction
+class VxKeyToolsEulerFilterAction : public NamedToolAction<VxKeyToolsEulerFilterAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSmoothGaussianAction()
-        : KeyToolAction("smoothGaussian")
-    {
-    }
 };
 
-class VxKeyToolsSmoothButterworthAction : public KeyToolAction
+class VxKeyToolsSmoothGaussianAction : public NamedToolAction<VxKeyToolsSmoothGaussianAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsSmoothButterworthAction()
-        : KeyToolAction("smoothButterworth")
-    {
-    }
 };
 
-class VxKeyToolsRemoveSpikesAction : public KeyToolAction
+class VxKeyToolsSmoothButterworthAction : public NamedToolAction<VxKeyToolsSmoothButterworthAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsRemoveSpikesAction()
-        : KeyToolAction("removeSpikes")
-    {
-    }
 };
 
-class VxKeyToolsReduceAction : public KeyToolAction
+class VxKeyToolsRemoveSpikesAction : public NamedToolAction<VxKeyToolsRemoveSpikesAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsReduceAction()
-        : KeyToolAction("reduce")
-    {
-    }
 };
 
-class VxKeyToolsRemoveFlatAction : public KeyToolAction
+class VxKeyToolsReduceAction : public NamedToolAction<VxKeyToolsReduceAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsRemoveFlatAction()
-        : KeyToolAction("removeFlat")
-    {
-    }
 };
 
-class VxKeyToolsBakeAction : public KeyToolAction
+class VxKeyToolsRemoveFlatAction : public NamedToolAction<VxKeyToolsRemoveFlatAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsBakeAction()
-        : KeyToolAction("bake")
-    {
-    }
 };
 
-class VxKeyToolsConvertAction : public KeyToolAction
+class VxKeyToolsBakeAction : public NamedToolAction<VxKeyToolsBakeAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsConvertAction()
-        : KeyToolAction("convert")
-    {
-    }
 };
 
-class VxKeyToolsPinAction : public KeyToolAction
+class VxKeyToolsConvertAction : public NamedToolAction<VxKeyToolsConvertAction>
 {
     Q_OBJECT
-public:
-    VxKeyToolsPinAction()
-        : KeyToolAction("pin")
-    {
-    }
+};
+
+class VxKeyToolsPinAction : public NamedToolAction<VxKeyToolsPinAction>
+{
+    Q_OBJECT
 };
 
 #endif
