@@ -179,11 +179,8 @@ void Table::addFurther(const VxNode *node)
 class Writer
 {
 public:
-    Writer(const VxScene *scene, const VxTimeRange &range, const VxFileProgress &progress,
-           VxSafeFile *file)
-        : m_scene(scene)
-        , m_range(range)
-        , m_progress(progress)
+    Writer(const VxMotionSource &source, VxSafeFile *file)
+        : m_source(source)
         , m_file(file)
     {
     }
@@ -199,16 +196,17 @@ private:
     void appendKeys(const Row &row, const Column &column, QByteArray *text);
     void appendSamples(const QByteArray &head, const Column &column, const VxFrameTimes &frames,
                        QByteArray *text);
-    VxFrameTimes frames(double rate) const { return {m_range, m_scene->getTimeStep(), rate}; }
+    VxFrameTimes frames(double rate) const
+    {
+        return {m_source.range, m_source.scene->getTimeStep(), rate};
+    }
     bool reportProgress(std::size_t done, std::size_t all) const
     {
-        return !m_progress || m_progress(int(done * 100 / all));
+        return !m_source.progress || m_source.progress(int(done * 100 / all));
     }
     bool flush(QByteArray *text);
 
-    const VxScene *const m_scene;
-    const VxTimeRange m_range;
-    const VxFileProgress &m_progress;
+    const VxMotionSource &m_source;
     VxSafeFile *const m_file;
     qint64 m_numKeys = 0;
     int m_numSampled = 0;
@@ -254,8 +252,8 @@ void Writer::appendKeys(const Row &row, const Column &column, QByteArray *text)
     const VxKeyColumns<float> keys = holder->getKeys();
     // A smooth curve's tangent at a key depends on the keys on either side of it.
     const VxTime *const end = keys.times + keys.count;
-    const auto first = std::lower_bound(keys.times, end, m_range.getStart()) - keys.times;
-    const auto last = std::upper_bound(keys.times, end, m_range.getEnd()) - keys.times;
+    const auto first = std::lower_bound(keys.times, end, m_source.range.getStart()) - keys.times;
+    const auto last = std::upper_bound(keys.times, end, m_source.range.getEnd()) - keys.times;
     const int to = std::min(keys.count, int(last) + 2);
     for (int i = std::max(0, int(first) - 2); i < to; ++i) {
         text->append(head);
@@ -332,42 +330,42 @@ bool Writer::writeFrames(const Table &table)
     return flush(&text);
 }
 
-} // namespace
-
-bool VxCsvExport::write(VxSafeFile *file, VxFileError *error)
+bool write(const VxMotionSource &source, VxSafeFile *file, QString *summary, VxFileError *error)
 {
-    if (m_scene->getNumNodes() == 0)
+    const VxTimeRange &range = source.range;
+    if (source.scene->getNumNodes() == 0)
         return vxFail(error, VxFileText::tr("The scene is empty."));
     Table table;
-    table.addNodes(m_scene, m_root);
+    table.addNodes(source.scene, source.root);
     const qint64 numFrames =
-        (qint64(m_range.getEnd()) - m_range.getStart()) / m_scene->getTimeStep() + 1;
-    if (m_hasRowPerFrame && numFrames > MaxCsvValues / qint64(table.columns().size()))
+        (qint64(range.getEnd()) - range.getStart()) / source.scene->getTimeStep() + 1;
+    if (source.hasRowPerFrame && numFrames > MaxCsvValues / qint64(table.columns().size()))
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 properties.")
                                  .arg(numFrames)
                                  .arg(table.columns().size()));
-    Writer writer(m_scene, m_range, m_progress, file);
-    if (!(m_hasRowPerFrame ? writer.writeFrames(table) : writer.writeKeys(table)))
+    Writer writer(source, file);
+    if (!(source.hasRowPerFrame ? writer.writeFrames(table) : writer.writeKeys(table)))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
-    m_summary =
+    *summary =
         VxFileText::tr("%1, %2.", "nodes and frames or keys, each with its number")
             .arg(VxFileText::tr("%n nodes", nullptr, int(table.rows().size())),
-                 m_hasRowPerFrame ? VxFileText::tr("%n frames", nullptr, int(writer.numKeys()))
-                                  : VxFileText::tr("%n keys", nullptr, int(writer.numKeys())));
-    if (writer.numSampled() > 0 && !m_hasRowPerFrame)
-        m_summary +=
+                 source.hasRowPerFrame ? VxFileText::tr("%n frames", nullptr, int(writer.numKeys()))
+                                       : VxFileText::tr("%n keys", nullptr, int(writer.numKeys())));
+    if (writer.numSampled() > 0 && !source.hasRowPerFrame)
+        *summary +=
             QLatin1Char(' ') + VxFileText::tr("%n linked properties were sampled once a frame.",
                                               nullptr, writer.numSampled());
     return true;
 }
 
-bool VxCsvExport::exportFile(const QString &fileName, VxFileError *error)
+} // namespace
+
+bool vxWriteCsv(const VxMotionSource &source, const QString &fileName, QString *summary,
+                VxFileError *error)
 {
     VxSafeFile file(fileName);
-    if (file.start() && write(&file, error) && file.commit())
-        return true;
-    if (!file.failure().isEmpty())
-        vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
-    error->file = fileName;
-    return false;
+    return (file.start() && write(source, &file, summary, error) && file.commit()) ||
+           (!file.failure().isEmpty() &&
+            vxFail(error,
+                   VxFileText::tr("The file could not be written: %1.").arg(file.failure())));
 }

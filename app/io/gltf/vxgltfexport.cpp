@@ -344,48 +344,39 @@ QByteArray GltfWriter::bytes(bool binary) const
 
 } // namespace
 
-bool VxGltfExport::write(bool binary, QByteArray *bytes, VxFileError *error)
+bool vxWriteGltf(const VxMotionSource &source, const QString &fileName, QString *summary,
+                 VxFileError *error)
 {
     // Larger exports exceed the format's sizes.
     constexpr qint64 MaxKeys = 40 * 1000 * 1000;
+    const VxTimeRange &range = source.range;
+    const int numNodes = source.scene->getNumNodes();
     const qint64 frames =
-        (qint64(m_range.getEnd()) - m_range.getStart()) / m_scene->getTimeStep() + 1;
-    if (m_scene->getNumNodes() == 0)
+        (qint64(range.getEnd()) - range.getStart()) / source.scene->getTimeStep() + 1;
+    if (numNodes == 0)
         return vxFail(error, VxFileText::tr("The scene is empty."));
-    if (frames > MaxKeys / m_scene->getNumNodes())
+    if (frames > MaxKeys / numNodes)
         return vxFail(error, VxFileText::tr("The motion is too long: %1 frames of %2 nodes.")
                                  .arg(frames)
-                                 .arg(m_scene->getNumNodes()));
-    GltfWriter writer(m_scene, m_range);
-    writer.addNodes(m_root);
-    if (!writer.addAnimation(m_progress))
+                                 .arg(numNodes));
+    GltfWriter writer(source.scene, range);
+    writer.addNodes(source.root);
+    if (!writer.addAnimation(source.progress))
         return vxCancel(error, VxFileText::tr("The export was cancelled."));
     writer.addSkins();
-    *bytes = writer.bytes(binary);
-    m_error = writer.error();
-    m_summary = VxFileText::tr("%1, %2; rotations deviate by up to %3 degrees between keys.",
-                               "nodes and keys, each with its number")
-                    .arg(VxFileText::tr("%n nodes", nullptr, int(writer.numNodes())),
-                         VxFileText::tr("%n keys", nullptr, int(writer.numKeys())),
-                         QString::number(m_error, 'g', 3));
-    if (m_range.getStart() < 0)
-        m_summary +=
+    const bool isText = fileName.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive);
+    const QByteArray bytes = writer.bytes(!isText);
+    VxSafeFile file(fileName);
+    if (!file.start() || file.write(bytes) != bytes.size() || !file.commit())
+        return vxFail(error,
+                      VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
+    *summary = VxFileText::tr("%1, %2; rotations deviate by up to %3 degrees between keys.",
+                              "nodes and keys, each with its number")
+                   .arg(VxFileText::tr("%n nodes", nullptr, int(writer.numNodes())),
+                        VxFileText::tr("%n keys", nullptr, int(writer.numKeys())),
+                        QString::number(writer.error(), 'g', 3));
+    if (range.getStart() < 0)
+        *summary +=
             QLatin1Char(' ') + VxFileText::tr("The motion is moved so that it starts at time 0.");
     return true;
-}
-
-bool VxGltfExport::exportFile(const QString &fileName, VxFileError *error)
-{
-    QByteArray bytes;
-    const bool binary = !fileName.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive);
-    if (!write(binary, &bytes, error)) {
-        error->file = fileName;
-        return false;
-    }
-    VxSafeFile file(fileName);
-    if (file.start() && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    vxFail(error, VxFileText::tr("The file could not be written: %1.").arg(file.failure()));
-    error->file = fileName;
-    return false;
 }

@@ -8,11 +8,21 @@
 #include "io/vxfiletext.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
+
+struct Format
+{
+    const char *suffix;
+    bool (*write)(const VxMotionSource &source, const QString &fileName, QString *summary,
+                  VxFileError *error);
+};
+constexpr Format formats[] = {
+    {"bvh", vxWriteBvh}, {"glb", vxWriteGltf}, {"gltf", vxWriteGltf}, {"csv", vxWriteCsv}};
 
 /** The root if it is a figure, or the only figure of the scene; null without one. */
 const VxSkeleton *figureOf(const VxScene *scene, const VxNode *root)
@@ -67,53 +77,29 @@ QString leftOut(const VxScene *scene, const VxNode *root, const QString &suffix)
                .arg(parts.join(", "));
 }
 
-bool run(VxMotionWriter &out, const QString &fileName, const VxFileProgress &progress,
-         QString *summary, VxFileError *error)
-{
-    out.setProgress(progress);
-    const bool done = out.exportFile(fileName, error);
-    *summary = out.getSummary();
-    return done;
-}
-
-bool exportMotion(const VxScene *scene, const VxMotionExportOptions &options,
-                  const QString &fileName, const VxFileProgress &progress, QString *summary,
+bool exportMotion(const QString &fileName, VxMotionSource source, QString *summary,
                   VxFileError *error)
 {
     const QString suffix = QFileInfo(fileName).suffix().toLower();
-    const VxTimeRange range = options.playRangeOnly ? scene->getPlayRange() : scene->getAnimRange();
-    const auto addLeftOut = [&](const VxNode *root, bool done) {
-        if (done)
-            *summary += leftOut(scene, root, suffix);
-        return done;
-    };
-    if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf")) {
-        VxGltfExport out(scene, range);
-        out.setRoot(options.root);
-        return addLeftOut(options.root, run(out, fileName, progress, summary, error));
+    const auto format = std::find_if(std::begin(formats), std::end(formats), [&](const Format &f) {
+        return suffix == QLatin1String(f.suffix);
+    });
+    if (format == std::end(formats))
+        return vxFail(error, VxFileText::tr("Cannot export this file type. Supported: *.%1")
+                                 .arg(vxExportSuffixes().join(QStringLiteral(", *."))));
+    if (format->write == vxWriteBvh) {
+        source.root = figureOf(source.scene, source.root);
+        if (!source.root)
+            return vxFail(
+                error,
+                VxFileText::tr(
+                    "A BVH file holds the motion of one figure with a skeleton. Choose a figure, "
+                    "or another file type."));
     }
-    if (suffix == QLatin1String("csv")) {
-        VxCsvExport out(scene, range);
-        out.setRoot(options.root);
-        out.setHasRowPerFrame(options.hasRowPerFrame);
-        return addLeftOut(options.root, run(out, fileName, progress, summary, error));
-    }
-    if (suffix != QLatin1String("bvh"))
-        return vxFail(error,
-                      VxFileText::tr("Cannot export this file type. Supported: *.%1")
-                          .arg(vxExportSuffixes().join(QStringLiteral(", *."))),
-                      fileName);
-    const VxSkeleton *figure = figureOf(scene, options.root);
-    if (!figure)
-        return vxFail(
-            error,
-            VxFileText::tr(
-                "A BVH file holds the motion of one figure with a skeleton. Choose a figure, "
-                "or another file type."),
-            fileName);
-    VxBvhExport out(figure, range, scene->getTimeStep());
-    out.setRate(vxKeptRate(figure, scene->getTimeStep()));
-    return addLeftOut(figure, run(out, fileName, progress, summary, error));
+    if (!format->write(source, fileName, summary, error))
+        return false;
+    *summary += leftOut(source.scene, source.root, suffix);
+    return true;
 }
 
 } // namespace
@@ -122,13 +108,19 @@ bool vxExportMotion(const VxScene *scene, const VxMotionExportOptions &options,
                     const QString &fileName, const VxFileProgress &progress, QString *summary,
                     VxFileError *error)
 {
-    const bool done = exportMotion(scene, options, fileName, progress, summary, error);
+    const VxTimeRange range = options.playRangeOnly ? scene->getPlayRange() : scene->getAnimRange();
+    const bool done = exportMotion(
+        fileName, {scene, range, options.root, options.hasRowPerFrame, progress}, summary, error);
+    if (!done)
+        error->file = fileName;
     qCInfo(vxFilesLog).noquote() << "wrote" << fileName << (done ? *summary : error->text());
     return done;
 }
 
 QStringList vxExportSuffixes()
 {
-    return {QStringLiteral("bvh"), QStringLiteral("glb"), QStringLiteral("gltf"),
-            QStringLiteral("csv")};
+    QStringList suffixes;
+    for (const Format &format : formats)
+        suffixes.append(QLatin1String(format.suffix));
+    return suffixes;
 }

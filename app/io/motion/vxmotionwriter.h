@@ -5,34 +5,29 @@
 #include "io/vxfileprogress.h"
 
 #include <QVector>
+#include <vxcore/vxtimerange.h>
 
 class VxMorph;
 class VxNode;
 class VxScene;
 
-/// Base of the writers of motion files. The scene is borrowed and not changed.
-class VxMotionWriter
+/// The motion for a writer of motion files. The scene is borrowed and not changed.
+struct VxMotionSource
 {
-public:
-    virtual ~VxMotionWriter() = default;
-    VxMotionWriter(const VxMotionWriter &) = delete;
-    VxMotionWriter &operator=(const VxMotionWriter &) = delete;
-
-    /// Reports progress from 0 to 100 and can cancel.
-    void setProgress(const VxFileProgress &progress) { m_progress = progress; }
-
-    /// Writes the file atomically. False with the reason in `error`, which must not be null.
-    virtual bool exportFile(const QString &fileName, VxFileError *error) = 0;
-
-    /// A summary of the last success for the user.
-    QString getSummary() const { return m_summary; }
-
-protected:
-    VxMotionWriter() = default;
-
-    VxFileProgress m_progress;
-    QString m_summary;
+    const VxScene *scene = nullptr;
+    VxTimeRange range;            ///< its ends are included
+    const VxNode *root = nullptr; ///< a node with everything below it; null: the whole scene
+    bool hasRowPerFrame = false;  ///< of CSV files, instead of one a key
+    VxFileProgress progress = {}; ///< from 0 to 100, can cancel
 };
+
+// A writer is a function of this form, in the folder of its format:
+//
+//   bool vxWriteBvh(const VxMotionSource &source, const QString &fileName, QString *summary,
+//                   VxFileError *error);
+//
+// It writes the file atomically and sets a summary for the user. On failure it returns false with
+// one sentence in `error`, whose file the caller sets. No pointer is null.
 
 /// A node with everything below it, or without one all nodes of the scene; parents first.
 QVector<const VxNode *> vxNodesToExport(const VxScene *scene, const VxNode *root);

@@ -1,7 +1,7 @@
 // Exported motion is imported as the same motion.
 
 #include "bvhimport.h"
-#include "io/vxbvhexport.h"
+#include "io/motion/vxmotionexport.h"
 #include "io/vxbvhreader.h"
 #include "smallmotion.h"
 #include "testing/vxscenebuilder.h"
@@ -115,11 +115,9 @@ void tst_VxBvhExport::cleanup()
 bool tst_VxBvhExport::write(const VxSkeleton *skeleton, VxFileError *error,
                             const VxFileProgress &progress)
 {
-    VxBvhExport out(skeleton, m_scene->getAnimRange(), m_scene->getTimeStep());
-    out.setProgress(progress);
-    const bool done = out.exportFile(m_file, error);
-    m_summary = out.getSummary();
-    return done;
+    VxMotionExportOptions options;
+    options.root = skeleton;
+    return vxExportMotion(m_scene.get(), options, m_file, progress, &m_summary, error);
 }
 
 VxSkeleton *tst_VxBvhExport::readBack()

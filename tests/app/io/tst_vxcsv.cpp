@@ -3,6 +3,7 @@
 #include "io/csv/vxcsvexport.h"
 #include "io/csv/vxcsvreader.h"
 #include "io/motion/vxmotionbuilder.h"
+#include "io/motion/vxmotionexport.h"
 #include "randomkeys.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
@@ -165,12 +166,11 @@ void tst_VxCsv::seeds()
 
 QByteArray tst_VxCsv::written(bool frames, const VxNode *root)
 {
-    VxCsvExport out(m_scene.data(), m_range);
-    out.setHasRowPerFrame(frames);
-    out.setRoot(root);
     const QTemporaryDir folder;
     QFile file(folder.filePath("motion.csv"));
-    if (!out.exportFile(file.fileName(), &m_error) || !file.open(QIODevice::ReadOnly))
+    QString summary;
+    if (!vxWriteCsv({m_scene.data(), m_range, root, frames}, file.fileName(), &summary, &m_error) ||
+        !file.open(QIODevice::ReadOnly))
         qFatal("%s", qPrintable(m_error.text()));
     return file.readAll();
 }
@@ -449,18 +449,22 @@ void tst_VxCsv::damagedFilesGiveKeysOrAMessage()
 void tst_VxCsv::anUnwritableFileStays()
 {
     makeScene(m_scene.data(), 2);
-    VxCsvExport out(m_scene.data(), m_range);
-    QVERIFY(!out.exportFile(QStringLiteral("/proc/none.csv"), &m_error));
+    m_scene->setAnimRange(m_range);
+    const auto write = [this](const QString &name, const VxFileProgress &progress) {
+        VxMotionExportOptions options;
+        options.hasRowPerFrame = bool(progress);
+        QString summary;
+        return vxExportMotion(m_scene.data(), options, name, progress, &summary, &m_error);
+    };
+    QVERIFY(!write(QStringLiteral("/proc/none.csv"), {}));
     QVERIFY2(m_error.text().startsWith("/proc/none.csv: The file could not be written"),
              qPrintable(m_error.text()));
     const QTemporaryDir folder;
     QFile file(folder.filePath("walk.csv"));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("former") == 6);
     file.close();
-    out.setProgress([](int) { return false; });
-    out.setHasRowPerFrame(true);
     m_scene->setTimeStep(1);
-    QVERIFY(!out.exportFile(file.fileName(), &m_error));
+    QVERIFY(!write(file.fileName(), [](int) { return false; }));
     QVERIFY(m_error.cancelled);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("former"));
