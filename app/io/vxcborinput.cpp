@@ -141,6 +141,22 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteA
     });
 }
 
+bool VxCborInput::read(const QString &name, Members members)
+{
+    const auto *found = std::find_if(members.begin(), members.end(), [&name](const Member &member) {
+        return name == QLatin1String(member.name);
+    });
+    if (found == members.end())
+        return false;
+    found->read();
+    return true;
+}
+
+void VxCborInput::map(Members members, QByteArray *kept)
+{
+    map([members](const QString &name) { return read(name, members); }, kept);
+}
+
 void VxCborInput::array(const std::function<void()> &element)
 {
     if (expect(m_reader.isArray(), QT_TRANSLATE_NOOP("VxFileText", "an array")))

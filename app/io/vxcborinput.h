@@ -39,6 +39,17 @@ public:
     /// `kept`, and beyond, the name is added to droppedMembers(). A duplicate name in one map is a
     /// failure.
     void map(const std::function<bool(const QString &)> &member, QByteArray *kept = nullptr);
+    /// A member of a map, and what reads its value.
+    struct Member
+    {
+        const char *name;
+        std::function<void()> read;
+    };
+    using Members = std::initializer_list<Member>;
+    /// Reads the map at the present offset, whose members are these.
+    void map(Members members, QByteArray *kept = nullptr);
+    /// Reads the value of one of the members; false without reading for an unknown name.
+    static bool read(const QString &name, Members members);
     /// Calls `element` for each element of the array at the present offset; it must read it.
     void array(const std::function<void()> &element);
 

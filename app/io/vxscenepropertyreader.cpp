@@ -42,8 +42,6 @@ struct VxScenePropertyReader::Record
     QByteArray kept;
     QVector<Reference> references;
 
-    Column *column(const QString &name);
-
     bool isFloat() const { return kind == QLatin1String("float"); }
     bool isBool() const { return kind == QLatin1String("bool"); }
     bool isInt() const { return kind == QLatin1String("int") || isBool(); }
@@ -52,22 +50,32 @@ struct VxScenePropertyReader::Record
     int numKeys() const { return times.bytes.size() / int(sizeof(VxTime)); }
 };
 
-/** Null for an unknown name. */
-VxScenePropertyReader::Record::Column *VxScenePropertyReader::Record::column(const QString &member)
-{
-    return member == QLatin1String("times")    ? &times
-           : member == QLatin1String("values") ? &values
-           : member == QLatin1String("types")  ? &types
-           : member == QLatin1String("tcb")    ? &tcb
-                                               : nullptr;
-}
-
 void VxScenePropertyReader::read(VxElement *element)
 {
     Record record;
     m_input->map(
-        [&](const QString &name) {
-            return readMember(name, record) || readReference(name, record);
+        {
+            {"name", [&] { record.name = m_input->text(); }},
+            {"kind", [&] { record.kind = m_input->text(); }},
+            {"label", [&] { record.label = m_input->text(); }},
+            {"path", [&] { record.path = m_input->text(); }},
+            {"hidden", [&] { record.hidden = m_input->boolean(); }},
+            {"dynamicallyHidden", [&] { record.dynamicallyHidden = m_input->boolean(); }},
+            {"locked", [&] { record.locked = m_input->boolean(); }},
+            {"animatable", [&] { record.animatable = m_input->boolean(); }},
+            {"excluded", [&] { record.excluded = m_input->boolean(); }},
+            {"percentage", [&] { record.percentage = m_input->boolean(); }},
+            {"clamped", [&] { record.clamped = m_input->boolean(); }},
+            {"axis", [&] { record.axis = int(m_input->integer(0, 4)); }},
+            {"interpolation", [&] { record.interpolation = int(m_input->integer(0, 2)); }},
+            {"sensitivity", [&] { record.sensitivity = m_input->singleNumber(); }},
+            {"default", [&] { record.defaultValue = m_input->number(); }},
+            {"value", [&] { readValue(record); }},
+            {"limits", [&] { readLimits(record); }},
+            {"keys", [&] { readKeys(record); }},
+            {"alias", [&] { readReference('a', record); }},
+            {"override", [&] { readReference('o', record); }},
+            {"link", [&] { readLink(record); }},
         },
         &record.kept);
     if (m_input->failed() || !checkColumns(element, record))
@@ -101,112 +109,66 @@ bool VxScenePropertyReader::checkRange(const Record &record)
     return true;
 }
 
-bool VxScenePropertyReader::readMember(const QString &name, Record &record)
+void VxScenePropertyReader::readValue(Record &record)
 {
-    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
-    if (is("name"))
-        record.name = m_input->text();
-    else if (is("kind"))
-        record.kind = m_input->text();
-    else if (is("label"))
-        record.label = m_input->text();
-    else if (is("path"))
-        record.path = m_input->text();
-    else if (is("hidden"))
-        record.hidden = m_input->boolean();
-    else if (is("dynamicallyHidden"))
-        record.dynamicallyHidden = m_input->boolean();
-    else if (is("locked"))
-        record.locked = m_input->boolean();
-    else if (is("animatable"))
-        record.animatable = m_input->boolean();
-    else if (is("excluded"))
-        record.excluded = m_input->boolean();
-    else if (is("percentage"))
-        record.percentage = m_input->boolean();
-    else if (is("clamped"))
-        record.clamped = m_input->boolean();
-    else if (is("axis"))
-        record.axis = int(m_input->integer(0, 4));
-    else if (is("interpolation"))
-        record.interpolation = int(m_input->integer(0, 2));
-    else if (is("sensitivity"))
-        record.sensitivity = m_input->singleNumber();
-    else if (is("default"))
-        record.defaultValue = m_input->number();
-    else if (is("value") && record.isString())
+    if (record.isString())
         record.textValue = m_input->text();
-    else if (is("value"))
-        record.value = m_input->number();
-    else if (is("limits")) {
-        m_input->numbers(record.limits, 2);
-        record.hasLimits = true;
-    } else if (is("keys"))
-        readKeys(record);
     else
-        return false;
-    return true;
+        record.value = m_input->number();
 }
 
-bool VxScenePropertyReader::readReference(const QString &name, Record &record)
+void VxScenePropertyReader::readLimits(Record &record)
 {
-    Reference reference{0, 0, 0, false, 1.0, 0.0};
-    if (name == QLatin1String("alias") || name == QLatin1String("override")) {
-        reference.kind = name.at(0).toLatin1();
-        reference.to = m_input->integer(0, IntMax);
-    } else if (name == QLatin1String("link")) {
-        reference.kind = 'l';
-        m_input->map([&](const QString &member) {
-            if (member == QLatin1String("to"))
-                reference.to = m_input->integer(0, IntMax);
-            else if (member == QLatin1String("terminal"))
-                reference.terminal = m_input->boolean();
-            else if (member == QLatin1String("factor"))
-                reference.factor = m_input->number();
-            else if (member == QLatin1String("offset"))
-                reference.offset = m_input->number();
-            else
-                return false;
-            return true;
-        });
-    } else {
-        return false;
-    }
+    m_input->numbers(record.limits, 2);
+    record.hasLimits = true;
+}
+
+void VxScenePropertyReader::readReference(char kind, Record &record)
+{
+    Reference reference;
+    reference.kind = kind;
+    reference.to = m_input->integer(0, IntMax);
     record.references.append(reference);
-    return true;
+}
+
+void VxScenePropertyReader::readLink(Record &record)
+{
+    Reference link;
+    m_input->map({
+        {"to", [&] { link.to = m_input->integer(0, IntMax); }},
+        {"terminal", [&] { link.terminal = m_input->boolean(); }},
+        {"factor", [&] { link.factor = m_input->number(); }},
+        {"offset", [&] { link.offset = m_input->number(); }},
+    });
+    record.references.append(link);
 }
 
 void VxScenePropertyReader::readKeys(Record &record)
 {
-    const quint64 valueTag = record.isFloat() ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32;
-    const auto unitOf = [valueTag](const Record &owner, const Record::Column *column) {
-        return column == &owner.times    ? std::pair(VxSceneFile::TagInt32, 4)
-               : column == &owner.values ? std::pair(valueTag, 4)
-               : column == &owner.types  ? std::pair(VxSceneFile::TagUint8, 1)
-                                         : std::pair(VxSceneFile::TagFloat32, int(sizeof(VxTcb)));
+    const auto read = [this](Record::Column &column, quint64 tag, int unit) {
+        column.offset = m_input->offset();
+        column.bytes = m_input->bytes(tag, unit);
     };
-    m_input->map([&](const QString &name) {
-        if (name == QLatin1String("crc32")) {
-            readChecksums(record);
-            return true;
-        }
-        Record::Column *column = record.column(name);
-        if (!column)
-            return false;
-        const auto [tag, unit] = unitOf(record, column);
-        column->offset = m_input->offset();
-        column->bytes = m_input->bytes(tag, unit);
-        return true;
+    const quint64 valueTag = record.isFloat() ? VxSceneFile::TagFloat32 : VxSceneFile::TagInt32;
+    m_input->map({
+        {"times", [&] { read(record.times, VxSceneFile::TagInt32, sizeof(VxTime)); }},
+        {"values", [&] { read(record.values, valueTag, 4); }},
+        {"types", [&] { read(record.types, VxSceneFile::TagUint8, 1); }},
+        {"tcb", [&] { read(record.tcb, VxSceneFile::TagFloat32, sizeof(VxTcb)); }},
+        {"crc32", [&] { readChecksums(record); }},
     });
 }
 
 void VxScenePropertyReader::readChecksums(Record &record)
 {
-    m_input->map([&](const QString &name) {
-        Record::Column *column = record.column(name);
-        if (column)
-            column->checksum = m_input->integer(0, std::numeric_limits<quint32>::max());
-        return column != nullptr;
+    const auto read = [this](Record::Column &column) {
+        column.checksum = m_input->integer(0, std::numeric_limits<quint32>::max());
+    };
+    m_input->map({
+        {"times", [&] { read(record.times); }},
+        {"values", [&] { read(record.values); }},
+        {"types", [&] { read(record.types); }},
+        {"tcb", [&] { read(record.tcb); }},
     });
 }
 

@@ -30,16 +30,18 @@ private:
     struct Record;
     struct Reference
     {
-        int from;  // number of a property in the file, as is `to`
-        char kind; // a alias, o override, l link
-        qint64 to;
-        bool terminal;
-        double factor;
-        double offset;
+        int from = 0;    // number of a property in the file, as is `to`
+        char kind = 'l'; // a alias, o override, l link
+        qint64 to = 0;
+        bool terminal = false;
+        double factor = 1.0;
+        double offset = 0.0;
     };
 
-    bool readMember(const QString &name, Record &record);
-    bool readReference(const QString &name, Record &record);
+    void readValue(Record &record);
+    void readLimits(Record &record);
+    void readReference(char kind, Record &record);
+    void readLink(Record &record);
     void readKeys(Record &record);
     void readChecksums(Record &record);
     bool checkColumns(const VxElement *element, const Record &record);

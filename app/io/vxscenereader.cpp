@@ -42,17 +42,18 @@ private:
         int depth = 1; ///< number of levels down to this node
     };
 
-    bool readHeader(const QString &name, VxSceneContents *contents);
+    void readFile(VxSceneContents *contents);
     void readFormat();
+    void readVersion();
     VxTimeRange readRange();
     VxCameraState readCamera();
     VxMarker readMarker();
     VxTimeDisplay readTimeDisplay();
     void readTimeUnit(VxTimeDisplay *display);
+    void readTimeRate(VxTimeDisplay *display);
     void readNode();
-    bool readNodeMember(const QString &name, NodeRecord &record);
     void checkDepth(NodeRecord &record);
-    bool readElementMember(const QString &name, VxElement *element);
+    void readProperties(VxElement *element);
     QVector3D readVector();
     void readRestPose(VxNode *node);
     std::unique_ptr<VxNode> makeNode(const QString &kind, const QString &name);
@@ -89,78 +90,57 @@ void SceneBuilder::readFormat()
     m_hasFormat = !m_input.failed();
 }
 
-bool SceneBuilder::readHeader(const QString &name, VxSceneContents *contents)
+void SceneBuilder::readVersion()
 {
-    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
-    if (is("format")) {
-        readFormat();
-        return true;
-    }
-    if (!m_hasFormat)
-        return m_input.fail(VxFileText::tr("This is not a scene file."));
-    if (is("version")) {
-        const int version = m_input.int32();
-        if (version < 1 || version > VxSceneFile::Version)
-            m_input.fail(
-                VxFileText::tr("The file uses version %1 of the scene format; this program reads "
-                               "versions up to %2.")
-                    .arg(version)
-                    .arg(VxSceneFile::Version));
-    } else if (is("ticksPerSecond"))
-        m_input.integer(VxTicksPerSecond, VxTicksPerSecond);
-    else if (is("numProperties"))
-        m_input.integer(0, std::numeric_limits<int>::max());
-    else if (is("time"))
-        contents->time = m_input.int32();
-    else if (is("timeStep"))
-        contents->timeStep = VxTime(m_input.integer(1, VxTimeMax));
-    else if (is("playRange"))
-        contents->playRange = readRange();
-    else if (is("animRange"))
-        contents->animRange = readRange();
-    else if (is("view1"))
-        contents->views[0] = readRange();
-    else if (is("view2"))
-        contents->views[1] = readRange();
-    else if (is("view3"))
-        contents->views[2] = readRange();
-    else if (is("markers"))
-        m_input.array([&] { contents->markers.append(readMarker()); });
-    else if (is("timeDisplay"))
-        contents->timeDisplay = readTimeDisplay();
-    else if (is("looping"))
-        contents->looping = m_input.boolean();
-    else if (is("animating"))
-        contents->animating = m_input.boolean();
-    else if (is("camera"))
-        contents->camera = readCamera();
-    else if (is("nodes"))
-        m_input.array([this] { readNode(); });
-    else
-        return false;
-    return true;
+    const int version = m_input.int32();
+    if (version < 1 || version > VxSceneFile::Version)
+        m_input.fail(VxFileText::tr("The file uses version %1 of the scene format; this program "
+                                    "reads versions up to %2.")
+                         .arg(version)
+                         .arg(VxSceneFile::Version));
+}
+
+void SceneBuilder::readFile(VxSceneContents *contents)
+{
+    const VxCborInput::Members members = {
+        {"format", [&] { readFormat(); }},
+        {"version", [&] { readVersion(); }},
+        {"ticksPerSecond", [&] { m_input.integer(VxTicksPerSecond, VxTicksPerSecond); }},
+        {"numProperties", [&] { m_input.integer(0, std::numeric_limits<int>::max()); }},
+        {"time", [&] { contents->time = m_input.int32(); }},
+        {"timeStep", [&] { contents->timeStep = VxTime(m_input.integer(1, VxTimeMax)); }},
+        {"playRange", [&] { contents->playRange = readRange(); }},
+        {"animRange", [&] { contents->animRange = readRange(); }},
+        {"view1", [&] { contents->views[0] = readRange(); }},
+        {"view2", [&] { contents->views[1] = readRange(); }},
+        {"view3", [&] { contents->views[2] = readRange(); }},
+        {"markers", [&] { m_input.array([&] { contents->markers.append(readMarker()); }); }},
+        {"timeDisplay", [&] { contents->timeDisplay = readTimeDisplay(); }},
+        {"looping", [&] { contents->looping = m_input.boolean(); }},
+        {"animating", [&] { contents->animating = m_input.boolean(); }},
+        {"camera", [&] { contents->camera = readCamera(); }},
+        {"nodes", [&] { m_input.array([this] { readNode(); }); }},
+    };
+    m_input.map(
+        [&](const QString &name) {
+            if (!m_hasFormat && name != QLatin1String("format"))
+                return m_input.fail(VxFileText::tr("This is not a scene file."));
+            return VxCborInput::read(name, members);
+        },
+        &contents->keptMembers);
 }
 
 /** Numbers out of range become the nearest valid ones. */
 VxCameraState SceneBuilder::readCamera()
 {
     VxCameraState camera;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("target"))
-            camera.target = readVector();
-        else if (name == QLatin1String("distance"))
-            camera.distance = m_input.singleNumber();
-        else if (name == QLatin1String("yaw"))
-            camera.yaw = m_input.singleNumber();
-        else if (name == QLatin1String("pitch"))
-            camera.pitch = m_input.singleNumber();
-        else if (name == QLatin1String("fieldOfView"))
-            camera.fieldOfView = m_input.singleNumber();
-        else if (name == QLatin1String("orthographic"))
-            camera.orthographic = m_input.boolean();
-        else
-            return false;
-        return true;
+    m_input.map({
+        {"target", [&] { camera.target = readVector(); }},
+        {"distance", [&] { camera.distance = m_input.singleNumber(); }},
+        {"yaw", [&] { camera.yaw = m_input.singleNumber(); }},
+        {"pitch", [&] { camera.pitch = m_input.singleNumber(); }},
+        {"fieldOfView", [&] { camera.fieldOfView = m_input.singleNumber(); }},
+        {"orthographic", [&] { camera.orthographic = m_input.boolean(); }},
     });
     return camera.corrected();
 }
@@ -177,30 +157,28 @@ void SceneBuilder::readTimeUnit(VxTimeDisplay *display)
     m_unknownValues.append(VxFileText::tr("unit \"%1\"").arg(unit));
 }
 
+void SceneBuilder::readTimeRate(VxTimeDisplay *display)
+{
+    double parts[2] = {0, 1};
+    m_input.numbers(parts, 2);
+    const auto whole = [](double part) {
+        return part >= 1 && part <= 1e6 && part == std::floor(part) ? int(part) : 0;
+    };
+    const VxFrameRate rate{whole(parts[0]), whole(parts[1])};
+    if (rate.isValid())
+        display->rate = rate;
+    else
+        m_unknownValues.append(VxFileText::tr("rate %1/%2").arg(parts[0]).arg(parts[1]));
+}
+
 /** A unit or rate that is unknown is no reason to refuse a scene. */
 VxTimeDisplay SceneBuilder::readTimeDisplay()
 {
     VxTimeDisplay display;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("unit")) {
-            readTimeUnit(&display);
-        } else if (name == QLatin1String("rate")) {
-            double parts[2] = {0, 1};
-            m_input.numbers(parts, 2);
-            const auto whole = [](double part) {
-                return part >= 1 && part <= 1e6 && part == std::floor(part) ? int(part) : 0;
-            };
-            const VxFrameRate rate{whole(parts[0]), whole(parts[1])};
-            if (rate.isValid())
-                display.rate = rate;
-            else
-                m_unknownValues.append(VxFileText::tr("rate %1/%2").arg(parts[0]).arg(parts[1]));
-        } else if (name == QLatin1String("dropFrame")) {
-            display.dropsFrames = m_input.boolean();
-        } else {
-            return false;
-        }
-        return true;
+    m_input.map({
+        {"unit", [&] { readTimeUnit(&display); }},
+        {"rate", [&] { readTimeRate(&display); }},
+        {"dropFrame", [&] { display.dropsFrames = m_input.boolean(); }},
     });
     return display;
 }
@@ -210,18 +188,11 @@ VxMarker SceneBuilder::readMarker()
     VxMarker marker;
     std::optional<VxTime> start;
     std::optional<VxTime> end;
-    m_input.map([&](const QString &name) {
-        if (name == QLatin1String("name"))
-            marker.name = m_input.text();
-        else if (name == QLatin1String("start"))
-            start = m_input.int32();
-        else if (name == QLatin1String("end"))
-            end = m_input.int32();
-        else if (name == QLatin1String("color"))
-            marker.color = 0xff000000 | QRgb(m_input.integer(0, 0xffffff));
-        else
-            return false;
-        return true;
+    m_input.map({
+        {"name", [&] { marker.name = m_input.text(); }},
+        {"start", [&] { start = m_input.int32(); }},
+        {"end", [&] { end = m_input.int32(); }},
+        {"color", [&] { marker.color = 0xff000000 | QRgb(m_input.integer(0, 0xffffff)); }},
     });
     if (!m_input.failed() && !start)
         m_input.fail(VxFileText::tr("The marker \"%1\" has no start.").arg(marker.name));
@@ -268,20 +239,31 @@ void SceneBuilder::readNode()
     NodeRecord record;
     QString kind;
     QByteArray kept;
+    const auto &node = record.node;
+    const VxCborInput::Members members = {
+        {"kind", [&] { kind = m_input.text(); }},
+        {"name", [&] { record.node = makeNode(kind, m_input.text()); }},
+        {"id", [&] { node->setId(quint64(m_input.integer(0, qint64(VxNode::MaxId)))); }},
+        {"parent", [&] { record.parent = int(m_input.integer(-1, qint64(m_nodes.size()) - 1)); }},
+        {"visible", [&] { node->setVisible(m_input.boolean()); }},
+        {"selectable", [&] { node->setSelectable(m_input.boolean()); }},
+        {"ik", [&] { node->setIkNode(m_input.boolean()); }},
+        {"pinned", [&] { node->setPinned(m_input.boolean()); }},
+        {"rotationOrder",
+         [&] { node->setRotationOrder(VxNode::RotationOrder(m_input.integer(0, VxNode::ZYX))); }},
+        {"origin", [&] { node->setOrigin(readVector()); }},
+        {"endPoint", [&] { node->setEndPoint(readVector()); }},
+        {"restPose", [&] { readRestPose(node.get()); }},
+        {"object", [&] { readObject(node.get()); }},
+        {"label", [&] { node->setLabel(m_input.text()); }},
+        {"properties", [&] { readProperties(node.get()); }},
+    };
     m_input.map(
         [&](const QString &name) {
-            if (name == QLatin1String("kind")) {
-                kind = m_input.text();
-                return true;
-            }
-            if (name == QLatin1String("name")) {
-                record.node = makeNode(kind, m_input.text());
-                return true;
-            }
-            if (!record.node)
+            if (!node && name != QLatin1String("kind") && name != QLatin1String("name"))
                 return m_input.fail(
                     VxFileText::tr("A node does not begin with its kind and name."));
-            return readNodeMember(name, record);
+            return VxCborInput::read(name, members);
         },
         &kept);
     if (record.node)
@@ -303,66 +285,26 @@ void SceneBuilder::checkDepth(NodeRecord &record)
                          .arg(record.node->getName(), QString::number(VxNode::MaxDepth)));
 }
 
-bool SceneBuilder::readNodeMember(const QString &name, NodeRecord &record)
+void SceneBuilder::readProperties(VxElement *element)
 {
-    const auto is = [&name](const char *text) { return name == QLatin1String(text); };
-    VxNode *node = record.node.get();
-    if (is("id"))
-        node->setId(quint64(m_input.integer(0, qint64(VxNode::MaxId))));
-    else if (is("parent"))
-        record.parent = int(m_input.integer(-1, qint64(m_nodes.size()) - 1));
-    else if (is("visible"))
-        node->setVisible(m_input.boolean());
-    else if (is("selectable"))
-        node->setSelectable(m_input.boolean());
-    else if (is("ik"))
-        node->setIkNode(m_input.boolean());
-    else if (is("pinned"))
-        node->setPinned(m_input.boolean());
-    else if (is("rotationOrder"))
-        node->setRotationOrder(VxNode::RotationOrder(m_input.integer(0, VxNode::ZYX)));
-    else if (is("origin"))
-        node->setOrigin(readVector());
-    else if (is("endPoint"))
-        node->setEndPoint(readVector());
-    else if (is("restPose"))
-        readRestPose(node);
-    else if (is("object"))
-        readObject(node);
-    else
-        return readElementMember(name, node);
-    return true;
-}
-
-bool SceneBuilder::readElementMember(const QString &name, VxElement *element)
-{
-    if (name == QLatin1String("label"))
-        element->setLabel(m_input.text());
-    else if (name == QLatin1String("properties"))
-        m_input.array([&] { m_properties.read(element); });
-    else
-        return false;
-    return true;
+    m_input.array([&] { m_properties.read(element); });
 }
 
 void SceneBuilder::readObject(VxNode *node)
 {
     VxObject *object = nullptr;
     QByteArray kept;
+    const VxCborInput::Members members = {
+        {"name", [&] { node->setObject(object = new VxObject(m_input.text())); }},
+        {"label", [&] { object->setLabel(m_input.text()); }},
+        {"properties", [&] { readProperties(object); }},
+        {"subElements", [&] { m_input.array([&] { readSubElement(object); }); }},
+    };
     m_input.map(
         [&](const QString &name) {
-            if (name == QLatin1String("name")) {
-                object = new VxObject(m_input.text());
-                node->setObject(object);
-                return true;
-            }
-            if (!object)
+            if (!object && name != QLatin1String("name"))
                 return m_input.fail(VxFileText::tr("An object does not begin with its name."));
-            if (name == QLatin1String("subElements")) {
-                m_input.array([&] { readSubElement(object); });
-                return true;
-            }
-            return readElementMember(name, object);
+            return VxCborInput::read(name, members);
         },
         &kept);
     if (object)
@@ -374,21 +316,22 @@ void SceneBuilder::readSubElement(VxObject *object)
     VxElement *element = nullptr;
     bool morph = false;
     QByteArray kept;
+    const VxCborInput::Members members = {
+        {"kind", [&] { morph = m_input.text() == QLatin1String("morph"); }},
+        {"name",
+         [&] {
+             const QString name = m_input.text();
+             element = morph ? new VxMorph(name) : new VxElement(name);
+             object->addSubElement(element);
+         }},
+        {"label", [&] { element->setLabel(m_input.text()); }},
+        {"properties", [&] { readProperties(element); }},
+    };
     m_input.map(
         [&](const QString &name) {
-            if (name == QLatin1String("kind")) {
-                morph = m_input.text() == QLatin1String("morph");
-                return true;
-            }
-            if (name == QLatin1String("name")) {
-                const QString text = m_input.text();
-                element = morph ? new VxMorph(text) : new VxElement(text);
-                object->addSubElement(element);
-                return true;
-            }
-            if (!element)
+            if (!element && name != QLatin1String("kind") && name != QLatin1String("name"))
                 return m_input.fail(VxFileText::tr("A sub-element does not begin with its name."));
-            return readElementMember(name, element);
+            return VxCborInput::read(name, members);
         },
         &kept);
     if (element)
@@ -412,8 +355,7 @@ void SceneBuilder::assemble(VxSceneContents *contents)
 
 bool SceneBuilder::build(VxSceneContents *contents, VxFileError *error)
 {
-    m_input.map([&](const QString &name) { return readHeader(name, contents); },
-                &contents->keptMembers);
+    readFile(contents);
     if (!m_input.failed() && !m_hasFormat)
         m_input.fail(VxFileText::tr("This is not a scene file."));
     if (!m_input.failed())
