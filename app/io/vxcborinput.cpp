@@ -143,9 +143,8 @@ void VxCborInput::map(const std::function<bool(const QString &)> &member, QByteA
 
 bool VxCborInput::read(const QString &name, Members members)
 {
-    const auto *found = std::find_if(members.begin(), members.end(), [&name](const Member &member) {
-        return name == QLatin1String(member.name);
-    });
+    const auto *found = std::find_if(members.begin(), members.end(),
+                                     [&name](const Member &member) { return name == member.name; });
     if (found == members.end())
         return false;
     found->read();

@@ -42,7 +42,13 @@ public:
     /// A member of a map, and what reads its value.
     struct Member
     {
-        const char *name;
+        template <int Size, class Read>
+        Member(const char (&text)[Size], const Read &reader)
+            : name(text, Size - 1)
+            , read(reader)
+        {
+        }
+        QLatin1String name;
         std::function<void()> read;
     };
     using Members = std::initializer_list<Member>;
