@@ -6,8 +6,8 @@
 #include "io/gltf/vxgltfreader.h"
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
+#include "io/vxreadfile.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -16,18 +16,9 @@ bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
 {
     // Larger ones exceed one array of bytes.
     constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
-    const QFileInfo info(fileName);
-    if (info.exists() && !info.isFile())
-        return vxFail(error, VxFileText::tr("Not a regular file."));
-    if (info.size() > MaxBytes)
-        return vxFail(error, VxFileText::tr("The file is larger than 1 GB."));
-    QFile file(fileName);
-    if (file.open(QIODevice::ReadOnly)) {
-        *bytes = file.readAll();
-        if (file.error() == QFileDevice::NoError)
-            return true;
-    }
-    return vxFail(error, VxFileText::tr("The file cannot be read: %1.").arg(file.errorString()));
+    return QFileInfo(fileName).size() > MaxBytes
+               ? vxFail(error, VxFileText::tr("The file is larger than 1 GB."))
+               : vxReadFile(fileName, bytes, error);
 }
 
 } // namespace

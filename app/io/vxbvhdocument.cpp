@@ -14,9 +14,9 @@ bool isBlank(QChar c)
     return code == ' ' || (code >= '\t' && code <= '\r');
 }
 
-bool isFinite(const VxBvhOffset &offset)
+bool isFinite(const QVector3D &offset)
 {
-    return std::isfinite(offset.x) && std::isfinite(offset.y) && std::isfinite(offset.z);
+    return std::isfinite(offset.x()) && std::isfinite(offset.y()) && std::isfinite(offset.z());
 }
 
 // A name must survive a round trip: it extends to the end of its line, and a brace at the end of
@@ -41,7 +41,7 @@ bool isJointValid(const VxBvhJoint &joint, QString *message)
         return vxFail(message,
                       VxFileText::tr("Joint \"%1\" has a duplicate channel.").arg(joint.name));
     bool finite = isFinite(joint.offset);
-    for (const VxBvhOffset &end : joint.endSites)
+    for (const QVector3D &end : joint.endSites)
         finite = finite && isFinite(end);
     return finite ||
            vxFail(message,

@@ -2,6 +2,7 @@
 #define VXIO_VXBVHDOCUMENT_H
 
 #include <QString>
+#include <QVector3D>
 #include <vector>
 
 /// The target of one number of a motion frame. The file's spelling is "Xposition", "Zrotation" ...
@@ -31,25 +32,14 @@ inline int vxBvhAxis(VxBvhChannel channel)
     return static_cast<int>(channel) % 3;
 }
 
-/// The position of a joint or an end site in its parent, in the file's unit of length.
-struct VxBvhOffset
-{
-    float x = 0.0f;
-    float y = 0.0f;
-    float z = 0.0f;
-
-    bool operator==(const VxBvhOffset &o) const { return x == o.x && y == o.y && z == o.z; }
-    bool operator!=(const VxBvhOffset &o) const { return !(*this == o); }
-};
-
 /// One ROOT or JOINT of the hierarchy. Names need not be unique.
 struct VxBvhJoint
 {
-    QString name;    ///< not empty, one line, no blanks at either end
-    int parent = -1; ///< index of the parent joint, -1 for a ROOT
-    VxBvhOffset offset;
+    QString name;     ///< not empty, one line, no blanks at either end
+    int parent = -1;  ///< index of the parent joint, -1 for a ROOT
+    QVector3D offset; ///< its position in its parent, in the file's unit of length
     std::vector<VxBvhChannel> channels; ///< in the file's order, each kind at most once
-    std::vector<VxBvhOffset> endSites;  ///< usually none or one
+    std::vector<QVector3D> endSites;    ///< their positions in the joint; usually none or one
 
     bool operator==(const VxBvhJoint &other) const;
 };

@@ -1,37 +1,32 @@
 #include "io/vxbvhfigure.h"
 
-#include <array>
+#include "io/motion/vximportedmotion.h"
+#include "io/motion/vxmotionnodes.h"
+
+#include <algorithm>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
 
-QVector3D vector(const VxBvhOffset &offset)
-{
-    return {offset.x, offset.y, offset.z};
-}
-
 VxFloatProperty *control(const VxNode &node, VxBvhChannel channel)
 {
     return node.getTransformControl(static_cast<int>(channel));
 }
 
+/// Axes without a channel are last.
 VxNode::RotationOrder rotationOrder(const std::vector<VxBvhChannel> &channels)
 {
-    std::vector<int> axes;
+    std::array<int, 3> axes{{0, 1, 2}};
+    auto next = axes.begin();
     for (const VxBvhChannel channel : channels) {
-        if (vxBvhIsRotation(channel))
-            axes.push_back(vxBvhAxis(channel));
+        if (!vxBvhIsRotation(channel))
+            continue;
+        const auto found = std::find(next, axes.end(), vxBvhAxis(channel));
+        std::rotate(next++, found, found + 1);
     }
-    for (int axis = 0; axis < 3; ++axis) {
-        if (std::find(axes.begin(), axes.end(), axis) == axes.end())
-            axes.push_back(axis);
-    }
-    // By the first axis, then whether the second is the smaller one of the remaining two.
-    static constexpr VxNode::RotationOrder orders[3][2] = {
-        {VxNode::XYZ, VxNode::XZY}, {VxNode::YXZ, VxNode::YZX}, {VxNode::ZXY, VxNode::ZYX}};
-    return orders[axes[0]][axes[1] < axes[2] ? 0 : 1];
+    return VxNode::RotationOrder(vxOrderOfAxes(axes));
 }
 
 // The keys' times and types are the same for every channel of a motion.
@@ -61,7 +56,7 @@ struct SharedKeys
 
 void placeBone(VxBone *bone, const VxBvhJoint &joint)
 {
-    QVector3D origin = vector(joint.offset);
+    QVector3D origin = joint.offset;
     for (const VxBvhChannel channel : joint.channels) {
         if (vxBvhIsRotation(channel))
             continue;
@@ -73,35 +68,6 @@ void placeBone(VxBone *bone, const VxBvhJoint &joint)
     bone->setRotationOrder(rotationOrder(joint.channels));
 }
 
-// The middle of the children's positions is computed after all of them are placed.
-class BoneEnds
-{
-public:
-    explicit BoneEnds(const std::vector<VxBvhJoint> &joints)
-        : m_sums(joints.size())
-        , m_counts(joints.size(), 0)
-    {
-        for (const VxBvhJoint &joint : joints) {
-            if (joint.parent < 0)
-                continue;
-            const auto parent = static_cast<std::size_t>(joint.parent);
-            m_sums[parent] += vector(joint.offset);
-            ++m_counts[parent];
-        }
-    }
-
-    QVector3D endOf(const VxBvhJoint &joint, std::size_t index) const
-    {
-        if (!joint.endSites.empty())
-            return vector(joint.endSites.front());
-        return m_counts[index] > 0 ? m_sums[index] / float(m_counts[index]) : QVector3D();
-    }
-
-private:
-    std::vector<QVector3D> m_sums;
-    std::vector<int> m_counts;
-};
-
 } // namespace
 
 std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
@@ -110,8 +76,7 @@ std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
 {
     auto skeleton = std::make_unique<VxSkeleton>(name);
     const SharedKeys keys(timing);
-    const BoneEnds ends(document.joints);
-    std::vector<VxNode *> bones;
+    std::vector<VxBone *> bones;
     bones.reserve(document.joints.size());
     int channelIndex = 0;
     for (std::size_t i = 0; i < document.joints.size(); ++i) {
@@ -119,14 +84,18 @@ std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
         if (progress && !progress(static_cast<int>(i * 100 / document.joints.size())))
             return nullptr;
         auto *bone = new VxBone(joint.name);
-        VxNode *parent =
-            joint.parent < 0 ? skeleton.get() : bones[static_cast<std::size_t>(joint.parent)];
-        parent->addNodeChild(bone);
+        if (joint.parent < 0)
+            skeleton->addNodeChild(bone);
+        else
+            bones[static_cast<std::size_t>(joint.parent)]->addNodeChild(bone);
         bones.push_back(bone);
         placeBone(bone, joint);
-        bone->setEndPoint(ends.endOf(joint, i));
         for (const VxBvhChannel channel : joint.channels)
             keys.give(control(*bone, channel), document.channelValues(channelIndex++));
+    }
+    for (std::size_t i = 0; i < bones.size(); ++i) {
+        const std::vector<QVector3D> &sites = document.joints[i].endSites;
+        bones[i]->setEndPoint(sites.empty() ? vxMiddleOfChildren(bones[i]) : sites.front());
     }
     return skeleton;
 }

@@ -36,7 +36,7 @@ bool channelOf(const VxBvhTokenizer::Word &word, VxBvhChannel *channel)
 
 VxBvhParser::VxBvhParser(const QByteArray &bytes, const VxFileProgress &progress)
     : m_tokens(bytes)
-    , m_progress(progress)
+    , m_progress(progress, bytes.size())
 {
 }
 
@@ -263,18 +263,17 @@ bool VxBvhParser::parseEndSite(const Word &keyword)
                                    .arg(where))
                    : fail(word.line, VxFileText::tr("\"OFFSET\" of %1 expected, found %2.")
                                          .arg(where, found(word)));
-    VxBvhOffset offset;
+    QVector3D offset;
     if (!readOffset(&offset, where))
         return false;
     m_document.joints[owner].endSites.push_back(offset);
     return expectBrace("}", where);
 }
 
-bool VxBvhParser::readOffset(VxBvhOffset *offset, const QString &owner)
+bool VxBvhParser::readOffset(QVector3D *offset, const QString &owner)
 {
-    float *const parts[] = {&offset->x, &offset->y, &offset->z};
-    for (float *part : parts) {
-        const VxBvhTokenizer::NumberResult result = m_tokens.readFloat(part);
+    for (int axis = 0; axis < 3; ++axis) {
+        const VxBvhTokenizer::NumberResult result = m_tokens.readFloat(&(*offset)[axis]);
         if (result != VxBvhTokenizer::NumberResult::Ok)
             return failNumber(result, VxFileText::tr("The offset of %1").arg(owner));
     }

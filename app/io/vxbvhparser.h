@@ -52,7 +52,7 @@ private:
     bool parseChannelNames(VxBvhJoint *joint, qint64 count);
     bool parseEndSite(const Word &keyword);
     bool beginsChild(const Word &keyword);
-    bool readOffset(VxBvhOffset *offset, const QString &owner);
+    bool readOffset(QVector3D *offset, const QString &owner);
     bool expectBrace(const char *brace, const QString &where);
 
     bool parseFrameCount();
@@ -70,14 +70,13 @@ private:
     VxBvhTokenizer m_tokens;
     VxBvhDocument m_document;
     VxFileError m_error;
-    const VxFileProgress &m_progress;
+    VxReadProgress m_progress;
     std::vector<OpenJoint> m_open;
     int m_channelCount = 0;
     qint64 m_surplusFrames = 0;
     qint64 m_framesLine = -1;
     qint64 m_valueLine = -1;     // line of the last motion value
     qint64 m_irregularLine = -1; // first row that is not one frame
-    int m_percent = -1;
 };
 
 #endif

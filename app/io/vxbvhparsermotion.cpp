@@ -208,15 +208,6 @@ bool VxBvhParser::failTooMany()
 
 bool VxBvhParser::report()
 {
-    if (!m_progress)
-        return true;
-    const int percent =
-        static_cast<int>(m_tokens.position() * 100 / qMax<qint64>(1, m_tokens.size()));
-    if (percent == m_percent)
-        return true;
-    m_percent = percent;
-    if (m_progress(percent))
-        return true;
-    m_error.cancelled = true;
-    return fail(-1, VxFileText::tr("Reading was cancelled."));
+    m_error.cancelled = !m_progress.report(m_tokens.position());
+    return !m_error.cancelled || fail(-1, VxFileText::tr("Reading was cancelled."));
 }

@@ -2,9 +2,8 @@
 
 #include "io/vxbvhparser.h"
 #include "io/vxfiletext.h"
+#include "io/vxreadfile.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <utility>
 
 bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error)
@@ -27,14 +26,6 @@ bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError 
 
 bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
 {
-    const QFileInfo info(m_fileName);
-    if (info.exists() && !info.isFile())
-        return vxFail(error, VxFileText::tr("Not a regular file."), m_fileName);
-    QFile file(m_fileName);
-    const bool open = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = open ? file.readAll() : QByteArray();
-    if (!open || file.error() != QFileDevice::NoError)
-        return vxFail(error, VxFileText::tr("The file cannot be read: %1.").arg(file.errorString()),
-                      m_fileName);
-    return read(bytes, out, error);
+    QByteArray bytes;
+    return vxReadFile(m_fileName, &bytes, error) && read(bytes, out, error);
 }

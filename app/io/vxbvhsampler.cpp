@@ -20,11 +20,6 @@ Controls rotations(const VxNode *node)
     return {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()};
 }
 
-VxBvhOffset offsetOf(const QVector3D &v)
-{
-    return {v.x(), v.y(), v.z()};
-}
-
 /// A valid joint name: one line that is not empty and opens no block.
 QString jointName(const QString &label)
 {
@@ -193,7 +188,7 @@ void VxBvhSampler::setOffset(const Joint &joint, std::size_t index,
             offset[axis] += control->getNumKeys() > 0 ? control->getStoredValue()
                                                       : control->getValue(m_times.constFirst());
         }
-        out->offset = offsetOf(offset);
+        out->offset = offset;
     } else {
         const auto local =
             frameOf(joint.parent, first).toLocal(frameOf(int(index), first).position);
@@ -206,7 +201,7 @@ void VxBvhSampler::setOffset(const Joint &joint, std::size_t index,
         const auto local = frameOf(int(index), first).toLocal(pointOf(first[index].map(end)));
         end = {float(local[0]), float(local[1]), float(local[2])};
     }
-    out->endSites.push_back(offsetOf(end));
+    out->endSites.push_back(end);
 }
 
 void VxBvhSampler::copy(const Joint &joint, float *values) const
@@ -320,9 +315,7 @@ bool VxBvhSampler::sample(std::vector<float> *values, const VxFileProgress &prog
     }
     if (numWorkedOut() == 0)
         return true;
-    return workOut(values, [&progress, copyPercent](int percent) {
-        return !progress || progress(copyPercent + percent * (100 - copyPercent) / 100);
-    });
+    return workOut(values, partOfProgress(progress, copyPercent, 100));
 }
 
 int VxBvhSampler::numWorkedOut() const

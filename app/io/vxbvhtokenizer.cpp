@@ -20,20 +20,6 @@ char lowered(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// A line ends at LF, and at a CR that no LF follows.
-bool endsLine(const char *at, const char *end)
-{
-    return *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
-}
-
-qint64 lineAt(const char *begin, const char *place, const char *end)
-{
-    qint64 line = 1;
-    for (const char *at = begin; at < place; ++at)
-        line += endsLine(at, end);
-    return line;
-}
-
 // Whether the absolute value of a decimal number that does not fit a double is below 1.
 bool isTiny(const char *from, const char *to)
 {
@@ -95,7 +81,7 @@ VxBvhTokenizer::VxBvhTokenizer(const QByteArray &bytes)
 void VxBvhTokenizer::skipBlanks()
 {
     for (; m_at < m_end && vxIsSpace(*m_at); ++m_at)
-        m_line += endsLine(m_at, m_end);
+        m_line += vxEndsLine(m_at, m_end);
 }
 
 VxBvhTokenizer::Word VxBvhTokenizer::next()
@@ -172,7 +158,7 @@ VxBvhTokenizer::NumberResult VxBvhTokenizer::readDouble(double *value)
 
 qint64 VxBvhTokenizer::lastLine() const
 {
-    return m_begin == m_end ? 1 : lineAt(m_begin, m_end - 1, m_end);
+    return m_begin == m_end ? 1 : 1 + vxLinesBefore(m_begin, m_end - 1, m_end);
 }
 
 bool VxBvhTokenizer::isAtEnd()
@@ -186,7 +172,7 @@ qint64 VxBvhTokenizer::firstBinaryLine() const
     for (const char *at = m_begin; at < m_end; ++at) {
         const auto code = static_cast<unsigned char>(*at);
         if ((code < 0x20 && !vxIsSpace(*at)) || code == 0x7F)
-            return lineAt(m_begin, at, m_end);
+            return 1 + vxLinesBefore(m_begin, at, m_end);
     }
     return -1;
 }

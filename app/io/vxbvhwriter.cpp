@@ -17,19 +17,18 @@ void indent(QByteArray *out, int depth)
     out->append(depth, '\t');
 }
 
-void appendOffset(QByteArray *out, int depth, const VxBvhOffset &offset)
+void appendOffset(QByteArray *out, int depth, const QVector3D &offset)
 {
     indent(out, depth);
-    out->append("OFFSET ");
-    vxAppendNumber(out, offset.x);
-    out->append(' ');
-    vxAppendNumber(out, offset.y);
-    out->append(' ');
-    vxAppendNumber(out, offset.z);
+    out->append("OFFSET");
+    for (int axis = 0; axis < 3; ++axis) {
+        out->append(' ');
+        vxAppendNumber(out, offset[axis]);
+    }
     out->append('\n');
 }
 
-void appendEndSite(QByteArray *out, int depth, const VxBvhOffset &offset)
+void appendEndSite(QByteArray *out, int depth, const QVector3D &offset)
 {
     indent(out, depth);
     out->append("End Site\n");
@@ -56,7 +55,7 @@ void appendJoint(QByteArray *out, int depth, const VxBvhJoint &joint)
             out->append(' ').append(channelNames[static_cast<int>(channel)]);
         out->append('\n');
     }
-    for (const VxBvhOffset &end : joint.endSites)
+    for (const QVector3D &end : joint.endSites)
         appendEndSite(out, depth + 1, end);
 }
 

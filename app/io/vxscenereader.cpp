@@ -3,10 +3,10 @@
 #include "io/vxcborinput.h"
 #include "io/vxfiletext.h"
 #include "io/vxkeptmembers.h"
+#include "io/vxreadfile.h"
 #include "io/vxscenefile.h"
 #include "io/vxscenepropertyreader.h"
 
-#include <QFile>
 #include <QVector3D>
 #include <cmath>
 #include <limits>
@@ -387,13 +387,8 @@ bool VxSceneReader::read(const QByteArray &bytes, VxSceneContents *contents,
 bool VxSceneReader::readFile(const QString &fileName, VxSceneContents *contents,
                              VxFileError *error) const
 {
-    QFile file(fileName);
-    const bool open = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = open ? file.readAll() : QByteArray();
-    if (!open || file.error() != QFileDevice::NoError)
-        return vxFail(error, VxFileText::tr("The file cannot be read: %1.").arg(file.errorString()),
-                      fileName);
-    const bool done = read(bytes, contents, error);
+    QByteArray bytes;
+    const bool done = vxReadFile(fileName, &bytes, error) && read(bytes, contents, error);
     error->file = fileName;
     return done;
 }

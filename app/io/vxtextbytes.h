@@ -10,6 +10,21 @@ inline bool vxIsSpace(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+/// Whether a line ends at a byte of a text: at LF, and at a CR that no LF follows.
+inline bool vxEndsLine(const char *at, const char *end)
+{
+    return *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
+}
+
+/// The number of lines that end in the part of a text before `place`.
+inline qint64 vxLinesBefore(const char *begin, const char *place, const char *end)
+{
+    qint64 lines = 0;
+    for (const char *at = begin; at < place; ++at)
+        lines += vxEndsLine(at, end);
+    return lines;
+}
+
 /// Appends a number with the fewest digits that read back as the same value.
 template <typename T> void vxAppendNumber(QByteArray *out, T value)
 {

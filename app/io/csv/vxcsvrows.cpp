@@ -1,6 +1,7 @@
 #include "io/csv/vxcsvrows.h"
 
 #include "io/vxfiletext.h"
+#include "io/vxtextbytes.h"
 
 #include <QTextCodec>
 #include <algorithm>
@@ -32,15 +33,6 @@ bool isUtf8(std::string_view cell)
     QTextCodec::ConverterState state;
     QTextCodec::codecForName("UTF-8")->toUnicode(cell.data(), int(cell.size()), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
-}
-
-/// Line ends within a cell: LF, CR LF and CR count once each.
-qint64 linesIn(std::string_view text)
-{
-    qint64 lines = 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        lines += text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
-    return lines;
 }
 
 } // namespace
@@ -107,7 +99,7 @@ bool VxCsvRows::readQuoted()
     }
     std::string_view cell(start, std::size_t(m_at - start));
     ++m_at;
-    m_nextLine += linesIn(cell);
+    m_nextLine += vxLinesBefore(start, m_at, m_at);
     while (m_at < m_end && isBlank(*m_at))
         ++m_at;
     if (m_at < m_end && *m_at != ',' && *m_at != '\n' && *m_at != '\r')

@@ -40,10 +40,7 @@ VxNode::RotationOrder converted(const Axes &axes, VxNode::RotationOrder order)
     std::array<int, 3> images{};
     for (std::size_t i = 0; i < 3; ++i)
         images[i] = imageOf(axes, vxRotationAxes(static_cast<VxRotationOrder>(order))[i]).axis;
-    int index = 0;
-    while (index < 5 && vxRotationAxes(static_cast<VxRotationOrder>(index)) != images)
-        ++index;
-    return static_cast<VxNode::RotationOrder>(index);
+    return VxNode::RotationOrder(vxOrderOfAxes(images));
 }
 
 void convertChannel(const Axes &axes, VxMotionChannel *channel)

@@ -21,7 +21,7 @@ bool VxFbxBinaryParser::accepts(const QByteArray &bytes)
 
 VxFbxBinaryParser::VxFbxBinaryParser(const QByteArray &bytes, const VxFileProgress &progress)
     : m_records(bytes, false)
-    , m_progress(progress)
+    , m_progress(progress, bytes.size())
     , m_bytes(m_records.bytes().constData())
     , m_size(bytes.size())
 {
@@ -34,11 +34,7 @@ bool VxFbxBinaryParser::fail(qint64 offset, const QString &message)
 
 bool VxFbxBinaryParser::report()
 {
-    const int percent = static_cast<int>(m_at * 100 / std::max<qint64>(1, m_size));
-    if (!m_progress || percent == m_percent)
-        return true;
-    m_percent = percent;
-    m_error.cancelled = !m_progress(percent);
+    m_error.cancelled = !m_progress.report(m_at);
     return !m_error.cancelled;
 }
 

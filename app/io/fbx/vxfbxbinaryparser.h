@@ -53,14 +53,13 @@ private:
 
     VxFbxRecords m_records;
     VxFileError m_error;
-    const VxFileProgress &m_progress;
+    VxReadProgress m_progress;
     std::vector<Open> m_open;
     const char *m_bytes;
     qint64 m_size;
     qint64 m_at = 0;
     qint64 m_version = 0;
     qint64 m_wordSize = 4; // of the numbers in a record's head
-    int m_percent = -1;
 };
 
 #endif

@@ -125,10 +125,12 @@ VxFbxChannel vxFbxProduct(const VxFbxChannel &a, const VxFbxChannel &b)
     return {0.0, vxSampledCurve(times, product, tolerance)};
 }
 
-VxFbxBlend::VxFbxBlend(const VxFbxStack &stack, const VxFbxObjects &objects, VxFbxCurves &curves)
+VxFbxBlend::VxFbxBlend(const VxFbxStack &stack, const VxFbxObjects &objects, VxFbxCurves &curves,
+                       VxFbxBlendCounts *counts)
     : m_stack(stack)
     , m_objects(objects)
     , m_curves(curves)
+    , m_counts(counts)
 {
 }
 
@@ -137,10 +139,8 @@ bool VxFbxBlend::readCurve(int object, VxMotionCurve *curve)
     VxFbxCurve read;
     if (!m_curves.read(m_objects.record(object), &read))
         return false;
-    m_keyCount += static_cast<qint64>(read.keys.times.size());
-    if (read.keys.times.size() > 1 &&
-        (read.before != VxFbxCurve::Constant || read.after != VxFbxCurve::Constant))
-        ++m_extrapolatedCount;
+    if (read.keys.times.size() > 1 && read.isExtrapolated)
+        ++m_counts->extrapolated;
     *curve = std::move(read.keys);
     return true;
 }
@@ -286,7 +286,7 @@ VxFbxBlend::Vector VxFbxBlend::sample(const VxFbxTarget &target, const Vector &r
 void VxFbxBlend::sampleInto(const VxFbxTarget &target, const Vector &rest,
                             VxNode::RotationOrder order, VxFbxTrack *track)
 {
-    ++m_sampledCount;
+    ++m_counts->sampled;
     std::vector<const VxMotionCurve *> curves;
     for (const Part &part : m_parts) {
         for (const VxFbxChannel &channel : part.track)
@@ -314,5 +314,5 @@ void VxFbxBlend::sampleInto(const VxFbxTarget &target, const Vector &rest,
         (*track)[axis].curve = vxSampledCurve(times, function, tolerance);
         isCoarse = isCoarse || (*track)[axis].curve.times.size() >= vxMaxSampledKeys(times.size());
     }
-    m_coarseCount += isCoarse;
+    m_counts->coarse += isCoarse;
 }

@@ -20,6 +20,14 @@ using VxFbxTrack = std::array<VxFbxChannel, 3>;
 /// The product; exact keys where one factor is a constant, else sampled.
 VxFbxChannel vxFbxProduct(const VxFbxChannel &a, const VxFbxChannel &b);
 
+/// What differs from the file, in all animations.
+struct VxFbxBlendCounts
+{
+    int sampled = 0;      ///< targets that had to be sampled
+    int coarse = 0;       ///< of these, those that may exceed the tolerance
+    int extrapolated = 0; ///< curves whose extrapolation is not constant
+};
+
 /// Evaluates one animation of a target, its layers combined.
 ///
 /// The lowest layer is used unchanged; each one above is added, or replaces, or is mixed in, with
@@ -30,8 +38,9 @@ VxFbxChannel vxFbxProduct(const VxFbxChannel &a, const VxFbxChannel &b);
 class VxFbxBlend
 {
 public:
-    /// Everything is borrowed.
-    VxFbxBlend(const VxFbxStack &stack, const VxFbxObjects &objects, VxFbxCurves &curves);
+    /// Everything is borrowed; the counts are increased.
+    VxFbxBlend(const VxFbxStack &stack, const VxFbxObjects &objects, VxFbxCurves &curves,
+               VxFbxBlendCounts *counts);
 
     /// Reads the curves of the layers' weights. False with error() set for a damaged curve.
     bool readWeights();
@@ -41,13 +50,6 @@ public:
               VxNode::RotationOrder order, VxFbxTrack *track);
 
     const VxFileError &error() const { return m_curves.error(); }
-    /// Keys of the file that were read.
-    qint64 keyCount() const { return m_keyCount; }
-    /// Targets that had to be sampled, and curves whose extrapolation is not constant.
-    int sampledCount() const { return m_sampledCount; }
-    /// Sampled targets that may exceed the tolerance.
-    int coarseCount() const { return m_coarseCount; }
-    int extrapolatedCount() const { return m_extrapolatedCount; }
 
 private:
     // What one layer says about the target.
@@ -73,12 +75,9 @@ private:
     const VxFbxStack &m_stack;
     const VxFbxObjects &m_objects;
     VxFbxCurves &m_curves;
+    VxFbxBlendCounts *const m_counts;
     std::vector<VxMotionCurve> m_weights; // one a layer
     std::vector<Part> m_parts;            // of the target being read
-    qint64 m_keyCount = 0;
-    int m_sampledCount = 0;
-    int m_coarseCount = 0;
-    int m_extrapolatedCount = 0;
 };
 
 #endif

@@ -33,8 +33,8 @@ bool VxFbxCurves::read(VxFbxRecords::Index record, VxFbxCurve *out)
     if (!readKeys(record))
         return false;
     tidyKeys();
-    out->before = extrapolation(record, "Pre-Extrapolation");
-    out->after = extrapolation(record, "Post-Extrapolation");
+    out->isExtrapolated =
+        isExtrapolated(record, "Pre-Extrapolation") || isExtrapolated(record, "Post-Extrapolation");
     out->keys = {};
     build(&out->keys);
     return true;
@@ -133,8 +133,8 @@ void VxFbxCurves::tidyKeys()
     m_keys.erase(m_keys.begin(), kept);
 }
 
-VxFbxCurve::Extrapolation VxFbxCurves::extrapolation(VxFbxRecords::Index record,
-                                                     std::string_view side)
+// Continued by its slope (K), repeated (R), mirrored (M) or repeated with an offset (A).
+bool VxFbxCurves::isExtrapolated(VxFbxRecords::Index record, std::string_view side) const
 {
     const auto type = m_records.child(m_records.child(record, side), "Type");
     const VxFbxValue *value = m_records.value(type, 0);
@@ -142,18 +142,7 @@ VxFbxCurve::Extrapolation VxFbxCurves::extrapolation(VxFbxRecords::Index record,
     qint64 letter = word.empty() ? 'C' : static_cast<unsigned char>(word.front());
     if (word.empty() && value)
         m_records.integer(value, &letter);
-    switch (letter) {
-    case 'K':
-        return VxFbxCurve::Slope;
-    case 'R':
-        return VxFbxCurve::Repeat;
-    case 'M':
-        return VxFbxCurve::Mirror;
-    case 'A':
-        return VxFbxCurve::RepeatWithOffset;
-    default:
-        return VxFbxCurve::Constant;
-    }
+    return letter == 'K' || letter == 'R' || letter == 'M' || letter == 'A';
 }
 
 double VxFbxCurves::seconds(const Key &key) const

@@ -8,12 +8,8 @@
 /// A curve of an FBX document.
 struct VxFbxCurve
 {
-    /// The curve outside of its keys.
-    enum Extrapolation : quint8 { Constant, Slope, Repeat, Mirror, RepeatWithOffset };
-
     VxMotionCurve keys;
-    Extrapolation before = Constant;
-    Extrapolation after = Constant;
+    bool isExtrapolated = false; ///< does not hold its end values outside of its keys
 };
 
 /// Reads curves ("AnimationCurve" objects): keys, and slopes of every kind of tangent.
@@ -58,7 +54,7 @@ private:
                       const std::vector<float> &data, const std::vector<qint64> &counts);
     bool failRuns(VxFbxRecords::Index record);
     void tidyKeys();
-    VxFbxCurve::Extrapolation extrapolation(VxFbxRecords::Index record, std::string_view side);
+    bool isExtrapolated(VxFbxRecords::Index record, std::string_view side) const;
     double seconds(const Key &key) const;
     VxFbxTangentKey tangentKey(std::size_t key) const;
     VxMotionShape shapeOf(std::size_t key) const;

@@ -29,7 +29,7 @@ double vxFbxNumber(const VxFbxRecords &records, VxFbxRecords::Index properties,
 
 VxFbxObjects::VxFbxObjects(const VxFbxRecords &records)
     : m_records(records)
-    , m_objects{{0, VxFbxRecords::None, VxFbxRecords::None}}
+    , m_objects{{VxFbxRecords::None, VxFbxRecords::None}}
     , m_byId{{0, 0}}
 {
 }
@@ -76,7 +76,7 @@ void VxFbxObjects::readObjects(VxFbxRecords::Index section)
                 firstDuplicate = m_records.text(m_records.value(at, 1)).section(QChar(0), 0, 0);
             continue;
         }
-        m_objects.push_back({id, at, m_records.child(at, "Properties70")});
+        m_objects.push_back({at, m_records.child(at, "Properties70")});
     }
     if (duplicates > 0)
         m_notes.append(VxFileText::tr("Objects with a duplicate number were left out: %1. The "

@@ -68,7 +68,6 @@ public:
 private:
     struct Object
     {
-        qint64 id;
         VxFbxRecords::Index record;
         VxFbxRecords::Index properties; // its "Properties70"
     };

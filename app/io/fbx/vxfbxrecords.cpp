@@ -1,5 +1,7 @@
 #include "io/fbx/vxfbxrecords.h"
 
+#include "io/vxtextbytes.h"
+
 #include <QtEndian>
 #include <algorithm>
 #include <charconv>
@@ -202,10 +204,8 @@ bool VxFbxRecords::fail(VxFileError *error, qint32 offset, const QString &messag
         error->offset = offset;
         return false;
     }
-    const char *end = m_bytes.constData() + m_bytes.size();
-    const char *place = m_bytes.constData() + std::min(offset, m_bytes.size());
-    error->line = 1;
-    for (const char *at = m_bytes.constData(); at < place; ++at)
-        error->line += *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
+    const char *begin = m_bytes.constData();
+    error->line =
+        1 + vxLinesBefore(begin, begin + std::min(offset, m_bytes.size()), begin + m_bytes.size());
     return false;
 }

@@ -1,5 +1,7 @@
 #include "io/fbx/vxfbxrotation.h"
 
+#include "io/motion/vximportedmotion.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -55,18 +57,6 @@ std::size_t imageOf(const VxRotation &rotation, std::size_t axis, double *sign)
     return image;
 }
 
-VxRotationOrder orderOf(const std::array<std::size_t, 3> &axes)
-{
-    for (int i = 0; i < 6; ++i) {
-        const auto order = static_cast<VxRotationOrder>(i);
-        const std::array<int, 3> &candidate = vxRotationAxes(order);
-        if (std::equal(axes.begin(), axes.end(), candidate.begin(),
-                       [](std::size_t a, int b) { return a == std::size_t(b); }))
-            return order;
-    }
-    return VxRotationOrder::XYZ; // axes are always a permutation
-}
-
 } // namespace
 
 // before * A * B * C * after, where before = A'(u) * P and P maps axes onto axes, is
@@ -86,7 +76,7 @@ bool vxFbxFindForm(const VxRotation &before, VxRotationOrder order, const VxRota
         if (!angleAbout(before * vxTransposed(candidate), images[0], &first) ||
             !angleAbout(candidate * after, images[2], &last))
             continue;
-        form->order = orderOf(images);
+        form->order = vxOrderOfAxes({int(images[0]), int(images[1]), int(images[2])});
         const std::array<double, 3> offsets{{first, 0.0, last}};
         for (std::size_t i = 0; i < 3; ++i)
             form->angles[images[i]] = {static_cast<std::size_t>(axes[i]), signs[i], offsets[i]};

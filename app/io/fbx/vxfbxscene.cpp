@@ -135,14 +135,11 @@ bool VxFbxScene::readTracks(const VxFileProgress &progress, VxImportedMotion *mo
             error->cancelled = true;
             return false;
         }
-        VxFbxBlend blend(m_stacks[i], m_objects, curves);
+        VxFbxBlend blend(m_stacks[i], m_objects, curves, &m_counts);
         if (!readClip(&blend, &m_tracks[i], &m_valueTracks[i])) {
             *error = blend.error();
             return false;
         }
-        m_sampledCount += blend.sampledCount();
-        m_coarseCount += blend.coarseCount();
-        m_extrapolatedCount += blend.extrapolatedCount();
     }
     VxFbxFigure figure(m_models, &m_tracks);
     if (!figure.addNodes(motion))
@@ -281,11 +278,12 @@ void VxFbxScene::addNotes(const VxFbxFigure &figure, const QStringList &curveNot
         figure.pivotCount());
     add(VxFileText::tr("Helper nodes for scales that children do not inherit: %1."),
         figure.scaleCount());
-    add(VxFileText::tr("Values combined from layers that had to be sampled: %1."), m_sampledCount);
+    add(VxFileText::tr("Values combined from layers that had to be sampled: %1."),
+        m_counts.sampled);
     add(VxFileText::tr("Of these, values that change too fast to be sampled exactly: %1."),
-        m_coarseCount);
+        m_counts.coarse);
     add(VxFileText::tr(
             "Curves that the file continues outside of their keys, where the scene holds the end "
             "value: %1."),
-        m_extrapolatedCount);
+        m_counts.extrapolated);
 }

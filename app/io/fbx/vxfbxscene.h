@@ -57,9 +57,7 @@ private:
     std::vector<Value> m_values;
     std::vector<VxFbxClipTracks> m_tracks;              // one a stack
     std::vector<std::vector<ValueTrack>> m_valueTracks; // one a stack
-    int m_sampledCount = 0;
-    int m_coarseCount = 0;
-    int m_extrapolatedCount = 0;
+    VxFbxBlendCounts m_counts;
 };
 
 #endif

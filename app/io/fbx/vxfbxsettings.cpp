@@ -107,7 +107,5 @@ VxFbxSettings vxFbxReadSettings(const VxFbxRecords &records, QStringList *notes)
     else
         notes->append(
             VxFileText::tr("The file's unit of length is invalid; centimetres are used."));
-    records.integer(vxFbxProperty(records, properties, "TimeSpanStart"), &settings.spanStart);
-    records.integer(vxFbxProperty(records, properties, "TimeSpanStop"), &settings.spanEnd);
     return settings;
 }

@@ -24,8 +24,6 @@ struct VxFbxSettings
     /// The file's axes for right, up, and front.
     std::array<Axis, 3> axes{{{0, 1}, {1, 1}, {2, 1}}};
     double metresPerUnit = 0.01;
-    qint64 spanStart = 0; ///< ticks; the scene's time span, equal to the end when there is none
-    qint64 spanEnd = 0;
 };
 
 /// Reads the settings of a document. Missing or invalid ones get the format's default, the latter

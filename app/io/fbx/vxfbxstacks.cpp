@@ -123,7 +123,6 @@ VxFbxStack StackReader::read(int object, VxMotionFacts *facts)
 VxFbxLayer StackReader::readLayer(int object)
 {
     VxFbxLayer layer;
-    layer.name = m_objects.name(object);
     const qint64 blend = m_objects.integer(object, "BlendMode", VxFbxLayer::Additive);
     if (blend >= 0 && blend <= VxFbxLayer::Passthrough)
         layer.blend = static_cast<VxFbxLayer::Blend>(blend);

@@ -32,7 +32,6 @@ struct VxFbxLayer
 {
     enum Blend : quint8 { Additive, Override, Passthrough };
 
-    QString name;
     Blend blend = Additive;
     double weight = 1.0;       ///< 0 to 1
     int weightCurve = 0;       ///< object of a curve in percent; 0: constant weight

@@ -31,7 +31,7 @@ const char *find(const char *from, const char *end, char requested)
 
 VxFbxTextParser::VxFbxTextParser(const QByteArray &bytes, const VxFileProgress &progress)
     : m_records(bytes, true)
-    , m_progress(progress)
+    , m_progress(progress, bytes.size())
     , m_begin(m_records.bytes().constData())
     , m_at(m_begin)
     , m_end(m_begin + bytes.size())
@@ -47,12 +47,7 @@ bool VxFbxTextParser::fail(const char *place, const QString &message)
 
 bool VxFbxTextParser::report()
 {
-    const int percent =
-        static_cast<int>((m_at - m_begin) * 100 / std::max<qint64>(1, m_end - m_begin));
-    if (!m_progress || percent == m_percent)
-        return true;
-    m_percent = percent;
-    m_error.cancelled = !m_progress(percent);
+    m_error.cancelled = !m_progress.report(m_at - m_begin);
     return !m_error.cancelled;
 }
 

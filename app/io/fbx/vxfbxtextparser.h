@@ -32,13 +32,12 @@ private:
 
     VxFbxRecords m_records;
     VxFileError m_error;
-    const VxFileProgress &m_progress;
+    VxReadProgress m_progress;
     std::vector<VxFbxRecords::Index> m_open{0};
     VxFbxRecords::Index m_last = VxFbxRecords::None; // gets the values and the next brace
     const char *m_begin;
     const char *m_at;
     const char *m_end;
-    int m_percent = -1;
 };
 
 #endif

@@ -139,6 +139,14 @@ QString clipError(const VxMotionClip &clip, const std::vector<VxMotionNode> &nod
 
 } // namespace
 
+VxRotationOrder vxOrderOfAxes(const std::array<int, 3> &axes)
+{
+    int order = 0;
+    while (order < 5 && vxRotationAxes(VxRotationOrder(order)) != axes)
+        ++order;
+    return VxRotationOrder(order);
+}
+
 void VxMotionFacts::addOmission(const QString &what, const QString &why, const QString &name)
 {
     const auto same =

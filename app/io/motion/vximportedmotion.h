@@ -6,6 +6,7 @@
 #include <QVector>
 #include <array>
 #include <vector>
+#include <vxcore/vxeuler.h>
 #include <vxcore/vxkey.h>
 #include <vxcore/vxnode.h>
 
@@ -40,6 +41,9 @@ struct VxMotionShape
 
 /// The names of rotation orders in files, by VxNode::RotationOrder.
 inline constexpr const char *VxRotationOrderNames[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};
+
+/// The rotation order in which these axes, a permutation, are rotated about from left to right.
+VxRotationOrder vxOrderOfAxes(const std::array<int, 3> &axes);
 
 /// A number over time.
 struct VxMotionCurve

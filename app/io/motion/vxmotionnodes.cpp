@@ -70,26 +70,28 @@ void addProperties(VxNode *node, const VxMotionNode &data)
 }
 
 /// The ends of bones: those of the file, else the middle of their children.
-void setEndPoints(const VxImportedMotion &motion, const std::vector<VxNode *> &nodes)
+void setEndPoint(VxNode *node, const VxMotionNode &data)
 {
-    std::vector<QVector3D> sums(nodes.size());
-    std::vector<int> counts(nodes.size(), 0);
-    for (const VxMotionNode &node : motion.nodes) {
-        if (node.parent < 0)
-            continue;
-        sums[std::size_t(node.parent)] += vector(node.translation);
-        ++counts[std::size_t(node.parent)];
-    }
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const VxMotionNode &data = motion.nodes[i];
-        if (data.hasEndPoint)
-            nodes[i]->setEndPoint(vector(data.endPoint));
-        else if (data.kind == VxMotionNode::Bone && counts[i] > 0)
-            nodes[i]->setEndPoint(sums[i] / float(counts[i]));
-    }
+    if (data.hasEndPoint)
+        node->setEndPoint(vector(data.endPoint));
+    else if (data.kind == VxMotionNode::Bone && node->getNumNodeChildren() > 0)
+        node->setEndPoint(vxMiddleOfChildren(node));
 }
 
 } // namespace
+
+QVector3D vxMiddleOfChildren(const VxNode *node)
+{
+    QVector3D sum;
+    const int count = node->getNumNodeChildren();
+    for (int i = 0; i < count; ++i) {
+        const VxNode *child = node->getNodeChild(i);
+        sum += child->getOrigin();
+        for (int axis = 0; axis < 3; ++axis)
+            sum[axis] += child->getTransformControl(axis)->getStoredValue();
+    }
+    return count > 0 ? sum / float(count) : sum;
+}
 
 std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
                                                  const VxMotionChannels &channels,
@@ -114,6 +116,7 @@ std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
             (*nodes)[std::size_t(data.parent)]->addNodeChild(made.release());
     }
     report->nodes += int(nodes->size());
-    setEndPoints(motion, *nodes);
+    for (std::size_t i = 0; i < nodes->size(); ++i)
+        setEndPoint((*nodes)[i], motion.nodes[i]);
     return roots;
 }

@@ -14,4 +14,7 @@ std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
                                                  std::vector<VxNode *> *nodes,
                                                  VxImportReport *report);
 
+/// The middle of the positions of a node's children without keys; 0 when it has none.
+QVector3D vxMiddleOfChildren(const VxNode *node);
+
 #endif

@@ -370,8 +370,8 @@ void tst_VxBvhExport::endsOfBones()
     QVERIFY(VxBvhReader(m_file).readFile(&document, &error));
     QCOMPARE(int(document.joints.size()), 5);
     QVERIFY(document.joints.at(0).endSites.empty());
-    const VxBvhOffset end{1.0f, 2.0f, 3.0f};
-    QVERIFY(document.joints.at(4).endSites == std::vector<VxBvhOffset>{end});
+    const QVector3D end{1.0f, 2.0f, 3.0f};
+    QVERIFY(document.joints.at(4).endSites == std::vector<QVector3D>{end});
     QCOMPARE(document.frameCount, 31);
 }
 

@@ -79,7 +79,7 @@ QMatrix4x4 worldOf(const VxBvhDocument &document, int joint, int frame)
     for (int i = 0; i < joint; ++i)
         channel += static_cast<int>(document.joints[static_cast<std::size_t>(i)].channels.size());
     const VxBvhJoint &data = document.joints[static_cast<std::size_t>(joint)];
-    float place[3] = {data.offset.x, data.offset.y, data.offset.z};
+    QVector3D place = data.offset;
     QMatrix4x4 turn;
     for (const VxBvhChannel kind : data.channels) {
         const float value = document.channelValues(channel++)[frame];

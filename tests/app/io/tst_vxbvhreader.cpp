@@ -100,11 +100,11 @@ void TestVxBvhReader::readsTheSmallFile()
     const VxBvhJoint &hip = document.joints.front();
     QCOMPARE(hip.name, QStringLiteral("hip"));
     QCOMPARE(hip.parent, -1);
-    QVERIFY(hip.offset == (VxBvhOffset{1, 2, 3}));
+    QVERIFY(hip.offset == (QVector3D{1, 2, 3}));
     QVERIFY(hip.channels ==
             (std::vector<VxBvhChannel>{VxBvhChannel::ZRotation, VxBvhChannel::XRotation,
                                        VxBvhChannel::YRotation}));
-    QVERIFY(hip.endSites == (std::vector<VxBvhOffset>{{0, 1, 0}}));
+    QVERIFY(hip.endSites == (std::vector<QVector3D>{{0, 1, 0}}));
     QCOMPARE(document.frameCount, 2);
     QCOMPARE(document.frameTime, 0.0083333);
     QVERIFY(document.values == columns({1, 4, 2, 5, 3, 6}));
@@ -343,7 +343,7 @@ void TestVxBvhReader::readsSeveralRootsAndBranches()
     for (std::size_t i = 0; i < 5; ++i)
         QCOMPARE(document.joints[i].parent, parents[i]);
     QCOMPARE(document.joints[1].endSites.size(), std::size_t(2));
-    QCOMPARE(document.joints[1].endSites[1].z, 3.0f);
+    QCOMPARE(document.joints[1].endSites[1].z(), 3.0f);
     QVERIFY(document.values == columns({7, 8, 9}));
     QByteArray bytes;
     VxFileError error;

@@ -91,7 +91,7 @@ void TestVxBvhWriter::refuses()
         {"a duplicate channel",
          [](VxBvhDocument &d) { d.joints[0].channels[0] = d.joints[0].channels[1]; }},
         {"a value not finite", [=](VxBvhDocument &d) { d.values[3] = infinite; }},
-        {"an offset not finite", [=](VxBvhDocument &d) { d.joints[0].endSites[0].x = infinite; }},
+        {"an offset not finite", [=](VxBvhDocument &d) { d.joints[0].endSites[0].setX(infinite); }},
         {"a value missing", [](VxBvhDocument &d) { d.values.pop_back(); }},
         {"frame time zero", [](VxBvhDocument &d) { d.frameTime = 0.0; }},
         {"frames without channels",
