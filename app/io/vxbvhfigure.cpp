@@ -76,6 +76,9 @@ std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
 {
     auto skeleton = std::make_unique<VxSkeleton>(name);
     const SharedKeys keys(timing);
+    VxChildMiddles middles(document.joints.size());
+    for (const VxBvhJoint &joint : document.joints)
+        middles.add(joint.parent, joint.offset);
     std::vector<VxBone *> bones;
     bones.reserve(document.joints.size());
     int channelIndex = 0;
@@ -90,12 +93,9 @@ std::unique_ptr<VxSkeleton> vxBvhBuildFigure(const VxBvhDocument &document,
             bones[static_cast<std::size_t>(joint.parent)]->addNodeChild(bone);
         bones.push_back(bone);
         placeBone(bone, joint);
+        bone->setEndPoint(joint.endSites.empty() ? middles.of(i) : joint.endSites.front());
         for (const VxBvhChannel channel : joint.channels)
             keys.give(control(*bone, channel), document.channelValues(channelIndex++));
-    }
-    for (std::size_t i = 0; i < bones.size(); ++i) {
-        const std::vector<QVector3D> &sites = document.joints[i].endSites;
-        bones[i]->setEndPoint(sites.empty() ? vxMiddleOfChildren(bones[i]) : sites.front());
     }
     return skeleton;
 }

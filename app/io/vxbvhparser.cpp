@@ -273,7 +273,7 @@ bool VxBvhParser::parseEndSite(const Word &keyword)
 bool VxBvhParser::readOffset(QVector3D *offset, const QString &owner)
 {
     for (int axis = 0; axis < 3; ++axis) {
-        const VxBvhTokenizer::NumberResult result = m_tokens.readFloat(&(*offset)[axis]);
+        const VxBvhTokenizer::NumberResult result = m_tokens.readNumber(&(*offset)[axis]);
         if (result != VxBvhTokenizer::NumberResult::Ok)
             return failNumber(result, VxFileText::tr("The offset of %1").arg(owner));
     }

@@ -56,7 +56,7 @@ bool VxBvhParser::parseFrameTime()
     if (m_tokens.peek().is(":"))
         m_tokens.next();
     const Word shown = m_tokens.peek();
-    const VxBvhTokenizer::NumberResult result = m_tokens.readDouble(&m_document.frameTime);
+    const VxBvhTokenizer::NumberResult result = m_tokens.readNumber(&m_document.frameTime);
     if (result != VxBvhTokenizer::NumberResult::Ok)
         return failNumber(result, VxFileText::tr("The frame time"));
     if (!(m_document.frameTime > 0.0))
@@ -137,7 +137,7 @@ bool VxBvhParser::leaveOutSurplusFrames()
     qint64 frames = 0;
     while (!m_tokens.isAtEnd()) {
         for (float &value : row) {
-            if (m_tokens.readFloat(&value) != VxBvhTokenizer::NumberResult::Ok) {
+            if (m_tokens.readNumber(&value) != VxBvhTokenizer::NumberResult::Ok) {
                 m_tokens = before;
                 return false;
             }
@@ -151,7 +151,7 @@ bool VxBvhParser::leaveOutSurplusFrames()
 bool VxBvhParser::parseFrame(int frame, float *row)
 {
     for (int channel = 0; channel < m_channelCount; ++channel) {
-        const VxBvhTokenizer::NumberResult result = m_tokens.readFloat(row + channel);
+        const VxBvhTokenizer::NumberResult result = m_tokens.readNumber(row + channel);
         if (result == VxBvhTokenizer::NumberResult::EndOfFile)
             return failTooFew(frame, channel);
         if (result != VxBvhTokenizer::NumberResult::Ok)

@@ -1,5 +1,7 @@
 #include "io/vxbvhsampler.h"
 
+#include "io/motion/vxmotionwriter.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxbone.h>
@@ -7,18 +9,6 @@
 #include <vxcore/vxskeleton.h>
 
 namespace {
-
-using Controls = std::array<const VxFloatProperty *, 3>;
-
-Controls positions(const VxNode *node)
-{
-    return {node->getXPosControl(), node->getYPosControl(), node->getZPosControl()};
-}
-
-Controls rotations(const VxNode *node)
-{
-    return {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()};
-}
 
 /// A valid joint name: one line that is not empty and opens no block.
 QString jointName(const QString &label)
@@ -96,20 +86,24 @@ bool VxBvhSampler::isAlways(const VxFloatProperty *control, float value) const
                        [value](float other) { return other == value; });
 }
 
+bool VxBvhSampler::areAlways(const VxNode *node, VxMotionTarget first, VxMotionTarget last,
+                             float value) const
+{
+    bool always = true;
+    for (int i = int(first); i <= int(last); ++i)
+        always = always && isAlways(node->getTransformControl(i), value);
+    return always;
+}
+
 bool VxBvhSampler::isUnscaled(const VxNode *node) const
 {
-    return isAlways(node->getScaleControl(), 1.0f) && isAlways(node->getXScaleControl(), 1.0f) &&
-           isAlways(node->getYScaleControl(), 1.0f) && isAlways(node->getZScaleControl(), 1.0f);
+    return areAlways(node, VxMotionTarget::Scale, VxMotionTarget::ZScale, 1.0f);
 }
 
 bool VxBvhSampler::isAtOrigin(const VxNode *node) const
 {
-    bool still = node->getOrigin().isNull();
-    for (const Controls &controls : {positions(node), rotations(node)}) {
-        for (const VxFloatProperty *control : controls)
-            still = still && isAlways(control, 0.0f);
-    }
-    return still;
+    return node->getOrigin().isNull() &&
+           areAlways(node, VxMotionTarget::XTranslate, VxMotionTarget::ZRotate, 0.0f);
 }
 
 int VxBvhSampler::jointAbove(const VxNode *node) const
@@ -139,7 +133,7 @@ void VxBvhSampler::addJoint(const VxBone *bone)
     for (; above != m_skeleton && !m_indexes.contains(above); above = above->getNodeParent())
         joint.isUnscaled = joint.isUnscaled && isUnscaled(above);
     joint.moves = isRoot || !joint.isDirect;
-    for (const VxFloatProperty *control : positions(bone)) {
+    for (const VxFloatProperty *control : vxControlsOf(bone, VxMotionTarget::XTranslate)) {
         const float first = control->getValue(m_times.constFirst());
         joint.moves = joint.moves || control->getNumKeys() > 0 || !isAlways(control, first);
     }
@@ -182,7 +176,7 @@ void VxBvhSampler::setOffset(const Joint &joint, std::size_t index,
 {
     if (joint.isDirect) {
         QVector3D offset = joint.bone->getOrigin();
-        const Controls controls = positions(joint.bone);
+        const auto controls = vxControlsOf(joint.bone, VxMotionTarget::XTranslate);
         for (int axis = 0; axis < 3; ++axis) {
             const VxFloatProperty *control = controls[std::size_t(axis)];
             offset[axis] += control->getNumKeys() > 0 ? control->getStoredValue()
@@ -209,14 +203,14 @@ void VxBvhSampler::copy(const Joint &joint, float *values) const
     const int count = m_times.size();
     if (joint.moves) {
         const QVector3D origin = joint.bone->getOrigin();
-        const Controls controls = positions(joint.bone);
+        const auto controls = vxControlsOf(joint.bone, VxMotionTarget::XTranslate);
         for (int axis = 0; axis < 3; ++axis, values += count) {
             controls[std::size_t(axis)]->getValues(m_times.constData(), count, values);
             std::transform(values, values + count, values,
                            [part = origin[axis]](float value) { return part + value; });
         }
     }
-    const Controls controls = rotations(joint.bone);
+    const auto controls = vxControlsOf(joint.bone, VxMotionTarget::XRotate);
     for (const int axis : vxRotationAxes(vxRotationOrder(joint.bone->getRotationOrder()))) {
         controls[std::size_t(axis)]->getValues(m_times.constData(), count, values);
         values += count;

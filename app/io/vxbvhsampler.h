@@ -1,6 +1,7 @@
 #ifndef VXIO_VXBVHSAMPLER_H
 #define VXIO_VXBVHSAMPLER_H
 
+#include "io/motion/vximportedmotion.h"
 #include "io/vxbvhdocument.h"
 #include "io/vxfileprogress.h"
 
@@ -12,7 +13,6 @@
 
 class VxBone;
 class VxFloatProperty;
-class VxNode;
 class VxSkeleton;
 
 /// Samples the joints of a figure, and the values of their channels at given times, for a motion
@@ -50,6 +50,8 @@ private:
     };
 
     bool isAlways(const VxFloatProperty *control, float value) const;
+    bool areAlways(const VxNode *node, VxMotionTarget first, VxMotionTarget last,
+                   float value) const;
     bool isUnscaled(const VxNode *node) const;
     bool isAtOrigin(const VxNode *node) const;
     int jointAbove(const VxNode *node) const;

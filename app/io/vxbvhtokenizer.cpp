@@ -146,15 +146,8 @@ template <typename T> VxBvhTokenizer::NumberResult VxBvhTokenizer::readNumber(T 
     return NumberResult::Ok;
 }
 
-VxBvhTokenizer::NumberResult VxBvhTokenizer::readFloat(float *value)
-{
-    return readNumber(value);
-}
-
-VxBvhTokenizer::NumberResult VxBvhTokenizer::readDouble(double *value)
-{
-    return readNumber(value);
-}
+template VxBvhTokenizer::NumberResult VxBvhTokenizer::readNumber(float *value);
+template VxBvhTokenizer::NumberResult VxBvhTokenizer::readNumber(double *value);
 
 qint64 VxBvhTokenizer::lastLine() const
 {

@@ -47,8 +47,7 @@ public:
 
     /// Reads a number at the next word. On failure the position stays before that word, so that
     /// next() returns it for the message. Numbers too small for the type become 0 or denormal.
-    NumberResult readFloat(float *value);
-    NumberResult readDouble(double *value);
+    template <typename T> NumberResult readNumber(T *value);
 
     /// Line of the present position.
     qint64 line() const { return m_line; }
@@ -65,7 +64,6 @@ public:
 
 private:
     void skipBlanks();
-    template <typename T> NumberResult readNumber(T *value);
 
     const char *m_begin;
     const char *m_at;

@@ -12,17 +12,41 @@ Q_LOGGING_CATEGORY(vxFilesLog, "vx.files", QtWarningMsg)
 
 namespace {
 
-QStringList patternsOf(const VxFileFormat &format)
+template <class Predicate>
+QVector<VxFileFormat> those(QVector<VxFileFormat> formats, const Predicate &match)
+{
+    const auto others = std::stable_partition(formats.begin(), formats.end(), match);
+    formats.erase(others, formats.end());
+    return formats;
+}
+
+QVector<VxFileFormat> writable(const QVector<VxFileFormat> &formats)
+{
+    return those(formats, [](const VxFileFormat &format) { return bool(format.write); });
+}
+
+QStringList patternsOf(const QVector<VxFileFormat> &formats)
 {
     QStringList list;
-    for (const QString &suffix : format.suffixes)
-        list.append(QStringLiteral("*.") + suffix);
+    for (const VxFileFormat &format : formats) {
+        for (const QString &suffix : format.suffixes)
+            list.append(QStringLiteral("*.") + suffix);
+    }
     return list;
 }
 
-QString filter(const QString &name, const QStringList &list)
+QString filter(const QString &name, const QVector<VxFileFormat> &formats)
 {
-    return QStringLiteral("%1 (%2)").arg(name, list.join(QLatin1Char(' ')));
+    return QStringLiteral("%1 (%2)").arg(name, patternsOf(formats).join(QLatin1Char(' ')));
+}
+
+/// Each format alone.
+QStringList filtersOf(const QVector<VxFileFormat> &formats)
+{
+    QStringList filters;
+    for (const VxFileFormat &format : formats)
+        filters.append(filter(format.name, {format}));
+    return filters;
 }
 
 /// "*.xyz" for "walk.xyz"; the whole name of a file without a suffix.
@@ -65,7 +89,7 @@ bool VxFileFormats::read(const QString &fileName, VxScene *scene, const VxFilePr
     }
     return vxFail(error,
                   VxFileText::tr("Unsupported file type: %1. Supported: %2")
-                      .arg(typeOf(file), patterns(false).join(QStringLiteral(", "))),
+                      .arg(typeOf(file), patternsOf(m_formats).join(QStringLiteral(", "))),
                   fileName);
 }
 
@@ -79,7 +103,8 @@ bool VxFileFormats::write(const QString &fileName, const VxScene *scene,
     }
     return vxFail(error,
                   VxFileText::tr("Cannot save this file type: %1. Supported: %2")
-                      .arg(typeOf(QFileInfo(fileName)), patterns(true).join(QStringLiteral(", "))),
+                      .arg(typeOf(QFileInfo(fileName)),
+                           patternsOf(writable(m_formats)).join(QStringLiteral(", "))),
                   fileName);
 }
 
@@ -97,44 +122,17 @@ bool VxFileFormats::isMotion(const QString &fileName) const
 
 QStringList VxFileFormats::motionFilters() const
 {
-    QStringList filters;
-    QStringList all;
-    for (const VxFileFormat &format : m_formats) {
-        if (format.isMotion)
-            all += patternsOf(format);
-    }
-    filters.append(filter(VxFileText::tr("All motion files"), all));
-    for (const VxFileFormat &format : m_formats) {
-        if (format.isMotion)
-            filters.append(filter(format.name, patternsOf(format)));
-    }
-    return filters;
+    const QVector<VxFileFormat> formats =
+        those(m_formats, [](const VxFileFormat &format) { return format.isMotion; });
+    return QStringList(filter(VxFileText::tr("All motion files"), formats)) + filtersOf(formats);
 }
 
 QStringList VxFileFormats::readFilters() const
 {
-    QStringList filters = {filter(VxFileText::tr("All scene files"), patterns(false))};
-    for (const VxFileFormat &format : m_formats)
-        filters.append(filter(format.name, patternsOf(format)));
-    return filters;
+    return QStringList(filter(VxFileText::tr("All scene files"), m_formats)) + filtersOf(m_formats);
 }
 
 QStringList VxFileFormats::writeFilters() const
 {
-    QStringList filters;
-    for (const VxFileFormat &format : m_formats) {
-        if (format.write)
-            filters.append(filter(format.name, patternsOf(format)));
-    }
-    return filters;
-}
-
-QStringList VxFileFormats::patterns(bool writableOnly) const
-{
-    QStringList all;
-    for (const VxFileFormat &format : m_formats) {
-        if (format.write || !writableOnly)
-            all += patternsOf(format);
-    }
-    return all;
+    return filtersOf(writable(m_formats));
 }

@@ -64,8 +64,6 @@ public:
     QStringList writeFilters() const;
 
 private:
-    QStringList patterns(bool writableOnly) const;
-
     QVector<VxFileFormat> m_formats;
 };
 

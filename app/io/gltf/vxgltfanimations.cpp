@@ -69,12 +69,11 @@ bool AnimationReader::omit(const QString &why, int node)
 
 bool AnimationReader::readTimes(qint64 accessor, Sampler *sampler, QString *message)
 {
-    VxGltfAccessorInfo info;
+    int components = 0;
     const int index = int(qMin<qint64>(accessor, INT_MAX));
-    if (!m_document->describe(index, &info, message) ||
-        !m_document->read(index, &sampler->times, message))
+    if (!m_document->read(index, &sampler->times, &components, message))
         return false;
-    if (info.components != 1)
+    if (components != 1)
         return vxFail(message, VxFileText::tr("Accessor %1 does not contain times.").arg(index));
     return true;
 }
@@ -130,9 +129,10 @@ bool AnimationReader::readSampler(qint64 index, Sampler *sampler, QString *messa
         sampler->segment = VxMotionSegment::Cubic;
     else if (!kind.isEmpty() && kind != QLatin1String("LINEAR"))
         return vxFail(message, VxFileText::tr("unknown interpolation \"%1\".").arg(kind));
+    int components = 0; // the channel decides how many numbers a key has
     const int output = int(qMin<qint64>(vxGltfIndex(object, "output"), INT_MAX));
     if (!readTimes(vxGltfIndex(object, "input"), sampler, message) ||
-        !m_document->read(output, &sampler->numbers, message))
+        !m_document->read(output, &sampler->numbers, &components, message))
         return false;
     for (const double number : sampler->numbers) {
         if (!std::isfinite(number))

@@ -133,15 +133,22 @@ bool jumpsAt(const Curve &curve, VxTime time)
     return curve.typeAt(time - 1) == VxKeyInterp::Constant && curve.at(time - 1) != curve.at(time);
 }
 
-/// What kinds of segments there are within a range.
-struct Kinds
+/// The times of the keys of some curves, and what kinds of segments are between them.
+struct Plan
 {
+    bool isSampled = false;
+    std::vector<VxTime> times;
     bool hasStep = false; ///< a constant segment that is followed by another value
     bool hasLine = false;
     bool hasCurve = false;
 
-    Kinds(const std::vector<Curve> &curves, const std::vector<VxTime> &times)
+    Plan(const std::vector<Curve> &curves, const VxTimeRange &range, const VxFrameTimes &frames)
+        : isSampled(std::any_of(curves.begin(), curves.end(),
+                                [](const Curve &curve) { return curve.isLinked(); }))
+        , times(isSampled ? frames.all() : keyTimes(curves, range))
     {
+        if (isSampled)
+            return;
         for (const Curve &curve : curves) {
             for (std::size_t i = 0; i + 1 < times.size(); ++i) {
                 const int type = curve.typeAt(times[i]);
@@ -152,6 +159,7 @@ struct Kinds
             }
         }
     }
+    bool isOfSteps() const { return hasStep && !hasLine && !hasCurve; }
 };
 
 /// Adds the tick before each jump, so that lines and curves can hold up to it.
@@ -286,18 +294,14 @@ VxGltfKeys vxGltfKeysOf(const std::vector<VxGltfValue> &values, const VxTimeRang
                         const VxFrameTimes &frames)
 {
     const std::vector<Curve> curves(values.begin(), values.end());
+    const Plan plan(curves, range, frames);
     VxGltfKeys keys;
-    const bool isSampled =
-        std::any_of(curves.begin(), curves.end(), [](const Curve &c) { return c.isLinked(); });
-    keys.times = isSampled ? frames.all() : keyTimes(curves, range);
-    const Kinds kinds = isSampled ? Kinds({}, {}) : Kinds(curves, keys.times);
-    if (kinds.hasStep && !kinds.hasLine && !kinds.hasCurve) {
-        keys.kind = VxGltfKeys::Step;
-    } else if (!isSampled) {
-        keys.kind = kinds.hasCurve ? VxGltfKeys::Cubic : VxGltfKeys::Linear;
-        if (kinds.hasStep)
-            addJumps(curves, &keys.times);
-    }
+    keys.times = plan.times;
+    keys.kind = plan.isOfSteps() ? VxGltfKeys::Step
+                : plan.hasCurve  ? VxGltfKeys::Cubic
+                                 : VxGltfKeys::Linear;
+    if (plan.hasStep && !plan.isOfSteps())
+        addJumps(curves, &keys.times);
     if (keys.kind == VxGltfKeys::Cubic) {
         addCubic(curves, &keys);
         return keys;
@@ -318,16 +322,14 @@ VxGltfKeys vxGltfRotationKeys(const std::array<const VxFloatProperty *, 3> &angl
     for (const VxFloatProperty *angle : angles)
         curves.emplace_back(VxGltfValue{angle, 1.0, 0.0});
     const Rotations rotations(angles, order);
+    const Plan plan(curves, range, frames);
+    std::vector<VxTime> times = plan.times;
     VxGltfKeys keys;
-    const bool isSampled =
-        std::any_of(curves.begin(), curves.end(), [](const Curve &c) { return c.isLinked(); });
-    std::vector<VxTime> times = isSampled ? frames.all() : keyTimes(curves, range);
-    const Kinds kinds = isSampled ? Kinds({}, {}) : Kinds(curves, times);
-    if (kinds.hasStep && !kinds.hasLine && !kinds.hasCurve) {
+    if (plan.isOfSteps()) {
         keys.kind = VxGltfKeys::Step;
         keys.times = times;
     } else {
-        if (kinds.hasStep)
+        if (plan.hasStep)
             addJumps(curves, &times);
         RotationRefiner refiner(rotations, frames, &keys);
         keys.times.push_back(times.front());

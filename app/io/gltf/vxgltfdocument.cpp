@@ -243,50 +243,45 @@ bool VxGltfDocument::parse(const QByteArray &bytes, QString *message, qint64 *of
     return true;
 }
 
-bool VxGltfDocument::describe(int accessor, VxGltfAccessorInfo *info, QString *message) const
+bool VxGltfDocument::describe(int accessor, Block *block, QString *message) const
 {
-    *info = VxGltfAccessorInfo();
     if (accessor < 0 || accessor >= m_accessors.size())
         return vxFail(message, VxFileText::tr("Accessor %1 does not exist.").arg(accessor));
     const QJsonObject object = m_accessors.at(accessor).toObject();
-    const qint64 type = vxGltfIndex(object, "componentType");
-    const int components = componentsOf(object.value(QLatin1String("type")).toString());
-    const qint64 count = vxGltfIndex(object, "count");
-    if (componentSize(type) == 0 || components == 0 || count < 0 ||
-        vxGltfIndex(object, "byteOffset", 0) < 0)
+    block->view = vxGltfIndex(object, "bufferView");
+    block->offset = vxGltfIndex(object, "byteOffset", 0);
+    block->count = vxGltfIndex(object, "count");
+    block->type = vxGltfIndex(object, "componentType");
+    block->components = componentsOf(object.value(QLatin1String("type")).toString());
+    block->normalized = object.value(QLatin1String("normalized")).toBool();
+    if (componentSize(block->type) == 0 || block->components == 0 || block->count < 0 ||
+        block->offset < 0)
         return vxFail(message, VxFileText::tr("Invalid description of accessor %1.").arg(accessor));
-    if (count > m_numbersLeft / components)
+    if (block->count > m_numbersLeft / block->components)
         return vxFail(
             message, VxFileText::tr("Accessor %1 declares %2 values; the file has more than can be "
                                     "read.")
                          .arg(accessor)
-                         .arg(count));
-    *info = {components, count};
+                         .arg(block->count));
     return true;
 }
 
-bool VxGltfDocument::read(int accessor, std::vector<double> *numbers, QString *message)
+bool VxGltfDocument::read(int accessor, std::vector<double> *numbers, int *components,
+                          QString *message)
 {
-    VxGltfAccessorInfo info;
-    if (!describe(accessor, &info, message))
-        return false;
-    const QJsonObject object = m_accessors.at(accessor).toObject();
     Block block;
-    block.view = vxGltfIndex(object, "bufferView");
-    block.offset = vxGltfIndex(object, "byteOffset", 0);
-    block.count = info.count;
-    block.type = vxGltfIndex(object, "componentType");
-    block.components = info.components;
-    block.normalized = object.value(QLatin1String("normalized")).toBool();
-    m_numbersLeft -= info.count * info.components;
-
+    if (!describe(accessor, &block, message))
+        return false;
+    *components = block.components;
+    m_numbersLeft -= block.count * block.components;
+    const QJsonObject object = m_accessors.at(accessor).toObject();
     const bool hasView = object.contains(QLatin1String("bufferView"));
     const bool isSparse = object.contains(QLatin1String("sparse"));
     bool done = true;
     if (hasView)
         done = readBlock(block, numbers, message);
     else
-        numbers->assign(std::size_t(info.count * info.components), 0.0);
+        numbers->assign(std::size_t(block.count * block.components), 0.0);
     if (done && isSparse)
         done = putSparse(object.value(QLatin1String("sparse")).toObject(), block, numbers, message);
     if (!done)

@@ -10,13 +10,6 @@
 #include <QString>
 #include <vector>
 
-/// The layout of an accessor's numbers.
-struct VxGltfAccessorInfo
-{
-    int components = 0; ///< numbers an element, 1 to 16; 0: no such accessor
-    qint64 count = 0;   ///< elements
-};
-
 /// The JSON and the binary data of a glTF 2.0 file, as .gltf text or .glb.
 ///
 /// Input is untrusted: indexes, counts, offsets and strides are checked against the available data
@@ -40,12 +33,10 @@ public:
     /// A top-level array; empty if missing.
     QJsonArray array(const char *name) const { return m_root.value(QLatin1String(name)).toArray(); }
 
-    /// Kind and size of an accessor. False for an index that does not exist or inconsistent
-    /// members.
-    bool describe(int accessor, VxGltfAccessorInfo *info, QString *message) const;
-    /// Decodes an accessor to count * components numbers: integers normalised if marked so, sparse
-    /// values inserted. The total of numbers per document is limited.
-    bool read(int accessor, std::vector<double> *numbers, QString *message);
+    /// Decodes the elements of an accessor: integers normalised if marked so, sparse values
+    /// inserted. components: of an element, 1 to 16. False for an index that does not exist or
+    /// inconsistent members. The total of numbers per document is limited.
+    bool read(int accessor, std::vector<double> *numbers, int *components, QString *message);
 
 private:
     struct Block;
@@ -53,6 +44,7 @@ private:
     bool parseBinary(const QByteArray &bytes, QString *message, qint64 *offset);
     bool parseJson(const QByteArray &text, qint64 at, QString *message, qint64 *offset);
     bool checkVersion(QString *message) const;
+    bool describe(int accessor, Block *block, QString *message) const;
     bool readBlock(const Block &block, std::vector<double> *numbers, QString *message);
     bool putSparse(const QJsonObject &sparse, const Block &block, std::vector<double> *numbers,
                    QString *message);

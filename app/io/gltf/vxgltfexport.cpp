@@ -25,12 +25,7 @@ QString key(const char *text)
     return QString::fromLatin1(text);
 }
 
-std::array<const VxFloatProperty *, 3> rotationsOf(const VxNode *node)
-{
-    return {{node->getXRotControl(), node->getYRotControl(), node->getZRotControl()}};
-}
-
-QJsonArray arrayOf(const std::vector<double> &numbers)
+template <class Numbers> QJsonArray arrayOf(const Numbers &numbers)
 {
     QJsonArray array;
     for (const double number : numbers)
@@ -105,23 +100,23 @@ void GltfWriter::addNodes(const VxNode *root)
 void GltfWriter::addRest(const VxNode *node, QJsonObject *object) const
 {
     const VxTime time = m_range.getStart();
-    const QVector3D origin = node->getOrigin();
-    const auto value = [time](const VxFloatProperty *control) {
-        return double(control->getValue(time));
+    const auto values = [&](VxMotionTarget first) {
+        const auto controls = vxControlsOf(node, first);
+        return VxEuler{double(controls[0]->getValue(time)), double(controls[1]->getValue(time)),
+                       double(controls[2]->getValue(time))};
     };
-    const double uniform = value(node->getScaleControl());
-    object->insert(key("translation"),
-                   arrayOf({double(origin.x()) + value(node->getXPosControl()),
-                            double(origin.y()) + value(node->getYPosControl()),
-                            double(origin.z()) + value(node->getZPosControl())}));
+    VxEuler position = values(VxMotionTarget::XTranslate);
+    VxEuler scale = values(VxMotionTarget::XScale);
+    const double uniform = double(node->getScaleControl()->getValue(time));
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        position[axis] = double(node->getOrigin()[int(axis)]) + position[axis];
+        scale[axis] = uniform * scale[axis];
+    }
     const VxQuaternion q =
-        vxQuaternion(VxEuler{value(node->getXRotControl()), value(node->getYRotControl()),
-                             value(node->getZRotControl())},
-                     VxRotationOrder(node->getRotationOrder()));
-    object->insert(key("rotation"), arrayOf({q.x, q.y, q.z, q.w}));
-    object->insert(key("scale"), arrayOf({uniform * value(node->getXScaleControl()),
-                                          uniform * value(node->getYScaleControl()),
-                                          uniform * value(node->getZScaleControl())}));
+        vxQuaternion(values(VxMotionTarget::XRotate), VxRotationOrder(node->getRotationOrder()));
+    object->insert(key("translation"), arrayOf(position));
+    object->insert(key("rotation"), arrayOf(std::array<double, 4>{q.x, q.y, q.z, q.w}));
+    object->insert(key("scale"), arrayOf(scale));
 }
 
 QJsonObject GltfWriter::nodeObject(const VxNode *node)
@@ -131,9 +126,9 @@ QJsonObject GltfWriter::nodeObject(const VxNode *node)
     const QVector3D end = node->getEndPoint();
     object.insert(
         key("extras"),
-        QJsonObject{
-            {key("rotationOrder"), key(VxRotationOrderNames[node->getRotationOrder()])},
-            {key("endPoint"), arrayOf({double(end.x()), double(end.y()), double(end.z())})}});
+        QJsonObject{{key("rotationOrder"), key(VxRotationOrderNames[node->getRotationOrder()])},
+                    {key("endPoint"),
+                     arrayOf(VxEuler{double(end.x()), double(end.y()), double(end.z())})}});
     QJsonArray children;
     for (int i = 0; i < node->getNumNodeChildren(); ++i)
         children.append(m_index.value(node->getNodeChild(i)));
@@ -217,20 +212,19 @@ void GltfWriter::addChannel(const VxNode *node, const char *path, const VxGltfKe
 
 void GltfWriter::addTranslation(const VxNode *node)
 {
-    const VxFloatProperty *const controls[] = {node->getXPosControl(), node->getYPosControl(),
-                                               node->getZPosControl()};
-    if (!std::any_of(controls, controls + 3, vxIsAnimated))
+    const auto controls = vxControlsOf(node, VxMotionTarget::XTranslate);
+    if (!std::any_of(controls.begin(), controls.end(), vxIsAnimated))
         return;
     std::vector<VxGltfValue> values;
     values.reserve(3);
-    for (int axis = 0; axis < 3; ++axis)
-        values.push_back({controls[axis], 1.0, double(node->getOrigin()[axis])});
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        values.push_back({controls[axis], 1.0, double(node->getOrigin()[int(axis)])});
     addChannel(node, "translation", vxGltfKeysOf(values, m_range, framesOf(node)), "VEC3");
 }
 
 void GltfWriter::addRotation(const VxNode *node)
 {
-    const std::array<const VxFloatProperty *, 3> controls = rotationsOf(node);
+    const auto controls = vxControlsOf(node, VxMotionTarget::XRotate);
     if (!std::any_of(controls.begin(), controls.end(), vxIsAnimated))
         return;
     addChannel(node, "rotation",
@@ -243,10 +237,9 @@ void GltfWriter::addRotation(const VxNode *node)
 void GltfWriter::addScale(const VxNode *node)
 {
     const VxFloatProperty *common = node->getScaleControl();
-    const VxFloatProperty *const controls[] = {node->getXScaleControl(), node->getYScaleControl(),
-                                               node->getZScaleControl()};
+    const auto controls = vxControlsOf(node, VxMotionTarget::XScale);
     const bool isCommon = vxIsAnimated(common);
-    const bool isOwn = std::any_of(controls, controls + 3, vxIsAnimated);
+    const bool isOwn = std::any_of(controls.begin(), controls.end(), vxIsAnimated);
     if (!isCommon && !isOwn)
         return;
     const VxTime start = m_range.getStart();

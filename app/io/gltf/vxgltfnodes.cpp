@@ -216,15 +216,14 @@ void NodeReader::readBindMatrices(const QJsonObject &skin, int number)
     std::vector<double> matrices;
     const auto accessor = int(qMin<qint64>(vxGltfIndex(skin, "inverseBindMatrices"), INT_MAX));
     const int joints = skin.value(QLatin1String("joints")).toArray().size();
-    VxGltfAccessorInfo info;
-    if (!m_document->describe(accessor, &info, &message) ||
-        !m_document->read(accessor, &matrices, &message))
+    int components = 0;
+    if (!m_document->read(accessor, &matrices, &components, &message))
         m_motion->facts.notes.append(VxFileText::tr("The bind pose of skin %1 cannot be read. %2")
                                          .arg(QString::number(number), message));
-    else if (info.components != 16 || info.count < joints)
+    else if (components != 16 || int(matrices.size()) / components < joints)
         m_motion->facts.notes.append(VxFileText::tr("Skin %1 has %2 joints but %3 bind matrices.")
                                          .arg(QString::number(number), QString::number(joints),
-                                              QString::number(info.count)));
+                                              QString::number(int(matrices.size()) / components)));
 }
 
 void NodeReader::readMorphs(const QJsonObject &object, VxMotionNode *node) const

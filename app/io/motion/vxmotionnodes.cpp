@@ -70,28 +70,21 @@ void addProperties(VxNode *node, const VxMotionNode &data)
 }
 
 /// The ends of bones: those of the file, else the middle of their children.
-void setEndPoint(VxNode *node, const VxMotionNode &data)
+void setEndPoints(const VxImportedMotion &motion, const std::vector<VxNode *> &nodes)
 {
-    if (data.hasEndPoint)
-        node->setEndPoint(vector(data.endPoint));
-    else if (data.kind == VxMotionNode::Bone && node->getNumNodeChildren() > 0)
-        node->setEndPoint(vxMiddleOfChildren(node));
+    VxChildMiddles middles(nodes.size());
+    for (const VxMotionNode &node : motion.nodes)
+        middles.add(node.parent, vector(node.translation));
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const VxMotionNode &data = motion.nodes[i];
+        if (data.hasEndPoint)
+            nodes[i]->setEndPoint(vector(data.endPoint));
+        else if (data.kind == VxMotionNode::Bone && middles.has(i))
+            nodes[i]->setEndPoint(middles.of(i));
+    }
 }
 
 } // namespace
-
-QVector3D vxMiddleOfChildren(const VxNode *node)
-{
-    QVector3D sum;
-    const int count = node->getNumNodeChildren();
-    for (int i = 0; i < count; ++i) {
-        const VxNode *child = node->getNodeChild(i);
-        sum += child->getOrigin();
-        for (int axis = 0; axis < 3; ++axis)
-            sum[axis] += child->getTransformControl(axis)->getStoredValue();
-    }
-    return count > 0 ? sum / float(count) : sum;
-}
 
 std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
                                                  const VxMotionChannels &channels,
@@ -116,7 +109,6 @@ std::vector<std::unique_ptr<VxNode>> vxMakeNodes(const VxImportedMotion &motion,
             (*nodes)[std::size_t(data.parent)]->addNodeChild(made.release());
     }
     report->nodes += int(nodes->size());
-    for (std::size_t i = 0; i < nodes->size(); ++i)
-        setEndPoint((*nodes)[i], motion.nodes[i]);
+    setEndPoints(motion, *nodes);
     return roots;
 }

@@ -14,6 +14,12 @@ QVector<const VxNode *> vxNodesToExport(const VxScene *scene, const VxNode *root
     return nodes;
 }
 
+std::array<const VxFloatProperty *, 3> vxControlsOf(const VxNode *node, VxMotionTarget first)
+{
+    const auto control = [=](int axis) { return node->getTransformControl(int(first) + axis); };
+    return {{control(0), control(1), control(2)}};
+}
+
 QVector<const VxMorph *> vxMorphsOf(const VxNode *node)
 {
     QVector<const VxMorph *> morphs;

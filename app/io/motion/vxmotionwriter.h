@@ -1,14 +1,15 @@
 #ifndef VXIO_VXMOTIONWRITER_H
 #define VXIO_VXMOTIONWRITER_H
 
+#include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"
 
 #include <QVector>
 #include <vxcore/vxtimerange.h>
 
+class VxFloatProperty;
 class VxMorph;
-class VxNode;
 class VxScene;
 
 /// The motion for a writer of motion files. The scene is borrowed and not changed.
@@ -31,6 +32,10 @@ struct VxMotionSource
 
 /// A node with everything below it, or without one all nodes of the scene; parents first.
 QVector<const VxNode *> vxNodesToExport(const VxScene *scene, const VxNode *root);
+
+/// A transform control of a node for each axis: those of its position, rotation or scale, by the
+/// first of them.
+std::array<const VxFloatProperty *, 3> vxControlsOf(const VxNode *node, VxMotionTarget first);
 
 /// The morphs of a node's object, in their order.
 QVector<const VxMorph *> vxMorphsOf(const VxNode *node);
