@@ -2,7 +2,7 @@
 // record, which is queued for the thread that writes to the disk. The floor copies the bytes that
 // the entry changed, those before and those after, to memory that was used before.
 
-#include "io/vxscenejournalwriter.h"
+#include "io/vxscenejournal.h"
 #include "recovery/recoverywriter.h"
 #include "testing/vxscenebuilder.h"
 

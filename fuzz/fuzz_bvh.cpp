@@ -18,7 +18,7 @@ void checkDocument(const VxBvhDocument &document)
     VxFileError error;
     VxBvhDocument again;
     require(VxBvhWriter::write(document, &written, &error));
-    require(VxBvhReader().read(written, &again, &error));
+    require(vxReadBvh(written, &again, &error));
     require(again == document);
 
     VxBvhTiming timing;
@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto bytes = QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size));
     VxBvhDocument document;
     VxFileError error;
-    if (VxBvhReader().read(bytes, &document, &error))
+    if (vxReadBvh(bytes, &document, &error))
         checkDocument(document);
     else
         require(!error.message.isEmpty() && error.line >= 1 &&

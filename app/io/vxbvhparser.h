@@ -8,7 +8,7 @@
 
 #include <vector>
 
-/// The grammar of one BVH file, over one buffer; the implementation of VxBvhReader.
+/// The grammar of one BVH file, over one buffer; the implementation of vxReadBvh().
 ///
 /// The hierarchy is read with an explicit stack of open joints, the motion block as one stream of
 /// numbers in which line ends have no meaning. Row ends are recorded nevertheless: when the number

@@ -6,26 +6,32 @@
 
 #include <utility>
 
-bool VxBvhReader::read(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error)
+bool vxReadBvh(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error,
+               const VxFileProgress &progress, QString *note)
 {
-    VxBvhParser parser(bytes, m_progress);
+    VxBvhParser parser(bytes, progress);
     if (!parser.parse()) {
         *error = parser.error();
-        error->file = m_fileName;
         return false;
     }
     *out = std::move(parser.document());
-    m_note.clear();
-    if (parser.surplusFrames() > 0)
-        m_note = VxFileText::tr("The file has %n more frames than the %1 it "
-                                "declares; the extra frames were ignored.",
-                                nullptr, int(parser.surplusFrames()))
-                     .arg(out->frameCount);
+    if (note)
+        *note = parser.surplusFrames() > 0
+                    ? VxFileText::tr("The file has %n more frames than the %1 it "
+                                     "declares; the extra frames were ignored.",
+                                     nullptr, int(parser.surplusFrames()))
+                          .arg(out->frameCount)
+                    : QString();
     return true;
 }
 
-bool VxBvhReader::readFile(VxBvhDocument *out, VxFileError *error)
+bool vxReadBvhFile(const QString &fileName, VxBvhDocument *out, VxFileError *error,
+                   const VxFileProgress &progress, QString *note)
 {
     QByteArray bytes;
-    return vxReadFile(m_fileName, &bytes, error) && read(bytes, out, error);
+    const bool done =
+        vxReadFile(fileName, &bytes, error) && vxReadBvh(bytes, out, error, progress, note);
+    if (!done)
+        error->file = fileName;
+    return done;
 }

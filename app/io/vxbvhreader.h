@@ -7,7 +7,7 @@
 
 #include <QByteArray>
 
-/// Reads BVH motion files.
+/// Reads the bytes of a BVH motion file.
 ///
 /// Input is untrusted: every count is checked against the remaining bytes before memory is
 /// allocated, nesting uses an explicit stack and is limited, and the first error ends the reading
@@ -17,32 +17,14 @@
 /// a leading "+".
 ///
 /// Zero frames are legal (a rest pose); the motion block is required nevertheless.
-class VxBvhReader
-{
-public:
-    explicit VxBvhReader(const QString &fileName = QString())
-        : m_fileName(fileName)
-    {
-    }
+///
+/// On failure returns false, sets the error and leaves `out` unchanged. note: for the user, such as
+/// omitted surplus frames; empty when there is none; may be null.
+bool vxReadBvh(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error,
+               const VxFileProgress &progress = {}, QString *note = nullptr);
 
-    /// Reports the progress of reading and can cancel.
-    void setProgress(const VxFileProgress &progress) { m_progress = progress; }
-
-    /// Reads \a bytes into \a out. On failure returns false, sets \a error and leaves \a out
-    /// unchanged. Both pointers must not be null.
-    bool read(const QByteArray &bytes, VxBvhDocument *out, VxFileError *error);
-
-    /// A note for the user about the last file, such as omitted surplus frames; empty when there is
-    /// none.
-    QString getNote() const { return m_note; }
-
-    /// Opens the file named at construction and reads it.
-    bool readFile(VxBvhDocument *out, VxFileError *error);
-
-private:
-    const QString m_fileName;
-    VxFileProgress m_progress;
-    QString m_note;
-};
+/// The same for a file.
+bool vxReadBvhFile(const QString &fileName, VxBvhDocument *out, VxFileError *error,
+                   const VxFileProgress &progress = {}, QString *note = nullptr);
 
 #endif

@@ -1,6 +1,6 @@
 #include "recovery/journalreplay.h"
 
-#include "io/vxscenejournalreader.h"
+#include "io/vxscenejournal.h"
 
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundoitem.h>

@@ -1,7 +1,7 @@
 #ifndef RECOVERYJOURNAL_H
 #define RECOVERYJOURNAL_H
 
-#include "io/vxscenejournalwriter.h"
+#include "io/vxscenejournal.h"
 #include "recovery/recoverystore.h"
 
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "io/fbx/vxfbxbinaryparser.h"
+#include "io/fbx/vxfbxparsers.h"
 
 #include "io/fbx/vxfbxarrays.h"
 #include "io/vxfiletext.h"
@@ -12,33 +12,75 @@ namespace {
 constexpr char magic[] = "Kaydara FBX Binary  ";
 constexpr qint64 headerSize = 27;
 
-} // namespace
-
-bool VxFbxBinaryParser::accepts(const QByteArray &bytes)
+class BinaryParser
 {
-    return bytes.startsWith(magic);
+public:
+    /// All are borrowed; the records are of the file and empty.
+    BinaryParser(const VxFileProgress &progress, VxFbxRecords *records, qint64 *version,
+                 VxFileError *error);
+
+    bool parse();
+
+private:
+    // A record whose children are being read.
+    struct Open
+    {
+        VxFbxRecords::Index index;
+        qint64 end;
+    };
+    struct Head
+    {
+        quint64 end;
+        quint64 valueCount;
+        quint64 valueBytes;
+        qint64 nameSize;
+    };
+
+    bool fail(qint64 offset, const QString &message);
+    bool parseHeader();
+    bool parseNext();
+    bool parseHead(Head *head, qint64 limit);
+    bool parseRecord(const Head &head, qint64 start, qint64 limit);
+    bool parseValues(const Head &head);
+    bool parseValue(qint64 limit);
+    bool valueSize(char code, qint64 limit, qint64 *size);
+    quint64 readCount();
+    bool report();
+
+    VxFbxRecords &m_records;
+    VxFileError &m_error;
+    VxReadProgress m_progress;
+    std::vector<Open> m_open;
+    const char *m_bytes;
+    qint64 m_size;
+    qint64 m_at = 0;
+    qint64 &m_version;
+    qint64 m_wordSize = 4; // of the numbers in a record's head
+};
+
+BinaryParser::BinaryParser(const VxFileProgress &progress, VxFbxRecords *records, qint64 *version,
+                           VxFileError *error)
+    : m_records(*records)
+    , m_error(*error)
+    , m_progress(progress, records->bytes().size())
+    , m_bytes(records->bytes().constData())
+    , m_size(records->bytes().size())
+    , m_version(*version)
+{
 }
 
-VxFbxBinaryParser::VxFbxBinaryParser(const QByteArray &bytes, const VxFileProgress &progress)
-    : m_records(bytes, false)
-    , m_progress(progress, bytes.size())
-    , m_bytes(m_records.bytes().constData())
-    , m_size(bytes.size())
-{
-}
-
-bool VxFbxBinaryParser::fail(qint64 offset, const QString &message)
+bool BinaryParser::fail(qint64 offset, const QString &message)
 {
     return m_records.fail(&m_error, static_cast<qint32>(std::min(offset, m_size)), message);
 }
 
-bool VxFbxBinaryParser::report()
+bool BinaryParser::report()
 {
     m_error.cancelled = !m_progress.report(m_at);
     return !m_error.cancelled;
 }
 
-bool VxFbxBinaryParser::parse()
+bool BinaryParser::parse()
 {
     if (!parseHeader())
         return false;
@@ -50,7 +92,7 @@ bool VxFbxBinaryParser::parse()
     return true;
 }
 
-bool VxFbxBinaryParser::parseHeader()
+bool BinaryParser::parseHeader()
 {
     if (m_size < headerSize)
         return fail(m_size, VxFileText::tr("The file ends within its header."));
@@ -64,7 +106,7 @@ bool VxFbxBinaryParser::parseHeader()
     return true;
 }
 
-quint64 VxFbxBinaryParser::readCount()
+quint64 BinaryParser::readCount()
 {
     const char *at = m_bytes + m_at;
     m_at += m_wordSize;
@@ -72,7 +114,7 @@ quint64 VxFbxBinaryParser::readCount()
 }
 
 // Reads one record at the present position, or closes those that end here.
-bool VxFbxBinaryParser::parseNext()
+bool BinaryParser::parseNext()
 {
     const Open open = m_open.back();
     if (m_at == open.end && m_open.size() > 1) {
@@ -97,7 +139,7 @@ bool VxFbxBinaryParser::parseNext()
     return true;
 }
 
-bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
+bool BinaryParser::parseHead(Head *head, qint64 limit)
 {
     if (limit - m_at < 3 * m_wordSize + 1)
         return fail(limit, limit == m_size
@@ -110,7 +152,7 @@ bool VxFbxBinaryParser::parseHead(Head *head, qint64 limit)
     return true;
 }
 
-bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit)
+bool BinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit)
 {
     if (head.end > static_cast<quint64>(limit))
         return fail(start, limit == m_size
@@ -141,7 +183,7 @@ bool VxFbxBinaryParser::parseRecord(const Head &head, qint64 start, qint64 limit
     return true;
 }
 
-bool VxFbxBinaryParser::parseValues(const Head &head)
+bool BinaryParser::parseValues(const Head &head)
 {
     const qint64 limit = m_at + static_cast<qint64>(head.valueBytes);
     for (quint64 i = 0; i < head.valueCount; ++i) {
@@ -153,7 +195,7 @@ bool VxFbxBinaryParser::parseValues(const Head &head)
     return true;
 }
 
-bool VxFbxBinaryParser::parseValue(qint64 limit)
+bool BinaryParser::parseValue(qint64 limit)
 {
     const qint64 start = m_at;
     if (m_at >= limit)
@@ -173,7 +215,7 @@ bool VxFbxBinaryParser::parseValue(qint64 limit)
 }
 
 // The size of a value's bytes after the type letter; of a string, skips the count itself.
-bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
+bool BinaryParser::valueSize(char code, qint64 limit, qint64 *size)
 {
     switch (code) {
     case 'C':
@@ -213,4 +255,19 @@ bool VxFbxBinaryParser::valueSize(char code, qint64 limit, qint64 *size)
         return fail(m_at - 1, VxFileText::tr("Unknown value type %1.")
                                   .arg(static_cast<int>(static_cast<quint8>(code))));
     }
+}
+
+} // namespace
+
+bool vxIsFbxBinary(const QByteArray &bytes)
+{
+    return bytes.startsWith(magic);
+}
+
+bool vxParseFbxBinary(const QByteArray &bytes, const VxFileProgress &progress,
+                      VxFbxRecords *records, qint64 *version, VxFileError *error)
+{
+    *records = VxFbxRecords(bytes, false);
+    *version = 0;
+    return BinaryParser(progress, records, version, error).parse();
 }

@@ -1,9 +1,8 @@
 #include "io/fbx/vxfbxreader.h"
 
 #include "io/fbx/vxfbxaxes.h"
-#include "io/fbx/vxfbxbinaryparser.h"
+#include "io/fbx/vxfbxparsers.h"
 #include "io/fbx/vxfbxscene.h"
-#include "io/fbx/vxfbxtextparser.h"
 #include "io/vxfiletext.h"
 
 #include <algorithm>
@@ -31,33 +30,20 @@ bool parseBinary(const QByteArray &bytes, const VxFileProgress &progress, VxFbxR
                  qint64 *version, VxFileError *error)
 {
     constexpr qint32 versionOffset = 23;
-    VxFbxBinaryParser parser(bytes, progress);
-    const bool isParsed = parser.parse();
-    *version = parser.version();
-    if (*version != 0 && !checkVersion(parser.records(), *version, versionOffset, error))
-        return false;
-    *error = parser.error();
-    *records = parser.records();
-    return isParsed;
+    const bool isParsed = vxParseFbxBinary(bytes, progress, records, version, error);
+    return (*version == 0 || checkVersion(*records, *version, versionOffset, error)) && isParsed;
 }
 
 bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRecords *records,
                qint64 *version, VxFileError *error)
 {
-    VxFbxTextParser parser(bytes, progress);
-    const bool isParsed = parser.parse();
-    const VxFbxRecords &parsed = parser.records();
-    const auto record = parsed.find({"FBXHeaderExtension", "FBXVersion"});
+    const bool isParsed = vxParseFbxText(bytes, progress, records, error);
+    const auto record = records->find({"FBXHeaderExtension", "FBXVersion"});
     // The version is in the first record; a missing one may be in a damaged part.
-    if (parsed.integer(parsed.value(record, 0), version)) {
-        if (!checkVersion(parsed, *version, parsed.offset(record), error))
-            return false;
-    } else if (isParsed) {
-        return parsed.fail(error, 0, VxFileText::tr("Not an FBX file: the version is missing."));
-    }
-    *error = parser.error();
-    *records = parsed;
-    return isParsed;
+    if (records->integer(records->value(record, 0), version))
+        return checkVersion(*records, *version, records->offset(record), error) && isParsed;
+    return isParsed &&
+           records->fail(error, 0, VxFileText::tr("Not an FBX file: the version is missing."));
 }
 
 } // namespace
@@ -65,7 +51,7 @@ bool parseText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRec
 bool vxReadFbx(const QByteArray &bytes, const VxFileProgress &progress, VxImportedMotion *motion,
                VxFileError *error)
 {
-    const bool isBinary = VxFbxBinaryParser::accepts(bytes);
+    const bool isBinary = vxIsFbxBinary(bytes);
     const auto parse = isBinary ? parseBinary : parseText;
     VxFbxRecords records;
     qint64 version = 0;

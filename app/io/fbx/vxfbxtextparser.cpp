@@ -1,4 +1,4 @@
-#include "io/fbx/vxfbxtextparser.h"
+#include "io/fbx/vxfbxparsers.h"
 
 #include "io/vxfiletext.h"
 #include "io/vxtextbytes.h"
@@ -27,31 +27,59 @@ const char *find(const char *from, const char *end, char requested)
     return found ? static_cast<const char *>(found) : end;
 }
 
-} // namespace
-
-VxFbxTextParser::VxFbxTextParser(const QByteArray &bytes, const VxFileProgress &progress)
-    : m_records(bytes, true)
-    , m_progress(progress, bytes.size())
-    , m_begin(m_records.bytes().constData())
-    , m_at(m_begin)
-    , m_end(m_begin + bytes.size())
+class TextParser
 {
-    if (bytes.startsWith("\xEF\xBB\xBF"))
+public:
+    /// All are borrowed; the records are of the file and empty.
+    TextParser(const VxFileProgress &progress, VxFbxRecords *records, VxFileError *error);
+
+    bool parse();
+
+private:
+    bool fail(const char *place, const QString &message);
+    void skipBlanks();
+    bool parseNext();
+    bool openRecord(const char *name, qint64 size);
+    bool closeRecord();
+    bool parseString();
+    bool parseArray(const char *star);
+    bool addValue(char code, const char *from, const char *to);
+    bool report();
+
+    VxFbxRecords &m_records;
+    VxFileError &m_error;
+    VxReadProgress m_progress;
+    std::vector<VxFbxRecords::Index> m_open{0};
+    VxFbxRecords::Index m_last = VxFbxRecords::None; // gets the values and the next brace
+    const char *m_begin;
+    const char *m_at;
+    const char *m_end;
+};
+
+TextParser::TextParser(const VxFileProgress &progress, VxFbxRecords *records, VxFileError *error)
+    : m_records(*records)
+    , m_error(*error)
+    , m_progress(progress, records->bytes().size())
+    , m_begin(records->bytes().constData())
+    , m_at(m_begin)
+    , m_end(m_begin + records->bytes().size())
+{
+    if (records->bytes().startsWith("\xEF\xBB\xBF"))
         m_at += 3;
 }
 
-bool VxFbxTextParser::fail(const char *place, const QString &message)
+bool TextParser::fail(const char *place, const QString &message)
 {
     return m_records.fail(&m_error, static_cast<qint32>(place - m_begin), message);
 }
 
-bool VxFbxTextParser::report()
+bool TextParser::report()
 {
     m_error.cancelled = !m_progress.report(m_at - m_begin);
     return !m_error.cancelled;
 }
 
-void VxFbxTextParser::skipBlanks()
+void TextParser::skipBlanks()
 {
     while (m_at < m_end) {
         if (*m_at == ';')
@@ -63,7 +91,7 @@ void VxFbxTextParser::skipBlanks()
     }
 }
 
-bool VxFbxTextParser::parse()
+bool TextParser::parse()
 {
     for (skipBlanks(); m_at < m_end; skipBlanks()) {
         if (!report() || !parseNext())
@@ -76,7 +104,7 @@ bool VxFbxTextParser::parse()
                            .arg(QString::fromUtf8(name.data(), static_cast<int>(name.size()))));
 }
 
-bool VxFbxTextParser::parseNext()
+bool TextParser::parseNext()
 {
     const char *start = m_at;
     switch (*m_at) {
@@ -112,7 +140,7 @@ bool VxFbxTextParser::parseNext()
     return addValue(beginsNumber(start, m_at) ? VxFbxValue::Number : VxFbxValue::Word, start, m_at);
 }
 
-bool VxFbxTextParser::openRecord(const char *name, qint64 size)
+bool TextParser::openRecord(const char *name, qint64 size)
 {
     m_last = m_records.addRecord(m_open.back(), static_cast<qint32>(name - m_begin),
                                  static_cast<qint32>(size));
@@ -121,7 +149,7 @@ bool VxFbxTextParser::openRecord(const char *name, qint64 size)
                 VxFileText::tr("The file has more than %1 records.").arg(VxFbxRecords::MaxRecords));
 }
 
-bool VxFbxTextParser::closeRecord()
+bool TextParser::closeRecord()
 {
     if (m_open.size() == 1)
         return fail(m_at, VxFileText::tr("Unmatched \"}\"."));
@@ -131,7 +159,7 @@ bool VxFbxTextParser::closeRecord()
     return true;
 }
 
-bool VxFbxTextParser::parseString()
+bool TextParser::parseString()
 {
     const char *from = m_at + 1;
     const char *to = find(from, m_end, '"');
@@ -142,7 +170,7 @@ bool VxFbxTextParser::parseString()
 }
 
 // "*3 { a: 1,2,3 }", from the star to the brace.
-bool VxFbxTextParser::parseArray(const char *star)
+bool TextParser::parseArray(const char *star)
 {
     const char *open = star + 1;
     while (open < m_end && (vxIsSpace(*open) || (*open >= '0' && *open <= '9')))
@@ -156,7 +184,7 @@ bool VxFbxTextParser::parseArray(const char *star)
     return addValue(VxFbxValue::NumberList, star + 1, close);
 }
 
-bool VxFbxTextParser::addValue(char code, const char *from, const char *to)
+bool TextParser::addValue(char code, const char *from, const char *to)
 {
     if (m_last == VxFbxRecords::None)
         return fail(from, VxFileText::tr("A value is outside of all records."));
@@ -164,4 +192,13 @@ bool VxFbxTextParser::addValue(char code, const char *from, const char *to)
                {code, static_cast<qint32>(from - m_begin), static_cast<qint32>(to - from)}) ||
            fail(from,
                 VxFileText::tr("The file has more than %1 values.").arg(VxFbxRecords::MaxValues));
+}
+
+} // namespace
+
+bool vxParseFbxText(const QByteArray &bytes, const VxFileProgress &progress, VxFbxRecords *records,
+                    VxFileError *error)
+{
+    *records = VxFbxRecords(bytes, true);
+    return TextParser(progress, records, error).parse();
 }

@@ -56,12 +56,13 @@ QString VxMotionImport::figureName(const QString &fileName) const
 /** In this process: the reader is the program's own and validates everything itself. */
 bool VxMotionImport::loadBvh(const QString &fileName, VxFileError *error)
 {
-    VxBvhReader reader(fileName);
-    reader.setProgress(partOfProgress(m_progress, 0, ReadPercent));
     VxBvhDocument document;
-    if (!reader.readFile(&document, error) || !build(document, fileName, error))
+    QString note;
+    if (!vxReadBvhFile(fileName, &document, error, partOfProgress(m_progress, 0, ReadPercent),
+                       &note) ||
+        !build(document, fileName, error))
         return false;
-    m_note = reader.getNote();
+    m_note = note;
     if (!m_note.isEmpty())
         m_report.notes.append(m_note);
     return true;

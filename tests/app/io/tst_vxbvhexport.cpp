@@ -367,7 +367,7 @@ void tst_VxBvhExport::endsOfBones()
     VxFileError error;
     QVERIFY(write(figure, &error));
     VxBvhDocument document;
-    QVERIFY(VxBvhReader(m_file).readFile(&document, &error));
+    QVERIFY(vxReadBvhFile(m_file, &document, &error));
     QCOMPARE(int(document.joints.size()), 5);
     QVERIFY(document.joints.at(0).endSites.empty());
     const QVector3D end{1.0f, 2.0f, 3.0f};

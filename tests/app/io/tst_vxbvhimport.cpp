@@ -36,7 +36,7 @@ VxBvhDocument documentOf(const QByteArray &bytes)
 {
     VxBvhDocument document;
     VxFileError error;
-    if (!VxBvhReader().read(bytes, &document, &error))
+    if (!vxReadBvh(bytes, &document, &error))
         QTest::qFail(qPrintable(error.text()), __FILE__, __LINE__);
     return document;
 }
@@ -314,8 +314,7 @@ void TestVxBvhImport::bonesHaveThePositionsOfTheFile()
 {
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY2(VxBvhReader(QLatin1String(realFile)).readFile(&document, &error),
-             qPrintable(error.text()));
+    QVERIFY2(vxReadBvhFile(QLatin1String(realFile), &document, &error), qPrintable(error.text()));
     BvhImport importer(m_scene.get());
     QVERIFY(importer.importDocument(document, QStringLiteral("walk.bvh"), &error));
     const QVector<VxBone *> bones = importer.getSkeleton()->getAllBones();

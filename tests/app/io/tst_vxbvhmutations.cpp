@@ -133,7 +133,7 @@ bool TestVxBvhMutations::isAnswerSound(const QByteArray &bytes, bool *accepted)
     VxBvhDocument document;
     VxFileError error;
     QString reason;
-    *accepted = VxBvhReader().read(bytes, &document, &error);
+    *accepted = vxReadBvh(bytes, &document, &error);
     if (*accepted && !document.isValid(&reason)) {
         qWarning("unsound document: %s", qPrintable(reason));
         return false;
@@ -142,7 +142,7 @@ bool TestVxBvhMutations::isAnswerSound(const QByteArray &bytes, bool *accepted)
         QByteArray written;
         VxBvhDocument again;
         return !error.isSet() && VxBvhWriter::write(document, &written, &error) &&
-               VxBvhReader().read(written, &again, &error) && again == document;
+               vxReadBvh(written, &again, &error) && again == document;
     }
     if (error.message.isEmpty() || error.cancelled || error.line < 1 ||
         error.line > lineCount(bytes)) {

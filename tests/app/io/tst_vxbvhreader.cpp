@@ -43,7 +43,7 @@ VxBvhDocument readGood(const QByteArray &bytes)
 {
     VxBvhDocument document;
     VxFileError error;
-    if (!VxBvhReader().read(bytes, &document, &error))
+    if (!vxReadBvh(bytes, &document, &error))
         QTest::qFail(qPrintable(error.text()), __FILE__, __LINE__);
     QString reason;
     if (!document.isValid(&reason))
@@ -54,6 +54,15 @@ VxBvhDocument readGood(const QByteArray &bytes)
 std::vector<float> columns(std::initializer_list<float> values)
 {
     return values;
+}
+
+/// Returns the file's name.
+QString writeFile(const QTemporaryDir &folder, const char *name, const QByteArray &bytes)
+{
+    QFile file(folder.filePath(QLatin1String(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s cannot be written", name);
+    return file.fileName();
 }
 
 } // namespace
@@ -288,10 +297,12 @@ void TestVxBvhReader::refuses()
     QFETCH(QString, part);
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!VxBvhReader(QStringLiteral("a.bvh")).read(bytes, &document, &error));
+    const QTemporaryDir folder;
+    const QString name = writeFile(folder, "a.bvh", bytes);
+    QVERIFY(!vxReadBvhFile(name, &document, &error));
     QVERIFY2(error.message.contains(part), qPrintable(error.text()));
     QCOMPARE(error.line, qint64(line));
-    QCOMPARE(error.file, QStringLiteral("a.bvh"));
+    QCOMPARE(error.file, name);
     QVERIFY(!error.cancelled);
     QVERIFY(document.joints.empty());
 }
@@ -366,7 +377,7 @@ void TestVxBvhReader::nestingLimit()
     for (const int depth : {limit + 1, 200000}) {
         VxBvhDocument document;
         VxFileError error;
-        QVERIFY(!VxBvhReader().read(nested(depth), &document, &error));
+        QVERIFY(!vxReadBvh(nested(depth), &document, &error));
         QVERIFY(error.message.contains(QStringLiteral("more than 512 levels deep")));
         QCOMPARE(error.line, qint64(2 + 2 * limit));
     }
@@ -376,7 +387,7 @@ void TestVxBvhReader::failureLeavesTheDocument()
 {
     VxBvhDocument document = readGood(smallFile);
     VxFileError error;
-    QVERIFY(!VxBvhReader().read(smallFile + "x", &document, &error));
+    QVERIFY(!vxReadBvh(smallFile + "x", &document, &error));
     QVERIFY(document == readGood(smallFile));
 }
 
@@ -407,7 +418,7 @@ void TestVxBvhReader::numbersTooSmallForDoublesAreZero()
     VxBvhDocument document;
     VxFileError error;
     const QByteArray bytes = replaced("4 5 6", "4 " + number + " 6");
-    QCOMPARE(VxBvhReader().read(bytes, &document, &error), isZero);
+    QCOMPARE(vxReadBvh(bytes, &document, &error), isZero);
     if (isZero)
         QCOMPARE(std::abs(document.values.at(3)), 0.0f);
     else
@@ -418,9 +429,11 @@ void TestVxBvhReader::errorNamesFileAndLine()
 {
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!VxBvhReader(QStringLiteral("walk.bvh")).read(replaced("5", "x"), &document, &error));
-    QCOMPARE(error.text(), QStringLiteral("walk.bvh, line 12: Value 2 of frame 2 must be a number, "
-                                          "not \"x\"."));
+    const QTemporaryDir folder;
+    const QString name = writeFile(folder, "walk.bvh", replaced("5", "x"));
+    QVERIFY(!vxReadBvhFile(name, &document, &error));
+    QCOMPARE(error.text(),
+             name + QStringLiteral(", line 12: Value 2 of frame 2 must be a number, not \"x\"."));
     error.file.clear();
     QVERIFY(error.text().startsWith(QLatin1String("line 12: ")));
     error.line = -1;
@@ -434,9 +447,9 @@ void TestVxBvhReader::missingFile()
     QTemporaryDir folder;
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!VxBvhReader(folder.filePath(QStringLiteral("no.bvh"))).readFile(&document, &error));
+    QVERIFY(!vxReadBvhFile(folder.filePath(QStringLiteral("no.bvh")), &document, &error));
     QVERIFY(error.text().contains(QLatin1String("no.bvh: The file cannot be read: ")));
-    QVERIFY(!VxBvhReader(folder.path()).readFile(&document, &error));
+    QVERIFY(!vxReadBvhFile(folder.path(), &document, &error));
     QVERIFY(error.isSet());
 }
 
@@ -454,7 +467,7 @@ void TestVxBvhReader::realFiles()
     QFETCH(int, frames);
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY2(VxBvhReader(QLatin1String(realFolder) + file).readFile(&document, &error),
+    QVERIFY2(vxReadBvhFile(QLatin1String(realFolder) + file, &document, &error),
              qPrintable(error.text()));
     QVERIFY(document.isValid());
     QCOMPARE(document.joints.size(), std::size_t(31));
@@ -474,28 +487,27 @@ void TestVxBvhReader::realFileWithARowTooMany()
     QByteArray bytes = file.readAll();
     VxBvhDocument document;
     VxFileError error;
-    VxBvhReader reader;
-    QVERIFY2(reader.read(bytes, &document, &error), qPrintable(error.text()));
+    QString note;
+    QVERIFY2(vxReadBvh(bytes, &document, &error, {}, &note), qPrintable(error.text()));
     QCOMPARE(document.frameCount, 3069);
-    QCOMPARE(reader.getNote(), QStringLiteral("The file has 1 more frame than the 3069 it "
-                                              "declares; the extra frame was ignored."));
+    QCOMPARE(note, QStringLiteral("The file has 1 more frame than the 3069 it "
+                                  "declares; the extra frame was ignored."));
     bytes.replace("3069", "3070");
-    QVERIFY(reader.read(bytes, &document, &error));
+    QVERIFY(vxReadBvh(bytes, &document, &error, {}, &note));
     QCOMPARE(document.frameCount, 3070);
-    QVERIFY(reader.getNote().isEmpty());
+    QVERIFY(note.isEmpty());
 }
 
 void TestVxBvhReader::cancels()
 {
-    VxBvhReader reader(QLatin1String(realFolder) + QLatin1String("01_01.bvh"));
     int calls = 0;
-    reader.setProgress([&calls](int percent) {
+    const VxFileProgress progress = [&calls](int percent) {
         ++calls;
         return percent < 40;
-    });
+    };
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!reader.readFile(&document, &error));
+    QVERIFY(!vxReadBvhFile(QLatin1String(realFolder) + "01_01.bvh", &document, &error, progress));
     QVERIFY(error.cancelled);
     QVERIFY(error.isSet());
     QVERIFY(document.joints.empty());
@@ -504,15 +516,14 @@ void TestVxBvhReader::cancels()
 
 void TestVxBvhReader::progressAscends()
 {
-    VxBvhReader reader(QLatin1String(realFolder) + QLatin1String("01_01.bvh"));
     std::vector<int> reports;
-    reader.setProgress([&reports](int percent) {
+    const VxFileProgress progress = [&reports](int percent) {
         reports.push_back(percent);
         return true;
-    });
+    };
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(reader.readFile(&document, &error));
+    QVERIFY(vxReadBvhFile(QLatin1String(realFolder) + "01_01.bvh", &document, &error, progress));
     QVERIFY(reports.size() > 50);
     for (std::size_t i = 1; i < reports.size(); ++i)
         QVERIFY(reports[i] > reports[i - 1]);
@@ -528,7 +539,7 @@ void TestVxBvhReader::valuesInAHugeClaimCostNothing()
     const QByteArray bytes = file.readAll().replace("Frames: 2752", "Frames: 2000000000");
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!VxBvhReader().read(bytes, &document, &error));
+    QVERIFY(!vxReadBvh(bytes, &document, &error));
     QCOMPARE(error.line, qint64(186));
     QVERIFY(error.message.contains(QLatin1String("2000000000 frames of 96 values")));
 }

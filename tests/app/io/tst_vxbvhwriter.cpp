@@ -14,7 +14,7 @@ VxBvhDocument read(const QByteArray &bytes)
 {
     VxBvhDocument document;
     VxFileError error;
-    if (!VxBvhReader().read(bytes, &document, &error))
+    if (!vxReadBvh(bytes, &document, &error))
         QTest::qFail(qPrintable(error.text()), __FILE__, __LINE__);
     return document;
 }
@@ -116,7 +116,7 @@ void TestVxBvhWriter::writesAFile()
     VxFileError error;
     QVERIFY(VxBvhWriter::writeFile(document, name, &error));
     VxBvhDocument again;
-    QVERIFY(VxBvhReader(name).readFile(&again, &error));
+    QVERIFY(vxReadBvhFile(name, &again, &error));
     QVERIFY(again == document);
     QVERIFY(
         !VxBvhWriter::writeFile(document, folder.filePath(QStringLiteral("no/out.bvh")), &error));

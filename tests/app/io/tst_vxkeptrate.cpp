@@ -132,8 +132,8 @@ void tst_VxKeptRate::bvhKeepsItsRate()
     QVERIFY(vxExportMotion(m_scene.data(), {}, out, {}, &summary, &m_error));
     VxBvhDocument before;
     VxBvhDocument after;
-    QVERIFY(VxBvhReader(in).readFile(&before, &m_error));
-    QVERIFY(VxBvhReader(out).readFile(&after, &m_error));
+    QVERIFY(vxReadBvhFile(in, &before, &m_error));
+    QVERIFY(vxReadBvhFile(out, &after, &m_error));
     QCOMPARE(after.frameCount, before.frameCount);
     QVERIFY(std::abs(after.frameTime - before.frameTime) < 1e-15);
     QVERIFY(after.values == before.values);
@@ -152,8 +152,8 @@ void tst_VxKeptRate::bvhOfAPartHasItsFrames()
     QVERIFY(vxExportMotion(m_scene.data(), options, out, {}, &summary, &m_error));
     VxBvhDocument before;
     VxBvhDocument after;
-    QVERIFY(VxBvhReader(in).readFile(&before, &m_error));
-    QVERIFY(VxBvhReader(out).readFile(&after, &m_error));
+    QVERIFY(vxReadBvhFile(in, &before, &m_error));
+    QVERIFY(vxReadBvhFile(out, &after, &m_error));
     QCOMPARE(after.frameCount, 498);
     for (int channel = 0; channel < 6; ++channel) {
         for (int frame = 0; frame < 498; ++frame)
@@ -292,7 +292,7 @@ void tst_VxKeptRate::anotherTimeStepRemovesTheRate()
     QString summary;
     QVERIFY(vxExportMotion(m_scene.data(), {}, out, {}, &summary, &m_error));
     VxBvhDocument document;
-    QVERIFY(VxBvhReader(out).readFile(&document, &m_error));
+    QVERIFY(vxReadBvhFile(out, &document, &m_error));
     QCOMPARE(document.frameTime, 0.04);
     m_undo->undo();
     QCOMPARE(m_scene->getNumNodes(), 1);

@@ -1,8 +1,7 @@
 // Records of the journal: what an entry changed is applied to a copy of the document, forward and
 // backward; a damaged record changes nothing.
 
-#include "io/vxscenejournalreader.h"
-#include "io/vxscenejournalwriter.h"
+#include "io/vxscenejournal.h"
 #include "io/vxscenereader.h"
 #include "randomedits.h"
 #include "scenebytes.h"
