@@ -99,20 +99,21 @@ def press(code):
     pyatspi.Registry.generateKeyboardEvent(code, None, pyatspi.KEY_SYM)
 
 
-def find_program():
+def find_window():
+    """The program and its window; None while it has none, or is not read correctly yet."""
     desktop = pyatspi.Registry.getDesktop(0)
     desktop.clear_cache()
     for each in desktop:
         # The name was read before the program had one.
         each.clear_cache()
         if each.name == "VxStudio":
-            return each
+            each.set_cache_mask(Atspi.Cache.NONE)
+            frame = find(each, pyatspi.ROLE_FRAME, None, 2)
+            return (each, frame) if frame else None
     return None
 
 
-def try_program(app):
-    app.set_cache_mask(Atspi.Cache.NONE)
-    frame = until("the window", lambda: find(app, pyatspi.ROLE_FRAME, None, 2))
+def try_program(app, frame):
     frame.queryComponent().grabFocus()
     sheet = until("the dope sheet",
                   lambda: find(app, pyatspi.ROLE_TREE, "Dope Sheet"))
@@ -147,13 +148,16 @@ def read_program():
     """The part of a process of its own. A process whose first look is too early never sees the
     program: it ends with NOT_YET."""
     end = time.monotonic() + 3
-    app = None
-    while not app and time.monotonic() < end:
-        app = find_program()
+    found = None
+    while not found and time.monotonic() < end:
+        try:
+            found = find_window()
+        except GLib.Error:  # the program is about to register
+            pass
         time.sleep(0.05)
-    if not app:
+    if not found:
         sys.exit(NOT_YET)
-    try_program(app)
+    try_program(*found)
 
 
 def main():
