@@ -1,6 +1,7 @@
 #include "keytools/keytoolscript.h"
 
 #include "keytools/keytool.h"
+#include "keytools/keytooltext.h"
 
 #include <QtScript/QScriptContext>
 
