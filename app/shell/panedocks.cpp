@@ -145,20 +145,12 @@ PaneDock *PaneDocks::frontOf(const PaneDock *dock) const
     return behind ? find(QLatin1String(behind)) : nullptr;
 }
 
-void PaneDocks::tabifyDocks()
-{
-    for (PaneDock *dock : docks()) {
-        if (PaneDock *front = frontOf(dock))
-            m_window->tabifyDockWidget(front, dock);
-    }
-}
-
-/** Puts a new dock behind its front, and the docks behind it that were there before. */
-void PaneDocks::tabify(PaneDock *added)
+/** Puts docks behind their fronts: all, or a new one and those that were there before it. */
+void PaneDocks::tabifyDocks(const PaneDock *added)
 {
     for (PaneDock *dock : docks()) {
         PaneDock *front = frontOf(dock);
-        if (front && (dock == added || front == added))
+        if (front && (!added || dock == added || front == added))
             m_window->tabifyDockWidget(front, dock);
     }
 }
@@ -179,7 +171,7 @@ void PaneDocks::addPane(VxPane *pane)
         m_window->addDockWidget(placeOf(dock).area, dock, Qt::Vertical);
     // Before the window is shown there is no user's arrangement.
     if (!m_window->isVisible())
-        tabify(dock);
+        tabifyDocks(dock);
     connect(dock, &PaneDock::heightLimitLifted, this,
             [this, dock](int height) { restoreHeight(dock, height); });
     Q_EMIT dockAdded(dock);

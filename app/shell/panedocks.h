@@ -40,8 +40,7 @@ private:
     void restoreHeight(PaneDock *dock, int height);
     int tabHeight(PaneDock *dock) const;
     PaneDock *frontOf(const PaneDock *dock) const;
-    void tabifyDocks();
-    void tabify(PaneDock *added);
+    void tabifyDocks(const PaneDock *added = nullptr);
     void raiseFronts();
 
     QMainWindow *const m_window;
