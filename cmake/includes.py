@@ -11,7 +11,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 SDK = [
-    ["math"],
+    ["math", "files"],
     ["time", "keys", "undo", "scene"],
     ["settings", "plugin", "style", "widgets"],
     ["action", "menu", "pane", "parameters"],

@@ -2,13 +2,13 @@
 
 #include "document/loadprogress.h"
 #include "io/vxbackups.h"
-#include "io/vxfileexchange.h"
 #include "widgets/usermessages.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QUndoStack>
+#include <vxcore/vxfileexchange.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostack.h>

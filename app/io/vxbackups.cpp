@@ -1,6 +1,5 @@
 #include "io/vxbackups.h"
 
-#include "io/vxfileexchange.h"
 #include "io/vxfiletext.h"
 
 #include <QDir>
@@ -11,6 +10,7 @@
 #include <cstdio>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vxcore/vxfileexchange.h>
 
 namespace {
 

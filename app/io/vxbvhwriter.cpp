@@ -2,10 +2,10 @@
 
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
-#include "io/vxsafefile.h"
 #include "io/vxtextbytes.h"
 
 #include <functional>
+#include <vxcore/vxsafefile.h>
 
 namespace {
 

@@ -2,7 +2,6 @@
 
 #include "io/vxfiletext.h"
 #include "io/vxkeptmembers.h"
-#include "io/vxsafefile.h"
 #include "io/vxscenecamera.h"
 #include "io/vxscenefile.h"
 
@@ -22,6 +21,7 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxowncontents.h>
+#include <vxcore/vxsafefile.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>

@@ -1,11 +1,11 @@
 #include "markers/markerfiles.h"
 
 #include "io/csv/vxmarkercsv.h"
-#include "io/vxsafefile.h"
 #include "widgets/studiotext.h"
 
 #include <QFile>
 #include <QSet>
+#include <vxcore/vxsafefile.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxundostackhold.h>

@@ -1,12 +1,12 @@
 #include "recovery/journalfilewriter.h"
 
-#include "io/vxfileexchange.h"
-#include "io/vxsafefile.h"
 #include "widgets/studiotext.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <unistd.h>
+#include <vxcore/vxfileexchange.h>
+#include <vxcore/vxsafefile.h>
 
 namespace {
 

@@ -1,10 +1,9 @@
 #include "recovery/recoverywriter.h"
 
-#include "io/vxsafefile.h"
-
 #include <algorithm>
 #include <chrono>
 #include <utility>
+#include <vxcore/vxsafefile.h>
 
 namespace {
 

@@ -4915,22 +4915,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1. The former file is %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>the name refers to a directory</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>the name refers to a device or pipe</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>it is read-only</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The file contains data that this version does not support: %1. Saving keeps it.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -538,6 +538,25 @@
     </message>
 </context>
 <context>
+    <name>VxSafeFile</name>
+    <message>
+        <source>%1. The former file is %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the name refers to a directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the name refers to a device or pipe</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is read-only</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>VxSceneTimeDisplay</name>
     <message>
         <source>Frame %1</source>

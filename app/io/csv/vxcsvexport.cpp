@@ -6,7 +6,6 @@
 #include "io/motion/vxkeptrate.h"
 #include "io/vxfileerror.h"
 #include "io/vxfiletext.h"
-#include "io/vxsafefile.h"
 #include "io/vxtextbytes.h"
 
 #include <QHash>
@@ -14,6 +13,7 @@
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>
+#include <vxcore/vxsafefile.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 

@@ -4,9 +4,10 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QSaveFile>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryFile>
+#include <vxcore/vxfileexchange.h>
+#include <vxcore/vxsafefile.h>
 
 namespace {
 
@@ -44,18 +45,6 @@ QString textOf(const QVariant &value)
                                                 : value.toString();
 }
 
-/** A partial write is accepted silently; only the next attempt gives the reason. */
-bool writeAll(const QByteArray &bytes, QIODevice *file)
-{
-    for (qint64 done = 0; done < bytes.size();) {
-        const qint64 taken = file->write(bytes.constData() + done, bytes.size() - done);
-        if (taken <= 0)
-            return false;
-        done += taken;
-    }
-    return true;
-}
-
 } // namespace
 
 QString VxSettingsFile::path(const QStringList &names)
@@ -78,7 +67,7 @@ bool VxSettingsFile::read(Values &values)
 {
     values.clear();
     QFile file(m_fileName);
-    if (!file.exists())
+    if (!file.exists() && !VxFileExchange::finishInterrupted(m_fileName))
         return true;
     // A pipe or a device could block the program forever.
     if (!QFileInfo(m_fileName).isFile())
@@ -100,13 +89,9 @@ bool VxSettingsFile::write(const Values &values)
         members.insert(it.key(), it.value());
     }
     const QByteArray contents = QJsonDocument(members).toJson();
-    QSaveFile file(m_fileName);
-    // Unbuffered: data that cannot be flushed on closing would be committed truncated. And the
-    // first failure's text: after a failed commit there may be none.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        !writeAll(contents, &file) || !file.commit())
-        return fail(tr("%1 cannot be written: %2").arg(m_fileName, file.errorString()));
+    VxSafeFile file(m_fileName);
+    if (!file.startPrivate() || file.write(contents) != contents.size() || !file.commit())
+        return fail(tr("%1 cannot be written: %2").arg(m_fileName, file.failure()));
     return true;
 }
 

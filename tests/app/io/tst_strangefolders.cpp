@@ -3,7 +3,6 @@
 // there.
 
 #include "document/documentcontroller.h"
-#include "io/vxfileexchange.h"
 #include "io/vxfileformats.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
@@ -20,6 +19,7 @@
 #include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vxcore/vxfileexchange.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 

@@ -2,7 +2,6 @@
 // the size of files simulates a full disk, and is reached at every byte of a file in turn.
 
 #include "io/vxbvhwriter.h"
-#include "io/vxsafefile.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -13,6 +12,7 @@
 #include <csignal>
 #include <functional>
 #include <sys/resource.h>
+#include <vxcore/vxsafefile.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxsettings.h>
 

@@ -5,6 +5,7 @@
 #include <QtTest>
 #include <cmath>
 #include <limits>
+#include <vxcore/vxfileexchange.h>
 #include <vxcore/vxsettings.h>
 
 namespace {
@@ -60,6 +61,10 @@ private Q_SLOTS:
     void groupsNestedTooDeeplyAreNotWritten();
     void anUnreadableFileChangesNothing();
     void aFileThatCannotBeWrittenIsReported();
+    void aReadOnlyFileStays();
+    void onlyTheOwnerMayReadTheFile();
+    void aLinkToTheFileStays();
+    void anInterruptedReplacementIsFinished();
     void savingNothingWritesAnEmptyFile();
 
 private:
@@ -445,6 +450,54 @@ void tst_VxSettings::aFileThatCannotBeWrittenIsReported()
     QVERIFY2(error.startsWith(file), qPrintable(error));
     QVERIFY(settings.save(m_file, &error));
     QVERIFY(error.isEmpty());
+}
+
+void tst_VxSettings::aReadOnlyFileStays()
+{
+    writeFile(m_file, "{}");
+    QVERIFY(QFile::setPermissions(m_file, QFile::ReadOwner));
+    VxSettings settings;
+    settings.setIntValue(key, 1);
+    QString error;
+    QVERIFY(!settings.save(m_file, &error));
+    QVERIFY2(error.contains(m_file) && error.contains("it is read-only"), qPrintable(error));
+    QCOMPARE(contentsOf(m_file), QByteArray("{}"));
+}
+
+void tst_VxSettings::onlyTheOwnerMayReadTheFile()
+{
+    writeFile(m_file, "{}");
+    QVERIFY(QFile::setPermissions(m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    QVERIFY(VxSettings().save(m_file));
+    constexpr auto Others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QCOMPARE(int(QFile::permissions(m_file) & Others), 0);
+}
+
+void tst_VxSettings::aLinkToTheFileStays()
+{
+    const QString link = m_dir.filePath(QStringLiteral("link.json"));
+    writeFile(m_file, "{}");
+    QVERIFY(QFile::link(m_file, link));
+    VxSettings settings;
+    settings.setIntValue(key, 1);
+    QVERIFY(settings.save(link));
+    QCOMPARE(QFile::symLinkTarget(link), m_file);
+    VxSettings read;
+    QVERIFY(read.load(m_file));
+    QCOMPARE(read.getIntValue(key), 1);
+}
+
+/** In a folder where no file can be renamed over another one, the former file is moved aside. */
+void tst_VxSettings::anInterruptedReplacementIsFinished()
+{
+    VxSettings settings;
+    settings.setIntValue(key, 1);
+    QVERIFY(settings.save(m_file));
+    QVERIFY(QFile::rename(m_file, VxFileExchange::oldName(m_file)));
+    VxSettings read;
+    QVERIFY(read.load(m_file));
+    QCOMPARE(read.getIntValue(key), 1);
 }
 
 void tst_VxSettings::savingNothingWritesAnEmptyFile()

@@ -1,22 +1,25 @@
-#include "io/vxfileexchange.h"
+#include <vxcore/vxfileexchange.h>
 
-#include "io/vxfileerror.h"
-#include "io/vxfiletext.h"
-#include "io/vxsafefile.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vxcore/vxsafefile.h>
 
 namespace {
 
 constexpr int MaxLinks = 40;
+
+bool fail(QString *reason, const QString &text)
+{
+    *reason = text;
+    return false;
+}
 
 /// The number of the system's error, or 0. Unlike the toolkit's function it copies nothing and
 /// never gives up the target.
@@ -32,14 +35,14 @@ bool pour(const QString &from, QIODevice *to, QString *reason)
 {
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly))
-        return vxFail(reason, source.errorString());
+        return fail(reason, source.errorString());
     constexpr int BlockBytes = 1 << 20;
     while (!source.atEnd()) {
         const QByteArray block = source.read(BlockBytes);
         if (block.isEmpty())
-            return vxFail(reason, source.errorString());
+            return fail(reason, source.errorString());
         if (to->write(block) != block.size())
-            return vxFail(reason, to->errorString());
+            return fail(reason, to->errorString());
     }
     return true;
 }
@@ -50,10 +53,10 @@ bool overwrite(const QString &from, const QString &to, QString *reason)
     QFile target(to);
     if (!target.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered |
                      QIODevice::ExistingOnly))
-        return vxFail(reason, target.errorString());
+        return fail(reason, target.errorString());
     if (!pour(from, &target, reason))
         return false;
-    return ::fsync(target.handle()) == 0 || vxFail(reason, qt_error_string(errno));
+    return ::fsync(target.handle()) == 0 || fail(reason, qt_error_string(errno));
 }
 
 /// Nobody else can read it, and no link of that name is followed.
@@ -62,11 +65,10 @@ bool createPrivate(QFile *file, QString *reason)
     const int handle = ::open(QFile::encodeName(file->fileName()).constData(),
                               O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (handle < 0)
-        return vxFail(reason,
-                      QStringLiteral("%1: %2").arg(file->fileName(), qt_error_string(errno)));
+        return fail(reason, QStringLiteral("%1: %2").arg(file->fileName(), qt_error_string(errno)));
     return file->open(handle, QIODevice::WriteOnly | QIODevice::Unbuffered,
                       QFileDevice::AutoCloseHandle) ||
-           vxFail(reason, file->errorString());
+           fail(reason, file->errorString());
 }
 
 /// The path in a link, which may be relative to the link's folder; empty when it cannot be read.
@@ -98,7 +100,7 @@ bool replaceContents(const QString &complete, const QString &fileName, QString *
                   VxFileExchange::applyPermissions(copy.handle(), fileName, reason) &&
                   pour(fileName, &copy, reason);
     if (isKept && ::fsync(copy.handle()) != 0)
-        isKept = vxFail(reason, qt_error_string(errno));
+        isKept = fail(reason, qt_error_string(errno));
     copy.close();
     if (!isKept) {
         QFile::remove(old);
@@ -113,7 +115,7 @@ bool replaceContents(const QString &complete, const QString &fileName, QString *
     if (overwrite(old, fileName, &second))
         QFile::remove(old);
     else
-        *reason = VxFileText::tr("%1. The former file is %2").arg(*reason, old);
+        *reason = VxSafeFile::tr("%1. The former file is %2").arg(*reason, old);
     return false;
 }
 
@@ -138,7 +140,7 @@ bool replaceInSteps(const QString &complete, const QString &fileName, QString *r
     }
     *reason = qt_error_string(error);
     if (renameFile(old, fileName) != 0)
-        return vxFail(reason, VxFileText::tr("%1. The former file is %2").arg(*reason, old));
+        return fail(reason, VxSafeFile::tr("%1. The former file is %2").arg(*reason, old));
     QFile::remove(next);
     return false;
 }
@@ -152,7 +154,7 @@ bool VxFileExchange::replace(const QString &complete, const QString &fileName, Q
     if (!isDone && QFileInfo::exists(fileName))
         isDone = replaceInSteps(complete, fileName, reason);
     else if (!isDone)
-        vxFail(reason, qt_error_string(error));
+        fail(reason, qt_error_string(error));
     if (isDone)
         synchronizeFolder(fileName);
     else
@@ -227,7 +229,7 @@ bool VxFileExchange::applyPermissions(int handle, const QString &model, QString 
         mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3);
     // File systems without permissions refuse the change.
     return ::fchmod(handle, mode) == 0 || errno == EPERM || errno == ENOTSUP ||
-           vxFail(reason, qt_error_string(errno));
+           fail(reason, qt_error_string(errno));
 }
 
 bool VxFileExchange::copy(const QString &from, const QString &to, QString *reason)
@@ -235,5 +237,5 @@ bool VxFileExchange::copy(const QString &from, const QString &to, QString *reaso
     VxSafeFile file(to);
     if (file.startLike(from) && pour(from, &file, reason) && file.commit())
         return true;
-    return vxFail(reason, file.failure().isEmpty() ? *reason : file.failure());
+    return fail(reason, file.failure().isEmpty() ? *reason : file.failure());
 }

@@ -1,14 +1,12 @@
-#include "io/vxsafefile.h"
+#include <vxcore/vxsafefile.h>
 
-#include "io/vxfileexchange.h"
-#include "io/vxfiletext.h"
-
-#include <QFileInfo>
-#include <QRandomGenerator>
+#include <QtCore/QFileInfo>
+#include <QtCore/QRandomGenerator>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vxcore/vxfileexchange.h>
 
 namespace {
 
@@ -34,12 +32,12 @@ QString obstacle(const QString &fileName)
     if (::stat(name.constData(), &status) != 0)
         return {};
     if (S_ISDIR(status.st_mode))
-        return VxFileText::tr("the name refers to a directory");
+        return VxSafeFile::tr("the name refers to a directory");
     if (!S_ISREG(status.st_mode))
-        return VxFileText::tr("the name refers to a device or pipe");
+        return VxSafeFile::tr("the name refers to a device or pipe");
     constexpr auto AnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
     return (status.st_mode & AnyWrite) == 0 || ::access(name.constData(), W_OK) != 0
-               ? VxFileText::tr("it is read-only")
+               ? VxSafeFile::tr("it is read-only")
                : QString();
 }
 

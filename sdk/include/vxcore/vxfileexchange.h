@@ -1,7 +1,8 @@
-#ifndef VXIO_VXFILEEXCHANGE_H
-#define VXIO_VXFILEEXCHANGE_H
+#ifndef VXCORE_VXFILEEXCHANGE_H
+#define VXCORE_VXFILEEXCHANGE_H
 
-#include <QString>
+#include <QtCore/QString>
+#include <vxcore/vxcoreglobal.h>
 
 /// Puts a complete new file into the place of an existing one.
 ///
@@ -14,34 +15,34 @@ namespace VxFileExchange {
 /// Replaces `fileName` by `complete`, a file in the same folder whose contents are on the disk.
 /// False with the reason when that fails; `complete` is removed then, and the former file is in its
 /// place, or the reason says where it is.
-bool replace(const QString &complete, const QString &fileName, QString *reason);
+VXCORE_EXPORT bool replace(const QString &complete, const QString &fileName, QString *reason);
 
 /// After a loss of power the folder of a file has its present names. False when that fails.
-bool synchronizeFolder(const QString &fileName);
+VXCORE_EXPORT bool synchronizeFolder(const QString &fileName);
 
 /// Finishes an exchange that was interrupted while no file had the name: the new file is put there,
 /// else the former one. False when there is nothing to do, or when it fails.
-bool finishInterrupted(const QString &fileName);
+VXCORE_EXPORT bool finishInterrupted(const QString &fileName);
 
 /// What an interrupted exchange leaves beside a file: the complete new and the former file.
-QString newName(const QString &fileName);
-QString oldName(const QString &fileName);
+VXCORE_EXPORT QString newName(const QString &fileName);
+VXCORE_EXPORT QString oldName(const QString &fileName);
 
 /// The absolute path of a name. Other than by the toolkit's function, ".." after a link to a folder
 /// leads to the parent of the folder that it leads to, as it does when the file is opened.
-QString absoluteName(const QString &fileName);
+VXCORE_EXPORT QString absoluteName(const QString &fileName);
 
 /// The file that a chain of symbolic links leads to, whether or not it exists; the name itself
 /// without a link. No folder in the path is a link, so that two spellings of one file have the same
 /// target. Empty for a circle.
-QString targetOf(const QString &fileName);
+VXCORE_EXPORT QString targetOf(const QString &fileName);
 
 /// Gives an open file the permissions of another one, and its group. Where the user may not give it
 /// that group the user's own may do no more than others. A missing `model` changes nothing.
-bool applyPermissions(int handle, const QString &model, QString *reason);
+VXCORE_EXPORT bool applyPermissions(int handle, const QString &model, QString *reason);
 
 /// Copies a file with its permissions, as a whole or not at all. An existing copy is replaced.
-bool copy(const QString &from, const QString &to, QString *reason);
+VXCORE_EXPORT bool copy(const QString &from, const QString &to, QString *reason);
 
 } // namespace VxFileExchange
 

@@ -1,9 +1,11 @@
-#ifndef VXIO_VXSAFEFILE_H
-#define VXIO_VXSAFEFILE_H
+#ifndef VXCORE_VXSAFEFILE_H
+#define VXCORE_VXSAFEFILE_H
 
-#include <QByteArray>
-#include <QFile>
-#include <QIODevice>
+#include <QtCore/QByteArray>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QIODevice>
+#include <vxcore/vxcoreglobal.h>
 
 /// A file that replaces another one atomically: it is written beside it and put into its place when
 /// it is complete, see VxFileExchange. The first failure is stored with its reason and prevents
@@ -12,8 +14,9 @@
 /// The file keeps the permissions of the former one, and its group where the user may give it that
 /// one. A symbolic link stays, and the file that it leads to is replaced. A file that is read-only
 /// for the user, or that nobody may write, is refused.
-class VxSafeFile : public QIODevice
+class VXCORE_EXPORT VxSafeFile : public QIODevice
 {
+    Q_DECLARE_TR_FUNCTIONS(VxSafeFile)
 public:
     explicit VxSafeFile(const QString &fileName);
     /// Without a commit the former file stays.
