@@ -5,15 +5,6 @@
 #include <vxcore/vxpane.h>
 #include <vxcore/vxpanemgr.h>
 
-namespace {
-
-VxMainWindow *applicationWindow()
-{
-    return vxApp ? vxApp->getInterface() : nullptr;
-}
-
-} // namespace
-
 class VxPaneAction::Private
 {
 public:
@@ -36,8 +27,7 @@ QString VxPaneAction::getPaneClassName() const
 void VxPaneAction::init()
 {
     VxAction::init();
-    const VxMainWindow *window = applicationWindow();
-    const VxPane *pane = window ? window->getPaneMgr()->findPane(d->paneClassName) : nullptr;
+    const VxPane *pane = vxFindPane(d->paneClassName);
     const QString title = pane ? pane->getTitle() : d->paneClassName;
     setText(title);
     // Also sets the other help texts.
@@ -56,7 +46,7 @@ QString VxPaneAction::getActionGroup() const
 
 void VxPaneAction::executeAction()
 {
-    VxMainWindow *window = applicationWindow();
+    VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
     if (!window) {
         qWarning("VxPaneAction: the pane \"%s\" cannot be opened without a main window",
                  qUtf8Printable(d->paneClassName));

@@ -1,3 +1,4 @@
+#include "menu/vxmenulookup.h"
 #include "script/scriptarguments.h"
 #include "script/scriptbindings.h"
 
@@ -9,23 +10,15 @@
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpane.h>
-#include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxversion.h>
 
 namespace {
 
-VxMainWindow *mainWindow()
-{
-    return vxApp ? vxApp->getInterface() : nullptr;
-}
-
 QScriptValue findPane(ScriptArguments &arguments)
 {
-    const QString name = arguments.text(0, "className");
-    const VxMainWindow *window = mainWindow();
-    VxPane *pane = window ? window->getPaneMgr()->findPane(name) : nullptr;
+    VxPane *pane = vxFindPane(arguments.text(0, "className"));
     QScriptValue value = toScript(arguments.engine(), pane);
     // The keys of the pane's enumerations, as on a pane that a script creates.
     if (pane)
@@ -35,21 +28,16 @@ QScriptValue findPane(ScriptArguments &arguments)
 
 QScriptValue action(ScriptArguments &arguments)
 {
-    const QString name = arguments.text(0, "className");
-    const VxMainWindow *window = mainWindow();
-    return toScript(arguments.engine(),
-                    window ? window->getActionMgr()->findAction(name) : nullptr);
+    return toScript(arguments.engine(), vxFindMenuAction(arguments.text(0, "className")));
 }
 
 QScriptValue actionNames(ScriptArguments &arguments)
 {
-    QScriptValue names = arguments.engine()->newArray();
-    const VxMainWindow *window = mainWindow();
-    for (int i = 0; window && i < window->getActionMgr()->getNumActions(); ++i) {
-        const VxAction *entry = window->getActionMgr()->getAction(i);
-        names.setProperty(quint32(i), QLatin1String(entry->metaObject()->className()));
-    }
-    return names;
+    const VxMainWindow *window = vxApp ? vxApp->getInterface() : nullptr;
+    const auto actions = window ? window->getActionMgr()->getActions() : QVector<VxAction *>();
+    return makeArray(arguments.engine(), actions.size(), [&actions](int i) {
+        return QLatin1String(actions.at(i)->metaObject()->className());
+    });
 }
 
 /// Processes everything queued in the event loop, such as deferred updates of panes.
@@ -62,9 +50,7 @@ QScriptValue processEvents(ScriptArguments &)
 
 QScriptValue status(ScriptArguments &arguments)
 {
-    const QString text = arguments.text(0, "text");
-    if (VxMainWindow *window = mainWindow())
-        window->showStatusMessage(text);
+    vxShowStatusMessage(arguments.text(0, "text"));
     return {};
 }
 

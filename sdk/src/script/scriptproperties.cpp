@@ -6,6 +6,7 @@
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
+#include <vxcore/vxkeyarrays.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxscene.h>
@@ -17,21 +18,6 @@
 #include <limits>
 
 namespace {
-
-/// Keys gathered from a script array, in columns.
-struct KeyLists
-{
-    QVector<VxTime> times;
-    QVector<float> values;
-    QVector<quint8> types;
-    QVector<VxTcb> tcb;
-
-    VxKeyColumns<float> columns() const
-    {
-        return {times.constData(), values.constData(), types.constData(), tcb.constData(),
-                times.size()};
-    }
-};
 
 struct ScriptKey
 {
@@ -99,45 +85,33 @@ QVector<ScriptKey> readKeys(ScriptArguments &arguments, int argument)
     return keys;
 }
 
-KeyLists toLists(const QVector<ScriptKey> &keys)
+float valueFor(const VxFloatProperty *, double value)
 {
-    KeyLists lists;
-    for (const ScriptKey &key : keys) {
-        lists.times.append(key.time);
-        lists.values.append(static_cast<float>(key.value));
-        lists.types.append(static_cast<quint8>(key.type));
-        lists.tcb.append(key.tcb);
-    }
-    return lists;
+    return static_cast<float>(value);
 }
 
-QVector<qint32> toIntValues(const QVector<ScriptKey> &keys)
+qint32 valueFor(const VxIntProperty *, double value)
 {
-    QVector<qint32> values;
-    for (const ScriptKey &key : keys)
-        values.append(static_cast<qint32>(
-            std::lround(qBound(double(std::numeric_limits<qint32>::min()), key.value,
-                               double(std::numeric_limits<qint32>::max())))));
-    return values;
+    return static_cast<qint32>(std::lround(qBound(double(std::numeric_limits<qint32>::min()), value,
+                                                  double(std::numeric_limits<qint32>::max()))));
 }
 
-/// Limits values like the property's own setter.
-template <class Property, class Value>
-void limitValues(const Property *property, QVector<Value> &values)
+/// Sets keys, with values limited like by the property's own setter; range null merges, else
+/// replaces the keys within.
+template <class Property>
+bool putKeys(Property *property, const QVector<ScriptKey> &keys, const VxTimeRange *range)
 {
     const auto *holder = static_cast<const Property *>(property->getKeyHolder());
-    if (!holder->isClamped())
-        return;
-    for (Value &value : values)
-        value = qBound(holder->getMin(), value, holder->getMax());
-}
-
-QVector<VxTime> toTimes(const QVector<ScriptKey> &keys)
-{
-    QVector<VxTime> times;
-    for (const ScriptKey &key : keys)
-        times.append(key.time);
-    return times;
+    VxKeyArrays<decltype(valueFor(property, 0))> arrays;
+    for (const ScriptKey &key : keys) {
+        const auto value = valueFor(property, key.value);
+        arrays.times.push_back(key.time);
+        arrays.values.push_back(
+            holder->isClamped() ? qBound(holder->getMin(), value, holder->getMax()) : value);
+        arrays.types.push_back(static_cast<quint8>(key.type));
+        arrays.tcb.push_back(key.tcb);
+    }
+    return range ? property->replaceKeys(*range, arrays) : property->setKeys(arrays);
 }
 
 QScriptValue getKeys(ScriptArguments &arguments)
@@ -171,24 +145,12 @@ QScriptValue getKeyValues(ScriptArguments &arguments)
                      [property](int i) { return property->getKeyDoubleValue(i); });
 }
 
-/// Sets keys of a property of either kind; range null merges, else replaces the keys within.
 bool putKeys(VxNumericProperty *property, const QVector<ScriptKey> &keys, const VxTimeRange *range)
 {
-    if (auto *number = qobject_cast<VxFloatProperty *>(property)) {
-        KeyLists lists = toLists(keys);
-        limitValues(number, lists.values);
-        return range ? number->replaceKeys(*range, lists.columns())
-                     : number->setKeys(lists.columns());
-    }
+    if (auto *number = qobject_cast<VxFloatProperty *>(property))
+        return putKeys(number, keys, range);
     auto *whole = qobject_cast<VxIntProperty *>(property);
-    if (!whole)
-        return false;
-    const QVector<VxTime> times = toTimes(keys);
-    QVector<qint32> values = toIntValues(keys);
-    limitValues(whole, values);
-    const VxKeyColumns<qint32> columns{times.constData(), values.constData(), nullptr, nullptr,
-                                       times.size()};
-    return range ? whole->replaceKeys(*range, columns) : whole->setKeys(columns);
+    return whole && putKeys(whole, keys, range);
 }
 
 QScriptValue setKeys(ScriptArguments &arguments)
