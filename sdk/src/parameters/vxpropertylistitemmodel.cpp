@@ -67,7 +67,6 @@ public:
     void watchNode(VxNode *node);
     void watchElement(VxElement *element);
     void watchProperty(VxProperty *property);
-    void disconnectAll();
     void refresh(int first, int last, int firstColumn);
     void refreshProperty(const VxProperty *property);
     void loseProperty(const VxProperty *property);
@@ -85,7 +84,8 @@ public:
     QVector<VxPropertyListRow> rows;
     std::vector<ListNode> listNodes; // one a row
     QHash<const VxProperty *, Place> places;
-    QVector<QMetaObject::Connection> connections;
+    // Receives the reports of nodes, elements and properties; another one drops the connections.
+    std::unique_ptr<QObject> watcher = std::make_unique<QObject>();
     bool lost = false;  // whether a listed property was removed since the rows were built
     QTimer updateTimer; // compresses all changes of one event loop iteration
 };
@@ -100,7 +100,7 @@ void VxPropertyListItemModel::Private::update()
         rebuild();
         return;
     }
-    disconnectAll();
+    watcher = std::make_unique<QObject>();
     watch();
     refresh(0, rows.size() - 1, LabelColumn);
 }
@@ -109,7 +109,7 @@ void VxPropertyListItemModel::Private::rebuild()
 {
     updateTimer.stop();
     q->beginResetModel();
-    disconnectAll();
+    watcher = std::make_unique<QObject>();
     listNodes.clear();
     lost = false;
     rows = vxPropertyListRows(q->getNodes());
@@ -140,41 +140,32 @@ void VxPropertyListItemModel::Private::findPlaces()
 
 void VxPropertyListItemModel::Private::watch()
 {
-    const QVector<VxNode *> living = q->getNodes();
-    for (VxNode *node : living)
+    for (VxNode *node : q->getNodes())
         watchNode(node);
 }
 
 void VxPropertyListItemModel::Private::watchNode(VxNode *node)
 {
-    connections << connect(node, &VxNode::objectChanged, q, [this] { updateTimer.start(); });
+    connect(node, &VxNode::objectChanged, watcher.get(), [this] { updateTimer.start(); });
     for (VxElement *element : elementsOf(node))
         watchElement(element);
 }
 
 void VxPropertyListItemModel::Private::watchElement(VxElement *element)
 {
-    connections << connect(element, &VxElement::propertyAdded, q, [this] { updateTimer.start(); });
-    connections << connect(element, &VxElement::propertyRemoved, q,
-                           [this](const VxProperty *property) { loseProperty(property); });
+    connect(element, &VxElement::propertyAdded, watcher.get(), [this] { updateTimer.start(); });
+    connect(element, &VxElement::propertyRemoved, watcher.get(),
+            [this](const VxProperty *property) { loseProperty(property); });
     for (int i = 0; i < element->getNumProperties(); ++i)
         watchProperty(element->getProperty(i));
 }
 
 void VxPropertyListItemModel::Private::watchProperty(VxProperty *property)
 {
-    connections << connect(property, &VxProperty::traitsChanged, q,
-                           [this] { updateTimer.start(); });
+    connect(property, &VxProperty::traitsChanged, watcher.get(), [this] { updateTimer.start(); });
     if (places.contains(property))
-        connections << connect(property, &VxProperty::valueChanged, q,
-                               [this, property] { refreshProperty(property); });
-}
-
-void VxPropertyListItemModel::Private::disconnectAll()
-{
-    for (const QMetaObject::Connection &connection : qAsConst(connections))
-        QObject::disconnect(connection);
-    connections.clear();
+        connect(property, &VxProperty::valueChanged, watcher.get(),
+                [this, property] { refreshProperty(property); });
 }
 
 void VxPropertyListItemModel::Private::refresh(int first, int last, int firstColumn)
@@ -208,6 +199,7 @@ void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
 void VxPropertyListItemModel::Private::loseNode(VxNode *node)
 {
     node->disconnect(q);
+    node->disconnect(watcher.get());
     nodes.removeAll(node);
     for (const VxElement *element : elementsOf(node)) {
         for (int i = 0; i < element->getNumProperties(); ++i)
