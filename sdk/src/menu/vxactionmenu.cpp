@@ -10,9 +10,9 @@ namespace {
 
 struct Entry
 {
-    VxActionMenu::EntryKind kind;
+    VxActionMenu::EntryKind kind = VxActionMenu::EntryKind::Separator;
     QString name;
-    VxActionMenu *subMenu;
+    VxActionMenu *subMenu = nullptr;
 };
 
 /** Empties a menu, and destroys its own sub-menus, which are no longer shown. */
@@ -146,18 +146,17 @@ int VxActionMenu::getNumEntries() const
 
 VxActionMenu::EntryKind VxActionMenu::getEntryKind(int index) const
 {
-    return index >= 0 && index < d->entries.size() ? d->entries.at(index).kind
-                                                   : EntryKind::Separator;
+    return d->entries.value(index).kind;
 }
 
 QString VxActionMenu::getEntryName(int index) const
 {
-    return index >= 0 && index < d->entries.size() ? d->entries.at(index).name : QString();
+    return d->entries.value(index).name;
 }
 
 VxActionMenu *VxActionMenu::getSubMenu(int index) const
 {
-    return index >= 0 && index < d->entries.size() ? d->entries.at(index).subMenu : nullptr;
+    return d->entries.value(index).subMenu;
 }
 
 QMenu *VxActionMenu::getMenu()

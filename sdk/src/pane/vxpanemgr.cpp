@@ -34,25 +34,9 @@ public:
 
     const VxPluginMgr *factorySource() const
     {
-        if (plugins)
-            return plugins;
-        return vxCurrentPluginMgr();
+        return plugins ? plugins.data() : vxCurrentPluginMgr();
     }
-
-    VxPane *create(const VxClassFactory *factory);
 };
-
-VxPane *VxPaneMgr::Private::create(const VxClassFactory *factory)
-{
-    QObject *object = factory->createInstance();
-    VxPane *pane = qobject_cast<VxPane *>(object);
-    if (!pane) {
-        qWarning("VxPaneMgr: the factory of %s created no pane",
-                 qUtf8Printable(factory->className()));
-        delete object;
-    }
-    return pane;
-}
 
 VxPaneMgr::VxPaneMgr(QObject *parent)
     : QObject(parent)
@@ -113,10 +97,15 @@ VxPane *VxPaneMgr::makePane(const QString &className)
     if (d->inCreation.contains(className))
         return nullptr;
     d->inCreation.append(className);
-    VxPane *pane = d->create(factory);
+    QObject *object = factory->createInstance();
     d->inCreation.removeOne(className);
-    if (pane)
+    VxPane *pane = qobject_cast<VxPane *>(object);
+    if (pane) {
         enterPane(pane);
+    } else {
+        qWarning("VxPaneMgr: the factory of %s created no pane", qUtf8Printable(className));
+        delete object;
+    }
     return pane;
 }
 
