@@ -28,8 +28,7 @@ ExportDialog::ExportDialog(const VxScene &scene, QWidget *parent)
     : QDialog(parent)
 {
     const QVector<VxSkeleton *> figures = FigureChoice::figures(scene);
-    for (VxSkeleton *figure : figures)
-        m_figures.append(figure);
+    m_figures = {figures.begin(), figures.end()};
     setWindowTitle(tr("Export Motion"));
     m_what = makeBox(QStringLiteral("exportWhat"),
                      QStringList{tr("Whole scene")} + FigureChoice::names(figures));

@@ -13,38 +13,30 @@ constexpr int PatienceMilliseconds = 500;
 
 } // namespace
 
-class LoadProgress::Private
-{
-public:
-    std::unique_ptr<QProgressDialog> dialog; // null on the console
-};
-
 LoadProgress::LoadProgress(const UserMessages &messages, const QString &label)
-    : d(std::make_unique<Private>())
 {
     if (messages.isConsole())
         return;
-    d->dialog = std::make_unique<QProgressDialog>(QString(), StudioText::tr("Cancel"), 0, 100,
-                                                  messages.window());
+    m_dialog = std::make_unique<QProgressDialog>(QString(), StudioText::tr("Cancel"), 0, 100,
+                                                 messages.window());
     auto *text = new QLabel(label);
     text->setTextFormat(Qt::PlainText); // a file's name is no markup
     text->setAlignment(Qt::AlignCenter);
-    d->dialog->setLabel(text);
+    m_dialog->setLabel(text);
     // Modal: only the cancel button gets input while events are processed.
-    d->dialog->setWindowModality(Qt::ApplicationModal);
-    d->dialog->setMinimumDuration(PatienceMilliseconds);
-    d->dialog->setAutoReset(false);
-    d->dialog->setValue(0);
+    m_dialog->setWindowModality(Qt::ApplicationModal);
+    m_dialog->setMinimumDuration(PatienceMilliseconds);
+    m_dialog->setAutoReset(false);
+    m_dialog->setValue(0);
 }
 
 LoadProgress::~LoadProgress() = default;
 
 VxFileProgress LoadProgress::function()
 {
-    QProgressDialog *dialog = d->dialog.get();
-    if (!dialog)
+    if (!m_dialog)
         return {};
-    return [dialog](int percent) {
+    return [dialog = m_dialog.get()](int percent) {
         dialog->setValue(percent);
         return !dialog->wasCanceled();
     };

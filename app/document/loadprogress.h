@@ -6,6 +6,7 @@
 #include <QString>
 #include <memory>
 
+class QProgressDialog;
 class UserMessages;
 
 /// Shows the progress of a long file operation, once it has taken half a second or will clearly
@@ -22,8 +23,7 @@ public:
     VxFileProgress function();
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<QProgressDialog> m_dialog; // null on the console
 };
 
 #endif

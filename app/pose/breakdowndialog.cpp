@@ -18,20 +18,12 @@ namespace {
 constexpr int FirstPercent = 50;
 constexpr int TickDistance = 25;
 
-QVector<QPointer<VxNode>> guarded(const QVector<VxNode *> &nodes)
-{
-    QVector<QPointer<VxNode>> pointers;
-    for (VxNode *node : nodes)
-        pointers.append(node);
-    return pointers;
-}
-
 } // namespace
 
 BreakdownDialog::BreakdownDialog(VxScene *scene, const QVector<VxNode *> &nodes, QWidget *parent)
     : PreviewDialog(tr("Breakdown"), parent)
     , m_scene(scene)
-    , m_nodes(guarded(nodes))
+    , m_nodes(nodes.begin(), nodes.end())
     , m_time((scene->pause(), scene->getTime()))
     , m_toward(new QComboBox(this))
     , m_slider(new QSlider(Qt::Horizontal, this))

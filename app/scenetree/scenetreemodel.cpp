@@ -19,9 +19,8 @@ class DraggedNodes : public QMimeData
     Q_OBJECT
 public:
     explicit DraggedNodes(const QVector<VxNode *> &nodes)
+        : m_nodes(nodes.begin(), nodes.end())
     {
-        for (VxNode *node : nodes)
-            m_nodes.append(node);
         setData(mimeType(), QByteArray());
     }
 
