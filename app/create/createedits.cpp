@@ -154,11 +154,7 @@ CreateResult CreateEdits::duplicate(VxScene *scene, const QVector<VxNode *> &nod
     const QVector<VxNode *> tops = SceneEdits::topmost(scene, nodes);
     if (tops.isEmpty())
         return {{}, StudioText::tr("Select the nodes to duplicate.")};
-    QVector<VxNode *> sources;
-    for (VxNode *top : tops) {
-        sources.append(top);
-        top->getNodeChildren(sources, true);
-    }
+    const QVector<VxNode *> sources = SceneEdits::trees(scene, tops);
     NodeCopy copy(sources, NameNumbers(scene).copies(sources));
     CreateResult result;
     VxUndoStackHold hold;

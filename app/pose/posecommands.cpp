@@ -111,12 +111,7 @@ PoseResult PoseResult::nothingSelected()
 
 QVector<VxNode *> PoseCommands::selectedTrees(const VxScene *scene)
 {
-    QVector<VxNode *> nodes;
-    for (VxNode *top : SceneEdits::topmost(scene, scene->getSelectedNodes())) {
-        nodes.append(top);
-        top->getNodeChildren(nodes, true);
-    }
-    return nodes;
+    return SceneEdits::trees(scene, scene->getSelectedNodes());
 }
 
 QVector<VxNode *> PoseCommands::selectedJoints(const VxScene *scene)
@@ -272,10 +267,7 @@ PoseResult PoseCommands::selectChildren(VxScene *scene)
 {
     if (scene->getNumSelectedNodes() == 0)
         return PoseResult::nothingSelected();
-    VxNode *primary = scene->getPrimarySelection();
-    scene->selectNodes(selectedTrees(scene), true);
-    if (primary)
-        scene->setPrimarySelection(primary);
+    SceneEdits::selectChildren(scene);
     return {true, StudioText::tr("Selected %n nodes.", nullptr, scene->getNumSelectedNodes())};
 }
 

@@ -101,6 +101,14 @@ void SceneEdits::selectOnly(VxScene *scene, const QVector<VxNode *> &nodes)
     scene->selectNodes(nodes, true);
 }
 
+void SceneEdits::selectChildren(VxScene *scene)
+{
+    VxNode *primary = scene->getPrimarySelection();
+    scene->selectNodes(trees(scene, scene->getSelectedNodes()), true);
+    if (primary)
+        scene->setPrimarySelection(primary);
+}
+
 bool SceneEdits::move(VxScene *scene, const QVector<VxNode *> &nodes, VxNode *parent, int index,
                       Kept kept, QVector<VxNode *> *displaced)
 {
@@ -151,4 +159,14 @@ QVector<VxNode *> SceneEdits::topmost(const VxScene *scene, const QVector<VxNode
             tops.append(node);
     }
     return tops;
+}
+
+QVector<VxNode *> SceneEdits::trees(const VxScene *scene, const QVector<VxNode *> &nodes)
+{
+    QVector<VxNode *> all;
+    for (VxNode *top : topmost(scene, nodes)) {
+        all.append(top);
+        top->getNodeChildren(all, true);
+    }
+    return all;
 }

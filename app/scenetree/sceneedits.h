@@ -21,6 +21,9 @@ bool setVisible(const QVector<VxNode *> &nodes, bool visible);
 
 /// Selects these nodes and no others. Makes no undo entry.
 void selectOnly(VxScene *scene, const QVector<VxNode *> &nodes);
+/// Adds everything below the selected nodes to the selection; the primary one stays. Makes no undo
+/// entry.
+void selectChildren(VxScene *scene);
 
 /// The invariant of a reparented node: its world transform at the scene's time and at its keys,
 /// which get other values for it, or the values of its controls, with which it jumps to another
@@ -38,6 +41,8 @@ bool canMove(const QVector<VxNode *> &nodes, const VxNode *parent);
 
 /// The nodes that are not below another one of the list, in the order of the hierarchy.
 QVector<VxNode *> topmost(const VxScene *scene, const QVector<VxNode *> &nodes);
+/// The nodes and everything below them, each once, parents first.
+QVector<VxNode *> trees(const VxScene *scene, const QVector<VxNode *> &nodes);
 
 } // namespace SceneEdits
 

@@ -116,14 +116,7 @@ void SceneTreeView::hideSelected()
 
 void SceneTreeView::selectChildren()
 {
-    VxNode *primary = m_scene->getPrimarySelection();
-    QVector<VxNode *> below;
-    for (const VxNode *node : m_scene->getSelectedNodes())
-        node->getNodeChildren(below, true);
-    for (VxNode *node : qAsConst(below))
-        node->select();
-    if (primary)
-        m_scene->setPrimarySelection(primary);
+    SceneEdits::selectChildren(m_scene);
 }
 
 /** The tree's keys have priority over the shortcuts of the window's actions. */
