@@ -1,9 +1,8 @@
 #include "posetools/posetools.h"
 
-#include "posetools/autokeylayer.h"
 #include "posetools/iktool.h"
 #include "posetools/movetool.h"
-#include "posetools/pinlayer.h"
+#include "posetools/posemarks.h"
 #include "posetools/rotatetool.h"
 #include "posetools/scaletool.h"
 #include "viewport/viewportwidget.h"
@@ -24,8 +23,7 @@ PoseTools::PoseTools(VxScene *scene, ViewportWidget *viewport)
     m_tools[Rotate] = new RotateTool(scene, m_settings, this);
     m_tools[Scale] = new ScaleTool(scene, m_settings, this);
     m_tools[Ik] = new IkTool(scene, m_settings, this);
-    viewport->addLayer(new AutoKeyLayer(scene, this));
-    viewport->addLayer(new PinLayer(scene, this));
+    viewport->addLayer(new PoseMarks(scene, this));
     connect(viewport, &ViewportWidget::toolChanged, this, &PoseTools::activeToolChanged);
 }
 
