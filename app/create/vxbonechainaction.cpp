@@ -10,7 +10,7 @@ VxBoneChainAction::VxBoneChainAction()
     : VxViewportAction("Create", tr("Bone Chain"),
                        tr("Creates bones from click to click in the viewport. Return, Escape or a "
                           "double click ends the chain, Backspace takes the last click back."),
-                       "Ctrl+Alt+C", "Nodes", "", true)
+                       "Ctrl+Alt+C", "Nodes")
 {
     // Not a plain key: it acts wherever the focus is.
     setShortcutContext(Qt::WindowShortcut);

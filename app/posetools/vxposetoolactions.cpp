@@ -19,7 +19,7 @@ bool isCommon(const PoseTools &tools)
 VxPoseToolAction::VxPoseToolAction(const QString &text, const QString &description,
                                    const char *accel, const char *folder, const Question &isCurrent,
                                    const Choice &choose)
-    : VxViewportAction("Pose", text, description, accel, "Tools", folder, true)
+    : VxViewportAction("Pose", text, description, accel, "Tools", folder)
     , m_isCurrent(isCurrent)
     , m_choose(choose)
 {
@@ -51,7 +51,7 @@ void VxPoseToolAction::executeAction()
     const QString message = m_choose(tools);
     setChecked(m_isCurrent(*tools));
     if (!message.isEmpty())
-        vxApp->getInterface()->showStatusMessage(message);
+        vxShowStatusMessage(message);
 }
 
 VxToolAction::VxToolAction(PoseTools::Tool tool, const QString &description, const char *accel)

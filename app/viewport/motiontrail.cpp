@@ -60,8 +60,10 @@ MotionTrail MotionTrail::of(const VxNode *node, const VxTimeRange &range, VxTime
     return trail;
 }
 
-TrailSource::TrailSource(const VxNode *node)
+QVector<TrailLink> trailLinks(const VxNode *node)
 {
+    QVector<TrailLink> links;
     for (; node; node = node->getNodeParent())
         links.append({node, node->getOrigin(), node->getRotationOrder()});
+    return links;
 }

@@ -29,28 +29,19 @@ struct MotionTrail
 };
 
 /// What a trail depends on that sends no report when it changes: compared before a trail is reused.
-struct TrailSource
+struct TrailLink
 {
-    struct Link
+    const VxNode *node;
+    QVector3D origin;
+    VxNode::RotationOrder order;
+
+    friend bool operator==(const TrailLink &a, const TrailLink &b)
     {
-        const VxNode *node;
-        QVector3D origin;
-        VxNode::RotationOrder order;
-
-        friend bool operator==(const Link &a, const Link &b)
-        {
-            return a.node == b.node && a.origin == b.origin && a.order == b.order;
-        }
-    };
-
-    explicit TrailSource(const VxNode *node);
-
-    QVector<Link> links; ///< the node and those above it
-
-    friend bool operator==(const TrailSource &a, const TrailSource &b)
-    {
-        return a.links == b.links;
+        return a.node == b.node && a.origin == b.origin && a.order == b.order;
     }
 };
+
+/// Of a node and those above it.
+QVector<TrailLink> trailLinks(const VxNode *node);
 
 #endif

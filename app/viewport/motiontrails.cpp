@@ -118,8 +118,8 @@ void MotionTrails::drop()
 void MotionTrails::dropTrailsOf(const VxNode *node)
 {
     const auto isBelow = [node](const Trail &trail) {
-        return std::any_of(trail.source.links.begin(), trail.source.links.end(),
-                           [node](const TrailSource::Link &link) { return link.node == node; });
+        return std::any_of(trail.links.begin(), trail.links.end(),
+                           [node](const TrailLink &link) { return link.node == node; });
     };
     m_trails.erase(std::remove_if(m_trails.begin(), m_trails.end(), isBelow), m_trails.end());
     setHovered({});
@@ -132,9 +132,9 @@ const std::vector<MotionTrails::Trail> &MotionTrails::trails() const
         nodes.resize(MaxTrails);
     std::vector<Trail> present;
     for (VxNode *node : qAsConst(nodes)) {
-        TrailSource source(node);
+        const QVector<TrailLink> links = trailLinks(node);
         const auto kept = std::find_if(m_trails.begin(), m_trails.end(), [&](const Trail &trail) {
-            return trail.node == node && trail.source == source;
+            return trail.node == node && trail.links == links;
         });
         if (kept != m_trails.end()) {
             present.push_back(std::move(*kept));
@@ -143,7 +143,7 @@ const std::vector<MotionTrails::Trail> &MotionTrails::trails() const
         }
         ++m_numComputed;
         present.push_back(
-            {node, source, MotionTrail::of(node, m_scene->getPlayRange(), m_scene->getTimeStep())});
+            {node, links, MotionTrail::of(node, m_scene->getPlayRange(), m_scene->getTimeStep())});
     }
     m_trails = std::move(present);
     return m_trails;

@@ -50,7 +50,7 @@ private:
     struct Trail
     {
         QPointer<VxNode> node;
-        TrailSource source;
+        QVector<TrailLink> links;
         MotionTrail trail;
     };
 

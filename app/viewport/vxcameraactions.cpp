@@ -6,31 +6,50 @@
 
 #include <QInputDialog>
 
-VxFrameAllAction::VxFrameAllAction()
-    : VxViewportAction("View", tr("Frame All"), tr("Frames the whole scene in the viewport."), "A",
-                       "", "Camera")
+namespace {
+
+/** Shown while it is typed; cancelling restores the camera. */
+void askForFieldOfView(ViewportWidget *view)
 {
+    const ViewportCamera before = view->camera();
+    QInputDialog dialog(view->window());
+    dialog.setObjectName(QStringLiteral("FieldOfViewDialog"));
+    dialog.setWindowTitle(VxFieldOfViewAction::tr("Field of View"));
+    dialog.setLabelText(VxFieldOfViewAction::tr("Degrees over the shorter side of the viewport:"));
+    dialog.setInputMode(QInputDialog::DoubleInput);
+    dialog.setDoubleDecimals(1);
+    dialog.setDoubleRange(double(VxCameraState::MinFieldOfView),
+                          double(VxCameraState::MaxFieldOfView));
+    dialog.setDoubleValue(double(before.fieldOfView()));
+    QObject::connect(&dialog, &QInputDialog::doubleValueChanged, view, [view](double degrees) {
+        ViewportCamera camera = view->camera();
+        camera.setFieldOfView(float(degrees));
+        camera.setOrthographic(false);
+        view->setCamera(camera);
+    });
+    placeInCorner(&dialog, view);
+    if (dialog.exec() != QDialog::Accepted)
+        view->setCamera(before);
 }
 
-void VxFrameAllAction::perform(ViewportWidget *view)
+} // namespace
+
+VxFrameAllAction::VxFrameAllAction()
+    : VxViewportAction("View", tr("Frame All"), tr("Frames the whole scene in the viewport."), "A",
+                       "", "Camera", &ViewportWidget::frameAll)
 {
-    view->frameAll();
 }
 
 VxAxisViewAction::VxAxisViewAction(const QString &text, const QString &description,
                                    const char *accel, float yaw, float pitch)
-    : VxViewportAction("View", text, description, accel, "", "Camera")
-    , m_yaw(yaw)
-    , m_pitch(pitch)
+    : VxViewportAction("View", text, description, accel, "", "Camera",
+                       [yaw, pitch](ViewportWidget *view) {
+                           ViewportCamera camera = view->camera();
+                           camera.setDirection(yaw, pitch);
+                           camera.setOrthographic(true);
+                           view->setCamera(camera);
+                       })
 {
-}
-
-void VxAxisViewAction::perform(ViewportWidget *view)
-{
-    ViewportCamera camera = view->camera();
-    camera.setDirection(m_yaw, m_pitch);
-    camera.setOrthographic(true);
-    view->setCamera(camera);
 }
 
 VxFrontViewAction::VxFrontViewAction()
@@ -73,7 +92,7 @@ VxPerspectiveAction::VxPerspectiveAction()
     : VxViewportAction("View", tr("Perspective"),
                        tr("Toggles between a view with perspective and one in which parallel lines "
                           "are parallel."),
-                       "Num+5", "", "Camera", true)
+                       "Num+5", "", "Camera")
 {
 }
 
@@ -103,7 +122,7 @@ VxMotionTrailsAction::VxMotionTrailsAction()
     : VxViewportAction("View", tr("Motion Trails"),
                        tr("Shows the paths of the selected nodes over the play range; a click on a "
                           "dot sets the current time."),
-                       "T", "Trails", "", true)
+                       "T", "Trails")
 {
 }
 
@@ -129,30 +148,6 @@ void VxMotionTrailsAction::toggleAction(bool onOff)
 VxFieldOfViewAction::VxFieldOfViewAction()
     : VxViewportAction("View", tr("Field of View..."),
                        tr("Sets the angle that the shorter side of the viewport shows."), "", "",
-                       "Camera")
+                       "Camera", &askForFieldOfView)
 {
-}
-
-/** Shown while it is typed; cancelling restores the camera. */
-void VxFieldOfViewAction::perform(ViewportWidget *view)
-{
-    const ViewportCamera before = view->camera();
-    QInputDialog dialog(view->window());
-    dialog.setObjectName(QStringLiteral("FieldOfViewDialog"));
-    dialog.setWindowTitle(tr("Field of View"));
-    dialog.setLabelText(tr("Degrees over the shorter side of the viewport:"));
-    dialog.setInputMode(QInputDialog::DoubleInput);
-    dialog.setDoubleDecimals(1);
-    dialog.setDoubleRange(double(VxCameraState::MinFieldOfView),
-                          double(VxCameraState::MaxFieldOfView));
-    dialog.setDoubleValue(double(before.fieldOfView()));
-    connect(&dialog, &QInputDialog::doubleValueChanged, view, [view](double degrees) {
-        ViewportCamera camera = view->camera();
-        camera.setFieldOfView(float(degrees));
-        camera.setOrthographic(false);
-        view->setCamera(camera);
-    });
-    placeInCorner(&dialog, view);
-    if (dialog.exec() != QDialog::Accepted)
-        view->setCamera(before);
 }

@@ -8,9 +8,6 @@ class VxFrameAllAction : public VxViewportAction
     Q_OBJECT
 public:
     VxFrameAllAction();
-
-private:
-    void perform(ViewportWidget *view) override;
 };
 
 /// Base of the views along an axis of the world, without perspective.
@@ -21,12 +18,6 @@ protected:
     /// yaw and pitch in degrees, see VxCameraState.
     VxAxisViewAction(const QString &text, const QString &description, const char *accel, float yaw,
                      float pitch);
-
-private:
-    void perform(ViewportWidget *view) override;
-
-    const float m_yaw;
-    const float m_pitch;
 };
 
 class VxFrontViewAction : public VxAxisViewAction
@@ -100,9 +91,6 @@ class VxFieldOfViewAction : public VxViewportAction
     Q_OBJECT
 public:
     VxFieldOfViewAction();
-
-private:
-    void perform(ViewportWidget *view) override;
 };
 
 #endif

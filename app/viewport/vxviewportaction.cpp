@@ -4,8 +4,9 @@
 
 VxViewportAction::VxViewportAction(const char *menu, const QString &text,
                                    const QString &description, const char *accel, const char *group,
-                                   const char *folder, bool checkable)
-    : VxStudioAction(menu, text, description, accel, group, folder, checkable)
+                                   const char *folder, const Command &command)
+    : VxStudioAction(menu, text, description, accel, group, folder, !command)
+    , m_command(command)
 {
     setShortcutContext(Qt::WidgetShortcut);
 }
@@ -19,8 +20,7 @@ void VxViewportAction::init()
 
 void VxViewportAction::executeAction()
 {
-    if (ViewportWidget *view = ViewportWidget::current())
-        perform(view);
+    ViewportWidget *view = ViewportWidget::current();
+    if (view && m_command)
+        m_command(view);
 }
-
-void VxViewportAction::perform(ViewportWidget *) {}

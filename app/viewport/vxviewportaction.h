@@ -3,6 +3,8 @@
 
 #include "widgets/vxstudioaction.h"
 
+#include <functional>
+
 class ViewportWidget;
 
 /// Base of the commands of the viewport. A shortcut without Ctrl or Alt acts only while the
@@ -16,15 +18,17 @@ public:
     void init() override;
 
 protected:
-    /// menu, accel, group, folder: see VxStudioAction.
+    using Command = std::function<void(ViewportWidget *view)>;
+
+    /// menu, accel, group, folder: see VxStudioAction. Without a command the action is checkable,
+    /// and its effect is toggleAction().
     VxViewportAction(const char *menu, const QString &text, const QString &description,
                      const char *accel, const char *group, const char *folder = "",
-                     bool checkable = false);
+                     const Command &command = {});
     void executeAction() override;
 
 private:
-    /// The effect of a command that is not checkable. The base does nothing.
-    virtual void perform(ViewportWidget *view);
+    const Command m_command;
 };
 
 #endif
