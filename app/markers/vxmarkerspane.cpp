@@ -9,12 +9,12 @@
 
 VxMarkersPane::VxMarkersPane()
     : VxPane(tr("Markers"))
-    , m_strip(new MarkerStrip(
-          vxScene, vxApp->getInterface() ? vxApp->getInterface()->getPaneMgr() : nullptr, this))
 {
+    const VxMainWindow *window = vxApp->getInterface();
+    auto *strip = new MarkerStrip(vxScene, window ? window->getPaneMgr() : nullptr, this);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_strip);
-    setFixedHeight(m_strip->sizeHint().height());
-    setFocusProxy(m_strip);
+    layout->addWidget(strip);
+    setFixedHeight(strip->sizeHint().height());
+    setFocusProxy(strip);
 }

@@ -3,8 +3,6 @@
 
 #include <vxcore/vxpane.h>
 
-class MarkerStrip;
-
 /// The pane "Markers": a thin strip with the scene's markers, docked above the timeline and aligned
 /// with its time axis.
 class VxMarkersPane : public VxPane
@@ -12,12 +10,6 @@ class VxMarkersPane : public VxPane
     Q_OBJECT
 public:
     VxMarkersPane();
-
-    /// Never null; owned by the pane.
-    MarkerStrip *getStrip() const { return m_strip; }
-
-private:
-    MarkerStrip *m_strip;
 };
 
 #endif
