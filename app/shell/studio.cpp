@@ -108,10 +108,9 @@ void Studio::saveSettings()
     settings->setStringValue(key("Animation"), Animations::nameOf(m_animations->choice()));
     m_window->saveLayout(settings->getSettings(key("Window")));
     m_window->recentFiles()->store(settings->getSettings(key("RecentFiles")));
-    settings->getSettings(key("Recovery"))
-        ->setIntValue(key("Minutes"), m_window->recovery()->autoSave()->minutes());
-    settings->getSettings(key("Recovery"))
-        ->setIntValue(key("Entries"), m_window->recovery()->journal()->keptEntries());
+    VxSettings *recovery = settings->getSettings(key("Recovery"));
+    recovery->setIntValue(key("Minutes"), m_window->recovery()->autoSave()->minutes());
+    recovery->setIntValue(key("Entries"), m_window->recovery()->journal()->keptEntries());
     settings->getSettings(key("Saving"))
         ->setIntValue(key("Backups"), m_window->document()->backups());
     m_window->getPaneMgr()->saveSettings();
@@ -155,21 +154,18 @@ void Studio::buildPanesAndActions()
     m_window->getActionMgr()->createActions(plugins);
     m_window->getPaneMgr()->createPanes(plugins);
     m_window->getActionMgr()->initActions();
-    const VxSettings *settings = m_app->getSettings();
+    VxSettings *settings = m_app->getSettings();
     restoreShortcuts();
     m_window->completeMenus();
-    m_window->restoreLayout(*m_app->getSettings()->getSettings(key("Window")));
-    if (const VxSettings *recent = settings->findSettings(key("RecentFiles")))
-        m_window->recentFiles()->restore(*recent);
-    if (const VxSettings *recovery = settings->findSettings(key("Recovery"))) {
-        m_window->recovery()->autoSave()->setMinutes(
-            recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
-        m_window->recovery()->journal()->setKeptEntries(
-            recovery->getIntValue(key("Entries"), RecoveryJournal::DefaultKeptEntries));
-    }
-    if (const VxSettings *saving = settings->findSettings(key("Saving")))
-        m_window->document()->setBackups(
-            saving->getIntValue(key("Backups"), VxBackups::DefaultCount));
+    m_window->restoreLayout(*settings->getSettings(key("Window")));
+    m_window->recentFiles()->restore(*settings->getSettings(key("RecentFiles")));
+    const VxSettings *recovery = settings->getSettings(key("Recovery"));
+    m_window->recovery()->autoSave()->setMinutes(
+        recovery->getIntValue(key("Minutes"), AutoSave::DefaultMinutes));
+    m_window->recovery()->journal()->setKeptEntries(
+        recovery->getIntValue(key("Entries"), RecoveryJournal::DefaultKeptEntries));
+    m_window->document()->setBackups(
+        settings->getSettings(key("Saving"))->getIntValue(key("Backups"), VxBackups::DefaultCount));
 }
 
 /** A manually edited file may give two commands one shortcut: reports it instead of dead keys. */
@@ -334,15 +330,14 @@ Studio::Studio(const CommandLine &commandLine)
     connectScripts();
     if (!commandLine.size.isEmpty())
         m_window->resize(commandLine.size);
-    // At once, not only at the end: a crash should not lose them.
-    QObject::connect(m_window.get(), &StudioWindow::preferencesRequested, m_window.get(),
+    StudioWindow *window = m_window.get();
+    QObject::connect(window, &StudioWindow::preferencesRequested, window,
                      [this](const QString &page) { showPreferences(page); });
-    QObject::connect(m_window->recentFiles(), &RecentFiles::changed, m_window.get(),
-                     [this] { saveSettings(); });
-    QObject::connect(m_window->document(), &DocumentController::backupsChanged, m_window.get(),
-                     [this] { saveSettings(); });
-    QObject::connect(m_window->recovery()->autoSave(), &AutoSave::minutesChanged, m_window.get(),
-                     [this] { saveSettings(); });
+    // At once, not only at the end: a crash should not lose them.
+    const auto save = [this] { saveSettings(); };
+    QObject::connect(window->recentFiles(), &RecentFiles::changed, window, save);
+    QObject::connect(window->document(), &DocumentController::backupsChanged, window, save);
+    QObject::connect(window->recovery()->autoSave(), &AutoSave::minutesChanged, window, save);
     m_app->start();
 }
 

@@ -35,6 +35,16 @@ namespace {
     QT_TRANSLATE_NOOP("VxMenuPath", "Gizmo Orientation"),
 };
 
+/** Makes an entry checkable, and checks it whenever its state, which a signal reports, is true. */
+template <class Sender, class Signal, class State>
+void showChecked(QAction *entry, Sender *sender, Signal changed, State state)
+{
+    entry->setCheckable(true);
+    const auto show = [entry, state] { entry->setChecked(state()); };
+    QObject::connect(sender, changed, entry, show);
+    show();
+}
+
 } // namespace
 
 StudioMenus::StudioMenus(StudioWindow *window)
@@ -256,13 +266,9 @@ void StudioMenus::addTimeChoice(QMenu *menu, QActionGroup *group, const Entry &e
     };
     QAction *action =
         addEntry(menu, entry, [changed] { TimeView::setDisplay(vxScene, changed()); });
-    action->setCheckable(true);
     group->addAction(action);
-    const auto show = [action, shown, changed] {
-        action->setChecked(changed() == shown->display());
-    };
-    connect(shown, &VxSceneTimeDisplay::changed, action, show);
-    show();
+    showChecked(action, shown, &VxSceneTimeDisplay::changed,
+                [shown, changed] { return changed() == shown->display(); });
 }
 
 void StudioMenus::addTimeDisplay(QMenu *menu)
@@ -321,13 +327,9 @@ void StudioMenus::addPaletteChoice(QMenu *menu)
     auto *group = new QActionGroup(this);
     const auto add = [&](const Entry &entry, VxStyle::ColorScheme scheme) {
         QAction *action = addEntry(menu, entry, [style, scheme] { style->setColorScheme(scheme); });
-        action->setCheckable(true);
         group->addAction(action);
-        const auto show = [action, style, scheme] {
-            action->setChecked(style->colorScheme() == scheme);
-        };
-        connect(style, &VxStyle::colorSchemeChanged, action, show);
-        show();
+        showChecked(action, style, &VxStyle::colorSchemeChanged,
+                    [style, scheme] { return style->colorScheme() == scheme; });
     };
     add({"StudioDarkPalette", tr("&Dark Palette"), tr("Light text on a dark background.")},
         VxStyle::ColorScheme::Dark);
@@ -349,12 +351,8 @@ void StudioMenus::addCurveColors(QMenu *menu)
                                 style->setCurveColors(isSafe ? VxStyle::CurveColors::Safe
                                                              : VxStyle::CurveColors::Standard);
                             });
-    action->setCheckable(true);
-    const auto show = [action, style] {
-        action->setChecked(style->curveColors() == VxStyle::CurveColors::Safe);
-    };
-    connect(style, &VxStyle::curveColorsChanged, action, show);
-    show();
+    showChecked(action, style, &VxStyle::curveColorsChanged,
+                [style] { return style->curveColors() == VxStyle::CurveColors::Safe; });
 }
 
 /** Created with the others, because its shortcuts are needed; inserted last. */
