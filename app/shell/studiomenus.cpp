@@ -3,7 +3,6 @@
 #include "document/recentfilesmenu.h"
 #include "recovery/recoverycontroller.h"
 #include "recovery/recoverymenu.h"
-#include "shell/graphview.h"
 #include "shell/menutypeahead.h"
 #include "shell/panedock.h"
 #include "shell/panedocks.h"
@@ -21,6 +20,7 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>
+#include <vxcore/vxtimeaxis.h>
 #include <vxcore/vxundostack.h>
 
 namespace {
@@ -229,29 +229,29 @@ void StudioMenus::addTimeViews(QMenu *menu)
 /** What the buttons of the key graph do, for the keyboard. */
 void StudioMenus::addGraphViews(QMenu *menu)
 {
-    const auto run = [this](QString (*step)(const VxPaneMgr &, int), int steps) {
+    const auto run = [this](bool (VxTimeAxis::*step)(int), int steps) {
         return [this, step, steps] {
-            const QString reason = step(*m_window->getPaneMgr(), steps);
-            if (!reason.isEmpty())
-                m_window->showStatusMessage(reason);
+            VxTimeAxis *axis = VxTimeAxis::of(vxFindPane(QStringLiteral("VxTimePane")));
+            if (!axis || !(axis->*step)(steps))
+                m_window->showStatusMessage(tr("The key graph is not visible."));
         };
     };
     addEntry(menu,
              {"StudioGraphHigher", tr("Show &Higher Values"),
               tr("Moves the curves of the key graph down."), QKeySequence("Ctrl+Alt+Up")},
-             run(GraphView::panValues, 1));
+             run(&VxTimeAxis::panValues, 1));
     addEntry(menu,
              {"StudioGraphLower", tr("Show &Lower Values"),
               tr("Moves the curves of the key graph up."), QKeySequence("Ctrl+Alt+Down")},
-             run(GraphView::panValues, -1));
+             run(&VxTimeAxis::panValues, -1));
     addEntry(menu,
              {"StudioGraphZoomIn", tr("Zoom &In"), tr("Enlarges the values of the key graph."),
               QKeySequence("Ctrl+Alt+PgUp")},
-             run(GraphView::zoomValues, 1));
+             run(&VxTimeAxis::zoomValues, 1));
     addEntry(menu,
              {"StudioGraphZoomOut", tr("Zoom &Out"), tr("Reduces the values of the key graph."),
               QKeySequence("Ctrl+Alt+PgDown")},
-             run(GraphView::zoomValues, -1));
+             run(&VxTimeAxis::zoomValues, -1));
 }
 
 /** An entry that changes the scene's time display, checked when it would change nothing. */

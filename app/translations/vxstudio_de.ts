@@ -1494,6 +1494,10 @@ The copy is kept as %3.</source>
         <source>Shows and changes the preferences.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The key graph is not visible.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>StudioText</name>
@@ -2699,10 +2703,6 @@ Exit codes:
     <message>
         <source>%1, %2, %3, frames %4 to %5 at %L6 frames per second</source>
         <comment>nodes, keyed properties and keys, each with its number</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The key graph is not visible.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

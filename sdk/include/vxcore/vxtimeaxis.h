@@ -41,6 +41,13 @@ public:
     /// overridden) while no such view is visible.
     virtual double valuePerPixel() const;
 
+    /// Shows values an eighth of that view's height higher a step, below 0 lower. False (unless
+    /// overridden) while it is not visible.
+    virtual bool panValues(int steps);
+    /// Enlarges the values of that view about its middle by steps, below 0 reduces them. False
+    /// (unless overridden) while it is not visible.
+    virtual bool zoomValues(int steps);
+
 Q_SIGNALS:
     /// The scale or the visible range may have changed. Emitted at most once per change of the
     /// view.

@@ -16,3 +16,13 @@ double VxTimeAxis::valuePerPixel() const
 {
     return 0;
 }
+
+bool VxTimeAxis::panValues(int)
+{
+    return false;
+}
+
+bool VxTimeAxis::zoomValues(int)
+{
+    return false;
+}

@@ -19,6 +19,8 @@ constexpr double DeltaPerDoubling = 200.0; // of the wheel; a notch is 120
 constexpr double PixelsPerDelta = 0.5;
 constexpr double FineZoom = 0.05;
 constexpr double FineShift = 0.2;
+constexpr int PanStepsOfHeight = 8;    // of the graph
+constexpr int PixelsPerZoomStep = 100; // of a drag of the graph's button
 
 } // namespace
 
@@ -94,6 +96,24 @@ QWidget *TimePaneAxis::overlayParent() const
 double TimePaneAxis::valuePerPixel() const
 {
     return m_graph->isVisible() ? -m_graph->getScale().valuePerPixel : 0;
+}
+
+bool TimePaneAxis::panValues(int steps)
+{
+    if (!m_graph->isVisible())
+        return false;
+    m_graph->panStart();
+    m_graph->panAdjust(QPoint(0, steps * (m_graph->height() / PanStepsOfHeight)));
+    return true;
+}
+
+bool TimePaneAxis::zoomValues(int steps)
+{
+    if (!m_graph->isVisible())
+        return false;
+    m_graph->zoomStart();
+    m_graph->zoomAdjust(QPoint(0, steps * PixelsPerZoomStep));
+    return true;
 }
 
 void TimePaneAxis::update()

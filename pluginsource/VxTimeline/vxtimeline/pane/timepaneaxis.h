@@ -31,6 +31,8 @@ public:
     VxTimeRange visible() const override;
     QWidget *overlayParent() const override;
     double valuePerPixel() const override;
+    bool panValues(int steps) override;
+    bool zoomValues(int steps) override;
 
     // Aligns the key graph with the dope sheet and reports a change of the axis. Call it after a
     // change of anything in State.
