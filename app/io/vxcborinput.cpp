@@ -162,47 +162,41 @@ void VxCborInput::array(const std::function<void()> &element)
         container(element);
 }
 
+/** The same few names and kinds fill a file: what was read before is shared. */
 QString VxCborInput::text()
 {
     if (!expect(m_reader.isString(), QT_TRANSLATE_NOOP("VxFileText", "a text string")))
         return {};
-    if (m_reader.isLengthKnown() && m_reader.length() <= quint64(MaxShortText))
-        return shortText();
-    QString result;
-    auto chunk = m_reader.readString();
-    while (chunk.status == QCborStreamReader::Ok) {
-        result += chunk.data;
-        chunk = m_reader.readString();
-    }
-    expect(chunk.status == QCborStreamReader::EndOfString,
-           QT_TRANSLATE_NOOP("VxFileText", "a complete text string"));
-    return result;
-}
-
-/** The same few names and kinds fill a file: what was read before is shared. */
-QString VxCborInput::shortText()
-{
-    char bytes[MaxShortText];
-    qsizetype size = 0;
-    auto chunk = m_reader.readStringChunk(bytes, MaxShortText);
-    while (chunk.status == QCborStreamReader::Ok) {
-        size += chunk.data;
-        chunk = m_reader.readStringChunk(bytes + size, MaxShortText - size);
-    }
+    m_text.clear();
+    QCborStreamReader::StringResult<qsizetype> chunk;
+    do {
+        const std::size_t size = m_text.size();
+        const qint64 next = qBound(qint64(0), qint64(m_reader.currentStringChunkSize()), m_size);
+        m_text.resize(size + std::size_t(next));
+        chunk = m_reader.readStringChunk(&m_text[size], qsizetype(next));
+    } while (chunk.status == QCborStreamReader::Ok);
     if (!expect(chunk.status == QCborStreamReader::EndOfString,
                 QT_TRANSLATE_NOOP("VxFileText", "a complete text string")))
         return {};
-    const std::string_view text(bytes, std::size_t(size));
-    ReadText &known = m_readTexts[std::hash<std::string_view>()(text) % m_readTexts.size()];
-    if (known.bytes != text) {
-        QTextCodec::ConverterState state;
-        known.text = m_utf8->toUnicode(bytes, int(size), &state);
-        known.bytes = text;
-        if (state.invalidChars > 0 || state.remainingChars > 0)
-            fail(VxFileText::tr("The file is damaged or truncated: %1.")
-                     .arg(QCborError{QCborError::InvalidUtf8String}.toString()));
+    if (m_text.size() > MaxSharedText)
+        return decoded(m_text);
+    ReadText &known = m_readTexts[std::hash<std::string>()(m_text) % m_readTexts.size()];
+    if (known.bytes != m_text) {
+        known.text = decoded(m_text);
+        known.bytes = m_text;
     }
     return known.text;
+}
+
+/** Without the state a byte order mark, which may begin the name of a node, would be left out. */
+QString VxCborInput::decoded(const std::string &bytes)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    const QString text = m_utf8->toUnicode(bytes.data(), int(bytes.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        fail(VxFileText::tr("The file is damaged or truncated: %1.")
+                 .arg(QCborError{QCborError::InvalidUtf8String}.toString()));
+    return text;
 }
 
 bool VxCborInput::boolean()

@@ -92,14 +92,14 @@ private:
     };
 
     /// Texts of at most this many bytes are looked up among those that were read before.
-    static constexpr int MaxShortText = 48;
+    static constexpr std::size_t MaxSharedText = 48;
     struct ReadText
     {
         std::string bytes; // UTF-8
         QString text;
     };
 
-    QString shortText();
+    QString decoded(const std::string &bytes);
     bool expect(bool matches, const char *what);
     void skip();
     void skipUnknown(const QString &name, qint64 begin, QByteArray *kept);
@@ -114,6 +114,7 @@ private:
     Names m_unknown;
     Names m_dropped;
     QTextCodec *const m_utf8;
+    std::string m_text; // being read
     std::array<ReadText, 512>
         m_readTexts; // by a hash of their bytes; a newer one replaces an older
     qint64 m_keptBytes = 0;

@@ -23,6 +23,8 @@ private Q_SLOTS:
 
     void sampleRoundTripsByteForByte();
     void everyTraitRoundTrips();
+    void textsRoundTrip_data();
+    void textsRoundTrip();
     void identifiersRoundTrip();
     void olderFilesGetIdentifiers();
     void theCameraRoundTrips();
@@ -120,6 +122,30 @@ void TestSceneFile::everyTraitRoundTrips()
     QCOMPARE(p->getSensitivity(), 0.125f);
     QCOMPARE(p->getDefaultInterpolation(), 2);
     QCOMPARE(sceneBytes(&copy), bytes);
+}
+
+void TestSceneFile::textsRoundTrip_data()
+{
+    QTest::addColumn<QString>("text");
+    const QString mark = QChar(0xFEFF);
+    QTest::newRow("a byte order mark first") << mark + "walk";
+    QTest::newRow("nothing but a byte order mark") << mark;
+    QTest::newRow("a long text with a byte order mark first") << mark + QString(300, 'n');
+    QTest::newRow("a null character") << "a" + QString(QChar(0)) + "b";
+    QTest::newRow("many letters of three bytes") << QString(5000, QChar(0x6B69));
+}
+
+void TestSceneFile::textsRoundTrip()
+{
+    QFETCH(QString, text);
+    VxScene scene;
+    auto *node = new VxNode(QStringLiteral("n"));
+    node->setLabel(text);
+    scene.addNode(node);
+    VxScene read;
+    VxFileError error;
+    QVERIFY2(loadScene(sceneBytes(&scene), &read, &error), qPrintable(error.text()));
+    QVERIFY(read.findNode(QStringLiteral("n"))->getLabel() == text);
 }
 
 void TestSceneFile::identifiersRoundTrip()
