@@ -158,7 +158,9 @@ private:
             if (node->canMoveBelow(parent))
                 node->setNodeParent(parent, below(4));
         } else if (kind == 9) {
-            node->setLabel(QStringLiteral("Label %1").arg(below(100)));
+            // Some begin with a byte order mark, which readers of texts like to leave out.
+            node->setLabel(QString(QChar(QChar::ByteOrderMark)).left(below(2)) +
+                           QStringLiteral("Label %1").arg(below(100)));
             node->setPinned(below(2));
             node->setVisible(below(2));
             node->setSelectable(below(2));

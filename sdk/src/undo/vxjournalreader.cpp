@@ -2,6 +2,7 @@
 
 #include "scene/journalitems.h"
 
+#include <QtCore/QTextCodec>
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -9,6 +10,13 @@
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxscene.h>
+
+namespace {
+
+/// The number of UTF-8 in the register of character sets.
+constexpr int Utf8Mib = 106;
+
+} // namespace
 
 VxJournalReader::VxJournalReader(const QByteArray &bytes, VxScene *scene)
     : m_bytes(bytes)
@@ -42,11 +50,13 @@ void VxJournalReader::copy(void *to, qint64 bytes)
         std::memcpy(to, from, size_t(bytes));
 }
 
+/** Without the state a byte order mark, which may begin the name of a node, would be left out. */
 QString VxJournalReader::text()
 {
     const auto size = number<qint32>();
     const char *utf8 = block(size);
-    return utf8 ? QString::fromUtf8(utf8, size) : QString();
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return utf8 ? QTextCodec::codecForMib(Utf8Mib)->toUnicode(utf8, size, &state) : QString();
 }
 
 VxNode *VxJournalReader::node()
