@@ -17,6 +17,7 @@
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>
+#include <vxcore/vxpane.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxsceneviews.h>

@@ -254,12 +254,18 @@ template <class V> int KeyTrack<V>::setType(int first, int last, quint8 type)
     last = std::min(last, count());
     if (first >= last)
         return 0;
+    const quint8 legal = legalType<V>(type);
     const auto begin = m_types.begin() + first;
     const auto end = m_types.begin() + last;
-    const int same = int(std::count(begin, end, legalType<V>(type)));
-    std::fill(begin, end, legalType<V>(type));
-    noteTypes();
-    return last - first - same;
+    auto same = m_uniformType == legal ? end - begin : 0;
+    if (m_uniformType == MixedKeyTypes)
+        same = std::count(begin, end, legal);
+    std::fill(begin, end, legal);
+    if (last - first == count())
+        m_uniformType = legal;
+    else
+        noteTypes();
+    return last - first - int(same);
 }
 
 template <class V> int KeyTrack<V>::setType(const int *indexes, int indexCount, quint8 type)
