@@ -11,7 +11,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/pane/vxtimepane.h"
@@ -46,12 +45,12 @@ VxNode *topmostAncestor(VxNode *node)
 
 } // namespace
 
-TimePaneRows::TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeys &keys,
-                           TimePaneKeySelection &keySelection)
+TimePaneRows::TimePaneRows(VxTimePane *pane, TimePaneViews &views,
+                           TimePaneKeySelection &keySelection, std::function<void()> keysGone)
     : m_pane(pane)
     , m_views(views)
-    , m_keys(keys)
     , m_keySelection(keySelection)
+    , m_keysGone(std::move(keysGone))
 {
 }
 
@@ -119,7 +118,7 @@ void TimePaneRows::uninitModel()
     VxKeyMessage message;
     message.clearSelection = true;
     m_views.bus()->send(message);
-    m_keys.updateFields();
+    m_keysGone();
 }
 
 void TimePaneRows::fill()

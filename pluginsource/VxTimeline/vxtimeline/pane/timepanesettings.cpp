@@ -1,4 +1,4 @@
-#include "vxtimeline/pane/timepanesettings.h"
+// The pane's stored settings, and its options menu.
 
 #include <QtCore/QMetaEnum>
 #include <vxcore/vxactionmenu.h>
@@ -7,6 +7,8 @@
 #include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
+
+constexpr int OptionsMenuVersion = 10;
 
 // An entry without a name is a separator.
 using ClassNames = std::initializer_list<const char *>;
@@ -156,37 +158,42 @@ void addKeyAndRowMenus(VxActionMenu *menu)
 
 } // namespace
 
-void TimePaneSettings::restore(VxTimePane *pane, const VxSettings *settings)
+void VxTimePane::restoreSettings(VxSettings *settings)
 {
-    pane->setControlsPosition(flagOf(settings, "ControlsTop") ? VxTimePane::ControlsTop
-                                                              : VxTimePane::ControlsBottom);
-    pane->setViewMode(storedViewMode(settings));
-    pane->setKeyGraphOpen(flagOf(settings, "GraphOpen"));
-    pane->setMonitorParametersPane(flagOf(settings, "MonitorParametersPane"));
-    pane->setPlayAllFrames(flagOf(settings, "PlayAllFrames"));
-    pane->setFilteredPropertyTypes(storedPropertyTypes(settings));
-    pane->setFilteredKeyCreationScope(storedKeyScope(settings));
+    setControlsPosition(flagOf(settings, "ControlsTop") ? ControlsTop : ControlsBottom);
+    setViewMode(storedViewMode(settings));
+    setKeyGraphOpen(flagOf(settings, "GraphOpen"));
+    setMonitorParametersPane(flagOf(settings, "MonitorParametersPane"));
+    setPlayAllFrames(flagOf(settings, "PlayAllFrames"));
+    setFilteredPropertyTypes(storedPropertyTypes(settings));
+    setFilteredKeyCreationScope(storedKeyScope(settings));
+    updateActionStates();
 }
 
-void TimePaneSettings::save(const VxTimePane *pane, VxSettings *settings)
+void VxTimePane::saveSettings(VxSettings *settings) const
 {
-    settings->setBoolValue(keyOf(pane->getControlsPosition()), true);
-    settings->setBoolValue(keyOf(pane->getViewMode()), true);
-    settings->setBoolValue(QStringLiteral("GraphOpen"), pane->getKeyGraphOpen());
-    settings->setBoolValue(QStringLiteral("MonitorParametersPane"),
-                           pane->getMonitorParametersPane());
-    settings->setBoolValue(QStringLiteral("PlayAllFrames"), pane->getPlayAllFrames());
-    const VxTimePane::PropertyTypes types = pane->getFilteredPropertyTypes();
+    settings->setBoolValue(keyOf(getControlsPosition()), true);
+    settings->setBoolValue(keyOf(getViewMode()), true);
+    settings->setBoolValue(QStringLiteral("GraphOpen"), getKeyGraphOpen());
+    settings->setBoolValue(QStringLiteral("MonitorParametersPane"), getMonitorParametersPane());
+    settings->setBoolValue(QStringLiteral("PlayAllFrames"), getPlayAllFrames());
+    const PropertyTypes types = getFilteredPropertyTypes();
     for (const PropertyTypeKey &entry : propertyTypeKeys)
         settings->setBoolValue(QLatin1String(entry.key), types.testFlag(entry.type));
-    settings->setBoolValue(keyOf(pane->getFilteredKeyCreationScope()), true);
+    settings->setBoolValue(keyOf(getFilteredKeyCreationScope()), true);
 }
 
-void TimePaneSettings::buildOptionsMenu(VxActionMenu *menu)
+int VxTimePane::getOptionsMenuVersion() const
+{
+    return OptionsMenuVersion;
+}
+
+// Existing entries and sub-menus are not added again.
+void VxTimePane::buildOptionsMenu(VxActionMenu *menu)
 {
     if (!menu)
         return;
-    addPreferences(menu->findOrCreateSubMenu(VxTimePane::tr("Preferences"), true));
+    addPreferences(menu->findOrCreateSubMenu(tr("Preferences"), true));
     addCommands(menu);
     addKeyAndRowMenus(menu);
 }

@@ -10,6 +10,7 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
+#include <vxcore/vxstyledbutton.h>
 
 #include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
@@ -102,12 +103,24 @@ void VxTimePane::registerAction(QAction *action)
     const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
     if (!choice || !action->isCheckable())
         return;
-    if (choice->family() == TimePaneChoice::ControlsPositionFamily)
+    switch (choice->family()) {
+    case TimePaneChoice::ControlsPositionFamily:
         TimePaneChoices::setChecked(action, choice->value() == getControlsPosition());
-    else if (choice->family() == TimePaneChoice::ViewModeFamily)
+        break;
+    case TimePaneChoice::ViewModeFamily:
         TimePaneChoices::setChecked(action, choice->value() == getViewMode());
-    else
-        d->filter.restoreMark(action, choice);
+        break;
+    case TimePaneChoice::KeyScopeFamily:
+        d->choices.restoreScope(action, choice->value());
+        if (action->isChecked())
+            d->controls.keys().scopeButton()->setText(action->text());
+        break;
+    case TimePaneChoice::PropertyTypeFamily:
+        d->choices.restoreTypes(action, choice->value());
+        if (action->isChecked())
+            handlePropertyTypesEdited();
+        break;
+    }
 }
 
 // During construction and destruction there are no collaborators.

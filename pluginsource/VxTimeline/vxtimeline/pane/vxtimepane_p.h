@@ -4,9 +4,7 @@
 #include "vxtimeline/pane/timepaneaccessible.h"
 #include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/timepanecontrols.h"
-#include "vxtimeline/pane/timepanefilter.h"
 #include "vxtimeline/pane/timepaneisolation.h"
-#include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepanelayout.h"
 #include "vxtimeline/pane/timepanenodeselection.h"
@@ -23,11 +21,9 @@ public:
         : views(pane, strip)
         , controls(pane, strip, views.sheet())
         , layout(pane, views, controls, choices)
-        , keys(pane, views.sheet(), controls, choices)
         , keySelection(views)
-        , rows(pane, views, keys, keySelection)
+        , rows(pane, views, keySelection, [pane] { pane->updateKeyFields(); })
         , nodes(pane, views.sheet(), rows)
-        , filter(choices, controls, views.sheet(), rows, nodes)
         , isolation(pane, views)
         , accessible(views)
     {
@@ -37,11 +33,9 @@ public:
     TimePaneViews views;
     TimePaneControls controls;
     TimePaneLayout layout;
-    TimePaneKeys keys;
     TimePaneKeySelection keySelection;
     TimePaneRows rows;
     TimePaneNodeSelection nodes;
-    TimePaneFilter filter;
     TimePaneIsolation isolation;
     TimePaneAccessible accessible;
 };
