@@ -8,7 +8,7 @@
 #include <QtGui/QRegion>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/dopesheetkeycommands.h"
+#include "vxtimeline/dopesheet/copiedkeys.h"
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
 #include "vxtimeline/dopesheet/dopesheetrowselection.h"
 #include "vxtimeline/dopesheet/keydrag.h"
@@ -28,7 +28,6 @@ public:
         , rows(dopeSheetView)
         , treeState(dopeSheetView)
         , keys(dopeSheetView)
-        , commands(dopeSheetView, &keys)
     {
         clock.start();
     }
@@ -46,7 +45,8 @@ public:
     std::unique_ptr<DopeSheetRowSelection::Hold> manyChanges;
     QVector<VxProperty *> formerProperties;
     DopeSheetKeySelection keys;
-    DopeSheetKeyCommands commands;
+    CopiedKeys copied;
+    int copiedCount = 0; // a key that was selected in several rows counts once
 
     QLine timeLine; // of the current time, in the viewport
     // Where that line was last painted, and the region being painted; in the viewport.

@@ -43,7 +43,7 @@ void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
     d->choices.checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
     if (const QAction *action = d->choices.checkedAction(TimePaneChoice::KeyScopeFamily))
         d->controls.keys().scopeButton()->setText(action->text());
-    d->views.sheet()->updateKeyScopeDisplay();
+    d->views.sheet()->doUpdate();
     d->nodes.update();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     d->views.sheet()->doUpdate();
