@@ -79,11 +79,11 @@ void TestTreeViewState::init()
 QModelIndex TestTreeViewState::propertyRow(const VxNode *node, const VxProperty *property) const
 {
     QModelIndex found;
-    DopeSheetWalk::below(view->findNodeIndex(const_cast<VxNode *>(node)),
-                         [&](const QModelIndex &row) {
-                             if (view->getItem(row)->property() == property)
-                                 found = row;
-                         });
+    const auto visit = [&](const QModelIndex &row) {
+        if (view->getItem(row)->property() == property)
+            found = row;
+    };
+    DopeSheetWalk::all(view->model(), visit, view->findNodeIndex(const_cast<VxNode *>(node)));
     return found;
 }
 

@@ -35,10 +35,29 @@ QVector<qint32> indexesOf(const DopeSheetRowKeys &keys, bool selected)
     return indexes;
 }
 
-// Calls visit(item) for the property rows with selected keys, filtered out or not. Skips subtrees
-// without selected keys.
-template <typename Visit> void visitSelectedItems(const VxDopeSheetModel *model, const Visit &visit)
+} // namespace
+
+DopeSheetKeySelection::DopeSheetKeySelection(VxDopeSheetView *view)
+    : m_view(view)
 {
+}
+
+void DopeSheetKeySelection::visitShown(const Operation &visit) const
+{
+    DopeSheetWalk::visitBelow(m_view->model(), QModelIndex(), [&](const QModelIndex &row) {
+        VxDopeSheetItem *item = m_view->getItem(row);
+        if (!item || !item->mayHaveSelectedKeys())
+            return false;
+        if (item->property() && item->hasSelectedKeys())
+            visit(item);
+        return !item->property();
+    });
+}
+
+// Skips subtrees without selected keys.
+void DopeSheetKeySelection::visitAll(const Operation &visit) const
+{
+    const VxDopeSheetModel *model = m_view->getSourceModel();
     QVector<VxDopeSheetItem *> open;
     if (model)
         open.append(model->getRootItem());
@@ -51,36 +70,6 @@ template <typename Visit> void visitSelectedItems(const VxDopeSheetModel *model,
         for (int i = item->childCount() - 1; i >= 0; --i)
             open.append(item->child(i));
     }
-}
-
-} // namespace
-
-DopeSheetKeySelection::DopeSheetKeySelection(VxDopeSheetView *view)
-    : m_view(view)
-{
-}
-
-// Calls visit(item) for the property rows with selected keys that the filter shows, open or not.
-template <typename Visit> void DopeSheetKeySelection::visitSelected(const Visit &visit) const
-{
-    DopeSheetWalk::visitBelow(m_view->model(), QModelIndex(), [&](const QModelIndex &row) {
-        VxDopeSheetItem *item = m_view->getItem(row);
-        if (!item || !item->mayHaveSelectedKeys())
-            return false;
-        if (item->property() && item->hasSelectedKeys())
-            visit(item);
-        return !item->property();
-    });
-}
-
-void DopeSheetKeySelection::visitShown(const Operation &visit) const
-{
-    visitSelected(visit);
-}
-
-void DopeSheetKeySelection::visitAll(const Operation &visit) const
-{
-    visitSelectedItems(m_view->getSourceModel(), visit);
 }
 
 void DopeSheetKeySelection::selectKeys(VxDopeSheetItem *item, bool select, VxTime start, VxTime end)
@@ -118,9 +107,7 @@ void DopeSheetKeySelection::visitRows(const Operation &operation)
 
 void DopeSheetKeySelection::deselectAll() const
 {
-    visitSelectedItems(m_view->getSourceModel(), [](VxDopeSheetItem *item) {
-        item->setKeysSelected(false, VxTimeMin, VxTimeMax);
-    });
+    visitAll([](VxDopeSheetItem *item) { item->setKeysSelected(false, VxTimeMin, VxTimeMax); });
 }
 
 // The first row, closed, clears everything below it at once; the rows below it only emit. Rows
@@ -138,8 +125,7 @@ void DopeSheetKeySelection::clearRows()
         if (!cleared.isEmpty() || !m_view->isExpanded(row))
             cleared.append(row);
     });
-    visitSelectedItems(m_view->getSourceModel(),
-                       [this](VxDopeSheetItem *item) { selectKeys(item, false, -1, VxTimeMax); });
+    visitAll([this](VxDopeSheetItem *item) { selectKeys(item, false, -1, VxTimeMax); });
 }
 
 bool DopeSheetKeySelection::hasSelectedKeys() const
@@ -151,7 +137,7 @@ bool DopeSheetKeySelection::hasSelectedKeys() const
 std::vector<SelectedKeys> DopeSheetKeySelection::collect() const
 {
     SelectedKeysCollector collector;
-    visitSelected([&collector](VxDopeSheetItem *item) { collector.add(item); });
+    visitShown([&collector](VxDopeSheetItem *item) { collector.add(item); });
     return collector.keys();
 }
 
@@ -159,7 +145,7 @@ void DopeSheetKeySelection::updateCommonTcb()
 {
     m_commonTcb.clear();
     m_commonTcbStale = false;
-    visitSelected([this](const VxDopeSheetItem *item) { m_commonTcb.add(item); });
+    visitShown([this](const VxDopeSheetItem *item) { m_commonTcb.add(item); });
 }
 
 const CommonTcb &DopeSheetKeySelection::commonTcb()
@@ -196,7 +182,7 @@ void DopeSheetKeySelection::sendSelection(const VxDopeSheetItem *item) const
 void DopeSheetKeySelection::sendSelected() const
 {
     if (m_bus && m_bus->isConnected())
-        visitSelected([this](const VxDopeSheetItem *item) { sendSelection(item); });
+        visitShown([this](const VxDopeSheetItem *item) { sendSelection(item); });
 }
 
 void DopeSheetKeySelection::setGraphProperties(const QSet<VxProperty *> &properties)
@@ -248,7 +234,7 @@ void DopeSheetKeySelection::applyMessage(const VxKeyMessage &message) const
 std::vector<DopeSheetKeySelection::Saved> DopeSheetKeySelection::save() const
 {
     std::vector<Saved> saved;
-    visitSelectedItems(m_view->getSourceModel(), [&saved](const VxDopeSheetItem *item) {
+    visitAll([&saved](const VxDopeSheetItem *item) {
         saved.push_back({item->property(), item->selectedKeyIndexes()});
     });
     return saved;

@@ -77,7 +77,6 @@ private:
     void selectKeys(VxDopeSheetItem *item, bool select, VxTime start, VxTime end);
     void applyMessage(const VxKeyMessage &message) const;
     void updateCommonTcb();
-    template <typename Visit> void visitSelected(const Visit &visit) const;
 
     VxDopeSheetView *m_view;
     VxKeyCommunication *m_bus = nullptr; // not owned

@@ -6,17 +6,26 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowranges.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
-using DopeSheetRowRanges::visitRows;
-
 namespace {
 
 constexpr int SmallRemoval = 32; // rows
+
+// Calls visit(index) for each row of a selection, column 0. The selection model's own lists of rows
+// check for every row whether it is selected, which walks through all ranges each time.
+template <typename Visit> void visitRows(const QItemSelection &selection, const Visit &visit)
+{
+    for (const QItemSelectionRange &range : selection) {
+        if (!range.isValid() || range.left() > 0)
+            continue;
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            visit(range.model()->index(row, 0, range.parent()));
+    }
+}
 
 } // namespace
 
@@ -145,20 +154,25 @@ void DopeSheetRowSelection::setSceneSelection(bool adds)
     deselectUnselectable();
 }
 
+template <typename Leaves> bool DopeSheetRowSelection::deselect(const Leaves &leaves) const
+{
+    std::vector<QModelIndex> kept = rows();
+    const auto left = std::remove_if(kept.begin(), kept.end(), leaves);
+    if (left == kept.end())
+        return false;
+    kept.erase(left, kept.end());
+    model()->selectOnly(kept);
+    m_view->viewport()->update();
+    return true;
+}
+
 // Rows of properties stay selected, for the key graph.
 void DopeSheetRowSelection::deselectUnselectable() const
 {
-    std::vector<QModelIndex> kept = rows();
-    const auto isRefused = [this](const QModelIndex &row) {
+    deselect([this](const QModelIndex &row) {
         const VxDopeSheetItem *item = m_view->getItem(row);
         return item && item->node() && !item->node()->isSelected();
-    };
-    const auto refused = std::remove_if(kept.begin(), kept.end(), isRefused);
-    if (refused == kept.end())
-        return;
-    kept.erase(refused, kept.end());
-    model()->selectOnly(kept);
-    m_view->viewport()->update();
+    });
 }
 
 void DopeSheetRowSelection::selectNodeOf(const QModelIndex &row, bool adds) const
@@ -244,15 +258,9 @@ void DopeSheetRowSelection::prepareRemoval(const QModelIndex &parent, int first,
     // The selection model handles a few rows well enough.
     if (!model() || leaving.size() < SmallRemoval || !model()->hasSelection())
         return;
-    std::vector<QModelIndex> kept = rows();
-    const auto left = std::remove_if(kept.begin(), kept.end(), [&](const QModelIndex &row) {
-        return leaving.contains(m_view->getItem(row));
-    });
-    if (left == kept.end())
-        return;
-    kept.erase(left, kept.end());
-    model()->selectOnly(kept);
-    if (m_holdDepth == 0)
+    const bool changed =
+        deselect([&](const QModelIndex &row) { return leaving.contains(m_view->getItem(row)); });
+    if (changed && m_holdDepth == 0)
         report();
 }
 

@@ -69,6 +69,8 @@ private:
     VxNode *nodeOf(const QModelIndex &row) const;
     void deselectRowsOf(const QItemSelection &deselected) const;
     void setSceneSelection(bool adds);
+    // Deselects the rows for which leaves(row) is true; false when there are none.
+    template <typename Leaves> bool deselect(const Leaves &leaves) const;
     void deselectUnselectable() const;
     void report() const;
 

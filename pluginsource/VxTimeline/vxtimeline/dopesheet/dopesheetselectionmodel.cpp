@@ -3,8 +3,6 @@
 #include <QtCore/QSignalBlocker>
 #include <algorithm>
 
-#include "vxtimeline/dopesheet/dopesheetrowranges.h"
-
 namespace {
 
 using RowSpan = DopeSheetSelectionModel::RowSpan;
@@ -20,6 +18,26 @@ RowSpans spansOf(const QItemSelection &selection)
             spans.push_back({range.parent(), range.top(), range.bottom()});
     }
     std::sort(spans.begin(), spans.end());
+    return spans;
+}
+
+// Contiguous rows as one span: the fewer spans, the less each query of a row costs.
+RowSpans spansOf(const std::vector<QModelIndex> &rows)
+{
+    RowSpans sorted;
+    sorted.reserve(rows.size());
+    for (const QModelIndex &row : rows)
+        sorted.push_back({row.parent(), row.row(), row.row()});
+    std::sort(sorted.begin(), sorted.end());
+    RowSpans spans;
+    for (const RowSpan &row : sorted) {
+        const bool continues = !spans.empty() && spans.back().parent == row.parent &&
+                               row.top <= spans.back().bottom + 1;
+        if (continues)
+            spans.back().bottom = row.bottom;
+        else
+            spans.push_back(row);
+    }
     return spans;
 }
 
@@ -161,5 +179,5 @@ void DopeSheetSelectionModel::selectOnly(const std::vector<QModelIndex> &rows)
 {
     const QSignalBlocker blocker(this);
     select(QItemSelection(), Clear);
-    select(DopeSheetRowRanges::selectionOf(rows), Select | Rows);
+    select(wholeRows(model(), spansOf(rows)), Select);
 }

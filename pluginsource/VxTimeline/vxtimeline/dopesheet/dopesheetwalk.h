@@ -38,6 +38,16 @@ void visitBelow(const QAbstractItemModel *model, const QModelIndex &parent, cons
     }
 }
 
+// Visits all rows below a parent, or every row.
+template <typename Visit>
+void all(const QAbstractItemModel *model, const Visit &visit, const QModelIndex &parent = {})
+{
+    visitBelow(model, parent, [&visit](const QModelIndex &row) {
+        visit(row);
+        return true;
+    });
+}
+
 // The row after a row, its first child if it has one; invalid after the last.
 inline QModelIndex next(const QModelIndex &index)
 {
@@ -51,15 +61,6 @@ inline QModelIndex next(const QModelIndex &index)
             return sibling;
     }
     return QModelIndex();
-}
-
-// Visits everything below a row, not the row itself.
-template <typename Visit> void below(const QModelIndex &index, const Visit &visit)
-{
-    visitBelow(index.model(), index, [&visit](const QModelIndex &row) {
-        visit(row);
-        return true;
-    });
 }
 
 // Visits the rows from start to end, both included. A closed end row includes all rows below it, an
@@ -77,16 +78,7 @@ void between(const QModelIndex &start, const QModelIndex &end, const IsOpen &isO
         return;
     visit(row);
     if (!isOpen(row))
-        below(row, visit);
-}
-
-// Visits every row.
-template <typename Visit> void all(const QAbstractItemModel *model, const Visit &visit)
-{
-    visitBelow(model, QModelIndex(), [&visit](const QModelIndex &row) {
-        visit(row);
-        return true;
-    });
+        all(row.model(), visit, row);
 }
 
 } // namespace DopeSheetWalk
