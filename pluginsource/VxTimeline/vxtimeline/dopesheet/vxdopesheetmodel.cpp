@@ -73,42 +73,32 @@ QVector<VxNode *> VxDopeSheetModel::getTopLevelNodes() const
     return nodes;
 }
 
-void VxDopeSheetModel::moveRootRow(int from, int to)
-{
-    const int destination = to > from ? to + 1 : to;
-    if (!beginMoveRows(QModelIndex(), from, from, QModelIndex(), destination))
-        return;
-    d->root.moveChild(from, to);
-    endMoveRows();
-}
-
 void VxDopeSheetModel::moveRootRowToTop(VxNode *node)
 {
-    const int row = d->topLevelRow(node);
-    if (row > 0)
-        moveRootRow(row, 0);
+    if (VxDopeSheetItem *item = d->topLevelItem(node))
+        moveRow(item, 0);
 }
 
 void VxDopeSheetModel::moveRootRowUp(VxNode *node)
 {
-    const int row = d->topLevelRow(node);
-    if (row > 0)
-        moveRootRow(row, row - 1);
+    VxDopeSheetItem *item = d->topLevelItem(node);
+    if (item && item->row() > 0)
+        moveRow(item, item->row() - 1);
 }
 
 // Moves the next row up rather than this one down: views keep the row at their top.
 void VxDopeSheetModel::moveRootRowDown(VxNode *node)
 {
-    const int row = d->topLevelRow(node);
-    if (row >= 0 && row < d->root.childCount() - 1)
-        moveRootRow(row + 1, row);
+    const VxDopeSheetItem *item = d->topLevelItem(node);
+    VxDopeSheetItem *next = item ? d->root.child(item->row() + 1) : nullptr;
+    if (next)
+        moveRow(next, item->row());
 }
 
 void VxDopeSheetModel::moveRootRowToBottom(VxNode *node)
 {
-    const int row = d->topLevelRow(node);
-    if (row >= 0 && row < d->root.childCount() - 1)
-        moveRootRow(row, d->root.childCount() - 1);
+    if (VxDopeSheetItem *item = d->topLevelItem(node))
+        moveRow(item, d->root.childCount());
 }
 
 QModelIndex VxDopeSheetModel::index(int row, int column, const QModelIndex &parent) const

@@ -141,7 +141,6 @@ private:
     void removeNodeRow(VxDopeSheetItem *item, const QObject *destroyedNode);
     void addPropertyRows(VxNode *node, VxDopeSheetItem *item);
     QVariant decoration(const VxDopeSheetItem *item) const;
-    void moveRootRow(int from, int to);
     void moveRow(VxDopeSheetItem *item, int destination);
     void removeRow(VxDopeSheetItem *item);
     void destroyRow(VxDopeSheetItem *item);

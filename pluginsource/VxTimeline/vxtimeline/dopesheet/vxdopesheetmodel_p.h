@@ -67,10 +67,11 @@ public:
     // Removes the nodes of a row and of all below from the table and drops their connections.
     void disconnectRows(VxDopeSheetItem *item, const QObject *destroyedNode);
 
-    int topLevelRow(VxNode *node) const
+    // Null for a node without a row at the top level.
+    VxDopeSheetItem *topLevelItem(VxNode *node) const
     {
-        const VxDopeSheetItem *item = rows.value(node, nullptr);
-        return item && item->parentItem() == &root ? item->row() : -1;
+        VxDopeSheetItem *item = rows.value(node, nullptr);
+        return item && item->parentItem() == &root ? item : nullptr;
     }
 };
 
