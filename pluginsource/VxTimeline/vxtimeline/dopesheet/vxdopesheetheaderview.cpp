@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int NameSection = VxDopeSheetView::NameColumn;
 constexpr int KeysSection = VxDopeSheetView::KeysColumn;
 
 } // namespace
@@ -99,11 +98,12 @@ DopeSheetRuler VxDopeSheetHeaderView::ruler() const
 }
 
 // The grip has the width at which the base class resizes.
-bool VxDopeSheetHeaderView::isOnGrip(int x, int section) const
+bool VxDopeSheetHeaderView::isOnGrip(int x) const
 {
     const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
-    return section < count() && isOnSectionGrip(x + offset(), sectionPosition(section),
-                                                sectionSize(section), grip, offset(), length());
+    return count() > KeysSection &&
+           isOnSectionGrip(x + offset(), sectionPosition(KeysSection), sectionSize(KeysSection),
+                           grip, offset(), length());
 }
 
 bool VxDopeSheetHeaderView::isInKeysSection(int x) const
@@ -119,7 +119,7 @@ bool VxDopeSheetHeaderView::isOnMarker(int x) const
 
 void VxDopeSheetHeaderView::showHoverCursor(int x)
 {
-    if (isInKeysSection(x) && !isOnGrip(x, KeysSection))
+    if (isInKeysSection(x) && !isOnGrip(x))
         setCursor(isOnMarker(x) ? Qt::OpenHandCursor : Qt::PointingHandCursor);
     else
         unsetCursor();
@@ -149,7 +149,7 @@ void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
     }
     if (event->button() != Qt::LeftButton) {
         QHeaderView::mousePressEvent(event);
-    } else if (isOnGrip(x, KeysSection)) {
+    } else if (isOnGrip(x)) {
         setCursor(Qt::SplitHCursor);
         d->basePressed = true;
         QHeaderView::mousePressEvent(event);
@@ -170,7 +170,7 @@ void VxDopeSheetHeaderView::mousePressEvent(QMouseEvent *event)
 void VxDopeSheetHeaderView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const int x = event->pos().x();
-    if (event->button() == Qt::LeftButton && isInKeysSection(x) && !isOnGrip(x, KeysSection))
+    if (event->button() == Qt::LeftButton && isInKeysSection(x) && !isOnGrip(x))
         mousePressEvent(event);
     else
         QHeaderView::mouseDoubleClickEvent(event);
@@ -186,7 +186,7 @@ void VxDopeSheetHeaderView::mouseMoveEvent(QMouseEvent *event)
         QHeaderView::mouseMoveEvent(event);
     } else {
         showHoverCursor(x);
-        if (!isInKeysSection(x) || isOnGrip(x, KeysSection))
+        if (!isInKeysSection(x) || isOnGrip(x))
             QHeaderView::mouseMoveEvent(event);
     }
     updateViewport();
@@ -203,7 +203,7 @@ void VxDopeSheetHeaderView::mouseReleaseEvent(QMouseEvent *event)
     d->markerDragged = false;
     if (std::exchange(d->basePressed, false))
         QHeaderView::mouseReleaseEvent(event);
-    if (isOnGrip(x, KeysSection))
+    if (isOnGrip(x))
         setCursor(Qt::SplitHCursor);
     else
         showHoverCursor(x);

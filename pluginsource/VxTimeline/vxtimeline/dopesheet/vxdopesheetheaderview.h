@@ -42,7 +42,7 @@ protected:
 
 private:
     DopeSheetRuler ruler() const;
-    bool isOnGrip(int x, int section) const;
+    bool isOnGrip(int x) const;
     bool isInKeysSection(int x) const;
     bool isOnMarker(int x) const;
     // Updates the cursor while no button is pressed.

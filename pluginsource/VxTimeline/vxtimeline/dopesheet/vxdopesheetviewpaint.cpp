@@ -67,10 +67,8 @@ void VxDopeSheetView::Private::paintRubberBand(QPainter *painter) const
     option.initFrom(view);
     option.shape = QRubberBand::Rectangle;
     option.opaque = false;
-    option.rect = QRect(
-        QPoint(qMin(pressPoint.x(), currentPoint.x()), qMin(pressPoint.y(), currentPoint.y())),
-        QPoint(qMax(pressPoint.x(), currentPoint.x()) - 1,
-               qMax(pressPoint.y(), currentPoint.y()) - 1));
+    // Without the margin, and without the last column and row.
+    option.rect = KeyDragMath::bandRect(pressPoint, currentPoint).adjusted(1, 1, -2, -2);
     painter->setOpacity(RubberBandOpacity);
     view->style()->drawControl(QStyle::CE_RubberBand, &option, painter, view);
 }
