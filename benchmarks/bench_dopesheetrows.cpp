@@ -16,18 +16,18 @@
 #include <vxcore/vxskeleton.h>
 
 #include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 
 namespace {
 
 enum SceneKind { M, W, ChainM, ApartM };
 
-constexpr int TransformTypes = DopeSheetPropertyTypes::Translation |
-                               DopeSheetPropertyTypes::Rotation | DopeSheetPropertyTypes::Scale;
+constexpr int TransformTypes = TimelinePropertyTypes::Translation |
+                               TimelinePropertyTypes::Rotation | TimelinePropertyTypes::Scale;
 
 // Key times that no two channels have in common, but for chance.
 void scatter(const VxNode *node, std::mt19937 *random)

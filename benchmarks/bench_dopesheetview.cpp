@@ -15,21 +15,21 @@
 
 #include "testing/vxscenebuilder.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 
-constexpr int AllTransforms = DopeSheetPropertyTypes::Translation |
-                              DopeSheetPropertyTypes::Rotation | DopeSheetPropertyTypes::Scale;
+constexpr int AllTransforms = TimelinePropertyTypes::Translation | TimelinePropertyTypes::Rotation |
+                              TimelinePropertyTypes::Scale;
 constexpr int VisibleRows = 50;
 
 QModelIndexList allRows(const QAbstractItemModel *model)

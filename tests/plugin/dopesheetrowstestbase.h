@@ -10,9 +10,9 @@
 
 #include "testing/vxscenebuilder.h"
 #include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 
 #include <memory>
 
@@ -20,9 +20,9 @@
 class DopeSheetRowsTest
 {
 protected:
-    static constexpr int TransformTypes = DopeSheetPropertyTypes::Translation |
-                                          DopeSheetPropertyTypes::Rotation |
-                                          DopeSheetPropertyTypes::Scale;
+    static constexpr int TransformTypes = TimelinePropertyTypes::Translation |
+                                          TimelinePropertyTypes::Rotation |
+                                          TimelinePropertyTypes::Scale;
 
     void setUp()
     {

@@ -11,11 +11,11 @@
 #include <vxcore/vxstyle.h>
 
 #include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
 #include <memory>
@@ -50,7 +50,7 @@ protected:
         vxScene->setAnimRange(VxTimeRange(0, 9600));
         vxScene->setPlayRange(VxTimeRange(0, 9600));
 
-        model = std::make_unique<VxDopeSheetModel>(DopeSheetPropertyTypes::Translation, 2, nullptr);
+        model = std::make_unique<VxDopeSheetModel>(TimelinePropertyTypes::Translation, 2, nullptr);
         model->addNode(hip, true);
         model->addNode(ball, true);
         view = std::make_unique<VxDopeSheetView>(nullptr);

@@ -222,8 +222,8 @@ void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither_data()
 {
     QTest::addColumn<int>("types");
     QTest::newRow("both") << allTypes;
-    QTest::newRow("the property alone") << (allTypes & ~DopeSheetPropertyTypes::Alias);
-    QTest::newRow("the alias alone") << (allTypes & ~DopeSheetPropertyTypes::Translation);
+    QTest::newRow("the property alone") << (allTypes & ~TimelinePropertyTypes::Alias);
+    QTest::newRow("the alias alone") << (allTypes & ~TimelinePropertyTypes::Translation);
 }
 
 void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither()
@@ -237,8 +237,8 @@ void TestDopeSheetKeyCommands::copiesOfBothRowsFindEither()
     model = std::make_unique<VxDopeSheetModel>(types, 2, nullptr);
     model->addNode(hip, true);
     view->setModel(model.get());
-    QCOMPARE(rowOfProperty(x()).isValid(), (types & DopeSheetPropertyTypes::Translation) != 0);
-    QCOMPARE(rowOfProperty(alias).isValid(), (types & DopeSheetPropertyTypes::Alias) != 0);
+    QCOMPARE(rowOfProperty(x()).isValid(), (types & TimelinePropertyTypes::Translation) != 0);
+    QCOMPARE(rowOfProperty(alias).isValid(), (types & TimelinePropertyTypes::Alias) != 0);
     vxScene->setTime(4800);
     view->pasteKeys();
     QCOMPARE(keyTimes(x()), Times({1000, 2000, 4800, 5800}));

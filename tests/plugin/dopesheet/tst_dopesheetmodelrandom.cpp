@@ -532,11 +532,11 @@ void TestDopeSheetModelRandom::sessions_data()
 {
     QTest::addColumn<quint32>("seed");
     QTest::addColumn<int>("types");
-    const int translation = DopeSheetPropertyTypes::Translation | DopeSheetPropertyTypes::Alias;
+    const int translation = TimelinePropertyTypes::Translation | TimelinePropertyTypes::Alias;
     for (quint32 seed = 1; seed <= 2; ++seed) {
         QTest::addRow("translations, seed %u", seed) << seed << translation;
         QTest::addRow("others, too, seed %u", seed)
-            << seed << (translation | DopeSheetPropertyTypes::Other);
+            << seed << (translation | TimelinePropertyTypes::Other);
     }
 }
 

@@ -7,7 +7,7 @@
 
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 
-using namespace DopeSheetPropertyTypes;
+using namespace TimelinePropertyTypes;
 
 // Which properties of a node get a row, and in which groups.
 class TestDopeSheetRows : public QObject, private DopeSheetRowsTest

@@ -65,7 +65,7 @@ void TestDopeSheetItem::paths()
 {
     VxNode *knee = builder->addNode(QStringLiteral("knee"), m_node);
     VxMorph *morph = builder->addMorphs(knee, 2).at(1);
-    VxDopeSheetModel model(DopeSheetPropertyTypes::Other | TransformTypes, 2, nullptr);
+    VxDopeSheetModel model(TimelinePropertyTypes::Other | TransformTypes, 2, nullptr);
     model.addNode(knee);
     VxDopeSheetItem *kneeRow = model.findItem(knee);
     QCOMPARE(kneeRow->path(), QStringLiteral("/hip/knee"));

@@ -2,41 +2,17 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
-#include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
-#include <vxcore/vxpropertyhelper.h>
 
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetvaluesource.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 
 namespace {
 
-using namespace DopeSheetPropertyTypes;
-using Controls = QVector<VxProperty *>;
-
-Controls translationControls(const VxNode *node)
-{
-    return {node->getXPosControl(), node->getYPosControl(), node->getZPosControl()};
-}
-
-Controls rotationControls(const VxNode *node)
-{
-    return {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()};
-}
-
-Controls scaleControls(const VxNode *node)
-{
-    return {node->getScaleControl(), node->getXScaleControl(), node->getYScaleControl(),
-            node->getZScaleControl()};
-}
-
-bool isHiddenAnyhow(const VxProperty *property)
-{
-    return property->isHidden() || property->isDynamicallyHidden();
-}
+using namespace TimelinePropertyTypes;
 
 QString groupKey(const VxProperty *property)
 {
@@ -92,16 +68,11 @@ void DopeSheetRowBuilder::addAllProperties()
 
 void DopeSheetRowBuilder::addTransformControls()
 {
-    Controls controls;
-    if (lists(Translation))
-        controls += translationControls(m_node);
-    if (lists(Rotation))
-        controls += rotationControls(m_node);
-    if (lists(Scale))
-        controls += scaleControls(m_node);
-    for (VxProperty *property : qAsConst(controls)) {
-        if (qobject_cast<VxFloatProperty *>(property))
-            addRow(flatGroup(groupKey(property)), property);
+    for (int i = 0; i < TransformControls; ++i) {
+        VxFloatProperty *control =
+            lists(ofTransformControl(i)) ? m_node->getTransformControl(i) : nullptr;
+        if (control)
+            addRow(flatGroup(groupKey(control)), control);
     }
 }
 
@@ -149,26 +120,13 @@ bool DopeSheetRowBuilder::accepts(VxProperty *property) const
 {
     if (!property->canBeKeyed() || property->isExcluded())
         return false;
-    if (isHiddenAnyhow(property) && !lists(Hidden))
+    if (isHidden(property) && !lists(Hidden))
         return false;
     if (property->isAlias() && !lists(Alias))
         return false;
     const VxProperty *source = dopeSheetValueSource(property);
-    if (source != property && isHiddenAnyhow(source) && !lists(Hidden))
+    if (source != property && isHidden(source) && !lists(Hidden))
         return false;
-    return acceptsTransformControl(property);
-}
-
-bool DopeSheetRowBuilder::acceptsTransformControl(const VxProperty *property) const
-{
-    if (VxPropertyHelper::getTransformAxis(property) == VxFloatProperty::NoAxis ||
-        !qobject_cast<const VxFloatProperty *>(property))
-        return true;
-    const auto isUnlistedOneOf = [this, property](int type, const Controls &controls) {
-        return !lists(type) &&
-               std::find(controls.cbegin(), controls.cend(), property) != controls.cend();
-    };
-    return !isUnlistedOneOf(Translation, translationControls(m_node)) &&
-           !isUnlistedOneOf(Rotation, rotationControls(m_node)) &&
-           !isUnlistedOneOf(Scale, scaleControls(m_node));
+    const int transform = ofTransform(property, m_node);
+    return transform == 0 || lists(transform);
 }

@@ -17,7 +17,7 @@ class VxProperty;
 class DopeSheetRowBuilder
 {
 public:
-    // types: bits of DopeSheetPropertyTypes. Nothing is owned.
+    // types: bits of TimelinePropertyTypes. Nothing is owned.
     DopeSheetRowBuilder(VxNode *node, VxDopeSheetItem *nodeRow, int types);
 
     // Appends the rows to the node's row. Returns the property rows in order of creation.
@@ -34,7 +34,6 @@ private:
     VxDopeSheetItem *flatGroup(const QString &key);
     VxDopeSheetItem *addGroup(VxDopeSheetItem *above, const QString &key, const QString &label);
     bool accepts(VxProperty *property) const;
-    bool acceptsTransformControl(const VxProperty *property) const;
     bool lists(int type) const { return (m_types & type) != 0; }
 
     VxNode *m_node;

@@ -11,9 +11,9 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 #include "vxtimeline/keys/nodeproperties.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)
@@ -214,8 +214,8 @@ bool VxDopeSheetModel::Private::isPlain(const VxNode *node)
 // the listed transform controls, without a key and with their default traits.
 bool VxDopeSheetModel::canMakeRowsLater(const VxNode *node) const
 {
-    constexpr int Transforms = DopeSheetPropertyTypes::Translation |
-                               DopeSheetPropertyTypes::Rotation | DopeSheetPropertyTypes::Scale;
+    constexpr int Transforms = TimelinePropertyTypes::Translation |
+                               TimelinePropertyTypes::Rotation | TimelinePropertyTypes::Scale;
     return (d->propertyTypes & Transforms) && Private::isPlain(node);
 }
 

@@ -28,7 +28,7 @@ class VxDopeSheetModel : public QAbstractItemModel
 public:
     enum Column { NameColumn = 0, KeysColumn = 1, NumColumns = 2 };
 
-    // propertyTypes: bits of DopeSheetPropertyTypes. keyCreationScope: a number of
+    // propertyTypes: bits of TimelinePropertyTypes. keyCreationScope: a number of
     // VxTimePane::KeyScope.
     VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent);
     ~VxDopeSheetModel() override;

@@ -12,7 +12,7 @@
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 
 namespace {
 
@@ -107,7 +107,7 @@ void VxDopeSheetModel::objectChanged(VxNode *node, VxObject *oldObject, VxObject
 {
     VxDopeSheetItem *item = findItem(node);
     if (!item || hasPropertyRowsToMake(item) ||
-        !(d->propertyTypes & DopeSheetPropertyTypes::Other) ||
+        !(d->propertyTypes & TimelinePropertyTypes::Other) ||
         (!hasProperties(oldObject) && !hasProperties(newObject)))
         return;
     updatePropertyRows(node, item);

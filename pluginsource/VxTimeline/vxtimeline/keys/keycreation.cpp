@@ -1,55 +1,27 @@
 #include "vxtimeline/keys/keycreation.h"
 
-#include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
 
+#include "vxtimeline/keys/timelinepropertytypes.h"
+
 namespace KeyCreation {
 
 namespace {
 
-// The bits of the pane's property types that are used here.
-enum TypeBit { Translate = 0x1, Rotate = 0x2, Scale = 0x4, Alias = 0x10, Hidden = 0x20 };
-
-bool isHiddenNow(const VxProperty *property)
+// All types that a property requires.
+int neededTypes(const VxProperty *property, const VxNode *node)
 {
-    return property->isHidden() || property->isDynamicallyHidden();
-}
-
-bool isOneOf(const VxProperty *property, std::initializer_list<const VxFloatProperty *> controls)
-{
-    return std::find(controls.begin(), controls.end(), property) != controls.end();
-}
-
-// The bit that a transform control of the node requires; 0 for any other property.
-int transformBit(const VxFloatProperty *property, const VxNode *node)
-{
-    if (property->getAxis() == VxFloatProperty::NoAxis)
-        return 0;
-    if (isOneOf(property, {node->getXPosControl(), node->getYPosControl(), node->getZPosControl()}))
-        return Translate;
-    if (isOneOf(property, {node->getXRotControl(), node->getYRotControl(), node->getZRotControl()}))
-        return Rotate;
-    if (isOneOf(property, {node->getScaleControl(), node->getXScaleControl(),
-                           node->getYScaleControl(), node->getZScaleControl()}))
-        return Scale;
-    return 0;
-}
-
-// All bits that a property requires.
-int neededBits(const VxProperty *property, const VxNode *node)
-{
-    int needed = isHiddenNow(property) ? Hidden : 0;
+    using namespace TimelinePropertyTypes;
+    int needed = ofTransform(property, node) | (isHidden(property) ? Hidden : 0);
     if (property->isAlias()) {
         needed |= Alias;
         const VxProperty *aliased = property->getAliasedProperty();
-        if (aliased && isHiddenNow(aliased))
+        if (aliased && isHidden(aliased))
             needed |= Hidden;
     }
-    if (const auto *control = qobject_cast<const VxFloatProperty *>(property))
-        needed |= transformBit(control, node);
     return needed;
 }
 
@@ -121,7 +93,7 @@ bool isKeyable(const VxProperty *property, const VxNode *node, int propertyTypes
     if (!qobject_cast<const VxNumericProperty *>(property) || !property->isAnimatable() ||
         property->isLocked())
         return false;
-    const int needed = neededBits(property, node);
+    const int needed = neededTypes(property, node);
     return (propertyTypes & needed) == needed;
 }
 

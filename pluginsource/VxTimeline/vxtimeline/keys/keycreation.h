@@ -10,7 +10,7 @@ class VxProperty;
 // Creates keys from the values of properties.
 namespace KeyCreation {
 
-// Whether a node's property is keyed for the given types: bits of the pane's PropertyTypes. Only
+// Whether a node's property is keyed for the given types: bits of TimelinePropertyTypes. Only
 // numeric, animatable, unlocked properties are; hidden and aliased ones, and the transform
 // controls, require their bit. Any other property requires none.
 bool isKeyable(const VxProperty *property, const VxNode *node, int propertyTypes);

@@ -12,19 +12,19 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyledbutton.h>
 
-#include "vxtimeline/dopesheet/dopesheetpropertytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/pane/timefields.h"
 #include "vxtimeline/pane/timepanebuttonhelp.h"
 #include "vxtimeline/pane/timepanefieldhelp.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
 
-static_assert(int(VxTimePane::PropTranslate) == int(DopeSheetPropertyTypes::Translation) &&
-                  int(VxTimePane::PropRotate) == int(DopeSheetPropertyTypes::Rotation) &&
-                  int(VxTimePane::PropScale) == int(DopeSheetPropertyTypes::Scale) &&
-                  int(VxTimePane::PropOther) == int(DopeSheetPropertyTypes::Other) &&
-                  int(VxTimePane::PropAlias) == int(DopeSheetPropertyTypes::Alias) &&
-                  int(VxTimePane::PropHidden) == int(DopeSheetPropertyTypes::Hidden),
+static_assert(int(VxTimePane::PropTranslate) == int(TimelinePropertyTypes::Translation) &&
+                  int(VxTimePane::PropRotate) == int(TimelinePropertyTypes::Rotation) &&
+                  int(VxTimePane::PropScale) == int(TimelinePropertyTypes::Scale) &&
+                  int(VxTimePane::PropOther) == int(TimelinePropertyTypes::Other) &&
+                  int(VxTimePane::PropAlias) == int(TimelinePropertyTypes::Alias) &&
+                  int(VxTimePane::PropHidden) == int(TimelinePropertyTypes::Hidden),
               "the dope sheet's numbers of property types differ from the pane's");
 
 namespace {
