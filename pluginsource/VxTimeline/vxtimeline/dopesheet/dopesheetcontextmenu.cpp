@@ -3,24 +3,16 @@
 #include <QtCore/QCoreApplication>
 #include <vxcore/vxmenu.h>
 
+#include "vxtimeline/keys/timelinemenus.h"
+
 namespace {
 
-// A separator in a list of class names.
-constexpr const char *Line = nullptr;
+using TimelineMenus::add;
+using TimelineMenus::Line;
 
 QString text(const char *source)
 {
     return QCoreApplication::translate("VxDopeSheetView", source);
-}
-
-void add(VxMenu *menu, std::initializer_list<const char *> classNames)
-{
-    for (const char *className : classNames) {
-        if (className == Line)
-            menu->addSeparator();
-        else
-            menu->addAction(QLatin1String(className));
-    }
 }
 
 void addSelection(VxMenu *menu, const DopeSheetMenuState &state)
@@ -47,9 +39,7 @@ void addSelection(VxMenu *menu, const DopeSheetMenuState &state)
 void addPropertyTypes(VxMenu *menu)
 {
     add(menu->addSubMenu(text(QT_TRANSLATE_NOOP("VxDopeSheetView", "Property Types"))),
-        {"VxTimePaneSetPropertyTypeTranslationAction", "VxTimePaneSetPropertyTypeRotationAction",
-         "VxTimePaneSetPropertyTypeScaleAction", Line, "VxTimePaneSetPropertyTypeOtherAction", Line,
-         "VxTimePaneSetPropertyTypeAliasAction", "VxTimePaneSetPropertyTypeHiddenAction"});
+        TimelineMenus::propertyTypes);
     menu->addSeparator();
 }
 
@@ -65,16 +55,14 @@ void addKeys(VxMenu *menu, const DopeSheetMenuState &state)
 void addScope(VxMenu *menu)
 {
     add(menu->addSubMenu(text(QT_TRANSLATE_NOOP("VxDopeSheetView", "Key Creation Scope"))),
-        {"VxTimePaneSetKeyScopeObjectAction", "VxTimePaneSetKeyScopeNodeRecurseAction",
-         "VxTimePaneSetKeyScopeNodeAction", Line, "VxTimePaneSetKeyScopePropertiesAction"});
+        TimelineMenus::keyScopes);
     menu->addSeparator();
 }
 
 void addInterpolation(VxMenu *menu)
 {
     add(menu->addSubMenu(text(QT_TRANSLATE_NOOP("VxDopeSheetView", "Set Key Interpolation"))),
-        {"VxTimePaneSetInterpTcbAction", "VxTimePaneSetInterpLinearAction",
-         "VxTimePaneSetInterpConstantAction"});
+        TimelineMenus::interpolations);
     menu->addSeparator();
 }
 

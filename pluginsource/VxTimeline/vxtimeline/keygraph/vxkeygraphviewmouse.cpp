@@ -16,6 +16,7 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/keys/timelinemenus.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/time/timelineplayback.h"
 #include "vxtimeline/time/timelinesnap.h"
@@ -34,29 +35,16 @@ int viewOperationOf(const QMouseEvent *event)
         manager->getMouseBtnAccelerator(event->button(), event->modifiers()));
 }
 
-void addActions(VxMenu *menu, const QVector<const char *> &classNames)
-{
-    for (const char *name : classNames) {
-        if (name)
-            menu->addAction(QLatin1String(name));
-        else
-            menu->addSeparator();
-    }
-}
-
 void addKeyActions(VxMenu *menu)
 {
-    addActions(menu,
-               {"VxTimePaneFrameGraphKeysAction", nullptr, "VxTimePaneCreateKeysAction", nullptr});
-    addActions(menu->addSubMenu(VxKeyGraphView::tr("Key Creation Scope")),
-               {"VxTimePaneSetKeyScopeObjectAction", "VxTimePaneSetKeyScopeNodeRecurseAction",
-                "VxTimePaneSetKeyScopeNodeAction", nullptr,
-                "VxTimePaneSetKeyScopePropertiesAction"});
-    addActions(menu, {nullptr, "VxTimePaneDeleteSelectedKeysAction", nullptr,
-                      "VxTimePaneCopySelectedKeysAction", "VxTimePanePasteKeysAction", nullptr});
-    addActions(menu->addSubMenu(VxKeyGraphView::tr("Set Key Interpolation")),
-               {"VxTimePaneSetInterpTcbAction", "VxTimePaneSetInterpLinearAction",
-                "VxTimePaneSetInterpConstantAction"});
+    using TimelineMenus::add;
+    using TimelineMenus::Line;
+    add(menu, {"VxTimePaneFrameGraphKeysAction", Line, "VxTimePaneCreateKeysAction", Line});
+    add(menu->addSubMenu(VxKeyGraphView::tr("Key Creation Scope")), TimelineMenus::keyScopes);
+    add(menu, {Line, "VxTimePaneDeleteSelectedKeysAction", Line, "VxTimePaneCopySelectedKeysAction",
+               "VxTimePanePasteKeysAction", Line});
+    add(menu->addSubMenu(VxKeyGraphView::tr("Set Key Interpolation")),
+        TimelineMenus::interpolations);
 }
 
 } // namespace
@@ -88,7 +76,6 @@ void VxKeyGraphView::Private::beginGesture(QMouseEvent *event)
     hit = keyAt(pressPos);
     if (viewOperation != VxViewportMgr::NoOperation) {
         mouseState = ViewOperation;
-        savedOffsetX = scale.offsetX;
         savedOffsetY = scale.offsetY;
     } else if (hit.channel) {
         mouseState = DragKeys;

@@ -8,6 +8,7 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
 
+#include "vxtimeline/keys/timelinemenus.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
@@ -65,9 +66,7 @@ VxStyledButton *InterpControls::makeTypeButton(QWidget *group, const TimePaneStr
     layout->addWidget(button);
     layout->addSpacing(2 * strip.margin());
     auto *menu = new VxActionMenu(QString(), button);
-    menu->insertAction(QStringLiteral("VxTimePaneSetInterpTcbAction"));
-    menu->insertAction(QStringLiteral("VxTimePaneSetInterpLinearAction"));
-    menu->insertAction(QStringLiteral("VxTimePaneSetInterpConstantAction"));
+    TimelineMenus::add(menu, TimelineMenus::interpolations);
     button->setMenu(menu->getMenu());
     return button;
 }

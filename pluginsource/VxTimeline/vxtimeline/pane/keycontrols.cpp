@@ -9,6 +9,7 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
 
+#include "vxtimeline/keys/timelinemenus.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
@@ -45,23 +46,14 @@ KeyControls::KeyControls(QWidget *parent, const TimePaneStrip &strip)
                                  VxTimePane::tr("Paste Keys"));
     layout->addWidget(m_copyPasteBar, 0, Qt::AlignBottom);
     layout->addStretch(1);
-    buildScopeMenu();
+    auto *menu = new VxActionMenu(QString(), m_scope);
+    TimelineMenus::add(menu, TimelineMenus::keyScopes);
+    m_scope->setMenu(menu->getMenu());
 }
 
 QVector<VxBarButton *> KeyControls::barButtons() const
 {
     return {m_graph, m_delete, m_create, m_copy, m_paste};
-}
-
-void KeyControls::buildScopeMenu()
-{
-    auto *menu = new VxActionMenu(QString(), m_scope);
-    menu->insertAction(QStringLiteral("VxTimePaneSetKeyScopeObjectAction"));
-    menu->insertAction(QStringLiteral("VxTimePaneSetKeyScopeNodeRecurseAction"));
-    menu->insertAction(QStringLiteral("VxTimePaneSetKeyScopeNodeAction"));
-    menu->insertSeparator();
-    menu->insertAction(QStringLiteral("VxTimePaneSetKeyScopePropertiesAction"));
-    m_scope->setMenu(menu->getMenu());
 }
 
 void KeyControls::setAdvancedBarsVisible(bool visible)

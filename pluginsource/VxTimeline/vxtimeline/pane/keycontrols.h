@@ -35,8 +35,6 @@ public:
     void updateIcons();
 
 private:
-    void buildScopeMenu();
-
     QWidget *m_group;
     VxButtonBar *m_graphBar = nullptr;
     VxButtonBar *m_copyPasteBar = nullptr;

@@ -4,14 +4,15 @@
 #include <vxcore/vxactionmenu.h>
 #include <vxcore/vxsettings.h>
 
+#include "vxtimeline/keys/timelinemenus.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 
 constexpr int OptionsMenuVersion = 10;
 
-// An entry without a name is a separator.
-using ClassNames = std::initializer_list<const char *>;
+using TimelineMenus::add;
+using TimelineMenus::Line;
 
 struct PropertyTypeKey
 {
@@ -67,37 +68,19 @@ template <typename Enum> QString keyOf(Enum value)
     return QLatin1String(QMetaEnum::fromType<Enum>().valueToKey(value));
 }
 
-void addEntries(VxActionMenu *menu, ClassNames classNames)
+void addSubMenu(VxActionMenu *menu, const QString &title, TimelineMenus::ClassNames classNames)
 {
-    for (const char *className : classNames) {
-        if (className)
-            menu->insertAction(QLatin1String(className));
-        else
-            menu->insertSeparator();
-    }
-}
-
-void addSubMenu(VxActionMenu *menu, const QString &title, ClassNames classNames)
-{
-    addEntries(menu->findOrCreateSubMenu(title, true), classNames);
+    add(menu->findOrCreateSubMenu(title, true), classNames);
 }
 
 void addKeyGraphAndFilters(VxActionMenu *menu)
 {
-    addSubMenu(
-        menu, VxTimePane::tr("Key Graph"),
-        {"VxTimePaneKeyGraphToggleAction", nullptr, "VxTimePaneMonitorParametersPaneAction"});
+    addSubMenu(menu, VxTimePane::tr("Key Graph"),
+               {"VxTimePaneKeyGraphToggleAction", Line, "VxTimePaneMonitorParametersPaneAction"});
     menu->insertSeparator();
-    addSubMenu(menu, VxTimePane::tr("Property Types"),
-               {"VxTimePaneSetPropertyTypeTranslationAction",
-                "VxTimePaneSetPropertyTypeRotationAction", "VxTimePaneSetPropertyTypeScaleAction",
-                nullptr, "VxTimePaneSetPropertyTypeOtherAction", nullptr,
-                "VxTimePaneSetPropertyTypeAliasAction", "VxTimePaneSetPropertyTypeHiddenAction"});
+    addSubMenu(menu, VxTimePane::tr("Property Types"), TimelineMenus::propertyTypes);
     menu->insertSeparator();
-    addSubMenu(menu, VxTimePane::tr("Key Creation Scope"),
-               {"VxTimePaneSetKeyScopeObjectAction", "VxTimePaneSetKeyScopeNodeRecurseAction",
-                "VxTimePaneSetKeyScopeNodeAction", nullptr,
-                "VxTimePaneSetKeyScopePropertiesAction"});
+    addSubMenu(menu, VxTimePane::tr("Key Creation Scope"), TimelineMenus::keyScopes);
     menu->insertSeparator();
 }
 
@@ -111,48 +94,45 @@ void addPreferences(VxActionMenu *menu)
                 "VxTimePaneAdvancedViewAction"});
     menu->insertSeparator();
     addKeyGraphAndFilters(menu);
-    addEntries(menu, {"VxTimePanePlayAllFramesAction", nullptr});
+    add(menu, {"VxTimePanePlayAllFramesAction", Line});
 }
 
 void addCommands(VxActionMenu *menu)
 {
-    addEntries(menu, {nullptr,
-                      "VxLoopToggleAction",
-                      nullptr,
-                      "VxPlayToggleAction",
-                      nullptr,
-                      "VxPrevFrameAction",
-                      "VxNextFrameAction",
-                      nullptr,
-                      "VxSkipToPlayrangeStartAction",
-                      "VxSkipToPlayrangeEndAction",
-                      nullptr,
-                      "VxTimePanePrevKeyAction",
-                      "VxSkipToPrevKeyAction",
-                      "VxTimePaneNextKeyAction",
-                      "VxSkipToNextKeyAction",
-                      nullptr,
-                      "VxTimePaneDeleteSelectedKeysAction",
-                      "VxDeleteKeysAction",
-                      nullptr,
-                      "VxTimePaneCreateKeysAction",
-                      "VxAddKeysAction",
-                      nullptr,
-                      "VxTimePaneCopySelectedKeysAction",
-                      "VxTimePanePasteKeysAction",
-                      nullptr});
+    add(menu, {Line,
+               "VxLoopToggleAction",
+               Line,
+               "VxPlayToggleAction",
+               Line,
+               "VxPrevFrameAction",
+               "VxNextFrameAction",
+               Line,
+               "VxSkipToPlayrangeStartAction",
+               "VxSkipToPlayrangeEndAction",
+               Line,
+               "VxTimePanePrevKeyAction",
+               "VxSkipToPrevKeyAction",
+               "VxTimePaneNextKeyAction",
+               "VxSkipToNextKeyAction",
+               Line,
+               "VxTimePaneDeleteSelectedKeysAction",
+               "VxDeleteKeysAction",
+               Line,
+               "VxTimePaneCreateKeysAction",
+               "VxAddKeysAction",
+               Line,
+               "VxTimePaneCopySelectedKeysAction",
+               "VxTimePanePasteKeysAction",
+               Line});
 }
 
 void addKeyAndRowMenus(VxActionMenu *menu)
 {
-    addSubMenu(menu, VxTimePane::tr("Set Key Interpolation"),
-               {"VxTimePaneSetInterpTcbAction", "VxTimePaneSetInterpLinearAction",
-                "VxTimePaneSetInterpConstantAction"});
-    addEntries(menu, {nullptr, "VxTimePaneExpandAllItemsAction", "VxTimePaneCollapseAllItemsAction",
-                      nullptr});
+    addSubMenu(menu, VxTimePane::tr("Set Key Interpolation"), TimelineMenus::interpolations);
+    add(menu, {Line, "VxTimePaneExpandAllItemsAction", "VxTimePaneCollapseAllItemsAction", Line});
     addSubMenu(menu, VxTimePane::tr("Clear Animation"),
                {"VxClearKeysFigureAction", "VxClearKeysFigurePoseAction",
-                "VxClearKeysFigureShapeAction", nullptr, "VxClearKeysSelectedItemsAction",
+                "VxClearKeysFigureShapeAction", Line, "VxClearKeysSelectedItemsAction",
                 "VxClearKeysPoseAction", "VxClearKeysShapeAction"});
 }
 
