@@ -157,10 +157,8 @@ void VxKeyGraphView::Private::resize(const QSize &size)
 {
     width = size.width();
     height = size.height();
-    halfWidth = width * 0.5;
-    halfHeight = height * 0.5;
     scale.originX = 0.0;
-    scale.originY = halfHeight;
+    scale.originY = height * 0.5;
     const bool centres = centeringResizes() > 0 && size.width() > 0;
     if (centres)
         --centeringResizes();
@@ -346,20 +344,18 @@ void VxKeyGraphView::doStyling()
 
 void VxKeyGraphView::panStart()
 {
-    d->savedA = d->scale.offsetX;
-    d->savedB = d->scale.offsetY;
+    d->savedValue = d->scale.offsetY;
 }
 
 void VxKeyGraphView::panAdjust(QPoint delta)
 {
-    d->scale.offsetY = d->savedB + delta.y();
+    d->scale.offsetY = d->savedValue + delta.y();
     d->repaint();
 }
 
 void VxKeyGraphView::zoomStart()
 {
-    d->savedA = d->scale.ticksPerPixel;
-    d->savedB = d->scale.valuePerPixel;
+    d->savedValue = d->scale.valuePerPixel;
     d->zoomStartTransform = d->scale;
 }
 

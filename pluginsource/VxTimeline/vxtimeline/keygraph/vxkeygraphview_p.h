@@ -99,10 +99,7 @@ public:
     KeyGraphScale scale;
     double width = 0.0;
     double height = 0.0;
-    double halfWidth = 0.0;
-    double halfHeight = 0.0;
-    double savedA = 0.0; // saved by panStart() or zoomStart()
-    double savedB = 0.0;
+    double savedValue = 0.0; // saved by panStart() or zoomStart()
     KeyGraphScale zoomStartTransform;
     bool timesFitted = false;    // the time axis fits the animation range to the present width
     bool timesSetByUser = false; // and is no longer fitted
@@ -124,7 +121,6 @@ public:
     QPoint currentPos;
     QPoint previousPos;
     Hit hit;
-    double savedOffsetX = 0.0;
     double savedOffsetY = 0.0;
     VxTime timeAtPress = 0;
     double timeLineGrab = 0.0; // from the mouse to the line of the current time, pixels
