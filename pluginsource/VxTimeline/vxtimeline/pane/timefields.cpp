@@ -4,7 +4,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/pane/timepanefield.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelinesnap.h"
@@ -41,8 +40,6 @@ TimeFields::TimeFields(QWidget *parent, const TimePaneStrip &strip)
     strip.addLabelled(layout, QStringLiteral("TimelineFPSLbl"), VxTimePane::tr("FPS:"), m_rate);
     layout->addStretch(1);
 }
-
-TimeFields::~TimeFields() = default;
 
 void TimeFields::buildRange(const TimePaneStrip &strip)
 {
@@ -92,41 +89,11 @@ void TimeFields::refresh(Parts outdated)
     Q_EMIT refreshed();
 }
 
-int TimeFields::totalFrames() const
-{
-    return qMax(0, m_total->number(0));
-}
-
-int TimeFields::playRangeStart() const
-{
-    return m_start->number(0);
-}
-
-int TimeFields::playRangeEnd() const
-{
-    return m_end->number(0);
-}
-
-int TimeFields::currentFrame() const
-{
-    return m_current->number(0);
-}
-
-int TimeFields::framesPerSecond() const
-{
-    return m_rate->number(1);
-}
-
-void TimeFields::reloadTotalFrames()
-{
-    Q_EMIT refused();
-    refresh(TotalFrames);
-}
-
 void TimeFields::setTotalFrames(int frames)
 {
     if (frames < 1) {
-        reloadTotalFrames();
+        Q_EMIT refused();
+        refresh(TotalFrames);
         return;
     }
     VxUndoStackHold hold;
@@ -137,17 +104,12 @@ void TimeFields::setTotalFrames(int frames)
     hold.accept(VxTimePane::tr("Set Total Frames"));
 }
 
-void TimeFields::resetPlayRangeStart()
-{
-    m_start->showNumber(0);
-    Q_EMIT refused();
-    refresh(PlayRange);
-}
-
 void TimeFields::setPlayRangeStart(int frame)
 {
     if (frame < 0) {
-        resetPlayRangeStart();
+        m_start->showNumber(0);
+        Q_EMIT refused();
+        refresh(PlayRange);
         return;
     }
     VxUndoStackHold hold;
@@ -190,18 +152,14 @@ void TimeFields::setCurrentFrame(int frame)
     vxScene->setTime(timeOf(frame, step));
 }
 
-// The field shows its minimum; the scene keeps its rate, and the next refresh shows it again.
-void TimeFields::resetFramesPerSecond()
-{
-    refresh(FramesPerSecond);
-    m_rate->showReplacement(1);
-    m_outdated |= FramesPerSecond;
-}
-
+// Instead of a rate below its minimum the field shows that; the scene keeps its rate, and the next
+// refresh shows it again.
 void TimeFields::setFramesPerSecond(int fps)
 {
     if (fps < 1) {
-        resetFramesPerSecond();
+        refresh(FramesPerSecond);
+        m_rate->showReplacement(1);
+        m_outdated |= FramesPerSecond;
         return;
     }
     if (fps > MaxFramesPerSecond) {

@@ -4,8 +4,9 @@
 #include <QtCore/QObject>
 #include <QtCore/QVector>
 
+#include "vxtimeline/pane/timepanefield.h"
+
 class QWidget;
-class TimePaneField;
 class TimePaneStrip;
 
 // The pane's fields for total frames, play range, current frame and frames per second: they show
@@ -22,7 +23,6 @@ public:
 
     // The widgets belong to parent.
     TimeFields(QWidget *parent, const TimePaneStrip &strip);
-    ~TimeFields() override;
 
     QWidget *group() const { return m_group; }
     QWidget *rangeGroup() const { return m_rangeGroup; }
@@ -34,11 +34,11 @@ public:
     void refresh(Parts outdated = {});
 
     // The numbers in the fields; 0, for the frames per second 1, for an invalid text.
-    int totalFrames() const;
-    int playRangeStart() const;
-    int playRangeEnd() const;
-    int currentFrame() const;
-    int framesPerSecond() const;
+    int totalFrames() const { return qMax(0, m_total->number(0)); }
+    int playRangeStart() const { return m_start->number(0); }
+    int playRangeEnd() const { return m_end->number(0); }
+    int currentFrame() const { return m_current->number(0); }
+    int framesPerSecond() const { return m_rate->number(1); }
     // These change the scene; an impossible number is limited or replaced by the former one. All
     // but the current frame are recorded for undo.
     void setTotalFrames(int frames);
@@ -64,9 +64,6 @@ Q_SIGNALS:
 
 private:
     void buildRange(const TimePaneStrip &strip);
-    void reloadTotalFrames();
-    void resetPlayRangeStart();
-    void resetFramesPerSecond();
 
     QWidget *m_group;
     QWidget *m_rangeGroup = nullptr;
