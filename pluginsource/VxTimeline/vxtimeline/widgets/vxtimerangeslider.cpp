@@ -11,7 +11,6 @@
 
 #include "vxtimeline/time/timelineplayback.h"
 #include "vxtimeline/time/timelinesnap.h"
-#include "vxtimeline/widgets/timerangemath.h"
 
 using TimeRangeMath::Part;
 
@@ -27,6 +26,13 @@ VxTimeRange &savedRange()
     return range;
 }
 
+Part partAt(const QSize &bar, const QPoint &position)
+{
+    const QRect range = TimeRangeMath::rangeRect(bar, vxScene->getPlayRange(),
+                                                 vxScene->getAnimRange().getDuration());
+    return TimeRangeMath::partAt(range, position);
+}
+
 } // namespace
 
 class VxTimeRangeSlider::Private
@@ -35,39 +41,12 @@ public:
     QScrollBar *scrollBar = nullptr;
     VxGestureGuard *guard = nullptr;
     bool pressed = false;
-    // The part under the mouse, and the part grabbed by the press: at most one of three.
-    bool hoverBody = false;
-    bool dragBody = false;
-    bool hoverStart = false;
-    bool dragStart = false;
-    bool hoverEnd = false;
-    bool dragEnd = false;
+    Part hovered = Part::None; // under the mouse
+    Part dragged = Part::None; // grabbed by the press
     QPoint pressPos;
     VxTime startAtPress = 0;
     VxTime endAtPress = 0;
-    QRect rangeRect; // as of the last hit test
-
-    void clearHover() { hoverBody = hoverStart = hoverEnd = false; }
-    void clearDrag() { dragBody = dragStart = dragEnd = false; }
-    Part hitTest(const QSize &bar, const QPoint &position);
-    Part draggedPart() const;
 };
-
-Part VxTimeRangeSlider::Private::hitTest(const QSize &bar, const QPoint &position)
-{
-    rangeRect = TimeRangeMath::rangeRect(bar, vxScene->getPlayRange(),
-                                         vxScene->getAnimRange().getDuration());
-    return TimeRangeMath::partAt(rangeRect, position);
-}
-
-Part VxTimeRangeSlider::Private::draggedPart() const
-{
-    if (dragBody)
-        return Part::Body;
-    if (dragStart)
-        return Part::StartHandle;
-    return dragEnd ? Part::EndHandle : Part::None;
-}
 
 VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     : QAbstractSlider(parent)
@@ -108,9 +87,9 @@ QScrollBar *VxTimeRangeSlider::getScrollBar() const
     return d->scrollBar;
 }
 
-void VxTimeRangeSlider::updateCursor(bool overHandle, const QPoint &position)
+void VxTimeRangeSlider::updateCursor(Part part, const QPoint &position)
 {
-    if (overHandle)
+    if (part == Part::StartHandle || part == Part::EndHandle)
         setCursor(Qt::SplitHCursor);
     else if (rect().contains(position))
         setCursor(Qt::PointingHandCursor);
@@ -120,11 +99,8 @@ void VxTimeRangeSlider::updateCursor(bool overHandle, const QPoint &position)
 
 void VxTimeRangeSlider::hover(const QPoint &position)
 {
-    const Part part = d->hitTest(size(), position);
-    d->hoverBody = part == Part::Body;
-    d->hoverStart = part == Part::StartHandle;
-    d->hoverEnd = part == Part::EndHandle;
-    updateCursor(d->hoverStart || d->hoverEnd, position);
+    d->hovered = partAt(size(), position);
+    updateCursor(d->hovered, position);
     update();
 }
 
@@ -137,8 +113,7 @@ void VxTimeRangeSlider::drag(int x, bool isFinal)
     if (isFinal)
         distance = TimelineSnap::toFrame(distance, step);
     const VxTimeRange atPress(d->startAtPress, d->endAtPress);
-    vxScene->setPlayRange(
-        TimeRangeMath::dragged(d->draggedPart(), atPress, distance, duration, step));
+    vxScene->setPlayRange(TimeRangeMath::dragged(d->dragged, atPress, distance, duration, step));
     if (isFinal && !vxScene->isPlaying())
         TimelinePlayback::setTime(TimelineSnap::toFrame(vxScene->getTime(), step));
     update();
@@ -146,10 +121,10 @@ void VxTimeRangeSlider::drag(int x, bool isFinal)
 
 void VxTimeRangeSlider::dropDrag()
 {
-    if (d->draggedPart() != Part::None)
+    if (d->dragged != Part::None)
         vxScene->setPlayRange(VxTimeRange(d->startAtPress, d->endAtPress));
     d->pressed = false;
-    d->clearDrag();
+    d->dragged = Part::None;
     unsetCursor();
     update();
 }
@@ -160,11 +135,8 @@ void VxTimeRangeSlider::mousePressEvent(QMouseEvent *event)
         d->pressed = true;
         d->guard->begin();
         d->pressPos = event->pos();
-        const Part part = d->hitTest(size(), event->pos());
-        d->dragBody = part == Part::Body;
-        d->dragStart = part == Part::StartHandle;
-        d->dragEnd = part == Part::EndHandle;
-        updateCursor(d->dragStart || d->dragEnd, event->pos());
+        d->dragged = partAt(size(), event->pos());
+        updateCursor(d->dragged, event->pos());
         const VxTimeRange range = vxScene->getPlayRange();
         d->startAtPress = range.getStart();
         d->endAtPress = range.getEnd();
@@ -177,11 +149,11 @@ void VxTimeRangeSlider::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() == Qt::LeftButton) {
         d->guard->end();
         if (d->pressed) {
-            updateCursor(d->hoverStart || d->hoverEnd, event->pos());
+            updateCursor(d->hovered, event->pos());
             drag(event->x(), true);
         }
         d->pressed = false;
-        d->clearDrag();
+        d->dragged = Part::None;
     }
     update();
 }
@@ -217,8 +189,8 @@ void VxTimeRangeSlider::enterEvent(QEvent *event)
 void VxTimeRangeSlider::leaveEvent(QEvent *event)
 {
     Q_UNUSED(event)
-    d->clearHover();
-    d->clearDrag();
+    d->hovered = Part::None;
+    d->dragged = Part::None;
     update();
 }
 
@@ -253,10 +225,13 @@ void VxTimeRangeSlider::paintEvent(QPaintEvent *event)
     const TimeRangeMath::Picture picture =
         TimeRangeMath::picture(stretch, metrics.horizontalAdvance(start),
                                metrics.horizontalAdvance(end), metrics.height());
-    paintHandle(&painter, picture.startHandle, VxStyle::RangeStartHandle, d->hoverStart);
+    paintHandle(&painter, picture.startHandle, VxStyle::RangeStartHandle,
+                d->hovered == Part::StartHandle);
     painter.drawText(picture.startLabel, Qt::AlignLeft, start);
-    paintHandle(&painter, picture.endHandle, VxStyle::RangeEndHandle, d->hoverEnd);
+    paintHandle(&painter, picture.endHandle, VxStyle::RangeEndHandle,
+                d->hovered == Part::EndHandle);
     painter.drawText(picture.endLabel, Qt::AlignLeft, end);
-    painter.setPen(d->hoverBody ? palette().highlight().color() : palette().dark().color());
+    painter.setPen(d->hovered == Part::Body ? palette().highlight().color()
+                                            : palette().dark().color());
     painter.drawRect(picture.outline);
 }

@@ -4,6 +4,8 @@
 #include <QtWidgets/QAbstractSlider>
 #include <memory>
 
+#include "vxtimeline/widgets/timerangemath.h"
+
 class QScrollBar;
 
 // A bar for the whole animation range, with the play range in it.
@@ -32,7 +34,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void updateCursor(bool overHandle, const QPoint &position);
+    void updateCursor(TimeRangeMath::Part part, const QPoint &position);
     void hover(const QPoint &position);
     void drag(int x, bool isFinal);
     // Drops a drag whose release was lost; the play range is that of the press again.
