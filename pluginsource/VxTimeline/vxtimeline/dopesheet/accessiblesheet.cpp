@@ -333,11 +333,7 @@ void AccessibleRow::doAction(const QString &name)
         view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     } else if (name == toggleAction()) {
         view->setExpanded(index, !view->isExpanded(index));
-    } else if (name == AccessibleKeyList::selectAction()) {
-        AccessibleKeys::changeAll(*AccessibleSheet::keysOf(view, m_item),
-                                  AccessibleKeys::Change::SelectOnly);
-    } else if (name == AccessibleKeyList::deselectAction()) {
-        AccessibleKeys::changeAll(*AccessibleSheet::keysOf(view, m_item),
-                                  AccessibleKeys::Change::Deselect);
+    } else {
+        AccessibleKeyList(AccessibleSheet::keysOf(view, m_item)).doAction(name);
     }
 }

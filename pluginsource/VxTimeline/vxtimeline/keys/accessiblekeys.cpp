@@ -7,6 +7,7 @@
 
 #include "vxtimeline/keys/accessiblekey.h"
 #include "vxtimeline/keys/accessiblepool.h"
+#include "vxtimeline/keys/keyspans.h"
 
 namespace {
 
@@ -33,25 +34,17 @@ bool hasKey(const std::vector<VxKeySpan> &spans, int index)
 // The spans with or without one key.
 std::vector<VxKeySpan> changed(const std::vector<VxKeySpan> &spans, int index, bool selected)
 {
+    if (selected)
+        return KeySpans::united(spans, {{index, index + 1}});
     std::vector<VxKeySpan> result;
-    VxKeySpan added{index, index + 1};
     for (const VxKeySpan &span : spans) {
-        const bool touches = span.first <= added.last && span.last >= added.first;
-        if (!touches) {
-            result.push_back(span);
-        } else if (selected) {
-            added = {std::min(span.first, added.first), std::max(span.last, added.last)};
-        } else {
-            if (span.first < index)
-                result.push_back({span.first, std::min(span.last, index)});
-            if (span.last > index + 1)
-                result.push_back({std::max(span.first, index + 1), span.last});
+        const VxKeySpan before{span.first, std::min(span.last, index)};
+        const VxKeySpan after{std::max(span.first, index + 1), span.last};
+        for (const VxKeySpan &left : {before, after}) {
+            if (left.first < left.last)
+                result.push_back(left);
         }
     }
-    if (selected)
-        result.push_back(added);
-    std::sort(result.begin(), result.end(),
-              [](const VxKeySpan &a, const VxKeySpan &b) { return a.first < b.first; });
     return result;
 }
 

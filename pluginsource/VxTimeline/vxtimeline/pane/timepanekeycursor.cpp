@@ -4,6 +4,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <algorithm>
 #include <vxcore/vxaccessible.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxdynamicdividerwgt.h>
@@ -22,6 +23,11 @@ constexpr int RowsPerPage = 10;
 constexpr int RingGap = 2;    // pixels between a mark and its ring
 constexpr int RingWidth = 2;  // pixels, with an edge of one pixel in the background's colour
 constexpr int TextMargin = 6; // pixels
+
+constexpr int ownKeys[] = {Qt::Key_Left,  Qt::Key_Right,  Qt::Key_Up,     Qt::Key_Down,
+                           Qt::Key_Home,  Qt::Key_End,    Qt::Key_PageUp, Qt::Key_PageDown,
+                           Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Escape,
+                           Qt::Key_Menu};
 
 void sendFocus(QAccessibleInterface *object)
 {
@@ -49,8 +55,6 @@ TimePaneKeyCursor::TimePaneKeyCursor(const TimePaneViews &views)
     connect(vxApp->getKeySelection(), &VxKeySelection::changed, this,
             &TimePaneKeyCursor::handleKeysChanged);
 }
-
-TimePaneKeyCursor::~TimePaneKeyCursor() = default;
 
 void TimePaneKeyCursor::begin()
 {
@@ -150,26 +154,10 @@ bool TimePaneKeyCursor::event(QEvent *event)
         const bool isOpening = modifiers == Qt::AltModifier &&
                                (key->key() == Qt::Key_Left || key->key() == Qt::Key_Right);
         const bool isTime = modifiers == Qt::ControlModifier && key->key() == Qt::Key_Return;
-        switch (key->key()) {
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_Home:
-        case Qt::Key_End:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-        case Qt::Key_Space:
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-        case Qt::Key_Escape:
-        case Qt::Key_Menu:
-            if (modifiers == Qt::NoModifier || isOpening || isTime)
-                event->accept();
-            break;
-        default:
-            break;
-        }
+        const bool isOwn =
+            std::find(std::begin(ownKeys), std::end(ownKeys), key->key()) != std::end(ownKeys);
+        if (isOwn && (modifiers == Qt::NoModifier || isOpening || isTime))
+            event->accept();
     }
     // Tab leads to the other view, not to the next control.
     if (event->type() == QEvent::KeyPress) {
@@ -425,10 +413,9 @@ void TimePaneKeyCursor::paintEvent(QPaintEvent *event)
         painter.drawRect(m_rowRect.adjusted(0, 0, -1, -1));
     if (!m_ring.isEmpty()) {
         const auto frame = [&](const QRect &outer, int width, const QColor &color) {
-            painter.fillRect(QRect(outer.topLeft(), QSize(outer.width(), width)), color);
-            painter.fillRect(outer.left(), outer.bottom() - width + 1, outer.width(), width, color);
-            painter.fillRect(QRect(outer.topLeft(), QSize(width, outer.height())), color);
-            painter.fillRect(outer.right() - width + 1, outer.top(), width, outer.height(), color);
+            const QRect inside = outer.adjusted(width, width, -width, -width);
+            for (const QRect &side : QRegion(outer).subtracted(inside))
+                painter.fillRect(side, color);
         };
         frame(m_ring.adjusted(-1, -1, 1, 1), RingWidth + 2, edge);
         frame(m_ring, RingWidth, inner);

@@ -21,7 +21,6 @@ class TimePaneKeyCursor : public QWidget
 public:
     // views: borrowed. Child of the widget that contains dope sheet and key graph.
     explicit TimePaneKeyCursor(const TimePaneViews &views);
-    ~TimePaneKeyCursor() override;
 
     // Begins in the key graph when it has the focus, else in the dope sheet, at the key nearest to
     // the scene's time. Without rows a message says so.
