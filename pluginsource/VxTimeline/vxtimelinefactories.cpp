@@ -4,7 +4,7 @@
 
 namespace {
 
-// A choice of the pane as a script number, which equals the enumeration's key.
+// A choice or set of the pane as a script number, which equals the enumeration's key.
 template <typename Enum> QScriptValue enumToScript(QScriptEngine *, const Enum &value)
 {
     return QScriptValue(static_cast<int>(value));
@@ -25,11 +25,6 @@ template <typename Enum> void enumFromScript(const QScriptValue &value, Enum &re
 template <typename Enum> void registerEnum(QScriptEngine *engine)
 {
     qScriptRegisterMetaType<Enum>(engine, &enumToScript<Enum>, &enumFromScript<Enum>);
-}
-
-QScriptValue propertyTypesToScript(QScriptEngine *, const VxTimePane::PropertyTypes &types)
-{
-    return QScriptValue(static_cast<int>(types));
 }
 
 void propertyTypesFromScript(const QScriptValue &value, VxTimePane::PropertyTypes &types)
@@ -56,6 +51,6 @@ void VxTimePaneFactory::registerClass(QScriptEngine *engine) const
     registerEnum<VxTimePane::ControlsPosition>(engine);
     registerEnum<VxTimePane::ViewMode>(engine);
     registerEnum<VxTimePane::KeyScope>(engine);
-    qScriptRegisterMetaType<VxTimePane::PropertyTypes>(engine, &propertyTypesToScript,
-                                                       &propertyTypesFromScript);
+    qScriptRegisterMetaType<VxTimePane::PropertyTypes>(
+        engine, &enumToScript<VxTimePane::PropertyTypes>, &propertyTypesFromScript);
 }
