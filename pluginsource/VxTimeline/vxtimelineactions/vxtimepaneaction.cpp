@@ -6,5 +6,3 @@ VxTimePaneAction::VxTimePaneAction()
     setObjectName(QString::fromLatin1(metaObject()->className()));
     updateInlineHelp();
 }
-
-VxTimePaneAction::~VxTimePaneAction() = default;

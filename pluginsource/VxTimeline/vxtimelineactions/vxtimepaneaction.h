@@ -10,7 +10,6 @@ class VxTimePaneAction : public VxPaneAction
     Q_OBJECT
 public:
     VxTimePaneAction();
-    ~VxTimePaneAction() override;
 };
 
 #endif

@@ -89,8 +89,6 @@ VxTimelineDopeSheetKeysColumnDelegate::VxTimelineDopeSheetKeysColumnDelegate(QOb
 {
 }
 
-VxTimelineDopeSheetKeysColumnDelegate::~VxTimelineDopeSheetKeysColumnDelegate() = default;
-
 void VxTimelineDopeSheetKeysColumnDelegate::paint(QPainter *painter,
                                                   const QStyleOptionViewItem &option,
                                                   const QModelIndex &index) const

@@ -12,7 +12,6 @@ class VxTimelineDopeSheetKeysColumnDelegate : public QStyledItemDelegate
     Q_OBJECT
 public:
     explicit VxTimelineDopeSheetKeysColumnDelegate(QObject *parent = nullptr);
-    ~VxTimelineDopeSheetKeysColumnDelegate() override;
 
     // Rows that are open paint nothing: the rows below show their keys.
     void paint(QPainter *painter, const QStyleOptionViewItem &option,

@@ -14,8 +14,6 @@ VxTimelineDopeSheetNameColumnDelegate::VxTimelineDopeSheetNameColumnDelegate(QOb
 {
 }
 
-VxTimelineDopeSheetNameColumnDelegate::~VxTimelineDopeSheetNameColumnDelegate() = default;
-
 // The tree paints whole rows, even when only the line of the current time has moved in them.
 void VxTimelineDopeSheetNameColumnDelegate::paint(QPainter *painter,
                                                   const QStyleOptionViewItem &option,

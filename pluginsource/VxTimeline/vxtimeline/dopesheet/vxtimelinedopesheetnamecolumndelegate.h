@@ -10,7 +10,6 @@ class VxTimelineDopeSheetNameColumnDelegate : public QStyledItemDelegate
     Q_OBJECT
 public:
     explicit VxTimelineDopeSheetNameColumnDelegate(QObject *parent = nullptr);
-    ~VxTimelineDopeSheetNameColumnDelegate() override;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

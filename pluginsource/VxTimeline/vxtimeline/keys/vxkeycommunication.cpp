@@ -10,8 +10,6 @@ VxKeyCommunication::VxKeyCommunication(QObject *parent)
     Q_UNUSED(metaType)
 }
 
-VxKeyCommunication::~VxKeyCommunication() = default;
-
 bool VxKeyCommunication::isMuted() const
 {
     return m_muted;

@@ -15,7 +15,6 @@ class VxKeyCommunication : public QObject
     Q_OBJECT
 public:
     explicit VxKeyCommunication(QObject *parent = nullptr);
-    ~VxKeyCommunication() override;
 
     bool isMuted() const;
     // Returns the previous value, for senders that restore it.

@@ -39,8 +39,6 @@ FieldTextFit::FieldTextFit(QAbstractSpinBox *field)
     m_edit->installEventFilter(this);
 }
 
-FieldTextFit::~FieldTextFit() = default;
-
 bool FieldTextFit::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_edit && event->type() == QEvent::Paint)

@@ -22,7 +22,6 @@ class FieldTextFit : public QObject
     Q_OBJECT
 public:
     explicit FieldTextFit(QAbstractSpinBox *field);
-    ~FieldTextFit() override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -63,8 +63,6 @@ TimePaneAccessible::TimePaneAccessible(const TimePaneViews &views)
     });
 }
 
-TimePaneAccessible::~TimePaneAccessible() = default;
-
 void TimePaneAccessible::handleSelectionChanged()
 {
     if (!QAccessible::isActive())

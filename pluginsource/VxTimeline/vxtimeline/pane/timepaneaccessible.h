@@ -21,7 +21,6 @@ public:
 
     // views: borrowed.
     explicit TimePaneAccessible(const TimePaneViews &views);
-    ~TimePaneAccessible() override;
 
 private:
     void handleSelectionChanged();

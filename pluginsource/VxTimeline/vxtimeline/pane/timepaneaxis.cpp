@@ -48,8 +48,6 @@ TimePaneAxis::TimePaneAxis(QObject *pane, QWidget *views, VxDopeSheetView *sheet
     connect(sheet->horizontalScrollBar(), &QScrollBar::valueChanged, this, &TimePaneAxis::update);
 }
 
-TimePaneAxis::~TimePaneAxis() = default;
-
 int TimePaneAxis::keysLeftIn(const QWidget *widget) const
 {
     const int left = m_sheet->columnViewportPosition(VxDopeSheetView::KeysColumn);

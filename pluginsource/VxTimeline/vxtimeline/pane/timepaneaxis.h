@@ -24,7 +24,6 @@ public:
     // All borrowed; views: the widget that contains dope sheet and key graph.
     TimePaneAxis(QObject *pane, QWidget *views, VxDopeSheetView *sheet, VxKeyGraphView *graph,
                  VxTimeRangeSlider *slider);
-    ~TimePaneAxis() override;
 
     int xOf(VxTime time) const override;
     VxTime timeAt(int x) const override;

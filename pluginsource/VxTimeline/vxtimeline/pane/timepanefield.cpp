@@ -25,8 +25,6 @@ TimePaneField::TimePaneField(const QString &name, int minimum, int maximum, QWid
     connect(this, &QSpinBox::editingFinished, this, &TimePaneField::showWithheld);
 }
 
-TimePaneField::~TimePaneField() = default;
-
 void TimePaneField::setAcceptsOutOfRange(bool accepts)
 {
     m_acceptsOutOfRange = accepts;

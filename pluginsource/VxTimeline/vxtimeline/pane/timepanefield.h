@@ -21,7 +21,6 @@ class TimePaneField : public QSpinBox
     Q_OBJECT
 public:
     TimePaneField(const QString &name, int minimum, int maximum, QWidget *parent);
-    ~TimePaneField() override;
 
     // Both off initially.
     void setAcceptsOutOfRange(bool accepts);

@@ -11,8 +11,6 @@ TimePaneFieldFocus::TimePaneFieldFocus(QObject *parent)
     connect(qApp, &QApplication::focusChanged, this, &TimePaneFieldFocus::handleFocusChanged);
 }
 
-TimePaneFieldFocus::~TimePaneFieldFocus() = default;
-
 void TimePaneFieldFocus::add(QAbstractSpinBox *field)
 {
     m_fields.append(field);

@@ -17,7 +17,6 @@ class TimePaneFieldFocus : public QObject
     Q_OBJECT
 public:
     explicit TimePaneFieldFocus(QObject *parent);
-    ~TimePaneFieldFocus() override;
 
     // Not owned; must live as long as this.
     void add(QAbstractSpinBox *field);

@@ -9,8 +9,8 @@ class TimePaneStrip;
 class VxBarButton;
 class VxButtonBar;
 
-// The pane's bar of playback buttons: its buttons, their icons and their visibility by view mode. The
-// pane connects them.
+// The pane's bar of playback buttons: its buttons, their icons and their visibility by view mode.
+// The pane connects them.
 class TransportControls
 {
 public:

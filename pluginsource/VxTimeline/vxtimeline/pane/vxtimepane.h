@@ -18,8 +18,8 @@ class VxNode;
 // The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
 //
 // The pane assembles collaborators (vxtimepane_p.h), each with its widgets and state, and is their
-// interface: its slots forward to them or, in the sources about keys, playback, filter and settings,
-// do their work with them. All signals are connected to its slots.
+// interface: its slots forward to them or, in the sources about keys, playback, filter and
+// settings, do their work with them. All signals are connected to its slots.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxTimePane : public VxPane

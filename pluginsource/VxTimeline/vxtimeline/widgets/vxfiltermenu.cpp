@@ -7,8 +7,6 @@ VxFilterMenu::VxFilterMenu(QWidget *parent)
 {
 }
 
-VxFilterMenu::~VxFilterMenu() = default;
-
 void VxFilterMenu::notifyFilterChanged()
 {
     if (!m_ticking)

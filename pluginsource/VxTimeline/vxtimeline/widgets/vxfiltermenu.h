@@ -9,7 +9,6 @@ class VxFilterMenu : public QMenu
     Q_OBJECT
 public:
     explicit VxFilterMenu(QWidget *parent = nullptr);
-    ~VxFilterMenu() override;
 
     // Emits filterChanged(), unless an entry is being ticked in the open menu, which emits it once
     // after the entry has had its effect.
