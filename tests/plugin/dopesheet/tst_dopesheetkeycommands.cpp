@@ -390,7 +390,7 @@ void TestDopeSheetKeyCommands::interpolationRefusesNonsense()
 {
     select(x());
     for (const int type : {-1, 3}) {
-        guard->expect(QRegularExpression(QStringLiteral("vxdopesheetviewkeys\\.cpp\\(\\d+\\): "
+        guard->expect(QRegularExpression(QStringLiteral("vxdopesheetview\\.cpp\\(\\d+\\): "
                                                         "Invalid value passed to "
                                                         "VxDopeSheetView::setInterpType\\(\\)$")));
         view->setInterpType(type);

@@ -28,6 +28,8 @@
 #include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/time/timelinemetrics.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/vxwarning.h"
 
 namespace {
 
@@ -226,6 +228,11 @@ void VxDopeSheetView::ensureNodeVisible(VxNode *node)
         scrollTo(index);
 }
 
+void VxDopeSheetView::updateKeyScopeDisplay()
+{
+    doUpdate();
+}
+
 VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
 {
     if (!index.isValid())
@@ -415,6 +422,75 @@ void VxDopeSheetView::handleKeyMessage(const VxKeyMessage &message)
 {
     d->keys.handleMessage(message);
     viewport()->update();
+}
+
+bool VxDopeSheetView::hasCopiedKeys() const
+{
+    return d->commands.hasCopiedKeys();
+}
+
+int VxDopeSheetView::numCopiedKeys() const
+{
+    return d->commands.numCopiedKeys();
+}
+
+const std::vector<VxCopiedKeys> &VxDopeSheetView::copiedKeys() const
+{
+    return d->commands.copiedKeys().entries();
+}
+
+void VxDopeSheetView::copyKeys()
+{
+    d->commands.copy();
+    Q_EMIT copyContextChanged(hasCopiedKeys());
+}
+
+void VxDopeSheetView::pasteKeys()
+{
+    pasteCopiedKeys();
+}
+
+// Key commands are refused while keys are dragged: the keys' times are not final until the drop.
+bool VxDopeSheetView::pasteCopiedKeys()
+{
+    return !d->dragHold && d->commands.paste();
+}
+
+void VxDopeSheetView::deleteKeys()
+{
+    if (!d->dragHold)
+        d->commands.remove();
+}
+
+void VxDopeSheetView::setInterpType(int type)
+{
+    if (type < VxKeyInterp::Linear || type > VxKeyInterp::Tcb) {
+        vxWarning(VX_HERE,
+                  QStringLiteral("Invalid value passed to VxDopeSheetView::setInterpType()"));
+        return;
+    }
+    if (!d->dragHold)
+        d->commands.setType(type);
+}
+
+void VxDopeSheetView::setTCB(float t, float c, float b)
+{
+    if (!d->dragHold)
+        d->commands.setTcb(t, c, b);
+}
+
+void VxDopeSheetView::skipToPreviousKey()
+{
+    const VxTime time = d->commands.previousKey();
+    if (time != -1)
+        TimelinePlayback::setTime(time);
+}
+
+void VxDopeSheetView::skipToNextKey()
+{
+    const VxTime time = d->commands.nextKey();
+    if (time != VxTimeMax)
+        TimelinePlayback::setTime(time);
 }
 
 void VxDopeSheetView::timerKick()

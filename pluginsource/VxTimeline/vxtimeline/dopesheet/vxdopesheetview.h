@@ -80,6 +80,8 @@ public:
     void ensureNodeVisible(VxNode *node);
     // Opens the rows of a node's properties that have keys, and returns them; none without a row.
     QItemSelection openKeyedProperties(VxNode *node);
+    // Repaints everything that depends on the scope of key creation.
+    void updateKeyScopeDisplay();
 
     // For delegates: false when the present paint event does not include any part of rect. True
     // outside of paint events.
@@ -158,7 +160,7 @@ public Q_SLOTS:
     // Of those selected keys that are TCB keys.
     void setTCB(float t, float c, float b);
     // Set the time to that of the nearest key more than half a frame away: of the primary node's
-    // row, or, without one, of all rows. Nothing happens without such a key.
+    // row, or, without one, of all rows.
     void skipToPreviousKey();
     void skipToNextKey();
     void clearSelectedKeys();

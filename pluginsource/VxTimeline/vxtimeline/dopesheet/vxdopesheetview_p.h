@@ -8,7 +8,7 @@
 #include <QtGui/QRegion>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/copiedkeys.h"
+#include "vxtimeline/dopesheet/dopesheetkeycommands.h"
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
 #include "vxtimeline/dopesheet/dopesheetrowselection.h"
 #include "vxtimeline/dopesheet/keydrag.h"
@@ -28,6 +28,7 @@ public:
         , rows(dopeSheetView)
         , treeState(dopeSheetView)
         , keys(dopeSheetView)
+        , commands(dopeSheetView, &keys)
     {
         clock.start();
     }
@@ -45,8 +46,7 @@ public:
     std::unique_ptr<DopeSheetRowSelection::Hold> manyChanges;
     QVector<VxProperty *> formerProperties;
     DopeSheetKeySelection keys;
-    CopiedKeys copied;
-    int copiedCount = 0; // a key that was selected in several rows counts once
+    DopeSheetKeyCommands commands;
 
     QLine timeLine; // of the current time, in the viewport
     // Where that line was last painted, and the region being painted; in the viewport.

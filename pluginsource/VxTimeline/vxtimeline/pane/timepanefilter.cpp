@@ -1,55 +1,81 @@
-// The property types with rows, and the scope of key creation. The check marks of the registered
-// actions are their state.
+#include "vxtimeline/pane/timepanefilter.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QAction>
 #include <vxcore/vxstyledbutton.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepanechoices.h"
+#include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/timepanenodeselection.h"
+#include "vxtimeline/pane/timepanerows.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 
-void VxTimePane::setFilteredPropertyTypes(PropertyTypes propTypes)
+TimePaneFilter::TimePaneFilter(TimePaneChoices &choices, TimePaneControls &controls,
+                               VxDopeSheetView *sheet, TimePaneRows &rows,
+                               TimePaneNodeSelection &nodes)
+    : m_choices(choices)
+    , m_controls(controls)
+    , m_sheet(sheet)
+    , m_rows(rows)
+    , m_nodes(nodes)
 {
-    d->choices.setRequestedTypes(int(propTypes));
-    d->choices.checkFlags(TimePaneChoice::PropertyTypeFamily, int(propTypes));
-    d->controls.types().menu()->notifyFilterChanged();
 }
 
-VxTimePane::PropertyTypes VxTimePane::getFilteredPropertyTypes() const
+void TimePaneFilter::setTypes(VxTimePane::PropertyTypes types)
 {
-    return PropertyTypes(d->choices.checkedFlags(TimePaneChoice::PropertyTypeFamily));
+    m_choices.setRequestedTypes(int(types));
+    m_choices.checkFlags(TimePaneChoice::PropertyTypeFamily, int(types));
+    m_controls.types().menu()->notifyFilterChanged();
 }
 
-void VxTimePane::handlePropertyTypesEdited()
+VxTimePane::PropertyTypes TimePaneFilter::types() const
 {
-    d->rows.refresh();
-    d->controls.types().showTypes(int(getFilteredPropertyTypes()));
+    return VxTimePane::PropertyTypes(m_choices.checkedFlags(TimePaneChoice::PropertyTypeFamily));
 }
 
-// Outside the advanced view the node is the scope instead of its properties.
-void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
+void TimePaneFilter::applyTypes()
 {
-    if (keyScope < ScopeObject || keyScope > ScopeProperties) {
+    m_rows.refresh();
+    m_controls.types().showTypes(int(types()));
+}
+
+void TimePaneFilter::setScope(VxTimePane::KeyScope scope, bool isAdvanced)
+{
+    if (scope < VxTimePane::ScopeObject || scope > VxTimePane::ScopeProperties) {
         vxWarning(
             VX_HERE,
             QStringLiteral("Invalid value passed to VxTimePane::setFilteredKeyCreationScope()"));
         return;
     }
-    if (keyScope == ScopeProperties && !d->layout.isAdvanced())
-        keyScope = ScopeNode;
-    d->choices.setRequestedScope(keyScope);
-    d->choices.checkOnly(TimePaneChoice::KeyScopeFamily, keyScope);
-    if (const QAction *action = d->choices.checkedAction(TimePaneChoice::KeyScopeFamily))
-        d->controls.keys().scopeButton()->setText(action->text());
-    d->views.sheet()->doUpdate();
-    d->nodes.update();
+    if (scope == VxTimePane::ScopeProperties && !isAdvanced)
+        scope = VxTimePane::ScopeNode;
+    m_choices.setRequestedScope(scope);
+    m_choices.checkOnly(TimePaneChoice::KeyScopeFamily, scope);
+    if (const QAction *action = m_choices.checkedAction(TimePaneChoice::KeyScopeFamily))
+        m_controls.keys().scopeButton()->setText(action->text());
+    m_sheet->updateKeyScopeDisplay();
+    m_nodes.update();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    d->views.sheet()->doUpdate();
+    m_sheet->doUpdate();
 }
 
-VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
+VxTimePane::KeyScope TimePaneFilter::scope() const
 {
-    return KeyScope(d->choices.checkedValue(TimePaneChoice::KeyScopeFamily, ScopeNode));
+    return VxTimePane::KeyScope(
+        m_choices.checkedValue(TimePaneChoice::KeyScopeFamily, VxTimePane::ScopeNode));
+}
+
+void TimePaneFilter::restoreMark(QAction *action, const TimePaneChoice *choice)
+{
+    if (choice->family() == TimePaneChoice::KeyScopeFamily) {
+        m_choices.restoreScope(action, choice->value());
+        if (action->isChecked())
+            m_controls.keys().scopeButton()->setText(action->text());
+    } else {
+        m_choices.restoreTypes(action, choice->value());
+        if (action->isChecked())
+            applyTypes();
+    }
 }

@@ -1,8 +1,5 @@
-// The key commands: their undo entries, the scope that applies, and the controls that show the
-// selected keys. The edits are implemented in the dope sheet view and in the keys folder.
+#include "vxtimeline/pane/timepanekeys.h"
 
-#include <QtGui/QGuiApplication>
-#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <vxcore/vxapp.h>
@@ -16,7 +13,9 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keycreation.h"
 #include "vxtimeline/keys/nodeproperties.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/pane/timepanechoices.h"
+#include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/vxwarning.h"
 
 namespace {
@@ -58,28 +57,101 @@ QVector<VxTime> frameTimes(VxTime first, int count)
     return times;
 }
 
+} // namespace
+
+TimePaneKeys::TimePaneKeys(const VxTimePane *pane, VxDopeSheetView *sheet,
+                           TimePaneControls &controls, TimePaneChoices &choices)
+    : m_pane(pane)
+    , m_sheet(sheet)
+    , m_controls(controls)
+    , m_choices(choices)
+{
+}
+
+void TimePaneKeys::createNodeKeys()
+{
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        visitSelectedNodes(KeyCreation::keyCurrentValue);
+    }
+    hold.accept(VxTimePane::tr("Create Keys"));
+    updateStates();
+}
+
+void TimePaneKeys::deleteNodeKeys()
+{
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        const VxTimeRange now(vxScene->getTime(), vxScene->getTime());
+        visitSelectedNodes([now](VxProperty *property) { property->deleteKeys(now); });
+    }
+    hold.accept(VxTimePane::tr("Delete Keys"));
+    updateFields();
+}
+
+// The hold is opened only after the questions: the scene may change while a dialog is open.
+void TimePaneKeys::createFilteredKeys(int count)
+{
+    QWidget *parent = vxApp->getDialogParent();
+    if (!vxScene->getPrimarySelection()) {
+        QMessageBox::warning(parent, VxTimePane::tr("Selection Error"),
+                             VxTimePane::tr("A node in the scene must be selected to continue."),
+                             QMessageBox::Ok);
+        return;
+    }
+    if (count < 1) {
+        bool accepted = false;
+        count =
+            QInputDialog::getInt(parent, VxTimePane::tr("Create # Keys"),
+                                 VxTimePane::tr("Number of keys:"), 1, 1, MaxKeys, 1, &accepted);
+        if (!accepted) {
+            updateStates();
+            return;
+        }
+    }
+    VxUndoStackHold hold;
+    {
+        VxChangeBlock block;
+        makeFilteredKeys(count);
+    }
+    hold.accept(VxTimePane::tr("Create Filtered Keys"));
+    updateStates();
+}
+
 // Keys of single properties are not spread over frames: they are made at the current time whatever
 // the number.
-void makeFilteredKeys(const VxTimePane *pane, int count)
+void TimePaneKeys::makeFilteredKeys(int count) const
 {
     VxNode *selected = vxScene->getPrimarySelection();
     if (!selected)
         return;
     const VxTime now = vxScene->getTime();
-    const VxTimePane::KeyScope scope = pane->getFilteredKeyCreationScope();
+    const VxTimePane::KeyScope scope = m_pane->getFilteredKeyCreationScope();
     if (scope == VxTimePane::ScopeProperties) {
-        for (VxProperty *property : pane->getDopeSheetView()->getSelectedProperties())
+        for (VxProperty *property : m_sheet->getSelectedProperties())
             KeyCreation::setKeysFrom(property, now, {now});
         return;
     }
     const KeyTarget target = keyTarget(selected, scope);
-    KeyCreation::setNodeKeys(target.node, int(pane->getFilteredPropertyTypes()), target.recurse,
+    KeyCreation::setNodeKeys(target.node, int(m_pane->getFilteredPropertyTypes()), target.recurse,
                              now, frameTimes(now, count));
 }
 
-void showWhyNoKeys(const VxDopeSheetView *sheet)
+// For commands that edit the selected keys. Without an editable key the status line shows the
+// reason.
+void TimePaneKeys::editSelectedKeys(const QString &text, const std::function<void()> &edit) const
 {
-    const VxDopeSheetView::EditableKeys keys = sheet->getEditableKeys();
+    showWhyNoKeys();
+    VxUndoStackHold hold;
+    edit();
+    hold.accept(text);
+}
+
+void TimePaneKeys::showWhyNoKeys() const
+{
+    const VxDopeSheetView::EditableKeys keys = m_sheet->getEditableKeys();
     if (keys == VxDopeSheetView::NoneSelected)
         vxShowStatusMessage(VxTimePane::tr("No keys are selected."));
     else if (keys == VxDopeSheetView::AllFilteredOut)
@@ -88,160 +160,77 @@ void showWhyNoKeys(const VxDopeSheetView *sheet)
         vxShowStatusMessage(VxTimePane::tr("The selected keys belong to locked properties."));
 }
 
-// For commands that edit the selected keys. Without an editable key the status line shows the
-// reason.
-void editSelectedKeys(const VxDopeSheetView *sheet, const QString &text,
-                      const std::function<void()> &edit)
+void TimePaneKeys::deleteSelectedKeys()
 {
-    showWhyNoKeys(sheet);
-    VxUndoStackHold hold;
-    edit();
-    hold.accept(text);
+    editSelectedKeys(VxTimePane::tr("Delete Selected Keys"), [this] { m_sheet->deleteKeys(); });
+    updateFields();
 }
 
-} // namespace
-
-void VxTimePane::createKeys()
+void TimePaneKeys::copySelectedKeys()
 {
-    VxUndoStackHold hold;
-    {
-        VxChangeBlock block;
-        visitSelectedNodes(KeyCreation::keyCurrentValue);
-    }
-    hold.accept(tr("Create Keys"));
-    updateActionStates();
-}
-
-void VxTimePane::deleteKeys()
-{
-    VxUndoStackHold hold;
-    {
-        VxChangeBlock block;
-        const VxTimeRange now(vxScene->getTime(), vxScene->getTime());
-        visitSelectedNodes([now](VxProperty *property) { property->deleteKeys(now); });
-    }
-    hold.accept(tr("Delete Keys"));
-    updateKeyFields();
-}
-
-// The hold is opened only after the questions: the scene may change while a dialog is open.
-void VxTimePane::createFilteredKeys(int numKeys)
-{
-    QWidget *parent = vxApp->getDialogParent();
-    if (!vxScene->getPrimarySelection()) {
-        QMessageBox::warning(parent, tr("Selection Error"),
-                             tr("A node in the scene must be selected to continue."),
-                             QMessageBox::Ok);
-        return;
-    }
-    if (numKeys < 1) {
-        bool accepted = false;
-        numKeys = QInputDialog::getInt(parent, tr("Create # Keys"), tr("Number of keys:"), 1, 1,
-                                       MaxKeys, 1, &accepted);
-        if (!accepted) {
-            updateActionStates();
-            return;
-        }
-    }
-    VxUndoStackHold hold;
-    {
-        VxChangeBlock block;
-        makeFilteredKeys(this, numKeys);
-    }
-    hold.accept(tr("Create Filtered Keys"));
-    updateActionStates();
-}
-
-void VxTimePane::deleteSelectedKeys()
-{
-    VxDopeSheetView *sheet = d->views.sheet();
-    editSelectedKeys(sheet, tr("Delete Selected Keys"), [sheet] { sheet->deleteKeys(); });
-    updateKeyFields();
-}
-
-void VxTimePane::copySelectedKeys()
-{
-    VxDopeSheetView *sheet = d->views.sheet();
-    sheet->copyKeys();
-    const int count = sheet->numCopiedKeys();
+    m_sheet->copyKeys();
+    const int count = m_sheet->numCopiedKeys();
     if (count == 0)
-        showWhyNoKeys(sheet);
+        showWhyNoKeys();
     else
-        vxShowStatusMessage(tr("Copied %n keys.", nullptr, count));
-    updateActionStates();
+        vxShowStatusMessage(VxTimePane::tr("Copied %n keys.", nullptr, count));
+    updateStates();
 }
 
-void VxTimePane::pasteKeys()
+void TimePaneKeys::pasteKeys()
 {
     VxUndoStackHold hold;
-    const bool pasted = d->views.sheet()->pasteCopiedKeys();
-    hold.accept(tr("Paste Keys"));
-    if (!hasCopiedKeys())
-        vxShowStatusMessage(tr("No keys have been copied."));
+    const bool pasted = m_sheet->pasteCopiedKeys();
+    hold.accept(VxTimePane::tr("Paste Keys"));
+    if (!m_sheet->hasCopiedKeys())
+        vxShowStatusMessage(VxTimePane::tr("No keys have been copied."));
     else if (!pasted)
-        vxShowStatusMessage(tr("No row matches the copied keys."));
-    updateActionStates();
+        vxShowStatusMessage(VxTimePane::tr("No row matches the copied keys."));
+    updateStates();
 }
 
-void VxTimePane::setInterpType(int interpType)
+void TimePaneKeys::setInterpType(int type)
 {
-    const QStringList names = {tr("Linear"), tr("Constant"), tr("TCB")};
-    if (interpType < 0 || interpType >= names.size()) {
+    const QStringList names = {VxTimePane::tr("Linear"), VxTimePane::tr("Constant"),
+                               VxTimePane::tr("TCB")};
+    if (type < 0 || type >= names.size()) {
         vxWarning(VX_HERE, QStringLiteral("Invalid value passed to VxTimePane::setInterpType()"));
         return;
     }
-    VxDopeSheetView *sheet = d->views.sheet();
-    editSelectedKeys(sheet, tr("Set Interpolation Type ") + names.at(interpType),
-                     [sheet, interpType] { sheet->setInterpType(interpType); });
-    updateKeyFields();
+    editSelectedKeys(VxTimePane::tr("Set Interpolation Type ") + names.at(type),
+                     [this, type] { m_sheet->setInterpType(type); });
+    updateFields();
 }
 
-void VxTimePane::handleCreateKeysClicked()
+void TimePaneKeys::applyTcb(const QDoubleSpinBox *entered)
 {
-    const bool asks = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-    createFilteredKeys(asks ? -1 : 1);
+    m_controls.interp().tcb().apply(entered,
+                                    [this](const QString &text, const std::function<void()> &edit) {
+                                        editSelectedKeys(text, edit);
+                                    });
 }
 
-void VxTimePane::updateTCB()
+void TimePaneKeys::updateTcb()
 {
-    d->controls.interp().tcb().apply(
-        qobject_cast<const QDoubleSpinBox *>(sender()),
-        [this](const QString &text, const std::function<void()> &edit) {
-            editSelectedKeys(d->views.sheet(), text, edit);
-        });
+    m_controls.interp().tcb().update();
 }
 
-void VxTimePane::updateKeyInterpType()
+void TimePaneKeys::updateStates()
 {
-    d->controls.interp().tcb().update();
+    const bool selected = m_sheet->hasSelectedKeys();
+    const bool copied = m_sheet->hasCopiedKeys();
+    m_choices.updateEnabled(selected, copied);
+    m_controls.setUsable(selected, copied);
 }
 
-// Cheap without a change: a selection is reported once for each row.
-void VxTimePane::updateActionStates()
+void TimePaneKeys::updateFields()
 {
-    d->choices.updateEnabled(hasSelectedKeys(), hasCopiedKeys());
-    d->controls.setUsable(hasSelectedKeys(), hasCopiedKeys());
+    updateTcb();
+    updateStates();
 }
 
-void VxTimePane::updateKeyFields()
+void TimePaneKeys::handleUndo()
 {
-    updateKeyInterpType();
-    updateActionStates();
-}
-
-// Undo and redo may change the shown values.
-void VxTimePane::handleUndoIndexChanged()
-{
-    if (!d->controls.interp().tcb().isBusy())
-        updateKeyFields();
-}
-
-bool VxTimePane::hasSelectedKeys() const
-{
-    return d->views.sheet()->hasSelectedKeys();
-}
-
-bool VxTimePane::hasCopiedKeys() const
-{
-    return d->views.sheet()->hasCopiedKeys();
+    if (!m_controls.interp().tcb().isBusy())
+        updateFields();
 }

@@ -11,6 +11,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/pane/vxtimepane.h"
@@ -45,12 +46,12 @@ VxNode *topmostAncestor(VxNode *node)
 
 } // namespace
 
-TimePaneRows::TimePaneRows(VxTimePane *pane, TimePaneViews &views,
-                           TimePaneKeySelection &keySelection, std::function<void()> keysGone)
+TimePaneRows::TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeys &keys,
+                           TimePaneKeySelection &keySelection)
     : m_pane(pane)
     , m_views(views)
+    , m_keys(keys)
     , m_keySelection(keySelection)
-    , m_keysGone(std::move(keysGone))
 {
 }
 
@@ -118,7 +119,7 @@ void TimePaneRows::uninitModel()
     VxKeyMessage message;
     message.clearSelection = true;
     m_views.bus()->send(message);
-    m_keysGone();
+    m_keys.updateFields();
 }
 
 void TimePaneRows::fill()

@@ -2,8 +2,8 @@
 #define TIMEPANEROWS_H
 
 #include <QtCore/QVector>
-#include <functional>
 
+class TimePaneKeys;
 class TimePaneKeySelection;
 class TimePaneViews;
 class VxDopeSheetModel;
@@ -14,9 +14,9 @@ class VxTimePane;
 class TimePaneRows
 {
 public:
-    // All borrowed. keysGone: called after rows with selected keys were deleted.
-    TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeySelection &keySelection,
-                 std::function<void()> keysGone);
+    // All borrowed.
+    TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeys &keys,
+                 TimePaneKeySelection &keySelection);
 
     // Make and delete the model; each does nothing if that is done.
     void initModel();
@@ -46,8 +46,8 @@ private:
 
     VxTimePane *m_pane;
     TimePaneViews &m_views;
+    TimePaneKeys &m_keys;
     TimePaneKeySelection &m_keySelection;
-    std::function<void()> m_keysGone;
     VxDopeSheetModel *m_model = nullptr; // null before the first show; owned by the pane
     int m_sceneLoadDepth = 0;
     QVector<VxNode *> m_queuedNodes; // added while a scene is being loaded

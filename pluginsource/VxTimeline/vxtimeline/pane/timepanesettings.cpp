@@ -1,4 +1,4 @@
-// The pane's stored settings, and its options menu.
+#include "vxtimeline/pane/timepanesettings.h"
 
 #include <QtCore/QMetaEnum>
 #include <vxcore/vxactionmenu.h>
@@ -8,8 +8,6 @@
 #include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
-
-constexpr int OptionsMenuVersion = 10;
 
 using TimelineMenus::add;
 using TimelineMenus::Line;
@@ -138,42 +136,37 @@ void addKeyAndRowMenus(VxActionMenu *menu)
 
 } // namespace
 
-void VxTimePane::restoreSettings(VxSettings *settings)
+void TimePaneSettings::restore(VxTimePane *pane, const VxSettings *settings)
 {
-    setControlsPosition(flagOf(settings, "ControlsTop") ? ControlsTop : ControlsBottom);
-    setViewMode(storedViewMode(settings));
-    setKeyGraphOpen(flagOf(settings, "GraphOpen"));
-    setMonitorParametersPane(flagOf(settings, "MonitorParametersPane"));
-    setPlayAllFrames(flagOf(settings, "PlayAllFrames"));
-    setFilteredPropertyTypes(storedPropertyTypes(settings));
-    setFilteredKeyCreationScope(storedKeyScope(settings));
-    updateActionStates();
+    pane->setControlsPosition(flagOf(settings, "ControlsTop") ? VxTimePane::ControlsTop
+                                                              : VxTimePane::ControlsBottom);
+    pane->setViewMode(storedViewMode(settings));
+    pane->setKeyGraphOpen(flagOf(settings, "GraphOpen"));
+    pane->setMonitorParametersPane(flagOf(settings, "MonitorParametersPane"));
+    pane->setPlayAllFrames(flagOf(settings, "PlayAllFrames"));
+    pane->setFilteredPropertyTypes(storedPropertyTypes(settings));
+    pane->setFilteredKeyCreationScope(storedKeyScope(settings));
 }
 
-void VxTimePane::saveSettings(VxSettings *settings) const
+void TimePaneSettings::save(const VxTimePane *pane, VxSettings *settings)
 {
-    settings->setBoolValue(keyOf(getControlsPosition()), true);
-    settings->setBoolValue(keyOf(getViewMode()), true);
-    settings->setBoolValue(QStringLiteral("GraphOpen"), getKeyGraphOpen());
-    settings->setBoolValue(QStringLiteral("MonitorParametersPane"), getMonitorParametersPane());
-    settings->setBoolValue(QStringLiteral("PlayAllFrames"), getPlayAllFrames());
-    const PropertyTypes types = getFilteredPropertyTypes();
+    settings->setBoolValue(keyOf(pane->getControlsPosition()), true);
+    settings->setBoolValue(keyOf(pane->getViewMode()), true);
+    settings->setBoolValue(QStringLiteral("GraphOpen"), pane->getKeyGraphOpen());
+    settings->setBoolValue(QStringLiteral("MonitorParametersPane"),
+                           pane->getMonitorParametersPane());
+    settings->setBoolValue(QStringLiteral("PlayAllFrames"), pane->getPlayAllFrames());
+    const VxTimePane::PropertyTypes types = pane->getFilteredPropertyTypes();
     for (const PropertyTypeKey &entry : propertyTypeKeys)
         settings->setBoolValue(QLatin1String(entry.key), types.testFlag(entry.type));
-    settings->setBoolValue(keyOf(getFilteredKeyCreationScope()), true);
+    settings->setBoolValue(keyOf(pane->getFilteredKeyCreationScope()), true);
 }
 
-int VxTimePane::getOptionsMenuVersion() const
-{
-    return OptionsMenuVersion;
-}
-
-// Existing entries and sub-menus are not added again.
-void VxTimePane::buildOptionsMenu(VxActionMenu *menu)
+void TimePaneSettings::buildOptionsMenu(VxActionMenu *menu)
 {
     if (!menu)
         return;
-    addPreferences(menu->findOrCreateSubMenu(tr("Preferences"), true));
+    addPreferences(menu->findOrCreateSubMenu(VxTimePane::tr("Preferences"), true));
     addCommands(menu);
     addKeyAndRowMenus(menu);
 }

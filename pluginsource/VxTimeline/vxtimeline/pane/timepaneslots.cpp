@@ -1,5 +1,7 @@
 // The pane's slots, which forward to its collaborators.
 
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QDoubleSpinBox>
 #include <vxcore/vxscene.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
@@ -7,7 +9,9 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepanesettings.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/time/timelineplayback.h"
 
 VxDopeSheetView *VxTimePane::getDopeSheetView() const
 {
@@ -35,7 +39,28 @@ void VxTimePane::doStyling()
     d->views.style();
 }
 
-// Layout.
+// Settings and layout.
+
+void VxTimePane::restoreSettings(VxSettings *settings)
+{
+    TimePaneSettings::restore(this, settings);
+    updateActionStates();
+}
+
+void VxTimePane::saveSettings(VxSettings *settings) const
+{
+    TimePaneSettings::save(this, settings);
+}
+
+int VxTimePane::getOptionsMenuVersion() const
+{
+    return TimePaneSettings::OptionsMenuVersion;
+}
+
+void VxTimePane::buildOptionsMenu(VxActionMenu *menu)
+{
+    TimePaneSettings::buildOptionsMenu(menu);
+}
 
 void VxTimePane::setControlsPosition(ControlsPosition position)
 {
@@ -210,6 +235,182 @@ void VxTimePane::updateAnimationRange()
 void VxTimePane::updateScenePlayRange()
 {
     d->views.applySlider();
+}
+
+// Playback.
+
+void VxTimePane::setPlayAllFrames(bool onOff)
+{
+    if (TimelinePlayback::setPlaysAllFrames(onOff))
+        Q_EMIT playAllFramesChanged(onOff);
+}
+
+bool VxTimePane::getPlayAllFrames() const
+{
+    return TimelinePlayback::playsAllFrames();
+}
+
+void VxTimePane::updatePlayButton()
+{
+    d->controls.transport().updatePlayIcon();
+}
+
+void VxTimePane::updateLoopButton(bool onOff)
+{
+    d->controls.transport().updateLoopIcon(onOff);
+}
+
+void VxTimePane::toggleLoop()
+{
+    vxScene->loopPlayback(!vxScene->isLoopingEnabled());
+}
+
+void VxTimePane::togglePlayback()
+{
+    TimelinePlayback::toggle();
+}
+
+void VxTimePane::skipToPlayRangeStart()
+{
+    TransportControls::skipToStart();
+}
+
+void VxTimePane::skipToPlayRangeEnd()
+{
+    TransportControls::skipToEnd();
+}
+
+void VxTimePane::skipToPreviousFrame()
+{
+    vxScene->stepTime(1, false);
+}
+
+void VxTimePane::skipToNextFrame()
+{
+    vxScene->stepTime(1, true);
+}
+
+void VxTimePane::skipToPreviousKey()
+{
+    TransportControls::skipToPreviousKey();
+}
+
+void VxTimePane::skipToNextKey()
+{
+    TransportControls::skipToNextKey();
+}
+
+void VxTimePane::skipToPreviousFilteredKey()
+{
+    TransportControls::skipToPreviousFilteredKey(d->views.sheet());
+}
+
+void VxTimePane::skipToNextFilteredKey()
+{
+    TransportControls::skipToNextFilteredKey(d->views.sheet());
+}
+
+// Keys.
+
+void VxTimePane::createKeys()
+{
+    d->keys.createNodeKeys();
+}
+
+void VxTimePane::deleteKeys()
+{
+    d->keys.deleteNodeKeys();
+}
+
+void VxTimePane::createFilteredKeys(int numKeys)
+{
+    d->keys.createFilteredKeys(numKeys);
+}
+
+void VxTimePane::deleteSelectedKeys()
+{
+    d->keys.deleteSelectedKeys();
+}
+
+void VxTimePane::copySelectedKeys()
+{
+    d->keys.copySelectedKeys();
+}
+
+void VxTimePane::pasteKeys()
+{
+    d->keys.pasteKeys();
+}
+
+void VxTimePane::setInterpType(int interpType)
+{
+    d->keys.setInterpType(interpType);
+}
+
+void VxTimePane::updateTCB()
+{
+    d->keys.applyTcb(qobject_cast<const QDoubleSpinBox *>(sender()));
+}
+
+void VxTimePane::updateKeyInterpType()
+{
+    d->keys.updateTcb();
+}
+
+void VxTimePane::updateActionStates()
+{
+    d->keys.updateStates();
+}
+
+void VxTimePane::handleUndoIndexChanged()
+{
+    d->keys.handleUndo();
+}
+
+void VxTimePane::handleDopesheetKeySelectionChanged()
+{
+    d->keys.updateFields();
+}
+
+void VxTimePane::handleCreateKeysClicked()
+{
+    const bool asks = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
+    createFilteredKeys(asks ? -1 : 1);
+}
+
+bool VxTimePane::hasSelectedKeys() const
+{
+    return d->views.sheet()->hasSelectedKeys();
+}
+
+bool VxTimePane::hasCopiedKeys() const
+{
+    return d->views.sheet()->hasCopiedKeys();
+}
+
+void VxTimePane::setFilteredPropertyTypes(PropertyTypes propTypes)
+{
+    d->filter.setTypes(propTypes);
+}
+
+VxTimePane::PropertyTypes VxTimePane::getFilteredPropertyTypes() const
+{
+    return d->filter.types();
+}
+
+void VxTimePane::handlePropertyTypesEdited()
+{
+    d->filter.applyTypes();
+}
+
+void VxTimePane::setFilteredKeyCreationScope(KeyScope keyScope)
+{
+    d->filter.setScope(keyScope, d->layout.isAdvanced());
+}
+
+VxTimePane::KeyScope VxTimePane::getFilteredKeyCreationScope() const
+{
+    return d->filter.scope();
 }
 
 // Rows.

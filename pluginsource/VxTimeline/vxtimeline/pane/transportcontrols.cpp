@@ -5,7 +5,10 @@
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
+#include <vxcore/vxundostackhold.h>
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/keyskip.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
@@ -28,6 +31,18 @@ const struct
     {12, "TimelineSkipToEndBtn", QT_TRANSLATE_NOOP("VxTimePane", "Skip to Play Range End")},
 };
 static_assert(std::size(buttonKinds) == TransportControls::ButtonCount);
+
+// Runs a change of the current time as an undo entry; none if the time stays.
+template <typename Change> void skip(Change change, const QString &undoText)
+{
+    VxUndoStackHold hold;
+    const VxTime before = vxScene->getTime();
+    change();
+    if (vxScene->getTime() != before)
+        hold.accept(undoText);
+    else
+        hold.cancel();
+}
 
 const int separators[] = {1, 3, 6, 8, 11};
 // Keys and frames, and the separators around them.
@@ -80,4 +95,45 @@ void TransportControls::updatePlayIcon()
 void TransportControls::updateLoopIcon(bool loops)
 {
     m_buttons.at(Loop)->setIcon(loops ? m_loopOnIcon : m_loopOffIcon);
+}
+
+void TransportControls::skipToStart()
+{
+    skip([] { vxScene->setTime(vxScene->getPlayRange().getStart()); },
+         VxTimePane::tr("Skip to Play Range Start"));
+}
+
+void TransportControls::skipToEnd()
+{
+    skip([] { vxScene->setTime(vxScene->getPlayRange().getEnd()); },
+         VxTimePane::tr("Skip to Play Range End"));
+}
+
+// From outside of the play range a skip without a key may be a step in the other direction.
+void TransportControls::skipToPreviousKey()
+{
+    const QVector<VxNode *> nodes = vxScene->getSelectedNodes();
+    const VxTime start = vxScene->getPlayRange().getStart();
+    if (!nodes.isEmpty())
+        skip([&] { vxScene->setTime(KeySkip::previousKeyTime(nodes, vxScene->getTime(), start)); },
+             VxTimePane::tr("Skip to Previous Key"));
+}
+
+void TransportControls::skipToNextKey()
+{
+    const QVector<VxNode *> nodes = vxScene->getSelectedNodes();
+    const VxTime end = vxScene->getPlayRange().getEnd();
+    if (!nodes.isEmpty())
+        skip([&] { vxScene->setTime(KeySkip::nextKeyTime(nodes, vxScene->getTime(), end)); },
+             VxTimePane::tr("Skip to Next Key"));
+}
+
+void TransportControls::skipToPreviousFilteredKey(VxDopeSheetView *sheet)
+{
+    skip([sheet] { sheet->skipToPreviousKey(); }, VxTimePane::tr("Skip to Previous Filtered Key"));
+}
+
+void TransportControls::skipToNextFilteredKey(VxDopeSheetView *sheet)
+{
+    skip([sheet] { sheet->skipToNextKey(); }, VxTimePane::tr("Skip to Next Filtered Key"));
 }

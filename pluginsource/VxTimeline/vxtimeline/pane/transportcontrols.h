@@ -8,9 +8,10 @@ class QWidget;
 class TimePaneStrip;
 class VxBarButton;
 class VxButtonBar;
+class VxDopeSheetView;
 
-// The pane's bar of playback buttons: its buttons, their icons and their visibility by view mode.
-// The pane connects them.
+// The pane's bar of playback buttons: its buttons, their icons, their visibility by view mode, and
+// the skips that make an undo entry. The pane connects them.
 class TransportControls
 {
 public:
@@ -39,6 +40,16 @@ public:
     void updateIcons();
     void updatePlayIcon();
     void updateLoopIcon(bool loops);
+
+    // Recorded for undo if the time changes.
+    static void skipToStart();
+    static void skipToEnd();
+    // Among all keys of the selected nodes; without one, to that end of the play range.
+    static void skipToPreviousKey();
+    static void skipToNextKey();
+    // Among the keys that the dope sheet shows.
+    static void skipToPreviousFilteredKey(VxDopeSheetView *sheet);
+    static void skipToNextFilteredKey(VxDopeSheetView *sheet);
 
 private:
     VxButtonBar *m_bar;

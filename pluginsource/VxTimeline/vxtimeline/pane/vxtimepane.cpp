@@ -10,7 +10,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxstyledbutton.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
@@ -103,24 +102,12 @@ void VxTimePane::registerAction(QAction *action)
     const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
     if (!choice || !action->isCheckable())
         return;
-    switch (choice->family()) {
-    case TimePaneChoice::ControlsPositionFamily:
+    if (choice->family() == TimePaneChoice::ControlsPositionFamily)
         TimePaneChoices::setChecked(action, choice->value() == getControlsPosition());
-        break;
-    case TimePaneChoice::ViewModeFamily:
+    else if (choice->family() == TimePaneChoice::ViewModeFamily)
         TimePaneChoices::setChecked(action, choice->value() == getViewMode());
-        break;
-    case TimePaneChoice::KeyScopeFamily:
-        d->choices.restoreScope(action, choice->value());
-        if (action->isChecked())
-            d->controls.keys().scopeButton()->setText(action->text());
-        break;
-    case TimePaneChoice::PropertyTypeFamily:
-        d->choices.restoreTypes(action, choice->value());
-        if (action->isChecked())
-            handlePropertyTypesEdited();
-        break;
-    }
+    else
+        d->filter.restoreMark(action, choice);
 }
 
 // During construction and destruction there are no collaborators.

@@ -18,8 +18,7 @@ class VxNode;
 // The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
 //
 // The pane assembles collaborators (vxtimepane_p.h), each with its widgets and state, and is their
-// interface: its slots forward to them or, in the sources about keys, playback, filter and
-// settings, do their work with them. All signals are connected to its slots.
+// interface: its slots forward to them, and all signals are connected to its slots.
 //
 // The order and argument names of signals and slots are seen by scripts: keep them.
 class VxTimePane : public VxPane
@@ -174,7 +173,7 @@ private Q_SLOTS:
     void handleDopesheetFilterCleared() { handleDopesheetFilterChanged(QString()); }
     void handleDopesheetHeaderSectionResized();
     void handleDopesheetItemSelectionChanged() { updateActionStates(); }
-    void handleDopesheetKeySelectionChanged() { updateKeyFields(); }
+    void handleDopesheetKeySelectionChanged();
     void handlePrimarySelectionChanged();
     void ensurePrimarySceneNodeVisible();
     void blockRefresh();
@@ -211,8 +210,6 @@ private:
     void connectControls();
     void registerChoices();
     void handleUndoIndexChanged();
-    // The controls that show the selected keys, and the actions that need some.
-    void updateKeyFields();
 
     class Private;
     std::unique_ptr<Private> d;

@@ -4,7 +4,9 @@
 #include "vxtimeline/pane/timepaneaccessible.h"
 #include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/timepanefilter.h"
 #include "vxtimeline/pane/timepaneisolation.h"
+#include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepanelayout.h"
 #include "vxtimeline/pane/timepanenodeselection.h"
@@ -21,9 +23,11 @@ public:
         : views(pane, strip)
         , controls(pane, strip, views.sheet())
         , layout(pane, views, controls, choices)
+        , keys(pane, views.sheet(), controls, choices)
         , keySelection(views)
-        , rows(pane, views, keySelection, [pane] { pane->updateKeyFields(); })
+        , rows(pane, views, keys, keySelection)
         , nodes(pane, views.sheet(), rows)
+        , filter(choices, controls, views.sheet(), rows, nodes)
         , isolation(pane, views)
         , accessible(views)
     {
@@ -33,9 +37,11 @@ public:
     TimePaneViews views;
     TimePaneControls controls;
     TimePaneLayout layout;
+    TimePaneKeys keys;
     TimePaneKeySelection keySelection;
     TimePaneRows rows;
     TimePaneNodeSelection nodes;
+    TimePaneFilter filter;
     TimePaneIsolation isolation;
     TimePaneAccessible accessible;
 };
