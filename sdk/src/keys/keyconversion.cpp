@@ -24,14 +24,7 @@ public:
     int count() const { return m_keys.count; }
     CurveSegment segment(int i) const
     {
-        if (type(i) == VxKeyInterp::Constant)
-            return {double(time(i)), 1 / (double(time(i + 1)) - time(i)), value(i), 0, 0, 0};
-        if (type(i) == VxKeyInterp::Linear)
-            return linearSegment(key(i), key(i + 1));
-        const CurveKey before = i > 0 ? key(i - 1) : CurveKey();
-        const CurveKey after = i + 2 < m_keys.count ? key(i + 2) : CurveKey();
-        return tcbSegment(i > 0 ? &before : nullptr, key(i), key(i + 1),
-                          i + 2 < m_keys.count ? &after : nullptr);
+        return segmentAt(i, count(), type(i), [this](int k) { return key(k); });
     }
 
 private:

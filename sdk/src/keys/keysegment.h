@@ -1,6 +1,8 @@
 #ifndef KEYS_KEYSEGMENT_H
 #define KEYS_KEYSEGMENT_H
 
+#include <vxcore/vxkey.h>
+
 /// A key as the curve formulas use it. Times are ticks, in double because products of spans exceed
 /// 32 bits.
 struct CurveKey
@@ -94,6 +96,20 @@ inline CurveSegment tcbSegment(const CurveKey *before, const CurveKey &left, con
             out,
             3 * chord.rise - 2 * out - in,
             out + in - 2 * chord.rise};
+}
+
+/// The segment after key i of `count` by its type; keyAt(i) gives the keys.
+template <class KeyAt> CurveSegment segmentAt(int i, int count, quint8 type, const KeyAt &keyAt)
+{
+    const CurveKey left = keyAt(i);
+    const CurveKey right = keyAt(i + 1);
+    if (type == VxKeyInterp::Constant)
+        return {left.time, 1 / (right.time - left.time), left.value, 0, 0, 0};
+    if (type == VxKeyInterp::Linear)
+        return linearSegment(left, right);
+    const CurveKey before = i > 0 ? keyAt(i - 1) : CurveKey();
+    const CurveKey after = i + 2 < count ? keyAt(i + 2) : CurveKey();
+    return tcbSegment(i > 0 ? &before : nullptr, left, right, i + 2 < count ? &after : nullptr);
 }
 
 #endif

@@ -150,16 +150,8 @@ CurveKey TcbChain::curveKey(std::size_t i, int channel) const
 
 CurveSegment TcbChain::segment(std::size_t i, int channel) const
 {
-    const CurveKey left = curveKey(i, channel);
-    const CurveKey right = curveKey(i + 1, channel);
-    if (m_knots[i].type == VxKeyInterp::Constant)
-        return {left.time, 1 / (right.time - left.time), left.value, 0, 0, 0};
-    if (m_knots[i].type == VxKeyInterp::Linear)
-        return linearSegment(left, right);
-    const CurveKey before = i > 0 ? curveKey(i - 1, channel) : CurveKey();
-    const CurveKey after = i + 2 < m_knots.size() ? curveKey(i + 2, channel) : CurveKey();
-    return tcbSegment(i > 0 ? &before : nullptr, left, right,
-                      i + 2 < m_knots.size() ? &after : nullptr);
+    return segmentAt(int(i), int(m_knots.size()), m_knots[i].type,
+                     [this, channel](int k) { return curveKey(std::size_t(k), channel); });
 }
 
 double TcbChain::worst(const FitTarget &target, std::size_t i, VxTime *time)
