@@ -35,15 +35,10 @@ void addKeysAround(const VxFloatProperty *control, VxTime time, Neighbours *foun
         found->after = std::min(found->after.value_or(times[after]), times[after]);
 }
 
-VxQuaternion conjugate(const VxQuaternion &q)
-{
-    return {q.w, -q.x, -q.y, -q.z};
-}
-
 /** The rotation at a part of the shorter arc, beyond its ends too. */
 VxQuaternion onArc(const VxQuaternion &from, const VxQuaternion &to, double part)
 {
-    VxQuaternion step = conjugate(from) * to;
+    VxQuaternion step = vxInverse(from) * to;
     if (step.w < 0)
         step = {-step.w, -step.x, -step.y, -step.z};
     const double sine = std::sqrt(step.x * step.x + step.y * step.y + step.z * step.z);

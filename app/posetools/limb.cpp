@@ -18,11 +18,6 @@ constexpr double GoodEnough = 1e-5;
 constexpr double ReachTolerance = 1e-3;
 constexpr double NoLimbLength = 1e-9; // of the positions
 
-VxQuaternion inverseOf(const VxQuaternion &q)
-{
-    return {q.w, -q.x, -q.y, -q.z};
-}
-
 } // namespace
 
 Limb::Limb(VxNode *end)
@@ -121,7 +116,7 @@ void Limb::setAngles(std::size_t index, const QMatrix4x4 &parent, const VxQuater
                      Poses *poses) const
 {
     const GestureNode &part = *m_parts[index];
-    const VxQuaternion local = inverseOf(vxQuaternion(Spaces::rotationOf(parent))) * world;
+    const VxQuaternion local = vxInverse(vxQuaternion(Spaces::rotationOf(parent))) * world;
     const VxEuler angles = ChannelLimits::angles(part.channels(), part.time(), vxRotation(local),
                                                  part.order(), anglesOf(part.start()));
     for (std::size_t axis = 0; axis < 3; ++axis) {

@@ -7,20 +7,10 @@ namespace {
 // Of an axis relative to the length of 1; of a determinant relative to the axes.
 constexpr double NoExtent = 1e-9;
 
-double dotProduct(const VxVector &a, const VxVector &b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-VxVector crossed(const VxVector &a, const VxVector &b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
 /** A vector of length 1; none for one without a direction. */
 std::optional<VxVector> direction(const VxVector &a)
 {
-    const double length = std::sqrt(dotProduct(a, a));
+    const double length = std::sqrt(vxDot(a, a));
     if (!(length > 0) || !std::isfinite(length))
         return std::nullopt;
     return VxVector{a[0] / length, a[1] / length, a[2] / length};
@@ -34,8 +24,7 @@ VxVector columnOf(const QMatrix4x4 &transform, int column)
 
 double determinantOf(const QMatrix4x4 &transform)
 {
-    return dotProduct(columnOf(transform, 0),
-                      crossed(columnOf(transform, 1), columnOf(transform, 2)));
+    return vxDot(columnOf(transform, 0), vxCross(columnOf(transform, 1), columnOf(transform, 2)));
 }
 
 /** The determinant of perpendicular axes of the same lengths. */
@@ -44,7 +33,7 @@ double largestDeterminant(const QMatrix4x4 &transform)
     double product = 1;
     for (int column = 0; column < 3; ++column) {
         const VxVector axis = columnOf(transform, column);
-        product *= std::sqrt(dotProduct(axis, axis));
+        product *= std::sqrt(vxDot(axis, axis));
     }
     return product;
 }
@@ -53,10 +42,10 @@ double largestDeterminant(const QMatrix4x4 &transform)
 VxVector secondAxis(const VxVector &x, const std::optional<VxVector> &y)
 {
     for (const VxVector &each : {y.value_or(VxVector{}), VxVector{0, 1, 0}, VxVector{0, 0, 1}}) {
-        const double along = dotProduct(each, x);
+        const double along = vxDot(each, x);
         const VxVector across{each[0] - x[0] * along, each[1] - x[1] * along,
                               each[2] - x[2] * along};
-        if (dotProduct(across, across) > NoExtent)
+        if (vxDot(across, across) > NoExtent)
             return *direction(across);
     }
     return {0, 1, 0};
@@ -74,7 +63,7 @@ VxRotation Spaces::rotationOf(const QMatrix4x4 &transform)
     const QMatrix4x4 upright = isMirrored(transform) ? transform * -1 : transform;
     const VxVector x = direction(columnOf(upright, 0)).value_or(VxVector{1, 0, 0});
     const VxVector y = secondAxis(x, direction(columnOf(upright, 1)));
-    const VxVector z = crossed(x, y);
+    const VxVector z = vxCross(x, y);
     VxRotation rotation{};
     for (std::size_t row = 0; row < 3; ++row)
         rotation[row] = {x[row], y[row], z[row]};
@@ -119,7 +108,7 @@ std::optional<VxVector> Spaces::unmapped(const QMatrix4x4 &transform, const VxVe
     if (!(std::abs(determinant) > NoExtent * largestDeterminant(transform)) ||
         !std::isfinite(determinant))
         return std::nullopt;
-    return VxVector{dotProduct(given, crossed(y, z)) / determinant,
-                    dotProduct(given, crossed(z, x)) / determinant,
-                    dotProduct(given, crossed(x, y)) / determinant};
+    return VxVector{vxDot(given, vxCross(y, z)) / determinant,
+                    vxDot(given, vxCross(z, x)) / determinant,
+                    vxDot(given, vxCross(x, y)) / determinant};
 }

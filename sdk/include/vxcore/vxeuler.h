@@ -56,6 +56,10 @@ VXCORE_EXPORT VxEuler vxNearestEuler(const VxEuler &angles, const VxEuler &previ
 VXCORE_EXPORT VxRotation operator*(const VxRotation &a, const VxRotation &b);
 VXCORE_EXPORT VxQuaternion operator*(const VxQuaternion &a, const VxQuaternion &b);
 /// The inverse of a rotation.
+inline VxQuaternion vxInverse(const VxQuaternion &q)
+{
+    return {q.w, -q.x, -q.y, -q.z};
+}
 VXCORE_EXPORT VxRotation vxTransposed(const VxRotation &rotation);
 
 /// The angle of the rotation from a to b, 0 to 180 degrees.

@@ -7,6 +7,16 @@
 
 using VxVector = std::array<double, 3>;
 
+inline double vxDot(const VxVector &a, const VxVector &b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+inline VxVector vxCross(const VxVector &a, const VxVector &b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
 /// A limb of two segments in one space, such as hip, knee and ankle.
 struct VxLimb
 {

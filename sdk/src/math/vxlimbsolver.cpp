@@ -21,36 +21,26 @@ VxVector sum(const VxVector &a, const VxVector &b)
     return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};
 }
 
-double dot(const VxVector &a, const VxVector &b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-VxVector cross(const VxVector &a, const VxVector &b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
 double length(const VxVector &a)
 {
-    return std::sqrt(dot(a, a));
+    return std::sqrt(vxDot(a, a));
 }
 
 /// Any perpendicular vector.
 VxVector perpendicular(const VxVector &a)
 {
     const bool isAlongX = std::abs(a[0]) > 0.9 * length(a);
-    return cross(a, isAlongX ? VxVector{0, 1, 0} : VxVector{1, 0, 0});
+    return vxCross(a, isAlongX ? VxVector{0, 1, 0} : VxVector{1, 0, 0});
 }
 
 /// The axis of a positive bend from the upper to the lower segment.
 VxVector axisOfBend(const VxVector &upper, const VxVector &lower, const VxVector &bendAxis)
 {
-    const VxVector axis = cross(upper, lower);
+    const VxVector axis = vxCross(upper, lower);
     if (length(axis) > Straight * length(upper) * length(lower))
         return axis;
     // The given axis without its component along the limb.
-    const double along = dot(bendAxis, upper) / dot(upper, upper);
+    const double along = vxDot(bendAxis, upper) / vxDot(upper, upper);
     const VxVector given =
         difference(bendAxis, {upper[0] * along, upper[1] * along, upper[2] * along});
     return length(given) > Straight * length(bendAxis) ? given : perpendicular(upper);
@@ -65,7 +55,7 @@ double bendForReach(double upper, double lower, double reach)
 
 double angleBetween(const VxVector &a, const VxVector &b)
 {
-    return std::atan2(length(cross(a, b)), dot(a, b)) * ToDegrees;
+    return std::atan2(length(vxCross(a, b)), vxDot(a, b)) * ToDegrees;
 }
 
 } // namespace
@@ -80,8 +70,8 @@ VxVector operator*(const VxRotation &matrix, const VxVector &vector)
 VxVector vxRotated(const VxQuaternion &q, const VxVector &v)
 {
     const VxVector axis = {q.x, q.y, q.z};
-    const VxVector t = cross(axis, v);
-    const VxVector u = cross(axis, t);
+    const VxVector t = vxCross(axis, v);
+    const VxVector u = vxCross(axis, t);
     return {v[0] + 2 * (q.w * t[0] + u[0]), v[1] + 2 * (q.w * t[1] + u[1]),
             v[2] + 2 * (q.w * t[2] + u[2])};
 }
@@ -100,8 +90,8 @@ VxQuaternion vxRotationBetween(const VxVector &from, const VxVector &to)
 {
     if (!(length(from) > 0) || !(length(to) > 0))
         return {};
-    const VxVector axis = cross(from, to);
-    const bool isOpposite = length(axis) < 1e-12 * length(from) * length(to) && dot(from, to) < 0;
+    const VxVector axis = vxCross(from, to);
+    const bool isOpposite = length(axis) < 1e-12 * length(from) * length(to) && vxDot(from, to) < 0;
     return vxRotationAbout(isOpposite ? perpendicular(from) : axis, angleBetween(from, to));
 }
 

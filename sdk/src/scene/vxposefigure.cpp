@@ -12,11 +12,6 @@ namespace {
 
 constexpr double NoLength = 1e-9; // relative to the figure's numbers
 
-double scalarProduct(const VxVector &a, const VxVector &b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
 VxVector stepBetween(const VxVector &from, const VxVector &to)
 {
     return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
@@ -137,22 +132,22 @@ VxVector VxPoseFigure::findNormal() const
     double size = 0;
     for (const VxNode *node : m_nodes) {
         const VxVector place = m_places.value(node);
-        size = std::max(size, scalarProduct(place, place));
+        size = std::max(size, vxDot(place, place));
         const VxNode *other = findMirrored(node->getName());
         if (!other || other == node)
             continue;
         const VxVector step = stepBetween(place, m_places.value(other));
         across.append(step);
-        if (scalarProduct(step, step) > scalarProduct(longest, longest))
+        if (vxDot(step, step) > vxDot(longest, longest))
             longest = step;
     }
     VxVector sum{};
     for (const VxVector &step : qAsConst(across)) {
-        const double sign = scalarProduct(step, longest) < 0 ? -1 : 1;
+        const double sign = vxDot(step, longest) < 0 ? -1 : 1;
         for (std::size_t i = 0; i < 3; ++i)
             sum[i] += sign * step[i];
     }
-    const double length = std::sqrt(scalarProduct(sum, sum));
+    const double length = std::sqrt(vxDot(sum, sum));
     if (!std::isfinite(length) || length <= NoLength * std::sqrt(size))
         return {1, 0, 0};
     return {sum[0] / length, sum[1] / length, sum[2] / length};
