@@ -1,7 +1,6 @@
 #include <vxcore/vxapp.h>
 
 #include "app/vxhostclasses.h"
-#include "scene/vxnode_p.h"
 #include "widgets/wheelfocusfilter.h"
 
 #include <QtCore/QPointer>
@@ -26,18 +25,6 @@ QString &appName()
 {
     static QString name = QStringLiteral("VxStudio");
     return name;
-}
-
-QIcon nodeIcon(NodeIcon kind)
-{
-    switch (kind) {
-    case NodeIcon::Bone:
-        return vxApp->getStyle()->icon(VxStyle::SP_VxBone);
-    case NodeIcon::Skeleton:
-        return vxApp->getStyle()->icon(VxStyle::SP_VxSkeleton);
-    default:
-        return vxApp->getStyle()->icon(VxStyle::SP_VxNode);
-    }
 }
 
 } // namespace
@@ -66,7 +53,6 @@ VxApp::VxApp()
         qWarning("VxApp: an application object already exists; it remains the current one");
     else
         vxApp = this;
-    vxNodeIconSource = nodeIcon;
     d.reset(new Private);
     for (VxClassFactory *factory : vxHostClassFactories())
         d->pluginMgr->addClassFactory(factory);
@@ -85,10 +71,8 @@ VxApp::~VxApp()
     d->undoStack->clear();
     d->scene.reset();
     d->undoStack.reset();
-    if (vxApp != this)
-        return;
-    vxApp = nullptr;
-    vxNodeIconSource = nullptr;
+    if (vxApp == this)
+        vxApp = nullptr;
 }
 
 QString VxApp::getAppName()

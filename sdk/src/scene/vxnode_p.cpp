@@ -7,13 +7,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
 
-QIcon (*vxNodeIconSource)(NodeIcon) = nullptr;
-
-QIcon vxNodeIcon(NodeIcon kind)
-{
-    return vxNodeIconSource ? vxNodeIconSource(kind) : QIcon();
-}
-
 bool VxNode::Private::isBuiltIn(const VxProperty *property) const
 {
     return std::find(controls.begin(), controls.end(), property) != controls.end();

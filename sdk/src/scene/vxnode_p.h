@@ -5,11 +5,9 @@
 #include "scene/vxelement_p.h"
 #include <QtGui/QIcon>
 
-/// The icons of nodes, supplied by the application.
 enum class NodeIcon { Node, Skeleton, Bone };
-/// Returns the icon of a kind of nodes; set by the application object while it exists, else null.
-extern QIcon (*vxNodeIconSource)(NodeIcon kind);
-/// The icon, or an empty one without an application.
+/// The icon of a kind of nodes, or an empty one without an application. Implemented with the
+/// application, which has the style.
 QIcon vxNodeIcon(NodeIcon kind);
 
 class VxNode::Private : public VxElement::Private
