@@ -426,10 +426,6 @@
         <source>%1 was not loaded: %2.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>The plug-in folder %1 does not exist.</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>VxPluginModule</name>

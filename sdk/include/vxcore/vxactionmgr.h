@@ -54,9 +54,7 @@ public:
 
     /// The action of a class, or null when there is none.
     VxAction *findAction(const QString &className) const;
-    int getNumActions() const;
-    /// Null when index is outside 0 .. getNumActions() - 1.
-    VxAction *getAction(int index) const;
+    /// All actions, in the order in which they were added.
     QVector<VxAction *> getActions() const;
 
     /// The action of a class or the command of a name; null when there is neither.

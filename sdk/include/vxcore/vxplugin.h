@@ -36,9 +36,6 @@ public:
 
     /// The factories in the order in which they were added.
     QVector<VxClassFactory *> getClassFactories() const;
-    int getNumClassFactories() const;
-    /// Null when index is outside 0 .. getNumClassFactories() - 1.
-    VxClassFactory *getClassFactory(int index) const;
 
 private:
     Q_DISABLE_COPY(VxPlugin)

@@ -27,11 +27,6 @@ public:
     /// host (both versions are named), no record, or a plug-in name that is already loaded.
     VxPlugin *loadPlugin(const QString &fileName, QString *error = nullptr);
 
-    /// Loads every module of a folder in the order of file names. Returns the number of modules
-    /// loaded; each failure adds a text to errors (when given) and does not stop the others. A
-    /// folder that does not exist is one failure.
-    int loadPlugins(const QString &folder, QStringList *errors = nullptr);
-
     /// Adds a record that is already in memory, as the loader does after its checks. The record is
     /// borrowed. A class name in use is refused with a warning; the other classes of the record are
     /// kept. A record without a name, or with a name that is already loaded, is refused with a

@@ -184,8 +184,6 @@ public:
 
     /// A named colour, such as "Style_X_Axis"; invalid for an unknown name.
     QColor getInterfaceColor(const QString &name) const;
-    /// The names that getInterfaceColor() supports, sorted.
-    QStringList getInterfaceColorNames() const;
 
     /// The icon's picture for a widget in the given state (State_Enabled, State_MouseOver,
     /// State_Selected and State_On count). size is in logical pixels; null when it is empty or the

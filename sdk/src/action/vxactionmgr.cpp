@@ -173,16 +173,6 @@ VxAction *VxActionMgr::findAction(const QString &className) const
     return d->actionsByName.value(className, nullptr);
 }
 
-int VxActionMgr::getNumActions() const
-{
-    return d->actions.size();
-}
-
-VxAction *VxActionMgr::getAction(int index) const
-{
-    return d->actions.value(index, nullptr);
-}
-
 QVector<VxAction *> VxActionMgr::getActions() const
 {
     return d->actions;

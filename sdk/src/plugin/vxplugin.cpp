@@ -64,13 +64,3 @@ QVector<VxClassFactory *> VxPlugin::getClassFactories() const
 {
     return d->factories;
 }
-
-int VxPlugin::getNumClassFactories() const
-{
-    return d->factories.size();
-}
-
-VxClassFactory *VxPlugin::getClassFactory(int index) const
-{
-    return d->factories.value(index, nullptr);
-}

@@ -2,9 +2,7 @@
 
 #include "plugin/vxpluginmodule.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QHash>
-#include <QtCore/QLibrary>
 #include <vxcore/vxclassfactory.h>
 #include <vxcore/vxlanguage.h>
 #include <vxcore/vxplugin.h>
@@ -82,27 +80,6 @@ VxPlugin *VxPluginMgr::loadPlugin(const QString &fileName, QString *error)
         return nullptr;
     addPlugin(plugin);
     return plugin;
-}
-
-int VxPluginMgr::loadPlugins(const QString &folder, QStringList *errors)
-{
-    const QDir dir(folder);
-    if (!dir.exists()) {
-        if (errors)
-            errors->append(tr("The plug-in folder %1 does not exist.").arg(folder));
-        return 0;
-    }
-    int loaded = 0;
-    for (const QString &name : dir.entryList(QDir::Files, QDir::Name)) {
-        if (!QLibrary::isLibrary(name))
-            continue;
-        QString error;
-        if (loadPlugin(dir.filePath(name), &error))
-            ++loaded;
-        else if (errors)
-            errors->append(error);
-    }
-    return loaded;
 }
 
 void VxPluginMgr::addPlugin(VxPlugin *plugin)

@@ -13,24 +13,24 @@ namespace {
 
 constexpr qreal cornerRadius = 3;
 
-void fillRounded(QPainter *painter, const QRectF &rect, const QColor &color)
+void drawRounded(QPainter *painter, const QRectF &rect, const QPen &pen, const QBrush &brush)
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(color);
+    painter->setPen(pen);
+    painter->setBrush(brush);
     painter->drawRoundedRect(rect, cornerRadius, cornerRadius);
     painter->restore();
 }
 
+void fillRounded(QPainter *painter, const QRectF &rect, const QColor &color)
+{
+    drawRounded(painter, rect, Qt::NoPen, color);
+}
+
 void strokeRounded(QPainter *painter, const QRectF &rect, const QColor &color)
 {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(color, 1));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
-    painter->restore();
+    drawRounded(painter, rect.adjusted(0.5, 0.5, -0.5, -0.5), color, Qt::NoBrush);
 }
 
 // A button's background by its state; invalid for none.

@@ -1,7 +1,5 @@
 #include "style/vxcolors.h"
 
-#include <QtCore/QStringList>
-
 #include <algorithm>
 #include <iterator>
 
@@ -69,15 +67,17 @@ const NamedColor safeCurveColors[] = {
     {"Style_Z_Axis", 0xff5e4b98, 0xff1722a7, 0xff3f3cad},
 };
 
-const Scheme &schemeColors(VxStyle::ColorScheme scheme)
+template <class Colors>
+const Colors &ofScheme(VxStyle::ColorScheme scheme, const Colors &dark, const Colors &light,
+                       const Colors &contrast)
 {
     switch (scheme) {
     case VxStyle::ColorScheme::Light:
-        return lightScheme;
+        return light;
     case VxStyle::ColorScheme::Contrast:
-        return contrastScheme;
+        return contrast;
     default:
-        return darkScheme;
+        return dark;
     }
 }
 
@@ -90,14 +90,7 @@ QColor findColor(const NamedColor (&colors)[Count], VxStyle::ColorScheme scheme,
                      [&](const NamedColor &color) { return name == QLatin1String(color.name); });
     if (found == std::end(colors))
         return QColor();
-    switch (scheme) {
-    case VxStyle::ColorScheme::Light:
-        return QColor::fromRgba(found->light);
-    case VxStyle::ColorScheme::Contrast:
-        return QColor::fromRgba(found->contrast);
-    default:
-        return QColor::fromRgba(found->dark);
-    }
+    return QColor::fromRgba(ofScheme(scheme, found->dark, found->light, found->contrast));
 }
 
 void setGrounds(QPalette &palette, const Scheme &colors)
@@ -137,9 +130,10 @@ void setTexts(QPalette &palette, const Scheme &colors)
 
 QPalette VxColors::palette(VxStyle::ColorScheme scheme)
 {
+    const Scheme &colors = ofScheme(scheme, darkScheme, lightScheme, contrastScheme);
     QPalette result;
-    setGrounds(result, schemeColors(scheme));
-    setTexts(result, schemeColors(scheme));
+    setGrounds(result, colors);
+    setTexts(result, colors);
     return result;
 }
 
@@ -151,15 +145,6 @@ QColor VxColors::interfaceColor(VxStyle::ColorScheme scheme, const QString &name
 QColor VxColors::safeCurveColor(VxStyle::ColorScheme scheme, const QString &name)
 {
     return findColor(safeCurveColors, scheme, name);
-}
-
-QStringList VxColors::interfaceColorNames()
-{
-    QStringList names;
-    for (const NamedColor &color : namedColors)
-        names.append(QLatin1String(color.name));
-    names.sort();
-    return names;
 }
 
 VxStyle::ColorScheme VxColors::schemeFor(const QPalette &palette)

@@ -13,7 +13,6 @@ QPalette palette(VxStyle::ColorScheme scheme);
 
 // Invalid when there is no colour of that name.
 QColor interfaceColor(VxStyle::ColorScheme scheme, const QString &name);
-QStringList interfaceColorNames();
 
 // An axis' colour of the set that people with a dichromacy can distinguish; invalid for other
 // names.

@@ -78,14 +78,17 @@ const QPalette &VxContrastFrames::withOutlines(const QPalette &palette)
     return m_palette;
 }
 
-template <typename Option>
-bool VxContrastFrames::copyOption(const QStyleOption *option, Option *copy)
+/// Calls draw(copy of the option with the palette for outlines); false for an option of another
+/// type.
+template <class Option, class Draw>
+bool VxContrastFrames::drawOutlined(const QStyleOption *option, Draw draw)
 {
     const auto *source = qstyleoption_cast<const Option *>(option);
     if (!source)
         return false;
-    *copy = *source;
-    copy->palette = withOutlines(option->palette);
+    Option copy = *source;
+    copy.palette = withOutlines(option->palette);
+    draw(copy);
     return true;
 }
 
@@ -95,18 +98,16 @@ bool VxContrastFrames::drawPrimitive(const QStyle *base, QStyle::PrimitiveElemen
 {
     if (!isContrast(option))
         return false;
-    QStyleOptionFrame frame;
-    QStyleOptionButton button;
-    QStyleOption *copy = nullptr;
+    const auto draw = [&](const QStyleOption &copy) {
+        base->drawPrimitive(element, &copy, painter, widget);
+    };
     switch (element) {
     case QStyle::PE_Frame:
     case QStyle::PE_FrameLineEdit:
     case QStyle::PE_FrameGroupBox:
-        copy = copyOption(option, &frame) ? &frame : nullptr;
-        break;
+        return drawOutlined<QStyleOptionFrame>(option, draw);
     case QStyle::PE_PanelButtonCommand:
-        copy = copyOption(option, &button) ? &button : nullptr;
-        break;
+        return drawOutlined<QStyleOptionButton>(option, draw);
     case QStyle::PE_IndicatorRadioButton:
         drawRadioButton(*option, painter);
         return true;
@@ -116,11 +117,8 @@ bool VxContrastFrames::drawPrimitive(const QStyle *base, QStyle::PrimitiveElemen
         drawOutline(option->rect, option->palette, painter);
         return true;
     default:
-        break;
+        return false;
     }
-    if (copy)
-        base->drawPrimitive(element, copy, painter, widget);
-    return copy;
 }
 
 bool VxContrastFrames::drawControl(const QStyle *base, QStyle::ControlElement element,
@@ -134,20 +132,18 @@ bool VxContrastFrames::drawControl(const QStyle *base, QStyle::ControlElement el
         drawOutline(option->rect, option->palette, painter);
         return true;
     }
-    QStyleOptionHeader header;
-    QStyleOption *copy = nullptr;
-    if (element == QStyle::CE_HeaderSection)
-        copy = copyOption(option, &header) ? &header : nullptr;
-    if (copy)
-        base->drawControl(element, copy, painter, widget);
-    if (copy == &header && header.orientation == Qt::Horizontal &&
-        (header.position == QStyleOptionHeader::Beginning ||
-         header.position == QStyleOptionHeader::Middle)) {
-        const QRect &rect = option->rect;
-        painter->fillRect(rect.right(), rect.top(), 1, rect.height(),
-                          option->palette.color(QPalette::Mid));
-    }
-    return copy;
+    if (element != QStyle::CE_HeaderSection)
+        return false;
+    return drawOutlined<QStyleOptionHeader>(option, [&](const QStyleOptionHeader &header) {
+        base->drawControl(element, &header, painter, widget);
+        if (header.orientation == Qt::Horizontal &&
+            (header.position == QStyleOptionHeader::Beginning ||
+             header.position == QStyleOptionHeader::Middle)) {
+            const QRect &rect = option->rect;
+            painter->fillRect(rect.right(), rect.top(), 1, rect.height(),
+                              option->palette.color(QPalette::Mid));
+        }
+    });
 }
 
 bool VxContrastFrames::drawComplexControl(const QStyle *base, QStyle::ComplexControl control,
@@ -156,29 +152,22 @@ bool VxContrastFrames::drawComplexControl(const QStyle *base, QStyle::ComplexCon
 {
     if (!isContrast(option))
         return false;
-    QStyleOptionComboBox combo;
-    QStyleOptionSpinBox spin;
-    QStyleOptionSlider slider;
-    QStyleOptionComplex *copy = nullptr;
+    const auto draw = [&](const QStyleOptionComplex &copy) {
+        base->drawComplexControl(control, &copy, painter, widget);
+    };
     switch (control) {
     case QStyle::CC_ComboBox:
-        copy = copyOption(option, &combo) ? &combo : nullptr;
-        break;
+        return drawOutlined<QStyleOptionComboBox>(option, draw);
     case QStyle::CC_SpinBox:
-        copy = copyOption(option, &spin) ? &spin : nullptr;
-        break;
+        return drawOutlined<QStyleOptionSpinBox>(option, draw);
     case QStyle::CC_Slider:
-        copy = copyOption(option, &slider) ? &slider : nullptr;
-        break;
+        return drawOutlined<QStyleOptionSlider>(option, draw);
     case QStyle::CC_ScrollBar:
         base->drawComplexControl(control, option, painter, widget);
         if (const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(option))
             drawScrollHandle(base, *bar, painter, widget);
         return true;
     default:
-        break;
+        return false;
     }
-    if (copy)
-        base->drawComplexControl(control, copy, painter, widget);
-    return copy;
 }

@@ -19,7 +19,7 @@ public:
                             const QWidget *widget);
 
 private:
-    template <typename Option> bool copyOption(const QStyleOption *option, Option *copy);
+    template <class Option, class Draw> bool drawOutlined(const QStyleOption *option, Draw draw);
     const QPalette &withOutlines(const QPalette &palette);
 
     // The palette of the part drawn last: the base style caches pictures by palette.

@@ -309,11 +309,6 @@ QColor VxStyle::getInterfaceColor(const QString &name) const
     return safe.isValid() ? safe : VxColors::interfaceColor(d->scheme, name);
 }
 
-QStringList VxStyle::getInterfaceColorNames() const
-{
-    return VxColors::interfaceColorNames();
-}
-
 QPixmap VxStyle::findStandardPixmapForState(StandardIconId id, State state, const QSize &size,
                                             qreal devicePixelRatio) const
 {

@@ -282,7 +282,7 @@ void tst_StudioWindow::menus()
     int own = 0;
     for (const VxClassFactory *factory : studioClassFactories())
         own += factory->metaObject()->inherits(&VxAction::staticMetaObject) ? 1 : 0;
-    QCOMPARE(window()->getActionMgr()->getNumActions(), 56 + 41 + 6 + own);
+    QCOMPARE(window()->getActionMgr()->getActions().size(), 56 + 41 + 6 + own);
 }
 
 void tst_StudioWindow::dockTogglesAndPaneActions()

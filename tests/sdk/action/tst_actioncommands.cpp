@@ -45,7 +45,7 @@ void tst_ActionCommands::takesCommands()
     QCOMPARE(manager.findCommand(copyClass), manager.findAction(copyClass));
     QVERIFY(!manager.findCommand(QStringLiteral("Unregistered")));
     QVERIFY(!manager.findAction(QStringLiteral("Save"))); // no action
-    QCOMPARE(manager.getNumActions(), 1);
+    QCOMPARE(manager.getActions().size(), 1);
     QCOMPARE(manager.getCommandName(&save), QStringLiteral("Save"));
     QCOMPARE(manager.getCommandName(manager.findAction(copyClass)), copyClass);
     const QAction stranger;

@@ -47,8 +47,6 @@ private Q_SLOTS:
     void refusesModulesThatAreCutOff();
     void namesBothVersions();
     void refusesASecondPluginOfTheSameName();
-    void loadsAFolderPastItsFailures();
-    void reportsAFolderThatDoesNotExist();
     void keepsTheFirstOfTwoClassesOfOneName();
     void refusesRecordsWithoutNameOrTwice();
     void hostFactoriesAreFoundByName();
@@ -156,28 +154,6 @@ void tst_VxPluginMgr::refusesASecondPluginOfTheSameName()
              qPrintable(error));
     QVERIFY(!manager.loadPlugin(modulePath("testmodule_good"), &error));
     QCOMPARE(manager.getPlugins().size(), 1);
-}
-
-void tst_VxPluginMgr::loadsAFolderPastItsFailures()
-{
-    VxPluginMgr manager;
-    QStringList errors;
-    QCOMPARE(manager.loadPlugins(QStringLiteral(VX_BINARY_DIR "/tests/modules"), &errors), 1);
-    // In the order of names: good, newersdk, nodefinition, norecord, noversion, text, twin.
-    QCOMPARE(errors.size(), 6);
-    QVERIFY2(errors.at(0).contains(QLatin1String("testmodule_newersdk")), qPrintable(errors.at(0)));
-    QVERIFY2(errors.at(5).contains(QLatin1String("testmodule_twin")), qPrintable(errors.at(5)));
-    QCOMPARE(manager.getPlugins().size(), 1);
-    QCOMPARE(manager.getPlugins().constFirst()->getDescription(), QStringLiteral("Is accepted"));
-}
-
-void tst_VxPluginMgr::reportsAFolderThatDoesNotExist()
-{
-    VxPluginMgr manager;
-    QStringList errors;
-    QCOMPARE(manager.loadPlugins(QStringLiteral("/does/not/exist"), &errors), 0);
-    QCOMPARE(errors.size(), 1);
-    QVERIFY(errors.constFirst().contains(QLatin1String("/does/not/exist")));
 }
 
 void tst_VxPluginMgr::keepsTheFirstOfTwoClassesOfOneName()
