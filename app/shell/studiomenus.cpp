@@ -54,7 +54,7 @@ StudioMenus::StudioMenus(StudioWindow *window)
 {
     new MenuTypeAhead(this);
     buildFileMenu();
-    m_editMenu = addBarMenu("Edit", tr("&Edit"));
+    buildEditMenu();
     buildViewMenu();
     // Filled by the actions.
     addBarMenu("Create", tr("&Create"));
@@ -89,7 +89,6 @@ void StudioMenus::adopt(QAction *action, const Entry &entry)
 void StudioMenus::buildFileMenu()
 {
     QMenu *menu = addBarMenu("File", tr("&File"));
-    m_fileMenu = menu;
     addEntry(menu, {"StudioNew", tr("&New"), tr("Creates an empty scene."), QKeySequence::New},
              &StudioWindow::newDocument);
     addEntry(
@@ -99,8 +98,10 @@ void StudioMenus::buildFileMenu()
     addEntry(menu,
              {"StudioOpenSample", tr("Open Sa&mple"), tr("Opens a sample with a walking figure.")},
              &StudioWindow::openSample);
-    QAction *below = menu->addSeparator();
-    below->setObjectName(QStringLiteral("BelowOpenSeparator"));
+    auto *recent = new RecentFilesMenu(tr("Open &Recent"), m_window->recentFiles(), menu);
+    connect(recent, &RecentFilesMenu::openRequested, m_window, &StudioWindow::openAfterAsking);
+    menu->addMenu(recent);
+    menu->addSeparator();
     addEntry(menu,
              {"StudioSave", tr("&Save"), tr("Saves the scene to its file."), QKeySequence::Save},
              &StudioWindow::save);
@@ -136,36 +137,70 @@ void StudioMenus::buildFileMenu()
               tr("Saves the markers of the scene to a CSV file.")},
              &StudioWindow::exportMarkers);
     menu->addSeparator();
-    menu->addSeparator()->setObjectName(QStringLiteral("AboveQuitSeparator"));
+    addRecovery(menu);
+    menu->addSeparator();
     QAction *quit = addEntry(
         menu, {"StudioQuit", tr("&Quit"), tr("Quits the program."), QKeySequence("Ctrl+Q")},
         &QWidget::close);
     quit->setMenuRole(QAction::QuitRole);
 }
 
-void StudioMenus::addRecentFiles(RecentFiles *files)
+void StudioMenus::addRecovery(QMenu *menu)
 {
-    auto *recent = new RecentFilesMenu(tr("Open &Recent"), files, m_fileMenu);
-    connect(recent, &RecentFilesMenu::openRequested, m_window, &StudioWindow::openAfterAsking);
-    insertIntoFileMenu(QStringLiteral("BelowOpenSeparator"), recent);
-}
-
-void StudioMenus::addRecovery(AutoSave *autoSave)
-{
+    RecoveryController *recovery = m_window->recovery();
     auto *recover = new QAction(this);
     adopt(recover, {"StudioRecover", tr("&Recover Documents..."),
                     tr("Shows recovery copies of unsaved documents from earlier sessions.")});
-    connect(recover, &QAction::triggered, m_window->recovery(), &RecoveryController::offerOnDemand);
-    auto *recovery = new RecoveryMenu(tr("Recovery &Copies"), autoSave, recover, m_fileMenu);
-    insertIntoFileMenu(QStringLiteral("AboveQuitSeparator"), recovery);
+    connect(recover, &QAction::triggered, recovery, &RecoveryController::offerOnDemand);
+    menu->addMenu(new RecoveryMenu(tr("Recovery &Copies"), recovery->autoSave(), recover, menu));
 }
 
-void StudioMenus::insertIntoFileMenu(const QString &beforeName, QMenu *menu)
+void StudioMenus::buildEditMenu()
 {
-    for (QAction *entry : m_fileMenu->actions()) {
-        if (entry->objectName() == beforeName)
-            m_fileMenu->insertMenu(entry, menu);
-    }
+    QMenu *menu = addBarMenu("Edit", tr("&Edit"));
+    addHistory(menu);
+    menu->addSeparator();
+    QAction *preferences =
+        addEntry(menu,
+                 {"StudioPreferences", tr("&Preferences..."),
+                  tr("Shows and changes the preferences."), QKeySequence("Ctrl+,")},
+                 [this] { Q_EMIT m_window->preferencesRequested(QString()); });
+    preferences->setMenuRole(QAction::PreferencesRole);
+    addEntry(menu,
+             {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
+              tr("Shows and changes the shortcuts of all commands.")},
+             &StudioWindow::requestShortcuts);
+}
+
+/** Undo and redo, with the texts of the history's entries. */
+void StudioMenus::addHistory(QMenu *menu)
+{
+    VxUndoStack *undoStack = vxApp->getUndoStack();
+    QUndoStack *stack = undoStack->qtStack();
+    QAction *undo = stack->createUndoAction(this, tr("&Undo"));
+    QAction *redo = stack->createRedoAction(this, tr("&Redo"));
+    undo->setToolTip(tr("Undo"));
+    redo->setToolTip(tr("Redo"));
+    adopt(undo, {"StudioUndo", QString(), tr("Undoes the last change."), QKeySequence::Undo});
+    adopt(redo,
+          {"StudioRedo", QString(), tr("Redoes the last undone change."), QKeySequence::Redo});
+    // The toolkit's stack supplies text and state; the trigger calls the host's, which does nothing
+    // during a gesture.
+    disconnect(undo, nullptr, stack, nullptr);
+    disconnect(redo, nullptr, stack, nullptr);
+    // After the toolkit, which takes an ampersand in a node's name or a script for a mnemonic.
+    const auto showEntry = [](QAction *action, const QString &verb) {
+        return [action, verb](QString entry) {
+            if (entry.contains(QLatin1Char('&')))
+                action->setText(verb + QLatin1Char(' ') +
+                                entry.replace(QLatin1Char('&'), QLatin1String("&&")));
+        };
+    };
+    connect(stack, &QUndoStack::undoTextChanged, undo, showEntry(undo, tr("&Undo")));
+    connect(stack, &QUndoStack::redoTextChanged, redo, showEntry(redo, tr("&Redo")));
+    connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
+    connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
+    menu->addActions({undo, redo});
 }
 
 void StudioMenus::setRevertEnabled(bool enabled)
@@ -369,46 +404,6 @@ void StudioMenus::buildHelpMenu()
              {"StudioAbout", tr("&About %1").arg(VxApp::getAppName()),
               tr("Shows version information for the program and its plug-ins.")},
              &StudioWindow::showAbout);
-}
-
-void StudioMenus::addHistory(VxUndoStack *undoStack)
-{
-    QUndoStack *stack = undoStack->qtStack();
-    QAction *undo = stack->createUndoAction(this, tr("&Undo"));
-    QAction *redo = stack->createRedoAction(this, tr("&Redo"));
-    undo->setToolTip(tr("Undo"));
-    redo->setToolTip(tr("Redo"));
-    adopt(undo, {"StudioUndo", QString(), tr("Undoes the last change."), QKeySequence::Undo});
-    adopt(redo,
-          {"StudioRedo", QString(), tr("Redoes the last undone change."), QKeySequence::Redo});
-    // The toolkit's stack supplies text and state; the trigger calls the host's, which does nothing
-    // during a gesture.
-    disconnect(undo, nullptr, stack, nullptr);
-    disconnect(redo, nullptr, stack, nullptr);
-    // After the toolkit, which takes an ampersand in a node's name or a script for a mnemonic.
-    const auto showEntry = [](QAction *action, const QString &verb) {
-        return [action, verb](QString entry) {
-            if (entry.contains(QLatin1Char('&')))
-                action->setText(verb + QLatin1Char(' ') +
-                                entry.replace(QLatin1Char('&'), QLatin1String("&&")));
-        };
-    };
-    connect(stack, &QUndoStack::undoTextChanged, undo, showEntry(undo, tr("&Undo")));
-    connect(stack, &QUndoStack::redoTextChanged, redo, showEntry(redo, tr("&Redo")));
-    connect(undo, &QAction::triggered, undoStack, &VxUndoStack::undo);
-    connect(redo, &QAction::triggered, undoStack, &VxUndoStack::redo);
-    m_editMenu->addActions({undo, redo});
-    m_editMenu->addSeparator();
-    QAction *preferences =
-        addEntry(m_editMenu,
-                 {"StudioPreferences", tr("&Preferences..."),
-                  tr("Shows and changes the preferences."), QKeySequence("Ctrl+,")},
-                 [this] { Q_EMIT m_window->preferencesRequested(QString()); });
-    preferences->setMenuRole(QAction::PreferencesRole);
-    addEntry(m_editMenu,
-             {"StudioShortcuts", tr("&Keyboard Shortcuts..."),
-              tr("Shows and changes the shortcuts of all commands.")},
-             &StudioWindow::requestShortcuts);
 }
 
 void StudioMenus::addActionsAndPanes(const PaneDocks &docks)

@@ -7,14 +7,11 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxtimedisplay.h>
 
-class AutoSave;
 class PaneDocks;
 class QAction;
 class QActionGroup;
 class QMenu;
-class RecentFiles;
 class StudioWindow;
-class VxUndoStack;
 
 /// The menu bar: the program's own menus, and between them the menus of all actions.
 ///
@@ -26,15 +23,9 @@ class StudioMenus : public QObject
 public:
     explicit StudioMenus(StudioWindow *window);
 
-    /// The sub-menu of recent files, below "Open...".
-    void addRecentFiles(RecentFiles *files);
-    /// The sub-menu of recovery copies, before "Quit".
-    void addRecovery(AutoSave *autoSave);
     void setRevertEnabled(bool enabled);
     /// The sub-menu of units and rates of times.
     QMenu *timeDisplayMenu() const { return m_timeDisplayMenu; }
-    /// Undo and redo of a history, with the entries' texts.
-    void addHistory(VxUndoStack *undoStack);
     /// Adds the actions of the action manager and the docks. Call it once, when all of them exist.
     void addActionsAndPanes(const PaneDocks &docks);
 
@@ -52,6 +43,9 @@ private:
     void adopt(QAction *action, const Entry &entry);
 
     void buildFileMenu();
+    void addRecovery(QMenu *menu);
+    void buildEditMenu();
+    void addHistory(QMenu *menu);
     void buildViewMenu();
     void buildHelpMenu();
     void buildWindowMenu(const PaneDocks &docks);
@@ -63,12 +57,9 @@ private:
     void addPaletteChoice(QMenu *menu);
     void addCurveColors(QMenu *menu);
     QMenu *addBarMenu(const char *part, const QString &title);
-    void insertIntoFileMenu(const QString &beforeName, QMenu *menu);
 
     StudioWindow *const m_window;
-    QMenu *m_fileMenu = nullptr;
     QAction *m_revert = nullptr;
-    QMenu *m_editMenu = nullptr;
     QMenu *m_timeDisplayMenu = nullptr;
     QMenu *m_windowMenu = nullptr;
     QMenu *m_helpMenu = nullptr;

@@ -83,9 +83,6 @@ StudioWindow::StudioWindow(UserMessages *messages, const QString &recoveryFolder
     statusBar()->addPermanentWidget(
         new TimeLabel(vxApp->getScene(), m_menus->timeDisplayMenu(), this));
     statusBar()->addPermanentWidget(new AutoKeyMark(vxApp->getScene(), this));
-    m_menus->addRecentFiles(m_recentFiles);
-    m_menus->addRecovery(m_recovery->autoSave());
-    m_menus->addHistory(vxApp->getUndoStack());
     new FocusRing(this);
     new HistoryStatus(vxApp->getUndoStack(), messages, this);
     m_recovery->setMayReplace([this] { return mayDiscard(); });
