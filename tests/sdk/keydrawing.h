@@ -5,6 +5,10 @@
 
 #include <QString>
 #include <QStringList>
+#include <algorithm>
+#include <numeric>
+#include <vector>
+#include <vxcore/vxkeyedit.h>
 
 /// Keys drawn on a time line: `. a . B` is four ticks, a key of value 'a' at the second and one of
 /// value 'B' at the fourth. Small letters are Linear, capitals TCB with tension 0.5.
@@ -22,6 +26,17 @@ struct KeyDrawing
         return result;
     }
     static KeyTrack<float> track(const QString &drawing) { return track<float>(drawing); }
+
+    /// Moves the keys with indexes in [first, last) that exist, as far as the range of times.
+    template <class V> static void shift(KeyTrack<V> *track, int first, int last, qint64 offset)
+    {
+        first = std::max(first, 0);
+        const int count = std::max(std::min(last, track->count()) - first, 0);
+        std::vector<int> indexes(std::size_t(count), 0);
+        std::iota(indexes.begin(), indexes.end(), first);
+        const auto times = vxShiftedKeyTimes(track->columns().times + first, count, offset);
+        track->moveKeys(indexes.data(), times.data(), count);
+    }
 
     static VxKeyShape shape(QChar mark)
     {

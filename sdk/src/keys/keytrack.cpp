@@ -4,8 +4,6 @@
 #include "keys/keypasses.h"
 #include "keys/keytrackwriter.h"
 
-#include <numeric>
-
 namespace {
 
 // Exchanges part of a column with a whole other one; the surplus of the longer one moves over.
@@ -212,32 +210,6 @@ void KeyTrack<V>::setTimes(const int *indexes, const VxTime *newTimes, int index
             m_times[indexes[k]] = newTimes[k];
     }
     noteSpacing();
-}
-
-template <class V> qint64 KeyTrack<V>::shiftRange(int first, int last, qint64 offset)
-{
-    first = std::max(first, 0);
-    last = std::min(last, count());
-    if (first >= last)
-        return 0;
-    offset = limitedOffset(m_times[first], m_times[last - 1], offset);
-    const bool meetsLeft = first > 0 && m_times[first] + offset <= m_times[first - 1];
-    const bool meetsRight = last < count() && m_times[last - 1] + offset >= m_times[last];
-    // Unsigned, because the offset may be wider than a time; the sums are within range.
-    const quint32 step = quint32(offset);
-    const auto shifted = [step](VxTime time) { return VxTime(quint32(time) + step); };
-    if (!meetsLeft && !meetsRight) {
-        std::transform(m_times.begin() + first, m_times.begin() + last, m_times.begin() + first,
-                       shifted);
-        noteSpacing();
-        return offset;
-    }
-    std::vector<int> indexes(last - first);
-    std::vector<VxTime> newTimes(last - first);
-    std::iota(indexes.begin(), indexes.end(), first);
-    std::transform(m_times.begin() + first, m_times.begin() + last, newTimes.begin(), shifted);
-    moveKeys(indexes.data(), newTimes.data(), last - first);
-    return offset;
 }
 
 template <class V> void KeyTrack<V>::setValues(int first, const V *values, int valueCount)

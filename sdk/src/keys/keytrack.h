@@ -107,11 +107,6 @@ public:
     /// a replaced one. False, and nothing changed, for bad indexes.
     bool moveKeys(const int *indexes, const VxTime *newTimes, int indexCount,
                   std::vector<int> *landed = nullptr);
-    /// Moves the keys of an index range by `offset` ticks, with moveKeys' rule for collisions. The
-    /// offset is limited to the range of times; distances stay.
-    ///     `a b . . c` shift [0, 2) by 2: `. . a b c`
-    /// Returns the offset applied.
-    qint64 shiftRange(int first, int last, qint64 offset);
 
     /// Changing keys in place; times stay. Each but setValues returns the number of changed keys,
     /// -1 for bad indexes. Integer keys keep their shape.

@@ -5,6 +5,11 @@
 
 #include <cstring>
 
+inline bool isFinite(const VxTcb &tcb)
+{
+    return std::isfinite(tcb.tension) && std::isfinite(tcb.continuity) && std::isfinite(tcb.bias);
+}
+
 inline bool isShaped(const VxTcb &tcb)
 {
     const VxTcb none;

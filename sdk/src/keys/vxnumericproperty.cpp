@@ -3,9 +3,12 @@
 #include "keys/keystore.h"
 #include "undo/vxundovalueitem.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <vxcore/vxjournalwriter.h>
+#include <vxcore/vxkeyedit.h>
 #include <vxcore/vxscene.h>
 
 namespace {
@@ -197,20 +200,13 @@ bool VxNumericProperty::shiftKeys(const VxTimeRange &range, VxTime offset)
 {
     const VxTime *times = getKeyTimes();
     const int first = getFirstKeyFrom(range.getStart());
-    QVector<int> indexes;
-    QVector<VxTime> newTimes;
-    for (int i = first; i < getNumKeys() && times[i] <= range.getEnd(); ++i) {
-        indexes.append(i);
-        newTimes.append(times[i]);
-    }
+    const VxTime *end = std::upper_bound(times + first, times + getNumKeys(), range.getEnd());
+    QVector<int> indexes(int(end - times) - first);
     if (indexes.isEmpty() || offset == 0)
         return priv()->isEditable();
-    const qint64 lowest = qint64(VxTimeMin) - newTimes.first();
-    const qint64 highest = qint64(VxTimeMax) - newTimes.last();
-    const auto limited = static_cast<VxTime>(qBound(lowest, qint64(offset), highest));
-    for (VxTime &time : newTimes)
-        time += limited;
-    return moveKeys(indexes, newTimes);
+    std::iota(indexes.begin(), indexes.end(), first);
+    const auto newTimes = vxShiftedKeyTimes(times + first, indexes.size(), offset);
+    return moveKeys(indexes, QVector<VxTime>(newTimes.begin(), newTimes.end()));
 }
 
 bool VxNumericProperty::isPercentage() const

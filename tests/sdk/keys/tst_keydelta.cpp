@@ -253,7 +253,7 @@ template <class V> void tst_KeyDelta::randomEdits(unsigned seed)
             case 3: {
                 const VxTime offset = number(-10, 10);
                 delta.touch(track, {std::min(a, a + offset), std::max(b, b + offset)});
-                track.shiftRange(first, last, offset);
+                KeyDrawing::shift(&track, first, last, offset);
                 break;
             }
             case 4:

@@ -382,7 +382,7 @@ void tst_KeyEvaluator::evenKeysToTheLastBit()
 void tst_KeyEvaluator::manyAsOneByOne()
 {
     auto track = KeyDrawing::track(". a . B . . c D E f . g .");
-    track.shiftRange(3, 7, 1000);
+    KeyDrawing::shift(&track, 3, 7, 1000);
     std::vector<VxTime> times;
     for (VxTime time = -20; time < 1100; time += 3)
         times.push_back(time);

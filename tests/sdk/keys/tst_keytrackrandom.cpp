@@ -117,7 +117,7 @@ public:
             move(false);
             break;
         case 8:
-            what = "shiftRange";
+            what = "moveKeys of a range";
             shift();
             break;
         case 9:
@@ -252,7 +252,7 @@ private:
             selection.push_back(i);
             times.push_back(VxTime(m_track.time(i) + offset));
         }
-        m_track.shiftRange(first, last, offset);
+        m_track.moveKeys(selection.data(), times.data(), int(selection.size()));
         m_model.move(selection, times);
     }
     void setShape()
