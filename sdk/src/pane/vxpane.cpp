@@ -7,6 +7,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleOption>
+#include <utility>
 #include <vxcore/vxactionmenu.h>
 #include <vxcore/vxstyle.h>
 
@@ -65,9 +66,7 @@ QString VxPane::getTitle() const
 
 void VxPane::setBackgroundHeaderGuide(QWidget *guide)
 {
-    const QPointer<QWidget> former = d->headerGuide;
-    d->headerGuide = guide;
-    watchGuides(former, guide);
+    watchGuides(std::exchange(d->headerGuide, guide), guide);
 }
 
 QWidget *VxPane::getBackgroundHeaderGuide() const
@@ -77,9 +76,7 @@ QWidget *VxPane::getBackgroundHeaderGuide() const
 
 void VxPane::setBackgroundFooterGuide(QWidget *guide)
 {
-    const QPointer<QWidget> former = d->footerGuide;
-    d->footerGuide = guide;
-    watchGuides(former, guide);
+    watchGuides(std::exchange(d->footerGuide, guide), guide);
 }
 
 QWidget *VxPane::getBackgroundFooterGuide() const
