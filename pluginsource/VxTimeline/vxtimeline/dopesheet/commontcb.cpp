@@ -14,12 +14,8 @@ bool isSelected(quint8 flags)
     return flags & DopeSheetRowKeys::Selected;
 }
 
-bool getCommon(bool isCommon, float common, float *value)
-{
-    if (isCommon && value)
-        *value = common;
-    return isCommon;
-}
+constexpr float VxTcb::*parts[] = {&VxTcb::tension, &VxTcb::continuity, &VxTcb::bias};
+static_assert(std::size(parts) == CommonTcb::PartCount);
 
 } // namespace
 
@@ -51,26 +47,18 @@ void CommonTcb::add(const VxDopeSheetItem *item)
 void CommonTcb::add(const VxTcb &tcb)
 {
     if (!m_seen) {
-        m_seen = m_tensionEqual = m_continuityEqual = m_biasEqual = true;
+        m_seen = true;
+        m_isEqual.fill(true);
         m_common = tcb;
         return;
     }
-    m_tensionEqual = m_tensionEqual && tcb.tension == m_common.tension;
-    m_continuityEqual = m_continuityEqual && tcb.continuity == m_common.continuity;
-    m_biasEqual = m_biasEqual && tcb.bias == m_common.bias;
+    for (std::size_t i = 0; i < PartCount; ++i)
+        m_isEqual[i] = m_isEqual[i] && tcb.*parts[i] == m_common.*parts[i];
 }
 
-bool CommonTcb::getTension(float *tension) const
+bool CommonTcb::get(Part part, float *value) const
 {
-    return getCommon(m_tensionEqual, m_common.tension, tension);
-}
-
-bool CommonTcb::getContinuity(float *continuity) const
-{
-    return getCommon(m_continuityEqual, m_common.continuity, continuity);
-}
-
-bool CommonTcb::getBias(float *bias) const
-{
-    return getCommon(m_biasEqual, m_common.bias, bias);
+    if (m_isEqual[part] && value)
+        *value = m_common.*parts[part];
+    return m_isEqual[part];
 }

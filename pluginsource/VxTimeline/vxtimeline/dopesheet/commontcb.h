@@ -1,6 +1,7 @@
 #ifndef COMMONTCB_H
 #define COMMONTCB_H
 
+#include <array>
 #include <vxcore/vxkey.h>
 
 class VxDopeSheetItem;
@@ -9,29 +10,27 @@ class VxDopeSheetItem;
 class CommonTcb
 {
 public:
+    enum Part { Tension, Continuity, Bias, PartCount };
+
     void clear() { *this = CommonTcb(); }
     // Adds the selected keys of a property's row; those of another type are skipped.
     void add(const VxDopeSheetItem *item);
 
     // False when no TCB key was added or the keys differ; else the argument, when given, receives
     // the value.
-    bool getTension(float *tension) const;
-    bool getContinuity(float *continuity) const;
-    bool getBias(float *bias) const;
+    bool get(Part part, float *value) const;
 
 private:
     void add(const VxTcb &tcb);
     // True when further keys cannot change the result.
     bool isSettled() const
     {
-        return m_seen && !m_tensionEqual && !m_continuityEqual && !m_biasEqual;
+        return m_seen && !m_isEqual[Tension] && !m_isEqual[Continuity] && !m_isEqual[Bias];
     }
 
     bool m_seen = false; // any TCB key
     VxTcb m_common;
-    bool m_tensionEqual = false;
-    bool m_continuityEqual = false;
-    bool m_biasEqual = false;
+    std::array<bool, PartCount> m_isEqual{};
 };
 
 #endif

@@ -3,6 +3,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <algorithm>
 #include <numeric>
+#include <utility>
 #include <vxcore/vxproperty.h>
 
 #include "vxtimeline/dopesheet/dopesheetrowkeys.h"
@@ -141,17 +142,12 @@ std::vector<SelectedKeys> DopeSheetKeySelection::collect() const
     return collector.keys();
 }
 
-void DopeSheetKeySelection::updateCommonTcb()
-{
-    m_commonTcb.clear();
-    m_commonTcbStale = false;
-    visitShown([this](const VxDopeSheetItem *item) { m_commonTcb.add(item); });
-}
-
 const CommonTcb &DopeSheetKeySelection::commonTcb()
 {
-    if (m_commonTcbStale)
-        updateCommonTcb();
+    if (std::exchange(m_commonTcbStale, false)) {
+        m_commonTcb.clear();
+        visitShown([this](const VxDopeSheetItem *item) { m_commonTcb.add(item); });
+    }
     return m_commonTcb;
 }
 

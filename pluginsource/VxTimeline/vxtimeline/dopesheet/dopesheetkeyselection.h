@@ -76,7 +76,6 @@ public:
 private:
     void selectKeys(VxDopeSheetItem *item, bool select, VxTime start, VxTime end);
     void applyMessage(const VxKeyMessage &message) const;
-    void updateCommonTcb();
 
     VxDopeSheetView *m_view;
     VxKeyCommunication *m_bus = nullptr; // not owned

@@ -370,17 +370,17 @@ bool VxDopeSheetView::hasSelectedKeys() const
 
 bool VxDopeSheetView::getCommonTension(float *tension) const
 {
-    return d->keys.commonTcb().getTension(tension);
+    return d->keys.commonTcb().get(CommonTcb::Tension, tension);
 }
 
 bool VxDopeSheetView::getCommonContinuity(float *continuity) const
 {
-    return d->keys.commonTcb().getContinuity(continuity);
+    return d->keys.commonTcb().get(CommonTcb::Continuity, continuity);
 }
 
 bool VxDopeSheetView::getCommonBias(float *bias) const
 {
-    return d->keys.commonTcb().getBias(bias);
+    return d->keys.commonTcb().get(CommonTcb::Bias, bias);
 }
 
 void VxDopeSheetView::setKeySelection(bool yesNo, QModelIndex startIndex, QModelIndex endIndex,
