@@ -191,12 +191,10 @@ bool KeyDrag::moveTo(qint64 offset, VxCollision rule)
     return complete;
 }
 
-int KeyDrag::rowCount() const
+void KeyDrag::visitRows(const std::function<void(VxDopeSheetItem *)> &visit) const
 {
-    return int(d->rows.size());
-}
-
-VxDopeSheetItem *KeyDrag::rowAt(int index) const
-{
-    return d->rows[std::size_t(index)];
+    for (const auto &row : d->rows) {
+        if (row)
+            visit(row);
+    }
 }

@@ -1,6 +1,7 @@
 #ifndef KEYDRAG_H
 #define KEYDRAG_H
 
+#include <functional>
 #include <memory>
 #include <vxcore/vxkeyedit.h>
 #include <vxcore/vxtime.h>
@@ -30,19 +31,10 @@ public:
     // report. False when a property refused, or keys were lost: these stay unmoved.
     bool moveTo(qint64 offset, VxCollision rule);
 
-    // Calls visit(VxDopeSheetItem *) for each row that still exists.
-    template <typename Visit> void visitRows(const Visit &visit) const
-    {
-        for (int i = 0; i < rowCount(); ++i) {
-            if (VxDopeSheetItem *item = rowAt(i))
-                visit(item);
-        }
-    }
+    // For each row that still exists.
+    void visitRows(const std::function<void(VxDopeSheetItem *)> &visit) const;
 
 private:
-    int rowCount() const;
-    VxDopeSheetItem *rowAt(int index) const; // null when destroyed
-
     class Private;
     std::unique_ptr<Private> d;
 };
