@@ -465,13 +465,10 @@ void VxDopeSheetModel::handleNameChanged()
 {
     if (std::exchange(d->namesChangedPending, true))
         return;
-    QTimer::singleShot(0, this, &VxDopeSheetModel::emitNamesChanged);
-}
-
-void VxDopeSheetModel::emitNamesChanged()
-{
-    d->namesChangedPending = false;
-    Q_EMIT namesChanged();
+    QTimer::singleShot(0, this, [this] {
+        d->namesChangedPending = false;
+        Q_EMIT namesChanged();
+    });
 }
 
 void VxDopeSheetModel::parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent)

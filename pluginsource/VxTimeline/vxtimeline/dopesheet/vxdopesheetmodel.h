@@ -128,7 +128,6 @@ public Q_SLOTS:
 
 private:
     void handleNameChanged();
-    void emitNamesChanged();
     void handleLabelChanged();
     void handleNodeValuesChanged(VxNode *node);
     // For a node that is destroyed without having been removed: only its address is used.
