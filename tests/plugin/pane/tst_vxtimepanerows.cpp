@@ -3,7 +3,6 @@
 #include "timepanetestbase.h"
 
 #include <QtCore/QItemSelectionModel>
-#include <QtCore/QSortFilterProxyModel>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxbone.h>
@@ -12,6 +11,7 @@
 #include <vxcore/vxskeleton.h>
 
 #include "testing/vxmousedriver.h"
+#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepaneevents.h"

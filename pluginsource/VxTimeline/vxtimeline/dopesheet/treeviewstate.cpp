@@ -25,7 +25,7 @@ TreeViewState::TreeViewState(VxDopeSheetView *view)
 
 bool TreeViewState::isFiltered() const
 {
-    const QSortFilterProxyModel *filter = m_view->getFilterModel();
+    const VxDopeSheetFilterModel *filter = m_view->getFilterModel();
     return filter && !filter->filterRegExp().isEmpty();
 }
 
@@ -140,7 +140,7 @@ void TreeViewState::openRows()
 
 void TreeViewState::openRowsToMatches()
 {
-    const auto *filter = qobject_cast<const VxDopeSheetFilterModel *>(m_view->getFilterModel());
+    const VxDopeSheetFilterModel *filter = m_view->getFilterModel();
     if (!filter)
         return;
     int filled = 0;

@@ -137,12 +137,12 @@ void VxDopeSheetView::finishRemoval()
     d->rows.finishRemoval();
 }
 
-void VxDopeSheetView::setFilterModel(QSortFilterProxyModel *filterModel)
+void VxDopeSheetView::setFilterModel(VxDopeSheetFilterModel *filterModel)
 {
     d->filterModel = filterModel;
 }
 
-QSortFilterProxyModel *VxDopeSheetView::getFilterModel() const
+VxDopeSheetFilterModel *VxDopeSheetView::getFilterModel() const
 {
     return d->filterModel;
 }
@@ -159,13 +159,7 @@ void VxDopeSheetView::applyFilterText(const QString &text)
 {
     if (!d->filterModel)
         return;
-    keepRowsDuring([this, &text] {
-        const QRegExp pattern = dopeSheetFilterPattern(text);
-        if (auto *filter = qobject_cast<VxDopeSheetFilterModel *>(d->filterModel))
-            filter->refilter(pattern);
-        else
-            d->filterModel->setFilterRegExp(pattern);
-    });
+    keepRowsDuring([this, &text] { d->filterModel->refilter(dopeSheetFilterPattern(text)); });
 }
 
 void VxDopeSheetView::Private::beginManyChanges()
@@ -255,9 +249,7 @@ QModelIndex VxDopeSheetView::findIndex(const VxDopeSheetItem *item) const
     if (!rows)
         return QModelIndex();
     const QModelIndex index = rows->indexOf(item);
-    if (const auto *filter = qobject_cast<const VxDopeSheetFilterModel *>(d->filterModel))
-        return filter->findShown(index);
-    return d->filterModel ? d->filterModel->mapFromSource(index) : index;
+    return d->filterModel ? d->filterModel->findShown(index) : index;
 }
 
 QModelIndex VxDopeSheetView::findNodeIndex(VxNode *node) const

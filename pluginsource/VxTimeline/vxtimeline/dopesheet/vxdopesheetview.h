@@ -12,7 +12,7 @@
 
 #include "vxtimeline/keys/vxkeymessage.h"
 
-class QSortFilterProxyModel;
+class VxDopeSheetFilterModel;
 class VxDopeSheetItem;
 class VxDopeSheetModel;
 class VxKeyCommunication;
@@ -44,8 +44,8 @@ public:
     VxKeyCommunication *getKeyCommunication() const;
 
     // The proxy of the text filter; not owned, null for none.
-    void setFilterModel(QSortFilterProxyModel *filterModel);
-    QSortFilterProxyModel *getFilterModel() const;
+    void setFilterModel(VxDopeSheetFilterModel *filterModel);
+    VxDopeSheetFilterModel *getFilterModel() const;
     // The model of all rows, behind the filter; null while there is none.
     const VxDopeSheetModel *getSourceModel() const;
     // Shows the rows with matching names, and their ancestors, which are opened. A leading "rx::"

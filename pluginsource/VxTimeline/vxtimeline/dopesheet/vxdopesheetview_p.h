@@ -16,7 +16,6 @@
 #include "vxtimeline/dopesheet/treeviewstate.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
-class QSortFilterProxyModel;
 class VxGestureGuard;
 
 // The view's collaborators, each with the state of its job, and the gesture of the left button.
@@ -35,7 +34,7 @@ public:
 
     VxDopeSheetView *view;
     VxGestureGuard *guard = nullptr; // of the viewport
-    QSortFilterProxyModel *filterModel = nullptr;
+    VxDopeSheetFilterModel *filterModel = nullptr;
     QPersistentModelIndex contextIndex; // also the start of a selection that names no row
     bool monitorsParametersPane = false;
 
