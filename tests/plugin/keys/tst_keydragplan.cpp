@@ -3,13 +3,12 @@
 
 #include <QtCore/QRandomGenerator>
 
-#include "vxtimeline/keygraph/keydragplan.h"
 #include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <algorithm>
 
-using namespace KeyDragPlan;
+using namespace KeyGraphDrag;
 
 class TestKeyDragPlan : public QObject, private KeyGraphTest
 {

@@ -7,8 +7,8 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyedit.h>
 
-#include "vxtimeline/keygraph/keydragplan.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
+#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 
@@ -151,7 +151,7 @@ bool moveHolder(const QVector<VxKeyGraphChannel *> &channels, const KeyGraphDrag
         if (source == sources.cend())
             continue;
         const VxKeyGraphKey &key = source->records[index];
-        edit.add({index, KeyDragPlan::draggedTime(key.dragStartTime, step.time, step.timeStep),
+        edit.add({index, KeyGraphDrag::draggedTime(key.dragStartTime, step.time, step.timeStep),
                   key.dragStartValue + step.value, source->displayScale});
     }
     return apply(channels, sources.front().property, edit);
@@ -191,4 +191,17 @@ KeyGraphDrag::moveSelected(const QVector<VxKeyGraphChannel *> &channels, const S
             changed += holder;
     }
     return changed;
+}
+
+QPointF KeyGraphDrag::oneAxis(const QPointF &delta)
+{
+    if (std::abs(delta.y()) > std::abs(delta.x()))
+        return QPointF(0.0, delta.y());
+    return QPointF(delta.x(), 0.0);
+}
+
+VxTime KeyGraphDrag::draggedTime(VxTime start, VxTime delta, VxTime timeStep)
+{
+    const VxTime time = TimelineSnap::limited(qint64(start) + delta);
+    return timeStep > 0 ? TimelineSnap::toFrame(time, timeStep) : time;
 }

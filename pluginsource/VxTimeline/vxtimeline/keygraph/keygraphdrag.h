@@ -1,6 +1,7 @@
 #ifndef KEYGRAPHDRAG_H
 #define KEYGRAPHDRAG_H
 
+#include <QtCore/QPointF>
 #include <QtCore/QVector>
 #include <vxcore/vxtime.h>
 
@@ -39,6 +40,14 @@ struct Step
 // properties, stay. Does not publish the selection.
 QVector<VxKeyGraphChannel *> moveSelected(const QVector<VxKeyGraphChannel *> &channels,
                                           const Step &step);
+
+// The mouse delta along its longer axis; the horizontal one when both are equal.
+QPointF oneAxis(const QPointF &delta);
+// The time of a key that began at start after a drag by delta ticks, limited to 32 bits, and to a
+// whole frame when timeStep is not 0 (halves away from zero). A drag is computed from its start,
+// never from the last step, so steps do not accumulate and a return to the start restores
+// everything.
+VxTime draggedTime(VxTime start, VxTime delta, VxTime timeStep);
 
 } // namespace KeyGraphDrag
 

@@ -11,7 +11,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxviewportmgr.h>
 
-#include "vxtimeline/keygraph/keydragplan.h"
 #include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
@@ -218,7 +217,7 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     q->setCursor(Qt::PointingHandCursor);
     QPointF delta(currentPos - pressPos);
     if (modifiers & Qt::ShiftModifier)
-        delta = KeyDragPlan::oneAxis(delta);
+        delta = KeyGraphDrag::oneAxis(delta);
     const VxTime deltaTime = TimelineSnap::truncated(delta.x() * scale.ticksPerPixel);
     const double deltaValue = delta.y() * scale.valuePerPixel;
     const bool fromLast = currentPos.x() >= previousPos.x();
