@@ -22,7 +22,8 @@ qint64 propertyMemory(const VxProperty *property)
     return qint64(sizeof(VxFloatProperty)) + (number ? number->getKeyMemory() : 0);
 }
 
-/// The memory of an element outside of a scene, with all that belongs to it.
+} // namespace
+
 qint64 elementMemory(VxElement *top)
 {
     qint64 bytes = 0;
@@ -35,8 +36,6 @@ qint64 elementMemory(VxElement *top)
     }
     return bytes;
 }
-
-} // namespace
 
 ElementPropertyItem::ElementPropertyItem(VxElement *element, VxProperty *property, int index)
     : VxUndoItem(element, VxUndoElementProperties)

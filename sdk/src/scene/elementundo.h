@@ -78,6 +78,8 @@ private:
     int m_index;
 };
 
+/// The memory of an element outside of a scene, with all that belongs to it.
+qint64 elementMemory(VxElement *top);
 /// Records a property about to be added or removed; index as in ElementPropertyItem. Null when
 /// nothing is recorded, because no hold is open or the element is in no scene.
 ElementPropertyItem *recordPropertyPlace(VxElement *element, VxProperty *property, int index);

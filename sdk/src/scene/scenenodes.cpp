@@ -26,13 +26,6 @@ QVector<VxNode *> nodesBelow(const QVector<VxNode *> &tops)
     return nodes;
 }
 
-QVector<QPointer<VxElement>> guardedElements(VxNode *node)
-{
-    QVector<VxElement *> elements;
-    VxElement::Private::collect(node, elements);
-    return QVector<QPointer<VxElement>>(elements.begin(), elements.end());
-}
-
 } // namespace
 
 void SceneNodes::destroyAll()
@@ -153,9 +146,7 @@ void SceneNodes::insert(VxNode *node, VxNode *parent, int index)
     for (VxNode *added : nodes) {
         VxNode::Private::of(added)->scene = m_scene;
         enterId(added);
-        const auto elements = guardedElements(added);
-        for (VxElement *element : elements)
-            VxElement::Private::of(element)->removalAnnounced = false;
+        VxNode::Private::of(added)->noteInsertionOfAll();
     }
     VxScene::Private::of(m_scene)->touchView();
     const GuardedNodes announced = guarded(nodes);
@@ -220,11 +211,8 @@ void SceneNodes::announce(const QVector<VxNode *> &tops)
     const GuardedNodes leaving = guarded(nodesBelow(present));
     VxScene::Private::of(m_scene)->selection.deselect(nodesBelow(present));
     for (VxNode *node : leaving) {
-        const auto elements = node ? guardedElements(node) : QVector<QPointer<VxElement>>();
-        for (VxElement *element : elements) {
-            if (element)
-                VxElement::Private::of(element)->announceRemoval();
-        }
+        if (node)
+            VxNode::Private::of(node)->announceRemovalOfAll();
     }
 }
 

@@ -2,11 +2,11 @@
 
 #include "keys/vxproperty_p.h"
 #include "scene/deferreddeletion.h"
+#include "scene/elementundo.h"
 #include "scene/journalitems.h"
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
 #include "undo/journalvalues.h"
-#include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxjournalwriter.h>
 
 NodePlaceItem::NodePlaceItem(VxScene *scene, VxNode *node, const NodePlace &place)
@@ -27,10 +27,9 @@ void NodePlaceItem::swap()
 {
     if (!m_scene || !m_node)
         return;
-    SceneNodes &nodes = VxScene::Private::of(m_scene)->nodes;
-    const NodePlace present = nodes.placeOf(m_node);
-    nodes.put(m_node, m_place);
-    m_place = present;
+    const NodePlace former = present();
+    VxScene::Private::of(m_scene)->nodes.put(m_node, m_place);
+    m_place = former;
     m_owning = m_node && !m_node->getScene();
     m_followedPlace.reset();
     m_added.clear();
@@ -113,7 +112,7 @@ bool NodePlaceItem::finish()
 {
     if (!m_scene || !m_node)
         return false;
-    return m_followed || !(VxScene::Private::of(m_scene)->nodes.placeOf(m_node) == m_place);
+    return m_followed || !(present() == m_place);
 }
 
 qint64 NodePlaceItem::memoryUsed() const
@@ -123,13 +122,7 @@ qint64 NodePlaceItem::memoryUsed() const
         return bytes;
     QVector<VxNode *> nodes;
     VxNode::Private::collectNodes(m_node, nodes);
-    for (const VxNode *node : qAsConst(nodes)) {
-        bytes += qint64(sizeof(VxNode) + sizeof(VxNode::Private));
-        for (const VxProperty *property : node->getMadeProperties()) {
-            bytes += qint64(sizeof(VxFloatProperty));
-            if (const auto *number = qobject_cast<const VxFloatProperty *>(property))
-                bytes += number->getKeyMemory();
-        }
-    }
+    for (VxNode *node : qAsConst(nodes))
+        bytes += qint64(sizeof(VxNode::Private)) + elementMemory(node);
     return bytes;
 }

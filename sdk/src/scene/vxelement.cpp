@@ -114,6 +114,14 @@ void VxElement::Private::announceRemovalOfAll()
     }
 }
 
+void VxElement::Private::noteInsertionOfAll()
+{
+    QVector<VxElement *> elements;
+    collect(q, elements);
+    for (VxElement *element : qAsConst(elements))
+        of(element)->removalAnnounced = false;
+}
+
 void VxElement::Private::announceRemoval()
 {
     if (removalAnnounced)

@@ -64,6 +64,8 @@ public:
     void announceRemoval();
     /// The same for the element and all its grouped elements.
     void announceRemovalOfAll();
+    /// After an insertion: the next removal of all these is announced again.
+    void noteInsertionOfAll();
     /// The element and its grouped elements, each followed by its own.
     static void collect(VxElement *element, QVector<VxElement *> &list);
 

@@ -101,10 +101,7 @@ VxObject *VxNode::Private::exchangeObject(VxObject *newObject)
     if (newObject) {
         newObject->setParent(q);
         VxElement::Private::of(newObject)->owner = q;
-        QVector<VxElement *> elements;
-        collect(newObject, elements);
-        for (VxElement *element : qAsConst(elements))
-            VxElement::Private::of(element)->removalAnnounced = false;
+        VxElement::Private::of(newObject)->noteInsertionOfAll();
     }
     invalidateGroups();
     Q_EMIT self()->objectChanged(self(), former, newObject);

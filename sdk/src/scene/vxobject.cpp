@@ -41,10 +41,7 @@ void VxObject::Private::insertElement(VxElement *element, int index)
     element->setParent(q);
     of(element)->owner = q;
     subElements.insert(qMin(index, subElements.size()), element);
-    QVector<VxElement *> elements;
-    collect(element, elements);
-    for (VxElement *inserted : qAsConst(elements))
-        of(inserted)->removalAnnounced = false;
+    of(element)->noteInsertionOfAll();
     invalidateGroups();
     notifyPropertiesChanged();
 }
