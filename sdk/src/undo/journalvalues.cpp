@@ -164,21 +164,11 @@ bool journalBegin(VxJournalWriter &writer, const VxElement *element, int kind)
     return node && writer.node(node);
 }
 
-bool journalBegin(VxJournalWriter &writer, const VxScene *, int kind)
+bool journalBegin(VxJournalWriter &writer, const QObject *, int kind)
 {
     writer.number(JournalItem::SceneValue);
     writer.number(quint8(kind));
     return true;
-}
-
-bool journalBegin(VxJournalWriter &writer, const VxSceneViews *, int kind)
-{
-    return journalBegin(writer, static_cast<const VxScene *>(nullptr), kind);
-}
-
-bool journalBegin(VxJournalWriter &writer, const VxSceneTimeDisplay *, int kind)
-{
-    return journalBegin(writer, static_cast<const VxScene *>(nullptr), kind);
 }
 
 bool vxIsInDocument(const VxProperty *property)

@@ -37,13 +37,11 @@ void journalGet(VxJournalReader &reader, std::optional<VxRestPose> *value);
 void journalGet(VxJournalReader &reader, VxSceneViews::Views *value);
 void journalGet(VxJournalReader &reader, VxTimeDisplay *value);
 
-/// Begins the item of a plain value of an object: its former and its present value follow. False
-/// for objects that records do not refer to.
+/// Begins the item of a plain value of an object, or of the scene: its former and its present value
+/// follow. False for objects that records do not refer to.
 bool journalBegin(VxJournalWriter &writer, const VxProperty *property, int kind);
 bool journalBegin(VxJournalWriter &writer, const VxElement *element, int kind);
-bool journalBegin(VxJournalWriter &writer, const VxScene *scene, int kind);
-bool journalBegin(VxJournalWriter &writer, const VxSceneViews *views, int kind);
-bool journalBegin(VxJournalWriter &writer, const VxSceneTimeDisplay *display, int kind);
+bool journalBegin(VxJournalWriter &writer, const QObject *ofScene, int kind);
 
 /// False for properties and elements outside of a scene. What changes there is not written: it is
 /// in the contents of the node that is added.
