@@ -101,11 +101,6 @@ void VxMarkerListPane::changeEvent(QEvent *event)
         fitRows();
 }
 
-QAbstractItemView *VxMarkerListPane::getTable() const
-{
-    return m_view;
-}
-
 void VxMarkerListPane::addButton(const char *name, const QString &text, const QString &help,
                                  const std::function<void()> &run)
 {

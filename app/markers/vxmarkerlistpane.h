@@ -6,7 +6,6 @@
 
 class EmptyHint;
 class MarkerTableModel;
-class QAbstractItemView;
 class QHBoxLayout;
 class QModelIndex;
 class QSortFilterProxyModel;
@@ -19,9 +18,6 @@ class VxMarkerListPane : public VxPane
     Q_OBJECT
 public:
     VxMarkerListPane();
-
-    /// Never null; owned by the pane.
-    QAbstractItemView *getTable() const;
 
 public Q_SLOTS:
     /// Deletes the markers of the selected rows.

@@ -33,11 +33,6 @@ RecoveryController::~RecoveryController()
     delete m_dialog;
 }
 
-RecoveryDialog *RecoveryController::dialog() const
-{
-    return m_dialog;
-}
-
 bool RecoveryController::offer()
 {
     if (m_dialog)

@@ -35,8 +35,6 @@ public:
     bool offer();
     /// The same on demand: shows a message when there are none.
     void offerOnDemand();
-    /// The open dialog, else null.
-    RecoveryDialog *dialog() const;
 
 private:
     void recover(const RecoveryCopy &copy);

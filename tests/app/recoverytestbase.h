@@ -50,7 +50,7 @@ public:
             .entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
     RecoveryController *recovery() const { return window()->recovery(); }
-    RecoveryDialog *dialog() const { return recovery()->dialog(); }
+    RecoveryDialog *dialog() const { return window()->findChild<RecoveryDialog *>(); }
     void press(const char *name) const
     {
         auto *button = dialog()->findChild<QPushButton *>(QLatin1String(name));

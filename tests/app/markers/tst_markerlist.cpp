@@ -51,7 +51,7 @@ private Q_SLOTS:
 
 private:
     VxMarkerListPane *pane() const { return window()->findChild<VxMarkerListPane *>(); }
-    QTableView *table() const { return static_cast<QTableView *>(pane()->getTable()); }
+    QTableView *table() const { return pane()->findChild<QTableView *>(); }
     VxUndoStack *history() const { return vxApp->getUndoStack(); }
     VxMarkers *markers() const { return VxMarkers::of(vxScene); }
     int addMarker(const char *name, int start, int end) const
