@@ -27,89 +27,93 @@ public:
     void registerClass(QScriptEngine *engine) const override;
 };
 
-using VxTimePaneActionFactory = VxScriptableFactoryOf<VxTimePaneAction>;
-using VxTimePaneControlsBottomActionFactory = VxScriptableFactoryOf<VxTimePaneControlsBottomAction>;
-using VxTimePaneControlsTopActionFactory = VxScriptableFactoryOf<VxTimePaneControlsTopAction>;
-using VxTimePaneBasicViewActionFactory = VxScriptableFactoryOf<VxTimePaneBasicViewAction>;
-using VxTimePaneIntermediateViewActionFactory =
-    VxScriptableFactoryOf<VxTimePaneIntermediateViewAction>;
-using VxTimePaneAdvancedViewActionFactory = VxScriptableFactoryOf<VxTimePaneAdvancedViewAction>;
-using VxTimePaneKeyGraphToggleActionFactory = VxScriptableFactoryOf<VxTimePaneKeyGraphToggleAction>;
+// The factory of an action. The help texts and the name of an action depend on its class, which the
+// constructors of its bases cannot read.
+template <class Action> class ActionFactory : public VxScriptableFactoryOf<Action>
+{
+public:
+    using VxScriptableFactoryOf<Action>::VxScriptableFactoryOf;
+
+    using VxClassFactory::createInstance;
+    QObject *createInstance() const override
+    {
+        auto *action = new Action;
+        action->updateInlineHelp();
+        return action;
+    }
+};
+
+using VxTimePaneActionFactory = ActionFactory<VxTimePaneAction>;
+using VxTimePaneControlsBottomActionFactory = ActionFactory<VxTimePaneControlsBottomAction>;
+using VxTimePaneControlsTopActionFactory = ActionFactory<VxTimePaneControlsTopAction>;
+using VxTimePaneBasicViewActionFactory = ActionFactory<VxTimePaneBasicViewAction>;
+using VxTimePaneIntermediateViewActionFactory = ActionFactory<VxTimePaneIntermediateViewAction>;
+using VxTimePaneAdvancedViewActionFactory = ActionFactory<VxTimePaneAdvancedViewAction>;
+using VxTimePaneKeyGraphToggleActionFactory = ActionFactory<VxTimePaneKeyGraphToggleAction>;
 using VxTimePaneMonitorParametersPaneActionFactory =
-    VxScriptableFactoryOf<VxTimePaneMonitorParametersPaneAction>;
-using VxTimePaneSetKeyScopeObjectActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetKeyScopeObjectAction>;
+    ActionFactory<VxTimePaneMonitorParametersPaneAction>;
+using VxTimePaneSetKeyScopeObjectActionFactory = ActionFactory<VxTimePaneSetKeyScopeObjectAction>;
 using VxTimePaneSetKeyScopeNodeRecurseActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetKeyScopeNodeRecurseAction>;
-using VxTimePaneSetKeyScopeNodeActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetKeyScopeNodeAction>;
+    ActionFactory<VxTimePaneSetKeyScopeNodeRecurseAction>;
+using VxTimePaneSetKeyScopeNodeActionFactory = ActionFactory<VxTimePaneSetKeyScopeNodeAction>;
 using VxTimePaneSetKeyScopePropertiesActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetKeyScopePropertiesAction>;
-using VxTimePanePlayAllFramesActionFactory = VxScriptableFactoryOf<VxTimePanePlayAllFramesAction>;
-using VxAddKeysActionFactory = VxScriptableFactoryOf<VxAddKeysAction>;
-using VxDeleteKeysActionFactory = VxScriptableFactoryOf<VxDeleteKeysAction>;
-using VxLoopToggleActionFactory = VxScriptableFactoryOf<VxLoopToggleAction>;
-using VxNextFrameActionFactory = VxScriptableFactoryOf<VxNextFrameAction>;
-using VxPlayToggleActionFactory = VxScriptableFactoryOf<VxPlayToggleAction>;
-using VxPrevFrameActionFactory = VxScriptableFactoryOf<VxPrevFrameAction>;
-using VxSkipToNextKeyActionFactory = VxScriptableFactoryOf<VxSkipToNextKeyAction>;
-using VxSkipToPlayrangeEndActionFactory = VxScriptableFactoryOf<VxSkipToPlayrangeEndAction>;
-using VxSkipToPlayrangeStartActionFactory = VxScriptableFactoryOf<VxSkipToPlayrangeStartAction>;
-using VxSkipToPrevKeyActionFactory = VxScriptableFactoryOf<VxSkipToPrevKeyAction>;
-using VxTimePanePrevKeyActionFactory = VxScriptableFactoryOf<VxTimePanePrevKeyAction>;
-using VxTimePaneNextKeyActionFactory = VxScriptableFactoryOf<VxTimePaneNextKeyAction>;
-using VxTimePaneCreateKeysActionFactory = VxScriptableFactoryOf<VxTimePaneCreateKeysAction>;
-using VxTimePaneDeleteSelectedKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneDeleteSelectedKeysAction>;
-using VxTimePaneCopySelectedKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneCopySelectedKeysAction>;
-using VxTimePanePasteKeysActionFactory = VxScriptableFactoryOf<VxTimePanePasteKeysAction>;
+    ActionFactory<VxTimePaneSetKeyScopePropertiesAction>;
+using VxTimePanePlayAllFramesActionFactory = ActionFactory<VxTimePanePlayAllFramesAction>;
+using VxAddKeysActionFactory = ActionFactory<VxAddKeysAction>;
+using VxDeleteKeysActionFactory = ActionFactory<VxDeleteKeysAction>;
+using VxLoopToggleActionFactory = ActionFactory<VxLoopToggleAction>;
+using VxNextFrameActionFactory = ActionFactory<VxNextFrameAction>;
+using VxPlayToggleActionFactory = ActionFactory<VxPlayToggleAction>;
+using VxPrevFrameActionFactory = ActionFactory<VxPrevFrameAction>;
+using VxSkipToNextKeyActionFactory = ActionFactory<VxSkipToNextKeyAction>;
+using VxSkipToPlayrangeEndActionFactory = ActionFactory<VxSkipToPlayrangeEndAction>;
+using VxSkipToPlayrangeStartActionFactory = ActionFactory<VxSkipToPlayrangeStartAction>;
+using VxSkipToPrevKeyActionFactory = ActionFactory<VxSkipToPrevKeyAction>;
+using VxTimePanePrevKeyActionFactory = ActionFactory<VxTimePanePrevKeyAction>;
+using VxTimePaneNextKeyActionFactory = ActionFactory<VxTimePaneNextKeyAction>;
+using VxTimePaneCreateKeysActionFactory = ActionFactory<VxTimePaneCreateKeysAction>;
+using VxTimePaneDeleteSelectedKeysActionFactory = ActionFactory<VxTimePaneDeleteSelectedKeysAction>;
+using VxTimePaneCopySelectedKeysActionFactory = ActionFactory<VxTimePaneCopySelectedKeysAction>;
+using VxTimePanePasteKeysActionFactory = ActionFactory<VxTimePanePasteKeysAction>;
 using VxTimePaneSetPropertyTypeTranslationActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeTranslationAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeTranslationAction>;
 using VxTimePaneSetPropertyTypeRotationActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeRotationAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeRotationAction>;
 using VxTimePaneSetPropertyTypeScaleActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeScaleAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeScaleAction>;
 using VxTimePaneSetPropertyTypeOtherActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeOtherAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeOtherAction>;
 using VxTimePaneSetPropertyTypeAliasActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeAliasAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeAliasAction>;
 using VxTimePaneSetPropertyTypeHiddenActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetPropertyTypeHiddenAction>;
-using VxTimePaneSetInterpTcbActionFactory = VxScriptableFactoryOf<VxTimePaneSetInterpTcbAction>;
-using VxTimePaneSetInterpLinearActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetInterpLinearAction>;
-using VxTimePaneSetInterpConstantActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSetInterpConstantAction>;
+    ActionFactory<VxTimePaneSetPropertyTypeHiddenAction>;
+using VxTimePaneSetInterpTcbActionFactory = ActionFactory<VxTimePaneSetInterpTcbAction>;
+using VxTimePaneSetInterpLinearActionFactory = ActionFactory<VxTimePaneSetInterpLinearAction>;
+using VxTimePaneSetInterpConstantActionFactory = ActionFactory<VxTimePaneSetInterpConstantAction>;
 using VxTimePaneSelectItemPlayRangeKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSelectItemPlayRangeKeysAction>;
+    ActionFactory<VxTimePaneSelectItemPlayRangeKeysAction>;
 using VxTimePaneSelectItemAnimRangeKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneSelectItemAnimRangeKeysAction>;
+    ActionFactory<VxTimePaneSelectItemAnimRangeKeysAction>;
 using VxTimePaneDeselectItemPlayRangeKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneDeselectItemPlayRangeKeysAction>;
+    ActionFactory<VxTimePaneDeselectItemPlayRangeKeysAction>;
 using VxTimePaneDeselectItemAnimRangeKeysActionFactory =
-    VxScriptableFactoryOf<VxTimePaneDeselectItemAnimRangeKeysAction>;
-using VxTimePaneExpandAllItemsActionFactory = VxScriptableFactoryOf<VxTimePaneExpandAllItemsAction>;
-using VxTimePaneExpandItemActionFactory = VxScriptableFactoryOf<VxTimePaneExpandItemAction>;
-using VxTimePaneExpandFromItemActionFactory = VxScriptableFactoryOf<VxTimePaneExpandFromItemAction>;
+    ActionFactory<VxTimePaneDeselectItemAnimRangeKeysAction>;
+using VxTimePaneExpandAllItemsActionFactory = ActionFactory<VxTimePaneExpandAllItemsAction>;
+using VxTimePaneExpandItemActionFactory = ActionFactory<VxTimePaneExpandItemAction>;
+using VxTimePaneExpandFromItemActionFactory = ActionFactory<VxTimePaneExpandFromItemAction>;
 using VxTimePaneExpandKeyedFromItemActionFactory =
-    VxScriptableFactoryOf<VxTimePaneExpandKeyedFromItemAction>;
-using VxTimePaneCollapseAllItemsActionFactory =
-    VxScriptableFactoryOf<VxTimePaneCollapseAllItemsAction>;
-using VxTimePaneCollapseItemActionFactory = VxScriptableFactoryOf<VxTimePaneCollapseItemAction>;
-using VxTimePaneCollapseFromItemActionFactory =
-    VxScriptableFactoryOf<VxTimePaneCollapseFromItemAction>;
+    ActionFactory<VxTimePaneExpandKeyedFromItemAction>;
+using VxTimePaneCollapseAllItemsActionFactory = ActionFactory<VxTimePaneCollapseAllItemsAction>;
+using VxTimePaneCollapseItemActionFactory = ActionFactory<VxTimePaneCollapseItemAction>;
+using VxTimePaneCollapseFromItemActionFactory = ActionFactory<VxTimePaneCollapseFromItemAction>;
 using VxTimePaneCollapseNonKeyedFromItemActionFactory =
-    VxScriptableFactoryOf<VxTimePaneCollapseNonKeyedFromItemAction>;
-using VxTimePaneMoveRootNodeToTopActionFactory =
-    VxScriptableFactoryOf<VxTimePaneMoveRootNodeToTopAction>;
-using VxTimePaneMoveRootNodeUpActionFactory = VxScriptableFactoryOf<VxTimePaneMoveRootNodeUpAction>;
-using VxTimePaneMoveRootNodeDownActionFactory =
-    VxScriptableFactoryOf<VxTimePaneMoveRootNodeDownAction>;
+    ActionFactory<VxTimePaneCollapseNonKeyedFromItemAction>;
+using VxTimePaneMoveRootNodeToTopActionFactory = ActionFactory<VxTimePaneMoveRootNodeToTopAction>;
+using VxTimePaneMoveRootNodeUpActionFactory = ActionFactory<VxTimePaneMoveRootNodeUpAction>;
+using VxTimePaneMoveRootNodeDownActionFactory = ActionFactory<VxTimePaneMoveRootNodeDownAction>;
 using VxTimePaneMoveRootNodeToBottomActionFactory =
-    VxScriptableFactoryOf<VxTimePaneMoveRootNodeToBottomAction>;
-using VxTimePaneRefreshDopesheetActionFactory =
-    VxScriptableFactoryOf<VxTimePaneRefreshDopesheetAction>;
-using VxTimePaneFrameGraphKeysActionFactory = VxScriptableFactoryOf<VxTimePaneFrameGraphKeysAction>;
+    ActionFactory<VxTimePaneMoveRootNodeToBottomAction>;
+using VxTimePaneRefreshDopesheetActionFactory = ActionFactory<VxTimePaneRefreshDopesheetAction>;
+using VxTimePaneFrameGraphKeysActionFactory = ActionFactory<VxTimePaneFrameGraphKeysAction>;
 
 #endif

@@ -55,12 +55,6 @@ VxTimePane *VxAnimationAction::findTimePane()
     return found;
 }
 
-void VxAnimationAction::completeConstruction()
-{
-    setObjectName(QString::fromLatin1(metaObject()->className()));
-    updateInlineHelp();
-}
-
 void VxAnimationAction::executeAction()
 {
     // A script can make an option one that is not checkable.

@@ -36,10 +36,6 @@ protected:
     VxAnimationAction(const QString &text, const QString &description, Command command = nullptr,
                       const char *shortcut = "");
 
-    // Call it at the end of the constructor of each class that can be created: sets the class name
-    // as the object's name and updates the help texts. Only there is the class name available.
-    void completeConstruction();
-
     void executeAction() override;
 
     // The pane, or null after a warning that names a class and its method.

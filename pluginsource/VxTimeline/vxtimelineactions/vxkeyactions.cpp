@@ -9,7 +9,6 @@ VxAddKeysAction::VxAddKeysAction()
              "the selected node(s)."),
           &VxTimePane::createKeys)
 {
-    completeConstruction();
 }
 
 VxDeleteKeysAction::VxDeleteKeysAction()
@@ -18,7 +17,6 @@ VxDeleteKeysAction::VxDeleteKeysAction()
           tr("Deletes keys, at the current time, from each property of the selected node(s)."),
           &VxTimePane::deleteKeys)
 {
-    completeConstruction();
 }
 
 VxTimePaneCreateKeysAction::VxTimePaneCreateKeysAction()
@@ -30,7 +28,6 @@ VxTimePaneCreateKeysAction::VxTimePaneCreateKeysAction()
              "are displayed."),
           [](VxTimePane *pane) { pane->createFilteredKeys(); }, "K")
 {
-    completeConstruction();
 }
 
 VxTimePaneDeleteSelectedKeysAction::VxTimePaneDeleteSelectedKeysAction()
@@ -38,7 +35,6 @@ VxTimePaneDeleteSelectedKeysAction::VxTimePaneDeleteSelectedKeysAction()
                         tr("Deletes the selected keys from their respective properties."),
                         &VxTimePane::deleteSelectedKeys, "Del")
 {
-    completeConstruction();
 }
 
 VxTimePaneCopySelectedKeysAction::VxTimePaneCopySelectedKeysAction()
@@ -48,7 +44,6 @@ VxTimePaneCopySelectedKeysAction::VxTimePaneCopySelectedKeysAction()
              "selected keys, for each of the respective properties, to the clipboard."),
           &VxTimePane::copySelectedKeys, "Ctrl+C")
 {
-    completeConstruction();
 }
 
 bool VxTimePaneCopySelectedKeysAction::isClipboardAction() const
@@ -63,5 +58,4 @@ VxTimePanePasteKeysAction::VxTimePanePasteKeysAction()
              "position offsets from one another, at the current time."),
           &VxTimePane::pasteKeys, "Ctrl+V")
 {
-    completeConstruction();
 }

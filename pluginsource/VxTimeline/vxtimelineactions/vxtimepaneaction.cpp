@@ -3,6 +3,4 @@
 VxTimePaneAction::VxTimePaneAction()
     : VxPaneAction(QStringLiteral("VxTimePane"))
 {
-    setObjectName(QString::fromLatin1(metaObject()->className()));
-    updateInlineHelp();
 }

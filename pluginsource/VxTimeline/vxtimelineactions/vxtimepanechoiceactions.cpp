@@ -96,7 +96,6 @@ VxTimePaneControlsBottomAction::VxTimePaneControlsBottomAction()
           tr("Sets the controls of the Timeline pane to be below the dopesheet/keygraph."),
           VxTimePane::ControlsBottom)
 {
-    completeConstruction();
 }
 
 VxTimePaneControlsTopAction::VxTimePaneControlsTopAction()
@@ -105,7 +104,6 @@ VxTimePaneControlsTopAction::VxTimePaneControlsTopAction()
           tr("Sets the controls of the Timeline pane to be above the dopesheet/keygraph."),
           VxTimePane::ControlsTop)
 {
-    completeConstruction();
 }
 
 VxTimePaneViewModeAction::VxTimePaneViewModeAction(const QString &text, const QString &description,
@@ -119,7 +117,6 @@ VxTimePaneBasicViewAction::VxTimePaneBasicViewAction()
                                tr("Sets the view of the Timeline pane to \"Basic\" mode."),
                                VxTimePane::BasicView)
 {
-    completeConstruction();
 }
 
 VxTimePaneIntermediateViewAction::VxTimePaneIntermediateViewAction()
@@ -127,7 +124,6 @@ VxTimePaneIntermediateViewAction::VxTimePaneIntermediateViewAction()
                                tr("Sets the view of the Timeline pane to \"Intermediate\" mode."),
                                VxTimePane::IntermediateView)
 {
-    completeConstruction();
 }
 
 VxTimePaneAdvancedViewAction::VxTimePaneAdvancedViewAction()
@@ -135,7 +131,6 @@ VxTimePaneAdvancedViewAction::VxTimePaneAdvancedViewAction()
                                tr("Sets the view of the Timeline pane to \"Advanced\" mode."),
                                VxTimePane::AdvancedView)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetKeyScopeAction::VxTimePaneSetKeyScopeAction(const QString &text,
@@ -150,7 +145,6 @@ VxTimePaneSetKeyScopeObjectAction::VxTimePaneSetKeyScopeObjectAction()
           tr("Object"), tr("Sets the key creation scope for the Timeline pane to \"Object\"."),
           VxTimePane::ScopeObject)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetKeyScopeNodeRecurseAction::VxTimePaneSetKeyScopeNodeRecurseAction()
@@ -159,7 +153,6 @@ VxTimePaneSetKeyScopeNodeRecurseAction::VxTimePaneSetKeyScopeNodeRecurseAction()
           tr("Sets the key creation scope for the Timeline pane to \"Node Recurse\"."),
           VxTimePane::ScopeNodeRecurse)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetKeyScopeNodeAction::VxTimePaneSetKeyScopeNodeAction()
@@ -167,7 +160,6 @@ VxTimePaneSetKeyScopeNodeAction::VxTimePaneSetKeyScopeNodeAction()
           tr("Node"), tr("Sets the key creation scope for the Timeline pane to \"Node\"."),
           VxTimePane::ScopeNode)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetKeyScopePropertiesAction::VxTimePaneSetKeyScopePropertiesAction()
@@ -176,7 +168,6 @@ VxTimePaneSetKeyScopePropertiesAction::VxTimePaneSetKeyScopePropertiesAction()
           tr("Sets the key creation scope for the Timeline pane to \"Properties\"."),
           VxTimePane::ScopeProperties)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeAction::VxTimePaneSetPropertyTypeAction(const QString &text,
@@ -193,7 +184,6 @@ VxTimePaneSetPropertyTypeTranslationAction::VxTimePaneSetPropertyTypeTranslation
              "\"Translation\" properties."),
           VxTimePane::PropTranslate)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeRotationAction::VxTimePaneSetPropertyTypeRotationAction()
@@ -203,7 +193,6 @@ VxTimePaneSetPropertyTypeRotationAction::VxTimePaneSetPropertyTypeRotationAction
              "properties."),
           VxTimePane::PropRotate)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeScaleAction::VxTimePaneSetPropertyTypeScaleAction()
@@ -213,7 +202,6 @@ VxTimePaneSetPropertyTypeScaleAction::VxTimePaneSetPropertyTypeScaleAction()
              "properties."),
           VxTimePane::PropScale)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeOtherAction::VxTimePaneSetPropertyTypeOtherAction()
@@ -223,7 +211,6 @@ VxTimePaneSetPropertyTypeOtherAction::VxTimePaneSetPropertyTypeOtherAction()
              "properties."),
           VxTimePane::PropOther)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeAliasAction::VxTimePaneSetPropertyTypeAliasAction()
@@ -233,7 +220,6 @@ VxTimePaneSetPropertyTypeAliasAction::VxTimePaneSetPropertyTypeAliasAction()
              "properties."),
           VxTimePane::PropAlias)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetPropertyTypeHiddenAction::VxTimePaneSetPropertyTypeHiddenAction()
@@ -243,5 +229,4 @@ VxTimePaneSetPropertyTypeHiddenAction::VxTimePaneSetPropertyTypeHiddenAction()
              "properties."),
           VxTimePane::PropHidden)
 {
-    completeConstruction();
 }

@@ -10,7 +10,6 @@ VxTimePaneExpandAllItemsAction::VxTimePaneExpandAllItemsAction()
              "visible"),
           &VxTimePane::expandAll)
 {
-    completeConstruction();
 }
 
 VxTimePaneExpandItemAction::VxTimePaneExpandItemAction()
@@ -18,7 +17,6 @@ VxTimePaneExpandItemAction::VxTimePaneExpandItemAction()
                         tr("Set the context item in the Timeline pane to be open"),
                         [](VxTimePane *pane) { pane->getDopeSheetView()->expandContextItem(); })
 {
-    completeConstruction();
 }
 
 VxTimePaneExpandFromItemAction::VxTimePaneExpandFromItemAction()
@@ -27,7 +25,6 @@ VxTimePaneExpandFromItemAction::VxTimePaneExpandFromItemAction()
                            "children visible"),
                         [](VxTimePane *pane) { pane->getDopeSheetView()->expandFromContextItem(); })
 {
-    completeConstruction();
 }
 
 VxTimePaneExpandKeyedFromItemAction::VxTimePaneExpandKeyedFromItemAction()
@@ -37,7 +34,6 @@ VxTimePaneExpandKeyedFromItemAction::VxTimePaneExpandKeyedFromItemAction()
              "children visible"),
           [](VxTimePane *pane) { pane->getDopeSheetView()->expandKeyedFromContextItem(); })
 {
-    completeConstruction();
 }
 
 VxTimePaneCollapseAllItemsAction::VxTimePaneCollapseAllItemsAction()
@@ -46,7 +42,6 @@ VxTimePaneCollapseAllItemsAction::VxTimePaneCollapseAllItemsAction()
           tr("Set all items in the Timeline pane to be collapsed, hiding all their children "),
           &VxTimePane::collapseAll)
 {
-    completeConstruction();
 }
 
 VxTimePaneCollapseItemAction::VxTimePaneCollapseItemAction()
@@ -54,7 +49,6 @@ VxTimePaneCollapseItemAction::VxTimePaneCollapseItemAction()
                         tr("Set the context item in the Timeline pane to be collapsed"),
                         [](VxTimePane *pane) { pane->getDopeSheetView()->collapseContextItem(); })
 {
-    completeConstruction();
 }
 
 VxTimePaneCollapseFromItemAction::VxTimePaneCollapseFromItemAction()
@@ -64,7 +58,6 @@ VxTimePaneCollapseFromItemAction::VxTimePaneCollapseFromItemAction()
              "children "),
           [](VxTimePane *pane) { pane->getDopeSheetView()->collapseFromContextItem(); })
 {
-    completeConstruction();
 }
 
 VxTimePaneCollapseNonKeyedFromItemAction::VxTimePaneCollapseNonKeyedFromItemAction()
@@ -74,5 +67,4 @@ VxTimePaneCollapseNonKeyedFromItemAction::VxTimePaneCollapseNonKeyedFromItemActi
              "children "),
           [](VxTimePane *pane) { pane->getDopeSheetView()->collapseNonKeyedFromContextItem(); })
 {
-    completeConstruction();
 }

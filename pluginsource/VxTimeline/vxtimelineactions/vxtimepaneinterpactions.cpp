@@ -19,7 +19,6 @@ VxTimePaneSetInterpConstantAction::VxTimePaneSetInterpConstantAction()
           tr("Constant"),
           tr("Sets the interpolation type on the selected key(s) to the \"Constant\" type."), 1)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetInterpLinearAction::VxTimePaneSetInterpLinearAction()
@@ -27,7 +26,6 @@ VxTimePaneSetInterpLinearAction::VxTimePaneSetInterpLinearAction()
           tr("Linear"),
           tr("Sets the interpolation type on the selected key(s) to the \"Linear\" type."), 0)
 {
-    completeConstruction();
 }
 
 VxTimePaneSetInterpTcbAction::VxTimePaneSetInterpTcbAction()
@@ -35,5 +33,4 @@ VxTimePaneSetInterpTcbAction::VxTimePaneSetInterpTcbAction()
           tr("TCB"), tr("Sets the interpolation type on the selected key(s) to the \"TCB\" type."),
           2)
 {
-    completeConstruction();
 }

@@ -75,7 +75,6 @@ VxTimePaneSelectItemPlayRangeKeysAction::VxTimePaneSelectItemPlayRangeKeysAction
              "dopesheet view. If a selected item is collapsible and is currently collapsed, "
              "all keys that are represented by the collapsed key will become selected."))
 {
-    completeConstruction();
 }
 
 VxTimePaneSelectItemAnimRangeKeysAction::VxTimePaneSelectItemAnimRangeKeysAction()
@@ -87,7 +86,6 @@ VxTimePaneSelectItemAnimRangeKeysAction::VxTimePaneSelectItemAnimRangeKeysAction
              "collapsed, all keys that are represented by the collapsed key will become "
              "selected."))
 {
-    completeConstruction();
 }
 
 VxTimePaneDeselectItemPlayRangeKeysAction::VxTimePaneDeselectItemPlayRangeKeysAction()
@@ -98,7 +96,6 @@ VxTimePaneDeselectItemPlayRangeKeysAction::VxTimePaneDeselectItemPlayRangeKeysAc
              "dopesheet view. If a selected item is collapsible and is currently collapsed, "
              "all keys that are represented by the collapsed key will become selected."))
 {
-    completeConstruction();
 }
 
 VxTimePaneDeselectItemAnimRangeKeysAction::VxTimePaneDeselectItemAnimRangeKeysAction()
@@ -110,5 +107,4 @@ VxTimePaneDeselectItemAnimRangeKeysAction::VxTimePaneDeselectItemAnimRangeKeysAc
              "collapsed, all keys that are represented by the collapsed key will become "
              "selected."))
 {
-    completeConstruction();
 }

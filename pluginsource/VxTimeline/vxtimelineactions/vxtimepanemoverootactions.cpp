@@ -9,7 +9,6 @@ VxTimePaneMoveRootNodeToTopAction::VxTimePaneMoveRootNodeToTopAction()
              "the list."),
           &VxTimePane::moveRootNodeToTop)
 {
-    completeConstruction();
 }
 
 VxTimePaneMoveRootNodeUpAction::VxTimePaneMoveRootNodeUpAction()
@@ -18,7 +17,6 @@ VxTimePaneMoveRootNodeUpAction::VxTimePaneMoveRootNodeUpAction()
           tr("Moves the root node of an item in the Timeline pane dopesheet up in the list."),
           &VxTimePane::moveRootNodeUp)
 {
-    completeConstruction();
 }
 
 VxTimePaneMoveRootNodeDownAction::VxTimePaneMoveRootNodeDownAction()
@@ -28,7 +26,6 @@ VxTimePaneMoveRootNodeDownAction::VxTimePaneMoveRootNodeDownAction()
              "list."),
           &VxTimePane::moveRootNodeDown)
 {
-    completeConstruction();
 }
 
 VxTimePaneMoveRootNodeToBottomAction::VxTimePaneMoveRootNodeToBottomAction()
@@ -38,5 +35,4 @@ VxTimePaneMoveRootNodeToBottomAction::VxTimePaneMoveRootNodeToBottomAction()
              " the list."),
           &VxTimePane::moveRootNodeToBottom)
 {
-    completeConstruction();
 }

@@ -35,7 +35,6 @@ VxTimePaneKeyGraphToggleAction::VxTimePaneKeyGraphToggleAction()
           &VxTimePane::getKeyGraphOpen, &VxTimePane::setKeyGraphOpen,
           &VxTimePane::keyGraphOpenChanged)
 {
-    completeConstruction();
 }
 
 VxTimePaneMonitorParametersPaneAction::VxTimePaneMonitorParametersPaneAction()
@@ -45,7 +44,6 @@ VxTimePaneMonitorParametersPaneAction::VxTimePaneMonitorParametersPaneAction()
           &VxTimePane::getMonitorParametersPane, &VxTimePane::setMonitorParametersPane,
           &VxTimePane::monitorParametersPaneChanged)
 {
-    completeConstruction();
 }
 
 VxTimePanePlayAllFramesAction::VxTimePanePlayAllFramesAction()
@@ -57,5 +55,4 @@ VxTimePanePlayAllFramesAction::VxTimePanePlayAllFramesAction()
           &VxTimePane::getPlayAllFrames, &VxTimePane::setPlayAllFrames,
           &VxTimePane::playAllFramesChanged)
 {
-    completeConstruction();
 }

@@ -8,7 +8,6 @@ VxTimePaneRefreshDopesheetAction::VxTimePaneRefreshDopesheetAction()
           tr("Causes the data displayed in the Timeline pane dopesheet to be refreshed."),
           &VxTimePane::refreshDopesheet)
 {
-    completeConstruction();
 }
 
 VxTimePaneFrameGraphKeysAction::VxTimePaneFrameGraphKeysAction()
@@ -17,5 +16,4 @@ VxTimePaneFrameGraphKeysAction::VxTimePaneFrameGraphKeysAction()
           tr("Causes the keys displayed in the Timeline pane key graph to be framed."),
           [](VxTimePane *pane) { pane->frameKeyGraph(); }, "F")
 {
-    completeConstruction();
 }

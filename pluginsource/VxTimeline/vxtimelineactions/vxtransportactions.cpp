@@ -7,14 +7,12 @@ VxLoopToggleAction::VxLoopToggleAction()
                         tr("Toggles whether or not animation playback is looped."),
                         &VxTimePane::toggleLoop)
 {
-    completeConstruction();
 }
 
 VxPlayToggleAction::VxPlayToggleAction()
     : VxAnimationAction(tr("Play / Pause"), tr("Toggles animation playback on/off."),
                         &VxTimePane::togglePlayback, "Space")
 {
-    completeConstruction();
 }
 
 VxSkipToPlayrangeStartAction::VxSkipToPlayrangeStartAction()
@@ -22,7 +20,6 @@ VxSkipToPlayrangeStartAction::VxSkipToPlayrangeStartAction()
                         tr("Sets the current time to the beginning of the play range."),
                         &VxTimePane::skipToPlayRangeStart, "Home")
 {
-    completeConstruction();
 }
 
 VxSkipToPlayrangeEndAction::VxSkipToPlayrangeEndAction()
@@ -30,7 +27,6 @@ VxSkipToPlayrangeEndAction::VxSkipToPlayrangeEndAction()
                         tr("Sets the current time to the end of the play range."),
                         &VxTimePane::skipToPlayRangeEnd, "End")
 {
-    completeConstruction();
 }
 
 VxPrevFrameAction::VxPrevFrameAction()
@@ -38,7 +34,6 @@ VxPrevFrameAction::VxPrevFrameAction()
                         tr("Sets the current time to the time of the previous frame."),
                         &VxTimePane::skipToPreviousFrame, "Left")
 {
-    completeConstruction();
 }
 
 VxNextFrameAction::VxNextFrameAction()
@@ -46,7 +41,6 @@ VxNextFrameAction::VxNextFrameAction()
                         tr("Sets the current time to the time of the next frame."),
                         &VxTimePane::skipToNextFrame, "Right")
 {
-    completeConstruction();
 }
 
 VxSkipToPrevKeyAction::VxSkipToPrevKeyAction()
@@ -56,7 +50,6 @@ VxSkipToPrevKeyAction::VxSkipToPrevKeyAction()
              "or not the key is currently displayed in the Timeline pane."),
           &VxTimePane::skipToPreviousKey)
 {
-    completeConstruction();
 }
 
 VxSkipToNextKeyAction::VxSkipToNextKeyAction()
@@ -66,7 +59,6 @@ VxSkipToNextKeyAction::VxSkipToNextKeyAction()
              "not the key is currently displayed in the Timeline pane."),
           &VxTimePane::skipToNextKey)
 {
-    completeConstruction();
 }
 
 VxTimePanePrevKeyAction::VxTimePanePrevKeyAction()
@@ -74,7 +66,6 @@ VxTimePanePrevKeyAction::VxTimePanePrevKeyAction()
                         tr("Sets the current time to the time of the previous displayed key."),
                         &VxTimePane::skipToPreviousFilteredKey, "Ctrl+Left")
 {
-    completeConstruction();
 }
 
 VxTimePaneNextKeyAction::VxTimePaneNextKeyAction()
@@ -82,5 +73,4 @@ VxTimePaneNextKeyAction::VxTimePaneNextKeyAction()
                         tr("Sets the current time to the time of the next displayed key."),
                         &VxTimePane::skipToNextFilteredKey, "Ctrl+Right")
 {
-    completeConstruction();
 }
