@@ -71,6 +71,14 @@ void applySelection(const VxKeySelectionEntries &entries, AccessibleKeys::Change
 
 } // namespace
 
+void AccessibleKeys::report(QAccessibleInterface *object, QAccessible::Event type)
+{
+    if (!object)
+        return;
+    QAccessibleEvent event(object, type);
+    QAccessible::updateAccessibility(&event);
+}
+
 QAccessibleInterface *AccessibleKeys::listOf(const Source &source)
 {
     if (!source->isValid())

@@ -52,6 +52,9 @@ class AccessibleKeys
 public:
     using Source = std::shared_ptr<const AccessibleKeySource>;
 
+    // Reports an event of an object that is no widget; nothing for null.
+    static void report(QAccessibleInterface *object, QAccessible::Event type);
+
     // The object of the list of keys, with a child for each key; null for an invalid source.
     static QAccessibleInterface *listOf(const Source &source);
     // The key whose mark is at a place in global pixels, the nearest of several; -1 for none.

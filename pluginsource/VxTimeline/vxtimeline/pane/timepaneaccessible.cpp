@@ -71,12 +71,8 @@ void TimePaneAccessible::handleSelectionChanged()
     sendEvent(m_views.graphView(), QAccessible::SelectionWithin);
     // The current row's number of keys, selected keys and keys near the current time.
     VxDopeSheetView *sheet = m_views.sheet();
-    QAccessibleInterface *row =
-        AccessibleSheet::rowOf(sheet, sheet->getItem(sheet->currentIndex()));
-    if (!row)
-        return;
-    QAccessibleEvent described(row, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&described);
+    AccessibleKeys::report(AccessibleSheet::rowOf(sheet, sheet->getItem(sheet->currentIndex())),
+                           QAccessible::DescriptionChanged);
 }
 
 // Playback changes the time at every frame.

@@ -29,14 +29,6 @@ constexpr int ownKeys[] = {Qt::Key_Left,  Qt::Key_Right,  Qt::Key_Up,     Qt::Ke
                            Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Escape,
                            Qt::Key_Menu};
 
-void sendFocus(QAccessibleInterface *object)
-{
-    if (!object)
-        return;
-    QAccessibleEvent event(object, QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
-}
-
 } // namespace
 
 TimePaneKeyCursor::TimePaneKeyCursor(const TimePaneViews &views)
@@ -369,7 +361,9 @@ void TimePaneKeyCursor::showPlace()
     if (!QAccessible::isActive())
         return;
     if (here.row)
-        sendFocus(here.key >= 0 ? AccessibleKeys::keyOf(here.row, here.key) : here.row->parent());
+        AccessibleKeys::report(here.key >= 0 ? AccessibleKeys::keyOf(here.row, here.key)
+                                             : here.row->parent(),
+                               QAccessible::Focus);
 }
 
 bool TimePaneKeyCursor::eventFilter(QObject *watched, QEvent *event)
