@@ -22,11 +22,7 @@ constexpr double MinTimeWidth = 100.0; // minimum pixels for it, space permittin
 
 // The remaining resizes of this process that centre the animation range: those while the main
 // window is being laid out.
-int &centeringResizes()
-{
-    static int left = 3;
-    return left;
-}
+int centeringResizes = 3;
 
 } // namespace
 
@@ -159,9 +155,9 @@ void VxKeyGraphView::Private::resize(const QSize &size)
     height = size.height();
     scale.originX = 0.0;
     scale.originY = height * 0.5;
-    const bool centres = centeringResizes() > 0 && size.width() > 0;
+    const bool centres = centeringResizes > 0 && size.width() > 0;
     if (centres)
-        --centeringResizes();
+        --centeringResizes;
     if (centres && !keysLeft) {
         // In the middle of the widget the range avoids the wider area on both sides.
         const int sides = qMax(leftBackgroundWidth, rightBackgroundWidth);

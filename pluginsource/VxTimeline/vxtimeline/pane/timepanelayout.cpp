@@ -21,11 +21,7 @@ constexpr int ExtrasReserve = 5;
 
 // The last measured width of a pane with all extras. One per process, because a pane with hidden
 // extras cannot measure it.
-int &widthWithExtras()
-{
-    static int width = 0;
-    return width;
-}
+int widthWithExtras = 0;
 
 int leastWidth(const QWidget *widget)
 {
@@ -99,8 +95,8 @@ void TimePaneLayout::checkWidth(int width)
     if (!isAdvanced())
         return;
     if (m_extrasShown)
-        widthWithExtras() = leastWidth(m_pane) + ExtrasReserve;
-    const int bound = m_extrasShown ? widthWithExtras() - 1 : widthWithExtras() + 1;
+        widthWithExtras = leastWidth(m_pane) + ExtrasReserve;
+    const int bound = m_extrasShown ? widthWithExtras - 1 : widthWithExtras + 1;
     const bool fits = width > bound;
     if (fits == m_extrasShown)
         return;

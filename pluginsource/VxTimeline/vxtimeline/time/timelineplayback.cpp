@@ -9,11 +9,7 @@ namespace TimelinePlayback {
 
 namespace {
 
-bool &allFrames()
-{
-    static bool onOff = false;
-    return onOff;
-}
+bool allFrames = false;
 
 } // namespace
 
@@ -43,12 +39,12 @@ void toggle()
 
 bool playsAllFrames()
 {
-    return allFrames();
+    return allFrames;
 }
 
 bool setPlaysAllFrames(bool onOff)
 {
-    return std::exchange(allFrames(), onOff) != onOff;
+    return std::exchange(allFrames, onOff) != onOff;
 }
 
 } // namespace TimelinePlayback

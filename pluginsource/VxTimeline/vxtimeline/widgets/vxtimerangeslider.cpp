@@ -20,11 +20,7 @@ namespace {
 constexpr VxTime NothingSaved = -1;
 
 // The play range that the next double click restores; one per process.
-VxTimeRange &savedRange()
-{
-    static VxTimeRange range(NothingSaved, NothingSaved);
-    return range;
-}
+VxTimeRange savedRange(NothingSaved, NothingSaved);
 
 Part partAt(const QSize &bar, const QPoint &position)
 {
@@ -165,10 +161,10 @@ void VxTimeRangeSlider::mouseDoubleClickEvent(QMouseEvent *event)
     const VxTimeRange playRange = vxScene->getPlayRange();
     const VxTimeRange animRange = vxScene->getAnimRange();
     if (playRange != animRange) {
-        savedRange() = playRange;
+        savedRange = playRange;
         vxScene->setPlayRange(animRange);
-    } else if (savedRange().getEnd() != NothingSaved) {
-        vxScene->setPlayRange(savedRange());
+    } else if (savedRange.getEnd() != NothingSaved) {
+        vxScene->setPlayRange(savedRange);
     }
     hover(event->pos());
 }
