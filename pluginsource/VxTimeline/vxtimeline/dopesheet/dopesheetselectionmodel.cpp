@@ -2,6 +2,7 @@
 
 #include <QtCore/QSignalBlocker>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -80,30 +81,8 @@ RowSpans difference(const RowSpans &spans, const RowSpans &others)
 
 } // namespace
 
-class DopeSheetSelectionModel::Private
-{
-public:
-    // Built from the selection on demand: in its order, and sorted.
-    RowSpans spans;
-    RowSpans sorted;
-    bool isValid = false;
-
-    void update(const QItemSelection &selection)
-    {
-        spans.clear();
-        for (const QItemSelectionRange &range : selection) {
-            if (range.isValid() && range.left() == 0)
-                spans.push_back({range.parent(), range.top(), range.bottom()});
-        }
-        sorted = spans;
-        std::sort(sorted.begin(), sorted.end());
-        isValid = true;
-    }
-};
-
 DopeSheetSelectionModel::DopeSheetSelectionModel(QAbstractItemModel *model, QObject *parent)
     : QItemSelectionModel(model, parent)
-    , d(std::make_unique<Private>())
 {
     const auto invalidate = &DopeSheetSelectionModel::invalidateSpans;
     connect(this, &QItemSelectionModel::selectionChanged, this, invalidate);
@@ -114,29 +93,32 @@ DopeSheetSelectionModel::DopeSheetSelectionModel(QAbstractItemModel *model, QObj
     connect(model, &QAbstractItemModel::modelReset, this, invalidate);
 }
 
-DopeSheetSelectionModel::~DopeSheetSelectionModel() = default;
-
 void DopeSheetSelectionModel::invalidateSpans()
 {
-    d->isValid = false;
+    m_isValid = false;
 }
 
 bool DopeSheetSelectionModel::isRowSelected(const QModelIndex &index) const
 {
     if (!index.isValid() || index.model() != model())
         return false;
-    if (!d->isValid)
-        d->update(selection());
+    updateSpans();
     const RowSpan row{index.parent(), index.row(), index.row()};
-    const auto after = std::upper_bound(d->sorted.cbegin(), d->sorted.cend(), row);
-    return after != d->sorted.cbegin() && std::prev(after)->meets(row);
+    const auto after = std::upper_bound(m_sorted.cbegin(), m_sorted.cend(), row);
+    return after != m_sorted.cbegin() && std::prev(after)->meets(row);
 }
 
-const std::vector<DopeSheetSelectionModel::RowSpan> &DopeSheetSelectionModel::spans() const
+void DopeSheetSelectionModel::updateSpans() const
 {
-    if (!d->isValid)
-        d->update(selection());
-    return d->spans;
+    if (std::exchange(m_isValid, true))
+        return;
+    m_spans.clear();
+    for (const QItemSelectionRange &range : selection()) {
+        if (range.isValid() && range.left() == 0)
+            m_spans.push_back({range.parent(), range.top(), range.bottom()});
+    }
+    m_sorted = m_spans;
+    std::sort(m_sorted.begin(), m_sorted.end());
 }
 
 // Receivers of selectionChanged() may query rows before this object's own slot runs.

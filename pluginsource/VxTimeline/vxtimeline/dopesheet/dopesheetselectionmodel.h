@@ -2,7 +2,6 @@
 #define DOPESHEETSELECTIONMODEL_H
 
 #include <QtCore/QItemSelectionModel>
-#include <memory>
 #include <vector>
 
 // The selected rows of the dope sheet.
@@ -34,7 +33,6 @@ public:
     };
 
     explicit DopeSheetSelectionModel(QAbstractItemModel *model, QObject *parent = nullptr);
-    ~DopeSheetSelectionModel() override;
 
     // The same as isSelected() of the row's first column, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
@@ -43,7 +41,8 @@ public:
     // ranges. The selection itself is a copy of all ranges with each access.
     template <typename Visit> void visitRows(const Visit &visit) const
     {
-        const std::vector<RowSpan> rows = spans(); // visit() may change the selection
+        updateSpans();
+        const std::vector<RowSpan> rows = m_spans; // visit() may change the selection
         for (const RowSpan &span : rows) {
             for (int row = span.top; row <= span.bottom; ++row)
                 visit(model()->index(row, 0, span.parent));
@@ -58,14 +57,14 @@ public:
     void select(const QItemSelection &selection, SelectionFlags command) override;
 
 private:
-    // The selected rows in the order of the selection's ranges; valid until the next change of the
-    // selection or the model.
-    const std::vector<RowSpan> &spans() const;
+    void updateSpans() const;
     void invalidateSpans();
     // Ranges of whole rows that do not meet.
     void selectRows(const QItemSelection &rows, SelectionFlags command);
-    class Private;
-    std::unique_ptr<Private> d;
+    // The selected rows on demand: in the order of the selection's ranges, and sorted.
+    mutable std::vector<RowSpan> m_spans;
+    mutable std::vector<RowSpan> m_sorted;
+    mutable bool m_isValid = false;
 };
 
 #endif
