@@ -86,7 +86,7 @@ void DopeSheetKeySelection::selectKeys(VxDopeSheetItem *item, bool select, VxTim
 void DopeSheetKeySelection::select(const QModelIndex &first, const QModelIndex &last, bool select,
                                    VxTime start, VxTime end)
 {
-    if (select && !hasSelectedKeys())
+    if (select && !m_view->hasSelectedKeys())
         m_commonTcb.clear();
     const QScopedValueRollback<bool> walking(m_isWalking, true);
     DopeSheetWalk::between(
@@ -127,12 +127,6 @@ void DopeSheetKeySelection::clearRows()
             cleared.append(row);
     });
     visitAll([this](VxDopeSheetItem *item) { selectKeys(item, false, -1, VxTimeMax); });
-}
-
-bool DopeSheetKeySelection::hasSelectedKeys() const
-{
-    const VxDopeSheetModel *model = m_view->getSourceModel();
-    return model && model->hasSelectedKeys();
 }
 
 std::vector<SelectedKeys> DopeSheetKeySelection::collect() const

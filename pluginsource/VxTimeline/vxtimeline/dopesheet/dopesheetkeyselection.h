@@ -36,7 +36,6 @@ public:
     void deselectAll() const;
     // The same row by row: keySelectionChanged() is emitted and the selection sent for each.
     void clearRows();
-    bool hasSelectedKeys() const;
 
     // By property, in the order of the rows; only keys in rows that the filter shows.
     std::vector<SelectedKeys> collect() const;

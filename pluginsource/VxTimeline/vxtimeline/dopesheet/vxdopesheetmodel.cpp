@@ -176,11 +176,6 @@ Qt::ItemFlags VxDopeSheetModel::flags(const QModelIndex &index) const
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 }
 
-void VxDopeSheetModel::addNode(VxNode *node)
-{
-    addNode(node, false);
-}
-
 void VxDopeSheetModel::addNode(VxNode *node, bool addChildren)
 {
     if (!node || d->rows.contains(node))

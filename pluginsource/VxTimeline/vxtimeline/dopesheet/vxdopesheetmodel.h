@@ -114,7 +114,7 @@ public Q_SLOTS:
     // its parent; with addChildren those of the nodes below it too. Null and a node that has a
     // row are ignored.
     void addNode(VxNode *node, bool addChildren);
-    void addNode(VxNode *node);
+    void addNode(VxNode *node) { addNode(node, false); }
     void removeNode(VxNode *node);
     void parentChanged(VxNode *node, VxNode *oldParent, VxNode *newParent);
     void objectChanged(VxNode *node, VxObject *oldObject, VxObject *newObject);

@@ -120,10 +120,7 @@ void VxDopeSheetView::currentChanged(const QModelIndex &current, const QModelInd
     QAbstractItemView::currentChanged(current, previous);
     if (!QAccessible::isActive() || !hasFocus())
         return;
-    if (QAccessibleInterface *row = AccessibleSheet::rowOf(this, getItem(current))) {
-        QAccessibleEvent event(row, QAccessible::Focus);
-        QAccessible::updateAccessibility(&event);
-    }
+    AccessibleKeys::report(AccessibleSheet::rowOf(this, getItem(current)), QAccessible::Focus);
 }
 
 void VxDopeSheetView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
@@ -222,11 +219,6 @@ void VxDopeSheetView::ensureNodeVisible(VxNode *node)
         scrollTo(index);
 }
 
-void VxDopeSheetView::updateKeyScopeDisplay()
-{
-    doUpdate();
-}
-
 VxDopeSheetItem *VxDopeSheetView::getItem(const QModelIndex &index) const
 {
     if (!index.isValid())
@@ -289,16 +281,6 @@ void VxDopeSheetView::doUpdate()
     header()->viewport()->update();
 }
 
-VxDopeSheetItem *VxDopeSheetView::searchNext()
-{
-    return nullptr;
-}
-
-VxDopeSheetItem *VxDopeSheetView::searchPrevious()
-{
-    return nullptr;
-}
-
 // The pane's class is declared in a folder that this one must not include.
 void VxDopeSheetView::handleAppStarting()
 {
@@ -357,7 +339,8 @@ void VxDopeSheetView::handleSelectionChanged(const QItemSelection &selected,
 
 bool VxDopeSheetView::hasSelectedKeys() const
 {
-    return d->keys.hasSelectedKeys();
+    const VxDopeSheetModel *rows = getSourceModel();
+    return rows && rows->hasSelectedKeys();
 }
 
 bool VxDopeSheetView::getCommonTension(float *tension) const
@@ -435,11 +418,6 @@ void VxDopeSheetView::copyKeys()
 {
     d->commands.copy();
     Q_EMIT copyContextChanged(hasCopiedKeys());
-}
-
-void VxDopeSheetView::pasteKeys()
-{
-    pasteCopiedKeys();
 }
 
 // Key commands are refused while keys are dragged: the keys' times are not final until the drop.

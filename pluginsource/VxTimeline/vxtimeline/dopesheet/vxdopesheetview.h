@@ -80,8 +80,6 @@ public:
     void ensureNodeVisible(VxNode *node);
     // Opens the rows of a node's properties that have keys, and returns them; none without a row.
     QItemSelection openKeyedProperties(VxNode *node);
-    // Repaints everything that depends on the scope of key creation.
-    void updateKeyScopeDisplay();
 
     // For delegates: false when the present paint event does not include any part of rect. True
     // outside of paint events.
@@ -153,7 +151,7 @@ public Q_SLOTS:
     // Copies the selected keys, replacing the former copy.
     void copyKeys();
     // Sets the copied keys on the rows of the same paths, the earliest one at the current time.
-    void pasteKeys();
+    void pasteKeys() { pasteCopiedKeys(); }
     void deleteKeys();
     // Of the selected keys of float properties; their tension, continuity and bias stay.
     void setInterpType(int type);
@@ -171,8 +169,9 @@ public Q_SLOTS:
     void setKeySelection(bool yesNo, QModelIndex startIndex = QModelIndex(),
                          QModelIndex endIndex = QModelIndex(), VxTime startTime = -1,
                          VxTime endTime = VxTimeMax);
-    VxDopeSheetItem *searchNext();
-    VxDopeSheetItem *searchPrevious();
+    // Both have no effect.
+    VxDopeSheetItem *searchNext() { return nullptr; }
+    VxDopeSheetItem *searchPrevious() { return nullptr; }
     void timeChanged(VxTime time);
     void timerKick();
     void handleAppStarting();

@@ -55,7 +55,7 @@ void TimePaneFilter::setScope(VxTimePane::KeyScope scope, bool isAdvanced)
     m_choices.checkOnly(TimePaneChoice::KeyScopeFamily, scope);
     if (const QAction *action = m_choices.checkedAction(TimePaneChoice::KeyScopeFamily))
         m_controls.keys().scopeButton()->setText(action->text());
-    m_sheet->updateKeyScopeDisplay();
+    m_sheet->doUpdate();
     m_nodes.update();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_sheet->doUpdate();
