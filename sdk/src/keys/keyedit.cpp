@@ -8,16 +8,12 @@
 
 namespace {
 
-template <class T> std::vector<T> picked(const T *from, const int *indexes, std::size_t count)
-{
-    std::vector<T> values(count);
-    std::transform(indexes, indexes + count, values.begin(), [from](int i) { return from[i]; });
-    return values;
-}
-
 template <class T> std::vector<T> picked(const T *from, const std::vector<int> &indexes)
 {
-    return picked(from, indexes.data(), indexes.size());
+    std::vector<T> values(indexes.size());
+    std::transform(indexes.begin(), indexes.end(), values.begin(),
+                   [from](int i) { return from[i]; });
+    return values;
 }
 
 // Ascending indexes as spans, `offset` added to each.
@@ -30,6 +26,13 @@ std::vector<VxKeySpan> spansOf(const std::vector<int> &indexes, int offset)
         ++spans.back().last;
     }
     return spans;
+}
+
+std::vector<VxTime> presentTimes(const VxTime *times, const int *source, int count)
+{
+    std::vector<VxTime> present(static_cast<std::size_t>(count));
+    std::transform(source, source + count, present.begin(), [times](int i) { return times[i]; });
+    return present;
 }
 
 // True for neighbouring keys that keep their order and pass no other key: edits of whole tracks.
@@ -110,7 +113,7 @@ VxKeyResult<V> vxPlanKeyEdit(const VxKeyColumns<V> &keys, const VxKeyEdit<V> &ed
         times = vxPlanKeyTimes(keys.times, keys.count,
                                {edit.source, edit.times, edit.count, edit.origins}, rule);
     else
-        times = picked(keys.times, edit.source, std::size_t(edit.count));
+        times = presentTimes(keys.times, edit.source, edit.count);
     if (times.empty())
         return result;
 

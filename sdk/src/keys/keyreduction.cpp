@@ -32,20 +32,14 @@ int reachOfLine(const VxTime *times, const float *values, int count, int i, doub
     return reach;
 }
 
-/// The samples from each of which a segment reaches the next one, and the last sample.
-template <class Reach> std::vector<int> keysByReach(int count, const Reach &reach)
+std::vector<int> linearKeys(const VxTime *times, const float *values, int count, double error)
 {
     std::vector<int> kept;
-    for (int i = 0; i < count - 1; i = reach(i))
+    for (int i = 0; i < count - 1; i = reachOfLine(times, values, count, i, error))
         kept.push_back(i);
     if (count > 0)
         kept.push_back(count - 1);
     return kept;
-}
-
-std::vector<int> linearKeys(const VxTime *times, const float *values, int count, double error)
-{
-    return keysByReach(count, [=](int i) { return reachOfLine(times, values, count, i, error); });
 }
 
 /// The farthest sample that one segment reaches, by a doubling then halving search.
@@ -66,7 +60,12 @@ template <class Fits> int reachBySteps(int i, int count, const Fits &fits)
 
 template <class Fits> std::vector<int> keysBySteps(int count, const Fits &fits)
 {
-    return keysByReach(count, [&](int i) { return reachBySteps(i, count, fits); });
+    std::vector<int> kept;
+    for (int i = 0; i < count - 1; i = reachBySteps(i, count, fits))
+        kept.push_back(i);
+    if (count > 0)
+        kept.push_back(count - 1);
+    return kept;
 }
 
 TcbChain smoothChain(const KeySamples &samples, double error)
