@@ -22,7 +22,9 @@ APP = [
     ["widgets", "import"],
     ["document"],
     ["recovery", "scenetree", "viewport", "console", "shortcuts"],
-    ["create", "pose", "markers", "preferences"],
+    ["create", "pose"],
+    ["markers"],
+    ["preferences"],
     ["gizmo", "posetools"],
     ["shell"],
 ]

@@ -5,8 +5,8 @@
 
 class QPlainTextEdit;
 
-/// A pane with a sheet of paper that the program keeps: the smallest pane with settings and a slot
-/// for scripts.
+/// A pane with a text that is stored in the settings: the smallest pane with settings and slots for
+/// scripts.
 class NotesPane : public VxPane
 {
     Q_OBJECT
