@@ -11,8 +11,9 @@
 ///
 /// A plain action overrides executeAction(), a checkable one toggleAction(bool); QAction's own
 /// triggered(bool) calls the right one. A class that is checkable but exclusive by value (a choice
-/// among several) overrides executeAction() and returns false from isToggle(). It runs after the
-/// check mark has been flipped: a choice made again is unchecked then, and checks itself.
+/// among several) overrides executeAction() and returns false from isToggle(). The check mark has
+/// changed before executeAction() is called: a choice that is triggered again arrives unchecked and
+/// must check itself.
 ///
 /// The object name is the class name. It is set when the action is added to the action manager, or
 /// at the first init() or updateInlineHelp(): a base class's constructor cannot read the class
@@ -61,8 +62,8 @@ public:
     /// part of the menu path.
     virtual QString getMenuFolder() const;
 
-    /// True for an action on the clipboard of the focused pane: it checks before it takes a key
-    /// press from a text field. False unless overridden.
+    /// True for an action on the clipboard of the focused pane: it checks before it claims a key
+    /// press of a text field. False unless overridden.
     virtual bool isClipboardAction() const;
 
 protected:

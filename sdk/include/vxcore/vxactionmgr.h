@@ -20,8 +20,8 @@ class VxSettings;
 /// A shortcut that is a plain key (an arrow, the space bar, a letter) is left to a focused widget
 /// that uses it: text fields keep editing keys, lists and sliders their navigation keys. A view
 /// along a time axis sets its property "vxTimeAxis" to true, and leaves Left, Right, Home and End
-/// to the shortcuts. Of two actions with one shortcut, which only actions made elsewhere can be,
-/// the one of the widget nearest to the focus runs.
+/// to the shortcuts. Where two actions have the same shortcut (this object manages one of them at
+/// most), the one whose widget is nearest to the focus runs.
 ///
 /// Actions are created once for the application, from the factories of every registered class
 /// that derives from VxAction. They are found by class name; menus refer to them that way, so a

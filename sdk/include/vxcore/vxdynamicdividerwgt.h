@@ -7,10 +7,10 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// Two widgets with a draggable bar between them. The stored state is a ratio, the first widget's
-// share of the space: it survives resizing, hiding and showing the second widget, and size limits
-// of the widgets that apply only at some sizes. A double click on the bar gives both widgets half.
-// The widgets become children of the divider.
+/// Two widgets with a draggable bar between them. The stored state is a ratio, the first widget's
+/// share of the space: it survives resizing, hiding and showing the second widget, and size limits
+/// of the widgets that apply only at some sizes. A double click on the bar gives both widgets half.
+/// The widgets become children of the divider.
 class VXCORE_EXPORT VxDynamicDividerWgt : public QWidget
 {
     Q_OBJECT
@@ -18,51 +18,51 @@ class VXCORE_EXPORT VxDynamicDividerWgt : public QWidget
 
 public:
     enum BarStyle {
-        GripBar, // a bar with a grip
+        GripBar, ///< a bar with a grip
         LineBar  // a thin line
     };
     Q_ENUM(BarStyle)
 
-    // Qt::Vertical puts the first widget above the second, Qt::Horizontal beside it. `name`
-    // becomes the object name, with "Bar" appended that of the bar. Null for a widget leaves its
-    // side empty.
+    /// Qt::Vertical puts the first widget above the second, Qt::Horizontal beside it. `name`
+    /// becomes the object name, with "Bar" appended that of the bar. Null for a widget leaves its
+    /// side empty.
     VxDynamicDividerWgt(QWidget *first, QWidget *second, QWidget *parent = nullptr,
                         Qt::Orientation orientation = Qt::Vertical, const QString &name = QString(),
                         BarStyle barStyle = GripBar);
     ~VxDynamicDividerWgt() override;
 
-    // Null once the widget was deleted or given to another parent.
+    /// Null once the widget was deleted or given to another parent.
     QWidget *firstWidget() const;
     QWidget *secondWidget() const;
     Qt::Orientation orientation() const;
     BarStyle barStyle() const;
 
-    // The margin around everything, in pixels; initially 0, negative values count as 0.
+    /// The margin around everything, in pixels; initially 0, negative values count as 0.
     void setMargin(int margin);
     int margin() const;
-    // The space on either side of the bar, in pixels; initially 0, negative values count as 0.
+    /// The space on either side of the bar, in pixels; initially 0, negative values count as 0.
     void setSpacing(int spacing);
     int spacing() const;
 
-    // With the second widget hidden the first one fills all, and there is no bar.
+    /// With the second widget hidden the first one fills all, and there is no bar.
     void setSecondWidgetHidden(bool hidden);
     bool isSecondWidgetHidden() const;
-    // Without the bar the widgets adjoin and the split is kept.
+    /// Without the bar the widgets adjoin and the split is kept.
     void setBarHidden(bool hidden);
     bool isBarHidden() const;
 
-    // The first widget's share of the space for both, 0 to 1; initially one half. Values outside
-    // are clamped; NaN is refused with a warning.
+    /// The first widget's share of the space for both, 0 to 1; initially one half. Values outside
+    /// are clamped; NaN is refused with a warning.
     void setRatio(double ratio);
     double ratio() const;
-    // The lengths of both widgets along the split as laid out now, in pixels; 0 for a hidden one.
+    /// The lengths of both widgets along the split as laid out now, in pixels; 0 for a hidden one.
     QList<int> sizes() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    // Sent when dragging, a double click or setRatio() changed the ratio.
+    /// Sent when dragging, a double click or setRatio() changed the ratio.
     void ratioChanged(double ratio);
 
 protected:

@@ -17,7 +17,8 @@ namespace VxFileExchange {
 /// place, or the reason says where it is.
 VXCORE_EXPORT bool replace(const QString &complete, const QString &fileName, QString *reason);
 
-/// After a loss of power the folder of a file has its present names. False when that fails.
+/// Synchronises the folder of a file to the disk: its present names survive a loss of power. False
+/// when that fails.
 VXCORE_EXPORT bool synchronizeFolder(const QString &fileName);
 
 /// Finishes an exchange that was interrupted while no file had the name: the new file is put there,
@@ -28,17 +29,18 @@ VXCORE_EXPORT bool finishInterrupted(const QString &fileName);
 VXCORE_EXPORT QString newName(const QString &fileName);
 VXCORE_EXPORT QString oldName(const QString &fileName);
 
-/// The absolute path of a name. Other than by the toolkit's function, ".." after a link to a folder
-/// leads to the parent of the folder that it leads to, as it does when the file is opened.
+/// The absolute path of a name. Unlike with the toolkit's function, ".." after a link to a folder
+/// is the parent of the link's target, as it is when the file is opened.
 VXCORE_EXPORT QString absoluteName(const QString &fileName);
 
 /// The file that a chain of symbolic links leads to, whether or not it exists; the name itself
 /// without a link. No folder in the path is a link, so that two spellings of one file have the same
-/// target. Empty for a circle.
+/// target. Empty for circular links.
 VXCORE_EXPORT QString targetOf(const QString &fileName);
 
-/// Gives an open file the permissions of another one, and its group. Where the user may not give it
-/// that group the user's own may do no more than others. A missing `model` changes nothing.
+/// Gives an open file the permissions and the group of another one. Where the user may not set that
+/// group, the group of the file gets the permissions of others. A missing `model` changes nothing;
+/// true then.
 VXCORE_EXPORT bool applyPermissions(int handle, const QString &model, QString *reason);
 
 /// Copies a file with its permissions, as a whole or not at all. An existing copy is replaced.

@@ -5,6 +5,8 @@
 #include <vxcore/vxnumericproperty.h>
 
 /// A number in single precision with keys of every interpolation type.
+///
+/// Numbers that are not finite are refused, as are unknown interpolation types.
 class VXCORE_EXPORT VxFloatProperty : public VxNumericProperty
 {
     Q_OBJECT
@@ -54,10 +56,11 @@ public:
     /// Drops those of all properties; done whenever the scene's time changes.
     static void dropTransientValues();
 
-    /// The value of a property without keys.
+    /// The value of a property without keys; kept beside keys.
     float getStoredValue() const;
     bool setStoredValue(float value);
 
+    /// 0 when there is no such key.
     float getKeyValue(int index) const;
     bool setKeyValue(int index, float value);
     int getKeyInterpolationType(int index, float *tension = nullptr, float *continuity = nullptr,
@@ -70,7 +73,7 @@ public:
 
     /// All keys as borrowed arrays, valid until the next change of the property's keys.
     VxKeyColumns<float> getKeys() const;
-    /// Makes or replaces many keys in one merge; times strictly ascending.
+    /// Makes or replaces many keys in one merge; times strictly ascending. Values are not limited.
     bool setKeys(const VxKeyColumns<float> &keys);
     /// Replaces all keys within range (ends included) by the given ones; given keys outside of it
     /// merge with the existing ones.
@@ -79,6 +82,7 @@ public:
     bool setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape);
     /// Sets one type for them; each keeps its tension, continuity and bias.
     bool setKeyTypes(const QVector<int> &indexes, int type);
+    /// values[i] is for the key at indexes[i] (ascending, no duplicates).
     bool setKeyValues(const QVector<int> &indexes, const QVector<float> &values);
 
     using VxNumericProperty::getDoubleValue;

@@ -10,7 +10,7 @@ class QWidget;
 ///
 /// A gesture lasts from a press to its release. The release is lost when the widget is hidden,
 /// docked elsewhere or disabled, its window is deactivated or blocked by a dialog, a menu opens,
-/// the focus is lost, or another widget gets the release. Escape drops a gesture, too, whichever
+/// the focus is lost, or another widget gets the release. Escape cancels a gesture, too, whichever
 /// widget has the focus; no other object receives that key press. In all these cases the guard
 /// emits dropped() once, and the owner reverts the changes of the gesture.
 class VXCORE_EXPORT VxGestureGuard : public QObject

@@ -5,7 +5,7 @@
 #include <QtCore/QUuid>
 #include <vxcore/vxcoreglobal.h>
 
-/// The identifier of a class that a plug-in offers: 128 bits, fixed for good once released.
+/// The identifier of a class that a plug-in offers: 128 bits, never changed once released.
 class VXCORE_EXPORT VxGuid
 {
 public:

@@ -28,10 +28,11 @@ public:
     /// See setDoubleValue().
     bool setValue(int value);
     bool setValue(VxTime time, int value);
-    /// The value of a property without keys.
+    /// The value of a property without keys; kept beside keys.
     int getStoredValue() const;
     bool setStoredValue(int value);
 
+    /// 0 when there is no such key.
     int getKeyValue(int index) const;
     bool setKeyValue(int index, int value);
     /// 1 (Constant) for every key; the parameters are set to 0.
@@ -42,6 +43,7 @@ public:
 
     /// All keys as borrowed arrays (types and tcb are null), valid until the next change.
     VxKeyColumns<qint32> getKeys() const;
+    /// As VxFloatProperty::setKeys() and replaceKeys(); types and tcb are ignored.
     bool setKeys(const VxKeyColumns<qint32> &keys);
     bool replaceKeys(const VxTimeRange &range, const VxKeyColumns<qint32> &keys);
 

@@ -28,14 +28,14 @@ public:
 
     /// Applies all items to the scene: in their order, or from the last to the first. False when
     /// the record is damaged, or does not fit the scene; some items may have been applied then.
-    /// The caller holds an undo hold that it rolls back, or drops the scene. Cannot be reverted:
-    /// the removal of nodes whose contents() could not be written.
+    /// The caller rolls back an undo hold, or discards the scene. The removal of nodes whose
+    /// contents() could not be written cannot be reverted.
     bool apply(Direction direction);
 
     bool failed() const { return m_failed; }
     bool atEnd() const { return m_offset >= m_end; }
     VxScene *scene() const { return m_scene; }
-    /// False, always; further reads fail.
+    /// Marks the record as damaged: all further reads fail. Returns false.
     bool fail();
 
     template <class Number> Number number()
@@ -48,11 +48,12 @@ public:
     QString text();
     /// A block of bytes, borrowed; null after a failure.
     const char *block(qint64 bytes);
-    /// Null for none, and after a failure: a node or property that the scene does not have is one.
+    /// Null where none was written, and after a failure; a node or property that the scene does not
+    /// have is a failure.
     VxNode *node();
     VxProperty *property();
     /// What VxJournalWriter::contents() wrote: a node in no scene. Null, and a failure, when that
-    /// cannot be read; so it is here.
+    /// cannot be read. The base always fails, since this library has no format for nodes.
     virtual std::unique_ptr<VxNode> contents();
 
 private:

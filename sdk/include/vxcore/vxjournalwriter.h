@@ -44,7 +44,7 @@ public:
     /// False, and nothing is written, for a property outside of a scene. Null is written as none.
     bool property(const VxProperty *property);
     /// Everything that nodes have: a top node, and nodes below it, parents first. False when that
-    /// cannot be written; so it is here, since this library has no format for it.
+    /// cannot be written. The base returns false, since this library has no format for nodes.
     virtual bool contents(const QVector<VxNode *> &nodes);
 
 private:

@@ -78,7 +78,7 @@ public:
     Q_INVOKABLE void clear();
 
 Q_SIGNALS:
-    /// The selection changed, or the selected keys. Sent once for all changes of a VxChangeBlock,
+    /// The selection or a selected key changed. Sent once for all changes of a VxChangeBlock,
     /// or else of an event loop iteration; at once after set() and clear().
     void changed();
 

@@ -23,9 +23,10 @@ public:
 
     /// The language in use, "en" before setCurrent().
     static QString current();
-    /// Makes an available language current, and its numbers those of QLocale() unless the system's
-    /// are of the same language. Empty: the system's language and numbers. False, and without
-    /// effect, when the language is not available. Texts that are already shown stay as they are.
+    /// Makes an available language current. QLocale() gets the numbers of the language, unless the
+    /// system's numbers are of the same language. Empty: the system's language and numbers. False,
+    /// and without effect, when the language is not available. Texts that are already shown do not
+    /// change.
     static bool setCurrent(const QString &code);
 
     /// Installs translations of resources that were added since the last call.

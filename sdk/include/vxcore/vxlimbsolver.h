@@ -36,11 +36,10 @@ struct VxLimbSolution
 };
 
 /// Solves a two-bone limb for the position of its end: the bend of the middle joint follows from
-/// the
-/// law of cosines, then the shortest rotation about the root aims the end at the target (the
+/// the law of cosines, then the shortest rotation about the root aims the end at the target (the
 /// analytic solution of Tolani, Goswami and Badler, Real-time inverse kinematics techniques for
-/// anthropomorphic limbs, 2000, with the swivel angle left as it is). So the plane of the bend
-/// changes as little as possible, and a target at the end leaves the limb as it is.
+/// anthropomorphic limbs, 2000, with the swivel angle unchanged). So the plane of the bend changes
+/// as little as possible, and a target at the end leaves the limb unchanged.
 ///
 /// `bendAxis` is the axis about which a straight limb bends, in the same space; it need not be
 /// perpendicular to the limb, and is not used while the limb is bent. A target that is too far

@@ -9,6 +9,11 @@
 /// value = linked value * factor + offset. A terminal link adds to it: the property's own value
 /// and keys count, and linked value * factor + offset is added; a search for the source of the
 /// value ends there.
+///
+/// Functions that change values or keys return false (or 0, where they return a number of keys) and
+/// change nothing when they are refused: the property or its key holder is locked, indexes are out
+/// of range or not in order, times are not in order, or keys would be made and the property is not
+/// animatable.
 class VXCORE_EXPORT VxNumericProperty : public VxProperty
 {
     Q_OBJECT

@@ -127,11 +127,13 @@ public:
 
     /// Removes every key with a time in the range, ends included. Returns how many.
     virtual int deleteKeys(const VxTimeRange &range);
-    /// Removes the keys from first to last, both included. Indexes outside are clamped.
+    /// Removes the keys from first to last, both included. Indexes outside are clamped. Returns how
+    /// many.
     virtual int deleteKeys(int first, int last);
-    /// Removes the keys at the given indexes (ascending, no duplicates) in one pass.
+    /// Removes the keys at the given indexes (ascending, no duplicates) in one pass. Returns how
+    /// many; 0, and nothing changes, when an index is out of range.
     virtual int deleteKeys(const QVector<int> &indexes);
-    /// Removes every key.
+    /// Removes every key. Returns how many.
     Q_INVOKABLE int deleteAllKeys();
 
 Q_SIGNALS:

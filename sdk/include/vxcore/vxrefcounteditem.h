@@ -5,9 +5,9 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// Base of reference-counted objects. The count is in the object, so that a plain pointer can be
-// turned into an owning one at any time. A new item has one owner, its maker. The count is atomic:
-// owners on several threads may release it at the same time, the last one deletes.
+/// Base of reference-counted objects. The count is in the object, so that a plain pointer can be
+/// turned into an owning one at any time. A new item has one owner, its maker. The count is atomic:
+/// owners on several threads may release it at the same time, the last one deletes.
 class VXCORE_EXPORT VxRefCountedItem
 {
 public:
@@ -15,11 +15,11 @@ public:
     VxRefCountedItem(const VxRefCountedItem &) = delete;
     VxRefCountedItem &operator=(const VxRefCountedItem &) = delete;
 
-    // Adds an owner.
+    /// Adds an owner.
     void ref();
-    // Removes an owner. Deletes the item with the last one: do not use it afterwards.
+    /// Removes an owner. Deletes the item with the last one: do not use it afterwards.
     void unref();
-    // The number of owners, at least 1.
+    /// The number of owners, at least 1.
     int refCount() const;
 
 protected:

@@ -8,8 +8,8 @@
 #include <vxcore/vxcoreglobal.h>
 
 /// A file that replaces another one atomically: it is written beside it and put into its place when
-/// it is complete, see VxFileExchange. The first failure is stored with its reason and prevents
-/// that.
+/// it is complete, see VxFileExchange. The first failure is stored with its reason and prevents the
+/// replacement.
 ///
 /// The file keeps the permissions of the former one, and its group where the user may give it that
 /// one. A symbolic link stays, and the file that it leads to is replaced. A file that is read-only
@@ -54,7 +54,7 @@ private:
     bool synchronize();
     bool fail(const QString &reason);
 
-    const QString m_name; // the file to be replaced, which no link leads on
+    const QString m_name; // the file to be replaced, links resolved
     QFile m_file;         // the new one
     QString m_model;      // whose permissions it gets; empty for a private one
     QByteArray m_buffer;

@@ -5,9 +5,9 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-// A container whose background is drawn by the style, so that a style sheet can give it a
-// background, a border and a box by its object name. A plain subclass of QWidget ignores them.
-// Without a style sheet it is as transparent as any QWidget.
+/// A container whose background is drawn by the style, so that a style sheet can give it a
+/// background, a border and a box by its object name. A plain subclass of QWidget ignores them.
+/// Without a style sheet it is as transparent as any QWidget.
 class VXCORE_EXPORT VxStyledWidget : public QWidget
 {
     Q_OBJECT

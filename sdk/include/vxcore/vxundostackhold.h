@@ -14,7 +14,7 @@ class VXCORE_EXPORT VxUndoStackHold
 {
 public:
     VxUndoStackHold();
-    /// Drops the hold when it was neither accepted nor cancelled.
+    /// Cancels the hold unless it has ended.
     ~VxUndoStackHold();
 
     /// Ends the hold and records everything since its beginning as one entry. A hold in which
@@ -22,7 +22,7 @@ public:
     void accept(const QString &text);
     /// Ends the hold without an entry; the changes stay.
     void cancel();
-    /// Ends the hold without an entry and reverts all changes since its beginning, to drop a
+    /// Ends the hold without an entry and reverts all changes since its beginning, to cancel a
     /// gesture. False within another hold, whose changes cannot be separated from these: then it
     /// only ends, as with cancel().
     bool rollBack();
