@@ -6,7 +6,7 @@
 #include <QHash>
 #include <QString>
 
-/// Data of COLLADA files that the reading library drops, taken from the text itself.
+/// Data of COLLADA files that the reading library drops, read from the text itself.
 struct ColladaInfo
 {
     struct Node

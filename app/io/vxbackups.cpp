@@ -74,8 +74,8 @@ bool VxBackups::isSameAsPresent(const QString &other) const
     return present.error() == QFile::NoError;
 }
 
-/** Not where the file cannot be renamed, as another user's one in some folders: it is overwritten
- * in place then, and what a link leads to with it. */
+/** False for a file of another user: where a save cannot rename it, the file is overwritten in
+ * place, and the contents of its hard links with it. */
 bool VxBackups::linkAs(const QString &backup) const
 {
     const QByteArray file = QFile::encodeName(m_file);

@@ -20,9 +20,9 @@ public:
     /// are left as they are.
     VxBackups(const QString &fileName, int count);
 
-    /// Preserves the present file, without its contents being written again where the file system
-    /// has hard links. True, and nothing is done, for a missing file and a count of 0. False with
-    /// the reason, without a full stop.
+    /// Preserves the present file: by a hard link where the file system has them, else by a copy.
+    /// True, and nothing is done, for a missing file and a count of 0. False with the reason,
+    /// without a full stop.
     bool preserve(QString *reason);
     /// After the file was saved: a preserved version with the same contents is removed; any other
     /// becomes number 1, and each other one the next number, up to the first number that is free;
@@ -32,7 +32,8 @@ public:
     /// After the file could not be saved: removes the preserved version.
     void drop() const;
 
-    /// The existing file that this one has the name of a version of; empty when there is none.
+    /// The file that `fileName` is a former version of, by its name; empty when it is none, or when
+    /// that file does not exist.
     static QString originalOf(const QString &fileName);
 
     /// The name of a version; number 1 is the latest.

@@ -17,8 +17,8 @@ enum class VxBvhChannel : quint8 {
 
 constexpr int VxBvhChannelKinds = 6;
 
-/// Joints nested deeper than this are refused: no figure needs it, and code that walks a scene may
-/// be recursive.
+/// Joints nested deeper than this are refused: no figure needs it, and code that traverses a scene
+/// may be recursive.
 constexpr std::size_t VxBvhMaxDepth = 512;
 
 inline bool vxBvhIsRotation(VxBvhChannel channel)

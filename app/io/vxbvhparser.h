@@ -63,7 +63,7 @@ private:
     bool parseFrame(int frame, float *row);
     void noteRow(bool startsFrame, int frame, qint64 line);
     bool failTooFew(int frame, int channel);
-    bool leaveOutSurplusFrames();
+    bool skipSurplusFrames();
     bool failTooMany();
     bool report();
 

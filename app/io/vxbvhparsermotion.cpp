@@ -123,12 +123,12 @@ bool VxBvhParser::parseMotion()
         if (!report())
             return false;
     }
-    return m_tokens.isAtEnd() || leaveOutSurplusFrames() || failTooMany();
+    return m_tokens.isAtEnd() || skipSurplusFrames() || failTooMany();
 }
 
 // Some programs write a frame more than they declare. Rows of exactly one frame each are
 // unambiguous, so such rows at the end are skipped and counted.
-bool VxBvhParser::leaveOutSurplusFrames()
+bool VxBvhParser::skipSurplusFrames()
 {
     const VxBvhTokenizer before = m_tokens;
     if (m_channelCount == 0 || m_irregularLine >= 0 || m_tokens.peek().line == m_valueLine)

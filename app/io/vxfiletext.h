@@ -5,10 +5,10 @@
 #include <QLoggingCategory>
 #include <string_view>
 
-/// What was read and written, "vx.files".
+/// The log of files read and written, "vx.files".
 Q_DECLARE_LOGGING_CATEGORY(vxFilesLog)
 
-/// Translation context of what the readers and writers of files show to users.
+/// The translation context of the texts of readers and writers of files.
 class VxFileText
 {
     Q_DECLARE_TR_FUNCTIONS(VxFileText)

@@ -33,7 +33,7 @@ struct VxCameraState
 };
 
 /// The camera that a scene was viewed with last, part of the document. None in a cleared scene and
-/// until somebody moves the camera. Looking around is no edit: nothing is recorded for undo.
+/// until the camera is moved. Moving it is no edit: nothing is recorded for undo.
 class VxSceneCamera : public QObject
 {
     Q_OBJECT

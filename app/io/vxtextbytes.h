@@ -16,7 +16,7 @@ inline bool vxEndsLine(const char *at, const char *end)
     return *at == '\n' || (*at == '\r' && (at + 1 == end || at[1] != '\n'));
 }
 
-/// The number of lines that end in the part of a text before `place`.
+/// The number of line ends in a text from `begin` to before `place`; `end` is the text's end.
 inline qint64 vxLinesBefore(const char *begin, const char *place, const char *end)
 {
     qint64 lines = 0;

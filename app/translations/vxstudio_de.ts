@@ -3390,10 +3390,6 @@ Exit codes:
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The column &quot;%1&quot; is there twice.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The column &quot;start&quot; is missing.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -20,12 +20,12 @@
 ///
 /// - Times are seconds, ascending for each property. Positions include the node's origin, angles
 ///   are in degrees, scales and morphs are factors (1 is 100 %).
-/// - node: the node's name; the second node of the same name has `\2` behind it, and so on. A `\`
+/// - node: the node's name; the second node of the same name is followed by `\2`, and so on. A `\`
 ///   in a name is written as `\\`.
 /// - parent: the node above, in the same form, which must occur earlier; empty is none, or the one
-///   that another row gives.
-/// - kind: node, figure or bone; empty is node, or what another row says.
-/// - order: the rotation order, as VxNode has it; empty is XYZ, or what another row says.
+///   of another row.
+/// - kind: node, figure or bone; empty is node, or that of another row.
+/// - order: the rotation order, as VxNode has it; empty is XYZ, or that of another row.
 /// - property: x position ... z position, x rotation ..., x scale ..., scale (of all axes), x end
 ///   ... (where a bone ends; without keys), visible (0 or 1; without keys), morph:NAME,
 ///   property:NAME, or property:/GROUP/NAME in a group other than "/Custom". A `/` in a name is

@@ -65,7 +65,7 @@ bool MarkerReading::readHeader()
                 i, VxFileText::tr("Unknown column \"%1\"; expected name, start, end and colour.")
                        .arg(VxFileText::shown(m_rows.cell(i))));
         if (m_places[column] >= 0)
-            return m_rows.fail(i, VxFileText::tr("The column \"%1\" is there twice.").arg(name));
+            return m_rows.fail(i, VxFileText::tr("The column \"%1\" occurs twice.").arg(name));
         m_places[column] = i;
     }
     return m_places[StartCell] >= 0 ||

@@ -52,7 +52,7 @@ public:
     const VxFileError &error() const { return m_curves.error(); }
 
 private:
-    // What one layer says about the target.
+    // The contribution of one layer to the target.
     struct Part
     {
         const VxFbxLayer *layer;

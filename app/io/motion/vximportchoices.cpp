@@ -26,7 +26,7 @@ void collect(const VxElement *element, std::vector<VxFloatProperty *> *propertie
     }
 }
 
-/** By name: asking a node for a control that it has not made would make it. */
+/** By name: the node's getter would make a control that does not exist yet. */
 bool isRotation(const VxFloatProperty *property)
 {
     const int control = qobject_cast<VxNode *>(property->getOwner())

@@ -42,7 +42,7 @@ struct VxImportReport
     qint64 keysBefore = 0; ///< numbers of keys in the file; a rotation counts three
     qint64 keysAfter = 0;
     qint64 offFrameKeys = 0; ///< of these, keys between frames of the scene
-    qint64 mergedKeys = 0;   ///< fell on the tick of another one
+    qint64 mergedKeys = 0;   ///< left out, because another key is on their tick
     double angleError = 0.0; ///< largest, in degrees
     double valueError = 0.0; ///< largest of the other channels, as a part of the channel's range
 

@@ -123,7 +123,7 @@ void VxMotionChannels::addValueKeys(const Target &target, const Sources &sources
         keys = vxKeysOf(points, std::max(ValueTolerance * rangeOf(points), 1e-9));
     countError(points, keys, false);
     VxFloatProperty *property = control(node, target.target);
-    give(property ? property : furtherProperty(node, data, target.target, target.index), keys);
+    setKeys(property ? property : furtherProperty(node, data, target.target, target.index), keys);
 }
 
 bool VxMotionChannels::addRotationKeys(const Target &target, const Sources &sources, VxNode *node)
@@ -171,7 +171,7 @@ bool VxMotionChannels::addRotationKeys(const Target &target, const Sources &sour
         if (keys.times.empty())
             keys = vxKeysOf(points[axis], AngleFitTolerance);
         countError(points[axis], keys, true);
-        give(control(node, axes[axis]), keys);
+        setKeys(control(node, axes[axis]), keys);
     }
     return true;
 }
@@ -190,7 +190,7 @@ void VxMotionChannels::countError(const VxMotionPoints &points, const VxFittedKe
     m_report->mergedKeys += points.merged;
 }
 
-void VxMotionChannels::give(VxFloatProperty *property, const VxFittedKeys &keys)
+void VxMotionChannels::setKeys(VxFloatProperty *property, const VxFittedKeys &keys)
 {
     property->setKeys(keys.columns());
     ++m_report->channels;

@@ -47,7 +47,7 @@ private:
     bool addRotationKeys(const Target &target, const Sources &sources, VxNode *node);
     void appendClip(const Sources &sources, std::size_t clip, VxMotionTarget target, double rest,
                     VxMotionPoints *points) const;
-    void give(VxFloatProperty *property, const VxFittedKeys &keys);
+    void setKeys(VxFloatProperty *property, const VxFittedKeys &keys);
     void countError(const VxMotionPoints &points, const VxFittedKeys &keys, bool isAngle);
 
     const VxImportedMotion &m_motion;

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-/// The way to add motion to a scene.
+/// How motion is added to a scene.
 struct VxMotionEntry
 {
     /// The new nodes replace everything, history included, as one load, instead of being added as

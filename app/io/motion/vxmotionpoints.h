@@ -25,7 +25,7 @@ void vxAppendCurve(const VxMotionCurve &curve, double offset, VxMotionPoints *po
 /// The same for a rotation track, as angles about X, Y and Z in an order. They begin with the
 /// triple nearest to `rest` and continue without jumps. Keys are added where the angles between
 /// two keys would differ from the track's rotation by more than `tolerance` degrees.
-/// maxPoints: for each axis; false when they would not do.
+/// maxPoints: for each axis; false when more would be needed.
 bool vxAppendRotation(const VxMotionRotationTrack &track, double offset, VxRotationOrder order,
                       const VxEuler &rest, double tolerance, std::size_t maxPoints,
                       std::array<VxMotionPoints, 3> *points);

@@ -35,8 +35,8 @@ public:
 
     bool start(const QString &program, const VxMotionBuildOptions &options, VxFileError *error);
     bool wait(VxFileError *error);
-    bool take(const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
-              VxFileError *error) const;
+    bool readAnswer(const VxFileProgress &progress, VxSceneContents *contents,
+                    VxImportReport *report, VxFileError *error) const;
 
 private:
     bool readMessages(VxFileError *error);
@@ -158,8 +158,8 @@ bool Run::wait(VxFileError *error)
     return readMessages(error) && checkEnd(error);
 }
 
-bool Run::take(const VxFileProgress &progress, VxSceneContents *contents, VxImportReport *report,
-               VxFileError *error) const
+bool Run::readAnswer(const VxFileProgress &progress, VxSceneContents *contents,
+                     VxImportReport *report, VxFileError *error) const
 {
     VxSceneReader reader;
     reader.setProgress(partOfProgress(progress, WorkPercent, 100));
@@ -195,7 +195,7 @@ bool VxImportWorker::run(const QString &fileName, const VxMotionBuildOptions &op
 {
     Run run(fileName, m_limits, progress);
     const bool done = run.start(m_program, options, error) && run.wait(error) &&
-                      run.take(progress, contents, report, error);
+                      run.readAnswer(progress, contents, report, error);
     error->file = fileName;
     return done;
 }

@@ -104,7 +104,6 @@ KeyToolResult removeSpikes(const KeyToolArguments &arguments)
     return run.finish(KeyToolText::tr("Remove Spikes"));
 }
 
-/// A percentage of the keys is reached by the least error that does it.
 QStringList reduceScopes()
 {
     return {KeyToolText::tr("Selected"), KeyToolText::tr("Figure"),
@@ -123,6 +122,7 @@ QString targetsOfReduce(const QVariantMap &texts)
     return targetsOf(qMax(0, reduceScopes().indexOf(texts["scope"].toString()))).description();
 }
 
+/// The error is in the unit of the values; a percentage is that of the keys that remain.
 KeyToolResult reduce(const KeyToolArguments &arguments)
 {
     KeyToolRun run(targetsOf(arguments.choice("scope")));

@@ -13,7 +13,7 @@ constexpr double LongestStep = 2;
 // Of straight segments for a smooth curve, from which the first step follows.
 constexpr double UsualSlope = -0.5;
 constexpr double LeastSlope = -0.05;
-constexpr int MostInterpolations = 10;
+constexpr int MaxInterpolations = 10;
 
 double logarithmOf(double keys)
 {
@@ -71,7 +71,7 @@ void ErrorSearch::choose()
     const double margin = 0.9 * Precision;
     const bool isBetween = m_low.isKnown && m_high.isKnown;
     const double width = m_high.error - m_low.error;
-    if (m_tries > MostInterpolations || width <= 2 * margin) {
+    if (m_tries > MaxInterpolations || width <= 2 * margin) {
         m_next = (m_low.error + m_high.error) / 2;
         return;
     }

@@ -4,7 +4,7 @@
 /// Searches the least error with which a reduction leaves at most a number of keys, within 0.2 %.
 ///
 /// The number of keys falls as the error grows, about by a power of it: the search interpolates
-/// logarithms, and halves what is left where that is slow. A few exceptions do no harm.
+/// logarithms, and halves the interval where that is slow. The number may rise in a few places.
 ///
 ///     while (!search.isDone())
 ///         search.add(numberOfKeysAt(search.next()));

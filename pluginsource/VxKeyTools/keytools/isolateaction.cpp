@@ -8,11 +8,11 @@
 #include <vxcore/vxscene.h>
 
 VxKeyToolsIsolateAction::VxKeyToolsIsolateAction()
-    : KeysMenuAction(
-          tr("Isolate Selected Nodes"),
-          tr("Shows the rows and curves of the selected nodes alone; again, or Escape: of all. "
-             "Alt with a click in the viewport isolates a node."),
-          QT_TRANSLATE_NOOP("VxMenuPath", "Select"), "Shift+I")
+    : KeysMenuAction(tr("Isolate Selected Nodes"),
+                     tr("Shows only the rows and curves of the selected nodes. The same command or "
+                        "Escape shows "
+                        "all. Alt with a click in the viewport isolates a node."),
+                     QT_TRANSLATE_NOOP("VxMenuPath", "Select"), "Shift+I")
 {
     setCheckable(true);
 }

@@ -3,7 +3,8 @@
 
 #include "keytools/keysmenuaction.h"
 
-/// Shows the rows and curves of the selected nodes alone in the timeline; again: of all nodes.
+/// Shows only the rows and curves of the selected nodes in the timeline; a second trigger shows
+/// all.
 class VxKeyToolsIsolateAction : public KeysMenuAction
 {
     Q_OBJECT

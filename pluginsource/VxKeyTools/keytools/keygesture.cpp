@@ -145,12 +145,12 @@ void KeyGesture::cancel()
     vxShowStatusMessage(KeyToolText::tr("%1 was cancelled.").arg(m_amount.tool().label));
 }
 
-// A shortcut must not change the scene in mid gesture: all keys are the gesture's.
+// A shortcut must not change the scene during the gesture, which claims all keys.
 bool KeyGesture::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride)
         event->accept();
-    // Tab must not lead to another widget, which would drop the gesture.
+    // Tab must not move the focus, whose loss would cancel the gesture.
     if (event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent *>(event));
         return true;
@@ -200,8 +200,8 @@ bool KeyGesture::step(const QKeyEvent &event)
     return true;
 }
 
-// The gesture ends at the release, which must not get to the widget below. The wheel has no effect:
-// the axis stays.
+// The gesture ends at the release, which the widget below must not receive. The wheel has no
+// effect: the axis does not change.
 bool KeyGesture::handleMouse(const QEvent *event)
 {
     const auto mouse = [event]() -> const QMouseEvent & {

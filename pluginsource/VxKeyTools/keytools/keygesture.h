@@ -62,10 +62,10 @@ private:
     KeyMarkerSnap m_markers;
     double m_valuePerPixel = 0;
     QPointer<QObject> m_window; // source of the mouse events
-    bool m_hasMouse = false;    // it was seen
-    QPointF m_origin;           // where it was seen first
-    QPointF m_mouse;            // as last seen
-    QPointF m_pixel;            // where the slowed-down mouse would be
+    bool m_hasMouse = false;    // a mouse event was received
+    QPointF m_origin;           // position of the first one
+    QPointF m_mouse;            // position of the last one
+    QPointF m_pixel;            // the same with the slower movement of Ctrl
     QString m_text;
     bool m_isOpen = true;
     Qt::MouseButton m_pressed = Qt::NoButton;

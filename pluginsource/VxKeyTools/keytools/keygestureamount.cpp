@@ -167,6 +167,6 @@ QString KeyGestureAmount::text() const
         m_kind == KeyGestureKind::MoveValues ? KeyToolText::tr("Change Values") : tool().label;
     const QString text = label + QLatin1Char(' ') + amountText();
     if (!isReadable())
-        return KeyToolText::tr("%1 (not a usable amount)").arg(text);
+        return KeyToolText::tr("%1 (invalid amount)").arg(text);
     return isScale() ? KeyToolText::tr("%1 about %2").arg(text, pivotName()) : text;
 }

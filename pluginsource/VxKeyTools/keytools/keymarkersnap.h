@@ -17,7 +17,7 @@ public:
     /// `reach` beside it; null for none.
     std::optional<double> offset(double offset, double reach) const;
     /// The factor, for distances from `pivot`, by which the first or the last key moves to a
-    /// marker, at most `reach` beside its place by `factor`; the nearer of both. Null for none.
+    /// marker that is at most `reach` from its time by `factor`; the nearer of both. Null for none.
     std::optional<double> factor(double factor, double pivot, double reach) const;
 
 private:

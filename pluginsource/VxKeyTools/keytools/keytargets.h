@@ -51,7 +51,7 @@ struct KeyTargets
     /// Such as "12 selected keys of 3 channels", for the status line.
     QString description() const;
 
-    /// Whose keys are meant where none are selected.
+    /// The nodes whose keys are the targets where no keys are selected.
     enum Owner { SelectedNodes, Figures, Scene };
 
     std::vector<KeyTarget> tracks; ///< each key holder once, none without keys

@@ -22,7 +22,7 @@ struct KeyToolResult
     int keys = 0;     ///< number of target keys
     int channels = 0; ///< their properties
     int after = 0;    ///< number of resulting keys
-    int merged = 0;   ///< keys replaced because another took their time
+    int merged = 0;   ///< keys replaced by another one at their time
     double error = 0; ///< the largest distance from the former curve, of tools that measure it
 };
 

@@ -18,7 +18,6 @@ class VxNode;
 ///
 /// Linear keys replace the limb's other keys on every frame of span and falloff. At both ends the
 /// limb is unchanged; the smooth segments beside them have new neighbours and change a little.
-/// little.
 class LimbPin
 {
 public:

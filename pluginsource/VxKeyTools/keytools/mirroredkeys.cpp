@@ -41,7 +41,7 @@ std::vector<VxTime> mergedTimes(const std::vector<VxTime> &a, const std::vector<
     return times;
 }
 
-/// Gives keys at the times that the copied ones have too their shape.
+/// Copies the shapes of keys at the same times.
 void setShapes(const VxCopiedKeys &copied, VxCopiedKeys *keys)
 {
     if (!copied.tcb.empty())

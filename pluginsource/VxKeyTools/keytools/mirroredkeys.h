@@ -20,12 +20,13 @@ struct MirroredKeys
 /// one copied control, exchanged or negated, with their times and shapes. Where the three angles of
 /// a rotation depend on each other, all three get keys at each time at which one of the copied ones
 /// has a key: of the type of that key, and with the angles nearest to those before. The same holds
-/// for a translation and for the scales of the axes. What was not copied of the three is taken from
-/// the source node as it is now.
+/// for a translation and for the scales of the axes. Channels of the three that were not copied
+/// have the present values of the source node.
 class CopiedNodeKeys
 {
 public:
-    /// node: null when it is gone; what was not copied has the values of the rest pose then.
+    /// node: null when it was destroyed; channels that were not copied then have the values of the
+    /// rest pose.
     CopiedNodeKeys(const VxNode *node, const VxJointRest &rest);
 
     /// Adds keys, which must outlive the object. Of several for one control the first ones count.

@@ -61,7 +61,7 @@ const MirroredPaste::Figure &MirroredPaste::figureOf(VxNode *root)
     return *figure;
 }
 
-/** A source that is gone is replaced by the node of its name in the target figure. */
+/** A source that was destroyed is replaced by the node of its name in the target figure. */
 void MirroredPaste::add(const Source &source, const Figure &target, VxTime start)
 {
     const Figure &own = source.root ? figureOf(source.root) : target;

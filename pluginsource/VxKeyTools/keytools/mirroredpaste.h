@@ -31,7 +31,7 @@ private:
     struct Source
     {
         QString name;
-        VxNode *node = nullptr; ///< null when it is gone
+        VxNode *node = nullptr; ///< null when it was destroyed
         VxNode *root = nullptr; ///< of its figure
         std::vector<const VxCopiedKeys *> keys;
     };

@@ -101,7 +101,7 @@ KeyToolResult finish(const QString &action, const KeyPaste &paste, const QString
                          ? KeyToolText::tr("%1: %2 on %n channels", nullptr, result.channels)
                                .arg(action)
                                .arg(result.keys)
-                         : KeyToolText::tr("%1: no property takes the keys").arg(action);
+                         : KeyToolText::tr("%1: no property accepts the keys").arg(action);
     result.message += notes;
     if (paste.skipped() > 0)
         result.message +=

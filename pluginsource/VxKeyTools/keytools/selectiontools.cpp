@@ -9,9 +9,9 @@
 
 namespace {
 
-/// Selects exactly those candidate keys for which `takes` is true; its arguments are the property,
-/// the key's index and whether the key is selected now.
-template <class Takes> KeyToolResult selectKeys(const QString &label, const Takes &takes)
+/// Selects exactly those candidate keys that `accepts` returns true for; its arguments are the
+/// property, the key's index and whether the key is selected now.
+template <class Accepts> KeyToolResult selectKeys(const QString &label, const Accepts &accepts)
 {
     KeyToolResult result;
     VxKeySelection *selection = VxKeySelection::current();
@@ -27,7 +27,7 @@ template <class Takes> KeyToolResult selectKeys(const QString &label, const Take
             while (span < former.size() && former[span].last <= i)
                 ++span;
             const bool isSelected = span < former.size() && former[span].first <= i;
-            if (!takes(*track.property, i, isSelected))
+            if (!accepts(*track.property, i, isSelected))
                 continue;
             ++result.keys;
             if (!entry.spans.empty() && entry.spans.back().last == i)

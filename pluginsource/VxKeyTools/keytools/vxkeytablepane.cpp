@@ -23,7 +23,7 @@ namespace {
 
 constexpr int RowPadding = 4; // pixels, of a row's height
 
-/// A table whose copy and paste are the pane's.
+/// A table that passes copy and paste to the pane.
 class KeyTableView : public QTableView
 {
 public:
@@ -62,7 +62,7 @@ private:
 
 } // namespace
 
-/// Edits cells as text and gives what was typed to the pane.
+/// Edits cells as text and passes the typed text to the pane.
 class KeyTableDelegate : public QStyledItemDelegate
 {
 public:
@@ -222,7 +222,7 @@ void VxKeyTablePane::refresh()
     d->message->setText(tr("Shows %1.").arg(d->model.rows().targets().description()));
 }
 
-// What was typed or pasted belongs to the keys that the table shows.
+// Typed and pasted texts are for the keys that the table shows.
 bool VxKeyTablePane::isCurrent()
 {
     if (!d->model.isStale())

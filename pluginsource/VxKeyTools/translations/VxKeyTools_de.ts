@@ -168,10 +168,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>%1 (not a usable amount)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1 about %2</source>
         <translation type="unfinished"></translation>
     </message>
@@ -265,10 +261,6 @@
     </message>
     <message>
         <source>select nodes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: no property takes the keys</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -798,6 +790,14 @@
         <source>Pin Joint: %1, largest distance %L2 % of the limb</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%1 (invalid amount)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: no property accepts the keys</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>VxKeyTableAction</name>
@@ -879,11 +879,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Shows the rows and curves of the selected nodes alone; again, or Escape: of all. Alt with a click in the viewport isolates a node.</source>
+        <source>Isolate: select nodes</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Isolate: select nodes</source>
+        <source>Shows only the rows and curves of the selected nodes. The same command or Escape shows all. Alt with a click in the viewport isolates a node.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

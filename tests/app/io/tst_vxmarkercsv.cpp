@@ -103,7 +103,7 @@ void tst_VxMarkerCsv::errors_data()
     row("empty", "", -1, -1, "The file is empty");
     row("no header", "a,1,2,#ff0000\n", 1, 1, "Unknown column \"a\"");
     row("unknown column", "name,start,length\n", 1, 3, "Unknown column \"length\"");
-    row("a column twice", "start,color,colour\n", 1, 3, "is there twice");
+    row("a column twice", "start,color,colour\n", 1, 3, "occurs twice");
     row("no start column", "name,end\n", 1, 1, "\"start\" is missing");
     row("no start", "name,start\na,1\nb,\n", 3, 2, "The start is missing");
     row("no time", "name,start\na,soon\n", 2, 2, "\"soon\" is not a time");

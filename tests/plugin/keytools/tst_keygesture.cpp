@@ -340,7 +340,7 @@ void tst_KeyGesture::headUpLine()
                                                     "keys on 1 channel; 1 overwritten"),
              qPrintable(stage.gesture->headUpText()));
     stage.type("-");
-    QVERIFY(stage.gesture->headUpText().contains("not a usable amount"));
+    QVERIFY(stage.gesture->headUpText().contains("invalid amount"));
 }
 
 void tst_KeyGesture::accepts_data()
@@ -458,7 +458,7 @@ void tst_KeyGesture::nothingToEdit()
     stage.draw("a b");
     QVERIFY(!stage.begin(KeyGestureKind::Move));
     stage.draw("A b");
-    // A gesture of somebody else is in progress, or this one.
+    // Another gesture is in progress, or this one.
     {
         const VxUndoStackHold hold;
         QVERIFY(!stage.begin(KeyGestureKind::Move));

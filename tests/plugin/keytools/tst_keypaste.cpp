@@ -107,7 +107,7 @@ void tst_KeyPaste::refusals()
     stage.keeper.copied.pop_back();
     stage.keeper.copied[0].property = "Nowhere";
     QCOMPARE(stage.run("KeyTools.paste().message"),
-             QString("Paste Keys: no property takes the keys; not found: 1"));
+             QString("Paste Keys: no property accepts the keys; not found: 1"));
     QCOMPARE(other->getXPosControl()->getNumKeys(), 1);
 }
 
@@ -152,7 +152,7 @@ void tst_KeyPaste::lockedIsSkipped()
     other->getXPosControl()->setLocked(true);
     other->select();
     QCOMPARE(stage.run("KeyTools.paste({mode: 2}).message"),
-             QString("Paste Keys: no property takes the keys (1 locked or linked skipped)"));
+             QString("Paste Keys: no property accepts the keys (1 locked or linked skipped)"));
     QCOMPARE(other->getXPosControl()->getNumKeys(), 0);
 }
 

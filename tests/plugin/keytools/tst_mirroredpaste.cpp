@@ -123,7 +123,7 @@ private:
             return vxRotation(VxEuler{angle(m_random), angle(m_random), angle(m_random)},
                               VxRotationOrder::ZYX);
         }
-        // Those of the left arm lie along it; the right ones are their mirror image with X
+        // Those of the left arm are along it; the right ones are their mirror image with X
         // reversed.
         const QString name = QString::fromLatin1(joints[joint].name);
         if (!name.startsWith("Left") && !name.startsWith("Right"))
@@ -448,7 +448,8 @@ void tst_MirroredPaste::anotherFigure()
                      "not found: LeftHand"));
     QCOMPARE(arm->getXPosControl()->getKeyValue(0), -5.0F);
     QCOMPARE(figure.partner(2)->getXPosControl()->getNumKeys(), 0);
-    // A copied node that is gone: by the rest pose of the node of its name in the other figure.
+    // A copied node that was destroyed: by the rest pose of the node of its name in the other
+    // figure.
     auto *own = new VxBone("LeftArm_2");
     vxScene->addNode(own, second);
     stage.keeper.copied.resize(1);
@@ -479,7 +480,7 @@ void tst_MirroredPaste::messages()
     vxApp->getUndoStack()->clear();
     QCOMPARE(
         stage.run("var r = KeyTools.pasteMirrored(); r.done + ' ' + r.message"),
-        QString("false Paste Mirrored: no property takes the keys; nodes: 1 to the other side, "
+        QString("false Paste Mirrored: no property accepts the keys; nodes: 1 to the other side, "
                 "0 in place; not found: LeftTail1, LeftTail2, LeftTail3, LeftTail4, LeftTail5 "
                 "and 2 more; properties not found: 1 (1 locked or linked skipped)"));
     QCOMPARE(KeyToolStage::snapshot(), start);
