@@ -1,31 +1,10 @@
-#include "testing/keytimes.h"
+#include "ballpanetestbase.h"
 #include "testing/vxtestmain.h"
-#include "timepanetestbase.h"
 
-#include <QtCore/QTimer>
 #include <QtWidgets/QDoubleSpinBox>
-#include <QtWidgets/QHeaderView>
-#include <vxcore/vxbone.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxintproperty.h>
 #include <vxcore/vxmainwindow.h>
-#include <vxcore/vxskeleton.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/keycreation.h"
 
 namespace {
-
-using Shape = QVector<float>; // type, tension, continuity, bias
-
-Shape shapeOf(const VxFloatProperty *property, int key)
-{
-    Shape shape(4);
-    shape[0] = float(property->getKeyInterpolationType(key, &shape[1], &shape[2], &shape[3]));
-    return shape;
-}
 
 // Stores the messages of its status line.
 class MessageWindow : public VxMainWindow
@@ -41,19 +20,18 @@ public:
 
 } // namespace
 
-// The key commands as they are given: keys selected with the mouse, values typed, buttons pressed.
-// A ball has keys on the frames 0, 10 and 20 of its X translation; the time is frame 10.
-class TestTimePaneKeyCommands : public QObject, private TimePaneTest
+// The commands on selected keys: keys selected with the mouse, values typed, buttons pressed.
+class TestTimePaneKeyCommands : public QObject, private BallPaneTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { showBall(); }
+    void cleanup() { tearDown(); }
 
     void interpolationOfSelectedKeys_data();
     void interpolationOfSelectedKeys();
-    void interpolationThatIsSoAlready();
+    void unchangedInterpolationMakesNoEntry();
     void fieldsShowWhatKeysHaveInCommon_data();
     void fieldsShowWhatKeysHaveInCommon();
     void fieldsLeaveOutKeysBetween();
@@ -66,17 +44,6 @@ private Q_SLOTS:
     void enterAppliesTheShownValue();
     void undoneValuesAreShown();
 
-    void keysOfSelectedRows();
-    void keysOfSelectedRowsStayWhereTheyAre();
-    void keysOfLockedRows();
-    void figureOfASkeleton();
-    void figureOfABone();
-    void keysBelowOnSeveralFrames();
-    void otherIsForRowsAlone();
-    void repeatedKeysAreLikeTheFirst();
-    void repeatedKeysOfALimitedValue();
-    void framesBeyondTheEndOfTime();
-
     void buttonsCopyPasteDelete();
     void copyingIsReported();
     void nothingToCopy();
@@ -84,21 +51,12 @@ private Q_SLOTS:
     void noRowToPasteInto();
 
 private:
-    VxDopeSheetView *view() const { return pane->getDopeSheetView(); }
-    VxFloatProperty *x() const { return ball->getXPosControl(); }
     QDoubleSpinBox *tension() const { return find<QDoubleSpinBox>("TimelineInterpTensionSBox"); }
     QDoubleSpinBox *continuity() const
     {
         return find<QDoubleSpinBox>("TimelineInterpContinuitySBox");
     }
     QDoubleSpinBox *bias() const { return find<QDoubleSpinBox>("TimelineInterpBiasSBox"); }
-
-    QModelIndex rowOf(const VxProperty *property, const QModelIndex &parent = QModelIndex()) const;
-    // Both show the row first.
-    void clickKey(const VxProperty *property, VxTime time,
-                  Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    void clickName(const VxProperty *property,
-                   Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void press(const char *button) const
     {
         auto *found = find<QWidget>(button);
@@ -111,78 +69,9 @@ private:
         field->selectAll();
         QVERIFY(field->hasFocus());
     }
-    void setTypes(int types) const
-    {
-        pane->setFilteredPropertyTypes(VxTimePane::PropertyTypes(types));
-        QCoreApplication::processEvents();
-        view()->expandAll();
-    }
     // Gives the keys on 0 and 10 TCB shapes of their own and selects both.
     void selectTwoShapes(const VxTcb &first, const VxTcb &second) const;
-
-    VxNode *ball = nullptr;
 };
-
-void TestTimePaneKeyCommands::init()
-{
-    setUp();
-    addChoices(TimePaneChoice::PropertyTypeFamily, {1, 2, 4, 8, 16, 32});
-    addChoices(TimePaneChoice::KeyScopeFamily, {0, 1, 2, 3});
-    ball = new VxNode(QStringLiteral("ball"));
-    vxScene->addNode(ball);
-    for (const VxTime time : {0, 1600, 3200})
-        x()->setKey(time, 1.0f, VxKeyInterp::Linear);
-    vxScene->setAnimRange(VxTimeRange(0, 9600));
-    vxScene->setPlayRange(VxTimeRange(0, 9600));
-    vxScene->setTime(1600);
-    showPane(1600, 800);
-    pane->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(pane.get()));
-    setTypes(VxTimePane::PropTranslate);
-}
-
-void TestTimePaneKeyCommands::cleanup()
-{
-    tearDown();
-}
-
-QModelIndex TestTimePaneKeyCommands::rowOf(const VxProperty *property,
-                                           const QModelIndex &parent) const
-{
-    const QAbstractItemModel *model = view()->model();
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        if (view()->getItem(index)->property() == property)
-            return index;
-        const QModelIndex below = rowOf(property, index);
-        if (below.isValid())
-            return below;
-    }
-    return QModelIndex();
-}
-
-void TestTimePaneKeyCommands::clickKey(const VxProperty *property, VxTime time,
-                                       Qt::KeyboardModifiers modifiers) const
-{
-    const QModelIndex row = rowOf(property);
-    QVERIFY(row.isValid());
-    view()->scrollTo(row);
-    const int left = TimelineMetrics::shared().keyLeft(view()->columnWidth(0), time,
-                                                       vxScene->getPlayRange().getStart());
-    VxMouseDriver(view()->viewport())
-        .click(QPoint(left + 3, view()->visualRect(row).center().y()), Qt::LeftButton, modifiers);
-}
-
-void TestTimePaneKeyCommands::clickName(const VxProperty *property,
-                                        Qt::KeyboardModifiers modifiers) const
-{
-    const QModelIndex row = rowOf(property);
-    QVERIFY(row.isValid());
-    view()->scrollTo(row);
-    VxMouseDriver(view()->viewport())
-        .click(view()->visualRect(row).center(), Qt::LeftButton, modifiers);
-    QVERIFY(view()->selectionModel()->isSelected(row));
-}
 
 void TestTimePaneKeyCommands::selectTwoShapes(const VxTcb &first, const VxTcb &second) const
 {
@@ -224,7 +113,7 @@ void TestTimePaneKeyCommands::interpolationOfSelectedKeys()
     QVERIFY(pane->hasSelectedKeys());
 }
 
-void TestTimePaneKeyCommands::interpolationThatIsSoAlready()
+void TestTimePaneKeyCommands::unchangedInterpolationMakesNoEntry()
 {
     clickKey(x(), 1600);
     pane->setInterpType(0);
@@ -380,153 +269,6 @@ void TestTimePaneKeyCommands::undoneValuesAreShown()
     QCOMPARE(shapeOf(x(), 0), Shape({2, 0.25f, 0, 0}));
     vxApp->getUndoStack()->redo();
     QCOMPARE(tension()->value(), 1.0);
-}
-
-void TestTimePaneKeyCommands::keysOfSelectedRows()
-{
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeProperties);
-    ball->select(true);
-    clickName(ball->getYPosControl());
-    clickName(ball->getZPosControl(), Qt::ControlModifier);
-    QVERIFY(vxScene->getPrimarySelection());
-    vxScene->setTime(800);
-    pane->createFilteredKeys();
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times({800}));
-    QCOMPARE(keyTimes(ball->getZPosControl()), Times({800}));
-    QCOMPARE(keyTimes(x()), Times({0, 1600, 3200}));
-    QCOMPARE(undoTexts(), QStringList("Create Filtered Keys"));
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times());
-}
-
-void TestTimePaneKeyCommands::keysOfSelectedRowsStayWhereTheyAre()
-{
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeProperties);
-    ball->select(true);
-    clickName(ball->getYPosControl());
-    pane->createFilteredKeys(5);
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times({1600}));
-}
-
-void TestTimePaneKeyCommands::keysOfLockedRows()
-{
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeProperties);
-    ball->select(true);
-    ball->getYPosControl()->setLocked(true);
-    clickName(ball->getYPosControl());
-    pane->createFilteredKeys();
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times());
-    QCOMPARE(undoTexts(), QStringList());
-}
-
-void TestTimePaneKeyCommands::figureOfASkeleton()
-{
-    auto *figure = new VxSkeleton(QStringLiteral("figure"));
-    auto *hip = new VxBone(QStringLiteral("hip"));
-    figure->addNodeChild(hip);
-    vxScene->addNode(figure);
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeObject);
-    figure->select(true);
-    pane->createFilteredKeys(2);
-    QCOMPARE(keyTimes(figure->getXPosControl()), Times({1600, 1760}));
-    QCOMPARE(keyTimes(hip->getXPosControl()), Times({1600, 1760}));
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times());
-}
-
-// The bone's skeleton and everything that hangs on it, other bones too.
-void TestTimePaneKeyCommands::figureOfABone()
-{
-    auto *figure = new VxSkeleton(QStringLiteral("figure"));
-    auto *hip = new VxBone(QStringLiteral("hip"));
-    auto *thigh = new VxBone(QStringLiteral("thigh"));
-    auto *chest = new VxBone(QStringLiteral("chest"));
-    auto *hat = new VxNode(QStringLiteral("hat"));
-    figure->addNodeChild(hip);
-    hip->addNodeChild(thigh);
-    hip->addNodeChild(chest);
-    chest->addNodeChild(hat);
-    vxScene->addNode(figure);
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeObject);
-    thigh->select(true);
-    pane->createFilteredKeys();
-    for (const VxNode *node : QVector<const VxNode *>{figure, hip, thigh, chest, hat})
-        QCOMPARE(keyTimes(node->getXPosControl()), Times({1600}));
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times());
-}
-
-void TestTimePaneKeyCommands::keysBelowOnSeveralFrames()
-{
-    auto *string = new VxNode(QStringLiteral("string"));
-    vxScene->addNode(string, ball);
-    string->getYPosControl()->setKey(0, 0, 0);
-    string->getYPosControl()->setKey(3200, 20, 0);
-    pane->setFilteredKeyCreationScope(VxTimePane::ScopeNodeRecurse);
-    ball->select(true);
-    pane->createFilteredKeys(3);
-    const VxFloatProperty *y = string->getYPosControl();
-    QCOMPARE(keyTimes(y), Times({0, 1600, 1760, 1920, 3200}));
-    for (int i = 1; i <= 3; ++i)
-        QCOMPARE(y->getKeyValue(i), 10.0f);
-    QCOMPARE(keyTimes(ball->getZPosControl()), Times({1600, 1760, 1920}));
-    QCOMPARE(undoTexts(), QStringList("Create Filtered Keys"));
-    vxApp->getUndoStack()->undo();
-    QCOMPARE(keyTimes(y), Times({0, 3200}));
-}
-
-void TestTimePaneKeyCommands::otherIsForRowsAlone()
-{
-    auto *own = new VxFloatProperty(QStringLiteral("own"));
-    ball->addProperty(own, QStringLiteral("/General"));
-    setTypes(VxTimePane::PropTranslate);
-    QVERIFY(!rowOf(own).isValid());
-    ball->select(true);
-    pane->createFilteredKeys();
-    QCOMPARE(keyTimes(own), Times({1600}));
-    setTypes(VxTimePane::PropTranslate | VxTimePane::PropOther);
-    QVERIFY(rowOf(own).isValid());
-}
-
-void TestTimePaneKeyCommands::repeatedKeysAreLikeTheFirst()
-{
-    x()->setKey(1600, 7.0f, VxKeyInterp::Tcb, 0.5f, -0.25f, 1.0f);
-    x()->setKey(1800, 3.0f, VxKeyInterp::Constant); // between two of the new keys
-    x()->setKey(1920, 4.0f, VxKeyInterp::Constant); // where one is added
-    ball->select(true);
-    pane->createFilteredKeys(4);
-    QCOMPARE(keyTimes(x()), Times({0, 1600, 1760, 1800, 1920, 2080, 3200}));
-    for (const int key : {1, 2, 4, 5}) {
-        QCOMPARE(x()->getKeyValue(key), 7.0f);
-        QCOMPARE(shapeOf(x(), key), Shape({2, 0.5f, -0.25f, 1.0f}));
-    }
-    QCOMPARE(shapeOf(x(), 3), Shape({1, 0, 0, 0}));
-}
-
-void TestTimePaneKeyCommands::repeatedKeysOfALimitedValue()
-{
-    VxFloatProperty number(QStringLiteral("number"));
-    number.setStoredValue(5.0f);
-    number.setMinMax(0.0f, 2.0f, true);
-    KeyCreation::setKeysFrom(&number, 0, {0, 160, 320});
-    QCOMPARE(keyTimes(&number), Times({0, 160, 320}));
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(number.getKeyValue(i), 2.0f);
-    VxIntProperty whole(QStringLiteral("whole"));
-    whole.setStoredValue(5);
-    whole.setMinMax(0, 2, true);
-    KeyCreation::setKeysFrom(&whole, 0, {0, 160, 320});
-    QCOMPARE(keyTimes(&whole), Times({0, 160, 320}));
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(whole.getKeyValue(i), 2);
-}
-
-void TestTimePaneKeyCommands::framesBeyondTheEndOfTime()
-{
-    vxScene->setAnimRange(VxTimeRange(0, VxTimeMax));
-    vxScene->setTime(VxTimeMax - 200);
-    const VxTime now = vxScene->getTime();
-    ball->select(true);
-    pane->createFilteredKeys(5);
-    QCOMPARE(keyTimes(ball->getYPosControl()), Times({now, now + 160}));
 }
 
 void TestTimePaneKeyCommands::buttonsCopyPasteDelete()
