@@ -81,7 +81,7 @@ public:
         gather(model.getRootItem(), &collector);
         return collector.keys();
     }
-    // What the user sees of it, too.
+    // With the repaint.
     void settle()
     {
         view.viewport()->repaint();
@@ -204,7 +204,7 @@ void dragByHand(benchmark::State &state)
 }
 BENCHMARK(dragByHand)->Unit(benchmark::kMillisecond);
 
-// For commands that must be taken back before they can be repeated; that is not counted.
+// For commands that must be undone before they can be repeated; the undo is not counted.
 template <typename Command>
 void repeatWithUndo(benchmark::State &state, Sheet &sheet, const Command &command)
 {

@@ -106,7 +106,7 @@ public:
         collectPropertyRows(model->getRootItem(), &rows);
     }
 
-    // Asks each top-level row for its keys.
+    // Reads the keys of each top-level row.
     qint64 unite() const
     {
         qint64 marks = 0;
@@ -229,7 +229,7 @@ void buildRows(benchmark::State &state)
     state.counters["rows"] = double(sheet.rows.size());
 }
 
-// Every property says that it has changed, but its key times are what they were.
+// Every property reports a change, but its key times are the same.
 void unionAfterAllValues(benchmark::State &state)
 {
     const Sheet &sheet = sheetOf(state);
@@ -241,7 +241,7 @@ void unionAfterAllValues(benchmark::State &state)
     perKey(state, sheet);
 }
 
-// One key comes and goes between two others, on the row deepest in the tree.
+// One key is added and removed between two others, on the row deepest in the tree.
 void unionAfterOneKey(benchmark::State &state)
 {
     const Sheet &sheet = sheetOf(state);

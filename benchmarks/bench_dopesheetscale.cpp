@@ -17,7 +17,7 @@
 
 namespace {
 
-// Hands mouse events to the view and waits for nothing: painting is another matter.
+// Sends mouse events to the view without waiting: painting is not measured.
 class Hand
 {
 public:

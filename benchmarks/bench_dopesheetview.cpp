@@ -93,7 +93,7 @@ QImage canvas()
     return image;
 }
 
-// What the rows' delegate draws, known beforehand and drawn by QPainter alone.
+// The marks that the rows' delegate draws, computed beforehand and drawn by QPainter alone.
 struct Drawing
 {
     std::vector<QRect> lines;
@@ -172,7 +172,7 @@ void rowsPainted(benchmark::State &state)
     }
 }
 
-// All that a repaint takes, names included.
+// A whole repaint, names included.
 void viewRepainted(benchmark::State &state)
 {
     Sheet sheet(VxSceneBuilder::Size::M);
@@ -197,7 +197,7 @@ void rulerPainted(benchmark::State &state)
         ruler->render(&image);
 }
 
-// Each row's own share: its flags set, in the order of the rows, without a walk over the model.
+// Each row's own share: its flags set, in the order of the rows, without traversing the model.
 void itemsSelected(benchmark::State &state)
 {
     Sheet sheet(VxSceneBuilder::Size(state.range(0)));
@@ -294,7 +294,7 @@ void paneCleared(benchmark::State &state)
     state.counters["signals"] = signalCount;
 }
 
-// The graph tells of one key.
+// A message of the graph about one key.
 void messageOfOneKey(benchmark::State &state)
 {
     Sheet sheet(VxSceneBuilder::Size::W);
@@ -362,7 +362,7 @@ void nextPage(benchmark::State &state)
         state.SkipWithError("the sheet has no more pages");
 }
 
-// A frame of playback with all rows open: and what it leads to in the pane.
+// A frame of playback with all rows open, with everything that it causes in the pane.
 void frameOfPlayback(benchmark::State &state)
 {
     Pane pane;

@@ -75,7 +75,7 @@ public:
             qFatal("the press misses the gizmo");
     }
 
-    /// A move around the gizmo's origin by a small angle, and everything that it leads to.
+    /// A move around the gizmo's origin by a small angle, with everything that it causes.
     void move()
     {
         m_angle += 1;

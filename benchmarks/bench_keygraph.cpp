@@ -110,7 +110,7 @@ void countKeys(benchmark::State &state)
                                                      benchmark::Counter::kInvert);
 }
 
-/// The value axis moves: curves and marks are painted anew, values are known.
+/// The value axis moves: curves and marks are painted anew, values are cached.
 void paintPanned(benchmark::State &state)
 {
     Fixture fixture(int(state.range(0)));

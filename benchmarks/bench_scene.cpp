@@ -1,5 +1,5 @@
 // Whole scenes of known size: memory a key, opening and saving, and the evaluation of a frame.
-// Each figure of time stands beside its floor: a plain loop over arrays of the same size.
+// Each time is compared with its floor: a plain loop over arrays of the same size.
 //
 // S: 1,530 channels of 300 keys; M: 1,530 of 3,000; W: 15,300 of 300.
 

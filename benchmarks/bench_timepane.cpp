@@ -54,7 +54,7 @@ private:
     VxTimePane m_pane;
 };
 
-/// One change, and everything that it leads to.
+/// One change, with everything that it causes.
 void changeTime(VxTime time)
 {
     vxScene->setTime(time);
@@ -93,7 +93,7 @@ void timeChangeNodesExpanded(benchmark::State &state)
 }
 BENCHMARK(timeChangeNodesExpanded)->Unit(benchmark::kMicrosecond);
 
-/// The handlers alone: all that must happen before the next change may come.
+/// The handlers alone: the time until the next change can be made.
 void timeChangeUnpainted(benchmark::State &state)
 {
     const Fixture fixture;
@@ -117,7 +117,7 @@ void scrub(benchmark::State &state)
 }
 BENCHMARK(scrub)->Unit(benchmark::kMicrosecond);
 
-/// Every row selected: the view asks for each cell whether it is.
+/// Every row selected: the view queries it for each cell.
 void timeChangeAllSelected(benchmark::State &state)
 {
     Fixture fixture;
@@ -139,7 +139,7 @@ void timeChangeAllRowsSelected(benchmark::State &state)
 }
 BENCHMARK(timeChangeAllRowsSelected)->Unit(benchmark::kMicrosecond);
 
-/// The play range as a drag in the time range slider changes it; the time scale goes along.
+/// The play range as a drag in the time range slider changes it; the time scale follows.
 void rangeDrag(benchmark::State &state)
 {
     Fixture fixture;

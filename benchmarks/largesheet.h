@@ -42,7 +42,7 @@ inline double processorMilliseconds()
     return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
 }
 
-// What the best of several runs takes; prepare is not counted.
+// The time of the best of several runs; prepare is not counted.
 inline double best(const Action &prepare, const Action &action)
 {
     double least = 1e9;
@@ -221,14 +221,14 @@ public:
             count += keys.indexes.size();
         return count;
     }
-    // What the user sees of it.
+    // The repaint.
     void settle()
     {
         view.viewport()->repaint();
         QCoreApplication::processEvents();
     }
     int topRowY() const { return view.visualRect(filter.index(0, 0)).center().y(); }
-    // Opens what it takes to see the first channel.
+    // Opens the rows above the first channel.
     int channelRowY()
     {
         const QModelIndex row = filter.mapFromSource(model.indexOf(firstChannel));

@@ -23,7 +23,7 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(VX_PLUGIN_OUTPUT_DIRECTORY "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/vxstudio/plugins")
 set(VX_PLUGIN_INSTALL_DIR "${CMAKE_INSTALL_LIBDIR}/vxstudio/plugins")
 # Built and installed binaries have the same paths: those that are rewritten on installation are
-# padded with empty entries, which the loader takes for the current folder.
+# padded with empty entries, which the loader reads as the current folder.
 set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
@@ -82,7 +82,7 @@ endfunction()
 option(VX_UNITY "Compile sources a dozen to a unit" OFF)
 function(vx_unity target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${VX_UNITY} UNITY_BUILD_BATCH_SIZE 12)
-  # A private record may hold what its source file alone knows.
+  # A private record may have members of types that only its source file declares.
   if(VX_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
   endif()

@@ -68,7 +68,7 @@ ALLOWED = [
     ("*/shell/keyoverview.cpp", "<t*", "markup without words"),
 ]
 
-# Words come first because most tokens are; the one before a quote may be a literal's prefix. A "#" is
+# Words are first because most tokens are words; the one before a quote may be a literal's prefix. A "#" is
 # no sign, so that the spaces before it belong to the directive.
 TOKEN = re.compile(r'''
 \s*(?:

@@ -3,10 +3,10 @@
 
 #include <cstdlib>
 
-/// Ends the process, so that the fuzzer records the input, when a promise is not kept.
-inline void require(bool promise)
+/// Ends the process, so that the fuzzer records the input, when a condition does not hold.
+inline void require(bool condition)
 {
-    if (!promise)
+    if (!condition)
         std::abort();
 }
 

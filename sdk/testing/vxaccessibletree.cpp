@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int MostChildren = 200;
+constexpr int MaxChildren = 200;
 
 QString withoutMnemonics(QString text)
 {
@@ -53,7 +53,8 @@ QString withoutColon(QString text)
     return text;
 }
 
-/// A combo box is named by its present choice; what it is for says the label that refers to it.
+/// The name of a combo box is its present choice; its purpose is named by the label that refers to
+/// it.
 QString faultOfComboBox(QAccessibleInterface *object)
 {
     for (const auto &relation : object->relations(QAccessible::Label)) {
@@ -99,7 +100,7 @@ void visitBelow(QAccessibleInterface *object,
                 const std::function<void(QAccessibleInterface *)> &visit)
 {
     visit(object);
-    const int count = qMin(object->childCount(), MostChildren);
+    const int count = qMin(object->childCount(), MaxChildren);
     for (int i = 0; i < count; ++i) {
         if (QAccessibleInterface *child = object->child(i))
             visitBelow(child, visit);

@@ -15,8 +15,8 @@ namespace VxAccessibleTree {
 void visit(QWidget *root, const std::function<void(QAccessibleInterface *)> &visit);
 
 // The faults of all focusable widgets below a widget and of its own, one line each: a name that is
-// empty, that is an object or class name, or that differs from the visible text; a role that says
-// nothing; children that refer to another parent.
+// empty, that is an object or class name, or that differs from the visible text; a role without
+// meaning; children that refer to another parent.
 QStringList faults(QWidget *root);
 
 // Such as "StudioWindow > DockVxTimePane > TimelineLoopBtn".

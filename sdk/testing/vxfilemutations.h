@@ -33,7 +33,7 @@ inline void plantNumber(QByteArray *bytes, Random &random)
     }
 }
 
-/// Overwrites four bytes by a count, a size or a number that is likely to do harm.
+/// Overwrites four bytes by a count, a size or a number that is likely to cause errors.
 inline void plantWord(QByteArray *bytes, Random &random)
 {
     static const quint32 words[] = {0,          1,          0xffffffff, 0x7fffffff,
@@ -44,7 +44,7 @@ inline void plantWord(QByteArray *bytes, Random &random)
     qToLittleEndian(words[below(random, 7)], bytes->data() + at);
 }
 
-/// One change: a bit, a piece that is left out or doubled, an early end, a number.
+/// One change: a bit, a part that is left out or inserted twice, an early end, a number.
 inline void mutate(QByteArray *bytes, Random &random)
 {
     if (bytes->isEmpty())

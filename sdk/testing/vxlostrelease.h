@@ -9,7 +9,7 @@
 constexpr int VxLostReleaseWays = 5;
 
 /**
- * Lets the release of a gesture be lost, in one of several ways (0 .. VxLostReleaseWays - 1):
+ * Loses the release of a gesture, in one of several ways (0 .. VxLostReleaseWays - 1):
  * Escape, the widget is hidden, the focus is lost, another widget gets the release, another window
  * is activated. Afterwards the widget is visible and its window active, so that a focus widget
  * exists as after a click of the user. A driver of the mouse releases the button itself.

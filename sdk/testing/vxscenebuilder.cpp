@@ -23,7 +23,7 @@ QVector<VxFloatProperty *> channelsOf(const VxNode *node)
             node->getXScaleControl(), node->getYScaleControl(), node->getZScaleControl()};
 }
 
-/// How far a channel's values wander, about its default.
+/// The range of a channel's values about its default.
 float spreadOf(const VxFloatProperty *channel)
 {
     if (channel->isPercentage())

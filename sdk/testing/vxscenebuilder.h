@@ -52,7 +52,7 @@ public:
 
     /**
      * Gives every channel of the nodes `count` keys, `step` ticks apart from time 0, in place of
-     * those it has. Values wander as motion does.
+     * those it has. Values vary slowly, as motion does.
      */
     void keyChannels(const QVector<VxNode *> &nodes, int count, VxTime step = 160,
                      KeyTypes types = KeyTypes::Linear);
@@ -65,13 +65,13 @@ public:
         VxProperty *alias = nullptr;      ///< for the node's X translation
         VxProperty *linked = nullptr;     ///< follows the Y translation, doubled
         VxProperty *terminal = nullptr;   ///< adds the Y translation to its own value
-        VxProperty *hidden = nullptr;     ///< hidden for good
+        VxProperty *hidden = nullptr;     ///< hidden permanently
         VxProperty *dynamic = nullptr;    ///< hidden at present
         VxProperty *percentage = nullptr; ///< shown as a percentage
         VxProperty *integer = nullptr;    ///< whole numbers
         VxProperty *boolean = nullptr;    ///< a switch
         VxProperty *locked = nullptr;     ///< has two keys, then locked
-        VxProperty *unanimated = nullptr; ///< takes no keys
+        VxProperty *unanimated = nullptr; ///< cannot have keys
         VxProperty *excluded = nullptr;   ///< left out by animation editors
         VxProperty *text = nullptr;       ///< not a number
     };

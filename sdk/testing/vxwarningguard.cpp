@@ -54,7 +54,7 @@ public:
         expectations.push_back({pattern, shown});
     }
 
-    /** Notes the message and says whether it was announced, using the announcement up. */
+    /** Stores the message. True when it was announced; the announcement is used up then. */
     bool takeExpected(const QString &message)
     {
         QMutexLocker locker(&mutex);
@@ -104,7 +104,7 @@ public:
         if (!records().empty())
             return;
         const QtMessageHandler current = qInstallMessageHandler(former());
-        // Someone else who took the place meanwhile keeps it.
+        // A handler that was installed meanwhile stays installed.
         if (current != &VxWarningGuardHandler::handle)
             qInstallMessageHandler(current);
     }

@@ -13,11 +13,11 @@
  * is sent on the GUI thread, and at the guard's end when it is sent on another one, because the
  * test framework may only be called from the GUI thread. Everything that was not announced is still
  * passed on to the handler that was installed before, so the log stays complete. Notices of the
- * test platform about its own limits ("This plugin does not support ...") neither fail nor meet
- * anything.
+ * test platform about its own limits ("This plugin does not support ...") neither fail a test nor
+ * count as announced.
  *
  * Make it inside a test function, or in init() and destroy it in cleanup(): outside a running test
- * there is nothing to fail, and a broken promise then ends the program.
+ * there is no test to fail, and a failure ends the program.
  */
 class VxWarningGuard
 {

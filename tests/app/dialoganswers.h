@@ -14,7 +14,7 @@
 // Answers to modal dialogs: each waits for its dialog, while the code under test runs it, and
 // answers by buttons and typing. The platform's own file dialogs must be turned off.
 
-/// Answers the next modal dialog of a kind: what is given is called until it says that it is done.
+/// Answers the next modal dialog of a class: the given function is called until it returns true.
 template <class Dialog> class DialogAnswer
 {
 public:
@@ -47,7 +47,7 @@ inline std::function<bool(QMessageBox *)> pressButton(QMessageBox::StandardButto
     };
 }
 
-/// Types a file's name into the dialog and presses its button once the dialog lets it.
+/// Types a file's name into the dialog and presses its button once that is enabled.
 inline std::function<bool(QFileDialog *)> typeName(const QString &name)
 {
     return [name](QFileDialog *dialog) {

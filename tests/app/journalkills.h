@@ -135,7 +135,7 @@ private:
     bool m_speaks = false;
 };
 
-/// What the log of a child says.
+/// The log of a child process.
 struct Log
 {
     struct Change

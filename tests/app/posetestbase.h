@@ -65,7 +65,7 @@ protected:
                            : found->getZRotControl();
     }
 
-    // Keys as "frame=value" with a type behind it that is not linear.
+    // Keys as "frame=value", followed by the type unless it is linear.
     static QString keysOf(const VxFloatProperty *property)
     {
         QStringList keys;
@@ -93,7 +93,7 @@ protected:
         }
     }
 
-    // Undo and redo of the only entry lead to the same bytes.
+    // Undo and redo of the only entry restore the same bytes.
     static void checkOneEntry(const QByteArray &before, const QString &text)
     {
         QCOMPARE(history()->count(), 1);

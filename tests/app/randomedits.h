@@ -124,7 +124,7 @@ private:
         return node;
     }
 
-    /// A reference to a property of a removed node lives on in the history, but not in a file.
+    /// A reference to a property of a removed node is kept in the history, but not in a file.
     bool isReferredTo(const VxNode *removed) const
     {
         const auto isBelow = [removed](const VxProperty *target) {

@@ -88,7 +88,7 @@ private:
                             .arg(widget->font().pointSizeF());
     }
 
-    /// Behind another tab, or in a part that is scrolled to.
+    /// In a covered tab, or in a part that must be scrolled to.
     static bool isScrolledAway(const QWidget *widget)
     {
         QRect rest = widget->rect();
@@ -182,7 +182,7 @@ private:
         }
     }
 
-    /// The first rows stand for all.
+    /// The first rows represent all.
     void checkRows(const QAbstractItemView *view)
     {
         for (int row = 0; view->model() && row < qMin(5, view->model()->rowCount()); ++row) {

@@ -2,8 +2,7 @@
 #define ACTIONS_TABLE_H
 
 // What the plug-in promises of its classes: the order in which it offers them, and for each action
-// what its users see. Written down apart from the actions, so that a slip in one shows in the
-// other.
+// its texts. Kept apart from the actions, so that a mistake in one is detected by the other.
 
 // The registered classes, in order: the pane, the action that opens it, the commands.
 const char *const registeredClasses[] = {

@@ -58,7 +58,7 @@ protected:
         hand.moveTo(from + QPoint(dx, 0), modifiers);
         hand.release(from + QPoint(dx, 0), Qt::LeftButton, modifiers);
     }
-    // Keeps the mouse at a place, but for the hand's trembling, until what is dragged shows there.
+    // Moves by a pixel about a position until the dragged keys are shown there.
     void waitForPreview(VxMouseDriver &hand, const QPoint &position, const Times &expected)
     {
         int up = 0;

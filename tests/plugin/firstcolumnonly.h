@@ -4,7 +4,7 @@
 #include <QtCore/QIdentityProxyModel>
 
 // The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester takes for a mistake.
+// the tester reports as a mistake.
 class FirstColumnOnly : public QIdentityProxyModel
 {
 public:

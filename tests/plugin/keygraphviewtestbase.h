@@ -18,7 +18,7 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
-// Notes what a widget asks its style to draw.
+// Records what a widget draws with its style.
 class RecordingStyle : public QProxyStyle
 {
 public:

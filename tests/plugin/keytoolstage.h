@@ -208,7 +208,7 @@ public:
     VxFloatProperty *channel;
 };
 
-/// The states of a random session: undo goes back through them, redo forward.
+/// The states of a random session: undo restores them from the last to the first, redo the reverse.
 class KeyStates
 {
 public:

@@ -93,7 +93,7 @@ inline QAbstractSpinBox *ParametersPaneTestBase::field() const
     return view()->findChild<QAbstractSpinBox *>(QStringLiteral("PropertyValueSpinBox"));
 }
 
-/// What the pane says below the list; empty when it says nothing.
+/// The message below the list; empty without one.
 inline QString ParametersPaneTestBase::notice() const
 {
     const auto *label = m_pane->findChild<QLabel *>(QStringLiteral("ParametersNoticeLbl"));
@@ -120,7 +120,7 @@ inline void ParametersPaneTestBase::drag(const VxProperty *property, int pixels,
     const QPoint from = middle(property, Model::ValueColumn);
     VxMouseDriver mouse(port());
     mouse.press(from);
-    // The drag begins once the hand has clearly moved, and counts from there.
+    // The drag begins after the distance of a click, and counts from there.
     const int begin = pixels > 0 ? 20 : -20;
     mouse.moveTo(from + QPoint(begin, 0), modifiers);
     for (int i = 1; i <= 50; ++i)

@@ -1,7 +1,7 @@
-// soak_fbx COUNT [FILE...]: reads COUNT damaged FBX files, each in a process of its own, and says
-// what became of them: refusals, the longest time and the largest memory. The files of the command
-// line are damaged beside those that the program writes itself. Fails when one crashes, takes more
-// than 5 s or 500 MB, or gives neither a valid motion nor a message with a place.
+// soak_fbx COUNT [FILE...]: reads COUNT damaged FBX files, each in a process of its own, and
+// reports what became of them: refusals, the longest time and the largest memory. The files of the
+// command line are damaged beside those that the program writes itself. Fails when one crashes,
+// takes more than 5 s or 500 MB, or gives neither a valid motion nor a message with a place.
 
 #include "fbx/fbxmutations.h"
 

@@ -1,4 +1,4 @@
-// The focus as people without a mouse see it: where it is, and where Tab leads.
+// The keyboard focus: where it is visible, and the order of the Tab key.
 
 #include "studiotestbase.h"
 #include "testing/vxtestmain.h"
@@ -27,7 +27,7 @@ bool isReachable(const QWidget *widget, const QWidget *root)
     if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isVisible() || !widget->isEnabled() ||
         widget->focusProxy())
         return false;
-    // In tabs behind others, docks are outside of the window.
+    // Docks in covered tabs are outside of the window.
     QRect rest = widget->rect();
     const QWidget *each = widget;
     for (; each != root && each->parentWidget(); each = each->parentWidget())
@@ -63,7 +63,7 @@ QRect partWith(const QWidget *container, QWidget *widget)
     return {widget->mapTo(const_cast<QWidget *>(container), QPoint()), widget->size()};
 }
 
-/// Pairs of the chain in which Tab leads back: above, or to the left in the same line.
+/// Neighbours in the tab order of which the second is above, or left in the same line.
 QStringList stepsBack(QWidget *root)
 {
     QStringList steps;
@@ -155,8 +155,8 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void faultsAreFound();
-    void tabFollowsTheEyeInPanes();
-    void tabFollowsTheEyeInDialogs();
+    void tabOrderIsTheReadingOrderInPanes();
+    void tabOrderIsTheReadingOrderInDialogs();
     void ringInPanes_data() { addPalettes(); }
     void ringInPanes();
     void ringInDialogs_data() { addPalettes(); }
@@ -259,12 +259,12 @@ void tst_Focus::faultsAreFound()
     QCOMPARE(stepsBack(&root).size(), 1);
 }
 
-void tst_Focus::tabFollowsTheEyeInPanes()
+void tst_Focus::tabOrderIsTheReadingOrderInPanes()
 {
     QCOMPARE(reportAll(inEveryPane(stepsBack)), 0);
 }
 
-void tst_Focus::tabFollowsTheEyeInDialogs()
+void tst_Focus::tabOrderIsTheReadingOrderInDialogs()
 {
     QCOMPARE(reportAll(inEveryDialog(stepsBack)), 0);
 }

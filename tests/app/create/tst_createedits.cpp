@@ -60,7 +60,7 @@ private:
     {
         return node->getWorldTransform(vxScene->getTime()) * node->getEndPoint();
     }
-    // Undo and redo of the only entry lead to the same bytes.
+    // Undo and redo of the only entry restore the same bytes.
     static void checkOneEntry(const QByteArray &before, const QString &text)
     {
         QCOMPARE(history()->count(), 1);
@@ -170,7 +170,7 @@ void tst_CreateEdits::boneContinuesItsParent()
     QCOMPARE(bone->getNodeParent(), parent);
     QTEST(bone->getOrigin(), "origin");
     QTEST(bone->getEndPoint(), "end");
-    // It is selected after a creation: the next one goes on from it.
+    // It is selected after a creation: the next one continues from it.
     bone->select();
     vxScene->selectNodes({parent}, false);
     action("VxCreateBoneAction")->trigger();
@@ -259,7 +259,7 @@ void tst_CreateEdits::duplicateHasKeysAndReferences()
     const QByteArray before = wholeScene();
 
     arm->select();
-    hand->select(); // goes along with the arm
+    hand->select(); // copied with the arm
     action("VxDuplicateNodesAction")->trigger();
     checkOneEntry(before, "Duplicate \"LeftArm\"");
     VxNode *arm2 = node("LeftArm_2");

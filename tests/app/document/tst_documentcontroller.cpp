@@ -1,5 +1,5 @@
-// Long work on documents: its progress is shown, the window lives, and cancelling leaves the scene
-// and the files as they were.
+// Long work on documents: its progress is shown, the window responds, and cancelling leaves the
+// scene and the files as they were.
 
 #include "dialoganswers.h"
 #include "document/documentcontroller.h"

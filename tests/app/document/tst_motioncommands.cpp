@@ -341,7 +341,7 @@ void tst_MotionCommands::exportFailuresAreReported_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("bones");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("a place that takes nothing") << "/proc/out.bvh" << 2 << "cannot be written";
+    QTest::newRow("a folder that cannot be written") << "/proc/out.bvh" << 2 << "cannot be written";
     QTest::newRow("a figure without bones") << "out.bvh" << 0 << "no bones";
     QTest::newRow("an unknown suffix") << "out.xyz" << 2 << "Supported: *.bvh, *.glb";
 }

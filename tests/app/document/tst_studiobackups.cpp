@@ -80,7 +80,7 @@ void tst_StudioBackups::aReplacedFile()
     QVERIFY(contents(file) == theirs);
 }
 
-/// The answer leads to the dialog for another name, and their file stays as it is.
+/// The answer opens the dialog for another name, and the file of the other program is unchanged.
 void tst_StudioBackups::aChangedFileIsSavedUnderAnotherName()
 {
     const QString file = saved();

@@ -1,4 +1,4 @@
-// Documents as a user meets them: menus, dialogs, questions and files that are dropped.
+// Documents in the program's window: menus, dialogs, questions and dropped files.
 
 #include "dialoganswers.h"
 #include "document/documentcontroller.h"
@@ -61,8 +61,8 @@ private Q_SLOTS:
     void closingAsks();
     void brokenAndNewerScenesKeepTheDocument_data();
     void brokenAndNewerScenesKeepTheDocument();
-    void firstHours_data();
-    void firstHours();
+    void documentsAreEditedSavedAndReopened_data();
+    void documentsAreEditedSavedAndReopened();
 
 private:
     void start();
@@ -331,7 +331,7 @@ void tst_StudioDocuments::brokenAndNewerScenesKeepTheDocument()
     vxApp->getUndoStack()->setClean();
 }
 
-void tst_StudioDocuments::firstHours_data()
+void tst_StudioDocuments::documentsAreEditedSavedAndReopened_data()
 {
     QTest::addColumn<QString>("file");
     QTest::newRow("the sample scene") << VX_SOURCE_DIR "/samples/walk.vxscene";
@@ -341,7 +341,7 @@ void tst_StudioDocuments::firstHours_data()
 }
 
 /// Open a file, change a value at a later frame, save under a new name, open again, compare.
-void tst_StudioDocuments::firstHours()
+void tst_StudioDocuments::documentsAreEditedSavedAndReopened()
 {
     QFETCH(QString, file);
     QVERIFY2(QFile::exists(file), "the package assimp-testmodels is missing");

@@ -124,7 +124,7 @@ void tst_StudioSaving::savingInAGesture()
     QCOMPARE(stepIn(file), before);
 }
 
-/// The same with a hand: Ctrl+S in the middle of a value that is dragged.
+/// The same with the mouse: Ctrl+S while a value is dragged.
 void tst_StudioSaving::savingWhileSomethingIsDragged()
 {
     const QString file = saved();
@@ -239,7 +239,7 @@ void tst_StudioSaving::failedSavesStopEverything_data()
         QTest::newRow(what) << QString(QLatin1String(what));
 }
 
-/// The user asks to save first, and that does not work: what was asked for does not happen.
+/// A command that saves first is not carried out when saving fails.
 void tst_StudioSaving::failedSavesStopEverything()
 {
     QFETCH(QString, what);
@@ -436,8 +436,8 @@ void tst_StudioSaving::suffixes_data()
                              << "walk.vxscene";
     QTest::newRow("its own in capitals") << "walk.VXSCENE"
                                          << "walk.VXSCENE";
-    QTest::newRow("what only looks like one") << "take 1.5"
-                                              << "take 1.5.vxscene";
+    QTest::newRow("a number after a dot is no suffix") << "take 1.5"
+                                                       << "take 1.5.vxscene";
     QTest::newRow("that of a motion") << "walk.bvh"
                                       << "walk.bvh.vxscene";
 }

@@ -1,6 +1,6 @@
 // Random sessions of imports and exports among other edits: a seed decides the steps. Whatever
-// happens, keys stay sound, what fails or only reads changes nothing, and the history leads back to
-// the start and forth to the end.
+// happens, keys stay valid, what fails or only reads changes nothing, and the history can be
+// undone to the start and redone to the end.
 
 #include "gltfsample.h"
 #include "io/motion/vxmotionexport.h"

@@ -29,7 +29,7 @@ constexpr VxTime OldStep = 160;
 constexpr VxTime NewStep = 320;
 constexpr int Backups = 2;
 constexpr uid_t Nobody = 65534;
-constexpr int MostSteps = 20; // no save has as many operations
+constexpr int MaxSteps = 20; // no save has as many operations
 
 bool saveWithStep(const QString &fileName, VxTime step, QString *message)
 {
@@ -188,7 +188,7 @@ void tst_StrangeFolders::aStepThatFails()
 {
     QFETCH(QString, refuses);
     int failures = 0;
-    for (int step = 1; step <= MostSteps; ++step) {
+    for (int step = 1; step <= MaxSteps; ++step) {
         init();
         const Run run = save(m_file, refuses, "VX_FAILS_AT", step);
         QVERIFY(!run.killed);
@@ -203,7 +203,7 @@ void tst_StrangeFolders::aStepThatFails()
         failures += !run.done;
         if (!run.message.contains("strangefolder:"))
             break; // the save has no further step
-        QVERIFY(step < MostSteps);
+        QVERIFY(step < MaxSteps);
     }
     QVERIFY2(failures >= 2, qPrintable(QString::number(failures)));
 }
@@ -212,7 +212,7 @@ void tst_StrangeFolders::killedAtAStep()
 {
     QFETCH(QString, refuses);
     int kills = 0;
-    for (int step = 1; step <= MostSteps; ++step) {
+    for (int step = 1; step <= MaxSteps; ++step) {
         init();
         const Run run = save(m_file, refuses, "VX_KILLED_AT", step);
         QVERIFY2(states().isEmpty(),
@@ -225,7 +225,7 @@ void tst_StrangeFolders::killedAtAStep()
         QVERIFY2(saveWithStep(m_file, NewStep, &message), qPrintable(message));
         QCOMPARE(stepIn(m_file), NewStep);
         QVERIFY(!QFile::exists(m_folder->filePath("walk.bak0.vxscene")));
-        QVERIFY(step < MostSteps);
+        QVERIFY(step < MaxSteps);
     }
     QVERIFY2(kills >= 4, qPrintable(QString::number(kills)));
 }
@@ -238,7 +238,7 @@ void tst_StrangeFolders::interruptedSavesAreCompleted_data()
     QTest::newRow("without it") << false << OldStep;
 }
 
-/// Opening the document finishes what a killed program has begun, and says so.
+/// Opening the document completes the save of a killed program and reports it.
 void tst_StrangeFolders::interruptedSavesAreCompleted()
 {
     QFETCH(bool, hasNew);
@@ -325,7 +325,7 @@ void tst_StrangeFolders::linksStay()
     }
 }
 
-/// ".." after a link to a folder leads to the parent of the folder that it leads to.
+/// ".." after a link to a folder is the parent of the link's target.
 void tst_StrangeFolders::pathsThatLeadUpThroughLinks()
 {
     QVERIFY(QDir(m_folder->path()).mkpath("deep/inner"));
@@ -404,7 +404,7 @@ void tst_StrangeFolders::filesOfOthers()
         QVERIFY2(message.contains("it is read-only"), qPrintable(message));
 }
 
-/// Where there are no hard links: what a group may do that cannot be given is for nobody else.
+/// Without hard links: a group that cannot be set gets no more permissions than others have.
 void tst_StrangeFolders::copiedBackupsOfOtherGroups()
 {
     if (::getuid() != 0)

@@ -19,7 +19,7 @@ QByteArray contents(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// As a save does it: a new file takes the place of the former one.
+/// As a save does it: a new file replaces the former one.
 void put(const QString &name, const QByteArray &text)
 {
     QFile file(name + ".written");

@@ -107,7 +107,7 @@ private Q_SLOTS:
     void everyTruncationOfAShortFile();
 
 private:
-    // False when the document or the error breaks a promise; the reason is stored for the test.
+    // False when the document or the error is not as documented; the reason is stored for the test.
     bool isAnswerSound(const QByteArray &bytes, bool *accepted);
 
     QByteArray m_whole; // the real file

@@ -1,4 +1,4 @@
-// Exports of any format: what the summary says about contents that a format lacks.
+// Exports of any format: the summary lists the contents that a format lacks.
 
 #include "io/motion/vxmotionexport.h"
 

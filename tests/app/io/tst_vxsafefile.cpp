@@ -1,4 +1,4 @@
-// Files are replaced whole or not at all, also when the disk takes no more: the system's limit for
+// Files are replaced whole or not at all, also when the disk is full: the system's limit for
 // the size of files simulates a full disk, and is reached at every byte of a file in turn.
 
 #include "io/vxbvhwriter.h"
@@ -178,8 +178,8 @@ void tst_VxSafeFile::placesThatCannotBeWritten_data()
                                              << "Not a directory";
     QTest::newRow("a folder") << "folder"
                               << "refers to a directory";
-    QTest::newRow("a folder that takes no files") << "/proc/file"
-                                                  << "";
+    QTest::newRow("a folder that cannot be written") << "/proc/file"
+                                                     << "";
     QTest::newRow("a name that is too long") << QString(300, 'n') << "File name too long";
 }
 

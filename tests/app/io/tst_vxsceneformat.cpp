@@ -334,7 +334,7 @@ void tst_VxSceneFormat::membersOfALaterVersionAreKept()
              qPrintable(document.controller.summary()));
     QVERIFY2(document.controller.summary().contains("later, later2"),
              qPrintable(document.controller.summary()));
-    // An edit of what they belong to changes nothing of them.
+    // An edit of their owners does not change them.
     VxNode *light = document.scene.findNode(QStringLiteral("light"));
     light->setLabel(QStringLiteral("Lamp"));
     light->findProperty(QStringLiteral("count"))->deleteAllKeys();

@@ -27,15 +27,15 @@ private Q_SLOTS:
     void entriesAreAppliedToACopy_data();
     void entriesAreAppliedToACopy();
     void entriesAreReverted();
-    void undoneEntriesAreWrittenTheOtherWay();
+    void undoneEntriesAreWrittenInReverse();
     void keysNextToTheSpanStay();
     void nodesKeepTheirIdentifiers();
-    void markersAreFoundByWhatTheyAre();
+    void markersAreFoundByTheirContents();
     void whatCannotBeWritten_data();
     void whatCannotBeWritten();
     void unrecordedChangesAreNoted_data();
     void unrecordedChangesAreNoted();
-    void lookingAroundIsNoChange();
+    void viewChangesAreNotRecorded();
     void aRecordOfAnotherDocumentIsRefused();
     void damagedRecordsChangeNothing();
 
@@ -158,7 +158,7 @@ void TestSceneJournal::entriesAreReverted()
     QVERIFY2(reverted > vxSessionLength(100), qPrintable(QString::number(reverted)));
 }
 
-void TestSceneJournal::undoneEntriesAreWrittenTheOtherWay()
+void TestSceneJournal::undoneEntriesAreWrittenInReverse()
 {
     const QByteArray start = shown(m_scene.get());
     {
@@ -219,7 +219,7 @@ void TestSceneJournal::nodesKeepTheirIdentifiers()
     QCOMPARE(added->getName(), QStringLiteral("new"));
 }
 
-void TestSceneJournal::markersAreFoundByWhatTheyAre()
+void TestSceneJournal::markersAreFoundByTheirContents()
 {
     VxMarkers *markers = VxMarkers::of(m_scene.get());
     markers->replaceAll({});
@@ -310,7 +310,7 @@ void TestSceneJournal::unrecordedChangesAreNoted()
     QVERIFY(!m_history->takeUnrecordedChange());
 }
 
-void TestSceneJournal::lookingAroundIsNoChange()
+void TestSceneJournal::viewChangesAreNotRecorded()
 {
     m_history->takeUnrecordedChange();
     m_scene->setTime(999);

@@ -1,4 +1,4 @@
-// The whole program in a made-up language: every text that a user sees has come through tr().
+// The whole program in a made-up language: every text that a user sees is translated.
 
 #include "studiotestbase.h"
 #include "testing/vxaccessibletree.h"
@@ -83,7 +83,7 @@ QSet<QString> knownTexts()
     return known;
 }
 
-/// What lies outside of all marks.
+/// The text outside of all marks.
 QString unmarked(const QString &text)
 {
     QString rest;

@@ -47,7 +47,7 @@ private:
     void trigger(const QString &text) const;
 };
 
-// In frames, or ticks with a t behind them.
+// In frames, or in ticks with the suffix t.
 QString tst_MarkerStrip::drawn() const
 {
     const auto text = [](VxTime time) {

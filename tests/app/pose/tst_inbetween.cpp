@@ -105,7 +105,7 @@ void tst_InBetween::breaksDown()
     }
 }
 
-// Interpolated angles would lead elsewhere: half way between two rotations about different axes.
+// Interpolated angles would give another rotation half way between two about different axes.
 void tst_InBetween::rotationsFollowTheArc()
 {
     setKeys(angle("Hips", 0), "0=90 8=0");

@@ -183,7 +183,7 @@ void tst_Poses::pasteAtAnotherTime()
     QCOMPARE(keysOf(node("Hips")->getYPosControl()), QString("0=-5 2=-5"));
     QCOMPARE(keysOf(angle("Head", 1)), QString());
     QCOMPARE(keysOf(node("Head")->getScaleControl()), QString());
-    // Without a selection it goes to the figure that it was copied from.
+    // Without a selection it is pasted to the figure that it was copied from.
     select({});
     vxScene->setTime(SecondTime);
     angle("Chest", 1)->setValue(1);
@@ -250,7 +250,7 @@ void tst_Poses::mirrorsAnArmInTwoGestures()
     QCOMPARE(angle("LeftUpperArm", 2)->getValue(), -60.0f);
 }
 
-// The other arm takes the pose relative to the chest, however that is turned.
+// The other arm gets the pose relative to the chest, whatever the rotation of the chest.
 void tst_Poses::mirrorsWithinARotatedBody()
 {
     angle("Hips", 1)->setValue(130);
@@ -284,7 +284,7 @@ void tst_Poses::swapsBothSides()
     QVERIFY(sceneBytes() == before);
 }
 
-// Beyond half a turn an angle goes on instead of jumping.
+// Beyond half a turn an angle continues instead of jumping.
 void tst_Poses::anglesContinue()
 {
     setKeys(angle("Hips", 1), "0=10 4=700");
@@ -415,7 +415,7 @@ void tst_Poses::withoutAutoKey()
     action("VxMirrorPoseAction")->trigger();
     QCOMPARE(keysOf(angle("RightThigh", 0)), QString("0=10 8=10"));
     QVERIFY(status().contains("not changed"));
-    // A key that is there takes the value.
+    // An existing key gets the value.
     vxScene->setTime(0);
     action("VxMirrorPoseAction")->trigger();
     QCOMPARE(keysOf(angle("RightThigh", 0)), QString("0=-50 8=10"));

@@ -1,4 +1,4 @@
-// Animation off where the desktop asks for it, over a bus and a portal of the test's own.
+// Animations are off where the desktop's setting is off: over a bus and a portal of the test's own.
 
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
@@ -107,7 +107,7 @@ void tst_Animations::cleanup()
     m_guard.reset();
 }
 
-/// A desktop with one setting; the program asks it.
+/// A desktop with one setting, which the program reads.
 void tst_Animations::startPortal(const QString &group, const QString &key, const QVariant &value)
 {
     m_portal = std::make_unique<Portal>();
@@ -146,7 +146,7 @@ void tst_Animations::desktopsPreference()
     QFETCH(QVariant, value);
     QFETCH(bool, isAnimated);
     startPortal(group, key, value);
-    // The next change comes after the answer, which may change nothing.
+    // The next change follows the answer, which may change nothing.
     Q_EMIT m_portal->SettingChanged(QStringLiteral("test"), QStringLiteral("test"),
                                     QDBusVariant(1));
     QTRY_COMPARE(m_style->isAnimated(), isAnimated);
@@ -182,7 +182,7 @@ void tst_Animations::choiceOverridesTheDesktop()
     QVERIFY(m_style->isAnimated());
 }
 
-/// A bus on which nobody answers, and no bus at all.
+/// A bus without a portal, and no bus at all.
 void tst_Animations::noPortal()
 {
     m_animations->followDesktop(

@@ -125,7 +125,7 @@ void tst_Appearance::textSizeInARunningWindow()
     QCOMPARE(scope->size(), button);
 }
 
-/// The stored choice holds, whatever the desktop asks for.
+/// The stored choice overrides the desktop's setting.
 void tst_Appearance::animation()
 {
     QVERIFY(vxApp->getStyle()->isAnimated());

@@ -333,7 +333,7 @@ void tst_AutoSave::canBeTurnedOff()
     QVERIFY(!hasCopy());
     change();
     QVERIFY(!m_written->wait(Interval * 4));
-    // On again it sees the changes from before.
+    // Turned on again it copies the earlier changes.
     m_save->setInterval(Interval);
     QVERIFY(m_written->wait());
     QVERIFY(hasCopy());

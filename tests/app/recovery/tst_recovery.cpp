@@ -1,4 +1,4 @@
-// A program that dies in the middle of the work, and the one that is started after it.
+// A program that is killed with unsaved changes, and the one that is started after it.
 
 #include "boxanswer.h"
 #include "io/vxscenereader.h"
@@ -210,7 +210,7 @@ void tst_Recovery::laterAsksAgain()
         press("LaterButton");
         QTRY_VERIFY(!dialog());
         QCOMPARE(vxScene->getNumNodes(), 0);
-        // In the same run the menu leads there.
+        // In the same run the menu opens it.
         recoveryMenu()->actions().constLast()->trigger();
         QVERIFY(dialog());
         QTest::keyClick(dialog(), Qt::Key_Escape);

@@ -32,7 +32,7 @@ void mark(const char *text)
     std::fflush(stdout);
 }
 
-/// Another program: keeps a copy and lives on, or writes it again and again.
+/// Another program: keeps a copy and continues to run, or writes it again and again.
 int keepCopies(const QString &folder, bool forever)
 {
     VxScene scene;
@@ -48,7 +48,7 @@ int keepCopies(const QString &folder, bool forever)
     return QCoreApplication::exec();
 }
 
-/// Another program that looks for copies and keeps them claimed as long as it lives.
+/// Another program that looks for copies and keeps their locks until it ends.
 int countCopies(const QString &folder)
 {
     RecoveryStore store(folder);
@@ -102,7 +102,7 @@ private Q_SLOTS:
 
     void aKilledProgramLeavesItsCopy();
     void copiesAreReadableByTheOwnerOnly();
-    void aLivingProgramKeepsItsCopy();
+    void aRunningProgramKeepsItsCopy();
     void aCopyIsOfferedByOneProgramOnly();
     void foldersWithoutLocks();
     void aKilledProgramLeavesAWholeCopy();
@@ -115,13 +115,13 @@ private Q_SLOTS:
     void latestFirst();
     void withoutRecord_data();
     void withoutRecord();
-    void lockOfAFormerLife();
-    void remainsAreSwept();
+    void lockOfAnEndedProgramWithTheSameNumber();
+    void incompleteCopiesAreRemoved();
     void theSceneIsCopiedAtTheStart();
     void removalIsDeferredUntilTheDiskAnswers();
     void aFullDiskKeepsTheFormerCopy();
-    void foldersThatTakeNothing_data();
-    void foldersThatTakeNothing();
+    void foldersThatCannotBeWritten_data();
+    void foldersThatCannotBeWritten();
     void withoutFolderNothingIsKept();
 
 private:
@@ -212,7 +212,7 @@ void tst_RecoveryStore::copiesAreReadableByTheOwnerOnly()
     }
 }
 
-void tst_RecoveryStore::aLivingProgramKeepsItsCopy()
+void tst_RecoveryStore::aRunningProgramKeepsItsCopy()
 {
     Child child("keep", folder());
     RecoveryStore store(folder());
@@ -421,7 +421,7 @@ void tst_RecoveryStore::withoutRecord()
 }
 
 /// In a container programs get the same numbers again: such a lock has no owner.
-void tst_RecoveryStore::lockOfAFormerLife()
+void tst_RecoveryStore::lockOfAnEndedProgramWithTheSameNumber()
 {
     leaveCopy();
     const QString scene = files().filter(".vxscene").constFirst();
@@ -437,7 +437,7 @@ void tst_RecoveryStore::lockOfAFormerLife()
     QVERIFY(files().isEmpty());
 }
 
-void tst_RecoveryStore::remainsAreSwept()
+void tst_RecoveryStore::incompleteCopiesAreRemoved()
 {
     leaveCopy("kept");
     QVERIFY(QDir(folder()).mkpath("."));
@@ -521,15 +521,15 @@ void tst_RecoveryStore::aFullDiskKeepsTheFormerCopy()
     QCOMPARE(files().size(), 3);
 }
 
-void tst_RecoveryStore::foldersThatTakeNothing_data()
+void tst_RecoveryStore::foldersThatCannotBeWritten_data()
 {
     QTest::addColumn<QString>("place");
     QTest::newRow("a file") << "plain.txt";
     QTest::newRow("below a file") << "plain.txt/below";
-    QTest::newRow("a place of the system's") << "/proc/recovery";
+    QTest::newRow("a system folder") << "/proc/recovery";
 }
 
-void tst_RecoveryStore::foldersThatTakeNothing()
+void tst_RecoveryStore::foldersThatCannotBeWritten()
 {
     QFETCH(QString, place);
     QFile plain(m_dir->filePath("plain.txt"));

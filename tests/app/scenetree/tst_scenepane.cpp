@@ -275,7 +275,7 @@ void tst_ScenePane::removingTheSelectedNode()
     QVERIFY(!vxScene->getPrimarySelection());
 }
 
-/// A tree without rows says why.
+/// A tree without rows shows the reason.
 void tst_ScenePane::emptyTreeExplainsItself()
 {
     const auto *hint = m_pane->findChild<EmptyHint *>();

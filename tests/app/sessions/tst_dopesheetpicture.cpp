@@ -18,7 +18,7 @@ namespace {
 constexpr int NameColumn = 0;
 constexpr int KeysColumn = 1;
 
-// What the file says of its motion.
+// The motion as the file has it.
 struct Motion
 {
     int frames = 0;
@@ -188,7 +188,7 @@ void TestDopeSheetPicture::checkRow(const QModelIndex &row, QStyle::State look)
     QVERIFY(scale.framesPerSecond > 0);
     const VxTime step = 4800 / scale.framesPerSecond;
 
-    // Later marks cover earlier ones; what lets something shine through is not compared.
+    // Later marks cover earlier ones; translucent pixels are not compared.
     QVector<QRgb> expected(picture.size(), 0);
     int marks = 0;
     for (int frame = 0; frame < m_motion.frames; ++frame) {

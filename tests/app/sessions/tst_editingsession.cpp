@@ -101,7 +101,7 @@ qint64 keyCount(const Snapshot &keys)
 // release of a drag is lost. Then all of it is undone, which must give the file's keys, and redone,
 // which must give the last ones.
 //
-// VX_SESSION_SECONDS says how long (1 by default), VX_SESSION_SEED which hand.
+// VX_SESSION_SECONDS: its length (1 by default); VX_SESSION_SEED: its seed.
 class TestEditingSession : public QObject, private StudioTest
 {
     Q_OBJECT
@@ -181,7 +181,7 @@ QPoint TestEditingSession::somePlace()
             number(2, m_sheet->viewport()->height() - 3)};
 }
 
-// Where the cursor says that there is a key, if one is found soon.
+// A position at which the cursor shows that there is a key, if one is found soon.
 QPoint TestEditingSession::someKey()
 {
     VxMouseDriver hand(m_sheet->viewport());

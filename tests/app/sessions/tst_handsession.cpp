@@ -161,7 +161,7 @@ void tst_HandSession::bandSelect(const QString &from, const QString &to, int fir
         const QModelIndexList found =
             sheet()->model()->match(sheet()->model()->index(0, 0), Qt::DisplayRole, row, 1,
                                     Qt::MatchExactly | Qt::MatchRecursive);
-        // A band takes the marks whose left edges it covers.
+        // A band selects the marks whose left edges it covers.
         const int x = axis->xOf(VxTime(frame * Frame)) - MarkSide / 2;
         return QPoint(area->mapFrom(window(), views->mapTo(window(), QPoint(x, 0))).x(),
                       sheet()->visualRect(found.value(0)).center().y());

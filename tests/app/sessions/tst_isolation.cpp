@@ -89,7 +89,7 @@ void tst_Isolation::altClickIsolates()
     QCOMPARE(rows().count("X Rotate"), 1);
     QCOMPARE(curves(), QStringList({"lThigh.XRotate", "lThigh.YRotate", "lThigh.ZRotate"}));
     QVERIFY(isolate()->isChecked());
-    // Another node takes its place; nothing that an undo would revert was changed.
+    // Another node replaces it; nothing that an undo would revert was changed.
     clickNode(vxScene->findNode("rShin"), Qt::AltModifier);
     QVERIFY(rows().contains("Right Shin"));
     QVERIFY(!rows().contains("Left Thigh"));

@@ -495,7 +495,7 @@ void tst_KeyCursor::historyHolds()
                         Qt::Key_Home,   Qt::Key_End,    Qt::Key_Space,    Qt::Key_Space,
                         Qt::Key_Return, Qt::Key_G,      Qt::Key_G,        Qt::Key_V,
                         Qt::Key_Tab,    Qt::Key_Escape, Qt::Key_PageDown, Qt::Key_Delete};
-    // What is deleted comes back, so that there are keys to the end of a long session.
+    // Deleted keys are restored, so that there are keys to the end of a long session.
     QSignalSpy entries(vxApp->getUndoStack(), &VxUndoStack::indexChanged);
     for (int step = 0; step < vxSessionLength(400); ++step) {
         if (step % 50 == 49)

@@ -95,7 +95,7 @@ void tst_WalkSession::selectFigure()
     vxScene->getRootNodes().first()->select();
 }
 
-/** Without a window manager nobody does that after a dialog. */
+/** A window manager does that after a dialog. */
 void tst_WalkSession::reactivate() const
 {
     window()->activateWindow();

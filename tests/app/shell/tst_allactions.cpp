@@ -444,7 +444,7 @@ void tst_AllActions::everyActionIsHere()
     QCOMPARE(QStringList(m_cases.keys()), offered);
 }
 
-// Entries of many commands in one history lead back to the beginning and to the end again.
+// Many commands in one history are undone to the beginning and redone to the end.
 void tst_AllActions::undoneTogether()
 {
     const QByteArray start = scenePrint();

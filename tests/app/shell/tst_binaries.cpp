@@ -153,7 +153,7 @@ void TestBinaries::searchPathsAreExact_data()
         QTest::newRow("installed") << installed;
 }
 
-/** The loader takes an empty entry for the folder that the program is started in. */
+/** The loader reads an empty entry as the folder that the program is started in. */
 void TestBinaries::searchPathsAreExact()
 {
     QFETCH(QString, folder);

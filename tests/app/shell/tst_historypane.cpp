@@ -233,7 +233,7 @@ void tst_HistoryPane::thePaneKeepsItsPlace()
     QVERIFY(entry("Window", "Default Layout"));
     entry("Window", "Default Layout")->trigger();
     QCOMPARE(window()->dockWidgetArea(dock), Qt::LeftDockWidgetArea);
-    // Behind the scene, not over it.
+    // In a tab behind that of the scene.
     PaneDock *scene = window()->docks()->find("VxScenePane");
     QVERIFY(window()->tabifiedDockWidgets(dock).contains(scene));
     QVERIFY(!scene->visibleRegion().isEmpty());

@@ -1,4 +1,4 @@
-// The docks of the panes in the whole window: the height that a pane limits and gives back, and
+// The docks of the panes in the whole window: the height that a pane limits and restores, and
 // searches when the document changes.
 
 #include "studiotestbase.h"

@@ -41,7 +41,7 @@ private:
     QString options() const;
     // The classes of the menu's entries that are checked, in the order of the menu.
     QStringList markedEntries() const;
-    // What should be checked, by what the pane says.
+    // The expected check marks, by the state of the pane.
     QStringList expectedMarks() const;
     VxSettings *store() const
     {
@@ -120,7 +120,7 @@ QStringList tst_PaneOptions::expectedMarks() const
     return marks;
 }
 
-// Somebody who opens the program for the first time sees all of the pane.
+// At the first start of the program all of the pane is visible.
 void tst_PaneOptions::firstStart()
 {
     QCOMPARE(options(), QString("0 2 true false false 31 2"));

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Would show a picture of the disk, and hide what the name says.
+// As markup it would show a picture of the disk instead of the name.
 const QString Name = QStringLiteral("<img src='/usr/share/x.png'> Leg & \"foot\"");
 
 // What a tool tip with this text shows.
@@ -37,7 +37,7 @@ void collectToolTips(const QAbstractItemModel *model, const QModelIndex &parent,
 
 } // namespace
 
-// Names come from files of others: they are shown as they are written, never read as markup.
+// Names in files are untrusted: they are shown as they are written, never read as markup.
 class TestPlainNames : public QObject, private StudioTest
 {
     Q_OBJECT

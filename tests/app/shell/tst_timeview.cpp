@@ -19,7 +19,7 @@ private Q_SLOTS:
     void cleanup() { tearDownShared(); }
     void cleanupTestCase() { endShared(); }
 
-    void showAllLeavesNoTrace();
+    void showAllIsNoEdit();
     void zoomWithoutKeysShowsAMessage();
     void zoomShowsTheSelectedKeys();
     void viewsAreStoredAndShown();
@@ -36,7 +36,7 @@ private:
     QString status() { return window()->statusBar()->currentMessage(); }
 };
 
-void tst_TimeView::showAllLeavesNoTrace()
+void tst_TimeView::showAllIsNoEdit()
 {
     vxScene->setAnimRange(VxTimeRange(0, 16000));
     vxScene->setPlayRange(VxTimeRange(1600, 3200));

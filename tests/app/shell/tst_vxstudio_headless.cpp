@@ -549,7 +549,7 @@ void tst_VxStudioHeadless::pluginsThatCrashedAreSkipped()
     }
     QVERIFY(run(arguments + QStringList{"--enable-plugins"}).code != 0);
     QCOMPARE(run(arguments).code, 0);
-    // Mended, it is loaded when the user says so.
+    // Mended, it is loaded when the user enables it.
     QVERIFY(QFile::remove(module));
     QVERIFY(QFile::copy(QStringLiteral(VX_BINARY_DIR "/tests/modules/testmodule_good.so"), module));
     const Result mended = run(arguments + QStringList{"--enable-plugins"});

@@ -1,5 +1,5 @@
 // Loaded before the C library: keeps beside a folder what a loss of power would leave of it, and
-// lets the disk fail for some time, now and then.
+// makes the disk fail for some time, now and then.
 //
 // VX_SYNCED_FROM: the folder that is watched. VX_SYNCED_TO: receives the files as they were at the
 // last completed synchronisation: the contents of a file at that of the file, its name at that of
@@ -174,7 +174,7 @@ int fdatasync(int handle)
 ssize_t write(int handle, const void *bytes, size_t size)
 {
     if (isWatched(handle) && fails(2)) {
-        // A full disk takes a part of what is written first.
+        // A full disk stores a part of what is written.
         if (size > 100)
             return original<Write>("write")(handle, bytes, size / 3);
         errno = ENOSPC;

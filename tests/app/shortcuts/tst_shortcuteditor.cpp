@@ -18,7 +18,8 @@
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyle.h>
 
-/// The shortcut editor as a user has it: from the menu, by hand, over two runs of the program.
+/// The shortcut editor opened from the menu and used with mouse and keyboard, over two runs of the
+/// program.
 class tst_ShortcutEditor : public QObject, private StudioTest
 {
     Q_OBJECT
@@ -260,7 +261,7 @@ void tst_ShortcutEditor::windowCommandsHaveKeysToo()
     QCOMPARE(vxApp->getStyle()->colorScheme(), VxStyle::ColorScheme::Light);
 }
 
-/// Settings that somebody wrote by hand.
+/// Settings that were edited in the file.
 void tst_ShortcutEditor::storedKeyOfAWindowCommand()
 {
     start(); // the settings are there

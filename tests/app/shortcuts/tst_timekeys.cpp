@@ -13,7 +13,7 @@
 #include <vxcore/vxfloatproperty.h>
 
 /// The time keys in the whole window: they step through time wherever
-/// the focus is, except where somebody types or walks through a list.
+/// the focus is, except in text fields and lists.
 class tst_TimeKeys : public QObject, private StudioTest
 {
     Q_OBJECT

@@ -1,4 +1,4 @@
-// The monkey: it finds a planted re-entrancy crash and says where, and a short run with a fixed
+// The monkey: it finds a planted re-entrancy crash and reports where, and a short run with a fixed
 // seed finds nothing else.
 
 #include "testing/vxtestmain.h"

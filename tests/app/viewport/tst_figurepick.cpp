@@ -10,7 +10,7 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
-/// What lies under a pixel: a figure of hip (0,0,0) > knee (0,-2,0) ending at (0,-4,0), and a light
+/// The node at a pixel: a figure of hip (0,0,0) > knee (0,-2,0) ending at (0,-4,0), and a light
 /// at (3,0,0).
 class tst_FigurePick : public QObject
 {
@@ -129,7 +129,7 @@ void tst_FigurePick::theNearerBoneIsPicked()
     behind->setOrigin(away * 2);
     m_scene->addNode(behind);
     m_hip->setOrigin({0, 0, 0});
-    // Both project to the same pixel; the one before the other is taken, whatever their order.
+    // Both project to the same pixel; the nearer one is picked, whatever their order.
     m_camera.frame({{-4, -4, -4}, {4, 4, 4}});
     QCOMPARE(pick({0, 0, 0}), m_hip);
     behind->setOrigin(-away * 2);

@@ -80,7 +80,7 @@ private Q_SLOTS:
     void aRefusedPressOrbits();
     void aLayerTakesPrecedenceOverTheTool();
     void mappedButtonsStayWithTheCamera();
-    void theCameraRestsDuringAGesture();
+    void theCameraDoesNotMoveDuringAGesture();
     void aLostReleaseCancels_data();
     void aLostReleaseCancels();
     void aLostReleaseOfTheCameraRestoresIt();
@@ -88,7 +88,7 @@ private Q_SLOTS:
     void escapeCancelsBetweenClicks();
     void anotherToolCancels();
     void anotherSceneCancels();
-    void aToolDestroyedInItsGesture();
+    void aToolIsDestroyedInItsGesture();
 
 private:
     QScopedPointer<VxWarningGuard> m_guard;
@@ -168,7 +168,7 @@ void tst_ViewportTool::mappedButtonsStayWithTheCamera()
                  int(VxViewportMgr::NoOperation));
 }
 
-void tst_ViewportTool::theCameraRestsDuringAGesture()
+void tst_ViewportTool::theCameraDoesNotMoveDuringAGesture()
 {
     const ViewportCamera camera = m_view->camera();
     VxMouseDriver mouse(m_view.data());
@@ -268,7 +268,7 @@ void tst_ViewportTool::anotherSceneCancels()
     QVERIFY(!m_tool->calls.contains("release"));
 }
 
-void tst_ViewportTool::aToolDestroyedInItsGesture()
+void tst_ViewportTool::aToolIsDestroyedInItsGesture()
 {
     const ViewportCamera camera = m_view->camera();
     VxMouseDriver mouse(m_view.data());

@@ -243,7 +243,7 @@ void tst_ViewportWidget::aDragSelectsNothing()
     VxMouseDriver mouse(m_view.data());
     const QPoint on = pixel({0, 2, 0});
     mouse.press(on);
-    mouse.moveTo(on + QPoint(2, 1)); // a hand that is not quite still
+    mouse.moveTo(on + QPoint(2, 1)); // within the distance of a click
     QVERIFY(m_view->camera() == before);
     mouse.moveTo(on + QPoint(30, 0));
     QVERIFY(m_view->camera() != before);
@@ -285,7 +285,7 @@ void tst_ViewportWidget::theSelectionIsFramed()
     QTest::keyClick(m_view->windowHandle(), Qt::Key_F);
     QCOMPARE(m_view->camera().target(), QVector3D(50, 0, 0));
     vxScene->selectAllNodes(false);
-    vxScene->getRootNodes().first()->select(); // a figure stands for its bones
+    vxScene->getRootNodes().first()->select(); // a selected figure frames its bones
     QTest::keyClick(m_view->windowHandle(), Qt::Key_F);
     QCOMPARE(m_view->camera().target(), QVector3D(0, 2, 0));
     vxScene->selectAllNodes(false);

@@ -367,7 +367,7 @@ void TestVxFbxDocuments::settings_data()
     const auto row = [](const char *name, int mode, double custom, double rate) {
         QTest::newRow(name) << mode << custom << rate;
     };
-    row("not said", 0, -1, 30);
+    row("not specified", 0, -1, 30);
     row("120", 1, -1, 120);
     row("24", 11, -1, 24);
     row("29.97, dropped", 8, -1, 30000.0 / 1001);

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void libraryKeepsWhatModulesCall();
 };
 
-// The module hands out two functions and nothing else, so that no symbol of it can meet one of the
+// The module exports two functions and nothing else, so that no symbol of it can replace one of the
 // same name in the host or in another plug-in.
 void TestModuleExports::exactlyTheTwoEntryPoints()
 {

@@ -532,7 +532,7 @@ void TestVxTimelineActions::keyGraphFollowsThePane()
     stage.pane->toggleKeyGraph();
     QVERIFY(action->isChecked());
 
-    // Outside of the advanced view the pane refuses, and the check mark says so.
+    // Outside of the advanced view the pane refuses, and the check mark shows that.
     stage.trigger("VxTimePaneBasicViewAction");
     action->trigger();
     QVERIFY(stage.pane->getKeyGraphOpen());

@@ -34,7 +34,7 @@ private Q_SLOTS:
     void itemKeysOncePerSelectedRow();
     void itemKeys_data();
     void itemKeys();
-    void actionsCanBeUsedWhenThereIsSomethingToDo();
+    void actionsAreEnabledWhenTheyApply();
     void itemKeysWithCtrl_data();
     void itemKeysWithCtrl();
     void itemKeysOfAClosedRow();
@@ -351,7 +351,7 @@ void TestVxTimelineCommands::itemKeys()
              !(first + second).isEmpty());
 }
 
-void TestVxTimelineCommands::actionsCanBeUsedWhenThereIsSomethingToDo()
+void TestVxTimelineCommands::actionsAreEnabledWhenTheyApply()
 {
     Stage stage;
     addKeyedNodes(stage);

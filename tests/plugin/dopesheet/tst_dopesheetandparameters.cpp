@@ -1,4 +1,4 @@
-// The dope sheet beside the Parameters pane: what hands do in the pane is what the rows show.
+// The dope sheet beside the Parameters pane: the rows show every edit made in the pane.
 
 #include "dopesheettestbase.h"
 #include "testing/vxtestmain.h"

@@ -161,7 +161,7 @@ void TestDopeSheetContextMenu::entries()
     QTEST(outline(&menu), "expected");
 }
 
-// Somebody else may provide the ones for the current time.
+// The host may provide the ones for the current time.
 void TestDopeSheetContextMenu::actionsThatAreMissingAreLeftOut()
 {
     for (const char *name :

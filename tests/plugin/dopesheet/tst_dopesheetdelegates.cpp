@@ -535,7 +535,7 @@ void TestDopeSheetDelegates::toolTipIsShownAtTheMouse()
     QFAIL("there is no tool tip");
 }
 
-// What the model says of such a cell is shown, as it is of a name that fits.
+// The model's tool tip of such a cell is shown, as it is of a name that fits.
 void TestDopeSheetDelegates::namesThatAreNoText()
 {
     QStandardItemModel names(2, 1);

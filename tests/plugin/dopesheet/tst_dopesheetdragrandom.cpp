@@ -131,7 +131,7 @@ void TestDopeSheetDragRandom::init()
     QCOMPARE(items.size(), properties.size() + 2); // the alias, the overridden control
 }
 
-// Crowded in places, so that keys meet; at both ends of the range, too.
+// Dense in places, so that keys collide; at both ends of the range, too.
 void TestDopeSheetDragRandom::makeKeys()
 {
     for (VxNumericProperty *property : properties) {
@@ -280,7 +280,7 @@ void TestDopeSheetDragRandom::dragOnce(int number)
     }
     const bool returns = below(4) == 0;
     const qint64 offset = returns ? 0 : limited((below(60) - 30) * (below(2) == 0 ? 160 : 1));
-    if (offset == 0) { // the end of a drag that leads nowhere, and of one that is given up
+    if (offset == 0) { // the end of a drag by nothing, and of a cancelled one
         QVERIFY(drag.moveTo(0, VxCollision::WaitBeside));
         QVERIFY2(scene() == before, qPrintable(QString::number(number)));
         QVERIFY(selectedTimes() == selection);

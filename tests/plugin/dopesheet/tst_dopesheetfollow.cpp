@@ -236,7 +236,7 @@ void TestDopeSheetFollow::objectsAreExchanged()
     vxApp->getUndoStack()->undo();
     QTRY_VERIFY(row(smile->getValueControl()));
     QCOMPARE(model()->findItem(m_figure)->keyCount(), 1);
-    // A morph that is destroyed takes its row along.
+    // The row of a destroyed morph is removed.
     const VxProperty *value = smile->getValueControl();
     delete smile;
     QTRY_VERIFY(!properties(a).contains("smile"));

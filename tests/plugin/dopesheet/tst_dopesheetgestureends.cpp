@@ -82,7 +82,7 @@ private:
         const QModelIndex row = translationOf(ball, 0);
         view->setKeySelection(true, row, row, 1600, 1600);
     }
-    // Moves about a place, as hands do, until the dragged keys show there.
+    // Moves by small steps about a position until the dragged keys are shown there.
     void waitForPreview(VxMouseDriver &hand, const QPoint &position, const Times &expected) const
     {
         int up = 0;
@@ -278,7 +278,7 @@ void TestDopeSheetGestureEnds::shrinkingBandLeavesNothing()
     hand.release(QPoint(900, 600));
 }
 
-// Alt takes the key away, and what follows is a band although it began on a key.
+// Alt deselects the key, and the gesture is a band although it began on a key.
 void TestDopeSheetGestureEnds::bandHidesTheHandCursor()
 {
     selectBoth();

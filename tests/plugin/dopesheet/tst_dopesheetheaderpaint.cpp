@@ -10,7 +10,7 @@
 
 namespace {
 
-// A style that notes what the header asks it to draw, and whose ruler has the given parts.
+// A style that records what the header draws with it, and whose ruler has the given parts.
 class HeaderStyle : public VxStyle
 {
 public:
@@ -74,7 +74,7 @@ Steps stepsOf(float frameWidth, int spacing)
 
 } // namespace
 
-// What the dope sheet's header asks its style to draw, held against loops over all frames of the
+// What the dope sheet's header draws with its style, compared with loops over all frames of the
 // play range; and the header's share in what the base class does with the mouse.
 class TestDopeSheetHeaderPaint : public QObject, private DopeSheetTest
 {

@@ -170,7 +170,7 @@ void TestDopeSheetModelRandom::init()
         if (!m_pattern.isEmpty())
             m_filter->invalidate();
     });
-    // Some nodes have no row of their own accord, but lead to others that have.
+    // Some nodes have a row only because nodes below them have one.
     connect(vxScene, &VxScene::nodeAdded, m_model.get(), [this](VxNode *node) {
         if (node->isIkNode())
             return;

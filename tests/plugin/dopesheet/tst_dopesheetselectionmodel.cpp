@@ -60,7 +60,7 @@ QItemSelection firstHalf(const QItemSelection &selection)
     return half;
 }
 
-// Counts the questions for a row's parent: every comparison of two ranges asks some.
+// Counts the calls of parent(): every comparison of two ranges makes some.
 class CountingModel : public QIdentityProxyModel
 {
 public:

@@ -11,7 +11,7 @@
 
 namespace {
 
-// A style that notes what the view asks it to draw, in order.
+// A style that records what the view draws with it, in order.
 class ViewStyle : public VxStyle
 {
 public:
@@ -95,7 +95,7 @@ protected:
 
 } // namespace
 
-// What the dope sheet view asks its style to draw, and when it is painted anew.
+// What the dope sheet view draws with its style, and when it is repainted.
 class TestDopeSheetViewPaint : public QObject, private DopeSheetTest
 {
     Q_OBJECT

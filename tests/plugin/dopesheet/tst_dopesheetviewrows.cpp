@@ -139,7 +139,7 @@ void TestDopeSheetViewRows::rangeByKeyboard()
     QCOMPARE(selectedNodes(), (QStringList{"arm", "ball", "hip", "leg"}));
 }
 
-// However a node was deselected behind the rows, a click on its row selects it again.
+// A node that was deselected without a change of the rows is selected by a click on its row.
 void TestDopeSheetViewRows::clickOnASelectedRow()
 {
     showView();
@@ -163,7 +163,7 @@ void TestDopeSheetViewRows::ctrlClickDeselectsARow()
     mouse.click(view->visualRect(rowOf(hip)).center(), Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selectedNodes(), QStringList{"leg"});
     QVERIFY(!view->isRowSelected(rowOf(hip)));
-    // A node's row takes the rows of its properties with it.
+    // The rows of its properties are removed with a node's row.
     mouse.click(view->visualRect(rowOf(leg)).center(), Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selectedNodes(), QStringList());
     QVERIFY(!view->selectionModel()->hasSelection());

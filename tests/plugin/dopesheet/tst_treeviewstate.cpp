@@ -243,7 +243,7 @@ void TestTreeViewState::selectedPropertiesAreRestored()
     QCOMPARE(view->getSelectedProperties().size(), 1);
 }
 
-// Something else selected takes the place of what is left out.
+// A new selection replaces that of rows that are left out.
 void TestTreeViewState::newSelectionCounts()
 {
     VxMouseDriver mouse(view->viewport());

@@ -10,7 +10,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
-// The text filter as the pane sets it up: which rows a text lets through, and when rows are tried
+// The text filter as the pane sets it up: which rows a text accepts, and when rows are tested
 // again.
 class TestDopeSheetFilterModel : public QObject, private TimePaneTest
 {

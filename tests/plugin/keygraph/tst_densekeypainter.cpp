@@ -31,7 +31,7 @@ public:
     mutable int marks = 0;
 };
 
-// A picture drawn in signs: '#' hides, 'o' lets half through, '.' is empty.
+// A picture as characters: '#' is opaque, 'o' half transparent, '.' empty.
 QImage drawn(const QStringList &rows)
 {
     QImage image(rows.first().size(), rows.size(), QImage::Format_ARGB32_Premultiplied);
@@ -292,13 +292,13 @@ void TestDenseKeyPainter::linesCoverTheirPixels()
     QVERIFY(checked > 5);
 }
 
-// A line of many pieces looks as the same line in one.
+// A line of many pieces has the same picture as the whole line.
 void TestDenseKeyPainter::jointsAreSeamless()
 {
     for (const double slope : {0.0, 0.37, -0.9, 1.7, -12.0}) {
         QVector<QPointF> points;
         for (double x = 3.1; x < 36.0; x += 1.93) {
-            // Too crooked to be taken for a straight, not enough to be seen.
+            // Not collinear enough for one line, but too little to be visible.
             const double bend = points.size() % 2 ? 0.06 : 0.0;
             points += QPointF(x, 20.0 + slope * (x - 20.0) + bend);
         }
@@ -328,7 +328,7 @@ void TestDenseKeyPainter::longLinesStayWhole_data()
     row("there and back", {{0, 200}, {100, 390}, {101, 10}, {390, 200}});
 }
 
-// However many columns they cross: a line in one looks as the same line in short pieces.
+// However many columns they cross: a whole line has the same picture as its short pieces.
 void TestDenseKeyPainter::longLinesStayWhole()
 {
     QFETCH(QVector<QPointF>, points);
@@ -399,7 +399,7 @@ void TestDenseKeyPainter::linesFarOutside()
     QCOMPARE(qAlpha(along.pixel(39, 20)), 255);
 }
 
-// A bow must not be taken for a straight because each of its pieces hardly turns.
+// A bow must not become one line because its pieces are nearly collinear.
 void TestDenseKeyPainter::slightBowsStayWhereTheyAre()
 {
     QImage picture(2000, 60, QImage::Format_ARGB32_Premultiplied);

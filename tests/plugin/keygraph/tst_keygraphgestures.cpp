@@ -44,7 +44,7 @@ private Q_SLOTS:
     void legend();
 
 private:
-    // Sends an event to the view, without the moves that a hand would have made.
+    // Sends an event to the view, without the mouse moves that would precede it.
     bool send(QEvent::Type type, const QPoint &place);
     QImage picture() const { return view->grab().toImage().convertToFormat(QImage::Format_RGB32); }
     QColor lineColor() const { return view->palette().color(view->foregroundRole()); }

@@ -244,7 +244,7 @@ void TestKeyGraphViewPaint::gridLabelsNeverOverlap_data()
     QTest::newRow("with a name column") << 220 << 0 << 300;
     QTest::newRow("with both sides") << 220 << 130 << 300;
     QTest::newRow("low") << 220 << 0 << 60;
-    QTest::newRow("hardly there") << 0 << 0 << 20;
+    QTest::newRow("20 pixels high") << 0 << 0 << 20;
 }
 
 // However the axes are zoomed and panned.

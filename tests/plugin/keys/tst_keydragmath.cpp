@@ -37,7 +37,7 @@ private Q_SLOTS:
     void releases_data();
     void releases();
     void bands();
-    void pace();
+    void previewsAreThrottled();
 
 private:
     static Scale scale()
@@ -267,7 +267,7 @@ void TestKeyDragMath::bands()
     QCOMPARE(bandSpan(scale(), press, release, 0).top, 0);
 }
 
-void TestKeyDragMath::pace()
+void TestKeyDragMath::previewsAreThrottled()
 {
     DragThrottle throttle;
     throttle.begin(1000);

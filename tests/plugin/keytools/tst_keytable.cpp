@@ -379,7 +379,7 @@ void tst_KeyTable::typingInThePane()
     QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell(0, Column::Value));
     QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(stage.drawing(4), QString("A B c D"));
-    // The table follows the selection, and shows nothing of a key that has gone.
+    // The table follows the selection and does not list deleted keys.
     stage.app.getKeySelection()->clear();
     QTRY_COMPARE(table->model()->rowCount(), 0);
 }

@@ -209,8 +209,8 @@ void tst_KeyToolsPane::paneKeepsItsFields()
     QCOMPARE(pane.findChild<QLineEdit *>("move.by")->text(), QString("7"));
 }
 
-/// In a low and narrow pane every field of every tool has the height it asks for, and room for a
-/// number.
+/// In a low and narrow pane every field of every tool has the height of its size hint, and room for
+/// a number.
 void tst_KeyToolsPane::fieldsAreNotSqueezed()
 {
     KeyToolStage stage;

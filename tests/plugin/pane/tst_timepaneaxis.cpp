@@ -41,7 +41,7 @@ private Q_SLOTS:
     void wheelOverTheSlider();
     void otherUsesOfTheWheelStay();
     void wheelInMidGestureIsIgnored();
-    void lookingAroundLeavesNoTrace();
+    void viewChangesMakeNoEdit();
 
 private:
     QImage picture() const
@@ -375,7 +375,7 @@ void TestTimePaneAxis::wheelInMidGestureIsIgnored()
     QCOMPARE(vxScene->getPlayRange(), before);
 }
 
-void TestTimePaneAxis::lookingAroundLeavesNoTrace()
+void TestTimePaneAxis::viewChangesMakeNoEdit()
 {
     vxScene->setTime(150 * 160);
     vxApp->getUndoStack()->setClean();

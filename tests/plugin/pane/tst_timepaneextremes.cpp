@@ -6,7 +6,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
-// Numbers at the ends of what there is, in any order, as scripts may hand them to the pane's slots.
+// The smallest and largest numbers, in any order, as arguments of the pane's slots.
 class TestTimePaneExtremes : public QObject, private TimePaneTest
 {
     Q_OBJECT
@@ -72,7 +72,7 @@ void TestTimePaneExtremes::numbersInAnyOrder()
         QVERIFY(vxScene->getPlayRange().getStart() <= vxScene->getPlayRange().getEnd());
         QVERIFY(vxScene->getAnimRange().getStart() <= vxScene->getAnimRange().getEnd());
     }
-    // All of it can be taken back.
+    // All of it can be undone.
     vxApp->getUndoStack()->setIndex(0);
     QCOMPARE(vxScene->getTimeStep(), 160);
 }

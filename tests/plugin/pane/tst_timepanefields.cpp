@@ -8,7 +8,7 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
-// Hands that type into the pane's fields, digit by digit: what the scene and the history say after
+// Typing into the pane's fields, digit by digit: the state of scene and history after
 // each, and that leaving a field adds nothing.
 class TestTimePaneFields : public QObject, private TimePaneTest
 {
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void currentFrameIsClampedWhileItIsTyped();
     void endsShareTheirRange();
 
-    void rateAboveTheMost();
+    void rateAboveTheMaximum();
     void rateOfNoneStaysOutOfTheScene_data();
     void rateOfNoneStaysOutOfTheScene();
     void rateOfNoneTwice_data();
@@ -294,7 +294,7 @@ void TestTimePaneFields::endsShareTheirRange()
     QCOMPARE(textOf(PlayStart), QStringLiteral("20"));
 }
 
-void TestTimePaneFields::rateAboveTheMost()
+void TestTimePaneFields::rateAboveTheMaximum()
 {
     type(Rate, QStringLiteral("1201"));
     QCOMPARE(textOf(Rate), QStringLiteral("1200"));
@@ -395,7 +395,7 @@ void TestTimePaneFields::oddRates_data()
     row("48", 48, 100, {"481", "10", "240", "99", "48"});
     row("1200", 1200, 4, {"12001", "250", "6000", "2499", "1200"});
     // 4800 / 99 is 48, and 4800 / 48 is 100.
-    row("99 is not to be had", 99, 48, {"1001", "20", "500", "208", "100"});
+    row("99 is not available", 99, 48, {"1001", "20", "500", "208", "100"});
 }
 
 void TestTimePaneFields::oddRates()

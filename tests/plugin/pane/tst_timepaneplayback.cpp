@@ -97,7 +97,7 @@ void TestTimePanePlayback::twoSecondsInLoops()
     // A frame may not be shown before its time, except for the rounding of a tick.
     QVERIFY(lateness.first() >= -1);
     QVERIFY(median < Step);
-    // Nor does it get later and later: the last second is not behind the first one.
+    // Nor does the delay grow: the last second is not later than the first one.
     const auto medianOf = [this](int from, int to) {
         QVector<qint64> part;
         for (int i = from; i < to; ++i)

@@ -349,7 +349,7 @@ void TestTimePaneLayout::extrasStayHiddenWhenTheViewChangesBehindATab()
         QVERIFY2(!inside->findChild<QWidget *>(QLatin1String(name))->isVisible(), name);
 }
 
-// In the font that the application takes.
+// In the application's font.
 void TestTimePaneLayout::everythingFitsASmallScreen()
 {
     QFont font = QApplication::font();

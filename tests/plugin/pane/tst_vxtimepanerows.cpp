@@ -227,7 +227,7 @@ void TestTimePaneRows::hidingDefersTheRest()
     QVERIFY(!view->selectionModel()->hasSelection());
 }
 
-// Another pane lives on, and the scene keeps changing.
+// Another pane still exists, and the scene keeps changing.
 void TestTimePaneRows::paneDestroyedBeforeItsEvents()
 {
     VxTimePane other;
@@ -403,7 +403,7 @@ void TestTimePaneRows::rowsMadeAnew()
     QCoreApplication::processEvents();
     VxDopeSheetView *view = pane->getDopeSheetView();
     view->setColumnWidth(VxDopeSheetView::NameColumn, 180);
-    // Only now is it asked again which nodes belong in the sheet.
+    // Only now is it decided again which nodes are listed.
     camera->setVisible(false);
     QVERIFY(view->findNodeIndex(camera).isValid());
     pane->refreshDopesheet();

@@ -368,7 +368,7 @@ void TestTimePaneSettings::optionsMenu()
     QCOMPARE(describe(&menu), built);
 }
 
-// Somebody else's preferences are no reason to leave out the pane's own.
+// Preferences of other modules are no reason to leave out the pane's own.
 void TestTimePaneSettings::optionsMenuKeepsPresentEntries()
 {
     VxActionMenu menu;

@@ -37,7 +37,7 @@ private Q_SLOTS:
     void typedStartBeyondTheEnd();
     void typedEndBeforeTheStart();
     void typedCurrentFrameBeyondTheEnd();
-    void typedRateAboveTheMost();
+    void typedRateAboveTheMaximum();
     void typedRateOfZero();
     void typedRateOfNothing();
     void lettersDoNotGetIn();
@@ -287,7 +287,7 @@ void TestTimePaneTime::typedCurrentFrameBeyondTheEnd()
     QCOMPARE(undoTexts(), QStringList());
 }
 
-void TestTimePaneTime::typedRateAboveTheMost()
+void TestTimePaneTime::typedRateAboveTheMaximum()
 {
     type("TimelineFPSLEdit", QStringLiteral("1201"));
     QCOMPARE(field("TimelineFPSLEdit")->text(), QStringLiteral("1200"));

@@ -14,7 +14,7 @@ private Q_SLOTS:
     void initTestCase() { qRegisterMetaType<VxAction *>(); }
     void init() { m_guard.reset(new VxWarningGuard); }
     void cleanup() { m_guard.reset(); }
-    void takesCommands();
+    void addsCommands();
     void commandsShareTheKeys();
     void commandRequestsAnAssignedKey();
     void removesADeletedCommand();
@@ -26,7 +26,7 @@ private:
     std::unique_ptr<VxWarningGuard> m_guard;
 };
 
-void tst_ActionCommands::takesCommands()
+void tst_ActionCommands::addsCommands()
 {
     VxActionMgr manager;
     QAction save;
@@ -168,7 +168,7 @@ void tst_ActionCommands::storedKeysOfCommands_data()
         << "Ctrl+C||Ctrl+S" << QStringList{copyClass, playClass};
 }
 
-// What only a file that was written by hand can hold must not leave a key dead.
+// An inconsistent settings file must not leave a key without effect.
 void tst_ActionCommands::storedKeysOfCommands()
 {
     QFETCH(QString, copy);

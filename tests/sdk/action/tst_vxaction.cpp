@@ -55,7 +55,7 @@ protected:
     }
 };
 
-/// Asks for its help while it is being constructed, and has a subclass.
+/// Reads its help while it is being constructed, and has a subclass.
 class EagerAction : public PlainAction
 {
     Q_OBJECT

@@ -39,7 +39,7 @@ public:
     QString getActionGroup() const override { return QStringLiteral("Clipboard"); }
 };
 
-/// An action that asks for a place among those of its group, and is named by it.
+/// An action with a menu order, which is also its name.
 class OrderedAction : public VxAction
 {
 public:

@@ -70,7 +70,7 @@ private Q_SLOTS:
     void lockedPropertiesKeepTheirKeys();
     void keysOfOtherHoldersAreLeftAlone();
     void eachPropertyReportsOnce();
-    void figureNodesAreMetOnce();
+    void figureNodesAreVisitedOnce();
 
 private:
     VxNode *add(VxNode *node, VxNode *parent);
@@ -259,7 +259,7 @@ void tst_VxClearKeysActions::eachPropertyReportsOnce()
     QCOMPARE(changed.size(), 1);
 }
 
-void tst_VxClearKeysActions::figureNodesAreMetOnce()
+void tst_VxClearKeysActions::figureNodesAreVisitedOnce()
 {
     const QVector<VxNode *> figure{m_hip, m_chest, m_hand};
     QCOMPARE(VxClearKeysTargets::nodes({m_hand, m_light, m_chest}, Nodes::Figures), figure);

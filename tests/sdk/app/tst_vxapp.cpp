@@ -97,9 +97,9 @@ private Q_SLOTS:
     void initTestCase() { qRegisterMetaType<VxPane *>(); }
     void init() { m_guard.reset(new VxWarningGuard); }
     void cleanup() { m_guard.reset(); }
-    void nameIsThereBeforeAnything();
+    void nameIsSetBeforeTheApplicationExists();
     void setsTheGlobalsAndClearsThem();
-    void refusesToBeTwo();
+    void refusesASecondInstance();
     void ownsItsParts();
     void registersTheHostsClasses();
     void hostClassesHaveDistinctIdentifiers();
@@ -127,7 +127,7 @@ private:
     NotesFactory m_notes;
 };
 
-void tst_VxApp::nameIsThereBeforeAnything()
+void tst_VxApp::nameIsSetBeforeTheApplicationExists()
 {
     QCOMPARE(nameBeforeMain, QStringLiteral("VxStudio"));
     QVERIFY(!vxApp);
@@ -147,7 +147,7 @@ void tst_VxApp::setsTheGlobalsAndClearsThem()
     QVERIFY(!vxScene);
 }
 
-void tst_VxApp::refusesToBeTwo()
+void tst_VxApp::refusesASecondInstance()
 {
     const VxApp first;
     {

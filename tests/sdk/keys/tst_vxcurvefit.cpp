@@ -270,7 +270,7 @@ void tst_VxCurveFit::randomCurvesAreKept()
         const VxFittedKeys keys = vxFitCurve(points, 0.05);
         VxFloatProperty property("p");
         QVERIFY(property.setKeys(keys.columns()));
-        // Between the places that the fit looks at the distance is hardly larger.
+        // Between the ticks that the fit checks the distance is hardly larger.
         QVERIFY2(distance(property, points) < 0.08,
                  qPrintable(QString("%1: %2").arg(round).arg(distance(property, points))));
     }

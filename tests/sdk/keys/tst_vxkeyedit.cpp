@@ -30,7 +30,7 @@ std::vector<VxTime> timesOf(const KeyTrack<float> &track, const std::vector<int>
     return times;
 }
 
-// The rule taken word by word: the key furthest in the direction of the move first, each one tick
+// The rule as it is worded: the key furthest in the direction of the move first, each one tick
 // back at a time until its place is free.
 std::vector<VxTime> naiveWaitTimes(const KeyTrack<float> &track, const std::vector<int> &selected,
                                    const std::vector<VxTime> &origins, int offset)
@@ -367,7 +367,7 @@ void tst_VxKeyEdit::nudgingAtTheEndsOfTime()
              (std::vector<VxTime>{VxTimeMin + 1, VxTimeMin + 2}));
 }
 
-// Keys that queue up behind a wall must not each walk along the whole wall.
+// Keys that wait beside a run of keys must not each search the whole run.
 void tst_VxKeyEdit::manyKeysWithOneTarget()
 {
     constexpr int count = 60000;

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void copiesToAnotherMenu();
     void copyingAgainLeavesNoSubMenusBehind();
     void triggersTheAction();
-    void setMenuTakesOver();
+    void setMenuTakesOwnership();
     void aHandedOverSubMenuIsUsed();
     void aDestroyedMenuIsRemoved();
     void clearDestroysSubMenus();
@@ -290,7 +290,7 @@ void tst_VxActionMenu::triggersTheAction()
     QCOMPARE(m_alpha->numRuns, 1);
 }
 
-void tst_VxActionMenu::setMenuTakesOver()
+void tst_VxActionMenu::setMenuTakesOwnership()
 {
     QPointer<QMenu> handedOver(new QMenu);
     QPointer<QMenu> former;

@@ -41,7 +41,7 @@ public:
     }
 };
 
-/// Asks for itself while it is being made.
+/// Looks itself up while it is being made.
 class SelfishPane : public VxPane
 {
     Q_OBJECT

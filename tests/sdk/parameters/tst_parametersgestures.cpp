@@ -1,5 +1,5 @@
-// Gestures in the Parameters pane that meet something on the way: the edge of the screen, a key, a
-// command of somebody else.
+// Gestures in the Parameters pane that are disturbed: by the edge of the screen, a key, another
+// command.
 
 #include "parameterspanetestbase.h"
 #include "testing/vxtestmain.h"

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void aFrameOfALargeScene();
 
 private:
-    /// What each step of something takes, in milliseconds of this process.
+    /// The time of each step, in milliseconds of this process.
     using Laps = QVector<QPair<const char *, double>>;
     static void measure(Laps *laps, const char *step, const std::function<void()> &work);
     static void compare(const Laps &small, const Laps &large);
@@ -32,7 +32,7 @@ namespace {
 
 constexpr int Fewer = 1000;
 constexpr int More = 4000; // quadratic would be sixteen times as long
-constexpr double MostGrowth = 9;
+constexpr double MaxGrowth = 9;
 constexpr double Noise = 15; // milliseconds
 
 } // namespace
@@ -55,7 +55,7 @@ void TestParametersMany::compare(const Laps &small, const Laps &large)
                                   .arg(large.at(i).second, 0, 'f', 1)
                                   .arg(More);
         qInfo("%s", qPrintable(found));
-        QVERIFY2(large.at(i).second < MostGrowth * small.at(i).second + Noise, qPrintable(found));
+        QVERIFY2(large.at(i).second < MaxGrowth * small.at(i).second + Noise, qPrintable(found));
     }
 }
 

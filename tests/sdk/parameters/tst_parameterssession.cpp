@@ -42,7 +42,7 @@ private:
     QString m_last;               // what was done last
 };
 
-/// Everything that the history takes back: the values and keys of all properties.
+/// Everything that the history restores: the values and keys of all properties.
 QString TestParametersSession::dump() const
 {
     QString text;

@@ -1,4 +1,4 @@
-// Values of the Parameters pane under real hands: dragged, typed, stepped, switched.
+// Values of the Parameters pane edited with mouse and keyboard: dragged, typed, stepped, switched.
 
 #include "parameterspanetestbase.h"
 #include "testing/vxtestmain.h"
@@ -156,7 +156,7 @@ void TestParametersValues::escapeDiscardsTheTypedText()
     QTRY_VERIFY(!field());
     QCOMPARE(x()->getValue(), 0.0f);
     QCOMPARE(vxApp->getUndoStack()->count(), 0);
-    // The steps that are no entry yet are taken back.
+    // The steps that are no entry yet are reverted.
     click(x());
     QTRY_VERIFY(field());
     QTest::keyClick(field(), Qt::Key_Up);

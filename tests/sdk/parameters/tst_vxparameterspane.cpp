@@ -283,7 +283,7 @@ void TestParametersPane::pictures_data()
     QTest::newRow("light, double") << false << 2.0;
 }
 
-/// VX_PICTURES names a folder that takes the pictures.
+/// VX_PICTURES names a folder to which the pictures are written.
 void TestParametersPane::pictures()
 {
     QFETCH(bool, dark);

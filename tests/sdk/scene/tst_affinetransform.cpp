@@ -56,9 +56,9 @@ private Q_SLOTS:
     void inverses();
     void shapesThatAreKept_data();
     void shapesThatAreKept();
-    void turnsAndFactors_data();
-    void turnsAndFactors();
-    void flatOnesHaveNoTurn();
+    void rotationsAndFactors_data();
+    void rotationsAndFactors();
+    void flatTransformsHaveNoRotation();
 
 private:
     QScopedPointer<VxWarningGuard> m_guard;
@@ -126,7 +126,7 @@ void tst_AffineTransform::shapesThatAreKept()
     QVERIFY(!scaled(0, 0, 0).isConformal());
 }
 
-void tst_AffineTransform::turnsAndFactors_data()
+void tst_AffineTransform::rotationsAndFactors_data()
 {
     QTest::addColumn<double>("x");
     QTest::addColumn<double>("y");
@@ -137,7 +137,7 @@ void tst_AffineTransform::turnsAndFactors_data()
     QTest::newRow("tiny") << 1e-6 << 2e-6 << 3e-6;
 }
 
-void tst_AffineTransform::turnsAndFactors()
+void tst_AffineTransform::rotationsAndFactors()
 {
     QFETCH(double, x);
     QFETCH(double, y);
@@ -154,7 +154,7 @@ void tst_AffineTransform::turnsAndFactors()
         QVERIFY(std::abs(split->factors[axis] / expected[axis] - 1) < 1e-12);
 }
 
-void tst_AffineTransform::flatOnesHaveNoTurn()
+void tst_AffineTransform::flatTransformsHaveNoRotation()
 {
     QVERIFY(!splitRotation(scaled(1, 0, 1)));
     QVERIFY(!splitRotation(scaled(0, 1, 1)));

@@ -435,7 +435,7 @@ void TestElementUndo::randomEditsAreUndoneExactly()
                     add(qPrintable(QString::number(++made)));
             }
         });
-        // A new entry takes the place of those undone.
+        // A new entry replaces those undone.
         if (m_stack->index() == before + 1)
             states = states.mid(0, before + 1) << drawn();
         QCOMPARE(drawn(), states.at(m_stack->index()));

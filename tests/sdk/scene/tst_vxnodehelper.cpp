@@ -96,7 +96,7 @@ private Q_SLOTS:
     void fromAParentOfNoSizeThePlaceIsKept();
     void noNumbers();
     void lockedAndLinkedControlsStay();
-    void aLockedScaleIsMadeUpForByTheAxes();
+    void aLockedScaleIsCompensatedByTheAxes();
     void undoIsExact();
     void anyTwoPlaces();
 
@@ -339,7 +339,7 @@ void tst_VxNodeHelper::betweenKeysThePresentPlaceIsKept()
     QVERIFY(move(m_hand, 700));
     QVERIFY(difference(before, m_ball->getWorldTransform(700)) < Same);
     QVERIFY(m_ball->getXPosControl()->hasKey(700));
-    // Where the curve leads past the place anyway there is no need of a key.
+    // Where the curve passes the position anyway no key is needed.
     setTurn(m_arm, 0, 0, 0);
     m_arm->getYRotControl()->deleteAllKeys();
     const int count = m_ball->getXPosControl()->getNumKeys();
@@ -461,7 +461,7 @@ void tst_VxNodeHelper::lockedAndLinkedControlsStay()
     QCOMPARE(valuesOf(driver), driven);
 }
 
-void tst_VxNodeHelper::aLockedScaleIsMadeUpForByTheAxes()
+void tst_VxNodeHelper::aLockedScaleIsCompensatedByTheAxes()
 {
     m_arm->getScaleControl()->setStoredValue(4);
     m_ball->getScaleControl()->setLocked(true);

@@ -27,7 +27,7 @@ struct Example
     int line; ///< of the first line of the program, in the manual
 };
 
-/// Takes the pairs of a ```js and a ```text block out of a manual.
+/// Reads the pairs of a ```js and a ```text block from a manual.
 QVector<Example> examplesOf(const QString &manual)
 {
     QVector<Example> examples;

@@ -13,7 +13,7 @@ private Q_SLOTS:
     void cleanup() { m_guard.reset(); }
 
     void idsHaveTheirNumbers();
-    void metricsAnswerThroughTheToolkit();
+    void metricsAreReadThroughTheToolkit();
     void metricsOfTheTimelineFitTogether();
     void toolkitMetricsStayFusions();
     void rulerFlagsAreAllOn();
@@ -78,7 +78,7 @@ void tst_VxStyle::idsHaveTheirNumbers()
     QCOMPARE(int(VxStyleOptionCustom::Type), 0xF00);
 }
 
-void tst_VxStyle::metricsAnswerThroughTheToolkit()
+void tst_VxStyle::metricsAreReadThroughTheToolkit()
 {
     const VxStyle style;
     const QStyle &plain = style;

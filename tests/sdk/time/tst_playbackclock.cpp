@@ -202,7 +202,7 @@ void TestPlaybackClock::longStallsDoNotRushEveryFrame()
         QCOMPARE(clock.advance(now + frame / 2).time, shown);
         QVERIFY(clock.nextDue() - now >= frame);
     }
-    // In time again: no faster than the rate, however far behind.
+    // On time again: no faster than the rate, however late.
     const qint64 since = now;
     for (VxTime shown = 1100; shown <= 2000; shown += 100)
         QCOMPARE(clock.advance(clock.nextDue()).time, shown);

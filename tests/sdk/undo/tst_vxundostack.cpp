@@ -42,7 +42,7 @@ private:
     QStringList *m_log;
 };
 
-/// Asks the history, while it is undoing, whether it would record.
+/// Queries isRecording() of the history during an undo.
 class AskingItem : public VxUndoItem
 {
 public:

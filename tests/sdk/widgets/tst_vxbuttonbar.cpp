@@ -45,7 +45,7 @@ private:
     // The indices of the shown items from left to right.
     QList<int> order(const QList<int> &indices) const;
     void show();
-    // Lets the window lay the bar out anew.
+    // Makes the window lay the bar out anew.
     void settle() { QCoreApplication::processEvents(); }
 
     std::optional<VxWarningGuard> m_guard;

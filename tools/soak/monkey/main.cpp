@@ -23,7 +23,7 @@ QSet<QString> &warnings()
 }
 
 /// Each warning is printed once.
-void takeMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+void handleMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     if (type == QtFatalMsg) {
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -113,7 +113,7 @@ int main(int argc, char **argv)
     // Whatever a dialog or a setting writes stays in the temporary folder.
     qputenv("HOME", folder.path().toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
-    qInstallMessageHandler(takeMessage);
+    qInstallMessageHandler(handleMessage);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;

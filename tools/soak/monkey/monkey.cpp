@@ -33,7 +33,7 @@ constexpr int LongestDrag = 60;   // moves
 constexpr int EventsPerDocument = 8000;
 constexpr int EventsPerCheck = 2000;
 constexpr int EventsPerWidgetList = 50;
-constexpr int MostNodes = 600;
+constexpr int MaxNodes = 600;
 constexpr int Outside = 40; // pixels around a window that the mouse leaves it by
 
 constexpr Qt::Key keys[] = {
@@ -100,7 +100,7 @@ void Monkey::step()
 {
     if (m_done >= m_options.events) {
         m_mouse.release(m_window, Qt::NoModifier);
-        if (!leaveDialogs())
+        if (!closeDialogs())
             Q_EMIT finished();
         else
             QTimer::singleShot(0, this, &Monkey::step);
@@ -131,13 +131,13 @@ void Monkey::act()
     };
     if (m_done % EventsPerCheck == 0)
         checkScene();
-    if (m_done % EventsPerDocument == 0 || vxScene->getNumNodes() > MostNodes) {
+    if (m_done % EventsPerDocument == 0 || vxScene->getNumNodes() > MaxNodes) {
         reopen();
         return;
     }
     if ((m_depth > DeepestNesting ||
          qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) &&
-        leaveDialogs())
+        closeDialogs())
         return;
     if (m_mouse.isPressed() && m_heldMoves > LongestDrag) {
         releaseMouse();
@@ -160,7 +160,7 @@ void Monkey::act()
 }
 
 /** Closes the popup or dialog in front. False when there is none. */
-bool Monkey::leaveDialogs()
+bool Monkey::closeDialogs()
 {
     if (QWidget *popup = QApplication::activePopupWidget()) {
         count("popup closed", nameOf(popup));

@@ -21,7 +21,7 @@ class StudioWindow;
 /// the event loop, so that it continues within menus, dialogs and drags that run loops of their
 /// own.
 ///
-/// The same seed makes the same choices; what they meet may differ with timing.
+/// The same seed makes the same choices; their effect may differ with timing.
 class Monkey : public QObject
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ private:
     void step();
     void act();
     void count(const char *kind, const QString &what = QString());
-    bool leaveDialogs();
+    bool closeDialogs();
 
     void moveMouse();
     void pressMouse();
