@@ -16,11 +16,11 @@
 #include <vxcore/vxskeleton.h>
 
 #include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

@@ -15,16 +15,16 @@
 
 #include "testing/vxscenebuilder.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

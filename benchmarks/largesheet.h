@@ -17,11 +17,11 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 
-#include "vxtimeline/dopesheet/selectedkeys.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
 constexpr int Channels = 1530;

@@ -28,7 +28,7 @@ APP = [
     ["gizmo", "posetools"],
     ["shell"],
 ]
-TIMELINE = [["time"], ["keys"], ["dopesheet", "keygraph", "widgets"], ["pane"]]
+TIMELINE = [["time"], ["keys"], ["rows"], ["dopesheet", "keygraph", "widgets"], ["pane"]]
 INCLUDE = re.compile(r'^#include\s+[<"]([^>"]+)[>"]', re.MULTILINE)
 
 

@@ -8,8 +8,8 @@
 #include <vxcore/vxnode.h>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // A shown pane with a ball, whose keys and rows are clicked with the mouse. The ball has keys on
 // the frames 0, 10 and 20 of its X translation; the time is frame 10.

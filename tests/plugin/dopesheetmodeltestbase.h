@@ -8,7 +8,7 @@
 
 #include <QtWidgets/QTreeView>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 // The model alone and, through all that happens, behind the filter and under an open view.
 class DopeSheetModelTest : public DopeSheetRowsTest

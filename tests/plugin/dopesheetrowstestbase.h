@@ -10,9 +10,9 @@
 
 #include "testing/vxscenebuilder.h"
 #include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 #include <memory>
 

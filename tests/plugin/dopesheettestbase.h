@@ -12,10 +12,10 @@
 
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
 #include <memory>

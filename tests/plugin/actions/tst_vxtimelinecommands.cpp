@@ -9,7 +9,7 @@
 #include <vxcore/vxskeleton.h>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
 // What the commands do when they are triggered, on rows and keys that are really there.

@@ -14,7 +14,7 @@
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/keydrag.h"
 #include "vxtimeline/dopesheet/keydragmath.h"
-#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/rows/selectedkeys.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <vector>
 #include <vxcore/vxchangeblock.h>
 
-#include "vxtimeline/dopesheet/dopesheetkeys.h"
+#include "vxtimeline/rows/dopesheetkeys.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <vxcore/vxundostackhold.h>
 
 #include "vxtimeline/dopesheet/keydrag.h"
-#include "vxtimeline/dopesheet/selectedkeys.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 namespace {
 

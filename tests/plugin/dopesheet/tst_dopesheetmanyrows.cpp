@@ -10,10 +10,10 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // Rows by the thousand in a shown pane: deep chains, and nodes whose property rows are made when
 // they are needed.

@@ -14,10 +14,10 @@
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/dopesheetfiltertext.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetfiltertext.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 using Tester = QAbstractItemModelTester;
 

@@ -5,7 +5,7 @@
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
+#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 using namespace TimelinePropertyTypes;
 

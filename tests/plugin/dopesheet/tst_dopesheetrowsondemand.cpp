@@ -7,10 +7,10 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // Property rows of nodes without keys exist only after they were opened; the text filter searches
 // their names nevertheless.

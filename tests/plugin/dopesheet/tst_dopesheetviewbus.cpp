@@ -2,8 +2,8 @@
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 using Indexes = QVector<qint32>;
 

@@ -4,7 +4,7 @@
 #include <random>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
 
 // The rows of the dope sheet view and the scene's selection.
 class TestDopeSheetViewRows : public QObject, private DopeSheetTest

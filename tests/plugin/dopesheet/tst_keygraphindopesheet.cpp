@@ -9,13 +9,13 @@
 #include <vxcore/vxpanemgr.h>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // The key graph in the pane, beside the dope sheet: both show the same keys, selected alike.
 class TestKeyGraphInDopeSheet : public QObject, private TimePaneTest

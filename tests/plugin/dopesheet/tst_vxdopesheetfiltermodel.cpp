@@ -6,9 +6,9 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // The text filter as the pane sets it up: which rows a text accepts, and when rows are tested
 // again.

@@ -5,7 +5,7 @@
 #include <random>
 #include <vxcore/vxmorph.h>
 
-#include "vxtimeline/dopesheet/dopesheetvaluesource.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
 
 // One row and its tree: labels, children, keys and their selection.
 class TestDopeSheetItem : public QObject, private DopeSheetItemTest

@@ -6,9 +6,9 @@
 #include <QtWidgets/QScrollBar>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 using Indexes = QVector<qint32>;
 

@@ -11,12 +11,12 @@
 
 #include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include <vxcore/vxtimeaxis.h>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 

@@ -12,9 +12,9 @@
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

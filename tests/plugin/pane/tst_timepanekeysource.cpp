@@ -6,9 +6,9 @@
 #include <vxcore/vxnode.h>
 
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // Which row's keys the ruler marks: the primary selection's, or everything's.
 class TestTimePaneKeySource : public QObject, private TimePaneTest

@@ -7,9 +7,9 @@
 #include <vxcore/vxnode.h>
 
 #include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // What stays in rows, keys and key graph while the rows are made anew, and over clicks on keys.
 class TestTimePaneRefresh : public QObject, private TimePaneTest

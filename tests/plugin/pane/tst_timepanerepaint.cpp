@@ -17,9 +17,9 @@
 
 #include "testing/vxmousedriver.h"
 #include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // What is on the screen after only some parts were painted anew is what a whole painting shows.
 //

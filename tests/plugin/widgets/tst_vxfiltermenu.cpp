@@ -2,7 +2,7 @@
 
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/dopesheetfiltertext.h"
+#include "vxtimeline/rows/dopesheetfiltertext.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 
 #include <memory>

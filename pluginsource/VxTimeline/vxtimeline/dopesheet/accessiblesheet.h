@@ -4,8 +4,8 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QAccessibleWidget>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/keys/accessiblekey.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 class VxDopeSheetView;
 

@@ -5,7 +5,7 @@
 #include <vector>
 #include <vxcore/vxtime.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
+#include "vxtimeline/rows/dopesheetrowkeys.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
 // A mark to paint: its left edge in pixels, and its state (DopeSheetRowKeys::stateOf()).

@@ -5,8 +5,8 @@
 #include <vxcore/vxscene.h>
 
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/time/timelinesnap.h"
 
 namespace {

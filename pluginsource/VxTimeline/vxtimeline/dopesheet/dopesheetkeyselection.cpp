@@ -6,12 +6,12 @@
 #include <utility>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/rows/dopesheetrowkeys.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <vector>
 #include <vxcore/vxtime.h>
 
-#include "vxtimeline/dopesheet/commontcb.h"
-#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/rows/commontcb.h"
+#include "vxtimeline/rows/selectedkeys.h"
 
 class VxDopeSheetItem;
 class VxDopeSheetView;

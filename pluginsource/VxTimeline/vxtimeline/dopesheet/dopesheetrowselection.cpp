@@ -7,9 +7,9 @@
 #include <vxcore/vxscene.h>
 
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnumericproperty.h>
 
-#include "vxtimeline/dopesheet/selectedkeys.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

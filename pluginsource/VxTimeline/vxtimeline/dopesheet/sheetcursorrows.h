@@ -3,8 +3,8 @@
 
 #include <QtCore/QPointer>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/keys/keycursorrows.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 class QModelIndex;
 class VxDopeSheetView;

@@ -4,11 +4,11 @@
 #include <algorithm>
 
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "vxtimeline/dopesheet/dopesheetrowname.h"
+#include "vxtimeline/rows/dopesheetrowname.h"
 
 class QModelIndex;
 class VxDopeSheetModel;

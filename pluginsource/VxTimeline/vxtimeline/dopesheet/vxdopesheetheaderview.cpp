@@ -11,8 +11,8 @@
 #include "vxtimeline/dopesheet/dopesheetruler.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/time/timelineplayback.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <QtGui/QRegion>
 
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // All state of the header.
 class VxGestureGuard;

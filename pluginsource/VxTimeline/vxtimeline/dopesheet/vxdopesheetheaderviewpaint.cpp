@@ -10,8 +10,8 @@
 
 #include "vxtimeline/dopesheet/dopesheetruler.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <QtCore/QSet>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/keys/keyspans.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 VxDopeSheetView::EditableKeys VxDopeSheetView::getEditableKeys() const
 {

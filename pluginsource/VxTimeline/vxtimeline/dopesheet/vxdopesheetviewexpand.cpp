@@ -1,8 +1,8 @@
 // Opening and closing the rows below the context item or the current row.
 
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

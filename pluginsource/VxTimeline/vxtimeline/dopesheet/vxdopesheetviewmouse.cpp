@@ -7,8 +7,8 @@
 
 #include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/time/timelineplayback.h"
 
 using KeyDragMath::Change;

@@ -7,8 +7,8 @@
 
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

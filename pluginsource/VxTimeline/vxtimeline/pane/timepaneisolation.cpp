@@ -4,9 +4,9 @@
 #include <vxcore/vxnodeisolation.h>
 #include <vxcore/vxpane.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepaneviews.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 // The rows follow the scene's selected nodes by events that are posted; the curves are shown after
 // those.

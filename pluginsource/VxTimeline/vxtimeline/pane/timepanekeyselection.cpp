@@ -5,13 +5,13 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keys/keyspans.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepaneviews.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 TimePaneKeySelection::TimePaneKeySelection(const TimePaneViews &views)
     : m_views(views)

@@ -6,15 +6,15 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepanekeys.h"
 #include "vxtimeline/pane/timepanekeyselection.h"
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

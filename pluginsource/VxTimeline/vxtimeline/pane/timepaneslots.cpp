@@ -4,13 +4,13 @@
 #include <QtWidgets/QDoubleSpinBox>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/timefields.h"
 #include "vxtimeline/pane/timepanesettings.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 #include "vxtimeline/time/timelineplayback.h"
 
 VxDopeSheetView *VxTimePane::getDopeSheetView() const

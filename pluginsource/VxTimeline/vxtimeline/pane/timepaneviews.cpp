@@ -14,7 +14,6 @@
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledwidget.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
@@ -26,6 +25,7 @@
 #include "vxtimeline/pane/timepanekeycursor.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/time/timelinemetrics.h"
 #include "vxtimeline/time/timelinesnap.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"

@@ -11,12 +11,12 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/pane/timefields.h"
 #include "vxtimeline/pane/timepanebuttonhelp.h"
 #include "vxtimeline/pane/timepanefieldhelp.h"
 #include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 static_assert(int(VxTimePane::PropTranslate) == int(TimelinePropertyTypes::Translation) &&
                   int(VxTimePane::PropRotate) == int(TimelinePropertyTypes::Rotation) &&

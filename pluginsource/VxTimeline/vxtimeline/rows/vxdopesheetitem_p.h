@@ -7,8 +7,8 @@
 #include <QtCore/QVector>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/dopesheetkeys.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/dopesheetkeys.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // The private record of a row. Rows of one tree access each other's, for the keys of those below.
 //

@@ -1,8 +1,8 @@
-#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
+#include "vxtimeline/rows/dopesheetrowkeys.h"
 
 #include <vxcore/vxfloatproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <QtCore/QStringList>
 #include <algorithm>
@@ -7,8 +7,8 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/dopesheetvaluesource.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem_p.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
+#include "vxtimeline/rows/vxdopesheetitem_p.h"
 
 VxDopeSheetItem::VxDopeSheetItem()
     : d(std::make_unique<Private>(this))

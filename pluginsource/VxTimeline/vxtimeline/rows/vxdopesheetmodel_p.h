@@ -8,8 +8,8 @@
 #include <QtCore/QVector>
 #include <vxcore/vxnode.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // The state of the model, for its sources.
 class VxDopeSheetModel::Private final : public DopeSheetRowMaker

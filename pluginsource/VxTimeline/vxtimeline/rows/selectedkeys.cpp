@@ -1,10 +1,10 @@
-#include "vxtimeline/dopesheet/selectedkeys.h"
+#include "vxtimeline/rows/selectedkeys.h"
 
 #include <algorithm>
 #include <iterator>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/dopesheetfiltertext.h"
+#include "vxtimeline/rows/dopesheetfiltertext.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem_p.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem_p.h"
 
 void VxDopeSheetItem::Private::renumber(int from)
 {

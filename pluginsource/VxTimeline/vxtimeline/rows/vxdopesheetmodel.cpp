@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
+#include "vxtimeline/rows/vxdopesheetmodel_p.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
@@ -11,9 +11,9 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
 #include "vxtimeline/keys/nodeproperties.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/dopesheetvaluesource.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
 
 #include <vxcore/vxnumericproperty.h>
 

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/dopesheetrowbuilder.h"
+#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
@@ -6,9 +6,9 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
 
-#include "vxtimeline/dopesheet/dopesheetvaluesource.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <QtCore/QTimer>
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
+#include "vxtimeline/rows/vxdopesheetmodel_p.h"
 
 namespace {
 

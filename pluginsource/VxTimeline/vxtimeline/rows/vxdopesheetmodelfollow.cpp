@@ -1,7 +1,7 @@
 // How the model follows the scene for nodes that have rows already: their order, and properties
 // that are added and removed.
 
-#include "vxtimeline/dopesheet/vxdopesheetmodel_p.h"
+#include "vxtimeline/rows/vxdopesheetmodel_p.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QTimer>

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -6,9 +6,9 @@
 #include <vector>
 #include <vxcore/vxnode.h>
 
-#include "vxtimeline/dopesheet/dopesheetwalk.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

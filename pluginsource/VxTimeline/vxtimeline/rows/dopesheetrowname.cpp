@@ -1,10 +1,10 @@
-#include "vxtimeline/dopesheet/dopesheetrowname.h"
+#include "vxtimeline/rows/dopesheetrowname.h"
 
 #include <vxcore/vxnode.h>
 #include <vxcore/vxproperty.h>
 
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
-#include "vxtimeline/dopesheet/vxdopesheetmodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

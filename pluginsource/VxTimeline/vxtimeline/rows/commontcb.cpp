@@ -1,11 +1,11 @@
-#include "vxtimeline/dopesheet/commontcb.h"
+#include "vxtimeline/rows/commontcb.h"
 
 #include <algorithm>
 #include <cstring>
 #include <vxcore/vxfloatproperty.h>
 
-#include "vxtimeline/dopesheet/dopesheetrowkeys.h"
-#include "vxtimeline/dopesheet/vxdopesheetitem.h"
+#include "vxtimeline/rows/dopesheetrowkeys.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "vxtimeline/dopesheet/dopesheetkeys.h"
+#include "vxtimeline/rows/dopesheetkeys.h"
 
 #include <algorithm>
 #include <cstring>

@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "vxtimeline/dopesheet/dopesheetkeys.h"
+#include "vxtimeline/rows/dopesheetkeys.h"
 
 namespace {
 
