@@ -133,7 +133,7 @@ void TestDopeSheetManyRows::siblingsInLinearTime_data()
     QTest::newRow("remove selected rows") << "remove selected" << 100;
 }
 
-// One by one within one turn of the event loop, first to last: as a script does it.
+// One by one within one iteration of the event loop, first to last: as a script does it.
 void TestDopeSheetManyRows::siblingsInLinearTime()
 {
 #ifdef __SANITIZE_ADDRESS__

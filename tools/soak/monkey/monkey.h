@@ -38,7 +38,7 @@ public:
     /// The window is not owned.
     Monkey(StudioWindow *window, const Options &options);
 
-    /// Begins with the next turn of the event loop.
+    /// Begins with the next iteration of the event loop.
     void start();
 
     qint64 events() const { return m_done; }

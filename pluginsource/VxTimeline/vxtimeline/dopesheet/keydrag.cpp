@@ -17,8 +17,8 @@ struct Moved
 {
     QPointer<VxNumericProperty> property;
     QVector<VxTime> origins;
-    QVector<VxTime> placed; // their present times, key by key
-    QVector<int> indexes;   // their last known indexes
+    QVector<VxTime> presentTimes; // key by key
+    QVector<int> indexes;         // their last known indexes
     std::vector<QPointer<VxDopeSheetItem>> rows;
 
     bool areWhereFound() const;
@@ -30,13 +30,13 @@ struct Moved
 // Most steps preserve the order of the keys.
 bool Moved::areWhereFound() const
 {
-    if (indexes.size() != placed.size() || placed.isEmpty() ||
+    if (indexes.size() != presentTimes.size() || presentTimes.isEmpty() ||
         indexes.last() >= property->getNumKeys())
         return false;
     const VxTime *times = property->getKeyTimes();
     if (indexes.last() - indexes.first() == indexes.size() - 1)
-        return std::equal(placed.cbegin(), placed.cend(), times + indexes.first());
-    return std::equal(placed.cbegin(), placed.cend(), indexes.cbegin(),
+        return std::equal(presentTimes.cbegin(), presentTimes.cend(), times + indexes.first());
+    return std::equal(presentTimes.cbegin(), presentTimes.cend(), indexes.cbegin(),
                       [times](VxTime time, int index) { return times[index] == time; });
 }
 
@@ -46,28 +46,28 @@ void Moved::locate()
     if (areWhereFound())
         return;
     indexes.resize(0);
-    indexes.reserve(placed.size());
+    indexes.reserve(presentTimes.size());
     const VxTime *times = property->getKeyTimes();
     const int count = property->getNumKeys();
-    int key = placed.isEmpty() ? count : property->getFirstKeyFrom(placed.first());
+    int key = presentTimes.isEmpty() ? count : property->getFirstKeyFrom(presentTimes.first());
     int kept = 0;
-    for (int i = 0; i < placed.size(); ++i) {
-        while (key < count && times[key] < placed.at(i))
+    for (int i = 0; i < presentTimes.size(); ++i) {
+        while (key < count && times[key] < presentTimes.at(i))
             ++key;
-        if (key == count || times[key] != placed.at(i))
+        if (key == count || times[key] != presentTimes.at(i))
             continue;
         indexes.append(key);
         origins[kept] = origins.at(i);
-        placed[kept] = placed.at(i);
+        presentTimes[kept] = presentTimes.at(i);
         ++kept;
     }
     origins.resize(kept);
-    placed.resize(kept);
+    presentTimes.resize(kept);
 }
 
 bool Moved::moveTo(qint64 offset, VxCollision rule)
 {
-    const int before = placed.size();
+    const int before = presentTimes.size();
     locate();
     if (indexes.isEmpty())
         return before == 0;
@@ -81,9 +81,9 @@ bool Moved::moveTo(qint64 offset, VxCollision rule)
     // Its constructor from a range appends value by value.
     QVector<VxTime> times(int(planned.size()));
     std::copy(planned.cbegin(), planned.cend(), times.begin());
-    if (times != placed && !property->moveKeys(indexes, times))
+    if (times != presentTimes && !property->moveKeys(indexes, times))
         return false;
-    placed = times;
+    presentTimes = times;
     return indexes.size() == before;
 }
 
@@ -93,7 +93,7 @@ void Moved::showIn(VxDopeSheetItem *row) const
     const VxTime *saved = row->savedTimes();
     const int count = row->savedTimeCount();
     if (count == origins.size() && std::equal(origins.cbegin(), origins.cend(), saved)) {
-        row->selectOnlyKeysAt(placed.constData(), placed.size());
+        row->selectOnlyKeysAt(presentTimes.constData(), presentTimes.size());
         return;
     }
     QVector<VxTime> times;
@@ -103,7 +103,7 @@ void Moved::showIn(VxDopeSheetItem *row) const
         while (key < origins.size() && origins.at(key) < saved[i])
             ++key;
         if (key < origins.size() && origins.at(key) == saved[i])
-            times.append(placed.at(key));
+            times.append(presentTimes.at(key));
     }
     row->selectOnlyKeysAt(times.constData(), times.size());
 }
@@ -146,7 +146,7 @@ void KeyDrag::add(const SelectedKeys &keys)
     moved.origins.resize(keys.indexes.size());
     std::transform(keys.indexes.cbegin(), keys.indexes.cend(), moved.origins.begin(),
                    [times](int index) { return times[index]; });
-    moved.placed = moved.origins;
+    moved.presentTimes = moved.origins;
     for (VxDopeSheetItem *row : keys.rows) {
         row->saveSelectedKeyTimes();
         moved.rows.emplace_back(row);

@@ -45,7 +45,7 @@ const KeyGraphStamp &DenseKeyPainter::stamp(const KeyGraphMark &mark)
 }
 
 // Rounded to whole pixels, like the style's images.
-QPoint DenseKeyPainter::placeOf(const KeyGraphMark &mark) const
+QPoint DenseKeyPainter::cornerOf(const KeyGraphMark &mark) const
 {
     if (m_ratio == 1.0)
         return mark.corner;
@@ -66,7 +66,7 @@ void DenseKeyPainter::paintChannel(const QVector<QPointF> &points,
 void DenseKeyPainter::paintMarks(const std::vector<KeyGraphMark> &marks)
 {
     for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
-        m_canvas.put(stamp(*mark), placeOf(*mark));
+        m_canvas.put(stamp(*mark), cornerOf(*mark));
 }
 
 // piece: the index of its end point.

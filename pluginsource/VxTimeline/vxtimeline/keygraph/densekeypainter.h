@@ -35,7 +35,7 @@ public:
 
 private:
     const KeyGraphStamp &stamp(const KeyGraphMark &mark);
-    QPoint placeOf(const KeyGraphMark &mark) const;
+    QPoint cornerOf(const KeyGraphMark &mark) const;
     void paintMarks(const std::vector<KeyGraphMark> &marks);
     void paintRun(const QVector<QPointF> &points, const KeyGraphRun &run, const QColor &color);
     bool isHidden(const QVector<QPointF> &points, int piece);

@@ -22,7 +22,7 @@ quint64 outsideOf(int firstColumn, int width)
 }
 
 // Composes masked pixels under those of a row. Returns the bits of those that are closed then.
-quint32 putUnder(const QRgb *from, QRgb *to, quint32 bits)
+quint32 composeBelow(const QRgb *from, QRgb *to, quint32 bits)
 {
     quint32 closed = 0;
     for (; bits != 0; bits &= bits - 1) {
@@ -75,10 +75,10 @@ void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)
 {
     Q_ASSERT(corner.x() > -StripStep && corner.x() < m_size.width());
     Q_ASSERT(corner.y() > -MarginRows && corner.y() < m_size.height());
-    const Place place = placeOf(corner.x(), corner.y());
-    quint64 *const words = &m_closed[place.word];
+    const BitPosition position = positionOf(corner.x(), corner.y());
+    quint64 *const words = &m_closed[position.word];
     const int height = stamp.height();
-    const quint64 *const filled = stamp.filled(place.bit);
+    const quint64 *const filled = stamp.filled(position.bit);
     quint64 any = 0;
     for (int row = 0; row < height; row += 2) // the last one may be the row without bits
         any |= (filled[row] & ~words[row]) | (filled[row + 1] & ~words[row + 1]);
@@ -87,10 +87,10 @@ void KeyGraphCanvas::put(const KeyGraphStamp &stamp, const QPoint &corner)
     QRgb *line = m_pixels.line(corner.y()) + corner.x();
     const QRgb *from = stamp.line(0);
     for (int row = 0; row < height; ++row, line += m_pixels.stride, from += stamp.width()) {
-        const auto open = static_cast<quint32>((filled[row] & ~words[row]) >> place.bit);
+        const auto open = static_cast<quint32>((filled[row] & ~words[row]) >> position.bit);
         if (open == 0)
             continue;
-        const quint64 closing = quint64(putUnder(from, line, open)) << place.bit;
+        const quint64 closing = quint64(composeBelow(from, line, open)) << position.bit;
         if (closing == 0)
             continue;
         words[row] |= closing;
@@ -109,9 +109,9 @@ bool KeyGraphCanvas::hides(int left, int top, int right, int bottom) const
         return true;
     if (width > KeyGraphStamp::MaxSide)
         return false;
-    const Place place = placeOf(left, top);
-    const quint64 mask = ~quint64(0) >> (WordBits - width) << place.bit;
-    const quint64 *const words = &m_closed[place.word];
+    const BitPosition position = positionOf(left, top);
+    const quint64 mask = ~quint64(0) >> (WordBits - width) << position.bit;
+    const quint64 *const words = &m_closed[position.word];
     for (int row = 0; row < height; ++row) {
         if (mask & ~words[row])
             return false;

@@ -52,20 +52,20 @@ public:
     // The same for columns of one row, all within the image and no more than a stamp has.
     bool hidesInRow(int left, int right, int row) const
     {
-        const Place place = placeOf(left, row);
-        const quint64 mask = ~quint64(0) >> (WordBits - 1 - (right - left)) << place.bit;
-        return (mask & ~m_closed[place.word]) == 0;
+        const BitPosition position = positionOf(left, row);
+        const quint64 mask = ~quint64(0) >> (WordBits - 1 - (right - left)) << position.bit;
+        return (mask & ~m_closed[position.word]) == 0;
     }
 
 private:
     // The bit of a pixel in the words below.
-    struct Place
+    struct BitPosition
     {
         std::size_t word;
         int bit;
     };
     // Of the two strips that contain a column, the one with MaxSide columns from there on.
-    Place placeOf(int column, int row) const
+    BitPosition positionOf(int column, int row) const
     {
         const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
         const std::size_t strip = fromFirst / StripStep;

@@ -235,8 +235,8 @@ void VxKeyGraph::Private::readKeysOf(const VxProperty *property)
     Q_EMIT q->channelsChanged();
 }
 
-// Selected keys are known by their times. The channels read them at every report, as the rows of
-// the dope sheet do: a key that leaves its time and returns later is deselected in both.
+// Selected keys are identified by their times. The channels read them at every report, as the rows
+// of the dope sheet do: a key that leaves its time and returns later is deselected in both.
 void VxKeyGraph::handleValueChanged(const VxTimeRange &range)
 {
     Q_UNUSED(range)

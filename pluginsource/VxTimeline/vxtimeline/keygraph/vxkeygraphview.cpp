@@ -56,7 +56,7 @@ void VxKeyGraphView::Private::followGraph()
 {
     QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, [this] { channelsChanged(); });
     QObject::connect(keyGraph, &VxKeyGraph::channelsChanged, q, &VxKeyGraphView::doUpdate);
-    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q, [this] { takeUpChannelList(); });
+    QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q, [this] { updateChannels(); });
     QObject::connect(keyGraph, &VxKeyGraph::channelListChanged, q,
                      &VxKeyGraphView::channelListChanged);
     QObject::connect(keyGraph, &VxKeyGraph::receivedKeyMessage, q, [this] { repaint(); });
@@ -75,7 +75,7 @@ void VxKeyGraphView::Private::repaint()
 }
 
 // The view has a unit if all channels share it.
-void VxKeyGraphView::Private::takeUpChannelList()
+void VxKeyGraphView::Private::updateChannels()
 {
     hit = Hit();
     valueUnit.clear();
@@ -280,7 +280,7 @@ void VxKeyGraphView::setKeyGraph(VxKeyGraph *keyGraph)
     d->keyGraph = keyGraph;
     if (keyGraph)
         d->followGraph();
-    d->takeUpChannelList();
+    d->updateChannels();
     d->channelsChanged();
 }
 

@@ -51,7 +51,7 @@ public:
     void fitTimesBetween(int leftWidth, int rightWidth);
     // Adopts the time scale of the dope sheet when following it.
     void updateTimes();
-    void takeUpChannelList();
+    void updateChannels();
     // Frames the values of all keys, of channels without keys the present values.
     void frameChannels();
     void resize(const QSize &size);

@@ -16,7 +16,7 @@ void TimePaneFieldFocus::add(QAbstractSpinBox *field)
     m_fields.append(field);
     // Sent after the number is taken over.
     connect(field->findChild<QLineEdit *>(), &QLineEdit::returnPressed, this,
-            &TimePaneFieldFocus::giveBack);
+            &TimePaneFieldFocus::returnFocus);
 }
 
 bool TimePaneFieldFocus::isField(const QWidget *widget) const
@@ -32,7 +32,7 @@ void TimePaneFieldFocus::handleFocusChanged(QWidget *former, QWidget *present)
         m_former = former;
 }
 
-void TimePaneFieldFocus::giveBack()
+void TimePaneFieldFocus::returnFocus()
 {
     if (m_former && m_former->isVisible())
         m_former->setFocus(Qt::OtherFocusReason);

@@ -24,7 +24,7 @@ public:
 private:
     bool isField(const QWidget *widget) const;
     void handleFocusChanged(QWidget *former, QWidget *present);
-    void giveBack();
+    void returnFocus();
 
     QVector<QAbstractSpinBox *> m_fields;
     QPointer<QWidget> m_former; // null when no other widget had the focus

@@ -3,7 +3,7 @@
 namespace {
 
 // Removes a prefix from the text, ignoring case. False when the text begins otherwise.
-bool takePrefix(QString &text, const QString &prefix)
+bool removePrefix(QString &text, const QString &prefix)
 {
     if (!text.startsWith(prefix, Qt::CaseInsensitive))
         return false;
@@ -49,11 +49,11 @@ QRegExp dopeSheetFilterPattern(const QString &text)
     QString rest = text;
     if (rest.isEmpty())
         return QRegExp(QString(), Qt::CaseInsensitive);
-    if (takePrefix(rest, QStringLiteral("rx::"))) {
-        const bool ignoresCase = takePrefix(rest, QStringLiteral("ci::"));
+    if (removePrefix(rest, QStringLiteral("rx::"))) {
+        const bool ignoresCase = removePrefix(rest, QStringLiteral("ci::"));
         return QRegExp(rest, ignoresCase ? Qt::CaseInsensitive : Qt::CaseSensitive);
     }
-    if (takePrefix(rest, QStringLiteral("wc::")))
+    if (removePrefix(rest, QStringLiteral("wc::")))
         return QRegExp(wholeNameExpression(rest), Qt::CaseInsensitive);
     const QString anywhere = QLatin1Char('*') + rest + QLatin1Char('*');
     const QRegExp pattern(anywhere, Qt::CaseInsensitive, QRegExp::Wildcard);

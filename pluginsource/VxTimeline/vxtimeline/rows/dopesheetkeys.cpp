@@ -70,7 +70,7 @@ void DopeSheetKeys::takeTimes(const VxTime *fresh, int freshCount)
         carryFlags(*this, fresh, freshCount, carried.data());
         flags = carried;
         selectedCount = countSelected(flags.constData(), freshCount);
-        dropFlagsOfNone();
+        clearUnusedFlags();
     }
     replaceTimes(fresh, freshCount);
 }
@@ -94,7 +94,7 @@ quint8 *DopeSheetKeys::flagsToWrite()
     return flags.data();
 }
 
-void DopeSheetKeys::dropFlagsOfNone()
+void DopeSheetKeys::clearUnusedFlags()
 {
     if (selectedCount == 0)
         flags.clear();
@@ -123,7 +123,7 @@ void DopeSheetKeys::setSelected(bool select, VxTime start, VxTime end)
     selectedCount -= countSelected(begin, last - first);
     std::fill(begin, beyond, select ? quint8(Selected) : quint8(0));
     selectedCount += select ? last - first : 0;
-    dropFlagsOfNone();
+    clearUnusedFlags();
 }
 
 void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
@@ -135,7 +135,7 @@ void DopeSheetKeys::setSelectedAt(const QVector<int> &indexes, bool select)
         selectedCount += int(select) - int(all[index]);
         all[index] = quint8(select);
     }
-    dropFlagsOfNone();
+    clearUnusedFlags();
 }
 
 void DopeSheetKeys::replaceTimes(const VxTime *fresh, int freshCount)
@@ -147,15 +147,15 @@ void DopeSheetKeys::replaceTimes(const VxTime *fresh, int freshCount)
     std::copy_n(fresh, freshCount, times.data());
 }
 
-void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
-                                       const VxTime *selectedTimes, int selectedTimeCount)
+void DopeSheetKeys::setTimesAndSelection(const VxTime *fresh, int freshCount,
+                                         const VxTime *selectedTimes, int selectedTimeCount)
 {
     replaceTimes(fresh, freshCount);
     selectOnly(selectedTimes, selectedTimeCount);
 }
 
-void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
-                                       const std::vector<VxKeySpan> &spans)
+void DopeSheetKeys::setTimesAndSelection(const VxTime *fresh, int freshCount,
+                                         const std::vector<VxKeySpan> &spans)
 {
     replaceTimes(fresh, freshCount);
     selectedCount = 0;
@@ -169,7 +169,7 @@ void DopeSheetKeys::takeTimesSelecting(const VxTime *fresh, int freshCount,
         std::fill(all + first, all + last, quint8(Selected));
         selectedCount += last - first;
     }
-    dropFlagsOfNone();
+    clearUnusedFlags();
 }
 
 // Selected times are mostly contiguous keys, and all of them exist.
@@ -198,7 +198,7 @@ void DopeSheetKeys::selectOnly(const VxTime *selectedTimes, int selectedTimeCoun
         all[i] = Selected;
         ++selectedCount;
     }
-    dropFlagsOfNone();
+    clearUnusedFlags();
 }
 
 std::vector<VxKeySpan> DopeSheetKeys::selectedSpans() const

@@ -41,11 +41,11 @@ public:
     // Selects or deselects the keys at the given indexes; those outside are ignored.
     void setSelectedAt(const QVector<int> &indexes, bool select);
     // Replaces the times, too, but selects the keys at the given times (ascending) and no others.
-    void takeTimesSelecting(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
-                            int selectedTimeCount);
+    void setTimesAndSelection(const VxTime *fresh, int freshCount, const VxTime *selectedTimes,
+                              int selectedTimeCount);
     // The same for the keys of ascending spans; indexes outside are ignored.
-    void takeTimesSelecting(const VxTime *fresh, int freshCount,
-                            const std::vector<VxKeySpan> &spans);
+    void setTimesAndSelection(const VxTime *fresh, int freshCount,
+                              const std::vector<VxKeySpan> &spans);
     QVector<int> selectedIndexes() const;
     std::vector<VxKeySpan> selectedSpans() const;
     QVector<VxTime> selectedTimes() const;
@@ -56,7 +56,7 @@ public:
 
 private:
     quint8 *flagsToWrite();
-    void dropFlagsOfNone();
+    void clearUnusedFlags();
     void replaceTimes(const VxTime *fresh, int freshCount);
     void selectOnly(const VxTime *selectedTimes, int selectedTimeCount);
 };

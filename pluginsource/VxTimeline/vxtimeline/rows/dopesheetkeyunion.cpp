@@ -16,7 +16,7 @@ namespace {
 // Fewer rows are merged faster than marked.
 constexpr size_t LeastBitmapRows = 3;
 // The whole bitmap is scanned; up to so many ticks a key cost less than the marking itself.
-constexpr qint64 MostTicksPerKey = 32;
+constexpr qint64 MaxTicksPerKey = 32;
 constexpr int WordBits = 64;
 // Entries compared per block, and those merged before equal runs are searched again.
 constexpr int UnionBlock = 64;
@@ -85,17 +85,17 @@ public:
     DopeSheetKeys result()
     {
         while (m_i < m_a.count() && m_j < m_b.count()) {
-            takeEqual();
-            takeStride();
+            copyEqual();
+            mergeStride();
         }
-        takeRest(m_a, m_i);
-        takeRest(m_b, m_j);
+        copyRest(m_a, m_i);
+        copyRest(m_b, m_j);
         return packed();
     }
 
 private:
     // Copies a run of equal entries as a block.
-    void takeEqual()
+    void copyEqual()
     {
         const VxTime *a = m_a.times.constData() + m_i;
         const VxTime *b = m_b.times.constData() + m_j;
@@ -116,7 +116,7 @@ private:
     }
 
     // Merges some keys one by one, without branches: the order of the rows is unpredictable.
-    void takeStride()
+    void mergeStride()
     {
         const VxTime *a = m_a.times.constData();
         const VxTime *b = m_b.times.constData();
@@ -125,17 +125,17 @@ private:
         for (int n = 0; n < StrideSize && m_i < m_a.count() && m_j < m_b.count(); ++n) {
             const VxTime ta = a[m_i];
             const VxTime tb = b[m_j];
-            const int takesA = int(ta <= tb);
-            const int takesB = int(tb <= ta);
-            m_times[size_t(m_count)] = takesA ? ta : tb;
-            m_flags[size_t(m_count)] = quint8((ofA[m_i] & -takesA) | (ofB[m_j] & -takesB));
-            m_i += takesA;
-            m_j += takesB;
+            const int usesA = int(ta <= tb);
+            const int usesB = int(tb <= ta);
+            m_times[size_t(m_count)] = usesA ? ta : tb;
+            m_flags[size_t(m_count)] = quint8((ofA[m_i] & -usesA) | (ofB[m_j] & -usesB));
+            m_i += usesA;
+            m_j += usesB;
             ++m_count;
         }
     }
 
-    void takeRest(const DopeSheetKeys &keys, int from)
+    void copyRest(const DopeSheetKeys &keys, int from)
     {
         const int rest = keys.count() - from;
         std::copy_n(keys.times.constData() + from, rest, m_times.get() + m_count);
@@ -203,7 +203,7 @@ public:
         }
     }
 
-    bool pays() const { return ticks() <= m_keyCount * MostTicksPerKey; }
+    bool pays() const { return ticks() <= m_keyCount * MaxTicksPerKey; }
 
     DopeSheetKeys united(const Keys &rows)
     {

@@ -10,7 +10,7 @@ namespace {
 
 // The group below a row whose label begins the path, which it is removed from; null when there is
 // none. A label can have several parts: the groups of transform controls are one row each.
-VxDopeSheetItem *takeGroup(const VxDopeSheetItem *above, QString *path)
+VxDopeSheetItem *nextGroup(const VxDopeSheetItem *above, QString *path)
 {
     for (int i = 0; i < above->childCount(); ++i) {
         VxDopeSheetItem *item = above->child(i);
@@ -49,6 +49,6 @@ VxDopeSheetItem *DopeSheetRowName::find(const VxDopeSheetModel *model) const
     VxDopeSheetItem *row = node ? model->findItem(node) : nullptr;
     QString path = group;
     while (row && !path.isEmpty())
-        row = takeGroup(row, &path);
+        row = nextGroup(row, &path);
     return row;
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int MostLinks = 100;
+constexpr int MaxLinks = 100;
 
 } // namespace
 
@@ -14,7 +14,7 @@ VxProperty *dopeSheetValueSource(VxProperty *property)
     if (!start)
         start = property;
     auto *source = qobject_cast<VxNumericProperty *>(start);
-    for (int i = 0; source && i < MostLinks && source->isLinked() && !source->isLinkTerminal(); ++i)
+    for (int i = 0; source && i < MaxLinks && source->isLinked() && !source->isLinkTerminal(); ++i)
         source = source->getLinkedProperty();
     return source ? source : start;
 }

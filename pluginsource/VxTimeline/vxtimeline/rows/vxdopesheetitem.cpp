@@ -251,7 +251,7 @@ void VxDopeSheetItem::handleValueChanged(VxTimeRange range)
     // Keys read before this report are current, but those of the rows above are then invalid.
     if (!d->isValid || !d->property || d->revision != d->property->keyRevision())
         invalidateKeys();
-    // Selected keys are known by their times: one that leaves its time and returns later is
+    // Selected keys are identified by their times: one that leaves its time and returns later is
     // deselected, whether or not the row is painted in between.
     if (d->property && d->keys.selectedCount > 0)
         d->update();

@@ -93,7 +93,7 @@ public:
     // The same for the property's present keys.
     template <class Change> void editPresent(const Change &change);
     // Takes the present times from the property and selects the given ones, see DopeSheetKeys.
-    template <class... Selected> void takeTimesSelecting(const Selected &...selected);
+    template <class... Selected> void setTimesAndSelection(const Selected &...selected);
 
     QString pathOfNode();
     // For this row and all below, whose paths begin with it.

@@ -82,10 +82,10 @@ template <class Change> void VxDopeSheetItem::Private::editPresent(const Change 
 }
 
 template <class... Selected>
-void VxDopeSheetItem::Private::takeTimesSelecting(const Selected &...selected)
+void VxDopeSheetItem::Private::setTimesAndSelection(const Selected &...selected)
 {
     editSelection([&] {
-        keys.takeTimesSelecting(property->getKeyTimes(), property->getNumKeys(), selected...);
+        keys.setTimesAndSelection(property->getKeyTimes(), property->getNumKeys(), selected...);
     });
     isValid = isKept = true;
     revision = property->keyRevision();
@@ -282,7 +282,7 @@ void VxDopeSheetItem::selectOnlyKeysAt(const VxTime *times, int count)
 {
     if (!d->property)
         return;
-    d->takeTimesSelecting(times, count);
+    d->setTimesAndSelection(times, count);
     Q_EMIT keysChanged();
 }
 
@@ -290,7 +290,7 @@ void VxDopeSheetItem::selectOnlySpans(const std::vector<VxKeySpan> &spans)
 {
     if (!d->property)
         return;
-    d->takeTimesSelecting(spans);
+    d->setTimesAndSelection(spans);
     Q_EMIT keysChanged();
 }
 

@@ -102,7 +102,7 @@ Q_SIGNALS:
     // Rows were added, removed, moved or renamed: a search in names should be repeated. Sent once
     // for all changes of one event loop iteration.
     void namesChanged();
-    // Many rows are added or removed one by one in one turn of the event loop. Between the two
+    // Many rows are added or removed one by one in one iteration of the event loop. Between the two
     // signals each change is a reset of the model: a filter model takes time for a single row in
     // proportion to all rows, and every model does for all rows that views have open or selected.
     // Views are to close and deselect all rows, and to open and select them again afterwards.

@@ -6,8 +6,8 @@
 
 namespace {
 
-// From so many changes in one turn of the event loop on, and so many nodes that had rows in all of
-// them, closing and opening the rows of views once takes less time than what they do at each
+// From so many changes in one iteration of the event loop on, and so many nodes that had rows in
+// all of them, closing and opening the rows of views once takes less time than what they do at each
 // change.
 constexpr int ManyChanges = 16;
 constexpr int ManyNodes = 5000;
@@ -74,7 +74,7 @@ void VxDopeSheetModel::endManyChanges() const
     if (!d->isChangingMany || !d->openResets.isEmpty())
         return;
     d->isChangingMany = false;
-    d->changes = 1; // the turn of the event loop goes on
+    d->changes = 1; // in the same iteration of the event loop
     d->changedAmong = 0;
     Q_EMIT d->q->manyChangesFinished();
 }
