@@ -61,7 +61,7 @@ VxTimePane::PropertyTypes storedPropertyTypes(const VxSettings *settings)
     return types;
 }
 
-template <typename Enum> QString keyOf(Enum value)
+template <typename Enum> QString settingKey(Enum value)
 {
     return QLatin1String(QMetaEnum::fromType<Enum>().valueToKey(value));
 }
@@ -150,8 +150,8 @@ void TimePaneSettings::restore(VxTimePane *pane, const VxSettings *settings)
 
 void TimePaneSettings::save(const VxTimePane *pane, VxSettings *settings)
 {
-    settings->setBoolValue(keyOf(pane->getControlsPosition()), true);
-    settings->setBoolValue(keyOf(pane->getViewMode()), true);
+    settings->setBoolValue(settingKey(pane->getControlsPosition()), true);
+    settings->setBoolValue(settingKey(pane->getViewMode()), true);
     settings->setBoolValue(QStringLiteral("GraphOpen"), pane->getKeyGraphOpen());
     settings->setBoolValue(QStringLiteral("MonitorParametersPane"),
                            pane->getMonitorParametersPane());
@@ -159,7 +159,7 @@ void TimePaneSettings::save(const VxTimePane *pane, VxSettings *settings)
     const VxTimePane::PropertyTypes types = pane->getFilteredPropertyTypes();
     for (const PropertyTypeKey &entry : propertyTypeKeys)
         settings->setBoolValue(QLatin1String(entry.key), types.testFlag(entry.type));
-    settings->setBoolValue(keyOf(pane->getFilteredKeyCreationScope()), true);
+    settings->setBoolValue(settingKey(pane->getFilteredKeyCreationScope()), true);
 }
 
 void TimePaneSettings::buildOptionsMenu(VxActionMenu *menu)
