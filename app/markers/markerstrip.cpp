@@ -44,13 +44,13 @@ MarkerStrip::MarkerStrip(VxScene *scene, VxPaneMgr *panes, QWidget *parent)
     m_nameEdit->hide();
     m_nameEdit->installEventFilter(this);
     connect(m_nameEdit, &QLineEdit::editingFinished, this, [this] { endNameEdit(true); });
-    connect(m_guard, &VxGestureGuard::dropped, this, &MarkerStrip::dropDrag);
+    connect(m_guard, &VxGestureGuard::cancelled, this, &MarkerStrip::cancelDrag);
     connect(m_scale, &MarkerTimeScale::changed, this, &MarkerStrip::dropShapes);
     connect(VxMarkers::of(scene), &VxMarkers::changed, this, &MarkerStrip::handleMarkersChanged);
     connect(scene, &VxScene::timeChanged, this, &MarkerStrip::followTime);
     connect(scene, &VxScene::sceneClearStarting, this, [this] {
         endNameEdit(false);
-        dropDrag();
+        cancelDrag();
     });
 }
 

@@ -69,7 +69,7 @@ private:
     std::optional<MarkerHit> hitAt(const QPoint &pos) const;
     MarkerSnap snapFor(int id, const QPoint &pos, Qt::KeyboardModifiers modifiers) const;
     void dragTo(const QPoint &pos, Qt::KeyboardModifiers modifiers);
-    void dropDrag();
+    void cancelDrag();
     void endDrag();
     void stepSelection(int steps);
     void fillMenu(QMenu *menu, int id, VxTime time);

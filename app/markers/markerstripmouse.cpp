@@ -99,7 +99,7 @@ void MarkerStrip::endDrag()
 }
 
 /** The marker alone is restored: the scene may be playing, and its time must not be. */
-void MarkerStrip::dropDrag()
+void MarkerStrip::cancelDrag()
 {
     m_guard->end();
     const std::unique_ptr<Drag> drag = std::move(m_drag);

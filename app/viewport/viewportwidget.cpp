@@ -99,7 +99,7 @@ ViewportWidget::ViewportWidget(VxScene *scene, const VxViewportMgr *conventions,
     connect(scene, &VxScene::nodeSelectionListChanged, this, repaint);
     connect(scene, &VxScene::sceneLoadStarting, this, &ViewportWidget::cancelTools);
     connect(scene, &VxScene::sceneClearStarting, this, &ViewportWidget::cancelTools);
-    connect(m_gesture, &VxGestureGuard::dropped, this, &ViewportWidget::cancelGesture);
+    connect(m_gesture, &VxGestureGuard::cancelled, this, &ViewportWidget::cancelGesture);
     connect(scene, &VxScene::sceneLoaded, this, &ViewportWidget::showDocument);
     connect(scene, &VxScene::sceneLoadStarting, this, [this] { m_isNewDocument = false; });
     connect(scene, &VxScene::sceneCleared, this, [this] { m_isNewDocument = true; });

@@ -119,7 +119,7 @@ private:
     QVector<QPointer<ViewportTool>> m_lowerLayers;
     VxGestureGuard *const m_gesture;
     QPointer<ViewportTool> m_pressedTool; // from its press to its release
-    ViewportCamera m_pressCamera;         // restored when a camera drag is dropped
+    ViewportCamera m_pressCamera;         // restored when a camera drag is cancelled
     Qt::MouseButton m_dragButton = Qt::NoButton;
     Qt::KeyboardModifiers m_pressModifiers;
     int m_dragOperation = 0;

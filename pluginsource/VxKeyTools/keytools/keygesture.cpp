@@ -88,7 +88,7 @@ KeyGesture::KeyGesture(VxTimeAxis *axis, const KeyGestureAmount &amount, const V
     setAccessibleName(m_amount.tool().label);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::StrongFocus);
-    connect(m_guard, &VxGestureGuard::dropped, this, &KeyGesture::cancel);
+    connect(m_guard, &VxGestureGuard::cancelled, this, &KeyGesture::cancel);
     connect(&m_preview, &KeyToolPreview::ended, this, &KeyGesture::cancel);
 }
 

@@ -28,7 +28,7 @@ KeyToolResult KeyToolPreview::show(const KeyTool &tool, const QVariantMap &argum
     }
     if (field) {
         m_guard = new VxGestureGuard(field);
-        connect(m_guard, &VxGestureGuard::dropped, this, &KeyToolPreview::drop);
+        connect(m_guard, &VxGestureGuard::cancelled, this, &KeyToolPreview::drop);
         m_guard->begin();
     }
     connect(vxScene, &VxScene::aboutToRemoveNode, this, &KeyToolPreview::drop);

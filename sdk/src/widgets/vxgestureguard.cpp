@@ -27,12 +27,12 @@ void VxGestureGuard::end()
     m_active = false;
 }
 
-void VxGestureGuard::drop()
+void VxGestureGuard::cancel()
 {
     end();
     // A widget that is being destroyed loses the focus when it is no more than a QWidget.
     if (m_widget->metaObject() == m_class)
-        Q_EMIT dropped();
+        Q_EMIT cancelled();
 }
 
 bool VxGestureGuard::isLostBy(const QObject *watched, const QEvent *event) const
@@ -67,10 +67,10 @@ bool VxGestureGuard::eventFilter(QObject *watched, QEvent *event)
         // An accepted override is sent again as a key press, bypassing the shortcuts.
         event->accept();
         if (event->type() == QEvent::KeyPress)
-            drop();
+            cancel();
         return true;
     }
     if (isLostBy(watched, event))
-        drop();
+        cancel();
     return false;
 }

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void kept();
     void escapeIsNotSeenByOthers();
     void escapeIsFreeOutsideOfAGesture();
-    void gestureCanBeginAgainWhileItIsDropped();
+    void gestureCanBeginAgainWhileItIsCancelled();
     void guardDestroyedInAGesture();
 
 private:
@@ -114,13 +114,13 @@ void TestVxGestureGuard::lost_data()
 void TestVxGestureGuard::lost()
 {
     QFETCH(Step, step);
-    QSignalSpy dropped(m_guard, &VxGestureGuard::dropped);
+    QSignalSpy cancelled(m_guard, &VxGestureGuard::cancelled);
     bool wasActive = true;
-    connect(m_guard, &VxGestureGuard::dropped, this,
+    connect(m_guard, &VxGestureGuard::cancelled, this,
             [this, &wasActive] { wasActive = m_guard->isActive(); });
     m_guard->begin();
     step(m_window.get(), m_frame, m_view, m_other);
-    QCOMPARE(dropped.count(), 1);
+    QCOMPARE(cancelled.count(), 1);
     QVERIFY(!wasActive);
 }
 
@@ -149,14 +149,14 @@ void TestVxGestureGuard::kept_data()
 void TestVxGestureGuard::kept()
 {
     QFETCH(Step, step);
-    QSignalSpy dropped(m_guard, &VxGestureGuard::dropped);
+    QSignalSpy cancelled(m_guard, &VxGestureGuard::cancelled);
     m_guard->begin();
     step(m_window.get(), m_frame, m_view, m_other);
-    QCOMPARE(dropped.count(), 0);
+    QCOMPARE(cancelled.count(), 0);
     QVERIFY(m_guard->isActive());
     m_guard->end();
     m_view->hide();
-    QCOMPARE(dropped.count(), 0);
+    QCOMPARE(cancelled.count(), 0);
 }
 
 void TestVxGestureGuard::escapeIsNotSeenByOthers()
@@ -165,10 +165,10 @@ void TestVxGestureGuard::escapeIsNotSeenByOthers()
     action.setShortcut(QKeySequence(Qt::Key_Escape));
     m_window->addAction(&action);
     QSignalSpy triggered(&action, &QAction::triggered);
-    QSignalSpy dropped(m_guard, &VxGestureGuard::dropped);
+    QSignalSpy cancelled(m_guard, &VxGestureGuard::cancelled);
     m_guard->begin();
     QTest::keyClick(m_window->windowHandle(), Qt::Key_Escape);
-    QCOMPARE(dropped.count(), 1);
+    QCOMPARE(cancelled.count(), 1);
     QCOMPARE(triggered.count(), 0);
 }
 
@@ -184,19 +184,19 @@ void TestVxGestureGuard::escapeIsFreeOutsideOfAGesture()
     QCOMPARE(triggered.count(), 1);
 }
 
-void TestVxGestureGuard::gestureCanBeginAgainWhileItIsDropped()
+void TestVxGestureGuard::gestureCanBeginAgainWhileItIsCancelled()
 {
     const auto once = std::make_shared<QMetaObject::Connection>();
-    *once = connect(m_guard, &VxGestureGuard::dropped, this, [this, once] {
+    *once = connect(m_guard, &VxGestureGuard::cancelled, this, [this, once] {
         disconnect(*once);
         m_guard->begin();
     });
     m_guard->begin();
     QTest::keyClick(m_view, Qt::Key_Escape);
     QVERIFY(m_guard->isActive());
-    QSignalSpy dropped(m_guard, &VxGestureGuard::dropped);
+    QSignalSpy cancelled(m_guard, &VxGestureGuard::cancelled);
     QTest::keyClick(m_view, Qt::Key_Escape);
-    QCOMPARE(dropped.count(), 1);
+    QCOMPARE(cancelled.count(), 1);
 }
 
 void TestVxGestureGuard::guardDestroyedInAGesture()

@@ -29,7 +29,7 @@ VxDopeSheetHeaderView::VxDopeSheetHeaderView(QWidget *parent)
     setStretchLastSection(true);
     setMinimumSectionSize(0);
     d->guard = new VxGestureGuard(viewport());
-    connect(d->guard, &VxGestureGuard::dropped, this, [this] { dropGesture(); });
+    connect(d->guard, &VxGestureGuard::cancelled, this, [this] { dropGesture(); });
     connect(this, &QHeaderView::sectionResized, this, &VxDopeSheetHeaderView::handleSectionResized);
     connect(this, &QHeaderView::sectionMoved, this, &VxDopeSheetHeaderView::handleSectionMoved);
 }

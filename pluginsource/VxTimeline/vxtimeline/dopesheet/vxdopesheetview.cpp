@@ -57,7 +57,7 @@ VxDopeSheetView::VxDopeSheetView(QWidget *parent)
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex &row) { d->treeState.handleCollapsed(row); });
     d->guard = new VxGestureGuard(viewport());
-    connect(d->guard, &VxGestureGuard::dropped, this, [this] { d->abandonGesture(); });
+    connect(d->guard, &VxGestureGuard::cancelled, this, [this] { d->abandonGesture(); });
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VxDopeSheetView::timerKick);
     timer->start(TimerInterval);

@@ -260,7 +260,7 @@ VxKeyGraphView::VxKeyGraphView(QWidget *parent)
     // Left, Right, Home and End step through time here, too.
     setProperty("vxTimeAxis", true);
     d->guard = new VxGestureGuard(this);
-    connect(d->guard, &VxGestureGuard::dropped, this, [this] { d->dropGesture(); });
+    connect(d->guard, &VxGestureGuard::cancelled, this, [this] { d->dropGesture(); });
     d->buildButtons();
     d->followScene();
     doStyling();

@@ -62,7 +62,7 @@ VxTimeRangeSlider::VxTimeRangeSlider(QWidget *parent)
     layout->addWidget(d->scrollBar);
 
     d->guard = new VxGestureGuard(this);
-    connect(d->guard, &VxGestureGuard::dropped, this, [this] { dropDrag(); });
+    connect(d->guard, &VxGestureGuard::cancelled, this, [this] { dropDrag(); });
 
     // The pane repaints the slider when its time scale changes, but not while the keys column is
     // too narrow.
