@@ -21,8 +21,8 @@ bool fail(QString *reason, const QString &text)
     return false;
 }
 
-/// The number of the system's error, or 0. Unlike the toolkit's function it copies nothing and
-/// never gives up the target.
+/// The number of the system's error, or 0. Unlike QFile::rename() it replaces an existing target,
+/// in one step, and never falls back to a copy.
 int renameFile(const QString &from, const QString &to)
 {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0
@@ -59,7 +59,7 @@ bool overwrite(const QString &from, const QString &to, QString *reason)
     return ::fsync(target.handle()) == 0 || fail(reason, qt_error_string(errno));
 }
 
-/// Nobody else can read it, and no link of that name is followed.
+/// Creates a file that only its owner can read. Fails where a file or a link of that name exists.
 bool createPrivate(QFile *file, QString *reason)
 {
     const int handle = ::open(QFile::encodeName(file->fileName()).constData(),

@@ -30,7 +30,7 @@ public:
         const VxTime time = target > own ? free<-1>(target, own) : free<1>(target, own);
         add(time);
         if (time != own && m_runLow <= own && own <= m_runHigh)
-            dropRun();
+            clearRun();
         return time;
     }
 
@@ -88,7 +88,7 @@ private:
         m_place = std::size_t(found - m_times.begin());
     }
 
-    void dropRun()
+    void clearRun()
     {
         m_runLow = VxTimeMax;
         m_runHigh = VxTimeMin;
@@ -112,7 +112,7 @@ std::vector<VxTime> mirrored(const VxTime *times, int count)
 }
 
 // True when every key moves in the direction of the list and all targets differ: moved keys then
-// never meet each other.
+// never collide with each other.
 bool runAhead(const VxTime *times, const VxKeyMoves &moves, bool descending)
 {
     bool ahead = true;
@@ -128,7 +128,7 @@ bool runAhead(const VxTime *times, const VxKeyMoves &moves, bool descending)
 
 // True when a target is the time of a key that is not moved. The targets ascend or descend with
 // the list.
-bool meetUnmoved(const VxTime *times, int count, const VxKeyMoves &moves, bool descending)
+bool collidesWithUnmoved(const VxTime *times, int count, const VxKeyMoves &moves, bool descending)
 {
     if (moves.count == count)
         return false;
@@ -156,7 +156,7 @@ std::vector<VxTime> planNudgedTimes(const VxTime *times, int count, const VxKeyM
 {
     std::vector<VxTime> planned(moves.targets, moves.targets + moves.count);
     const bool descending = moves.count > 1 && moves.source[0] > moves.source[moves.count - 1];
-    if (runAhead(times, moves, descending) && !meetUnmoved(times, count, moves, descending))
+    if (runAhead(times, moves, descending) && !collidesWithUnmoved(times, count, moves, descending))
         return planned;
     TakenTimes taken(descending ? mirrored(times, count)
                                 : std::vector<VxTime>(times, times + count),

@@ -33,9 +33,10 @@ public:
 
 /// The value of one property: its keys, and its stored value for when it has none.
 ///
-/// All edits pass through here, because each takes the same three steps in the same order: it
+/// All edits pass through here, because each has the same three steps in the same order: it
 /// reports the times to be touched to the open hold, changes the track in one pass, and reports
-/// the changed time span. An edit that changes nothing takes none of them.
+/// the changed time span. An edit of no keys, and setting a key to its present state, skip all
+/// three; setting a shape or type that the keys have already is not reported.
 template <class V> class KeyStore final : public KeyStoreBase
 {
 public:

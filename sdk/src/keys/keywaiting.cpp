@@ -19,7 +19,7 @@ struct OccupiedTimes
     int liftedCount = 0;
 };
 
-// Finds free ticks for keys that queue up, in one walk over the occupied times.
+// Finds the free ticks for queued keys in a single pass over the occupied times.
 class WaitingPlaces
 {
 public:

@@ -76,7 +76,7 @@ public:
 
     bool setKey(VxTime time, V value, const VxKeyShape &shape)
     {
-        if (!takesKeys())
+        if (!acceptsKeys())
             return false;
         held().set(time, holder()->limited(value), shape);
         return true;

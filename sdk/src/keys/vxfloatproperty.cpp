@@ -347,12 +347,12 @@ VxKeyColumns<float> VxFloatProperty::getKeys() const
 
 bool VxFloatProperty::setKeys(const VxKeyColumns<float> &keys)
 {
-    return areKeys(keys) && priv()->takesKeys() && priv()->held().insertMany(keys);
+    return areKeys(keys) && priv()->acceptsKeys() && priv()->held().insertMany(keys);
 }
 
 bool VxFloatProperty::replaceKeys(const VxTimeRange &range, const VxKeyColumns<float> &keys)
 {
-    return areKeys(keys) && priv()->takesKeys() && priv()->held().replace(range, keys);
+    return areKeys(keys) && priv()->acceptsKeys() && priv()->held().replace(range, keys);
 }
 
 bool VxFloatProperty::setKeyInterpolations(const QVector<int> &indexes, const VxKeyShape &shape)

@@ -110,13 +110,13 @@ VxKeyColumns<qint32> VxIntProperty::getKeys() const
 
 bool VxIntProperty::setKeys(const VxKeyColumns<qint32> &keys)
 {
-    return priv()->takesKeys() &&
+    return priv()->acceptsKeys() &&
            priv()->held().insertMany({keys.times, keys.values, nullptr, nullptr, keys.count});
 }
 
 bool VxIntProperty::replaceKeys(const VxTimeRange &range, const VxKeyColumns<qint32> &keys)
 {
-    return priv()->takesKeys() &&
+    return priv()->acceptsKeys() &&
            priv()->held().replace(range, {keys.times, keys.values, nullptr, nullptr, keys.count});
 }
 

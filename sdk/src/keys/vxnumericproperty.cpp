@@ -70,7 +70,7 @@ bool VxNumericProperty::Private::isEditable() const
     return !locked && !of(q->getKeyHolder())->locked;
 }
 
-bool VxNumericProperty::Private::takesKeys() const
+bool VxNumericProperty::Private::acceptsKeys() const
 {
     return isEditable() && animatable && of(q->getKeyHolder())->animatable;
 }

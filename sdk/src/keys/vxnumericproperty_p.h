@@ -24,7 +24,7 @@ public:
     bool isEditable() const;
     /// True when keys can be made here: neither this property nor its key holder refuses changes
     /// or keys.
-    bool takesKeys() const;
+    bool acceptsKeys() const;
     /// True when setting a value at a time should make a key there.
     bool makesKeys() const;
 

@@ -11,7 +11,9 @@
 
 namespace {
 
-/// Longest chain of aliases and overrides that is followed.
+/// Most aliases and overrides that are followed to the key holder. A longer chain, which may have
+/// up to MaxReferenceChain references, ends early: the property after this many counts as the
+/// holder.
 constexpr int MaxChain = 100;
 
 quint64 latestRevision = 0;

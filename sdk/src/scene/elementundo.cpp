@@ -132,7 +132,7 @@ void SubElementItem::swap()
     VxElement::Private *record = VxElement::Private::of(m_object);
     const int present = record->placeOfElement(m_element);
     if (present >= 0)
-        record->takeElement(m_element);
+        record->detachElement(m_element);
     if (m_index >= 0)
         record->insertElement(m_element, m_index);
     m_index = present;

@@ -305,8 +305,9 @@ VxMarkerList ItemReader::readMarkers()
     return markers;
 }
 
-/** Identifiers of markers are those of one run of the program: the markers are found by what they
- *  are, and changed where one of the same identifier replaces them. */
+/** Identifiers of markers are valid in one run of the program only. The former markers are
+ * therefore found by name, span and color; one whose recorded identifier the new state contains,
+ * too, is changed, and the others are removed. */
 bool ItemReader::applyMarkers()
 {
     VxMarkerList former = readMarkers();

@@ -72,7 +72,7 @@ void SceneNodes::add(VxNode *node, VxNode *parent)
 void SceneNodes::remove(VxNode *node)
 {
     const DeferredDeletion hold;
-    DeferredDeletion::discardAll(takeOut({node}, true));
+    DeferredDeletion::discardAll(removeSubtrees({node}, true));
 }
 
 void SceneNodes::move(VxNode *node, VxNode *parent, int index)
@@ -83,7 +83,7 @@ void SceneNodes::move(VxNode *node, VxNode *parent, int index)
 
 QVector<VxNode *> SceneNodes::take(const QVector<VxNode *> &tops)
 {
-    return takeOut(tops, false);
+    return removeSubtrees(tops, false);
 }
 
 NodePlace SceneNodes::placeOf(const VxNode *node) const
@@ -216,7 +216,7 @@ void SceneNodes::announce(const QVector<VxNode *> &tops)
     }
 }
 
-QVector<VxNode *> SceneNodes::takeOut(const QVector<VxNode *> &tops, bool recorded)
+QVector<VxNode *> SceneNodes::removeSubtrees(const QVector<VxNode *> &tops, bool recorded)
 {
     const DeferredDeletion hold;
     const GuardedNodes targets = guarded(tops);

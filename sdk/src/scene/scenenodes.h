@@ -61,9 +61,9 @@ private:
     void announce(const QVector<VxNode *> &tops);
     /// Records the node's present place; null when nothing is recorded.
     NodePlaceItem *recordPlace(VxNode *node);
-    /// Removes nodes and returns those without an owner, which is a parent or, where recorded, the
-    /// history.
-    QVector<VxNode *> takeOut(const QVector<VxNode *> &tops, bool recorded);
+    /// Removes the tops with all nodes below them. Returns the tops without an owner, which is a
+    /// parent or, where recorded, the history.
+    QVector<VxNode *> removeSubtrees(const QVector<VxNode *> &tops, bool recorded);
 
     VxScene *m_scene;
     QVector<VxNode *> m_roots;

@@ -84,7 +84,7 @@ public:
     /// Of an object: the index of one of its sub-elements (-1 for another), removing one, which
     /// then has no owner, and inserting one without an owner; both report it.
     virtual int placeOfElement(const VxElement *) const { return -1; }
-    virtual void takeElement(VxElement *) {}
+    virtual void detachElement(VxElement *) {}
     virtual void insertElement(VxElement *, int) {}
 
     VxElement *q = nullptr;

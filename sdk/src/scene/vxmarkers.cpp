@@ -82,8 +82,8 @@ public:
 };
 
 /// Keeps the whole former list, which is shared, until the hold ends, and from then on the former
-/// states of the changed markers alone. They are found by id, so that unrecorded changes of others
-/// do no harm.
+/// states of the changed markers alone. Undo and redo find them by id and keep unrecorded changes
+/// of other markers.
 class VxMarkers::UndoItem : public VxUndoItem
 {
 public:

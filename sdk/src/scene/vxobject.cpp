@@ -18,13 +18,13 @@ public:
     {
         return subElements.indexOf(const_cast<VxElement *>(element));
     }
-    void takeElement(VxElement *element) override;
+    void detachElement(VxElement *element) override;
     void insertElement(VxElement *element, int index) override;
 
     QVector<VxElement *> subElements;
 };
 
-void VxObject::Private::takeElement(VxElement *element)
+void VxObject::Private::detachElement(VxElement *element)
 {
     const DeferredDeletion hold;
     of(element)->announceRemovalOfAll();

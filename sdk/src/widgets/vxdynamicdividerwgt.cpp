@@ -10,7 +10,7 @@
 
 namespace {
 
-bool takesPlace(const QWidget *widget)
+bool isLaidOut(const QWidget *widget)
 {
     return widget && !widget->isHidden();
 }
@@ -55,13 +55,13 @@ public:
 
     VxLengthLimits limits(QWidget *widget) const
     {
-        if (!takesPlace(widget))
+        if (!isLaidOut(widget))
             return {0, QWIDGETSIZE_MAX};
         const QWidgetItem item(widget);
         return {along(item.minimumSize()), along(item.maximumSize())};
     }
 
-    bool split() const { return takesPlace(first) && takesPlace(second); }
+    bool split() const { return isLaidOut(first) && isLaidOut(second); }
     bool barShown() const { return split() && !barHidden; }
 
     // The distance between the two widgets along the split.
@@ -93,7 +93,7 @@ public:
         bar->setVisible(barShown());
         if (!split()) {
             for (QWidget *widget : {first, second}) {
-                if (takesPlace(widget))
+                if (isLaidOut(widget))
                     widget->setGeometry(room());
             }
             return;
@@ -139,7 +139,7 @@ public:
         int lengthAlong = between();
         int lengthAcross = 0;
         for (QWidget *widget : {first, second}) {
-            if (!takesPlace(widget))
+            if (!isLaidOut(widget))
                 continue;
             const QWidgetItem item(widget);
             const QSize hint = (item.*size)();
@@ -229,7 +229,7 @@ void VxDynamicDividerWgt::setSecondWidgetHidden(bool hidden)
 
 bool VxDynamicDividerWgt::isSecondWidgetHidden() const
 {
-    return !takesPlace(d->second);
+    return !isLaidOut(d->second);
 }
 
 void VxDynamicDividerWgt::setBarHidden(bool hidden)
@@ -262,7 +262,7 @@ QList<int> VxDynamicDividerWgt::sizes() const
 {
     QList<int> lengths;
     for (const QWidget *widget : {d->first, d->second})
-        lengths.append(takesPlace(widget) ? d->along(widget->size()) : 0);
+        lengths.append(isLaidOut(widget) ? d->along(widget->size()) : 0);
     return lengths;
 }
 
