@@ -107,14 +107,14 @@ bool BoneChainTool::usesKey(const QKeyEvent &event) const
 void BoneChainTool::key(const QKeyEvent &event)
 {
     if (event.key() == Qt::Key_Backspace) {
-        takeBack();
+        removeLastJoint();
         return;
     }
     finish();
     Q_EMIT finished();
 }
 
-void BoneChainTool::takeBack()
+void BoneChainTool::removeLastJoint()
 {
     m_sincePress.invalidate();
     if (m_joints.size() > m_given)

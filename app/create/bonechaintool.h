@@ -50,7 +50,7 @@ Q_SIGNALS:
 private:
     QVector3D pointAt(const ViewportPointer &at) const;
     bool isDoubleClick(const QPointF &pixel) const;
-    void takeBack();
+    void removeLastJoint();
 
     VxScene *const m_scene;
     QPointer<VxNode> m_parent;

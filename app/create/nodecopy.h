@@ -14,8 +14,8 @@ class VxProperty;
 
 /// Copies of nodes with everything below them: traits, properties, keys, objects and morphs.
 ///
-/// Aliases, overriding controls and links between copied properties lead to the copies; those to
-/// other properties lead where they led before.
+/// Aliases, overriding controls and links between copied properties refer to the copies; those
+/// to other properties are copied unchanged.
 class NodeCopy
 {
 public:

@@ -17,18 +17,18 @@ PoseResult breakdown(VxScene *scene, double part, Breakdown::Toward toward);
 
 /// Holds the pose before the playhead until the playhead: every channel with keys, of the selected
 /// nodes and everything below them, gets a key there with the value of its key before. A smooth
-/// segment between the two becomes linear, as it would swing.
+/// segment between the two becomes linear, as it would overshoot.
 PoseResult hold(VxScene *scene);
 
 /// Repeats the keys of the play range, of the selected nodes and everything below them, so that
-/// there are `count` cycles, 2 to MaxCycles; see repeatedKeys(). With an offset the roots of
-/// figures go on from where they are at the end of a cycle: their translations grow by what they
-/// change within it. Keys beyond the play range are replaced. The play range, and the animation
-/// range where it is shorter, end with the last cycle.
+/// there are `count` cycles, 2 to MaxCycles; see repeatedKeys(). With an offset each repetition
+/// adds the change within a cycle to the translations of figures' roots, which thus continue from
+/// the end of the previous cycle. Keys beyond the play range are replaced. The play range, and the
+/// animation range where it is shorter, end with the last cycle.
 PoseResult cycle(VxScene *scene, int count, bool withOffset);
 
 /// Sets the pose at the end of the play range to the one at its start, on channels with keys of the
-/// selected nodes and everything below them. Roots keep where they are along X and Z.
+/// selected nodes and everything below them. The X and Z translations of roots are kept.
 PoseResult matchEnds(VxScene *scene);
 /// The number of channels that matchEnds() would change.
 int differingEnds(const VxScene *scene);

@@ -12,7 +12,8 @@
 /// `cycle` spans a cycle, both ends included; `count` is the number of cycles afterwards, the
 /// present one included. Each repetition adds `offset` to the values. Where cycles meet, the key at
 /// the end counts, with the shape of the key at the start, which begins the next cycle; without a
-/// key at the end it is the key at the start. The caller sees to it that times fit.
+/// key at the end it is the key at the start. The caller ensures that the times of
+/// the repetitions are in the range of VxTime.
 ///     `a . b` twice: `a . b . b`      `a . b .` (ending on the dot) twice: `a . b a . b`
 template <class V>
 VxKeyArrays<V> repeatedKeys(const VxKeyColumns<V> &keys, const VxTimeRange &cycle, int count,

@@ -12,7 +12,7 @@
 namespace {
 
 // Scales that differ by axis skew the solution: it is corrected this many times at most.
-constexpr int MostCorrections = 8;
+constexpr int MaxCorrections = 8;
 // Fractions of the limb's length.
 constexpr double GoodEnough = 1e-5;
 constexpr double ReachTolerance = 1e-3;
@@ -151,7 +151,7 @@ bool Limb::solve(const VxVector &target)
     VxVector aim = target;
     Poses best;
     double nearest = std::numeric_limits<double>::max();
-    for (int i = 0; i <= MostCorrections && nearest > GoodEnough * m_length; ++i) {
+    for (int i = 0; i <= MaxCorrections && nearest > GoodEnough * m_length; ++i) {
         const Poses poses = rotated(parent, aim);
         const VxVector end = Spaces::originOf(matrices(parent, poses)[2]);
         const double missed = Spaces::distance(end, target);

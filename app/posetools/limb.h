@@ -19,7 +19,7 @@ public:
     /// Why the joint has no limb that can be solved, as a sentence; empty for one that has.
     QString obstacle(VxTime time) const;
 
-    /// Takes the nodes into the gesture, which must outlive this object.
+    /// Registers the nodes with the gesture, which must outlive this object.
     void begin(PoseGesture *gesture);
     /// The position of the joint at the start, in the world.
     const VxVector &startPosition() const { return m_startPosition; }

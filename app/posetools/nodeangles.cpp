@@ -9,7 +9,7 @@ namespace {
 
 // Degrees; of two successive rotations at least one triple is nearer than any other.
 constexpr double LargestStep = 60;
-constexpr int MostSteps = 720;
+constexpr int MaxSteps = 720;
 // Degrees of a rotation that shows which channels change.
 constexpr double Probe = 10;
 constexpr double Unchanged = 1e-4;
@@ -17,7 +17,7 @@ constexpr int Bisections = 24;
 
 int stepsFor(double degrees)
 {
-    return int(std::clamp(std::ceil(std::abs(degrees) / LargestStep), 1.0, double(MostSteps)));
+    return int(std::clamp(std::ceil(std::abs(degrees) / LargestStep), 1.0, double(MaxSteps)));
 }
 
 /** The angles after a rotation that is at most a step from the previous ones. */

@@ -35,7 +35,7 @@ public:
     /// Moves a node by an offset in the world; parent: from its parent's space to the world.
     void move(GestureNode *node, const QMatrix4x4 &parent, const VxVector &offset);
 
-    /// Forgets the outcomes; call it before the writes of every move.
+    /// Clears the counts of outcomes; call it before the writes of every move.
     void resetCounts();
     int limited() const { return m_limited; }
     int refused() const { return m_refused; }

@@ -10,7 +10,7 @@
 /// Conversions between the spaces of nodes.
 namespace Spaces {
 
-/// True for a transform that makes left hands of right ones. False when it cannot be inverted.
+/// True for a transform that mirrors: it inverts handedness. False when it cannot be inverted.
 bool isMirrored(const QMatrix4x4 &transform);
 /// The rotation of a transform: its axes made perpendicular, X first. Axes of zero length or along
 /// another one are replaced, so that the result is always a rotation.

@@ -66,7 +66,7 @@ protected:
     void begin(const GizmoTarget &target, GizmoPart part, const ViewportPointer &at);
 
     virtual GizmoTarget targetOf(const QVector<VxNode *> &selected, VxNode *primary) const = 0;
-    /// Takes the nodes into gesture().
+    /// Registers the nodes with gesture().
     virtual void beginDrag(const GizmoTarget &target, const QPointF &pixel) = 0;
     /// Sets the amount of the drag.
     virtual void follow(const QPointF &pixel, bool snaps) = 0;

@@ -17,7 +17,7 @@ namespace {
 
 // The value of the field that means the desktop's own size: below the smallest one.
 constexpr int DesktopTextSize = VxStyle::SmallestTextSize - 1;
-constexpr int MostMinutes = 60;
+constexpr int MaxMinutes = 60;
 
 } // namespace
 
@@ -95,7 +95,7 @@ void GeneralPage::addDocuments(QFormLayout *layout)
     m_backups->setSpecialValueText(tr("None"));
     m_minutes =
         addNumber(layout, tr("&Recovery copies every:"), "PreferencesRecoveryMinutes", 0,
-                  qMax(MostMinutes, m_targets.autoSave->minutes()), m_targets.autoSave->minutes());
+                  qMax(MaxMinutes, m_targets.autoSave->minutes()), m_targets.autoSave->minutes());
     m_minutes->setSpecialValueText(tr("Never"));
     m_minutes->setSuffix(tr(" minutes"));
     m_entries = addNumber(layout, tr("Undo steps in a copy:"), "PreferencesRecoveryEntries", 0,

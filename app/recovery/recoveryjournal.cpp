@@ -93,17 +93,17 @@ void RecoveryJournal::handleEntry(const QString &text)
         return;
     ++m_position;
     const bool isUnrecorded = m_history->takeUnrecordedChange();
-    const int place = m_history->index() - 1 - m_first;
+    const int index = m_history->index() - 1 - m_first;
     const std::optional<VxJournalRecord> record = recordOf(text);
-    const bool continues = isCurrent() && !isUnrecorded && record && place >= 0 &&
-                           place <= int(m_entries.size()) &&
+    const bool continues = isCurrent() && !isUnrecorded && record && index >= 0 &&
+                           index <= int(m_entries.size()) &&
                            m_store->writer().append(m_position, *record);
     if (!continues) {
         // Reverting the entry and applying it again leads back to the copy, whatever else changed.
         restart(record);
         return;
     }
-    m_entries.resize(size_t(place));
+    m_entries.resize(size_t(index));
     m_entries.push_back(m_position);
     VxFileError error;
     if (hasGrown(*record) && !isBusy() && !compact(&error))

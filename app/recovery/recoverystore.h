@@ -59,7 +59,7 @@ public:
     /// beginWrite() and endWrite().
     bool write(const VxScene &scene, const QString &documentFile, const QString &title,
                VxFileError *error);
-    /// Appends changes to the journal of this program's copy, and knows about them.
+    /// Appends changes to the journal of this program's copy and reports their state.
     RecoveryWriter &writer() { return m_writer; }
     /// The size of the latest copy, in bytes.
     int size() const { return m_size; }

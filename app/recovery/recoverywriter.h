@@ -53,7 +53,7 @@ public:
     quint64 synchronized() const;
     /// The reason why changes could not be written, until the next copy is complete.
     QString failure() const;
-    /// Waits for a copy, forgets queued changes and closes the journal.
+    /// Waits for a copy, discards queued changes and closes the journal.
     void close();
 
 private:

@@ -59,7 +59,7 @@ struct SceneTreeModel::Row
     }
 
     /// A node's index among the existing children, of which it may be one.
-    int place(const VxNode *child, bool isIn = false) const
+    int insertionIndex(const VxNode *child, bool isIn = false) const
     {
         return qBound(0, child->getSiblingIndex(), int(children.size()) - (isIn ? 1 : 0));
     }
@@ -314,7 +314,7 @@ void SceneTreeModel::addNode(VxNode *node)
         Row *parent = rowOf(added->getNodeParent());
         if (added->getScene() != m_scene || !parent || m_rows.contains(added))
             continue;
-        const int at = parent->place(added);
+        const int at = parent->insertionIndex(added);
         beginInsertRows(indexOf(parent->node), at, at);
         insert(added, parent, at);
         endInsertRows();
@@ -342,7 +342,7 @@ void SceneTreeModel::moveRow(VxNode *node, VxNode *newParent)
         return;
     Row *source = row->parent;
     const int from = source->childIndex(row);
-    int to = target->place(node, source == target);
+    int to = target->insertionIndex(node, source == target);
     // Views require the target index before the row is taken out.
     if (source == target && to > from)
         ++to;

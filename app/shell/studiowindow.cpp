@@ -362,10 +362,10 @@ void StudioWindow::dropEvent(QDropEvent *event)
         return;
     event->acceptProposedAction();
     // A question in here would block the drag's source program.
-    QTimer::singleShot(0, this, [this, file] { takeDroppedFile(file); });
+    QTimer::singleShot(0, this, [this, file] { openDroppedFile(file); });
 }
 
-void StudioWindow::takeDroppedFile(const QString &fileName)
+void StudioWindow::openDroppedFile(const QString &fileName)
 {
     auto arrival = UserMessages::Arrival::Open;
     if (vxApp->getScene()->getNumNodes() > 0 && m_document->formats().isMotion(fileName))

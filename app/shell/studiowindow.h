@@ -95,7 +95,7 @@ protected:
 private:
     bool hasSizesOfAnother() const;
     bool mayDiscard();
-    void takeDroppedFile(const QString &fileName);
+    void openDroppedFile(const QString &fileName);
     void handleDocumentChanged();
     void updateTitle();
     QString startFolder() const;

@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int MaxWait = 3000;  // milliseconds
-constexpr int QuietTime = 150; // longer than the panes' own timers
+constexpr int MaxWait = 3000;   // milliseconds
+constexpr int StableTime = 150; // longer than the panes' own timers
 constexpr int Pause = 5;
 
 /// Detects every event that changes a window's appearance.
@@ -23,7 +23,7 @@ class ChangeWatcher : public QObject
 public:
     ChangeWatcher() { QCoreApplication::instance()->installEventFilter(this); }
 
-    bool takeChanged()
+    bool testAndClearChanged()
     {
         const bool changed = m_changed;
         m_changed = false;
@@ -49,21 +49,21 @@ private:
     bool m_changed = false;
 };
 
-/** Quiet: the window is exposed and nothing has changed for a while. */
-void waitUntilQuiet(const QWidget *window)
+/** Stable: the window is exposed and has not changed for StableTime. Waits for MaxWait at most. */
+void waitUntilStable(const QWidget *window)
 {
     ChangeWatcher watcher;
     QElapsedTimer total;
-    QElapsedTimer quiet;
+    QElapsedTimer stable;
     total.start();
-    quiet.start();
+    stable.start();
     while (total.elapsed() < MaxWait) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const bool exposed = window->windowHandle() && window->windowHandle()->isExposed();
-        if (watcher.takeChanged() || !exposed)
-            quiet.restart();
-        else if (quiet.elapsed() >= QuietTime)
+        if (watcher.testAndClearChanged() || !exposed)
+            stable.restart();
+        else if (stable.elapsed() >= StableTime)
             return;
         QThread::msleep(Pause);
     }
@@ -76,7 +76,7 @@ bool writeWindowPicture(QWidget *window, const QSize &size, const QString &fileN
     window->setMinimumSize(size);
     window->resize(size);
     window->show();
-    waitUntilQuiet(window);
+    waitUntilStable(window);
     QImageWriter writer(fileName, "png");
     if (writer.write(window->grab().toImage()))
         return true;

@@ -176,15 +176,15 @@ QLayout *ShortcutEditor::buildConflictLine()
     m_conflict = makeText("ShortcutConflict");
     m_conflict->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     reserveLines(m_conflict, 2);
-    m_takeOver = makeButton("ShortcutTakeOverBtn", tr("&Reassign"));
+    m_reassign = makeButton("ShortcutTakeOverBtn", tr("&Reassign"));
     m_warning = new QLabel;
     m_warning->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(WarningSize));
-    for (QWidget *widget : {static_cast<QWidget *>(m_warning), static_cast<QWidget *>(m_takeOver)})
+    for (QWidget *widget : {static_cast<QWidget *>(m_warning), static_cast<QWidget *>(m_reassign)})
         keepRoomWhenHidden(widget);
     layout->addWidget(m_warning);
     layout->addWidget(m_conflict, 1);
-    layout->addWidget(m_takeOver);
-    connect(m_takeOver, &QPushButton::clicked, this, &ShortcutEditor::takeOver);
+    layout->addWidget(m_reassign);
+    connect(m_reassign, &QPushButton::clicked, this, &ShortcutEditor::reassign);
     return layout;
 }
 
@@ -247,7 +247,7 @@ void ShortcutEditor::explainConflict(const QKeySequence &shortcut)
     m_conflict->setText(whose + QLatin1Char(' ') +
                         tr("Reassigning it leaves that command without a shortcut."));
     m_pending = shortcut;
-    m_takeOver->show();
+    m_reassign->show();
 }
 
 void ShortcutEditor::clearConflict()
@@ -255,10 +255,10 @@ void ShortcutEditor::clearConflict()
     m_pending = QKeySequence();
     m_conflict->clear();
     m_warning->hide();
-    m_takeOver->hide();
+    m_reassign->hide();
 }
 
-void ShortcutEditor::takeOver()
+void ShortcutEditor::reassign()
 {
     m_field->setFocus(Qt::OtherFocusReason);
     m_model->assign(current(), QKeySequence(m_pending));

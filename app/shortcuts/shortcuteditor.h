@@ -49,7 +49,7 @@ private:
     void propose(const QKeySequence &shortcut);
     void explainConflict(const QKeySequence &shortcut);
     void clearConflict();
-    void takeOver();
+    void reassign();
     void search(const QString &text);
     void beginCapture();
 
@@ -64,7 +64,7 @@ private:
     QPushButton *m_reset = nullptr;
     QLabel *m_warning = nullptr; // the icon before the conflict's text
     QLabel *m_conflict = nullptr;
-    QPushButton *m_takeOver = nullptr;
+    QPushButton *m_reassign = nullptr;
     QPushButton *m_resetAll = nullptr;
     QKeySequence m_pending; // awaits the user's confirmation; empty for none
 };

@@ -63,7 +63,7 @@ QVector3D sideOf(const QMatrix4x4 &world, const QVector3D &along)
     return best;
 }
 
-/** What leads from a bone to a child bone. */
+/** The line from a bone to a child bone: a link, or the bone itself if it has no end point. */
 void addChildLine(const Visit &visit, const QVector3D &at, FigureLines *lines)
 {
     VxNode *bone = visit.parentBone;

@@ -12,7 +12,7 @@
 
 namespace {
 
-bool takesText(const QWidget *widget)
+bool acceptsText(const QWidget *widget)
 {
     const auto *box = qobject_cast<const QComboBox *>(widget);
     return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QTextEdit *>(widget) ||
@@ -49,7 +49,7 @@ bool ViewportKeys::isActive(const QWidget *focus) const
 {
     return focus && focus != m_viewport && m_viewport->underMouse() &&
            focus->window() == m_viewport->window() && !QApplication::activePopupWidget() &&
-           !QApplication::activeModalWidget() && !takesText(focus) && !isInTimePane(focus);
+           !QApplication::activeModalWidget() && !acceptsText(focus) && !isInTimePane(focus);
 }
 
 QAction *ViewportKeys::actionOf(const QKeyEvent &press) const

@@ -92,7 +92,7 @@ private:
     QVector<ViewportTool *> toolsByPriority() const;
     bool pressTool(const QMouseEvent *event);
     void hoverAt(const QMouseEvent *event);
-    void leaveTools();
+    void clearToolHover();
     void cancelGesture();
     void cancelTools();
     ViewportTool *toolForKey(const QKeyEvent *event) const;

@@ -31,7 +31,7 @@ void ViewportWidget::setTool(ViewportTool *tool)
     if (tool == m_tool)
         return;
     cancelTools();
-    leaveTools();
+    clearToolHover();
     if (m_tool && !m_layers.contains(m_tool))
         m_tool->disconnect(this);
     m_tool = tool;
@@ -182,7 +182,7 @@ void ViewportWidget::hoverAt(const QMouseEvent *event)
     setHovered(isFound ? nullptr : nodeAt(event->pos()));
 }
 
-void ViewportWidget::leaveTools()
+void ViewportWidget::clearToolHover()
 {
     for (ViewportTool *tool : toolsByPriority())
         tool->leave();
@@ -191,7 +191,7 @@ void ViewportWidget::leaveTools()
 void ViewportWidget::leaveEvent(QEvent *event)
 {
     setHovered(nullptr);
-    leaveTools();
+    clearToolHover();
     QWidget::leaveEvent(event);
 }
 

@@ -78,7 +78,7 @@ void FocusRing::follow(QWidget *widget)
         m_watched.append(each);
     }
     m_frame = new RingFrame(widget->window());
-    place();
+    updateFrame();
     m_frame->show();
     m_frame->raise();
 }
@@ -95,7 +95,7 @@ void FocusRing::leave()
 }
 
 /// Over the visible part of the widget.
-void FocusRing::place()
+void FocusRing::updateFrame()
 {
     QWidget *window = m_widget->window();
     QRect shown(m_widget->mapTo(window, QPoint()), m_widget->size());
@@ -112,7 +112,7 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Move:
     case QEvent::Resize:
         if (m_widget && m_frame)
-            place();
+            updateFrame();
         break;
     case QEvent::Hide:
         leave();

@@ -23,7 +23,7 @@ protected:
 private:
     void follow(QWidget *widget);
     void leave();
-    void place();
+    void updateFrame();
 
     QPointer<QWidget> m_frame; // a child of the focus widget's window
     QPointer<QWidget> m_widget;

@@ -35,8 +35,8 @@ public:
     bool askToRevert(const QString &documentName) const;
 
     enum class Overwrite { Save, SaveAs, Cancel };
-    /// Asks whether to save although another program did something to the document's file, which
-    /// the text says. Only with a window.
+    /// Asks whether to save although another program has changed, removed or renamed the
+    /// document's file; text: a sentence that states which. Only with a window.
     Overwrite askToOverwrite(const QString &text) const;
     /// Asks whether to replace a file that was not chosen under its full name.
     bool askToReplace(const QString &fileName) const;
