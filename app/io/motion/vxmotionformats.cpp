@@ -5,6 +5,7 @@
 
 namespace {
 
+/** For reading without questions. Documents are opened by DocumentController::enterMotion(). */
 bool open(const QString &fileName, VxScene *scene, const VxFileProgress &progress, QString *summary,
           VxFileError *error)
 {
