@@ -32,3 +32,18 @@ void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers
     if (m_pointer.needsJump(&target))
         QCursor::setPos(target, place.y());
 }
+
+void VxPropertyDrag::rollBack()
+{
+    m_edit.rollBack();
+}
+
+double VxPropertyDrag::steps() const
+{
+    return m_steps;
+}
+
+QString VxPropertyDrag::refusal() const
+{
+    return m_edit.refusal();
+}

@@ -17,11 +17,11 @@ public:
 
     void moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers);
     /// Ends the drag and restores every value.
-    void rollBack() { m_edit.rollBack(); }
+    void rollBack();
     /// The offset of the values in their own steps.
-    double steps() const { return m_steps; }
+    double steps() const;
     /// Why some values were not changed; empty when all were.
-    QString refusal() const { return m_edit.refusal(); }
+    QString refusal() const;
 
 private:
     VxPointerWrap m_pointer;

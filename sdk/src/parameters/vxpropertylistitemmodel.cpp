@@ -67,6 +67,7 @@ public:
     void watchNode(VxNode *node);
     void watchElement(VxElement *element);
     void watchProperty(VxProperty *property);
+    void disconnectAll();
     void refresh(int first, int last, int firstColumn);
     void refreshProperty(const VxProperty *property);
     void loseProperty(const VxProperty *property);
@@ -84,8 +85,7 @@ public:
     QVector<VxPropertyListRow> rows;
     std::vector<ListNode> listNodes; // one a row
     QHash<const VxProperty *, Place> places;
-    // Receives the reports of nodes, elements and properties; another one drops the connections.
-    std::unique_ptr<QObject> watcher = std::make_unique<QObject>();
+    QVector<QMetaObject::Connection> connections;
     bool lost = false;  // whether a listed property was removed since the rows were built
     QTimer updateTimer; // compresses all changes of one event loop iteration
 };
@@ -100,7 +100,7 @@ void VxPropertyListItemModel::Private::update()
         rebuild();
         return;
     }
-    watcher = std::make_unique<QObject>();
+    disconnectAll();
     watch();
     refresh(0, rows.size() - 1, LabelColumn);
 }
@@ -109,7 +109,7 @@ void VxPropertyListItemModel::Private::rebuild()
 {
     updateTimer.stop();
     q->beginResetModel();
-    watcher = std::make_unique<QObject>();
+    disconnectAll();
     listNodes.clear();
     lost = false;
     rows = vxPropertyListRows(q->getNodes());
@@ -140,32 +140,41 @@ void VxPropertyListItemModel::Private::findPlaces()
 
 void VxPropertyListItemModel::Private::watch()
 {
-    for (VxNode *node : q->getNodes())
+    const QVector<VxNode *> living = q->getNodes();
+    for (VxNode *node : living)
         watchNode(node);
 }
 
 void VxPropertyListItemModel::Private::watchNode(VxNode *node)
 {
-    connect(node, &VxNode::objectChanged, watcher.get(), [this] { updateTimer.start(); });
+    connections << connect(node, &VxNode::objectChanged, q, [this] { updateTimer.start(); });
     for (VxElement *element : elementsOf(node))
         watchElement(element);
 }
 
 void VxPropertyListItemModel::Private::watchElement(VxElement *element)
 {
-    connect(element, &VxElement::propertyAdded, watcher.get(), [this] { updateTimer.start(); });
-    connect(element, &VxElement::propertyRemoved, watcher.get(),
-            [this](const VxProperty *property) { loseProperty(property); });
+    connections << connect(element, &VxElement::propertyAdded, q, [this] { updateTimer.start(); });
+    connections << connect(element, &VxElement::propertyRemoved, q,
+                           [this](const VxProperty *property) { loseProperty(property); });
     for (int i = 0; i < element->getNumProperties(); ++i)
         watchProperty(element->getProperty(i));
 }
 
 void VxPropertyListItemModel::Private::watchProperty(VxProperty *property)
 {
-    connect(property, &VxProperty::traitsChanged, watcher.get(), [this] { updateTimer.start(); });
+    connections << connect(property, &VxProperty::traitsChanged, q,
+                           [this] { updateTimer.start(); });
     if (places.contains(property))
-        connect(property, &VxProperty::valueChanged, watcher.get(),
-                [this, property] { refreshProperty(property); });
+        connections << connect(property, &VxProperty::valueChanged, q,
+                               [this, property] { refreshProperty(property); });
+}
+
+void VxPropertyListItemModel::Private::disconnectAll()
+{
+    for (const QMetaObject::Connection &connection : qAsConst(connections))
+        QObject::disconnect(connection);
+    connections.clear();
 }
 
 void VxPropertyListItemModel::Private::refresh(int first, int last, int firstColumn)
@@ -199,7 +208,6 @@ void VxPropertyListItemModel::Private::loseProperty(const VxProperty *property)
 void VxPropertyListItemModel::Private::loseNode(VxNode *node)
 {
     node->disconnect(q);
-    node->disconnect(watcher.get());
     nodes.removeAll(node);
     for (const VxElement *element : elementsOf(node)) {
         for (int i = 0; i < element->getNumProperties(); ++i)
