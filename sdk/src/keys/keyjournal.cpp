@@ -1,5 +1,7 @@
 #include "keys/keyjournal.h"
 
+#include "keys/keytrackwriter.h"
+
 #include <cmath>
 #include <cstring>
 #include <type_traits>
@@ -29,11 +31,6 @@ template <class V> bool isFiniteColumn(const std::vector<V> &values)
                            [](V value) { return std::isfinite(value); });
     else
         return true;
-}
-
-bool isFiniteTcb(const VxTcb &tcb)
-{
-    return std::isfinite(tcb.tension) && std::isfinite(tcb.continuity) && std::isfinite(tcb.bias);
 }
 
 } // namespace

@@ -3,9 +3,10 @@
 
 #include "keys/keytrack.h"
 
+#include <cmath>
 #include <cstring>
 
-inline bool isFinite(const VxTcb &tcb)
+inline bool isFiniteTcb(const VxTcb &tcb)
 {
     return std::isfinite(tcb.tension) && std::isfinite(tcb.continuity) && std::isfinite(tcb.bias);
 }

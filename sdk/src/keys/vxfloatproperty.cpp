@@ -1,5 +1,6 @@
 #include <vxcore/vxfloatproperty.h>
 
+#include "keys/keytrackwriter.h"
 #include "keys/numericrecord.h"
 #include "undo/vxundovalueitem.h"
 
@@ -16,8 +17,8 @@ namespace {
 
 bool isShape(int type, float tension, float continuity, float bias)
 {
-    return type >= VxKeyInterp::Linear && type <= VxKeyInterp::Tcb && std::isfinite(tension) &&
-           std::isfinite(continuity) && std::isfinite(bias);
+    return type >= VxKeyInterp::Linear && type <= VxKeyInterp::Tcb &&
+           isFiniteTcb({tension, continuity, bias});
 }
 
 VxKeyShape makeShape(int type, float tension, float continuity, float bias)
@@ -37,10 +38,7 @@ bool areKeys(const VxKeyColumns<float> &keys)
     if (keys.types && std::any_of(keys.types, keys.types + keys.count,
                                   [](quint8 type) { return type > VxKeyInterp::Tcb; }))
         return false;
-    return !keys.tcb || std::all_of(keys.tcb, keys.tcb + keys.count, [](const VxTcb &tcb) {
-        return std::isfinite(tcb.tension) && std::isfinite(tcb.continuity) &&
-               std::isfinite(tcb.bias);
-    });
+    return !keys.tcb || std::all_of(keys.tcb, keys.tcb + keys.count, isFiniteTcb);
 }
 
 /// A value without a key, at one time.
