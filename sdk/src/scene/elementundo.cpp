@@ -53,7 +53,7 @@ ElementPropertyItem::~ElementPropertyItem()
 
 int ElementPropertyItem::place() const
 {
-    return VxElement::Private::of(m_element)->properties.indexOf(m_property);
+    return VxElement::Private::of(m_element)->indexOf(m_property);
 }
 
 void ElementPropertyItem::swap()

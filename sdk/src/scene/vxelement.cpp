@@ -52,7 +52,7 @@ void VxElement::Private::invalidateGroups()
 
 void VxElement::Private::release(VxProperty *property)
 {
-    properties.removeOne(property);
+    properties.remove(indexOf(property));
     byName.remove(property->getName());
     VxProperty::Private::of(property)->owner = nullptr;
     invalidateGroups();
@@ -257,8 +257,7 @@ bool VxElement::removeProperty(VxProperty *property)
         return false;
     }
     const DeferredDeletion hold;
-    ElementPropertyItem *item =
-        recordPropertyPlace(this, property, d->properties.indexOf(property));
+    ElementPropertyItem *item = recordPropertyPlace(this, property, d->indexOf(property));
     if (item)
         item->setOwning(true);
     d->take(property);

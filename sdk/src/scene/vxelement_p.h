@@ -50,6 +50,9 @@ public:
     void invalidateGroups();
     /// The node that the element is, or belongs to; null outside of nodes.
     VxNode *findNode() const;
+    /// The list index of a property; -1 for none. Searched from the end: undo removes the
+    /// properties that were added last first.
+    int indexOf(VxProperty *property) const { return properties.lastIndexOf(property); }
     /// Removes a property from the list without deleting it.
     void release(VxProperty *property);
     /// Removes a property, or inserts one without an owner at an index in the list (one beyond the
