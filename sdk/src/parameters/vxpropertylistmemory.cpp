@@ -22,8 +22,11 @@ void VxPropertyListMemory::save(const VxSideNavPropertyListView *view)
     if (!selection || view->getPropertyListModel()->rowCount() == 0)
         return;
     m_selected.clear();
-    for (const QModelIndex &index : selection->selectedRows())
-        m_selected.insert(nameOf(view, index.row()));
+    // By ranges: selectedRows() walks through all of them for each row.
+    for (const QItemSelectionRange &range : selection->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            m_selected.insert(nameOf(view, row));
+    }
     m_hasCurrent = selection->currentIndex().isValid();
     if (m_hasCurrent)
         m_current = nameOf(view, selection->currentIndex().row());
