@@ -46,6 +46,7 @@ protected:
         const QString file = folder->filePath(name);
         if (!document()->save(file))
             qFatal("cannot save %s", qPrintable(name));
+        activate();
         return file;
     }
     /// A changed document in a deleted folder: saving it fails.

@@ -105,6 +105,8 @@ protected:
         activate();
     }
 
+    // Also after loading and saving: on a busy machine they are slow enough to show their progress
+    // dialog, which leaves no window active, since no window manager is running.
     void activate() const
     {
         window()->activateWindow();
@@ -117,6 +119,7 @@ protected:
     {
         if (!window()->document()->open(QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")))
             qFatal("the sample cannot be opened");
+        activate();
         vxScene->setTime(0);
     }
 

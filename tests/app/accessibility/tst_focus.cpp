@@ -107,6 +107,8 @@ QImage pictureOf(QWidget *widget)
 /// The controls whose picture hardly changes with the focus.
 QStringList withoutRing(QWidget *root)
 {
+    if (!root->isActiveWindow())
+        return {nameOf(root) + QStringLiteral(": not in the active window")};
     QStringList faults;
     // As after the Tab key.
     root->window()->setAttribute(Qt::WA_KeyboardFocusChange);

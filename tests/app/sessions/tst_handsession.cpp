@@ -54,10 +54,9 @@ void tst_HandSession::init()
     setUp();
     start();
     window()->resize(1500, 950);
-    QVERIFY(window()->document()->open(QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")));
+    openSample();
     repeatMotion();
     addJitter(vxScene->findNode("lShin"));
-    vxScene->setTime(0);
     vxApp->getUndoStack()->clear();
     QCoreApplication::processEvents();
     window()->viewport()->grab();
