@@ -6,6 +6,9 @@
 #include "scene/vxnode_p.h"
 #include "undo/journalvalues.h"
 
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <algorithm>
 #include <cmath>
 #include <vector>
 #include <vxcore/vxchangeblock.h>
@@ -54,6 +57,7 @@ private:
     bool addNode(quint64 id, const Place &place);
     bool moveNode(VxNode *node, const Place &place);
     bool applyMarkers();
+    bool findMarkers(const VxMarkerList &former, QHash<int, int> *ids);
     VxMarkerList readMarkers();
 
     /// Reads both values and sets the one that is asked for. False after a failure.
@@ -306,43 +310,59 @@ VxMarkerList ItemReader::readMarkers()
 }
 
 /** Identifiers of markers are valid in one run of the program only. The former markers are
- * therefore found by name, span and color; one whose recorded identifier the new state contains,
- * too, is changed, and the others are removed. */
-bool ItemReader::applyMarkers()
+ * therefore found by name, span and color. */
+bool ItemReader::findMarkers(const VxMarkerList &former, QHash<int, int> *ids)
 {
-    VxMarkerList former = readMarkers();
-    VxMarkerList present = readMarkers();
-    if (r.failed())
-        return false;
-    if (!m_forward)
-        former.swap(present);
-    VxMarkers *markers = VxMarkers::of(r.scene());
-    VxMarkerList added = present;
-    VxMarkerList changed;
-    QVector<int> removed;
-    QVector<int> found;
-    for (const VxMarker &old : qAsConst(former)) {
-        const VxMarkerList &list = markers->list();
+    const VxMarkerList &list = VxMarkers::of(r.scene())->list();
+    QSet<int> found;
+    for (const VxMarker &old : former) {
         const auto same = std::find_if(list.cbegin(), list.cend(), [&](const VxMarker &marker) {
             return marker.name == old.name && marker.span == old.span &&
                    marker.color == old.color && !found.contains(marker.id);
         });
-        if (same == list.cend())
+        if (same == list.cend() || ids->contains(old.id))
             return false;
-        found.append(same->id);
-        const auto next = std::find_if(added.begin(), added.end(), [&old](const VxMarker &marker) {
-            return marker.id == old.id;
-        });
-        if (next == added.end()) {
-            removed.append(found.last());
-        } else {
-            changed.append(*next);
-            changed.last().id = found.last();
-            added.erase(next);
-        }
+        found.insert(same->id);
+        ids->insert(old.id, same->id);
     }
+    return true;
+}
+
+/** A former marker whose recorded identifier the new state contains, too, is changed, and the
+ * others are removed. Markers with the same span, which are all in the record, are ordered by
+ * identifier: those that would be out of the recorded order are removed and added anew. */
+bool ItemReader::applyMarkers()
+{
+    VxMarkerList former = readMarkers();
+    VxMarkerList present = readMarkers();
+    if (!m_forward)
+        former.swap(present);
+    QHash<int, int> ids; // from those in the record to those in the scene
+    if (r.failed() || !findMarkers(former, &ids))
+        return false;
+    VxMarkerList added;
+    VxMarkerList changed;
+    VxMarker last; // that keeps its identifier, with the present span
+    bool isAnew = false;
+    for (const VxMarker &marker : qAsConst(present)) {
+        if (marker.span != last.span) {
+            last = {0, QString(), marker.span};
+            isAnew = false;
+        }
+        const int id = ids.value(marker.id); // 0 for a new one
+        isAnew = isAnew || id <= last.id;
+        if (isAnew) {
+            added.append(marker);
+            continue;
+        }
+        last.id = id;
+        changed.append(marker);
+        changed.last().id = id;
+        ids.remove(marker.id);
+    }
+    VxMarkers *markers = VxMarkers::of(r.scene());
     markers->set(changed);
-    markers->remove(removed);
+    markers->remove(ids.values().toVector());
     markers->add(added);
     return true;
 }

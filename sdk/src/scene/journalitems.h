@@ -12,7 +12,7 @@ enum class JournalItem : quint8 {
     NodeValue,     ///< VxSceneUndoKind, node, value before, value after
     SceneValue,    ///< VxSceneUndoKind, value before, value after
     NodePlace,     ///< identifier, place before, place after, contents of an added or removed node
-    Markers        ///< markers before, markers after
+    Markers        ///< markers before, markers after: changed ones and those of the same spans
 };
 
 /// The types of values in items of keys and of stored values.

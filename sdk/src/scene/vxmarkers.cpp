@@ -5,9 +5,11 @@
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
 
+#include <QtCore/QPair>
 #include <QtCore/QSet>
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -119,9 +121,19 @@ public:
     {
         if (!m_markers || !m_isReduced)
             return false;
+        const VxMarkerList &after = m_markers->list();
+        VxMarkerList before = m_former;
+        const QSet<int> ids(m_changed.cbegin(), m_changed.cend());
+        std::copy_if(after.cbegin(), after.cend(), std::back_inserter(before),
+                     [&ids](const VxMarker &marker) { return !ids.contains(marker.id); });
+        std::sort(before.begin(), before.end(), startsBefore);
+        // Unchanged markers with the span of a changed one are part of the order among them.
+        QSet<Span> spans;
+        for (const VxMarker &marker : m_former + present())
+            spans.insert(spanOf(marker));
         writer.number(JournalItem::Markers);
-        put(writer, m_former);
-        put(writer, present());
+        put(writer, before, spans);
+        put(writer, after, spans);
         return true;
     }
 
@@ -134,10 +146,20 @@ public:
     }
 
 private:
-    static void put(VxJournalWriter &writer, const VxMarkerList &markers)
+    using Span = QPair<VxTime, VxTime>;
+    static Span spanOf(const VxMarker &marker)
     {
+        return {marker.span.getStart(), marker.span.getEnd()};
+    }
+
+    /// Writes the markers that have one of the spans.
+    static void put(VxJournalWriter &writer, const VxMarkerList &all, const QSet<Span> &spans)
+    {
+        VxMarkerList markers;
+        std::copy_if(all.cbegin(), all.cend(), std::back_inserter(markers),
+                     [&spans](const VxMarker &marker) { return spans.contains(spanOf(marker)); });
         writer.number(qint32(markers.size()));
-        for (const VxMarker &marker : markers) {
+        for (const VxMarker &marker : qAsConst(markers)) {
             writer.number(qint32(marker.id));
             writer.text(marker.name);
             journalPut(writer, marker.span);

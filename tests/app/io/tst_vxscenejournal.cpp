@@ -12,10 +12,49 @@
 #include "walksample.h"
 
 #include <QtTest>
+#include <array>
 #include <vxcore/vxundostack.h>
 
 using Change = std::function<void(VxNode *)>;
 Q_DECLARE_METATYPE(Change)
+
+/// Of markers with the given identifiers.
+using MarkerEdit = std::function<void(VxMarkers *, const QVector<int> &)>;
+Q_DECLARE_METATYPE(MarkerEdit)
+
+namespace {
+
+/// The properties that a property refers to; null for none.
+std::array<const VxProperty *, 3> referencesOf(const VxProperty *property)
+{
+    const auto *number = qobject_cast<const VxNumericProperty *>(property);
+    return {property->getAliasedProperty(), property->getOverridingControl(),
+            number ? number->getLinkedProperty() : nullptr};
+}
+
+const VxNode *topOf(const VxNode *node)
+{
+    return node->getNodeParent() ? topOf(node->getNodeParent()) : node;
+}
+
+/// Whether one of the nodes was removed, and a property in its hierarchy refers to one outside or
+/// the other way round.
+bool haveRemovedReferences(const QVector<VxNode *> &nodes)
+{
+    for (const VxNode *node : nodes) {
+        for (const VxProperty *property : node->getMadeProperties()) {
+            for (const VxProperty *target : referencesOf(property)) {
+                const auto *other = target ? qobject_cast<VxNode *>(target->getOwner()) : node;
+                const bool isRemoved = !node->getScene() || !other->getScene();
+                if (isRemoved && topOf(node) != topOf(other))
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
+} // namespace
 
 class TestSceneJournal : public QObject
 {
@@ -26,11 +65,16 @@ private Q_SLOTS:
 
     void entriesAreAppliedToACopy_data();
     void entriesAreAppliedToACopy();
+    void entriesAreReverted_data();
     void entriesAreReverted();
     void undoneEntriesAreWrittenInReverse();
     void keysNextToTheSpanStay();
     void nodesKeepTheirIdentifiers();
     void markersAreFoundByTheirContents();
+    void markersKeepTheirOrder_data();
+    void markersKeepTheirOrder();
+    void removedReferencesCannotBeReverted_data();
+    void removedReferencesCannotBeReverted();
     void whatCannotBeWritten_data();
     void whatCannotBeWritten();
     void unrecordedChangesAreNoted_data();
@@ -42,6 +86,7 @@ private Q_SLOTS:
 private:
     bool writeLast();
     bool apply(VxJournalReader::Direction direction, VxScene *scene);
+    bool isRefused(VxJournalReader::Direction direction) const;
     void copyDocument();
     QByteArray shown(VxScene *scene) const;
 
@@ -109,6 +154,15 @@ bool TestSceneJournal::apply(VxJournalReader::Direction direction, VxScene *scen
     return VxSceneJournalReader(m_record, scene).apply(direction);
 }
 
+/// Whether the record cannot be applied to the copy, and changes nothing then.
+bool TestSceneJournal::isRefused(VxJournalReader::Direction direction) const
+{
+    const QByteArray before = shown(m_copy.get());
+    VxUndoStackHold hold;
+    const bool isApplied = VxSceneJournalReader(m_record, m_copy.get()).apply(direction);
+    return hold.rollBack() && !isApplied && shown(m_copy.get()) == before;
+}
+
 void TestSceneJournal::entriesAreAppliedToACopy_data()
 {
     QTest::addColumn<unsigned>("seed");
@@ -137,13 +191,22 @@ void TestSceneJournal::entriesAreAppliedToACopy()
     QVERIFY2(written * 10 > m_history->index() * 9, qPrintable(QString::number(written)));
 }
 
+void TestSceneJournal::entriesAreReverted_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (const unsigned seed : {7, 10, 28, 43, 59})
+        QTest::addRow("seed %u", seed) << seed;
+}
+
 void TestSceneJournal::entriesAreReverted()
 {
-    RandomEdits edits(m_scene.get(), 7);
+    QFETCH(unsigned, seed);
+    RandomEdits edits(m_scene.get(), seed);
     int reverted = 0;
     for (int i = 0; i < vxSessionLength(200); ++i) {
         const int count = m_history->index();
         const QByteArray before = shown(m_scene.get());
+        const QVector<VxNode *> nodes = m_scene->getNodes();
         edits.edit();
         if (m_history->index() == count)
             continue;
@@ -151,6 +214,10 @@ void TestSceneJournal::entriesAreReverted()
         copyDocument();
         if (!isWritten)
             continue;
+        if (haveRemovedReferences(nodes)) {
+            QVERIFY2(isRefused(VxJournalReader::Backward), qPrintable(QString::number(i)));
+            continue;
+        }
         QVERIFY2(apply(VxJournalReader::Backward, m_copy.get()), qPrintable(QString::number(i)));
         QVERIFY2(shown(m_copy.get()) == before, qPrintable(QString::number(i)));
         ++reverted;
@@ -240,6 +307,101 @@ void TestSceneJournal::markersAreFoundByTheirContents()
     QVERIFY(apply(VxJournalReader::Backward, m_copy.get()));
     m_history->undo();
     QCOMPARE(shown(m_copy.get()), shown(m_scene.get()));
+}
+
+void TestSceneJournal::markersKeepTheirOrder_data()
+{
+    QTest::addColumn<MarkerEdit>("edit");
+    const auto move = [](VxMarkers *markers, int id, VxTime time) {
+        VxMarker marker = *markers->find(id);
+        marker.span = VxTimeRange(time, time);
+        markers->set(marker);
+    };
+    // Added as c and d at 20, a and b at 10.
+    QTest::newRow("the first of two is removed") << MarkerEdit(
+        [](VxMarkers *markers, const QVector<int> &ids) { markers->remove({ids[2]}); });
+    QTest::newRow("the first of two is moved away") << MarkerEdit(
+        [=](VxMarkers *markers, const QVector<int> &ids) { move(markers, ids[2], 15); });
+    QTest::newRow("one is moved to two others, before them") << MarkerEdit(
+        [=](VxMarkers *markers, const QVector<int> &ids) { move(markers, ids[0], 10); });
+    QTest::newRow("two are exchanged")
+        << MarkerEdit([=](VxMarkers *markers, const QVector<int> &ids) {
+               move(markers, ids[0], 10);
+               move(markers, ids[2], 20);
+           });
+    QTest::newRow("one of two is renamed")
+        << MarkerEdit([](VxMarkers *markers, const QVector<int> &ids) {
+               VxMarker marker = *markers->find(ids[2]);
+               marker.name = QStringLiteral("new");
+               markers->set(marker);
+           });
+    QTest::newRow("another one is added")
+        << MarkerEdit([](VxMarkers *markers, const QVector<int> &) {
+               markers->add({0, QStringLiteral("new"), VxTimeRange(10, 10)});
+           });
+}
+
+/// Markers at one time are listed, drawn and saved in the order of their identifiers, which are not
+/// those of the copy.
+void TestSceneJournal::markersKeepTheirOrder()
+{
+    QFETCH(MarkerEdit, edit);
+    VxMarkers *markers = VxMarkers::of(m_scene.get());
+    markers->replaceAll({});
+    QVector<int> ids;
+    for (const auto &[name, time] : {std::pair("c", 20), {"d", 20}, {"a", 10}, {"b", 10}})
+        ids += markers->add({0, QString::fromLatin1(name), VxTimeRange(time, time)});
+    copyDocument();
+    const QByteArray before = shown(m_scene.get());
+    {
+        VxUndoStackHold hold;
+        edit(markers, ids);
+        hold.accept(QStringLiteral("Edit"));
+    }
+    QVERIFY(writeLast());
+    {
+        VxUndoStackHold hold; // as a recovery does
+        QVERIFY(apply(VxJournalReader::Forward, m_copy.get()));
+        hold.accept(QStringLiteral("Edit"));
+    }
+    QCOMPARE(shown(m_copy.get()), shown(m_scene.get()));
+    m_history->undo();
+    QCOMPARE(shown(m_copy.get()), before);
+    m_history->redo();
+    QCOMPARE(shown(m_copy.get()), shown(m_scene.get()));
+    QVERIFY(apply(VxJournalReader::Backward, m_copy.get()));
+    QCOMPARE(shown(m_copy.get()), before);
+}
+
+void TestSceneJournal::removedReferencesCannotBeReverted_data()
+{
+    QTest::addColumn<bool>("refersToOther");
+    QTest::newRow("the removed node follows another one") << true;
+    QTest::newRow("another one follows the removed node") << false;
+}
+
+void TestSceneJournal::removedReferencesCannotBeReverted()
+{
+    QFETCH(bool, refersToOther);
+    VxFloatProperty *follower = m_scene->getNodes().at(1)->getXPosControl();
+    auto *removed = new VxNode(QStringLiteral("removed"));
+    m_scene->addNode(removed);
+    if (refersToOther)
+        removed->getXPosControl()->setLink(follower, false, 1, 0);
+    else
+        follower->setLink(removed->getXPosControl(), false, 1, 0);
+    const QVector<VxNode *> nodes = m_scene->getNodes();
+    {
+        VxUndoStackHold hold;
+        m_scene->setTimeStep(m_scene->getTimeStep() + 1);
+        m_scene->removeNode(removed);
+        m_scene->setTimeStep(m_scene->getTimeStep() + 1);
+        hold.accept(QStringLiteral("Remove"));
+    }
+    QVERIFY(haveRemovedReferences(nodes));
+    QVERIFY(writeLast());
+    copyDocument();
+    QVERIFY(isRefused(VxJournalReader::Backward));
 }
 
 void TestSceneJournal::whatCannotBeWritten_data()
