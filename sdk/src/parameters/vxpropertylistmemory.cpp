@@ -5,14 +5,19 @@
 #include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxsidenavpropertylistview.h>
 
-VxPropertyListMemory::RowName VxPropertyListMemory::nameOf(const VxSideNavPropertyListView *view,
-                                                           int row)
+std::optional<VxPropertyListMemory::RowName>
+VxPropertyListMemory::nameOf(const VxSideNavPropertyListView *view, int row)
 {
     const VxPropertyListItemModel *model = view->getPropertyListModel();
     const QModelIndex index = model->index(row, 0);
     const VxPropertyListNode *listNode = model->getPropertyListNode(index);
-    const VxProperty *property = listNode->isHeading() ? nullptr : listNode->getProperty(0);
-    return {model->getGroupPath(index), property ? property->getName() : QString()};
+    if (listNode->isHeading())
+        return RowName(model->getGroupPath(index), QString());
+    for (int i = 0; i < listNode->getNumProperties(); ++i) {
+        if (const VxProperty *property = listNode->getProperty(i))
+            return RowName(model->getGroupPath(index), property->getName());
+    }
+    return {};
 }
 
 void VxPropertyListMemory::save(const VxSideNavPropertyListView *view)
@@ -24,12 +29,13 @@ void VxPropertyListMemory::save(const VxSideNavPropertyListView *view)
     m_selected.clear();
     // By ranges: selectedRows() walks through all of them for each row.
     for (const QItemSelectionRange &range : selection->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            m_selected.insert(nameOf(view, row));
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (const auto name = nameOf(view, row))
+                m_selected.insert(*name);
+        }
     }
-    m_hasCurrent = selection->currentIndex().isValid();
-    if (m_hasCurrent)
-        m_current = nameOf(view, selection->currentIndex().row());
+    const QModelIndex current = selection->currentIndex();
+    m_current = current.isValid() ? nameOf(view, current.row()) : std::nullopt;
     const int scroll = view->verticalScrollBar()->value();
     // A short list in between does not lose the position in a long one.
     if (scroll != m_shown)
@@ -43,9 +49,8 @@ void VxPropertyListMemory::restore(VxSideNavPropertyListView *view)
     QModelIndex current;
     int first = -1; // of contiguous rows: isSelected() for each row walks through all ranges
     for (int row = 0; row <= model->rowCount(); ++row) {
-        const bool listed = row < model->rowCount();
-        const RowName name = listed ? nameOf(view, row) : RowName();
-        const bool selected = listed && m_selected.contains(name);
+        const auto name = row < model->rowCount() ? nameOf(view, row) : std::nullopt;
+        const bool selected = name && m_selected.contains(*name);
         if (selected && first < 0)
             first = row;
         if (!selected && first >= 0) {
@@ -53,7 +58,7 @@ void VxPropertyListMemory::restore(VxSideNavPropertyListView *view)
                              model->index(row - 1, model->columnCount() - 1));
             first = -1;
         }
-        if (listed && m_hasCurrent && name == m_current)
+        if (name && name == m_current)
             current = model->index(row, 0);
     }
     QItemSelectionModel *target = view->selectionModel();

@@ -4,6 +4,7 @@
 #include <QtCore/QPair>
 #include <QtCore/QSet>
 #include <QtCore/QString>
+#include <optional>
 
 class VxSideNavPropertyListView;
 
@@ -20,11 +21,11 @@ public:
 private:
     /// Group path and property name; no name for a heading.
     using RowName = QPair<QString, QString>;
-    static RowName nameOf(const VxSideNavPropertyListView *view, int row);
+    /// Null for a row whose properties were removed.
+    static std::optional<RowName> nameOf(const VxSideNavPropertyListView *view, int row);
 
     QSet<RowName> m_selected;
-    RowName m_current;
-    bool m_hasCurrent = false;
+    std::optional<RowName> m_current;
     int m_scroll = 0; // the requested position
     int m_shown = 0;  // that position, limited by the list's length
 };

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void headingsOpenAndClose();
     void closedGroupsAreKept();
     void selectionIsKeptFromNodeToNode();
+    void aRemovedRowLeavesNoSelection();
     void contextMenu();
     void contextMenuOfALockedRow();
     void playbackRepaintsNoMoreThanOnceAFrame();
@@ -194,6 +195,21 @@ void TestParametersPane::selectionIsKeptFromNodeToNode()
     m_bones.at(1)->select();
     QCOMPARE(view()->selectionModel()->selectedRows(),
              QModelIndexList{cell(m_bones.at(1)->getYRotControl(), Model::LabelColumn)});
+}
+
+/// Not the heading of its group either, whose commands apply to all properties of the group.
+void TestParametersPane::aRemovedRowLeavesNoSelection()
+{
+    auto *removed = new VxFloatProperty(QStringLiteral("removed"));
+    hip()->addProperty(removed, QStringLiteral("/Group"));
+    hip()->addProperty(new VxFloatProperty(QStringLiteral("other")), QStringLiteral("/Group"));
+    QCoreApplication::processEvents();
+    click(removed, Model::LabelColumn);
+    QVERIFY(view()->selectionModel()->hasSelection());
+    hip()->removeProperty(removed);
+    QCoreApplication::processEvents();
+    QVERIFY(!view()->selectionModel()->hasSelection());
+    QVERIFY(!view()->currentIndex().isValid());
 }
 
 void TestParametersPane::contextMenu()
