@@ -90,14 +90,19 @@ protected:
         setUpShared();
     }
 
+    // A file in a folder that is there until the program has ended.
+    QString settingsFile(const char *name) const
+    {
+        return (m_settingsFolder ? m_settingsFolder : folder)->filePath(QLatin1String(name));
+    }
+
     void start(const QStringList &arguments = {})
     {
         studio.reset();
-        const QTemporaryDir *settings = m_settingsFolder ? m_settingsFolder.get() : folder.get();
-        const CommandLine line = CommandLine::parse(
-            QStringList{"vxstudio", "--settings", settings->filePath("settings.json"),
-                        "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)} +
-            arguments);
+        const CommandLine line =
+            CommandLine::parse(QStringList{"vxstudio", "--settings", settingsFile("settings.json"),
+                                           "--plugin-path", QStringLiteral(VX_PLUGIN_DIR)} +
+                               arguments);
         if (line.action != CommandLine::Action::Run)
             qFatal("%s", qPrintable(line.errorText));
         studio = std::make_unique<Studio>(line);

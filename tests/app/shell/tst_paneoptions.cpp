@@ -195,12 +195,12 @@ void tst_PaneOptions::storeWithStaleChoices()
     for (const char *key : {"BasicView", "IntermediateView", "AdvancedView", "ControlsBottom",
                             "ControlsTop", "ScopeNode", "ScopeProperties"})
         store()->setBoolValue(QLatin1String(key), true);
-    QVERIFY(vxApp->getSettings()->save(folder->filePath("stale.json")));
-    start({"--settings", folder->filePath("stale.json")});
+    QVERIFY(vxApp->getSettings()->save(settingsFile("stale.json")));
+    start({"--settings", settingsFile("stale.json")});
     QCOMPARE(options().left(3), QString("1 2"));
     QCOMPARE(options().right(1), QString("3"));
     script("pane.setViewMode(0); pane.setControlsPosition(0)");
-    start({"--settings", folder->filePath("stale.json")});
+    start({"--settings", settingsFile("stale.json")});
     QCOMPARE(options().left(3), QString("0 0"));
     QCOMPARE(options().right(1), QString("2")); // single properties only in the advanced view
 }
@@ -211,8 +211,8 @@ void tst_PaneOptions::damagedValuesGiveDefaults()
     for (const char *key : {"AdvancedView", "PropTranslate", "PropScale", "ControlsTop"})
         store()->setStringValue(QLatin1String(key), QStringLiteral("perhaps"));
     store()->removeValue("GraphOpen");
-    QVERIFY(vxApp->getSettings()->save(folder->filePath("damaged.json")));
-    start({"--settings", folder->filePath("damaged.json")});
+    QVERIFY(vxApp->getSettings()->save(settingsFile("damaged.json")));
+    start({"--settings", settingsFile("damaged.json")});
     QCOMPARE(options(), QString("0 0 true false false 27 2"));
     QCOMPARE(markedEntries(), expectedMarks());
 }

@@ -482,7 +482,7 @@ void tst_StudioWindow::windowNeverShownKeepsNoLayout()
     QVERIFY(QFileInfo::exists(settings));
     start({"--settings", settings});
     const QByteArray first = window()->saveState();
-    m_dir->remove();
+    m_studio.reset(); // writes its settings
     m_dir.reset(new QTemporaryDir);
     start();
     QCOMPARE(first, window()->saveState());

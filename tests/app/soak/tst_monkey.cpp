@@ -28,6 +28,10 @@ void tst_Monkey::run(const QStringList &arguments)
 {
     const QString program = QStringLiteral(VX_BINARY_DIR "/bin/vxmonkey");
     m_log = m_folder.filePath(QStringLiteral("log"));
+    // A program that crashes leaves its temporary folder behind.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), m_folder.path());
+    m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.start(program, QStringList{"--log", m_log} + arguments);
     QVERIFY2(m_process.waitForFinished(200000), qPrintable(m_process.errorString()));
