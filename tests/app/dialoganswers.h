@@ -47,15 +47,18 @@ inline std::function<bool(QMessageBox *)> pressButton(QMessageBox::StandardButto
     };
 }
 
-/// Types a file's name into the dialog and presses its button once that is enabled.
-inline std::function<bool(QFileDialog *)> typeName(const QString &name)
+/// Types a file's name into the dialog, in the file's folder, and presses its button once that is
+/// enabled. The path is not typed: the dialog would list and watch each folder on the way.
+inline std::function<bool(QFileDialog *)> typeName(const QString &path)
 {
-    return [name](QFileDialog *dialog) {
+    return [file = QFileInfo(path)](QFileDialog *dialog) {
         auto *field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        if (field->text() != name) {
+        if (file.isAbsolute() && dialog->directory() != file.dir())
+            dialog->setDirectory(file.path());
+        if (field->text() != file.fileName()) {
             field->setFocus();
             field->selectAll();
-            QTest::keyClicks(field, name); // typed, so that the selection in the list is cleared
+            QTest::keyClicks(field, file.fileName()); // typed, so that nothing is selected
         }
         auto *box = dialog->findChild<QDialogButtonBox *>();
         const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;
