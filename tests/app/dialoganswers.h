@@ -57,8 +57,10 @@ inline std::function<bool(QFileDialog *)> typeName(const QString &path)
             dialog->setDirectory(file.path());
         if (field->text() != file.fileName()) {
             field->setFocus();
+            if (!field->hasFocus())
+                return false; // without it what is typed does not clear the selection in the list
             field->selectAll();
-            QTest::keyClicks(field, file.fileName()); // typed, so that nothing is selected
+            QTest::keyClicks(field, file.fileName());
         }
         auto *box = dialog->findChild<QDialogButtonBox *>();
         const bool saves = dialog->acceptMode() == QFileDialog::AcceptSave;

@@ -20,6 +20,7 @@
 #include <QProgressDialog>
 #include <QStatusBar>
 #include <sys/stat.h>
+#include <utility>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxskeleton.h>
@@ -270,8 +271,8 @@ void tst_MotionCommands::theFigureIsRemovedDuringAnExport()
     const auto where = typeName(file);
     exportByMenu(
         [&](QFileDialog *dialog) {
-            if (!early)
-                vxScene->removeNode(figure);
+            if (!early && figure)
+                vxScene->removeNode(std::exchange(figure, nullptr));
             return where(dialog);
         },
         [&](ExportDialog *dialog) {
