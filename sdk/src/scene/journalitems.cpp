@@ -314,9 +314,13 @@ VxMarkerList ItemReader::readMarkers()
 bool ItemReader::findMarkers(const VxMarkerList &former, QHash<int, int> *ids)
 {
     const VxMarkerList &list = VxMarkers::of(r.scene())->list();
+    const auto startsBefore = [](const VxMarker &a, const VxMarker &b) {
+        return a.span.getStart() < b.span.getStart();
+    };
     QSet<int> found;
     for (const VxMarker &old : former) {
-        const auto same = std::find_if(list.cbegin(), list.cend(), [&](const VxMarker &marker) {
+        const auto first = std::lower_bound(list.cbegin(), list.cend(), old, startsBefore);
+        const auto same = std::find_if(first, list.cend(), [&](const VxMarker &marker) {
             return marker.name == old.name && marker.span == old.span &&
                    marker.color == old.color && !found.contains(marker.id);
         });
