@@ -2,7 +2,6 @@
 
 #include "widgets/studiotext.h"
 
-#include <array>
 #include <cmath>
 #include <limits>
 #include <vxcore/vxbone.h>

@@ -5,7 +5,6 @@
 
 #include <QHash>
 #include <QRegularExpression>
-#include <array>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxskeleton.h>

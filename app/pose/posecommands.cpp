@@ -6,7 +6,6 @@
 #include "widgets/studiotext.h"
 
 #include <QSet>
-#include <memory>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxposefigure.h>
 #include <vxcore/vxscene.h>

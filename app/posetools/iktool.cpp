@@ -6,7 +6,6 @@
 #include "viewport/figurepick.h"
 #include "widgets/studiotext.h"
 
-#include <algorithm>
 #include <vxcore/vxscene.h>
 
 IkTool::IkTool(VxScene *scene, PoseToolSettings *settings, QObject *parent)

@@ -3,7 +3,6 @@
 #include "pose/channellimits.h"
 #include "widgets/studiotext.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vxcore/vxfloatproperty.h>

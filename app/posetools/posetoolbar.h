@@ -5,7 +5,6 @@
 #include <QFrame>
 
 class PoseTools;
-class QActionGroup;
 class QToolButton;
 class VxActionMgr;
 

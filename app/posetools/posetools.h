@@ -6,7 +6,6 @@
 
 class PoseToolSettings;
 class TransformTool;
-class ViewportTool;
 class ViewportWidget;
 class VxScene;
 

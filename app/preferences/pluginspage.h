@@ -6,7 +6,6 @@
 
 class QLabel;
 class QTreeWidget;
-class QTreeWidgetItem;
 
 /// The modules of the plug-in folders, with a check mark for those that the next start loads.
 class PluginsPage : public PreferencesPage

@@ -8,7 +8,6 @@
 class QComboBox;
 class QAbstractButton;
 class QFormLayout;
-class QLayout;
 class VxAction;
 class VxActionMgr;
 

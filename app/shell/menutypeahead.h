@@ -5,7 +5,6 @@
 #include <QObject>
 
 class QAction;
-class QKeyEvent;
 class QMenu;
 
 /// Finds an entry by its first letters, in menus without mnemonics: those of plug-ins' actions,

@@ -16,28 +16,16 @@
 
 namespace {
 
-/// A pane of the program's own. Scripts cannot construct one: only the pane manager does.
-template <class T> class PaneFactory : public VxClassFactory
-{
-public:
-    explicit PaneFactory(const char *guid)
-        : VxClassFactory(&T::staticMetaObject, VxGuid::fromString(QLatin1String(guid)))
-    {
-    }
-
-    using VxClassFactory::createInstance;
-    QObject *createInstance() const override { return new T; }
-};
-
 template <class Factory> void add(QVector<VxClassFactory *> *factories, const char *guid)
 {
     static Factory factory(guid);
     factories->append(&factory);
 }
 
+/// Scripts cannot construct a pane: only the pane manager does.
 template <class T> void addPane(QVector<VxClassFactory *> *factories, const char *guid)
 {
-    add<PaneFactory<T>>(factories, guid);
+    add<VxClassFactoryOf<T>>(factories, guid);
 }
 
 template <class T> void addAction(QVector<VxClassFactory *> *factories, const char *guid)

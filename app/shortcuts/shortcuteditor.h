@@ -6,7 +6,6 @@
 #include <QWidget>
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QTreeView;
 class ShortcutField;

@@ -3,7 +3,6 @@
 #include "viewport/pointbox.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {

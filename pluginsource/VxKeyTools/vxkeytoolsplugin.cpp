@@ -13,26 +13,14 @@
 
 namespace {
 
-/// Makes instances of one class.
-template <class Class> class Factory : public VxClassFactory
-{
-public:
-    explicit Factory(const char *guid)
-        : VxClassFactory(&Class::staticMetaObject, VxGuid::fromString(QLatin1String(guid)))
-    {
-    }
-    using VxClassFactory::createInstance;
-    QObject *createInstance() const override { return new Class; }
-};
-
 /// The pane's factory also registers the script object.
-class PaneFactory : public Factory<VxKeyToolsPane>
+class PaneFactory : public VxClassFactoryOf<VxKeyToolsPane>
 {
 public:
-    using Factory::Factory;
+    using VxClassFactoryOf::VxClassFactoryOf;
     void registerClass(QScriptEngine *engine) const override
     {
-        Factory::registerClass(engine);
+        VxClassFactoryOf::registerClass(engine);
         if (engine)
             registerKeyToolScript(engine);
     }
@@ -40,7 +28,7 @@ public:
 
 template <class Class> void addClass(VxPlugin *plugin, const char *guid)
 {
-    static Factory<Class> factory(guid);
+    static VxClassFactoryOf<Class> factory(guid);
     plugin->addClassFactory(&factory);
 }
 

@@ -2,7 +2,6 @@
 
 #include "io/fbx/vxfbxcurvemath.h"
 
-#include <algorithm>
 #include <vxcore/vxeuler.h>
 
 namespace {

@@ -1,7 +1,6 @@
 #include "io/fbx/vxfbxfigure.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

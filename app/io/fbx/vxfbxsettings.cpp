@@ -3,8 +3,6 @@
 #include "io/fbx/vxfbxobjects.h"
 #include "io/vxfiletext.h"
 
-#include <cmath>
-
 namespace {
 
 constexpr double newTicksPerSecond = 141120000.0;

@@ -1,7 +1,6 @@
 #include "io/gltf/vxgltfcurves.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 
 namespace {

@@ -10,7 +10,6 @@
 
 #include <QJsonObject>
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

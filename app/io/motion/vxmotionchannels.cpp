@@ -1,7 +1,6 @@
 #include "io/motion/vxmotionchannels.h"
 
 #include <algorithm>
-#include <cmath>
 #include <tuple>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmorph.h>

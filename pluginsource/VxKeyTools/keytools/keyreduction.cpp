@@ -4,7 +4,6 @@
 #include "keytools/keysteps.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxscene.h>
 

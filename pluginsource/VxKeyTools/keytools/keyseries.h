@@ -2,18 +2,12 @@
 #define KEYTOOLS_KEYSERIES_H
 
 #include <vector>
-#include <vxcore/vxtime.h>
+#include <vxcore/vxkeyarrays.h>
 
 /// The edited keys of one property as arrays: times in ticks, ascending before the edit, and
 /// values. An edit may change both freely; the edit engine then sorts the keys, and a key that
-/// lands on another one replaces it.
-struct KeySeries
-{
-    std::vector<VxTime> times;
-    std::vector<double> values;
-
-    int count() const { return int(times.size()); }
-};
+/// lands on another one replaces it. Types and shapes are not filled in.
+using KeySeries = VxKeyArrays<double>;
 
 /// The whole tick nearest to a time, within the range of times.
 VxTime wholeTick(double time);

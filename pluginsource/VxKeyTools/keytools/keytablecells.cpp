@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxscene.h>

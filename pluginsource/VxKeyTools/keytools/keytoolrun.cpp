@@ -5,9 +5,7 @@
 #include "keytools/valuelimiter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
-#include <limits>
 #include <numeric>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
@@ -54,11 +52,7 @@ void sortByTime(VxFittedKeys *keys)
     for (std::size_t i = 0; i < order.size(); ++i) {
         if (i + 1 < order.size() && keys->times[order[i]] == keys->times[order[i + 1]])
             continue;
-        sorted.times.push_back(keys->times[order[i]]);
-        sorted.values.push_back(keys->values[order[i]]);
-        sorted.types.push_back(keys->types[order[i]]);
-        if (!keys->tcb.empty())
-            sorted.tcb.push_back(keys->tcb[order[i]]);
+        sorted.append(keys->columns(), int(order[i]));
     }
     *keys = std::move(sorted);
 }

@@ -11,7 +11,6 @@
 #include <vxcore/vxundostackhold.h>
 
 class VxFloatProperty;
-class VxNode;
 
 /// The result of a tool, for the status line and for scripts.
 struct KeyToolResult

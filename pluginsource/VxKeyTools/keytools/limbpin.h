@@ -7,7 +7,6 @@
 #include <vxcore/vxlimbsolver.h>
 #include <vxcore/vxtimerange.h>
 
-class VxFloatProperty;
 class VxNode;
 
 /// Pins a joint to a world position over a time span by rotating its two-bone limb: the joint's

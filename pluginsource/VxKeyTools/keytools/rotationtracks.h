@@ -5,8 +5,6 @@
 #include <array>
 #include <vxcore/vxeuler.h>
 
-class VxFloatProperty;
-
 /// The three angles of a node's rotation among the targets of a tool, with keys at the same times.
 struct RotationTracks
 {

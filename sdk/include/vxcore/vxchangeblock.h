@@ -3,9 +3,6 @@
 
 #include <vxcore/vxcoreglobal.h>
 
-class VxProperty;
-class VxTimeRange;
-
 /// Holds back change reports while it lives: each property that changed reports once, with the
 /// union of the changed times, when the outermost block ends, in the order of their first changes.
 ///

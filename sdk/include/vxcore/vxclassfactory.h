@@ -59,4 +59,18 @@ private:
     std::unique_ptr<Private> d;
 };
 
+/// The factory of one class with a default constructor, which scripts do not construct.
+template <class Class> class VxClassFactoryOf : public VxClassFactory
+{
+public:
+    /// guid: 8-4-4-4-12 hexadecimal digits, never to be changed: hosts store it.
+    explicit VxClassFactoryOf(const char *guid)
+        : VxClassFactory(&Class::staticMetaObject, VxGuid::fromString(QString::fromLatin1(guid)))
+    {
+    }
+
+    using VxClassFactory::createInstance;
+    QObject *createInstance() const override { return new Class; }
+};
+
 #endif

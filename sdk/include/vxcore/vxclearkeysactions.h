@@ -3,8 +3,6 @@
 
 #include <vxcore/vxaction.h>
 
-class VxProperty;
-
 /// Base of the six commands that remove whole animations: which nodes (the selected ones, or the
 /// figures they belong to) times which of their properties (all, transforms, the others). Each run
 /// is one undo entry with the action's text; a run that removes no key makes none.

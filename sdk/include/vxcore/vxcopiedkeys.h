@@ -2,19 +2,15 @@
 #define VXCORE_VXCOPIEDKEYS_H
 
 #include <QtCore/QString>
-#include <vector>
-#include <vxcore/vxkey.h>
+#include <vxcore/vxkeyarrays.h>
 
 /// The keys copied from one property: plain data without references, which outlives it.
-struct VxCopiedKeys
+/// Strictly ascending times, at least one, and a type for each key.
+struct VxCopiedKeys : VxKeyArrays<double>
 {
     QString path;     ///< of the row: names of nodes, property groups and property, with slashes
     QString node;     ///< name of the node; empty for a property of none
     QString property; ///< name
-    std::vector<VxTime> times;  ///< ticks, strictly ascending, never empty
-    std::vector<double> values; ///< a value a key
-    std::vector<quint8> types;  ///< a VxKeyInterp::Type a key
-    std::vector<VxTcb> tcb;     ///< empty when all are zero
 };
 
 #endif

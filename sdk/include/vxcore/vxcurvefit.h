@@ -5,7 +5,7 @@
 #include <vector>
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxeuler.h>
-#include <vxcore/vxkey.h>
+#include <vxcore/vxkeyarrays.h>
 
 /// A key of a piecewise cubic curve with its tangents, the form in which most motion files store
 /// curves.
@@ -25,18 +25,11 @@ struct VxCurvePoint
     quint8 type = VxKeyInterp::Tcb; ///< type of the segment on the right
 };
 
-/// The keys of a fit, as arrays of equal length.
-struct VXCORE_EXPORT VxFittedKeys
+/// The keys of a fit: strictly ascending times, and a type for each key.
+struct VxFittedKeys : VxKeyArrays<float>
 {
-    std::vector<VxTime> times; ///< ticks, strictly ascending
-    std::vector<float> values;
-    std::vector<quint8> types; ///< a VxKeyInterp::Type a key
-    std::vector<VxTcb> tcb;    ///< empty where all are zero
     /// The largest distance from the input, measured on these keys.
     double error = 0;
-
-    /// The arrays for VxFloatProperty::setKeys(); valid as long as nothing here changes.
-    VxKeyColumns<float> columns() const;
 };
 
 /// Keys whose curve differs from a piecewise cubic one by at most `error` at any whole tick

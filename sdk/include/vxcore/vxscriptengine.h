@@ -7,7 +7,6 @@
 #include <vxcore/vxcoreglobal.h>
 
 class QScriptEngine;
-class QScriptValue;
 
 /// An error in a script: position and message.
 struct VXCORE_EXPORT VxScriptError

@@ -4,7 +4,6 @@
 #include <QtCore/QObject>
 
 class QKeySequence;
-class QShortcutEvent;
 class QWidget;
 
 /// The keys that are left to the focused widget although they are shortcuts.

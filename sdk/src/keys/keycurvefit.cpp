@@ -92,12 +92,6 @@ void PointTarget::places(VxTime from, VxTime to, std::vector<VxTime> *times) con
 
 } // namespace
 
-VxKeyColumns<float> VxFittedKeys::columns() const
-{
-    return {times.data(), values.data(), types.data(), tcb.empty() ? nullptr : tcb.data(),
-            int(times.size())};
-}
-
 VxFittedKeys vxFitCurve(const std::vector<VxCurvePoint> &points, double error)
 {
     std::vector<TcbChain::Knot> knots;

@@ -1,7 +1,6 @@
 #include "keys/keysmoothfit.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 

@@ -1,7 +1,5 @@
 #include "keys/keysmoothfit.h"
 
-#include <cmath>
-
 namespace {
 
 // Weight of the samples' own slopes beside the least squares: decides where two keys have few

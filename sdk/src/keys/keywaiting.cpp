@@ -6,7 +6,6 @@
 #include "keys/keytrack.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace {
 

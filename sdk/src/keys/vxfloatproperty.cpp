@@ -6,7 +6,6 @@
 
 #include <QtCore/QPointer>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <utility>
 #include <vxcore/vxchangeblock.h>

@@ -5,7 +5,6 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
 
-class QAction;
 class QMenu;
 class QMenuBar;
 class VxAction;

@@ -1,7 +1,6 @@
 #include "scene/sceneplayback.h"
 
 #include "scene/vxscene_p.h"
-#include <algorithm>
 
 ScenePlayback::ScenePlayback(VxScene *scene)
     : m_scene(scene)

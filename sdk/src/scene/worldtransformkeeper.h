@@ -3,7 +3,6 @@
 
 #include "scene/nodeplacement.h"
 #include "scene/nodesamples.h"
-#include <optional>
 #include <vector>
 
 /// Preserves the world transform of a node that moves from one parent to another: at one time, and

@@ -12,7 +12,6 @@
 
 class VxJournalReader;
 class VxJournalWriter;
-class VxSceneTimeDisplay;
 
 /// Plain values in records of the journal. journalPut() is false for a value that cannot be
 /// written; journalGet() leaves it to the reader to know about failures.

@@ -355,7 +355,7 @@ void tst_KeyTools::randomToolsUndoAndRedo()
     leg.knee->getYRotControl()->setOverridingControl(stage.node->getYRotControl());
     for (const char *property : {"XTranslate", "YRotate", "alias", "none"}) {
         stage.keeper.copied.push_back(
-            {{}, "node", QLatin1String(property), {0, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}});
+            {{{0, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}}, {}, "node", QLatin1String(property)});
     }
     // Arms of different rest axes, to be mirrored.
     const std::array<VxNode *, 2> arms = {new VxBone("LeftArm"), new VxBone("RightArm")};
@@ -366,7 +366,7 @@ void tst_KeyTools::randomToolsUndoAndRedo()
     }
     for (const char *property : {"ZTranslate", "YRotate"}) {
         stage.keeper.copied.push_back(
-            {{}, "LeftArm", QLatin1String(property), {90, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}});
+            {{{90, 160, 800}, {1, -2, 3}, {0, 2, 1}, {}}, {}, "LeftArm", QLatin1String(property)});
     }
     KeyStates states;
     const QStringList texts = {"0",  "3",   "-2",  "150%", "-50%", "+4",

@@ -6,7 +6,6 @@
 #include "vxtimeline/rows/dopesheetrowname.h"
 
 class QModelIndex;
-class VxDopeSheetModel;
 class VxDopeSheetView;
 
 // The open and selected rows of a view and its top row, saved while the text filter leaves rows out

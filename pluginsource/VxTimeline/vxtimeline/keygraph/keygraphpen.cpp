@@ -1,6 +1,5 @@
 #include "vxtimeline/keygraph/keygraphpen.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "vxtimeline/keygraph/keygraphcanvas.h"

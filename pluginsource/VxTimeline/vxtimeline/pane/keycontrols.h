@@ -3,7 +3,6 @@
 
 #include <QtCore/QVector>
 
-class QString;
 class QWidget;
 class TimePaneStrip;
 class VxBarButton;

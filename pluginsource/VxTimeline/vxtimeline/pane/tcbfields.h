@@ -6,7 +6,6 @@
 #include <optional>
 
 class QDoubleSpinBox;
-class QHBoxLayout;
 class QString;
 class QWidget;
 class TimePaneStrip;

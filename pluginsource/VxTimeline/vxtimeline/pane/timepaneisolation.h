@@ -4,7 +4,6 @@
 #include <QtCore/QObject>
 
 class TimePaneViews;
-class VxNode;
 class VxNodeIsolation;
 class VxPane;
 
