@@ -4,6 +4,14 @@
 // Floors: a plain loop over arrays of the same size, as many of them as there are channels.
 // "a_key" is the time that one selected key takes.
 
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
+#include "vxtimeline/time/timelinemetrics.h"
+
 #include <QApplication>
 #include <benchmark/benchmark.h>
 #include <testing/vxmousedriver.h>
@@ -16,14 +24,6 @@
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/keydrag.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/selectedkeys.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
-#include "vxtimeline/time/timelinemetrics.h"
 
 namespace {
 

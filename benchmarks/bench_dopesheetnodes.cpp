@@ -4,6 +4,10 @@
 //
 // Arguments: parts of names; only lines that have one of them are measured.
 
+#include "allkeytypes.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QApplication>
 #include <algorithm>
 #include <cstdio>
@@ -16,10 +20,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
-
-#include "allkeytypes.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

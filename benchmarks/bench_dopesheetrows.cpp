@@ -3,6 +3,13 @@
 // keys each, on 1,530 and on 15,300 channels; a chain hangs 170 bones one below the other, and
 // "apart" gives every channel key times of its own.
 
+#include "testing/vxscenebuilder.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
+
 #include <QApplication>
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -14,13 +21,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
-
-#include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/timelinepropertytypes.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

@@ -6,14 +6,13 @@
 // the most it may take. Arguments: parts of names; only lines that have one of them are measured.
 
 #include "largesheet.h"
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/keys/keycreation.h"
 
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/keydrag.h"
-#include "vxtimeline/keys/keycreation.h"
 
 namespace {
 

@@ -1,18 +1,6 @@
 // The dope sheet's view over large scenes: repaints beside the drawing of the same marks and lines
 // without anything around it, and the selection of keys beside the rows' own share of it.
 
-#include <QtGui/QPainter>
-#include <QtWidgets/QAction>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QScrollBar>
-#include <benchmark/benchmark.h>
-#include <memory>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
-
 #include "testing/vxscenebuilder.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
@@ -25,6 +13,18 @@
 #include "vxtimeline/rows/dopesheetwalk.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+#include <benchmark/benchmark.h>
+#include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 

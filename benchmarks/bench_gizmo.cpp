@@ -5,10 +5,21 @@
 //
 // Floor: the rotations alone, each converted to angles and written to an array of keys.
 
+#include "allkeytypes.h"
+#include "posetools/posetools.h"
+#include "posetools/transformtool.h"
+#include "viewport/viewportwidget.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QApplication>
 #include <QMouseEvent>
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <memory>
 #include <testing/vxscenebuilder.h>
+#include <vector>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxeuler.h>
@@ -18,18 +29,6 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxviewportmgr.h>
-
-#include "allkeytypes.h"
-#include "posetools/posetools.h"
-#include "posetools/transformtool.h"
-#include "viewport/viewportwidget.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/pane/vxtimepane.h"
-
-#include <algorithm>
-#include <memory>
-#include <vector>
 
 namespace {
 

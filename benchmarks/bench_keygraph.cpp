@@ -4,17 +4,6 @@
 // Floors: QPainter drawing the same lines, and the same distinct marks as one cached picture each;
 // a loop over plain arrays of times and values. "a_key" is the time a key takes.
 
-#include <QApplication>
-#include <QMouseEvent>
-#include <QPainter>
-#include <benchmark/benchmark.h>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxmainwindow.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxpanemgr.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphkeys.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
@@ -23,8 +12,18 @@
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <benchmark/benchmark.h>
 #include <memory>
 #include <random>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpanemgr.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 

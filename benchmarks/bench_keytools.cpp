@@ -5,6 +5,9 @@
 // loop over arrays of the same size in the same run, the ratio, and the highest accepted ratio.
 // Arguments: parts of names; only lines that contain one of them are measured.
 
+#include "keytools/keytool.h"
+#include "keytools/keytoolpreview.h"
+#include "keytools/vxkeytablepane.h"
 #include "largesheet.h"
 
 #include <QTableView>
@@ -12,10 +15,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxundostack.h>
-
-#include "keytools/keytool.h"
-#include "keytools/keytoolpreview.h"
-#include "keytools/vxkeytablepane.h"
 
 namespace {
 

@@ -3,23 +3,22 @@
 //
 // Floors: the pane without rows to paint; one plain search in an array for each channel.
 
-#include <QApplication>
-#include <benchmark/benchmark.h>
-#include <testing/vxscenebuilder.h>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-
 #include "allkeytypes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/keyskip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelineplayback.h"
 
+#include <QApplication>
 #include <algorithm>
+#include <benchmark/benchmark.h>
 #include <memory>
+#include <testing/vxscenebuilder.h>
 #include <vector>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 

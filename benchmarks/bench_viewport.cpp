@@ -4,6 +4,12 @@
 //
 // Floor: QPainter drawing the same edges, lines and dots straight, already projected.
 
+#include "posetools/posetools.h"
+#include "posetools/transformtool.h"
+#include "viewport/boneshape.h"
+#include "viewport/motiontrails.h"
+#include "viewport/viewportwidget.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <benchmark/benchmark.h>
@@ -13,12 +19,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxviewportmgr.h>
-
-#include "posetools/posetools.h"
-#include "posetools/transformtool.h"
-#include "viewport/boneshape.h"
-#include "viewport/motiontrails.h"
-#include "viewport/viewportwidget.h"
 
 namespace {
 

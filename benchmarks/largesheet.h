@@ -1,8 +1,15 @@
-#ifndef BENCHMARKS_LARGESHEET_H
-#define BENCHMARKS_LARGESHEET_H
+#ifndef LARGESHEET_H
+#define LARGESHEET_H
 
 // What the benchmarks of 4.6 million keys share: the table of results, floors, and the dope sheet
 // of 1,530 channels with 3,000 keys each.
+
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
+#include "vxtimeline/time/timelinemetrics.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -16,13 +23,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/selectedkeys.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
-#include "vxtimeline/time/timelinemetrics.h"
 
 constexpr int Channels = 1530;
 constexpr int KeysAChannel = 3000;
@@ -42,7 +42,7 @@ inline double processorMilliseconds()
     return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
 }
 
-// The time of the best of several runs; prepare is not counted.
+/// The time of the best of several runs; prepare is not counted.
 inline double best(const Action &prepare, const Action &action)
 {
     double least = 1e9;
@@ -61,7 +61,7 @@ inline void check(bool ok, const char *what)
         qFatal("%s", what);
 }
 
-// The lines, as they are measured.
+/// The lines, as they are measured.
 class Table
 {
 public:
@@ -78,7 +78,7 @@ public:
                    return QLatin1String(name).contains(part);
                });
     }
-    // most: 0 for a line that is reported only.
+    /// most: 0 for a line that is reported only.
     void add(const char *name, double milliseconds, double loop, double most)
     {
         std::printf("%-34s %9.3f %9.4f %8.1f", name, milliseconds, loop, milliseconds / loop);
@@ -98,7 +98,7 @@ private:
     QStringList m_wanted;
 };
 
-// What plain loops take that go over as many arrays of the same size.
+/// What plain loops take that go over as many arrays of the same size.
 struct Loops
 {
     double flags;  // every flag written
@@ -157,7 +157,7 @@ inline Loops measureLoops()
     return loops;
 }
 
-// The view with its rows, all closed.
+/// The view with its rows, all closed.
 class Sheet
 {
 public:
@@ -221,14 +221,14 @@ public:
             count += keys.indexes.size();
         return count;
     }
-    // The repaint.
+    /// The repaint.
     void settle()
     {
         view.viewport()->repaint();
         QCoreApplication::processEvents();
     }
     int topRowY() const { return view.visualRect(filter.index(0, 0)).center().y(); }
-    // Opens the rows above the first channel.
+    /// Opens the rows above the first channel.
     int channelRowY()
     {
         const QModelIndex row = filter.mapFromSource(model.indexOf(firstChannel));

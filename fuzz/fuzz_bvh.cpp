@@ -1,11 +1,10 @@
 // Random bytes through the BVH reader. Whatever is accepted must keep the document's rules and
 // survive being written and read again; whatever is refused must say why and in which line.
 
-#include "require.h"
-
 #include "io/vxbvhreader.h"
 #include "io/vxbvhtiming.h"
 #include "io/vxbvhwriter.h"
+#include "require.h"
 
 #include <cstdint>
 

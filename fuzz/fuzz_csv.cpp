@@ -1,9 +1,8 @@
 // Random bytes through the CSV reader. What is accepted must keep the rules of imported motion;
 // what is refused must say why, with line and column.
 
-#include "require.h"
-
 #include "io/csv/vxcsvreader.h"
+#include "require.h"
 
 #include <cstdint>
 

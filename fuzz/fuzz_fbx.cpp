@@ -1,9 +1,8 @@
 // Random bytes through the FBX reader. Whatever is accepted must keep the motion's rules; whatever
 // is refused must say why and where.
 
-#include "require.h"
-
 #include "io/fbx/vxfbxreader.h"
+#include "require.h"
 
 #include <cstdint>
 

@@ -1,9 +1,8 @@
 // Random bytes through the glTF reader. What is accepted must keep the rules of imported motion;
 // what is refused must say why.
 
-#include "require.h"
-
 #include "io/gltf/vxgltfreader.h"
+#include "require.h"
 
 #include <cstdint>
 

@@ -1,5 +1,5 @@
-#ifndef FUZZ_REQUIRE_H
-#define FUZZ_REQUIRE_H
+#ifndef REQUIRE_H
+#define REQUIRE_H
 
 #include <cstdlib>
 

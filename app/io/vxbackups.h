@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBACKUPS_H
-#define VXIO_VXBACKUPS_H
+#ifndef VXBACKUPS_H
+#define VXBACKUPS_H
 
 #include <QString>
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHDOCUMENT_H
-#define VXIO_VXBVHDOCUMENT_H
+#ifndef VXBVHDOCUMENT_H
+#define VXBVHDOCUMENT_H
 
 #include <QString>
 #include <QVector3D>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHEXPORT_H
-#define VXIO_VXBVHEXPORT_H
+#ifndef VXBVHEXPORT_H
+#define VXBVHEXPORT_H
 
 #include "io/motion/vxmotionwriter.h"
 

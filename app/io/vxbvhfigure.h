@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHFIGURE_H
-#define VXIO_VXBVHFIGURE_H
+#ifndef VXBVHFIGURE_H
+#define VXBVHFIGURE_H
 
 #include "io/vxbvhdocument.h"
 #include "io/vxbvhtiming.h"

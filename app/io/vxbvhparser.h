@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHPARSER_H
-#define VXIO_VXBVHPARSER_H
+#ifndef VXBVHPARSER_H
+#define VXBVHPARSER_H
 
 #include "io/vxbvhdocument.h"
 #include "io/vxbvhtokenizer.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHREADER_H
-#define VXIO_VXBVHREADER_H
+#ifndef VXBVHREADER_H
+#define VXBVHREADER_H
 
 #include "io/vxbvhdocument.h"
 #include "io/vxfileerror.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHSAMPLER_H
-#define VXIO_VXBVHSAMPLER_H
+#ifndef VXBVHSAMPLER_H
+#define VXBVHSAMPLER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/vxbvhdocument.h"
@@ -64,7 +64,7 @@ private:
     Frame frameOf(int joint, const std::vector<QMatrix4x4> &worlds) const;
     void copy(const Joint &joint, float *values) const;
     bool workOut(std::vector<float> *values, const VxFileProgress &progress) const;
-    // Of each joint, and behind the last one.
+    /// Of each joint, and behind the last one.
     std::vector<std::size_t> firstChannels() const;
 
     const QVector<VxTime> m_times;

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHTIMING_H
-#define VXIO_VXBVHTIMING_H
+#ifndef VXBVHTIMING_H
+#define VXBVHTIMING_H
 
 #include <QString>
 #include <QVector>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHTOKENIZER_H
-#define VXIO_VXBVHTOKENIZER_H
+#ifndef VXBVHTOKENIZER_H
+#define VXBVHTOKENIZER_H
 
 #include <QByteArray>
 #include <QString>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXBVHWRITER_H
-#define VXIO_VXBVHWRITER_H
+#ifndef VXBVHWRITER_H
+#define VXBVHWRITER_H
 
 #include "io/vxbvhdocument.h"
 #include "io/vxfileerror.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCBORINPUT_H
-#define VXIO_VXCBORINPUT_H
+#ifndef VXCBORINPUT_H
+#define VXCBORINPUT_H
 
 #include "io/vxfileerror.h"
 

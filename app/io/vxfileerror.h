@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFILEERROR_H
-#define VXIO_VXFILEERROR_H
+#ifndef VXFILEERROR_H
+#define VXFILEERROR_H
 
 #include <QString>
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFILEFORMATS_H
-#define VXIO_VXFILEFORMATS_H
+#ifndef VXFILEFORMATS_H
+#define VXFILEFORMATS_H
 
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"

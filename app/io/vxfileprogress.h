@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFILEPROGRESS_H
-#define VXIO_VXFILEPROGRESS_H
+#ifndef VXFILEPROGRESS_H
+#define VXFILEPROGRESS_H
 
 #include <QtGlobal>
 #include <functional>

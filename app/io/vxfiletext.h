@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFILETEXT_H
-#define VXIO_VXFILETEXT_H
+#ifndef VXFILETEXT_H
+#define VXFILETEXT_H
 
 #include <QCoreApplication>
 #include <QLoggingCategory>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXJOURNALFILE_H
-#define VXIO_VXJOURNALFILE_H
+#ifndef VXJOURNALFILE_H
+#define VXJOURNALFILE_H
 
 #include <QByteArray>
 #include <QVector>

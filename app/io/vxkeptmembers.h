@@ -1,5 +1,5 @@
-#ifndef VXIO_VXKEPTMEMBERS_H
-#define VXIO_VXKEPTMEMBERS_H
+#ifndef VXKEPTMEMBERS_H
+#define VXKEPTMEMBERS_H
 
 #include <QByteArray>
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXREADFILE_H
-#define VXIO_VXREADFILE_H
+#ifndef VXREADFILE_H
+#define VXREADFILE_H
 
 #include "io/vxfileerror.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENECAMERA_H
-#define VXIO_VXSCENECAMERA_H
+#ifndef VXSCENECAMERA_H
+#define VXSCENECAMERA_H
 
 #include <QObject>
 #include <QVector3D>

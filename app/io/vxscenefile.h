@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENEFILE_H
-#define VXIO_VXSCENEFILE_H
+#ifndef VXSCENEFILE_H
+#define VXSCENEFILE_H
 
 #include <QtGlobal>
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENEFORMAT_H
-#define VXIO_VXSCENEFORMAT_H
+#ifndef VXSCENEFORMAT_H
+#define VXSCENEFORMAT_H
 
 #include "io/vxfileformats.h"
 

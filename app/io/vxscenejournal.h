@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENEJOURNAL_H
-#define VXIO_VXSCENEJOURNAL_H
+#ifndef VXSCENEJOURNAL_H
+#define VXSCENEJOURNAL_H
 
 #include <vxcore/vxjournalreader.h>
 #include <vxcore/vxjournalwriter.h>

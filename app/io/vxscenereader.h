@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENEREADER_H
-#define VXIO_VXSCENEREADER_H
+#ifndef VXSCENEREADER_H
+#define VXSCENEREADER_H
 
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"

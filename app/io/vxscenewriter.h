@@ -1,5 +1,5 @@
-#ifndef VXIO_VXSCENEWRITER_H
-#define VXIO_VXSCENEWRITER_H
+#ifndef VXSCENEWRITER_H
+#define VXSCENEWRITER_H
 
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"

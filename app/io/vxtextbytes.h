@@ -1,5 +1,5 @@
-#ifndef VXIO_VXTEXTBYTES_H
-#define VXIO_VXTEXTBYTES_H
+#ifndef VXTEXTBYTES_H
+#define VXTEXTBYTES_H
 
 #include <QByteArray>
 #include <charconv>

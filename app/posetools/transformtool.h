@@ -110,7 +110,7 @@ private:
     const GizmoKind m_kind;
     GizmoPart m_hovered = GizmoPart::None;
 
-    // Of the drag, from press to release.
+    /// Of the drag, from press to release.
     bool m_isPressed = false;
     GizmoPart m_part = GizmoPart::None;
     std::unique_ptr<PoseGesture> m_gesture; // null once it has ended

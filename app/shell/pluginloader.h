@@ -1,10 +1,10 @@
 #ifndef PLUGINLOADER_H
 #define PLUGINLOADER_H
 
+#include "preferences/pluginmodule.h"
+
 #include <QString>
 #include <QStringList>
-
-#include "preferences/pluginmodule.h"
 
 class VxPluginMgr;
 class VxSettings;

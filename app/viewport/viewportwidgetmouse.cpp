@@ -1,9 +1,8 @@
 // Mouse and key events in the viewport, and their tools.
 
-#include "viewport/viewportwidget.h"
-
 #include "viewport/figurelines.h"
 #include "viewport/figurepick.h"
+#include "viewport/viewportwidget.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

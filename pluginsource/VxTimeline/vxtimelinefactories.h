@@ -18,7 +18,7 @@
 // The factories of the classes that the host and its scripts create by name: the pane and its
 // actions.
 
-// In addition lets scripts pass and get the pane's choices and sets of property types as numbers.
+/// In addition lets scripts pass and get the pane's choices and sets of property types as numbers.
 class VxTimePaneFactory : public VxScriptableFactoryOf<VxTimePane>
 {
 public:
@@ -27,8 +27,8 @@ public:
     void registerClass(QScriptEngine *engine) const override;
 };
 
-// The factory of an action. The help texts and the name of an action depend on its class, which the
-// constructors of its bases cannot read.
+/// The factory of an action. The help texts and the name of an action depend on its class, which
+/// the constructors of its bases cannot read.
 template <class Action> class ActionFactory : public VxScriptableFactoryOf<Action>
 {
 public:

@@ -1,9 +1,9 @@
 #include "vxtimelineplugin.h"
 
+#include "vxtimelinefactories.h"
+
 #include <vxcore/vxapp.h>
 #include <vxcore/vxplugin.h>
-
-#include "vxtimelinefactories.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 #define VXLOSTRELEASE_H
 
 #include <QtTest>
-
 #include <QtWidgets/QApplication>
 
 /** The number of ways that vxLoseRelease() has. */

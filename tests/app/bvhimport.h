@@ -1,5 +1,5 @@
-#ifndef TESTS_BVHIMPORT_H
-#define TESTS_BVHIMPORT_H
+#ifndef BVHIMPORT_H
+#define BVHIMPORT_H
 
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhwriter.h"

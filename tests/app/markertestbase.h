@@ -1,15 +1,14 @@
 #ifndef MARKERTESTBASE_H
 #define MARKERTESTBASE_H
 
-#include "studiotestbase.h"
-
 #include "markers/markerstrip.h"
 #include "markers/markertimescale.h"
+#include "studiotestbase.h"
 
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxtimeaxis.h>
 
-// The program with the sample and its strip of markers, aligned with the timeline.
+/// The program with the sample and its strip of markers, aligned with the timeline.
 class MarkerStripTest : public StudioTest
 {
 protected:
@@ -47,7 +46,7 @@ protected:
     {
         return {widget->mapTo(window(), QPoint()), widget->size()};
     }
-    // All views along the time axis.
+    /// All views along the time axis.
     QWidget *views() const { return VxTimeAxis::of(timePane())->overlayParent(); }
 };
 

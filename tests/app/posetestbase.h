@@ -10,7 +10,7 @@
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostackhold.h>
 
-// One program for all functions of a unit; each begins with an empty scene and the shipped figure.
+/// One program for all functions of a unit; each begins with an empty scene and the shipped figure.
 class PoseTest : protected StudioTest
 {
 protected:
@@ -26,7 +26,7 @@ protected:
         tearDown();
     }
 
-    // With every control made, so that two files of one scene can be compared.
+    /// With every control made, so that two files of one scene can be compared.
     void newScene() const
     {
         activate(); // a dialog may have had the focus
@@ -65,7 +65,7 @@ protected:
                            : found->getZRotControl();
     }
 
-    // Keys as "frame=value", followed by the type unless it is linear.
+    /// Keys as "frame=value", followed by the type unless it is linear.
     static QString keysOf(const VxFloatProperty *property)
     {
         QStringList keys;
@@ -93,7 +93,7 @@ protected:
         }
     }
 
-    // Undo and redo of the only entry restore the same bytes.
+    /// Undo and redo of the only entry restore the same bytes.
     static void checkOneEntry(const QByteArray &before, const QString &text)
     {
         QCOMPARE(history()->count(), 1);

@@ -11,7 +11,7 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxundostackhold.h>
 
-// A program with copies of unsaved work, which may be that of another process.
+/// A program with copies of unsaved work, which may be that of another process.
 class RecoveryTest : public StudioTest
 {
 public:

@@ -9,7 +9,7 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 
-// The scene as its file: whatever differs in it was changed.
+/// The scene as its file: whatever differs in it was changed.
 inline QByteArray sceneBytes(const VxScene *scene = vxScene)
 {
     QBuffer buffer;
@@ -20,7 +20,7 @@ inline QByteArray sceneBytes(const VxScene *scene = vxScene)
     return buffer.data();
 }
 
-// Controls are made when they are first asked for, and a file lists those that exist.
+/// Controls are made when they are first asked for, and a file lists those that exist.
 inline void makeAllControls(const VxScene *scene = vxScene)
 {
     for (const VxNode *node : scene->getNodes()) {
@@ -29,14 +29,14 @@ inline void makeAllControls(const VxScene *scene = vxScene)
     }
 }
 
-// Panes make controls at any time, such as those of selected nodes.
+/// Panes make controls at any time, such as those of selected nodes.
 inline QByteArray wholeScene()
 {
     makeAllControls();
     return sceneBytes();
 }
 
-// What is wrong with the keys of a scene: empty when they ascend and all numbers are finite.
+/// What is wrong with the keys of a scene: empty when they ascend and all numbers are finite.
 inline QString keyFault(const VxScene *scene = vxScene)
 {
     for (const VxNode *node : scene->getNodes()) {

@@ -1,8 +1,6 @@
 #ifndef STUDIOTESTBASE_H
 #define STUDIOTESTBASE_H
 
-#include <QtTest>
-
 #include "document/documentcontroller.h"
 #include "shell/commandline.h"
 #include "shell/panedock.h"
@@ -17,6 +15,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QtTest>
 #include <memory>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
@@ -29,8 +28,8 @@
 
 constexpr VxTime Frame = 160; // ticks, of a new scene
 
-// The whole program, with the real module and settings of its own, made anew for each test
-// function. start() again is a second run that finds what the first has saved.
+/// The whole program, with the real module and settings of its own, made anew for each test
+/// function. start() again is a second run that finds what the first has saved.
 class StudioTest
 {
 protected:
@@ -47,9 +46,9 @@ protected:
         guard.reset();
     }
 
-    // For units that test what the program does, not how it starts: one program for all functions.
-    // Each begins with an empty document and an empty folder, and with the panes and the size of
-    // the first. endShared() belongs into cleanupTestCase().
+    /// For units that test what the program does, not how it starts: one program for all functions.
+    /// Each begins with an empty document and an empty folder, and with the panes and the size of
+    /// the first. endShared() belongs into cleanupTestCase().
     void setUpShared()
     {
         setUp();
@@ -90,7 +89,7 @@ protected:
         setUpShared();
     }
 
-    // A file in a folder that is there until the program has ended.
+    /// A file in a folder that is there until the program has ended.
     QString settingsFile(const char *name) const
     {
         return (m_settingsFolder ? m_settingsFolder : folder)->filePath(QLatin1String(name));
@@ -110,8 +109,8 @@ protected:
         activate();
     }
 
-    // Also after loading and saving: on a busy machine they are slow enough to show their progress
-    // dialog, which leaves no window active, since no window manager is running.
+    /// Also after loading and saving: on a busy machine they are slow enough to show their progress
+    /// dialog, which leaves no window active, since no window manager is running.
     void activate() const
     {
         window()->activateWindow();
@@ -119,7 +118,7 @@ protected:
             qFatal("the window does not become active");
     }
 
-    // The walking figure, clean and at frame 0.
+    /// The walking figure, clean and at frame 0.
     void openSample() const
     {
         if (!window()->document()->open(QStringLiteral(VX_SOURCE_DIR "/samples/walk.vxscene")))
@@ -149,7 +148,7 @@ protected:
         return found;
     }
 
-    // The entry of a menu of the menu bar; null when there is none.
+    /// The entry of a menu of the menu bar; null when there is none.
     QAction *entry(const QString &menu, const QString &text) const
     {
         for (const QAction *bar : window()->menuBar()->actions()) {

@@ -4,7 +4,7 @@
 // What the plug-in promises of its classes: the order in which it offers them, and for each action
 // its texts. Kept apart from the actions, so that a mistake in one is detected by the other.
 
-// The registered classes, in order: the pane, the action that opens it, the commands.
+/// The registered classes, in order: the pane, the action that opens it, the commands.
 const char *const registeredClasses[] = {
     "VxTimePane",
     "VxTimePaneAction",

@@ -1,6 +1,13 @@
 #ifndef ACTIONSTAGE_H
 #define ACTIONSTAGE_H
 
+#include "actions_table.h"
+#include "testing/vxscenebuilder.h"
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimelineplugin.h"
+
 #include <QtTest>
 #include <memory>
 #include <vxcore/vxaction.h>
@@ -13,13 +20,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
-#include "actions_table.h"
-#include "testing/vxscenebuilder.h"
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimelineplugin.h"
-
 inline std::unique_ptr<VxAction> createAction(const QString &className)
 {
     const auto factories = getPluginDefinition()->getClassFactories();
@@ -30,7 +30,7 @@ inline std::unique_ptr<VxAction> createAction(const QString &className)
     return nullptr;
 }
 
-// A main window with a time pane and every action of the plug-in, as an application has them.
+/// A main window with a time pane and every action of the plug-in, as an application has them.
 class Stage
 {
 public:
@@ -60,7 +60,7 @@ public:
 
     void trigger(const char *className) const { action(className)->trigger(); }
 
-    // The classes of a family whose actions are checked.
+    /// The classes of a family whose actions are checked.
     QStringList checked(const char *base) const
     {
         QStringList names;

@@ -2,17 +2,16 @@
 #define BALLPANETESTBASE_H
 
 #include "testing/keytimes.h"
+#include "testing/vxmousedriver.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-
-// A shown pane with a ball, whose keys and rows are clicked with the mouse. The ball has keys on
-// the frames 0, 10 and 20 of its X translation; the time is frame 10.
+/// A shown pane with a ball, whose keys and rows are clicked with the mouse. The ball has keys on
+/// the frames 0, 10 and 20 of its X translation; the time is frame 10.
 class BallPaneTest : protected TimePaneTest
 {
 protected:
@@ -60,7 +59,7 @@ protected:
         return QModelIndex();
     }
 
-    // Scrolls to the row first, as clickName() does.
+    /// Scrolls to the row first, as clickName() does.
     void clickKey(const VxProperty *property, VxTime time,
                   Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {

@@ -3,7 +3,7 @@
 
 #include "dopesheetrowstestbase.h"
 
-// A node "hip" and, after makeTree(), a tree of rows for its X and Y translation.
+/// A node "hip" and, after makeTree(), a tree of rows for its X and Y translation.
 class DopeSheetItemTest : protected DopeSheetRowsTest
 {
 protected:
@@ -21,7 +21,7 @@ protected:
         DopeSheetRowsTest::tearDown();
     }
 
-    // A tree: root, group, rows for m_x and m_y, each with its keys.
+    /// A tree: root, group, rows for m_x and m_y, each with its keys.
     void makeTree(std::initializer_list<VxTime> x, std::initializer_list<VxTime> y)
     {
         setKeys(m_x, x);

@@ -3,14 +3,12 @@
 
 #include "dopesheetrowstestbase.h"
 #include "firstcolumnonly.h"
-
-#include <QtTest/QAbstractItemModelTester>
-
-#include <QtWidgets/QTreeView>
-
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
-// The model alone and, through all that happens, behind the filter and under an open view.
+#include <QtTest/QAbstractItemModelTester>
+#include <QtWidgets/QTreeView>
+
+/// The model alone and, through all that happens, behind the filter and under an open view.
 class DopeSheetModelTest : public DopeSheetRowsTest
 {
 protected:
@@ -49,7 +47,7 @@ protected:
         return builder->addNode(QString::fromLatin1(name), parent);
     }
 
-    // The labels of the node rows below an item.
+    /// The labels of the node rows below an item.
     static QStringList nodesBelow(const VxDopeSheetItem *item)
     {
         QStringList labels;

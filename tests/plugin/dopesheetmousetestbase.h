@@ -2,15 +2,14 @@
 #define DOPESHEETMOUSETESTBASE_H
 
 #include "dopesheettestbase.h"
-
-#include <vxcore/vxundostack.h>
-
 #include "testing/keytimes.h"
 #include "testing/vxmousedriver.h"
 #include "vxtimeline/time/timelineplayback.h"
 
-// The mouse over the dope sheet, with real events: hip's X has keys on the frames 0, 10, 20 and 59
-// of 60, its Y on 10, ball's X on 10. All rows are open; a frame takes ten pixels.
+#include <vxcore/vxundostack.h>
+
+/// The mouse over the dope sheet, with real events: hip's X has keys on the frames 0, 10, 20 and 59
+/// of 60, its Y on 10, ball's X on 10. All rows are open; a frame takes ten pixels.
 class DopeSheetMouseTest : public DopeSheetTest
 {
 protected:
@@ -45,7 +44,7 @@ protected:
     {
         mouse().click(at(row, time), Qt::LeftButton, modifiers);
     }
-    // Selects by program, so that drags begin with a defined selection.
+    /// Selects by program, so that drags begin with a defined selection.
     void select(const QModelIndex &row, VxTime start, VxTime end)
     {
         view->setKeySelection(true, row, row, start, end);
@@ -58,7 +57,7 @@ protected:
         hand.moveTo(from + QPoint(dx, 0), modifiers);
         hand.release(from + QPoint(dx, 0), Qt::LeftButton, modifiers);
     }
-    // Moves by a pixel about a position until the dragged keys are shown there.
+    /// Moves by a pixel about a position until the dragged keys are shown there.
     void waitForPreview(VxMouseDriver &hand, const QPoint &position, const Times &expected)
     {
         int up = 0;

@@ -1,22 +1,20 @@
 #ifndef DOPESHEETROWSTESTBASE_H
 #define DOPESHEETROWSTESTBASE_H
 
-#include <QtTest>
-
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-
 #include "testing/vxscenebuilder.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
 
+#include <QtTest>
 #include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
 
-// An application with an empty scene, made anew for each test function.
+/// An application with an empty scene, made anew for each test function.
 class DopeSheetRowsTest
 {
 protected:
@@ -62,7 +60,7 @@ protected:
         return times;
     }
 
-    // The labels of all rows below, each level with two spaces more in front.
+    /// The labels of all rows below, each level with two spaces more in front.
     static QStringList labelsBelow(const VxDopeSheetItem *item, int depth = 0)
     {
         QStringList labels;
@@ -82,7 +80,7 @@ protected:
         return labels;
     }
 
-    // The row of a property, anywhere below; null when there is none.
+    /// The row of a property, anywhere below; null when there is none.
     static VxDopeSheetItem *rowOf(VxDopeSheetItem *item, const VxProperty *property)
     {
         if (item->property() == property)

@@ -1,15 +1,6 @@
 #ifndef DOPESHEETTESTBASE_H
 #define DOPESHEETTESTBASE_H
 
-#include <QtTest>
-
-#include <QtWidgets/QApplication>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
-
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
@@ -18,20 +9,27 @@
 #include "vxtimeline/rows/vxdopesheetmodel.h"
 #include "vxtimeline/time/timelinemetrics.h"
 
+#include <QtTest>
+#include <QtWidgets/QApplication>
 #include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
-// An application with a scene of four nodes and a dope sheet of their translations, made anew for
-// each test function:
-//   hip
-//     Properties > General/Transforms/Translation > X, Y, Z
-//     leg
-//       Properties > ...
-//     arm
-//       Properties > ...
-//   ball
-//     Properties > ...
-// The scale is the default one: ten pixels a frame of 160 ticks, time 0 two pixels from the
-// column's edge.
+/// An application with a scene of four nodes and a dope sheet of their translations, made anew for
+/// each test function:
+///   hip
+///     Properties > General/Transforms/Translation > X, Y, Z
+///     leg
+///       Properties > ...
+///     arm
+///       Properties > ...
+///   ball
+///     Properties > ...
+/// The scale is the default one: ten pixels a frame of 160 ticks, time 0 two pixels from the
+/// column's edge.
 class DopeSheetTest
 {
 protected:
@@ -96,13 +94,13 @@ protected:
     {
         return model->index(0, 0, model->index(0, 0, rowOf(node)));
     }
-    // axis: 0 for X.
+    /// axis: 0 for X.
     QModelIndex translationOf(VxNode *node, int axis) const
     {
         return model->index(axis, 0, groupOf(node));
     }
 
-    // The times of the selected keys of a row.
+    /// The times of the selected keys of a row.
     QVector<VxTime> selected(const QModelIndex &row) const
     {
         QVector<VxTime> times;

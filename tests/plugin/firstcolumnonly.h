@@ -3,8 +3,8 @@
 
 #include <QtCore/QIdentityProxyModel>
 
-// The model as it is, but for one thing: a row has its children below both of its columns, which
-// the tester reports as a mistake.
+/// The model as it is, but for one thing: a row has its children below both of its columns, which
+/// the tester reports as a mistake.
 class FirstColumnOnly : public QIdentityProxyModel
 {
 public:

@@ -1,23 +1,21 @@
 #ifndef KEYGRAPHTESTBASE_H
 #define KEYGRAPHTESTBASE_H
 
-#include <QtTest>
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 
+#include <QtTest>
 #include <QtWidgets/QApplication>
+#include <memory>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxundostack.h>
 
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
-
-#include <memory>
-
-// Keys are drawn on a line of frames: a letter is a key in the drawing's order, a dot an empty
-// frame. Capital letters are selected keys.
+/// Keys are drawn on a line of frames: a letter is a key in the drawing's order, a dot an empty
+/// frame. Capital letters are selected keys.
 namespace KeyDrawing {
 
 constexpr VxTime Step = 160;
@@ -58,7 +56,7 @@ inline QVector<int> selectedOf(const VxKeyGraphChannel &channel)
 
 } // namespace KeyDrawing
 
-// An application with one node in its scene, made anew for each test function.
+/// An application with one node in its scene, made anew for each test function.
 class KeyGraphTest
 {
 protected:
@@ -92,7 +90,7 @@ protected:
         return static_cast<VxFloatProperty *>(node->addProperty(property, QStringLiteral("/Test")));
     }
 
-    // Notes every message that the end sends.
+    /// Notes every message that the end sends.
     void listen(VxKeyCommunication *bus)
     {
         QObject::connect(bus, &VxKeyCommunication::sent,

@@ -2,6 +2,12 @@
 #define KEYGRAPHVIEWTESTBASE_H
 
 #include "keygraphtestbase.h"
+#include "testing/vxmousedriver.h"
+#include "testing/vxpaintwatch.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/pane/vxtimepane.h"
 
 #include <QtGui/QPaintEngine>
 #include <QtGui/QWheelEvent>
@@ -11,14 +17,7 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxstyle.h>
 
-#include "testing/vxmousedriver.h"
-#include "testing/vxpaintwatch.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/pane/vxtimepane.h"
-
-// Records what a widget draws with its style.
+/// Records what a widget draws with its style.
 class RecordingStyle : public QProxyStyle
 {
 public:
@@ -49,7 +48,7 @@ public:
     mutable QVector<QRect> bands;
 };
 
-// Notes the texts that are painted on it, and where.
+/// Notes the texts that are painted on it, and where.
 class TextRecorder : public QPaintDevice
 {
 public:
@@ -134,8 +133,8 @@ private:
     mutable Engine m_engine;
 };
 
-// A key graph view in a window, 800 by 300 pixels: a frame is ten pixels wide, time 0 is at 24,
-// ten pixels are a unit, and the bus has another end that listens.
+/// A key graph view in a window, 800 by 300 pixels: a frame is ten pixels wide, time 0 is at 24,
+/// ten pixels are a unit, and the bus has another end that listens.
 class KeyGraphViewTest : public KeyGraphTest
 {
 protected:
@@ -175,7 +174,7 @@ protected:
         vxScene->setAnimRange(VxTimeRange(0, 752 * 16));
     }
 
-    // Shows properties, with the values from 0 to 26 over the view's height.
+    /// Shows properties, with the values from 0 to 26 over the view's height.
     void showProperties(const QVector<VxProperty *> &properties)
     {
         VxFloatProperty *frame = addProperty(QStringLiteral("Frame"));

@@ -1,6 +1,10 @@
 #ifndef KEYTOOLSTAGE_H
 #define KEYTOOLSTAGE_H
 
+#include "keytools/keytool.h"
+#include "keytools/keytoolscript.h"
+#include "testing/vxwarningguard.h"
+
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
@@ -12,10 +16,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxundostack.h>
-
-#include "keytools/keytool.h"
-#include "keytools/keytoolscript.h"
-#include "testing/vxwarningguard.h"
 
 /// Selected keys without a pane: by key holder, as indexes of the present keys.
 class SelectionKeeper : public VxKeySelectionSource

@@ -1,24 +1,22 @@
 #ifndef TIMEPANETESTBASE_H
 #define TIMEPANETESTBASE_H
 
-#include <QtTest>
-#include <QtWidgets/QBoxLayout>
-
-#include <QtWidgets/QAction>
-#include <QtWidgets/QApplication>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxundostack.h>
-
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/pane/timepanechoice.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelinemetrics.h"
 #include "vxtimeline/time/timelineplayback.h"
 
+#include <QtTest>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QBoxLayout>
 #include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostack.h>
 
-// A check mark for one value of one of the pane's choices.
+/// A check mark for one value of one of the pane's choices.
 class ChoiceAction : public QAction, public TimePaneChoice
 {
 public:
@@ -37,7 +35,7 @@ private:
     int m_value;
 };
 
-// An application with an empty scene and a pane, made anew for each test function.
+/// An application with an empty scene and a pane, made anew for each test function.
 class TimePaneTest
 {
 protected:
@@ -61,7 +59,7 @@ protected:
         guard.reset();
     }
 
-    // Registers an action for each value from first to last, or for each bit of them.
+    /// Registers an action for each value from first to last, or for each bit of them.
     void addChoices(TimePaneChoice::Family family, std::initializer_list<int> values)
     {
         for (const int value : values) {
@@ -70,7 +68,7 @@ protected:
         }
     }
 
-    // The values of a family's actions that are checked.
+    /// The values of a family's actions that are checked.
     QVector<int> checked(TimePaneChoice::Family family) const
     {
         QVector<int> values;
@@ -93,8 +91,8 @@ protected:
         return pane->findChild<Widget *>(QLatin1String(name));
     }
 
-    // What a layout holds, item by item: "name/stretch", with "*" for a stretch and "_n" for a
-    // space.
+    /// What a layout holds, item by item: "name/stretch", with "*" for a stretch and "_n" for a
+    /// space.
     static QStringList layoutItems(const QWidget *widget)
     {
         const auto *box = qobject_cast<const QBoxLayout *>(widget->layout());

@@ -1,21 +1,19 @@
 #ifndef TIMERANGESLIDERSTAGE_H
 #define TIMERANGESLIDERSTAGE_H
 
-#include <QtTest>
+#include "testing/vxmousedriver.h"
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
 
+#include <QtTest>
 #include <QtWidgets/QProxyStyle>
+#include <memory>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyleoption.h>
 
-#include "testing/vxmousedriver.h"
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
-
-#include <memory>
-
-// Notes the handles that are drawn, and lets the application's style draw them.
+/// Notes the handles that are drawn, and lets the application's style draw them.
 class HandleNotes : public QProxyStyle
 {
 public:
@@ -49,9 +47,9 @@ private:
     QStyle *m_style;
 };
 
-// A bar 600 pixels wide and 20 high at (50, 40) of its window, for an animation from 0 to 4800 at
-// 30 frames a second: 8 ticks a pixel, 20 pixels a frame. The play range is 1600 to 3200, which
-// are the pixels 200 to 399, unless said otherwise.
+/// A bar 600 pixels wide and 20 high at (50, 40) of its window, for an animation from 0 to 4800 at
+/// 30 frames a second: 8 ticks a pixel, 20 pixels a frame. The play range is 1600 to 3200, which
+/// are the pixels 200 to 399, unless said otherwise.
 class TimeRangeSliderStage
 {
 protected:

@@ -2,10 +2,9 @@
 #define TRANSFORMROWSTESTBASE_H
 
 #include "timepanetestbase.h"
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
-// A shown pane that lists the transforms of all nodes.
+/// A shown pane that lists the transforms of all nodes.
 class TransformRowsTest : public TimePaneTest
 {
 protected:

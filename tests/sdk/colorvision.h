@@ -2,7 +2,6 @@
 #define COLORVISION_H
 
 #include <QColor>
-
 #include <array>
 #include <cmath>
 

@@ -6,7 +6,7 @@
 
 #include <QtTest>
 
-// Tracks and shapes that several tests use.
+/// Tracks and shapes that several tests use.
 using Indexes = QVector<int>;
 using Times = QVector<VxTime>;
 

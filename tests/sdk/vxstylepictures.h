@@ -1,7 +1,7 @@
 #ifndef VXSTYLEPICTURES_H
 #define VXSTYLEPICTURES_H
 
-#include <QtTest>
+#include "testing/vxwarningguard.h"
 
 #include <QApplication>
 #include <QMetaEnum>
@@ -9,16 +9,13 @@
 #include <QStyleOption>
 #include <QToolButton>
 #include <QTreeView>
-
+#include <QtTest>
 #include <cmath>
 #include <memory>
 #include <set>
-
 #include <vxcore/vxstyle.h>
 
-#include "testing/vxwarningguard.h"
-
-// How the tests of the style see what it paints.
+/// How the tests of the style see what it paints.
 using Scheme = VxStyle::ColorScheme;
 
 struct NamedState
@@ -47,7 +44,7 @@ inline QList<VxStyle::StandardIconId> allIcons()
     return ids;
 }
 
-// One primitive on the palette's base colour, in a picture a little larger than the rectangle.
+/// One primitive on the palette's base colour, in a picture a little larger than the rectangle.
 inline QImage drawn(const VxStyle &style, quint32 id, const QRect &rect, QStyle::State state,
                     int value = 0, qreal ratio = 1)
 {
@@ -84,7 +81,7 @@ inline int differingPixels(const QImage &first, const QImage &second)
     return count;
 }
 
-// Only the shape: which pixels differ from the ground clearly.
+/// Only the shape: which pixels differ from the ground clearly.
 inline QImage silhouette(const QImage &image)
 {
     QImage result(image.size(), QImage::Format_Mono);
@@ -143,7 +140,7 @@ inline qreal contrast(const QColor &first, const QColor &second)
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-// What the key graph makes of an axis colour for its n-th channel.
+/// What the key graph makes of an axis colour for its n-th channel.
 inline QColor channelColor(const QColor &base, int n)
 {
     const int factor = 185 - (3 * n) % 15;

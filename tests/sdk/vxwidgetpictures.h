@@ -5,13 +5,12 @@
 #include <QImage>
 #include <QPainter>
 #include <QWidget>
-
 #include <vxcore/vxstyle.h>
 
 // What the picture tests of the widget kit share: the look and ways to see what was painted.
 
-// Gives the application the host's style in one of its colour schemes and a font that is the same
-// on every platform.
+/// Gives the application the host's style in one of its colour schemes and a font that is the same
+/// on every platform.
 inline void useHostStyle(VxStyle::ColorScheme scheme)
 {
     auto *style = new VxStyle(scheme);
@@ -36,8 +35,8 @@ inline QImage pictureOf(QWidget &widget, qreal scale = 1)
     return image;
 }
 
-// The smallest rectangle that holds every pixel in which the two differ, in image pixels; null
-// when they are equal.
+/// The smallest rectangle that holds every pixel in which the two differ, in image pixels; null
+/// when they are equal.
 inline QRect differenceOf(const QImage &a, const QImage &b)
 {
     if (a.size() != b.size())

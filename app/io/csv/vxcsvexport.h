@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCSVEXPORT_H
-#define VXIO_VXCSVEXPORT_H
+#ifndef VXCSVEXPORT_H
+#define VXCSVEXPORT_H
 
 #include "io/motion/vxmotionwriter.h"
 

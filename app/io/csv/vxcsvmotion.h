@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCSVMOTION_H
-#define VXIO_VXCSVMOTION_H
+#ifndef VXCSVMOTION_H
+#define VXCSVMOTION_H
 
 #include "io/csv/vxcsvnames.h"
 #include "io/csv/vxcsvrows.h"

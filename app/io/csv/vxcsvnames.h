@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCSVNAMES_H
-#define VXIO_VXCSVNAMES_H
+#ifndef VXCSVNAMES_H
+#define VXCSVNAMES_H
 
 #include "io/motion/vximportedmotion.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCSVREADER_H
-#define VXIO_VXCSVREADER_H
+#ifndef VXCSVREADER_H
+#define VXCSVREADER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXCSVROWS_H
-#define VXIO_VXCSVROWS_H
+#ifndef VXCSVROWS_H
+#define VXCSVROWS_H
 
 #include "io/vxfileerror.h"
 

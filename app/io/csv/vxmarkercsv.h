@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMARKERCSV_H
-#define VXIO_VXMARKERCSV_H
+#ifndef VXMARKERCSV_H
+#define VXMARKERCSV_H
 
 #include "io/vxfileerror.h"
 

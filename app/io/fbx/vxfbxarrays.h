@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXARRAYS_H
-#define VXIO_VXFBXARRAYS_H
+#ifndef VXFBXARRAYS_H
+#define VXFBXARRAYS_H
 
 #include "io/fbx/vxfbxrecords.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXAXES_H
-#define VXIO_VXFBXAXES_H
+#ifndef VXFBXAXES_H
+#define VXFBXAXES_H
 
 #include "io/fbx/vxfbxsettings.h"
 #include "io/motion/vximportedmotion.h"

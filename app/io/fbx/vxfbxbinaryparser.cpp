@@ -1,6 +1,5 @@
-#include "io/fbx/vxfbxparsers.h"
-
 #include "io/fbx/vxfbxarrays.h"
+#include "io/fbx/vxfbxparsers.h"
 #include "io/vxfiletext.h"
 
 #include <QtEndian>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXBLEND_H
-#define VXIO_VXFBXBLEND_H
+#ifndef VXFBXBLEND_H
+#define VXFBXBLEND_H
 
 #include "io/fbx/vxfbxcurvemath.h"
 #include "io/fbx/vxfbxcurves.h"
@@ -52,7 +52,7 @@ public:
     const VxFileError &error() const { return m_curves.error(); }
 
 private:
-    // The contribution of one layer to the target.
+    /// The contribution of one layer to the target.
     struct Part
     {
         const VxFbxLayer *layer;

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXCURVEMATH_H
-#define VXIO_VXFBXCURVEMATH_H
+#ifndef VXFBXCURVEMATH_H
+#define VXFBXCURVEMATH_H
 
 #include "io/motion/vximportedmotion.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXCURVES_H
-#define VXIO_VXFBXCURVES_H
+#ifndef VXFBXCURVES_H
+#define VXFBXCURVES_H
 
 #include "io/fbx/vxfbxarrays.h"
 #include "io/fbx/vxfbxtangents.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXFIGURE_H
-#define VXIO_VXFBXFIGURE_H
+#ifndef VXFBXFIGURE_H
+#define VXFBXFIGURE_H
 
 #include "io/fbx/vxfbxblend.h"
 #include "io/fbx/vxfbxrotation.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXMODELS_H
-#define VXIO_VXFBXMODELS_H
+#ifndef VXFBXMODELS_H
+#define VXFBXMODELS_H
 
 #include "io/fbx/vxfbxobjects.h"
 #include "io/motion/vximportedmotion.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXOBJECTS_H
-#define VXIO_VXFBXOBJECTS_H
+#ifndef VXFBXOBJECTS_H
+#define VXFBXOBJECTS_H
 
 #include "io/fbx/vxfbxrecords.h"
 
@@ -77,7 +77,7 @@ private:
         int target;
         std::string_view property;
     };
-    // Links of all objects; those of an object are from starts[object] to starts[object + 1].
+    /// Links of all objects; those of an object are from starts[object] to starts[object + 1].
     struct LinkTable
     {
         std::vector<Link> links;

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXPARSERS_H
-#define VXIO_VXFBXPARSERS_H
+#ifndef VXFBXPARSERS_H
+#define VXFBXPARSERS_H
 
 #include "io/fbx/vxfbxrecords.h"
 #include "io/vxfileprogress.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXREADER_H
-#define VXIO_VXFBXREADER_H
+#ifndef VXFBXREADER_H
+#define VXFBXREADER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"

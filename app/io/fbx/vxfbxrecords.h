@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXRECORDS_H
-#define VXIO_VXFBXRECORDS_H
+#ifndef VXFBXRECORDS_H
+#define VXFBXRECORDS_H
 
 #include "io/vxfileerror.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXROTATION_H
-#define VXIO_VXFBXROTATION_H
+#ifndef VXFBXROTATION_H
+#define VXFBXROTATION_H
 
 #include <vxcore/vxeuler.h>
 

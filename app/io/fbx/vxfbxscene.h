@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXSCENE_H
-#define VXIO_VXFBXSCENE_H
+#ifndef VXFBXSCENE_H
+#define VXFBXSCENE_H
 
 #include "io/fbx/vxfbxfigure.h"
 #include "io/fbx/vxfbxsettings.h"
@@ -19,7 +19,7 @@ public:
     const VxFbxSettings &settings() const { return m_settings; }
 
 private:
-    // A morph or a user-defined property, and the target that drives it.
+    /// A morph or a user-defined property, and the target that drives it.
     struct Value
     {
         VxFbxTarget target;
@@ -28,7 +28,7 @@ private:
         double rest; // as in the file: percent for a morph
         QString name;
     };
-    // A value's curve in one clip.
+    /// A value's curve in one clip.
     struct ValueTrack
     {
         std::size_t value;

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXSETTINGS_H
-#define VXIO_VXFBXSETTINGS_H
+#ifndef VXFBXSETTINGS_H
+#define VXFBXSETTINGS_H
 
 #include "io/fbx/vxfbxrecords.h"
 

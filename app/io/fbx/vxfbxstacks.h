@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXSTACKS_H
-#define VXIO_VXFBXSTACKS_H
+#ifndef VXFBXSTACKS_H
+#define VXFBXSTACKS_H
 
 #include "io/fbx/vxfbxmodels.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFBXTANGENTS_H
-#define VXIO_VXFBXTANGENTS_H
+#ifndef VXFBXTANGENTS_H
+#define VXFBXTANGENTS_H
 
 #include <QtGlobal>
 #include <array>

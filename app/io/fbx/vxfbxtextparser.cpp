@@ -1,5 +1,4 @@
 #include "io/fbx/vxfbxparsers.h"
-
 #include "io/vxfiletext.h"
 #include "io/vxtextbytes.h"
 

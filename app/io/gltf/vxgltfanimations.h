@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFANIMATIONS_H
-#define VXIO_VXGLTFANIMATIONS_H
+#ifndef VXGLTFANIMATIONS_H
+#define VXGLTFANIMATIONS_H
 
 #include "io/gltf/vxgltfdocument.h"
 #include "io/motion/vximportedmotion.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFBUFFERS_H
-#define VXIO_VXGLTFBUFFERS_H
+#ifndef VXGLTFBUFFERS_H
+#define VXGLTFBUFFERS_H
 
 #include <QByteArray>
 #include <QJsonArray>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFCURVES_H
-#define VXIO_VXGLTFCURVES_H
+#ifndef VXGLTFCURVES_H
+#define VXGLTFCURVES_H
 
 #include "io/motion/vxframetimes.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFDOCUMENT_H
-#define VXIO_VXGLTFDOCUMENT_H
+#ifndef VXGLTFDOCUMENT_H
+#define VXGLTFDOCUMENT_H
 
 #include "io/gltf/vxgltfbuffers.h"
 #include "io/motion/vximportedmotion.h"

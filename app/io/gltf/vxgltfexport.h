@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFEXPORT_H
-#define VXIO_VXGLTFEXPORT_H
+#ifndef VXGLTFEXPORT_H
+#define VXGLTFEXPORT_H
 
 #include "io/motion/vxmotionwriter.h"
 

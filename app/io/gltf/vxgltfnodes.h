@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFNODES_H
-#define VXIO_VXGLTFNODES_H
+#ifndef VXGLTFNODES_H
+#define VXGLTFNODES_H
 
 #include "io/gltf/vxgltfdocument.h"
 #include "io/motion/vximportedmotion.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFOUTPUT_H
-#define VXIO_VXGLTFOUTPUT_H
+#ifndef VXGLTFOUTPUT_H
+#define VXGLTFOUTPUT_H
 
 #include <QByteArray>
 #include <QJsonArray>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXGLTFREADER_H
-#define VXIO_VXGLTFREADER_H
+#ifndef VXGLTFREADER_H
+#define VXGLTFREADER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"

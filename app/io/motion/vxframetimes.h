@@ -1,5 +1,5 @@
-#ifndef VXIO_VXFRAMETIMES_H
-#define VXIO_VXFRAMETIMES_H
+#ifndef VXFRAMETIMES_H
+#define VXFRAMETIMES_H
 
 #include <vector>
 #include <vxcore/vxtimerange.h>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTCHOICES_H
-#define VXIO_VXIMPORTCHOICES_H
+#ifndef VXIMPORTCHOICES_H
+#define VXIMPORTCHOICES_H
 
 #include "io/vxscenereader.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTEDMOTION_H
-#define VXIO_VXIMPORTEDMOTION_H
+#ifndef VXIMPORTEDMOTION_H
+#define VXIMPORTEDMOTION_H
 
 #include <QString>
 #include <QStringList>

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTREPORT_H
-#define VXIO_VXIMPORTREPORT_H
+#ifndef VXIMPORTREPORT_H
+#define VXIMPORTREPORT_H
 
 #include "io/motion/vximportedmotion.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXKEPTRATE_H
-#define VXIO_VXKEPTRATE_H
+#ifndef VXKEPTRATE_H
+#define VXKEPTRATE_H
 
 #include <QString>
 #include <vxcore/vxtime.h>

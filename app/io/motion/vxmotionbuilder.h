@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONBUILDER_H
-#define VXIO_VXMOTIONBUILDER_H
+#ifndef VXMOTIONBUILDER_H
+#define VXMOTIONBUILDER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/motion/vximportreport.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONCHANNELS_H
-#define VXIO_VXMOTIONCHANNELS_H
+#ifndef VXMOTIONCHANNELS_H
+#define VXMOTIONCHANNELS_H
 
 #include "io/motion/vximportreport.h"
 #include "io/motion/vxmotionpoints.h"

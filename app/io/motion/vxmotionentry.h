@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONENTRY_H
-#define VXIO_VXMOTIONENTRY_H
+#ifndef VXMOTIONENTRY_H
+#define VXMOTIONENTRY_H
 
 #include "io/vxscenereader.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONEXPORT_H
-#define VXIO_VXMOTIONEXPORT_H
+#ifndef VXMOTIONEXPORT_H
+#define VXMOTIONEXPORT_H
 
 #include "io/vxfileerror.h"
 #include "io/vxfileprogress.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONFORMATS_H
-#define VXIO_VXMOTIONFORMATS_H
+#ifndef VXMOTIONFORMATS_H
+#define VXMOTIONFORMATS_H
 
 #include "io/vxfileformats.h"
 

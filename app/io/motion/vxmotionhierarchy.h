@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONHIERARCHY_H
-#define VXIO_VXMOTIONHIERARCHY_H
+#ifndef VXMOTIONHIERARCHY_H
+#define VXMOTIONHIERARCHY_H
 
 #include "io/motion/vximportedmotion.h"
 

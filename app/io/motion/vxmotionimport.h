@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONIMPORT_H
-#define VXIO_VXMOTIONIMPORT_H
+#ifndef VXMOTIONIMPORT_H
+#define VXMOTIONIMPORT_H
 
 #include "io/motion/vximportchoices.h"
 #include "io/motion/vximportreport.h"

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONNODES_H
-#define VXIO_VXMOTIONNODES_H
+#ifndef VXMOTIONNODES_H
+#define VXMOTIONNODES_H
 
 #include "io/motion/vximportreport.h"
 #include "io/motion/vxmotionchannels.h"

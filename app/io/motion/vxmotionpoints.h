@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONPOINTS_H
-#define VXIO_VXMOTIONPOINTS_H
+#ifndef VXMOTIONPOINTS_H
+#define VXMOTIONPOINTS_H
 
 #include "io/motion/vximportedmotion.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONTIMING_H
-#define VXIO_VXMOTIONTIMING_H
+#ifndef VXMOTIONTIMING_H
+#define VXMOTIONTIMING_H
 
 #include "io/motion/vximportedmotion.h"
 

@@ -1,5 +1,5 @@
-#ifndef VXIO_VXMOTIONWRITER_H
-#define VXIO_VXMOTIONWRITER_H
+#ifndef VXMOTIONWRITER_H
+#define VXMOTIONWRITER_H
 
 #include "io/motion/vximportedmotion.h"
 #include "io/vxfileerror.h"

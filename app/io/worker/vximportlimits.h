@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTLIMITS_H
-#define VXIO_VXIMPORTLIMITS_H
+#ifndef VXIMPORTLIMITS_H
+#define VXIMPORTLIMITS_H
 
 #include <QtGlobal>
 

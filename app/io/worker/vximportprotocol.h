@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTPROTOCOL_H
-#define VXIO_VXIMPORTPROTOCOL_H
+#ifndef VXIMPORTPROTOCOL_H
+#define VXIMPORTPROTOCOL_H
 
 #include <QByteArray>
 #include <QJsonObject>

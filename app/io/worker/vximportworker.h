@@ -1,5 +1,5 @@
-#ifndef VXIO_VXIMPORTWORKER_H
-#define VXIO_VXIMPORTWORKER_H
+#ifndef VXIMPORTWORKER_H
+#define VXIMPORTWORKER_H
 
 #include "io/motion/vxmotionbuilder.h"
 

@@ -1,7 +1,6 @@
-#include "keytools/keytool.h"
-
 #include "keytools/keyreduction.h"
 #include "keytools/keysteps.h"
+#include "keytools/keytool.h"
 #include "keytools/keytooltext.h"
 #include "keytools/rotationtracks.h"
 

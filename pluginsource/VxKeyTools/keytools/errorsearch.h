@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_ERRORSEARCH_H
-#define KEYTOOLS_ERRORSEARCH_H
+#ifndef ERRORSEARCH_H
+#define ERRORSEARCH_H
 
 /// Searches the least error with which a reduction leaves at most a number of keys, within 0.2 %.
 ///

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_ISOLATEACTION_H
-#define KEYTOOLS_ISOLATEACTION_H
+#ifndef ISOLATEACTION_H
+#define ISOLATEACTION_H
 
 #include "keytools/keysmenuaction.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYCURSORACTION_H
-#define KEYTOOLS_KEYCURSORACTION_H
+#ifndef KEYCURSORACTION_H
+#define KEYCURSORACTION_H
 
 #include "keytools/keysmenuaction.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYGESTURE_H
-#define KEYTOOLS_KEYGESTURE_H
+#ifndef KEYGESTURE_H
+#define KEYGESTURE_H
 
 #include "keytools/keygestureamount.h"
 #include "keytools/keymarkersnap.h"

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYGESTUREACTIONS_H
-#define KEYTOOLS_KEYGESTUREACTIONS_H
+#ifndef KEYGESTUREACTIONS_H
+#define KEYGESTUREACTIONS_H
 
 #include "keytools/keygestureamount.h"
 #include "keytools/keysmenuaction.h"

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYGESTUREAMOUNT_H
-#define KEYTOOLS_KEYGESTUREAMOUNT_H
+#ifndef KEYGESTUREAMOUNT_H
+#define KEYGESTUREAMOUNT_H
 
 #include <QtCore/QString>
 #include <QtCore/QVariant>

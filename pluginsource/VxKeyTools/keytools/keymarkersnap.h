@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYMARKERSNAP_H
-#define KEYTOOLS_KEYMARKERSNAP_H
+#ifndef KEYMARKERSNAP_H
+#define KEYMARKERSNAP_H
 
 #include <optional>
 #include <vector>

@@ -1,7 +1,8 @@
-#ifndef KEYTOOLS_KEYPASTE_H
-#define KEYTOOLS_KEYPASTE_H
+#ifndef KEYPASTE_H
+#define KEYPASTE_H
 
 #include "keytools/keytoolrun.h"
+
 #include <QtCore/QSet>
 #include <vxcore/vxcopiedkeys.h>
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYREDUCTION_H
-#define KEYTOOLS_KEYREDUCTION_H
+#ifndef KEYREDUCTION_H
+#define KEYREDUCTION_H
 
 #include "keytools/keytoolrun.h"
 #include "keytools/rotationtracks.h"

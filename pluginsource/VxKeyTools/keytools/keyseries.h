@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYSERIES_H
-#define KEYTOOLS_KEYSERIES_H
+#ifndef KEYSERIES_H
+#define KEYSERIES_H
 
 #include <vector>
 #include <vxcore/vxkeyarrays.h>

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYSMENUACTION_H
-#define KEYTOOLS_KEYSMENUACTION_H
+#ifndef KEYSMENUACTION_H
+#define KEYSMENUACTION_H
 
 #include <vxcore/vxaction.h>
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYSTEPS_H
-#define KEYTOOLS_KEYSTEPS_H
+#ifndef KEYSTEPS_H
+#define KEYSTEPS_H
 
 #include <algorithm>
 #include <vxcore/vxtime.h>

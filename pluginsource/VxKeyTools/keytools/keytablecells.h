@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTABLECELLS_H
-#define KEYTOOLS_KEYTABLECELLS_H
+#ifndef KEYTABLECELLS_H
+#define KEYTABLECELLS_H
 
 #include "keytools/keytablerows.h"
 #include "keytools/keytoolrun.h"

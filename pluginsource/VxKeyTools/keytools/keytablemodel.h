@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTABLEMODEL_H
-#define KEYTOOLS_KEYTABLEMODEL_H
+#ifndef KEYTABLEMODEL_H
+#define KEYTABLEMODEL_H
 
 #include "keytools/keytablecells.h"
 

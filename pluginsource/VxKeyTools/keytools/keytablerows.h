@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTABLEROWS_H
-#define KEYTOOLS_KEYTABLEROWS_H
+#ifndef KEYTABLEROWS_H
+#define KEYTABLEROWS_H
 
 #include "keytools/keytargets.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTARGETS_H
-#define KEYTOOLS_KEYTARGETS_H
+#ifndef KEYTARGETS_H
+#define KEYTARGETS_H
 
 #include <QtCore/QString>
 #include <vector>

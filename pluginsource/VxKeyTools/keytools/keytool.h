@@ -1,7 +1,8 @@
-#ifndef KEYTOOLS_KEYTOOL_H
-#define KEYTOOLS_KEYTOOL_H
+#ifndef KEYTOOL_H
+#define KEYTOOL_H
 
 #include "keytools/keytoolrun.h"
+
 #include <QtCore/QMap>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>

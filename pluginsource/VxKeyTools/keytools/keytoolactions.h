@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTOOLACTIONS_H
-#define KEYTOOLS_KEYTOOLACTIONS_H
+#ifndef KEYTOOLACTIONS_H
+#define KEYTOOLACTIONS_H
 
 #include "keytools/keysmenuaction.h"
 

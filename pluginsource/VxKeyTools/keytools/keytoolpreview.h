@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTOOLPREVIEW_H
-#define KEYTOOLS_KEYTOOLPREVIEW_H
+#ifndef KEYTOOLPREVIEW_H
+#define KEYTOOLPREVIEW_H
 
 #include "keytools/keytool.h"
 

@@ -1,8 +1,9 @@
-#ifndef KEYTOOLS_KEYTOOLRUN_H
-#define KEYTOOLS_KEYTOOLRUN_H
+#ifndef KEYTOOLRUN_H
+#define KEYTOOLRUN_H
 
 #include "keytools/keyseries.h"
 #include "keytools/keytargets.h"
+
 #include <QtCore/QString>
 #include <functional>
 #include <optional>

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTOOLSCRIPT_H
-#define KEYTOOLS_KEYTOOLSCRIPT_H
+#ifndef KEYTOOLSCRIPT_H
+#define KEYTOOLSCRIPT_H
 
 #include <QtScript/QScriptEngine>
 

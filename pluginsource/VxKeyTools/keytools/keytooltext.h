@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_KEYTOOLTEXT_H
-#define KEYTOOLS_KEYTOOLTEXT_H
+#ifndef KEYTOOLTEXT_H
+#define KEYTOOLTEXT_H
 
 #include <QCoreApplication>
 

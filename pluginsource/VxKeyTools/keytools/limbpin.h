@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_LIMBPIN_H
-#define KEYTOOLS_LIMBPIN_H
+#ifndef LIMBPIN_H
+#define LIMBPIN_H
 
 #include <QtCore/QString>
 #include <array>

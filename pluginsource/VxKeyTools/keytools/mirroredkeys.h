@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_MIRROREDKEYS_H
-#define KEYTOOLS_MIRROREDKEYS_H
+#ifndef MIRROREDKEYS_H
+#define MIRROREDKEYS_H
 
 #include <array>
 #include <tuple>

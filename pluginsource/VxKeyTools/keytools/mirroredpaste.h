@@ -1,7 +1,8 @@
-#ifndef KEYTOOLS_MIRROREDPASTE_H
-#define KEYTOOLS_MIRROREDPASTE_H
+#ifndef MIRROREDPASTE_H
+#define MIRROREDPASTE_H
 
 #include "keytools/keypaste.h"
+
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
 #include <memory>

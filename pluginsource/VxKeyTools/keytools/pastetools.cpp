@@ -1,6 +1,5 @@
-#include "keytools/keytool.h"
-
 #include "keytools/keypaste.h"
+#include "keytools/keytool.h"
 #include "keytools/keytooltext.h"
 #include "keytools/mirroredpaste.h"
 

@@ -1,7 +1,8 @@
-#ifndef KEYTOOLS_ROTATIONTRACKS_H
-#define KEYTOOLS_ROTATIONTRACKS_H
+#ifndef ROTATIONTRACKS_H
+#define ROTATIONTRACKS_H
 
 #include "keytools/keytargets.h"
+
 #include <array>
 #include <vxcore/vxeuler.h>
 

@@ -1,5 +1,4 @@
 #include "keytools/keytool.h"
-
 #include "keytools/keytooltext.h"
 
 #include <QtCore/QHash>

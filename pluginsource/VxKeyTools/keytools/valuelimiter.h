@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_VALUELIMITER_H
-#define KEYTOOLS_VALUELIMITER_H
+#ifndef VALUELIMITER_H
+#define VALUELIMITER_H
 
 #include <algorithm>
 #include <cmath>

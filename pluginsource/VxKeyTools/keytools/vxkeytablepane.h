@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_VXKEYTABLEPANE_H
-#define KEYTOOLS_VXKEYTABLEPANE_H
+#ifndef VXKEYTABLEPANE_H
+#define VXKEYTABLEPANE_H
 
 #include "keytools/keysmenuaction.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYTOOLS_VXKEYTOOLSPANE_H
-#define KEYTOOLS_VXKEYTOOLSPANE_H
+#ifndef VXKEYTOOLSPANE_H
+#define VXKEYTOOLSPANE_H
 
 #include <QtCore/QVariant>
 #include <memory>

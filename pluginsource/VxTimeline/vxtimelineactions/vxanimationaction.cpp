@@ -1,12 +1,12 @@
 #include "vxtimelineactions/vxanimationaction.h"
 
-#include <QtCore/QPointer>
-#include <utility>
-#include <vxcore/vxmainwindow.h>
-
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimelineactions/animationmenuorder.h"
+
+#include <QtCore/QPointer>
+#include <utility>
+#include <vxcore/vxmainwindow.h>
 
 VxAnimationAction::VxAnimationAction(const QString &text, const QString &description,
                                      Command command, const char *shortcut)

@@ -5,7 +5,7 @@
 
 // The commands that make, delete, copy and paste keys.
 
-// Keys on every property of the selected nodes.
+/// Keys on every property of the selected nodes.
 class VxAddKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ public:
     VxAddKeysAction();
 };
 
-// Deletes the keys at the current time from every property of the selected nodes.
+/// Deletes the keys at the current time from every property of the selected nodes.
 class VxDeleteKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     VxDeleteKeysAction();
 };
 
-// Creates keys on the properties that filter and scope include.
+/// Creates keys on the properties that filter and scope include.
 class VxTimePaneCreateKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
     VxTimePaneCreateKeysAction();
 };
 
-// Deletes the keys that are selected in the dope sheet.
+/// Deletes the keys that are selected in the dope sheet.
 class VxTimePaneDeleteSelectedKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
     VxTimePaneDeleteSelectedKeysAction();
 };
 
-// Copies the keys that are selected in the dope sheet.
+/// Copies the keys that are selected in the dope sheet.
 class VxTimePaneCopySelectedKeysAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
     bool isClipboardAction() const override;
 };
 
-// Pastes the copied keys at the current time.
+/// Pastes the copied keys at the current time.
 class VxTimePanePasteKeysAction : public VxAnimationAction
 {
     Q_OBJECT

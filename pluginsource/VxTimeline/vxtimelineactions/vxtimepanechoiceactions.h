@@ -7,8 +7,8 @@
 
 // The actions that choose a value of a family of the pane's choices.
 
-// Base of all of them. Property types are flags, each toggled separately; the other families are
-// exclusive.
+/// Base of all of them. Property types are flags, each toggled separately; the other families are
+/// exclusive.
 class TimePaneChoiceAction : public VxAnimationAction, public TimePaneChoice
 {
 public:
@@ -28,7 +28,7 @@ private:
     const int m_value;
 };
 
-// The position of the strip of controls.
+/// The position of the strip of controls.
 class VxTimePaneControlsPositionAction : public TimePaneChoiceAction
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ public:
     VxTimePaneControlsTopAction();
 };
 
-// The view mode.
+/// The view mode.
 class VxTimePaneViewModeAction : public TimePaneChoiceAction
 {
     Q_OBJECT
@@ -81,8 +81,8 @@ public:
     VxTimePaneAdvancedViewAction();
 };
 
-// The nodes or properties that get keys. The pane reads the scope from the check marks, which a
-// trigger has already changed by then.
+/// The nodes or properties that get keys. The pane reads the scope from the check marks, which a
+/// trigger has already changed by then.
 class VxTimePaneSetKeyScopeAction : public TimePaneChoiceAction
 {
     Q_OBJECT
@@ -119,7 +119,7 @@ public:
     VxTimePaneSetKeyScopePropertiesAction();
 };
 
-// The kinds of properties in the dope sheet; each is toggled separately.
+/// The kinds of properties in the dope sheet; each is toggled separately.
 class VxTimePaneSetPropertyTypeAction : public TimePaneChoiceAction
 {
     Q_OBJECT

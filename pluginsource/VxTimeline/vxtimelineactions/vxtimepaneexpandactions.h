@@ -6,7 +6,7 @@
 // The commands that open and close rows of the dope sheet: all of them, or those below the row of
 // its context menu.
 
-// Opens every row.
+/// Opens every row.
 class VxTimePaneExpandAllItemsAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ public:
     VxTimePaneExpandAllItemsAction();
 };
 
-// Opens the row.
+/// Opens the row.
 class VxTimePaneExpandItemAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     VxTimePaneExpandItemAction();
 };
 
-// Opens the row and all below it.
+/// Opens the row and all below it.
 class VxTimePaneExpandFromItemAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     VxTimePaneExpandFromItemAction();
 };
 
-// Opens the row and those below it that have keys.
+/// Opens the row and those below it that have keys.
 class VxTimePaneExpandKeyedFromItemAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
     VxTimePaneExpandKeyedFromItemAction();
 };
 
-// Closes every row.
+/// Closes every row.
 class VxTimePaneCollapseAllItemsAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
     VxTimePaneCollapseAllItemsAction();
 };
 
-// Closes the row.
+/// Closes the row.
 class VxTimePaneCollapseItemAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ public:
     VxTimePaneCollapseItemAction();
 };
 
-// Closes the row and all below it.
+/// Closes the row and all below it.
 class VxTimePaneCollapseFromItemAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ public:
     VxTimePaneCollapseFromItemAction();
 };
 
-// Closes the rows without keys, from the row on.
+/// Closes the rows without keys, from the row on.
 class VxTimePaneCollapseNonKeyedFromItemAction : public VxAnimationAction
 {
     Q_OBJECT

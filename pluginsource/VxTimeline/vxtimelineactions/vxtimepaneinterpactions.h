@@ -3,8 +3,8 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the three commands that set the interpolation type of the selected keys. The pane numbers
-// the types: 0 Linear, 1 Constant, 2 TCB.
+/// Base of the three commands that set the interpolation type of the selected keys. The pane
+/// numbers the types: 0 Linear, 1 Constant, 2 TCB.
 class VxTimePaneSetInterpAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ protected:
     VxTimePaneSetInterpAction(const QString &text, const QString &description, int interpType);
 };
 
-// The value of a key holds until the next one.
+/// The value of a key holds until the next one.
 class VxTimePaneSetInterpConstantAction : public VxTimePaneSetInterpAction
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     VxTimePaneSetInterpConstantAction();
 };
 
-// Straight from key to key.
+/// Straight from key to key.
 class VxTimePaneSetInterpLinearAction : public VxTimePaneSetInterpAction
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     VxTimePaneSetInterpLinearAction();
 };
 
-// A curve shaped by tension, continuity and bias.
+/// A curve shaped by tension, continuity and bias.
 class VxTimePaneSetInterpTcbAction : public VxTimePaneSetInterpAction
 {
     Q_OBJECT

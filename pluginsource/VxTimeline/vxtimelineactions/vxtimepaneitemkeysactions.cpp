@@ -1,12 +1,12 @@
 #include "vxtimelineactions/vxtimepaneitemkeysactions.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QSet>
 #include <QtGui/QGuiApplication>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the four commands that select or deselect the keys of the selected rows.
-//
-// The four differ only in direction and time range, so the work is done here.
-// Selecting replaces the key selection unless Ctrl is held; deselecting always keeps the rest.
+/// Base of the four commands that select or deselect the keys of the selected rows.
+///
+/// The four differ only in direction and time range, so the work is done here.
+/// Selecting replaces the key selection unless Ctrl is held; deselecting always keeps the rest.
 class VxTimePaneItemKeysSelectionAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private:
     const Range m_range;
 };
 
-// Selects the keys within the play range.
+/// Selects the keys within the play range.
 class VxTimePaneSelectItemPlayRangeKeysAction : public VxTimePaneItemKeysSelectionAction
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
     VxTimePaneSelectItemPlayRangeKeysAction();
 };
 
-// Selects the keys at all times.
+/// Selects the keys at all times.
 class VxTimePaneSelectItemAnimRangeKeysAction : public VxTimePaneItemKeysSelectionAction
 {
     Q_OBJECT
@@ -42,7 +42,7 @@ public:
     VxTimePaneSelectItemAnimRangeKeysAction();
 };
 
-// Deselects the keys within the play range.
+/// Deselects the keys within the play range.
 class VxTimePaneDeselectItemPlayRangeKeysAction : public VxTimePaneItemKeysSelectionAction
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ public:
     VxTimePaneDeselectItemPlayRangeKeysAction();
 };
 
-// Deselects the keys at all times.
+/// Deselects the keys at all times.
 class VxTimePaneDeselectItemAnimRangeKeysAction : public VxTimePaneItemKeysSelectionAction
 {
     Q_OBJECT

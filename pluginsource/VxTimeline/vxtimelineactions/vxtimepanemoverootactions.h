@@ -3,8 +3,8 @@
 
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the four commands that move a root node, the one above the current row, in the list of
-// root rows.
+/// Base of the four commands that move a root node, the one above the current row, in the list of
+/// root rows.
 class VxTimePaneMoveRootNodeAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ protected:
     using VxAnimationAction::VxAnimationAction;
 };
 
-// To the top of the list.
+/// To the top of the list.
 class VxTimePaneMoveRootNodeToTopAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     VxTimePaneMoveRootNodeToTopAction();
 };
 
-// One row up.
+/// One row up.
 class VxTimePaneMoveRootNodeUpAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     VxTimePaneMoveRootNodeUpAction();
 };
 
-// One row down.
+/// One row down.
 class VxTimePaneMoveRootNodeDownAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ public:
     VxTimePaneMoveRootNodeDownAction();
 };
 
-// To the bottom of the list.
+/// To the bottom of the list.
 class VxTimePaneMoveRootNodeToBottomAction : public VxTimePaneMoveRootNodeAction
 {
     Q_OBJECT

@@ -4,8 +4,8 @@
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimelineactions/vxanimationaction.h"
 
-// Base of the on/off options of the pane. Each shows the pane's state: it follows the pane's
-// signal, and reverts its mark when the pane refuses.
+/// Base of the on/off options of the pane. Each shows the pane's state: it follows the pane's
+/// signal, and reverts its mark when the pane refuses.
 class TimePaneOptionAction : public VxAnimationAction
 {
 public:
@@ -25,7 +25,7 @@ private:
     const Setter m_changedSignal;
 };
 
-// Opens or closes the key graph, which the pane does in the advanced view only.
+/// Opens or closes the key graph, which the pane does in the advanced view only.
 class VxTimePaneKeyGraphToggleAction : public TimePaneOptionAction
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     VxTimePaneKeyGraphToggleAction();
 };
 
-// Whether the view follows the selection in the Parameters pane.
+/// Whether the view follows the selection in the Parameters pane.
 class VxTimePaneMonitorParametersPaneAction : public TimePaneOptionAction
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
     VxTimePaneMonitorParametersPaneAction();
 };
 
-// Whether playback shows every frame, however long it takes.
+/// Whether playback shows every frame, however long it takes.
 class VxTimePanePlayAllFramesAction : public TimePaneOptionAction
 {
     Q_OBJECT

@@ -5,7 +5,7 @@
 
 // The commands that rebuild or fit the pane's views.
 
-// Rebuilds the rows of the dope sheet.
+/// Rebuilds the rows of the dope sheet.
 class VxTimePaneRefreshDopesheetAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ public:
     VxTimePaneRefreshDopesheetAction();
 };
 
-// Fits the key graph to its keys.
+/// Fits the key graph to its keys.
 class VxTimePaneFrameGraphKeysAction : public VxAnimationAction
 {
     Q_OBJECT

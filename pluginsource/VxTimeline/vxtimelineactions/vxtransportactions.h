@@ -5,7 +5,7 @@
 
 // The commands that move the current time and control playback.
 
-// Toggles looping.
+/// Toggles looping.
 class VxLoopToggleAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ public:
     VxLoopToggleAction();
 };
 
-// Starts or pauses playback.
+/// Starts or pauses playback.
 class VxPlayToggleAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     VxPlayToggleAction();
 };
 
-// To the first frame of the play range.
+/// To the first frame of the play range.
 class VxSkipToPlayrangeStartAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
     VxSkipToPlayrangeStartAction();
 };
 
-// To the last frame of the play range.
+/// To the last frame of the play range.
 class VxSkipToPlayrangeEndAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
     VxSkipToPlayrangeEndAction();
 };
 
-// One frame back. The arrow keys are left to the rows of trees and lists.
+/// One frame back. The arrow keys are left to the rows of trees and lists.
 class VxPrevFrameAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ public:
     VxPrevFrameAction();
 };
 
-// One frame forward.
+/// One frame forward.
 class VxNextFrameAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ public:
     VxNextFrameAction();
 };
 
-// To the previous key, shown or not.
+/// To the previous key, shown or not.
 class VxSkipToPrevKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ public:
     VxSkipToPrevKeyAction();
 };
 
-// To the next key, shown or not.
+/// To the next key, shown or not.
 class VxSkipToNextKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ public:
     VxSkipToNextKeyAction();
 };
 
-// To the previous key among the shown ones.
+/// To the previous key among the shown ones.
 class VxTimePanePrevKeyAction : public VxAnimationAction
 {
     Q_OBJECT
@@ -77,7 +77,7 @@ public:
     VxTimePanePrevKeyAction();
 };
 
-// To the next key among the shown ones.
+/// To the next key among the shown ones.
 class VxTimePaneNextKeyAction : public VxAnimationAction
 {
     Q_OBJECT

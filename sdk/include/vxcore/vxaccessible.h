@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXACCESSIBLE_H
-#define VXCORE_VXACCESSIBLE_H
+#ifndef VXACCESSIBLE_H
+#define VXACCESSIBLE_H
 
 #include <QtGui/QAccessible>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXACTION_H
-#define VXCORE_VXACTION_H
+#ifndef VXACTION_H
+#define VXACTION_H
 
 #include <QtWidgets/QAction>
 #include <memory>

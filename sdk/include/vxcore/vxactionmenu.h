@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXACTIONMENU_H
-#define VXCORE_VXACTIONMENU_H
+#ifndef VXACTIONMENU_H
+#define VXACTIONMENU_H
 
 #include <QtCore/QObject>
 #include <memory>

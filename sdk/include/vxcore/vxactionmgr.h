@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXACTIONMGR_H
-#define VXCORE_VXACTIONMGR_H
+#ifndef VXACTIONMGR_H
+#define VXACTIONMGR_H
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>

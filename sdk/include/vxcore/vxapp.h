@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXAPP_H
-#define VXCORE_VXAPP_H
+#ifndef VXAPP_H
+#define VXAPP_H
 
 #include <QtCore/QObject>
 #include <memory>

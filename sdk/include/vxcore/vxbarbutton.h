@@ -1,10 +1,9 @@
-#ifndef VXCORE_VXBARBUTTON_H
-#define VXCORE_VXBARBUTTON_H
+#ifndef VXBARBUTTON_H
+#define VXBARBUTTON_H
 
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QToolButton>
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// A button for a VxButtonBar: flat, its icon (without one its text) in the middle, with a fill

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXBONE_H
-#define VXCORE_VXBONE_H
+#ifndef VXBONE_H
+#define VXBONE_H
 
 #include <vxcore/vxnode.h>
 

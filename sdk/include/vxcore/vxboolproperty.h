@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXBOOLPROPERTY_H
-#define VXCORE_VXBOOLPROPERTY_H
+#ifndef VXBOOLPROPERTY_H
+#define VXBOOLPROPERTY_H
 
 #include <vxcore/vxintproperty.h>
 

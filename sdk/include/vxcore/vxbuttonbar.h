@@ -1,9 +1,8 @@
-#ifndef VXCORE_VXBUTTONBAR_H
-#define VXCORE_VXBUTTONBAR_H
+#ifndef VXBUTTONBAR_H
+#define VXBUTTONBAR_H
 
 #include <QtWidgets/QWidget>
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// A strip of buttons inside one frame. Items are identified by the index they were added with and

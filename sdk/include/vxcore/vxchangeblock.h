@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCHANGEBLOCK_H
-#define VXCORE_VXCHANGEBLOCK_H
+#ifndef VXCHANGEBLOCK_H
+#define VXCHANGEBLOCK_H
 
 #include <vxcore/vxcoreglobal.h>
 

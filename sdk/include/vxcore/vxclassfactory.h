@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCLASSFACTORY_H
-#define VXCORE_VXCLASSFACTORY_H
+#ifndef VXCLASSFACTORY_H
+#define VXCLASSFACTORY_H
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>

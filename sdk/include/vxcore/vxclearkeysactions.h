@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCLEARKEYSACTIONS_H
-#define VXCORE_VXCLEARKEYSACTIONS_H
+#ifndef VXCLEARKEYSACTIONS_H
+#define VXCLEARKEYSACTIONS_H
 
 #include <vxcore/vxaction.h>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCOPIEDKEYS_H
-#define VXCORE_VXCOPIEDKEYS_H
+#ifndef VXCOPIEDKEYS_H
+#define VXCOPIEDKEYS_H
 
 #include <QtCore/QString>
 #include <vxcore/vxkeyarrays.h>

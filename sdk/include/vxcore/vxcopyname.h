@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCOPYNAME_H
-#define VXCORE_VXCOPYNAME_H
+#ifndef VXCOPYNAME_H
+#define VXCOPYNAME_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

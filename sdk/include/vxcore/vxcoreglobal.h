@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCOREGLOBAL_H
-#define VXCORE_VXCOREGLOBAL_H
+#ifndef VXCOREGLOBAL_H
+#define VXCOREGLOBAL_H
 
 #include <QtCore/qglobal.h>
 

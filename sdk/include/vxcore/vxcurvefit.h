@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCURVEFIT_H
-#define VXCORE_VXCURVEFIT_H
+#ifndef VXCURVEFIT_H
+#define VXCURVEFIT_H
 
 #include <array>
 #include <vector>

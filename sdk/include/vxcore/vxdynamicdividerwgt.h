@@ -1,10 +1,9 @@
-#ifndef VXCORE_VXDYNAMICDIVIDERWGT_H
-#define VXCORE_VXDYNAMICDIVIDERWGT_H
+#ifndef VXDYNAMICDIVIDERWGT_H
+#define VXDYNAMICDIVIDERWGT_H
 
 #include <QtCore/QList>
 #include <QtWidgets/QWidget>
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// Two widgets with a draggable bar between them. The stored state is a ratio, the first widget's

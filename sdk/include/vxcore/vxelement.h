@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXELEMENT_H
-#define VXCORE_VXELEMENT_H
+#ifndef VXELEMENT_H
+#define VXELEMENT_H
 
 #include <QtCore/QObject>
 #include <QtCore/QString>

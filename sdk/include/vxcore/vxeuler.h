@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXEULER_H
-#define VXCORE_VXEULER_H
+#ifndef VXEULER_H
+#define VXEULER_H
 
 #include <QtCore/QtGlobal>
 #include <array>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXFILEEXCHANGE_H
-#define VXCORE_VXFILEEXCHANGE_H
+#ifndef VXFILEEXCHANGE_H
+#define VXFILEEXCHANGE_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXFLOATPROPERTY_H
-#define VXCORE_VXFLOATPROPERTY_H
+#ifndef VXFLOATPROPERTY_H
+#define VXFLOATPROPERTY_H
 
 #include <vxcore/vxkey.h>
 #include <vxcore/vxnumericproperty.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXGESTUREGUARD_H
-#define VXCORE_VXGESTUREGUARD_H
+#ifndef VXGESTUREGUARD_H
+#define VXGESTUREGUARD_H
 
 #include <QtCore/QObject>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXGUID_H
-#define VXCORE_VXGUID_H
+#ifndef VXGUID_H
+#define VXGUID_H
 
 #include <QtCore/QString>
 #include <QtCore/QUuid>

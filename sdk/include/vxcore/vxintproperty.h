@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXINTPROPERTY_H
-#define VXCORE_VXINTPROPERTY_H
+#ifndef VXINTPROPERTY_H
+#define VXINTPROPERTY_H
 
 #include <vxcore/vxkey.h>
 #include <vxcore/vxnumericproperty.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXJOURNALREADER_H
-#define VXCORE_VXJOURNALREADER_H
+#ifndef VXJOURNALREADER_H
+#define VXJOURNALREADER_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

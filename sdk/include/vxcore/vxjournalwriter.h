@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXJOURNALWRITER_H
-#define VXCORE_VXJOURNALWRITER_H
+#ifndef VXJOURNALWRITER_H
+#define VXJOURNALWRITER_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

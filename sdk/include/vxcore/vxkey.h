@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEY_H
-#define VXCORE_VXKEY_H
+#ifndef VXKEY_H
+#define VXKEY_H
 
 #include <vxcore/vxtime.h>
 

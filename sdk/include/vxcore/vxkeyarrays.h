@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYARRAYS_H
-#define VXCORE_VXKEYARRAYS_H
+#ifndef VXKEYARRAYS_H
+#define VXKEYARRAYS_H
 
 #include <vector>
 #include <vxcore/vxkey.h>

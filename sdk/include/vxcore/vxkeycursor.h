@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYCURSOR_H
-#define VXCORE_VXKEYCURSOR_H
+#ifndef VXKEYCURSOR_H
+#define VXKEYCURSOR_H
 
 #include <QtCore/QObject>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYEDIT_H
-#define VXCORE_VXKEYEDIT_H
+#ifndef VXKEYEDIT_H
+#define VXKEYEDIT_H
 
 #include <vector>
 #include <vxcore/vxcoreglobal.h>

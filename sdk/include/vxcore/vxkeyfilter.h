@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYFILTER_H
-#define VXCORE_VXKEYFILTER_H
+#ifndef VXKEYFILTER_H
+#define VXKEYFILTER_H
 
 #include <array>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYSELECTION_H
-#define VXCORE_VXKEYSELECTION_H
+#ifndef VXKEYSELECTION_H
+#define VXKEYSELECTION_H
 
 #include <QtCore/QObject>
 #include <QtCore/QVariant>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXKEYSPAN_H
-#define VXCORE_VXKEYSPAN_H
+#ifndef VXKEYSPAN_H
+#define VXKEYSPAN_H
 
 /// Contiguous keys of a property by index, the end excluded: [first, last).
 struct VxKeySpan

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXLANGUAGE_H
-#define VXCORE_VXLANGUAGE_H
+#ifndef VXLANGUAGE_H
+#define VXLANGUAGE_H
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXLIMBSOLVER_H
-#define VXCORE_VXLIMBSOLVER_H
+#ifndef VXLIMBSOLVER_H
+#define VXLIMBSOLVER_H
 
 #include <array>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXLOCALNUMBER_H
-#define VXCORE_VXLOCALNUMBER_H
+#ifndef VXLOCALNUMBER_H
+#define VXLOCALNUMBER_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXMAINWINDOW_H
-#define VXCORE_VXMAINWINDOW_H
+#ifndef VXMAINWINDOW_H
+#define VXMAINWINDOW_H
 
 #include <QtWidgets/QMainWindow>
 #include <memory>

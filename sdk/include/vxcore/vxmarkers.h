@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXMARKERS_H
-#define VXCORE_VXMARKERS_H
+#ifndef VXMARKERS_H
+#define VXMARKERS_H
 
 #include <QtCore/QObject>
 #include <QtCore/QString>

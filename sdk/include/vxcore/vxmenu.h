@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXMENU_H
-#define VXCORE_VXMENU_H
+#ifndef VXMENU_H
+#define VXMENU_H
 
 #include <QtWidgets/QMenu>
 #include <memory>

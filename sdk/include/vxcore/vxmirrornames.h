@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXMIRRORNAMES_H
-#define VXCORE_VXMIRRORNAMES_H
+#ifndef VXMIRRORNAMES_H
+#define VXMIRRORNAMES_H
 
 #include <QtCore/QPair>
 #include <QtCore/QString>

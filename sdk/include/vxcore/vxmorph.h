@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXMORPH_H
-#define VXCORE_VXMORPH_H
+#ifndef VXMORPH_H
+#define VXMORPH_H
 
 #include <vxcore/vxelement.h>
 

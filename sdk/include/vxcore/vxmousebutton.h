@@ -1,10 +1,9 @@
-#ifndef VXCORE_VXMOUSEBUTTON_H
-#define VXCORE_VXMOUSEBUTTON_H
+#ifndef VXMOUSEBUTTON_H
+#define VXMOUSEBUTTON_H
 
 #include <QtGui/QPixmap>
 #include <QtWidgets/QAbstractButton>
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// A small button that consists of a picture, one for each of its states. It can be clicked, and

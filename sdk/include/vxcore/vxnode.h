@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXNODE_H
-#define VXCORE_VXNODE_H
+#ifndef VXNODE_H
+#define VXNODE_H
 
 #include <QtGui/QMatrix4x4>
 #include <QtGui/QVector3D>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXNODEHELPER_H
-#define VXCORE_VXNODEHELPER_H
+#ifndef VXNODEHELPER_H
+#define VXNODEHELPER_H
 
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>

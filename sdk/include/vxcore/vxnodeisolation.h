@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXNODEISOLATION_H
-#define VXCORE_VXNODEISOLATION_H
+#ifndef VXNODEISOLATION_H
+#define VXNODEISOLATION_H
 
 #include <QtCore/QObject>
 #include <QtCore/QSet>

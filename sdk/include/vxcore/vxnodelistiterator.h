@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXNODELISTITERATOR_H
-#define VXCORE_VXNODELISTITERATOR_H
+#ifndef VXNODELISTITERATOR_H
+#define VXNODELISTITERATOR_H
 
 #include <QtCore/QVector>
 #include <vxcore/vxcoreglobal.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXNUMERICPROPERTY_H
-#define VXCORE_VXNUMERICPROPERTY_H
+#ifndef VXNUMERICPROPERTY_H
+#define VXNUMERICPROPERTY_H
 
 #include <vxcore/vxproperty.h>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXOBJECT_H
-#define VXCORE_VXOBJECT_H
+#ifndef VXOBJECT_H
+#define VXOBJECT_H
 
 #include <vxcore/vxelement.h>
 

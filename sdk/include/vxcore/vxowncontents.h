@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXOWNCONTENTS_H
-#define VXCORE_VXOWNCONTENTS_H
+#ifndef VXOWNCONTENTS_H
+#define VXOWNCONTENTS_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

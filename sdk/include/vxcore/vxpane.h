@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPANE_H
-#define VXCORE_VXPANE_H
+#ifndef VXPANE_H
+#define VXPANE_H
 
 #include <QtWidgets/QWidget>
 #include <memory>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPANEACTION_H
-#define VXCORE_VXPANEACTION_H
+#ifndef VXPANEACTION_H
+#define VXPANEACTION_H
 
 #include <vxcore/vxaction.h>
 

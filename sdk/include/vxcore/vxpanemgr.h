@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPANEMGR_H
-#define VXCORE_VXPANEMGR_H
+#ifndef VXPANEMGR_H
+#define VXPANEMGR_H
 
 #include <QtCore/QObject>
 #include <QtCore/QVector>

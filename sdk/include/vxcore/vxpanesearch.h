@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPANESEARCH_H
-#define VXCORE_VXPANESEARCH_H
+#ifndef VXPANESEARCH_H
+#define VXPANESEARCH_H
 
 #include <QtCore/QObject>
 #include <QtCore/QString>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPARAMETERSPANE_H
-#define VXCORE_VXPARAMETERSPANE_H
+#ifndef VXPARAMETERSPANE_H
+#define VXPARAMETERSPANE_H
 
 #include <vxcore/vxpane.h>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPLUGIN_H
-#define VXCORE_VXPLUGIN_H
+#ifndef VXPLUGIN_H
+#define VXPLUGIN_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPLUGINMGR_H
-#define VXCORE_VXPLUGINMGR_H
+#ifndef VXPLUGINMGR_H
+#define VXPLUGINMGR_H
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPOSEFIGURE_H
-#define VXCORE_VXPOSEFIGURE_H
+#ifndef VXPOSEFIGURE_H
+#define VXPOSEFIGURE_H
 
 #include <QtCore/QHash>
 #include <QtCore/QVector>

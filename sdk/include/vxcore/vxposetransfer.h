@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPOSETRANSFER_H
-#define VXCORE_VXPOSETRANSFER_H
+#ifndef VXPOSETRANSFER_H
+#define VXPOSETRANSFER_H
 
 #include <array>
 #include <optional>

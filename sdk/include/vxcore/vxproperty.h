@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPROPERTY_H
-#define VXCORE_VXPROPERTY_H
+#ifndef VXPROPERTY_H
+#define VXPROPERTY_H
 
 #include <QtCore/QObject>
 #include <QtCore/QString>

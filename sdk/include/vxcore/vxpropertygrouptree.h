@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPROPERTYGROUPTREE_H
-#define VXCORE_VXPROPERTYGROUPTREE_H
+#ifndef VXPROPERTYGROUPTREE_H
+#define VXPROPERTYGROUPTREE_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPROPERTYHELPER_H
-#define VXCORE_VXPROPERTYHELPER_H
+#ifndef VXPROPERTYHELPER_H
+#define VXPROPERTYHELPER_H
 
 #include <vxcore/vxcoreglobal.h>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXPROPERTYLISTNODE_H
-#define VXCORE_VXPROPERTYLISTNODE_H
+#ifndef VXPROPERTYLISTNODE_H
+#define VXPROPERTYLISTNODE_H
 
 #include <QtCore/QPointer>
 #include <QtCore/QString>

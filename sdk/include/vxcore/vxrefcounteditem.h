@@ -1,8 +1,7 @@
-#ifndef VXCORE_VXREFCOUNTEDITEM_H
-#define VXCORE_VXREFCOUNTEDITEM_H
+#ifndef VXREFCOUNTEDITEM_H
+#define VXREFCOUNTEDITEM_H
 
 #include <QtCore/QAtomicInt>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// Base of reference-counted objects. The count is in the object, so that a plain pointer can be

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSAFEFILE_H
-#define VXCORE_VXSAFEFILE_H
+#ifndef VXSAFEFILE_H
+#define VXSAFEFILE_H
 
 #include <QtCore/QByteArray>
 #include <QtCore/QCoreApplication>

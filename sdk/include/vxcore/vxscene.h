@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSCENE_H
-#define VXCORE_VXSCENE_H
+#ifndef VXSCENE_H
+#define VXSCENE_H
 
 #include <QtCore/QObject>
 #include <QtCore/QVector>

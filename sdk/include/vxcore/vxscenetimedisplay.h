@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSCENETIMEDISPLAY_H
-#define VXCORE_VXSCENETIMEDISPLAY_H
+#ifndef VXSCENETIMEDISPLAY_H
+#define VXSCENETIMEDISPLAY_H
 
 #include <QtCore/QObject>
 #include <memory>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSCENEVIEWS_H
-#define VXCORE_VXSCENEVIEWS_H
+#ifndef VXSCENEVIEWS_H
+#define VXSCENEVIEWS_H
 
 #include <QtCore/QObject>
 #include <array>

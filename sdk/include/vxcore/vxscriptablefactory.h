@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSCRIPTABLEFACTORY_H
-#define VXCORE_VXSCRIPTABLEFACTORY_H
+#ifndef VXSCRIPTABLEFACTORY_H
+#define VXSCRIPTABLEFACTORY_H
 
 #include <QtScript/QScriptEngine>
 #include <vxcore/vxclassfactory.h>

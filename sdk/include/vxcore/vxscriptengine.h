@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSCRIPTENGINE_H
-#define VXCORE_VXSCRIPTENGINE_H
+#ifndef VXSCRIPTENGINE_H
+#define VXSCRIPTENGINE_H
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSETTINGS_H
-#define VXCORE_VXSETTINGS_H
+#ifndef VXSETTINGS_H
+#define VXSETTINGS_H
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSIGNALGUARD_H
-#define VXCORE_VXSIGNALGUARD_H
+#ifndef VXSIGNALGUARD_H
+#define VXSIGNALGUARD_H
 
 #include <QtCore/QObject>
 #include <vxcore/vxcoreglobal.h>

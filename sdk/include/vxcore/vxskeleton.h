@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSKELETON_H
-#define VXCORE_VXSKELETON_H
+#ifndef VXSKELETON_H
+#define VXSKELETON_H
 
 #include <vxcore/vxnode.h>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXSTRINGPROPERTY_H
-#define VXCORE_VXSTRINGPROPERTY_H
+#ifndef VXSTRINGPROPERTY_H
+#define VXSTRINGPROPERTY_H
 
 #include <vxcore/vxproperty.h>
 

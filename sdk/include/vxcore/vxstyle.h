@@ -1,13 +1,11 @@
-#ifndef VXCORE_VXSTYLE_H
-#define VXCORE_VXSTYLE_H
+#ifndef VXSTYLE_H
+#define VXSTYLE_H
 
 #include <QtGui/QColor>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QProxyStyle>
-
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxstyleoption.h>
 #include <vxcore/vxtextstyle.h>

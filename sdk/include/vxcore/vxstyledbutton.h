@@ -1,9 +1,8 @@
-#ifndef VXCORE_VXSTYLEDBUTTON_H
-#define VXCORE_VXSTYLEDBUTTON_H
+#ifndef VXSTYLEDBUTTON_H
+#define VXSTYLEDBUTTON_H
 
 #include <QtWidgets/QPushButton>
 #include <memory>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// A push button for narrow spaces, mostly one that opens a menu (setMenu()): its text is elided

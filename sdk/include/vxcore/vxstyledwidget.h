@@ -1,8 +1,7 @@
-#ifndef VXCORE_VXSTYLEDWIDGET_H
-#define VXCORE_VXSTYLEDWIDGET_H
+#ifndef VXSTYLEDWIDGET_H
+#define VXSTYLEDWIDGET_H
 
 #include <QtWidgets/QWidget>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// A container whose background is drawn by the style, so that a style sheet can give it a

@@ -1,8 +1,7 @@
-#ifndef VXCORE_VXSTYLEOPTION_H
-#define VXCORE_VXSTYLEOPTION_H
+#ifndef VXSTYLEOPTION_H
+#define VXSTYLEOPTION_H
 
 #include <QtWidgets/QStyleOption>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// The option of the application's own primitives: a plain option with one number, whose meaning

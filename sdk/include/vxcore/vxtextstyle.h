@@ -1,10 +1,9 @@
-#ifndef VXCORE_VXTEXTSTYLE_H
-#define VXCORE_VXTEXTSTYLE_H
+#ifndef VXTEXTSTYLE_H
+#define VXTEXTSTYLE_H
 
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
-
 #include <vxcore/vxcoreglobal.h>
 
 /// The style of one kind of text: its colour, its font and the font's metrics. A plain value: the

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXTIME_H
-#define VXCORE_VXTIME_H
+#ifndef VXTIME_H
+#define VXTIME_H
 
 #include <QtCore/QMetaType>
 

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXTIMEAXIS_H
-#define VXCORE_VXTIMEAXIS_H
+#ifndef VXTIMEAXIS_H
+#define VXTIMEAXIS_H
 
 #include <QtCore/QObject>
 #include <vxcore/vxcoreglobal.h>

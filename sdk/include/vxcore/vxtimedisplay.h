@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXTIMEDISPLAY_H
-#define VXCORE_VXTIMEDISPLAY_H
+#ifndef VXTIMEDISPLAY_H
+#define VXTIMEDISPLAY_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

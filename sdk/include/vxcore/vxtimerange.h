@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXTIMERANGE_H
-#define VXCORE_VXTIMERANGE_H
+#ifndef VXTIMERANGE_H
+#define VXTIMERANGE_H
 
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxtime.h>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXTYPEDINPUT_H
-#define VXCORE_VXTYPEDINPUT_H
+#ifndef VXTYPEDINPUT_H
+#define VXTYPEDINPUT_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

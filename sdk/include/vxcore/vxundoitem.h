@@ -1,9 +1,8 @@
-#ifndef VXCORE_VXUNDOITEM_H
-#define VXCORE_VXUNDOITEM_H
-
-#include <vxcore/vxcoreglobal.h>
+#ifndef VXUNDOITEM_H
+#define VXUNDOITEM_H
 
 #include <QtCore/qglobal.h>
+#include <vxcore/vxcoreglobal.h>
 
 class VxJournalWriter;
 

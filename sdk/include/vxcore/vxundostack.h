@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXUNDOSTACK_H
-#define VXCORE_VXUNDOSTACK_H
+#ifndef VXUNDOSTACK_H
+#define VXUNDOSTACK_H
 
 #include <QtCore/QObject>
 #include <memory>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXUNDOSTACKHOLD_H
-#define VXCORE_VXUNDOSTACKHOLD_H
+#ifndef VXUNDOSTACKHOLD_H
+#define VXUNDOSTACKHOLD_H
 
 #include <QtCore/QString>
 #include <memory>

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXVERSION_H
-#define VXCORE_VXVERSION_H
+#ifndef VXVERSION_H
+#define VXVERSION_H
 
 #include <QtCore/QString>
 #include <vxcore/vxcoreglobal.h>

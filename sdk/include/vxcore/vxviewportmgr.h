@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXVIEWPORTMGR_H
-#define VXCORE_VXVIEWPORTMGR_H
+#ifndef VXVIEWPORTMGR_H
+#define VXVIEWPORTMGR_H
 
 #include <QtCore/QObject>
 #include <memory>

@@ -1,6 +1,7 @@
 #include "app/timelinepalette.h"
 
 #include "style/vxcolors.h"
+
 #include <QtGui/QtEvents>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>

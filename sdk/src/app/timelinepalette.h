@@ -1,5 +1,5 @@
-#ifndef APP_TIMELINEPALETTE_H
-#define APP_TIMELINEPALETTE_H
+#ifndef TIMELINEPALETTE_H
+#define TIMELINEPALETTE_H
 
 #include <QtCore/QObject>
 #include <QtGui/QPalette>

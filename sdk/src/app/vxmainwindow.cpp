@@ -1,6 +1,7 @@
 #include <vxcore/vxmainwindow.h>
 
 #include "app/timelinepalette.h"
+
 #include <QtWidgets/QStatusBar>
 #include <vxcore/vxactionmgr.h>
 #include <vxcore/vxapp.h>

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYCOLLISION_H
-#define KEYS_KEYCOLLISION_H
+#ifndef KEYCOLLISION_H
+#define KEYCOLLISION_H
 
 #include <vector>
 #include <vxcore/vxkeyedit.h>

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYDELTA_H
-#define KEYS_KEYDELTA_H
+#ifndef KEYDELTA_H
+#define KEYDELTA_H
 
 #include "keys/keytrack.h"
 

@@ -1,10 +1,9 @@
-#include <vxcore/vxkeyedit.h>
-
 #include "keys/keycollision.h"
 #include "keys/keymovemerge.h"
 #include "keys/keytrack.h"
 
 #include <algorithm>
+#include <vxcore/vxkeyedit.h>
 
 namespace {
 

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYEVALUATOR_H
-#define KEYS_KEYEVALUATOR_H
+#ifndef KEYEVALUATOR_H
+#define KEYEVALUATOR_H
 
 #include "keys/keysegment.h"
 #include "keys/keytrack.h"
@@ -56,8 +56,8 @@ public:
     }
 
 private:
-    // Computes the times of equally spaced keys: cache misses are most of the cost of a frame in a
-    // large scene.
+    /// Computes the times of equally spaced keys: cache misses are most of the cost of a frame in a
+    /// large scene.
     VxTime timeOf(int i) const
     {
         return m_spacing > 0 ? VxTime(m_spacedFrom + qint64(i) * m_spacing) : m_keys.times[i];
@@ -73,8 +73,8 @@ private:
         return KeyTraits<V>::Steps || i < 0 || i + 1 == m_keys.count || timeOf(i) == time ||
                type(i) == VxKeyInterp::Constant;
     }
-    // A uniform type saves fetching the types, a third of the memory that a frame of playback
-    // reads.
+    /// A uniform type saves fetching the types, a third of the memory that a frame of playback
+    /// reads.
     quint8 type(int i) const
     {
         return m_uniformType != MixedKeyTypes ? m_uniformType : m_keys.types[i];
@@ -85,7 +85,8 @@ private:
             return m_spacing > 0 && !m_keys.tcb ? evenCurve(i) : smoothCurve(i);
         return linearSegment(plainKey(i), plainKey(i + 1));
     }
-    // Smooth keys at even spacing, as in baked motion: three divisions fewer, and no times fetched.
+    /// Smooth keys at even spacing, as in baked motion: three divisions fewer, and no times
+    /// fetched.
     CurveSegment evenCurve(int i) const
     {
         const V *values = m_keys.values + i;

@@ -1,7 +1,6 @@
-#include <vxcore/vxkeyfilter.h>
-
 #include <algorithm>
 #include <cmath>
+#include <vxcore/vxkeyfilter.h>
 
 namespace {
 

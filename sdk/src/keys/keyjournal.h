@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYJOURNAL_H
-#define KEYS_KEYJOURNAL_H
+#ifndef KEYJOURNAL_H
+#define KEYJOURNAL_H
 
 #include "keys/keytrack.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYMOVEMERGE_H
-#define KEYS_KEYMOVEMERGE_H
+#ifndef KEYMOVEMERGE_H
+#define KEYMOVEMERGE_H
 
 #include <vector>
 #include <vxcore/vxtime.h>

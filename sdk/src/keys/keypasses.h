@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYPASSES_H
-#define KEYS_KEYPASSES_H
+#ifndef KEYPASSES_H
+#define KEYPASSES_H
 
 #include <vxcore/vxtime.h>
 

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYSAMPLES_H
-#define KEYS_KEYSAMPLES_H
+#ifndef KEYSAMPLES_H
+#define KEYSAMPLES_H
 
 #include "keys/tcbchain.h"
 

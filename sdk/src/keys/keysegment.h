@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYSEGMENT_H
-#define KEYS_KEYSEGMENT_H
+#ifndef KEYSEGMENT_H
+#define KEYSEGMENT_H
 
 #include <vxcore/vxkey.h>
 

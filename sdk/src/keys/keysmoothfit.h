@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYSMOOTHFIT_H
-#define KEYS_KEYSMOOTHFIT_H
+#ifndef KEYSMOOTHFIT_H
+#define KEYSMOOTHFIT_H
 
 #include "keys/keysamples.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYSTORE_H
-#define KEYS_KEYSTORE_H
+#ifndef KEYSTORE_H
+#define KEYSTORE_H
 
 #include "keys/keydelta.h"
 #include "keys/keyevaluator.h"
@@ -81,7 +81,7 @@ private:
     VxTimeRange spanOf(const QVector<int> &indexes) const;
     bool areIndexes(const QVector<int> &indexes) const;
 
-    // First what the evaluation of a frame reads: with the table of functions two cache lines.
+    /// First what the evaluation of a frame reads: with the table of functions two cache lines.
     KeyTrack<V> m_track;
     mutable int m_cursor = 0;
     V m_stored;

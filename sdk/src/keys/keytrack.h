@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYTRACK_H
-#define KEYS_KEYTRACK_H
+#ifndef KEYTRACK_H
+#define KEYTRACK_H
 
 #include <algorithm>
 #include <utility>

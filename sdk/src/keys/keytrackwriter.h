@@ -1,5 +1,5 @@
-#ifndef KEYS_KEYTRACKWRITER_H
-#define KEYS_KEYTRACKWRITER_H
+#ifndef KEYTRACKWRITER_H
+#define KEYTRACKWRITER_H
 
 #include "keys/keytrack.h"
 
@@ -50,7 +50,7 @@ public:
             m_out.m_tcb[m_count] = from.tcb[i];
         ++m_count;
     }
-    // Adds keys of a track by index, each with a new time.
+    /// Adds keys of a track by index, each with a new time.
     void addPicked(const Columns &from, const std::vector<int> &indexes,
                    const std::vector<VxTime> &times)
     {

@@ -1,7 +1,6 @@
 // Wait rule: moved keys queue up beside keys that are not edited.
 
 #include "keys/keycollision.h"
-
 #include "keys/keypasses.h"
 #include "keys/keytrack.h"
 

@@ -1,5 +1,5 @@
-#ifndef KEYS_NUMERICRECORD_H
-#define KEYS_NUMERICRECORD_H
+#ifndef NUMERICRECORD_H
+#define NUMERICRECORD_H
 
 #include "keys/keystore.h"
 #include "keys/recordmemory.h"

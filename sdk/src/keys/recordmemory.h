@@ -1,5 +1,5 @@
-#ifndef KEYS_RECORDMEMORY_H
-#define KEYS_RECORDMEMORY_H
+#ifndef RECORDMEMORY_H
+#define RECORDMEMORY_H
 
 #include <cstddef>
 

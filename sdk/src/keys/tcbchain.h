@@ -1,7 +1,8 @@
-#ifndef KEYS_TCBCHAIN_H
-#define KEYS_TCBCHAIN_H
+#ifndef TCBCHAIN_H
+#define TCBCHAIN_H
 
 #include "keys/keysegment.h"
+
 #include <array>
 #include <vector>
 #include <vxcore/vxcurvefit.h>

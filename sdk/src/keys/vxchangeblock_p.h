@@ -1,11 +1,10 @@
 #ifndef VXCHANGEBLOCK_P_H
 #define VXCHANGEBLOCK_P_H
 
-#include <vxcore/vxchangeblock.h>
-
 #include "keys/vxproperty_p.h"
 
 #include <functional>
+#include <vxcore/vxchangeblock.h>
 
 /// The list of properties that changed within the open block.
 namespace VxPendingChanges {

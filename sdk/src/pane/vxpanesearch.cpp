@@ -1,5 +1,6 @@
-#include <vxcore/vxpane.h>
 #include <vxcore/vxpanesearch.h>
+
+#include <vxcore/vxpane.h>
 
 VxPaneSearch::VxPaneSearch(VxPane *pane)
     : QObject(pane)

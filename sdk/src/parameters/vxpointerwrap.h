@@ -1,5 +1,5 @@
-#ifndef PANE_VXPOINTERWRAP_H
-#define PANE_VXPOINTERWRAP_H
+#ifndef VXPOINTERWRAP_H
+#define VXPOINTERWRAP_H
 
 /// Extends a horizontal drag beyond the screen's edges: at an edge the pointer is warped to the
 /// other side, and the jump is subtracted.

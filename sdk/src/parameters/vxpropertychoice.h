@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYCHOICE_H
-#define PANE_VXPROPERTYCHOICE_H
+#ifndef VXPROPERTYCHOICE_H
+#define VXPROPERTYCHOICE_H
 
 #include <QtCore/QVector>
 

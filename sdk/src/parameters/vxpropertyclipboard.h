@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYCLIPBOARD_H
-#define PANE_VXPROPERTYCLIPBOARD_H
+#ifndef VXPROPERTYCLIPBOARD_H
+#define VXPROPERTYCLIPBOARD_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYDELEGATE_H
-#define PANE_VXPROPERTYDELEGATE_H
+#ifndef VXPROPERTYDELEGATE_H
+#define VXPROPERTYDELEGATE_H
 
 #include <QtWidgets/QStyledItemDelegate>
 

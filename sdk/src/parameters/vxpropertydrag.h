@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYDRAG_H
-#define PANE_VXPROPERTYDRAG_H
+#ifndef VXPROPERTYDRAG_H
+#define VXPROPERTYDRAG_H
 
 #include "parameters/vxpointerwrap.h"
 #include "parameters/vxpropertyedit.h"

@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYEDIT_H
-#define PANE_VXPROPERTYEDIT_H
+#ifndef VXPROPERTYEDIT_H
+#define VXPROPERTYEDIT_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYHINTS_H
-#define PANE_VXPROPERTYHINTS_H
+#ifndef VXPROPERTYHINTS_H
+#define VXPROPERTYHINTS_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

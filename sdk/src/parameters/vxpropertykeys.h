@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYKEYS_H
-#define PANE_VXPROPERTYKEYS_H
+#ifndef VXPROPERTYKEYS_H
+#define VXPROPERTYKEYS_H
 
 #include <QtCore/QVector>
 #include <vxcore/vxpropertylistitemmodel.h>

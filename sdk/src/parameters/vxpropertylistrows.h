@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYLISTROWS_H
-#define PANE_VXPROPERTYLISTROWS_H
+#ifndef VXPROPERTYLISTROWS_H
+#define VXPROPERTYLISTROWS_H
 
 #include <QtCore/QString>
 #include <QtCore/QVector>

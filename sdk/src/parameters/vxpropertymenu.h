@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYMENU_H
-#define PANE_VXPROPERTYMENU_H
+#ifndef VXPROPERTYMENU_H
+#define VXPROPERTYMENU_H
 
 #include <QtCore/QVector>
 #include <QtWidgets/QMenu>

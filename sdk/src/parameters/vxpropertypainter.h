@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYPAINTER_H
-#define PANE_VXPROPERTYPAINTER_H
+#ifndef VXPROPERTYPAINTER_H
+#define VXPROPERTYPAINTER_H
 
 #include <QtCore/QRect>
 #include <QtWidgets/QStyleOptionViewItem>

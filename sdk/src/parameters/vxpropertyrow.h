@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYROW_H
-#define PANE_VXPROPERTYROW_H
+#ifndef VXPROPERTYROW_H
+#define VXPROPERTYROW_H
 
 #include <QtCore/QString>
 #include <vxcore/vxpropertylistitemmodel.h>

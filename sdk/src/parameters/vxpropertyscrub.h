@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYSCRUB_H
-#define PANE_VXPROPERTYSCRUB_H
+#ifndef VXPROPERTYSCRUB_H
+#define VXPROPERTYSCRUB_H
 
 #include <QtCore/Qt>
 

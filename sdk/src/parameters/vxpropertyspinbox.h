@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYSPINBOX_H
-#define PANE_VXPROPERTYSPINBOX_H
+#ifndef VXPROPERTYSPINBOX_H
+#define VXPROPERTYSPINBOX_H
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>

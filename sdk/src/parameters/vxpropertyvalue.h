@@ -1,5 +1,5 @@
-#ifndef PANE_VXPROPERTYVALUE_H
-#define PANE_VXPROPERTYVALUE_H
+#ifndef VXPROPERTYVALUE_H
+#define VXPROPERTYVALUE_H
 
 #include <QtCore/QString>
 #include <functional>

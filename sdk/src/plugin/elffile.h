@@ -1,5 +1,5 @@
-#ifndef PLUGIN_ELFFILE_H
-#define PLUGIN_ELFFILE_H
+#ifndef ELFFILE_H
+#define ELFFILE_H
 
 #include <QtCore/QString>
 

@@ -1,5 +1,5 @@
-#ifndef SCENE_AFFINETRANSFORM_H
-#define SCENE_AFFINETRANSFORM_H
+#ifndef AFFINETRANSFORM_H
+#define AFFINETRANSFORM_H
 
 #include <QtGui/QMatrix4x4>
 #include <optional>

@@ -1,5 +1,5 @@
-#ifndef SCENE_DEFERREDDELETION_H
-#define SCENE_DEFERREDDELETION_H
+#ifndef DEFERREDDELETION_H
+#define DEFERREDDELETION_H
 
 #include <QtCore/QObject>
 #include <QtCore/QVector>

@@ -4,6 +4,7 @@
 #include "scene/vxelement_p.h"
 #include "scene/vxnode_p.h"
 #include "undo/vxundovalueitem.h"
+
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxundostack.h>

@@ -1,5 +1,5 @@
-#ifndef SCENE_ELEMENTUNDO_H
-#define SCENE_ELEMENTUNDO_H
+#ifndef ELEMENTUNDO_H
+#define ELEMENTUNDO_H
 
 #include <QtCore/QPointer>
 #include <vxcore/vxnode.h>

@@ -1,5 +1,5 @@
-#ifndef SCENE_JOURNALITEMS_H
-#define SCENE_JOURNALITEMS_H
+#ifndef JOURNALITEMS_H
+#define JOURNALITEMS_H
 
 #include <QtCore/QtGlobal>
 #include <vxcore/vxjournalreader.h>

@@ -1,5 +1,5 @@
-#ifndef SCENE_MARKERINPUT_H
-#define SCENE_MARKERINPUT_H
+#ifndef MARKERINPUT_H
+#define MARKERINPUT_H
 
 #include <QtCore/QString>
 #include <vxcore/vxmarkers.h>

@@ -1,7 +1,8 @@
-#ifndef SCENE_NODECONTROLS_H
-#define SCENE_NODECONTROLS_H
+#ifndef NODECONTROLS_H
+#define NODECONTROLS_H
 
 #include "scene/affinetransform.h"
+
 #include <array>
 #include <vxcore/vxnode.h>
 

@@ -1,5 +1,5 @@
-#ifndef SCENE_NODEPLACEMENT_H
-#define SCENE_NODEPLACEMENT_H
+#ifndef NODEPLACEMENT_H
+#define NODEPLACEMENT_H
 
 #include "scene/nodecontrols.h"
 

@@ -1,6 +1,7 @@
 #include "scene/nodesamples.h"
 
 #include "scene/vxnode_p.h"
+
 #include <QtCore/QSet>
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,8 @@
-#ifndef SCENE_NODESAMPLES_H
-#define SCENE_NODESAMPLES_H
+#ifndef NODESAMPLES_H
+#define NODESAMPLES_H
 
 #include "scene/nodecontrols.h"
+
 #include <vector>
 
 /// The values of a node's controls at many times, a column a control, and their transforms.

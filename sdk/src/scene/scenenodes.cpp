@@ -5,6 +5,7 @@
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
+
 #include <algorithm>
 #include <vxcore/vxundostack.h>
 

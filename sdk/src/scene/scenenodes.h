@@ -1,5 +1,5 @@
-#ifndef SCENE_SCENENODES_H
-#define SCENE_SCENENODES_H
+#ifndef SCENENODES_H
+#define SCENENODES_H
 
 #include <QtCore/QHash>
 #include <QtCore/QPointer>

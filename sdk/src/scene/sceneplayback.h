@@ -1,7 +1,8 @@
-#ifndef SCENE_SCENEPLAYBACK_H
-#define SCENE_SCENEPLAYBACK_H
+#ifndef SCENEPLAYBACK_H
+#define SCENEPLAYBACK_H
 
 #include "time/playbackclock.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 

@@ -1,5 +1,5 @@
-#ifndef SCENE_SCENESELECTION_H
-#define SCENE_SCENESELECTION_H
+#ifndef SCENESELECTION_H
+#define SCENESELECTION_H
 
 #include <QtCore/QPointer>
 #include <QtCore/QVector>

@@ -7,6 +7,7 @@
 #include "scene/vxnode_p.h"
 #include "scene/vxscene_p.h"
 #include "undo/journalvalues.h"
+
 #include <vxcore/vxjournalwriter.h>
 
 NodePlaceItem::NodePlaceItem(VxScene *scene, VxNode *node, const NodePlace &place)

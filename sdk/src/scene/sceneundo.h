@@ -1,5 +1,5 @@
-#ifndef SCENE_SCENEUNDO_H
-#define SCENE_SCENEUNDO_H
+#ifndef SCENEUNDO_H
+#define SCENEUNDO_H
 
 #include <QtCore/QPointer>
 #include <optional>

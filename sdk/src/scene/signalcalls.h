@@ -1,5 +1,5 @@
-#ifndef SCENE_SIGNALCALLS_H
-#define SCENE_SIGNALCALLS_H
+#ifndef SIGNALCALLS_H
+#define SIGNALCALLS_H
 
 class QString;
 

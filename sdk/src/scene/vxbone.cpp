@@ -1,6 +1,7 @@
 #include <vxcore/vxbone.h>
 
 #include "scene/vxnode_p.h"
+
 #include <vxcore/vxskeleton.h>
 
 VxBone::VxBone(const QString &name)

@@ -1,5 +1,5 @@
-#ifndef VXCORE_VXCURRENTTIME_H
-#define VXCORE_VXCURRENTTIME_H
+#ifndef VXCURRENTTIME_H
+#define VXCURRENTTIME_H
 
 #include <vxcore/vxscene.h>
 

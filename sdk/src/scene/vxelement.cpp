@@ -4,6 +4,7 @@
 #include "scene/deferreddeletion.h"
 #include "scene/elementundo.h"
 #include "undo/vxundovalueitem.h"
+
 #include <algorithm>
 #include <iterator>
 #include <vxcore/vxnode.h>

@@ -1,6 +1,7 @@
 #include <vxcore/vxmorph.h>
 
 #include "scene/vxelement_p.h"
+
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>
 

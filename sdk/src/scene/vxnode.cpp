@@ -5,6 +5,7 @@
 #include "scene/scenenodes.h"
 #include "scene/vxscene_p.h"
 #include "undo/vxundovalueitem.h"
+
 #include <algorithm>
 #include <cmath>
 #include <vxcore/vxfloatproperty.h>

@@ -3,6 +3,7 @@
 #include "keys/vxproperty_p.h"
 #include "scene/deferreddeletion.h"
 #include "scene/vxscene_p.h"
+
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxobject.h>

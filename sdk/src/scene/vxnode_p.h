@@ -3,6 +3,7 @@
 
 #include "scene/nodecontrols.h"
 #include "scene/vxelement_p.h"
+
 #include <QtGui/QIcon>
 
 enum class NodeIcon { Node, Skeleton, Bone };

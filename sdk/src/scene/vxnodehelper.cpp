@@ -1,6 +1,7 @@
 #include <vxcore/vxnodehelper.h>
 
 #include "scene/worldtransformkeeper.h"
+
 #include <vxcore/vxnode.h>
 
 bool VxNodeHelper::isShown(const VxNode *node)

@@ -3,6 +3,7 @@
 #include "scene/deferreddeletion.h"
 #include "scene/elementundo.h"
 #include "scene/vxelement_p.h"
+
 #include <vxcore/vxnode.h>
 
 class VxObject::Private : public VxElement::Private

@@ -4,6 +4,7 @@
 #include "scene/deferreddeletion.h"
 #include "scene/vxnode_p.h"
 #include "undo/vxundovalueitem.h"
+
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 

@@ -4,6 +4,7 @@
 #include "scene/scenenodes.h"
 #include "scene/sceneplayback.h"
 #include "scene/sceneselection.h"
+
 #include <vxcore/vxscene.h>
 
 class VxProperty;

@@ -1,11 +1,11 @@
-#include <vxcore/vxlocalnumber.h>
 #include <vxcore/vxscenetimedisplay.h>
-
-#include <vxcore/vxscene.h>
 
 #include "scene/markerinput.h"
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
+
+#include <vxcore/vxlocalnumber.h>
+#include <vxcore/vxscene.h>
 
 class VxSceneTimeDisplay::Private
 {

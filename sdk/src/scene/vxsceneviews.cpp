@@ -1,9 +1,9 @@
 #include <vxcore/vxsceneviews.h>
 
-#include <vxcore/vxscene.h>
-
 #include "scene/vxelement_p.h"
 #include "undo/vxundovalueitem.h"
+
+#include <vxcore/vxscene.h>
 
 class VxSceneViews::Private
 {

@@ -1,6 +1,7 @@
 #include <vxcore/vxskeleton.h>
 
 #include "scene/vxnode_p.h"
+
 #include <vxcore/vxbone.h>
 
 VxSkeleton::VxSkeleton(const QString &name)

@@ -1,6 +1,7 @@
 #include "scene/worldtransformkeeper.h"
 
 #include "scene/vxnode_p.h"
+
 #include <QtCore/QVector>
 #include <algorithm>
 #include <cmath>

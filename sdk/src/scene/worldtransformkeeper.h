@@ -1,8 +1,9 @@
-#ifndef SCENE_WORLDTRANSFORMKEEPER_H
-#define SCENE_WORLDTRANSFORMKEEPER_H
+#ifndef WORLDTRANSFORMKEEPER_H
+#define WORLDTRANSFORMKEEPER_H
 
 #include "scene/nodeplacement.h"
 #include "scene/nodesamples.h"
+
 #include <vector>
 
 /// Preserves the world transform of a node that moves from one parent to another: at one time, and

@@ -1,5 +1,5 @@
-#ifndef SCRIPT_RUNNINGENGINES_H
-#define SCRIPT_RUNNINGENGINES_H
+#ifndef RUNNINGENGINES_H
+#define RUNNINGENGINES_H
 
 class QScriptContext;
 class QScriptEngine;

@@ -1,5 +1,5 @@
-#ifndef SCRIPT_SCRIPTARGUMENTS_H
-#define SCRIPT_SCRIPTARGUMENTS_H
+#ifndef SCRIPTARGUMENTS_H
+#define SCRIPTARGUMENTS_H
 
 #include "scene/deferreddeletion.h"
 #include "script/scripttext.h"

@@ -1,5 +1,5 @@
-#ifndef SCRIPT_SCRIPTBINDINGS_H
-#define SCRIPT_SCRIPTBINDINGS_H
+#ifndef SCRIPTBINDINGS_H
+#define SCRIPTBINDINGS_H
 
 class QScriptEngine;
 class QScriptValue;

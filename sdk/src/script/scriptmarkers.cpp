@@ -2,10 +2,9 @@
 #include "script/scriptbindings.h"
 
 #include <QtGui/QColor>
+#include <cmath>
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
-
-#include <cmath>
 
 namespace {
 

@@ -1,5 +1,5 @@
-#ifndef SCRIPT_SCRIPTMEMBERS_H
-#define SCRIPT_SCRIPTMEMBERS_H
+#ifndef SCRIPTMEMBERS_H
+#define SCRIPTMEMBERS_H
 
 #include <QtCore/QStringList>
 

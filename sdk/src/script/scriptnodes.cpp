@@ -1,6 +1,7 @@
 #include "script/scriptarguments.h"
 #include "script/scriptbindings.h"
 
+#include <memory>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
@@ -12,8 +13,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstringproperty.h>
-
-#include <memory>
 
 namespace {
 

@@ -2,6 +2,10 @@
 #include "script/scriptarguments.h"
 #include "script/scriptbindings.h"
 
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxfloatproperty.h>
@@ -11,11 +15,6 @@
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstringproperty.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <limits>
 
 namespace {
 

@@ -1,13 +1,12 @@
 #include "script/scriptarguments.h"
 #include "script/scriptbindings.h"
 
+#include <memory>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxmarkers.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
 #include <vxcore/vxskeleton.h>
-
-#include <memory>
 
 namespace {
 

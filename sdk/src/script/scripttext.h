@@ -1,5 +1,5 @@
-#ifndef SCRIPT_SCRIPTTEXT_H
-#define SCRIPT_SCRIPTTEXT_H
+#ifndef SCRIPTTEXT_H
+#define SCRIPTTEXT_H
 
 #include <QtCore/QCoreApplication>
 

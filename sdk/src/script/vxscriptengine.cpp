@@ -10,11 +10,10 @@
 #include <QtCore/QTimer>
 #include <QtScript/QScriptEngine>
 #include <QtScript/QScriptValueIterator>
+#include <unistd.h>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxpluginmgr.h>
 #include <vxcore/vxundostack.h>
-
-#include <unistd.h>
 
 namespace {
 

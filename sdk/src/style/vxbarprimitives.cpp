@@ -1,13 +1,12 @@
 #include "style/vxbarprimitives.h"
 
+#include "style/vxcolors.h"
+
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QStyleOption>
-
 #include <algorithm>
 #include <cmath>
-
-#include "style/vxcolors.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 class QPainter;
 class QStyleOption;
 
-// The drawing of panes, button strips and dividers. See VxStyle::PrimitiveId. Rectangles must not
-// be empty.
+/// The drawing of panes, button strips and dividers. See VxStyle::PrimitiveId. Rectangles must not
+/// be empty.
 namespace VxBarPrimitives {
 
 void drawPaneBackground(const QStyleOption *option, QPainter *painter);

@@ -1,9 +1,9 @@
 #include "style/vxcontrastframes.h"
 
+#include "style/vxcolors.h"
+
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOption>
-
-#include "style/vxcolors.h"
 
 namespace {
 

@@ -22,7 +22,7 @@ private:
     template <class Option, class Draw> bool drawOutlined(const QStyleOption *option, Draw draw);
     const QPalette &withOutlines(const QPalette &palette);
 
-    // The palette of the part drawn last: the base style caches pictures by palette.
+    /// The palette of the part drawn last: the base style caches pictures by palette.
     qint64 m_sourceKey = 0;
     QPalette m_palette;
 };

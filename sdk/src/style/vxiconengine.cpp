@@ -1,14 +1,13 @@
 #include "style/vxiconengine.h"
 
+#include "style/vxcolors.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QMetaEnum>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmapCache>
 #include <QtSvg/QSvgRenderer>
-
 #include <algorithm>
-
-#include "style/vxcolors.h"
 
 namespace {
 

@@ -3,12 +3,11 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QIconEngine>
-
 #include <vxcore/vxstyle.h>
 
-// Paints an icon of the style at each requested size, in the style's present colours, so that icons
-// stay sharp on every screen and follow a change of the colour scheme. An icon that outlives its
-// style keeps the scheme from its creation.
+/// Paints an icon of the style at each requested size, in the style's present colours, so that
+/// icons stay sharp on every screen and follow a change of the colour scheme. An icon that outlives
+/// its style keeps the scheme from its creation.
 class VxIconEngine : public QIconEngine
 {
 public:

@@ -1,11 +1,10 @@
 #include "style/vxkeymarkcache.h"
 
+#include "style/vxcolors.h"
+
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOption>
-
 #include <cmath>
-
-#include "style/vxcolors.h"
 
 namespace {
 

@@ -1,20 +1,19 @@
 #ifndef VXKEYMARKCACHE_H
 #define VXKEYMARKCACHE_H
 
+#include "style/vxkeymarkpainter.h"
+
 #include <QtCore/QPoint>
 #include <QtGui/QPixmap>
-
 #include <array>
-
-#include "style/vxkeymarkpainter.h"
 
 class QPainter;
 class QStyleOption;
 
-// Rendered pixmaps of key marks. A view draws thousands of marks in one repaint, with a handful of
-// pixmaps, so a lookup is an array index by look, then a comparison with the few sizes in use for
-// that look; it neither hashes nor allocates. A new size beyond the capacity replaces the oldest of
-// its look.
+/// Rendered pixmaps of key marks. A view draws thousands of marks in one repaint, with a handful of
+/// pixmaps, so a lookup is an array index by look, then a comparison with the few sizes in use for
+/// that look; it neither hashes nor allocates. A new size beyond the capacity replaces the oldest
+/// of its look.
 class VxKeyMarkCache
 {
 public:

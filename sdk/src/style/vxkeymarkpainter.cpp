@@ -1,13 +1,12 @@
 #include "style/vxkeymarkpainter.h"
 
+#include "style/vxcolors.h"
+
 #include <QtCore/QtMath>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-
 #include <algorithm>
 #include <cmath>
-
-#include "style/vxcolors.h"
 
 namespace {
 

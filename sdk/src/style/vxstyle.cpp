@@ -1,13 +1,5 @@
 #include <vxcore/vxstyle.h>
 
-#include <QtCore/QPointer>
-#include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QStyleFactory>
-#include <QtWidgets/QTreeView>
-
-#include <algorithm>
-
 #include "style/vxbarprimitives.h"
 #include "style/vxcheckprimitive.h"
 #include "style/vxcolors.h"
@@ -15,6 +7,13 @@
 #include "style/vxiconengine.h"
 #include "style/vxkeymarkcache.h"
 #include "style/vxtimelineprimitives.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QTreeView>
+#include <algorithm>
 
 class VxStyle::Private
 {

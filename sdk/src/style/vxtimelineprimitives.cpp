@@ -1,14 +1,12 @@
 #include "style/vxtimelineprimitives.h"
 
+#include "style/vxcolors.h"
+
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-
 #include <algorithm>
 #include <cmath>
-
 #include <vxcore/vxstyle.h>
-
-#include "style/vxcolors.h"
 
 namespace {
 

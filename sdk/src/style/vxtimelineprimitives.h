@@ -4,8 +4,8 @@
 class QPainter;
 class QStyleOption;
 
-// The drawing of the timeline's own primitives, except key marks. See VxStyle::PrimitiveId for
-// what each of them shows. Rectangles must not be empty.
+/// The drawing of the timeline's own primitives, except key marks. See VxStyle::PrimitiveId for
+/// what each of them shows. Rectangles must not be empty.
 namespace VxTimelinePrimitives {
 
 void drawNameColumn(const QStyleOption *option, QPainter *painter);

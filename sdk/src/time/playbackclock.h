@@ -1,5 +1,5 @@
-#ifndef TIME_PLAYBACKCLOCK_H
-#define TIME_PLAYBACKCLOCK_H
+#ifndef PLAYBACKCLOCK_H
+#define PLAYBACKCLOCK_H
 
 #include <QtCore/qglobal.h>
 #include <vxcore/vxtimerange.h>

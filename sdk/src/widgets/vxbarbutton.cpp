@@ -1,11 +1,11 @@
 #include <vxcore/vxbarbutton.h>
 
+#include "widgets/vxkitpaint.h"
+
 #include <QAction>
 #include <QHelpEvent>
 #include <QStylePainter>
 #include <QToolTip>
-
-#include "widgets/vxkitpaint.h"
 
 using namespace VxKitPaint;
 

@@ -1,8 +1,8 @@
 #include "widgets/vxbarseparator.h"
 
-#include <QPainter>
-
 #include "widgets/vxkitpaint.h"
+
+#include <QPainter>
 
 using namespace VxKitPaint;
 

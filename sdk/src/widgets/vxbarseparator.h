@@ -3,8 +3,8 @@
 
 #include <vxcore/vxbuttonbar.h>
 
-// A separator of two groups of a button bar. A widget like the buttons, so that the bar lays out,
-// shows and hides all its items in one way.
+/// A separator of two groups of a button bar. A widget like the buttons, so that the bar lays out,
+/// shows and hides all its items in one way.
 class VxBarSeparator : public QWidget
 {
     Q_OBJECT

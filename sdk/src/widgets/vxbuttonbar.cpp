@@ -1,16 +1,15 @@
 #include <vxcore/vxbuttonbar.h>
 
+#include "widgets/vxbarseparator.h"
+#include "widgets/vxkitpaint.h"
+
 #include <QChildEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QStyleOption>
 #include <map>
 #include <vector>
-
 #include <vxcore/vxbarbutton.h>
-
-#include "widgets/vxbarseparator.h"
-#include "widgets/vxkitpaint.h"
 
 using namespace VxKitPaint;
 

@@ -4,7 +4,7 @@
 #include <QRect>
 #include <QSize>
 
-// The parts of a drop-down button, in logical pixels.
+/// The parts of a drop-down button, in logical pixels.
 struct VxButtonParts
 {
     QSize icon;                                 // empty: no icon
@@ -14,7 +14,7 @@ struct VxButtonParts
     Qt::Alignment alignment = Qt::AlignHCenter; // of icon and text beside the arrow
 };
 
-// The positions of the parts; null rectangles for parts that are missing or do not fit.
+/// The positions of the parts; null rectangles for parts that are missing or do not fit.
 struct VxButtonContents
 {
     QRect icon;
@@ -22,11 +22,11 @@ struct VxButtonContents
     QRect arrow;
 };
 
-// Lays out the parts from left to right within `area`: the arrow stays at the right end, the icon
-// keeps its size, and the text gets the rest, at most its whole width.
+/// Lays out the parts from left to right within `area`: the arrow stays at the right end, the icon
+/// keeps its size, and the text gets the rest, at most its whole width.
 VxButtonContents vxPlaceButtonContents(const QRect &area, const VxButtonParts &parts);
 
-// The width in which everything fits.
+/// The width in which everything fits.
 int vxButtonContentsWidth(const VxButtonParts &parts);
 
 #endif

@@ -1,10 +1,10 @@
 #include "widgets/vxdividerbar.h"
 
+#include "widgets/vxkitpaint.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOption>
-
-#include "widgets/vxkitpaint.h"
 
 using namespace VxKitPaint;
 

@@ -3,23 +3,23 @@
 
 #include <vxcore/vxdynamicdividerwgt.h>
 
-// The bar of a divider: draws the grip and converts mouse gestures to distances. It is independent
-// of the divided widgets: every distance is measured from the press, so that nothing accumulates.
+/// The bar of a divider: draws the grip and converts mouse gestures to distances. It is independent
+/// of the divided widgets: every distance is measured from the press, so that nothing accumulates.
 class VxDividerBar : public QWidget
 {
     Q_OBJECT
 
 public:
-    // `orientation` is that of the divider: Qt::Vertical makes a horizontal bar.
+    /// `orientation` is that of the divider: Qt::Vertical makes a horizontal bar.
     VxDividerBar(Qt::Orientation orientation, VxDynamicDividerWgt::BarStyle barStyle,
                  QWidget *parent);
 
-    // Pixels across the bar.
+    /// Pixels across the bar.
     int thickness() const;
 
 Q_SIGNALS:
     void dragStarted();
-    // The distance from the press along the split, in pixels.
+    /// The distance from the press along the split, in pixels.
     void dragged(int distance);
     void doubleClicked();
 

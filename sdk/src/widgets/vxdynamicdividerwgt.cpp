@@ -1,12 +1,12 @@
 #include <vxcore/vxdynamicdividerwgt.h>
 
+#include "widgets/vxdividerbar.h"
+#include "widgets/vxdividersplit.h"
+
 #include <QChildEvent>
 #include <QLayoutItem>
 #include <QStyle>
 #include <cmath>
-
-#include "widgets/vxdividerbar.h"
-#include "widgets/vxdividersplit.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include <vxcore/vxmousebutton.h>
 
+#include "widgets/vxkitpaint.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleOption>
 #include <QStylePainter>
-
-#include "widgets/vxkitpaint.h"
 
 class VxMouseButton::Private
 {

@@ -1,14 +1,14 @@
 #include <vxcore/vxstyledbutton.h>
-#include <vxcore/vxtextstyle.h>
+
+#include "widgets/vxbuttoncontents.h"
+#include "widgets/vxkitpaint.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QToolTip>
-
-#include "widgets/vxbuttoncontents.h"
-#include "widgets/vxkitpaint.h"
+#include <vxcore/vxtextstyle.h>
 
 using namespace VxKitPaint;
 

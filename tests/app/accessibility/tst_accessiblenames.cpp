@@ -1,12 +1,11 @@
 // What a screen reader finds in the whole program: every control has a name and a role.
 
-#include "studiotestbase.h"
-#include "testing/vxaccessibletree.h"
-#include "testing/vxtestmain.h"
-
 #include "document/importdialog.h"
 #include "gltfsample.h"
 #include "recovery/recoverydialog.h"
+#include "studiotestbase.h"
+#include "testing/vxaccessibletree.h"
+#include "testing/vxtestmain.h"
 
 #include <QAccessible>
 #include <QDialog>

@@ -1,7 +1,6 @@
+#include "console/consolehistory.h"
 #include "console/scriptcompletion.h"
 #include "testing/vxtestmain.h"
-
-#include "console/consolehistory.h"
 #include "testing/vxwarningguard.h"
 
 #include <QtTest>

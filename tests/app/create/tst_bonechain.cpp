@@ -1,9 +1,8 @@
-#include "posetestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "create/bonechaintool.h"
 #include "create/viewportmenu.h"
+#include "posetestbase.h"
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 
 #include <QPushButton>
 #include <random>

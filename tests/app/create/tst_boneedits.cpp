@@ -1,9 +1,8 @@
-#include "posetestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "create/boneedits.h"
 #include "dialoganswers.h"
 #include "pose/nodechannels.h"
+#include "posetestbase.h"
+#include "testing/vxtestmain.h"
 
 #include <QDoubleSpinBox>
 #include <vxcore/vxscriptengine.h>

@@ -1,6 +1,5 @@
 #include "document/loadprogress.h"
 #include "testing/vxtestmain.h"
-
 #include "testing/vxwarningguard.h"
 #include "widgets/usermessages.h"
 

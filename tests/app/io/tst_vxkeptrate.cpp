@@ -1,10 +1,9 @@
 // Frame rates that are no whole number of ticks a frame stay with the motion.
 
-#include "io/motion/vxkeptrate.h"
-
 #include "gltfsample.h"
 #include "io/csv/vxcsvreader.h"
 #include "io/gltf/vxgltfreader.h"
+#include "io/motion/vxkeptrate.h"
 #include "io/motion/vxmotionexport.h"
 #include "io/motion/vxmotionimport.h"
 #include "io/vxbvhreader.h"

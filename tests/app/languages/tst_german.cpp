@@ -1,10 +1,9 @@
 // The program in German: texts, plurals and numbers change; files, scripts and names do not.
 
+#include "preferences/languagesetting.h"
 #include "scenebytes.h"
 #include "studiotestbase.h"
 #include "testing/vxtestmain.h"
-
-#include "preferences/languagesetting.h"
 
 #include <QAbstractSpinBox>
 #include <QFile>

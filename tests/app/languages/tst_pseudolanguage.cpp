@@ -1,12 +1,11 @@
 // The whole program in a made-up language: every text that a user sees is translated.
 
-#include "studiotestbase.h"
-#include "testing/vxaccessibletree.h"
-#include "testing/vxtestmain.h"
-
 #include "document/importdialog.h"
 #include "gltfsample.h"
 #include "recovery/recoverydialog.h"
+#include "studiotestbase.h"
+#include "testing/vxaccessibletree.h"
+#include "testing/vxtestmain.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

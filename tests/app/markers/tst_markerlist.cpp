@@ -1,12 +1,11 @@
 // The list of markers in the program's window, and markers in CSV files.
 
 #include "dialoganswers.h"
-#include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "markers/markerfiles.h"
 #include "markers/markertablemodel.h"
 #include "markers/vxmarkerlistpane.h"
+#include "studiotestbase.h"
+#include "testing/vxtestmain.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>

@@ -1,12 +1,11 @@
 // The strip of markers in the program's window, edited by mouse and keyboard.
 
+#include "markers/markeredits.h"
 #include "markertestbase.h"
 #include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
-
-#include "markers/markeredits.h"
 
 #include <QHelpEvent>
 #include <QLineEdit>

@@ -2,7 +2,6 @@
 #define GESTURESESSION_H
 
 #include "../scenebytes.h"
-
 #include "create/createedits.h"
 #include "posetools/posetools.h"
 #include "posetools/posetoolsettings.h"

@@ -2,13 +2,12 @@
 #define TOOLSTESTBASE_H
 
 #include "../posetestbase.h"
-
 #include "posetools/limb.h"
 #include "posetools/posetools.h"
 #include "posetools/transformtool.h"
 #include "testing/vxmousedriver.h"
 
-// The program with the shipped figure, and a mouse that grabs parts of gizmos.
+/// The program with the shipped figure, and a mouse that grabs parts of gizmos.
 class PoseToolTest : public PoseTest
 {
 protected:
@@ -49,7 +48,7 @@ protected:
                                                            : GizmoKind::Move;
     }
 
-    // A pixel of a part at which no other part is nearer; (-1, -1) when it cannot be hit.
+    /// A pixel of a part at which no other part is nearer; (-1, -1) when it cannot be hit.
     QPoint pixelOf(GizmoPart part) const
     {
         const auto target = tool()->target();
@@ -84,7 +83,7 @@ protected:
         return node->getWorldTransform(vxScene->getTime()).column(3).toVector3D();
     }
 
-    // Presses a part, types a text and ends with Enter.
+    /// Presses a part, types a text and ends with Enter.
     void typeAmount(GizmoPart part, const QString &text) const
     {
         const QPoint at = pixelOf(part);

@@ -1,8 +1,7 @@
 #include "scenetree/sceneedits.h"
+#include "testing/vxlostrelease.h"
 #include "testing/vxtestmain.h"
 #include "toolstestbase.h"
-
-#include "testing/vxlostrelease.h"
 
 #include <QScriptEngine>
 #include <ctime>

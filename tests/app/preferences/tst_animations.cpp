@@ -1,9 +1,8 @@
 // Animations are off where the desktop's setting is off: over a bus and a portal of the test's own.
 
+#include "preferences/animations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
-
-#include "preferences/animations.h"
 
 #include <QApplication>
 #include <QDBusArgument>

@@ -1,9 +1,8 @@
 // The look of the whole program: chosen in menus, settings and on the command line, and kept.
 
+#include "preferences/appearance.h"
 #include "studiotestbase.h"
 #include "testing/vxtestmain.h"
-
-#include "preferences/appearance.h"
 
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyle.h>

@@ -1,15 +1,14 @@
 // The preferences dialog as a user has it: from the menu, by mouse and keys, over two runs.
 
+#include "preferences/animations.h"
+#include "preferences/pluginmodule.h"
+#include "preferences/preferencesdialog.h"
+#include "recovery/recoverycontroller.h"
 #include "studiotestbase.h"
 #include "testing/vxaccessibletree.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "textfit.h"
-
-#include "preferences/animations.h"
-#include "preferences/pluginmodule.h"
-#include "preferences/preferencesdialog.h"
-#include "recovery/recoverycontroller.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,8 +1,7 @@
 #include "scenetree/sceneedits.h"
 #include "testing/vxtestmain.h"
-#include "viewport/figurelines.h"
-
 #include "testing/vxwarningguard.h"
+#include "viewport/figurelines.h"
 
 #include <QtTest>
 #include <vxcore/vxfloatproperty.h>

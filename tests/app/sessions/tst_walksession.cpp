@@ -1,9 +1,8 @@
-#include "posetools/toolstestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "dialoganswers.h"
 #include "io/motion/vxmotionexport.h"
 #include "pose/inbetween.h"
+#include "posetools/toolstestbase.h"
+#include "testing/vxtestmain.h"
 
 #include <QSlider>
 #include <QSpinBox>

@@ -1,10 +1,9 @@
 // The search field of a pane's title bar: which panes have one, the texts that they get, and how it
 // shows an active search.
 
+#include "shell/panedock.h"
 #include "shell/panesearchfield.h"
 #include "testing/vxtestmain.h"
-
-#include "shell/panedock.h"
 
 #include <QAction>
 #include <QMainWindow>

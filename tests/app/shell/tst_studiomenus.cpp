@@ -1,12 +1,11 @@
-#include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "shell/aboutbox.h"
 #include "shell/keyoverview.h"
 #include "shell/keyoverviewdialog.h"
 #include "shell/menutypeahead.h"
 #include "shortcuts/shortcuteditor.h"
 #include "shortcuts/shortcutlist.h"
+#include "studiotestbase.h"
+#include "testing/vxtestmain.h"
 #include "widgets/menumnemonics.h"
 
 #include <QDialogButtonBox>

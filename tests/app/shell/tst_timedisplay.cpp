@@ -1,10 +1,9 @@
 // The unit and rate of times in the program's window: menu, status bar, tips and the document.
 
-#include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "markers/markerstrip.h"
 #include "shell/timelabel.h"
+#include "studiotestbase.h"
+#include "testing/vxtestmain.h"
 
 #include <vxcore/vxscenetimedisplay.h>
 

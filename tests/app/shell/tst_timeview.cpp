@@ -1,7 +1,6 @@
+#include "shell/timeview.h"
 #include "studiotestbase.h"
 #include "testing/vxtestmain.h"
-
-#include "shell/timeview.h"
 
 #include <QStatusBar>
 #include <vxcore/vxfloatproperty.h>

@@ -1,11 +1,10 @@
-#include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "preferences/preferencesdialog.h"
 #include "shortcuts/shortcutcatalogue.h"
 #include "shortcuts/shortcuteditor.h"
 #include "shortcuts/shortcutmodel.h"
+#include "studiotestbase.h"
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,7 +1,6 @@
 #include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "testing/vxscenebuilder.h"
+#include "testing/vxtestmain.h"
 
 #include <QAbstractButton>
 #include <QHelpEvent>

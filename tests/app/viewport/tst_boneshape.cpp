@@ -1,5 +1,4 @@
 #include "testing/vxtestmain.h"
-
 #include "viewport/boneshape.h"
 #include "viewport/viewportcamera.h"
 

@@ -1,9 +1,8 @@
-#include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "create/createedits.h"
 #include "dialoganswers.h"
 #include "io/vxscenecamera.h"
+#include "studiotestbase.h"
+#include "testing/vxtestmain.h"
 
 #include <QInputDialog>
 #include <QLineEdit>

@@ -1,9 +1,8 @@
 #include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
 #include "viewport/boneshape.h"
 #include "viewport/figurelines.h"
 #include "viewport/viewportcamera.h"
-
-#include "testing/vxwarningguard.h"
 
 #include <QtTest>
 #include <limits>

@@ -1,8 +1,7 @@
 #include "testing/vxtestmain.h"
-#include "viewport/figurepick.h"
-
 #include "testing/vxwarningguard.h"
 #include "viewport/figurelines.h"
+#include "viewport/figurepick.h"
 #include "viewport/viewportcamera.h"
 
 #include <QtTest>

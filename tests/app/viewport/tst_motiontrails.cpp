@@ -1,7 +1,6 @@
 #include "studiotestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 #include "viewport/motiontrails.h"
 
 #include <QPainter>

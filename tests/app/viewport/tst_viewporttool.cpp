@@ -1,10 +1,9 @@
-#include "testing/vxtestmain.h"
-#include "viewport/viewporttool.h"
-#include "viewport/viewportwidget.h"
-
 #include "testing/vxlostrelease.h"
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
+#include "viewport/viewporttool.h"
+#include "viewport/viewportwidget.h"
 
 #include <QKeyEvent>
 #include <QPainter>

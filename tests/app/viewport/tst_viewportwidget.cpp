@@ -1,10 +1,9 @@
-#include "testing/vxtestmain.h"
-#include "viewport/viewportwidget.h"
-
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "viewport/boneshape.h"
 #include "viewport/figurelines.h"
+#include "viewport/viewportwidget.h"
 
 #include <QPainter>
 #include <QSignalSpy>

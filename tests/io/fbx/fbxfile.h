@@ -183,7 +183,7 @@ private:
         return token;
     }
 
-    // A string with its first quotation mark, a word (with its colon), or one sign.
+    /// A string with its first quotation mark, a word (with its colon), or one sign.
     QByteArray take()
     {
         while (m_at < m_bytes.size() && (isspace(m_bytes[m_at]) || m_bytes[m_at] == ';')) {

@@ -31,7 +31,7 @@ inline const QVector<double> linear{4};
 inline const QVector<double> cubic{8 | 0x400};
 inline const QVector<float> noData{0, 0, 0, 0};
 
-// Curves of the three components of a property, over two seconds; the last key of one is early.
+/// Curves of the three components of a property, over two seconds; the last key of one is early.
 inline void animate(Document *document, qint64 base, qint64 layer, qint64 target,
                     const QByteArray &property, const QVector<float> &x, const QVector<float> &y,
                     const QVector<float> &z, const QVector<double> &flags = linear,
@@ -49,7 +49,7 @@ inline void spin(Document *document, qint64 base, qint64 layer, qint64 target)
             {-20, 110, 30}, cubic, {25, -60, 0, 0});
 }
 
-// A chain of three nodes of which the middle one has the properties; all rotate.
+/// A chain of three nodes of which the middle one has the properties; all rotate.
 inline Document chain(const Properties &properties)
 {
     Document document;
@@ -66,7 +66,7 @@ inline Document chain(const Properties &properties)
     return document;
 }
 
-// One node with one curve of X rotation.
+/// One node with one curve of X rotation.
 inline Document oneCurve(const QVector<double> &seconds, const QVector<float> &values,
                          const QVector<double> &flags, const QVector<float> &data,
                          const QVector<Record> &more = {})
@@ -88,7 +88,7 @@ inline float weights(int right, int nextLeft)
     return number;
 }
 
-// Two layers on one node with scale, rotation and translation each; the upper one as given.
+/// Two layers on one node with scale, rotation and translation each; the upper one as given.
 inline Document layered(const Properties &upper)
 {
     Document document;

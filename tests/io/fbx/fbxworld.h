@@ -58,7 +58,7 @@ inline Mat axisRotation(std::size_t axis, double degrees)
     return m;
 }
 
-// The first letter is applied first.
+/// The first letter is applied first.
 inline Mat euler(const Vec &v, int order)
 {
     static const char *const orders[] = {"XYZ", "XZY", "YZX", "YXZ", "ZXY", "ZYX"};

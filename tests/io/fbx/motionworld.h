@@ -55,7 +55,7 @@ inline Mat orientationOf(const VxMotionQuaternion &q)
     return m;
 }
 
-// The axis on the left in the order's name is multiplied on the left.
+/// The axis on the left in the order's name is multiplied on the left.
 inline Mat rotationOf(const Vec &degrees, VxNode::RotationOrder order)
 {
     static const char *const names[] = {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"};

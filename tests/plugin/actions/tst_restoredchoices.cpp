@@ -1,10 +1,9 @@
 #include "actionstage.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/pane/timepanechoice.h"
 
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/pane/timepanechoice.h"
 
 // The four choices that actions represent, restored from the settings of an earlier session: the
 // pane, its buttons and the check marks agree, whether the actions or the pane are created first.

@@ -1,5 +1,7 @@
 #include "actionstage.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/pane/timepanechoice.h"
+#include "vxtimelineactions/vxanimationaction.h"
 
 #include <QItemSelectionModel>
 #include <QPointer>
@@ -10,9 +12,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpaneaction.h>
 #include <vxcore/vxskeleton.h>
-
-#include "vxtimeline/pane/timepanechoice.h"
-#include "vxtimelineactions/vxanimationaction.h"
 
 namespace {
 

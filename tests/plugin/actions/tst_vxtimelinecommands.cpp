@@ -1,5 +1,8 @@
 #include "actionstage.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimelineactions/vxanimationaction.h"
 
 #include <QItemSelectionModel>
 #include <QMenu>
@@ -7,10 +10,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxskeleton.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimelineactions/vxanimationaction.h"
 
 // What the commands do when they are triggered, on rows and keys that are really there.
 class TestVxTimelineCommands : public QObject

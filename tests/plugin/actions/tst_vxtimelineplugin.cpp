@@ -1,3 +1,10 @@
+#include "actions_table.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimelineactions/vxtransportactions.h"
+#include "vxtimelineplugin.h"
+
 #include <QAction>
 #include <QCryptographicHash>
 #include <QPointer>
@@ -7,13 +14,6 @@
 #include <vxcore/vxclassfactory.h>
 #include <vxcore/vxplugin.h>
 #include <vxcore/vxscriptablefactory.h>
-
-#include "actions_table.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimelineactions/vxtransportactions.h"
-#include "vxtimelineplugin.h"
 
 class TestVxTimelinePlugin : public QObject
 {

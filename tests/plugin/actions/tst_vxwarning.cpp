@@ -1,8 +1,8 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/time/vxwarning.h"
+
+#include <QtTest>
 
 class TestVxWarning : public QObject
 {

@@ -1,9 +1,8 @@
 // The dope sheet beside the Parameters pane: the rows show every edit made in the pane.
 
 #include "dopesheettestbase.h"
-#include "testing/vxtestmain.h"
-
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 
 #include <QtCore/QRandomGenerator>
 #include <set>

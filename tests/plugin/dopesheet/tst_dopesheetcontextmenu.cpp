@@ -1,5 +1,8 @@
 #include "dopesheettestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
+#include "vxtimelineplugin.h"
 
 #include <QtCore/QTimer>
 #include <vxcore/vxaction.h>
@@ -8,10 +11,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxmenu.h>
 #include <vxcore/vxplugin.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
-#include "vxtimelineplugin.h"
 
 namespace {
 

@@ -1,5 +1,8 @@
 #include "dopesheettestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
+#include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
+#include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
@@ -11,10 +14,6 @@
 #include <random>
 #include <set>
 #include <vxcore/vxmainwindow.h>
-
-#include "vxtimeline/dopesheet/scenetimes.h"
-#include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
-#include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
 
 namespace {
 

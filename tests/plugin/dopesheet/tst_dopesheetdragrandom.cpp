@@ -1,6 +1,11 @@
 #include "dopesheettestbase.h"
+#include "testing/vxlostrelease.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/dopesheet/keydragmath.h"
+#include "vxtimeline/rows/selectedkeys.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,12 +14,6 @@
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "testing/vxlostrelease.h"
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/keydrag.h"
-#include "vxtimeline/dopesheet/keydragmath.h"
-#include "vxtimeline/rows/selectedkeys.h"
 
 namespace {
 

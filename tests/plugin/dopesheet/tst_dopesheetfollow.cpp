@@ -1,6 +1,9 @@
 #include "firstcolumnonly.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 #include <QAbstractItemModelTester>
 #include <vxcore/vxfloatproperty.h>
@@ -8,10 +11,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

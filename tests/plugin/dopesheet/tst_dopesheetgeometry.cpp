@@ -1,10 +1,9 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/time/timelinevisible.h"
 
+#include <QtTest>
 #include <memory>
 #include <random>
 

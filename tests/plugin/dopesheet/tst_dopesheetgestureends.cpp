@@ -1,13 +1,12 @@
 #include "dopesheettestbase.h"
 #include "testing/keytimes.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 
 #include <QtGui/QPaintEvent>
 #include <vxcore/vxundostack.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
 
 namespace {
 

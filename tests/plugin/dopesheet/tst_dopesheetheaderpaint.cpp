@@ -1,12 +1,11 @@
 #include "dopesheettestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/time/timelinesnap.h"
 
 #include <QtGui/QPainter>
 #include <random>
 #include <vector>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

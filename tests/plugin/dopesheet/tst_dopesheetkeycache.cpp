@@ -1,6 +1,7 @@
 #include "dopesheetrowstestbase.h"
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/rows/dopesheetkeys.h"
 
 #include <algorithm>
 #include <map>
@@ -8,8 +9,6 @@
 #include <set>
 #include <vector>
 #include <vxcore/vxchangeblock.h>
-
-#include "vxtimeline/rows/dopesheetkeys.h"
 
 namespace {
 

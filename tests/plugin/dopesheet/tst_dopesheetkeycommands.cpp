@@ -1,16 +1,15 @@
 #include "dopesheettestbase.h"
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/dopesheet/keydrag.h"
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 #include <QtTest/QSignalSpy>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/keydrag.h"
-#include "vxtimeline/rows/selectedkeys.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 namespace {
 

@@ -2,18 +2,16 @@
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "transformrowstestbase.h"
-
-#include <QtTest/QAbstractItemModelTester>
-
-#include <random>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxobject.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <random>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxobject.h>
 
 // Rows by the thousand in a shown pane: deep chains, and nodes whose property rows are made when
 // they are needed.

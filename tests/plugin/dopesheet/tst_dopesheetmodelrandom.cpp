@@ -2,22 +2,20 @@
 #include "firstcolumnonly.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
-
-#include <QtTest/QAbstractItemModelTester>
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetfiltertext.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPointer>
+#include <QtTest/QAbstractItemModelTester>
 #include <map>
 #include <random>
 #include <set>
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxundostack.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/dopesheetfiltertext.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
 using Tester = QAbstractItemModelTester;
 

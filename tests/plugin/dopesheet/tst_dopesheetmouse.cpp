@@ -1,9 +1,8 @@
 #include "dopesheetmousetestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
 
 #include <QtTest/QSignalSpy>
-
-#include "vxtimeline/keys/vxkeycommunication.h"
 
 // The mouse over the dope sheet, with real events: presses, bands, cursors and double clicks.
 class TestDopeSheetMouse : public QObject, private DopeSheetMouseTest

@@ -1,11 +1,10 @@
 #include "dopesheetrowstestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxproperty.h>
-
-#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 using namespace TimelinePropertyTypes;
 

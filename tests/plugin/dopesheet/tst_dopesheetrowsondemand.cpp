@@ -1,16 +1,14 @@
 #include "testing/vxtestmain.h"
 #include "transformrowstestbase.h"
-
-#include <QtTest/QAbstractItemModelTester>
-
-#include <malloc.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <malloc.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
 
 // Property rows of nodes without keys exist only after they were opened; the text filter searches
 // their names nevertheless.

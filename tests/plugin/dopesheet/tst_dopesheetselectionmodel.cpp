@@ -1,12 +1,11 @@
-#include <QtTest>
-
-#include <QtCore/QIdentityProxyModel>
-#include <QtGui/QStandardItemModel>
-#include <random>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+
+#include <QtCore/QIdentityProxyModel>
+#include <QtGui/QStandardItemModel>
+#include <QtTest>
+#include <random>
 
 using Flags = QItemSelectionModel::SelectionFlags;
 

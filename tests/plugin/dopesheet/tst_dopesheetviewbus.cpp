@@ -1,7 +1,6 @@
 #include "dopesheettestbase.h"
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
-
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 

@@ -1,13 +1,12 @@
 #include "dopesheettestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/pane/vxtimepane.h"
 
 #include <vector>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -1,10 +1,9 @@
 #include "dopesheettestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
 
 #include <random>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/rows/dopesheetwalk.h"
 
 // The rows of the dope sheet view and the scene's selection.
 class TestDopeSheetViewRows : public QObject, private DopeSheetTest

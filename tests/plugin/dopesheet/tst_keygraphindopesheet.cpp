@@ -1,14 +1,6 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
-
-#include <QtCore/QSortFilterProxyModel>
-#include <functional>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxmainwindow.h>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxpanemgr.h>
-
-#include "testing/vxmousedriver.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
@@ -16,6 +8,13 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
+
+#include <QtCore/QSortFilterProxyModel>
+#include <functional>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxpanemgr.h>
 
 // The key graph in the pane, beside the dope sheet: both show the same keys, selected alike.
 class TestKeyGraphInDopeSheet : public QObject, private TimePaneTest

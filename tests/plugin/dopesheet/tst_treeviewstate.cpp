@@ -1,15 +1,14 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QScrollBar>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/dopesheetwalk.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // What the view keeps while the text filter leaves rows out: a figure "arm 0" .. "arm 29" and one
 // node "leg", each with rows for nine properties.

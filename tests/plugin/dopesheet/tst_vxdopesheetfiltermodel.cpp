@@ -1,14 +1,12 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
-
-#include <QtTest/QAbstractItemModelTester>
-
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
 
 // The text filter as the pane sets it up: which rows a text accepts, and when rows are tested
 // again.

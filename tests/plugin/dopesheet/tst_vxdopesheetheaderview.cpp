@@ -1,8 +1,7 @@
 #include "dopesheettestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
-
-#include "testing/vxmousedriver.h"
 #include "vxtimeline/time/timelineplayback.h"
 
 // The dope sheet's header: its picture, and the time under the mouse. The names take 200 pixels;

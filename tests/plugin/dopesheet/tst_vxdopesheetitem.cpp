@@ -1,11 +1,10 @@
 #include "dopesheetitemtestbase.h"
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
 
 #include <random>
 #include <vxcore/vxmorph.h>
-
-#include "vxtimeline/rows/dopesheetvaluesource.h"
 
 // One row and its tree: labels, children, keys and their selection.
 class TestDopeSheetItem : public QObject, private DopeSheetItemTest

@@ -1,14 +1,13 @@
 #include "dopesheettestbase.h"
 #include "testing/keytimes.h"
-#include "testing/vxtestmain.h"
-
-#include <QtGui/QScreen>
-#include <QtWidgets/QScrollBar>
-
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/rows/dopesheetwalk.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+
+#include <QtGui/QScreen>
+#include <QtWidgets/QScrollBar>
 
 using Indexes = QVector<qint32>;
 

@@ -1,9 +1,5 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
-
-#include <QtGui/QPainter>
-#include <QtWidgets/QProxyStyle>
-
 #include "vxtimeline/keygraph/densekeypainter.h"
 #include "vxtimeline/keygraph/keygraphcanvas.h"
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
@@ -12,6 +8,8 @@
 #include "vxtimeline/keygraph/keygraphpen.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
+#include <QtGui/QPainter>
+#include <QtWidgets/QProxyStyle>
 #include <cmath>
 #include <random>
 

@@ -1,11 +1,10 @@
 #include "keygraphviewtestbase.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QMenu>
 #include <vxcore/vxviewportmgr.h>
-
-#include "testing/vxmousedriver.h"
 
 using namespace KeyDrawing;
 

@@ -1,9 +1,8 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/keygraphgrid.h"
 
+#include <QtTest>
 #include <cmath>
 #include <random>
 

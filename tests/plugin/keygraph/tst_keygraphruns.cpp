@@ -1,13 +1,12 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
-
-#include <QtWidgets/QWidget>
-
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphpainter.h"
 #include "vxtimeline/keygraph/keygraphruns.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
+
+#include <QtWidgets/QWidget>
 
 namespace {
 

@@ -1,14 +1,13 @@
-#include <QtTest>
-
-#include <algorithm>
-#include <limits>
-#include <random>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
 #include "vxtimeline/keygraph/keygraphkeys.h"
 #include "vxtimeline/keygraph/keygraphscale.h"
+
+#include <QtTest>
+#include <algorithm>
+#include <limits>
+#include <random>
 
 namespace {
 

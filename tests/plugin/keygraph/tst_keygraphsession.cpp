@@ -1,5 +1,13 @@
+#include "testing/vxlostrelease.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <cstring>
 #include <random>
@@ -8,15 +16,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "testing/vxlostrelease.h"
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

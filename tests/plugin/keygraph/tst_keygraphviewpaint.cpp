@@ -1,9 +1,8 @@
 #include "keygraphviewtestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/keygraph/keygraphpainter.h"
 
 #include <vxcore/vxmousebutton.h>
-
-#include "vxtimeline/keygraph/keygraphpainter.h"
 
 using namespace KeyDrawing;
 

@@ -1,15 +1,14 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 #include <QtWidgets/QDoubleSpinBox>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpanemgr.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 // The fields for tension, continuity and bias show the keys selected in the key graph.
 class TestTcbFieldsOfGraphKeys : public QObject, private TimePaneTest

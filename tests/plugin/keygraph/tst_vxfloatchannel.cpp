@@ -1,13 +1,11 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
-
-#include <vxcore/vxchangeblock.h>
-#include <vxcore/vxstyle.h>
-
 #include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <limits>
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxstyle.h>
 
 using namespace KeyDrawing;
 

@@ -1,5 +1,7 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/pane/vxtimepane.h"
 
 #include <QtCore/QMetaMethod>
 #include <vxcore/vxintproperty.h>
@@ -10,9 +12,6 @@
 #include <vxcore/vxpropertylistitemmodel.h>
 #include <vxcore/vxsidenavpropertylistview.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 using namespace KeyDrawing;
 

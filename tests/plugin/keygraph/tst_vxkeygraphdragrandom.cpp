@@ -1,12 +1,11 @@
 #include "keygraphviewtestbase.h"
+#include "testing/vxlostrelease.h"
 #include "testing/vxtestmain.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <random>
-
-#include "testing/vxlostrelease.h"
 
 using namespace KeyDrawing;
 

@@ -1,5 +1,6 @@
 #include "keygraphviewtestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimelineplugin.h"
 
 #include <QtCore/QTimer>
 #include <vxcore/vxaction.h>
@@ -8,8 +9,6 @@
 #include <vxcore/vxmenu.h>
 #include <vxcore/vxplugin.h>
 #include <vxcore/vxviewportmgr.h>
-
-#include "vxtimelineplugin.h"
 
 using namespace KeyDrawing;
 

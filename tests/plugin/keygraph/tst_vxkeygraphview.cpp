@@ -2,9 +2,8 @@
 #include "testing/vxtestmain.h"
 
 #include <QtCore/QMetaMethod>
-#include <vxcore/vxmousebutton.h>
-
 #include <cmath>
+#include <vxcore/vxmousebutton.h>
 
 using namespace KeyDrawing;
 

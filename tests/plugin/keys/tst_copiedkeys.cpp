@@ -1,13 +1,12 @@
-#include <QtTest>
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxtimeline/dopesheet/copiedkeys.h"
 
+#include <QtTest>
 #include <vxcore/vxboolproperty.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxstringproperty.h>
-
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxtimeline/dopesheet/copiedkeys.h"
 
 // Copied keys, without rows: what is stored, and which keys are pasted where.
 class TestCopiedKeys : public QObject

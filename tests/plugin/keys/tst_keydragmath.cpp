@@ -1,10 +1,9 @@
-#include <QtTest>
-
-#include <random>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/keydragmath.h"
+
+#include <QtTest>
+#include <random>
 
 using namespace KeyDragMath;
 

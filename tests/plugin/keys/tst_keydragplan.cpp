@@ -1,11 +1,9 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
-
-#include <QtCore/QRandomGenerator>
-
 #include "vxtimeline/keygraph/keygraphdrag.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
+#include <QtCore/QRandomGenerator>
 #include <algorithm>
 
 using namespace KeyGraphDrag;

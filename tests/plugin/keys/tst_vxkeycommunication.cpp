@@ -1,14 +1,12 @@
-#include <QtTest>
-
-#include <vxcore/vxapp.h>
-#include <vxcore/vxfloatproperty.h>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 
+#include <QtTest>
 #include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxfloatproperty.h>
 
 namespace {
 

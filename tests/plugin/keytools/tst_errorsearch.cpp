@@ -1,8 +1,8 @@
-#include <QtTest>
-#include <cmath>
-
 #include "keytools/errorsearch.h"
 #include "testing/vxtestmain.h"
+
+#include <QtTest>
+#include <cmath>
 
 /// The search for the error of a reduction by known numbers of keys.
 class tst_ErrorSearch : public QObject

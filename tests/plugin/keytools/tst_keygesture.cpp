@@ -1,6 +1,5 @@
-#include "keytoolstage.h"
-
 #include "keytools/keygesture.h"
+#include "keytoolstage.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"

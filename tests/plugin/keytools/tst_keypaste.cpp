@@ -1,5 +1,4 @@
 #include "keytoolstage.h"
-
 #include "testing/vxtestmain.h"
 
 /// Pasting of copied keys by drawings of the receiving channel; the playhead is on frame 2.

@@ -1,7 +1,6 @@
-#include "keytoolstage.h"
-
 #include "keytools/keytablemodel.h"
 #include "keytools/vxkeytablepane.h"
+#include "keytoolstage.h"
 #include "testing/vxtestmain.h"
 
 #include <QClipboard>

@@ -1,6 +1,5 @@
-#include "keytoolstage.h"
-
 #include "keytools/vxkeytoolspane.h"
+#include "keytoolstage.h"
 #include "testing/vxtestmain.h"
 
 #include <QAction>

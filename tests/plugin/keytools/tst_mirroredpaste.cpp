@@ -1,5 +1,4 @@
 #include "keytoolstage.h"
-
 #include "testing/vxtestmain.h"
 
 #include <random>

@@ -2,6 +2,12 @@
 
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/keys/accessiblepool.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 #include <QtCore/QScopeGuard>
 #include <QtGui/QAccessible>
@@ -11,13 +17,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/keys/accessiblepool.h"
-#include "vxtimeline/widgets/vxplayheadwgt.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 namespace {
 

@@ -1,5 +1,12 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QHeaderView>
@@ -9,14 +16,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxtimeaxis.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/widgets/vxplayheadwgt.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 // One time axis: what dope sheet, ruler, playhead and key graph show at one time has the same pixel
 // column, read from pictures of the pane; and the gestures that look around along it.

@@ -1,12 +1,11 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 #include <QtGui/QClipboard>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QSpinBox>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 // Typing into the pane's fields, digit by digit: the state of scene and history after
 // each, and that leaving a field adds nothing.

@@ -1,12 +1,11 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 #include <QtWidgets/QHeaderView>
 #include <cmath>
 #include <testing/vxmousedriver.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 namespace {
 

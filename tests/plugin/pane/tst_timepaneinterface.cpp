@@ -1,9 +1,8 @@
 #include "testing/vxtestmain.h"
+#include "vxtimeline/pane/vxtimepane.h"
 
 #include <QtCore/QMetaEnum>
 #include <QtTest/QtTest>
-
-#include "vxtimeline/pane/vxtimepane.h"
 
 // What scripts and connections by name use: enumerations, signals and slots with their order.
 class TestTimePaneInterface : public QObject

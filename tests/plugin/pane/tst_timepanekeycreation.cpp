@@ -1,11 +1,10 @@
 #include "ballpanetestbase.h"
 #include "testing/vxtestmain.h"
+#include "vxtimeline/keys/keycreation.h"
 
 #include <vxcore/vxbone.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxskeleton.h>
-
-#include "vxtimeline/keys/keycreation.h"
 
 // The keys that the pane creates on selected rows, figures and nodes, on one frame and on several.
 class TestTimePaneKeyCreation : public QObject, private BallPaneTest

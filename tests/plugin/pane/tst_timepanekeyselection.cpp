@@ -1,6 +1,9 @@
 #include "testing/keytimes.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <QtCore/QSortFilterProxyModel>
 #include <QtWidgets/QDoubleSpinBox>
@@ -11,10 +14,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscriptengine.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -1,14 +1,13 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
-
-#include <QtGui/QScreen>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtGui/QScreen>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
 
 // Which row's keys the ruler marks: the primary selection's, or everything's.
 class TestTimePaneKeySource : public QObject, private TimePaneTest

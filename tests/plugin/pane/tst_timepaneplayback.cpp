@@ -1,3 +1,4 @@
+#include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
@@ -6,8 +7,6 @@
 #include <QtWidgets/QSpinBox>
 #include <algorithm>
 #include <vxcore/vxnode.h>
-
-#include "testing/vxscenebuilder.h"
 
 // Playback on the real clock, with a shown pane over a figure of 1,530 channels. The machine may be
 // busy, so what may be late is judged by its median; what must not be early or left out is exact.

@@ -1,15 +1,14 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 #include <QtWidgets/QScrollBar>
 #include <random>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 // What stays in rows, keys and key graph while the rows are made anew, and over clicks on keys.
 class TestTimePaneRefresh : public QObject, private TimePaneTest

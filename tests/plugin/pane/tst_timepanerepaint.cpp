@@ -1,6 +1,11 @@
+#include "testing/vxmousedriver.h"
+#include "testing/vxscenebuilder.h"
 #include "testing/vxsessionlength.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
 
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
@@ -14,12 +19,6 @@
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxstyle.h>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 // What is on the screen after only some parts were painted anew is what a whole painting shows.
 //

@@ -1,14 +1,13 @@
 #include "testing/vxpaintwatch.h"
+#include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QHeaderView>
 #include <vxcore/vxnode.h>
-
-#include "testing/vxscenebuilder.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 // What is on the screen after changes of the time that repaint no more than they must: the same as
 // after a repaint of everything.

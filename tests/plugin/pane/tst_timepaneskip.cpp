@@ -1,5 +1,7 @@
+#include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/keys/keyskip.h"
 
 #include <QtCore/QElapsedTimer>
 #include <algorithm>
@@ -8,9 +10,6 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
-
-#include "testing/vxscenebuilder.h"
-#include "vxtimeline/keys/keyskip.h"
 
 // The way from key to key over the selected nodes:
 //

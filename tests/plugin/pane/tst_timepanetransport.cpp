@@ -1,11 +1,10 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 
 #include <QtWidgets/QToolButton>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
-
-#include "testing/vxmousedriver.h"
 
 // The pane's playback buttons and the slots behind them.
 class TestTimePaneTransport : public QObject, private TimePaneTest

@@ -1,5 +1,7 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QBoxLayout>
@@ -14,9 +16,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 // The pane as it is built.
 class TestTimePane : public QObject, private TimePaneTest

@@ -1,6 +1,8 @@
 #include "testing/keytimes.h"
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/keys/keycreation.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QDoubleSpinBox>
@@ -12,9 +14,6 @@
 #include <vxcore/vxmorph.h>
 #include <vxcore/vxobject.h>
 #include <vxcore/vxskeleton.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/keys/keycreation.h"
 
 class TestTimePaneKeys : public QObject, private TimePaneTest
 {

@@ -1,5 +1,8 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractSpinBox>
@@ -13,10 +16,6 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
 
 // View modes, the place of the controls, the key graph, and the width.
 class TestTimePaneLayout : public QObject, private TimePaneTest

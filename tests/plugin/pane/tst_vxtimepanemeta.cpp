@@ -1,9 +1,9 @@
+#include "testing/vxtestmain.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QMetaEnum>
 #include <QMetaMethod>
 #include <QtTest>
-
-#include "testing/vxtestmain.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -1,6 +1,11 @@
+#include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepaneevents.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 #include <QtCore/QItemSelectionModel>
 #include <QtWidgets/QHeaderView>
@@ -9,12 +14,6 @@
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxskeleton.h>
-
-#include "testing/vxmousedriver.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/timepaneevents.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

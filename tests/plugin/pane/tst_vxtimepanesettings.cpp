@@ -1,11 +1,10 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
+#include "vxtimeline/widgets/vxfiltermenu.h"
 
 #include <vxcore/vxactionmenu.h>
 #include <vxcore/vxsettings.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/widgets/vxfiltermenu.h"
 
 // Choices and their check marks, menus, and what is kept from session to session.
 class TestTimePaneSettings : public QObject, private TimePaneTest

@@ -1,16 +1,14 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
-
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QSpinBox>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxnode.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QSpinBox>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxnode.h>
 
 class TestTimePaneTime : public QObject, private TimePaneTest
 {

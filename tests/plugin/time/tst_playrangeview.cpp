@@ -1,9 +1,9 @@
-#include <QtTest>
-#include <random>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/time/playrangeview.h"
+
+#include <QtTest>
+#include <random>
 
 // Zooming and shifting the play range: frames of 160 ticks, an animation of 100 frames.
 class TestPlayRangeView : public QObject

@@ -1,10 +1,9 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/dopesheet/dopesheetruler.h"
 #include "vxtimeline/time/timelineruler.h"
 
+#include <QtTest>
 #include <limits>
 #include <memory>
 #include <vxcore/vxstyle.h>

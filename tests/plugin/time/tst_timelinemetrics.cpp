@@ -1,10 +1,9 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/time/timelinemetrics.h"
 #include "vxtimeline/time/timelinesnap.h"
 
+#include <QtTest>
 #include <memory>
 
 // The mapping between time and pixels, by numbers worked out by hand.

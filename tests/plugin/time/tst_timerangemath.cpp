@@ -1,9 +1,8 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/widgets/timerangemath.h"
 
+#include <QtTest>
 #include <memory>
 
 using TimeRangeMath::Part;

@@ -1,10 +1,9 @@
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/rows/dopesheetfiltertext.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
 
+#include <QtTest>
 #include <memory>
 
 // The menu of types, and the text of the other filter.

@@ -1,19 +1,17 @@
-#include <QtTest>
-
-#include <QtWidgets/QProxyStyle>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStyleOption>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
-
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/time/timelinemetrics.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 
+#include <QtTest>
+#include <QtWidgets/QProxyStyle>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyleOption>
 #include <memory>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 

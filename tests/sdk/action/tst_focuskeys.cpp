@@ -1,7 +1,6 @@
 #include "action/focuskeys.h"
-#include "testing/vxtestmain.h"
-
 #include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
 #include <QCheckBox>
@@ -17,10 +16,9 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <QtTest>
+#include <memory>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
-
-#include <memory>
 
 namespace {
 

@@ -4,10 +4,9 @@
 #include <QLineEdit>
 #include <QWindow>
 #include <QtTest>
+#include <memory>
 #include <vxcore/vxaction.h>
 #include <vxcore/vxactionmgr.h>
-
-#include <memory>
 
 namespace {
 

@@ -1,3 +1,4 @@
+#include "app/timelinepalette.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
@@ -10,8 +11,6 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxstyle.h>
-
-#include "app/timelinepalette.h"
 
 namespace {
 

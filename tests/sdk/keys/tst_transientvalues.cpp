@@ -1,5 +1,4 @@
 #include "testing/vxtestmain.h"
-
 #include "testing/vxwarningguard.h"
 
 #include <QtTest/QtTest>

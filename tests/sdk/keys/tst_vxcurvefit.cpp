@@ -1,10 +1,9 @@
-#include <vxcore/vxcurvefit.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
 #include <cmath>
 #include <random>
+#include <vxcore/vxcurvefit.h>
 #include <vxcore/vxeuler.h>
 #include <vxcore/vxfloatproperty.h>
 

@@ -1,11 +1,10 @@
-#include <vxcore/vxkeyfilter.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
 #include <cmath>
 #include <random>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxkeyfilter.h>
 
 namespace {
 

@@ -1,11 +1,10 @@
-#include <vxcore/vxeuler.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QMatrix4x4>
 #include <QtTest>
 #include <cmath>
 #include <random>
+#include <vxcore/vxeuler.h>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 

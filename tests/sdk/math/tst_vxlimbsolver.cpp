@@ -1,10 +1,9 @@
-#include <vxcore/vxlimbsolver.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
 #include <cmath>
 #include <random>
+#include <vxcore/vxlimbsolver.h>
 
 namespace {
 

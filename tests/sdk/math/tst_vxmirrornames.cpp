@@ -1,8 +1,7 @@
-#include <vxcore/vxmirrornames.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
+#include <vxcore/vxmirrornames.h>
 
 /// Names of the left and the right side.
 class tst_VxMirrorNames : public QObject

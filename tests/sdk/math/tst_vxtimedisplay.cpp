@@ -1,8 +1,7 @@
-#include <vxcore/vxtimedisplay.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
+#include <vxcore/vxtimedisplay.h>
 
 Q_DECLARE_METATYPE(VxFrameRate)
 

@@ -1,8 +1,7 @@
-#include <vxcore/vxtypedinput.h>
-
 #include "testing/vxtestmain.h"
 
 #include <QtTest>
+#include <vxcore/vxtypedinput.h>
 
 /// Texts typed for values and times.
 class tst_VxTypedInput : public QObject

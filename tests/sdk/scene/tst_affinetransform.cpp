@@ -1,6 +1,5 @@
 #include "scene/affinetransform.h"
 #include "testing/vxtestmain.h"
-
 #include "testing/vxwarningguard.h"
 
 #include <QtTest>

@@ -1,4 +1,7 @@
-#include <vxcore/vxbarbutton.h>
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxwidgetpictures.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -6,11 +9,7 @@
 #include <QToolTip>
 #include <QtTest>
 #include <optional>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxwidgetpictures.h"
+#include <vxcore/vxbarbutton.h>
 
 class TestVxBarButton : public QObject
 {

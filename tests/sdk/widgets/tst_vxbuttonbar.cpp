@@ -1,16 +1,14 @@
-#include <vxcore/vxbuttonbar.h>
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxwidgetpictures.h"
 
 #include <QHBoxLayout>
 #include <QSpinBox>
 #include <QtTest>
 #include <optional>
-
 #include <vxcore/vxbarbutton.h>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxwidgetpictures.h"
+#include <vxcore/vxbuttonbar.h>
 
 class TestVxButtonBar : public QObject
 {

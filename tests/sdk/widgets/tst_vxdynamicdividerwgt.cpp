@@ -1,15 +1,14 @@
-#include <vxcore/vxdynamicdividerwgt.h>
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxwidgetpictures.h"
 
 #include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
 #include <limits>
 #include <optional>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxwidgetpictures.h"
+#include <vxcore/vxdynamicdividerwgt.h>
 
 class TestVxDynamicDividerWgt : public QObject
 {

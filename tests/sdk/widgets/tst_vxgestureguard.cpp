@@ -1,4 +1,6 @@
-#include <vxcore/vxgestureguard.h>
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
 
 #include <QAction>
 #include <QDialog>
@@ -7,10 +9,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 #include <functional>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
+#include <vxcore/vxgestureguard.h>
 
 // What ends a gesture without its release, and what does not.
 class TestVxGestureGuard : public QObject

@@ -1,13 +1,12 @@
-#include <vxcore/vxmousebutton.h>
-
-#include <QSignalSpy>
-#include <QtTest>
-#include <optional>
-
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxwidgetpictures.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+#include <optional>
+#include <vxcore/vxmousebutton.h>
 
 namespace {
 

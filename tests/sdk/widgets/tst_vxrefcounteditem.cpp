@@ -1,11 +1,10 @@
 #include "testing/vxtestmain.h"
 
-#include <vxcore/vxrefcounteditem.h>
-
 #include <QThread>
 #include <QtTest>
 #include <type_traits>
 #include <vector>
+#include <vxcore/vxrefcounteditem.h>
 
 namespace {
 

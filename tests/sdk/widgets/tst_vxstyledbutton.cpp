@@ -1,4 +1,7 @@
-#include <vxcore/vxstyledbutton.h>
+#include "testing/vxmousedriver.h"
+#include "testing/vxtestmain.h"
+#include "testing/vxwarningguard.h"
+#include "vxwidgetpictures.h"
 
 #include <QHelpEvent>
 #include <QMenu>
@@ -8,11 +11,7 @@
 #include <QtTest>
 #include <functional>
 #include <optional>
-
-#include "testing/vxmousedriver.h"
-#include "testing/vxtestmain.h"
-#include "testing/vxwarningguard.h"
-#include "vxwidgetpictures.h"
+#include <vxcore/vxstyledbutton.h>
 
 namespace {
 

@@ -1,10 +1,9 @@
-#include <vxcore/vxstyledwidget.h>
-
-#include <QtTest>
-
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxwidgetpictures.h"
+
+#include <QtTest>
+#include <vxcore/vxstyledwidget.h>
 
 class TestVxStyledWidget : public QObject
 {

@@ -1,13 +1,13 @@
 #include "vxtimeline/dopesheet/accessiblesheet.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/accessiblepool.h"
+#include "vxtimeline/time/timelinemetrics.h"
+
 #include <QtCore/QItemSelectionModel>
 #include <QtGui/QWindow>
 #include <vxcore/vxproperty.h>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/accessiblepool.h"
-#include "vxtimeline/time/timelinemetrics.h"
 
 namespace {
 

@@ -1,25 +1,25 @@
 #ifndef ACCESSIBLESHEET_H
 #define ACCESSIBLESHEET_H
 
-#include <QtCore/QPointer>
-#include <QtWidgets/QAccessibleWidget>
-
 #include "vxtimeline/keys/accessiblekey.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 
+#include <QtCore/QPointer>
+#include <QtWidgets/QAccessibleWidget>
+
 class VxDopeSheetView;
 
-// The dope sheet as a tree: its children are the rows at the top level, followed by its widgets,
-// the ruler and the playhead among them.
+/// The dope sheet as a tree: its children are the rows at the top level, followed by its widgets,
+/// the ruler and the playhead among them.
 class AccessibleSheet : public QAccessibleWidget
 {
 public:
     explicit AccessibleSheet(VxDopeSheetView *sheet);
 
-    // The object of a row; null for null and while the text filter leaves it out.
+    /// The object of a row; null for null and while the text filter leaves it out.
     static QAccessibleInterface *rowOf(VxDopeSheetView *sheet, VxDopeSheetItem *item);
     static AccessibleKeys::Source keysOf(VxDopeSheetView *sheet, VxDopeSheetItem *item);
-    // The number of levels above a row.
+    /// The number of levels above a row.
     static int levelOf(const VxDopeSheetItem *item);
 
     QAccessibleInterface *child(int index) const override;
@@ -33,7 +33,7 @@ private:
     VxDopeSheetView *sheet() const;
 };
 
-// A row: its list of keys, and when it is open the rows below it.
+/// A row: its list of keys, and when it is open the rows below it.
 class AccessibleRow : public AccessiblePart
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleRow)
@@ -54,8 +54,8 @@ public:
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
 
-    // Press selects the row, Toggle opens or closes it; further ones select all of its keys or
-    // none, and scroll to it and make it the current row.
+    /// Press selects the row, Toggle opens or closes it; further ones select all of its keys or
+    /// none, and scroll to it and make it the current row.
     QStringList actionNames() const override;
     void doAction(const QString &name) override;
 

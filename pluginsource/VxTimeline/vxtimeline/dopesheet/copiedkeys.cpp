@@ -1,12 +1,12 @@
 #include "vxtimeline/dopesheet/copiedkeys.h"
 
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <algorithm>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertyhelper.h>
-
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
 
+#include "vxtimeline/keys/timelinemenus.h"
+
 #include <QtCore/QCoreApplication>
 #include <vxcore/vxmenu.h>
-
-#include "vxtimeline/keys/timelinemenus.h"
 
 namespace {
 

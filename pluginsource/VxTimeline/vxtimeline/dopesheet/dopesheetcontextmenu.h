@@ -3,7 +3,7 @@
 
 class VxMenu;
 
-// The state that determines the entries of the dope sheet's context menu.
+/// The state that determines the entries of the dope sheet's context menu.
 struct DopeSheetMenuState
 {
     bool hasRows = false;         // any, at the top level
@@ -12,8 +12,8 @@ struct DopeSheetMenuState
     bool hasSelectedKeys = false; // any key is selected
 };
 
-// Fills an empty menu with the applicable actions, in their order. Classes without an action are
-// left out; when none is left, an entry reports that nothing is selected.
+/// Fills an empty menu with the applicable actions, in their order. Classes without an action are
+/// left out; when none is left, an entry reports that nothing is selected.
 void fillDopeSheetMenu(VxMenu *menu, const DopeSheetMenuState &state);
 
 #endif

@@ -1,9 +1,9 @@
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 
-#include <algorithm>
-
 #include "vxtimeline/time/timelinesnap.h"
 #include "vxtimeline/time/timelinevisible.h"
+
+#include <algorithm>
 
 namespace {
 

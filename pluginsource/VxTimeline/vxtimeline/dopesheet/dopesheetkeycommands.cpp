@@ -1,13 +1,13 @@
 #include "vxtimeline/dopesheet/dopesheetkeycommands.h"
 
-#include <vxcore/vxchangeblock.h>
-#include <vxcore/vxfloatproperty.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/time/timelinesnap.h"
+
+#include <vxcore/vxchangeblock.h>
+#include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 

@@ -1,17 +1,17 @@
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
 
-#include <QtCore/QScopedValueRollback>
-#include <algorithm>
-#include <numeric>
-#include <utility>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/rows/dopesheetrowkeys.h"
 #include "vxtimeline/rows/dopesheetwalk.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <algorithm>
+#include <numeric>
+#include <utility>
+#include <vxcore/vxproperty.h>
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include "vxtimeline/dopesheet/dopesheetrowselection.h"
 
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QSet>
 #include <algorithm>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/dopesheetwalk.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

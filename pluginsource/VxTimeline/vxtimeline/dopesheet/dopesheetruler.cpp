@@ -1,10 +1,10 @@
 #include "vxtimeline/dopesheet/dopesheetruler.h"
 
-#include <vxcore/vxstyle.h>
-
 #include "vxtimeline/time/timelineruler.h"
 #include "vxtimeline/time/timelinesnap.h"
 #include "vxtimeline/time/timelinevisible.h"
+
+#include <vxcore/vxstyle.h>
 
 namespace {
 

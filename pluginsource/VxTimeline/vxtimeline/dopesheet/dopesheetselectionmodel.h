@@ -4,17 +4,17 @@
 #include <QtCore/QItemSelectionModel>
 #include <vector>
 
-// The selected rows of the dope sheet.
-//
-// A selection of an open tree has a range of rows for each parent, thousands in a large scene. The
-// base class compares every range with every other when it extends them to whole rows, and walks
-// through all of them for each query of a row. Here disjoint ranges are sorted, extended one by one
-// and compared in their order, and a row is found by bisection.
+/// The selected rows of the dope sheet.
+///
+/// A selection of an open tree has a range of rows for each parent, thousands in a large scene. The
+/// base class compares every range with every other when it extends them to whole rows, and walks
+/// through all of them for each query of a row. Here disjoint ranges are sorted, extended one by
+/// one and compared in their order, and a row is found by bisection.
 class DopeSheetSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
 public:
-    // Contiguous rows of one parent.
+    /// Contiguous rows of one parent.
     struct RowSpan
     {
         QModelIndex parent;
@@ -34,11 +34,11 @@ public:
 
     explicit DopeSheetSelectionModel(QAbstractItemModel *model, QObject *parent = nullptr);
 
-    // The same as isSelected() of the row's first column, whatever the column of the index.
+    /// The same as isSelected() of the row's first column, whatever the column of the index.
     bool isRowSelected(const QModelIndex &index) const;
 
-    // Calls visit(index) for each selected row, column 0, in the order of the selection's
-    // ranges. The selection itself is a copy of all ranges with each access.
+    /// Calls visit(index) for each selected row, column 0, in the order of the selection's
+    /// ranges. The selection itself is a copy of all ranges with each access.
     template <typename Visit> void visitRows(const Visit &visit) const
     {
         updateSpans();
@@ -49,8 +49,8 @@ public:
         }
     }
 
-    // Selects these rows (of column 0) and no others, without a signal: views compute the region to
-    // repaint for each range of a change. The caller updates the view.
+    /// Selects these rows (of column 0) and no others, without a signal: views compute the region
+    /// to repaint for each range of a change. The caller updates the view.
     void selectOnly(const std::vector<QModelIndex> &rows);
 
     using QItemSelectionModel::select;
@@ -59,9 +59,9 @@ public:
 private:
     void updateSpans() const;
     void invalidateSpans();
-    // Ranges of whole rows that do not meet.
+    /// Ranges of whole rows that do not meet.
     void selectRows(const QItemSelection &rows, SelectionFlags command);
-    // The selected rows on demand: in the order of the selection's ranges, and sorted.
+    /// The selected rows on demand: in the order of the selection's ranges, and sorted.
     mutable std::vector<RowSpan> m_spans;
     mutable std::vector<RowSpan> m_sorted;
     mutable bool m_isValid = false;

@@ -1,14 +1,14 @@
 #include "vxtimeline/dopesheet/keydrag.h"
 
+#include "vxtimeline/rows/selectedkeys.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <algorithm>
 #include <vector>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnumericproperty.h>
-
-#include "vxtimeline/rows/selectedkeys.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

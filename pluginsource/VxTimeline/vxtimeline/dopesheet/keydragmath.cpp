@@ -1,8 +1,8 @@
 #include "vxtimeline/dopesheet/keydragmath.h"
 
-#include <algorithm>
-
 #include "vxtimeline/time/timelinesnap.h"
+
+#include <algorithm>
 
 namespace KeyDragMath {
 

@@ -3,7 +3,7 @@
 
 #include <vxcore/vxtimerange.h>
 
-// The scene's times for painting the dope sheet, read once for each paint event; all in ticks.
+/// The scene's times for painting the dope sheet, read once for each paint event; all in ticks.
 struct SceneTimes
 {
     VxTime time = 0;   // the current one
@@ -11,7 +11,7 @@ struct SceneTimes
     VxTimeRange playRange;
     VxTime duration = 0; // of the animation range
 
-    // Those of the application's scene; the initial values without a scene.
+    /// Those of the application's scene; the initial values without a scene.
     static SceneTimes current();
 };
 

@@ -1,10 +1,10 @@
 #include "vxtimeline/dopesheet/sheetcursorrows.h"
 
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/accessiblesheet.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
+
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
 
 SheetCursorRows::SheetCursorRows(VxDopeSheetView *sheet)
     : m_sheet(sheet)

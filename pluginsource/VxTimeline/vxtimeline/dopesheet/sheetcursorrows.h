@@ -1,19 +1,19 @@
 #ifndef SHEETCURSORROWS_H
 #define SHEETCURSORROWS_H
 
-#include <QtCore/QPointer>
-
 #include "vxtimeline/keys/keycursorrows.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
+
+#include <QtCore/QPointer>
 
 class QModelIndex;
 class VxDopeSheetView;
 
-// The shown rows of the dope sheet. An open row with rows below it shows no keys.
+/// The shown rows of the dope sheet. An open row with rows below it shows no keys.
 class SheetCursorRows : public KeyCursorRows
 {
 public:
-    // Borrowed.
+    /// Borrowed.
     explicit SheetCursorRows(VxDopeSheetView *sheet);
 
     QWidget *area() const override;

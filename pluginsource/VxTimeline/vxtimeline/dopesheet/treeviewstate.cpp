@@ -1,14 +1,14 @@
 #include "vxtimeline/dopesheet/treeviewstate.h"
 
-#include <QtCore/QScopedValueRollback>
-#include <algorithm>
-
 #include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/dopesheetwalk.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <algorithm>
 
 namespace {
 

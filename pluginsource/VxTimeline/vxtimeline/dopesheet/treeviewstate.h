@@ -1,30 +1,30 @@
 #ifndef TREEVIEWSTATE_H
 #define TREEVIEWSTATE_H
 
-#include <vector>
-
 #include "vxtimeline/rows/dopesheetrowname.h"
+
+#include <vector>
 
 class QModelIndex;
 class VxDopeSheetView;
 
-// The open and selected rows of a view and its top row, saved while the text filter leaves rows out
-// and while the model is rebuilt: rows that are shown again return to their former state. While a
-// filter text is set the ancestors of matches are open as well.
-//
-// A filter model updates every persistent index each time that it adds or removes rows of one
-// parent. A view keeps one for each open row and a selection two for each range: with thousands
-// that takes seconds. So all rows are closed and deselected while the filter changes.
+/// The open and selected rows of a view and its top row, saved while the text filter leaves rows
+/// out and while the model is rebuilt: rows that are shown again return to their former state.
+/// While a filter text is set the ancestors of matches are open as well.
+///
+/// A filter model updates every persistent index each time that it adds or removes rows of one
+/// parent. A view keeps one for each open row and a selection two for each range: with thousands
+/// that takes seconds. So all rows are closed and deselected while the filter changes.
 class TreeViewState
 {
 public:
     explicit TreeViewState(VxDopeSheetView *view);
 
-    // Before the filter or the model changes; closes and deselects all rows.
+    /// Before the filter or the model changes; closes and deselects all rows.
     void save();
-    // After the change.
+    /// After the change.
     void restore();
-    // For a row that the user closed: the filter no longer controls it.
+    /// For a row that the user closed: the filter no longer controls it.
     void handleCollapsed(const QModelIndex &index);
 
 private:

@@ -1,5 +1,12 @@
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 
+#include "vxtimeline/dopesheet/dopesheetruler.h"
+#include "vxtimeline/dopesheet/scenetimes.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/time/timelineplayback.h"
+
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QStyleOptionHeader>
 #include <utility>
@@ -7,13 +14,6 @@
 #include <vxcore/vxgestureguard.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/dopesheet/dopesheetruler.h"
-#include "vxtimeline/dopesheet/scenetimes.h"
-#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/time/timelineplayback.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #ifndef VXDOPESHEETHEADERVIEW_P_H
 #define VXDOPESHEETHEADERVIEW_P_H
 
-#include <QtCore/QPointer>
-#include <QtGui/QRegion>
-
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 
-// All state of the header.
+#include <QtCore/QPointer>
+#include <QtGui/QRegion>
+
+/// All state of the header.
 class VxGestureGuard;
 
 class VxDopeSheetHeaderView::Private

@@ -1,5 +1,10 @@
 // Painting the dope sheet's header.
 
+#include "vxtimeline/dopesheet/dopesheetruler.h"
+#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
@@ -7,11 +12,6 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/dopesheet/dopesheetruler.h"
-#include "vxtimeline/dopesheet/vxdopesheetheaderview_p.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

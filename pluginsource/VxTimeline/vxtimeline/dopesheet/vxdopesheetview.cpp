@@ -1,5 +1,19 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
+#include "vxtimeline/dopesheet/accessiblesheet.h"
+#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
+#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+#include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
+#include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/rows/dopesheetfiltertext.h"
+#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
+#include "vxtimeline/time/timelinemetrics.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/vxwarning.h"
+
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QSet>
 #include <QtCore/QTimer>
@@ -16,20 +30,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
-
-#include "vxtimeline/dopesheet/accessiblesheet.h"
-#include "vxtimeline/dopesheet/dopesheetselectionmodel.h"
-#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
-#include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
-#include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/rows/dopesheetfiltertext.h"
-#include "vxtimeline/rows/vxdopesheetfiltermodel.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
-#include "vxtimeline/time/timelinemetrics.h"
-#include "vxtimeline/time/timelineplayback.h"
-#include "vxtimeline/time/vxwarning.h"
 
 namespace {
 

@@ -1,13 +1,6 @@
 #ifndef VXDOPESHEETVIEW_P_H
 #define VXDOPESHEETVIEW_P_H
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QLine>
-#include <QtCore/QPersistentModelIndex>
-#include <QtCore/QPoint>
-#include <QtGui/QRegion>
-#include <vxcore/vxundostackhold.h>
-
 #include "vxtimeline/dopesheet/dopesheetkeycommands.h"
 #include "vxtimeline/dopesheet/dopesheetkeyselection.h"
 #include "vxtimeline/dopesheet/dopesheetrowselection.h"
@@ -16,9 +9,16 @@
 #include "vxtimeline/dopesheet/treeviewstate.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QLine>
+#include <QtCore/QPersistentModelIndex>
+#include <QtCore/QPoint>
+#include <QtGui/QRegion>
+#include <vxcore/vxundostackhold.h>
+
 class VxGestureGuard;
 
-// The view's collaborators, each with the state of its job, and the gesture of the left button.
+/// The view's collaborators, each with the state of its job, and the gesture of the left button.
 class VxDopeSheetView::Private
 {
 public:
@@ -41,19 +41,19 @@ public:
     DopeSheetRowSelection rows;
     TreeViewState treeState;    // over changes of the text filter and of the model
     bool isKeepingRows = false; // rows are closed and deselected by keepRowsDuring()
-    // While the model changes many rows, and the properties that were selected before.
+    /// While the model changes many rows, and the properties that were selected before.
     std::unique_ptr<DopeSheetRowSelection::Hold> manyChanges;
     QVector<VxProperty *> formerProperties;
     DopeSheetKeySelection keys;
     DopeSheetKeyCommands commands;
 
     QLine timeLine; // of the current time, in the viewport
-    // Where that line was last painted, and the region being painted; in the viewport.
+    /// Where that line was last painted, and the region being painted; in the viewport.
     int paintedTimeX = 0;
     QRegion paintedRegion;
 
     Qt::KeyboardModifiers pressModifiers; // at the last press of the left button
-    // The gesture of the left button in the keys column: a band, unless it can drag keys.
+    /// The gesture of the left button in the keys column: a band, unless it can drag keys.
     bool rubberBandActive = false;
     bool keyDragActive = false;
     QPoint pressPoint; // of the rubber band, as the next one; in the viewport
@@ -62,14 +62,14 @@ public:
     QPersistentModelIndex pressRow; // with a key under the mouse; invalid when there was none
     VxTime hitTime = 0;             // of that key
 
-    // The keys of a possible drag, and its open hold once it has begun.
+    /// The keys of a possible drag, and its open hold once it has begun.
     std::unique_ptr<KeyDrag> drag;
     std::unique_ptr<VxUndoStackHold> dragHold;
     bool dragShown = false; // keys have been moved
     QElapsedTimer clock;
     KeyDragMath::DragThrottle throttle;
 
-    // The hit under the mouse.
+    /// The hit under the mouse.
     struct RowHit
     {
         QModelIndex row; // invalid without one
@@ -80,7 +80,7 @@ public:
     KeyDragMath::Scale dragScale() const;
     void hover(const QPoint &position);
 
-    // The gesture of the left button, from the press to the release.
+    /// The gesture of the left button, from the press to the release.
     void beginGesture(const QPoint &position);
     void selectPressed(const RowHit &hit, const KeyDragMath::PressEffect &effect);
     void continueGesture(const QPoint &position);
@@ -100,14 +100,14 @@ public:
     void dropKeys();
     void putKeysBack();
 
-    // While the model changes many rows they are closed and deselected.
+    /// While the model changes many rows they are closed and deselected.
     void beginManyChanges();
     void finishManyChanges();
     void endManyChangesNow() const;
 
-    // The x of a time's line, in the viewport.
+    /// The x of a time's line, in the viewport.
     int timeX(VxTime time) const;
-    // Repaints the area of the current time's line at x, including the ticks in the rows.
+    /// Repaints the area of the current time's line at x, including the ticks in the rows.
     void updateTimeLine(int x) const;
     void paintBehindRows(QPainter *painter);
     void paintRubberBand(QPainter *painter) const;

@@ -1,9 +1,9 @@
 // Dragging the selected keys in time.
 
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+
+#include <vxcore/vxscene.h>
 
 KeyDragMath::Scale VxDopeSheetView::Private::dragScale() const
 {

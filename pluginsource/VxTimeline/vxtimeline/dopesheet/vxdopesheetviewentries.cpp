@@ -1,13 +1,13 @@
 // The selected keys by key holder, for the application's key selection.
 
-#include <QtCore/QHash>
-#include <QtCore/QSet>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/keys/keyspans.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <vxcore/vxproperty.h>
 
 VxDopeSheetView::EditableKeys VxDopeSheetView::getEditableKeys() const
 {

@@ -1,15 +1,15 @@
 // Mouse gestures in the dope sheet: KeyDragMath decides the effect of a press, a move or a release.
 
-#include <QtGui/QMouseEvent>
-#include <vxcore/vxgestureguard.h>
-#include <vxcore/vxmenu.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/dopesheetcontextmenu.h"
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/dopesheet/vxdopesheetview_p.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/time/timelineplayback.h"
+
+#include <QtGui/QMouseEvent>
+#include <vxcore/vxgestureguard.h>
+#include <vxcore/vxmenu.h>
+#include <vxcore/vxscene.h>
 
 using KeyDragMath::Change;
 using KeyDragMath::Hit;

@@ -1,5 +1,8 @@
 // Painting: rows, the line of the current time, the rubber band.
 
+#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
+#include "vxtimeline/time/timelinemetrics.h"
+
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
@@ -8,9 +11,6 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview_p.h"
-#include "vxtimeline/time/timelinemetrics.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "vxtimeline/dopesheet/vxtimelinedopesheetkeyscolumndelegate.h"
 
-#include <QtGui/QPainter>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxmainwindow.h>
-#include <vxcore/vxstyle.h>
-
 #include "vxtimeline/dopesheet/dopesheetgeometry.h"
 #include "vxtimeline/dopesheet/scenetimes.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
+
+#include <QtGui/QPainter>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxmainwindow.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "vxtimeline/dopesheet/vxtimelinedopesheetnamecolumndelegate.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+
 #include <QtGui/QHelpEvent>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QToolTip>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxtextstyle.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 VxTimelineDopeSheetNameColumnDelegate::VxTimelineDopeSheetNameColumnDelegate(QObject *parent)
     : QStyledItemDelegate(parent)

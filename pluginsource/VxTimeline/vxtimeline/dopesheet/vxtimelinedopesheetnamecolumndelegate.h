@@ -3,8 +3,8 @@
 
 #include <QtWidgets/QStyledItemDelegate>
 
-// The names of the dope sheet. It sets the height of all rows, and shows a name that does not fit
-// as a tool tip.
+/// The names of the dope sheet. It sets the height of all rows, and shows a name that does not fit
+/// as a tool tip.
 class VxTimelineDopeSheetNameColumnDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

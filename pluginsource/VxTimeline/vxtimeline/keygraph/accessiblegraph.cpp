@@ -1,14 +1,14 @@
 #include "vxtimeline/keygraph/accessiblegraph.h"
 
-#include <QtCore/QPointer>
-#include <QtGui/QWindow>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/keys/accessiblekey.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QWindow>
+#include <vxcore/vxproperty.h>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "vxtimeline/keygraph/densekeypainter.h"
 
-#include <cmath>
-
 #include "vxtimeline/keygraph/keygraphmarkpainter.h"
+
+#include <cmath>
 
 namespace {
 

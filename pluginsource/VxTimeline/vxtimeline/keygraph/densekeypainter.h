@@ -1,35 +1,35 @@
 #ifndef DENSEKEYPAINTER_H
 #define DENSEKEYPAINTER_H
 
+#include "vxtimeline/keygraph/keygraphcanvas.h"
+#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/keygraphpen.h"
+#include "vxtimeline/keygraph/keygraphruns.h"
+
 #include <QtCore/QPointF>
 #include <QtCore/QVector>
 #include <array>
 #include <optional>
 #include <vector>
 
-#include "vxtimeline/keygraph/keygraphcanvas.h"
-#include "vxtimeline/keygraph/keygraphkeys.h"
-#include "vxtimeline/keygraph/keygraphpen.h"
-#include "vxtimeline/keygraph/keygraphruns.h"
-
 class KeyGraphMarkPainter;
 
-// Paints the curves and marks of a graph with more keys than can be visible.
-//
-// Hundreds of thousands of marks overlap, and most of them show few pixels or none. So they are
-// painted front to back, each under the present content: an opaque pixel is never touched again,
-// and hidden items cost next to nothing. The style draws one mark of each look, whose image is then
-// used everywhere.
+/// Paints the curves and marks of a graph with more keys than can be visible.
+///
+/// Hundreds of thousands of marks overlap, and most of them show few pixels or none. So they are
+/// painted front to back, each under the present content: an opaque pixel is never touched again,
+/// and hidden items cost next to nothing. The style draws one mark of each look, whose image is
+/// then used everywhere.
 class DenseKeyPainter
 {
 public:
-    // picture: premultiplied, borrowed; markPainter: borrowed.
+    /// picture: premultiplied, borrowed; markPainter: borrowed.
     DenseKeyPainter(QImage *picture, KeyGraphMarkPainter *markPainter);
-    // False when a mark of this device pixel ratio is too large for a stamp.
+    /// False when a mark of this device pixel ratio is too large for a stamp.
     static bool canShow(qreal ratio);
 
-    // A channel: runs of its curve, below them its marks in stacking order, below these its whole
-    // curve. points: in the widget's pixels, from left to right.
+    /// A channel: runs of its curve, below them its marks in stacking order, below these its whole
+    /// curve. points: in the widget's pixels, from left to right.
     void paintChannel(const QVector<QPointF> &points, const std::vector<KeyGraphMark> &marks,
                       const std::vector<KeyGraphRun> &runs, const QColor &color);
 
@@ -47,7 +47,7 @@ private:
     KeyGraphCanvas m_canvas;
     KeyGraphPen m_pen;
     std::array<std::optional<KeyGraphStamp>, LookCount> m_stamps;
-    // Pieces of the present curve that were found hidden: they stay so.
+    /// Pieces of the present curve that were found hidden: they stay so.
     std::vector<quint8> m_hidden;
 };
 

@@ -1,11 +1,11 @@
 #include "vxtimeline/keygraph/graphcursorrows.h"
 
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/keygraph/accessiblegraph.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+
+#include <vxcore/vxproperty.h>
 
 GraphCursorRows::GraphCursorRows(VxKeyGraphView *view)
     : m_view(view)

@@ -1,18 +1,18 @@
 #ifndef GRAPHCURSORROWS_H
 #define GRAPHCURSORROWS_H
 
-#include <QtCore/QPointer>
-
 #include "vxtimeline/keys/keycursorrows.h"
+
+#include <QtCore/QPointer>
 
 class VxKeyGraphView;
 class VxProperty;
 
-// The channels of the key graph, in the order of their labels.
+/// The channels of the key graph, in the order of their labels.
 class GraphCursorRows : public KeyCursorRows
 {
 public:
-    // Borrowed.
+    /// Borrowed.
     explicit GraphCursorRows(VxKeyGraphView *view);
 
     QWidget *area() const override;
@@ -26,7 +26,7 @@ public:
 
 private:
     int count() const;
-    // The channel of a property; 0 when there is none any more, -1 for an empty graph.
+    /// The channel of a property; 0 when there is none any more, -1 for an empty graph.
     int find(const VxProperty *property) const;
     int index() const { return find(m_property); }
 

@@ -1,25 +1,26 @@
 #ifndef KEYGRAPHCANVAS_H
 #define KEYGRAPHCANVAS_H
 
+#include "vxtimeline/keygraph/keygraphpixels.h"
+
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
 #include <vector>
 
-#include "vxtimeline/keygraph/keygraphpixels.h"
-
-// A small image to be painted at many positions, with a bit for each pixel that is not transparent.
+/// A small image to be painted at many positions, with a bit for each pixel that is not
+/// transparent.
 class KeyGraphStamp
 {
 public:
-    // So that a row's bits fit into a word at any position.
+    /// So that a row's bits fit into a word at any position.
     static constexpr int MaxSide = 32;
 
-    // picture: premultiplied, neither side longer than MaxSide.
+    /// picture: premultiplied, neither side longer than MaxSide.
     explicit KeyGraphStamp(const QImage &picture);
 
     int width() const { return m_width; }
     int height() const { return m_height; }
-    // A word for each row and one without bits, for a stamp that begins at firstBit of its words.
+    /// A word for each row and one without bits, for a stamp that begins at firstBit of its words.
     const quint64 *filled(int firstBit) const
     {
         return &m_filled[static_cast<std::size_t>(firstBit * (m_height + 1))];
@@ -33,23 +34,23 @@ private:
     std::vector<quint64> m_filled; // for every first bit in order
 };
 
-// An image painted front to back: each item under the ones already painted.
-//
-// A pixel is closed as soon as it is practically opaque. Closed pixels are stored as bits, so that
-// skipping an item wholly under others costs a few words. Everything outside of the image counts as
-// closed.
+/// An image painted front to back: each item under the ones already painted.
+///
+/// A pixel is closed as soon as it is practically opaque. Closed pixels are stored as bits, so that
+/// skipping an item wholly under others costs a few words. Everything outside of the image counts
+/// as closed.
 class KeyGraphCanvas
 {
 public:
-    // pixels: borrowed, of an image of this size.
+    /// pixels: borrowed, of an image of this size.
     KeyGraphCanvas(const KeyGraphPixels &pixels, const QSize &size);
 
-    // Paints a stamp under the present content. It must touch the image.
+    /// Paints a stamp under the present content. It must touch the image.
     void put(const KeyGraphStamp &stamp, const QPoint &corner);
-    // True when every pixel of an area is closed, its last column and row included. An area
-    // wider than the largest stamp counts as open.
+    /// True when every pixel of an area is closed, its last column and row included. An area
+    /// wider than the largest stamp counts as open.
     bool hides(int left, int top, int right, int bottom) const;
-    // The same for columns of one row, all within the image and no more than a stamp has.
+    /// The same for columns of one row, all within the image and no more than a stamp has.
     bool hidesInRow(int left, int right, int row) const
     {
         const BitPosition position = positionOf(left, row);
@@ -58,13 +59,13 @@ public:
     }
 
 private:
-    // The bit of a pixel in the words below.
+    /// The bit of a pixel in the words below.
     struct BitPosition
     {
         std::size_t word;
         int bit;
     };
-    // Of the two strips that contain a column, the one with MaxSide columns from there on.
+    /// Of the two strips that contain a column, the one with MaxSide columns from there on.
     BitPosition positionOf(int column, int row) const
     {
         const auto fromFirst = static_cast<unsigned>(column + StripsBefore * StripStep);
@@ -81,9 +82,9 @@ private:
     KeyGraphPixels m_pixels;
     QSize m_size;
     std::size_t m_rows; // with the margins
-    // Consecutive strips of 64 pixel columns, a word for each row, so that the words that a stamp
-    // touches are contiguous. Each strip shares its halves with its neighbours, so that any stamp
-    // fits wholly into one.
+    /// Consecutive strips of 64 pixel columns, a word for each row, so that the words that a stamp
+    /// touches are contiguous. Each strip shares its halves with its neighbours, so that any stamp
+    /// fits wholly into one.
     std::vector<quint64> m_closed;
 };
 

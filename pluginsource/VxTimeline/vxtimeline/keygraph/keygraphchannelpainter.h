@@ -1,11 +1,11 @@
 #ifndef KEYGRAPHCHANNELPAINTER_H
 #define KEYGRAPHCHANNELPAINTER_H
 
-#include <QtCore/QVector>
-#include <QtGui/QPainter>
-
 #include "vxtimeline/keygraph/keygraphkeys.h"
 #include "vxtimeline/keygraph/keygraphmarkpainter.h"
+
+#include <QtCore/QVector>
+#include <QtGui/QPainter>
 
 class KeyGraphCurves;
 class KeyGraphScale;
@@ -16,21 +16,21 @@ class VxKeyGraphChannel;
 struct KeyGraphLook;
 struct KeyGraphStage;
 
-// Paints the labels, curves and key marks of channels into an image, channel upon channel.
-//
-// A graph of an ordinary number of keys is painted mark by mark through the style. Beyond that
-// number most marks are hidden, and a DenseKeyPainter paints the visible ones; the image is the
-// same.
+/// Paints the labels, curves and key marks of channels into an image, channel upon channel.
+///
+/// A graph of an ordinary number of keys is painted mark by mark through the style. Beyond that
+/// number most marks are hidden, and a DenseKeyPainter paints the visible ones; the image is the
+/// same.
 class KeyGraphChannelPainter
 {
 public:
-    // All borrowed for the painter's life. picture: premultiplied, of the stage's size at some
-    // device pixel ratio, transparent. widget: its style draws the key marks.
+    /// All borrowed for the painter's life. picture: premultiplied, of the stage's size at some
+    /// device pixel ratio, transparent. widget: its style draws the key marks.
     KeyGraphChannelPainter(QImage *picture, const KeyGraphScale &scale, const KeyGraphLook &look,
                            const KeyGraphStage &stage, const QWidget *widget);
 
     void paint(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
-    // The two ways of painting.
+    /// The two ways of painting.
     void paintEach(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
     void paintDense(const QVector<VxKeyGraphChannel *> &channels, KeyGraphCurves &curves);
 

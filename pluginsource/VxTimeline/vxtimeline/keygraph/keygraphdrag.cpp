@@ -1,14 +1,14 @@
 #include "vxtimeline/keygraph/keygraphdrag.h"
 
+#include "vxtimeline/keygraph/vxfloatchannel.h"
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtCore/QHash>
 #include <algorithm>
 #include <cmath>
 #include <vector>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxkeyedit.h>
-
-#include "vxtimeline/keygraph/vxfloatchannel.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

@@ -7,13 +7,13 @@
 
 class VxKeyGraphChannel;
 
-// Moves the selected keys of channels.
-//
-// A property and its aliases have channels of their own that show the same keys. A key is moved
-// once, whichever channel it is selected in, and the records of all of them follow.
+/// Moves the selected keys of channels.
+///
+/// A property and its aliases have channels of their own that show the same keys. A key is moved
+/// once, whichever channel it is selected in, and the records of all of them follow.
 namespace KeyGraphDrag {
 
-// A key and its new time and value.
+/// A key and its new time and value.
 struct Move
 {
     int index = 0;
@@ -22,12 +22,12 @@ struct Move
     double displayScale = 1.0;
 };
 
-// Moves keys one after the other, each as VxKeyGraphChannel::setKey() does, without publishing the
-// selection. channels: all those that show the keys of one holder. moves: indexes ascending or
-// descending, no duplicates. A key whose value does not fit stays. False when nothing changed.
+/// Moves keys one after the other, each as VxKeyGraphChannel::setKey() does, without publishing the
+/// selection. channels: all those that show the keys of one holder. moves: indexes ascending or
+/// descending, no duplicates. A key whose value does not fit stays. False when nothing changed.
 bool moveKeys(const QVector<VxKeyGraphChannel *> &channels, const QVector<Move> &moves);
 
-// One step of a drag, relative to each key's position at its start.
+/// One step of a drag, relative to each key's position at its start.
 struct Step
 {
     VxTime time = 0;       // ticks
@@ -36,17 +36,17 @@ struct Step
     bool fromLast = false; // so that the foremost key in the direction of the mouse moves first
 };
 
-// Returns the channels with changed keys. Keys whose new value does not fit, and those of locked
-// properties, stay. Does not publish the selection.
+/// Returns the channels with changed keys. Keys whose new value does not fit, and those of locked
+/// properties, stay. Does not publish the selection.
 QVector<VxKeyGraphChannel *> moveSelected(const QVector<VxKeyGraphChannel *> &channels,
                                           const Step &step);
 
-// The mouse delta along its longer axis; the horizontal one when both are equal.
+/// The mouse delta along its longer axis; the horizontal one when both are equal.
 QPointF oneAxis(const QPointF &delta);
-// The time of a key that began at start after a drag by delta ticks, limited to 32 bits, and to a
-// whole frame when timeStep is not 0 (halves away from zero). A drag is computed from its start,
-// never from the last step, so steps do not accumulate and a return to the start restores
-// everything.
+/// The time of a key that began at start after a drag by delta ticks, limited to 32 bits, and to a
+/// whole frame when timeStep is not 0 (halves away from zero). A drag is computed from its start,
+/// never from the last step, so steps do not accumulate and a return to the start restores
+/// everything.
 VxTime draggedTime(VxTime start, VxTime delta, VxTime timeStep);
 
 } // namespace KeyGraphDrag

@@ -1,8 +1,8 @@
 #include "vxtimeline/keygraph/keygraphpen.h"
 
-#include <cmath>
-
 #include "vxtimeline/keygraph/keygraphcanvas.h"
+
+#include <cmath>
 
 namespace {
 

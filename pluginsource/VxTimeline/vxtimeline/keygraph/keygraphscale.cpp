@@ -1,9 +1,9 @@
 #include "vxtimeline/keygraph/keygraphscale.h"
 
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtCore/qglobal.h>
 #include <cmath>
-
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

@@ -5,19 +5,19 @@
 
 class VxFloatProperty;
 
-// The curve of a float property.
-//
-// Display units are the property's, or hundredths of them where the application shows the property
-// as a percentage. Input is narrowed to single precision first, like the property's values; a
-// value that does not fit is refused, so that no key can be lost in between.
+/// The curve of a float property.
+///
+/// Display units are the property's, or hundredths of them where the application shows the property
+/// as a percentage. Input is narrowed to single precision first, like the property's values; a
+/// value that does not fit is refused, so that no key can be lost in between.
 class VxFloatChannel : public VxKeyGraphChannel
 {
 public:
-    // property: not owned, never null.
+    /// property: not owned, never null.
     VxFloatChannel(VxFloatProperty *property, VxKeyCommunication *keyBus);
     ~VxFloatChannel() override;
 
-    // Single precision; not finite when it does not fit.
+    /// Single precision; not finite when it does not fit.
     static float narrowed(double value);
 
     VxProperty *getProperty() const override;
@@ -41,7 +41,7 @@ public:
 
     KeyGraphKeys getKeys() const override;
     void getValues(const VxTime *times, int count, double *values) const override;
-    // Per cent, or degrees for a node's rotation.
+    /// Per cent, or degrees for a node's rotation.
     QString getUnit() const override;
 
 private:

@@ -1,5 +1,8 @@
 #include "vxtimeline/keygraph/vxkeygraph.h"
 
+#include "vxtimeline/keygraph/vxfloatchannel.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+
 #include <QtCore/QHash>
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QPointer>
@@ -16,9 +19,6 @@
 #include <vxcore/vxpropertylistnode.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxsidenavpropertylistview.h>
-
-#include "vxtimeline/keygraph/vxfloatchannel.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
 
 class VxKeyGraph::Private
 {

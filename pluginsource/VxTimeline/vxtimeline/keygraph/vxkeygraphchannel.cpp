@@ -1,10 +1,10 @@
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
-#include <algorithm>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/keys/keyspans.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
+
+#include <algorithm>
+#include <vxcore/vxproperty.h>
 
 class VxKeyGraphChannel::Private
 {

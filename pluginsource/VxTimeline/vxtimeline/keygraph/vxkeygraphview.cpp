@@ -1,5 +1,11 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
+#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtGui/QResizeEvent>
 #include <QtGui/QWheelEvent>
 #include <algorithm>
@@ -8,12 +14,6 @@
 #include <vxcore/vxmousebutton.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/keygraph/keygraphkeys.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
-#include "vxtimeline/keygraph/vxkeygraphview_p.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

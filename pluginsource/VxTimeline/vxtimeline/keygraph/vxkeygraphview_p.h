@@ -1,6 +1,9 @@
 #ifndef VXKEYGRAPHVIEW_P_H
 #define VXKEYGRAPHVIEW_P_H
 
+#include "vxtimeline/keygraph/keygraphcurve.h"
+#include "vxtimeline/keygraph/keygraphpainter.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
 #include <QtCore/QPointer>
@@ -10,25 +13,21 @@
 #include <vxcore/vxtimerange.h>
 #include <vxcore/vxundostackhold.h>
 
-#include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
-
 class VxKeyGraph;
 class VxKeyGraphChannel;
 class VxKeyMessage;
 class VxGestureGuard;
 class VxMouseButton;
 
-// The private record of the view. Its functions are in three sources: slots and scales, painting,
-// and the mouse.
+/// The private record of the view. Its functions are in three sources: slots and scales, painting,
+/// and the mouse.
 class VxKeyGraphView::Private
 {
 public:
-    // The gesture from a press to its release.
+    /// The gesture from a press to its release.
     enum MouseState { Idle, DragKeys, RubberBand, DragTime, ViewOperation };
 
-    // A key under the mouse. The channel is null without one, and once the channels have changed.
+    /// A key under the mouse. The channel is null without one, and once the channels have changed.
     struct Hit
     {
         VxKeyGraphChannel *channel = nullptr;
@@ -39,20 +38,20 @@ public:
 
     explicit Private(VxKeyGraphView *view);
 
-    // Slots and scales.
+    /// Slots and scales.
     QVector<VxKeyGraphChannel *> channels() const;
     void followScene();
     void followGraph();
     void channelsChanged();
-    // Repaints everything; update() alone reuses the image of the channels.
+    /// Repaints everything; update() alone reuses the image of the channels.
     void repaint();
-    // Fits the animation range between the areas at both sides.
+    /// Fits the animation range between the areas at both sides.
     void fitTimes();
     void fitTimesBetween(int leftWidth, int rightWidth);
-    // Adopts the time scale of the dope sheet when following it.
+    /// Adopts the time scale of the dope sheet when following it.
     void updateTimes();
     void updateChannels();
-    // Frames the values of all keys, of channels without keys the present values.
+    /// Frames the values of all keys, of channels without keys the present values.
     void frameChannels();
     void resize(const QSize &size);
     void wheelValues(int delta, bool pan, bool fine);
@@ -61,7 +60,7 @@ public:
     void styleButtons();
     void placeButtons();
 
-    // Painting.
+    /// Painting.
     KeyGraphStage stage() const;
     void paint(QPainter *painter);
     void paintTimeLine(QPainter *painter);
@@ -69,11 +68,11 @@ public:
     void updateLayer();
     QStringList labels() const;
 
-    // The mouse.
+    /// The mouse.
     Hit keyAt(const QPoint &position) const;
     void beginGesture(QMouseEvent *event);
     void endGesture();
-    // Drops a gesture whose release was lost and reverts its changes.
+    /// Drops a gesture whose release was lost and reverts its changes.
     void dropGesture();
     void putKeysBack();
     void pressOnSpace(Qt::KeyboardModifiers modifiers);

@@ -1,5 +1,14 @@
 // Mouse gestures in the key graph view.
 
+#include "vxtimeline/keygraph/keygraphdrag.h"
+#include "vxtimeline/keygraph/vxkeygraph.h"
+#include "vxtimeline/keygraph/vxkeygraphchannel.h"
+#include "vxtimeline/keygraph/vxkeygraphview_p.h"
+#include "vxtimeline/keys/timelinemenus.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtGui/QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -10,15 +19,6 @@
 #include <vxcore/vxmenu.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxviewportmgr.h>
-
-#include "vxtimeline/keygraph/keygraphdrag.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
-#include "vxtimeline/keygraph/vxkeygraphchannel.h"
-#include "vxtimeline/keygraph/vxkeygraphview_p.h"
-#include "vxtimeline/keys/timelinemenus.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/time/timelineplayback.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // Painting the key graph view.
 
-#include <QtGui/QPainter>
-#include <QtWidgets/QStyleOptionRubberBand>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview_p.h"
 #include "vxtimeline/time/timelinesnap.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleOptionRubberBand>
+#include <vxcore/vxscene.h>
 
 KeyGraphStage VxKeyGraphView::Private::stage() const
 {

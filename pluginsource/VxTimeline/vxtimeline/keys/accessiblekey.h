@@ -3,8 +3,8 @@
 
 #include "vxtimeline/keys/accessiblekeys.h"
 
-// Base of the objects that are no widgets: rows, lists of keys and keys. They have actions, and
-// unless a class overrides it no children.
+/// Base of the objects that are no widgets: rows, lists of keys and keys. They have actions, and
+/// unless a class overrides it no children.
 class AccessiblePart : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
@@ -23,7 +23,7 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 };
 
-// A list of keys: that of a row, or a channel. Its actions select all of them, or none.
+/// A list of keys: that of a row, or a channel. Its actions select all of them, or none.
 class AccessibleKeyList : public AccessiblePart
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleKeys)
@@ -53,8 +53,8 @@ private:
     AccessibleKeys::Source m_source;
 };
 
-// A key: its time as its name, its value as the value, its type as the description. The number is
-// that of the key at present; a key that moves past another changes places with it.
+/// A key: its time as its name, its value as the value, its type as the description. The number is
+/// that of the key at present; a key that moves past another changes places with it.
 class AccessibleKey : public AccessiblePart, public QAccessibleValueInterface
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleKeys)
@@ -74,13 +74,13 @@ public:
     QAccessible::State state() const override;
     void *interface_cast(QAccessible::InterfaceType type) override;
 
-    // Press selects this key alone, Toggle adds it to the selection or removes it; the third sets
-    // the scene's time.
+    /// Press selects this key alone, Toggle adds it to the selection or removes it; the third sets
+    /// the scene's time.
     QStringList actionNames() const override;
     void doAction(const QString &name) override;
     static QString timeAction() { return tr("Go to Key"); }
 
-    // Only of a property's key. Setting a value is one undo entry; a locked property refuses it.
+    /// Only of a property's key. Setting a value is one undo entry; a locked property refuses it.
     QVariant currentValue() const override;
     void setCurrentValue(const QVariant &value) override;
     QVariant maximumValue() const override;

@@ -1,13 +1,13 @@
 #include "vxtimeline/keys/accessiblekeys.h"
 
+#include "vxtimeline/keys/accessiblekey.h"
+#include "vxtimeline/keys/accessiblepool.h"
+#include "vxtimeline/keys/keyspans.h"
+
 #include <vxcore/vxkeyselection.h>
 #include <vxcore/vxnumericproperty.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
-
-#include "vxtimeline/keys/accessiblekey.h"
-#include "vxtimeline/keys/accessiblepool.h"
-#include "vxtimeline/keys/keyspans.h"
 
 namespace {
 

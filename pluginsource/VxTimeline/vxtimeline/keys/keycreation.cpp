@@ -1,11 +1,11 @@
 #include "vxtimeline/keys/keycreation.h"
 
+#include "vxtimeline/keys/timelinepropertytypes.h"
+
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxintproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
-
-#include "vxtimeline/keys/timelinepropertytypes.h"
 
 namespace KeyCreation {
 

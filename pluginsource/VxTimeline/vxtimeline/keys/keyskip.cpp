@@ -1,9 +1,9 @@
 #include "vxtimeline/keys/keyskip.h"
 
+#include "vxtimeline/keys/nodeproperties.h"
+
 #include <algorithm>
 #include <vxcore/vxproperty.h>
-
-#include "vxtimeline/keys/nodeproperties.h"
 
 namespace KeySkip {
 

@@ -4,11 +4,11 @@
 #include <vector>
 #include <vxcore/vxkeyspan.h>
 
-// Selected keys as spans of indexes.
+/// Selected keys as spans of indexes.
 namespace KeySpans {
 
-// The spans of the keys whose flag is set. flagOf(index) is 0 or 1. Changes of the flag are stored
-// consecutively without a branch: the next store overwrites one that was no change.
+/// The spans of the keys whose flag is set. flagOf(index) is 0 or 1. Changes of the flag are stored
+/// consecutively without a branch: the next store overwrites one that was no change.
 template <typename FlagOf> std::vector<VxKeySpan> ofFlags(int count, const FlagOf &flagOf)
 {
     std::size_t changes = 0;
@@ -35,7 +35,7 @@ template <typename FlagOf> std::vector<VxKeySpan> ofFlags(int count, const FlagO
     return spans;
 }
 
-// The keys in either list.
+/// The keys in either list.
 std::vector<VxKeySpan> united(const std::vector<VxKeySpan> &one,
                               const std::vector<VxKeySpan> &other);
 

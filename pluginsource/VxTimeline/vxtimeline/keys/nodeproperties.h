@@ -4,11 +4,11 @@
 #include <vxcore/vxnode.h>
 #include <vxcore/vxobject.h>
 
-// The properties of a node's elements: the node, then its object, then the object's sub-elements;
-// not of child nodes.
+/// The properties of a node's elements: the node, then its object, then the object's sub-elements;
+/// not of child nodes.
 namespace NodeProperties {
 
-// Calls visit(const VxElement *) for each of these elements.
+/// Calls visit(const VxElement *) for each of these elements.
 template <typename Visit> void visitElements(const VxNode *node, Visit visit)
 {
     visit(node);
@@ -20,7 +20,7 @@ template <typename Visit> void visitElements(const VxNode *node, Visit visit)
         visit(object->getSubElement(i));
 }
 
-// Calls visit(VxProperty *) for each property; missing controls are created.
+/// Calls visit(VxProperty *) for each property; missing controls are created.
 template <typename Visit> void visitAll(const VxNode *node, Visit visit)
 {
     visitElements(node, [&visit](const VxElement *element) {
@@ -29,7 +29,7 @@ template <typename Visit> void visitAll(const VxNode *node, Visit visit)
     });
 }
 
-// Calls visit(VxProperty *) for each existing property object, so for all that have keys.
+/// Calls visit(VxProperty *) for each existing property object, so for all that have keys.
 template <typename Visit> void visitMade(const VxNode *node, Visit visit)
 {
     visitElements(node, [&visit](const VxElement *element) {

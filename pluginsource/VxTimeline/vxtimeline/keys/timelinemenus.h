@@ -6,14 +6,14 @@
 class VxActionMenu;
 class VxMenu;
 
-// Filling menus with actions by class name.
+/// Filling menus with actions by class name.
 namespace TimelineMenus {
 
 using ClassNames = std::initializer_list<const char *>;
 
 constexpr const char *Line = nullptr; // a separator in a list of class names
 
-// What several menus have in common.
+/// What several menus have in common.
 inline constexpr ClassNames propertyTypes = {
     "VxTimePaneSetPropertyTypeTranslationAction", "VxTimePaneSetPropertyTypeRotationAction",
     "VxTimePaneSetPropertyTypeScaleAction",       Line,

@@ -1,5 +1,9 @@
 #include "vxtimeline/pane/interpcontrols.h"
 
+#include "vxtimeline/keys/timelinemenus.h"
+#include "vxtimeline/pane/timepanestrip.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QHBoxLayout>
@@ -7,10 +11,6 @@
 #include <vxcore/vxapp.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/keys/timelinemenus.h"
-#include "vxtimeline/pane/timepanestrip.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -1,5 +1,9 @@
 #include "vxtimeline/pane/keycontrols.h"
 
+#include "vxtimeline/keys/timelinemenus.h"
+#include "vxtimeline/pane/timepanestrip.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <vxcore/vxactionmenu.h>
@@ -8,10 +12,6 @@
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/keys/timelinemenus.h"
-#include "vxtimeline/pane/timepanestrip.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 KeyControls::KeyControls(QWidget *parent, const TimePaneStrip &strip)
     : m_group(strip.makeGroup(QStringLiteral("TimelineKeyControlsWgt"), parent))

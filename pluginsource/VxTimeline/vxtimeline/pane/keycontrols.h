@@ -9,12 +9,12 @@ class VxBarButton;
 class VxButtonBar;
 class VxStyledButton;
 
-// The pane's buttons for keys: key graph, delete and create, the scope of key creation, copy and
-// paste. The pane connects their effects.
+/// The pane's buttons for keys: key graph, delete and create, the scope of key creation, copy and
+/// paste. The pane connects their effects.
 class KeyControls
 {
 public:
-    // The widgets belong to parent.
+    /// The widgets belong to parent.
     KeyControls(QWidget *parent, const TimePaneStrip &strip);
 
     QWidget *group() const { return m_group; }
@@ -24,12 +24,12 @@ public:
     VxStyledButton *scopeButton() const { return m_scope; }
     VxBarButton *copyButton() const { return m_copy; }
     VxBarButton *pasteButton() const { return m_paste; }
-    // All but the scope's, from left to right.
+    /// All but the scope's, from left to right.
     QVector<VxBarButton *> barButtons() const;
 
-    // The bars that only the advanced view shows: key graph, copy and paste.
+    /// The bars that only the advanced view shows: key graph, copy and paste.
     void setAdvancedBarsVisible(bool visible);
-    // Enables the buttons by the selected and the copied keys.
+    /// Enables the buttons by the selected and the copied keys.
     void setUsable(bool hasSelectedKeys, bool hasCopiedKeys);
     void updateIcons();
 

@@ -1,12 +1,12 @@
 #include "vxtimeline/pane/propertytypescontrol.h"
 
-#include <QtWidgets/QHBoxLayout>
-#include <vxcore/vxactionmenu.h>
-#include <vxcore/vxstyledbutton.h>
-
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <vxcore/vxactionmenu.h>
+#include <vxcore/vxstyledbutton.h>
 
 PropertyTypesControl::PropertyTypesControl(QWidget *parent, const TimePaneStrip &strip)
     : m_group(strip.makeGroup(QStringLiteral("TimelinePropertyTypesWgt"), parent))

@@ -6,18 +6,18 @@ class TimePaneStrip;
 class VxFilterMenu;
 class VxStyledButton;
 
-// The pane's button that shows the property types with rows, and its menu to set them.
+/// The pane's button that shows the property types with rows, and its menu to set them.
 class PropertyTypesControl
 {
 public:
-    // The widgets belong to parent.
+    /// The widgets belong to parent.
     PropertyTypesControl(QWidget *parent, const TimePaneStrip &strip);
 
     QWidget *group() const { return m_group; }
     VxStyledButton *button() const { return m_button; }
     VxFilterMenu *menu() const { return m_menu; }
 
-    // Shows a letter for each of the types: flags of VxTimePane::PropertyType.
+    /// Shows a letter for each of the types: flags of VxTimePane::PropertyType.
     void showTypes(int types);
 
 private:

@@ -1,13 +1,13 @@
 #include "vxtimeline/pane/tcbfields.h"
 
-#include <QtCore/QScopedValueRollback>
-#include <QtWidgets/QDoubleSpinBox>
-#include <QtWidgets/QHBoxLayout>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/fieldtextfit.h"
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QHBoxLayout>
 
 namespace {
 

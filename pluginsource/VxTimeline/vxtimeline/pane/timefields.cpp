@@ -1,12 +1,12 @@
 #include "vxtimeline/pane/timefields.h"
 
-#include <QtWidgets/QHBoxLayout>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxundostackhold.h>
-
 #include "vxtimeline/pane/timepanestrip.h"
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/time/timelinesnap.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxundostackhold.h>
 
 using TimelineSnap::frameOf;
 using TimelineSnap::timeOf;

@@ -1,9 +1,5 @@
 #include "vxtimeline/pane/timepaneaccessible.h"
 
-#include <vxcore/vxapp.h>
-#include <vxcore/vxkeyselection.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/accessiblesheet.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/accessiblegraph.h"
@@ -13,6 +9,10 @@
 #include "vxtimeline/widgets/accessibletimeline.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
+
+#include <vxcore/vxapp.h>
+#include <vxcore/vxkeyselection.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 

@@ -1,17 +1,17 @@
 #include "vxtimeline/pane/timepaneaxis.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/widgets/timerangemath.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
+
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 #include <cmath>
 #include <tuple>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/widgets/timerangemath.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 namespace {
 

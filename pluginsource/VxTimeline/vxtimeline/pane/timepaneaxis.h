@@ -1,27 +1,27 @@
 #ifndef TIMEPANEAXIS_H
 #define TIMEPANEAXIS_H
 
-#include <vxcore/vxtimeaxis.h>
-
 #include "vxtimeline/time/playrangeview.h"
 #include "vxtimeline/time/timelinemetrics.h"
+
+#include <vxcore/vxtimeaxis.h>
 
 class QWheelEvent;
 class VxDopeSheetView;
 class VxKeyGraphView;
 class VxTimeRangeSlider;
 
-// The time axis of the pane: that of the dope sheet, which the key graph follows pixel by pixel.
-//
-// It also handles navigation along the axis, alike in dope sheet, ruler, key graph and time range
-// slider: Shift with the wheel zooms about the mouse, a horizontal wheel, or the wheel with Shift
-// and Alt, shifts; with Ctrl both are fine. They change the play range without undo. Any other use
-// of the wheel is left to the widgets.
+/// The time axis of the pane: that of the dope sheet, which the key graph follows pixel by pixel.
+///
+/// It also handles navigation along the axis, alike in dope sheet, ruler, key graph and time range
+/// slider: Shift with the wheel zooms about the mouse, a horizontal wheel, or the wheel with Shift
+/// and Alt, shifts; with Ctrl both are fine. They change the play range without undo. Any other use
+/// of the wheel is left to the widgets.
 class TimePaneAxis : public VxTimeAxis
 {
     Q_OBJECT
 public:
-    // All borrowed; views: the widget that contains dope sheet and key graph.
+    /// All borrowed; views: the widget that contains dope sheet and key graph.
     TimePaneAxis(QObject *pane, QWidget *views, VxDopeSheetView *sheet, VxKeyGraphView *graph,
                  VxTimeRangeSlider *slider);
 
@@ -33,14 +33,14 @@ public:
     bool panValues(int steps) override;
     bool zoomValues(int steps) override;
 
-    // Aligns the key graph with the dope sheet and reports a change of the axis. Call it after a
-    // change of anything in State.
+    /// Aligns the key graph with the dope sheet and reports a change of the axis. Call it after a
+    /// change of anything in State.
     void update();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    // All inputs of the axis.
+    /// All inputs of the axis.
     struct State
     {
         TimelineMetrics metrics;

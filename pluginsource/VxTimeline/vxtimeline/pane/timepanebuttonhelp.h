@@ -6,14 +6,14 @@
 
 class QWidget;
 
-// Adds the shortcut of the equivalent command to the tool tip of a button.
-//
-// Shortcuts belong to the actions and may change at any time, so the tip is completed just before
-// it is shown.
+/// Adds the shortcut of the equivalent command to the tool tip of a button.
+///
+/// Shortcuts belong to the actions and may change at any time, so the tip is completed just before
+/// it is shown.
 class TimePaneButtonHelp : public QObject
 {
 public:
-    // Gives every button of the pane its help. Call it once, after the names and tips are set.
+    /// Gives every button of the pane its help. Call it once, after the names and tips are set.
     static void attach(QWidget *pane);
 
 protected:

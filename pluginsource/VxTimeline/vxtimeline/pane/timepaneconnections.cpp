@@ -1,5 +1,16 @@
 // The pane's signal connections.
 
+#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/keys/vxkeycommunication.h"
+#include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepanefield.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/widgets/vxfiltermenu.h"
+#include "vxtimeline/widgets/vxplayheadwgt.h"
+#include "vxtimeline/widgets/vxtimerangeslider.h"
+
 #include <QtCore/QTimer>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QScrollBar>
@@ -11,17 +22,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostack.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/keys/vxkeycommunication.h"
-#include "vxtimeline/pane/timefields.h"
-#include "vxtimeline/pane/timepanefield.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
-#include "vxtimeline/widgets/vxfiltermenu.h"
-#include "vxtimeline/widgets/vxplayheadwgt.h"
-#include "vxtimeline/widgets/vxtimerangeslider.h"
 
 using Pane = VxTimePane;
 

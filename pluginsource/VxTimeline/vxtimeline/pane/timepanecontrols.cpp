@@ -1,5 +1,11 @@
 #include "vxtimeline/pane/timepanecontrols.h"
 
+#include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepanefield.h"
+#include "vxtimeline/pane/timepanefieldfocus.h"
+#include "vxtimeline/pane/timepanestrip.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QHBoxLayout>
 #include <vxcore/vxapp.h>
@@ -7,12 +13,6 @@
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyledbutton.h>
-
-#include "vxtimeline/pane/timefields.h"
-#include "vxtimeline/pane/timepanefield.h"
-#include "vxtimeline/pane/timepanefieldfocus.h"
-#include "vxtimeline/pane/timepanestrip.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -9,11 +9,11 @@
 class QPalette;
 class TimeFields;
 
-// The strip of controls: its groups, the order of their focus, and their sizes and visibility.
+/// The strip of controls: its groups, the order of their focus, and their sizes and visibility.
 class TimePaneControls
 {
 public:
-    // The widgets belong to the pane. sheet: holds the selected keys; borrowed.
+    /// The widgets belong to the pane. sheet: holds the selected keys; borrowed.
     TimePaneControls(QWidget *pane, const TimePaneStrip &strip, VxDopeSheetView *sheet);
 
     QWidget *widget() const { return m_widget; }
@@ -23,13 +23,13 @@ public:
     KeyControls &keys() { return m_keys; }
     InterpControls &interp() { return m_interp; }
 
-    // Shows the groups of a view mode, a number of VxTimePane::ViewMode.
+    /// Shows the groups of a view mode, a number of VxTimePane::ViewMode.
     void showMode(int mode);
-    // Shows or hides what only a wide pane in the advanced view has space for.
+    /// Shows or hides what only a wide pane in the advanced view has space for.
     void setExtrasVisible(bool visible);
-    // Enables the controls by the selected and the copied keys.
+    /// Enables the controls by the selected and the copied keys.
     void setUsable(bool hasSelectedKeys, bool hasCopiedKeys);
-    // Reads icons and sizes from the style, and colours from a palette.
+    /// Reads icons and sizes from the style, and colours from a palette.
     void style(const QPalette &palette);
 
 private:

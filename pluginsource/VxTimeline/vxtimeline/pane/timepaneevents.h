@@ -7,7 +7,7 @@
 // in one event loop iteration. They have no data: the handlers read the scene. Their types are
 // registered when the plug-in is loaded.
 
-// Synchronises the dope sheet's selected rows with the scene's selected nodes.
+/// Synchronises the dope sheet's selected rows with the scene's selected nodes.
 class VxTimelineScenePrimarySelectionChangeEvent : public QEvent
 {
 public:
@@ -21,7 +21,7 @@ private:
     static inline const auto s_type = static_cast<QEvent::Type>(QEvent::registerEventType());
 };
 
-// Scrolls the row of the scene's primary selection into view.
+/// Scrolls the row of the scene's primary selection into view.
 class VxTimelineDopesheetEnsureItemVisibleEvent : public QEvent
 {
 public:

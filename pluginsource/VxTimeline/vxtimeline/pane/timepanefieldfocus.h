@@ -8,17 +8,17 @@
 class QAbstractSpinBox;
 class QWidget;
 
-// The focus of the pane's number fields, all of them together.
-//
-// Return gives the focus back to the view that had it before the first field was entered, so that
-// key commands act on keys again.
+/// The focus of the pane's number fields, all of them together.
+///
+/// Return gives the focus back to the view that had it before the first field was entered, so that
+/// key commands act on keys again.
 class TimePaneFieldFocus : public QObject
 {
     Q_OBJECT
 public:
     explicit TimePaneFieldFocus(QObject *parent);
 
-    // Not owned; must live as long as this.
+    /// Not owned; must live as long as this.
     void add(QAbstractSpinBox *field);
 
 private:

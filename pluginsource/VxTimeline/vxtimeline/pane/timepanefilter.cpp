@@ -1,9 +1,5 @@
 #include "vxtimeline/pane/timepanefilter.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtWidgets/QAction>
-#include <vxcore/vxstyledbutton.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepanechoices.h"
 #include "vxtimeline/pane/timepanecontrols.h"
@@ -11,6 +7,10 @@
 #include "vxtimeline/pane/timepanerows.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxfiltermenu.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtWidgets/QAction>
+#include <vxcore/vxstyledbutton.h>
 
 TimePaneFilter::TimePaneFilter(TimePaneChoices &choices, TimePaneControls &controls,
                                VxDopeSheetView *sheet, TimePaneRows &rows,

@@ -9,23 +9,23 @@ class TimePaneControls;
 class TimePaneNodeSelection;
 class TimePaneRows;
 
-// The property types with rows, and the scope of key creation. The check marks of the registered
-// actions are their state.
+/// The property types with rows, and the scope of key creation. The check marks of the registered
+/// actions are their state.
 class TimePaneFilter
 {
 public:
-    // All borrowed.
+    /// All borrowed.
     TimePaneFilter(TimePaneChoices &choices, TimePaneControls &controls, VxDopeSheetView *sheet,
                    TimePaneRows &rows, TimePaneNodeSelection &nodes);
 
     void setTypes(VxTimePane::PropertyTypes types);
     VxTimePane::PropertyTypes types() const;
-    // Makes the rows anew after the check marks of types have changed.
+    /// Makes the rows anew after the check marks of types have changed.
     void applyTypes();
-    // Outside the advanced view the node is the scope instead of its properties.
+    /// Outside the advanced view the node is the scope instead of its properties.
     void setScope(VxTimePane::KeyScope scope, bool isAdvanced);
     VxTimePane::KeyScope scope() const;
-    // Sets the mark of a newly registered action, whose choice is a type or scope.
+    /// Sets the mark of a newly registered action, whose choice is a type or scope.
     void restoreMark(QAction *action, const TimePaneChoice *choice);
 
 private:

@@ -1,8 +1,8 @@
 #include "vxtimeline/pane/timepanegraphhint.h"
 
-#include <QtCore/QEvent>
-
 #include "vxtimeline/keygraph/vxkeygraphview.h"
+
+#include <QtCore/QEvent>
 
 TimePaneGraphHint::TimePaneGraphHint(VxKeyGraphView *view)
     : QLabel(tr("Select property rows to see their curves."), view)

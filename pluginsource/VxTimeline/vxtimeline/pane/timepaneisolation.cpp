@@ -1,12 +1,12 @@
 #include "vxtimeline/pane/timepaneisolation.h"
 
-#include <QtCore/QItemSelectionModel>
-#include <vxcore/vxnodeisolation.h>
-#include <vxcore/vxpane.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
+
+#include <QtCore/QItemSelectionModel>
+#include <vxcore/vxnodeisolation.h>
+#include <vxcore/vxpane.h>
 
 // The rows follow the scene's selected nodes by events that are posted; the curves are shown after
 // those.

@@ -7,14 +7,14 @@ class TimePaneViews;
 class VxNodeIsolation;
 class VxPane;
 
-// Shows the rows of some nodes alone in the dope sheet and their curves alone in the key graph: the
-// filter model leaves out other rows, and the rows of the properties with keys are opened and
-// selected.
+/// Shows the rows of some nodes alone in the dope sheet and their curves alone in the key graph:
+/// the filter model leaves out other rows, and the rows of the properties with keys are opened and
+/// selected.
 class TimePaneIsolation : public QObject
 {
     Q_OBJECT
 public:
-    // Both borrowed.
+    /// Both borrowed.
     TimePaneIsolation(VxPane *pane, const TimePaneViews &views);
 
 private:

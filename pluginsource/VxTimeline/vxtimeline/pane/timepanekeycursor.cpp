@@ -1,5 +1,9 @@
 #include "vxtimeline/pane/timepanekeycursor.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keygraph/vxkeygraphview.h"
+#include "vxtimeline/pane/timepaneviews.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -12,10 +16,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxscenetimedisplay.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraphview.h"
-#include "vxtimeline/pane/timepaneviews.h"
 
 namespace {
 

@@ -1,35 +1,35 @@
 #ifndef TIMEPANEKEYCURSOR_H
 #define TIMEPANEKEYCURSOR_H
 
-#include <QtCore/QPointer>
-#include <QtWidgets/QWidget>
-
 #include "vxtimeline/dopesheet/sheetcursorrows.h"
 #include "vxtimeline/keygraph/graphcursorrows.h"
 
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
 class TimePaneViews;
 
-// The key cursor: a mode of dope sheet and key graph for the keyboard, painted over the views.
-//
-// While it has the focus, the arrow keys move among keys and rows and Shift extends the selection;
-// a ring is around the key, and a line of text says what it is. All other keys are those of the
-// window: the gestures of the key tools move and scale the selected keys, and return the focus. The
-// mode ends by Escape and when the focus leaves the views.
+/// The key cursor: a mode of dope sheet and key graph for the keyboard, painted over the views.
+///
+/// While it has the focus, the arrow keys move among keys and rows and Shift extends the selection;
+/// a ring is around the key, and a line of text says what it is. All other keys are those of the
+/// window: the gestures of the key tools move and scale the selected keys, and return the focus.
+/// The mode ends by Escape and when the focus leaves the views.
 class TimePaneKeyCursor : public QWidget
 {
     Q_OBJECT
 public:
-    // views: borrowed. Child of the widget that contains dope sheet and key graph.
+    /// views: borrowed. Child of the widget that contains dope sheet and key graph.
     explicit TimePaneKeyCursor(const TimePaneViews &views);
 
-    // Begins in the key graph when it has the focus, else in the dope sheet, at the key nearest to
-    // the scene's time. Without rows a message says so.
+    /// Begins in the key graph when it has the focus, else in the dope sheet, at the key nearest to
+    /// the scene's time. Without rows a message says so.
     void begin();
     void finish();
 
-    // The line over the views.
+    /// The line over the views.
     QString text() const;
-    // The ring around the key in pixels of this widget; empty where no key is visible.
+    /// The ring around the key in pixels of this widget; empty where no key is visible.
     QRect ring() const { return m_ring; }
 
 protected:
@@ -41,7 +41,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    // The present key of a row.
+    /// The present key of a row.
     struct Place
     {
         AccessibleKeys::Source row; // null for an empty view

@@ -1,5 +1,13 @@
 #include "vxtimeline/pane/timepanekeys.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/keycreation.h"
+#include "vxtimeline/keys/nodeproperties.h"
+#include "vxtimeline/pane/timepanechoices.h"
+#include "vxtimeline/pane/timepanecontrols.h"
+#include "vxtimeline/pane/vxtimepane.h"
+#include "vxtimeline/time/vxwarning.h"
+
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMessageBox>
 #include <vxcore/vxapp.h>
@@ -9,14 +17,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxskeleton.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/keycreation.h"
-#include "vxtimeline/keys/nodeproperties.h"
-#include "vxtimeline/pane/timepanechoices.h"
-#include "vxtimeline/pane/timepanecontrols.h"
-#include "vxtimeline/pane/vxtimepane.h"
-#include "vxtimeline/time/vxwarning.h"
 
 namespace {
 

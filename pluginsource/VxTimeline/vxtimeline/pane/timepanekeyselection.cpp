@@ -1,10 +1,5 @@
 #include "vxtimeline/pane/timepanekeyselection.h"
 
-#include <QtCore/QHash>
-#include <algorithm>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
@@ -12,6 +7,11 @@
 #include "vxtimeline/keys/vxkeycommunication.h"
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtCore/QHash>
+#include <algorithm>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxproperty.h>
 
 TimePaneKeySelection::TimePaneKeySelection(const TimePaneViews &views)
     : m_views(views)

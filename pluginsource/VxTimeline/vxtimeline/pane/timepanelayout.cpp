@@ -1,11 +1,5 @@
 #include "vxtimeline/pane/timepanelayout.h"
 
-#include <QtWidgets/QVBoxLayout>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxbarbutton.h>
-#include <vxcore/vxdynamicdividerwgt.h>
-#include <vxcore/vxstyle.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/timepanechoices.h"
@@ -13,6 +7,12 @@
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/time/vxwarning.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
+
+#include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxbarbutton.h>
+#include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxstyle.h>
 
 namespace {
 

@@ -7,12 +7,12 @@ class TimePaneChoices;
 class TimePaneControls;
 class TimePaneViews;
 
-// What the pane shows and where: its view mode, the position of the controls, the open key graph,
-// and the extras of a wide pane.
+/// What the pane shows and where: its view mode, the position of the controls, the open key graph,
+/// and the extras of a wide pane.
 class TimePaneLayout
 {
 public:
-    // All borrowed. Inserts the parts into the pane.
+    /// All borrowed. Inserts the parts into the pane.
     TimePaneLayout(VxTimePane *pane, TimePaneViews &views, TimePaneControls &controls,
                    TimePaneChoices &choices);
 
@@ -20,13 +20,13 @@ public:
     bool isAdvanced() const { return m_viewMode == VxTimePane::AdvancedView; }
     VxTimePane::ControlsPosition controlsPosition() const { return m_position; }
     bool isGraphOpen() const { return m_isGraphOpen; }
-    // These have the effects of the pane's slots, its signals included.
+    /// These have the effects of the pane's slots, its signals included.
     void setViewMode(VxTimePane::ViewMode mode);
     void setControlsPosition(VxTimePane::ControlsPosition position);
     void setGraphOpen(bool open);
-    // Shows or hides the key graph.
+    /// Shows or hides the key graph.
     void showGraph();
-    // Shows or hides the extras by the pane's width, in pixels.
+    /// Shows or hides the extras by the pane's width, in pixels.
     void checkWidth(int width);
 
 private:

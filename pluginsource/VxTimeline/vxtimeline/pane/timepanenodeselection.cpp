@@ -1,13 +1,13 @@
 #include "vxtimeline/pane/timepanenodeselection.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/pane/timepaneevents.h"
+#include "vxtimeline/pane/timepanerows.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QWidget>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/pane/timepaneevents.h"
-#include "vxtimeline/pane/timepanerows.h"
 
 TimePaneNodeSelection::TimePaneNodeSelection(QWidget *pane, VxDopeSheetView *sheet,
                                              const TimePaneRows &rows)

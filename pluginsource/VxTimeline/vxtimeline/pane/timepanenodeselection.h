@@ -8,22 +8,22 @@ class QWidget;
 class TimePaneRows;
 class VxDopeSheetView;
 
-// Synchronises the dope sheet's rows with the scene's selected nodes: once per event loop
-// iteration, by two events that the pane posts to itself.
+/// Synchronises the dope sheet's rows with the scene's selected nodes: once per event loop
+/// iteration, by two events that the pane posts to itself.
 class TimePaneNodeSelection
 {
 public:
-    // All borrowed.
+    /// All borrowed.
     TimePaneNodeSelection(QWidget *pane, VxDopeSheetView *sheet, const TimePaneRows &rows);
 
-    // Requests a synchronisation, which is deferred while the pane is hidden.
+    /// Requests a synchronisation, which is deferred while the pane is hidden.
     void update();
     void updateIfPending();
-    // True for one of the pane's own events, which is then handled.
+    /// True for one of the pane's own events, which is then handled.
     bool handle(const QEvent *event);
-    // Scrolls to the row of the primary selection.
+    /// Scrolls to the row of the primary selection.
     void ensureVisible();
-    // Synchronisation is deferred between the two, which may be nested.
+    /// Synchronisation is deferred between the two, which may be nested.
     void block() { m_blockCount.ref(); }
     void unblock();
 

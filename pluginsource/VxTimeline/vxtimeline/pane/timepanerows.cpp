@@ -1,11 +1,5 @@
 #include "vxtimeline/pane/timepanerows.h"
 
-#include <QtCore/QItemSelectionModel>
-#include <algorithm>
-#include <utility>
-#include <vxcore/vxnode.h>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keys/vxkeycommunication.h"
@@ -15,6 +9,12 @@
 #include "vxtimeline/pane/vxtimepane.h"
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <QtCore/QItemSelectionModel>
+#include <algorithm>
+#include <utility>
+#include <vxcore/vxnode.h>
+#include <vxcore/vxscene.h>
 
 namespace {
 

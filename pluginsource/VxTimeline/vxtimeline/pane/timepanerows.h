@@ -10,31 +10,31 @@ class VxDopeSheetModel;
 class VxNode;
 class VxTimePane;
 
-// The dope sheet's rows: which nodes have some, and making them anew.
+/// The dope sheet's rows: which nodes have some, and making them anew.
 class TimePaneRows
 {
 public:
-    // All borrowed.
+    /// All borrowed.
     TimePaneRows(VxTimePane *pane, TimePaneViews &views, TimePaneKeys &keys,
                  TimePaneKeySelection &keySelection);
 
-    // Make and delete the model; each does nothing if that is done.
+    /// Make and delete the model; each does nothing if that is done.
     void initModel();
     void uninitModel();
-    // Makes the model with the rows of the whole scene.
+    /// Makes the model with the rows of the whole scene.
     void fill();
-    // Makes the rows anew; without a model nothing happens.
+    /// Makes the rows anew; without a model nothing happens.
     void refresh();
     void clear();
-    // While a scene is being loaded added nodes are queued.
+    /// While a scene is being loaded added nodes are queued.
     void startLoading() { ++m_sceneLoadDepth; }
     void finishLoading();
     void addNode(VxNode *node, bool addChildren);
     void removeNode(VxNode *node);
-    // Calls a function of the model with the topmost ancestor of the primary selection.
+    /// Calls a function of the model with the topmost ancestor of the primary selection.
     void moveRoot(void (VxDopeSheetModel::*move)(VxNode *)) const;
     void collapseAll() const;
-    // Makes the ruler mark the keys of the primary selection's row, or of all rows.
+    /// Makes the ruler mark the keys of the primary selection's row, or of all rows.
     void followKeySource() const;
 
 private:

@@ -1,11 +1,11 @@
 #include "vxtimeline/pane/timepanesettings.h"
 
+#include "vxtimeline/keys/timelinemenus.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <QtCore/QMetaEnum>
 #include <vxcore/vxactionmenu.h>
 #include <vxcore/vxsettings.h>
-
-#include "vxtimeline/keys/timelinemenus.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

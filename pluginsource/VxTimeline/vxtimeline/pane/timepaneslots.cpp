@@ -1,9 +1,5 @@
 // The pane's slots, which forward to its collaborators.
 
-#include <QtGui/QGuiApplication>
-#include <QtWidgets/QDoubleSpinBox>
-#include <vxcore/vxscene.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
@@ -12,6 +8,10 @@
 #include "vxtimeline/pane/vxtimepane_p.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
 #include "vxtimeline/time/timelineplayback.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QDoubleSpinBox>
+#include <vxcore/vxscene.h>
 
 VxDopeSheetView *VxTimePane::getDopeSheetView() const
 {

@@ -10,8 +10,8 @@ class VxBarButton;
 class VxButtonBar;
 class VxStyledButton;
 
-// Creates the parts of the groups of the pane's strip, with the style's metrics. Style sheets and
-// scripts use the object names. The given parent owns the created widgets.
+/// Creates the parts of the groups of the pane's strip, with the style's metrics. Style sheets and
+/// scripts use the object names. The given parent owns the created widgets.
 class TimePaneStrip
 {
 public:
@@ -20,11 +20,11 @@ public:
     int margin() const { return m_margin; }               // pixels, between and around controls
     int controlHeight() const { return m_controlHeight; } // pixels
 
-    // A widget with a horizontal layout without margins, like all groups of the strip.
+    /// A widget with a horizontal layout without margins, like all groups of the strip.
     QWidget *makeGroup(const QString &name, QWidget *parent) const;
     static QHBoxLayout *layoutOf(const QWidget *group);
     QLabel *makeLabel(const QString &name, const QString &text, QWidget *parent) const;
-    // A control preceded by its label, which is also its name for screen readers.
+    /// A control preceded by its label, which is also its name for screen readers.
     void addLabelled(QHBoxLayout *layout, const QString &name, const QString &text,
                      QWidget *control) const;
     VxButtonBar *makeBar(const QString &name, QWidget *parent) const;

@@ -1,19 +1,5 @@
 #include "vxtimeline/pane/timepaneviews.h"
 
-#include <QtCore/QItemSelectionModel>
-#include <QtWidgets/QFrame>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QScrollBar>
-#include <QtWidgets/QVBoxLayout>
-#include <vxcore/vxapp.h>
-#include <vxcore/vxdynamicdividerwgt.h>
-#include <vxcore/vxkeycursor.h>
-#include <vxcore/vxpanesearch.h>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxstyle.h>
-#include <vxcore/vxstyledwidget.h>
-
 #include "vxtimeline/dopesheet/vxdopesheetheaderview.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
@@ -30,6 +16,20 @@
 #include "vxtimeline/time/timelinesnap.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
+
+#include <QtCore/QItemSelectionModel>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QVBoxLayout>
+#include <vxcore/vxapp.h>
+#include <vxcore/vxdynamicdividerwgt.h>
+#include <vxcore/vxkeycursor.h>
+#include <vxcore/vxpanesearch.h>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxstyle.h>
+#include <vxcore/vxstyledwidget.h>
 
 namespace {
 

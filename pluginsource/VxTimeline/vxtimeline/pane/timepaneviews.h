@@ -19,19 +19,19 @@ class VxPlayheadWgt;
 class VxStyledWidget;
 class VxTimeRangeSlider;
 
-// The upper part of the pane: dope sheet with ruler and playhead, key graph behind a divider, and
-// the time range slider, all on one time axis. Style sheets and scripts refer to object names.
+/// The upper part of the pane: dope sheet with ruler and playhead, key graph behind a divider, and
+/// the time range slider, all on one time axis. Style sheets and scripts refer to object names.
 class TimePaneViews
 {
 public:
-    // The widgets belong to the pane; dope sheet and key graph are deleted with this object, as
-    // they use models and message bus to the end.
+    /// The widgets belong to the pane; dope sheet and key graph are deleted with this object, as
+    /// they use models and message bus to the end.
     TimePaneViews(VxPane *pane, const TimePaneStrip &strip);
     ~TimePaneViews();
     TimePaneViews(const TimePaneViews &) = delete;
     TimePaneViews &operator=(const TimePaneViews &) = delete;
 
-    // None of these is ever null.
+    /// None of these is ever null.
     VxKeyCommunication *bus() const { return m_bus; }
     VxDopeSheetHeaderView *header() const { return m_header; }
     VxDopeSheetView *sheet() const { return m_sheet; }
@@ -44,26 +44,26 @@ public:
     QWidget *timeRange() const { return m_timeRange; }
     VxTimeRangeSlider *slider() const { return m_slider; }
 
-    // Repaints everything after a change of the time axis.
+    /// Repaints everything after a change of the time axis.
     void update();
     void updateSliders();
-    // Takes over the scene's time step, in ticks.
+    /// Takes over the scene's time step, in ticks.
     void setTimeStep(int step);
-    // Sets the scene's play range from the slider.
+    /// Sets the scene's play range from the slider.
     void applySlider() const;
-    // Sets the model of view and header; null for none: then the name column's width is saved.
+    /// Sets the model of view and header; null for none: then the name column's width is saved.
     void setModel(QAbstractItemModel *model);
 
-    // Shows names and rows, or the ruler alone; the name column's width is saved in between.
+    /// Shows names and rows, or the ruler alone; the name column's width is saved in between.
     void setRowsVisible(bool visible);
-    // Applies the visibility of rows and the saved width of the name column.
+    /// Applies the visibility of rows and the saved width of the name column.
     void layoutRows() const;
-    // Restores a missing name column.
+    /// Restores a missing name column.
     void widenNameColumn() const;
-    // Updates everything that depends on the name column's width.
+    /// Updates everything that depends on the name column's width.
     void followNameColumn() const;
     void setGraphVisible(bool visible) const;
-    // Reads sizes and colours from the style.
+    /// Reads sizes and colours from the style.
     void style();
 
 private:

@@ -1,16 +1,16 @@
 #include "vxtimeline/pane/transportcontrols.h"
 
+#include "vxtimeline/dopesheet/vxdopesheetview.h"
+#include "vxtimeline/keys/keyskip.h"
+#include "vxtimeline/pane/timepanestrip.h"
+#include "vxtimeline/pane/vxtimepane.h"
+
 #include <vxcore/vxapp.h>
 #include <vxcore/vxbarbutton.h>
 #include <vxcore/vxbuttonbar.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxundostackhold.h>
-
-#include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keys/keyskip.h"
-#include "vxtimeline/pane/timepanestrip.h"
-#include "vxtimeline/pane/vxtimepane.h"
 
 namespace {
 

@@ -10,17 +10,17 @@ class VxBarButton;
 class VxButtonBar;
 class VxDopeSheetView;
 
-// The pane's bar of playback buttons: its buttons, their icons, their visibility by view mode, and
-// the skips that make an undo entry. The pane connects them.
+/// The pane's bar of playback buttons: its buttons, their icons, their visibility by view mode, and
+/// the skips that make an undo entry. The pane connects them.
 class TransportControls
 {
 public:
-    // The widgets belong to parent.
+    /// The widgets belong to parent.
     TransportControls(QWidget *parent, const TimePaneStrip &strip);
 
     VxButtonBar *bar() const { return m_bar; }
-    // Loop, skip to start, previous key, previous frame, play or pause, next frame, next key, skip
-    // to end: from left to right.
+    /// Loop, skip to start, previous key, previous frame, play or pause, next frame, next key, skip
+    /// to end: from left to right.
     enum Button {
         Loop,
         SkipToStart,
@@ -34,20 +34,20 @@ public:
     };
     const QVector<VxBarButton *> &buttons() const { return m_buttons; }
 
-    // The buttons for single frames and keys, with their separators.
+    /// The buttons for single frames and keys, with their separators.
     void setStepsVisible(bool visible);
-    // Reads the icons from the style; those of loop and play/pause follow the scene.
+    /// Reads the icons from the style; those of loop and play/pause follow the scene.
     void updateIcons();
     void updatePlayIcon();
     void updateLoopIcon(bool loops);
 
-    // Recorded for undo if the time changes.
+    /// Recorded for undo if the time changes.
     static void skipToStart();
     static void skipToEnd();
-    // Among all keys of the selected nodes; without one, to that end of the play range.
+    /// Among all keys of the selected nodes; without one, to that end of the play range.
     static void skipToPreviousKey();
     static void skipToNextKey();
-    // Among the keys that the dope sheet shows.
+    /// Among the keys that the dope sheet shows.
     static void skipToPreviousFilteredKey(VxDopeSheetView *sheet);
     static void skipToNextFilteredKey(VxDopeSheetView *sheet);
 

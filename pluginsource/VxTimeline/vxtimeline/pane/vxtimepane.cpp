@@ -1,5 +1,12 @@
 #include "vxtimeline/pane/vxtimepane.h"
 
+#include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/pane/timefields.h"
+#include "vxtimeline/pane/timepanebuttonhelp.h"
+#include "vxtimeline/pane/timepanefieldhelp.h"
+#include "vxtimeline/pane/vxtimepane_p.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QAction>
 #include <vxcore/vxaction.h>
@@ -10,13 +17,6 @@
 #include <vxcore/vxmainwindow.h>
 #include <vxcore/vxpanemgr.h>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/keys/timelinepropertytypes.h"
-#include "vxtimeline/pane/timefields.h"
-#include "vxtimeline/pane/timepanebuttonhelp.h"
-#include "vxtimeline/pane/timepanefieldhelp.h"
-#include "vxtimeline/pane/vxtimepane_p.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 static_assert(int(VxTimePane::PropTranslate) == int(TimelinePropertyTypes::Translation) &&
                   int(VxTimePane::PropRotate) == int(TimelinePropertyTypes::Rotation) &&

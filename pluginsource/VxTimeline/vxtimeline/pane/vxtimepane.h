@@ -15,17 +15,17 @@ class VxDopeSheetView;
 class VxKeyGraphView;
 class VxNode;
 
-// The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
-//
-// The pane assembles collaborators (vxtimepane_p.h), each with its widgets and state, and is their
-// interface: its slots forward to them, and all signals are connected to its slots.
-//
-// The order and argument names of signals and slots are seen by scripts: keep them.
+/// The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
+///
+/// The pane assembles collaborators (vxtimepane_p.h), each with its widgets and state, and is their
+/// interface: its slots forward to them, and all signals are connected to its slots.
+///
+/// The order and argument names of signals and slots are seen by scripts: keep them.
 class VxTimePane : public VxPane
 {
     Q_OBJECT
 public:
-    // With a fixed underlying type, so that an invalid number can be passed and refused.
+    /// With a fixed underlying type, so that an invalid number can be passed and refused.
     enum ControlsPosition : int { ControlsBottom = 0, ControlsTop = 1 };
     Q_ENUM(ControlsPosition)
 
@@ -56,18 +56,18 @@ public:
     VxTimePane();
     ~VxTimePane() override;
 
-    // Never null; owned by the pane.
+    /// Never null; owned by the pane.
     VxDopeSheetView *getDopeSheetView() const;
     VxKeyGraphView *getKeyGraphView() const;
 
-    // Adds an action to the list whose check marks the pane maintains. Not owned; an action is
-    // removed when it is destroyed. Null and an action already in the list are ignored.
+    /// Adds an action to the list whose check marks the pane maintains. Not owned; an action is
+    /// removed when it is destroyed. Null and an action already in the list are ignored.
     void registerAction(QAction *action);
     QVector<QAction *> getRegisteredActions() const;
 
     void restoreSettings(VxSettings *settings) override;
     void saveSettings(VxSettings *settings) const override;
-    // Reloads the outdated time fields from the scene.
+    /// Reloads the outdated time fields from the scene.
     void updateTimeFields() override;
 
 Q_SIGNALS:
@@ -94,7 +94,7 @@ public Q_SLOTS:
     bool getPlayAllFrames() const;
     void setTotalFrames(int frames);
     int getTotalFrames() const;
-    // The key graph opens and closes in the advanced view only.
+    /// The key graph opens and closes in the advanced view only.
     void toggleKeyGraph() { setKeyGraphOpen(!getKeyGraphOpen()); }
     void setKeyGraphOpen(bool onOff);
     bool getKeyGraphOpen() const;
@@ -121,15 +121,15 @@ public Q_SLOTS:
     void deleteKeys();
     void deleteSelectedKeys();
     void createKeys();
-    // Below 1 asks the user for the number.
+    /// Below 1 asks the user for the number.
     void createFilteredKeys(int numKeys = 1);
     void setFilteredKeyCreationScope(KeyScope keyScope);
     KeyScope getFilteredKeyCreationScope() const;
     void copySelectedKeys();
     void pasteKeys();
-    // 0 Linear, 1 Constant, 2 TCB; anything else is refused with a warning.
+    /// 0 Linear, 1 Constant, 2 TCB; anything else is refused with a warning.
     void setInterpType(int interpType);
-    // The five functions of the text filter have no effect: they are kept for existing scripts.
+    /// The five functions of the text filter have no effect: they are kept for existing scripts.
     void setFilterText(QString text) { Q_UNUSED(text) }
     QString getFilterText() const { return QString(); }
     int getNumFilteredMatches() const { return -1; }
@@ -204,7 +204,7 @@ private Q_SLOTS:
     void doStyling();
 
 private:
-    // Order matters for signals with several receivers.
+    /// Order matters for signals with several receivers.
     void connectScene();
     void connectViews();
     void connectControls();

@@ -15,7 +15,7 @@
 #include "vxtimeline/pane/timepaneviews.h"
 #include "vxtimeline/pane/vxtimepane.h"
 
-// The collaborators of the pane, each with its widgets and state. Those below use those above.
+/// The collaborators of the pane, each with its widgets and state. Those below use those above.
 class VxTimePane::Private
 {
 public:

@@ -1,11 +1,11 @@
 #include "vxtimeline/rows/commontcb.h"
 
+#include "vxtimeline/rows/dopesheetrowkeys.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <algorithm>
 #include <cstring>
 #include <vxcore/vxfloatproperty.h>
-
-#include "vxtimeline/rows/dopesheetrowkeys.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

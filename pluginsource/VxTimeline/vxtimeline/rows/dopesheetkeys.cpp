@@ -1,12 +1,12 @@
 #include "vxtimeline/rows/dopesheetkeys.h"
 
+#include "vxtimeline/keys/keyspans.h"
+
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <numeric>
 #include <vector>
-
-#include "vxtimeline/keys/keyspans.h"
 
 namespace {
 

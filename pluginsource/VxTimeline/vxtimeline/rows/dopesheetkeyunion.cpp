@@ -4,12 +4,12 @@
 // share their times only need their flags joined. Many rows with different times are marked in a
 // bitmap if their times are dense; else adjacent rows are merged pairwise.
 
+#include "vxtimeline/rows/dopesheetkeys.h"
+
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <vector>
-
-#include "vxtimeline/rows/dopesheetkeys.h"
 
 namespace {
 

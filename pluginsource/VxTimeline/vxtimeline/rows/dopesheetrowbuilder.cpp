@@ -1,14 +1,14 @@
 #include "vxtimeline/rows/dopesheetrowbuilder.h"
 
+#include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/dopesheetvaluesource.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 #include <vxcore/vxfloatproperty.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxpropertygrouptree.h>
-
-#include "vxtimeline/keys/timelinepropertytypes.h"
-#include "vxtimeline/rows/dopesheetvaluesource.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "vxtimeline/rows/dopesheetrowkeys.h"
 
-#include <vxcore/vxfloatproperty.h>
-
 #include "vxtimeline/rows/vxdopesheetitem.h"
+
+#include <vxcore/vxfloatproperty.h>
 
 namespace {
 

@@ -5,14 +5,14 @@
 
 class VxDopeSheetItem;
 
-// The keys of one row as plain arrays, for painting and hit tests.
-//
-// Everything is borrowed from the row's item and its property, and is valid until either changes.
+/// The keys of one row as plain arrays, for painting and hit tests.
+///
+/// Everything is borrowed from the row's item and its property, and is valid until either changes.
 struct DopeSheetRowKeys
 {
-    // The look of a key's mark: the interpolation types have their own numbers.
+    /// The look of a key's mark: the interpolation types have their own numbers.
     enum Look : quint8 { Linear = 0, Constant = 1, Tcb = 2, Aggregate = 3 };
-    // Set in a row's flags of a key, and in DopeSheetMark::state.
+    /// Set in a row's flags of a key, and in DopeSheetMark::state.
     static constexpr quint8 Selected = 1;
 
     const VxTime *times = nullptr;
@@ -23,7 +23,7 @@ struct DopeSheetRowKeys
 
     static DopeSheetRowKeys of(const VxDopeSheetItem *item);
 
-    // The state of a key's mark as bits: whether it is selected, then its look.
+    /// The state of a key's mark as bits: whether it is selected, then its look.
     quint8 stateOf(int index) const
     {
         const int look = types ? types[index] : quint8(commonLook);

@@ -1,10 +1,10 @@
 #include "vxtimeline/rows/dopesheetrowname.h"
 
-#include <vxcore/vxnode.h>
-#include <vxcore/vxproperty.h>
-
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/rows/vxdopesheetmodel.h"
+
+#include <vxcore/vxnode.h>
+#include <vxcore/vxproperty.h>
 
 namespace {
 

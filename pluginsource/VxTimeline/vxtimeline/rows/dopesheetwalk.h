@@ -4,13 +4,13 @@
 #include <QtCore/QAbstractItemModel>
 #include <vector>
 
-// Iterates over the rows of the dope sheet in the order of a fully open tree. Hierarchies can be
-// chains of thousands of rows, so nothing here recurses. Rows are indexes of column 0.
+/// Iterates over the rows of the dope sheet in the order of a fully open tree. Hierarchies can be
+/// chains of thousands of rows, so nothing here recurses. Rows are indexes of column 0.
 namespace DopeSheetWalk {
 
-// Calls visit(row) for the rows below a parent (all rows for an invalid one); the rows below a row
-// follow when visit returned true for it. Leaf rows are not queried for children: filter models
-// store a mapping for each queried parent.
+/// Calls visit(row) for the rows below a parent (all rows for an invalid one); the rows below a row
+/// follow when visit returned true for it. Leaf rows are not queried for children: filter models
+/// store a mapping for each queried parent.
 template <typename Visit>
 void visitBelow(const QAbstractItemModel *model, const QModelIndex &parent, const Visit &visit)
 {
@@ -38,7 +38,7 @@ void visitBelow(const QAbstractItemModel *model, const QModelIndex &parent, cons
     }
 }
 
-// Visits all rows below a parent, or every row.
+/// Visits all rows below a parent, or every row.
 template <typename Visit>
 void all(const QAbstractItemModel *model, const Visit &visit, const QModelIndex &parent = {})
 {
@@ -48,7 +48,7 @@ void all(const QAbstractItemModel *model, const Visit &visit, const QModelIndex 
     });
 }
 
-// The row after a row, its first child if it has one; invalid after the last.
+/// The row after a row, its first child if it has one; invalid after the last.
 inline QModelIndex next(const QModelIndex &index)
 {
     const QAbstractItemModel *model = index.model();
@@ -63,9 +63,9 @@ inline QModelIndex next(const QModelIndex &index)
     return QModelIndex();
 }
 
-// Visits the rows from start to end, both included. A closed end row includes all rows below it, an
-// open one does not. Visits nothing for an invalid start, and all rows from start on for an end
-// that is invalid or before start.
+/// Visits the rows from start to end, both included. A closed end row includes all rows below it,
+/// an open one does not. Visits nothing for an invalid start, and all rows from start on for an end
+/// that is invalid or before start.
 template <typename IsOpen, typename Visit>
 void between(const QModelIndex &start, const QModelIndex &end, const IsOpen &isOpen,
              const Visit &visit)

@@ -1,10 +1,10 @@
 #include "vxtimeline/rows/selectedkeys.h"
 
+#include "vxtimeline/rows/vxdopesheetitem.h"
+
 #include <algorithm>
 #include <iterator>
 #include <vxcore/vxproperty.h>
-
-#include "vxtimeline/rows/vxdopesheetitem.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 class VxDopeSheetItem;
 class VxProperty;
 
-// The selected keys of one property, united over its rows.
+/// The selected keys of one property, united over its rows.
 struct SelectedKeys
 {
     VxProperty *property = nullptr;  // that of the first row
@@ -16,17 +16,17 @@ struct SelectedKeys
     QVector<int> indexes;            // of keys, ascending; never empty
 };
 
-// Collects the selected keys of rows by property.
-//
-// An alias and its target have rows of their own that show the same keys. An edit of the selected
-// keys must change each key once, so rows are grouped by key holder, and a key counts as selected
-// when it is selected in any of them.
+/// Collects the selected keys of rows by property.
+///
+/// An alias and its target have rows of their own that show the same keys. An edit of the selected
+/// keys must change each key once, so rows are grouped by key holder, and a key counts as selected
+/// when it is selected in any of them.
 class SelectedKeysCollector
 {
 public:
-    // Rows without a property or without a selected key add nothing.
+    /// Rows without a property or without a selected key add nothing.
     void add(VxDopeSheetItem *item);
-    // In the order of the first rows.
+    /// In the order of the first rows.
     const std::vector<SelectedKeys> &keys() const { return m_keys; }
 
 private:

@@ -1,14 +1,14 @@
 #include "vxtimeline/rows/vxdopesheetfiltermodel.h"
 
+#include "vxtimeline/rows/dopesheetwalk.h"
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetmodel.h"
+
 #include <QtCore/QHash>
 #include <QtCore/QSet>
 #include <QtCore/QSignalBlocker>
 #include <vector>
 #include <vxcore/vxnode.h>
-
-#include "vxtimeline/rows/dopesheetwalk.h"
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetmodel.h"
 
 namespace {
 

@@ -8,11 +8,11 @@
 
 class VxNode;
 
-// The proxy between the dope sheet's model and its view, for the text filter.
-//
-// It adds no rule of its own. With recursive filtering on, the base class searches the whole
-// subtree again for each ancestor of a match, which is quadratic in the depth of a hierarchy;
-// refilter() finds all matches in one pass, and the base class uses the result.
+/// The proxy between the dope sheet's model and its view, for the text filter.
+///
+/// It adds no rule of its own. With recursive filtering on, the base class searches the whole
+/// subtree again for each ancestor of a match, which is quadratic in the depth of a hierarchy;
+/// refilter() finds all matches in one pass, and the base class uses the result.
 class VxDopeSheetFilterModel : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -22,21 +22,21 @@ public:
 
     void setSourceModel(QAbstractItemModel *model) override;
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
-    // That of the source model: no column is left out.
+    /// That of the source model: no column is left out.
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
 
-    // Filters all rows by a pattern; thousands of root rows are filtered by a reset of the model.
-    // Without a pattern, by the present one: for rows that were renamed, or added below filtered
-    // out rows.
+    /// Filters all rows by a pattern; thousands of root rows are filtered by a reset of the model.
+    /// Without a pattern, by the present one: for rows that were renamed, or added below filtered
+    /// out rows.
     void refilter(const QRegExp &pattern);
     void refilter();
-    // Leaves out the rows of all other nodes, except those above these nodes; none: shows all. The
-    // text filter applies to the remaining rows. The nodes must live until the next call.
+    /// Leaves out the rows of all other nodes, except those above these nodes; none: shows all. The
+    /// text filter applies to the remaining rows. The nodes must live until the next call.
     void setIsolatedNodes(const QVector<VxNode *> &nodes);
-    // Whether any row below an index of this model matches the pattern, created yet or not; false
-    // when rows were added or removed since the last refilter().
+    /// Whether any row below an index of this model matches the pattern, created yet or not; false
+    /// when rows were added or removed since the last refilter().
     bool hasMatchBelow(const QModelIndex &index) const;
-    // What mapFromSource() finds, also for thousands of rows that are left out.
+    /// What mapFromSource() finds, also for thousands of rows that are left out.
     QModelIndex findShown(const QModelIndex &sourceRow) const;
 
 protected:

@@ -1,14 +1,14 @@
 #include "vxtimeline/rows/vxdopesheetitem.h"
 
+#include "vxtimeline/rows/dopesheetvaluesource.h"
+#include "vxtimeline/rows/vxdopesheetitem_p.h"
+
 #include <QtCore/QStringList>
 #include <algorithm>
 #include <utility>
 #include <vxcore/vxelement.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxproperty.h>
-
-#include "vxtimeline/rows/dopesheetvaluesource.h"
-#include "vxtimeline/rows/vxdopesheetitem_p.h"
 
 VxDopeSheetItem::VxDopeSheetItem()
     : d(std::make_unique<Private>(this))

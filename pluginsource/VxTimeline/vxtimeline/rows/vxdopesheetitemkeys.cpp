@@ -1,12 +1,12 @@
 // The keys of a row: gathered, selected, deleted.
 
+#include "vxtimeline/rows/vxdopesheetitem.h"
+#include "vxtimeline/rows/vxdopesheetitem_p.h"
+
 #include <algorithm>
 #include <vxcore/vxchangeblock.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxproperty.h>
-
-#include "vxtimeline/rows/vxdopesheetitem.h"
-#include "vxtimeline/rows/vxdopesheetitem_p.h"
 
 void VxDopeSheetItem::Private::renumber(int from)
 {

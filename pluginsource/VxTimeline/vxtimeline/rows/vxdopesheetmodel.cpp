@@ -1,5 +1,9 @@
 #include "vxtimeline/rows/vxdopesheetmodel_p.h"
 
+#include "vxtimeline/keys/nodeproperties.h"
+#include "vxtimeline/keys/timelinepropertytypes.h"
+#include "vxtimeline/rows/dopesheetrowbuilder.h"
+
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
 #include <QtGui/QIcon>
@@ -10,10 +14,6 @@
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/keys/nodeproperties.h"
-#include "vxtimeline/keys/timelinepropertytypes.h"
-#include "vxtimeline/rows/dopesheetrowbuilder.h"
 
 VxDopeSheetModel::VxDopeSheetModel(int propertyTypes, int keyCreationScope, QObject *parent)
     : QAbstractItemModel(parent)

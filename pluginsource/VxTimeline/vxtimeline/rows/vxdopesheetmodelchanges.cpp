@@ -1,8 +1,8 @@
 // How the model announces rows that are added and removed: one by one, or many as resets.
 
-#include <QtCore/QTimer>
-
 #include "vxtimeline/rows/vxdopesheetmodel_p.h"
+
+#include <QtCore/QTimer>
 
 namespace {
 

@@ -1,6 +1,7 @@
 // How the model follows the scene for nodes that have rows already: their order, and properties
 // that are added and removed.
 
+#include "vxtimeline/keys/timelinepropertytypes.h"
 #include "vxtimeline/rows/vxdopesheetmodel_p.h"
 
 #include <QtCore/QHash>
@@ -11,8 +12,6 @@
 #include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxpropertyhelper.h>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/keys/timelinepropertytypes.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "vxtimeline/time/playrangeview.h"
 
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "vxtimeline/time/timelinesnap.h"
 
 void PlayRangeView::begin(const VxTimeRange &range)
 {

@@ -1,9 +1,9 @@
 #include "vxtimeline/time/timelineplayback.h"
 
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <utility>
 #include <vxcore/vxscene.h>
-
-#include "vxtimeline/time/timelinesnap.h"
 
 namespace TimelinePlayback {
 

@@ -1,8 +1,8 @@
 #include "vxtimeline/time/timelineruler.h"
 
-#include <QtCore/qglobal.h>
-
 #include "vxtimeline/time/timelinesnap.h"
+
+#include <QtCore/qglobal.h>
 
 namespace TimelineRuler {
 

@@ -1,19 +1,19 @@
 #ifndef TIMELINEVISIBLE_H
 #define TIMELINEVISIBLE_H
 
+#include "vxtimeline/time/timelinemetrics.h"
+
 #include <algorithm>
 #include <vxcore/vxtime.h>
 
-#include "vxtimeline/time/timelinemetrics.h"
-
-// Finds the visible ones of items along time, without visiting the rest.
-//
-// Positions ascend with time, so the first item within a span of pixels is found by bisection,
-// and all that share a pixel are skipped together: the result is that of a loop over everything,
-// in the same order.
+/// Finds the visible ones of items along time, without visiting the rest.
+///
+/// Positions ascend with time, so the first item within a span of pixels is found by bisection,
+/// and all that share a pixel are skipped together: the result is that of a loop over everything,
+/// in the same order.
 namespace TimelineVisible {
 
-// The first index in low .. high - 1 whose position is not left of x; high without one.
+/// The first index in low .. high - 1 whose position is not left of x; high without one.
 template <typename Position>
 qint64 firstFrom(qint64 low, qint64 high, qint64 x, const Position &position)
 {
@@ -27,8 +27,8 @@ qint64 firstFrom(qint64 low, qint64 high, qint64 x, const Position &position)
     return low;
 }
 
-// The first index after from whose position is right of x, the position of from; end without one.
-// nextX receives its position. The next few are tried one by one, as there are seldom more.
+/// The first index after from whose position is right of x, the position of from; end without one.
+/// nextX receives its position. The next few are tried one by one, as there are seldom more.
 template <typename Position>
 qint64 firstAfter(qint64 from, qint64 end, int x, const Position &position, int *nextX)
 {
@@ -49,8 +49,8 @@ qint64 firstAfter(qint64 from, qint64 end, int x, const Position &position, int 
     return to;
 }
 
-// Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) with items at it:
-// indexes from .. to - 1. position(i), for i in first .. end - 1, must ascend.
+/// Calls visit(from, to, x) for each pixel x within xMin .. xMax (both included) with items at it:
+/// indexes from .. to - 1. position(i), for i in first .. end - 1, must ascend.
 template <typename Position, typename Visit>
 void visitAscending(qint64 first, qint64 end, int xMin, int xMax, const Position &position,
                     const Visit &visit)
@@ -66,7 +66,7 @@ void visitAscending(qint64 first, qint64 end, int xMin, int xMax, const Position
     }
 }
 
-// The same for the keys at ascending times: visit(from, to, x) gets keys from .. to - 1.
+/// The same for the keys at ascending times: visit(from, to, x) gets keys from .. to - 1.
 template <typename Visit>
 void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, int xMin, int xMax,
                const Visit &visit)
@@ -76,7 +76,7 @@ void visitKeys(const TimelineMetrics &metrics, const VxTime *times, int count, i
     visitAscending(0, count, xMin, xMax, position, visit);
 }
 
-// The same for ticks at the times number * spacing, number being first .. last.
+/// The same for ticks at the times number * spacing, number being first .. last.
 template <typename Visit>
 void visitTicks(const TimelineMetrics &metrics, qint64 first, qint64 last, VxTime spacing, int xMin,
                 int xMax, const Visit &visit)

@@ -1,12 +1,12 @@
 #include "vxtimeline/widgets/accessibletimeline.h"
 
-#include <cmath>
-#include <vxcore/vxscene.h>
-#include <vxcore/vxscenetimedisplay.h>
-
 #include "vxtimeline/widgets/timerangemath.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"
+
+#include <cmath>
+#include <vxcore/vxscene.h>
+#include <vxcore/vxscenetimedisplay.h>
 
 namespace {
 

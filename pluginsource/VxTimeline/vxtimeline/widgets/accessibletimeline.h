@@ -8,14 +8,14 @@
 class VxPlayheadWgt;
 class VxTimeRangeSlider;
 
-// Base of a widget whose value is a number of frames.
+/// Base of a widget whose value is a number of frames.
 class AccessibleFrames : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
     using QAccessibleWidget::QAccessibleWidget;
 
     void *interface_cast(QAccessible::InterfaceType type) override;
-    // Sets the nearest whole frame within the limits.
+    /// Sets the nearest whole frame within the limits.
     void setCurrentValue(const QVariant &value) override;
     QVariant minimumStepSize() const override { return 1.0; }
 
@@ -23,8 +23,8 @@ private:
     virtual void setTime(VxTime time) = 0;
 };
 
-// The playhead: an indicator whose value is the current frame; its limits are those of the
-// animation range. Setting it sets the scene's time.
+/// The playhead: an indicator whose value is the current frame; its limits are those of the
+/// animation range. Setting it sets the scene's time.
 class AccessiblePlayhead : public AccessibleFrames
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleTimeline)
@@ -40,8 +40,8 @@ private:
     void setTime(VxTime time) override;
 };
 
-// The time range slider: its value is the first frame of the play range, which keeps its length
-// when the value is set. Its description says both ends.
+/// The time range slider: its value is the first frame of the play range, which keeps its length
+/// when the value is set. Its description says both ends.
 class AccessibleTimeRange : public AccessibleFrames
 {
     Q_DECLARE_TR_FUNCTIONS(AccessibleTimeline)

@@ -3,15 +3,15 @@
 
 #include <QtWidgets/QMenu>
 
-// A menu of choices to tick that stays open while several are ticked.
+/// A menu of choices to tick that stays open while several are ticked.
 class VxFilterMenu : public QMenu
 {
     Q_OBJECT
 public:
     explicit VxFilterMenu(QWidget *parent = nullptr);
 
-    // Emits filterChanged(), unless an entry is being ticked in the open menu, which emits it once
-    // after the entry has had its effect.
+    /// Emits filterChanged(), unless an entry is being ticked in the open menu, which emits it once
+    /// after the entry has had its effect.
     void notifyFilterChanged();
 
 Q_SIGNALS:

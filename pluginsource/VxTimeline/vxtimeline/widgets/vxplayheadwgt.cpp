@@ -1,13 +1,13 @@
 #include "vxtimeline/widgets/vxplayheadwgt.h"
 
+#include "vxtimeline/time/timelinemetrics.h"
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOption>
 #include <vxcore/vxapp.h>
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
-
-#include "vxtimeline/time/timelinemetrics.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 class VxPlayheadWgt::Private
 {

@@ -1,5 +1,8 @@
 #include "vxtimeline/widgets/vxtimerangeslider.h"
 
+#include "vxtimeline/time/timelineplayback.h"
+#include "vxtimeline/time/timelinesnap.h"
+
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
@@ -8,9 +11,6 @@
 #include <vxcore/vxscene.h>
 #include <vxcore/vxstyle.h>
 #include <vxcore/vxstyleoption.h>
-
-#include "vxtimeline/time/timelineplayback.h"
-#include "vxtimeline/time/timelinesnap.h"
 
 using TimeRangeMath::Part;
 
