@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Keeps the translation files in step with the texts in the sources.
 
-    translations.py update   writes new texts into all translation files and drops those that are gone
+    translations.py update   writes new texts into all translation files and drops those no longer there
     translations.py check    exits with 1 and a list of the files that an update would change
 
 Each component has a folder "translations" with a file per language. The English file has the plural

@@ -58,7 +58,7 @@ void copyNumber(const VxIntProperty *from, VxIntProperty *to)
     to->setMinMax(from->getMin(), from->getMax(), from->isClamped());
 }
 
-/** Everything but references. Limits and locks come last, as they restrict what can be set. */
+/** Everything but references. Limits and locks last, as they restrict what can be set. */
 void copyProperty(const VxProperty *from, VxProperty *to)
 {
     to->setLabel(from->getLabel());

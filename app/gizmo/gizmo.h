@@ -23,7 +23,7 @@ constexpr int GizmoPartCount = 8;
 
 enum class GizmoKind { Move, Rotate, Scale };
 
-/// Where a gizmo lies in the world.
+/// The position and axes of a gizmo in the world.
 struct GizmoFrame
 {
     QVector3D origin;

@@ -16,7 +16,7 @@ std::optional<double> offsetOnAxis(const ViewportCamera &camera, const QVector3D
                                    const QVector3D &axis, const QPointF &pixel);
 
 /// The point of a plane that a pixel shows. None when the plane is seen from its edge, or the point
-/// lies behind the eye.
+/// is behind the eye.
 std::optional<QVector3D> pointOnPlane(const ViewportCamera &camera, const QVector3D &origin,
                                       const QVector3D &normal, const QPointF &pixel);
 

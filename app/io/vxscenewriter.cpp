@@ -153,7 +153,7 @@ template <class Number> void SceneStream::append(const char *name, Number value)
 
 void SceneStream::array(const char *name, quint64 tag, const void *data, qint64 bytes)
 {
-    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the arrays are written as they lie in memory");
+    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the arrays are written as they are in memory");
     key(name);
     m_out.append(QCborTag(tag));
     m_out.appendByteString(static_cast<const char *>(data), bytes);

@@ -22,7 +22,7 @@ struct JointPose
 /// The poses of several nodes of one figure at one time; plain data that outlives them.
 struct Pose
 {
-    QPointer<VxNode> root; ///< of the figure; null once it is gone
+    QPointer<VxNode> root; ///< of the figure; null once it is deleted
     VxRotation reflection; ///< see VxPoseFigure::reflection()
     std::vector<JointPose> joints;
 };

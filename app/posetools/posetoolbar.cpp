@@ -144,7 +144,7 @@ void PoseToolBar::updateIcons()
     // As large as the text beside them.
     const int side = qMax(ToolIconSide, fontMetrics().height());
     const double ratio = devicePixelRatioF() * side / ToolIconSide;
-    // Events of a change come when nothing has changed, too.
+    // Events of a change are sent when nothing has changed, too.
     if (ink == m_ink && ratio == m_iconRatio)
         return;
     m_ink = ink;

@@ -15,7 +15,7 @@
 
 class VxScene;
 
-/// The nodes that a gizmo acts on, and where it lies.
+/// The nodes that a gizmo acts on, and its position.
 struct GizmoTarget
 {
     QVector<VxNode *> nodes; ///< never empty

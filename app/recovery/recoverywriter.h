@@ -22,9 +22,9 @@ struct RecoveryHistory
 /// Writes a copy of the document and its journal in a thread of its own.
 ///
 /// A copy is the scene; the journal has the changes since then. While a copy is written, which may
-/// take seconds, changes go on to the former journal, and to the new one when the copy is complete.
-/// Changes are on the disk at most about a tenth of a second after append(), unless the disk is
-/// slower. The queue is bounded: append() refuses what does not fit, and never waits.
+/// take seconds, changes are still written to the former journal, and to the new one when the copy
+/// is complete. Changes are on the disk at most about a tenth of a second after append(), unless
+/// the disk is slower. The queue is bounded: append() refuses what does not fit, and never waits.
 class RecoveryWriter
 {
 public:

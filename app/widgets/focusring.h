@@ -8,7 +8,7 @@
 class QWidget;
 
 /// A ring around the widget that has the focus, for those that do not show it themselves: lists,
-/// trees, text areas and views. It appears when the focus came by the keyboard, and lies over the
+/// trees, text areas and views. It appears when the keyboard moved the focus, and is laid over the
 /// widget, whose painting stays as it is.
 class FocusRing : public QObject
 {

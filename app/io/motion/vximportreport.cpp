@@ -44,7 +44,7 @@ template <class Report, class Visitor> void visit(Report &report, Visitor &&visi
     visitor("rateFromKeys", report.isRateFromKeys);
     visitor("step", report.step);
     visitor("sceneStep", report.sceneStep);
-    visitor("turned", report.isTurned);
+    visitor("turned", report.isRotated);
     visitor("metresPerUnit", report.metresPerUnit);
     visitor("firstKey", report.firstKey);
     visitor("movedToZero", report.isMovedToZero);
@@ -171,8 +171,8 @@ QStringList VxImportReport::lines() const
             .arg(number(sceneRate()))
             .arg(sceneStep));
     add(VxFileText::tr("Up axis"),
-        isTurned ? VxFileText::tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis))
-                 : VxFileText::tr("Y"));
+        isRotated ? VxFileText::tr("%1, turned to Y by a node above").arg(QLatin1Char(upAxis))
+                  : VxFileText::tr("Y"));
     add(VxFileText::tr("Unit of length"),
         metresPerUnit > 0.0
             ? VxFileText::tr("%1 m; lengths are kept as they are").arg(number(metresPerUnit))

@@ -27,7 +27,7 @@ struct VxImportReport
     VxTime sceneStep = 160;      ///< ticks per frame of the scene that the motion enters
 
     char upAxis = 'Y';
-    bool isTurned = false;      ///< a top node rotates the file's up axis to Y
+    bool isRotated = false;     ///< a top node rotates the file's up axis to Y
     double metresPerUnit = 0.0; ///< of the file; 0: unknown. Lengths are kept as they are.
 
     std::vector<VxImportedClip> clips;

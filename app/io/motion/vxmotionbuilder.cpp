@@ -183,7 +183,7 @@ bool Builder::build(const VxFileProgress &progress, VxSceneContents *contents,
         return vxFail(error, message);
     if (m_motion.nodes.empty())
         return vxFail(error, VxFileText::tr("The file has no nodes."));
-    m_report.isTurned = vxArrangeHierarchy(m_options.figureName, &m_motion);
+    m_report.isRotated = vxArrangeHierarchy(m_options.figureName, &m_motion);
     if (!checkDepth(error) || !chooseClips(error) || !checkTimes(error))
         return false;
     setRate();

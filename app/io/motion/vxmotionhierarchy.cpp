@@ -107,17 +107,17 @@ void addFigureRoots(const QString &figureName, VxImportedMotion *motion)
             [&nodes](std::size_t i) { return nodes[i].kind == VxMotionNode::Bone; });
 }
 
-bool turnUpAxis(VxImportedMotion *motion)
+bool rotateUpAxis(VxImportedMotion *motion)
 {
     if (motion->facts.upAxis == 'Y' || motion->nodes.empty())
         return false;
-    VxMotionNode turn;
-    turn.name = motion->facts.upAxis == 'Z' ? VxFileText::tr("Z up") : VxFileText::tr("X up");
+    VxMotionNode top;
+    top.name = motion->facts.upAxis == 'Z' ? VxFileText::tr("Z up") : VxFileText::tr("X up");
     if (motion->facts.upAxis == 'Z')
-        turn.rotation[0] = -90.0;
+        top.rotation[0] = -90.0;
     else
-        turn.rotation[2] = 90.0;
-    addRoot(std::move(turn), motion, [](std::size_t) { return true; });
+        top.rotation[2] = 90.0;
+    addRoot(std::move(top), motion, [](std::size_t) { return true; });
     return true;
 }
 
@@ -139,5 +139,5 @@ bool vxArrangeHierarchy(const QString &figureName, VxImportedMotion *motion)
     nameNodes(motion);
     splitOrientations(motion);
     addFigureRoots(figureName, motion);
-    return turnUpAxis(motion);
+    return rotateUpAxis(motion);
 }

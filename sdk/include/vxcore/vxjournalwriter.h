@@ -37,7 +37,7 @@ public:
     void text(const QString &value);
     /// Bytes without their number.
     void block(const void *data, qint64 bytes);
-    /// Makes room for bytes to come, so that large blocks are copied once.
+    /// Makes room for further bytes, so that large blocks are copied once.
     void reserve(qint64 bytes);
     /// False, and nothing is written, for a node outside of a scene. Null is written as none.
     bool node(const VxNode *node);

@@ -6,9 +6,9 @@
 
 namespace {
 
-QRect screenAround(const QPoint &place)
+QRect screenAround(const QPoint &position)
 {
-    const QScreen *screen = QGuiApplication::screenAt(place);
+    const QScreen *screen = QGuiApplication::screenAt(position);
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     return screen ? screen->geometry() : QRect();
@@ -17,20 +17,20 @@ QRect screenAround(const QPoint &place)
 } // namespace
 
 VxPropertyDrag::VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time,
-                               const QPoint &place)
-    : m_pointer(screenAround(place).left(), screenAround(place).right())
-    , m_scrub(m_pointer.follow(place.x()))
+                               const QPoint &position)
+    : m_pointer(screenAround(position).left(), screenAround(position).right())
+    , m_scrub(m_pointer.follow(position.x()))
     , m_edit(properties, time)
 {
 }
 
-void VxPropertyDrag::moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
+void VxPropertyDrag::moveTo(const QPoint &position, Qt::KeyboardModifiers modifiers)
 {
-    m_steps = m_scrub.moveTo(m_pointer.follow(place.x()), modifiers);
+    m_steps = m_scrub.moveTo(m_pointer.follow(position.x()), modifiers);
     m_edit.offsetBy(m_steps);
     int target = 0;
     if (m_pointer.needsJump(&target))
-        QCursor::setPos(target, place.y());
+        QCursor::setPos(target, position.y());
 }
 
 void VxPropertyDrag::rollBack()

@@ -12,10 +12,10 @@
 class VxPropertyDrag
 {
 public:
-    /// place: the position of the pointer on the desktop; the drag is relative to it.
-    VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time, const QPoint &place);
+    /// position: the position of the pointer on the desktop; the drag is relative to it.
+    VxPropertyDrag(const QVector<VxProperty *> &properties, VxTime time, const QPoint &position);
 
-    void moveTo(const QPoint &place, Qt::KeyboardModifiers modifiers);
+    void moveTo(const QPoint &position, Qt::KeyboardModifiers modifiers);
     /// Ends the drag and restores every value.
     void rollBack();
     /// The offset of the values in their own steps.

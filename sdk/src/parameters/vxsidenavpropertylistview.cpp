@@ -41,22 +41,22 @@ public:
     bool isEditable(const QModelIndex &index) const;
     QModelIndex valueBeside(const QModelIndex &index, int direction) const;
     bool isHeading(const QModelIndex &index) const;
-    bool isOnArrow(const QModelIndex &heading, const QPoint &place) const;
+    bool isOnArrow(const QModelIndex &heading, const QPoint &position) const;
 
     void showHeadings();
     void showRows();
     void toggleGroup(const QModelIndex &heading);
     void endGesture();
-    bool pressCell(const QModelIndex &index, const QPoint &place);
+    bool pressCell(const QModelIndex &index, const QPoint &position);
     void dragTo(const QMouseEvent *event);
-    void showDistance(const QPoint &place);
+    void showDistance(const QPoint &position);
     void replayPress();
     void activate(const QModelIndex &value);
     void flip(const QModelIndex &value);
     bool typeInto(const QModelIndex &value, QKeyEvent *event);
     bool openOrClose(const QModelIndex &index, int key);
     bool takeText(const QKeyEvent *event);
-    void showCursor(const QPoint &place);
+    void showCursor(const QPoint &position);
 
     VxSideNavPropertyListView *q;
     QSet<QString> collapsed;
@@ -64,7 +64,7 @@ public:
     VxPropertyListColumns columns;
 
     QPersistentModelIndex pressed; // a value's cell, from the press until the button is released
-    QPoint pressPlace;
+    QPoint pressPosition;
     std::unique_ptr<QMouseEvent> selecting; // a press with Ctrl or Shift that may become a drag
     std::shared_ptr<VxPropertyDrag> drag;
     bool dragEnded = false; // the drag has ended, but the button is still held
@@ -133,11 +133,11 @@ bool VxSideNavPropertyListView::Private::isHeading(const QModelIndex &index) con
 }
 
 bool VxSideNavPropertyListView::Private::isOnArrow(const QModelIndex &heading,
-                                                   const QPoint &place) const
+                                                   const QPoint &position) const
 {
     const QRect cell = q->visualRect(heading.sibling(heading.row(), 0));
     const QRect row(0, cell.top(), q->viewport()->width(), cell.height());
-    return VxPropertyPainter::arrowRect(row).contains(place);
+    return VxPropertyPainter::arrowRect(row).contains(position);
 }
 
 /** Once for new rows, and before any is hidden: each call lays out all visible rows again. */
@@ -180,12 +180,12 @@ void VxSideNavPropertyListView::Private::endGesture()
 }
 
 /** True when the press was a command of its own and does not select. */
-bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, const QPoint &place)
+bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, const QPoint &position)
 {
     if (!q->getPropertyListModel() || !index.isValid())
         return false;
     if (isHeading(index)) {
-        const bool isCommand = isOnArrow(index, place);
+        const bool isCommand = isOnArrow(index, position);
         if (isCommand)
             toggleGroup(index);
         return isCommand;
@@ -198,7 +198,7 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
     }
     if (isEditable(index)) {
         pressed = index;
-        pressPlace = place;
+        pressPosition = position;
     }
     return false;
 }
@@ -206,7 +206,7 @@ bool VxSideNavPropertyListView::Private::pressCell(const QModelIndex &index, con
 void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
 {
     if (!drag && isNumber(pressed) &&
-        qAbs(event->x() - pressPlace.x()) >= QApplication::startDragDistance()) {
+        qAbs(event->x() - pressPosition.x()) >= QApplication::startDragDistance()) {
         selecting.reset();
         drag = std::make_shared<VxPropertyDrag>(propertiesOf(pressed), vxCurrentTime(),
                                                 event->globalPos());
@@ -227,7 +227,7 @@ void VxSideNavPropertyListView::Private::dragTo(const QMouseEvent *event)
 }
 
 /** How far values that differ are dragged, which their field cannot show. */
-void VxSideNavPropertyListView::Private::showDistance(const QPoint &place)
+void VxSideNavPropertyListView::Private::showDistance(const QPoint &position)
 {
     const auto *first = qobject_cast<const VxNumericProperty *>(propertiesOf(pressed).value(0));
     if (!first || isDistanceBeingShown ||
@@ -236,7 +236,7 @@ void VxSideNavPropertyListView::Private::showDistance(const QPoint &place)
     // Creating its window delivers queued mouse moves; a nested call would create a second one.
     isDistanceBeingShown = true;
     const QPointer<VxSideNavPropertyListView> view = q;
-    QToolTip::showText(place, VxPropertyHints::offset(first, drag->steps()), q);
+    QToolTip::showText(position, VxPropertyHints::offset(first, drag->steps()), q);
     if (!view)
         return;
     isDistanceBeingShown = false;
@@ -317,9 +317,9 @@ bool VxSideNavPropertyListView::Private::takeText(const QKeyEvent *event)
     return true;
 }
 
-void VxSideNavPropertyListView::Private::showCursor(const QPoint &place)
+void VxSideNavPropertyListView::Private::showCursor(const QPoint &position)
 {
-    if (isNumber(q->indexAt(place)))
+    if (isNumber(q->indexAt(position)))
         q->viewport()->setCursor(Qt::SizeHorCursor);
     else
         q->viewport()->unsetCursor();
@@ -456,7 +456,7 @@ void VxSideNavPropertyListView::mousePressEvent(QMouseEvent *event)
             QTreeView::mousePressEvent(event);
     } else if (left && d->isNumber(index)) {
         d->pressed = index;
-        d->pressPlace = event->pos();
+        d->pressPosition = event->pos();
         d->selecting = std::make_unique<QMouseEvent>(*event);
     } else {
         QTreeView::mousePressEvent(event);

@@ -14,7 +14,7 @@ class VxJournalReader;
 class VxJournalWriter;
 
 /// Plain values in records of the journal. journalPut() is false for a value that cannot be
-/// written; journalGet() leaves it to the reader to know about failures.
+/// written; journalGet() leaves failures to the reader's own state.
 bool journalPut(VxJournalWriter &writer, bool value);
 bool journalPut(VxJournalWriter &writer, VxTime value);
 bool journalPut(VxJournalWriter &writer, VxNode::RotationOrder value);

@@ -116,7 +116,7 @@ void tst_Collada::jointsAndKeys()
     QCOMPARE(m_report.format, QString("COLLADA 1.4.1"));
     QCOMPARE(m_report.writer, QString("A & B"));
     QCOMPARE(m_report.upAxis, 'Z');
-    QVERIFY(m_report.isTurned);
+    QVERIFY(m_report.isRotated);
     QCOMPARE(m_report.metresPerUnit, 0.01);
     QCOMPARE(m_report.bones, 2);
     QCOMPARE(int(m_report.omissions.size()), 1);

@@ -365,7 +365,7 @@ void tst_VxImportWorker::reportSurvivesJson()
     report.isRateFromKeys = true;
     report.step = 160;
     report.upAxis = 'Z';
-    report.isTurned = true;
+    report.isRotated = true;
     report.clips = {{QStringLiteral("walk"), true, {-160, 320}}};
     report.keysBefore = 3000000000;
     report.keysAfter = 4000000000;

@@ -337,7 +337,7 @@ public:
         if (!vxBuildMotion(std::move(copy), {}, {}, &contents, &report, error))
             return false;
         VxSceneReader::install(std::move(contents), &m_scene);
-        m_isTurned = report.isTurned;
+        m_isRotated = report.isRotated;
         for (const VxNode *node : m_scene.getNodes()) {
             const bool isNew = m_nodes.emplace(node->getLabel(), node).second;
             if (!isNew)
@@ -352,7 +352,7 @@ public:
     Matrix world(const VxNode *node, VxTime time) const
     {
         QMatrix4x4 world = node->getWorldTransform(time);
-        if (m_isTurned)
+        if (m_isRotated)
             world = m_scene.getRootNodes().constFirst()->getWorldTransform(time).inverted() * world;
         return matrix(world);
     }
@@ -391,7 +391,7 @@ public:
 private:
     VxScene m_scene;
     std::map<QString, const VxNode *> m_nodes;
-    bool m_isTurned = false;
+    bool m_isRotated = false;
 };
 
 } // namespace

@@ -104,13 +104,13 @@ void TestKeyGraphGrid::valueLinesAreRoundAndFarEnough()
         const QVector<Line> lines = valueLines(scale, 300, 40.0, 15.0);
         double former = 1e9;
         for (const Line &line : lines) {
-            QVERIFY(line.place >= 0.0 && line.place <= 300.0);
+            QVERIFY(line.position >= 0.0 && line.position <= 300.0);
             QCOMPARE(line.label.isEmpty(), !line.major);
             if (!line.major)
                 continue;
-            QVERIFY2(former - line.place > 39.9, "major lines are far enough apart");
-            QVERIFY(qAbs(scale.y(line.label.toDouble()) - line.place) < 0.1);
-            former = line.place;
+            QVERIFY2(former - line.position > 39.9, "major lines are far enough apart");
+            QVERIFY(qAbs(scale.y(line.label.toDouble()) - line.position) < 0.1);
+            former = line.position;
         }
         const QStringList shown = labelsOf(lines);
         QVERIFY(shown.size() >= 3);
@@ -148,9 +148,9 @@ void TestKeyGraphGrid::threeLabelsAtAnyScale()
         for (const Line &line : valueLines(scale, height, 44.0, 15.0)) {
             if (!line.major)
                 continue;
-            QVERIFY(former - line.place > 14.9);
-            former = line.place;
-            labels += line.place >= 15.0 && line.place <= height - 15.0 ? 1 : 0;
+            QVERIFY(former - line.position > 14.9);
+            former = line.position;
+            labels += line.position >= 15.0 && line.position <= height - 15.0 ? 1 : 0;
         }
         QVERIFY2(labels >= 3, qPrintable(QString::number(height)));
     }
@@ -164,8 +164,8 @@ void TestKeyGraphGrid::frameLinesAtFrames()
     const QVector<Line> lines = frameLines(scale, 320, 160, 10.0, widthOf);
     QCOMPARE(labelsOf(lines), QStringList({"-4", "-2", "0", "2", "4", "6", "8", "10", "12", "14"}));
     QCOMPARE(lines.size(), 21);
-    QCOMPARE(lines.first().place, 0.0);
-    QCOMPARE(lines.at(1).place, 16.0);
+    QCOMPARE(lines.first().position, 0.0);
+    QCOMPARE(lines.at(1).position, 16.0);
 }
 
 void TestKeyGraphGrid::frameLabelsNeverOverlap()
@@ -181,9 +181,9 @@ void TestKeyGraphGrid::frameLabelsNeverOverlap()
                 if (!line.major)
                     continue;
                 const double half = widthOf(line.label) / 2.0;
-                QVERIFY(line.place - half >= end + 9.9);
-                end = line.place + half;
-                QVERIFY(qAbs(scale.x(line.label.toDouble() * 160) - line.place) < 0.01);
+                QVERIFY(line.position - half >= end + 9.9);
+                end = line.position + half;
+                QVERIFY(qAbs(scale.x(line.label.toDouble() * 160) - line.position) < 0.01);
             }
         }
     }
@@ -195,7 +195,7 @@ void TestKeyGraphGrid::frameLinesNeverBetweenFrames()
     for (double ticksPerPixel = 0.05; ticksPerPixel < 1e4; ticksPerPixel *= 1.37) {
         scale.ticksPerPixel = ticksPerPixel;
         for (const Line &line : frameLines(scale, 800, 160, 10.0, widthOf)) {
-            const double frame = scale.ticks(line.place) / 160.0;
+            const double frame = scale.ticks(line.position) / 160.0;
             QVERIFY(qAbs(frame - std::round(frame)) < 1e-6);
         }
     }

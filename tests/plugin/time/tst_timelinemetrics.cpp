@@ -415,10 +415,10 @@ void TestTimelineMetrics::limits()
     QCOMPARE(TimelineSnap::timeOf(1000000, 4800), VxTimeMax);
     QCOMPARE(TimelineSnap::timeOf(-1000000, 4800), VxTimeMin);
     QCOMPARE(TimelineSnap::timeOf(10, 160), 1600);
-    QCOMPARE(TimelineSnap::truncated(1e300), VxTimeMax);
-    QCOMPARE(TimelineSnap::truncated(-1e300), VxTimeMin);
-    QCOMPARE(TimelineSnap::truncated(qQNaN()), 0);
-    QCOMPARE(TimelineSnap::truncated(-1.9), -1);
+    QCOMPARE(TimelineSnap::saturatedInt(1e300), VxTimeMax);
+    QCOMPARE(TimelineSnap::saturatedInt(-1e300), VxTimeMin);
+    QCOMPARE(TimelineSnap::saturatedInt(qQNaN()), 0);
+    QCOMPARE(TimelineSnap::saturatedInt(-1.9), -1);
 }
 
 VX_TEST_APPLESS_MAIN(TestTimelineMetrics)

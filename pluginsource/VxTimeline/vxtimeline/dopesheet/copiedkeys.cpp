@@ -128,5 +128,5 @@ bool CopiedKeys::paste(const Entry &entry, VxProperty *property, VxTime at) cons
 
 qint32 CopiedKeys::rounded(double value)
 {
-    return TimelineSnap::truncated(value + RoundingShare);
+    return TimelineSnap::saturatedInt(value + RoundingShare);
 }

@@ -131,8 +131,8 @@ QAccessibleInterface *AccessibleGraph::child(int index) const
 
 QAccessibleInterface *AccessibleGraph::childAt(int x, int y) const
 {
-    const QPoint place(x, y);
-    const QPoint local = view()->mapFromGlobal(place);
+    const QPoint position(x, y);
+    const QPoint local = view()->mapFromGlobal(position);
     if (!view()->rect().contains(local))
         return nullptr;
     if (QWidget *button = view()->childAt(local))
@@ -140,7 +140,7 @@ QAccessibleInterface *AccessibleGraph::childAt(int x, int y) const
     // The last ones are painted on top.
     for (int channel = channelCount() - 1; channel >= 0; --channel) {
         const AccessibleKeys::Source keys = keysOf(view(), channel);
-        if (AccessibleKeys::indexAt(*keys, place) >= 0)
+        if (AccessibleKeys::indexAt(*keys, position) >= 0)
             return AccessibleKeys::listOf(keys);
     }
     return nullptr;

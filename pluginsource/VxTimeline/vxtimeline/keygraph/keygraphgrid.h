@@ -14,7 +14,7 @@ namespace KeyGraphGrid {
 /// A line across the graph.
 struct Line
 {
-    double place = 0.0; // pixels: y of a value line, x of a frame line
+    double position = 0.0; // pixels: y of a value line, x of a frame line
     bool major = false;
     QString label; // of major lines; empty for others
 };

@@ -105,7 +105,7 @@ QVector<KeyGraphGrid::Line> KeyGraphPainter::valueLines() const
                                           textHeight);
     // A label is above its line; none where it would be cut off or overlap the frame numbers.
     for (KeyGraphGrid::Line &line : lines) {
-        const int y = clampedPixel(line.place, height);
+        const int y = clampedPixel(line.position, height);
         if (y < textHeight || y > height - textHeight)
             line.label.clear();
     }
@@ -130,7 +130,7 @@ void KeyGraphPainter::paintValueGrid()
     const int left = m_stage.leftWidth + m_look.margin;
     m_painter->setFont(m_look.axis.getFont());
     for (const KeyGraphGrid::Line &line : valueLines()) {
-        const int y = clampedPixel(line.place, height);
+        const int y = clampedPixel(line.position, height);
         m_painter->fillRect(QRectF(0, y, m_stage.size.width(), lineWidth()),
                             line.major ? m_look.majorGrid : m_look.grid);
         if (line.label.isEmpty())
@@ -150,7 +150,7 @@ void KeyGraphPainter::paintFrameGrid()
     m_painter->setFont(m_look.axis.getFont());
     for (const KeyGraphGrid::Line &line :
          KeyGraphGrid::frameLines(m_scale, width, m_stage.timeStep, FrameLabelGap, labelWidth)) {
-        const int x = clampedPixel(line.place, width);
+        const int x = clampedPixel(line.position, width);
         const int lineHeight = line.major ? height - m_look.axis.getHeight() : height;
         m_painter->fillRect(QRectF(x, 0, lineWidth(), lineHeight),
                             line.major ? m_look.majorGrid : m_look.grid);

@@ -32,13 +32,13 @@ double limitedTimeScale(double scale)
 
 VxTime KeyGraphScale::time(double pixelX) const
 {
-    return TimelineSnap::truncated(ticks(pixelX));
+    return TimelineSnap::saturatedInt(ticks(pixelX));
 }
 
 VxTimeRange KeyGraphScale::timesBetween(double left, double right) const
 {
-    return {TimelineSnap::truncated(std::floor(ticks(left - MarkReach))),
-            TimelineSnap::truncated(std::ceil(ticks(right + MarkReach)))};
+    return {TimelineSnap::saturatedInt(std::floor(ticks(left - MarkReach))),
+            TimelineSnap::saturatedInt(std::ceil(ticks(right + MarkReach)))};
 }
 
 void KeyGraphScale::frameValues(double low, double high, double height)

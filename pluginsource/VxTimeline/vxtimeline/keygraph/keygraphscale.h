@@ -99,11 +99,11 @@ private:
 
     /// Half a mark before a coordinate, rounded; a far coordinate for NaN. Inline, because it is
     /// called twice for every painted key.
-    static int markCorner(double place)
+    static int markCorner(double position)
     {
         constexpr double far = 1e6;
         constexpr int shift = 1 << 21; // so that truncation applies to a positive number
-        const double exact = place - (MarkSide - 1.0) / 2.0;
+        const double exact = position - (MarkSide - 1.0) / 2.0;
         const double above = exact > -far ? exact : -far;
         return static_cast<int>((above < far ? above : far) + shift) - shift;
     }

@@ -178,11 +178,11 @@ void VxKeyGraphView::Private::wheelValues(int delta, bool pan, bool fine)
 {
     if (pan) {
         q->panStart();
-        q->panAdjust(QPoint(0, TimelineSnap::truncated(delta * (fine ? 0.1 : 0.5))));
+        q->panAdjust(QPoint(0, TimelineSnap::saturatedInt(delta * (fine ? 0.1 : 0.5))));
         return;
     }
     q->zoomStart();
-    q->zoomAdjust(QPoint(0, fine ? TimelineSnap::truncated(delta * 0.05) : delta));
+    q->zoomAdjust(QPoint(0, fine ? TimelineSnap::saturatedInt(delta * 0.05) : delta));
 }
 
 void VxKeyGraphView::Private::wheelTimes(int delta, bool pan, bool fine, int x)
@@ -191,7 +191,7 @@ void VxKeyGraphView::Private::wheelTimes(int delta, bool pan, bool fine, int x)
         return;
     timesSetByUser = true;
     if (pan)
-        scale.offsetX += TimelineSnap::truncated(delta * (fine ? 0.1 : 0.5));
+        scale.offsetX += TimelineSnap::saturatedInt(delta * (fine ? 0.1 : 0.5));
     else
         scale.zoomTimes(fine ? delta * 0.05 : delta, x);
     repaint();

@@ -218,7 +218,7 @@ void VxKeyGraphView::Private::dragKeys(Qt::KeyboardModifiers modifiers)
     QPointF delta(currentPos - pressPos);
     if (modifiers & Qt::ShiftModifier)
         delta = KeyGraphDrag::oneAxis(delta);
-    const VxTime deltaTime = TimelineSnap::truncated(delta.x() * scale.ticksPerPixel);
+    const VxTime deltaTime = TimelineSnap::saturatedInt(delta.x() * scale.ticksPerPixel);
     const double deltaValue = delta.y() * scale.valuePerPixel;
     const bool fromLast = currentPos.x() >= previousPos.x();
     const bool keepsTimes = (modifiers & Qt::ShiftModifier) && delta.x() == 0.0;

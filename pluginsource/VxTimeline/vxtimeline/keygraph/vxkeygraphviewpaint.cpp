@@ -52,7 +52,7 @@ void VxKeyGraphView::Private::updateLayer()
 
 void VxKeyGraphView::Private::paintTimeLine(QPainter *painter)
 {
-    const int x = TimelineSnap::truncated(scale.x(vxScene->getTime()));
+    const int x = TimelineSnap::saturatedInt(scale.x(vxScene->getTime()));
     if (x < 0 || x >= q->width())
         return;
     painter->fillRect(QRect(x, 0, 1, q->height()), highlighted

@@ -87,19 +87,19 @@ QAccessibleInterface *AccessibleKeys::listOf(const Source &source)
                                               [&] { return new AccessibleKeyList(source); });
 }
 
-int AccessibleKeys::indexAt(const AccessibleKeySource &source, const QPoint &place)
+int AccessibleKeys::indexAt(const AccessibleKeySource &source, const QPoint &position)
 {
     if (!source.isValid() || source.count() == 0)
         return -1;
-    const int near = source.firstFrom(source.timeAt(place.x()));
+    const int near = source.firstFrom(source.timeAt(position.x()));
     int best = -1;
     int least = 0;
     const int last = std::min(source.count(), near + MarksAround);
     for (int index = std::max(0, near - MarksAround); index < last; ++index) {
         const QRect mark = source.keyRect(index);
-        if (!mark.contains(place))
+        if (!mark.contains(position))
             continue;
-        const int distance = (mark.center() - place).manhattanLength();
+        const int distance = (mark.center() - position).manhattanLength();
         if (best < 0 || distance < least) {
             best = index;
             least = distance;

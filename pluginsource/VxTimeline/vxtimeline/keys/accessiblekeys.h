@@ -57,8 +57,8 @@ public:
 
     /// The object of the list of keys, with a child for each key; null for an invalid source.
     static QAccessibleInterface *listOf(const Source &source);
-    /// The key whose mark is at a place in global pixels, the nearest of several; -1 for none.
-    static int indexAt(const AccessibleKeySource &source, const QPoint &place);
+    /// The key whose mark is at a position in global pixels, the nearest of several; -1 for none.
+    static int indexAt(const AccessibleKeySource &source, const QPoint &position);
     /// The object of a key; null outside of 0 .. count() - 1.
     static QAccessibleInterface *keyOf(const Source &source, int index);
 

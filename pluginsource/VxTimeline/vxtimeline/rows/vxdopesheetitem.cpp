@@ -84,7 +84,7 @@ void VxDopeSheetItem::setLabel(const QString &label)
     d->label = label;
 }
 
-// The path comes from the property, not from the rows above: those depend on the listed types.
+// The path is the property's, not that of the rows above: those depend on the listed types.
 QString VxDopeSheetItem::path() const
 {
     const VxDopeSheetItem *nodeRow = this;

@@ -17,8 +17,9 @@ void PlayRangeView::begin(const VxTimeRange &range)
 VxTimeRange PlayRangeView::result(const Limits &limits)
 {
     const VxTime step = std::max(limits.step, 1);
-    const VxTime start = TimelineSnap::toFrame(TimelineSnap::truncated(std::round(m_start)), step);
-    VxTime end = TimelineSnap::toFrame(TimelineSnap::truncated(std::round(m_end)), step);
+    const VxTime start =
+        TimelineSnap::toFrame(TimelineSnap::saturatedInt(std::round(m_start)), step);
+    VxTime end = TimelineSnap::toFrame(TimelineSnap::saturatedInt(std::round(m_end)), step);
     end = std::max(end, TimelineSnap::limited(qint64(start) + step));
     m_result = VxTimeRange(start, end);
     return m_result;

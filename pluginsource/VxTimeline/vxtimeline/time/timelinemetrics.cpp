@@ -27,22 +27,22 @@ int TimelineMetrics::timeToX(VxTime time) const
 // which an hour at a close zoom reaches.
 int TimelineMetrics::keysOrigin(VxTime playRangeStart) const
 {
-    return TimelineSnap::truncated(keyMargin * 0.5 - timeToX(playRangeStart));
+    return TimelineSnap::saturatedInt(keyMargin * 0.5 - timeToX(playRangeStart));
 }
 
 int TimelineMetrics::halfFrame() const
 {
-    return TimelineSnap::truncated(frameWidth * 0.5);
+    return TimelineSnap::saturatedInt(frameWidth * 0.5);
 }
 
 int TimelineMetrics::keyLeft(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return TimelineSnap::place(qint64(cellX) + keysOrigin(playRangeStart) + timeToX(time));
+    return TimelineSnap::clampedPixel(qint64(cellX) + keysOrigin(playRangeStart) + timeToX(time));
 }
 
 int TimelineMetrics::keyMiddle(int cellX, VxTime time, VxTime playRangeStart) const
 {
-    return TimelineSnap::place(qint64(keyLeft(cellX, time, playRangeStart)) + halfFrame());
+    return TimelineSnap::clampedPixel(qint64(keyLeft(cellX, time, playRangeStart)) + halfFrame());
 }
 
 VxTime TimelineMetrics::xToTime(int distance) const
@@ -50,7 +50,7 @@ VxTime TimelineMetrics::xToTime(int distance) const
     if (distance == 0 || fps == 0 || zoom == 0.0 || frameWidth == 0)
         return 0;
     const qint64 scaled = qint64(distance) * VxTicksPerSecond / fps * divisor;
-    return TimelineSnap::truncated(double(scaled) / zoom / frameWidth);
+    return TimelineSnap::saturatedInt(double(scaled) / zoom / frameWidth);
 }
 
 VxTime TimelineMetrics::xToFrameTime(int distance, VxTime timeStep) const
@@ -69,7 +69,7 @@ int TimelineMetrics::secondsCount(int width) const
     const double second = static_cast<double>(frameWidth) * 4800.0 * fps / divisor * zoom / 4800.0;
     if (!(second > MinSecondWidth))
         return width;
-    return TimelineSnap::truncated(width / second) + 1;
+    return TimelineSnap::saturatedInt(width / second) + 1;
 }
 
 bool TimelineMetrics::fit(int keysWidth, VxTime duration)

@@ -81,7 +81,7 @@ public:
             scaled /= m_divisor;
         const double x = double(scaled) * m_zoom / VxTicksPerSecond;
         const bool fits = x > double(VxTimeMin) && x < double(VxTimeMax);
-        return fits ? static_cast<int>(x) : TimelineSnap::truncated(x);
+        return fits ? static_cast<int>(x) : TimelineSnap::saturatedInt(x);
     }
 
 private:

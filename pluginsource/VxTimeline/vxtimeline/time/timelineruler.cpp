@@ -18,7 +18,7 @@ constexpr int WidestTick = 100000000;
 Steps steps(float frameWidth, int leastSpacing)
 {
     const auto isTooNarrow = [frameWidth, leastSpacing](int frames) {
-        return TimelineSnap::truncated(frameWidth * static_cast<float>(frames)) < leastSpacing;
+        return TimelineSnap::saturatedInt(frameWidth * static_cast<float>(frames)) < leastSpacing;
     };
     Steps found{1, 5};
     if (!isTooNarrow(1))

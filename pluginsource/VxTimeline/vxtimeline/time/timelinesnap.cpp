@@ -5,7 +5,7 @@
 
 namespace TimelineSnap {
 
-int truncated(double value)
+int saturatedInt(double value)
 {
     if (std::isnan(value))
         return 0;
@@ -17,7 +17,7 @@ VxTime limited(qint64 ticks)
     return static_cast<VxTime>(qBound(qint64(VxTimeMin), ticks, qint64(VxTimeMax)));
 }
 
-int place(qint64 pixels)
+int clampedPixel(qint64 pixels)
 {
     constexpr qint64 FarAway = 1 << 29;
     return static_cast<int>(qBound(-FarAway, pixels, FarAway));

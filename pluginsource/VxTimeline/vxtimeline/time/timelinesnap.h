@@ -7,12 +7,12 @@
 namespace TimelineSnap {
 
 /// A number truncated and saturated to 32 bits; 0 for NaN.
-int truncated(double value);
+int saturatedInt(double value);
 /// Ticks saturated to the range of times.
 VxTime limited(qint64 ticks);
 /// A pixel coordinate clamped to 2^29 either way, far outside of any view: adding a width to it
 /// does not exceed 32 bits.
-int place(qint64 pixels);
+int clampedPixel(qint64 pixels);
 
 /// The nearest whole frame; halves round away from zero:
 ///   step 160:  79 -> 0,  80 -> 160,  -79 -> 0,  -80 -> -160

@@ -41,10 +41,10 @@ QRect rangeRect(const QSize &bar, const VxTimeRange &playRange, VxTime animDurat
     if (animDuration < 1)
         return QRect();
     const double scale = double(bar.width()) / double(animDuration);
-    const qint64 x1 = TimelineSnap::truncated(double(playRange.getStart()) * scale);
-    const qint64 length = TimelineSnap::truncated(double(playRange.getDuration()) * scale);
-    return QRect(QPoint(TimelineSnap::place(x1), 0),
-                 QPoint(TimelineSnap::place(x1 + length - 1), bar.height() - 1));
+    const qint64 x1 = TimelineSnap::saturatedInt(double(playRange.getStart()) * scale);
+    const qint64 length = TimelineSnap::saturatedInt(double(playRange.getDuration()) * scale);
+    return QRect(QPoint(TimelineSnap::clampedPixel(x1), 0),
+                 QPoint(TimelineSnap::clampedPixel(x1 + length - 1), bar.height() - 1));
 }
 
 Part partAt(const QRect &rangeRect, const QPoint &point)
@@ -61,7 +61,7 @@ VxTime dragDistance(VxTime animDuration, int barWidth, int pixels)
 {
     const float ticksPerPixel = static_cast<float>(animDuration) / static_cast<float>(barWidth);
     const float distance = ticksPerPixel * static_cast<float>(pixels);
-    return TimelineSnap::truncated(double(distance));
+    return TimelineSnap::saturatedInt(double(distance));
 }
 
 VxTimeRange dragged(Part part, const VxTimeRange &atPress, VxTime distance, VxTime animDuration,

@@ -52,7 +52,7 @@ void VxPlayheadWgt::updatePosition()
     const int left = metrics.keyLeft(d->horizontalOffset, vxScene->getTime(),
                                      vxScene->getPlayRange().getStart());
     const float half = static_cast<float>(metrics.frameWidth) * 0.5f;
-    move(TimelineSnap::truncated(static_cast<float>(left) - half), d->verticalOffset);
+    move(TimelineSnap::saturatedInt(static_cast<float>(left) - half), d->verticalOffset);
 }
 
 void VxPlayheadWgt::handleTimeChanged(VxTime time)
