@@ -5,7 +5,7 @@
 // a loop over plain arrays of times and values. "a_key" is the time a key takes.
 
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/paint/keygraphkeys.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"

@@ -3,8 +3,8 @@
 //
 // S: 1,530 channels of 300 keys; M: 1,530 of 3,000; W: 15,300 of 300.
 
-#include "io/motion/vxmotionimport.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhwriter.h"
+#include "io/formats/vxmotionimport.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
 

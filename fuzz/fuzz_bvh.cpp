@@ -1,9 +1,9 @@
 // Random bytes through the BVH reader. Whatever is accepted must keep the document's rules and
 // survive being written and read again; whatever is refused must say why and in which line.
 
-#include "io/vxbvhreader.h"
-#include "io/vxbvhtiming.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhreader.h"
+#include "io/bvh/vxbvhtiming.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "require.h"
 
 #include <cstdint>

@@ -2,9 +2,9 @@
 #define DOCUMENTCONTROLLER_H
 
 #include "document/filestamp.h"
-#include "io/motion/vxmotionexport.h"
-#include "io/motion/vxmotionimport.h"
-#include "io/vxfileformats.h"
+#include "io/formats/vxfileformats.h"
+#include "io/formats/vxmotionexport.h"
+#include "io/formats/vxmotionimport.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "document/droppedfile.h"
 
-#include "io/vxfileformats.h"
+#include "io/formats/vxfileformats.h"
 
 #include <QFileInfo>
 #include <QMimeData>

@@ -1,7 +1,7 @@
 #ifndef EXPORTDIALOG_H
 #define EXPORTDIALOG_H
 
-#include "io/motion/vxmotionexport.h"
+#include "io/formats/vxmotionexport.h"
 
 #include <QDialog>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #ifndef IMPORTDIALOG_H
 #define IMPORTDIALOG_H
 
-#include "io/motion/vxmotionimport.h"
+#include "io/formats/vxmotionimport.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
 #ifndef BVHIMPORT_H
 #define BVHIMPORT_H
 
-#include "io/motion/vxmotionimport.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhwriter.h"
+#include "io/formats/vxmotionimport.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -4,7 +4,7 @@
 #include "keygraphtestbase.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxpaintwatch.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/vxtimepane.h"

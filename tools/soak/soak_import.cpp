@@ -10,7 +10,7 @@
 // COUNT mutants for each file, or those of some seeds, in a process of their own each. The limit
 // of time is for that of the processor, which is the same however busy the machine is.
 
-#include "io/motion/vxmotionimport.h"
+#include "io/formats/vxmotionimport.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxfilemutations.h"
 

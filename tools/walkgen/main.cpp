@@ -1,6 +1,6 @@
 // Writes the sample files: walkgen FOLDER makes walk.vxscene and walk.bvh in it.
 
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "io/vxscenewriter.h"
 #include "walksample.h"
 

@@ -1,7 +1,7 @@
 #ifndef WALKSAMPLE_H
 #define WALKSAMPLE_H
 
-#include "io/vxbvhdocument.h"
+#include "io/bvh/vxbvhdocument.h"
 
 class VxScene;
 

@@ -2,8 +2,8 @@
 
 #include "action/focuskeys.h"
 #include "action/keyrepeatfilter.h"
+#include "action/vxmenubarfiller.h"
 #include "action/vxshortcuttable.h"
-#include "menu/vxmenubarfiller.h"
 
 #include <vxcore/vxaction.h>
 #include <vxcore/vxclassfactory.h>

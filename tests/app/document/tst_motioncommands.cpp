@@ -5,7 +5,7 @@
 #include "document/exportdialog.h"
 #include "document/figurechoice.h"
 #include "document/importdialog.h"
-#include "io/motion/vxmotionimport.h"
+#include "io/formats/vxmotionimport.h"
 #include "smallmotion.h"
 #include "studiotestbase.h"
 #include "testing/vxscenebuilder.h"

@@ -3,8 +3,8 @@
 // undone to the start and redone to the end.
 
 #include "gltfsample.h"
-#include "io/motion/vxmotionexport.h"
-#include "io/motion/vxmotionimport.h"
+#include "io/formats/vxmotionexport.h"
+#include "io/formats/vxmotionimport.h"
 #include "io/vxscenewriter.h"
 #include "soundscene.h"
 #include "testing/vxfilemutations.h"

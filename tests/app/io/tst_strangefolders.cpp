@@ -3,7 +3,7 @@
 // there.
 
 #include "document/documentcontroller.h"
-#include "io/vxfileformats.h"
+#include "io/formats/vxfileformats.h"
 #include "io/vxscenereader.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"

@@ -1,8 +1,8 @@
 // Exported motion is imported as the same motion.
 
 #include "bvhimport.h"
-#include "io/motion/vxmotionexport.h"
-#include "io/vxbvhreader.h"
+#include "io/bvh/vxbvhreader.h"
+#include "io/formats/vxmotionexport.h"
 #include "smallmotion.h"
 #include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"

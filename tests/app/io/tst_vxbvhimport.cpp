@@ -1,5 +1,5 @@
 #include "bvhimport.h"
-#include "io/vxbvhreader.h"
+#include "io/bvh/vxbvhreader.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 

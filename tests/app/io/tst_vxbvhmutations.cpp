@@ -1,8 +1,8 @@
 // A real motion file, damaged in a thousand ways that a seed decides: each gives a document that
 // keeps all its rules, or one message with a line of the file.
 
-#include "io/vxbvhreader.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhreader.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"

@@ -1,4 +1,4 @@
-#include "io/vxbvhtiming.h"
+#include "io/bvh/vxbvhtiming.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 

@@ -1,5 +1,5 @@
-#include "io/vxbvhreader.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhreader.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 

@@ -2,8 +2,8 @@
 
 #include "io/csv/vxcsvexport.h"
 #include "io/csv/vxcsvreader.h"
+#include "io/formats/vxmotionexport.h"
 #include "io/motion/vxmotionbuilder.h"
-#include "io/motion/vxmotionexport.h"
 #include "randomkeys.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"

@@ -1,4 +1,4 @@
-#include "io/vxfileformats.h"
+#include "io/formats/vxfileformats.h"
 #include "smallmotion.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"

@@ -1,8 +1,8 @@
 // The importer process: what it reads, and how its crashes, hangs and limits end.
 
 #include "gltfsample.h"
+#include "io/formats/vxmotionimport.h"
 #include "io/gltf/vxgltfreader.h"
-#include "io/motion/vxmotionimport.h"
 #include "io/worker/vximportlimits.h"
 #include "io/worker/vximportprotocol.h"
 #include "io/worker/vximportworker.h"

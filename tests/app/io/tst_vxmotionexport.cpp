@@ -1,6 +1,6 @@
 // Exports of any format: the summary lists the contents that a format lacks.
 
-#include "io/motion/vxmotionexport.h"
+#include "io/formats/vxmotionexport.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 

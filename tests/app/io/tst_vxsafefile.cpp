@@ -1,7 +1,7 @@
 // Files are replaced whole or not at all, also when the disk is full: the system's limit for
 // the size of files simulates a full disk, and is reached at every byte of a file in turn.
 
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"

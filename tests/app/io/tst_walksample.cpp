@@ -1,7 +1,7 @@
 // The shipped sample: the generator still makes it, and it shows every kind of key and property.
 
-#include "io/vxbvhreader.h"
-#include "io/vxbvhwriter.h"
+#include "io/bvh/vxbvhreader.h"
+#include "io/bvh/vxbvhwriter.h"
 #include "io/vxscenewriter.h"
 #include "testing/vxtestmain.h"
 #include "walkfigure.h"

@@ -1,5 +1,5 @@
 #include "dialoganswers.h"
-#include "io/motion/vxmotionexport.h"
+#include "io/formats/vxmotionexport.h"
 #include "pose/inbetween.h"
 #include "posetools/toolstestbase.h"
 #include "testing/vxtestmain.h"

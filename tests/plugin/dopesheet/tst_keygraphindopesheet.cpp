@@ -2,7 +2,7 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"

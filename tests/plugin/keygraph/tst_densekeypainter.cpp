@@ -1,11 +1,11 @@
 #include "keygraphtestbase.h"
 #include "testing/vxtestmain.h"
-#include "vxtimeline/keygraph/densekeypainter.h"
-#include "vxtimeline/keygraph/keygraphcanvas.h"
+#include "vxtimeline/keygraph/paint/densekeypainter.h"
+#include "vxtimeline/keygraph/paint/keygraphcanvas.h"
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
-#include "vxtimeline/keygraph/keygraphpen.h"
+#include "vxtimeline/keygraph/paint/keygraphpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphpen.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <QtGui/QPainter>

@@ -1,6 +1,6 @@
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
-#include "vxtimeline/keygraph/keygraphgrid.h"
+#include "vxtimeline/keygraph/paint/keygraphgrid.h"
 
 #include <QtTest>
 #include <cmath>

@@ -2,8 +2,8 @@
 #include "testing/vxtestmain.h"
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
-#include "vxtimeline/keygraph/keygraphruns.h"
+#include "vxtimeline/keygraph/paint/keygraphpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphruns.h"
 #include "vxtimeline/keygraph/vxfloatchannel.h"
 
 #include <QtWidgets/QWidget>

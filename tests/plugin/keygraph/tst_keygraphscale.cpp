@@ -1,8 +1,8 @@
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphkeys.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphkeys.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 
 #include <QtTest>
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "keygraphviewtestbase.h"
 #include "testing/vxtestmain.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphpainter.h"
 
 #include <vxcore/vxmousebutton.h>
 

@@ -2,7 +2,7 @@
 #include "testing/vxtestmain.h"
 #include "timepanetestbase.h"
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/rows/vxdopesheetitem.h"
 #include "vxtimeline/widgets/vxplayheadwgt.h"

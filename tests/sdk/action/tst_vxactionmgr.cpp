@@ -1,5 +1,5 @@
+#include "action/vxmenubarfiller.h"
 #include "actionclasses.h"
-#include "menu/vxmenubarfiller.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 

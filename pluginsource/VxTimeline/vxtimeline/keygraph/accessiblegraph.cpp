@@ -1,6 +1,6 @@
 #include "vxtimeline/keygraph/accessiblegraph.h"
 
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"

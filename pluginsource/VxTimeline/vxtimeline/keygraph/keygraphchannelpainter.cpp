@@ -1,10 +1,10 @@
 #include "vxtimeline/keygraph/keygraphchannelpainter.h"
 
-#include "vxtimeline/keygraph/densekeypainter.h"
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
-#include "vxtimeline/keygraph/keygraphpen.h"
-#include "vxtimeline/keygraph/keygraphruns.h"
+#include "vxtimeline/keygraph/paint/densekeypainter.h"
+#include "vxtimeline/keygraph/paint/keygraphpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphpen.h"
+#include "vxtimeline/keygraph/paint/keygraphruns.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 
 namespace {

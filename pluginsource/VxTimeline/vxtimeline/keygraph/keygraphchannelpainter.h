@@ -1,8 +1,8 @@
 #ifndef KEYGRAPHCHANNELPAINTER_H
 #define KEYGRAPHCHANNELPAINTER_H
 
-#include "vxtimeline/keygraph/keygraphkeys.h"
-#include "vxtimeline/keygraph/keygraphmarkpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphkeys.h"
+#include "vxtimeline/keygraph/paint/keygraphmarkpainter.h"
 
 #include <QtCore/QVector>
 #include <QtGui/QPainter>

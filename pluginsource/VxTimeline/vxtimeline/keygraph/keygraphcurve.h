@@ -1,7 +1,7 @@
 #ifndef KEYGRAPHCURVE_H
 #define KEYGRAPHCURVE_H
 
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 
 #include <QtCore/QPointF>
 #include <QtCore/QVector>

@@ -1,7 +1,7 @@
 #ifndef VXKEYGRAPHCHANNEL_H
 #define VXKEYGRAPHCHANNEL_H
 
-#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/paint/keygraphkeys.h"
 
 #include <QtCore/QStringList>
 #include <QtCore/QVector>

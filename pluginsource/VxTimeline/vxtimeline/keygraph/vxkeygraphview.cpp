@@ -1,6 +1,6 @@
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
-#include "vxtimeline/keygraph/keygraphkeys.h"
+#include "vxtimeline/keygraph/paint/keygraphkeys.h"
 #include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphchannel.h"
 #include "vxtimeline/keygraph/vxkeygraphview_p.h"

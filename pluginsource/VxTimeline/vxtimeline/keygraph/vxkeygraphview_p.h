@@ -2,8 +2,8 @@
 #define VXKEYGRAPHVIEW_P_H
 
 #include "vxtimeline/keygraph/keygraphcurve.h"
-#include "vxtimeline/keygraph/keygraphpainter.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphpainter.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 
 #include <QtCore/QPointer>

@@ -1,7 +1,7 @@
 #include "vxtimeline/pane/timepaneaxis.h"
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/keygraphscale.h"
+#include "vxtimeline/keygraph/paint/keygraphscale.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/widgets/timerangemath.h"
 #include "vxtimeline/widgets/vxtimerangeslider.h"

@@ -1,9 +1,0 @@
-#ifndef VXSCENEFORMAT_H
-#define VXSCENEFORMAT_H
-
-#include "io/vxfileformats.h"
-
-/// The program's own scene files.
-VxFileFormat vxSceneFormat();
-
-#endif
