@@ -24,17 +24,11 @@ public:
 
     /// Qt::Vertical puts the first widget above the second, Qt::Horizontal beside it. `name`
     /// becomes the object name, with "Bar" appended that of the bar. Null for a widget leaves its
-    /// side empty.
+    /// side empty, as do its deletion and another parent.
     VxDynamicDividerWgt(QWidget *first, QWidget *second, QWidget *parent = nullptr,
                         Qt::Orientation orientation = Qt::Vertical, const QString &name = QString(),
                         BarStyle barStyle = GripBar);
     ~VxDynamicDividerWgt() override;
-
-    /// Null once the widget was deleted or given to another parent.
-    QWidget *firstWidget() const;
-    QWidget *secondWidget() const;
-    Qt::Orientation orientation() const;
-    BarStyle barStyle() const;
 
     /// The margin around everything, in pixels; initially 0, negative values count as 0.
     void setMargin(int margin);

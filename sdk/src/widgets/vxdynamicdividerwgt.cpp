@@ -20,16 +20,14 @@ bool isLaidOut(const QWidget *widget)
 class VxDynamicDividerWgt::Private
 {
 public:
-    Private(VxDynamicDividerWgt *owner, Qt::Orientation direction, BarStyle style)
+    Private(VxDynamicDividerWgt *owner, Qt::Orientation direction)
         : divider(owner)
         , orientation(direction)
-        , barStyle(style)
     {
     }
 
     VxDynamicDividerWgt *const divider;
     const Qt::Orientation orientation;
-    const BarStyle barStyle;
     QWidget *first = nullptr;
     QWidget *second = nullptr;
     VxDividerBar *bar = nullptr;
@@ -154,7 +152,7 @@ VxDynamicDividerWgt::VxDynamicDividerWgt(QWidget *first, QWidget *second, QWidge
                                          Qt::Orientation orientation, const QString &name,
                                          BarStyle barStyle)
     : QWidget(parent)
-    , d(std::make_unique<Private>(this, orientation, barStyle))
+    , d(std::make_unique<Private>(this, orientation))
 {
     setObjectName(name);
     for (QWidget *widget : {first, second}) {
@@ -176,26 +174,6 @@ VxDynamicDividerWgt::VxDynamicDividerWgt(QWidget *first, QWidget *second, QWidge
 }
 
 VxDynamicDividerWgt::~VxDynamicDividerWgt() = default;
-
-QWidget *VxDynamicDividerWgt::firstWidget() const
-{
-    return d->first;
-}
-
-QWidget *VxDynamicDividerWgt::secondWidget() const
-{
-    return d->second;
-}
-
-Qt::Orientation VxDynamicDividerWgt::orientation() const
-{
-    return d->orientation;
-}
-
-VxDynamicDividerWgt::BarStyle VxDynamicDividerWgt::barStyle() const
-{
-    return d->barStyle;
-}
 
 void VxDynamicDividerWgt::setMargin(int margin)
 {

@@ -279,7 +279,7 @@ void TestDopeSheetViewRows::sceneSelectionShows()
 {
     hip->select(true);
     arm->select(true);
-    view->selectSceneSelection();
+    view->showSceneSelection();
     QVERIFY(view->selectionModel()->isSelected(rowOf(hip)));
     QVERIFY(view->selectionModel()->isSelected(rowOf(arm)));
     QCOMPARE(view->selectionModel()->selectedRows().size(), 2);

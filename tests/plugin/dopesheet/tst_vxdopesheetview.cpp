@@ -386,7 +386,7 @@ void TestVxDopeSheetView::timeLineLeavesNoTrace()
     } else {
         hip->select(true);
         arm->select(true);
-        view->selectSceneSelection();
+        view->showSceneSelection();
     }
     view->setFocus();
     VxMouseDriver(view->viewport()).moveTo(QPoint(400, 100));

@@ -11,19 +11,18 @@ using namespace KeyDrawing;
 
 namespace {
 
-struct Move
+bool dragSelected(VxKeyGraphChannel &channel, const KeyGraphDrag::Step &step)
 {
-    int index;
-    VxTime time;
-    double value;
-};
+    return !KeyGraphDrag::moveSelected({&channel}, step).isEmpty();
+}
 
-bool moveKeys(VxKeyGraphChannel &channel, const QVector<Move> &moves)
+// Selects one key and drags it to a time and value.
+bool drag(VxKeyGraphChannel &channel, int index, VxTime time, double value)
 {
-    QVector<KeyGraphDrag::Move> scaled;
-    for (const Move &move : moves)
-        scaled.append({move.index, move.time, move.value, channel.getKeys().displayScale});
-    return KeyGraphDrag::moveKeys({&channel}, scaled);
+    channel.deselectAllKeys();
+    channel.selectKey(index, true);
+    return dragSelected(channel,
+                        {time - channel.getKeyTime(index), value - channel.getKeyValue(index)});
 }
 
 } // namespace
@@ -139,7 +138,7 @@ void TestFloatChannel::percentageIsAHundredfold()
     channel.setKey(0, 320, 100.0);
     QCOMPARE(property->getKeyTime(0), 320);
     QCOMPARE(property->getKeyValue(0), 1.0f);
-    QVERIFY(moveKeys(channel, {{0, 640, 60.0}}));
+    QVERIFY(drag(channel, 0, 640, 60.0));
     QCOMPARE(property->getKeyValue(0), 0.6f);
 }
 
@@ -174,7 +173,7 @@ void TestFloatChannel::valuesThatDoNotFitAreRefused()
     for (const double value : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN()}) {
         channel.setKeyValue(0, value);
         channel.setKey(0, 800, value);
-        moveKeys(channel, {{0, 800, value}});
+        drag(channel, 0, 800, value);
         QCOMPARE(timesOf(property), QVector<int>({160, 480}));
         QCOMPARE(property->getKeyValue(0), 1.0f);
     }
@@ -184,12 +183,14 @@ void TestFloatChannel::valuesThatDoNotFitAreRefused()
 void TestFloatChannel::oneInvalidMoveDoesNotBlockTheOthers()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
+    property->setKeyValue(1, 3e38f);
     VxFloatChannel channel(property, nullptr);
-    QVERIFY(moveKeys(channel, {{0, 0, 5.0}, {1, 160, 1e39}, {2, 320, 7.0}}));
-    QCOMPARE(property->getKeyValue(0), 5.0f);
-    QCOMPARE(property->getKeyValue(1), 1.0f);
-    QCOMPARE(property->getKeyValue(2), 7.0f);
-    QVERIFY(moveKeys(channel, {{2, 480, 8.0}, {1, 320, -1e39}, {0, 160, 6.0}}));
+    select(channel, {0, 1, 2});
+    QVERIFY(dragSelected(channel, {0, 1e38}));
+    QCOMPARE(property->getKeyValue(0), 1e38f);
+    QCOMPARE(property->getKeyValue(1), 3e38f);
+    QCOMPARE(property->getKeyValue(2), 1e38f);
+    QVERIFY(dragSelected(channel, {160, 1e38, 0, true}));
     QCOMPARE(timesOf(property), QVector<int>({159, 160, 480}));
 }
 
@@ -271,7 +272,7 @@ void TestFloatChannel::moves()
             addProperty(many ? QStringLiteral("A") : QStringLiteral("B")), qPrintable(before), 1);
         VxFloatChannel channel(property, nullptr);
         if (many)
-            moveKeys(channel, {{index, time, 99.0}});
+            drag(channel, index, time, 99.0);
         else
             channel.setKey(index, time, 99.0);
         QCOMPARE(timesOf(property), after);
@@ -300,7 +301,7 @@ void TestFloatChannel::movedKeysKeepTheirShape()
     property->setKey(160, 2.0f, VxKeyInterp::Constant);
     VxFloatChannel channel(property, nullptr);
     channel.setKey(0, 480, 3.0);
-    QVERIFY(moveKeys(channel, {{0, 640, 4.0}}));
+    QVERIFY(drag(channel, 0, 640, 4.0));
     float tension = 0, continuity = 0, bias = 0;
     QCOMPARE(timesOf(property), QVector<int>({480, 640}));
     QCOMPARE(property->getKeyInterpolationType(0, &tension, &continuity, &bias), 2);
@@ -320,7 +321,7 @@ void TestFloatChannel::movedKeysTakeTheirStartAlong()
     QCOMPARE(channel.getKeyCache().at(1).time, 480);
     QCOMPARE(channel.getKeyCache().at(1).dragStartTime, 0);
     QCOMPARE(channel.getKeyCache().at(1).dragStartValue, 0.0);
-    QVERIFY(moveKeys(channel, {{1, 960, 9.0}}));
+    QVERIFY(dragSelected(channel, {960, 9.0}));
     QCOMPARE(selectedOf(channel), QVector<int>{2});
     QCOMPARE(channel.getKeyCache().at(2).dragStartTime, 0);
 }
@@ -341,18 +342,18 @@ void TestFloatChannel::movesThatChangeTheOrderSendMessages()
     QVERIFY(!messages.at(0).clearSelection);
 }
 
-// Keys that pass each other, each with what belongs to it.
+// Keys that pass others, each with what belongs to it.
 void TestFloatChannel::movesMayCross()
 {
     VxFloatProperty *property = makeKeys(addProperty(QStringLiteral("Bend")), "abc");
     VxFloatChannel channel(property, nullptr);
-    select(channel, {0});
-    QVERIFY(moveKeys(channel, {{0, 800, 10.0}, {1, 480, 11.0}}));
-    QCOMPARE(timesOf(property), QVector<int>({320, 480, 800}));
+    select(channel, {0, 1});
+    QVERIFY(dragSelected(channel, {480, 10.0, 0, true}));
+    QCOMPARE(timesOf(property), QVector<int>({320, 480, 640}));
     QCOMPARE(property->getKeyValue(0), 2.0f);
-    QCOMPARE(property->getKeyValue(1), 11.0f);
-    QCOMPARE(property->getKeyValue(2), 10.0f);
-    QCOMPARE(selectedOf(channel), QVector<int>({2}));
+    QCOMPARE(property->getKeyValue(1), 10.0f);
+    QCOMPARE(property->getKeyValue(2), 11.0f);
+    QCOMPARE(selectedOf(channel), QVector<int>({1, 2}));
 }
 
 void TestFloatChannel::lockedKeysStay()
@@ -362,8 +363,8 @@ void TestFloatChannel::lockedKeysStay()
     VxFloatChannel channel(property, nullptr);
     channel.selectKey(0, true);
     channel.setKey(0, 400, 5.0);
-    QVERIFY(!moveKeys(channel, {{0, 400, 5.0}}));
-    QVERIFY(!moveKeys(channel, {{0, 0, 5.0}}));
+    QVERIFY(!dragSelected(channel, {400, 5.0}));
+    QVERIFY(!dragSelected(channel, {0, 5.0}));
     QCOMPARE(timesOf(property), QVector<int>({0, 320, 640}));
     QCOMPARE(selectedOf(channel), QVector<int>{0});
 }

@@ -127,6 +127,7 @@ private Q_SLOTS:
 
 private:
     VxDopeSheetView *sheet() const { return pane->getDopeSheetView(); }
+    VxKeyGraphView *graphView() const { return find<VxKeyGraphView>("TimelineKeyGraphView"); }
     QAccessibleInterface *sheetObject() const
     {
         return QAccessible::queryAccessibleInterface(sheet());
@@ -419,7 +420,7 @@ void TestTimePaneAccessible::channelsAreAList()
     QVERIFY(row.isValid());
     sheet()->setCurrentIndex(row);
     QCoreApplication::processEvents();
-    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(pane->getKeyGraphView());
+    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(graphView());
     QCOMPARE(graph->role(), QAccessible::List);
     QAccessibleInterface *channel = graph->child(0);
     QCOMPARE(channel->role(), QAccessible::ListItem);
@@ -484,8 +485,8 @@ void TestTimePaneAccessible::objectsAtAPlace()
     QVERIFY(!list->parent()->childAt(row.left() + 2, row.center().y()));
 
     sheet()->setCurrentIndex(sheet()->findNodeIndex(leg));
-    pane->getKeyGraphView()->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
-    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(pane->getKeyGraphView());
+    graphView()->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
+    QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(graphView());
     QAccessibleInterface *channel = graph->child(0);
     for (int i = 0; i < 3; ++i) {
         const QPoint place = channel->child(i)->rect().center();
@@ -498,8 +499,8 @@ void TestTimePaneAccessible::objectsAtAPlace()
 
 void TestTimePaneAccessible::buttonsAtAPlace()
 {
-    pane->getKeyGraphView()->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
-    VxKeyGraphView *view = pane->getKeyGraphView();
+    graphView()->getKeyGraph()->handleDopesheetPropertyListChanged({x}, false);
+    VxKeyGraphView *view = graphView();
     QAccessibleInterface *graph = QAccessible::queryAccessibleInterface(view);
     auto *button = find<QWidget>("KeyGraphFrameBtn");
     const QPoint place = button->mapToGlobal(button->rect().center());

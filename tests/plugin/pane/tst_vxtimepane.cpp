@@ -58,7 +58,6 @@ void TestTimePane::aNewPane()
     QCOMPARE(pane->getFilteredKeyCreationScope(), VxTimePane::ScopeNode);
     QCOMPARE(int(pane->getFilteredPropertyTypes()), 0);
     QCOMPARE(pane->getDopeSheetView(), find<VxDopeSheetView>("TimelineDopeSheetTView"));
-    QCOMPARE(pane->getKeyGraphView(), find<VxKeyGraphView>("TimelineKeyGraphView"));
     QCOMPARE(pane->getBackgroundFooterGuide(), find<QWidget>("TimelineTimeRangeWgt"));
     QVERIFY(!pane->getBackgroundHeaderGuide());
     QVERIFY(find<QAbstractButton>("TimelineKeyGraphBtn")->isChecked());

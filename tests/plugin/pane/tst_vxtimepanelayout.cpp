@@ -167,7 +167,7 @@ void TestTimePaneLayout::graphIsRightOfTheNameColumn()
 {
     showPane();
     const auto hasEdgeAt = [this](int x) {
-        const QImage image = pane->getKeyGraphView()->grab().toImage();
+        const QImage image = find<VxKeyGraphView>("TimelineKeyGraphView")->grab().toImage();
         int differing = 0;
         for (int y = 0; y < image.height(); ++y)
             differing += int(image.pixel(x - 1, y) != image.pixel(x, y));

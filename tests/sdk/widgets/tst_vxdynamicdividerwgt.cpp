@@ -81,10 +81,6 @@ void TestVxDynamicDividerWgt::namesAndOwnership()
     QVERIFY(bar());
     QCOMPARE(m_first->parentWidget(), m_divider.get());
     QCOMPARE(m_second->parentWidget(), m_divider.get());
-    QCOMPARE(m_divider->firstWidget(), m_first);
-    QCOMPARE(m_divider->secondWidget(), m_second);
-    QCOMPARE(m_divider->orientation(), Qt::Vertical);
-    QCOMPARE(m_divider->barStyle(), VxDynamicDividerWgt::GripBar);
 }
 
 void TestVxDynamicDividerWgt::halvesAtFirst()
@@ -277,8 +273,10 @@ void TestVxDynamicDividerWgt::hidingWidgetsDirectly()
 void TestVxDynamicDividerWgt::marginAndSpacing()
 {
     make(Qt::Vertical);
-    QCOMPARE(m_divider->margin(), 0);
-    QCOMPARE(m_divider->spacing(), 0);
+    const QRect first = m_first->geometry();
+    const QRect second = m_second->geometry();
+    QCOMPARE(first.united(second), m_divider->rect());
+    QCOMPARE(bar()->geometry(), m_divider->rect().adjusted(0, first.height(), 0, -second.height()));
     m_divider->setMargin(10);
     m_divider->setSpacing(4);
     QCOMPARE(m_first->pos(), QPoint(10, 10));
@@ -288,8 +286,8 @@ void TestVxDynamicDividerWgt::marginAndSpacing()
     QCOMPARE(m_second->geometry().bottom(), 389);
     m_divider->setMargin(-3);
     m_divider->setSpacing(-3);
-    QCOMPARE(m_divider->margin(), 0);
-    QCOMPARE(m_divider->spacing(), 0);
+    QCOMPARE(m_first->geometry(), first);
+    QCOMPARE(m_second->geometry(), second);
 }
 
 void TestVxDynamicDividerWgt::minimumSizeFollowsTheWidgets()
@@ -330,13 +328,11 @@ void TestVxDynamicDividerWgt::deletedWidgetLeavesItsPlace()
 {
     make(Qt::Vertical);
     delete m_second;
-    QVERIFY(!m_divider->secondWidget());
     QVERIFY(m_divider->isSecondWidgetHidden());
     QCOMPARE(m_first->geometry(), m_divider->rect());
     m_divider->setSecondWidgetHidden(false);
     const std::unique_ptr<QWidget> taken(m_first);
     taken->setParent(nullptr);
-    QVERIFY(!m_divider->firstWidget());
     QCOMPARE(m_divider->sizes(), QList<int>({0, 0}));
 }
 

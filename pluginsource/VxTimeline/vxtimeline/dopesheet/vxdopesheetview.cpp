@@ -307,12 +307,6 @@ bool VxDopeSheetView::isChangingSelection() const
     return d->rows.isChangingNodes();
 }
 
-void VxDopeSheetView::selectSceneSelection()
-{
-    d->endManyChangesNow();
-    d->rows.addSceneSelection();
-}
-
 void VxDopeSheetView::showSceneSelection()
 {
     d->endManyChangesNow();

@@ -72,8 +72,6 @@ public:
     bool isRowSelected(const QModelIndex &index) const;
     /// True while the view itself changes the scene's selection.
     bool isChangingSelection() const;
-    /// Selects the rows of the scene's selected nodes, in addition to those already selected.
-    void selectSceneSelection();
     /// Selects only the rows of the scene's selected nodes.
     void showSceneSelection();
     /// Opens the ancestors of a node's row and scrolls to it; ignored for a node without a row.

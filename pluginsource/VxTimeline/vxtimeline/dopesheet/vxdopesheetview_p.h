@@ -10,7 +10,6 @@
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QLine>
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPoint>
 #include <QtGui/QRegion>
@@ -47,8 +46,8 @@ public:
     DopeSheetKeySelection keys;
     DopeSheetKeyCommands commands;
 
-    QLine timeLine; // of the current time, in the viewport
-    /// Where that line was last painted, and the region being painted; in the viewport.
+    /// Where the line of the current time was last painted, and the region being painted; in the
+    /// viewport.
     int paintedTimeX = 0;
     QRegion paintedRegion;
 

@@ -36,10 +36,8 @@ void VxDopeSheetView::Private::updateTimeLine(int x) const
 // Playback calls this many times a second: only the old and the new area of the line are painted.
 void VxDopeSheetView::timeChanged(VxTime time)
 {
-    const int x = d->timeX(time);
-    d->timeLine = QLine(x, 0, x, viewport()->height());
     d->updateTimeLine(d->paintedTimeX);
-    d->updateTimeLine(x);
+    d->updateTimeLine(d->timeX(time));
 }
 
 bool VxDopeSheetView::isToBePainted(const QRect &rect) const

@@ -32,21 +32,20 @@ class Edit
 public:
     Edit(const VxFloatProperty *property, int capacity)
         : m_holder(static_cast<const VxFloatProperty *>(property->getKeyHolder()))
-        , m_count(m_holder->getNumKeys())
     {
         source.reserve(std::size_t(capacity));
         times.reserve(std::size_t(capacity));
         values.reserve(std::size_t(capacity));
     }
 
-    // Skips a key that does not exist, and one whose value does not fit.
-    void add(const KeyGraphDrag::Move &move)
+    // Skips a key whose value does not fit.
+    void add(int index, VxTime time, double exactValue)
     {
-        const float value = VxFloatChannel::narrowed(move.value / move.displayScale);
-        if (move.index < 0 || move.index >= m_count || !std::isfinite(value))
+        const float value = VxFloatChannel::narrowed(exactValue);
+        if (!std::isfinite(value))
             return;
-        source.push_back(move.index);
-        times.push_back(move.time);
+        source.push_back(index);
+        times.push_back(time);
         values.push_back(
             m_holder->isClamped() ? qBound(m_holder->getMin(), value, m_holder->getMax()) : value);
     }
@@ -62,7 +61,6 @@ public:
 
 private:
     const VxFloatProperty *m_holder;
-    int m_count;
 };
 
 // Changed values only; ±0 compare equal.
@@ -151,26 +149,13 @@ bool moveHolder(const QVector<VxKeyGraphChannel *> &channels, const KeyGraphDrag
         if (source == sources.cend())
             continue;
         const VxKeyGraphKey &key = source->records[index];
-        edit.add({index, KeyGraphDrag::draggedTime(key.dragStartTime, step.time, step.timeStep),
-                  key.dragStartValue + step.value, source->displayScale});
+        edit.add(index, KeyGraphDrag::draggedTime(key.dragStartTime, step.time, step.timeStep),
+                 (key.dragStartValue + step.value) / source->displayScale);
     }
     return apply(channels, sources.front().property, edit);
 }
 
 } // namespace
-
-bool KeyGraphDrag::moveKeys(const QVector<VxKeyGraphChannel *> &channels,
-                            const QVector<Move> &moves)
-{
-    const auto channel = std::find_if(channels.cbegin(), channels.cend(), writable);
-    if (channel == channels.cend())
-        return false;
-    VxFloatProperty *property = writable(*channel);
-    Edit edit(property, moves.size());
-    for (const Move &move : moves)
-        edit.add(move);
-    return apply(channels, property, edit);
-}
 
 QVector<VxKeyGraphChannel *>
 KeyGraphDrag::moveSelected(const QVector<VxKeyGraphChannel *> &channels, const Step &step)

@@ -13,20 +13,6 @@ class VxKeyGraphChannel;
 /// once, whichever channel it is selected in, and the records of all of them follow.
 namespace KeyGraphDrag {
 
-/// A key and its new time and value.
-struct Move
-{
-    int index = 0;
-    VxTime time = 0;    // ticks
-    double value = 0.0; // display units of the channel it is selected in
-    double displayScale = 1.0;
-};
-
-/// Moves keys one after the other, each as VxKeyGraphChannel::setKey() does, without publishing the
-/// selection. channels: all those that show the keys of one holder. moves: indexes ascending or
-/// descending, no duplicates. A key whose value does not fit stays. False when nothing changed.
-bool moveKeys(const QVector<VxKeyGraphChannel *> &channels, const QVector<Move> &moves);
-
 /// One step of a drag, relative to each key's position at its start.
 struct Step
 {
@@ -36,8 +22,9 @@ struct Step
     bool fromLast = false; // so that the foremost key in the direction of the mouse moves first
 };
 
-/// Returns the channels with changed keys. Keys whose new value does not fit, and those of locked
-/// properties, stay. Does not publish the selection.
+/// Moves keys one after the other, each as VxKeyGraphChannel::setKey() does, and returns the
+/// channels with changed keys. Keys whose new value does not fit, and those of locked properties,
+/// stay. Does not publish the selection.
 QVector<VxKeyGraphChannel *> moveSelected(const QVector<VxKeyGraphChannel *> &channels,
                                           const Step &step);
 

@@ -33,10 +33,13 @@ const ActionNeed *findNeed(const QAction *action)
 
 } // namespace
 
-void TimePaneChoices::add(QAction *action)
+bool TimePaneChoices::add(QAction *action)
 {
+    if (!action || m_actions.contains(action))
+        return false;
     m_actions.append(action);
     m_enabledValid = false;
+    return true;
 }
 
 void TimePaneChoices::remove(const QObject *action)

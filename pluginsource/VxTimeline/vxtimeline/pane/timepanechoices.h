@@ -20,8 +20,8 @@ public:
     using Family = TimePaneChoice::Family;
 
     const QVector<QAction *> &actions() const { return m_actions; }
-    bool contains(QAction *action) const { return m_actions.contains(action); }
-    void add(QAction *action);
+    /// False for null and an action already in the list.
+    bool add(QAction *action);
     /// The action may be partly destroyed, down to its QObject base.
     void remove(const QObject *action);
 

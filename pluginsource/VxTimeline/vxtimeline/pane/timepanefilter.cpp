@@ -67,14 +67,15 @@ VxTimePane::KeyScope TimePaneFilter::scope() const
         m_choices.checkedValue(TimePaneChoice::KeyScopeFamily, VxTimePane::ScopeNode));
 }
 
-void TimePaneFilter::restoreMark(QAction *action, const TimePaneChoice *choice)
+void TimePaneFilter::restoreMark(QAction *action)
 {
-    if (choice->family() == TimePaneChoice::KeyScopeFamily) {
-        m_choices.restoreScope(action, choice->value());
+    if (const auto *scope = TimePaneChoices::choiceOf(action, TimePaneChoice::KeyScopeFamily)) {
+        m_choices.restoreScope(action, scope->value());
         if (action->isChecked())
             m_controls.keys().scopeButton()->setText(action->text());
-    } else {
-        m_choices.restoreTypes(action, choice->value());
+    }
+    if (const auto *type = TimePaneChoices::choiceOf(action, TimePaneChoice::PropertyTypeFamily)) {
+        m_choices.restoreTypes(action, type->value());
         if (action->isChecked())
             applyTypes();
     }

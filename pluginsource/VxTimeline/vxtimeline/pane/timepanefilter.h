@@ -3,7 +3,6 @@
 
 #include "vxtimeline/pane/vxtimepane.h"
 
-class TimePaneChoice;
 class TimePaneChoices;
 class TimePaneControls;
 class TimePaneNodeSelection;
@@ -25,8 +24,8 @@ public:
     /// Outside the advanced view the node is the scope instead of its properties.
     void setScope(VxTimePane::KeyScope scope, bool isAdvanced);
     VxTimePane::KeyScope scope() const;
-    /// Sets the mark of a newly registered action, whose choice is a type or scope.
-    void restoreMark(QAction *action, const TimePaneChoice *choice);
+    /// Sets the check mark of a newly registered action of a type or scope.
+    void restoreMark(QAction *action);
 
 private:
     TimePaneChoices &m_choices;

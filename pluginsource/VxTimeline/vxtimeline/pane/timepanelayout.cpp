@@ -119,6 +119,15 @@ void TimePaneLayout::setControlsPosition(VxTimePane::ControlsPosition position)
     Q_EMIT m_pane->controlsPositionChanged(position);
 }
 
+void TimePaneLayout::restoreMark(QAction *action) const
+{
+    if (const auto *mode = TimePaneChoices::choiceOf(action, TimePaneChoice::ViewModeFamily))
+        TimePaneChoices::setChecked(action, mode->value() == m_viewMode);
+    if (const auto *place =
+            TimePaneChoices::choiceOf(action, TimePaneChoice::ControlsPositionFamily))
+        TimePaneChoices::setChecked(action, place->value() == m_position);
+}
+
 void TimePaneLayout::placeControls()
 {
     const int margin = vxApp->getStyle()->metric(VxStyle::PM_VxPaneMargin);

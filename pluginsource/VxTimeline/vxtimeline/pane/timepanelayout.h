@@ -24,6 +24,8 @@ public:
     void setViewMode(VxTimePane::ViewMode mode);
     void setControlsPosition(VxTimePane::ControlsPosition position);
     void setGraphOpen(bool open);
+    /// Sets the check mark of a newly registered action of a position or mode.
+    void restoreMark(QAction *action) const;
     /// Shows or hides the key graph.
     void showGraph();
     /// Shows or hides the extras by the pane's width, in pixels.

@@ -1,7 +1,6 @@
 // The pane's slots, which forward to its collaborators.
 
 #include "vxtimeline/dopesheet/vxdopesheetview.h"
-#include "vxtimeline/keygraph/vxkeygraph.h"
 #include "vxtimeline/keygraph/vxkeygraphview.h"
 #include "vxtimeline/pane/timefields.h"
 #include "vxtimeline/pane/timepanesettings.h"
@@ -16,11 +15,6 @@
 VxDopeSheetView *VxTimePane::getDopeSheetView() const
 {
     return d->views.sheet();
-}
-
-VxKeyGraphView *VxTimePane::getKeyGraphView() const
-{
-    return d->views.graphView();
 }
 
 QVector<QAction *> VxTimePane::getRegisteredActions() const
@@ -502,11 +496,8 @@ void VxTimePane::handleDopesheetFilterChanged(QString filter)
 
 void VxTimePane::setMonitorParametersPane(bool yesNo)
 {
-    if (yesNo == getMonitorParametersPane())
-        return;
-    d->views.sheet()->setMonitorParametersPane(yesNo);
-    d->views.graph()->setMonitorParametersPane(yesNo);
-    Q_EMIT monitorParametersPaneChanged(yesNo);
+    if (d->views.setMonitorsParametersPane(yesNo))
+        Q_EMIT monitorParametersPaneChanged(yesNo);
 }
 
 bool VxTimePane::getMonitorParametersPane() const

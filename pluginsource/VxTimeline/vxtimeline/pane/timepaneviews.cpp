@@ -238,6 +238,15 @@ void TimePaneViews::followNameColumn() const
     m_axis->update();
 }
 
+bool TimePaneViews::setMonitorsParametersPane(bool monitors)
+{
+    if (monitors == m_sheet->getMonitorParametersPane())
+        return false;
+    m_sheet->setMonitorParametersPane(monitors);
+    m_graph->setMonitorParametersPane(monitors);
+    return true;
+}
+
 void TimePaneViews::setGraphVisible(bool visible) const
 {
     if (visible)

@@ -63,6 +63,8 @@ public:
     /// Updates everything that depends on the name column's width.
     void followNameColumn() const;
     void setGraphVisible(bool visible) const;
+    /// Of dope sheet and key graph. False when nothing changed.
+    bool setMonitorsParametersPane(bool monitors);
     /// Reads sizes and colours from the style.
     void style();
 

@@ -94,20 +94,12 @@ void VxTimePane::registerChoices()
 // its mark here.
 void VxTimePane::registerAction(QAction *action)
 {
-    if (!action || d->choices.contains(action))
+    if (!d->choices.add(action))
         return;
-    d->choices.add(action);
     connect(action, &QObject::destroyed, this, &VxTimePane::unregisterAction);
     updateActionStates();
-    const auto *choice = dynamic_cast<const TimePaneChoice *>(action);
-    if (!choice || !action->isCheckable())
-        return;
-    if (choice->family() == TimePaneChoice::ControlsPositionFamily)
-        TimePaneChoices::setChecked(action, choice->value() == getControlsPosition());
-    else if (choice->family() == TimePaneChoice::ViewModeFamily)
-        TimePaneChoices::setChecked(action, choice->value() == getViewMode());
-    else
-        d->filter.restoreMark(action, choice);
+    d->layout.restoreMark(action);
+    d->filter.restoreMark(action);
 }
 
 // During construction and destruction there are no collaborators.

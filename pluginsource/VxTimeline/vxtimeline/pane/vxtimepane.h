@@ -12,7 +12,6 @@ class QResizeEvent;
 class QShowEvent;
 class VxDopeSheetItem;
 class VxDopeSheetView;
-class VxKeyGraphView;
 class VxNode;
 
 /// The pane "Timeline": dope sheet, key graph, time range slider and a strip of controls.
@@ -58,7 +57,6 @@ public:
 
     /// Never null; owned by the pane.
     VxDopeSheetView *getDopeSheetView() const;
-    VxKeyGraphView *getKeyGraphView() const;
 
     /// Adds an action to the list whose check marks the pane maintains. Not owned; an action is
     /// removed when it is destroyed. Null and an action already in the list are ignored.
