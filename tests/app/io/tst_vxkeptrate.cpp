@@ -1,13 +1,13 @@
 // Frame rates that are no whole number of ticks a frame stay with the motion.
 
 #include "gltfsample.h"
+#include "io/bvh/vxbvhreader.h"
 #include "io/csv/vxcsvreader.h"
-#include "io/gltf/vxgltfreader.h"
-#include "io/motion/vxkeptrate.h"
+#include "io/formats/vxfileformats.h"
 #include "io/formats/vxmotionexport.h"
 #include "io/formats/vxmotionimport.h"
-#include "io/bvh/vxbvhreader.h"
-#include "io/formats/vxfileformats.h"
+#include "io/gltf/vxgltfreader.h"
+#include "io/motion/vxkeptrate.h"
 #include "testing/vxtestmain.h"
 #include "testing/vxwarningguard.h"
 
